@@ -1,0 +1,46 @@
+# A room is a folder of sources that becomes one static library with the folder's name. It links
+# only the rooms that it may know, so that CMake is the wall between them.
+
+add_library(tarvo_opciones INTERFACE)
+target_compile_definitions(tarvo_opciones INTERFACE
+  QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS
+  TARVO_VERSION_MAYOR=${PROJECT_VERSION_MAJOR} TARVO_VERSION_MENOR=${PROJECT_VERSION_MINOR}
+  TARVO_VERSION="${PROJECT_VERSION}")
+target_compile_options(tarvo_opciones INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
+  $<$<BOOL:${TARVO_AVISOS_ERROR}>:-Werror>)
+if(TARVO_SANITIZAR)
+  target_compile_options(tarvo_opciones INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer
+    -fno-sanitize-recover=undefined)
+  target_link_options(tarvo_opciones INTERFACE -fsanitize=address,undefined)
+endif()
+if(TARVO_FUZZ)
+  target_compile_options(tarvo_opciones INTERFACE -fsanitize=fuzzer-no-link,address,undefined)
+  target_link_options(tarvo_opciones INTERFACE -fsanitize=address,undefined)
+endif()
+
+# tarvo_sala(name LINKS rooms-and-libraries...): the library of the current folder.
+function(tarvo_sala nombre)
+  cmake_parse_arguments(S "" "" "LINKS" ${ARGN})
+  file(GLOB fuentes CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
+    ${CMAKE_CURRENT_SOURCE_DIR}/sqlite/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/sqlite/*.h)
+  add_library(${nombre} STATIC ${fuentes})
+  target_include_directories(${nombre} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${nombre} PUBLIC tarvo_opciones Qt6::Core ${S_LINKS})
+  set_target_properties(${nombre} PROPERTIES AUTOMOC OFF UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
+  target_precompile_headers(${nombre} PRIVATE <QByteArray> <QString> <expected> <functional> <memory>
+    <optional> <span> <utility> <variant> <vector>)
+  set_property(GLOBAL APPEND PROPERTY TARVO_SALAS ${nombre})
+endfunction()
+
+# tarvo_prueba(name LINKS ...): one test program of the current folder, its cases known to CTest.
+function(tarvo_prueba nombre)
+  cmake_parse_arguments(S "" "" "LINKS" ${ARGN})
+  file(GLOB fuentes CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  add_executable(${nombre} ${fuentes})
+  target_include_directories(${nombre} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/tools)
+  target_link_libraries(${nombre} PRIVATE GTest::gtest_main ${S_LINKS})
+  target_compile_definitions(${nombre} PRIVATE TARVO_DATOS="${PROJECT_SOURCE_DIR}/datos")
+  target_precompile_headers(${nombre} PRIVATE <gtest/gtest.h> <QByteArray> <QString> <memory> <vector>)
+  gtest_discover_tests(${nombre} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()

@@ -1,0 +1,49 @@
+// The one way in which an operation of this program fails: a Resultado that holds an Error.
+//
+// An Error has a class, which a caller may act on, a number (the engine's own, or a Jet number that
+// the report routine knows) and a Spanish sentence for the person who reads the trace. A class exists
+// only where some caller acts differently on it.
+#pragma once
+
+#include <QString>
+#include <expected>
+#include <utility>
+
+namespace tarvo {
+
+enum class Fallo {
+  Interno,        // a broken promise between rooms
+  NoExiste,       // a file, a row, a host or a port that is not there
+  SinPermiso,     // no right to read or write it
+  Ocupado,        // locked by another program, a port in use
+  SoloLectura,    // may be read but not written
+  DiscoLleno,     // no room for what had to be written
+  NoEsBaseDatos,  // the file is no database, or it is damaged
+  OtraVersion,    // a database of an earlier or a later version
+  Duplicado,      // a key that must not stand twice
+  Restriccion,    // another rule of the data broken
+  Formato,        // bytes from outside that cannot be read
+  Comunicacion,   // a link or a machine; `numero` is the code of docs/protocolos.md
+};
+
+struct Error {
+  Fallo clase = Fallo::Interno;
+  int numero = 0;
+  QString texto;
+};
+
+template <class T = void>
+using Resultado = std::expected<T, Error>;
+
+inline std::unexpected<Error> fallo(Fallo clase, QString texto, int numero = 0) {
+  return std::unexpected<Error>(Error{clase, numero, std::move(texto)});
+}
+
+}  // namespace tarvo
+
+// Hands the error of an expression of type Resultado<...> on to the caller.
+#define TARVO_INTENTAR(expresion)                                       \
+  do {                                                                  \
+    if (auto tarvo_r_ = (expresion); !tarvo_r_)                         \
+      return std::unexpected<::tarvo::Error>(std::move(tarvo_r_).error()); \
+  } while (false)
