@@ -19,14 +19,20 @@ if(TARVO_FUZZ)
   target_link_options(tarvo_opciones INTERFACE -fsanitize=address,undefined)
 endif()
 
-# tarvo_sala(name LINKS rooms-and-libraries...): the library of the current folder.
+# tarvo_sala(name LINKS rooms-and-libraries... PRIVADO libraries...): the library of the current folder.
 function(tarvo_sala nombre)
-  cmake_parse_arguments(S "" "" "LINKS" ${ARGN})
+  cmake_parse_arguments(S "" "" "LINKS;PRIVADO" ${ARGN})
   file(GLOB fuentes CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
     ${CMAKE_CURRENT_SOURCE_DIR}/sqlite/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/sqlite/*.h)
+  if(NOT "${fuentes}" MATCHES "[.]cpp")
+    add_library(${nombre} INTERFACE)
+    target_include_directories(${nombre} INTERFACE ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${nombre} INTERFACE tarvo_opciones Qt6::Core ${S_LINKS})
+    return()
+  endif()
   add_library(${nombre} STATIC ${fuentes})
   target_include_directories(${nombre} PUBLIC ${PROJECT_SOURCE_DIR}/src)
-  target_link_libraries(${nombre} PUBLIC tarvo_opciones Qt6::Core ${S_LINKS})
+  target_link_libraries(${nombre} PUBLIC tarvo_opciones Qt6::Core ${S_LINKS} PRIVATE ${S_PRIVADO})
   set_target_properties(${nombre} PROPERTIES AUTOMOC OFF UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
   target_precompile_headers(${nombre} PRIVATE <QByteArray> <QString> <expected> <functional> <memory>
     <optional> <span> <utility> <variant> <vector>)
