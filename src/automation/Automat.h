@@ -1,0 +1,71 @@
+// The runner of a process: steps through a list on a 500 ms tick, drives engine, session, periods and export, writes the
+// trace, keeps on disk how far it got. Phases and rules: docs/procesos.md.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "automation/Proceso.h"
+#include "comm/motor/gestcomm.h"
+#include "totals/CerrSes.h"
+#include "totals/VerTot.h"
+#include "totals/XporTot.h"
+
+namespace tarvo::automation {
+
+// Answers parameter steps. The unattended one looks them up among --dato; a window asks.
+class Preguntas {
+ public:
+  virtual ~Preguntas() = default;
+  virtual std::optional<qint64> PromptNum(const QString& nombre, const QString& pregunta) = 0;
+  virtual std::optional<QString> PromptStr(const QString& nombre, const QString& pregunta) = 0;
+  virtual std::optional<std::pair<Fecha, Fecha>> PromptFch(const QString& nombre, const QString& pregunta) = 0;
+};
+
+enum class ResultadoProceso : int { Bien = 0, Problemas = 1, Abortado = 2 };
+
+// What the runner works on; owned by Aplicacion.
+struct Taller {
+  dao::Database& db;
+  Ajustes& ajustes;
+  Reloj& reloj;
+  totals::Sesion& sesion;
+  motor::gestcomm& motor;
+  const motor::RegistroTareas& registro;
+  totals::CerrSes& cerrSes;
+  totals::VerTot& verTot;
+  totals::XporTot& xporTot;
+};
+
+class Automat final : private motor::Vigilante {
+ public:
+  Automat(Taller taller, Preguntas& preguntas);
+  ~Automat();
+
+  // Lines as they go to the trace file.
+  std::function<void(const QString&)> alEscribir;
+  std::function<void(ResultadoProceso)> alTerminar;
+  // Nobody is there: failures are dropped as in a delayed run.
+  bool desatendido = false;
+
+  // PROCESO: loads a list and starts it. `traza` empty: a direct run, whose trace is HomeDir/nombre.TZA; otherwise a
+  // delayed one, whose trace is `traza` with the extension .TZC. A run of the same process that was cut off is gone on with.
+  void PROCESO(std::vector<PasoProceso> pasos, const QString& traza, const QString& nombre);
+  void ejecutar();   // run button
+  void retener();    // pause button
+  void paso();       // step button
+  void abortar();    // stop, once confirmed
+  int fase() const;
+  ResultadoProceso resultado() const;
+  int pasoActual() const;
+
+ private:
+  void InformeProblema(int clase, int grupo, int error, int estado, qint64 codigo) override;
+  void InformeRetry(int clase, int grupo, int error, int estado, qint64 codigo) override;
+  void InformeAviso(int clase, const totals::Aviso& aviso) override;
+  Resultado<> TareaHecha(const motor::DatosTarea& tarea) override;
+  struct Interior;
+  std::unique_ptr<Interior> d;
+};
+
+}  // namespace tarvo::automation

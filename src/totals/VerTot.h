@@ -1,0 +1,37 @@
+// The operations on periods that processes and the window share: a selection, and what is done with it. A
+// quiet call asks nothing and takes the safe answer. The selection holds each LINK once, in the order selected.
+#pragma once
+
+#include <vector>
+
+#include "totals/Periodos.h"
+
+namespace tarvo::totals {
+
+class VerTot {
+ public:
+  VerTot(Periodos& periodos, const Ajustes& ajustes);
+
+  // Each answers whether it did what its step promises; an Error is a failure of the store, everything undone.
+  Resultado<bool> AcumularEn(int tipo);
+  Resultado<bool> DesacumularDe(int tipo);
+  Resultado<bool> AcumularIntv(int tipo, int signo);
+  Resultado<qint64> CrearIntvalo(const Periodo& p, const QString& descr);
+  Resultado<bool> BorrarIntvalo(int tipo, Fecha desde, Fecha hasta);
+  bool ClrSelec();
+  Resultado<bool> Seleccionar(int tipo, Fecha desde, Fecha hasta);
+  Resultado<bool> SelecHnd(qint64 link);
+  Resultado<bool> StockIntv(bool deshacer = false);
+  Resultado<bool> SumarIntv();
+  const std::vector<qint64>& LosSelec() const { return seleccion_; }
+  void ponerSeleccion(std::vector<qint64> links) { seleccion_ = std::move(links); }
+  // 0 free, 1 a related period is accumulated there, 2 this very one is.
+  Resultado<int> ChequeoAcumulado(const Columna& c, int tipo);
+
+ private:
+  Periodos& p_;
+  const Ajustes& a_;
+  std::vector<qint64> seleccion_;
+};
+
+}  // namespace tarvo::totals
