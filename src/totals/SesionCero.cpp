@@ -1,0 +1,132 @@
+// Telling a machine to forget: who may be told, the intention on disk before the frame goes, and what is written when the
+// machine has confirmed.
+#include "totals/SesionInterior.h"
+
+namespace tarvo::totals {
+
+namespace {
+
+using dao::Database;
+
+// Why the readings of a group forbid its zeroing, empty when they don't.
+Resultado<QString> motivoDeLecturas(Database& db, int grupo) {
+  auto rs = db.consultar(u"SELECT CLASE, ESTADO FROM Lecturas WHERE GRUPO=? AND ESTADO IN (1, 3, 4) ORDER BY CLASE",
+                         grupo);
+  if (!rs) return std::unexpected(rs.error());
+  if ((*rs)->Eof()) return QString();
+  if ((*rs)->entero(1) == 4)
+    return QStringLiteral("Grupo %1: los totales no cuadran, no se pone a cero").arg(grupo);
+  return QStringLiteral("Grupo %1: falta una lectura completa de %2, no se pone a cero")
+      .arg(grupo)
+      .arg(NombreTabla(static_cast<int>((*rs)->entero(0))));
+}
+
+// Leaves as memorised only what the machines other than `addr` hold, for a group of several.
+Resultado<> quitarDeLaBase(Database& db, int grupo, int addr) {
+  auto rs = db.consultar(u"SELECT CLASE FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND MAQUINAS>1", grupo);
+  if (!rs) return std::unexpected(rs.error());
+  std::vector<int> clases;
+  for (; !(*rs)->Eof();) {
+    clases.push_back(static_cast<int>((*rs)->entero(0)));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  for (const int c : clases) TARVO_INTENTAR(apartarBase(db, grupo, c));
+  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=?", grupo, addr));
+  return {};
+}
+
+Resultado<> olvidarBase(Database& db, int grupo) {
+  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=?", grupo));
+  TARVO_INTENTAR(db.ejecutar(
+      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=?", grupo));
+  return {};
+}
+
+Resultado<> marcarPuestaACero(Database& db, int grupo, Fecha cuando) {
+  TARVO_INTENTAR(db.ejecutar(
+      u"INSERT INTO Sesiones (CODGPO) SELECT ? WHERE NOT EXISTS (SELECT 1 FROM Sesiones WHERE CODGPO=?)", grupo,
+      grupo));
+  TARVO_INTENTAR(db.ejecutar(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=?", cuando, grupo));
+  return {};
+}
+
+}  // namespace
+
+Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
+  const auto motivo = motivoDeLecturas(db_, grupo);
+  if (!motivo) return std::unexpected(motivo.error());
+  if (!motivo->isEmpty()) return PermisoCero{false, false, *motivo};
+  const auto cierre = d->valores.leer(QStringLiteral("CierreFallido"));
+  if (!cierre) return std::unexpected(cierre.error());
+  if (!cierre->nulo() && d->abierta == 2) {
+    const auto espera = db_.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND SEC>?", grupo,
+                                cierre->entero());
+    const auto dentro = db_.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2", grupo);
+    if (!espera || !dentro) return std::unexpected(espera ? dentro.error() : espera.error());
+    if (dentro->entero() > 0 && espera->entero() == 0)
+      return PermisoCero{false, false,
+                         QStringLiteral("Grupo %1: sus totales no se memorizaron, no se pone a cero").arg(grupo)};
+  }
+  return PermisoCero{true, d->reanuda && !d->leidosAhora.contains(grupo), {}};
+}
+
+Resultado<> Sesion::anunciarCero(int grupo, int addr) {
+  auto tr = dao::Transaccion::empezar(db_);
+  if (!tr) return std::unexpected(tr.error());
+  const auto sec = d->valores.siguienteSecuencia();
+  if (!sec) return std::unexpected(sec.error());
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO Ceros (GRUPO, ADDR, EJECUCION, INTENCION, SEC_INTENCION) VALUES (?, ?, ?, ?, ?) "
+      u"ON CONFLICT (GRUPO, ADDR) DO UPDATE SET EJECUCION=excluded.EJECUCION, INTENCION=excluded.INTENCION, "
+      u"SEC_INTENCION=excluded.SEC_INTENCION",
+      grupo, addr, d->ejecucion, reloj_.ahora(), *sec));
+  return tr->confirmar();
+}
+
+Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima) {
+  auto tr = dao::Transaccion::empezar(db_);
+  if (!tr) return std::unexpected(tr.error());
+  const auto sec = d->valores.siguienteSecuencia();
+  if (!sec) return std::unexpected(sec.error());
+  const Fecha ahora = reloj_.ahora();
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO Ceros (GRUPO, ADDR, EJECUCION, INTENCION, SEC_INTENCION, HECHO, SEC_HECHO) "
+      u"VALUES (?, ?, ?, ?, ?, ?, ?) ON CONFLICT (GRUPO, ADDR) DO UPDATE SET EJECUCION=excluded.EJECUCION, "
+      u"HECHO=excluded.HECHO, SEC_HECHO=excluded.SEC_HECHO",
+      grupo, addr, d->ejecucion, ahora, *sec, ahora, *sec));
+  if (ultima) {
+    TARVO_INTENTAR(olvidarBase(db_, grupo));
+    TARVO_INTENTAR(marcarPuestaACero(db_, grupo, d->abierta > 0 ? d->aCero : ahora));
+  } else {
+    TARVO_INTENTAR(quitarDeLaBase(db_, grupo, addr));
+  }
+  return tr->confirmar();
+}
+
+Resultado<bool> Sesion::ceroYaHecho(int grupo, int addr) {
+  const auto n = db_.uno(
+      u"SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND EJECUCION=? AND SEC_HECHO>=SEC_INTENCION AND "
+      u"SEC_HECHO>(SELECT COALESCE(MAX(SEC), 0) FROM Lecturas WHERE Lecturas.GRUPO=Ceros.GRUPO)",
+      grupo, addr, d->ejecucion);
+  if (!n) return std::unexpected(n.error());
+  return n->entero() > 0;
+}
+
+Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr, const Contadores& leido) {
+  auto rs = db_.consultar(u"SELECT MAQUINAS FROM Lecturas WHERE GRUPO=? AND CLASE=? AND ESTADO=2", grupo, kGranTotal);
+  if (!rs) return std::unexpected(rs.error());
+  if ((*rs)->Eof()) return Comparacion::SinBase;
+  const bool varias = (*rs)->entero(0) > 1;
+  auto base = varias
+                  ? db_.consultar(u"SELECT SUM(CON), SUM(IMP), SUM(PES) FROM LectFilas WHERE GRUPO=? AND CLASE=? AND "
+                                  u"ADDR=?",
+                                  grupo, kGranTotal, addr)
+                  : db_.consultar(u"SELECT SUM(CON), SUM(IMP), SUM(PES) FROM TOTGRT WHERE LINK=0 AND GRUPO=?", grupo);
+  if (!base) return std::unexpected(base.error());
+  const qint64 con = (*base)->entero(0), imp = (*base)->entero(1), pes = (*base)->entero(2);
+  if (leido.CON == con && leido.IMP == imp && leido.PES == pes) return Comparacion::Igual;
+  if (leido.CON < con || (leido.CON == 0 && leido.IMP == 0)) return Comparacion::Cero;
+  return Comparacion::Mas;
+}
+
+}  // namespace tarvo::totals
