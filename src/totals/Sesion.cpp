@@ -17,9 +17,13 @@ Sesion::Sesion(dao::Database& db, Ajustes& ajustes, Reloj& reloj)
 
 Sesion::~Sesion() = default;
 
-int Sesion::estado() const { return d->abierta; }
+int Sesion::estado() const {
+  return d->abierta;
+}
 
-qint64 Sesion::ejecucion() const { return d->ejecucion; }
+qint64 Sesion::ejecucion() const {
+  return d->ejecucion;
+}
 
 void Sesion::ponerEjecucion(qint64 numero, bool reanuda) {
   d->ejecucion = numero;
@@ -82,16 +86,17 @@ Resultado<> Sesion::reflejar() {
 Resultado<bool> Sesion::PuedeRecibir(int grupo, int numero) {
   const ClaseTotal* c = clase(numero);
   if (!c) return true;
-  const auto rs = db_.consultar(
-      QString(u"SELECT PZERO, " + QString::fromUtf16(c->hasta) + u", " + QString::fromUtf16(c->sesion) +
-              u" FROM Sesiones WHERE CODGPO=?"),
-      grupo);
+  const auto rs =
+      db_.consultar(QString(u"SELECT PZERO, " + QString::fromUtf16(c->hasta) + u", " +
+                            QString::fromUtf16(c->sesion) + u" FROM Sesiones WHERE CODGPO=?"),
+                    grupo);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof() || d->abierta == 0 || !(*rs)->logico(2)) return true;
-  // A zeroing that was begun behind this reading and never confirmed may have happened: the reading is all that is left of those
-  // sales.
+  // A zeroing that was begun behind this reading and never confirmed may have happened: the reading
+  // is all that is left of those sales.
   const auto dudosa = db_.uno(
-      u"SELECT count(*) FROM Ceros, Lecturas WHERE Ceros.GRUPO=? AND Lecturas.GRUPO=Ceros.GRUPO AND "
+      u"SELECT count(*) FROM Ceros, Lecturas WHERE Ceros.GRUPO=? AND Lecturas.GRUPO=Ceros.GRUPO "
+      u"AND "
       u"Lecturas.CLASE=? AND SEC_INTENCION>SEC AND SEC_HECHO<SEC_INTENCION",
       grupo, numero);
   if (!dudosa) return std::unexpected(dudosa.error());

@@ -1,5 +1,5 @@
-// Telling a machine to forget: who may be told, the intention on disk before the frame goes, and what is written when the
-// machine has confirmed.
+// Telling a machine to forget: who may be told, the intention on disk before the frame goes, and
+// what is written when the machine has confirmed.
 #include "totals/SesionInterior.h"
 
 namespace tarvo::totals {
@@ -10,8 +10,9 @@ using dao::Database;
 
 // Why the readings of a group forbid its zeroing, empty when they don't.
 Resultado<QString> motivoDeLecturas(Database& db, int grupo) {
-  auto rs = db.consultar(u"SELECT CLASE, ESTADO FROM Lecturas WHERE GRUPO=? AND ESTADO IN (1, 3, 4) ORDER BY CLASE",
-                         grupo);
+  auto rs = db.consultar(
+      u"SELECT CLASE, ESTADO FROM Lecturas WHERE GRUPO=? AND ESTADO IN (1, 3, 4) ORDER BY CLASE",
+      grupo);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof()) return QString();
   if ((*rs)->entero(1) == 4)
@@ -23,7 +24,8 @@ Resultado<QString> motivoDeLecturas(Database& db, int grupo) {
 
 // Leaves as memorised only what the machines other than `addr` hold, for a group of several.
 Resultado<> quitarDeLaBase(Database& db, int grupo, int addr) {
-  auto rs = db.consultar(u"SELECT CLASE FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND MAQUINAS>1", grupo);
+  auto rs = db.consultar(
+      u"SELECT CLASE FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND MAQUINAS>1", grupo);
   if (!rs) return std::unexpected(rs.error());
   std::vector<int> clases;
   for (; !(*rs)->Eof();) {
@@ -38,14 +40,16 @@ Resultado<> quitarDeLaBase(Database& db, int grupo, int addr) {
 Resultado<> olvidarBase(Database& db, int grupo) {
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=?", grupo));
   TARVO_INTENTAR(db.ejecutar(
-      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=?", grupo));
+      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=?",
+      grupo));
   return {};
 }
 
 Resultado<> marcarPuestaACero(Database& db, int grupo, Fecha cuando) {
-  TARVO_INTENTAR(db.ejecutar(
-      u"INSERT INTO Sesiones (CODGPO) SELECT ? WHERE NOT EXISTS (SELECT 1 FROM Sesiones WHERE CODGPO=?)", grupo,
-      grupo));
+  TARVO_INTENTAR(
+      db.ejecutar(u"INSERT INTO Sesiones (CODGPO) SELECT ? WHERE NOT EXISTS (SELECT 1 FROM "
+                  u"Sesiones WHERE CODGPO=?)",
+                  grupo, grupo));
   TARVO_INTENTAR(db.ejecutar(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=?", cuando, grupo));
   return {};
 }
@@ -59,15 +63,26 @@ Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
   const auto cierre = d->valores.leer(QStringLiteral("CierreFallido"));
   if (!cierre) return std::unexpected(cierre.error());
   if (!cierre->nulo() && d->abierta == 2) {
-    const auto espera = db_.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND SEC>?", grupo,
-                                cierre->entero());
+    const auto espera =
+        db_.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND SEC>?", grupo,
+                cierre->entero());
     const auto dentro = db_.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2", grupo);
     if (!espera || !dentro) return std::unexpected(espera ? dentro.error() : espera.error());
     if (dentro->entero() > 0 && espera->entero() == 0)
-      return PermisoCero{false, false,
-                         QStringLiteral("Grupo %1: sus totales no se memorizaron, no se pone a cero").arg(grupo)};
+      return PermisoCero{
+          false, false,
+          QStringLiteral("Grupo %1: sus totales no se memorizaron, no se pone a cero").arg(grupo)};
   }
   return PermisoCero{true, d->reanuda && !d->leidosAhora.contains(grupo), {}};
+}
+
+Resultado<> Sesion::anotarCierreFallido() {
+  auto tr = dao::Transaccion::empezar(db_);
+  if (!tr) return std::unexpected(tr.error());
+  const auto sec = d->valores.siguienteSecuencia();
+  if (!sec) return std::unexpected(sec.error());
+  TARVO_INTENTAR(d->valores.poner(QStringLiteral("CierreFallido"), *sec));
+  return tr->confirmar();
 }
 
 Resultado<> Sesion::anunciarCero(int grupo, int addr) {
@@ -75,11 +90,13 @@ Resultado<> Sesion::anunciarCero(int grupo, int addr) {
   if (!tr) return std::unexpected(tr.error());
   const auto sec = d->valores.siguienteSecuencia();
   if (!sec) return std::unexpected(sec.error());
-  TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO Ceros (GRUPO, ADDR, EJECUCION, INTENCION, SEC_INTENCION) VALUES (?, ?, ?, ?, ?) "
-      u"ON CONFLICT (GRUPO, ADDR) DO UPDATE SET EJECUCION=excluded.EJECUCION, INTENCION=excluded.INTENCION, "
-      u"SEC_INTENCION=excluded.SEC_INTENCION",
-      grupo, addr, d->ejecucion, reloj_.ahora(), *sec));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"INSERT INTO Ceros (GRUPO, ADDR, EJECUCION, INTENCION, SEC_INTENCION) VALUES "
+                   u"(?, ?, ?, ?, ?) "
+                   u"ON CONFLICT (GRUPO, ADDR) DO UPDATE SET EJECUCION=excluded.EJECUCION, "
+                   u"INTENCION=excluded.INTENCION, "
+                   u"SEC_INTENCION=excluded.SEC_INTENCION",
+                   grupo, addr, d->ejecucion, reloj_.ahora(), *sec));
   return tr->confirmar();
 }
 
@@ -91,7 +108,8 @@ Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima) {
   const Fecha ahora = reloj_.ahora();
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO Ceros (GRUPO, ADDR, EJECUCION, INTENCION, SEC_INTENCION, HECHO, SEC_HECHO) "
-      u"VALUES (?, ?, ?, ?, ?, ?, ?) ON CONFLICT (GRUPO, ADDR) DO UPDATE SET EJECUCION=excluded.EJECUCION, "
+      u"VALUES (?, ?, ?, ?, ?, ?, ?) ON CONFLICT (GRUPO, ADDR) DO UPDATE SET "
+      u"EJECUCION=excluded.EJECUCION, "
       u"HECHO=excluded.HECHO, SEC_HECHO=excluded.SEC_HECHO",
       grupo, addr, d->ejecucion, ahora, *sec, ahora, *sec));
   if (ultima) {
@@ -105,23 +123,29 @@ Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima) {
 
 Resultado<bool> Sesion::ceroYaHecho(int grupo, int addr) {
   const auto n = db_.uno(
-      u"SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND EJECUCION=? AND SEC_HECHO>=SEC_INTENCION AND "
+      u"SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND EJECUCION=? AND "
+      u"SEC_HECHO>=SEC_INTENCION AND "
       u"SEC_HECHO>(SELECT COALESCE(MAX(SEC), 0) FROM Lecturas WHERE Lecturas.GRUPO=Ceros.GRUPO)",
       grupo, addr, d->ejecucion);
   if (!n) return std::unexpected(n.error());
   return n->entero() > 0;
 }
 
-Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr, const Contadores& leido) {
-  auto rs = db_.consultar(u"SELECT MAQUINAS FROM Lecturas WHERE GRUPO=? AND CLASE=? AND ESTADO=2", grupo, kGranTotal);
+Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
+                                                         const Contadores& leido) {
+  auto rs = db_.consultar(u"SELECT MAQUINAS FROM Lecturas WHERE GRUPO=? AND CLASE=? AND ESTADO=2",
+                          grupo, kGranTotal);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof()) return Comparacion::SinBase;
   const bool varias = (*rs)->entero(0) > 1;
-  auto base = varias
-                  ? db_.consultar(u"SELECT SUM(CON), SUM(IMP), SUM(PES) FROM LectFilas WHERE GRUPO=? AND CLASE=? AND "
-                                  u"ADDR=?",
-                                  grupo, kGranTotal, addr)
-                  : db_.consultar(u"SELECT SUM(CON), SUM(IMP), SUM(PES) FROM TOTGRT WHERE LINK=0 AND GRUPO=?", grupo);
+  auto base =
+      varias
+          ? db_.consultar(
+                u"SELECT SUM(CON), SUM(IMP), SUM(PES) FROM LectFilas WHERE GRUPO=? AND CLASE=? AND "
+                u"ADDR=?",
+                grupo, kGranTotal, addr)
+          : db_.consultar(
+                u"SELECT SUM(CON), SUM(IMP), SUM(PES) FROM TOTGRT WHERE LINK=0 AND GRUPO=?", grupo);
   if (!base) return std::unexpected(base.error());
   const qint64 con = (*base)->entero(0), imp = (*base)->entero(1), pes = (*base)->entero(2);
   if (leido.CON == con && leido.IMP == imp && leido.PES == pes) return Comparacion::Igual;

@@ -32,7 +32,8 @@ struct Sesion::Estado {
   std::set<int> leidosAhora;  // groups read since this process started the run
 };
 
-// Keeps the rows of a kind that are memorised, and not zeroed, apart from the inbox, which is about to be refilled.
+// Keeps the rows of a kind that are memorised, and not zeroed, apart from the inbox, which is about
+// to be refilled.
 Resultado<> apartarBase(dao::Database& db, int grupo, int clase);
 
 }  // namespace tarvo::totals

@@ -7,7 +7,9 @@ namespace {
 
 using dao::Database;
 
-QString texto16(const char16_t* s) { return QString::fromUtf16(s); }
+QString texto16(const char16_t* s) {
+  return QString::fromUtf16(s);
+}
 
 // The rows of a group over all its machines.
 Lectura::Filas sumaDeMaquinas(const Lectura& lectura) {
@@ -17,9 +19,11 @@ Lectura::Filas sumaDeMaquinas(const Lectura& lectura) {
   return suma;
 }
 
-Resultado<> escribirBandeja(Database& db, const ClaseTotal& c, int grupo, const Lectura::Filas& filas) {
+Resultado<> escribirBandeja(Database& db, const ClaseTotal& c, int grupo,
+                            const Lectura::Filas& filas) {
   const QString tabla = texto16(c.tabla);
-  TARVO_INTENTAR(db.ejecutar(QString(u"DELETE ALL * FROM " + tabla + u" WHERE GRUPO=? AND LINK=0"), grupo));
+  TARVO_INTENTAR(
+      db.ejecutar(QString(u"DELETE ALL * FROM " + tabla + u" WHERE GRUPO=? AND LINK=0"), grupo));
   auto st = db.preparar(c.conHora ? QString(u"INSERT INTO " + tabla +
                                             u" (LINK, GRUPO, CODI, CON, PES, IMP, SCO, HORA) "
                                             u"VALUES (0, ?, ?, ?, ?, ?, ?, ?)")
@@ -35,16 +39,19 @@ Resultado<> escribirBandeja(Database& db, const ClaseTotal& c, int grupo, const 
   return {};
 }
 
-// Several machines behind one group: each one's own rows, since a sum can't say later whose part was zeroed.
+// Several machines behind one group: each one's own rows, since a sum can't say later whose part
+// was zeroed.
 Resultado<> escribirPorMaquina(Database& db, int grupo, int numero, const Lectura& lectura) {
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM LectFilas WHERE GRUPO=? AND CLASE=?", grupo, numero));
   if (lectura.maquinas.size() < 2) return {};
   auto st = db.preparar(
-      u"INSERT INTO LectFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, IMP, SCO) VALUES (?,?,?,?,?,?,?,?,?)");
+      u"INSERT INTO LectFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, IMP, SCO) VALUES "
+      u"(?,?,?,?,?,?,?,?,?)");
   if (!st) return std::unexpected(st.error());
   for (const auto& [addr, filas] : lectura.maquinas) {
     for (const auto& [clave, v] : filas) {
-      const qint64 campos[] = {grupo, numero, addr, clave.first, clave.second, v.CON, v.PES, v.IMP, v.SCO};
+      const qint64 campos[] = {grupo, numero, addr,  clave.first, clave.second,
+                               v.CON, v.PES,  v.IMP, v.SCO};
       for (int i = 0; i < 9; ++i) (*st)->ligar(i, campos[i]);
       TARVO_INTENTAR((*st)->ejecutar());
     }
@@ -52,17 +59,18 @@ Resultado<> escribirPorMaquina(Database& db, int grupo, int numero, const Lectur
   return {};
 }
 
-// The inbox holds a reading of the open session that no period has yet. When a counter of it went down, the machine has
-// forgotten it: that reading is all there is of those sales.
-Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo, const Lectura::Filas& nuevas,
-                              bool entera) {
-  const auto viva = db.uno(QString(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND " +
-                                   texto16(c.sesion) + u" AND GRUPO=CODGPO AND CLASE=? AND (LINK IS NULL OR APARTE=1)"),
-                           grupo, c.numero);
+// The inbox holds a reading of the open session that no period has yet. When a counter of it went
+// down, the machine has forgotten it: that reading is all there is of those sales.
+Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
+                              const Lectura::Filas& nuevas, bool entera) {
+  const auto viva = db.uno(
+      QString(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND " + texto16(c.sesion) +
+              u" AND GRUPO=CODGPO AND CLASE=? AND (LINK IS NULL OR APARTE=1)"),
+      grupo, c.numero);
   if (!viva) return std::unexpected(viva.error());
   if (viva->entero() == 0) return false;
-  auto rs = db.consultar(QString(u"SELECT CODI, CON" + QString(c.conHora ? u", HORA" : u", 0") + u" FROM " +
-                                 texto16(c.tabla) + u" WHERE LINK=0 AND GRUPO=?"),
+  auto rs = db.consultar(QString(u"SELECT CODI, CON" + QString(c.conHora ? u", HORA" : u", 0") +
+                                 u" FROM " + texto16(c.tabla) + u" WHERE LINK=0 AND GRUPO=?"),
                          grupo);
   if (!rs) return std::unexpected(rs.error());
   for (; !(*rs)->Eof();) {
@@ -79,37 +87,42 @@ Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo, cons
 Resultado<> apartarBase(Database& db, int grupo, int numero) {
   const ClaseTotal* c = clase(numero);
   auto rs = db.consultar(
-      u"SELECT MAQUINAS, ADDR FROM Lecturas WHERE GRUPO=? AND CLASE=? AND LINK IS NOT NULL AND APARTE=0", grupo,
-      numero);
+      u"SELECT MAQUINAS, ADDR FROM Lecturas WHERE GRUPO=? AND CLASE=? AND LINK IS NOT NULL AND "
+      u"APARTE=0",
+      grupo, numero);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof()) return {};
   const bool varias = (*rs)->entero(0) > 1;
   const qint64 addr = (*rs)->entero(1);
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=?", grupo, numero));
   if (varias) {
-    TARVO_INTENTAR(
-        db.ejecutar(u"INSERT INTO BaseFilas SELECT * FROM LectFilas WHERE GRUPO=? AND CLASE=?", grupo, numero));
-  } else {
     TARVO_INTENTAR(db.ejecutar(
-        QString(u"INSERT INTO BaseFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, IMP, SCO) SELECT GRUPO, ?, ?, CODI, " +
-                QString(c->conHora ? u"HORA" : u"0") + u", CON, PES, IMP, SCO FROM " + texto16(c->tabla) +
-                u" WHERE LINK=0 AND GRUPO=?"),
-        numero, addr, grupo));
+        u"INSERT INTO BaseFilas SELECT * FROM LectFilas WHERE GRUPO=? AND CLASE=?", grupo, numero));
+  } else {
+    TARVO_INTENTAR(
+        db.ejecutar(QString(u"INSERT INTO BaseFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, "
+                            u"IMP, SCO) SELECT GRUPO, ?, ?, CODI, " +
+                            QString(c->conHora ? u"HORA" : u"0") + u", CON, PES, IMP, SCO FROM " +
+                            texto16(c->tabla) + u" WHERE LINK=0 AND GRUPO=?"),
+                    numero, addr, grupo));
   }
-  TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET APARTE=1 WHERE GRUPO=? AND CLASE=?", grupo, numero));
+  TARVO_INTENTAR(
+      db.ejecutar(u"UPDATE Lecturas SET APARTE=1 WHERE GRUPO=? AND CLASE=?", grupo, numero));
   return {};
 }
 
 Resultado<> Sesion::Estado::anotarLectura(int grupo, int numero, Lectura estado, Fecha ahora) {
   TARVO_INTENTAR(db.ejecutar(
       u"INSERT INTO Lecturas (GRUPO, CLASE, EJECUCION, ESTADO, INICIO) VALUES (?, ?, ?, ?, ?) "
-      u"ON CONFLICT (GRUPO, CLASE) DO UPDATE SET EJECUCION=excluded.EJECUCION, ESTADO=excluded.ESTADO, "
+      u"ON CONFLICT (GRUPO, CLASE) DO UPDATE SET EJECUCION=excluded.EJECUCION, "
+      u"ESTADO=excluded.ESTADO, "
       u"INICIO=excluded.INICIO",
       grupo, numero, ejecucion, int{estado}, ahora));
   return {};
 }
 
-Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura, std::vector<Aviso>& avisos) {
+Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura,
+                                   std::vector<Aviso>& avisos) {
   const ClaseTotal* c = clase(numero);
   if (!c) return fallo(Fallo::Interno, QStringLiteral("La tarea %1 no es de totales.").arg(numero));
   const Lectura::Filas suma = sumaDeMaquinas(lectura);
@@ -122,30 +135,34 @@ Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura
       const auto pisa = pisariaVentas(db_, *c, grupo, suma, lectura.entera);
       if (!pisa) return std::unexpected(pisa.error());
       if (*pisa)
-        return fallo(Fallo::Restriccion,
-                     QStringLiteral("El grupo %1 se puso a cero después de la lectura que espera en la bandeja: "
-                                    "memorice antes la sesión")
-                         .arg(grupo));
+        return fallo(
+            Fallo::Restriccion,
+            QStringLiteral(
+                "El grupo %1 se puso a cero después de la lectura que espera en la bandeja: "
+                "memorice antes la sesión")
+                .arg(grupo));
     }
     TARVO_INTENTAR(AbrirSesion());
     TARVO_INTENTAR(apartarBase(db_, grupo, numero));
     TARVO_INTENTAR(escribirBandeja(db_, *c, grupo, suma));
     TARVO_INTENTAR(escribirPorMaquina(db_, grupo, numero, lectura));
+    TARVO_INTENTAR(
+        db_.ejecutar(u"INSERT INTO Sesiones (CODGPO) SELECT ? WHERE NOT EXISTS (SELECT 1 FROM "
+                     u"Sesiones WHERE CODGPO=?)",
+                     grupo, grupo));
     TARVO_INTENTAR(db_.ejecutar(
-        u"INSERT INTO Sesiones (CODGPO) SELECT ? WHERE NOT EXISTS (SELECT 1 FROM Sesiones WHERE CODGPO=?)", grupo,
-        grupo));
-    TARVO_INTENTAR(db_.ejecutar(QString(u"UPDATE Sesiones SET " + texto16(c->desde) + u"=PZERO, " +
-                                        texto16(c->hasta) + u"=?, " + texto16(c->sesion) +
-                                        u"=TRUE WHERE CODGPO=?"),
-                                d->hasta, grupo));
+        QString(u"UPDATE Sesiones SET " + texto16(c->desde) + u"=PZERO, " + texto16(c->hasta) +
+                u"=?, " + texto16(c->sesion) + u"=TRUE WHERE CODGPO=?"),
+        d->hasta, grupo));
     const auto sec = d->valores.siguienteSecuencia();
     if (!sec) return std::unexpected(sec.error());
     TARVO_INTENTAR(d->anotarLectura(grupo, numero, Estado::kCompleta, reloj_.ahora()));
     const int maquinas = static_cast<int>(lectura.maquinas.size());
-    TARVO_INTENTAR(db_.ejecutar(u"UPDATE Lecturas SET SEC=?, FIN=?, ENTERA=?, MAQUINAS=?, ADDR=? WHERE GRUPO=? AND "
-                                u"CLASE=?",
-                                *sec, reloj_.ahora(), lectura.entera, maquinas,
-                                maquinas == 1 ? lectura.maquinas.begin()->first : 0, grupo, numero));
+    TARVO_INTENTAR(db_.ejecutar(
+        u"UPDATE Lecturas SET SEC=?, FIN=?, ENTERA=?, MAQUINAS=?, ADDR=? WHERE GRUPO=? AND "
+        u"CLASE=?",
+        *sec, reloj_.ahora(), lectura.entera, maquinas,
+        maquinas == 1 ? lectura.maquinas.begin()->first : 0, grupo, numero));
     TARVO_INTENTAR(ponerEstado(2));
     return tr->confirmar();
   };
@@ -154,13 +171,15 @@ Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura
     return std::unexpected(r.error());
   }
   d->leidosAhora.insert(grupo);
-  const auto tarde = db_.uno(QString(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND " + texto16(c->desde) + u">" +
-                                     texto16(c->hasta)),
+  const auto tarde = db_.uno(QString(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND " +
+                                     texto16(c->desde) + u">" + texto16(c->hasta)),
                              grupo);
   if (tarde && tarde->entero() > 0)
-    avisos.push_back({grupo,
-                      QStringLiteral("Grupo %1: La puesta a cero es posterior a fecha anotada; revise el reloj").arg(grupo),
-                      true});
+    avisos.push_back(
+        {grupo,
+         QStringLiteral("Grupo %1: La puesta a cero es posterior a fecha anotada; revise el reloj")
+             .arg(grupo),
+         true});
   return {};
 }
 

@@ -4,7 +4,8 @@ namespace tarvo::totals {
 
 namespace {
 
-constexpr auto kGuionLibros = uR"(
+constexpr auto kGuionLibros =
+    uR"(
 CREATE TABLE IF NOT EXISTS EstadoTarvo (CLAVE TEXT PRIMARY KEY, VALOR);
 CREATE TABLE IF NOT EXISTS Lecturas (
   GRUPO INTEGER NOT NULL, CLASE INTEGER NOT NULL, EJECUCION INTEGER DEFAULT 0, ESTADO INTEGER DEFAULT 0,
@@ -41,9 +42,10 @@ Resultado<dao::Valor> EstadoBase::leer(const QString& clave) {
 }
 
 Resultado<> EstadoBase::poner(const QString& clave, const dao::Valor& valor) {
-  TARVO_INTENTAR(db_.ejecutar(u"INSERT INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, ?) "
-                              u"ON CONFLICT (CLAVE) DO UPDATE SET VALOR=excluded.VALOR",
-                              clave, valor));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"INSERT INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, ?) "
+                   u"ON CONFLICT (CLAVE) DO UPDATE SET VALOR=excluded.VALOR",
+                   clave, valor));
   return {};
 }
 

@@ -1,5 +1,6 @@
-// The settings of TARVO.INI: read once at the start, held in memory, written whole at the end of a run and
-// whenever a window or the session changes one. Keys, defaults and syntax: docs/formatos.md.
+// The settings of TARVO.INI: read once at the start, held in memory, written whole at the end of a
+// run and whenever a window or the session changes one. Keys, defaults and syntax:
+// docs/formatos.md.
 #pragma once
 
 #include <QString>
@@ -42,15 +43,16 @@ class Ajustes {
   // Defaults for a program folder (an absolute path) and a language.
   Ajustes(QString carpeta, Idioma idioma);
 
-  // CargaDefectos + LeerConfig: a missing file leaves the defaults, with no error. An unreadable file (no rights)
-  // leaves them too, and the error is returned for the caller to say.
+  // CargaDefectos + LeerConfig: a missing file leaves the defaults, with no error. An unreadable
+  // file (no rights) leaves them too, and the error is returned for the caller to say.
   Resultado<> LeerConfig();
   // Writes the file whole beside its place and renames it.
   Resultado<> GuardarConfig() const;
   QString rutaConfig() const;
 
-  // The name of a file as a setting or a process gives it ("\" and "/" part folders, case ignored) as a path of
-  // this system: relative names stand in `base`; an existing file is found without regard to case.
+  // The name of a file as a setting or a process gives it ("\" and "/" part folders, case ignored)
+  // as a path of this system: relative names stand in `base`; an existing file is found without
+  // regard to case.
   static QString ruta(const QString& nombre, const QString& base);
 
   bool EsEspanol() const { return idioma == Idioma::Espanol; }
@@ -62,9 +64,16 @@ class Ajustes {
 
   QString HomeDir, BaseDatos, CopiaSeguridad;
   int WhoAmI = 0;
-  int TimeOut = 10000, TimeCero = 150000, IntentosManual = 0, TimeACK = 2000, FactorEsperaNDL = 2000;
+  int TimeOut = 10000, TimeCero = 150000, IntentosManual = 0, TimeACK = 2000,
+      FactorEsperaNDL = 2000;
   // CalculoPrecios: two or four values.
-  struct CalculoPrecios { bool a = false; int b = 0; bool conSegundo = false; bool c = false; int d = 0; } calculoPrecios;
+  struct CalculoPrecios {
+    bool a = false;
+    int b = 0;
+    bool conSegundo = false;
+    bool c = false;
+    int d = 0;
+  } calculoPrecios;
   std::array<ParamCanal, 4> canales;
   int SesionAbier = 0;
   Fecha SesionHasta, SesionACero;
@@ -74,22 +83,24 @@ class Ajustes {
   int MonedaNativa = 1, MonedaPreferente = 1;
   std::array<QString, 2> MonedaLogo;
   float Euro = 0;
-  int decimalesLocal = 0;               // by language, not stored
+  int decimalesLocal = 0;                // by language, not stored
   std::array<bool, 7> FestivoSemanal{};  // index 0 Monday to 6 Sunday
   int NumeroPedido = 0, NumeroInventario = 0;
   std::array<int, 2> EnviarCambios{1, 1}, OpcionesStockCompras{0, 0};
   int ModoIntroRapido = 2;
-  QString ParrillaRapida;               // as it stands
+  QString ParrillaRapida;                  // as it stands
   std::array<QString, 41> TextoEtiquetas;  // 1 to 40; 1 to 20 are fixed
   QString PrefijoCodigos;
   int NumPreciosAlta = 3, NumTarifasAlta = 8;
-  struct Personal { QString titulo, proceso; };
+  struct Personal {
+    QString titulo, proceso;
+  };
   std::vector<Personal> personal;
   // Our own: another device for a serial port, by port number.
   std::map<int, QString> RutaPuerto;
 
-  // CONECTORES.INI: what a connector name stands for ("tcp:host:port", "serie:dev,9600,O,7,1", "local:/path"), or
-  // empty when there is no such name. Read afresh at each call.
+  // CONECTORES.INI: what a connector name stands for ("tcp:host:port", "serie:dev,9600,O,7,1",
+  // "local:/path"), or empty when there is no such name. Read afresh at each call.
   QString conector(const QString& nombre) const;
 };
 
