@@ -40,19 +40,24 @@ struct LimitesClases {
 
 class Ajustes {
  public:
-  // Defaults for a program folder (an absolute path) and a language.
-  Ajustes(QString carpeta, Idioma idioma);
+  // CargaDefectos: the defaults for a program folder (an absolute path) and a language. SesionHasta
+  // and SesionACero begin at `ahora`.
+  Ajustes(QString carpeta, Idioma idioma, Fecha ahora = {});
 
-  // CargaDefectos + LeerConfig: a missing file leaves the defaults, with no error. An unreadable
-  // file (no rights) leaves them too, and the error is returned for the caller to say.
+  // Reads the file over what is held. A missing file changes nothing, with no error. An unreadable
+  // one (no rights, a folder, megabytes) changes nothing either, and the error is returned for the
+  // caller to say.
   Resultado<> LeerConfig();
   // Writes the file whole beside its place and renames it.
   Resultado<> GuardarConfig() const;
   QString rutaConfig() const;
+  // The same on a text: LeerConfig and GuardarConfig without the file.
+  void leer(const QString& texto);
+  QString escribir() const;
 
   // The name of a file as a setting or a process gives it ("\" and "/" part folders, case ignored)
   // as a path of this system: relative names stand in `base`; an existing file is found without
-  // regard to case.
+  // regard to case, the exact name first. What isn't there keeps the case that it was given.
   static QString ruta(const QString& nombre, const QString& base);
 
   bool EsEspanol() const { return idioma == Idioma::Espanol; }
@@ -62,6 +67,7 @@ class Ajustes {
   const Idioma idioma;
   const LimitesClases clases;
 
+  // Absolute paths of this system once read; CopiaSeguridad may be empty.
   QString HomeDir, BaseDatos, CopiaSeguridad;
   int WhoAmI = 0;
   int TimeOut = 10000, TimeCero = 150000, IntentosManual = 0, TimeACK = 2000,
@@ -88,8 +94,9 @@ class Ajustes {
   int NumeroPedido = 0, NumeroInventario = 0;
   std::array<int, 2> EnviarCambios{1, 1}, OpcionesStockCompras{0, 0};
   int ModoIntroRapido = 2;
-  QString ParrillaRapida;                  // as it stands
-  std::array<QString, 41> TextoEtiquetas;  // 1 to 40; 1 to 20 are fixed
+  QString ParrillaRapida =
+      QStringLiteral("1,1,2,1,1,0,0,0,0,0,0,0,0,0,0,0,-1,,,,,");  // as it stands
+  std::array<QString, 41> TextoEtiquetas;  // 1 to 40; 1 to 20 are fixed, see fijarTextosEtiquetas
   QString PrefijoCodigos;
   int NumPreciosAlta = 3, NumTarifasAlta = 8;
   struct Personal {
@@ -102,6 +109,12 @@ class Ajustes {
   // CONECTORES.INI: what a connector name stands for ("tcp:host:port", "serie:dev,9600,O,7,1",
   // "local:/path"), or empty when there is no such name. Read afresh at each call.
   QString conector(const QString& nombre) const;
+
+ private:
+  void fijarTextosEtiquetas();  // slots 1 to 20, which follow MonedaNativa
 };
+
+// The same on a text of such a file.
+QString buscarConector(const QString& texto, const QString& nombre);
 
 }  // namespace tarvo
