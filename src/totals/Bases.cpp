@@ -32,9 +32,9 @@ Resultado<std::vector<Releida>> releidas(Database& db, const Ajustes& ajustes) {
   for (const ClaseTotal& c : enVigor(ajustes)) {
     auto rs = db.consultar(
         QString(
-            u"SELECT GRUPO, MAQUINAS, ENTERA, ADDR FROM Lecturas, Sesiones WHERE CODGPO=GRUPO AND "
-            u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND " +
-            textoDe(c.sesion) + u" ORDER BY GRUPO"),
+            u"SELECT GRUPO, MAQUINAS, ENTERA, ADDR FROM Lecturas, Sesiones WHERE CODGPO=GRUPO AND "_s
+            u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND "_s +
+            textoDe(c.sesion) + u" ORDER BY GRUPO"_s),
         c.numero);
     if (!rs) return std::unexpected(rs.error());
     for (; !(*rs)->Eof();) {
@@ -52,8 +52,8 @@ Resultado<std::set<int>> bajaron(Database& db, const Releida& r) {
                        : r.clase->conHora ? u"n.HORA=b.HORA"_s
                                           : u"1=1"_s;
   const QString nuevas = r.varias
-                             ? u"LectFilas n ON n.GRUPO=b.GRUPO AND n.CLASE=b.CLASE AND "
-                               u"n.ADDR=b.ADDR AND n.CODI=b.CODI "
+                             ? u"LectFilas n ON n.GRUPO=b.GRUPO AND n.CLASE=b.CLASE AND "_s
+                               u"n.ADDR=b.ADDR AND n.CODI=b.CODI "_s
                                u"AND "_s
                              : textoDe(r.clase->tabla) +
                                    u" n ON n.LINK=0 AND n.GRUPO=b.GRUPO AND n.CODI=b.CODI AND "_s;
@@ -75,12 +75,12 @@ Resultado<std::set<int>> bajaron(Database& db, const Releida& r) {
 // reading that was memorised.
 Resultado<Fecha> momentoDelCero(Database& db, int grupo, int addr, bool& anunciado) {
   auto rs = db.consultar(
-      u"SELECT INTENCION FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO<SEC_INTENCION", grupo,
+      u"SELECT INTENCION FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO<SEC_INTENCION"_s, grupo,
       addr);
   if (!rs) return std::unexpected(rs.error());
   anunciado = !(*rs)->Eof();
   if (anunciado) return (*rs)->fecha(0);
-  const auto hasta = db.uno(u"SELECT MAX(BASE_HASTA) FROM Lecturas WHERE GRUPO=?", grupo);
+  const auto hasta = db.uno(u"SELECT MAX(BASE_HASTA) FROM Lecturas WHERE GRUPO=?"_s, grupo);
   if (!hasta) return std::unexpected(hasta.error());
   return hasta->fecha();
 }
@@ -88,31 +88,31 @@ Resultado<Fecha> momentoDelCero(Database& db, int grupo, int addr, bool& anuncia
 // The machine has forgotten: nothing of it is memorised any more, in any kind.
 Resultado<> olvidar(Database& db, int grupo, int addr) {
   for (const ClaseTotal& c : todasLasClases()) TARVO_INTENTAR(apartarBase(db, grupo, c.numero));
-  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=?", grupo, addr));
+  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
   TARVO_INTENTAR(db.ejecutar(
-      u"UPDATE Ceros SET HECHO=INTENCION, SEC_HECHO=SEC_INTENCION WHERE GRUPO=? AND ADDR=? AND "
-      u"SEC_HECHO<SEC_INTENCION",
+      u"UPDATE Ceros SET HECHO=INTENCION, SEC_HECHO=SEC_INTENCION WHERE GRUPO=? AND ADDR=? AND "_s
+      u"SEC_HECHO<SEC_INTENCION"_s,
       grupo, addr));
   return {};
 }
 
 Resultado<> fecharCero(Database& db, const Ajustes& ajustes, int grupo, Fecha cuando) {
   TARVO_INTENTAR(db.ejecutar(
-      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=? "
-      u"AND NOT EXISTS (SELECT 1 FROM "
-      u"BaseFilas WHERE BaseFilas.GRUPO=Lecturas.GRUPO AND BaseFilas.CLASE=Lecturas.CLASE)",
+      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=? "_s
+      u"AND NOT EXISTS (SELECT 1 FROM "_s
+      u"BaseFilas WHERE BaseFilas.GRUPO=Lecturas.GRUPO AND BaseFilas.CLASE=Lecturas.CLASE)"_s,
       grupo));
-  const auto queda = db.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=?", grupo);
+  const auto queda = db.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=?"_s, grupo);
   if (!queda) return std::unexpected(queda.error());
   if (queda->entero() > 0) return {};
   TARVO_INTENTAR(
-      db.ejecutar(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=? AND (PZERO IS NULL OR PZERO<?)",
+      db.ejecutar(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=? AND (PZERO IS NULL OR PZERO<?)"_s,
                   cuando, grupo, cuando));
   for (const ClaseTotal& c : enVigor(ajustes))
     TARVO_INTENTAR(
-        db.ejecutar(QString(u"UPDATE Sesiones SET " + textoDe(c.desde) + u"=? WHERE CODGPO=? AND " +
-                            textoDe(c.sesion) + u" AND (" + textoDe(c.desde) + u" IS NULL OR " +
-                            textoDe(c.desde) + u"<?)"),
+        db.ejecutar(QString(u"UPDATE Sesiones SET "_s + textoDe(c.desde) +
+                            u"=? WHERE CODGPO=? AND "_s + textoDe(c.sesion) + u" AND ("_s +
+                            textoDe(c.desde) + u" IS NULL OR "_s + textoDe(c.desde) + u"<?)"_s),
                     cuando, grupo, cuando));
   return {};
 }
@@ -136,10 +136,9 @@ Resultado<> resolverBases(Database& db, const Ajustes& ajustes, std::vector<Avis
       TARVO_INTENTAR(olvidar(db, grupo, addr));
       TARVO_INTENTAR(fecharCero(db, ajustes, grupo, *cuando));
       avisos.push_back({grupo,
-                        QStringLiteral("Grupo %1: sus contadores bajaron desde la última lectura "
-                                       "memorizada; se da por puesto a "
-                                       "cero el %2")
-                            .arg(grupo)
+                        u"Grupo %1: sus contadores bajaron desde la última lectura "_s
+                        u"memorizada; se da por puesto a "_s
+                        u"cero el %2"_s.arg(grupo)
                             .arg(cuando->general()),
                         !anunciado});
     }
@@ -148,7 +147,7 @@ Resultado<> resolverBases(Database& db, const Ajustes& ajustes, std::vector<Avis
   for (const Releida& r : *lista)
     if (!ceros.contains(r.grupo))
       TARVO_INTENTAR(
-          db.ejecutar(u"DELETE FROM Ceros WHERE GRUPO=? AND SEC_HECHO<SEC_INTENCION", r.grupo));
+          db.ejecutar(u"DELETE FROM Ceros WHERE GRUPO=? AND SEC_HECHO<SEC_INTENCION"_s, r.grupo));
   return {};
 }
 

@@ -8,6 +8,8 @@
 
 namespace tarvo::totals {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const Fecha kSinPuestaACero = Fecha::de(QDate(2000, 1, 1));
@@ -24,8 +26,8 @@ struct Base {
 
 Resultado<std::optional<Base>> leerBase(dao::Database& db, int grupo, int numero) {
   auto rs = db.consultar(
-      u"SELECT LINK, BASE_DESDE, BASE_HASTA FROM Lecturas WHERE GRUPO=? AND CLASE=? AND LINK IS "
-      u"NOT NULL AND APARTE=1",
+      u"SELECT LINK, BASE_DESDE, BASE_HASTA FROM Lecturas WHERE GRUPO=? AND CLASE=? AND LINK IS "_s
+      u"NOT NULL AND APARTE=1"_s,
       grupo, numero);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof()) return std::nullopt;
@@ -54,13 +56,13 @@ Resultado<> situar(Recibido& r, const Base& base, const Calendario& calendario, 
 Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const ClaseTotal& c,
                                  Periodos& periodos, const Calendario& calendario) {
   Recibido r;
-  r.CODGPO = static_cast<int>(rs.entero(rs.columna(u"CODGPO")));
+  r.CODGPO = static_cast<int>(rs.entero(rs.columna(u"CODGPO"_s)));
   r.clase = c.numero;
   r.desde = rs.nulo(rs.columna(columna(c.desde))) ? kSinPuestaACero
                                                   : rs.fecha(rs.columna(columna(c.desde)));
   r.baseDesde = r.desde;
   r.hasta = rs.fecha(rs.columna(columna(c.hasta)));
-  const auto horario = LeerHorario(rs.texto(rs.columna(u"HORARIO")));
+  const auto horario = LeerHorario(rs.texto(rs.columna(u"HORARIO"_s)));
   const auto base = leerBase(db, r.CODGPO, c.numero);
   if (!base) return std::unexpected(base.error());
   if (*base) {
@@ -108,14 +110,14 @@ Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
   TARVO_INTENTAR(resolverBases(s_.base(), s_.ajustes(), avisos));
   const Calendario calendario(s_.ajustes());
   for (const ClaseTotal& c : enVigor(s_.ajustes())) {
-    TARVO_INTENTAR(
-        s_.base().ejecutar(QString(u"UPDATE Sesiones SET " + columna(c.desde) + u"=? WHERE " +
-                                   columna(c.sesion) + u" AND " + columna(c.desde) + u" IS NULL"),
-                           kSinPuestaACero));
+    TARVO_INTENTAR(s_.base().ejecutar(
+        QString(u"UPDATE Sesiones SET "_s + columna(c.desde) + u"=? WHERE "_s + columna(c.sesion) +
+                u" AND "_s + columna(c.desde) + u" IS NULL"_s),
+        kSinPuestaACero));
   }
   auto rs = s_.base().consultar(
-      u"select Sesiones.*, HORARIO from Sesiones left join GRUPOS on Sesiones.CODGPO=GRUPOS.CODGPO "
-      u"order by Sesiones.CODGPO");
+      u"select Sesiones.*, HORARIO from Sesiones left join GRUPOS on Sesiones.CODGPO=GRUPOS.CODGPO "_s
+      u"order by Sesiones.CODGPO"_s);
   if (!rs) return std::unexpected(rs.error());
   for (; !(*rs)->Eof();) {
     for (const ClaseTotal& c : enVigor(s_.ajustes())) {
@@ -158,7 +160,7 @@ Resultado<std::vector<qint64>> CerrSes::memorizar(std::vector<Aviso>& avisos) {
   grupos.erase(std::ranges::unique(grupos).begin(), grupos.end());
   for (const int g : grupos) {
     TARVO_INTENTAR(s_.base().ejecutar(
-        u"UPDATE Lecturas SET ESTADO=0 WHERE GRUPO=? AND ESTADO IN (1, 3) AND EJECUCION<?", g,
+        u"UPDATE Lecturas SET ESTADO=0 WHERE GRUPO=? AND ESTADO IN (1, 3) AND EJECUCION<?"_s, g,
         s_.ejecucion()));
     TARVO_INTENTAR(anotarCuadre(s_.base(), s_.ajustes(), g, avisos));
   }

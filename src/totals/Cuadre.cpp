@@ -5,29 +5,31 @@
 
 namespace tarvo::totals {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString nombreDe(int numero) {
   switch (numero) {
     case kPLUs:
-      return QStringLiteral("artículos");
+      return u"artículos"_s;
     case kOperadores:
-      return QStringLiteral("operadores");
+      return u"operadores"_s;
     case kDepartamentos:
-      return QStringLiteral("departamentos");
+      return u"departamentos"_s;
     case kHorario:
-      return QStringLiteral("horas");
+      return u"horas"_s;
     case kOperHora:
-      return QStringLiteral("operadores y horas");
+      return u"operadores y horas"_s;
     default:
-      return QStringLiteral("Gran Total");
+      return u"Gran Total"_s;
   }
 }
 
 // Number of rows and amount of a kind within a period and group.
 Resultado<std::pair<qint64, qint64>> sumaDe(dao::Database& db, int numero, qint64 link, int grupo) {
-  auto rs = db.consultar(QString(u"SELECT count(*), SUM(IMP) FROM " + NombreTabla(numero) +
-                                 u" WHERE LINK=? AND GRUPO=?"),
+  auto rs = db.consultar(QString(u"SELECT count(*), SUM(IMP) FROM "_s + NombreTabla(numero) +
+                                 u" WHERE LINK=? AND GRUPO=?"_s),
                          link, grupo);
   if (!rs) return std::unexpected(rs.error());
   return std::pair{(*rs)->entero(0), (*rs)->entero(1)};
@@ -39,8 +41,8 @@ Resultado<bool> comparable(dao::Database& db, int numero, qint64 link, int grupo
   if (link != 0) return true;
   const auto n = db.uno(
       QString(
-          u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND " + CampoSesion(numero) +
-          u" AND NOT EXISTS (SELECT 1 FROM Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND ENTERA=0)"),
+          u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND "_s + CampoSesion(numero) +
+          u" AND NOT EXISTS (SELECT 1 FROM Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND ENTERA=0)"_s),
       grupo, numero);
   if (!n) return std::unexpected(n.error());
   return n->entero() > 0;
@@ -48,26 +50,24 @@ Resultado<bool> comparable(dao::Database& db, int numero, qint64 link, int grupo
 
 Resultado<QString> origenDe(dao::Database& db, qint64 link, int grupo, int numero) {
   auto rs = db.consultar(
-      u"SELECT LEIDO, DESDE, HASTA, MODO, EJECUCION FROM Origenes WHERE LINK=? AND GRUPO=? AND "
-      u"CLASE=? ORDER BY LEIDO",
+      u"SELECT LEIDO, DESDE, HASTA, MODO, EJECUCION FROM Origenes WHERE LINK=? AND GRUPO=? AND "_s
+      u"CLASE=? ORDER BY LEIDO"_s,
       link, grupo, numero);
   if (!rs) return std::unexpected(rs.error());
   QStringList partes;
   for (; !(*rs)->Eof();) {
-    partes << QStringLiteral("leído el %1, ventas del %2 al %3%4")
-                  .arg((*rs)->nulo(0) ? QStringLiteral("?") : (*rs)->fecha(0).general(),
-                       (*rs)->fecha(1).general(), (*rs)->fecha(2).general(),
-                       (*rs)->texto(3) == u"diferencia" ? QStringLiteral(" (diferencia)")
-                                                        : QString());
+    partes << u"leído el %1, ventas del %2 al %3%4"_s.arg(
+        (*rs)->nulo(0) ? u"?"_s : (*rs)->fecha(0).general(), (*rs)->fecha(1).general(),
+        (*rs)->fecha(2).general(),
+        (*rs)->texto(3) == u"diferencia"_s ? u" (diferencia)"_s : QString());
     TARVO_INTENTAR((*rs)->MoveNext());
   }
-  return partes.isEmpty() ? QStringLiteral("sin lectura anotada (importado o a mano)")
-                          : partes.join(u"; ");
+  return partes.isEmpty() ? u"sin lectura anotada (importado o a mano)"_s : partes.join(u"; "_s);
 }
 
 Resultado<QString> informeGrupo(dao::Database& db, const Ajustes& a, qint64 link, int grupo,
                                 const QString& nombre) {
-  QString texto = QStringLiteral("Grupo %1 %2\n").arg(grupo, 4, 10, QChar(u'0')).arg(nombre);
+  QString texto = u"Grupo %1 %2\n"_s.arg(grupo, 4, 10, QChar(u'0')).arg(nombre);
   const auto gran = sumaDe(db, kGranTotal, link, grupo);
   if (!gran) return std::unexpected(gran.error());
   for (const ClaseTotal& c : enVigor(a)) {
@@ -77,12 +77,11 @@ Resultado<QString> informeGrupo(dao::Database& db, const Ajustes& a, qint64 link
     const auto origen = origenDe(db, link, grupo, c.numero);
     if (!origen) return std::unexpected(origen.error());
     const bool contra = gran->first > 0 && c.numero != kGranTotal;
-    texto += QStringLiteral("  %1 %2 %3  %4\n")
-                 .arg(nombreDe(c.numero), -22)
+    texto += u"  %1 %2 %3  %4\n"_s.arg(nombreDe(c.numero), -22)
                  .arg(VerImporte(a, suma->second, a.MonedaNativa ? 1 : 0), 14)
-                 .arg(!contra                        ? QStringLiteral("         ")
-                      : suma->second == gran->second ? QStringLiteral("cuadra   ")
-                                                     : QStringLiteral("NO CUADRA"),
+                 .arg(!contra                        ? u"         "_s
+                      : suma->second == gran->second ? u"cuadra   "_s
+                                                     : u"NO CUADRA"_s,
                       *origen);
   }
   return texto;
@@ -121,41 +120,38 @@ Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, int grupo,
     bien = false;
     avisos.push_back(
         {grupo,
-         QStringLiteral("Grupo %1: el Gran Total (%2) no cuadra con la suma por %3 (%4)")
-             .arg(grupo)
-             .arg(VerImporte(ajustes, c.granTotal, moneda), nombreDe(c.clase),
-                  VerImporte(ajustes, c.suma, moneda)),
+         u"Grupo %1: el Gran Total (%2) no cuadra con la suma por %3 (%4)"_s.arg(grupo).arg(
+             VerImporte(ajustes, c.granTotal, moneda), nombreDe(c.clase),
+             VerImporte(ajustes, c.suma, moneda)),
          true});
   }
   if (!bien)
-    TARVO_INTENTAR(
-        db.ejecutar(u"UPDATE Lecturas SET ESTADO=4 WHERE GRUPO=? AND CLASE=?", grupo, kGranTotal));
+    TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET ESTADO=4 WHERE GRUPO=? AND CLASE=?"_s, grupo,
+                               kGranTotal));
   return {};
 }
 
 Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes,
                                  std::optional<qint64> link) {
-  auto rs = link ? db.consultar(
-                       u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA WHERE LINK=?", *link)
-                 : db.consultar(
-                       u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA ORDER BY LINK DESC");
+  auto rs =
+      link ? db.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA WHERE LINK=?"_s,
+                          *link)
+           : db.consultar(
+                 u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA ORDER BY LINK DESC"_s);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof())
-    return fallo(Fallo::NoExiste,
-                 link ? QStringLiteral("No hay ningún periodo con el número %1.").arg(*link)
-                      : QStringLiteral("Todavía no hay ningún periodo memorizado."));
+    return fallo(Fallo::NoExiste, link ? u"No hay ningún periodo con el número %1."_s.arg(*link)
+                                       : u"Todavía no hay ningún periodo memorizado."_s);
   const qint64 numero = (*rs)->entero(0);
-  QString texto =
-      QStringLiteral("Periodo %1: %2 %3\n")
-          .arg(numero)
-          .arg(TextoPeriodo({static_cast<int>((*rs)->entero(1)), (*rs)->fecha(2), (*rs)->fecha(3)}),
-               (*rs)->texto(4));
+  QString texto = u"Periodo %1: %2 %3\n"_s.arg(numero).arg(
+      TextoPeriodo({static_cast<int>((*rs)->entero(1)), (*rs)->fecha(2), (*rs)->fecha(3)}),
+      (*rs)->texto(4));
   QStringList uniones;
   for (const ClaseTotal& c : enVigor(ajustes))
-    uniones << u"SELECT GRUPO FROM " + QString::fromUtf16(c.tabla) + u" WHERE LINK=" +
+    uniones << u"SELECT GRUPO FROM "_s + QString::fromUtf16(c.tabla) + u" WHERE LINK="_s +
                    QString::number(numero);
-  auto grupos = db.consultar(QString(u"SELECT GRUPO, NOMGPO FROM (" + uniones.join(u" UNION ") +
-                                     u") AS g LEFT JOIN GRUPOS ON GRUPO=CODGPO ORDER BY GRUPO"));
+  auto grupos = db.consultar(QString(u"SELECT GRUPO, NOMGPO FROM ("_s + uniones.join(u" UNION "_s) +
+                                     u") AS g LEFT JOIN GRUPOS ON GRUPO=CODGPO ORDER BY GRUPO"_s));
   if (!grupos) return std::unexpected(grupos.error());
   for (; !(*grupos)->Eof();) {
     const auto parte = informeGrupo(db, ajustes, numero, static_cast<int>((*grupos)->entero(0)),

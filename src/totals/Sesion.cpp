@@ -4,11 +4,13 @@
 
 namespace tarvo::totals {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString kClaveEstado = QStringLiteral("SesionAbier");
-const QString kClaveHasta = QStringLiteral("SesionHasta");
-const QString kClaveCero = QStringLiteral("SesionACero");
+const QString kClaveEstado = u"SesionAbier"_s;
+const QString kClaveHasta = u"SesionHasta"_s;
+const QString kClaveCero = u"SesionACero"_s;
 
 }  // namespace
 
@@ -62,9 +64,10 @@ Resultado<bool> Sesion::AbrirSesion() {
   auto tr = dao::Transaccion::empezar(db_);
   if (!tr) return std::unexpected(tr.error());
   QStringList campos;
-  for (const ClaseTotal& c : enVigor(ajustes_)) campos << QString::fromUtf16(c.sesion) + u"=FALSE";
+  for (const ClaseTotal& c : enVigor(ajustes_))
+    campos << QString::fromUtf16(c.sesion) + u"=FALSE"_s;
   const auto abrir = [&]() -> Resultado<> {
-    TARVO_INTENTAR(db_.ejecutar(QString(u"UPDATE Sesiones SET " + campos.join(u", "))));
+    TARVO_INTENTAR(db_.ejecutar(QString(u"UPDATE Sesiones SET "_s + campos.join(u", "_s))));
     d->hasta = d->aCero = reloj_.ahora();
     TARVO_INTENTAR(ponerEstado(1));
     return tr->confirmar();
@@ -87,17 +90,17 @@ Resultado<bool> Sesion::PuedeRecibir(int grupo, int numero) {
   const ClaseTotal* c = clase(numero);
   if (!c) return true;
   const auto rs =
-      db_.consultar(QString(u"SELECT PZERO, " + QString::fromUtf16(c->hasta) + u", " +
-                            QString::fromUtf16(c->sesion) + u" FROM Sesiones WHERE CODGPO=?"),
+      db_.consultar(QString(u"SELECT PZERO, "_s + QString::fromUtf16(c->hasta) + u", "_s +
+                            QString::fromUtf16(c->sesion) + u" FROM Sesiones WHERE CODGPO=?"_s),
                     grupo);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof() || d->abierta == 0 || !(*rs)->logico(2)) return true;
   // A zeroing that was begun behind this reading and never confirmed may have happened: the reading
   // is all that is left of those sales.
   const auto dudosa = db_.uno(
-      u"SELECT count(*) FROM Ceros, Lecturas WHERE Ceros.GRUPO=? AND Lecturas.GRUPO=Ceros.GRUPO "
-      u"AND "
-      u"Lecturas.CLASE=? AND SEC_INTENCION>SEC AND SEC_HECHO<SEC_INTENCION",
+      u"SELECT count(*) FROM Ceros, Lecturas WHERE Ceros.GRUPO=? AND Lecturas.GRUPO=Ceros.GRUPO "_s
+      u"AND "_s
+      u"Lecturas.CLASE=? AND SEC_INTENCION>SEC AND SEC_HECHO<SEC_INTENCION"_s,
       grupo, numero);
   if (!dudosa) return std::unexpected(dudosa.error());
   if (dudosa->entero() > 0) return false;
