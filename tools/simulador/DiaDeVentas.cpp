@@ -16,6 +16,15 @@ qint64 porPeso(qint64 precio, qint64 gramos, qint64 base) {
   return (precio * gramos + base / 2) / base;
 }
 
+// A position that somebody holds.
+int posicionAlAzar(const std::vector<int>& operadores, Azar& azar) {
+  std::vector<int> ocupadas;
+  for (std::size_t i = 0; i < operadores.size(); ++i)
+    if (operadores[i] > 0) ocupadas.push_back(static_cast<int>(i) + 1);
+  if (ocupadas.empty()) return 1;
+  return ocupadas[static_cast<std::size_t>(azar.entero(0, static_cast<int>(ocupadas.size()) - 1))];
+}
+
 Venta devolucion(const Venta& venta) {
   Venta vuelta = venta;
   vuelta.importe = -venta.importe;
@@ -33,8 +42,7 @@ Venta ventaAlAzar(const Memoria& memoria, Azar& azar, double descuentos) {
   Venta venta;
   venta.articulo = articulo.codigo;
   venta.departamento = std::max(1, articulo.departamento);
-  venta.operador =
-      memoria.operadores.empty() ? 1 : azar.entero(1, static_cast<int>(memoria.operadores.size()));
+  venta.operador = posicionAlAzar(memoria.operadores, azar);
   const qint64 precio = articulo.precio > 0 ? articulo.precio : 100;
   if (articulo.unidad == 2) {
     venta.cuenta = azar.entero(1, 4);
