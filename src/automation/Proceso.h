@@ -1,4 +1,5 @@
-// The process language: a step and its text, a file of steps and its timetable. Grammar: docs/formatos.md.
+// The process language: a step and its text, a file of steps and its timetable. Grammar:
+// docs/formatos.md.
 #pragma once
 
 #include <QString>
@@ -12,7 +13,14 @@
 
 namespace tarvo::automation {
 
-enum ClasePaso : int { kTarea = 1, kSesion = 2, kControl = 3, kPeriodos = 4, kExportar = 5, kNoper = 6 };
+enum ClasePaso : int {
+  kTarea = 1,
+  kSesion = 2,
+  kControl = 3,
+  kPeriodos = 4,
+  kExportar = 5,
+  kNoper = 6
+};
 
 // The triple of P "CREAR".
 struct Intervalo {
@@ -33,9 +41,9 @@ struct PasoProceso {
 
 // An activation line of a timetable.
 struct LineaActivacion {
-  Fecha hora;                   // time of day
-  std::array<bool, 7> dias{};   // Monday first
-  QString nombre;               // "@" for the process held in the same file
+  Fecha hora;                  // time of day
+  std::array<bool, 7> dias{};  // Monday first
+  QString nombre;              // "@" for the process held in the same file
   bool operator==(const LineaActivacion&) const = default;
 };
 
@@ -47,7 +55,8 @@ struct FicheroProceso {
 class Lenguaje {
  public:
   Lenguaje(const motor::RegistroTareas& registro, const Ajustes& ajustes);
-  // A blank line gives a blank step; a line of no class gives nothing; a line that can't be read is an error.
+  // A blank line gives a blank step; a line of no class gives nothing; a line that can't be read is
+  // an error.
   Resultado<std::optional<PasoProceso>> LeerPaso(QStringView linea) const;
   QString EscribirPaso(const PasoProceso& paso) const;
   // Text of a whole file. Errors name the line.
