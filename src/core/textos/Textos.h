@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QStringView>
+#include <optional>
 #include <unordered_map>
 
 #include "core/dao/Database.h"
