@@ -1,5 +1,5 @@
-// The runner of a process: steps through a list on a 500 ms tick, drives engine, session, periods and export, writes the
-// trace, keeps on disk how far it got. Phases and rules: docs/procesos.md.
+// The runner of a process: steps through a list on a 500 ms tick, drives engine, session, periods
+// and export, writes the trace, keeps on disk how far it got. Phases and rules: docs/procesos.md.
 #pragma once
 
 #include <functional>
@@ -19,7 +19,8 @@ class Preguntas {
   virtual ~Preguntas() = default;
   virtual std::optional<qint64> PromptNum(const QString& nombre, const QString& pregunta) = 0;
   virtual std::optional<QString> PromptStr(const QString& nombre, const QString& pregunta) = 0;
-  virtual std::optional<std::pair<Fecha, Fecha>> PromptFch(const QString& nombre, const QString& pregunta) = 0;
+  virtual std::optional<std::pair<Fecha, Fecha>> PromptFch(const QString& nombre,
+                                                           const QString& pregunta) = 0;
 };
 
 enum class ResultadoProceso : int { Bien = 0, Problemas = 1, Abortado = 2 };
@@ -48,13 +49,14 @@ class Automat final : private motor::Vigilante {
   // Nobody is there: failures are dropped as in a delayed run.
   bool desatendido = false;
 
-  // PROCESO: loads a list and starts it. `traza` empty: a direct run, whose trace is HomeDir/nombre.TZA; otherwise a
-  // delayed one, whose trace is `traza` with the extension .TZC. A run of the same process that was cut off is gone on with.
+  // PROCESO: loads a list and starts it. `traza` empty: a direct run, whose trace is
+  // HomeDir/nombre.TZA; otherwise a delayed one, whose trace is `traza` with the extension .TZC. A
+  // run of the same process that was cut off is gone on with.
   void PROCESO(std::vector<PasoProceso> pasos, const QString& traza, const QString& nombre);
-  void ejecutar();   // run button
-  void retener();    // pause button
-  void paso();       // step button
-  void abortar();    // stop, once confirmed
+  void ejecutar();  // run button
+  void retener();   // pause button
+  void paso();      // step button
+  void abortar();   // stop, once confirmed
   int fase() const;
   ResultadoProceso resultado() const;
   int pasoActual() const;

@@ -1,5 +1,5 @@
-// Delayed activation: a timetable whose lines say at which hour of which days a process runs. One at a time; what comes due
-// meanwhile waits. States of an entry: docs/procesos.md.
+// Delayed activation: a timetable whose lines say at which hour of which days a process runs. One
+// at a time; what comes due meanwhile waits. States of an entry: docs/procesos.md.
 #pragma once
 
 #include <memory>
@@ -8,7 +8,14 @@
 
 namespace tarvo::automation {
 
-enum class EstadoEntrada : int { Espera = 0, Vencida = 1, Iniciada = 2, Bien = 3, Mal = 4, Inutil = 5 };
+enum class EstadoEntrada : int {
+  Espera = 0,
+  Vencida = 1,
+  Iniciada = 2,
+  Bien = 3,
+  Mal = 4,
+  Inutil = 5
+};
 
 struct Entrada {
   LineaActivacion linea;
@@ -30,7 +37,8 @@ class Cronos {
   const std::vector<Entrada>& entradas() const;
   int siguiente() const;  // index of the entry that comes next, -1 with none
   bool hayProcesoEnMarcha() const;
-  std::function<void(const QString&)> alAvisar;  // a sentence for whoever watches (an unusable process...)
+  std::function<void(const QString&)>
+      alAvisar;  // a sentence for whoever watches (an unusable process...)
   void parar();
 
  private:

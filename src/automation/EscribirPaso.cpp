@@ -14,7 +14,9 @@ QString sinCortes(QString texto) {
   return texto;
 }
 
-QString fechaEscrita(Fecha f) { return f == f.dia() ? f.corta() : f.general(); }
+QString fechaEscrita(Fecha f) {
+  return f == f.dia() ? f.corta() : f.general();
+}
 
 QString conAncho(const Casilla& c, int ancho) {
   if (const auto* n = std::get_if<qint64>(&c)) return Ceros(*n, ancho);
@@ -35,13 +37,20 @@ class Escritor {
 
   QString linea() const {
     switch (p_.clase()) {
-      case kTarea: return u"T:" + tarea();
-      case kSesion: return u"S:" + verbo() + (p_.verbo() == kCerrar ? cerrar() : QString());
-      case kControl: return u"C:" + verbo() + u", " + conAncho(p_.c[2], 1) + u", " + siNoDe(3);
-      case kPeriodos: return u"P:" + verbo() + periodos();
-      case kExportar: return u"E:" + verbo() + (p_.verbo() == kTotaliza ? totaliza() : QString());
-      case kNoper: return u"N:" + p_.texto(1);
-      default: return {};
+      case kTarea:
+        return u"T:" + tarea();
+      case kSesion:
+        return u"S:" + verbo() + (p_.verbo() == kCerrar ? cerrar() : QString());
+      case kControl:
+        return u"C:" + verbo() + u", " + conAncho(p_.c[2], 1) + u", " + siNoDe(3);
+      case kPeriodos:
+        return u"P:" + verbo() + periodos();
+      case kExportar:
+        return u"E:" + verbo() + (p_.verbo() == kTotaliza ? totaliza() : QString());
+      case kNoper:
+        return u"N:" + p_.texto(1);
+      default:
+        return {};
     }
   }
 
@@ -56,7 +65,8 @@ class Escritor {
 
   QString tarea() const {
     const auto* clase = registro_.porNumero(p_.verbo());
-    const QString cabeza = (clase ? QString::fromUtf16(clase->clave) : QString()) + u',' + conAncho(p_.c[2], 4);
+    const QString cabeza =
+        (clase ? QString::fromUtf16(clase->clave) : QString()) + u',' + conAncho(p_.c[2], 4);
     if (llevaInforme(p_.verbo())) return cabeza + u", " + siNoDe(3);
     if (!llevaRango(p_.verbo())) return cabeza;
     return cabeza + u", " + siNoDe(3) + u", " + conAncho(p_.c[4], 7) + u", " + conAncho(p_.c[5], 7);
@@ -68,13 +78,17 @@ class Escritor {
 
   QString periodos() const {
     switch (p_.verbo()) {
-      case kCrear: return crear();
+      case kCrear:
+        return crear();
       case kBorrar:
       case kSeleccionar:
-        return u',' + conAncho(p_.c[2], 1) + u',' + fechaOTexto(p_.c[3]) + u',' + fechaOTexto(p_.c[4]);
+        return u',' + conAncho(p_.c[2], 1) + u',' + fechaOTexto(p_.c[3]) + u',' +
+               fechaOTexto(p_.c[4]);
       case kAcumular:
-      case kDesacumular: return u',' + conAncho(p_.c[2], 1);
-      default: return {};
+      case kDesacumular:
+        return u',' + conAncho(p_.c[2], 1);
+      default:
+        return {};
     }
   }
 
@@ -82,7 +96,8 @@ class Escritor {
     const auto* i = std::get_if<Intervalo>(&p_.c[2]);
     const Intervalo iv = i ? *i : Intervalo{};
     const bool libre = iv.tipo == totals::kOtros;  // the others' limits follow from the day
-    return u',' + QString::number(iv.tipo) + u',' + (libre ? fechaEscrita(iv.desde) : iv.desde.corta()) + u',' +
+    return u',' + QString::number(iv.tipo) + u',' +
+           (libre ? fechaEscrita(iv.desde) : iv.desde.corta()) + u',' +
            (libre ? fechaEscrita(iv.hasta) : iv.hasta.corta()) + u',' + sinCortes(p_.texto(3));
   }
 

@@ -17,11 +17,16 @@ constexpr std::array<QStringView, 1> kVerbosExportar{u"TOTALIZA"};
 
 std::span<const QStringView> verbosDe(int clase) {
   switch (clase) {
-    case kSesion: return kVerbosSesion;
-    case kControl: return kVerbosControl;
-    case kPeriodos: return kVerbosPeriodos;
-    case kExportar: return kVerbosExportar;
-    default: return {};
+    case kSesion:
+      return kVerbosSesion;
+    case kControl:
+      return kVerbosControl;
+    case kPeriodos:
+      return kVerbosPeriodos;
+    case kExportar:
+      return kVerbosExportar;
+    default:
+      return {};
   }
 }
 
@@ -31,8 +36,12 @@ int numeroVerbo(int clase, QStringView verbo) {
   return it == verbos.end() ? 0 : static_cast<int>(it - verbos.begin()) + 1;
 }
 
-bool llevaRango(int tarea) { return tarea == 1 || tarea == 11 || tarea == 16; }
-bool llevaInforme(int tarea) { return tarea == 6; }
+bool llevaRango(int tarea) {
+  return tarea == 1 || tarea == 11 || tarea == 16;
+}
+bool llevaInforme(int tarea) {
+  return tarea == 6;
+}
 
 QStringView cortar(QStringView& resto, QChar corte) {
   const auto en = resto.indexOf(corte);
@@ -47,8 +56,12 @@ QString palabraClase(int clase) {
   return clase > 0 && clase < 7 ? palabras[static_cast<size_t>(clase)].toString() : QString();
 }
 
-int PasoProceso::clase() const { return static_cast<int>(numero(0)); }
-int PasoProceso::verbo() const { return static_cast<int>(numero(1)); }
+int PasoProceso::clase() const {
+  return static_cast<int>(numero(0));
+}
+int PasoProceso::verbo() const {
+  return static_cast<int>(numero(1));
+}
 
 qint64 PasoProceso::numero(int casilla) const {
   const auto* n = std::get_if<qint64>(&c[static_cast<size_t>(casilla)]);

@@ -7,7 +7,9 @@ namespace tarvo::automation {
 
 namespace {
 
-QString citado(QStringView campo) { return u'"' + campo.left(40).toString() + u'"'; }
+QString citado(QStringView campo) {
+  return u'"' + campo.left(40).toString() + u'"';
+}
 
 // Takes field by field. The first fault stays, and the fields behind it are read in vain.
 class Campos {
@@ -121,8 +123,11 @@ void leerPeriodos(Campos& f, int verbo, PasoProceso& p) {
       p.c[4] = f.fechaOTexto();
       break;
     case kAcumular:
-    case kDesacumular: p.c[2] = f.clasePeriodo(); break;
-    default: break;
+    case kDesacumular:
+      p.c[2] = f.clasePeriodo();
+      break;
+    default:
+      break;
   }
 }
 
@@ -137,7 +142,8 @@ int claseDe(QStringView palabra) {
   return palabra.isEmpty() ? 0 : static_cast<int>(letras.indexOf(palabra.front())) + 1;
 }
 
-// The verb of a class whose verbs are words. Only periods and exports keep an unknown one, as a step that does nothing.
+// The verb of a class whose verbs are words. Only periods and exports keep an unknown one, as a
+// step that does nothing.
 int leerVerbo(Campos& f, int clase, PasoProceso& p) {
   const auto palabra = f.campo();
   const int verbo = numeroVerbo(clase, palabra);

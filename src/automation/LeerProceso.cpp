@@ -81,15 +81,21 @@ class LectorFichero {
 
   Resultado<FicheroProceso> acabar() {
     if (zona_ == Zona::EnBatch && !f_.pasos.empty())
-      return fallo(Fallo::Formato, QStringLiteral("Falta la línea \"@FINAL BATCH\" al final del proceso."));
+      return fallo(Fallo::Formato,
+                   QStringLiteral("Falta la línea \"@FINAL BATCH\" al final del proceso."));
     return std::move(f_);
   }
 
  private:
   Resultado<> marca(bool inicio) {
-    if (inicio && zona_ == Zona::Comienzo) zona_ = Zona::EnBatch;
-    else if (!inicio && zona_ == Zona::EnBatch) zona_ = Zona::Acabado;
-    else return fallo(Fallo::Formato, QStringLiteral("\"%1\" está fuera de su sitio").arg(inicio ? kInicioBatch : kFinalBatch));
+    if (inicio && zona_ == Zona::Comienzo)
+      zona_ = Zona::EnBatch;
+    else if (!inicio && zona_ == Zona::EnBatch)
+      zona_ = Zona::Acabado;
+    else
+      return fallo(
+          Fallo::Formato,
+          QStringLiteral("\"%1\" está fuera de su sitio").arg(inicio ? kInicioBatch : kFinalBatch));
     return {};
   }
 
@@ -101,7 +107,8 @@ class LectorFichero {
 
   Resultado<> sinPaso() {
     if (zona_ == Zona::EnBatch)
-      return fallo(Fallo::Formato, QStringLiteral("no empieza por ninguna de las letras T, S, C, P, E ni N"));
+      return fallo(Fallo::Formato,
+                   QStringLiteral("no empieza por ninguna de las letras T, S, C, P, E ni N"));
     if (zona_ == Zona::EnLlano) zona_ = Zona::Acabado;
     return {};
   }
@@ -133,7 +140,8 @@ std::optional<LineaActivacion> Lenguaje::leerActivacion(QStringView linea) const
   return activacionDe(linea, a_.EsEspanol(), siNoEnCapitales);
 }
 
-Resultado<std::vector<LineaActivacion>> Lenguaje::leerCro(const QString& texto, bool proceso) const {
+Resultado<std::vector<LineaActivacion>> Lenguaje::leerCro(const QString& texto,
+                                                          bool proceso) const {
   std::vector<LineaActivacion> entradas;
   bool enBloque = false;
   const auto lineas = lineasDe(texto);
@@ -147,7 +155,8 @@ Resultado<std::vector<LineaActivacion>> Lenguaje::leerCro(const QString& texto, 
     } else if (!l.isEmpty()) {
       auto entrada = leerActivacion(l);
       if (!entrada)
-        return falloEnLinea(i, QStringLiteral("no es una hora, siete días y el nombre de un proceso"));
+        return falloEnLinea(i,
+                            QStringLiteral("no es una hora, siete días y el nombre de un proceso"));
       entradas.push_back(std::move(*entrada));
     }
   }

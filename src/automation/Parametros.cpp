@@ -16,7 +16,8 @@ int casillaDeTexto(const PasoProceso& p) {
 }
 
 void cambiarEnTexto(PasoProceso& p, int casilla, const QString& nombre, const QString& valor) {
-  if (auto* t = std::get_if<QString>(&p.c[static_cast<size_t>(casilla)])) CambiaTexto(nombre, valor, *t);
+  if (auto* t = std::get_if<QString>(&p.c[static_cast<size_t>(casilla)]))
+    CambiaTexto(nombre, valor, *t);
 }
 
 void rellenarNumero(PasoProceso& p, const QString& nombre, qint64 n) {
@@ -51,7 +52,8 @@ std::optional<Respuesta> deJson(const QJsonObject& o) {
   if (v.isString()) return Respuesta{nombre, v.toString()};
   const QJsonArray par = v.toArray();
   if (par.size() != 2) return std::nullopt;
-  return Respuesta{nombre, std::pair(Fecha::deDias(par[0].toDouble()), Fecha::deDias(par[1].toDouble()))};
+  return Respuesta{nombre,
+                   std::pair(Fecha::deDias(par[0].toDouble()), Fecha::deDias(par[1].toDouble()))};
 }
 
 }  // namespace
@@ -65,15 +67,19 @@ std::optional<Parametro> parametroDe(const PasoProceso& paso) {
 
 void rellenar(std::vector<PasoProceso>& pasos, const Respuesta& respuesta) {
   for (auto& p : pasos) {
-    if (const auto* n = std::get_if<qint64>(&respuesta.valor)) rellenarNumero(p, respuesta.nombre, *n);
-    else if (const auto* t = std::get_if<QString>(&respuesta.valor)) rellenarTexto(p, respuesta.nombre, *t);
-    else rellenarFechas(p, respuesta.nombre, std::get<2>(respuesta.valor));
+    if (const auto* n = std::get_if<qint64>(&respuesta.valor))
+      rellenarNumero(p, respuesta.nombre, *n);
+    else if (const auto* t = std::get_if<QString>(&respuesta.valor))
+      rellenarTexto(p, respuesta.nombre, *t);
+    else
+      rellenarFechas(p, respuesta.nombre, std::get<2>(respuesta.valor));
   }
 }
 
 QString guardarRespuestas(const std::vector<Respuesta>& respuestas) {
   QJsonArray a;
-  for (const auto& r : respuestas) a.append(QJsonObject{{u"nombre", r.nombre}, {u"valor", aJson(r)}});
+  for (const auto& r : respuestas)
+    a.append(QJsonObject{{u"nombre", r.nombre}, {u"valor", aJson(r)}});
   return QString::fromUtf8(QJsonDocument(a).toJson(QJsonDocument::Compact));
 }
 
@@ -82,7 +88,10 @@ Resultado<std::vector<Respuesta>> recordarRespuestas(const QString& texto) {
   const auto a = QJsonDocument::fromJson(texto.toUtf8()).array();
   for (const QJsonValue v : a) {
     auto r = deJson(v.toObject());
-    if (!r) return fallo(Fallo::Formato, QStringLiteral("Los parámetros guardados de la ejecución interrumpida no se entienden."));
+    if (!r)
+      return fallo(
+          Fallo::Formato,
+          QStringLiteral("Los parámetros guardados de la ejecución interrumpida no se entienden."));
     respuestas.push_back(std::move(*r));
   }
   return respuestas;

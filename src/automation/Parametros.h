@@ -1,5 +1,6 @@
-// Parameter steps: "%x,prompt", "$x,prompt" and "#x,prompt" in a comment step ask for a value, which is put wherever
-// the list names it. Pure functions on the list, and the text in which answers are kept for a run that goes on later.
+// Parameter steps: "%x,prompt", "$x,prompt" and "#x,prompt" in a comment step ask for a value,
+// which is put wherever the list names it. Pure functions on the list, and the text in which
+// answers are kept for a run that goes on later.
 #pragma once
 
 #include <QJsonArray>
@@ -12,7 +13,7 @@
 namespace tarvo::automation {
 
 struct Parametro {
-  QString nombre;    // two characters, the first of them "%", "$" or "#"
+  QString nombre;  // two characters, the first of them "%", "$" or "#"
   QString pregunta;
 };
 

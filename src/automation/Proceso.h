@@ -1,4 +1,5 @@
-// The process language: a step and its text, a file of steps and its timetable. Grammar: docs/formatos.md.
+// The process language: a step and its text, a file of steps and its timetable. Grammar:
+// docs/formatos.md.
 #pragma once
 
 #include <QString>
@@ -13,7 +14,14 @@
 
 namespace tarvo::automation {
 
-enum ClasePaso : int { kTarea = 1, kSesion = 2, kControl = 3, kPeriodos = 4, kExportar = 5, kNoper = 6 };
+enum ClasePaso : int {
+  kTarea = 1,
+  kSesion = 2,
+  kControl = 3,
+  kPeriodos = 4,
+  kExportar = 5,
+  kNoper = 6
+};
 enum VerboSesion : int { kAbrir = 1, kOlvidar = 2, kCerrar = 3 };
 enum VerboControl : int { kEspera = 1 };
 enum VerboPeriodos : int {
@@ -52,9 +60,9 @@ struct PasoProceso {
 
 // An activation line of a timetable.
 struct LineaActivacion {
-  Fecha hora;                   // time of day
-  std::array<bool, 7> dias{};   // Monday first
-  QString nombre;               // "@" for the process held in the same file
+  Fecha hora;                  // time of day
+  std::array<bool, 7> dias{};  // Monday first
+  QString nombre;              // "@" for the process held in the same file
   bool operator==(const LineaActivacion&) const = default;
 };
 
@@ -69,7 +77,8 @@ QString palabraClase(int clase);
 class Lenguaje {
  public:
   Lenguaje(const motor::RegistroTareas& registro, const Ajustes& ajustes);
-  // A blank line gives a blank step; a line of no class gives nothing; a line that can't be read is an error.
+  // A blank line gives a blank step; a line of no class gives nothing; a line that can't be read is
+  // an error.
   Resultado<std::optional<PasoProceso>> LeerPaso(QStringView linea) const;
   QString EscribirPaso(const PasoProceso& paso) const;
   // Text of a whole file. Errors name the line.
@@ -79,8 +88,8 @@ class Lenguaje {
   // "hh:mm:ss;F,F,F,F,F,F,F;NAME", the words in any case; nothing when any part is bad.
   std::optional<LineaActivacion> leerActivacion(QStringView linea) const;
   QString escribirActivacion(const LineaActivacion& l) const;
-  // A .CRO file: its entries; a block of steps is passed over. The first bad line is an error that names it. With
-  // `proceso` the text is a process file: nothing counts behind its block.
+  // A .CRO file: its entries; a block of steps is passed over. The first bad line is an error that
+  // names it. With `proceso` the text is a process file: nothing counts behind its block.
   Resultado<std::vector<LineaActivacion>> leerCro(const QString& texto, bool proceso = false) const;
 
  private:
@@ -88,7 +97,8 @@ class Lenguaje {
   const Ajustes& a_;
 };
 
-// Reads a text file of the domain: Windows-1252, or UTF-8 with its mark. Above 4 MiB, or with a NUL in it, it is no text.
+// Reads a text file of the domain: Windows-1252, or UTF-8 with its mark. Above 4 MiB, or with a NUL
+// in it, it is no text.
 Resultado<QString> leerTexto(const QString& ruta);
 
 }  // namespace tarvo::automation

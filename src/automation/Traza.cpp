@@ -17,7 +17,8 @@ QString conExtension(QString fichero, QStringView extension) {
 
 bool anadir(const QString& ruta, const QByteArray& bytes) {
   QFile f(ruta);
-  return f.open(QIODevice::WriteOnly | QIODevice::Append) && f.write(bytes) == bytes.size() && f.flush();
+  return f.open(QIODevice::WriteOnly | QIODevice::Append) && f.write(bytes) == bytes.size() &&
+         f.flush();
 }
 
 }  // namespace
@@ -37,7 +38,9 @@ bool Traza::escribir(const QStringList& lineas, const std::function<void(const Q
   }
   if (anadir(ruta_, ficheros::codificar1252(texto))) return true;
   if (!std::exchange(avisado_, true) && salida)
-    salida(QStringLiteral("No se puede escribir la traza en %1: compruebe la carpeta y el espacio libre.").arg(ruta_));
+    salida(QStringLiteral(
+               "No se puede escribir la traza en %1: compruebe la carpeta y el espacio libre.")
+               .arg(ruta_));
   return false;
 }
 

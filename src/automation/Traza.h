@@ -1,5 +1,5 @@
-// The trace of a run: lines for whoever watches, and the same lines behind a file. The file is opened, written and
-// closed at each entry, so that it can be read, copied or deleted meanwhile.
+// The trace of a run: lines for whoever watches, and the same lines behind a file. The file is
+// opened, written and closed at each entry, so that it can be read, copied or deleted meanwhile.
 #pragma once
 
 #include <QStringList>
@@ -11,10 +11,11 @@ namespace tarvo::automation {
 
 class Traza {
  public:
-  // Direct run: HomeDir/NOMBRE.TZA. Delayed one: `traza` with the extension .TZC, the name of the process in front of
-  // each line, in a field of 8.
+  // Direct run: HomeDir/NOMBRE.TZA. Delayed one: `traza` with the extension .TZC, the name of the
+  // process in front of each line, in a field of 8.
   void empezar(const Ajustes& ajustes, const QString& traza, const QString& nombre);
-  // False when the file can't be written, and the lines have gone to `salida` alone; that is told once there.
+  // False when the file can't be written, and the lines have gone to `salida` alone; that is told
+  // once there.
   bool escribir(const QStringList& lineas, const std::function<void(const QString&)>& salida);
   const QString& ruta() const { return ruta_; }
 
