@@ -5,6 +5,8 @@
 
 namespace tarvo::automation {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A free text as a field can hold it: a comma or a line end in it would part the line.
@@ -38,17 +40,17 @@ class Escritor {
   QString linea() const {
     switch (p_.clase()) {
       case kTarea:
-        return u"T:" + tarea();
+        return u"T:"_s + tarea();
       case kSesion:
-        return u"S:" + verbo() + (p_.verbo() == kCerrar ? cerrar() : QString());
+        return u"S:"_s + verbo() + (p_.verbo() == kCerrar ? cerrar() : QString());
       case kControl:
-        return u"C:" + verbo() + u", " + conAncho(p_.c[2], 1) + u", " + siNoDe(3);
+        return u"C:"_s + verbo() + u", "_s + conAncho(p_.c[2], 1) + u", "_s + siNoDe(3);
       case kPeriodos:
-        return u"P:" + verbo() + periodos();
+        return u"P:"_s + verbo() + periodos();
       case kExportar:
-        return u"E:" + verbo() + (p_.verbo() == kTotaliza ? totaliza() : QString());
+        return u"E:"_s + verbo() + (p_.verbo() == kTotaliza ? totaliza() : QString());
       case kNoper:
-        return u"N:" + p_.texto(1);
+        return u"N:"_s + p_.texto(1);
       default:
         return {};
     }
@@ -67,13 +69,13 @@ class Escritor {
     const auto* clase = registro_.porNumero(p_.verbo());
     const QString cabeza =
         (clase ? QString::fromUtf16(clase->clave) : QString()) + u',' + conAncho(p_.c[2], 4);
-    if (llevaInforme(p_.verbo())) return cabeza + u", " + siNoDe(3);
+    if (llevaInforme(p_.verbo())) return cabeza + u", "_s + siNoDe(3);
     if (!llevaRango(p_.verbo())) return cabeza;
-    return cabeza + u", " + siNoDe(3) + u", " + conAncho(p_.c[4], 7) + u", " + conAncho(p_.c[5], 7);
+    return cabeza + u", "_s + siNoDe(3) + u", "_s + conAncho(p_.c[4], 7) + u", "_s + conAncho(p_.c[5], 7);
   }
 
   QString cerrar() const {
-    return u", " + sinCortes(p_.texto(2)) + u", " + siNoDe(3) + u", " + siNoDe(4);
+    return u", "_s + sinCortes(p_.texto(2)) + u", "_s + siNoDe(3) + u", "_s + siNoDe(4);
   }
 
   QString periodos() const {
@@ -102,7 +104,7 @@ class Escritor {
   }
 
   QString totaliza() const {
-    return u", " + siNoDe(2) + u", " + siNoDe(3) + u',' + sinCortes(p_.texto(4));
+    return u", "_s + siNoDe(2) + u", "_s + siNoDe(3) + u',' + sinCortes(p_.texto(4));
   }
 
   const PasoProceso& p_;
@@ -120,11 +122,11 @@ QString Lenguaje::escribir(const FicheroProceso& f) const {
   auto fin = f.pasos.end();
   while (fin != f.pasos.begin() && std::prev(fin)->clase() == 0) --fin;
   QString pasos;
-  for (auto p = f.pasos.begin(); p != fin; ++p) pasos += EscribirPaso(*p) + u"\r\n";
+  for (auto p = f.pasos.begin(); p != fin; ++p) pasos += EscribirPaso(*p) + u"\r\n"_s;
   if (f.activaciones.empty()) return pasos;
   QString cabeza;
-  for (const auto& a : f.activaciones) cabeza += escribirActivacion(a) + u"\r\n";
-  return cabeza + kInicioBatch + u"\r\n" + pasos + kFinalBatch + u"\r\n";
+  for (const auto& a : f.activaciones) cabeza += escribirActivacion(a) + u"\r\n"_s;
+  return cabeza + kInicioBatch.toString() + u"\r\n"_s + pasos + kFinalBatch.toString() + u"\r\n"_s;
 }
 
 QString Lenguaje::escribirActivacion(const LineaActivacion& l) const {

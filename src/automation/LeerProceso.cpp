@@ -133,7 +133,9 @@ Resultado<FicheroProceso> Lenguaje::leer(const QString& texto) const {
 }
 
 Resultado<FicheroProceso> Lenguaje::LeerProceso(const QString& ruta) const {
-  return leerTexto(ruta).and_then([this](const QString& texto) { return leer(texto); });
+  const auto texto = leerTexto(ruta);
+  if (!texto) return std::unexpected(texto.error());
+  return leer(*texto);
 }
 
 std::optional<LineaActivacion> Lenguaje::leerActivacion(QStringView linea) const {

@@ -7,6 +7,8 @@
 
 namespace tarvo::automation {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Steps whose free text may bear names, and the slot that it stands in.
@@ -79,7 +81,7 @@ void rellenar(std::vector<PasoProceso>& pasos, const Respuesta& respuesta) {
 QString guardarRespuestas(const std::vector<Respuesta>& respuestas) {
   QJsonArray a;
   for (const auto& r : respuestas)
-    a.append(QJsonObject{{u"nombre", r.nombre}, {u"valor", aJson(r)}});
+    a.append(QJsonObject{{u"nombre"_s, r.nombre}, {u"valor"_s, aJson(r)}});
   return QString::fromUtf8(QJsonDocument(a).toJson(QJsonDocument::Compact));
 }
 

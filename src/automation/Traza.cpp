@@ -6,9 +6,11 @@
 
 namespace tarvo::automation {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-QString conExtension(QString fichero, QStringView extension) {
+QString conExtension(QString fichero, const QString& extension) {
   const auto punto = fichero.lastIndexOf(u'.');
   const auto carpeta = std::max(fichero.lastIndexOf(u'\\'), fichero.lastIndexOf(u'/'));
   if (punto > carpeta) fichero.truncate(punto);
@@ -24,7 +26,7 @@ bool anadir(const QString& ruta, const QByteArray& bytes) {
 }  // namespace
 
 void Traza::empezar(const Ajustes& ajustes, const QString& traza, const QString& nombre) {
-  const QString fichero = traza.isEmpty() ? nombre + u".TZA" : conExtension(traza, u".TZC");
+  const QString fichero = traza.isEmpty() ? nombre + u".TZA"_s : conExtension(traza, u".TZC"_s);
   ruta_ = Ajustes::ruta(fichero, ajustes.HomeDir);
   campo_ = traza.isEmpty() ? QString() : (nombre + u':').leftJustified(8, u' ');
   avisado_ = false;
@@ -34,7 +36,7 @@ bool Traza::escribir(const QStringList& lineas, const std::function<void(const Q
   QString texto;
   for (const auto& l : lineas) {
     if (salida) salida(campo_ + l);
-    texto += campo_ + l + u"\r\n";
+    texto += campo_ + l + u"\r\n"_s;
   }
   if (anadir(ruta_, ficheros::codificar1252(texto))) return true;
   if (!std::exchange(avisado_, true) && salida)
