@@ -173,8 +173,8 @@ void Automat::Interior::informarTarea(int clase, int grupo, int error, int estad
                                       QStringView fin) {
   cabeceraUnaVez();
   const auto* c = t.registro.porNumero(clase);
-  const QString tarea =
-      u"   "_s + (c ? QString::fromUtf16(c->nombre) : QString()) + u":G"_s + Ceros(grupo, 4) + u"  "_s;
+  const QString tarea = u"   "_s + (c ? QString::fromUtf16(c->nombre) : QString()) + u":G"_s +
+                        Ceros(grupo, 4) + u"  "_s;
   QStringList informe{tarea + u'E' + Ceros(error, 2) + u"  C"_s + Ceros(codigo, 9) + u"  ["_s +
                       motor::TextoEstado(estado) + u']'};
   const auto textos = motor::textosError(error);

@@ -71,7 +71,8 @@ class Escritor {
         (clase ? QString::fromUtf16(clase->clave) : QString()) + u',' + conAncho(p_.c[2], 4);
     if (llevaInforme(p_.verbo())) return cabeza + u", "_s + siNoDe(3);
     if (!llevaRango(p_.verbo())) return cabeza;
-    return cabeza + u", "_s + siNoDe(3) + u", "_s + conAncho(p_.c[4], 7) + u", "_s + conAncho(p_.c[5], 7);
+    return cabeza + u", "_s + siNoDe(3) + u", "_s + conAncho(p_.c[4], 7) + u", "_s +
+           conAncho(p_.c[5], 7);
   }
 
   QString cerrar() const {
