@@ -4,7 +4,8 @@
 // savepoint of the caller's.
 #pragma once
 
-#include <memory>
+#include <array>
+#include <optional>
 #include <vector>
 
 #include "core/dao/Database.h"
@@ -62,8 +63,8 @@ class Almacenes {
   // Takes the article totals of a period off stock `veces` times (negative: puts them back) and
   // adds veces to its stkADO. False when the period is not stockable or not there.
   Resultado<bool> DescontarVenta(qint64 link, int veces);
-  // The same move for totals rows that no period holds any more: a query giving GRUPO, CODI, CON,
-  // PES. No mark is touched.
+  // The same move for totals rows that no period holds any more: a query giving GRUPO, CODI, CON, PES. No mark is
+  // touched. Totals of a group without a warehouse, and of articles that are no more, have no stock to move.
   Resultado<> descontarFilas(const QString& consulta, int veces);
   Resultado<std::optional<int>> CodigoAlmacen(const QString& nombre);
 

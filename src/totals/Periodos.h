@@ -33,15 +33,18 @@ class Periodos {
   Resultado<qint64> CrearPeriodo(int tipo, Fecha desde, Fecha hasta, bool stockable,
                                  const QString& descr);
   Resultado<std::optional<Columna>> BuscarPeriodo(int tipo, Fecha desde, Fecha hasta);
-  // The period and its rows; with a kind of 1 or more only the rows of that kind go.
+  // The period and its rows. With a kind of 1 or more only the rows of that kind go, and the period stays.
   Resultado<> BorrarPeriodo(qint64 link, int clase = 0);
+  // All rows of the period go; the period stays, with its marks.
+  Resultado<> VaciarPeriodo(qint64 link);
   Resultado<bool> BorrarPorFechas(int tipo, Fecha desde, Fecha hasta);
   // Adds (signo 1) or subtracts (signo -1) all rows of `origen` to those of `destino`, kind by
   // kind.
   Resultado<> SumarPeriodo(qint64 destino, qint64 origen, int signo = 1);
-  // False when the period lies across two targets or is of the target's own kind; nothing changes
-  // then.
+  // The larger period is made when it isn't there. False when the period lies across two of them or is of their own
+  // kind; nothing changes then. What an earlier version left there is taken out first (saldarAcumulado).
   Resultado<bool> AcumularPeriodo(int tipo, const Columna& origen);
+  // Only where the mark of `origen` is set; false else.
   Resultado<bool> DesacumularPeriodo(int tipo, const Columna& origen);
   // Take a period out of the larger ones and put its sales back in stock, to change its rows; then
   // put it back.
@@ -63,6 +66,21 @@ class Periodos {
   Resultado<> saldarStock(const Columna& nueva);
 
  private:
+  struct Sustituido {
+    qint64 ID = 0;
+    Periodo periodo;
+    int stkADO = 0;
+  };
+  Resultado<> borrarFilas(qint64 link, int clase);
+  Resultado<std::optional<qint64>> destinoDe(int tipo, const Periodo& origen);
+  Resultado<bool> moverAcumulado(int tipo, const Columna& origen, int signo);
+  Resultado<> recordar(const Columna& vieja);
+  Resultado<std::vector<Sustituido>> sustituidos(const Periodo& p, const QString& marca);
+  Resultado<> sacarSustituido(const Sustituido& s, int tipo);
+  // A larger period goes: it holds nothing of any version any more.
+  Resultado<> olvidarSustituidosEn(const Periodo& mayor);
+  Resultado<> limpiarSustituidos();
+
   dao::Database& db_;
   const Ajustes& a_;
   stock::Almacenes& almacenes_;
