@@ -1,5 +1,6 @@
-// The settings of TARVO.INI: read once at the start, held in memory, written whole at the end of a run and
-// whenever a window or the session changes one. Keys, defaults and syntax: docs/formatos.md.
+// The settings of TARVO.INI: read once at the start, held in memory, written whole at the end of a
+// run and whenever a window or the session changes one. Keys, defaults and syntax:
+// docs/formatos.md.
 #pragma once
 
 #include <QString>
@@ -39,18 +40,24 @@ struct LimitesClases {
 
 class Ajustes {
  public:
-  // Defaults for a program folder (an absolute path) and a language.
-  Ajustes(QString carpeta, Idioma idioma);
+  // CargaDefectos: the defaults for a program folder (an absolute path) and a language. SesionHasta
+  // and SesionACero begin at `ahora`.
+  Ajustes(QString carpeta, Idioma idioma, Fecha ahora = {});
 
-  // CargaDefectos + LeerConfig: a missing file leaves the defaults, with no error. An unreadable file (no rights)
-  // leaves them too, and the error is returned for the caller to say.
+  // Reads the file over what is held. A missing file changes nothing, with no error. An unreadable
+  // one (no rights, a folder, megabytes) changes nothing either, and the error is returned for the
+  // caller to say.
   Resultado<> LeerConfig();
   // Writes the file whole beside its place and renames it.
   Resultado<> GuardarConfig() const;
   QString rutaConfig() const;
+  // The same on a text: LeerConfig and GuardarConfig without the file.
+  void leer(const QString& texto);
+  QString escribir() const;
 
-  // The name of a file as a setting or a process gives it ("\" and "/" part folders, case ignored) as a path of
-  // this system: relative names stand in `base`; an existing file is found without regard to case.
+  // The name of a file as a setting or a process gives it ("\" and "/" part folders, case ignored)
+  // as a path of this system: relative names stand in `base`; an existing file is found without
+  // regard to case, the exact name first. What isn't there keeps the case that it was given.
   static QString ruta(const QString& nombre, const QString& base);
 
   bool EsEspanol() const { return idioma == Idioma::Espanol; }
@@ -60,11 +67,19 @@ class Ajustes {
   const Idioma idioma;
   const LimitesClases clases;
 
+  // Absolute paths of this system once read; CopiaSeguridad may be empty.
   QString HomeDir, BaseDatos, CopiaSeguridad;
   int WhoAmI = 0;
-  int TimeOut = 10000, TimeCero = 150000, IntentosManual = 0, TimeACK = 2000, FactorEsperaNDL = 2000;
+  int TimeOut = 10000, TimeCero = 150000, IntentosManual = 0, TimeACK = 2000,
+      FactorEsperaNDL = 2000;
   // CalculoPrecios: two or four values.
-  struct CalculoPrecios { bool a = false; int b = 0; bool conSegundo = false; bool c = false; int d = 0; } calculoPrecios;
+  struct CalculoPrecios {
+    bool a = false;
+    int b = 0;
+    bool conSegundo = false;
+    bool c = false;
+    int d = 0;
+  } calculoPrecios;
   std::array<ParamCanal, 4> canales;
   int SesionAbier = 0;
   Fecha SesionHasta, SesionACero;
@@ -74,23 +89,32 @@ class Ajustes {
   int MonedaNativa = 1, MonedaPreferente = 1;
   std::array<QString, 2> MonedaLogo;
   float Euro = 0;
-  int decimalesLocal = 0;               // by language, not stored
+  int decimalesLocal = 0;                // by language, not stored
   std::array<bool, 7> FestivoSemanal{};  // index 0 Monday to 6 Sunday
   int NumeroPedido = 0, NumeroInventario = 0;
   std::array<int, 2> EnviarCambios{1, 1}, OpcionesStockCompras{0, 0};
   int ModoIntroRapido = 2;
-  QString ParrillaRapida;               // as it stands
-  std::array<QString, 41> TextoEtiquetas;  // 1 to 40; 1 to 20 are fixed
+  QString ParrillaRapida =
+      QStringLiteral("1,1,2,1,1,0,0,0,0,0,0,0,0,0,0,0,-1,,,,,");  // as it stands
+  std::array<QString, 41> TextoEtiquetas;  // 1 to 40; 1 to 20 are fixed, see fijarTextosEtiquetas
   QString PrefijoCodigos;
   int NumPreciosAlta = 3, NumTarifasAlta = 8;
-  struct Personal { QString titulo, proceso; };
+  struct Personal {
+    QString titulo, proceso;
+  };
   std::vector<Personal> personal;
   // Our own: another device for a serial port, by port number.
   std::map<int, QString> RutaPuerto;
 
-  // CONECTORES.INI: what a connector name stands for ("tcp:host:port", "serie:dev,9600,O,7,1", "local:/path"), or
-  // empty when there is no such name. Read afresh at each call.
+  // CONECTORES.INI: what a connector name stands for ("tcp:host:port", "serie:dev,9600,O,7,1",
+  // "local:/path"), or empty when there is no such name. Read afresh at each call.
   QString conector(const QString& nombre) const;
+
+ private:
+  void fijarTextosEtiquetas();  // slots 1 to 20, which follow MonedaNativa
 };
+
+// The same on a text of such a file.
+QString buscarConector(const QString& texto, const QString& nombre);
 
 }  // namespace tarvo

@@ -1,0 +1,89 @@
+// The runner of a process: steps through a list on a 500 ms tick, drives engine, session, periods
+// and export, writes the trace, keeps on disk how far it got. Phases and rules: docs/procesos.md.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "automation/Proceso.h"
+#include "comm/motor/gestcomm.h"
+#include "totals/CerrSes.h"
+#include "totals/VerTot.h"
+#include "totals/XporTot.h"
+
+namespace tarvo::automation {
+
+// Answers parameter steps. The unattended one looks them up among --dato; a window asks.
+class Preguntas {
+ public:
+  virtual ~Preguntas() = default;
+  virtual std::optional<qint64> PromptNum(const QString& nombre, const QString& pregunta) = 0;
+  virtual std::optional<QString> PromptStr(const QString& nombre, const QString& pregunta) = 0;
+  virtual std::optional<std::pair<Fecha, Fecha>> PromptFch(const QString& nombre,
+                                                           const QString& pregunta) = 0;
+};
+
+enum class ResultadoProceso : int { Bien = 0, Problemas = 1, Abortado = 2 };
+
+enum FaseProceso : int {
+  kCargado = 0,
+  kEjecutando = 1,
+  kPasoAPaso = 2,
+  kDetenidoEnPaso = 3,
+  kConfirmando = 4,
+  kAbortando = 5,
+  kAbortado = 6,
+  kAcabando = 7,
+  kAcabado = 8,
+};
+
+// What the runner works on; owned by Aplicacion.
+struct Taller {
+  dao::Database& db;
+  Ajustes& ajustes;
+  Reloj& reloj;
+  totals::Sesion& sesion;
+  motor::gestcomm& motor;
+  const motor::RegistroTareas& registro;
+  totals::CerrSes& cerrSes;
+  totals::VerTot& verTot;
+  totals::XporTot& xporTot;
+};
+
+class Automat final : private motor::Vigilante {
+ public:
+  Automat(Taller taller, Preguntas& preguntas);
+  ~Automat();
+
+  // Lines as they go to the trace file.
+  std::function<void(const QString&)> alEscribir;
+  // The run has ended, by itself or aborted. It may destroy this object or start another run. For a
+  // list without steps, or when the record of the run can't be kept, it runs inside PROCESO.
+  std::function<void(ResultadoProceso)> alTerminar;
+  // Nobody is there: failures are dropped as in a delayed run.
+  bool desatendido = false;
+
+  // PROCESO: loads a list and starts it. `traza` empty: a direct run, whose trace is
+  // HomeDir/nombre.TZA; otherwise a delayed one, whose trace is `traza` with the extension .TZC. A
+  // run of the same process that was cut off is gone on with. REQUIRES that none is under way.
+  void PROCESO(std::vector<PasoProceso> pasos, const QString& traza, const QString& nombre);
+  void ejecutar();  // run button
+  void retener();   // pause button
+  void paso();      // step button
+  void abortar();   // stop, once confirmed
+  // The abort question is on the screen (true) or was answered with no: nothing moves meanwhile.
+  void confirmando(bool pregunta);
+  int fase() const;  // FaseProceso
+  ResultadoProceso resultado() const;
+  int pasoActual() const;
+
+ private:
+  void InformeProblema(int clase, int grupo, int error, int estado, qint64 codigo) override;
+  void InformeRetry(int clase, int grupo, int error, int estado, qint64 codigo) override;
+  void InformeAviso(int clase, const totals::Aviso& aviso) override;
+  Resultado<> TareaHecha(const motor::DatosTarea& tarea) override;
+  struct Interior;
+  std::unique_ptr<Interior> d;
+};
+
+}  // namespace tarvo::automation

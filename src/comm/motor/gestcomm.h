@@ -1,0 +1,115 @@
+// The engine that carries work to the machines: a queue of tasks, channels, one 500 ms tick, the
+// retry rule. State tables, transitions and rules: docs/motor.md. No widget, no kind of task by
+// number.
+#pragma once
+
+#include <memory>
+#include <set>
+#include <vector>
+
+#include "comm/enlace/comtvIP.h"
+#include "comm/motor/Tarea.h"
+
+namespace tarvo::motor {
+
+// Who watches over the tasks: the runner of processes.
+class Vigilante {
+ public:
+  virtual void InformeProblema(int clase, int grupo, int error, int estado, qint64 codigo) = 0;
+  virtual void InformeRetry(int clase, int grupo, int error, int estado, qint64 codigo) = 0;
+  // A sentence about a group that isn't an error of a frame: a record too short, counters that went
+  // down...
+  virtual void InformeAviso(int clase, const totals::Aviso& aviso) = 0;
+  // A task has ended well, inside the transaction that stored what it read (so that the runner's
+  // record agrees with it).
+  virtual Resultado<> TareaHecha(const DatosTarea& tarea) = 0;
+
+ protected:
+  ~Vigilante() = default;
+};
+
+// For a window or a test that shows what goes on; every call is optional to use.
+class Observador {
+ public:
+  virtual ~Observador() = default;
+  virtual void colaCambiada() {}
+  virtual void tareaCambiada(int /*id*/) {}
+  virtual void canalCambiado(int /*canal*/) {}
+};
+
+// A task as a window sees it.
+struct VistaTarea {
+  DatosTarea datos;
+  int Estado = 0, Error = 0, Traza = -1, Canal = -1;
+  int FallosEnlace = 0, FallosTrama = 0;
+  bool Retenida = false;
+  QString textoError;  // the engine's own words when Error is not a code of the table
+  QString paso;
+};
+struct VistaCanal {
+  int EstadoCanal = 0, TareaCanal = -1, FallosCierre = 0;
+  QString NombreEnlace, etiqueta;
+};
+
+class gestcomm final : private enlace::ClienteEnlace {
+ public:
+  gestcomm(Entorno entorno, enlace::Enlaces& enlaces, const RegistroTareas& registro);
+  ~gestcomm();
+
+  // 0 queued; 1 refused by the session rule; 2 no such group, a kind not valid for it, or a group
+  // that doesn't communicate. `paso`: the step of a process that asks.
+  int NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, int clase, qint64 paso = -1);
+  void CambioAModo(bool automatico);
+  bool ModoAutomatico() const;
+
+  void VigilaProcesos(int reintentos, bool borrarFallos, Vigilante* vigilante);
+  struct Cuenta {
+    int enCurso = 0, fallidas = 0, total = 0;
+  };
+  Cuenta CuantosQuedan() const;
+  // The groups whose reading failed or didn't hold; they are not zeroed.
+  const std::set<int>& GruposFallidos() const;
+  void anadirGrupoFallido(int grupo);
+
+  // The session's new state: 1 from 0 opens one, 0 closes it without memorising.
+  Resultado<bool> LaSesion(int nuevo);
+
+  // The operator's commands, by task id.
+  void AvanzarTarea(int id);
+  void PausarTarea(int id);
+  void DetenerTarea(int id);
+  void EliminarTarea(int id);
+  // Stops and empties the queue; repeated until it is empty.
+  void terminator();
+  // Asks all links to close. alCerrar() runs once every channel is idle; a link that answers
+  // nothing is dropped.
+  void cerrar(std::function<void()> alCerrar);
+  bool puedeCerrar() const;  // no task opening, transferring or held
+
+  std::vector<VistaTarea> tareas() const;
+  std::vector<VistaCanal> canales() const;
+  void observar(Observador* observador);
+
+ private:
+  void Abrir_Evento(int canal, int error) override;
+  void Cerrar_Evento(int canal, int error) override;
+  void EnvioVEK_Evento(int canal, int error, int addr, int codigo,
+                       const QByteArray& datos) override;
+  void EnvioNDL_Evento(int canal, int error) override;
+  void ReciboNDL_Evento(int canal, int error, int codigo, const QByteArray& datos) override;
+  void ReciboVEK_Evento(int canal, int error, int addr, int codigo,
+                        const QByteArray& datos) override;
+  void CD_Evento(int canal, bool portadora) override;
+  bool encaja(int canal, int addr, int codigo, const QByteArray& datos) override;
+  struct Interior;
+  std::unique_ptr<Interior> d;
+};
+
+// The texts of an error code: heading, message and detail, each possibly empty. Table:
+// docs/protocolos.md.
+struct TextosError {
+  QString cabecera, mensaje, detalle;
+};
+TextosError textosError(int codigo);
+
+}  // namespace tarvo::motor

@@ -1,0 +1,27 @@
+// The syntax of the settings files: lines of key, "=" and value. Pure functions on texts.
+#pragma once
+
+#include <QString>
+#include <QStringView>
+#include <functional>
+
+namespace tarvo::ini {
+
+struct Linea {
+  QString clave;    // in capitals, without its index
+  int indice = -1;  // what stood in brackets, -1 for none
+  QString valor;
+};
+
+// Hands every line that has a "=" to `recibe`, in order. A key whose bracket holds no number is
+// passed over.
+void recorrer(QStringView texto, const std::function<void(const Linea&)>& recibe);
+
+// The longest leading number of a text, 0 when there is none. The decimal mark is "." or ",".
+double real(QStringView texto);
+// The same for whole numbers, held within the limits.
+int entero(QStringView texto, int minimo, int maximo);
+// A value on one line: whatever would end the line becomes a blank.
+QString enUnaLinea(QString valor);
+
+}  // namespace tarvo::ini

@@ -1,0 +1,35 @@
+#include <QDir>
+#include <QFileInfo>
+
+#include "core/ajustes/Ajustes.h"
+
+namespace tarvo {
+
+namespace {
+
+// The entry of a folder with this name, without regard to case; the name itself when there is none.
+QString nombreEnDisco(const QString& carpeta, const QString& nombre) {
+  const QDir dir(carpeta.isEmpty() ? QStringLiteral("/") : carpeta);
+  const auto filtro = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+  for (const QString& entrada : dir.entryList(filtro, QDir::Name))
+    if (entrada.compare(nombre, Qt::CaseInsensitive) == 0) return entrada;
+  return nombre;
+}
+
+}  // namespace
+
+QString Ajustes::ruta(const QString& nombre, const QString& base) {
+  QString pedida = nombre.trimmed();
+  pedida.replace(u'\\', u'/');
+  if (!pedida.startsWith(u'/')) pedida = base + u'/' + pedida;
+  pedida = QDir::cleanPath(pedida);
+  if (QFileInfo::exists(pedida)) return pedida;
+  QString hecha;
+  for (const QString& parte : pedida.split(u'/', Qt::SkipEmptyParts)) {
+    const QString exacta = hecha + u'/' + parte;
+    hecha = QFileInfo::exists(exacta) ? exacta : hecha + u'/' + nombreEnDisco(hecha, parte);
+  }
+  return hecha.isEmpty() ? QStringLiteral("/") : hecha;
+}
+
+}  // namespace tarvo

@@ -1,0 +1,23 @@
+// Cuts a statement of the Jet dialect into its elements.
+#pragma once
+
+#include <QString>
+#include <QStringView>
+#include <vector>
+
+#include "core/valores/Resultado.h"
+
+namespace tarvo::dao {
+
+struct Elemento {
+  enum class Clase { Palabra, Nombre, Cadena, Numero, Fecha, Signo, Parametro };
+  Clase clase;
+  QString texto;   // a name without its brackets, a text without its quotes, all else as it stands
+  QString minusc;  // a word in lower case, a sign as it stands; empty for the rest
+};
+
+// Comments ("--" up to the end of the line) are left out. Formato for a character that begins
+// nothing, a text, name or date that does not end.
+Resultado<std::vector<Elemento>> cortar(QStringView sql);
+
+}  // namespace tarvo::dao

@@ -1,0 +1,17 @@
+#include "core/dao/Database.h"
+
+namespace tarvo::dao {
+
+Resultado<Transaccion> Transaccion::empezar(Database& db) {
+  TARVO_INTENTAR(db.BeginTrans());
+  return Transaccion(db);
+}
+
+Resultado<> Transaccion::confirmar() {
+  if (!db_) return fallo(Fallo::Interno, QStringLiteral("La transacción ya había terminado."));
+  TARVO_INTENTAR(db_->CommitTrans());
+  db_ = nullptr;
+  return {};
+}
+
+}  // namespace tarvo::dao

@@ -1,0 +1,149 @@
+#include "core/dao/sqlite/Catalogo.h"
+
+#include <sqlite3.h>
+
+#include "core/dao/Lexico.h"
+
+namespace tarvo::dao {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString textoDe(const Preparada& p, int columna) {
+  return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(p.cruda(), columna)));
+}
+
+// The parts between the outermost parentheses of "CREATE INDEX ... ON t(a, f(b))".
+std::vector<QString> partesDeIndice(const QString& sql) {
+  std::vector<QString> partes;
+  int hondura = 0;
+  QChar comilla;
+  QString actual;
+  for (const QChar c : sql) {
+    if (!comilla.isNull()) {
+      if (c == comilla) comilla = QChar();
+    } else if (c == u'\'' || c == u'"') {
+      comilla = c;
+    } else if (c == u'(' && hondura++ == 0) {
+      continue;
+    } else if ((c == u')' && --hondura == 0) || (c == u',' && hondura == 1)) {
+      partes.push_back(actual.trimmed());
+      actual.clear();
+      if (hondura == 0) break;
+      continue;
+    }
+    if (hondura > 0) actual += c;
+  }
+  return partes;
+}
+
+// The expression of an index over a parameter in place of the column that stands in it.
+Resultado<QString> sobreParametro(const QString& expresion, const InfoTabla& tabla) {
+  auto elementos = cortar(expresion);
+  if (!elementos) return std::unexpected(elementos.error());
+  QString salida;
+  for (const Elemento& e : *elementos) {
+    if (e.clase == Elemento::Clase::Cadena)
+      salida += u'\'' + e.texto + u'\'';
+    else if (e.clase == Elemento::Clase::Palabra && tabla.numeros.contains(e.minusc))
+      salida += u"%1"_s;
+    else
+      salida += e.texto;
+  }
+  return salida;
+}
+
+std::unexpected<Error> noExiste(QStringView que, QStringView nombre) {
+  return fallo(Fallo::NoExiste,
+               QStringLiteral("La base de datos no tiene %1 «%2».").arg(que).arg(nombre));
+}
+
+}  // namespace
+
+QString entreComillasSql(const QString& nombre) {
+  return u'"' + QString(nombre).replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
+
+Resultado<std::shared_ptr<const InfoTabla>> Catalogo::tabla(QStringView nombre) {
+  const QString clave = nombre.toString().toLower();
+  if (const auto hallada = tablas_.value(clave)) return hallada;
+  auto p = con_.preparar(QStringLiteral(
+      "SELECT m.name, x.name, x.type FROM sqlite_master m, pragma_table_xinfo(m.name) x "
+      "WHERE m.type='table' AND m.name=? COLLATE NOCASE AND x.hidden=0 ORDER BY x.cid"));
+  if (!p) return std::unexpected(p.error());
+  p->ligar(0, nombre.toString());
+  auto info = std::make_shared<InfoTabla>();
+  for (;;) {
+    const auto fila = p->paso();
+    if (!fila) return std::unexpected(fila.error());
+    if (!*fila) break;
+    info->nombre = textoDe(*p, 0);
+    info->numeros.insert(textoDe(*p, 1).toLower(), static_cast<int>(info->columnas.size()));
+    info->columnas.push_back(textoDe(*p, 1));
+    info->enteras.push_back(textoDe(*p, 2).contains(u"INT", Qt::CaseInsensitive));
+  }
+  if (info->columnas.empty()) return noExiste(u"la tabla", nombre);
+  tablas_.insert(clave, info);
+  return info;
+}
+
+Resultado<std::vector<ParteClave>> Catalogo::indice(const InfoTabla& tabla, QStringView nombre,
+                                                    QString& enFichero) {
+  auto p = con_.preparar(QStringLiteral(
+      "SELECT name, sql FROM sqlite_master WHERE type='index' AND tbl_name=? COLLATE NOCASE "
+      "AND name=? COLLATE NOCASE AND sql IS NOT NULL"));
+  if (!p) return std::unexpected(p.error());
+  p->ligar(0, tabla.nombre);
+  p->ligar(1, QString(tabla.nombre + u'.' + nombre.toString()));
+  const auto fila = p->paso();
+  if (!fila) return std::unexpected(fila.error());
+  if (!*fila) return noExiste(u"el índice", QString(tabla.nombre + u'.' + nombre.toString()));
+  enFichero = textoDe(*p, 0);
+  std::vector<ParteClave> claves;
+  for (const QString& parte : partesDeIndice(textoDe(*p, 1))) {
+    const QString limpia = QString(parte).remove(u'"').remove(u'[').remove(u']');
+    const int columna = tabla.numeros.value(limpia.toLower(), -1);
+    if (columna >= 0) {
+      claves.push_back({columna, entreComillasSql(tabla.columnas[static_cast<size_t>(columna)]),
+                        QStringLiteral("%1")});
+      continue;
+    }
+    auto conParametro = sobreParametro(parte, tabla);
+    if (!conParametro) return std::unexpected(conParametro.error());
+    claves.push_back({-1, parte, *conParametro});
+  }
+  return claves;
+}
+
+bool Catalogo::existe(QStringView tablaOVista) {
+  if (!existe_) {
+    auto p = con_.preparar(QStringLiteral(
+        "SELECT 1 FROM sqlite_master WHERE type IN ('table','view') AND name=? COLLATE NOCASE"));
+    if (!p) return false;
+    existe_ = std::move(*p);
+  }
+  existe_.ligar(0, tablaOVista.toString());
+  const bool hay = existe_.paso().value_or(false);
+  existe_.reponer();
+  return hay;
+}
+
+bool Catalogo::columnaDeTexto(const QString& enMinusculas) {
+  if (!textoLeido_) {
+    textoLeido_ = true;
+    auto p = con_.preparar(QStringLiteral(
+        "SELECT DISTINCT lower(x.name) FROM sqlite_master m, pragma_table_info(m.name) x "
+        "WHERE m.type IN ('table','view') AND x.type='TEXT'"));
+    while (p && p->paso().value_or(false)) deTexto_.insert(textoDe(*p, 0));
+  }
+  return deTexto_.contains(enMinusculas);
+}
+
+void Catalogo::olvidar() {
+  tablas_.clear();
+  deTexto_.clear();
+  textoLeido_ = false;
+}
+
+}  // namespace tarvo::dao

@@ -1,0 +1,53 @@
+// What the database says of its own tables: columns in order, and the key of each index.
+#pragma once
+
+#include <QHash>
+#include <QSet>
+#include <QString>
+#include <memory>
+#include <vector>
+
+#include "core/dao/sqlite/Conexion.h"
+
+namespace tarvo::dao {
+
+// One part of an index key.
+struct ParteClave {
+  int columna = -1;      // of the table; -1 when the part is an expression
+  QString sql;           // the column's name in quotes, or the expression
+  QString conParametro;  // the same of a sought value, "%1" being its parameter
+};
+
+struct InfoTabla {
+  QString nombre;
+  std::vector<QString> columnas;
+  std::vector<bool> enteras;    // columns of a whole-number type
+  QHash<QString, int> numeros;  // by name in lower case
+};
+
+QString entreComillasSql(const QString& nombre);
+
+class Catalogo {
+ public:
+  explicit Catalogo(Conexion& con) : con_(con) {}
+
+  // NoExiste when there is no such table.
+  Resultado<std::shared_ptr<const InfoTabla>> tabla(QStringView nombre);
+  // The index is called "TABLE.index" in the file, because there index names share one room.
+  // NoExiste.
+  Resultado<std::vector<ParteClave>> indice(const InfoTabla& tabla, QStringView nombre,
+                                            QString& enFichero);
+  bool existe(QStringView tablaOVista);
+  bool columnaDeTexto(const QString& enMinusculas);
+  // Forgets what it knows: a statement has changed the schema.
+  void olvidar();
+
+ private:
+  Conexion& con_;
+  QHash<QString, std::shared_ptr<const InfoTabla>> tablas_;
+  QSet<QString> deTexto_;
+  bool textoLeido_ = false;
+  Preparada existe_;
+};
+
+}  // namespace tarvo::dao

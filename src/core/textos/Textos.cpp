@@ -1,0 +1,55 @@
+#include "core/textos/Textos.h"
+
+#include <QFile>
+
+namespace tarvo {
+
+namespace {
+
+constexpr int kMayorNumero = 22023;
+
+// Takes one line in; false when it is neither an entry nor a comment.
+bool anadir(QStringView linea, std::unordered_map<int, QString>& tabla) {
+  if (linea.endsWith(u'\r')) linea.chop(1);
+  if (linea.trimmed().isEmpty() || linea.startsWith(u'#')) return true;
+  const qsizetype tab = linea.indexOf(u'\t');
+  bool bien = false;
+  const int numero = tab < 0 ? -1 : linea.left(tab).toInt(&bien);
+  if (!bien || numero < 0 || numero > kMayorNumero) return false;
+  return tabla.emplace(numero, linea.mid(tab + 1).toString()).second;
+}
+
+}  // namespace
+
+Resultado<Textos> Textos::leer(const QString& ruta) {
+  QFile fichero(ruta);
+  if (!fichero.open(QIODevice::ReadOnly))
+    return fallo(Fallo::NoExiste,
+                 QStringLiteral("No se puede leer la tabla de textos %1").arg(ruta));
+  QByteArray bytes = fichero.readAll();
+  if (bytes.startsWith("\xEF\xBB\xBF")) bytes.remove(0, 3);
+  const QString contenido = QString::fromUtf8(bytes);
+  Textos textos;
+  int numeroLinea = 0;
+  for (const QStringView linea : QStringView(contenido).split(u'\n')) {
+    ++numeroLinea;
+    if (!anadir(linea, textos.tabla_))
+      return fallo(Fallo::Formato, QStringLiteral("La línea %1 de la tabla de textos %2 no vale")
+                                       .arg(QString::number(numeroLinea), ruta));
+  }
+  return textos;
+}
+
+QString Textos::operator()(int numero) const {
+  const auto hallado = tabla_.find(numero);
+  if (hallado == tabla_.end()) return {};
+  QString texto = hallado->second;
+  if (texto.endsWith(u'\'')) texto.chop(1);
+  return texto;
+}
+
+bool Textos::tiene(int numero) const {
+  return tabla_.contains(numero);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,134 @@
+#include "stock/Almacenes.h"
+
+#include "stock/Listas.h"
+#include "stock/Movimientos.h"
+
+namespace tarvo::stock {
+
+namespace {
+
+const QString kUnico = QStringLiteral("Almacén único");
+
+std::optional<Fecha> fechaDe(const dao::Recordset& r, int columna) {
+  return r.nulo(columna) ? std::nullopt : std::optional(r.fecha(columna));
+}
+
+// Two names are one when they differ only in blanks and case.
+QString sinBlancos(QString nombre) {
+  return nombre.remove(u' ').toUpper();
+}
+
+// A name that was made for the case of a single warehouse is no longer true.
+Resultado<> renombrarUnico(dao::Database& db, const std::vector<Almacenes::Fila>& filas) {
+  for (const auto& f : filas)
+    if (f.NOMALM == kUnico)
+      TARVO_INTENTAR(db.ejecutar(u"update ALMACEN set NOMALM=? where CODALM=?",
+                                 QStringLiteral("Almacén %1").arg(f.CODALM, 4, 10, QChar(u'0')),
+                                 f.CODALM));
+  return {};
+}
+
+struct GrupoSuelto {
+  int codigo;
+  QString nombre;
+};
+Resultado<std::vector<GrupoSuelto>> gruposSinAlmacen(dao::Database& db) {
+  auto rs = db.consultar(
+      u"select CODGPO, NOMGPO from GRUPOS where coalesce(Almacen, 0)=0 order by CODGPO");
+  if (!rs) return std::unexpected(rs.error());
+  std::vector<GrupoSuelto> v;
+  while (!(*rs)->Eof()) {
+    v.push_back({static_cast<int>((*rs)->entero(0)), (*rs)->texto(1)});
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return v;
+}
+
+}  // namespace
+
+Almacenes::Almacenes(dao::Database& db, Reloj& reloj) : db_(db), reloj_(reloj) {}
+
+Resultado<> Almacenes::asegurar() {
+  auto t = dao::Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  const auto filas = Lista();
+  if (!filas) return std::unexpected(filas.error());
+  if (filas->empty()) {
+    TARVO_INTENTAR(db_.ejecutar(u"insert into ALMACEN (CODALM, NOMALM) values (1, ?)", kUnico));
+    TARVO_INTENTAR(db_.ejecutar(u"update GRUPOS set Almacen=1"));
+    return t->confirmar();
+  }
+  if (filas->size() > 1) TARVO_INTENTAR(renombrarUnico(db_, *filas));
+  const auto sueltos = gruposSinAlmacen(db_);
+  if (!sueltos) return std::unexpected(sueltos.error());
+  for (const GrupoSuelto& g : *sueltos) {
+    const auto codigo = Siguiente();
+    if (!codigo) return std::unexpected(codigo.error());
+    const auto nuevo = Nuevo(*codigo, QStringLiteral("Almacén de %1").arg(g.nombre));
+    if (!nuevo) return std::unexpected(nuevo.error());
+    if (*nuevo)
+      TARVO_INTENTAR(
+          db_.ejecutar(u"update GRUPOS set Almacen=? where CODGPO=?", *codigo, g.codigo));
+  }
+  return t->confirmar();
+}
+
+Resultado<std::vector<Almacenes::Fila>> Almacenes::Lista() {
+  auto rs = db_.consultar(u"select CODALM, NOMALM, FCHINI, FCHREG from ALMACEN order by CODALM");
+  if (!rs) return std::unexpected(rs.error());
+  std::vector<Fila> v;
+  while (!(*rs)->Eof()) {
+    const dao::Recordset& r = **rs;
+    v.push_back({static_cast<int>(r.entero(0)), r.texto(1), fechaDe(r, 2), fechaDe(r, 3)});
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return v;
+}
+
+Resultado<std::optional<Almacen>> Almacenes::almacen(int codigo) {
+  auto filas = Lista();
+  if (!filas) return std::unexpected(filas.error());
+  for (Fila& f : *filas)
+    if (f.CODALM == codigo) return Almacen(db_, reloj_, std::move(f));
+  return std::nullopt;
+}
+
+Resultado<int> Almacenes::Siguiente() {
+  const auto ultimo = db_.uno(u"select max(CODALM) from ALMACEN");
+  if (!ultimo) return std::unexpected(ultimo.error());
+  return ultimo->nulo() ? 1 : static_cast<int>(ultimo->entero()) + 1;
+}
+
+Resultado<std::optional<Almacen>> Almacenes::Nuevo(int codigo, const QString& nombre) {
+  auto t = dao::Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  const auto filas = Lista();
+  if (!filas) return std::unexpected(filas.error());
+  for (const Fila& f : *filas)
+    if (f.CODALM == codigo || sinBlancos(f.NOMALM) == sinBlancos(nombre)) return std::nullopt;
+  TARVO_INTENTAR(
+      db_.ejecutar(u"insert into ALMACEN (CODALM, NOMALM) values (?, ?)", codigo, nombre));
+  TARVO_INTENTAR(t->confirmar());
+  return Almacen(db_, reloj_, Fila{codigo, nombre, {}, {}});
+}
+
+Resultado<bool> Almacenes::Eliminar(int codigo) {
+  const auto filas = db_.ejecutar(u"delete from ALMACEN where CODALM=?", codigo);
+  if (!filas) return std::unexpected(filas.error());
+  return *filas > 0;
+}
+
+Resultado<std::optional<int>> Almacenes::CodigoAlmacen(const QString& nombre) {
+  const auto filas = Lista();
+  if (!filas) return std::unexpected(filas.error());
+  for (const Fila& f : *filas)
+    if (f.NOMALM.compare(nombre, Qt::CaseInsensitive) == 0) return f.CODALM;
+  return std::nullopt;
+}
+
+Resultado<std::vector<Almacenes::FilaStock>> Almacenes::ListaStock(int seccion, int vista,
+                                                                   int orden) {
+  return listarStock(db_, std::nullopt, {seccion, vista, orden});
+}
+
+}  // namespace tarvo::stock

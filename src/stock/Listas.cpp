@@ -1,0 +1,57 @@
+#include "stock/Listas.h"
+
+namespace tarvo::stock {
+
+namespace {
+
+const QString kDeUno = QStringLiteral(
+    "select SECCION as S, CODIGO as C, Inicial as c0, Entrada as c1, Compra as c2, Salida as c3, "
+    "Venta as c4, Merma as c5 from MovsAlm where CODALM=?");
+const QString kDeTodos = QStringLiteral(
+    "select SECCION as S, CODIGO as C, sIni as c0, sEnt as c1, sCom as c2, sSal as c3, sVen as c4, "
+    "sMer as c5 from STOCKPLU where ?=-1");
+
+QString condicion(int vista) {
+  switch (vista) {
+    case 1:
+      return QStringLiteral(" and coalesce(c0+c1+c2-c3-c4-c5, 0)<>0");
+    case 2:
+      return QStringLiteral(" and (c0<>0 or c1<>0 or c2<>0 or c3<>0 or c4<>0 or c5<>0)");
+    default:
+      return {};
+  }
+}
+
+Almacenes::FilaStock filaDe(const dao::Recordset& r) {
+  Almacenes::FilaStock f{static_cast<int>(r.entero(0)), r.entero(1), r.texto(2),
+                         static_cast<int>(r.entero(3)), 0,           {}};
+  for (int i = 0; i < 6; ++i) f.contadores[static_cast<size_t>(i)] = r.entero(4 + i);
+  const auto& c = f.contadores;
+  f.stock = c[0] + c[1] + c[2] - c[3] - c[4] - c[5];
+  return f;
+}
+
+}  // namespace
+
+Resultado<std::vector<Almacenes::FilaStock>> listarStock(dao::Database& db,
+                                                         std::optional<int> almacen,
+                                                         const Vista& como) {
+  const QString sql =
+      QStringLiteral(
+          "select PLUSES.SECCION, CODPLU, NOMPLU, CADA, c0, c1, c2, c3, c4, c5 "
+          "from PLUSES left join (%1) m on PLUSES.SECCION=m.S and PLUSES.CODPLU=m.C "
+          "where (?<=0 or PLUSES.SECCION=?)%2 order by %3")
+          .arg(almacen ? kDeUno : kDeTodos, condicion(como.vista),
+               como.orden == 1 ? QStringLiteral("NOMPLU, PLUSES.SECCION, CODPLU")
+                               : QStringLiteral("PLUSES.SECCION, CODPLU"));
+  auto rs = db.consultar(sql, almacen.value_or(-1), como.seccion, como.seccion);
+  if (!rs) return std::unexpected(rs.error());
+  std::vector<Almacenes::FilaStock> v;
+  while (!(*rs)->Eof()) {
+    v.push_back(filaDe(**rs));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return v;
+}
+
+}  // namespace tarvo::stock

@@ -1,0 +1,27 @@
+// Rows of MovsAlm: moving a counter, and clearing rows that say nothing. Internal to the room.
+#pragma once
+
+#include <array>
+
+#include "core/dao/Database.h"
+
+namespace tarvo::stock {
+
+// The six counters in the order of ItmAlm::Contador, as columns.
+inline constexpr std::array<const char16_t*, 6> kContadores{u"Inicial", u"Entrada", u"Compra",
+                                                            u"Salida",  u"Venta",   u"Merma"};
+
+struct Casilla {
+  int almacen = 0, seccion = 0;
+  qint64 codigo = 0;
+};
+
+// counter = counter + cantidad, in one statement; a row that isn't there is made.
+Resultado<> moverContador(dao::Database& db, const Casilla& donde, int contador, qint64 cantidad);
+// The counter becomes `valor`; a row that isn't there is made. Rows changed.
+Resultado<qint64> fijarContador(dao::Database& db, const Casilla& donde, int contador,
+                                qint64 valor);
+// Rows with six zeros go, in one warehouse or (-1) in all.
+Resultado<> borrarCeros(dao::Database& db, int almacen = -1);
+
+}  // namespace tarvo::stock

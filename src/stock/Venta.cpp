@@ -1,0 +1,45 @@
+// Taking the sales of a period off the stock.
+#include "stock/Almacenes.h"
+#include "stock/Movimientos.h"
+
+namespace tarvo::stock {
+
+namespace {
+
+// Grams of what is sold by weight, units of the rest, summed by warehouse and article.
+const QString kVentas = QStringLiteral(
+    "INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Inicial, Entrada, Compra, Salida, Venta, Merma) "
+    "SELECT A, S, C, 0, 0, 0, 0, ?*sum(Q), 0 FROM "
+    "(SELECT GRUPOS.Almacen AS A, GRUPOS.SECCION AS S, t.CODI AS C, "
+    "iif(PLUSES.CADA IN (0, 1), coalesce(t.PES, 0), coalesce(t.CON, 0)) AS Q FROM (%1) t "
+    "INNER JOIN GRUPOS ON GRUPOS.CODGPO=t.GRUPO "
+    "INNER JOIN PLUSES ON PLUSES.SECCION=GRUPOS.SECCION AND PLUSES.CODPLU=t.CODI "
+    "WHERE GRUPOS.Almacen>0) v WHERE Q<>0 GROUP BY A, S, C "
+    "ON CONFLICT (CODALM, SECCION, CODIGO) DO UPDATE SET "
+    "Venta=coalesce(MovsAlm.Venta, 0)+excluded.Venta");
+
+}  // namespace
+
+Resultado<> Almacenes::descontarFilas(const QString& consulta, int veces) {
+  auto t = dao::Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  TARVO_INTENTAR(db_.ejecutar(kVentas.arg(consulta), veces));
+  TARVO_INTENTAR(borrarCeros(db_));
+  return t->confirmar();
+}
+
+Resultado<bool> Almacenes::DescontarVenta(qint64 link, int veces) {
+  auto t = dao::Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  const auto puede = db_.uno(u"select stkABLE from COLUMNA where LINK=?", link);
+  if (!puede) return std::unexpected(puede.error());
+  if (!puede->logico()) return false;
+  TARVO_INTENTAR(descontarFilas(
+      QStringLiteral("SELECT GRUPO, CODI, CON, PES FROM TOTPLU WHERE LINK=%1").arg(link), veces));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"update COLUMNA set stkADO=coalesce(stkADO, 0)+? where LINK=?", veces, link));
+  TARVO_INTENTAR(t->confirmar());
+  return true;
+}
+
+}  // namespace tarvo::stock

@@ -1,0 +1,133 @@
+#include "totals/Dinero.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+namespace tarvo::totals {
+
+namespace {
+
+constexpr std::array<int, 7> kPotencias{1, 10, 100, 1000, 10000, 100000, 1000000};
+
+// How numbers look in the language of this build.
+struct Signos {
+  QChar millar, decimal;
+};
+Signos signosDe(Idioma idioma) {
+  if (idioma == Idioma::UK) return {u',', u'.'};
+  return {u'.', u','};
+}
+
+bool nativaEuro(const Ajustes& a) {
+  return a.MonedaNativa != 0;
+}
+
+// A rate that was never set (0) counts as 1, so that no amount is divided by nothing.
+double cambio(const Ajustes& a) {
+  return a.Euro > 0 ? static_cast<double>(a.Euro) : 1.0;
+}
+
+int potencia(int decimales) {
+  return kPotencias[static_cast<size_t>(std::clamp(decimales, 0, 6))];
+}
+
+bool cifras(QStringView s) {
+  return std::all_of(s.begin(), s.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+}
+
+// "1234", "1.234": digits, or groups of three behind a first of one to three.
+std::optional<QString> parteEntera(QStringView s, QChar millar) {
+  const auto grupos = s.split(millar);
+  for (qsizetype i = 0; i < grupos.size(); ++i) {
+    if (!cifras(grupos[i])) return std::nullopt;
+    if (grupos.size() > 1 &&
+        (i == 0 ? grupos[i].isEmpty() || grupos[i].size() > 3 : grupos[i].size() != 3))
+      return std::nullopt;
+  }
+  QString todo = s.toString();
+  return todo.remove(millar);
+}
+
+// The number that a person typed; nothing when the text is no number. A separator of thousands
+// that doesn't part groups of three makes it none: "1.5" must not pass for 15.
+std::optional<double> numero(const QString& texto, Signos s) {
+  QStringView t = QStringView(texto).trimmed();
+  const bool negativo = t.startsWith(u'-');
+  if (negativo || t.startsWith(u'+')) t = t.mid(1).trimmed();
+  const qsizetype coma = t.indexOf(s.decimal);
+  const QStringView resto = coma < 0 ? QStringView() : t.mid(coma + 1);
+  const auto entera = parteEntera(coma < 0 ? t : t.left(coma), s.millar);
+  if (!entera || !cifras(resto) || (entera->isEmpty() && resto.isEmpty())) return std::nullopt;
+  const double x = QStringLiteral("0%1.%2").arg(*entera, resto.toString()).toDouble();
+  return negativo ? -x : x;
+}
+
+// The whole part, 0 when it doesn't fit.
+qint64 entero(double x, double limite) {
+  x = std::floor(x);
+  return std::isfinite(x) && std::abs(x) <= limite ? static_cast<qint64>(x) : 0;
+}
+
+// `n` in units of 10^-decimales, with the separators.
+QString conSignos(qint64 n, int decimales, Signos s) {
+  QString t = QString::number(n < 0 ? 0 - static_cast<quint64>(n) : static_cast<quint64>(n));
+  t = t.rightJustified(decimales + 1, u'0');
+  const qsizetype enteras = t.size() - decimales;
+  if (decimales > 0) t.insert(enteras, s.decimal);
+  for (qsizetype i = enteras - 3; i > 0; i -= 3) t.insert(i, s.millar);
+  return n < 0 ? u'-' + t : t;
+}
+
+// A value in units of 10^-decimales, rounded half away from zero as its 15 digits read.
+qint64 redondeado(double x) {
+  const double t = std::round(QString::number(x, 'g', 15).toDouble());
+  if (std::isnan(t)) return 0;
+  return std::abs(t) < 9.2e18 ? static_cast<qint64>(t)
+                              : std::numeric_limits<qint64>::max() * (t < 0 ? -1 : 1);
+}
+
+}  // namespace
+
+int DecimalesMoneda(const Ajustes& a, int moneda) {
+  return moneda == 0 ? std::clamp(a.decimalesLocal, 0, 4) : 2;
+}
+
+qint64 pot10(const Ajustes& a) {
+  return potencia(DecimalesMoneda(a, nativaEuro(a) ? 1 : 0));
+}
+
+double FactorMoneda(const Ajustes& a, int moneda) {
+  const auto f = static_cast<double>(pot10(a));
+  if ((moneda == 1) == nativaEuro(a)) return f;
+  return moneda == 1 ? f * cambio(a) : f / cambio(a);
+}
+
+qint64 AImporte(const Ajustes& a, const QString& texto, int moneda) {
+  const auto x = numero(texto, signosDe(a.idioma));
+  return x ? entero(*x * FactorMoneda(a, moneda) + 0.5, 9e18) : 0;
+}
+
+QString VerImporte(const Ajustes& a, qint64 n, int moneda) {
+  const Signos s = signosDe(a.idioma);
+  const int decimales = DecimalesMoneda(a, moneda);
+  if ((moneda == 1) == nativaEuro(a)) return conSignos(n, decimales, s);  // exact
+  double x = moneda == 0 ? cambio(a) : 1.0;
+  if (!nativaEuro(a)) x /= cambio(a);
+  x /= static_cast<double>(pot10(a));
+  return conSignos(redondeado(x * static_cast<double>(n) * potencia(decimales)), decimales, s);
+}
+
+QString VerCantidad(qint64 n, int cada) {
+  return conSignos(n, cada == 0 || cada == 1 ? 3 : 0, signosDe(Idioma::Espanol));
+}
+
+qint64 ACantidad(const QString& texto, int cada) {
+  constexpr double kLargo = std::numeric_limits<int>::max();  // quantities are 32-bit columns
+  const auto x = numero(texto, signosDe(Idioma::Espanol));
+  if (!x) return 0;
+  return cada == 0 || cada == 1 ? entero(1000 * *x + 0.5, kLargo) : entero(*x, kLargo);
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,18 @@
+// The only way between stored and shown money and quantities. Stored money is a whole number of
+// minor units of the native currency; a stored quantity is grams (CADA 0 and 1) or units (CADA 2).
+// Currency 0 is the national money, 1 the euro.
+#pragma once
+
+#include "core/ajustes/Ajustes.h"
+
+namespace tarvo::totals {
+
+int DecimalesMoneda(const Ajustes& a, int moneda);
+qint64 pot10(const Ajustes& a);
+double FactorMoneda(const Ajustes& a, int moneda);
+qint64 AImporte(const Ajustes& a, const QString& texto, int moneda);
+QString VerImporte(const Ajustes& a, qint64 n, int moneda);
+QString VerCantidad(qint64 n, int cada);
+qint64 ACantidad(const QString& texto, int cada);
+
+}  // namespace tarvo::totals

@@ -1,0 +1,27 @@
+#include "totals/TablasTotales.h"
+
+namespace tarvo::totals {
+
+namespace {
+
+const QString kTablas = QStringLiteral(R"(
+CREATE TABLE IF NOT EXISTS Sustituidos (
+  ID INTEGER PRIMARY KEY, TIPO INTEGER, FECHA1 DOUBLE PRECISION, FECHAF DOUBLE PRECISION,
+  ACUM2 INTEGER DEFAULT 0, ACUM3 INTEGER DEFAULT 0, ACUM4 INTEGER DEFAULT 0,
+  stkADO INTEGER DEFAULT 0);
+CREATE TABLE IF NOT EXISTS TotSusti (
+  ID INTEGER, CLASE INTEGER, GRUPO INTEGER, CODI INTEGER, HORA INTEGER DEFAULT 0,
+  CON INTEGER, PES INTEGER, [IMP] INTEGER, SCO INTEGER);
+CREATE INDEX IF NOT EXISTS TotSusti_ID ON TotSusti (ID, CLASE);
+CREATE TABLE IF NOT EXISTS Exportes (
+  MARCA TEXT PRIMARY KEY, RUTA TEXT, ANTES INTEGER, DESPUES INTEGER, HUELLA TEXT,
+  HECHO INTEGER DEFAULT 0);
+)");
+
+}  // namespace
+
+Resultado<> asegurarTablasTotales(dao::Database& db) {
+  return db.ejecutarGuion(kTablas);
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,103 @@
+#include "totals/Clases.h"
+#include "totals/Dinero.h"
+
+using namespace tarvo;
+using namespace tarvo::totals;
+
+namespace {
+
+Ajustes ajustesDe(int nativa, Idioma idioma = Idioma::Espanol) {
+  Ajustes a(QStringLiteral("/tienda"), idioma);
+  a.MonedaNativa = nativa;
+  a.Euro = 166.386F;
+  a.decimalesLocal = 0;
+  return a;
+}
+
+TEST(Dinero, ShowsStoredMoney) {
+  struct Caso {
+    int nativa, moneda;
+    qint64 n;
+    const char* texto;
+  };
+  const Caso casos[] = {
+      {1, 1, 0, "0,00"},
+      {1, 1, 5, "0,05"},
+      {1, 1, 123456789, "1.234.567,89"},
+      {1, 1, -123456, "-1.234,56"},
+      {1, 1, -5, "-0,05"},
+      {1, 1, 9007199254740993, "90.071.992.547.409,93"},
+      {1, 0, 100, "166"},
+      {1, 0, 1000000, "1.663.860"},
+      {0, 0, 1234567, "1.234.567"},
+      {0, 1, 166386, "1.000,00"},
+      {0, 1, -83193, "-500,00"},
+      {0, 1, 1, "0,01"},
+  };
+  for (const Caso& c : casos)
+    EXPECT_EQ(VerImporte(ajustesDe(c.nativa), c.n, c.moneda), QString::fromUtf8(c.texto)) << c.n;
+  EXPECT_EQ(VerImporte(ajustesDe(1, Idioma::UK), 123456, 1), QStringLiteral("1,234.56"));
+}
+
+TEST(Dinero, StoresShownMoney) {
+  struct Caso {
+    int nativa, moneda;
+    const char* texto;
+    qint64 n;
+  };
+  const Caso casos[] = {
+      {1, 1, "1,005", 100},  // a double just below
+      {1, 1, "1,006", 101},
+      {1, 1, " 1.234,56 ", 123456},
+      {1, 1, "-1,25", -125},
+      {1, 1, "-1,256", -126},
+      {1, 1, "+2", 200},
+      {1, 1, ",5", 50},
+      {1, 1, "5,", 500},
+      {0, 1, "1.000", 166386},
+      {1, 0, "166,386", 100},
+      {0, 0, "12,5", 13},
+      {1, 1, "", 0},
+      {1, 1, "doce", 0},
+      {1, 1, "1,2,3", 0},
+      {1, 1, "1.5", 0},
+      {1, 1, "12.34,5", 0},
+      {1, 1, "-", 0},
+      {1, 1, "99999999999999999999", 0},
+  };
+  for (const Caso& c : casos)
+    EXPECT_EQ(AImporte(ajustesDe(c.nativa), QString::fromUtf8(c.texto), c.moneda), c.n) << c.texto;
+}
+
+TEST(Dinero, FactorsDivideStoredNumbers) {
+  const double euro = static_cast<double>(166.386F);
+  EXPECT_EQ(FactorMoneda(ajustesDe(1), 1), 100.0);
+  EXPECT_EQ(FactorMoneda(ajustesDe(1), 0), 100.0 / euro);
+  EXPECT_EQ(FactorMoneda(ajustesDe(0), 0), 1.0);
+  EXPECT_EQ(FactorMoneda(ajustesDe(0), 1), euro);
+  Ajustes sinCambio = ajustesDe(1);
+  sinCambio.Euro = 0;
+  EXPECT_EQ(FactorMoneda(sinCambio, 0), 100.0);
+}
+
+TEST(Dinero, QuantitiesAreGramsOrUnits) {
+  EXPECT_EQ(VerCantidad(1234567, 0), QStringLiteral("1.234,567"));
+  EXPECT_EQ(VerCantidad(-5, 1), QStringLiteral("-0,005"));
+  EXPECT_EQ(VerCantidad(1234567, 2), QStringLiteral("1.234.567"));
+  EXPECT_EQ(ACantidad(QStringLiteral("1,2345"), 0), 1235);
+  EXPECT_EQ(ACantidad(QStringLiteral("7,9"), 2), 7);
+  EXPECT_EQ(ACantidad(QStringLiteral("3.000.000"), 0), 0);  // above 32 bits
+  EXPECT_EQ(ACantidad(QStringLiteral("kilo"), 0), 0);
+}
+
+TEST(Clases, FollowFromTheNumber) {
+  EXPECT_EQ(NombreTabla(21), QStringLiteral("TOTOPHOR"));
+  EXPECT_EQ(NombreVista(21), QStringLiteral("QNTOPH"));
+  EXPECT_EQ(CodigoTotales(20), QStringLiteral("06"));
+  EXPECT_EQ(CampoSesion(16), QStringLiteral("SS_PLU"));
+  for (const int ninguna : {0, 15, 22, -1}) EXPECT_EQ(NombreTabla(ninguna), QString());
+  EXPECT_EQ(enVigor(ajustesDe(1)).size(), 6U);
+  EXPECT_EQ(enVigor(ajustesDe(1, Idioma::UK)).back().numero, 20);
+}
+
+}  // namespace
