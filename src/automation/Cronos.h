@@ -1,5 +1,5 @@
-// Delayed activation: a timetable whose lines say at which hour of which days a process runs. One at a time; what comes due
-// meanwhile waits. States of an entry: docs/procesos.md.
+// Delayed activation: a timetable whose lines say at which hour of which days a process runs. One
+// at a time; what comes due meanwhile waits. States of an entry: docs/procesos.md.
 #pragma once
 
 #include <memory>
@@ -8,7 +8,14 @@
 
 namespace tarvo::automation {
 
-enum class EstadoEntrada : int { Espera = 0, Vencida = 1, Iniciada = 2, Bien = 3, Mal = 4, Inutil = 5 };
+enum class EstadoEntrada : int {
+  Espera = 0,
+  Vencida = 1,
+  Iniciada = 2,
+  Bien = 3,
+  Mal = 4,
+  Inutil = 5
+};
 
 struct Entrada {
   LineaActivacion linea;
@@ -24,13 +31,18 @@ class Cronos {
   ~Cronos();
 
   // Loads the timetable of a .CRO, or of the head of an .AUT, and starts its clock.
+  // A process that can't be read leaves its entry unusable; any other fault is an Error, and the
+  // timetable that was there before stays.
   Resultado<> ActivarCron(const QString& nombre);
+  // The run that this timetable started has ended. Whoever owns both joins Automat::alTerminar to
+  // it.
   void FinDeMacro(ResultadoProceso resultado);
   void ponerActivo(bool activo);
   const std::vector<Entrada>& entradas() const;
   int siguiente() const;  // index of the entry that comes next, -1 with none
   bool hayProcesoEnMarcha() const;
-  std::function<void(const QString&)> alAvisar;  // a sentence for whoever watches (an unusable process...)
+  // A sentence for whoever watches (an unusable process...).
+  std::function<void(const QString&)> alAvisar;
   void parar();
 
  private:

@@ -1,5 +1,5 @@
-// Commercial hours and calendar periods: how a span of time becomes a day, a week, a month, a year or an interval.
-// Weekdays count from Monday. Rules: docs/libros.md.
+// Commercial hours and calendar periods: how a span of time becomes a day, a week, a month, a year
+// or an interval. Weekdays count from Monday. Rules: docs/libros.md.
 #pragma once
 
 #include <array>
@@ -19,7 +19,8 @@ struct Jornada {  // fractions of a day
 // Seven days, Monday first; empty for a closed day.
 using Horario = std::array<std::optional<Jornada>, 7>;
 
-// The group's own hours from its HORARIO text; nothing when the text is empty (then the settings rule).
+// The group's own hours from its HORARIO text; nothing when the text is empty (then the settings
+// rule).
 std::optional<Horario> LeerHorario(const QString& texto);
 QString EscribirHorario(const std::optional<Horario>& horario);
 
@@ -30,7 +31,8 @@ struct Periodo {
   auto operator<=>(const Periodo&) const = default;
 };
 
-// Full limits of the period of a calendar kind that holds `desde`; for any other kind the dates stay.
+// Full limits of the period of a calendar kind that holds `desde`; for any other kind the dates
+// stay.
 Periodo LimitesPeriodo(int tipo, Fecha desde, Fecha hasta);
 
 class Calendario {
@@ -39,7 +41,8 @@ class Calendario {
   // The core of a working day as (x, y), fractions of a day.
   Jornada VentanaHorario(const std::optional<Jornada>& jornada) const;
   bool EnHorario(Fecha instante, const std::optional<Horario>& horario) const;
-  // The first day of the period of this kind that holds all working time of the span, if there is one.
+  // The first day of the period of this kind that holds all working time of the span, if there is
+  // one.
   std::optional<Fecha> IntervaloDominante(int tipo, Fecha desde, Fecha hasta,
                                           const std::optional<Horario>& horario) const;
   Periodo DeterminarPeriodo(Fecha desde, Fecha hasta, const std::optional<Horario>& horario) const;

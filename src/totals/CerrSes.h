@@ -1,20 +1,17 @@
-// Memorising the inbox: what arrived becomes periods, in one transaction that moves rows, marks and the session.
-// When it gives up, everything stays as it was, the session too. Rules: docs/libros.md.
+// Memorising the inbox: what arrived becomes periods, in one transaction that moves rows, marks and
+// the session. When it gives up, everything stays as it was, the session too. Rules:
+// docs/libros.md.
 #pragma once
 
 #include <optional>
 #include <vector>
 
+#include "totals/Memoria.h"
 #include "totals/Periodos.h"
 #include "totals/Sesion.h"
 
 namespace tarvo::totals {
 
-struct Recibido {
-  int CODGPO = 0;
-  int clase = 0;
-  Periodo periodo;
-};
 struct Propuesto {
   Periodo periodo;
   int cuenta = 0;
@@ -28,14 +25,17 @@ class CerrSes {
   bool TodoAUno = true, OverWr = true;
   QString Descrip;  // patterns already expanded
 
-  // The lists of what was received and of the periods that it makes.
-  Resultado<> AnalizarScratch();
+  // The lists of what was received and of the periods that it makes. Settles first, in the
+  // database, what the readings show of zeroings that nobody wrote down.
+  Resultado<> AnalizarScratch(std::vector<Aviso>& avisos);
   const std::vector<Recibido>& recibidos() const { return recibidos_; }
   const std::vector<Propuesto>& propuestos() const { return propuestos_; }
   int elegido() const { return elegido_; }  // index of the dominant period, -1 for none
 
-  // Moves the session to `nuevo`, memorising first when asked. The links of the periods made; empty when nothing was
-  // memorised. The avisos hold what a manager must know, the cross-footing included.
+  // Moves the session to `nuevo`, memorising first when asked. The links of the periods made; empty
+  // when nothing was memorised. The avisos hold what a manager must know, the cross-footing
+  // included. The settings file is the caller's to mirror (Sesion::reflejar) once its own
+  // transaction, if it has one, has ended well; when it rolls back it calls cargar().
   Resultado<std::vector<qint64>> LaSesion(bool memorizar, int nuevo, std::vector<Aviso>& avisos);
 
  private:
@@ -44,7 +44,8 @@ class CerrSes {
   std::vector<Recibido> recibidos_;
   std::vector<Propuesto> propuestos_;
   int elegido_ = -1;
-  struct Motor;
+
+  Resultado<std::vector<qint64>> memorizar(std::vector<Aviso>& avisos);
 };
 
 }  // namespace tarvo::totals

@@ -9,19 +9,19 @@
 
 namespace tarvo::totals {
 
-inline constexpr int kPLUs = 16, kGranTotal = 17, kOperadores = 18, kDepartamentos = 19, kHorario = 20,
-                     kOperHora = 21;
+inline constexpr int kPLUs = 16, kGranTotal = 17, kOperadores = 18, kDepartamentos = 19,
+                     kHorario = 20, kOperHora = 21;
 inline constexpr int kPuestaACero = 6;  // the task that resets the counters, in MarcarSesion
 
 struct ClaseTotal {
   int numero;
-  const char16_t* tabla;    // TOTPLU...
-  const char16_t* vista;    // QNTPLU...
-  const char16_t* codigo;   // of the export files, "01"...
-  const char16_t* desde;    // DD_PLU...
-  const char16_t* hasta;    // HT_PLU...
-  const char16_t* sesion;   // SS_PLU...
-  bool conHora;             // rows have a HORA of their own
+  const char16_t* tabla;   // TOTPLU...
+  const char16_t* vista;   // QNTPLU...
+  const char16_t* codigo;  // of the export files, "01"...
+  const char16_t* desde;   // DD_PLU...
+  const char16_t* hasta;   // HT_PLU...
+  const char16_t* sesion;  // SS_PLU...
+  bool conHora;            // rows have a HORA of their own
 };
 
 // All six, PrimerTotal first. A foreign build ends one earlier: see enVigor.
@@ -31,14 +31,15 @@ std::span<const ClaseTotal> enVigor(const Ajustes& ajustes);
 // The kind of that number, or null.
 const ClaseTotal* clase(int numero);
 
-QString NombreTabla(int numero);    // empty for no kind of total
+QString NombreTabla(int numero);  // empty for no kind of total
 QString NombreVista(int numero);
 QString CodigoTotales(int numero);
 QString CampoDesde(int numero);
 QString CampoHasta(int numero);
 QString CampoSesion(int numero);
 
-// The counters of one row: operations or units, grams, amount and discount in minor units of the native money.
+// The counters of one row: operations or units, grams, amount and discount in minor units of the
+// native money.
 struct Contadores {
   qint64 CON = 0, PES = 0, IMP = 0, SCO = 0;
   bool operator==(const Contadores&) const = default;

@@ -1,5 +1,6 @@
-// The only way between stored and shown money and quantities. Stored money is a whole number of minor units of the
-// native currency; a stored quantity is grams (CADA 0 and 1) or units (CADA 2). Currency 0 is the national money, 1 the euro.
+// The only way between stored and shown money and quantities. Stored money is a whole number of
+// minor units of the native currency; a stored quantity is grams (CADA 0 and 1) or units (CADA 2).
+// Currency 0 is the national money, 1 the euro.
 #pragma once
 
 #include "core/ajustes/Ajustes.h"

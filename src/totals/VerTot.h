@@ -1,5 +1,6 @@
-// The operations on periods that processes and the window share: a selection, and what is done with it. A
-// quiet call asks nothing and takes the safe answer. The selection holds each LINK once, in the order selected.
+// The operations on periods that processes and the window share: a selection, and what is done with
+// it. A quiet call asks nothing and takes the safe answer. The selection holds each LINK once, in
+// the order selected.
 #pragma once
 
 #include <functional>
@@ -13,7 +14,8 @@ class VerTot {
  public:
   VerTot(Periodos& periodos, dao::Database& db, const Ajustes& ajustes);
 
-  // Each answers whether it did what its step promises; an Error is a failure of the store, everything undone.
+  // Each answers whether it did what its step promises; an Error is a failure of the store,
+  // everything undone.
   Resultado<bool> AcumularEn(int tipo);
   Resultado<bool> DesacumularDe(int tipo);
   Resultado<bool> AcumularIntv(int tipo, int signo);

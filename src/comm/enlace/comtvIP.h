@@ -1,9 +1,11 @@
-// A link: one connection to the machines of one access, with one timer and the frame machine of both
-// protocols. One object exists for each open channel; it is made by an opening and dies after every closing.
-// The states of the frame machine, with what data and time do in each: docs/protocolos.md.
+// A link: one connection to the machines of one access, with one timer and the frame machine of
+// both protocols. One object exists for each open channel; it is made by an opening and dies after
+// every closing. The states of the frame machine, with what data and time do in each:
+// docs/protocolos.md.
 //
-// Threading: the event loop's thread. Every operation returns at once; outcomes come as events to the client.
-// An event is delivered after the state has changed, so that a client may send the next frame from its handler.
+// Threading: the event loop's thread. Every operation returns at once; outcomes come as events to
+// the client. An event is delivered after the state has changed, so that a client may send the next
+// frame from its handler.
 #pragma once
 
 #include <QByteArray>
@@ -22,18 +24,21 @@ namespace tarvo::enlace {
 
 enum Para : int { kNada = 0, kVekMotor = 1, kNodalMotor = 2, kVekCaptura = 3, kVekAmbos = 4 };
 
-// Who gets the events of a link. `canal` counts from 0; `error` is a code of the table in docs/protocolos.md, 0 good.
+// Who gets the events of a link. `canal` counts from 0; `error` is a code of the table in
+// docs/protocolos.md, 0 good.
 class ClienteEnlace {
  public:
   virtual void Abrir_Evento(int canal, int error) = 0;
   virtual void Cerrar_Evento(int canal, int error) = 0;
-  virtual void EnvioVEK_Evento(int canal, int error, int addr, int codigo, const QByteArray& datos) = 0;
+  virtual void EnvioVEK_Evento(int canal, int error, int addr, int codigo,
+                               const QByteArray& datos) = 0;
   virtual void EnvioNDL_Evento(int canal, int error) = 0;
   virtual void ReciboNDL_Evento(int canal, int error, int codigo, const QByteArray& datos) = 0;
-  virtual void ReciboVEK_Evento(int canal, int error, int addr, int codigo, const QByteArray& datos) = 0;
+  virtual void ReciboVEK_Evento(int canal, int error, int addr, int codigo,
+                                const QByteArray& datos) = 0;
   virtual void CD_Evento(int canal, bool portadora) = 0;
-  // Does this frame answer what was asked? One that doesn't is acknowledged and passed over, and the wait goes on
-  // to the moment at which it would have ended.
+  // Does this frame answer what was asked? One that doesn't is acknowledged and passed over, and
+  // the wait goes on to the moment at which it would have ended.
   virtual bool encaja(int canal, int addr, int codigo, const QByteArray& datos) = 0;
 
  protected:
@@ -82,19 +87,22 @@ class comtvIP final : private LinkSocket::Oyente {
   void recepcion(QByteArray& buffer) override;
 };
 
-// The links by channel: 4 slots at the start, more on demand. A slot is empty while its channel is closed.
+// The links by channel: 4 slots at the start, more on demand. A slot is empty while its channel is
+// closed.
 class Enlaces {
  public:
   Enlaces(Reloj& reloj, const Ajustes& ajustes, FabricaEnlaces& fabrica, Azar& azar);
   ~Enlaces();
 
-  // AbrirEnlace: opens a link on a channel, or joins the one that is open there for the other client. An error
-  // code other than 0 means that no event will follow. `cliente` for Para 1 and 2, `linea` for Para 3.
+  // AbrirEnlace: opens a link on a channel, or joins the one that is open there for the other
+  // client. An error code other than 0 means that no event will follow. `cliente` for Para 1 and 2,
+  // `linea` for Para 3.
   int AbrirEnlace(int para, int canal, int baudios, const QString& acceso, ClienteEnlace* cliente,
                   ClienteLinea* linea = nullptr);
   comtvIP* operator[](int canal) const;  // null while closed
   int tamano() const;
-  // Drops a link whatever it is doing, with no event; for one that answers nothing any more and for the end.
+  // Drops a link whatever it is doing, with no event; for one that answers nothing any more and for
+  // the end.
   void abandonar(int canal);
 
  private:

@@ -21,6 +21,15 @@ enum EstadoTarea : int {
 };
 QString TextoEstado(int estado);
 
+// Error codes that the engine itself gives, beside those of the links.
+inline constexpr int kErrorTiempo = 6;      // the link gave no event within any time that it may take
+inline constexpr int kErrorTrama = 7;       // a record that can't be read
+inline constexpr int kErrorDetenido = 13;   // the operator stopped the opening: never retried
+inline constexpr int kErrorCanal = 14;      // the channel isn't what the group needs
+inline constexpr int kErrorCaida = 20;      // the link went away while it was in use
+inline constexpr int kErrorSuprimido = 22;  // not sent, so that no sale is lost: never retried
+inline constexpr int kErrorAlmacen = 99;    // the store failed; the words are in textoError
+
 // Group and request of a task; filled by the engine from GRUPOS and BZAS when it is queued.
 struct DatosTarea {
   int Id = 0;
@@ -59,7 +68,8 @@ struct Entorno {
 };
 
 // The run of one task, made at its first connection and kept over retries. Nothing here knows of links or channels.
-// A failed call fails the frame: the retry rule decides. Nothing that a machine gave may be lost by a retry, and nothing
+// A failed call fails the frame: the retry rule decides. A failure of class Formato or of the store is said, with its text
+// as a sentence that names the group and what was being read; one with number kErrorSuprimido ends the task. Nothing that a machine gave may be lost by a retry, and nothing
 // may be told to be forgotten before it is on disk.
 class TrabajoTarea {
  public:
@@ -71,7 +81,8 @@ class TrabajoTarea {
   // Takes the answer and moves on to the next step (decoder and SiguientePaso). For a NODAL acknowledgement codigo is 0
   // and datos empty.
   virtual Resultado<> respuesta(int addr, int codigo, const QByteArray& datos) = 0;
-  // The link was lost or a list broke off: a list that must start again forgets what it had of the machine now served.
+  // The task goes on after a failure or on a new link: a list that must start again forgets what it had of the machine
+  // now served.
   virtual void reanudar() {}
   // ReglaReintento saw a failure of this task.
   virtual void fallo() {}
@@ -98,15 +109,19 @@ struct ClaseTarea {
   bool esTotal = false;             // 16 to 21
   bool esLectura = false;           // totals and documents: a zeroing of the group waits for it
   bool esOlvido = false;            // zeroing, wipe: waits until no reading of its group stands before it
-  bool reiniciaListaNodal = false;  // after a failure on NODAL the list starts again
-  // Null for a kind that this engine can queue but has no sender for yet: there are none such registered.
+  bool toleraErr5 = false;          // a refusal numbered 5 counts as a good answer
+  // Null for a kind whose name is known and that has no sender: NuevaTarea answers 2 for it.
   std::unique_ptr<TrabajoTarea> (*crear)(const DatosTarea&, const Entorno&) = nullptr;
   bool valePara(int tipo) const;
 };
 
+// The names, kinds of group and flags of all kinds of task, with no sender.
+std::vector<ClaseTarea> TablaClases();
+
 // The kinds, by number. Made in one place (comm/tareas/Registro) and handed to the engine.
 class RegistroTareas {
  public:
+  // Adds a kind, or takes the place of the one of that number.
   void anadir(ClaseTarea clase);
   const ClaseTarea* porNumero(int numero) const;
   const ClaseTarea* porClave(QStringView clave) const;

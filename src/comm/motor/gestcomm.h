@@ -1,5 +1,6 @@
-// The engine that carries work to the machines: a queue of tasks, channels, one 500 ms tick, the retry rule.
-// State tables, transitions and rules: docs/motor.md. No widget, no kind of task by number.
+// The engine that carries work to the machines: a queue of tasks, channels, one 500 ms tick, the
+// retry rule. State tables, transitions and rules: docs/motor.md. No widget, no kind of task by
+// number.
 #pragma once
 
 #include <memory>
@@ -16,9 +17,11 @@ class Vigilante {
  public:
   virtual void InformeProblema(int clase, int grupo, int error, int estado, qint64 codigo) = 0;
   virtual void InformeRetry(int clase, int grupo, int error, int estado, qint64 codigo) = 0;
-  // A sentence about a group that isn't an error of a frame: a record too short, counters that went down...
+  // A sentence about a group that isn't an error of a frame: a record too short, counters that went
+  // down...
   virtual void InformeAviso(int clase, const totals::Aviso& aviso) = 0;
-  // A task has ended well, inside the transaction that stored what it read (so that the runner's record agrees with it).
+  // A task has ended well, inside the transaction that stored what it read (so that the runner's
+  // record agrees with it).
   virtual Resultado<> TareaHecha(const DatosTarea& tarea) = 0;
 
  protected:
@@ -53,14 +56,16 @@ class gestcomm final : private enlace::ClienteEnlace {
   gestcomm(Entorno entorno, enlace::Enlaces& enlaces, const RegistroTareas& registro);
   ~gestcomm();
 
-  // 0 queued; 1 refused by the session rule; 2 no such group, a kind not valid for it, or a group that doesn't
-  // communicate. `paso`: the step of a process that asks.
+  // 0 queued; 1 refused by the session rule; 2 no such group, a kind not valid for it, or a group
+  // that doesn't communicate. `paso`: the step of a process that asks.
   int NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, int clase, qint64 paso = -1);
   void CambioAModo(bool automatico);
   bool ModoAutomatico() const;
 
   void VigilaProcesos(int reintentos, bool borrarFallos, Vigilante* vigilante);
-  struct Cuenta { int enCurso = 0, fallidas = 0, total = 0; };
+  struct Cuenta {
+    int enCurso = 0, fallidas = 0, total = 0;
+  };
   Cuenta CuantosQuedan() const;
   // The groups whose reading failed or didn't hold; they are not zeroed.
   const std::set<int>& GruposFallidos() const;
@@ -76,7 +81,8 @@ class gestcomm final : private enlace::ClienteEnlace {
   void EliminarTarea(int id);
   // Stops and empties the queue; repeated until it is empty.
   void terminator();
-  // Asks all links to close. alCerrar() runs once every channel is idle; a link that answers nothing is dropped.
+  // Asks all links to close. alCerrar() runs once every channel is idle; a link that answers
+  // nothing is dropped.
   void cerrar(std::function<void()> alCerrar);
   bool puedeCerrar() const;  // no task opening, transferring or held
 
@@ -87,17 +93,20 @@ class gestcomm final : private enlace::ClienteEnlace {
  private:
   void Abrir_Evento(int canal, int error) override;
   void Cerrar_Evento(int canal, int error) override;
-  void EnvioVEK_Evento(int canal, int error, int addr, int codigo, const QByteArray& datos) override;
+  void EnvioVEK_Evento(int canal, int error, int addr, int codigo,
+                       const QByteArray& datos) override;
   void EnvioNDL_Evento(int canal, int error) override;
   void ReciboNDL_Evento(int canal, int error, int codigo, const QByteArray& datos) override;
-  void ReciboVEK_Evento(int canal, int error, int addr, int codigo, const QByteArray& datos) override;
+  void ReciboVEK_Evento(int canal, int error, int addr, int codigo,
+                        const QByteArray& datos) override;
   void CD_Evento(int canal, bool portadora) override;
   bool encaja(int canal, int addr, int codigo, const QByteArray& datos) override;
   struct Interior;
   std::unique_ptr<Interior> d;
 };
 
-// The texts of an error code: heading, message and detail, each possibly empty. Table: docs/protocolos.md.
+// The texts of an error code: heading, message and detail, each possibly empty. Table:
+// docs/protocolos.md.
 struct TextosError {
   QString cabecera, mensaje, detalle;
 };

@@ -1,9 +1,10 @@
 // The store. One object is the one connection of the program; it lives on one thread.
 //
-// SQL is written in the Jet dialect (see docs/formatos.md, "The SQL dialect"): #m/d/yyyy#, iif, switch, isnull,
-// format, int, ucase, val, &, [name], DELETE ALL * FROM, SELECT ALL, distinctrow, like 'abc*'. It is translated once for
-// each text and the prepared statement is kept. `?` marks a parameter; values are bound, never pasted.
-// A second engine can stand behind these classes: nothing here is one engine's own.
+// SQL is written in the Jet dialect (see docs/formatos.md, "The SQL dialect"): #m/d/yyyy#, iif,
+// switch, isnull, format, int, ucase, val, &, [name], DELETE ALL * FROM, SELECT ALL, distinctrow,
+// like 'abc*'. It is translated once for each text and the prepared statement is kept. `?` marks a
+// parameter; values are bound, never pasted. A second engine can stand behind these classes:
+// nothing here is one engine's own.
 #pragma once
 
 #include <functional>
@@ -25,25 +26,29 @@ class Sentencia {
 };
 
 struct Apertura {
-  bool crear = false;       // make an empty file when there is none
+  bool crear = false;  // make an empty file when there is none
   bool soloLeer = false;
-  int esperaOcupada = 5000; // ms to wait for another program's lock
+  int esperaOcupada = 5000;  // ms to wait for another program's lock
 };
 
 class Database {
  public:
   virtual ~Database() = default;
 
-  // Opens the file. Errors: NoExiste (Jet 3024), SinPermiso, SoloLectura, Ocupado (3260), NoEsBaseDatos, DiscoLleno.
-  static Resultado<std::unique_ptr<Database>> OpenDatabase(const QString& ruta, const Apertura& como = {});
+  // Opens the file. Errors: NoExiste (Jet 3024), SinPermiso, SoloLectura, Ocupado (3260),
+  // NoEsBaseDatos, DiscoLleno.
+  static Resultado<std::unique_ptr<Database>> OpenDatabase(const QString& ruta,
+                                                           const Apertura& como = {});
 
-  virtual Resultado<std::unique_ptr<Recordset>> OpenTable(QStringView tabla, QStringView indice) = 0;
-  virtual Resultado<std::unique_ptr<Recordset>> OpenQuery(QStringView sql,
-                                                          std::span<const Valor> parametros = {}) = 0;
+  virtual Resultado<std::unique_ptr<Recordset>> OpenTable(QStringView tabla,
+                                                          QStringView indice) = 0;
+  virtual Resultado<std::unique_ptr<Recordset>> OpenQuery(
+      QStringView sql, std::span<const Valor> parametros = {}) = 0;
   // Rows changed.
   virtual Resultado<qint64> Execute(QStringView sql, std::span<const Valor> parametros = {}) = 0;
   virtual Resultado<std::unique_ptr<Sentencia>> preparar(QStringView sql) = 0;
-  // A list of engine-neutral DDL or DML statements parted by ";" at the ends of lines, run as one transaction.
+  // A list of engine-neutral DDL or DML statements parted by ";" at the ends of lines, run as one
+  // transaction.
   virtual Resultado<> ejecutarGuion(QStringView guion) = 0;
 
   template <class... P>
@@ -64,20 +69,23 @@ class Database {
     return (*rs)->Eof() ? Valor() : (*rs)->valor(0);
   }
 
-  // --- transactions -------------------------------------------------------------------------------
-  // Nest freely: an inner Transaccion is a savepoint of the outer one.
+  // --- transactions
+  // ------------------------------------------------------------------------------- Nest freely: an
+  // inner Transaccion is a savepoint of the outer one.
   virtual Resultado<> BeginTrans() = 0;
   virtual Resultado<> CommitTrans() = 0;
   virtual void Rollback() = 0;
   virtual int profundidad() const = 0;
 
-  // --- schema -------------------------------------------------------------------------------------
+  // --- schema
+  // -------------------------------------------------------------------------------------
   virtual bool existeTabla(QStringView nombre) = 0;
   virtual bool existeColumna(QStringView tabla, QStringView columna) = 0;
 
   // A consistent copy of the database in use, by the engine's online backup.
   virtual Resultado<> copiarEn(const QString& ruta) = 0;
-  // Counts every change made through this connection; equal values mean that no row changed in between.
+  // Counts every change made through this connection; equal values mean that no row changed in
+  // between.
   virtual qint64 cambios() const = 0;
 };
 

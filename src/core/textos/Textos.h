@@ -1,5 +1,5 @@
-// The numbered string table and the helpers that fill its texts. One file a language, datos/textos/es.txt...,
-// "number TAB text". How numbers are grouped: docs/textos.md.
+// The numbered string table and the helpers that fill its texts. One file a language,
+// datos/textos/es.txt..., "number TAB text". How numbers are grouped: docs/textos.md.
 #pragma once
 
 #include <QString>
@@ -14,9 +14,11 @@ namespace tarvo {
 
 class Textos {
  public:
-  // Reads the table of a file. An unreadable file, or a line that is no entry, is an error that names it.
+  // Reads the table of a file. An unreadable file, or a line that is no entry, is an error that
+  // names it.
   static Resultado<Textos> leer(const QString& ruta);
-  // The text of a number, after the apostrophe rule: one apostrophe at the very end goes. Empty when there is none.
+  // The text of a number, after the apostrophe rule: one apostrophe at the very end goes. Empty
+  // when there is none.
   QString operator()(int numero) const;
   bool tiene(int numero) const;
 
@@ -24,14 +26,15 @@ class Textos {
   std::unordered_map<int, QString> tabla_;
 };
 
-// "#" becomes the number; "+es", "+s", "+n" stay as "es", "s", "n" with n of 2 or more, else vanish.
+// "#" becomes the number; "+es", "+s", "+n" stay as "es", "s", "n" with n of 2 or more, else
+// vanish.
 QString Plural(QString texto, int n);
 // Replaces every occurrence, left to right, going on behind each replacement.
 void CambiaTexto(const QString& busca, const QString& pone, QString& texto);
 // Number of the week of a date, 1 for the week that holds the first Sunday of the year.
 int Semana(Fecha fecha);
-// "#Gn" the name of group n, "#Sn" of section n, "#D" day, "#M" month, "#A" year, "#H" week of `fecha`. A code without a
-// row, or without digits, gives nothing.
+// "#Gn" the name of group n, "#Sn" of section n, "#D" day, "#M" month, "#A" year, "#H" week of
+// `fecha`. A code without a row, or without digits, gives nothing.
 QString ExpandirNombre(const QString& texto, Fecha fecha, dao::Database& db);
 QString NombreFichero(const QString& ruta);  // what stands behind the last "\" or "/"
 QString Ceros(qint64 n, int ancho);          // zeros on the left; the sign stands in front of them

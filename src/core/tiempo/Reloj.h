@@ -1,7 +1,7 @@
 // Time and chance, handed to whoever needs them, so that a night can be replayed.
 //
-// Two times exist. ahora() is the wall clock of the shop, which may jump (daylight saving, a correction).
-// monotono() only goes forward; every duration, time-out and countdown rests on it.
+// Two times exist. ahora() is the wall clock of the shop, which may jump (daylight saving, a
+// correction). monotono() only goes forward; every duration, time-out and countdown rests on it.
 #pragma once
 
 #include <functional>
@@ -12,8 +12,8 @@
 
 namespace tarvo {
 
-// A timer on the event loop's thread. It fires once (unaVez) or again and again (cada) until parar().
-// A handler may destroy the timer, stop it or start it anew. Destroying it stops it.
+// A timer on the event loop's thread. It fires once (unaVez) or again and again (cada) until
+// parar(). A handler may destroy the timer, stop it or start it anew. Destroying it stops it.
 class Temporizador {
  public:
   virtual ~Temporizador() = default;
@@ -44,7 +44,8 @@ class RelojReal final : public Reloj {
   qint64 inicio_;
 };
 
-// A clock that moves only when told. Timers due at one instant fire in the order in which they were started.
+// A clock that moves only when told. Timers due at one instant fire in the order in which they were
+// started.
 class RelojVirtual final : public Reloj {
  public:
   explicit RelojVirtual(Fecha inicio);

@@ -42,9 +42,13 @@ class TemporizadorReal final : public Temporizador {
 
 RelojReal::RelojReal() : inicio_(milisegundos()) {}
 
-Fecha RelojReal::ahora() const { return Fecha::de(QDateTime::currentDateTime()); }
+Fecha RelojReal::ahora() const {
+  return Fecha::de(QDateTime::currentDateTime());
+}
 
-qint64 RelojReal::monotono() const { return milisegundos() - inicio_; }
+qint64 RelojReal::monotono() const {
+  return milisegundos() - inicio_;
+}
 
 std::unique_ptr<Temporizador> RelojReal::temporizador(std::function<void()> alVencer) {
   return std::make_unique<TemporizadorReal>(std::move(alVencer));

@@ -5,8 +5,8 @@
 
 namespace tarvo {
 
-// Running timers by due time and start order. A timer is known by its number, so that one which its own
-// handler destroys is simply no longer here.
+// Running timers by due time and start order. A timer is known by its number, so that one which its
+// own handler destroys is simply no longer here.
 struct RelojVirtual::Agenda {
   struct Cita {
     std::shared_ptr<std::function<void()>> alVencer;
@@ -43,7 +43,8 @@ class TemporizadorVirtual final : public Temporizador {
   void citar(int ms, int repetir) {
     parar();
     intervalo_ = ms;
-    agenda_.citas[{agenda_.ahora + std::max(ms, 0), ++agenda_.orden}] = {alVencer_, repetir, numero_};
+    agenda_.citas[{agenda_.ahora + std::max(ms, 0), ++agenda_.orden}] = {alVencer_, repetir,
+                                                                         numero_};
   }
   RelojVirtual::Agenda& agenda_;
   std::shared_ptr<std::function<void()>> alVencer_;
@@ -60,10 +61,13 @@ RelojVirtual::~RelojVirtual() = default;
 Fecha RelojVirtual::ahora() const {
   const double dias = agenda_->pared + static_cast<double>(agenda_->ahora / 1000) / 86400.0;
   const double entero = std::floor(dias);
-  return Fecha::deDias(entero + static_cast<double>(std::llround((dias - entero) * 86400.0)) / 86400.0);
+  return Fecha::deDias(entero +
+                       static_cast<double>(std::llround((dias - entero) * 86400.0)) / 86400.0);
 }
 
-qint64 RelojVirtual::monotono() const { return agenda_->ahora; }
+qint64 RelojVirtual::monotono() const {
+  return agenda_->ahora;
+}
 
 std::unique_ptr<Temporizador> RelojVirtual::temporizador(std::function<void()> alVencer) {
   return std::make_unique<TemporizadorVirtual>(*agenda_, std::move(alVencer));
@@ -89,6 +93,8 @@ void RelojVirtual::avanzar(qint64 ms) {
   agenda_->ahora = fin;
 }
 
-void RelojVirtual::saltarPared(double dias) { agenda_->pared += dias; }
+void RelojVirtual::saltarPared(double dias) {
+  agenda_->pared += dias;
+}
 
 }  // namespace tarvo

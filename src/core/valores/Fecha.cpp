@@ -32,7 +32,9 @@ Fecha Fecha::de(QDate dia, QTime hora) {
   return Fecha(static_cast<double>(kOrigen.daysTo(dia)) + fraccion(hora));
 }
 
-Fecha Fecha::de(const QDateTime& momento) { return de(momento.date(), momento.time()); }
+Fecha Fecha::de(const QDateTime& momento) {
+  return de(momento.date(), momento.time());
+}
 
 std::optional<Fecha> Fecha::leer(QStringView texto) {
   texto = texto.trimmed();
@@ -62,13 +64,21 @@ std::optional<Fecha> Fecha::leerHora(QStringView texto) {
   return Fecha(fraccion(hora));
 }
 
-Fecha Fecha::dia() const { return Fecha(std::floor(dias_)); }
+Fecha Fecha::dia() const {
+  return Fecha(std::floor(dias_));
+}
 
-double Fecha::hora() const { return dias_ - std::floor(dias_); }
+double Fecha::hora() const {
+  return dias_ - std::floor(dias_);
+}
 
-QDate Fecha::qdate() const { return qdatetime().date(); }
+QDate Fecha::qdate() const {
+  return qdatetime().date();
+}
 
-QTime Fecha::qtime() const { return qdatetime().time(); }
+QTime Fecha::qtime() const {
+  return qdatetime().time();
+}
 
 QDateTime Fecha::qdatetime() const {
   qint64 dias = static_cast<qint64>(std::floor(dias_));
@@ -80,14 +90,24 @@ QDateTime Fecha::qdatetime() const {
   return QDateTime(kOrigen.addDays(dias), QTime(0, 0).addSecs(static_cast<int>(segundos)), Qt::UTC);
 }
 
-int Fecha::diaSemana() const { return qdate().dayOfWeek(); }
+int Fecha::diaSemana() const {
+  return qdate().dayOfWeek();
+}
 
-QString Fecha::corta() const { return qdate().toString(u"dd/MM/yyyy"); }
+QString Fecha::corta() const {
+  return qdate().toString(u"dd/MM/yyyy");
+}
 
-QString Fecha::horaLarga() const { return qtime().toString(u"HH:mm:ss"); }
+QString Fecha::horaLarga() const {
+  return qtime().toString(u"HH:mm:ss");
+}
 
-QString Fecha::general() const { return corta() + u' ' + horaLarga(); }
+QString Fecha::general() const {
+  return corta() + u' ' + horaLarga();
+}
 
-QString Fecha::literalSql() const { return qdatetime().toString(u"'#'M/d/yyyy H:mm:ss'#'"); }
+QString Fecha::literalSql() const {
+  return qdatetime().toString(u"'#'M/d/yyyy H:mm:ss'#'");
+}
 
 }  // namespace tarvo

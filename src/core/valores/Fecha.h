@@ -1,6 +1,6 @@
-// A moment or a day as the database keeps it: days since 30 December 1899, the fraction being the time
-// of day. Nothing else in the program does arithmetic on dates. Limits of periods are compared for
-// equality, so each moment has one way to be computed: whole days plus seconds / 86400.0.
+// A moment or a day as the database keeps it: days since 30 December 1899, the fraction being the
+// time of day. Nothing else in the program does arithmetic on dates. Limits of periods are compared
+// for equality, so each moment has one way to be computed: whole days plus seconds / 86400.0.
 #pragma once
 
 #include <QDate>
@@ -28,17 +28,17 @@ class Fecha {
   static std::optional<Fecha> leerHora(QStringView texto);
 
   constexpr double dias() const { return dias_; }
-  Fecha dia() const;            // the date part, 00:00:00
-  double hora() const;          // the time part, 0 up to 1
+  Fecha dia() const;    // the date part, 00:00:00
+  double hora() const;  // the time part, 0 up to 1
   QDate qdate() const;
   QTime qtime() const;          // rounded to whole seconds
   QDateTime qdatetime() const;  // local time without a zone
   int diaSemana() const;        // 1 Monday to 7 Sunday
 
-  QString corta() const;        // "dd/mm/yyyy"
-  QString horaLarga() const;    // "hh:nn:ss"
-  QString general() const;      // "dd/mm/yyyy hh:nn:ss", as traces show a moment
-  QString literalSql() const;   // "#m/d/yyyy h:nn:ss#"
+  QString corta() const;       // "dd/mm/yyyy"
+  QString horaLarga() const;   // "hh:nn:ss"
+  QString general() const;     // "dd/mm/yyyy hh:nn:ss", as traces show a moment
+  QString literalSql() const;  // "#m/d/yyyy h:nn:ss#"
 
   constexpr Fecha operator+(double dias) const { return Fecha(dias_ + dias); }
   constexpr Fecha operator-(double dias) const { return Fecha(dias_ - dias); }

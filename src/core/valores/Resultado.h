@@ -1,8 +1,8 @@
 // The one way in which an operation of this program fails: a Resultado that holds an Error.
 //
 // An Error has a class, which a caller may act on, a number (the engine's own, or a Jet number that
-// the report routine knows) and a Spanish sentence for the person who reads the trace. A class exists
-// only where some caller acts differently on it.
+// the report routine knows) and a Spanish sentence for the person who reads the trace. A class
+// exists only where some caller acts differently on it.
 #pragma once
 
 #include <QString>
@@ -42,8 +42,8 @@ inline std::unexpected<Error> fallo(Fallo clase, QString texto, int numero = 0) 
 }  // namespace tarvo
 
 // Hands the error of an expression of type Resultado<...> on to the caller.
-#define TARVO_INTENTAR(expresion)                                       \
-  do {                                                                  \
-    if (auto tarvo_r_ = (expresion); !tarvo_r_)                         \
+#define TARVO_INTENTAR(expresion)                                          \
+  do {                                                                     \
+    if (auto tarvo_r_ = (expresion); !tarvo_r_)                            \
       return std::unexpected<::tarvo::Error>(std::move(tarvo_r_).error()); \
   } while (false)

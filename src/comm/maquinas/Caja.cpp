@@ -1,0 +1,63 @@
+#include "comm/maquinas/Caja.h"
+
+#include <cmath>
+#include <cstdlib>
+
+namespace tarvo::maquinas::caja {
+
+namespace {
+
+// Registers count in thousandths.
+qint64 deMilesimas(qint64 n) { return std::llround(static_cast<double>(n) / 1000.0); }
+
+constexpr int kTipoGranTotal = 12, kTipoGranTotalBis = 17, kTipoDepartamento = 1;
+
+}  // namespace
+
+Peticion puestaACero(int paso) { return {3052 + 2 * paso, {}}; }
+Peticion articulos() { return {kArticulos, QByteArray(12, ' ') + "118000"}; }
+Peticion totales() { return {kTotales, {}}; }
+
+bool finDeLista(int codigo, QByteArrayView registro) {
+  if (codigo == kArticulos)
+    return registro.size() >= 15 && registro.sliced(2, 13) == QByteArrayView("             ");
+  return codigo == kTotales && registro.startsWith("0099");
+}
+
+Resultado<std::optional<Total>> leerArticulo(QByteArrayView registro) {
+  Lector l(registro);
+  Total t;
+  t.numero = l.numero(3, 13);
+  t.con = std::abs(deMilesimas(l.numero(16, 10)));
+  t.imp = l.numero(26, 10);
+  TARVO_INTENTAR(l.estado());
+  if (t.con == 0 && t.imp == 0) return std::nullopt;
+  return t;
+}
+
+Resultado<std::optional<Total>> leerGranTotal(QByteArrayView registro) {
+  Lector l(registro);
+  Total t;
+  t.numero = l.numero(1, 4);
+  if (l.falta().isEmpty() && t.numero != kTipoGranTotal && t.numero != kTipoGranTotalBis)
+    return std::nullopt;
+  t.con = l.numero(7, 10);
+  t.imp = l.numero(17, 10);
+  TARVO_INTENTAR(l.estado());
+  return t;
+}
+
+Resultado<std::optional<Total>> leerDepartamento(QByteArrayView registro) {
+  Lector l(registro);
+  Total t;
+  const qint64 tipo = l.numero(1, 4);
+  if (l.falta().isEmpty() && tipo != kTipoDepartamento) return std::nullopt;
+  t.numero = l.numero(5, 2);
+  t.con = deMilesimas(l.numero(7, 10));
+  t.imp = l.numero(17, 10);
+  TARVO_INTENTAR(l.estado());
+  if (t.imp == 0 && t.con > 0) return std::nullopt;
+  return t;
+}
+
+}  // namespace tarvo::maquinas::caja

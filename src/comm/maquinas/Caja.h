@@ -1,0 +1,24 @@
+// Payloads of the cash registers, kind of group 3: requests, and lists that come one record a frame.
+#pragma once
+
+#include "comm/maquinas/Campos.h"
+
+namespace tarvo::maquinas::caja {
+
+inline constexpr int kArticulos = 2057, kTotales = 2060;
+inline constexpr int kPasosCero = 3;
+
+Peticion puestaACero(int paso);  // 1 to kPasosCero
+Peticion articulos();
+Peticion totales();  // grand total and departments alike
+
+// Is this record the end of the list of that code? No other code ever ends a list.
+bool finDeLista(int codigo, QByteArrayView registro);
+
+// A sale by bar code: `numero` is the code as a number. Nothing where the record holds no sale.
+Resultado<std::optional<Total>> leerArticulo(QByteArrayView registro);
+// The part of a totals record that counts for the grand total; nothing for any other record of the list.
+Resultado<std::optional<Total>> leerGranTotal(QByteArrayView registro);
+Resultado<std::optional<Total>> leerDepartamento(QByteArrayView registro);
+
+}  // namespace tarvo::maquinas::caja

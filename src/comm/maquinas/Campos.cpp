@@ -1,0 +1,85 @@
+#include "comm/maquinas/Campos.h"
+
+#include <algorithm>
+
+namespace tarvo::maquinas {
+
+namespace {
+
+// The decimal number of a text of at most 18 digits, blanks around it allowed; nothing when it is none.
+std::optional<qint64> decimal(QByteArrayView texto) {
+  const QByteArrayView t = texto.trimmed();
+  if (t.isEmpty() || t.size() > 18) return {};
+  qint64 n = 0;
+  for (const char c : t) {
+    if (c < '0' || c > '9') return {};
+    n = n * 10 + (c - '0');
+  }
+  return n;
+}
+
+// The value of a whole field, "000-123" included; nothing when it is no number.
+std::optional<qint64> valorDeCampo(QByteArrayView campo) {
+  const qsizetype menos = campo.indexOf('-');
+  if (menos < 0) return decimal(campo);
+  const QByteArrayView delante = campo.first(menos);
+  if (!std::all_of(delante.begin(), delante.end(), [](char c) { return c == '0'; })) return {};
+  if (menos + 1 >= campo.size() || campo[menos + 1] == ' ') return {};
+  const auto n = decimal(campo.sliced(menos + 1));
+  if (!n) return {};
+  return -*n;
+}
+
+// What the record holds of a field; shorter than `ancho` where the record ends.
+QByteArrayView trozo(QByteArrayView registro, int inicio, int ancho) {
+  if (inicio < 1 || ancho < 1 || inicio > registro.size()) return {};
+  return registro.sliced(inicio - 1, std::min<qsizetype>(ancho, registro.size() - inicio + 1));
+}
+
+}  // namespace
+
+QByteArray Ceros(qint64 n, int ancho) {
+  return n < 0 ? '-' + QByteArray::number(-n).rightJustified(ancho - 1, '0')
+               : QByteArray::number(n).rightJustified(ancho, '0');
+}
+
+QByteArray Campo(const QByteArray& texto, int ancho) {
+  return texto.leftJustified(ancho, ' ', true);
+}
+
+qint64 CampoNumerico(QByteArrayView registro, int inicio, int ancho) {
+  return valorDeCampo(trozo(registro, inicio, ancho)).value_or(0);
+}
+
+int MaxOperadores(int tipo) {
+  return tipo == 2 ? 10 : tipo >= 1 && tipo <= 4 ? 20 : 0;
+}
+
+int MaxDepartamentos(int tipo) {
+  switch (tipo) {
+    case 1:
+    case 2: return 10;
+    case 3: return 40;
+    case 4: return 20;
+    default: return 0;
+  }
+}
+
+qint64 Lector::numero(int inicio, int ancho) {
+  const QByteArrayView campo = trozo(registro_, inicio, ancho);
+  const auto n = valorDeCampo(campo);
+  if (falta_.isEmpty() && campo.size() < ancho)
+    falta_ = QStringLiteral("el registro es demasiado corto (%1 caracteres)").arg(registro_.size());
+  else if (falta_.isEmpty() && !n)
+    falta_ = QStringLiteral("el registro no es numérico en la posición %1 (\"%2\")")
+                 .arg(inicio)
+                 .arg(QString::fromLatin1(campo.data(), campo.size()));
+  return n.value_or(0);
+}
+
+Resultado<> Lector::estado() const {
+  if (falta_.isEmpty()) return {};
+  return fallo(Fallo::Formato, falta_, 7);
+}
+
+}  // namespace tarvo::maquinas

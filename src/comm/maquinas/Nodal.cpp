@@ -1,0 +1,127 @@
+#include "comm/maquinas/Nodal.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace tarvo::maquinas::nodal {
+
+namespace {
+
+constexpr int kCabecera = 2;  // characters in front of the records of a frame
+
+// Cuts a frame's records and reads each with `leer`.
+template <class Leer>
+Resultado<std::vector<Total>> registros(QByteArrayView datos, int ancho, Leer leer) {
+  std::vector<Total> salida;
+  QByteArrayView resto = datos.sliced(std::min<qsizetype>(kCabecera, datos.size()));
+  if (datos.size() < kCabecera || resto.size() % ancho != 0)
+    return fallo(Fallo::Formato,
+                 QStringLiteral("el registro es demasiado corto (%1 caracteres)").arg(resto.size() % ancho), 7);
+  for (; !resto.isEmpty(); resto = resto.sliced(ancho)) {
+    Lector l(resto.first(ancho));
+    salida.push_back(leer(l));
+    TARVO_INTENTAR(l.estado());
+  }
+  return salida;
+}
+
+// Position, imp, sco, pes, con, as operators and departments have them.
+Total posicionYCuentas(Lector& l) {
+  Total t;
+  t.numero = l.numero(1, 2) + 1;
+  t.imp = l.numero(3, 10);
+  t.sco = l.numero(13, 10);
+  t.pes = l.numero(23, 8);
+  t.con = l.numero(31, 6);
+  return t;
+}
+
+}  // namespace
+
+Peticion fechaHora(Fecha ahora) {
+  return {36, ahora.qdatetime().toString(u"ddMMyyyyHHmmss").toLatin1()};
+}
+Peticion cerrarTickets() { return {39, "99"}; }
+Peticion puestaACero() { return {71, {}}; }
+Peticion articulos(qint64 desde, qint64 hasta) {
+  const auto cuatro = [](qint64 n) { return Ceros(std::clamp<qint64>(n, 0, kUltimoArticulo), 4); };
+  return {67, "99" + cuatro(desde) + cuatro(hasta)};
+}
+Peticion granTotal() { return {64, {}}; }
+Peticion operadores() { return {65, {}}; }
+Peticion departamentos() { return {66, {}}; }
+Peticion operadoresHoras() { return {75, {}}; }
+Peticion pedido() { return {76, {}}; }
+Peticion olvidarPedido() { return {77, {}}; }
+
+bool esDePeticion(int codigo) {
+  constexpr int kPeticiones[] = {33, 36, 38, 39, 64, 65, 66, 67, 71, 75, 76, 77};
+  return std::ranges::find(kPeticiones, codigo) != std::end(kPeticiones);
+}
+
+Resultado<std::vector<Total>> leerArticulos(QByteArrayView datos) {
+  return registros(datos, 26, [](Lector& l) {
+    Total t;
+    t.numero = l.numero(1, 4);
+    t.imp = l.numero(5, 8);
+    const qint64 peso = std::abs(l.numero(13, 8));
+    t.pes = t.imp < 0 ? -peso : peso;
+    t.con = l.numero(21, 6);
+    return t;
+  });
+}
+
+Resultado<Total> leerGranTotal(QByteArrayView datos) {
+  Lector l(datos);
+  Total t;
+  t.imp = l.numero(19, 10);
+  t.sco = l.numero(29, 10);
+  t.pes = l.numero(39, 8);
+  t.con = l.numero(47, 6);
+  TARVO_INTENTAR(l.estado());
+  return t;
+}
+
+Resultado<std::vector<Total>> leerOperadores(QByteArrayView datos) {
+  return registros(datos, 36, posicionYCuentas);
+}
+
+Resultado<std::vector<Total>> leerDepartamentos(QByteArrayView datos) {
+  return registros(datos, 36, posicionYCuentas);
+}
+
+Resultado<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos) {
+  return registros(datos, 38, [](Lector& l) {
+    Total t;
+    const qint64 x = l.numero(1, 4);
+    t.numero = x / 100 + 1;
+    t.hora = static_cast<int>(x % 100);
+    t.imp = l.numero(5, 10);
+    t.pes = l.numero(25, 8);
+    t.con = l.numero(33, 6);
+    return t;
+  });
+}
+
+Resultado<std::vector<Linea>> leerPedido(QByteArrayView datos) {
+  constexpr int kAncho = 20;
+  std::vector<Linea> lineas;
+  QByteArrayView resto = datos.sliced(std::min<qsizetype>(kCabecera, datos.size()));
+  if (datos.size() < kCabecera + kAncho && !resto.isEmpty())
+    return fallo(Fallo::Formato,
+                 QStringLiteral("el registro es demasiado corto (%1 caracteres)").arg(resto.size()), 7);
+  for (; resto.size() >= kAncho; resto = resto.sliced(kAncho)) {
+    Lector l(resto.first(kAncho));
+    Linea linea;
+    linea.articulo = l.numero(1, 4);
+    if (l.falta().isEmpty() && linea.articulo < 1) break;
+    linea.peso = std::llround(static_cast<double>(l.numero(5, 8)) / 1000.0);
+    linea.unidades = l.numero(13, 8);
+    TARVO_INTENTAR(l.estado());
+    lineas.push_back(linea);
+  }
+  return lineas;
+}
+
+}  // namespace tarvo::maquinas::nodal

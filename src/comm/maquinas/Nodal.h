@@ -1,0 +1,38 @@
+// Payloads of the Ebony machines, kind of group 2: requests, and frames that are runs of records.
+#pragma once
+
+#include <vector>
+
+#include "comm/maquinas/Campos.h"
+#include "core/valores/Fecha.h"
+
+namespace tarvo::maquinas::nodal {
+
+inline constexpr int kFinDeLista = 26;
+inline constexpr int kUltimoArticulo = 9999;
+
+Peticion fechaHora(Fecha ahora);
+Peticion cerrarTickets();
+Peticion puestaACero();
+Peticion articulos(qint64 desde, qint64 hasta);  // `hasta` is cut to four digits
+Peticion granTotal();
+Peticion operadores();
+Peticion departamentos();
+Peticion operadoresHoras();
+Peticion pedido();
+Peticion olvidarPedido();
+
+// A code with which the back-office asks something; a frame that bears one answers that request and no other.
+bool esDePeticion(int codigo);
+
+// Each reads the records of one frame. A record that is cut or not numeric is a Formato error, and so are
+// characters left over behind whole records of totals. Positions and departments count from 1.
+Resultado<std::vector<Total>> leerArticulos(QByteArrayView datos);
+Resultado<Total> leerGranTotal(QByteArrayView datos);
+Resultado<std::vector<Total>> leerOperadores(QByteArrayView datos);
+Resultado<std::vector<Total>> leerDepartamentos(QByteArrayView datos);
+Resultado<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos);
+// Lines up to the first article below 1; characters left over are passed over.
+Resultado<std::vector<Linea>> leerPedido(QByteArrayView datos);
+
+}  // namespace tarvo::maquinas::nodal

@@ -1,0 +1,44 @@
+// Payloads of the scales, kinds of group 1 and 4: what is asked of them and the records that they answer.
+#pragma once
+
+#include <vector>
+
+#include "comm/maquinas/Campos.h"
+#include "core/valores/Fecha.h"
+
+namespace tarvo::maquinas::vek {
+
+Peticion fechaHora(Fecha ahora);
+// Whole zeroing, or the partial one that follows a failed one.
+Peticion puestaACero(bool toda);
+Peticion articulo(qint64 codigo);
+// The next article with sales from `codigo` on.
+Peticion siguienteArticulo(qint64 codigo);
+Peticion granTotal(int tipo);
+Peticion operador(int posicion);
+Peticion departamento(int numero);
+Peticion hora(int hora);
+Peticion operadorHora(int posicion, int hora);
+// The lines of an order or an inventory from line `desde` (from 0) on, and the permission to forget the list.
+Peticion lineas(int desde, bool inventario);
+Peticion olvidarLista(bool inventario);
+
+// The number at the head of a record, read strictly: nothing when it isn't there or is no number.
+std::optional<qint64> cabeza(QByteArrayView registro, int inicio, int ancho);
+
+// Each reads one record. A record that is cut or not numeric where it must be is a Formato error.
+Resultado<Total> leerArticulo(QByteArrayView registro);
+Resultado<Total> leerGranTotal(QByteArrayView registro, int tipo);
+Resultado<Total> leerOperador(QByteArrayView registro);
+Resultado<Total> leerDepartamento(QByteArrayView registro);
+Resultado<Total> leerHora(QByteArrayView registro);
+Resultado<Total> leerOperadorHora(QByteArrayView registro);
+
+struct TrozoLista {
+  std::vector<Linea> lineas;
+  bool fin = false;  // an article number of 0 or below ended the list
+  bool operator==(const TrozoLista&) const = default;
+};
+Resultado<TrozoLista> leerLineas(QByteArrayView datos);
+
+}  // namespace tarvo::maquinas::vek

@@ -1,0 +1,25 @@
+#include "devices/PrimerGrupo.h"
+
+#include "devices/Grupo.h"
+#include "devices/Modelos.h"
+
+namespace tarvo::devices {
+
+Resultado<> asegurarPrimerGrupo(dao::Database& db, const Ajustes& ajustes) {
+  const auto alguno = db.uno(u"SELECT CODGPO FROM GRUPOS");
+  if (!alguno) return std::unexpected(alguno.error());
+  if (!alguno->nulo()) return {};
+  const auto almacen = db.uno(u"SELECT CODALM FROM ALMACEN ORDER BY CODALM");
+  if (!almacen) return std::unexpected(almacen.error());
+
+  Balanza balanza(ajustes.idioma);
+  balanza.tipo(kCedar);
+  Grupo grupo(ajustes.idioma);
+  grupo.tipo(balanza.TipoDeGrupo());
+  grupo.Almacen = static_cast<int>(almacen->entero());
+  balanza.Numero = 0;
+  grupo.LasBalanzas.emplace(0, std::move(balanza));
+  return grupo.SaveAs(db, 1, QStringLiteral("GRUPO"));
+}
+
+}  // namespace tarvo::devices

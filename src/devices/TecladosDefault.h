@@ -1,0 +1,19 @@
+// The keyboard that a new machine of a model has, in the language's layout. Texts of lines ended by
+// CR LF; their layouts: docs/formatos.md.
+#pragma once
+
+#include <QString>
+
+#include "core/ajustes/Ajustes.h"
+
+namespace tarvo::devices {
+
+// "kkk:ccc:", one line a key; empty for a number that is no model.
+QString TecladoDefecto(int modelo, Idioma idioma);
+QString HardPluDefecto();
+QString TarasDefecto();
+
+// The code of one cell of a layout table: "PLUnn", "OPEnn" or a number. An empty cell is 0.
+int codigoDeCelda(QStringView celda);
+
+}  // namespace tarvo::devices

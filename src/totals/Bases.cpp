@@ -1,0 +1,154 @@
+// What the readings of a session show of zeroings that nobody wrote down. A counter only goes down
+// when its machine forgets: a machine of which some count of sales is lower than the one memorised
+// has been zeroed, in all its kinds of total.
+#include <map>
+#include <set>
+
+#include "totals/Memoria.h"
+#include "totals/SesionInterior.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using dao::Database;
+
+QString textoDe(const char16_t* s) {
+  return QString::fromUtf16(s);
+}
+
+// A reading of the open session whose machine held memorised sales when it was read.
+struct Releida {
+  int grupo = 0;
+  const ClaseTotal* clase = nullptr;
+  bool varias = false, entera = true;
+  qint64 addr = 0;
+};
+
+Resultado<std::vector<Releida>> releidas(Database& db, const Ajustes& ajustes) {
+  std::vector<Releida> lista;
+  for (const ClaseTotal& c : enVigor(ajustes)) {
+    auto rs = db.consultar(
+        QString(
+            u"SELECT GRUPO, MAQUINAS, ENTERA, ADDR FROM Lecturas, Sesiones WHERE CODGPO=GRUPO AND "_s
+            u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND "_s +
+            textoDe(c.sesion) + u" ORDER BY GRUPO"_s),
+        c.numero);
+    if (!rs) return std::unexpected(rs.error());
+    for (; !(*rs)->Eof();) {
+      lista.push_back({static_cast<int>((*rs)->entero(0)), &c, (*rs)->entero(1) > 1,
+                       (*rs)->logico(2), (*rs)->entero(3)});
+      TARVO_INTENTAR((*rs)->MoveNext());
+    }
+  }
+  return lista;
+}
+
+// The addresses of the group of which a count went down in this kind.
+Resultado<std::set<int>> bajaron(Database& db, const Releida& r) {
+  const QString hora = r.varias           ? u"n.HORA=b.HORA"_s
+                       : r.clase->conHora ? u"n.HORA=b.HORA"_s
+                                          : u"1=1"_s;
+  const QString nuevas = r.varias
+                             ? u"LectFilas n ON n.GRUPO=b.GRUPO AND n.CLASE=b.CLASE AND "_s
+                               u"n.ADDR=b.ADDR AND n.CODI=b.CODI "_s
+                               u"AND "_s
+                             : textoDe(r.clase->tabla) +
+                                   u" n ON n.LINK=0 AND n.GRUPO=b.GRUPO AND n.CODI=b.CODI AND "_s;
+  QString sql = u"SELECT DISTINCT b.ADDR FROM BaseFilas b LEFT JOIN "_s + nuevas + hora +
+                u" WHERE b.GRUPO=? AND b.CLASE=? AND COALESCE(n.CON,0)<b.CON"_s;
+  if (!r.entera) sql += u" AND n.CON IS NOT NULL"_s;
+  if (!r.varias) sql += u" AND b.ADDR="_s + QString::number(r.addr);
+  auto rs = db.consultar(sql, r.grupo, r.clase->numero);
+  if (!rs) return std::unexpected(rs.error());
+  std::set<int> addrs;
+  for (; !(*rs)->Eof();) {
+    addrs.insert(static_cast<int>((*rs)->entero(0)));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return addrs;
+}
+
+// Since when the machine counts afresh: the zeroing that was begun and not confirmed, else the
+// reading that was memorised.
+Resultado<Fecha> momentoDelCero(Database& db, int grupo, int addr, bool& anunciado) {
+  auto rs = db.consultar(
+      u"SELECT INTENCION FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO<SEC_INTENCION"_s, grupo,
+      addr);
+  if (!rs) return std::unexpected(rs.error());
+  anunciado = !(*rs)->Eof();
+  if (anunciado) return (*rs)->fecha(0);
+  const auto hasta = db.uno(u"SELECT MAX(BASE_HASTA) FROM Lecturas WHERE GRUPO=?"_s, grupo);
+  if (!hasta) return std::unexpected(hasta.error());
+  return hasta->fecha();
+}
+
+// The machine has forgotten: nothing of it is memorised any more, in any kind.
+Resultado<> olvidar(Database& db, int grupo, int addr) {
+  for (const ClaseTotal& c : todasLasClases()) TARVO_INTENTAR(apartarBase(db, grupo, c.numero));
+  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
+  TARVO_INTENTAR(db.ejecutar(
+      u"UPDATE Ceros SET HECHO=INTENCION, SEC_HECHO=SEC_INTENCION WHERE GRUPO=? AND ADDR=? AND "_s
+      u"SEC_HECHO<SEC_INTENCION"_s,
+      grupo, addr));
+  return {};
+}
+
+Resultado<> fecharCero(Database& db, const Ajustes& ajustes, int grupo, Fecha cuando) {
+  TARVO_INTENTAR(db.ejecutar(
+      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=? "_s
+      u"AND NOT EXISTS (SELECT 1 FROM "_s
+      u"BaseFilas WHERE BaseFilas.GRUPO=Lecturas.GRUPO AND BaseFilas.CLASE=Lecturas.CLASE)"_s,
+      grupo));
+  const auto queda = db.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=?"_s, grupo);
+  if (!queda) return std::unexpected(queda.error());
+  if (queda->entero() > 0) return {};
+  TARVO_INTENTAR(
+      db.ejecutar(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=? AND (PZERO IS NULL OR PZERO<?)"_s,
+                  cuando, grupo, cuando));
+  for (const ClaseTotal& c : enVigor(ajustes))
+    TARVO_INTENTAR(
+        db.ejecutar(QString(u"UPDATE Sesiones SET "_s + textoDe(c.desde) +
+                            u"=? WHERE CODGPO=? AND "_s + textoDe(c.sesion) + u" AND ("_s +
+                            textoDe(c.desde) + u" IS NULL OR "_s + textoDe(c.desde) + u"<?)"_s),
+                    cuando, grupo, cuando));
+  return {};
+}
+
+}  // namespace
+
+Resultado<> resolverBases(Database& db, const Ajustes& ajustes, std::vector<Aviso>& avisos) {
+  const auto lista = releidas(db, ajustes);
+  if (!lista) return std::unexpected(lista.error());
+  std::map<int, std::set<int>> ceros;
+  for (const Releida& r : *lista) {
+    const auto addrs = bajaron(db, r);
+    if (!addrs) return std::unexpected(addrs.error());
+    if (!addrs->empty()) ceros[r.grupo].insert(addrs->begin(), addrs->end());
+  }
+  for (const auto& [grupo, addrs] : ceros) {
+    for (const int addr : addrs) {
+      bool anunciado = false;
+      const auto cuando = momentoDelCero(db, grupo, addr, anunciado);
+      if (!cuando) return std::unexpected(cuando.error());
+      TARVO_INTENTAR(olvidar(db, grupo, addr));
+      TARVO_INTENTAR(fecharCero(db, ajustes, grupo, *cuando));
+      avisos.push_back({grupo,
+                        u"Grupo %1: sus contadores bajaron desde la última lectura "_s
+                        u"memorizada; se da por puesto a "_s
+                        u"cero el %2"_s.arg(grupo)
+                            .arg(cuando->general()),
+                        !anunciado});
+    }
+  }
+  // An unconfirmed zeroing of a machine that still holds what was memorised did not happen.
+  for (const Releida& r : *lista)
+    if (!ceros.contains(r.grupo))
+      TARVO_INTENTAR(
+          db.ejecutar(u"DELETE FROM Ceros WHERE GRUPO=? AND SEC_HECHO<SEC_INTENCION"_s, r.grupo));
+  return {};
+}
+
+}  // namespace tarvo::totals

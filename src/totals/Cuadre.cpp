@@ -1,0 +1,166 @@
+#include "totals/Cuadre.h"
+
+#include "totals/Calendario.h"
+#include "totals/Dinero.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString nombreDe(int numero) {
+  switch (numero) {
+    case kPLUs:
+      return u"artículos"_s;
+    case kOperadores:
+      return u"operadores"_s;
+    case kDepartamentos:
+      return u"departamentos"_s;
+    case kHorario:
+      return u"horas"_s;
+    case kOperHora:
+      return u"operadores y horas"_s;
+    default:
+      return u"Gran Total"_s;
+  }
+}
+
+// Number of rows and amount of a kind within a period and group.
+Resultado<std::pair<qint64, qint64>> sumaDe(dao::Database& db, int numero, qint64 link, int grupo) {
+  auto rs = db.consultar(QString(u"SELECT count(*), SUM(IMP) FROM "_s + NombreTabla(numero) +
+                                 u" WHERE LINK=? AND GRUPO=?"_s),
+                         link, grupo);
+  if (!rs) return std::unexpected(rs.error());
+  return std::pair{(*rs)->entero(0), (*rs)->entero(1)};
+}
+
+// Was this kind received whole for the group: in the open session for the inbox, at all for a
+// period?
+Resultado<bool> comparable(dao::Database& db, int numero, qint64 link, int grupo) {
+  if (link != 0) return true;
+  const auto n = db.uno(
+      QString(
+          u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND "_s + CampoSesion(numero) +
+          u" AND NOT EXISTS (SELECT 1 FROM Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND ENTERA=0)"_s),
+      grupo, numero);
+  if (!n) return std::unexpected(n.error());
+  return n->entero() > 0;
+}
+
+Resultado<QString> origenDe(dao::Database& db, qint64 link, int grupo, int numero) {
+  auto rs = db.consultar(
+      u"SELECT LEIDO, DESDE, HASTA, MODO, EJECUCION FROM Origenes WHERE LINK=? AND GRUPO=? AND "_s
+      u"CLASE=? ORDER BY LEIDO"_s,
+      link, grupo, numero);
+  if (!rs) return std::unexpected(rs.error());
+  QStringList partes;
+  for (; !(*rs)->Eof();) {
+    partes << u"leído el %1, ventas del %2 al %3%4"_s.arg(
+        (*rs)->nulo(0) ? u"?"_s : (*rs)->fecha(0).general(), (*rs)->fecha(1).general(),
+        (*rs)->fecha(2).general(),
+        (*rs)->texto(3) == u"diferencia"_s ? u" (diferencia)"_s : QString());
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return partes.isEmpty() ? u"sin lectura anotada (importado o a mano)"_s : partes.join(u"; "_s);
+}
+
+Resultado<QString> informeGrupo(dao::Database& db, const Ajustes& a, qint64 link, int grupo,
+                                const QString& nombre) {
+  QString texto = u"Grupo %1 %2\n"_s.arg(grupo, 4, 10, QChar(u'0')).arg(nombre);
+  const auto gran = sumaDe(db, kGranTotal, link, grupo);
+  if (!gran) return std::unexpected(gran.error());
+  for (const ClaseTotal& c : enVigor(a)) {
+    const auto suma = sumaDe(db, c.numero, link, grupo);
+    if (!suma) return std::unexpected(suma.error());
+    if (suma->first == 0) continue;
+    const auto origen = origenDe(db, link, grupo, c.numero);
+    if (!origen) return std::unexpected(origen.error());
+    const bool contra = gran->first > 0 && c.numero != kGranTotal;
+    texto += u"  %1 %2 %3  %4\n"_s.arg(nombreDe(c.numero), -22)
+                 .arg(VerImporte(a, suma->second, a.MonedaNativa ? 1 : 0), 14)
+                 .arg(!contra                        ? u"         "_s
+                      : suma->second == gran->second ? u"cuadra   "_s
+                                                     : u"NO CUADRA"_s,
+                      *origen);
+  }
+  return texto;
+}
+
+}  // namespace
+
+Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajustes& ajustes,
+                                                  qint64 link, int grupo) {
+  std::vector<Comparado> lista;
+  const auto hay = comparable(db, kGranTotal, link, grupo);
+  if (!hay) return std::unexpected(hay.error());
+  const auto gran = sumaDe(db, kGranTotal, link, grupo);
+  if (!gran) return std::unexpected(gran.error());
+  if (!*hay || gran->first == 0) return lista;
+  for (const ClaseTotal& c : enVigor(ajustes)) {
+    if (c.numero == kGranTotal) continue;
+    const auto vale = comparable(db, c.numero, link, grupo);
+    if (!vale) return std::unexpected(vale.error());
+    const auto suma = sumaDe(db, c.numero, link, grupo);
+    if (!suma) return std::unexpected(suma.error());
+    if (*vale && (link == 0 || suma->first > 0))
+      lista.push_back({c.numero, gran->second, suma->second});
+  }
+  return lista;
+}
+
+Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, int grupo,
+                         std::vector<Aviso>& avisos) {
+  const auto lista = compararTotales(db, ajustes, 0, grupo);
+  if (!lista) return std::unexpected(lista.error());
+  const int moneda = ajustes.MonedaNativa ? 1 : 0;
+  bool bien = true;
+  for (const Comparado& c : *lista) {
+    if (c.cuadra()) continue;
+    bien = false;
+    avisos.push_back(
+        {grupo,
+         u"Grupo %1: el Gran Total (%2) no cuadra con la suma por %3 (%4)"_s.arg(grupo).arg(
+             VerImporte(ajustes, c.granTotal, moneda), nombreDe(c.clase),
+             VerImporte(ajustes, c.suma, moneda)),
+         true});
+  }
+  if (!bien)
+    TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET ESTADO=4 WHERE GRUPO=? AND CLASE=?"_s, grupo,
+                               kGranTotal));
+  return {};
+}
+
+Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes,
+                                 std::optional<qint64> link) {
+  auto rs =
+      link ? db.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA WHERE LINK=?"_s,
+                          *link)
+           : db.consultar(
+                 u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA ORDER BY LINK DESC"_s);
+  if (!rs) return std::unexpected(rs.error());
+  if ((*rs)->Eof())
+    return fallo(Fallo::NoExiste, link ? u"No hay ningún periodo con el número %1."_s.arg(*link)
+                                       : u"Todavía no hay ningún periodo memorizado."_s);
+  const qint64 numero = (*rs)->entero(0);
+  QString texto = u"Periodo %1: %2 %3\n"_s.arg(numero).arg(
+      TextoPeriodo({static_cast<int>((*rs)->entero(1)), (*rs)->fecha(2), (*rs)->fecha(3)}),
+      (*rs)->texto(4));
+  QStringList uniones;
+  for (const ClaseTotal& c : enVigor(ajustes))
+    uniones << u"SELECT GRUPO FROM "_s + QString::fromUtf16(c.tabla) + u" WHERE LINK="_s +
+                   QString::number(numero);
+  auto grupos = db.consultar(QString(u"SELECT GRUPO, NOMGPO FROM ("_s + uniones.join(u" UNION "_s) +
+                                     u") AS g LEFT JOIN GRUPOS ON GRUPO=CODGPO ORDER BY GRUPO"_s));
+  if (!grupos) return std::unexpected(grupos.error());
+  for (; !(*grupos)->Eof();) {
+    const auto parte = informeGrupo(db, ajustes, numero, static_cast<int>((*grupos)->entero(0)),
+                                    (*grupos)->texto(1));
+    if (!parte) return std::unexpected(parte.error());
+    texto += *parte;
+    TARVO_INTENTAR((*grupos)->MoveNext());
+  }
+  return texto;
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,208 @@
+#include "totals/Memoria.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString u16(const char16_t* s) {
+  return QString::fromUtf16(s);
+}
+
+QString horaDe(const ClaseTotal& c, const QString& alias = {}) {
+  return c.conHora ? alias + u"HORA"_s : u"0"_s;
+}
+
+QString lista(const std::vector<int>& grupos) {
+  QStringList s;
+  for (const int g : grupos) s << QString::number(g);
+  return s.join(u',');
+}
+
+}  // namespace
+
+Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool sustituir,
+                                         std::vector<Aviso>& avisos) {
+  const ClaseTotal* c = clase(r.clase);
+  auto viejo = db_.consultar(QString(u"SELECT count(*), SUM(CON), SUM(IMP) FROM "_s +
+                                     u16(c->tabla) + u" WHERE LINK=? AND GRUPO=?"_s),
+                             link, r.CODGPO);
+  if (!viejo) return std::unexpected(viejo.error());
+  if ((*viejo)->entero(0) == 0) return r.conBase ? Modo::Sumar : Modo::Nueva;
+  if (!sustituir || r.conBase) return Modo::Sumar;
+  const auto nuevo =
+      db_.uno(QString(u"SELECT SUM(CON) FROM "_s + u16(c->tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
+              r.CODGPO);
+  if (!nuevo) return std::unexpected(nuevo.error());
+  if (nuevo->entero() >= (*viejo)->entero(1)) return Modo::Poner;
+  // Counters only go down when a machine forgets: what is there and what comes are different sales.
+  avisos.push_back({r.CODGPO,
+                    u"Grupo %1: la lectura de %2 tiene menos ventas (%3) que el "_s
+                    u"periodo que iba a sustituir (%4): "_s
+                    u"se suma a él, compruébelo"_s.arg(r.CODGPO)
+                        .arg(NombreTabla(r.clase))
+                        .arg(nuevo->entero())
+                        .arg((*viejo)->entero(1)),
+                    true});
+  return Modo::Bajar;
+}
+
+Resultado<> Memoria::moverNuevas(int numero, const std::vector<int>& grupos, qint64 link) {
+  const ClaseTotal* c = clase(numero);
+  const QString columnas = QString(c->conHora ? u"GRUPO, CODI, HORA, CON, PES, IMP, SCO"_s
+                                              : u"GRUPO, CODI, CON, PES, IMP, SCO"_s);
+  TARVO_INTENTAR(db_.ejecutar(QString(u"INSERT INTO "_s + u16(c->tabla) + u" (LINK, "_s + columnas +
+                                      u") SELECT ?, "_s + columnas + u" FROM "_s + u16(c->tabla) +
+                                      u" WHERE LINK=0 AND GRUPO IN ("_s + lista(grupos) + u")"_s),
+                              link));
+  return {};
+}
+
+Resultado<> Memoria::mover(const Recibido& r, qint64 link, Modo modo) {
+  const ClaseTotal* c = clase(r.clase);
+  const QString tabla = u16(c->tabla);
+  if (modo == Modo::Poner)
+    TARVO_INTENTAR(db_.ejecutar(QString(u"DELETE FROM "_s + tabla + u" WHERE LINK=? AND GRUPO=?"_s),
+                                link, r.CODGPO));
+  QString valores = u"i.CON, i.PES, i.IMP, i.SCO"_s, base;
+  if (r.conBase) {
+    valores =
+        u"COALESCE(i.CON,0)-COALESCE(b.CON,0), COALESCE(i.PES,0)-COALESCE(b.PES,0), "_s
+        u"COALESCE(i.IMP,0)-COALESCE(b.IMP,0), COALESCE(i.SCO,0)-COALESCE(b.SCO,0)"_s;
+    base =
+        u" LEFT JOIN (SELECT CODI, HORA, SUM(CON) AS CON, SUM(PES) AS PES, SUM(IMP) AS IMP, "_s
+        u"SUM(SCO) AS SCO FROM "_s
+        u"BaseFilas WHERE GRUPO=%1 AND CLASE=%2 GROUP BY CODI, HORA) b ON b.CODI=i.CODI AND b.HORA="_s
+            .arg(r.CODGPO)
+            .arg(r.clase) +
+        horaDe(*c, u"i."_s);
+  }
+  const QString hora = c->conHora ? u", HORA"_s : QString();
+  const QString horaI = c->conHora ? u", i.HORA"_s : QString();
+  TARVO_INTENTAR(db_.ejecutar(
+      QString(u"INSERT INTO "_s + tabla + u" (LINK, GRUPO, CODI"_s + hora +
+              u", CON, PES, IMP, SCO) SELECT ?, i.GRUPO, i.CODI"_s + horaI + u", "_s + valores +
+              u" FROM "_s + tabla + u" i"_s + base + u" WHERE i.LINK=0 AND i.GRUPO=? "_s +
+              u"ON CONFLICT (LINK, GRUPO, CODI"_s + hora +
+              u") DO UPDATE SET CON=COALESCE(CON,0)+COALESCE(excluded.CON,0), "_s
+              u"PES=COALESCE(PES,0)+COALESCE(excluded.PES,0), "_s
+              u"IMP=COALESCE(IMP,0)+COALESCE(excluded.IMP,0), "_s
+              u"SCO=COALESCE(SCO,0)+COALESCE(excluded.SCO,0)"_s),
+      link, r.CODGPO));
+  return {};
+}
+
+// From now on the machines' counters hold what this period has, but for the machines zeroed since
+// they were read.
+Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
+  TARVO_INTENTAR(
+      db_.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO, r.clase));
+  auto rs = db_.consultar(u"SELECT MAQUINAS, SEC, ADDR FROM Lecturas WHERE GRUPO=? AND CLASE=?"_s,
+                          r.CODGPO, r.clase);
+  if (!rs) return std::unexpected(rs.error());
+  if ((*rs)->Eof()) return {};
+  const qint64 sec = (*rs)->entero(1);
+  bool queda, aparte = false;
+  if ((*rs)->entero(0) > 1) {
+    TARVO_INTENTAR(db_.ejecutar(
+        u"INSERT INTO BaseFilas SELECT * FROM LectFilas WHERE GRUPO=? AND CLASE=? AND "_s
+        u"ADDR NOT IN (SELECT ADDR FROM Ceros "_s
+        u"WHERE Ceros.GRUPO=LectFilas.GRUPO AND SEC_HECHO>?)"_s,
+        r.CODGPO, r.clase, sec));
+    const auto todas =
+        db_.uno(u"SELECT count(*) FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO, r.clase);
+    const auto base =
+        db_.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO, r.clase);
+    if (!todas || !base) return std::unexpected(todas ? base.error() : todas.error());
+    queda = base->entero() > 0;
+    aparte = queda;
+  } else {
+    const auto hecho =
+        db_.uno(u"SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO>?"_s, r.CODGPO,
+                (*rs)->entero(2), sec);
+    if (!hecho) return std::unexpected(hecho.error());
+    queda = hecho->entero() == 0;
+  }
+  TARVO_INTENTAR(db_.ejecutar(
+      u"UPDATE Lecturas SET LINK=?, BASE_DESDE=?, BASE_HASTA=?, APARTE=? WHERE GRUPO=? AND CLASE=?"_s,
+      queda ? dao::Valor(link) : dao::Valor(), r.baseDesde, r.hasta, aparte, r.CODGPO, r.clase));
+  return {};
+}
+
+Resultado<> Memoria::anotarOrigen(const Recibido& r, qint64 link) {
+  const ClaseTotal* c = clase(r.clase);
+  TARVO_INTENTAR(
+      db_.ejecutar(QString(u"INSERT INTO Origenes (LINK, GRUPO, CLASE, EJECUCION, "_s
+                           u"LEIDO, DESDE, HASTA, MODO, FILAS, CON, IMP) "_s
+                           u"SELECT ?, ?, ?, ?, (SELECT FIN FROM Lecturas WHERE GRUPO=? "_s
+                           u"AND CLASE=?), ?, ?, ?, count(*), SUM(CON), SUM(IMP) "_s
+                           u"FROM "_s +
+                           u16(c->tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
+                   link, r.CODGPO, r.clase, ejecucion_, r.CODGPO, r.clase, r.desde, r.hasta,
+                   r.conBase ? u"diferencia"_s : u"lectura"_s, r.CODGPO));
+  return {};
+}
+
+// A group is replaced in all its kinds of total or in none.
+void Memoria::sumarSiAlgoBaja(const std::vector<Recibido>& lecturas, std::vector<Modo>& modos) {
+  std::set<int> bajan;
+  for (size_t i = 0; i < modos.size(); ++i)
+    if (modos[i] == Modo::Bajar) bajan.insert(lecturas[i].CODGPO);
+  for (size_t i = 0; i < modos.size(); ++i)
+    if ((modos[i] == Modo::Bajar || modos[i] == Modo::Poner) && bajan.contains(lecturas[i].CODGPO))
+      modos[i] = Modo::Sumar;
+}
+
+Resultado<qint64> Memoria::incorporar(const Periodo& destino, const std::vector<Recibido>& lecturas,
+                                      bool sustituir, const QString& descr,
+                                      std::vector<Aviso>& avisos) {
+  const auto existe = p_.BuscarPeriodo(destino.tipo, destino.desde, destino.hasta);
+  if (!existe) return std::unexpected(existe.error());
+  qint64 link = *existe ? (*existe)->LINK : 0;
+  std::vector<Modo> modos;
+  for (const Recibido& r : lecturas) {
+    auto modo = link == 0 ? Resultado<Modo>(r.conBase ? Modo::Sumar : Modo::Nueva)
+                          : modoDe(r, link, sustituir, avisos);
+    if (!modo) return std::unexpected(modo.error());
+    modos.push_back(*modo);
+  }
+  sumarSiAlgoBaja(lecturas, modos);
+  std::optional<Periodos::Marcas> marcas;
+  if (link == 0) {
+    const auto nuevo = p_.CrearPeriodo(destino.tipo, destino.desde, destino.hasta, true, descr);
+    if (!nuevo) return std::unexpected(nuevo.error());
+    link = *nuevo;
+  } else if (std::ranges::find(modos, Modo::Poner) != modos.end()) {
+    const auto nuevo = p_.sustituir(**existe, descr);
+    if (!nuevo) return std::unexpected(nuevo.error());
+    TARVO_INTENTAR(db_.ejecutar(u"UPDATE Lecturas SET LINK=? WHERE LINK=?"_s, *nuevo, link));
+    TARVO_INTENTAR(db_.ejecutar(u"UPDATE Origenes SET LINK=? WHERE LINK=?"_s, *nuevo, link));
+    link = *nuevo;
+  } else {
+    auto m = p_.DesacumularTodo(link);
+    if (!m) return std::unexpected(m.error());
+    marcas = *m;
+  }
+  std::map<int, std::vector<int>> nuevas;
+  for (size_t i = 0; i < lecturas.size(); ++i) {
+    if (modos[i] == Modo::Nueva) {
+      nuevas[lecturas[i].clase].push_back(lecturas[i].CODGPO);
+    } else {
+      TARVO_INTENTAR(mover(lecturas[i], link, modos[i]));
+    }
+  }
+  for (const auto& [numero, grupos] : nuevas) TARVO_INTENTAR(moverNuevas(numero, grupos, link));
+  for (const Recibido& r : lecturas) {
+    TARVO_INTENTAR(anotarOrigen(r, link));
+    TARVO_INTENTAR(anotarBase(r, link));
+  }
+  if (marcas) TARVO_INTENTAR(p_.ReacumularTodo(link, *marcas));
+  return link;
+}
+
+}  // namespace tarvo::totals

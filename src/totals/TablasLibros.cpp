@@ -1,0 +1,60 @@
+#include "totals/TablasLibros.h"
+
+namespace tarvo::totals {
+
+namespace {
+
+constexpr auto kGuionLibros =
+    uR"(
+CREATE TABLE IF NOT EXISTS EstadoTarvo (CLAVE TEXT PRIMARY KEY, VALOR);
+CREATE TABLE IF NOT EXISTS Lecturas (
+  GRUPO INTEGER NOT NULL, CLASE INTEGER NOT NULL, EJECUCION INTEGER DEFAULT 0, ESTADO INTEGER DEFAULT 0,
+  SEC INTEGER DEFAULT 0, INICIO REAL, FIN REAL, ENTERA INTEGER DEFAULT 1, MAQUINAS INTEGER DEFAULT 1, ADDR INTEGER DEFAULT 0,
+  LINK INTEGER, BASE_DESDE REAL, BASE_HASTA REAL, APARTE INTEGER DEFAULT 0,
+  PRIMARY KEY (GRUPO, CLASE));
+CREATE TABLE IF NOT EXISTS LectFilas (
+  GRUPO INTEGER NOT NULL, CLASE INTEGER NOT NULL, ADDR INTEGER NOT NULL, CODI INTEGER NOT NULL,
+  HORA INTEGER NOT NULL, CON INTEGER, PES INTEGER, IMP INTEGER, SCO INTEGER,
+  PRIMARY KEY (GRUPO, CLASE, ADDR, CODI, HORA));
+CREATE TABLE IF NOT EXISTS BaseFilas (
+  GRUPO INTEGER NOT NULL, CLASE INTEGER NOT NULL, ADDR INTEGER NOT NULL, CODI INTEGER NOT NULL,
+  HORA INTEGER NOT NULL, CON INTEGER, PES INTEGER, IMP INTEGER, SCO INTEGER,
+  PRIMARY KEY (GRUPO, CLASE, ADDR, CODI, HORA));
+CREATE TABLE IF NOT EXISTS Ceros (
+  GRUPO INTEGER NOT NULL, ADDR INTEGER NOT NULL, EJECUCION INTEGER DEFAULT 0,
+  INTENCION REAL, SEC_INTENCION INTEGER DEFAULT 0, HECHO REAL, SEC_HECHO INTEGER DEFAULT 0,
+  PRIMARY KEY (GRUPO, ADDR));
+CREATE TABLE IF NOT EXISTS Origenes (
+  LINK INTEGER NOT NULL, GRUPO INTEGER NOT NULL, CLASE INTEGER NOT NULL, EJECUCION INTEGER, LEIDO REAL,
+  DESDE REAL, HASTA REAL, MODO TEXT, FILAS INTEGER, CON INTEGER, IMP INTEGER);
+CREATE INDEX IF NOT EXISTS Origenes_Link ON Origenes (LINK, GRUPO, CLASE);
+)";
+
+}  // namespace
+
+Resultado<> asegurarTablasLibros(dao::Database& db) {
+  if (db.existeTabla(u"Origenes")) return {};
+  return db.ejecutarGuion(kGuionLibros);
+}
+
+Resultado<dao::Valor> EstadoBase::leer(const QString& clave) {
+  return db_.uno(u"SELECT VALOR FROM EstadoTarvo WHERE CLAVE=?", clave);
+}
+
+Resultado<> EstadoBase::poner(const QString& clave, const dao::Valor& valor) {
+  TARVO_INTENTAR(
+      db_.ejecutar(u"INSERT INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, ?) "
+                   u"ON CONFLICT (CLAVE) DO UPDATE SET VALOR=excluded.VALOR",
+                   clave, valor));
+  return {};
+}
+
+Resultado<qint64> EstadoBase::siguienteSecuencia() {
+  const auto actual = leer(QStringLiteral("Secuencia"));
+  if (!actual) return std::unexpected(actual.error());
+  const qint64 n = actual->entero() + 1;
+  TARVO_INTENTAR(poner(QStringLiteral("Secuencia"), n));
+  return n;
+}
+
+}  // namespace tarvo::totals
