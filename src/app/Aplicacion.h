@@ -1,5 +1,5 @@
-// The one place where objects are made and joined, in the order of the start. It owns them all; nothing of the
-// program is global, so two applications can live in one process.
+// The one place where objects are made and joined, in the order of the start. It owns them all;
+// nothing of the program is global, so two applications can live in one process.
 #pragma once
 
 #include <memory>
@@ -15,8 +15,8 @@ namespace tarvo::app {
 // What every use of the program needs: its folder, settings and database.
 class Fondo {
  public:
-  // Takes the folder, reads the settings, opens the database (made from nothing in a new folder) and brings it to this
-  // version. The error's text is a whole sentence for the user.
+  // Takes the folder, reads the settings, opens the database (made from nothing in a new folder)
+  // and brings it to this version. The error's text is a whole sentence for the user.
   static Resultado<std::unique_ptr<Fondo>> abrir(const QString& carpeta, Idioma idioma,
                                                  const Textos& textos, Reloj& reloj);
   Ajustes ajustes;

@@ -22,7 +22,7 @@ class Ejecucion {
   Fondo& fondo_;
   Aplicacion& app_;
   const Textos& t_;
-  bool activado_ = false;   // a timetable runs
+  bool activado_ = false;  // a timetable runs
   bool pidenFin_ = false;
   int estado_ = kBien;
 };

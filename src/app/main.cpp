@@ -88,4 +88,6 @@ int principal(int argc, char** argv) {
 
 }  // namespace tarvo::app
 
-int main(int argc, char** argv) { return tarvo::app::principal(argc, argv); }
+int main(int argc, char** argv) {
+  return tarvo::app::principal(argc, argv);
+}

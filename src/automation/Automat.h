@@ -25,6 +25,18 @@ class Preguntas {
 
 enum class ResultadoProceso : int { Bien = 0, Problemas = 1, Abortado = 2 };
 
+enum FaseProceso : int {
+  kCargado = 0,
+  kEjecutando = 1,
+  kPasoAPaso = 2,
+  kDetenidoEnPaso = 3,
+  kConfirmando = 4,
+  kAbortando = 5,
+  kAbortado = 6,
+  kAcabando = 7,
+  kAcabado = 8,
+};
+
 // What the runner works on; owned by Aplicacion.
 struct Taller {
   dao::Database& db;
@@ -45,19 +57,23 @@ class Automat final : private motor::Vigilante {
 
   // Lines as they go to the trace file.
   std::function<void(const QString&)> alEscribir;
+  // The run has ended, by itself or aborted. It may destroy this object or start another run. For a
+  // list without steps, or when the record of the run can't be kept, it runs inside PROCESO.
   std::function<void(ResultadoProceso)> alTerminar;
   // Nobody is there: failures are dropped as in a delayed run.
   bool desatendido = false;
 
   // PROCESO: loads a list and starts it. `traza` empty: a direct run, whose trace is
   // HomeDir/nombre.TZA; otherwise a delayed one, whose trace is `traza` with the extension .TZC. A
-  // run of the same process that was cut off is gone on with.
+  // run of the same process that was cut off is gone on with. REQUIRES that none is under way.
   void PROCESO(std::vector<PasoProceso> pasos, const QString& traza, const QString& nombre);
   void ejecutar();  // run button
   void retener();   // pause button
   void paso();      // step button
   void abortar();   // stop, once confirmed
-  int fase() const;
+  // The abort question is on the screen (true) or was answered with no: nothing moves meanwhile.
+  void confirmando(bool pregunta);
+  int fase() const;  // FaseProceso
   ResultadoProceso resultado() const;
   int pasoActual() const;
 

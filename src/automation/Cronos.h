@@ -31,14 +31,18 @@ class Cronos {
   ~Cronos();
 
   // Loads the timetable of a .CRO, or of the head of an .AUT, and starts its clock.
+  // A process that can't be read leaves its entry unusable; any other fault is an Error, and the
+  // timetable that was there before stays.
   Resultado<> ActivarCron(const QString& nombre);
+  // The run that this timetable started has ended. Whoever owns both joins Automat::alTerminar to
+  // it.
   void FinDeMacro(ResultadoProceso resultado);
   void ponerActivo(bool activo);
   const std::vector<Entrada>& entradas() const;
   int siguiente() const;  // index of the entry that comes next, -1 with none
   bool hayProcesoEnMarcha() const;
-  std::function<void(const QString&)>
-      alAvisar;  // a sentence for whoever watches (an unusable process...)
+  // A sentence for whoever watches (an unusable process...).
+  std::function<void(const QString&)> alAvisar;
   void parar();
 
  private:

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <array>
 #include <optional>
 #include <variant>
 #include <vector>
@@ -21,6 +22,20 @@ enum ClasePaso : int {
   kExportar = 5,
   kNoper = 6
 };
+enum VerboSesion : int { kAbrir = 1, kOlvidar = 2, kCerrar = 3 };
+enum VerboControl : int { kEspera = 1 };
+enum VerboPeriodos : int {
+  kCrear = 1,
+  kBorrar = 2,
+  kLimpiar = 3,
+  kSeleccionar = 4,
+  kSelUltimo = 5,
+  kAcumular = 6,
+  kStock = 7,
+  kSumar = 8,
+  kDesacumular = 9,
+};
+enum VerboExportar : int { kTotaliza = 1 };
 
 // The triple of P "CREAR".
 struct Intervalo {
@@ -35,7 +50,11 @@ using Casilla = std::variant<std::monostate, qint64, bool, Fecha, QString, Inter
 struct PasoProceso {
   std::array<Casilla, 7> c;
   int clase() const;  // 0 for a blank step
-  int verbo() const;
+  int verbo() const;  // task kind for a task, 0 for an unknown verb and for a comment
+  // A slot of the wrong kind reads as 0, false or empty.
+  qint64 numero(int casilla) const;
+  bool logico(int casilla) const;
+  QString texto(int casilla) const;
   bool operator==(const PasoProceso&) const = default;
 };
 
@@ -52,6 +71,9 @@ struct FicheroProceso {
   std::vector<LineaActivacion> activaciones;
 };
 
+// "TAREA", "SESIÓN"... as trace headers show it; empty for a blank step.
+QString palabraClase(int clase);
+
 class Lenguaje {
  public:
   Lenguaje(const motor::RegistroTareas& registro, const Ajustes& ajustes);
@@ -63,18 +85,20 @@ class Lenguaje {
   Resultado<FicheroProceso> leer(const QString& texto) const;
   Resultado<FicheroProceso> LeerProceso(const QString& ruta) const;
   QString escribir(const FicheroProceso& f) const;
-  // "hh:mm:ss;F,F,F,F,F,F,F;NAME"; nothing when any part is bad.
+  // "hh:mm:ss;F,F,F,F,F,F,F;NAME", the words in any case; nothing when any part is bad.
   std::optional<LineaActivacion> leerActivacion(QStringView linea) const;
   QString escribirActivacion(const LineaActivacion& l) const;
-  // A .CRO file: its entries. The first bad line is an error that names it.
-  Resultado<std::vector<LineaActivacion>> leerCro(const QString& texto) const;
+  // A .CRO file: its entries; a block of steps is passed over. The first bad line is an error that
+  // names it. With `proceso` the text is a process file: nothing counts behind its block.
+  Resultado<std::vector<LineaActivacion>> leerCro(const QString& texto, bool proceso = false) const;
 
  private:
   const motor::RegistroTareas& r_;
   const Ajustes& a_;
 };
 
-// Reads a text file of the domain: Windows-1252, or UTF-8 with its mark. Bounded in size.
+// Reads a text file of the domain: Windows-1252, or UTF-8 with its mark. Above 4 MiB, or with a NUL
+// in it, it is no text.
 Resultado<QString> leerTexto(const QString& ruta);
 
 }  // namespace tarvo::automation

@@ -1,0 +1,220 @@
+#include "automation/Automat.h"
+
+#include "automation/AutomatInterior.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kTic = 500;
+constexpr qint64 kPacienciaAborto = 5 * 60 * 1000;
+
+}  // namespace
+
+Automat::Interior::Interior(Automat& automat, const Taller& taller, Preguntas& quienResponde)
+    : yo(automat),
+      t(taller),
+      preguntas(quienResponde),
+      lenguaje(t.registro, t.ajustes),
+      diario(t.db),
+      ejecutor(t, diario),
+      reloj(t.reloj.temporizador([this] { vencer(); })) {
+  vigilancia.vigilante = &automat;
+}
+
+// --- the tick -----------------------------------------------------------------------------------
+
+void Automat::Interior::vencer() {
+  if (enTic) return;  // a question is on the screen
+  enTic = true;
+  const bool fin = tic();
+  enTic = false;
+  if (fin) anunciarFin();
+}
+
+bool Automat::Interior::tic() {
+  switch (fase) {
+    case kEjecutando:
+    case kPasoAPaso:
+      return avanzar();
+    case kAbortando:
+      return vaciar();
+    case kAcabando:
+      return acabar();
+    default:
+      return false;
+  }
+}
+
+bool Automat::Interior::avanzar() {
+  const auto total = static_cast<qint64>(pasos.size());
+  if (indice < 0 || indice >= total) {
+    fase = kAcabando;
+    return false;
+  }
+  if (!pendiente) {
+    ++indice;
+    pendiente = true;
+    if (indice >= total) return false;
+    if (fase == kPasoAPaso) {
+      quedarEnPaso();
+      return false;
+    }
+  }
+  const auto hecho = hacerPaso();
+  if (!hecho)
+    fallar(hecho.error());
+  else if (*hecho)
+    pendiente = false;
+  return false;
+}
+
+void Automat::Interior::quedarEnPaso() {
+  fase = kDetenidoEnPaso;
+  reloj->parar();
+  escribirMomento(u"Ejecución retenida: ");
+}
+
+void Automat::Interior::empezarAborto() {
+  fase = kAbortando;
+  indice = -1;
+  inicioAborto = t.reloj.monotono();
+  if (motorAbierto) t.motor.terminator();
+  if (!reloj->activo()) reloj->cada(kTic);
+}
+
+bool Automat::Interior::vaciar() {
+  if (motorAbierto && t.motor.CuantosQuedan().total > 0) {
+    t.motor.terminator();
+    if (t.reloj.monotono() - inicioAborto < kPacienciaAborto) return false;
+    escribir({QStringLiteral(
+        "Quedan tareas en la cola que no se dejan detener: revíselas en comunicaciones.")});
+  }
+  return terminarMal();
+}
+
+bool Automat::Interior::terminarMal() {
+  if (!averiado)
+    if (auto r = diario.cerrar(e.numero); !r) escribir({r.error().texto});
+  return terminar(averiado ? ResultadoProceso::Problemas : ResultadoProceso::Abortado, kAbortado,
+                  QStringLiteral("Ejecución interrumpida: "));
+}
+
+bool Automat::Interior::acabar() {
+  if (motorAbierto && t.motor.CuantosQuedan().total > 0) {
+    if (vigilancia.borrarSiempre)
+      t.motor.VigilaProcesos(vigilancia.reintentos, true, vigilancia.vigilante);
+    return false;
+  }
+  if (auto r = diario.cerrar(e.numero); !r) {
+    escribir({r.error().texto});
+    problema();
+  }
+  return terminar(resultado, kAcabado, QStringLiteral("Ejecución finalizada: "));
+}
+
+bool Automat::Interior::terminar(ResultadoProceso con, int faseFinal, const QString& linea) {
+  soltarMotor();
+  reloj->parar();
+  indice = -1;
+  resultado = con;
+  escribirMomento(linea);
+  fase = faseFinal;
+  return true;
+}
+
+// The last thing that a tick does: whoever hears it may destroy the runner.
+void Automat::Interior::anunciarFin() {
+  const auto aviso = yo.alTerminar;
+  if (aviso) aviso(resultado);
+}
+
+// --- the buttons --------------------------------------------------------------------------------
+
+Automat::Automat(Taller taller, Preguntas& preguntas)
+    : d(std::make_unique<Interior>(*this, taller, preguntas)) {}
+
+Automat::~Automat() {
+  d->soltarMotor();
+}
+
+void Automat::PROCESO(std::vector<PasoProceso> pasos, const QString& traza, const QString& nombre) {
+  d->cargar(std::move(pasos), traza, nombre);
+  ejecutar();
+}
+
+void Automat::ejecutar() {
+  const bool nueva = d->fase == kCargado || d->fase == kAbortado;
+  if (!nueva && d->fase != kPasoAPaso && d->fase != kDetenidoEnPaso) return;
+  d->fase = kEjecutando;
+  d->resultado = ResultadoProceso::Bien;
+  d->escribirMomento(u"Ejecución iniciada: ");
+  if (nueva) d->empezar();
+  if (d->motorAbierto) d->t.motor.CambioAModo(true);
+  if (d->fase == kAcabado || d->fase == kAbortado) return d->anunciarFin();
+  d->reloj->cada(kTic);
+  d->vencer();
+}
+
+void Automat::retener() {
+  if (d->fase == kEjecutando) d->fase = kPasoAPaso;
+}
+
+void Automat::paso() {
+  if (d->reloj->activo() || d->fase == kAcabado) return;
+  const bool nueva = d->indice < 0;
+  d->fase = kPasoAPaso;
+  d->resultado = ResultadoProceso::Bien;
+  if (nueva) d->empezar();
+  if (d->fase == kAcabado || d->fase == kAbortado) return d->anunciarFin();
+  d->reloj->cada(kTic);
+}
+
+void Automat::abortar() {
+  const int f = d->fase;
+  if (f == kCargado || f == kAbortando || f == kAbortado || f == kAcabado) return;
+  d->empezarAborto();
+}
+
+void Automat::confirmando(bool pregunta) {
+  if (pregunta && d->fase == kEjecutando) d->fase = kConfirmando;
+  if (!pregunta && d->fase == kConfirmando) d->fase = kEjecutando;
+}
+
+int Automat::fase() const {
+  return d->fase;
+}
+ResultadoProceso Automat::resultado() const {
+  return d->resultado;
+}
+int Automat::pasoActual() const {
+  return static_cast<int>(d->indice);
+}
+
+// --- reports of the engine ----------------------------------------------------------------------
+
+void Automat::InformeProblema(int clase, int grupo, int error, int estado, qint64 codigo) {
+  if (!d->vigila()) return;
+  d->problema();
+  d->informarTarea(clase, grupo, error, estado, codigo, u" Se abandona la tarea");
+}
+
+void Automat::InformeRetry(int clase, int grupo, int error, int estado, qint64 codigo) {
+  if (d->vigila()) d->informarTarea(clase, grupo, error, estado, codigo, u" Se reintenta la tarea");
+}
+
+void Automat::InformeAviso(int, const totals::Aviso& aviso) {
+  if (!d->vigila()) return;
+  if (aviso.grave) d->problema();
+  d->cabeceraUnaVez();
+  d->escribir({u"    "_s + aviso.texto});
+}
+
+Resultado<> Automat::TareaHecha(const motor::DatosTarea& tarea) {
+  if (tarea.paso < 0 || !d->vigila()) return {};
+  return d->diario.tareaHecha(d->e.numero, tarea.paso, tarea.Grupo, d->t.reloj.ahora());
+}
+
+}  // namespace tarvo::automation

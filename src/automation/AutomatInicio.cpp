@@ -1,0 +1,183 @@
+// How a run begins: afresh, where an earlier one was cut off, or behind what an old one left to be
+// noted down.
+#include "automation/AutomatInterior.h"
+
+namespace tarvo::automation {
+
+namespace {
+
+constexpr double kDiasParaSeguir = 0.5;  // 12 hours
+
+bool memorizo(const std::vector<PasoProceso>& pasos, const Ejecucion& e) {
+  const auto hasta = pasos.begin() + std::min<qint64>(e.paso, static_cast<qint64>(pasos.size()));
+  return !e.ultimos.empty() && std::any_of(pasos.begin(), hasta, [](const PasoProceso& p) {
+    return p.clase() == kSesion && p.verbo() == kCerrar;
+  });
+}
+
+// What only writes down in the books what was memorised: it calls no machine and takes nothing
+// away.
+bool esAnotacion(const PasoProceso& p) {
+  if (p.clase() == kExportar) return true;
+  if (p.clase() != kPeriodos) return false;
+  const int v = p.verbo();
+  return v == kAcumular || v == kStock || v == kSelUltimo || v == kSeleccionar || v == kLimpiar;
+}
+
+// The first step behind the last point at which the queue was known to be empty.
+qint64 trasUltimaEspera(const std::vector<PasoProceso>& pasos, qint64 hechos) {
+  for (qint64 i = hechos; i > 0; --i)
+    if (pasos[static_cast<size_t>(i - 1)].clase() == kControl) return i;
+  return 0;
+}
+
+}  // namespace
+
+void Automat::Interior::cargar(std::vector<PasoProceso> lista, const QString& traza,
+                               const QString& proceso) {
+  if (vigila() || fase == kAbortando) return;
+  std::erase_if(lista, [](const PasoProceso& p) { return p.clase() == 0; });
+  originales = std::move(lista);
+  lineas.clear();
+  for (const auto& p : originales) lineas += lenguaje.EscribirPaso(p);
+  nombre = proceso;
+  diferida = !traza.isEmpty();
+  fichero.empezar(t.ajustes, traza, nombre);
+  fase = kCargado;
+  indice = -1;
+}
+
+// Ends in the phase in which the run goes on, or in the one in which it has ended already.
+void Automat::Interior::empezar() {
+  vigilancia.borrarSiempre = diferida || yo.desatendido;
+  pasos = originales;
+  averiado = false;
+  pendiente = true;
+  indice = 0;
+  conCabecera = -1;
+  if (pasos.empty()) {
+    terminar(resultado, kAcabado, QStringLiteral("Ejecución finalizada: "));
+    return;
+  }
+  if (auto r = prepararEjecucion(); !r) {
+    averiado = true;
+    escribir({QStringLiteral("No se puede llevar el diario del proceso, que no se ejecuta: ") +
+              r.error().texto});
+    terminarMal();
+  }
+}
+
+Resultado<> Automat::Interior::prepararEjecucion() {
+  const Fecha ahora = t.reloj.ahora();
+  e = {};
+  e.nombre = nombre.toUpper();
+  e.lineas = lineas;
+  e.inicio = e.latido = ahora;
+  TARVO_INTENTAR(diario.asegurar());
+  auto vieja = diario.pendiente(e.nombre);
+  if (!vieja) return std::unexpected(vieja.error());
+  if (*vieja) {
+    const bool reciente = std::abs(ahora - (*vieja)->latido) < kDiasParaSeguir;
+    if (reciente && (*vieja)->lineas == lineas) return reanudar(std::move(**vieja));
+    TARVO_INTENTAR(liquidar(std::move(**vieja)));
+  }
+  t.verTot.ponerSeleccion({});
+  e.ultimos = ultimos;
+  e.problemas = resultado != ResultadoProceso::Bien;
+  TARVO_INTENTAR(diario.abrir(e));
+  t.sesion.ponerEjecucion(e.numero, false);
+  ultimoLatido = t.reloj.monotono();
+  return {};
+}
+
+Resultado<std::vector<PasoProceso>> Automat::Interior::pasosDe(const Ejecucion& de) const {
+  std::vector<PasoProceso> lista;
+  for (const auto& linea : de.lineas) {
+    auto p = lenguaje.LeerPaso(linea);
+    if (!p) return std::unexpected(p.error());
+    lista.push_back(p->value_or(PasoProceso{}));
+  }
+  for (const auto& r : de.respuestas) rellenar(lista, r);
+  return lista;
+}
+
+// --- going on -----------------------------------------------------------------------------------
+
+Resultado<> Automat::Interior::reanudar(Ejecucion vieja) {
+  e = std::move(vieja);
+  for (const auto& r : e.respuestas) rellenar(pasos, r);
+  const auto tareas = diario.tareasPorHacer(e.numero, trasUltimaEspera(pasos, e.paso));
+  if (!tareas) return std::unexpected(tareas.error());
+  t.sesion.ponerEjecucion(e.numero, true);
+  t.verTot.ponerSeleccion(e.seleccion);
+  ultimos = e.ultimos;
+  if (e.problemas) resultado = ResultadoProceso::Problemas;
+  for (const int g : e.fallidos) t.motor.anadirGrupoFallido(g);
+  escribir({QStringLiteral("Se reanuda la ejecución interrumpida el %1, a partir del paso %2.")
+                .arg(e.latido.general())
+                .arg(e.paso + 1)});
+  encolarDeNuevo(*tareas);
+  indice = e.paso;
+  return {};
+}
+
+void Automat::Interior::encolarDeNuevo(const std::vector<Diario::Tarea>& tareas) {
+  if (tareas.empty()) return;
+  abrirMotor();
+  for (const auto& tarea : tareas) {
+    if (tarea.paso >= static_cast<qint64>(pasos.size())) continue;
+    const int codigo = ejecutor.repetir(pasos[static_cast<size_t>(tarea.paso)], tarea);
+    if (codigo == 0) continue;
+    Hecho h;
+    h.error(codigo);
+    h.decir(QStringLiteral("Grupo rechazado al reanudar: %1").arg(tarea.grupo));
+    indice = tarea.paso;
+    informar(h);
+  }
+}
+
+// --- an old run ---------------------------------------------------------------------------------
+
+// Its tasks would send or read at the wrong time. But what it memorised belongs in the week, the
+// stock and the export just once, and nobody else will put it there.
+Resultado<> Automat::Interior::liquidar(Ejecucion vieja) {
+  auto antiguos = pasosDe(vieja);
+  const bool completar = antiguos && memorizo(*antiguos, vieja);
+  escribir({QStringLiteral("Hay una ejecución interrumpida el %1 que no se puede reanudar: no se "
+                           "envía nada más de ella.")
+                .arg(vieja.latido.general())});
+  if (!antiguos)
+    escribir({QStringLiteral("Sus pasos ya no se entienden, revise sus periodos a mano: ") +
+              antiguos.error().texto});
+  const qint64 numero = vieja.numero;
+  if (completar) {
+    escribir({QStringLiteral("Había memorizado: se completan antes sus anotaciones pendientes.")});
+    const Ejecucion nueva = std::exchange(e, std::move(vieja));
+    const auto nuevos = std::exchange(pasos, std::move(*antiguos));
+    const auto r = completarAnotaciones(e);
+    if (!r) return r;
+    e = nueva;
+    pasos = nuevos;
+    indice = 0;
+    conCabecera = -1;
+    escribir({QStringLiteral("Anotaciones completadas: empieza la ejecución nueva.")});
+  }
+  if (!antiguos || vieja.problemas) problema();
+  return diario.cerrar(numero);
+}
+
+Resultado<> Automat::Interior::completarAnotaciones(const Ejecucion& vieja) {
+  t.sesion.ponerEjecucion(vieja.numero, true);
+  t.verTot.ponerSeleccion(vieja.seleccion);
+  for (indice = vieja.paso; indice < static_cast<qint64>(pasos.size()); ++indice) {
+    const PasoProceso p = pasos[static_cast<size_t>(indice)];
+    if (p.clase() == kSesion && p.verbo() == kCerrar)
+      break;  // what stands behind belongs to that one
+    if (!esAnotacion(p)) continue;
+    e.paso = indice;
+    TARVO_INTENTAR(llevarACabo(p));
+  }
+  return {};
+}
+
+}  // namespace tarvo::automation

@@ -1,0 +1,84 @@
+// The state of the runner and what it does with it, over three files: phases, steps, and how a run
+// begins.
+#pragma once
+
+#include "automation/Automat.h"
+#include "automation/Diario.h"
+#include "automation/Ejecutor.h"
+#include "automation/Traza.h"
+
+namespace tarvo::automation {
+
+struct Automat::Interior {
+  Interior(Automat& automat, const Taller& taller, Preguntas& quienResponde);
+
+  // --- phases (Automat.cpp)
+  void vencer();
+  bool tic();  // true when the run has ended
+  bool avanzar();
+  bool vaciar();
+  bool acabar();
+  void quedarEnPaso();
+  bool terminarMal();  // aborted, or the record of the run failed
+  bool terminar(ResultadoProceso con, int faseFinal, const QString& linea);
+  void anunciarFin();
+  void empezarAborto();
+  bool conReloj() const { return reloj->activo(); }
+
+  // --- steps (AutomatPasos.cpp)
+  Resultado<bool> hacerPaso();
+  Resultado<bool> llevarACabo(const PasoProceso& p);
+  Resultado<bool> preguntar(const Parametro& parametro);
+  std::optional<Respuesta> respuestaA(const Parametro& parametro) const;
+  Resultado<> registrar();  // the step is done: REQUIRES a transaction
+  void abrirMotor();
+  void soltarMotor();
+  void sesionAlFichero();
+  void fallar(const Error& error);
+
+  // --- trace
+  void escribir(const QStringList& lineas);
+  void escribirMomento(QStringView que);
+  QString cabecera() const;
+  void informar(const Hecho& hecho);
+  void informarTarea(int clase, int grupo, int error, int estado, qint64 codigo, QStringView fin);
+  void cabeceraUnaVez();
+  void problema();
+  bool vigila() const;  // reports of the engine count
+
+  // --- the beginning of a run (AutomatInicio.cpp)
+  void cargar(std::vector<PasoProceso> lista, const QString& traza, const QString& nombre);
+  void empezar();
+  Resultado<> prepararEjecucion();
+  Resultado<> reanudar(Ejecucion vieja);
+  Resultado<> liquidar(Ejecucion vieja);
+  Resultado<> completarAnotaciones(const Ejecucion& vieja);
+  Resultado<std::vector<PasoProceso>> pasosDe(const Ejecucion& de) const;
+  void encolarDeNuevo(const std::vector<Diario::Tarea>& tareas);
+
+  Automat& yo;
+  const Taller t;
+  Preguntas& preguntas;
+  const Lenguaje lenguaje;
+  Diario diario;
+  Ejecutor ejecutor;
+  Traza fichero;
+  std::unique_ptr<Temporizador> reloj;
+
+  std::vector<PasoProceso> originales, pasos;  // as loaded, and with parameters filled in
+  QStringList lineas;
+  QString nombre;
+  bool diferida = false;
+  int fase = kCargado;
+  ResultadoProceso resultado = ResultadoProceso::Bien;
+  qint64 indice = -1;
+  bool pendiente = false;
+  qint64 conCabecera = -1;  // the step whose header was written last
+  Ejecucion e;
+  std::vector<qint64> ultimos;  // periods of the last memorisation; outlives a run
+  Vigilancia vigilancia;
+  bool motorAbierto = false, averiado = false, enTic = false;
+  qint64 ultimoLatido = 0, inicioAborto = 0;
+};
+
+}  // namespace tarvo::automation

@@ -1,0 +1,200 @@
+// How the runner carries out the step it stands on, and what it writes of it.
+#include "automation/AutomatInterior.h"
+#include "core/textos/Textos.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kLatido = 60 * 1000;
+const QString kSangria = QStringLiteral("    ");
+
+// The steps that make use of the engine, as a window that would have to be open.
+bool pideMotor(const PasoProceso& p) {
+  if (p.clase() == kTarea) return true;
+  if (p.clase() == kSesion) return p.verbo() == kAbrir;
+  return p.clase() == kControl;
+}
+
+}  // namespace
+
+// --- steps --------------------------------------------------------------------------------------
+
+// True when the step is done and on record; false when it is to be tried again, or the run is being
+// aborted.
+Resultado<bool> Automat::Interior::hacerPaso() {
+  const PasoProceso p = pasos[static_cast<size_t>(indice)];
+  e.paso = indice;
+  if (const auto parametro = parametroDe(p)) return preguntar(*parametro);
+  if (pideMotor(p)) abrirMotor();
+  if (p.clase() == kControl && !ejecutor.colaVacia(p, vigilancia)) {
+    const qint64 ahora = t.reloj.monotono();
+    // Only shows that the run is alive; a step that can't be recorded is what counts.
+    if (ahora - ultimoLatido >= kLatido && diario.latir(e.numero, t.reloj.ahora()))
+      ultimoLatido = ahora;
+    return false;
+  }
+  return llevarACabo(p);
+}
+
+// An export keeps its own record, with the file: it is known by its mark when it comes again. All
+// else is done and noted as done at one stroke.
+Resultado<bool> Automat::Interior::llevarACabo(const PasoProceso& p) {
+  std::optional<Hecho> hecho;
+  if (p.clase() == kExportar) {
+    auto h = ejecutor.hacer(p, e, vigilancia);
+    if (!h) return std::unexpected(h.error());
+    hecho = std::move(*h);
+  }
+  auto tr = dao::Transaccion::empezar(t.db);
+  if (!tr) return std::unexpected(tr.error());
+  if (!hecho) {
+    auto h = ejecutor.hacer(p, e, vigilancia);
+    if (!h) return std::unexpected(h.error());
+    hecho = std::move(*h);
+  }
+  informar(*hecho);
+  TARVO_INTENTAR(registrar());
+  TARVO_INTENTAR(tr->confirmar());
+  ultimos = e.ultimos;
+  if (hecho->sesionMovida) sesionAlFichero();
+  return true;
+}
+
+Resultado<bool> Automat::Interior::preguntar(const Parametro& parametro) {
+  auto respuesta = respuestaA(parametro);
+  if (!respuesta) {
+    escribir({cabecera(),
+              kSangria + QStringLiteral(
+                             "Falta el valor del parámetro %1 (%2): el proceso no puede seguir.")
+                             .arg(parametro.nombre, parametro.pregunta)});
+    empezarAborto();
+    return false;
+  }
+  rellenar(pasos, *respuesta);
+  e.respuestas.push_back(std::move(*respuesta));
+  auto tr = dao::Transaccion::empezar(t.db);
+  if (!tr) return std::unexpected(tr.error());
+  TARVO_INTENTAR(registrar());
+  TARVO_INTENTAR(tr->confirmar());
+  return true;
+}
+
+std::optional<Respuesta> Automat::Interior::respuestaA(const Parametro& p) const {
+  if (p.nombre[0] == u'%') {
+    const auto n = preguntas.PromptNum(p.nombre, p.pregunta);
+    const bool cabe = n && *n >= -32768 && *n <= 32767;
+    return cabe ? std::optional(Respuesta{p.nombre, *n}) : std::nullopt;
+  }
+  if (p.nombre[0] == u'$') {
+    const auto s = preguntas.PromptStr(p.nombre, p.pregunta);
+    return s ? std::optional(Respuesta{p.nombre, *s}) : std::nullopt;
+  }
+  const auto f = preguntas.PromptFch(p.nombre, p.pregunta);
+  return f ? std::optional(Respuesta{p.nombre, *f}) : std::nullopt;
+}
+
+Resultado<> Automat::Interior::registrar() {
+  e.paso = indice + 1;
+  e.seleccion = t.verTot.LosSelec();
+  e.problemas = resultado != ResultadoProceso::Bien;
+  e.latido = t.reloj.ahora();
+  ultimoLatido = t.reloj.monotono();
+  return diario.anotar(e);
+}
+
+void Automat::Interior::abrirMotor() {
+  if (std::exchange(motorAbierto, true)) return;
+  vigilancia.reintentos = t.ajustes.IntentosManual;
+  t.motor.VigilaProcesos(vigilancia.reintentos, false, vigilancia.vigilante);
+  t.motor.CambioAModo(true);
+}
+
+void Automat::Interior::soltarMotor() {
+  if (std::exchange(motorAbierto, false))
+    t.motor.VigilaProcesos(t.ajustes.IntentosManual, false, nullptr);
+}
+
+void Automat::Interior::sesionAlFichero() {
+  const auto r = t.sesion.reflejar();
+  if (r) return;
+  Hecho h;
+  h.decir(QStringLiteral("La configuración no se pudo guardar: ") + r.error().texto);
+  informar(h);
+}
+
+// The record of the run can't be kept, so nothing more may happen under it.
+void Automat::Interior::fallar(const Error& error) {
+  averiado = true;
+  Hecho h;
+  h.decir(QStringLiteral("No se puede anotar el avance del proceso, que se detiene: ") +
+          error.texto);
+  if (auto r = t.sesion.cargar(); !r) h.decir(r.error().texto);
+  informar(h);
+  empezarAborto();
+}
+
+// --- trace --------------------------------------------------------------------------------------
+
+void Automat::Interior::escribir(const QStringList& lineasNuevas) {
+  if (!fichero.escribir(lineasNuevas, yo.alEscribir))
+    resultado = std::max(resultado, ResultadoProceso::Problemas);
+}
+
+void Automat::Interior::escribirMomento(QStringView que) {
+  escribir({que.toString() + t.reloj.ahora().general()});
+}
+
+QString Automat::Interior::cabecera() const {
+  const auto ultimo = static_cast<qint64>(pasos.size()) - 1;
+  const qint64 n = std::clamp<qint64>(indice, 0, std::max<qint64>(ultimo, 0));
+  const int clase = ultimo < 0 ? 0 : pasos[static_cast<size_t>(n)].clase();
+  return Ceros(n + 1, 3) + u':' + palabraClase(clase);
+}
+
+void Automat::Interior::informar(const Hecho& hecho) {
+  if (hecho.problemas) problema();
+  QStringList entrada;
+  if (hecho.codigo != 0) entrada += kSangria + mensajePaso(hecho.codigo);
+  for (const auto& detalle : hecho.detalles) entrada += kSangria + detalle;
+  if (entrada.isEmpty()) return;
+  entrada.prepend(cabecera());
+  conCabecera = indice;
+  escribir(entrada);
+}
+
+void Automat::Interior::cabeceraUnaVez() {
+  if (std::exchange(conCabecera, indice) != indice) escribir({cabecera()});
+}
+
+void Automat::Interior::informarTarea(int clase, int grupo, int error, int estado, qint64 codigo,
+                                      QStringView fin) {
+  cabeceraUnaVez();
+  const auto* c = t.registro.porNumero(clase);
+  const QString tarea = u"   "_s + (c ? QString::fromUtf16(c->nombre) : QString()) + u":G"_s +
+                        Ceros(grupo, 4) + u"  "_s;
+  QStringList informe{tarea + u'E' + Ceros(error, 2) + u"  C"_s + Ceros(codigo, 9) + u"  ["_s +
+                      motor::TextoEstado(estado) + u']'};
+  const auto textos = motor::textosError(error);
+  const QString explicacion = textos.cabecera + textos.mensaje;
+  if (!explicacion.isEmpty()) informe += kSangria + explicacion;
+  escribir(informe);
+  escribir({tarea + fin.toString()});
+}
+
+void Automat::Interior::problema() {
+  if (resultado != ResultadoProceso::Bien) return;
+  resultado = ResultadoProceso::Problemas;
+  // Kept at once: a report comes between two steps. Where it fails, so does the record of the next
+  // step.
+  if (vigila()) static_cast<void>(diario.conProblemas(e.numero));
+}
+
+bool Automat::Interior::vigila() const {
+  return fase == kEjecutando || fase == kPasoAPaso || fase == kDetenidoEnPaso ||
+         fase == kConfirmando || fase == kAcabando;
+}
+
+}  // namespace tarvo::automation

@@ -1,0 +1,164 @@
+#include "automation/Diario.h"
+
+#include <QCryptographicHash>
+
+#include "totals/TablasLibros.h"
+
+namespace tarvo::automation {
+
+namespace {
+
+constexpr auto kGuionDiario =
+    uR"(
+CREATE TABLE IF NOT EXISTS Proceso (
+  NOMBRE TEXT PRIMARY KEY, HUELLA TEXT DEFAULT '', EJECUCION INTEGER DEFAULT 0, PASO INTEGER DEFAULT 0,
+  SELECCION TEXT DEFAULT '', ULTIMOS TEXT DEFAULT '', RESULTADO INTEGER DEFAULT 0, INICIO REAL, LATIDO REAL,
+  PARAMETROS TEXT DEFAULT '', PASOS TEXT DEFAULT '', FALLIDOS TEXT DEFAULT '');
+CREATE TABLE IF NOT EXISTS ProcesoTareas (
+  EJECUCION INTEGER NOT NULL, PASO INTEGER NOT NULL, GRUPO INTEGER NOT NULL, HECHA INTEGER DEFAULT 0,
+  PRIMARY KEY (EJECUCION, PASO, GRUPO));
+)";
+
+template <class Numeros>
+QString unir(const Numeros& numeros) {
+  QStringList partes;
+  for (const auto n : numeros) partes += QString::number(n);
+  return partes.join(u',');
+}
+
+Resultado<std::vector<qint64>> partir(const QString& texto) {
+  std::vector<qint64> numeros;
+  for (const QStringView parte : QStringView(texto).split(u',', Qt::SkipEmptyParts)) {
+    bool es = false;
+    numeros.push_back(parte.toLongLong(&es));
+    if (!es)
+      return fallo(Fallo::Formato,
+                   QStringLiteral("El diario de la ejecución interrumpida está dañado."));
+  }
+  return numeros;
+}
+
+Resultado<> leerListas(const dao::Recordset& rs, Ejecucion& e) {
+  const auto texto = [&rs](QStringView columna) { return rs.texto(rs.columna(columna)); };
+  auto seleccion = partir(texto(u"SELECCION")), ultimos = partir(texto(u"ULTIMOS")),
+       fallidos = partir(texto(u"FALLIDOS"));
+  for (const auto* lista : {&seleccion, &ultimos, &fallidos})
+    if (!*lista) return std::unexpected(lista->error());
+  auto respuestas = recordarRespuestas(texto(u"PARAMETROS"));
+  if (!respuestas) return std::unexpected(respuestas.error());
+  e.seleccion = std::move(*seleccion);
+  e.ultimos = std::move(*ultimos);
+  for (const qint64 g : *fallidos) e.fallidos.insert(static_cast<int>(g));
+  e.respuestas = std::move(*respuestas);
+  e.lineas = texto(u"PASOS").split(u'\n');
+  return {};
+}
+
+}  // namespace
+
+QString Ejecucion::huella() const {
+  const auto h = QCryptographicHash::hash(lineas.join(u'\n').toUtf8(), QCryptographicHash::Sha256);
+  return QString::fromLatin1(h.toHex());
+}
+
+Resultado<> Diario::asegurar() {
+  if (db_.existeTabla(u"ProcesoTareas")) return {};
+  return db_.ejecutarGuion(kGuionDiario);
+}
+
+Resultado<std::optional<Ejecucion>> Diario::pendiente(const QString& nombre) {
+  auto consulta = db_.consultar(u"SELECT * FROM Proceso WHERE NOMBRE=?", nombre);
+  if (!consulta) return std::unexpected(consulta.error());
+  const auto& rs = **consulta;
+  if (rs.Eof()) return std::nullopt;
+  Ejecucion e;
+  e.nombre = nombre;
+  e.numero = rs.entero(rs.columna(u"EJECUCION"));
+  e.paso = rs.entero(rs.columna(u"PASO"));
+  e.problemas = rs.entero(rs.columna(u"RESULTADO")) != 0;
+  e.inicio = rs.fecha(rs.columna(u"INICIO"));
+  e.latido = rs.fecha(rs.columna(u"LATIDO"));
+  TARVO_INTENTAR(leerListas(rs, e));
+  if (e.paso < 0 || e.paso > e.lineas.size())
+    return fallo(Fallo::Formato,
+                 QStringLiteral("El diario de la ejecución interrumpida está dañado."));
+  return e;
+}
+
+Resultado<> Diario::abrir(Ejecucion& e) {
+  auto tr = dao::Transaccion::empezar(db_);
+  if (!tr) return std::unexpected(tr.error());
+  totals::EstadoBase estado(db_);
+  const auto ultima = estado.leer(QStringLiteral("Ejecucion"));
+  if (!ultima) return std::unexpected(ultima.error());
+  e.numero = ultima->entero() + 1;
+  TARVO_INTENTAR(estado.poner(QStringLiteral("Ejecucion"), e.numero));
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO Proceso (NOMBRE, HUELLA, EJECUCION, INICIO, PASOS) VALUES (?, ?, ?, ?, ?)",
+      e.nombre, e.huella(), e.numero, e.inicio, e.lineas.join(u'\n')));
+  TARVO_INTENTAR(anotar(e));
+  return tr->confirmar();
+}
+
+Resultado<> Diario::anotar(const Ejecucion& e) {
+  const auto filas = db_.ejecutar(
+      u"UPDATE Proceso SET PASO=?, SELECCION=?, ULTIMOS=?, FALLIDOS=?, RESULTADO=?, LATIDO=?, "
+      u"PARAMETROS=? "
+      u"WHERE EJECUCION=?",
+      e.paso, unir(e.seleccion), unir(e.ultimos), unir(e.fallidos), e.problemas, e.latido,
+      guardarRespuestas(e.respuestas), e.numero);
+  if (!filas) return std::unexpected(filas.error());
+  if (*filas == 0)
+    return fallo(Fallo::NoExiste,
+                 QStringLiteral("Falta en la base de datos el diario de esta ejecución."));
+  return {};
+}
+
+Resultado<> Diario::latir(qint64 ejecucion, Fecha ahora) {
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE Proceso SET LATIDO=? WHERE EJECUCION=?", ahora, ejecucion));
+  return {};
+}
+
+Resultado<> Diario::conProblemas(qint64 ejecucion) {
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE Proceso SET RESULTADO=1 WHERE EJECUCION=?", ejecucion));
+  return {};
+}
+
+Resultado<> Diario::cerrar(qint64 ejecucion) {
+  auto tr = dao::Transaccion::empezar(db_);
+  if (!tr) return std::unexpected(tr.error());
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM ProcesoTareas WHERE EJECUCION=?", ejecucion));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Proceso WHERE EJECUCION=?", ejecucion));
+  return tr->confirmar();
+}
+
+Resultado<> Diario::tareaEnCola(qint64 ejecucion, qint64 paso, int grupo) {
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO ProcesoTareas (EJECUCION, PASO, GRUPO) SELECT ?, ?, ? WHERE NOT EXISTS "
+      u"(SELECT 1 FROM ProcesoTareas WHERE EJECUCION=? AND PASO=? AND GRUPO=?)",
+      ejecucion, paso, grupo, ejecucion, paso, grupo));
+  return {};
+}
+
+Resultado<> Diario::tareaHecha(qint64 ejecucion, qint64 paso, int grupo, Fecha ahora) {
+  TARVO_INTENTAR(
+      db_.ejecutar(u"UPDATE ProcesoTareas SET HECHA=1 WHERE EJECUCION=? AND PASO=? AND GRUPO=?",
+                   ejecucion, paso, grupo));
+  return latir(ejecucion, ahora);
+}
+
+Resultado<std::vector<Diario::Tarea>> Diario::tareasPorHacer(qint64 ejecucion, qint64 desdePaso) {
+  auto rs = db_.consultar(
+      u"SELECT PASO, GRUPO FROM ProcesoTareas WHERE EJECUCION=? AND PASO>=? AND HECHA=0 ORDER BY "
+      u"PASO, GRUPO",
+      ejecucion, desdePaso);
+  if (!rs) return std::unexpected(rs.error());
+  std::vector<Tarea> tareas;
+  while (!(*rs)->Eof()) {
+    tareas.push_back({(*rs)->entero(0), static_cast<int>((*rs)->entero(1))});
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return tareas;
+}
+
+}  // namespace tarvo::automation

@@ -1,0 +1,288 @@
+#include "automation/Ejecutor.h"
+
+#include "core/textos/Textos.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kMayorGrupo = 32767, kMayorReintento = 32767;
+
+Hecho deFallo(const Error& e, int codigo = 0) {
+  Hecho h;
+  h.error(codigo);
+  h.decir(e.texto);
+  return h;
+}
+
+void contar(const std::vector<totals::Aviso>& avisos, Hecho& h) {
+  for (const auto& a : avisos) h.decir(a.texto, a.grave);
+}
+
+// The code with which a verb of P answers that it did not do what it promises.
+int codigoPeriodos(int verbo) {
+  constexpr std::array codigos{0, 7, 8, 9, 10, 10, 11, 12, 13, 11};
+  return verbo >= 0 && verbo < static_cast<int>(codigos.size())
+             ? codigos[static_cast<size_t>(verbo)]
+             : 0;
+}
+
+// A field of retries that is no number counts as none.
+int reintentosDe(const PasoProceso& p) {
+  return static_cast<int>(std::clamp<qint64>(p.numero(2), 0, kMayorReintento));
+}
+
+// What a task step asks of the engine; nothing while a reference in it has no value.
+struct Orden {
+  int clase = 0;
+  bool todo = true;
+  qint64 desde = 0, hasta = 0;
+};
+
+std::optional<Orden> ordenDe(const PasoProceso& p) {
+  const auto esNumero = [&p](size_t i) { return std::holds_alternative<qint64>(p.c[i]); };
+  if (std::holds_alternative<std::monostate>(p.c[3])) return Orden{p.verbo(), true, 0, 0};
+  if (std::holds_alternative<std::monostate>(p.c[4])) return Orden{p.verbo(), p.logico(3), 0, 0};
+  if (!esNumero(4) || !esNumero(5)) return std::nullopt;
+  return Orden{p.verbo(), p.logico(3), p.numero(4), p.numero(5)};
+}
+
+// The groups that a task step names; nothing for a reference without a value or a number that is no
+// group's.
+Resultado<std::optional<std::vector<int>>> gruposDe(const PasoProceso& p, dao::Database& db) {
+  std::vector<int> grupos;
+  if (const auto* n = std::get_if<qint64>(&p.c[2])) {
+    if (*n < 0 || *n > kMayorGrupo) return std::nullopt;
+    return std::vector{static_cast<int>(*n)};
+  }
+  if (p.texto(2) != u"ALL") return std::nullopt;
+  auto rs = db.consultar(u"SELECT CODGPO FROM GRUPOS ORDER BY CODGPO");
+  if (!rs) return std::unexpected(rs.error());
+  while (!(*rs)->Eof()) {
+    grupos.push_back(static_cast<int>((*rs)->entero(0)));
+    if (auto r = (*rs)->MoveNext(); !r) return std::unexpected(r.error());
+  }
+  return grupos;
+}
+
+}  // namespace
+
+QString mensajePaso(int codigo) {
+  static constexpr std::array<QStringView, 15> mensajes{
+      u"",
+      u"La puesta a cero es posterior a fecha anotada",
+      u"Grupo de destino no existe o destino mal configurado",
+      u"",
+      u"La sesión está ya abierta",
+      u"La sesión está ya cerrada",
+      u"No se pudo establecer un único intervalo de tiempo",
+      u"No se pudo crear el intervalo",
+      u"No se encontró el intervalo a borrar",
+      u"No se encontró selección a borrar",
+      u"No se encontraron intervalos a seleccionar",
+      u"No había intervalos, o no eran acumulables",
+      u"No había intervalos seleccionados",
+      u"No había intervalos seleccionados",
+      u"No había intervalos, o no se pudo abrir el fichero"};
+  return codigo > 0 && codigo < 15 ? mensajes[static_cast<size_t>(codigo)].toString() : QString();
+}
+
+Resultado<Hecho> Ejecutor::hacer(const PasoProceso& p, Ejecucion& e, Vigilancia& vigilancia) {
+  switch (p.clase()) {
+    case kTarea:
+      return tarea(p, e);
+    case kSesion:
+      return sesion(p, e);
+    case kControl: {
+      Hecho h = control(p);
+      h.completo = colaVacia(p, vigilancia);
+      return h;
+    }
+    case kPeriodos:
+      return periodos(p, e);
+    case kExportar:
+      return exportar(p, e);
+    default:
+      return Hecho{};
+  }
+}
+
+// --- tasks --------------------------------------------------------------------------------------
+
+Resultado<Hecho> Ejecutor::tarea(const PasoProceso& p, const Ejecucion& e) {
+  Hecho h;
+  const auto orden = ordenDe(p);
+  const auto grupos = gruposDe(p, t_.db);
+  if (!grupos) return deFallo(grupos.error());
+  if (!orden || !*grupos) {
+    h.error(2);
+    return h;
+  }
+  QStringList rechazados;
+  for (const int g : **grupos) {
+    const int codigo =
+        t_.motor.NuevaTarea(g, orden->todo, orden->desde, orden->hasta, orden->clase, e.paso);
+    if (codigo == 0) {
+      TARVO_INTENTAR(diario_.tareaEnCola(e.numero, e.paso, g));
+      continue;
+    }
+    h.error(codigo);
+    rechazados += Ceros(g, 4);
+  }
+  if (!rechazados.isEmpty())
+    h.decir(QStringLiteral("Grupos rechazados: ") + rechazados.join(u", "));
+  return h;
+}
+
+int Ejecutor::repetir(const PasoProceso& p, const Diario::Tarea& tarea) {
+  const auto orden = p.clase() == kTarea ? ordenDe(p) : std::nullopt;
+  if (!orden) return 2;
+  return t_.motor.NuevaTarea(tarea.grupo, orden->todo, orden->desde, orden->hasta, orden->clase,
+                             tarea.paso);
+}
+
+// --- session ------------------------------------------------------------------------------------
+
+Hecho Ejecutor::sesion(const PasoProceso& p, Ejecucion& e) {
+  Hecho h;
+  h.sesionMovida = true;
+  const int estado = t_.sesion.estado();
+  if (p.verbo() == kAbrir) {
+    if (estado == 2)
+      h.error(4);
+    else if (auto r = t_.motor.LaSesion(1); !r)
+      h.decir(r.error().texto);
+  } else if (p.verbo() == kCerrar && estado == 0) {
+    h.error(5);
+  } else if (p.verbo() == kCerrar && estado == 2) {
+    cerrar(p, e, h);
+  } else {
+    std::vector<totals::Aviso> avisos;
+    const auto r = t_.cerrSes.LaSesion(p.verbo() == kCerrar, 0, avisos);
+    contar(avisos, h);
+    if (!r) h.decir(r.error().texto);
+  }
+  return h;
+}
+
+void Ejecutor::cerrar(const PasoProceso& p, Ejecucion& e, Hecho& h) {
+  e.ultimos.clear();
+  t_.cerrSes.Descrip = ExpandirNombre(p.texto(2), t_.reloj.ahora(), t_.db);
+  t_.cerrSes.TodoAUno = p.logico(3);
+  t_.cerrSes.OverWr = p.logico(4);
+  std::vector<totals::Aviso> avisos;
+  auto links = t_.cerrSes.LaSesion(true, 0, avisos);
+  contar(avisos, h);
+  if (!links) h.decir(links.error().texto);
+  if (!links || links->empty() || t_.sesion.estado() != 0) return noMemorizado(e, h);
+  e.ultimos = std::move(*links);
+  t_.ajustes.UltimosPeriodos.assign(e.ultimos.begin(), e.ultimos.end());
+}
+
+// Their sales are in no period: what these groups hold must stay in the machines.
+void Ejecutor::noMemorizado(Ejecucion& e, Hecho& h) {
+  h.error(6);
+  for (const auto& r : t_.cerrSes.recibidos()) {
+    e.fallidos.insert(r.CODGPO);
+    t_.motor.anadirGrupoFallido(r.CODGPO);
+  }
+}
+
+// --- control ------------------------------------------------------------------------------------
+
+Hecho Ejecutor::control(const PasoProceso& p) {
+  Hecho h;
+  if (!std::holds_alternative<qint64>(p.c[2]))
+    h.decir(QStringLiteral(
+                "El número de reintentos \"%1\" no es un número: se ha esperado sin reintentos.")
+                .arg(p.texto(2)));
+  return h;
+}
+
+bool Ejecutor::colaVacia(const PasoProceso& espera, Vigilancia& vigilancia) {
+  vigilancia.reintentos = reintentosDe(espera);
+  if (t_.motor.CuantosQuedan().total == 0) return true;
+  t_.motor.VigilaProcesos(vigilancia.reintentos, espera.logico(3) || vigilancia.borrarSiempre,
+                          vigilancia.vigilante);
+  return false;
+}
+
+// --- periods ------------------------------------------------------------------------------------
+
+Hecho Ejecutor::periodos(const PasoProceso& p, const Ejecucion& e) {
+  Hecho h;
+  if (p.verbo() == kSelUltimo) return selUltimo(e);
+  if (p.verbo() == 0) {
+    h.decir(QStringLiteral("La orden no existe: el paso no hace nada."));
+    return h;
+  }
+  const auto r = operacion(p);
+  if (!r) return deFallo(r.error(), p.verbo() == kCrear ? 7 : 0);
+  if (!*r) h.error(codigoPeriodos(p.verbo()));
+  return h;
+}
+
+Resultado<bool> Ejecutor::operacion(const PasoProceso& p) {
+  const auto tipo = static_cast<int>(p.numero(2));
+  const auto* desde = std::get_if<Fecha>(&p.c[3]);
+  const auto* hasta = std::get_if<Fecha>(&p.c[4]);
+  switch (p.verbo()) {
+    case kCrear: {
+      const auto* i = std::get_if<Intervalo>(&p.c[2]);
+      if (!i) return false;
+      const auto link = t_.verTot.CrearIntvalo({i->tipo, i->desde, i->hasta}, p.texto(3));
+      if (!link) return std::unexpected(link.error());
+      return *link >= 0;
+    }
+    case kBorrar:
+      return desde && hasta ? t_.verTot.BorrarIntvalo(tipo, *desde, *hasta) : false;
+    case kLimpiar:
+      return t_.verTot.ClrSelec();
+    case kSeleccionar:
+      return desde && hasta ? t_.verTot.Seleccionar(tipo, *desde, *hasta) : false;
+    case kAcumular:
+      return t_.verTot.AcumularIntv(tipo, 1);
+    case kDesacumular:
+      return t_.verTot.AcumularIntv(tipo, -1);
+    case kStock:
+      return t_.verTot.StockIntv();
+    default:
+      return t_.verTot.SumarIntv();
+  }
+}
+
+Hecho Ejecutor::selUltimo(const Ejecucion& e) {
+  Hecho h;
+  for (const qint64 link : e.ultimos) {
+    const auto r = t_.verTot.SelecHnd(link);
+    if (!r)
+      h.decir(r.error().texto);
+    else if (!*r)
+      h.error(10);
+  }
+  return h;
+}
+
+// --- export -------------------------------------------------------------------------------------
+
+Hecho Ejecutor::exportar(const PasoProceso& p, const Ejecucion& e) {
+  Hecho h;
+  if (p.verbo() != kTotaliza) {
+    h.decir(QStringLiteral("La orden no existe: el paso no hace nada."));
+    return h;
+  }
+  const Fecha ahora = t_.reloj.ahora();
+  const QString nombre = p.texto(4).isEmpty()
+                             ? u"EX"_s + ahora.qdate().toString(QStringLiteral("yyMMdd"))
+                             : ExpandirNombre(p.texto(4), ahora, t_.db);
+  const QString marca = QStringLiteral("%1.%2").arg(e.numero).arg(e.paso);
+  const auto r =
+      t_.xporTot.XportRemoto(t_.verTot.LosSelec(), {p.logico(2), p.logico(3)}, nombre, marca);
+  if (!r) return deFallo(r.error(), 14);
+  if (!*r) h.error(14);
+  return h;
+}
+
+}  // namespace tarvo::automation

@@ -1,0 +1,61 @@
+// Carries out one step on the rooms that it calls. Knows nothing of phases, ticks or the trace: it
+// says what came of it.
+#pragma once
+
+#include "automation/Automat.h"
+#include "automation/Diario.h"
+
+namespace tarvo::automation {
+
+// What came of a step.
+struct Hecho {
+  bool completo = true;
+  int codigo = 0;        // of the messages of a process, 0 for none
+  QStringList detalles;  // sentences to stand under the step's header
+  bool problemas = false;
+  bool sesionMovida = false;  // the settings file is to be brought up to date
+
+  void error(int cual) { codigo = cual, problemas = true; }
+  void decir(const QString& texto, bool esProblema = true) {
+    detalles += texto;
+    problemas = problemas || esProblema;
+  }
+};
+
+QString mensajePaso(int codigo);
+
+// Under what rule the engine's tasks are watched.
+struct Vigilancia {
+  motor::Vigilante* vigilante = nullptr;
+  bool borrarSiempre = false;  // nobody is there
+  int reintentos = 0;          // of the last call
+};
+
+class Ejecutor {
+ public:
+  Ejecutor(const Taller& taller, Diario& diario) : t_(taller), diario_(diario) {}
+
+  // The step `e.paso` of the run. An Error only where the record of the run could not be written.
+  Resultado<Hecho> hacer(const PasoProceso& p, Ejecucion& e, Vigilancia& vigilancia);
+  // Queues again a task of a step that was queued before the run was cut off: 0, or the code of its
+  // error.
+  int repetir(const PasoProceso& p, const Diario::Tarea& tarea);
+  // True once the queue is empty; otherwise sets the rule under which the rest is watched.
+  bool colaVacia(const PasoProceso& espera, Vigilancia& vigilancia);
+
+ private:
+  Resultado<Hecho> tarea(const PasoProceso& p, const Ejecucion& e);
+  Hecho sesion(const PasoProceso& p, Ejecucion& e);
+  void cerrar(const PasoProceso& p, Ejecucion& e, Hecho& h);
+  void noMemorizado(Ejecucion& e, Hecho& h);
+  Hecho control(const PasoProceso& p);
+  Hecho periodos(const PasoProceso& p, const Ejecucion& e);
+  Resultado<bool> operacion(const PasoProceso& p);
+  Hecho selUltimo(const Ejecucion& e);
+  Hecho exportar(const PasoProceso& p, const Ejecucion& e);
+
+  const Taller& t_;
+  Diario& diario_;
+};
+
+}  // namespace tarvo::automation

@@ -1,0 +1,176 @@
+// Reader of files: a process, with or without a timetable of its own, and a timetable.
+#include "automation/Gramatica.h"
+#include "core/ajustes/Ficheros.h"
+#include "core/textos/Textos.h"
+
+namespace tarvo::automation {
+
+namespace {
+
+constexpr qint64 kTamanoMaximo = 4 * 1024 * 1024;
+
+std::vector<QStringView> lineasDe(const QString& texto) {
+  auto lineas = QStringView(texto).split(u'\n');
+  if (!lineas.empty() && lineas.back().isEmpty()) lineas.pop_back();
+  for (auto& l : lineas)
+    if (l.endsWith(u'\r')) l.chop(1);
+  return {lineas.begin(), lineas.end()};
+}
+
+std::unexpected<Error> falloEnLinea(size_t indice, const QString& texto) {
+  return fallo(Fallo::Formato, QStringLiteral("Línea %1: %2.").arg(indice + 1).arg(texto));
+}
+
+// "##:##:##;*,*,*,*,*,*,*;@"
+bool pareceActivacion(QStringView l) {
+  constexpr QStringView hora = u"##:##:##;";
+  if (l.size() < hora.size() || !l.endsWith(u";@")) return false;
+  for (qsizetype i = 0; i < hora.size(); ++i)
+    if (hora[i] == u'#' ? l[i] < u'0' || l[i] > u'9' : l[i] != hora[i]) return false;
+  return l.sliced(hora.size()).count(u',') >= 6;
+}
+
+// In capitals, as the timetable takes the words of days.
+std::optional<bool> siNoEnCapitales(QStringView campo, bool espanol) {
+  const QString llano = campo.left(1).toString().toUpper() + campo.mid(1).toString().toLower();
+  return leerSiNo(llano, espanol);
+}
+
+std::optional<Fecha> horaDelDia(QStringView campo) {
+  if (const auto h = Fecha::leerHora(campo)) return h;
+  if (const auto f = Fecha::leer(campo)) return Fecha::deDias(f->hora());
+  return std::nullopt;
+}
+
+using LectorSiNo = std::optional<bool> (*)(QStringView, bool);
+
+std::optional<LineaActivacion> activacionDe(QStringView linea, bool espanol, LectorSiNo leerDia) {
+  LineaActivacion a;
+  const auto hora = horaDelDia(cortar(linea, u';'));
+  if (!hora) return std::nullopt;
+  a.hora = *hora;
+  for (size_t i = 0; i < a.dias.size(); ++i) {
+    const auto dia = leerDia(cortar(linea, i + 1 < a.dias.size() ? u',' : u';'), espanol);
+    if (!dia) return std::nullopt;
+    a.dias[i] = *dia;
+  }
+  a.nombre = linea.trimmed().toString();
+  if (a.nombre.isEmpty()) return std::nullopt;
+  return a;
+}
+
+// The states of the file reader.
+enum class Zona { Comienzo, EnBatch, EnLlano, Acabado };
+
+class LectorFichero {
+ public:
+  LectorFichero(const Lenguaje& lenguaje, bool espanol) : lenguaje_(lenguaje), espanol_(espanol) {}
+
+  Resultado<> linea(QStringView l) {
+    if (zona_ == Zona::Acabado) return {};
+    const bool inicio = l.startsWith(kInicioBatch), final = l.startsWith(kFinalBatch);
+    if (inicio || final) return marca(inicio);
+    if (zona_ == Zona::Comienzo && pareceActivacion(l)) {
+      if (auto a = activacionDe(l, espanol_, leerSiNo)) f_.activaciones.push_back(std::move(*a));
+      return {};
+    }
+    auto paso = lenguaje_.LeerPaso(l);
+    if (!paso) return std::unexpected(paso.error());
+    return *paso ? conPaso(std::move(**paso)) : sinPaso();
+  }
+
+  Resultado<FicheroProceso> acabar() {
+    if (zona_ == Zona::EnBatch && !f_.pasos.empty())
+      return fallo(Fallo::Formato,
+                   QStringLiteral("Falta la línea \"@FINAL BATCH\" al final del proceso."));
+    return std::move(f_);
+  }
+
+ private:
+  Resultado<> marca(bool inicio) {
+    if (inicio && zona_ == Zona::Comienzo)
+      zona_ = Zona::EnBatch;
+    else if (!inicio && zona_ == Zona::EnBatch)
+      zona_ = Zona::Acabado;
+    else
+      return fallo(
+          Fallo::Formato,
+          QStringLiteral("\"%1\" está fuera de su sitio").arg(inicio ? kInicioBatch : kFinalBatch));
+    return {};
+  }
+
+  Resultado<> conPaso(PasoProceso paso) {
+    f_.pasos.push_back(std::move(paso));
+    if (zona_ == Zona::Comienzo) zona_ = Zona::EnLlano;
+    return {};
+  }
+
+  Resultado<> sinPaso() {
+    if (zona_ == Zona::EnBatch)
+      return fallo(Fallo::Formato,
+                   QStringLiteral("no empieza por ninguna de las letras T, S, C, P, E ni N"));
+    if (zona_ == Zona::EnLlano) zona_ = Zona::Acabado;
+    return {};
+  }
+
+  const Lenguaje& lenguaje_;
+  bool espanol_;
+  Zona zona_ = Zona::Comienzo;
+  FicheroProceso f_;
+};
+
+}  // namespace
+
+Lenguaje::Lenguaje(const motor::RegistroTareas& registro, const Ajustes& ajustes)
+    : r_(registro), a_(ajustes) {}
+
+Resultado<FicheroProceso> Lenguaje::leer(const QString& texto) const {
+  LectorFichero lector(*this, a_.EsEspanol());
+  const auto lineas = lineasDe(texto);
+  for (size_t i = 0; i < lineas.size(); ++i)
+    if (auto r = lector.linea(lineas[i]); !r) return falloEnLinea(i, r.error().texto);
+  return lector.acabar();
+}
+
+Resultado<FicheroProceso> Lenguaje::LeerProceso(const QString& ruta) const {
+  const auto texto = leerTexto(ruta);
+  if (!texto) return std::unexpected(texto.error());
+  return leer(*texto);
+}
+
+std::optional<LineaActivacion> Lenguaje::leerActivacion(QStringView linea) const {
+  return activacionDe(linea, a_.EsEspanol(), siNoEnCapitales);
+}
+
+Resultado<std::vector<LineaActivacion>> Lenguaje::leerCro(const QString& texto,
+                                                          bool proceso) const {
+  std::vector<LineaActivacion> entradas;
+  bool enBloque = false;
+  const auto lineas = lineasDe(texto);
+  for (size_t i = 0; i < lineas.size(); ++i) {
+    const auto l = lineas[i].trimmed();
+    if (enBloque) {
+      enBloque = !l.startsWith(kFinalBatch);
+      if (!enBloque && proceso) break;
+    } else if (l.startsWith(kInicioBatch)) {
+      enBloque = true;
+    } else if (!l.isEmpty()) {
+      auto entrada = leerActivacion(l);
+      if (!entrada)
+        return falloEnLinea(i,
+                            QStringLiteral("no es una hora, siete días y el nombre de un proceso"));
+      entradas.push_back(std::move(*entrada));
+    }
+  }
+  return entradas;
+}
+
+Resultado<QString> leerTexto(const QString& ruta) {
+  auto bytes = ficheros::leerBytes(ruta, kTamanoMaximo);
+  if (!bytes) return std::unexpected(bytes.error());
+  if (bytes->contains('\0'))
+    return fallo(Fallo::Formato, QStringLiteral("El fichero %1 no es un texto.").arg(ruta));
+  return ficheros::descodificar(*bytes);
+}
+
+}  // namespace tarvo::automation
