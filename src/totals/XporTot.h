@@ -1,5 +1,5 @@
-// Periods to .EXP files and back. Layouts: docs/formatos.md. A block is in the file whole or not at
-// all: the new file is written beside the old one, flushed and renamed.
+// Periods to .EXP files and back. Layouts: docs/formatos.md. A block is in the file whole or not at all: the new
+// file is written beside the old one, flushed and renamed.
 #pragma once
 
 #include <optional>
@@ -52,11 +52,7 @@ enum class SiExiste { Borrarlo, Acumularlo };
 class ImpTot {
  public:
   ImpTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
-  struct Hecho {
-    qint64 link;
-    Periodo periodo;
-    int lineas;
-  };
+  struct Hecho { qint64 link; Periodo periodo; int lineas; };
   // Blocks imported. On an Error those before the bad one stay imported (in `hechos`).
   Resultado<> importar(const QString& ruta, SiExiste siExiste, std::vector<Hecho>& hechos);
   // The same for bytes that are at hand; `nombre` stands in errors.

@@ -1,14 +1,19 @@
 // The two frame protocols of the machines as pure functions: bytes in, frames out, no state but the
 // caller's. Layouts and checks: docs/protocolos.md.
+//
+// A reader never keeps more than kMaxPendiente bytes of an unfinished frame: what is longer is
+// noise and goes.
 #pragma once
 
 #include <QByteArray>
 #include <optional>
+#include <vector>
 
 namespace tarvo::tramas {
 
 inline constexpr char kSTX = 0x02, kETX = 0x03, kACK = 0x06, kNAK = 0x15, kCR = 0x0D;
 inline constexpr int kCodigoTransaccion = 995;
+inline constexpr int kMaxPendiente = 64 * 1024;
 
 // --- VEK: decimal text, one-byte acknowledgement
 // ---------------------------------------------------
@@ -20,7 +25,8 @@ struct TramaVEK {
   bool operator==(const TramaVEK&) const = default;
 };
 
-// The address, code and data fields as a repeat keeps them.
+// The address, code and data fields as a repeat keeps them. An end sign inside the data would cut
+// the frame in two, so that it goes out as a blank. REQUIRES: addr 0 to 99, codigo 0 to 9999.
 QByteArray cuerpoVEK(int addr, int codigo, const QByteArray& datos);
 // A whole frame of station 0 around a body.
 QByteArray construirVEK(int secuencia, const QByteArray& cuerpo);
@@ -29,11 +35,15 @@ QByteArray construirVEK(int secuencia, const QByteArray& cuerpo);
 // buffer, and any good frame read before it in this call is forgotten.
 struct LecturaVEK {
   std::optional<TramaVEK> trama;  // the last good frame
+  std::vector<TramaVEK> previas;  // good frames before it, in their order
   bool mala = false;
 };
 // Cuts every whole frame off `buffer`; an unfinished one stays in it. `ancha` reads the layout of
-// codes above 999.
+// codes above 999. An acknowledgement that stands where a frame would begin ends the reading and
+// stays: it is its reader's affair.
 LecturaVEK leerVEK(QByteArray& buffer, bool ancha);
+// The same frame read by the usual layout, for one that was read by the wide one.
+TramaVEK estrecha(const TramaVEK& ancha);
 
 // --- NODAL: hexadecimal, acknowledgement frame
 // -----------------------------------------------------
@@ -48,6 +58,7 @@ struct TramaNODAL {
   bool operator==(const TramaNODAL&) const = default;
 };
 
+// A return inside the data would cut the frame in two, so that it goes out as a blank.
 QByteArray construirNODAL(const TramaNODAL& trama);
 // What the buffer held up to its first CR.
 struct LecturaNODAL {

@@ -94,6 +94,10 @@ void asegurarCarpeta(const QString& ruta) {
 bool escribirNuevo(const QByteArray& nuevo, const QByteArray& viejo, const QByteArray& bytes) {
   struct stat antes{};
   const bool habia = ::stat(viejo.constData(), &antes) == 0;
+  if (habia && !S_ISREG(antes.st_mode)) {  // a device or a folder must never be replaced
+    errno = EINVAL;
+    return false;
+  }
   if (habia && ::access(viejo.constData(), W_OK) != 0) return false;  // protected on purpose
   Descriptor fd(::open(nuevo.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW,
                        habia ? antes.st_mode & 07777 : 0666));

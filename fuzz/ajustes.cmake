@@ -1,0 +1,2 @@
+tarvo_fuzz(tarvo_ini LINKS ajustes)
+tarvo_fuzz(conectores_ini LINKS ajustes)

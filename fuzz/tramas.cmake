@@ -1,0 +1,1 @@
+tarvo_fuzz(tramas LINKS tramas)

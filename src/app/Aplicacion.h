@@ -1,0 +1,47 @@
+// The one place where objects are made and joined, in the order of the start. It owns them all;
+// nothing of the program is global, so two applications can live in one process.
+#pragma once
+
+#include <memory>
+
+#include "app/Carpeta.h"
+#include "automation/Cronos.h"
+#include "core/textos/Textos.h"
+#include "stock/Almacenes.h"
+#include "totals/Sesion.h"
+
+namespace tarvo::app {
+
+// What every use of the program needs: its folder, settings and database.
+class Fondo {
+ public:
+  // Takes the folder, reads the settings, opens the database (made from nothing in a new folder)
+  // and brings it to this version. The error's text is a whole sentence for the user.
+  static Resultado<std::unique_ptr<Fondo>> abrir(const QString& carpeta, Idioma idioma,
+                                                 const Textos& textos, Reloj& reloj);
+  Ajustes ajustes;
+  std::unique_ptr<dao::Database> db;
+
+ private:
+  Fondo(Cerrojo cerrojo, const QString& carpeta, Idioma idioma, Fecha ahora);
+  Cerrojo cerrojo_;
+};
+
+class Aplicacion {
+ public:
+  // REQUIRES that all references outlive it.
+  Aplicacion(Fondo& fondo, Reloj& reloj, automation::Preguntas& preguntas);
+  ~Aplicacion();
+  // What the first use of a database must find: warehouses, the session.
+  Resultado<> empezar();
+
+  automation::Automat& automat();
+  automation::Cronos& cronos();
+  const automation::Lenguaje& lenguaje() const;
+
+ private:
+  struct Interior;
+  std::unique_ptr<Interior> d;
+};
+
+}  // namespace tarvo::app

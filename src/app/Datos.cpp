@@ -1,0 +1,46 @@
+#include "app/Datos.h"
+
+#include "app/Consola.h"
+#include "app/TextosApp.h"
+
+namespace tarvo::app {
+
+std::optional<QString> Datos::PromptStr(const QString& nombre, const QString& pregunta) {
+  const auto hallado = valores_.find(nombre);
+  if (hallado != valores_.end()) return hallado->second;
+  avisar(t_(kTxFaltaDato).arg(nombre, pregunta));
+  return std::nullopt;
+}
+
+std::optional<qint64> Datos::PromptNum(const QString& nombre, const QString& pregunta) {
+  const auto texto = PromptStr(nombre, pregunta);
+  if (!texto) return std::nullopt;
+  bool bien = false;
+  const int numero = texto->trimmed().toInt(&bien);
+  if (bien) return numero;
+  avisar(t_(kTxDatoMaloParaPregunta).arg(nombre, *texto, pregunta));
+  return std::nullopt;
+}
+
+std::optional<std::pair<Fecha, Fecha>> Datos::PromptFch(const QString& nombre,
+                                                        const QString& pregunta) {
+  const auto texto = PromptStr(nombre, pregunta);
+  if (!texto) return std::nullopt;
+  const auto rango = leerRango(*texto);
+  if (!rango) avisar(t_(kTxDatoMaloParaPregunta).arg(nombre, *texto, pregunta));
+  return rango;
+}
+
+std::optional<std::pair<Fecha, Fecha>> leerRango(QStringView texto) {
+  const qsizetype guion = texto.indexOf(u'-');
+  const auto desde = Fecha::leer(guion < 0 ? texto : texto.left(guion));
+  const auto hasta = guion < 0 ? desde : Fecha::leer(texto.mid(guion + 1));
+  if (desde && hasta)
+    return *desde <= *hasta ? std::optional(std::pair(*desde, *hasta)) : std::nullopt;
+  const auto primero = Fecha::leer(QStringLiteral("01/") + texto.trimmed());
+  if (!primero) return std::nullopt;
+  const QDate mes = primero->qdate();
+  return std::pair(*primero, Fecha::de(QDate(mes.year(), mes.month(), mes.daysInMonth())));
+}
+
+}  // namespace tarvo::app

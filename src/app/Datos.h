@@ -1,0 +1,31 @@
+// Answers parameter steps from the --dato options. A question without an answer says so and aborts
+// the run.
+#pragma once
+
+#include <map>
+
+#include "automation/Automat.h"
+#include "core/textos/Textos.h"
+
+namespace tarvo::app {
+
+class Datos final : public automation::Preguntas {
+ public:
+  Datos(std::map<QString, QString> valores, const Textos& textos)
+      : valores_(std::move(valores)), t_(textos) {}
+  std::optional<qint64> PromptNum(const QString& nombre, const QString& pregunta) override;
+  std::optional<QString> PromptStr(const QString& nombre, const QString& pregunta) override;
+  // "dd/mm/yyyy", "dd/mm/yyyy-dd/mm/yyyy", or "mm/yyyy" for a whole month.
+  std::optional<std::pair<Fecha, Fecha>> PromptFch(const QString& nombre,
+                                                   const QString& pregunta) override;
+
+ private:
+  std::map<QString, QString> valores_;
+  const Textos& t_;
+};
+
+// The range of days that a text names; nothing when it names none, or one that ends before it
+// begins.
+std::optional<std::pair<Fecha, Fecha>> leerRango(QStringView texto);
+
+}  // namespace tarvo::app

@@ -1,0 +1,135 @@
+#include "app/Ordenes.h"
+
+#include <QFileInfo>
+
+#include "app/TextosApp.h"
+
+namespace tarvo::app {
+
+namespace {
+
+std::optional<Idioma> idiomaDe(const QString& letras) {
+  static constexpr std::pair<const char16_t*, Idioma> kIdiomas[] = {
+      {u"es", Idioma::Espanol}, {u"it", Idioma::I},  {u"fr", Idioma::F},
+      {u"uk", Idioma::UK},      {u"pl", Idioma::PL}, {u"pt", Idioma::P}};
+  for (const auto& [nombre, idioma] : kIdiomas)
+    if (letras == QStringView(nombre)) return idioma;
+  return std::nullopt;
+}
+
+// Reads the arguments one by one; the first fault stays.
+class Lector {
+ public:
+  Lector(const QStringList& argumentos, const Textos& textos) : resto_(argumentos), t_(textos) {}
+
+  std::expected<Ordenes, QString> leer() {
+    while (!resto_.isEmpty() && fallo_.isEmpty()) argumento(resto_.takeFirst());
+    if (fallo_.isEmpty()) comprobar();
+    if (!fallo_.isEmpty()) return std::unexpected(fallo_);
+    return o_;
+  }
+
+ private:
+  void argumento(const QString& a) {
+    if (a == u"--carpeta")
+      o_.carpeta = valor(a);
+    else if (a == u"--sin-ventana")
+      sinVentana_ = true;
+    else if (a == u"--idioma")
+      idioma(valor(a));
+    else if (a == u"--dato")
+      dato(valor(a));
+    else if (a == u"--cuadre")
+      cuadre();
+    else if (a == u"--ayuda")
+      o_.que = Ordenes::Que::Ayuda;
+    else if (a == u"--version")
+      o_.que = Ordenes::Que::Version;
+    else if (a.startsWith(u'-'))
+      fallo_ = t_(kTxOpcionDesconocida).arg(a);
+    else
+      proceso(a);
+  }
+
+  QString valor(const QString& opcion) {
+    if (resto_.isEmpty() || resto_.first().isEmpty()) fallo_ = t_(kTxFaltaValor).arg(opcion);
+    return resto_.isEmpty() ? QString() : resto_.takeFirst();
+  }
+
+  void idioma(const QString& letras) {
+    const auto hallado = idiomaDe(letras);
+    if (hallado) o_.idioma = *hallado;
+    if (!hallado && fallo_.isEmpty()) fallo_ = t_(kTxIdiomaDesconocido).arg(letras);
+  }
+
+  // "%1=5": a mark, one character, "=", the value.
+  void dato(const QString& texto) {
+    const bool bien =
+        texto.size() >= 3 && QStringView(u"%$#").contains(texto[0]) && texto[2] == u'=';
+    if (bien) o_.datos[texto.left(2)] = texto.mid(3);
+    if (!bien && fallo_.isEmpty()) fallo_ = t_(kTxDatoMalo).arg(texto);
+  }
+
+  void cuadre() {
+    o_.que = Ordenes::Que::Cuadre;
+    if (resto_.isEmpty()) return;
+    bool numero = false;
+    const qint64 link = resto_.first().toLongLong(&numero);
+    if (!numero) return;
+    o_.link = link;
+    resto_.removeFirst();
+  }
+
+  void proceso(const QString& a) {
+    if (conProceso_) fallo_ = t_(kTxSobraArgumento).arg(a);
+    conProceso_ = true;
+    o_.proceso = a;
+  }
+
+  void comprobar() {
+    if (o_.que == Ordenes::Que::Ayuda || o_.que == Ordenes::Que::Version) return;
+    if (o_.que == Ordenes::Que::Cuadre) {
+      if (sinVentana_ || conProceso_) fallo_ = t_(kTxCuadreSolo);
+      return;
+    }
+    if (!sinVentana_) return;
+    o_.que = Ordenes::Que::Proceso;
+    if (o_.proceso.trimmed().isEmpty()) fallo_ = t_(kTxFaltaProceso);
+  }
+
+  QStringList resto_;
+  const Textos& t_;
+  Ordenes o_;
+  QString fallo_;
+  bool sinVentana_ = false, conProceso_ = false;
+};
+
+bool conCarpeta(const QString& nombre) {
+  return nombre.contains(u'/') || nombre.contains(u'\\');
+}
+
+QString enDisco(const QString& nombre, const Ajustes& ajustes) {
+  if (!conCarpeta(nombre)) return Ajustes::ruta(nombre, ajustes.HomeDir);
+  const QFileInfo aqui(nombre);
+  return aqui.isFile() ? aqui.absoluteFilePath() : Ajustes::ruta(nombre, ajustes.carpeta);
+}
+
+}  // namespace
+
+std::expected<Ordenes, QString> leerOrdenes(const QStringList& argumentos, const Textos& textos) {
+  return Lector(argumentos, textos).leer();
+}
+
+QString rutaProceso(QString argumento, const Ajustes& ajustes) {
+  if (argumento.size() >= 2 && argumento.startsWith(u'"') && argumento.endsWith(u'"'))
+    argumento = argumento.mid(1, argumento.size() - 2);
+  const QString extension = QStringLiteral(".AUT");
+  if (!argumento.contains(u'.')) return enDisco(argumento + extension, ajustes);
+  const QString ruta = enDisco(argumento, ajustes);
+  // The only point may be one of a folder's name.
+  if (QFileInfo(ruta).isFile() || NombreFichero(argumento).contains(u'.')) return ruta;
+  const QString conExtension = enDisco(argumento + extension, ajustes);
+  return QFileInfo(conExtension).isFile() ? conExtension : ruta;
+}
+
+}  // namespace tarvo::app

@@ -1,0 +1,41 @@
+// The command line: what was asked, or the sentence that says what is wrong with it.
+#pragma once
+
+#include <QStringList>
+#include <expected>
+#include <map>
+#include <optional>
+
+#include "core/ajustes/Ajustes.h"
+#include "core/textos/Textos.h"
+
+namespace tarvo::app {
+
+// The exit status of the program.
+enum Salida : int {
+  kBien = 0,
+  kProblemas = 1,
+  kAbortado = 2,
+  kSinProceso = 3,
+  kSinBase = 4,
+  kArgumentosMalos = 64,
+};
+
+struct Ordenes {
+  enum class Que { Ventanas, Ayuda, Version, Cuadre, Proceso } que = Que::Ventanas;
+  QString carpeta;  // empty when none was given
+  Idioma idioma = Idioma::Espanol;
+  std::map<QString, QString> datos;  // "%1" to its value
+  QString proceso;                   // as given
+  std::optional<qint64> link;        // of --cuadre
+};
+
+// `argumentos` without the program's own name.
+std::expected<Ordenes, QString> leerOrdenes(const QStringList& argumentos, const Textos& textos);
+
+// The file that a process argument names: quotes off, ".AUT" where there is no point, HomeDir in
+// front where there is no folder. "\" and "/" part folders and case is ignored. A name with a
+// folder may also stand in the current directory.
+QString rutaProceso(QString argumento, const Ajustes& ajustes);
+
+}  // namespace tarvo::app

@@ -1,0 +1,93 @@
+#include <signal.h>
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include "app/Consola.h"
+#include "app/Datos.h"
+#include "app/Ejecucion.h"
+#include "app/TextosApp.h"
+#include "totals/Cuadre.h"
+
+namespace tarvo::app {
+
+namespace {
+
+int decirAyuda(const Textos& t) {
+  for (int n = kTxAyuda; t.tiene(n); ++n) decir(t(n));
+  return kBien;
+}
+
+int hacerCuadre(const Ordenes& o, Fondo& fondo, const Textos& t) {
+  const auto informe = totals::informeCuadre(*fondo.db, fondo.ajustes, o.link);
+  informe ? decir(*informe) : avisar(t(kTxCuadreFallido).arg(informe.error().texto));
+  return informe ? kBien : kProblemas;
+}
+
+int correrProceso(const Ordenes& o, Fondo& fondo, const Textos& t, Reloj& reloj) {
+  Datos datos(o.datos, t);
+  Aplicacion aplicacion(fondo, reloj, datos);
+  if (const auto hecho = aplicacion.empezar(); !hecho) {
+    avisar(t(kTxSinArranque).arg(hecho.error().texto));
+    return kSinBase;
+  }
+  return Ejecucion(fondo, aplicacion, t).ejecutar(rutaProceso(o.proceso, fondo.ajustes));
+}
+
+int conFondo(const Ordenes& o, const Textos& t) {
+  const auto carpeta = carpetaPrograma(o.carpeta);
+  if (!carpeta) {
+    avisar(t(kTxCarpetaNoExiste).arg(carpeta.error().texto));
+    return kSinBase;
+  }
+  RelojReal reloj;
+  const auto fondo = Fondo::abrir(*carpeta, o.idioma, t, reloj);
+  if (!fondo) {
+    avisar(fondo.error().texto);
+    return kSinBase;
+  }
+  return o.que == Ordenes::Que::Cuadre ? hacerCuadre(o, **fondo, t)
+                                       : correrProceso(o, **fondo, t, reloj);
+}
+
+int atender(const Ordenes& o, const Textos& t) {
+  switch (o.que) {
+    case Ordenes::Que::Ayuda:
+      return decirAyuda(t);
+    case Ordenes::Que::Version:
+      decir(t(kTxVersion).arg(QStringLiteral(TARVO_VERSION)));
+      return kBien;
+    case Ordenes::Que::Ventanas:
+      avisar(t(kTxSinVentanas));
+      return kArgumentosMalos;
+    default:
+      return conFondo(o, t);
+  }
+}
+
+int principal(int argc, char** argv) {
+  ::signal(SIGPIPE, SIG_IGN);  // a reader of the trace that goes away doesn't end a night
+  const auto textos = Textos::leer(QStringLiteral(":/textos/es.txt"));
+  if (!textos) {
+    avisar(textos.error().texto);
+    return kSinBase;
+  }
+  QStringList argumentos;
+  for (int i = 1; i < argc; ++i) argumentos << QFile::decodeName(argv[i]);
+  const auto ordenes = leerOrdenes(argumentos, *textos);
+  if (!ordenes) {
+    avisar(ordenes.error());
+    avisar((*textos)(kTxVerAyuda));
+    return kArgumentosMalos;
+  }
+  const QCoreApplication bucle(argc, argv);
+  return atender(*ordenes, *textos);
+}
+
+}  // namespace
+
+}  // namespace tarvo::app
+
+int main(int argc, char** argv) {
+  return tarvo::app::principal(argc, argv);
+}

@@ -1,0 +1,103 @@
+// The inside of a link: who shares it, what it is open for, its wire and its frame machine.
+#pragma once
+
+#include <functional>
+
+#include "comm/enlace/Maquina.h"
+#include "comm/enlace/comtvIP.h"
+
+namespace tarvo::enlace {
+
+// A link is dying for this long before it is destroyed, so that the calls it is in can end.
+inline constexpr int kMsDescarga = 10;
+
+struct Enlaces::Datos {
+  Reloj& reloj;
+  const Ajustes& ajustes;
+  FabricaEnlaces& fabrica;
+  Azar& azar;
+  std::vector<std::unique_ptr<comtvIP>> canales;
+  struct Muerto {
+    qint64 cuando;
+    std::unique_ptr<comtvIP> enlace;
+  };
+  std::vector<Muerto> muertos;  // out of their slots, not destroyed yet
+  std::unique_ptr<Temporizador> entierro;
+
+  comtvIP* en(int canal) const;
+  void retirar(comtvIP* enlace);  // empties its slot, if it is in one
+  void enterrar();
+  bool enUso(const QString& acceso, int canal) const;
+};
+
+struct comtvIP::Estado final : Maquina::Exterior {
+  Estado(Enlaces::Datos& laCasa, comtvIP& elDueno, int elCanal);
+
+  Enlaces::Datos& casa;
+  comtvIP& dueno;
+  const int canal;
+  std::unique_ptr<LinkSocket> cable;
+  ClienteEnlace* cliente = nullptr;
+  ClienteLinea* clienteLinea = nullptr;
+  int paraPendiente = kNada, paraAbierto = kNada;
+  int device = 0;
+  QString acceso;
+  bool conector = false;
+  bool portadora = false;
+  bool uniendo = false;                         // a second client is joining the open link
+  bool saleMotor = false, saleCaptura = false;  // it is leaving a shared one
+  bool cerrando = false;                        // the wire was told to close
+  bool acabado = false;                         // nothing follows any more
+  int esperaColgar = 0;
+  int dentro = 0;  // events of clients that have not returned yet
+  std::unique_ptr<Temporizador> limite, luego;
+  std::vector<std::function<void()>> aplazados;  // what is done 10 ms later
+  Maquina maquina;
+
+  // Opening and closing.
+  int abrir(int para, int baudios, const QString& texto);
+  int abrirConector();
+  int abrirConfigurado(int baudios);
+  bool puedeUnirse(int para, const QString& texto) const;
+  void unir(int para);
+  void terminarUnion(bool motor);
+  void terminarApertura(int error);
+  int cerrar(int para);
+  void dejar(bool motor);
+  void cancelarApertura(bool motor);
+  void terminarSalida(bool motor);
+  void cerrarCable();
+  void terminarCierre(int error);
+  void venceLimite();
+  void abandonar();
+  void desalojar(const ClienteEnlace* nuevo, const ClienteLinea* nuevaLinea);
+
+  // Small things.
+  QString normalizado(const QString& texto) const;
+  bool& sale(bool motor) { return motor ? saleMotor : saleCaptura; }
+  bool listo() const { return paraAbierto != kNada && !cerrando && !acabado; }
+  bool esVek() const { return paraAbierto != kNada && paraAbierto != kNodalMotor; }
+  void aplazar(std::function<void()> accion);
+  void soltar();
+  void avisarApertura(bool motor, int error);
+  void avisarCierre(bool motor, int error);
+  template <class F>
+  void avisar(F evento) {
+    ++dentro;
+    evento();
+    --dentro;
+  }
+
+  // What the frame machine sees.
+  void escribir(const QByteArray& bytes) override;
+  void vaciarCable() override;
+  int para() const override { return paraAbierto; }
+  bool encaja(int addr, int codigo, const QByteArray& datos) override;
+  void envioVEK(int error, int addr, int codigo, const QByteArray& datos) override;
+  void reciboVEK(int error, int addr, int codigo, const QByteArray& datos) override;
+  void envioNDL(int error) override;
+  void reciboNDL(int error, int codigo, const QByteArray& datos) override;
+  void transaccion(int addr, const QByteArray& datos) override;
+};
+
+}  // namespace tarvo::enlace

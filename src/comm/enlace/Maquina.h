@@ -1,0 +1,136 @@
+// The frame machine of a link: sends a frame, repeats it, waits for what answers it, and says how
+// it ended. What data and time do in each state stands in one table, in Maquina.cpp; in prose in
+// docs/protocolos.md.
+//
+// Every wait has an end. A wait may be prolonged by what comes in (a transaction, a piece of a
+// frame), but never beyond kProrrogas times its own length; a frame that answers something else
+// prolongs nothing.
+#pragma once
+
+#include <QByteArray>
+#include <memory>
+#include <optional>
+
+#include "comm/tramas/Trama.h"
+#include "core/tiempo/Reloj.h"
+
+namespace tarvo::enlace {
+
+enum EstadoEnlace : int {
+  kReposo = 1,
+  kEsperaACK = 3,         // VEK: sent, no acknowledgement yet
+  kEsperaRespuesta = 4,   // VEK: acknowledged, waiting for the answer to Enviar
+  kEsperaTrama = 5,       // VEK: waiting for a frame for Pedir or RxVEK
+  kRepetida = 6,          // VEK: the machine sent a frame again
+  kEsperaAckNodal = 7,    // NODAL: sent, no acknowledgement yet
+  kEsperaTramaNodal = 9,  // NODAL: waiting for a frame for RxNODAL
+  kDescargando = 12,
+};
+
+struct TiemposEnlace {
+  int ack = 2000;     // ms until a frame that isn't acknowledged goes out again
+  int espera = 2000;  // ms for each unit of a wait frame
+  int nodo = 0;       // our own node
+};
+
+class Maquina {
+ public:
+  // The link around the machine. Any of the events may call back into the machine, or stop it.
+  class Exterior {
+   public:
+    virtual void escribir(const QByteArray& bytes) = 0;
+    virtual void vaciarCable() = 0;
+    virtual int para() const = 0;
+    virtual bool encaja(int addr, int codigo, const QByteArray& datos) = 0;
+    virtual void envioVEK(int error, int addr, int codigo, const QByteArray& datos) = 0;
+    virtual void reciboVEK(int error, int addr, int codigo, const QByteArray& datos) = 0;
+    virtual void envioNDL(int error) = 0;
+    virtual void reciboNDL(int error, int codigo, const QByteArray& datos) = 0;
+    virtual void transaccion(int addr, const QByteArray& datos) = 0;
+
+   protected:
+    ~Exterior() = default;
+  };
+
+  Maquina(Exterior& exterior, Reloj& reloj, TiemposEnlace tiempos, int tiempoRespuesta);
+
+  void empezar(int secuencia);  // the link is open: at rest, nothing received yet
+  void reposar();               // gives up whatever was waited for
+  void parar();                 // for good: no event follows
+  void recibir(QByteArray& nuevos);
+
+  void enviarVEK(int addr, int codigo, const QByteArray& datos, bool pedir);
+  void enviarNODAL(int addr, int codigo, const QByteArray& datos);
+  void esperarVEK(int codigo);
+  void esperarNODAL();
+  void tiempoRespuesta(int ms) { tiempoRespuesta_ = ms; }
+  int estado() const { return estado_; }
+
+ private:
+  struct Fila;
+  static const Fila kTabla[];
+  const Fila* fila() const;
+
+  // What each state does with data and at the end of its time. A data step answers whether another
+  // may follow.
+  bool datosReposo();
+  bool datosACK();
+  bool datosTrama();
+  bool datosRepetida();
+  bool datosAckNodal();
+  bool datosTramaNodal();
+  void venceACK();
+  void venceTrama();
+  void venceRepetida();
+  void venceAckNodal();
+  void venceTramaNodal();
+
+  enum class Leido { Nada, Transaccion, Pasada, Repetida, Aceptada };
+  Leido leerTramas(bool aceptar);
+  Leido atender(const tramas::TramaVEK& trama, bool aceptar);
+  void entregarTransaccion(const tramas::TramaVEK& trama);
+  bool enVuelo() const { return estado_ >= kEsperaACK && estado_ <= kRepetida; }
+  void acabarVEK(int error, int addr = -1, int codigo = 0, const QByteArray& datos = {});
+  void emitirVEK();
+  void quitarACKs();
+
+  std::optional<tramas::TramaNODAL> leerLinea();  // a new frame from the node we speak with
+  void acabarNodal(int error);
+  void acabarReciboNodal(int error, const tramas::TramaNODAL& trama);
+  void emitirNODAL();
+  void esperarMas(const QByteArray& datos);
+  void confirmar();
+  void quitarConfirmaciones();
+
+  void leer();
+  void leerLuego();
+  void vencer();
+  void iniciarEspera(qint64 ms);
+  void prorrogar(qint64 ms);
+  void pararEspera();
+  void vaciar();
+
+  Exterior& exterior_;
+  Reloj& reloj_;
+  const TiemposEnlace tiempos_;
+  int tiempoRespuesta_;
+  std::unique_ptr<Temporizador> timer_, relectura_;
+
+  int estado_ = kReposo;
+  bool pedir_ = false;  // the last frame was sent by Pedir
+  int secuencia_ = 0;   // of the last frame sent
+  int ultima_ = -1;     // of the last frame accepted
+  int envios_ = 0;      // how often the present frame went out
+  int repetidas_ = 0;   // how often a repeated frame made us send it again
+  int estacion_ = 0;
+  int codigo_ = 0;
+  QByteArray cuerpo_;
+  tramas::TramaVEK ultimaTransaccion_;
+  qint64 intervalo_ = 0;           // ms: length of the present wait
+  qint64 inicio_ = 0, plazo_ = 0;  // when it began and when it ends
+  qint64 tope_ = 0;                // the last end that it may get
+  QByteArray entrada_;
+  bool leyendo_ = false;
+};
+
+}  // namespace tarvo::enlace

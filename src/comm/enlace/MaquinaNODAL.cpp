@@ -1,0 +1,145 @@
+#include <algorithm>
+
+#include "comm/enlace/Errores.h"
+#include "comm/enlace/Maquina.h"
+
+namespace tarvo::enlace {
+
+namespace {
+constexpr int kEnviosNodalMax = 4;
+// A machine may ask for more time as often as it likes, but not for longer than this after the wait
+// began.
+constexpr qint64 kEsperaNodalMax = 3600 * 1000;
+}  // namespace
+
+void Maquina::enviarNODAL(int addr, int codigo, const QByteArray& datos) {
+  quitarConfirmaciones();
+  envios_ = 1;
+  estado_ = kEsperaAckNodal;
+  estacion_ = addr & 0xFF;
+  codigo_ = codigo;
+  cuerpo_ = datos;
+  iniciarEspera(tiempos_.ack);
+  emitirNODAL();
+}
+
+void Maquina::esperarNODAL() {
+  estado_ = kEsperaTramaNodal;
+  iniciarEspera(tiempoRespuesta_);
+  leerLuego();
+}
+
+void Maquina::emitirNODAL() {
+  secuencia_ = (secuencia_ + 1) & 0xFF;
+  exterior_.escribir(
+      tramas::construirNODAL({tiempos_.nodo, estacion_, secuencia_, codigo_, cuerpo_}));
+}
+
+// --- data
+// ------------------------------------------------------------------------------------------
+
+bool Maquina::datosAckNodal() {
+  const auto trama = leerLinea();
+  if (trama && trama->codigo == tramas::kNodalAck)
+    acabarNodal(0);
+  else if (trama && trama->codigo == tramas::kNodalRechazo)
+    acabarNodal(kErrorRechazo);
+  else
+    prorrogar(tiempos_.ack);
+  return true;
+}
+
+// After its time is over the state stays but reads nothing: a frame that comes late waits for what
+// is asked next.
+bool Maquina::datosTramaNodal() {
+  if (!timer_->activo()) return false;
+  const auto trama = leerLinea();
+  if (!trama) {
+    prorrogar(tiempoRespuesta_);
+    return true;
+  }
+  if (trama->codigo == tramas::kNodalEspera)
+    esperarMas(trama->datos);
+  else if (trama->codigo == tramas::kNodalRechazo)
+    acabarReciboNodal(kErrorRechazo, *trama);
+  else if (trama->codigo == tramas::kNodalFin ||
+           exterior_.encaja(estacion_, trama->codigo, trama->datos))
+    acabarReciboNodal(0, *trama);
+  return true;
+}
+
+// --- time
+// ------------------------------------------------------------------------------------------
+
+void Maquina::venceAckNodal() {
+  if (envios_ >= kEnviosNodalMax) {
+    vaciar();
+    return acabarNodal(kErrorNodalSinConfirmar);
+  }
+  ++envios_;
+  iniciarEspera(tiempos_.ack);
+  emitirNODAL();
+}
+
+void Maquina::venceTramaNodal() {
+  exterior_.reciboNDL(kErrorTiempoRecepcion, 0, {});
+}
+
+// --- frames
+// ----------------------------------------------------------------------------------------
+
+// The number that the data begin with, and once the unit for none or 0, counted from now.
+void Maquina::esperarMas(const QByteArray& datos) {
+  qint64 unidades = 0;
+  for (const char c : datos.trimmed()) {
+    if (c < '0' || c > '9' || unidades > kEsperaNodalMax) break;
+    unidades = unidades * 10 + (c - '0');
+  }
+  const qint64 ms = std::max<qint64>(unidades, 1) * tiempos_.espera;
+  const qint64 fin = std::min(reloj_.monotono() + ms, inicio_ + kEsperaNodalMax);
+  if (fin <= reloj_.monotono()) return;  // enough: the wait ends where it would have ended
+  plazo_ = fin;
+  tope_ = std::max(tope_, fin + tiempoRespuesta_);
+  timer_->unaVez(static_cast<int>(fin - reloj_.monotono()));
+}
+
+std::optional<tramas::TramaNODAL> Maquina::leerLinea() {
+  auto trama = tramas::leerNODAL(entrada_).trama;
+  if (!trama || trama->destino != tiempos_.nodo || trama->origen != estacion_) return std::nullopt;
+  if (trama->codigo != tramas::kNodalAck && trama->codigo != tramas::kNodalNak) confirmar();
+  if (trama->secuencia == ultima_) return std::nullopt;
+  ultima_ = trama->secuencia;
+  return trama;
+}
+
+void Maquina::confirmar() {
+  secuencia_ = (secuencia_ + 1) & 0xFF;
+  exterior_.escribir(
+      tramas::construirNODAL({tiempos_.nodo, estacion_, secuencia_, tramas::kNodalAck, {}}));
+}
+
+// Acknowledgements that came before a frame goes out can't be its own.
+void Maquina::quitarConfirmaciones() {
+  QByteArray quedan;
+  for (;;) {
+    const QByteArray antes = entrada_;
+    const tramas::LecturaNODAL lectura = tramas::leerNODAL(entrada_);
+    if (!lectura.hayLinea) break;
+    const bool es = lectura.trama && (lectura.trama->codigo == tramas::kNodalAck ||
+                                      lectura.trama->codigo == tramas::kNodalNak);
+    if (!es) quedan += antes.left(antes.size() - entrada_.size());
+  }
+  entrada_.prepend(quedan);
+}
+
+void Maquina::acabarNodal(int error) {
+  reposar();
+  exterior_.envioNDL(error);
+}
+
+void Maquina::acabarReciboNodal(int error, const tramas::TramaNODAL& trama) {
+  reposar();
+  exterior_.reciboNDL(error, trama.codigo, trama.datos);
+}
+
+}  // namespace tarvo::enlace

@@ -1,0 +1,177 @@
+#include "comm/enlace/Errores.h"
+#include "comm/enlace/Maquina.h"
+#include "comm/enlace/comtvIP.h"
+
+namespace tarvo::enlace {
+
+namespace {
+constexpr int kEnviosMax = 4;     // a first send and three repeats
+constexpr int kRepetidasMax = 4;  // then a machine that only repeats itself has given no answer
+constexpr int kEsperaRepetida = 15000;
+constexpr int kCodigoAncho = 999;  // above it the answer has the wide layout
+}  // namespace
+
+void Maquina::enviarVEK(int addr, int codigo, const QByteArray& datos, bool pedir) {
+  quitarACKs();  // what came before the frame can't acknowledge it
+  pedir_ = pedir;
+  envios_ = 1;
+  repetidas_ = 0;
+  estado_ = kEsperaACK;
+  estacion_ = 0;
+  codigo_ = codigo;
+  cuerpo_ = tramas::cuerpoVEK(addr, codigo, datos);
+  iniciarEspera(tiempos_.ack);
+  emitirVEK();
+}
+
+void Maquina::esperarVEK(int codigo) {
+  codigo_ = codigo;
+  repetidas_ = 0;
+  pedir_ = true;
+  estado_ = kEsperaTrama;
+  iniciarEspera(tiempoRespuesta_);
+  leerLuego();
+}
+
+void Maquina::emitirVEK() {
+  secuencia_ = (secuencia_ + 1) % 100;
+  exterior_.escribir(tramas::construirVEK(secuencia_, cuerpo_));
+}
+
+void Maquina::quitarACKs() {
+  qsizetype n = 0;
+  while (n < entrada_.size() && entrada_[n] == tramas::kACK) ++n;
+  entrada_.remove(0, n);
+}
+
+// --- data
+// ------------------------------------------------------------------------------------------
+
+// Nothing was asked: a transaction is handed over, any other frame is only acknowledged.
+bool Maquina::datosReposo() {
+  const int para = exterior_.para();
+  if (para != kVekCaptura && para != kVekAmbos) return false;
+  quitarACKs();
+  leerTramas(false);
+  return true;
+}
+
+bool Maquina::datosACK() {
+  if (entrada_.front() == tramas::kSTX) {
+    leerTramas(false);
+    if (estado_ == kEsperaACK) prorrogar(intervalo_);
+    return true;
+  }
+  if (entrada_.front() != tramas::kACK) return false;
+  entrada_.remove(0, 1);
+  if (tiempoRespuesta_ < 0) {
+    acabarVEK(0);
+    return true;
+  }
+  estado_ = pedir_ ? kEsperaTrama : kEsperaRespuesta;
+  iniciarEspera(tiempoRespuesta_);
+  return true;
+}
+
+bool Maquina::datosTrama() {
+  const int antes = estado_;
+  quitarACKs();
+  const Leido leido = leerTramas(true);
+  const bool sigue = leido == Leido::Nada || leido == Leido::Transaccion;
+  if (sigue && estado_ == antes) prorrogar(tiempoRespuesta_);
+  return true;
+}
+
+bool Maquina::datosRepetida() {
+  quitarACKs();
+  leerTramas(false);
+  if (estado_ == kRepetida) prorrogar(intervalo_);
+  return true;
+}
+
+// --- time
+// ------------------------------------------------------------------------------------------
+
+void Maquina::venceACK() {
+  if (envios_ >= kEnviosMax) {
+    vaciar();
+    return acabarVEK(kErrorSinACK);
+  }
+  // What stands first in the buffer and is neither an acknowledgement nor a frame would hide those
+  // behind it.
+  while (!entrada_.isEmpty() && entrada_.front() != tramas::kACK &&
+         entrada_.front() != tramas::kSTX)
+    entrada_.remove(0, 1);
+  ++envios_;
+  iniciarEspera(intervalo_);
+  emitirVEK();
+}
+
+void Maquina::venceTrama() {
+  vaciar();
+  acabarVEK(kErrorSinRespuesta);
+}
+
+void Maquina::venceRepetida() {
+  if (++repetidas_ > kRepetidasMax) return venceTrama();
+  envios_ = 1;
+  estado_ = kEsperaACK;
+  iniciarEspera(kEsperaRepetida);
+  emitirVEK();
+}
+
+// --- frames
+// ----------------------------------------------------------------------------------------
+
+Maquina::Leido Maquina::leerTramas(bool aceptar) {
+  const bool ancha = codigo_ > kCodigoAncho;
+  tramas::LecturaVEK lectura = tramas::leerVEK(entrada_, ancha);
+  if (!lectura.trama) return Leido::Nada;
+  exterior_.escribir(QByteArray(1, tramas::kACK));
+  auto& todas = lectura.previas;
+  todas.push_back(std::move(*lectura.trama));
+  const tramas::TramaVEK* respuesta = nullptr;
+  for (auto& trama : todas) {
+    if (ancha && trama.codigo != codigo_ &&
+        tramas::estrecha(trama).codigo == tramas::kCodigoTransaccion)
+      trama = tramas::estrecha(trama);
+    if (trama.codigo == tramas::kCodigoTransaccion)
+      entregarTransaccion(trama);
+    else
+      respuesta = &trama;
+  }
+  return respuesta ? atender(*respuesta, aceptar) : Leido::Transaccion;
+}
+
+// A transaction that the machine sends again, since our acknowledgement was lost, is one sale and
+// not two.
+void Maquina::entregarTransaccion(const tramas::TramaVEK& trama) {
+  if (estado_ == kDescargando || trama == ultimaTransaccion_) return;
+  ultimaTransaccion_ = trama;
+  exterior_.transaccion(trama.addr, trama.datos);
+}
+
+Maquina::Leido Maquina::atender(const tramas::TramaVEK& trama, bool aceptar) {
+  if (trama.secuencia == ultima_) {
+    const int para = exterior_.para();
+    if (!enVuelo() || para == kVekCaptura) return Leido::Repetida;
+    estado_ == kRepetida ? prorrogar(kEsperaRepetida) : iniciarEspera(kEsperaRepetida);
+    estado_ = kRepetida;
+    return Leido::Repetida;
+  }
+  if (!aceptar || !enVuelo()) return Leido::Pasada;
+  ultima_ = trama.secuencia;
+  if (trama.codigo != codigo_ || !exterior_.encaja(trama.addr, trama.codigo, trama.datos))
+    return Leido::Pasada;
+  acabarVEK(0, trama.addr, trama.codigo, trama.datos);
+  return Leido::Aceptada;
+}
+
+void Maquina::acabarVEK(int error, int addr, int codigo, const QByteArray& datos) {
+  const bool recibo = error == 0 && estado_ == kEsperaTrama;
+  reposar();
+  recibo ? exterior_.reciboVEK(error, addr, codigo, datos)
+         : exterior_.envioVEK(error, addr, codigo, datos);
+}
+
+}  // namespace tarvo::enlace

@@ -1,0 +1,92 @@
+#include "comm/enlace/comtvIP.h"
+
+#include "comm/enlace/Errores.h"
+#include "comm/enlace/EstadoComtvIP.h"
+#include "core/ajustes/Ajustes.h"
+
+namespace tarvo::enlace {
+
+comtvIP::comtvIP(Enlaces& enlaces, int canal)
+    : d(std::make_unique<Estado>(*enlaces.d, *this, canal)) {}
+
+comtvIP::~comtvIP() = default;
+
+int comtvIP::CerrarEnlace(int para) {
+  return d->cerrar(para);
+}
+
+bool comtvIP::EnlaceCerrado() const {
+  return d->acabado || !d->cable || d->cable->estado() == 1;
+}
+
+int comtvIP::Enviar(int addr, int codigo, const QByteArray& datos) {
+  if (!d->listo() || d->saleMotor) return kErrorEnlaceCerrado;
+  if (d->paraAbierto == kNodalMotor)
+    d->maquina.enviarNODAL(addr, codigo, datos);
+  else
+    d->maquina.enviarVEK(addr, codigo, datos, false);
+  return 0;
+}
+
+int comtvIP::Pedir(int addr, int codigo, const QByteArray& datos) {
+  if (!d->listo() || !d->esVek() || d->saleMotor) return kErrorEnlaceCerrado;
+  d->maquina.enviarVEK(addr, codigo, datos, true);
+  return 0;
+}
+
+// The node that is listened to is the one that the last frame went to.
+int comtvIP::RxNODAL(int) {
+  if (!d->listo() || d->paraAbierto != kNodalMotor) return kErrorEnlaceCerrado;
+  d->maquina.esperarNODAL();
+  return 0;
+}
+
+int comtvIP::RxVEK(int, int codigo) {
+  if (!d->listo() || !d->esVek() || d->saleMotor) return kErrorEnlaceCerrado;
+  d->maquina.esperarVEK(codigo);
+  return 0;
+}
+
+void comtvIP::TimeOut(int ms) {
+  d->maquina.tiempoRespuesta(ms);
+}
+
+bool comtvIP::Portadora() const {
+  return d->conector || d->device != 1 || d->portadora;
+}
+
+QString comtvIP::Acceso() const {
+  return d->acceso.isEmpty() ? QString::number(d->canal + 1) : d->acceso;
+}
+
+int comtvIP::AbiertoPara() const {
+  return d->paraAbierto != kNada ? d->paraAbierto : d->paraPendiente;
+}
+
+void comtvIP::finApertura(int razon) {
+  if (!d->acabado && d->paraAbierto == kNada)
+    d->terminarApertura(d->cerrando ? int{kErrorInterrumpido} : errorDeApertura(razon));
+}
+
+void comtvIP::cierre(int razon) {
+  if (d->acabado) return;
+  if (d->paraAbierto == kNada)
+    finApertura(razon != 0 ? razon : kAbandonado);
+  else
+    d->terminarCierre(errorDeCierre(razon, d->conector));
+}
+
+void comtvIP::linea(int numero) {
+  constexpr int kSube = 5, kBaja = 6;
+  if (d->acabado || d->conector || d->device != 1 || (numero != kSube && numero != kBaja)) return;
+  d->portadora = numero == kSube;
+  d->avisar([this] {
+    if (d->cliente) d->cliente->CD_Evento(d->canal, d->portadora);
+  });
+}
+
+void comtvIP::recepcion(QByteArray& buffer) {
+  if (d->paraAbierto != kNada) d->maquina.recibir(buffer);
+}
+
+}  // namespace tarvo::enlace

@@ -1,0 +1,180 @@
+// TARVO.INI: how each key is read and written, and what a strange file does.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "core/ajustes/Ajustes.h"
+#include "core/ajustes/Ficheros.h"
+
+using namespace tarvo;
+
+namespace {
+
+const QString kCarpeta = QStringLiteral("/tienda");
+
+Ajustes leidos(const QString& texto, Idioma idioma = Idioma::Espanol) {
+  Ajustes a(kCarpeta, idioma);
+  a.leer(texto);
+  return a;
+}
+
+QString linea(const Ajustes& a, const QString& clave) {
+  for (const QString& l : a.escribir().split(QStringLiteral("\r\n")))
+    if (l.startsWith(clave + u'=')) return l.mid(clave.size() + 2);
+  return QStringLiteral("(no está)");
+}
+
+// What stands behind a key once a line was read and the file written again.
+struct Vuelta {
+  const char* entra;
+  const char* clave;
+  const char* sale;
+};
+
+const Vuelta kVueltas[] = {
+    {"  tImEoUt  =  500  ", "TimeOut", "500"},
+    {"TimeOut= 12abc", "TimeOut", "12"},
+    {"TimeOut= -5", "TimeOut", "0"},
+    {"TimeOut= 99999999999", "TimeOut", "2147483647"},
+    {"WhoAmI= nada", "WhoAmI", "0"},
+    {"WhoAmI= 99999", "WhoAmI", "32767"},
+    {"NúMEROPEDIDO=7", "NúmeroPedido", "7"},
+    {"NumeroPedido=7", "NúmeroPedido", "0"},
+    {"últimosperiodos=3|4| 5", "ÚltimosPeriodos", "3|4|5"},
+    {"ÚltimosPeriodos=", "ÚltimosPeriodos", ""},
+    {"Puerto(2)=9", "Puerto(2)", "9"},
+    {"puerto( 2 )=9", "Puerto(2)", "9"},
+    {"Puerto(0)=9", "Puerto(1)", "1"},
+    {"Puerto(5)=9", "Puerto(4)", "4"},
+    {"Puerto(x)=9", "Puerto(1)", "1"},
+    {"RS232(1)=4800,e,7,1", "RS232(1)", "4800,E,7,1"},
+    {"IniMdmX(1)=", "IniMdmX(1)", ""},
+    {"IniMdmX(1)=at1;at2;3;4;5;6;7;8;9", "IniMdmX(1)", "AT1;AT2;3;4;5;6;7;8"},
+    {"CalculoPrecios=sí|5", "CalculoPrecios", "Sí|5"},
+    {"CalculoPrecios=True|5|No|9", "CalculoPrecios", "Sí|5|No|9"},
+    {"SesiónHasta=05/03/2005 21:30:00", "SesiónHasta", "05/03/2005 21:30:00"},
+    {"SesiónHasta=05/03/2005", "SesiónHasta", "05/03/2005 00:00:00"},
+    {"SesiónHasta=99/99/2005", "SesiónHasta", "30/12/1899 00:00:00"},
+    {"InicioHorario=9:30", "InicioHorario", "09:30"},
+    {"InicioHorario=25:00", "InicioHorario", "08:00"},
+    {"ToleranciaHora=0,5", "ToleranciaHora", "0.50"},
+    {"Euro=166.386", "Euro", "166.386000"},
+    {"MonedaLogo=Pts", "MonedaLogo", "Pts,"},
+    {"MonedaLogo=Pesetas,Euros", "MonedaLogo", "Pes,Eur"},
+    {"FestivoSemanal=0,0,0,0,0,0,-1", "FestivoSemanal", "0,0,0,0,0,0,1"},
+    {"EnviarCambios=2|0", "EnviarCambios", "2|0"},
+    {"TextoEtiquetas(21)=Hecho en Casa", "TextoEtiquetas(21)", "Hecho en Casa"},
+    {"TextoEtiquetas(40)=Último", "TextoEtiquetas(40)", "Último"},
+    {"TextoEtiquetas(41)=x", "TextoEtiquetas(40)", ""},
+    {"Personal(1)=La noche|NOCHE|2", "Personal(1)", "La noche|NOCHE|2"},
+    {"Personal(3)=Uno|UNO", "Personal(1)", "Uno|UNO"},
+    {"Personal(2000000000)=Uno|UNO", "Personal(1)", "(no está)"},
+    {"RutaPuerto(2)=/dev/ttyUSB0", "RutaPuerto(2)", "/dev/ttyUSB0"},
+    {"RutaPuerto(17)=/dev/ttyUSB0", "RutaPuerto(17)", "(no está)"},
+    {"HomeDir=", "HomeDir", "/tienda"},
+    {"HomeDir=Datos\\Noche", "HomeDir", "/tienda/Datos/Noche"},
+    {"BaseDatos=/otra/Base.mdb", "BaseDatos", "/otra/Base.mdb"},
+};
+
+}  // namespace
+
+TEST(Ini, CadaClaveVuelveComoDebe) {
+  for (const Vuelta& v : kVueltas)
+    EXPECT_EQ(linea(leidos(QString::fromUtf8(v.entra)), QString::fromUtf8(v.clave)),
+              QString::fromUtf8(v.sale))
+        << v.entra;
+}
+
+TEST(Ini, LasClavesVanEnSuOrdenConSusLineasEnBlanco) {
+  QStringList claves;
+  for (const QString& l :
+       Ajustes(kCarpeta, Idioma::Espanol).escribir().split(QStringLiteral("\r\n")))
+    if (!l.startsWith(u"TextoEtiquetas(3") || l.startsWith(u"TextoEtiquetas(3)"))
+      claves << l.section(u'=', 0, 0);
+  QString canales;
+  for (int n = 1; n <= 4; ++n)
+    canales +=
+        QStringLiteral(
+            " Puerto(%1) Device(%1) RS232(%1) IniMdm0(%1) IniMdmX(%1) PfxDial(%1) Intentos(%1)"
+            " Espera(%1) ATHang(%1) ControlLinea(%1) ")
+            .arg(n);
+  QString etiquetas;
+  for (const int n : {21, 22, 23, 24, 25, 26, 27, 28, 29, 40})
+    etiquetas += QStringLiteral(" TextoEtiquetas(%1)").arg(n);
+  const QString esperadas =
+      QStringLiteral(
+          "HomeDir BaseDatos CopiaSeguridad  WhoAmI TimeOut TimeCero IntentosManual TimeACK "
+          "FactorEsperaNDL  CalculoPrecios ") +
+      canales +
+      QStringLiteral(
+          " SesiónAbier SesiónHasta SesiónACero ÚltimosPeriodos InicioHorario FinalHorario "
+          "ToleranciaHora  MonedaNativa MonedaPreferente MonedaLogo Euro FestivoSemanal "
+          "NúmeroPedido "
+          "NúmeroInventario EnviarCambios OpcionesStockCompras  ModoIntroRápido ParrillaRápida ") +
+      etiquetas + QStringLiteral("  PrefijoCódigos NúmPreciosAlta NúmTarifasAlta  ");
+  EXPECT_EQ(claves.join(u' '), esperadas);
+}
+
+TEST(Ini, LoEscritoSeLeeIgual) {
+  Ajustes a =
+      leidos(QStringLiteral("SesiónAbier=2\r\nPersonal(1)=a|b\r\nRutaPuerto(3)=/dev/x\r\n"
+                            "Device(4)=3\r\nMonedaNativa=0\r\nCalculoPrecios=No|1|Sí|2"));
+  a.personal.push_back({QStringLiteral("con\r\nsalto"), QStringLiteral("P")});
+  const QString escrito = a.escribir();
+  EXPECT_EQ(leidos(escrito).escribir(), escrito);
+  EXPECT_TRUE(escrito.contains(u"Personal(2)= con  salto|P\r\n"));
+  EXPECT_EQ(a.SesionAbier, 2);
+}
+
+TEST(Ini, LoFijoDeLasEtiquetasSigueALaMoneda) {
+  EXPECT_EQ(leidos(QStringLiteral("TextoEtiquetas(2)=x")).TextoEtiquetas[2], u"€/kg");
+  const Ajustes local = leidos(QStringLiteral("MonedaNativa=0"));
+  EXPECT_EQ(local.TextoEtiquetas[2], u"  P/kg");
+  EXPECT_EQ(local.TextoEtiquetas[3], u"Ptas");
+  EXPECT_EQ(local.TextoEtiquetas[20], u"CONSERVAR ENTRE 0 Y +4 C");
+}
+
+TEST(Ini, MonedaYClasesPorIdioma) {
+  const struct {
+    Idioma idioma;
+    const char16_t* logo;
+    float euro;
+    int decimales, txMax, docMax;
+  } casos[] = {{Idioma::Espanol, u"Pts", 166.386F, 0, 11, 23},
+               {Idioma::I, u"Lir", 1936.27F, 0, 8, 21},
+               {Idioma::F, u"  F", 6.55957F, 2, 8, 21},
+               {Idioma::UK, u"Pnd", 1, 2, 8, 21},
+               {Idioma::PL, u"Zl", 1, 2, 8, 21},
+               {Idioma::P, u"   ", 0, 0, 8, 21}};
+  for (const auto& c : casos) {
+    const Ajustes a(kCarpeta, c.idioma);
+    EXPECT_EQ(a.MonedaLogo[0], QStringView(c.logo));
+    EXPECT_EQ(a.Euro, c.euro);
+    EXPECT_EQ(a.decimalesLocal, c.decimales);
+    EXPECT_EQ(a.clases.ClaseTxMax, c.txMax);
+    EXPECT_EQ(a.clases.ClaseDocMax, c.docMax);
+  }
+}
+
+TEST(Ini, BasuraNoHaceDano) {
+  QString basura = QString(200000, u'=') + u'\n';
+  for (int i = 0; i < 3000; ++i) basura += QChar(i % 0xD800) + QStringLiteral("(((=)|,;\n");
+  basura += QStringLiteral("IniMdmX(1)=") + QString(100000, u';') + QStringLiteral("\nTimeOut=7");
+  EXPECT_EQ(leidos(basura).TimeOut, 7);
+}
+
+TEST(Conector, SeBuscaPorNombreSinMirarMayusculas) {
+  const QString texto = QStringLiteral(
+      "; tiendas\r\nCarne= tcp:10.0.0.1:3001\r\nPES(1)=local:/t/s\r\n"
+      "vacío=\r\n=tcp:x:1\r\n");
+  const std::pair<const char16_t*, const char16_t*> casos[] = {{u"CARNE", u"tcp:10.0.0.1:3001"},
+                                                               {u" carne ", u"tcp:10.0.0.1:3001"},
+                                                               {u"pes(1)", u"local:/t/s"},
+                                                               {u"VACÍO", u""},
+                                                               {u"otro", u""},
+                                                               {u"", u""}};
+  for (const auto& [nombre, destino] : casos)
+    EXPECT_EQ(buscarConector(texto, QString::fromUtf16(nombre)), QStringView(destino));
+}

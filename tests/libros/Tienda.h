@@ -1,0 +1,73 @@
+// A shop without wires: machines that only count, and the books over a real database. The ledger of what was sold is
+// kept beside them, so that a test can ask whether every sale is in the periods once.
+#pragma once
+
+#include <QTemporaryDir>
+#include <map>
+#include <memory>
+
+#include "core/tiempo/Reloj.h"
+#include "totals/CerrSes.h"
+#include "totals/VerTot.h"
+
+namespace tarvo::prueba {
+
+// Counters by article; several registers may stand behind one group.
+struct MaquinaContable {
+  std::map<qint64, totals::Contadores> articulos;
+  qint64 vendido = 0;  // amount of all sales ever, zeroed or not
+  void vender(qint64 articulo, qint64 importe, qint64 gramos) {
+    articulos[articulo] += {1, gramos, importe, 0};
+    vendido += importe;
+  }
+  void ponerACero() { articulos.clear(); }
+};
+
+class Tienda {
+ public:
+  explicit Tienda(Fecha inicio);
+
+  // Throws the process's state away and opens the database again, as after a power cut.
+  void cortar();
+  void grupo(int numero, std::vector<int> direcciones = {0}, int tipo = 1);
+  // Reads articles, grand total and departments of a group, as three tasks do.
+  void leer(int numero);
+  void leerSolo(int numero, int clase);
+  std::vector<qint64> memorizar(bool sustituir = true, bool aUno = true);
+  // Asks for leave, announces, empties the machines and confirms. False when the group may not be zeroed.
+  bool ponerACero(int numero, bool llega = true, bool confirma = true);
+
+  // Amounts of a kind over all periods of a group, of the kinds of period that receptions make.
+  qint64 enPeriodos(int numero, int clase) const;
+  qint64 enPeriodo(qint64 link, int clase) const;
+  qint64 vendido(int numero) const;
+  QString textoAvisos() const;
+
+  dao::Database& db() { return *p_->db; }
+  totals::Periodos& periodos() { return p_->periodos; }
+  totals::VerTot& verTot() { return p_->verTot; }
+  totals::Sesion& sesion() { return p_->sesion; }
+  totals::CerrSes& cierre() { return p_->cierre; }
+
+  RelojVirtual reloj;
+  std::map<int, std::map<int, MaquinaContable>> grupos;
+  std::vector<totals::Aviso> avisos;
+  qint64 ejecucion = 0;
+  bool reanuda = false;
+
+ private:
+  struct Proceso {
+    Proceso(const QString& carpeta, Reloj& reloj);
+    std::unique_ptr<dao::Database> db;
+    Ajustes ajustes;
+    stock::Almacenes almacenes;
+    totals::Periodos periodos;
+    totals::Sesion sesion;
+    totals::CerrSes cierre;
+    totals::VerTot verTot;
+  };
+  QTemporaryDir carpeta_;
+  std::unique_ptr<Proceso> p_;
+};
+
+}  // namespace tarvo::prueba
