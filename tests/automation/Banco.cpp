@@ -4,6 +4,8 @@
 #include <QFile>
 
 #include "core/ajustes/Ficheros.h"
+#include "core/esquema/Esquema.h"
+#include "enlace/CableMemoria.h"
 #include "totals/TablasLibros.h"
 #include "totals/TablasTotales.h"
 
@@ -17,16 +19,16 @@ namespace {
 class TrabajoDePrueba final : public motor::TrabajoTarea {
  public:
   TrabajoDePrueba(const motor::DatosTarea& datos, const motor::Entorno& entorno) : d_(datos), en_(entorno) {}
-  Resultado<motor::Siguiente> siguiente() override { return motor::Siguiente::fin(); }
+  Resultado<motor::Siguiente> siguiente() override {
+    if (d_.Clase == totals::kPuestaACero) TARVO_INTENTAR(olvidar());
+    return motor::Siguiente::fin();
+  }
   bool encaja(int, int, const QByteArray&) const override { return false; }
   Resultado<> respuesta(int, int, const QByteArray&) override { return {}; }
   qint64 avance() const override { return 0; }
-  void abandonar() override {
-    if (d_.Clase >= totals::kPLUs) static_cast<void>(en_.sesion.lecturaFallida(d_.Grupo, d_.Clase));
-  }
   Resultado<std::vector<totals::Aviso>> cerrar() override {
     std::vector<totals::Aviso> avisos;
-    if (d_.Clase == totals::kPuestaACero) TARVO_INTENTAR(ponerACero());
+    if (d_.Clase == totals::kPuestaACero) TARVO_INTENTAR(en_.sesion.ceroHecho(d_.Grupo, 0, true));
     else if (d_.Clase >= totals::kPLUs) TARVO_INTENTAR(leer(avisos));
     return avisos;
   }
@@ -40,16 +42,16 @@ class TrabajoDePrueba final : public motor::TrabajoTarea {
     return en_.sesion.guardarLectura(d_.Grupo, d_.Clase, l, avisos);
   }
 
-  Resultado<> ponerACero() {
+  Resultado<> olvidar() {
     const auto permiso = en_.sesion.permisoCero(d_.Grupo);
     if (!permiso) return std::unexpected(permiso.error());
     auto& maquina = maquinasDePrueba().porGrupo[d_.Grupo];
     const bool permitido = permiso->permitido && (!permiso->comprobar || igual(maquina));
-    if (!permitido) return tarvo::fallo(Fallo::Comunicacion, permiso->motivo, 22);
+    if (!permitido) return tarvo::fallo(Fallo::Restriccion, permiso->motivo, motor::kErrorSuprimido);
     TARVO_INTENTAR(en_.sesion.anunciarCero(d_.Grupo, 0));
     maquina = {};
     ++maquinasDePrueba().ceros;
-    return en_.sesion.ceroHecho(d_.Grupo, 0, true);
+    return {};
   }
   bool igual(const totals::Contadores& leido) {
     const auto c = en_.sesion.compararGranTotal(d_.Grupo, 0, leido);
@@ -75,44 +77,6 @@ motor::ClaseTarea claseDePrueba(int numero, const char16_t* clave, const char16_
   c.crear = hacerTrabajo;
   return c;
 }
-
-constexpr auto kEsquema = uR"(
-CREATE TABLE GRUPOS (CODGPO INTEGER PRIMARY KEY, NOMGPO TEXT, SECCION INTEGER DEFAULT 1, tipo INTEGER DEFAULT 1,
-  remoto INTEGER DEFAULT 3, telef TEXT DEFAULT 'host', canal INTEGER DEFAULT 1, Baudios INTEGER DEFAULT 0, Addr INTEGER DEFAULT 0,
-  Tarifa INTEGER DEFAULT 0, HORARIO TEXT, Almacen INTEGER DEFAULT 1);
-CREATE TABLE BZAS (SUGPO INTEGER, CODBZA INTEGER, Addr INTEGER, PRIMARY KEY (SUGPO, CODBZA));
-CREATE TABLE PLUSES (SECCION INTEGER, CODPLU INTEGER, NOMPLU TEXT, CADA INTEGER DEFAULT 0, PRIMARY KEY (SECCION, CODPLU));
-CREATE TABLE ALMACEN (CODALM INTEGER PRIMARY KEY, NOMALM TEXT, FCHINI REAL, FCHREG REAL);
-CREATE TABLE MovsAlm (CODALM INTEGER, SECCION INTEGER, CODIGO INTEGER, Inicial INTEGER DEFAULT 0, Entrada INTEGER DEFAULT 0,
-  Compra INTEGER DEFAULT 0, Salida INTEGER DEFAULT 0, Venta INTEGER DEFAULT 0, Merma INTEGER DEFAULT 0, tag INTEGER,
-  PRIMARY KEY (CODALM, SECCION, CODIGO));
-CREATE TABLE Sesiones (CODGPO INTEGER PRIMARY KEY, PZERO REAL,
-  DD_PLU REAL, HT_PLU REAL, SS_PLU INTEGER DEFAULT 0, DD_GRT REAL, HT_GRT REAL, SS_GRT INTEGER DEFAULT 0,
-  DD_OPE REAL, HT_OPE REAL, SS_OPE INTEGER DEFAULT 0, DD_DEP REAL, HT_DEP REAL, SS_DEP INTEGER DEFAULT 0,
-  DD_HOR REAL, HT_HOR REAL, SS_HOR INTEGER DEFAULT 0, DD_OPH REAL, HT_OPH REAL, SS_OPH INTEGER DEFAULT 0);
-CREATE TABLE COLUMNA (LINK INTEGER PRIMARY KEY, TIPO INTEGER, FECHA1 REAL, FECHAF REAL, DESCR TEXT, ACUM2 INTEGER DEFAULT 0,
-  ACUM3 INTEGER DEFAULT 0, ACUM4 INTEGER DEFAULT 0, stkABLE INTEGER DEFAULT 0, stkADO INTEGER DEFAULT 0);
-INSERT INTO PLUSES VALUES (1, 7, 'Siete', 0);
-INSERT INTO ALMACEN VALUES (1, 'UNO', NULL, NULL);
-INSERT INTO GRUPOS (CODGPO, NOMGPO) VALUES (1, 'Centro');
-INSERT INTO GRUPOS (CODGPO, NOMGPO) VALUES (2, 'Sur');
-)";
-
-QString esquemaDeTotales() {
-  QString s;
-  for (const auto& c : totals::todasLasClases()) {
-    const QString hora = c.conHora ? u" HORA INTEGER DEFAULT 0,"_s : QString(), clave = c.conHora ? u", HORA"_s : QString();
-    s += u"CREATE TABLE %1 (LINK INTEGER, GRUPO INTEGER, CODI INTEGER,%2 CON INTEGER, PES INTEGER, IMP INTEGER, SCO INTEGER, "
-         u"PRIMARY KEY (LINK, GRUPO, CODI%3));\n"_s.arg(QString::fromUtf16(c.tabla), hora, clave);
-  }
-  return s;
-}
-
-class SinCables final : public enlace::FabricaEnlaces {
- public:
-  std::unique_ptr<enlace::LinkSocket> crear(int) override { return nullptr; }
-  std::unique_ptr<enlace::LinkSocket> crearConector(const QString&, int&) override { return nullptr; }
-};
 
 std::unique_ptr<dao::Database> abrirBase(const QString& carpeta) {
   dao::Apertura como;
@@ -140,13 +104,13 @@ motor::RegistroTareas registroDePrueba() {
 }
 
 struct Programa::Piezas {
-  Piezas(const QString& carpeta, RelojVirtual& base, Preguntas& preguntas)
+  Piezas(const QString& carpeta, RelojVirtual& base)
       : reloj(base), ajustes(carpeta, Idioma::Espanol), db(abrirBase(carpeta)) {
     EXPECT_TRUE(ajustes.LeerConfig());
     EXPECT_TRUE(totals::asegurarTablasLibros(*db));
     EXPECT_TRUE(totals::asegurarTablasTotales(*db));
     EXPECT_TRUE(sesion.cargar());
-    static_cast<void>(preguntas);
+    for (const int g : maquinasDePrueba().mudas) cables.razones[u"grupo%1"_s.arg(g)] = enlace::kSinHost;
   }
   RelojConCorte reloj;
   Ajustes ajustes;
@@ -158,7 +122,7 @@ struct Programa::Piezas {
   totals::CerrSes cerrSes{sesion, periodos};
   totals::VerTot verTot{periodos, *db, ajustes};
   totals::XporTot xporTot{*db, periodos, ajustes};
-  SinCables cables;
+  pruebas::FabricaMemoria cables{reloj};
   Azar azar{1};
   enlace::Enlaces enlaces{reloj, ajustes, cables, azar};
   motor::gestcomm motor{{*db, ajustes, reloj, sesion}, enlaces, registro};
@@ -167,7 +131,7 @@ struct Programa::Piezas {
 };
 
 Programa::Programa(const QString& carpeta, RelojVirtual& reloj, SinRespuestas& respuestas, int corteEn)
-    : p(std::make_unique<Piezas>(carpeta, reloj, respuestas)), virtual_(reloj) {
+    : p(std::make_unique<Piezas>(carpeta, reloj)), virtual_(reloj) {
   p->automat = std::make_unique<Automat>(
       Taller{*p->db, p->ajustes, p->reloj, p->sesion, p->motor, p->registro, p->cerrSes, p->verTot, p->xporTot}, respuestas);
   p->automat->desatendido = true;
@@ -203,8 +167,12 @@ Reloj& Programa::reloj() { return p->reloj; }
 
 Tienda::Tienda() {
   const auto db = abrirBase(dir.path());
-  EXPECT_TRUE(db->ejecutarGuion(kEsquema));
-  EXPECT_TRUE(db->ejecutarGuion(esquemaDeTotales()));
+  EXPECT_TRUE(esquema::crearEsquema(*db));
+  for (const int g : {1, 2})
+    EXPECT_TRUE(db->ejecutar(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, REMOTO, TELEF, ALMACEN) VALUES (?, ?, 1, 1, 4, ?, 1)",
+                             g, u"Tienda %1"_s.arg(g), u"grupo%1"_s.arg(g)));
+  EXPECT_TRUE(db->ejecutar(u"INSERT INTO PLUSES (SECCION, CODPLU, CADA) VALUES (1, 7, 0)"));
+  EXPECT_TRUE(db->ejecutar(u"INSERT INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'UNO')"));
   maquinasDePrueba() = {};
   maquinasDePrueba().porGrupo[1] = {10, 1000, 2500, 0};
   maquinasDePrueba().porGrupo[2] = {5, 500, 1100, 0};
