@@ -1,3 +1,5 @@
+#include "app/Principal.h"
+
 #include <signal.h>
 
 #include <QCoreApplication>
@@ -65,6 +67,8 @@ int atender(const Ordenes& o, const Textos& t) {
   }
 }
 
+}  // namespace
+
 int principal(int argc, char** argv) {
   ::signal(SIGPIPE, SIG_IGN);  // a reader of the trace that goes away doesn't end a night
   const auto textos = Textos::leer(QStringLiteral(":/textos/es.txt"));
@@ -84,10 +88,4 @@ int principal(int argc, char** argv) {
   return atender(*ordenes, *textos);
 }
 
-}  // namespace
-
 }  // namespace tarvo::app
-
-int main(int argc, char** argv) {
-  return tarvo::app::principal(argc, argv);
-}
