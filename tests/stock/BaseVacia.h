@@ -48,7 +48,7 @@ struct BaseVacia {
     dao::Apertura como;
     como.crear = true;
     auto d = bien(dao::Database::OpenDatabase(carpeta.filePath(QStringLiteral("TARVO.MDB")), como));
-    bien(esquema::crear(*d));
+    bien(esquema::crearEsquema(*d));
     return d;
   }
 };
