@@ -168,11 +168,12 @@ Reloj& Programa::reloj() { return p->reloj; }
 Tienda::Tienda() {
   const auto db = abrirBase(dir.path());
   EXPECT_TRUE(esquema::crearEsquema(*db));
+  EXPECT_TRUE(db->ejecutar(u"INSERT INTO SECCS (NMSECC) SELECT 1 WHERE NOT EXISTS (SELECT 1 FROM SECCS WHERE NMSECC=1)"));
+  EXPECT_TRUE(db->ejecutar(u"INSERT INTO ALMACEN (CODALM, NOMALM) SELECT 1, 'UNO' WHERE NOT EXISTS (SELECT 1 FROM ALMACEN WHERE CODALM=1)"));
   for (const int g : {1, 2})
     EXPECT_TRUE(db->ejecutar(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, REMOTO, TELEF, ALMACEN) VALUES (?, ?, 1, 1, 4, ?, 1)",
                              g, u"Tienda %1"_s.arg(g), u"grupo%1"_s.arg(g)));
   EXPECT_TRUE(db->ejecutar(u"INSERT INTO PLUSES (SECCION, CODPLU, CADA) VALUES (1, 7, 0)"));
-  EXPECT_TRUE(db->ejecutar(u"INSERT INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'UNO')"));
   maquinasDePrueba() = {};
   maquinasDePrueba().porGrupo[1] = {10, 1000, 2500, 0};
   maquinasDePrueba().porGrupo[2] = {5, 500, 1100, 0};
