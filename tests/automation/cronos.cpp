@@ -15,7 +15,8 @@ constexpr QStringView kSiempre = u"Sí,Sí,Sí,Sí,Sí,Sí,Sí";
 
 class CronosTest : public testing::Test {
  protected:
-  CronosTest() : p_(tienda_.programa()), c_(p_->automat(), p_->lenguaje(), p_->ajustes(), p_->reloj()) {
+  CronosTest()
+      : p_(tienda_.programa()), c_(p_->automat(), p_->lenguaje(), p_->ajustes(), p_->reloj()) {
     fichero(u"BIEN.AUT"_s, u"N:a\r\n"_s);
     fichero(u"mal.aut"_s, u"S:CERRAR,x,Sí,Sí\r\n"_s);
     fichero(u"PREGUNTA.AUT"_s, u"N:%1,Grupo\r\n"_s);
@@ -47,8 +48,8 @@ class CronosTest : public testing::Test {
 };
 
 TEST_F(CronosTest, CuentaLoQueAcaba) {
-  horario({linea(u"22:05:00"_s, u"BIEN"_s), linea(u"22:10:00"_s, u"MAL"_s), linea(u"22:15:00"_s, u"pregunta.aut"_s),
-           linea(u"22:20:00"_s, u"VACIO"_s)});
+  horario({linea(u"22:05:00"_s, u"BIEN"_s), linea(u"22:10:00"_s, u"MAL"_s),
+           linea(u"22:15:00"_s, u"pregunta.aut"_s), linea(u"22:20:00"_s, u"VACIO"_s)});
   EXPECT_EQ(c_.siguiente(), 0);
   pasar(7);
   EXPECT_EQ(c_.siguiente(), 1);
@@ -65,7 +66,8 @@ TEST_F(CronosTest, CuentaLoQueAcaba) {
 }
 
 TEST_F(CronosTest, LosDiasEmpiezanEnLunes) {
-  horario({linea(u"22:05:00"_s, u"BIEN"_s, u"No,No,Sí,No,No,No,No"), linea(u"22:06:00"_s, u"BIEN"_s, u"Sí,Sí,No,Sí,Sí,Sí,Sí"),
+  horario({linea(u"22:05:00"_s, u"BIEN"_s, u"No,No,Sí,No,No,No,No"),
+           linea(u"22:06:00"_s, u"BIEN"_s, u"Sí,Sí,No,Sí,Sí,Sí,Sí"),
            linea(u"22:07:00"_s, u"BIEN"_s, u"No,No,No,No,No,No,No")});
   pasar(60);
   EXPECT_EQ(exitos(0), 1);
@@ -77,7 +79,8 @@ TEST_F(CronosTest, LosDiasEmpiezanEnLunes) {
 }
 
 TEST_F(CronosTest, VariasALaVezEnElOrdenDelFichero) {
-  horario({linea(u"22:30:00"_s, u"BIEN"_s), linea(u"22:05:00"_s, u"LARGO"_s), linea(u"22:05:00"_s, u"BIEN"_s)});
+  horario({linea(u"22:30:00"_s, u"BIEN"_s), linea(u"22:05:00"_s, u"LARGO"_s),
+           linea(u"22:05:00"_s, u"BIEN"_s)});
   pasar(10);
   EXPECT_EQ(estado(1), EstadoEntrada::Iniciada);
   EXPECT_EQ(estado(2), EstadoEntrada::Vencida);
@@ -88,7 +91,8 @@ TEST_F(CronosTest, VariasALaVezEnElOrdenDelFichero) {
   for (const size_t i : {0u, 1u, 2u}) EXPECT_EQ(exitos(i), 1) << i;
 }
 
-// Each case: the wall clock is moved at 22:00 by some hours, or at 22:10, and how often the entry has run by the end.
+// Each case: the wall clock is moved at 22:00 by some hours, or at 22:10, and how often the entry
+// has run by the end.
 struct CasoReloj {
   const char* nombre;
   const char16_t* hora;
@@ -144,9 +148,11 @@ TEST_F(CronosTest, Inactivo) {
 }
 
 TEST_F(CronosTest, UnProcesoInutilNoParaElHorario) {
-  horario({linea(u"22:05:00"_s, u"ROTO"_s), linea(u"22:05:00"_s, u"FALTA"_s), linea(u"22:06:00"_s, u"BIEN"_s)});
+  horario({linea(u"22:05:00"_s, u"ROTO"_s), linea(u"22:05:00"_s, u"FALTA"_s),
+           linea(u"22:06:00"_s, u"BIEN"_s)});
   ASSERT_EQ(avisos_.size(), 2);
-  EXPECT_TRUE(avisos_[0].contains(u"ROTO") && avisos_[0].contains(u"Línea 1")) << avisos_[0].toStdString();
+  EXPECT_TRUE(avisos_[0].contains(u"ROTO") && avisos_[0].contains(u"Línea 1"))
+      << avisos_[0].toStdString();
   pasar(60);
   EXPECT_EQ(estado(0), EstadoEntrada::Inutil);
   EXPECT_EQ(exitos(0) + fallos(0) + exitos(1) + fallos(1), 0);
@@ -165,7 +171,8 @@ TEST_F(CronosTest, UnHorarioMaloDejaElQueHabia) {
 }
 
 TEST_F(CronosTest, ElProcesoDelPropioFichero) {
-  fichero(u"PROPIO.AUT"_s, u"22:05:00;%1;@\r\n@INICIO BATCH\r\nN:a\r\n@FINAL BATCH\r\nlo demás\r\n"_s.arg(kSiempre));
+  fichero(u"PROPIO.AUT"_s,
+          u"22:05:00;%1;@\r\n@INICIO BATCH\r\nN:a\r\n@FINAL BATCH\r\nlo demás\r\n"_s.arg(kSiempre));
   ASSERT_TRUE(c_.ActivarCron(u"propio.aut"_s));
   EXPECT_EQ(c_.entradas()[0].proceso, u"PROPIO");
   pasar(10);

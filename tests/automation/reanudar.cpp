@@ -7,9 +7,18 @@ namespace {
 using namespace Qt::StringLiterals;
 
 const QString kNoche =
-    u"N:%g,Grupo\r\nP:CREAR,5,01/03/2026,02/03/2026,Aparte\r\nT:RXPLUS,%g\r\nT:RXGRTOT,ALL\r\nT:RXPLUS,2\r\nC:ESPERA,1,No\r\n"
-    u"S:CERRAR,Ventas,Sí,Sí\r\nT:TX_ZERO,ALL\r\nC:ESPERA,1,No\r\nP:LIMPIAR\r\nP:SEL. ULTIMO\r\nP:ACUMULAR,2\r\nP:STOCK\r\n"
-    u"E:TOTALIZA,No,No,VENTAS\r\nS:CERRAR,otra,Sí,Sí\r\nS:ABRIR\r\n"_s;  // the second closing is an error: the run has problems
+    u"N:%g,Grupo\r\nP:CREAR,5,01/03/2026,02/03/"
+    u"2026,Aparte\r\nT:RXPLUS,%g\r\nT:RXGRTOT,ALL\r\nT:RXPLUS,2\r\nC:ESPERA,1,No\r\n"
+    u"S:CERRAR,Ventas,Sí,Sí\r\nT:TX_ZERO,ALL\r\nC:ESPERA,1,No\r\nP:LIMPIAR\r\nP:SEL. "
+    u"ULTIMO\r\nP:ACUMULAR,2\r\nP:SEL. ULTIMO\r\nP:STOCK\r\n"
+    u"P:SEL. ULTIMO\r\nE:TOTALIZA,No,No,VENTAS\r\nS:CERRAR,otra,Sí,Sí\r\nS:ABRIR\r\n"_s;  // the
+                                                                                          // second
+                                                                                          // closing
+                                                                                          // is an
+                                                                                          // error:
+                                                                                          // the run
+                                                                                          // has
+                                                                                          // problems
 
 struct Final {
   QStringList libros;
@@ -20,12 +29,12 @@ struct Final {
 };
 
 Final acabar(Tienda& tienda, const Programa& p) {
-  return {tienda.libros(), tienda.texto(u"VENTAS.EXP"_s), maquinasDePrueba(), p.fin.value_or(ResultadoProceso::Abortado),
-          tienda.respuestas.preguntas};
+  return {tienda.libros(), tienda.texto(u"VENTAS.EXP"_s), maquinasDePrueba(),
+          p.fin.value_or(ResultadoProceso::Abortado), tienda.respuestas.preguntas};
 }
 
 void esperarIgual(const Final& una, const Final& otra, const std::string& donde) {
-  EXPECT_EQ(una.libros, otra.libros) << donde << ": " << una.libros.join(u'\n').toStdString();
+  EXPECT_EQ(una.libros.join(u'\n').toStdString(), otra.libros.join(u'\n').toStdString()) << donde;
   EXPECT_EQ(una.exportado, otra.exportado) << donde;
   EXPECT_EQ(una.fin, otra.fin) << donde;
   EXPECT_EQ(una.maquinas.ceros, otra.maquinas.ceros) << donde;
@@ -41,7 +50,8 @@ Final deUnTiron() {
   return acabar(tienda, *p);
 }
 
-// Kills the run where `vivir` says, starts the program anew and lets it end. False when it ended before it was killed.
+// Kills the run where `vivir` says, starts the program anew and lets it end. False when it ended
+// before it was killed.
 template <class Vivir>
 bool conCorte(Vivir vivir, int corteEn, Final& final) {
   Tienda tienda;
@@ -122,15 +132,19 @@ TEST_F(ReanudarTest, SeDiceYNoSePreguntaOtraVez) {
   const auto p = seguir(u"N:%g,Grupo\r\nS:ABRIR\r\nN:a\r\nN:b"_s);
   EXPECT_EQ(p->fin, ResultadoProceso::Bien);
   EXPECT_EQ(tienda_.respuestas.preguntas, 1);
-  EXPECT_EQ(p->lineas.filter(u"Se reanuda la ejecución interrumpida el 04/03/2026 22:00"_s).size(), 1);
+  EXPECT_EQ(p->lineas.filter(u"Se reanuda la ejecución interrumpida el 04/03/2026 22:00"_s).size(),
+            1);
 }
 
 TEST_F(ReanudarTest, LosGruposSinMemorizarSiguenSinPonerseACero) {
   {
     const auto p = tienda_.programa();
-    ASSERT_TRUE(p->db().ejecutarGuion(u"CREATE TRIGGER no_mas BEFORE INSERT ON COLUMNA BEGIN SELECT RAISE(ABORT, 'sin sitio'); END;\n"));
+    ASSERT_TRUE(
+        p->db().ejecutarGuion(u"CREATE TRIGGER no_mas BEFORE INSERT ON COLUMNA BEGIN SELECT "
+                              u"RAISE(ABORT, 'sin sitio'); END;\n"));
   }
-  const QString proceso = u"T:RXGRTOT,ALL\r\nC:ESPERA,0,Sí\r\nS:CERRAR,x,Sí,Sí\r\nN:a\r\nT:TX_ZERO,ALL\r\nC:ESPERA,0,Sí"_s;
+  const QString proceso =
+      u"T:RXGRTOT,ALL\r\nC:ESPERA,0,Sí\r\nS:CERRAR,x,Sí,Sí\r\nN:a\r\nT:TX_ZERO,ALL\r\nC:ESPERA,0,Sí"_s;
   matar(proceso, 3);
   const auto p = seguir(proceso);
   EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
@@ -138,15 +152,16 @@ TEST_F(ReanudarTest, LosGruposSinMemorizarSiguenSinPonerseACero) {
 }
 
 const QString kLibros =
-    u"T:RXGRTOT,ALL\r\nC:ESPERA,0,Sí\r\nS:CERRAR,x,Sí,Sí\r\nT:TX_ZERO,ALL\r\nP:SEL. ULTIMO\r\nP:ACUMULAR,2\r\nP:BORRAR,1,01/01/2000,"
+    u"T:RXGRTOT,ALL\r\nC:ESPERA,0,Sí\r\nS:CERRAR,x,Sí,Sí\r\nT:TX_ZERO,ALL\r\nP:SEL. "
+    u"ULTIMO\r\nP:ACUMULAR,2\r\nP:SEL. ULTIMO\r\nP:BORRAR,1,01/01/2000,"
     u"01/01/2100\r\nE:TOTALIZA,No,No,VIEJA"_s;
 
 struct CasoVieja {
   const char* nombre;
-  int pasos;         // done when it was killed
-  double dias;       // between the two starts
-  bool otrosPasos;   // the process was edited meanwhile
-  bool seCompleta;   // its bookkeeping is finished first
+  int pasos;        // done when it was killed
+  double dias;      // between the two starts
+  bool otrosPasos;  // the process was edited meanwhile
+  bool seCompleta;  // its bookkeeping is finished first
 };
 class ViejaTest : public ReanudarTest, public testing::WithParamInterface<CasoVieja> {};
 
@@ -156,11 +171,13 @@ TEST_P(ViejaTest, SusAnotacionesSiSusTareasNo) {
   tienda_.reloj.saltarPared(caso.dias);
   const int ceros = maquinasDePrueba().ceros;
   const auto p = seguir(caso.otrosPasos ? u"N:otro"_s : u"N:otro\r\nN:mas"_s);
-  EXPECT_EQ(p->lineas.filter(u"no se puede reanudar"_s).size(), 1) << p->lineas.join(u'\n').toStdString();
+  EXPECT_EQ(p->lineas.filter(u"no se puede reanudar"_s).size(), 1)
+      << p->lineas.join(u'\n').toStdString();
   EXPECT_EQ(maquinasDePrueba().ceros, ceros);
   EXPECT_EQ(contar(*p, u"SELECT count(*) FROM COLUMNA WHERE TIPO=2"_s), caso.seCompleta);
   EXPECT_EQ(tienda_.texto(u"VIEJA.EXP"_s).isEmpty(), !caso.seCompleta);
-  EXPECT_EQ(contar(*p, u"SELECT count(*) FROM COLUMNA WHERE TIPO=1"_s), caso.seCompleta);  // nothing was deleted
+  EXPECT_EQ(contar(*p, u"SELECT count(*) FROM COLUMNA WHERE TIPO=1"_s),
+            caso.seCompleta);  // nothing was deleted
   EXPECT_EQ(contar(*p, u"SELECT count(*) FROM Proceso"_s), 0);
 }
 
@@ -195,7 +212,8 @@ TEST_F(ReanudarTest, UnDiarioDanadoSeDice) {
   matar(u"N:a\r\nN:b\r\nN:c"_s, 2);
   for (const char16_t* dano : {u"SELECCION='1,x'", u"PASO=99", u"PARAMETROS='[{}]'"}) {
     const auto p = tienda_.programa();
-    ASSERT_TRUE(p->db().ejecutar(QString(u"UPDATE Proceso SET PASO=1, SELECCION='', PARAMETROS='', "_s + QString::fromUtf16(dano))));
+    ASSERT_TRUE(p->db().ejecutar(QString(
+        u"UPDATE Proceso SET PASO=1, SELECCION='', PARAMETROS='', "_s + QString::fromUtf16(dano))));
     p->correr(u"N:a\r\nN:b\r\nN:c"_s);
     ASSERT_TRUE(p->hastaElFin());
     EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
