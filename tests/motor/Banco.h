@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QRegularExpression>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -57,6 +58,7 @@ class Banco : public testing::Test, protected motor::Vigilante {
 
   QTemporaryDir carpeta_;
   RelojVirtual reloj{Fecha::de(QDate(2026, 5, 18), QTime(21, 30, 5))};
+  std::map<std::pair<int, int>, std::unique_ptr<simulador::Maquina>> maquinas_;
   FabricaSimulada fabrica{reloj};
   Azar azar{11};
   std::unique_ptr<Ajustes> ajustes;
@@ -70,7 +72,6 @@ class Banco : public testing::Test, protected motor::Vigilante {
   std::function<void()> alHacer;
 
  private:
-  std::map<std::pair<int, int>, std::unique_ptr<simulador::Maquina>> maquinas_;
   std::vector<motor::VistaTarea> vista_;
   int ultima_ = 0;
 };

@@ -14,9 +14,10 @@ namespace tarvo::prueba {
 class CableSimulado final : public enlace::LinkSocket {
  public:
   using Cables = std::map<QString, simulador::Cable>;
-  CableSimulado(Reloj& reloj, Cables& cables, int device, QString nombre = {})
+  CableSimulado(Reloj& reloj, Cables& cables, const bool& mudo, int device, QString nombre = {})
       : reloj_(reloj),
         cables_(cables),
+        mudo_(mudo),
         device_(device),
         nombre_(std::move(nombre)),
         timer_(reloj.temporizador([this] { vencer(); })) {}
@@ -48,7 +49,7 @@ class CableSimulado final : public enlace::LinkSocket {
  private:
   void citar(std::function<void()> que) {
     que_ = std::move(que);
-    timer_->unaVez(1);
+    if (!mudo_) timer_->unaVez(1);
   }
   void vencer() {
     if (const auto que = std::exchange(que_, nullptr)) que();
@@ -86,6 +87,7 @@ class CableSimulado final : public enlace::LinkSocket {
 
   Reloj& reloj_;
   Cables& cables_;
+  const bool& mudo_;
   int device_;
   QString nombre_;
   std::unique_ptr<Temporizador> timer_;
@@ -101,15 +103,16 @@ class FabricaSimulada final : public enlace::FabricaEnlaces {
   explicit FabricaSimulada(Reloj& reloj) : reloj_(reloj) {}
   std::unique_ptr<enlace::LinkSocket> crear(int device) override {
     ++aperturas;
-    return std::make_unique<CableSimulado>(reloj_, cables, device);
+    return std::make_unique<CableSimulado>(reloj_, cables, mudos, device);
   }
   std::unique_ptr<enlace::LinkSocket> crearConector(const QString& nombre, int& razon) override {
     ++aperturas;
     razon = cables.contains(nombre) ? 0 : int{enlace::kSinNombre};
-    return razon != 0 ? nullptr : std::make_unique<CableSimulado>(reloj_, cables, 4, nombre);
+    return razon != 0 ? nullptr : std::make_unique<CableSimulado>(reloj_, cables, mudos, 4, nombre);
   }
   CableSimulado::Cables cables;
   int aperturas = 0;
+  bool mudos = false;  // wires that never say how an opening or a closing ended
 
  private:
   Reloj& reloj_;
