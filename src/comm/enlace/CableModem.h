@@ -26,6 +26,7 @@ class CableModem final : public CableReal {
  private:
   // Where the dialogue stands. Those from CuelgaDTR on belong to the hang-up.
   enum class Paso {
+    Senales,
     Guion,
     Marca,
     Pausa,
@@ -53,7 +54,7 @@ class CableModem final : public CableReal {
   const RutaDePuerto rutaDe_;
   ParametrosLinea p_;
   QString ruta_;
-  Paso paso_ = Paso::Guion;
+  Paso paso_ = Paso::Senales;
   std::vector<PasoGuion> guion_;
   size_t indice_ = 0;  // of the order that waits for its answer
   int intento_ = 0;

@@ -6,8 +6,7 @@ namespace tarvo {
 
 namespace {
 
-// 30 December 1899. A number, so that dates made while the program loads find it there.
-constexpr qint64 kOrigenJuliano = 2415019;
+constexpr qint64 kOrigenJuliano = 2415019;  // 30 December 1899
 
 double fraccion(QTime hora) {
   return (hora.hour() * 3600 + hora.minute() * 60 + hora.second()) / 86400.0;

@@ -1,12 +1,16 @@
+#include "app/Principal.h"
+
 #include <signal.h>
 
 #include <QCoreApplication>
 #include <QFile>
+#include <random>
 
 #include "app/Consola.h"
 #include "app/Datos.h"
 #include "app/Ejecucion.h"
 #include "app/TextosApp.h"
+#include "comm/enlace/FabricaReal.h"
 #include "totals/Cuadre.h"
 
 namespace tarvo::app {
@@ -26,7 +30,8 @@ int hacerCuadre(const Ordenes& o, Fondo& fondo, const Textos& t) {
 
 int correrProceso(const Ordenes& o, Fondo& fondo, const Textos& t, Reloj& reloj) {
   Datos datos(o.datos, t);
-  Aplicacion aplicacion(fondo, reloj, datos);
+  enlace::FabricaReal fabrica(reloj, fondo.ajustes);
+  Aplicacion aplicacion(fondo, reloj, fabrica, std::random_device{}(), datos);
   if (const auto hecho = aplicacion.empezar(); !hecho) {
     avisar(t(kTxSinArranque).arg(hecho.error().texto));
     return kSinBase;
@@ -65,6 +70,8 @@ int atender(const Ordenes& o, const Textos& t) {
   }
 }
 
+}  // namespace
+
 int principal(int argc, char** argv) {
   ::signal(SIGPIPE, SIG_IGN);  // a reader of the trace that goes away doesn't end a night
   const auto textos = Textos::leer(QStringLiteral(":/textos/es.txt"));
@@ -84,10 +91,4 @@ int principal(int argc, char** argv) {
   return atender(*ordenes, *textos);
 }
 
-}  // namespace
-
 }  // namespace tarvo::app
-
-int main(int argc, char** argv) {
-  return tarvo::app::principal(argc, argv);
-}

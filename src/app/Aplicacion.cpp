@@ -1,0 +1,64 @@
+#include "app/Aplicacion.h"
+
+#include "comm/tareas/Registro.h"
+
+namespace tarvo::app {
+
+// In the order of the start; what stands below rests on what stands above, and goes first.
+struct Aplicacion::Interior {
+  Interior(Fondo& fondo, Reloj& reloj, enlace::FabricaEnlaces& fabrica, quint64 semilla,
+           automation::Preguntas& preguntas)
+      : db(*fondo.db),
+        almacenes(db, reloj),
+        sesion(db, fondo.ajustes, reloj),
+        periodos(db, fondo.ajustes, almacenes),
+        cerrSes(sesion, periodos),
+        verTot(periodos, db, fondo.ajustes),
+        xporTot(db, periodos, fondo.ajustes),
+        registro(tareas::registro()),
+        azar(semilla),
+        enlaces(reloj, fondo.ajustes, fabrica, azar),
+        gestcomm({db, fondo.ajustes, reloj, sesion}, enlaces, registro),
+        lenguaje(registro, fondo.ajustes),
+        automat({db, fondo.ajustes, reloj, sesion, gestcomm, registro, cerrSes, verTot, xporTot},
+                preguntas),
+        cronos(automat, lenguaje, fondo.ajustes, reloj) {}
+
+  dao::Database& db;
+  stock::Almacenes almacenes;
+  totals::Sesion sesion;
+  totals::Periodos periodos;
+  totals::CerrSes cerrSes;
+  totals::VerTot verTot;
+  totals::XporTot xporTot;
+  motor::RegistroTareas registro;
+  Azar azar;
+  enlace::Enlaces enlaces;
+  motor::gestcomm gestcomm;
+  automation::Lenguaje lenguaje;
+  automation::Automat automat;
+  automation::Cronos cronos;
+};
+
+Aplicacion::Aplicacion(Fondo& fondo, Reloj& reloj, enlace::FabricaEnlaces& fabrica, quint64 semilla,
+                       automation::Preguntas& preguntas)
+    : d(std::make_unique<Interior>(fondo, reloj, fabrica, semilla, preguntas)) {}
+
+Aplicacion::~Aplicacion() = default;
+
+Resultado<> Aplicacion::empezar() {
+  TARVO_INTENTAR(d->almacenes.asegurar());
+  return d->sesion.cargar();
+}
+
+automation::Automat& Aplicacion::automat() {
+  return d->automat;
+}
+automation::Cronos& Aplicacion::cronos() {
+  return d->cronos;
+}
+const automation::Lenguaje& Aplicacion::lenguaje() const {
+  return d->lenguaje;
+}
+
+}  // namespace tarvo::app
