@@ -220,7 +220,8 @@ void Automat::InformeAviso(int, const totals::Aviso& aviso) {
 }
 
 Resultado<> Automat::TareaHecha(const motor::DatosTarea& tarea) {
-  if (tarea.paso < 0 || !d->vigila()) return {};
+  const bool cuenta = d->vigila() || d->fase == kAbortando;
+  if (tarea.paso < 0 || !cuenta) return {};
   return d->diario.tareaHecha(d->e.numero, tarea.paso, tarea.Grupo, d->t.reloj.ahora());
 }
 

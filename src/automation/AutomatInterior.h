@@ -52,7 +52,7 @@ struct Automat::Interior {
   Resultado<> prepararEjecucion();
   Resultado<> reanudar(Ejecucion vieja);
   Resultado<> liquidar(Ejecucion vieja);
-  Resultado<> completarAnotaciones(const Ejecucion& vieja);
+  Resultado<> completarAnotaciones();
   Resultado<std::vector<PasoProceso>> pasosDe(const Ejecucion& de) const;
   void encolarDeNuevo(const std::vector<Diario::Tarea>& tareas);
 

@@ -170,7 +170,8 @@ TEST_P(ViejaTest, SusAnotacionesSiSusTareasNo) {
   matar(kLibros, caso.pasos);
   tienda_.reloj.saltarPared(caso.dias);
   const int ceros = maquinasDePrueba().ceros;
-  const auto p = seguir(caso.otrosPasos ? u"N:otro"_s : u"N:otro\r\nN:mas"_s);
+  const auto p = tienda_.programa();
+  p->correr(caso.otrosPasos ? u"P:SEL. ULTIMO"_s : kLibros);  // the old run is settled at the start
   EXPECT_EQ(p->lineas.filter(u"no se puede reanudar"_s).size(), 1)
       << p->lineas.join(u'\n').toStdString();
   EXPECT_EQ(maquinasDePrueba().ceros, ceros);
@@ -178,7 +179,8 @@ TEST_P(ViejaTest, SusAnotacionesSiSusTareasNo) {
   EXPECT_EQ(tienda_.texto(u"VIEJA.EXP"_s).isEmpty(), !caso.seCompleta);
   EXPECT_EQ(contar(*p, u"SELECT count(*) FROM COLUMNA WHERE TIPO=1"_s),
             caso.seCompleta);  // nothing was deleted
-  EXPECT_EQ(contar(*p, u"SELECT count(*) FROM Proceso"_s), 0);
+  EXPECT_EQ(contar(*p, u"SELECT count(*) FROM Proceso"_s), 1);
+  EXPECT_TRUE(p->verTot().LosSelec().empty());  // the old run's last periods are not the new one's
 }
 
 INSTANTIATE_TEST_SUITE_P(Casos, ViejaTest,
