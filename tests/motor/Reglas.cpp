@@ -295,7 +295,7 @@ TEST_F(Reglas, ElEnlaceQueNoDiceNadaSeAbandona) {
   fabrica.mudos = true;  // openings and closings that never end
   encolar(1, 17);
   ASSERT_TRUE(correr());
-  EXPECT_EQ(problemas, QStringList{QStringLiteral("17 G1 E6 (2)")});
+  EXPECT_EQ(problemas, QStringList{QStringLiteral("17 G1 E5 (2)")});
   fabrica.mudos = false;
   encolar(1, 17);
   reloj.avanzar(510);
