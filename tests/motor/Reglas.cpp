@@ -79,6 +79,18 @@ TEST_F(Reglas, LaPuestaACeroEsperaALaLecturaDeDelante) {
   EXPECT_EQ(filas(QStringLiteral("SELECT COUNT(*) FROM Sesiones WHERE PZERO IS NOT NULL")), u"1");
 }
 
+TEST_F(Reglas, NiPorOtroCanalAdelantaLaPuestaACero) {
+  tienda(1, QStringLiteral("b"));
+  valor(db->ejecutar(u"UPDATE GRUPOS SET telef='a'"));  // a connector that isn't there
+  encolar(1, 17);
+  valor(db->ejecutar(u"UPDATE GRUPOS SET telef='b'"));
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_TRUE(maquina(1).memoria().puestas().empty());
+  EXPECT_EQ(problemas,
+            (QStringList{QStringLiteral("17 G1 E24 (2)"), QStringLiteral("6 G1 E22 (0)")}));
+}
+
 TEST_F(Reglas, TrasUnaLecturaFallidaNoHayPuestaACero) {
   tienda();
   leida(1);
@@ -330,6 +342,25 @@ TEST_F(Reglas, CienConectores) {
   EXPECT_EQ(hechas.size(), 200);
   EXPECT_EQ(fabrica.aperturas, 100);
   for (int g = 1; g <= 100; ++g) EXPECT_EQ(maquina(g).memoria().puestas().size(), 1U);
+}
+
+TEST_F(Reglas, DetenerMientrasSeAbreNoSeReintenta) {
+  tienda();
+  fabrica.cables.clear();
+  gestor->VigilaProcesos(5, false, nullptr);
+  const int id = encolar(1, 17);
+  while (estado(id) != 1) reloj.avanzar(1);
+  gestor->DetenerTarea(id);
+  reloj.avanzar(60000);
+  ASSERT_TRUE(tarea(id));
+  EXPECT_EQ(tarea(id)->Estado, 2);
+  EXPECT_EQ(tarea(id)->Error, 13);
+  EXPECT_EQ(fabrica.aperturas, 1);
+  EXPECT_TRUE(gestor->GruposFallidos().contains(1));
+  gestor->terminator();
+  EXPECT_EQ(gestor->CuantosQuedan().total, 0);
+  reloj.avanzar(1000);
+  EXPECT_EQ(gestor->canales()[0].EstadoCanal, 3);
 }
 
 TEST_F(Reglas, ElCableQueNoEsDeLaTareaLaRechaza) {
