@@ -15,7 +15,7 @@ struct Reglas : Banco {
     grupo(g, 1, acceso);
     if (filas(QStringLiteral("SELECT COUNT(*) FROM PLUSES")) == u"0")
       for (const int a : {10, 20, 30}) articulo(a);
-    for (const int a : {10, 20, 30}) vender(g, a, a * 10, 100);
+    for (const int a : {10, 20, 30}) vender(g, a, a * 10, 100, a / 10);
   }
   // The machines' totals are read and memorised, so that they may be zeroed.
   void leida(int g) {
@@ -173,7 +173,7 @@ TEST_F(Reglas, LasAveriasNoCambianLoLeido) {
   tienda();
   grupo(2, 2, QStringLiteral("cable 2"), {5});
   grupo(3, 3, QStringLiteral("cable 3"), {4});
-  for (int a = 1; a <= 30; ++a) vender(2, a, a, 1, 1 + a % 5, 5), vender(3, a, a, 0, 1, 4);
+  for (int a = 1; a <= 30; ++a) vender(2, a, a, 1, 1 + a % 10, 5), vender(3, a, a, 0, 1, 4);
   struct Esperada {
     int grupo, addr, clase;
     QString filas;

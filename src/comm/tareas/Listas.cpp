@@ -126,6 +126,10 @@ class ListaNodalPedido final : public Lista {
     } else if (fase_ == 2) {
       const auto r = maquinas::nodal::leerPedido(datos);
       if (!r) return falloEn(r.error(), t_.Grupo, lugar());
+      if (!r->empty() && datos == ultima_ && !std::exchange(repetida_, true))
+        return falloEn({Fallo::Formato, 7, QStringLiteral("ha llegado dos veces la misma trama")},
+                       t_.Grupo, lugar());
+      ultima_ = datos;
       lineas_.insert(lineas_.end(), r->begin(), r->end());
     }
     return {};
@@ -136,6 +140,7 @@ class ListaNodalPedido final : public Lista {
     if (fase_ != 2) return;
     fase_ = 1;
     lineas_.clear();
+    ultima_.clear();
   }
   qint64 avance() const override { return fase_ == 0 || fase_ > 2 ? 1 : 0; }
 
@@ -143,6 +148,10 @@ class ListaNodalPedido final : public Lista {
   Siguiente enviar(const maquinas::Peticion& p) const {
     return {Siguiente::Enviar, t_.Addr, p.codigo, p.datos};
   }
+  // A frame like the one before it may be that one sent twice, or lines that are alike: the list is
+  // asked again, and what it then holds stands.
+  QByteArray ultima_;
+  bool repetida_ = false;
   int fase_ = 1;  // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
 };
 
