@@ -171,9 +171,13 @@ TEST_F(Lecturas, UnaTramaDePedidoRepetida) {
   leer(2, 22);
   EXPECT_EQ(filas(QStringLiteral("SELECT COUNT(*) FROM PEDI_LIN")), u"20");
   // Lines that are alike are all there.
-  for (int i = 1; i <= 20; ++i) memoria.apuntar(simulador::Lista::Pedidos, {7, 100, 1});
+  grupo(1, 1, QStringLiteral("cable 1"));
+  for (auto* m : {&memoria, &maquina(1).memoria()})
+    for (int i = 1; i <= 20; ++i) m->apuntar(simulador::Lista::Pedidos, {7, 100, 1});
   leer(2, 22);
-  EXPECT_EQ(filas(QStringLiteral("SELECT COUNT(*) FROM PEDI_LIN")), u"40");
+  leer(1, 22);
+  EXPECT_EQ(filas(QStringLiteral("SELECT NUMPED, COUNT(*) FROM PEDI_LIN GROUP BY NUMPED")),
+            u"1,20;2,20;3,20");
 }
 
 TEST_F(Lecturas, LaListaQueNoSeOlvidoEsElMismoDocumento) {
