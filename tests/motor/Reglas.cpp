@@ -263,6 +263,7 @@ TEST_F(Reglas, ReintentosALaCuentaJusta) {
   EXPECT_EQ(problemas, QStringList{QStringLiteral("7 G1 E16 (6)")});
   // A line that nobody answers.
   problemas.clear(), reintentos.clear();
+  reloj.avanzar(5000);
   fabrica.cables.clear();
   encolar(1, 7);
   ASSERT_TRUE(correr());
