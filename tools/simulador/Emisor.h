@@ -1,0 +1,46 @@
+// Sends bytes to the other end in order, now or later. What is due now, with nothing waiting before
+// it, goes at once.
+#pragma once
+
+#include <QByteArray>
+#include <deque>
+#include <functional>
+#include <memory>
+
+#include "core/tiempo/Reloj.h"
+
+namespace tarvo::simulador {
+
+struct Conexion {
+  std::function<void(const QByteArray&)> salida;
+  std::function<void(bool limpio)> cortar;  // the machine ends the connection
+};
+
+class Emisor {
+ public:
+  explicit Emisor(Reloj& reloj);
+  void conectar(Conexion conexion);
+  void desconectar();  // forgets what waits
+  bool conectado() const { return conexion_.salida != nullptr; }
+  // Behind all that waits, and not before `retrasoMs` have passed.
+  void enviar(const QByteArray& bytes, int retrasoMs = 0);
+  void cortar(bool limpio, int retrasoMs = 0);
+
+ private:
+  enum class Accion { Bytes, CorteLimpio, Corte };
+  struct Envio {
+    qint64 cuando;
+    Accion accion;
+    QByteArray bytes;
+  };
+  void poner(Accion accion, QByteArray bytes, int retrasoMs);
+  void vaciar();
+
+  Reloj& reloj_;
+  Conexion conexion_;
+  std::deque<Envio> envios_;
+  bool vaciando_ = false;
+  std::unique_ptr<Temporizador> temporizador_;
+};
+
+}  // namespace tarvo::simulador

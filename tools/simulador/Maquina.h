@@ -1,0 +1,134 @@
+// One machine on a wire: bytes in by recibir(), bytes out by the connection's `salida`. It knows
+// time only through the clock it was given, so it runs in memory on a virtual clock as well as
+// behind a socket. Everything happens on one thread. `salida` may be called from within recibir().
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "core/tiempo/Reloj.h"
+#include "simulador/Emisor.h"
+#include "simulador/Fallos.h"
+#include "simulador/Memoria.h"
+#include "simulador/Tramas.h"
+
+namespace tarvo::simulador {
+
+enum class Tipo { Balanzas = 1, Ebony = 2, Registradora = 3, Birch = 4 };
+
+struct OpcionesMaquina {
+  Tipo tipo = Tipo::Balanzas;
+  QString nombre;
+  int grupo = 0;      // the group it belongs to, for whoever reads its state
+  int direccion = 0;  // node of an Ebony, address of a register; the others answer to all addresses
+  int estacion = 0;   // VEK station, 0 to 15
+  std::vector<int> balanzas;  // numbers of the scales of the group; empty: any
+  int registrosPorTrama = 8;  // in list frames
+  int pausaMs = 20;           // NODAL: between the acknowledgement and what follows
+  int repeticiones = -1;      // of an answer nobody acknowledges; -1: 3 on NODAL, none on VEK
+  int esperaAckMs = 2000;     // before each of them
+  Fallos fallos;
+  quint64 semilla = 1;
+};
+
+// A frame that answers.
+struct Mensaje {
+  int codigo = 0;
+  QByteArray datos;
+  int retrasoMs = 0;
+};
+struct Respuesta {
+  std::vector<Mensaje> mensajes;
+  bool rechazo = false;  // NODAL: a rejection in place of the acknowledgement
+};
+
+class Maquina {
+ public:
+  Maquina(OpcionesMaquina opciones, Reloj& reloj);
+  virtual ~Maquina();
+  Maquina(const Maquina&) = delete;
+  Maquina& operator=(const Maquina&) = delete;
+
+  void conectar(Conexion conexion);
+  void desconectar();  // the other end went away
+  void recibir(const QByteArray& bytes);
+  bool rechazaConexion();
+
+  Memoria& memoria() { return memoria_; }
+  const Memoria& memoria() const { return memoria_; }
+  const OpcionesMaquina& opciones() const { return opciones_; }
+  Percances& percances() { return percances_; }
+  // Good questions heard, executed or not, latest last; the oldest are let go after some thousands.
+  const std::deque<Peticion>& oidas() const { return oidas_; }
+
+  Fecha ahora() const;  // by the machine's own clock
+  double desfase() const { return desfase_; }
+  void ponerDesfase(double dias) { desfase_ = dias; }
+
+  // Sells now: the moment, the hour and, when 0, the department are filled in.
+  void sell(Venta venta);
+  void venderAlAzar();
+  void abrirTicket() { ticketAbierto_ = true; }
+
+ protected:
+  virtual std::vector<Entrada> leer(const QByteArray& bytes) = 0;
+  virtual void vaciarLector() = 0;
+  virtual bool esParaMi(const Peticion& peticion) const = 0;
+  // Executes the question.
+  virtual Respuesta atender(const Peticion& peticion) = 0;
+  virtual Respuesta negar(int error) = 0;
+  virtual Peticion otroNumero(Peticion peticion) const = 0;
+  virtual bool esCero(int codigo) const = 0;
+  virtual QByteArray ack(const Peticion& peticion) = 0;
+  virtual QByteArray nak(const Peticion& peticion) = 0;
+  virtual QByteArray rechazar(const Peticion& peticion) = 0;
+  virtual QByteArray construir(const Mensaje& mensaje) = 0;
+  // The same frame with a check that doesn't fit.
+  virtual QByteArray conControlMalo(QByteArray trama) const = 0;
+
+  Respuesta cero(int codigo, int conjuntos);
+  bool ponerHora(const QByteArray& ddmmaaaahhnnss);
+  // True while a faulty list must go on; counts down.
+  bool sinFin();
+
+  Memoria memoria_;
+  bool ticketAbierto_ = false;
+  Peticion actual_;
+
+ private:
+  void procesar(const Peticion& peticion);
+  Respuesta decidir(const Peticion& peticion, Sucesos& sucesos);
+  void contestar(const Peticion& peticion, Respuesta respuesta, const Sucesos& sucesos);
+  void anunciarEspera(int unidades);
+  void emitirSiguiente(const QByteArray& delante);
+  void emitir(const QByteArray& delante, Mensaje mensaje, const Sucesos& sucesos);
+  void mandar(const QByteArray& delante, const QByteArray& trama, const Sucesos& sucesos,
+              int retrasoMs);
+  QByteArray estropear(QByteArray trama, const Sucesos& sucesos);
+  void esperarAck(const QByteArray& trama);
+  void alConfirmar();
+  void alVencerAck();
+  void olvidarDialogo();
+
+  OpcionesMaquina opciones_;
+  Reloj& reloj_;
+  Percances percances_;
+  Emisor emisor_;
+  double desfase_ = 0;
+  std::deque<Peticion> oidas_;
+
+  std::deque<Mensaje> cola_;  // what of the present list is still to be sent
+  int indice_ = 0;
+  QByteArray enVuelo_;  // the frame that waits for its acknowledgement
+  int repetidas_ = 0;
+  std::vector<QByteArray> tardias_;
+  int vueltas_ = 0;  // answers that a list without end may still give
+  qint64 oscuraHasta_ = -1;
+  std::unique_ptr<Temporizador> relojAck_;
+};
+
+std::unique_ptr<Maquina> crearMaquina(OpcionesMaquina opciones, Reloj& reloj);
+
+}  // namespace tarvo::simulador

@@ -1,0 +1,64 @@
+// The memory of one machine. The ledger and the log of zeroings are never shortened: they are what
+// an oracle reads. Counters, lists and articles are what the machine itself would have, and a
+// command may clear them.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "simulador/Contadores.h"
+
+namespace tarvo::simulador {
+
+// A zeroing as it took effect: what stood in all counters just before, and how much of the ledger
+// was behind it.
+struct PuestaACero {
+  Fecha cuando;
+  int codigo = 0;     // the frame code that asked for it
+  int conjuntos = 0;  // what it cleared
+  std::size_t ventas = 0;
+  Contadores antes;
+  bool operator==(const PuestaACero&) const = default;
+};
+
+enum class Lista { Pedidos, Inventarios };
+
+class Memoria {
+ public:
+  Catalogo catalogo;
+  std::vector<int> operadores;  // code of each position, position 1 first; codes may repeat
+
+  void vender(const Venta& venta);
+  void ponerACero(Fecha cuando, int codigo, int conjuntos);
+  void apuntar(Lista lista, const LineaLista& linea);
+  // The machine was told that the list has been received.
+  void olvidar(Lista lista);
+  void cambiada() const;  // tells alCambiar
+
+  const std::vector<Venta>& libro() const { return libro_; }
+  const Contadores& contadores() const { return contadores_; }
+  const std::vector<PuestaACero>& puestas() const { return puestas_; }
+  const std::vector<LineaLista>& lista(Lista cual) const { return parte(cual).lineas; }
+  int olvidos(Lista cual) const { return parte(cual).olvidos; }
+
+  // Takes the place of what stands here, counters worked out anew from the ledger and the zeroings.
+  void restaurar(std::vector<Venta> libro, std::vector<PuestaACero> puestas);
+  void restaurarLista(Lista cual, std::vector<LineaLista> lineas, int olvidos);
+
+  std::function<void()> alCambiar;
+
+ private:
+  struct Parte {
+    std::vector<LineaLista> lineas;
+    int olvidos = 0;
+  };
+  const Parte& parte(Lista cual) const { return cual == Lista::Pedidos ? pedidos_ : inventarios_; }
+  Parte& parte(Lista cual) { return cual == Lista::Pedidos ? pedidos_ : inventarios_; }
+
+  std::vector<Venta> libro_;
+  std::vector<PuestaACero> puestas_;
+  Contadores contadores_;
+  Parte pedidos_, inventarios_;
+};
+
+}  // namespace tarvo::simulador

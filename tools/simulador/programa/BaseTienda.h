@@ -1,0 +1,20 @@
+// The groups of a shop's database as machines: its scales, operators and articles. The file is only
+// read.
+#pragma once
+
+#include <map>
+
+#include "simulador/programa/Plan.h"
+
+namespace tarvo::simulador {
+
+struct GrupoTienda {
+  int puerto = 0;  // of the access text, when the group is reached by TCP/IP; else 0
+  std::vector<PlanMaquina> maquinas;  // one, or one for each register
+};
+
+// By group code. A file that is missing or no database of ours is an error with the store's own
+// words.
+Resultado<std::map<int, GrupoTienda>> leerTienda(const QString& ruta);
+
+}  // namespace tarvo::simulador
