@@ -6,6 +6,18 @@ namespace {
 
 constexpr std::array<const char16_t*, 4> kContadores{u"CON", u"PES", u"[IMP]", u"SCO"};
 
+// INSERT of whole rows from `fuente`; a row that is there grows by the counters of the new one.
+QString sqlSuma(const ClaseTotal& c, const QString& fuente) {
+  const QString tabla = QString::fromUtf16(c.tabla);
+  QStringList cambios;
+  for (const char16_t* campo : kContadores)
+    cambios << QStringLiteral("%1=coalesce(%2.%1, 0)+excluded.%1").arg(campo, tabla);
+  return QStringLiteral(
+             "INSERT INTO %1 (LINK, %2, CON, PES, [IMP], SCO) %3 "
+             "ON CONFLICT (LINK, %2) DO UPDATE SET %4")
+      .arg(tabla, clavesDe(c), fuente, cambios.join(u", "));
+}
+
 }  // namespace
 
 QString clavesDe(const ClaseTotal& c) {
@@ -14,20 +26,18 @@ QString clavesDe(const ClaseTotal& c) {
 
 Resultado<> sumarFilas(dao::Database& db, const ClaseTotal& c, qint64 destino,
                        const QString& origen, qint64 cual, int signo) {
-  const QString tabla = QString::fromUtf16(c.tabla);
-  QStringList valores, cambios;
-  for (const char16_t* campo : kContadores) {
-    const QString n = QString::fromUtf16(campo);
-    valores << QStringLiteral("%1coalesce(%2, 0)").arg(signo < 0 ? u"-" : u"", n);
-    cambios << QStringLiteral("%1=coalesce(%2.%1, 0)+excluded.%1").arg(n, tabla);
-  }
-  const QString sql =
-      QStringLiteral(
-          "INSERT INTO %1 (LINK, %2, CON, PES, [IMP], SCO) SELECT ?, %2, %3 FROM (%4) o "
-          "WHERE 1=1 ON CONFLICT (LINK, %2) DO UPDATE SET %5")
-          .arg(tabla, clavesDe(c), valores.join(u", "), origen, cambios.join(u", "));
-  TARVO_INTENTAR(db.ejecutar(sql, destino, cual));
+  QStringList valores;
+  for (const char16_t* campo : kContadores)
+    valores << QStringLiteral("%1coalesce(%2, 0)").arg(signo < 0 ? u"-" : u"", campo);
+  const QString filas = QStringLiteral("SELECT ?, %1, %2 FROM (%3) o WHERE 1=1")
+                            .arg(clavesDe(c), valores.join(u", "), origen);
+  TARVO_INTENTAR(db.ejecutar(sqlSuma(c, filas), destino, cual));
   return comprobarRango(db, c, destino);
+}
+
+Resultado<std::unique_ptr<dao::Sentencia>> prepararSuma(dao::Database& db, const ClaseTotal& c) {
+  return db.preparar(sqlSuma(c, c.conHora ? QStringLiteral("VALUES (?, ?, ?, ?, ?, ?, ?, ?)")
+                                          : QStringLiteral("VALUES (?, ?, ?, ?, ?, ?, ?)")));
 }
 
 Resultado<> comprobarRango(dao::Database& db, const ClaseTotal& c, qint64 link) {

@@ -13,6 +13,8 @@ QString clavesDe(const ClaseTotal& c);
 // that gives the key columns, CON, PES, IMP and SCO, each key once; its one parameter is `cual`.
 Resultado<> sumarFilas(dao::Database& db, const ClaseTotal& c, qint64 destino,
                        const QString& origen, qint64 cual, int signo);
+// The same for one row: parameters destino, the key columns, CON, PES, IMP and SCO.
+Resultado<std::unique_ptr<dao::Sentencia>> prepararSuma(dao::Database& db, const ClaseTotal& c);
 // An Error when a counter of the period left the range of whole numbers.
 Resultado<> comprobarRango(dao::Database& db, const ClaseTotal& c, qint64 link);
 

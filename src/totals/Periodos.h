@@ -54,6 +54,9 @@ class Periodos {
   // Before a period is added to a larger one, or discounted: takes out what an earlier version of it left there.
   Resultado<> saldarAcumulado(int tipo, const Columna& nueva);
   Resultado<> saldarStock(const Columna& nueva);
+  // Takes the sales of the period off stock `veces` times (negative: puts them back), an earlier version's first.
+  // False when it isn't stockable.
+  Resultado<bool> DescontarPeriodo(const Columna& c, int veces);
 
  private:
   struct Sustituido {

@@ -123,6 +123,16 @@ Resultado<> Periodos::saldarStock(const Columna& nueva) {
   return t->confirmar();
 }
 
+Resultado<bool> Periodos::DescontarPeriodo(const Columna& c, int veces) {
+  auto t = dao::Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  if (veces > 0 && c.stkABLE) TARVO_INTENTAR(saldarStock(c));
+  auto hecho = almacenes_.DescontarVenta(c.LINK, veces);
+  if (!hecho) return hecho;
+  TARVO_INTENTAR(t->confirmar());
+  return hecho;
+}
+
 Resultado<> Periodos::olvidarSustituidosEn(const Periodo& mayor) {
   if (mayor.tipo < kSemanal || mayor.tipo > kAnual) return {};
   TARVO_INTENTAR(db_.ejecutar(

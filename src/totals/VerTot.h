@@ -3,6 +3,7 @@
 // the order selected.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "totals/Periodos.h"
@@ -11,7 +12,7 @@ namespace tarvo::totals {
 
 class VerTot {
  public:
-  VerTot(Periodos& periodos, const Ajustes& ajustes);
+  VerTot(Periodos& periodos, dao::Database& db, const Ajustes& ajustes);
 
   // Each answers whether it did what its step promises; an Error is a failure of the store,
   // everything undone.
@@ -23,15 +24,23 @@ class VerTot {
   bool ClrSelec();
   Resultado<bool> Seleccionar(int tipo, Fecha desde, Fecha hasta);
   Resultado<bool> SelecHnd(qint64 link);
+  // A period that isn't stockable is passed over and makes it false; one that is discounted already is passed over.
   Resultado<bool> StockIntv(bool deshacer = false);
+  // Into the period that holds the whole selection, which must exist. The selection stays.
   Resultado<bool> SumarIntv();
   const std::vector<qint64>& LosSelec() const { return seleccion_; }
-  void ponerSeleccion(std::vector<qint64> links) { seleccion_ = std::move(links); }
+  void ponerSeleccion(const std::vector<qint64>& links);
   // 0 free, 1 a related period is accumulated there, 2 this very one is.
   Resultado<int> ChequeoAcumulado(const Columna& c, int tipo);
 
  private:
+  Resultado<bool> conSeleccion(const std::function<Resultado<bool>(const Columna&, bool antes)>& paso);
+  Resultado<std::vector<qint64>> entreFechas(int tipo, Fecha desde, Fecha hasta);
+  Resultado<std::optional<Columna>> destinoDeSuma();
+  void anadir(qint64 link);
+
   Periodos& p_;
+  dao::Database& db_;
   const Ajustes& a_;
   std::vector<qint64> seleccion_;
 };

@@ -1,7 +1,8 @@
-// Periods to .EXP files and back. Layouts: docs/formatos.md. A block is in the file whole or not at
-// all: the new file is written beside the old one, flushed and renamed.
+// Periods to .EXP files and back. Layouts: docs/formatos.md. A block is in the file whole or not at all: the new
+// file is written beside the old one, flushed and renamed.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "totals/Periodos.h"
@@ -17,19 +18,28 @@ class XporTot {
  public:
   XporTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
 
-  // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a point),
-  // behind what the file holds. False when the first period is not there. A value that can't fit
-  // its column stops the whole export with an Error that names the period and the row; nothing is
-  // written then. An export that was cut off between the file and the database is recognised (table
-  // Exportes, by `marca`) and not written twice; `marca` empty: no such check.
-  Resultado<bool> XportRemoto(const std::vector<qint64>& periodos, const OpcionesExport& como,
-                              const QString& nombre, const QString& marca);
-  // The text of one block (Windows-1252 bytes are made by the caller): two header lines and the
-  // rows, CR LF ended.
+  // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a point), behind what the file
+  // holds. False when the first period is not there. A value that can't fit its column stops the whole export with an
+  // Error that names the period and the row; nothing is written then. An export that was cut off between the
+  // file and the database is recognised (table Exportes, by `marca`) and not written twice; `marca` empty: no such check.
+  // REQUIRES that no transaction is open: what is noted must be on disk before the file changes.
+  Resultado<bool> XportRemoto(const std::vector<qint64>& periodos, const OpcionesExport& como, const QString& nombre,
+                              const QString& marca);
+  // The text of one block (Windows-1252 bytes are made by the caller): two header lines and the rows, CR LF ended.
   Resultado<QString> bloque(const Columna& periodo, bool corto);
+  // Empty for a name that names no file.
   QString rutaDestino(const QString& nombre) const;
 
  private:
+  struct Avance {
+    bool escrito = false, terminado = false;
+  };
+  Resultado<Avance> avanceDe(const QString& marca);
+  Resultado<> lineasDe(const ClaseTotal& c, const Columna& periodo, bool corto, QString& texto);
+  Resultado<std::optional<QByteArray>> bloques(const std::vector<qint64>& links, bool corto);
+  Resultado<> escribir(const QString& ruta, const QByteArray& nuevo, const QString& marca);
+  Resultado<> terminar(const std::vector<qint64>& links, bool borrar, const QString& marca);
+
   dao::Database& db_;
   Periodos& p_;
   const Ajustes& a_;
@@ -37,20 +47,22 @@ class XporTot {
 
 enum class SiExiste { Borrarlo, Acumularlo };
 
-// Reads a file block by block. Each block is one transaction: a bad line undoes its block, and is
-// named with its number.
+// Reads a file block by block. Each block is one transaction: a bad line undoes its block, and is named with its number.
+// A period that is there is emptied first (its marks go, as of a replaced one) or added to, larger periods and stock with it.
 class ImpTot {
  public:
   ImpTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
-  struct Hecho {
-    qint64 link;
-    Periodo periodo;
-    int lineas;
-  };
+  struct Hecho { qint64 link; Periodo periodo; int lineas; };
   // Blocks imported. On an Error those before the bad one stay imported (in `hechos`).
   Resultado<> importar(const QString& ruta, SiExiste siExiste, std::vector<Hecho>& hechos);
+  // The same for bytes that are at hand; `nombre` stands in errors.
+  Resultado<> importarBytes(const QByteArray& bytes, const QString& nombre, SiExiste siExiste,
+                            std::vector<Hecho>& hechos);
 
  private:
+  Periodo periodoDe(Fecha desde, Fecha hasta) const;
+  Resultado<qint64> destino(const Periodo& p, const QString& descr, SiExiste siExiste);
+
   dao::Database& db_;
   Periodos& p_;
   const Ajustes& a_;

@@ -1,0 +1,188 @@
+#include <array>
+#include <cmath>
+
+#include "core/ajustes/Ficheros.h"
+#include "core/textos/Textos.h"
+#include "totals/Exportado.h"
+#include "totals/FilasTotales.h"
+#include "totals/XporTot.h"
+
+namespace tarvo::totals {
+
+namespace {
+
+constexpr qint64 kLimiteImport = 256 * 1024 * 1024;
+constexpr qsizetype kLineaMaxima = 1024;  // a longer one is no line of ours
+
+// The lines of a file, one at a time, numbered from 1.
+class Lector {
+ public:
+  explicit Lector(QByteArrayView bytes) : resto_(bytes) {
+    utf8_ = resto_.startsWith("\xEF\xBB\xBF");
+    if (utf8_) resto_ = resto_.sliced(3);
+    siguiente();
+  }
+  bool fin() const { return fin_; }
+  int numero() const { return numero_; }
+  const QString& linea() const { return linea_; }
+  bool demasiadoLarga() const { return larga_; }
+  bool esCabecera() const { return !fin_ && linea_.startsWith(u'*'); }
+  bool enBlanco() const { return linea_.trimmed().isEmpty() && !larga_; }
+  void siguiente() {
+    fin_ = resto_.isEmpty();
+    linea_.clear();
+    if (fin_) return;
+    ++numero_;
+    const qsizetype n = resto_.indexOf('\n');
+    QByteArrayView cruda = n < 0 ? resto_ : resto_.first(n);
+    resto_ = n < 0 ? QByteArrayView() : resto_.sliced(n + 1);
+    if (cruda.endsWith('\r')) cruda.chop(1);
+    larga_ = cruda.size() > kLineaMaxima;
+    if (!larga_)
+      linea_ = utf8_ ? QString::fromUtf8(cruda) : ficheros::descodificar(cruda.toByteArray());
+  }
+
+ private:
+  QByteArrayView resto_;
+  QString linea_;
+  int numero_ = 0;
+  bool utf8_ = false, larga_ = false, fin_ = false;
+};
+
+struct Cabecera {
+  Fecha desde, hasta;
+  QString comentario;
+};
+// Two star lines at once, in either order. Nothing when they aren't there; the reader is then on
+// the line at fault. A comment may look like dates: what is written first is the comment.
+std::optional<Cabecera> leerCabecera(Lector& l) {
+  const auto fechas1 = leerFechas(l.linea());
+  const QString primera = l.linea().mid(1);
+  l.siguiente();
+  if (!l.esCabecera()) return std::nullopt;
+  const auto fechas2 = leerFechas(l.linea());
+  if (!fechas1 && !fechas2) return std::nullopt;
+  const auto& f = fechas2 ? *fechas2 : *fechas1;
+  const Cabecera c{f.first, f.second, fechas2 ? primera : l.linea().mid(1)};
+  l.siguiente();
+  return c;
+}
+
+std::unexpected<Error> noReconocible(const Lector& l, const QString& nombre) {
+  const QString donde = l.fin() ? QStringLiteral("al final del fichero")
+                                : QStringLiteral("en la línea %1").arg(l.numero());
+  return fallo(Fallo::Formato,
+               QStringLiteral("ERROR: El fichero contiene líneas no reconocibles (%1, %2)")
+                   .arg(nombre, donde));
+}
+
+// Adds rows to one period, with a kept statement a kind.
+class Sumador {
+ public:
+  Sumador(dao::Database& db, qint64 link) : db_(db), link_(link) {}
+  Resultado<> sumar(const FilaExport& f) {
+    const ClaseTotal& c = *clase(f.clase);
+    auto& s = sentencias_[static_cast<size_t>(f.clase - kPLUs)];
+    if (!s) {
+      auto nueva = prepararSuma(db_, c);
+      if (!nueva) return std::unexpected(nueva.error());
+      s = std::move(*nueva);
+    }
+    int i = 0;
+    for (const qint64 x : {link_, f.GRUPO, f.CODI}) s->ligar(i++, x);
+    if (c.conHora) s->ligar(i++, f.HORA);
+    for (const qint64 x : {f.c.CON, f.c.PES, f.c.IMP, f.c.SCO}) s->ligar(i++, x);
+    TARVO_INTENTAR(s->ejecutar());
+    return {};
+  }
+  Resultado<> comprobar() {
+    for (size_t i = 0; i < sentencias_.size(); ++i)
+      if (sentencias_[i])
+        TARVO_INTENTAR(comprobarRango(db_, *clase(kPLUs + static_cast<int>(i)), link_));
+    return {};
+  }
+
+ private:
+  dao::Database& db_;
+  qint64 link_;
+  std::array<std::unique_ptr<dao::Sentencia>, 6> sentencias_;
+};
+
+// The detail lines up to the next header. How many they were.
+Resultado<int> leerDetalle(Lector& l, Sumador& sumador, const Ajustes& a, const QString& nombre) {
+  int lineas = 0;
+  for (; !l.fin() && !l.esCabecera(); l.siguiente()) {
+    if (l.enBlanco()) continue;
+    const auto fila = l.demasiadoLarga() ? std::nullopt : leerLineaExport(l.linea(), a);
+    if (!fila) return noReconocible(l, nombre);
+    TARVO_INTENTAR(sumador.sumar(*fila));
+    ++lineas;
+  }
+  return lineas;
+}
+
+}  // namespace
+
+ImpTot::ImpTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes)
+    : db_(db), p_(periodos), a_(ajustes) {}
+
+// The period of the general schedule. Dates that are a calendar period to the second are that one,
+// also where the shop was closed: it was exported as such.
+Periodo ImpTot::periodoDe(Fecha desde, Fecha hasta) const {
+  const Periodo p = Calendario(a_).DeterminarPeriodo(desde, hasta, std::nullopt);
+  if (p.tipo != kOtros) return p;
+  for (int tipo = kDiario; tipo <= kAnual; ++tipo) {
+    const Periodo entero = LimitesPeriodo(tipo, desde, hasta);
+    if (entero.desde == desde && std::abs(entero.hasta - hasta) < 0.5 / 86400) return entero;
+  }
+  return p;
+}
+
+// The period that the block goes to: emptied, made, or as it is.
+Resultado<qint64> ImpTot::destino(const Periodo& p, const QString& descr, SiExiste siExiste) {
+  const auto hay = p_.BuscarPeriodo(p.tipo, p.desde, p.hasta);
+  if (!hay) return std::unexpected(hay.error());
+  if (!*hay) return p_.CrearPeriodo(p.tipo, p.desde, p.hasta, true, descr);
+  if (siExiste == SiExiste::Acumularlo) return (*hay)->LINK;
+  const auto nuevo = p_.sustituir(**hay, descr);
+  if (nuevo) TARVO_INTENTAR(p_.VaciarPeriodo(*nuevo));
+  return nuevo;
+}
+
+Resultado<> ImpTot::importarBytes(const QByteArray& bytes, const QString& nombre, SiExiste siExiste,
+                                  std::vector<Hecho>& hechos) {
+  Lector l(bytes);
+  while (!l.fin() && !l.esCabecera()) l.siguiente();
+  if (l.fin()) return noReconocible(l, nombre);
+  while (!l.fin()) {
+    const auto cabecera = leerCabecera(l);
+    if (!cabecera) return noReconocible(l, nombre);
+    auto t = dao::Transaccion::empezar(db_);
+    if (!t) return std::unexpected(t.error());
+    const Periodo p = periodoDe(cabecera->desde, cabecera->hasta);
+    const auto link = destino(p, cabecera->comentario, siExiste);
+    if (!link)
+      return fallo(link.error().clase,
+                   QStringLiteral("ERROR: No se pudo borrar o crear un Periodo (%1)")
+                       .arg(link.error().texto),
+                   link.error().numero);
+    const auto marcas = p_.DesacumularTodo(*link);
+    if (!marcas) return std::unexpected(marcas.error());
+    Sumador sumador(db_, *link);
+    const auto lineas = leerDetalle(l, sumador, a_, nombre);
+    if (!lineas) return std::unexpected(lineas.error());
+    TARVO_INTENTAR(sumador.comprobar());
+    TARVO_INTENTAR(p_.ReacumularTodo(*link, *marcas));
+    TARVO_INTENTAR(t->confirmar());
+    hechos.push_back({*link, p, *lineas});
+  }
+  return {};
+}
+
+Resultado<> ImpTot::importar(const QString& ruta, SiExiste siExiste, std::vector<Hecho>& hechos) {
+  const auto bytes = ficheros::leerBytes(ruta, kLimiteImport);
+  if (!bytes) return std::unexpected(bytes.error());
+  return importarBytes(*bytes, NombreFichero(ruta), siExiste, hechos);
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,171 @@
+#include "totals/XporTot.h"
+
+#include <QCryptographicHash>
+#include <QFileInfo>
+
+#include "core/ajustes/Ficheros.h"
+#include "core/textos/Textos.h"
+#include "totals/Exportado.h"
+
+namespace tarvo::totals {
+
+namespace {
+
+constexpr qint64 kLimiteFichero = qint64{1} << 30;
+
+FilaExport filaDe(const ClaseTotal& c, const dao::Recordset& r) {
+  FilaExport f{c.numero, r.entero(0), r.entero(1), r.entero(2), r.entero(3), {}};
+  f.c = {r.entero(4), r.entero(5), r.entero(6), r.entero(7)};
+  return f;
+}
+
+std::unexpected<Error> noCabe(const Columna& periodo, const FilaExport& f) {
+  return fallo(
+      Fallo::Formato,
+      QStringLiteral("El periodo %1 \"%2\" no se puede exportar: un valor no cabe en su "
+                     "columna (tabla %3, grupo %4, código %5%6). No se ha escrito nada")
+          .arg(periodo.LINK)
+          .arg(TextoPeriodo(periodo.periodo), NombreTabla(f.clase))
+          .arg(f.GRUPO)
+          .arg(f.CODI)
+          .arg(f.clase == kOperHora ? QStringLiteral(", hora %1").arg(f.HORA) : QString()));
+}
+
+QString huellaDe(QByteArrayView bytes) {
+  QCryptographicHash h(QCryptographicHash::Sha256);
+  h.addData(bytes);
+  return QString::fromLatin1(h.result().toHex());
+}
+
+// What the file holds; empty when there is none.
+Resultado<QByteArray> contenidoDe(const QString& ruta) {
+  if (!QFileInfo::exists(ruta)) return QByteArray();
+  return ficheros::leerBytes(ruta, kLimiteFichero);
+}
+
+}  // namespace
+
+XporTot::XporTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes)
+    : db_(db), p_(periodos), a_(ajustes) {}
+
+QString XporTot::rutaDestino(const QString& nombre) const {
+  QString n = nombre.trimmed();
+  const QString fichero = NombreFichero(n);
+  if (fichero.isEmpty() || fichero == u"." || fichero == u"..") return {};
+  if (!fichero.contains(u'.')) n += QStringLiteral(".EXP");
+  return Ajustes::ruta(n, a_.HomeDir);
+}
+
+Resultado<> XporTot::lineasDe(const ClaseTotal& c, const Columna& periodo, bool corto,
+                              QString& texto) {
+  const QString tabla = QString::fromUtf16(c.tabla);
+  const QString hora = c.conHora ? QStringLiteral("HORA") : QStringLiteral("0");
+  auto rs = db_.consultar(
+      QStringLiteral(
+          "SELECT GRUPO, GRUPOS.SECCION, CODI, %1, CON, PES, [IMP], SCO FROM %2 LEFT JOIN "
+          "GRUPOS ON GRUPOS.CODGPO=%2.GRUPO WHERE LINK=? ORDER BY GRUPO, CODI%3")
+          .arg(hora, tabla, c.conHora ? QStringLiteral(", HORA") : QString()),
+      periodo.LINK);
+  if (!rs) return std::unexpected(rs.error());
+  while (!(*rs)->Eof()) {
+    const FilaExport f = filaDe(c, **rs);
+    const auto linea = lineaExport(f, corto);
+    if (!linea) return noCabe(periodo, f);
+    texto += *linea + QStringLiteral("\r\n");
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return {};
+}
+
+Resultado<QString> XporTot::bloque(const Columna& periodo, bool corto) {
+  QString texto =
+      QStringLiteral("%1\r\n%2\r\n")
+          .arg(cabeceraComentario(periodo.periodo, periodo.DESCR), cabeceraFechas(periodo.periodo));
+  for (const ClaseTotal& c : enVigor(a_)) TARVO_INTENTAR(lineasDe(c, periodo, corto, texto));
+  return texto;
+}
+
+// The blocks of all periods; nothing when the first of them isn't there.
+Resultado<std::optional<QByteArray>> XporTot::bloques(const std::vector<qint64>& links,
+                                                      bool corto) {
+  QString texto;
+  for (const qint64 link : links) {
+    const auto c = p_.columna(link);
+    if (!c) return std::unexpected(c.error());
+    if (!*c && link == links.front()) return std::nullopt;
+    if (!*c)
+      return fallo(Fallo::NoExiste,
+                   QStringLiteral("No existe el periodo %1; no se ha exportado nada").arg(link));
+    const auto b = bloque(**c, corto);
+    if (!b) return std::unexpected(b.error());
+    texto += *b;
+  }
+  return ficheros::codificar1252(texto);
+}
+
+// How far an export of this mark came, whatever its name was then: a name may hold the date.
+Resultado<XporTot::Avance> XporTot::avanceDe(const QString& marca) {
+  if (marca.isEmpty()) return Avance{};
+  auto rs =
+      db_.consultar(u"SELECT RUTA, DESPUES, HUELLA, HECHO FROM Exportes WHERE MARCA=?", marca);
+  if (!rs) return std::unexpected(rs.error());
+  if ((*rs)->Eof()) return Avance{};
+  const qint64 largo = (*rs)->entero(1);
+  const auto hay = contenidoDe((*rs)->texto(0));
+  if (!hay) return std::unexpected(hay.error());
+  const bool escrito = largo > 0 && hay->size() >= largo &&
+                       huellaDe(QByteArrayView(*hay).first(largo)) == (*rs)->texto(2);
+  return Avance{escrito, escrito && (*rs)->logico(3)};
+}
+
+Resultado<> XporTot::escribir(const QString& ruta, const QByteArray& nuevo, const QString& marca) {
+  auto todo = contenidoDe(ruta);
+  if (!todo) return std::unexpected(todo.error());
+  const qint64 antes = todo->size();
+  if (!todo->isEmpty() && !todo->endsWith('\n')) todo->append("\r\n");  // a line that was cut off
+  todo->append(nuevo);
+  if (!marca.isEmpty())  // on disk before the file changes
+    TARVO_INTENTAR(
+        db_.ejecutar(u"INSERT INTO Exportes (MARCA, RUTA, ANTES, DESPUES, HUELLA, HECHO) VALUES "
+                     u"(?, ?, ?, ?, ?, 0) "
+                     u"ON CONFLICT (MARCA) DO UPDATE SET RUTA=excluded.RUTA, ANTES=excluded.ANTES, "
+                     u"DESPUES=excluded.DESPUES, HUELLA=excluded.HUELLA, HECHO=0",
+                     marca, ruta, antes, static_cast<qint64>(todo->size()), huellaDe(*todo)));
+  return ficheros::escribirEntero(ruta, *todo);
+}
+
+Resultado<> XporTot::terminar(const std::vector<qint64>& links, bool borrar, const QString& marca) {
+  auto t = dao::Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  if (borrar)
+    for (const qint64 link : links) TARVO_INTENTAR(p_.BorrarPeriodo(link));
+  if (!marca.isEmpty())
+    TARVO_INTENTAR(db_.ejecutar(u"UPDATE Exportes SET HECHO=1 WHERE MARCA=?", marca));
+  return t->confirmar();
+}
+
+Resultado<bool> XporTot::XportRemoto(const std::vector<qint64>& periodos,
+                                     const OpcionesExport& como, const QString& nombre,
+                                     const QString& marca) {
+  const QString ruta = rutaDestino(nombre);
+  if (ruta.isEmpty())
+    return fallo(Fallo::Formato,
+                 QStringLiteral("Falta el nombre del fichero de exportación; escriba uno"));
+  if (db_.profundidad() != 0)
+    return fallo(Fallo::Interno,
+                 QStringLiteral("La exportación no puede ir dentro de otra operación"));
+  if (periodos.empty()) return false;
+  const auto avance = avanceDe(marca);
+  if (!avance) return std::unexpected(avance.error());
+  if (avance->terminado) return true;
+  if (!avance->escrito) {
+    const auto nuevo = bloques(periodos, como.corto);
+    if (!nuevo) return std::unexpected(nuevo.error());
+    if (!*nuevo) return false;
+    TARVO_INTENTAR(escribir(ruta, **nuevo, marca));
+  }
+  TARVO_INTENTAR(terminar(periodos, como.borrar, marca));
+  return true;
+}
+
+}  // namespace tarvo::totals
