@@ -33,7 +33,7 @@ function(tarvo_sala nombre)
   add_library(${nombre} STATIC ${fuentes})
   target_include_directories(${nombre} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${nombre} PUBLIC tarvo_opciones Qt6::Core ${S_LINKS} PRIVATE ${S_PRIVADO})
-  set_target_properties(${nombre} PROPERTIES AUTOMOC OFF UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
+  set_target_properties(${nombre} PROPERTIES AUTOMOC OFF UNITY_BUILD ${TARVO_UNIDAD} UNITY_BUILD_BATCH_SIZE 6)
   target_precompile_headers(${nombre} PRIVATE <QByteArray> <QString> <expected> <functional> <memory>
     <optional> <span> <utility> <variant> <vector>)
   set_property(GLOBAL APPEND PROPERTY TARVO_SALAS ${nombre})

@@ -11,6 +11,11 @@
 #include "core/ajustes/Ajustes.h"
 #include "enlace/CableMemoria.h"
 
+// So that a failure reads as text.
+inline void PrintTo(const QString& texto, std::ostream* salida) {
+  *salida << '"' << texto.toStdString() << '"';
+}
+
 namespace tarvo::pruebas {
 
 struct ClienteAnota final : enlace::ClienteEnlace {

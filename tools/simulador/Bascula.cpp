@@ -169,11 +169,11 @@ Respuesta Bascula::configurar(const Peticion& peticion) {
   return con({});
 }
 
-// "1" for each position that holds a scale.
+// "1" for each position that holds a scale; they count from 0.
 QByteArray Bascula::puestos() const {
   QByteArray texto(16, '0');
   for (const int numero : opciones().balanzas)
-    if (numero >= 1 && numero <= texto.size()) texto[numero - 1] = '1';
+    if (numero >= 0 && numero < texto.size()) texto[numero] = '1';
   return texto;
 }
 

@@ -168,7 +168,7 @@ Respuesta MaquinaNODAL::borrarArticulos() {
 Respuesta MaquinaNODAL::puestos() const {
   QByteArray texto(16, '0');
   for (const int numero : opciones().balanzas)
-    if (numero >= 1 && numero <= texto.size()) texto[numero - 1] = '1';
+    if (numero >= 0 && numero < texto.size()) texto[numero] = '1';
   return {{{kNodoEspera, "1", opciones().pausaMs}, {kNodoRechazo, texto}}};
 }
 

@@ -1,0 +1,245 @@
+// What moves a task on: a channel, an opening, the next frame, its end.
+#include <algorithm>
+
+#include "comm/motor/Interior.h"
+
+namespace tarvo::motor {
+
+namespace {
+
+constexpr int kEsperar = -1, kNoVale = -2;
+
+}  // namespace
+
+void gestcomm::Interior::avanzar(int id) {
+  TareaViva* t = tarea(id);
+  if (!t || alCerrar) return;
+  const int c = t->Canal;
+  switch (t->Estado) {
+    case kEnEspera: return empezar(id);
+    case kAperturaFallida:
+      if (esperaCierre(*t)) return;
+      if (tareaDe(c) != t) return empezar(id);
+      t->Estado = kAbriendo;
+      return abrir(id, c);
+    case kInterrumpido: {
+      if (tareaDe(c) != t) return empezar(id);
+      t->Estado = kTransfiriendo;
+      cambio(*t);
+      const int estado = canales[static_cast<size_t>(c)].EstadoCanal;
+      if (estado == kPerdido || estado == kEsperaReapertura) return;  // the channel opens again by itself
+      if (!enlaces[c]) return ponerCanal(c, kPerdido);
+      if (!enlaces[c]->Portadora()) {
+        vigilar(c, 0);
+        if (enlaces[c]->CerrarEnlace() != 0) enlaces.abandonar(c), ponerCanal(c, kPerdido);
+        return;
+      }
+      return conectada(id, false);
+    }
+    case kRetenido:
+      t->Retenida = false;
+      t->Estado = kTransfiriendo;
+      cambio(*t);
+      if (!enlaces[c]) return enlacePerdido(id, kErrorCaida);
+      return siguienteTrama(id);
+    default: return;
+  }
+}
+
+// Looks for a channel for a task that has none: one that never had, or whose channel went to others.
+void gestcomm::Interior::empezar(int id) {
+  TareaViva* t = tarea(id);
+  if (t->clase->esOlvido) {
+    if (lecturaDelante(*t)) return;
+    if (grupoFallido(t->datos.Grupo))
+      return suprimir(id, QStringLiteral("Grupo %1: no se le ordena olvidar nada, porque no se pudo leer entero.")
+                              .arg(t->datos.Grupo));
+  }
+  const int c = elegirCanal(*t);
+  if (c == kNoVale) {
+    t->Estado = kRechazado;
+    t->Error = kErrorCanal;
+    marcarFallida(*t);
+    return cambio(*t);
+  }
+  if (c == kEsperar || !permitido(id)) return;
+  t = tarea(id);
+  t->Error = 0;
+  t->textoError.clear();
+  const bool abierto = canales[static_cast<size_t>(c)].EstadoCanal == kLibreAbierto && enlaces[c];
+  asignarCanal(*t, c);
+  if (abierto)
+    conectada(id, true);
+  else
+    abrir(id, c);
+}
+
+// Asks the session right before a group is told to forget. When it may not, the task has been dealt with.
+bool gestcomm::Interior::permitido(int id) {
+  TareaViva* t = tarea(id);
+  if (!t->clase->esOlvido) return true;
+  const auto permiso = entorno.sesion.permisoCero(t->datos.Grupo);
+  if (permiso && permiso->permitido) return true;
+  suprimir(id, permiso ? permiso->motivo : permiso.error().texto);
+  return false;
+}
+
+// A task that is not sent so that nothing is lost. Without a watcher it stays, so that the operator sees it.
+void gestcomm::Interior::suprimir(int id, const QString& motivo) {
+  TareaViva* t = tarea(id);
+  t->Error = kErrorSuprimido;
+  if (!motivo.isEmpty()) decir(*t, motivo);
+  if (!(t = tarea(id))) return;
+  t->textoError = motivo;
+  cambio(*t);
+  if (!vigilante) return;
+  problema(id);
+  if (tarea(id)) quitar(id);
+}
+
+// A channel for a waiting task: the one that holds its access, if idle, else the first that fits.
+int gestcomm::Interior::elegirCanal(TareaViva& t) {
+  const int directo = t.datos.CanalDirecto;
+  if (t.datos.Remoto == 2) {
+    if (directo < 0 || directo >= kCanalesFijos) return kNoVale;
+    const auto& canal = canales[static_cast<size_t>(directo)];
+    if (entorno.ajustes.canales[static_cast<size_t>(directo)].Device != 2 || canal.EstadoCanal == kSinUso)
+      return kNoVale;
+  }
+  if (const auto it = ocupados.find(t.acceso); it != ocupados.end())
+    return reutilizable(it->second, t) ? it->second : kEsperar;
+  const auto cerrado = [&](int c) { return canales[static_cast<size_t>(c)].EstadoCanal == kCerrado; };
+  if (t.datos.Remoto == 2) return cerrado(directo) ? directo : kEsperar;
+  if (t.datos.Remoto == 4) {
+    const int c = canalConector(t.datos.Telefono);
+    return cerrado(c) ? c : kEsperar;
+  }
+  for (int c = 0; c < kCanalesFijos; ++c)
+    if (entorno.ajustes.canales[static_cast<size_t>(c)].Device == t.datos.Remoto && cerrado(c)) return c;
+  return kEsperar;
+}
+
+bool gestcomm::Interior::reutilizable(int c, const TareaViva& t) const {
+  const CanalVivo& canal = canales[static_cast<size_t>(c)];
+  // A link speaks one protocol at one speed from its opening to its closing.
+  return canal.EstadoCanal == kLibreAbierto && canal.protocolo == t.datos.Protocolo &&
+         canal.baudios == t.datos.Baudios;
+}
+
+int gestcomm::Interior::canalConector(const QString& nombre) {
+  const auto [it, nuevo] =
+      conectores.try_emplace(nombre.trimmed().toCaseFolded(), static_cast<int>(canales.size()));
+  if (nuevo) {
+    canales.emplace_back().NombreEnlace = nombre;
+    ponerCanal(it->second, kCerrado);
+  }
+  return it->second;
+}
+
+void gestcomm::Interior::asignarCanal(TareaViva& t, int c) {
+  CanalVivo& canal = canales[static_cast<size_t>(c)];
+  t.Estado = kAbriendo;
+  t.Canal = c;
+  t.detenida = false;
+  canal.TareaCanal = t.datos.Id;
+  canal.etiqueta = t.datos.Telefono;
+  canal.acceso = t.acceso;
+  canal.protocolo = t.datos.Protocolo;
+  canal.baudios = t.datos.Baudios;
+  ocupados[t.acceso] = c;
+  ponerCanal(c, kEnUso);
+  cambio(t);
+}
+
+void gestcomm::Interior::abrir(int id, int c) {
+  const TareaViva* t = tarea(id);
+  ponerCanal(c, kEnUso);
+  vigilar(c, 0);
+  cambio(*t);
+  const int error = enlaces.AbrirEnlace(t->datos.Protocolo == 2 ? enlace::kNodalMotor : enlace::kVekMotor, c,
+                                        t->datos.Baudios, t->datos.Remoto == 2 ? QString() : t->datos.Telefono, &fuera);
+  if (error != 0 && tarea(id)) falloApertura(c, id, error);
+}
+
+// The task has a link: its first, the one on which a frame failed, or one opened again.
+void gestcomm::Interior::conectada(int id, bool primera) {
+  TareaViva* t = tarea(id);
+  CanalVivo& canal = canales[static_cast<size_t>(t->Canal)];
+  canal.FallosCierre = 0;
+  t->Estado = kTransfiriendo;
+  ponerCanal(t->Canal, kEnUso);
+  if (primera) t->FallosEnlace = 0;
+  if (!t->trabajo) {
+    t->Traza = 0;
+    t->trabajo = t->clase->crear(t->datos, entorno);
+    if (t->falloVisto) t->trabajo->fallo();
+  } else {
+    t->trabajo->reanudar();
+  }
+  cambio(*t);
+  siguienteTrama(id);
+}
+
+void gestcomm::Interior::siguienteTrama(int id) {
+  TareaViva* t = tarea(id);
+  const auto s = t->trabajo->siguiente();
+  if (!s) return falloTarea(id, s.error());
+  if (s->que == Siguiente::Fin) return finTarea(id);
+  const int c = t->Canal;
+  ponerCanal(c, kEnUso);
+  const int timeOut = s->timeOut != 0 ? s->timeOut : entorno.ajustes.TimeOut;
+  vigilar(c, timeOut);
+  cambio(*t);
+  const int error = mandar(c, *t, *s);
+  if (error != 0 && tarea(id)) falloTrama(id, error);
+}
+
+int gestcomm::Interior::mandar(int c, const TareaViva&, const Siguiente& s) {
+  enlace::comtvIP* link = enlaces[c];
+  if (!link) return 15;
+  link->TimeOut(s.timeOut != 0 ? s.timeOut : entorno.ajustes.TimeOut);
+  switch (s.que) {
+    case Siguiente::Enviar: return link->Enviar(s.addr, s.codigo, s.datos);
+    case Siguiente::Pedir: return link->Pedir(s.addr, s.codigo, s.datos);
+    case Siguiente::EsperarVEK: return link->RxVEK(s.addr, s.codigo);
+    case Siguiente::EsperarNODAL: return link->RxNODAL(s.addr);
+    case Siguiente::Fin: break;
+  }
+  return 0;
+}
+
+// Stores what was read and tells the watcher, both or neither.
+Resultado<std::vector<totals::Aviso>> gestcomm::Interior::cierre(TareaViva& t) {
+  auto tr = dao::Transaccion::empezar(entorno.db);
+  if (!tr) return std::unexpected(tr.error());
+  auto avisos = t.trabajo->cerrar();
+  if (!avisos) return avisos;
+  if (vigilante) TARVO_INTENTAR(vigilante->TareaHecha(t.datos));
+  TARVO_INTENTAR(tr->confirmar());
+  return avisos;
+}
+
+void gestcomm::Interior::finTarea(int id) {
+  TareaViva* t = tarea(id);
+  const int antes = entorno.sesion.estado();
+  auto avisos = cierre(*t);
+  if (!avisos) {
+    // The session's memory may be ahead of what the store kept.
+    if (auto r = entorno.sesion.cargar(); !r) decir(*t, r.error().texto);
+    return falloTarea(id, avisos.error());
+  }
+  const int c = t->Canal;
+  t->Estado = kTerminado;
+  t->Error = t->FallosTrama = 0;
+  t->textoError.clear();
+  anotarBuena(*t);
+  liberarCanal(c);
+  soltarEnlace(c);
+  cambio(*t);
+  const int clase = t->datos.Clase;
+  if (entorno.sesion.estado() != antes)
+    if (auto r = entorno.sesion.reflejar(); !r) avisos->push_back({t->datos.Grupo, r.error().texto, false});
+  decirAvisos(clase, *avisos);
+}
+
+}  // namespace tarvo::motor

@@ -1,0 +1,166 @@
+// The queue: tasks come in, are looked up and go; and which groups have a reading that failed.
+#include "comm/motor/Interior.h"
+
+namespace tarvo::motor {
+
+namespace {
+
+Resultado<std::vector<int>> leerDirecciones(dao::Database& db, int grupo) {
+  auto rs = db.OpenTable(u"BZAS", u"PrimaryKey");
+  if (!rs) return std::unexpected(rs.error());
+  const int cGrupo = (*rs)->columna(u"SUGPO");
+  const int cAddr = (*rs)->columna(u"ADDR");
+  std::vector<int> salida;
+  const auto hay = (*rs)->Seek(dao::Busca::MayorIgual, grupo);
+  if (!hay) return std::unexpected(hay.error());
+  while (!(*rs)->Eof() && (*rs)->entero(cGrupo) == grupo) {
+    salida.push_back(static_cast<int>((*rs)->entero(cAddr)));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return salida;
+}
+
+Acceso accesoDe(const DatosTarea& t) {
+  if (t.Remoto == 2) return {2, QString::number(t.CanalDirecto)};
+  return {t.Remoto, t.Telefono.trimmed().toCaseFolded()};
+}
+
+}  // namespace
+
+void TareaViva::contarFallo(int TareaViva::* seguidos, int TareaViva::* sinAvance) {
+  const qint64 ya = trabajo ? trabajo->avance() : 0;
+  if (ya != avance) enlaceSinAvance = tramaSinAvance = 0;
+  avance = ya;
+  ++(this->*seguidos);
+  ++(this->*sinAvance);
+}
+
+qint64 TareaViva::codigo() const { return trabajo ? trabajo->codigoActual() : datos.Desde; }
+
+// The group's row as a task keeps it; nothing when there is no such group or it doesn't communicate.
+Resultado<std::optional<DatosTarea>> gestcomm::Interior::leerGrupo(int grupo) {
+  auto rs = entorno.db.OpenTable(u"GRUPOS", u"CODGPO");
+  if (!rs) return std::unexpected(rs.error());
+  const auto hay = (*rs)->Seek(dao::Busca::Igual, grupo);
+  if (!hay) return std::unexpected(hay.error());
+  if (!*hay) return std::nullopt;
+  const auto entero = [&](QStringView columna, int defecto) {
+    const int c = (*rs)->columna(columna);
+    return c < 0 || (*rs)->nulo(c) ? defecto : static_cast<int>((*rs)->entero(c));
+  };
+  DatosTarea t;
+  t.Grupo = grupo;
+  t.Remoto = entero(u"remoto", 0);
+  if (t.Remoto < 1 || t.Remoto > 4) return std::nullopt;
+  t.Baudios = entero(u"Baudios", 0);
+  if (t.Remoto == 2)
+    t.CanalDirecto = entero(u"canal", 0) - 1;
+  else
+    t.Telefono = (*rs)->texto((*rs)->columna(u"telef"));
+  t.Seccion = entero(u"seccion", 1);
+  t.Tarifa = entero(u"tarifa", 0);
+  t.Tipo = entero(u"tipo", 0);
+  t.Protocolo = t.Tipo == 2 ? 2 : 1;
+  t.Addr = entero(u"ADDR", 0);
+  auto direcciones = leerDirecciones(entorno.db, grupo);
+  if (!direcciones) return std::unexpected(direcciones.error());
+  t.Direcciones = std::move(*direcciones);
+  return t;
+}
+
+int gestcomm::Interior::nueva(int grupo, bool todo, qint64 desde, qint64 hasta, int clase, qint64 paso) {
+  const ClaseTarea* c = registro.porNumero(clase);
+  if (!c || !c->crear) return 2;
+  const LimitesClases& l = entorno.ajustes.clases;
+  if (clase >= l.ClaseRxMin && clase <= l.ClaseRxMax) {
+    const auto puede = entorno.sesion.PuedeRecibir(grupo, clase);
+    if (!puede) return 2;
+    if (!*puede) return 1;
+  }
+  auto datos = leerGrupo(grupo);
+  if (!datos || !*datos || !c->valePara((*datos)->Tipo)) return 2;
+  auto t = std::make_unique<TareaViva>();
+  t->datos = std::move(**datos);
+  t->datos.Id = ++ultimoId;
+  t->datos.Clase = clase;
+  t->datos.Todo = todo;
+  t->datos.Desde = desde;
+  t->datos.Hasta = hasta;
+  t->datos.paso = paso;
+  t->clase = c;
+  t->acceso = accesoDe(t->datos);
+  if (c->esLectura) lecturas[grupo].insert(ultimoId);
+  tareas.emplace(ultimoId, std::move(t));
+  cambioCola();
+  return 0;
+}
+
+TareaViva* gestcomm::Interior::tarea(int id) {
+  const auto it = tareas.find(id);
+  return it == tareas.end() ? nullptr : it->second.get();
+}
+
+TareaViva* gestcomm::Interior::tareaDe(int canal) {
+  if (canal < 0 || canal >= static_cast<int>(canales.size())) return nullptr;
+  return tarea(canales[static_cast<size_t>(canal)].TareaCanal);
+}
+
+// Takes a task out of the queue. A reading that goes before its end counts as failed.
+void gestcomm::Interior::quitar(int id) {
+  TareaViva* t = tarea(id);
+  if (!t) return;
+  if (t->Estado != kTerminado) {
+    marcarFallida(*t);
+    if (t->trabajo) t->trabajo->abandonar();
+  }
+  lecturas[t->datos.Grupo].erase(id);
+  if (tareaDe(t->Canal) == t) liberarCanal(t->Canal);
+  const auto nodo = tareas.extract(id);  // dies with this scope, behind the observer's call
+  cambioCola();
+}
+
+bool gestcomm::Interior::lecturaDelante(const TareaViva& t) const {
+  const auto it = lecturas.find(t.datos.Grupo);
+  return it != lecturas.end() && !it->second.empty() && *it->second.begin() < t.datos.Id;
+}
+
+void gestcomm::Interior::marcarFallida(TareaViva& t) {
+  if (!t.clase->esLectura || t.fallida) return;
+  t.fallida = true;
+  lecturas[t.datos.Grupo].erase(t.datos.Id);
+  anotarFallido(t.datos.Grupo, t.datos.Clase);
+  if (!t.clase->esTotal) return;
+  if (auto r = entorno.sesion.lecturaFallida(t.datos.Grupo, t.datos.Clase); !r)
+    decir(t, QStringLiteral("Grupo %1: no se pudo anotar que su lectura ha fallado: %2")
+                 .arg(t.datos.Grupo)
+                 .arg(r.error().texto));
+}
+
+void gestcomm::Interior::anotarBuena(const TareaViva& t) {
+  if (!t.clase->esLectura) return;
+  lecturas[t.datos.Grupo].erase(t.datos.Id);
+  const auto it = clasesFallidas.find(t.datos.Grupo);
+  if (it == clasesFallidas.end()) return;
+  it->second.erase(t.datos.Clase);
+  if (!it->second.empty()) return;
+  clasesFallidas.erase(it);
+  gruposFallidos.erase(t.datos.Grupo);
+}
+
+// Failures hold for the run in which they happened; the session keeps what must outlive it.
+void gestcomm::Interior::anotarFallido(int grupo, int clase) {
+  grupoFallido(grupo);
+  clasesFallidas[grupo].insert(clase);
+  gruposFallidos.insert(grupo);
+}
+
+bool gestcomm::Interior::grupoFallido(int grupo) {
+  if (const qint64 n = entorno.sesion.ejecucion(); n != ejecucionFallidos) {
+    ejecucionFallidos = n;
+    gruposFallidos.clear();
+    clasesFallidas.clear();
+  }
+  return gruposFallidos.contains(grupo);
+}
+
+}  // namespace tarvo::motor

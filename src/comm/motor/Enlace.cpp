@@ -1,0 +1,182 @@
+// Channels and links: what their events and failures do to the tasks on them.
+#include <algorithm>
+
+#include "comm/motor/Interior.h"
+
+namespace tarvo::motor {
+
+namespace {
+
+// A refusal by the machine: "ERR" and a number. 0 for an answer that is good.
+int errorDeMaquina(const QByteArray& datos, bool tolera5) {
+  if (!datos.startsWith("ERR")) return 0;
+  const int n = datos.mid(3, 2).trimmed().toInt();
+  if (n >= 1 && n <= 4) return 100 + n;
+  return n == 5 && !tolera5 ? 105 : 0;
+}
+
+}  // namespace
+
+void gestcomm::Interior::ponerCanal(int c, int estado) {
+  CanalVivo& canal = canales[static_cast<size_t>(c)];
+  canal.EstadoCanal = estado;
+  if (estado != kEnUso && estado != kCerrando && estado != kConFallo) canal.limite = 0;
+  if (observador) observador->canalCambiado(c);
+}
+
+qint64 gestcomm::Interior::marcadoMs(int c) const {
+  if (c >= kCanalesFijos) return 0;
+  const ParamCanal& p = entorno.ajustes.canales[static_cast<size_t>(c)];
+  return qint64{std::max(p.Intentos, 0)} * (p.Espera <= 600 ? p.Espera * qint64{1000} : p.Espera);
+}
+
+// From now on the link owes an event within the longest time that anything on it may take.
+void gestcomm::Interior::vigilar(int c, int timeOut) {
+  const Ajustes& a = entorno.ajustes;
+  canales[static_cast<size_t>(c)].limite =
+      ahora() + std::max(a.TimeCero, timeOut) + qint64{4} * a.TimeACK + marcadoMs(c) + 60000;
+}
+
+void gestcomm::Interior::liberarCanal(int c) { canales[static_cast<size_t>(c)].TareaCanal = -1; }
+
+void gestcomm::Interior::canalCerrado(int c) {
+  CanalVivo& canal = canales[static_cast<size_t>(c)];
+  liberarCanal(c);
+  canal.etiqueta.clear();
+  if (canal.acceso) {
+    ocupados.erase(*canal.acceso);
+    canal.acceso.reset();
+  }
+  ponerCanal(c, kCerrado);
+}
+
+void gestcomm::Interior::cerrarEnlace(int c) {
+  if (!enlaces[c]) return canalCerrado(c);
+  ponerCanal(c, kCerrando);
+  const qint64 colgar = c < kCanalesFijos ? entorno.ajustes.canales[static_cast<size_t>(c)].ATHang : 0;
+  canales[static_cast<size_t>(c)].limite = ahora() + std::max<qint64>(colgar, 0) + 30000;
+  if (enlaces[c]->CerrarEnlace() == 0) return;
+  enlaces.abandonar(c);
+  cerrado(c, 0);
+}
+
+// What becomes of the link of a task that has left the channel.
+void gestcomm::Interior::soltarEnlace(int c) {
+  const int estado = canales[static_cast<size_t>(c)].EstadoCanal;
+  if (estado == kParar || estado == kCerrando || estado == kCierreMalo) return;
+  if (!enlaces[c]) return canalCerrado(c);
+  if (enlaces[c]->Portadora())
+    ponerCanal(c, kLibreAbierto);
+  else
+    cerrarEnlace(c);
+}
+
+void gestcomm::Interior::falloApertura(int c, int id, int error) {
+  TareaViva* t = tarea(id);
+  t->Estado = kAperturaFallida;
+  t->Error = t->detenida ? kErrorDetenido : error;
+  t->contarFallo(&TareaViva::FallosEnlace, &TareaViva::enlaceSinAvance);
+  if (t->Error == kErrorDetenido) marcarFallida(*t);
+  cambio(*t);
+  if (!enlaces[c] || enlaces[c]->EnlaceCerrado())
+    ponerCanal(c, kAperturaMala);
+  else
+    cerrarEnlace(c);
+}
+
+void gestcomm::Interior::falloTrama(int id, int error, const QString& texto) {
+  TareaViva* t = tarea(id);
+  t->Estado = kInterrumpido;
+  t->Error = error;
+  t->textoError = texto;
+  t->contarFallo(&TareaViva::FallosTrama, &TareaViva::tramaSinAvance);
+  canales[static_cast<size_t>(t->Canal)].limite = 0;
+  ponerCanal(t->Canal, kConFallo);
+  cambio(*t);
+}
+
+// A task couldn't do its step: a bad record, a store that failed, or something that must not be sent.
+void gestcomm::Interior::falloTarea(int id, const Error& error) {
+  TareaViva* t = tarea(id);
+  if (error.numero == kErrorSuprimido && error.clase == Fallo::Restriccion) {
+    const int c = t->Canal;
+    t->Estado = kEnEspera;
+    t->trabajo.reset();
+    liberarCanal(c);
+    soltarEnlace(c);
+    marcarFallida(*t);
+    return suprimir(id, error.texto);
+  }
+  falloTrama(id, error.clase == Fallo::Formato ? kErrorTrama : kErrorAlmacen, error.texto);
+  decir(*t, error.texto);
+}
+
+// The link went away under a task: the channel opens again for it half a minute later.
+void gestcomm::Interior::enlacePerdido(int id, int error) {
+  TareaViva* t = tarea(id);
+  t->Estado = kInterrumpido;
+  t->Error = error;
+  t->contarFallo(&TareaViva::FallosTrama, &TareaViva::tramaSinAvance);
+  ponerCanal(t->Canal, kPerdido);
+  cambio(*t);
+}
+
+void gestcomm::Interior::abierto(int c, int error) {
+  TareaViva* t = tareaDe(c);
+  const int estado = canales[static_cast<size_t>(c)].EstadoCanal;
+  if (!t || estado == kParar || estado == kCerrando) {
+    if (error != 0) return cerrado(c, 0);
+    if (estado != kCerrando) cerrarEnlace(c);
+    return;
+  }
+  canales[static_cast<size_t>(c)].limite = 0;
+  if (error != 0) return falloApertura(c, t->datos.Id, error);
+  conectada(t->datos.Id, true);
+}
+
+void gestcomm::Interior::cerrado(int c, int error) {
+  CanalVivo& canal = canales[static_cast<size_t>(c)];
+  TareaViva* t = tareaDe(c);
+  if (error != 0) ++canal.FallosCierre;
+  if (!t || canal.EstadoCanal == kParar) return error != 0 ? ponerCanal(c, kCierreMalo) : canalCerrado(c);
+  const int id = t->datos.Id;
+  if (t->Estado == kAbriendo && canal.EstadoCanal == kCerrando) {
+    t->detenida = true;
+    return falloApertura(c, id, kErrorDetenido);
+  }
+  switch (t->Estado) {
+    case kAbriendo: return falloApertura(c, id, error != 0 ? error : kErrorCaida);
+    case kAperturaFallida: return ponerCanal(c, error != 0 ? kCierreMalo : kAperturaMala);
+    case kTransfiriendo:
+      // A closing that was asked for because the carrier had gone was counted when its frame failed.
+      if (canal.EstadoCanal == kConFallo && error == 0) return ponerCanal(c, kPerdido);
+      return enlacePerdido(id, kErrorCaida);
+    case kRetenido: return enlacePerdido(id, kErrorCaida);
+    case kInterrumpido: return ponerCanal(c, kPerdido);
+    default: return canalCerrado(c);
+  }
+}
+
+// The outcome of a frame or of a wait. `deLista`: a frame of a NODAL list.
+void gestcomm::Interior::respuesta(int c, int error, int addr, int codigo, const QByteArray& datos, bool deLista) {
+  TareaViva* t = tareaDe(c);
+  if (!t || canales[static_cast<size_t>(c)].EstadoCanal == kParar || !t->trabajo) return;
+  // The machine of a list goes on in its own time: a frame that comes while the retry is due is that list's next one.
+  const bool tarde = deLista && error == 0 && t->Estado == kInterrumpido && t->Error == kErrorTiempo;
+  if (t->Estado != kTransfiriendo && !tarde) return;
+  const int id = t->datos.Id;
+  if (error == 0) error = deLista ? 0 : errorDeMaquina(datos, t->clase->toleraErr5);
+  if (error != 0) return falloTrama(id, error);
+  t->Estado = kTransfiriendo;
+  canales[static_cast<size_t>(c)].limite = 0;
+  if (const auto r = t->trabajo->respuesta(addr, codigo, datos); !r) return falloTarea(id, r.error());
+  t->FallosTrama = 0;
+  t->Error = 0;
+  t->textoError.clear();
+  ++t->Traza;
+  if (t->Retenida) t->Estado = kRetenido;
+  cambio(*t);
+  if ((t = tarea(id)) && t->Estado == kTransfiriendo) siguienteTrama(id);
+}
+
+}  // namespace tarvo::motor

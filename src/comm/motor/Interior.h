@@ -1,0 +1,155 @@
+// The engine's state and the operations that its files share. Tables of states and transitions: docs/motor.md.
+//
+// Every call to a link, a task or a watcher may come back into the engine. So a step writes its state before it calls
+// out, keeps numbers of tasks and channels across the call, and looks them up again.
+#pragma once
+
+#include <deque>
+#include <map>
+#include <set>
+#include <vector>
+
+#include "comm/motor/gestcomm.h"
+
+namespace tarvo::motor {
+
+enum EstadoCanal : int {
+  kSinUso = 0, kLibreAbierto = 1, kEnUso = 2, kCerrado = 3, kConFallo = 4, kCerrando = 5, kPerdido = 6,
+  kEsperaReapertura = 7, kAperturaMala = 8, kCierreMalo = 9, kParar = 10,
+};
+
+inline constexpr int kPulsoMs = 500;
+inline constexpr int kReaperturaMs = 30000;
+inline constexpr int kIntentosCierre = 5;
+inline constexpr int kPulsosReintento = 3;
+inline constexpr int kCanalesFijos = 4;
+
+// How a group is reached: Remoto, and the number, host or name compared without blanks around it and without case, or
+// the channel of a direct cable.
+using Acceso = std::pair<int, QString>;
+
+struct TareaViva {
+  DatosTarea datos;
+  const ClaseTarea* clase = nullptr;
+  Acceso acceso;
+  int Estado = kEnEspera, Error = 0, Traza = -1, Canal = -1;
+  int FallosEnlace = 0, FallosTrama = 0, EsperaReintento = kPulsosReintento;
+  bool Retenida = false;
+  bool detenida = false;   // the operator stopped it while its link was being opened
+  bool fallida = false;    // a reading noted as failed
+  bool falloVisto = false; // the retry rule has seen a failure
+  // Failures since `avance` last moved: what ends a task that fails again and again at one place.
+  qint64 avance = 0;
+  int enlaceSinAvance = 0, tramaSinAvance = 0;
+  QString textoError, dicho;
+  std::unique_ptr<TrabajoTarea> trabajo;
+
+  void contarFallo(int TareaViva::* seguidos, int TareaViva::* sinAvance);
+  qint64 codigo() const;
+};
+
+struct CanalVivo {
+  int EstadoCanal = kCerrado, TareaCanal = -1, FallosCierre = 0;
+  QString NombreEnlace, etiqueta;
+  std::optional<Acceso> acceso;       // of the link that is open, opening or closing here
+  int protocolo = 0, baudios = 0;     // it was opened with
+  qint64 reapertura = 0;              // when it opens again (monotonic ms)
+  qint64 limite = 0;                  // when a link that gives no event is dropped; 0 for no watch
+};
+
+struct gestcomm::Interior {
+  Interior(gestcomm& dueno, Entorno e, enlace::Enlaces& en, const RegistroTareas& r);
+  ~Interior();
+
+  gestcomm& fuera;  // as the links know the engine
+  Entorno entorno;
+  enlace::Enlaces& enlaces;
+  const RegistroTareas& registro;
+  std::map<int, std::unique_ptr<TareaViva>> tareas;  // by id, which is queue order
+  int ultimoId = 0;
+  std::deque<CanalVivo> canales;
+  std::map<QString, int> conectores;     // channel of each connector name
+  std::map<Acceso, int> ocupados;        // channel that holds each access
+  std::map<int, std::set<int>> lecturas; // unfinished readings of each group, by id
+  bool automatico = true;
+  int reintentos = 0;
+  bool borrarFallos = false;
+  Vigilante* vigilante = nullptr;
+  Observador* observador = nullptr;
+  std::set<int> gruposFallidos;
+  std::map<int, std::set<int>> clasesFallidas;  // 0: noted from outside
+  qint64 ejecucionFallidos = 0;
+  std::function<void()> alCerrar;
+  std::unique_ptr<Temporizador> pulso, alFin;
+
+  // Cola.cpp: the queue
+  int nueva(int grupo, bool todo, qint64 desde, qint64 hasta, int clase, qint64 paso);
+  Resultado<std::optional<DatosTarea>> leerGrupo(int grupo);
+  TareaViva* tarea(int id);
+  TareaViva* tareaDe(int canal);
+  void quitar(int id);
+  bool lecturaDelante(const TareaViva& t) const;
+  void marcarFallida(TareaViva& t);
+  void anotarBuena(const TareaViva& t);
+  bool grupoFallido(int grupo);
+  void anotarFallido(int grupo, int clase);
+
+  // Pulso.cpp: the tick and the retry rule
+  void latido();
+  void pasarTareas();
+  void pasarCanales();
+  void atender(int id);
+  void atenderCanal(int canal);
+  void vigilarCanal(int canal);
+  void reglaReintento(int id);
+  void rendir(int id);
+  bool esperaCierre(const TareaViva& t) const;
+
+  // Avance.cpp: what a task does next
+  void avanzar(int id);
+  void empezar(int id);
+  bool permitido(int id);
+  void suprimir(int id, const QString& motivo);
+  int elegirCanal(TareaViva& t);
+  int canalConector(const QString& nombre);
+  bool reutilizable(int canal, const TareaViva& t) const;
+  void asignarCanal(TareaViva& t, int canal);
+  void abrir(int id, int canal);
+  void conectada(int id, bool primera);
+  void siguienteTrama(int id);
+  void finTarea(int id);
+  Resultado<std::vector<totals::Aviso>> cierre(TareaViva& t);
+  int mandar(int canal, const TareaViva& t, const Siguiente& s);
+
+  // Enlace.cpp: channels, failures, links
+  void falloApertura(int canal, int id, int error);
+  void falloTrama(int id, int error, const QString& texto = {});
+  void falloTarea(int id, const Error& error);
+  void enlacePerdido(int id, int error);
+  void cerrarEnlace(int canal);
+  void canalCerrado(int canal);
+  void liberarCanal(int canal);
+  void soltarEnlace(int canal);
+  void ponerCanal(int canal, int estado);
+  void vigilar(int canal, int timeOut);
+  qint64 marcadoMs(int canal) const;
+  void abierto(int canal, int error);
+  void cerrado(int canal, int error);
+  void respuesta(int canal, int error, int addr, int codigo, const QByteArray& datos, bool deLista);
+
+  // Ordenes.cpp: the operator
+  void detener(int id);
+  void eliminar(int id);
+  bool todosInactivos() const;
+  void comprobarFin();
+
+  // telling
+  void cambio(const TareaViva& t);
+  void cambioCola();
+  void decir(const TareaViva& t, const QString& texto);
+  void decirAvisos(int clase, const std::vector<totals::Aviso>& avisos);
+  void problema(int id);
+  qint64 ahora() const { return entorno.reloj.monotono(); }
+};
+
+}  // namespace tarvo::motor

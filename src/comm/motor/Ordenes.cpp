@@ -1,0 +1,96 @@
+// The operator's commands, the end of the engine, and what it tells to those who look on.
+#include "comm/motor/Interior.h"
+
+namespace tarvo::motor {
+
+void gestcomm::Interior::detener(int id) {
+  TareaViva* t = tarea(id);
+  if (!t) return;
+  const int c = t->Canal;
+  switch (t->Estado) {
+    case kAbriendo:
+      t->detenida = true;
+      if (enlaces[c])
+        cerrarEnlace(c);
+      else
+        falloApertura(c, id, kErrorDetenido);
+      return;
+    case kTransfiriendo:
+    case kRetenido: {
+      const bool enMarcha = t->Estado == kTransfiriendo;
+      t->Estado = kDetenido;
+      marcarFallida(*t);
+      if (tareaDe(c) == t) {
+        liberarCanal(c);
+        if (!enlaces[c])
+          canalCerrado(c);
+        else
+          ponerCanal(c, enMarcha ? kParar : kLibreAbierto);
+      }
+      return cambio(*t);
+    }
+    default: return;
+  }
+}
+
+// Takes a task that isn't on its way out of the queue. A failed reading leaves the inbox as it was.
+void gestcomm::Interior::eliminar(int id) {
+  TareaViva* t = tarea(id);
+  if (!t || t->Estado == kAbriendo || t->Estado == kTransfiriendo || t->Estado == kRetenido) return;
+  const int c = t->Canal;
+  if (c >= 0 && tareaDe(c) == t) {
+    liberarCanal(c);
+    soltarEnlace(c);
+  }
+  quitar(id);
+}
+
+bool gestcomm::Interior::todosInactivos() const {
+  for (const CanalVivo& c : canales) {
+    switch (c.EstadoCanal) {
+      case kLibreAbierto:
+      case kEnUso:
+      case kConFallo:
+      case kCerrando:
+      case kCierreMalo:
+      case kParar: return false;
+      default: break;
+    }
+  }
+  return true;
+}
+
+void gestcomm::Interior::comprobarFin() {
+  if (!alCerrar || !todosInactivos()) return;
+  const auto f = std::exchange(alCerrar, nullptr);
+  f();
+}
+
+void gestcomm::Interior::cambio(const TareaViva& t) {
+  if (observador) observador->tareaCambiada(t.datos.Id);
+}
+
+void gestcomm::Interior::cambioCola() {
+  if (observador) observador->colaCambiada();
+}
+
+// A sentence about a task's group that a person must read, once for each task.
+void gestcomm::Interior::decir(const TareaViva& t, const QString& texto) {
+  if (texto == t.dicho || texto.isEmpty()) return;
+  const int id = t.datos.Id;
+  if (TareaViva* viva = tarea(id)) viva->dicho = texto;
+  if (vigilante) vigilante->InformeAviso(t.datos.Clase, {t.datos.Grupo, texto, true});
+}
+
+void gestcomm::Interior::decirAvisos(int clase, const std::vector<totals::Aviso>& avisos) {
+  for (const totals::Aviso& a : avisos)
+    if (vigilante) vigilante->InformeAviso(clase, a);
+}
+
+void gestcomm::Interior::problema(int id) {
+  const TareaViva* t = tarea(id);
+  if (vigilante && t)
+    vigilante->InformeProblema(t->datos.Clase, t->datos.Grupo, t->Error, t->Estado, t->codigo());
+}
+
+}  // namespace tarvo::motor

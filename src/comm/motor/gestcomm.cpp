@@ -1,0 +1,168 @@
+#include "comm/motor/gestcomm.h"
+
+#include "comm/motor/Interior.h"
+
+namespace tarvo::motor {
+
+gestcomm::Interior::Interior(gestcomm& dueno, Entorno e, enlace::Enlaces& en, const RegistroTareas& r)
+    : fuera(dueno), entorno(e), enlaces(en), registro(r) {
+  for (const ParamCanal& p : e.ajustes.canales)
+    canales.emplace_back().EstadoCanal = p.Device == 0 ? kSinUso : kCerrado;
+  pulso = e.reloj.temporizador([this] { latido(); });
+  pulso->cada(kPulsoMs);
+  alFin = e.reloj.temporizador([this] { comprobarFin(); });
+}
+
+gestcomm::Interior::~Interior() {
+  for (int c = 0; c < static_cast<int>(canales.size()); ++c)
+    if (canales[static_cast<size_t>(c)].acceso && enlaces[c]) enlaces.abandonar(c);
+}
+
+gestcomm::gestcomm(Entorno entorno, enlace::Enlaces& enlaces, const RegistroTareas& registro)
+    : d(std::make_unique<Interior>(*this, entorno, enlaces, registro)) {}
+
+gestcomm::~gestcomm() = default;
+
+int gestcomm::NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, int clase, qint64 paso) {
+  return d->nueva(grupo, todo, desde, hasta, clase, paso);
+}
+
+void gestcomm::CambioAModo(bool automatico) {
+  d->automatico = automatico;
+  d->cambioCola();
+}
+
+bool gestcomm::ModoAutomatico() const { return d->automatico; }
+
+void gestcomm::VigilaProcesos(int reintentos, bool borrarFallos, Vigilante* vigilante) {
+  d->reintentos = reintentos;
+  d->borrarFallos = borrarFallos;
+  d->vigilante = vigilante;
+}
+
+gestcomm::Cuenta gestcomm::CuantosQuedan() const {
+  Cuenta n;
+  for (const auto& [id, t] : d->tareas) {
+    const bool suprimida = t->Estado == kEnEspera && t->Error == kErrorSuprimido;
+    const bool enCurso = t->Estado == kEnEspera || t->Estado == kAbriendo || t->Estado == kTransfiriendo ||
+                         t->Estado == kTerminado;
+    ++(enCurso && !suprimida ? n.enCurso : n.fallidas);
+    ++n.total;
+  }
+  return n;
+}
+
+const std::set<int>& gestcomm::GruposFallidos() const {
+  d->grupoFallido(0);
+  return d->gruposFallidos;
+}
+
+void gestcomm::anadirGrupoFallido(int grupo) { d->anotarFallido(grupo, 0); }
+
+Resultado<bool> gestcomm::LaSesion(int nuevo) {
+  totals::Sesion& s = d->entorno.sesion;
+  if (nuevo == s.estado()) return true;
+  if (nuevo == 1 && s.estado() == 0) {
+    auto r = s.AbrirSesion();
+    if (!r || !*r) return r;
+  } else if (nuevo == 0) {
+    TARVO_INTENTAR(s.ponerEstado(0));
+  } else {
+    return false;
+  }
+  if (auto r = s.reflejar(); !r) d->decirAvisos(0, {{0, r.error().texto, false}});
+  return true;
+}
+
+void gestcomm::AvanzarTarea(int id) { d->avanzar(id); }
+
+void gestcomm::PausarTarea(int id) {
+  if (TareaViva* t = d->tarea(id)) {
+    t->Retenida = t->Estado == kTransfiriendo;
+    d->cambio(*t);
+  }
+}
+
+void gestcomm::DetenerTarea(int id) { d->detener(id); }
+
+void gestcomm::EliminarTarea(int id) { d->eliminar(id); }
+
+void gestcomm::terminator() {
+  std::vector<int> ids;
+  for (const auto& [id, t] : d->tareas) ids.push_back(id);
+  for (const int id : ids) {
+    const TareaViva* t = d->tarea(id);
+    if (!t) continue;
+    if (t->Estado == kAbriendo || t->Estado == kTransfiriendo || t->Estado == kRetenido)
+      d->detener(id);
+    else
+      d->eliminar(id);
+  }
+}
+
+void gestcomm::cerrar(std::function<void()> alCerrar) {
+  d->alCerrar = std::move(alCerrar);
+  std::vector<int> ids;
+  for (const auto& [id, t] : d->tareas) ids.push_back(id);
+  for (const int id : ids) d->detener(id);
+  for (int c = 0; c < static_cast<int>(d->canales.size()); ++c) {
+    switch (d->canales[static_cast<size_t>(c)].EstadoCanal) {
+      case kConFallo:
+      case kCierreMalo: d->liberarCanal(c); [[fallthrough]];
+      case kLibreAbierto:
+      case kParar: d->cerrarEnlace(c); break;
+      default: break;
+    }
+  }
+  d->alFin->unaVez(0);
+}
+
+bool gestcomm::puedeCerrar() const {
+  for (const auto& [id, t] : d->tareas)
+    if (t->Estado == kAbriendo || t->Estado == kTransfiriendo || t->Estado == kRetenido) return false;
+  return true;
+}
+
+std::vector<VistaTarea> gestcomm::tareas() const {
+  std::vector<VistaTarea> salida;
+  salida.reserve(d->tareas.size());
+  for (const auto& [id, t] : d->tareas)
+    salida.push_back({t->datos, t->Estado, t->Error, t->Traza, t->Canal, t->FallosEnlace, t->FallosTrama,
+                      t->Retenida, t->textoError, t->trabajo ? t->trabajo->MostrarTraza() : QString()});
+  return salida;
+}
+
+std::vector<VistaCanal> gestcomm::canales() const {
+  std::vector<VistaCanal> salida;
+  for (const CanalVivo& c : d->canales)
+    salida.push_back({c.EstadoCanal, c.TareaCanal, c.FallosCierre, c.NombreEnlace, c.etiqueta});
+  return salida;
+}
+
+void gestcomm::observar(Observador* observador) { d->observador = observador; }
+
+// --- events of the links -----------------------------------------------------------------------------
+
+void gestcomm::Abrir_Evento(int canal, int error) { d->abierto(canal, error); }
+void gestcomm::Cerrar_Evento(int canal, int error) { d->cerrado(canal, error); }
+void gestcomm::EnvioVEK_Evento(int canal, int error, int addr, int codigo, const QByteArray& datos) {
+  d->respuesta(canal, error, addr, codigo, datos, false);
+}
+void gestcomm::EnvioNDL_Evento(int canal, int error) { d->respuesta(canal, error, -1, 0, {}, false); }
+void gestcomm::ReciboNDL_Evento(int canal, int error, int codigo, const QByteArray& datos) {
+  d->respuesta(canal, error, -1, codigo, datos, true);
+}
+void gestcomm::ReciboVEK_Evento(int canal, int error, int addr, int codigo, const QByteArray& datos) {
+  d->respuesta(canal, error, addr, codigo, datos, false);
+}
+void gestcomm::CD_Evento(int canal, bool) {
+  if (d->observador) d->observador->canalCambiado(canal);
+}
+
+bool gestcomm::encaja(int canal, int addr, int codigo, const QByteArray& datos) {
+  const TareaViva* t = d->tareaDe(canal);
+  if (!t || !t->trabajo || datos.startsWith("ERR")) return true;
+  return t->trabajo->encaja(addr, codigo, datos);
+}
+
+}  // namespace tarvo::motor

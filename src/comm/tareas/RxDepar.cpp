@@ -1,0 +1,77 @@
+#include "comm/maquinas/Caja.h"
+#include "comm/maquinas/Nodal.h"
+#include "comm/maquinas/Vek.h"
+#include "comm/tareas/Fabricas.h"
+#include "comm/tareas/Totales.h"
+
+namespace tarvo::tareas {
+
+namespace {
+
+class DepartamentosVek final : public PreguntasVek {
+ public:
+  using PreguntasVek::PreguntasVek;
+  QString MostrarTraza() const override { return QStringLiteral("D %1").arg(n_); }
+  qint64 codigoActual() const override { return n_; }
+
+ protected:
+  bool acabada() const override { return n_ > maquinas::MaxDepartamentos(t_.Tipo); }
+  maquinas::Peticion pregunta() const override { return maquinas::vek::departamento(n_); }
+  bool responde(const QByteArray& datos) const override {
+    const auto numero = maquinas::vek::cabeza(datos, 1, 2);
+    return !numero || *numero == n_;
+  }
+  QString lugar() const override { return QStringLiteral("departamento %1").arg(n_); }
+  Resultado<> registro(const QByteArray& datos) override {
+    const auto r = maquinas::vek::leerDepartamento(datos);
+    if (!r) return std::unexpected(r.error());
+    filasGrupo()[{r->numero, 0}] = contadores(*r);
+    ++n_;
+    return {};
+  }
+
+ private:
+  int n_ = 1;
+};
+
+class DepartamentosNodal final : public ListaNodal {
+ public:
+  using ListaNodal::ListaNodal;
+
+ protected:
+  maquinas::Peticion pregunta() const override { return maquinas::nodal::departamentos(); }
+  QString lugar() const override { return QStringLiteral("lista de departamentos"); }
+  Resultado<> registros(const QByteArray& datos) override {
+    const auto r = maquinas::nodal::leerDepartamentos(datos);
+    if (!r) return std::unexpected(r.error());
+    for (const maquinas::Total& t : *r) filasGrupo()[{t.numero, 0}] = contadores(t);
+    return {};
+  }
+};
+
+class DepartamentosCaja final : public ListasCaja {
+ public:
+  using ListasCaja::ListasCaja;
+
+ protected:
+  maquinas::Peticion pregunta() const override { return maquinas::caja::totales(); }
+  QString lugar() const override { return QStringLiteral("lista de departamentos"); }
+  Resultado<> registro(const QByteArray& datos, totals::Lectura::Filas& filas) override {
+    const auto r = maquinas::caja::leerDepartamento(datos);
+    if (!r) return std::unexpected(r.error());
+    if (*r) filas[{(*r)->numero, 0}] += contadores(**r);
+    return {};
+  }
+};
+
+}  // namespace
+
+Trabajo crearRxDepar(const motor::DatosTarea& t, const motor::Entorno& e) {
+  switch (t.Tipo) {
+    case 2: return std::make_unique<DepartamentosNodal>(t, e);
+    case 3: return std::make_unique<DepartamentosCaja>(t, e);
+    default: return std::make_unique<DepartamentosVek>(t, e);
+  }
+}
+
+}  // namespace tarvo::tareas

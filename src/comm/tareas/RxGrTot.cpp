@@ -1,0 +1,76 @@
+#include "comm/maquinas/Caja.h"
+#include "comm/maquinas/Nodal.h"
+#include "comm/maquinas/Vek.h"
+#include "comm/tareas/Fabricas.h"
+#include "comm/tareas/GranTotal.h"
+
+namespace tarvo::tareas {
+
+namespace {
+
+const QString kLugarGranTotal = QStringLiteral("gran total");
+
+class GranTotalVek final : public PreguntasVek {
+ public:
+  using PreguntasVek::PreguntasVek;
+
+ protected:
+  bool acabada() const override { return hecha_; }
+  maquinas::Peticion pregunta() const override { return maquinas::vek::granTotal(t_.Tipo); }
+  bool responde(const QByteArray&) const override { return true; }
+  QString lugar() const override { return kLugarGranTotal; }
+  Resultado<> registro(const QByteArray& datos) override {
+    const auto r = maquinas::vek::leerGranTotal(datos, t_.Tipo);
+    if (!r) return std::unexpected(r.error());
+    filasGrupo()[{t_.Grupo, 0}] = contadores(*r);
+    hecha_ = true;
+    return {};
+  }
+
+ private:
+  bool hecha_ = false;
+};
+
+class GranTotalNodal final : public ListaNodal {
+ public:
+  using ListaNodal::ListaNodal;
+
+ protected:
+  maquinas::Peticion pregunta() const override { return maquinas::nodal::granTotal(); }
+  QString lugar() const override { return kLugarGranTotal; }
+  Resultado<> registros(const QByteArray& datos) override {
+    const auto r = maquinas::nodal::leerGranTotal(datos);
+    if (!r) return std::unexpected(r.error());
+    filasGrupo()[{t_.Grupo, 0}] = contadores(*r);
+    return {};
+  }
+};
+
+class GranTotalCaja final : public ListasCaja {
+ public:
+  using ListasCaja::ListasCaja;
+
+ protected:
+  maquinas::Peticion pregunta() const override { return maquinas::caja::totales(); }
+  QString lugar() const override { return kLugarGranTotal; }
+  Resultado<> registro(const QByteArray& datos, totals::Lectura::Filas& filas) override {
+    const auto r = maquinas::caja::leerGranTotal(datos);
+    if (!r) return std::unexpected(r.error());
+    if (*r) filas[{t_.Grupo, 0}] += contadores(**r);
+    return {};
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Totales> crearGranTotal(const motor::DatosTarea& t, const motor::Entorno& e) {
+  switch (t.Tipo) {
+    case 2: return std::make_unique<GranTotalNodal>(t, e);
+    case 3: return std::make_unique<GranTotalCaja>(t, e);
+    default: return std::make_unique<GranTotalVek>(t, e);
+  }
+}
+
+Trabajo crearRxGrTot(const motor::DatosTarea& t, const motor::Entorno& e) { return crearGranTotal(t, e); }
+
+}  // namespace tarvo::tareas

@@ -1,0 +1,10 @@
+#include "comm/tareas/Fabricas.h"
+#include "comm/tareas/Listas.h"
+
+namespace tarvo::tareas {
+
+Trabajo crearRxInven(const motor::DatosTarea& t, const motor::Entorno& e) {
+  return crearLista(t, e, Documento::Inventario);
+}
+
+}  // namespace tarvo::tareas

@@ -1,0 +1,79 @@
+#include "comm/maquinas/Nodal.h"
+#include "comm/maquinas/Vek.h"
+#include "comm/tareas/Fabricas.h"
+#include "comm/tareas/Totales.h"
+
+namespace tarvo::tareas {
+
+namespace {
+
+// Positions that hold the same operator add up; a position without one counts for operator 0.
+class OperadoresVek final : public PreguntasVek {
+ public:
+  using PreguntasVek::PreguntasVek;
+  QString MostrarTraza() const override { return QStringLiteral("O %1").arg(n_); }
+  qint64 codigoActual() const override { return n_; }
+
+ protected:
+  Resultado<> preparar() override {
+    auto r = leerOperadores(e_.db, t_.Grupo);
+    if (!r) return std::unexpected(r.error());
+    operadores_ = *r;
+    return {};
+  }
+  bool acabada() const override { return n_ > maquinas::MaxOperadores(t_.Tipo); }
+  maquinas::Peticion pregunta() const override { return maquinas::vek::operador(n_); }
+  bool responde(const QByteArray& datos) const override {
+    // The head repeats the position where the scale fills it in.
+    const auto posicion = maquinas::vek::cabeza(datos, 1, 2);
+    return !posicion || *posicion == 0 || *posicion == n_;
+  }
+  QString lugar() const override { return QStringLiteral("operador en posición %1").arg(n_); }
+  Resultado<> registro(const QByteArray& datos) override {
+    const auto r = maquinas::vek::leerOperador(datos);
+    if (!r) return std::unexpected(r.error());
+    filasGrupo()[{operadores_[static_cast<size_t>(n_)], 0}] += contadores(*r);
+    ++n_;
+    return {};
+  }
+
+ private:
+  int n_ = 1;
+  std::array<qint64, 21> operadores_{};
+};
+
+class OperadoresNodal final : public ListaNodal {
+ public:
+  using ListaNodal::ListaNodal;
+
+ protected:
+  Resultado<> preparar() override {
+    auto r = leerOperadores(e_.db, t_.Grupo);
+    if (!r) return std::unexpected(r.error());
+    operadores_ = *r;
+    return {};
+  }
+  maquinas::Peticion pregunta() const override { return maquinas::nodal::operadores(); }
+  QString lugar() const override { return QStringLiteral("lista de operadores"); }
+  Resultado<> registros(const QByteArray& datos) override {
+    const auto r = maquinas::nodal::leerOperadores(datos);
+    if (!r) return std::unexpected(r.error());
+    for (const maquinas::Total& t : *r)
+      if (t.numero < 1 || t.numero >= static_cast<qint64>(operadores_.size()))
+        return fallo(Fallo::Formato, QStringLiteral("no existe la posición de operador %1").arg(t.numero), 7);
+    for (const maquinas::Total& t : *r) filasGrupo()[{operadores_[static_cast<size_t>(t.numero)], 0}] += contadores(t);
+    return {};
+  }
+
+ private:
+  std::array<qint64, 21> operadores_{};
+};
+
+}  // namespace
+
+Trabajo crearRxOpera(const motor::DatosTarea& t, const motor::Entorno& e) {
+  if (t.Tipo == 2) return std::make_unique<OperadoresNodal>(t, e);
+  return std::make_unique<OperadoresVek>(t, e);
+}
+
+}  // namespace tarvo::tareas

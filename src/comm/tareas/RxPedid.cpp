@@ -1,0 +1,10 @@
+#include "comm/tareas/Fabricas.h"
+#include "comm/tareas/Listas.h"
+
+namespace tarvo::tareas {
+
+Trabajo crearRxPedid(const motor::DatosTarea& t, const motor::Entorno& e) {
+  return crearLista(t, e, Documento::Pedido);
+}
+
+}  // namespace tarvo::tareas

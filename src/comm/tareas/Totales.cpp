@@ -1,0 +1,156 @@
+#include "comm/tareas/Totales.h"
+
+#include <algorithm>
+
+#include "comm/maquinas/Caja.h"
+#include "comm/maquinas/Nodal.h"
+
+namespace tarvo::tareas {
+
+using motor::Siguiente;
+
+std::unexpected<Error> falloEn(const Error& e, int grupo, const QString& lugar) {
+  return std::unexpected<Error>(
+      Error{e.clase, e.numero, QStringLiteral("Grupo %1, %2: %3.").arg(grupo).arg(lugar, e.texto)});
+}
+
+Resultado<std::array<qint64, 21>> leerOperadores(dao::Database& db, int grupo) {
+  std::array<qint64, 21> salida{};
+  auto rs = db.OpenTable(u"GRUPOS", u"CODGPO");
+  if (!rs) return std::unexpected(rs.error());
+  const auto hay = (*rs)->Seek(dao::Busca::Igual, grupo);
+  if (!hay) return std::unexpected(hay.error());
+  if (!*hay) return fallo(Fallo::NoExiste, QStringLiteral("El grupo %1 ya no existe.").arg(grupo));
+  for (size_t n = 1; n < salida.size(); ++n) {
+    const int c = (*rs)->columna(QStringLiteral("OP%1_C").arg(n, 2, 10, QLatin1Char('0')));
+    salida[n] = c < 0 || (*rs)->nulo(c) ? 0 : (*rs)->entero(c);
+  }
+  return salida;
+}
+
+// --- all readings ------------------------------------------------------------------------------------
+
+Totales::Totales(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e) {}
+
+Resultado<Siguiente> Totales::siguiente() {
+  if (!anunciada_) {
+    TARVO_INTENTAR(e_.sesion.PrepararRecepcion(t_.Grupo, t_.Clase));
+    anunciada_ = true;
+  }
+  if (!preparada_) {
+    TARVO_INTENTAR(preparar());
+    preparada_ = true;
+  }
+  return paso();
+}
+
+Resultado<std::vector<totals::Aviso>> Totales::cerrar() {
+  std::vector<totals::Aviso> avisos;
+  TARVO_INTENTAR(e_.sesion.guardarLectura(t_.Grupo, t_.Clase, lectura_, avisos));
+  return avisos;
+}
+
+// --- kinds 1 and 4 -----------------------------------------------------------------------------------
+
+Resultado<Siguiente> PreguntasVek::paso() {
+  filasGrupo();
+  if (acabada()) return Siguiente::fin();
+  const maquinas::Peticion p = pregunta();
+  return Siguiente{Siguiente::Enviar, 0, p.codigo, p.datos, timeOut()};
+}
+
+bool PreguntasVek::encaja(int, int codigo, const QByteArray& datos) const {
+  return !acabada() && codigo == pregunta().codigo && responde(datos);
+}
+
+Resultado<> PreguntasVek::respuesta(int, int, const QByteArray& datos) {
+  const QString donde = lugar();
+  if (const auto r = registro(datos); !r) return falloEn(r.error(), t_.Grupo, donde);
+  ++hechas_;
+  return {};
+}
+
+// --- kind 2 ------------------------------------------------------------------------------------------
+
+Resultado<Siguiente> ListaNodal::paso() {
+  filasGrupo();
+  if (fase_ == 0) return Siguiente::fin();
+  if (fase_ == 2) return Siguiente{Siguiente::EsperarNODAL, t_.Addr};
+  const maquinas::Peticion p = pregunta();
+  return Siguiente{Siguiente::Enviar, t_.Addr, p.codigo, p.datos};
+}
+
+bool ListaNodal::encaja(int, int codigo, const QByteArray&) const {
+  return fase_ != 2 || codigo == pregunta().codigo || !maquinas::nodal::esDePeticion(codigo);
+}
+
+Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
+  if (fase_ == 1) {
+    fase_ = 2;
+  } else if (codigo == maquinas::nodal::kFinDeLista) {
+    fase_ = 0;
+  } else if (const auto r = registros(datos); !r) {
+    return falloEn(r.error(), t_.Grupo, lugar());
+  }
+  return {};
+}
+
+void ListaNodal::reanudar() {
+  if (fase_ != 2) return;
+  fase_ = 1;
+  otraVez();
+}
+
+// --- kind 3 ------------------------------------------------------------------------------------------
+
+ListasCaja::ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e) : Totales(t, e) {
+  // A register entered twice is one register: its sales count once.
+  std::vector<int> distintas;
+  for (const int addr : t_.Direcciones)
+    if (std::ranges::find(distintas, addr) == distintas.end()) distintas.push_back(addr);
+  t_.Direcciones = std::move(distintas);
+}
+
+Resultado<Siguiente> ListasCaja::paso() {
+  if (t_.Direcciones.empty())
+    return fallo(Fallo::Restriccion,
+                 QStringLiteral("El grupo %1 no tiene ninguna caja dada de alta: no hay nada que leer.").arg(t_.Grupo),
+                 motor::kErrorSuprimido);
+  if (indice_ == t_.Direcciones.size()) return Siguiente::fin();
+  const maquinas::Peticion p = pregunta();
+  if (fase_ == 2) return Siguiente{Siguiente::EsperarVEK, direccion(), p.codigo};
+  listaDesdeCero();
+  return Siguiente{Siguiente::Pedir, direccion(), p.codigo, p.datos};
+}
+
+bool ListasCaja::encaja(int addr, int codigo, const QByteArray&) const {
+  return indice_ < t_.Direcciones.size() && codigo == pregunta().codigo && (addr < 0 || addr == direccion());
+}
+
+Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
+  if (maquinas::caja::finDeLista(codigo, datos)) {
+    ++indice_;
+    fase_ = 1;
+    return {};
+  }
+  if (datos == primero_)  // the register was asked again underneath us, and begins anew
+    listaDesdeCero();
+  if (primero_.isEmpty()) primero_ = datos;
+  if (const auto r = registro(datos, filas(direccion())); !r)
+    return falloEn(r.error(), t_.Grupo, QStringLiteral("caja %1, %2").arg(direccion()).arg(lugar()));
+  fase_ = 2;
+  return {};
+}
+
+void ListasCaja::listaDesdeCero() {
+  filas(direccion()).clear();
+  primero_.clear();
+}
+
+void ListasCaja::reanudar() { fase_ = 1; }
+
+QString ListasCaja::MostrarTraza() const {
+  return indice_ < t_.Direcciones.size() ? QStringLiteral("C %1").arg(direccion()) : QString();
+}
+
+}  // namespace tarvo::tareas

@@ -1,0 +1,112 @@
+// What all readings of totals share: what they read stays in memory and is stored once, whole, at the end. Three shapes of
+// conversation stand below it, one for each family of machines.
+#pragma once
+
+#include <array>
+
+#include "comm/maquinas/Campos.h"
+#include "comm/motor/Tarea.h"
+
+namespace tarvo::tareas {
+
+// A failure as a sentence that says where it happened: "Grupo 12, artículo 0000123: el registro es demasiado corto".
+std::unexpected<Error> falloEn(const Error& e, int grupo, const QString& lugar);
+
+// The operator of each position of the group, from 1; 0 for a position without one.
+Resultado<std::array<qint64, 21>> leerOperadores(dao::Database& db, int grupo);
+
+class Totales : public motor::TrabajoTarea {
+ public:
+  Totales(const motor::DatosTarea& t, const motor::Entorno& e);
+  Resultado<motor::Siguiente> siguiente() final;
+  Resultado<std::vector<totals::Aviso>> cerrar() override;
+  const totals::Lectura& lectura() const { return lectura_; }
+  // A reading that another task makes for itself: the session isn't told.
+  void paraOtra() { anunciada_ = true; }
+
+ protected:
+  // Opens the data, once.
+  virtual Resultado<> preparar() { return {}; }
+  virtual Resultado<motor::Siguiente> paso() = 0;
+
+  totals::Lectura::Filas& filas(int addr) { return lectura_.maquinas[addr]; }
+  static totals::Contadores contadores(const maquinas::Total& t) { return {t.con, t.pes, t.imp, t.sco}; }
+
+  motor::DatosTarea t_;
+  const motor::Entorno e_;
+  totals::Lectura lectura_;
+
+ private:
+  bool preparada_ = false, anunciada_ = false;
+};
+
+// Kinds 1 and 4: one question, one record, until there is nothing left to ask. The group answers as one machine.
+class PreguntasVek : public Totales {
+ public:
+  using Totales::Totales;
+  bool encaja(int addr, int codigo, const QByteArray& datos) const final;
+  Resultado<> respuesta(int addr, int codigo, const QByteArray& datos) final;
+  qint64 avance() const override { return hechas_; }
+
+ protected:
+  virtual bool acabada() const = 0;
+  virtual maquinas::Peticion pregunta() const = 0;
+  virtual int timeOut() const { return 0; }
+  // Is this record about what was asked?
+  virtual bool responde(const QByteArray& datos) const = 0;
+  virtual Resultado<> registro(const QByteArray& datos) = 0;  // takes it and moves on
+  virtual QString lugar() const = 0;                          // what is being read, for people
+  totals::Lectura::Filas& filasGrupo() { return filas(0); }
+
+ private:
+  Resultado<motor::Siguiente> paso() final;
+  qint64 hechas_ = 0;
+};
+
+// Kind 2: one request, then frames until the end of the list. Broken off, it starts again from nothing.
+class ListaNodal : public Totales {
+ public:
+  using Totales::Totales;
+  bool encaja(int addr, int codigo, const QByteArray& datos) const final;
+  Resultado<> respuesta(int addr, int codigo, const QByteArray& datos) final;
+  void reanudar() final;
+  qint64 avance() const override { return fase_ == 0 ? 1 : 0; }
+
+ protected:
+  virtual maquinas::Peticion pregunta() const = 0;
+  virtual Resultado<> registros(const QByteArray& datos) = 0;
+  virtual void otraVez() { filasGrupo().clear(); }
+  virtual QString lugar() const = 0;
+  totals::Lectura::Filas& filasGrupo() { return filas(0); }
+
+ private:
+  Resultado<motor::Siguiente> paso() final;
+  int fase_ = 1;  // 1 ask, 2 wait for frames, 0 done
+};
+
+// Kind 3: a list from each register in turn. Values add up within a register; the registers stay apart. A list that is
+// broken off, or that the register begins again, counts once.
+class ListasCaja : public Totales {
+ public:
+  ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e);
+  bool encaja(int addr, int codigo, const QByteArray& datos) const final;
+  Resultado<> respuesta(int addr, int codigo, const QByteArray& datos) final;
+  void reanudar() final;
+  qint64 avance() const override { return static_cast<qint64>(indice_); }
+  QString MostrarTraza() const override;
+
+ protected:
+  virtual maquinas::Peticion pregunta() const = 0;
+  virtual Resultado<> registro(const QByteArray& datos, totals::Lectura::Filas& filas) = 0;
+  virtual QString lugar() const = 0;
+
+ private:
+  Resultado<motor::Siguiente> paso() final;
+  void listaDesdeCero();
+  int direccion() const { return t_.Direcciones[indice_]; }
+  size_t indice_ = 0;
+  int fase_ = 1;  // 1 ask the register, 2 wait for the next record
+  QByteArray primero_;
+};
+
+}  // namespace tarvo::tareas

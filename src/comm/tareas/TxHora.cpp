@@ -1,0 +1,28 @@
+#include "comm/maquinas/Nodal.h"
+#include "comm/maquinas/Vek.h"
+#include "comm/tareas/Fabricas.h"
+#include "comm/tareas/UnaTrama.h"
+
+namespace tarvo::tareas {
+
+namespace {
+
+// The present moment, taken anew each time that the frame goes.
+class Hora final : public UnaTrama {
+ public:
+  using UnaTrama::UnaTrama;
+
+ protected:
+  maquinas::Peticion peticion() const override {
+    const Fecha ahora = entorno().reloj.ahora();
+    return nodal() ? maquinas::nodal::fechaHora(ahora) : maquinas::vek::fechaHora(ahora);
+  }
+};
+
+}  // namespace
+
+Trabajo crearTxHora(const motor::DatosTarea& t, const motor::Entorno& e) {
+  return std::make_unique<Hora>(t, e);
+}
+
+}  // namespace tarvo::tareas

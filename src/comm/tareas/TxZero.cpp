@@ -1,0 +1,156 @@
+#include <algorithm>
+
+#include "comm/maquinas/Caja.h"
+#include "comm/maquinas/Nodal.h"
+#include "comm/maquinas/Vek.h"
+#include "comm/tareas/Fabricas.h"
+#include "comm/tareas/GranTotal.h"
+
+namespace tarvo::tareas {
+
+namespace {
+
+using motor::Siguiente;
+
+std::unexpected<Error> suprimido(const QString& texto) {
+  return fallo(Fallo::Restriccion, texto, motor::kErrorSuprimido);
+}
+
+// Tells each machine of a group to forget its counters. The intention is on disk before a machine's first frame, the
+// outcome right behind its answer. Where the run goes on from one that was cut off, the machine must first show that it
+// holds what was read of it.
+class Cero final : public motor::TrabajoTarea {
+ public:
+  Cero(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e), toda_(t.Todo) {}
+  Resultado<Siguiente> siguiente() override;
+  bool encaja(int addr, int codigo, const QByteArray& datos) const override;
+  Resultado<> respuesta(int addr, int codigo, const QByteArray& datos) override;
+  void reanudar() override {
+    if (prueba_) prueba_->reanudar();
+  }
+  void fallo() override {
+    if (t_.Tipo == 4) toda_ = false;
+  }
+  Resultado<std::vector<totals::Aviso>> cerrar() override { return std::vector<totals::Aviso>{}; }
+  qint64 avance() const override { return static_cast<qint64>(maquina_); }
+
+ private:
+  Resultado<> preparar();
+  Resultado<std::optional<Siguiente>> probar();
+  Resultado<> hecha();
+  Siguiente trama() const;
+  int pasos() const { return t_.Tipo == 3 ? maquinas::caja::kPasosCero : t_.Tipo == 2 ? 2 : 1; }
+  int addr() const { return pendientes_[maquina_]; }
+
+  const motor::DatosTarea t_;
+  const motor::Entorno e_;
+  bool toda_, preparada_ = false, comprobar_ = false, probada_ = false, anunciada_ = false;
+  std::vector<int> pendientes_;  // machines yet to forget, by address; 0 where the group answers as one
+  size_t maquina_ = 0;
+  int paso_ = 1;
+  std::unique_ptr<Totales> prueba_;  // the reading of the grand total under way
+};
+
+Resultado<> Cero::preparar() {
+  if (preparada_) return {};
+  const auto permiso = e_.sesion.permisoCero(t_.Grupo);
+  if (!permiso) return std::unexpected(permiso.error());
+  if (!permiso->permitido) return suprimido(permiso->motivo);
+  comprobar_ = permiso->comprobar;
+  if (t_.Tipo == 3 && t_.Direcciones.empty())
+    return suprimido(
+        QStringLiteral("El grupo %1 no tiene ninguna caja dada de alta: no hay nada que poner a cero.").arg(t_.Grupo));
+  std::vector<int> todas = t_.Tipo == 3 ? t_.Direcciones : std::vector<int>{0};
+  for (const int a : todas) {
+    if (std::ranges::find(pendientes_, a) != pendientes_.end()) continue;
+    // Registers that forgot before a re-start are passed over; one machine alone is asked what it holds.
+    const auto ya = e_.sesion.ceroYaHecho(t_.Grupo, a);
+    if (!ya) return std::unexpected(ya.error());
+    if (!*ya || (t_.Tipo != 3 && !comprobar_)) pendientes_.push_back(a);
+  }
+  preparada_ = true;
+  return {};
+}
+
+// The machine's grand total against what was read of it. Nothing when the machine may be told to forget now, or is done with.
+Resultado<std::optional<Siguiente>> Cero::probar() {
+  if (!prueba_) {
+    motor::DatosTarea t = t_;
+    t.Clase = totals::kGranTotal;
+    t.Direcciones = {addr()};
+    prueba_ = crearGranTotal(t, e_);
+    prueba_->paraOtra();
+  }
+  auto s = prueba_->siguiente();
+  if (!s) return std::unexpected(s.error());
+  if (s->que != Siguiente::Fin) return *s;
+  totals::Contadores leido;
+  for (const auto& [maquina, filas] : prueba_->lectura().maquinas)
+    for (const auto& [clave, c] : filas) leido += c;
+  const auto r = e_.sesion.compararGranTotal(t_.Grupo, addr(), leido);
+  if (!r) return std::unexpected(r.error());
+  prueba_.reset();
+  using C = totals::Sesion::Comparacion;
+  if (*r == C::Mas || *r == C::SinBase)
+    return suprimido(QStringLiteral("Grupo %1: la máquina %2 guarda ventas que no están memorizadas. No se pone a cero: "
+                                    "vuelva a recoger sus totales.")
+                         .arg(t_.Grupo)
+                         .arg(addr()));
+  probada_ = true;
+  if (*r == C::Cero) TARVO_INTENTAR(hecha());
+  return std::nullopt;
+}
+
+Resultado<Siguiente> Cero::siguiente() {
+  TARVO_INTENTAR(preparar());
+  while (maquina_ < pendientes_.size()) {
+    if (comprobar_ && !probada_) {
+      auto s = probar();
+      if (!s) return std::unexpected(s.error());
+      if (*s) return **s;
+      continue;
+    }
+    if (!anunciada_) TARVO_INTENTAR(e_.sesion.anunciarCero(t_.Grupo, addr()));
+    anunciada_ = true;
+    return trama();
+  }
+  return Siguiente::fin();
+}
+
+Siguiente Cero::trama() const {
+  if (t_.Tipo == 3) return {Siguiente::Enviar, addr(), maquinas::caja::puestaACero(paso_).codigo, {}};
+  const int cero = e_.ajustes.TimeCero;
+  if (t_.Tipo != 2) return {Siguiente::Enviar, 0, maquinas::vek::puestaACero(toda_).codigo, {}, cero};
+  if (paso_ == 1) return {Siguiente::Enviar, t_.Addr, maquinas::nodal::puestaACero().codigo, {}};
+  return {Siguiente::EsperarNODAL, t_.Addr, 0, {}, cero};
+}
+
+bool Cero::encaja(int addrTrama, int codigo, const QByteArray& datos) const {
+  if (prueba_) return prueba_->encaja(addrTrama, codigo, datos);
+  // Whatever an Ebony machine says behind the order is its answer.
+  return t_.Tipo == 2 || (maquina_ < pendientes_.size() && codigo == trama().codigo);
+}
+
+Resultado<> Cero::respuesta(int addrTrama, int codigo, const QByteArray& datos) {
+  if (prueba_) return prueba_->respuesta(addrTrama, codigo, datos);
+  if (maquina_ >= pendientes_.size()) return {};
+  if (paso_ < pasos()) {
+    ++paso_;
+    return {};
+  }
+  return hecha();
+}
+
+Resultado<> Cero::hecha() {
+  TARVO_INTENTAR(e_.sesion.ceroHecho(t_.Grupo, addr(), maquina_ + 1 == pendientes_.size()));
+  ++maquina_;
+  paso_ = 1;
+  probada_ = anunciada_ = false;
+  return {};
+}
+
+}  // namespace
+
+Trabajo crearTxZero(const motor::DatosTarea& t, const motor::Entorno& e) { return std::make_unique<Cero>(t, e); }
+
+}  // namespace tarvo::tareas

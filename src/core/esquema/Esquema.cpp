@@ -1,0 +1,98 @@
+#include "core/esquema/Esquema.h"
+
+#include <QDir>
+#include <QFile>
+#include <algorithm>
+
+#include "core/esquema/Guiones.h"
+
+namespace tarvo::esquema {
+
+namespace {
+
+QString buscarPlantilla(const QStringList& carpetas) {
+  for (const QString& carpeta : carpetas) {
+    const QDir d(carpeta);
+    for (const QString& f : d.entryList(QDir::Files))
+      if (kPlantilla.compare(f, Qt::CaseInsensitive) == 0) return d.filePath(f);
+  }
+  return {};
+}
+
+Resultado<> copiarPlantilla(const QString& ruta, const QStringList& carpetas) {
+  const QString plantilla = buscarPlantilla(carpetas);
+  if (plantilla.isEmpty())
+    return fallo(Fallo::NoExiste,
+                 QStringLiteral("No existe base de datos vacía: %1").arg(kPlantilla), 3024);
+  const auto vacia = dao::Database::OpenDatabase(plantilla, {.soloLeer = true});
+  if (!vacia) return std::unexpected(vacia.error());
+  auto copia = (*vacia)->copiarEn(ruta);
+  if (!copia) {
+    Error e = copia.error();
+    e.texto = QStringLiteral("No se encuentra la base de datos: %1\n%2").arg(ruta, e.texto);
+    return std::unexpected(e);
+  }
+  return {};
+}
+
+bool falta(dao::Database& db, const Guion& g) {
+  return !std::ranges::all_of(g.objetos, [&](const QString& o) { return db.existeTabla(o); });
+}
+
+Resultado<> rehacerQLink(dao::Database& db, const QString& condicion) {
+  return db.ejecutarGuion(
+      QStringLiteral(
+          "drop view if exists QLINK;\ncreate view QLINK as SELECT * FROM TOTPLU WHERE %1;\n")
+          .arg(condicion));
+}
+
+}  // namespace
+
+Resultado<> crearEsquema(dao::Database& db) {
+  auto t = dao::Transaccion::empezar(db);
+  if (!t) return std::unexpected(t.error());
+  for (const Guion& g : guiones())
+    if (falta(db, g)) TARVO_INTENTAR(db.ejecutarGuion(g.sql));
+  return t->confirmar();
+}
+
+bool esquemaCompleto(dao::Database& db) {
+  return std::ranges::none_of(guiones(), [&](const Guion& g) { return falta(db, g); });
+}
+
+Resultado<> escribirPlantilla(const QString& ruta) {
+  const QString taller = ruta + QStringLiteral(".taller");
+  QFile::remove(taller);
+  Resultado<> r;
+  {
+    auto db = dao::Database::OpenDatabase(taller, {.crear = true});
+    if (!db) return std::unexpected(db.error());
+    r = crearEsquema(**db);
+    if (r) r = (*db)->copiarEn(ruta);
+  }
+  QFile::remove(taller);
+  return r;
+}
+
+Resultado<std::unique_ptr<dao::Database>> abrirBase(const QString& ruta,
+                                                    const QStringList& carpetasPlantilla, Fecha hoy,
+                                                    Version version) {
+  auto db = dao::Database::OpenDatabase(ruta);
+  if (!db && db.error().clase == Fallo::NoExiste) {
+    TARVO_INTENTAR(copiarPlantilla(ruta, carpetasPlantilla));
+    db = dao::Database::OpenDatabase(ruta);
+  }
+  if (!db) return db;
+  TARVO_INTENTAR(ponerAlDia(**db, hoy, version));
+  return db;
+}
+
+Resultado<> QLinkDePeriodo(dao::Database& db, qint64 link) {
+  return rehacerQLink(db, QStringLiteral("LINK=%1").arg(link));
+}
+
+Resultado<> QLinkDeArticulo(dao::Database& db, qint64 codigo) {
+  return rehacerQLink(db, QStringLiteral("(LINK>0) and (CODI=%1)").arg(codigo));
+}
+
+}  // namespace tarvo::esquema

@@ -1,0 +1,62 @@
+#include "core/esquema/Guiones.h"
+
+namespace tarvo::esquema {
+
+// The operator slots of GRUPOS are also addressed by place: slot i has its code at ordinal 2 * i
+// + 12.
+//
+// A group that names no warehouse is of warehouse 0. Where that one is missing the trigger makes
+// it, so that the relation never refuses such a group.
+QString guionGrupos() {
+  return QStringLiteral(R"sql(
+create table if not exists GRUPOS (
+  CODGPO INTEGER, NOMGPO TEXT,
+  SECCION INTEGER DEFAULT NULL REFERENCES SECCS (NMSECC) ON UPDATE CASCADE ON DELETE CASCADE,
+  tarifa INTEGER DEFAULT 0, Almacen INTEGER DEFAULT 0 REFERENCES ALMACEN (CODALM) ON UPDATE CASCADE,
+  remoto INTEGER DEFAULT 0, canal INTEGER, TELEF TEXT, Baudios INTEGER DEFAULT 0, ADDR INTEGER, TIPO INTEGER,
+  EnLinea INTEGER DEFAULT 0,
+  @lista{OPnn_C INTEGER DEFAULT 0, OPnn_T INTEGER DEFAULT 0 1-20},
+  TK_FLAGS TEXT DEFAULT '11111000', TK_CPIA INTEGER DEFAULT 0, TK_TCOP INTEGER DEFAULT 0,
+  @lista{IVAnn INTEGER DEFAULT 0 1-5},
+  @lista{IVDnn INTEGER DEFAULT 1 1-40},
+  E13_PE TEXT DEFAULT 'CCCCCCKIIIII', E08_PE TEXT DEFAULT 'CCIIIII',
+  E13_CU TEXT DEFAULT 'CCCCCCKIIIII', E08_CU TEXT DEFAULT 'CCIIIII',
+  TOTE INTEGER DEFAULT 0, TOCO INTEGER DEFAULT 0,
+  PITO INTEGER DEFAULT 1, SALT INTEGER DEFAULT 1, PRLI INTEGER DEFAULT 1, HORARIO TEXT);
+create unique index if not exists [GRUPOS.CODGPO] on GRUPOS (CODGPO);
+create trigger if not exists [GRUPOS.AlmacenCero] before insert on GRUPOS when new.Almacen = 0 and not exists (select 1 from ALMACEN where CODALM = 0) begin insert into ALMACEN (CODALM, NOMALM) values (0, ''); end;
+
+create table if not exists BZAS (
+  SUGPO INTEGER, NMBZA INTEGER, ADDR INTEGER, TIPO INTEGER DEFAULT 0,
+  @lista{ETQnn TEXT DEFAULT '' 11-20},
+  MODAL01 INTEGER DEFAULT 0, MODAL02 INTEGER DEFAULT 2, MODAL03 INTEGER DEFAULT 2,
+  @lista{OPERAnn INTEGER DEFAULT 1 1-3},
+  Teclado TEXT, HARDPLU TEXT, TARASME TEXT, RZSOCIAL TEXT,
+  MESSAG TEXT DEFAULT '', MESS_T INTEGER DEFAULT 0, MESS_R INTEGER DEFAULT 0 CHECK (MESS_R >= 0 AND MESS_R <= 100),
+  HABIL_BC INTEGER DEFAULT 1, TIPO_BC INTEGER DEFAULT 2, FIJO_BC INTEGER DEFAULT 0,
+  FORMA_BC TEXT DEFAULT 'CCCCCCKIIIII',
+  P_LIBRE INTEGER DEFAULT 1, P_ESPE INTEGER DEFAULT 1, P_VOID INTEGER DEFAULT 1, RESO INTEGER DEFAULT 1,
+  DCTSTT INTEGER DEFAULT 1, HABIL_DEP INTEGER DEFAULT 0, DIGIT_PLU INTEGER DEFAULT 7, FIJO_PLU INTEGER);
+create unique index if not exists [BZAS.PrimaryKey] on BZAS (SUGPO, NMBZA);
+
+create table if not exists Sesiones (
+  CODGPO INTEGER, PZERO REAL,
+  DD_PLU REAL, DD_GRT REAL, DD_OPE REAL, DD_DEP REAL, DD_HOR REAL, DD_OPH REAL,
+  HT_PLU REAL, HT_GRT REAL, HT_OPE REAL, HT_DEP REAL, HT_HOR REAL, HT_OPH REAL,
+  SS_PLU INTEGER DEFAULT 0, SS_GRT INTEGER DEFAULT 0, SS_OPE INTEGER DEFAULT 0,
+  SS_DEP INTEGER DEFAULT 0, SS_HOR INTEGER DEFAULT 0, SS_OPH INTEGER DEFAULT 0);
+create unique index if not exists [Sesiones.CODGPO] on Sesiones (CODGPO);
+)sql");
+}
+
+QString guionEtiquetas() {
+  return QStringLiteral(R"sql(
+create table if not exists ETIQUETAS (NUMETQ INTEGER, settxt INTEGER DEFAULT 0, CAMPOS TEXT);
+create unique index if not exists [ETIQUETAS.NUMETQ] on ETIQUETAS (NUMETQ);
+
+create table if not exists TEXTOSETQ (CODSET INTEGER, Texto TEXT);
+create unique index if not exists [TEXTOSETQ.CODSET] on TEXTOSETQ (CODSET);
+)sql");
+}
+
+}  // namespace tarvo::esquema

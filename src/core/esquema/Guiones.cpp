@@ -1,0 +1,51 @@
+#include "core/esquema/Guiones.h"
+
+#include <QRegularExpression>
+
+#include "core/dao/Orden.h"
+
+namespace tarvo::esquema {
+
+namespace {
+
+QString repetir(const QString& texto, int desde, int hasta) {
+  QStringList partes;
+  for (int i = desde; i <= hasta; ++i)
+    partes += QString(texto).replace(QStringLiteral("nn"),
+                                     QStringLiteral("%1").arg(i, 2, 10, QLatin1Char('0')));
+  return partes.join(QStringLiteral(", "));
+}
+
+// Replaces the marks of a script.
+QString expandir(QString guion) {
+  static const QRegularExpression lista(QStringLiteral("@lista\\{([^}]*?)\\s+(\\d+)-(\\d+)\\}"));
+  static const QRegularExpression orden(QStringLiteral("@orden\\((\\w+)\\)"));
+  for (auto m = lista.match(guion); m.hasMatch(); m = lista.match(guion))
+    guion.replace(m.capturedStart(), m.capturedLength(),
+                  repetir(m.captured(1), m.captured(2).toInt(), m.captured(3).toInt()));
+  for (auto m = orden.match(guion); m.hasMatch(); m = orden.match(guion))
+    guion.replace(m.capturedStart(), m.capturedLength(), dao::expresionOrden(m.captured(1)));
+  return guion;
+}
+
+Guion preparado(const QString& texto) {
+  static const QRegularExpression creado(
+      QStringLiteral("^create (?:table|view) if not exists \\[?(\\w+)"),
+      QRegularExpression::MultilineOption | QRegularExpression::CaseInsensitiveOption);
+  Guion g{expandir(texto), {}};
+  for (auto it = creado.globalMatch(g.sql); it.hasNext();) g.objetos += it.next().captured(1);
+  return g;
+}
+
+}  // namespace
+
+std::vector<Guion> guiones() {
+  std::vector<Guion> todos;
+  for (const QString& texto :
+       {guionArticulos(), guionGrupos(), guionEtiquetas(), guionTotales(), guionAlmacenes(),
+        guionEnLinea(), guionFacturacion(), guionConsultas()})
+    todos.push_back(preparado(texto));
+  return todos;
+}
+
+}  // namespace tarvo::esquema

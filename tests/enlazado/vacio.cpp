@@ -1,0 +1,2 @@
+// Nothing: what counts is that it links.
+int main() { return 0; }
