@@ -8,15 +8,23 @@ namespace tarvo::maquinas::caja {
 namespace {
 
 // Registers count in thousandths.
-qint64 deMilesimas(qint64 n) { return std::llround(static_cast<double>(n) / 1000.0); }
+qint64 deMilesimas(qint64 n) {
+  return std::llround(static_cast<double>(n) / 1000.0);
+}
 
 constexpr int kTipoGranTotal = 12, kTipoGranTotalBis = 17, kTipoDepartamento = 1;
 
 }  // namespace
 
-Peticion puestaACero(int paso) { return {3052 + 2 * paso, {}}; }
-Peticion articulos() { return {kArticulos, QByteArray(12, ' ') + "118000"}; }
-Peticion totales() { return {kTotales, {}}; }
+Peticion puestaACero(int paso) {
+  return {3052 + 2 * paso, {}};
+}
+Peticion articulos() {
+  return {kArticulos, QByteArray(12, ' ') + "118000"};
+}
+Peticion totales() {
+  return {kTotales, {}};
+}
 
 bool finDeLista(int codigo, QByteArrayView registro) {
   if (codigo == kArticulos)

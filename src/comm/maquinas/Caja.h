@@ -1,4 +1,5 @@
-// Payloads of the cash registers, kind of group 3: requests, and lists that come one record a frame.
+// Payloads of the cash registers, kind of group 3: requests, and lists that come one record a
+// frame.
 #pragma once
 
 #include "comm/maquinas/Campos.h"
@@ -17,7 +18,8 @@ bool finDeLista(int codigo, QByteArrayView registro);
 
 // A sale by bar code: `numero` is the code as a number. Nothing where the record holds no sale.
 Resultado<std::optional<Total>> leerArticulo(QByteArrayView registro);
-// The part of a totals record that counts for the grand total; nothing for any other record of the list.
+// The part of a totals record that counts for the grand total; nothing for any other record of the
+// list.
 Resultado<std::optional<Total>> leerGranTotal(QByteArrayView registro);
 Resultado<std::optional<Total>> leerDepartamento(QByteArrayView registro);
 

@@ -6,7 +6,8 @@ namespace tarvo::maquinas {
 
 namespace {
 
-// The decimal number of a text of at most 18 digits, blanks around it allowed; nothing when it is none.
+// The decimal number of a text of at most 18 digits, blanks around it allowed; nothing when it is
+// none.
 std::optional<qint64> decimal(QByteArrayView texto) {
   const QByteArrayView t = texto.trimmed();
   if (t.isEmpty() || t.size() > 18) return {};
@@ -58,10 +59,14 @@ int MaxOperadores(int tipo) {
 int MaxDepartamentos(int tipo) {
   switch (tipo) {
     case 1:
-    case 2: return 10;
-    case 3: return 40;
-    case 4: return 20;
-    default: return 0;
+    case 2:
+      return 10;
+    case 3:
+      return 40;
+    case 4:
+      return 20;
+    default:
+      return 0;
   }
 }
 

@@ -1,4 +1,5 @@
-// The fields that the machines' payloads are made of: decimal numbers of fixed width and texts of fixed width.
+// The fields that the machines' payloads are made of: decimal numbers of fixed width and texts of
+// fixed width.
 #pragma once
 
 #include <QByteArray>
@@ -14,8 +15,8 @@ QByteArray Ceros(qint64 n, int ancho);
 // A text cut or filled with blanks on the right to exactly `ancho` characters.
 QByteArray Campo(const QByteArray& texto, int ancho);
 
-// The number in `ancho` characters from position `inicio` (from 1), read leniently: "000-123" is -123, a "-" behind
-// anything but zeros gives 0, and so does whatever is no number, or isn't there.
+// The number in `ancho` characters from position `inicio` (from 1), read leniently: "000-123" is
+// -123, a "-" behind anything but zeros gives 0, and so does whatever is no number, or isn't there.
 qint64 CampoNumerico(QByteArrayView registro, int inicio, int ancho);
 
 // Sizes of a kind of group: 0 for a kind that doesn't exist.
@@ -29,7 +30,8 @@ struct Peticion {
   bool operator==(const Peticion&) const = default;
 };
 
-// The counters of one record of totals. `numero` is whatever the record is about: article, position, department, hour.
+// The counters of one record of totals. `numero` is whatever the record is about: article,
+// position, department, hour.
 struct Total {
   qint64 numero = 0;
   int hora = 0;
@@ -43,14 +45,15 @@ struct Linea {
   bool operator==(const Linea&) const = default;
 };
 
-// Reads the fields of a record and notes whether each was whole and a number, so that a cut or garbled record
-// isn't taken for zeros.
+// Reads the fields of a record and notes whether each was whole and a number, so that a cut or
+// garbled record isn't taken for zeros.
 class Lector {
  public:
   explicit Lector(QByteArrayView registro) : registro_(registro) {}
   // CampoNumerico; a field that is cut or no number makes the record bad.
   qint64 numero(int inicio, int ancho);
-  // Nothing when all fields read were good, else the reason as a sentence's part: "faltan datos" or the field's text.
+  // Nothing when all fields read were good, else the reason as a sentence's part: "faltan datos" or
+  // the field's text.
   const QString& falta() const { return falta_; }
   Resultado<> estado() const;
 

@@ -16,8 +16,10 @@ Resultado<std::vector<Total>> registros(QByteArrayView datos, int ancho, Leer le
   std::vector<Total> salida;
   QByteArrayView resto = datos.sliced(std::min<qsizetype>(kCabecera, datos.size()));
   if (datos.size() < kCabecera || resto.size() % ancho != 0)
-    return fallo(Fallo::Formato,
-                 QStringLiteral("el registro es demasiado corto (%1 caracteres)").arg(resto.size() % ancho), 7);
+    return fallo(
+        Fallo::Formato,
+        QStringLiteral("el registro es demasiado corto (%1 caracteres)").arg(resto.size() % ancho),
+        7);
   for (; !resto.isEmpty(); resto = resto.sliced(ancho)) {
     Lector l(resto.first(ancho));
     salida.push_back(leer(l));
@@ -42,18 +44,34 @@ Total posicionYCuentas(Lector& l) {
 Peticion fechaHora(Fecha ahora) {
   return {36, ahora.qdatetime().toString(u"ddMMyyyyHHmmss").toLatin1()};
 }
-Peticion cerrarTickets() { return {39, "99"}; }
-Peticion puestaACero() { return {71, {}}; }
+Peticion cerrarTickets() {
+  return {39, "99"};
+}
+Peticion puestaACero() {
+  return {71, {}};
+}
 Peticion articulos(qint64 desde, qint64 hasta) {
   const auto cuatro = [](qint64 n) { return Ceros(std::clamp<qint64>(n, 0, kUltimoArticulo), 4); };
   return {67, "99" + cuatro(desde) + cuatro(hasta)};
 }
-Peticion granTotal() { return {64, {}}; }
-Peticion operadores() { return {65, {}}; }
-Peticion departamentos() { return {66, {}}; }
-Peticion operadoresHoras() { return {75, {}}; }
-Peticion pedido() { return {76, {}}; }
-Peticion olvidarPedido() { return {77, {}}; }
+Peticion granTotal() {
+  return {64, {}};
+}
+Peticion operadores() {
+  return {65, {}};
+}
+Peticion departamentos() {
+  return {66, {}};
+}
+Peticion operadoresHoras() {
+  return {75, {}};
+}
+Peticion pedido() {
+  return {76, {}};
+}
+Peticion olvidarPedido() {
+  return {77, {}};
+}
 
 bool esDePeticion(int codigo) {
   constexpr int kPeticiones[] = {33, 36, 38, 39, 64, 65, 66, 67, 71, 75, 76, 77};
@@ -110,7 +128,8 @@ Resultado<std::vector<Linea>> leerPedido(QByteArrayView datos) {
   QByteArrayView resto = datos.sliced(std::min<qsizetype>(kCabecera, datos.size()));
   if (datos.size() < kCabecera + kAncho && !resto.isEmpty())
     return fallo(Fallo::Formato,
-                 QStringLiteral("el registro es demasiado corto (%1 caracteres)").arg(resto.size()), 7);
+                 QStringLiteral("el registro es demasiado corto (%1 caracteres)").arg(resto.size()),
+                 7);
   for (; resto.size() >= kAncho; resto = resto.sliced(kAncho)) {
     Lector l(resto.first(kAncho));
     Linea linea;

@@ -22,11 +22,13 @@ Peticion operadoresHoras();
 Peticion pedido();
 Peticion olvidarPedido();
 
-// A code with which the back-office asks something; a frame that bears one answers that request and no other.
+// A code with which the back-office asks something; a frame that bears one answers that request and
+// no other.
 bool esDePeticion(int codigo);
 
-// Each reads the records of one frame. A record that is cut or not numeric is a Formato error, and so are
-// characters left over behind whole records of totals. Positions and departments count from 1.
+// Each reads the records of one frame. A record that is cut or not numeric is a Formato error, and
+// so are characters left over behind whole records of totals. Positions and departments count
+// from 1.
 Resultado<std::vector<Total>> leerArticulos(QByteArrayView datos);
 Resultado<Total> leerGranTotal(QByteArrayView datos);
 Resultado<std::vector<Total>> leerOperadores(QByteArrayView datos);

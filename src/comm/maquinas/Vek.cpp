@@ -25,18 +25,36 @@ Resultado<Total> comprobado(const Lector& l, const Total& t) {
 Peticion fechaHora(Fecha ahora) {
   return {10, ahora.qdatetime().toString(u"ddMMyyyyHHmm").toLatin1()};
 }
-Peticion puestaACero(bool toda) { return {toda ? 915 : 910, {}}; }
-Peticion articulo(qint64 codigo) { return {830, Ceros(codigo, 7)}; }
-Peticion siguienteArticulo(qint64 codigo) { return {835, Ceros(codigo, 7) + Ceros(300, 4)}; }
-Peticion granTotal(int tipo) { return {tipo == 4 ? 860 : 850, {}}; }
-Peticion operador(int posicion) { return {800, Ceros(posicion, 2)}; }
-Peticion departamento(int numero) { return {810, Ceros(numero, 2)}; }
-Peticion hora(int h) { return {840, Ceros(h, 2)}; }
-Peticion operadorHora(int posicion, int h) { return {820, Ceros(posicion, 2) + Ceros(h, 2)}; }
+Peticion puestaACero(bool toda) {
+  return {toda ? 915 : 910, {}};
+}
+Peticion articulo(qint64 codigo) {
+  return {830, Ceros(codigo, 7)};
+}
+Peticion siguienteArticulo(qint64 codigo) {
+  return {835, Ceros(codigo, 7) + Ceros(300, 4)};
+}
+Peticion granTotal(int tipo) {
+  return {tipo == 4 ? 860 : 850, {}};
+}
+Peticion operador(int posicion) {
+  return {800, Ceros(posicion, 2)};
+}
+Peticion departamento(int numero) {
+  return {810, Ceros(numero, 2)};
+}
+Peticion hora(int h) {
+  return {840, Ceros(h, 2)};
+}
+Peticion operadorHora(int posicion, int h) {
+  return {820, Ceros(posicion, 2) + Ceros(h, 2)};
+}
 Peticion lineas(int desde, bool inventario) {
   return {610, Ceros(desde, 3) + (inventario ? '1' : '0')};
 }
-Peticion olvidarLista(bool inventario) { return {880, inventario ? "1" : "0"}; }
+Peticion olvidarLista(bool inventario) {
+  return {880, inventario ? "1" : "0"};
+}
 
 std::optional<qint64> cabeza(QByteArrayView registro, int inicio, int ancho) {
   Lector l(registro);
@@ -84,7 +102,9 @@ Resultado<Total> leerDepartamento(QByteArrayView registro) {
   return comprobado(l, t);
 }
 
-Resultado<Total> leerHora(QByteArrayView registro) { return leerDepartamento(registro); }
+Resultado<Total> leerHora(QByteArrayView registro) {
+  return leerDepartamento(registro);
+}
 
 Resultado<Total> leerOperadorHora(QByteArrayView registro) {
   Lector l(registro);

@@ -1,4 +1,5 @@
-// Payloads of the scales, kinds of group 1 and 4: what is asked of them and the records that they answer.
+// Payloads of the scales, kinds of group 1 and 4: what is asked of them and the records that they
+// answer.
 #pragma once
 
 #include <vector>
@@ -19,7 +20,8 @@ Peticion operador(int posicion);
 Peticion departamento(int numero);
 Peticion hora(int hora);
 Peticion operadorHora(int posicion, int hora);
-// The lines of an order or an inventory from line `desde` (from 0) on, and the permission to forget the list.
+// The lines of an order or an inventory from line `desde` (from 0) on, and the permission to forget
+// the list.
 Peticion lineas(int desde, bool inventario);
 Peticion olvidarLista(bool inventario);
 

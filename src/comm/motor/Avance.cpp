@@ -16,7 +16,8 @@ void gestcomm::Interior::avanzar(int id) {
   if (!t || alCerrar) return;
   const int c = t->Canal;
   switch (t->Estado) {
-    case kEnEspera: return empezar(id);
+    case kEnEspera:
+      return empezar(id);
     case kAperturaFallida:
       if (esperaCierre(*t)) return;
       if (tareaDe(c) != t) return empezar(id);
@@ -27,7 +28,8 @@ void gestcomm::Interior::avanzar(int id) {
       t->Estado = kTransfiriendo;
       cambio(*t);
       const int estado = canales[static_cast<size_t>(c)].EstadoCanal;
-      if (estado == kPerdido || estado == kEsperaReapertura) return;  // the channel opens again by itself
+      if (estado == kPerdido || estado == kEsperaReapertura)
+        return;  // the channel opens again by itself
       if (!enlaces[c]) return ponerCanal(c, kPerdido);
       if (!enlaces[c]->Portadora()) {
         vigilar(c, 0);
@@ -42,18 +44,22 @@ void gestcomm::Interior::avanzar(int id) {
       cambio(*t);
       if (!enlaces[c]) return enlacePerdido(id, kErrorCaida);
       return siguienteTrama(id);
-    default: return;
+    default:
+      return;
   }
 }
 
-// Looks for a channel for a task that has none: one that never had, or whose channel went to others.
+// Looks for a channel for a task that has none: one that never had, or whose channel went to
+// others.
 void gestcomm::Interior::empezar(int id) {
   TareaViva* t = tarea(id);
   if (t->clase->esOlvido) {
     if (lecturaDelante(*t)) return;
     if (grupoFallido(t->datos.Grupo))
-      return suprimir(id, QStringLiteral("Grupo %1: no se le ordena olvidar nada, porque no se pudo leer entero.")
-                              .arg(t->datos.Grupo));
+      return suprimir(
+          id,
+          QStringLiteral("Grupo %1: no se le ordena olvidar nada, porque no se pudo leer entero.")
+              .arg(t->datos.Grupo));
   }
   const int c = elegirCanal(*t);
   if (c == kNoVale) {
@@ -74,7 +80,8 @@ void gestcomm::Interior::empezar(int id) {
     abrir(id, c);
 }
 
-// Asks the session right before a group is told to forget. When it may not, the task has been dealt with.
+// Asks the session right before a group is told to forget. When it may not, the task has been dealt
+// with.
 bool gestcomm::Interior::permitido(int id) {
   TareaViva* t = tarea(id);
   if (!t->clase->esOlvido) return true;
@@ -84,7 +91,8 @@ bool gestcomm::Interior::permitido(int id) {
   return false;
 }
 
-// A task that is not sent so that nothing is lost. Without a watcher it stays, so that the operator sees it.
+// A task that is not sent so that nothing is lost. Without a watcher it stays, so that the operator
+// sees it.
 void gestcomm::Interior::suprimir(int id, const QString& motivo) {
   TareaViva* t = tarea(id);
   t->Error = kErrorSuprimido;
@@ -103,19 +111,23 @@ int gestcomm::Interior::elegirCanal(TareaViva& t) {
   if (t.datos.Remoto == 2) {
     if (directo < 0 || directo >= kCanalesFijos) return kNoVale;
     const auto& canal = canales[static_cast<size_t>(directo)];
-    if (entorno.ajustes.canales[static_cast<size_t>(directo)].Device != 2 || canal.EstadoCanal == kSinUso)
+    if (entorno.ajustes.canales[static_cast<size_t>(directo)].Device != 2 ||
+        canal.EstadoCanal == kSinUso)
       return kNoVale;
   }
   if (const auto it = ocupados.find(t.acceso); it != ocupados.end())
     return reutilizable(it->second, t) ? it->second : kEsperar;
-  const auto cerrado = [&](int c) { return canales[static_cast<size_t>(c)].EstadoCanal == kCerrado; };
+  const auto cerrado = [&](int c) {
+    return canales[static_cast<size_t>(c)].EstadoCanal == kCerrado;
+  };
   if (t.datos.Remoto == 2) return cerrado(directo) ? directo : kEsperar;
   if (t.datos.Remoto == 4) {
     const int c = canalConector(t.datos.Telefono);
     return cerrado(c) ? c : kEsperar;
   }
   for (int c = 0; c < kCanalesFijos; ++c)
-    if (entorno.ajustes.canales[static_cast<size_t>(c)].Device == t.datos.Remoto && cerrado(c)) return c;
+    if (entorno.ajustes.canales[static_cast<size_t>(c)].Device == t.datos.Remoto && cerrado(c))
+      return c;
   return kEsperar;
 }
 
@@ -156,8 +168,9 @@ void gestcomm::Interior::abrir(int id, int c) {
   ponerCanal(c, kEnUso);
   vigilar(c, 0);
   cambio(*t);
-  const int error = enlaces.AbrirEnlace(t->datos.Protocolo == 2 ? enlace::kNodalMotor : enlace::kVekMotor, c,
-                                        t->datos.Baudios, t->datos.Remoto == 2 ? QString() : t->datos.Telefono, &fuera);
+  const int error = enlaces.AbrirEnlace(
+      t->datos.Protocolo == 2 ? enlace::kNodalMotor : enlace::kVekMotor, c, t->datos.Baudios,
+      t->datos.Remoto == 2 ? QString() : t->datos.Telefono, &fuera);
   if (error != 0 && tarea(id)) falloApertura(c, id, error);
 }
 
@@ -199,11 +212,16 @@ int gestcomm::Interior::mandar(int c, const TareaViva&, const Siguiente& s) {
   if (!link) return 15;
   link->TimeOut(s.timeOut != 0 ? s.timeOut : entorno.ajustes.TimeOut);
   switch (s.que) {
-    case Siguiente::Enviar: return link->Enviar(s.addr, s.codigo, s.datos);
-    case Siguiente::Pedir: return link->Pedir(s.addr, s.codigo, s.datos);
-    case Siguiente::EsperarVEK: return link->RxVEK(s.addr, s.codigo);
-    case Siguiente::EsperarNODAL: return link->RxNODAL(s.addr);
-    case Siguiente::Fin: break;
+    case Siguiente::Enviar:
+      return link->Enviar(s.addr, s.codigo, s.datos);
+    case Siguiente::Pedir:
+      return link->Pedir(s.addr, s.codigo, s.datos);
+    case Siguiente::EsperarVEK:
+      return link->RxVEK(s.addr, s.codigo);
+    case Siguiente::EsperarNODAL:
+      return link->RxNODAL(s.addr);
+    case Siguiente::Fin:
+      break;
   }
   return 0;
 }
@@ -238,7 +256,8 @@ void gestcomm::Interior::finTarea(int id) {
   cambio(*t);
   const int clase = t->datos.Clase;
   if (entorno.sesion.estado() != antes)
-    if (auto r = entorno.sesion.reflejar(); !r) avisos->push_back({t->datos.Grupo, r.error().texto, false});
+    if (auto r = entorno.sesion.reflejar(); !r)
+      avisos->push_back({t->datos.Grupo, r.error().texto, false});
   decirAvisos(clase, *avisos);
 }
 

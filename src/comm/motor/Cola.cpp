@@ -35,9 +35,12 @@ void TareaViva::contarFallo(int TareaViva::* seguidos, int TareaViva::* sinAvanc
   ++(this->*sinAvance);
 }
 
-qint64 TareaViva::codigo() const { return trabajo ? trabajo->codigoActual() : datos.Desde; }
+qint64 TareaViva::codigo() const {
+  return trabajo ? trabajo->codigoActual() : datos.Desde;
+}
 
-// The group's row as a task keeps it; nothing when there is no such group or it doesn't communicate.
+// The group's row as a task keeps it; nothing when there is no such group or it doesn't
+// communicate.
 Resultado<std::optional<DatosTarea>> gestcomm::Interior::leerGrupo(int grupo) {
   auto rs = entorno.db.OpenTable(u"GRUPOS", u"CODGPO");
   if (!rs) return std::unexpected(rs.error());
@@ -68,7 +71,8 @@ Resultado<std::optional<DatosTarea>> gestcomm::Interior::leerGrupo(int grupo) {
   return t;
 }
 
-int gestcomm::Interior::nueva(int grupo, bool todo, qint64 desde, qint64 hasta, int clase, qint64 paso) {
+int gestcomm::Interior::nueva(int grupo, bool todo, qint64 desde, qint64 hasta, int clase,
+                              qint64 paso) {
   const ClaseTarea* c = registro.porNumero(clase);
   if (!c || !c->crear) return 2;
   const LimitesClases& l = entorno.ajustes.clases;

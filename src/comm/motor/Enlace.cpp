@@ -37,7 +37,9 @@ void gestcomm::Interior::vigilar(int c, int timeOut) {
       ahora() + std::max(a.TimeCero, timeOut) + qint64{4} * a.TimeACK + marcadoMs(c) + 60000;
 }
 
-void gestcomm::Interior::liberarCanal(int c) { canales[static_cast<size_t>(c)].TareaCanal = -1; }
+void gestcomm::Interior::liberarCanal(int c) {
+  canales[static_cast<size_t>(c)].TareaCanal = -1;
+}
 
 void gestcomm::Interior::canalCerrado(int c) {
   CanalVivo& canal = canales[static_cast<size_t>(c)];
@@ -53,7 +55,8 @@ void gestcomm::Interior::canalCerrado(int c) {
 void gestcomm::Interior::cerrarEnlace(int c) {
   if (!enlaces[c]) return canalCerrado(c);
   ponerCanal(c, kCerrando);
-  const qint64 colgar = c < kCanalesFijos ? entorno.ajustes.canales[static_cast<size_t>(c)].ATHang : 0;
+  const qint64 colgar =
+      c < kCanalesFijos ? entorno.ajustes.canales[static_cast<size_t>(c)].ATHang : 0;
   canales[static_cast<size_t>(c)].limite = ahora() + std::max<qint64>(colgar, 0) + 30000;
   if (enlaces[c]->CerrarEnlace() == 0) return;
   enlaces.abandonar(c);
@@ -95,7 +98,8 @@ void gestcomm::Interior::falloTrama(int id, int error, const QString& texto) {
   cambio(*t);
 }
 
-// A task couldn't do its step: a bad record, a store that failed, or something that must not be sent.
+// A task couldn't do its step: a bad record, a store that failed, or something that must not be
+// sent.
 void gestcomm::Interior::falloTarea(int id, const Error& error) {
   TareaViva* t = tarea(id);
   if (error.numero == kErrorSuprimido && error.clase == Fallo::Restriccion) {
@@ -138,38 +142,49 @@ void gestcomm::Interior::cerrado(int c, int error) {
   CanalVivo& canal = canales[static_cast<size_t>(c)];
   TareaViva* t = tareaDe(c);
   if (error != 0) ++canal.FallosCierre;
-  if (!t || canal.EstadoCanal == kParar) return error != 0 ? ponerCanal(c, kCierreMalo) : canalCerrado(c);
+  if (!t || canal.EstadoCanal == kParar)
+    return error != 0 ? ponerCanal(c, kCierreMalo) : canalCerrado(c);
   const int id = t->datos.Id;
   if (t->Estado == kAbriendo && canal.EstadoCanal == kCerrando) {
     t->detenida = true;
     return falloApertura(c, id, kErrorDetenido);
   }
   switch (t->Estado) {
-    case kAbriendo: return falloApertura(c, id, error != 0 ? error : kErrorCaida);
-    case kAperturaFallida: return ponerCanal(c, error != 0 ? kCierreMalo : kAperturaMala);
+    case kAbriendo:
+      return falloApertura(c, id, error != 0 ? error : kErrorCaida);
+    case kAperturaFallida:
+      return ponerCanal(c, error != 0 ? kCierreMalo : kAperturaMala);
     case kTransfiriendo:
-      // A closing that was asked for because the carrier had gone was counted when its frame failed.
+      // A closing that was asked for because the carrier had gone was counted when its frame
+      // failed.
       if (canal.EstadoCanal == kConFallo && error == 0) return ponerCanal(c, kPerdido);
       return enlacePerdido(id, kErrorCaida);
-    case kRetenido: return enlacePerdido(id, kErrorCaida);
-    case kInterrumpido: return ponerCanal(c, kPerdido);
-    default: return canalCerrado(c);
+    case kRetenido:
+      return enlacePerdido(id, kErrorCaida);
+    case kInterrumpido:
+      return ponerCanal(c, kPerdido);
+    default:
+      return canalCerrado(c);
   }
 }
 
 // The outcome of a frame or of a wait. `deLista`: a frame of a NODAL list.
-void gestcomm::Interior::respuesta(int c, int error, int addr, int codigo, const QByteArray& datos, bool deLista) {
+void gestcomm::Interior::respuesta(int c, int error, int addr, int codigo, const QByteArray& datos,
+                                   bool deLista) {
   TareaViva* t = tareaDe(c);
   if (!t || canales[static_cast<size_t>(c)].EstadoCanal == kParar || !t->trabajo) return;
-  // The machine of a list goes on in its own time: a frame that comes while the retry is due is that list's next one.
-  const bool tarde = deLista && error == 0 && t->Estado == kInterrumpido && t->Error == kErrorTiempo;
+  // The machine of a list goes on in its own time: a frame that comes while the retry is due is
+  // that list's next one.
+  const bool tarde =
+      deLista && error == 0 && t->Estado == kInterrumpido && t->Error == kErrorTiempo;
   if (t->Estado != kTransfiriendo && !tarde) return;
   const int id = t->datos.Id;
   if (error == 0) error = deLista ? 0 : errorDeMaquina(datos, t->clase->toleraErr5);
   if (error != 0) return falloTrama(id, error);
   t->Estado = kTransfiriendo;
   canales[static_cast<size_t>(c)].limite = 0;
-  if (const auto r = t->trabajo->respuesta(addr, codigo, datos); !r) return falloTarea(id, r.error());
+  if (const auto r = t->trabajo->respuesta(addr, codigo, datos); !r)
+    return falloTarea(id, r.error());
   t->FallosTrama = 0;
   t->Error = 0;
   t->textoError.clear();

@@ -1,7 +1,9 @@
-// The engine's state and the operations that its files share. Tables of states and transitions: docs/motor.md.
+// The engine's state and the operations that its files share. Tables of states and transitions:
+// docs/motor.md.
 //
-// Every call to a link, a task or a watcher may come back into the engine. So a step writes its state before it calls
-// out, keeps numbers of tasks and channels across the call, and looks them up again.
+// Every call to a link, a task or a watcher may come back into the engine. So a step writes its
+// state before it calls out, keeps numbers of tasks and channels across the call, and looks them up
+// again.
 #pragma once
 
 #include <deque>
@@ -14,8 +16,17 @@
 namespace tarvo::motor {
 
 enum EstadoCanal : int {
-  kSinUso = 0, kLibreAbierto = 1, kEnUso = 2, kCerrado = 3, kConFallo = 4, kCerrando = 5, kPerdido = 6,
-  kEsperaReapertura = 7, kAperturaMala = 8, kCierreMalo = 9, kParar = 10,
+  kSinUso = 0,
+  kLibreAbierto = 1,
+  kEnUso = 2,
+  kCerrado = 3,
+  kConFallo = 4,
+  kCerrando = 5,
+  kPerdido = 6,
+  kEsperaReapertura = 7,
+  kAperturaMala = 8,
+  kCierreMalo = 9,
+  kParar = 10,
 };
 
 inline constexpr int kPulsoMs = 500;
@@ -24,8 +35,8 @@ inline constexpr int kIntentosCierre = 5;
 inline constexpr int kPulsosReintento = 3;
 inline constexpr int kCanalesFijos = 4;
 
-// How a group is reached: Remoto, and the number, host or name compared without blanks around it and without case, or
-// the channel of a direct cable.
+// How a group is reached: Remoto, and the number, host or name compared without blanks around it
+// and without case, or the channel of a direct cable.
 using Acceso = std::pair<int, QString>;
 
 struct TareaViva {
@@ -35,9 +46,9 @@ struct TareaViva {
   int Estado = kEnEspera, Error = 0, Traza = -1, Canal = -1;
   int FallosEnlace = 0, FallosTrama = 0, EsperaReintento = kPulsosReintento;
   bool Retenida = false;
-  bool detenida = false;   // the operator stopped it while its link was being opened
-  bool fallida = false;    // a reading noted as failed
-  bool falloVisto = false; // the retry rule has seen a failure
+  bool detenida = false;    // the operator stopped it while its link was being opened
+  bool fallida = false;     // a reading noted as failed
+  bool falloVisto = false;  // the retry rule has seen a failure
   // Failures since `avance` last moved: what ends a task that fails again and again at one place.
   qint64 avance = 0;
   int enlaceSinAvance = 0, tramaSinAvance = 0;
@@ -51,10 +62,10 @@ struct TareaViva {
 struct CanalVivo {
   int EstadoCanal = kCerrado, TareaCanal = -1, FallosCierre = 0;
   QString NombreEnlace, etiqueta;
-  std::optional<Acceso> acceso;       // of the link that is open, opening or closing here
-  int protocolo = 0, baudios = 0;     // it was opened with
-  qint64 reapertura = 0;              // when it opens again (monotonic ms)
-  qint64 limite = 0;                  // when a link that gives no event is dropped; 0 for no watch
+  std::optional<Acceso> acceso;    // of the link that is open, opening or closing here
+  int protocolo = 0, baudios = 0;  // it was opened with
+  qint64 reapertura = 0;           // when it opens again (monotonic ms)
+  qint64 limite = 0;               // when a link that gives no event is dropped; 0 for no watch
 };
 
 struct gestcomm::Interior {
@@ -68,9 +79,9 @@ struct gestcomm::Interior {
   std::map<int, std::unique_ptr<TareaViva>> tareas;  // by id, which is queue order
   int ultimoId = 0;
   std::deque<CanalVivo> canales;
-  std::map<QString, int> conectores;     // channel of each connector name
-  std::map<Acceso, int> ocupados;        // channel that holds each access
-  std::map<int, std::set<int>> lecturas; // unfinished readings of each group, by id
+  std::map<QString, int> conectores;      // channel of each connector name
+  std::map<Acceso, int> ocupados;         // channel that holds each access
+  std::map<int, std::set<int>> lecturas;  // unfinished readings of each group, by id
   bool automatico = true;
   int reintentos = 0;
   bool borrarFallos = false;

@@ -29,7 +29,8 @@ void gestcomm::Interior::detener(int id) {
       }
       return cambio(*t);
     }
-    default: return;
+    default:
+      return;
   }
 }
 
@@ -53,8 +54,10 @@ bool gestcomm::Interior::todosInactivos() const {
       case kConFallo:
       case kCerrando:
       case kCierreMalo:
-      case kParar: return false;
-      default: break;
+      case kParar:
+        return false;
+      default:
+        break;
     }
   }
   return true;

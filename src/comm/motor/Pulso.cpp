@@ -10,7 +10,8 @@ void gestcomm::Interior::latido() {
   if (alCerrar) comprobarFin();
 }
 
-// A call may queue or remove tasks: the pass goes on behind the number it has reached, up to the last of its start.
+// A call may queue or remove tasks: the pass goes on behind the number it has reached, up to the
+// last of its start.
 void gestcomm::Interior::pasarTareas() {
   const int ultimo = ultimoId;
   for (auto it = tareas.begin(); it != tareas.end() && it->first <= ultimo;) {
@@ -35,7 +36,9 @@ void gestcomm::Interior::atender(int id) {
         rendir(id);
       break;
     case kTerminado:
-    case kDetenido: quitar(id); break;
+    case kDetenido:
+      quitar(id);
+      break;
     case kRechazado:
       if (vigilante && borrarFallos) rendir(id);
       break;
@@ -46,7 +49,8 @@ void gestcomm::Interior::atender(int id) {
       else if (vigilante)
         suprimir(id, t.textoError);
       break;
-    default: break;
+    default:
+      break;
   }
 }
 
@@ -54,7 +58,9 @@ void gestcomm::Interior::atenderCanal(int c) {
   CanalVivo& canal = canales[static_cast<size_t>(c)];
   switch (canal.EstadoCanal) {
     case kLibreAbierto:
-    case kParar: cerrarEnlace(c); break;
+    case kParar:
+      cerrarEnlace(c);
+      break;
     case kPerdido:
       if (canal.TareaCanal < 0) return canalCerrado(c);
       canal.reapertura = ahora() + kReaperturaMs;
@@ -73,7 +79,8 @@ void gestcomm::Interior::atenderCanal(int c) {
       else
         canalCerrado(c);
       break;
-    default: break;
+    default:
+      break;
   }
 }
 
@@ -84,7 +91,8 @@ void gestcomm::Interior::vigilarCanal(int c) {
   canal.limite = 0;
   enlaces.abandonar(c);
   TareaViva* t = tareaDe(c);
-  if (!t || canal.EstadoCanal == kCerrando || canal.EstadoCanal == kCierreMalo) return canalCerrado(c);
+  if (!t || canal.EstadoCanal == kCerrando || canal.EstadoCanal == kCierreMalo)
+    return canalCerrado(c);
   if (t->Estado == kAbriendo)
     falloApertura(c, t->datos.Id, kErrorTiempo);
   else if (t->Estado == kTransfiriendo)
@@ -102,7 +110,8 @@ bool gestcomm::Interior::esperaCierre(const TareaViva& t) const {
 void gestcomm::Interior::reglaReintento(int id) {
   TareaViva* t = tarea(id);
   const int limite = vigilante ? reintentos : entorno.ajustes.IntentosManual;
-  if (std::max({t->FallosEnlace, t->FallosTrama, t->enlaceSinAvance, t->tramaSinAvance}) > limite) return rendir(id);
+  if (std::max({t->FallosEnlace, t->FallosTrama, t->enlaceSinAvance, t->tramaSinAvance}) > limite)
+    return rendir(id);
   if (esperaCierre(*t)) return;
   bool ya = true;
   if (vigilante)
@@ -128,9 +137,10 @@ void gestcomm::Interior::rendir(int id) {
       liberarCanal(c);
       soltarEnlace(c);
     }
-    return decir(*t, QStringLiteral("Grupo %1: %2 queda en la cola sin terminar y no se intentará más.")
-                         .arg(t->datos.Grupo)
-                         .arg(nombre));
+    return decir(*t,
+                 QStringLiteral("Grupo %1: %2 queda en la cola sin terminar y no se intentará más.")
+                     .arg(t->datos.Grupo)
+                     .arg(nombre));
   }
   problema(id);
   if ((t = tarea(id))) marcarFallida(*t);

@@ -67,7 +67,9 @@ std::vector<ClaseTarea> TablaClases() {
   return salida;
 }
 
-bool ClaseTarea::valePara(int tipo) const { return std::ranges::find(tipos, tipo) != tipos.end(); }
+bool ClaseTarea::valePara(int tipo) const {
+  return std::ranges::find(tipos, tipo) != tipos.end();
+}
 
 void RegistroTareas::anadir(ClaseTarea clase) {
   const auto it = std::ranges::find(clases_, clase.numero, &ClaseTarea::numero);
@@ -84,7 +86,8 @@ const ClaseTarea* RegistroTareas::porNumero(int numero) const {
 
 const ClaseTarea* RegistroTareas::porClave(QStringView clave) const {
   if (clave.isEmpty()) return nullptr;
-  const auto it = std::ranges::find_if(clases_, [&](const ClaseTarea& c) { return clave == QStringView(c.clave); });
+  const auto it = std::ranges::find_if(
+      clases_, [&](const ClaseTarea& c) { return clave == QStringView(c.clave); });
   return it == clases_.end() ? nullptr : &*it;
 }
 

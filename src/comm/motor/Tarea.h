@@ -1,5 +1,5 @@
-// One queued communications task, and what the engine asks of the kind that it belongs to. The engine knows no kind
-// by number: a kind is one file of comm/tareas that registers a ClaseTarea.
+// One queued communications task, and what the engine asks of the kind that it belongs to. The
+// engine knows no kind by number: a kind is one file of comm/tareas that registers a ClaseTarea.
 #pragma once
 
 #include <QByteArray>
@@ -16,14 +16,21 @@
 namespace tarvo::motor {
 
 enum EstadoTarea : int {
-  kEnEspera = 0, kAbriendo = 1, kAperturaFallida = 2, kTransfiriendo = 3, kTerminado = 4, kRechazado = 5,
-  kInterrumpido = 6, kRetenido = 7, kDetenido = 8,
+  kEnEspera = 0,
+  kAbriendo = 1,
+  kAperturaFallida = 2,
+  kTransfiriendo = 3,
+  kTerminado = 4,
+  kRechazado = 5,
+  kInterrumpido = 6,
+  kRetenido = 7,
+  kDetenido = 8,
 };
 QString TextoEstado(int estado);
 
 // Error codes that the engine itself gives, beside those of the links.
-inline constexpr int kErrorTiempo = 6;      // the link gave no event within any time that it may take
-inline constexpr int kErrorTrama = 7;       // a record that can't be read
+inline constexpr int kErrorTiempo = 6;  // the link gave no event within any time that it may take
+inline constexpr int kErrorTrama = 7;   // a record that can't be read
 inline constexpr int kErrorDetenido = 13;   // the operator stopped the opening: never retried
 inline constexpr int kErrorCanal = 14;      // the channel isn't what the group needs
 inline constexpr int kErrorCaida = 20;      // the link went away while it was in use
@@ -36,17 +43,17 @@ struct DatosTarea {
   int Clase = 0;
   int Grupo = 0;
   int Baudios = 0;
-  int Remoto = 0;       // 1 modem, 2 direct cable, 3 TCP/IP, 4 connector
-  int CanalDirecto = 0; // Remoto 2
-  QString Telefono;     // phone number, host text or link name
+  int Remoto = 0;        // 1 modem, 2 direct cable, 3 TCP/IP, 4 connector
+  int CanalDirecto = 0;  // Remoto 2
+  QString Telefono;      // phone number, host text or link name
   int Seccion = 1, Tarifa = 0;
-  int Tipo = 1;         // kind of group, 1 to 4
-  int Protocolo = 1;    // 2 NODAL where Tipo is 2, else 1 VEK
+  int Tipo = 1;       // kind of group, 1 to 4
+  int Protocolo = 1;  // 2 NODAL where Tipo is 2, else 1 VEK
   int Addr = 0;
   std::vector<int> Direcciones;  // Addr of each BZAS row, in key order
   bool Todo = true;
   qint64 Desde = 0, Hasta = 9999999;
-  qint64 paso = -1;     // step of the process that asked for it, for the runner's record; -1 for none
+  qint64 paso = -1;  // step of the process that asked for it, for the runner's record; -1 for none
 };
 
 // What a task does next.
@@ -55,7 +62,7 @@ struct Siguiente {
   int addr = 0;
   int codigo = 0;
   QByteArray datos;
-  int timeOut = 0;      // ms to wait for the answer; 0 for the setting TimeOut
+  int timeOut = 0;  // ms to wait for the answer; 0 for the setting TimeOut
   static Siguiente fin() { return {}; }
 };
 
@@ -67,49 +74,52 @@ struct Entorno {
   totals::Sesion& sesion;
 };
 
-// The run of one task, made at its first connection and kept over retries. Nothing here knows of links or channels.
-// A failed call fails the frame: the retry rule decides. A failure of class Formato or of the store is said, with its text
-// as a sentence that names the group and what was being read; one with number kErrorSuprimido ends the task. Nothing that a machine gave may be lost by a retry, and nothing
-// may be told to be forgotten before it is on disk.
+// The run of one task, made at its first connection and kept over retries. Nothing here knows of
+// links or channels. A failed call fails the frame: the retry rule decides. A failure of class
+// Formato or of the store is said, with its text as a sentence that names the group and what was
+// being read; one with number kErrorSuprimido ends the task. Nothing that a machine gave may be
+// lost by a retry, and nothing may be told to be forgotten before it is on disk.
 class TrabajoTarea {
  public:
   virtual ~TrabajoTarea() = default;
-  // SiguienteTrama: what to send or wait for now; Fin when TareaAcabada. Called again after a retry it gives the same step.
+  // SiguienteTrama: what to send or wait for now; Fin when TareaAcabada. Called again after a retry
+  // it gives the same step.
   virtual Resultado<Siguiente> siguiente() = 0;
   // Does this frame answer what siguiente() asked last?
   virtual bool encaja(int addr, int codigo, const QByteArray& datos) const = 0;
-  // Takes the answer and moves on to the next step (decoder and SiguientePaso). For a NODAL acknowledgement codigo is 0
-  // and datos empty.
+  // Takes the answer and moves on to the next step (decoder and SiguientePaso). For a NODAL
+  // acknowledgement codigo is 0 and datos empty.
   virtual Resultado<> respuesta(int addr, int codigo, const QByteArray& datos) = 0;
-  // The task goes on after a failure or on a new link: a list that must start again forgets what it had of the machine
-  // now served.
+  // The task goes on after a failure or on a new link: a list that must start again forgets what it
+  // had of the machine now served.
   virtual void reanudar() {}
   // ReglaReintento saw a failure of this task.
   virtual void fallo() {}
-  // CierreTarea: stores what was read, marks the session. When it fails the task has failed, and is tried again.
+  // CierreTarea: stores what was read, marks the session. When it fails the task has failed, and is
+  // tried again.
   virtual Resultado<std::vector<totals::Aviso>> cerrar() = 0;
   // The task is given up.
   virtual void abandonar() {}
   // What it is now at, for the grid ("P 0000123"), and the last code for reports.
   virtual QString MostrarTraza() const { return {}; }
   virtual qint64 codigoActual() const { return 0; }
-  // Counts what has been done for good (articles, positions, machines whose list ended); a task that fails again and again
-  // without moving it is given up, so every task ends.
+  // Counts what has been done for good (articles, positions, machines whose list ended); a task
+  // that fails again and again without moving it is given up, so every task ends.
   virtual qint64 avance() const = 0;
 };
 
 // A kind of task. One constant object a file.
 struct ClaseTarea {
   int numero = 0;
-  const char16_t* clave = u"";      // keyword of the process language, empty for none
-  const char16_t* nombre = u"";     // grid name
-  const char16_t* mensaje = u"";    // name for messages
-  const char16_t* titulo = u"";     // title of its dialog
-  std::vector<int> tipos;           // kinds of group that take it
-  bool esTotal = false;             // 16 to 21
-  bool esLectura = false;           // totals and documents: a zeroing of the group waits for it
-  bool esOlvido = false;            // zeroing, wipe: waits until no reading of its group stands before it
-  bool toleraErr5 = false;          // a refusal numbered 5 counts as a good answer
+  const char16_t* clave = u"";    // keyword of the process language, empty for none
+  const char16_t* nombre = u"";   // grid name
+  const char16_t* mensaje = u"";  // name for messages
+  const char16_t* titulo = u"";   // title of its dialog
+  std::vector<int> tipos;         // kinds of group that take it
+  bool esTotal = false;           // 16 to 21
+  bool esLectura = false;         // totals and documents: a zeroing of the group waits for it
+  bool esOlvido = false;    // zeroing, wipe: waits until no reading of its group stands before it
+  bool toleraErr5 = false;  // a refusal numbered 5 counts as a good answer
   // Null for a kind whose name is known and that has no sender: NuevaTarea answers 2 for it.
   std::unique_ptr<TrabajoTarea> (*crear)(const DatosTarea&, const Entorno&) = nullptr;
   bool valePara(int tipo) const;

@@ -4,7 +4,8 @@
 
 namespace tarvo::motor {
 
-gestcomm::Interior::Interior(gestcomm& dueno, Entorno e, enlace::Enlaces& en, const RegistroTareas& r)
+gestcomm::Interior::Interior(gestcomm& dueno, Entorno e, enlace::Enlaces& en,
+                             const RegistroTareas& r)
     : fuera(dueno), entorno(e), enlaces(en), registro(r) {
   for (const ParamCanal& p : e.ajustes.canales)
     canales.emplace_back().EstadoCanal = p.Device == 0 ? kSinUso : kCerrado;
@@ -32,7 +33,9 @@ void gestcomm::CambioAModo(bool automatico) {
   d->cambioCola();
 }
 
-bool gestcomm::ModoAutomatico() const { return d->automatico; }
+bool gestcomm::ModoAutomatico() const {
+  return d->automatico;
+}
 
 void gestcomm::VigilaProcesos(int reintentos, bool borrarFallos, Vigilante* vigilante) {
   d->reintentos = reintentos;
@@ -44,8 +47,8 @@ gestcomm::Cuenta gestcomm::CuantosQuedan() const {
   Cuenta n;
   for (const auto& [id, t] : d->tareas) {
     const bool suprimida = t->Estado == kEnEspera && t->Error == kErrorSuprimido;
-    const bool enCurso = t->Estado == kEnEspera || t->Estado == kAbriendo || t->Estado == kTransfiriendo ||
-                         t->Estado == kTerminado;
+    const bool enCurso = t->Estado == kEnEspera || t->Estado == kAbriendo ||
+                         t->Estado == kTransfiriendo || t->Estado == kTerminado;
     ++(enCurso && !suprimida ? n.enCurso : n.fallidas);
     ++n.total;
   }
@@ -57,7 +60,9 @@ const std::set<int>& gestcomm::GruposFallidos() const {
   return d->gruposFallidos;
 }
 
-void gestcomm::anadirGrupoFallido(int grupo) { d->anotarFallido(grupo, 0); }
+void gestcomm::anadirGrupoFallido(int grupo) {
+  d->anotarFallido(grupo, 0);
+}
 
 Resultado<bool> gestcomm::LaSesion(int nuevo) {
   totals::Sesion& s = d->entorno.sesion;
@@ -74,7 +79,9 @@ Resultado<bool> gestcomm::LaSesion(int nuevo) {
   return true;
 }
 
-void gestcomm::AvanzarTarea(int id) { d->avanzar(id); }
+void gestcomm::AvanzarTarea(int id) {
+  d->avanzar(id);
+}
 
 void gestcomm::PausarTarea(int id) {
   if (TareaViva* t = d->tarea(id)) {
@@ -83,9 +90,13 @@ void gestcomm::PausarTarea(int id) {
   }
 }
 
-void gestcomm::DetenerTarea(int id) { d->detener(id); }
+void gestcomm::DetenerTarea(int id) {
+  d->detener(id);
+}
 
-void gestcomm::EliminarTarea(int id) { d->eliminar(id); }
+void gestcomm::EliminarTarea(int id) {
+  d->eliminar(id);
+}
 
 void gestcomm::terminator() {
   std::vector<int> ids;
@@ -108,10 +119,15 @@ void gestcomm::cerrar(std::function<void()> alCerrar) {
   for (int c = 0; c < static_cast<int>(d->canales.size()); ++c) {
     switch (d->canales[static_cast<size_t>(c)].EstadoCanal) {
       case kConFallo:
-      case kCierreMalo: d->liberarCanal(c); [[fallthrough]];
+      case kCierreMalo:
+        d->liberarCanal(c);
+        [[fallthrough]];
       case kLibreAbierto:
-      case kParar: d->cerrarEnlace(c); break;
-      default: break;
+      case kParar:
+        d->cerrarEnlace(c);
+        break;
+      default:
+        break;
     }
   }
   d->alFin->unaVez(0);
@@ -119,7 +135,8 @@ void gestcomm::cerrar(std::function<void()> alCerrar) {
 
 bool gestcomm::puedeCerrar() const {
   for (const auto& [id, t] : d->tareas)
-    if (t->Estado == kAbriendo || t->Estado == kTransfiriendo || t->Estado == kRetenido) return false;
+    if (t->Estado == kAbriendo || t->Estado == kTransfiriendo || t->Estado == kRetenido)
+      return false;
   return true;
 }
 
@@ -127,8 +144,9 @@ std::vector<VistaTarea> gestcomm::tareas() const {
   std::vector<VistaTarea> salida;
   salida.reserve(d->tareas.size());
   for (const auto& [id, t] : d->tareas)
-    salida.push_back({t->datos, t->Estado, t->Error, t->Traza, t->Canal, t->FallosEnlace, t->FallosTrama,
-                      t->Retenida, t->textoError, t->trabajo ? t->trabajo->MostrarTraza() : QString()});
+    salida.push_back({t->datos, t->Estado, t->Error, t->Traza, t->Canal, t->FallosEnlace,
+                      t->FallosTrama, t->Retenida, t->textoError,
+                      t->trabajo ? t->trabajo->MostrarTraza() : QString()});
   return salida;
 }
 
@@ -139,20 +157,31 @@ std::vector<VistaCanal> gestcomm::canales() const {
   return salida;
 }
 
-void gestcomm::observar(Observador* observador) { d->observador = observador; }
+void gestcomm::observar(Observador* observador) {
+  d->observador = observador;
+}
 
-// --- events of the links -----------------------------------------------------------------------------
+// --- events of the links
+// -----------------------------------------------------------------------------
 
-void gestcomm::Abrir_Evento(int canal, int error) { d->abierto(canal, error); }
-void gestcomm::Cerrar_Evento(int canal, int error) { d->cerrado(canal, error); }
-void gestcomm::EnvioVEK_Evento(int canal, int error, int addr, int codigo, const QByteArray& datos) {
+void gestcomm::Abrir_Evento(int canal, int error) {
+  d->abierto(canal, error);
+}
+void gestcomm::Cerrar_Evento(int canal, int error) {
+  d->cerrado(canal, error);
+}
+void gestcomm::EnvioVEK_Evento(int canal, int error, int addr, int codigo,
+                               const QByteArray& datos) {
   d->respuesta(canal, error, addr, codigo, datos, false);
 }
-void gestcomm::EnvioNDL_Evento(int canal, int error) { d->respuesta(canal, error, -1, 0, {}, false); }
+void gestcomm::EnvioNDL_Evento(int canal, int error) {
+  d->respuesta(canal, error, -1, 0, {}, false);
+}
 void gestcomm::ReciboNDL_Evento(int canal, int error, int codigo, const QByteArray& datos) {
   d->respuesta(canal, error, -1, codigo, datos, true);
 }
-void gestcomm::ReciboVEK_Evento(int canal, int error, int addr, int codigo, const QByteArray& datos) {
+void gestcomm::ReciboVEK_Evento(int canal, int error, int addr, int codigo,
+                                const QByteArray& datos) {
   d->respuesta(canal, error, addr, codigo, datos, false);
 }
 void gestcomm::CD_Evento(int canal, bool) {

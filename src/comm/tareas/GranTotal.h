@@ -1,4 +1,5 @@
-// The reading of a grand total, which the zeroing of a machine makes too before it goes on with a run that was cut off.
+// The reading of a grand total, which the zeroing of a machine makes too before it goes on with a
+// run that was cut off.
 #pragma once
 
 #include "comm/tareas/Totales.h"

@@ -16,15 +16,19 @@ struct Nombres {
 constexpr Nombres kPedidos{u"PEDI_CAB", u"PEDI_LIN", u"NUMPED", u"NumeroPedido"};
 constexpr Nombres kInventarios{u"INVE_CAB", u"INVE_LIN", u"NUMINV", u"NumeroInventario"};
 
-const Nombres& nombres(Documento que) { return que == Documento::Pedido ? kPedidos : kInventarios; }
+const Nombres& nombres(Documento que) {
+  return que == Documento::Pedido ? kPedidos : kInventarios;
+}
 
-QString q(const char16_t* s) { return QString::fromUtf16(s); }
+QString q(const char16_t* s) {
+  return QString::fromUtf16(s);
+}
 
 QString huella(const std::vector<Linea>& lineas, size_t cuantas) {
   QCryptographicHash h(QCryptographicHash::Sha1);
   for (size_t i = 0; i < cuantas; ++i)
-    h.addData(QByteArray::number(lineas[i].articulo) + '|' + QByteArray::number(lineas[i].peso) + '|' +
-              QByteArray::number(lineas[i].unidades) + '\n');
+    h.addData(QByteArray::number(lineas[i].articulo) + '|' + QByteArray::number(lineas[i].peso) +
+              '|' + QByteArray::number(lineas[i].unidades) + '\n');
   return QString::fromLatin1(h.result().toHex());
 }
 
@@ -36,24 +40,29 @@ Resultado<qint64> ListaRecibida::numeroNuevo() {
   if (!ultimo) return std::unexpected(ultimo.error());
   const auto guardado = e_.db.uno(u"SELECT VALOR FROM EstadoTarvo WHERE CLAVE=?", n.contador);
   if (!guardado) return std::unexpected(guardado.error());
-  const int ajuste = que_ == Documento::Pedido ? e_.ajustes.NumeroPedido : e_.ajustes.NumeroInventario;
+  const int ajuste =
+      que_ == Documento::Pedido ? e_.ajustes.NumeroPedido : e_.ajustes.NumeroInventario;
   const qint64 numero = std::max({ultimo->entero(), guardado->entero(), qint64{ajuste}}) + 1;
-  const auto cambiadas = e_.db.ejecutar(u"UPDATE EstadoTarvo SET VALOR=? WHERE CLAVE=?", numero, n.contador);
+  const auto cambiadas =
+      e_.db.ejecutar(u"UPDATE EstadoTarvo SET VALOR=? WHERE CLAVE=?", numero, n.contador);
   if (!cambiadas) return std::unexpected(cambiadas.error());
   if (*cambiadas == 0)
-    TARVO_INTENTAR(e_.db.ejecutar(u"INSERT INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, ?)", n.contador, numero));
+    TARVO_INTENTAR(e_.db.ejecutar(u"INSERT INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, ?)",
+                                  n.contador, numero));
   return numero;
 }
 
 Resultado<> ListaRecibida::escribirLineas(const std::vector<Linea>& lineas, size_t desde) {
   const Nombres& n = nombres(que_);
   const bool pedido = que_ == Documento::Pedido;
-  auto st = e_.db.preparar(QString(u"INSERT INTO " + q(n.lineas) + u" (" + q(n.numero) +
-                                   (pedido ? u", SECCION, CODIGO, PESO, UNIDS, SERV_UNI, SERV_PES) VALUES (?,?,?,?,?,0,0)"
-                                           : u", SECCION, CODIGO, PESO, UNIDS) VALUES (?,?,?,?,?)")));
+  auto st = e_.db.preparar(QString(
+      u"INSERT INTO " + q(n.lineas) + u" (" + q(n.numero) +
+      (pedido ? u", SECCION, CODIGO, PESO, UNIDS, SERV_UNI, SERV_PES) VALUES (?,?,?,?,?,0,0)"
+              : u", SECCION, CODIGO, PESO, UNIDS) VALUES (?,?,?,?,?)")));
   if (!st) return std::unexpected(st.error());
   for (size_t i = desde; i < lineas.size(); ++i) {
-    const qint64 campos[] = {numero_, t_.Seccion, lineas[i].articulo, lineas[i].peso, lineas[i].unidades};
+    const qint64 campos[] = {numero_, t_.Seccion, lineas[i].articulo, lineas[i].peso,
+                             lineas[i].unidades};
     for (int c = 0; c < 5; ++c) (*st)->ligar(c, campos[c]);
     TARVO_INTENTAR((*st)->ejecutar());
   }
@@ -74,8 +83,9 @@ Resultado<bool> ListaRecibida::continuar(const std::vector<Linea>& lineas) {
   if (conocidas > lineas.size() || huella(lineas, conocidas) != (*rs)->texto(1)) return false;
   numero_ = (*rs)->entero(0);
   TARVO_INTENTAR(escribirLineas(lineas, conocidas));
-  TARVO_INTENTAR(e_.db.ejecutar(u"UPDATE ListasRecibidas SET HUELLA=?, LINEAS=? WHERE CLASE=? AND NUMERO=?",
-                                huella(lineas, lineas.size()), static_cast<qint64>(lineas.size()), t_.Clase, numero_));
+  TARVO_INTENTAR(e_.db.ejecutar(
+      u"UPDATE ListasRecibidas SET HUELLA=?, LINEAS=? WHERE CLASE=? AND NUMERO=?",
+      huella(lineas, lineas.size()), static_cast<qint64>(lineas.size()), t_.Clase, numero_));
   return true;
 }
 
@@ -87,23 +97,27 @@ Resultado<> ListaRecibida::guardar(const std::vector<Linea>& lineas) {
   if (!sigue) return std::unexpected(sigue.error());
   if (*sigue) return tr->confirmar();
   // Another list: the machine has forgotten those before it.
-  TARVO_INTENTAR(e_.db.ejecutar(u"UPDATE ListasRecibidas SET OLVIDADA=1 WHERE GRUPO=? AND CLASE=?", t_.Grupo, t_.Clase));
+  TARVO_INTENTAR(e_.db.ejecutar(u"UPDATE ListasRecibidas SET OLVIDADA=1 WHERE GRUPO=? AND CLASE=?",
+                                t_.Grupo, t_.Clase));
   const auto numero = numeroNuevo();
   if (!numero) return std::unexpected(numero.error());
   numero_ = *numero;
-  TARVO_INTENTAR(e_.db.ejecutar(QString(u"INSERT INTO " + q(n.cabecera) + u" (" + q(n.numero) +
-                                        u", FECHA, GRUPO, stkADO, OBSERVA) VALUES (?, ?, ?, 0, '')"),
-                                numero_, e_.reloj.ahora(), t_.Grupo));
+  TARVO_INTENTAR(
+      e_.db.ejecutar(QString(u"INSERT INTO " + q(n.cabecera) + u" (" + q(n.numero) +
+                             u", FECHA, GRUPO, stkADO, OBSERVA) VALUES (?, ?, ?, 0, '')"),
+                     numero_, e_.reloj.ahora(), t_.Grupo));
   TARVO_INTENTAR(escribirLineas(lineas, 0));
-  TARVO_INTENTAR(e_.db.ejecutar(
-      u"INSERT INTO ListasRecibidas (GRUPO, CLASE, NUMERO, HUELLA, LINEAS, OLVIDADA) VALUES (?, ?, ?, ?, ?, 0)",
-      t_.Grupo, t_.Clase, numero_, huella(lineas, lineas.size()), static_cast<qint64>(lineas.size())));
+  TARVO_INTENTAR(
+      e_.db.ejecutar(u"INSERT INTO ListasRecibidas (GRUPO, CLASE, NUMERO, HUELLA, LINEAS, "
+                     u"OLVIDADA) VALUES (?, ?, ?, ?, ?, 0)",
+                     t_.Grupo, t_.Clase, numero_, huella(lineas, lineas.size()),
+                     static_cast<qint64>(lineas.size())));
   return tr->confirmar();
 }
 
 Resultado<> ListaRecibida::olvidada() {
-  TARVO_INTENTAR(
-      e_.db.ejecutar(u"UPDATE ListasRecibidas SET OLVIDADA=1 WHERE CLASE=? AND NUMERO=?", t_.Clase, numero_));
+  TARVO_INTENTAR(e_.db.ejecutar(u"UPDATE ListasRecibidas SET OLVIDADA=1 WHERE CLASE=? AND NUMERO=?",
+                                t_.Clase, numero_));
   return {};
 }
 

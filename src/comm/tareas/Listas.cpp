@@ -56,11 +56,14 @@ class ListaVek final : public Lista {
     if (fase_ == 0) return Siguiente::fin();
     if (fase_ == 2) TARVO_INTENTAR(aDisco());
     if (fase_ == 1 && lineas_.size() > kUltimaLinea)
-      return fallo(Fallo::Formato, QStringLiteral("Grupo %1, %2: la lista no termina.").arg(t_.Grupo).arg(lugar()), 7);
+      return tarvo::fallo(
+          Fallo::Formato,
+          QStringLiteral("Grupo %1, %2: la lista no termina.").arg(t_.Grupo).arg(lugar()), 7);
     const maquinas::Peticion p = peticion();
     return Siguiente{Siguiente::Enviar, 0, p.codigo, p.datos};
   }
-  // The answer doesn't say which lines it holds: the very answer that was taken last is its repetition.
+  // The answer doesn't say which lines it holds: the very answer that was taken last is its
+  // repetition.
   bool encaja(int, int codigo, const QByteArray& datos) const override {
     return codigo == peticion().codigo && (fase_ != 1 || ultima_.isEmpty() || datos != ultima_);
   }
@@ -89,25 +92,30 @@ class ListaVek final : public Lista {
   QByteArray ultima_;
 };
 
-// Kind 2: one request, frames until the end of the list, the permission to forget it, and the end once more.
+// Kind 2: one request, frames until the end of the list, the permission to forget it, and the end
+// once more.
 class ListaNodalPedido final : public Lista {
  public:
   using Lista::Lista;
 
   Resultado<Siguiente> siguiente() override {
     switch (fase_) {
-      case 1: return enviar(maquinas::nodal::pedido());
+      case 1:
+        return enviar(maquinas::nodal::pedido());
       case 3:
         TARVO_INTENTAR(aDisco());
         return enviar(maquinas::nodal::olvidarPedido());
       case 2:
-      case 4: return Siguiente{Siguiente::EsperarNODAL, t_.Addr};
-      default: return Siguiente::fin();
+      case 4:
+        return Siguiente{Siguiente::EsperarNODAL, t_.Addr};
+      default:
+        return Siguiente::fin();
     }
   }
   bool encaja(int, int codigo, const QByteArray&) const override {
     if (fase_ != 2 && fase_ != 4) return true;
-    const int mia = (fase_ == 2 ? maquinas::nodal::pedido() : maquinas::nodal::olvidarPedido()).codigo;
+    const int mia =
+        (fase_ == 2 ? maquinas::nodal::pedido() : maquinas::nodal::olvidarPedido()).codigo;
     return codigo == mia || !maquinas::nodal::esDePeticion(codigo);
   }
   Resultado<> respuesta(int, int codigo, const QByteArray& datos) override {
@@ -122,7 +130,8 @@ class ListaNodalPedido final : public Lista {
     }
     return {};
   }
-  // A list that broke off starts again. The permission to forget is not given anew once the machine has taken it.
+  // A list that broke off starts again. The permission to forget is not given anew once the machine
+  // has taken it.
   void reanudar() override {
     if (fase_ != 2) return;
     fase_ = 1;

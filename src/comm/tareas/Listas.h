@@ -1,5 +1,6 @@
-// Orders and inventories that a machine holds: their lines stay in memory until the list has ended. Then one transaction
-// makes the document and notes that the machine has yet to forget the list, and only then is it told to.
+// Orders and inventories that a machine holds: their lines stay in memory until the list has ended.
+// Then one transaction makes the document and notes that the machine has yet to forget the list,
+// and only then is it told to.
 #pragma once
 
 #include "comm/maquinas/Campos.h"
@@ -12,9 +13,10 @@ enum class Documento { Pedido, Inventario };
 // What is on disk about a list: ListasRecibidas.
 class ListaRecibida {
  public:
-  ListaRecibida(const motor::DatosTarea& t, const motor::Entorno& e, Documento que) : t_(t), e_(e), que_(que) {}
-  // Makes the document of these lines. A list that begins with the lines of a noted one that the machine has not been
-  // known to forget is that list: its document gets the further lines.
+  ListaRecibida(const motor::DatosTarea& t, const motor::Entorno& e, Documento que)
+      : t_(t), e_(e), que_(que) {}
+  // Makes the document of these lines. A list that begins with the lines of a noted one that the
+  // machine has not been known to forget is that list: its document gets the further lines.
   Resultado<> guardar(const std::vector<maquinas::Linea>& lineas);
   // The machine has forgotten it.
   Resultado<> olvidada();
@@ -30,6 +32,7 @@ class ListaRecibida {
   qint64 numero_ = 0;
 };
 
-std::unique_ptr<motor::TrabajoTarea> crearLista(const motor::DatosTarea& t, const motor::Entorno& e, Documento que);
+std::unique_ptr<motor::TrabajoTarea> crearLista(const motor::DatosTarea& t, const motor::Entorno& e,
+                                                Documento que);
 
 }  // namespace tarvo::tareas

@@ -9,10 +9,10 @@ motor::RegistroTareas registro() {
     int numero;
     Trabajo (*crear)(const motor::DatosTarea&, const motor::Entorno&);
   };
-  constexpr Fabrica kFabricas[] = {
-      {6, crearTxZero},   {7, crearTxHora},   {9, crearTxCerr},   {16, crearRxPlus},
-      {17, crearRxGrTot}, {18, crearRxOpera}, {19, crearRxDepar}, {20, crearRxHorar},
-      {21, crearRxOpHor}, {22, crearRxPedid}, {23, crearRxInven}};
+  constexpr Fabrica kFabricas[] = {{6, crearTxZero},   {7, crearTxHora},   {9, crearTxCerr},
+                                   {16, crearRxPlus},  {17, crearRxGrTot}, {18, crearRxOpera},
+                                   {19, crearRxDepar}, {20, crearRxHorar}, {21, crearRxOpHor},
+                                   {22, crearRxPedid}, {23, crearRxInven}};
   motor::RegistroTareas r;
   for (motor::ClaseTarea& c : motor::TablaClases()) {
     for (const Fabrica& f : kFabricas)
@@ -23,7 +23,8 @@ motor::RegistroTareas registro() {
 }
 
 Resultado<> asegurarTablasTareas(dao::Database& db) {
-  return db.ejecutarGuion(uR"(
+  return db.ejecutarGuion(
+      uR"(
 CREATE TABLE IF NOT EXISTS EstadoTarvo (CLAVE TEXT PRIMARY KEY, VALOR);
 CREATE TABLE IF NOT EXISTS ListasRecibidas (
   GRUPO INTEGER NOT NULL, CLASE INTEGER NOT NULL, NUMERO INTEGER NOT NULL, HUELLA TEXT, LINEAS INTEGER DEFAULT 0,

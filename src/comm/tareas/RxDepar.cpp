@@ -68,9 +68,12 @@ class DepartamentosCaja final : public ListasCaja {
 
 Trabajo crearRxDepar(const motor::DatosTarea& t, const motor::Entorno& e) {
   switch (t.Tipo) {
-    case 2: return std::make_unique<DepartamentosNodal>(t, e);
-    case 3: return std::make_unique<DepartamentosCaja>(t, e);
-    default: return std::make_unique<DepartamentosVek>(t, e);
+    case 2:
+      return std::make_unique<DepartamentosNodal>(t, e);
+    case 3:
+      return std::make_unique<DepartamentosCaja>(t, e);
+    default:
+      return std::make_unique<DepartamentosVek>(t, e);
   }
 }
 

@@ -65,12 +65,17 @@ class GranTotalCaja final : public ListasCaja {
 
 std::unique_ptr<Totales> crearGranTotal(const motor::DatosTarea& t, const motor::Entorno& e) {
   switch (t.Tipo) {
-    case 2: return std::make_unique<GranTotalNodal>(t, e);
-    case 3: return std::make_unique<GranTotalCaja>(t, e);
-    default: return std::make_unique<GranTotalVek>(t, e);
+    case 2:
+      return std::make_unique<GranTotalNodal>(t, e);
+    case 3:
+      return std::make_unique<GranTotalCaja>(t, e);
+    default:
+      return std::make_unique<GranTotalVek>(t, e);
   }
 }
 
-Trabajo crearRxGrTot(const motor::DatosTarea& t, const motor::Entorno& e) { return crearGranTotal(t, e); }
+Trabajo crearRxGrTot(const motor::DatosTarea& t, const motor::Entorno& e) {
+  return crearGranTotal(t, e);
+}
 
 }  // namespace tarvo::tareas

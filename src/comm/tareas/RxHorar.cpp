@@ -34,6 +34,8 @@ class Horas final : public PreguntasVek {
 
 }  // namespace
 
-Trabajo crearRxHorar(const motor::DatosTarea& t, const motor::Entorno& e) { return std::make_unique<Horas>(t, e); }
+Trabajo crearRxHorar(const motor::DatosTarea& t, const motor::Entorno& e) {
+  return std::make_unique<Horas>(t, e);
+}
 
 }  // namespace tarvo::tareas

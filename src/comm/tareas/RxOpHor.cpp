@@ -7,7 +7,8 @@ namespace tarvo::tareas {
 
 namespace {
 
-// The scale skips what has no sales: an answer stands at the question or behind it, and the walk goes on from there.
+// The scale skips what has no sales: an answer stands at the question or behind it, and the walk
+// goes on from there.
 class CruzadoVek final : public PreguntasVek {
  public:
   using PreguntasVek::PreguntasVek;
@@ -29,7 +30,9 @@ class CruzadoVek final : public PreguntasVek {
     if (!n || *n == 0 || !h) return true;
     return std::pair<qint64, qint64>(*n, *h) >= std::pair<qint64, qint64>(n_, h_);
   }
-  QString lugar() const override { return QStringLiteral("operador en posición %1, hora %2").arg(n_).arg(h_); }
+  QString lugar() const override {
+    return QStringLiteral("operador en posición %1, hora %2").arg(n_).arg(h_);
+  }
   Resultado<> registro(const QByteArray& datos) override {
     if (maquinas::vek::cabeza(datos, 1, 2) == 0) {
       n_ = maquinas::MaxOperadores(t_.Tipo) + 1;
@@ -37,9 +40,11 @@ class CruzadoVek final : public PreguntasVek {
     }
     const auto r = maquinas::vek::leerOperadorHora(datos);
     if (!r) return std::unexpected(r.error());
-    if (r->numero > maquinas::MaxOperadores(t_.Tipo) || r->numero < 1 || r->hora < 0 || r->hora > 23)
-      return fallo(Fallo::Formato,
-                   QStringLiteral("no existe el operador %1 a la hora %2").arg(r->numero).arg(r->hora), 7);
+    if (r->numero > maquinas::MaxOperadores(t_.Tipo) || r->numero < 1 || r->hora < 0 ||
+        r->hora > 23)
+      return tarvo::fallo(
+          Fallo::Formato,
+          QStringLiteral("no existe el operador %1 a la hora %2").arg(r->numero).arg(r->hora), 7);
     if (r->imp > 0 || r->pes > 0 || r->con > 0)
       filasGrupo()[{operadores_[static_cast<size_t>(r->numero)], r->hora}] += contadores(*r);
     n_ = static_cast<int>(r->numero);
@@ -71,8 +76,9 @@ class CruzadoNodal final : public ListaNodal {
     if (!r) return std::unexpected(r.error());
     for (const maquinas::Total& t : *r)
       if (t.numero < 1 || t.numero >= static_cast<qint64>(operadores_.size()) || t.hora > 23)
-        return fallo(Fallo::Formato,
-                     QStringLiteral("no existe el operador %1 a la hora %2").arg(t.numero).arg(t.hora), 7);
+        return tarvo::fallo(
+            Fallo::Formato,
+            QStringLiteral("no existe el operador %1 a la hora %2").arg(t.numero).arg(t.hora), 7);
     for (const maquinas::Total& t : *r)
       filasGrupo()[{operadores_[static_cast<size_t>(t.numero)], t.hora}] += contadores(t);
     return {};

@@ -60,8 +60,11 @@ class OperadoresNodal final : public ListaNodal {
     if (!r) return std::unexpected(r.error());
     for (const maquinas::Total& t : *r)
       if (t.numero < 1 || t.numero >= static_cast<qint64>(operadores_.size()))
-        return fallo(Fallo::Formato, QStringLiteral("no existe la posición de operador %1").arg(t.numero), 7);
-    for (const maquinas::Total& t : *r) filasGrupo()[{operadores_[static_cast<size_t>(t.numero)], 0}] += contadores(t);
+        return tarvo::fallo(Fallo::Formato,
+                            QStringLiteral("no existe la posición de operador %1").arg(t.numero),
+                            7);
+    for (const maquinas::Total& t : *r)
+      filasGrupo()[{operadores_[static_cast<size_t>(t.numero)], 0}] += contadores(t);
     return {};
   }
 

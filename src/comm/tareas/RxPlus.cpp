@@ -11,13 +11,18 @@ namespace tarvo::tareas {
 namespace {
 
 constexpr qint64 kUltimoCodigo = 9999999;
-constexpr qint64 kArticuloDesconocido = 2;  // the system article that takes sales of codes nobody knows
+constexpr qint64 kArticuloDesconocido =
+    2;  // the system article that takes sales of codes nobody knows
 
-bool rangoEntero(const motor::DatosTarea& t) { return t.Desde <= 1 && t.Hasta >= kUltimoCodigo; }
+bool rangoEntero(const motor::DatosTarea& t) {
+  return t.Desde <= 1 && t.Hasta >= kUltimoCodigo;
+}
 
 Resultado<std::vector<qint64>> leerCodigos(dao::Database& db, const motor::DatosTarea& t) {
-  auto rs = db.consultar(u"SELECT CODPLU FROM PLUSES WHERE (SECCION=?) AND (CODPLU>=?) AND (CODPLU<=?) ORDER BY CODPLU",
-                         t.Seccion, t.Desde, t.Hasta);
+  auto rs = db.consultar(
+      u"SELECT CODPLU FROM PLUSES WHERE (SECCION=?) AND (CODPLU>=?) AND (CODPLU<=?) ORDER BY "
+      u"CODPLU",
+      t.Seccion, t.Desde, t.Hasta);
   if (!rs) return std::unexpected(rs.error());
   std::vector<qint64> codigos;
   for (; !(*rs)->Eof();) {
@@ -27,12 +32,14 @@ Resultado<std::vector<qint64>> leerCodigos(dao::Database& db, const motor::Datos
   return codigos;
 }
 
-// Kinds 1 and 4: whole, one question for each article of the section; or optimised, in which the scale answers the next
-// article with sales at or behind the one asked.
+// Kinds 1 and 4: whole, one question for each article of the section; or optimised, in which the
+// scale answers the next article with sales at or behind the one asked.
 class ArticulosVek final : public PreguntasVek {
  public:
   using PreguntasVek::PreguntasVek;
-  QString MostrarTraza() const override { return u"P " + QString::fromLatin1(maquinas::Ceros(codigoActual(), 7)); }
+  QString MostrarTraza() const override {
+    return QStringLiteral("P ") + QString::fromLatin1(maquinas::Ceros(codigoActual(), 7));
+  }
   qint64 codigoActual() const override { return acabada() ? t_.Desde : codigos_[pos_]; }
 
  protected:
@@ -45,7 +52,8 @@ class ArticulosVek final : public PreguntasVek {
   }
   bool acabada() const override { return pos_ >= codigos_.size(); }
   maquinas::Peticion pregunta() const override {
-    return t_.Todo ? maquinas::vek::articulo(codigos_[pos_]) : maquinas::vek::siguienteArticulo(codigos_[pos_]);
+    return t_.Todo ? maquinas::vek::articulo(codigos_[pos_])
+                   : maquinas::vek::siguienteArticulo(codigos_[pos_]);
   }
   int timeOut() const override {
     if (t_.Todo) return 0;
@@ -57,7 +65,7 @@ class ArticulosVek final : public PreguntasVek {
     return t_.Todo ? *n == codigos_[pos_] : *n == 0 || *n >= codigos_[pos_];
   }
   QString lugar() const override {
-    return u"artículo " + QString::fromLatin1(maquinas::Ceros(codigoActual(), 7));
+    return QStringLiteral("artículo ") + QString::fromLatin1(maquinas::Ceros(codigoActual(), 7));
   }
   Resultado<> registro(const QByteArray& datos) override {
     if (!t_.Todo && maquinas::vek::cabeza(datos, 1, 7) == 0) {
@@ -86,13 +94,19 @@ class ArticulosNodal final : public ListaNodal {
         hasta_(std::min<qint64>(t.Hasta, maquinas::nodal::kUltimoArticulo)) {
     lectura_.entera = t.Desde <= 1 && t.Hasta >= maquinas::nodal::kUltimoArticulo;
   }
-  QString MostrarTraza() const override { return u"P " + QString::fromLatin1(maquinas::Ceros(desde_, 7)); }
+  QString MostrarTraza() const override {
+    return QStringLiteral("P ") + QString::fromLatin1(maquinas::Ceros(desde_, 7));
+  }
   qint64 codigoActual() const override { return desde_; }
   qint64 avance() const override { return ListaNodal::avance() + desde_; }
 
  protected:
-  maquinas::Peticion pregunta() const override { return maquinas::nodal::articulos(desde_, hasta_); }
-  QString lugar() const override { return u"artículo " + QString::fromLatin1(maquinas::Ceros(desde_, 7)); }
+  maquinas::Peticion pregunta() const override {
+    return maquinas::nodal::articulos(desde_, hasta_);
+  }
+  QString lugar() const override {
+    return QStringLiteral("artículo ") + QString::fromLatin1(maquinas::Ceros(desde_, 7));
+  }
   Resultado<> registros(const QByteArray& datos) override {
     const auto r = maquinas::nodal::leerArticulos(datos);
     if (!r) return std::unexpected(r.error());
@@ -124,7 +138,8 @@ class ArticulosCaja final : public ListasCaja {
   Resultado<> preparar() override {
     lectura_.entera = rangoEntero(t_);
     auto rs = e_.db.consultar(
-        u"SELECT CODPLU, Val(iif(isnull(CodBarExt), PFX_BAR & Format(CODPLU, '000000'), CodBarExt)) AS bar FROM PLUSES "
+        u"SELECT CODPLU, Val(iif(isnull(CodBarExt), PFX_BAR & Format(CODPLU, '000000'), "
+        u"CodBarExt)) AS bar FROM PLUSES "
         u"WHERE SECCION=? ORDER BY 2, 1",
         t_.Seccion);
     if (!rs) return std::unexpected(rs.error());
@@ -142,8 +157,8 @@ class ArticulosCaja final : public ListasCaja {
     if (!*r) return {};
     const auto it = std::ranges::lower_bound(barras_, (*r)->numero, {}, &Barra::bar);
     if (lectura_.entera || (it != barras_.end() && enRango(it->codigo)))
-      filas[{it != barras_.end() && it->bar == (*r)->numero ? it->codigo : kArticuloDesconocido, 0}] +=
-          contadores(**r);
+      filas[{it != barras_.end() && it->bar == (*r)->numero ? it->codigo : kArticuloDesconocido,
+             0}] += contadores(**r);
     return {};
   }
 
@@ -159,9 +174,12 @@ class ArticulosCaja final : public ListasCaja {
 
 Trabajo crearRxPlus(const motor::DatosTarea& t, const motor::Entorno& e) {
   switch (t.Tipo) {
-    case 2: return std::make_unique<ArticulosNodal>(t, e);
-    case 3: return std::make_unique<ArticulosCaja>(t, e);
-    default: return std::make_unique<ArticulosVek>(t, e);
+    case 2:
+      return std::make_unique<ArticulosNodal>(t, e);
+    case 3:
+      return std::make_unique<ArticulosCaja>(t, e);
+    default:
+      return std::make_unique<ArticulosVek>(t, e);
   }
 }
 

@@ -20,7 +20,8 @@ Resultado<std::array<qint64, 21>> leerOperadores(dao::Database& db, int grupo) {
   if (!rs) return std::unexpected(rs.error());
   const auto hay = (*rs)->Seek(dao::Busca::Igual, grupo);
   if (!hay) return std::unexpected(hay.error());
-  if (!*hay) return fallo(Fallo::NoExiste, QStringLiteral("El grupo %1 ya no existe.").arg(grupo));
+  if (!*hay)
+    return tarvo::fallo(Fallo::NoExiste, QStringLiteral("El grupo %1 ya no existe.").arg(grupo));
   for (size_t n = 1; n < salida.size(); ++n) {
     const int c = (*rs)->columna(QStringLiteral("OP%1_C").arg(n, 2, 10, QLatin1Char('0')));
     salida[n] = c < 0 || (*rs)->nulo(c) ? 0 : (*rs)->entero(c);
@@ -28,7 +29,8 @@ Resultado<std::array<qint64, 21>> leerOperadores(dao::Database& db, int grupo) {
   return salida;
 }
 
-// --- all readings ------------------------------------------------------------------------------------
+// --- all readings
+// ------------------------------------------------------------------------------------
 
 Totales::Totales(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e) {}
 
@@ -50,7 +52,8 @@ Resultado<std::vector<totals::Aviso>> Totales::cerrar() {
   return avisos;
 }
 
-// --- kinds 1 and 4 -----------------------------------------------------------------------------------
+// --- kinds 1 and 4
+// -----------------------------------------------------------------------------------
 
 Resultado<Siguiente> PreguntasVek::paso() {
   filasGrupo();
@@ -70,7 +73,8 @@ Resultado<> PreguntasVek::respuesta(int, int, const QByteArray& datos) {
   return {};
 }
 
-// --- kind 2 ------------------------------------------------------------------------------------------
+// --- kind 2
+// ------------------------------------------------------------------------------------------
 
 Resultado<Siguiente> ListaNodal::paso() {
   filasGrupo();
@@ -101,7 +105,8 @@ void ListaNodal::reanudar() {
   otraVez();
 }
 
-// --- kind 3 ------------------------------------------------------------------------------------------
+// --- kind 3
+// ------------------------------------------------------------------------------------------
 
 ListasCaja::ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e) : Totales(t, e) {
   // A register entered twice is one register: its sales count once.
@@ -113,9 +118,11 @@ ListasCaja::ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e) : To
 
 Resultado<Siguiente> ListasCaja::paso() {
   if (t_.Direcciones.empty())
-    return fallo(Fallo::Restriccion,
-                 QStringLiteral("El grupo %1 no tiene ninguna caja dada de alta: no hay nada que leer.").arg(t_.Grupo),
-                 motor::kErrorSuprimido);
+    return tarvo::fallo(
+        Fallo::Restriccion,
+        QStringLiteral("El grupo %1 no tiene ninguna caja dada de alta: no hay nada que leer.")
+            .arg(t_.Grupo),
+        motor::kErrorSuprimido);
   if (indice_ == t_.Direcciones.size()) return Siguiente::fin();
   const maquinas::Peticion p = pregunta();
   if (fase_ == 2) return Siguiente{Siguiente::EsperarVEK, direccion(), p.codigo};
@@ -124,7 +131,8 @@ Resultado<Siguiente> ListasCaja::paso() {
 }
 
 bool ListasCaja::encaja(int addr, int codigo, const QByteArray&) const {
-  return indice_ < t_.Direcciones.size() && codigo == pregunta().codigo && (addr < 0 || addr == direccion());
+  return indice_ < t_.Direcciones.size() && codigo == pregunta().codigo &&
+         (addr < 0 || addr == direccion());
 }
 
 Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
@@ -137,7 +145,8 @@ Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
     listaDesdeCero();
   if (primero_.isEmpty()) primero_ = datos;
   if (const auto r = registro(datos, filas(direccion())); !r)
-    return falloEn(r.error(), t_.Grupo, QStringLiteral("caja %1, %2").arg(direccion()).arg(lugar()));
+    return falloEn(r.error(), t_.Grupo,
+                   QStringLiteral("caja %1, %2").arg(direccion()).arg(lugar()));
   fase_ = 2;
   return {};
 }
@@ -147,7 +156,9 @@ void ListasCaja::listaDesdeCero() {
   primero_.clear();
 }
 
-void ListasCaja::reanudar() { fase_ = 1; }
+void ListasCaja::reanudar() {
+  fase_ = 1;
+}
 
 QString ListasCaja::MostrarTraza() const {
   return indice_ < t_.Direcciones.size() ? QStringLiteral("C %1").arg(direccion()) : QString();

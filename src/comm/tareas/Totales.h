@@ -1,5 +1,5 @@
-// What all readings of totals share: what they read stays in memory and is stored once, whole, at the end. Three shapes of
-// conversation stand below it, one for each family of machines.
+// What all readings of totals share: what they read stays in memory and is stored once, whole, at
+// the end. Three shapes of conversation stand below it, one for each family of machines.
 #pragma once
 
 #include <array>
@@ -9,7 +9,8 @@
 
 namespace tarvo::tareas {
 
-// A failure as a sentence that says where it happened: "Grupo 12, artículo 0000123: el registro es demasiado corto".
+// A failure as a sentence that says where it happened: "Grupo 12, artículo 0000123: el registro es
+// demasiado corto".
 std::unexpected<Error> falloEn(const Error& e, int grupo, const QString& lugar);
 
 // The operator of each position of the group, from 1; 0 for a position without one.
@@ -30,7 +31,9 @@ class Totales : public motor::TrabajoTarea {
   virtual Resultado<motor::Siguiente> paso() = 0;
 
   totals::Lectura::Filas& filas(int addr) { return lectura_.maquinas[addr]; }
-  static totals::Contadores contadores(const maquinas::Total& t) { return {t.con, t.pes, t.imp, t.sco}; }
+  static totals::Contadores contadores(const maquinas::Total& t) {
+    return {t.con, t.pes, t.imp, t.sco};
+  }
 
   motor::DatosTarea t_;
   const motor::Entorno e_;
@@ -40,7 +43,8 @@ class Totales : public motor::TrabajoTarea {
   bool preparada_ = false, anunciada_ = false;
 };
 
-// Kinds 1 and 4: one question, one record, until there is nothing left to ask. The group answers as one machine.
+// Kinds 1 and 4: one question, one record, until there is nothing left to ask. The group answers as
+// one machine.
 class PreguntasVek : public Totales {
  public:
   using Totales::Totales;
@@ -63,7 +67,8 @@ class PreguntasVek : public Totales {
   qint64 hechas_ = 0;
 };
 
-// Kind 2: one request, then frames until the end of the list. Broken off, it starts again from nothing.
+// Kind 2: one request, then frames until the end of the list. Broken off, it starts again from
+// nothing.
 class ListaNodal : public Totales {
  public:
   using Totales::Totales;
@@ -84,8 +89,8 @@ class ListaNodal : public Totales {
   int fase_ = 1;  // 1 ask, 2 wait for frames, 0 done
 };
 
-// Kind 3: a list from each register in turn. Values add up within a register; the registers stay apart. A list that is
-// broken off, or that the register begins again, counts once.
+// Kind 3: a list from each register in turn. Values add up within a register; the registers stay
+// apart. A list that is broken off, or that the register begins again, counts once.
 class ListasCaja : public Totales {
  public:
   ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e);

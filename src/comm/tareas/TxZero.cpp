@@ -13,12 +13,12 @@ namespace {
 using motor::Siguiente;
 
 std::unexpected<Error> suprimido(const QString& texto) {
-  return fallo(Fallo::Restriccion, texto, motor::kErrorSuprimido);
+  return tarvo::fallo(Fallo::Restriccion, texto, motor::kErrorSuprimido);
 }
 
-// Tells each machine of a group to forget its counters. The intention is on disk before a machine's first frame, the
-// outcome right behind its answer. Where the run goes on from one that was cut off, the machine must first show that it
-// holds what was read of it.
+// Tells each machine of a group to forget its counters. The intention is on disk before a machine's
+// first frame, the outcome right behind its answer. Where the run goes on from one that was cut
+// off, the machine must first show that it holds what was read of it.
 class Cero final : public motor::TrabajoTarea {
  public:
   Cero(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e), toda_(t.Todo) {}
@@ -45,7 +45,8 @@ class Cero final : public motor::TrabajoTarea {
   const motor::DatosTarea t_;
   const motor::Entorno e_;
   bool toda_, preparada_ = false, comprobar_ = false, probada_ = false, anunciada_ = false;
-  std::vector<int> pendientes_;  // machines yet to forget, by address; 0 where the group answers as one
+  std::vector<int>
+      pendientes_;  // machines yet to forget, by address; 0 where the group answers as one
   size_t maquina_ = 0;
   int paso_ = 1;
   std::unique_ptr<Totales> prueba_;  // the reading of the grand total under way
@@ -59,11 +60,14 @@ Resultado<> Cero::preparar() {
   comprobar_ = permiso->comprobar;
   if (t_.Tipo == 3 && t_.Direcciones.empty())
     return suprimido(
-        QStringLiteral("El grupo %1 no tiene ninguna caja dada de alta: no hay nada que poner a cero.").arg(t_.Grupo));
+        QStringLiteral(
+            "El grupo %1 no tiene ninguna caja dada de alta: no hay nada que poner a cero.")
+            .arg(t_.Grupo));
   std::vector<int> todas = t_.Tipo == 3 ? t_.Direcciones : std::vector<int>{0};
   for (const int a : todas) {
     if (std::ranges::find(pendientes_, a) != pendientes_.end()) continue;
-    // Registers that forgot before a re-start are passed over; one machine alone is asked what it holds.
+    // Registers that forgot before a re-start are passed over; one machine alone is asked what it
+    // holds.
     const auto ya = e_.sesion.ceroYaHecho(t_.Grupo, a);
     if (!ya) return std::unexpected(ya.error());
     if (!*ya || (t_.Tipo != 3 && !comprobar_)) pendientes_.push_back(a);
@@ -72,7 +76,8 @@ Resultado<> Cero::preparar() {
   return {};
 }
 
-// The machine's grand total against what was read of it. Nothing when the machine may be told to forget now, or is done with.
+// The machine's grand total against what was read of it. Nothing when the machine may be told to
+// forget now, or is done with.
 Resultado<std::optional<Siguiente>> Cero::probar() {
   if (!prueba_) {
     motor::DatosTarea t = t_;
@@ -92,10 +97,12 @@ Resultado<std::optional<Siguiente>> Cero::probar() {
   prueba_.reset();
   using C = totals::Sesion::Comparacion;
   if (*r == C::Mas || *r == C::SinBase)
-    return suprimido(QStringLiteral("Grupo %1: la máquina %2 guarda ventas que no están memorizadas. No se pone a cero: "
-                                    "vuelva a recoger sus totales.")
-                         .arg(t_.Grupo)
-                         .arg(addr()));
+    return suprimido(
+        QStringLiteral(
+            "Grupo %1: la máquina %2 guarda ventas que no están memorizadas. No se pone a cero: "
+            "vuelva a recoger sus totales.")
+            .arg(t_.Grupo)
+            .arg(addr()));
   probada_ = true;
   if (*r == C::Cero) TARVO_INTENTAR(hecha());
   return std::nullopt;
@@ -118,9 +125,11 @@ Resultado<Siguiente> Cero::siguiente() {
 }
 
 Siguiente Cero::trama() const {
-  if (t_.Tipo == 3) return {Siguiente::Enviar, addr(), maquinas::caja::puestaACero(paso_).codigo, {}};
+  if (t_.Tipo == 3)
+    return {Siguiente::Enviar, addr(), maquinas::caja::puestaACero(paso_).codigo, {}};
   const int cero = e_.ajustes.TimeCero;
-  if (t_.Tipo != 2) return {Siguiente::Enviar, 0, maquinas::vek::puestaACero(toda_).codigo, {}, cero};
+  if (t_.Tipo != 2)
+    return {Siguiente::Enviar, 0, maquinas::vek::puestaACero(toda_).codigo, {}, cero};
   if (paso_ == 1) return {Siguiente::Enviar, t_.Addr, maquinas::nodal::puestaACero().codigo, {}};
   return {Siguiente::EsperarNODAL, t_.Addr, 0, {}, cero};
 }
@@ -151,6 +160,8 @@ Resultado<> Cero::hecha() {
 
 }  // namespace
 
-Trabajo crearTxZero(const motor::DatosTarea& t, const motor::Entorno& e) { return std::make_unique<Cero>(t, e); }
+Trabajo crearTxZero(const motor::DatosTarea& t, const motor::Entorno& e) {
+  return std::make_unique<Cero>(t, e);
+}
 
 }  // namespace tarvo::tareas
