@@ -1,7 +1,9 @@
-// What a link needs of a wire, whatever the wire is: a serial port, a modem on one, a TCP connection, a named
-// connector, or a machine model in memory. One object serves one link, from one opening to one closing.
+// What a link needs of a wire, whatever the wire is: a serial port, a modem on one, a TCP
+// connection, a named connector, or a machine model in memory. One object serves one link, from one
+// opening to one closing.
 //
-// All calls return at once. Outcomes come to the Oyente, never from inside the call that caused them.
+// All calls return at once. Outcomes come to the Oyente, never from inside the call that caused
+// them.
 #pragma once
 
 #include <QByteArray>
@@ -12,33 +14,33 @@ namespace tarvo::enlace {
 
 // The values of one opening, as the configuration and the group give them.
 struct ParametrosLinea {
-  int device = 0;           // 0, 2 direct cable, 1 telephone modem, 3 TCP/IP
-  int puerto = 0;           // serial port 1 to 16; for TCP/IP the second number of the access text
-  int controlLinea = 0;     // bit 0 watch CTS, bit 1 watch DSR
-  QString rs232;            // "9600,O,7,1"
-  QString host;             // TCP/IP only
-  int puertoTcp = 0;        // TCP/IP only
-  QString telefono;         // modem only
-  QString guion;            // initialisation script of the modem
-  QString prefijo;          // dial prefix
-  int intentos = 0;         // dialling attempts
-  int espera = 0;           // wait after dialling: seconds up to 600, above that milliseconds
-  int esperaColgar = 0;     // ms to wait for the answer to the hang-up
+  int device = 0;        // 0, 2 direct cable, 1 telephone modem, 3 TCP/IP
+  int puerto = 0;        // serial port 1 to 16; for TCP/IP the second number of the access text
+  int controlLinea = 0;  // bit 0 watch CTS, bit 1 watch DSR
+  QString rs232;         // "9600,O,7,1"
+  QString host;          // TCP/IP only
+  int puertoTcp = 0;     // TCP/IP only
+  QString telefono;      // modem only
+  QString guion;         // initialisation script of the modem
+  QString prefijo;       // dial prefix
+  int intentos = 0;      // dialling attempts
+  int espera = 0;        // wait after dialling: seconds up to 600, above that milliseconds
+  int esperaColgar = 0;  // ms to wait for the answer to the hang-up
 };
 
 // Why an opening or a closing ended, by the numbers that docs/protocolos.md maps to error codes.
 enum Razon : int {
   kBien = 0,
-  kPuertoOcupado = 1,     // port busy, missing or without rights
+  kPuertoOcupado = 1,  // port busy, missing or without rights
   kSinCtsDsr = 2,
-  kModemMudo = 3,         // the modem answers nothing sensible
-  kSinRespuesta = 4,      // no answer after all attempts
+  kModemMudo = 3,     // the modem answers nothing sensible
+  kSinRespuesta = 4,  // no answer after all attempts
   kInterrumpido = 5,
   kAbandonado = 8,
-  kSinHost = 12,          // connector: host not found
-  kPuertoTcpCerrado = 13, // connector: TCP port closed
+  kSinHost = 12,           // connector: host not found
+  kPuertoTcpCerrado = 13,  // connector: TCP port closed
   kCaidaTcp = 14,
-  kSinNombre = 16,        // connector: no such name
+  kSinNombre = 16,  // connector: no such name
   kEnUso = 17,
   kSinModem = 18,
 };
@@ -47,9 +49,9 @@ class LinkSocket {
  public:
   class Oyente {
    public:
-    virtual void finApertura(int razon) = 0;      // Razon
-    virtual void cierre(int razon) = 0;           // 0 a closing that was asked for and went well
-    virtual void linea(int numero) = 0;           // 5 carrier up, 6 carrier down
+    virtual void finApertura(int razon) = 0;         // Razon
+    virtual void cierre(int razon) = 0;              // 0 a closing that was asked for and went well
+    virtual void linea(int numero) = 0;              // 5 carrier up, 6 carrier down
     virtual void recepcion(QByteArray& buffer) = 0;  // what stays in it stays for the next event
    protected:
     ~Oyente() = default;
@@ -58,11 +60,16 @@ class LinkSocket {
   virtual ~LinkSocket() = default;
   // False when the port cannot be configured at all (nothing follows).
   virtual bool configurar(const ParametrosLinea& parametros) = 0;
+<<<<<<< HEAD
+  virtual void abrir(Oyente& oyente) = 0;  // ends in finApertura
+  virtual void cerrar() = 0;  // ends in cierre (finApertura with kInterrumpido while opening)
+=======
   virtual void abrir(Oyente& oyente) = 0;   // ends in finApertura
   virtual void cerrar() = 0;                // ends in cierre (finApertura with kAbandonado while opening)
+>>>>>>> enlace
   virtual void enviar(const QByteArray& bytes) = 0;
   virtual void vaciarRecepcion() = 0;
-  virtual int estado() const = 0;           // 1 closed, 5 connected with carrier, others in between
+  virtual int estado() const = 0;  // 1 closed, 5 connected with carrier, others in between
 };
 
 // Makes the wires. The real one makes ports and sockets; a test's makes machine models.
