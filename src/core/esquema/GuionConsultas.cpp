@@ -6,19 +6,22 @@ namespace {
 
 // The totals of a kind with the section of their group and a name, by period (QNT) and by code
 // (QNF).
-QString vistasDeTotales(const QString& clase, const QString& nombre, const QString& union_) {
-  return QStringLiteral(R"sql(
+QString vistasDeTotales(const QString& clase, const QString& nombre, const QString& union_,
+                        bool porCodigo = true) {
+  QString g = QStringLiteral(R"sql(
 create view if not exists QNT$K as
 select t.LINK as LINK, GRUPOS.SECCION as SECCION, t.GRUPO as GRUPO, t.CODI as CODI, $N as NOMBRE,
   t.CON as CON, t.PES as PES, t.IMP as IMP, t.SCO as SCO
 from (TOT$K as t left join GRUPOS on t.GRUPO=GRUPOS.CODGPO) $J;
-
+)sql");
+  if (porCodigo)
+    g += QStringLiteral(R"sql(
 create view if not exists QNF$K as
 select COLUMNA.FECHA1 as DIA1, COLUMNA.FECHAF as DIAF, $N as NOMBRE, t.GRUPO as GRUPO,
   t.CON as CON, t.PES as PES, t.IMP as IMP, t.SCO as SCO, COLUMNA.TIPO as TIPO, GRUPOS.SECCION as SECCION, t.CODI as CODI
 from ((TOT$K as t inner join COLUMNA on t.LINK=COLUMNA.LINK) left join GRUPOS on t.GRUPO=GRUPOS.CODGPO) $J;
-)sql")
-      .replace(QStringLiteral("$K"), clase)
+)sql");
+  return g.replace(QStringLiteral("$K"), clase)
       .replace(QStringLiteral("$N"), nombre)
       .replace(QStringLiteral("$J"), union_);
 }
@@ -52,7 +55,7 @@ QString guionConsultas() {
   g += vistasDeTotales(
       s("DEP"), s("DEPTS.NomDep"),
       s("left join DEPTS on (GRUPOS.SECCION=DEPTS.SECCION) and (t.CODI=DEPTS.NUMDEP)"));
-  g += vistasDeTotales(s("HOR"), s("GRUPOS.NOMGPO"), {});
+  g += vistasDeTotales(s("HOR"), s("GRUPOS.NOMGPO"), {}, false);
   for (const char* vista : {"QNTOPH", "QTOPH"})
     g += QStringLiteral(R"sql(
 create view if not exists $V as

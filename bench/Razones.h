@@ -1,0 +1,33 @@
+// Measurements that stand beside their limit in the same run.
+//
+// A file of this folder registers one with a static object:
+//
+//   const banco::Registro kMedida("store.seek", 0.7, [] { return banco::razon(ours, limit); });
+//
+// `tarvo-bench --razones` runs them all and prints "name ratio least ok|short" for each.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tarvo::banco {
+
+struct Medida {
+  std::string nombre;
+  double minimo;                  // the ratio that is good enough
+  std::function<double()> medir;  // our rate by the limit's rate
+};
+
+std::vector<Medida>& medidas();
+
+struct Registro {
+  Registro(std::string nombre, double minimo, std::function<double()> medir);
+};
+
+// The limit's time by ours for the same work: each side runs `vueltas` times by turns after one run
+// to warm up, and the medians are compared.
+double razon(const std::function<void()>& nuestro, const std::function<void()>& limite,
+             int vueltas = 5);
+
+}  // namespace tarvo::banco

@@ -1,0 +1,74 @@
+// tarvo-bench: with --razones the measurements beside their limits (status 1 when one falls short),
+// with anything else Google Benchmark.
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+
+#include "Razones.h"
+
+namespace tarvo::banco {
+
+namespace {
+
+double segundos(const std::function<void()>& f) {
+  const auto inicio = std::chrono::steady_clock::now();
+  f();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - inicio).count();
+}
+
+double mediana(std::vector<double> v) {
+  std::ranges::nth_element(v, v.begin() + static_cast<std::ptrdiff_t>(v.size() / 2));
+  return v[v.size() / 2];
+}
+
+// An optional text after --razones keeps the measurements whose name holds it.
+int razones(const char* filtro) {
+  int cortas = 0;
+  for (const Medida& m : medidas()) {
+    if (m.nombre.find(filtro) == std::string::npos) continue;
+    const double r = m.medir();
+    const bool bien = r >= m.minimo;
+    cortas += bien ? 0 : 1;
+    std::printf("%s %.2f %.2f %s\n", m.nombre.c_str(), r, m.minimo, bien ? "ok" : "short");
+    std::fflush(stdout);
+  }
+  return cortas > 0 ? 1 : 0;
+}
+
+}  // namespace
+
+std::vector<Medida>& medidas() {
+  static std::vector<Medida> todas;
+  return todas;
+}
+
+Registro::Registro(std::string nombre, double minimo, std::function<double()> medir) {
+  medidas().push_back({std::move(nombre), minimo, std::move(medir)});
+}
+
+double razon(const std::function<void()>& nuestro, const std::function<void()>& limite,
+             int vueltas) {
+  std::vector<double> nuestros, limites;
+  nuestro();
+  limite();
+  for (int i = 0; i < vueltas; ++i) {
+    limites.push_back(segundos(limite));
+    nuestros.push_back(segundos(nuestro));
+  }
+  return mediana(limites) / mediana(nuestros);
+}
+
+}  // namespace tarvo::banco
+
+int main(int argc, char** argv) {
+  if (argc > 1 && std::strcmp(argv[1], "--razones") == 0)
+    return tarvo::banco::razones(argc > 2 ? argv[2] : "");
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 64;
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  return 0;
+}

@@ -1,0 +1,1 @@
+select Val(iif(isnull(CodBarExt), PFX_BAR & Format(CODPLU, '000000'), CodBarExt)) as bar from PLUSES order by bar

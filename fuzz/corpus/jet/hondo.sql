@@ -1,0 +1,1 @@
+((((((((((int(int(int(int(int(int(int(int(1))))))))))))

@@ -1,0 +1,1 @@
+select distinctrow int(int(-a/2)\3) & "x""y" from Cross where n like "[!a-z]*#?" order by n desc, t.n

@@ -1,0 +1,1 @@
+select 'abierto #1/1/1 [x "

@@ -1,0 +1,1 @@
+create view V as select switch(CADA=0,1000,TRUE,1)/3, ucase(left(n,2)) from T -- fin
