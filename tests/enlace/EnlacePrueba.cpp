@@ -103,6 +103,7 @@ TEST_F(Enlace, CerradoNoEnvia) {
   EXPECT_EQ(e.Enviar(0, 10, ""), 0);
   e.CerrarEnlace();
   EXPECT_EQ(e.Enviar(0, 10, ""), 15);
+  reloj.avanzar(20);
   motor.nuevo();
   auto& n = abierto(kNodalMotor, 1);
   EXPECT_EQ(n.Pedir(0, 10, ""), 15);
