@@ -60,8 +60,8 @@ class LinkSocket {
   virtual ~LinkSocket() = default;
   // False when the port cannot be configured at all (nothing follows).
   virtual bool configurar(const ParametrosLinea& parametros) = 0;
-  virtual void abrir(Oyente& oyente) = 0;   // ends in finApertura
-  virtual void cerrar() = 0;                // ends in cierre (finApertura with kAbandonado while opening)
+  virtual void abrir(Oyente& oyente) = 0;  // ends in finApertura
+  virtual void cerrar() = 0;  // ends in cierre (finApertura with kAbandonado while opening)
   virtual void enviar(const QByteArray& bytes) = 0;
   virtual void vaciarRecepcion() = 0;
   virtual int estado() const = 0;  // 1 closed, 5 connected with carrier, others in between

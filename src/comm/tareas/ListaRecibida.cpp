@@ -8,6 +8,7 @@ namespace tarvo::tareas {
 namespace {
 
 using maquinas::Linea;
+using namespace Qt::StringLiterals;
 
 struct Nombres {
   const char16_t *cabecera, *lineas, *numero, *contador;
@@ -36,18 +37,19 @@ QString huella(const std::vector<Linea>& lineas, size_t cuantas) {
 
 Resultado<qint64> ListaRecibida::numeroNuevo() {
   const Nombres& n = nombres(que_);
-  const auto ultimo = e_.db.uno(QString(u"SELECT MAX(" + q(n.numero) + u") FROM " + q(n.cabecera)));
+  const auto ultimo =
+      e_.db.uno(QString(u"SELECT MAX("_s + q(n.numero) + u") FROM "_s + q(n.cabecera)));
   if (!ultimo) return std::unexpected(ultimo.error());
-  const auto guardado = e_.db.uno(u"SELECT VALOR FROM EstadoTarvo WHERE CLAVE=?", n.contador);
+  const auto guardado = e_.db.uno(u"SELECT VALOR FROM EstadoTarvo WHERE CLAVE=?"_s, n.contador);
   if (!guardado) return std::unexpected(guardado.error());
   const int ajuste =
       que_ == Documento::Pedido ? e_.ajustes.NumeroPedido : e_.ajustes.NumeroInventario;
   const qint64 numero = std::max({ultimo->entero(), guardado->entero(), qint64{ajuste}}) + 1;
   const auto cambiadas =
-      e_.db.ejecutar(u"UPDATE EstadoTarvo SET VALOR=? WHERE CLAVE=?", numero, n.contador);
+      e_.db.ejecutar(u"UPDATE EstadoTarvo SET VALOR=? WHERE CLAVE=?"_s, numero, n.contador);
   if (!cambiadas) return std::unexpected(cambiadas.error());
   if (*cambiadas == 0)
-    TARVO_INTENTAR(e_.db.ejecutar(u"INSERT INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, ?)",
+    TARVO_INTENTAR(e_.db.ejecutar(u"INSERT INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, ?)"_s,
                                   n.contador, numero));
   return numero;
 }
@@ -56,9 +58,9 @@ Resultado<> ListaRecibida::escribirLineas(const std::vector<Linea>& lineas, size
   const Nombres& n = nombres(que_);
   const bool pedido = que_ == Documento::Pedido;
   auto st = e_.db.preparar(QString(
-      u"INSERT INTO " + q(n.lineas) + u" (" + q(n.numero) +
-      (pedido ? u", SECCION, CODIGO, PESO, UNIDS, SERV_UNI, SERV_PES) VALUES (?,?,?,?,?,0,0)"
-              : u", SECCION, CODIGO, PESO, UNIDS) VALUES (?,?,?,?,?)")));
+      u"INSERT INTO "_s + q(n.lineas) + u" ("_s + q(n.numero) +
+      (pedido ? u", SECCION, CODIGO, PESO, UNIDS, SERV_UNI, SERV_PES) VALUES (?,?,?,?,?,0,0)"_s
+              : u", SECCION, CODIGO, PESO, UNIDS) VALUES (?,?,?,?,?)"_s)));
   if (!st) return std::unexpected(st.error());
   for (size_t i = desde; i < lineas.size(); ++i) {
     const qint64 campos[] = {numero_, t_.Seccion, lineas[i].articulo, lineas[i].peso,
@@ -73,9 +75,9 @@ Resultado<> ListaRecibida::escribirLineas(const std::vector<Linea>& lineas, size
 Resultado<bool> ListaRecibida::continuar(const std::vector<Linea>& lineas) {
   const Nombres& n = nombres(que_);
   const auto rs = e_.db.consultar(
-      QString(u"SELECT NUMERO, HUELLA, LINEAS FROM ListasRecibidas, " + q(n.cabecera) +
-              u" WHERE ListasRecibidas.GRUPO=? AND CLASE=? AND OLVIDADA=0 AND " + q(n.numero) +
-              u"=NUMERO ORDER BY NUMERO DESC"),
+      QString(u"SELECT NUMERO, HUELLA, LINEAS FROM ListasRecibidas, "_s + q(n.cabecera) +
+              u" WHERE ListasRecibidas.GRUPO=? AND CLASE=? AND OLVIDADA=0 AND "_s + q(n.numero) +
+              u"=NUMERO ORDER BY NUMERO DESC"_s),
       t_.Grupo, t_.Clase);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof()) return false;
@@ -84,7 +86,7 @@ Resultado<bool> ListaRecibida::continuar(const std::vector<Linea>& lineas) {
   numero_ = (*rs)->entero(0);
   TARVO_INTENTAR(escribirLineas(lineas, conocidas));
   TARVO_INTENTAR(e_.db.ejecutar(
-      u"UPDATE ListasRecibidas SET HUELLA=?, LINEAS=? WHERE CLASE=? AND NUMERO=?",
+      u"UPDATE ListasRecibidas SET HUELLA=?, LINEAS=? WHERE CLASE=? AND NUMERO=?"_s,
       huella(lineas, lineas.size()), static_cast<qint64>(lineas.size()), t_.Clase, numero_));
   return true;
 }
@@ -97,27 +99,27 @@ Resultado<> ListaRecibida::guardar(const std::vector<Linea>& lineas) {
   if (!sigue) return std::unexpected(sigue.error());
   if (*sigue) return tr->confirmar();
   // Another list: the machine has forgotten those before it.
-  TARVO_INTENTAR(e_.db.ejecutar(u"UPDATE ListasRecibidas SET OLVIDADA=1 WHERE GRUPO=? AND CLASE=?",
-                                t_.Grupo, t_.Clase));
+  TARVO_INTENTAR(e_.db.ejecutar(
+      u"UPDATE ListasRecibidas SET OLVIDADA=1 WHERE GRUPO=? AND CLASE=?"_s, t_.Grupo, t_.Clase));
   const auto numero = numeroNuevo();
   if (!numero) return std::unexpected(numero.error());
   numero_ = *numero;
   TARVO_INTENTAR(
-      e_.db.ejecutar(QString(u"INSERT INTO " + q(n.cabecera) + u" (" + q(n.numero) +
-                             u", FECHA, GRUPO, stkADO, OBSERVA) VALUES (?, ?, ?, 0, '')"),
+      e_.db.ejecutar(QString(u"INSERT INTO "_s + q(n.cabecera) + u" ("_s + q(n.numero) +
+                             u", FECHA, GRUPO, stkADO, OBSERVA) VALUES (?, ?, ?, 0, '')"_s),
                      numero_, e_.reloj.ahora(), t_.Grupo));
   TARVO_INTENTAR(escribirLineas(lineas, 0));
   TARVO_INTENTAR(
-      e_.db.ejecutar(u"INSERT INTO ListasRecibidas (GRUPO, CLASE, NUMERO, HUELLA, LINEAS, "
-                     u"OLVIDADA) VALUES (?, ?, ?, ?, ?, 0)",
+      e_.db.ejecutar(u"INSERT INTO ListasRecibidas (GRUPO, CLASE, NUMERO, HUELLA, LINEAS, "_s
+                     u"OLVIDADA) VALUES (?, ?, ?, ?, ?, 0)"_s,
                      t_.Grupo, t_.Clase, numero_, huella(lineas, lineas.size()),
                      static_cast<qint64>(lineas.size())));
   return tr->confirmar();
 }
 
 Resultado<> ListaRecibida::olvidada() {
-  TARVO_INTENTAR(e_.db.ejecutar(u"UPDATE ListasRecibidas SET OLVIDADA=1 WHERE CLASE=? AND NUMERO=?",
-                                t_.Clase, numero_));
+  TARVO_INTENTAR(e_.db.ejecutar(
+      u"UPDATE ListasRecibidas SET OLVIDADA=1 WHERE CLASE=? AND NUMERO=?"_s, t_.Clase, numero_));
   return {};
 }
 

@@ -107,7 +107,7 @@ class ListaNodalPedido final : public Lista {
         return enviar(maquinas::nodal::olvidarPedido());
       case 2:
       case 4:
-        return Siguiente{Siguiente::EsperarNODAL, t_.Addr};
+        return Siguiente{Siguiente::EsperarNODAL, t_.Addr, 0, {}};
       default:
         return Siguiente::fin();
     }

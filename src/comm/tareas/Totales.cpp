@@ -79,7 +79,7 @@ Resultado<> PreguntasVek::respuesta(int, int, const QByteArray& datos) {
 Resultado<Siguiente> ListaNodal::paso() {
   filasGrupo();
   if (fase_ == 0) return Siguiente::fin();
-  if (fase_ == 2) return Siguiente{Siguiente::EsperarNODAL, t_.Addr};
+  if (fase_ == 2) return Siguiente{Siguiente::EsperarNODAL, t_.Addr, 0, {}};
   const maquinas::Peticion p = pregunta();
   return Siguiente{Siguiente::Enviar, t_.Addr, p.codigo, p.datos};
 }
@@ -125,7 +125,7 @@ Resultado<Siguiente> ListasCaja::paso() {
         motor::kErrorSuprimido);
   if (indice_ == t_.Direcciones.size()) return Siguiente::fin();
   const maquinas::Peticion p = pregunta();
-  if (fase_ == 2) return Siguiente{Siguiente::EsperarVEK, direccion(), p.codigo};
+  if (fase_ == 2) return Siguiente{Siguiente::EsperarVEK, direccion(), p.codigo, {}};
   listaDesdeCero();
   return Siguiente{Siguiente::Pedir, direccion(), p.codigo, p.datos};
 }
