@@ -28,6 +28,7 @@ Automat::Interior::Interior(Automat& automat, const Taller& taller, Preguntas& q
 
 void Automat::Interior::vencer() {
   if (enTic) return;  // a question is on the screen
+  if (fase == kAcabado || fase == kAbortado) return anunciarFin();
   enTic = true;
   const bool fin = tic();
   enTic = false;
@@ -127,8 +128,12 @@ bool Automat::Interior::terminar(ResultadoProceso con, int faseFinal, const QStr
 
 // The last thing that a tick does: whoever hears it may destroy the runner.
 void Automat::Interior::anunciarFin() {
+  reloj->parar();
+  const auto alCronos = diferida ? yo.alTerminarDiferida : nullptr;
   const auto aviso = yo.alTerminar;
-  if (aviso) aviso(resultado);
+  const auto con = resultado;
+  if (alCronos) alCronos(con);
+  if (aviso) aviso(con);
 }
 
 // --- the buttons --------------------------------------------------------------------------------
@@ -153,7 +158,7 @@ void Automat::ejecutar() {
   d->escribirMomento(u"Ejecución iniciada: ");
   if (nueva) d->empezar();
   if (d->motorAbierto) d->t.motor.CambioAModo(true);
-  if (d->fase == kAcabado || d->fase == kAbortado) return d->anunciarFin();
+  if (d->fase == kAcabado || d->fase == kAbortado) return d->reloj->unaVez(0);
   d->reloj->cada(kTic);
   d->vencer();
 }
@@ -168,7 +173,7 @@ void Automat::paso() {
   d->fase = kPasoAPaso;
   d->resultado = ResultadoProceso::Bien;
   if (nueva) d->empezar();
-  if (d->fase == kAcabado || d->fase == kAbortado) return d->anunciarFin();
+  if (d->fase == kAcabado || d->fase == kAbortado) return d->reloj->unaVez(0);
   d->reloj->cada(kTic);
 }
 

@@ -57,9 +57,11 @@ class Automat final : private motor::Vigilante {
 
   // Lines as they go to the trace file.
   std::function<void(const QString&)> alEscribir;
-  // The run has ended, by itself or aborted. It may destroy this object or start another run. For a
-  // list without steps, or when the record of the run can't be kept, it runs inside PROCESO.
+  // The run has ended, by itself or aborted; told from the event loop, never inside PROCESO. It may
+  // destroy this object or start another run.
   std::function<void(ResultadoProceso)> alTerminar;
+  // The same for a delayed run, told first. Cronos sets it.
+  std::function<void(ResultadoProceso)> alTerminarDiferida;
   // Nobody is there: failures are dropped as in a delayed run.
   bool desatendido = false;
 

@@ -190,9 +190,11 @@ int Cronos::Interior::proxima(Fecha ahora) const {
 // --- the outside --------------------------------------------------------------------------------
 
 Cronos::Cronos(Automat& automat, const Lenguaje& lenguaje, const Ajustes& ajustes, Reloj& reloj)
-    : d(std::make_unique<Interior>(*this, automat, lenguaje, ajustes, reloj)) {}
+    : d(std::make_unique<Interior>(*this, automat, lenguaje, ajustes, reloj)) {
+  automat.alTerminarDiferida = [this](ResultadoProceso r) { FinDeMacro(r); };
+}
 
-Cronos::~Cronos() = default;
+Cronos::~Cronos() { d->automat.alTerminarDiferida = nullptr; }
 
 Resultado<> Cronos::ActivarCron(const QString& nombre) {
   TARVO_INTENTAR(d->cargar(nombre));

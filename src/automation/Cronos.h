@@ -34,8 +34,7 @@ class Cronos {
   // A process that can't be read leaves its entry unusable; any other fault is an Error, and the
   // timetable that was there before stays.
   Resultado<> ActivarCron(const QString& nombre);
-  // The run that this timetable started has ended. Whoever owns both joins Automat::alTerminar to
-  // it.
+  // The run that this timetable started has ended. The runner calls it by itself.
   void FinDeMacro(ResultadoProceso resultado);
   void ponerActivo(bool activo);
   const std::vector<Entrada>& entradas() const;

@@ -30,10 +30,11 @@ bool pareceActivacion(QStringView l) {
   return l.sliced(hora.size()).count(u',') >= 6;
 }
 
-// In capitals, as the timetable takes the words of days.
-std::optional<bool> siNoEnCapitales(QStringView campo, bool espanol) {
-  const QString llano = campo.left(1).toString().toUpper() + campo.mid(1).toString().toLower();
-  return leerSiNo(llano, espanol);
+// The head of a process file takes the words of days only as they are written.
+std::optional<bool> siNoExacto(QStringView campo, bool espanol) {
+  const auto valor = leerSiNo(campo, espanol);
+  const bool exacto = valor && (campo == siNo(*valor, espanol) || campo == u"Si");
+  return exacto ? valor : std::nullopt;
 }
 
 std::optional<Fecha> horaDelDia(QStringView campo) {
@@ -71,7 +72,7 @@ class LectorFichero {
     const bool inicio = l.startsWith(kInicioBatch), final = l.startsWith(kFinalBatch);
     if (inicio || final) return marca(inicio);
     if (zona_ == Zona::Comienzo && pareceActivacion(l)) {
-      if (auto a = activacionDe(l, espanol_, leerSiNo)) f_.activaciones.push_back(std::move(*a));
+      if (auto a = activacionDe(l, espanol_, siNoExacto)) f_.activaciones.push_back(std::move(*a));
       return {};
     }
     auto paso = lenguaje_.LeerPaso(l);
@@ -139,7 +140,7 @@ Resultado<FicheroProceso> Lenguaje::LeerProceso(const QString& ruta) const {
 }
 
 std::optional<LineaActivacion> Lenguaje::leerActivacion(QStringView linea) const {
-  return activacionDe(linea, a_.EsEspanol(), siNoEnCapitales);
+  return activacionDe(linea, a_.EsEspanol(), leerSiNo);
 }
 
 Resultado<std::vector<LineaActivacion>> Lenguaje::leerCro(const QString& texto,

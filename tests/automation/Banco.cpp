@@ -1,0 +1,209 @@
+#include "Banco.h"
+
+#include <QDir>
+#include <QFile>
+
+#include "core/ajustes/Ficheros.h"
+#include "core/esquema/Esquema.h"
+#include "enlace/CableMemoria.h"
+#include "totals/TablasLibros.h"
+#include "totals/TablasTotales.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A reading of one kind. The reset of a machine lies between the notice on disk and its confirmation.
+class TrabajoDePrueba final : public motor::TrabajoTarea {
+ public:
+  TrabajoDePrueba(const motor::DatosTarea& datos, const motor::Entorno& entorno) : d_(datos), en_(entorno) {}
+  Resultado<motor::Siguiente> siguiente() override {
+    if (d_.Clase == totals::kPuestaACero) TARVO_INTENTAR(olvidar());
+    return motor::Siguiente::fin();
+  }
+  bool encaja(int, int, const QByteArray&) const override { return false; }
+  Resultado<> respuesta(int, int, const QByteArray&) override { return {}; }
+  qint64 avance() const override { return 0; }
+  Resultado<std::vector<totals::Aviso>> cerrar() override {
+    std::vector<totals::Aviso> avisos;
+    if (d_.Clase == totals::kPuestaACero) TARVO_INTENTAR(en_.sesion.ceroHecho(d_.Grupo, 0, true));
+    else if (d_.Clase >= totals::kPLUs) TARVO_INTENTAR(leer(avisos));
+    return avisos;
+  }
+
+ private:
+  Resultado<> leer(std::vector<totals::Aviso>& avisos) {
+    TARVO_INTENTAR(en_.sesion.PrepararRecepcion(d_.Grupo, d_.Clase));
+    totals::Lectura l;
+    const qint64 codigo = d_.Clase == totals::kGranTotal ? 0 : 7;
+    l.maquinas[0][{codigo, 0}] = maquinasDePrueba().porGrupo[d_.Grupo];
+    return en_.sesion.guardarLectura(d_.Grupo, d_.Clase, l, avisos);
+  }
+
+  Resultado<> olvidar() {
+    const auto permiso = en_.sesion.permisoCero(d_.Grupo);
+    if (!permiso) return std::unexpected(permiso.error());
+    auto& maquina = maquinasDePrueba().porGrupo[d_.Grupo];
+    const bool permitido = permiso->permitido && (!permiso->comprobar || igual(maquina));
+    if (!permitido) return tarvo::fallo(Fallo::Restriccion, permiso->motivo, motor::kErrorSuprimido);
+    TARVO_INTENTAR(en_.sesion.anunciarCero(d_.Grupo, 0));
+    maquina = {};
+    ++maquinasDePrueba().ceros;
+    return {};
+  }
+  bool igual(const totals::Contadores& leido) {
+    const auto c = en_.sesion.compararGranTotal(d_.Grupo, 0, leido);
+    return c && *c != totals::Sesion::Comparacion::Mas;
+  }
+
+  motor::DatosTarea d_;
+  motor::Entorno en_;
+};
+
+std::unique_ptr<motor::TrabajoTarea> hacerTrabajo(const motor::DatosTarea& d, const motor::Entorno& e) {
+  return std::make_unique<TrabajoDePrueba>(d, e);
+}
+
+motor::ClaseTarea claseDePrueba(int numero, const char16_t* clave, const char16_t* nombre) {
+  motor::ClaseTarea c;
+  c.numero = numero;
+  c.clave = clave;
+  c.nombre = nombre;
+  c.tipos = {1, 2, 3, 4};
+  c.esTotal = c.esLectura = numero >= 16;
+  c.esOlvido = numero == 6;
+  c.crear = hacerTrabajo;
+  return c;
+}
+
+std::unique_ptr<dao::Database> abrirBase(const QString& carpeta) {
+  dao::Apertura como;
+  como.crear = true;
+  auto db = dao::Database::OpenDatabase(carpeta + u"/TARVO.MDB"_s, como);
+  EXPECT_TRUE(db) << (db ? "" : db.error().texto.toStdString());
+  return std::move(*db);
+}
+
+}  // namespace
+
+Maquinas& maquinasDePrueba() {
+  static Maquinas maquinas;
+  return maquinas;
+}
+
+motor::RegistroTareas registroDePrueba() {
+  motor::RegistroTareas r;
+  r.anadir(claseDePrueba(1, u"TXPLUS", u"Tx Artículos"));
+  r.anadir(claseDePrueba(6, u"TX_ZERO", u"!PUESTA A CERO!"));
+  r.anadir(claseDePrueba(7, u"TX_HORA", u"Tx Fecha y Hora"));
+  r.anadir(claseDePrueba(16, u"RXPLUS", u"Rx Tot. Artículos"));
+  r.anadir(claseDePrueba(17, u"RXGRTOT", u"Gran Total"));
+  return r;
+}
+
+struct Programa::Piezas {
+  Piezas(const QString& carpeta, RelojVirtual& base)
+      : reloj(base), ajustes(carpeta, Idioma::Espanol), db(abrirBase(carpeta)) {
+    EXPECT_TRUE(ajustes.LeerConfig());
+    EXPECT_TRUE(totals::asegurarTablasLibros(*db));
+    EXPECT_TRUE(totals::asegurarTablasTotales(*db));
+    EXPECT_TRUE(sesion.cargar());
+    for (const int g : maquinasDePrueba().mudas) cables.razones[u"grupo%1"_s.arg(g)] = enlace::kSinHost;
+  }
+  RelojConCorte reloj;
+  Ajustes ajustes;
+  std::unique_ptr<dao::Database> db;
+  motor::RegistroTareas registro = registroDePrueba();
+  totals::Sesion sesion{*db, ajustes, reloj};
+  stock::Almacenes almacenes{*db, reloj};
+  totals::Periodos periodos{*db, ajustes, almacenes};
+  totals::CerrSes cerrSes{sesion, periodos};
+  totals::VerTot verTot{periodos, *db, ajustes};
+  totals::XporTot xporTot{*db, periodos, ajustes};
+  pruebas::FabricaMemoria cables{reloj};
+  Azar azar{1};
+  enlace::Enlaces enlaces{reloj, ajustes, cables, azar};
+  motor::gestcomm motor{{*db, ajustes, reloj, sesion}, enlaces, registro};
+  Lenguaje lenguaje{registro, ajustes};
+  std::unique_ptr<Automat> automat;
+};
+
+Programa::Programa(const QString& carpeta, RelojVirtual& reloj, SinRespuestas& respuestas, int corteEn)
+    : p(std::make_unique<Piezas>(carpeta, reloj)), virtual_(reloj) {
+  p->automat = std::make_unique<Automat>(
+      Taller{*p->db, p->ajustes, p->reloj, p->sesion, p->motor, p->registro, p->cerrSes, p->verTot, p->xporTot}, respuestas);
+  p->automat->desatendido = true;
+  p->automat->alEscribir = [this](const QString& l) { lineas += l; };
+  p->automat->alTerminar = [this](ResultadoProceso r) { fin = r; };
+  p->reloj.corteEn = corteEn;
+}
+
+Programa::~Programa() { p->reloj.corteEn = 0; }
+
+void Programa::correr(const QString& proceso, const QString& traza, const QString& nombre) {
+  const auto f = p->lenguaje.leer(proceso);
+  ASSERT_TRUE(f) << f.error().texto.toStdString();
+  fin.reset();
+  p->automat->PROCESO(f->pasos, traza, nombre);
+}
+
+bool Programa::hastaElFin(double horas) {
+  const qint64 limite = virtual_.monotono() + static_cast<qint64>(horas * 3600000);
+  while (!fin && virtual_.monotono() < limite && virtual_.siguiente()) {
+  }
+  return fin.has_value();
+}
+
+Automat& Programa::automat() { return *p->automat; }
+dao::Database& Programa::db() { return *p->db; }
+motor::gestcomm& Programa::motor() { return p->motor; }
+totals::Sesion& Programa::sesion() { return p->sesion; }
+totals::VerTot& Programa::verTot() { return p->verTot; }
+const Lenguaje& Programa::lenguaje() { return p->lenguaje; }
+Ajustes& Programa::ajustes() { return p->ajustes; }
+Reloj& Programa::reloj() { return p->reloj; }
+
+Tienda::Tienda() {
+  const auto db = abrirBase(dir.path());
+  EXPECT_TRUE(esquema::crearEsquema(*db));
+  for (const int g : {1, 2})
+    EXPECT_TRUE(db->ejecutar(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, REMOTO, TELEF, ALMACEN) VALUES (?, ?, 1, 1, 4, ?, 1)",
+                             g, u"Tienda %1"_s.arg(g), u"grupo%1"_s.arg(g)));
+  EXPECT_TRUE(db->ejecutar(u"INSERT INTO PLUSES (SECCION, CODPLU, CADA) VALUES (1, 7, 0)"));
+  EXPECT_TRUE(db->ejecutar(u"INSERT INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'UNO')"));
+  maquinasDePrueba() = {};
+  maquinasDePrueba().porGrupo[1] = {10, 1000, 2500, 0};
+  maquinasDePrueba().porGrupo[2] = {5, 500, 1100, 0};
+}
+
+QStringList Tienda::libros() {
+  QStringList filas;
+  const auto db = abrirBase(dir.path());
+  const auto volcar = [&](const QString& sql) {
+    auto rs = db->consultar(sql);
+    ASSERT_TRUE(rs) << rs.error().texto.toStdString();
+    while (!(*rs)->Eof()) {
+      QStringList campos;
+      for (int i = 0; i < (*rs)->numColumnas(); ++i) campos += (*rs)->texto(i);
+      filas += sql.section(u' ', 3, 3) + u": "_s + campos.join(u'|');
+      ASSERT_TRUE((*rs)->MoveNext());
+    }
+  };
+  volcar(u"SELECT TIPO,FECHA1,FECHAF,DESCR,ACUM2,ACUM3,ACUM4,stkADO FROM COLUMNA ORDER BY TIPO, FECHA1"_s);
+  for (const auto& c : totals::todasLasClases())
+    volcar(u"SELECT TIPO,GRUPO,CODI,CON,PES,IMP,SCO FROM %1, COLUMNA WHERE %1.LINK=COLUMNA.LINK ORDER BY TIPO, GRUPO, CODI"_s.arg(
+        QString::fromUtf16(c.tabla)));
+  volcar(u"SELECT CODALM, CODIGO, Venta FROM MovsAlm ORDER BY CODIGO"_s);
+  volcar(u"SELECT VALOR FROM EstadoTarvo WHERE CLAVE='SesionAbier'"_s);
+  volcar(u"SELECT NOMBRE FROM Proceso"_s);
+  return filas;
+}
+
+QString Tienda::texto(const QString& fichero) const {
+  const auto bytes = ficheros::leerBytes(dir.filePath(fichero));
+  return bytes ? ficheros::descodificar(*bytes) : QString();
+}
+
+}  // namespace tarvo::automation
