@@ -36,7 +36,7 @@ struct OpcionesMaquina {
 // A frame that answers.
 struct Mensaje {
   int codigo = 0;
-  QByteArray datos;
+  QByteArray datos{};
   int retrasoMs = 0;
 };
 struct Respuesta {

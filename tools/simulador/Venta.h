@@ -13,13 +13,13 @@ namespace tarvo::simulador {
 struct Articulo {
   int seccion = 1;
   int codigo = 0;
-  QString nombre;
+  QString nombre{};
   int unidad = 0;  // 0 kilogram, 1 hundred grams, 2 unit
   int departamento = 1;
-  QByteArray barras;   // the digits that a register reads; empty when the article has none
-  qint64 precio = 0;   // minor units of money per selling unit
-  bool ajeno = false;  // the back-office doesn't know it: its sales belong to article 2 there
-  QByteArray ficha;    // the record as it was sent to us, given back when somebody asks for it
+  QByteArray barras{};  // the digits that a register reads; empty when the article has none
+  qint64 precio = 0;    // minor units of money per selling unit
+  bool ajeno = false;   // the back-office doesn't know it: its sales belong to article 2 there
+  QByteArray ficha{};   // the record as it was sent to us, given back when somebody asks for it
   bool operator==(const Articulo&) const = default;
 };
 
@@ -28,7 +28,7 @@ using Catalogo = std::map<int, Articulo>;  // by code
 // One sale, or one return (negative amount, weight and discount; the count counts operations and
 // stays positive).
 struct Venta {
-  Fecha cuando;
+  Fecha cuando{};
   int articulo = 0;
   int operador = 1;  // position in the machine, from 1
   int departamento = 1;
