@@ -23,13 +23,6 @@ const std::map<QString, Fallo> kClases{{"Formato", Fallo::Formato},
                                        {"Restriccion", Fallo::Restriccion},
                                        {"Interno", Fallo::Interno}};
 
-QString filaComoTexto(const Recordset& rs) {
-  QStringList celdas;
-  for (int i = 0; i < rs.numColumnas(); ++i)
-    celdas += rs.nulo(i) ? QStringLiteral("~") : rs.texto(i);
-  return celdas.join(u'|');
-}
-
 class Guion : public testing::TestWithParam<std::string> {};
 
 TEST_P(Guion, DaLoEsperado) {

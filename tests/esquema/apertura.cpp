@@ -8,11 +8,12 @@
 #include <QTemporaryDir>
 
 #include "core/esquema/Esquema.h"
+#include "dao/recorrer.h"
 
 namespace tarvo::esquema {
 namespace {
 
-const Fecha kHoy = Fecha::de(QDate(2026, 3, 9), QTime(10, 30));
+Fecha hoy() { return Fecha::de(QDate(2026, 3, 9), QTime(10, 30)); }
 
 class Apertura : public testing::Test {
  protected:
@@ -25,24 +26,13 @@ class Apertura : public testing::Test {
   Resultado<std::unique_ptr<dao::Database>> abrir(Version v = {2, 5}) {
     return abrirBase(base(),
                      {carpeta.filePath("no hay"), carpeta.path(), carpeta.filePath("instalado")},
-                     kHoy, v);
+                     hoy(), v);
   }
   Fallo falla(Version v = {2, 5}) {
     const auto r = abrir(v);
     EXPECT_FALSE(r);
     mensaje = r ? QString() : r.error().texto;
     return r ? Fallo::Comunicacion : r.error().clase;
-  }
-  static QString fila(dao::Database& db, const QString& sql) {
-    const auto rs = db.consultar(sql);
-    if (!rs) return rs.error().texto;
-    QStringList filas;
-    for (; !(*rs)->Eof(); EXPECT_TRUE((*rs)->MoveNext())) {
-      QStringList celdas;
-      for (int i = 0; i < (*rs)->numColumnas(); ++i) celdas += (*rs)->texto(i);
-      filas += celdas.join(u'|');
-    }
-    return filas.join(u' ');
   }
   QTemporaryDir carpeta;
   QString mensaje;
@@ -51,14 +41,16 @@ class Apertura : public testing::Test {
 TEST_F(Apertura, SinBaseSeCopiaLaPlantillaYQuedaLista) {
   const auto db = abrir();
   ASSERT_TRUE(db) << db.error().texto.toStdString();
-  EXPECT_EQ(fila(**db, "select MAJOR, MINOR from version"), "2|5");
-  EXPECT_EQ(fila(**db, "select NMSECC, NOMSEC, IVAs from SECCS"), "1|SECCIÓN ÚNICA|7@7@7@7@7");
-  EXPECT_EQ(fila(**db, "select CODALM, NOMALM, FCHINI, FCHREG from ALMACEN"), "0||46090|46090");
-  EXPECT_EQ(fila(**db,
-                 "select CODPLU, NOMPLU, CADA, MDF_PRE, BARRAS, PFX_BAR, FORMATO, "
-                 "PRECIO_00+PRECIO_27, DEPTO "
-                 "from PLUSES order by CODPLU"),
-            "1|VENTA LIBRE A PESO|0|1|1|0|1|0| 2|VENTA LIBRE A CUERPO|2|1|1|0|1|0|");
+  EXPECT_EQ(filasComoTexto(**db, "select MAJOR, MINOR from version"), "2|5");
+  EXPECT_EQ(filasComoTexto(**db, "select NMSECC, NOMSEC, IVAs from SECCS"),
+            "1|SECCIÓN ÚNICA|7@7@7@7@7");
+  EXPECT_EQ(filasComoTexto(**db, "select CODALM, NOMALM, FCHINI, FCHREG from ALMACEN"),
+            "0||46090|46090");
+  EXPECT_EQ(filasComoTexto(**db,
+                           "select CODPLU, NOMPLU, CADA, MDF_PRE, BARRAS, PFX_BAR, FORMATO, "
+                           "PRECIO_00+PRECIO_27, DEPTO "
+                           "from PLUSES order by CODPLU"),
+            "1|VENTA LIBRE A PESO|0|1|1|0|1|0|~ 2|VENTA LIBRE A CUERPO|2|1|1|0|1|0|~");
 }
 
 TEST_F(Apertura, UnaBaseAlDiaNoSeToca) {
@@ -91,10 +83,10 @@ TEST_F(Apertura, LoQueFaltaVuelve) {
   }
   const auto db = abrir({2, 6});
   ASSERT_TRUE(db);
-  EXPECT_EQ(fila(**db, "select SECCION, CODPLU from PLUSES order by SECCION, CODPLU"),
+  EXPECT_EQ(filasComoTexto(**db, "select SECCION, CODPLU from PLUSES order by SECCION, CODPLU"),
             "1|1 1|2 1|50 9|1 9|2");
-  EXPECT_EQ(fila(**db, "select Venta, Merma from MovsAlm"), "0|3");
-  EXPECT_EQ(fila(**db, "select MAJOR, MINOR from version"), "2|6");
+  EXPECT_EQ(filasComoTexto(**db, "select Venta, Merma from MovsAlm"), "0|3");
+  EXPECT_EQ(filasComoTexto(**db, "select MAJOR, MINOR from version"), "2|6");
   EXPECT_TRUE((*db)->OpenTable(u"TikAbier", u"key"));
   EXPECT_TRUE((*db)->consultar(u"select secc from QTKAB"));
 }
@@ -111,7 +103,7 @@ TEST_F(Apertura, OtraVersionSeRechazaAntesDeTocarNada) {
   EXPECT_EQ(mensaje, "Base de datos de versión anterior: Realizar conversión");
   const auto db = dao::Database::OpenDatabase(base());
   EXPECT_FALSE((*db)->existeTabla(u"TOTHOR"));
-  EXPECT_EQ(fila(**db, "select MAJOR, MINOR from version"), "3|0");
+  EXPECT_EQ(filasComoTexto(**db, "select MAJOR, MINOR from version"), "3|0");
 }
 
 TEST_F(Apertura, LoQueFallaSeDiceYNoDejaMedias) {
@@ -129,7 +121,7 @@ TEST_F(Apertura, LoQueFallaSeDiceYNoDejaMedias) {
   EXPECT_TRUE(mensaje.contains(base()));
   ASSERT_TRUE(QFile::remove(base()));
   ASSERT_TRUE(QFile::rename(carpeta.filePath("otra"), carpeta.filePath("voidTarvo.mdb")));
-  const auto r = abrirBase(carpeta.filePath("no/hay/T.MDB"), {carpeta.path()}, kHoy);
+  const auto r = abrirBase(carpeta.filePath("no/hay/T.MDB"), {carpeta.path()}, hoy());
   ASSERT_FALSE(r);
   EXPECT_TRUE(r.error().texto.startsWith("No se encuentra la base de datos: "));
   // What a lost database left behind is not taken for part of the new one.

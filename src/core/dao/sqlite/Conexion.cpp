@@ -81,7 +81,8 @@ Resultado<Preparada> Conexion::preparar(const QString& sql) {
   const char* cola = nullptr;
   const int rc = sqlite3_prepare_v3(db_, utf8.constData(), static_cast<int>(utf8.size()),
                                     SQLITE_PREPARE_PERSISTENT, &s, &cola);
-  if (rc != SQLITE_OK) return std::unexpected(errorDe(db_, rc, sql.left(400)));
+  if (rc != SQLITE_OK)
+    return std::unexpected(errorDe(db_, rc, rc == SQLITE_ERROR ? sql.left(400) : ruta));
   Preparada p(this, s);
   const bool sobra = !QByteArrayView(cola, utf8.constData() + utf8.size()).trimmed().isEmpty();
   if (!p || sobra)
