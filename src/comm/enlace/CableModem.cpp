@@ -10,7 +10,7 @@ namespace tarvo::enlace {
 namespace {
 
 constexpr int kMsOrden = 2000, kMsPausa = 2000, kMsMarcarMin = 1000, kMsMarcar = 60000;
-constexpr int kMsDTR = 600, kMsGuarda = 1100, kMsVigia = 500;
+constexpr int kMsSenales = 300, kMsDTR = 600, kMsGuarda = 1100, kMsVigia = 500;
 constexpr int kIntentosMax = 100, kMsColgarMax = 120000, kColaMax = 16;
 
 }  // namespace
@@ -37,8 +37,7 @@ QString CableModem::acceso() const {
 int CableModem::empezar() {
   const int razon = puerto_.abrir(ruta_, p_.rs232);
   if (razon != kBien) return razon;
-  if (puerto_.falta(p_.controlLinea)) return kSinCtsDsr;
-  siguienteOrden();
+  puerto_.falta(p_.controlLinea) ? ir(Paso::Senales, kMsSenales) : siguienteOrden();
   return kBien;
 }
 
@@ -101,6 +100,8 @@ void CableModem::responde(RespuestaModem respuesta) {
 
 void CableModem::vencePlazo() {
   switch (paso_) {
+    case Paso::Senales:
+      return puerto_.falta(p_.controlLinea) ? fallado(kSinCtsDsr) : siguienteOrden();
     case Paso::Guion:
       if (guion_[indice_].exige) return fallado(kModemMudo);
       ++indice_;

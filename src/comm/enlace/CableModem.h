@@ -53,7 +53,7 @@ class CableModem final : public CableReal {
   const RutaDePuerto rutaDe_;
   ParametrosLinea p_;
   QString ruta_;
-  Paso paso_ = Paso::Guion;
+  Paso paso_ = Paso::Senales;
   std::vector<PasoGuion> guion_;
   size_t indice_ = 0;  // of the order that waits for its answer
   int intento_ = 0;

@@ -32,7 +32,7 @@ void CableReal::abrir(Oyente& oyente) {
 
 // An opening that is given up, like a closing, may take its time to leave the line as it was.
 void CableReal::cerrar() {
-  if (avisado_ || estado_ == kCerrando) return;
+  if (!oyente_ || avisado_ || estado_ == kCerrando) return;
   const bool abriendo = estado_ == kAbriendo;
   if (abriendo) return fallado(kAbandonado);
   estado_ = kCerrando;
