@@ -1,3 +1,5 @@
+#include "app/Principal.h"
+
 #include <signal.h>
 
 #include <QCoreApplication>
@@ -64,6 +66,8 @@ int atender(const Ordenes& o, const Textos& t) {
       return conFondo(o, t);
   }
 }
+
+}  // namespace
 
 int principal(int argc, char** argv) {
   ::signal(SIGPIPE, SIG_IGN);  // a reader of the trace that goes away doesn't end a night
