@@ -26,6 +26,7 @@ class CableModem final : public CableReal {
  private:
   // Where the dialogue stands. Those from CuelgaDTR on belong to the hang-up.
   enum class Paso {
+    Senales,
     Guion,
     Marca,
     Pausa,
