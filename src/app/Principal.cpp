@@ -88,10 +88,4 @@ int principal(int argc, char** argv) {
   return atender(*ordenes, *textos);
 }
 
-}  // namespace
-
 }  // namespace tarvo::app
-
-int main(int argc, char** argv) {
-  return tarvo::app::principal(argc, argv);
-}

@@ -4,7 +4,7 @@ namespace tarvo::stock {
 
 namespace {
 
-// `cambio` is what becomes of a counter %1 that is there.
+// `cambio` is what becomes of a counter that is there, @ being the counter and ? the value.
 Resultado<qint64> escribirContador(dao::Database& db, const Casilla& d, int contador, qint64 valor,
                                    const QString& cambio) {
   const QString campo = QString::fromUtf16(kContadores[static_cast<size_t>(contador)]);
@@ -12,7 +12,7 @@ Resultado<qint64> escribirContador(dao::Database& db, const Casilla& d, int cont
   if (!t) return std::unexpected(t.error());
   auto filas = db.ejecutar(
       QStringLiteral("UPDATE MovsAlm SET %1=%2 WHERE CODALM=? AND SECCION=? AND CODIGO=?")
-          .arg(campo, cambio.arg(campo)),
+          .arg(campo, QString(cambio).replace(u'@', campo)),
       valor, d.almacen, d.seccion, d.codigo);
   if (!filas) return filas;
   if (*filas == 0) {
@@ -34,7 +34,7 @@ Resultado<qint64> escribirContador(dao::Database& db, const Casilla& d, int cont
 
 Resultado<> moverContador(dao::Database& db, const Casilla& donde, int contador, qint64 cantidad) {
   TARVO_INTENTAR(
-      escribirContador(db, donde, contador, cantidad, QStringLiteral("coalesce(%1, 0)+?")));
+      escribirContador(db, donde, contador, cantidad, QStringLiteral("coalesce(@, 0)+?")));
   return {};
 }
 

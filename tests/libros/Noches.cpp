@@ -14,8 +14,8 @@ constexpr qint64 kDia = 24 * 3600 * 1000LL, kMinuto = 60'000;
 
 void venderDia(Tienda& t, int grupo, Azar& azar) {
   for (auto& [addr, maquina] : t.grupos.at(grupo))
-    for (int articulo = 10; articulo < 30; ++articulo)
-      for (int n = azar.entero(1, 9); n > 0; --n)
+    for (int articulo = 10; articulo < 160; ++articulo)
+      for (int n = azar.entero(0, 4); n > 0; --n)
         maquina.vender(articulo, azar.entero(-200, 900), azar.entero(0, 2000));
 }
 

@@ -8,6 +8,8 @@
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 using totals::kDepartamentos, totals::kGranTotal, totals::kPLUs;
 
 namespace {
@@ -22,7 +24,7 @@ void bien(const Resultado<>& r) { EXPECT_TRUE(r.has_value()) << r.error().texto.
 
 std::unique_ptr<dao::Database> abrir(const QString& carpeta) {
   auto db = valor(dao::Database::OpenDatabase(carpeta + QStringLiteral("/TARVO.MDB"), {.crear = true}));
-  if (!db->existeTabla(u"COLUMNA")) bien(esquema::crearEsquema(*db));
+  bien(esquema::ponerAlDia(*db, Fecha::de(QDate(2026, 1, 1))));
   bien(totals::asegurarTablasLibros(*db));
   bien(totals::asegurarTablasTotales(*db));
   return db;
@@ -37,7 +39,7 @@ Tienda::Proceso::Proceso(const QString& carpeta, Reloj& reloj)
       periodos(*db, ajustes, almacenes),
       sesion(*db, ajustes, reloj),
       cierre(sesion, periodos),
-      verTot(periodos, ajustes) {}
+      verTot(periodos, *db, ajustes) {}
 
 Tienda::Tienda(Fecha inicio) : reloj(inicio) { cortar(); }
 
@@ -49,7 +51,7 @@ void Tienda::cortar() {
 }
 
 void Tienda::grupo(int numero, std::vector<int> direcciones, int tipo) {
-  valor(db().ejecutar(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ALMACEN) VALUES (?, ?, 1, ?, 0)", numero,
+  valor(db().ejecutar(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ALMACEN) VALUES (?, ?, 1, ?, 0)"_s, numero,
                       QStringLiteral("G%1").arg(numero), tipo));
   for (const int d : direcciones) grupos[numero][d];
 }
@@ -93,15 +95,15 @@ bool Tienda::ponerACero(int numero, bool llega, bool confirma) {
 }
 
 qint64 Tienda::enPeriodos(int numero, int clase) const {
-  return valor(p_->db->uno(QString(u"SELECT SUM(IMP) FROM " + totals::NombreTabla(clase) +
-                                   u", COLUMNA WHERE " + totals::NombreTabla(clase) +
-                                   u".LINK=COLUMNA.LINK AND GRUPO=? AND stkABLE"),
+  return valor(p_->db->uno(QString(u"SELECT SUM(IMP) FROM "_s + totals::NombreTabla(clase) +
+                                   u", COLUMNA WHERE "_s + totals::NombreTabla(clase) +
+                                   u".LINK=COLUMNA.LINK AND GRUPO=? AND stkABLE"_s),
                            numero))
       .entero();
 }
 
 qint64 Tienda::enPeriodo(qint64 link, int clase) const {
-  return valor(p_->db->uno(QString(u"SELECT SUM(IMP) FROM " + totals::NombreTabla(clase) + u" WHERE LINK=?"), link))
+  return valor(p_->db->uno(QString(u"SELECT SUM(IMP) FROM "_s + totals::NombreTabla(clase) + u" WHERE LINK=?"_s), link))
       .entero();
 }
 

@@ -6,7 +6,7 @@ namespace tarvo {
 
 namespace {
 
-const QDate kOrigen(1899, 12, 30);
+constexpr qint64 kOrigenJuliano = 2415019;  // 30 December 1899
 
 double fraccion(QTime hora) {
   return (hora.hour() * 3600 + hora.minute() * 60 + hora.second()) / 86400.0;
@@ -29,7 +29,7 @@ QTime horaDe(QStringView texto) {
 }  // namespace
 
 Fecha Fecha::de(QDate dia, QTime hora) {
-  return Fecha(static_cast<double>(kOrigen.daysTo(dia)) + fraccion(hora));
+  return Fecha(static_cast<double>(dia.toJulianDay() - kOrigenJuliano) + fraccion(hora));
 }
 
 Fecha Fecha::de(const QDateTime& momento) {
@@ -87,7 +87,7 @@ QDateTime Fecha::qdatetime() const {
     segundos -= 86400;
     ++dias;
   }
-  return QDateTime(kOrigen.addDays(dias), QTime(0, 0).addSecs(static_cast<int>(segundos)), Qt::UTC);
+  return QDateTime(QDate::fromJulianDay(kOrigenJuliano + dias), QTime(0, 0).addSecs(static_cast<int>(segundos)), Qt::UTC);
 }
 
 int Fecha::diaSemana() const {

@@ -1,0 +1,223 @@
+#include "stock/Almacenes.h"
+#include "stock/BaseVacia.h"
+
+using namespace tarvo;
+using namespace tarvo::stock;
+using tarvo::prueba::bien;
+
+namespace {
+
+// Section 1 with article 10 by weight, 11 by the 100 grams and 12 by unit; groups 1 and 2 in
+// warehouse 1, group 3 in 2, group 4 in none.
+struct Stock : testing::Test, prueba::BaseVacia {
+  RelojVirtual reloj{*Fecha::leer(u"05/06/2018 22:15:00")};
+  Almacenes almacenes{*db, reloj};
+
+  Stock() {
+    sql(QStringLiteral("insert into SECCS (NMSECC, NOMSEC) values (1, 'Carne')"));
+    for (const auto& [codigo, cada] : {std::pair{10, 0}, {11, 1}, {12, 2}})
+      sql(QStringLiteral(
+              "insert into PLUSES (SECCION, CODPLU, NOMPLU, CADA, COSTE) values (1, ?, ?, ?, 100)"),
+          codigo, QStringLiteral("Artículo %1").arg(codigo), cada);
+    sql(QStringLiteral("insert into ALMACEN (CODALM, NOMALM) values (1, 'Tienda')"));
+    sql(QStringLiteral("insert into ALMACEN (CODALM, NOMALM) values (2, 'Cámara')"));
+    for (const auto& [grupo, almacen] : {std::pair{1, 1}, {2, 1}, {3, 2}})
+      sql(QStringLiteral(
+              "insert into GRUPOS (CODGPO, NOMGPO, SECCION, Almacen) values (?, ?, 1, ?)"),
+          grupo, QStringLiteral("G%1").arg(grupo), almacen);
+    sql(QStringLiteral(
+        "insert into GRUPOS (CODGPO, NOMGPO, SECCION, Almacen) values (4, 'G4', 1, Null)"));
+  }
+  Almacen almacen(int c) { return *bien(almacenes.almacen(c)); }
+  QString movs() {
+    return leer(
+        QStringLiteral("select CODALM, CODIGO, Inicial, Entrada, Compra, Salida, Venta, Merma "
+                       "from MovsAlm order by CODALM, CODIGO"));
+  }
+  void nota(int numero, const QString& origen = QStringLiteral("Null")) {
+    sql(QStringLiteral("insert into ALBA_CAB (NUMALB, Origen) values (%1, %2)")
+            .arg(numero)
+            .arg(origen));
+  }
+  void linea(int numero, int codigo, int unidades, int peso, int coste) {
+    sql(QStringLiteral("insert into ALBA_LIN (NUMALB, SECCION, CODIGO, UNIDS, PESO, COSTE) values "
+                       "(?, 1, ?, ?, ?, ?)"),
+        numero, codigo, unidades, peso, coste);
+  }
+  void venta(int link, int grupo, int codigo, const dao::Valor& con, const dao::Valor& pes) {
+    sql(QStringLiteral("insert into TOTPLU (LINK, GRUPO, CODI, CON, PES) values (?, ?, ?, ?, ?)"),
+        link, grupo, codigo, con, pes);
+  }
+};
+
+TEST_F(Stock, CountersMakeTheStockOfAnArticle) {
+  ItmAlm item = bien(almacen(1).Item(1, 10));
+  EXPECT_EQ(item.Stock(), 0);
+  bien(item.poner(ItmAlm::Inicial, 1000));
+  bien(item.poner(ItmAlm::Venta, 300));
+  EXPECT_EQ(item.Stock(), 700);
+  bien(item.ponerStock(700));
+  EXPECT_EQ(item.contador(ItmAlm::Merma), 0);
+  bien(item.ponerStock(900));
+  EXPECT_EQ(item.contador(ItmAlm::Merma), -200);
+  EXPECT_EQ(movs(), QStringLiteral("1 10 1000 0 0 0 300 -200"));
+  EXPECT_EQ(bien(almacen(1).Item(1, 10)).Stock(), 900);
+  EXPECT_EQ(bien(almacen(1).Item(1, 12)).cada(), 2);
+  // Not an article: nothing is written and nothing changes in memory.
+  ItmAlm nadie = bien(almacen(1).Item(1, 99));
+  EXPECT_FALSE(nadie.poner(ItmAlm::Inicial, 5));
+  EXPECT_EQ(nadie.Stock(), 0);
+}
+
+TEST_F(Stock, ListsShowAllWithStockOrWithMovement) {
+  bien(bien(almacen(1).Item(1, 10)).poner(ItmAlm::Inicial, 5));
+  bien(bien(almacen(2).Item(1, 10)).poner(ItmAlm::Compra, 7));
+  ItmAlm parado = bien(almacen(1).Item(1, 12));
+  bien(parado.poner(ItmAlm::Entrada, 3));
+  bien(parado.poner(ItmAlm::Salida, 3));
+  EXPECT_EQ(bien(almacen(1).Lista(0, 0, 0)).size(), 3U);
+  const auto con = bien(almacen(1).Lista(1, 1, 0));
+  ASSERT_EQ(con.size(), 1U);
+  EXPECT_EQ(con[0].codigo, 10);
+  EXPECT_EQ(con[0].stock, 5);
+  EXPECT_EQ(bien(almacen(1).Lista(1, 2, 1)).size(), 2U);
+  EXPECT_EQ(bien(almacen(1).Lista(2, 0, 0)).size(), 0U);
+  const auto todos = bien(almacenes.ListaStock(0, 1, 1));
+  ASSERT_EQ(todos.size(), 1U);
+  EXPECT_EQ(todos[0].stock, 12);
+  EXPECT_EQ(todos[0].contadores, (std::array<qint64, 6>{5, 0, 7, 0, 0, 0}));
+}
+
+TEST_F(Stock, EveryGroupGetsAWarehouse) {
+  sql(QStringLiteral("update ALMACEN set NOMALM='Almacén único' where CODALM=2"));
+  bien(almacenes.asegurar());
+  EXPECT_EQ(leer(QStringLiteral("select CODALM, NOMALM from ALMACEN order by CODALM")),
+            QStringLiteral("1 Tienda | 2 Almacén 0002 | 3 Almacén de G4"));
+  EXPECT_EQ(leer(QStringLiteral("select Almacen from GRUPOS where CODGPO=4")), QStringLiteral("3"));
+  EXPECT_EQ(bien(almacen(3).GruposInvolucrados()), std::vector<int>{4});
+  bien(almacenes.asegurar());
+  EXPECT_EQ(bien(almacenes.Siguiente()), 4);
+}
+
+TEST_F(Stock, AFirstWarehouseTakesAllGroups) {
+  sql(QStringLiteral("update GRUPOS set Almacen=Null"));
+  sql(QStringLiteral("delete from ALMACEN"));
+  EXPECT_EQ(bien(almacenes.Siguiente()), 1);
+  bien(almacenes.asegurar());
+  EXPECT_EQ(leer(QStringLiteral("select CODALM, NOMALM, FCHINI from ALMACEN")),
+            QStringLiteral("1 Almacén único -"));
+  EXPECT_EQ(leer(QStringLiteral("select distinct Almacen from GRUPOS")), QStringLiteral("1"));
+}
+
+TEST_F(Stock, WarehousesAreNamedOnce) {
+  EXPECT_FALSE(bien(almacenes.Nuevo(1, QStringLiteral("Otro"))));
+  EXPECT_FALSE(bien(almacenes.Nuevo(7, QStringLiteral("  tien DA"))));
+  EXPECT_TRUE(bien(almacenes.Nuevo(7, QStringLiteral("Nave"))));
+  EXPECT_EQ(bien(almacenes.CodigoAlmacen(QStringLiteral("cámara"))), 2);
+  Almacen a = almacen(7);
+  EXPECT_FALSE(bien(a.ponerNombre(QStringLiteral("TIENDA"))));
+  EXPECT_TRUE(bien(a.ponerNombre(QStringLiteral("Nave 2"))));
+  EXPECT_TRUE(bien(a.ponerFechaRegulacion(reloj.ahora())));
+  EXPECT_TRUE(bien(a.ponerFechaInicio(reloj.ahora())));
+  EXPECT_FALSE(a.FechaRegulacion());
+  // The code of a warehouse takes its groups and counters along; a code in use is loaded.
+  Almacen b = almacen(2);
+  bien(bien(b.Item(1, 10)).poner(ItmAlm::Inicial, 5));
+  EXPECT_TRUE(bien(b.ponerCodigo(20)));
+  EXPECT_EQ(bien(b.GruposInvolucrados()), std::vector<int>{3});
+  EXPECT_EQ(bien(b.Item(1, 10)).Stock(), 5);
+  EXPECT_TRUE(bien(b.ponerCodigo(1)));
+  EXPECT_EQ(b.Nombre(), QStringLiteral("Tienda"));
+  EXPECT_TRUE(bien(almacenes.Eliminar(7)));
+  EXPECT_FALSE(bien(almacenes.Eliminar(7)));
+}
+
+TEST_F(Stock, InitialisingKeepsTheStockOrClearsIt) {
+  ItmAlm item = bien(almacen(1).Item(1, 10));
+  bien(item.poner(ItmAlm::Inicial, 10));
+  bien(item.poner(ItmAlm::Compra, 5));
+  bien(item.poner(ItmAlm::Venta, 3));
+  bien(bien(almacen(1).Item(1, 12)).poner(ItmAlm::Merma, 0));
+  bien(bien(almacen(2).Item(1, 12)).poner(ItmAlm::Merma, 4));
+  Almacen a = almacen(1);
+  EXPECT_FALSE(bien(a.Inicializar(3)));
+  EXPECT_TRUE(bien(a.Inicializar(1)));
+  EXPECT_EQ(movs(), QStringLiteral("1 10 12 0 0 0 0 0 | 2 12 0 0 0 0 0 4"));
+  EXPECT_EQ(a.FechaInicio()->general(), QStringLiteral("05/06/2018 00:00:00"));
+  EXPECT_TRUE(bien(a.Inicializar(2)));
+  EXPECT_EQ(movs(), QStringLiteral("2 12 0 0 0 0 0 4"));
+  EXPECT_FALSE(bien(a.Inicializar(1)));  // no row
+}
+
+TEST_F(Stock, APurchaseNoteMovesStockAndCost) {
+  bien(bien(almacen(1).Item(1, 10)).poner(ItmAlm::Inicial, 1000));
+  bien(bien(almacen(2).Item(1, 10)).poner(ItmAlm::Inicial, 1000));
+  nota(1);
+  linea(1, 10, 0, 2000, 200);
+  linea(1, 12, 5, 0, 70);
+  EXPECT_TRUE(bien(almacen(1).IncorporarAlbaran(1, 2, false)));
+  EXPECT_EQ(
+      leer(QStringLiteral("select COSTE from PLUSES where CODPLU in (10, 12) order by CODPLU")),
+      QStringLiteral("150 | 70"));
+  EXPECT_EQ(movs(),
+            QStringLiteral("1 10 1000 0 2000 0 0 0 | 1 12 0 0 5 0 0 0 | 2 10 1000 0 0 0 0 0"));
+  EXPECT_FALSE(bien(almacen(2).IncorporarAlbaran(1, 0, false)));  // in stock elsewhere
+  EXPECT_TRUE(bien(almacen(1).IncorporarAlbaran(1, 0, true)));
+  EXPECT_EQ(movs(), QStringLiteral("1 10 1000 0 0 0 0 0 | 2 10 1000 0 0 0 0 0"));
+  EXPECT_EQ(leer(QStringLiteral("select stkADO, Almacen from ALBA_CAB")), QStringLiteral("0 -"));
+  EXPECT_FALSE(bien(almacen(1).IncorporarAlbaran(9, 0, false)));
+}
+
+TEST_F(Stock, AMeanOfNothingLeavesTheCost) {
+  bien(bien(almacen(1).Item(1, 12)).poner(ItmAlm::Merma, 5));
+  nota(1);
+  linea(1, 12, 5, 0, 70);
+  EXPECT_TRUE(bien(almacen(1).IncorporarAlbaran(1, 2, false)));
+  EXPECT_EQ(leer(QStringLiteral("select COSTE from PLUSES where CODPLU=12")),
+            QStringLiteral("100"));
+  EXPECT_TRUE(bien(almacen(1).IncorporarAlbaran(1, 1, false)));
+  EXPECT_EQ(leer(QStringLiteral("select COSTE from PLUSES where CODPLU=12")), QStringLiteral("70"));
+  EXPECT_EQ(leer(QStringLiteral("select stkADO, Almacen from ALBA_CAB")), QStringLiteral("2 1"));
+}
+
+TEST_F(Stock, ATransferNoteIsWholeOrNotAtAll) {
+  nota(1, QStringLiteral("2"));
+  linea(1, 10, 0, 300, 0);
+  EXPECT_TRUE(bien(almacen(1).IncorporarAlbaran(1, 2, false)));
+  EXPECT_EQ(movs(), QStringLiteral("1 10 0 300 0 0 0 0 | 2 10 0 0 0 300 0 0"));
+  EXPECT_TRUE(bien(almacen(1).IncorporarAlbaran(1, 2, true)));
+  EXPECT_EQ(movs(), QString());
+  linea(1, 99, 1, 0, 0);  // no such article
+  EXPECT_FALSE(almacen(1).IncorporarAlbaran(1, 2, false));
+  EXPECT_EQ(movs(), QString());
+  EXPECT_EQ(leer(QStringLiteral("select stkADO from ALBA_CAB")), QStringLiteral("0"));
+}
+
+TEST_F(Stock, SalesGoOutOnceAnArticleAndWarehouse) {
+  sql(QStringLiteral("insert into COLUMNA (LINK, TIPO, stkABLE) values (7, 1, 1)"));
+  sql(QStringLiteral("insert into COLUMNA (LINK, TIPO, stkABLE) values (8, 1, 0)"));
+  venta(7, 1, 10, 4, 1500);
+  venta(7, 2, 10, 1, 500);  // the same warehouse
+  venta(7, 3, 11, 2, 250);
+  venta(7, 1, 12, 6, 9999);  // by unit
+  venta(7, 2, 11, 3, 0);     // sold, but no grams
+  venta(7, 1, 11, dao::Valor(), 40);
+  venta(7, 4, 10, 1, 800);  // no warehouse
+  venta(7, 1, 99, 1, 800);  // an article that is no more
+  venta(8, 1, 10, 1, 1);
+  venta(0, 1, 10, 1, 1);
+  EXPECT_TRUE(bien(almacenes.DescontarVenta(7, 1)));
+  const QString unaVez = QStringLiteral(
+      "1 10 0 0 0 0 2000 0 | 1 11 0 0 0 0 40 0 | 1 12 0 0 0 0 6 0 | 2 11 0 0 0 0 250 0");
+  EXPECT_EQ(movs(), unaVez);
+  EXPECT_FALSE(bien(almacenes.DescontarVenta(8, 1)));
+  EXPECT_FALSE(bien(almacenes.DescontarVenta(99, 1)));
+  EXPECT_EQ(movs(), unaVez);
+  EXPECT_TRUE(bien(almacenes.DescontarVenta(7, 1)));
+  EXPECT_EQ(leer(QStringLiteral("select stkADO from COLUMNA where LINK=7")), QStringLiteral("2"));
+  EXPECT_TRUE(bien(almacenes.DescontarVenta(7, -2)));
+  EXPECT_EQ(movs(), QString());
+  EXPECT_EQ(leer(QStringLiteral("select stkADO from COLUMNA where LINK=7")), QStringLiteral("0"));
+}
+
+}  // namespace

@@ -1,0 +1,318 @@
+#include <sys/resource.h>
+
+#include <QDir>
+#include <QFile>
+#include <csignal>
+
+#include "totals/Tienda.h"
+
+using namespace tarvo;
+using namespace tarvo::totals;
+using tarvo::prueba::bien;
+using tarvo::prueba::momento;
+
+namespace {
+
+struct Exporta : testing::Test, prueba::Tienda {
+  QByteArray fichero(const QString& nombre) {
+    QFile f(ruta(nombre));
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("(nada)");
+  }
+  void escribir(const QString& nombre, const QByteArray& bytes) {
+    QFile f(ruta(nombre));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(bytes);
+  }
+  void fila(const char* tabla, qint64 link, qint64 grupo, qint64 codi, Contadores c) {
+    sql(QStringLiteral(
+            "insert into %1 (LINK, GRUPO, CODI, CON, PES, [IMP], SCO) values (?, ?, ?, ?, ?, ?, ?)")
+            .arg(QString::fromUtf8(tabla)),
+        link, grupo, codi, c.CON, c.PES, c.IMP, c.SCO);
+  }
+  qint64 diaEntero() {
+    const qint64 dia = crear(1, "05/06/2018");
+    fila("TOTPLU", dia, 2, 7, {3, 0, 450, 0});
+    fila("TOTPLU", dia, 1, 1234, {12, 3456, 7890, -50});
+    fila("TOTGRT", dia, 1, 0, {5, 6, 7, 8});
+    fila("TOTOPE", dia, 1, 9, {-1, -2, -3, 0});
+    fila("TOTDEP", dia, 9, 4, {1, 2, 3, 4});
+    fila("TOTHOR", dia, 1, 23, {1, 2, 3, 4});
+    operHora(dia, 12, 8, 6);
+    return dia;
+  }
+  bool exportar(qint64 link, const char* nombre, bool borrar = false, const char* marca = "",
+                bool corto = false) {
+    return bien(xporTot.XportRemoto({link}, {corto, borrar}, QString::fromUtf8(nombre),
+                                    QString::fromUtf8(marca)));
+  }
+  std::vector<ImpTot::Hecho> importar(const QByteArray& bytes, SiExiste como = SiExiste::Borrarlo) {
+    std::vector<ImpTot::Hecho> hechos;
+    bien(impTot.importarBytes(bytes, QStringLiteral("X.EXP"), como, hechos));
+    return hechos;
+  }
+  QString errorDe(const QByteArray& bytes, size_t enteros = 0) {
+    std::vector<ImpTot::Hecho> hechos;
+    const auto r =
+        impTot.importarBytes(bytes, QStringLiteral("X.EXP"), SiExiste::Acumularlo, hechos);
+    EXPECT_EQ(hechos.size(), enteros);
+    return r ? QStringLiteral("(bien)") : r.error().texto;
+  }
+};
+
+const QByteArray kLargo =
+    "*Semana, santa-5 junio 2018\r\n"
+    "*05/06/2018 00:00:00  05/06/2018 23:59:59\r\n"
+    "01000100300012340000007890-00000005000003456000012\r\n"
+    "01000200300000070000000450000000000000000000000003\r\n"
+    "02000100300000000000000007000000000800000006000005\r\n"
+    "0300010030000009-0000000030000000000-0000002-00001\r\n"
+    "04000900000000040000000003000000000400000002000001\r\n"
+    "06000100300000230000000003000000000400000002000001\r\n"
+    "07000100300012080000000006000000000000000000000006\r\n";
+
+const QByteArray kCorto =
+    "*Semana, santa-5 junio 2018\r\n"
+    "*05/06/2018 00:00:00  05/06/2018 23:59:59\r\n"
+    "010112340000007890-00000005000003456000012\r\n"
+    "010200070000000450000000000000000000000003\r\n"
+    "020000010000000007000000000800000006000005\r\n"
+    "03010009-0000000030000000000-0000002-00001\r\n"
+    "040900040000000003000000000400000002000001\r\n"
+    "060100230000000003000000000400000002000001\r\n"
+    "070112080000000006000000000000000000000006\r\n";
+
+TEST_F(Exporta, WritesBothLayouts) {
+  const qint64 dia = diaEntero();
+  EXPECT_TRUE(exportar(dia, "largo"));
+  EXPECT_TRUE(exportar(dia, "corto.txt", false, "", true));
+  EXPECT_EQ(fichero(QStringLiteral("largo.EXP")), kLargo);
+  EXPECT_EQ(fichero(QStringLiteral("corto.txt")), kCorto);
+  EXPECT_TRUE(exportar(dia, "LARGO.exp"));  // behind what is there
+  EXPECT_EQ(fichero(QStringLiteral("largo.EXP")), kLargo + kLargo);
+}
+
+TEST_F(Exporta, HeadersFitTheFile) {
+  const qint64 tramo = crear(5, "05/06/2018 13:00:01", "06/06/2018 08:30");
+  sql(QStringLiteral("update COLUMNA set DESCR=?"), QStringLiteral("Año\r\nde €, \u4e2d"));
+  escribir(QStringLiteral("A.EXP"), "0100");  // cut off by someone else
+  EXPECT_TRUE(exportar(tramo, "a"));
+  EXPECT_EQ(fichero(QStringLiteral("A.EXP")),
+            "0100\r\n*A\xF1o  de \x80, ?\r\n*05/06/2018 13:00:01  06/06/2018 08:30:00\r\n");
+}
+
+TEST_F(Exporta, AValueThatDoesNotFitStopsAll) {
+  const qint64 dia = crear(1, "05/06/2018"), otro = crear(1, "06/06/2018");
+  fila("TOTPLU", dia, 1, 1, {1, 1, 1, 1});
+  fila("TOTPLU", otro, 1, 70001, {1, 1, 1, 1});
+  const auto probar = [&](bool corto) {
+    return xporTot.XportRemoto({dia, otro}, {corto, true}, QStringLiteral("x"), QString());
+  };
+  const auto mal = probar(true);
+  ASSERT_FALSE(mal);
+  EXPECT_TRUE(mal.error().texto.contains(QStringLiteral("6 junio 2018")))
+      << mal.error().texto.toStdString();
+  EXPECT_TRUE(mal.error().texto.contains(QStringLiteral("70001")));
+  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "(nada)");
+  EXPECT_EQ(bien(periodos.lista()).size(), 2U);
+  for (const auto& [valor, cabe] : {std::pair<qint64, bool>{999999, true},
+                                    {1000000, false},
+                                    {-99999, true},
+                                    {-100000, false}}) {
+    sql(QStringLiteral("update TOTPLU set CON=? where LINK=?"), valor, dia);
+    EXPECT_EQ(bool(xporTot.bloque(col(dia), false)), cabe) << valor;
+  }
+}
+
+TEST_F(Exporta, DeletesOnlyWhatIsOnDisk) {
+  const qint64 dia = diaEntero();
+  for (const char* malo : {"", "  ", "sub\\", "..", "noexiste/x"})
+    EXPECT_FALSE(xporTot.XportRemoto({dia}, {false, true}, QString::fromUtf8(malo), QString()))
+        << malo;
+  EXPECT_EQ(bien(periodos.lista()).size(), 1U);
+  EXPECT_FALSE(bien(xporTot.XportRemoto({99, dia}, {}, QStringLiteral("x"), QString())));
+  EXPECT_FALSE(bien(xporTot.XportRemoto({}, {}, QStringLiteral("x"), QString())));
+  EXPECT_FALSE(xporTot.XportRemoto({dia, 99}, {false, true}, QStringLiteral("x"), QString()));
+  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "(nada)");
+  EXPECT_TRUE(exportar(dia, "x", true));
+  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), kLargo);
+  EXPECT_TRUE(bien(periodos.lista()).empty());
+  EXPECT_EQ(plus(dia), QString());
+}
+
+// The disk takes no more than the old file's size.
+TEST_F(Exporta, AFullDiskLeavesTheOldFile) {
+  const qint64 dia = diaEntero();
+  escribir(QStringLiteral("x.EXP"), "antes\r\n");
+  rlimit normal{};
+  getrlimit(RLIMIT_FSIZE, &normal);
+  rlimit lleno = normal;
+  lleno.rlim_cur = 100;
+  const auto anterior = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &lleno);
+  const auto r = xporTot.XportRemoto({dia}, {false, true}, QStringLiteral("x"), QString());
+  setrlimit(RLIMIT_FSIZE, &normal);
+  std::signal(SIGXFSZ, anterior);
+  ASSERT_FALSE(r);
+  EXPECT_EQ(r.error().clase, Fallo::DiscoLleno);
+  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "antes\r\n");
+  EXPECT_EQ(QDir(carpeta.path()).entryList({QStringLiteral("x.EXP?*")}, QDir::Files).size(), 0);
+  EXPECT_EQ(bien(periodos.lista()).size(), 1U);
+}
+
+// The export was cut off behind the rename, or before it; other blocks may have come behind.
+TEST_F(Exporta, ABlockIsNotWrittenTwiceForOneMark) {
+  const qint64 dia = diaEntero(), otro = crear(1, "06/06/2018");
+  EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
+  sql(QStringLiteral("update Exportes set HECHO=0"));
+  EXPECT_TRUE(exportar(otro, "x"));
+  const QByteArray todo = fichero(QStringLiteral("x.EXP"));
+  // Midnight has passed, and the name with it.
+  EXPECT_TRUE(exportar(dia, "y", true, "17.3"));
+  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), todo);
+  EXPECT_EQ(fichero(QStringLiteral("y.EXP")), "(nada)");
+  EXPECT_FALSE(bien(periodos.columna(dia)));
+  // Done for good: a new period that took the number of the deleted one is safe.
+  sql(QStringLiteral("insert into COLUMNA (LINK, TIPO) values (?, 1)"), dia);
+  EXPECT_TRUE(exportar(dia, "x", true, "17.3"));
+  EXPECT_TRUE(bien(periodos.columna(dia)));
+  // The mark was written and the file was not.
+  escribir(QStringLiteral("x.EXP"), todo.left(40));
+  EXPECT_TRUE(exportar(otro, "x", false, "17.3"));
+  EXPECT_EQ(fichero(QStringLiteral("x.EXP")).count("*"), 4);  // two of what was left, two of the new block
+}
+
+TEST_F(Exporta, ComesBackAsItWent) {
+  const qint64 dia = diaEntero();
+  const auto todo = [&](qint64 link) {
+    QStringList filas;
+    for (const ClaseTotal& c : todasLasClases())
+      filas << leer(
+          QStringLiteral(
+              "select GRUPO, CODI, CON, PES, [IMP], SCO from %1 where LINK=%2 order by GRUPO, CODI")
+              .arg(QString::fromUtf16(c.tabla))
+              .arg(link));
+    return filas.join(u'\n');
+  };
+  const QString antes = todo(dia);
+  bien(periodos.BorrarPeriodo(dia));
+  auto hechos = importar(kLargo);
+  ASSERT_EQ(hechos.size(), 1U);
+  EXPECT_EQ(hechos[0].lineas, 7);
+  EXPECT_EQ(hechos[0].periodo, LimitesPeriodo(1, momento("05/06/2018"), {}));
+  EXPECT_EQ(todo(hechos[0].link), antes);
+  EXPECT_EQ(leer(QStringLiteral("select HORA from TOTOPHOR")), QStringLiteral("8"));
+  EXPECT_TRUE(col(hechos[0].link).stkABLE);
+  EXPECT_EQ(col(hechos[0].link).DESCR, QStringLiteral("Semana, santa-5 junio 2018"));
+}
+
+TEST_F(Exporta, ReadsTheShortLayoutByItsOwnColumns) {
+  const qint64 link = importar(kCorto).at(0).link;
+  EXPECT_EQ(plus(link), QStringLiteral("1 1234 12 3456 7890 -50 | 2 7 3 0 450 0"));
+  const auto claves = [&](const char* tabla) {
+    return leer(QStringLiteral("select GRUPO, CODI from %1").arg(QString::fromUtf8(tabla)));
+  };
+  EXPECT_EQ(claves("TOTGRT"), QStringLiteral("1 0"));
+  EXPECT_EQ(claves("TOTOPE"), QStringLiteral("0 9"));
+  EXPECT_EQ(claves("TOTDEP"), QStringLiteral("0 4"));
+  EXPECT_EQ(claves("TOTHOR"), QStringLiteral("1 23"));
+  EXPECT_EQ(leer(QStringLiteral("select GRUPO, CODI, HORA from TOTOPHOR")),
+            QStringLiteral("1 12 8"));
+}
+
+TEST_F(Exporta, TwoBlocksOfOneDayAddUpOrReplace) {
+  const QByteArray linea = "01000100300000070000000100000000000000000000000001\r\n";
+  const QByteArray cabecera = "*05/06/2018 00:00:00  05/06/2018 23:59:59\n*uno\n";
+  const QByteArray bloque = cabecera + linea + "\r\n" + linea;
+  auto hechos = importar("basura\r\n" + bloque + bloque, SiExiste::Acumularlo);
+  ASSERT_EQ(hechos.size(), 2U);
+  EXPECT_EQ(plus(hechos[1].link), QStringLiteral("1 7 4 0 400 0"));
+  hechos = importar("\xEF\xBB\xBF" + bloque + cabecera + linea);
+  EXPECT_EQ(plus(hechos[1].link), QStringLiteral("1 7 1 0 100 0"));
+  hechos = importar(cabecera);
+  EXPECT_EQ(hechos[0].lineas, 0);
+  EXPECT_EQ(bien(periodos.lista()).size(), 1U);
+  EXPECT_EQ(plus(hechos[0].link), QString());
+}
+
+TEST_F(Exporta, TheWeekAndTheStockFollowAnImport) {
+  const qint64 dia = crear(1, "05/06/2018");
+  plu(dia, 7, 1);
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia))));
+  EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1)));
+  const qint64 semana = bien(periodos.BuscarPeriodo(2, momento("05/06/2018"), {}))->LINK;
+  const QByteArray bloque =
+      "*uno\n*05/06/2018 00:00:00  05/06/2018 "
+      "23:59:59\n01000100300000070000000100000000000000000000000002\n";
+  importar(bloque, SiExiste::Acumularlo);
+  EXPECT_EQ(plus(semana), QStringLiteral("1 7 3 10 200 1000"));
+  EXPECT_EQ(venta(), QStringLiteral("7 3"));
+  const qint64 nuevo = importar(bloque, SiExiste::Borrarlo).at(0).link;
+  EXPECT_EQ(plus(semana), QStringLiteral("1 7 3 10 200 1000"));
+  EXPECT_FALSE(col(nuevo).ACUM2);
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(nuevo))));
+  EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(nuevo), 1)));
+  EXPECT_EQ(plus(semana), QStringLiteral("1 7 2 0 100 0"));
+  EXPECT_EQ(venta(), QStringLiteral("7 2"));
+}
+
+TEST_F(Exporta, DatesFindTheirPeriod) {
+  ajustes.FestivoSemanal[6] = true;
+  struct Caso {
+    const char* fechas;
+    int tipo;
+  };
+  const Caso casos[] = {
+      {"04/06/2018 21:00:00  05/06/2018 22:00:00", 1},
+      {"04/06/2018 00:00:00  10/06/2018 23:59:59", 2},
+      {"01/06/2018 00:00:00  30/06/2018 23:59:59", 3},
+      {"01/01/2018 00:00:00  31/12/2018 23:59:59", 4},
+      {"10/06/2018 00:00:00  10/06/2018 23:59:59", 1},  // a closed Sunday, exported as a day
+      {"05/06/2018 14:00:00  05/06/2018 22:00:00", 5},
+      {"05/06/2018 22:00:00  04/06/2018 22:00:00", 5}};
+  for (const Caso& c : casos)
+    EXPECT_EQ(importar(QByteArray("*x\n*") + c.fechas).at(0).periodo.tipo, c.tipo) << c.fechas;
+  // A description that looks like dates.
+  const auto hechos = importar(
+      "*01/01/2001 00:00:00  01/01/2001 00:00:00\n*05/06/2018 00:00:00  05/06/2018 23:59:59\n");
+  EXPECT_EQ(hechos.at(0).periodo.desde, momento("05/06/2018"));
+}
+
+TEST_F(Exporta, ABadLineUndoesItsBlockAndIsNamed) {
+  const QByteArray bien1 =
+      "*uno\r\n*05/06/2018 00:00:00  05/06/2018 23:59:59\r\n"
+      "01000100300000070000000100000000000000000000000001\r\n";
+  const QByteArray dos =
+      "*dos\r\n*06/06/2018 00:00:00  06/06/2018 23:59:59\r\n"
+      "01000100300000070000000100000000000000000000000001\r\n";
+  const QByteArray malas[] = {
+      "0100010030000007000000010000000000000000000000001",   // 49
+      "05000100300000070000000100000000000000000000000001",  // a code of no kind
+      "010001003000000700000001x0000000000000000000000001",
+      "01000100300000070000000100          00000000000001", QByteArray(5000, '0')};
+  for (const QByteArray& mala : malas) {
+    EXPECT_TRUE(errorDe(bien1 + dos + mala + "\r\n", 1).contains(QStringLiteral("línea 7")))
+        << mala.constData();
+    EXPECT_FALSE(bien(periodos.BuscarPeriodo(1, momento("06/06/2018"), {})));
+  }
+  EXPECT_EQ(plus(1), QStringLiteral("1 7 5 0 500 0"));
+  for (const char* mala : {"", "hola\r\n", "*uno\r\n", "*uno\r\n*dos\r\n",
+                           "*uno\r\n\r\n*05/06/2018 00:00:00  05/06/2018 23:59:59\r\n"})
+    EXPECT_TRUE(errorDe(mala).startsWith(
+        QStringLiteral("ERROR: El fichero contiene líneas no reconocibles")))
+        << mala;
+  std::vector<ImpTot::Hecho> hechos;
+  EXPECT_FALSE(impTot.importar(ruta(QStringLiteral("no.EXP")), SiExiste::Borrarlo, hechos));
+  sql(QStringLiteral("update TOTPLU set [IMP]=9223372036854775800 where LINK=1"));
+  EXPECT_NE(errorDe(bien1), QStringLiteral("(bien)"));
+  EXPECT_EQ(plus(1), QStringLiteral("1 7 5 0 9223372036854775800 0"));
+}
+
+TEST(ExportaFuera, AnotherLanguageHasNoOperatorByHour) {
+  prueba::Tienda t;
+  const Ajustes uk(t.carpeta.path(), Idioma::UK);
+  ImpTot impTot(*t.db, t.periodos, uk);
+  std::vector<ImpTot::Hecho> hechos;
+  EXPECT_FALSE(impTot.importarBytes(kLargo, QStringLiteral("X.EXP"), SiExiste::Borrarlo, hechos));
+}
+
+}  // namespace

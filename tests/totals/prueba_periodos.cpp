@@ -1,0 +1,268 @@
+#include "totals/Tienda.h"
+
+using namespace tarvo;
+using namespace tarvo::totals;
+using tarvo::prueba::bien;
+using tarvo::prueba::momento;
+
+namespace {
+
+struct PeriodosDe : testing::Test, prueba::Tienda {
+  // The week of 4 June 2018, 0 when there is none.
+  qint64 semana() {
+    const auto c = bien(periodos.BuscarPeriodo(kSemanal, momento("04/06/2018"), {}));
+    return c ? c->LINK : 0;
+  }
+};
+
+TEST_F(PeriodosDe, AreMadeFoundAndDeleted) {
+  EXPECT_EQ(crear(1, "05/06/2018 13:00"), 1);
+  EXPECT_EQ(crear(5, "05/06/2018 13:00", "06/06/2018 08:30"), 2);
+  EXPECT_EQ(col(1).periodo, LimitesPeriodo(1, momento("05/06/2018"), {}));
+  EXPECT_EQ(col(2).periodo, (Periodo{5, momento("05/06/2018 13:00"), momento("06/06/2018 08:30")}));
+  EXPECT_EQ(bien(periodos.BuscarPeriodo(1, momento("05/06/2018 23:59:59"), {}))->LINK, 1);
+  EXPECT_FALSE(bien(periodos.BuscarPeriodo(1, momento("06/06/2018"), {})));
+  for (const int link : {0, 1, 2}) plu(link, 7, 5), operHora(link, 1, 9, 5);
+  bien(periodos.BorrarPeriodo(2, kPLUs));
+  EXPECT_EQ(plus(2), QString());
+  EXPECT_EQ(col(2).LINK, 2);
+  EXPECT_EQ(leer(QStringLiteral("select LINK from TOTOPHOR")), QStringLiteral("0 | 1 | 2"));
+  bien(periodos.BorrarPeriodo(2));
+  EXPECT_TRUE(bien(periodos.BorrarPorFechas(1, momento("05/06/2018"), {})));
+  EXPECT_FALSE(bien(periodos.BorrarPorFechas(1, momento("05/06/2018"), {})));
+  EXPECT_EQ(leer(QStringLiteral("select LINK from TOTPLU")), QStringLiteral("0"));  // the inbox
+  EXPECT_EQ(leer(QStringLiteral("select LINK from TOTOPHOR")), QStringLiteral("0"));
+  EXPECT_TRUE(bien(periodos.lista()).empty());
+}
+
+TEST_F(PeriodosDe, AddUpRowByRow) {
+  const qint64 a = crear(5, "04/06/2018", "05/06/2018"), b = crear(5, "05/06/2018", "06/06/2018");
+  plu(a, 7, 1), plu(b, 7, 2), plu(b, 8, 3), plu(b, 7, 4, 2);
+  operHora(a, 1, 9, 1), operHora(b, 1, 9, 2), operHora(b, 1, 10, 3);
+  sql(QStringLiteral("update TOTPLU set PES=Null, SCO=Null where CODI=7"));
+  bien(periodos.SumarPeriodo(a, b));
+  EXPECT_EQ(plus(a), QStringLiteral("1 7 3 0 300 0 | 1 8 3 30 300 3000 | 2 7 4 0 400 0"));
+  EXPECT_EQ(
+      leer(QStringLiteral("select HORA, CON from TOTOPHOR where LINK=%1 order by HORA").arg(a)),
+      QStringLiteral("9 3 | 10 3"));
+  bien(periodos.SumarPeriodo(a, b, -1));
+  EXPECT_EQ(plus(a), QStringLiteral("1 7 1 0 100 0 | 1 8 0 0 0 0 | 2 7 0 0 0 0"));
+  const qint64 c = crear(5, "06/06/2018", "07/06/2018");
+  bien(periodos.SumarPeriodo(c, b, -1));
+  EXPECT_EQ(plus(c), QStringLiteral("1 7 -2 0 -200 0 | 1 8 -3 -30 -300 -3000 | 2 7 -4 0 -400 0"));
+}
+
+TEST_F(PeriodosDe, ASumThatFitsNoCounterIsUndone) {
+  const qint64 a = crear(5, "04/06/2018", "05/06/2018"), b = crear(5, "05/06/2018", "06/06/2018");
+  plu(a, 7, 1), plu(b, 7, 2);
+  sql(QStringLiteral("update TOTPLU set [IMP]=9000000000000000000"));
+  EXPECT_FALSE(periodos.SumarPeriodo(a, b));
+  EXPECT_EQ(plus(a), QStringLiteral("1 7 1 10 9000000000000000000 1000"));
+}
+
+TEST_F(PeriodosDe, ADayGoesIntoItsWeekAndOut) {
+  const qint64 dia = crear(1, "05/06/2018");
+  plu(dia, 7, 2);
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia))));
+  EXPECT_TRUE(col(dia).ACUM2);
+  const Columna s = col(semana());
+  EXPECT_FALSE(s.stkABLE);
+  EXPECT_EQ(s.DESCR, QString());
+  EXPECT_EQ(plus(s.LINK), QStringLiteral("1 7 2 20 200 2000"));
+  EXPECT_TRUE(bien(periodos.DesacumularPeriodo(2, col(dia))));
+  EXPECT_EQ(plus(s.LINK), QStringLiteral("1 7 0 0 0 0"));
+  EXPECT_FALSE(bien(periodos.DesacumularPeriodo(2, col(dia))));
+  EXPECT_FALSE(bien(periodos.AcumularPeriodo(2, s)));  // its own kind
+  EXPECT_FALSE(bien(periodos.AcumularPeriodo(1, col(dia))));
+}
+
+TEST_F(PeriodosDe, ASpanAcrossTwoWeeksStaysOut) {
+  const qint64 dentro = crear(5, "05/06/2018 13:00", "10/06/2018 23:00");
+  const qint64 cruza = crear(5, "09/06/2018", "11/06/2018 01:00");
+  EXPECT_FALSE(bien(periodos.AcumularPeriodo(2, col(cruza))));
+  EXPECT_EQ(semana(), 0);
+  EXPECT_FALSE(col(cruza).ACUM2);
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dentro))));
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(3, col(cruza))));
+}
+
+TEST_F(PeriodosDe, AChangeIsFollowedByLargerPeriodsAndStock) {
+  const qint64 dia = crear(1, "05/06/2018");
+  plu(dia, 7, 2);
+  for (const int tipo : {2, 4}) EXPECT_TRUE(bien(periodos.AcumularPeriodo(tipo, col(dia))));
+  for (int i = 0; i < 2; ++i) EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1)));
+  const auto marcas = bien(periodos.DesacumularTodo(dia));
+  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 0 0 0 0"));
+  EXPECT_EQ(venta(), QString());
+  plu(dia, 1000001, 3);
+  bien(periodos.ReacumularTodo(dia, marcas));
+  EXPECT_EQ(plus(semana()), plus(dia));
+  EXPECT_EQ(venta(), QStringLiteral("7 4 | 1000001 60"));
+  const Columna c = col(dia);
+  EXPECT_TRUE(c.ACUM2 && !c.ACUM3 && c.ACUM4);
+  EXPECT_EQ(c.stkADO, 2);
+  EXPECT_FALSE(periodos.DesacumularTodo(99));
+}
+
+// A day is replaced again and again; the week and the stock hold one version of it, never two.
+TEST_F(PeriodosDe, AReplacedDayCountsOnce) {
+  qint64 dia = crear(1, "05/06/2018");
+  const qint64 otro = crear(1, "06/06/2018");
+  plu(dia, 7, 2), plu(otro, 7, 100);
+  operHora(dia, 1, 9, 2);
+  const auto reemplazar = [&](int n) {
+    dia = bien(periodos.sustituir(col(dia), QStringLiteral("otra")));
+    sql(QStringLiteral("update TOTPLU set CON=?, PES=?, [IMP]=?, SCO=? where LINK=? and CODI=7"), n,
+        10 * n, 100 * n, 1000 * n, dia);
+  };
+  const auto acumular = [&] { EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia)))); };
+  const auto descontar = [&] { EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1))); };
+  for (const qint64 link : {dia, otro}) {
+    EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(link))));
+    EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(link), 1)));
+  }
+  reemplazar(5);
+  EXPECT_EQ(dia, semana() + 1);
+  const Columna c = col(dia);
+  EXPECT_TRUE(c.stkABLE && !c.ACUM2 && c.stkADO == 0);
+  EXPECT_EQ(c.DESCR, QStringLiteral("otra"));
+  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 102 1020 10200 102000"));  // what it held
+  EXPECT_EQ(venta(), QStringLiteral("7 102"));
+  reemplazar(6);  // its own marks are clear: the first version is what must go
+  acumular();
+  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 106 1060 10600 106000"));
+  EXPECT_EQ(leer(QStringLiteral("select HORA, CON from TOTOPHOR where LINK=%1").arg(semana())),
+            QStringLiteral("9 2"));
+  EXPECT_EQ(venta(), QStringLiteral("7 102"));
+  reemplazar(7);  // now the week holds 6 and the stock still 2
+  descontar();
+  EXPECT_EQ(venta(), QStringLiteral("7 107"));
+  acumular();
+  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 107 1070 10700 107000"));
+  // Settled: nothing is taken out twice, and nothing is remembered any more.
+  EXPECT_EQ(leer(QStringLiteral("select count(*) from Sustituidos")), QStringLiteral("0"));
+  EXPECT_EQ(leer(QStringLiteral("select count(*) from TotSusti")), QStringLiteral("0"));
+  bien(periodos.ReacumularTodo(dia, bien(periodos.DesacumularTodo(dia))));
+  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 107 1070 10700 107000"));
+  EXPECT_EQ(venta(), QStringLiteral("7 107"));
+}
+
+TEST_F(PeriodosDe, ALargerPeriodThatIsMadeAnewOwesNothing) {
+  qint64 dia = crear(1, "05/06/2018");
+  plu(dia, 7, 2);
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia))));
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(3, col(dia))));
+  dia = bien(periodos.sustituir(col(dia), QString()));
+  bien(periodos.BorrarPeriodo(semana()));
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia))));
+  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 2 20 200 2000"));
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(3, col(dia))));
+  const auto mes = bien(periodos.BuscarPeriodo(3, momento("01/06/2018"), {}));
+  EXPECT_EQ(plus(mes->LINK), QStringLiteral("1 7 2 20 200 2000"));
+}
+
+TEST_F(PeriodosDe, ReplacingWithoutMarksRemembersNothing) {
+  const qint64 dia = crear(1, "05/06/2018");
+  plu(dia, 7, 2);
+  EXPECT_EQ(bien(periodos.sustituir(col(dia), QString())), dia);  // it was the last
+  EXPECT_EQ(plus(dia), QStringLiteral("1 7 2 20 200 2000"));
+  EXPECT_EQ(leer(QStringLiteral("select count(*) from Sustituidos")), QStringLiteral("0"));
+  EXPECT_FALSE(periodos.sustituir(Columna{}, QString()));
+}
+
+struct VerTotDe : PeriodosDe {};
+
+TEST_F(VerTotDe, SelectsEachPeriodOnce) {
+  const qint64 a = crear(1, "05/06/2018"), b = crear(1, "06/06/2018"),
+               c = crear(5, "05/06/2018", "06/06/2018 12:00");
+  EXPECT_TRUE(bien(verTot.SelecHnd(b)));
+  EXPECT_FALSE(bien(verTot.SelecHnd(99)));
+  EXPECT_TRUE(bien(verTot.Seleccionar(1, momento("05/06/2018"), momento("06/06/2018"))));
+  EXPECT_EQ(verTot.LosSelec(), (std::vector{b, a}));
+  EXPECT_FALSE(bien(
+      verTot.Seleccionar(5, momento("05/06/2018"), momento("06/06/2018"))));  // dates as they are
+  EXPECT_TRUE(bien(verTot.Seleccionar(5, momento("05/06/2018"), momento("06/06/2018 12:00"))));
+  EXPECT_TRUE(bien(verTot.BorrarIntvalo(1, momento("06/06/2018"), momento("06/06/2018 10:00"))));
+  EXPECT_EQ(verTot.LosSelec(), (std::vector{a, c}));
+  EXPECT_FALSE(bien(verTot.BorrarIntvalo(1, momento("06/06/2018"), momento("09/06/2018"))));
+  EXPECT_TRUE(verTot.ClrSelec());
+  EXPECT_TRUE(verTot.LosSelec().empty());
+  verTot.ponerSeleccion({a, a, c});
+  EXPECT_EQ(verTot.LosSelec(), (std::vector{a, c}));
+  EXPECT_TRUE(col(bien(verTot.CrearIntvalo({3, momento("05/06/2018"), {}}, QString()))).stkABLE);
+}
+
+TEST_F(VerTotDe, AccumulatesAPeriodOnce) {
+  const qint64 dia = crear(1, "05/06/2018"), domingo = crear(5, "10/06/2018", "11/06/2018 12:00");
+  plu(dia, 7, 2);
+  EXPECT_FALSE(bien(verTot.AcumularIntv(2, 1)));  // nothing selected
+  EXPECT_TRUE(bien(verTot.AcumularIntv(2, 0)));
+  for (int i = 0; i < 2; ++i) {
+    bien(verTot.SelecHnd(dia));
+    EXPECT_TRUE(bien(verTot.AcumularIntv(2, 1)));
+    EXPECT_TRUE(verTot.LosSelec().empty());
+    EXPECT_EQ(plus(semana()), QStringLiteral("1 7 2 20 200 2000"));
+  }
+  verTot.ponerSeleccion({domingo, dia});
+  EXPECT_FALSE(bien(verTot.AcumularEn(3)) && false);
+  verTot.ponerSeleccion({domingo, dia});
+  EXPECT_FALSE(bien(verTot.AcumularEn(2)));  // one of them lies across two weeks
+  verTot.ponerSeleccion({dia, domingo});
+  EXPECT_FALSE(bien(verTot.AcumularIntv(2, -1)));  // the answer of the last
+  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 0 0 0 0"));
+}
+
+TEST_F(VerTotDe, SeesWhatIsAccumulatedAlready) {
+  const qint64 dia = crear(1, "05/06/2018"), mes = crear(3, "05/06/2018"),
+               otro = crear(1, "06/06/2018");
+  const qint64 tramo = crear(5, "05/06/2018 10:00", "05/06/2018 18:00");
+  const auto chequeo = [&](qint64 link, int tipo) {
+    return bien(verTot.ChequeoAcumulado(col(link), tipo));
+  };
+  EXPECT_EQ(chequeo(mes, 4), 0);
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(4, col(dia))));
+  EXPECT_EQ(chequeo(mes, 4), 1);
+  EXPECT_EQ(chequeo(tramo, 4), 1);
+  EXPECT_EQ(chequeo(otro, 4), 0);
+  EXPECT_EQ(chequeo(dia, 4), 2);
+  EXPECT_EQ(chequeo(dia, 2), 0);
+  // A related one stands before it in the list: it is accumulated all the same.
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(4, col(tramo))));
+  EXPECT_EQ(chequeo(tramo, 4), 2);
+}
+
+TEST_F(VerTotDe, DiscountsAPeriodOnce) {
+  const qint64 dia = crear(1, "05/06/2018"), otro = crear(1, "06/06/2018"),
+               mano = crear(1, "07/06/2018", nullptr, false);
+  for (const qint64 link : {dia, otro, mano}) plu(link, 7, 2);
+  EXPECT_FALSE(bien(verTot.StockIntv()));
+  verTot.ponerSeleccion({dia});
+  EXPECT_TRUE(bien(verTot.StockIntv()));
+  verTot.ponerSeleccion({mano, dia, otro});
+  EXPECT_FALSE(bien(verTot.StockIntv()));
+  EXPECT_EQ(venta(), QStringLiteral("7 4"));
+  verTot.ponerSeleccion({dia, otro});
+  EXPECT_TRUE(bien(verTot.StockIntv()));
+  EXPECT_EQ(venta(), QStringLiteral("7 4"));
+  verTot.ponerSeleccion({dia, otro});
+  EXPECT_TRUE(bien(verTot.StockIntv(true)));
+  EXPECT_EQ(venta(), QString());
+}
+
+TEST_F(VerTotDe, SumsIntoAPeriodThatExists) {
+  ajustes.FestivoSemanal[6] = true;
+  const qint64 lunes = crear(1, "04/06/2018"), jueves = crear(1, "07/06/2018");
+  plu(lunes, 7, 1), plu(jueves, 7, 2);
+  EXPECT_FALSE(bien(verTot.SumarIntv()));
+  verTot.ponerSeleccion({lunes, jueves});
+  EXPECT_FALSE(bien(verTot.SumarIntv()));
+  EXPECT_EQ(semana(), 0);
+  const qint64 destino = crear(2, "04/06/2018");
+  plu(destino, 7, 10);
+  verTot.ponerSeleccion({lunes, jueves, destino});
+  EXPECT_TRUE(bien(verTot.SumarIntv()));
+  EXPECT_EQ(plus(destino), QStringLiteral("1 7 13 130 1300 13000"));
+  EXPECT_FALSE(col(lunes).ACUM2);
+}
+
+}  // namespace
