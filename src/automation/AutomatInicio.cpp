@@ -56,7 +56,7 @@ void Automat::Interior::empezar() {
   indice = 0;
   conCabecera = -1;
   if (pasos.empty()) {
-    terminar(resultado, kAcabado, QStringLiteral("Ejecución finalizada: "));
+    terminar(resultado, kAcabado, u"Ejecución finalizada: ");
     return;
   }
   if (auto r = prepararEjecucion(); !r) {

@@ -20,7 +20,7 @@ struct Automat::Interior {
   bool acabar();
   void quedarEnPaso();
   bool terminarMal();  // aborted, or the record of the run failed
-  bool terminar(ResultadoProceso con, int faseFinal, const QString& linea);
+  void terminar(ResultadoProceso con, int faseFinal, QStringView linea);
   void anunciarFin();
   void empezarAborto();
   bool conReloj() const { return reloj->activo(); }
