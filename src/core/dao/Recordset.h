@@ -1,11 +1,12 @@
 // A cursor over rows, in two kinds.
 //
 // A *table* recordset stands on one table in the order of one of its indexes: it seeks by key and walks in
-// index order. A *dynaset* walks the rows of a query, in its order, forward and read only.
+// index order. A *dynaset* walks the rows of a query as they were when it was opened, in its order, forward and
+// read only.
 //
 // Position: a recordset is on a row, or at Eof. A fresh one is on its first row, or at Eof when there is none.
-// The accessors (nulo, entero, real, texto...) REQUIRE a row. Rows are read in pages; after any write through
-// the same Database the next move reads on from the database, so a walk sees rows that were added ahead of it.
+// The accessors (nulo, entero, real, texto...) REQUIRE a row. A table's rows are read in pages; after any write
+// through the same Database the next move reads on from the database, so a walk sees rows that were added ahead of it.
 // Failures of the engine come back as Error and leave the position as it was; Eof is no failure.
 #pragma once
 
