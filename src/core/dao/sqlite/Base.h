@@ -1,7 +1,7 @@
 // The Database over one SQLite file.
 #pragma once
 
-#include <QHash>
+#include <map>
 
 #include "core/dao/sqlite/Catalogo.h"
 
