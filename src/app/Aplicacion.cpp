@@ -1,13 +1,13 @@
 #include "app/Aplicacion.h"
 
-#include "comm/enlace/FabricaReal.h"
 #include "comm/tareas/Registro.h"
 
 namespace tarvo::app {
 
 // In the order of the start; what stands below rests on what stands above, and goes first.
 struct Aplicacion::Interior {
-  Interior(Fondo& fondo, Reloj& reloj, automation::Preguntas& preguntas)
+  Interior(Fondo& fondo, Reloj& reloj, enlace::FabricaEnlaces& fabrica, quint64 semilla,
+           automation::Preguntas& preguntas)
       : db(*fondo.db),
         almacenes(db, reloj),
         sesion(db, fondo.ajustes, reloj),
@@ -16,8 +16,7 @@ struct Aplicacion::Interior {
         verTot(periodos, db, fondo.ajustes),
         xporTot(db, periodos, fondo.ajustes),
         registro(tareas::registro()),
-        fabrica(reloj, fondo.ajustes),
-        azar(static_cast<quint64>(reloj.monotono())),
+        azar(semilla),
         enlaces(reloj, fondo.ajustes, fabrica, azar),
         gestcomm({db, fondo.ajustes, reloj, sesion}, enlaces, registro),
         lenguaje(registro, fondo.ajustes),
@@ -33,7 +32,6 @@ struct Aplicacion::Interior {
   totals::VerTot verTot;
   totals::XporTot xporTot;
   motor::RegistroTareas registro;
-  enlace::FabricaReal fabrica;
   Azar azar;
   enlace::Enlaces enlaces;
   motor::gestcomm gestcomm;
@@ -42,14 +40,14 @@ struct Aplicacion::Interior {
   automation::Cronos cronos;
 };
 
-Aplicacion::Aplicacion(Fondo& fondo, Reloj& reloj, automation::Preguntas& preguntas)
-    : d(std::make_unique<Interior>(fondo, reloj, preguntas)) {}
+Aplicacion::Aplicacion(Fondo& fondo, Reloj& reloj, enlace::FabricaEnlaces& fabrica, quint64 semilla,
+                       automation::Preguntas& preguntas)
+    : d(std::make_unique<Interior>(fondo, reloj, fabrica, semilla, preguntas)) {}
 
 Aplicacion::~Aplicacion() = default;
 
 Resultado<> Aplicacion::empezar() {
   TARVO_INTENTAR(d->almacenes.asegurar());
-  TARVO_INTENTAR(tareas::asegurarTablasTareas(d->db));
   return d->sesion.cargar();
 }
 

@@ -6,6 +6,7 @@
 
 #include "app/Carpeta.h"
 #include "automation/Cronos.h"
+#include "comm/enlace/LinkSocket.h"
 #include "core/textos/Textos.h"
 #include "stock/Almacenes.h"
 #include "totals/Sesion.h"
@@ -30,7 +31,9 @@ class Fondo {
 class Aplicacion {
  public:
   // REQUIRES that all references outlive it.
-  Aplicacion(Fondo& fondo, Reloj& reloj, automation::Preguntas& preguntas);
+  // `semilla` draws the first numbers of the links.
+  Aplicacion(Fondo& fondo, Reloj& reloj, enlace::FabricaEnlaces& fabrica, quint64 semilla,
+             automation::Preguntas& preguntas);
   ~Aplicacion();
   // What the first use of a database must find: warehouses, the session.
   Resultado<> empezar();

@@ -4,8 +4,11 @@
 
 #include "app/Aplicacion.h"
 #include "app/TextosApp.h"
+#include "comm/tareas/Registro.h"
 #include "core/esquema/Esquema.h"
 #include "devices/PrimerGrupo.h"
+#include "totals/TablasLibros.h"
+#include "totals/TablasTotales.h"
 
 namespace tarvo::app {
 
@@ -24,7 +27,11 @@ QString motivoCerrojo(const Error& error, const QString& carpeta, const Textos& 
 
 Resultado<std::unique_ptr<dao::Database>> abrirBase(const Ajustes& ajustes, Fecha hoy) {
   auto db = esquema::abrirBase(ajustes.BaseDatos, carpetasPlantilla(ajustes.carpeta), hoy);
-  if (db) TARVO_INTENTAR(devices::asegurarPrimerGrupo(**db, ajustes));
+  if (!db) return db;
+  TARVO_INTENTAR(devices::asegurarPrimerGrupo(**db, ajustes));
+  TARVO_INTENTAR(totals::asegurarTablasTotales(**db));
+  TARVO_INTENTAR(totals::asegurarTablasLibros(**db));
+  TARVO_INTENTAR(tareas::asegurarTablasTareas(**db));
   return db;
 }
 

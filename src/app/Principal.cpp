@@ -4,11 +4,13 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <random>
 
 #include "app/Consola.h"
 #include "app/Datos.h"
 #include "app/Ejecucion.h"
 #include "app/TextosApp.h"
+#include "comm/enlace/FabricaReal.h"
 #include "totals/Cuadre.h"
 
 namespace tarvo::app {
@@ -28,7 +30,8 @@ int hacerCuadre(const Ordenes& o, Fondo& fondo, const Textos& t) {
 
 int correrProceso(const Ordenes& o, Fondo& fondo, const Textos& t, Reloj& reloj) {
   Datos datos(o.datos, t);
-  Aplicacion aplicacion(fondo, reloj, datos);
+  enlace::FabricaReal fabrica(reloj, fondo.ajustes);
+  Aplicacion aplicacion(fondo, reloj, fabrica, std::random_device{}(), datos);
   if (const auto hecho = aplicacion.empezar(); !hecho) {
     avisar(t(kTxSinArranque).arg(hecho.error().texto));
     return kSinBase;
