@@ -37,7 +37,7 @@ std::optional<std::pair<Fecha, Fecha>> leerRango(QStringView texto) {
   const auto hasta = guion < 0 ? desde : Fecha::leer(texto.mid(guion + 1));
   if (desde && hasta)
     return *desde <= *hasta ? std::optional(std::pair(*desde, *hasta)) : std::nullopt;
-  const auto primero = Fecha::leer(QString(QStringLiteral("01/") + texto.trimmed().toString()).toString());
+  const auto primero = Fecha::leer(QString(QStringLiteral("01/") + texto.trimmed().toString()));
   if (!primero) return std::nullopt;
   const QDate mes = primero->qdate();
   return std::pair(*primero, Fecha::de(QDate(mes.year(), mes.month(), mes.daysInMonth())));
