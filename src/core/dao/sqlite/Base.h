@@ -1,7 +1,7 @@
 // The Database over one SQLite file.
 #pragma once
 
-#include <map>
+#include <QHash>
 
 #include "core/dao/sqlite/Catalogo.h"
 
