@@ -42,7 +42,7 @@ Veredicto Mundo::correr() {
   }
   programa_.reset();
   v_.diferencias = oraculo_->diferencias;
-  huella_ += oraculo_->base().todo();
+  huella_ += oraculo_->base().todo().replace(carpeta_.path().toUtf8(), "");
   v_.huella = QCryptographicHash::hash(huella_, QCryptographicHash::Md5).toHex();
   return v_;
 }
@@ -111,8 +111,9 @@ void Mundo::empezarNoche(const PlanNoche& n) {
         guion.back().codigo = codigo;
       }
     fallos.guion = guion;
-    // The codes of another list of the same shape can't be told from the right ones.
-    if (m.grupo->tipo == Tipo::Ebony) fallos.probabilidad[static_cast<std::size_t>(Averia::OtroNumero)] = 0;
+    // An answer that doesn't say which lines, or which list, it holds can't be told from the right one.
+    const bool conListas = plan_.leidas.contains({m.grupo->codigo, kPedidos}) || plan_.leidas.contains({m.grupo->codigo, kInventarios});
+    if (m.grupo->tipo == Tipo::Ebony || conListas) fallos.probabilidad[static_cast<std::size_t>(Averia::OtroNumero)] = 0;
     m.maquina->percances() = simulador::Percances(fallos, azar_.siguiente());
     m.alEmpezar = m.maquina->memoria().libro().size();
     m.puestasAlEmpezar = m.maquina->memoria().puestas().size();

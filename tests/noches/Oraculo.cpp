@@ -104,7 +104,7 @@ Oraculo::Bandeja Oraculo::enBandeja(int clase) {
   const Tabla& t = tabla(clase);
   const QByteArray codigo = clase == kGranTotal ? "0" : "t.CODI", hora = t.hora ? "t.HORA" : "0";
   Bandeja b;
-  base_.filas(QByteArray("SELECT CODGPO FROM Sesiones WHERE ") + t.sesion + "<>0", [&](const Lector::Fila& f) { b.grupos.insert(f.entero(0)); });
+  base_.filas(QByteArray("SELECT CODGPO FROM Sesiones, EstadoTarvo WHERE CLAVE='SesionAbier' AND VALOR=2 AND ") + t.sesion + "<>0", [&](const Lector::Fila& f) { b.grupos.insert(f.entero(0)); });
   const auto leer = [&](Sumas& s, const QByteArray& sql) {
     base_.filas("SELECT GRUPO, " + codigo + ", " + hora + ", CON, PES, IMP, SCO FROM " + sql, [&](const Lector::Fila& f) {
       sumar(s[{f.entero(0), f.entero(1), f.entero(2)}], {f.entero(3), f.entero(4), f.entero(5), f.entero(6)});
