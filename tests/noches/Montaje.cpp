@@ -3,8 +3,11 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "comm/tareas/Registro.h"
 #include "core/esquema/Esquema.h"
 #include "noches/Mundo.h"
+#include "totals/TablasLibros.h"
+#include "totals/TablasTotales.h"
 
 namespace tarvo::noches {
 
@@ -18,12 +21,22 @@ QString sitio() {
   return (memoria.isWritable() ? memoria.filePath() : QDir::tempPath()) + QStringLiteral("/noches-XXXXXX");
 }
 
+// As a first start leaves it.
+Resultado<> hacerPlantilla(const QString& ruta) {
+  TARVO_INTENTAR(esquema::escribirPlantilla(ruta));
+  const auto db = esquema::abrirBase(ruta, {}, Fecha::de(QDate(2026, 1, 1)));
+  if (!db) return std::unexpected(db.error());
+  TARVO_INTENTAR(totals::asegurarTablasTotales(**db));
+  TARVO_INTENTAR(totals::asegurarTablasLibros(**db));
+  return tareas::asegurarTablasTareas(**db);
+}
+
 // An empty database, made once.
 const QString& plantilla() {
   static const QTemporaryDir carpeta(sitio());
   static const QString ruta = [] {
     const QString r = carpeta.filePath(QStringLiteral("voidTarvo.mdb"));
-    if (auto hecha = esquema::escribirPlantilla(r); !hecha) qFatal("%s", qPrintable(hecha.error().texto));
+    if (auto hecha = hacerPlantilla(r); !hecha) qFatal("%s", qPrintable(hecha.error().texto));
     return r;
   }();
   return ruta;

@@ -114,7 +114,7 @@ void Mundo::empezarNoche(const PlanNoche& n) {
     // An answer that doesn't say which lines, or which list, it holds can't be told from the right one.
     const bool conListas = plan_.leidas.contains({m.grupo->codigo, kPedidos}) || plan_.leidas.contains({m.grupo->codigo, kInventarios});
     if (m.grupo->tipo == Tipo::Ebony || conListas) fallos.probabilidad[static_cast<std::size_t>(Averia::OtroNumero)] = 0;
-    m.maquina->percances() = simulador::Percances(fallos, azar_.siguiente());
+    m.maquina->cambiarPercances(simulador::Percances(fallos, azar_.siguiente()));
     m.alEmpezar = m.maquina->memoria().libro().size();
     m.puestasAlEmpezar = m.maquina->memoria().puestas().size();
     for (std::size_t a = 0; a < fallos.probabilidad.size(); ++a)

@@ -189,9 +189,12 @@ void Oraculo::puestaACero(std::size_t maquina) {
       contado(grupo, clase, minimos(clase, false), true, QStringLiteral("puesta a cero"));
 }
 
+// A group known not to foot is said and not zeroed: its next whole reading mends what this one got wrong.
 void Oraculo::grupos(bool todo, const QString& cuando) {
+  std::set<qint64> descuadrados;
+  base_.filas("SELECT GRUPO FROM Lecturas WHERE ESTADO=4", [&](const Lector::Fila& f) { descuadrados.insert(f.entero(0)); });
   for (const auto& [grupo, clase] : plan_.leidas)
-    if (clase <= kOperHora) contado(grupo, clase, minimos(clase, todo), !todo, cuando);
+    if (clase <= kOperHora && (todo || !descuadrados.contains(grupo))) contado(grupo, clase, minimos(clase, todo), !todo, cuando);
 }
 
 void Oraculo::listaOlvidada(std::size_t maquina) {
