@@ -142,9 +142,9 @@ void Mundo::noche(int n) {
   traza(QStringLiteral("--- resultado %1, %2 arranques, %3 eventos").arg(resultado ? QString::number(*resultado) : QStringLiteral("ninguno")).arg(arranques).arg(enNoche_));
   v_.arranques += arranques;
   v_.conProblemas += resultado != 0;
-  oraculo_->finDeNoche(resultado, p.calma, arranques);
-  // What earlier nights left may be said in the first calm one; then there is nothing left to say.
+  // What earlier nights left may be said in the first calm one, and keep a group out of it; then there is nothing left.
   const bool ultima = n + 1 == static_cast<int>(plan_.noches.size());
+  oraculo_->finDeNoche(resultado, p.calma && (ultima || !hayFallos_), arranques);
   const bool todosACero = plan_.aCero.size() == plan_.grupos.size();
   if (p.calma && resultado != 0 && todosACero && (ultima || !hayFallos_))
     fallar(QStringLiteral("noche en calma con resultado %1").arg(resultado.value_or(-1)));

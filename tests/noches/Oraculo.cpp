@@ -198,8 +198,7 @@ void Oraculo::grupos(bool todo, const QString& cuando) {
 }
 
 void Oraculo::listaOlvidada(std::size_t maquina) {
-  for (const auto& l : maquinas_[maquina].lineas)
-    if (l.olvidada) documentos(QStringLiteral("lista olvidada"));
+  documentos(QStringLiteral("lista olvidada, grupo %1").arg(maquinas_[maquina].grupo->codigo));
 }
 
 void Oraculo::documentos(const QString& cuando) {

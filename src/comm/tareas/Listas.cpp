@@ -122,8 +122,10 @@ class ListaNodalPedido final : public Lista {
     if (fase_ == 1 || fase_ == 3) {
       ++fase_;
     } else if (codigo == maquinas::nodal::kFinDeLista) {
-      fase_ = fase_ == 2 ? 3 : 0;
-    } else if (fase_ == 2) {
+      // An end that comes alone may be a late one of another list: nothing was received, nothing is to be forgotten.
+      fase_ = fase_ == 2 && !lineas_.empty() ? 3 : 0;
+    } else if (fase_ == 2 && datos != ultima_) {  // the very frame taken last is its repetition
+      ultima_ = datos;
       const auto r = maquinas::nodal::leerPedido(datos);
       if (!r) return falloEn(r.error(), t_.Grupo, lugar());
       lineas_.insert(lineas_.end(), r->begin(), r->end());
@@ -136,6 +138,7 @@ class ListaNodalPedido final : public Lista {
     if (fase_ != 2) return;
     fase_ = 1;
     lineas_.clear();
+    ultima_.clear();
   }
   qint64 avance() const override { return fase_ == 0 || fase_ > 2 ? 1 : 0; }
 
@@ -144,6 +147,7 @@ class ListaNodalPedido final : public Lista {
     return {Siguiente::Enviar, t_.Addr, p.codigo, p.datos};
   }
   int fase_ = 1;  // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
+  QByteArray ultima_;
 };
 
 }  // namespace

@@ -91,10 +91,12 @@ bool ListaNodal::encaja(int, int codigo, const QByteArray&) const {
 Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
   if (fase_ == 1) {
     fase_ = 2;
+    ultima_.clear();
   } else if (codigo == maquinas::nodal::kFinDeLista) {
     fase_ = 0;
-  } else if (const auto r = registros(datos); !r) {
-    return falloEn(r.error(), t_.Grupo, lugar());
+  } else if (datos != ultima_) {  // no list holds a frame twice: its repetition, under another number
+    ultima_ = datos;
+    if (const auto r = registros(datos); !r) return falloEn(r.error(), t_.Grupo, lugar());
   }
   return {};
 }
@@ -141,19 +143,22 @@ Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
     fase_ = 1;
     return {};
   }
-  if (datos == primero_)  // the register was asked again underneath us, and begins anew
+  fase_ = 2;
+  if (datos == ultimo_) return {};  // no list holds a record twice: its repetition, under another number
+  if (datos == primero_)            // the register was asked again underneath us, and begins anew
     listaDesdeCero();
   if (primero_.isEmpty()) primero_ = datos;
+  ultimo_ = datos;
   if (const auto r = registro(datos, filas(direccion())); !r)
     return falloEn(r.error(), t_.Grupo,
                    QStringLiteral("caja %1, %2").arg(direccion()).arg(lugar()));
-  fase_ = 2;
   return {};
 }
 
 void ListasCaja::listaDesdeCero() {
   filas(direccion()).clear();
   primero_.clear();
+  ultimo_.clear();
 }
 
 void ListasCaja::reanudar() {

@@ -87,6 +87,7 @@ class ListaNodal : public Totales {
  private:
   Resultado<motor::Siguiente> paso() final;
   int fase_ = 1;  // 1 ask, 2 wait for frames, 0 done
+  QByteArray ultima_;
 };
 
 // Kind 3: a list from each register in turn. Values add up within a register; the registers stay
@@ -111,7 +112,7 @@ class ListasCaja : public Totales {
   int direccion() const { return t_.Direcciones[indice_]; }
   size_t indice_ = 0;
   int fase_ = 1;  // 1 ask the register, 2 wait for the next record
-  QByteArray primero_;
+  QByteArray primero_, ultimo_;
 };
 
 }  // namespace tarvo::tareas
