@@ -125,8 +125,10 @@ class ListaNodalPedido final : public Lista {
     if (fase_ == 1 || fase_ == 3) {
       ++fase_;
     } else if (codigo == maquinas::nodal::kFinDeLista) {
-      fase_ = fase_ == 2 ? 3 : 0;
-    } else if (fase_ == 2) {
+      // An end that comes alone may be a late one of another list: nothing was received, nothing is to be forgotten.
+      fase_ = fase_ == 2 && !lineas_.empty() ? 3 : 0;
+    } else if (fase_ == 2 && datos != ultima_) {  // the very frame taken last is its repetition
+      ultima_ = datos;
       const auto r = maquinas::nodal::leerPedido(datos);
       if (!r) return falloEn(r.error(), t_.Grupo, lugar());
       if (!r->empty() && datos == ultima_ && !std::exchange(repetida_, true))
@@ -156,6 +158,7 @@ class ListaNodalPedido final : public Lista {
   QByteArray ultima_;
   bool repetida_ = false;
   int fase_ = 1;  // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
+  QByteArray ultima_;
 };
 
 }  // namespace
