@@ -125,10 +125,11 @@ class ListaNodalPedido final : public Lista {
     if (fase_ == 1 || fase_ == 3) {
       ++fase_;
     } else if (codigo == maquinas::nodal::kFinDeLista) {
-      // An end that comes alone may be a late one of another list: nothing was received, nothing is to be forgotten.
-      fase_ = fase_ == 2 && !lineas_.empty() ? 3 : 0;
-    } else if (fase_ == 2 && datos != ultima_) {  // the very frame taken last is its repetition
-      ultima_ = datos;
+      if (fase_ == 4)
+        fase_ = 0;
+      else  // an end that comes alone may be a late one of another list: it must come twice
+        fase_ = lineas_.empty() && !std::exchange(vacia_, true) ? 1 : 3;
+    } else if (fase_ == 2) {
       const auto r = maquinas::nodal::leerPedido(datos);
       if (!r) return falloEn(r.error(), t_.Grupo, lugar());
       if (!r->empty() && datos == ultima_ && !std::exchange(repetida_, true))
@@ -157,8 +158,8 @@ class ListaNodalPedido final : public Lista {
   // asked again, and what it then holds stands.
   QByteArray ultima_;
   bool repetida_ = false;
-  int fase_ = 1;  // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
-  QByteArray ultima_;
+  bool vacia_ = false;  // the list ended at once when it was asked first
+  int fase_ = 1;        // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
 };
 
 }  // namespace
