@@ -97,10 +97,9 @@ bool Automat::Interior::vaciar() {
 }
 
 bool Automat::Interior::terminarMal() {
-  if (!averiado)
-    if (auto r = diario.cerrar(e.numero); !r) escribir({r.error().texto});
-  return terminar(averiado ? ResultadoProceso::Problemas : ResultadoProceso::Abortado, kAbortado,
-                  QStringLiteral("Ejecución interrumpida: "));
+  terminar(averiado ? ResultadoProceso::Problemas : ResultadoProceso::Abortado, kAbortado,
+           u"Ejecución interrumpida: ");
+  return true;
 }
 
 bool Automat::Interior::acabar() {
@@ -109,21 +108,24 @@ bool Automat::Interior::acabar() {
       t.motor.VigilaProcesos(vigilancia.reintentos, true, vigilancia.vigilante);
     return false;
   }
-  if (auto r = diario.cerrar(e.numero); !r) {
-    escribir({r.error().texto});
-    problema();
-  }
-  return terminar(resultado, kAcabado, QStringLiteral("Ejecución finalizada: "));
+  terminar(resultado, kAcabado, u"Ejecución finalizada: ");
+  return true;
 }
 
-bool Automat::Interior::terminar(ResultadoProceso con, int faseFinal, const QString& linea) {
+// The row of the run goes last: until then the same process started again finds that nothing is
+// left to do.
+void Automat::Interior::terminar(ResultadoProceso con, int faseFinal, QStringView linea) {
   soltarMotor();
   reloj->parar();
   indice = -1;
   resultado = con;
   escribirMomento(linea);
   fase = faseFinal;
-  return true;
+  if (averiado || pasos.empty()) return;
+  if (auto r = diario.cerrar(e.numero); !r) {
+    escribir({r.error().texto});
+    resultado = std::max(resultado, ResultadoProceso::Problemas);
+  }
 }
 
 // The last thing that a tick does: whoever hears it may destroy the runner.
@@ -218,7 +220,8 @@ void Automat::InformeAviso(int, const totals::Aviso& aviso) {
 }
 
 Resultado<> Automat::TareaHecha(const motor::DatosTarea& tarea) {
-  if (tarea.paso < 0 || !d->vigila()) return {};
+  const bool cuenta = d->vigila() || d->fase == kAbortando;
+  if (tarea.paso < 0 || !cuenta) return {};
   return d->diario.tareaHecha(d->e.numero, tarea.paso, tarea.Grupo, d->t.reloj.ahora());
 }
 

@@ -56,7 +56,7 @@ void Automat::Interior::empezar() {
   indice = 0;
   conCabecera = -1;
   if (pasos.empty()) {
-    terminar(resultado, kAcabado, QStringLiteral("Ejecución finalizada: "));
+    terminar(resultado, kAcabado, u"Ejecución finalizada: ");
     return;
   }
   if (auto r = prepararEjecucion(); !r) {
@@ -149,27 +149,29 @@ Resultado<> Automat::Interior::liquidar(Ejecucion vieja) {
   if (!antiguos)
     escribir({QStringLiteral("Sus pasos ya no se entienden, revise sus periodos a mano: ") +
               antiguos.error().texto});
+  if (!antiguos || vieja.problemas) problema();
   const qint64 numero = vieja.numero;
   if (completar) {
     escribir({QStringLiteral("Había memorizado: se completan antes sus anotaciones pendientes.")});
     const Ejecucion nueva = std::exchange(e, std::move(vieja));
     const auto nuevos = std::exchange(pasos, std::move(*antiguos));
-    const auto r = completarAnotaciones(e);
-    if (!r) return r;
+    const auto susUltimos = ultimos;
+    TARVO_INTENTAR(completarAnotaciones());
     e = nueva;
     pasos = nuevos;
+    ultimos = susUltimos;
     indice = 0;
     conCabecera = -1;
     escribir({QStringLiteral("Anotaciones completadas: empieza la ejecución nueva.")});
   }
-  if (!antiguos || vieja.problemas) problema();
   return diario.cerrar(numero);
 }
 
-Resultado<> Automat::Interior::completarAnotaciones(const Ejecucion& vieja) {
-  t.sesion.ponerEjecucion(vieja.numero, true);
-  t.verTot.ponerSeleccion(vieja.seleccion);
-  for (indice = vieja.paso; indice < static_cast<qint64>(pasos.size()); ++indice) {
+// REQUIRES that the old run and its steps stand in the place of the new ones.
+Resultado<> Automat::Interior::completarAnotaciones() {
+  t.sesion.ponerEjecucion(e.numero, true);
+  t.verTot.ponerSeleccion(e.seleccion);
+  for (indice = e.paso; indice < static_cast<qint64>(pasos.size()); ++indice) {
     const PasoProceso p = pasos[static_cast<size_t>(indice)];
     if (p.clase() == kSesion && p.verbo() == kCerrar)
       break;  // what stands behind belongs to that one

@@ -20,7 +20,7 @@ struct Automat::Interior {
   bool acabar();
   void quedarEnPaso();
   bool terminarMal();  // aborted, or the record of the run failed
-  bool terminar(ResultadoProceso con, int faseFinal, const QString& linea);
+  void terminar(ResultadoProceso con, int faseFinal, QStringView linea);
   void anunciarFin();
   void empezarAborto();
   bool conReloj() const { return reloj->activo(); }
@@ -52,7 +52,7 @@ struct Automat::Interior {
   Resultado<> prepararEjecucion();
   Resultado<> reanudar(Ejecucion vieja);
   Resultado<> liquidar(Ejecucion vieja);
-  Resultado<> completarAnotaciones(const Ejecucion& vieja);
+  Resultado<> completarAnotaciones();
   Resultado<std::vector<PasoProceso>> pasosDe(const Ejecucion& de) const;
   void encolarDeNuevo(const std::vector<Diario::Tarea>& tareas);
 

@@ -194,7 +194,9 @@ Cronos::Cronos(Automat& automat, const Lenguaje& lenguaje, const Ajustes& ajuste
   automat.alTerminarDiferida = [this](ResultadoProceso r) { FinDeMacro(r); };
 }
 
-Cronos::~Cronos() { d->automat.alTerminarDiferida = nullptr; }
+Cronos::~Cronos() {
+  d->automat.alTerminarDiferida = nullptr;
+}
 
 Resultado<> Cronos::ActivarCron(const QString& nombre) {
   TARVO_INTENTAR(d->cargar(nombre));

@@ -19,6 +19,14 @@ CREATE TABLE IF NOT EXISTS ProcesoTareas (
   PRIMARY KEY (EJECUCION, PASO, GRUPO));
 )";
 
+std::unexpected<Error> danado() {
+  return fallo(
+      Fallo::Formato,
+      QStringLiteral(
+          "El diario de la ejecución interrumpida está dañado: revise sus periodos y borre "
+          "la fila del proceso en la tabla Proceso."));
+}
+
 template <class Numeros>
 QString unir(const Numeros& numeros) {
   QStringList partes;
@@ -31,9 +39,7 @@ Resultado<std::vector<qint64>> partir(const QString& texto) {
   for (const QStringView parte : QStringView(texto).split(u',', Qt::SkipEmptyParts)) {
     bool es = false;
     numeros.push_back(parte.toLongLong(&es));
-    if (!es)
-      return fallo(Fallo::Formato,
-                   QStringLiteral("El diario de la ejecución interrumpida está dañado."));
+    if (!es) return danado();
   }
   return numeros;
 }
@@ -45,7 +51,7 @@ Resultado<> leerListas(const dao::Recordset& rs, Ejecucion& e) {
   for (const auto* lista : {&seleccion, &ultimos, &fallidos})
     if (!*lista) return std::unexpected(lista->error());
   auto respuestas = recordarRespuestas(texto(u"PARAMETROS"));
-  if (!respuestas) return std::unexpected(respuestas.error());
+  if (!respuestas) return danado();
   e.seleccion = std::move(*seleccion);
   e.ultimos = std::move(*ultimos);
   for (const qint64 g : *fallidos) e.fallidos.insert(static_cast<int>(g));
@@ -79,9 +85,7 @@ Resultado<std::optional<Ejecucion>> Diario::pendiente(const QString& nombre) {
   e.inicio = rs.fecha(rs.columna(u"INICIO"));
   e.latido = rs.fecha(rs.columna(u"LATIDO"));
   TARVO_INTENTAR(leerListas(rs, e));
-  if (e.paso < 0 || e.paso > e.lineas.size())
-    return fallo(Fallo::Formato,
-                 QStringLiteral("El diario de la ejecución interrumpida está dañado."));
+  if (e.paso < 0 || e.paso > e.lineas.size()) return danado();
   return e;
 }
 

@@ -15,10 +15,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A reading of one kind. The reset of a machine lies between the notice on disk and its confirmation.
+// A reading of one kind. The reset of a machine lies between the notice on disk and its
+// confirmation.
 class TrabajoDePrueba final : public motor::TrabajoTarea {
  public:
-  TrabajoDePrueba(const motor::DatosTarea& datos, const motor::Entorno& entorno) : d_(datos), en_(entorno) {}
+  TrabajoDePrueba(const motor::DatosTarea& datos, const motor::Entorno& entorno)
+      : d_(datos), en_(entorno) {}
   Resultado<motor::Siguiente> siguiente() override {
     if (d_.Clase == totals::kPuestaACero) TARVO_INTENTAR(olvidar());
     return motor::Siguiente::fin();
@@ -28,8 +30,10 @@ class TrabajoDePrueba final : public motor::TrabajoTarea {
   qint64 avance() const override { return 0; }
   Resultado<std::vector<totals::Aviso>> cerrar() override {
     std::vector<totals::Aviso> avisos;
-    if (d_.Clase == totals::kPuestaACero) TARVO_INTENTAR(en_.sesion.ceroHecho(d_.Grupo, 0, true));
-    else if (d_.Clase >= totals::kPLUs) TARVO_INTENTAR(leer(avisos));
+    if (d_.Clase == totals::kPuestaACero)
+      TARVO_INTENTAR(en_.sesion.ceroHecho(d_.Grupo, 0, true));
+    else if (d_.Clase >= totals::kPLUs)
+      TARVO_INTENTAR(leer(avisos));
     return avisos;
   }
 
@@ -45,24 +49,29 @@ class TrabajoDePrueba final : public motor::TrabajoTarea {
   Resultado<> olvidar() {
     const auto permiso = en_.sesion.permisoCero(d_.Grupo);
     if (!permiso) return std::unexpected(permiso.error());
+    if (!permiso->permitido) return suprimida(permiso->motivo);
     auto& maquina = maquinasDePrueba().porGrupo[d_.Grupo];
-    const bool permitido = permiso->permitido && (!permiso->comprobar || igual(maquina));
-    if (!permitido) return tarvo::fallo(Fallo::Restriccion, permiso->motivo, motor::kErrorSuprimido);
+    if (permiso->comprobar) {
+      const auto c = en_.sesion.compararGranTotal(d_.Grupo, 0, maquina);
+      if (!c || *c == totals::Sesion::Comparacion::Mas)
+        return suprimida(QStringLiteral("ha vendido"));
+      if (*c == totals::Sesion::Comparacion::Cero) return {};
+    }
     TARVO_INTENTAR(en_.sesion.anunciarCero(d_.Grupo, 0));
     maquina = {};
     ++maquinasDePrueba().ceros;
     return {};
   }
-  bool igual(const totals::Contadores& leido) {
-    const auto c = en_.sesion.compararGranTotal(d_.Grupo, 0, leido);
-    return c && *c != totals::Sesion::Comparacion::Mas;
+  static Resultado<> suprimida(const QString& motivo) {
+    return tarvo::fallo(Fallo::Restriccion, motivo, motor::kErrorSuprimido);
   }
 
   motor::DatosTarea d_;
   motor::Entorno en_;
 };
 
-std::unique_ptr<motor::TrabajoTarea> hacerTrabajo(const motor::DatosTarea& d, const motor::Entorno& e) {
+std::unique_ptr<motor::TrabajoTarea> hacerTrabajo(const motor::DatosTarea& d,
+                                                  const motor::Entorno& e) {
   return std::make_unique<TrabajoDePrueba>(d, e);
 }
 
@@ -84,6 +93,25 @@ std::unique_ptr<dao::Database> abrirBase(const QString& carpeta) {
   auto db = dao::Database::OpenDatabase(carpeta + u"/TARVO.MDB"_s, como);
   EXPECT_TRUE(db) << (db ? "" : db.error().texto.toStdString());
   return std::move(*db);
+}
+
+// Two groups behind connectors, last reset this morning, one article.
+void prepararBase(const QString& carpeta) {
+  const auto db = abrirBase(carpeta);
+  const auto hacer = [&db](const QString& sql) {
+    EXPECT_TRUE(db->ejecutar(sql)) << sql.toStdString();
+  };
+  EXPECT_TRUE(esquema::crearEsquema(*db));
+  hacer(
+      u"INSERT INTO SECCS (NMSECC) SELECT 1 WHERE NOT EXISTS (SELECT 1 FROM SECCS WHERE NMSECC=1)"_s);
+  hacer(
+      u"INSERT INTO ALMACEN (CODALM, NOMALM) SELECT 1, 'UNO' WHERE NOT EXISTS (SELECT 1 FROM ALMACEN WHERE CODALM=1)"_s);
+  for (const int g : {1, 2})
+    hacer(
+        u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, REMOTO, TELEF, ALMACEN) VALUES (%1, 'Tienda', 1, 1, 4, 'grupo%1', 1)"_s
+            .arg(g));
+  hacer(u"INSERT INTO Sesiones (CODGPO, PZERO) SELECT CODGPO, #3/4/2026 7:00:00# FROM GRUPOS"_s);
+  hacer(u"INSERT INTO PLUSES (SECCION, CODPLU, CADA) VALUES (1, 7, 0)"_s);
 }
 
 }  // namespace
@@ -110,7 +138,8 @@ struct Programa::Piezas {
     EXPECT_TRUE(totals::asegurarTablasLibros(*db));
     EXPECT_TRUE(totals::asegurarTablasTotales(*db));
     EXPECT_TRUE(sesion.cargar());
-    for (const int g : maquinasDePrueba().mudas) cables.razones[u"grupo%1"_s.arg(g)] = enlace::kSinHost;
+    for (const int g : maquinasDePrueba().mudas)
+      cables.razones[u"grupo%1"_s.arg(g)] = enlace::kSinHost;
   }
   RelojConCorte reloj;
   Ajustes ajustes;
@@ -130,17 +159,21 @@ struct Programa::Piezas {
   std::unique_ptr<Automat> automat;
 };
 
-Programa::Programa(const QString& carpeta, RelojVirtual& reloj, SinRespuestas& respuestas, int corteEn)
+Programa::Programa(const QString& carpeta, RelojVirtual& reloj, SinRespuestas& respuestas,
+                   int corteEn)
     : p(std::make_unique<Piezas>(carpeta, reloj)), virtual_(reloj) {
-  p->automat = std::make_unique<Automat>(
-      Taller{*p->db, p->ajustes, p->reloj, p->sesion, p->motor, p->registro, p->cerrSes, p->verTot, p->xporTot}, respuestas);
+  p->automat = std::make_unique<Automat>(Taller{*p->db, p->ajustes, p->reloj, p->sesion, p->motor,
+                                                p->registro, p->cerrSes, p->verTot, p->xporTot},
+                                         respuestas);
   p->automat->desatendido = true;
   p->automat->alEscribir = [this](const QString& l) { lineas += l; };
   p->automat->alTerminar = [this](ResultadoProceso r) { fin = r; };
   p->reloj.corteEn = corteEn;
 }
 
-Programa::~Programa() { p->reloj.corteEn = 0; }
+Programa::~Programa() {
+  p->reloj.corteEn = 0;
+}
 
 void Programa::correr(const QString& proceso, const QString& traza, const QString& nombre) {
   const auto f = p->lenguaje.leer(proceso);
@@ -156,23 +189,47 @@ bool Programa::hastaElFin(double horas) {
   return fin.has_value();
 }
 
-Automat& Programa::automat() { return *p->automat; }
-dao::Database& Programa::db() { return *p->db; }
-motor::gestcomm& Programa::motor() { return p->motor; }
-totals::Sesion& Programa::sesion() { return p->sesion; }
-totals::VerTot& Programa::verTot() { return p->verTot; }
-const Lenguaje& Programa::lenguaje() { return p->lenguaje; }
-Ajustes& Programa::ajustes() { return p->ajustes; }
-Reloj& Programa::reloj() { return p->reloj; }
+Automat& Programa::automat() {
+  return *p->automat;
+}
+dao::Database& Programa::db() {
+  return *p->db;
+}
+motor::gestcomm& Programa::motor() {
+  return p->motor;
+}
+totals::Sesion& Programa::sesion() {
+  return p->sesion;
+}
+totals::VerTot& Programa::verTot() {
+  return p->verTot;
+}
+const Lenguaje& Programa::lenguaje() {
+  return p->lenguaje;
+}
+Ajustes& Programa::ajustes() {
+  return p->ajustes;
+}
+Reloj& Programa::reloj() {
+  return p->reloj;
+}
+
+namespace {
+
+// The database of a shop, made once.
+const QByteArray& baseDeTienda() {
+  static const QByteArray bytes = [] {
+    QTemporaryDir dir;
+    prepararBase(dir.path());
+    return *ficheros::leerBytes(dir.filePath(u"TARVO.MDB"_s));
+  }();
+  return bytes;
+}
+
+}  // namespace
 
 Tienda::Tienda() {
-  const auto db = abrirBase(dir.path());
-  EXPECT_TRUE(esquema::crearEsquema(*db));
-  for (const int g : {1, 2})
-    EXPECT_TRUE(db->ejecutar(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, REMOTO, TELEF, ALMACEN) VALUES (?, ?, 1, 1, 4, ?, 1)",
-                             g, u"Tienda %1"_s.arg(g), u"grupo%1"_s.arg(g)));
-  EXPECT_TRUE(db->ejecutar(u"INSERT INTO PLUSES (SECCION, CODPLU, CADA) VALUES (1, 7, 0)"));
-  EXPECT_TRUE(db->ejecutar(u"INSERT INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'UNO')"));
+  EXPECT_TRUE(ficheros::escribirEntero(dir.filePath(u"TARVO.MDB"_s), baseDeTienda()));
   maquinasDePrueba() = {};
   maquinasDePrueba().porGrupo[1] = {10, 1000, 2500, 0};
   maquinasDePrueba().porGrupo[2] = {5, 500, 1100, 0};
@@ -181,23 +238,27 @@ Tienda::Tienda() {
 QStringList Tienda::libros() {
   QStringList filas;
   const auto db = abrirBase(dir.path());
-  const auto volcar = [&](const QString& sql) {
+  const auto volcar = [&](const QString& tabla, const QString& sql) {
     auto rs = db->consultar(sql);
     ASSERT_TRUE(rs) << rs.error().texto.toStdString();
     while (!(*rs)->Eof()) {
       QStringList campos;
       for (int i = 0; i < (*rs)->numColumnas(); ++i) campos += (*rs)->texto(i);
-      filas += sql.section(u' ', 3, 3) + u": "_s + campos.join(u'|');
+      filas += tabla + u": "_s + campos.join(u'|');
       ASSERT_TRUE((*rs)->MoveNext());
     }
   };
-  volcar(u"SELECT TIPO,FECHA1,FECHAF,DESCR,ACUM2,ACUM3,ACUM4,stkADO FROM COLUMNA ORDER BY TIPO, FECHA1"_s);
+  volcar(
+      u"COLUMNA"_s,
+      u"SELECT TIPO,FECHA1,FECHAF,DESCR,ACUM2,ACUM3,ACUM4,stkADO FROM COLUMNA ORDER BY TIPO, FECHA1"_s);
   for (const auto& c : totals::todasLasClases())
-    volcar(u"SELECT TIPO,GRUPO,CODI,CON,PES,IMP,SCO FROM %1, COLUMNA WHERE %1.LINK=COLUMNA.LINK ORDER BY TIPO, GRUPO, CODI"_s.arg(
-        QString::fromUtf16(c.tabla)));
-  volcar(u"SELECT CODALM, CODIGO, Venta FROM MovsAlm ORDER BY CODIGO"_s);
-  volcar(u"SELECT VALOR FROM EstadoTarvo WHERE CLAVE='SesionAbier'"_s);
-  volcar(u"SELECT NOMBRE FROM Proceso"_s);
+    volcar(
+        QString::fromUtf16(c.tabla),
+        u"SELECT TIPO,GRUPO,CODI,CON,PES,IMP,SCO FROM %1, COLUMNA WHERE %1.LINK=COLUMNA.LINK ORDER BY TIPO, GRUPO, CODI"_s
+            .arg(QString::fromUtf16(c.tabla)));
+  volcar(u"MovsAlm"_s, u"SELECT CODALM, CODIGO, Venta FROM MovsAlm ORDER BY CODIGO"_s);
+  volcar(u"Estado"_s, u"SELECT VALOR FROM EstadoTarvo WHERE CLAVE='SesionAbier'"_s);
+  volcar(u"Proceso"_s, u"SELECT NOMBRE FROM Proceso"_s);
   return filas;
 }
 

@@ -1,5 +1,6 @@
-// A shop for the runner: the real rooms of the books on a database in a folder, machines that are a map of counters, and
-// kinds of task that read and reset them. The folder and the machines outlive a cut; everything else is thrown away.
+// A shop for the runner: the real rooms of the books on a database in a folder, machines that are a
+// map of counters, and kinds of task that read and reset them. The folder and the machines outlive
+// a cut; everything else is thrown away.
 #pragma once
 
 #include <QTemporaryDir>
@@ -44,9 +45,15 @@ motor::RegistroTareas registroDePrueba();
 
 class SinRespuestas final : public Preguntas {
  public:
-  std::optional<qint64> PromptNum(const QString& n, const QString&) override { return de(numeros, n); }
-  std::optional<QString> PromptStr(const QString& n, const QString&) override { return de(textos, n); }
-  std::optional<std::pair<Fecha, Fecha>> PromptFch(const QString& n, const QString&) override { return de(fechas, n); }
+  std::optional<qint64> PromptNum(const QString& n, const QString&) override {
+    return de(numeros, n);
+  }
+  std::optional<QString> PromptStr(const QString& n, const QString&) override {
+    return de(textos, n);
+  }
+  std::optional<std::pair<Fecha, Fecha>> PromptFch(const QString& n, const QString&) override {
+    return de(fechas, n);
+  }
   std::map<QString, qint64> numeros;
   std::map<QString, QString> textos;
   std::map<QString, std::pair<Fecha, Fecha>> fechas;
@@ -67,7 +74,8 @@ class Programa {
   Programa(const QString& carpeta, RelojVirtual& reloj, SinRespuestas& respuestas, int corteEn = 0);
   ~Programa();
 
-  void correr(const QString& proceso, const QString& traza = {}, const QString& nombre = QStringLiteral("NOCHE"));
+  void correr(const QString& proceso, const QString& traza = {},
+              const QString& nombre = QStringLiteral("NOCHE"));
   // Until the run ends; false when it hasn't after `horas`.
   bool hastaElFin(double horas = 12);
 

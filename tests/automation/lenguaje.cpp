@@ -3,8 +3,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "automation/Proceso.h"
 #include "Banco.h"
+#include "automation/Proceso.h"
 
 namespace tarvo::automation {
 namespace {
@@ -44,39 +44,48 @@ TEST_P(LineaTest, SeLeeYSeEscribe) {
 
 INSTANTIATE_TEST_SUITE_P(
     Tareas, LineaTest,
-    testing::Values(
-        CasoLinea{u"T:RXGRTOT,1", u"T:RXGRTOT,0001"}, CasoLinea{u"TAREA:RXGRTOT , 1 ", u"T:RXGRTOT,0001"},
-        CasoLinea{u"Tonto:RXGRTOT,1", u"T:RXGRTOT,0001"}, CasoLinea{u"t:RXGRTOT,1", u"-"},
-        CasoLinea{u"T:RXGRTOT,ALL", u"T:RXGRTOT,ALL"}, CasoLinea{u"T:RXGRTOT,%1", u"T:RXGRTOT,%1"},
-        CasoLinea{u"T:RXGRTOT,X1", u"!"}, CasoLinea{u"T:RXGRTOT,%12", u"!"}, CasoLinea{u"T:RXGRTOT,", u"!"},
-        CasoLinea{u"T:NADA,1", u"!"}, CasoLinea{u"T:", u"!"}, CasoLinea{u"T", u"!"},
-        CasoLinea{u"T:RXGRTOT,123456", u"T:RXGRTOT,123456"},
-        CasoLinea{u"T:TXPLUS,12, No, 1, 99", u"T:TXPLUS,0012, No, 0000001, 0000099"},
-        CasoLinea{u"T:TXPLUS,12,Si,%a,%b", u"T:TXPLUS,0012, Sí, %a, %b"},
-        CasoLinea{u"T:TXPLUS,%1", u"T:TXPLUS,%1, Sí, 0000000, 9999999"},
-        CasoLinea{u"T:TXPLUS,ALL", u"T:TXPLUS,ALL, Sí, 0000000, 9999999"}, CasoLinea{u"T:TXPLUS,X1", u"!"},
-        CasoLinea{u"T:TXPLUS,1,quizá,1,2", u"!"}, CasoLinea{u"T:TX_ZERO,12,No", u"T:TX_ZERO,0012, No"}));
+    testing::Values(CasoLinea{u"T:RXGRTOT,1", u"T:RXGRTOT,0001"},
+                    CasoLinea{u"TAREA:RXGRTOT , 1 ", u"T:RXGRTOT,0001"},
+                    CasoLinea{u"Tonto:RXGRTOT,1", u"T:RXGRTOT,0001"},
+                    CasoLinea{u"t:RXGRTOT,1", u"-"}, CasoLinea{u"T:RXGRTOT,ALL", u"T:RXGRTOT,ALL"},
+                    CasoLinea{u"T:RXGRTOT,%1", u"T:RXGRTOT,%1"}, CasoLinea{u"T:RXGRTOT,X1", u"!"},
+                    CasoLinea{u"T:RXGRTOT,%12", u"!"}, CasoLinea{u"T:RXGRTOT,", u"!"},
+                    CasoLinea{u"T:NADA,1", u"!"}, CasoLinea{u"T:", u"!"}, CasoLinea{u"T", u"!"},
+                    CasoLinea{u"T:RXGRTOT,123456", u"T:RXGRTOT,123456"},
+                    CasoLinea{u"T:TXPLUS,12, No, 1, 99", u"T:TXPLUS,0012, No, 0000001, 0000099"},
+                    CasoLinea{u"T:TXPLUS,12,Si,%a,%b", u"T:TXPLUS,0012, Sí, %a, %b"},
+                    CasoLinea{u"T:TXPLUS,%1", u"T:TXPLUS,%1, Sí, 0000000, 9999999"},
+                    CasoLinea{u"T:TXPLUS,ALL", u"T:TXPLUS,ALL, Sí, 0000000, 9999999"},
+                    CasoLinea{u"T:TXPLUS,X1", u"!"}, CasoLinea{u"T:TXPLUS,1,quizá,1,2", u"!"},
+                    CasoLinea{u"T:TX_ZERO,12,No", u"T:TX_ZERO,0012, No"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Otros, LineaTest,
-    testing::Values(
-        CasoLinea{u"", u""}, CasoLinea{u"  ", u""}, CasoLinea{u"hola", u"-"}, CasoLinea{u"# T:RXGRTOT,1", u"-"},
-        CasoLinea{u"S:ABRIR", u"S:ABRIR"}, CasoLinea{u"SESIÓN:OLVIDAR", u"S:OLVIDAR"}, CasoLinea{u"S:", u"!"},
-        CasoLinea{u"S:CERRAR, Ventas #D/#M ,Sí,No, sobra", u"S:CERRAR, Ventas #D/#M, Sí, No"},
-        CasoLinea{u"C:ESPERA,3,Sí", u"C:ESPERA, 3, Sí"}, CasoLinea{u"C:ESPERA,ALL,No", u"C:ESPERA, ALL, No"},
-        CasoLinea{u"C:ESPERA,x,No", u"!"}, CasoLinea{u"C:ESPERAR,3,No", u"!"},
-        CasoLinea{u"P:CREAR,3,15/03/2005,99/99/9999,Marzo", u"P:CREAR,3,01/03/2005,31/03/2005,Marzo"},
-        CasoLinea{u"P:CREAR,2,16/03/2005,,", u"P:CREAR,2,14/03/2005,20/03/2005,"},
-        CasoLinea{u"P:CREAR,5,01/03/2005 08:00,02/03/2005,x", u"P:CREAR,5,01/03/2005 08:00:00,02/03/2005,x"},
-        CasoLinea{u"P:CREAR,5,01/03/2005,no,x", u"!"}, CasoLinea{u"P:CREAR,1,no,01/03/2005,x", u"!"},
-        CasoLinea{u"P:CREAR,9,01/03/2005,01/03/2005,x", u"!"},
-        CasoLinea{u"P:SELECCIONAR,1,#f,#f", u"P:SELECCIONAR,1,#f,#f"},
-        CasoLinea{u"P:BORRAR,2,01/03/2005,#f", u"P:BORRAR,2,01/03/2005,#f"},
-        CasoLinea{u"P:SEL. ULTIMO,1", u"P:SEL. ULTIMO"}, CasoLinea{u"P:ACUMULAR,2", u"P:ACUMULAR,2"},
-        CasoLinea{u"P:DESACUMULAR, 3", u"P:DESACUMULAR,3"}, CasoLinea{u"P:STOCK", u"P:STOCK"},
-        CasoLinea{u"P:SUMAR", u"P:SUMAR"}, CasoLinea{u"P:OTRA,1,2", u"P:"},
-        CasoLinea{u"E:TOTALIZA,Sí,No,EX#A.EXP", u"E:TOTALIZA, Sí, No,EX#A.EXP"},
-        CasoLinea{u"N: %1,Grupo: uno, dos ", u"N:%1,Grupo: uno, dos"}));
+    testing::Values(CasoLinea{u"", u""}, CasoLinea{u"  ", u""}, CasoLinea{u"hola", u"-"},
+                    CasoLinea{u"# T:RXGRTOT,1", u"-"}, CasoLinea{u"S:ABRIR", u"S:ABRIR"},
+                    CasoLinea{u"SESIÓN:OLVIDAR", u"S:OLVIDAR"}, CasoLinea{u"S:", u"!"},
+                    CasoLinea{u"S:CERRAR, Ventas #D/#M ,Sí,No, sobra",
+                              u"S:CERRAR, Ventas #D/#M, Sí, No"},
+                    CasoLinea{u"C:ESPERA,3,Sí", u"C:ESPERA, 3, Sí"},
+                    CasoLinea{u"C:ESPERA,ALL,No", u"C:ESPERA, ALL, No"},
+                    CasoLinea{u"C:ESPERA,x,No", u"!"}, CasoLinea{u"C:ESPERAR,3,No", u"!"},
+                    CasoLinea{u"P:CREAR,3,15/03/2005,99/99/9999,Marzo",
+                              u"P:CREAR,3,01/03/2005,31/03/2005,Marzo"},
+                    CasoLinea{u"P:CREAR,2,16/03/2005,,", u"P:CREAR,2,14/03/2005,20/03/2005,"},
+                    CasoLinea{u"P:CREAR,5,01/03/2005 08:00,02/03/2005,x",
+                              u"P:CREAR,5,01/03/2005 08:00:00,02/03/2005,x"},
+                    CasoLinea{u"P:CREAR,5,01/03/2005,no,x", u"!"},
+                    CasoLinea{u"P:CREAR,1,no,01/03/2005,x", u"!"},
+                    CasoLinea{u"P:CREAR,9,01/03/2005,01/03/2005,x", u"!"},
+                    CasoLinea{u"P:SELECCIONAR,1,#f,#f", u"P:SELECCIONAR,1,#f,#f"},
+                    CasoLinea{u"P:BORRAR,2,01/03/2005,#f", u"P:BORRAR,2,01/03/2005,#f"},
+                    CasoLinea{u"P:SEL. ULTIMO,1", u"P:SEL. ULTIMO"},
+                    CasoLinea{u"P:ACUMULAR,2", u"P:ACUMULAR,2"},
+                    CasoLinea{u"P:DESACUMULAR, 3", u"P:DESACUMULAR,3"},
+                    CasoLinea{u"P:STOCK", u"P:STOCK"}, CasoLinea{u"P:SUMAR", u"P:SUMAR"},
+                    CasoLinea{u"P:OTRA,1,2", u"P:"},
+                    CasoLinea{u"E:TOTALIZA,Sí,No,EX#A.EXP", u"E:TOTALIZA, Sí, No,EX#A.EXP"},
+                    CasoLinea{u"N: %1,Grupo: uno, dos ", u"N:%1,Grupo: uno, dos"}));
 
 TEST_F(LenguajeTest, CrearLlevaLosLimitesDelPeriodo) {
   const auto p = l_.LeerPaso(u"P:CREAR,3,15/03/2005,16/03/2005,x");
@@ -112,7 +121,8 @@ TEST_P(FicheroTest, SeLee) {
   const auto f = l_.leer(QString::fromUtf16(GetParam().texto));
   ASSERT_EQ(f.has_value(), GetParam().pasos >= 0);
   if (!f) {
-    EXPECT_TRUE(f.error().texto.contains(QString::fromUtf16(GetParam().error))) << f.error().texto.toStdString();
+    EXPECT_TRUE(f.error().texto.contains(QString::fromUtf16(GetParam().error)))
+        << f.error().texto.toStdString();
     return;
   }
   EXPECT_EQ(static_cast<int>(f->pasos.size()), GetParam().pasos);
@@ -123,24 +133,28 @@ TEST_P(FicheroTest, SeLee) {
 INSTANTIATE_TEST_SUITE_P(
     Estados, FicheroTest,
     testing::Values(
-        CasoFichero{u"", 0, 0}, CasoFichero{u"\r\n", 1, 0}, CasoFichero{u"nada\r\nque ver\r\n", 0, 0},
-        CasoFichero{u"S:ABRIR\r\nP:STOCK", 2, 0}, CasoFichero{u"S:ABRIR\nP:STOCK\n", 2, 0},
+        CasoFichero{u"", 0, 0}, CasoFichero{u"\r\n", 1, 0},
+        CasoFichero{u"nada\r\nque ver\r\n", 0, 0}, CasoFichero{u"S:ABRIR\r\nP:STOCK", 2, 0},
+        CasoFichero{u"S:ABRIR\nP:STOCK\n", 2, 0},
         CasoFichero{u"nota\r\nS:ABRIR\r\n\r\nS:OLVIDAR\r\nnota\r\nT:MAL\r\n", 3, 0},
         CasoFichero{u"S:ABRIR\r\nT:MAL,1\r\n", -1, 0, u"Línea 2"},
         CasoFichero{u"S:ABRIR\r\n@INICIO BATCH\r\n", -1, 0, u"Línea 2"},
         CasoFichero{u"@FINAL BATCH\r\n", -1, 0, u"Línea 1"},
         CasoFichero{u"S:ABRIR\r\n@FINAL BATCH\r\n", -1, 0, u"Línea 2"},
-        CasoFichero{u"22:00:00;" DIAS u";@\r\n@INICIO BATCH\r\nS:ABRIR\r\n@FINAL BATCH\r\nT:MAL", 1, 1},
-        CasoFichero{u"22:00:00;" DIAS u";@\r\n25:00:00;" DIAS u";@\r\n22:00:00;SÍ,No,No,No,No,No,No;@\r\n"
-                    u"23:00:00;" DIAS u",No;@\r\n@INICIO BATCH de noche\r\n@FINAL BATCH",
-                    0, 1},
+        CasoFichero{u"22:00:00;" DIAS u";@\r\n@INICIO BATCH\r\nS:ABRIR\r\n@FINAL BATCH\r\nT:MAL", 1,
+                    1},
+        CasoFichero{
+            u"22:00:00;" DIAS u";@\r\n25:00:00;" DIAS u";@\r\n22:00:00;SÍ,No,No,No,No,No,No;@\r\n"
+            u"23:00:00;" DIAS u",No;@\r\n@INICIO BATCH de noche\r\n@FINAL BATCH",
+            0, 1},
         CasoFichero{u"@INICIO BATCH\r\nS:ABRIR\r\nnota\r\n@FINAL BATCH", -1, 0, u"Línea 3"},
         CasoFichero{u"@INICIO BATCH\r\n@INICIO BATCH\r\n", -1, 0, u"Línea 2"},
         CasoFichero{u"@INICIO BATCH\r\nS:ABRIR\r\n", -1, 0, u"@FINAL BATCH"},
         CasoFichero{u"@INICIO BATCH\r\n", 0, 0}));
 
 TEST_F(LenguajeTest, LoEscritoSeVuelveALeer) {
-  const QString texto = u"22:00:00;Sí,Sí,No,No,No,No,Sí;@\r\n@INICIO BATCH\r\nS:ABRIR\r\n\r\nT:RXGRTOT,ALL\r\n@FINAL BATCH\r\n"_s;
+  const QString texto =
+      u"22:00:00;Sí,Sí,No,No,No,No,Sí;@\r\n@INICIO BATCH\r\nS:ABRIR\r\n\r\nT:RXGRTOT,ALL\r\n@FINAL BATCH\r\n"_s;
   auto f = *l_.leer(texto);
   f.pasos.push_back({});  // blank steps at the end are not written
   EXPECT_EQ(l_.escribir(f), texto);
@@ -162,7 +176,9 @@ TEST_F(LenguajeTest, Horario) {
       {u"22:00:00;" DIAS u"; \r\n", -1},
       {u"22:00:00;" DIAS u"\r\n", -1},
       {u"24:61:00;" DIAS u";N", -1},
-      {u"22:00:00;" DIAS u";@\r\n@INICIO BATCH\r\nlo que sea\r\n@FINAL BATCH\r\n23:00:00;" DIAS u";N", 2},
+      {u"22:00:"
+       u"00;" DIAS u";@\r\n@INICIO BATCH\r\nlo que sea\r\n@FINAL BATCH\r\n23:00:00;" DIAS u";N",
+       2},
       {u"hola", -1},
       {u"", 0},
   };
@@ -175,7 +191,9 @@ TEST_F(LenguajeTest, Horario) {
       EXPECT_TRUE(r.error().texto.startsWith(u"Línea 1:"));
     }
   }
-  EXPECT_EQ(l_.leerCro(u"22:00:00;" DIAS u";@\r\n@INICIO BATCH\r\n@FINAL BATCH\r\nbasura"_s, true)->size(), 1u);
+  EXPECT_EQ(l_.leerCro(u"22:00:00;" DIAS u";@\r\n@INICIO BATCH\r\n@FINAL BATCH\r\nbasura"_s, true)
+                ->size(),
+            1u);
   const auto a = l_.leerActivacion(u"6:30;" DIAS u";noche");
   EXPECT_EQ(l_.escribirActivacion(*a), u"06:30:00;Sí,Sí,No,No,No,No,Sí;noche");
 }

@@ -178,7 +178,8 @@ TEST_F(Exporta, ABlockIsNotWrittenTwiceForOneMark) {
   // The mark was written and the file was not.
   escribir(QStringLiteral("x.EXP"), todo.left(40));
   EXPECT_TRUE(exportar(otro, "x", false, "17.3"));
-  EXPECT_EQ(fichero(QStringLiteral("x.EXP")).count("*"), 4);  // two of what was left, two of the new block
+  EXPECT_EQ(fichero(QStringLiteral("x.EXP")).count("*"),
+            4);  // two of what was left, two of the new block
 }
 
 TEST_F(Exporta, ComesBackAsItWent) {

@@ -45,11 +45,8 @@ bool Maquina::rechazaConexion() {
 void Maquina::recibir(const QByteArray& bytes) {
   for (const Entrada& entrada : leer(bytes)) {
     if (!emisor_.conectado()) return;
-    if (const auto* peticion = std::get_if<Peticion>(&entrada)) {
-      if (esParaMi(*peticion)) procesar(*peticion);
-    } else if (std::holds_alternative<Confirmacion>(entrada)) {
-      alConfirmar();
-    }
+    if (entrada.clase == Clase::Ack) alConfirmar();
+    if (entrada.clase == Clase::Peticion && esParaMi(entrada.peticion)) procesar(entrada.peticion);
   }
 }
 

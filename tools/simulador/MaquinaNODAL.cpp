@@ -21,12 +21,9 @@ MaquinaNODAL::MaquinaNODAL(OpcionesMaquina opciones, Reloj& reloj)
 std::vector<Entrada> MaquinaNODAL::leer(const QByteArray& bytes) {
   std::vector<Entrada> entradas = lector_.leer(bytes);
   for (Entrada& entrada : entradas) {
-    const auto& peticion = std::get<Peticion>(entrada);
-    if (!esParaMi(peticion)) continue;
-    if (peticion.codigo == kNodoAck)
-      entrada = Confirmacion{};
-    else if (peticion.codigo == kNodoNak)
-      entrada = Negacion{};
+    if (!esParaMi(entrada.peticion)) continue;
+    if (entrada.peticion.codigo == kNodoAck) entrada.clase = Clase::Ack;
+    if (entrada.peticion.codigo == kNodoNak) entrada.clase = Clase::Nak;
   }
   return entradas;
 }

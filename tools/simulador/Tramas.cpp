@@ -88,15 +88,15 @@ std::vector<Entrada> LectorVEK::leer(const QByteArray& bytes) {
     if (c == kStx) {
       trama_ = QByteArray(1, c);
     } else if (trama_.isEmpty()) {
-      if (c == kAck) entradas.push_back(Confirmacion{});
-      if (c == kNak) entradas.push_back(Negacion{});
+      if (c == kAck) entradas.push_back({Clase::Ack});
+      if (c == kNak) entradas.push_back({Clase::Nak});
     } else if (trama_.size() >= kTramaMaxima) {
       trama_.clear();
     } else {
       trama_ += c;
       if (c != kEtx) continue;
       Peticion peticion;
-      if (interpretarVEK(trama_, ancha_, peticion)) entradas.push_back(peticion);
+      if (interpretarVEK(trama_, ancha_, peticion)) entradas.push_back({Clase::Peticion, peticion});
       trama_.clear();
     }
   }
@@ -112,7 +112,7 @@ std::vector<Entrada> LectorNODAL::leer(const QByteArray& bytes) {
       trama_ += c;
       if (c == kCr) {
         Peticion peticion;
-        if (interpretarNODAL(trama_, peticion)) entradas.push_back(peticion);
+        if (interpretarNODAL(trama_, peticion)) entradas.push_back({Clase::Peticion, peticion});
         trama_.clear();
       } else if (trama_.size() >= kTramaMaxima) {
         trama_.clear();

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <variant>
 #include <vector>
 
 namespace tarvo::simulador {
@@ -19,9 +18,11 @@ struct Peticion {
   QByteArray datos;
   bool operator==(const Peticion&) const = default;
 };
-struct Confirmacion {};  // ACK
-struct Negacion {};      // NAK
-using Entrada = std::variant<Peticion, Confirmacion, Negacion>;
+enum class Clase { Peticion, Ack, Nak };
+struct Entrada {
+  Clase clase = Clase::Peticion;
+  Peticion peticion{};
+};
 
 // Cuts questions out of a stream of bytes. What is no good frame is passed over.
 class LectorVEK {

@@ -32,6 +32,10 @@ bool finDeLista(int codigo, QByteArrayView registro) {
   return codigo == kTotales && registro.startsWith("0099");
 }
 
+QByteArray clave(int codigo, const QByteArray& registro) {
+  return codigo == kArticulos ? registro.mid(2, 13) : registro.left(6);
+}
+
 Resultado<std::optional<Total>> leerArticulo(QByteArrayView registro) {
   Lector l(registro);
   Total t;

@@ -15,6 +15,8 @@ Peticion totales();  // grand total and departments alike
 
 // Is this record the end of the list of that code? No other code ever ends a list.
 bool finDeLista(int codigo, QByteArrayView registro);
+// What tells a record from all others of its list: its bar code, or its type and number.
+QByteArray clave(int codigo, const QByteArray& registro);
 
 // A sale by bar code: `numero` is the code as a number. Nothing where the record holds no sale.
 Resultado<std::optional<Total>> leerArticulo(QByteArrayView registro);

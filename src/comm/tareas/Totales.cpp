@@ -77,7 +77,6 @@ Resultado<> PreguntasVek::respuesta(int, int, const QByteArray& datos) {
 // ------------------------------------------------------------------------------------------
 
 Resultado<Siguiente> ListaNodal::paso() {
-  filasGrupo();
   if (fase_ == 0) return Siguiente::fin();
   if (fase_ == 2) return Siguiente{Siguiente::EsperarNODAL, t_.Addr, 0, {}};
   const maquinas::Peticion p = pregunta();
@@ -92,6 +91,9 @@ Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
   if (fase_ == 1) {
     fase_ = 2;
   } else if (codigo == maquinas::nodal::kFinDeLista) {
+    auto& suma = filas(0);
+    suma.clear();
+    for (const auto& [numero, r] : recibidos_) suma[r.first] += r.second;
     fase_ = 0;
   } else if (const auto r = registros(datos); !r) {
     return falloEn(r.error(), t_.Grupo, lugar());
@@ -126,7 +128,7 @@ Resultado<Siguiente> ListasCaja::paso() {
   if (indice_ == t_.Direcciones.size()) return Siguiente::fin();
   const maquinas::Peticion p = pregunta();
   if (fase_ == 2) return Siguiente{Siguiente::EsperarVEK, direccion(), p.codigo, {}};
-  listaDesdeCero();
+  lista_.clear();
   return Siguiente{Siguiente::Pedir, direccion(), p.codigo, p.datos};
 }
 
@@ -136,24 +138,26 @@ bool ListasCaja::encaja(int addr, int codigo, const QByteArray&) const {
 }
 
 Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
-  if (maquinas::caja::finDeLista(codigo, datos)) {
-    ++indice_;
-    fase_ = 1;
+  const auto leer = [&](const QByteArray& registroLeido,
+                        totals::Lectura::Filas& filas) -> Resultado<> {
+    if (const auto r = registro(registroLeido, filas); !r)
+      return falloEn(r.error(), t_.Grupo,
+                     QStringLiteral("caja %1, %2").arg(direccion()).arg(lugar()));
+    return {};
+  };
+  if (!maquinas::caja::finDeLista(codigo, datos)) {
+    totals::Lectura::Filas prueba;
+    TARVO_INTENTAR(leer(datos, prueba));
+    lista_[maquinas::caja::clave(codigo, datos)] = datos;
+    fase_ = 2;
     return {};
   }
-  if (datos == primero_)  // the register was asked again underneath us, and begins anew
-    listaDesdeCero();
-  if (primero_.isEmpty()) primero_ = datos;
-  if (const auto r = registro(datos, filas(direccion())); !r)
-    return falloEn(r.error(), t_.Grupo,
-                   QStringLiteral("caja %1, %2").arg(direccion()).arg(lugar()));
-  fase_ = 2;
+  totals::Lectura::Filas suma;
+  for (const auto& [clave, registroLeido] : lista_) TARVO_INTENTAR(leer(registroLeido, suma));
+  filas(direccion()) = std::move(suma);
+  ++indice_;
+  fase_ = 1;
   return {};
-}
-
-void ListasCaja::listaDesdeCero() {
-  filas(direccion()).clear();
-  primero_.clear();
 }
 
 void ListasCaja::reanudar() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 
 #include "comm/maquinas/Campos.h"
 #include "comm/motor/Tarea.h"
@@ -68,7 +69,7 @@ class PreguntasVek : public Totales {
 };
 
 // Kind 2: one request, then frames until the end of the list. Broken off, it starts again from
-// nothing.
+// nothing. A record that comes again takes the place of the earlier; rows are made at the end.
 class ListaNodal : public Totales {
  public:
   using Totales::Totales;
@@ -80,17 +81,23 @@ class ListaNodal : public Totales {
  protected:
   virtual maquinas::Peticion pregunta() const = 0;
   virtual Resultado<> registros(const QByteArray& datos) = 0;
-  virtual void otraVez() { filasGrupo().clear(); }
+  virtual void otraVez() { recibidos_.clear(); }
+  // A record for a row; it is known by its own number and hour.
+  void anotar(const maquinas::Total& t, const totals::Lectura::Clave& fila) {
+    recibidos_[{t.numero, t.hora}] = {fila, contadores(t)};
+  }
   virtual QString lugar() const = 0;
-  totals::Lectura::Filas& filasGrupo() { return filas(0); }
 
  private:
   Resultado<motor::Siguiente> paso() final;
+  std::map<totals::Lectura::Clave, std::pair<totals::Lectura::Clave, totals::Contadores>>
+      recibidos_;
   int fase_ = 1;  // 1 ask, 2 wait for frames, 0 done
 };
 
-// Kind 3: a list from each register in turn. Values add up within a register; the registers stay
-// apart. A list that is broken off, or that the register begins again, counts once.
+// Kind 3: a list from each register in turn; the registers stay apart. A list holds each of its
+// records once: one that comes again, since it was sent twice or since the register began anew,
+// takes the place of the earlier. The rows are made when the list has ended.
 class ListasCaja : public Totales {
  public:
   ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e);
@@ -107,11 +114,10 @@ class ListasCaja : public Totales {
 
  private:
   Resultado<motor::Siguiente> paso() final;
-  void listaDesdeCero();
   int direccion() const { return t_.Direcciones[indice_]; }
   size_t indice_ = 0;
-  int fase_ = 1;  // 1 ask the register, 2 wait for the next record
-  QByteArray primero_;
+  int fase_ = 1;                            // 1 ask the register, 2 wait for the next record
+  std::map<QByteArray, QByteArray> lista_;  // records of the present list by what they are about
 };
 
 }  // namespace tarvo::tareas

@@ -1,0 +1,1 @@
+tarvo_fuzz(exp LINKS totals esquema)

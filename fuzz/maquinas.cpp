@@ -1,0 +1,51 @@
+// All readers of records over arbitrary bytes: they answer or refuse, and what they give stays
+// within its limits.
+#include <cstdint>
+#include <cstdlib>
+
+#include "comm/maquinas/Caja.h"
+#include "comm/maquinas/Nodal.h"
+#include "comm/maquinas/Vek.h"
+
+namespace {
+
+using namespace tarvo::maquinas;
+
+void exigir(bool cierto) {
+  if (!cierto) std::abort();
+}
+
+template <class T>
+void usar(const tarvo::Resultado<T>& r) {
+  exigir(r.has_value() || r.error().clase == tarvo::Fallo::Formato);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t tamano) {
+  const QByteArrayView d(bytes, static_cast<qsizetype>(tamano));
+  usar(vek::leerArticulo(d));
+  usar(vek::leerGranTotal(d, 1));
+  usar(vek::leerGranTotal(d, 4));
+  usar(vek::leerOperador(d));
+  usar(vek::leerDepartamento(d));
+  usar(vek::leerOperadorHora(d));
+  usar(nodal::leerArticulos(d));
+  usar(nodal::leerGranTotal(d));
+  usar(nodal::leerOperadores(d));
+  usar(nodal::leerDepartamentos(d));
+  usar(nodal::leerOperadoresHoras(d));
+  usar(nodal::leerPedido(d));
+  usar(caja::leerArticulo(d));
+  usar(caja::leerGranTotal(d));
+  usar(caja::leerDepartamento(d));
+  caja::finDeLista(caja::kArticulos, d);
+  caja::finDeLista(caja::kTotales, d);
+  const auto lineas = vek::leerLineas(d);
+  usar(lineas);
+  // Whoever asks again must have got somewhere.
+  if (lineas) exigir(lineas->fin || !lineas->lineas.empty());
+  for (int inicio = -1; inicio < 4; ++inicio)
+    CampoNumerico(d, inicio, static_cast<int>(tamano) - inicio);
+  return 0;
+}

@@ -1,0 +1,75 @@
+// Process files and timetables: any bytes are read or refused, and what was read is written so that
+// it reads the same.
+#include <cstdint>
+#include <cstdlib>
+
+#include "automation/Proceso.h"
+#include "core/ajustes/Ficheros.h"
+
+namespace {
+
+using namespace tarvo;
+
+// One kind of each form that a task line has.
+motor::RegistroTareas tareasDeCadaForma() {
+  motor::RegistroTareas r;
+  const auto anadir = [&r](int numero, const char16_t* clave) {
+    motor::ClaseTarea c;
+    c.numero = numero;
+    c.clave = clave;
+    r.anadir(c);
+  };
+  anadir(1, u"TXPLUS");
+  anadir(6, u"TX_ZERO");
+  anadir(16, u"RXPLUS");
+  anadir(17, u"RXGRTOT");
+  return r;
+}
+
+void exigir(bool cierto) {
+  if (!cierto) std::abort();
+}
+
+// Texts stand in the steps as they are read, so only the text form is compared, after one writing.
+void probarProceso(const automation::Lenguaje& l, const QString& texto) {
+  const auto f = l.leer(texto);
+  if (!f) {
+    exigir(!f.error().texto.isEmpty());
+    return;
+  }
+  for (const auto& p : f->pasos) {
+    const QString linea = l.EscribirPaso(p);
+    const auto otra = l.LeerPaso(linea);
+    exigir(otra && *otra);
+    exigir(l.EscribirPaso(**otra) == linea);
+  }
+  const QString escrito = l.escribir(*f);
+  const auto g = l.leer(escrito);
+  exigir(g && l.escribir(*g) == escrito);
+}
+
+void probarHorario(const automation::Lenguaje& l, const QString& texto) {
+  for (const bool proceso : {false, true}) {
+    const auto entradas = l.leerCro(texto, proceso);
+    if (!entradas) continue;
+    for (const auto& e : *entradas) {
+      const auto otra = l.leerActivacion(l.escribirActivacion(e));
+      exigir(otra && otra->dias == e.dias && otra->nombre == e.nombre);
+    }
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* datos, size_t tamano) {
+  const auto registro = tareasDeCadaForma();
+  const QByteArray bytes(reinterpret_cast<const char*>(datos), static_cast<qsizetype>(tamano));
+  const QString texto = ficheros::descodificar(bytes);
+  for (const Idioma idioma : {Idioma::Espanol, Idioma::UK}) {
+    const Ajustes ajustes(QStringLiteral("/"), idioma);
+    const automation::Lenguaje l(registro, ajustes);
+    probarProceso(l, texto);
+    probarHorario(l, texto);
+  }
+  return 0;
+}

@@ -1,0 +1,274 @@
+// The runner on the real rooms: steps, messages, trace, phases.
+#include <QDir>
+
+#include "Banco.h"
+
+namespace tarvo::automation {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class RunnerTest : public testing::Test {
+ protected:
+  // Lines without the moments, which the tests of the trace look at.
+  QStringList correr(const QString& proceso, Programa& p) {
+    p.correr(proceso);
+    EXPECT_TRUE(p.hastaElFin());
+    return p.lineas;
+  }
+  QStringList correr(const QString& proceso) {
+    const auto p = tienda_.programa();
+    const auto lineas = correr(proceso, *p);
+    fin_ = p->fin.value_or(ResultadoProceso::Abortado);
+    return lineas;
+  }
+  Tienda tienda_;
+  ResultadoProceso fin_ = ResultadoProceso::Abortado;
+};
+
+const QString kNoche =
+    u"T:RXPLUS,ALL\r\nT:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nS:CERRAR,Ventas "
+    u"#D,Sí,Sí\r\nT:TX_ZERO,ALL\r\nC:ESPERA,1,No\r\n"
+    u"P:LIMPIAR\r\nP:SEL. ULTIMO\r\nP:ACUMULAR,2\r\nP:SEL. ULTIMO\r\nP:STOCK\r\nP:SEL. ULTIMO\r\nE:TOTALIZA,No,No,VENTAS\r\nS:ABRIR\r\n"_s;
+
+TEST_F(RunnerTest, UnaNocheEntera) {
+  const auto lineas = correr(kNoche);
+  EXPECT_EQ(fin_, ResultadoProceso::Bien) << lineas.join(u'\n').toStdString();
+  ASSERT_EQ(lineas.size(), 2) << lineas.join(u'\n').toStdString();
+  EXPECT_EQ(lineas[0], u"Ejecución iniciada: 04/03/2026 22:00:00");
+  EXPECT_TRUE(lineas[1].startsWith(u"Ejecución finalizada: 04/03/2026 22:0"));
+  EXPECT_EQ(tienda_.texto(u"NOCHE.TZA"_s), lineas.join(u"\r\n") + u"\r\n"_s);
+  EXPECT_EQ(maquinasDePrueba().ceros, 2);
+  const auto libros = tienda_.libros();
+  EXPECT_EQ(libros.filter(u"2500"_s).size(), 4)
+      << libros.join(u'\n').toStdString();  // day and week, two kinds
+  EXPECT_EQ(tienda_.texto(u"VENTAS.EXP"_s).count(u"\r\n"_s), 6);
+  EXPECT_TRUE(libros.contains(u"MovsAlm: 1|7|1500"_s)) << libros.join(u'\n').toStdString();
+}
+
+struct CasoPaso {
+  const char16_t* proceso;
+  const char16_t* mensaje;  // under the header of the first step; empty for none
+  ResultadoProceso fin;
+};
+class PasoTest : public RunnerTest, public testing::WithParamInterface<CasoPaso> {};
+
+TEST_P(PasoTest, DiceSuFallo) {
+  const auto lineas = correr(QString::fromUtf16(GetParam().proceso));
+  EXPECT_EQ(fin_, GetParam().fin);
+  const QString mensaje = QString::fromUtf16(GetParam().mensaje);
+  if (mensaje.isEmpty()) {
+    EXPECT_EQ(lineas.size(), 2) << lineas.join(u'\n').toStdString();
+    return;
+  }
+  ASSERT_GE(lineas.size(), 4);
+  EXPECT_TRUE(lineas[1].startsWith(u"001:")) << lineas[1].toStdString();
+  EXPECT_EQ(lineas[2].toStdString(), (u"    "_s + mensaje).toStdString());
+}
+
+constexpr auto kMal = ResultadoProceso::Problemas;
+constexpr auto kBien = ResultadoProceso::Bien;
+INSTANTIATE_TEST_SUITE_P(
+    Mensajes, PasoTest,
+    testing::Values(
+        CasoPaso{u"T:RXGRTOT,9", u"Grupo de destino no existe o destino mal configurado", kMal},
+        CasoPaso{u"T:RXGRTOT,70000", u"Grupo de destino no existe o destino mal configurado", kMal},
+        CasoPaso{u"T:RXGRTOT,%1", u"Grupo de destino no existe o destino mal configurado", kMal},
+        CasoPaso{u"T:TXPLUS,1,Sí,%1,%2", u"Grupo de destino no existe o destino mal configurado",
+                 kMal},
+        CasoPaso{u"S:CERRAR,x,Sí,Sí", u"La sesión está ya cerrada", kMal},
+        CasoPaso{u"S:OLVIDAR", u"", kBien},
+        CasoPaso{u"S:ABRIR\r\nS:ABRIR\r\nS:CERRAR,x,Sí,Sí", u"", kBien},
+        CasoPaso{u"C:ESPERA,3,No", u"", kBien},
+        CasoPaso{u"C:ESPERA,%1,No",
+                 u"El número de reintentos \"%1\" no es un número: se ha esperado sin reintentos.",
+                 kMal},
+        CasoPaso{u"P:CREAR,5,02/03/2026,03/03/2026,x", u"", kBien},
+        CasoPaso{u"P:BORRAR,1,01/01/2020,02/01/2020", u"No se encontró el intervalo a borrar",
+                 kMal},
+        CasoPaso{u"P:SELECCIONAR,1,#f,#f", u"No se encontraron intervalos a seleccionar", kMal},
+        CasoPaso{u"P:LIMPIAR", u"", kBien}, CasoPaso{u"P:SEL. ULTIMO", u"", kBien},
+        CasoPaso{u"P:ACUMULAR,2", u"No había intervalos, o no eran acumulables", kMal},
+        CasoPaso{u"P:DESACUMULAR,2", u"No había intervalos, o no eran acumulables", kMal},
+        CasoPaso{u"P:STOCK", u"No había intervalos seleccionados", kMal},
+        CasoPaso{u"P:SUMAR", u"No había intervalos seleccionados", kMal},
+        CasoPaso{u"P:NADA", u"La orden no existe: el paso no hace nada.", kMal},
+        CasoPaso{u"E:TOTALIZA,No,No,X", u"No había intervalos, o no se pudo abrir el fichero",
+                 kMal},
+        CasoPaso{u"N:un comentario", u"", kBien}));
+
+TEST_F(RunnerTest, UnProcesoSinPasosAcabaBien) {
+  const auto lineas = correr(u""_s);
+  EXPECT_EQ(fin_, ResultadoProceso::Bien);
+  EXPECT_EQ(lineas.size(), 2);
+}
+
+TEST_F(RunnerTest, TodosLosGruposMenosLosRechazados) {
+  const auto p = tienda_.programa();
+  ASSERT_TRUE(p->db().ejecutar(u"UPDATE GRUPOS SET REMOTO=0 WHERE CODGPO=1"));
+  const auto lineas = correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,0,No"_s, *p);
+  ASSERT_EQ(lineas.size(), 5) << lineas.join(u'\n').toStdString();
+  EXPECT_EQ(lineas[1], u"001:TAREA");
+  EXPECT_EQ(lineas[2], u"    Grupo de destino no existe o destino mal configurado");
+  EXPECT_EQ(lineas[3], u"    Grupos rechazados: 0001");
+  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM TOTGRT WHERE LINK=0 AND GRUPO=2")->entero(), 1);
+}
+
+TEST_F(RunnerTest, AbrirConDatosDentro) {
+  const auto lineas = correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nS:ABRIR"_s);
+  EXPECT_TRUE(lineas.contains(u"003:SESIÓN"_s)) << lineas.join(u'\n').toStdString();
+  EXPECT_TRUE(lineas.contains(u"    La sesión está ya abierta"_s));
+}
+
+// A machine that answers nothing: said, dropped, its zeroing not sent; and the run ends without any
+// wait in it.
+TEST_F(RunnerTest, UnGrupoMudo) {
+  maquinasDePrueba().mudas = {2};
+  const auto p = tienda_.programa();
+  const auto lineas = correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nT:TX_ZERO,ALL\r\n"_s, *p);
+  EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
+  EXPECT_TRUE(lineas.contains(u"002:CONTROL"_s)) << lineas.join(u'\n').toStdString();
+  EXPECT_TRUE(lineas.contains(u"   Gran Total:G0002   Se reintenta la tarea"_s));
+  EXPECT_TRUE(lineas.contains(u"   Gran Total:G0002   Se abandona la tarea"_s));
+  const auto informe = lineas.filter(u"   Gran Total:G0002  E26  C"_s);
+  ASSERT_FALSE(informe.isEmpty());
+  EXPECT_EQ(informe[0], u"   Gran Total:G0002  E26  C000000000  [Estableciendo conexión]");
+  EXPECT_TRUE(lineas.contains(u"    No se encuentra el HOST especificado"_s));
+  EXPECT_FALSE(lineas.filter(u"E22"_s).isEmpty());
+  EXPECT_EQ(maquinasDePrueba().ceros, 1);
+  EXPECT_EQ(maquinasDePrueba().porGrupo[2].IMP, 1100);
+}
+
+TEST_F(RunnerTest, LoQueNoSeMemorizaNoSePoneACero) {
+  const auto p = tienda_.programa();
+  ASSERT_TRUE(
+      p->db().ejecutarGuion(u"CREATE TRIGGER no_mas BEFORE INSERT ON COLUMNA BEGIN SELECT "
+                            u"RAISE(ABORT, 'sin sitio'); END;\n"));
+  const auto lineas = correr(
+      u"T:RXGRTOT,ALL\r\nC:ESPERA,0,Sí\r\nS:CERRAR,x,Sí,Sí\r\nT:TX_ZERO,ALL\r\nC:ESPERA,0,Sí"_s,
+      *p);
+  EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
+  EXPECT_TRUE(lineas.contains(u"    No se pudo establecer un único intervalo de tiempo"_s))
+      << lineas.join(u'\n').toStdString();
+  EXPECT_EQ(lineas.filter(u"E22"_s).size(), 2);
+  EXPECT_EQ(maquinasDePrueba().ceros, 0);
+  EXPECT_EQ(p->sesion().estado(), 2);
+}
+
+TEST_F(RunnerTest, LaSeleccionDeUnaEjecucionNoPasaALaSiguiente) {
+  const auto p = tienda_.programa();
+  correr(u"P:CREAR,1,02/03/2026,,x\r\nP:SELECCIONAR,1,02/03/2026,02/03/2026"_s, *p);
+  ASSERT_EQ(p->verTot().LosSelec().size(), 1u);
+  correr(u"P:STOCK"_s, *p);
+  EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
+}
+
+TEST_F(RunnerTest, LaTrazaRetardadaLlevaElProceso) {
+  const auto p = tienda_.programa();
+  p->correr(u"S:CERRAR,x,Sí,Sí"_s, u"horario.CRO"_s, u"DIA"_s);
+  ASSERT_TRUE(p->hastaElFin());
+  const auto lineas = tienda_.texto(u"horario.TZC"_s).split(u"\r\n"_s, Qt::SkipEmptyParts);
+  ASSERT_EQ(lineas.size(), 4);
+  EXPECT_EQ(lineas[2], u"DIA:        La sesión está ya cerrada");
+}
+
+TEST_F(RunnerTest, SinTrazaElProcesoSigue) {
+  ASSERT_TRUE(QDir(tienda_.dir.path()).mkdir(u"NOCHE.TZA"_s));
+  const auto lineas = correr(u"S:ABRIR\r\nS:ABRIR"_s);
+  EXPECT_EQ(fin_, ResultadoProceso::Problemas);
+  EXPECT_EQ(lineas.filter(u"No se puede escribir la traza"_s).size(), 1);
+  EXPECT_TRUE(tienda_.libros().contains(u"EstadoTarvo: 1"_s) || lineas.size() == 3);
+}
+
+// --- parameters ---------------------------------------------------------------------------------
+
+TEST_F(RunnerTest, LosParametrosRellenanElProceso) {
+  tienda_.respuestas.numeros = {{u"%1"_s, 1}};
+  tienda_.respuestas.textos = {{u"$t"_s, u"hoy"_s}};
+  tienda_.respuestas.fechas = {
+      {u"#f"_s, {Fecha::de(QDate(2026, 3, 1)), Fecha::de(QDate(2026, 3, 31))}}};
+  const auto p = tienda_.programa();
+  correr(
+      u"N:%1,Grupo\r\nN:$t,Texto\r\nN:#f,Fechas\r\nT:RXGRTOT,%1\r\nC:ESPERA,0,Sí\r\nS:CERRAR,%1 "
+      u"$t,Sí,Sí\r\n"
+      u"P:SELECCIONAR,1,#f,#f\r\nE:TOTALIZA,No,No,$t.EXP"_s,
+      *p);
+  EXPECT_EQ(p->fin, ResultadoProceso::Bien) << p->lineas.join(u'\n').toStdString();
+  EXPECT_EQ(p->db().uno(u"SELECT DESCR FROM COLUMNA")->texto(), u"0001 hoy");
+  EXPECT_FALSE(tienda_.texto(u"hoy.EXP"_s).isEmpty());
+}
+
+TEST_F(RunnerTest, UnParametroSinValorAbortaYSeDice) {
+  for (const qint64 grande : {0, 40000}) {
+    if (grande) tienda_.respuestas.numeros[u"%1"_s] = grande;
+    const auto lineas = correr(u"S:ABRIR\r\nN:%1,Grupo\r\nS:OLVIDAR"_s);
+    EXPECT_EQ(fin_, ResultadoProceso::Abortado);
+    EXPECT_EQ(lineas.filter(u"Falta el valor del parámetro %1 (Grupo)"_s).size(), 1);
+    EXPECT_TRUE(lineas.back().startsWith(u"Ejecución interrumpida: "));
+  }
+}
+
+// --- buttons ------------------------------------------------------------------------------------
+
+TEST_F(RunnerTest, RetenerPasoASeguir) {
+  const auto p = tienda_.programa();
+  p->correr(u"N:a\r\nS:CERRAR,x,Sí,Sí\r\nN:b\r\nN:c"_s);
+  p->automat().retener();
+  tienda_.reloj.avanzar(5000);
+  EXPECT_EQ(p->automat().fase(), kDetenidoEnPaso);
+  EXPECT_EQ(p->automat().pasoActual(), 1);
+  p->automat().paso();
+  tienda_.reloj.avanzar(5000);
+  EXPECT_EQ(p->automat().pasoActual(), 2);
+  EXPECT_EQ(p->automat().resultado(), ResultadoProceso::Problemas);
+  p->automat().ejecutar();
+  ASSERT_TRUE(p->hastaElFin());
+  EXPECT_EQ(p->fin, ResultadoProceso::Bien);  // going on by hand forgets earlier failures
+  EXPECT_EQ(p->lineas.filter(u"Ejecución retenida: "_s).size(), 2);
+}
+
+TEST_F(RunnerTest, AbortarVaciaLaColaYSePuedeVolverAEjecutar) {
+  maquinasDePrueba().mudas = {1};
+  const auto p = tienda_.programa();
+  p->automat().desatendido = false;
+  p->correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,99,No"_s);
+  tienda_.reloj.avanzar(3000);
+  p->automat().confirmando(true);
+  EXPECT_EQ(p->automat().fase(), kConfirmando);
+  p->automat().abortar();
+  ASSERT_TRUE(p->hastaElFin(1));
+  EXPECT_EQ(p->fin, ResultadoProceso::Abortado);
+  EXPECT_EQ(p->motor().CuantosQuedan().total, 0);
+  p->fin.reset();
+  p->automat().ejecutar();
+  EXPECT_EQ(p->automat().fase(), kEjecutando);
+  EXPECT_EQ(p->lineas.filter(u"Se reanuda"_s).size(), 0);
+}
+
+TEST_F(RunnerTest, SinDiarioNoSeEjecutaNada) {
+  const auto p = tienda_.programa();
+  ASSERT_TRUE(p->db().ejecutarGuion(u"CREATE VIEW Proceso AS SELECT 1 AS NOMBRE;\n"));
+  p->correr(u"S:ABRIR"_s);
+  ASSERT_TRUE(p->hastaElFin(1));
+  EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
+  EXPECT_EQ(p->sesion().estado(), 0);
+}
+
+// The record of a step can't be written: the step is undone, the run ends, and nothing more of it
+// happens.
+TEST_F(RunnerTest, SinRegistroDeUnPasoNoHayPaso) {
+  const auto p = tienda_.programa();
+  correr(u"N:a"_s, *p);
+  ASSERT_TRUE(
+      p->db().ejecutarGuion(u"CREATE TRIGGER lleno BEFORE UPDATE ON Proceso WHEN NEW.PASO=2 BEGIN "
+                            u"SELECT RAISE(ABORT, 'disco lleno'); END;\n"));
+  correr(u"N:a\r\nP:CREAR,1,02/03/2026,,x\r\nP:CREAR,1,03/03/2026,,x"_s, *p);
+  EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
+  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM COLUMNA")->entero(), 0);
+  EXPECT_EQ(p->lineas.filter(u"No se puede anotar el avance del proceso"_s).size(), 1);
+  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM Proceso")->entero(),
+            1);  // the next run goes on with it
+}
+
+}  // namespace
+}  // namespace tarvo::automation

@@ -1,0 +1,378 @@
+// What the engine must never do: serve one access twice at a time, zero what wasn't read, take a
+// broken reading for a good one, or wait for ever.
+#include "motor/Banco.h"
+
+namespace tarvo::prueba {
+
+using simulador::Averia;
+
+struct Reglas : Banco {
+  int estado(int id) {
+    const auto* t = tarea(id);
+    return t ? t->Estado : -1;
+  }
+  void tienda(int g = 1, const QString& acceso = QStringLiteral("cable 1")) {
+    grupo(g, 1, acceso);
+    if (filas(QStringLiteral("SELECT COUNT(*) FROM PLUSES")) == u"0")
+      for (const int a : {10, 20, 30}) articulo(a);
+    for (const int a : {10, 20, 30}) vender(g, a, a * 10, 100, a / 10);
+  }
+  // The machines' totals are read and memorised, so that they may be zeroed.
+  void leida(int g) {
+    encolar(g, 17);
+    ASSERT_TRUE(correr());
+  }
+};
+
+TEST_F(Reglas, LoQueNoSePuedeEncolar) {
+  tienda();
+  grupo(3, 3, QStringLiteral("cable 3"));
+  valor(
+      db->ejecutar(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ALMACEN, remoto) VALUES "
+                   u"(9, 'N', 1, 1, 0, 0)"));
+  EXPECT_EQ(gestor->NuevaTarea(99, true, 0, 1, 7), 2);
+  EXPECT_EQ(gestor->NuevaTarea(9, true, 0, 1, 7), 2);
+  EXPECT_EQ(gestor->NuevaTarea(3, true, 0, 1, 7), 2);   // no clock in a register
+  EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, 1), 2);   // a kind with a name and no sender
+  EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, 12), 2);  // no kind
+  EXPECT_EQ(gestor->CuantosQuedan().total, 0);
+  EXPECT_EQ(registro.porClave(u"TXPLUS")->numero, 1);
+  EXPECT_FALSE(registro.porNumero(24)->crear);
+  EXPECT_EQ(registro.porClave(u""), nullptr);
+}
+
+TEST_F(Reglas, UnAccesoSirveAUnaTareaCadaVez) {
+  ajustes->canales[0].Device = ajustes->canales[1].Device = 3;
+  arrancar();
+  tienda(1, QStringLiteral("tcp:sur"));
+  valor(db->ejecutar(u"UPDATE GRUPOS SET telef=' SUR:4000 ' WHERE CODGPO=1"));
+  valor(
+      db->ejecutar(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ALMACEN, ADDR, remoto, "
+                   u"telef) VALUES (2, 'B', 1, 1, 0, 1, 3, 'sur:4000')"));
+  fabrica.cables[QStringLiteral(" SUR")] = fabrica.cables[QStringLiteral("SUR")] =
+      fabrica.cables[QStringLiteral("sur")];
+  const int a = encolar(1, 18), b = encolar(2, 7);
+  int juntas = 0;
+  for (int i = 0; i < 200 && gestor->CuantosQuedan().total > 0; ++i) {
+    reloj.avanzar(50);
+    juntas += estado(b) > 0 && estado(a) > 0 && estado(a) < 4;
+  }
+  EXPECT_EQ(juntas, 0);
+  EXPECT_TRUE(problemas.isEmpty());
+  EXPECT_EQ(hechas, (QStringList{QStringLiteral("18 G1"), QStringLiteral("7 G2")}));
+  EXPECT_EQ(fabrica.aperturas, 1);  // the idle link was used again
+}
+
+TEST_F(Reglas, LaPuestaACeroEsperaALaLecturaDeDelante) {
+  tienda();
+  fallo(1, {Averia::Sorda, 1, 17});
+  maquina(1).percances().cambiar({.guion = {{Averia::Sorda, 2, -1}, {Averia::Sorda, 3, -1}}});
+  encolar(1, 16);
+  encolar(1, 17);
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_TRUE(problemas.isEmpty()) << problemas.join(u';').toStdString();
+  EXPECT_EQ(hechas, (QStringList{QStringLiteral("16 G1"), QStringLiteral("17 G1"),
+                                 QStringLiteral("6 G1")}));
+  ASSERT_EQ(maquina(1).memoria().puestas().size(), 1U);
+  EXPECT_EQ(bandeja(1, 17), u"1:3/300/600/0");
+  EXPECT_EQ(filas(QStringLiteral("SELECT COUNT(*) FROM Sesiones WHERE PZERO IS NOT NULL")), u"1");
+}
+
+TEST_F(Reglas, NiPorOtroCanalAdelantaLaPuestaACero) {
+  tienda(1, QStringLiteral("b"));
+  valor(db->ejecutar(u"UPDATE GRUPOS SET telef='a'"));  // a connector that isn't there
+  encolar(1, 17);
+  valor(db->ejecutar(u"UPDATE GRUPOS SET telef='b'"));
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_TRUE(maquina(1).memoria().puestas().empty());
+  EXPECT_EQ(problemas,
+            (QStringList{QStringLiteral("17 G1 E24 (2)"), QStringLiteral("6 G1 E22 (0)")}));
+}
+
+TEST_F(Reglas, TrasUnaLecturaFallidaNoHayPuestaACero) {
+  tienda();
+  leida(1);
+  const QString antes = bandeja(1, 17);
+  maquina(1).percances().cambiar({.guion = {{Averia::Sorda, 0, 850}}});
+  for (const bool conVigia : {true, false}) {
+    problemas.clear(), avisos.clear();
+    encolar(1, 17);
+    const int cero = encolar(1, 6);
+    if (!conVigia) gestor->VigilaProcesos(0, false, nullptr);
+    if (conVigia) {
+      ASSERT_TRUE(correr());
+      EXPECT_EQ(problemas,
+                (QStringList{QStringLiteral("17 G1 E16 (6)"), QStringLiteral("6 G1 E22 (0)")}));
+      EXPECT_EQ(avisos.size(), 1);
+      EXPECT_TRUE(gestor->GruposFallidos().contains(1));
+    } else {
+      correr(5);
+      ASSERT_TRUE(tarea(cero));
+      EXPECT_EQ(tarea(cero)->Error, 22);
+      EXPECT_EQ(gestor->CuantosQuedan().enCurso, 0);
+      gestor->EliminarTarea(cero);
+      gestor->EliminarTarea(cero - 1);
+    }
+    EXPECT_TRUE(maquina(1).memoria().puestas().empty());
+    EXPECT_EQ(bandeja(1, 17), antes);  // the good reading before it stands
+  }
+  EXPECT_FALSE(valor(sesion->permisoCero(1)).permitido);
+  // Read whole at last, the group may be zeroed.
+  maquina(1).percances().cambiar({});
+  gestor->VigilaProcesos(3, true, this);
+  encolar(1, 17);
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
+}
+
+TEST_F(Reglas, PuestaACeroDeCadaFamilia) {
+  grupo(2, 2, QStringLiteral("cable 2"), {5});
+  grupo(3, 3, QStringLiteral("cable 3"), {4, 6});
+  grupo(4, 4, QStringLiteral("cable 4"));
+  for (const int g : {2, 3, 4}) encolar(g, 6);
+  fallo(4, {Averia::Sorda, 1, 915});
+  fallo(4, {Averia::Sorda, 2, 915});
+  fallo(4, {Averia::Sorda, 3, 915});
+  fallo(4, {Averia::Sorda, 4, 915});
+  ASSERT_TRUE(correr());
+  EXPECT_TRUE(problemas.isEmpty());
+  EXPECT_EQ(oidas(2, 5).value(0), u"71");
+  for (const int a : {4, 6})
+    EXPECT_EQ(oidas(3, a), (QStringList{QStringLiteral("3054"), QStringLiteral("3056"),
+                                        QStringLiteral("3058")}));
+  EXPECT_EQ(oidas(4).back(), u"910");  // a Birch group that failed once is zeroed in part
+  EXPECT_EQ(filas(QStringLiteral(
+                "SELECT GRUPO, ADDR, SEC_HECHO>SEC_INTENCION FROM Ceros ORDER BY GRUPO, ADDR")),
+            u"2,0,1;3,4,1;3,6,1;4,0,1");
+}
+
+TEST_F(Reglas, TrasUnCorteSoloSePoneACeroLoQueNoHaVendido) {
+  for (const int g : {1, 2, 3}) tienda(g, QStringLiteral("cable %1").arg(g));
+  for (const int g : {1, 2, 3}) leida(g);
+  arrancar(true);
+  hechas.clear();
+  vender(2, 10, 55, 1);                                    // sold since
+  maquina(3).memoria().ponerACero(reloj.ahora(), 915, 7);  // has forgotten already
+  for (const int g : {1, 2, 3}) encolar(g, 6);
+  ASSERT_TRUE(correr());
+  hechas.sort();
+  EXPECT_EQ(hechas, (QStringList{QStringLiteral("6 G1"), QStringLiteral("6 G3")}));
+  EXPECT_EQ(problemas, QStringList{QStringLiteral("6 G2 E22 (0)")});
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
+  EXPECT_TRUE(maquina(2).memoria().puestas().empty());
+  EXPECT_EQ(maquina(3).memoria().puestas().size(), 1U);
+}
+
+// What a fault may do to a reading: nothing that shows in the rows.
+TEST_F(Reglas, LasAveriasNoCambianLoLeido) {
+  ajustes->TimeOut = 3000;
+  arrancar();
+  tienda();
+  grupo(2, 2, QStringLiteral("cable 2"), {5});
+  grupo(3, 3, QStringLiteral("cable 3"), {4});
+  for (int a = 1; a <= 30; ++a) vender(2, a, a, 1, 1 + a % 10, 5), vender(3, a, a, 0, 1, 4);
+  struct Esperada {
+    int grupo, addr, clase;
+    QString filas;
+  };
+  std::vector<Esperada> esperadas;
+  for (const auto& [g, addr] : {std::pair(1, 1), {2, 5}, {3, 4}})
+    for (const int clase : {16, 17, 18, 19}) {
+      if (g == 3 && clase == 18) continue;
+      encolar(g, clase);
+      ASSERT_TRUE(correr());
+      esperadas.push_back({g, addr, clase, bandeja(g, clase)});
+    }
+  for (const Averia a :
+       {Averia::AckPerdido, Averia::RespuestaPerdida, Averia::RespuestaTardia,
+        Averia::RespuestaDoble, Averia::MismoNumero, Averia::RespuestaPartida,
+        Averia::RespuestaPegada, Averia::ControlMalo, Averia::RegistroCorto, Averia::OtroNumero,
+        Averia::OtroCodigo, Averia::Corte, Averia::CierreLimpio, Averia::Err, Averia::Rechazo})
+    for (const Esperada& e : esperadas) {
+      problemas.clear();
+      maquina(e.grupo, e.addr).percances() =
+          simulador::Percances({.guion = {{a, 2, -1, 0}, {a, 1, -1, 1}}}, 1);
+      encolar(e.grupo, e.clase);
+      ASSERT_TRUE(correr(60)) << nombreAveria(a).toStdString();
+      EXPECT_EQ(bandeja(e.grupo, e.clase).toStdString(), e.filas.toStdString())
+          << nombreAveria(a).toStdString() << " grupo " << e.grupo << " clase " << e.clase;
+    }
+}
+
+TEST_F(Reglas, LoQueNuncaVaBienSeAcabaYSeDice) {
+  ajustes->TimeOut = 3000;
+  arrancar();
+  tienda();
+  grupo(2, 2, QStringLiteral("cable 2"), {5});
+  for (int a = 1; a <= 30; ++a) vender(2, a, a, 1, 1, 5);
+  leida(1);
+  const QString antes = bandeja(1, 17);
+  struct Caso {
+    Averia averia;
+    int grupo, clase, error;
+  };
+  for (const Caso& c :
+       {Caso{Averia::RegistroCorto, 1, 17, 7}, Caso{Averia::RegistroCorto, 2, 16, 7},
+        Caso{Averia::Corte, 1, 17, 20}, Caso{Averia::CierreLimpio, 1, 16, 20},
+        Caso{Averia::CierreLimpio, 2, 16, 20}, Caso{Averia::ListaSinFin, 1, 21, 17},
+        Caso{Averia::RegistroCorto, 1, 22, 7}, Caso{Averia::Err, 1, 17, 105}}) {
+    problemas.clear(), avisos.clear();
+    maquina(1).memoria().olvidar(simulador::Lista::Pedidos);
+    for (int i = 1; i < 9; ++i) maquina(1).memoria().apuntar(simulador::Lista::Pedidos, {i, i, i});
+    maquina(c.grupo, c.grupo == 2 ? 5 : 1).percances() = simulador::Percances(
+        {.guion = {{c.averia, 0, -1, 0, c.averia == Averia::Err ? 5 : -1}}}, 1);
+    encolar(c.grupo, c.clase, c.error != 17);
+    ASSERT_TRUE(correr()) << nombreAveria(c.averia).toStdString();
+    ASSERT_EQ(problemas.size(), 1) << nombreAveria(c.averia).toStdString();
+    EXPECT_TRUE(problemas.front().startsWith(
+        QStringLiteral("%1 G%2 E%3 ").arg(c.clase).arg(c.grupo).arg(c.error)))
+        << nombreAveria(c.averia).toStdString() << problemas.front().toStdString();
+    EXPECT_EQ(avisos.size(), c.error == 7) << nombreAveria(c.averia).toStdString();
+    EXPECT_EQ(bandeja(1, 17), antes);
+    EXPECT_EQ(filas(QStringLiteral("SELECT COUNT(*) FROM PEDI_CAB")), u"0");
+    EXPECT_EQ(filas(QStringLiteral("SELECT COUNT(*) FROM PEDI_LIN")), u"0");
+  }
+}
+
+TEST_F(Reglas, SiElVigiaOElAlmacenFallanNoSeGuardaNada) {
+  tienda();
+  hecha = tarvo::fallo(Fallo::DiscoLleno, QStringLiteral("No queda sitio en el disco."));
+  encolar(1, 17);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(problemas, QStringList{QStringLiteral("17 G1 E99 (6)")});
+  EXPECT_EQ(avisos, QStringList{QStringLiteral("No queda sitio en el disco.")});
+  EXPECT_EQ(bandeja(1, 17), u"");
+  EXPECT_EQ(sesion->estado(), 0);
+  hecha = {};
+  encolar(1, 17);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(sesion->estado(), 2);
+  EXPECT_EQ(bandeja(1, 17), u"1:3/300/600/0");
+}
+
+TEST_F(Reglas, ReintentosALaCuentaJusta) {
+  tienda();
+  maquina(1).percances().cambiar({.guion = {{Averia::Sorda, 0, -1}}});
+  gestor->VigilaProcesos(2, true, this);
+  encolar(1, 7);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(reintentos.size(), 2);  // tried until the counter is above the limit
+  EXPECT_EQ(problemas, QStringList{QStringLiteral("7 G1 E16 (6)")});
+  // A line that nobody answers.
+  problemas.clear(), reintentos.clear();
+  reloj.avanzar(5000);
+  fabrica.cables.clear();
+  encolar(1, 7);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(reintentos.size(), 2);
+  EXPECT_EQ(problemas, QStringList{QStringLiteral("7 G1 E11 (2)")});
+}
+
+TEST_F(Reglas, OrdenesDelOperador) {
+  tienda();
+  gestor->VigilaProcesos(0, false, nullptr);
+  gestor->CambioAModo(false);
+  const int id = encolar(1, 18);
+  reloj.avanzar(5000);
+  EXPECT_EQ(estado(id), 0);  // in manual mode nothing moves by itself
+  gestor->AvanzarTarea(id);
+  reloj.avanzar(20);
+  EXPECT_EQ(estado(id), 3);
+  gestor->PausarTarea(id);
+  reloj.avanzar(5000);
+  EXPECT_EQ(estado(id), 7);
+  EXPECT_FALSE(gestor->puedeCerrar());
+  const int traza = tarea(id)->Traza;
+  gestor->EliminarTarea(id);
+  EXPECT_EQ(estado(id), 7);
+  gestor->AvanzarTarea(id);
+  reloj.avanzar(10);
+  EXPECT_GT(tarea(id)->Traza, traza);
+  gestor->DetenerTarea(id);
+  EXPECT_EQ(estado(id), 8);
+  EXPECT_TRUE(gestor->GruposFallidos().contains(1));
+  gestor->EliminarTarea(id);
+  EXPECT_EQ(gestor->CuantosQuedan().total, 0);
+  bool cerrada = false;
+  gestor->cerrar([&] { cerrada = true; });
+  reloj.avanzar(5000);
+  EXPECT_TRUE(cerrada);
+  EXPECT_EQ(gestor->canales()[0].EstadoCanal, 3);
+}
+
+TEST_F(Reglas, ElEnlaceQueNoDiceNadaSeAbandona) {
+  tienda();
+  fabrica.mudos = true;  // openings and closings that never end
+  encolar(1, 17);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(problemas, QStringList{QStringLiteral("17 G1 E5 (2)")});
+  fabrica.mudos = false;
+  encolar(1, 17);
+  reloj.avanzar(510);
+  fabrica.mudos = true;
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(hechas, QStringList{QStringLiteral("17 G1")});
+  bool cerrada = false;
+  gestor->cerrar([&] { cerrada = true; });
+  reloj.avanzar(300000);
+  EXPECT_TRUE(cerrada);
+}
+
+TEST_F(Reglas, ElEnlacePerdidoVuelveMedioMinutoDespues) {
+  tienda();
+  maquina(1).percances().cambiar({.guion = {{Averia::CierreLimpio, 3, -1}}});
+  const int id = encolar(1, 18);
+  reloj.avanzar(2000);
+  EXPECT_EQ(gestor->canales()[0].EstadoCanal, 7);
+  EXPECT_EQ(tarea(id)->Estado, 3);
+  const auto antes = oidas(1).size();
+  reloj.avanzar(27000);
+  EXPECT_EQ(oidas(1).size(), antes);
+  ASSERT_TRUE(correr(2));
+  EXPECT_EQ(reintentos, QStringList{QStringLiteral("18 G1 E20")});
+  EXPECT_EQ(oidas(1).count(QStringLiteral("800 01")), 1);  // it goes on where it stood
+}
+
+TEST_F(Reglas, CienConectores) {
+  for (int g = 1; g <= 100; ++g) tienda(g, QStringLiteral("conector%1").arg(g));
+  for (int g = 1; g <= 100; ++g) encolar(g, 17), encolar(g, 6);
+  ASSERT_TRUE(correr(1));
+  EXPECT_EQ(hechas.size(), 200);
+  EXPECT_EQ(fabrica.aperturas, 100);
+  for (int g = 1; g <= 100; ++g) EXPECT_EQ(maquina(g).memoria().puestas().size(), 1U);
+}
+
+TEST_F(Reglas, DetenerMientrasSeAbreNoSeReintenta) {
+  tienda();
+  fabrica.cables.clear();
+  gestor->VigilaProcesos(5, false, nullptr);
+  const int id = encolar(1, 17);
+  while (estado(id) != 1) reloj.avanzar(1);
+  gestor->DetenerTarea(id);
+  reloj.avanzar(60000);
+  ASSERT_TRUE(tarea(id));
+  EXPECT_EQ(tarea(id)->Estado, 2);
+  EXPECT_EQ(tarea(id)->Error, 13);
+  EXPECT_EQ(fabrica.aperturas, 1);
+  EXPECT_TRUE(gestor->GruposFallidos().contains(1));
+  gestor->terminator();
+  EXPECT_EQ(gestor->CuantosQuedan().total, 0);
+  reloj.avanzar(1000);
+  EXPECT_EQ(gestor->canales()[0].EstadoCanal, 3);
+}
+
+TEST_F(Reglas, ElCableQueNoEsDeLaTareaLaRechaza) {
+  tienda();
+  ajustes->canales[0].Device = 1;
+  arrancar();
+  encolar(1, 17);
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(problemas,
+            (QStringList{QStringLiteral("6 G1 E22 (0)"), QStringLiteral("17 G1 E14 (5)")}));
+}
+
+}  // namespace tarvo::prueba
