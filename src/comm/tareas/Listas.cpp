@@ -158,7 +158,6 @@ class ListaNodalPedido final : public Lista {
   QByteArray ultima_;
   bool repetida_ = false;
   int fase_ = 1;  // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
-  QByteArray ultima_;
 };
 
 }  // namespace
