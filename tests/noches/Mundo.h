@@ -1,5 +1,5 @@
-// One seed from its first day to its last night: the shop's machines, the program that reads them, and all that befalls
-// both.
+// One seed from its first day to its last night: the shop's machines, the program that reads them,
+// and all that befalls both.
 #pragma once
 
 #include <QTemporaryDir>
@@ -32,7 +32,8 @@ class Mundo {
   void apuntar(MaquinaViva& m);
   void empezarNoche(const PlanNoche& n);
   void noche(int n);
-  // One start of the program, to its end, its cut or its limit. The exit status; nothing when it was cut.
+  // One start of the program, to its end, its cut or its limit. The exit status; nothing when it
+  // was cut.
   std::optional<int> arranque(const PlanNoche& n, const Corte* corte);
   bool paso(const PlanNoche& n);
   void vigilar();

@@ -10,9 +10,11 @@ namespace {
 
 void correr(quint64 semilla) {
   const Veredicto v = correrSemilla(semilla);
-  EXPECT_TRUE(v.diferencias.isEmpty()) << "semilla " << semilla << ": " << v.diferencias.join(QStringLiteral("\n  ")).toStdString();
+  EXPECT_TRUE(v.diferencias.isEmpty())
+      << "semilla " << semilla << ": " << v.diferencias.join(QStringLiteral("\n  ")).toStdString();
   if (semilla % 20 == 0) {
-    EXPECT_EQ(v.huella, correrSemilla(semilla).huella) << "semilla " << semilla << " no se repite igual";
+    EXPECT_EQ(v.huella, correrSemilla(semilla).huella)
+        << "semilla " << semilla << " no se repite igual";
   }
 }
 

@@ -1,5 +1,5 @@
-// Proves the books of a night: from what the machines sold and wiped, and plain questions to the database file. It
-// shares no code with the program.
+// Proves the books of a night: from what the machines sold and wiped, and plain questions to the
+// database file. It shares no code with the program.
 #pragma once
 
 #include <array>
@@ -18,8 +18,8 @@ using Sumas = std::map<std::array<qint64, 3>, Suma>;
 struct MaquinaViva {
   const PlanGrupo* grupo = nullptr;
   std::unique_ptr<simulador::Maquina> maquina;
-  std::size_t puestas = 0;      // zeroings seen so far
-  std::size_t alEmpezar = 0;    // sales and zeroings when the night began
+  std::size_t puestas = 0;    // zeroings seen so far
+  std::size_t alEmpezar = 0;  // sales and zeroings when the night began
   std::size_t puestasAlEmpezar = 0;
   struct Linea {
     simulador::Lista lista;
@@ -49,8 +49,10 @@ class Oraculo {
   };
   Sumas enPeriodos(int clase, const char* cuales = "1");
   Bandeja enBandeja(int clase);
-  void contado(int grupo, int clase, const std::vector<std::size_t>& minimos, bool conBandeja, const QString& cuando);
-  std::optional<QString> encaja(int grupo, int clase, const std::vector<std::size_t>& minimos, const Sumas& hay) const;
+  void contado(int grupo, int clase, const std::vector<std::size_t>& minimos, bool conBandeja,
+               const QString& cuando);
+  std::optional<QString> encaja(int grupo, int clase, const std::vector<std::size_t>& minimos,
+                                const Sumas& hay) const;
   std::vector<std::size_t> minimos(int clase, bool todo) const;
   void grupos(bool todo, const QString& cuando);
   void semanas();
