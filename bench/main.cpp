@@ -1,12 +1,14 @@
 // tarvo-bench: with --razones the measurements beside their limits (status 1 when one falls short),
-// with anything else Google Benchmark.
+// with --noche one night that prints its cost, with anything else Google Benchmark.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
+#include "Noche.h"
 #include "Razones.h"
 
 namespace tarvo::banco {
@@ -66,6 +68,8 @@ double razon(const std::function<void()>& nuestro, const std::function<void()>& 
 int main(int argc, char** argv) {
   if (argc > 1 && std::strcmp(argv[1], "--razones") == 0)
     return tarvo::banco::razones(argc > 2 ? argv[2] : "");
+  if (argc > 2 && std::strcmp(argv[1], "--noche") == 0)
+    return tarvo::banco::noche(std::atoi(argv[2]));
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 64;
   benchmark::RunSpecifiedBenchmarks();
