@@ -30,4 +30,10 @@ struct Registro {
 double razon(const std::function<void()>& nuestro, const std::function<void()>& limite,
              int vueltas = 5);
 
+// The same for a side that has to prepare and tidy up: it calls what it is given with its work
+// once, and only that is timed.
+using Cronometro = std::function<void(const std::function<void()>&)>;
+using Lado = std::function<void(const Cronometro&)>;
+double razonDe(const Lado& nuestro, const Lado& limite, int vueltas = 5);
+
 }  // namespace tarvo::banco

@@ -51,16 +51,26 @@ Registro::Registro(std::string nombre, double minimo, std::function<double()> me
   medidas().push_back({std::move(nombre), minimo, std::move(medir)});
 }
 
-double razon(const std::function<void()>& nuestro, const std::function<void()>& limite,
-             int vueltas) {
+double razonDe(const Lado& nuestro, const Lado& limite, int vueltas) {
   std::vector<double> nuestros, limites;
-  nuestro();
-  limite();
+  const auto medir = [](const Lado& lado) {
+    double s = 0;
+    lado([&s](const std::function<void()>& f) { s = segundos(f); });
+    return s;
+  };
+  medir(nuestro);
+  medir(limite);
   for (int i = 0; i < vueltas; ++i) {
-    limites.push_back(segundos(limite));
-    nuestros.push_back(segundos(nuestro));
+    limites.push_back(medir(limite));
+    nuestros.push_back(medir(nuestro));
   }
   return mediana(limites) / mediana(nuestros);
+}
+
+double razon(const std::function<void()>& nuestro, const std::function<void()>& limite,
+             int vueltas) {
+  return razonDe([&](const Cronometro& c) { c(nuestro); }, [&](const Cronometro& c) { c(limite); },
+                 vueltas);
 }
 
 }  // namespace tarvo::banco
