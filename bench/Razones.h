@@ -25,8 +25,9 @@ struct Registro {
   Registro(std::string nombre, double minimo, std::function<double()> medir);
 };
 
-// The limit's time by ours for the same work: each side runs `vueltas` times by turns after one run
-// to warm up, and the medians are compared.
+// The limit's time by ours for the same work. After one run to warm up the sides run by turns,
+// `vueltas` times each; the median of the ratios of neighbours is told, so that a machine that is
+// slower for a while slows both sides of a ratio.
 double razon(const std::function<void()>& nuestro, const std::function<void()>& limite,
              int vueltas = 5);
 

@@ -52,7 +52,7 @@ Registro::Registro(std::string nombre, double minimo, std::function<double()> me
 }
 
 double razonDe(const Lado& nuestro, const Lado& limite, int vueltas) {
-  std::vector<double> nuestros, limites;
+  std::vector<double> razones;
   const auto medir = [](const Lado& lado) {
     double s = 0;
     lado([&s](const std::function<void()>& f) { s = segundos(f); });
@@ -61,10 +61,12 @@ double razonDe(const Lado& nuestro, const Lado& limite, int vueltas) {
   medir(nuestro);
   medir(limite);
   for (int i = 0; i < vueltas; ++i) {
-    limites.push_back(medir(limite));
-    nuestros.push_back(medir(nuestro));
+    const bool primeroNuestro = i % 2 == 0;
+    const double a = medir(primeroNuestro ? nuestro : limite);
+    const double b = medir(primeroNuestro ? limite : nuestro);
+    razones.push_back(primeroNuestro ? b / a : a / b);
   }
-  return mediana(limites) / mediana(nuestros);
+  return mediana(razones);
 }
 
 double razon(const std::function<void()>& nuestro, const std::function<void()>& limite,
