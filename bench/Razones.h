@@ -25,9 +25,16 @@ struct Registro {
   Registro(std::string nombre, double minimo, std::function<double()> medir);
 };
 
-// The limit's time by ours for the same work: each side runs `vueltas` times by turns after one run
-// to warm up, and the medians are compared.
+// The limit's time by ours for the same work. After one run to warm up the sides run by turns,
+// `vueltas` times each; the median of the ratios of neighbours is told, so that a machine that is
+// slower for a while slows both sides of a ratio.
 double razon(const std::function<void()>& nuestro, const std::function<void()>& limite,
              int vueltas = 5);
+
+// The same for a side that has to prepare and tidy up: it calls what it is given with its work
+// once, and only that is timed.
+using Cronometro = std::function<void(const std::function<void()>&)>;
+using Lado = std::function<void(const Cronometro&)>;
+double razonDe(const Lado& nuestro, const Lado& limite, int vueltas = 5);
 
 }  // namespace tarvo::banco

@@ -20,7 +20,7 @@
 namespace tarvo {
 namespace {
 
-constexpr int kCodigoBanco = 57, kPreguntas = 4000;
+constexpr int kCodigoBanco = 57, kPreguntas = 2000, kVueltasEnlace = 21;
 const QByteArray kDatosBanco(120, '7');
 
 // Answers each frame, which it knows by its end sign, without looking into it.
@@ -172,7 +172,7 @@ double medirEnlaces(int cuantos) {
   const quint16 puerto = maquina.arrancar();
   PorEnlace nuestro(puerto, cuantos);
   PorSocket limite(puerto, cuantos);
-  return banco::razon([&] { nuestro.vuelta(); }, [&] { limite.vuelta(); });
+  return banco::razon([&] { nuestro.vuelta(); }, [&] { limite.vuelta(); }, kVueltasEnlace);
 }
 
 const banco::Registro kUno("enlace.pregunta", 0.8, [] { return medirEnlaces(1); });

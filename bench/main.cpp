@@ -1,12 +1,14 @@
 // tarvo-bench: with --razones the measurements beside their limits (status 1 when one falls short),
-// with anything else Google Benchmark.
+// with --noche one night that prints its cost, with anything else Google Benchmark.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
+#include "Noche.h"
 #include "Razones.h"
 
 namespace tarvo::banco {
@@ -49,16 +51,28 @@ Registro::Registro(std::string nombre, double minimo, std::function<double()> me
   medidas().push_back({std::move(nombre), minimo, std::move(medir)});
 }
 
+double razonDe(const Lado& nuestro, const Lado& limite, int vueltas) {
+  std::vector<double> razones;
+  const auto medir = [](const Lado& lado) {
+    double s = 0;
+    lado([&s](const std::function<void()>& f) { s = segundos(f); });
+    return s;
+  };
+  medir(nuestro);
+  medir(limite);
+  for (int i = 0; i < vueltas; ++i) {
+    const bool primeroNuestro = i % 2 == 0;
+    const double a = medir(primeroNuestro ? nuestro : limite);
+    const double b = medir(primeroNuestro ? limite : nuestro);
+    razones.push_back(primeroNuestro ? b / a : a / b);
+  }
+  return mediana(razones);
+}
+
 double razon(const std::function<void()>& nuestro, const std::function<void()>& limite,
              int vueltas) {
-  std::vector<double> nuestros, limites;
-  nuestro();
-  limite();
-  for (int i = 0; i < vueltas; ++i) {
-    limites.push_back(segundos(limite));
-    nuestros.push_back(segundos(nuestro));
-  }
-  return mediana(limites) / mediana(nuestros);
+  return razonDe([&](const Cronometro& c) { c(nuestro); }, [&](const Cronometro& c) { c(limite); },
+                 vueltas);
 }
 
 }  // namespace tarvo::banco
@@ -66,6 +80,8 @@ double razon(const std::function<void()>& nuestro, const std::function<void()>& 
 int main(int argc, char** argv) {
   if (argc > 1 && std::strcmp(argv[1], "--razones") == 0)
     return tarvo::banco::razones(argc > 2 ? argv[2] : "");
+  if (argc > 2 && std::strcmp(argv[1], "--noche") == 0)
+    return tarvo::banco::noche(std::atoi(argv[2]));
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 64;
   benchmark::RunSpecifiedBenchmarks();

@@ -1,12 +1,8 @@
 // The store beside the engine's C API: the same work, on two copies of the same table.
-#include <sqlite3.h>
-
-#include <QTemporaryDir>
-#include <cstdlib>
 #include <random>
 
+#include "Comun.h"
 #include "Razones.h"
-#include "core/dao/Database.h"
 
 namespace tarvo::banco {
 namespace {
@@ -22,22 +18,6 @@ const QString kEsquema = QStringLiteral(
     "create unique index [TOTPLU.Cols] on TOTPLU (LINK, GRUPO, CODI);\n"
     "create index [TOTPLU.Filas] on TOTPLU (GRUPO, CODI, LINK);\n");
 
-[[noreturn]] void morir(const QString& texto) {
-  std::fprintf(stderr, "%s\n", qPrintable(texto));
-  std::exit(2);
-}
-
-template <class T>
-T bien(Resultado<T>&& r) {
-  if (!r) morir(r.error().texto);
-  if constexpr (!std::is_void_v<T>) return std::move(*r);
-}
-
-int bien(int rc, int esperado = SQLITE_OK) {
-  if (rc != esperado) morir(QString::fromUtf8(sqlite3_errstr(rc)));
-  return rc;
-}
-
 // A file that both sides open: ours through the Database, the limit through the C API.
 class Almacen {
  public:
@@ -50,21 +30,14 @@ class Almacen {
                      u"insert into TOTPLU select 1 + i\\250000, 1 + i mod 50, 1 + i\\50 mod 5000, "
                      u"i, i, i, 0 from n",
                      filas));
-    bien(sqlite3_open_v2(ruta.toUtf8().constData(), &c, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX,
-                         nullptr));
-    for (const char* s : {"PRAGMA synchronous=FULL", "PRAGMA foreign_keys=ON"}) ejecutar(s);
+    crudo = std::make_unique<Crudo>(ruta);
   }
-  ~Almacen() { sqlite3_close_v2(c); }
 
-  void ejecutar(const char* sql) { bien(sqlite3_exec(c, sql, nullptr, nullptr, nullptr)); }
-  sqlite3_stmt* preparar(const char* sql) {
-    sqlite3_stmt* s = nullptr;
-    bien(sqlite3_prepare_v3(c, sql, -1, SQLITE_PREPARE_PERSISTENT, &s, nullptr));
-    return s;
-  }
+  void ejecutar(const char* sql) { crudo->ejecutar(sql); }
+  sqlite3_stmt* preparar(const char* sql) { return crudo->preparar(sql); }
 
   std::unique_ptr<dao::Database> db;
-  sqlite3* c = nullptr;
+  std::unique_ptr<Crudo> crudo;
 
  private:
   QTemporaryDir carpeta_;

@@ -1,12 +1,14 @@
 #include <cmath>
 #include <map>
+#include <unordered_map>
 
 #include "core/tiempo/Reloj.h"
 
 namespace tarvo {
 
 // Running timers by due time and start order. A timer is known by its number, so that one which its
-// own handler destroys is simply no longer here.
+// own handler destroys is simply no longer here; where it stands is found without a search, since a
+// busy night has a timer or two for each link.
 struct RelojVirtual::Agenda {
   struct Cita {
     std::shared_ptr<std::function<void()>> alVencer;
@@ -17,7 +19,9 @@ struct RelojVirtual::Agenda {
   double pared = 0;
   qint64 orden = 0;
   qint64 ultimo = 0;
-  std::map<std::pair<qint64, qint64>, Cita> citas;
+  using Clave = std::pair<qint64, qint64>;
+  std::map<Clave, Cita> citas;
+  std::unordered_map<qint64, Clave> donde;  // the timers that run
 };
 
 class TemporizadorVirtual final : public Temporizador {
@@ -30,21 +34,21 @@ class TemporizadorVirtual final : public Temporizador {
   void unaVez(int ms) override { citar(ms, 0); }
   void cada(int ms) override { citar(ms, std::max(ms, 1)); }
   void parar() override {
-    std::erase_if(agenda_.citas, [this](const auto& c) { return c.second.dueno == numero_; });
+    const auto it = agenda_.donde.find(numero_);
+    if (it == agenda_.donde.end()) return;
+    agenda_.citas.erase(it->second);
+    agenda_.donde.erase(it);
   }
-  bool activo() const override {
-    for (const auto& [clave, cita] : agenda_.citas)
-      if (cita.dueno == numero_) return true;
-    return false;
-  }
+  bool activo() const override { return agenda_.donde.contains(numero_); }
   int intervalo() const override { return intervalo_; }
 
  private:
   void citar(int ms, int repetir) {
     parar();
     intervalo_ = ms;
-    agenda_.citas[{agenda_.ahora + std::max(ms, 0), ++agenda_.orden}] = {alVencer_, repetir,
-                                                                         numero_};
+    const RelojVirtual::Agenda::Clave clave{agenda_.ahora + std::max(ms, 0), ++agenda_.orden};
+    agenda_.citas[clave] = {alVencer_, repetir, numero_};
+    agenda_.donde[numero_] = clave;
   }
   RelojVirtual::Agenda& agenda_;
   std::shared_ptr<std::function<void()>> alVencer_;
@@ -81,7 +85,10 @@ bool RelojVirtual::siguiente() {
   const auto alVencer = cita.alVencer;
   if (cita.repetir > 0) {
     nodo.key() = {agenda_->ahora + cita.repetir, ++agenda_->orden};
+    agenda_->donde[cita.dueno] = nodo.key();
     agenda_->citas.insert(std::move(nodo));
+  } else {
+    agenda_->donde.erase(cita.dueno);
   }
   (*alVencer)();
   return true;

@@ -1,0 +1,183 @@
+// The books beside the engine's C API: storing what machines answered, and memorising a session.
+#include <QFile>
+#include <vector>
+
+#include "Comun.h"
+#include "Razones.h"
+#include "comm/maquinas/Vek.h"
+#include "totals/CerrSes.h"
+
+namespace tarvo::banco {
+namespace {
+
+constexpr int kArticulosLibros = 2000;
+
+// --- decoding and storing
+// --------------------------------------------------------------------------
+
+constexpr int kGruposLeidos = 100;
+constexpr int kUpsertsPorTransaccion = 100;
+
+const char* const kUpsertLibros =
+    "INSERT INTO TOTPLU (LINK,GRUPO,CODI,CON,PES,IMP,SCO) VALUES (0,?,?,?,?,?,?) ON CONFLICT "
+    "(LINK,GRUPO,CODI) DO UPDATE SET CON=CON+excluded.CON, PES=PES+excluded.PES, "
+    "IMP=IMP+excluded.IMP, SCO=SCO+excluded.SCO";
+
+// What the scale of every group answers, an article each.
+std::vector<QByteArray> registros() {
+  std::vector<QByteArray> r;
+  for (int codi = 1; codi <= kArticulosLibros; ++codi)
+    r.push_back(maquinas::Ceros(codi, 7) + maquinas::Ceros(250 + codi, 9) +
+                maquinas::Ceros(1000 + codi, 9) + maquinas::Ceros(codi % 90, 5) + "000000000" +
+                maquinas::Ceros(codi % 7, 9));
+  return r;
+}
+
+struct Lector {
+  explicit Lector(const QString& carpeta, dao::Database& base)
+      : db(base), ajustes(carpeta, Idioma::Espanol) {
+    bien(almacenes.asegurar());
+    bien(sesion.cargar());
+    sesion.ponerEjecucion(1, false);
+  }
+  dao::Database& db;
+  RelojVirtual reloj{Fecha::de(QDate(2026, 3, 4), QTime(22, 0))};
+  Ajustes ajustes;
+  stock::Almacenes almacenes{db, reloj};
+  totals::Sesion sesion{db, ajustes, reloj};
+  totals::Periodos periodos{db, ajustes, almacenes};
+  totals::CerrSes cerrSes{sesion, periodos};
+  std::vector<totals::Aviso> avisos;
+};
+
+void leerGrupo(Lector& l, int grupo, const std::vector<QByteArray>& registros) {
+  totals::Lectura lectura;
+  auto& filas = lectura.maquinas[0];
+  for (const QByteArray& r : registros) {
+    const maquinas::Total t = bien(maquinas::vek::leerArticulo(r));
+    filas[{t.numero, 0}] = {t.con, t.pes, t.imp, t.sco};
+  }
+  bien(l.sesion.PrepararRecepcion(grupo, totals::kPLUs));
+  bien(l.sesion.guardarLectura(grupo, totals::kPLUs, lectura, l.avisos));
+}
+
+void ponerFilas(Crudo& c) {
+  sqlite3_stmt* s = c.preparar(kUpsertLibros);
+  for (int i = 0; i < kGruposLeidos * kArticulosLibros; ++i) {
+    const int codi = 1 + i % kArticulosLibros;
+    const int valores[] = {
+        1 + i / kArticulosLibros, codi, codi % 90, 1000 + codi, 250 + codi, codi % 7};
+    if (i % kUpsertsPorTransaccion == 0) c.ejecutar("BEGIN IMMEDIATE");
+    for (int p = 0; p < 6; ++p) sqlite3_bind_int(s, p + 1, valores[p]);
+    bien(sqlite3_step(s), SQLITE_DONE);
+    sqlite3_reset(s);
+    if (i % kUpsertsPorTransaccion == kUpsertsPorTransaccion - 1) c.ejecutar("COMMIT");
+  }
+  sqlite3_finalize(s);
+}
+
+// Copies of one prepared shop, so that each round of each side finds the same.
+class Copias {
+ public:
+  explicit Copias(int grupos) { const auto db = hacerTienda(original(), grupos, kArticulosLibros); }
+  QString original() const { return carpeta_.filePath(QStringLiteral("0.MDB")); }
+  QString nueva() {
+    const QString ruta = carpeta_.filePath(QStringLiteral("%1.MDB").arg(++ultima_));
+    if (!QFile::copy(original(), ruta)) morir(ruta);
+    return ruta;
+  }
+  static void quitar(const QString& ruta) {
+    for (const char* cola : {"", "-wal", "-shm"}) QFile::remove(ruta + QLatin1String(cola));
+  }
+  QString carpeta() const { return carpeta_.path(); }
+
+ private:
+  QTemporaryDir carpeta_;
+  int ultima_ = 0;
+};
+
+double almacenarLecturas() {
+  Copias copias(kGruposLeidos);
+  const auto datos = registros();
+  return razonDe(
+      [&](const Cronometro& medido) {
+        const QString ruta = copias.nueva();
+        {
+          const auto db = bien(dao::Database::OpenDatabase(ruta));
+          Lector l(copias.carpeta(), *db);
+          medido([&] {
+            for (int g = 1; g <= kGruposLeidos; ++g) leerGrupo(l, g, datos);
+          });
+        }
+        Copias::quitar(ruta);
+      },
+      [&](const Cronometro& medido) {
+        const QString ruta = copias.nueva();
+        {
+          Crudo c(ruta);
+          medido([&] { ponerFilas(c); });
+        }
+        Copias::quitar(ruta);
+      },
+      3);
+}
+
+// --- memorising
+// ------------------------------------------------------------------------------------
+
+constexpr int kGruposMemoria = 250;
+
+// A session in which every group's articles were received.
+void recibirTodo(dao::Database& db) {
+  bien(db.ejecutar(
+      u"with recursive n(i) as (select 0 union all select i+1 from n where i<?) insert into TOTPLU "
+      u"select 0, 1 + i\\2000, 1 + i mod 2000, 1 + i mod 90, i, i, 0 from n",
+      kGruposMemoria * kArticulosLibros - 1));
+  bien(db.ejecutar(u"UPDATE Sesiones SET SS_PLU=TRUE, DD_PLU=PZERO, HT_PLU=#3/4/2026 22:00:00#"));
+  bien(db.ejecutar(
+      u"INSERT INTO Lecturas (GRUPO, CLASE, EJECUCION, ESTADO, SEC) SELECT CODGPO, 16, 1, 2, "
+      u"CODGPO FROM GRUPOS"));
+  bien(db.ejecutar(
+      u"INSERT INTO EstadoTarvo (CLAVE, VALOR) VALUES ('SesionAbier', 2), ('Secuencia', 1000)"));
+  bien(
+      db.ejecutar(u"INSERT INTO EstadoTarvo (CLAVE, VALOR) SELECT CLAVE, #3/4/2026 22:00:00# FROM "
+                  u"(SELECT 'SesionHasta' AS CLAVE UNION SELECT 'SesionACero')"));
+}
+
+double memorizar() {
+  Copias copias(kGruposMemoria);
+  recibirTodo(*bien(dao::Database::OpenDatabase(copias.original())));
+  return razonDe(
+      [&](const Cronometro& medido) {
+        const QString ruta = copias.nueva();
+        {
+          const auto db = bien(dao::Database::OpenDatabase(ruta));
+          Lector l(copias.carpeta(), *db);
+          medido([&] { bien(l.cerrSes.LaSesion(true, 0, l.avisos)); });
+          const auto n = bien(db->uno(u"SELECT count(*) FROM TOTPLU WHERE LINK>0")).entero();
+          if (n != kGruposMemoria * kArticulosLibros) morir(QString::number(n));
+        }
+        Copias::quitar(ruta);
+      },
+      [&](const Cronometro& medido) {
+        const QString ruta = copias.nueva();
+        {
+          Crudo c(ruta);
+          medido([&] {
+            c.ejecutar(
+                "INSERT INTO TOTPLU (LINK,GRUPO,CODI,CON,PES,IMP,SCO) SELECT "
+                "1,GRUPO,CODI,CON,PES,IMP,SCO FROM TOTPLU WHERE LINK=0");
+          });
+        }
+        Copias::quitar(ruta);
+      },
+      3);
+}
+
+const Registro kMedidasLibros[] = {
+    {"libros.decodificar_y_almacenar", 0.7, almacenarLecturas},
+    {"libros.memorizar", 0.7, memorizar},
+};
+
+}  // namespace
+}  // namespace tarvo::banco
