@@ -54,14 +54,14 @@ void Mundo::traza(const QString& linea) {
 
 // --- days ---------------------------------------------------------------------------------------
 
-void Mundo::vender(MaquinaViva& m, const std::vector<int>& articulos, QDate dia) {
+void Mundo::vender(MaquinaViva& m, const std::vector<int>& articulos, QDate dia, double devoluciones) {
   const auto& a = plan_.articulos.at(articulos[static_cast<std::size_t>(azar_.entero(0, static_cast<int>(articulos.size()) - 1))]);
   Venta v = venta(a, *m.grupo, azar_);
   v.cuando = Fecha::de(dia, QTime(azar_.entero(9, 20), azar_.entero(0, 59)));
   v.hora = v.cuando.qtime().hour();
   auto& memoria = m.maquina->memoria();
   memoria.vender(v);
-  if (!azar_.ocurre(0.05)) return;
+  if (!azar_.ocurre(devoluciones)) return;
   v.importe = -v.importe, v.peso = -v.peso, v.descuento = -v.descuento;
   // A register passes over a department whose returns have taken back its very amount.
   if (m.grupo->tipo == Tipo::Registradora) v.importe += 1;
@@ -211,9 +211,10 @@ void Mundo::vigilar() {
 void Mundo::caido(const Corte& corte) {
   if (alTrazar_) alTrazar_(QStringLiteral("  !!! corte; vuelve a los %1 s").arg(corte.segundos));
   reloj_.avanzar(corte.segundos * 1000LL);
+  // No returns: amounts that come to nothing don't show when a group is read half before and half behind a cut.
   for (int n = 0; n < corte.ventas; ++n)
     vender(maquinas_[static_cast<std::size_t>(azar_.entero(0, static_cast<int>(maquinas_.size()) - 1))],
-           {codigos_[static_cast<std::size_t>(hoy_)]}, reloj_.ahora().qdate());
+           {codigos_[static_cast<std::size_t>(hoy_)]}, reloj_.ahora().qdate(), 0);
 }
 
 }  // namespace tarvo::noches

@@ -111,7 +111,9 @@ Oraculo::Bandeja Oraculo::enBandeja(int clase) {
     });
   };
   leer(b.filas, QByteArray(t.nombre) + " t WHERE LINK=0");
-  leer(b.base, "BaseFilas t WHERE CLASE=" + QByteArray::number(clase));
+  base_.filas("SELECT DISTINCT ADDR FROM BaseFilas WHERE CLASE=" + QByteArray::number(clase), [&](const Lector::Fila& f) { b.base[f.entero(0)]; });
+  for (auto& [addr, filas] : b.base)
+    leer(filas, "BaseFilas t WHERE CLASE=" + QByteArray::number(clase) + " AND ADDR=" + QByteArray::number(addr));
   return b;
 }
 
@@ -167,8 +169,15 @@ void Oraculo::contado(int grupo, int clase, const std::vector<std::size_t>& mini
   if (b.grupos.contains(grupo)) {
     sumar(s, b.filas, 1);
     if (!encaja(grupo, clase, minimo, s)) return;
-    sumar(s, b.base, -1);
-    if (!encaja(grupo, clase, minimo, s)) return;
+    // Which machines still held what is memorised shows when the reading is memorised.
+    Sumas sinBase = s;
+    for (const auto& [addr, filas] : b.base) {
+      Sumas una = s;
+      sumar(una, filas, -1);
+      sumar(sinBase, filas, -1);
+      if (!encaja(grupo, clase, minimo, una)) return;
+    }
+    if (!encaja(grupo, clase, minimo, sinBase)) return;
   }
   anotar(QStringLiteral("%1: grupo %2 (tipo %3), %4%5")
              .arg(cuando)

@@ -44,7 +44,8 @@ class Oraculo {
 
  private:
   struct Bandeja {
-    Sumas filas, base;
+    Sumas filas;
+    std::map<qint64, Sumas> base;   // by address
     std::set<qint64> grupos;  // whose rows are of the open session
   };
   Sumas enPeriodos(int clase, const char* cuales = "1");
