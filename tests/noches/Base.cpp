@@ -42,11 +42,13 @@ Disco& disco() {
 
 void Disco::llenar() {
   if (conexion)
-    sqlite3_exec(conexion, "PRAGMA max_page_count=1", nullptr, nullptr, nullptr);  // rounded up to what there is
+    sqlite3_exec(conexion, "PRAGMA max_page_count=1", nullptr, nullptr,
+                 nullptr);  // rounded up to what there is
 }
 
 void Disco::vaciar() {
-  if (conexion) sqlite3_exec(conexion, "PRAGMA max_page_count=1073741823", nullptr, nullptr, nullptr);
+  if (conexion)
+    sqlite3_exec(conexion, "PRAGMA max_page_count=1073741823", nullptr, nullptr, nullptr);
 }
 
 void Disco::soltar() {
@@ -69,16 +71,24 @@ Lector::~Lector() {
   sqlite3_close(db_);
 }
 
-qint64 Lector::Fila::entero(int columna) const { return sqlite3_column_int64(s_, columna); }
-double Lector::Fila::real(int columna) const { return sqlite3_column_double(s_, columna); }
-int Lector::Fila::columnas() const { return sqlite3_column_count(s_); }
+qint64 Lector::Fila::entero(int columna) const {
+  return sqlite3_column_int64(s_, columna);
+}
+double Lector::Fila::real(int columna) const {
+  return sqlite3_column_double(s_, columna);
+}
+int Lector::Fila::columnas() const {
+  return sqlite3_column_count(s_);
+}
 QByteArray Lector::Fila::texto(int columna) const {
-  return QByteArray(static_cast<const char*>(sqlite3_column_blob(s_, columna)), sqlite3_column_bytes(s_, columna));
+  return QByteArray(static_cast<const char*>(sqlite3_column_blob(s_, columna)),
+                    sqlite3_column_bytes(s_, columna));
 }
 
 void Lector::filas(const QByteArray& sql, const std::function<void(const Fila&)>& cada) {
   auto& s = consultas_[sql];
-  if (!s && sqlite3_prepare_v2(db_, sql.constData(), -1, &s, nullptr) != SQLITE_OK) morir(sql.constData(), sqlite3_errmsg(db_));
+  if (!s && sqlite3_prepare_v2(db_, sql.constData(), -1, &s, nullptr) != SQLITE_OK)
+    morir(sql.constData(), sqlite3_errmsg(db_));
   int r = sqlite3_step(s);
   for (; r == SQLITE_ROW; r = sqlite3_step(s))
     if (cada) cada(Fila(s));

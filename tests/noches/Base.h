@@ -1,5 +1,5 @@
-// A reader of the database file that shares nothing with the program's store, and the disk under it:
-// when it is full, and at which commit the power goes.
+// A reader of the database file that shares nothing with the program's store, and the disk under
+// it: when it is full, and at which commit the power goes.
 #pragma once
 
 #include <QString>
@@ -30,7 +30,8 @@ class Lector {
    private:
     sqlite3_stmt* s_;
   };
-  // Statements that give no rows run as well. A statement that fails ends the program: the question is wrong.
+  // Statements that give no rows run as well. A statement that fails ends the program: the question
+  // is wrong.
   void filas(const QByteArray& sql, const std::function<void(const Fila&)>& cada = {});
   qint64 uno(const QByteArray& sql);
   // All rows of all tables as text, for comparing two runs.
@@ -41,7 +42,8 @@ class Lector {
   std::map<QByteArray, sqlite3_stmt*> consultas_;
 };
 
-// The disk as seen by every connection that isn't a Lector's. One for each process, since SQLite's hooks are.
+// The disk as seen by every connection that isn't a Lector's. One for each process, since SQLite's
+// hooks are.
 struct Disco {
   qint64 confirmaciones = 0;  // commits so far
   qint64 cortarEn = -1;       // the commit of this number is the last thing that the program does

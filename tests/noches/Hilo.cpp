@@ -8,7 +8,10 @@ namespace tarvo::noches {
 class Hilo final : public enlace::LinkSocket {
  public:
   Hilo(Hilos& casa, int device, QString linea)
-      : casa_(casa), device_(device), linea_(std::move(linea)), timer_(casa.reloj_.temporizador([this] { vencer(); })) {}
+      : casa_(casa),
+        device_(device),
+        linea_(std::move(linea)),
+        timer_(casa.reloj_.temporizador([this] { vencer(); })) {}
 
   bool configurar(const enlace::ParametrosLinea& p) override {
     if (device_ == 2) linea_ = QStringLiteral("COM%1").arg(p.puerto);
@@ -51,10 +54,12 @@ class Hilo final : public enlace::LinkSocket {
   int conectar() {
     const auto cable = casa_.cables.find(linea_);
     if (cable == casa_.cables.end()) return enlace::kSinHost;
-    if (casa_.azar_.ocurre(casa_.averias.ocupada)) return device_ == 2 ? enlace::kPuertoOcupado : enlace::kSinRespuesta;
+    if (casa_.azar_.ocurre(casa_.averias.ocupada))
+      return device_ == 2 ? enlace::kPuertoOcupado : enlace::kSinRespuesta;
     if (casa_.azar_.ocurre(casa_.averias.rechazo)) return enlace::kPuertoTcpCerrado;
     tubo_ = std::make_unique<simulador::Tubo>(cable->second, casa_.reloj_);
-    if (!tubo_->abrir([this](const QByteArray& b) { recibir(b); }, [this](bool limpio) { caer(limpio); })) {
+    if (!tubo_->abrir([this](const QByteArray& b) { recibir(b); },
+                      [this](bool limpio) { caer(limpio); })) {
       tubo_.reset();
       return device_ == 2 ? enlace::kPuertoOcupado : enlace::kPuertoTcpCerrado;
     }

@@ -1,4 +1,5 @@
-// The wires of a shop in memory: from the link's side of the program to the machine models, with the line's own faults.
+// The wires of a shop in memory: from the link's side of the program to the machine models, with
+// the line's own faults.
 #pragma once
 
 #include <map>

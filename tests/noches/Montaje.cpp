@@ -18,7 +18,8 @@ namespace {
 // Memory where there is some, since a night commits often.
 QString sitio() {
   const QFileInfo memoria(QStringLiteral("/dev/shm"));
-  return (memoria.isWritable() ? memoria.filePath() : QDir::tempPath()) + QStringLiteral("/noches-XXXXXX");
+  return (memoria.isWritable() ? memoria.filePath() : QDir::tempPath()) +
+         QStringLiteral("/noches-XXXXXX");
 }
 
 // As a first start leaves it.
@@ -42,22 +43,31 @@ const QString& plantilla() {
   return ruta;
 }
 
-QByteArray texto(const QString& s) { return '\'' + s.toUtf8() + '\''; }
-QByteArray n(qint64 x) { return QByteArray::number(x); }
+QByteArray texto(const QString& s) {
+  return '\'' + s.toUtf8() + '\'';
+}
+QByteArray n(qint64 x) {
+  return QByteArray::number(x);
+}
 
 void insertarGrupo(Lector& base, const PlanGrupo& g, double pzero) {
-  QByteArray columnas = "INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, tarifa, Almacen, remoto, canal, TELEF, Baudios, ADDR, TIPO";
-  QByteArray valores = ") VALUES (" + n(g.codigo) + ", 'G" + n(g.codigo) + "', 1, 0, " + n(g.almacen) + ", " + n(g.remoto) + ", " +
-                       n(g.canal) + ", " + texto(g.acceso) + ", 0, " + n(g.addr) + ", " + n(static_cast<int>(g.tipo));
+  QByteArray columnas =
+      "INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, tarifa, Almacen, remoto, canal, TELEF, "
+      "Baudios, ADDR, TIPO";
+  QByteArray valores = ") VALUES (" + n(g.codigo) + ", 'G" + n(g.codigo) + "', 1, 0, " +
+                       n(g.almacen) + ", " + n(g.remoto) + ", " + n(g.canal) + ", " +
+                       texto(g.acceso) + ", 0, " + n(g.addr) + ", " + n(static_cast<int>(g.tipo));
   for (std::size_t i = 0; i < g.operadores.size(); ++i) {
     columnas += ", OP" + n(static_cast<int>(i) + 1).rightJustified(2, '0') + "_C";
     valores += ", " + n(g.operadores[i]);
   }
   base.filas(columnas + valores + ")");
   for (std::size_t i = 0; i < g.direcciones.size(); ++i)
-    base.filas("INSERT INTO BZAS (SUGPO, NMBZA, ADDR, TIPO) VALUES (" + n(g.codigo) + ", " + n(static_cast<int>(i) + 1) + ", " + n(g.direcciones[i]) + ", 1)");
+    base.filas("INSERT INTO BZAS (SUGPO, NMBZA, ADDR, TIPO) VALUES (" + n(g.codigo) + ", " +
+               n(static_cast<int>(i) + 1) + ", " + n(g.direcciones[i]) + ", 1)");
   // Zeroed at the end of the day before the first.
-  base.filas("INSERT INTO Sesiones (CODGPO, PZERO) VALUES (" + n(g.codigo) + ", " + QByteArray::number(pzero, 'f', 10) + ")");
+  base.filas("INSERT INTO Sesiones (CODGPO, PZERO) VALUES (" + n(g.codigo) + ", " +
+             QByteArray::number(pzero, 'f', 10) + ")");
 }
 
 void insertarTienda(const Plan& plan, const QString& ruta) {
@@ -67,12 +77,18 @@ void insertarTienda(const Plan& plan, const QString& ruta) {
   base.filas("INSERT OR IGNORE INTO ALMACEN (CODALM, NOMALM) VALUES (0, 'A0')");
   base.filas("INSERT OR IGNORE INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'A1')");
   base.filas("INSERT OR IGNORE INTO ALMACEN (CODALM, NOMALM) VALUES (2, 'A2')");
-  base.filas("INSERT OR IGNORE INTO PLUSES (SECCION, CODPLU, NOMPLU, CADA) VALUES (1, 1, 'Uno', 2)");
-  base.filas("INSERT OR IGNORE INTO PLUSES (SECCION, CODPLU, NOMPLU, CADA) VALUES (1, 2, 'Dos', 2)");
+  base.filas(
+      "INSERT OR IGNORE INTO PLUSES (SECCION, CODPLU, NOMPLU, CADA) VALUES (1, 1, 'Uno', 2)");
+  base.filas(
+      "INSERT OR IGNORE INTO PLUSES (SECCION, CODPLU, NOMPLU, CADA) VALUES (1, 2, 'Dos', 2)");
   for (const auto& [codigo, a] : plan.articulos)
-    base.filas("INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, CADA, PRECIO_00, DEPTO, PFX_BAR) VALUES (1, " + n(codigo) + ", 'A" + n(codigo) +
-               "', " + n(a.unidad) + ", " + n(a.precio) + ", " + n(a.departamento) + ", '20')");
-  for (const auto& g : plan.grupos) insertarGrupo(base, g, (Fecha::de(plan.primerDia) - 2.5 / 24).dias());
+    base.filas(
+        "INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, CADA, PRECIO_00, DEPTO, PFX_BAR) VALUES "
+        "(1, " +
+        n(codigo) + ", 'A" + n(codigo) + "', " + n(a.unidad) + ", " + n(a.precio) + ", " +
+        n(a.departamento) + ", '20')");
+  for (const auto& g : plan.grupos)
+    insertarGrupo(base, g, (Fecha::de(plan.primerDia) - 2.5 / 24).dias());
   base.filas("COMMIT");
 }
 
@@ -103,18 +119,26 @@ void Mundo::montar() {
   const QString base = carpeta_.filePath(QStringLiteral("TARVO.MDB"));
   if (!QFile::copy(plantilla(), base)) qFatal("no se puede copiar la base de datos");
   insertarTienda(plan_, base);
-  if (auto r = escribirAjustes(plan_, carpeta_.path()); !r) qFatal("%s", qPrintable(r.error().texto));
+  if (auto r = escribirAjustes(plan_, carpeta_.path()); !r)
+    qFatal("%s", qPrintable(r.error().texto));
   for (const auto& g : plan_.grupos)
     for (const int direccion : g.direcciones) montarMaquina(g, direccion);
   oraculo_ = std::make_unique<Oraculo>(plan_, maquinas_, carpeta_.path());
   if (!alTrazar_) return;
   for (const auto& g : plan_.grupos)
-    alTrazar_(QStringLiteral("grupo %1: tipo %2, %3, %4 máquinas").arg(g.codigo).arg(static_cast<int>(g.tipo)).arg(g.linea()).arg(g.direcciones.size()));
+    alTrazar_(QStringLiteral("grupo %1: tipo %2, %3, %4 máquinas")
+                  .arg(g.codigo)
+                  .arg(static_cast<int>(g.tipo))
+                  .arg(g.linea())
+                  .arg(g.direcciones.size()));
   for (const auto& l : plan_.proceso) alTrazar_(QStringLiteral("  ") + l);
   hilos_.alPasar = [this](char sentido, const QByteArray& b) {
     QString s;
-    for (const char c : b.left(120)) s += c >= 32 && c < 127 ? QString(QLatin1Char(c)) : QStringLiteral("<%1>").arg(static_cast<unsigned char>(c));
-    alTrazar_(QStringLiteral("    %1 %2 %3").arg(reloj_.monotono()).arg(QLatin1Char(sentido)).arg(s));
+    for (const char c : b.left(120))
+      s += c >= 32 && c < 127 ? QString(QLatin1Char(c))
+                              : QStringLiteral("<%1>").arg(static_cast<unsigned char>(c));
+    alTrazar_(
+        QStringLiteral("    %1 %2 %3").arg(reloj_.monotono()).arg(QLatin1Char(sentido)).arg(s));
   };
 }
 

@@ -1,5 +1,5 @@
-// One seed from its first day to its last night: the shop's machines, the program that reads them, and all that befalls
-// both.
+// One seed from its first day to its last night: the shop's machines, the program that reads them,
+// and all that befalls both.
 #pragma once
 
 #include <QTemporaryDir>
@@ -28,11 +28,13 @@ class Mundo {
   void montar();
   void montarMaquina(const PlanGrupo& g, int direccion);
   void dia(int n);
-  void vender(MaquinaViva& m, const std::vector<int>& articulos, QDate cuando, double devoluciones = 0.05);
+  void vender(MaquinaViva& m, const std::vector<int>& articulos, QDate cuando,
+              double devoluciones = 0.05);
   void apuntar(MaquinaViva& m);
   void empezarNoche(const PlanNoche& n);
   void noche(int n);
-  // One start of the program, to its end, its cut or its limit. The exit status; nothing when it was cut.
+  // One start of the program, to its end, its cut or its limit. The exit status; nothing when it
+  // was cut.
   std::optional<int> arranque(const PlanNoche& n, const Corte* corte);
   bool paso(const PlanNoche& n);
   void vigilar();

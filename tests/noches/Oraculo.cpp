@@ -22,7 +22,9 @@ constexpr Tabla kTablas[] = {{kPLUs, "TOTPLU", "SS_PLU", simulador::kArticulos, 
                              {kHorario, "TOTHOR", "SS_HOR", simulador::kPersonal, false},
                              {kOperHora, "TOTOPHOR", "SS_OPH", simulador::kPersonal, true}};
 
-const Tabla& tabla(int clase) { return kTablas[clase - kPLUs]; }
+const Tabla& tabla(int clase) {
+  return kTablas[clase - kPLUs];
+}
 
 // What a kind of machine tells of a sale in each kind of total.
 Suma carga(Tipo tipo, int clase, const Venta& v) {
@@ -37,14 +39,22 @@ Suma carga(Tipo tipo, int clase, const Venta& v) {
 
 // The code and hour under which it is told.
 std::pair<qint64, qint64> clave(const PlanGrupo& g, int clase, const Venta& v) {
-  const auto operador = [&] { return qint64{g.operadores[static_cast<std::size_t>(v.operador - 1)]}; };
+  const auto operador = [&] {
+    return qint64{g.operadores[static_cast<std::size_t>(v.operador - 1)]};
+  };
   switch (clase) {
-    case kPLUs: return {v.articulo, 0};
-    case kGranTotal: return {0, 0};
-    case kOperadores: return {operador(), 0};
-    case kDepartamentos: return {v.departamento, 0};
-    case kHorario: return {v.hora, 0};
-    default: return {operador(), v.hora};
+    case kPLUs:
+      return {v.articulo, 0};
+    case kGranTotal:
+      return {0, 0};
+    case kOperadores:
+      return {operador(), 0};
+    case kDepartamentos:
+      return {v.departamento, 0};
+    case kHorario:
+      return {v.hora, 0};
+    default:
+      return {operador(), v.hora};
   }
 }
 
@@ -56,7 +66,9 @@ void sumar(Sumas& a, const Sumas& b, qint64 veces) {
   for (const auto& [k, v] : b) sumar(a[k], v, veces);
 }
 
-QString texto(const Suma& s) { return QStringLiteral("(%1 con, %2 g, %3, %4)").arg(s[0]).arg(s[1]).arg(s[2]).arg(s[3]); }
+QString texto(const Suma& s) {
+  return QStringLiteral("(%1 con, %2 g, %3, %4)").arg(s[0]).arg(s[1]).arg(s[2]).arg(s[3]);
+}
 
 QString texto(const PlanGrupo&, int clase, qint64 codigo, qint64 hora) {
   return QStringLiteral("clase %1 código %2 hora %3").arg(clase).arg(codigo).arg(hora);
@@ -77,25 +89,39 @@ bool alcanza(const Prefijos& p, std::size_t i, const Suma& hay) {
 }  // namespace
 
 Oraculo::Oraculo(const Plan& plan, const std::vector<MaquinaViva>& maquinas, const QString& carpeta)
-    : plan_(plan), maquinas_(maquinas), carpeta_(carpeta), base_(carpeta + QStringLiteral("/TARVO.MDB")) {}
+    : plan_(plan),
+      maquinas_(maquinas),
+      carpeta_(carpeta),
+      base_(carpeta + QStringLiteral("/TARVO.MDB")) {}
 
-// Rows of the periods, less what they hold of periods added into them: of those that are there, and of versions that
-// were replaced.
+// Rows of the periods, less what they hold of periods added into them: of those that are there, and
+// of versions that were replaced.
 Sumas Oraculo::enPeriodos(int clase, const char* cuales) {
   const Tabla& t = tabla(clase);
   const QByteArray codigo = clase == kGranTotal ? "0" : "CODI", hora = t.hora ? "HORA" : "0";
-  const QByteArray que = ", SUM(CON), SUM(PES), SUM(IMP), SUM(SCO) FROM ", porGrupo = " GROUP BY 1, 2, 3";
+  const QByteArray que = ", SUM(CON), SUM(PES), SUM(IMP), SUM(SCO) FROM ",
+                   porGrupo = " GROUP BY 1, 2, 3";
   Sumas s;
   const auto leer = [&](const QByteArray& sql, qint64 veces) {
     base_.filas(sql, [&](const Lector::Fila& f) {
-      sumar(s[{f.entero(0), f.entero(1), f.entero(2)}], {f.entero(3), f.entero(4), f.entero(5), f.entero(6)}, veces);
+      sumar(s[{f.entero(0), f.entero(1), f.entero(2)}],
+            {f.entero(3), f.entero(4), f.entero(5), f.entero(6)}, veces);
     });
   };
-  leer("SELECT GRUPO, " + codigo + ", " + hora + que + t.nombre + " t JOIN COLUMNA p ON p.LINK=t.LINK WHERE " + cuales + porGrupo, 1);
+  leer("SELECT GRUPO, " + codigo + ", " + hora + que + t.nombre +
+           " t JOIN COLUMNA p ON p.LINK=t.LINK WHERE " + cuales + porGrupo,
+       1);
   for (const QByteArray k : {"2", "3", "4"}) {
-    const QByteArray dentro = " JOIN COLUMNA p ON p.TIPO=" + k + " AND p.FECHA1<=d.FECHA1 AND p.FECHAF>=d.FECHAF WHERE d.ACUM" + k + "<>0 AND " + cuales;
-    leer("SELECT GRUPO, " + codigo + ", " + hora + que + t.nombre + " t JOIN COLUMNA d ON d.LINK=t.LINK" + dentro + porGrupo, -1);
-    leer("SELECT GRUPO, " + codigo + ", HORA" + que + "TotSusti t JOIN Sustituidos d ON d.ID=t.ID AND CLASE=" + QByteArray::number(clase) + dentro + porGrupo, -1);
+    const QByteArray dentro = " JOIN COLUMNA p ON p.TIPO=" + k +
+                              " AND p.FECHA1<=d.FECHA1 AND p.FECHAF>=d.FECHAF WHERE d.ACUM" + k +
+                              "<>0 AND " + cuales;
+    leer("SELECT GRUPO, " + codigo + ", " + hora + que + t.nombre +
+             " t JOIN COLUMNA d ON d.LINK=t.LINK" + dentro + porGrupo,
+         -1);
+    leer("SELECT GRUPO, " + codigo + ", HORA" + que +
+             "TotSusti t JOIN Sustituidos d ON d.ID=t.ID AND CLASE=" + QByteArray::number(clase) +
+             dentro + porGrupo,
+         -1);
   }
   return s;
 }
@@ -104,20 +130,30 @@ Oraculo::Bandeja Oraculo::enBandeja(int clase) {
   const Tabla& t = tabla(clase);
   const QByteArray codigo = clase == kGranTotal ? "0" : "t.CODI", hora = t.hora ? "t.HORA" : "0";
   Bandeja b;
-  base_.filas(QByteArray("SELECT CODGPO FROM Sesiones, EstadoTarvo WHERE CLAVE='SesionAbier' AND VALOR=2 AND ") + t.sesion + "<>0", [&](const Lector::Fila& f) { b.grupos.insert(f.entero(0)); });
+  base_.filas(
+      QByteArray(
+          "SELECT CODGPO FROM Sesiones, EstadoTarvo WHERE CLAVE='SesionAbier' AND VALOR=2 AND ") +
+          t.sesion + "<>0",
+      [&](const Lector::Fila& f) { b.grupos.insert(f.entero(0)); });
   const auto leer = [&](Sumas& s, const QByteArray& sql) {
-    base_.filas("SELECT GRUPO, " + codigo + ", " + hora + ", CON, PES, IMP, SCO FROM " + sql, [&](const Lector::Fila& f) {
-      sumar(s[{f.entero(0), f.entero(1), f.entero(2)}], {f.entero(3), f.entero(4), f.entero(5), f.entero(6)});
-    });
+    base_.filas("SELECT GRUPO, " + codigo + ", " + hora + ", CON, PES, IMP, SCO FROM " + sql,
+                [&](const Lector::Fila& f) {
+                  sumar(s[{f.entero(0), f.entero(1), f.entero(2)}],
+                        {f.entero(3), f.entero(4), f.entero(5), f.entero(6)});
+                });
   };
   leer(b.filas, QByteArray(t.nombre) + " t WHERE LINK=0");
-  base_.filas("SELECT DISTINCT ADDR FROM BaseFilas WHERE CLASE=" + QByteArray::number(clase), [&](const Lector::Fila& f) { b.base[f.entero(0)]; });
+  base_.filas("SELECT DISTINCT ADDR FROM BaseFilas WHERE CLASE=" + QByteArray::number(clase),
+              [&](const Lector::Fila& f) { b.base[f.entero(0)]; });
   for (auto& [addr, filas] : b.base)
-    leer(filas, "BaseFilas t WHERE CLASE=" + QByteArray::number(clase) + " AND ADDR=" + QByteArray::number(addr));
+    leer(filas, "BaseFilas t WHERE CLASE=" + QByteArray::number(clase) +
+                    " AND ADDR=" + QByteArray::number(addr));
   return b;
 }
 
-std::optional<QString> Oraculo::encaja(int grupo, int clase, const std::vector<std::size_t>& minimos, const Sumas& hay) const {
+std::optional<QString> Oraculo::encaja(int grupo, int clase,
+                                       const std::vector<std::size_t>& minimos,
+                                       const Sumas& hay) const {
   std::map<std::pair<qint64, qint64>, Prefijos> prefijos;
   std::size_t cuantas = 0;
   const PlanGrupo* g = nullptr;
@@ -127,7 +163,8 @@ std::optional<QString> Oraculo::encaja(int grupo, int clase, const std::vector<s
     g = maquinas_[i].grupo;
     const auto& libro = maquinas_[i].maquina->memoria().libro();
     for (std::size_t v = 0; v < libro.size(); ++v) {
-      auto& p = prefijos.try_emplace(clave(*g, clase, libro[v]), cuantas, std::vector<Suma>{Suma{}}).first->second[n];
+      auto& p = prefijos.try_emplace(clave(*g, clase, libro[v]), cuantas, std::vector<Suma>{Suma{}})
+                    .first->second[n];
       Suma s = p.back();
       sumar(s, carga(g->tipo, clase, libro[v]));
       v < minimos[i] ? static_cast<void>(p.back() = s) : p.push_back(s);
@@ -136,20 +173,22 @@ std::optional<QString> Oraculo::encaja(int grupo, int clase, const std::vector<s
   }
   for (const auto& [k, v] : hay)
     if (k[0] == grupo && v != Suma{} && !prefijos.contains({k[1], k[2]}))
-      return texto(*g, clase, k[1], k[2]) + QStringLiteral(": hay %1 y nadie lo vendió").arg(texto(v));
+      return texto(*g, clase, k[1], k[2]) +
+             QStringLiteral(": hay %1 y nadie lo vendió").arg(texto(v));
   for (const auto& [k, p] : prefijos) {
     const auto it = hay.find({grupo, k.first, k.second});
     const Suma s = it == hay.end() ? Suma{} : it->second;
     if (alcanza(p, 0, s)) continue;
     Suma desde{}, hasta{};
     for (const auto& m : p) sumar(desde, m.front()), sumar(hasta, m.back());
-    return texto(*g, clase, k.first, k.second) +
-           QStringLiteral(": hay %1, se esperaba de %2 a %3").arg(texto(s), texto(desde), texto(hasta));
+    return texto(*g, clase, k.first, k.second) + QStringLiteral(": hay %1, se esperaba de %2 a %3")
+                                                     .arg(texto(s), texto(desde), texto(hasta));
   }
   return std::nullopt;
 }
 
-// How much of each machine's sales must be counted: what it has wiped, or all that it had sold when the night began.
+// How much of each machine's sales must be counted: what it has wiped, or all that it had sold when
+// the night began.
 std::vector<std::size_t> Oraculo::minimos(int clase, bool todo) const {
   std::vector<std::size_t> v;
   for (const auto& m : maquinas_) {
@@ -161,7 +200,9 @@ std::vector<std::size_t> Oraculo::minimos(int clase, bool todo) const {
   return v;
 }
 
-void Oraculo::contado(int grupo, int clase, const std::vector<std::size_t>& minimo, bool conBandeja, const QString& cuando) {
+void Oraculo::contado(int grupo, int clase, const std::vector<std::size_t>& minimo, bool conBandeja,
+                      const QString& cuando) {
+  if (aMedias(grupo)) return;
   Sumas s = enPeriodos(clase);
   const auto mal = encaja(grupo, clase, minimo, s);
   if (!mal) return;
@@ -190,6 +231,12 @@ void Oraculo::contado(int grupo, int clase, const std::vector<std::size_t>& mini
              .arg(*mal, b.grupos.contains(grupo) ? QStringLiteral(" (con bandeja)") : QString()));
 }
 
+bool Oraculo::aMedias(int grupo) const {
+  for (const auto& m : maquinas_)
+    if (m.grupo->codigo == grupo && m.aMedias) return true;
+  return false;
+}
+
 void Oraculo::puestaACero(std::size_t maquina) {
   const auto& m = maquinas_[maquina];
   const int conjuntos = m.maquina->memoria().puestas().back().conjuntos;
@@ -198,12 +245,15 @@ void Oraculo::puestaACero(std::size_t maquina) {
       contado(grupo, clase, minimos(clase, false), true, QStringLiteral("puesta a cero"));
 }
 
-// A group known not to foot is said and not zeroed: its next whole reading mends what this one got wrong.
+// A group known not to foot is said and not zeroed: its next whole reading mends what this one got
+// wrong.
 void Oraculo::grupos(bool todo, const QString& cuando) {
   std::set<qint64> descuadrados;
-  base_.filas("SELECT GRUPO FROM Lecturas WHERE ESTADO=4", [&](const Lector::Fila& f) { descuadrados.insert(f.entero(0)); });
+  base_.filas("SELECT GRUPO FROM Lecturas WHERE ESTADO=4",
+              [&](const Lector::Fila& f) { descuadrados.insert(f.entero(0)); });
   for (const auto& [grupo, clase] : plan_.leidas)
-    if (clase <= kOperHora && (todo || !descuadrados.contains(grupo))) contado(grupo, clase, minimos(clase, todo), !todo, cuando);
+    if (clase <= kOperHora && (todo || !descuadrados.contains(grupo)))
+      contado(grupo, clase, minimos(clase, todo), !todo, cuando);
 }
 
 void Oraculo::listaOlvidada(std::size_t maquina) {
@@ -214,7 +264,8 @@ void Oraculo::documentos(const QString& cuando) {
   std::map<std::array<qint64, 2>, int> hay;
   int lista = 0;
   for (const QByteArray que : {"PEDI_LIN", "INVE_LIN"}) {
-    base_.filas("SELECT PESO FROM " + que, [&](const Lector::Fila& f) { ++hay[{lista, f.entero(0)}]; });
+    base_.filas("SELECT PESO FROM " + que,
+                [&](const Lector::Fila& f) { ++hay[{lista, f.entero(0)}]; });
     ++lista;
   }
   for (const auto& m : maquinas_)
@@ -235,7 +286,11 @@ void Oraculo::semanas() {
   for (const Tabla& t : kTablas)
     for (const auto& [k, v] : enPeriodos(t.clase, "p.stkABLE=0"))
       if (v != Suma{}) {
-        anotar(QStringLiteral("semana: %1 grupo %2 código %3: sobra %4").arg(QLatin1String(t.nombre)).arg(k[0]).arg(k[1]).arg(texto(v)));
+        anotar(QStringLiteral("semana: %1 grupo %2 código %3: sobra %4")
+                   .arg(QLatin1String(t.nombre))
+                   .arg(k[0])
+                   .arg(k[1])
+                   .arg(texto(v)));
         break;
       }
 }
@@ -243,19 +298,34 @@ void Oraculo::semanas() {
 void Oraculo::stock() {
   std::map<std::array<qint64, 2>, qint64> debe;  // warehouse, article
   std::map<qint64, qint64> almacen;
-  base_.filas("SELECT CODGPO, Almacen FROM GRUPOS", [&](const Lector::Fila& f) { almacen[f.entero(0)] = f.entero(1); });
+  base_.filas("SELECT CODGPO, Almacen FROM GRUPOS",
+              [&](const Lector::Fila& f) { almacen[f.entero(0)] = f.entero(1); });
   Sumas s = enPeriodos(kPLUs, "p.stkADO<>0");
-  base_.filas("SELECT GRUPO, CODI, SUM(CON*stkADO), SUM(PES*stkADO) FROM TotSusti t JOIN Sustituidos d ON d.ID=t.ID WHERE CLASE=16 GROUP BY 1, 2",
-              [&](const Lector::Fila& f) { sumar(s[{f.entero(0), f.entero(1), 0}], {f.entero(2), f.entero(3), 0, 0}); });
+  base_.filas(
+      "SELECT GRUPO, CODI, SUM(CON*stkADO), SUM(PES*stkADO) FROM TotSusti t JOIN Sustituidos d ON "
+      "d.ID=t.ID WHERE CLASE=16 GROUP BY 1, 2",
+      [&](const Lector::Fila& f) {
+        sumar(s[{f.entero(0), f.entero(1), 0}], {f.entero(2), f.entero(3), 0, 0});
+      });
   for (const auto& [k, v] : s) {
     const auto a = plan_.articulos.find(static_cast<int>(k[1]));
-    if (almacen[k[0]] > 0 && a != plan_.articulos.end()) debe[{almacen[k[0]], k[1]}] += a->second.unidad == 2 ? v[0] : v[1];
+    if (almacen[k[0]] > 0 && a != plan_.articulos.end())
+      debe[{almacen[k[0]], k[1]}] += a->second.unidad == 2 ? v[0] : v[1];
   }
-  base_.filas("SELECT CODALM, CODIGO, Venta FROM MovsAlm", [&](const Lector::Fila& f) { debe[{f.entero(0), f.entero(1)}] -= f.entero(2); });
+  base_.filas("SELECT CODALM, CODIGO, Venta FROM MovsAlm",
+              [&](const Lector::Fila& f) { debe[{f.entero(0), f.entero(1)}] -= f.entero(2); });
   for (const auto& [k, v] : debe)
-    if (v != 0) return anotar(QStringLiteral("stock: almacén %1 artículo %2: falta descontar %3").arg(k[0]).arg(k[1]).arg(v));
+    if (v != 0)
+      return anotar(QStringLiteral("stock: almacén %1 artículo %2: falta descontar %3")
+                        .arg(k[0])
+                        .arg(k[1])
+                        .arg(v));
   base_.filas("SELECT LINK, stkADO FROM COLUMNA WHERE stkADO NOT IN (0, 1)",
-              [&](const Lector::Fila& f) { anotar(QStringLiteral("stock: periodo %1 descontado %2 veces").arg(f.entero(0)).arg(f.entero(1))); });
+              [&](const Lector::Fila& f) {
+                anotar(QStringLiteral("stock: periodo %1 descontado %2 veces")
+                           .arg(f.entero(0))
+                           .arg(f.entero(1)));
+              });
 }
 
 void Oraculo::finDeNoche(std::optional<int> resultado, bool calma, int arranques) {
@@ -269,9 +339,11 @@ void Oraculo::finDeNoche(std::optional<int> resultado, bool calma, int arranques
   exportados(arranques, resultado == 0 && plan_.exporta);
   if (resultado != 0) return;
   for (const auto& m : maquinas_)
-    if (plan_.aCero.contains(m.grupo->codigo) && m.maquina->memoria().puestas().size() == m.puestasAlEmpezar)
+    if (plan_.aCero.contains(m.grupo->codigo) &&
+        m.maquina->memoria().puestas().size() == m.puestasAlEmpezar)
       anotar(cuando + QStringLiteral(": el grupo %1 no se puso a cero").arg(m.grupo->codigo));
-  if (plan_.descuenta && base_.uno("SELECT count(*) FROM COLUMNA WHERE stkABLE<>0 AND stkADO=0 AND LINK IN (SELECT LINK FROM Lecturas)") > 0)
+  if (plan_.descuenta && base_.uno("SELECT count(*) FROM COLUMNA WHERE stkABLE<>0 AND stkADO=0 AND "
+                                   "LINK IN (SELECT LINK FROM Lecturas)") > 0)
     anotar(cuando + QStringLiteral(": hay un periodo sin descontar del stock"));
 }
 

@@ -1,5 +1,5 @@
-// Proves the books of a night: from what the machines sold and wiped, and plain questions to the database file. It
-// shares no code with the program.
+// Proves the books of a night: from what the machines sold and wiped, and plain questions to the
+// database file. It shares no code with the program.
 #pragma once
 
 #include <array>
@@ -18,9 +18,12 @@ using Sumas = std::map<std::array<qint64, 3>, Suma>;
 struct MaquinaViva {
   const PlanGrupo* grupo = nullptr;
   std::unique_ptr<simulador::Maquina> maquina;
-  std::size_t puestas = 0;      // zeroings seen so far
-  std::size_t alEmpezar = 0;    // sales and zeroings when the night began
+  std::size_t puestas = 0;    // zeroings seen so far
+  std::size_t alEmpezar = 0;  // sales and zeroings when the night began
   std::size_t puestasAlEmpezar = 0;
+  // A register that was told to forget a part and not the rest: its totals don't foot from then on,
+  // which is said every night, and somebody has to finish the zeroing by hand.
+  bool aMedias = false;
   struct Linea {
     simulador::Lista lista;
     qint64 peso = 0;  // no two lines of a shop have the same
@@ -45,14 +48,17 @@ class Oraculo {
  private:
   struct Bandeja {
     Sumas filas;
-    std::map<qint64, Sumas> base;   // by address
-    std::set<qint64> grupos;  // whose rows are of the open session
+    std::map<qint64, Sumas> base;  // by address
+    std::set<qint64> grupos;       // whose rows are of the open session
   };
   Sumas enPeriodos(int clase, const char* cuales = "1");
   Bandeja enBandeja(int clase);
-  void contado(int grupo, int clase, const std::vector<std::size_t>& minimos, bool conBandeja, const QString& cuando);
-  std::optional<QString> encaja(int grupo, int clase, const std::vector<std::size_t>& minimos, const Sumas& hay) const;
+  void contado(int grupo, int clase, const std::vector<std::size_t>& minimos, bool conBandeja,
+               const QString& cuando);
+  std::optional<QString> encaja(int grupo, int clase, const std::vector<std::size_t>& minimos,
+                                const Sumas& hay) const;
   std::vector<std::size_t> minimos(int clase, bool todo) const;
+  bool aMedias(int grupo) const;
   void grupos(bool todo, const QString& cuando);
   void semanas();
   void stock();

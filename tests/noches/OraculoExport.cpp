@@ -1,6 +1,6 @@
 // The .EXP files: each period's block once, and whole.
-#include <QDir>
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 
 #include "noches/Oraculo.h"
@@ -41,7 +41,8 @@ void Oraculo::exportados(int arranques, bool debe) {
       }
     }
     for (const auto& [cual, n] : veces)
-      if (n > arranques) anotar(QStringLiteral("%1: el periodo %2 está %3 veces").arg(nombre, cual).arg(n));
+      if (n > arranques)
+        anotar(QStringLiteral("%1: el periodo %2 está %3 veces").arg(nombre, cual).arg(n));
     for (const auto& [cual, filas] : bloques) bloque(QStringList(cual) + filas, nombre);
   }
   if (debe && !nuevo) anotar(QStringLiteral("resultado 0 y no se exportó nada"));
@@ -51,13 +52,17 @@ void Oraculo::exportados(int arranques, bool debe) {
 void Oraculo::bloque(const QStringList& lineas, const QString& fichero) {
   qint64 link = 0;
   base_.filas("SELECT LINK, FECHA1, FECHAF FROM COLUMNA", [&](const Lector::Fila& f) {
-    if (momento(f.real(1)) + QStringLiteral("  ") + momento(f.real(2)) == lineas[0]) link = f.entero(0);
+    if (momento(f.real(1)) + QStringLiteral("  ") + momento(f.real(2)) == lineas[0])
+      link = f.entero(0);
   });
   if (link == 0) return;
   qint64 filas = 0, importe = 0, con = 0;
   for (const char* t : {"TOTPLU", "TOTGRT", "TOTOPE", "TOTDEP", "TOTHOR", "TOTOPHOR"})
-    base_.filas(QByteArray("SELECT count(*), SUM(IMP), SUM(CON) FROM ") + t + " WHERE LINK=" + QByteArray::number(link),
-                [&](const Lector::Fila& f) { filas += f.entero(0), importe += f.entero(1), con += f.entero(2); });
+    base_.filas(QByteArray("SELECT count(*), SUM(IMP), SUM(CON) FROM ") + t +
+                    " WHERE LINK=" + QByteArray::number(link),
+                [&](const Lector::Fila& f) {
+                  filas += f.entero(0), importe += f.entero(1), con += f.entero(2);
+                });
   const int largo = plan_.corto ? 42 : 50;
   for (const QString& linea : lineas.mid(1)) {
     if (linea.size() != largo) return anotar(fichero + QStringLiteral(": una línea cortada"));
@@ -65,7 +70,8 @@ void Oraculo::bloque(const QStringList& lineas, const QString& fichero) {
     con -= linea.right(6).toLongLong();
   }
   if (filas != lineas.size() - 1 || importe != 0 || con != 0)
-    anotar(QStringLiteral("%1: el bloque de %2 no es el periodo %3: filas %4 de %5, importe %6, con %7 de diferencia")
+    anotar(QStringLiteral("%1: el bloque de %2 no es el periodo %3: filas %4 de %5, importe %6, "
+                          "con %7 de diferencia")
                .arg(fichero, lineas[0])
                .arg(link)
                .arg(lineas.size() - 1)

@@ -11,8 +11,8 @@
 
 namespace tarvo::noches {
 
-inline constexpr int kPLUs = 16, kGranTotal = 17, kOperadores = 18, kDepartamentos = 19, kHorario = 20, kOperHora = 21,
-                     kPedidos = 22, kInventarios = 23;
+inline constexpr int kPLUs = 16, kGranTotal = 17, kOperadores = 18, kDepartamentos = 19,
+                     kHorario = 20, kOperHora = 21, kPedidos = 22, kInventarios = 23;
 
 struct PlanGrupo {
   int codigo = 0;
@@ -41,7 +41,7 @@ struct AveriasLinea {
 
 struct PlanNoche {
   bool calma = false;
-  int minuto = 22 * 60;  // of the day at which it starts
+  int minuto = 22 * 60;                   // of the day at which it starts
   std::vector<simulador::Fallos> fallos;  // by machine
   AveriasLinea linea;
   std::vector<Corte> cortes;
@@ -60,7 +60,8 @@ struct Plan {
   QStringList proceso;
   std::set<std::pair<int, int>> leidas;  // (group, kind) that the process reads
   std::set<int> aCero;                   // groups that it zeroes
-  bool aUno = true, acumula = false, descuenta = false, exporta = false, corto = false;
+  bool aUno = true, acumula = false, descuenta = false, exporta = false, corto = false,
+       optimizada = false;
   int reintentos = 0;
   std::vector<PlanNoche> noches;
 

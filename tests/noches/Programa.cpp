@@ -12,7 +12,9 @@ namespace {
 class SinPreguntas final : public automation::Preguntas {
   std::optional<qint64> PromptNum(const QString&, const QString&) override { return {}; }
   std::optional<QString> PromptStr(const QString&, const QString&) override { return {}; }
-  std::optional<std::pair<Fecha, Fecha>> PromptFch(const QString&, const QString&) override { return {}; }
+  std::optional<std::pair<Fecha, Fecha>> PromptFch(const QString&, const QString&) override {
+    return {};
+  }
 };
 
 const Textos& textos() {
@@ -37,7 +39,8 @@ struct Programa::Interior {
         enlaces(reloj, fondo->ajustes, hilos, azar),
         gestcomm({db, fondo->ajustes, reloj, sesion}, enlaces, registro),
         lenguaje(registro, fondo->ajustes),
-        automat({db, fondo->ajustes, reloj, sesion, gestcomm, registro, cerrSes, verTot, xporTot}, preguntas) {}
+        automat({db, fondo->ajustes, reloj, sesion, gestcomm, registro, cerrSes, verTot, xporTot},
+                preguntas) {}
 
   Resultado<> empezar() {
     TARVO_INTENTAR(almacenes.asegurar());
@@ -65,9 +68,9 @@ struct Programa::Interior {
 Programa::Programa() = default;
 Programa::~Programa() = default;
 
-Resultado<std::unique_ptr<Programa>> Programa::arrancar(const QString& carpeta, const QStringList& proceso, Reloj& reloj,
-                                                        Hilos& hilos, quint64 semilla,
-                                                        std::function<void(const QString&)> alEscribir) {
+Resultado<std::unique_ptr<Programa>> Programa::arrancar(
+    const QString& carpeta, const QStringList& proceso, Reloj& reloj, Hilos& hilos, quint64 semilla,
+    std::function<void(const QString&)> alEscribir) {
   auto fondo = app::Fondo::abrir(carpeta, Idioma::Espanol, textos(), reloj);
   if (!fondo) return std::unexpected(fondo.error());
   std::unique_ptr<Programa> p(new Programa);
@@ -78,11 +81,15 @@ Resultado<std::unique_ptr<Programa>> Programa::arrancar(const QString& carpeta, 
   auto& a = p->d->automat;
   a.desatendido = true;
   a.alEscribir = std::move(alEscribir);
-  a.alTerminar = [q = p.get()](automation::ResultadoProceso r) { q->resultado_ = static_cast<int>(r); };
+  a.alTerminar = [q = p.get()](automation::ResultadoProceso r) {
+    q->resultado_ = static_cast<int>(r);
+  };
   a.PROCESO(std::move(leido->pasos), QString(), QStringLiteral("NOCHE"));
   return p;
 }
 
-Resultado<> Programa::guardarAjustes() const { return d->fondo->ajustes.GuardarConfig(); }
+Resultado<> Programa::guardarAjustes() const {
+  return d->fondo->ajustes.GuardarConfig();
+}
 
 }  // namespace tarvo::noches

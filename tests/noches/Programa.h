@@ -1,5 +1,5 @@
-// The program as it stands in memory, made and joined as at its start. Destroying it is a power cut: nothing is said to
-// anybody.
+// The program as it stands in memory, made and joined as at its start. Destroying it is a power
+// cut: nothing is said to anybody.
 #pragma once
 
 #include "app/Aplicacion.h"
@@ -12,9 +12,9 @@ namespace tarvo::noches {
 class Programa {
  public:
   // Starts and runs the process; the text of the error when it can't.
-  static Resultado<std::unique_ptr<Programa>> arrancar(const QString& carpeta, const QStringList& proceso, Reloj& reloj,
-                                                       Hilos& hilos, quint64 semilla,
-                                                       std::function<void(const QString&)> alEscribir);
+  static Resultado<std::unique_ptr<Programa>> arrancar(
+      const QString& carpeta, const QStringList& proceso, Reloj& reloj, Hilos& hilos,
+      quint64 semilla, std::function<void(const QString&)> alEscribir);
   ~Programa();
   // Nothing while the run goes on; then its exit status.
   std::optional<int> resultado() const { return resultado_; }

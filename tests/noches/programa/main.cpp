@@ -1,9 +1,10 @@
-// tarvo-noches --semillas A..B [-j N]: simulated nights by seed, the failing ones said. --traza N: one seed with its trace.
+// tarvo-noches --semillas A..B [-j N]: simulated nights by seed, the failing ones said. --traza N:
+// one seed with its trace.
+#include <sys/wait.h>
+#include <unistd.h>
 #include <QCoreApplication>
 #include <QStringList>
 #include <cstdio>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "noches/Mundo.h"
 
@@ -21,7 +22,10 @@ bool correr(quint64 semilla) {
   if (v.diferencias.isEmpty() && semilla % 20 == 0 && correrSemilla(semilla).huella != v.huella)
     v.diferencias += QStringLiteral("no se repite igual");
   if (!v.diferencias.isEmpty())
-    decir(QStringLiteral("semilla %1 (noche %2):\n  %3").arg(semilla).arg(v.noches).arg(v.diferencias.join(QStringLiteral("\n  "))));
+    decir(QStringLiteral("semilla %1 (noche %2):\n  %3")
+              .arg(semilla)
+              .arg(v.noches)
+              .arg(v.diferencias.join(QStringLiteral("\n  "))));
   return v.diferencias.isEmpty();
 }
 
@@ -47,7 +51,11 @@ int repartir(quint64 desde, quint64 hasta, int de) {
 int trazar(quint64 semilla) {
   const Veredicto v = correrSemilla(semilla, decir);
   for (const auto& d : v.diferencias) decir(QStringLiteral("DIFERENCIA ") + d);
-  decir(QStringLiteral("%1 eventos, %2 noches, %3 arranques, %4 con problemas").arg(v.eventos).arg(v.noches).arg(v.arranques).arg(v.conProblemas));
+  decir(QStringLiteral("%1 eventos, %2 noches, %3 arranques, %4 con problemas")
+            .arg(v.eventos)
+            .arg(v.noches)
+            .arg(v.arranques)
+            .arg(v.conProblemas));
   return !v.diferencias.isEmpty();
 }
 
@@ -57,7 +65,8 @@ int main(int argc, char** argv) {
   const QCoreApplication app(argc, argv);
   const QStringList args = QCoreApplication::arguments();
   const auto valor = [&](const QString& opcion) { return args.value(args.indexOf(opcion) + 1); };
-  if (args.contains(QStringLiteral("--traza"))) return trazar(valor(QStringLiteral("--traza")).toULongLong());
+  if (args.contains(QStringLiteral("--traza")))
+    return trazar(valor(QStringLiteral("--traza")).toULongLong());
   if (args.contains(QStringLiteral("--semillas"))) {
     const QStringList rango = valor(QStringLiteral("--semillas")).split(QStringLiteral(".."));
     const int de = args.contains(QStringLiteral("-j")) ? valor(QStringLiteral("-j")).toInt() : 1;
