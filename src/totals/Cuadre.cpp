@@ -112,7 +112,8 @@ Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajust
   if (!hay) return std::unexpected(hay.error());
   const auto gran = sumaDe(db, kGranTotal, link, grupo);
   if (!gran) return std::unexpected(gran.error());
-  if (!*hay || gran->first == 0) return lista;
+  // A grand total that was read and holds nothing must foot too: its record may have been lost.
+  if (!*hay || (link != 0 && gran->first == 0)) return lista;
   for (const ClaseTotal& c : enVigor(ajustes)) {
     if (c.numero == kGranTotal) continue;
     const auto vale = comparable(db, c.numero, link, grupo);

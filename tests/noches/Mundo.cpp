@@ -58,7 +58,8 @@ void Mundo::traza(const QString& linea) {
 
 // --- days ---------------------------------------------------------------------------------------
 
-void Mundo::vender(MaquinaViva& m, const std::vector<int>& articulos, QDate dia) {
+void Mundo::vender(MaquinaViva& m, const std::vector<int>& articulos, QDate dia,
+                   double devoluciones) {
   const auto& a = plan_.articulos.at(
       articulos[static_cast<std::size_t>(azar_.entero(0, static_cast<int>(articulos.size()) - 1))]);
   Venta v = venta(a, *m.grupo, azar_);
@@ -66,7 +67,7 @@ void Mundo::vender(MaquinaViva& m, const std::vector<int>& articulos, QDate dia)
   v.hora = v.cuando.qtime().hour();
   auto& memoria = m.maquina->memoria();
   memoria.vender(v);
-  if (!azar_.ocurre(0.05)) return;
+  if (!azar_.ocurre(devoluciones)) return;
   v.importe = -v.importe, v.peso = -v.peso, v.descuento = -v.descuento;
   // A register passes over a department whose returns have taken back its very amount.
   if (m.grupo->tipo == Tipo::Registradora) v.importe += 1;
@@ -128,7 +129,10 @@ void Mundo::empezarNoche(const PlanNoche& n) {
     // one.
     const bool conListas = plan_.leidas.contains({m.grupo->codigo, kPedidos}) ||
                            plan_.leidas.contains({m.grupo->codigo, kInventarios});
-    if (m.grupo->tipo == Tipo::Ebony || conListas)
+    // Nor can one that skips what came to nothing, where a scale is asked for the next that has
+    // sales.
+    const bool salta = plan_.leidas.contains({m.grupo->codigo, kOperHora}) || plan_.optimizada;
+    if (m.grupo->tipo == Tipo::Ebony || conListas || salta)
       fallos.probabilidad[static_cast<std::size_t>(Averia::OtroNumero)] = 0;
     m.maquina->cambiarPercances(simulador::Percances(fallos, azar_.siguiente()));
     m.alEmpezar = m.maquina->memoria().libro().size();
@@ -174,11 +178,19 @@ void Mundo::noche(int n) {
             .arg(enNoche_));
   v_.arranques += arranques;
   v_.conProblemas += resultado != 0;
+  bool aMedias = false;
+  for (auto& m : maquinas_) {
+    std::array<int, 3> partes{};
+    for (const auto& z : m.maquina->memoria().puestas())
+      for (int i = 0; i < 3; ++i) partes[static_cast<std::size_t>(i)] += (z.conjuntos >> i) & 1;
+    m.aMedias = m.aMedias || partes[0] != partes[1] || partes[1] != partes[2];
+    aMedias = aMedias || m.aMedias;
+  }
   // What earlier nights left may be said in the first calm one, and keep a group out of it; then
   // there is nothing left.
   const bool ultima = n + 1 == static_cast<int>(plan_.noches.size());
   oraculo_->finDeNoche(resultado, p.calma && (ultima || !hayFallos_), arranques);
-  const bool todosACero = plan_.aCero.size() == plan_.grupos.size();
+  const bool todosACero = !aMedias && plan_.aCero.size() == plan_.grupos.size();
   if (p.calma && resultado != 0 && todosACero && (ultima || !hayFallos_))
     fallar(QStringLiteral("noche en calma con resultado %1").arg(resultado.value_or(-1)));
   hayFallos_ = hayFallos_ || !p.calma;
@@ -251,10 +263,12 @@ void Mundo::vigilar() {
 void Mundo::caido(const Corte& corte) {
   if (alTrazar_) alTrazar_(QStringLiteral("  !!! corte; vuelve a los %1 s").arg(corte.segundos));
   reloj_.avanzar(corte.segundos * 1000LL);
+  // No returns: amounts that come to nothing don't show when a group is read half before and half
+  // behind a cut.
   for (int n = 0; n < corte.ventas; ++n)
     vender(maquinas_[static_cast<std::size_t>(
                azar_.entero(0, static_cast<int>(maquinas_.size()) - 1))],
-           {codigos_[static_cast<std::size_t>(hoy_)]}, reloj_.ahora().qdate());
+           {codigos_[static_cast<std::size_t>(hoy_)]}, reloj_.ahora().qdate(), 0);
 }
 
 }  // namespace tarvo::noches

@@ -28,7 +28,8 @@ class Mundo {
   void montar();
   void montarMaquina(const PlanGrupo& g, int direccion);
   void dia(int n);
-  void vender(MaquinaViva& m, const std::vector<int>& articulos, QDate cuando);
+  void vender(MaquinaViva& m, const std::vector<int>& articulos, QDate cuando,
+              double devoluciones = 0.05);
   void apuntar(MaquinaViva& m);
   void empezarNoche(const PlanNoche& n);
   void noche(int n);

@@ -143,7 +143,11 @@ Oraculo::Bandeja Oraculo::enBandeja(int clase) {
                 });
   };
   leer(b.filas, QByteArray(t.nombre) + " t WHERE LINK=0");
-  leer(b.base, "BaseFilas t WHERE CLASE=" + QByteArray::number(clase));
+  base_.filas("SELECT DISTINCT ADDR FROM BaseFilas WHERE CLASE=" + QByteArray::number(clase),
+              [&](const Lector::Fila& f) { b.base[f.entero(0)]; });
+  for (auto& [addr, filas] : b.base)
+    leer(filas, "BaseFilas t WHERE CLASE=" + QByteArray::number(clase) +
+                    " AND ADDR=" + QByteArray::number(addr));
   return b;
 }
 
@@ -198,6 +202,7 @@ std::vector<std::size_t> Oraculo::minimos(int clase, bool todo) const {
 
 void Oraculo::contado(int grupo, int clase, const std::vector<std::size_t>& minimo, bool conBandeja,
                       const QString& cuando) {
+  if (aMedias(grupo)) return;
   Sumas s = enPeriodos(clase);
   const auto mal = encaja(grupo, clase, minimo, s);
   if (!mal) return;
@@ -205,8 +210,15 @@ void Oraculo::contado(int grupo, int clase, const std::vector<std::size_t>& mini
   if (b.grupos.contains(grupo)) {
     sumar(s, b.filas, 1);
     if (!encaja(grupo, clase, minimo, s)) return;
-    sumar(s, b.base, -1);
-    if (!encaja(grupo, clase, minimo, s)) return;
+    // Which machines still held what is memorised shows when the reading is memorised.
+    Sumas sinBase = s;
+    for (const auto& [addr, filas] : b.base) {
+      Sumas una = s;
+      sumar(una, filas, -1);
+      sumar(sinBase, filas, -1);
+      if (!encaja(grupo, clase, minimo, una)) return;
+    }
+    if (!encaja(grupo, clase, minimo, sinBase)) return;
   }
   anotar(QStringLiteral("%1: grupo %2 (tipo %3), %4%5")
              .arg(cuando)
@@ -217,6 +229,12 @@ void Oraculo::contado(int grupo, int clase, const std::vector<std::size_t>& mini
                return 0;
              }())
              .arg(*mal, b.grupos.contains(grupo) ? QStringLiteral(" (con bandeja)") : QString()));
+}
+
+bool Oraculo::aMedias(int grupo) const {
+  for (const auto& m : maquinas_)
+    if (m.grupo->codigo == grupo && m.aMedias) return true;
+  return false;
 }
 
 void Oraculo::puestaACero(std::size_t maquina) {

@@ -21,6 +21,9 @@ struct MaquinaViva {
   std::size_t puestas = 0;    // zeroings seen so far
   std::size_t alEmpezar = 0;  // sales and zeroings when the night began
   std::size_t puestasAlEmpezar = 0;
+  // A register that was told to forget a part and not the rest: its totals don't foot from then on,
+  // which is said every night, and somebody has to finish the zeroing by hand.
+  bool aMedias = false;
   struct Linea {
     simulador::Lista lista;
     qint64 peso = 0;  // no two lines of a shop have the same
@@ -44,8 +47,9 @@ class Oraculo {
 
  private:
   struct Bandeja {
-    Sumas filas, base;
-    std::set<qint64> grupos;  // whose rows are of the open session
+    Sumas filas;
+    std::map<qint64, Sumas> base;  // by address
+    std::set<qint64> grupos;       // whose rows are of the open session
   };
   Sumas enPeriodos(int clase, const char* cuales = "1");
   Bandeja enBandeja(int clase);
@@ -54,6 +58,7 @@ class Oraculo {
   std::optional<QString> encaja(int grupo, int clase, const std::vector<std::size_t>& minimos,
                                 const Sumas& hay) const;
   std::vector<std::size_t> minimos(int clase, bool todo) const;
+  bool aMedias(int grupo) const;
   void grupos(bool todo, const QString& cuando);
   void semanas();
   void stock();

@@ -40,7 +40,7 @@ Plan::Plan(quint64 s) : semilla(s) {
   // Each day sells an article of its own, see Mundo::dia, so there are fewer nights than articles.
   const int tope = static_cast<int>(articulos.size()) - 2;
   for (int n = std::min(azar.entero(1, 4), tope - 2); n > 0; --n) noche(azar, maquinas);
-  for (int i = 0; i < 2; ++i) {
+  for (int i = 0; i < 3; ++i) {
     noches.emplace_back().calma = true;
     noches.back().minuto = azar.entero(21 * 60 + 10, 23 * 60);
     noches.back().fallos.resize(maquinas);
@@ -127,8 +127,9 @@ void Plan::pasos(Azar& azar) {
   // A sale made while articles are read shows as long as the grand total is asked before the first
   // or behind the last.
   tareas(azar, QStringLiteral("RXGRTOT"), kGranTotal);
+  optimizada = !azar.ocurre(0.6);
   tareas(azar, QStringLiteral("RXPLUS"), kPLUs,
-         QStringLiteral(", %1, 0000000, 9999999").arg(siNo(azar.ocurre(0.6))));
+         QStringLiteral(", %1, 0000000, 9999999").arg(siNo(!optimizada)));
   for (const auto& l : lecturas) tareas(azar, QString::fromUtf16(l.clave), l.clase);
   const auto cero = [&] { tareas(azar, QStringLiteral("TX_ZERO"), 6, QStringLiteral(", No")); };
   if (cuando == 2) cero();

@@ -60,7 +60,8 @@ struct Plan {
   QStringList proceso;
   std::set<std::pair<int, int>> leidas;  // (group, kind) that the process reads
   std::set<int> aCero;                   // groups that it zeroes
-  bool aUno = true, acumula = false, descuenta = false, exporta = false, corto = false;
+  bool aUno = true, acumula = false, descuenta = false, exporta = false, corto = false,
+       optimizada = false;
   int reintentos = 0;
   std::vector<PlanNoche> noches;
 
