@@ -41,7 +41,8 @@ class Memoria {
   Resultado<> moverNuevas(int clase, const std::vector<int>& grupos, qint64 link);
   Resultado<> mover(const Recibido& r, qint64 link, Modo modo);
   Resultado<> quitarAusentes(const Recibido& r, qint64 link);
-  Resultado<std::optional<Columna>> destinoDe(Periodo& destino, const std::vector<Recibido>& lecturas);
+  Resultado<std::optional<Columna>> destinoDe(Periodo& destino,
+                                              const std::vector<Recibido>& lecturas);
   Resultado<> anotarBase(const Recibido& r, qint64 link);
   Resultado<> anotarOrigen(const Recibido& r, qint64 link);
 

@@ -14,7 +14,7 @@ void correr(quint64 semilla) {
       << "semilla " << semilla << ": " << v.diferencias.join(QStringLiteral("\n  ")).toStdString();
   if (semilla % 20 != 0) return;
   EXPECT_EQ(v.huella, correrSemilla(semilla).huella)
-        << "semilla " << semilla << " no se repite igual";
+      << "semilla " << semilla << " no se repite igual";
 }
 
 class NochesTest : public testing::TestWithParam<int> {};
