@@ -24,16 +24,17 @@ Resultado<QString> motivoDeLecturas(Database& db, int grupo) {
       NombreTabla(static_cast<int>((*rs)->entero(0))));
 }
 
-// The kinds of which the open session holds a reading that contains memorised sales. They are taken off when it is
-// memorised, whether or not the machine is zeroed meanwhile.
+// The kinds of which the open session holds a reading that contains memorised sales. They are taken
+// off when it is memorised, whether or not the machine is zeroed meanwhile.
 Resultado<QString> clasesQueEsperan(Database& db, const Ajustes& ajustes, int grupo, int abierta) {
   QStringList clases{u"0"_s};
   for (const ClaseTotal& c : enVigor(ajustes)) {
     if (abierta != 2) break;
-    const auto n = db.uno(QString(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND CODGPO=GRUPO AND "_s
-                                  u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND "_s +
-                                  QString::fromUtf16(c.sesion)),
-                          grupo, c.numero);
+    const auto n = db.uno(
+        QString(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND CODGPO=GRUPO AND "_s
+                u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND "_s +
+                QString::fromUtf16(c.sesion)),
+        grupo, c.numero);
     if (!n) return std::unexpected(n.error());
     if (n->entero() > 0) clases << QString::number(c.numero);
   }
@@ -42,9 +43,10 @@ Resultado<QString> clasesQueEsperan(Database& db, const Ajustes& ajustes, int gr
 
 // Leaves as memorised only what the machines other than `addr` hold, for a group of several.
 Resultado<> quitarDeLaBase(Database& db, int grupo, int addr, const QString& menos) {
-  auto rs = db.consultar(u"SELECT CLASE FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND MAQUINAS>1 AND "_s
-                         u"CLASE NOT IN (%1)"_s.arg(menos),
-                         grupo);
+  auto rs = db.consultar(
+      u"SELECT CLASE FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND MAQUINAS>1 AND "_s
+      u"CLASE NOT IN (%1)"_s.arg(menos),
+      grupo);
   if (!rs) return std::unexpected(rs.error());
   std::vector<int> clases;
   for (; !(*rs)->Eof();) {
@@ -53,17 +55,18 @@ Resultado<> quitarDeLaBase(Database& db, int grupo, int addr, const QString& men
   }
   for (const int c : clases) TARVO_INTENTAR(apartarBase(db, grupo, c));
   TARVO_INTENTAR(db.ejecutar(
-      u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=? AND CLASE NOT IN (%1)"_s.arg(menos), grupo, addr));
+      u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=? AND CLASE NOT IN (%1)"_s.arg(menos), grupo,
+      addr));
   return {};
 }
 
 Resultado<> olvidarBase(Database& db, int grupo, const QString& menos) {
-  TARVO_INTENTAR(
-      db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE NOT IN (%1)"_s.arg(menos), grupo));
-  TARVO_INTENTAR(
-      db.ejecutar(u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=? "_s
-                  u"AND CLASE NOT IN (%1)"_s.arg(menos),
-                  grupo));
+  TARVO_INTENTAR(db.ejecutar(
+      u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE NOT IN (%1)"_s.arg(menos), grupo));
+  TARVO_INTENTAR(db.ejecutar(
+      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=? "_s
+      u"AND CLASE NOT IN (%1)"_s.arg(menos),
+      grupo));
   return {};
 }
 
