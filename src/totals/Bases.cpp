@@ -168,8 +168,8 @@ Resultado<> darPorOlvidadas(Database& db, const Ajustes& ajustes, int grupo,
 }  // namespace
 
 // A reading that went wrong may be lower than it should be. So a kind that went down counts only
-// when another kind of the same session has the same amount, or when it is the only one; without
-// any two that agree nobody can tell.
+// when another kind of the same session has the same amount, or when no other was ever memorised;
+// without any two that agree nobody can tell.
 Resultado<> resolverBases(Database& db, const Ajustes& ajustes, std::vector<Aviso>& avisos) {
   const auto lista = releidas(db, ajustes);
   if (!lista) return std::unexpected(lista.error());
@@ -183,10 +183,14 @@ Resultado<> resolverBases(Database& db, const Ajustes& ajustes, std::vector<Avis
   for (const auto& [grupo, clases] : bajadas) {
     const auto sumas = sumasRecibidas(db, ajustes, grupo);
     if (!sumas) return std::unexpected(sumas.error());
-    bool algunAcuerdo = sumas->size() < 2;
+    const auto memorizadas =
+        db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL"_s, grupo);
+    if (!memorizadas) return std::unexpected(memorizadas.error());
+    const bool sola = sumas->size() < 2 && memorizadas->entero() < 2;
+    bool algunAcuerdo = sola;
     std::set<int> addrs;
     for (const auto& [suma, clase] : *sumas) {
-      const bool deAcuerdo = sumas->size() < 2 || sumas->count(suma) > 1;
+      const bool deAcuerdo = sola || sumas->count(suma) > 1;
       algunAcuerdo = algunAcuerdo || deAcuerdo;
       const auto it = clases.find(clase);
       if (deAcuerdo && it != clases.end()) addrs.insert(it->second.begin(), it->second.end());
