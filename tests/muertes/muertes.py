@@ -76,9 +76,9 @@ class Noche:
             p.kill()
             p.wait()
             muertes += 1
-            self.donde["arranque" if hechos is None else self.pasos[hechos].split(",")[0]] += 1
+            self.donde["arranque" if hechos is None else self.pasos[hechos].split(",")[0] or "final"] += 1
             # A run whose record is gone had ended, but for its goodbye.
-            if hechos is not None and self.paso() is None:
+            if self.paso() is None and "Ejecución finalizada" in self.t.salida.read_text("utf-8"):
                 return 0, muertes
 
 

@@ -57,7 +57,7 @@ class Tienda:
     def __init__(self, grupos, ventas=60, semilla=1, transporte=None, pasos=None, fallos=None):
         """`transporte` gives for a group's code what differs from TCP: (json of the simulator, SQL assignments)."""
         self.carpeta = pathlib.Path(tempfile.mkdtemp(prefix="muertes-"))
-        self.grupos, self.dias, self.simulador = grupos, 1, None
+        self.grupos, self.dias, self.simulador, self.adelanto = grupos, 1, None, {}
         self.estado = self.carpeta / "estado.json"
         self.escribir("NADA.AUT", "")
         self.escribir("NOCHE.AUT", "".join(p + "\r\n" for p in pasos or noche(grupos)))
@@ -116,9 +116,10 @@ class Tienda:
     # --- processes ------------------------------------------------------------------------------
 
     def entorno(self, noche):
-        fecha = PRIMERA + datetime.timedelta(days=noche)
-        return {**os.environ, "LD_PRELOAD": str(RELOJ), "TZ": "UTC",
-                "MUERTES_SEGUNDOS": str(int(fecha.replace(tzinfo=datetime.timezone.utc).timestamp() - time.time()))}
+        if noche not in self.adelanto:  # one for all the runs of a night: its clock doesn't go back
+            fecha = (PRIMERA + datetime.timedelta(days=noche)).replace(tzinfo=datetime.timezone.utc)
+            self.adelanto[noche] = int(fecha.timestamp() - time.time())
+        return {**os.environ, "LD_PRELOAD": str(RELOJ), "TZ": "UTC", "MUERTES_SEGUNDOS": str(self.adelanto[noche])}
 
     def lanzar(self, proceso="NOCHE", noche=0, **mas):
         self.salida = self.carpeta / "salida.txt"
@@ -130,7 +131,12 @@ class Tienda:
         """The exit status and the lines of one run."""
         (self.carpeta / "salida.txt").unlink(missing_ok=True)
         p = self.lanzar(proceso, noche, **mas)
-        estado = p.wait(plazo)
+        try:
+            estado = p.wait(plazo)
+        except subprocess.TimeoutExpired:
+            p.kill()
+            p.wait()
+            estado = "sin fin"
         return estado, self.salida.read_text("utf-8", errors="replace")
 
     def encender(self):
@@ -253,7 +259,9 @@ class Tienda:
                 fallos.append(f"VENTAS.EXP: {bloques} bloques en {self.dias} noches")
         for nombre, hay in vistas.items():
             for clave in sorted(esperado.keys() | hay.keys()):
-                if esperado[clave] != hay[clave]:
+                # A register's department whose sales and returns come to nothing is not kept: no count.
+                iguales = 1 if clave[1] == "DEP" and TIPO[clave[0]] == 3 else 2
+                if esperado[clave][:iguales] != hay[clave][:iguales]:
                     fallos.append(f"{nombre}: {clave} vendido {esperado[clave]} anotado {hay[clave]}")
         vendido, descontado = self.stock(maquinas)
         fallos += [f"stock: {k} vendido {vendido.get(k)} descontado {descontado.get(k)}"
