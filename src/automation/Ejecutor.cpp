@@ -111,7 +111,7 @@ Resultado<Hecho> Ejecutor::hacer(const PasoProceso& p, Ejecucion& e, Vigilancia&
 
 // --- tasks --------------------------------------------------------------------------------------
 
-Resultado<Hecho> Ejecutor::tarea(const PasoProceso& p, const Ejecucion& e) {
+Resultado<Hecho> Ejecutor::tarea(const PasoProceso& p, Ejecucion& e) {
   Hecho h;
   const auto orden = ordenDe(p);
   const auto grupos = gruposDe(p, t_.db);
@@ -130,6 +130,11 @@ Resultado<Hecho> Ejecutor::tarea(const PasoProceso& p, const Ejecucion& e) {
     }
     h.error(codigo);
     rechazados += Ceros(g, 4);
+    // What the group holds now isn't read in this run, so it must not be told to forget it.
+    if (codigo == 1) {
+      e.fallidos.insert(g);
+      t_.motor.anadirGrupoFallido(g);
+    }
   }
   if (!rechazados.isEmpty())
     h.decir(QStringLiteral("Grupos rechazados: ") + rechazados.join(u", "));

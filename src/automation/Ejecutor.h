@@ -44,7 +44,7 @@ class Ejecutor {
   bool colaVacia(const PasoProceso& espera, Vigilancia& vigilancia);
 
  private:
-  Resultado<Hecho> tarea(const PasoProceso& p, const Ejecucion& e);
+  Resultado<Hecho> tarea(const PasoProceso& p, Ejecucion& e);
   Hecho sesion(const PasoProceso& p, Ejecucion& e);
   void cerrar(const PasoProceso& p, Ejecucion& e, Hecho& h);
   void noMemorizado(Ejecucion& e, Hecho& h);

@@ -1,5 +1,7 @@
-// Warehouses and their six counters an article. The stock is not stored: Inicial + Entrada + Compra - Salida - Venta
-// - Merma, in grams or units by the article's CADA. Every operation is one transaction, or a savepoint of the caller's.
+// Warehouses and their six counters an article. The stock is not stored: Inicial + Entrada + Compra
+// - Salida - Venta
+// - Merma, in grams or units by the article's CADA. Every operation is one transaction, or a
+// savepoint of the caller's.
 #pragma once
 
 #include <array>
@@ -43,15 +45,27 @@ class Almacenes {
   // Nothing when the code or the name exists.
   Resultado<std::optional<class Almacen>> Nuevo(int codigo, const QString& nombre);
   Resultado<bool> Eliminar(int codigo);
-  struct Fila { int CODALM; QString NOMALM; std::optional<Fecha> FCHINI, FCHREG; };
+  struct Fila {
+    int CODALM;
+    QString NOMALM;
+    std::optional<Fecha> FCHINI, FCHREG;
+  };
   Resultado<std::vector<Fila>> Lista();
-  struct FilaStock { int seccion; qint64 codigo; QString nombre; int cada; qint64 stock; std::array<qint64, 6> contadores; };
+  struct FilaStock {
+    int seccion;
+    qint64 codigo;
+    QString nombre;
+    int cada;
+    qint64 stock;
+    std::array<qint64, 6> contadores;
+  };
   Resultado<std::vector<FilaStock>> ListaStock(int seccion, int vista, int orden);
-  // Takes the article totals of a period off stock `veces` times (negative: puts them back) and adds veces to its
-  // stkADO. False when the period is not stockable or not there.
+  // Takes the article totals of a period off stock `veces` times (negative: puts them back) and
+  // adds veces to its stkADO. False when the period is not stockable or not there.
   Resultado<bool> DescontarVenta(qint64 link, int veces);
-  // The same move for totals rows that no period holds any more: a query giving GRUPO, CODI, CON, PES. No mark is
-  // touched. Totals of a group without a warehouse, and of articles that are no more, have no stock to move.
+  // The same move for totals rows that no period holds any more: a query giving GRUPO, CODI, CON,
+  // PES. No mark is touched. Totals of a group without a warehouse, and of articles that are no
+  // more, have no stock to move.
   Resultado<> descontarFilas(const QString& consulta, int veces);
   Resultado<std::optional<int>> CodigoAlmacen(const QString& nombre);
 

@@ -19,7 +19,9 @@ QString textoDe(const char16_t* s) {
   return QString::fromUtf16(s);
 }
 
-// A reading of the open session whose machine held memorised sales when it was read.
+// A reading of the open session whose machine held memorised sales when it was read. Where those
+// didn't foot they may be too many, and a lower count proves nothing: such a group was not zeroed
+// by us.
 struct Releida {
   int grupo = 0;
   const ClaseTotal* clase = nullptr;
@@ -33,7 +35,7 @@ Resultado<std::vector<Releida>> releidas(Database& db, const Ajustes& ajustes) {
     auto rs = db.consultar(
         QString(
             u"SELECT GRUPO, MAQUINAS, ENTERA, ADDR FROM Lecturas, Sesiones WHERE CODGPO=GRUPO AND "_s
-            u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND "_s +
+            u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND BASE_DUDOSA=0 AND "_s +
             textoDe(c.sesion) + u" ORDER BY GRUPO"_s),
         c.numero);
     if (!rs) return std::unexpected(rs.error());
@@ -117,31 +119,94 @@ Resultado<> fecharCero(Database& db, const Ajustes& ajustes, int grupo, Fecha cu
   return {};
 }
 
+// The kinds that the open session received of a group, with the sum of their amounts.
+Resultado<std::multimap<qint64, int>> sumasRecibidas(Database& db, const Ajustes& ajustes,
+                                                     int grupo) {
+  std::multimap<qint64, int> sumas;
+  for (const ClaseTotal& c : enVigor(ajustes)) {
+    auto rs = db.consultar(
+        QString(u"SELECT COALESCE(SUM(IMP),0) FROM Sesiones LEFT JOIN "_s + textoDe(c.tabla) +
+                u" t ON t.GRUPO=CODGPO AND t.LINK=0 WHERE CODGPO=? AND "_s + textoDe(c.sesion) +
+                u" GROUP BY CODGPO"_s),
+        grupo);
+    if (!rs) return std::unexpected(rs.error());
+    if (!(*rs)->Eof()) sumas.emplace((*rs)->entero(0), c.numero);
+  }
+  return sumas;
+}
+
+// The group stays out of this memorisation, and isn't zeroed: its next whole reading holds all that
+// this one does.
+Resultado<> dejarFuera(Database& db, const Ajustes& ajustes, int grupo) {
+  for (const ClaseTotal& c : enVigor(ajustes))
+    TARVO_INTENTAR(db.ejecutar(
+        QString(u"UPDATE Sesiones SET "_s + textoDe(c.sesion) + u"=FALSE WHERE CODGPO=?"_s),
+        grupo));
+  TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET ESTADO=4 WHERE GRUPO=? AND ESTADO=2"_s, grupo));
+  return {};
+}
+
+// What is said and done of the machines that have forgotten.
+Resultado<> darPorOlvidadas(Database& db, const Ajustes& ajustes, int grupo,
+                            const std::set<int>& addrs, std::vector<Aviso>& avisos) {
+  for (const int addr : addrs) {
+    bool anunciado = false;
+    const auto cuando = momentoDelCero(db, grupo, addr, anunciado);
+    if (!cuando) return std::unexpected(cuando.error());
+    TARVO_INTENTAR(olvidar(db, grupo, addr));
+    TARVO_INTENTAR(fecharCero(db, ajustes, grupo, *cuando));
+    avisos.push_back({grupo,
+                      u"Grupo %1: sus contadores bajaron desde la última lectura "_s
+                      u"memorizada; se da por puesto a "_s
+                      u"cero el %2"_s.arg(grupo)
+                          .arg(cuando->general()),
+                      !anunciado});
+  }
+  return {};
+}
+
 }  // namespace
 
+// A reading that went wrong may be lower than it should be. So a kind that went down counts only
+// when another kind of the same session has the same amount, or when no other was ever memorised;
+// without any two that agree nobody can tell.
 Resultado<> resolverBases(Database& db, const Ajustes& ajustes, std::vector<Aviso>& avisos) {
   const auto lista = releidas(db, ajustes);
   if (!lista) return std::unexpected(lista.error());
-  std::map<int, std::set<int>> ceros;
+  std::map<int, std::map<int, std::set<int>>> bajadas;  // group, kind, addresses
   for (const Releida& r : *lista) {
     const auto addrs = bajaron(db, r);
     if (!addrs) return std::unexpected(addrs.error());
-    if (!addrs->empty()) ceros[r.grupo].insert(addrs->begin(), addrs->end());
+    if (!addrs->empty()) bajadas[r.grupo][r.clase->numero] = *addrs;
   }
-  for (const auto& [grupo, addrs] : ceros) {
-    for (const int addr : addrs) {
-      bool anunciado = false;
-      const auto cuando = momentoDelCero(db, grupo, addr, anunciado);
-      if (!cuando) return std::unexpected(cuando.error());
-      TARVO_INTENTAR(olvidar(db, grupo, addr));
-      TARVO_INTENTAR(fecharCero(db, ajustes, grupo, *cuando));
-      avisos.push_back({grupo,
-                        u"Grupo %1: sus contadores bajaron desde la última lectura "_s
-                        u"memorizada; se da por puesto a "_s
-                        u"cero el %2"_s.arg(grupo)
-                            .arg(cuando->general()),
-                        !anunciado});
+  std::set<int> ceros;
+  for (const auto& [grupo, clases] : bajadas) {
+    const auto sumas = sumasRecibidas(db, ajustes, grupo);
+    if (!sumas) return std::unexpected(sumas.error());
+    const auto memorizadas =
+        db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL"_s, grupo);
+    if (!memorizadas) return std::unexpected(memorizadas.error());
+    const bool sola = sumas->size() < 2 && memorizadas->entero() < 2;
+    bool algunAcuerdo = sola;
+    std::set<int> addrs;
+    for (const auto& [suma, clase] : *sumas) {
+      const bool deAcuerdo = sola || sumas->count(suma) > 1;
+      algunAcuerdo = algunAcuerdo || deAcuerdo;
+      const auto it = clases.find(clase);
+      if (deAcuerdo && it != clases.end()) addrs.insert(it->second.begin(), it->second.end());
     }
+    if (!algunAcuerdo) {
+      TARVO_INTENTAR(dejarFuera(db, ajustes, grupo));
+      avisos.push_back(
+          {grupo,
+           u"Grupo %1: sus totales no cuadran entre sí y algunos bajaron; no se memorizan. Vuelva a "_s
+           u"recogerlos"_s.arg(grupo),
+           true});
+      ceros.insert(grupo);
+    }
+    if (!algunAcuerdo || addrs.empty()) continue;
+    TARVO_INTENTAR(darPorOlvidadas(db, ajustes, grupo, addrs, avisos));
+    ceros.insert(grupo);
   }
   // An unconfirmed zeroing of a machine that still holds what was memorised did not happen.
   for (const Releida& r : *lista)

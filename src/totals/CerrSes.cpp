@@ -97,6 +97,17 @@ void avisarDeBases(const std::vector<Recibido>& recibidos, std::vector<Aviso>& a
   }
 }
 
+// What was memorised of a group whose totals don't foot may be more than its machines hold.
+Resultado<> anotarDudosas(dao::Database& db, const std::vector<Recibido>& recibidos, int grupo) {
+  const auto mal = db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=4"_s, grupo);
+  if (!mal) return std::unexpected(mal.error());
+  for (const Recibido& r : recibidos)
+    if (r.CODGPO == grupo)
+      TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET BASE_DUDOSA=? WHERE GRUPO=? AND CLASE=?"_s,
+                                 mal->entero() > 0, grupo, r.clase));
+  return {};
+}
+
 }  // namespace
 
 CerrSes::CerrSes(Sesion& sesion, Periodos& periodos) : s_(sesion), p_(periodos) {}
@@ -163,6 +174,7 @@ Resultado<std::vector<qint64>> CerrSes::memorizar(std::vector<Aviso>& avisos) {
         u"UPDATE Lecturas SET ESTADO=0 WHERE GRUPO=? AND ESTADO IN (1, 3) AND EJECUCION<?"_s, g,
         s_.ejecucion()));
     TARVO_INTENTAR(anotarCuadre(s_.base(), s_.ajustes(), g, avisos));
+    TARVO_INTENTAR(anotarDudosas(s_.base(), recibidos_, g));
   }
   return links;
 }

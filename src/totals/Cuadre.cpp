@@ -48,10 +48,25 @@ Resultado<bool> comparable(dao::Database& db, int numero, qint64 link, int grupo
   return n->entero() > 0;
 }
 
+// The periods that were added into this one, by number.
+Resultado<QString> sumandos(dao::Database& db, qint64 link) {
+  auto rs = db.consultar(
+      u"SELECT s.LINK FROM COLUMNA s, COLUMNA d WHERE d.LINK=? AND s.FECHA1>=d.FECHA1 AND s.FECHAF<=d.FECHAF AND "_s
+      u"((d.TIPO=2 AND s.ACUM2<>0) OR (d.TIPO=3 AND s.ACUM3<>0) OR (d.TIPO=4 AND s.ACUM4<>0)) ORDER BY s.LINK"_s,
+      link);
+  if (!rs) return std::unexpected(rs.error());
+  QStringList numeros;
+  for (; !(*rs)->Eof();) {
+    numeros << QString::number((*rs)->entero(0));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return numeros.isEmpty() ? u"sin lectura anotada (importado, sumado o a mano)"_s
+                           : u"suma de los periodos "_s + numeros.join(u", "_s);
+}
+
 Resultado<QString> origenDe(dao::Database& db, qint64 link, int grupo, int numero) {
   auto rs = db.consultar(
-      u"SELECT LEIDO, DESDE, HASTA, MODO, EJECUCION FROM Origenes WHERE LINK=? AND GRUPO=? AND "_s
-      u"CLASE=? ORDER BY LEIDO"_s,
+      u"SELECT LEIDO, DESDE, HASTA, MODO FROM Origenes WHERE LINK=? AND GRUPO=? AND CLASE=? ORDER BY LEIDO"_s,
       link, grupo, numero);
   if (!rs) return std::unexpected(rs.error());
   QStringList partes;
@@ -62,7 +77,8 @@ Resultado<QString> origenDe(dao::Database& db, qint64 link, int grupo, int numer
         (*rs)->texto(3) == u"diferencia"_s ? u" (diferencia)"_s : QString());
     TARVO_INTENTAR((*rs)->MoveNext());
   }
-  return partes.isEmpty() ? u"sin lectura anotada (importado o a mano)"_s : partes.join(u"; "_s);
+  if (partes.isEmpty()) return sumandos(db, link);
+  return partes.join(u"; "_s);
 }
 
 Resultado<QString> informeGrupo(dao::Database& db, const Ajustes& a, qint64 link, int grupo,
@@ -96,7 +112,8 @@ Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajust
   if (!hay) return std::unexpected(hay.error());
   const auto gran = sumaDe(db, kGranTotal, link, grupo);
   if (!gran) return std::unexpected(gran.error());
-  if (!*hay || gran->first == 0) return lista;
+  // A grand total that was read and holds nothing must foot too: its record may have been lost.
+  if (!*hay || (link != 0 && gran->first == 0)) return lista;
   for (const ClaseTotal& c : enVigor(ajustes)) {
     if (c.numero == kGranTotal) continue;
     const auto vale = comparable(db, c.numero, link, grupo);
@@ -134,10 +151,12 @@ Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, int grupo,
 Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes,
                                  std::optional<qint64> link) {
   auto rs =
-      link ? db.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA WHERE LINK=?"_s,
-                          *link)
-           : db.consultar(
-                 u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA ORDER BY LINK DESC"_s);
+      link
+          ? db.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA WHERE LINK=?"_s,
+                         *link)
+          : db.consultar(
+                u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA ORDER BY LINK IN (SELECT LINK FROM Origenes) DESC, "_s
+                u"LINK DESC"_s);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof())
     return fallo(Fallo::NoExiste, link ? u"No hay ningún periodo con el número %1."_s.arg(*link)

@@ -25,8 +25,8 @@ Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajust
 Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, int grupo,
                          std::vector<Aviso>& avisos);
 
-// The comparison for a period (the last one when none is named), group by group, with where each
-// number came from.
+// The comparison for a period (the last one that was memorised when none is named), group by group,
+// with where each number came from.
 Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes,
                                  std::optional<qint64> link);
 

@@ -26,6 +26,33 @@ QString lista(const std::vector<int>& grupos) {
 
 }  // namespace
 
+namespace {
+
+// Periods were added into this one: its rows are not of its own readings alone.
+Resultado<bool> tieneAcumulados(dao::Database& db, const Columna& c) {
+  if (c.periodo.tipo < kSemanal || c.periodo.tipo > kAnual) return false;
+  const auto n =
+      db.uno(u"SELECT count(*) FROM COLUMNA WHERE ACUM%1<>0 AND FECHA1>=? AND FECHAF<=?"_s.arg(
+                 c.periodo.tipo),
+             c.periodo.desde, c.periodo.hasta);
+  if (!n) return std::unexpected(n.error());
+  return n->entero() > 0;
+}
+
+}  // namespace
+
+// A period that only sums others takes no reading: its sales would be in no day, and out of no
+// stock. They get a period of their own dates.
+Resultado<std::optional<Columna>> Memoria::destinoDe(Periodo& destino,
+                                                     const std::vector<Recibido>& lecturas) {
+  auto existe = p_.BuscarPeriodo(destino.tipo, destino.desde, destino.hasta);
+  if (!existe || !*existe || (*existe)->stkABLE) return existe;
+  destino.tipo = kOtros;
+  destino.desde = std::ranges::min(lecturas, {}, &Recibido::desde).desde;
+  destino.hasta = std::ranges::max(lecturas, {}, &Recibido::hasta).hasta;
+  return p_.BuscarPeriodo(destino.tipo, destino.desde, destino.hasta);
+}
+
 Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool sustituir,
                                          std::vector<Aviso>& avisos) {
   const ClaseTotal* c = clase(r.clase);
@@ -94,6 +121,29 @@ Resultado<> Memoria::mover(const Recibido& r, qint64 link, Modo modo) {
               u"IMP=COALESCE(IMP,0)+COALESCE(excluded.IMP,0), "_s
               u"SCO=COALESCE(SCO,0)+COALESCE(excluded.SCO,0)"_s),
       link, r.CODGPO));
+  return r.conBase ? quitarAusentes(r, link) : Resultado<>{};
+}
+
+// What is memorised of a code that a whole reading no longer names is taken off too, as any other
+// difference.
+Resultado<> Memoria::quitarAusentes(const Recibido& r, qint64 link) {
+  const ClaseTotal* c = clase(r.clase);
+  const QString tabla = u16(c->tabla), hora = c->conHora ? u", HORA"_s : QString();
+  TARVO_INTENTAR(db_.ejecutar(
+      QString(
+          u"INSERT INTO "_s + tabla + u" (LINK, GRUPO, CODI"_s + hora +
+          u", CON, PES, IMP, SCO) SELECT ?, b.GRUPO, b.CODI"_s +
+          (c->conHora ? u", b.HORA"_s : QString()) +
+          u", -SUM(b.CON), -SUM(b.PES), -SUM(b.IMP), -SUM(b.SCO) FROM BaseFilas b "_s
+          u"WHERE b.GRUPO=? AND b.CLASE=? AND NOT EXISTS (SELECT 1 FROM "_s +
+          tabla + u" i WHERE i.LINK=0 AND i.GRUPO=b.GRUPO AND i.CODI=b.CODI"_s +
+          (c->conHora ? u" AND i.HORA=b.HORA"_s : QString()) +
+          u") AND EXISTS (SELECT 1 FROM Lecturas l WHERE l.GRUPO=b.GRUPO AND l.CLASE=b.CLASE AND l.ENTERA<>0) "_s
+          u"GROUP BY b.GRUPO, b.CODI, b.HORA ON CONFLICT (LINK, GRUPO, CODI"_s +
+          hora +
+          u") DO UPDATE SET CON=COALESCE(CON,0)+excluded.CON, PES=COALESCE(PES,0)+excluded.PES, "_s
+          u"IMP=COALESCE(IMP,0)+excluded.IMP, SCO=COALESCE(SCO,0)+excluded.SCO"_s),
+      link, r.CODGPO, r.clase));
   return {};
 }
 
@@ -158,11 +208,16 @@ void Memoria::sumarSiAlgoBaja(const std::vector<Recibido>& lecturas, std::vector
       modos[i] = Modo::Sumar;
 }
 
-Resultado<qint64> Memoria::incorporar(const Periodo& destino, const std::vector<Recibido>& lecturas,
+Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibido>& lecturas,
                                       bool sustituir, const QString& descr,
                                       std::vector<Aviso>& avisos) {
-  const auto existe = p_.BuscarPeriodo(destino.tipo, destino.desde, destino.hasta);
+  const auto existe = destinoDe(destino, lecturas);
   if (!existe) return std::unexpected(existe.error());
+  if (*existe) {
+    const auto acumulados = tieneAcumulados(db_, **existe);
+    if (!acumulados) return std::unexpected(acumulados.error());
+    sustituir = sustituir && !*acumulados;
+  }
   qint64 link = *existe ? (*existe)->LINK : 0;
   std::vector<Modo> modos;
   for (const Recibido& r : lecturas) {

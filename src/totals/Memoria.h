@@ -30,7 +30,7 @@ class Memoria {
       : db_(db), a_(ajustes), p_(periodos), ejecucion_(ejecucion) {}
 
   // Moves these readings into one period, which is made when it is missing. Its LINK.
-  Resultado<qint64> incorporar(const Periodo& destino, const std::vector<Recibido>& lecturas,
+  Resultado<qint64> incorporar(Periodo destino, const std::vector<Recibido>& lecturas,
                                bool sustituir, const QString& descr, std::vector<Aviso>& avisos);
 
  private:
@@ -40,6 +40,9 @@ class Memoria {
                          std::vector<Aviso>& avisos);
   Resultado<> moverNuevas(int clase, const std::vector<int>& grupos, qint64 link);
   Resultado<> mover(const Recibido& r, qint64 link, Modo modo);
+  Resultado<> quitarAusentes(const Recibido& r, qint64 link);
+  Resultado<std::optional<Columna>> destinoDe(Periodo& destino,
+                                              const std::vector<Recibido>& lecturas);
   Resultado<> anotarBase(const Recibido& r, qint64 link);
   Resultado<> anotarOrigen(const Recibido& r, qint64 link);
 

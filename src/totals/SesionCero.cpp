@@ -1,5 +1,6 @@
 // Telling a machine to forget: who may be told, the intention on disk before the frame goes, and
 // what is written when the machine has confirmed.
+#include "totals/Cuadre.h"
 #include "totals/SesionInterior.h"
 
 namespace tarvo::totals {
@@ -23,10 +24,29 @@ Resultado<QString> motivoDeLecturas(Database& db, int grupo) {
       NombreTabla(static_cast<int>((*rs)->entero(0))));
 }
 
+// The kinds of which the open session holds a reading that contains memorised sales. They are taken
+// off when it is memorised, whether or not the machine is zeroed meanwhile.
+Resultado<QString> clasesQueEsperan(Database& db, const Ajustes& ajustes, int grupo, int abierta) {
+  QStringList clases{u"0"_s};
+  for (const ClaseTotal& c : enVigor(ajustes)) {
+    if (abierta != 2) break;
+    const auto n = db.uno(
+        QString(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND CODGPO=GRUPO AND "_s
+                u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND "_s +
+                QString::fromUtf16(c.sesion)),
+        grupo, c.numero);
+    if (!n) return std::unexpected(n.error());
+    if (n->entero() > 0) clases << QString::number(c.numero);
+  }
+  return clases.join(u',');
+}
+
 // Leaves as memorised only what the machines other than `addr` hold, for a group of several.
-Resultado<> quitarDeLaBase(Database& db, int grupo, int addr) {
+Resultado<> quitarDeLaBase(Database& db, int grupo, int addr, const QString& menos) {
   auto rs = db.consultar(
-      u"SELECT CLASE FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND MAQUINAS>1"_s, grupo);
+      u"SELECT CLASE FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND MAQUINAS>1 AND "_s
+      u"CLASE NOT IN (%1)"_s.arg(menos),
+      grupo);
   if (!rs) return std::unexpected(rs.error());
   std::vector<int> clases;
   for (; !(*rs)->Eof();) {
@@ -34,14 +54,18 @@ Resultado<> quitarDeLaBase(Database& db, int grupo, int addr) {
     TARVO_INTENTAR((*rs)->MoveNext());
   }
   for (const int c : clases) TARVO_INTENTAR(apartarBase(db, grupo, c));
-  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
+  TARVO_INTENTAR(db.ejecutar(
+      u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=? AND CLASE NOT IN (%1)"_s.arg(menos), grupo,
+      addr));
   return {};
 }
 
-Resultado<> olvidarBase(Database& db, int grupo) {
-  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=?"_s, grupo));
+Resultado<> olvidarBase(Database& db, int grupo, const QString& menos) {
   TARVO_INTENTAR(db.ejecutar(
-      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=?"_s,
+      u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE NOT IN (%1)"_s.arg(menos), grupo));
+  TARVO_INTENTAR(db.ejecutar(
+      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=? "_s
+      u"AND CLASE NOT IN (%1)"_s.arg(menos),
       grupo));
   return {};
 }
@@ -58,6 +82,9 @@ Resultado<> marcarPuestaACero(Database& db, int grupo, Fecha cuando) {
 }  // namespace
 
 Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
+  // A zeroing that comes before the memorisation: sales made while the group was read show here.
+  std::vector<Aviso> diferencias;
+  if (d->abierta == 2) TARVO_INTENTAR(anotarCuadre(db_, ajustes_, grupo, diferencias));
   const auto motivo = motivoDeLecturas(db_, grupo);
   if (!motivo) return std::unexpected(motivo.error());
   if (!motivo->isEmpty()) return PermisoCero{false, false, *motivo};
@@ -113,11 +140,13 @@ Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima) {
       u"EJECUCION=excluded.EJECUCION, "_s
       u"HECHO=excluded.HECHO, SEC_HECHO=excluded.SEC_HECHO"_s,
       grupo, addr, d->ejecucion, ahora, *sec, ahora, *sec));
+  const auto esperan = clasesQueEsperan(db_, ajustes_, grupo, d->abierta);
+  if (!esperan) return std::unexpected(esperan.error());
   if (ultima) {
-    TARVO_INTENTAR(olvidarBase(db_, grupo));
+    TARVO_INTENTAR(olvidarBase(db_, grupo, *esperan));
     TARVO_INTENTAR(marcarPuestaACero(db_, grupo, d->abierta > 0 ? d->aCero : ahora));
   } else {
-    TARVO_INTENTAR(quitarDeLaBase(db_, grupo, addr));
+    TARVO_INTENTAR(quitarDeLaBase(db_, grupo, addr, *esperan));
   }
   return tr->confirmar();
 }

@@ -24,7 +24,8 @@ class VerTot {
   bool ClrSelec();
   Resultado<bool> Seleccionar(int tipo, Fecha desde, Fecha hasta);
   Resultado<bool> SelecHnd(qint64 link);
-  // A period that isn't stockable is passed over and makes it false; one that is discounted already is passed over.
+  // A period that isn't stockable is passed over and makes it false; one that is discounted already
+  // is passed over.
   Resultado<bool> StockIntv(bool deshacer = false);
   // Into the period that holds the whole selection, which must exist. The selection stays.
   Resultado<bool> SumarIntv();
@@ -34,7 +35,8 @@ class VerTot {
   Resultado<int> ChequeoAcumulado(const Columna& c, int tipo);
 
  private:
-  Resultado<bool> conSeleccion(const std::function<Resultado<bool>(const Columna&, bool antes)>& paso);
+  Resultado<bool> conSeleccion(
+      const std::function<Resultado<bool>(const Columna&, bool antes)>& paso);
   Resultado<std::vector<qint64>> entreFechas(int tipo, Fecha desde, Fecha hasta);
   Resultado<std::optional<Columna>> destinoDeSuma();
   void anadir(qint64 link);

@@ -1,5 +1,5 @@
-// Periods to .EXP files and back. Layouts: docs/formatos.md. A block is in the file whole or not at all: the new
-// file is written beside the old one, flushed and renamed.
+// Periods to .EXP files and back. Layouts: docs/formatos.md. A block is in the file whole or not at
+// all: the new file is written beside the old one, flushed and renamed.
 #pragma once
 
 #include <optional>
@@ -18,14 +18,16 @@ class XporTot {
  public:
   XporTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
 
-  // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a point), behind what the file
-  // holds. False when the first period is not there. A value that can't fit its column stops the whole export with an
-  // Error that names the period and the row; nothing is written then. An export that was cut off between the
-  // file and the database is recognised (table Exportes, by `marca`) and not written twice; `marca` empty: no such check.
-  // REQUIRES that no transaction is open: what is noted must be on disk before the file changes.
-  Resultado<bool> XportRemoto(const std::vector<qint64>& periodos, const OpcionesExport& como, const QString& nombre,
-                              const QString& marca);
-  // The text of one block (Windows-1252 bytes are made by the caller): two header lines and the rows, CR LF ended.
+  // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a point),
+  // behind what the file holds. False when the first period is not there. A value that can't fit
+  // its column stops the whole export with an Error that names the period and the row; nothing is
+  // written then. An export that was cut off between the file and the database is recognised (table
+  // Exportes, by `marca`) and not written twice; `marca` empty: no such check. REQUIRES that no
+  // transaction is open: what is noted must be on disk before the file changes.
+  Resultado<bool> XportRemoto(const std::vector<qint64>& periodos, const OpcionesExport& como,
+                              const QString& nombre, const QString& marca);
+  // The text of one block (Windows-1252 bytes are made by the caller): two header lines and the
+  // rows, CR LF ended.
   Resultado<QString> bloque(const Columna& periodo, bool corto);
   // Empty for a name that names no file.
   QString rutaDestino(const QString& nombre) const;
@@ -47,12 +49,17 @@ class XporTot {
 
 enum class SiExiste { Borrarlo, Acumularlo };
 
-// Reads a file block by block. Each block is one transaction: a bad line undoes its block, and is named with its number.
-// A period that is there is emptied first (its marks go, as of a replaced one) or added to, larger periods and stock with it.
+// Reads a file block by block. Each block is one transaction: a bad line undoes its block, and is
+// named with its number. A period that is there is emptied first (its marks go, as of a replaced
+// one) or added to, larger periods and stock with it.
 class ImpTot {
  public:
   ImpTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
-  struct Hecho { qint64 link; Periodo periodo; int lineas; };
+  struct Hecho {
+    qint64 link;
+    Periodo periodo;
+    int lineas;
+  };
   // Blocks imported. On an Error those before the bad one stay imported (in `hechos`).
   Resultado<> importar(const QString& ruta, SiExiste siExiste, std::vector<Hecho>& hechos);
   // The same for bytes that are at hand; `nombre` stands in errors.

@@ -1,2 +1,4 @@
 // Nothing: what counts is that it links.
-int main() { return 0; }
+int main() {
+  return 0;
+}

@@ -13,7 +13,9 @@
 namespace tarvo::esquema {
 namespace {
 
-Fecha hoy() { return Fecha::de(QDate(2026, 3, 9), QTime(10, 30)); }
+Fecha hoy() {
+  return Fecha::de(QDate(2026, 3, 9), QTime(10, 30));
+}
 
 class Apertura : public testing::Test {
  protected:

@@ -1,4 +1,5 @@
-// Nights of the books: each sale is in the periods once, whatever was not confirmed, cut off or read again.
+// Nights of the books: each sale is in the periods once, whatever was not confirmed, cut off or
+// read again.
 #include <gtest/gtest.h>
 
 #include "libros/Tienda.h"
@@ -21,8 +22,9 @@ void venderDia(Tienda& t, int grupo, Azar& azar) {
 
 void cuadran(Tienda& t, int grupo) {
   for (const int clase : {kPLUs, kGranTotal, kDepartamentos})
-    EXPECT_EQ(t.enPeriodos(grupo, clase), t.vendido(grupo)) << "grupo " << grupo << " clase " << clase << "\n"
-                                                             << t.textoAvisos().toStdString();
+    EXPECT_EQ(t.enPeriodos(grupo, clase), t.vendido(grupo))
+        << "grupo " << grupo << " clase " << clase << "\n"
+        << t.textoAvisos().toStdString();
 }
 
 class LibrosTest : public testing::Test {
@@ -190,7 +192,9 @@ TEST_F(LibrosTest, UnDiaQueExisteConservaLosGruposQueNoEstanEnLaSesion) {
 TEST_F(LibrosTest, LaSesionQueNoSePuedeMemorizarQuedaComoEstaba) {
   dia();
   leerTodo();
-  ASSERT_TRUE(t.db().ejecutarGuion(u"CREATE TRIGGER lleno BEFORE INSERT ON COLUMNA BEGIN SELECT RAISE(ABORT, 'lleno'); END;\n")
+  ASSERT_TRUE(t.db()
+                  .ejecutarGuion(u"CREATE TRIGGER lleno BEFORE INSERT ON COLUMNA BEGIN SELECT "
+                                 u"RAISE(ABORT, 'lleno'); END;\n")
                   .has_value());
   EXPECT_FALSE(t.cierre().LaSesion(true, 0, t.avisos).has_value());
   EXPECT_EQ(t.sesion().estado(), 2);
@@ -201,7 +205,8 @@ TEST_F(LibrosTest, LaSesionQueNoSePuedeMemorizarQuedaComoEstaba) {
   EXPECT_TRUE(t.ponerACero(1));
 }
 
-// Days drawn by a seed: readings that fail, zeroings lost before or behind the machine, power cuts, days read twice.
+// Days drawn by a seed: readings that fail, zeroings lost before or behind the machine, power cuts,
+// days read twice.
 TEST(LibrosAlAzar, CadaVentaEstaUnaVez) {
   for (int semilla = 1; semilla <= 60; ++semilla) {
     SCOPED_TRACE(semilla);

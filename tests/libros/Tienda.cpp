@@ -20,10 +20,13 @@ T valor(Resultado<T> r) {
   return r ? std::move(*r) : T{};
 }
 
-void bien(const Resultado<>& r) { EXPECT_TRUE(r.has_value()) << r.error().texto.toStdString(); }
+void bien(const Resultado<>& r) {
+  EXPECT_TRUE(r.has_value()) << r.error().texto.toStdString();
+}
 
 std::unique_ptr<dao::Database> abrir(const QString& carpeta) {
-  auto db = valor(dao::Database::OpenDatabase(carpeta + QStringLiteral("/TARVO.MDB"), {.crear = true}));
+  auto db =
+      valor(dao::Database::OpenDatabase(carpeta + QStringLiteral("/TARVO.MDB"), {.crear = true}));
   bien(esquema::ponerAlDia(*db, Fecha::de(QDate(2026, 1, 1))));
   bien(totals::asegurarTablasLibros(*db));
   bien(totals::asegurarTablasTotales(*db));
@@ -41,7 +44,9 @@ Tienda::Proceso::Proceso(const QString& carpeta, Reloj& reloj)
       cierre(sesion, periodos),
       verTot(periodos, *db, ajustes) {}
 
-Tienda::Tienda(Fecha inicio) : reloj(inicio) { cortar(); }
+Tienda::Tienda(Fecha inicio) : reloj(inicio) {
+  cortar();
+}
 
 void Tienda::cortar() {
   p_.reset();
@@ -51,8 +56,9 @@ void Tienda::cortar() {
 }
 
 void Tienda::grupo(int numero, std::vector<int> direcciones, int tipo) {
-  valor(db().ejecutar(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ALMACEN) VALUES (?, ?, 1, ?, 0)"_s, numero,
-                      QStringLiteral("G%1").arg(numero), tipo));
+  valor(db().ejecutar(
+      u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ALMACEN) VALUES (?, ?, 1, ?, 0)"_s,
+      numero, QStringLiteral("G%1").arg(numero), tipo));
   for (const int d : direcciones) grupos[numero][d];
 }
 
@@ -103,7 +109,9 @@ qint64 Tienda::enPeriodos(int numero, int clase) const {
 }
 
 qint64 Tienda::enPeriodo(qint64 link, int clase) const {
-  return valor(p_->db->uno(QString(u"SELECT SUM(IMP) FROM "_s + totals::NombreTabla(clase) + u" WHERE LINK=?"_s), link))
+  return valor(p_->db->uno(QString(u"SELECT SUM(IMP) FROM "_s + totals::NombreTabla(clase) +
+                                   u" WHERE LINK=?"_s),
+                           link))
       .entero();
 }
 

@@ -1,5 +1,6 @@
-// A shop without wires: machines that only count, and the books over a real database. The ledger of what was sold is
-// kept beside them, so that a test can ask whether every sale is in the periods once.
+// A shop without wires: machines that only count, and the books over a real database. The ledger of
+// what was sold is kept beside them, so that a test can ask whether every sale is in the periods
+// once.
 #pragma once
 
 #include <QTemporaryDir>
@@ -34,7 +35,8 @@ class Tienda {
   void leer(int numero);
   void leerSolo(int numero, int clase);
   std::vector<qint64> memorizar(bool sustituir = true, bool aUno = true);
-  // Asks for leave, announces, empties the machines and confirms. False when the group may not be zeroed.
+  // Asks for leave, announces, empties the machines and confirms. False when the group may not be
+  // zeroed.
   bool ponerACero(int numero, bool llega = true, bool confirma = true);
 
   // Amounts of a kind over all periods of a group, of the kinds of period that receptions make.

@@ -163,6 +163,23 @@ TEST_F(Lecturas, PedidosEInventarios) {
   EXPECT_EQ(filas(QStringLiteral("SELECT NUMPED FROM PEDI_CAB")), u"44");
 }
 
+TEST_F(Lecturas, UnaTramaDePedidoRepetida) {
+  grupo(2, 2, QStringLiteral("cable 2"), {5});
+  auto& memoria = maquina(2, 5).memoria();
+  for (int i = 1; i <= 20; ++i) memoria.apuntar(simulador::Lista::Pedidos, {i, 100, 1});
+  fallo(2, {simulador::Averia::RespuestaDoble, 1, 76, 1}, 5);
+  leer(2, 22);
+  EXPECT_EQ(filas(QStringLiteral("SELECT COUNT(*) FROM PEDI_LIN")), u"20");
+  // Lines that are alike are all there.
+  grupo(1, 1, QStringLiteral("cable 1"));
+  for (auto* m : {&memoria, &maquina(1).memoria()})
+    for (int i = 1; i <= 20; ++i) m->apuntar(simulador::Lista::Pedidos, {7, 100, 1});
+  leer(2, 22);
+  leer(1, 22);
+  EXPECT_EQ(filas(QStringLiteral("SELECT NUMPED, COUNT(*) FROM PEDI_LIN GROUP BY NUMPED")),
+            u"1,20;2,20;3,20");
+}
+
 TEST_F(Lecturas, LaListaQueNoSeOlvidoEsElMismoDocumento) {
   grupo(1, 1, QStringLiteral("cable 1"));
   auto& memoria = maquina(1).memoria();

@@ -15,7 +15,7 @@ struct Reglas : Banco {
     grupo(g, 1, acceso);
     if (filas(QStringLiteral("SELECT COUNT(*) FROM PLUSES")) == u"0")
       for (const int a : {10, 20, 30}) articulo(a);
-    for (const int a : {10, 20, 30}) vender(g, a, a * 10, 100);
+    for (const int a : {10, 20, 30}) vender(g, a, a * 10, 100, a / 10);
   }
   // The machines' totals are read and memorised, so that they may be zeroed.
   void leida(int g) {
@@ -77,6 +77,18 @@ TEST_F(Reglas, LaPuestaACeroEsperaALaLecturaDeDelante) {
   ASSERT_EQ(maquina(1).memoria().puestas().size(), 1U);
   EXPECT_EQ(bandeja(1, 17), u"1:3/300/600/0");
   EXPECT_EQ(filas(QStringLiteral("SELECT COUNT(*) FROM Sesiones WHERE PZERO IS NOT NULL")), u"1");
+}
+
+TEST_F(Reglas, NiPorOtroCanalAdelantaLaPuestaACero) {
+  tienda(1, QStringLiteral("b"));
+  valor(db->ejecutar(u"UPDATE GRUPOS SET telef='a'"));  // a connector that isn't there
+  encolar(1, 17);
+  valor(db->ejecutar(u"UPDATE GRUPOS SET telef='b'"));
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_TRUE(maquina(1).memoria().puestas().empty());
+  EXPECT_EQ(problemas,
+            (QStringList{QStringLiteral("17 G1 E24 (2)"), QStringLiteral("6 G1 E22 (0)")}));
 }
 
 TEST_F(Reglas, TrasUnaLecturaFallidaNoHayPuestaACero) {
@@ -161,7 +173,7 @@ TEST_F(Reglas, LasAveriasNoCambianLoLeido) {
   tienda();
   grupo(2, 2, QStringLiteral("cable 2"), {5});
   grupo(3, 3, QStringLiteral("cable 3"), {4});
-  for (int a = 1; a <= 30; ++a) vender(2, a, a, 1, 1 + a % 5, 5), vender(3, a, a, 0, 1, 4);
+  for (int a = 1; a <= 30; ++a) vender(2, a, a, 1, 1 + a % 10, 5), vender(3, a, a, 0, 1, 4);
   struct Esperada {
     int grupo, addr, clase;
     QString filas;
@@ -251,6 +263,7 @@ TEST_F(Reglas, ReintentosALaCuentaJusta) {
   EXPECT_EQ(problemas, QStringList{QStringLiteral("7 G1 E16 (6)")});
   // A line that nobody answers.
   problemas.clear(), reintentos.clear();
+  reloj.avanzar(5000);
   fabrica.cables.clear();
   encolar(1, 7);
   ASSERT_TRUE(correr());
@@ -295,7 +308,7 @@ TEST_F(Reglas, ElEnlaceQueNoDiceNadaSeAbandona) {
   fabrica.mudos = true;  // openings and closings that never end
   encolar(1, 17);
   ASSERT_TRUE(correr());
-  EXPECT_EQ(problemas, QStringList{QStringLiteral("17 G1 E6 (2)")});
+  EXPECT_EQ(problemas, QStringList{QStringLiteral("17 G1 E5 (2)")});
   fabrica.mudos = false;
   encolar(1, 17);
   reloj.avanzar(510);
@@ -330,6 +343,25 @@ TEST_F(Reglas, CienConectores) {
   EXPECT_EQ(hechas.size(), 200);
   EXPECT_EQ(fabrica.aperturas, 100);
   for (int g = 1; g <= 100; ++g) EXPECT_EQ(maquina(g).memoria().puestas().size(), 1U);
+}
+
+TEST_F(Reglas, DetenerMientrasSeAbreNoSeReintenta) {
+  tienda();
+  fabrica.cables.clear();
+  gestor->VigilaProcesos(5, false, nullptr);
+  const int id = encolar(1, 17);
+  while (estado(id) != 1) reloj.avanzar(1);
+  gestor->DetenerTarea(id);
+  reloj.avanzar(60000);
+  ASSERT_TRUE(tarea(id));
+  EXPECT_EQ(tarea(id)->Estado, 2);
+  EXPECT_EQ(tarea(id)->Error, 13);
+  EXPECT_EQ(fabrica.aperturas, 1);
+  EXPECT_TRUE(gestor->GruposFallidos().contains(1));
+  gestor->terminator();
+  EXPECT_EQ(gestor->CuantosQuedan().total, 0);
+  reloj.avanzar(1000);
+  EXPECT_EQ(gestor->canales()[0].EstadoCanal, 3);
 }
 
 TEST_F(Reglas, ElCableQueNoEsDeLaTareaLaRechaza) {

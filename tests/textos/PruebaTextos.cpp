@@ -60,6 +60,14 @@ TEST(Ayudas, PluralSigueAlNumero) {
   for (const auto& c : casos) EXPECT_EQ(Plural(deUtf8(c.texto), c.n), deUtf8(c.sale));
 }
 
+// The mark that keeps a text's last blanks is an apostrophe too: a text that ends in one needs two.
+TEST(Textos, LasComillasDeLaTablaVanPorPares) {
+  const auto tabla = Textos::leer(QStringLiteral(TARVO_DATOS "/textos/es.txt"));
+  ASSERT_TRUE(tabla) << tabla.error().texto.toStdString();
+  for (int n = 0; n < 100000; ++n)
+    EXPECT_EQ((*tabla)(n).count(u'\'') % 2, 0) << n << ": " << (*tabla)(n).toStdString();
+}
+
 TEST(Ayudas, SemanaEsLaQueAcabaEnDomingo) {
   const struct {
     QDate dia;

@@ -60,6 +60,12 @@ class Maquina {
   const Memoria& memoria() const { return memoria_; }
   const OpcionesMaquina& opciones() const { return opciones_; }
   Percances& percances() { return percances_; }
+  // Other faults from now on; what earlier ones began is over.
+  void cambiarPercances(Percances percances) {
+    percances_ = std::move(percances);
+    vueltas_ = 0;
+    oscuraHasta_ = -1;
+  }
   // Good questions heard, executed or not, latest last; the oldest are let go after some thousands.
   const std::deque<Peticion>& oidas() const { return oidas_; }
 

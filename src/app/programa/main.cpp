@@ -1,3 +1,5 @@
 #include "app/Principal.h"
 
-int main(int argc, char** argv) { return tarvo::app::principal(argc, argv); }
+int main(int argc, char** argv) {
+  return tarvo::app::principal(argc, argv);
+}

@@ -134,12 +134,17 @@ Resultado<std::vector<Linea>> leerPedido(QByteArrayView datos) {
     Lector l(resto.first(kAncho));
     Linea linea;
     linea.articulo = l.numero(1, 4);
-    if (l.falta().isEmpty() && linea.articulo < 1) break;
+    if (l.falta().isEmpty() && linea.articulo < 1) return lineas;
     linea.peso = std::llround(static_cast<double>(l.numero(5, 8)) / 1000.0);
     linea.unidades = l.numero(13, 8);
     TARVO_INTENTAR(l.estado());
     lineas.push_back(linea);
   }
+  // The list is not asked again from here, so a line that is cut would be lost.
+  if (!resto.trimmed().isEmpty())
+    return fallo(Fallo::Formato,
+                 QStringLiteral("el registro es demasiado corto (%1 caracteres)").arg(resto.size()),
+                 7);
   return lineas;
 }
 

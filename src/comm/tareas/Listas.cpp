@@ -59,13 +59,14 @@ class ListaVek final : public Lista {
       return tarvo::fallo(
           Fallo::Formato,
           QStringLiteral("Grupo %1, %2: la lista no termina.").arg(t_.Grupo).arg(lugar()), 7);
+    ++preguntada_;
     const maquinas::Peticion p = peticion();
     return Siguiente{Siguiente::Enviar, 0, p.codigo, p.datos};
   }
-  // The answer doesn't say which lines it holds: the very answer that was taken last is its
-  // repetition.
+  // The answer doesn't say which lines it holds. The very answer that was taken last may be its
+  // repetition: it isn't taken until the question has been asked again.
   bool encaja(int, int codigo, const QByteArray& datos) const override {
-    return codigo == peticion().codigo && (fase_ != 1 || ultima_.isEmpty() || datos != ultima_);
+    return codigo == peticion().codigo && (fase_ != 1 || preguntada_ > 1 || datos != ultima_);
   }
   Resultado<> respuesta(int, int, const QByteArray& datos) override {
     if (fase_ == 2) {
@@ -76,6 +77,7 @@ class ListaVek final : public Lista {
     if (!r) return falloEn(r.error(), t_.Grupo, lugar());
     lineas_.insert(lineas_.end(), r->lineas.begin(), r->lineas.end());
     ultima_ = datos;
+    preguntada_ = 0;
     if (r->fin) fase_ = 2;
     return {};
   }
@@ -90,6 +92,7 @@ class ListaVek final : public Lista {
   }
   int fase_ = 1;  // 1 ask lines, 2 may be forgotten, 0 done
   QByteArray ultima_;
+  int preguntada_ = 0;  // how often the present question was asked
 };
 
 // Kind 2: one request, frames until the end of the list, the permission to forget it, and the end
@@ -122,10 +125,17 @@ class ListaNodalPedido final : public Lista {
     if (fase_ == 1 || fase_ == 3) {
       ++fase_;
     } else if (codigo == maquinas::nodal::kFinDeLista) {
-      fase_ = fase_ == 2 ? 3 : 0;
+      if (fase_ == 4)
+        fase_ = 0;
+      else  // an end that comes alone may be a late one of another list: it must come twice
+        fase_ = lineas_.empty() && !std::exchange(vacia_, true) ? 1 : 3;
     } else if (fase_ == 2) {
       const auto r = maquinas::nodal::leerPedido(datos);
       if (!r) return falloEn(r.error(), t_.Grupo, lugar());
+      if (!r->empty() && datos == ultima_ && !std::exchange(repetida_, true))
+        return falloEn({Fallo::Formato, 7, QStringLiteral("ha llegado dos veces la misma trama")},
+                       t_.Grupo, lugar());
+      ultima_ = datos;
       lineas_.insert(lineas_.end(), r->begin(), r->end());
     }
     return {};
@@ -136,6 +146,7 @@ class ListaNodalPedido final : public Lista {
     if (fase_ != 2) return;
     fase_ = 1;
     lineas_.clear();
+    ultima_.clear();
   }
   qint64 avance() const override { return fase_ == 0 || fase_ > 2 ? 1 : 0; }
 
@@ -143,7 +154,12 @@ class ListaNodalPedido final : public Lista {
   Siguiente enviar(const maquinas::Peticion& p) const {
     return {Siguiente::Enviar, t_.Addr, p.codigo, p.datos};
   }
-  int fase_ = 1;  // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
+  // A frame like the one before it may be that one sent twice, or lines that are alike: the list is
+  // asked again, and what it then holds stands.
+  QByteArray ultima_;
+  bool repetida_ = false;
+  bool vacia_ = false;  // the list ended at once when it was asked first
+  int fase_ = 1;        // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
 };
 
 }  // namespace

@@ -44,7 +44,7 @@ class DepartamentosNodal final : public ListaNodal {
   Resultado<> registros(const QByteArray& datos) override {
     const auto r = maquinas::nodal::leerDepartamentos(datos);
     if (!r) return std::unexpected(r.error());
-    for (const maquinas::Total& t : *r) filasGrupo()[{t.numero, 0}] = contadores(t);
+    for (const maquinas::Total& t : *r) anotar(t, {t.numero, 0});
     return {};
   }
 };

@@ -41,7 +41,7 @@ class GranTotalNodal final : public ListaNodal {
   Resultado<> registros(const QByteArray& datos) override {
     const auto r = maquinas::nodal::leerGranTotal(datos);
     if (!r) return std::unexpected(r.error());
-    filasGrupo()[{t_.Grupo, 0}] = contadores(*r);
+    anotar(*r, {t_.Grupo, 0});
     return {};
   }
 };

@@ -80,7 +80,7 @@ class CruzadoNodal final : public ListaNodal {
             Fallo::Formato,
             QStringLiteral("no existe el operador %1 a la hora %2").arg(t.numero).arg(t.hora), 7);
     for (const maquinas::Total& t : *r)
-      filasGrupo()[{operadores_[static_cast<size_t>(t.numero)], t.hora}] += contadores(t);
+      anotar(t, {operadores_[static_cast<size_t>(t.numero)], t.hora});
     return {};
   }
 

@@ -63,8 +63,7 @@ class OperadoresNodal final : public ListaNodal {
         return tarvo::fallo(Fallo::Formato,
                             QStringLiteral("no existe la posición de operador %1").arg(t.numero),
                             7);
-    for (const maquinas::Total& t : *r)
-      filasGrupo()[{operadores_[static_cast<size_t>(t.numero)], 0}] += contadores(t);
+    for (const maquinas::Total& t : *r) anotar(t, {operadores_[static_cast<size_t>(t.numero)], 0});
     return {};
   }
 

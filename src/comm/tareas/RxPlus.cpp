@@ -112,14 +112,14 @@ class ArticulosNodal final : public ListaNodal {
     if (!r) return std::unexpected(r.error());
     for (const maquinas::Total& t : *r) {
       if (t.numero < desde_) enOrden_ = false;
-      filasGrupo()[{t.numero, 0}] = contadores(t);
+      anotar(t, {t.numero, 0});
       desde_ = t.numero + 1;
     }
     return {};
   }
   void otraVez() override {
     if (enOrden_ && desde_ <= hasta_) return;
-    filasGrupo().clear();
+    ListaNodal::otraVez();
     desde_ = t_.Desde;
     enOrden_ = true;
   }

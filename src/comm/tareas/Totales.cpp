@@ -77,7 +77,6 @@ Resultado<> PreguntasVek::respuesta(int, int, const QByteArray& datos) {
 // ------------------------------------------------------------------------------------------
 
 Resultado<Siguiente> ListaNodal::paso() {
-  filasGrupo();
   if (fase_ == 0) return Siguiente::fin();
   if (fase_ == 2) return Siguiente{Siguiente::EsperarNODAL, t_.Addr, 0, {}};
   const maquinas::Peticion p = pregunta();
@@ -92,6 +91,9 @@ Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
   if (fase_ == 1) {
     fase_ = 2;
   } else if (codigo == maquinas::nodal::kFinDeLista) {
+    auto& suma = filas(0);
+    suma.clear();
+    for (const auto& [numero, r] : recibidos_) suma[r.first] += r.second;
     fase_ = 0;
   } else if (const auto r = registros(datos); !r) {
     return falloEn(r.error(), t_.Grupo, lugar());

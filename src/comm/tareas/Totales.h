@@ -69,7 +69,7 @@ class PreguntasVek : public Totales {
 };
 
 // Kind 2: one request, then frames until the end of the list. Broken off, it starts again from
-// nothing.
+// nothing. A record that comes again takes the place of the earlier; rows are made at the end.
 class ListaNodal : public Totales {
  public:
   using Totales::Totales;
@@ -81,12 +81,17 @@ class ListaNodal : public Totales {
  protected:
   virtual maquinas::Peticion pregunta() const = 0;
   virtual Resultado<> registros(const QByteArray& datos) = 0;
-  virtual void otraVez() { filasGrupo().clear(); }
+  virtual void otraVez() { recibidos_.clear(); }
+  // A record for a row; it is known by its own number and hour.
+  void anotar(const maquinas::Total& t, const totals::Lectura::Clave& fila) {
+    recibidos_[{t.numero, t.hora}] = {fila, contadores(t)};
+  }
   virtual QString lugar() const = 0;
-  totals::Lectura::Filas& filasGrupo() { return filas(0); }
 
  private:
   Resultado<motor::Siguiente> paso() final;
+  std::map<totals::Lectura::Clave, std::pair<totals::Lectura::Clave, totals::Contadores>>
+      recibidos_;
   int fase_ = 1;  // 1 ask, 2 wait for frames, 0 done
 };
 

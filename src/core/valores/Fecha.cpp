@@ -87,7 +87,8 @@ QDateTime Fecha::qdatetime() const {
     segundos -= 86400;
     ++dias;
   }
-  return QDateTime(QDate::fromJulianDay(kOrigenJuliano + dias), QTime(0, 0).addSecs(static_cast<int>(segundos)), Qt::UTC);
+  return QDateTime(QDate::fromJulianDay(kOrigenJuliano + dias),
+                   QTime(0, 0).addSecs(static_cast<int>(segundos)), Qt::UTC);
 }
 
 int Fecha::diaSemana() const {

@@ -20,7 +20,8 @@ class Programa {
   Resultado<> preparar();
   // Opens all transports; those that open later than now don't count as a failure.
   Resultado<> escuchar();
-  // One more day for each machine, drawn by the seed and the number of the day.
+  // One more day for each machine, drawn by the seed and the number of the day, with the orders and
+  // inventories of the plan, each line a gram heavier a day.
   void venderOtroDia();
   // Writes the state file beside its target and renames it. Without a file name it does nothing.
   bool guardar();

@@ -1,0 +1,75 @@
+// The program itself as a process, in a folder of its own.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace tarvo::prueba {
+
+struct Fin {
+  int estado = -1;  // -1: it didn't end, or by a signal
+  QString salida, errores;
+};
+
+class Programa : public ::testing::Test {
+ protected:
+  QString en(const QString& nombre) const { return dir.filePath(nombre); }
+  void poner(const QString& nombre, const QByteArray& bytes) const {
+    QFile f(en(nombre));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(bytes);
+  }
+  QByteArray ver(const QString& nombre) const {
+    QFile f(en(nombre));
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+  }
+  // Neither the machine's folders nor its display play a part.
+  void preparar(QProcess& p) const {
+    QProcessEnvironment entorno;
+    for (const auto& [nombre, valor] : variables) entorno.insert(nombre, valor);
+    entorno.insert(QStringLiteral("HOME"), dir.path());
+    p.setProcessEnvironment(entorno);
+    p.setWorkingDirectory(dir.path());
+  }
+  void arrancar(QProcess& p, const QStringList& argumentos) const {
+    preparar(p);
+    p.start(QStringLiteral(TARVO_PROGRAMA), argumentos);
+    ASSERT_TRUE(p.waitForStarted());
+  }
+  static Fin acabar(QProcess& p) {
+    Fin fin;
+    if (p.waitForFinished(60000) && p.exitStatus() == QProcess::NormalExit)
+      fin.estado = p.exitCode();
+    fin.salida = QString::fromUtf8(p.readAllStandardOutput());
+    fin.errores = QString::fromUtf8(p.readAllStandardError());
+    return fin;
+  }
+  Fin correr(const QStringList& argumentos) const {
+    QProcess p;
+    arrancar(p, argumentos);
+    return acabar(p);
+  }
+  Fin correrAqui(QStringList argumentos) const {
+    argumentos = QStringList{QStringLiteral("--carpeta"), dir.path()} + argumentos;
+    return correr(argumentos);
+  }
+  // Waits until the trace of a running program holds a text.
+  static bool esperar(QProcess& p, const QByteArray& texto, QByteArray& salida) {
+    QElapsedTimer reloj;
+    reloj.start();
+    while (!salida.contains(texto) && reloj.elapsed() < 20000) {
+      p.waitForReadyRead(200);
+      salida += p.readAllStandardOutput();
+    }
+    return salida.contains(texto);
+  }
+  QTemporaryDir dir;
+  std::vector<std::pair<QString, QString>> variables;
+};
+
+}  // namespace tarvo::prueba

@@ -1,0 +1,203 @@
+// What the program answers to its command line: the exit status, and a word of what it says.
+#include <signal.h>
+
+#include "app/Ordenes.h"
+#include "app/Programa.h"
+#include "core/esquema/Esquema.h"
+
+using namespace tarvo;
+using namespace tarvo::prueba;
+
+namespace {
+
+const QString kSinVentana = QStringLiteral("--sin-ventana");
+
+struct Caso {
+  QStringList argumentos;
+  int estado;
+  const char16_t* palabra;  // in what it says, on either output
+};
+
+// A process that never ends by itself: the question of a task that no channel can serve.
+const QByteArray kEsperaSinFin =
+    "00:00:00;No,No,No,No,No,No,No;@\r\n@INICIO BATCH\r\nN:x\r\n@FINAL BATCH\r\n";
+
+}  // namespace
+
+TEST_F(Programa, TablaDeLineasDeOrdenes) {
+  poner(QStringLiteral("VACIO.AUT"), "");
+  poner(QStringLiteral("MALO.AUT"), "T:NADA,1\r\n");
+  poner(QStringLiteral("UNO.AUT"), "N:hola\r\n");
+  poner(QStringLiteral("DATO.AUT"), "N:%1,Grupo\r\nT:RXGRTOT,%1\r\n");
+  poner(QStringLiteral("GRUPO.AUT"), "T:RXGRTOT,99\r\n");
+  poner(QStringLiteral("MALO.CRO"), "esto no es una hora\r\n");
+  QDir(dir.path()).mkdir(QStringLiteral("SUB.d"));
+  poner(QStringLiteral("SUB.d/DOS.AUT"), "");
+  const Caso casos[] = {
+      {{"--ayuda"}, 0, u"Uso:"},
+      {{"--version"}, 0, u"TARVO"},
+      {{}, 64, u"ventanas"},
+      {{"VACIO"}, 64, u"ventanas"},
+      {{"--nada"}, 64, u"--nada"},
+      {{kSinVentana}, 64, u"Falta el nombre del proceso"},
+      {{kSinVentana, ""}, 64, u"Falta el nombre del proceso"},
+      {{kSinVentana, "VACIO", "UNO"}, 64, u"UNO"},
+      {{kSinVentana, "VACIO", "--idioma"}, 64, u"--idioma"},
+      {{kSinVentana, "VACIO", "--idioma", "xx"}, 64, u"xx"},
+      {{kSinVentana, "VACIO", "--dato", "%1"}, 64, u"%1"},
+      {{kSinVentana, "VACIO", "--dato", "x1=3"}, 64, u"x1=3"},
+      {{kSinVentana, "--cuadre"}, 64, u"--cuadre"},
+      {{kSinVentana, "--carpeta", "no/hay", "VACIO"}, 4, u"no/hay"},
+      {{kSinVentana, "--carpeta", "/proc", "VACIO"}, 4, u"escribir"},
+      {{kSinVentana, "VACIO"}, 0, u"Ejecución finalizada"},
+      {{kSinVentana, "vacio.aut"}, 0, u"Ejecución finalizada"},
+      {{kSinVentana, "\"VACIO\""}, 0, u"Ejecución finalizada"},
+      {{kSinVentana, "sub.D\\dos"}, 0, u"Ejecución finalizada"},
+      {{kSinVentana, "./SUB.d/DOS"}, 0, u"Ejecución finalizada"},
+      {{kSinVentana, "--idioma", "uk", "VACIO"}, 0, u"Ejecución finalizada"},
+      {{kSinVentana, "NADA"}, 3, u"No se pudo cargar el Proceso '"},
+      {{kSinVentana, "MALO"}, 3, u"MALO.AUT'"},
+      {{kSinVentana, "MALO.CRO"}, 3, u"MALO.CRO'"},
+      {{kSinVentana, "DATO"}, 2, u"%1"},
+      {{kSinVentana, "--dato", "%1=tres", "DATO"}, 2, u"tres"},
+      {{kSinVentana, "--dato", "%1=99", "DATO"}, 1, u"Grupo de destino no existe"},
+      {{kSinVentana, "GRUPO"}, 1, u"Grupo de destino no existe"},
+      {{"--cuadre", "999"}, 1, u"cuadre"},
+  };
+  for (const Caso& c : casos) {
+    const bool conCarpeta = c.argumentos.contains(u"--carpeta");
+    const Fin fin = conCarpeta ? correr(c.argumentos) : correrAqui(c.argumentos);
+    const std::string linea = c.argumentos.join(u' ').toStdString();
+    EXPECT_EQ(fin.estado, c.estado) << linea << '\n' << fin.errores.toStdString();
+    EXPECT_TRUE((fin.salida + fin.errores).contains(QStringView(c.palabra)))
+        << linea << '\n'
+        << fin.salida.toStdString() << fin.errores.toStdString();
+  }
+}
+
+TEST_F(Programa, UnaCarpetaNuevaRecibeBaseYAjustes) {
+  poner(QStringLiteral("V.AUT"), "");
+  ASSERT_EQ(correrAqui({kSinVentana, "V"}).estado, 0);
+  EXPECT_TRUE(ver(QStringLiteral("TARVO.MDB")).startsWith("SQLite format 3"));
+  EXPECT_TRUE(ver(QStringLiteral("TARVO.INI")).contains("Ses\x69\xF3nAbier= 0\r\n"));
+  EXPECT_TRUE(ver(QStringLiteral("V.TZA")).contains("Ejecuci\xF3n finalizada"));
+  const auto db = dao::Database::OpenDatabase(en(QStringLiteral("TARVO.MDB")));
+  ASSERT_TRUE(db);
+  EXPECT_EQ((*db)->uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=1")->texto(), u"GRUPO");
+}
+
+TEST_F(Programa, UnProcesoQueNoSeCargaTambienEscribeLosAjustes) {
+  EXPECT_EQ(correrAqui({kSinVentana, "NADA"}).estado, 3);
+  EXPECT_TRUE(QFile::exists(en(QStringLiteral("TARVO.INI"))));
+}
+
+TEST_F(Programa, LaCarpetaVieneDeVariosSitios) {
+  QDir(dir.path()).mkpath(QStringLiteral("a"));
+  poner(QStringLiteral("a/V.AUT"), "");
+  variables = {{QStringLiteral("TARVO_CARPETA"), en(QStringLiteral("a"))}};
+  EXPECT_EQ(correr({kSinVentana, "V"}).estado, 0);
+  EXPECT_TRUE(QFile::exists(en(QStringLiteral("a/TARVO.MDB"))));
+  variables = {{QStringLiteral("TARVO_CARPETA"), en(QStringLiteral("b"))}};
+  EXPECT_EQ(correr({kSinVentana, "V"}).estado, 4);
+  EXPECT_FALSE(QFile::exists(en(QStringLiteral("b"))));
+  variables = {{QStringLiteral("XDG_DATA_HOME"), en(QStringLiteral("c"))}};
+  EXPECT_EQ(correr({kSinVentana, "V"}).estado, 3);
+  EXPECT_TRUE(QFile::exists(en(QStringLiteral("c/tarvo/TARVO.MDB"))));
+}
+
+TEST_F(Programa, LoQueNoSePuedeAbrirEsCuatro) {
+  poner(QStringLiteral("V.AUT"), "");
+  const auto espera = [this](const char16_t* palabra) {
+    const Fin fin = correrAqui({kSinVentana, "V"});
+    EXPECT_EQ(fin.estado, 4) << QString::fromUtf16(palabra).toStdString();
+    EXPECT_TRUE(fin.errores.contains(QStringView(palabra))) << fin.errores.toStdString();
+  };
+  const QByteArray basura(5000, 'x');
+  poner(QStringLiteral("TARVO.MDB"), basura);
+  espera(u"TARVO.MDB");
+  EXPECT_EQ(ver(QStringLiteral("TARVO.MDB")), basura);
+  QFile::remove(en(QStringLiteral("TARVO.MDB")));
+
+  QFile::copy(QFileInfo(QStringLiteral(TARVO_PROGRAMA)).path() + QStringLiteral("/voidTarvo.mdb"),
+              en(QStringLiteral("TARVO.MDB")));
+  {
+    const auto db = dao::Database::OpenDatabase(en(QStringLiteral("TARVO.MDB")));
+    ASSERT_TRUE(db && (*db)->Execute(u"INSERT INTO version (MAJOR, MINOR) VALUES (99, 0)"));
+  }
+  espera(u"TARVO.MDB");
+  QFile::remove(en(QStringLiteral("TARVO.MDB")));
+
+  poner(QStringLiteral("TARVO.INI"), "BaseDatos= /proc/no/TARVO.MDB\r\n");
+  espera(u"/proc/no/TARVO.MDB");
+  QFile::remove(en(QStringLiteral("TARVO.INI")));
+  QDir(dir.path()).mkdir(QStringLiteral("TARVO.INI"));
+  espera(u"TARVO.INI");
+  QDir(dir.path()).rmdir(QStringLiteral("TARVO.INI"));
+  QFile::remove(en(QStringLiteral("TARVO.LCK")));
+  QDir(dir.path()).mkdir(QStringLiteral("TARVO.LCK"));
+  espera(u"escribir");
+}
+
+TEST_F(Programa, UnaSegundaNoEntraHastaQueMuereLaPrimera) {
+  poner(QStringLiteral("C.AUT"), kEsperaSinFin);
+  poner(QStringLiteral("V.AUT"), "");
+  QProcess primera;
+  QByteArray salida;
+  arrancar(primera, {QStringLiteral("--carpeta"), dir.path(), kSinVentana, QStringLiteral("C")});
+  ASSERT_TRUE(esperar(primera, "en marcha", salida)) << salida.toStdString();
+  const Fin segunda = correrAqui({kSinVentana, "V"});
+  EXPECT_EQ(segunda.estado, 4);
+  EXPECT_TRUE(segunda.errores.contains(u"Otro TARVO"));
+  primera.kill();
+  primera.waitForFinished();
+  EXPECT_EQ(correrAqui({kSinVentana, "V"}).estado, 0);
+}
+
+TEST_F(Programa, UnaSenalParaEnOrden) {
+  poner(QStringLiteral("C.AUT"), kEsperaSinFin);
+  for (const int senal : {SIGTERM, SIGINT}) {
+    QFile::remove(en(QStringLiteral("TARVO.INI")));
+    QProcess p;
+    QByteArray salida;
+    arrancar(p, {QStringLiteral("--carpeta"), dir.path(), kSinVentana, QStringLiteral("C")});
+    ASSERT_TRUE(esperar(p, "en marcha", salida));
+    ::kill(static_cast<pid_t>(p.processId()), senal);
+    EXPECT_EQ(acabar(p).estado, 2);
+    EXPECT_TRUE(QFile::exists(en(QStringLiteral("TARVO.INI"))));
+  }
+}
+
+TEST_F(Programa, UnaSenalAbortaElProcesoEnMarcha) {
+  QByteArray largo;
+  for (int i = 0; i < 500; ++i) largo += "P:LIMPIAR\r\n";
+  poner(QStringLiteral("LARGO.AUT"), largo);
+  QProcess p;
+  QByteArray salida;
+  arrancar(p, {QStringLiteral("--carpeta"), dir.path(), kSinVentana, QStringLiteral("LARGO")});
+  ASSERT_TRUE(esperar(p, "iniciada", salida));
+  ::kill(static_cast<pid_t>(p.processId()), SIGTERM);
+  const Fin fin = acabar(p);
+  EXPECT_EQ(fin.estado, 2);
+  EXPECT_TRUE((QString::fromUtf8(salida) + fin.salida).contains(u"Ejecución interrumpida"));
+}
+
+TEST_F(Programa, SiLosAjustesNoSeGuardanSeDice) {
+  poner(QStringLiteral("V.AUT"), "");
+  QDir(dir.path()).mkdir(QStringLiteral("TARVO.INI.nuevo"));
+  const Fin fin = correrAqui({kSinVentana, "V"});
+  EXPECT_EQ(fin.estado, 1);
+  EXPECT_TRUE(fin.errores.contains(u"ajustes")) << fin.errores.toStdString();
+}
+
+TEST_F(Programa, UnLectorQueSeVaNoParaLaNoche) {
+  poner(QStringLiteral("V.AUT"), "N:uno\r\n");
+  QProcess p;
+  preparar(p);
+  p.start(QStringLiteral("/bin/sh"),
+          {QStringLiteral("-c"),
+           QStringLiteral(
+               "{ \"$0\" --carpeta \"$1\" --sin-ventana V; echo $? > \"$1/estado\"; } | true"),
+           QStringLiteral(TARVO_PROGRAMA), dir.path()});
+  ASSERT_TRUE(p.waitForFinished(30000));
+  EXPECT_EQ(ver(QStringLiteral("estado")), "0\n");
+}

@@ -1,0 +1,58 @@
+// A reader of the database file that shares nothing with the program's store, and the disk under
+// it: when it is full, and at which commit the power goes.
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <map>
+#include <string>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace tarvo::noches {
+
+class Lector {
+ public:
+  explicit Lector(const QString& ruta);
+  ~Lector();
+  Lector(const Lector&) = delete;
+  Lector& operator=(const Lector&) = delete;
+
+  class Fila {
+   public:
+    explicit Fila(sqlite3_stmt* s) : s_(s) {}
+    qint64 entero(int columna) const;
+    double real(int columna) const;
+    QByteArray texto(int columna) const;
+    int columnas() const;
+
+   private:
+    sqlite3_stmt* s_;
+  };
+  // Statements that give no rows run as well. A statement that fails ends the program: the question
+  // is wrong.
+  void filas(const QByteArray& sql, const std::function<void(const Fila&)>& cada = {});
+  qint64 uno(const QByteArray& sql);
+  // All rows of all tables as text, for comparing two runs.
+  QByteArray todo();
+
+ private:
+  sqlite3* db_ = nullptr;
+  std::map<QByteArray, sqlite3_stmt*> consultas_;
+};
+
+// The disk as seen by every connection that isn't a Lector's. One for each process, since SQLite's
+// hooks are.
+struct Disco {
+  qint64 confirmaciones = 0;  // commits so far
+  qint64 cortarEn = -1;       // the commit of this number is the last thing that the program does
+  bool cortado = false;       // nothing gets through any more, on wires neither
+  sqlite3* conexion = nullptr;
+  void llenar();  // no page may be added
+  void vaciar();
+  void soltar();  // the program is gone
+};
+Disco& disco();
+
+}  // namespace tarvo::noches

@@ -1,0 +1,274 @@
+#include "noches/Mundo.h"
+
+#include <QCryptographicHash>
+#include <QFileInfo>
+
+namespace tarvo::noches {
+
+using simulador::Averia, simulador::Lista, simulador::Tipo, simulador::Venta;
+
+namespace {
+
+constexpr qint64 kMaxEventos = 3'000'000;
+constexpr qint64 kMaxNoche = 12 * 3600 * 1000LL;
+
+// One sale whose amount and weight always have the same sign, also summed with its returns.
+Venta venta(const simulador::Articulo& a, const PlanGrupo& g, Azar& azar) {
+  Venta v;
+  v.articulo = a.codigo;
+  v.departamento = a.departamento;
+  v.operador = azar.entero(1, static_cast<int>(g.operadores.size()));
+  if (a.unidad == 2) v.cuenta = azar.entero(1, 4);
+  if (a.unidad != 2) v.peso = azar.entero(1, 20) * 100;
+  v.importe =
+      a.unidad == 2 ? a.precio * v.cuenta : a.precio * v.peso / (a.unidad == 0 ? 1000 : 100);
+  if (azar.ocurre(0.2)) v.descuento = v.importe / 10, v.importe -= v.descuento;
+  return v;
+}
+
+QString nombreAveria(const simulador::Paso& p) {
+  return simulador::nombreAveria(p.averia);
+}
+
+}  // namespace
+
+Veredicto correrSemilla(quint64 semilla, std::function<void(const QString&)> alTrazar) {
+  const Plan plan(semilla);
+  return Mundo(plan, std::move(alTrazar)).correr();
+}
+
+Veredicto Mundo::correr() {
+  for (int n = 0; n < static_cast<int>(plan_.noches.size()) && oraculo_->diferencias.isEmpty();
+       ++n) {
+    dia(n);
+    noche(n);
+    ++v_.noches;
+  }
+  programa_.reset();
+  v_.diferencias = oraculo_->diferencias;
+  huella_ += oraculo_->base().todo().replace(carpeta_.path().toUtf8(), "");
+  v_.huella = QCryptographicHash::hash(huella_, QCryptographicHash::Md5).toHex();
+  return v_;
+}
+
+void Mundo::traza(const QString& linea) {
+  huella_ += linea.toUtf8();
+  if (alTrazar_) alTrazar_(linea);
+}
+
+// --- days ---------------------------------------------------------------------------------------
+
+void Mundo::vender(MaquinaViva& m, const std::vector<int>& articulos, QDate dia,
+                   double devoluciones) {
+  const auto& a = plan_.articulos.at(
+      articulos[static_cast<std::size_t>(azar_.entero(0, static_cast<int>(articulos.size()) - 1))]);
+  Venta v = venta(a, *m.grupo, azar_);
+  v.cuando = Fecha::de(dia, QTime(azar_.entero(9, 20), azar_.entero(0, 59)));
+  v.hora = v.cuando.qtime().hour();
+  auto& memoria = m.maquina->memoria();
+  memoria.vender(v);
+  if (!azar_.ocurre(devoluciones)) return;
+  v.importe = -v.importe, v.peso = -v.peso, v.descuento = -v.descuento;
+  // A register passes over a department whose returns have taken back its very amount.
+  if (m.grupo->tipo == Tipo::Registradora) v.importe += 1;
+  memoria.vender(v);
+}
+
+void Mundo::apuntar(MaquinaViva& m) {
+  for (const auto& [lista, clase] :
+       {std::pair{Lista::Pedidos, kPedidos}, {Lista::Inventarios, kInventarios}})
+    if (plan_.leidas.contains({m.grupo->codigo, clase}))
+      for (int n = azar_.ocurre(0.3) ? 0 : azar_.entero(1, 9); n > 0; --n) {
+        m.lineas.push_back({lista, ++peso_});
+        m.maquina->memoria().apuntar(lista, {codigos_[0], peso_, azar_.entero(0, 30)});
+      }
+}
+
+// Each day sells an article of its own, and not those of other days: so that counters which were
+// wiped behind the program's back are never all as high as they were. Without that nobody could
+// tell.
+void Mundo::dia(int n) {
+  hoy_ = n;
+  const QDate fecha = plan_.primerDia.addDays(n);
+  std::vector<int> pueden(codigos_.begin() + static_cast<std::ptrdiff_t>(plan_.noches.size()),
+                          codigos_.end());
+  for (auto& m : maquinas_) {
+    vender(m, {codigos_[static_cast<std::size_t>(n)]}, fecha);
+    for (int k = azar_.entero(2, 25); k > 0; --k) vender(m, pueden, fecha);
+    apuntar(m);
+  }
+  const double falta = Fecha::de(fecha, QTime(0, 0)) +
+                       plan_.noches[static_cast<std::size_t>(n)].minuto / 1440.0 - reloj_.ahora();
+  falta > 0 ? reloj_.avanzar(qRound64(falta * 86400) * 1000) : reloj_.saltarPared(falta);
+}
+
+// --- nights -------------------------------------------------------------------------------------
+
+void Mundo::empezarNoche(const PlanNoche& n) {
+  inicioNoche_ = reloj_.monotono();
+  enNoche_ = 0;
+  hilos_.averias = n.linea;
+  for (std::size_t i = 0; i < maquinas_.size(); ++i) {
+    auto& m = maquinas_[i];
+    auto fallos = n.fallos[i];
+    const bool vek = m.grupo->tipo == Tipo::Balanzas || m.grupo->tipo == Tipo::Birch;
+    const std::vector<int> ceros = vek                            ? std::vector{910, 915}
+                                   : m.grupo->tipo == Tipo::Ebony ? std::vector{71}
+                                                                  : std::vector{3054, 3056, 3058};
+    const std::vector<int> plus = vek                            ? std::vector{830, 835}
+                                  : m.grupo->tipo == Tipo::Ebony ? std::vector{67}
+                                                                 : std::vector{2057};
+    std::vector<simulador::Paso> guion;
+    for (const auto& p : fallos.guion)
+      for (const int codigo : p.codigo == -2 ? ceros : p.codigo == -3 ? plus : std::vector{-1}) {
+        guion.push_back(p);
+        guion.back().codigo = codigo;
+      }
+    fallos.guion = guion;
+    // An answer that doesn't say which lines, or which list, it holds can't be told from the right
+    // one.
+    const bool conListas = plan_.leidas.contains({m.grupo->codigo, kPedidos}) ||
+                           plan_.leidas.contains({m.grupo->codigo, kInventarios});
+    // Nor can one that skips what came to nothing, where a scale is asked for the next that has
+    // sales.
+    const bool salta = plan_.leidas.contains({m.grupo->codigo, kOperHora}) || plan_.optimizada;
+    if (m.grupo->tipo == Tipo::Ebony || conListas || salta)
+      fallos.probabilidad[static_cast<std::size_t>(Averia::OtroNumero)] = 0;
+    m.maquina->cambiarPercances(simulador::Percances(fallos, azar_.siguiente()));
+    m.alEmpezar = m.maquina->memoria().libro().size();
+    m.puestasAlEmpezar = m.maquina->memoria().puestas().size();
+    for (std::size_t a = 0; a < fallos.probabilidad.size(); ++a)
+      if (fallos.probabilidad[a] > 0 && alTrazar_)
+        traza(QStringLiteral("  máquina %1: %2 %3")
+                  .arg(i)
+                  .arg(simulador::nombreAveria(static_cast<Averia>(a)))
+                  .arg(fallos.probabilidad[a]));
+    for (const auto& p : fallos.guion)
+      if (alTrazar_)
+        traza(QStringLiteral("  máquina %1: %2, trama %3 código %4 valor %5")
+                  .arg(i)
+                  .arg(nombreAveria(p))
+                  .arg(p.trama)
+                  .arg(p.codigo)
+                  .arg(p.valor));
+  }
+}
+
+void Mundo::noche(int n) {
+  const PlanNoche& p = plan_.noches[static_cast<std::size_t>(n)];
+  if (alTrazar_)
+    alTrazar_(QStringLiteral("=== noche %1%2, %3")
+                  .arg(n + 1)
+                  .arg(p.calma ? u" en calma" : u"")
+                  .arg(reloj_.ahora().general()));
+  empezarNoche(p);
+  int arranques = 0;
+  std::optional<int> resultado;
+  for (std::size_t i = 0;; ++i) {
+    const Corte* corte = i < p.cortes.size() ? &p.cortes[i] : nullptr;
+    resultado = arranque(p, corte);
+    ++arranques;
+    if (resultado || !oraculo_->diferencias.isEmpty()) break;
+    if (!corte->vuelve) break;
+    caido(*corte);
+  }
+  traza(QStringLiteral("--- resultado %1, %2 arranques, %3 eventos")
+            .arg(resultado ? QString::number(*resultado) : QStringLiteral("ninguno"))
+            .arg(arranques)
+            .arg(enNoche_));
+  v_.arranques += arranques;
+  v_.conProblemas += resultado != 0;
+  bool aMedias = false;
+  for (auto& m : maquinas_) {
+    std::array<int, 3> partes{};
+    for (const auto& z : m.maquina->memoria().puestas())
+      for (int i = 0; i < 3; ++i) partes[static_cast<std::size_t>(i)] += (z.conjuntos >> i) & 1;
+    m.aMedias = m.aMedias || partes[0] != partes[1] || partes[1] != partes[2];
+    aMedias = aMedias || m.aMedias;
+  }
+  // What earlier nights left may be said in the first calm one, and keep a group out of it; then
+  // there is nothing left.
+  const bool ultima = n + 1 == static_cast<int>(plan_.noches.size());
+  oraculo_->finDeNoche(resultado, p.calma && (ultima || !hayFallos_), arranques);
+  const bool todosACero = !aMedias && plan_.aCero.size() == plan_.grupos.size();
+  if (p.calma && resultado != 0 && todosACero && (ultima || !hayFallos_))
+    fallar(QStringLiteral("noche en calma con resultado %1").arg(resultado.value_or(-1)));
+  hayFallos_ = hayFallos_ || !p.calma;
+}
+
+std::optional<int> Mundo::arranque(const PlanNoche& n, const Corte* corte) {
+  auto& d = disco();
+  d.soltar();
+  if (corte && corte->confirmacion > 0) d.cortarEn = d.confirmaciones + corte->confirmacion;
+  auto p = Programa::arrancar(carpeta_.path(), plan_.proceso, reloj_, hilos_, azar_.siguiente(),
+                              [this](const QString& l) { traza(l); });
+  std::optional<int> resultado;
+  if (!p) {
+    traza(QStringLiteral("no arranca: ") + p.error().texto);
+    resultado = d.cortado ? std::nullopt : std::optional(4);
+  } else {
+    programa_ = std::move(*p);
+    for (qint64 evento = 0;; ++evento) {
+      if (d.cortado || (corte && evento == corte->evento)) break;
+      if ((resultado = programa_->resultado())) break;
+      if (!paso(n)) break;
+    }
+    if (resultado && !programa_->guardarAjustes() && resultado == 0) resultado = 1;
+  }
+  d.cortado = true;  // while its objects go nothing reaches the disk or a machine
+  programa_.reset();
+  d.soltar();
+  return resultado;
+}
+
+// One event of the clock. False when the night can't go on.
+bool Mundo::paso(const PlanNoche& n) {
+  if (enNoche_ == n.saltoEn) reloj_.saltarPared(n.salto);
+  if (enNoche_ == n.llenoDesde) disco().llenar();
+  if (enNoche_ == n.llenoDesde + n.llenoEventos) disco().vaciar();
+  ++enNoche_;
+  ++v_.eventos;
+  if (!reloj_.siguiente()) {
+    fallar(QStringLiteral("nadie espera nada y el proceso no ha acabado"));
+    return false;
+  }
+  vigilar();
+  if (enNoche_ < kMaxEventos && reloj_.monotono() - inicioNoche_ < kMaxNoche) return true;
+  fallar(QStringLiteral("la noche no acaba: %1 eventos, %2 h")
+             .arg(enNoche_)
+             .arg((reloj_.monotono() - inicioNoche_) / 3600000.0));
+  return false;
+}
+
+void Mundo::vigilar() {
+  for (std::size_t i = 0; i < maquinas_.size(); ++i) {
+    auto& m = maquinas_[i];
+    const auto& memoria = m.maquina->memoria();
+    if (memoria.puestas().size() != m.puestas) {
+      m.puestas = memoria.puestas().size();
+      if (alTrazar_)
+        alTrazar_(QStringLiteral("  máquina %1 puesta a cero (%2), %3")
+                      .arg(i)
+                      .arg(memoria.puestas().back().conjuntos)
+                      .arg(reloj_.ahora().general()));
+      oraculo_->puestaACero(i);
+    }
+    bool olvido = false;
+    for (auto& l : m.lineas)
+      if (!l.olvidada && memoria.lista(l.lista).empty()) olvido = l.olvidada = true;
+    if (olvido) oraculo_->listaOlvidada(i);
+  }
+}
+
+void Mundo::caido(const Corte& corte) {
+  if (alTrazar_) alTrazar_(QStringLiteral("  !!! corte; vuelve a los %1 s").arg(corte.segundos));
+  reloj_.avanzar(corte.segundos * 1000LL);
+  // No returns: amounts that come to nothing don't show when a group is read half before and half
+  // behind a cut.
+  for (int n = 0; n < corte.ventas; ++n)
+    vender(maquinas_[static_cast<std::size_t>(
+               azar_.entero(0, static_cast<int>(maquinas_.size()) - 1))],
+           {codigos_[static_cast<std::size_t>(hoy_)]}, reloj_.ahora().qdate(), 0);
+}
+
+}  // namespace tarvo::noches

@@ -1,0 +1,350 @@
+#include "noches/Oraculo.h"
+
+#include <cstdlib>
+
+namespace tarvo::noches {
+
+using simulador::Tipo, simulador::Venta;
+
+namespace {
+
+struct Tabla {
+  int clase;
+  const char* nombre;
+  const char* sesion;
+  int conjunto;
+  bool hora;
+};
+constexpr Tabla kTablas[] = {{kPLUs, "TOTPLU", "SS_PLU", simulador::kArticulos, false},
+                             {kGranTotal, "TOTGRT", "SS_GRT", simulador::kTotales, false},
+                             {kOperadores, "TOTOPE", "SS_OPE", simulador::kPersonal, false},
+                             {kDepartamentos, "TOTDEP", "SS_DEP", simulador::kTotales, false},
+                             {kHorario, "TOTHOR", "SS_HOR", simulador::kPersonal, false},
+                             {kOperHora, "TOTOPHOR", "SS_OPH", simulador::kPersonal, true}};
+
+const Tabla& tabla(int clase) {
+  return kTablas[clase - kPLUs];
+}
+
+// What a kind of machine tells of a sale in each kind of total.
+Suma carga(Tipo tipo, int clase, const Venta& v) {
+  const bool vek = tipo == Tipo::Balanzas || tipo == Tipo::Birch;
+  bool pes = tipo != Tipo::Registradora && !(vek && clase == kOperadores), sco = false;
+  if (clase == kPLUs) sco = vek;
+  if (clase == kGranTotal) sco = tipo == Tipo::Birch || tipo == Tipo::Ebony;
+  if (clase == kOperadores) sco = true;
+  if (clase == kDepartamentos) sco = tipo == Tipo::Ebony;
+  return {v.cuenta, pes ? v.peso : 0, v.importe, sco ? v.descuento : 0};
+}
+
+// The code and hour under which it is told.
+std::pair<qint64, qint64> clave(const PlanGrupo& g, int clase, const Venta& v) {
+  const auto operador = [&] {
+    return qint64{g.operadores[static_cast<std::size_t>(v.operador - 1)]};
+  };
+  switch (clase) {
+    case kPLUs:
+      return {v.articulo, 0};
+    case kGranTotal:
+      return {0, 0};
+    case kOperadores:
+      return {operador(), 0};
+    case kDepartamentos:
+      return {v.departamento, 0};
+    case kHorario:
+      return {v.hora, 0};
+    default:
+      return {operador(), v.hora};
+  }
+}
+
+void sumar(Suma& a, const Suma& b, qint64 veces = 1) {
+  for (std::size_t i = 0; i < a.size(); ++i) a[i] += veces * b[i];
+}
+
+void sumar(Sumas& a, const Sumas& b, qint64 veces) {
+  for (const auto& [k, v] : b) sumar(a[k], v, veces);
+}
+
+QString texto(const Suma& s) {
+  return QStringLiteral("(%1 con, %2 g, %3, %4)").arg(s[0]).arg(s[1]).arg(s[2]).arg(s[3]);
+}
+
+QString texto(const PlanGrupo&, int clase, qint64 codigo, qint64 hora) {
+  return QStringLiteral("clase %1 código %2 hora %3").arg(clase).arg(codigo).arg(hora);
+}
+
+// Some prefix of each machine's sales, none shorter than it must be, adds up to `hay`.
+using Prefijos = std::vector<std::vector<Suma>>;
+bool alcanza(const Prefijos& p, std::size_t i, const Suma& hay) {
+  if (i == p.size()) return hay == Suma{};
+  for (const Suma& s : p[i]) {
+    Suma resto = hay;
+    sumar(resto, s, -1);
+    if (alcanza(p, i + 1, resto)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+Oraculo::Oraculo(const Plan& plan, const std::vector<MaquinaViva>& maquinas, const QString& carpeta)
+    : plan_(plan),
+      maquinas_(maquinas),
+      carpeta_(carpeta),
+      base_(carpeta + QStringLiteral("/TARVO.MDB")) {}
+
+// Rows of the periods, less what they hold of periods added into them: of those that are there, and
+// of versions that were replaced.
+Sumas Oraculo::enPeriodos(int clase, const char* cuales) {
+  const Tabla& t = tabla(clase);
+  const QByteArray codigo = clase == kGranTotal ? "0" : "CODI", hora = t.hora ? "HORA" : "0";
+  const QByteArray que = ", SUM(CON), SUM(PES), SUM(IMP), SUM(SCO) FROM ",
+                   porGrupo = " GROUP BY 1, 2, 3";
+  Sumas s;
+  const auto leer = [&](const QByteArray& sql, qint64 veces) {
+    base_.filas(sql, [&](const Lector::Fila& f) {
+      sumar(s[{f.entero(0), f.entero(1), f.entero(2)}],
+            {f.entero(3), f.entero(4), f.entero(5), f.entero(6)}, veces);
+    });
+  };
+  leer("SELECT GRUPO, " + codigo + ", " + hora + que + t.nombre +
+           " t JOIN COLUMNA p ON p.LINK=t.LINK WHERE " + cuales + porGrupo,
+       1);
+  for (const QByteArray k : {"2", "3", "4"}) {
+    const QByteArray dentro = " JOIN COLUMNA p ON p.TIPO=" + k +
+                              " AND p.FECHA1<=d.FECHA1 AND p.FECHAF>=d.FECHAF WHERE d.ACUM" + k +
+                              "<>0 AND " + cuales;
+    leer("SELECT GRUPO, " + codigo + ", " + hora + que + t.nombre +
+             " t JOIN COLUMNA d ON d.LINK=t.LINK" + dentro + porGrupo,
+         -1);
+    leer("SELECT GRUPO, " + codigo + ", HORA" + que +
+             "TotSusti t JOIN Sustituidos d ON d.ID=t.ID AND CLASE=" + QByteArray::number(clase) +
+             dentro + porGrupo,
+         -1);
+  }
+  return s;
+}
+
+Oraculo::Bandeja Oraculo::enBandeja(int clase) {
+  const Tabla& t = tabla(clase);
+  const QByteArray codigo = clase == kGranTotal ? "0" : "t.CODI", hora = t.hora ? "t.HORA" : "0";
+  Bandeja b;
+  base_.filas(
+      QByteArray(
+          "SELECT CODGPO FROM Sesiones, EstadoTarvo WHERE CLAVE='SesionAbier' AND VALOR=2 AND ") +
+          t.sesion + "<>0",
+      [&](const Lector::Fila& f) { b.grupos.insert(f.entero(0)); });
+  const auto leer = [&](Sumas& s, const QByteArray& sql) {
+    base_.filas("SELECT GRUPO, " + codigo + ", " + hora + ", CON, PES, IMP, SCO FROM " + sql,
+                [&](const Lector::Fila& f) {
+                  sumar(s[{f.entero(0), f.entero(1), f.entero(2)}],
+                        {f.entero(3), f.entero(4), f.entero(5), f.entero(6)});
+                });
+  };
+  leer(b.filas, QByteArray(t.nombre) + " t WHERE LINK=0");
+  base_.filas("SELECT DISTINCT ADDR FROM BaseFilas WHERE CLASE=" + QByteArray::number(clase),
+              [&](const Lector::Fila& f) { b.base[f.entero(0)]; });
+  for (auto& [addr, filas] : b.base)
+    leer(filas, "BaseFilas t WHERE CLASE=" + QByteArray::number(clase) +
+                    " AND ADDR=" + QByteArray::number(addr));
+  return b;
+}
+
+std::optional<QString> Oraculo::encaja(int grupo, int clase,
+                                       const std::vector<std::size_t>& minimos,
+                                       const Sumas& hay) const {
+  std::map<std::pair<qint64, qint64>, Prefijos> prefijos;
+  std::size_t cuantas = 0;
+  const PlanGrupo* g = nullptr;
+  for (const auto& m : maquinas_) cuantas += m.grupo->codigo == grupo;
+  for (std::size_t i = 0, n = 0; i < maquinas_.size(); ++i) {
+    if (maquinas_[i].grupo->codigo != grupo) continue;
+    g = maquinas_[i].grupo;
+    const auto& libro = maquinas_[i].maquina->memoria().libro();
+    for (std::size_t v = 0; v < libro.size(); ++v) {
+      auto& p = prefijos.try_emplace(clave(*g, clase, libro[v]), cuantas, std::vector<Suma>{Suma{}})
+                    .first->second[n];
+      Suma s = p.back();
+      sumar(s, carga(g->tipo, clase, libro[v]));
+      v < minimos[i] ? static_cast<void>(p.back() = s) : p.push_back(s);
+    }
+    ++n;
+  }
+  for (const auto& [k, v] : hay)
+    if (k[0] == grupo && v != Suma{} && !prefijos.contains({k[1], k[2]}))
+      return texto(*g, clase, k[1], k[2]) +
+             QStringLiteral(": hay %1 y nadie lo vendió").arg(texto(v));
+  for (const auto& [k, p] : prefijos) {
+    const auto it = hay.find({grupo, k.first, k.second});
+    const Suma s = it == hay.end() ? Suma{} : it->second;
+    if (alcanza(p, 0, s)) continue;
+    Suma desde{}, hasta{};
+    for (const auto& m : p) sumar(desde, m.front()), sumar(hasta, m.back());
+    return texto(*g, clase, k.first, k.second) + QStringLiteral(": hay %1, se esperaba de %2 a %3")
+                                                     .arg(texto(s), texto(desde), texto(hasta));
+  }
+  return std::nullopt;
+}
+
+// How much of each machine's sales must be counted: what it has wiped, or all that it had sold when
+// the night began.
+std::vector<std::size_t> Oraculo::minimos(int clase, bool todo) const {
+  std::vector<std::size_t> v;
+  for (const auto& m : maquinas_) {
+    std::size_t n = todo ? m.alEmpezar : 0;
+    for (const auto& p : m.maquina->memoria().puestas())
+      if (p.conjuntos & tabla(clase).conjunto) n = std::max(n, p.ventas);
+    v.push_back(n);
+  }
+  return v;
+}
+
+void Oraculo::contado(int grupo, int clase, const std::vector<std::size_t>& minimo, bool conBandeja,
+                      const QString& cuando) {
+  if (aMedias(grupo)) return;
+  Sumas s = enPeriodos(clase);
+  const auto mal = encaja(grupo, clase, minimo, s);
+  if (!mal) return;
+  const Bandeja b = conBandeja ? enBandeja(clase) : Bandeja{};
+  if (b.grupos.contains(grupo)) {
+    sumar(s, b.filas, 1);
+    if (!encaja(grupo, clase, minimo, s)) return;
+    // Which machines still held what is memorised shows when the reading is memorised.
+    Sumas sinBase = s;
+    for (const auto& [addr, filas] : b.base) {
+      Sumas una = s;
+      sumar(una, filas, -1);
+      sumar(sinBase, filas, -1);
+      if (!encaja(grupo, clase, minimo, una)) return;
+    }
+    if (!encaja(grupo, clase, minimo, sinBase)) return;
+  }
+  anotar(QStringLiteral("%1: grupo %2 (tipo %3), %4%5")
+             .arg(cuando)
+             .arg(grupo)
+             .arg([&] {
+               for (const auto& g : plan_.grupos)
+                 if (g.codigo == grupo) return static_cast<int>(g.tipo);
+               return 0;
+             }())
+             .arg(*mal, b.grupos.contains(grupo) ? QStringLiteral(" (con bandeja)") : QString()));
+}
+
+bool Oraculo::aMedias(int grupo) const {
+  for (const auto& m : maquinas_)
+    if (m.grupo->codigo == grupo && m.aMedias) return true;
+  return false;
+}
+
+void Oraculo::puestaACero(std::size_t maquina) {
+  const auto& m = maquinas_[maquina];
+  const int conjuntos = m.maquina->memoria().puestas().back().conjuntos;
+  for (const auto& [grupo, clase] : plan_.leidas)
+    if (grupo == m.grupo->codigo && clase <= kOperHora && (tabla(clase).conjunto & conjuntos))
+      contado(grupo, clase, minimos(clase, false), true, QStringLiteral("puesta a cero"));
+}
+
+// A group known not to foot is said and not zeroed: its next whole reading mends what this one got
+// wrong.
+void Oraculo::grupos(bool todo, const QString& cuando) {
+  std::set<qint64> descuadrados;
+  base_.filas("SELECT GRUPO FROM Lecturas WHERE ESTADO=4",
+              [&](const Lector::Fila& f) { descuadrados.insert(f.entero(0)); });
+  for (const auto& [grupo, clase] : plan_.leidas)
+    if (clase <= kOperHora && (todo || !descuadrados.contains(grupo)))
+      contado(grupo, clase, minimos(clase, todo), !todo, cuando);
+}
+
+void Oraculo::listaOlvidada(std::size_t maquina) {
+  documentos(QStringLiteral("lista olvidada, grupo %1").arg(maquinas_[maquina].grupo->codigo));
+}
+
+void Oraculo::documentos(const QString& cuando) {
+  std::map<std::array<qint64, 2>, int> hay;
+  int lista = 0;
+  for (const QByteArray que : {"PEDI_LIN", "INVE_LIN"}) {
+    base_.filas("SELECT PESO FROM " + que,
+                [&](const Lector::Fila& f) { ++hay[{lista, f.entero(0)}]; });
+    ++lista;
+  }
+  for (const auto& m : maquinas_)
+    for (const auto& l : m.lineas) {
+      const int n = hay[{l.lista == simulador::Lista::Pedidos ? 0 : 1, l.peso}];
+      if (n > 1 || (l.olvidada && n != 1))
+        anotar(QStringLiteral("%1: grupo %2, la línea %3 de %4 está %5 veces")
+                   .arg(cuando)
+                   .arg(m.grupo->codigo)
+                   .arg(l.peso)
+                   .arg(l.lista == simulador::Lista::Pedidos ? u"pedido" : u"inventario")
+                   .arg(n));
+    }
+}
+
+// A period that only sums others holds nothing of its own.
+void Oraculo::semanas() {
+  for (const Tabla& t : kTablas)
+    for (const auto& [k, v] : enPeriodos(t.clase, "p.stkABLE=0"))
+      if (v != Suma{}) {
+        anotar(QStringLiteral("semana: %1 grupo %2 código %3: sobra %4")
+                   .arg(QLatin1String(t.nombre))
+                   .arg(k[0])
+                   .arg(k[1])
+                   .arg(texto(v)));
+        break;
+      }
+}
+
+void Oraculo::stock() {
+  std::map<std::array<qint64, 2>, qint64> debe;  // warehouse, article
+  std::map<qint64, qint64> almacen;
+  base_.filas("SELECT CODGPO, Almacen FROM GRUPOS",
+              [&](const Lector::Fila& f) { almacen[f.entero(0)] = f.entero(1); });
+  Sumas s = enPeriodos(kPLUs, "p.stkADO<>0");
+  base_.filas(
+      "SELECT GRUPO, CODI, SUM(CON*stkADO), SUM(PES*stkADO) FROM TotSusti t JOIN Sustituidos d ON "
+      "d.ID=t.ID WHERE CLASE=16 GROUP BY 1, 2",
+      [&](const Lector::Fila& f) {
+        sumar(s[{f.entero(0), f.entero(1), 0}], {f.entero(2), f.entero(3), 0, 0});
+      });
+  for (const auto& [k, v] : s) {
+    const auto a = plan_.articulos.find(static_cast<int>(k[1]));
+    if (almacen[k[0]] > 0 && a != plan_.articulos.end())
+      debe[{almacen[k[0]], k[1]}] += a->second.unidad == 2 ? v[0] : v[1];
+  }
+  base_.filas("SELECT CODALM, CODIGO, Venta FROM MovsAlm",
+              [&](const Lector::Fila& f) { debe[{f.entero(0), f.entero(1)}] -= f.entero(2); });
+  for (const auto& [k, v] : debe)
+    if (v != 0)
+      return anotar(QStringLiteral("stock: almacén %1 artículo %2: falta descontar %3")
+                        .arg(k[0])
+                        .arg(k[1])
+                        .arg(v));
+  base_.filas("SELECT LINK, stkADO FROM COLUMNA WHERE stkADO NOT IN (0, 1)",
+              [&](const Lector::Fila& f) {
+                anotar(QStringLiteral("stock: periodo %1 descontado %2 veces")
+                           .arg(f.entero(0))
+                           .arg(f.entero(1)));
+              });
+}
+
+void Oraculo::finDeNoche(std::optional<int> resultado, bool calma, int arranques) {
+  const QString cuando = resultado == 0 ? QStringLiteral("noche con resultado 0")
+                         : calma        ? QStringLiteral("noche en calma")
+                                        : QStringLiteral("fin de noche");
+  grupos(calma || resultado == 0, cuando);
+  documentos(cuando);
+  semanas();
+  stock();
+  exportados(arranques, resultado == 0 && plan_.exporta);
+  if (resultado != 0) return;
+  for (const auto& m : maquinas_)
+    if (plan_.aCero.contains(m.grupo->codigo) &&
+        m.maquina->memoria().puestas().size() == m.puestasAlEmpezar)
+      anotar(cuando + QStringLiteral(": el grupo %1 no se puso a cero").arg(m.grupo->codigo));
+  if (plan_.descuenta && base_.uno("SELECT count(*) FROM COLUMNA WHERE stkABLE<>0 AND stkADO=0 AND "
+                                   "LINK IN (SELECT LINK FROM Lecturas)") > 0)
+    anotar(cuando + QStringLiteral(": hay un periodo sin descontar del stock"));
+}
+
+}  // namespace tarvo::noches

@@ -1,0 +1,77 @@
+// Proves the books of a night: from what the machines sold and wiped, and plain questions to the
+// database file. It shares no code with the program.
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "noches/Base.h"
+#include "noches/Plan.h"
+
+namespace tarvo::noches {
+
+// con, pes, imp, sco
+using Suma = std::array<qint64, 4>;
+// group, code, hour
+using Sumas = std::map<std::array<qint64, 3>, Suma>;
+
+struct MaquinaViva {
+  const PlanGrupo* grupo = nullptr;
+  std::unique_ptr<simulador::Maquina> maquina;
+  std::size_t puestas = 0;    // zeroings seen so far
+  std::size_t alEmpezar = 0;  // sales and zeroings when the night began
+  std::size_t puestasAlEmpezar = 0;
+  // A register that was told to forget a part and not the rest: its totals don't foot from then on,
+  // which is said every night, and somebody has to finish the zeroing by hand.
+  bool aMedias = false;
+  struct Linea {
+    simulador::Lista lista;
+    qint64 peso = 0;  // no two lines of a shop have the same
+    bool olvidada = false;
+  };
+  std::vector<Linea> lineas;
+};
+
+class Oraculo {
+ public:
+  Oraculo(const Plan& plan, const std::vector<MaquinaViva>& maquinas, const QString& carpeta);
+
+  // A machine has just been zeroed: nothing of what it held may be missing.
+  void puestaACero(std::size_t maquina);
+  // A machine has just forgotten its list.
+  void listaOlvidada(std::size_t maquina);
+  // The program has ended. `resultado` its exit status, or nothing when it was cut off for good.
+  void finDeNoche(std::optional<int> resultado, bool calma, int arranques);
+  Lector& base() { return base_; }
+  QStringList diferencias;
+
+ private:
+  struct Bandeja {
+    Sumas filas;
+    std::map<qint64, Sumas> base;  // by address
+    std::set<qint64> grupos;       // whose rows are of the open session
+  };
+  Sumas enPeriodos(int clase, const char* cuales = "1");
+  Bandeja enBandeja(int clase);
+  void contado(int grupo, int clase, const std::vector<std::size_t>& minimos, bool conBandeja,
+               const QString& cuando);
+  std::optional<QString> encaja(int grupo, int clase, const std::vector<std::size_t>& minimos,
+                                const Sumas& hay) const;
+  std::vector<std::size_t> minimos(int clase, bool todo) const;
+  bool aMedias(int grupo) const;
+  void grupos(bool todo, const QString& cuando);
+  void semanas();
+  void stock();
+  void documentos(const QString& cuando);
+  void exportados(int arranques, bool debe);
+  void bloque(const QStringList& lineas, const QString& fichero);
+  void anotar(const QString& texto) { diferencias += texto; }
+
+  const Plan& plan_;
+  const std::vector<MaquinaViva>& maquinas_;
+  const QString carpeta_;
+  Lector base_;
+  std::map<QString, qint64> ficheros_;  // sizes at the end of the night before
+};
+
+}  // namespace tarvo::noches

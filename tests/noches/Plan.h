@@ -1,0 +1,76 @@
+// What a seed makes: a shop, the process that runs each night, and what goes wrong in which night.
+#pragma once
+
+#include <QStringList>
+#include <map>
+#include <set>
+#include <vector>
+
+#include "core/tiempo/Reloj.h"
+#include "simulador/Maquina.h"
+
+namespace tarvo::noches {
+
+inline constexpr int kPLUs = 16, kGranTotal = 17, kOperadores = 18, kDepartamentos = 19,
+                     kHorario = 20, kOperHora = 21, kPedidos = 22, kInventarios = 23;
+
+struct PlanGrupo {
+  int codigo = 0;
+  simulador::Tipo tipo = simulador::Tipo::Balanzas;
+  int remoto = 3;  // 2 direct cable, 3 TCP/IP, 4 connector
+  QString acceso;  // host text or connector name
+  int canal = 0;   // direct cable, from 1
+  int addr = 1;
+  std::vector<int> direcciones;  // of its machines
+  std::vector<int> operadores;   // code of each position
+  int almacen = 0;
+  QString linea() const { return remoto == 2 ? QStringLiteral("COM%1").arg(canal) : acceso; }
+};
+
+struct Corte {
+  qint64 evento = -1;        // counted from the start of the program
+  qint64 confirmacion = -1;  // or at this commit, within an event
+  int segundos = 1;          // until somebody starts the process again
+  bool vuelve = true;        // false: nobody does, this night
+  int ventas = 0;            // made while the program was down
+};
+
+struct AveriasLinea {
+  double ocupada = 0, rechazo = 0, bit = 0, cierreMudo = 0;
+};
+
+struct PlanNoche {
+  bool calma = false;
+  int minuto = 22 * 60;                   // of the day at which it starts
+  std::vector<simulador::Fallos> fallos;  // by machine
+  AveriasLinea linea;
+  std::vector<Corte> cortes;
+  qint64 llenoDesde = -1, llenoEventos = 0;
+  qint64 saltoEn = -1;
+  double salto = 0;  // days
+};
+
+struct Plan {
+  explicit Plan(quint64 semilla);
+
+  quint64 semilla;
+  QDate primerDia;
+  std::vector<PlanGrupo> grupos;
+  simulador::Catalogo articulos;
+  QStringList proceso;
+  std::set<std::pair<int, int>> leidas;  // (group, kind) that the process reads
+  std::set<int> aCero;                   // groups that it zeroes
+  bool aUno = true, acumula = false, descuenta = false, exporta = false, corto = false,
+       optimizada = false;
+  int reintentos = 0;
+  std::vector<PlanNoche> noches;
+
+ private:
+  void tienda(Azar& azar);
+  void grupo(Azar& azar, int codigo);
+  void pasos(Azar& azar);
+  void tareas(Azar& azar, const QString& clave, int clase, const QString& cola = {});
+  void noche(Azar& azar, std::size_t maquinas);
+};
+
+}  // namespace tarvo::noches

@@ -1,0 +1,30 @@
+// The program as it stands in memory, made and joined as at its start. Destroying it is a power
+// cut: nothing is said to anybody.
+#pragma once
+
+#include "app/Aplicacion.h"
+#include "automation/Automat.h"
+#include "comm/enlace/comtvIP.h"
+#include "noches/Hilo.h"
+
+namespace tarvo::noches {
+
+class Programa {
+ public:
+  // Starts and runs the process; the text of the error when it can't.
+  static Resultado<std::unique_ptr<Programa>> arrancar(
+      const QString& carpeta, const QStringList& proceso, Reloj& reloj, Hilos& hilos,
+      quint64 semilla, std::function<void(const QString&)> alEscribir);
+  ~Programa();
+  // Nothing while the run goes on; then its exit status.
+  std::optional<int> resultado() const { return resultado_; }
+  Resultado<> guardarAjustes() const;
+
+ private:
+  struct Interior;
+  Programa();
+  std::unique_ptr<Interior> d;
+  std::optional<int> resultado_;
+};
+
+}  // namespace tarvo::noches

@@ -1,0 +1,11 @@
+// Seeds that once showed a fault, kept as tests.
+#pragma once
+
+#include <QtGlobal>
+
+namespace tarvo::noches {
+
+inline constexpr quint64 kGuardadas[] = {2,   19,  25,  26,  44,  59,  77, 138,
+                                         190, 204, 230, 401, 449, 490, 499};
+
+}  // namespace tarvo::noches
