@@ -55,6 +55,7 @@ void Ejecucion::pedirFin() {
   avisar(t_(kTxInterrumpiendo));
   const bool enMarcha = !activado_ || app_.cronos().hayProcesoEnMarcha();
   app_.cronos().parar();
+  app_.automat().conservarAlAbortar = true;
   enMarcha ? app_.automat().abortar() : QCoreApplication::exit(estado_);
 }
 

@@ -122,6 +122,8 @@ void Automat::Interior::terminar(ResultadoProceso con, int faseFinal, QStringVie
   escribirMomento(linea);
   fase = faseFinal;
   if (averiado || pasos.empty()) return;
+  if (con == ResultadoProceso::Abortado && yo.conservarAlAbortar)
+    return escribir({QStringLiteral("    Ejecute el proceso de nuevo para seguir donde estaba.")});
   if (auto r = diario.cerrar(e.numero); !r) {
     escribir({r.error().texto});
     resultado = std::max(resultado, ResultadoProceso::Problemas);

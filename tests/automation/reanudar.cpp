@@ -6,19 +6,13 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+// The second closing is an error: the run has problems.
 const QString kNoche =
     u"N:%g,Grupo\r\nP:CREAR,5,01/03/2026,02/03/"
     u"2026,Aparte\r\nT:RXPLUS,%g\r\nT:RXGRTOT,ALL\r\nT:RXPLUS,2\r\nC:ESPERA,1,No\r\n"
     u"S:CERRAR,Ventas,Sí,Sí\r\nT:TX_ZERO,ALL\r\nC:ESPERA,1,No\r\nP:LIMPIAR\r\nP:SEL. "
     u"ULTIMO\r\nP:ACUMULAR,2\r\nP:SEL. ULTIMO\r\nP:STOCK\r\n"
-    u"P:SEL. ULTIMO\r\nE:TOTALIZA,No,No,VENTAS\r\nS:CERRAR,otra,Sí,Sí\r\nS:ABRIR\r\n"_s;  // the
-                                                                                          // second
-                                                                                          // closing
-                                                                                          // is an
-                                                                                          // error:
-                                                                                          // the run
-                                                                                          // has
-                                                                                          // problems
+    u"P:SEL. ULTIMO\r\nE:TOTALIZA,No,No,VENTAS\r\nS:CERRAR,otra,Sí,Sí\r\nS:ABRIR\r\n"_s;
 
 struct Final {
   QStringList libros;
@@ -91,6 +85,33 @@ TEST(Reanudar, MuertaEntreDosTicsCualesquiera) {
     ++cortes;
   }
   EXPECT_GT(cortes, 30);
+}
+
+// A computer that is shut down tells the program first; started again it goes on all the same.
+TEST(Reanudar, InterrumpidaDesdeFueraSigueDespues) {
+  const Final limpia = deUnTiron();
+  int cortes = 0;
+  for (int n = 1;; n += 3) {
+    Tienda tienda;
+    tienda.respuestas.numeros[u"%g"_s] = 1;
+    {
+      const auto p = tienda.programa();
+      p->correr(kNoche);
+      for (int i = 0; i < n && !p->fin; ++i) tienda.reloj.siguiente();
+      if (p->fin) break;
+      p->automat().conservarAlAbortar = true;
+      p->automat().abortar();
+      ASSERT_TRUE(p->hastaElFin());
+      ASSERT_EQ(p->fin, ResultadoProceso::Abortado);
+    }
+    const auto p = tienda.programa();
+    p->correr(kNoche);
+    ASSERT_TRUE(p->hastaElFin());
+    esperarIgual(acabar(tienda, *p), limpia, "tic " + std::to_string(n));
+    if (HasFailure()) return;
+    ++cortes;
+  }
+  EXPECT_GT(cortes, 8);
 }
 
 // The clock is asked all over the rooms, inside their transactions too.
