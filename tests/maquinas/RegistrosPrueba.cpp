@@ -254,7 +254,8 @@ TEST(Registros, LineasDePedido) {
                        "01500000"
                        "00000002",
                    f(20, '0');
-  EXPECT_EQ(*nodal::leerPedido("99" + n + "0123456789"), (std::vector<Linea>{{17, 1500, 2}}));
+  EXPECT_EQ(*nodal::leerPedido("99" + n + "   "), (std::vector<Linea>{{17, 1500, 2}}));
+  EXPECT_FALSE(nodal::leerPedido("99" + n + "0123456789"));  // a line that is cut
   EXPECT_EQ(*nodal::leerPedido("99" + n + f + n), (std::vector<Linea>{{17, 1500, 2}}));
   EXPECT_TRUE(nodal::leerPedido("99")->empty());
   EXPECT_FALSE(nodal::leerPedido("990017"));

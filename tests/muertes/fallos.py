@@ -60,7 +60,7 @@ def caso(titulo, esperado, antes=None, durante=None, proceso="NOCHE", despues=No
         peores = nada_perdido(t) if maquina else []
         if sigue:
             otra, dicho_despues = t.correr(plazo=150)
-            peores += nada_perdido(t, True) + ([f"al repetir acabó con {otra}: {dicho_despues}"] if otra else [])
+            peores += nada_perdido(t, True) + ([f"al repetir acabó con {otra}: {dicho_despues}"] if otra not in (0, 1) else [])  # 1: it remembers the fault
     except (sqlite3.Error, ValueError, KeyError, OSError) as e:
         estado, salida, peores = estado if "estado" in locals() else "?", "", [f"{type(e).__name__}: {e}"]
     finally:

@@ -100,7 +100,10 @@ Resultado<> Ajustes::LeerConfig() {
 }
 
 Resultado<> Ajustes::GuardarConfig() const {
-  return ficheros::escribirEntero(rutaConfig(), ficheros::codificar(escribir()));
+  const QByteArray nuevo = ficheros::codificar(escribir());
+  if (const auto viejo = ficheros::leerBytes(rutaConfig(), kMayorIni); viejo && *viejo == nuevo)
+    return {};
+  return ficheros::escribirEntero(rutaConfig(), nuevo);
 }
 
 QString Ajustes::conector(const QString& nombre) const {

@@ -117,16 +117,21 @@ Resultado<std::vector<ParteClave>> Catalogo::indice(const InfoTabla& tabla, QStr
 }
 
 bool Catalogo::existe(QStringView tablaOVista) {
-  if (!existe_) {
-    auto p = con_.preparar(QStringLiteral(
-        "SELECT 1 FROM sqlite_master WHERE type IN ('table','view') AND name=? COLLATE NOCASE"));
-    if (!p) return false;
-    existe_ = std::move(*p);
+  if (nombres_.isEmpty()) nombres_ = leerNombres();
+  return nombres_.contains(tablaOVista.toString().toLower());
+}
+
+// Nothing when they can't be read to the end: half a list must not be kept.
+QSet<QString> Catalogo::leerNombres() {
+  auto p = con_.preparar(u"SELECT name FROM sqlite_master WHERE type IN ('table','view')"_s);
+  if (!p) return {};
+  QSet<QString> nombres;
+  for (;;) {
+    const auto fila = p->paso();
+    if (!fila) return {};
+    if (!*fila) return nombres;
+    nombres.insert(textoDe(*p, 0).toLower());
   }
-  existe_.ligar(0, tablaOVista.toString());
-  const bool hay = existe_.paso().value_or(false);
-  existe_.reponer();
-  return hay;
 }
 
 bool Catalogo::columnaDeTexto(const QString& enMinusculas) {
@@ -142,6 +147,7 @@ bool Catalogo::columnaDeTexto(const QString& enMinusculas) {
 
 void Catalogo::olvidar() {
   tablas_.clear();
+  nombres_.clear();
   deTexto_.clear();
   textoLeido_ = false;
 }

@@ -43,11 +43,12 @@ class Catalogo {
   void olvidar();
 
  private:
+  QSet<QString> leerNombres();
+
   Conexion& con_;
   QHash<QString, std::shared_ptr<const InfoTabla>> tablas_;
-  QSet<QString> deTexto_;
+  QSet<QString> nombres_, deTexto_;
   bool textoLeido_ = false;
-  Preparada existe_;
 };
 
 }  // namespace tarvo::dao
