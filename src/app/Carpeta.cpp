@@ -16,10 +16,6 @@ namespace tarvo::app {
 
 namespace {
 
-QString carpetaEjecutable() {
-  return QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).path();
-}
-
 bool esDePrograma(const QString& carpeta) {
   for (const char16_t* nombre : {u"TARVO.INI", u"TARVO.MDB"})
     if (QFileInfo(Ajustes::ruta(QString::fromUtf16(nombre), carpeta)).isFile()) return true;
@@ -33,6 +29,10 @@ QString carpetaDelUsuario() {
 }
 
 }  // namespace
+
+QString carpetaEjecutable() {
+  return QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).path();
+}
 
 Resultado<QString> carpetaPrograma(const QString& pedida) {
   QString carpeta = pedida.isEmpty() ? qEnvironmentVariable("TARVO_CARPETA") : pedida;

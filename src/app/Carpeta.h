@@ -14,6 +14,9 @@ namespace tarvo::app {
 // and isn't there.
 Resultado<QString> carpetaPrograma(const QString& pedida);
 
+// Where the executable stands; needs no QCoreApplication.
+QString carpetaEjecutable();
+
 // Holds the folder until it goes. The kernel lets go of it when the program dies, however it dies.
 class Cerrojo {
  public:

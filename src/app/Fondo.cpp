@@ -1,4 +1,3 @@
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -16,7 +15,7 @@ namespace {
 
 // Where the empty database may be: the program's folder, beside the executable, the installed data.
 QStringList carpetasPlantilla(const QString& carpeta) {
-  const QString ejecutable = QCoreApplication::applicationDirPath();
+  const QString ejecutable = carpetaEjecutable();
   return {carpeta, ejecutable, QDir::cleanPath(ejecutable + QStringLiteral("/../share/tarvo"))};
 }
 

@@ -375,4 +375,15 @@ TEST_F(Reglas, ElCableQueNoEsDeLaTareaLaRechaza) {
             (QStringList{QStringLiteral("6 G1 E22 (0)"), QStringLiteral("17 G1 E14 (5)")}));
 }
 
+TEST_F(Reglas, SinCanalDeSuClaseLaTareaNoEsperaParaSiempre) {
+  arrancar();
+  tienda(1, QStringLiteral("tcp:sur"));
+  for (const int remoto : {1, 3}) {
+    valor(db->ejecutar(u"UPDATE GRUPOS SET remoto=?, telef='sur:4000' WHERE CODGPO=1", remoto));
+    encolar(1, 17);
+    ASSERT_TRUE(correr());
+  }
+  EXPECT_EQ(problemas, QStringList(2, QStringLiteral("17 G1 E14 (5)")));
+}
+
 }  // namespace tarvo::prueba

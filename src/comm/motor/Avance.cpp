@@ -125,10 +125,14 @@ int gestcomm::Interior::elegirCanal(TareaViva& t) {
     const int c = canalConector(t.datos.Telefono);
     return cerrado(c) ? c : kEsperar;
   }
-  for (int c = 0; c < kCanalesFijos; ++c)
-    if (entorno.ajustes.canales[static_cast<size_t>(c)].Device == t.datos.Remoto && cerrado(c))
-      return c;
-  return kEsperar;
+  // With no channel of its kind configured a task would wait for ever.
+  int salida = kNoVale;
+  for (int c = 0; c < kCanalesFijos; ++c) {
+    if (entorno.ajustes.canales[static_cast<size_t>(c)].Device != t.datos.Remoto) continue;
+    if (cerrado(c)) return c;
+    salida = kEsperar;
+  }
+  return salida;
 }
 
 bool gestcomm::Interior::reutilizable(int c, const TareaViva& t) const {
