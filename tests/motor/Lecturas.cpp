@@ -180,6 +180,18 @@ TEST_F(Lecturas, UnaTramaDePedidoRepetida) {
             u"1,20;2,20;3,20");
 }
 
+// Frames of lines have no number: one that bears another request's code would be gone for good.
+TEST_F(Lecturas, UnaTramaDePedidoConElCodigoDeOtraPregunta) {
+  grupo(2, 2, QStringLiteral("cable 2"), {5});
+  auto& memoria = maquina(2, 5).memoria();
+  for (int i = 1; i <= 20; ++i) memoria.apuntar(simulador::Lista::Pedidos, {i, 100, 1});
+  fallo(2, {simulador::Averia::OtroCodigo, 1, 76, 1}, 5);
+  encolar(2, 22);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(filas(QStringLiteral("SELECT COUNT(*) FROM PEDI_LIN")), u"20");
+  EXPECT_TRUE(memoria.lista(simulador::Lista::Pedidos).empty());
+}
+
 TEST_F(Lecturas, LaListaQueNoSeOlvidoEsElMismoDocumento) {
   grupo(1, 1, QStringLiteral("cable 1"));
   auto& memoria = maquina(1).memoria();

@@ -52,7 +52,8 @@ Veredicto Mundo::correr() {
 }
 
 void Mundo::traza(const QString& linea) {
-  huella_ += linea.toUtf8();
+  // A message may name the folder, which has another name each time.
+  huella_ += linea.toUtf8().replace(carpeta_.path().toUtf8(), "");
   if (alTrazar_) alTrazar_(linea);
 }
 

@@ -245,14 +245,18 @@ void Oraculo::puestaACero(std::size_t maquina) {
       contado(grupo, clase, minimos(clase, false), true, QStringLiteral("puesta a cero"));
 }
 
-// A group known not to foot is said and not zeroed: its next whole reading mends what this one got
-// wrong.
+// A group known not to foot is said and not zeroed: what that reading got wrong stands in its
+// period until all its kinds have been read whole, be it some nights later.
 void Oraculo::grupos(bool todo, const QString& cuando) {
-  std::set<qint64> descuadrados;
-  base_.filas("SELECT GRUPO FROM Lecturas WHERE ESTADO=4",
-              [&](const Lector::Fila& f) { descuadrados.insert(f.entero(0)); });
+  base_.filas("SELECT GRUPO, MAX(ESTADO=4), MAX(ESTADO<>2) FROM Lecturas GROUP BY GRUPO",
+              [&](const Lector::Fila& f) {
+                if (f.entero(1) != 0)
+                  descuadrados_.insert(f.entero(0));
+                else if (f.entero(2) == 0)
+                  descuadrados_.erase(f.entero(0));
+              });
   for (const auto& [grupo, clase] : plan_.leidas)
-    if (clase <= kOperHora && (todo || !descuadrados.contains(grupo)))
+    if (clase <= kOperHora && (todo || !descuadrados_.contains(grupo)))
       contado(grupo, clase, minimos(clase, todo), !todo, cuando);
 }
 

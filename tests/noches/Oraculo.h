@@ -71,6 +71,7 @@ class Oraculo {
   const std::vector<MaquinaViva>& maquinas_;
   const QString carpeta_;
   Lector base_;
+  std::set<qint64> descuadrados_;       // groups with a reading that doesn't foot in some period
   std::map<QString, qint64> ficheros_;  // sizes at the end of the night before
 };
 

@@ -2,6 +2,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include "noches/Oraculo.h"
 
@@ -19,6 +20,7 @@ QString momento(double dias) {
 
 void Oraculo::exportados(int arranques, bool debe) {
   bool nuevo = false;
+  std::map<QString, std::map<QString, QStringList>> nuevos;  // by file and period, the last block
   for (const QString& nombre : QDir(carpeta_).entryList({QStringLiteral("*.EXP")})) {
     QFile f(carpeta_ + u'/' + nombre);
     if (!f.open(QIODevice::ReadOnly)) return anotar(QStringLiteral("no se puede leer ") + nombre);
@@ -27,7 +29,7 @@ void Oraculo::exportados(int arranques, bool debe) {
     nuevo = true;
     if (!bytes.endsWith("\r\n")) anotar(nombre + QStringLiteral(": acaba a mitad de una línea"));
     std::map<QString, int> veces;
-    std::map<QString, QStringList> bloques;  // the last one of each period
+    auto& bloques = nuevos[nombre];
     QString fechas;
     QStringList lineas = QString::fromLatin1(bytes).split(QStringLiteral("\r\n"));
     lineas.removeLast();
@@ -43,8 +45,16 @@ void Oraculo::exportados(int arranques, bool debe) {
     for (const auto& [cual, n] : veces)
       if (n > arranques)
         anotar(QStringLiteral("%1: el periodo %2 está %3 veces").arg(nombre, cual).arg(n));
-    for (const auto& [cual, filas] : bloques) bloque(QStringList(cual) + filas, nombre);
   }
+  // A night that goes on past midnight may export a period again into the next day's file: the
+  // block that was written last is the one that has to be right.
+  std::map<QString, QString> ultimo;
+  base_.filas("SELECT RUTA FROM Exportes ORDER BY rowid", [&](const Lector::Fila& f) {
+    const QString nombre = QFileInfo(QString::fromUtf8(f.texto(0))).fileName();
+    for (const auto& [cual, filas] : nuevos[nombre]) ultimo[cual] = nombre;
+  });
+  for (const auto& [cual, nombre] : ultimo)
+    bloque(QStringList(cual) + nuevos[nombre][cual], nombre);
   if (debe && !nuevo) anotar(QStringLiteral("resultado 0 y no se exportó nada"));
 }
 

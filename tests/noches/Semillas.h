@@ -5,7 +5,8 @@
 
 namespace tarvo::noches {
 
-inline constexpr quint64 kGuardadas[] = {2,   19,  25,  26,  44,  59,  77, 138,
-                                         190, 204, 230, 401, 449, 490, 499};
+inline constexpr quint64 kGuardadas[] = {2,   19,  25,  26,  44,  59,   77,   138,
+                                         190, 204, 230, 401, 414, 449,  490,  499,
+                                         560, 829, 841, 932, 978, 1034, 1442, 1448};
 
 }  // namespace tarvo::noches

@@ -115,11 +115,10 @@ class ListaNodalPedido final : public Lista {
         return Siguiente::fin();
     }
   }
+  // Lines bear no number, so a frame with another request's code may be some of them, gone for good
+  // if it were passed over: it is taken, and spoils the list.
   bool encaja(int, int codigo, const QByteArray&) const override {
-    if (fase_ != 2 && fase_ != 4) return true;
-    const int mia =
-        (fase_ == 2 ? maquinas::nodal::pedido() : maquinas::nodal::olvidarPedido()).codigo;
-    return codigo == mia || !maquinas::nodal::esDePeticion(codigo);
+    return fase_ != 4 || !deOtra(codigo);
   }
   Resultado<> respuesta(int, int codigo, const QByteArray& datos) override {
     if (fase_ == 1 || fase_ == 3) {
@@ -130,6 +129,10 @@ class ListaNodalPedido final : public Lista {
       else  // an end that comes alone may be a late one of another list: it must come twice
         fase_ = lineas_.empty() && !std::exchange(vacia_, true) ? 1 : 3;
     } else if (fase_ == 2) {
+      if (deOtra(codigo))
+        return falloEn({Fallo::Formato, 7,
+                        QStringLiteral("ha llegado una trama de otra pregunta (%1)").arg(codigo)},
+                       t_.Grupo, lugar());
       const auto r = maquinas::nodal::leerPedido(datos);
       if (!r) return falloEn(r.error(), t_.Grupo, lugar());
       if (!r->empty() && datos == ultima_ && !std::exchange(repetida_, true))
@@ -151,6 +154,11 @@ class ListaNodalPedido final : public Lista {
   qint64 avance() const override { return fase_ == 0 || fase_ > 2 ? 1 : 0; }
 
  private:
+  bool deOtra(int codigo) const {
+    const int mia =
+        (fase_ == 2 ? maquinas::nodal::pedido() : maquinas::nodal::olvidarPedido()).codigo;
+    return codigo != mia && maquinas::nodal::esDePeticion(codigo);
+  }
   Siguiente enviar(const maquinas::Peticion& p) const {
     return {Siguiente::Enviar, t_.Addr, p.codigo, p.datos};
   }
