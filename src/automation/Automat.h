@@ -64,8 +64,8 @@ class Automat final : private motor::Vigilante {
   std::function<void(ResultadoProceso)> alTerminarDiferida;
   // Nobody is there: failures are dropped as in a delayed run.
   bool desatendido = false;
-  // An abort that comes from outside, as a computer that is shut down: the record of the run stays open, so that the same
-  // process, run again, goes on with it.
+  // An abort that comes from outside, as a computer that is shut down: the record of the run stays
+  // open, so that the same process, run again, goes on with it.
   bool conservarAlAbortar = false;
 
   // PROCESO: loads a list and starts it. `traza` empty: a direct run, whose trace is

@@ -137,10 +137,12 @@ void gestcomm::Interior::rendir(int id) {
       liberarCanal(c);
       soltarEnlace(c);
     }
-    return decir(*t,
-                 QStringLiteral("Grupo %1: %2 queda en la cola sin terminar y no se intentará más.")
-                     .arg(t->datos.Grupo)
-                     .arg(nombre));
+    return decir(
+        *t,
+        QStringLiteral(
+            "Grupo %1: %2 ha fallado y queda en la cola a la espera de que se decida qué hacer.")
+            .arg(t->datos.Grupo)
+            .arg(nombre));
   }
   problema(id);
   if ((t = tarea(id))) marcarFallida(*t);
