@@ -102,6 +102,18 @@ TEST_F(Lecturas, DeMaquinasNodal) {
                          QStringLiteral("65"), QStringLiteral("66"), QStringLiteral("75")}));
 }
 
+// Its only frame bears another request's code: the list is not one without sales.
+TEST_F(Lecturas, UnaListaNodalConElCodigoDeOtraPregunta) {
+  grupo(2, 2, QStringLiteral("cable 2"), {5});
+  vender(2, 10, 500, 250, 1, 5);
+  for (const auto& [codigo, clase] : {std::pair{64, 17}, {65, 18}, {66, 19}}) {
+    fallo(2, {simulador::Averia::OtroCodigo, 1, codigo}, 5);
+    encolar(2, clase);
+    ASSERT_TRUE(correr());
+    EXPECT_NE(bandeja(2, clase), u"") << clase;
+  }
+}
+
 TEST_F(Lecturas, DeCajas) {
   grupo(3, 3, QStringLiteral("cable 3"), {4, 6});
   articulo(10, QStringLiteral("8412345678905"));
