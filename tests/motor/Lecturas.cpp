@@ -102,6 +102,18 @@ TEST_F(Lecturas, DeMaquinasNodal) {
                          QStringLiteral("65"), QStringLiteral("66"), QStringLiteral("75")}));
 }
 
+// Its only frame bears another request's code: the list is not one without sales.
+TEST_F(Lecturas, UnaListaNodalConElCodigoDeOtraPregunta) {
+  grupo(2, 2, QStringLiteral("cable 2"), {5});
+  vender(2, 10, 500, 250, 1, 5);
+  for (const auto& [codigo, clase] : {std::pair{64, 17}, {65, 18}, {66, 19}}) {
+    fallo(2, {simulador::Averia::OtroCodigo, 1, codigo}, 5);
+    encolar(2, clase);
+    ASSERT_TRUE(correr());
+    EXPECT_NE(bandeja(2, clase), u"") << clase;
+  }
+}
+
 TEST_F(Lecturas, DeCajas) {
   grupo(3, 3, QStringLiteral("cable 3"), {4, 6});
   articulo(10, QStringLiteral("8412345678905"));
@@ -185,11 +197,29 @@ TEST_F(Lecturas, UnaTramaDePedidoConElCodigoDeOtraPregunta) {
   grupo(2, 2, QStringLiteral("cable 2"), {5});
   auto& memoria = maquina(2, 5).memoria();
   for (int i = 1; i <= 20; ++i) memoria.apuntar(simulador::Lista::Pedidos, {i, 100, 1});
-  fallo(2, {simulador::Averia::OtroCodigo, 1, 76, 1}, 5);
+  fallo(2, {simulador::Averia::OtroCodigo, 1, 76}, 5);
   encolar(2, 22);
   ASSERT_TRUE(correr());
   EXPECT_EQ(filas(QStringLiteral("SELECT COUNT(*) FROM PEDI_LIN")), u"20");
   EXPECT_TRUE(memoria.lista(simulador::Lista::Pedidos).empty());
+}
+
+// The order's answer comes when the inventory is asked, and nothing in it says whose it is.
+TEST_F(Lecturas, UnaRespuestaDelPedidoLlegaAlInventario) {
+  grupo(1, 1, QStringLiteral("cable 1"));
+  auto& memoria = maquina(1).memoria();
+  for (int i = 1; i <= 7; ++i) {
+    memoria.apuntar(simulador::Lista::Pedidos, {i, 100, 1});
+    memoria.apuntar(simulador::Lista::Inventarios, {i + 10, 100, 1});
+  }
+  fallo(1, {simulador::Averia::RespuestaTardia, 1, 610});
+  gestor->VigilaProcesos(0, true, this);
+  encolar(1, 22);
+  encolar(1, 23);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(filas(QStringLiteral("SELECT COUNT(*), MIN(CODIGO), SUM(CODIGO) FROM INVE_LIN")),
+            u"7,11,98");
+  EXPECT_EQ(memoria.lista(simulador::Lista::Pedidos).size(), 7U);
 }
 
 TEST_F(Lecturas, LaListaQueNoSeOlvidoEsElMismoDocumento) {

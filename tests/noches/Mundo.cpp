@@ -2,6 +2,7 @@
 
 #include <QCryptographicHash>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace tarvo::noches {
 
@@ -135,6 +136,12 @@ void Mundo::empezarNoche(const PlanNoche& n) {
     const bool salta = plan_.leidas.contains({m.grupo->codigo, kOperHora}) || plan_.optimizada;
     if (m.grupo->tipo == Tipo::Ebony || conListas || salta)
       fallos.probabilidad[static_cast<std::size_t>(Averia::OtroNumero)] = 0;
+    // Frames of a register don't name it, and a bare acknowledgement wakes whichever has a list
+    // half sent. On a wire that two groups share nobody can tell whose records come then.
+    const auto enElHilo = std::ranges::count(plan_.grupos, m.grupo->linea(), &PlanGrupo::linea);
+    if (m.grupo->tipo == Tipo::Registradora && enElHilo > 1)
+      for (const Averia a : {Averia::RespuestaPerdida, Averia::RespuestaTardia})
+        fallos.probabilidad[static_cast<std::size_t>(a)] = 0;
     m.maquina->cambiarPercances(simulador::Percances(fallos, azar_.siguiente()));
     m.alEmpezar = m.maquina->memoria().libro().size();
     m.puestasAlEmpezar = m.maquina->memoria().puestas().size();

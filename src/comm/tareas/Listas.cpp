@@ -1,5 +1,9 @@
 #include "comm/tareas/Listas.h"
 
+#include <algorithm>
+#include <optional>
+#include <utility>
+
 #include "comm/maquinas/Nodal.h"
 #include "comm/maquinas/Vek.h"
 #include "comm/tareas/Fabricas.h"
@@ -16,15 +20,45 @@ class Lista : public motor::TrabajoTarea {
   Lista(const motor::DatosTarea& t, const motor::Entorno& e, Documento que)
       : t_(t), e_(e), que_(que), disco_(t_, e_, que) {}
 
+  Resultado<Siguiente> siguiente() final {
+    if (!empezada_) {
+      const auto notas = e_.db.uno(u"SELECT count(*) FROM EstadoTarvo WHERE CLAVE=?", nota());
+      if (!notas) return std::unexpected(notas.error());
+      dudosa_ = anotada_ = notas->entero() > 0;
+      empezada_ = true;
+    }
+    return paso();
+  }
   // The machine may forget the list: the note goes with the end of the task.
   Resultado<std::vector<totals::Aviso>> cerrar() final {
     TARVO_INTENTAR(disco_.olvidada());
+    if (anotada_) TARVO_INTENTAR(e_.db.ejecutar(u"DELETE FROM EstadoTarvo WHERE CLAVE=?", nota()));
     return std::vector<totals::Aviso>{};
   }
+  // What it was still owed may come to the next list of the group.
+  void abandonar() final {
+    static_cast<void>(
+        e_.db.ejecutar(u"INSERT OR REPLACE INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, 1)", nota()));
+  }
+  // The link or an answer failed: late ones may come, and no frame says which lines it holds.
+  void reanudar() override { dudosa_ = dudosa_ || lectura(); }
   QString MostrarTraza() const final { return QStringLiteral("L %1").arg(lineas_.size()); }
   qint64 codigoActual() const final { return static_cast<qint64>(lineas_.size()); }
 
  protected:
+  virtual Resultado<Siguiente> paso() = 0;
+  bool dudosa() const { return dudosa_; }
+  // Are lines being asked for?
+  virtual bool lectura() const = 0;
+  // The list has ended: true when it stands. One that was disturbed has to come alike twice
+  // running; it is read again from the start.
+  Resultado<bool> vale() {
+    if (!dudosa_ || leida_ == lineas_) return true;
+    leida_ = std::exchange(lineas_, {});
+    if (++vueltas_ <= kVueltas) return false;
+    return falloEn({Fallo::Formato, 7, QStringLiteral("la lista no llega dos veces igual")},
+                   t_.Grupo, lugar());
+  }
   Resultado<> aDisco() {
     if (enDisco_) return {};
     TARVO_INTENTAR(disco_.guardar(lineas_));
@@ -43,8 +77,13 @@ class Lista : public motor::TrabajoTarea {
   std::vector<maquinas::Linea> lineas_;
 
  private:
+  static constexpr int kVueltas = 4;
+  QString nota() const { return QStringLiteral("ListaAbandonada%1").arg(t_.Grupo); }
   ListaRecibida disco_;
-  bool enDisco_ = false;
+  bool enDisco_ = false, empezada_ = false, anotada_ = false;
+  bool dudosa_ = false;  // something of another reading may come among the lines
+  std::optional<std::vector<maquinas::Linea>> leida_;  // the reading before
+  int vueltas_ = 0;
 };
 
 // Kinds 1 and 4: asked from a line number on, some lines an answer.
@@ -52,7 +91,7 @@ class ListaVek final : public Lista {
  public:
   using Lista::Lista;
 
-  Resultado<Siguiente> siguiente() override {
+  Resultado<Siguiente> paso() override {
     if (fase_ == 0) return Siguiente::fin();
     if (fase_ == 2) TARVO_INTENTAR(aDisco());
     if (fase_ == 1 && lineas_.size() > kUltimaLinea)
@@ -64,9 +103,11 @@ class ListaVek final : public Lista {
     return Siguiente{Siguiente::Enviar, 0, p.codigo, p.datos};
   }
   // The answer doesn't say which lines it holds. The very answer that was taken last may be its
-  // repetition: it isn't taken until the question has been asked again.
+  // repetition: it isn't taken until the question has been asked again. In a list that must come
+  // twice a repetition shows anyway.
   bool encaja(int, int codigo, const QByteArray& datos) const override {
-    return codigo == peticion().codigo && (fase_ != 1 || preguntada_ > 1 || datos != ultima_);
+    return codigo == peticion().codigo &&
+           (fase_ != 1 || dudosa() || preguntada_ > 1 || datos != ultima_);
   }
   Resultado<> respuesta(int, int, const QByteArray& datos) override {
     if (fase_ == 2) {
@@ -78,10 +119,15 @@ class ListaVek final : public Lista {
     lineas_.insert(lineas_.end(), r->lineas.begin(), r->lineas.end());
     ultima_ = datos;
     preguntada_ = 0;
-    if (r->fin) fase_ = 2;
+    leidas_ = std::max(leidas_, lineas_.size());
+    if (!r->fin) return {};
+    ultima_.clear();
+    const auto bien = vale();
+    if (!bien) return std::unexpected(bien.error());
+    if (*bien) fase_ = 2;
     return {};
   }
-  qint64 avance() const override { return static_cast<qint64>(lineas_.size()) + (fase_ != 1); }
+  qint64 avance() const override { return static_cast<qint64>(leidas_) + (fase_ != 1); }
 
  private:
   static constexpr size_t kUltimaLinea = 999;  // three digits ask
@@ -90,7 +136,9 @@ class ListaVek final : public Lista {
     return fase_ == 2 ? maquinas::vek::olvidarLista(inventario)
                       : maquinas::vek::lineas(static_cast<int>(lineas_.size()), inventario);
   }
-  int fase_ = 1;  // 1 ask lines, 2 may be forgotten, 0 done
+  bool lectura() const override { return fase_ == 1; }
+  int fase_ = 1;       // 1 ask lines, 2 may be forgotten, 0 done
+  size_t leidas_ = 0;  // most lines so far
   QByteArray ultima_;
   int preguntada_ = 0;  // how often the present question was asked
 };
@@ -101,7 +149,7 @@ class ListaNodalPedido final : public Lista {
  public:
   using Lista::Lista;
 
-  Resultado<Siguiente> siguiente() override {
+  Resultado<Siguiente> paso() override {
     switch (fase_) {
       case 1:
         return enviar(maquinas::nodal::pedido());
@@ -124,10 +172,7 @@ class ListaNodalPedido final : public Lista {
     if (fase_ == 1 || fase_ == 3) {
       ++fase_;
     } else if (codigo == maquinas::nodal::kFinDeLista) {
-      if (fase_ == 4)
-        fase_ = 0;
-      else  // an end that comes alone may be a late one of another list: it must come twice
-        fase_ = lineas_.empty() && !std::exchange(vacia_, true) ? 1 : 3;
+      return fin();
     } else if (fase_ == 2) {
       if (deOtra(codigo))
         return falloEn({Fallo::Formato, 7,
@@ -146,6 +191,7 @@ class ListaNodalPedido final : public Lista {
   // A list that broke off starts again. The permission to forget is not given anew once the machine
   // has taken it.
   void reanudar() override {
+    Lista::reanudar();
     if (fase_ != 2) return;
     fase_ = 1;
     lineas_.clear();
@@ -154,6 +200,23 @@ class ListaNodalPedido final : public Lista {
   qint64 avance() const override { return fase_ == 0 || fase_ > 2 ? 1 : 0; }
 
  private:
+  bool lectura() const override { return fase_ == 1 || fase_ == 2; }
+  Resultado<> fin() {
+    if (fase_ == 4) {
+      fase_ = 0;
+      return {};
+    }
+    ultima_.clear();
+    // An end that comes alone may be a late one of another list: it must come twice.
+    if (lineas_.empty() && !std::exchange(vacia_, true)) {
+      fase_ = 1;
+      return {};
+    }
+    const auto bien = vale();
+    if (!bien) return std::unexpected(bien.error());
+    fase_ = *bien ? 3 : 1;
+    return {};
+  }
   bool deOtra(int codigo) const {
     const int mia =
         (fase_ == 2 ? maquinas::nodal::pedido() : maquinas::nodal::olvidarPedido()).codigo;

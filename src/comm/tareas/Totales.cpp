@@ -83,8 +83,10 @@ Resultado<Siguiente> ListaNodal::paso() {
   return Siguiente{Siguiente::Enviar, t_.Addr, p.codigo, p.datos};
 }
 
-bool ListaNodal::encaja(int, int codigo, const QByteArray&) const {
-  return fase_ != 2 || codigo == pregunta().codigo || !maquinas::nodal::esDePeticion(codigo);
+// A frame with another request's code may be one of this list: passed over, the list would end
+// without it and look whole. It is taken, and spoils the reading.
+bool ListaNodal::encaja(int, int, const QByteArray&) const {
+  return true;
 }
 
 Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
@@ -95,6 +97,10 @@ Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
     suma.clear();
     for (const auto& [numero, r] : recibidos_) suma[r.first] += r.second;
     fase_ = 0;
+  } else if (codigo != pregunta().codigo && maquinas::nodal::esDePeticion(codigo)) {
+    return falloEn({Fallo::Formato, 7,
+                    QStringLiteral("ha llegado una trama de otra pregunta (%1)").arg(codigo)},
+                   t_.Grupo, lugar());
   } else if (const auto r = registros(datos); !r) {
     return falloEn(r.error(), t_.Grupo, lugar());
   }
