@@ -125,10 +125,14 @@ int gestcomm::Interior::elegirCanal(TareaViva& t) {
     const int c = canalConector(t.datos.Telefono);
     return cerrado(c) ? c : kEsperar;
   }
-  for (int c = 0; c < kCanalesFijos; ++c)
-    if (entorno.ajustes.canales[static_cast<size_t>(c)].Device == t.datos.Remoto && cerrado(c))
-      return c;
-  return kEsperar;
+  bool hay = false;
+  for (int c = 0; c < kCanalesFijos; ++c) {
+    if (entorno.ajustes.canales[static_cast<size_t>(c)].Device != t.datos.Remoto) continue;
+    if (cerrado(c)) return c;
+    hay = true;
+  }
+  // With somebody there the settings may still change; a run that nobody sees would never end.
+  return hay || !vigilante ? kEsperar : kNoVale;
 }
 
 bool gestcomm::Interior::reutilizable(int c, const TareaViva& t) const {
