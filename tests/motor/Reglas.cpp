@@ -271,6 +271,35 @@ TEST_F(Reglas, ReintentosALaCuentaJusta) {
   EXPECT_EQ(problemas, QStringList{QStringLiteral("7 G1 E11 (2)")});
 }
 
+TEST_F(Reglas, LoQueFallaAntesDeLaEsperaTieneSusReintentos) {
+  tienda();
+  maquina(1).percances().cambiar({.guion = {{Averia::Sorda, 0, -1}}});
+  gestor->VigilaProcesos(0, false, this);
+  encolar(1, 17);
+  encolar(1, 6);
+  EXPECT_FALSE(correr(5));
+  EXPECT_EQ(problemas + avisos, QStringList{});
+  maquina(1).percances().cambiar({});
+  gestor->VigilaProcesos(1, true, this);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(reintentos.size(), 1);
+  EXPECT_EQ(problemas + avisos, QStringList{});
+  EXPECT_EQ(bandeja(1, 17), u"1:3/300/600/0");
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
+}
+
+TEST_F(Reglas, SinCanalDeSuClaseLaTareaNoEspera) {
+  tienda(1, QStringLiteral("tcp:tienda"));
+  tienda(2, QStringLiteral("tel:555"));
+  for (auto& c : ajustes->canales) c.Device = 2;
+  arrancar();
+  encolar(1, 17);
+  encolar(2, 17);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(problemas,
+            (QStringList{QStringLiteral("17 G1 E14 (5)"), QStringLiteral("17 G2 E14 (5)")}));
+}
+
 TEST_F(Reglas, OrdenesDelOperador) {
   tienda();
   gestor->VigilaProcesos(0, false, nullptr);

@@ -125,14 +125,14 @@ int gestcomm::Interior::elegirCanal(TareaViva& t) {
     const int c = canalConector(t.datos.Telefono);
     return cerrado(c) ? c : kEsperar;
   }
-  // With no channel of its kind configured a task would wait for ever.
-  int salida = kNoVale;
+  bool hay = false;
   for (int c = 0; c < kCanalesFijos; ++c) {
     if (entorno.ajustes.canales[static_cast<size_t>(c)].Device != t.datos.Remoto) continue;
     if (cerrado(c)) return c;
-    salida = kEsperar;
+    hay = true;
   }
-  return salida;
+  // With somebody there the settings may still change; a run that nobody sees would never end.
+  return hay || !vigilante ? kEsperar : kNoVale;
 }
 
 bool gestcomm::Interior::reutilizable(int c, const TareaViva& t) const {

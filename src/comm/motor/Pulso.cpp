@@ -125,24 +125,17 @@ void gestcomm::Interior::reglaReintento(int id) {
   if (ya) avanzar(id);
 }
 
-// No further attempt: the task goes, or stays for the operator.
+// No further attempt: the task goes, or stays. Under a watcher it may yet get other retries with
+// the next wait: it gives its channel to the tasks behind it, and a zeroing behind it still waits.
 void gestcomm::Interior::rendir(int id) {
   TareaViva* t = tarea(id);
-  const QString nombre = QString::fromUtf16(t->clase->mensaje);
   if (!borrarFallos) {
-    marcarFallida(*t);
-    if (!vigilante) return;
-    // Unattended, its channel goes to the tasks behind it.
+    if (!vigilante) return marcarFallida(*t);
     if (const int c = t->Canal; tareaDe(c) == t && !esperaCierre(*t)) {
       liberarCanal(c);
       soltarEnlace(c);
     }
-    return decir(
-        *t,
-        QStringLiteral(
-            "Grupo %1: %2 ha fallado y queda en la cola a la espera de que se decida qué hacer.")
-            .arg(t->datos.Grupo)
-            .arg(nombre));
+    return;
   }
   problema(id);
   if ((t = tarea(id))) marcarFallida(*t);
