@@ -74,8 +74,8 @@ Resultado<std::optional<DatosTarea>> gestcomm::Interior::leerGrupo(int grupo) {
 int gestcomm::Interior::nueva(int grupo, bool todo, qint64 desde, qint64 hasta, int clase,
                               qint64 paso) {
   const ClaseTarea* c = registro.porNumero(clase);
-  if (!c || !c->crear) return 2;
   const LimitesClases& l = entorno.ajustes.clases;
+  if (!c || !c->crear || !l.tiene(clase)) return 2;
   if (clase >= l.ClaseRxMin && clase <= l.ClaseRxMax) {
     const auto puede = entorno.sesion.PuedeRecibir(grupo, clase);
     if (!puede) return 2;

@@ -44,6 +44,7 @@ class GranTotalNodal final : public ListaNodal {
     anotar(*r, {t_.Grupo, 0});
     return {};
   }
+  bool puedeVenirVacia() const override { return false; }
 };
 
 class GranTotalCaja final : public ListasCaja {

@@ -93,6 +93,10 @@ Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
   if (fase_ == 1) {
     fase_ = 2;
   } else if (codigo == maquinas::nodal::kFinDeLista) {
+    if (recibidos_.empty() && !puedeVenirVacia())
+      return falloEn(
+          {Fallo::Formato, 7, QStringLiteral("la lista ha terminado sin ningún registro")},
+          t_.Grupo, lugar());
     auto& suma = filas(0);
     suma.clear();
     for (const auto& [numero, r] : recibidos_) suma[r.first] += r.second;

@@ -87,6 +87,8 @@ class ListaNodal : public Totales {
     recibidos_[{t.numero, t.hora}] = {fila, contadores(t)};
   }
   virtual QString lugar() const = 0;
+  // May the list end without any record?
+  virtual bool puedeVenirVacia() const { return true; }
 
  private:
   Resultado<motor::Siguiente> paso() final;

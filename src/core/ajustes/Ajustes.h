@@ -36,6 +36,11 @@ struct LimitesClases {
   int ClaseRxMin = 16, ClaseRxMax = 21;
   int ClaseDocMin = 22, ClaseDocMax = 23;
   static LimitesClases de(Idioma idioma);
+  bool tiene(int clase) const {
+    return (clase >= ClaseTxMin && clase <= ClaseTxMax) ||
+           (clase >= ClaseRxMin && clase <= ClaseRxMax) ||
+           (clase >= ClaseDocMin && clase <= ClaseDocMax);
+  }
 };
 
 class Ajustes {
