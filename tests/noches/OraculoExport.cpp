@@ -25,18 +25,22 @@ void Oraculo::exportados(int arranques, bool debe) {
     QFile f(carpeta_ + u'/' + nombre);
     if (!f.open(QIODevice::ReadOnly)) return anotar(QStringLiteral("no se puede leer ") + nombre);
     const QByteArray bytes = f.readAll();
-    if (std::exchange(ficheros_[nombre], bytes.size()) == bytes.size()) continue;
+    const qint64 antes = std::exchange(ficheros_[nombre], bytes.size());
+    if (antes == bytes.size()) continue;
     nuevo = true;
     if (!bytes.endsWith("\r\n")) anotar(nombre + QStringLiteral(": acaba a mitad de una línea"));
     std::map<QString, int> veces;
     auto& bloques = nuevos[nombre];
     QString fechas;
+    qint64 sitio = 0;
     QStringList lineas = QString::fromLatin1(bytes).split(QStringLiteral("\r\n"));
     lineas.removeLast();
     for (qsizetype i = 0; i < lineas.size(); ++i) {
+      sitio += lineas[i].size() + 2;
       if (lineas[i].startsWith(u'*') && i + 1 < lineas.size()) {
         fechas = lineas[++i].mid(1);
-        ++veces[fechas];
+        sitio += lineas[i].size() + 2;
+        veces[fechas] += sitio > antes;  // this night's
         bloques[fechas].clear();
       } else {
         bloques[fechas] += lineas[i];

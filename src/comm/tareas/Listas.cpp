@@ -48,6 +48,7 @@ class Lista : public motor::TrabajoTarea {
  protected:
   virtual Resultado<Siguiente> paso() = 0;
   bool dudosa() const { return dudosa_; }
+  void dudar() { dudosa_ = true; }
   // Are lines being asked for?
   virtual bool lectura() const = 0;
   // The list has ended: true when it stands. One that was disturbed has to come alike twice
@@ -212,6 +213,7 @@ class ListaNodalPedido final : public Lista {
       fase_ = 1;
       return {};
     }
+    if (vacia_ && !lineas_.empty()) dudar();  // it was asked twice, and may have come twice
     const auto bien = vale();
     if (!bien) return std::unexpected(bien.error());
     fase_ = *bien ? 3 : 1;
