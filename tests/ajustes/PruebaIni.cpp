@@ -178,3 +178,15 @@ TEST(Conector, SeBuscaPorNombreSinMirarMayusculas) {
   for (const auto& [nombre, destino] : casos)
     EXPECT_EQ(buscarConector(texto, QString::fromUtf16(nombre)), QStringView(destino));
 }
+
+TEST(Idiomas, UnaVersionExtranjeraTieneMenosClasesDeTarea) {
+  const auto clases = [](Idioma idioma) {
+    QList<int> lista;
+    for (int n = 0; n <= 25; ++n)
+      if (LimitesClases::de(idioma).tiene(n)) lista << n;
+    return lista;
+  };
+  EXPECT_EQ(clases(Idioma::Espanol),
+            (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 16, 17, 18, 19, 20, 21, 22, 23}));
+  EXPECT_EQ(clases(Idioma::UK), (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 16, 17, 18, 19, 20}));
+}

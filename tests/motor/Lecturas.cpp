@@ -114,6 +114,15 @@ TEST_F(Lecturas, UnaListaNodalConElCodigoDeOtraPregunta) {
   }
 }
 
+TEST_F(Lecturas, UnGranTotalSinRegistroSePideDeNuevo) {
+  grupo(2, 2, QStringLiteral("cable 2"), {5});
+  vender(2, 10, 500, 250, 1, 5);
+  fallo(2, {simulador::Averia::RespuestaPerdida, 1, 64}, 5);  // only the end of the list comes
+  encolar(2, 17);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(bandeja(2, 17), u"2:1/250/500/0");
+}
+
 TEST_F(Lecturas, DeCajas) {
   grupo(3, 3, QStringLiteral("cable 3"), {4, 6});
   articulo(10, QStringLiteral("8412345678905"));
