@@ -20,7 +20,7 @@ class TemporizadorReal final : public Temporizador {
     timer_.setTimerType(Qt::PreciseTimer);
     // The copy keeps the handler alive while it destroys this timer.
     timer_.callOnTimeout([alVencer = std::make_shared<std::function<void()>>(std::move(alVencer))] {
-      const auto vivo = alVencer;
+      const auto vivo = alVencer;  // NOLINT(performance-unnecessary-copy-initialization)
       (*vivo)();
     });
   }

@@ -63,7 +63,8 @@ RelojVirtual::RelojVirtual(Fecha inicio) : agenda_(std::make_unique<Agenda>()) {
 RelojVirtual::~RelojVirtual() = default;
 
 Fecha RelojVirtual::ahora() const {
-  const double dias = agenda_->pared + static_cast<double>(agenda_->ahora / 1000) / 86400.0;
+  const qint64 segundos = agenda_->ahora / 1000;
+  const double dias = agenda_->pared + static_cast<double>(segundos) / 86400.0;
   const double entero = std::floor(dias);
   return Fecha::deDias(entero +
                        static_cast<double>(std::llround((dias - entero) * 86400.0)) / 86400.0);

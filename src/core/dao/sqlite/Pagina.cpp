@@ -111,7 +111,8 @@ void Pagina::poner(int fila, int columna, const Valor& valor) {
     const QByteArray utf8 = valor.texto().toUtf8();
     nueva = textoNuevo(utf8.constData(), static_cast<size_t>(utf8.size()));
   }
-  celdas_[static_cast<size_t>(fila * columnas_ + columna)] = nueva;
+  celdas_[static_cast<size_t>(fila) * static_cast<size_t>(columnas_) +
+          static_cast<size_t>(columna)] = nueva;
 }
 
 }  // namespace tarvo::dao
