@@ -166,6 +166,7 @@ Resultado<std::vector<qint64>> CerrSes::memorizar(std::vector<Aviso>& avisos) {
     links.push_back(*link);
   }
   std::vector<int> grupos;
+  grupos.reserve(recibidos_.size());
   for (const Recibido& r : recibidos_) grupos.push_back(r.CODGPO);
   std::ranges::sort(grupos);
   grupos.erase(std::ranges::unique(grupos).begin(), grupos.end());

@@ -103,6 +103,7 @@ std::vector<QByteArray> MaquinaNODAL::articulos(qint64 desde, qint64 hasta) cons
 // Positions count from 0 on this wire.
 std::vector<QByteArray> MaquinaNODAL::porNumero(const std::map<int, Cuenta>& mapa) const {
   std::vector<QByteArray> registros;
+  registros.reserve(mapa.size());
   for (const auto& [numero, cuenta] : mapa)
     registros.push_back(campo(numero - 1, 2) + campo(cuenta.imp, 10) + campo(cuenta.sco, 10) +
                         campo(cuenta.pes, 8) + campo(cuenta.con, 6));
