@@ -56,6 +56,7 @@ TEST_F(MaquinaNodal, ConfirmacionesPorCaso) {
 
 TEST_F(MaquinaNodal, CuatroEnviosYLuego8) {
   abierto(kNodalMotor).Enviar(3, 36, "D");
+  const int vaciados = cable().vaciados;
   const int primera = leida(cable().ultimo()).secuencia;
   cable().entra(ndl(200, 21));  // a NAK repeats nothing by itself
   EXPECT_EQ(tramasEnviadas(), 1U);
@@ -64,7 +65,7 @@ TEST_F(MaquinaNodal, CuatroEnviosYLuego8) {
   EXPECT_EQ(leida(cable().ultimo()), (tramas::TramaNODAL{0, 3, primera + 3, 36, "D"}));
   reloj.avanzar(ajustes.TimeACK);
   EXPECT_EQ(motor.nuevo(), u"EnvioNDL 8");
-  EXPECT_EQ(cable().vaciados, 1);
+  EXPECT_EQ(cable().vaciados, vaciados + 1);
 }
 
 // Acknowledgement and list in one piece: each step is read by the state that the one before led to.

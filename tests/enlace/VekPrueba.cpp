@@ -267,6 +267,7 @@ TEST_F(MaquinaVEK, EnReposoSoloPasanTransacciones) {
 
 TEST_F(MaquinaVEK, RxVEKEsperaSuCodigoSinEnviarNada) {
   auto& e = abierto(kVekMotor);
+  motor.regla = [](int, int codigo, const QByteArray&) { return codigo == 57; };
   motor.alOir = [&](const QString& texto) {
     if (texto.endsWith(u"UNO")) e.RxVEK(1, 57);
   };

@@ -43,7 +43,9 @@ TEST(Fallos, DeUnaRespuestaDeBalanza) {
       {Averia::RespuestaDoble, -1, kAck + buena2 + buena3, kAck + vek(4, 0, kGranTotal)},
       {Averia::RespuestaPegada, -1, kAck + buena2, kAck + buena3},
       {Averia::ControlMalo, -1,
-       kAck + buena2.chopped(2) + char(buena2[buena2.size() - 2] + 1) + "\x03", kAck + buena3},
+       kAck + buena2.chopped(3) + char('0' + (buena2[buena2.size() - 3] - '0' + 5) % 10) +
+           buena2.right(2),
+       kAck + buena3},
       {Averia::RegistroCorto, 10, kAck + vek(2, 0, kGranTotal.left(13)), kAck + buena3},
       {Averia::OtroCodigo, -1, kAck + vek(2, 0, "851" + kGranTotal.mid(3)), kAck + buena3},
   };

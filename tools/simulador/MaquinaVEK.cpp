@@ -37,8 +37,9 @@ QByteArray MaquinaVEK::construir(const Mensaje& mensaje) {
 }
 
 QByteArray MaquinaVEK::conControlMalo(QByteArray trama) const {
-  char& cifra = trama[trama.size() - 2];
-  cifra = cifra == '9' ? '0' : static_cast<char>(cifra + 1);
+  // Off by 50, which no single flipped bit of the frame makes good again.
+  char& decenas = trama[trama.size() - 3];
+  decenas = static_cast<char>('0' + (decenas - '0' + 5) % 10);
   return trama;
 }
 

@@ -100,7 +100,6 @@ class Maquina {
   void emitirNODAL();
   void esperarMas(const QByteArray& datos);
   void confirmar();
-  void quitarConfirmaciones();
 
   void leer();
   void leerLuego();

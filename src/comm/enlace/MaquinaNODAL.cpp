@@ -13,7 +13,9 @@ constexpr qint64 kEsperaNodalMax = 3600 * 1000;
 }  // namespace
 
 void Maquina::enviarNODAL(int addr, int codigo, const QByteArray& datos) {
-  quitarConfirmaciones();
+  // What came before a frame goes out can't answer it. Nor is it acknowledged: an acknowledgement
+  // names no frame, and the machine would take it for that of a record that never arrived.
+  vaciar();
   envios_ = 1;
   estado_ = kEsperaAckNodal;
   estacion_ = addr & 0xFF;
@@ -116,20 +118,6 @@ void Maquina::confirmar() {
   secuencia_ = (secuencia_ + 1) & 0xFF;
   exterior_.escribir(
       tramas::construirNODAL({tiempos_.nodo, estacion_, secuencia_, tramas::kNodalAck, {}}));
-}
-
-// Acknowledgements that came before a frame goes out can't be its own.
-void Maquina::quitarConfirmaciones() {
-  QByteArray quedan;
-  for (;;) {
-    const QByteArray antes = entrada_;
-    const tramas::LecturaNODAL lectura = tramas::leerNODAL(entrada_);
-    if (!lectura.hayLinea) break;
-    const bool es = lectura.trama && (lectura.trama->codigo == tramas::kNodalAck ||
-                                      lectura.trama->codigo == tramas::kNodalNak);
-    if (!es) quedan += antes.left(antes.size() - entrada_.size());
-  }
-  entrada_.prepend(quedan);
 }
 
 void Maquina::acabarNodal(int error) {

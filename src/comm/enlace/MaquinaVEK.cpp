@@ -161,8 +161,9 @@ Maquina::Leido Maquina::atender(const tramas::TramaVEK& trama, bool aceptar) {
   }
   if (!aceptar || !enVuelo()) return Leido::Pasada;
   ultima_ = trama.secuencia;
-  if (trama.codigo != codigo_ || !exterior_.encaja(trama.addr, trama.codigo, trama.datos))
-    return Leido::Pasada;
+  // A list's client hears of every code: what it doesn't expect may be one of its records.
+  const bool posible = estado_ == kEsperaTrama || trama.codigo == codigo_;
+  if (!posible || !exterior_.encaja(trama.addr, trama.codigo, trama.datos)) return Leido::Pasada;
   acabarVEK(0, trama.addr, trama.codigo, trama.datos);
   return Leido::Aceptada;
 }

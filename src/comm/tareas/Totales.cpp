@@ -142,9 +142,9 @@ Resultado<Siguiente> ListasCaja::paso() {
   return Siguiente{Siguiente::Pedir, direccion(), p.codigo, p.datos};
 }
 
-bool ListasCaja::encaja(int addr, int codigo, const QByteArray&) const {
-  return indice_ < t_.Direcciones.size() && codigo == pregunta().codigo &&
-         (addr < 0 || addr == direccion());
+// A frame with another request's code may be one of this list, as with kind 2.
+bool ListasCaja::encaja(int addr, int, const QByteArray&) const {
+  return indice_ < t_.Direcciones.size() && (addr < 0 || addr == direccion());
 }
 
 Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
@@ -155,6 +155,10 @@ Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
                      QStringLiteral("caja %1, %2").arg(direccion()).arg(lugar()));
     return {};
   };
+  if (codigo != pregunta().codigo)
+    return falloEn({Fallo::Formato, 7,
+                    QStringLiteral("ha llegado una trama de otra pregunta (%1)").arg(codigo)},
+                   t_.Grupo, lugar());
   if (!maquinas::caja::finDeLista(codigo, datos)) {
     totals::Lectura::Filas prueba;
     TARVO_INTENTAR(leer(datos, prueba));
