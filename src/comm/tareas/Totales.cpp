@@ -1,6 +1,7 @@
 #include "comm/tareas/Totales.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "comm/maquinas/Caja.h"
 #include "comm/maquinas/Nodal.h"
@@ -136,6 +137,15 @@ Resultado<Siguiente> ListasCaja::paso() {
             .arg(t_.Grupo),
         motor::kErrorSuprimido);
   if (indice_ == t_.Direcciones.size()) return Siguiente::fin();
+  if (!empezada_) {
+    const auto notas = e_.db.uno(u"SELECT count(*) FROM EstadoTarvo WHERE CLAVE=?", nota());
+    if (!notas) return std::unexpected(notas.error());
+    dudosa_ = notas->entero() > 0;
+    if (!dudosa_)
+      TARVO_INTENTAR(
+          e_.db.ejecutar(u"INSERT INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, 1)", nota()));
+    empezada_ = true;
+  }
   const maquinas::Peticion p = pregunta();
   if (fase_ == 2) return Siguiente{Siguiente::EsperarVEK, direccion(), p.codigo, {}};
   lista_.clear();
@@ -166,16 +176,33 @@ Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
     fase_ = 2;
     return {};
   }
+  fase_ = 1;
+  if (dudosa_ && leida_ != lista_) {
+    leida_ = std::exchange(lista_, {});
+    if (++vueltas_ <= kVueltas) return {};
+    return falloEn({Fallo::Formato, 7, QStringLiteral("la lista no llega dos veces igual")},
+                   t_.Grupo, lugar());
+  }
   totals::Lectura::Filas suma;
   for (const auto& [clave, registroLeido] : lista_) TARVO_INTENTAR(leer(registroLeido, suma));
   filas(direccion()) = std::move(suma);
-  ++indice_;
-  fase_ = 1;
+  leida_.reset();
+  vueltas_ = 0;
+  if (++indice_ == t_.Direcciones.size())
+    TARVO_INTENTAR(e_.db.ejecutar(u"DELETE FROM EstadoTarvo WHERE CLAVE=?", nota()));
   return {};
+}
+
+QString ListasCaja::nota() const {
+  return QStringLiteral("ListaEnLinea %1 %2")
+      .arg(t_.Remoto)
+      .arg(t_.Remoto == 2 ? QString::number(t_.CanalDirecto) : t_.Telefono);
 }
 
 void ListasCaja::reanudar() {
   fase_ = 1;
+  dudosa_ = true;
+  leida_.reset();
 }
 
 QString ListasCaja::MostrarTraza() const {

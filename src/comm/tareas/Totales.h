@@ -4,6 +4,7 @@
 
 #include <array>
 #include <map>
+#include <optional>
 
 #include "comm/maquinas/Campos.h"
 #include "comm/motor/Tarea.h"
@@ -100,6 +101,11 @@ class ListaNodal : public Totales {
 // Kind 3: a list from each register in turn; the registers stay apart. A list holds each of its
 // records once: one that comes again, since it was sent twice or since the register began anew,
 // takes the place of the earlier. The rows are made when the list has ended.
+//
+// Registers that share a wire answer under one number, and one whose list broke off goes on with it
+// at the next acknowledgement, whoever that is meant for. So a list under way is noted on disk, by
+// its wire; where the note of an earlier one still stands, or after a failure, a list has to come
+// alike twice running.
 class ListasCaja : public Totales {
  public:
   ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e);
@@ -116,10 +122,16 @@ class ListasCaja : public Totales {
 
  private:
   Resultado<motor::Siguiente> paso() final;
+  static constexpr int kVueltas = 4;
   int direccion() const { return t_.Direcciones[indice_]; }
+  QString nota() const;
   size_t indice_ = 0;
-  int fase_ = 1;                            // 1 ask the register, 2 wait for the next record
-  std::map<QByteArray, QByteArray> lista_;  // records of the present list by what they are about
+  int fase_ = 1;  // 1 ask the register, 2 wait for the next record
+  using Registros = std::map<QByteArray, QByteArray>;
+  Registros lista_;                 // records of the present list by what they are about
+  std::optional<Registros> leida_;  // the list before, of the same register
+  bool empezada_ = false, dudosa_ = false;
+  int vueltas_ = 0;
 };
 
 }  // namespace tarvo::tareas
