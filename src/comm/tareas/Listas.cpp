@@ -51,10 +51,11 @@ class Lista : public motor::TrabajoTarea {
   void dudar() { dudosa_ = true; }
   // Are lines being asked for?
   virtual bool lectura() const = 0;
-  // The list has ended: true when it stands. One that was disturbed has to come alike twice
+  // The list has ended: true when it stands. One that was disturbed has to come alike `veces` times
   // running; it is read again from the start.
-  Resultado<bool> vale() {
-    if (!dudosa_ || leida_ == lineas_) return true;
+  Resultado<bool> vale(int veces = 2) {
+    iguales_ = leida_ == lineas_ ? iguales_ + 1 : 1;
+    if (!dudosa_ || iguales_ >= veces) return true;
     leida_ = std::exchange(lineas_, {});
     if (++vueltas_ <= kVueltas) return false;
     return falloEn({Fallo::Formato, 7, QStringLiteral("la lista no llega dos veces igual")},
@@ -78,13 +79,13 @@ class Lista : public motor::TrabajoTarea {
   std::vector<maquinas::Linea> lineas_;
 
  private:
-  static constexpr int kVueltas = 4;
+  static constexpr int kVueltas = 5;
   QString nota() const { return QStringLiteral("ListaAbandonada%1").arg(t_.Grupo); }
   ListaRecibida disco_;
   bool enDisco_ = false, empezada_ = false, anotada_ = false;
   bool dudosa_ = false;  // something of another reading may come among the lines
   std::optional<std::vector<maquinas::Linea>> leida_;  // the reading before
-  int vueltas_ = 0;
+  int vueltas_ = 0, iguales_ = 0;
 };
 
 // Kinds 1 and 4: asked from a line number on, some lines an answer.
@@ -181,9 +182,11 @@ class ListaNodalPedido final : public Lista {
                        t_.Grupo, lugar());
       const auto r = maquinas::nodal::leerPedido(datos);
       if (!r) return falloEn(r.error(), t_.Grupo, lugar());
-      if (!r->empty() && datos == ultima_ && !std::exchange(repetida_, true))
+      const bool otraVez = !r->empty() && datos == ultima_;
+      if (otraVez && !std::exchange(repetida_, true))
         return falloEn({Fallo::Formato, 7, QStringLiteral("ha llegado dos veces la misma trama")},
                        t_.Grupo, lugar());
+      if (otraVez) ++repeticiones_;
       ultima_ = datos;
       lineas_.insert(lineas_.end(), r->begin(), r->end());
     }
@@ -197,6 +200,7 @@ class ListaNodalPedido final : public Lista {
     fase_ = 1;
     lineas_.clear();
     ultima_.clear();
+    repeticiones_ = 0;
   }
   qint64 avance() const override { return fase_ == 0 || fase_ > 2 ? 1 : 0; }
 
@@ -214,7 +218,7 @@ class ListaNodalPedido final : public Lista {
       return {};
     }
     if (vacia_ && !lineas_.empty()) dudar();  // it was asked twice, and may have come twice
-    const auto bien = vale();
+    const auto bien = vale(std::exchange(repeticiones_, 0) > 0 ? 4 : 2);
     if (!bien) return std::unexpected(bien.error());
     fase_ = *bien ? 3 : 1;
     return {};
@@ -228,9 +232,10 @@ class ListaNodalPedido final : public Lista {
     return {Siguiente::Enviar, t_.Addr, p.codigo, p.datos};
   }
   // A frame like the one before it may be that one sent twice, or lines that are alike: the list is
-  // asked again, and what it then holds stands.
+  // asked again until it comes twice alike without such frames, or four times with the same ones.
   QByteArray ultima_;
   bool repetida_ = false;
+  int repeticiones_ = 0;  // such frames in the present reading
   bool vacia_ = false;  // the list ended at once when it was asked first
   int fase_ = 1;        // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
 };
