@@ -40,6 +40,26 @@ function(tarvo_sala nombre)
   set_property(GLOBAL APPEND PROPERTY TARVO_SALAS ${nombre})
 endfunction()
 
+# tarvo_ventanas(name LINKS rooms... PRIVADO libraries...): a room of windows. It may show things: Qt Widgets, forms
+# (.ui) and signals of its own. Its headers are compiled ahead once, for all such rooms.
+function(tarvo_ventanas nombre)
+  cmake_parse_arguments(S "" "" "LINKS;PRIVADO" ${ARGN})
+  file(GLOB fuentes CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
+    ${CMAKE_CURRENT_SOURCE_DIR}/*.ui)
+  add_library(${nombre} STATIC ${fuentes})
+  target_include_directories(${nombre} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${nombre} PUBLIC tarvo_opciones Qt6::Widgets ${S_LINKS} PRIVATE ${S_PRIVADO})
+  set_target_properties(${nombre} PROPERTIES AUTOMOC ON AUTOUIC ON UNITY_BUILD ${TARVO_UNIDAD}
+    UNITY_BUILD_BATCH_SIZE 8)
+  target_precompile_headers(${nombre} PRIVATE <QtWidgets> <expected> <functional> <memory> <optional> <variant> <vector>)
+endfunction()
+
+# The text tables go inside a program.
+function(tarvo_con_textos programa)
+  qt_add_resources(${programa} textos PREFIX /textos BASE ${PROJECT_SOURCE_DIR}/datos/textos
+    FILES ${PROJECT_SOURCE_DIR}/datos/textos/es.txt OPTIONS --no-compress)
+endfunction()
+
 # tarvo_prueba(name LINKS ...): one test program of the current folder, its cases known to CTest.
 function(tarvo_prueba nombre)
   cmake_parse_arguments(S "" "" "LINKS" ${ARGN})

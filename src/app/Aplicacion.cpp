@@ -60,5 +60,29 @@ automation::Cronos& Aplicacion::cronos() {
 const automation::Lenguaje& Aplicacion::lenguaje() const {
   return d->lenguaje;
 }
+motor::gestcomm& Aplicacion::gestcomm() {
+  return d->gestcomm;
+}
+stock::Almacenes& Aplicacion::almacenes() {
+  return d->almacenes;
+}
+totals::Sesion& Aplicacion::sesion() {
+  return d->sesion;
+}
+totals::Periodos& Aplicacion::periodos() {
+  return d->periodos;
+}
+totals::CerrSes& Aplicacion::cerrSes() {
+  return d->cerrSes;
+}
+totals::VerTot& Aplicacion::verTot() {
+  return d->verTot;
+}
+totals::XporTot& Aplicacion::xporTot() {
+  return d->xporTot;
+}
+const motor::RegistroTareas& Aplicacion::registro() const {
+  return d->registro;
+}
 
 }  // namespace tarvo::app

@@ -7,9 +7,14 @@
 #include "app/Carpeta.h"
 #include "automation/Cronos.h"
 #include "comm/enlace/LinkSocket.h"
+#include "comm/motor/gestcomm.h"
 #include "core/textos/Textos.h"
 #include "stock/Almacenes.h"
+#include "totals/CerrSes.h"
+#include "totals/Periodos.h"
 #include "totals/Sesion.h"
+#include "totals/VerTot.h"
+#include "totals/XporTot.h"
 
 namespace tarvo::app {
 
@@ -41,6 +46,14 @@ class Aplicacion {
   automation::Automat& automat();
   automation::Cronos& cronos();
   const automation::Lenguaje& lenguaje() const;
+  motor::gestcomm& gestcomm();
+  const motor::RegistroTareas& registro() const;
+  stock::Almacenes& almacenes();
+  totals::Sesion& sesion();
+  totals::Periodos& periodos();
+  totals::CerrSes& cerrSes();
+  totals::VerTot& verTot();
+  totals::XporTot& xporTot();
 
  private:
   struct Interior;

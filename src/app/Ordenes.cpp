@@ -41,6 +41,10 @@ class Lector {
       dato(valor(a));
     else if (a == u"--cuadre")
       cuadre();
+    else if (a == u"--ventana")
+      o_.ventana = valor(a);
+    else if (a == u"--tema")
+      tema(valor(a));
     else if (a == u"--ayuda")
       o_.que = Ordenes::Que::Ayuda;
     else if (a == u"--version")
@@ -60,6 +64,12 @@ class Lector {
     const auto hallado = idiomaDe(letras);
     if (hallado) o_.idioma = *hallado;
     if (!hallado && fallo_.isEmpty()) fallo_ = t_(kTxIdiomaDesconocido).arg(letras);
+  }
+
+  void tema(const QString& palabra) {
+    const bool bien = palabra == u"claro" || palabra == u"oscuro";
+    if (bien) o_.tema = palabra;
+    if (!bien && fallo_.isEmpty()) fallo_ = t_(kTxTemaDesconocido).arg(palabra);
   }
 
   // "%1=5": a mark, one character, "=", the value.
@@ -92,6 +102,7 @@ class Lector {
       if (sinVentana_ || conProceso_) fallo_ = t_(kTxCuadreSolo);
       return;
     }
+    if (!o_.ventana.isEmpty() && (sinVentana_ || conProceso_)) fallo_ = t_(kTxVentanaSola);
     if (!sinVentana_) return;
     o_.que = Ordenes::Que::Proceso;
     if (o_.proceso.trimmed().isEmpty()) fallo_ = t_(kTxFaltaProceso);

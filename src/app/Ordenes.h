@@ -28,6 +28,8 @@ struct Ordenes {
   std::map<QString, QString> datos;  // "%1" to its value
   QString proceso;                   // as given
   std::optional<qint64> link;        // of --cuadre
+  QString ventana;                   // the one to open alone; empty for the main window
+  QString tema;                      // "claro", "oscuro", or empty for the one that is set
 };
 
 // `argumentos` without the program's own name.

@@ -1,6 +1,7 @@
 #include "app/Principal.h"
 
 #include <signal.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QFile>
@@ -39,7 +40,34 @@ int correrProceso(const Ordenes& o, Fondo& fondo, const Textos& t, Reloj& reloj)
   return Ejecucion(fondo, aplicacion, t).ejecutar(rutaProceso(o.proceso, fondo.ajustes));
 }
 
-int conFondo(const Ordenes& o, const Textos& t) {
+// The program with windows stands beside this one and takes its place.
+int cederAVentanas(char** argv, const Textos& t) {
+  const QByteArray ruta =
+      QFile::encodeName(carpetaEjecutable() + QStringLiteral("/tarvo-ventanas"));
+  ::execv(ruta.constData(), argv);
+  avisar(t(kTxSinVentanas).arg(QFile::decodeName(ruta)));
+  return kArgumentosMalos;
+}
+
+int sinVentanas(const Ordenes& o, const Textos& t) {
+  switch (o.que) {
+    case Ordenes::Que::Ayuda:
+      return decirAyuda(t);
+    case Ordenes::Que::Version:
+      decir(t(kTxVersion).arg(QStringLiteral(TARVO_VERSION)));
+      return kBien;
+    default:
+      return conFondo(o, t, [&](Fondo& fondo, Reloj& reloj) {
+        return o.que == Ordenes::Que::Cuadre ? hacerCuadre(o, fondo, t)
+                                             : correrProceso(o, fondo, t, reloj);
+      });
+  }
+}
+
+}  // namespace
+
+int conFondo(const Ordenes& o, const Textos& t,
+             const std::function<int(Fondo& fondo, Reloj& reloj)>& hacer) {
   const auto carpeta = carpetaPrograma(o.carpeta);
   if (!carpeta) {
     avisar(t(kTxCarpetaNoExiste).arg(carpeta.error().texto));
@@ -51,28 +79,10 @@ int conFondo(const Ordenes& o, const Textos& t) {
     avisar(fondo.error().texto);
     return kSinBase;
   }
-  return o.que == Ordenes::Que::Cuadre ? hacerCuadre(o, **fondo, t)
-                                       : correrProceso(o, **fondo, t, reloj);
+  return hacer(**fondo, reloj);
 }
 
-int atender(const Ordenes& o, const Textos& t) {
-  switch (o.que) {
-    case Ordenes::Que::Ayuda:
-      return decirAyuda(t);
-    case Ordenes::Que::Version:
-      decir(t(kTxVersion).arg(QStringLiteral(TARVO_VERSION)));
-      return kBien;
-    case Ordenes::Que::Ventanas:
-      avisar(t(kTxSinVentanas));
-      return kArgumentosMalos;
-    default:
-      return conFondo(o, t);
-  }
-}
-
-}  // namespace
-
-int principal(int argc, char** argv) {
+int principal(int argc, char** argv, const ConVentanas& conVentanas) {
   ::signal(SIGPIPE, SIG_IGN);  // a reader of the trace that goes away doesn't end a night
   const auto textos = Textos::leer(QStringLiteral(":/textos/es.txt"));
   if (!textos) {
@@ -87,8 +97,10 @@ int principal(int argc, char** argv) {
     avisar((*textos)(kTxVerAyuda));
     return kArgumentosMalos;
   }
+  if (ordenes->que == Ordenes::Que::Ventanas)
+    return conVentanas ? conVentanas(*ordenes, *textos) : cederAVentanas(argv, *textos);
   const QCoreApplication bucle(argc, argv);
-  return atender(*ordenes, *textos);
+  return sinVentanas(*ordenes, *textos);
 }
 
 }  // namespace tarvo::app

@@ -1,8 +1,19 @@
 // The program: reads the command line, does what it asks and gives the exit status.
 #pragma once
 
+#include <functional>
+
+#include "app/Aplicacion.h"
+#include "app/Ordenes.h"
+
 namespace tarvo::app {
 
-int principal(int argc, char** argv);
+// `conVentanas` does what needs windows; without it the program that has them takes over.
+using ConVentanas = std::function<int(const Ordenes& ordenes, const Textos& textos)>;
+int principal(int argc, char** argv, const ConVentanas& conVentanas = {});
+
+// Opens folder, settings and database and hands them over; a failure is said, with its status.
+int conFondo(const Ordenes& ordenes, const Textos& textos,
+             const std::function<int(Fondo& fondo, Reloj& reloj)>& hacer);
 
 }  // namespace tarvo::app

@@ -27,6 +27,10 @@ enum TextoApp : int {
   kTxVersion = 1121,
   kTxActivado = 1122,
   kTxDatoMaloParaPregunta = 1123,
+  kTxVentanaDesconocida = 1124,
+  kTxTemaDesconocido = 1125,
+  kTxVentanaSola = 1126,
+  kTxSinPantalla = 1127,
   // The help, a line a number, up to the first that is missing.
   kTxAyuda = 1130,
 };

@@ -1,0 +1,12 @@
+// Every window of the program, by name. Each room registers its own; here they come together.
+#pragma once
+
+#include "app/Aplicacion.h"
+#include "core/ventanas/Ventanas.h"
+
+namespace tarvo::app {
+
+// REQUIRES that the application outlives all windows.
+void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion);
+
+}  // namespace tarvo::app

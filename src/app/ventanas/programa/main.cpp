@@ -1,0 +1,5 @@
+#include "app/ventanas/PrincipalVentanas.h"
+
+int main(int argc, char** argv) {
+  return tarvo::app::principalVentanas(argc, argv);
+}

@@ -1,0 +1,26 @@
+// What every window is handed: the program's objects and the kit's own. All of it outlives all
+// windows.
+#pragma once
+
+#include "core/ajustes/Ajustes.h"
+#include "core/dao/Database.h"
+#include "core/textos/Textos.h"
+#include "core/tiempo/Reloj.h"
+
+namespace tarvo::ventanas {
+
+class Recuerdos;
+class Tema;
+class Ventanas;
+
+struct Contexto {
+  dao::Database& db;
+  Ajustes& ajustes;
+  const Textos& textos;
+  Reloj& reloj;
+  Ventanas& ventanas;
+  Recuerdos& recuerdos;
+  Tema& tema;
+};
+
+}  // namespace tarvo::ventanas

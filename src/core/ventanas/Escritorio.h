@@ -1,0 +1,36 @@
+// The kit's own objects, made and joined: what a program or a test needs to open windows.
+#pragma once
+
+#include <optional>
+
+#include "core/ventanas/Contexto.h"
+#include "core/ventanas/Recuerdos.h"
+#include "core/ventanas/Tema.h"
+#include "core/ventanas/Ventanas.h"
+
+namespace tarvo::ventanas {
+
+class Escritorio {
+ public:
+  // `cara`: for this run; without it the one that VENTANAS.INI names, else the desktop's.
+  // `rutaRecuerdos`: empty remembers nothing beyond this run. REQUIRES that all references outlive
+  // it.
+  Escritorio(QApplication& app, dao::Database& db, Ajustes& ajustes, const Textos& textos,
+             Reloj& reloj, std::optional<Cara> cara, const QString& rutaRecuerdos);
+  ~Escritorio();
+
+  Contexto& contexto() { return contexto_; }
+  Ventanas& ventanas() { return ventanas_; }
+  Tema& tema() { return tema_; }
+
+ private:
+  Recuerdos recuerdos_;
+  Tema tema_;
+  Ventanas ventanas_;
+  Contexto contexto_;
+};
+
+// "claro" or "oscuro"; nothing for any other word.
+std::optional<Cara> leerCara(const QString& palabra);
+
+}  // namespace tarvo::ventanas

@@ -1,0 +1,30 @@
+// The totals line of a grid: each sum stands under its column and goes with it.
+#pragma once
+
+#include <QWidget>
+#include <vector>
+
+#include "core/dao/Valor.h"
+
+class QHeaderView;
+
+namespace tarvo::ventanas {
+
+class ModeloParrilla;
+
+class Pie final : public QWidget {
+ public:
+  Pie(QHeaderView& cabecera, QWidget* padre);
+  // Texts by column, empty where there is no sum. Hidden when there is none.
+  void poner(QStringList textos, const QString& nombre);
+  const QStringList& textos() const { return textos_; }
+  QSize sizeHint() const override;
+
+ private:
+  void paintEvent(QPaintEvent* evento) override;
+
+  QHeaderView& cabecera_;
+  QStringList textos_;
+};
+
+}  // namespace tarvo::ventanas

@@ -1,0 +1,30 @@
+// What windows remember between two runs: size, columns, splitters. Kept in VENTANAS.INI in the
+// program's folder, written whole. A damaged file is one without memory, never a fault.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <map>
+
+#include "core/valores/Resultado.h"
+
+namespace tarvo::ventanas {
+
+class Recuerdos {
+ public:
+  // Reads `ruta`; an empty path remembers nothing beyond this run.
+  explicit Recuerdos(QString ruta);
+
+  // Values are one line of text; keys hold no "=".
+  QString leer(const QString& ventana, const QString& clave) const;
+  void poner(const QString& ventana, const QString& clave, const QString& valor);
+  // Writes when something changed since the last time.
+  Resultado<> guardar();
+
+ private:
+  QString ruta_;
+  std::map<QString, QString> valores_;  // "window.key"
+  bool cambiado_ = false;
+};
+
+}  // namespace tarvo::ventanas

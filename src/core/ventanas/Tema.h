@@ -1,0 +1,84 @@
+// The look, in one place: two palettes (light and dark), one style sheet made from them, and the
+// icons, which are drawn in the colours of the palette in use.
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+#include <QObject>
+#include <QString>
+#include <array>
+#include <optional>
+
+class QApplication;
+
+namespace tarvo::ventanas {
+
+enum class Cara { Clara, Oscura };
+// The three states that a person must tell apart; each is a shape and a word besides its colour.
+enum class Estado { Ninguno, Bien, Duda, Mal };
+
+enum class Tinte {
+  Fondo,           // of windows
+  Base,            // of grids and fields
+  BaseAlterna,     // every second row
+  Texto,           // on Fondo, Base and BaseAlterna
+  TextoPalido,     // secondary texts and zeros
+  Borde,           // of fields and buttons
+  Linea,           // between rows and panes; carries no meaning
+  Boton,           // face of a button
+  Acento,          // the one accent: focus, the main button, links
+  TextoAcento,     // on Acento
+  Seleccion,       // rows that are selected
+  TextoSeleccion,  // on Seleccion
+  Bien,            // states: text and picture, on Fondo, Base and their own ground
+  Duda,
+  Mal,
+  FondoBien,  // states: the ground of a strip
+  FondoDuda,
+  FondoMal,
+  Cuantos
+};
+
+// The whole palette of a face.
+const std::array<QColor, static_cast<size_t>(Tinte::Cuantos)>& tintes(Cara cara);
+
+// Contrast of two colours, 1 to 21, as accessibility rules reckon it.
+double contraste(const QColor& a, const QColor& b);
+
+class Tema final : public QObject {
+  Q_OBJECT
+ public:
+  // `fija`: that face always; nothing follows the desktop. REQUIRES that the application outlives
+  // it.
+  explicit Tema(QApplication& app, std::optional<Cara> fija = {});
+
+  Cara cara() const { return cara_; }
+  void setCara(std::optional<Cara> fija);
+  QColor color(Tinte tinte) const { return tintes(cara_)[static_cast<size_t>(tinte)]; }
+  // 1 for the sizes of Medidas.h; 1.25 makes letters and lengths a quarter larger.
+  void setEscala(double escala);
+  double escala() const { return escala_; }
+
+ Q_SIGNALS:
+  void cambiado();
+
+ private:
+  void aplicar();
+  bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+  QApplication& app_;
+  std::optional<Cara> fija_;
+  Cara delEscritorio_;
+  Cara cara_;
+  double escala_ = 1;
+  bool aplicando_ = false;
+};
+
+// The icon of a name (a file of datos/iconos without its ending), in the colours of the palette
+// that the program has when it is painted. An unknown name gives an empty icon.
+QIcon icono(const QString& nombre);
+// The picture of a state; and the colour of its text now.
+QIcon iconoEstado(Estado estado);
+QColor colorDe(Tinte tinte);  // of the face that the application wears now
+
+}  // namespace tarvo::ventanas

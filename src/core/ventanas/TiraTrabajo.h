@@ -1,0 +1,42 @@
+// The strip of work in slices: what it does, how far it is, a button that stops it.
+#pragma once
+
+#include <QFrame>
+#include <memory>
+
+#include "core/textos/Textos.h"
+#include "core/tiempo/Trabajo.h"
+
+class QLabel;
+class QProgressBar;
+class QPushButton;
+
+namespace tarvo::ventanas {
+
+class TiraTrabajo final : public QFrame {
+  Q_OBJECT
+ public:
+  TiraTrabajo(const Textos& textos, Reloj& reloj, QWidget* padre);
+  ~TiraTrabajo() override;
+
+  // Runs `paso` in slices (see Trabajo); `alAcabar` gets how it ended. False, and nothing runs,
+  // while another work is under way. The strip shows only when the work outlasts a quarter of a
+  // second.
+  bool empezar(const QString& que, Trabajo::Paso paso, Trabajo::AlAcabar alAcabar);
+  void parar();
+  bool enMarcha() const;
+
+ private:
+  void avanzar(const Trabajo::Avance& avance);
+
+  const Textos& t_;
+  Reloj& reloj_;
+  QLabel* que_;
+  QLabel* cuanto_;
+  QProgressBar* barra_;
+  QPushButton* parar_;
+  qint64 desde_ = 0;
+  std::unique_ptr<Trabajo> trabajo_;
+};
+
+}  // namespace tarvo::ventanas

@@ -1,0 +1,154 @@
+#include "core/ventanas/Ventana.h"
+
+#include <QEventLoop>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/Recuerdos.h"
+#include "core/ventanas/Tira.h"
+#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/TraducirForm.h"
+
+namespace tarvo::ventanas {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The memory of "VerCols#12" is that of all its sisters.
+QString sinInstancia(const QString& nombre) {
+  return nombre.section(u'#', 0, 0);
+}
+
+QString enTexto(const QByteArray& bytes) {
+  return QString::fromLatin1(bytes.toBase64());
+}
+
+QByteArray deTexto(const QString& texto) {
+  return QByteArray::fromBase64(texto.toLatin1());
+}
+
+}  // namespace
+
+Ventana::Ventana(Contexto& contexto, const QString& nombre)
+    : QWidget(nullptr, Qt::Window),
+      c_(contexto),
+      nombre_(nombre),
+      cuerpo_(new QWidget(this)),
+      tira_(new Tira(contexto.textos, contexto.reloj, this)),
+      trabajo_(new TiraTrabajo(contexto.textos, contexto.reloj, this)) {
+  setObjectName(sinInstancia(nombre));
+  auto* todo = new QVBoxLayout(this);
+  todo->setContentsMargins(0, 0, 0, 0);
+  todo->setSpacing(0);
+  todo->addWidget(tira_);
+  todo->addWidget(cuerpo_, 1);
+  todo->addWidget(trabajo_);
+}
+
+Ventana::~Ventana() = default;
+
+Resultado<> Ventana::preparar(const Argumentos&) {
+  return {};
+}
+
+void Ventana::enlazar() {
+  TraducirForm(*cuerpo_, c_.textos, c_.ajustes.idioma);
+  connect(cuerpo_, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
+  setWindowTitle(cuerpo_->windowTitle());
+  resize(QSize(escalar(cuerpo_->width()), escalar(cuerpo_->height())));
+  const QString memoria = sinInstancia(nombre_);
+  restoreGeometry(deTexto(c_.recuerdos.leer(memoria, u"sitio"_s)));
+  for (QSplitter* s : cuerpo_->findChildren<QSplitter*>())
+    s->restoreState(deTexto(c_.recuerdos.leer(memoria, s->objectName())));
+}
+
+void Ventana::recordar() {
+  const QString memoria = sinInstancia(nombre_);
+  c_.recuerdos.poner(memoria, u"sitio"_s, enTexto(saveGeometry()));
+  for (const QSplitter* s : cuerpo_->findChildren<QSplitter*>())
+    c_.recuerdos.poner(memoria, s->objectName(), enTexto(s->saveState()));
+}
+
+void Ventana::mostrarSobre(QWidget* dueno) {
+  if (dueno && dueno != this) dueno_ = dueno->window();
+  isMinimized() ? showNormal() : show();
+  raise();
+  activateWindow();
+}
+
+bool Ventana::descargar() {
+  return close();
+}
+
+bool Ventana::ejecutar() {
+  QEventLoop bucle;
+  bucle_ = &bucle;
+  aceptada_ = false;
+  setWindowModality(Qt::ApplicationModal);
+  mostrarSobre(dueno_);
+  const QPointer<Ventana> yo(this);
+  bool aceptada = false;
+  connect(this, &Ventana::descargada, &bucle, [&] {
+    aceptada = aceptada_;
+    bucle.quit();
+  });
+  bucle.exec();
+  if (yo) bucle_ = nullptr;
+  return aceptada;
+}
+
+void Ventana::aceptar() {
+  terminar(true);
+}
+
+void Ventana::rechazar() {
+  terminar(false);
+}
+
+void Ventana::terminar(bool aceptada) {
+  aceptada_ = aceptada;
+  if (!close()) aceptada_ = false;
+}
+
+void Ventana::closeEvent(QCloseEvent* evento) {
+  if (cerrada_) return evento->accept();
+  // Accepting is an answer: there is nothing left to be asked.
+  if (!aceptada_ && QueryUnload()) return evento->ignore();
+  cerrada_ = true;
+  trabajo_->parar();
+  recordar();
+  evento->accept();
+  hide();
+  Q_EMIT descargada(nombre_);
+  volverAlDueno();
+  deleteLater();
+}
+
+void Ventana::volverAlDueno() {
+  if (!dueno_ || !dueno_->isVisible()) return;
+  dueno_->raise();
+  dueno_->activateWindow();
+}
+
+void Ventana::keyPressEvent(QKeyEvent* evento) {
+  if (evento->key() != Qt::Key_Escape) return QWidget::keyPressEvent(evento);
+  evento->accept();
+  close();
+}
+
+void Ventana::decirBien(const QString& texto) {
+  tira_->decir(Estado::Bien, texto);
+}
+void Ventana::decirDuda(const QString& texto, const QString& detalle) {
+  tira_->decir(Estado::Duda, texto, detalle);
+}
+void Ventana::decirFallo(const QString& texto, const QString& detalle) {
+  tira_->decir(Estado::Mal, texto, detalle);
+}
+void Ventana::decirFallo(const Error& error) {
+  decirFallo(error.texto, error.numero == 0 ? QString() : QString::number(error.numero));
+}
+
+}  // namespace tarvo::ventanas
