@@ -34,7 +34,7 @@ TEST_F(MaquinaNodal, ConfirmacionesPorCaso) {
       {"bad check", mala, {}, false},
       {"from another node", ndl(9, 6, "", 4), {}, false},
       {"for another node", ndl(9, 6, "", 3, 1), {}, false},
-      {"a data frame", ndl(9, 40, "X"), {}, true},
+      {"a data frame", ndl(9, 40, "X"), {}, false},
       {"garbage and ack", "zz\r" + ndl(9, 6), QStringLiteral("EnvioNDL 0"), false},
   };
   for (const auto& caso : casos) {

@@ -45,6 +45,7 @@ void Maquina::empezar(int secuencia) {
   estado_ = kReposo;
   secuencia_ = secuencia;
   ultima_ = -1;
+  ultimaNodal_ = {};
 }
 
 void Maquina::reposar() {

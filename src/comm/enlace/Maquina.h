@@ -125,9 +125,10 @@ class Maquina {
   int codigo_ = 0;
   QByteArray cuerpo_;
   tramas::TramaVEK ultimaTransaccion_;
-  qint64 intervalo_ = 0;           // ms: length of the present wait
-  qint64 inicio_ = 0, plazo_ = 0;  // when it began and when it ends
-  qint64 tope_ = 0;                // the last end that it may get
+  tramas::TramaNODAL ultimaNodal_;  // the last one that was acknowledged
+  qint64 intervalo_ = 0;            // ms: length of the present wait
+  qint64 inicio_ = 0, plazo_ = 0;   // when it began and when it ends
+  qint64 tope_ = 0;                 // the last end that it may get
   QByteArray entrada_;
   bool leyendo_ = false;
 };

@@ -108,9 +108,16 @@ void Maquina::esperarMas(const QByteArray& datos) {
 std::optional<tramas::TramaNODAL> Maquina::leerLinea() {
   auto trama = tramas::leerNODAL(entrada_).trama;
   if (!trama || trama->destino != tiempos_.nodo || trama->origen != estacion_) return std::nullopt;
-  if (trama->codigo != tramas::kNodalAck && trama->codigo != tramas::kNodalNak) confirmar();
-  if (trama->secuencia == ultima_) return std::nullopt;
+  const bool datos = trama->codigo != tramas::kNodalAck && trama->codigo != tramas::kNodalNak;
+  // A list's frame in front of the acknowledgement is of an earlier question: its own would count
+  // for a frame of the new list.
+  if (datos && estado_ == kEsperaAckNodal && trama->codigo != tramas::kNodalRechazo)
+    return std::nullopt;
+  if (datos) confirmar();
+  // A frame that is sent again may come behind acknowledgements, which have numbers too.
+  if (trama->secuencia == ultima_ || (datos && *trama == ultimaNodal_)) return std::nullopt;
   ultima_ = trama->secuencia;
+  if (datos) ultimaNodal_ = *trama;
   return trama;
 }
 

@@ -118,8 +118,10 @@ class ArticulosNodal final : public ListaNodal {
     return {};
   }
   void otraVez() override {
-    if (enOrden_ && desde_ <= hasta_) return;
-    ListaNodal::otraVez();
+    if (!enOrden_ || desde_ > hasta_) deNuevo();
+  }
+  void deNuevo() override {
+    ListaNodal::deNuevo();
     desde_ = t_.Desde;
     enOrden_ = true;
   }

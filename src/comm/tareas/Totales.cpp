@@ -77,8 +77,12 @@ Resultado<> PreguntasVek::respuesta(int, int, const QByteArray& datos) {
 // --- kind 2
 // ------------------------------------------------------------------------------------------
 
+ListaNodal::ListaNodal(const motor::DatosTarea& t, const motor::Entorno& e)
+    : Totales(t, e), duda_(e, QStringLiteral("%1 N%2").arg(lineaDe(t)).arg(t.Addr)) {}
+
 Resultado<Siguiente> ListaNodal::paso() {
   if (fase_ == 0) return Siguiente::fin();
+  TARVO_INTENTAR(duda_.empezar());
   if (fase_ == 2) return Siguiente{Siguiente::EsperarNODAL, t_.Addr, 0, {}};
   const maquinas::Peticion p = pregunta();
   return Siguiente{Siguiente::Enviar, t_.Addr, p.codigo, p.datos};
@@ -98,10 +102,18 @@ Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
       return falloEn(
           {Fallo::Formato, 7, QStringLiteral("la lista ha terminado sin ningún registro")},
           t_.Grupo, lugar());
+    const auto vale = duda_.vale(recibidos_);
+    if (!vale) return falloEn(vale.error(), t_.Grupo, lugar());
+    if (!*vale) {
+      fase_ = 1;
+      deNuevo();
+      return {};
+    }
     auto& suma = filas(0);
     suma.clear();
     for (const auto& [numero, r] : recibidos_) suma[r.first] += r.second;
     fase_ = 0;
+    return duda_.acabar();
   } else if (codigo != pregunta().codigo && maquinas::nodal::esDePeticion(codigo)) {
     return falloEn({Fallo::Formato, 7,
                     QStringLiteral("ha llegado una trama de otra pregunta (%1)").arg(codigo)},
@@ -113,6 +125,7 @@ Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
 }
 
 void ListaNodal::reanudar() {
+  duda_.dudar();
   if (fase_ != 2) return;
   fase_ = 1;
   otraVez();
@@ -121,7 +134,8 @@ void ListaNodal::reanudar() {
 // --- kind 3
 // ------------------------------------------------------------------------------------------
 
-ListasCaja::ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e) : Totales(t, e) {
+ListasCaja::ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e)
+    : Totales(t, e), duda_(e, lineaDe(t)) {
   // A register entered twice is one register: its sales count once.
   std::vector<int> distintas;
   for (const int addr : t_.Direcciones)
@@ -137,15 +151,7 @@ Resultado<Siguiente> ListasCaja::paso() {
             .arg(t_.Grupo),
         motor::kErrorSuprimido);
   if (indice_ == t_.Direcciones.size()) return Siguiente::fin();
-  if (!empezada_) {
-    const auto notas = e_.db.uno(u"SELECT count(*) FROM EstadoTarvo WHERE CLAVE=?", nota());
-    if (!notas) return std::unexpected(notas.error());
-    dudosa_ = notas->entero() > 0;
-    if (!dudosa_)
-      TARVO_INTENTAR(
-          e_.db.ejecutar(u"INSERT INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, 1)", nota()));
-    empezada_ = true;
-  }
+  TARVO_INTENTAR(duda_.empezar());
   const maquinas::Peticion p = pregunta();
   if (fase_ == 2) return Siguiente{Siguiente::EsperarVEK, direccion(), p.codigo, {}};
   lista_.clear();
@@ -177,32 +183,19 @@ Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
     return {};
   }
   fase_ = 1;
-  if (dudosa_ && leida_ != lista_) {
-    leida_ = std::exchange(lista_, {});
-    if (++vueltas_ <= kVueltas) return {};
-    return falloEn({Fallo::Formato, 7, QStringLiteral("la lista no llega dos veces igual")},
-                   t_.Grupo, lugar());
-  }
+  const auto vale = duda_.vale(lista_);
+  if (!vale) return falloEn(vale.error(), t_.Grupo, lugar());
+  if (!*vale) return {};
   totals::Lectura::Filas suma;
   for (const auto& [clave, registroLeido] : lista_) TARVO_INTENTAR(leer(registroLeido, suma));
   filas(direccion()) = std::move(suma);
-  leida_.reset();
-  vueltas_ = 0;
-  if (++indice_ == t_.Direcciones.size())
-    TARVO_INTENTAR(e_.db.ejecutar(u"DELETE FROM EstadoTarvo WHERE CLAVE=?", nota()));
+  if (++indice_ == t_.Direcciones.size()) return duda_.acabar();
   return {};
-}
-
-QString ListasCaja::nota() const {
-  return QStringLiteral("ListaEnLinea %1 %2")
-      .arg(t_.Remoto)
-      .arg(t_.Remoto == 2 ? QString::number(t_.CanalDirecto) : t_.Telefono);
 }
 
 void ListasCaja::reanudar() {
   fase_ = 1;
-  dudosa_ = true;
-  leida_.reset();
+  duda_.dudar();
 }
 
 QString ListasCaja::MostrarTraza() const {

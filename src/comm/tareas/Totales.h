@@ -4,10 +4,10 @@
 
 #include <array>
 #include <map>
-#include <optional>
 
 #include "comm/maquinas/Campos.h"
 #include "comm/motor/Tarea.h"
+#include "comm/tareas/Duda.h"
 
 namespace tarvo::tareas {
 
@@ -73,7 +73,7 @@ class PreguntasVek : public Totales {
 // nothing. A record that comes again takes the place of the earlier; rows are made at the end.
 class ListaNodal : public Totales {
  public:
-  using Totales::Totales;
+  ListaNodal(const motor::DatosTarea& t, const motor::Entorno& e);
   bool encaja(int addr, int codigo, const QByteArray& datos) const final;
   Resultado<> respuesta(int addr, int codigo, const QByteArray& datos) final;
   void reanudar() final;
@@ -82,7 +82,9 @@ class ListaNodal : public Totales {
  protected:
   virtual maquinas::Peticion pregunta() const = 0;
   virtual Resultado<> registros(const QByteArray& datos) = 0;
-  virtual void otraVez() { recibidos_.clear(); }
+  // It is asked again after it broke off, or from its start.
+  virtual void otraVez() { deNuevo(); }
+  virtual void deNuevo() { recibidos_.clear(); }
   // A record for a row; it is known by its own number and hour.
   void anotar(const maquinas::Total& t, const totals::Lectura::Clave& fila) {
     recibidos_[{t.numero, t.hora}] = {fila, contadores(t)};
@@ -93,19 +95,16 @@ class ListaNodal : public Totales {
 
  private:
   Resultado<motor::Siguiente> paso() final;
-  std::map<totals::Lectura::Clave, std::pair<totals::Lectura::Clave, totals::Contadores>>
-      recibidos_;
+  using Recibidos =
+      std::map<totals::Lectura::Clave, std::pair<totals::Lectura::Clave, totals::Contadores>>;
+  Recibidos recibidos_;
+  DudaDeLista<Recibidos> duda_;
   int fase_ = 1;  // 1 ask, 2 wait for frames, 0 done
 };
 
 // Kind 3: a list from each register in turn; the registers stay apart. A list holds each of its
 // records once: one that comes again, since it was sent twice or since the register began anew,
 // takes the place of the earlier. The rows are made when the list has ended.
-//
-// Registers that share a wire answer under one number, and one whose list broke off goes on with it
-// at the next acknowledgement, whoever that is meant for. So a list under way is noted on disk, by
-// its wire; where the note of an earlier one still stands, or after a failure, a list has to come
-// alike twice running.
 class ListasCaja : public Totales {
  public:
   ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e);
@@ -122,16 +121,12 @@ class ListasCaja : public Totales {
 
  private:
   Resultado<motor::Siguiente> paso() final;
-  static constexpr int kVueltas = 4;
   int direccion() const { return t_.Direcciones[indice_]; }
-  QString nota() const;
   size_t indice_ = 0;
   int fase_ = 1;  // 1 ask the register, 2 wait for the next record
   using Registros = std::map<QByteArray, QByteArray>;
-  Registros lista_;                 // records of the present list by what they are about
-  std::optional<Registros> leida_;  // the list before, of the same register
-  bool empezada_ = false, dudosa_ = false;
-  int vueltas_ = 0;
+  Registros lista_;  // records of the present list by what they are about
+  DudaDeLista<Registros> duda_;
 };
 
 }  // namespace tarvo::tareas
