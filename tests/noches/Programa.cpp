@@ -2,6 +2,7 @@
 
 #include "comm/tareas/Registro.h"
 #include "core/esquema/Esquema.h"
+#include "textos/TextosDePrueba.h"
 #include "totals/TablasLibros.h"
 #include "totals/TablasTotales.h"
 
@@ -17,29 +18,25 @@ class SinPreguntas final : public automation::Preguntas {
   }
 };
 
-const Textos& textos() {
-  static const Textos t = Textos::leer(QStringLiteral(TARVO_DATOS "/textos/es.txt")).value();
-  return t;
-}
-
 }  // namespace
 
 struct Programa::Interior {
   Interior(std::unique_ptr<app::Fondo> f, Reloj& reloj, Hilos& hilos, quint64 semilla)
       : fondo(std::move(f)),
         db(*fondo->db),
-        almacenes(db, reloj),
-        sesion(db, fondo->ajustes, reloj),
-        periodos(db, fondo->ajustes, almacenes),
+        almacenes(db, reloj, fondo->textos),
+        sesion(db, fondo->ajustes, reloj, fondo->textos),
+        periodos(db, fondo->ajustes, almacenes, fondo->textos),
         cerrSes(sesion, periodos),
         verTot(periodos, db, fondo->ajustes),
         xporTot(db, periodos, fondo->ajustes),
         registro(tareas::registro()),
         azar(semilla),
         enlaces(reloj, fondo->ajustes, hilos, azar),
-        gestcomm({db, fondo->ajustes, reloj, sesion}, enlaces, registro),
-        lenguaje(registro, fondo->ajustes),
-        automat({db, fondo->ajustes, reloj, sesion, gestcomm, registro, cerrSes, verTot, xporTot},
+        gestcomm({db, fondo->ajustes, reloj, sesion, fondo->textos}, enlaces, registro),
+        lenguaje(registro, fondo->ajustes, fondo->textos),
+        automat({db, fondo->ajustes, reloj, sesion, gestcomm, registro, cerrSes, verTot, xporTot,
+                 fondo->textos},
                 preguntas) {}
 
   Resultado<> empezar() {
@@ -71,7 +68,7 @@ Programa::~Programa() = default;
 Resultado<std::unique_ptr<Programa>> Programa::arrancar(
     const QString& carpeta, const QStringList& proceso, Reloj& reloj, Hilos& hilos, quint64 semilla,
     std::function<void(const QString&)> alEscribir) {
-  auto fondo = app::Fondo::abrir(carpeta, Idioma::Espanol, textos(), reloj);
+  auto fondo = app::Fondo::abrir(carpeta, Idioma::Espanol, textosDePrueba(), reloj);
   if (!fondo) return std::unexpected(fondo.error());
   std::unique_ptr<Programa> p(new Programa);
   p->d = std::make_unique<Interior>(std::move(*fondo), reloj, hilos, semilla);
