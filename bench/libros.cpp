@@ -5,6 +5,7 @@
 #include "Comun.h"
 #include "Razones.h"
 #include "comm/maquinas/Vek.h"
+#include "textos/TextosDePrueba.h"
 #include "totals/CerrSes.h"
 
 namespace tarvo::banco {
@@ -43,9 +44,9 @@ struct Lector {
   dao::Database& db;
   RelojVirtual reloj{Fecha::de(QDate(2026, 3, 4), QTime(22, 0))};
   Ajustes ajustes;
-  stock::Almacenes almacenes{db, reloj};
-  totals::Sesion sesion{db, ajustes, reloj};
-  totals::Periodos periodos{db, ajustes, almacenes};
+  stock::Almacenes almacenes{db, reloj, textosDePrueba()};
+  totals::Sesion sesion{db, ajustes, reloj, textosDePrueba()};
+  totals::Periodos periodos{db, ajustes, almacenes, textosDePrueba()};
   totals::CerrSes cerrSes{sesion, periodos};
   std::vector<totals::Aviso> avisos;
 };
@@ -54,7 +55,7 @@ void leerGrupo(Lector& l, int grupo, const std::vector<QByteArray>& registros) {
   totals::Lectura lectura;
   auto& filas = lectura.maquinas[0];
   for (const QByteArray& r : registros) {
-    const maquinas::Total t = bien(maquinas::vek::leerArticulo(r));
+    const maquinas::Total t = maquinas::vek::leerArticulo(r).value();
     filas[{t.numero, 0}] = {t.con, t.pes, t.imp, t.sco};
   }
   bien(l.sesion.PrepararRecepcion(grupo, totals::kPLUs));

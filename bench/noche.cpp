@@ -17,6 +17,7 @@
 #include "comm/maquinas/Campos.h"
 #include "comm/tareas/Registro.h"
 #include "comm/tramas/Trama.h"
+#include "textos/TextosDePrueba.h"
 
 namespace tarvo::banco {
 namespace {
@@ -117,18 +118,19 @@ struct Motor {
   FabricaBalanzas fabrica{reloj};
   SinPreguntas preguntas;
   Azar azar{1};
-  stock::Almacenes almacenes{db, reloj};
-  totals::Sesion sesion{db, ajustes, reloj};
-  totals::Periodos periodos{db, ajustes, almacenes};
+  stock::Almacenes almacenes{db, reloj, textosDePrueba()};
+  totals::Sesion sesion{db, ajustes, reloj, textosDePrueba()};
+  totals::Periodos periodos{db, ajustes, almacenes, textosDePrueba()};
   totals::CerrSes cerrSes{sesion, periodos};
   totals::VerTot verTot{periodos, db, ajustes};
   totals::XporTot xporTot{db, periodos, ajustes};
   motor::RegistroTareas registro = tareas::registro();
   enlace::Enlaces enlaces{reloj, ajustes, fabrica, azar};
-  motor::gestcomm gestcomm{{db, ajustes, reloj, sesion}, enlaces, registro};
-  automation::Lenguaje lenguaje{registro, ajustes};
+  motor::gestcomm gestcomm{{db, ajustes, reloj, sesion, textosDePrueba()}, enlaces, registro};
+  automation::Lenguaje lenguaje{registro, ajustes, textosDePrueba()};
   automation::Automat automat{
-      {db, ajustes, reloj, sesion, gestcomm, registro, cerrSes, verTot, xporTot}, preguntas};
+      {db, ajustes, reloj, sesion, gestcomm, registro, cerrSes, verTot, xporTot, textosDePrueba()},
+      preguntas};
   QString lineas;
   std::optional<automation::ResultadoProceso> fin;
 };

@@ -6,6 +6,7 @@
 
 #include "core/esquema/Esquema.h"
 #include "core/tiempo/Reloj.h"
+#include "textos/TextosDePrueba.h"
 #include "totals/TablasTotales.h"
 #include "totals/XporTot.h"
 
@@ -38,8 +39,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* datos, size_t tamano) {
   static const auto db = baseVacia(carpeta);
   const Ajustes ajustes(carpeta.path(), Idioma::Espanol);
   RelojVirtual reloj{Fecha{}};
-  stock::Almacenes almacenes(*db, reloj);
-  totals::Periodos periodos(*db, ajustes, almacenes);
+  stock::Almacenes almacenes(*db, reloj, textosDePrueba());
+  totals::Periodos periodos(*db, ajustes, almacenes, textosDePrueba());
 
   auto t = dao::Transaccion::empezar(*db);  // undone at the end
   exigir(t.has_value());

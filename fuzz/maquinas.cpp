@@ -16,8 +16,8 @@ void exigir(bool cierto) {
 }
 
 template <class T>
-void usar(const tarvo::Resultado<T>& r) {
-  exigir(r.has_value() || r.error().clase == tarvo::Fallo::Formato);
+void usar(const Leido<T>& r) {
+  exigir(r.has_value() || r.error().donde >= 0);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "automation/Proceso.h"
 #include "core/ajustes/Ficheros.h"
+#include "textos/TextosDePrueba.h"
 
 namespace {
 
@@ -67,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* datos, size_t tamano) {
   const QString texto = ficheros::descodificar(bytes);
   for (const Idioma idioma : {Idioma::Espanol, Idioma::UK}) {
     const Ajustes ajustes(QStringLiteral("/"), idioma);
-    const automation::Lenguaje l(registro, ajustes);
+    const automation::Lenguaje l(registro, ajustes, textosDePrueba());
     probarProceso(l, texto);
     probarHorario(l, texto);
   }

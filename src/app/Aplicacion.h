@@ -18,18 +18,20 @@
 
 namespace tarvo::app {
 
-// What every use of the program needs: its folder, settings and database.
+// What every use of the program needs: its folder, texts, settings and database.
 class Fondo {
  public:
   // Takes the folder, reads the settings, opens the database (made from nothing in a new folder)
-  // and brings it to this version. The error's text is a whole sentence for the user.
+  // and brings it to this version. The error's text is a whole sentence for the user. REQUIRES that
+  // the texts outlive it.
   static Resultado<std::unique_ptr<Fondo>> abrir(const QString& carpeta, Idioma idioma,
                                                  const Textos& textos, Reloj& reloj);
+  const Textos& textos;
   Ajustes ajustes;
   std::unique_ptr<dao::Database> db;
 
  private:
-  Fondo(Cerrojo cerrojo, const QString& carpeta, Idioma idioma, Fecha ahora);
+  Fondo(Cerrojo cerrojo, const QString& carpeta, Idioma idioma, const Textos& textos, Fecha ahora);
   Cerrojo cerrojo_;
 };
 

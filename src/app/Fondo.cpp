@@ -36,15 +36,17 @@ Resultado<std::unique_ptr<dao::Database>> abrirBase(const Ajustes& ajustes, Fech
 
 }  // namespace
 
-Fondo::Fondo(Cerrojo cerrojo, const QString& carpeta, Idioma idioma, Fecha ahora)
-    : ajustes(carpeta, idioma, ahora), cerrojo_(std::move(cerrojo)) {}
+Fondo::Fondo(Cerrojo cerrojo, const QString& carpeta, Idioma idioma, const Textos& losTextos,
+             Fecha ahora)
+    : textos(losTextos), ajustes(carpeta, idioma, ahora), cerrojo_(std::move(cerrojo)) {}
 
 Resultado<std::unique_ptr<Fondo>> Fondo::abrir(const QString& carpeta, Idioma idioma,
                                                const Textos& textos, Reloj& reloj) {
   auto cerrojo = Cerrojo::tomar(carpeta);
   if (!cerrojo)
     return fallo(cerrojo.error().clase, motivoCerrojo(cerrojo.error(), carpeta, textos));
-  std::unique_ptr<Fondo> fondo(new Fondo(std::move(*cerrojo), carpeta, idioma, reloj.ahora()));
+  std::unique_ptr<Fondo> fondo(
+      new Fondo(std::move(*cerrojo), carpeta, idioma, textos, reloj.ahora()));
   if (const auto leidos = fondo->ajustes.LeerConfig(); !leidos)
     return fallo(leidos.error().clase, textos(kTxAjustesIlegibles).arg(leidos.error().texto));
   auto db = abrirBase(fondo->ajustes, reloj.ahora().dia());

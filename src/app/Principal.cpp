@@ -24,7 +24,7 @@ int decirAyuda(const Textos& t) {
 }
 
 int hacerCuadre(const Ordenes& o, Fondo& fondo, const Textos& t) {
-  const auto informe = totals::informeCuadre(*fondo.db, fondo.ajustes, o.link);
+  const auto informe = totals::informeCuadre(*fondo.db, fondo.ajustes, t, o.link);
   informe ? decir(*informe) : avisar(t(kTxCuadreFallido).arg(informe.error().texto));
   return informe ? kBien : kProblemas;
 }

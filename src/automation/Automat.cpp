@@ -17,9 +17,10 @@ Automat::Interior::Interior(Automat& automat, const Taller& taller, Preguntas& q
     : yo(automat),
       t(taller),
       preguntas(quienResponde),
-      lenguaje(t.registro, t.ajustes),
-      diario(t.db),
+      lenguaje(t.registro, t.ajustes, t.textos),
+      diario(t.db, t.textos),
       ejecutor(t, diario),
+      fichero(t.textos),
       reloj(t.reloj.temporizador([this] { vencer(); })) {
   vigilancia.vigilante = &automat;
 }
@@ -75,7 +76,7 @@ bool Automat::Interior::avanzar() {
 void Automat::Interior::quedarEnPaso() {
   fase = kDetenidoEnPaso;
   reloj->parar();
-  escribirMomento(u"Ejecución retenida: ");
+  escribirMomento(kTxRetenida);
 }
 
 void Automat::Interior::empezarAborto() {
@@ -90,15 +91,14 @@ bool Automat::Interior::vaciar() {
   if (motorAbierto && t.motor.CuantosQuedan().total > 0) {
     t.motor.terminator();
     if (t.reloj.monotono() - inicioAborto < kPacienciaAborto) return false;
-    escribir({QStringLiteral(
-        "Quedan tareas en la cola que no se dejan detener: revíselas en comunicaciones.")});
+    escribir({t.textos(kTxTareasTercas)});
   }
   return terminarMal();
 }
 
 bool Automat::Interior::terminarMal() {
   terminar(averiado ? ResultadoProceso::Problemas : ResultadoProceso::Abortado, kAbortado,
-           u"Ejecución interrumpida: ");
+           kTxInterrumpida);
   return true;
 }
 
@@ -108,13 +108,13 @@ bool Automat::Interior::acabar() {
       t.motor.VigilaProcesos(vigilancia.reintentos, true, vigilancia.vigilante);
     return false;
   }
-  terminar(resultado, kAcabado, u"Ejecución finalizada: ");
+  terminar(resultado, kAcabado, kTxFinalizada);
   return true;
 }
 
 // The row of the run goes last: until then the same process started again finds that nothing is
 // left to do.
-void Automat::Interior::terminar(ResultadoProceso con, int faseFinal, QStringView linea) {
+void Automat::Interior::terminar(ResultadoProceso con, int faseFinal, int linea) {
   soltarMotor();
   reloj->parar();
   indice = -1;
@@ -123,7 +123,7 @@ void Automat::Interior::terminar(ResultadoProceso con, int faseFinal, QStringVie
   fase = faseFinal;
   if (averiado || pasos.empty()) return;
   if (con == ResultadoProceso::Abortado && yo.conservarAlAbortar)
-    return escribir({QStringLiteral("    Ejecute el proceso de nuevo para seguir donde estaba.")});
+    return escribir({u"    "_s + t.textos(kTxEjecuteDeNuevo)});
   if (auto r = diario.cerrar(e.numero); !r) {
     escribir({r.error().texto});
     resultado = std::max(resultado, ResultadoProceso::Problemas);
@@ -159,7 +159,7 @@ void Automat::ejecutar() {
   if (!nueva && d->fase != kPasoAPaso && d->fase != kDetenidoEnPaso) return;
   d->fase = kEjecutando;
   d->resultado = ResultadoProceso::Bien;
-  d->escribirMomento(u"Ejecución iniciada: ");
+  d->escribirMomento(kTxIniciada);
   if (nueva) d->empezar();
   if (d->motorAbierto) d->t.motor.CambioAModo(true);
   if (d->fase == kAcabado || d->fase == kAbortado) return d->reloj->unaVez(0);
@@ -207,11 +207,11 @@ int Automat::pasoActual() const {
 void Automat::InformeProblema(int clase, int grupo, int error, int estado, qint64 codigo) {
   if (!d->vigila()) return;
   d->problema();
-  d->informarTarea(clase, grupo, error, estado, codigo, u" Se abandona la tarea");
+  d->informarTarea(clase, grupo, error, estado, codigo, kTxSeAbandona);
 }
 
 void Automat::InformeRetry(int clase, int grupo, int error, int estado, qint64 codigo) {
-  if (d->vigila()) d->informarTarea(clase, grupo, error, estado, codigo, u" Se reintenta la tarea");
+  if (d->vigila()) d->informarTarea(clase, grupo, error, estado, codigo, kTxSeReintenta);
 }
 
 void Automat::InformeAviso(int, const totals::Aviso& aviso) {

@@ -48,6 +48,7 @@ struct Taller {
   totals::CerrSes& cerrSes;
   totals::VerTot& verTot;
   totals::XporTot& xporTot;
+  const Textos& textos;
 };
 
 class Automat final : private motor::Vigilante {

@@ -56,13 +56,12 @@ void Automat::Interior::empezar() {
   indice = 0;
   conCabecera = -1;
   if (pasos.empty()) {
-    terminar(resultado, kAcabado, u"Ejecución finalizada: ");
+    terminar(resultado, kAcabado, kTxFinalizada);
     return;
   }
   if (auto r = prepararEjecucion(); !r) {
     averiado = true;
-    escribir({QStringLiteral("No se puede llevar el diario del proceso, que no se ejecuta: ") +
-              r.error().texto});
+    escribir({t.textos(kTxSinDiario, {r.error().texto})});
     terminarMal();
   }
 }
@@ -113,9 +112,7 @@ Resultado<> Automat::Interior::reanudar(Ejecucion vieja) {
   ultimos = e.ultimos;
   if (e.problemas) resultado = ResultadoProceso::Problemas;
   for (const int g : e.fallidos) t.motor.anadirGrupoFallido(g);
-  escribir({QStringLiteral("Se reanuda la ejecución interrumpida el %1, a partir del paso %2.")
-                .arg(e.latido.general())
-                .arg(e.paso + 1)});
+  escribir({t.textos(kTxSeReanuda, {e.latido.general(), e.paso + 1})});
   encolarDeNuevo(*tareas);
   indice = e.paso;
   return {};
@@ -130,7 +127,7 @@ void Automat::Interior::encolarDeNuevo(const std::vector<Diario::Tarea>& tareas)
     if (codigo == 0) continue;
     Hecho h;
     h.error(codigo);
-    h.decir(QStringLiteral("Grupo rechazado al reanudar: %1").arg(tarea.grupo));
+    h.decir(t.textos(kTxRechazadoAlReanudar, {tarea.grupo}));
     indice = tarea.paso;
     informar(h);
   }
@@ -143,16 +140,12 @@ void Automat::Interior::encolarDeNuevo(const std::vector<Diario::Tarea>& tareas)
 Resultado<> Automat::Interior::liquidar(Ejecucion vieja) {
   auto antiguos = pasosDe(vieja);
   const bool completar = antiguos && memorizo(*antiguos, vieja);
-  escribir({QStringLiteral("Hay una ejecución interrumpida el %1 que no se puede reanudar: no se "
-                           "envía nada más de ella.")
-                .arg(vieja.latido.general())});
-  if (!antiguos)
-    escribir({QStringLiteral("Sus pasos ya no se entienden, revise sus periodos a mano: ") +
-              antiguos.error().texto});
+  escribir({t.textos(kTxNoSeReanuda, {vieja.latido.general()})});
+  if (!antiguos) escribir({t.textos(kTxPasosViejos, {antiguos.error().texto})});
   if (!antiguos || vieja.problemas) problema();
   const qint64 numero = vieja.numero;
   if (completar) {
-    escribir({QStringLiteral("Había memorizado: se completan antes sus anotaciones pendientes.")});
+    escribir({t.textos(kTxHabiaMemorizado)});
     const Ejecucion nueva = std::exchange(e, std::move(vieja));
     const auto nuevos = std::exchange(pasos, std::move(*antiguos));
     const auto susUltimos = ultimos;
@@ -162,7 +155,7 @@ Resultado<> Automat::Interior::liquidar(Ejecucion vieja) {
     ultimos = susUltimos;
     indice = 0;
     conCabecera = -1;
-    escribir({QStringLiteral("Anotaciones completadas: empieza la ejecución nueva.")});
+    escribir({t.textos(kTxAnotacionesHechas)});
   }
   return diario.cerrar(numero);
 }

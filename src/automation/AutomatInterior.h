@@ -5,6 +5,7 @@
 #include "automation/Automat.h"
 #include "automation/Diario.h"
 #include "automation/Ejecutor.h"
+#include "automation/TextosAutomation.h"
 #include "automation/Traza.h"
 
 namespace tarvo::automation {
@@ -20,7 +21,7 @@ struct Automat::Interior {
   bool acabar();
   void quedarEnPaso();
   bool terminarMal();  // aborted, or the record of the run failed
-  void terminar(ResultadoProceso con, int faseFinal, QStringView linea);
+  void terminar(ResultadoProceso con, int faseFinal, int linea);
   void anunciarFin();
   void empezarAborto();
   bool conReloj() const { return reloj->activo(); }
@@ -38,10 +39,10 @@ struct Automat::Interior {
 
   // --- trace
   void escribir(const QStringList& lineas);
-  void escribirMomento(QStringView que);
+  void escribirMomento(int texto);
   QString cabecera() const;
   void informar(const Hecho& hecho);
-  void informarTarea(int clase, int grupo, int error, int estado, qint64 codigo, QStringView fin);
+  void informarTarea(int clase, int grupo, int error, int estado, qint64 codigo, int fin);
   void cabeceraUnaVez();
   void problema();
   bool vigila() const;  // reports of the engine count

@@ -1,6 +1,5 @@
 // How the runner carries out the step it stands on, and what it writes of it.
 #include "automation/AutomatInterior.h"
-#include "core/textos/Textos.h"
 
 namespace tarvo::automation {
 
@@ -67,9 +66,7 @@ Resultado<bool> Automat::Interior::preguntar(const Parametro& parametro) {
   auto respuesta = respuestaA(parametro);
   if (!respuesta) {
     escribir({cabecera(),
-              kSangria + QStringLiteral(
-                             "Falta el valor del parámetro %1 (%2): el proceso no puede seguir.")
-                             .arg(parametro.nombre, parametro.pregunta)});
+              kSangria + t.textos(kTxFaltaParametro, {parametro.nombre, parametro.pregunta})});
     empezarAborto();
     return false;
   }
@@ -121,7 +118,7 @@ void Automat::Interior::sesionAlFichero() {
   const auto r = t.sesion.reflejar();
   if (r) return;
   Hecho h;
-  h.decir(QStringLiteral("La configuración no se pudo guardar: ") + r.error().texto);
+  h.decir(t.textos(kTxConfiguracionSinGuardar, {r.error().texto}));
   informar(h);
 }
 
@@ -129,8 +126,7 @@ void Automat::Interior::sesionAlFichero() {
 void Automat::Interior::fallar(const Error& error) {
   averiado = true;
   Hecho h;
-  h.decir(QStringLiteral("No se puede anotar el avance del proceso, que se detiene: ") +
-          error.texto);
+  h.decir(t.textos(kTxAvanceSinAnotar, {error.texto}));
   if (auto r = t.sesion.cargar(); !r) h.decir(r.error().texto);
   informar(h);
   empezarAborto();
@@ -143,8 +139,8 @@ void Automat::Interior::escribir(const QStringList& lineasNuevas) {
     resultado = std::max(resultado, ResultadoProceso::Problemas);
 }
 
-void Automat::Interior::escribirMomento(QStringView que) {
-  escribir({que.toString() + t.reloj.ahora().general()});
+void Automat::Interior::escribirMomento(int texto) {
+  escribir({t.textos(texto, {t.reloj.ahora().general()})});
 }
 
 QString Automat::Interior::cabecera() const {
@@ -157,7 +153,7 @@ QString Automat::Interior::cabecera() const {
 void Automat::Interior::informar(const Hecho& hecho) {
   if (hecho.problemas) problema();
   QStringList entrada;
-  if (hecho.codigo != 0) entrada += kSangria + mensajePaso(hecho.codigo);
+  if (hecho.codigo != 0) entrada += kSangria + mensajePaso(hecho.codigo, t.textos);
   for (const auto& detalle : hecho.detalles) entrada += kSangria + detalle;
   if (entrada.isEmpty()) return;
   entrada.prepend(cabecera());
@@ -170,18 +166,18 @@ void Automat::Interior::cabeceraUnaVez() {
 }
 
 void Automat::Interior::informarTarea(int clase, int grupo, int error, int estado, qint64 codigo,
-                                      QStringView fin) {
+                                      int fin) {
   cabeceraUnaVez();
   const auto* c = t.registro.porNumero(clase);
-  const QString tarea = u"   "_s + (c ? QString::fromUtf16(c->nombre) : QString()) + u":G"_s +
-                        Ceros(grupo, 4) + u"  "_s;
+  const QString tarea =
+      u"   "_s + (c ? t.textos(c->nombre) : QString()) + u":G"_s + Ceros(grupo, 4) + u"  "_s;
   QStringList informe{tarea + u'E' + Ceros(error, 2) + u"  C"_s + Ceros(codigo, 9) + u"  ["_s +
-                      motor::TextoEstado(estado) + u']'};
-  const auto textos = motor::textosError(error);
-  const QString explicacion = textos.cabecera + textos.mensaje;
+                      motor::TextoEstado(estado, t.textos) + u']'};
+  const auto explicado = motor::textosError(error, t.textos);
+  const QString explicacion = explicado.cabecera + explicado.mensaje;
   if (!explicacion.isEmpty()) informe += kSangria + explicacion;
   escribir(informe);
-  escribir({tarea + fin.toString()});
+  escribir({tarea + u' ' + t.textos(fin)});
 }
 
 void Automat::Interior::problema() {

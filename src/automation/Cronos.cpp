@@ -4,7 +4,7 @@
 #include <cmath>
 #include <set>
 
-#include "core/textos/Textos.h"
+#include "automation/TextosAutomation.h"
 
 namespace tarvo::automation {
 
@@ -81,7 +81,7 @@ struct Cronos::Interior {
 Resultado<> Cronos::Interior::cargar(const QString& nombre) {
   const QString fichero = conExtensionPorDefecto(nombre, u".CRO"_s);
   const QString ruta = Ajustes::ruta(fichero, ajustes.HomeDir);
-  const auto texto = leerTexto(ruta);
+  const auto texto = lenguaje.leerTexto(ruta);
   if (!texto) return std::unexpected(texto.error());
   const auto lineas = lenguaje.leerCro(*texto, fichero.endsWith(u".AUT", Qt::CaseInsensitive));
   if (!lineas) return std::unexpected(lineas.error());
@@ -108,8 +108,8 @@ Entrada Cronos::Interior::entradaDe(const LineaActivacion& linea,
     return e;
   }
   e.estado = EstadoEntrada::Inutil;
-  avisar(u"El proceso %1 no se ejecutará a las %2: "_s.arg(e.proceso, linea.hora.horaLarga()) +
-         fichero.error().texto);
+  avisar(lenguaje.textos()(kTxNoSeEjecutara,
+                           {e.proceso, linea.hora.horaLarga(), fichero.error().texto}));
   return e;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QCryptographicHash>
 
+#include "automation/TextosAutomation.h"
 #include "totals/TablasLibros.h"
 
 namespace tarvo::automation {
@@ -19,12 +20,8 @@ CREATE TABLE IF NOT EXISTS ProcesoTareas (
   PRIMARY KEY (EJECUCION, PASO, GRUPO));
 )";
 
-std::unexpected<Error> danado() {
-  return fallo(
-      Fallo::Formato,
-      QStringLiteral(
-          "El diario de la ejecución interrumpida está dañado: revise sus periodos y borre "
-          "la fila del proceso en la tabla Proceso."));
+std::unexpected<Error> danado(const Textos& textos) {
+  return fallo(Fallo::Formato, textos(kTxDiarioDanado));
 }
 
 template <class Numeros>
@@ -34,30 +31,29 @@ QString unir(const Numeros& numeros) {
   return partes.join(u',');
 }
 
-Resultado<std::vector<qint64>> partir(const QString& texto) {
+std::optional<std::vector<qint64>> partir(const QString& texto) {
   std::vector<qint64> numeros;
   for (const QStringView parte : QStringView(texto).split(u',', Qt::SkipEmptyParts)) {
     bool es = false;
     numeros.push_back(parte.toLongLong(&es));
-    if (!es) return danado();
+    if (!es) return std::nullopt;
   }
   return numeros;
 }
 
-Resultado<> leerListas(const dao::Recordset& rs, Ejecucion& e) {
+// False when the row can't be understood.
+bool leerListas(const dao::Recordset& rs, Ejecucion& e) {
   const auto texto = [&rs](QStringView columna) { return rs.texto(rs.columna(columna)); };
   auto seleccion = partir(texto(u"SELECCION")), ultimos = partir(texto(u"ULTIMOS")),
        fallidos = partir(texto(u"FALLIDOS"));
-  for (const auto* lista : {&seleccion, &ultimos, &fallidos})
-    if (!*lista) return std::unexpected(lista->error());
   auto respuestas = recordarRespuestas(texto(u"PARAMETROS"));
-  if (!respuestas) return danado();
+  if (!seleccion || !ultimos || !fallidos || !respuestas) return false;
   e.seleccion = std::move(*seleccion);
   e.ultimos = std::move(*ultimos);
   for (const qint64 g : *fallidos) e.fallidos.insert(static_cast<int>(g));
   e.respuestas = std::move(*respuestas);
   e.lineas = texto(u"PASOS").split(u'\n');
-  return {};
+  return true;
 }
 
 }  // namespace
@@ -84,8 +80,7 @@ Resultado<std::optional<Ejecucion>> Diario::pendiente(const QString& nombre) {
   e.problemas = rs.entero(rs.columna(u"RESULTADO")) != 0;
   e.inicio = rs.fecha(rs.columna(u"INICIO"));
   e.latido = rs.fecha(rs.columna(u"LATIDO"));
-  TARVO_INTENTAR(leerListas(rs, e));
-  if (e.paso < 0 || e.paso > e.lineas.size()) return danado();
+  if (!leerListas(rs, e) || e.paso < 0 || e.paso > e.lineas.size()) return danado(textos_);
   return e;
 }
 
@@ -112,9 +107,7 @@ Resultado<> Diario::anotar(const Ejecucion& e) {
       e.paso, unir(e.seleccion), unir(e.ultimos), unir(e.fallidos), e.problemas, e.latido,
       guardarRespuestas(e.respuestas), e.numero);
   if (!filas) return std::unexpected(filas.error());
-  if (*filas == 0)
-    return fallo(Fallo::NoExiste,
-                 QStringLiteral("Falta en la base de datos el diario de esta ejecución."));
+  if (*filas == 0) return fallo(Fallo::NoExiste, textos_(kTxFaltaDiario));
   return {};
 }
 

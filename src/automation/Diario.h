@@ -9,6 +9,7 @@
 
 #include "automation/Parametros.h"
 #include "core/dao/Database.h"
+#include "core/textos/Textos.h"
 
 namespace tarvo::automation {
 
@@ -29,7 +30,7 @@ struct Ejecucion {
 
 class Diario {
  public:
-  explicit Diario(dao::Database& db) : db_(db) {}
+  Diario(dao::Database& db, const Textos& textos) : db_(db), textos_(textos) {}
 
   // Makes the tables when they are missing.
   Resultado<> asegurar();
@@ -53,6 +54,7 @@ class Diario {
 
  private:
   dao::Database& db_;
+  const Textos& textos_;
 };
 
 }  // namespace tarvo::automation

@@ -1,6 +1,6 @@
 #include "automation/Ejecutor.h"
 
-#include "core/textos/Textos.h"
+#include "automation/TextosAutomation.h"
 
 namespace tarvo::automation {
 
@@ -9,6 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kMayorGrupo = 32767, kMayorReintento = 32767;
+constexpr int kUltimoMensaje = 14;
 
 Hecho deFallo(const Error& e, int codigo = 0) {
   Hecho h;
@@ -69,24 +70,8 @@ Resultado<std::optional<std::vector<int>>> gruposDe(const PasoProceso& p, dao::D
 
 }  // namespace
 
-QString mensajePaso(int codigo) {
-  static constexpr std::array<QStringView, 15> mensajes{
-      u"",
-      u"La puesta a cero es posterior a fecha anotada",
-      u"Grupo de destino no existe o destino mal configurado",
-      u"",
-      u"La sesión está ya abierta",
-      u"La sesión está ya cerrada",
-      u"No se pudo establecer un único intervalo de tiempo",
-      u"No se pudo crear el intervalo",
-      u"No se encontró el intervalo a borrar",
-      u"No se encontró selección a borrar",
-      u"No se encontraron intervalos a seleccionar",
-      u"No había intervalos, o no eran acumulables",
-      u"No había intervalos seleccionados",
-      u"No había intervalos seleccionados",
-      u"No había intervalos, o no se pudo abrir el fichero"};
-  return codigo > 0 && codigo < 15 ? mensajes[static_cast<size_t>(codigo)].toString() : QString();
+QString mensajePaso(int codigo, const Textos& textos) {
+  return codigo > 0 && codigo <= kUltimoMensaje ? textos(kTxMensajePaso + codigo) : QString();
 }
 
 Resultado<Hecho> Ejecutor::hacer(const PasoProceso& p, Ejecucion& e, Vigilancia& vigilancia) {
@@ -136,8 +121,7 @@ Resultado<Hecho> Ejecutor::tarea(const PasoProceso& p, Ejecucion& e) {
       t_.motor.anadirGrupoFallido(g);
     }
   }
-  if (!rechazados.isEmpty())
-    h.decir(QStringLiteral("Grupos rechazados: ") + rechazados.join(u", "));
+  if (!rechazados.isEmpty()) h.decir(t_.textos(kTxRechazados, {rechazados.join(u", ")}));
   return h;
 }
 
@@ -199,10 +183,7 @@ void Ejecutor::noMemorizado(Ejecucion& e, Hecho& h) {
 
 Hecho Ejecutor::control(const PasoProceso& p) {
   Hecho h;
-  if (!std::holds_alternative<qint64>(p.c[2]))
-    h.decir(QStringLiteral(
-                "El número de reintentos \"%1\" no es un número: se ha esperado sin reintentos.")
-                .arg(p.texto(2)));
+  if (!std::holds_alternative<qint64>(p.c[2])) h.decir(t_.textos(kTxReintentosMalos, {p.texto(2)}));
   return h;
 }
 
@@ -220,7 +201,7 @@ Hecho Ejecutor::periodos(const PasoProceso& p, const Ejecucion& e) {
   Hecho h;
   if (p.verbo() == kSelUltimo) return selUltimo(e);
   if (p.verbo() == 0) {
-    h.decir(QStringLiteral("La orden no existe: el paso no hace nada."));
+    h.decir(t_.textos(kTxOrdenNoExiste));
     return h;
   }
   const auto r = operacion(p);
@@ -275,7 +256,7 @@ Hecho Ejecutor::selUltimo(const Ejecucion& e) {
 Hecho Ejecutor::exportar(const PasoProceso& p, const Ejecucion& e) {
   Hecho h;
   if (p.verbo() != kTotaliza) {
-    h.decir(QStringLiteral("La orden no existe: el paso no hace nada."));
+    h.decir(t_.textos(kTxOrdenNoExiste));
     return h;
   }
   const Fecha ahora = t_.reloj.ahora();

@@ -22,7 +22,7 @@ struct Hecho {
   }
 };
 
-QString mensajePaso(int codigo);
+QString mensajePaso(int codigo, const Textos& textos);
 
 // Under what rule the engine's tasks are watched.
 struct Vigilancia {

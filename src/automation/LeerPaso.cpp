@@ -1,5 +1,6 @@
 // Reader of one step line.
 #include "automation/Gramatica.h"
+#include "automation/TextosAutomation.h"
 #include "core/textos/Textos.h"
 #include "totals/Calendario.h"
 
@@ -14,7 +15,8 @@ QString citado(QStringView campo) {
 // Takes field by field. The first fault stays, and the fields behind it are read in vain.
 class Campos {
  public:
-  Campos(QStringView resto, bool espanol) : resto_(resto), espanol_(espanol) {}
+  Campos(QStringView resto, bool espanol, const Textos& textos)
+      : resto_(resto), espanol_(espanol), textos_(textos) {}
 
   QStringView campo() { return cortar(resto_, u','); }
   QStringView todo() const { return resto_; }
@@ -27,8 +29,7 @@ class Campos {
     const qint64 n = f.toLongLong(&es);
     if (es) return n;
     const bool referencia = f.size() == 2 && f.front() == u'%';
-    if (!referencia && f != u"ALL")
-      fallo(QStringLiteral("%1 no es un número, ni ALL, ni una referencia como %x").arg(citado(f)));
+    if (!referencia && f != u"ALL") fallo(kTxNoEsNumero, {citado(f)});
     return f.toString();
   }
   Casilla codigo(qint64 defecto) { return resto_.isEmpty() ? Casilla(defecto) : referencia(); }
@@ -37,14 +38,14 @@ class Campos {
     const auto f = campo();
     if (f.isEmpty()) return defecto;
     const auto valor = leerSiNo(f, espanol_);
-    if (!valor) fallo(QStringLiteral("%1 no es ni sí ni no").arg(citado(f)));
+    if (!valor) fallo(kTxNoEsSiNo, {citado(f)});
     return valor.value_or(defecto);
   }
 
   Fecha fecha() {
     const auto f = campo();
     const auto valor = Fecha::leer(f);
-    if (!valor) fallo(QStringLiteral("%1 no es una fecha").arg(citado(f)));
+    if (!valor) fallo(kTxNoEsFecha, {citado(f)});
     return valor.value_or(Fecha());
   }
   Casilla fechaOTexto() {
@@ -60,21 +61,22 @@ class Campos {
     return f.first(n).toLongLong();
   }
 
-  void fallo(QString texto) {
-    if (error_.isEmpty()) error_ = std::move(texto);
+  void fallo(int texto, std::initializer_list<Dato> datos = {}) {
+    if (error_.isEmpty()) error_ = textos_(texto, datos);
   }
   const QString& error() const { return error_; }
 
  private:
   QStringView resto_;
   bool espanol_;
+  const Textos& textos_;
   QString error_;
 };
 
 void leerTarea(Campos& f, const motor::RegistroTareas& registro, PasoProceso& p) {
   const auto clave = f.campo();
   const auto* tarea = clave.isEmpty() ? nullptr : registro.porClave(clave);
-  if (!tarea) return f.fallo(QStringLiteral("%1 no es ninguna tarea").arg(citado(clave)));
+  if (!tarea) return f.fallo(kTxNoEsTarea, {citado(clave)});
   p.c[1] = qint64{tarea->numero};
   p.c[2] = f.referencia();
   if (llevaRango(tarea->numero)) {
@@ -100,8 +102,7 @@ void leerControl(Campos& f, PasoProceso& p) {
 
 Intervalo leerIntervalo(Campos& f) {
   const auto tipo = static_cast<int>(f.clasePeriodo());
-  if (tipo < totals::kDiario || tipo > totals::kOtros)
-    f.fallo(QStringLiteral("la clase del periodo debe ser un número del 1 al 5"));
+  if (tipo < totals::kDiario || tipo > totals::kOtros) f.fallo(kTxNoEsClasePeriodo);
   const Fecha desde = f.fecha();
   if (tipo == totals::kOtros) return {tipo, desde, f.fecha()};
   f.campo();
@@ -148,7 +149,7 @@ int leerVerbo(Campos& f, int clase, PasoProceso& p) {
   const auto palabra = f.campo();
   const int verbo = numeroVerbo(clase, palabra);
   if (verbo == 0 && (clase == kSesion || clase == kControl))
-    f.fallo(QStringLiteral("%1 no es una orden de %2").arg(citado(palabra), palabraClase(clase)));
+    f.fallo(kTxNoEsOrden, {citado(palabra), palabraClase(clase)});
   p.c[1] = qint64{verbo};
   return verbo;
 }
@@ -175,7 +176,7 @@ Resultado<std::optional<PasoProceso>> Lenguaje::LeerPaso(QStringView linea) cons
   if (clase == 0) return std::nullopt;
   PasoProceso p;
   p.c[0] = qint64{clase};
-  Campos f(linea, a_.EsEspanol());
+  Campos f(linea, a_.EsEspanol(), t_);
   leerCampos(f, clase, r_, p);
   if (!f.error().isEmpty()) return fallo(Fallo::Formato, f.error());
   return p;

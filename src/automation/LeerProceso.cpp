@@ -1,5 +1,6 @@
 // Reader of files: a process, with or without a timetable of its own, and a timetable.
 #include "automation/Gramatica.h"
+#include "automation/TextosAutomation.h"
 #include "core/ajustes/Ficheros.h"
 #include "core/textos/Textos.h"
 
@@ -17,8 +18,8 @@ std::vector<QStringView> lineasDe(const QString& texto) {
   return {lineas.begin(), lineas.end()};
 }
 
-std::unexpected<Error> falloEnLinea(size_t indice, const QString& texto) {
-  return fallo(Fallo::Formato, QStringLiteral("Línea %1: %2.").arg(indice + 1).arg(texto));
+std::unexpected<Error> falloEnLinea(size_t indice, const QString& texto, const Textos& textos) {
+  return fallo(Fallo::Formato, textos(kTxEnLinea, {indice + 1, texto}));
 }
 
 // "##:##:##;*,*,*,*,*,*,*;@"
@@ -82,8 +83,7 @@ class LectorFichero {
 
   Resultado<FicheroProceso> acabar() {
     if (zona_ == Zona::EnBatch && !f_.pasos.empty())
-      return fallo(Fallo::Formato,
-                   QStringLiteral("Falta la línea \"@FINAL BATCH\" al final del proceso."));
+      return fallo(Fallo::Formato, lenguaje_.textos()(kTxFaltaFinal, {kFinalBatch}));
     return std::move(f_);
   }
 
@@ -94,9 +94,8 @@ class LectorFichero {
     else if (!inicio && zona_ == Zona::EnBatch)
       zona_ = Zona::Acabado;
     else
-      return fallo(
-          Fallo::Formato,
-          QStringLiteral("\"%1\" está fuera de su sitio").arg(inicio ? kInicioBatch : kFinalBatch));
+      return fallo(Fallo::Formato,
+                   lenguaje_.textos()(kTxFueraDeSitio, {inicio ? kInicioBatch : kFinalBatch}));
     return {};
   }
 
@@ -107,9 +106,7 @@ class LectorFichero {
   }
 
   Resultado<> sinPaso() {
-    if (zona_ == Zona::EnBatch)
-      return fallo(Fallo::Formato,
-                   QStringLiteral("no empieza por ninguna de las letras T, S, C, P, E ni N"));
+    if (zona_ == Zona::EnBatch) return fallo(Fallo::Formato, lenguaje_.textos()(kTxSinLetra));
     if (zona_ == Zona::EnLlano) zona_ = Zona::Acabado;
     return {};
   }
@@ -122,14 +119,15 @@ class LectorFichero {
 
 }  // namespace
 
-Lenguaje::Lenguaje(const motor::RegistroTareas& registro, const Ajustes& ajustes)
-    : r_(registro), a_(ajustes) {}
+Lenguaje::Lenguaje(const motor::RegistroTareas& registro, const Ajustes& ajustes,
+                   const Textos& textos)
+    : r_(registro), a_(ajustes), t_(textos) {}
 
 Resultado<FicheroProceso> Lenguaje::leer(const QString& texto) const {
   LectorFichero lector(*this, a_.EsEspanol());
   const auto lineas = lineasDe(texto);
   for (size_t i = 0; i < lineas.size(); ++i)
-    if (auto r = lector.linea(lineas[i]); !r) return falloEnLinea(i, r.error().texto);
+    if (auto r = lector.linea(lineas[i]); !r) return falloEnLinea(i, r.error().texto, t_);
   return lector.acabar();
 }
 
@@ -157,20 +155,17 @@ Resultado<std::vector<LineaActivacion>> Lenguaje::leerCro(const QString& texto,
       enBloque = true;
     } else if (!l.isEmpty()) {
       auto entrada = leerActivacion(l);
-      if (!entrada)
-        return falloEnLinea(i,
-                            QStringLiteral("no es una hora, siete días y el nombre de un proceso"));
+      if (!entrada) return falloEnLinea(i, t_(kTxNoEsActivacion), t_);
       entradas.push_back(std::move(*entrada));
     }
   }
   return entradas;
 }
 
-Resultado<QString> leerTexto(const QString& ruta) {
+Resultado<QString> Lenguaje::leerTexto(const QString& ruta) const {
   auto bytes = ficheros::leerBytes(ruta, kTamanoMaximo);
   if (!bytes) return std::unexpected(bytes.error());
-  if (bytes->contains('\0'))
-    return fallo(Fallo::Formato, QStringLiteral("El fichero %1 no es un texto.").arg(ruta));
+  if (bytes->contains('\0')) return fallo(Fallo::Formato, t_(kTxNoEsTexto, {ruta}));
   return ficheros::descodificar(*bytes);
 }
 

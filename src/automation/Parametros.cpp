@@ -85,15 +85,12 @@ QString guardarRespuestas(const std::vector<Respuesta>& respuestas) {
   return QString::fromUtf8(QJsonDocument(a).toJson(QJsonDocument::Compact));
 }
 
-Resultado<std::vector<Respuesta>> recordarRespuestas(const QString& texto) {
+std::optional<std::vector<Respuesta>> recordarRespuestas(const QString& texto) {
   std::vector<Respuesta> respuestas;
   const auto a = QJsonDocument::fromJson(texto.toUtf8()).array();
   for (const QJsonValue v : a) {
     auto r = deJson(v.toObject());
-    if (!r)
-      return fallo(
-          Fallo::Formato,
-          QStringLiteral("Los parámetros guardados de la ejecución interrumpida no se entienden."));
+    if (!r) return std::nullopt;
     respuestas.push_back(std::move(*r));
   }
   return respuestas;

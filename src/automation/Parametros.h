@@ -28,6 +28,7 @@ std::optional<Parametro> parametroDe(const PasoProceso& paso);
 void rellenar(std::vector<PasoProceso>& pasos, const Respuesta& respuesta);
 
 QString guardarRespuestas(const std::vector<Respuesta>& respuestas);
-Resultado<std::vector<Respuesta>> recordarRespuestas(const QString& texto);
+// Nothing when the text was not written by guardarRespuestas.
+std::optional<std::vector<Respuesta>> recordarRespuestas(const QString& texto);
 
 }  // namespace tarvo::automation

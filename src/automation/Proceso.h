@@ -76,7 +76,7 @@ QString palabraClase(int clase);
 
 class Lenguaje {
  public:
-  Lenguaje(const motor::RegistroTareas& registro, const Ajustes& ajustes);
+  Lenguaje(const motor::RegistroTareas& registro, const Ajustes& ajustes, const Textos& textos);
   // A blank line gives a blank step; a line of no class gives nothing; a line that can't be read is
   // an error.
   Resultado<std::optional<PasoProceso>> LeerPaso(QStringView linea) const;
@@ -91,14 +91,15 @@ class Lenguaje {
   // A .CRO file: its entries; a block of steps is passed over. The first bad line is an error that
   // names it. With `proceso` the text is a process file: nothing counts behind its block.
   Resultado<std::vector<LineaActivacion>> leerCro(const QString& texto, bool proceso = false) const;
+  // Reads a text file of the domain: Windows-1252, or UTF-8 with its mark. Above 4 MiB, or with a
+  // NUL in it, it is no text.
+  Resultado<QString> leerTexto(const QString& ruta) const;
+  const Textos& textos() const { return t_; }
 
  private:
   const motor::RegistroTareas& r_;
   const Ajustes& a_;
+  const Textos& t_;
 };
-
-// Reads a text file of the domain: Windows-1252, or UTF-8 with its mark. Above 4 MiB, or with a NUL
-// in it, it is no text.
-Resultado<QString> leerTexto(const QString& ruta);
 
 }  // namespace tarvo::automation

@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include "automation/TextosAutomation.h"
 #include "core/ajustes/Ficheros.h"
 
 namespace tarvo::automation {
@@ -39,10 +40,7 @@ bool Traza::escribir(const QStringList& lineas, const std::function<void(const Q
     texto += campo_ + l + u"\r\n"_s;
   }
   if (anadir(ruta_, ficheros::codificar1252(texto))) return true;
-  if (!std::exchange(avisado_, true) && salida)
-    salida(QStringLiteral(
-               "No se puede escribir la traza en %1: compruebe la carpeta y el espacio libre.")
-               .arg(ruta_));
+  if (!std::exchange(avisado_, true) && salida) salida(textos_(kTxTrazaSinEscribir, {ruta_}));
   return false;
 }
 

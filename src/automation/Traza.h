@@ -6,11 +6,13 @@
 #include <functional>
 
 #include "core/ajustes/Ajustes.h"
+#include "core/textos/Textos.h"
 
 namespace tarvo::automation {
 
 class Traza {
  public:
+  explicit Traza(const Textos& textos) : textos_(textos) {}
   // Direct run: HomeDir/NOMBRE.TZA. Delayed one: `traza` with the extension .TZC, the name of the
   // process in front of each line, in a field of 8.
   void empezar(const Ajustes& ajustes, const QString& traza, const QString& nombre);
@@ -20,6 +22,7 @@ class Traza {
   const QString& ruta() const { return ruta_; }
 
  private:
+  const Textos& textos_;
   QString ruta_, campo_;
   bool avisado_ = false;
 };

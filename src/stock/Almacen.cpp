@@ -24,8 +24,8 @@ dao::Valor valorDe(std::optional<Fecha> f) {
 
 }  // namespace
 
-Almacen::Almacen(dao::Database& db, Reloj& reloj, Almacenes::Fila fila)
-    : db_(&db), reloj_(&reloj), fila_(std::move(fila)) {}
+Almacen::Almacen(dao::Database& db, Reloj& reloj, const Textos& textos, Almacenes::Fila fila)
+    : db_(&db), reloj_(&reloj), textos_(&textos), fila_(std::move(fila)) {}
 
 int Almacen::Codigo() const {
   return fila_.CODALM;
@@ -41,7 +41,7 @@ std::optional<Fecha> Almacen::FechaRegulacion() const {
 }
 
 Resultado<bool> Almacen::ponerCodigo(int c) {
-  const auto otro = Almacenes(*db_, *reloj_).almacen(c);
+  const auto otro = Almacenes(*db_, *reloj_, *textos_).almacen(c);
   if (!otro) return std::unexpected(otro.error());
   if (*otro) {
     fila_ = (*otro)->fila_;
@@ -55,7 +55,7 @@ Resultado<bool> Almacen::ponerCodigo(int c) {
 }
 
 Resultado<bool> Almacen::ponerNombre(const QString& nombre) {
-  const auto dueno = Almacenes(*db_, *reloj_).CodigoAlmacen(nombre);
+  const auto dueno = Almacenes(*db_, *reloj_, *textos_).CodigoAlmacen(nombre);
   if (!dueno) return std::unexpected(dueno.error());
   if (*dueno && **dueno != fila_.CODALM) return false;
   const auto n = db_->ejecutar(u"update ALMACEN set NOMALM=? where CODALM=?", nombre, fila_.CODALM);

@@ -2,12 +2,11 @@
 
 #include "stock/Listas.h"
 #include "stock/Movimientos.h"
+#include "stock/TextosStock.h"
 
 namespace tarvo::stock {
 
 namespace {
-
-const QString kUnico = QStringLiteral("Almacén único");
 
 std::optional<Fecha> fechaDe(const dao::Recordset& r, int columna) {
   return r.nulo(columna) ? std::nullopt : std::optional(r.fecha(columna));
@@ -19,12 +18,13 @@ QString sinBlancos(QString nombre) {
 }
 
 // A name that was made for the case of a single warehouse is no longer true.
-Resultado<> renombrarUnico(dao::Database& db, const std::vector<Almacenes::Fila>& filas) {
+Resultado<> renombrarUnico(dao::Database& db, const std::vector<Almacenes::Fila>& filas,
+                           const Textos& textos) {
+  const QString unico = textos(kTxAlmacenUnico);
   for (const auto& f : filas)
-    if (f.NOMALM == kUnico)
+    if (f.NOMALM == unico)
       TARVO_INTENTAR(db.ejecutar(u"update ALMACEN set NOMALM=? where CODALM=?",
-                                 QStringLiteral("Almacén %1").arg(f.CODALM, 4, 10, QChar(u'0')),
-                                 f.CODALM));
+                                 textos(kTxAlmacenNumero, {Ceros(f.CODALM, 4)}), f.CODALM));
   return {};
 }
 
@@ -46,7 +46,8 @@ Resultado<std::vector<GrupoSuelto>> gruposSinAlmacen(dao::Database& db) {
 
 }  // namespace
 
-Almacenes::Almacenes(dao::Database& db, Reloj& reloj) : db_(db), reloj_(reloj) {}
+Almacenes::Almacenes(dao::Database& db, Reloj& reloj, const Textos& textos)
+    : db_(db), reloj_(reloj), textos_(textos) {}
 
 Resultado<> Almacenes::asegurar() {
   auto t = dao::Transaccion::empezar(db_);
@@ -54,17 +55,18 @@ Resultado<> Almacenes::asegurar() {
   const auto filas = Lista();
   if (!filas) return std::unexpected(filas.error());
   if (filas->empty()) {
-    TARVO_INTENTAR(db_.ejecutar(u"insert into ALMACEN (CODALM, NOMALM) values (1, ?)", kUnico));
+    TARVO_INTENTAR(db_.ejecutar(u"insert into ALMACEN (CODALM, NOMALM) values (1, ?)",
+                                textos_(kTxAlmacenUnico)));
     TARVO_INTENTAR(db_.ejecutar(u"update GRUPOS set Almacen=1"));
     return t->confirmar();
   }
-  if (filas->size() > 1) TARVO_INTENTAR(renombrarUnico(db_, *filas));
+  if (filas->size() > 1) TARVO_INTENTAR(renombrarUnico(db_, *filas, textos_));
   const auto sueltos = gruposSinAlmacen(db_);
   if (!sueltos) return std::unexpected(sueltos.error());
   for (const GrupoSuelto& g : *sueltos) {
     const auto codigo = Siguiente();
     if (!codigo) return std::unexpected(codigo.error());
-    const auto nuevo = Nuevo(*codigo, QStringLiteral("Almacén de %1").arg(g.nombre));
+    const auto nuevo = Nuevo(*codigo, textos_(kTxAlmacenDeGrupo, {g.nombre}));
     if (!nuevo) return std::unexpected(nuevo.error());
     if (*nuevo)
       TARVO_INTENTAR(
@@ -89,7 +91,7 @@ Resultado<std::optional<Almacen>> Almacenes::almacen(int codigo) {
   auto filas = Lista();
   if (!filas) return std::unexpected(filas.error());
   for (Fila& f : *filas)
-    if (f.CODALM == codigo) return Almacen(db_, reloj_, std::move(f));
+    if (f.CODALM == codigo) return Almacen(db_, reloj_, textos_, std::move(f));
   return std::nullopt;
 }
 
@@ -109,7 +111,7 @@ Resultado<std::optional<Almacen>> Almacenes::Nuevo(int codigo, const QString& no
   TARVO_INTENTAR(
       db_.ejecutar(u"insert into ALMACEN (CODALM, NOMALM) values (?, ?)", codigo, nombre));
   TARVO_INTENTAR(t->confirmar());
-  return Almacen(db_, reloj_, Fila{codigo, nombre, {}, {}});
+  return Almacen(db_, reloj_, textos_, Fila{codigo, nombre, {}, {}});
 }
 
 Resultado<bool> Almacenes::Eliminar(int codigo) {

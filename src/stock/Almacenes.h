@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/dao/Database.h"
+#include "core/textos/Textos.h"
 #include "core/tiempo/Reloj.h"
 
 namespace tarvo::stock {
@@ -36,7 +37,7 @@ class ItmAlm {
 
 class Almacenes {
  public:
-  Almacenes(dao::Database& db, Reloj& reloj);
+  Almacenes(dao::Database& db, Reloj& reloj, const Textos& textos);
 
   // First use: ensures that every group has a warehouse.
   Resultado<> asegurar();
@@ -73,11 +74,12 @@ class Almacenes {
   friend class Almacen;
   dao::Database& db_;
   Reloj& reloj_;
+  const Textos& textos_;
 };
 
 class Almacen {
  public:
-  Almacen(dao::Database& db, Reloj& reloj, Almacenes::Fila fila);
+  Almacen(dao::Database& db, Reloj& reloj, const Textos& textos, Almacenes::Fila fila);
   int Codigo() const;
   QString Nombre() const;
   std::optional<Fecha> FechaInicio() const, FechaRegulacion() const;
@@ -94,6 +96,7 @@ class Almacen {
  private:
   dao::Database* db_;
   Reloj* reloj_;
+  const Textos* textos_;
   Almacenes::Fila fila_;
 };
 

@@ -6,6 +6,7 @@
 
 #include "totals/Memoria.h"
 #include "totals/SesionInterior.h"
+#include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
 
@@ -148,19 +149,15 @@ Resultado<> dejarFuera(Database& db, const Ajustes& ajustes, int grupo) {
 
 // What is said and done of the machines that have forgotten.
 Resultado<> darPorOlvidadas(Database& db, const Ajustes& ajustes, int grupo,
-                            const std::set<int>& addrs, std::vector<Aviso>& avisos) {
+                            const std::set<int>& addrs, const Textos& textos,
+                            std::vector<Aviso>& avisos) {
   for (const int addr : addrs) {
     bool anunciado = false;
     const auto cuando = momentoDelCero(db, grupo, addr, anunciado);
     if (!cuando) return std::unexpected(cuando.error());
     TARVO_INTENTAR(olvidar(db, grupo, addr));
     TARVO_INTENTAR(fecharCero(db, ajustes, grupo, *cuando));
-    avisos.push_back({grupo,
-                      u"Grupo %1: sus contadores bajaron desde la última lectura "_s
-                      u"memorizada; se da por puesto a "_s
-                      u"cero el %2"_s.arg(grupo)
-                          .arg(cuando->general()),
-                      !anunciado});
+    avisos.push_back({grupo, textos(kTxDadoPorCero, {grupo, cuando->general()}), !anunciado});
   }
   return {};
 }
@@ -170,7 +167,8 @@ Resultado<> darPorOlvidadas(Database& db, const Ajustes& ajustes, int grupo,
 // A reading that went wrong may be lower than it should be. So a kind that went down counts only
 // when another kind of the same session has the same amount, or when no other was ever memorised;
 // without any two that agree nobody can tell.
-Resultado<> resolverBases(Database& db, const Ajustes& ajustes, std::vector<Aviso>& avisos) {
+Resultado<> resolverBases(Database& db, const Ajustes& ajustes, const Textos& textos,
+                          std::vector<Aviso>& avisos) {
   const auto lista = releidas(db, ajustes);
   if (!lista) return std::unexpected(lista.error());
   std::map<int, std::map<int, std::set<int>>> bajadas;  // group, kind, addresses
@@ -197,15 +195,11 @@ Resultado<> resolverBases(Database& db, const Ajustes& ajustes, std::vector<Avis
     }
     if (!algunAcuerdo) {
       TARVO_INTENTAR(dejarFuera(db, ajustes, grupo));
-      avisos.push_back(
-          {grupo,
-           u"Grupo %1: sus totales no cuadran entre sí y algunos bajaron; no se memorizan. Vuelva a "_s
-           u"recogerlos"_s.arg(grupo),
-           true});
+      avisos.push_back({grupo, textos(kTxBajaronSinCuadrar, {grupo}), true});
       ceros.insert(grupo);
     }
     if (!algunAcuerdo || addrs.empty()) continue;
-    TARVO_INTENTAR(darPorOlvidadas(db, ajustes, grupo, addrs, avisos));
+    TARVO_INTENTAR(darPorOlvidadas(db, ajustes, grupo, addrs, textos, avisos));
     ceros.insert(grupo);
   }
   // An unconfirmed zeroing of a machine that still holds what was memorised did not happen.

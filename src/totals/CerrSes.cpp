@@ -5,6 +5,7 @@
 
 #include "totals/Cuadre.h"
 #include "totals/TablasLibros.h"
+#include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
 
@@ -73,27 +74,19 @@ Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const Cl
   return r;
 }
 
-void avisarDeBases(const std::vector<Recibido>& recibidos, std::vector<Aviso>& avisos) {
+void avisarDeBases(const std::vector<Recibido>& recibidos, const Textos& textos,
+                   std::vector<Aviso>& avisos) {
   int ultimo = -1;
   for (const Recibido& r : recibidos) {
     if (r.desde > r.hasta)
-      avisos.push_back(
-          {r.CODGPO,
-           QStringLiteral(
-               "Grupo %1: el intervalo de %2 termina antes de empezar (%3 --- %4); revise el reloj")
-               .arg(r.CODGPO)
-               .arg(NombreTabla(r.clase), r.desde.general(), r.hasta.general()),
-           true});
+      avisos.push_back({r.CODGPO,
+                        textos(kTxIntervaloInvertido, {r.CODGPO, NombreTabla(r.clase),
+                                                       r.desde.general(), r.hasta.general()}),
+                        true});
     if (!r.conBase || r.CODGPO == ultimo) continue;
     ultimo = r.CODGPO;
     avisos.push_back(
-        {r.CODGPO,
-         QStringLiteral(
-             "Grupo %1: no consta su puesta a cero desde el %2; sus contadores contienen ventas ya "
-             "memorizadas y sólo se incorpora la diferencia")
-             .arg(r.CODGPO)
-             .arg(r.desde.general()),
-         true});
+        {r.CODGPO, textos(kTxSinConstanciaDeCero, {r.CODGPO, r.desde.general()}), true});
   }
 }
 
@@ -118,7 +111,7 @@ Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
   elegido_ = -1;
   auto tr = dao::Transaccion::empezar(s_.base());
   if (!tr) return std::unexpected(tr.error());
-  TARVO_INTENTAR(resolverBases(s_.base(), s_.ajustes(), avisos));
+  TARVO_INTENTAR(resolverBases(s_.base(), s_.ajustes(), s_.textos(), avisos));
   const Calendario calendario(s_.ajustes());
   for (const ClaseTotal& c : enVigor(s_.ajustes())) {
     TARVO_INTENTAR(s_.base().ejecutar(
@@ -154,7 +147,7 @@ Resultado<std::vector<qint64>> CerrSes::memorizar(std::vector<Aviso>& avisos) {
   std::vector<qint64> links;
   TARVO_INTENTAR(AnalizarScratch(avisos));
   if (recibidos_.empty()) return links;
-  avisarDeBases(recibidos_, avisos);
+  avisarDeBases(recibidos_, s_.textos(), avisos);
   Memoria memoria(s_.base(), s_.ajustes(), p_, s_.ejecucion());
   std::map<Periodo, std::vector<Recibido>> destinos;
   for (const Recibido& r : recibidos_)
@@ -174,7 +167,7 @@ Resultado<std::vector<qint64>> CerrSes::memorizar(std::vector<Aviso>& avisos) {
     TARVO_INTENTAR(s_.base().ejecutar(
         u"UPDATE Lecturas SET ESTADO=0 WHERE GRUPO=? AND ESTADO IN (1, 3) AND EJECUCION<?"_s, g,
         s_.ejecucion()));
-    TARVO_INTENTAR(anotarCuadre(s_.base(), s_.ajustes(), g, avisos));
+    TARVO_INTENTAR(anotarCuadre(s_.base(), s_.ajustes(), s_.textos(), g, avisos));
     TARVO_INTENTAR(anotarDudosas(s_.base(), recibidos_, g));
   }
   return links;

@@ -2,29 +2,13 @@
 
 #include "totals/Calendario.h"
 #include "totals/Dinero.h"
+#include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString nombreDe(int numero) {
-  switch (numero) {
-    case kPLUs:
-      return u"artículos"_s;
-    case kOperadores:
-      return u"operadores"_s;
-    case kDepartamentos:
-      return u"departamentos"_s;
-    case kHorario:
-      return u"horas"_s;
-    case kOperHora:
-      return u"operadores y horas"_s;
-    default:
-      return u"Gran Total"_s;
-  }
-}
 
 // Number of rows and amount of a kind within a period and group.
 Resultado<std::pair<qint64, qint64>> sumaDe(dao::Database& db, int numero, qint64 link, int grupo) {
@@ -49,7 +33,7 @@ Resultado<bool> comparable(dao::Database& db, int numero, qint64 link, int grupo
 }
 
 // The periods that were added into this one, by number.
-Resultado<QString> sumandos(dao::Database& db, qint64 link) {
+Resultado<QString> sumandos(dao::Database& db, const Textos& textos, qint64 link) {
   auto rs = db.consultar(
       u"SELECT s.LINK FROM COLUMNA s, COLUMNA d WHERE d.LINK=? AND s.FECHA1>=d.FECHA1 AND s.FECHAF<=d.FECHAF AND "_s
       u"((d.TIPO=2 AND s.ACUM2<>0) OR (d.TIPO=3 AND s.ACUM3<>0) OR (d.TIPO=4 AND s.ACUM4<>0)) ORDER BY s.LINK"_s,
@@ -60,45 +44,44 @@ Resultado<QString> sumandos(dao::Database& db, qint64 link) {
     numeros << QString::number((*rs)->entero(0));
     TARVO_INTENTAR((*rs)->MoveNext());
   }
-  return numeros.isEmpty() ? u"sin lectura anotada (importado, sumado o a mano)"_s
-                           : u"suma de los periodos "_s + numeros.join(u", "_s);
+  return numeros.isEmpty() ? textos(kTxSinLectura)
+                           : textos(kTxSumaDePeriodos, {numeros.join(u", "_s)});
 }
 
-Resultado<QString> origenDe(dao::Database& db, qint64 link, int grupo, int numero) {
+Resultado<QString> origenDe(dao::Database& db, const Textos& textos, qint64 link, int grupo,
+                            int numero) {
   auto rs = db.consultar(
       u"SELECT LEIDO, DESDE, HASTA, MODO FROM Origenes WHERE LINK=? AND GRUPO=? AND CLASE=? ORDER BY LEIDO"_s,
       link, grupo, numero);
   if (!rs) return std::unexpected(rs.error());
   QStringList partes;
   for (; !(*rs)->Eof();) {
-    partes << u"leído el %1, ventas del %2 al %3%4"_s.arg(
-        (*rs)->nulo(0) ? u"?"_s : (*rs)->fecha(0).general(), (*rs)->fecha(1).general(),
-        (*rs)->fecha(2).general(),
-        (*rs)->texto(3) == u"diferencia"_s ? u" (diferencia)"_s : QString());
+    partes << textos((*rs)->texto(3) == u"diferencia"_s ? kTxLeidoDiferencia : kTxLeido,
+                     {(*rs)->nulo(0) ? u"?"_s : (*rs)->fecha(0).general(),
+                      (*rs)->fecha(1).general(), (*rs)->fecha(2).general()});
     TARVO_INTENTAR((*rs)->MoveNext());
   }
-  if (partes.isEmpty()) return sumandos(db, link);
+  if (partes.isEmpty()) return sumandos(db, textos, link);
   return partes.join(u"; "_s);
 }
 
-Resultado<QString> informeGrupo(dao::Database& db, const Ajustes& a, qint64 link, int grupo,
-                                const QString& nombre) {
-  QString texto = u"Grupo %1 %2\n"_s.arg(grupo, 4, 10, QChar(u'0')).arg(nombre);
+Resultado<QString> informeGrupo(dao::Database& db, const Ajustes& a, const Textos& textos,
+                                qint64 link, int grupo, const QString& nombre) {
+  QString texto = textos(kTxCuadreGrupo, {Ceros(grupo, 4), nombre}) + u'\n';
   const auto gran = sumaDe(db, kGranTotal, link, grupo);
   if (!gran) return std::unexpected(gran.error());
   for (const ClaseTotal& c : enVigor(a)) {
     const auto suma = sumaDe(db, c.numero, link, grupo);
     if (!suma) return std::unexpected(suma.error());
     if (suma->first == 0) continue;
-    const auto origen = origenDe(db, link, grupo, c.numero);
+    const auto origen = origenDe(db, textos, link, grupo, c.numero);
     if (!origen) return std::unexpected(origen.error());
     const bool contra = gran->first > 0 && c.numero != kGranTotal;
-    texto += u"  %1 %2 %3  %4\n"_s.arg(nombreDe(c.numero), -22)
+    const QString veredicto =
+        !contra ? QString() : textos(suma->second == gran->second ? kTxCuadra : kTxNoCuadra);
+    texto += u"  %1 %2 %3  %4\n"_s.arg(textos(kTxNombreTotal + c.numero), -22)
                  .arg(VerImporte(a, suma->second, a.MonedaNativa ? 1 : 0), 14)
-                 .arg(!contra                        ? u"         "_s
-                      : suma->second == gran->second ? u"cuadra   "_s
-                                                     : u"NO CUADRA"_s,
-                      *origen);
+                 .arg(veredicto.leftJustified(9), *origen);
   }
   return texto;
 }
@@ -126,7 +109,7 @@ Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajust
   return lista;
 }
 
-Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, int grupo,
+Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, const Textos& textos, int grupo,
                          std::vector<Aviso>& avisos) {
   const auto lista = compararTotales(db, ajustes, 0, grupo);
   if (!lista) return std::unexpected(lista.error());
@@ -135,12 +118,11 @@ Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, int grupo,
   for (const Comparado& c : *lista) {
     if (c.cuadra()) continue;
     bien = false;
-    avisos.push_back(
-        {grupo,
-         u"Grupo %1: el Gran Total (%2) no cuadra con la suma por %3 (%4)"_s.arg(grupo).arg(
-             VerImporte(ajustes, c.granTotal, moneda), nombreDe(c.clase),
-             VerImporte(ajustes, c.suma, moneda)),
-         true});
+    avisos.push_back({grupo,
+                      textos(kTxGranTotalNoCuadra, {grupo, VerImporte(ajustes, c.granTotal, moneda),
+                                                    textos(kTxNombreTotal + c.clase),
+                                                    VerImporte(ajustes, c.suma, moneda)}),
+                      true});
   }
   if (!bien)
     TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET ESTADO=4 WHERE GRUPO=? AND CLASE=?"_s, grupo,
@@ -148,7 +130,7 @@ Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, int grupo,
   return {};
 }
 
-Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes,
+Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
                                  std::optional<qint64> link) {
   auto rs =
       link
@@ -159,12 +141,15 @@ Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes,
                 u"LINK DESC"_s);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof())
-    return fallo(Fallo::NoExiste, link ? u"No hay ningún periodo con el número %1."_s.arg(*link)
-                                       : u"Todavía no hay ningún periodo memorizado."_s);
+    return fallo(Fallo::NoExiste,
+                 link ? textos(kTxPeriodoNoHay, {*link}) : textos(kTxNadaMemorizado));
   const qint64 numero = (*rs)->entero(0);
-  QString texto = u"Periodo %1: %2 %3\n"_s.arg(numero).arg(
-      TextoPeriodo({static_cast<int>((*rs)->entero(1)), (*rs)->fecha(2), (*rs)->fecha(3)}),
-      (*rs)->texto(4));
+  QString texto =
+      textos(kTxCuadrePeriodo,
+             {numero,
+              TextoPeriodo({static_cast<int>((*rs)->entero(1)), (*rs)->fecha(2), (*rs)->fecha(3)}),
+              (*rs)->texto(4)}) +
+      u'\n';
   QStringList uniones;
   for (const ClaseTotal& c : enVigor(ajustes))
     uniones << u"SELECT GRUPO FROM "_s + QString::fromUtf16(c.tabla) + u" WHERE LINK="_s +
@@ -173,8 +158,8 @@ Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes,
                                      u") AS g LEFT JOIN GRUPOS ON GRUPO=CODGPO ORDER BY GRUPO"_s));
   if (!grupos) return std::unexpected(grupos.error());
   for (; !(*grupos)->Eof();) {
-    const auto parte = informeGrupo(db, ajustes, numero, static_cast<int>((*grupos)->entero(0)),
-                                    (*grupos)->texto(1));
+    const auto parte = informeGrupo(db, ajustes, textos, numero,
+                                    static_cast<int>((*grupos)->entero(0)), (*grupos)->texto(1));
     if (!parte) return std::unexpected(parte.error());
     texto += *parte;
     TARVO_INTENTAR((*grupos)->MoveNext());

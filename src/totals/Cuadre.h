@@ -22,12 +22,12 @@ Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajust
 
 // Compares what the open session received of a group. Each difference becomes an Aviso with both
 // numbers, and the group may not be zeroed until it is read again.
-Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, int grupo,
+Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, const Textos& textos, int grupo,
                          std::vector<Aviso>& avisos);
 
 // The comparison for a period (the last one that was memorised when none is named), group by group,
 // with where each number came from.
-Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes,
+Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
                                  std::optional<qint64> link);
 
 }  // namespace tarvo::totals

@@ -1,4 +1,5 @@
 #include "totals/FilasTotales.h"
+#include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
 
@@ -25,14 +26,14 @@ QString clavesDe(const ClaseTotal& c) {
 }
 
 Resultado<> sumarFilas(dao::Database& db, const ClaseTotal& c, qint64 destino,
-                       const QString& origen, qint64 cual, int signo) {
+                       const QString& origen, qint64 cual, int signo, const Textos& textos) {
   QStringList valores;
   for (const char16_t* campo : kContadores)
     valores << QStringLiteral("%1coalesce(%2, 0)").arg(signo < 0 ? u"-" : u"", campo);
   const QString filas = QStringLiteral("SELECT ?, %1, %2 FROM (%3) o WHERE 1=1")
                             .arg(clavesDe(c), valores.join(u", "), origen);
   TARVO_INTENTAR(db.ejecutar(sqlSuma(c, filas), destino, cual));
-  return comprobarRango(db, c, destino);
+  return comprobarRango(db, c, destino, textos);
 }
 
 Resultado<std::unique_ptr<dao::Sentencia>> prepararSuma(dao::Database& db, const ClaseTotal& c) {
@@ -40,7 +41,8 @@ Resultado<std::unique_ptr<dao::Sentencia>> prepararSuma(dao::Database& db, const
                                           : QStringLiteral("VALUES (?, ?, ?, ?, ?, ?, ?)")));
 }
 
-Resultado<> comprobarRango(dao::Database& db, const ClaseTotal& c, qint64 link) {
+Resultado<> comprobarRango(dao::Database& db, const ClaseTotal& c, qint64 link,
+                           const Textos& textos) {
   QStringList fuera;
   for (const char16_t* campo : kContadores)
     fuera << QStringLiteral("abs(1.0*%1)>9.2e18").arg(campo);
@@ -49,11 +51,7 @@ Resultado<> comprobarRango(dao::Database& db, const ClaseTotal& c, qint64 link) 
                             link);
   if (!malas) return std::unexpected(malas.error());
   if (malas->entero() == 0) return {};
-  return fallo(
-      Fallo::Restriccion,
-      QStringLiteral("Un total de la tabla %1 se sale de lo que cabe en un contador; no se "
-                     "ha cambiado nada")
-          .arg(c.tabla));
+  return fallo(Fallo::Restriccion, textos(kTxFueraDeRango, {QStringView(c.tabla)}));
 }
 
 }  // namespace tarvo::totals

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/dao/Database.h"
+#include "core/textos/Textos.h"
 #include "totals/Clases.h"
 
 namespace tarvo::totals {
@@ -12,10 +13,11 @@ QString clavesDe(const ClaseTotal& c);
 // Adds, or with signo -1 subtracts, rows to those of `destino`, key by key. `origen` is a query
 // that gives the key columns, CON, PES, IMP and SCO, each key once; its one parameter is `cual`.
 Resultado<> sumarFilas(dao::Database& db, const ClaseTotal& c, qint64 destino,
-                       const QString& origen, qint64 cual, int signo);
+                       const QString& origen, qint64 cual, int signo, const Textos& textos);
 // The same for one row: parameters destino, the key columns, CON, PES, IMP and SCO.
 Resultado<std::unique_ptr<dao::Sentencia>> prepararSuma(dao::Database& db, const ClaseTotal& c);
 // An Error when a counter of the period left the range of whole numbers.
-Resultado<> comprobarRango(dao::Database& db, const ClaseTotal& c, qint64 link);
+Resultado<> comprobarRango(dao::Database& db, const ClaseTotal& c, qint64 link,
+                           const Textos& textos);
 
 }  // namespace tarvo::totals

@@ -5,6 +5,7 @@
 #include "core/textos/Textos.h"
 #include "totals/Exportado.h"
 #include "totals/FilasTotales.h"
+#include "totals/TextosTotals.h"
 #include "totals/XporTot.h"
 
 namespace tarvo::totals {
@@ -68,12 +69,9 @@ std::optional<Cabecera> leerCabecera(Lector& l) {
   return c;
 }
 
-std::unexpected<Error> noReconocible(const Lector& l, const QString& nombre) {
-  const QString donde = l.fin() ? QStringLiteral("al final del fichero")
-                                : QStringLiteral("en la línea %1").arg(l.numero());
-  return fallo(Fallo::Formato,
-               QStringLiteral("ERROR: El fichero contiene líneas no reconocibles (%1, %2)")
-                   .arg(nombre, donde));
+std::unexpected<Error> noReconocible(const Lector& l, const QString& nombre, const Textos& textos) {
+  return fallo(Fallo::Formato, l.fin() ? textos(kTxFinNoReconocible, {nombre})
+                                       : textos(kTxLineaNoReconocible, {nombre, l.numero()}));
 }
 
 // Adds rows to one period, with a kept statement a kind.
@@ -95,10 +93,10 @@ class Sumador {
     TARVO_INTENTAR(s->ejecutar());
     return {};
   }
-  Resultado<> comprobar() {
+  Resultado<> comprobar(const Textos& textos) {
     for (size_t i = 0; i < sentencias_.size(); ++i)
       if (sentencias_[i])
-        TARVO_INTENTAR(comprobarRango(db_, *clase(kPLUs + static_cast<int>(i)), link_));
+        TARVO_INTENTAR(comprobarRango(db_, *clase(kPLUs + static_cast<int>(i)), link_, textos));
     return {};
   }
 
@@ -109,12 +107,13 @@ class Sumador {
 };
 
 // The detail lines up to the next header. How many they were.
-Resultado<int> leerDetalle(Lector& l, Sumador& sumador, const Ajustes& a, const QString& nombre) {
+Resultado<int> leerDetalle(Lector& l, Sumador& sumador, const Ajustes& a, const QString& nombre,
+                           const Textos& textos) {
   int lineas = 0;
   for (; !l.fin() && !l.esCabecera(); l.siguiente()) {
     if (l.enBlanco()) continue;
     const auto fila = l.demasiadoLarga() ? std::nullopt : leerLineaExport(l.linea(), a);
-    if (!fila) return noReconocible(l, nombre);
+    if (!fila) return noReconocible(l, nombre, textos);
     TARVO_INTENTAR(sumador.sumar(*fila));
     ++lineas;
   }
@@ -153,25 +152,23 @@ Resultado<> ImpTot::importarBytes(const QByteArray& bytes, const QString& nombre
                                   std::vector<Hecho>& hechos) {
   Lector l(bytes);
   while (!l.fin() && !l.esCabecera()) l.siguiente();
-  if (l.fin()) return noReconocible(l, nombre);
+  if (l.fin()) return noReconocible(l, nombre, p_.textos());
   while (!l.fin()) {
     const auto cabecera = leerCabecera(l);
-    if (!cabecera) return noReconocible(l, nombre);
+    if (!cabecera) return noReconocible(l, nombre, p_.textos());
     auto t = dao::Transaccion::empezar(db_);
     if (!t) return std::unexpected(t.error());
     const Periodo p = periodoDe(cabecera->desde, cabecera->hasta);
     const auto link = destino(p, cabecera->comentario, siExiste);
     if (!link)
-      return fallo(link.error().clase,
-                   QStringLiteral("ERROR: No se pudo borrar o crear un Periodo (%1)")
-                       .arg(link.error().texto),
+      return fallo(link.error().clase, p_.textos()(kTxPeriodoSinCrear, {link.error().texto}),
                    link.error().numero);
     const auto marcas = p_.DesacumularTodo(*link);
     if (!marcas) return std::unexpected(marcas.error());
     Sumador sumador(db_, *link);
-    const auto lineas = leerDetalle(l, sumador, a_, nombre);
+    const auto lineas = leerDetalle(l, sumador, a_, nombre, p_.textos());
     if (!lineas) return std::unexpected(lineas.error());
-    TARVO_INTENTAR(sumador.comprobar());
+    TARVO_INTENTAR(sumador.comprobar(p_.textos()));
     TARVO_INTENTAR(p_.ReacumularTodo(*link, *marcas));
     TARVO_INTENTAR(t->confirmar());
     hechos.push_back({*link, p, *lineas});

@@ -1,4 +1,5 @@
 #include "totals/Memoria.h"
+#include "totals/TextosTotals.h"
 
 #include <algorithm>
 #include <map>
@@ -69,12 +70,8 @@ Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool su
   if (nuevo->entero() >= (*viejo)->entero(1)) return Modo::Poner;
   // Counters only go down when a machine forgets: what is there and what comes are different sales.
   avisos.push_back({r.CODGPO,
-                    u"Grupo %1: la lectura de %2 tiene menos ventas (%3) que el "_s
-                    u"periodo que iba a sustituir (%4): "_s
-                    u"se suma a él, compruébelo"_s.arg(r.CODGPO)
-                        .arg(NombreTabla(r.clase))
-                        .arg(nuevo->entero())
-                        .arg((*viejo)->entero(1)),
+                    p_.textos()(kTxMenosVentas, {r.CODGPO, NombreTabla(r.clase), nuevo->entero(),
+                                                 (*viejo)->entero(1)}),
                     true});
   return Modo::Bajar;
 }

@@ -22,7 +22,8 @@ struct Recibido {
 // Settles what the readings of the open session show of zeroings that were never confirmed: a
 // machine whose counters went down has forgotten what was memorised of it. Writes PZERO, the DD_
 // columns and the memorised rows accordingly.
-Resultado<> resolverBases(dao::Database& db, const Ajustes& ajustes, std::vector<Aviso>& avisos);
+Resultado<> resolverBases(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
+                          std::vector<Aviso>& avisos);
 
 class Memoria {
  public:

@@ -44,8 +44,9 @@ Resultado<std::optional<Columna>> primera(dao::Database& db, const QString& cond
 
 }  // namespace
 
-Periodos::Periodos(dao::Database& db, const Ajustes& ajustes, stock::Almacenes& almacenes)
-    : db_(db), a_(ajustes), almacenes_(almacenes) {}
+Periodos::Periodos(dao::Database& db, const Ajustes& ajustes, stock::Almacenes& almacenes,
+                   const Textos& textos)
+    : db_(db), a_(ajustes), almacenes_(almacenes), textos_(textos) {}
 
 Resultado<std::vector<Columna>> Periodos::lista(int tipo) {
   return tipo == 0 ? columnas(db_, QStringLiteral("ORDER BY FECHA1, LINK"))

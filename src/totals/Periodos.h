@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/dao/Database.h"
+#include "core/textos/Textos.h"
 #include "stock/Almacenes.h"
 #include "totals/Calendario.h"
 #include "totals/Clases.h"
@@ -25,7 +26,8 @@ struct Columna {
 
 class Periodos {
  public:
-  Periodos(dao::Database& db, const Ajustes& ajustes, stock::Almacenes& almacenes);
+  Periodos(dao::Database& db, const Ajustes& ajustes, stock::Almacenes& almacenes,
+           const Textos& textos);
 
   Resultado<std::vector<Columna>> lista(int tipo = 0);  // 0 all kinds; by first date, then LINK
   Resultado<std::optional<Columna>> columna(qint64 link);
@@ -70,6 +72,8 @@ class Periodos {
   // version's first. False when it isn't stockable.
   Resultado<bool> DescontarPeriodo(const Columna& c, int veces);
 
+  const Textos& textos() const { return textos_; }
+
  private:
   struct Sustituido {
     qint64 ID = 0;
@@ -89,6 +93,7 @@ class Periodos {
   dao::Database& db_;
   const Ajustes& a_;
   stock::Almacenes& almacenes_;
+  const Textos& textos_;
 };
 
 }  // namespace tarvo::totals

@@ -1,6 +1,7 @@
 // Adding periods into one another.
 #include "totals/FilasTotales.h"
 #include "totals/Periodos.h"
+#include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
 
@@ -16,8 +17,8 @@ Resultado<> ponerMarca(dao::Database& db, qint64 link, int tipo, bool valor) {
   return {};
 }
 
-std::unexpected<Error> sinPeriodo(qint64 link) {
-  return fallo(Fallo::NoExiste, QStringLiteral("No existe el periodo %1").arg(link));
+std::unexpected<Error> sinPeriodo(qint64 link, const Textos& textos) {
+  return fallo(Fallo::NoExiste, textos(kTxSinPeriodo, {link}));
 }
 
 }  // namespace
@@ -27,7 +28,7 @@ Resultado<> Periodos::SumarPeriodo(qint64 destino, qint64 origen, int signo) {
   if (!t) return std::unexpected(t.error());
   for (const ClaseTotal& c : enVigor(a_)) {
     const QString filas = QStringLiteral("SELECT * FROM %1 WHERE LINK=?").arg(c.tabla);
-    TARVO_INTENTAR(sumarFilas(db_, c, destino, filas, origen, signo));
+    TARVO_INTENTAR(sumarFilas(db_, c, destino, filas, origen, signo, textos_));
   }
   return t->confirmar();
 }
@@ -70,7 +71,7 @@ Resultado<Periodos::Marcas> Periodos::DesacumularTodo(qint64 link) {
   if (!t) return std::unexpected(t.error());
   const auto c = columna(link);
   if (!c) return std::unexpected(c.error());
-  if (!*c) return sinPeriodo(link);
+  if (!*c) return sinPeriodo(link, textos_);
   Marcas m;
   for (const auto& [tipo, marca] :
        {std::pair{kSemanal, &m.a2}, {kMensual, &m.a3}, {kAnual, &m.a4}}) {
@@ -89,7 +90,7 @@ Resultado<> Periodos::ReacumularTodo(qint64 link, const Marcas& marcas) {
   if (!t) return std::unexpected(t.error());
   const auto c = columna(link);
   if (!c) return std::unexpected(c.error());
-  if (!*c) return sinPeriodo(link);
+  if (!*c) return sinPeriodo(link, textos_);
   for (const auto& [tipo, marca] :
        {std::pair{kSemanal, marcas.a2}, {kMensual, marcas.a3}, {kAnual, marcas.a4}})
     if (marca) TARVO_INTENTAR(AcumularPeriodo(tipo, **c));

@@ -3,6 +3,7 @@
 // when the new version is added there in turn.
 #include "totals/FilasTotales.h"
 #include "totals/Periodos.h"
+#include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
 
@@ -49,8 +50,7 @@ Resultado<qint64> Periodos::sustituir(const Columna& vieja, const QString& descr
   if (!t) return std::unexpected(t.error());
   const auto actual = columna(vieja.LINK);  // its marks as they are now
   if (!actual) return std::unexpected(actual.error());
-  if (!*actual)
-    return fallo(Fallo::NoExiste, QStringLiteral("No existe el periodo %1").arg(vieja.LINK));
+  if (!*actual) return fallo(Fallo::NoExiste, textos_(kTxSinPeriodo, {vieja.LINK}));
   const Columna& c = **actual;
   TARVO_INTENTAR(recordar(c));
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM COLUMNA WHERE LINK=?", c.LINK));
@@ -87,7 +87,7 @@ Resultado<> Periodos::sacarSustituido(const Sustituido& s, int tipo) {
   if (!destino) return std::unexpected(destino.error());
   if (!*destino) return {};
   for (const ClaseTotal& c : enVigor(a_))
-    TARVO_INTENTAR(sumarFilas(db_, c, **destino, filasGuardadas(c), s.ID, -1));
+    TARVO_INTENTAR(sumarFilas(db_, c, **destino, filasGuardadas(c), s.ID, -1, textos_));
   return {};
 }
 

@@ -14,8 +14,8 @@ const QString kClaveCero = u"SesionACero"_s;
 
 }  // namespace
 
-Sesion::Sesion(dao::Database& db, Ajustes& ajustes, Reloj& reloj)
-    : db_(db), ajustes_(ajustes), reloj_(reloj), d(std::make_unique<Estado>(db)) {}
+Sesion::Sesion(dao::Database& db, Ajustes& ajustes, Reloj& reloj, const Textos& textos)
+    : db_(db), ajustes_(ajustes), reloj_(reloj), textos_(textos), d(std::make_unique<Estado>(db)) {}
 
 Sesion::~Sesion() = default;
 

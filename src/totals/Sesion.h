@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "core/dao/Database.h"
+#include "core/textos/Textos.h"
 #include "core/tiempo/Reloj.h"
 #include "totals/Clases.h"
 
@@ -44,7 +45,7 @@ struct PermisoCero {
 
 class Sesion {
  public:
-  Sesion(dao::Database& db, Ajustes& ajustes, Reloj& reloj);
+  Sesion(dao::Database& db, Ajustes& ajustes, Reloj& reloj, const Textos& textos);
   ~Sesion();
 
   // 0 closed, 1 open and empty, 2 open with data.
@@ -97,12 +98,14 @@ class Sesion {
 
   dao::Database& base() { return db_; }
   const Ajustes& ajustes() const { return ajustes_; }
+  const Textos& textos() const { return textos_; }
 
  private:
   struct Estado;
   dao::Database& db_;
   Ajustes& ajustes_;
   Reloj& reloj_;
+  const Textos& textos_;
   std::unique_ptr<Estado> d;
 };
 

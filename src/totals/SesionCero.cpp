@@ -2,6 +2,7 @@
 // what is written when the machine has confirmed.
 #include "totals/Cuadre.h"
 #include "totals/SesionInterior.h"
+#include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
 
@@ -12,16 +13,14 @@ namespace {
 using dao::Database;
 
 // Why the readings of a group forbid its zeroing, empty when they don't.
-Resultado<QString> motivoDeLecturas(Database& db, int grupo) {
+Resultado<QString> motivoDeLecturas(Database& db, const Textos& textos, int grupo) {
   auto rs = db.consultar(
       u"SELECT CLASE, ESTADO FROM Lecturas WHERE GRUPO=? AND ESTADO IN (1, 3, 4) ORDER BY CLASE"_s,
       grupo);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof()) return QString();
-  if ((*rs)->entero(1) == 4)
-    return u"Grupo %1: los totales no cuadran, no se pone a cero"_s.arg(grupo);
-  return u"Grupo %1: falta una lectura completa de %2, no se pone a cero"_s.arg(grupo).arg(
-      NombreTabla(static_cast<int>((*rs)->entero(0))));
+  if ((*rs)->entero(1) == 4) return textos(kTxNoCuadraSinCero, {grupo});
+  return textos(kTxFaltaLectura, {grupo, NombreTabla(static_cast<int>((*rs)->entero(0)))});
 }
 
 // The kinds of which the open session holds a reading that contains memorised sales. They are taken
@@ -84,8 +83,8 @@ Resultado<> marcarPuestaACero(Database& db, int grupo, Fecha cuando) {
 Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
   // A zeroing that comes before the memorisation: sales made while the group was read show here.
   std::vector<Aviso> diferencias;
-  if (d->abierta == 2) TARVO_INTENTAR(anotarCuadre(db_, ajustes_, grupo, diferencias));
-  const auto motivo = motivoDeLecturas(db_, grupo);
+  if (d->abierta == 2) TARVO_INTENTAR(anotarCuadre(db_, ajustes_, textos_, grupo, diferencias));
+  const auto motivo = motivoDeLecturas(db_, textos_, grupo);
   if (!motivo) return std::unexpected(motivo.error());
   if (!motivo->isEmpty()) return PermisoCero{false, false, *motivo};
   const auto cierre = d->valores.leer(u"CierreFallido"_s);
@@ -98,8 +97,7 @@ Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
         db_.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2"_s, grupo);
     if (!espera || !dentro) return std::unexpected(espera ? dentro.error() : espera.error());
     if (dentro->entero() > 0 && espera->entero() == 0)
-      return PermisoCero{
-          false, false, u"Grupo %1: sus totales no se memorizaron, no se pone a cero"_s.arg(grupo)};
+      return PermisoCero{false, false, textos_(kTxSinMemorizar, {grupo})};
   }
   return PermisoCero{true, d->reanuda && !d->leidosAhora.contains(grupo), {}};
 }

@@ -1,5 +1,6 @@
 // Storing what a task read: one transaction for the rows, the marks and the record of the reading.
 #include "totals/SesionInterior.h"
+#include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
 
@@ -129,7 +130,7 @@ Resultado<> Sesion::Estado::anotarLectura(int grupo, int numero, Lectura estado,
 Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura,
                                    std::vector<Aviso>& avisos) {
   const ClaseTotal* c = clase(numero);
-  if (!c) return fallo(Fallo::Interno, u"La tarea %1 no es de totales."_s.arg(numero));
+  if (!c) return fallo(Fallo::Interno, textos_(kTxNoEsDeTotales, {numero}));
   const Lectura::Filas suma = sumaDeMaquinas(lectura);
   const Estado::Foto antes = d->foto();
   auto tr = dao::Transaccion::empezar(db_);
@@ -139,13 +140,7 @@ Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura
     if (d->abierta > 0) {
       const auto pisa = pisariaVentas(db_, *c, grupo, suma, lectura.entera);
       if (!pisa) return std::unexpected(pisa.error());
-      if (*pisa)
-        return fallo(
-            Fallo::Restriccion,
-            QStringLiteral(
-                "El grupo %1 se puso a cero después de la lectura que espera en la bandeja: "
-                "memorice antes la sesión")
-                .arg(grupo));
+      if (*pisa) return fallo(Fallo::Restriccion, textos_(kTxMemoriceAntes, {grupo}));
     }
     TARVO_INTENTAR(AbrirSesion());
     TARVO_INTENTAR(apartarBase(db_, grupo, numero));
@@ -180,10 +175,7 @@ Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura
                                      texto16(c->desde) + u">"_s + texto16(c->hasta)),
                              grupo);
   if (tarde && tarde->entero() > 0)
-    avisos.push_back(
-        {grupo,
-         u"Grupo %1: La puesta a cero es posterior a fecha anotada; revise el reloj"_s.arg(grupo),
-         true});
+    avisos.push_back({grupo, textos_(kTxCeroPosterior, {grupo}), true});
   return {};
 }
 

@@ -6,6 +6,7 @@
 #include "core/ajustes/Ficheros.h"
 #include "core/textos/Textos.h"
 #include "totals/Exportado.h"
+#include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
 
@@ -19,16 +20,10 @@ FilaExport filaDe(const ClaseTotal& c, const dao::Recordset& r) {
   return f;
 }
 
-std::unexpected<Error> noCabe(const Columna& periodo, const FilaExport& f) {
-  return fallo(
-      Fallo::Formato,
-      QStringLiteral("El periodo %1 \"%2\" no se puede exportar: un valor no cabe en su "
-                     "columna (tabla %3, grupo %4, código %5%6). No se ha escrito nada")
-          .arg(periodo.LINK)
-          .arg(TextoPeriodo(periodo.periodo), NombreTabla(f.clase))
-          .arg(f.GRUPO)
-          .arg(f.CODI)
-          .arg(f.clase == kOperHora ? QStringLiteral(", hora %1").arg(f.HORA) : QString()));
+std::unexpected<Error> noCabe(const Columna& periodo, const FilaExport& f, const Textos& textos) {
+  return fallo(Fallo::Formato, textos(f.clase == kOperHora ? kTxNoCabeHora : kTxNoCabe,
+                                      {periodo.LINK, TextoPeriodo(periodo.periodo),
+                                       NombreTabla(f.clase), f.GRUPO, f.CODI, f.HORA}));
 }
 
 QString huellaDe(QByteArrayView bytes) {
@@ -70,7 +65,7 @@ Resultado<> XporTot::lineasDe(const ClaseTotal& c, const Columna& periodo, bool 
   while (!(*rs)->Eof()) {
     const FilaExport f = filaDe(c, **rs);
     const auto linea = lineaExport(f, corto);
-    if (!linea) return noCabe(periodo, f);
+    if (!linea) return noCabe(periodo, f, p_.textos());
     texto += *linea + QStringLiteral("\r\n");
     TARVO_INTENTAR((*rs)->MoveNext());
   }
@@ -93,9 +88,7 @@ Resultado<std::optional<QByteArray>> XporTot::bloques(const std::vector<qint64>&
     const auto c = p_.columna(link);
     if (!c) return std::unexpected(c.error());
     if (!*c && link == links.front()) return std::nullopt;
-    if (!*c)
-      return fallo(Fallo::NoExiste,
-                   QStringLiteral("No existe el periodo %1; no se ha exportado nada").arg(link));
+    if (!*c) return fallo(Fallo::NoExiste, p_.textos()(kTxNadaExportado, {link}));
     const auto b = bloque(**c, corto);
     if (!b) return std::unexpected(b.error());
     texto += *b;
@@ -148,12 +141,8 @@ Resultado<bool> XporTot::XportRemoto(const std::vector<qint64>& periodos,
                                      const OpcionesExport& como, const QString& nombre,
                                      const QString& marca) {
   const QString ruta = rutaDestino(nombre);
-  if (ruta.isEmpty())
-    return fallo(Fallo::Formato,
-                 QStringLiteral("Falta el nombre del fichero de exportación; escriba uno"));
-  if (db_.profundidad() != 0)
-    return fallo(Fallo::Interno,
-                 QStringLiteral("La exportación no puede ir dentro de otra operación"));
+  if (ruta.isEmpty()) return fallo(Fallo::Formato, p_.textos()(kTxSinFichero));
+  if (db_.profundidad() != 0) return fallo(Fallo::Interno, p_.textos()(kTxExportarDentro));
   if (periodos.empty()) return false;
   const auto avance = avanceDe(marca);
   if (!avance) return std::unexpected(avance.error());

@@ -3,9 +3,11 @@
 #include <QDir>
 #include <QFile>
 
+#include "comm/motor/TextosMotor.h"
 #include "core/ajustes/Ficheros.h"
 #include "core/esquema/Esquema.h"
 #include "enlace/CableMemoria.h"
+#include "textos/TextosDePrueba.h"
 #include "totals/TablasLibros.h"
 #include "totals/TablasTotales.h"
 
@@ -75,11 +77,11 @@ std::unique_ptr<motor::TrabajoTarea> hacerTrabajo(const motor::DatosTarea& d,
   return std::make_unique<TrabajoDePrueba>(d, e);
 }
 
-motor::ClaseTarea claseDePrueba(int numero, const char16_t* clave, const char16_t* nombre) {
+motor::ClaseTarea claseDePrueba(int numero, const char16_t* clave) {
   motor::ClaseTarea c;
   c.numero = numero;
   c.clave = clave;
-  c.nombre = nombre;
+  c.nombre = motor::kTxNombreClase + numero;
   c.tipos = {1, 2, 3, 4};
   c.esTotal = c.esLectura = numero >= 16;
   c.esOlvido = numero == 6;
@@ -123,11 +125,11 @@ Maquinas& maquinasDePrueba() {
 
 motor::RegistroTareas registroDePrueba() {
   motor::RegistroTareas r;
-  r.anadir(claseDePrueba(1, u"TXPLUS", u"Tx Artículos"));
-  r.anadir(claseDePrueba(6, u"TX_ZERO", u"!PUESTA A CERO!"));
-  r.anadir(claseDePrueba(7, u"TX_HORA", u"Tx Fecha y Hora"));
-  r.anadir(claseDePrueba(16, u"RXPLUS", u"Rx Tot. Artículos"));
-  r.anadir(claseDePrueba(17, u"RXGRTOT", u"Gran Total"));
+  r.anadir(claseDePrueba(1, u"TXPLUS"));
+  r.anadir(claseDePrueba(6, u"TX_ZERO"));
+  r.anadir(claseDePrueba(7, u"TX_HORA"));
+  r.anadir(claseDePrueba(16, u"RXPLUS"));
+  r.anadir(claseDePrueba(17, u"RXGRTOT"));
   return r;
 }
 
@@ -145,26 +147,27 @@ struct Programa::Piezas {
   Ajustes ajustes;
   std::unique_ptr<dao::Database> db;
   motor::RegistroTareas registro = registroDePrueba();
-  totals::Sesion sesion{*db, ajustes, reloj};
-  stock::Almacenes almacenes{*db, reloj};
-  totals::Periodos periodos{*db, ajustes, almacenes};
+  totals::Sesion sesion{*db, ajustes, reloj, textosDePrueba()};
+  stock::Almacenes almacenes{*db, reloj, textosDePrueba()};
+  totals::Periodos periodos{*db, ajustes, almacenes, textosDePrueba()};
   totals::CerrSes cerrSes{sesion, periodos};
   totals::VerTot verTot{periodos, *db, ajustes};
   totals::XporTot xporTot{*db, periodos, ajustes};
   pruebas::FabricaMemoria cables{reloj};
   Azar azar{1};
   enlace::Enlaces enlaces{reloj, ajustes, cables, azar};
-  motor::gestcomm motor{{*db, ajustes, reloj, sesion}, enlaces, registro};
-  Lenguaje lenguaje{registro, ajustes};
+  motor::gestcomm motor{{*db, ajustes, reloj, sesion, textosDePrueba()}, enlaces, registro};
+  Lenguaje lenguaje{registro, ajustes, textosDePrueba()};
   std::unique_ptr<Automat> automat;
 };
 
 Programa::Programa(const QString& carpeta, RelojVirtual& reloj, SinRespuestas& respuestas,
                    int corteEn)
     : p(std::make_unique<Piezas>(carpeta, reloj)), virtual_(reloj) {
-  p->automat = std::make_unique<Automat>(Taller{*p->db, p->ajustes, p->reloj, p->sesion, p->motor,
-                                                p->registro, p->cerrSes, p->verTot, p->xporTot},
-                                         respuestas);
+  p->automat = std::make_unique<Automat>(
+      Taller{*p->db, p->ajustes, p->reloj, p->sesion, p->motor, p->registro, p->cerrSes, p->verTot,
+             p->xporTot, textosDePrueba()},
+      respuestas);
   p->automat->desatendido = true;
   p->automat->alEscribir = [this](const QString& l) { lineas += l; };
   p->automat->alTerminar = [this](ResultadoProceso r) { fin = r; };

@@ -5,6 +5,7 @@
 
 #include "Banco.h"
 #include "automation/Proceso.h"
+#include "textos/TextosDePrueba.h"
 
 namespace tarvo::automation {
 namespace {
@@ -15,7 +16,7 @@ class LenguajeTest : public testing::Test {
  protected:
   motor::RegistroTareas registro_ = registroDePrueba();
   Ajustes ajustes_{QDir::tempPath(), Idioma::Espanol};
-  Lenguaje l_{registro_, ajustes_};
+  Lenguaje l_{registro_, ajustes_, textosDePrueba()};
 };
 
 struct CasoLinea {
@@ -96,7 +97,7 @@ TEST_F(LenguajeTest, CrearLlevaLosLimitesDelPeriodo) {
 
 TEST_F(LenguajeTest, OtrosIdiomasDicenYesYNo) {
   Ajustes ingles{QDir::tempPath(), Idioma::UK};
-  const Lenguaje l(registro_, ingles);
+  const Lenguaje l(registro_, ingles, textosDePrueba());
   const auto p = l.LeerPaso(u"T:TX_ZERO,1,Yes");
   ASSERT_TRUE(p);
   EXPECT_EQ(l.EscribirPaso(**p), u"T:TX_ZERO,0001, Yes");

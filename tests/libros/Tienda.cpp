@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/esquema/Esquema.h"
+#include "textos/TextosDePrueba.h"
 #include "totals/TablasLibros.h"
 #include "totals/TablasTotales.h"
 
@@ -38,9 +39,9 @@ std::unique_ptr<dao::Database> abrir(const QString& carpeta) {
 Tienda::Proceso::Proceso(const QString& carpeta, Reloj& reloj)
     : db(abrir(carpeta)),
       ajustes(carpeta, Idioma::Espanol),
-      almacenes(*db, reloj),
-      periodos(*db, ajustes, almacenes),
-      sesion(*db, ajustes, reloj),
+      almacenes(*db, reloj, textosDePrueba()),
+      periodos(*db, ajustes, almacenes, textosDePrueba()),
+      sesion(*db, ajustes, reloj, textosDePrueba()),
       cierre(sesion, periodos),
       verTot(periodos, *db, ajustes) {}
 

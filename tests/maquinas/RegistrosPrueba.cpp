@@ -11,15 +11,15 @@ namespace tarvo::maquinas {
 
 namespace {
 
-using Leer = std::function<Resultado<Total>(QByteArrayView)>;
+using Leer = std::function<Leido<Total>(QByteArrayView)>;
 
-Resultado<Total> unico(Resultado<std::vector<Total>> r) {
+Leido<Total> unico(Leido<std::vector<Total>> r) {
   if (!r) return std::unexpected(r.error());
   EXPECT_EQ(r->size(), 1U);
   return r->front();
 }
 
-Resultado<Total> hay(Resultado<std::optional<Total>> r) {
+Leido<Total> hay(Leido<std::optional<Total>> r) {
   if (!r) return std::unexpected(r.error());
   EXPECT_TRUE(r->has_value());
   return **r;
@@ -172,12 +172,12 @@ std::vector<Caso> casos() {
 TEST(Registros, SeLeenEnterosYNoCortados) {
   for (const Caso& c : casos()) {
     const auto r = c.leer(c.registro);
-    ASSERT_TRUE(r) << c.nombre << ": " << r.error().texto.toStdString();
+    ASSERT_TRUE(r) << c.nombre << ": " << r.error().donde;
     EXPECT_EQ(*r, c.total) << c.nombre;
     // One character short at the end, or a letter in the last digit, is no record of zeros.
     const auto corto = c.leer(c.registro.chopped(1));
     ASSERT_FALSE(corto) << c.nombre;
-    EXPECT_EQ(corto.error().clase, Fallo::Formato) << c.nombre;
+    EXPECT_EQ(corto.error().que, RegistroMalo::Corto) << c.nombre;
     EXPECT_FALSE(c.leer(c.registro.chopped(1) + "x")) << c.nombre;
     EXPECT_FALSE(c.leer({})) << c.nombre;
   }

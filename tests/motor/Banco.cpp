@@ -1,6 +1,7 @@
 #include "motor/Banco.h"
 
 #include "core/esquema/Esquema.h"
+#include "textos/TextosDePrueba.h"
 #include "totals/TablasLibros.h"
 #include "totals/TablasTotales.h"
 
@@ -26,12 +27,12 @@ void Banco::arrancar(bool reanuda) {
   db.reset();
   db = valor(
       dao::Database::OpenDatabase(carpeta_.path() + QStringLiteral("/TARVO.MDB"), {.crear = true}));
-  sesion = std::make_unique<totals::Sesion>(*db, *ajustes, reloj);
+  sesion = std::make_unique<totals::Sesion>(*db, *ajustes, reloj, textosDePrueba());
   if (db->existeTabla(u"EstadoTarvo")) bien(sesion->cargar());
   sesion->ponerEjecucion(1, reanuda);
   enlaces = std::make_unique<enlace::Enlaces>(reloj, *ajustes, fabrica, azar);
-  gestor = std::make_unique<motor::gestcomm>(motor::Entorno{*db, *ajustes, reloj, *sesion},
-                                             *enlaces, registro);
+  gestor = std::make_unique<motor::gestcomm>(
+      motor::Entorno{*db, *ajustes, reloj, *sesion, textosDePrueba()}, *enlaces, registro);
   gestor->VigilaProcesos(3, true, this);
   ultima_ = 0;
 }

@@ -1,9 +1,6 @@
 #include "noches/Programa.h"
 
-#include "comm/tareas/Registro.h"
-#include "core/esquema/Esquema.h"
-#include "totals/TablasLibros.h"
-#include "totals/TablasTotales.h"
+#include "textos/TextosDePrueba.h"
 
 namespace tarvo::noches {
 
@@ -17,52 +14,15 @@ class SinPreguntas final : public automation::Preguntas {
   }
 };
 
-const Textos& textos() {
-  static const Textos t = Textos::leer(QStringLiteral(TARVO_DATOS "/textos/es.txt")).value();
-  return t;
-}
-
 }  // namespace
 
 struct Programa::Interior {
   Interior(std::unique_ptr<app::Fondo> f, Reloj& reloj, Hilos& hilos, quint64 semilla)
-      : fondo(std::move(f)),
-        db(*fondo->db),
-        almacenes(db, reloj),
-        sesion(db, fondo->ajustes, reloj),
-        periodos(db, fondo->ajustes, almacenes),
-        cerrSes(sesion, periodos),
-        verTot(periodos, db, fondo->ajustes),
-        xporTot(db, periodos, fondo->ajustes),
-        registro(tareas::registro()),
-        azar(semilla),
-        enlaces(reloj, fondo->ajustes, hilos, azar),
-        gestcomm({db, fondo->ajustes, reloj, sesion}, enlaces, registro),
-        lenguaje(registro, fondo->ajustes),
-        automat({db, fondo->ajustes, reloj, sesion, gestcomm, registro, cerrSes, verTot, xporTot},
-                preguntas) {}
-
-  Resultado<> empezar() {
-    TARVO_INTENTAR(almacenes.asegurar());
-    TARVO_INTENTAR(tareas::asegurarTablasTareas(db));
-    return sesion.cargar();
-  }
+      : fondo(std::move(f)), aplicacion(*fondo, reloj, hilos, semilla, preguntas) {}
 
   std::unique_ptr<app::Fondo> fondo;
-  dao::Database& db;
-  stock::Almacenes almacenes;
-  totals::Sesion sesion;
-  totals::Periodos periodos;
-  totals::CerrSes cerrSes;
-  totals::VerTot verTot;
-  totals::XporTot xporTot;
-  motor::RegistroTareas registro;
-  Azar azar;
-  enlace::Enlaces enlaces;
-  motor::gestcomm gestcomm;
-  automation::Lenguaje lenguaje;
   SinPreguntas preguntas;
-  automation::Automat automat;
+  app::Aplicacion aplicacion;
 };
 
 Programa::Programa() = default;
@@ -71,14 +31,15 @@ Programa::~Programa() = default;
 Resultado<std::unique_ptr<Programa>> Programa::arrancar(
     const QString& carpeta, const QStringList& proceso, Reloj& reloj, Hilos& hilos, quint64 semilla,
     std::function<void(const QString&)> alEscribir) {
-  auto fondo = app::Fondo::abrir(carpeta, Idioma::Espanol, textos(), reloj);
+  auto fondo = app::Fondo::abrir(carpeta, Idioma::Espanol, textosDePrueba(), reloj);
   if (!fondo) return std::unexpected(fondo.error());
   std::unique_ptr<Programa> p(new Programa);
   p->d = std::make_unique<Interior>(std::move(*fondo), reloj, hilos, semilla);
-  TARVO_INTENTAR(p->d->empezar());
-  auto leido = p->d->lenguaje.leer(proceso.join(QStringLiteral("\r\n")) + QStringLiteral("\r\n"));
+  TARVO_INTENTAR(p->d->aplicacion.empezar());
+  auto leido = p->d->aplicacion.lenguaje().leer(proceso.join(QStringLiteral("\r\n")) +
+                                                QStringLiteral("\r\n"));
   if (!leido) return std::unexpected(leido.error());
-  auto& a = p->d->automat;
+  auto& a = p->d->aplicacion.automat();
   a.desatendido = true;
   a.alEscribir = std::move(alEscribir);
   a.alTerminar = [q = p.get()](automation::ResultadoProceso r) {

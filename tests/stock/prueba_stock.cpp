@@ -1,5 +1,6 @@
 #include "stock/Almacenes.h"
 #include "stock/BaseVacia.h"
+#include "textos/TextosDePrueba.h"
 
 using namespace tarvo;
 using namespace tarvo::stock;
@@ -11,7 +12,7 @@ namespace {
 // warehouse 1, group 3 in 2, group 4 in none.
 struct Stock : testing::Test, prueba::BaseVacia {
   RelojVirtual reloj{*Fecha::leer(u"05/06/2018 22:15:00")};
-  Almacenes almacenes{*db, reloj};
+  Almacenes almacenes{*db, reloj, textosDePrueba()};
 
   Stock() {
     sql(QStringLiteral("insert into SECCS (NMSECC, NOMSEC) values (1, 'Carne')"));

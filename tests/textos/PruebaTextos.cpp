@@ -37,6 +37,16 @@ TEST(Textos, LaTablaDaCadaTextoConSusBlancosFinales) {
   EXPECT_FALSE(t->tiene(11));
 }
 
+// What is filled in may be a name that a person wrote, with a mark in it.
+TEST(Textos, LasMarcasSeLlenanTodasALaVez) {
+  const auto t = tabla("1\tGrupo %1, %2: %1.\n2\t%3 como %x, 100 %");
+  ASSERT_TRUE(t);
+  EXPECT_EQ((*t)(1, {7, QStringLiteral("Pan %1")}), u"Grupo 7, Pan %1: 7.");
+  EXPECT_EQ((*t)(2, {1, 2, QStringView(u"Tres")}), u"Tres como %x, 100 %");
+  EXPECT_EQ((*t)(2, {1}), u"%3 como %x, 100 %");
+  EXPECT_EQ((*t)(3, {1}), u"");
+}
+
 TEST(Textos, UnaTablaMalaNombraSuLinea) {
   for (const char* mala :
        {"1 sin tabulador", "x\tletras", "-1\tnegativo", "22024\talto", "1\ta\n1\tb"}) {

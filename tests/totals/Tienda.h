@@ -4,6 +4,7 @@
 
 #include "core/tiempo/Reloj.h"
 #include "stock/BaseVacia.h"
+#include "textos/TextosDePrueba.h"
 #include "totals/TablasTotales.h"
 #include "totals/VerTot.h"
 #include "totals/XporTot.h"
@@ -17,8 +18,8 @@ inline Fecha momento(const char* texto) {
 struct Tienda : BaseVacia {
   Ajustes ajustes{carpeta.path(), Idioma::Espanol};
   RelojVirtual reloj{momento("05/06/2018 22:15:00")};
-  stock::Almacenes almacenes{*db, reloj};
-  totals::Periodos periodos{*db, ajustes, almacenes};
+  stock::Almacenes almacenes{*db, reloj, textosDePrueba()};
+  totals::Periodos periodos{*db, ajustes, almacenes, textosDePrueba()};
   totals::VerTot verTot{periodos, *db, ajustes};
   totals::XporTot xporTot{*db, periodos, ajustes};
   totals::ImpTot impTot{*db, periodos, ajustes};

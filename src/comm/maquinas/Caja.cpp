@@ -36,38 +36,37 @@ QByteArray clave(int codigo, const QByteArray& registro) {
   return codigo == kArticulos ? registro.mid(2, 13) : registro.left(6);
 }
 
-Resultado<std::optional<Total>> leerArticulo(QByteArrayView registro) {
+Leido<std::optional<Total>> leerArticulo(QByteArrayView registro) {
   Lector l(registro);
   Total t;
   t.numero = l.numero(3, 13);
   t.con = std::abs(deMilesimas(l.numero(16, 10)));
   t.imp = l.numero(26, 10);
-  TARVO_INTENTAR(l.estado());
+  if (l.falta()) return std::unexpected(*l.falta());
   if (t.con == 0 && t.imp == 0) return std::nullopt;
   return t;
 }
 
-Resultado<std::optional<Total>> leerGranTotal(QByteArrayView registro) {
+Leido<std::optional<Total>> leerGranTotal(QByteArrayView registro) {
   Lector l(registro);
   Total t;
   t.numero = l.numero(1, 4);
-  if (l.falta().isEmpty() && t.numero != kTipoGranTotal && t.numero != kTipoGranTotalBis)
+  if (!l.falta() && t.numero != kTipoGranTotal && t.numero != kTipoGranTotalBis)
     return std::nullopt;
   t.con = l.numero(7, 10);
   t.imp = l.numero(17, 10);
-  TARVO_INTENTAR(l.estado());
-  return t;
+  return l.comprobado(t);
 }
 
-Resultado<std::optional<Total>> leerDepartamento(QByteArrayView registro) {
+Leido<std::optional<Total>> leerDepartamento(QByteArrayView registro) {
   Lector l(registro);
   Total t;
   const qint64 tipo = l.numero(1, 4);
-  if (l.falta().isEmpty() && tipo != kTipoDepartamento) return std::nullopt;
+  if (!l.falta() && tipo != kTipoDepartamento) return std::nullopt;
   t.numero = l.numero(5, 2);
   t.con = deMilesimas(l.numero(7, 10));
   t.imp = l.numero(17, 10);
-  TARVO_INTENTAR(l.estado());
+  if (l.falta()) return std::unexpected(*l.falta());
   if (t.imp == 0 && t.con > 0) return std::nullopt;
   return t;
 }

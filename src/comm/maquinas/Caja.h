@@ -19,10 +19,10 @@ bool finDeLista(int codigo, QByteArrayView registro);
 QByteArray clave(int codigo, const QByteArray& registro);
 
 // A sale by bar code: `numero` is the code as a number. Nothing where the record holds no sale.
-Resultado<std::optional<Total>> leerArticulo(QByteArrayView registro);
+Leido<std::optional<Total>> leerArticulo(QByteArrayView registro);
 // The part of a totals record that counts for the grand total; nothing for any other record of the
 // list.
-Resultado<std::optional<Total>> leerGranTotal(QByteArrayView registro);
-Resultado<std::optional<Total>> leerDepartamento(QByteArrayView registro);
+Leido<std::optional<Total>> leerGranTotal(QByteArrayView registro);
+Leido<std::optional<Total>> leerDepartamento(QByteArrayView registro);
 
 }  // namespace tarvo::maquinas::caja

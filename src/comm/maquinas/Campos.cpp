@@ -73,18 +73,11 @@ int MaxDepartamentos(int tipo) {
 qint64 Lector::numero(int inicio, int ancho) {
   const QByteArrayView campo = trozo(registro_, inicio, ancho);
   const auto n = valorDeCampo(campo);
-  if (falta_.isEmpty() && campo.size() < ancho)
-    falta_ = QStringLiteral("el registro es demasiado corto (%1 caracteres)").arg(registro_.size());
-  else if (falta_.isEmpty() && !n)
-    falta_ = QStringLiteral("el registro no es numérico en la posición %1 (\"%2\")")
-                 .arg(inicio)
-                 .arg(QString::fromLatin1(campo.data(), campo.size()));
+  if (!falta_ && campo.size() < ancho)
+    falta_ = RegistroMalo{RegistroMalo::Corto, registro_.size(), {}};
+  else if (!falta_ && !n)
+    falta_ = RegistroMalo{RegistroMalo::SinNumero, inicio, campo.toByteArray()};
   return n.value_or(0);
-}
-
-Resultado<> Lector::estado() const {
-  if (falta_.isEmpty()) return {};
-  return fallo(Fallo::Formato, falta_, 7);
 }
 
 }  // namespace tarvo::maquinas

@@ -4,9 +4,8 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QString>
-
-#include "core/valores/Resultado.h"
+#include <expected>
+#include <optional>
 
 namespace tarvo::maquinas {
 
@@ -45,6 +44,16 @@ struct Linea {
   bool operator==(const Linea&) const = default;
 };
 
+// Why a record can't be read: it is too short, or it holds no number where it must. Whoever asked
+// words it.
+struct RegistroMalo {
+  enum Que { Corto, SinNumero } que = Corto;
+  qint64 donde = 0;  // the record's length, or the position (from 1) of the field
+  QByteArray campo;  // what stands there
+};
+template <class T>
+using Leido = std::expected<T, RegistroMalo>;
+
 // Reads the fields of a record and notes whether each was whole and a number, so that a cut or
 // garbled record isn't taken for zeros.
 class Lector {
@@ -52,14 +61,18 @@ class Lector {
   explicit Lector(QByteArrayView registro) : registro_(registro) {}
   // CampoNumerico; a field that is cut or no number makes the record bad.
   qint64 numero(int inicio, int ancho);
-  // Nothing when all fields read were good, else the reason as a sentence's part: "faltan datos" or
-  // the field's text.
-  const QString& falta() const { return falta_; }
-  Resultado<> estado() const;
+  // The first field that was bad; nothing when all that were read were good.
+  const std::optional<RegistroMalo>& falta() const { return falta_; }
+  // A value made of the fields read, where they were good.
+  template <class T>
+  Leido<T> comprobado(T valor) const {
+    if (falta_) return std::unexpected(*falta_);
+    return valor;
+  }
 
  private:
   QByteArrayView registro_;
-  QString falta_;
+  std::optional<RegistroMalo> falta_;
 };
 
 }  // namespace tarvo::maquinas

@@ -12,18 +12,15 @@ constexpr int kCabecera = 2;  // characters in front of the records of a frame
 
 // Cuts a frame's records and reads each with `leer`.
 template <class Leer>
-Resultado<std::vector<Total>> registros(QByteArrayView datos, int ancho, Leer leer) {
+Leido<std::vector<Total>> registros(QByteArrayView datos, int ancho, Leer leer) {
   std::vector<Total> salida;
   QByteArrayView resto = datos.sliced(std::min<qsizetype>(kCabecera, datos.size()));
   if (datos.size() < kCabecera || resto.size() % ancho != 0)
-    return fallo(
-        Fallo::Formato,
-        QStringLiteral("el registro es demasiado corto (%1 caracteres)").arg(resto.size() % ancho),
-        7);
+    return std::unexpected(RegistroMalo{RegistroMalo::Corto, resto.size() % ancho, {}});
   for (; !resto.isEmpty(); resto = resto.sliced(ancho)) {
     Lector l(resto.first(ancho));
     salida.push_back(leer(l));
-    TARVO_INTENTAR(l.estado());
+    if (l.falta()) return std::unexpected(*l.falta());
   }
   return salida;
 }
@@ -78,7 +75,7 @@ bool esDePeticion(int codigo) {
   return std::ranges::find(kPeticiones, codigo) != std::end(kPeticiones);
 }
 
-Resultado<std::vector<Total>> leerArticulos(QByteArrayView datos) {
+Leido<std::vector<Total>> leerArticulos(QByteArrayView datos) {
   return registros(datos, 26, [](Lector& l) {
     Total t;
     t.numero = l.numero(1, 4);
@@ -90,26 +87,25 @@ Resultado<std::vector<Total>> leerArticulos(QByteArrayView datos) {
   });
 }
 
-Resultado<Total> leerGranTotal(QByteArrayView datos) {
+Leido<Total> leerGranTotal(QByteArrayView datos) {
   Lector l(datos);
   Total t;
   t.imp = l.numero(19, 10);
   t.sco = l.numero(29, 10);
   t.pes = l.numero(39, 8);
   t.con = l.numero(47, 6);
-  TARVO_INTENTAR(l.estado());
-  return t;
+  return l.comprobado(t);
 }
 
-Resultado<std::vector<Total>> leerOperadores(QByteArrayView datos) {
+Leido<std::vector<Total>> leerOperadores(QByteArrayView datos) {
   return registros(datos, 36, posicionYCuentas);
 }
 
-Resultado<std::vector<Total>> leerDepartamentos(QByteArrayView datos) {
+Leido<std::vector<Total>> leerDepartamentos(QByteArrayView datos) {
   return registros(datos, 36, posicionYCuentas);
 }
 
-Resultado<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos) {
+Leido<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos) {
   return registros(datos, 38, [](Lector& l) {
     Total t;
     const qint64 x = l.numero(1, 4);
@@ -122,29 +118,25 @@ Resultado<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos) {
   });
 }
 
-Resultado<std::vector<Linea>> leerPedido(QByteArrayView datos) {
+Leido<std::vector<Linea>> leerPedido(QByteArrayView datos) {
   constexpr int kAncho = 20;
   std::vector<Linea> lineas;
   QByteArrayView resto = datos.sliced(std::min<qsizetype>(kCabecera, datos.size()));
   if (datos.size() < kCabecera + kAncho && !resto.isEmpty())
-    return fallo(Fallo::Formato,
-                 QStringLiteral("el registro es demasiado corto (%1 caracteres)").arg(resto.size()),
-                 7);
+    return std::unexpected(RegistroMalo{RegistroMalo::Corto, resto.size(), {}});
   for (; resto.size() >= kAncho; resto = resto.sliced(kAncho)) {
     Lector l(resto.first(kAncho));
     Linea linea;
     linea.articulo = l.numero(1, 4);
-    if (l.falta().isEmpty() && linea.articulo < 1) return lineas;
+    if (!l.falta() && linea.articulo < 1) return lineas;
     linea.peso = std::llround(static_cast<double>(l.numero(5, 8)) / 1000.0);
     linea.unidades = l.numero(13, 8);
-    TARVO_INTENTAR(l.estado());
+    if (l.falta()) return std::unexpected(*l.falta());
     lineas.push_back(linea);
   }
   // The list is not asked again from here, so a line that is cut would be lost.
   if (!resto.trimmed().isEmpty())
-    return fallo(Fallo::Formato,
-                 QStringLiteral("el registro es demasiado corto (%1 caracteres)").arg(resto.size()),
-                 7);
+    return std::unexpected(RegistroMalo{RegistroMalo::Corto, resto.size(), {}});
   return lineas;
 }
 

@@ -29,12 +29,12 @@ bool esDePeticion(int codigo);
 // Each reads the records of one frame. A record that is cut or not numeric is a Formato error, and
 // so are characters left over behind whole records of totals. Positions and departments count
 // from 1.
-Resultado<std::vector<Total>> leerArticulos(QByteArrayView datos);
-Resultado<Total> leerGranTotal(QByteArrayView datos);
-Resultado<std::vector<Total>> leerOperadores(QByteArrayView datos);
-Resultado<std::vector<Total>> leerDepartamentos(QByteArrayView datos);
-Resultado<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos);
+Leido<std::vector<Total>> leerArticulos(QByteArrayView datos);
+Leido<Total> leerGranTotal(QByteArrayView datos);
+Leido<std::vector<Total>> leerOperadores(QByteArrayView datos);
+Leido<std::vector<Total>> leerDepartamentos(QByteArrayView datos);
+Leido<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos);
 // Lines up to the first article below 1; characters left over are passed over.
-Resultado<std::vector<Linea>> leerPedido(QByteArrayView datos);
+Leido<std::vector<Linea>> leerPedido(QByteArrayView datos);
 
 }  // namespace tarvo::maquinas::nodal

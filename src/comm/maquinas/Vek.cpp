@@ -15,11 +15,6 @@ Total importePesoCuenta(Lector& l, int pos) {
   return t;
 }
 
-Resultado<Total> comprobado(const Lector& l, const Total& t) {
-  TARVO_INTENTAR(l.estado());
-  return t;
-}
-
 }  // namespace
 
 Peticion fechaHora(Fecha ahora) {
@@ -59,11 +54,11 @@ Peticion olvidarLista(bool inventario) {
 std::optional<qint64> cabeza(QByteArrayView registro, int inicio, int ancho) {
   Lector l(registro);
   const qint64 n = l.numero(inicio, ancho);
-  if (!l.falta().isEmpty()) return {};
+  if (l.falta()) return {};
   return n;
 }
 
-Resultado<Total> leerArticulo(QByteArrayView registro) {
+Leido<Total> leerArticulo(QByteArrayView registro) {
   Lector l(registro);
   Total t;
   t.numero = l.numero(1, 7);
@@ -72,51 +67,51 @@ Resultado<Total> leerArticulo(QByteArrayView registro) {
   t.pes = t.imp < 0 ? -peso : peso;  // a return's weight goes the way of its amount
   t.con = l.numero(26, 5);
   t.sco = l.numero(40, 9);
-  return comprobado(l, t);
+  return l.comprobado(t);
 }
 
-Resultado<Total> leerGranTotal(QByteArrayView registro, int tipo) {
+Leido<Total> leerGranTotal(QByteArrayView registro, int tipo) {
   Lector l(registro);
   Total t;
   t.imp = l.numero(1, 9);
   t.pes = l.numero(10, 9);
   t.con = l.numero(24, 5);
   if (tipo == 4) t.sco = l.numero(57, 9) + l.numero(71, 9);
-  return comprobado(l, t);
+  return l.comprobado(t);
 }
 
-Resultado<Total> leerOperador(QByteArrayView registro) {
+Leido<Total> leerOperador(QByteArrayView registro) {
   Lector l(registro);
   Total t;
   t.imp = l.numero(3, 9);
   t.con = l.numero(12, 5);
   t.sco = l.numero(50, 9);
-  return comprobado(l, t);
+  return l.comprobado(t);
 }
 
-Resultado<Total> leerDepartamento(QByteArrayView registro) {
+Leido<Total> leerDepartamento(QByteArrayView registro) {
   Lector l(registro);
   const qint64 numero = l.numero(1, 2);
   Total t = importePesoCuenta(l, 3);
   t.numero = numero;
-  return comprobado(l, t);
+  return l.comprobado(t);
 }
 
-Resultado<Total> leerHora(QByteArrayView registro) {
+Leido<Total> leerHora(QByteArrayView registro) {
   return leerDepartamento(registro);
 }
 
-Resultado<Total> leerOperadorHora(QByteArrayView registro) {
+Leido<Total> leerOperadorHora(QByteArrayView registro) {
   Lector l(registro);
   const qint64 numero = l.numero(1, 2);
   const qint64 h = l.numero(3, 2);
   Total t = importePesoCuenta(l, 5);
   t.numero = numero;
   t.hora = static_cast<int>(h);
-  return comprobado(l, t);
+  return l.comprobado(t);
 }
 
-Resultado<TrozoLista> leerLineas(QByteArrayView datos) {
+Leido<TrozoLista> leerLineas(QByteArrayView datos) {
   constexpr int kAncho = 23;
   TrozoLista trozo;
   QByteArrayView resto = datos.isEmpty() ? datos : datos.sliced(1);
@@ -125,19 +120,17 @@ Resultado<TrozoLista> leerLineas(QByteArrayView datos) {
     Lector l(resto.first(kAncho));
     Linea linea;
     linea.articulo = l.numero(1, 7);
-    if (l.falta().isEmpty() && linea.articulo <= 0) {
+    if (!l.falta() && linea.articulo <= 0) {
       trozo.fin = true;
       return trozo;
     }
     linea.peso = l.numero(8, 8);
     linea.unidades = l.numero(16, 8);
-    TARVO_INTENTAR(l.estado());
+    if (l.falta()) return std::unexpected(*l.falta());
     trozo.lineas.push_back(linea);
   }
   // An answer that neither brings a line nor ends the list would be asked for ever.
-  if (trozo.lineas.empty())
-    return fallo(Fallo::Formato,
-                 QStringLiteral("el registro es demasiado corto (%1 caracteres)").arg(total), 7);
+  if (trozo.lineas.empty()) return std::unexpected(RegistroMalo{RegistroMalo::Corto, total, {}});
   return trozo;
 }
 

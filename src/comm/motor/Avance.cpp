@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "comm/motor/Interior.h"
+#include "comm/motor/TextosMotor.h"
 
 namespace tarvo::motor {
 
@@ -56,10 +57,7 @@ void gestcomm::Interior::empezar(int id) {
   if (t->clase->esOlvido) {
     if (lecturaDelante(*t)) return;
     if (grupoFallido(t->datos.Grupo))
-      return suprimir(
-          id,
-          QStringLiteral("Grupo %1: no se le ordena olvidar nada, porque no se pudo leer entero.")
-              .arg(t->datos.Grupo));
+      return suprimir(id, entorno.textos(kTxNoOlvidar, {t->datos.Grupo}));
   }
   const int c = elegirCanal(*t);
   if (c == kNoVale) {

@@ -1,5 +1,6 @@
 // The queue: tasks come in, are looked up and go; and which groups have a reading that failed.
 #include "comm/motor/Interior.h"
+#include "comm/motor/TextosMotor.h"
 
 namespace tarvo::motor {
 
@@ -135,9 +136,7 @@ void gestcomm::Interior::marcarFallida(TareaViva& t) {
   anotarFallido(t.datos.Grupo, t.datos.Clase);
   if (!t.clase->esTotal) return;
   if (auto r = entorno.sesion.lecturaFallida(t.datos.Grupo, t.datos.Clase); !r)
-    decir(t, QStringLiteral("Grupo %1: no se pudo anotar que su lectura ha fallado: %2")
-                 .arg(t.datos.Grupo)
-                 .arg(r.error().texto));
+    decir(t, entorno.textos(kTxFalloSinAnotar, {t.datos.Grupo, r.error().texto}));
 }
 
 void gestcomm::Interior::anotarBuena(const TareaViva& t) {

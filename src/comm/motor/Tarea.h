@@ -10,6 +10,7 @@
 
 #include "core/ajustes/Ajustes.h"
 #include "core/dao/Database.h"
+#include "core/textos/Textos.h"
 #include "core/tiempo/Reloj.h"
 #include "totals/Sesion.h"
 
@@ -26,7 +27,7 @@ enum EstadoTarea : int {
   kRetenido = 7,
   kDetenido = 8,
 };
-QString TextoEstado(int estado);
+QString TextoEstado(int estado, const Textos& textos);
 
 // Error codes that the engine itself gives, beside those of the links.
 inline constexpr int kErrorTiempo = 6;  // the link gave no event within any time that it may take
@@ -72,6 +73,7 @@ struct Entorno {
   const Ajustes& ajustes;
   Reloj& reloj;
   totals::Sesion& sesion;
+  const Textos& textos;
 };
 
 // The run of one task, made at its first connection and kept over retries. Nothing here knows of
@@ -111,13 +113,12 @@ class TrabajoTarea {
 // A kind of task. One constant object a file.
 struct ClaseTarea {
   int numero = 0;
-  const char16_t* clave = u"";    // keyword of the process language, empty for none
-  const char16_t* nombre = u"";   // grid name
-  const char16_t* mensaje = u"";  // name for messages
-  const char16_t* titulo = u"";   // title of its dialog
-  std::vector<int> tipos;         // kinds of group that take it
-  bool esTotal = false;           // 16 to 21
-  bool esLectura = false;         // totals and documents: a zeroing of the group waits for it
+  const char16_t* clave = u"";  // keyword of the process language, empty for none
+  // Numbers of its texts: the grid's name, the name for messages, the title of its dialog.
+  int nombre = -1, mensaje = -1, titulo = -1;
+  std::vector<int> tipos;   // kinds of group that take it
+  bool esTotal = false;     // 16 to 21
+  bool esLectura = false;   // totals and documents: a zeroing of the group waits for it
   bool esOlvido = false;    // zeroing, wipe: waits until no reading of its group stands before it
   bool toleraErr5 = false;  // a refusal numbered 5 counts as a good answer
   // Null for a kind whose name is known and that has no sender: NuevaTarea answers 2 for it.

@@ -110,6 +110,6 @@ class gestcomm final : private enlace::ClienteEnlace {
 struct TextosError {
   QString cabecera, mensaje, detalle;
 };
-TextosError textosError(int codigo);
+TextosError textosError(int codigo, const Textos& textos);
 
 }  // namespace tarvo::motor

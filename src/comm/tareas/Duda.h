@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "comm/motor/Tarea.h"
+#include "comm/tareas/TextosTareas.h"
 
 namespace tarvo::tareas {
 
@@ -45,7 +46,7 @@ class DudaDeLista {
     }
     leida_ = lista;
     if (++vueltas_ <= kVueltas) return false;
-    return fallo(Fallo::Formato, QStringLiteral("la lista no llega dos veces igual"), 7);
+    return fallo(Fallo::Formato, e_.textos(kTxListaDistinta), 7);
   }
   // The last list of the task stands.
   Resultado<> acabar() {

@@ -7,6 +7,7 @@
 #include "comm/maquinas/Nodal.h"
 #include "comm/maquinas/Vek.h"
 #include "comm/tareas/Fabricas.h"
+#include "comm/tareas/TextosTareas.h"
 #include "comm/tareas/Totales.h"
 
 namespace tarvo::tareas {
@@ -42,7 +43,7 @@ class Lista : public motor::TrabajoTarea {
   }
   // The link or an answer failed: late ones may come, and no frame says which lines it holds.
   void reanudar() override { dudosa_ = dudosa_ || lectura(); }
-  QString MostrarTraza() const final { return QStringLiteral("L %1").arg(lineas_.size()); }
+  QString MostrarTraza() const final { return e_.textos(kTxPasoLineas, {lineas_.size()}); }
   qint64 codigoActual() const final { return static_cast<qint64>(lineas_.size()); }
 
  protected:
@@ -58,8 +59,7 @@ class Lista : public motor::TrabajoTarea {
     if (!dudosa_ || iguales_ >= veces) return true;
     leida_ = std::exchange(lineas_, {});
     if (++vueltas_ <= kVueltas) return false;
-    return falloEn({Fallo::Formato, 7, QStringLiteral("la lista no llega dos veces igual")},
-                   t_.Grupo, lugar());
+    return falloEn({Fallo::Formato, 7, e_.textos(kTxListaDistinta)}, t_.Grupo, lugar(), e_.textos);
   }
   Resultado<> aDisco() {
     if (enDisco_) return {};
@@ -68,9 +68,9 @@ class Lista : public motor::TrabajoTarea {
     return {};
   }
   QString lugar() const {
-    return QStringLiteral("%1, línea %2")
-        .arg(que_ == Documento::Pedido ? QStringLiteral("pedido") : QStringLiteral("inventario"))
-        .arg(lineas_.size() + 1);
+    return e_.textos(
+        kTxLugarLinea,
+        {e_.textos(que_ == Documento::Pedido ? kTxPedido : kTxInventario), lineas_.size() + 1});
   }
 
   const motor::DatosTarea t_;
@@ -97,9 +97,7 @@ class ListaVek final : public Lista {
     if (fase_ == 0) return Siguiente::fin();
     if (fase_ == 2) TARVO_INTENTAR(aDisco());
     if (fase_ == 1 && lineas_.size() > kUltimaLinea)
-      return tarvo::fallo(
-          Fallo::Formato,
-          QStringLiteral("Grupo %1, %2: la lista no termina.").arg(t_.Grupo).arg(lugar()), 7);
+      return tarvo::fallo(Fallo::Formato, e_.textos(kTxListaSinFin, {t_.Grupo, lugar()}), 7);
     ++preguntada_;
     const maquinas::Peticion p = peticion();
     return Siguiente{Siguiente::Enviar, 0, p.codigo, p.datos};
@@ -117,7 +115,7 @@ class ListaVek final : public Lista {
       return {};
     }
     const auto r = maquinas::vek::leerLineas(datos);
-    if (!r) return falloEn(r.error(), t_.Grupo, lugar());
+    if (!r) return falloEn(malRegistro(r.error(), e_.textos).error(), t_.Grupo, lugar(), e_.textos);
     lineas_.insert(lineas_.end(), r->lineas.begin(), r->lineas.end());
     ultima_ = datos;
     preguntada_ = 0;
@@ -177,15 +175,15 @@ class ListaNodalPedido final : public Lista {
       return fin();
     } else if (fase_ == 2) {
       if (deOtra(codigo))
-        return falloEn({Fallo::Formato, 7,
-                        QStringLiteral("ha llegado una trama de otra pregunta (%1)").arg(codigo)},
-                       t_.Grupo, lugar());
+        return falloEn({Fallo::Formato, 7, e_.textos(kTxTramaDeOtra, {codigo})}, t_.Grupo, lugar(),
+                       e_.textos);
       const auto r = maquinas::nodal::leerPedido(datos);
-      if (!r) return falloEn(r.error(), t_.Grupo, lugar());
+      if (!r)
+        return falloEn(malRegistro(r.error(), e_.textos).error(), t_.Grupo, lugar(), e_.textos);
       const bool otraVez = !r->empty() && datos == ultima_;
       if (otraVez && !std::exchange(repetida_, true))
-        return falloEn({Fallo::Formato, 7, QStringLiteral("ha llegado dos veces la misma trama")},
-                       t_.Grupo, lugar());
+        return falloEn({Fallo::Formato, 7, e_.textos(kTxTramaRepetida)}, t_.Grupo, lugar(),
+                       e_.textos);
       if (otraVez) ++repeticiones_;
       ultima_ = datos;
       lineas_.insert(lineas_.end(), r->begin(), r->end());
@@ -236,8 +234,8 @@ class ListaNodalPedido final : public Lista {
   QByteArray ultima_;
   bool repetida_ = false;
   int repeticiones_ = 0;  // such frames in the present reading
-  bool vacia_ = false;  // the list ended at once when it was asked first
-  int fase_ = 1;        // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
+  bool vacia_ = false;    // the list ended at once when it was asked first
+  int fase_ = 1;          // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
 };
 
 }  // namespace

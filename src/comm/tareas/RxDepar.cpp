@@ -2,6 +2,7 @@
 #include "comm/maquinas/Nodal.h"
 #include "comm/maquinas/Vek.h"
 #include "comm/tareas/Fabricas.h"
+#include "comm/tareas/TextosTareas.h"
 #include "comm/tareas/Totales.h"
 
 namespace tarvo::tareas {
@@ -11,7 +12,7 @@ namespace {
 class DepartamentosVek final : public PreguntasVek {
  public:
   using PreguntasVek::PreguntasVek;
-  QString MostrarTraza() const override { return QStringLiteral("D %1").arg(n_); }
+  QString MostrarTraza() const override { return e_.textos(kTxPasoDepartamento, {n_}); }
   qint64 codigoActual() const override { return n_; }
 
  protected:
@@ -21,10 +22,10 @@ class DepartamentosVek final : public PreguntasVek {
     const auto numero = maquinas::vek::cabeza(datos, 1, 2);
     return !numero || *numero == n_;
   }
-  QString lugar() const override { return QStringLiteral("departamento %1").arg(n_); }
+  QString lugar() const override { return e_.textos(kTxLugarDepartamento, {n_}); }
   Resultado<> registro(const QByteArray& datos) override {
     const auto r = maquinas::vek::leerDepartamento(datos);
-    if (!r) return std::unexpected(r.error());
+    if (!r) return malRegistro(r.error(), e_.textos);
     filasGrupo()[{r->numero, 0}] = contadores(*r);
     ++n_;
     return {};
@@ -40,10 +41,10 @@ class DepartamentosNodal final : public ListaNodal {
 
  protected:
   maquinas::Peticion pregunta() const override { return maquinas::nodal::departamentos(); }
-  QString lugar() const override { return QStringLiteral("lista de departamentos"); }
+  QString lugar() const override { return e_.textos(kTxLugarDepartamentos); }
   Resultado<> registros(const QByteArray& datos) override {
     const auto r = maquinas::nodal::leerDepartamentos(datos);
-    if (!r) return std::unexpected(r.error());
+    if (!r) return malRegistro(r.error(), e_.textos);
     for (const maquinas::Total& t : *r) anotar(t, {t.numero, 0});
     return {};
   }
@@ -55,10 +56,10 @@ class DepartamentosCaja final : public ListasCaja {
 
  protected:
   maquinas::Peticion pregunta() const override { return maquinas::caja::totales(); }
-  QString lugar() const override { return QStringLiteral("lista de departamentos"); }
+  QString lugar() const override { return e_.textos(kTxLugarDepartamentos); }
   Resultado<> registro(const QByteArray& datos, totals::Lectura::Filas& filas) override {
     const auto r = maquinas::caja::leerDepartamento(datos);
-    if (!r) return std::unexpected(r.error());
+    if (!r) return malRegistro(r.error(), e_.textos);
     if (*r) filas[{(*r)->numero, 0}] += contadores(**r);
     return {};
   }

@@ -3,12 +3,11 @@
 #include "comm/maquinas/Vek.h"
 #include "comm/tareas/Fabricas.h"
 #include "comm/tareas/GranTotal.h"
+#include "comm/tareas/TextosTareas.h"
 
 namespace tarvo::tareas {
 
 namespace {
-
-const QString kLugarGranTotal = QStringLiteral("gran total");
 
 class GranTotalVek final : public PreguntasVek {
  public:
@@ -18,10 +17,10 @@ class GranTotalVek final : public PreguntasVek {
   bool acabada() const override { return hecha_; }
   maquinas::Peticion pregunta() const override { return maquinas::vek::granTotal(t_.Tipo); }
   bool responde(const QByteArray&) const override { return true; }
-  QString lugar() const override { return kLugarGranTotal; }
+  QString lugar() const override { return e_.textos(kTxLugarGranTotal); }
   Resultado<> registro(const QByteArray& datos) override {
     const auto r = maquinas::vek::leerGranTotal(datos, t_.Tipo);
-    if (!r) return std::unexpected(r.error());
+    if (!r) return malRegistro(r.error(), e_.textos);
     filasGrupo()[{t_.Grupo, 0}] = contadores(*r);
     hecha_ = true;
     return {};
@@ -37,10 +36,10 @@ class GranTotalNodal final : public ListaNodal {
 
  protected:
   maquinas::Peticion pregunta() const override { return maquinas::nodal::granTotal(); }
-  QString lugar() const override { return kLugarGranTotal; }
+  QString lugar() const override { return e_.textos(kTxLugarGranTotal); }
   Resultado<> registros(const QByteArray& datos) override {
     const auto r = maquinas::nodal::leerGranTotal(datos);
-    if (!r) return std::unexpected(r.error());
+    if (!r) return malRegistro(r.error(), e_.textos);
     anotar(*r, {t_.Grupo, 0});
     return {};
   }
@@ -53,10 +52,10 @@ class GranTotalCaja final : public ListasCaja {
 
  protected:
   maquinas::Peticion pregunta() const override { return maquinas::caja::totales(); }
-  QString lugar() const override { return kLugarGranTotal; }
+  QString lugar() const override { return e_.textos(kTxLugarGranTotal); }
   Resultado<> registro(const QByteArray& datos, totals::Lectura::Filas& filas) override {
     const auto r = maquinas::caja::leerGranTotal(datos);
-    if (!r) return std::unexpected(r.error());
+    if (!r) return malRegistro(r.error(), e_.textos);
     if (*r) filas[{t_.Grupo, 0}] += contadores(**r);
     return {};
   }

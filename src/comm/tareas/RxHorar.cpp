@@ -1,5 +1,6 @@
 #include "comm/maquinas/Vek.h"
 #include "comm/tareas/Fabricas.h"
+#include "comm/tareas/TextosTareas.h"
 #include "comm/tareas/Totales.h"
 
 namespace tarvo::tareas {
@@ -9,7 +10,7 @@ namespace {
 class Horas final : public PreguntasVek {
  public:
   using PreguntasVek::PreguntasVek;
-  QString MostrarTraza() const override { return QStringLiteral("H %1").arg(h_); }
+  QString MostrarTraza() const override { return e_.textos(kTxPasoHora, {h_}); }
   qint64 codigoActual() const override { return h_; }
 
  protected:
@@ -19,10 +20,10 @@ class Horas final : public PreguntasVek {
     const auto hora = maquinas::vek::cabeza(datos, 1, 2);
     return !hora || *hora == h_;
   }
-  QString lugar() const override { return QStringLiteral("hora %1").arg(h_); }
+  QString lugar() const override { return e_.textos(kTxLugarHora, {h_}); }
   Resultado<> registro(const QByteArray& datos) override {
     const auto r = maquinas::vek::leerHora(datos);
-    if (!r) return std::unexpected(r.error());
+    if (!r) return malRegistro(r.error(), e_.textos);
     filasGrupo()[{r->numero, 0}] = contadores(*r);
     ++h_;
     return {};

@@ -1,6 +1,7 @@
 #include "comm/maquinas/Nodal.h"
 #include "comm/maquinas/Vek.h"
 #include "comm/tareas/Fabricas.h"
+#include "comm/tareas/TextosTareas.h"
 #include "comm/tareas/Totales.h"
 
 namespace tarvo::tareas {
@@ -11,12 +12,12 @@ namespace {
 class OperadoresVek final : public PreguntasVek {
  public:
   using PreguntasVek::PreguntasVek;
-  QString MostrarTraza() const override { return QStringLiteral("O %1").arg(n_); }
+  QString MostrarTraza() const override { return e_.textos(kTxPasoOperador, {n_}); }
   qint64 codigoActual() const override { return n_; }
 
  protected:
   Resultado<> preparar() override {
-    auto r = leerOperadores(e_.db, t_.Grupo);
+    auto r = leerOperadores(e_, t_.Grupo);
     if (!r) return std::unexpected(r.error());
     operadores_ = *r;
     return {};
@@ -28,10 +29,10 @@ class OperadoresVek final : public PreguntasVek {
     const auto posicion = maquinas::vek::cabeza(datos, 1, 2);
     return !posicion || *posicion == 0 || *posicion == n_;
   }
-  QString lugar() const override { return QStringLiteral("operador en posición %1").arg(n_); }
+  QString lugar() const override { return e_.textos(kTxLugarOperador, {n_}); }
   Resultado<> registro(const QByteArray& datos) override {
     const auto r = maquinas::vek::leerOperador(datos);
-    if (!r) return std::unexpected(r.error());
+    if (!r) return malRegistro(r.error(), e_.textos);
     filasGrupo()[{operadores_[static_cast<size_t>(n_)], 0}] += contadores(*r);
     ++n_;
     return {};
@@ -48,21 +49,19 @@ class OperadoresNodal final : public ListaNodal {
 
  protected:
   Resultado<> preparar() override {
-    auto r = leerOperadores(e_.db, t_.Grupo);
+    auto r = leerOperadores(e_, t_.Grupo);
     if (!r) return std::unexpected(r.error());
     operadores_ = *r;
     return {};
   }
   maquinas::Peticion pregunta() const override { return maquinas::nodal::operadores(); }
-  QString lugar() const override { return QStringLiteral("lista de operadores"); }
+  QString lugar() const override { return e_.textos(kTxLugarOperadores); }
   Resultado<> registros(const QByteArray& datos) override {
     const auto r = maquinas::nodal::leerOperadores(datos);
-    if (!r) return std::unexpected(r.error());
+    if (!r) return malRegistro(r.error(), e_.textos);
     for (const maquinas::Total& t : *r)
       if (t.numero < 1 || t.numero >= static_cast<qint64>(operadores_.size()))
-        return tarvo::fallo(Fallo::Formato,
-                            QStringLiteral("no existe la posición de operador %1").arg(t.numero),
-                            7);
+        return tarvo::fallo(Fallo::Formato, e_.textos(kTxSinOperador, {t.numero}), 7);
     for (const maquinas::Total& t : *r) anotar(t, {operadores_[static_cast<size_t>(t.numero)], 0});
     return {};
   }

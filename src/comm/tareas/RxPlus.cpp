@@ -4,6 +4,7 @@
 #include "comm/maquinas/Nodal.h"
 #include "comm/maquinas/Vek.h"
 #include "comm/tareas/Fabricas.h"
+#include "comm/tareas/TextosTareas.h"
 #include "comm/tareas/Totales.h"
 
 namespace tarvo::tareas {
@@ -38,7 +39,7 @@ class ArticulosVek final : public PreguntasVek {
  public:
   using PreguntasVek::PreguntasVek;
   QString MostrarTraza() const override {
-    return QStringLiteral("P ") + QString::fromLatin1(maquinas::Ceros(codigoActual(), 7));
+    return e_.textos(kTxPasoArticulo, {Ceros(codigoActual(), 7)});
   }
   qint64 codigoActual() const override { return acabada() ? t_.Desde : codigos_[pos_]; }
 
@@ -64,16 +65,14 @@ class ArticulosVek final : public PreguntasVek {
     if (!n) return true;
     return t_.Todo ? *n == codigos_[pos_] : *n == 0 || *n >= codigos_[pos_];
   }
-  QString lugar() const override {
-    return QStringLiteral("artículo ") + QString::fromLatin1(maquinas::Ceros(codigoActual(), 7));
-  }
+  QString lugar() const override { return e_.textos(kTxLugarArticulo, {Ceros(codigoActual(), 7)}); }
   Resultado<> registro(const QByteArray& datos) override {
     if (!t_.Todo && maquinas::vek::cabeza(datos, 1, 7) == 0) {
       pos_ = codigos_.size();
       return {};
     }
     const auto r = maquinas::vek::leerArticulo(datos);
-    if (!r) return std::unexpected(r.error());
+    if (!r) return malRegistro(r.error(), e_.textos);
     const totals::Contadores c = contadores(*r);
     if (t_.Todo || !c.cero()) filasGrupo()[{r->numero, 0}] = c;
     pos_ = static_cast<size_t>(std::ranges::upper_bound(codigos_, r->numero) - codigos_.begin());
@@ -94,9 +93,7 @@ class ArticulosNodal final : public ListaNodal {
         hasta_(std::min<qint64>(t.Hasta, maquinas::nodal::kUltimoArticulo)) {
     lectura_.entera = t.Desde <= 1 && t.Hasta >= maquinas::nodal::kUltimoArticulo;
   }
-  QString MostrarTraza() const override {
-    return QStringLiteral("P ") + QString::fromLatin1(maquinas::Ceros(desde_, 7));
-  }
+  QString MostrarTraza() const override { return e_.textos(kTxPasoArticulo, {Ceros(desde_, 7)}); }
   qint64 codigoActual() const override { return desde_; }
   qint64 avance() const override { return ListaNodal::avance() + desde_; }
 
@@ -104,12 +101,10 @@ class ArticulosNodal final : public ListaNodal {
   maquinas::Peticion pregunta() const override {
     return maquinas::nodal::articulos(desde_, hasta_);
   }
-  QString lugar() const override {
-    return QStringLiteral("artículo ") + QString::fromLatin1(maquinas::Ceros(desde_, 7));
-  }
+  QString lugar() const override { return e_.textos(kTxLugarArticulo, {Ceros(desde_, 7)}); }
   Resultado<> registros(const QByteArray& datos) override {
     const auto r = maquinas::nodal::leerArticulos(datos);
-    if (!r) return std::unexpected(r.error());
+    if (!r) return malRegistro(r.error(), e_.textos);
     for (const maquinas::Total& t : *r) {
       if (t.numero < desde_) enOrden_ = false;
       anotar(t, {t.numero, 0});
@@ -152,10 +147,10 @@ class ArticulosCaja final : public ListasCaja {
     return {};
   }
   maquinas::Peticion pregunta() const override { return maquinas::caja::articulos(); }
-  QString lugar() const override { return QStringLiteral("lista de artículos"); }
+  QString lugar() const override { return e_.textos(kTxLugarArticulos); }
   Resultado<> registro(const QByteArray& datos, totals::Lectura::Filas& filas) override {
     const auto r = maquinas::caja::leerArticulo(datos);
-    if (!r) return std::unexpected(r.error());
+    if (!r) return malRegistro(r.error(), e_.textos);
     if (!*r) return {};
     const auto it = std::ranges::lower_bound(barras_, (*r)->numero, {}, &Barra::bar);
     if (lectura_.entera || (it != barras_.end() && enRango(it->codigo)))

@@ -1,4 +1,5 @@
 #include "comm/tareas/Totales.h"
+#include "comm/tareas/TextosTareas.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,19 +11,26 @@ namespace tarvo::tareas {
 
 using motor::Siguiente;
 
-std::unexpected<Error> falloEn(const Error& e, int grupo, const QString& lugar) {
-  return std::unexpected<Error>(
-      Error{e.clase, e.numero, QStringLiteral("Grupo %1, %2: %3.").arg(grupo).arg(lugar, e.texto)});
+std::unexpected<Error> falloEn(const Error& e, int grupo, const QString& lugar,
+                               const Textos& textos) {
+  return tarvo::fallo(e.clase, textos(kTxEnGrupo, {grupo, lugar, e.texto}), e.numero);
 }
 
-Resultado<std::array<qint64, 21>> leerOperadores(dao::Database& db, int grupo) {
+std::unexpected<Error> malRegistro(const maquinas::RegistroMalo& malo, const Textos& textos) {
+  const QString texto =
+      malo.que == maquinas::RegistroMalo::Corto
+          ? textos(kTxRegistroCorto, {malo.donde})
+          : textos(kTxRegistroSinNumero, {malo.donde, QString::fromLatin1(malo.campo)});
+  return tarvo::fallo(Fallo::Formato, texto, motor::kErrorTrama);
+}
+
+Resultado<std::array<qint64, 21>> leerOperadores(const motor::Entorno& e, int grupo) {
   std::array<qint64, 21> salida{};
-  auto rs = db.OpenTable(u"GRUPOS", u"CODGPO");
+  auto rs = e.db.OpenTable(u"GRUPOS", u"CODGPO");
   if (!rs) return std::unexpected(rs.error());
   const auto hay = (*rs)->Seek(dao::Busca::Igual, grupo);
   if (!hay) return std::unexpected(hay.error());
-  if (!*hay)
-    return tarvo::fallo(Fallo::NoExiste, QStringLiteral("El grupo %1 ya no existe.").arg(grupo));
+  if (!*hay) return tarvo::fallo(Fallo::NoExiste, e.textos(kTxGrupoBorrado, {grupo}));
   for (size_t n = 1; n < salida.size(); ++n) {
     const int c = (*rs)->columna(QStringLiteral("OP%1_C").arg(n, 2, 10, QLatin1Char('0')));
     salida[n] = c < 0 || (*rs)->nulo(c) ? 0 : (*rs)->entero(c);
@@ -69,7 +77,7 @@ bool PreguntasVek::encaja(int, int codigo, const QByteArray& datos) const {
 
 Resultado<> PreguntasVek::respuesta(int, int, const QByteArray& datos) {
   const QString donde = lugar();
-  if (const auto r = registro(datos); !r) return falloEn(r.error(), t_.Grupo, donde);
+  if (const auto r = registro(datos); !r) return falloEn(r.error(), t_.Grupo, donde, e_.textos);
   ++hechas_;
   return {};
 }
@@ -99,11 +107,9 @@ Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
     fase_ = 2;
   } else if (codigo == maquinas::nodal::kFinDeLista) {
     if (recibidos_.empty() && !puedeVenirVacia())
-      return falloEn(
-          {Fallo::Formato, 7, QStringLiteral("la lista ha terminado sin ningún registro")},
-          t_.Grupo, lugar());
+      return falloEn({Fallo::Formato, 7, e_.textos(kTxListaVacia)}, t_.Grupo, lugar(), e_.textos);
     const auto vale = duda_.vale(recibidos_);
-    if (!vale) return falloEn(vale.error(), t_.Grupo, lugar());
+    if (!vale) return falloEn(vale.error(), t_.Grupo, lugar(), e_.textos);
     if (!*vale) {
       fase_ = 1;
       deNuevo();
@@ -115,11 +121,10 @@ Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
     fase_ = 0;
     return duda_.acabar();
   } else if (codigo != pregunta().codigo && maquinas::nodal::esDePeticion(codigo)) {
-    return falloEn({Fallo::Formato, 7,
-                    QStringLiteral("ha llegado una trama de otra pregunta (%1)").arg(codigo)},
-                   t_.Grupo, lugar());
+    return falloEn({Fallo::Formato, 7, e_.textos(kTxTramaDeOtra, {codigo})}, t_.Grupo, lugar(),
+                   e_.textos);
   } else if (const auto r = registros(datos); !r) {
-    return falloEn(r.error(), t_.Grupo, lugar());
+    return falloEn(r.error(), t_.Grupo, lugar(), e_.textos);
   }
   return {};
 }
@@ -145,11 +150,8 @@ ListasCaja::ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e)
 
 Resultado<Siguiente> ListasCaja::paso() {
   if (t_.Direcciones.empty())
-    return tarvo::fallo(
-        Fallo::Restriccion,
-        QStringLiteral("El grupo %1 no tiene ninguna caja dada de alta: no hay nada que leer.")
-            .arg(t_.Grupo),
-        motor::kErrorSuprimido);
+    return tarvo::fallo(Fallo::Restriccion, e_.textos(kTxSinCajasQueLeer, {t_.Grupo}),
+                        motor::kErrorSuprimido);
   if (indice_ == t_.Direcciones.size()) return Siguiente::fin();
   TARVO_INTENTAR(duda_.empezar());
   const maquinas::Peticion p = pregunta();
@@ -167,14 +169,13 @@ Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
   const auto leer = [&](const QByteArray& registroLeido,
                         totals::Lectura::Filas& filas) -> Resultado<> {
     if (const auto r = registro(registroLeido, filas); !r)
-      return falloEn(r.error(), t_.Grupo,
-                     QStringLiteral("caja %1, %2").arg(direccion()).arg(lugar()));
+      return falloEn(r.error(), t_.Grupo, e_.textos(kTxLugarCaja, {direccion(), lugar()}),
+                     e_.textos);
     return {};
   };
   if (codigo != pregunta().codigo)
-    return falloEn({Fallo::Formato, 7,
-                    QStringLiteral("ha llegado una trama de otra pregunta (%1)").arg(codigo)},
-                   t_.Grupo, lugar());
+    return falloEn({Fallo::Formato, 7, e_.textos(kTxTramaDeOtra, {codigo})}, t_.Grupo, lugar(),
+                   e_.textos);
   if (!maquinas::caja::finDeLista(codigo, datos)) {
     totals::Lectura::Filas prueba;
     TARVO_INTENTAR(leer(datos, prueba));
@@ -184,7 +185,7 @@ Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
   }
   fase_ = 1;
   const auto vale = duda_.vale(lista_);
-  if (!vale) return falloEn(vale.error(), t_.Grupo, lugar());
+  if (!vale) return falloEn(vale.error(), t_.Grupo, lugar(), e_.textos);
   if (!*vale) return {};
   totals::Lectura::Filas suma;
   for (const auto& [clave, registroLeido] : lista_) TARVO_INTENTAR(leer(registroLeido, suma));
@@ -199,7 +200,7 @@ void ListasCaja::reanudar() {
 }
 
 QString ListasCaja::MostrarTraza() const {
-  return indice_ < t_.Direcciones.size() ? QStringLiteral("C %1").arg(direccion()) : QString();
+  return indice_ < t_.Direcciones.size() ? e_.textos(kTxPasoCaja, {direccion()}) : QString();
 }
 
 }  // namespace tarvo::tareas

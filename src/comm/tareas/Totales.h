@@ -13,10 +13,13 @@ namespace tarvo::tareas {
 
 // A failure as a sentence that says where it happened: "Grupo 12, artículo 0000123: el registro es
 // demasiado corto".
-std::unexpected<Error> falloEn(const Error& e, int grupo, const QString& lugar);
+std::unexpected<Error> falloEn(const Error& e, int grupo, const QString& lugar,
+                               const Textos& textos);
+// What is wrong with a record, in words that such a sentence takes.
+std::unexpected<Error> malRegistro(const maquinas::RegistroMalo& malo, const Textos& textos);
 
 // The operator of each position of the group, from 1; 0 for a position without one.
-Resultado<std::array<qint64, 21>> leerOperadores(dao::Database& db, int grupo);
+Resultado<std::array<qint64, 21>> leerOperadores(const motor::Entorno& e, int grupo);
 
 class Totales : public motor::TrabajoTarea {
  public:

@@ -5,6 +5,7 @@
 #include "comm/maquinas/Vek.h"
 #include "comm/tareas/Fabricas.h"
 #include "comm/tareas/GranTotal.h"
+#include "comm/tareas/TextosTareas.h"
 
 namespace tarvo::tareas {
 
@@ -59,10 +60,7 @@ Resultado<> Cero::preparar() {
   if (!permiso->permitido) return suprimido(permiso->motivo);
   comprobar_ = permiso->comprobar;
   if (t_.Tipo == 3 && t_.Direcciones.empty())
-    return suprimido(
-        QStringLiteral(
-            "El grupo %1 no tiene ninguna caja dada de alta: no hay nada que poner a cero.")
-            .arg(t_.Grupo));
+    return suprimido(e_.textos(kTxSinCajasQueBorrar, {t_.Grupo}));
   std::vector<int> todas = t_.Tipo == 3 ? t_.Direcciones : std::vector<int>{0};
   for (const int a : todas) {
     if (std::ranges::find(pendientes_, a) != pendientes_.end()) continue;
@@ -97,12 +95,7 @@ Resultado<std::optional<Siguiente>> Cero::probar() {
   prueba_.reset();
   using C = totals::Sesion::Comparacion;
   if (*r == C::Mas || *r == C::SinBase)
-    return suprimido(
-        QStringLiteral(
-            "Grupo %1: la máquina %2 guarda ventas que no están memorizadas. No se pone a cero: "
-            "vuelva a recoger sus totales.")
-            .arg(t_.Grupo)
-            .arg(addr()));
+    return suprimido(e_.textos(kTxGuardaVentas, {t_.Grupo, addr()}));
   probada_ = true;
   if (*r == C::Cero) TARVO_INTENTAR(hecha());
   return std::nullopt;

@@ -48,6 +48,22 @@ QString Textos::operator()(int numero) const {
   return texto;
 }
 
+QString Textos::operator()(int numero, std::initializer_list<Dato> datos) const {
+  const QString texto = (*this)(numero);
+  QString lleno;
+  lleno.reserve(texto.size() + 32);
+  for (qsizetype i = 0; i < texto.size(); ++i) {
+    const int marca = texto[i] == u'%' && i + 1 < texto.size() ? texto[i + 1].unicode() - u'1' : -1;
+    if (marca < 0 || marca > 8 || marca >= static_cast<int>(datos.size())) {
+      lleno += texto[i];
+    } else {
+      lleno += (datos.begin() + marca)->texto();
+      ++i;
+    }
+  }
+  return lleno;
+}
+
 bool Textos::tiene(int numero) const {
   return tabla_.contains(numero);
 }

@@ -4,6 +4,8 @@
 
 #include <QString>
 #include <QStringView>
+#include <concepts>
+#include <initializer_list>
 #include <optional>
 #include <unordered_map>
 
@@ -11,6 +13,18 @@
 #include "core/valores/Resultado.h"
 
 namespace tarvo {
+
+// What fills a mark of a text: words, or a number in decimal.
+class Dato {
+ public:
+  Dato(const QString& texto) : texto_(texto) {}
+  Dato(QStringView texto) : texto_(texto.toString()) {}
+  Dato(std::integral auto numero) : texto_(QString::number(numero)) {}
+  const QString& texto() const { return texto_; }
+
+ private:
+  QString texto_;
+};
 
 class Textos {
  public:
@@ -20,6 +34,9 @@ class Textos {
   // The text of a number, after the apostrophe rule: one apostrophe at the very end goes. Empty
   // when there is none.
   QString operator()(int numero) const;
+  // The text of a number with "%1" to "%9" filled from `datos`, all at once: a mark within what is
+  // filled in stays. A mark without its datum stays too.
+  QString operator()(int numero, std::initializer_list<Dato> datos) const;
   bool tiene(int numero) const;
 
  private:

@@ -1,0 +1,48 @@
+// The texts of processes, by number; see docs/textos.md.
+#pragma once
+
+namespace tarvo::automation {
+
+enum TextoAutomation : int {
+  kTxIniciada = 8001,
+  kTxRetenida = 8002,
+  kTxInterrumpida = 8003,
+  kTxFinalizada = 8004,
+  kTxTareasTercas = 8005,
+  kTxEjecuteDeNuevo = 8006,
+  kTxSeAbandona = 8007,
+  kTxSeReintenta = 8008,
+  kTxSinDiario = 8010,
+  kTxSeReanuda = 8011,
+  kTxRechazadoAlReanudar = 8012,
+  kTxNoSeReanuda = 8013,
+  kTxPasosViejos = 8014,
+  kTxHabiaMemorizado = 8015,
+  kTxAnotacionesHechas = 8016,
+  kTxFaltaParametro = 8020,
+  kTxConfiguracionSinGuardar = 8021,
+  kTxAvanceSinAnotar = 8022,
+  kTxRechazados = 8023,
+  kTxReintentosMalos = 8024,
+  kTxOrdenNoExiste = 8025,
+  kTxTrazaSinEscribir = 8026,
+  kTxNoSeEjecutara = 8027,
+  kTxDiarioDanado = 8030,
+  kTxFaltaDiario = 8031,
+  // The language.
+  kTxEnLinea = 8040,
+  kTxNoEsTexto = 8041,
+  kTxFaltaFinal = 8042,
+  kTxFueraDeSitio = 8043,
+  kTxSinLetra = 8044,
+  kTxNoEsActivacion = 8045,
+  kTxNoEsNumero = 8046,
+  kTxNoEsSiNo = 8047,
+  kTxNoEsFecha = 8048,
+  kTxNoEsTarea = 8049,
+  kTxNoEsClasePeriodo = 8050,
+  kTxNoEsOrden = 8051,
+  kTxMensajePaso = 8100,  // to 8114: by code of a step
+};
+
+}  // namespace tarvo::automation

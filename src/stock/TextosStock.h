@@ -1,0 +1,13 @@
+// The texts of the warehouses, by number; see docs/textos.md.
+#pragma once
+
+namespace tarvo::stock {
+
+enum TextoStock : int {
+  // Names that warehouses are made with.
+  kTxAlmacenUnico = 7001,
+  kTxAlmacenNumero = 7002,
+  kTxAlmacenDeGrupo = 7003,
+};
+
+}  // namespace tarvo::stock

@@ -1,0 +1,13 @@
+// The Spanish table, for engines that a test, a benchmark or a fuzzer makes.
+#pragma once
+
+#include "core/textos/Textos.h"
+
+namespace tarvo {
+
+inline const Textos& textosDePrueba() {
+  static const Textos textos = Textos::leer(QStringLiteral(TARVO_DATOS "/textos/es.txt")).value();
+  return textos;
+}
+
+}  // namespace tarvo
