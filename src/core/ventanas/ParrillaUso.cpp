@@ -130,6 +130,11 @@ void Parrilla::Interior::moverColumna(int pasos) {
 }
 
 bool Parrilla::Interior::tecla(QKeyEvent& e) {
+  // The view would copy its current cell alone.
+  if (e.matches(QKeySequence::Copy)) {
+    yo.copiar();
+    return true;
+  }
   const auto mandos = e.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
   if (e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter) {
     if (yo.filaActual() >= 0) Q_EMIT yo.activada(yo.filaActual());
