@@ -101,6 +101,7 @@ void Parrilla::Interior::montar() {
   vaciaTexto->setWordWrap(true);
   vaciaBoton = new QToolButton(vacia);
   vaciaBoton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  vaciaBoton->setProperty("marco", true);
   vaciaBoton->hide();
   centro->addStretch();
   centro->addWidget(vaciaTexto);
@@ -132,7 +133,10 @@ void Parrilla::Interior::montar() {
           [this, h](const QPoint& p) { menuColumnas(h->mapToGlobal(p)); });
   connect(h, &QHeaderView::sortIndicatorChanged, &yo, [this](int columna, Qt::SortOrder sentido) {
     if (colocando) return;
-    if (const auto hecho = yo.ordenar(columna, sentido); !hecho) avisar(hecho.error());
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto hecho = yo.ordenar(columna, sentido);
+    QGuiApplication::restoreOverrideCursor();
+    if (!hecho) avisar(hecho.error());
   });
   connect(h, &QHeaderView::sectionResized, &yo, [this] {
     if (!colocando) elasticas = false;

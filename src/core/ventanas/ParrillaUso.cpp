@@ -48,7 +48,7 @@ void Parrilla::Interior::avisar(Error error) {
 
 void Parrilla::Interior::contar() {
   if (!c) return;
-  QString texto = Plural(t(kTxFilas), yo.filas());
+  QString texto = yo.filas() == 0 ? t(kTxNingunaFila) : Plural(t(kTxFilas), yo.filas());
   texto.replace(QString::number(yo.filas()), conPuntos(yo.filas()));
   if (yo.contando()) texto += u' ' + t(kTxContando);
   qint64 elegidas = 0;
