@@ -38,6 +38,7 @@ std::vector<int> Parrilla::Interior::columnasVistas() const {
 
 void Parrilla::Interior::decir(const QString& texto) {
   aviso->setText(texto);
+  aviso->setToolTip(texto);
 }
 
 void Parrilla::Interior::avisar(Error error) {
@@ -47,7 +48,7 @@ void Parrilla::Interior::avisar(Error error) {
 
 void Parrilla::Interior::contar() {
   if (!c) return;
-  QString texto = Plural(t(kTxFilas), yo.filas());
+  QString texto = yo.filas() == 0 ? t(kTxNingunaFila) : Plural(t(kTxFilas), yo.filas());
   texto.replace(QString::number(yo.filas()), conPuntos(yo.filas()));
   if (yo.contando()) texto += u' ' + t(kTxContando);
   qint64 elegidas = 0;
@@ -108,6 +109,7 @@ void Parrilla::Interior::menuColumnas(const QPoint& donde) {
 }
 
 void Parrilla::Interior::alternarColumna(int columna, bool visible) {
+  elasticas = false;
   yo.vista_->horizontalHeader()->setSectionHidden(columna, !visible);
   pie->update();
 }
@@ -123,10 +125,16 @@ void Parrilla::Interior::moverColumna(int pasos) {
   if (donde == vistas.end()) return;
   const auto otra = (donde - vistas.begin()) + pasos;
   if (otra < 0 || otra >= static_cast<ptrdiff_t>(vistas.size())) return;
+  elasticas = false;
   h->moveSection(h->visualIndex(*donde), h->visualIndex(vistas[static_cast<size_t>(otra)]));
 }
 
 bool Parrilla::Interior::tecla(QKeyEvent& e) {
+  // The view would copy its current cell alone.
+  if (e.matches(QKeySequence::Copy)) {
+    yo.copiar();
+    return true;
+  }
   const auto mandos = e.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
   if (e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter) {
     if (yo.filaActual() >= 0) Q_EMIT yo.activada(yo.filaActual());
@@ -234,7 +242,10 @@ void Parrilla::exportarEn(const QString& ruta) {
 }
 
 bool Parrilla::eventFilter(QObject* objeto, QEvent* evento) {
-  if (objeto == vista_->viewport() && evento->type() == QEvent::Resize) d->pintarVacia();
+  if (objeto == vista_->viewport() && evento->type() == QEvent::Resize) {
+    d->pintarVacia();
+    d->estirar();
+  }
   if (evento->type() != QEvent::KeyPress || !d->c) return QWidget::eventFilter(objeto, evento);
   auto& tecla = static_cast<QKeyEvent&>(*evento);
   if (objeto == vista_) return d->tecla(tecla);
