@@ -1,7 +1,9 @@
 #include <QClipboard>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTableView>
 #include <QTimer>
 
 #include "Muestra.h"
@@ -89,6 +91,21 @@ TEST(Ventanas, DescargaTodo) {
   EXPECT_FALSE(p.todas().DescargaTodo(principal));
   EXPECT_EQ(p.todas().abiertas().size(), 2U);
   EXPECT_TRUE(p.todas().cargada(u"Cronos"_s));
+}
+
+// Ctrl+F leads to the list that has the focus, and from elsewhere to the first.
+TEST(Ventanas, BuscarLlegaASuLista) {
+  Puesto p;
+  Muestra* v = p.abrir(u"Muestra"_s);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  const std::vector<std::pair<QWidget*, Parrilla*>> casos{{v->ui.tareas->vista(), v->ui.tareas},
+                                                          {v->ui.lista->vista(), v->ui.lista},
+                                                          {v->ui.Acepto, v->ui.lista}};
+  for (const auto& [desde, lista] : casos) {
+    desde->setFocus();
+    QTest::keyClick(desde, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(lista->campoBusca()->hasFocus());
+  }
 }
 
 // An answer is given by keys alone, and comes back to who asked.
