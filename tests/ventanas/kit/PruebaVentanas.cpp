@@ -121,6 +121,18 @@ TEST(Ventanas, ModalAceptaYRechaza) {
   EXPECT_FALSE(p.todas().cargada(u"Muestra"_s));
 }
 
+// A window that was unloaded at the very end goes before what it stands on.
+TEST(Ventanas, NingunaSobreviveAlEscritorio) {
+  QPointer<Ventana> v;
+  {
+    Puesto p;
+    v = p.abrir(u"Muestra"_s);
+    EXPECT_TRUE(v->descargar());
+    EXPECT_TRUE(v) << "deleted later, as its own keys may have closed it";
+  }
+  EXPECT_FALSE(v);
+}
+
 TEST(Ventanas, RecuerdaSuTamano) {
   Puesto p;
   Muestra* v = p.abrir(u"Muestra"_s);
