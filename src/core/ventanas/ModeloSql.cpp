@@ -190,7 +190,10 @@ void ModeloSql::seguirContando() {
   if (!contando_) return;
   // Rows that changed in between would shift the slices: what is left is read in one go.
   const bool resto = deUnaVez_ || db_.cambios() != cambiosAlLeer_;
-  if (!(resto ? contarTodo() : contarMas(kClavesPorPaso))) contando_ = false;
+  if (const auto hecho = resto ? contarTodo() : contarMas(kClavesPorPaso); !hecho) {
+    contando_ = false;
+    Q_EMIT fallido(hecho.error());
+  }
   contando_ ? turno_->unaVez(0) : turno_->parar();
   Q_EMIT recuento();
 }
@@ -275,7 +278,10 @@ ModeloSql::Pagina ModeloSql::leerPagina(int numero) const {
   const auto rs = db_.OpenQuery(
       conClaves(lectura_.origen, listaColumnas(lectura_), lectura_.origen.clave, kFilasPagina),
       valores);
-  if (!rs) return p;
+  if (!rs) {
+    Q_EMIT fallido(rs.error());
+    return p;
+  }
   for (; !(*rs)->Eof(); static_cast<void>((*rs)->MoveNext())) {
     auto& fila = p.filas[sitio[(*rs)->entero(0)]];
     fila.reserve(columnas_.size());

@@ -65,6 +65,7 @@ void Parrilla::Interior::pintarPie() {
   QStringList textos;
   if (conPie && yo.modelo() && !yo.contando()) {
     const auto sumas = yo.modelo()->sumas();
+    if (!sumas) avisar(sumas.error());
     for (size_t i = 0; sumas && i < columnas.size(); ++i)
       textos << (columnas[i].suma
                      ? yo.modelo()->formato().ver(columnas[i],
@@ -165,6 +166,11 @@ void Parrilla::Interior::saltar(const QString& texto) {
   const int columna = std::ranges::find(vistas, actual) != vistas.end() ? actual : vistas.front();
   const int desde = yo.filaActual() + (texto.size() == 1 ? 1 : 0);
   buscarDesde(texto, ModeloParrilla::Busca::Empieza, {columna}, std::max(0, desde));
+}
+
+void Parrilla::irABuscar() {
+  d->busca->setFocus();
+  d->busca->selectAll();
 }
 
 void Parrilla::buscar(const QString& texto) {

@@ -234,6 +234,21 @@ TEST(Parrilla, UnaExportacionParadaNoDejaNada) {
   EXPECT_TRUE(dicho);
 }
 
+// Rows that can't be read are not shown as empty ones without a word.
+TEST(Parrilla, DiceQueNoPuedeLeer) {
+  Lista l(5000);
+  l.abrir();
+  ASSERT_TRUE(l.contada());
+  QString dicho;
+  QObject::connect(&l.p, &Parrilla::fallo, [&](const Error& e) { dicho = e.texto; });
+  l.sql(u"DROP TABLE ART"_s);
+  l.p.irA(4000);
+  EXPECT_TRUE(esperar([&] { return !dicho.isEmpty(); }));
+  dicho.clear();
+  QTest::keyClick(l.p.vista(), Qt::Key_F5);
+  EXPECT_TRUE(esperar([&] { return !dicho.isEmpty(); }));
+}
+
 // Widths, order and visibility come back with the next window of that name.
 TEST(Parrilla, RecuerdaLasColumnas) {
   Lista l(10);

@@ -1,7 +1,9 @@
 #include <QClipboard>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTableView>
 #include <QTimer>
 
 #include "Muestra.h"
@@ -91,6 +93,21 @@ TEST(Ventanas, DescargaTodo) {
   EXPECT_TRUE(p.todas().cargada(u"Cronos"_s));
 }
 
+// Ctrl+F leads to the list that has the focus, and from elsewhere to the first.
+TEST(Ventanas, BuscarLlegaASuLista) {
+  Puesto p;
+  Muestra* v = p.abrir(u"Muestra"_s);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  const std::vector<std::pair<QWidget*, Parrilla*>> casos{{v->ui.tareas->vista(), v->ui.tareas},
+                                                          {v->ui.lista->vista(), v->ui.lista},
+                                                          {v->ui.Acepto, v->ui.lista}};
+  for (const auto& [desde, lista] : casos) {
+    desde->setFocus();
+    QTest::keyClick(desde, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(lista->campoBusca()->hasFocus());
+  }
+}
+
 // An answer is given by keys alone, and comes back to who asked.
 TEST(Ventanas, ModalAceptaYRechaza) {
   Puesto p;
@@ -102,6 +119,18 @@ TEST(Ventanas, ModalAceptaYRechaza) {
   EXPECT_TRUE(responder(Qt::Key_Space));
   EXPECT_FALSE(responder(Qt::Key_Escape));
   EXPECT_FALSE(p.todas().cargada(u"Muestra"_s));
+}
+
+// A window that was unloaded at the very end goes before what it stands on.
+TEST(Ventanas, NingunaSobreviveAlEscritorio) {
+  QPointer<Ventana> v;
+  {
+    Puesto p;
+    v = p.abrir(u"Muestra"_s);
+    EXPECT_TRUE(v->descargar());
+    EXPECT_TRUE(v) << "deleted later, as its own keys may have closed it";
+  }
+  EXPECT_FALSE(v);
 }
 
 TEST(Ventanas, RecuerdaSuTamano) {
