@@ -196,8 +196,10 @@ QByteArray MaquinaNODAL::construir(const Mensaje& mensaje) {
 }
 
 QByteArray MaquinaNODAL::conControlMalo(QByteArray trama) const {
-  char& cifra = trama[trama.size() - 2];
-  cifra = cifra == '0' ? '1' : '0';
+  // Off by 80, which no single flipped bit of the frame makes good again.
+  const qsizetype i = trama.size() - 3;
+  const int alta = trama.mid(i, 1).toInt(nullptr, 16);
+  trama[i] = QByteArray::number((alta + 5) % 16, 16).toUpper()[0];
   return trama;
 }
 

@@ -46,6 +46,7 @@ void Maquina::empezar(int secuencia) {
   secuencia_ = secuencia;
   ultima_ = -1;
   ultimaNodal_ = {};
+  seguida_ = true;
 }
 
 void Maquina::reposar() {

@@ -65,6 +65,8 @@ class Maquina {
   void esperarNODAL();
   void tiempoRespuesta(int ms) { tiempoRespuesta_ = ms; }
   int estado() const { return estado_; }
+  // Of the frame handed over last: its number follows that of the frame before it.
+  bool seguida() const { return seguida_; }
 
  private:
   struct Fila;
@@ -116,11 +118,13 @@ class Maquina {
   std::unique_ptr<Temporizador> timer_, relectura_;
 
   int estado_ = kReposo;
-  bool pedir_ = false;  // the last frame was sent by Pedir
-  int secuencia_ = 0;   // of the last frame sent
-  int ultima_ = -1;     // of the last frame accepted
-  int envios_ = 0;      // how often the present frame went out
-  int repetidas_ = 0;   // how often a repeated frame made us send it again
+  bool pedir_ = false;    // the last frame was sent by Pedir
+  int secuencia_ = 0;     // of the last frame sent
+  int ultima_ = -1;       // of the last frame accepted
+  bool primera_ = false;  // nothing has answered the present question yet
+  bool seguida_ = true;
+  int envios_ = 0;     // how often the present frame went out
+  int repetidas_ = 0;  // how often a repeated frame made us send it again
   int estacion_ = 0;
   int codigo_ = 0;
   QByteArray cuerpo_;

@@ -116,6 +116,7 @@ std::optional<tramas::TramaNODAL> Maquina::leerLinea() {
   if (datos) confirmar();
   // A frame that is sent again may come behind acknowledgements, which have numbers too.
   if (trama->secuencia == ultima_ || (datos && *trama == ultimaNodal_)) return std::nullopt;
+  seguida_ = ultima_ < 0 || trama->secuencia == ((ultima_ + 1) & 0xFF);
   ultima_ = trama->secuencia;
   if (datos) ultimaNodal_ = *trama;
   return trama;

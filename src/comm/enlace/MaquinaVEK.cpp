@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "comm/enlace/Errores.h"
 #include "comm/enlace/Maquina.h"
 #include "comm/enlace/comtvIP.h"
@@ -14,6 +16,7 @@ constexpr int kCodigoAncho = 999;  // above it the answer has the wide layout
 void Maquina::enviarVEK(int addr, int codigo, const QByteArray& datos, bool pedir) {
   quitarACKs();  // what came before the frame can't acknowledge it
   pedir_ = pedir;
+  primera_ = true;
   envios_ = 1;
   repetidas_ = 0;
   estado_ = kEsperaACK;
@@ -84,7 +87,9 @@ bool Maquina::datosTrama() {
 
 bool Maquina::datosRepetida() {
   quitarACKs();
-  leerTramas(false);
+  // A list goes on behind a frame that was sent again: its next one has been acknowledged and won't
+  // come a second time.
+  leerTramas(pedir_ && !primera_);
   if (estado_ == kRepetida) prorrogar(intervalo_);
   return true;
 }
@@ -160,16 +165,22 @@ Maquina::Leido Maquina::atender(const tramas::TramaVEK& trama, bool aceptar) {
     return Leido::Repetida;
   }
   if (!aceptar || !enVuelo()) return Leido::Pasada;
+  // After 99 comes 0, or 1 where a machine doesn't use 0. What answers a question first may be of
+  // another machine of the wire than the frame before it.
+  const bool deLista = estado_ == kEsperaTrama || estado_ == kRepetida;
+  const int tras = (ultima_ + 1) % 100;
+  seguida_ = std::exchange(primera_, false) || !deLista || trama.secuencia == tras ||
+             (tras == 0 && trama.secuencia == 1);
   ultima_ = trama.secuencia;
   // A list's client hears of every code: what it doesn't expect may be one of its records.
-  const bool posible = estado_ == kEsperaTrama || trama.codigo == codigo_;
+  const bool posible = deLista || trama.codigo == codigo_;
   if (!posible || !exterior_.encaja(trama.addr, trama.codigo, trama.datos)) return Leido::Pasada;
   acabarVEK(0, trama.addr, trama.codigo, trama.datos);
   return Leido::Aceptada;
 }
 
 void Maquina::acabarVEK(int error, int addr, int codigo, const QByteArray& datos) {
-  const bool recibo = error == 0 && estado_ == kEsperaTrama;
+  const bool recibo = error == 0 && (estado_ == kEsperaTrama || estado_ == kRepetida);
   reposar();
   recibo ? exterior_.reciboVEK(error, addr, codigo, datos)
          : exterior_.envioVEK(error, addr, codigo, datos);

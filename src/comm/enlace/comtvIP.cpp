@@ -51,6 +51,10 @@ void comtvIP::TimeOut(int ms) {
   d->maquina.tiempoRespuesta(ms);
 }
 
+bool comtvIP::Seguida() const {
+  return d->maquina.seguida();
+}
+
 bool comtvIP::Portadora() const {
   return d->conector || d->device != 1 || d->portadora;
 }

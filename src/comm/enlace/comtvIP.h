@@ -74,6 +74,9 @@ class comtvIP final : private LinkSocket::Oyente {
   int RxVEK(int addr, int codigo);
   void TimeOut(int ms);
   bool Portadora() const;
+  // Did the frame of the present event follow the machine's frame before it by its number? Only the
+  // frames of a list are looked at.
+  bool Seguida() const;
   QString Acceso() const;
   int AbiertoPara() const;
 

@@ -183,6 +183,7 @@ void gestcomm::Interior::respuesta(int c, int error, int addr, int codigo, const
   if (error != 0) return falloTrama(id, error);
   t->Estado = kTransfiriendo;
   canales[static_cast<size_t>(c)].limite = 0;
+  if (enlaces[c] && !enlaces[c]->Seguida()) t->trabajo->salto();
   if (const auto r = t->trabajo->respuesta(addr, codigo, datos); !r)
     return falloTarea(id, r.error());
   t->FallosTrama = 0;

@@ -92,6 +92,9 @@ class TrabajoTarea {
   // Takes the answer and moves on to the next step (decoder and SiguientePaso). For a NODAL
   // acknowledgement codigo is 0 and datos empty.
   virtual Resultado<> respuesta(int addr, int codigo, const QByteArray& datos) = 0;
+  // The answer that comes next doesn't follow the one before it by its number: something of the
+  // machine's may have been lost.
+  virtual void salto() {}
   // The task goes on after a failure or on a new link: a list that must start again forgets what it
   // had of the machine now served.
   virtual void reanudar() {}

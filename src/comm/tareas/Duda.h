@@ -2,7 +2,8 @@
 // acknowledgement, whoever that is meant for, and its late frames look like those of the next list;
 // registers that share a wire even answer under one number. So a list under way is noted on disk,
 // by where it comes from. Where the note of an earlier one still stands (it failed, or the program
-// was cut off), or after a failure, a list has to come alike twice running.
+// was cut off), after a failure, or when a frame's number doesn't follow the one before it, a list
+// has to come alike twice running.
 #pragma once
 
 #include <optional>
@@ -32,10 +33,7 @@ class DudaDeLista {
     empezada_ = true;
     return {};
   }
-  void dudar() {
-    dudosa_ = true;
-    leida_.reset();
-  }
+  void dudar() { dudosa_ = true; }
   // A list has ended: true when it stands, false when it is to be asked again. An Error of class
   // Formato when it never comes twice alike.
   Resultado<bool> vale(const Lista& lista) {

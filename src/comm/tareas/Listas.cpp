@@ -43,6 +43,7 @@ class Lista : public motor::TrabajoTarea {
   }
   // The link or an answer failed: late ones may come, and no frame says which lines it holds.
   void reanudar() override { dudosa_ = dudosa_ || lectura(); }
+  void salto() final { dudosa_ = dudosa_ || lectura(); }
   QString MostrarTraza() const final { return e_.textos(kTxPasoLineas, {lineas_.size()}); }
   qint64 codigoActual() const final { return static_cast<qint64>(lineas_.size()); }
 
@@ -52,9 +53,20 @@ class Lista : public motor::TrabajoTarea {
   void dudar() { dudosa_ = true; }
   // Are lines being asked for?
   virtual bool lectura() const = 0;
-  // The list has ended: true when it stands. One that was disturbed has to come alike `veces` times
-  // running; it is read again from the start.
-  Resultado<bool> vale(int veces = 2) {
+  // A frame of lines has come, which aren't added yet. Like the one before it, it may be that one
+  // sent again; like the first, the list may have begun again.
+  void anotarTrama(const QByteArray& datos) {
+    if (lineas_.empty())
+      primera_ = datos;
+    else if (datos == primera_ || datos == ultima_)
+      ++repeticiones_;
+    dudosa_ = dudosa_ || (repeticiones_ > 0 && datos == primera_);
+    ultima_ = datos;
+  }
+  // The list has ended: true when it stands. One that was disturbed has to come alike twice
+  // running, and four times with frames that repeat others; it is read again from the start.
+  Resultado<bool> vale() {
+    const int veces = std::exchange(repeticiones_, 0) > 0 ? 4 : 2;
     iguales_ = leida_ == lineas_ ? iguales_ + 1 : 1;
     if (!dudosa_ || iguales_ >= veces) return true;
     leida_ = std::exchange(lineas_, {});
@@ -77,6 +89,8 @@ class Lista : public motor::TrabajoTarea {
   const motor::Entorno e_;
   const Documento que_;
   std::vector<maquinas::Linea> lineas_;
+  QByteArray ultima_;     // frame of lines of the present reading
+  int repeticiones_ = 0;  // frames of the present reading like its first or the one before
 
  private:
   static constexpr int kVueltas = 5;
@@ -86,6 +100,7 @@ class Lista : public motor::TrabajoTarea {
   bool dudosa_ = false;  // something of another reading may come among the lines
   std::optional<std::vector<maquinas::Linea>> leida_;  // the reading before
   int vueltas_ = 0, iguales_ = 0;
+  QByteArray primera_;  // frame of the present reading
 };
 
 // Kinds 1 and 4: asked from a line number on, some lines an answer.
@@ -103,8 +118,8 @@ class ListaVek final : public Lista {
     return Siguiente{Siguiente::Enviar, 0, p.codigo, p.datos};
   }
   // The answer doesn't say which lines it holds. The very answer that was taken last may be its
-  // repetition: it isn't taken until the question has been asked again. In a list that must come
-  // twice a repetition shows anyway.
+  // repetition: it isn't taken until the question has been asked again. A list that must come
+  // several times alike takes it, and must come more often.
   bool encaja(int, int codigo, const QByteArray& datos) const override {
     return codigo == peticion().codigo &&
            (fase_ != 1 || dudosa() || preguntada_ > 1 || datos != ultima_);
@@ -116,8 +131,8 @@ class ListaVek final : public Lista {
     }
     const auto r = maquinas::vek::leerLineas(datos);
     if (!r) return falloEn(malRegistro(r.error(), e_.textos).error(), t_.Grupo, lugar(), e_.textos);
+    anotarTrama(datos);
     lineas_.insert(lineas_.end(), r->lineas.begin(), r->lineas.end());
-    ultima_ = datos;
     preguntada_ = 0;
     leidas_ = std::max(leidas_, lineas_.size());
     if (!r->fin) return {};
@@ -137,9 +152,8 @@ class ListaVek final : public Lista {
                       : maquinas::vek::lineas(static_cast<int>(lineas_.size()), inventario);
   }
   bool lectura() const override { return fase_ == 1; }
-  int fase_ = 1;       // 1 ask lines, 2 may be forgotten, 0 done
-  size_t leidas_ = 0;  // most lines so far
-  QByteArray ultima_;
+  int fase_ = 1;        // 1 ask lines, 2 may be forgotten, 0 done
+  size_t leidas_ = 0;   // most lines so far
   int preguntada_ = 0;  // how often the present question was asked
 };
 
@@ -184,8 +198,7 @@ class ListaNodalPedido final : public Lista {
       if (otraVez && !std::exchange(repetida_, true))
         return falloEn({Fallo::Formato, 7, e_.textos(kTxTramaRepetida)}, t_.Grupo, lugar(),
                        e_.textos);
-      if (otraVez) ++repeticiones_;
-      ultima_ = datos;
+      anotarTrama(datos);
       lineas_.insert(lineas_.end(), r->begin(), r->end());
     }
     return {};
@@ -216,7 +229,7 @@ class ListaNodalPedido final : public Lista {
       return {};
     }
     if (vacia_ && !lineas_.empty()) dudar();  // it was asked twice, and may have come twice
-    const auto bien = vale(std::exchange(repeticiones_, 0) > 0 ? 4 : 2);
+    const auto bien = vale();
     if (!bien) return std::unexpected(bien.error());
     fase_ = *bien ? 3 : 1;
     return {};
@@ -231,11 +244,9 @@ class ListaNodalPedido final : public Lista {
   }
   // A frame like the one before it may be that one sent twice, or lines that are alike: the list is
   // asked again until it comes twice alike without such frames, or four times with the same ones.
-  QByteArray ultima_;
   bool repetida_ = false;
-  int repeticiones_ = 0;  // such frames in the present reading
-  bool vacia_ = false;    // the list ended at once when it was asked first
-  int fase_ = 1;          // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
+  bool vacia_ = false;  // the list ended at once when it was asked first
+  int fase_ = 1;        // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
 };
 
 }  // namespace

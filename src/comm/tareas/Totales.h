@@ -79,6 +79,7 @@ class ListaNodal : public Totales {
   ListaNodal(const motor::DatosTarea& t, const motor::Entorno& e);
   bool encaja(int addr, int codigo, const QByteArray& datos) const final;
   Resultado<> respuesta(int addr, int codigo, const QByteArray& datos) final;
+  void salto() final { duda_.dudar(); }
   void reanudar() final;
   qint64 avance() const override { return fase_ == 0 ? 1 : 0; }
 
@@ -113,6 +114,7 @@ class ListasCaja : public Totales {
   ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e);
   bool encaja(int addr, int codigo, const QByteArray& datos) const final;
   Resultado<> respuesta(int addr, int codigo, const QByteArray& datos) final;
+  void salto() final { duda_.dudar(); }
   void reanudar() final;
   qint64 avance() const override { return static_cast<qint64>(indice_); }
   QString MostrarTraza() const override;
