@@ -30,6 +30,7 @@ using Notas = std::map<int, std::map<int, Nota>>;  // by address and set
 
 // What the readings show of one machine, by set.
 struct Indicio {
+  std::set<int> bases;    // something memorised was still in the machine
   std::set<int> dudosos;  // announced, not confirmed, read since, and with something memorised
   std::set<int> bajos;    // some count went down
 };
@@ -83,10 +84,14 @@ Resultado<std::map<int, Indicio>> leerIndicios(Database& db, const Ajustes& ajus
     const auto base = conBase(db, r);
     if (!bajos || !base) return std::unexpected(bajos ? base.error() : bajos.error());
     for (const int addr : *bajos) indicios[addr].bajos.insert(conjunto);
-    for (const int addr : *base)
+    for (const int addr : *base) {
+      indicios[addr].bases.insert(conjunto);
       if (const Nota& n = notas[addr][conjunto]; n.pendiente() && r.sec > n.intencion)
         indicios[addr].dudosos.insert(conjunto);
+    }
   }
+  std::erase_if(indicios,
+                [](const auto& i) { return i.second.dudosos.empty() && i.second.bajos.empty(); });
   return indicios;
 }
 
@@ -106,7 +111,9 @@ std::vector<Salida> salidasDe(int addr, const Indicio& x, std::map<int, Nota>& n
     }
     if (sabido) salidas.push_back(s);
   }
-  if (x.bajos.empty()) return salidas;
+  // To have forgotten every set that held something is to have forgotten all.
+  const auto todo = [&](const Salida& s) { return s.olvidados == x.bases; };
+  if (x.bajos.empty() || std::ranges::any_of(salidas, todo)) return salidas;
   salidas.push_back({addr, {}, true});
   for (const auto& [c, n] : notas) salidas.back().cambio[static_cast<size_t>(c)] = -n.quitado;
   return salidas;
