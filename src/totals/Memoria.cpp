@@ -181,11 +181,11 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
     aparte = queda;
   } else {
     const qint64 addr = (*rs)->entero(2);
-    const auto hecho =
-        db_.uno(u"SELECT (SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO>?)+"_s
-                u"(SELECT count(*) FROM CerosParte WHERE GRUPO=? AND ADDR=? AND CONJUNTO=? AND "_s
-                u"SEC_HECHO>?)"_s,
-                r.CODGPO, addr, sec, r.CODGPO, addr, conjuntoDe(r.clase), sec);
+    const auto hecho = db_.uno(
+        u"SELECT (SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO>?)+"_s
+        u"(SELECT count(*) FROM CerosParte WHERE GRUPO=? AND ADDR=? AND CONJUNTO=? AND "_s
+        u"SEC_HECHO>?)"_s,
+        r.CODGPO, addr, sec, r.CODGPO, addr, conjuntoDe(r.clase), sec);
     if (!hecho) return std::unexpected(hecho.error());
     queda = hecho->entero() == 0;
   }
