@@ -4,7 +4,9 @@
 #include <map>
 #include <set>
 
+#include "totals/BasesInterior.h"
 #include "totals/Memoria.h"
+#include "totals/Partes.h"
 #include "totals/SesionInterior.h"
 #include "totals/TextosTotals.h"
 
@@ -20,36 +22,27 @@ QString textoDe(const char16_t* s) {
   return QString::fromUtf16(s);
 }
 
-// A reading of the open session whose machine held memorised sales when it was read. Where those
-// didn't foot they may be too many, and a lower count proves nothing: such a group was not zeroed
-// by us.
-struct Releida {
-  int grupo = 0;
-  const ClaseTotal* clase = nullptr;
-  bool varias = false, entera = true;
-  qint64 addr = 0;
-};
+}  // namespace
 
 Resultado<std::vector<Releida>> releidas(Database& db, const Ajustes& ajustes) {
   std::vector<Releida> lista;
   for (const ClaseTotal& c : enVigor(ajustes)) {
     auto rs = db.consultar(
         QString(
-            u"SELECT GRUPO, MAQUINAS, ENTERA, ADDR FROM Lecturas, Sesiones WHERE CODGPO=GRUPO AND "_s
+            u"SELECT GRUPO, MAQUINAS, ENTERA, ADDR, SEC FROM Lecturas, Sesiones WHERE CODGPO=GRUPO AND "_s
             u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND BASE_DUDOSA=0 AND "_s +
             textoDe(c.sesion) + u" ORDER BY GRUPO"_s),
         c.numero);
     if (!rs) return std::unexpected(rs.error());
     for (; !(*rs)->Eof();) {
       lista.push_back({static_cast<int>((*rs)->entero(0)), &c, (*rs)->entero(1) > 1,
-                       (*rs)->logico(2), (*rs)->entero(3)});
+                       (*rs)->logico(2), (*rs)->entero(3), (*rs)->entero(4)});
       TARVO_INTENTAR((*rs)->MoveNext());
     }
   }
   return lista;
 }
 
-// The addresses of the group of which a count went down in this kind.
 Resultado<std::set<int>> bajaron(Database& db, const Releida& r) {
   const QString hora = r.varias           ? u"n.HORA=b.HORA"_s
                        : r.clase->conHora ? u"n.HORA=b.HORA"_s
@@ -73,6 +66,8 @@ Resultado<std::set<int>> bajaron(Database& db, const Releida& r) {
   }
   return addrs;
 }
+
+namespace {
 
 // Since when the machine counts afresh: the zeroing that was begun and not confirmed, else the
 // reading that was memorised.
@@ -136,8 +131,8 @@ Resultado<std::multimap<qint64, int>> sumasRecibidas(Database& db, const Ajustes
   return sumas;
 }
 
-// The group stays out of this memorisation, and isn't zeroed: its next whole reading holds all that
-// this one does.
+}  // namespace
+
 Resultado<> dejarFuera(Database& db, const Ajustes& ajustes, int grupo) {
   for (const ClaseTotal& c : enVigor(ajustes))
     TARVO_INTENTAR(db.ejecutar(
@@ -147,7 +142,6 @@ Resultado<> dejarFuera(Database& db, const Ajustes& ajustes, int grupo) {
   return {};
 }
 
-// What is said and done of the machines that have forgotten.
 Resultado<> darPorOlvidadas(Database& db, const Ajustes& ajustes, int grupo,
                             const std::set<int>& addrs, const Textos& textos,
                             std::vector<Aviso>& avisos) {
@@ -162,8 +156,6 @@ Resultado<> darPorOlvidadas(Database& db, const Ajustes& ajustes, int grupo,
   return {};
 }
 
-}  // namespace
-
 // A reading that went wrong may be lower than it should be. So a kind that went down counts only
 // when another kind of the same session has the same amount, or when no other was ever memorised;
 // without any two that agree nobody can tell.
@@ -171,13 +163,21 @@ Resultado<> resolverBases(Database& db, const Ajustes& ajustes, const Textos& te
                           std::vector<Aviso>& avisos) {
   const auto lista = releidas(db, ajustes);
   if (!lista) return std::unexpected(lista.error());
+  const auto aMedias = gruposAMedias(db);
+  if (!aMedias) return std::unexpected(aMedias.error());
   std::map<int, std::map<int, std::set<int>>> bajadas;  // group, kind, addresses
   for (const Releida& r : *lista) {
+    if (aMedias->contains(r.grupo)) continue;
     const auto addrs = bajaron(db, r);
     if (!addrs) return std::unexpected(addrs.error());
     if (!addrs->empty()) bajadas[r.grupo][r.clase->numero] = *addrs;
   }
   std::set<int> ceros;
+  for (const int grupo : *aMedias) {
+    const auto sabido = resolverPartes(db, ajustes, textos, grupo, avisos);
+    if (!sabido) return std::unexpected(sabido.error());
+    if (!*sabido) ceros.insert(grupo);
+  }
   for (const auto& [grupo, clases] : bajadas) {
     const auto sumas = sumasRecibidas(db, ajustes, grupo);
     if (!sumas) return std::unexpected(sumas.error());

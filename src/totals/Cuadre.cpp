@@ -2,6 +2,7 @@
 
 #include "totals/Calendario.h"
 #include "totals/Dinero.h"
+#include "totals/Partes.h"
 #include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
@@ -30,6 +31,15 @@ Resultado<bool> comparable(dao::Database& db, int numero, qint64 link, int grupo
       grupo, numero);
   if (!n) return std::unexpected(n.error());
   return n->entero() > 0;
+}
+
+// What the inbox rows of a kind are behind, because their set of counters was cleared by itself.
+// Nothing when nobody knows.
+Resultado<std::optional<qint64>> ajusteDe(dao::Database& db, int numero, int grupo) {
+  auto rs = db.consultar(u"SELECT AJUSTE FROM Lecturas WHERE GRUPO=? AND CLASE=?"_s, grupo, numero);
+  if (!rs) return std::unexpected(rs.error());
+  if ((*rs)->Eof()) return 0;
+  return (*rs)->nulo(0) ? std::nullopt : std::optional((*rs)->entero(0));
 }
 
 // The periods that were added into this one, by number.
@@ -97,14 +107,21 @@ Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajust
   if (!gran) return std::unexpected(gran.error());
   // A grand total that was read and holds nothing must foot too: its record may have been lost.
   if (!*hay || (link != 0 && gran->first == 0)) return lista;
+  const auto ajusteGran = ajusteDe(db, kGranTotal, grupo);
+  if (!ajusteGran) return std::unexpected(ajusteGran.error());
   for (const ClaseTotal& c : enVigor(ajustes)) {
     if (c.numero == kGranTotal) continue;
     const auto vale = comparable(db, c.numero, link, grupo);
     if (!vale) return std::unexpected(vale.error());
     const auto suma = sumaDe(db, c.numero, link, grupo);
     if (!suma) return std::unexpected(suma.error());
-    if (*vale && (link == 0 || suma->first > 0))
+    const auto ajuste = ajusteDe(db, c.numero, grupo);
+    if (!ajuste) return std::unexpected(ajuste.error());
+    if (!*vale || (link != 0 && suma->first == 0)) continue;
+    if (link != 0 || conjuntoDe(c.numero) == conjuntoDe(kGranTotal))
       lista.push_back({c.numero, gran->second, suma->second});
+    else if (*ajusteGran && *ajuste)
+      lista.push_back({c.numero, gran->second + **ajusteGran, suma->second + **ajuste});
   }
   return lista;
 }

@@ -5,6 +5,8 @@
 #include <map>
 #include <set>
 
+#include "totals/Partes.h"
+
 namespace tarvo::totals {
 
 using namespace Qt::StringLiterals;
@@ -63,6 +65,11 @@ Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool su
   if (!viejo) return std::unexpected(viejo.error());
   if ((*viejo)->entero(0) == 0) return r.conBase ? Modo::Sumar : Modo::Nueva;
   if (!sustituir || r.conBase) return Modo::Sumar;
+  // A part of this group was zeroed by itself, so that its counters hold new sales only.
+  const auto parte = db_.uno(
+      u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND (AJUSTE IS NULL OR AJUSTE<>0)"_s, r.CODGPO);
+  if (!parte) return std::unexpected(parte.error());
+  if (parte->entero() > 0) return Modo::Sumar;
   const auto nuevo =
       db_.uno(QString(u"SELECT SUM(CON) FROM "_s + u16(c->tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
               r.CODGPO);
@@ -159,8 +166,9 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
     TARVO_INTENTAR(db_.ejecutar(
         u"INSERT INTO BaseFilas SELECT * FROM LectFilas WHERE GRUPO=? AND CLASE=? AND "_s
         u"ADDR NOT IN (SELECT ADDR FROM Ceros "_s
-        u"WHERE Ceros.GRUPO=LectFilas.GRUPO AND SEC_HECHO>?)"_s,
-        r.CODGPO, r.clase, sec));
+        u"WHERE Ceros.GRUPO=LectFilas.GRUPO AND SEC_HECHO>? UNION SELECT ADDR FROM CerosParte p "_s
+        u"WHERE p.GRUPO=LectFilas.GRUPO AND CONJUNTO=? AND SEC_HECHO>?)"_s,
+        r.CODGPO, r.clase, sec, conjuntoDe(r.clase), sec));
     const auto todas =
         db_.uno(u"SELECT count(*) FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO, r.clase);
     const auto base =
@@ -169,9 +177,12 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
     queda = base->entero() > 0;
     aparte = queda;
   } else {
-    const auto hecho =
-        db_.uno(u"SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO>?"_s, r.CODGPO,
-                (*rs)->entero(2), sec);
+    const qint64 addr = (*rs)->entero(2);
+    const auto hecho = db_.uno(
+        u"SELECT (SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO>?)+"_s
+        u"(SELECT count(*) FROM CerosParte WHERE GRUPO=? AND ADDR=? AND CONJUNTO=? AND "_s
+        u"SEC_HECHO>?)"_s,
+        r.CODGPO, addr, sec, r.CODGPO, addr, conjuntoDe(r.clase), sec);
     if (!hecho) return std::unexpected(hecho.error());
     queda = hecho->entero() == 0;
   }

@@ -84,8 +84,18 @@ class Sesion {
   // --- zeroing
   // ------------------------------------------------------------------------------------
   Resultado<PermisoCero> permisoCero(int grupo);
-  // On disk before the frame goes: this machine is about to be told to forget.
-  Resultado<> anunciarCero(int grupo, int addr);
+  // On disk before the frame goes: this machine is about to be told to forget. A machine that
+  // forgets in several frames is announced before each, with the set of counters that it clears.
+  Resultado<> anunciarCero(int grupo, int addr, int conjunto = 0);
+  // A set of counters was confirmed as cleared, others of the machine are yet to follow.
+  Resultado<> parteHecha(int grupo, int addr, int conjunto);
+  // What this run has told a machine since its group was last read: the set that comes next, and
+  // whether any was announced.
+  struct Partes {
+    int siguiente = 1;
+    bool empezada = false;
+  };
+  Resultado<Partes> partesHechas(int grupo, int addr);
   // The machine of this address has confirmed. When `ultima`, the group's PZERO is written too
   // (MarcarSesion 6).
   Resultado<> ceroHecho(int grupo, int addr, bool ultima);

@@ -1,6 +1,7 @@
 // Telling a machine to forget: who may be told, the intention on disk before the frame goes, and
 // what is written when the machine has confirmed.
 #include "totals/Cuadre.h"
+#include "totals/Partes.h"
 #include "totals/SesionInterior.h"
 #include "totals/TextosTotals.h"
 
@@ -83,6 +84,7 @@ Resultado<> marcarPuestaACero(Database& db, int grupo, Fecha cuando) {
 Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
   // A zeroing that comes before the memorisation: sales made while the group was read show here.
   std::vector<Aviso> diferencias;
+  if (d->abierta == 2) TARVO_INTENTAR(resolverPartes(db_, ajustes_, textos_, grupo, diferencias));
   if (d->abierta == 2) TARVO_INTENTAR(anotarCuadre(db_, ajustes_, textos_, grupo, diferencias));
   const auto motivo = motivoDeLecturas(db_, textos_, grupo);
   if (!motivo) return std::unexpected(motivo.error());
@@ -111,7 +113,7 @@ Resultado<> Sesion::anotarCierreFallido() {
   return tr->confirmar();
 }
 
-Resultado<> Sesion::anunciarCero(int grupo, int addr) {
+Resultado<> Sesion::anunciarCero(int grupo, int addr, int conjunto) {
   auto tr = dao::Transaccion::empezar(db_);
   if (!tr) return std::unexpected(tr.error());
   const auto sec = d->valores.siguienteSecuencia();
@@ -123,7 +125,32 @@ Resultado<> Sesion::anunciarCero(int grupo, int addr) {
                    u"INTENCION=excluded.INTENCION, "_s
                    u"SEC_INTENCION=excluded.SEC_INTENCION"_s,
                    grupo, addr, d->ejecucion, reloj_.ahora(), *sec));
+  if (conjunto > 0)
+    TARVO_INTENTAR(anunciarParte(db_, {grupo, addr, conjunto}, d->ejecucion, reloj_.ahora(), *sec));
   return tr->confirmar();
+}
+
+Resultado<> Sesion::parteHecha(int grupo, int addr, int conjunto) {
+  auto tr = dao::Transaccion::empezar(db_);
+  if (!tr) return std::unexpected(tr.error());
+  const auto sec = d->valores.siguienteSecuencia();
+  if (!sec) return std::unexpected(sec.error());
+  TARVO_INTENTAR(confirmarParte(db_, {grupo, addr, conjunto}, d->ejecucion,
+                                d->abierta > 0 ? d->aCero : reloj_.ahora(), *sec));
+  const auto esperan = clasesQueEsperan(db_, ajustes_, grupo, d->abierta);
+  if (!esperan) return std::unexpected(esperan.error());
+  TARVO_INTENTAR(olvidarParte(db_, {grupo, addr, conjunto}, *esperan));
+  return tr->confirmar();
+}
+
+Resultado<Sesion::Partes> Sesion::partesHechas(int grupo, int addr) {
+  auto rs = db_.consultar(
+      u"SELECT count(*), MAX(CASE WHEN SEC_HECHO>=SEC_INTENCION THEN CONJUNTO ELSE 0 END) FROM "_s
+      u"CerosParte WHERE GRUPO=? AND ADDR=? AND EJECUCION=? AND SEC_INTENCION>(SELECT "_s
+      u"COALESCE(MAX(SEC), 0) FROM Lecturas WHERE Lecturas.GRUPO=CerosParte.GRUPO)"_s,
+      grupo, addr, d->ejecucion);
+  if (!rs) return std::unexpected(rs.error());
+  return Partes{static_cast<int>((*rs)->entero(1)) + 1, (*rs)->entero(0) > 0};
 }
 
 Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima) {
@@ -138,6 +165,7 @@ Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima) {
       u"EJECUCION=excluded.EJECUCION, "_s
       u"HECHO=excluded.HECHO, SEC_HECHO=excluded.SEC_HECHO"_s,
       grupo, addr, d->ejecucion, ahora, *sec, ahora, *sec));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM CerosParte WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
   const auto esperan = clasesQueEsperan(db_, ajustes_, grupo, d->abierta);
   if (!esperan) return std::unexpected(esperan.error());
   if (ultima) {
@@ -161,22 +189,10 @@ Resultado<bool> Sesion::ceroYaHecho(int grupo, int addr) {
 
 Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
                                                          const Contadores& leido) {
-  auto rs = db_.consultar(u"SELECT MAQUINAS FROM Lecturas WHERE GRUPO=? AND CLASE=? AND ESTADO=2"_s,
-                          grupo, kGranTotal);
-  if (!rs) return std::unexpected(rs.error());
-  if ((*rs)->Eof()) return Comparacion::SinBase;
-  const bool varias = (*rs)->entero(0) > 1;
-  auto base =
-      varias
-          ? db_.consultar(
-                u"SELECT SUM(CON), SUM(IMP), SUM(PES) FROM LectFilas WHERE GRUPO=? AND CLASE=? AND "_s
-                u"ADDR=?"_s,
-                grupo, kGranTotal, addr)
-          : db_.consultar(
-                u"SELECT SUM(CON), SUM(IMP), SUM(PES) FROM TOTGRT WHERE LINK=0 AND GRUPO=?"_s,
-                grupo);
+  const auto base = granTotalLeido(db_, grupo, addr);
   if (!base) return std::unexpected(base.error());
-  const qint64 con = (*base)->entero(0), imp = (*base)->entero(1), pes = (*base)->entero(2);
+  if (!*base) return Comparacion::SinBase;
+  const qint64 con = (*base)->CON, imp = (*base)->IMP, pes = (*base)->PES;
   if (leido.CON == con && leido.IMP == imp && leido.PES == pes) return Comparacion::Igual;
   if (leido.CON < con || (leido.CON == 0 && leido.IMP == 0)) return Comparacion::Cero;
   return Comparacion::Mas;

@@ -1,4 +1,5 @@
 // Storing what a task read: one transaction for the rows, the marks and the record of the reading.
+#include "totals/Partes.h"
 #include "totals/SesionInterior.h"
 #include "totals/TextosTotals.h"
 
@@ -163,6 +164,7 @@ Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura
         u"CLASE=?"_s,
         *sec, reloj_.ahora(), lectura.entera, maquinas,
         maquinas == 1 ? lectura.maquinas.begin()->first : 0, grupo, numero));
+    TARVO_INTENTAR(anotarPartes(db_, grupo, *c));
     TARVO_INTENTAR(ponerEstado(2));
     return tr->confirmar();
   };

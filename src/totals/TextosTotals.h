@@ -18,6 +18,8 @@ enum TextoTotals : int {
   kTxNoEsDeTotales = 6039,
   kTxMemoriceAntes = 6040,
   kTxCeroPosterior = 6041,
+  kTxCeroAMedias = 6042,
+  kTxCeroSinSaber = 6043,
   // Periods, export and import.
   kTxSinPeriodo = 6050,
   kTxFueraDeRango = 6051,

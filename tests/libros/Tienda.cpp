@@ -67,7 +67,7 @@ void Tienda::leerSolo(int numero, int clase) {
   totals::Lectura lectura;
   for (const auto& [addr, maquina] : grupos.at(numero)) {
     auto& filas = lectura.maquinas[addr];
-    for (const auto& [codigo, c] : maquina.articulos) {
+    for (const auto& [codigo, c] : clase == kPLUs ? maquina.articulos : maquina.totales) {
       const qint64 clave = clase == kPLUs ? codigo : clase == kGranTotal ? numero : codigo % 3;
       filas[{clave, 0}] += c;
     }

@@ -13,15 +13,17 @@
 
 namespace tarvo::prueba {
 
-// Counters by article; several registers may stand behind one group.
+// Counters by article, once for the articles and once for the totals, which a register clears
+// apart; several registers may stand behind one group.
 struct MaquinaContable {
-  std::map<qint64, totals::Contadores> articulos;
+  using Cuentas = std::map<qint64, totals::Contadores>;
+  Cuentas articulos, totales;
   qint64 vendido = 0;  // amount of all sales ever, zeroed or not
   void vender(qint64 articulo, qint64 importe, qint64 gramos) {
-    articulos[articulo] += {1, gramos, importe, 0};
+    for (auto* c : {&articulos, &totales}) (*c)[articulo] += {1, gramos, importe, 0};
     vendido += importe;
   }
-  void ponerACero() { articulos.clear(); }
+  void ponerACero() { articulos.clear(), totales.clear(); }
 };
 
 class Tienda {

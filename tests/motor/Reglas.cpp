@@ -166,6 +166,56 @@ TEST_F(Reglas, TrasUnCorteSoloSePoneACeroLoQueNoHaVendido) {
   EXPECT_EQ(maquina(3).memoria().puestas().size(), 1U);
 }
 
+// The register is silent at one frame, and the zeroing is asked for again without a new reading.
+TEST_F(Reglas, ElRegistroAMediasSigueDondeQuedo) {
+  struct Caso {
+    int calla;      // deaf for this frame
+    bool borra;     // ... but it obeys the first time
+    bool vende;     // before the second try
+    QString luego;  // what the second try sends behind the grand total
+  };
+  const Caso casos[] = {{3054, false, false, QStringLiteral("3054 3056 3058")},
+                        {3054, true, false, QStringLiteral("3054 3056 3058")},
+                        {3056, false, false, QStringLiteral("3056 3058")},
+                        {3056, true, false, QStringLiteral("3058")},
+                        {3058, false, false, QStringLiteral("3058")},
+                        {3054, true, true, {}},
+                        {3056, false, true, {}},
+                        {3056, true, true, {}},
+                        {3058, false, true, {}}};
+  grupo(3, 3, QStringLiteral("cable 3"), {4});
+  articulo(10, QStringLiteral("2000010"));
+  for (const bool reanuda : {false, true})
+    for (const Caso& c : casos) {
+      SCOPED_TRACE(QStringLiteral("%1 %2 %3 %4")
+                       .arg(c.calla)
+                       .arg(c.borra)
+                       .arg(c.vende)
+                       .arg(reanuda)
+                       .toStdString());
+      for (int n = 0; n < 3; ++n) vender(3, 10, 200, 0, 1, 4);
+      leida(3);
+      auto& percances = maquina(3, 4).percances();
+      std::vector<simulador::Paso> guion;
+      if (c.borra) guion.push_back({Averia::CeroSinRespuesta, 1, c.calla});
+      for (int n = c.borra ? 2 : 1; n < 20; ++n) guion.push_back({Averia::Sorda, n, c.calla});
+      maquina(3, 4).cambiarPercances(simulador::Percances({.guion = guion}, 1));
+      encolar(3, 6);
+      ASSERT_TRUE(correr());
+      percances.cambiar({});
+      arrancar(reanuda);
+      if (c.vende) vender(3, 10, 300, 0, 1, 4);
+      const auto antes = oidas(3, 4).size();
+      encolar(3, 6);
+      ASSERT_TRUE(correr());
+      EXPECT_EQ(oidas(3, 4).mid(antes).filter(QStringLiteral("30")).join(u' '), c.luego);
+      EXPECT_EQ(maquina(3, 4).memoria().contadores().articulos.empty(), !c.vende);
+      maquina(3, 4).memoria().ponerACero(reloj.ahora(), 0, simulador::kTodos);
+      bien(sesion->ceroHecho(3, 4, true));
+      bien(sesion->ponerEstado(0));
+    }
+}
+
 // What a fault may do to a reading: nothing that shows in the rows.
 TEST_F(Reglas, LasAveriasNoCambianLoLeido) {
   ajustes->TimeOut = 3000;

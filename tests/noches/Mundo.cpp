@@ -122,7 +122,7 @@ void Mundo::empezarNoche(const PlanNoche& n) {
                                                                  : std::vector{2057};
     std::vector<simulador::Paso> guion;
     for (const auto& p : fallos.guion)
-      for (const int codigo : p.codigo == -2 ? ceros : p.codigo == -3 ? plus : std::vector{-1}) {
+      for (const int codigo : p.codigo == -2 ? ceros : p.codigo == -3 ? plus : std::vector{p.codigo}) {
         guion.push_back(p);
         guion.back().codigo = codigo;
       }
@@ -186,19 +186,11 @@ void Mundo::noche(int n) {
             .arg(enNoche_));
   v_.arranques += arranques;
   v_.conProblemas += resultado != 0;
-  bool aMedias = false;
-  for (auto& m : maquinas_) {
-    std::array<int, 3> partes{};
-    for (const auto& z : m.maquina->memoria().puestas())
-      for (int i = 0; i < 3; ++i) partes[static_cast<std::size_t>(i)] += (z.conjuntos >> i) & 1;
-    m.aMedias = m.aMedias || partes[0] != partes[1] || partes[1] != partes[2];
-    aMedias = aMedias || m.aMedias;
-  }
   // What earlier nights left may be said in the first calm one, and keep a group out of it; then
   // there is nothing left.
   const bool ultima = n + 1 == static_cast<int>(plan_.noches.size());
   oraculo_->finDeNoche(resultado, p.calma && (ultima || !hayFallos_), arranques);
-  const bool todosACero = !aMedias && plan_.aCero.size() == plan_.grupos.size();
+  const bool todosACero = plan_.aCero.size() == plan_.grupos.size();
   if (p.calma && resultado != 0 && todosACero && (ultima || !hayFallos_))
     fallar(QStringLiteral("noche en calma con resultado %1").arg(resultado.value_or(-1)));
   hayFallos_ = hayFallos_ || !p.calma;

@@ -202,7 +202,6 @@ std::vector<std::size_t> Oraculo::minimos(int clase, bool todo) const {
 
 void Oraculo::contado(int grupo, int clase, const std::vector<std::size_t>& minimo, bool conBandeja,
                       const QString& cuando) {
-  if (aMedias(grupo)) return;
   Sumas s = enPeriodos(clase);
   const auto mal = encaja(grupo, clase, minimo, s);
   if (!mal) return;
@@ -229,12 +228,6 @@ void Oraculo::contado(int grupo, int clase, const std::vector<std::size_t>& mini
                return 0;
              }())
              .arg(*mal, b.grupos.contains(grupo) ? QStringLiteral(" (con bandeja)") : QString()));
-}
-
-bool Oraculo::aMedias(int grupo) const {
-  for (const auto& m : maquinas_)
-    if (m.grupo->codigo == grupo && m.aMedias) return true;
-  return false;
 }
 
 void Oraculo::puestaACero(std::size_t maquina) {

@@ -21,9 +21,6 @@ struct MaquinaViva {
   std::size_t puestas = 0;    // zeroings seen so far
   std::size_t alEmpezar = 0;  // sales and zeroings when the night began
   std::size_t puestasAlEmpezar = 0;
-  // A register that was told to forget a part and not the rest: its totals don't foot from then on,
-  // which is said every night, and somebody has to finish the zeroing by hand.
-  bool aMedias = false;
   struct Linea {
     simulador::Lista lista;
     qint64 peso = 0;  // no two lines of a shop have the same
@@ -58,7 +55,6 @@ class Oraculo {
   std::optional<QString> encaja(int grupo, int clase, const std::vector<std::size_t>& minimos,
                                 const Sumas& hay) const;
   std::vector<std::size_t> minimos(int clase, bool todo) const;
-  bool aMedias(int grupo) const;
   void grupos(bool todo, const QString& cuando);
   void semanas();
   void stock();

@@ -18,8 +18,9 @@ std::unexpected<Error> suprimido(const QString& texto) {
 }
 
 // Tells each machine of a group to forget its counters. The intention is on disk before a machine's
-// first frame, the outcome right behind its answer. Where the run goes on from one that was cut
-// off, the machine must first show that it holds what was read of it.
+// first frame, the outcome right behind its answer; a register, which clears one set of counters a
+// frame, is noted set by set. Where the run goes on from one that was cut off, or the machine was
+// left half cleared, it must first show that it holds what was read of it.
 class Cero final : public motor::TrabajoTarea {
  public:
   Cero(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e), toda_(t.Todo) {}
@@ -37,7 +38,10 @@ class Cero final : public motor::TrabajoTarea {
 
  private:
   Resultado<> preparar();
+  Resultado<> mirar();
   Resultado<std::optional<Siguiente>> probar();
+  Resultado<> juzgar(const totals::Contadores& leido);
+  Resultado<> parteHecha();
   Resultado<> hecha();
   Siguiente trama() const;
   int pasos() const { return t_.Tipo == 3 ? maquinas::caja::kPasosCero : t_.Tipo == 2 ? 2 : 1; }
@@ -46,6 +50,7 @@ class Cero final : public motor::TrabajoTarea {
   const motor::DatosTarea t_;
   const motor::Entorno e_;
   bool toda_, preparada_ = false, comprobar_ = false, probada_ = false, anunciada_ = false;
+  bool mirada_ = false, empezada_ = false;  // whether sets of the present machine were announced
   std::vector<int>
       pendientes_;  // machines yet to forget, by address; 0 where the group answers as one
   size_t maquina_ = 0;
@@ -90,27 +95,53 @@ Resultado<std::optional<Siguiente>> Cero::probar() {
   totals::Contadores leido;
   for (const auto& [maquina, filas] : prueba_->lectura().maquinas)
     for (const auto& [clave, c] : filas) leido += c;
+  TARVO_INTENTAR(juzgar(leido));
+  return std::nullopt;
+}
+
+// Takes the machine up where it was left, by the grand total that it has just told. Its own set is
+// the second.
+Resultado<> Cero::juzgar(const totals::Contadores& leido) {
   const auto r = e_.sesion.compararGranTotal(t_.Grupo, addr(), leido);
   if (!r) return std::unexpected(r.error());
   prueba_.reset();
+  probada_ = true;
   using C = totals::Sesion::Comparacion;
+  if (t_.Tipo == 3 && paso_ == 3) return leido.cero() ? Resultado<>{} : hecha();
+  if (*r == C::SinBase && !comprobar_) {
+    paso_ = 1;
+    return {};
+  }
   if (*r == C::Mas || *r == C::SinBase)
     return suprimido(e_.textos(kTxGuardaVentas, {t_.Grupo, addr()}));
-  probada_ = true;
-  if (*r == C::Cero) TARVO_INTENTAR(hecha());
-  return std::nullopt;
+  if (*r != C::Cero) return {};
+  if (t_.Tipo != 3 || paso_ != 2 || !leido.cero()) return hecha();
+  return parteHecha();
+}
+
+// Where the machine stands: a set that was confirmed is not cleared again.
+Resultado<> Cero::mirar() {
+  if (mirada_ || t_.Tipo != 3) return {};
+  const auto p = e_.sesion.partesHechas(t_.Grupo, addr());
+  if (!p) return std::unexpected(p.error());
+  paso_ = std::min(p->siguiente, pasos());
+  empezada_ = p->empezada;
+  mirada_ = true;
+  return {};
 }
 
 Resultado<Siguiente> Cero::siguiente() {
   TARVO_INTENTAR(preparar());
   while (maquina_ < pendientes_.size()) {
-    if (comprobar_ && !probada_) {
+    TARVO_INTENTAR(mirar());
+    if ((comprobar_ || empezada_) && !probada_) {
       auto s = probar();
       if (!s) return std::unexpected(s.error());
       if (*s) return **s;
       continue;
     }
-    if (!anunciada_) TARVO_INTENTAR(e_.sesion.anunciarCero(t_.Grupo, addr()));
+    if (!anunciada_)
+      TARVO_INTENTAR(e_.sesion.anunciarCero(t_.Grupo, addr(), t_.Tipo == 3 ? paso_ : 0));
     anunciada_ = true;
     return trama();
   }
@@ -136,18 +167,24 @@ bool Cero::encaja(int addrTrama, int codigo, const QByteArray& datos) const {
 Resultado<> Cero::respuesta(int addrTrama, int codigo, const QByteArray& datos) {
   if (prueba_) return prueba_->respuesta(addrTrama, codigo, datos);
   if (maquina_ >= pendientes_.size()) return {};
-  if (paso_ < pasos()) {
-    ++paso_;
-    return {};
-  }
-  return hecha();
+  if (paso_ == pasos()) return hecha();
+  if (t_.Tipo == 3) return parteHecha();
+  ++paso_;
+  return {};
+}
+
+Resultado<> Cero::parteHecha() {
+  TARVO_INTENTAR(e_.sesion.parteHecha(t_.Grupo, addr(), paso_));
+  ++paso_;
+  anunciada_ = false;
+  return {};
 }
 
 Resultado<> Cero::hecha() {
   TARVO_INTENTAR(e_.sesion.ceroHecho(t_.Grupo, addr(), maquina_ + 1 == pendientes_.size()));
   ++maquina_;
   paso_ = 1;
-  probada_ = anunciada_ = false;
+  probada_ = anunciada_ = mirada_ = false;
   return {};
 }
 
