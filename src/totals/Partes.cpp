@@ -80,7 +80,13 @@ Resultado<> olvidarParte(Database& db, Parte p, const QString& menos) {
   return {};
 }
 
-Resultado<> anotarPartes(Database& db, int grupo, const ClaseTotal& c) {
+Resultado<> anotarPartes(Database& db, int grupo, const ClaseTotal& c, const Lectura& lectura) {
+  QStringList addrs;
+  for (const auto& [addr, filas] : lectura.maquinas) addrs << QString::number(addr);
+  if (!addrs.isEmpty())
+    TARVO_INTENTAR(db.ejecutar(QString(u"DELETE FROM CerosParte WHERE GRUPO=? AND ADDR NOT IN ("_s +
+                                       addrs.join(u',') + u")"_s),
+                               grupo));
   auto rs = db.consultar(
       u"SELECT count(*), count(QUITADO), SUM(QUITADO), MAX(HECHO) FROM CerosParte WHERE GRUPO=? AND "_s
       u"CONJUNTO=? AND SEC_HECHO>0"_s,

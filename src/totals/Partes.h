@@ -27,7 +27,9 @@ Resultado<> confirmarParte(dao::Database& db, Parte p, qint64 ejecucion, Fecha c
 Resultado<> olvidarParte(dao::Database& db, Parte p, const QString& menos);
 // For a reading that was just noted: since when it counts, and by how much its sum is behind that
 // of sets that were not cleared.
-Resultado<> anotarPartes(dao::Database& db, int grupo, const ClaseTotal& clase);
+// A machine that is not in the reading has left the group.
+Resultado<> anotarPartes(dao::Database& db, int grupo, const ClaseTotal& clase,
+                         const Lectura& lectura);
 
 // Groups of which some machine has forgotten a part, or was about to, and not the rest.
 Resultado<std::set<int>> gruposAMedias(dao::Database& db);

@@ -164,7 +164,7 @@ Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura
         u"CLASE=?"_s,
         *sec, reloj_.ahora(), lectura.entera, maquinas,
         maquinas == 1 ? lectura.maquinas.begin()->first : 0, grupo, numero));
-    TARVO_INTENTAR(anotarPartes(db_, grupo, *c));
+    TARVO_INTENTAR(anotarPartes(db_, grupo, *c, lectura));
     TARVO_INTENTAR(ponerEstado(2));
     return tr->confirmar();
   };

@@ -94,6 +94,19 @@ TEST_F(PartesTest, QuienLaAcabaAManoNoEstorba) {
   EXPECT_TRUE(t.ponerACero(2));
 }
 
+TEST_F(PartesTest, LaCajaQueSeCambiaPorOtraNoDejaDuda) {
+  leidaYMemorizada(20);
+  borrarArticulosSinSaberlo();
+  auto& cajas = t.grupos.at(2);
+  cajas[3].vendido = cajas.at(1).vendido;  // only for the ledger
+  cajas.erase(1);
+  for (const int ventas : {4, 6}) {
+    leidaYMemorizada(ventas);
+    cuadra();
+  }
+  EXPECT_TRUE(t.ponerACero(2));
+}
+
 // The tables of the version before this bookkeeping.
 TEST_F(PartesTest, UnaBaseAnteriorSePoneAlDia) {
   leidaYMemorizada(20);

@@ -105,18 +105,19 @@ Resultado<> Cero::juzgar(const totals::Contadores& leido) {
   const auto r = e_.sesion.compararGranTotal(t_.Grupo, addr(), leido);
   if (!r) return std::unexpected(r.error());
   prueba_.reset();
-  probada_ = true;
   using C = totals::Sesion::Comparacion;
-  if (t_.Tipo == 3 && paso_ == 3) return leido.cero() ? Resultado<>{} : hecha();
-  if (*r == C::SinBase && !comprobar_) {
+  if (t_.Tipo == 3 && paso_ == 3) {
+    if (!leido.cero()) return hecha();
+  } else if (*r == C::SinBase && !comprobar_) {
     paso_ = 1;
-    return {};
-  }
-  if (*r == C::Mas || *r == C::SinBase)
+  } else if (*r == C::Mas || *r == C::SinBase) {
     return suprimido(e_.textos(kTxGuardaVentas, {t_.Grupo, addr()}));
-  if (*r != C::Cero) return {};
-  if (t_.Tipo != 3 || paso_ != 2 || !leido.cero()) return hecha();
-  return parteHecha();
+  } else if (*r == C::Cero) {
+    if (t_.Tipo != 3 || paso_ != 2 || !leido.cero()) return hecha();
+    TARVO_INTENTAR(parteHecha());
+  }
+  probada_ = true;
+  return {};
 }
 
 // Where the machine stands: a set that was confirmed is not cleared again.
