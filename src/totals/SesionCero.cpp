@@ -128,8 +128,7 @@ Resultado<> Sesion::anunciarCero(int grupo, int addr, int conjunto) {
                    u"SEC_INTENCION=excluded.SEC_INTENCION"_s,
                    grupo, addr, d->ejecucion, reloj_.ahora(), *sec));
   if (conjunto > 0)
-    TARVO_INTENTAR(
-        anunciarParte(db_, {grupo, addr, conjunto}, d->ejecucion, reloj_.ahora(), *sec));
+    TARVO_INTENTAR(anunciarParte(db_, {grupo, addr, conjunto}, d->ejecucion, reloj_.ahora(), *sec));
   return tr->confirmar();
 }
 
