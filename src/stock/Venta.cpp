@@ -18,6 +18,26 @@ const QString kVentas = QStringLiteral(
     "ON CONFLICT (CODALM, SECCION, CODIGO) DO UPDATE SET "
     "Venta=coalesce(MovsAlm.Venta, 0)+excluded.Venta");
 
+// What a period holds of others that were added into it is out of the stock with them, whenever
+// they came: only what is its own counts. %1 the period, %2 the rows of the others, %3 their table.
+const QString kPropias = QStringLiteral("SELECT GRUPO, CODI, CON, PES FROM TOTPLU WHERE LINK=%1");
+const QString kAjenas = QStringLiteral(
+    " UNION ALL SELECT t.GRUPO, t.CODI, -coalesce(t.CON, 0), -coalesce(t.PES, 0) FROM COLUMNA d "
+    "INNER JOIN %2 s ON s.FECHA1>=d.FECHA1 AND s.FECHAF<=d.FECHAF "
+    "INNER JOIN %3 WHERE d.LINK=%1 AND ((d.TIPO=2 AND s.ACUM2<>0) OR "
+    "(d.TIPO=3 AND s.ACUM3<>0) OR (d.TIPO=4 AND s.ACUM4<>0))");
+
+QString filasPropias(dao::Database& db, qint64 link) {
+  QString sql = kPropias.arg(link) +
+                kAjenas.arg(QString::number(link), QStringLiteral("COLUMNA"),
+                            QStringLiteral("TOTPLU t ON t.LINK=s.LINK AND s.LINK<>d.LINK"));
+  // Versions of them that were replaced, of which it isn't rid yet.
+  if (db.existeTabla(u"TotSusti"))
+    sql += kAjenas.arg(QString::number(link), QStringLiteral("Sustituidos"),
+                       QStringLiteral("TotSusti t ON t.ID=s.ID AND t.CLASE=16"));
+  return sql;
+}
+
 }  // namespace
 
 Resultado<> Almacenes::descontarFilas(const QString& consulta, int veces) {
@@ -34,8 +54,7 @@ Resultado<bool> Almacenes::DescontarVenta(qint64 link, int veces) {
   const auto puede = db_.uno(u"select stkABLE from COLUMNA where LINK=?", link);
   if (!puede) return std::unexpected(puede.error());
   if (!puede->logico()) return false;
-  TARVO_INTENTAR(descontarFilas(
-      QStringLiteral("SELECT GRUPO, CODI, CON, PES FROM TOTPLU WHERE LINK=%1").arg(link), veces));
+  TARVO_INTENTAR(descontarFilas(filasPropias(db_, link), veces));
   TARVO_INTENTAR(
       db_.ejecutar(u"update COLUMNA set stkADO=coalesce(stkADO, 0)+? where LINK=?", veces, link));
   TARVO_INTENTAR(t->confirmar());

@@ -70,6 +70,16 @@ Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool su
       u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND (AJUSTE IS NULL OR AJUSTE<>0)"_s, r.CODGPO);
   if (!parte) return std::unexpected(parte.error());
   if (parte->entero() > 0) return Modo::Sumar;
+  // What is there was read before the zeroing since which the counters count: other sales.
+  const auto otras =
+      db_.uno(u"SELECT count(*) FROM Origenes WHERE LINK=? AND GRUPO=? AND CLASE=? AND HASTA<=?"_s,
+              link, r.CODGPO, r.clase, r.desde);
+  if (!otras) return std::unexpected(otras.error());
+  if (otras->entero() > 0) {
+    const Aviso a{r.CODGPO, p_.textos()(kTxVentasDeAntes, {r.CODGPO}), false};
+    if (std::ranges::find(avisos, a.texto, &Aviso::texto) == avisos.end()) avisos.push_back(a);
+    return Modo::Bajar;
+  }
   const auto nuevo =
       db_.uno(QString(u"SELECT SUM(CON) FROM "_s + u16(c->tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
               r.CODGPO);

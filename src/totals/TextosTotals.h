@@ -20,6 +20,7 @@ enum TextoTotals : int {
   kTxCeroPosterior = 6041,
   kTxCeroAMedias = 6042,
   kTxCeroSinSaber = 6043,
+  kTxVentasDeAntes = 6044,
   // Periods, export and import.
   kTxSinPeriodo = 6050,
   kTxFueraDeRango = 6051,

@@ -109,6 +109,21 @@ TEST_F(LibrosTest, ReleerElMismoDiaDejaElDiaEnteroUnaVez) {
   }
 }
 
+// More sales behind the zeroing than before it look like a longer reading of the same. Group 1,
+// which wasn't zeroed, makes it the same day again.
+TEST_F(LibrosTest, LoVendidoTrasElCeroSeSumaAlMismoDia) {
+  dia();
+  leerTodo();
+  const auto primera = t.memorizar();
+  EXPECT_TRUE(t.ponerACero(2));
+  t.reloj.avanzar(10 * kMinuto);
+  for (int vez = 0; vez < 2; ++vez)
+    for (const int g : {1, 2}) venderDia(t, g, azar);
+  leerTodo();
+  EXPECT_EQ(t.memorizar(), primera);
+  for (const int g : {1, 2}) cuadran(t, g);
+}
+
 TEST_F(LibrosTest, LaSemanaSigueAUnDiaReleido) {
   dia();
   leerTodo();

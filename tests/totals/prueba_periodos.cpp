@@ -104,6 +104,27 @@ TEST_F(PeriodosDe, AChangeIsFollowedByLargerPeriodsAndStock) {
   EXPECT_FALSE(periodos.DesacumularTodo(99));
 }
 
+// A week with sales of its own takes in a day: each is discounted once, in whatever order.
+TEST_F(PeriodosDe, ADayInAWeekOfItsOwnIsDiscountedOnce) {
+  const qint64 propia = crear(2, "04/06/2018"), dia = crear(1, "05/06/2018");
+  plu(propia, 7, 5), plu(dia, 7, 2);
+  for (const bool antes : {true, false}) {
+    if (!antes) {
+      EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(propia), 1)));
+    }
+    EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia))));
+    if (antes) {
+      EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(propia), 1)));
+    }
+    EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1)));
+    EXPECT_EQ(venta(), QStringLiteral("7 7"));
+    EXPECT_TRUE(bien(periodos.DesacumularPeriodo(2, col(dia))));
+    for (const qint64 link : {propia, dia})
+      EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(link), -1)));
+    EXPECT_EQ(venta(), QString());
+  }
+}
+
 // A day is replaced again and again; the week and the stock hold one version of it, never two.
 TEST_F(PeriodosDe, AReplacedDayCountsOnce) {
   qint64 dia = crear(1, "05/06/2018");

@@ -20,7 +20,9 @@ QString nombreEnDisco(const QString& carpeta, const QString& nombre) {
 
 QString Ajustes::ruta(const QString& nombre, const QString& base) {
   QString pedida = nombre.trimmed();
+  pedida.removeIf([](QChar c) { return c.unicode() < u' '; });  // no file bears them
   pedida.replace(u'\\', u'/');
+  while (pedida.size() > 1 && (pedida.back() == u'/' || pedida.back().isSpace())) pedida.chop(1);
   if (!pedida.startsWith(u'/')) pedida = base + u'/' + pedida;
   pedida = QDir::cleanPath(pedida);
   if (QFileInfo::exists(pedida)) return pedida;
