@@ -21,8 +21,8 @@ constexpr int kMsTic = 80;
 
 }  // namespace
 
-CerrSesVentana::CerrSesVentana(ventanas::Contexto& contexto, const QString& nombre,
-                               Sesion& sesion, Periodos& periodos)
+CerrSesVentana::CerrSesVentana(ventanas::Contexto& contexto, const QString& nombre, Sesion& sesion,
+                               Periodos& periodos)
     : Ventana(contexto, nombre),
       s_(sesion),
       p_(periodos),
@@ -86,9 +86,8 @@ void CerrSesVentana::pintarCara() {
 void CerrSesVentana::pintarPeriodo() {
   const int i = motor_.elegido();
   ui_.lbPerio->setText(!motor_.TodoAUno ? t(kTxVariosPeriodos)
-                       : i < 0
-                           ? QString()
-                           : TextoPeriodo(motor_.propuestos()[static_cast<size_t>(i)].periodo));
+                       : i < 0          ? QString()
+                               : TextoPeriodo(motor_.propuestos()[static_cast<size_t>(i)].periodo));
   std::set<int> grupos;
   for (const Recibido& r : motor_.recibidos()) grupos.insert(r.CODGPO);
   QString texto = t(kTxRecibidosDe, static_cast<int>(grupos.size()));
@@ -123,8 +122,7 @@ void CerrSesVentana::guardar() {
 void CerrSesVentana::olvidar() {
   const int cuantos = static_cast<int>(motor_.recibidos().size());
   const QString que = t(kTxSeOlvidan, cuantos) + u": "_s + ui_.lbPerio->text().simplified();
-  if (!ventanas::MyMsgBox::Decide(this, contexto().textos,
-                                  t(kTxSeranOlvidados) + u"\n\n"_s + que,
+  if (!ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxSeranOlvidados) + u"\n\n"_s + que,
                                   ventanas::kAceptoCancelo | ventanas::kExclamacion))
     return;
   avisos_.clear();

@@ -19,9 +19,8 @@ QString conPuntosTotales(qint64 n) {
 }
 
 QString lineaProcedencia(ventanas::Ventana& v, const Procedencia& p) {
-  QString texto = v.t(kTxLeido)
-                      .arg(p.leido ? p.leido->general() : v.t(kTxSinFecha), p.desde.general(),
-                           p.hasta.general());
+  QString texto = v.t(kTxLeido).arg(p.leido ? p.leido->general() : v.t(kTxSinFecha),
+                                    p.desde.general(), p.hasta.general());
   if (p.ejecucion > 0) texto += u'\n' + v.t(kTxEjecucion).arg(p.ejecucion);
   if (p.diferencia) texto += u'\n' + v.t(kTxDiferencia);
   for (const auto& [addr, importe] : p.maquinas)

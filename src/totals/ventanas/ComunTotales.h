@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 
+#include "core/ventanas/Tema.h"
 #include "core/ventanas/Ventana.h"
 #include "totals/ConsultaFilas.h"
 

@@ -19,8 +19,7 @@ ConfirSumVentana::ConfirSumVentana(ventanas::Contexto& contexto, const QString& 
   connect(ui_.Cancelar, &QPushButton::clicked, this, &ConfirSumVentana::rechazar);
 }
 
-Resultado<std::vector<qint64>> ConfirSumVentana::losLinks(
-    const ventanas::Argumentos& argumentos) {
+Resultado<std::vector<qint64>> ConfirSumVentana::losLinks(const ventanas::Argumentos& argumentos) {
   std::vector<qint64> links;
   for (const QVariant& link : argumentos.value(u"links"_s).toList())
     links.push_back(link.toLongLong());

@@ -18,7 +18,11 @@ FormDetallesVentana::FormDetallesVentana(ventanas::Contexto& contexto, const QSt
 
 void FormDetallesVentana::montar() {
   ui_.Grid->preparar(contexto(), nombre(),
-                     {{.titulo = kTxCodGrupo, .campo = u"CODGPO"_s, .clase = Clase::Codigo, .cifras = 4, .ancho = 64},
+                     {{.titulo = kTxCodGrupo,
+                       .campo = u"CODGPO"_s,
+                       .clase = Clase::Codigo,
+                       .cifras = 4,
+                       .ancho = 64},
                       {.titulo = kTxGrupo, .campo = u"NOMGPO"_s, .ancho = 180},
                       {.titulo = kTxTipoTotales, .campo = u"CLASE"_s, .ancho = 150},
                       {.titulo = kTxPeriodo, .campo = u"PERIODO"_s, .ancho = 150},
@@ -48,15 +52,14 @@ Resultado<> FormDetallesVentana::preparar(const ventanas::Argumentos& argumentos
 Resultado<> FormDetallesVentana::llenar() {
   std::vector<ventanas::FilaViva> filas;
   for (const Recibido& r : d_->recibidos) {
-    const auto nombre =
-        contexto().db.uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=?", r.CODGPO);
+    const auto nombre = contexto().db.uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=?", r.CODGPO);
     if (!nombre) return std::unexpected(nombre.error());
     const Periodo& p = r.periodo;
-    filas.push_back({static_cast<qint64>(filas.size()) + 1,
-                     {r.CODGPO, nombre->texto(), nombreClase(contexto().textos, r.clase),
-                      p.tipo == kOtros ? FormatoPeriodo(p.tipo, p.desde)
-                                       : NombreTipoPeriodo(p.tipo),
-                      FormatoPeriodo(p.tipo, p.tipo == kOtros ? p.hasta : p.desde)}});
+    filas.push_back(
+        {static_cast<qint64>(filas.size()) + 1,
+         {r.CODGPO, nombre->texto(), nombreClase(contexto().textos, r.clase),
+          p.tipo == kOtros ? FormatoPeriodo(p.tipo, p.desde) : NombreTipoPeriodo(p.tipo),
+          FormatoPeriodo(p.tipo, p.tipo == kOtros ? p.hasta : p.desde)}});
   }
   ui_.Grid->vivas().poner(std::move(filas));
   return {};

@@ -12,8 +12,8 @@
 #include <QLineSeries>
 #include <QLocale>
 #include <QToolTip>
-#include <QValueAxis>
 #include <QVBoxLayout>
+#include <QValueAxis>
 #include <algorithm>
 #include <cmath>
 
@@ -79,8 +79,7 @@ void Grafica::preparar(ventanas::Contexto& contexto) {
   connect(&contexto.tema, &ventanas::Tema::cambiado, this, &Grafica::pintar);
 }
 
-void Grafica::barras(const QString& titulo, std::vector<Barra> barras, bool tumbadas,
-                     int moneda) {
+void Grafica::barras(const QString& titulo, std::vector<Barra> barras, bool tumbadas, int moneda) {
   titulo_ = titulo, barras_ = std::move(barras), tumbadas_ = tumbadas, moneda_ = moneda;
   dias_.clear();
   pintar();

@@ -12,7 +12,6 @@ namespace tarvo::totals {
 void unirLado(QAction& interruptor, QWidget& lado, ventanas::Recuerdos& recuerdos,
               const QString& ventana);
 // Two thirds to the list, the first time that the window is seen.
-void repartirLado(QSplitter& divisor, const ventanas::Recuerdos& recuerdos,
-                  const QString& ventana);
+void repartirLado(QSplitter& divisor, const ventanas::Recuerdos& recuerdos, const QString& ventana);
 
 }  // namespace tarvo::totals

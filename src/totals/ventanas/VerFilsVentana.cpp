@@ -23,17 +23,34 @@ std::vector<ventanas::Columna> columnasFilas(int tipo, int clase, bool porGrupo)
   };
   const auto fecha = [tipo](const dao::Valor& v) { return FormatoPeriodo(tipo, v.fecha()); };
   std::vector<ventanas::Columna> c{
-      {.titulo = kTxFecha, .campo = u"COLUMNA.FECHA1"_s, .clase = Clase::Fecha, .ancho = 160, .ver = fecha},
-      {.titulo = kTxHASTA, .campo = u"COLUMNA.FECHAF"_s, .clase = Clase::Fecha, .ancho = 160, .oculta = tipo != kOtros, .ver = fecha},
+      {.titulo = kTxFecha,
+       .campo = u"COLUMNA.FECHA1"_s,
+       .clase = Clase::Fecha,
+       .ancho = 160,
+       .ver = fecha},
+      {.titulo = kTxHASTA,
+       .campo = u"COLUMNA.FECHAF"_s,
+       .clase = Clase::Fecha,
+       .ancho = 160,
+       .oculta = tipo != kOtros,
+       .ver = fecha},
       {.titulo = kTxNombre, .campo = nombreFilas(clase), .ancho = 200}};
   if (porGrupo)
-    c.push_back({.titulo = kTxGrupo, .campo = u"t.GRUPO"_s, .clase = Clase::Codigo, .cifras = 4, .ancho = 72});
+    c.push_back({.titulo = kTxGrupo,
+                 .campo = u"t.GRUPO"_s,
+                 .clase = Clase::Codigo,
+                 .cifras = 4,
+                 .ancho = 72});
   else
-    c.push_back({.titulo = kTxGrupos, .campo = u"count(t.CON)"_s, .clase = Clase::Entero, .ancho = 80});
+    c.push_back(
+        {.titulo = kTxGrupos, .campo = u"count(t.CON)"_s, .clase = Clase::Entero, .ancho = 80});
   c.push_back({.titulo = kTxOp, .campo = cuenta(u"t.CON"_s), .clase = Clase::Entero, .suma = true});
-  c.push_back({.titulo = kTxPeso, .campo = cuenta(u"t.PES"_s), .clase = Clase::Cantidad, .suma = true});
-  c.push_back({.titulo = kTxImpte, .campo = cuenta(u"t.IMP"_s), .clase = Clase::Importe, .suma = true});
-  c.push_back({.titulo = kTxDesct, .campo = cuenta(u"t.SCO"_s), .clase = Clase::Importe, .suma = true});
+  c.push_back(
+      {.titulo = kTxPeso, .campo = cuenta(u"t.PES"_s), .clase = Clase::Cantidad, .suma = true});
+  c.push_back(
+      {.titulo = kTxImpte, .campo = cuenta(u"t.IMP"_s), .clase = Clase::Importe, .suma = true});
+  c.push_back(
+      {.titulo = kTxDesct, .campo = cuenta(u"t.SCO"_s), .clase = Clase::Importe, .suma = true});
   return c;
 }
 
@@ -134,11 +151,11 @@ void VerFilsVentana::filtrar() {
                      .trimmed());
   ui_.titulo->setText(codigo + u' ' + nombre_);
   const bool conFechas = filtro_.desde || filtro_.hasta;
-  ui_.intervalo->setText(
-      conFechas ? t(kTxIntervalo)
-                      .arg(filtro_.desde ? filtro_.desde->corta() : t(kTxSinLimite),
-                           filtro_.hasta ? filtro_.hasta->corta() : t(kTxSinLimite))
-                : nombreClase(contexto().textos, filtro_.clase));
+  ui_.intervalo->setText(conFechas
+                             ? t(kTxIntervalo)
+                                   .arg(filtro_.desde ? filtro_.desde->corta() : t(kTxSinLimite),
+                                        filtro_.hasta ? filtro_.hasta->corta() : t(kTxSinLimite))
+                             : nombreClase(contexto().textos, filtro_.clase));
   grafica_->unaVez(kReposoFilas);
 }
 

@@ -32,8 +32,7 @@ void VerTotVentana::montarMenus() {
     a->setData(tipo);
     mnDesAcu_->addAction(t(texto), this, [this, tipo] { desacumular(tipo); });
   }
-  for (const int clase :
-       {kGranTotal, kPLUs, kOperadores, kDepartamentos, kHorario, kOperHora}) {
+  for (const int clase : {kGranTotal, kPLUs, kOperadores, kDepartamentos, kHorario, kOperHora}) {
     QAction* a = mnuVer_->addAction(nombreClase(contexto().textos, clase), this,
                                     [this, clase] { VerIntervalo(clase); });
     a->setVisible(clase != kOperHora || contexto().ajustes.EsEspanol());
@@ -55,11 +54,11 @@ void VerTotVentana::montarMenus() {
 
 void VerTotVentana::montarAcciones() {
   const std::pair<QAction*, QString> iconos[] = {
-      {ui_.NuevoIV, u"anadir"_s},    {ui_.Modifo, u"modificar"_s}, {ui_.Borro, u"borrar"_s},
-      {ui_.Vacio, u"quitar"_s},      {ui_.acumule, u"acumular"_s}, {ui_.DesAcum, u"bajar"_s},
-      {ui_.SumaCol, u"sumar"_s},     {ui_.StockAR, u"almacen"_s},  {ui_.DesStock, u"subir"_s},
-      {ui_.VerCosa, u"totales"_s},   {ui_.Import, u"importar"_s},  {ui_.Exportar, u"exportar"_s},
-      {ui_.Deshacer, u"atras"_s},    {ui_.VerGrafica, u"grafica"_s}};
+      {ui_.NuevoIV, u"anadir"_s},  {ui_.Modifo, u"modificar"_s},  {ui_.Borro, u"borrar"_s},
+      {ui_.Vacio, u"quitar"_s},    {ui_.acumule, u"acumular"_s},  {ui_.DesAcum, u"bajar"_s},
+      {ui_.SumaCol, u"sumar"_s},   {ui_.StockAR, u"almacen"_s},   {ui_.DesStock, u"subir"_s},
+      {ui_.VerCosa, u"totales"_s}, {ui_.Import, u"importar"_s},   {ui_.Exportar, u"exportar"_s},
+      {ui_.Deshacer, u"atras"_s},  {ui_.VerGrafica, u"grafica"_s}};
   for (const auto& [accion, dibujo] : iconos) accion->setIcon(ventanas::icono(dibujo));
   connect(ui_.NuevoIV, &QAction::triggered, this, [this] { editar(true); });
   connect(ui_.Modifo, &QAction::triggered, this, [this] { editar(false); });
@@ -169,10 +168,10 @@ void VerTotVentana::borrar(bool soloFilas) {
   const int cuantos = static_cast<int>(links.size());
   const QString pregunta =
       t(soloFilas ? kTxVaciara : kTxBorrara, cuantos) + u'\n' + t(kTxSonValiosos);
-  if (!MyMsgBox::Decide(this, contexto().textos,
-                        pregunta + u"\n\n"_s + textoResumen(*this, *que) + u". "_s +
-                            t(kTxSePuedeDeshacer),
-                        kAceptoCancelo | kExclamacion))
+  if (!MyMsgBox::Decide(
+          this, contexto().textos,
+          pregunta + u"\n\n"_s + textoResumen(*this, *que) + u". "_s + t(kTxSePuedeDeshacer),
+          kAceptoCancelo | kExclamacion))
     return;
   const auto lote = papelera_.nuevoLote();
   if (!haIdoBien(lote)) return;
@@ -268,7 +267,8 @@ void VerTotVentana::descontar(bool deshacer) {
   }
   const auto que = resumenDe(links);
   if (!que) return;
-  const QString pregunta = deshacer ? t(kTxVanAIncorporar) : t(kTxVanADescontar);
+  const QString pregunta =
+      t(deshacer ? kTxVanAIncorporar : kTxVanADescontar) + u'\n' + t(kTxEsoDesea);
   if (!MyMsgBox::Decide(this, contexto().textos,
                         pregunta + u"\n\n"_s + t(kTxNPeriodos, que->periodos) + u": "_s +
                             textoResumen(*this, *que) + u'.',
@@ -287,8 +287,7 @@ void VerTotVentana::descontar(bool deshacer) {
                           for (const qint64 link : *hechos) {
                             const auto col = p_.columna(link);
                             if (!col) return std::unexpected(col.error());
-                            if (*col)
-                              TARVO_INTENTAR(p_.DescontarPeriodo(**col, deshacer ? 1 : -1));
+                            if (*col) TARVO_INTENTAR(p_.DescontarPeriodo(**col, deshacer ? 1 : -1));
                           }
                           return tr->confirmar();
                         });
@@ -344,8 +343,7 @@ void VerTotVentana::exportar() {
 
 void VerTotVentana::importar() {
   if (Ventana* v = contexto().ventanas.abrir(u"ImpTot"_s, this))
-    connect(v, &Ventana::descargada, this, &VerTotVentana::refrescar,
-            Qt::UniqueConnection);
+    connect(v, &Ventana::descargada, this, &VerTotVentana::refrescar, Qt::UniqueConnection);
 }
 
 }  // namespace tarvo::totals

@@ -89,8 +89,16 @@ void VerTotVentana::prepararParrilla() {
   };
   ui_.Grid->preparar(
       contexto(), nombre(),
-      {{.titulo = kTxFecha, .campo = u"FECHA1"_s, .clase = Clase::Fecha, .ancho = 150, .ver = fecha},
-       {.titulo = kTxHASTA, .campo = u"FECHAF"_s, .clase = Clase::Fecha, .ancho = 150, .ver = fecha},
+      {{.titulo = kTxFecha,
+        .campo = u"FECHA1"_s,
+        .clase = Clase::Fecha,
+        .ancho = 150,
+        .ver = fecha},
+       {.titulo = kTxHASTA,
+        .campo = u"FECHAF"_s,
+        .clase = Clase::Fecha,
+        .ancho = 150,
+        .ver = fecha},
        {.titulo = kTxDescripcion, .campo = u"DESCR"_s, .ancho = 220},
        {.titulo = kTxS, .campo = u"ACUM2"_s, .clase = Clase::SiNo, .ancho = 40},
        {.titulo = kTxM, .campo = u"ACUM3"_s, .clase = Clase::SiNo, .ancho = 40},
@@ -168,8 +176,8 @@ void VerTotVentana::pintarLado() {
     std::vector<Grafica::Barra> barras;
     const bool horas = clase == kHorario;
     for (const Punto& p : *puntos)
-      barras.push_back({horas || p.nombre.isEmpty() ? QString::number(p.codigo) : p.nombre,
-                        p.importe});
+      barras.push_back(
+          {horas || p.nombre.isEmpty() ? QString::number(p.codigo) : p.nombre, p.importe});
     return ui_.grafica->barras(
         horas ? t(kTxPorHoras) : t(kTxLosMayores).arg(nombreClase(contexto().textos, clase)),
         std::move(barras), !horas, contexto().ajustes.MonedaPreferente);
@@ -179,8 +187,8 @@ void VerTotVentana::pintarLado() {
 
 // Whether the grand totals of its groups agree with the sums by article, operator and so on.
 QString VerTotVentana::textoCuadre(const Columna& c) {
-  auto rs = contexto().db.consultar(u"SELECT DISTINCT GRUPO FROM TOTGRT WHERE LINK=? ORDER BY GRUPO",
-                                    c.LINK);
+  auto rs = contexto().db.consultar(
+      u"SELECT DISTINCT GRUPO FROM TOTGRT WHERE LINK=? ORDER BY GRUPO", c.LINK);
   if (!haIdoBien(rs)) return {};
   QStringList malos;
   bool hay = false;

@@ -29,14 +29,22 @@ std::optional<qint64> codigoDe(const QLineEdit& campo) {
 
 std::vector<ventanas::Columna> columnasVisor(int clase) {
   std::vector<ventanas::Columna> c{
-      {.titulo = kTxSec, .campo = u"GRUPOS.SECCION"_s, .clase = Clase::Codigo, .cifras = 2, .ancho = 56},
+      {.titulo = kTxSec,
+       .campo = u"GRUPOS.SECCION"_s,
+       .clase = Clase::Codigo,
+       .cifras = 2,
+       .ancho = 56},
       {.titulo = kTxGrupo, .campo = u"t.GRUPO"_s, .clase = Clase::Codigo, .cifras = 4, .ancho = 72},
       {.titulo = clase == kHorario ? kTxHora : kTxCodigo,
        .campo = u"t.CODI"_s,
        .clase = Clase::Codigo,
        .cifras = cifrasCodigo(clase)}};
   if (clase == kOperHora)
-    c.push_back({.titulo = kTxHora, .campo = u"t.HORA"_s, .clase = Clase::Codigo, .cifras = 2, .ancho = 64});
+    c.push_back({.titulo = kTxHora,
+                 .campo = u"t.HORA"_s,
+                 .clase = Clase::Codigo,
+                 .cifras = 2,
+                 .ancho = 64});
   c.push_back({.titulo = kTxNombre, .campo = nombreFilas(clase), .ancho = 220});
   c.push_back({.titulo = kTxOp, .campo = u"t.CON"_s, .clase = Clase::Entero, .suma = true});
   c.push_back({.titulo = kTxPeso, .campo = u"t.PES"_s, .clase = Clase::Cantidad, .suma = true});
@@ -179,23 +187,22 @@ void Visor::pintarGrafica() {
   if (puntos->empty()) return ui_.grafica->vaciar(t(kTxSinGrafica));
   std::vector<Grafica::Barra> barras;
   for (const Punto& p : *puntos)
-    barras.push_back({deHoras() ? QString::number(p.codigo)
-                      : p.nombre.isEmpty()
-                          ? Ceros(p.codigo, cifrasCodigo(filtro_.clase))
-                          : p.nombre,
+    barras.push_back({deHoras()            ? QString::number(p.codigo)
+                      : p.nombre.isEmpty() ? Ceros(p.codigo, cifrasCodigo(filtro_.clase))
+                                           : p.nombre,
                       p.importe});
-  const QString titulo =
-      deHoras() ? t(kTxPorHoras)
-                : t(kTxLosMayores).arg(nombreClase(contexto().textos, filtro_.clase));
+  const QString titulo = deHoras()
+                             ? t(kTxPorHoras)
+                             : t(kTxLosMayores).arg(nombreClase(contexto().textos, filtro_.clase));
   ui_.grafica->barras(titulo, std::move(barras), !deHoras(), moneda_);
 }
 
 void Visor::pintarProcedencia() {
   const int fila = ui_.Grid->filaActual();
   if (fila < 0) return ui_.procede->setText({});
-  const auto texto = textoProcedencia(
-      *this, p_, filtro_.link, static_cast<int>(ui_.Grid->valor(fila, u"t.GRUPO").entero()),
-      filtro_.clase, ui_.Grid->valor(fila, u"t.CODI").entero());
+  const auto texto = textoProcedencia(*this, p_, filtro_.link,
+                                      static_cast<int>(ui_.Grid->valor(fila, u"t.GRUPO").entero()),
+                                      filtro_.clase, ui_.Grid->valor(fila, u"t.CODI").entero());
   if (haIdoBien(texto)) ui_.procede->setText(*texto);
 }
 
@@ -203,12 +210,11 @@ void Visor::pintarProcedencia() {
 void Visor::verFila() {
   const int fila = ui_.Grid->filaActual();
   if (fila < 0 || deHoras()) return;
-  contexto().ventanas.abrir(
-      u"VerFils"_s, this,
-      {{u"clase"_s, filtro_.clase},
-       {u"seccion"_s, ui_.Grid->valor(fila, u"GRUPOS.SECCION").entero()},
-       {u"codigo"_s, ui_.Grid->valor(fila, u"t.CODI").entero()},
-       {u"moneda"_s, moneda_}});
+  contexto().ventanas.abrir(u"VerFils"_s, this,
+                            {{u"clase"_s, filtro_.clase},
+                             {u"seccion"_s, ui_.Grid->valor(fila, u"GRUPOS.SECCION").entero()},
+                             {u"codigo"_s, ui_.Grid->valor(fila, u"t.CODI").entero()},
+                             {u"moneda"_s, moneda_}});
 }
 
 }  // namespace tarvo::totals

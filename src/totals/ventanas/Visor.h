@@ -1,7 +1,7 @@
 // The rows of one period: VerCols for the kinds 16 to 20, V_ColOpH for operators by hour. One
 // window a period, "VerCols#12". Takes "link", "clase" and "moneda" (the preferred one without it);
-// without a link it shows the most recent period. Beside the rows a chart of what the filter leaves,
-// and where the row in hand came from.
+// without a link it shows the most recent period. Beside the rows a chart of what the filter
+// leaves, and where the row in hand came from.
 #pragma once
 
 #include "core/ventanas/Ventana.h"
