@@ -5,7 +5,7 @@
 #include <QComboBox>
 
 #include "core/ventanas/Tema.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/Ventanas.h"
 #include "totals/ConsultaFilas.h"
 
 namespace tarvo::totals {

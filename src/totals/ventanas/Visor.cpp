@@ -166,8 +166,9 @@ void Visor::filtroCambiado() {
 void Visor::filtrar() {
   filtro_.seccion = elegidoEn(*ui_.AllSec);
   filtro_.grupo = elegidoEn(*ui_.AllGrp);
-  filtro_.desde = porOperador_ ? elegidoEn(*ui_.LstOper) : codigoDe(*ui_.desde);
-  filtro_.hasta = porOperador_ ? elegidoEn(*ui_.LstOper) : codigoDe(*ui_.hasta);
+  filtro_.desde = codigoDe(*ui_.desde);
+  filtro_.hasta = codigoDe(*ui_.hasta);
+  if (porOperador_) filtro_.desde = filtro_.hasta = elegidoEn(*ui_.LstOper);
   const Condicion c = filtro_.condicion();
   UpdateCaption();
   haIdoBien(ui_.Grid->abrir(

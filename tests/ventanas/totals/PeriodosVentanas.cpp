@@ -10,8 +10,10 @@ TEST(VentanaPeriodos, BorraDosYLosRecuperaIguales) {
   t.dia("04/06/2018");
   const qint64 martes = t.dia("05/06/2018");
   bien(t.periodos.AcumularPeriodo(kSemanal, *bien(t.periodos.columna(martes))));
-  const QString filas = u"select LINK, GRUPO, CODI, CON, PES, [IMP], SCO from TOTPLU order by LINK, GRUPO, CODI"_s;
-  const QString columnas = u"select LINK, TIPO, FECHA1, FECHAF, ACUM2, stkABLE from COLUMNA order by LINK"_s;
+  const QString filas =
+      u"select LINK, GRUPO, CODI, CON, PES, [IMP], SCO from TOTPLU order by LINK, GRUPO, CODI"_s;
+  const QString columnas =
+      u"select LINK, TIPO, FECHA1, FECHAF, ACUM2, stkABLE from COLUMNA order by LINK"_s;
   const QString antes = t.leer(filas), periodosAntes = t.leer(columnas);
   auto* v = t.abrir(u"VerTot"_s);
   auto& grid = t.lista(v);
@@ -20,8 +22,9 @@ TEST(VentanaPeriodos, BorraDosYLosRecuperaIguales) {
   t.responder(u"Acepto"_s);
   QTest::keyClick(grid.vista(), Qt::Key_Delete);
   ASSERT_TRUE(esperar([&] { return grid.filas() == 1; }));
-  EXPECT_TRUE(t.textoModal.startsWith(
-      u"ATENCIÓN: Borrará 2 periodos de totalización\nLos datos que va a borrar pueden ser valiosos: ¿Está seguro?"))
+  EXPECT_TRUE(
+      t.textoModal.startsWith(u"ATENCIÓN: Borrará 2 periodos de totalización\nLos datos que va a "
+                              u"borrar pueden ser valiosos: ¿Está seguro?"))
       << t.textoModal.toStdString();
   EXPECT_TRUE(t.textoModal.contains(u"2 grupos, 144 totales")) << t.textoModal.toStdString();
   EXPECT_EQ(t.cuenta(u"TOTGRT"_s), 2);  // the week's
@@ -78,11 +81,12 @@ TEST(VentanaPeriodos, ExportaYVuelveAImportar) {
   Trastienda t;
   t.ajustes.HomeDir = t.carpeta.path();
   const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018", 2);
-  const QString suma = u"select FECHA1, sum([IMP]), count(*) from TOTPLU, COLUMNA where TOTPLU.LINK=COLUMNA.LINK group by FECHA1 order by FECHA1"_s;
+  const QString suma =
+      u"select FECHA1, sum([IMP]), count(*) from TOTPLU, COLUMNA where TOTPLU.LINK=COLUMNA.LINK group by FECHA1 order by FECHA1"_s;
   const QString antes = t.leer(suma);
   auto* x = t.abrir(u"XporTot"_s, {{u"links"_s, QVariantList{lunes, martes}}});
   x->findChild<QComboBox*>(u"destino"_s)->setCurrentText(u"VENTAS"_s);
-  QTest::mouseClick(x->findChild<QAbstractButton*>(u"borrar"_s), Qt::LeftButton);
+  x->findChild<QAbstractButton*>(u"borrar"_s)->click();
   QTest::mouseClick(x->findChild<QPushButton*>(u"TodosOK"_s), Qt::LeftButton);
   ASSERT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 0; }));
   ASSERT_TRUE(QFile::exists(t.ruta(u"VENTAS.EXP"_s)));
@@ -118,7 +122,9 @@ TEST(VentanaPeriodos, UnFicheroMaloSeDiceConSuLinea) {
 TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
   Trastienda t;
   auto* v = t.abrir(u"EditIntv"_s, {{u"EsNuevo"_s, true}});
-  const auto campo = [v](const char16_t* n) { return v->findChild<QLineEdit*>(QString(n)); };
+  const auto campo = [v](const char16_t* n) {
+    return v->findChild<QLineEdit*>(QString::fromUtf16(n));
+  };
   campo(u"Fecha1")->setText(u"no es fecha"_s);
   t.responder(u"Acepto"_s);
   QTest::mouseClick(v->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);

@@ -80,7 +80,7 @@ TEST(VentanaSesion, BandejaVacia) {
   Trastienda t;
   auto* v = t.abrir(u"CerrSes"_s);
   for (const char16_t* b : {u"Guardar", u"Olvidar", u"detalles"})
-    EXPECT_FALSE(v->findChild<QPushButton*>(QString(b))->isEnabled());
+    EXPECT_FALSE(v->findChild<QPushButton*>(QString::fromUtf16(b))->isEnabled());
   EXPECT_TRUE(v->findChild<QLabel*>(u"LbVacia"_s)->isVisible());
 }
 

@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
+#include <QTableView>
 #include <QTimer>
 
 #include "core/esquema/Esquema.h"
@@ -14,7 +15,6 @@
 #include "totals/TablasLibros.h"
 #include "totals/TablasTotales.h"
 #include "totals/ventanas/RegistroTotales.h"
-#include "totals/ventanas/VerTotVentana.h"
 #include "ventanas/Mesa.h"
 
 namespace tarvo::prueba {
@@ -45,18 +45,21 @@ struct Trastienda : Mesa {
 
   // A day with sales of all kinds: 30 articles of 1 euro up, in both groups.
   qint64 dia(const char* fecha, int factor = 1) {
-    const qint64 link = bien(
-        periodos.CrearPeriodo(totals::kDiario, momento(fecha), momento(fecha), true, {}));
+    const qint64 link =
+        bien(periodos.CrearPeriodo(totals::kDiario, momento(fecha), momento(fecha), true, {}));
     for (const int g : {1, 2}) {
       for (int i = 1; i <= 30; ++i)
-        sql(u"insert into TOTPLU (LINK, GRUPO, CODI, CON, PES, [IMP], SCO) values (?, ?, ?, 1, 500, "
+        sql(u"insert into TOTPLU (LINK, GRUPO, CODI, CON, PES, [IMP], SCO) values (?, ?, ?, 1, "
+            u"500, "
             u"?, 0)"_s,
             link, g, i, 100 * i * factor);
-      sql(u"insert into TOTGRT (LINK, GRUPO, CODI, CON, PES, [IMP], SCO) values (?, ?, ?, 30, 15000, "
+      sql(u"insert into TOTGRT (LINK, GRUPO, CODI, CON, PES, [IMP], SCO) values (?, ?, ?, 30, "
+          u"15000, "
           u"?, 0)"_s,
           link, g, g, 46500 * factor);
       for (int h = 9; h < 14; ++h)
-        sql(u"insert into TOTHOR (LINK, GRUPO, CODI, CON, PES, [IMP], SCO) values (?, ?, ?, 6, 3000, "
+        sql(u"insert into TOTHOR (LINK, GRUPO, CODI, CON, PES, [IMP], SCO) values (?, ?, ?, 6, "
+            u"3000, "
             u"?, 0)"_s,
             link, g, h, 9300 * factor);
     }
@@ -82,17 +85,17 @@ struct Trastienda : Mesa {
   V* abrir(const QString& nombre, const ventanas::Argumentos& a = {}) {
     auto* v = qobject_cast<V*>(escritorio.ventanas().abrir(nombre, nullptr, a));
     EXPECT_NE(v, nullptr) << nombre.toStdString();
+    EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));  // keys go to the active one
     return v;
   }
   // Does `hacer` once a modal window is on top, as soon as it is there.
   template <class F>
   void alAbrirse(F hacer) {
-    QTimer::singleShot(50, qApp, [this, hacer] {
+    QTimer::singleShot(50, &escritorio.ventanas(), [this, hacer] {
       QWidget* w = QApplication::activeModalWidget();
       if (!w) return alAbrirse(hacer);
-      textoModal = w->findChild<QLabel*>(u"Mensaje"_s)
-                       ? w->findChild<QLabel*>(u"Mensaje"_s)->text()
-                       : QString();
+      textoModal = w->findChild<QLabel*>(u"Mensaje"_s) ? w->findChild<QLabel*>(u"Mensaje"_s)->text()
+                                                       : QString();
       hacer(w);
     });
   }
