@@ -117,15 +117,15 @@ QString nombreFilas(int clase) {
 Resultado<std::vector<Punto>> serie(dao::Database& db, const FiltroFilas& filtro, int cuantos) {
   const Condicion c = filtro.condicion();
   const bool horas = porHoras(filtro.clase);
+  const QString eje = ejeDe(filtro.clase);
   const QString seccion = conSeccion(filtro.clase) ? u"GRUPOS.SECCION"_s : u"0"_s;
+  const QString grupos = conSeccion(filtro.clase) ? eje + u", GRUPOS.SECCION"_s : eje;
   std::vector<dao::Valor> valores = c.valores;
   valores.emplace_back(horas ? kHoras : cuantos);
   auto rs = db.OpenQuery(
-      u"SELECT %1, %2, sum(t.[IMP]) FROM %3 AS t LEFT JOIN GRUPOS ON t.GRUPO=GRUPOS.CODGPO WHERE "
-      u"%4 "
-      u"GROUP BY %1, %2 ORDER BY %5 LIMIT ?"_s.arg(ejeDe(filtro.clase), seccion,
-                                                   NombreTabla(filtro.clase), c.sql,
-                                                   horas ? u"1"_s : u"3 DESC, 1"_s),
+      u"SELECT %1, %2, sum(t.[IMP]) FROM %3 AS t LEFT JOIN GRUPOS ON t.GRUPO=GRUPOS.CODGPO WHERE %4 "
+      u"GROUP BY %5 ORDER BY %6 LIMIT ?"_s.arg(eje, seccion, NombreTabla(filtro.clase), c.sql,
+                                               grupos, horas ? u"1"_s : u"3 DESC, 1"_s),
       valores);
   if (!rs) return std::unexpected(rs.error());
   std::vector<Punto> puntos;

@@ -4,6 +4,12 @@ namespace tarvo::totals {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int kMucho = 10000;
+
+}  // namespace
+
 void unirLado(QAction& interruptor, QWidget& lado, ventanas::Recuerdos& recuerdos,
               const QString& ventana) {
   interruptor.setCheckable(true);
@@ -21,7 +27,7 @@ void repartirLado(QSplitter& divisor, const ventanas::Recuerdos& recuerdos,
   divisor.setStretchFactor(1, 1);
   divisor.setChildrenCollapsible(false);
   if (recuerdos.leer(ventana, divisor.objectName()).isEmpty())
-    divisor.setSizes({2 * divisor.width() / 3, divisor.width() / 3});
+    divisor.setSizes({2 * kMucho, kMucho});  // scaled to what there is
 }
 
 }  // namespace tarvo::totals

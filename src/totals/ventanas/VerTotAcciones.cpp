@@ -41,11 +41,11 @@ void VerTotVentana::montarMenus() {
   ui_.DesAcum->setMenu(mnDesAcu_);
   ui_.VerCosa->setMenu(mnuVer_);
   for (QAction* a : {ui_.acumule, ui_.DesAcum, ui_.VerCosa}) {
-    if (auto* b = qobject_cast<QToolButton*>(ui_.barra->widgetForAction(a)))
-      b->setPopupMode(QToolButton::InstantPopup);
+    QToolBar* barra = a == ui_.VerCosa ? ui_.barra : ui_.barra2;
+    auto* b = qobject_cast<QToolButton*>(barra->widgetForAction(a));
+    if (b) b->setPopupMode(QToolButton::InstantPopup);
     // The key opens the menu under its button.
-    connect(a, &QAction::triggered, this, [this, a] {
-      const QWidget* b = ui_.barra->widgetForAction(a);
+    connect(a, &QAction::triggered, this, [this, a, b] {
       a->menu()->popup(b && b->isVisible() ? b->mapToGlobal(QPoint(0, b->height()))
                                            : ui_.Grid->mapToGlobal(QPoint(0, 0)));
     });
@@ -98,7 +98,8 @@ std::optional<Resumen> VerTotVentana::resumenDe(const std::vector<qint64>& links
 
 void VerTotVentana::ocupar(bool si) {
   trabajando_ = si;
-  for (QWidget* w : {static_cast<QWidget*>(ui_.barra), static_cast<QWidget*>(ui_.Grid)})
+  for (QWidget* w : {static_cast<QWidget*>(ui_.barra), static_cast<QWidget*>(ui_.barra2),
+                     static_cast<QWidget*>(ui_.Grid)})
     w->setEnabled(!si);
   for (QAction* a : {ui_.NuevoIV, ui_.Import}) a->setEnabled(!si);
   actualCambiada();

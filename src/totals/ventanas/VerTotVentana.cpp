@@ -61,9 +61,6 @@ void VerTotVentana::montar() {
   ui_.Grid->filtros()->addWidget(ui_.filtros);
   ui_.Grid->setVacia(t(kTxListaVacia), ui_.NuevoIV);
   ui_.grafica->preparar(contexto());
-  ponerLetra(*ui_.importe, ventanas::Letra::Cifra);
-  ponerLetra(*ui_.detalle, ventanas::Letra::Secundaria);
-  ponerLetra(*ui_.periodo, ventanas::Letra::Titulo);
   unirLado(*ui_.VerGrafica, *ui_.lado, contexto().recuerdos, objectName());
   repartirLado(*ui_.divisor, contexto().recuerdos, objectName());
   connect(ui_.VerGrafica, &QAction::toggled, this, &VerTotVentana::pintarLado);
@@ -92,12 +89,12 @@ void VerTotVentana::prepararParrilla() {
       {{.titulo = kTxFecha,
         .campo = u"FECHA1"_s,
         .clase = Clase::Fecha,
-        .ancho = 150,
+        .ancho = 166,
         .ver = fecha},
        {.titulo = kTxHASTA,
         .campo = u"FECHAF"_s,
         .clase = Clase::Fecha,
-        .ancho = 150,
+        .ancho = 166,
         .ver = fecha},
        {.titulo = kTxDescripcion, .campo = u"DESCR"_s, .ancho = 220},
        {.titulo = kTxS, .campo = u"ACUM2"_s, .clase = Clase::SiNo, .ancho = 40},

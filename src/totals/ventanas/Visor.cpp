@@ -16,6 +16,8 @@ namespace {
 constexpr int kReposoVisor = 120;  // ms without a change before a chart or an origin is looked up
 constexpr int kPausaCodigos = 250;
 constexpr int kBarras = 12;
+constexpr int kLetrasLista = 12;
+constexpr int kAnchoCodigo = 80;
 
 QString sinCeros(const QLineEdit& campo) {
   return campo.text().trimmed();
@@ -88,6 +90,12 @@ void Visor::montar() {
   for (QWidget* w : {static_cast<QWidget*>(ui_.rotuloOper), static_cast<QWidget*>(ui_.LstOper)})
     w->setVisible(porOperador_);
   ui_.VerFila->setVisible(!porOperador_);
+  for (QComboBox* lista : {ui_.AllSec, ui_.AllGrp, ui_.LstOper}) {
+    lista->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    lista->setMinimumContentsLength(kLetrasLista);
+  }
+  for (QLineEdit* campo : {ui_.desde, ui_.hasta})
+    campo->setFixedWidth(ventanas::escalar(kAnchoCodigo));
   ui_.grafica->preparar(contexto());
   ponerLetra(*ui_.procede, ventanas::Letra::Secundaria);
   unirLado(*ui_.VerGrafica, *ui_.lado, contexto().recuerdos, objectName());
@@ -102,7 +110,6 @@ void Visor::montar() {
   connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this,
           [this] { procede_->unaVez(kReposoVisor); });
   connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
-  ui_.Grid->filtros()->addWidget(ui_.filtros);
   ui_.Grid->setAcciones({ui_.VerFila, ui_.Moneda, ui_.VerGrafica});
   ui_.Grid->setVacia(t(kTxVisorVacio));
 }

@@ -1,5 +1,6 @@
 // Jobs on the list of periods: summing, deleting and taking back, exporting and importing.
 #include "Trastienda.h"
+#include "core/ventanas/Tira.h"
 
 namespace tarvo::prueba {
 
@@ -28,8 +29,10 @@ TEST(VentanaPeriodos, BorraDosYLosRecuperaIguales) {
       << t.textoModal.toStdString();
   EXPECT_TRUE(t.textoModal.contains(u"2 grupos, 144 totales")) << t.textoModal.toStdString();
   EXPECT_EQ(t.cuenta(u"TOTGRT"_s), 2);  // the week's
+  v->activateWindow();
+  ASSERT_TRUE(esperar([&] { return v->isActiveWindow(); }));
   QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
-  ASSERT_TRUE(esperar([&] { return grid.filas() == 3; }));
+  ASSERT_TRUE(esperar([&] { return grid.filas() == 3; })) << v->tira().texto().toStdString();
   EXPECT_EQ(t.leer(filas), antes);
   EXPECT_EQ(t.leer(columnas), periodosAntes);
 }
@@ -167,6 +170,8 @@ TEST(VentanaVisor, FiltraYLaGraficaSigue) {
   clases->setCurrentIndex(clases->findData(kHorario));
   Q_EMIT clases->activated(clases->currentIndex());
   EXPECT_EQ(grid.filas(), 10);
+  ASSERT_TRUE(esperar([&] { return grafica->accessibleName() == u"Ventas por horas"; }));
+  EXPECT_TRUE(v->tira().isHidden());  // nothing went wrong
   QTest::keyClick(v, Qt::Key_G, Qt::ControlModifier);
   EXPECT_FALSE(grafica->isVisible());
   v->descargar();
