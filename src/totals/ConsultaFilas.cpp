@@ -123,7 +123,8 @@ Resultado<std::vector<Punto>> serie(dao::Database& db, const FiltroFilas& filtro
   std::vector<dao::Valor> valores = c.valores;
   valores.emplace_back(horas ? kHoras : cuantos);
   auto rs = db.OpenQuery(
-      u"SELECT %1, %2, sum(t.[IMP]) FROM %3 AS t LEFT JOIN GRUPOS ON t.GRUPO=GRUPOS.CODGPO WHERE %4 "
+      u"SELECT %1, %2, sum(t.[IMP]) FROM %3 AS t LEFT JOIN GRUPOS ON t.GRUPO=GRUPOS.CODGPO WHERE "
+      u"%4 "
       u"GROUP BY %5 ORDER BY %6 LIMIT ?"_s.arg(eje, seccion, NombreTabla(filtro.clase), c.sql,
                                                grupos, horas ? u"1"_s : u"3 DESC, 1"_s),
       valores);

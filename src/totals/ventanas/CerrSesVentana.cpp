@@ -34,10 +34,6 @@ CerrSesVentana::CerrSesVentana(ventanas::Contexto& contexto, const QString& nomb
 }
 
 void CerrSesVentana::montar() {
-  ponerLetra(*ui_.lbPerio, ventanas::Letra::Titulo);
-  ponerLetra(*ui_.LbVacia, ventanas::Letra::Titulo);
-  ponerLetra(*ui_.resumen, ventanas::Letra::Secundaria);
-  ponerLetra(*ui_.pista, ventanas::Letra::Secundaria);
   ui_.Recuperar->setIcon(ventanas::icono(u"atras"_s));
   ui_.Recuperar->hide();
   ui_.cierre->hide();

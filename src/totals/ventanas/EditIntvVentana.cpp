@@ -51,6 +51,7 @@ Resultado<> EditIntvVentana::preparar(const ventanas::Argumentos& argumentos) {
   ui_.LstOper->setCurrentIndex(-1);
   tipoCambiado();
   claseCambiada();
+  pintarEntradas();
   setWindowTitle(t(nuevo_ ? kTxNuevoPeriodo : kTxModificarPeriodo));
   ui_.LstTipo->setFocus();
   return {};

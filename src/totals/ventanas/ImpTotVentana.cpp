@@ -54,8 +54,6 @@ ImpTotVentana::ImpTotVentana(ventanas::Contexto& contexto, const QString& nombre
 }
 
 void ImpTotVentana::montar() {
-  ponerLetra(*ui_.mensaje, ventanas::Letra::Titulo);
-  ponerLetra(*ui_.LbFecha, ventanas::Letra::Titulo);
   ui_.otraCarpeta->setIcon(ventanas::icono(u"abrir"_s));
   ui_.BorrPrevio->setChecked(true);
   connect(ui_.LstFich, &QListWidget::itemActivated, this, &ImpTotVentana::abrir);

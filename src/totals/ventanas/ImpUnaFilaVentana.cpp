@@ -13,7 +13,6 @@ ImpUnaFilaVentana::ImpUnaFilaVentana(ventanas::Contexto& contexto, const QString
     : Ventana(contexto, nombre) {
   ui_.setupUi(cuerpo());
   enlazar();
-  ponerLetra(*ui_.titulo, ventanas::Letra::Titulo);
   connect(ui_.ckDesde, &QCheckBox::toggled, ui_.desde, &QWidget::setEnabled);
   connect(ui_.ckHasta, &QCheckBox::toggled, ui_.hasta, &QWidget::setEnabled);
   connect(ui_.Acepto, &QPushButton::clicked, this, &ImpUnaFilaVentana::aplicar);

@@ -14,7 +14,7 @@ using ventanas::Clase;
 
 namespace {
 
-constexpr int kReposoFilas = 120;  // ms without a change before the chart is drawn
+constexpr int kReposoFilas = 60;  // ms without a change before the chart is drawn
 
 // Each counter alone, or summed where all groups stand in one row.
 std::vector<ventanas::Columna> columnasFilas(int tipo, int clase, bool porGrupo) {
@@ -66,6 +66,9 @@ VerFilsVentana::VerFilsVentana(ventanas::Contexto& contexto, const QString& nomb
 }
 
 void VerFilsVentana::montar() {
+  ui_.Intervalo->setShortcut(Qt::CTRL | Qt::Key_I);
+  ui_.Moneda->setShortcut(Qt::CTRL | Qt::Key_M);
+  ui_.VerGrafica->setShortcut(Qt::CTRL | Qt::Key_G);
   ui_.Intervalo->setIcon(ventanas::icono(u"filtro"_s));
   ui_.Moneda->setIcon(ventanas::icono(u"moneda"_s));
   ui_.VerGrafica->setIcon(ventanas::icono(u"grafica"_s));

@@ -60,6 +60,22 @@ void VerTotVentana::montarAcciones() {
       {ui_.VerCosa, u"totales"_s}, {ui_.Import, u"importar"_s},   {ui_.Exportar, u"exportar"_s},
       {ui_.Deshacer, u"atras"_s},  {ui_.VerGrafica, u"grafica"_s}};
   for (const auto& [accion, dibujo] : iconos) accion->setIcon(ventanas::icono(dibujo));
+  const std::pair<QAction*, QKeySequence> teclas[] = {
+      {ui_.VerCosa, Qt::Key_F4},
+      {ui_.NuevoIV, Qt::Key_Insert},
+      {ui_.Modifo, Qt::Key_F2},
+      {ui_.Borro, Qt::Key_Delete},
+      {ui_.Vacio, Qt::CTRL | Qt::Key_Delete},
+      {ui_.acumule, Qt::Key_F6},
+      {ui_.DesAcum, Qt::SHIFT | Qt::Key_F6},
+      {ui_.SumaCol, Qt::Key_F7},
+      {ui_.StockAR, Qt::Key_F8},
+      {ui_.DesStock, Qt::SHIFT | Qt::Key_F8},
+      {ui_.Import, Qt::CTRL | Qt::Key_O},
+      {ui_.Exportar, Qt::CTRL | Qt::Key_S},
+      {ui_.Deshacer, QKeySequence(QKeySequence::Undo)},
+      {ui_.VerGrafica, Qt::CTRL | Qt::Key_G}};
+  for (const auto& [accion, tecla] : teclas) accion->setShortcut(tecla);
   connect(ui_.NuevoIV, &QAction::triggered, this, [this] { editar(true); });
   connect(ui_.Modifo, &QAction::triggered, this, [this] { editar(false); });
   connect(ui_.Borro, &QAction::triggered, this, [this] { borrar(false); });

@@ -17,7 +17,7 @@ using ventanas::Clase;
 
 namespace {
 
-constexpr int kReposoLista = 150;  // ms without a change before the side is looked up
+constexpr int kReposoLista = 60;  // ms without a change before the side is looked up
 constexpr int kBarrasLista = 10;
 
 // A date with its time only where it has one.
@@ -96,13 +96,13 @@ void VerTotVentana::prepararParrilla() {
         .clase = Clase::Fecha,
         .ancho = 166,
         .ver = fecha},
-       {.titulo = kTxDescripcion, .campo = u"DESCR"_s, .ancho = 220},
+       {.titulo = kTxDescripcion, .campo = u"DESCR"_s, .ancho = 160},
+       {.titulo = kTxImpte, .campo = kImportePeriodo, .clase = Clase::Importe},
        {.titulo = kTxS, .campo = u"ACUM2"_s, .clase = Clase::SiNo, .ancho = 40},
        {.titulo = kTxM, .campo = u"ACUM3"_s, .clase = Clase::SiNo, .ancho = 40},
        {.titulo = kTxA, .campo = u"ACUM4"_s, .clase = Clase::SiNo, .ancho = 40},
        {.titulo = kTxStkable, .campo = u"stkABLE"_s, .clase = Clase::SiNo, .ancho = 60},
        {.titulo = kTxStk, .campo = u"stkADO"_s, .ancho = 48, .ver = signoStock},
-       {.titulo = kTxImpte, .campo = kImportePeriodo, .clase = Clase::Importe},
        {.titulo = kTxTipo, .campo = u"TIPO"_s, .oculta = true, .ver = tipo}});
 }
 

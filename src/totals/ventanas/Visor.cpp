@@ -13,11 +13,11 @@ using ventanas::Clase;
 
 namespace {
 
-constexpr int kReposoVisor = 120;  // ms without a change before a chart or an origin is looked up
+constexpr int kReposoVisor = 60;  // ms without a change before a chart or an origin is looked up
 constexpr int kPausaCodigos = 250;
 constexpr int kBarras = 12;
-constexpr int kLetrasLista = 12;
-constexpr int kAnchoCodigo = 80;
+constexpr int kLetrasLista = 8;
+constexpr int kAnchoCodigo = 72;
 
 QString sinCeros(const QLineEdit& campo) {
   return campo.text().trimmed();
@@ -76,6 +76,9 @@ Visor::Visor(ventanas::Contexto& contexto, const QString& nombre, Periodos& peri
 }
 
 void Visor::montar() {
+  ui_.VerFila->setShortcut(Qt::CTRL | Qt::Key_T);
+  ui_.Moneda->setShortcut(Qt::CTRL | Qt::Key_M);
+  ui_.VerGrafica->setShortcut(Qt::CTRL | Qt::Key_G);
   ui_.VerFila->setIcon(ventanas::icono(u"calendario"_s));
   ui_.Moneda->setIcon(ventanas::icono(u"moneda"_s));
   ui_.VerGrafica->setIcon(ventanas::icono(u"grafica"_s));
@@ -90,14 +93,13 @@ void Visor::montar() {
   for (QWidget* w : {static_cast<QWidget*>(ui_.rotuloOper), static_cast<QWidget*>(ui_.LstOper)})
     w->setVisible(porOperador_);
   ui_.VerFila->setVisible(!porOperador_);
-  for (QComboBox* lista : {ui_.AllSec, ui_.AllGrp, ui_.LstOper}) {
+  for (QComboBox* lista : {ui_.LstClase, ui_.AllSec, ui_.AllGrp, ui_.LstOper}) {
     lista->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     lista->setMinimumContentsLength(kLetrasLista);
   }
   for (QLineEdit* campo : {ui_.desde, ui_.hasta})
     campo->setFixedWidth(ventanas::escalar(kAnchoCodigo));
   ui_.grafica->preparar(contexto());
-  ponerLetra(*ui_.procede, ventanas::Letra::Secundaria);
   unirLado(*ui_.VerGrafica, *ui_.lado, contexto().recuerdos, objectName());
   repartirLado(*ui_.divisor, contexto().recuerdos, objectName());
   for (QComboBox* lista : {ui_.LstClase, ui_.AllSec, ui_.AllGrp, ui_.LstOper})

@@ -21,8 +21,6 @@ XporTotVentana::XporTotVentana(ventanas::Contexto& contexto, const QString& nomb
 }
 
 void XporTotVentana::montar() {
-  ponerLetra(*ui_.periodo, ventanas::Letra::Titulo);
-  ponerLetra(*ui_.Avisos, ventanas::Letra::Secundaria);
   ui_.XporYA->setIcon(ventanas::icono(u"exportar"_s));
   ui_.fmtTarvo->setChecked(true);
   const QDir casa(contexto().ajustes.HomeDir);
