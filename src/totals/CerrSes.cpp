@@ -139,8 +139,27 @@ Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
     ++propuestos_.back().cuenta;
   }
   const auto mejor = std::ranges::max_element(propuestos_, {}, &Propuesto::cuenta);
-  if (mejor != propuestos_.end()) elegido_ = static_cast<int>(mejor - propuestos_.begin());
+  const auto preferido = preferido_
+                             ? std::ranges::find(propuestos_, *preferido_, &Propuesto::periodo)
+                             : propuestos_.end();
+  const auto uno = preferido != propuestos_.end() ? preferido : mejor;
+  if (uno != propuestos_.end()) elegido_ = static_cast<int>(uno - propuestos_.begin());
   return tr->confirmar();
+}
+
+void CerrSes::elegir(int indice) {
+  if (indice < 0 || indice >= static_cast<int>(propuestos_.size())) return;
+  elegido_ = indice;
+  preferido_ = propuestos_[static_cast<size_t>(indice)].periodo;
+}
+
+Resultado<bool> CerrSes::recuperar() {
+  if (s_.estado() != 0) return false;
+  std::vector<Aviso> avisos;
+  TARVO_INTENTAR(AnalizarScratch(avisos));
+  if (recibidos_.empty()) return false;
+  TARVO_INTENTAR(s_.ponerEstado(2));
+  return true;
 }
 
 Resultado<std::vector<qint64>> CerrSes::memorizar(std::vector<Aviso>& avisos) {

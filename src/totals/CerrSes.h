@@ -31,6 +31,12 @@ class CerrSes {
   const std::vector<Recibido>& recibidos() const { return recibidos_; }
   const std::vector<Propuesto>& propuestos() const { return propuestos_; }
   int elegido() const { return elegido_; }  // index of the dominant period, -1 for none
+  // Takes another of the proposed periods in place of the dominant one; it holds as long as what
+  // was received still makes it.
+  void elegir(int indice);
+  // Opens again a session that was closed without memorising. False when nothing of it is left or
+  // another one has begun.
+  Resultado<bool> recuperar();
 
   // Moves the session to `nuevo`, memorising first when asked. The links of the periods made; empty
   // when nothing was memorised. The avisos hold what a manager must know, the cross-footing
@@ -44,6 +50,7 @@ class CerrSes {
   std::vector<Recibido> recibidos_;
   std::vector<Propuesto> propuestos_;
   int elegido_ = -1;
+  std::optional<Periodo> preferido_;
 
   Resultado<std::vector<qint64>> memorizar(std::vector<Aviso>& avisos);
 };

@@ -10,9 +10,6 @@
 
 namespace tarvo::totals {
 
-namespace {
-
-constexpr qint64 kLimiteImport = 256 * 1024 * 1024;
 constexpr qsizetype kLineaMaxima = 1024;  // a longer one is no line of ours
 
 // The lines of a file, one at a time, numbered from 1.
@@ -25,6 +22,7 @@ class Lector {
   }
   bool fin() const { return fin_; }
   int numero() const { return numero_; }
+  qint64 leidos(qint64 tamano) const { return tamano - resto_.size(); }
   const QString& linea() const { return linea_; }
   bool demasiadoLarga() const { return larga_; }
   bool esCabecera() const { return !fin_ && linea_.startsWith(u'*'); }
@@ -49,6 +47,10 @@ class Lector {
   int numero_ = 0;
   bool utf8_ = false, larga_ = false, fin_ = false;
 };
+
+namespace {
+
+constexpr qint64 kLimiteImport = 256 * 1024 * 1024;
 
 struct Cabecera {
   Fecha desde, hasta;
@@ -148,32 +150,82 @@ Resultado<qint64> ImpTot::destino(const Periodo& p, const QString& descr, SiExis
   return nuevo;
 }
 
+struct Importacion::Interior {
+  ImpTot& motor;
+  QByteArray bytes;
+  QString nombre;
+  Lector lector;
+  std::optional<Bloque> bloque = {};
+  bool empezado = false;
+};
+
+Importacion::Importacion(ImpTot& motor, QByteArray bytes, const QString& nombre)
+    : d(new Interior{motor, bytes, nombre, Lector(bytes)}) {}
+
+Importacion::~Importacion() = default;
+
+Resultado<std::unique_ptr<Importacion>> Importacion::abrir(ImpTot& motor, const QString& ruta) {
+  auto bytes = ficheros::leerBytes(ruta, kLimiteImport);
+  if (!bytes) return std::unexpected(bytes.error());
+  return std::make_unique<Importacion>(motor, std::move(*bytes), NombreFichero(ruta));
+}
+
+qint64 Importacion::leidos() const {
+  return d->lector.leidos(d->bytes.size());
+}
+
+qint64 Importacion::tamano() const {
+  return d->bytes.size();
+}
+
+Resultado<std::optional<Importacion::Bloque>> Importacion::siguiente() {
+  Lector& l = d->lector;
+  d->bloque.reset();
+  if (!std::exchange(d->empezado, true)) {
+    while (!l.fin() && !l.esCabecera()) l.siguiente();
+    if (l.fin()) return noReconocible(l, d->nombre, d->motor.p_.textos());
+  }
+  if (l.fin()) return std::nullopt;
+  const auto cabecera = leerCabecera(l);
+  if (!cabecera) return noReconocible(l, d->nombre, d->motor.p_.textos());
+  const Periodo p = d->motor.periodoDe(cabecera->desde, cabecera->hasta);
+  auto hay = d->motor.p_.BuscarPeriodo(p.tipo, p.desde, p.hasta);
+  if (!hay) return std::unexpected(hay.error());
+  d->bloque = Bloque{p, cabecera->comentario, std::move(*hay)};
+  return d->bloque;
+}
+
+Resultado<ImpTot::Hecho> Importacion::incorporar(SiExiste siExiste) {
+  ImpTot& m = d->motor;
+  auto t = dao::Transaccion::empezar(m.db_);
+  if (!t) return std::unexpected(t.error());
+  const Periodo p = d->bloque->periodo;
+  const auto link = m.destino(p, d->bloque->comentario, siExiste);
+  if (!link)
+    return fallo(link.error().clase, m.p_.textos()(kTxPeriodoSinCrear, {link.error().texto}),
+                 link.error().numero);
+  const auto marcas = m.p_.DesacumularTodo(*link);
+  if (!marcas) return std::unexpected(marcas.error());
+  Sumador sumador(m.db_, *link);
+  const auto lineas = leerDetalle(d->lector, sumador, m.a_, d->nombre, m.p_.textos());
+  if (!lineas) return std::unexpected(lineas.error());
+  TARVO_INTENTAR(sumador.comprobar(m.p_.textos()));
+  TARVO_INTENTAR(m.p_.ReacumularTodo(*link, *marcas));
+  TARVO_INTENTAR(t->confirmar());
+  return ImpTot::Hecho{*link, p, *lineas};
+}
+
 Resultado<> ImpTot::importarBytes(const QByteArray& bytes, const QString& nombre, SiExiste siExiste,
                                   std::vector<Hecho>& hechos) {
-  Lector l(bytes);
-  while (!l.fin() && !l.esCabecera()) l.siguiente();
-  if (l.fin()) return noReconocible(l, nombre, p_.textos());
-  while (!l.fin()) {
-    const auto cabecera = leerCabecera(l);
-    if (!cabecera) return noReconocible(l, nombre, p_.textos());
-    auto t = dao::Transaccion::empezar(db_);
-    if (!t) return std::unexpected(t.error());
-    const Periodo p = periodoDe(cabecera->desde, cabecera->hasta);
-    const auto link = destino(p, cabecera->comentario, siExiste);
-    if (!link)
-      return fallo(link.error().clase, p_.textos()(kTxPeriodoSinCrear, {link.error().texto}),
-                   link.error().numero);
-    const auto marcas = p_.DesacumularTodo(*link);
-    if (!marcas) return std::unexpected(marcas.error());
-    Sumador sumador(db_, *link);
-    const auto lineas = leerDetalle(l, sumador, a_, nombre, p_.textos());
-    if (!lineas) return std::unexpected(lineas.error());
-    TARVO_INTENTAR(sumador.comprobar(p_.textos()));
-    TARVO_INTENTAR(p_.ReacumularTodo(*link, *marcas));
-    TARVO_INTENTAR(t->confirmar());
-    hechos.push_back({*link, p, *lineas});
+  Importacion fichero(*this, bytes, nombre);
+  while (true) {
+    const auto bloque = fichero.siguiente();
+    if (!bloque) return std::unexpected(bloque.error());
+    if (!*bloque) return {};
+    auto hecho = fichero.incorporar(siExiste);
+    if (!hecho) return std::unexpected(hecho.error());
+    hechos.push_back(std::move(*hecho));
   }
-  return {};
 }
 
 Resultado<> ImpTot::importar(const QString& ruta, SiExiste siExiste, std::vector<Hecho>& hechos) {

@@ -68,7 +68,8 @@ Resultado<qint64> Periodos::CrearPeriodo(int tipo, Fecha desde, Fecha hasta, boo
   const Periodo p = LimitesPeriodo(tipo, desde, hasta);
   auto t = dao::Transaccion::empezar(db_);
   if (!t) return std::unexpected(t.error());
-  const auto ultimo = db_.uno(u"SELECT max(LINK) FROM COLUMNA");
+  const auto ultimo = db_.uno(
+      u"SELECT max(LINK) FROM (SELECT LINK FROM COLUMNA UNION ALL SELECT LINK FROM PapeleraPer) x");
   if (!ultimo) return std::unexpected(ultimo.error());
   const qint64 link = std::max<qint64>(ultimo->entero(), 0) + 1;
   TARVO_INTENTAR(db_.ejecutar(
@@ -83,6 +84,10 @@ Resultado<> Periodos::borrarFilas(qint64 link, int clase) {
     if (clase < 1 || clase == k.numero)
       TARVO_INTENTAR(db_.ejecutar(
           QStringLiteral("DELETE FROM %1 WHERE LINK=?").arg(QString::fromUtf16(k.tabla)), link));
+  // Where the rows came from goes with them: the number may be another period's some day.
+  if (db_.existeTabla(u"Origenes"))
+    TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Origenes WHERE LINK=? AND (CLASE=? OR ?<1)", link,
+                                clase, clase));
   return {};
 }
 
@@ -93,6 +98,24 @@ Resultado<> Periodos::VaciarPeriodo(qint64 link) {
   if (!c) return std::unexpected(c.error());
   if (*c) TARVO_INTENTAR(olvidarSustituidosEn((*c)->periodo));
   TARVO_INTENTAR(borrarFilas(link, 0));
+  return t->confirmar();
+}
+
+Resultado<> Periodos::CambiarPeriodo(qint64 link, int tipo, Fecha desde, Fecha hasta) {
+  auto t = dao::Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  const Periodo p = LimitesPeriodo(tipo, desde, hasta);
+  const auto otro = BuscarPeriodo(p.tipo, p.desde, p.hasta);
+  if (!otro) return std::unexpected(otro.error());
+  if (*otro && (*otro)->LINK == link) return t->confirmar();
+  if (*otro)
+    return fallo(Fallo::Duplicado,
+                 QStringLiteral("El periodo \"%1\" ya existe").arg(TextoPeriodo(p)));
+  const auto marcas = DesacumularTodo(link);
+  if (!marcas) return std::unexpected(marcas.error());
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE COLUMNA SET TIPO=?, FECHA1=?, FECHAF=? WHERE LINK=?", p.tipo,
+                              p.desde, p.hasta, link));
+  TARVO_INTENTAR(ReacumularTodo(link, *marcas));
   return t->confirmar();
 }
 

@@ -35,6 +35,9 @@ class Periodos {
   Resultado<qint64> CrearPeriodo(int tipo, Fecha desde, Fecha hasta, bool stockable,
                                  const QString& descr);
   Resultado<std::optional<Columna>> BuscarPeriodo(int tipo, Fecha desde, Fecha hasta);
+  // Gives a period another kind or other dates. The larger periods and the stock follow. Duplicado
+  // when there is such a period already.
+  Resultado<> CambiarPeriodo(qint64 link, int tipo, Fecha desde, Fecha hasta);
   // The period and its rows. With a kind of 1 or more only the rows of that kind go, and the period
   // stays.
   Resultado<> BorrarPeriodo(qint64 link, int clase = 0);

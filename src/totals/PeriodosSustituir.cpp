@@ -33,7 +33,8 @@ Resultado<> guardarFilas(dao::Database& db, const ClaseTotal& c, qint64 id, qint
 
 Resultado<> Periodos::recordar(const Columna& vieja) {
   if (!vieja.ACUM2 && !vieja.ACUM3 && !vieja.ACUM4 && vieja.stkADO == 0) return {};
-  const auto ultimo = db_.uno(u"SELECT max(ID) FROM Sustituidos");
+  const auto ultimo = db_.uno(
+      u"SELECT max(ID) FROM (SELECT ID FROM Sustituidos UNION ALL SELECT ID FROM PapeleraSusti) x");
   if (!ultimo) return std::unexpected(ultimo.error());
   const qint64 id = ultimo->entero() + 1;
   const Periodo& p = vieja.periodo;

@@ -1,5 +1,6 @@
 // Tables of our own beside the domain's: what larger periods and the stock hold of replaced periods
-// (Sustituidos, TotSusti), and what was exported (Exportes).
+// (Sustituidos, TotSusti), what was exported (Exportes), and deleted periods that can still be
+// brought back (Papelera...).
 #pragma once
 
 #include "core/dao/Database.h"

@@ -141,8 +141,7 @@ void VerTot::ponerSeleccion(const std::vector<qint64>& links) {
   for (const qint64 link : links) anadir(link);
 }
 
-// The period that holds the whole selection, if it exists.
-Resultado<std::optional<Columna>> VerTot::destinoDeSuma() {
+Resultado<std::optional<VerTot::Suma>> VerTot::destinoDeSuma() {
   std::optional<Periodo> todo;
   for (const qint64 link : seleccion_) {
     const auto c = p_.columna(link);
@@ -155,7 +154,9 @@ Resultado<std::optional<Columna>> VerTot::destinoDeSuma() {
   }
   if (!todo) return std::nullopt;
   const Periodo p = Calendario(a_).DeterminarPeriodo(todo->desde, todo->hasta, std::nullopt);
-  return p_.BuscarPeriodo(p.tipo, p.desde, p.hasta);
+  auto hay = p_.BuscarPeriodo(p.tipo, p.desde, p.hasta);
+  if (!hay) return std::unexpected(hay.error());
+  return Suma{p, std::move(*hay)};
 }
 
 Resultado<bool> VerTot::SumarIntv() {
@@ -163,9 +164,10 @@ Resultado<bool> VerTot::SumarIntv() {
   if (!t) return std::unexpected(t.error());
   const auto destino = destinoDeSuma();
   if (!destino) return std::unexpected(destino.error());
-  if (!*destino) return false;
+  if (!*destino || !(*destino)->existente) return false;
+  const qint64 total = (*destino)->existente->LINK;
   for (const qint64 link : seleccion_)
-    if (link != (*destino)->LINK) TARVO_INTENTAR(p_.SumarPeriodo((*destino)->LINK, link));
+    if (link != total) TARVO_INTENTAR(p_.SumarPeriodo(total, link));
   TARVO_INTENTAR(t->confirmar());
   return true;
 }

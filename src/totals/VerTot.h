@@ -27,6 +27,13 @@ class VerTot {
   // A period that isn't stockable is passed over and makes it false; one that is discounted already
   // is passed over.
   Resultado<bool> StockIntv(bool deshacer = false);
+  // Where a sum of the selection goes: the period that holds all of it, and its row when it is
+  // there. Nothing when a selected period is gone or none is selected.
+  struct Suma {
+    Periodo periodo;
+    std::optional<Columna> existente;
+  };
+  Resultado<std::optional<Suma>> destinoDeSuma();
   // Into the period that holds the whole selection, which must exist. The selection stays.
   Resultado<bool> SumarIntv();
   const std::vector<qint64>& LosSelec() const { return seleccion_; }
@@ -38,7 +45,6 @@ class VerTot {
   Resultado<bool> conSeleccion(
       const std::function<Resultado<bool>(const Columna&, bool antes)>& paso);
   Resultado<std::vector<qint64>> entreFechas(int tipo, Fecha desde, Fecha hasta);
-  Resultado<std::optional<Columna>> destinoDeSuma();
   void anadir(qint64 link);
 
   Periodos& p_;

@@ -2,6 +2,7 @@
 // all: the new file is written beside the old one, flushed and renamed.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -49,6 +50,9 @@ class XporTot {
 
 enum class SiExiste { Borrarlo, Acumularlo };
 
+// A file of blocks, read one block at a time, so that a person can look at each before it goes in.
+class Importacion;
+
 // Reads a file block by block. Each block is one transaction: a bad line undoes its block, and is
 // named with its number. A period that is there is emptied first (its marks go, as of a replaced
 // one) or added to, larger periods and stock with it.
@@ -67,12 +71,38 @@ class ImpTot {
                             std::vector<Hecho>& hechos);
 
  private:
+  friend class Importacion;
   Periodo periodoDe(Fecha desde, Fecha hasta) const;
   Resultado<qint64> destino(const Periodo& p, const QString& descr, SiExiste siExiste);
 
   dao::Database& db_;
   Periodos& p_;
   const Ajustes& a_;
+};
+
+class Importacion {
+ public:
+  // `nombre` stands in errors. REQUIRES that `motor` outlives it.
+  Importacion(ImpTot& motor, QByteArray bytes, const QString& nombre);
+  // Of a file; an error when it can't be read.
+  static Resultado<std::unique_ptr<Importacion>> abrir(ImpTot& motor, const QString& ruta);
+  ~Importacion();
+
+  struct Bloque {
+    Periodo periodo;
+    QString comentario;
+    std::optional<Columna> existente;  // the period of those dates, if there is one
+  };
+  // Reads the header of the next block; nothing at the end of the file.
+  Resultado<std::optional<Bloque>> siguiente();
+  // Takes in the block whose header was read, in one transaction.
+  Resultado<ImpTot::Hecho> incorporar(SiExiste siExiste);
+  qint64 leidos() const;  // bytes
+  qint64 tamano() const;
+
+ private:
+  struct Interior;
+  std::unique_ptr<Interior> d;
 };
 
 }  // namespace tarvo::totals

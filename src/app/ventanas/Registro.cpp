@@ -1,11 +1,12 @@
 #include "app/ventanas/Registro.h"
 
+#include "totals/ventanas/RegistroTotales.h"
+
 namespace tarvo::app {
 
 // One line a room.
 void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
-  static_cast<void>(ventanas);
-  static_cast<void>(aplicacion);
+  totals::registrarVentanasTotales(ventanas, aplicacion.sesion(), aplicacion.periodos());
 }
 
 }  // namespace tarvo::app

@@ -1,0 +1,174 @@
+#include "totals/ventanas/CerrSesVentana.h"
+
+#include <set>
+
+#include "core/textos/Textos.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/Tira.h"
+#include "totals/ventanas/ComunTotales.h"
+#include "totals/ventanas/FormDetallesVentana.h"
+#include "totals/ventanas/TextosTotalesVentanas.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kTicsCierre = 100;
+constexpr int kMsTic = 80;
+
+}  // namespace
+
+CerrSesVentana::CerrSesVentana(ventanas::Contexto& contexto, const QString& nombre, Sesion& sesion,
+                               Periodos& periodos)
+    : Ventana(contexto, nombre),
+      s_(sesion),
+      p_(periodos),
+      motor_(sesion, periodos),
+      reloj_(contexto.reloj.temporizador([this] { tictac(); })) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+}
+
+void CerrSesVentana::montar() {
+  ui_.Recuperar->setIcon(ventanas::icono(u"atras"_s));
+  ui_.Recuperar->hide();
+  ui_.cierre->hide();
+  ui_.cierre->setMaximum(kTicsCierre);
+  connect(ui_.Guardar, &QPushButton::clicked, this, &CerrSesVentana::guardar);
+  connect(ui_.Olvidar, &QPushButton::clicked, this, &CerrSesVentana::olvidar);
+  connect(ui_.detalles, &QPushButton::clicked, this, &CerrSesVentana::detalles);
+  connect(ui_.Recuperar, &QPushButton::clicked, this, &CerrSesVentana::recuperar);
+  connect(ui_.Cancelar, &QPushButton::clicked, this, &CerrSesVentana::rechazar);
+  ui_.Recuperar->setShortcut(QKeySequence::Undo);
+}
+
+Resultado<> CerrSesVentana::preparar(const ventanas::Argumentos&) {
+  motor_.TodoAUno = motor_.OverWr = true;
+  return analizar();
+}
+
+// What waits in the tray. A session that says it holds data and holds none is closed.
+Resultado<> CerrSesVentana::analizar() {
+  avisos_.clear();
+  if (s_.estado() == 2) {
+    TARVO_INTENTAR(motor_.AnalizarScratch(avisos_));
+    if (motor_.recibidos().empty()) {
+      TARVO_INTENTAR(motor_.LaSesion(false, 0, avisos_));
+      TARVO_INTENTAR(s_.reflejar());
+    }
+  }
+  pintarCara();
+  return {};
+}
+
+void CerrSesVentana::pintarCara() {
+  const bool llena = s_.estado() == 2;
+  ui_.caras->setCurrentWidget(llena ? ui_.llena : ui_.vacia);
+  for (QPushButton* b : {ui_.Guardar, ui_.Olvidar, ui_.detalles}) b->setEnabled(llena);
+  const int lado = ventanas::escalar(4 * ventanas::kIcono);
+  for (const auto& [etiqueta, dibujo] :
+       {std::pair{ui_.imagenLlena, u"bandejaLlena"_s}, {ui_.imagenVacia, u"bandejaVacia"_s}})
+    etiqueta->setPixmap(ventanas::icono(dibujo).pixmap(lado, lado));
+  if (!llena) return ui_.Cancelar->setFocus();
+  pintarPeriodo();
+  ui_.Guardar->setDefault(true);
+  ui_.Descrip->setFocus();
+}
+
+void CerrSesVentana::pintarPeriodo() {
+  const int i = motor_.elegido();
+  ui_.lbPerio->setText(!motor_.TodoAUno ? t(kTxVariosPeriodos)
+                       : i < 0          ? QString()
+                               : TextoPeriodo(motor_.propuestos()[static_cast<size_t>(i)].periodo));
+  std::set<int> grupos;
+  for (const Recibido& r : motor_.recibidos()) grupos.insert(r.CODGPO);
+  QString texto = t(kTxRecibidosDe, static_cast<int>(grupos.size()));
+  if (motor_.propuestos().size() > 1)
+    texto += u' ' + t(kTxPeriodosPosibles).arg(motor_.propuestos().size());
+  ui_.resumen->setText(texto);
+}
+
+QStringList CerrSesVentana::graves() const {
+  QStringList textos;
+  for (const Aviso& a : avisos_)
+    if (a.grave) textos << a.texto;
+  return textos;
+}
+
+void CerrSesVentana::guardar() {
+  avisos_.clear();
+  motor_.Descrip = ExpandirNombre(ui_.Descrip->text(), contexto().reloj.ahora(), contexto().db);
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  const auto links = motor_.LaSesion(true, 0, avisos_);
+  QApplication::restoreOverrideCursor();
+  if (!haIdoBien(links) || !haIdoBien(s_.reflejar())) return pintarCara();
+  pintarCara();
+  ui_.Descrip->clear();
+  std::set<qint64> distintos(links->begin(), links->end());
+  const QStringList malos = graves();
+  if (!malos.isEmpty()) return decirDuda(t(kTxConAvisos), malos.join(u'\n'));
+  decirBien(t(kTxIncorporados2, static_cast<int>(distintos.size())));
+  empezarCuenta();
+}
+
+void CerrSesVentana::olvidar() {
+  const int cuantos = static_cast<int>(motor_.recibidos().size());
+  const QString que = t(kTxSeOlvidan, cuantos) + u": "_s + ui_.lbPerio->text().simplified();
+  if (!ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxSeranOlvidados) + u"\n\n"_s + que,
+                                  ventanas::kAceptoCancelo | ventanas::kExclamacion))
+    return;
+  avisos_.clear();
+  if (!haIdoBien(motor_.LaSesion(false, 0, avisos_)) || !haIdoBien(s_.reflejar())) return;
+  pintarCara();
+  decirBien(t(kTxOlvidados));
+  ui_.Recuperar->show();
+  ui_.Recuperar->setFocus();
+  empezarCuenta();
+}
+
+void CerrSesVentana::recuperar() {
+  const auto hecho = motor_.recuperar();
+  if (!haIdoBien(hecho)) return;
+  reloj_->parar();
+  cuenta_ = 0;
+  ui_.cierre->hide();
+  ui_.Recuperar->hide();
+  if (!*hecho) return decirDuda(t(kTxYaNoSePuede));
+  if (!haIdoBien(s_.reflejar())) return;
+  pintarCara();
+  decirBien(t(kTxRecuperados));
+}
+
+void CerrSesVentana::detalles() {
+  const auto d = std::make_shared<DetalleSesion>();
+  d->recibidos = motor_.recibidos();
+  d->propuestos = motor_.propuestos();
+  d->sustituir = motor_.OverWr;
+  d->elegido = motor_.TodoAUno ? motor_.elegido() : -1;
+  if (!contexto().ventanas.abrirModal(u"FormDetalles"_s, this, {{u"salida"_s, comoSalida(d)}}))
+    return;
+  motor_.OverWr = d->sustituir;
+  motor_.TodoAUno = d->elegido >= 0;
+  motor_.elegir(d->elegido);
+  pintarPeriodo();
+}
+
+void CerrSesVentana::empezarCuenta() {
+  cuenta_ = kTicsCierre;
+  ui_.cierre->setValue(kTicsCierre);
+  ui_.cierre->show();
+  reloj_->cada(kMsTic);
+}
+
+void CerrSesVentana::tictac() {
+  ui_.cierre->setValue(--cuenta_);
+  if (cuenta_ > 1) return;
+  reloj_->parar();
+  descargar();
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,41 @@
+// Memorising the inbox: CerrSes. Two faces, by whether the tray holds anything. Behind `Guardar` or
+// `Olvidar` it says what was done and closes by itself after a while; what was forgotten can be
+// taken back until then.
+#pragma once
+
+#include "core/ventanas/Ventana.h"
+#include "totals/CerrSes.h"
+#include "ui_CerrSes.h"
+
+namespace tarvo::totals {
+
+class CerrSesVentana final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  CerrSesVentana(ventanas::Contexto& contexto, const QString& nombre, Sesion& sesion,
+                 Periodos& periodos);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+
+ private:
+  void montar();
+  Resultado<> analizar();
+  void pintarCara();
+  void pintarPeriodo();
+  void guardar();
+  void olvidar();
+  void recuperar();
+  void detalles();
+  void empezarCuenta();
+  void tictac();
+  QStringList graves() const;
+
+  Ui::CerrSes ui_;
+  Sesion& s_;
+  Periodos& p_;
+  CerrSes motor_;
+  std::vector<Aviso> avisos_;
+  int cuenta_ = 0;  // ticks left until it closes, 0 while it doesn't
+  std::unique_ptr<Temporizador> reloj_;
+};
+
+}  // namespace tarvo::totals

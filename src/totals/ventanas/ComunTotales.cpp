@@ -1,0 +1,151 @@
+#include "totals/ventanas/ComunTotales.h"
+
+#include <QLocale>
+
+#include "core/textos/Textos.h"
+#include "totals/Dinero.h"
+#include "totals/ventanas/TextosTotalesVentanas.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPartesNombradas = 6;  // periods of a sum that are named one by one
+
+QString conPuntosTotales(qint64 n) {
+  return QLocale(QLocale::Spanish).toString(n);
+}
+
+QString lineaProcedencia(ventanas::Ventana& v, const Procedencia& p) {
+  QString texto = v.t(kTxLeido).arg(p.leido ? p.leido->general() : v.t(kTxSinFecha),
+                                    p.desde.general(), p.hasta.general());
+  if (p.ejecucion > 0) texto += u'\n' + v.t(kTxEjecucion).arg(p.ejecucion);
+  if (p.diferencia) texto += u'\n' + v.t(kTxDiferencia);
+  for (const auto& [addr, importe] : p.maquinas)
+    texto += u'\n' + v.t(kTxMaquina).arg(addr).arg(conMoneda(v.contexto(), importe));
+  return texto;
+}
+
+QString lineaSumandos(ventanas::Ventana& v, const std::vector<Columna>& partes) {
+  if (partes.empty()) return v.t(kTxSinLectura);
+  QStringList nombres;
+  for (const Columna& c : partes) {
+    if (nombres.size() == kPartesNombradas) {
+      nombres << v.t(kTxYMas).arg(static_cast<int>(partes.size()) - kPartesNombradas);
+      break;
+    }
+    nombres << FormatoPeriodo(c.periodo.tipo, c.periodo.desde);
+  }
+  return v.t(kTxSumaDe).arg(nombres.join(u", "_s));
+}
+
+}  // namespace
+
+Resultado<> llenarLista(QComboBox& lista, ventanas::Contexto& c, const QString& sql, int cifras,
+                        int textoTodos) {
+  const QSignalBlocker callada(lista);
+  const QVariant antes = lista.currentData();
+  lista.clear();
+  if (textoTodos > 0) lista.addItem(c.textos(textoTodos), kTodos);
+  auto rs = c.db.consultar(sql);
+  if (!rs) return std::unexpected(rs.error());
+  for (; !(*rs)->Eof();) {
+    const qint64 codigo = (*rs)->entero(0);
+    lista.addItem(Ceros(codigo, cifras) + u' ' + (*rs)->texto(1), codigo);
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  elegirEn(lista, antes);
+  return {};
+}
+
+Resultado<> llenarGrupos(QComboBox& lista, ventanas::Contexto& c, int textoTodos) {
+  return llenarLista(lista, c, u"SELECT CODGPO, NOMGPO FROM GRUPOS ORDER BY CODGPO"_s, 4,
+                     textoTodos);
+}
+
+Resultado<> llenarSecciones(QComboBox& lista, ventanas::Contexto& c, int textoTodos) {
+  return llenarLista(lista, c, u"SELECT NMSECC, NOMSEC FROM SECCS ORDER BY NMSECC"_s, 2,
+                     textoTodos);
+}
+
+Resultado<> llenarOperadores(QComboBox& lista, ventanas::Contexto& c, int textoTodos) {
+  return llenarLista(lista, c, u"SELECT CODOPE, NOMOPE FROM OPERS ORDER BY CODOPE"_s, 4,
+                     textoTodos);
+}
+
+std::optional<int> elegidoEn(const QComboBox& lista) {
+  const QVariant dato = lista.currentData();
+  if (!dato.isValid() || dato.toInt() == kTodos) return std::nullopt;
+  return dato.toInt();
+}
+
+void elegirEn(QComboBox& lista, const QVariant& dato) {
+  const int i = dato.isValid() ? lista.findData(dato) : -1;
+  lista.setCurrentIndex(i >= 0 ? i : lista.count() > 0 ? 0 : -1);
+}
+
+QString nombreClase(const Textos& t, int clase) {
+  switch (clase) {
+    case kPLUs:
+      return t(kTxClasePLUs);
+    case kGranTotal:
+      return t(kTxClaseGranTotal);
+    case kOperadores:
+      return t(kTxClaseOperadores);
+    case kDepartamentos:
+      return t(kTxClaseDepartamentos);
+    case kHorario:
+      return t(kTxClaseHorario);
+    case kOperHora:
+      return t(kTxClaseOperHora);
+    default:
+      return {};
+  }
+}
+
+int cifrasCodigo(int clase) {
+  if (clase == kPLUs) return 7;
+  return clase == kDepartamentos || clase == kHorario ? 2 : 4;
+}
+
+QString conMoneda(const ventanas::Contexto& c, qint64 importe, int moneda) {
+  const size_t cual = moneda == 0 ? 0 : 1;
+  return (VerImporte(c.ajustes, importe, moneda) + u' ' + c.ajustes.MonedaLogo[cual].trimmed())
+      .trimmed();
+}
+
+QString conMoneda(const ventanas::Contexto& c, qint64 importe) {
+  return conMoneda(c, importe, c.ajustes.MonedaPreferente);
+}
+
+QString textoResumen(const ventanas::Ventana& v, const Resumen& r) {
+  const QString totales = v.t(kTxNTotales, static_cast<int>(r.filas))
+                              .replace(QString::number(r.filas), conPuntosTotales(r.filas));
+  return QStringList{v.t(kTxNGrupos, r.grupos), totales, conMoneda(v.contexto(), r.importe)}.join(
+      u", "_s);
+}
+
+Resultado<QString> textoProcedencia(ventanas::Ventana& v, Periodos& periodos, qint64 link,
+                                    int grupo, int clase, qint64 codigo) {
+  const auto lecturas = procedencia(v.contexto().db, link, grupo, clase, codigo);
+  if (!lecturas) return std::unexpected(lecturas.error());
+  QStringList lineas;
+  for (const Procedencia& p : *lecturas) lineas << lineaProcedencia(v, p);
+  if (!lineas.isEmpty()) return lineas.join(u'\n');
+  const auto c = periodos.columna(link);
+  if (!c) return std::unexpected(c.error());
+  if (!*c) return QString();
+  const auto partes = sumandos(periodos, **c);
+  if (!partes) return std::unexpected(partes.error());
+  return lineaSumandos(v, *partes);
+}
+
+Resultado<qint64> ultimoPeriodo(dao::Database& db) {
+  const auto link = db.uno(u"SELECT LINK FROM COLUMNA ORDER BY FECHA1 DESC, LINK DESC");
+  if (!link) return std::unexpected(link.error());
+  return link->entero();
+}
+
+}  // namespace tarvo::totals

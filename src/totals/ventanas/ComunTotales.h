@@ -1,0 +1,50 @@
+// What the windows of totals share: lists of groups and sections to choose from, names of the kinds
+// of total, and the words for what some periods hold.
+#pragma once
+
+#include <QComboBox>
+
+#include "core/ventanas/Tema.h"
+#include "core/ventanas/Ventanas.h"
+#include "totals/ConsultaFilas.h"
+
+namespace tarvo::totals {
+
+inline constexpr int kTodos = -1;  // the data of the first entry of such a list
+
+// "<<TODOS>>" and then each row of the query: code and name.
+Resultado<> llenarLista(QComboBox& lista, ventanas::Contexto& c, const QString& sql, int cifras,
+                        int textoTodos);
+Resultado<> llenarGrupos(QComboBox& lista, ventanas::Contexto& c, int textoTodos);
+Resultado<> llenarSecciones(QComboBox& lista, ventanas::Contexto& c, int textoTodos);
+Resultado<> llenarOperadores(QComboBox& lista, ventanas::Contexto& c, int textoTodos);
+// What is chosen; nothing for the first entry.
+std::optional<int> elegidoEn(const QComboBox& lista);
+void elegirEn(QComboBox& lista, const QVariant& dato);
+
+QString nombreClase(const Textos& t, int clase);
+// "12.345,67 Euros" in the preferred currency.
+QString conMoneda(const ventanas::Contexto& c, qint64 importe, int moneda);
+QString conMoneda(const ventanas::Contexto& c, qint64 importe);
+// "2 grupos, 345 totales, 12.345,67 Euros".
+QString textoResumen(const ventanas::Ventana& v, const Resumen& r);
+int cifrasCodigo(int clase);  // digits with which its codes are shown
+
+// Where the row of a group and code of a period came from, in lines.
+Resultado<QString> textoProcedencia(ventanas::Ventana& v, Periodos& periodos, qint64 link,
+                                    int grupo, int clase, qint64 codigo);
+
+// The period with the most recent dates, for a window that was opened without one; 0 for none.
+Resultado<qint64> ultimoPeriodo(dao::Database& db);
+
+// What a dialog hands back: the opener keeps a share of it.
+template <class T>
+std::shared_ptr<T> salidaDe(const ventanas::Argumentos& argumentos) {
+  return argumentos.value(QStringLiteral("salida")).value<std::shared_ptr<T>>();
+}
+template <class T>
+QVariant comoSalida(const std::shared_ptr<T>& salida) {
+  return QVariant::fromValue(salida);
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,66 @@
+#include "totals/ventanas/ConfirSumVentana.h"
+
+#include "core/ventanas/Medidas.h"
+#include "totals/ventanas/ComunTotales.h"
+#include "totals/ventanas/TextosTotalesVentanas.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+ConfirSumVentana::ConfirSumVentana(ventanas::Contexto& contexto, const QString& nombre,
+                                   Periodos& periodos)
+    : Ventana(contexto, nombre), p_(periodos), motor_(periodos, contexto.db, contexto.ajustes) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  ui_.Hacerlo->setIcon(ventanas::icono(u"sumar"_s));
+  connect(ui_.Hacerlo, &QPushButton::clicked, this, &ConfirSumVentana::hacerlo);
+  connect(ui_.Cancelar, &QPushButton::clicked, this, &ConfirSumVentana::rechazar);
+}
+
+Resultado<std::vector<qint64>> ConfirSumVentana::losLinks(const ventanas::Argumentos& argumentos) {
+  std::vector<qint64> links;
+  for (const QVariant& link : argumentos.value(u"links"_s).toList())
+    links.push_back(link.toLongLong());
+  if (!links.empty()) return links;
+  const auto todos = p_.lista();
+  if (!todos) return std::unexpected(todos.error());
+  for (auto c = todos->rbegin(); c != todos->rend() && links.size() < 2; ++c)
+    links.push_back(c->LINK);
+  return links;
+}
+
+Resultado<> ConfirSumVentana::preparar(const ventanas::Argumentos& argumentos) {
+  const auto links = losLinks(argumentos);
+  if (!links) return std::unexpected(links.error());
+  motor_.ponerSeleccion(*links);
+  auto suma = motor_.destinoDeSuma();
+  if (!suma) return std::unexpected(suma.error());
+  if (!*suma) return fallo(Fallo::NoExiste, t(kTxSinSeleccion));
+  suma_ = std::move(**suma);
+  const Periodo& p = suma_.periodo;
+  const bool existe = suma_.existente.has_value();
+  ui_.tipo->setText(NombreTipoPeriodo(p.tipo));
+  ui_.fecha1->setText(FormatoPeriodo(p.tipo, p.desde));
+  ui_.fechaF->setText(FormatoPeriodo(p.tipo, p.hasta));
+  ui_.sobre->setText(t(existe ? kTxSobreUno : kTxSobreNuevo));
+  ui_.como->setText(t(existe ? kTxQueYaExiste : kTxEntreDescripcion).trimmed());
+  ui_.Descrip->setText(existe ? suma_.existente->DESCR : QString());
+  ui_.Descrip->setReadOnly(existe);
+  ui_.Descrip->setFocus();
+  const auto r = resumir(contexto().db, contexto().ajustes, *links);
+  if (!r) return std::unexpected(r.error());
+  ui_.resumen->setText(t(kTxNPeriodos, r->periodos) + u": "_s + textoResumen(*this, *r));
+  return {};
+}
+
+void ConfirSumVentana::hacerlo() {
+  if (!suma_.existente) {
+    const Periodo& p = suma_.periodo;
+    const auto link = p_.CrearPeriodo(p.tipo, p.desde, p.hasta, false, ui_.Descrip->text());
+    if (!haIdoBien(link)) return;
+  }
+  aceptar();
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,171 @@
+// Totals keyed in by hand, and the form's own set-up.
+#include <QLocale>
+
+#include "core/textos/Textos.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/MyMsgBox.h"
+#include "totals/Dinero.h"
+#include "totals/ventanas/ComunTotales.h"
+#include "totals/ventanas/EditIntvVentana.h"
+#include "totals/ventanas/TextosTotalesVentanas.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+using ventanas::Clase;
+
+void EditIntvVentana::montar() {
+  for (int tipo = kDiario; tipo <= kOtros; ++tipo)
+    ui_.LstTipo->addItem(NombreTipoPeriodo(tipo), tipo);
+  for (int mes = 1; mes <= 12; ++mes)
+    ui_.LstMes->addItem(QLocale(QLocale::Spanish).standaloneMonthName(mes));
+  for (const int clase : {kGranTotal, kPLUs, kOperadores, kDepartamentos, kHorario, kOperHora})
+    if (clase != kOperHora || contexto().ajustes.EsEspanol())
+      ui_.TpoTot->addItem(nombreClase(contexto().textos, clase), clase);
+  for (int hora = 0; hora < 24; ++hora) ui_.LstHora->addItem(Ceros(hora, 2), hora);
+  ui_.LstHora->setCurrentIndex(-1);
+  ui_.AcumTot->setChecked(true);
+  ui_.Anadir->setIcon(ventanas::icono(u"anadir"_s));
+  ui_.Quitar->setIcon(ventanas::icono(u"quitar"_s));
+  ui_.Manual->preparar(
+      contexto(), nombre(),
+      {{.titulo = kTxTipoTotales, .campo = u"CLASE"_s, .ancho = 130},
+       {.titulo = kTxGrupo, .campo = u"GRUPO"_s, .clase = Clase::Codigo, .cifras = 4, .ancho = 64},
+       {.titulo = kTxCodigo, .campo = u"CODI"_s, .ancho = 80},
+       {.titulo = kTxHora, .campo = u"HORA"_s, .ancho = 60},
+       {.titulo = kTxOp, .campo = u"CON"_s, .clase = Clase::Entero, .ancho = 70},
+       {.titulo = kTxPeso, .campo = u"PES"_s, .clase = Clase::Cantidad},
+       {.titulo = kTxImpte, .campo = u"IMP"_s, .clase = Clase::Importe},
+       {.titulo = kTxDesct, .campo = u"SCO"_s, .clase = Clase::Importe}});
+  ui_.Manual->setMoneda(contexto().ajustes.MonedaNativa);
+  ui_.Manual->setVacia(t(kTxManualVacio));
+  ui_.Manual->setBusca(false);
+  connect(ui_.LstTipo, &QComboBox::activated, this, &EditIntvVentana::tipoCambiado);
+  connect(ui_.LstMes, &QComboBox::activated, this, &EditIntvVentana::mesCambiado);
+  connect(ui_.spAno, &QSpinBox::valueChanged, this, &EditIntvVentana::mesCambiado);
+  for (QLineEdit* campo : {ui_.Fecha1, ui_.FechaF})
+    connect(campo, &QLineEdit::textEdited, this, &EditIntvVentana::pintarLimites);
+  connect(ui_.TpoTot, &QComboBox::activated, this, &EditIntvVentana::claseCambiada);
+  connect(ui_.LstGrupos, &QComboBox::currentIndexChanged, this, &EditIntvVentana::grupoCambiado);
+  connect(ui_.Anadir, &QPushButton::clicked, this, &EditIntvVentana::anadir);
+  connect(ui_.Quitar, &QPushButton::clicked, this, &EditIntvVentana::quitar);
+  connect(ui_.SalvBoton, &QPushButton::clicked, this, &EditIntvVentana::salvar);
+  connect(ui_.Tiro, &QPushButton::clicked, this, &EditIntvVentana::rechazar);
+}
+
+// Only what names a row of this kind is asked for.
+void EditIntvVentana::claseCambiada() {
+  const int clase = ui_.TpoTot->currentData().toInt();
+  const bool plu = clase == kPLUs, oper = clase == kOperadores || clase == kOperHora,
+             dep = clase == kDepartamentos, hora = clase == kHorario || clase == kOperHora;
+  ui_.rotuloPLU->setVisible(plu);
+  ui_.txPLU->setVisible(plu);
+  ui_.rotuloOper->setVisible(oper);
+  ui_.LstOper->setVisible(oper);
+  ui_.rotuloDep->setVisible(dep);
+  ui_.LstDep->setVisible(dep);
+  ui_.rotuloHora->setVisible(hora);
+  ui_.LstHora->setVisible(hora);
+  grupoCambiado();
+}
+
+int EditIntvVentana::seccionDelGrupo() {
+  const auto s = contexto().db.uno(u"SELECT SECCION FROM GRUPOS WHERE CODGPO=?",
+                                   ui_.LstGrupos->currentData().toInt());
+  return haIdoBien(s) ? static_cast<int>(s->entero()) : 0;
+}
+
+void EditIntvVentana::grupoCambiado() {
+  if (ui_.LstDep->isHidden()) return;
+  haIdoBien(llenarLista(
+      *ui_.LstDep, contexto(),
+      u"SELECT NUMDEP, NomDep FROM DEPTS WHERE SECCION=%1 ORDER BY NUMDEP"_s.arg(seccionDelGrupo()),
+      2, 0));
+  ui_.LstDep->setCurrentIndex(-1);
+}
+
+std::optional<EntradaManual> EditIntvVentana::faltaEntrada(int texto, QWidget& control) {
+  ventanas::MyMsgBox::Decide(this, contexto().textos, t(texto),
+                             ventanas::kSoloAcepto | ventanas::kExclamacion);
+  control.setFocus();
+  return std::nullopt;
+}
+
+// The code, and the hour where the kind has one; nothing behind the sentence that says what is
+// missing.
+std::optional<qint64> EditIntvVentana::leerCodigo(EntradaManual& e) {
+  const auto falta = [this](int texto, QWidget& control) -> std::optional<qint64> {
+    faltaEntrada(texto, control);
+    return std::nullopt;
+  };
+  const QVariant oper = ui_.LstOper->currentData(), hora = ui_.LstHora->currentData();
+  switch (e.clase) {
+    case kGranTotal:
+      return e.grupo;
+    case kPLUs: {
+      const qint64 plu = ui_.txPLU->text().trimmed().toLongLong();
+      const auto hay = contexto().db.uno(
+          u"SELECT count(*) FROM PLUSES WHERE SECCION=? AND CODPLU=?", seccionDelGrupo(), plu);
+      if (!haIdoBien(hay)) return std::nullopt;
+      return plu > 0 && hay->entero() > 0 ? std::optional(plu) : falta(kTxFaltaPLU, *ui_.txPLU);
+    }
+    case kOperadores:
+      return oper.isValid() ? std::optional(oper.toLongLong())
+                            : falta(kTxFaltaOperador, *ui_.LstOper);
+    case kDepartamentos:
+      return ui_.LstDep->currentData().isValid()
+                 ? std::optional(ui_.LstDep->currentData().toLongLong())
+                 : falta(kTxFaltaDepartamento, *ui_.LstDep);
+    case kHorario:
+      return hora.isValid() ? std::optional(hora.toLongLong()) : falta(kTxFaltaHora, *ui_.LstHora);
+    default:
+      e.hora = hora.toInt();
+      return oper.isValid() && hora.isValid() ? std::optional(oper.toLongLong())
+                                              : falta(kTxFaltaOperHora, *ui_.LstOper);
+  }
+}
+
+std::optional<EntradaManual> EditIntvVentana::leerEntrada() {
+  EntradaManual e;
+  e.clase = ui_.TpoTot->currentData().toInt();
+  if (!ui_.LstGrupos->currentData().isValid()) return faltaEntrada(kTxFaltaGrupo, *ui_.LstGrupos);
+  e.grupo = ui_.LstGrupos->currentData().toInt();
+  const auto codigo = leerCodigo(e);
+  if (!codigo) return std::nullopt;
+  e.codi = *codigo;
+  const int signo = ui_.AcumTot->isChecked() ? 1 : -1, moneda = contexto().ajustes.MonedaNativa;
+  e.c = {signo * ACantidad(ui_.txCon->text(), 2), signo * ACantidad(ui_.txPes->text(), 0),
+         signo * AImporte(contexto().ajustes, ui_.txImp->text(), moneda),
+         signo * AImporte(contexto().ajustes, ui_.txDct->text(), moneda)};
+  return e;
+}
+
+void EditIntvVentana::anadir() {
+  const auto e = leerEntrada();
+  if (!e) return;
+  if (e->c.cero()) return decirDuda(t(kTxTodoCeros));
+  entradas_.push_back(*e);
+  for (QLineEdit* campo : {ui_.txPLU, ui_.txCon, ui_.txPes, ui_.txImp, ui_.txDct}) campo->clear();
+  pintarEntradas();
+  (ui_.txPLU->isVisible() ? ui_.txPLU : ui_.txCon)->setFocus();
+}
+
+void EditIntvVentana::quitar() {
+  const int fila = ui_.Manual->filaActual();
+  if (fila < 0) return;
+  entradas_.erase(entradas_.begin() + (ui_.Manual->clave(fila) - 1));
+  pintarEntradas();
+}
+
+void EditIntvVentana::pintarEntradas() {
+  std::vector<ventanas::FilaViva> filas;
+  for (const EntradaManual& e : entradas_)
+    filas.push_back(
+        {static_cast<qint64>(filas.size()) + 1,
+         {nombreClase(contexto().textos, e.clase), e.grupo, Ceros(e.codi, cifrasCodigo(e.clase)),
+          e.clase == kOperHora ? Ceros(e.hora, 2) : QString(), e.c.CON, e.c.PES, e.c.IMP,
+          e.c.SCO}});
+  ui_.Manual->vivas().poner(std::move(filas));
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,147 @@
+// The period. What is keyed in by hand stands in EditIntvManual.cpp.
+#include "totals/ventanas/EditIntvVentana.h"
+
+#include <QLocale>
+
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/MyMsgBox.h"
+#include "totals/ventanas/ComunTotales.h"
+#include "totals/ventanas/TextosTotalesVentanas.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString enCampo(int tipo, Fecha f) {
+  return tipo == kOtros ? f.general() : f.corta();
+}
+
+}  // namespace
+
+EditIntvVentana::EditIntvVentana(ventanas::Contexto& contexto, const QString& nombre,
+                                 Periodos& periodos)
+    : Ventana(contexto, nombre), p_(periodos) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+}
+
+Resultado<> EditIntvVentana::preparar(const ventanas::Argumentos& argumentos) {
+  salida_ = salidaDe<qint64>(argumentos);
+  nuevo_ = argumentos.value(u"EsNuevo"_s, true).toBool();
+  link_ = argumentos.value(u"link"_s, 0).toLongLong();
+  const Fecha hoy = contexto().reloj.ahora().dia();
+  Periodo p{argumentos.value(u"tipo"_s, kDiario).toInt(), hoy, hoy + Fecha::kUltimoSegundo};
+  if (!nuevo_) {
+    const auto c = p_.columna(link_);
+    if (!c) return std::unexpected(c.error());
+    if (!*c) return fallo(Fallo::NoExiste, t(kTxPeriodoQueFalta));
+    p = (*c)->periodo;
+  }
+  elegirEn(*ui_.LstTipo, p.tipo);
+  ui_.Fecha1->setText(enCampo(p.tipo, p.desde));
+  ui_.FechaF->setText(enCampo(kOtros, p.hasta));
+  ui_.LstMes->setCurrentIndex(p.desde.qdate().month() - 1);
+  ui_.spAno->setValue(p.desde.qdate().year());
+  TARVO_INTENTAR(llenarGrupos(*ui_.LstGrupos, contexto(), 0));
+  ui_.LstGrupos->setCurrentIndex(-1);
+  TARVO_INTENTAR(llenarOperadores(*ui_.LstOper, contexto(), 0));
+  ui_.LstOper->setCurrentIndex(-1);
+  tipoCambiado();
+  claseCambiada();
+  pintarEntradas();
+  setWindowTitle(t(nuevo_ ? kTxNuevoPeriodo : kTxModificarPeriodo));
+  ui_.LstTipo->setFocus();
+  return {};
+}
+
+void EditIntvVentana::tipoCambiado() {
+  const int tipo = ui_.LstTipo->currentData().toInt();
+  const bool conMes = tipo == kMensual, conAno = conMes || tipo == kAnual;
+  ui_.LstMes->setVisible(conMes);
+  ui_.rotuloMes->setVisible(conMes);
+  ui_.spAno->setVisible(conAno);
+  ui_.rotuloAno->setVisible(conAno);
+  ui_.Fecha1->setVisible(!conAno);
+  ui_.rotulo1->setVisible(!conAno);
+  ui_.FechaF->setVisible(tipo == kOtros);
+  ui_.rotuloF->setVisible(tipo == kOtros);
+  if (conAno) mesCambiado();
+  pintarLimites();
+}
+
+void EditIntvVentana::mesCambiado() {
+  const int mes =
+      ui_.LstTipo->currentData().toInt() == kMensual ? ui_.LstMes->currentIndex() + 1 : 1;
+  ui_.Fecha1->setText(Fecha::de(QDate(ui_.spAno->value(), mes, 1)).corta());
+  pintarLimites();
+}
+
+void EditIntvVentana::pintarLimites() {
+  const int tipo = ui_.LstTipo->currentData().toInt();
+  const auto desde = Fecha::leer(ui_.Fecha1->text().trimmed());
+  const auto hasta = tipo == kOtros ? Fecha::leer(ui_.FechaF->text().trimmed()) : desde;
+  if (!desde || !hasta) return ui_.limites->setText({});
+  const Periodo p = LimitesPeriodo(tipo, *desde, *hasta);
+  ui_.limites->setText(t(kTxDelAl).arg(p.desde.general(), p.hasta.general()));
+}
+
+std::optional<Periodo> EditIntvVentana::leerPeriodo() {
+  const auto mal = [this](int texto, QLineEdit& campo) -> std::optional<Periodo> {
+    ventanas::MyMsgBox::Decide(this, contexto().textos, t(texto),
+                               ventanas::kSoloAcepto | ventanas::kExclamacion);
+    campo.setFocus();
+    campo.selectAll();
+    return std::nullopt;
+  };
+  const int tipo = ui_.LstTipo->currentData().toInt();
+  const auto desde = Fecha::leer(ui_.Fecha1->text().trimmed());
+  if (!desde) return mal(kTxFechaNoValida, *ui_.Fecha1);
+  if (tipo != kOtros) return LimitesPeriodo(tipo, *desde, *desde);
+  const auto hasta = Fecha::leer(ui_.FechaF->text().trimmed());
+  if (!hasta) return mal(kTxFechaNoValida, *ui_.FechaF);
+  if (*hasta <= *desde) return mal(kTxIntervaloNoValido, *ui_.FechaF);
+  return Periodo{tipo, *desde, *hasta};
+}
+
+Resultado<qint64> EditIntvVentana::guardarPeriodo(const Periodo& p) {
+  auto tr = dao::Transaccion::empezar(contexto().db);
+  if (!tr) return std::unexpected(tr.error());
+  qint64 link = link_;
+  if (nuevo_) {
+    const auto hay = p_.BuscarPeriodo(p.tipo, p.desde, p.hasta);
+    if (!hay) return std::unexpected(hay.error());
+    if (*hay) return fallo(Fallo::Duplicado, t(kTxYaExiste).arg(TextoPeriodo(p)));
+    const auto hecho = p_.CrearPeriodo(p.tipo, p.desde, p.hasta, true, {});
+    if (!hecho) return hecho;
+    link = *hecho;
+  } else {
+    TARVO_INTENTAR(p_.CambiarPeriodo(link, p.tipo, p.desde, p.hasta));
+  }
+  TARVO_INTENTAR(aplicarManuales(contexto().db, p_, link, entradas_));
+  TARVO_INTENTAR(tr->confirmar());
+  return link;
+}
+
+void EditIntvVentana::salvar() {
+  const auto p = leerPeriodo();
+  if (!p) return;
+  const auto link = guardarPeriodo(*p);
+  if (!link) {
+    const bool deNuevo = nuevo_ && link.error().clase != Fallo::Duplicado;
+    return decirFallo(deNuevo ? t(kTxErrorAlCrear) : link.error().texto,
+                      deNuevo ? link.error().texto : QString());
+  }
+  if (salida_) *salida_ = *link;
+  aceptar();
+}
+
+bool EditIntvVentana::QueryUnload() {
+  return !entradas_.empty() &&
+         !ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxDesecharManuales),
+                                     ventanas::kAceptoCancelo | ventanas::kExclamacion);
+}
+
+}  // namespace tarvo::totals

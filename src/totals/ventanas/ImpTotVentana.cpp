@@ -1,0 +1,178 @@
+#include "totals/ventanas/ImpTotVentana.h"
+
+#include <QDir>
+#include <QFileDialog>
+
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/TiraTrabajo.h"
+#include "totals/ventanas/ComunTotales.h"
+#include "totals/ventanas/TextosTotalesVentanas.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum EstadoImport {
+  kSinFichero = 0,
+  kListo = 1,
+  kLeyendo = 2,
+  kInterrumpido = 4,
+  kRealizado = 5,
+  kMalasLineas = 6,
+  kMalPeriodo = 7,
+};
+
+int textoEstado(int estado) {
+  switch (estado) {
+    case kListo:
+      return kTxListo;
+    case kLeyendo:
+      return kTxLeyendo;
+    case kInterrumpido:
+      return kTxInterrumpido;
+    case kRealizado:
+      return kTxImportado;
+    case kMalasLineas:
+      return kTxLineasMalas;
+    case kMalPeriodo:
+      return kTxPeriodoMalo;
+    default:
+      return kTxSeleccioneFichero;
+  }
+}
+
+}  // namespace
+
+ImpTotVentana::ImpTotVentana(ventanas::Contexto& contexto, const QString& nombre,
+                             Periodos& periodos)
+    : Ventana(contexto, nombre), motor_(contexto.db, periodos, contexto.ajustes) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+}
+
+void ImpTotVentana::montar() {
+  ui_.otraCarpeta->setIcon(ventanas::icono(u"abrir"_s));
+  ui_.BorrPrevio->setChecked(true);
+  connect(ui_.LstFich, &QListWidget::itemActivated, this, &ImpTotVentana::abrir);
+  connect(ui_.otraCarpeta, &QPushButton::clicked, this, [this] {
+    const QString otra = QFileDialog::getExistingDirectory(this, windowTitle(), carpeta_);
+    if (!otra.isEmpty()) ponerCarpeta(otra);
+  });
+  connect(ui_.Haz, &QPushButton::clicked, this, [this] { Haz(false); });
+  connect(ui_.hazTodos, &QPushButton::clicked, this, [this] { Haz(true); });
+  connect(ui_.Alto, &QPushButton::clicked, this, &ImpTotVentana::Alto);
+  connect(ui_.Cerrar, &QPushButton::clicked, this, &ImpTotVentana::rechazar);
+}
+
+Resultado<> ImpTotVentana::preparar(const ventanas::Argumentos& argumentos) {
+  if (trabajo().enMarcha()) return {};
+  ponerCarpeta(argumentos.value(u"carpeta"_s, contexto().ajustes.HomeDir).toString());
+  ponerEstado(kSinFichero);
+  return {};
+}
+
+void ImpTotVentana::ponerCarpeta(const QString& carpeta) {
+  carpeta_ = carpeta;
+  ui_.carpeta->setText(QDir::toNativeSeparators(carpeta));
+  ui_.LstFich->clear();
+  ui_.LstFich->addItems(QDir(carpeta).entryList({u"*.EXP"_s, u"*.exp"_s}, QDir::Files, QDir::Name));
+  if (ui_.LstFich->count() > 0) ui_.LstFich->setCurrentRow(0);
+}
+
+void ImpTotVentana::ponerEstado(int estado) {
+  estado_ = estado;
+  const bool elegir = estado == kSinFichero;
+  ui_.mensaje->setText(t(textoEstado(estado)));
+  ui_.LstFich->setEnabled(elegir);
+  ui_.otraCarpeta->setEnabled(elegir);
+  ui_.Haz->setEnabled(estado != kLeyendo && !elegir);
+  ui_.Haz->setText(t(estado == kListo ? kTxLanzar : kTxOtroFichero));
+  ui_.hazTodos->setEnabled(estado == kListo);
+  ui_.Alto->setEnabled(estado == kListo || estado == kLeyendo);
+  if (elegir) {
+    for (QLabel* l : {ui_.LbCom, ui_.LbFecha, ui_.LbTipo, ui_.existe, ui_.Conta}) l->clear();
+    fichero_.reset();
+    bloque_.reset();
+    ui_.LstFich->setFocus();
+  } else if (estado == kListo) {
+    ui_.Haz->setFocus();
+  }
+}
+
+void ImpTotVentana::abrir() {
+  if (!ui_.LstFich->currentItem()) return;
+  auto f = Importacion::abrir(motor_, carpeta_ + u'/' + ui_.LstFich->currentItem()->text());
+  if (!haIdoBien(f)) return;
+  fichero_ = std::move(*f);
+  hechos_ = 0;
+  lineas_ = 0;
+  leerSiguiente();
+}
+
+void ImpTotVentana::leerSiguiente() {
+  auto b = fichero_->siguiente();
+  if (!haIdoBien(b)) return ponerEstado(kMalasLineas);
+  bloque_ = std::move(*b);
+  if (bloque_) return mostrarBloque(), ponerEstado(kListo);
+  ponerEstado(kRealizado);
+  decirBien(t(kTxImportado) + u": "_s + t(kTxNPeriodos, hechos_));
+}
+
+void ImpTotVentana::mostrarBloque() {
+  const Periodo& p = bloque_->periodo;
+  ui_.LbCom->setText(bloque_->comentario);
+  QString fecha = FormatoPeriodo(p.tipo, p.desde);
+  if (p.tipo == kOtros) fecha += u"  "_s + FormatoPeriodo(p.tipo, p.hasta);
+  ui_.LbFecha->setText(fecha);
+  ui_.LbTipo->setText(NombreTipoPeriodo(p.tipo));
+  ui_.existe->setText(t(bloque_->existente ? kTxEsePeriodoExiste : kTxEsePeriodoEsNuevo));
+}
+
+// One block, and the header behind it.
+Resultado<bool> ImpTotVentana::incorporarUno() {
+  const auto hecho =
+      fichero_->incorporar(ui_.BorrPrevio->isChecked() ? SiExiste::Borrarlo : SiExiste::Acumularlo);
+  if (!hecho) return std::unexpected(hecho.error());
+  ++hechos_;
+  lineas_ += hecho->lineas;
+  ui_.Conta->setText(t(kTxNTotales, static_cast<int>(lineas_)));
+  auto b = fichero_->siguiente();
+  if (!b) return std::unexpected(b.error());
+  bloque_ = std::move(*b);
+  if (bloque_) mostrarBloque();
+  return bloque_.has_value();
+}
+
+void ImpTotVentana::Haz(bool todos) {
+  if (estado_ != kListo) return ponerEstado(kSinFichero);
+  ponerEstado(kLeyendo);
+  trabajo().empezar(
+      t(kTxImportando),
+      [this, todos](Trabajo::Avance& a) -> Resultado<bool> {
+        const auto hayMas = incorporarUno();
+        a.hechos = fichero_->leidos();
+        a.total = fichero_->tamano();
+        if (!hayMas) return hayMas;
+        return todos && *hayMas;
+      },
+      [this](const Resultado<Trabajo::Fin>& fin) {
+        if (!fin) {
+          ponerEstado(fin.error().clase == Fallo::Formato ? kMalasLineas : kMalPeriodo);
+          return decirFallo(fin.error());
+        }
+        if (*fin == Trabajo::Fin::Parado) return ponerEstado(kInterrumpido);
+        if (bloque_) return ponerEstado(kListo);
+        ponerEstado(kRealizado);
+        decirBien(t(kTxImportado) + u": "_s + t(kTxNPeriodos, hechos_));
+      });
+}
+
+void ImpTotVentana::Alto() {
+  if (trabajo().enMarcha()) return trabajo().parar();
+  ponerEstado(kSinFichero);
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,39 @@
+// Periods from a file: ImpTot. Takes "carpeta", where it looks for files; the program's own without
+// it. Each block is shown before it goes in, or all go in one after another.
+#pragma once
+
+#include "core/ventanas/Ventana.h"
+#include "totals/XporTot.h"
+#include "ui_ImpTot.h"
+
+namespace tarvo::totals {
+
+class ImpTotVentana final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  ImpTotVentana(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  int estado() const { return estado_; }
+
+ private:
+  void montar();
+  void ponerCarpeta(const QString& carpeta);
+  void ponerEstado(int estado);
+  void abrir();
+  void leerSiguiente();
+  void mostrarBloque();
+  void Haz(bool todos);
+  Resultado<bool> incorporarUno();
+  void Alto();
+
+  Ui::ImpTot ui_;
+  ImpTot motor_;
+  std::unique_ptr<Importacion> fichero_;
+  std::optional<Importacion::Bloque> bloque_;
+  QString carpeta_;
+  int estado_ = 0;
+  int hechos_ = 0;
+  qint64 lineas_ = 0;
+};
+
+}  // namespace tarvo::totals

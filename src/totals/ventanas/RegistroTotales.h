@@ -1,0 +1,15 @@
+// The windows of the totals, by name.
+#pragma once
+
+#include "core/ventanas/Ventanas.h"
+#include "totals/Periodos.h"
+#include "totals/Sesion.h"
+
+namespace tarvo::totals {
+
+// CerrSes, FormDetalles, VerTot, EditIntv, ConfirSum, NoStkBle, VerCols, V_ColOpH, VerFils,
+// XporTot, ImpTot and ImpUnaFila. What each takes stands in its header. REQUIRES that the engines
+// outlive all windows.
+void registrarVentanasTotales(ventanas::Ventanas& ventanas, Sesion& sesion, Periodos& periodos);
+
+}  // namespace tarvo::totals

@@ -1,0 +1,210 @@
+#include "totals/ventanas/VerFilsVentana.h"
+
+#include "core/ventanas/Medidas.h"
+#include "totals/Calendario.h"
+#include "totals/ventanas/ComunTotales.h"
+#include "totals/ventanas/ImpUnaFilaVentana.h"
+#include "totals/ventanas/LadoGrafica.h"
+#include "totals/ventanas/TextosTotalesVentanas.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+using ventanas::Clase;
+
+namespace {
+
+constexpr int kReposoFilas = 60;  // ms without a change before the chart is drawn
+
+// Each counter alone, or summed where all groups stand in one row.
+std::vector<ventanas::Columna> columnasFilas(int tipo, int clase, bool porGrupo) {
+  const auto cuenta = [porGrupo](const QString& campo) {
+    return porGrupo ? campo : u"sum("_s + campo + u')';
+  };
+  const auto fecha = [tipo](const dao::Valor& v) { return FormatoPeriodo(tipo, v.fecha()); };
+  std::vector<ventanas::Columna> c{
+      {.titulo = kTxFecha,
+       .campo = u"COLUMNA.FECHA1"_s,
+       .clase = Clase::Fecha,
+       .ancho = 160,
+       .ver = fecha},
+      {.titulo = kTxHASTA,
+       .campo = u"COLUMNA.FECHAF"_s,
+       .clase = Clase::Fecha,
+       .ancho = 160,
+       .oculta = tipo != kOtros,
+       .ver = fecha},
+      {.titulo = kTxNombre, .campo = nombreFilas(clase), .ancho = 200}};
+  if (porGrupo)
+    c.push_back({.titulo = kTxGrupo,
+                 .campo = u"t.GRUPO"_s,
+                 .clase = Clase::Codigo,
+                 .cifras = 4,
+                 .ancho = 72});
+  else
+    c.push_back(
+        {.titulo = kTxGrupos, .campo = u"count(t.CON)"_s, .clase = Clase::Entero, .ancho = 80});
+  c.push_back({.titulo = kTxOp, .campo = cuenta(u"t.CON"_s), .clase = Clase::Entero, .suma = true});
+  c.push_back(
+      {.titulo = kTxPeso, .campo = cuenta(u"t.PES"_s), .clase = Clase::Cantidad, .suma = true});
+  c.push_back(
+      {.titulo = kTxImpte, .campo = cuenta(u"t.IMP"_s), .clase = Clase::Importe, .suma = true});
+  c.push_back(
+      {.titulo = kTxDesct, .campo = cuenta(u"t.SCO"_s), .clase = Clase::Importe, .suma = true});
+  return c;
+}
+
+}  // namespace
+
+VerFilsVentana::VerFilsVentana(ventanas::Contexto& contexto, const QString& nombre)
+    : Ventana(contexto, nombre),
+      moneda_(contexto.ajustes.MonedaPreferente),
+      grafica_(contexto.reloj.temporizador([this] { pintarGrafica(); })) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+}
+
+void VerFilsVentana::montar() {
+  ui_.Intervalo->setShortcut(Qt::CTRL | Qt::Key_I);
+  ui_.Moneda->setShortcut(Qt::CTRL | Qt::Key_M);
+  ui_.VerGrafica->setShortcut(Qt::CTRL | Qt::Key_G);
+  ui_.Intervalo->setIcon(ventanas::icono(u"filtro"_s));
+  ui_.Moneda->setIcon(ventanas::icono(u"moneda"_s));
+  ui_.VerGrafica->setIcon(ventanas::icono(u"grafica"_s));
+  ui_.Moneda->setVisible(contexto().ajustes.Euro > 0);
+  for (int tipo = kDiario; tipo <= kOtros; ++tipo)
+    ui_.LstTipo->addItem(NombreTipoPeriodo(tipo), tipo);
+  ui_.grafica->preparar(contexto());
+  unirLado(*ui_.VerGrafica, *ui_.lado, contexto().recuerdos, objectName());
+  repartirLado(*ui_.divisor, contexto().recuerdos, objectName());
+  connect(ui_.LstTipo, &QComboBox::activated, this, [this] {
+    filtro_.desde.reset();
+    filtro_.hasta.reset();
+    filtrar();
+  });
+  connect(ui_.AllGrp, &QComboBox::activated, this, &VerFilsVentana::filtrar);
+  connect(ui_.Intervalo, &QAction::triggered, this, &VerFilsVentana::pedirIntervalo);
+  connect(ui_.Moneda, &QAction::triggered, this, [this] { usarMoneda(moneda_ == 0 ? 1 : 0); });
+  connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
+  ui_.Grid->filtros()->addWidget(ui_.filtros);
+  ui_.Grid->setAcciones({ui_.Intervalo, ui_.Moneda, ui_.VerGrafica});
+  ui_.Grid->setVacia(t(kTxFilasVacias));
+}
+
+Resultado<> VerFilsVentana::preparar(const ventanas::Argumentos& argumentos) {
+  filtro_ = {};
+  filtro_.clase = argumentos.value(u"clase"_s, kPLUs).toInt();
+  filtro_.codigo = argumentos.value(u"codigo"_s, 0).toLongLong();
+  if (conSeccion(filtro_.clase)) filtro_.seccion = argumentos.value(u"seccion"_s, 0).toInt();
+  moneda_ = argumentos.value(u"moneda"_s, moneda_).toInt();
+  if (!argumentos.contains(u"codigo"_s)) TARVO_INTENTAR(elegirPrimero());
+  auto como = nombreCodigo();
+  if (!como) return std::unexpected(como.error());
+  nombre_ = *como;
+  TARVO_INTENTAR(llenarGrupos(*ui_.AllGrp, contexto(), kTxTodos));
+  porGrupo_ = false;
+  filtrar();
+  ui_.Grid->setFocus();
+  return {};
+}
+
+Resultado<> VerFilsVentana::elegirPrimero() {
+  auto rs = contexto().db.consultar(
+      u"SELECT GRUPOS.SECCION, t.CODI FROM TOTPLU AS t LEFT JOIN GRUPOS ON GRUPOS.CODGPO=t.GRUPO "
+      u"WHERE t.LINK=(SELECT LINK FROM COLUMNA WHERE TIPO=1 ORDER BY FECHA1 DESC LIMIT 1) ORDER BY "
+      u"t.IMP DESC LIMIT 1");
+  if (!rs) return std::unexpected(rs.error());
+  if ((*rs)->Eof()) return {};
+  filtro_.seccion = static_cast<int>((*rs)->entero(0));
+  filtro_.codigo = (*rs)->entero(1);
+  return {};
+}
+
+Resultado<QString> VerFilsVentana::nombreCodigo() const {
+  const auto leer = [](const Resultado<dao::Valor>& r) -> Resultado<QString> {
+    if (!r) return std::unexpected(r.error());
+    return r->texto();
+  };
+  dao::Database& db = contexto().db;
+  const int seccion = filtro_.seccion.value_or(0);
+  switch (filtro_.clase) {
+    case kPLUs:
+      return leer(db.uno(u"SELECT NOMPLU FROM PLUSES WHERE SECCION=? AND CODPLU=?", seccion,
+                         filtro_.codigo));
+    case kDepartamentos:
+      return leer(db.uno(u"SELECT NomDep FROM DEPTS WHERE SECCION=? AND NUMDEP=?", seccion,
+                         filtro_.codigo));
+    case kOperadores:
+      return leer(db.uno(u"SELECT NOMOPE FROM OPERS WHERE CODOPE=?", filtro_.codigo));
+    default:
+      return leer(db.uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=?", filtro_.codigo));
+  }
+}
+
+void VerFilsVentana::filtrar() {
+  filtro_.tipo = ui_.LstTipo->currentData().toInt();
+  filtro_.grupo = elegidoEn(*ui_.AllGrp);
+  porGrupo_ = filtro_.grupo.has_value();
+  prepararParrilla();
+  abrirFilas(filtro_.condicion());
+  const QString codigo = Ceros(filtro_.codigo, cifrasCodigo(filtro_.clase));
+  setWindowTitle(t(kTxTotalizacion)
+                     .arg(nombreClase(contexto().textos, filtro_.clase), codigo + u' ' + nombre_)
+                     .trimmed());
+  ui_.titulo->setText(codigo + u' ' + nombre_);
+  const bool conFechas = filtro_.desde || filtro_.hasta;
+  ui_.intervalo->setText(conFechas
+                             ? t(kTxIntervalo)
+                                   .arg(filtro_.desde ? filtro_.desde->corta() : t(kTxSinLimite),
+                                        filtro_.hasta ? filtro_.hasta->corta() : t(kTxSinLimite))
+                             : nombreClase(contexto().textos, filtro_.clase));
+  grafica_->unaVez(kReposoFilas);
+}
+
+void VerFilsVentana::prepararParrilla() {
+  ui_.Grid->preparar(contexto(), nombre(), columnasFilas(filtro_.tipo, filtro_.clase, porGrupo_));
+  ui_.Grid->setMoneda(moneda_);
+}
+
+void VerFilsVentana::abrirFilas(const Condicion& c) {
+  ventanas::Origen o{.desde = fuenteFilas(filtro_.clase, true),
+                     .filtro = c.sql,
+                     .parametros = c.valores,
+                     .orden = u"COLUMNA.FECHA1 DESC"_s};
+  if (porGrupo_)
+    o.clave = u"t.rowid"_s;
+  else
+    o.agrupado = u"COLUMNA.FECHA1, COLUMNA.FECHAF, "_s + nombreFilas(filtro_.clase);
+  haIdoBien(ui_.Grid->abrir(std::move(o)));
+}
+
+void VerFilsVentana::pintarGrafica() {
+  if (!ui_.VerGrafica->isChecked()) return;
+  const auto puntos = evolucion(contexto().db, filtro_);
+  if (!haIdoBien(puntos)) return;
+  if (puntos->empty()) return ui_.grafica->vaciar(t(kTxSinGrafica));
+  std::vector<Grafica::Dia> dias;
+  for (const PuntoPeriodo& p : *puntos) dias.push_back({p.desde.qdate(), p.importe});
+  ui_.grafica->linea(t(kTxEnElTiempo), std::move(dias), moneda_);
+}
+
+void VerFilsVentana::usarMoneda(int moneda) {
+  moneda_ = moneda;
+  ui_.Grid->setMoneda(moneda);
+  pintarGrafica();
+}
+
+void VerFilsVentana::pedirIntervalo() {
+  const auto salida = std::make_shared<IntervaloFila>();
+  if (!contexto().ventanas.abrirModal(u"ImpUnaFila"_s, this,
+                                      {{u"mision"_s, filtro_.tipo},
+                                       {u"titulo"_s, ui_.titulo->text()},
+                                       {u"salida"_s, comoSalida(salida)}}))
+    return;
+  filtro_.desde = salida->desde;
+  filtro_.hasta = salida->hasta;
+  filtrar();
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,40 @@
+// One code across time, for articles, groups, operators and departments: VerFils. Takes "clase",
+// "seccion", "codigo" and "moneda"; without a code it shows what sold most in the most recent
+// period. Opened from the windows of articles, operators, departments and groups, and from a row of
+// a viewer.
+#pragma once
+
+#include "core/ventanas/Ventana.h"
+#include "totals/ConsultaFilas.h"
+#include "ui_VerFils.h"
+
+namespace tarvo::totals {
+
+class VerFilsVentana final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  VerFilsVentana(ventanas::Contexto& contexto, const QString& nombre);
+
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  qint64 RowHandle() const { return filtro_.codigo; }
+
+ private:
+  void montar();
+  Resultado<> elegirPrimero();
+  Resultado<QString> nombreCodigo() const;
+  void prepararParrilla();
+  void filtrar();
+  void abrirFilas(const Condicion& c);
+  void pintarGrafica();
+  void pedirIntervalo();
+  void usarMoneda(int moneda);
+
+  Ui::VerFils ui_;
+  FiltroCodigo filtro_;
+  QString nombre_;
+  int moneda_;
+  bool porGrupo_ = false;  // the columns that the grid has now
+  std::unique_ptr<Temporizador> grafica_;
+};
+
+}  // namespace tarvo::totals

@@ -1,0 +1,366 @@
+// What is done with the periods chosen: questions, steps, what was done, and how to take it back.
+#include <QGridLayout>
+#include <QMenu>
+#include <QToolButton>
+
+#include "core/textos/Textos.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/Tira.h"
+#include "core/ventanas/TiraTrabajo.h"
+#include "totals/ventanas/TextosTotalesVentanas.h"
+#include "totals/ventanas/VerTotVentana.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+using ventanas::kAceptoCancelo;
+using ventanas::kExclamacion;
+using ventanas::kSoloAcepto;
+using ventanas::MyMsgBox;
+
+void VerTotVentana::montarMenus() {
+  mnuAcu_ = new QMenu(this);
+  mnuAcu_->setObjectName(u"MnuAcu"_s);
+  mnDesAcu_ = new QMenu(this);
+  mnDesAcu_->setObjectName(u"MnDesAcu"_s);
+  mnuVer_ = new QMenu(this);
+  mnuVer_->setObjectName(u"MnuVer"_s);
+  for (const auto& [tipo, texto] :
+       {std::pair{kSemanal, kTxMenuSemanal}, {kMensual, kTxMenuMensual}, {kAnual, kTxMenuAnual}}) {
+    QAction* a = mnuAcu_->addAction(t(texto), this, [this, tipo] { acumular(tipo); });
+    a->setData(tipo);
+    mnDesAcu_->addAction(t(texto), this, [this, tipo] { desacumular(tipo); });
+  }
+  for (const int clase : {kGranTotal, kPLUs, kOperadores, kDepartamentos, kHorario, kOperHora}) {
+    QAction* a = mnuVer_->addAction(nombreClase(contexto().textos, clase), this,
+                                    [this, clase] { VerIntervalo(clase); });
+    a->setVisible(clase != kOperHora || contexto().ajustes.EsEspanol());
+  }
+  ui_.acumule->setMenu(mnuAcu_);
+  ui_.DesAcum->setMenu(mnDesAcu_);
+  ui_.VerCosa->setMenu(mnuVer_);
+  for (QAction* a : {ui_.acumule, ui_.DesAcum, ui_.VerCosa}) {
+    QToolBar* barra = a == ui_.VerCosa ? ui_.barra : ui_.barra2;
+    auto* b = qobject_cast<QToolButton*>(barra->widgetForAction(a));
+    if (b) b->setPopupMode(QToolButton::InstantPopup);
+    // The key opens the menu under its button.
+    connect(a, &QAction::triggered, this, [this, a, b] {
+      a->menu()->popup(b && b->isVisible() ? b->mapToGlobal(QPoint(0, b->height()))
+                                           : ui_.Grid->mapToGlobal(QPoint(0, 0)));
+    });
+  }
+}
+
+void VerTotVentana::montarAcciones() {
+  const std::pair<QAction*, QString> iconos[] = {
+      {ui_.NuevoIV, u"anadir"_s},  {ui_.Modifo, u"modificar"_s},  {ui_.Borro, u"borrar"_s},
+      {ui_.Vacio, u"quitar"_s},    {ui_.acumule, u"acumular"_s},  {ui_.DesAcum, u"bajar"_s},
+      {ui_.SumaCol, u"sumar"_s},   {ui_.StockAR, u"almacen"_s},   {ui_.DesStock, u"subir"_s},
+      {ui_.VerCosa, u"totales"_s}, {ui_.Import, u"importar"_s},   {ui_.Exportar, u"exportar"_s},
+      {ui_.Deshacer, u"atras"_s},  {ui_.VerGrafica, u"grafica"_s}};
+  for (const auto& [accion, dibujo] : iconos) accion->setIcon(ventanas::icono(dibujo));
+  const std::pair<QAction*, QKeySequence> teclas[] = {
+      {ui_.VerCosa, Qt::Key_F4},
+      {ui_.NuevoIV, Qt::Key_Insert},
+      {ui_.Modifo, Qt::Key_F2},
+      {ui_.Borro, Qt::Key_Delete},
+      {ui_.Vacio, Qt::CTRL | Qt::Key_Delete},
+      {ui_.acumule, Qt::Key_F6},
+      {ui_.DesAcum, Qt::SHIFT | Qt::Key_F6},
+      {ui_.SumaCol, Qt::Key_F7},
+      {ui_.StockAR, Qt::Key_F8},
+      {ui_.DesStock, Qt::SHIFT | Qt::Key_F8},
+      {ui_.Import, Qt::CTRL | Qt::Key_O},
+      {ui_.Exportar, Qt::CTRL | Qt::Key_S},
+      {ui_.Deshacer, QKeySequence(QKeySequence::Undo)},
+      {ui_.VerGrafica, Qt::CTRL | Qt::Key_G}};
+  for (const auto& [accion, tecla] : teclas) accion->setShortcut(tecla);
+  connect(ui_.NuevoIV, &QAction::triggered, this, [this] { editar(true); });
+  connect(ui_.Modifo, &QAction::triggered, this, [this] { editar(false); });
+  connect(ui_.Borro, &QAction::triggered, this, [this] { borrar(false); });
+  connect(ui_.Vacio, &QAction::triggered, this, [this] { borrar(true); });
+  connect(ui_.SumaCol, &QAction::triggered, this, &VerTotVentana::sumar);
+  connect(ui_.StockAR, &QAction::triggered, this, [this] { descontar(false); });
+  connect(ui_.DesStock, &QAction::triggered, this, [this] { descontar(true); });
+  connect(ui_.Import, &QAction::triggered, this, &VerTotVentana::importar);
+  connect(ui_.Exportar, &QAction::triggered, this, &VerTotVentana::exportar);
+  connect(ui_.Deshacer, &QAction::triggered, this, &VerTotVentana::deshacerUltimo);
+  ui_.Grid->setAcciones({ui_.VerCosa, ui_.NuevoIV, ui_.Modifo, ui_.Borro, ui_.Vacio, ui_.acumule,
+                         ui_.DesAcum, ui_.SumaCol, ui_.StockAR, ui_.DesStock, ui_.Exportar,
+                         ui_.Deshacer});
+  // In the place of a button that a strip of success never shows.
+  botonDeshacer_ = new QToolButton(&tira());
+  botonDeshacer_->setObjectName(u"deshacer"_s);
+  botonDeshacer_->setDefaultAction(ui_.Deshacer);
+  botonDeshacer_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  if (auto* rejilla = qobject_cast<QGridLayout*>(tira().layout()))
+    rejilla->addWidget(botonDeshacer_, 0, 4, Qt::AlignTop);
+  mostrarDeshacer();
+}
+
+// The rows chosen, else the one in hand, which is chosen first.
+std::vector<qint64> VerTotVentana::elegidos() {
+  std::vector<qint64> links;
+  for (const int fila : ui_.Grid->filasParaActuar()) links.push_back(ui_.Grid->clave(fila));
+  return links;
+}
+
+std::optional<Resumen> VerTotVentana::resumenDe(const std::vector<qint64>& links) {
+  const auto r = resumir(contexto().db, contexto().ajustes, links);
+  if (!haIdoBien(r)) return std::nullopt;
+  return *r;
+}
+
+void VerTotVentana::ocupar(bool si) {
+  trabajando_ = si;
+  for (QWidget* w : {static_cast<QWidget*>(ui_.barra), static_cast<QWidget*>(ui_.barra2),
+                     static_cast<QWidget*>(ui_.Grid)})
+    w->setEnabled(!si);
+  for (QAction* a : {ui_.NuevoIV, ui_.Import}) a->setEnabled(!si);
+  actualCambiada();
+  mostrarDeshacer();
+}
+
+void VerTotVentana::porPasos(const QString& que, std::vector<qint64> links, Pasos paso,
+                             std::function<void(Cuentas)> alFinal) {
+  const auto cuentas = std::make_shared<Cuentas>();
+  const auto pendientes = std::make_shared<std::vector<qint64>>(std::move(links));
+  const auto uno = [=](Trabajo::Avance& a) -> Resultado<bool> {
+    a.total = static_cast<qint64>(pendientes->size());
+    if (a.hechos >= a.total) return false;
+    const auto hecho = paso((*pendientes)[static_cast<size_t>(a.hechos)]);
+    if (!hecho) return std::unexpected(hecho.error());
+    ++(*hecho ? cuentas->bien : cuentas->mal);
+    return ++a.hechos < a.total;
+  };
+  ocupar(true);
+  trabajo().empezar(que, uno, [=, this](const Resultado<Trabajo::Fin>& fin) {
+    ocupar(false);
+    ui_.Grid->limpiarSeleccion();
+    refrescar();
+    ui_.Grid->setFocus();
+    alFinal(*cuentas);
+    haIdoBien(fin);
+  });
+}
+
+void VerTotVentana::decirCuentas(int textoBien, int textoMal, Cuentas cuentas) {
+  if (cuentas.mal > 0) return decirDuda(t(textoMal, cuentas.mal), t(textoBien, cuentas.bien));
+  if (cuentas.bien > 0) decirBien(t(textoBien, cuentas.bien));
+}
+
+// --- taking back
+// -----------------------------------------------------------------------------------
+
+void VerTotVentana::ponerDeshacer(const QString& que, std::function<Resultado<>()> hacer) {
+  deshechos_.push_back({que, std::move(hacer)});
+  mostrarDeshacer();
+}
+
+void VerTotVentana::mostrarDeshacer() {
+  ui_.Deshacer->setEnabled(!deshechos_.empty() && !trabajando_);
+  ui_.Deshacer->setToolTip(deshechos_.empty() ? t(kTxNadaQueDeshacer)
+                                              : t(kTxDeshacerQue).arg(deshechos_.back().que));
+  botonDeshacer_->setVisible(!deshechos_.empty());
+}
+
+void VerTotVentana::deshacerUltimo() {
+  if (deshechos_.empty() || trabajando_) return;
+  const Deshecho ultimo = deshechos_.back();
+  if (!haIdoBien(ultimo.hacer())) return;
+  deshechos_.pop_back();
+  refrescar();
+  mostrarDeshacer();
+  decirBien(t(kTxDeshecho).arg(ultimo.que));
+}
+
+// --- deleting
+// --------------------------------------------------------------------------------------
+
+void VerTotVentana::borrar(bool soloFilas) {
+  const auto links = elegidos();
+  const auto que = links.empty() ? std::nullopt : resumenDe(links);
+  if (!que) return;
+  const int cuantos = static_cast<int>(links.size());
+  const QString pregunta =
+      t(soloFilas ? kTxVaciara : kTxBorrara, cuantos) + u'\n' + t(kTxSonValiosos);
+  if (!MyMsgBox::Decide(
+          this, contexto().textos,
+          pregunta + u"\n\n"_s + textoResumen(*this, *que) + u". "_s + t(kTxSePuedeDeshacer),
+          kAceptoCancelo | kExclamacion))
+    return;
+  const auto lote = papelera_.nuevoLote();
+  if (!haIdoBien(lote)) return;
+  const qint64 n = *lote;
+  porPasos(
+      t(soloFilas ? kTxVaciando : kTxBorrando), links,
+      [=, this](qint64 link) {
+        if (!soloFilas) cerrarVisores(link);
+        return soloFilas ? papelera_.vaciar(n, link) : papelera_.tirar(n, link);
+      },
+      [=, this](Cuentas cuentas) {
+        if (cuentas.bien > 0)
+          ponerDeshacer(t(soloFilas ? kTxQueVaciar : kTxQueBorrar, cuentas.bien),
+                        [this, n]() -> Resultado<> {
+                          TARVO_INTENTAR(papelera_.restaurar(n));
+                          return {};
+                        });
+        decirCuentas(soloFilas ? kTxVaciados : kTxBorrados, kTxNoBorrados, cuentas);
+      });
+}
+
+// --- adding up
+// -------------------------------------------------------------------------------------
+
+Resultado<bool> VerTotVentana::acumularUno(qint64 link, int tipo) {
+  const auto c = p_.columna(link);
+  if (!c) return std::unexpected(c.error());
+  if (!*c) return false;
+  const auto chequeo = motor_.ChequeoAcumulado(**c, tipo);
+  if (!chequeo) return std::unexpected(chequeo.error());
+  if (*chequeo == 2) {
+    MyMsgBox::Decide(this, contexto().textos, t(kTxYaSeAcumulo), kSoloAcepto | kExclamacion);
+    return false;
+  }
+  if (*chequeo == 1 && !MyMsgBox::Decide(this, contexto().textos, t(kTxExisteRelacionado),
+                                         kAceptoCancelo | kExclamacion))
+    return false;
+  return p_.AcumularPeriodo(tipo, **c);
+}
+
+void VerTotVentana::acumular(int tipo) {
+  const auto links = elegidos();
+  if (links.empty()) return;
+  porPasos(
+      t(kTxAcumulando), links, [=, this](qint64 link) { return acumularUno(link, tipo); },
+      [=, this](Cuentas c) { decirCuentas(kTxAcumulados, kTxNoAcumulados, c); });
+}
+
+void VerTotVentana::desacumular(int tipo) {
+  const auto links = elegidos();
+  if (links.empty()) return;
+  porPasos(
+      t(kTxDesacumulando), links,
+      [=, this](qint64 link) -> Resultado<bool> {
+        const auto c = p_.columna(link);
+        if (!c) return std::unexpected(c.error());
+        if (!*c) return false;
+        return p_.DesacumularPeriodo(tipo, **c);
+      },
+      [=, this](Cuentas c) { decirCuentas(kTxDesacumulados, kTxNoDesacumulados, c); });
+}
+
+void VerTotVentana::sumar() {
+  const auto links = elegidos();
+  if (links.empty()) {
+    MyMsgBox::Decide(this, contexto().textos, t(kTxSinSeleccion), kSoloAcepto);
+    return;
+  }
+  QVariantList lista;
+  for (const qint64 link : links) lista << link;
+  if (!contexto().ventanas.abrirModal(u"ConfirSum"_s, this, {{u"links"_s, lista}})) return;
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  motor_.ponerSeleccion(links);
+  const auto hecho = motor_.SumarIntv();
+  motor_.ClrSelec();
+  QApplication::restoreOverrideCursor();
+  refrescar();
+  if (!haIdoBien(hecho)) return;
+  if (*hecho)
+    decirBien(t(kTxSumados, static_cast<int>(links.size())));
+  else
+    decirDuda(t(kTxNoSumados));
+}
+
+// --- stock
+// -----------------------------------------------------------------------------------------
+
+void VerTotVentana::descontar(bool deshacer) {
+  const auto links = elegidos();
+  if (links.empty()) {
+    MyMsgBox::Decide(this, contexto().textos, t(kTxSinSeleccion), kSoloAcepto | kExclamacion);
+    return;
+  }
+  const auto que = resumenDe(links);
+  if (!que) return;
+  const QString pregunta =
+      t(deshacer ? kTxVanAIncorporar : kTxVanADescontar) + u'\n' + t(kTxEsoDesea);
+  if (!MyMsgBox::Decide(this, contexto().textos,
+                        pregunta + u"\n\n"_s + t(kTxNPeriodos, que->periodos) + u": "_s +
+                            textoResumen(*this, *que) + u'.',
+                        kAceptoCancelo))
+    return;
+  const auto hechos = std::make_shared<std::vector<qint64>>();
+  porPasos(
+      t(deshacer ? kTxIncorporando : kTxDescontando), links,
+      [=, this](qint64 link) { return descontarUno(link, deshacer, *hechos); },
+      [=, this](Cuentas c) {
+        if (c.bien > 0)
+          ponerDeshacer(t(deshacer ? kTxQueIncorporar : kTxQueDescontar, c.bien),
+                        [=, this]() -> Resultado<> {
+                          auto tr = dao::Transaccion::empezar(contexto().db);
+                          if (!tr) return std::unexpected(tr.error());
+                          for (const qint64 link : *hechos) {
+                            const auto col = p_.columna(link);
+                            if (!col) return std::unexpected(col.error());
+                            if (*col) TARVO_INTENTAR(p_.DescontarPeriodo(**col, deshacer ? 1 : -1));
+                          }
+                          return tr->confirmar();
+                        });
+        decirCuentas(deshacer ? kTxIncorporados : kTxDescontados, kTxNoDescontados, c);
+      });
+}
+
+Resultado<bool> VerTotVentana::descontarUno(qint64 link, bool deshacer,
+                                            std::vector<qint64>& hechos) {
+  const auto c = p_.columna(link);
+  if (!c) return std::unexpected(c.error());
+  if (!*c) return false;
+  if (!(*c)->stkABLE && !contexto().ventanas.abrirModal(u"NoStkBle"_s, this)) return false;
+  if (!deshacer && (*c)->stkADO >= 1) return false;  // its sales are out of the stock already
+  const auto hecho = p_.DescontarPeriodo(**c, deshacer ? -1 : 1);
+  if (hecho && *hecho) hechos.push_back(link);
+  return hecho;
+}
+
+// --- other windows
+// ---------------------------------------------------------------------------------
+
+void VerTotVentana::editar(bool nuevo) {
+  const int fila = ui_.Grid->filaActual();
+  if (!nuevo && fila < 0) return;
+  const auto salida = std::make_shared<qint64>(0);
+  ventanas::Argumentos a{{u"EsNuevo"_s, nuevo}, {u"salida"_s, comoSalida(salida)}};
+  if (!nuevo) a[u"link"_s] = ui_.Grid->clave(fila);
+  if (nuevo && tipo_ > 0) a[u"tipo"_s] = tipo_;
+  if (!contexto().ventanas.abrirModal(u"EditIntv"_s, this, a)) return;
+  const auto c = p_.columna(*salida);
+  if (!haIdoBien(c)) return;
+  // The list goes to the kind of the period, where it can be seen.
+  if (*c && tipo_ > 0 && tipo_ != (*c)->periodo.tipo) {
+    elegirEn(*ui_.ListaTpos, (*c)->periodo.tipo);
+    tipoCambiado();
+  } else {
+    refrescar();
+  }
+  ui_.Grid->irA(ui_.Grid->filaDe(*salida));
+  decirBien(t(nuevo ? kTxPeriodoCreado : kTxPeriodoCambiado));
+}
+
+void VerTotVentana::exportar() {
+  const auto links = elegidos();
+  if (links.empty()) return;
+  QVariantList lista;
+  for (const qint64 link : links) lista << link;
+  contexto().ventanas.abrirModal(u"XporTot"_s, this, {{u"links"_s, lista}});
+  ui_.Grid->limpiarSeleccion();
+  refrescar();
+}
+
+void VerTotVentana::importar() {
+  if (Ventana* v = contexto().ventanas.abrir(u"ImpTot"_s, this))
+    connect(v, &Ventana::descargada, this, &VerTotVentana::refrescar, Qt::UniqueConnection);
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,227 @@
+// The list itself: what it shows, and the side with the period in hand.
+#include "totals/ventanas/VerTotVentana.h"
+
+#include <QMenu>
+
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/Tira.h"
+#include "totals/Cuadre.h"
+#include "totals/ventanas/LadoGrafica.h"
+#include "totals/ventanas/TextosTotalesVentanas.h"
+#include "totals/ventanas/Visor.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+using ventanas::Clase;
+
+namespace {
+
+constexpr int kReposoLista = 60;  // ms without a change before the side is looked up
+constexpr int kBarrasLista = 10;
+
+// A date with its time only where it has one.
+QString fechaGeneral(Fecha f) {
+  return f.hora() == 0 ? f.corta() : f.general();
+}
+
+QString signoStock(const dao::Valor& v) {
+  const qint64 n = v.entero();
+  return n > 0 ? u"+"_s : n < 0 ? u"*"_s : QString();
+}
+
+// The amount of a period: its grand totals, else its articles.
+const QString kImportePeriodo =
+    u"coalesce((SELECT sum(g.IMP) FROM TOTGRT AS g WHERE g.LINK=COLUMNA.LINK), (SELECT sum(a.IMP) FROM TOTPLU AS a WHERE a.LINK=COLUMNA.LINK))"_s;
+
+}  // namespace
+
+VerTotVentana::VerTotVentana(ventanas::Contexto& contexto, const QString& nombre,
+                             Periodos& periodos)
+    : Ventana(contexto, nombre),
+      p_(periodos),
+      motor_(periodos, contexto.db, contexto.ajustes),
+      papelera_(contexto.db, periodos, contexto.ajustes),
+      lado_(contexto.reloj.temporizador([this] { pintarLado(); })) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+}
+
+void VerTotVentana::montar() {
+  montarMenus();
+  montarAcciones();
+  ui_.ListaTpos->addItem(t(kTxTodos), 0);
+  for (int tipo = kDiario; tipo <= kOtros; ++tipo)
+    ui_.ListaTpos->addItem(NombreTipoPeriodo(tipo), tipo);
+  connect(ui_.ListaTpos, &QComboBox::activated, this, &VerTotVentana::tipoCambiado);
+  connect(ui_.Grid, &ventanas::Parrilla::activada, this, [this] { VerIntervalo(kGranTotal); });
+  connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this, &VerTotVentana::actualCambiada);
+  connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
+  ui_.Grid->filtros()->addWidget(ui_.filtros);
+  ui_.Grid->setVacia(t(kTxListaVacia), ui_.NuevoIV);
+  ui_.grafica->preparar(contexto());
+  unirLado(*ui_.VerGrafica, *ui_.lado, contexto().recuerdos, objectName());
+  repartirLado(*ui_.divisor, contexto().recuerdos, objectName());
+  connect(ui_.VerGrafica, &QAction::toggled, this, &VerTotVentana::pintarLado);
+}
+
+Resultado<> VerTotVentana::preparar(const ventanas::Argumentos&) {
+  if (ui_.Grid->consulta()) {
+    refrescar();
+    return {};
+  }
+  TARVO_INTENTAR(papelera_.vaciarla());
+  tipoCambiado();
+  ui_.Grid->setFocus();
+  return {};
+}
+
+void VerTotVentana::prepararParrilla() {
+  const auto fecha = [this](const dao::Valor& v) {
+    return tipo_ == 0 ? fechaGeneral(v.fecha()) : FormatoPeriodo(tipo_, v.fecha());
+  };
+  const auto tipo = [](const dao::Valor& v) {
+    return NombreTipoPeriodo(static_cast<int>(v.entero()));
+  };
+  ui_.Grid->preparar(
+      contexto(), nombre(),
+      {{.titulo = kTxFecha,
+        .campo = u"FECHA1"_s,
+        .clase = Clase::Fecha,
+        .ancho = 166,
+        .ver = fecha},
+       {.titulo = kTxHASTA,
+        .campo = u"FECHAF"_s,
+        .clase = Clase::Fecha,
+        .ancho = 166,
+        .ver = fecha},
+       {.titulo = kTxDescripcion, .campo = u"DESCR"_s, .ancho = 160},
+       {.titulo = kTxImpte, .campo = kImportePeriodo, .clase = Clase::Importe},
+       {.titulo = kTxS, .campo = u"ACUM2"_s, .clase = Clase::SiNo, .ancho = 40},
+       {.titulo = kTxM, .campo = u"ACUM3"_s, .clase = Clase::SiNo, .ancho = 40},
+       {.titulo = kTxA, .campo = u"ACUM4"_s, .clase = Clase::SiNo, .ancho = 40},
+       {.titulo = kTxStkable, .campo = u"stkABLE"_s, .clase = Clase::SiNo, .ancho = 60},
+       {.titulo = kTxStk, .campo = u"stkADO"_s, .ancho = 48, .ver = signoStock},
+       {.titulo = kTxTipo, .campo = u"TIPO"_s, .oculta = true, .ver = tipo}});
+}
+
+void VerTotVentana::tipoCambiado() {
+  tipo_ = ui_.ListaTpos->currentData().toInt();
+  for (QAction* a : mnuAcu_->actions()) {
+    const int destino = a->data().toInt();
+    a->setEnabled(tipo_ == 0 || tipo_ == kOtros || tipo_ < destino);
+  }
+  ui_.acumule->setEnabled(tipo_ != kAnual);
+  if (!ui_.Grid->consulta()) prepararParrilla();
+  ventanas::Origen o{.desde = u"COLUMNA"_s, .clave = u"COLUMNA.LINK"_s, .orden = u"FECHA1 DESC"_s};
+  if (tipo_ > 0) {
+    o.filtro = u"TIPO=?"_s;
+    o.parametros = {tipo_};
+  }
+  haIdoBien(ui_.Grid->abrir(std::move(o)));
+  cambios_ = contexto().db.cambios();
+  actualCambiada();
+}
+
+void VerTotVentana::refrescar() {
+  haIdoBien(ui_.Grid->refrescar());
+  cambios_ = contexto().db.cambios();
+  actualCambiada();
+}
+
+// What other windows did meanwhile shows when one comes back to this one.
+bool VerTotVentana::event(QEvent* evento) {
+  const bool hecho = Ventana::event(evento);
+  if (evento->type() == QEvent::WindowActivate && !trabajando_ && ui_.Grid->consulta() &&
+      contexto().db.cambios() != cambios_)
+    refrescar();
+  return hecho;
+}
+
+void VerTotVentana::actualCambiada() {
+  const bool hay = ui_.Grid->filas() > 0;
+  for (QAction* a : {ui_.Modifo, ui_.Borro, ui_.Vacio, ui_.DesAcum, ui_.SumaCol, ui_.StockAR,
+                     ui_.DesStock, ui_.VerCosa, ui_.Exportar})
+    a->setEnabled(hay && !trabajando_);
+  ui_.acumule->setEnabled(hay && !trabajando_ && tipo_ != kAnual);
+  lado_->unaVez(kReposoLista);
+}
+
+void VerTotVentana::pintarLado() {
+  if (!ui_.VerGrafica->isChecked()) return;
+  const int fila = ui_.Grid->filaActual();
+  const auto c = fila < 0 ? Resultado<std::optional<Columna>>(std::nullopt)
+                          : p_.columna(ui_.Grid->clave(fila));
+  if (!haIdoBien(c)) return;
+  if (!*c) {
+    for (QLabel* l : {ui_.periodo, ui_.importe, ui_.detalle}) l->clear();
+    return ui_.grafica->vaciar(t(kTxSinGrafica));
+  }
+  const auto resumen = resumenDe({(*c)->LINK});
+  if (!resumen) return;
+  ui_.periodo->setText(TextoPeriodo((*c)->periodo).simplified());
+  ui_.importe->setText(conMoneda(contexto(), resumen->importe));
+  ui_.detalle->setText(textoResumen(*this, *resumen) + u'\n' + textoCuadre(**c));
+  for (const int clase : {kHorario, kDepartamentos, kPLUs, kGranTotal}) {
+    FiltroFilas filtro;
+    filtro.link = (*c)->LINK;
+    filtro.clase = clase;
+    const auto puntos = serie(contexto().db, filtro, kBarrasLista);
+    if (!haIdoBien(puntos)) return;
+    if (puntos->empty()) continue;
+    std::vector<Grafica::Barra> barras;
+    const bool horas = clase == kHorario;
+    for (const Punto& p : *puntos)
+      barras.push_back(
+          {horas || p.nombre.isEmpty() ? QString::number(p.codigo) : p.nombre, p.importe});
+    return ui_.grafica->barras(
+        horas ? t(kTxPorHoras) : t(kTxLosMayores).arg(nombreClase(contexto().textos, clase)),
+        std::move(barras), !horas, contexto().ajustes.MonedaPreferente);
+  }
+  ui_.grafica->vaciar(t(kTxPeriodoVacio));
+}
+
+// Whether the grand totals of its groups agree with the sums by article, operator and so on.
+QString VerTotVentana::textoCuadre(const Columna& c) {
+  auto rs = contexto().db.consultar(
+      u"SELECT DISTINCT GRUPO FROM TOTGRT WHERE LINK=? ORDER BY GRUPO", c.LINK);
+  if (!haIdoBien(rs)) return {};
+  QStringList malos;
+  bool hay = false;
+  while (!(*rs)->Eof()) {
+    const int grupo = static_cast<int>((*rs)->entero(0));
+    const auto lista = compararTotales(contexto().db, contexto().ajustes, c.LINK, grupo);
+    if (!haIdoBien(lista)) return {};
+    hay = hay || !lista->empty();
+    if (std::ranges::any_of(*lista, [](const Comparado& x) { return !x.cuadra(); }))
+      malos << QString::number(grupo);
+    if (!haIdoBien((*rs)->MoveNext())) return {};
+  }
+  if (!hay) return t(kTxSinCuadre);
+  return malos.isEmpty() ? t(kTxCuadra) : t(kTxNoCuadra).arg(malos.join(u", "_s));
+}
+
+void VerTotVentana::VerIntervalo(int clase) {
+  const int fila = ui_.Grid->filaActual();
+  if (fila < 0) return;
+  const qint64 link = ui_.Grid->clave(fila);
+  contexto().ventanas.abrir(Visor::nombreDe(link, clase), this,
+                            {{u"link"_s, link}, {u"clase"_s, clase}});
+}
+
+void VerTotVentana::cerrarVisores(qint64 link) {
+  for (const int clase : {kGranTotal, kOperHora})
+    contexto().ventanas.descargar(Visor::nombreDe(link, clase));
+}
+
+bool VerTotVentana::QueryUnload() {
+  const auto tipoDe = [](const Ventana* v) { return v->nombre().section(u'#', 0, 0); };
+  for (Ventana* v : contexto().ventanas.abiertas())
+    if (tipoDe(v) == u"VerCols" || tipoDe(v) == u"V_ColOpH") v->descargar();
+  trabajo().parar();
+  haIdoBien(papelera_.vaciarla());
+  return false;
+}
+
+}  // namespace tarvo::totals

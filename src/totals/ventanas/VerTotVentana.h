@@ -1,0 +1,81 @@
+// The list of periods and all that is done with them: VerTot. Until it closes, what was deleted or
+// emptied here can be brought back, the last one first.
+#pragma once
+
+#include "core/ventanas/Ventana.h"
+#include "totals/Papelera.h"
+#include "totals/VerTot.h"
+#include "totals/ventanas/ComunTotales.h"
+#include "ui_VerTot.h"
+
+namespace tarvo::totals {
+
+class VerTotVentana final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  VerTotVentana(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos);
+
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  bool QueryUnload() override;
+
+  void VerIntervalo(int clase);
+  bool trabajando() const { return trabajando_; }
+
+ private:
+  using Pasos = std::function<Resultado<bool>(qint64 link)>;
+  struct Deshecho {
+    QString que;
+    std::function<Resultado<>()> hacer;
+  };
+  struct Cuentas {
+    int bien = 0, mal = 0;
+  };
+
+  void montar();
+  void montarMenus();
+  void montarAcciones();
+  void prepararParrilla();
+  void tipoCambiado();
+  void refrescar();
+  void actualCambiada();
+  void pintarLado();
+  QString textoCuadre(const Columna& c);
+  bool event(QEvent* evento) override;
+
+  std::vector<qint64> elegidos();
+  std::optional<Resumen> resumenDe(const std::vector<qint64>& links);
+  // One step a period, with progress; `alFinal` gets how many went well and how many did not.
+  void porPasos(const QString& que, std::vector<qint64> links, Pasos paso,
+                std::function<void(Cuentas)> alFinal);
+  void ocupar(bool si);
+  void decirCuentas(int textoBien, int textoMal, Cuentas cuentas);
+  void ponerDeshacer(const QString& que, std::function<Resultado<>()> hacer);
+  void deshacerUltimo();
+  void mostrarDeshacer();
+  void cerrarVisores(qint64 link);
+
+  void editar(bool nuevo);
+  void borrar(bool soloFilas);
+  void acumular(int tipo);
+  Resultado<bool> acumularUno(qint64 link, int tipo);
+  void desacumular(int tipo);
+  void sumar();
+  void descontar(bool deshacer);
+  Resultado<bool> descontarUno(qint64 link, bool deshacer, std::vector<qint64>& hechos);
+  void exportar();
+  void importar();
+
+  Ui::VerTot ui_;
+  Periodos& p_;
+  VerTot motor_;
+  Papelera papelera_;
+  QMenu *mnuAcu_ = nullptr, *mnDesAcu_ = nullptr, *mnuVer_ = nullptr;
+  int tipo_ = 0;  // the kind in view, 0 all
+  bool trabajando_ = false;
+  qint64 cambios_ = 0;  // of the database when the list was read
+  std::vector<Deshecho> deshechos_;
+  QToolButton* botonDeshacer_ = nullptr;
+  std::unique_ptr<Temporizador> lado_;
+};
+
+}  // namespace tarvo::totals

@@ -1,0 +1,230 @@
+#include "totals/ventanas/Visor.h"
+
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/Recuerdos.h"
+#include "totals/ventanas/ComunTotales.h"
+#include "totals/ventanas/LadoGrafica.h"
+#include "totals/ventanas/TextosTotalesVentanas.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+using ventanas::Clase;
+
+namespace {
+
+constexpr int kReposoVisor = 60;  // ms without a change before a chart or an origin is looked up
+constexpr int kPausaCodigos = 250;
+constexpr int kBarras = 12;
+constexpr int kLetrasLista = 8;
+constexpr int kAnchoCodigo = 72;
+
+QString sinCeros(const QLineEdit& campo) {
+  return campo.text().trimmed();
+}
+
+std::optional<qint64> codigoDe(const QLineEdit& campo) {
+  bool bien = false;
+  const qint64 n = sinCeros(campo).toLongLong(&bien);
+  return bien ? std::optional(n) : std::nullopt;
+}
+
+std::vector<ventanas::Columna> columnasVisor(int clase) {
+  std::vector<ventanas::Columna> c{
+      {.titulo = kTxSec,
+       .campo = u"GRUPOS.SECCION"_s,
+       .clase = Clase::Codigo,
+       .cifras = 2,
+       .ancho = 56},
+      {.titulo = kTxGrupo, .campo = u"t.GRUPO"_s, .clase = Clase::Codigo, .cifras = 4, .ancho = 72},
+      {.titulo = clase == kHorario ? kTxHora : kTxCodigo,
+       .campo = u"t.CODI"_s,
+       .clase = Clase::Codigo,
+       .cifras = cifrasCodigo(clase)}};
+  if (clase == kOperHora)
+    c.push_back({.titulo = kTxHora,
+                 .campo = u"t.HORA"_s,
+                 .clase = Clase::Codigo,
+                 .cifras = 2,
+                 .ancho = 64});
+  c.push_back({.titulo = kTxNombre, .campo = nombreFilas(clase), .ancho = 220});
+  c.push_back({.titulo = kTxOp, .campo = u"t.CON"_s, .clase = Clase::Entero, .suma = true});
+  c.push_back({.titulo = kTxPeso, .campo = u"t.PES"_s, .clase = Clase::Cantidad, .suma = true});
+  c.push_back({.titulo = kTxImpte, .campo = u"t.IMP"_s, .clase = Clase::Importe, .suma = true});
+  c.push_back({.titulo = kTxDesct, .campo = u"t.SCO"_s, .clase = Clase::Importe, .suma = true});
+  return c;
+}
+
+}  // namespace
+
+QString Visor::nombreDe(qint64 link, int clase) {
+  return (clase == kOperHora ? u"V_ColOpH#"_s : u"VerCols#"_s) + QString::number(link);
+}
+
+Visor::Visor(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos)
+    : Ventana(contexto, nombre),
+      p_(periodos),
+      moneda_(contexto.ajustes.MonedaPreferente),
+      porOperador_(nombre.startsWith(u"V_ColOpH")),
+      grafica_(contexto.reloj.temporizador([this] { pintarGrafica(); })),
+      procede_(contexto.reloj.temporizador([this] { pintarProcedencia(); })),
+      codigos_(contexto.reloj.temporizador([this] { filtroCambiado(); })) {
+  filtro_.clase = porOperador_ ? kOperHora : kGranTotal;
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+}
+
+void Visor::montar() {
+  ui_.VerFila->setShortcut(Qt::CTRL | Qt::Key_T);
+  ui_.Moneda->setShortcut(Qt::CTRL | Qt::Key_M);
+  ui_.VerGrafica->setShortcut(Qt::CTRL | Qt::Key_G);
+  ui_.VerFila->setIcon(ventanas::icono(u"calendario"_s));
+  ui_.Moneda->setIcon(ventanas::icono(u"moneda"_s));
+  ui_.VerGrafica->setIcon(ventanas::icono(u"grafica"_s));
+  ui_.Moneda->setVisible(contexto().ajustes.Euro > 0);
+  for (const ClaseTotal& k : enVigor(contexto().ajustes))
+    if (k.numero != kOperHora)
+      ui_.LstClase->addItem(nombreClase(contexto().textos, k.numero), k.numero);
+  for (QWidget* w : {static_cast<QWidget*>(ui_.rotuloClase), static_cast<QWidget*>(ui_.LstClase),
+                     static_cast<QWidget*>(ui_.rotuloDesde), static_cast<QWidget*>(ui_.desde),
+                     static_cast<QWidget*>(ui_.rotuloHasta), static_cast<QWidget*>(ui_.hasta)})
+    w->setVisible(!porOperador_);
+  for (QWidget* w : {static_cast<QWidget*>(ui_.rotuloOper), static_cast<QWidget*>(ui_.LstOper)})
+    w->setVisible(porOperador_);
+  ui_.VerFila->setVisible(!porOperador_);
+  for (QComboBox* lista : {ui_.LstClase, ui_.AllSec, ui_.AllGrp, ui_.LstOper}) {
+    lista->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    lista->setMinimumContentsLength(kLetrasLista);
+  }
+  for (QLineEdit* campo : {ui_.desde, ui_.hasta})
+    campo->setFixedWidth(ventanas::escalar(kAnchoCodigo));
+  ui_.grafica->preparar(contexto());
+  unirLado(*ui_.VerGrafica, *ui_.lado, contexto().recuerdos, objectName());
+  repartirLado(*ui_.divisor, contexto().recuerdos, objectName());
+  for (QComboBox* lista : {ui_.LstClase, ui_.AllSec, ui_.AllGrp, ui_.LstOper})
+    connect(lista, &QComboBox::activated, this, &Visor::filtroCambiado);
+  for (QLineEdit* campo : {ui_.desde, ui_.hasta})
+    connect(campo, &QLineEdit::textEdited, this, [this] { codigos_->unaVez(kPausaCodigos); });
+  connect(ui_.VerFila, &QAction::triggered, this, &Visor::verFila);
+  connect(ui_.Moneda, &QAction::triggered, this, [this] { UsoMoneda(moneda_ == 0 ? 1 : 0); });
+  connect(ui_.Grid, &ventanas::Parrilla::activada, this, &Visor::verFila);
+  connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this,
+          [this] { procede_->unaVez(kReposoVisor); });
+  connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
+  ui_.Grid->setAcciones({ui_.VerFila, ui_.Moneda, ui_.VerGrafica});
+  ui_.Grid->setVacia(t(kTxVisorVacio));
+}
+
+Resultado<> Visor::preparar(const ventanas::Argumentos& argumentos) {
+  qint64 link = argumentos.value(u"link"_s, 0).toLongLong();
+  if (link == 0) {
+    const auto ultimo = ultimoPeriodo(contexto().db);
+    if (!ultimo) return std::unexpected(ultimo.error());
+    link = *ultimo;
+  }
+  filtro_.link = link;
+  if (!porOperador_) filtro_.clase = argumentos.value(u"clase"_s, filtro_.clase).toInt();
+  moneda_ = argumentos.value(u"moneda"_s, moneda_).toInt();
+  elegirEn(*ui_.LstClase, filtro_.clase);
+  TARVO_INTENTAR(llenarFiltros());
+  prepararParrilla();
+  filtrar();
+  ui_.Grid->setFocus();
+  return {};
+}
+
+Resultado<> Visor::llenarFiltros() {
+  TARVO_INTENTAR(llenarSecciones(*ui_.AllSec, contexto(), kTxTodas));
+  TARVO_INTENTAR(llenarGrupos(*ui_.AllGrp, contexto(), kTxTodos));
+  return llenarOperadores(*ui_.LstOper, contexto(), kTxTodos);
+}
+
+void Visor::prepararParrilla() {
+  ui_.Grid->preparar(contexto(), nombre(), columnasVisor(filtro_.clase));
+  ui_.Grid->setMoneda(moneda_);
+  ui_.VerFila->setEnabled(!deHoras());
+}
+
+void Visor::UsoMoneda(int moneda) {
+  moneda_ = moneda;
+  ui_.Grid->setMoneda(moneda);
+  pintarGrafica();
+}
+
+void Visor::UpdateCaption() {
+  const auto c = p_.columna(filtro_.link);
+  const QString periodo = c && *c ? TextoPeriodo((*c)->periodo) : QString();
+  setWindowTitle(
+      t(kTxTotalizacion).arg(nombreClase(contexto().textos, filtro_.clase), periodo).trimmed());
+  ui_.titulo->setText(periodo);
+  ui_.descripcion->setText(c && *c ? (*c)->DESCR : QString());
+  ui_.descripcion->setVisible(!ui_.descripcion->text().isEmpty());
+}
+
+void Visor::filtroCambiado() {
+  codigos_->parar();
+  if (!porOperador_)
+    if (const int clase = ui_.LstClase->currentData().toInt(); clase != filtro_.clase) {
+      filtro_.clase = clase;
+      prepararParrilla();
+    }
+  filtrar();
+}
+
+void Visor::filtrar() {
+  filtro_.seccion = elegidoEn(*ui_.AllSec);
+  filtro_.grupo = elegidoEn(*ui_.AllGrp);
+  filtro_.desde = codigoDe(*ui_.desde);
+  filtro_.hasta = codigoDe(*ui_.hasta);
+  if (porOperador_) filtro_.desde = filtro_.hasta = elegidoEn(*ui_.LstOper);
+  const Condicion c = filtro_.condicion();
+  UpdateCaption();
+  haIdoBien(ui_.Grid->abrir(
+      {.desde = fuenteFilas(filtro_.clase, false),
+       .filtro = c.sql,
+       .parametros = c.valores,
+       .clave = u"t.rowid"_s,
+       .orden = filtro_.clase == kOperHora ? u"t.GRUPO, t.CODI, t.HORA"_s : u"t.GRUPO, t.CODI"_s}));
+  grafica_->unaVez(kReposoVisor);
+  procede_->unaVez(kReposoVisor);
+}
+
+void Visor::pintarGrafica() {
+  if (!ui_.VerGrafica->isChecked()) return;
+  const auto puntos = serie(contexto().db, filtro_, kBarras);
+  if (!haIdoBien(puntos)) return;
+  if (puntos->empty()) return ui_.grafica->vaciar(t(kTxSinGrafica));
+  std::vector<Grafica::Barra> barras;
+  for (const Punto& p : *puntos)
+    barras.push_back({deHoras()            ? QString::number(p.codigo)
+                      : p.nombre.isEmpty() ? Ceros(p.codigo, cifrasCodigo(filtro_.clase))
+                                           : p.nombre,
+                      p.importe});
+  const QString titulo = deHoras()
+                             ? t(kTxPorHoras)
+                             : t(kTxLosMayores).arg(nombreClase(contexto().textos, filtro_.clase));
+  ui_.grafica->barras(titulo, std::move(barras), !deHoras(), moneda_);
+}
+
+void Visor::pintarProcedencia() {
+  const int fila = ui_.Grid->filaActual();
+  if (fila < 0) return ui_.procede->setText({});
+  const auto texto = textoProcedencia(*this, p_, filtro_.link,
+                                      static_cast<int>(ui_.Grid->valor(fila, u"t.GRUPO").entero()),
+                                      filtro_.clase, ui_.Grid->valor(fila, u"t.CODI").entero());
+  if (haIdoBien(texto)) ui_.procede->setText(*texto);
+}
+
+// The code of the row across all periods.
+void Visor::verFila() {
+  const int fila = ui_.Grid->filaActual();
+  if (fila < 0 || deHoras()) return;
+  contexto().ventanas.abrir(u"VerFils"_s, this,
+                            {{u"clase"_s, filtro_.clase},
+                             {u"seccion"_s, ui_.Grid->valor(fila, u"GRUPOS.SECCION").entero()},
+                             {u"codigo"_s, ui_.Grid->valor(fila, u"t.CODI").entero()},
+                             {u"moneda"_s, moneda_}});
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,44 @@
+// The rows of one period: VerCols for the kinds 16 to 20, V_ColOpH for operators by hour. One
+// window a period, "VerCols#12". Takes "link", "clase" and "moneda" (the preferred one without it);
+// without a link it shows the most recent period. Beside the rows a chart of what the filter
+// leaves, and where the row in hand came from.
+#pragma once
+
+#include "core/ventanas/Ventana.h"
+#include "totals/ConsultaFilas.h"
+#include "ui_Visor.h"
+
+namespace tarvo::totals {
+
+class Visor final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  Visor(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos);
+
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  void UsoMoneda(int moneda);
+  qint64 IntvHandle() const { return filtro_.link; }
+  // The names of the windows that show this kind of a period.
+  static QString nombreDe(qint64 link, int clase);
+
+ private:
+  void montar();
+  void prepararParrilla();
+  Resultado<> llenarFiltros();
+  void UpdateCaption();
+  void filtrar();
+  void filtroCambiado();
+  void pintarGrafica();
+  void pintarProcedencia();
+  void verFila();
+  bool deHoras() const { return filtro_.clase == kHorario || filtro_.clase == kOperHora; }
+
+  Ui::Visor ui_;
+  Periodos& p_;
+  FiltroFilas filtro_;
+  int moneda_;
+  bool porOperador_;  // V_ColOpH
+  std::unique_ptr<Temporizador> grafica_, procede_, codigos_;
+};
+
+}  // namespace tarvo::totals

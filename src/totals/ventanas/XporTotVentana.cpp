@@ -1,0 +1,154 @@
+#include "totals/ventanas/XporTotVentana.h"
+
+#include <QDir>
+
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/TiraTrabajo.h"
+#include "totals/ventanas/ComunTotales.h"
+#include "totals/ventanas/TextosTotalesVentanas.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+XporTotVentana::XporTotVentana(ventanas::Contexto& contexto, const QString& nombre,
+                               Periodos& periodos)
+    : Ventana(contexto, nombre), p_(periodos), motor_(contexto.db, periodos, contexto.ajustes) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+}
+
+void XporTotVentana::montar() {
+  ui_.XporYA->setIcon(ventanas::icono(u"exportar"_s));
+  ui_.fmtTarvo->setChecked(true);
+  const QDir casa(contexto().ajustes.HomeDir);
+  ui_.destino->addItems(casa.entryList({u"*.EXP"_s, u"*.exp"_s}, QDir::Files, QDir::Name));
+  ui_.destino->setCurrentText(QString());
+  connect(ui_.XporYA, &QPushButton::clicked, this, [this] { exportar(false); });
+  connect(ui_.TodosOK, &QPushButton::clicked, this, [this] { exportar(true); });
+  connect(ui_.Cancelar, &QPushButton::clicked, this, &XporTotVentana::saltar);
+  connect(ui_.TodosKO, &QPushButton::clicked, this, [this] {
+    if (trabajo().enMarcha()) return trabajo().parar();
+    rechazar();
+  });
+}
+
+Resultado<> XporTotVentana::preparar(const ventanas::Argumentos& argumentos) {
+  std::vector<qint64> links;
+  for (const QVariant& link : argumentos.value(u"links"_s).toList())
+    links.push_back(link.toLongLong());
+  if (links.empty()) {
+    const auto ultimo = ultimoPeriodo(contexto().db);
+    if (!ultimo) return std::unexpected(ultimo.error());
+    if (*ultimo > 0) links.push_back(*ultimo);
+  }
+  LinkHandle(std::move(links));
+  ui_.destino->setFocus();
+  return {};
+}
+
+void XporTotVentana::LinkHandle(std::vector<qint64> links) {
+  cola_ = std::move(links);
+  const bool varios = cola_.size() > 1;
+  ui_.TodosOK->setEnabled(varios);
+  ui_.TodosKO->setEnabled(varios);
+  mostrarPrimero();
+}
+
+void XporTotVentana::mostrarPrimero() {
+  ui_.XporYA->setEnabled(!cola_.empty());
+  if (cola_.empty()) {
+    ui_.periodo->setText(t(hechos_ > 0 ? kTxExportacionRealizada : kTxNadaQueExportar));
+    ui_.TodosOK->setEnabled(false);
+    ui_.TodosKO->setEnabled(false);
+    for (QLabel* l : {ui_.descr, ui_.Avisos, ui_.quedan}) l->clear();
+    return;
+  }
+  const auto c = p_.columna(cola_.front());
+  if (!haIdoBien(c)) return;
+  ui_.periodo->setText(*c ? TextoPeriodo((*c)->periodo).simplified() : t(kTxPeriodoQueFalta));
+  ui_.descr->setText(*c ? (*c)->DESCR : QString());
+  ui_.Avisos->setText(textoCuentas(cola_.front()));
+  ui_.quedan->setText(cola_.size() > 1 ? t(kTxQuedan, static_cast<int>(cola_.size())) : QString());
+}
+
+QString XporTotVentana::textoCuentas(qint64 link) {
+  std::array<qint64, 6> n{};
+  qint64 total = 0;
+  for (const ClaseTotal& k : enVigor(contexto().ajustes)) {
+    const auto filas = contexto().db.uno(
+        QString(u"SELECT count(*) FROM "_s + NombreTabla(k.numero) + u" WHERE LINK=?"_s), link);
+    if (!haIdoBien(filas)) return {};
+    n[static_cast<size_t>(k.numero - kPLUs)] = filas->entero();
+    total += filas->entero();
+  }
+  QString texto = t(kTxSeExportaran);
+  // In the order of the sentence: articles, grand total, departments, operators, hours.
+  const std::array<qint64, 5> orden{n[0], n[1], n[3], n[2], n[4] + n[5]};
+  for (size_t i = 0; i < orden.size(); ++i)
+    texto.replace(u'#' + QString::number(i + 1), QString::number(orden[i]));
+  return texto + u'\n' + t(kTxSeExportaranN).replace(u"#N"_s, QString::number(total));
+}
+
+void XporTotVentana::ocupar(bool si) {
+  for (QWidget* w : {static_cast<QWidget*>(ui_.XporYA), static_cast<QWidget*>(ui_.TodosOK),
+                     static_cast<QWidget*>(ui_.destino), static_cast<QWidget*>(ui_.marcoFormato),
+                     static_cast<QWidget*>(ui_.borrar)})
+    w->setEnabled(!si);
+  if (!si) ui_.TodosOK->setEnabled(cola_.size() > 1);
+}
+
+// One block in one go: it is in the file whole or not at all.
+Resultado<bool> XporTotVentana::exportarUno() {
+  if (cola_.empty()) return false;
+  const OpcionesExport como{ui_.fmtTVC->isChecked(), ui_.borrar->isChecked()};
+  const auto hecho = motor_.XportRemoto({cola_.front()}, como, ui_.destino->currentText(), {});
+  if (!hecho) return std::unexpected(hecho.error());
+  cola_.erase(cola_.begin());
+  hechos_ += *hecho ? 1 : 0;
+  mostrarPrimero();
+  return !cola_.empty();
+}
+
+void XporTotVentana::exportar(bool todos) {
+  if (motor_.rutaDestino(ui_.destino->currentText()).isEmpty()) {
+    ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxNoSePuedeAbrir),
+                               ventanas::kSoloAcepto | ventanas::kCritico);
+    return ui_.destino->setFocus();
+  }
+  ocupar(true);
+  const qint64 cuantos = todos ? static_cast<qint64>(cola_.size()) : 1;
+  trabajo().empezar(
+      t(kTxExportandoPeriodos),
+      [this, todos, cuantos](Trabajo::Avance& a) -> Resultado<bool> {
+        a.total = cuantos;
+        const auto hayMas = exportarUno();
+        ++a.hechos;
+        if (!hayMas) return hayMas;
+        return todos && *hayMas;
+      },
+      [this](const Resultado<Trabajo::Fin>& fin) { acabar(fin); });
+}
+
+void XporTotVentana::acabar(const Resultado<Trabajo::Fin>& fin) {
+  ocupar(false);
+  mostrarPrimero();
+  if (!haIdoBien(fin)) return ui_.destino->setFocus();
+  if (*fin == Trabajo::Fin::Parado) return decirDuda(t(kTxExportacionRetenida));
+  decirBien(t(kTxExportacionRealizada) + u": "_s + t(kTxNPeriodos, hechos_) + u", "_s +
+            motor_.rutaDestino(ui_.destino->currentText()));
+  if (!cola_.empty()) return ui_.XporYA->setFocus();
+  ui_.Cancelar->setFocus();
+}
+
+// While it writes: holds it. Else: leaves this period out, and closes behind the last.
+void XporTotVentana::saltar() {
+  if (trabajo().enMarcha()) return trabajo().parar();
+  if (!cola_.empty()) cola_.erase(cola_.begin());
+  if (cola_.empty()) return rechazar();
+  mostrarPrimero();
+}
+
+}  // namespace tarvo::totals

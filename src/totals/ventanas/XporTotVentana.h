@@ -1,0 +1,36 @@
+// Periods to a file: XporTot. Takes "links", the periods in order; without them the most recent.
+// One block a period: it is shown and written when asked, or all of them one after another.
+#pragma once
+
+#include "core/tiempo/Trabajo.h"
+#include "core/ventanas/Ventana.h"
+#include "totals/XporTot.h"
+#include "ui_XporTot.h"
+
+namespace tarvo::totals {
+
+class XporTotVentana final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  XporTotVentana(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+
+ private:
+  void montar();
+  void LinkHandle(std::vector<qint64> links);
+  void mostrarPrimero();
+  QString textoCuentas(qint64 link);
+  void exportar(bool todos);
+  Resultado<bool> exportarUno();
+  void acabar(const Resultado<Trabajo::Fin>& fin);
+  void saltar();
+  void ocupar(bool si);
+
+  Ui::XporTot ui_;
+  Periodos& p_;
+  XporTot motor_;
+  std::vector<qint64> cola_;
+  int hechos_ = 0;
+};
+
+}  // namespace tarvo::totals

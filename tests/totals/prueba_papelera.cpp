@@ -1,0 +1,158 @@
+// Deleted periods come back as they were; what a person looks at; changes that larger periods
+// follow.
+#include <gtest/gtest.h>
+
+#include "totals/ConsultaFilas.h"
+#include "totals/Manuales.h"
+#include "totals/Papelera.h"
+#include "totals/TablasLibros.h"
+#include "totals/Tienda.h"
+
+namespace tarvo::prueba {
+
+using namespace totals;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct ConPapelera : Tienda {
+  ConPapelera() { bien(asegurarTablasLibros(*db)); }
+  Papelera papelera{*db, periodos, ajustes};
+  QString todo() {
+    QString texto;
+    for (const char16_t* t :
+         {u"COLUMNA", u"TOTPLU", u"TOTOPHOR", u"Origenes", u"Sustituidos", u"TotSusti"})
+      texto +=
+          leer(u"select * from %1 order by 1, 2, 3, 4, 5"_s.arg(QString::fromUtf16(t))) + u'\n';
+    return texto;
+  }
+};
+
+}  // namespace
+
+TEST(Papelera, DevuelveLosPeriodosConTodoLoSuyo) {
+  ConPapelera t;
+  const qint64 dia = t.crear(kDiario, "05/06/2018");
+  t.plu(dia, 7, 3);
+  t.operHora(dia, 5, 10, 2);
+  ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kSemanal, t.col(dia))));
+  // The week holds an earlier version of the day too.
+  const qint64 nuevo = bien(t.periodos.sustituir(t.col(dia), u"otra"_s));
+  t.sql(u"insert into Origenes (LINK, GRUPO, CLASE, CON) values (?, 1, 16, 3)"_s, nuevo);
+  const QString antes = t.todo();
+  const qint64 lote = bien(t.papelera.nuevoLote());
+  const auto semana =
+      *bien(t.periodos.BuscarPeriodo(kSemanal, momento("05/06/2018"), momento("05/06/2018")));
+  for (const qint64 link : {nuevo, semana.LINK}) ASSERT_TRUE(bien(t.papelera.tirar(lote, link)));
+  EXPECT_EQ(t.leer(u"select count(*) from COLUMNA"_s), u"0");
+  EXPECT_EQ(t.leer(u"select count(*) from Origenes"_s), u"0");
+  EXPECT_EQ(t.leer(u"select count(*) from TotSusti"_s), u"0");
+  EXPECT_EQ(bien(t.papelera.restaurar(lote)), 2);
+  EXPECT_EQ(t.todo(), antes);
+  EXPECT_EQ(bien(t.papelera.restaurar(lote)), 0);
+}
+
+TEST(Papelera, NoPisaLoQueOcupoSuSitio) {
+  ConPapelera t;
+  const qint64 uno = t.crear(kDiario, "04/06/2018"), dia = t.crear(kDiario, "05/06/2018");
+  t.plu(dia, 7, 3);
+  const qint64 lote = bien(t.papelera.nuevoLote());
+  for (const qint64 link : {uno, dia}) ASSERT_TRUE(bien(t.papelera.tirar(lote, link)));
+  const qint64 otro = t.crear(kDiario, "05/06/2018");
+  EXPECT_GT(otro, dia);  // the number waits for its period
+  const auto r = t.papelera.restaurar(lote);
+  ASSERT_FALSE(r);
+  EXPECT_EQ(r.error().clase, Fallo::Duplicado);
+  EXPECT_EQ(t.leer(u"select LINK from COLUMNA"_s), QString::number(otro));
+  bien(t.periodos.BorrarPeriodo(otro));
+  EXPECT_EQ(bien(t.papelera.restaurar(lote)), 2);
+  EXPECT_EQ(t.plus(dia), u"1 7 3 30 300 3000");
+}
+
+TEST(Papelera, VaciaYLlenaDeNuevo) {
+  ConPapelera t;
+  const qint64 dia = t.crear(kDiario, "05/06/2018");
+  t.plu(dia, 7, 3);
+  const qint64 lote = bien(t.papelera.nuevoLote());
+  ASSERT_TRUE(bien(t.papelera.vaciar(lote, dia)));
+  EXPECT_EQ(t.plus(dia), u"");
+  t.plu(dia, 8, 1);
+  EXPECT_FALSE(t.papelera.restaurar(lote));
+  t.sql(u"delete from TOTPLU"_s);
+  EXPECT_EQ(bien(t.papelera.restaurar(lote)), 1);
+  EXPECT_EQ(t.plus(dia), u"1 7 3 30 300 3000");
+  EXPECT_FALSE(bien(t.papelera.tirar(lote, 99)));
+}
+
+TEST(Periodos, LosMayoresSiguenAlQueCambiaDeFechaODeTotales) {
+  ConPapelera t;
+  const qint64 dia = t.crear(kDiario, "05/06/2018");
+  t.plu(dia, 7, 3);
+  ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kSemanal, t.col(dia))));
+  bien(aplicarManuales(*t.db, t.periodos, dia,
+                       {{kPLUs, 1, 7, 0, {1, 0, 50, 0}}, {kOperHora, 1, 5, 9, {2, 0, 20, 0}}}));
+  EXPECT_EQ(t.plus(dia + 1), u"1 7 4 30 350 3000");
+  bien(t.periodos.CambiarPeriodo(dia, kDiario, momento("12/06/2018"), momento("12/06/2018")));
+  EXPECT_EQ(t.leer(u"select sum([IMP]) from TOTPLU where LINK=2"_s), u"0");
+  EXPECT_EQ(t.leer(u"select sum([IMP]) from TOTPLU where LINK=3"_s), u"350");
+  EXPECT_EQ(t.leer(u"select HORA, CON from TOTOPHOR where LINK=3"_s), u"9 2");
+  t.crear(kDiario, "13/06/2018");
+  const auto r =
+      t.periodos.CambiarPeriodo(dia, kDiario, momento("13/06/2018"), momento("13/06/2018"));
+  ASSERT_FALSE(r);
+  EXPECT_EQ(r.error().clase, Fallo::Duplicado);
+}
+
+TEST(ConsultaFilas, SeriesYResumen) {
+  ConPapelera t;
+  t.sql(u"insert into PLUSES (SECCION, CODPLU, NOMPLU) values (3, 9, 'Pan')"_s);
+  const qint64 dia = t.crear(kDiario, "05/06/2018"), otro = t.crear(kDiario, "06/06/2018");
+  for (const auto& [codigo, n, grupo] : {std::tuple{7, 3, 1}, {9, 2, 1}, {9, 4, 2}})
+    t.plu(dia, codigo, n, grupo);
+  t.plu(otro, 9, 1);
+  for (const int hora : {10, 9}) t.operHora(dia, 5, hora, hora);
+  FiltroFilas f;
+  f.link = dia, f.clase = kPLUs;
+  auto puntos = bien(serie(*t.db, f, 5));
+  ASSERT_EQ(puntos.size(), 2U);
+  EXPECT_EQ(puntos[0].nombre, u"Pan");
+  EXPECT_EQ(puntos[0].importe, 600);
+  f.grupo = 1, f.hasta = 8;
+  puntos = bien(serie(*t.db, f, 5));
+  ASSERT_EQ(puntos.size(), 1U);
+  EXPECT_EQ(puntos[0].importe, 300);
+  FiltroFilas horas;
+  horas.link = dia, horas.clase = kOperHora;
+  puntos = bien(serie(*t.db, horas, 1));
+  ASSERT_EQ(puntos.size(), 2U);
+  EXPECT_EQ(puntos[0].codigo, 9);
+  FiltroCodigo c;
+  c.codigo = 9, c.seccion = 3;
+  const auto dias = bien(evolucion(*t.db, c));
+  ASSERT_EQ(dias.size(), 2U);
+  EXPECT_EQ(dias[0].importe, 600);
+  const Resumen r = bien(resumir(*t.db, t.ajustes, {dia, otro}));
+  EXPECT_EQ(r.grupos, 2);
+  EXPECT_EQ(r.filas, 6);
+  EXPECT_EQ(r.importe, 1000);
+}
+
+TEST(Importacion, SeVeCadaBloqueAntesDeQueEntre) {
+  ConPapelera t;
+  const qint64 dia = t.crear(kDiario, "05/06/2018");
+  t.plu(dia, 7, 3);
+  const QByteArray bytes = bien(t.xporTot.bloque(t.col(dia), false)).toLatin1();
+  Importacion f(t.impTot, bytes + bytes, u"VENTAS.EXP"_s);
+  const auto primero = bien(f.siguiente());
+  ASSERT_TRUE(primero && primero->existente);
+  EXPECT_EQ(primero->existente->LINK, dia);
+  EXPECT_EQ(t.plus(dia), u"1 7 3 30 300 3000");
+  EXPECT_EQ(bien(f.incorporar(SiExiste::Acumularlo)).lineas, 1);
+  EXPECT_EQ(t.plus(dia), u"1 7 6 60 600 6000");
+  EXPECT_TRUE(bien(f.siguiente()));
+  bien(f.incorporar(SiExiste::Borrarlo));
+  EXPECT_FALSE(bien(f.siguiente()));
+  EXPECT_EQ(f.leidos(), f.tamano());
+}
+
+}  // namespace tarvo::prueba

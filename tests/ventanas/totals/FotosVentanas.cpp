@@ -1,0 +1,31 @@
+// Every window can be read, full and empty, in both faces, both sizes and all font scales.
+#include "Trastienda.h"
+#include "capturas/Capturas.h"
+
+namespace tarvo::prueba {
+
+namespace {
+
+// Where the pictures go: TARVO_FOTOS keeps them.
+QString carpetaFotos(const Trastienda& t) {
+  const QString fija = qEnvironmentVariable("TARVO_FOTOS");
+  return fija.isEmpty() ? t.ruta(u"fotos"_s) : fija;
+}
+
+}  // namespace
+
+TEST(FotosVentanas, SeLeenLlenasYVacias) {
+  for (const bool llena : {false, true}) {
+    Trastienda t;
+    if (llena)
+      for (int d = 1; d <= 28; ++d) t.dia(u"%1/06/2018"_s.arg(d, 2, 10, QChar(u'0')).toUtf8(), d);
+    QStringList faltas = capturas::capturar(
+        t.escritorio, {carpetaFotos(t), llena ? u"llena"_s : u"vacia"_s,
+                       qEnvironmentVariable("TARVO_FOTOS_SOLO").split(u',', Qt::SkipEmptyParts)});
+    // Without a period there is nothing to add up, and it says so.
+    faltas.removeIf([](const QString& f) { return f.startsWith(u"ConfirSum_vacia"); });
+    EXPECT_TRUE(faltas.isEmpty()) << faltas.join(u'\n').toStdString();
+  }
+}
+
+}  // namespace tarvo::prueba

@@ -1,0 +1,197 @@
+// Jobs on the list of periods: summing, deleting and taking back, exporting and importing.
+#include "Trastienda.h"
+#include "core/ventanas/Tira.h"
+
+namespace tarvo::prueba {
+
+using namespace totals;
+
+TEST(VentanaPeriodos, BorraDosYLosRecuperaIguales) {
+  Trastienda t;
+  t.dia("04/06/2018");
+  const qint64 martes = t.dia("05/06/2018");
+  bien(t.periodos.AcumularPeriodo(kSemanal, *bien(t.periodos.columna(martes))));
+  const QString filas =
+      u"select LINK, GRUPO, CODI, CON, PES, [IMP], SCO from TOTPLU order by LINK, GRUPO, CODI"_s;
+  const QString columnas =
+      u"select LINK, TIPO, FECHA1, FECHAF, ACUM2, stkABLE from COLUMNA order by LINK"_s;
+  const QString antes = t.leer(filas), periodosAntes = t.leer(columnas);
+  auto* v = t.abrir(u"VerTot"_s);
+  auto& grid = t.lista(v);
+  ASSERT_EQ(grid.filas(), 3);
+  grid.elegir({1, martes});
+  t.responder(u"Acepto"_s);
+  QTest::keyClick(grid.vista(), Qt::Key_Delete);
+  ASSERT_TRUE(esperar([&] { return grid.filas() == 1; }));
+  EXPECT_TRUE(
+      t.textoModal.startsWith(u"ATENCIÓN: Borrará 2 periodos de totalización\nLos datos que va a "
+                              u"borrar pueden ser valiosos: ¿Está seguro?"))
+      << t.textoModal.toStdString();
+  EXPECT_TRUE(t.textoModal.contains(u"2 grupos, 144 totales")) << t.textoModal.toStdString();
+  EXPECT_EQ(t.cuenta(u"TOTGRT"_s), 2);  // the week's
+  v->activateWindow();
+  ASSERT_TRUE(esperar([&] { return v->isActiveWindow(); }));
+  QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
+  ASSERT_TRUE(esperar([&] { return grid.filas() == 3; })) << v->tira().texto().toStdString();
+  EXPECT_EQ(t.leer(filas), antes);
+  EXPECT_EQ(t.leer(columnas), periodosAntes);
+}
+
+TEST(VentanaPeriodos, AlCerrarNoQuedaNadaQueRecuperar) {
+  Trastienda t;
+  t.dia("04/06/2018");
+  auto* v = t.abrir(u"VerTot"_s);
+  t.responder(u"Acepto"_s);
+  t.accion(v, "Borro");
+  ASSERT_TRUE(esperar([&] { return t.cuenta(u"PapeleraFilas"_s) == 72; }));
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_EQ(t.cuenta(u"PapeleraFilas"_s), 0);
+  EXPECT_EQ(t.cuenta(u"PapeleraPer"_s), 0);
+}
+
+TEST(VentanaPeriodos, SumaDosDiasEnUnoNuevo) {
+  Trastienda t;
+  const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018", 2);
+  auto* v = t.abrir(u"VerTot"_s);
+  auto& grid = t.lista(v);
+  grid.elegir({lunes, martes});
+  t.alAbrirse([](QWidget* w) {
+    auto* descr = w->findChild<QLineEdit*>(u"Descrip"_s);
+    ASSERT_NE(descr, nullptr);
+    QTest::keyClicks(descr, u"Dos dias"_s);
+    QTest::mouseClick(w->findChild<QPushButton*>(u"Hacerlo"_s), Qt::LeftButton);
+  });
+  QTest::keyClick(grid.vista(), Qt::Key_F7);
+  EXPECT_EQ(t.leer(u"select DESCR, stkABLE from COLUMNA where LINK=3"_s), u"Dos dias 0");
+  EXPECT_EQ(t.leer(u"select sum([IMP]) from TOTPLU where LINK=3"_s), u"279000");
+}
+
+TEST(VentanaPeriodos, AcumulaYAvisaDeLoRepetido) {
+  Trastienda t;
+  t.dia("04/06/2018");
+  auto* v = t.abrir(u"VerTot"_s);
+  auto* semanal = v->findChild<QMenu*>(u"MnuAcu"_s)->actions().front();
+  semanal->trigger();
+  ASSERT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA where ACUM2=1"_s) == 1; }));
+  t.lista(v).irA(t.lista(v).filaDe(1));
+  t.responder(u"Acepto"_s);
+  semanal->trigger();
+  ASSERT_TRUE(esperar([&] { return !t.textoModal.isEmpty(); }));
+  EXPECT_EQ(t.textoModal, u"El Periodo ya se acumuló: No es posible acumularlo nuevamente");
+}
+
+TEST(VentanaPeriodos, ExportaYVuelveAImportar) {
+  Trastienda t;
+  t.ajustes.HomeDir = t.carpeta.path();
+  const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018", 2);
+  const QString suma =
+      u"select FECHA1, sum([IMP]), count(*) from TOTPLU, COLUMNA where TOTPLU.LINK=COLUMNA.LINK group by FECHA1 order by FECHA1"_s;
+  const QString antes = t.leer(suma);
+  auto* x = t.abrir(u"XporTot"_s, {{u"links"_s, QVariantList{lunes, martes}}});
+  x->findChild<QComboBox*>(u"destino"_s)->setCurrentText(u"VENTAS"_s);
+  x->findChild<QAbstractButton*>(u"borrar"_s)->click();
+  QTest::mouseClick(x->findChild<QPushButton*>(u"TodosOK"_s), Qt::LeftButton);
+  ASSERT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 0; }));
+  ASSERT_TRUE(QFile::exists(t.ruta(u"VENTAS.EXP"_s)));
+  x->descargar();
+  auto* i = t.abrir(u"ImpTot"_s);
+  auto* ficheros = i->findChild<QListWidget*>(u"LstFich"_s);
+  ASSERT_EQ(ficheros->count(), 1);
+  QTest::keyClick(ficheros, Qt::Key_Return);
+  EXPECT_EQ(i->findChild<QLabel*>(u"LbFecha"_s)->text(), u"4 junio 2018");
+  QTest::mouseClick(i->findChild<QPushButton*>(u"hazTodos"_s), Qt::LeftButton);
+  ASSERT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 2; }));
+  EXPECT_EQ(i->findChild<QLabel*>(u"mensaje"_s)->text(), u"Importación realizada con éxito");
+  EXPECT_EQ(t.leer(suma), antes);
+}
+
+TEST(VentanaPeriodos, UnFicheroMaloSeDiceConSuLinea) {
+  Trastienda t;
+  t.ajustes.HomeDir = t.carpeta.path();
+  QFile f(t.ruta(u"MALO.EXP"_s));
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  f.write("*Lunes\r\n*04/06/2018 00:00:00  04/06/2018 23:59:59\r\nbasura\r\n");
+  f.close();
+  auto* i = t.abrir(u"ImpTot"_s);
+  QTest::keyClick(i->findChild<QListWidget*>(u"LstFich"_s), Qt::Key_Return);
+  QTest::mouseClick(i->findChild<QPushButton*>(u"Haz"_s), Qt::LeftButton);
+  ASSERT_TRUE(esperar([&] {
+    return i->findChild<QLabel*>(u"mensaje"_s)->text() ==
+           u"ERROR: El fichero contiene líneas no reconocibles";
+  }));
+  EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 0);
+}
+
+TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
+  Trastienda t;
+  auto* v = t.abrir(u"EditIntv"_s, {{u"EsNuevo"_s, true}});
+  const auto campo = [v](const char16_t* n) {
+    return v->findChild<QLineEdit*>(QString::fromUtf16(n));
+  };
+  campo(u"Fecha1")->setText(u"no es fecha"_s);
+  t.responder(u"Acepto"_s);
+  QTest::mouseClick(v->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);
+  EXPECT_EQ(t.textoModal, u"Alguna de las fechas entradas no es válida");
+  campo(u"Fecha1")->setText(u"04/06/2018"_s);
+  t.responder(u"Acepto"_s);
+  QTest::mouseClick(v->findChild<QPushButton*>(u"Anadir"_s), Qt::LeftButton);
+  EXPECT_EQ(t.textoModal, u"Debe especificar un grupo de balanzas");
+  v->findChild<QComboBox*>(u"LstGrupos"_s)->setCurrentIndex(1);
+  v->findChild<QAbstractButton*>(u"SubsTot"_s)->click();
+  campo(u"txCon")->setText(u"3"_s);
+  campo(u"txPes")->setText(u"1,250"_s);
+  campo(u"txImp")->setText(u"12,34"_s);
+  QTest::mouseClick(v->findChild<QPushButton*>(u"Anadir"_s), Qt::LeftButton);
+  t.responder(u"Cancelo"_s);
+  QTest::keyClick(v, Qt::Key_Escape);
+  ASSERT_TRUE(v->isVisible());
+  EXPECT_EQ(t.textoModal, u"¿Desechar también los totales manuales entrados?");
+  QTest::mouseClick(v->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);
+  EXPECT_EQ(t.leer(u"select GRUPO, CODI, CON, PES, [IMP], SCO from TOTGRT"_s),
+            u"2 2 -3 -1250 -1234 0");
+  EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 1);
+}
+
+TEST(VentanaVisor, FiltraYLaGraficaSigue) {
+  Trastienda t;
+  const qint64 lunes = t.dia("04/06/2018");
+  auto* v = t.abrir(u"VerCols#1"_s, {{u"link"_s, lunes}, {u"clase"_s, kPLUs}});
+  auto& grid = t.lista(v);
+  EXPECT_EQ(grid.filas(), 60);
+  auto* grafica = v->findChild<QWidget*>(u"grafica"_s);
+  ASSERT_TRUE(esperar([&] { return grafica->accessibleDescription().contains(u"Artículo 30"); }));
+  QTest::keyClicks(v->findChild<QLineEdit*>(u"hasta"_s), u"3"_s);
+  ASSERT_TRUE(esperar([&] { return grid.filas() == 6; }));
+  ASSERT_TRUE(esperar([&] { return !grafica->accessibleDescription().contains(u"Artículo 30"); }));
+  EXPECT_TRUE(grafica->accessibleDescription().contains(u"Artículo 3 6,00"))
+      << grafica->accessibleDescription().toStdString();
+  auto* clases = v->findChild<QComboBox*>(u"LstClase"_s);
+  v->findChild<QLineEdit*>(u"hasta"_s)->clear();
+  clases->setCurrentIndex(clases->findData(kHorario));
+  Q_EMIT clases->activated(clases->currentIndex());
+  EXPECT_EQ(grid.filas(), 10);
+  ASSERT_TRUE(esperar([&] { return grafica->accessibleName() == u"Ventas por horas"; }));
+  EXPECT_TRUE(v->tira().isHidden());  // nothing went wrong
+  QTest::keyClick(v, Qt::Key_G, Qt::ControlModifier);
+  EXPECT_FALSE(grafica->isVisible());
+  v->descargar();
+  EXPECT_FALSE(t.abrir(u"VerCols#1"_s, {{u"link"_s, lunes}})
+                   ->findChild<QWidget*>(u"grafica"_s)
+                   ->isVisible());
+}
+
+TEST(VentanaVisor, UnCodigoEnElTiempo) {
+  Trastienda t;
+  for (const char* d : {"04/06/2018", "05/06/2018", "06/06/2018"}) t.dia(d);
+  auto* v = t.abrir(u"VerFils"_s, {{u"clase"_s, kPLUs}, {u"seccion"_s, 3}, {u"codigo"_s, 7}});
+  auto& grid = t.lista(v);
+  ASSERT_EQ(grid.filas(), 3);
+  EXPECT_EQ(grid.texto(0, u"COLUMNA.FECHA1"), u"6 junio 2018");
+  EXPECT_EQ(grid.texto(0, u"sum(t.IMP)"), u"14,00");
+  auto* grupos = v->findChild<QComboBox*>(u"AllGrp"_s);
+  grupos->setCurrentIndex(1);
+  Q_EMIT grupos->activated(1);
+  EXPECT_EQ(grid.texto(0, u"t.IMP"), u"7,00");
+}
+
+}  // namespace tarvo::prueba

@@ -1,0 +1,87 @@
+// Jobs on the tray: memorising with a choice of periods, forgetting and taking back.
+#include <QListWidget>
+
+#include "Trastienda.h"
+
+namespace tarvo::prueba {
+
+using namespace totals;
+
+namespace {
+
+// One group's reading, with its own span of sales.
+void recibir(Trastienda& t, int grupo, const char* desde, const char* hasta) {
+  t.sql(u"insert into Sesiones (CODGPO, PZERO) values (?, ?)"_s, grupo, momento(desde));
+  std::vector<Aviso> avisos;
+  Lectura l;
+  l.maquinas[0][{grupo, 0}] = {3, 1000, 1500, 0};
+  bien(t.sesion.PrepararRecepcion(grupo, kGranTotal));
+  bien(t.sesion.guardarLectura(grupo, kGranTotal, l, avisos));
+  t.sql(u"update Sesiones set DD_GRT=?, HT_GRT=? where CODGPO=?"_s, momento(desde), momento(hasta),
+        grupo);
+}
+
+void recibirDosDias(Trastienda& t) {
+  recibir(t, 1, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
+  recibir(t, 2, "04/06/2018 21:00:00", "05/06/2018 21:30:00");
+}
+
+}  // namespace
+
+TEST(VentanaSesion, MemorizaEnElPeriodoQueSeElige) {
+  Trastienda t;
+  recibirDosDias(t);
+  auto* v = t.abrir(u"CerrSes"_s);
+  auto* periodo = v->findChild<QLabel*>(u"lbPerio"_s);
+  EXPECT_EQ(periodo->text(), u"4 junio 2018    (DIARIO)");
+  t.alAbrirse([](QWidget* w) {
+    w->findChild<QListWidget*>(u"LstPer"_s)->setCurrentRow(1);
+    QTest::mouseClick(w->findChild<QPushButton*>(u"Memorizar"_s), Qt::LeftButton);
+  });
+  QTest::mouseClick(v->findChild<QPushButton*>(u"detalles"_s), Qt::LeftButton);
+  EXPECT_EQ(periodo->text(), u"5 junio 2018    (DIARIO)");
+  QTest::keyClicks(v->findChild<QLineEdit*>(u"Descrip"_s), u"Feria"_s);
+  QTest::mouseClick(v->findChild<QPushButton*>(u"Guardar"_s), Qt::LeftButton);
+  EXPECT_EQ(t.leer(u"select FECHA1, DESCR from COLUMNA"_s), u"43256 Feria");
+  EXPECT_EQ(t.leer(u"select sum([IMP]) from TOTGRT where LINK=1"_s), u"3000");
+  EXPECT_EQ(t.sesion.estado(), 0);
+}
+
+TEST(VentanaSesion, CadaUnoASuPeriodo) {
+  Trastienda t;
+  recibirDosDias(t);
+  auto* v = t.abrir(u"CerrSes"_s);
+  t.alAbrirse([](QWidget* w) {
+    w->findChild<QAbstractButton*>(u"CadaUno"_s)->click();
+    QTest::mouseClick(w->findChild<QPushButton*>(u"Memorizar"_s), Qt::LeftButton);
+  });
+  QTest::mouseClick(v->findChild<QPushButton*>(u"detalles"_s), Qt::LeftButton);
+  EXPECT_EQ(v->findChild<QLabel*>(u"lbPerio"_s)->text(), u"(Varios Periodos)");
+  QTest::mouseClick(v->findChild<QPushButton*>(u"Guardar"_s), Qt::LeftButton);
+  EXPECT_EQ(t.leer(u"select LINK, sum([IMP]) from TOTGRT where LINK>0 group by LINK"_s),
+            u"1 1500 | 2 1500");
+}
+
+TEST(VentanaSesion, OlvidaYRecupera) {
+  Trastienda t;
+  recibirDosDias(t);
+  auto* v = t.abrir(u"CerrSes"_s);
+  t.responder(u"Acepto"_s);
+  QTest::mouseClick(v->findChild<QPushButton*>(u"Olvidar"_s), Qt::LeftButton);
+  EXPECT_TRUE(t.textoModal.startsWith(u"Los datos recibidos serán DEFINITIVAMENTE olvidados"));
+  EXPECT_EQ(t.sesion.estado(), 0);
+  EXPECT_FALSE(v->findChild<QPushButton*>(u"Guardar"_s)->isEnabled());
+  QTest::mouseClick(v->findChild<QPushButton*>(u"Recuperar"_s), Qt::LeftButton);
+  EXPECT_EQ(t.sesion.estado(), 2);
+  EXPECT_TRUE(v->findChild<QPushButton*>(u"Guardar"_s)->isEnabled());
+}
+
+TEST(VentanaSesion, BandejaVacia) {
+  Trastienda t;
+  auto* v = t.abrir(u"CerrSes"_s);
+  for (const char16_t* b : {u"Guardar", u"Olvidar", u"detalles"})
+    EXPECT_FALSE(v->findChild<QPushButton*>(QString::fromUtf16(b))->isEnabled());
+  EXPECT_TRUE(v->findChild<QLabel*>(u"LbVacia"_s)->isVisible());
+}
+
+}  // namespace tarvo::prueba
