@@ -27,15 +27,15 @@ enum class Clase {
 struct Columna {
   int titulo = 0;  // number of its text
   // A column of the query or an expression in it; of a live list, only a name to reach it by.
-  QString campo;
+  QString campo = {};
   Clase clase = Clase::Texto;
   int cifras = 0;
-  int cada = 0;         // Cantidad: 0 and 1 grams, 2 units
-  QString campoCada;    // Cantidad: the column of this list that says so, in place of `cada`
-  int ancho = 0;        // pixels at 100 %; 0 for what its kind needs
-  bool oculta = false;  // until the person asks for it
+  int cada = 0;            // Cantidad: 0 and 1 grams, 2 units
+  QString campoCada = {};  // Cantidad: the column of this list that says so, in place of `cada`
+  int ancho = 0;           // pixels at 100 %; 0 for what its kind needs
+  bool oculta = false;     // until the person asks for it
   bool ordenable = true;
-  QString orden;          // expression to sort by, `campo` when empty
+  QString orden = {};     // expression to sort by, `campo` when empty
   bool suma = false;      // summed in the totals line
   bool soloDato = false;  // never shown: a value that the window needs
   // Instead of its kind's own text; what it gives is shown, copied, exported and searched.

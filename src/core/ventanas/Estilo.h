@@ -15,6 +15,8 @@ class Estilo final : public QProxyStyle {
                      const QWidget* control) const override;
   int pixelMetric(PixelMetric que, const QStyleOption* opcion,
                   const QWidget* control) const override;
+  QSize sizeFromContents(ContentsType que, const QStyleOption* opcion, const QSize& contenido,
+                         const QWidget* control) const override;
   int styleHint(StyleHint que, const QStyleOption* opcion, const QWidget* control,
                 QStyleHintReturn* respuesta) const override;
 };

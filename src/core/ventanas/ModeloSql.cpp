@@ -48,6 +48,7 @@ Resultado<> ModeloSql::abrir(Origen origen) {
 }
 
 Resultado<> ModeloSql::refrescar() {
+  if (origen_.desde.isEmpty()) return {};
   // As many rows as were known are known again, so that the one in view can be found.
   const bool muchas = rowCount() > kPrimeras;
   Q_EMIT vaARenovar();
@@ -58,6 +59,8 @@ Resultado<> ModeloSql::refrescar() {
 }
 
 Resultado<> ModeloSql::ordenar(int columna, Qt::SortOrder sentido) {
+  if (origen_.desde.isEmpty()) return {};  // nothing is open yet
+  if (columna >= 0 && !columnas_[static_cast<size_t>(columna)].ordenable) return {};
   return leer(origen_, columna, sentido);
 }
 

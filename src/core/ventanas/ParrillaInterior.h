@@ -32,6 +32,7 @@ struct Parrilla::Interior {
   void ponerModelo(ModeloParrilla* modelo);
   void colocarColumnas();
   void leerColumnas();
+  void estirar();
   QString nombreMemoria() const;
   void guardar();
   void reponer();
@@ -73,6 +74,7 @@ struct Parrilla::Interior {
   QString tecleado;
   qint64 ultimaTecla = 0;
   bool conPie = true, conBusca = true, colocando = false;
+  bool elasticas = true;                // the person has set no width, order or column yet
   std::unique_ptr<Temporizador> sumar;  // sums wait for the list to be at rest
 };
 

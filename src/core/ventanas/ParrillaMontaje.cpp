@@ -2,6 +2,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -18,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kAnchoBusca = 220;
-constexpr int kReposo = 60;  // ms without a change before sums are reckoned
+constexpr int kAnchoElastica = 480;
 
 int anchoPorClase(const Columna& c) {
   switch (c.clase) {
@@ -39,12 +40,16 @@ int anchoPorClase(const Columna& c) {
   }
 }
 
+int enCien(int pixeles) {
+  return pixeles * kAnchoBusca / std::max(1, escalar(kAnchoBusca));
+}
+
 }  // namespace
 
 void Parrilla::Interior::montar() {
-  auto* todo = new QVBoxLayout(&yo);
-  todo->setContentsMargins(0, 0, 0, 0);
-  todo->setSpacing(escalar(kPaso));
+  auto* pila = new QVBoxLayout(&yo);
+  pila->setContentsMargins(0, 0, 0, 0);
+  pila->setSpacing(escalar(kPaso));
 
   arriba = new QWidget(&yo);
   auto* linea = new QHBoxLayout(arriba);
@@ -57,7 +62,7 @@ void Parrilla::Interior::montar() {
   linea->addLayout(filtros);
   linea->addStretch();
   linea->addWidget(busca, 1);
-  todo->addWidget(arriba);
+  pila->addWidget(arriba);
 
   QTableView* v = yo.vista_;
   v->setObjectName(u"vista"_s);
@@ -85,7 +90,7 @@ void Parrilla::Interior::montar() {
   v->installEventFilter(&yo);
   v->viewport()->installEventFilter(&yo);
   busca->installEventFilter(&yo);
-  todo->addWidget(v, 1);
+  pila->addWidget(v, 1);
   yo.setFocusProxy(v);
 
   vacia = new QWidget(v->viewport());
@@ -104,7 +109,7 @@ void Parrilla::Interior::montar() {
   vacia->hide();
 
   pie = new Pie(*h, &yo);
-  todo->addWidget(pie);
+  pila->addWidget(pie);
   auto* abajo = new QHBoxLayout;
   cuenta = new QLabel(&yo);
   cuenta->setObjectName(u"cuenta"_s);
@@ -112,10 +117,12 @@ void Parrilla::Interior::montar() {
   aviso->setObjectName(u"aviso"_s);
   ponerLetra(*cuenta, Letra::Secundaria);
   ponerLetra(*aviso, Letra::Secundaria);
+  // A message of any length leaves the grid its width; the tip has it whole.
+  aviso->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  aviso->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   abajo->addWidget(cuenta);
-  abajo->addStretch();
-  abajo->addWidget(aviso);
-  todo->addLayout(abajo);
+  abajo->addWidget(aviso, 1);
+  pila->addLayout(abajo);
 
   connect(v, &QTableView::doubleClicked, &yo,
           [this](const QModelIndex& i) { Q_EMIT yo.activada(i.row()); });
@@ -124,7 +131,11 @@ void Parrilla::Interior::montar() {
   connect(h, &QWidget::customContextMenuRequested, &yo,
           [this, h](const QPoint& p) { menuColumnas(h->mapToGlobal(p)); });
   connect(h, &QHeaderView::sortIndicatorChanged, &yo, [this](int columna, Qt::SortOrder sentido) {
+    if (colocando) return;
     if (const auto hecho = yo.ordenar(columna, sentido); !hecho) avisar(hecho.error());
+  });
+  connect(h, &QHeaderView::sectionResized, &yo, [this] {
+    if (!colocando) elasticas = false;
   });
   connect(v->horizontalScrollBar(), &QScrollBar::valueChanged, pie, [this] { pie->update(); });
   connect(busca, &QLineEdit::returnPressed, &yo, [this] { yo.buscar(busca->text()); });
@@ -198,17 +209,33 @@ void Parrilla::Interior::colocarColumnas() {
   QHeaderView* h = yo.vista_->horizontalHeader();
   h->setSortIndicator(-1, Qt::AscendingOrder);
   h->setSortIndicatorShown(true);
-  const QFontMetrics letras(h->font());
+  h->ensurePolished();
   for (int i = 0; i < static_cast<int>(columnas.size()); ++i) {
     const Columna& col = columnas[static_cast<size_t>(i)];
     // The title is shown whole, with its sort mark.
-    const int titulo =
-        letras.horizontalAdvance(t(col.titulo).trimmed()) * 11 / 10 + escalar(7 * kPaso);
-    h->resizeSection(i, std::max(titulo, escalar(col.ancho > 0 ? col.ancho : anchoPorClase(col))));
+    h->resizeSection(i, std::max(h->sectionSizeHint(i) + escalar(kHueco),
+                                 escalar(col.ancho > 0 ? col.ancho : anchoPorClase(col))));
     h->setSectionHidden(i, col.oculta || col.soloDato);
   }
+  elasticas = true;
   leerColumnas();
   colocando = false;
+}
+
+// Until the person sets widths, the first text column takes what room is left, up to a measure.
+void Parrilla::Interior::estirar() {
+  if (!elasticas || !yo.modelo()) return;
+  QHeaderView* h = yo.vista_->horizontalHeader();
+  for (const int i : columnasVistas()) {
+    const Columna& col = columnas[static_cast<size_t>(i)];
+    if (col.clase != Clase::Texto || col.estado) continue;
+    const int base = escalar(col.ancho > 0 ? col.ancho : anchoPorClase(col));
+    const int otras = h->length() - h->sectionSize(i);
+    const QScopedValueRollback en(colocando, true);
+    h->resizeSection(i, std::clamp(yo.vista_->viewport()->width() - otras, base,
+                                   std::max(base, escalar(kAnchoElastica))));
+    return;
+  }
 }
 
 QString Parrilla::Interior::nombreMemoria() const {
@@ -216,17 +243,21 @@ QString Parrilla::Interior::nombreMemoria() const {
   return u"columnas"_s + (propio.isEmpty() ? QString() : u'.' + propio);
 }
 
-// "9;3:120:0,..." in the order shown: how many there are; number, width, hidden.
+// Widths are kept as they are at 100 %. "9;3:120:0,..." in the order shown: how many there are;
+// number, width, hidden.
 void Parrilla::recordar() {
   if (!modelo() || !d->c) return;
-  const QHeaderView* h = vista_->horizontalHeader();
+  if (d->elasticas) return;
+  // A hidden section says no width; shown for a moment it does.
+  QHeaderView* h = vista_->horizontalHeader();
+  const QScopedValueRollback en(d->colocando, true);
   QStringList partes;
   for (int v = 0; v < h->count(); ++v) {
     const int i = h->logicalIndex(v);
     const bool oculta = h->isSectionHidden(i);
-    if (oculta) const_cast<QHeaderView*>(h)->showSection(i);
-    partes << u"%1:%2:%3"_s.arg(i).arg(h->sectionSize(i)).arg(oculta ? 1 : 0);
-    if (oculta) const_cast<QHeaderView*>(h)->hideSection(i);
+    h->showSection(i);
+    partes << u"%1:%2:%3"_s.arg(i).arg(enCien(h->sectionSize(i))).arg(oculta ? 1 : 0);
+    h->setSectionHidden(i, oculta);
   }
   d->c->recuerdos.poner(d->ventana.section(u'#', 0, 0), d->nombreMemoria(),
                         QString::number(h->count()) + u';' + partes.join(u','));
@@ -237,6 +268,7 @@ void Parrilla::Interior::leerColumnas() {
   const QStringList mitades = texto.split(u';');
   QHeaderView* h = yo.vista_->horizontalHeader();
   if (mitades.size() != 2 || mitades[0].toInt() != h->count()) return;
+  elasticas = false;
   int sitio = 0;
   for (const QString& parte : mitades[1].split(u',')) {
     const QStringList n = parte.split(u':');
@@ -244,7 +276,7 @@ void Parrilla::Interior::leerColumnas() {
     if (n.size() != 3 || i < 0 || i >= h->count() || columnas[static_cast<size_t>(i)].soloDato)
       continue;
     h->moveSection(h->visualIndex(i), sitio++);
-    if (ancho >= h->minimumSectionSize()) h->resizeSection(i, ancho);
+    if (escalar(ancho) >= h->minimumSectionSize()) h->resizeSection(i, escalar(ancho));
     h->setSectionHidden(i, n[2] == u"1");
   }
 }

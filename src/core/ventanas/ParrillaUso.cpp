@@ -38,6 +38,7 @@ std::vector<int> Parrilla::Interior::columnasVistas() const {
 
 void Parrilla::Interior::decir(const QString& texto) {
   aviso->setText(texto);
+  aviso->setToolTip(texto);
 }
 
 void Parrilla::Interior::avisar(Error error) {
@@ -108,6 +109,7 @@ void Parrilla::Interior::menuColumnas(const QPoint& donde) {
 }
 
 void Parrilla::Interior::alternarColumna(int columna, bool visible) {
+  elasticas = false;
   yo.vista_->horizontalHeader()->setSectionHidden(columna, !visible);
   pie->update();
 }
@@ -123,6 +125,7 @@ void Parrilla::Interior::moverColumna(int pasos) {
   if (donde == vistas.end()) return;
   const auto otra = (donde - vistas.begin()) + pasos;
   if (otra < 0 || otra >= static_cast<ptrdiff_t>(vistas.size())) return;
+  elasticas = false;
   h->moveSection(h->visualIndex(*donde), h->visualIndex(vistas[static_cast<size_t>(otra)]));
 }
 
@@ -234,7 +237,10 @@ void Parrilla::exportarEn(const QString& ruta) {
 }
 
 bool Parrilla::eventFilter(QObject* objeto, QEvent* evento) {
-  if (objeto == vista_->viewport() && evento->type() == QEvent::Resize) d->pintarVacia();
+  if (objeto == vista_->viewport() && evento->type() == QEvent::Resize) {
+    d->pintarVacia();
+    d->estirar();
+  }
   if (evento->type() != QEvent::KeyPress || !d->c) return QWidget::eventFilter(objeto, evento);
   auto& tecla = static_cast<QKeyEvent&>(*evento);
   if (objeto == vista_) return d->tecla(tecla);

@@ -27,6 +27,7 @@ QSize Pie::sizeHint() const {
 
 void Pie::poner(QStringList textos, const QString& nombre) {
   textos_ = std::move(textos);
+  nombre_ = nombre;
   const bool hay = textos_.join(QString()).size() > 0;
   setVisible(hay);
   QStringList dichos;
@@ -44,6 +45,7 @@ void Pie::paintEvent(QPaintEvent*) {
   p.setFont(letra);
   p.setPen(colorDe(Tinte::Texto));
   const int margen = escalar(kHueco);
+  p.drawText(rect().adjusted(margen, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, nombre_);
   for (int c = 0; c < textos_.size(); ++c) {
     if (textos_[c].isEmpty() || cabecera_.isSectionHidden(c)) continue;
     // A sum may be wider than its column: it grows to the left.

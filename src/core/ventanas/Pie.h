@@ -25,6 +25,7 @@ class Pie final : public QWidget {
 
   QHeaderView& cabecera_;
   QStringList textos_;
+  QString nombre_;
 };
 
 }  // namespace tarvo::ventanas

@@ -1,0 +1,37 @@
+// A window like those of the program: a list of articles beside a list that lives.
+#pragma once
+
+#include "core/ventanas/Tira.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_Muestra.h"
+#include "ventanas/Mesa.h"
+
+namespace tarvo::prueba {
+
+inline const QString kTextosMuestra =
+    u"9900\tPeriodos de totalización\n9901\t&Tipo:\n9902\t<<TODOS>>\n9903\tSólo los que &cambian\n"
+    u"9904\tA&brir\n9905\t&Borrar\n9906\t&Sumar\n9910\tCódigo\n9911\tArtículo\n9912\tImporte\n"
+    u"9913\tCantidad\n9914\tFecha\n9915\tMemorizado\n9916\tTarea\n9917\tEstado\n9918\tTipo\n"
+    u"9919\tNo hay ningún periodo: memorice la sesión o cree uno con Nuevo.\n"_s;
+
+class Muestra final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  Muestra(ventanas::Contexto& c, const QString& nombre);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  bool QueryUnload() override {
+    ++preguntas;
+    return seNiega;
+  }
+
+  ventanas::Argumentos dados;
+  bool seNiega = false;
+  int preguntas = 0;
+  Ui::Muestra ui;
+};
+
+// Articles 1 to n in the table ART; every fifth is worth nothing, names have accents.
+void llenarArticulos(Mesa& mesa, int cuantos);
+std::vector<ventanas::Columna> columnasArticulos();
+
+}  // namespace tarvo::prueba

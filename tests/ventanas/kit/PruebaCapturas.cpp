@@ -1,0 +1,49 @@
+#include <QLabel>
+
+#include "Muestra.h"
+#include "capturas/Capturas.h"
+#include "capturas/Cortes.h"
+
+namespace tarvo::prueba {
+
+namespace {
+
+ventanas::Ventana* hacerMuestra(ventanas::Contexto& c, const QString& nombre) {
+  return new Muestra(c, nombre);
+}
+
+}  // namespace
+
+// Every face, size and scale of a whole window, full and empty, with nothing cut. The variable
+// TARVO_CAPTURAS keeps the pictures.
+TEST(Capturas, NadaCortado) {
+  for (const bool llena : {true, false}) {
+    Mesa mesa(kTextosMuestra);
+    llenarArticulos(mesa, llena ? 1000 : 0);
+    mesa.escritorio.ventanas().registrar(u"Muestra"_s, hacerMuestra);
+    const QString fuera = qEnvironmentVariable("TARVO_CAPTURAS");
+    const QString carpeta = fuera.isEmpty() ? mesa.ruta(u"png"_s) : fuera;
+    const QStringList faltas = capturas::capturar(
+        mesa.escritorio,
+        {.carpeta = carpeta, .marca = llena ? u"llena"_s : u"vacia"_s, .solo = {}});
+    EXPECT_EQ(faltas.join(u'\n').toStdString(), "");
+    EXPECT_EQ(QDir(carpeta).entryList({llena ? u"*_llena_*.png"_s : u"*_vacia_*.png"_s}).size(),
+              12);
+  }
+}
+
+// A label, a button and a header that lack room are each reported, and so is a control outside.
+TEST(Capturas, DiceLoCortado) {
+  QWidget w;
+  w.resize(300, 200);
+  auto* rotulo = new QLabel(u"Un texto que no cabe"_s, &w);
+  rotulo->setGeometry(0, 0, 20, 20);
+  auto* boton = new QPushButton(u"Otro que tampoco"_s, &w);
+  boton->setGeometry(0, 30, 20, 40);
+  auto* fuera = new QWidget(&w);
+  fuera->setGeometry(290, 100, 50, 20);
+  w.show();
+  EXPECT_EQ(capturas::cortes(w).size(), 3) << capturas::cortes(w).join(u'\n').toStdString();
+}
+
+}  // namespace tarvo::prueba

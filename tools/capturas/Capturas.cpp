@@ -1,0 +1,72 @@
+#include "capturas/Capturas.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QThread>
+
+#include "capturas/Cortes.h"
+#include "core/ventanas/Parrilla.h"
+
+namespace tarvo::capturas {
+
+using namespace Qt::StringLiterals;
+using ventanas::Cara;
+
+namespace {
+
+constexpr QSize kPantallas[] = {{1366, 768}, {1920, 1080}};
+constexpr int kEscalas[] = {100, 125, 150};
+constexpr int kAsentar = 150;        // ms for lists to be counted and sums to be reckoned
+constexpr int kMargenPantalla = 64;  // height that the desktop keeps for itself
+
+void asentar() {
+  QElapsedTimer t;
+  for (t.start(); t.elapsed() < kAsentar; QThread::msleep(2)) QApplication::processEvents();
+}
+
+// Lists take the whole screen, as one works with them; sheets keep their size.
+void dimensionar(ventanas::Ventana& v, QSize pantalla) {
+  const bool lista = v.findChild<ventanas::Parrilla*>() || v.nombre() == u"MainTarvo";
+  const QSize sitio = pantalla - QSize(0, kMargenPantalla);
+  v.resize(lista ? sitio : v.sizeHint().expandedTo(v.size()).boundedTo(sitio));
+}
+
+QStringList una(ventanas::Escritorio& e, const Encargo& encargo, const QString& nombre,
+                QSize pantalla, int escala, Cara cara) {
+  const QString fichero =
+      u"%1_%2_%3_%4x%5_%6.png"_s
+          .arg(nombre, encargo.marca, cara == Cara::Clara ? u"claro"_s : u"oscuro"_s)
+          .arg(pantalla.width())
+          .arg(pantalla.height())
+          .arg(escala);
+  e.tema().setCara(cara);
+  e.tema().setEscala(escala / 100.0);
+  ventanas::Ventana* v = e.ventanas().abrir(nombre, nullptr, e.ventanas().muestra(nombre));
+  if (!v) return {fichero + u": no se abre"_s};
+  dimensionar(*v, pantalla);
+  asentar();
+  QStringList faltas = cortes(*v);
+  if (v->width() > pantalla.width() || v->height() > pantalla.height() - kMargenPantalla)
+    faltas << u"no cabe en la pantalla: pide %1x%2"_s.arg(v->width()).arg(v->height());
+  if (!v->grab().save(encargo.carpeta + u'/' + fichero)) faltas << u"no se puede escribir"_s;
+  if (!v->descargar()) faltas << u"no se deja descargar"_s;
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  for (QString& f : faltas) f = fichero + u": "_s + f;
+  return faltas;
+}
+
+}  // namespace
+
+QStringList capturar(ventanas::Escritorio& e, const Encargo& encargo) {
+  QDir().mkpath(encargo.carpeta);
+  QStringList faltas;
+  for (const QString& nombre : encargo.solo.isEmpty() ? e.ventanas().nombres() : encargo.solo)
+    for (const QSize pantalla : kPantallas)
+      for (const int escala : kEscalas)
+        for (const Cara cara : {Cara::Clara, Cara::Oscura})
+          faltas << una(e, encargo, nombre, pantalla, escala, cara);
+  return faltas;
+}
+
+}  // namespace tarvo::capturas

@@ -1,0 +1,20 @@
+// Opens registered windows in each face, size and font scale, and saves them as pictures.
+#pragma once
+
+#include <QStringList>
+
+#include "core/ventanas/Escritorio.h"
+
+namespace tarvo::capturas {
+
+struct Encargo {
+  QString carpeta;        // where pictures go; made when it isn't there
+  QString marca;          // "llena" or "vacia", part of the file's name
+  QStringList solo = {};  // these windows; empty for all
+};
+
+// "Ventana_llena_claro_1366x768_100.png" and so on. What is cut, a line each, with the picture's
+// name in front.
+QStringList capturar(ventanas::Escritorio& escritorio, const Encargo& encargo);
+
+}  // namespace tarvo::capturas

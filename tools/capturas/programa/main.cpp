@@ -1,0 +1,51 @@
+// tarvo-capturas CARPETA SALIDA MARCA [VENTANA...]: pictures of the windows of a shop's folder.
+// Ends with 1 when something is cut, with each fault in a line.
+#include <QApplication>
+
+#include "app/Consola.h"
+#include "app/Datos.h"
+#include "app/ventanas/Registro.h"
+#include "capturas/Capturas.h"
+#include "comm/enlace/FabricaReal.h"
+
+using namespace tarvo;
+
+namespace {
+
+constexpr quint64 kSemilla = 1;
+
+int morir(const QString& porque) {
+  app::avisar(porque);
+  return 2;
+}
+
+int capturarCarpeta(QApplication& qt, const QStringList& a) {
+  const auto textos = Textos::leer(QStringLiteral(":/textos/es.txt"));
+  if (!textos) return morir(textos.error().texto);
+  RelojReal reloj;
+  const auto fondo = app::Fondo::abrir(a[1], Idioma::Espanol, *textos, reloj);
+  if (!fondo) return morir(fondo.error().texto);
+  app::Datos datos({}, *textos);
+  enlace::FabricaReal fabrica(reloj, (*fondo)->ajustes);
+  app::Aplicacion aplicacion(**fondo, reloj, fabrica, kSemilla, datos);
+  if (const auto hecho = aplicacion.empezar(); !hecho) return morir(hecho.error().texto);
+  ventanas::Escritorio escritorio(qt, *(*fondo)->db, (*fondo)->ajustes, *textos, reloj,
+                                  ventanas::Cara::Clara, {});
+  app::registrarVentanas(escritorio.ventanas(), aplicacion);
+  const QStringList faltas =
+      capturas::capturar(escritorio, {.carpeta = a[2], .marca = a[3], .solo = a.mid(4)});
+  for (const QString& f : faltas) app::decir(f);
+  return faltas.isEmpty() ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication qt(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  const QStringList a = QApplication::arguments();
+  if (a.size() < 4)
+    return morir(QStringLiteral("tarvo-capturas CARPETA SALIDA MARCA [VENTANA...]"));
+  return capturarCarpeta(qt, a);
+}
