@@ -1,11 +1,15 @@
 #include "app/ventanas/Registro.h"
 
+#include "comm/ventanas/Registro.h"
+
 namespace tarvo::app {
 
 // One line a room.
 void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
-  static_cast<void>(ventanas);
-  static_cast<void>(aplicacion);
+  comm::registrarVentanasComm(ventanas, {.motor = aplicacion.gestcomm(),
+                                         .enlaces = aplicacion.enlaces(),
+                                         .sesion = aplicacion.sesion(),
+                                         .registro = aplicacion.registro()});
 }
 
 }  // namespace tarvo::app
