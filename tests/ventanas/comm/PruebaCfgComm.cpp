@@ -1,7 +1,4 @@
 // The settings of communications: copies that are committed once, or not at all.
-#include <QCheckBox>
-#include <QComboBox>
-#include <QListWidget>
 
 #include "Puesto.h"
 

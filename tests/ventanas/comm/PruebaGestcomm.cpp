@@ -1,7 +1,4 @@
 // The jobs of the operator: receive, see what failed, try again, give up, close.
-#include <QCheckBox>
-#include <QListWidget>
-#include <QPlainTextEdit>
 
 #include "Puesto.h"
 
@@ -159,7 +156,9 @@ TEST_F(Gestcomm, MenusSegunGruposYQuienSabe) {
   for (const auto& c : casos) {
     QAction* a = accion(QString::fromUtf16(c.entrada));
     EXPECT_EQ(a->isEnabled(), c.vale) << QString::fromUtf16(c.entrada).toStdString();
-    if (!c.vale) EXPECT_TRUE(a->toolTip().startsWith(c.pista)) << a->toolTip().toStdString();
+    if (!c.vale) {
+      EXPECT_TRUE(a->toolTip().startsWith(c.pista)) << a->toolTip().toStdString();
+    }
   }
   // One group, nothing to ask: no dialog.
   accion(u"MnRxGrT"_s)->trigger();

@@ -1,6 +1,4 @@
 // Following what passes on a line.
-#include <QClipboard>
-#include <QPlainTextEdit>
 
 #include "Puesto.h"
 #include "comm/enlace/LecturaTrama.h"

@@ -2,9 +2,20 @@
 // machine models behind the wires, and time that moves when it is told to.
 #pragma once
 
+#include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
 #include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTest>
+#include <QToolButton>
 
 #include "comm/ventanas/Registro.h"
 #include "core/ventanas/Escritorio.h"
@@ -26,7 +37,7 @@ struct Puesto : Banco {
   ventanas::Ventana* abrir(const QString& nombre, const ventanas::Argumentos& a = {}) {
     auto* v = escritorio.ventanas().abrir(nombre, nullptr, a);
     EXPECT_TRUE(v) << nombre.toStdString();
-    if (v) QTest::qWaitForWindowActive(v);
+    EXPECT_TRUE(!v || QTest::qWaitForWindowActive(v));
     return v;
   }
   template <class W>
