@@ -1,9 +1,12 @@
 #include "capturas/Capturas.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QThread>
+#include <QTimer>
 
 #include "capturas/Cortes.h"
 #include "core/ventanas/Parrilla.h"
@@ -32,6 +35,21 @@ void dimensionar(ventanas::Ventana& v, QSize pantalla) {
   v.resize(lista ? sitio : v.sizeHint().expandedTo(v.size()).boundedTo(sitio));
 }
 
+// Nobody is there to close a box: it goes at once, and what it said is kept.
+template <class F>
+auto sinCajas(QStringList& dicho, F hacer) {
+  QTimer vigia;
+  QObject::connect(&vigia, &QTimer::timeout, [&dicho] {
+    auto* caja = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (!caja) return;
+    for (const QLabel* l : caja->findChildren<QLabel*>())
+      if (!l->text().isEmpty()) dicho << l->text();
+    caja->reject();
+  });
+  vigia.start(20);
+  return hacer();
+}
+
 QStringList una(ventanas::Escritorio& e, const Encargo& encargo, const QString& nombre,
                 QSize pantalla, int escala, Cara cara) {
   const QString fichero =
@@ -42,8 +60,10 @@ QStringList una(ventanas::Escritorio& e, const Encargo& encargo, const QString& 
           .arg(escala);
   e.tema().setCara(cara);
   e.tema().setEscala(escala / 100.0);
-  ventanas::Ventana* v = e.ventanas().abrir(nombre, nullptr, e.ventanas().muestra(nombre));
-  if (!v) return {fichero + u": no se abre"_s};
+  QStringList cajas;
+  const auto v = sinCajas(
+      cajas, [&] { return e.ventanas().abrir(nombre, nullptr, e.ventanas().muestra(nombre)); });
+  if (!v) return {fichero + u": no se abre: "_s + cajas.join(u' ')};
   dimensionar(*v, pantalla);
   asentar();
   QStringList faltas = cortes(*v);

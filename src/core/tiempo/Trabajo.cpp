@@ -10,7 +10,7 @@ Trabajo::Trabajo(Reloj& reloj, Paso paso, AlAvanzar alAvanzar, AlAcabar alAcabar
       turno_(reloj.temporizador([this] { rebanada(); })) {}
 
 void Trabajo::empezar() {
-  if (std::exchange(enMarcha_, true)) return;
+  if (!paso_ || std::exchange(enMarcha_, true)) return;
   turno_->unaVez(0);
 }
 
@@ -42,7 +42,9 @@ void Trabajo::rebanada() {
 void Trabajo::acabar(Resultado<Fin> fin) {
   enMarcha_ = pidenParar_ = false;
   turno_->parar();
-  const AlAcabar alAcabar = alAcabar_;
+  // What the steps hold (a half-written file) goes before anybody is told.
+  paso_ = nullptr;
+  const AlAcabar alAcabar = std::move(alAcabar_);
   if (alAcabar) alAcabar(fin);
 }
 

@@ -29,7 +29,7 @@ class Trabajo {
   // REQUIRES that the clock outlives it.
   Trabajo(Reloj& reloj, Paso paso, AlAvanzar alAvanzar, AlAcabar alAcabar);
 
-  void empezar();
+  void empezar();  // once
   // Ends it between two steps: AlAcabar gets Parado before this returns.
   void parar();
   bool enMarcha() const { return enMarcha_; }

@@ -12,6 +12,11 @@ namespace tarvo::ventanas {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+// The ring keeps its distance, so that it shows on a button of its own colour too.
+constexpr int kAnillo = 2 * kFoco;
+}  // namespace
+
 Estilo::Estilo() : QProxyStyle(u"Fusion"_s) {}
 
 void Estilo::drawControl(ControlElement que, const QStyleOption* opcion, QPainter* pintor,
@@ -117,10 +122,13 @@ QSize Estilo::sizeFromContents(ContentsType que, const QStyleOption* opcion, con
 
 int Estilo::pixelMetric(PixelMetric que, const QStyleOption* opcion, const QWidget* control) const {
   if (que == PM_FocusFrameHMargin)
-    return qobject_cast<const QAbstractItemView*>(control) ? kHueco - 1 : kFoco;
+    return qobject_cast<const QAbstractItemView*>(control) ? escalar(kHueco) - 1 : kAnillo;
   if (que == PM_FocusFrameVMargin)
-    return qobject_cast<const QAbstractItemView*>(control) ? 1 : kFoco;
+    return qobject_cast<const QAbstractItemView*>(control) ? 1 : kAnillo;
   if (que == PM_SmallIconSize || que == PM_ButtonIconSize || que == PM_ListViewIconSize)
+    return escalar(kIcono);
+  if (que == PM_IndicatorWidth || que == PM_IndicatorHeight || que == PM_ExclusiveIndicatorWidth ||
+      que == PM_ExclusiveIndicatorHeight)
     return escalar(kIcono);
   if (que == PM_ToolBarIconSize) return escalar(kIcono + kPaso);
   if (que == PM_LayoutHorizontalSpacing || que == PM_LayoutVerticalSpacing) return escalar(kHueco);
@@ -157,6 +165,8 @@ QToolButton { min-height: @boton; padding: 0 @p2; border: 1px solid transparent;
 QToolButton:hover { background: @seleccion; color: @textosel; }
 QToolButton:checked { background: @seleccion; color: @textosel; border-color: @borde; }
 QToolButton:disabled { color: @palido; }
+QToolButton[marco="true"] { border-color: @borde; background: @caraboton; }
+QLineEdit QToolButton { min-height: 0; padding: 0; border: none; }
 QToolBar { border: none; spacing: @p1; padding: 0; }
 QPlainTextEdit, QTextEdit { border: 1px solid @borde; border-radius: 4px; background: @base; color: @texto; }
 QComboBox, QAbstractSpinBox { min-height: @boton; border: 1px solid @borde; border-radius: 4px;

@@ -1,18 +1,19 @@
 #include "core/ventanas/Medidas.h"
 
 #include <QApplication>
-#include <QFontInfo>
+#include <QScreen>
 #include <QVariant>
 
 namespace tarvo::ventanas {
 
 namespace {
-constexpr double kPixelesPorPunto = 96.0 / 72.0;
+constexpr double kPuntosNormales = 96;  // dots an inch of a screen as any other
 }
 
 int escalar(int pixeles) {
-  const double razon = QFontInfo(QApplication::font()).pixelSize() / (kLetra * kPixelesPorPunto);
-  return qRound(pixeles * razon);
+  const QScreen* pantalla = QGuiApplication::primaryScreen();
+  const double puntos = QApplication::font().pointSizeF() / kLetra;
+  return qRound(pixeles * puntos * (pantalla ? pantalla->logicalDotsPerInchY() / kPuntosNormales : 1));
 }
 
 void ponerLetra(QWidget& control, Letra letra) {

@@ -59,7 +59,8 @@ class ModeloParrilla : public QAbstractTableModel {
   // Before and behind a change of all rows: what is selected is kept by key in between.
   void vaARenovar();
   void renovado();
-  void recuento();  // the number of rows known or the sums changed
+  void fallido(const tarvo::Error& error) const;  // rows that should show can't be read
+  void recuento();                                // the number of rows known or the sums changed
 
  protected:
   std::vector<Columna> columnas_;

@@ -44,35 +44,30 @@ ModeloSql::~ModeloSql() {
 }
 
 Resultado<> ModeloSql::abrir(Origen origen) {
-  return leer(std::move(origen), columnaOrden_, sentido_);
+  return leer(std::move(origen), columnaOrden_, sentido_, false);
 }
 
 Resultado<> ModeloSql::refrescar() {
   if (origen_.desde.isEmpty()) return {};
-  // As many rows as were known are known again, so that the one in view can be found.
-  const bool muchas = rowCount() > kPrimeras;
-  Q_EMIT vaARenovar();
-  auto hecho = releer(origen_, columnaOrden_, sentido_);
-  if (hecho && muchas) hecho = contarTodo();
-  Q_EMIT renovado();
-  return hecho;
+  return leer(origen_, columnaOrden_, sentido_, rowCount() >= kPrimeras);
 }
 
 Resultado<> ModeloSql::ordenar(int columna, Qt::SortOrder sentido) {
   if (origen_.desde.isEmpty()) return {};  // nothing is open yet
   if (columna >= 0 && !columnas_[static_cast<size_t>(columna)].ordenable) return {};
-  return leer(origen_, columna, sentido);
+  return leer(origen_, columna, sentido, rowCount() >= kPrimeras);
 }
 
-Resultado<> ModeloSql::leer(Origen nuevo, int columna, Qt::SortOrder sentido) {
+// `todas`: at once, so that what is chosen and the row in view can be found among them.
+Resultado<> ModeloSql::leer(Origen nuevo, int columna, Qt::SortOrder sentido, bool todas) {
   Q_EMIT vaARenovar();
-  auto hecho = releer(std::move(nuevo), columna, sentido);
+  auto hecho = releer(std::move(nuevo), columna, sentido, todas);
   Q_EMIT renovado();
   return hecho;
 }
 
 // Reads the first keys by the new origin; only when that worked does anything change.
-Resultado<> ModeloSql::releer(Origen nuevo, int columna, Qt::SortOrder sentido) {
+Resultado<> ModeloSql::releer(Origen nuevo, int columna, Qt::SortOrder sentido, bool todas) {
   Lectura l{nuevo, {}, {}};
   if (nuevo.clave.isEmpty()) {
     auto copia = copiar(nuevo);
@@ -81,7 +76,7 @@ Resultado<> ModeloSql::releer(Origen nuevo, int columna, Qt::SortOrder sentido) 
   }
   l.orden = ordenDe(l, columna, sentido);
   const qint64 antes = reloj_.monotono();
-  auto primeras = claves(l, 0, kPrimeras);
+  auto primeras = claves(l, 0, todas ? std::numeric_limits<int>::max() : kPrimeras);
   if (!primeras) {
     static_cast<void>(soltar(l.tabla));
     return std::unexpected(primeras.error());
@@ -98,7 +93,7 @@ Resultado<> ModeloSql::releer(Origen nuevo, int columna, Qt::SortOrder sentido) 
   recientes_.clear();
   donde_.clear();
   cambiosAlLeer_ = db_.cambios();
-  contando_ = static_cast<int>(claves_.size()) == kPrimeras;
+  contando_ = !todas && static_cast<int>(claves_.size()) == kPrimeras;
   endResetModel();
   contando_ ? turno_->unaVez(0) : turno_->parar();
   Q_EMIT recuento();
@@ -195,7 +190,10 @@ void ModeloSql::seguirContando() {
   if (!contando_) return;
   // Rows that changed in between would shift the slices: what is left is read in one go.
   const bool resto = deUnaVez_ || db_.cambios() != cambiosAlLeer_;
-  if (!(resto ? contarTodo() : contarMas(kClavesPorPaso))) contando_ = false;
+  if (const auto hecho = resto ? contarTodo() : contarMas(kClavesPorPaso); !hecho) {
+    contando_ = false;
+    Q_EMIT fallido(hecho.error());
+  }
   contando_ ? turno_->unaVez(0) : turno_->parar();
   Q_EMIT recuento();
 }
@@ -280,7 +278,10 @@ ModeloSql::Pagina ModeloSql::leerPagina(int numero) const {
   const auto rs = db_.OpenQuery(
       conClaves(lectura_.origen, listaColumnas(lectura_), lectura_.origen.clave, kFilasPagina),
       valores);
-  if (!rs) return p;
+  if (!rs) {
+    Q_EMIT fallido(rs.error());
+    return p;
+  }
   for (; !(*rs)->Eof(); static_cast<void>((*rs)->MoveNext())) {
     auto& fila = p.filas[sitio[(*rs)->entero(0)]];
     fila.reserve(columnas_.size());

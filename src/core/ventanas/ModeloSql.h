@@ -48,8 +48,8 @@ class ModeloSql final : public ModeloParrilla {
     QString orden;  // with its ORDER BY
   };
 
-  Resultado<> leer(Origen nuevo, int columna, Qt::SortOrder sentido);
-  Resultado<> releer(Origen nuevo, int columna, Qt::SortOrder sentido);
+  Resultado<> leer(Origen nuevo, int columna, Qt::SortOrder sentido, bool todas);
+  Resultado<> releer(Origen nuevo, int columna, Qt::SortOrder sentido, bool todas);
   Resultado<Lectura> copiar(const Origen& origen);
   Resultado<> soltar(const QString& tabla);
   void soltarCopia();

@@ -107,7 +107,7 @@ std::vector<int> Parrilla::filasElegidas() const {
 std::vector<int> Parrilla::filasParaActuar() {
   auto filas = filasElegidas();
   if (!filas.empty() || filaActual() < 0) return filas;
-  vista_->selectRow(filaActual());
+  elegir({clave(filaActual())});
   return filasElegidas();
 }
 
@@ -139,7 +139,9 @@ void Parrilla::irA(int fila) {
                       : vistas.empty()                 ? 0
                                                        : vistas.front();
   const QModelIndex i = modelo()->index(fila, columna);
-  vista_->setCurrentIndex(i);
+  // Whatever keys are held: the view itself would look at them.
+  vista_->selectionModel()->setCurrentIndex(
+      i, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   vista_->scrollTo(i);
 }
 

@@ -77,6 +77,7 @@ class Parrilla final : public QWidget {
   Resultado<> ordenar(int columna, Qt::SortOrder sentido);
 
   // --- what the grid does by itself
+  void irABuscar();                   // the focus goes to the search field
   void buscar(const QString& texto);  // from the row behind the current one, round the end
   void copiar();
   void elegirColumnas();

@@ -101,6 +101,7 @@ void Parrilla::Interior::montar() {
   vaciaTexto->setWordWrap(true);
   vaciaBoton = new QToolButton(vacia);
   vaciaBoton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  vaciaBoton->setProperty("marco", true);
   vaciaBoton->hide();
   centro->addStretch();
   centro->addWidget(vaciaTexto);
@@ -132,7 +133,10 @@ void Parrilla::Interior::montar() {
           [this, h](const QPoint& p) { menuColumnas(h->mapToGlobal(p)); });
   connect(h, &QHeaderView::sortIndicatorChanged, &yo, [this](int columna, Qt::SortOrder sentido) {
     if (colocando) return;
-    if (const auto hecho = yo.ordenar(columna, sentido); !hecho) avisar(hecho.error());
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto hecho = yo.ordenar(columna, sentido);
+    QGuiApplication::restoreOverrideCursor();
+    if (!hecho) avisar(hecho.error());
   });
   connect(h, &QHeaderView::sectionResized, &yo, [this] {
     if (!colocando) elasticas = false;
@@ -170,12 +174,8 @@ void Parrilla::Interior::hacerAcciones() {
                     [this] { yo.exportar(); });
   auto* ir = new QAction(&yo);
   ir->setShortcut(QKeySequence::Find);
-  // The whole window reaches its list's search, wherever the focus is.
-  ir->setShortcutContext(Qt::WindowShortcut);
-  connect(ir, &QAction::triggered, &yo, [this] {
-    busca->setFocus();
-    busca->selectAll();
-  });
+  ir->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  connect(ir, &QAction::triggered, &yo, &Parrilla::irABuscar);
   yo.addAction(ir);
   busca->setPlaceholderText(t(kTxBuscar));
   busca->setAccessibleName(t(kTxBuscar));
@@ -194,6 +194,10 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
   connect(m, &ModeloParrilla::vaARenovar, &yo, [this] { guardar(); });
   connect(m, &ModeloParrilla::renovado, &yo, [this] { reponer(); });
   connect(m, &ModeloParrilla::recuento, &yo, [this] { contar(); });
+  // Rows are read while they are painted: it is said behind that.
+  connect(m, &ModeloParrilla::fallido, &yo, [this](const Error& error) {
+    QMetaObject::invokeMethod(&yo, [this, error] { avisar(error); }, Qt::QueuedConnection);
+  });
   auto* s = yo.vista_->selectionModel();
   connect(s, &QItemSelectionModel::currentRowChanged, &yo,
           [this](const QModelIndex& i) { Q_EMIT yo.actualCambiada(i.row()); });

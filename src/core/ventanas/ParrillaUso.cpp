@@ -48,7 +48,7 @@ void Parrilla::Interior::avisar(Error error) {
 
 void Parrilla::Interior::contar() {
   if (!c) return;
-  QString texto = Plural(t(kTxFilas), yo.filas());
+  QString texto = yo.filas() == 0 ? t(kTxNingunaFila) : Plural(t(kTxFilas), yo.filas());
   texto.replace(QString::number(yo.filas()), conPuntos(yo.filas()));
   if (yo.contando()) texto += u' ' + t(kTxContando);
   qint64 elegidas = 0;
@@ -65,6 +65,7 @@ void Parrilla::Interior::pintarPie() {
   QStringList textos;
   if (conPie && yo.modelo() && !yo.contando()) {
     const auto sumas = yo.modelo()->sumas();
+    if (!sumas) avisar(sumas.error());
     for (size_t i = 0; sumas && i < columnas.size(); ++i)
       textos << (columnas[i].suma
                      ? yo.modelo()->formato().ver(columnas[i],
@@ -130,6 +131,11 @@ void Parrilla::Interior::moverColumna(int pasos) {
 }
 
 bool Parrilla::Interior::tecla(QKeyEvent& e) {
+  // The view would copy its current cell alone.
+  if (e.matches(QKeySequence::Copy)) {
+    yo.copiar();
+    return true;
+  }
   const auto mandos = e.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
   if (e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter) {
     if (yo.filaActual() >= 0) Q_EMIT yo.activada(yo.filaActual());
@@ -160,6 +166,11 @@ void Parrilla::Interior::saltar(const QString& texto) {
   const int columna = std::ranges::find(vistas, actual) != vistas.end() ? actual : vistas.front();
   const int desde = yo.filaActual() + (texto.size() == 1 ? 1 : 0);
   buscarDesde(texto, ModeloParrilla::Busca::Empieza, {columna}, std::max(0, desde));
+}
+
+void Parrilla::irABuscar() {
+  d->busca->setFocus();
+  d->busca->selectAll();
 }
 
 void Parrilla::buscar(const QString& texto) {

@@ -38,6 +38,7 @@ enum TextoVentanas : int {
   kTxTiposExportar = 1036,
   kTxSuma = 1037,
   kTxLista = 1038,
+  kTxNingunaFila = 1039,
 };
 
 }  // namespace tarvo::ventanas

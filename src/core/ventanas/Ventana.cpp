@@ -1,10 +1,12 @@
 #include "core/ventanas/Ventana.h"
 
 #include <QEventLoop>
+#include <QLineEdit>
 #include <QSplitter>
 #include <QVBoxLayout>
 
 #include "core/ventanas/Medidas.h"
+#include "core/ventanas/Parrilla.h"
 #include "core/ventanas/Recuerdos.h"
 #include "core/ventanas/Tira.h"
 #include "core/ventanas/TiraTrabajo.h"
@@ -132,7 +134,22 @@ void Ventana::volverAlDueno() {
   dueno_->activateWindow();
 }
 
+// The list that one reads first, of those that can be searched.
+Parrilla* Ventana::primeraLista() const {
+  Parrilla* primera = nullptr;
+  const auto sitio = [this](const Parrilla* p) {
+    const QPoint donde = p->mapTo(this, QPoint());
+    return std::pair(donde.x(), donde.y());
+  };
+  for (Parrilla* p : cuerpo_->findChildren<Parrilla*>())
+    if (p->campoBusca()->isVisible() && (!primera || sitio(p) < sitio(primera))) primera = p;
+  return primera;
+}
+
 void Ventana::keyPressEvent(QKeyEvent* evento) {
+  if (evento->matches(QKeySequence::Find)) {
+    if (Parrilla* p = primeraLista()) return p->irABuscar();
+  }
   if (evento->key() != Qt::Key_Escape) return QWidget::keyPressEvent(evento);
   evento->accept();
   close();

@@ -22,6 +22,7 @@ class QEventLoop;
 
 namespace tarvo::ventanas {
 
+class Parrilla;
 class Tira;
 class TiraTrabajo;
 
@@ -88,6 +89,7 @@ class Ventana : public QWidget {
   void recordar();
   void volverAlDueno();
   void terminar(bool aceptada);
+  Parrilla* primeraLista() const;
 
   Contexto& c_;
   QString nombre_;

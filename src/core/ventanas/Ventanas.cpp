@@ -27,6 +27,8 @@ void decirSobre(QWidget* dueno, const Textos& t, const Error& error) {
 }  // namespace
 
 Ventanas::~Ventanas() {
+  // Those that wait for the event loop to let them go would outlive what they stand on.
+  for (const QPointer<Ventana>& v : idas_) delete v.data();
   for (Ventana* v : std::exchange(abiertas_, {})) delete v;
 }
 
@@ -99,6 +101,8 @@ bool Ventanas::abrirModal(const QString& nombre, QWidget* dueno, const Argumento
 }
 
 void Ventanas::quitar(const QString& nombre) {
+  std::erase_if(idas_, [](const QPointer<Ventana>& v) { return v.isNull(); });
+  idas_.emplace_back(cargada(nombre));
   std::erase_if(abiertas_, [&](const Ventana* v) { return v->nombre() == nombre; });
   // What a window remembers is no reason to disturb anybody when it can't be written.
   static_cast<void>(contexto_->recuerdos.guardar());

@@ -60,6 +60,7 @@ class Ventanas final : public QObject {
   Contexto* contexto_ = nullptr;
   std::map<QString, Entrada> registradas_;
   std::vector<Ventana*> abiertas_;
+  std::vector<QPointer<Ventana>> idas_;  // unloaded, not yet deleted
 };
 
 }  // namespace tarvo::ventanas

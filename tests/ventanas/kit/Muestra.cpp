@@ -25,8 +25,8 @@ void llenarArticulos(Mesa& m, int cuantos) {
       u"with recursive n(i) as (select 1 union all select i+1 from n where i<?) insert into ART "
       u"select i, switch(i mod 3=0,'Jamón ',i mod 3=1,'Ñora ',true,'Árbol ') & "
       u"format(i,'000000'), 38353+i mod 400, i*7 mod 5000, i mod 3, iif(i mod 5=0,0,i mod "
-      u"100000), i mod 2 from n"_s,
-      cuantos);
+      u"100000), i mod 2 from n where i<=?"_s,
+      cuantos, cuantos);
 }
 
 Muestra::Muestra(Contexto& c, const QString& nombre) : Ventana(c, nombre) {

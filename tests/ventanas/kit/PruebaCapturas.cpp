@@ -32,6 +32,16 @@ TEST(Capturas, NadaCortado) {
   }
 }
 
+// A window that can't be opened is a fault with its reason, and nothing waits for a person.
+TEST(Capturas, DiceLaQueNoSeAbre) {
+  Mesa mesa(kTextosMuestra);
+  mesa.escritorio.ventanas().registrar(u"Muestra"_s, hacerMuestra, {{u"falla"_s, true}});
+  const QStringList faltas =
+      capturas::capturar(mesa.escritorio, {.carpeta = mesa.ruta(u"png"_s), .marca = u"llena"_s});
+  EXPECT_EQ(faltas.size(), 12);
+  EXPECT_TRUE(faltas.value(0).contains(u"No hay tal periodo."));
+}
+
 // A label, a button and a header that lack room are each reported, and so is a control outside.
 TEST(Capturas, DiceLoCortado) {
   QWidget w;

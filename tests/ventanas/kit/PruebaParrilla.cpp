@@ -1,0 +1,303 @@
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProcess>
+#include <QScrollBar>
+#include <QTableView>
+#include <QTest>
+
+#include "Muestra.h"
+
+namespace tarvo::prueba {
+
+using namespace ventanas;
+
+namespace {
+
+constexpr int kMuchas = 200'000;
+
+// A grid over the articles on a screen of its own.
+struct Lista : Mesa {
+  explicit Lista(int cuantos) : Mesa(kTextosMuestra) {
+    llenarArticulos(*this, cuantos);
+    p.resize(900, 500);
+    p.preparar(contexto(), u"Prueba"_s, columnasArticulos());
+    p.show();
+    p.vista()->setFocus();
+  }
+  void abrir(Origen o = {.desde = u"ART"_s, .clave = u"CODIGO"_s}) { bien(p.abrir(std::move(o))); }
+  bool contada() {
+    return esperar([this] { return !p.contando(); });
+  }
+  void teclear(const QString& texto) { QTest::keyClicks(p.vista(), texto); }
+  bool quieta() {
+    return esperar([this] { return !p.trabajando(); });
+  }
+  qint64 codigo(int fila) { return p.valor(fila, u"CODIGO").entero(); }
+
+  Parrilla p;
+};
+
+Origen agrupados() {
+  return {.desde = u"ART"_s,
+          .filtro = u"CODIGO<=?"_s,
+          .parametros = {dao::Valor(300)},
+          .agrupado = u"left(NOMBRE,4)"_s,
+          .identidad = u"left(NOMBRE,4)"_s};
+}
+
+std::vector<Columna> columnasAgrupadas() {
+  return {{.titulo = 9911, .campo = u"left(NOMBRE,4)"_s},
+          {.titulo = 9912, .campo = u"sum(IMPORTE)"_s, .clase = Clase::Importe, .suma = true}};
+}
+
+QByteArray dentroDe(const QString& zip, const QString& parte) {
+  QProcess p;
+  p.start(u"python3"_s,
+          {u"-c"_s,
+           u"import sys,zipfile;sys.stdout.write(zipfile.ZipFile(sys.argv[1]).read(sys.argv[2])"
+           u".decode())"_s,
+           zip, parte});
+  p.waitForFinished();
+  return p.readAllStandardOutput();
+}
+
+}  // namespace
+
+// The first rows are there at once, however many follow; a page costs the same anywhere.
+TEST(Parrilla, MuchasFilasNoHacenEsperar) {
+  Lista l(kMuchas);
+  QElapsedTimer t;
+  t.start();
+  l.abrir();
+  QApplication::processEvents();
+  EXPECT_LT(t.elapsed(), 150);
+  EXPECT_EQ(l.codigo(0), 1);
+  ASSERT_TRUE(l.contada());
+  EXPECT_EQ(l.p.filas(), kMuchas);
+  EXPECT_TRUE(esperar([&] { return l.p.pie()->text() == u"200.000 filas"; }));
+  qint64 peor = 0;
+  for (const int fila : {kMuchas - 1, kMuchas / 2, kMuchas / 3, 5}) {
+    l.p.irA(fila);
+    for (int i = 0; i < 20; ++i) {
+      t.restart();
+      QTest::keyClick(l.p.vista(), Qt::Key_PageDown);
+      QApplication::processEvents();
+      peor = std::max(peor, t.elapsed());
+    }
+  }
+  EXPECT_LT(peor, 60);
+}
+
+TEST(Parrilla, OrdenaPorLaCabeceraEnLosDosSentidos) {
+  Lista l(1000);
+  l.abrir();
+  l.p.elegir({7});
+  l.p.irA(l.p.filaDe(7));
+  QHeaderView* h = l.p.vista()->horizontalHeader();
+  const auto pulsar = [&](int columna) {
+    QTest::mouseClick(h->viewport(), Qt::LeftButton, {},
+                      QPoint(h->sectionViewportPosition(columna) + 20, h->height() / 2));
+  };
+  pulsar(1);
+  // Accents and case don't count, and Ñ stands behind N.
+  EXPECT_EQ(l.p.texto(0, u"NOMBRE"), u"Árbol 000002");
+  EXPECT_EQ(l.p.texto(l.p.filas() - 1, u"NOMBRE"), u"Ñora 001000");
+  // What was chosen is the same row, wherever it stands now.
+  ASSERT_EQ(l.p.filasElegidas().size(), 1U);
+  EXPECT_EQ(l.codigo(l.p.filasElegidas()[0]), 7);
+  EXPECT_EQ(l.codigo(l.p.filaActual()), 7);
+  pulsar(1);
+  EXPECT_EQ(l.p.texto(0, u"NOMBRE"), u"Ñora 001000");
+}
+
+// Rows that come and go around them leave the chosen ones chosen; those that went are not.
+TEST(Parrilla, LaSeleccionSobreviveAlRefresco) {
+  Lista l(5000);
+  l.abrir();
+  ASSERT_TRUE(l.contada());
+  l.p.irA(l.p.filaDe(4000));
+  l.p.elegir({10, 11, 4000});
+  const int desplazada = l.p.vista()->verticalScrollBar()->value();
+  l.sql(u"DELETE FROM ART WHERE CODIGO=11 OR CODIGO=3"_s);
+  QTest::keyClick(l.p.vista(), Qt::Key_F5);
+  std::vector<qint64> codigos;
+  for (const int f : l.p.filasElegidas()) codigos.push_back(l.codigo(f));
+  EXPECT_EQ(codigos, (std::vector<qint64>{10, 4000}));
+  EXPECT_EQ(l.codigo(l.p.filaActual()), 4000);
+  EXPECT_EQ(l.p.filas(), 4998);
+  EXPECT_NEAR(l.p.vista()->verticalScrollBar()->value(), desplazada, 3);
+}
+
+// Letters jump in the current column; Ctrl+F looks everywhere and round the end.
+TEST(Parrilla, BuscaSinAcentosNiMayusculas) {
+  Lista l(kMuchas);
+  l.abrir();
+  l.p.irA(0);
+  QTest::keyClick(l.p.vista(), Qt::Key_Right);
+  l.teclear(u"arbol 15"_s);
+  ASSERT_TRUE(l.quieta());
+  EXPECT_EQ(l.p.texto(l.p.filaActual(), u"NOMBRE"), u"Árbol 150002");
+  QTest::keyClick(l.p.vista(), Qt::Key_F, Qt::ControlModifier);
+  QTest::keyClicks(l.p.campoBusca(), u"ARBOL 000011"_s);
+  QTest::keyClick(l.p.campoBusca(), Qt::Key_Return);
+  ASSERT_TRUE(l.quieta());
+  EXPECT_EQ(l.codigo(l.p.filaActual()), 11);
+  QTest::keyClick(l.p.campoBusca(), Qt::Key_Escape);
+  EXPECT_TRUE(l.p.vista()->hasFocus());
+  l.p.buscar(u"no hay"_s);
+  ASSERT_TRUE(l.quieta());
+  EXPECT_EQ(l.codigo(l.p.filaActual()), 11);
+  EXPECT_EQ(l.p.findChild<QLabel*>(u"aviso"_s)->text(), u"«no hay» no está en la lista.");
+}
+
+TEST(Parrilla, CopiaYSumaLoQueSeVe) {
+  Lista l(100);
+  l.abrir();
+  l.p.elegir({5, 6});
+  QTest::keyClick(l.p.vista(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(),
+            u"0000005\tÁrbol 000005\t06/01/2005\t35\t0,00\n"
+            u"0000006\tJamón 000006\t07/01/2005\t0,042\t0,06\n");
+  EXPECT_TRUE(esperar([&] { return l.p.sumas().value(4) == u"40,00"; }));
+  bien(l.p.filtrar(u"CODIGO<?"_s, {dao::Valor(4)}));
+  EXPECT_EQ(l.p.filas(), 3);
+  EXPECT_TRUE(esperar([&] { return l.p.sumas().value(4) == u"0,06"; }));
+  EXPECT_EQ(l.p.pie()->text(), u"3 filas");
+}
+
+// A query without a key of its own is shown, sorted, summed and refreshed as any other.
+TEST(Parrilla, MuestraGrupos) {
+  Lista l(1000);
+  l.p.preparar(l.contexto(), u"Prueba"_s, columnasAgrupadas());
+  l.abrir(agrupados());
+  ASSERT_EQ(l.p.filas(), 3);
+  bien(l.p.ordenar(0, Qt::AscendingOrder));
+  EXPECT_EQ(l.p.texto(0, u"left(NOMBRE,4)"), u"Árbo");
+  l.p.elegir({l.p.clave(2)});
+  bien(l.p.ordenar(1, Qt::DescendingOrder));
+  const auto elegidas = l.p.filasElegidas();
+  ASSERT_EQ(elegidas.size(), 1U);
+  EXPECT_EQ(l.p.texto(elegidas[0], u"left(NOMBRE,4)"), u"Ñora");
+  EXPECT_TRUE(esperar([&] { return l.p.sumas().value(1) == u"360,00"; }));
+  l.sql(u"DELETE FROM ART WHERE NOMBRE LIKE 'Jam*'"_s);
+  bien(l.p.refrescar());
+  EXPECT_EQ(l.p.filas(), 2);
+  EXPECT_EQ(l.p.filasElegidas().size(), 1U);
+  const auto mala = l.p.abrir({.desde = u"NADA"_s});
+  ASSERT_FALSE(mala);
+  EXPECT_EQ(l.p.filas(), 2) << "what was shown stays when the new query fails";
+}
+
+TEST(Parrilla, ExportaEnRebanadasLoQueSeVe) {
+  Lista l(3000);
+  l.sql(u"UPDATE ART SET NOMBRE='con \"; dos' WHERE CODIGO=1"_s);
+  l.abrir();
+  for (const char* nombre : {"lista.csv", "lista.xlsx"}) {
+    l.p.exportarEn(l.ruta(QString::fromLatin1(nombre)));
+    EXPECT_TRUE(l.p.trabajando());
+    ASSERT_TRUE(l.quieta());
+  }
+  QFile csv(l.ruta(u"lista.csv"_s));
+  ASSERT_TRUE(csv.open(QIODevice::ReadOnly));
+  const QByteArray texto = csv.readAll();
+  EXPECT_TRUE(
+      texto.startsWith("\xEF\xBB\xBF"
+                       "Código;Artículo;Fecha;Cantidad;Importe\r\n"
+                       "0000001;\"con \"\"; dos\";02/01/2005;0,007;0,01\r\n"));
+  EXPECT_EQ(texto.count('\n'), 3001);
+  const QByteArray hoja = dentroDe(l.ruta(u"lista.xlsx"_s), u"xl/worksheets/sheet1.xml"_s);
+  EXPECT_EQ(hoja.count("<row "), 3001);
+  // Row 7, article 6: a code, a day, kilograms and money as numbers.
+  for (const char* celda : {"<c r=\"A7\" s=\"2\"><v>6</v>", "Jam\xC3\xB3n 000006", "<v>38359</v>",
+                            "<v>0.042", "<v>0.06"})
+    EXPECT_TRUE(hoja.contains(celda)) << celda;
+}
+
+TEST(Parrilla, UnaExportacionParadaNoDejaNada) {
+  Lista l(20'000);
+  l.abrir();
+  for (const char* nombre : {"p.csv", "p.xlsx"}) {
+    l.p.exportarEn(l.ruta(QString::fromLatin1(nombre)));
+    QApplication::processEvents();
+    ASSERT_TRUE(l.p.trabajando());
+    l.p.findChild<QPushButton*>(u"parar"_s)->click();
+    EXPECT_FALSE(l.p.trabajando());
+  }
+  QStringList quedan = QDir(l.carpeta.path()).entryList({u"p.*"_s});
+  EXPECT_EQ(quedan.join(u' ').toStdString(), "");
+  bool dicho = false;
+  QObject::connect(&l.p, &Parrilla::fallo, [&](const Error&) { dicho = true; });
+  l.p.exportarEn(u"/proc/no/se/puede.csv"_s);
+  EXPECT_TRUE(dicho);
+}
+
+// Rows that can't be read are not shown as empty ones without a word.
+TEST(Parrilla, DiceQueNoPuedeLeer) {
+  Lista l(5000);
+  l.abrir();
+  ASSERT_TRUE(l.contada());
+  QString dicho;
+  QObject::connect(&l.p, &Parrilla::fallo, [&](const Error& e) { dicho = e.texto; });
+  l.sql(u"DROP TABLE ART"_s);
+  l.p.irA(4000);
+  EXPECT_TRUE(esperar([&] { return !dicho.isEmpty(); }));
+  dicho.clear();
+  QTest::keyClick(l.p.vista(), Qt::Key_F5);
+  EXPECT_TRUE(esperar([&] { return !dicho.isEmpty(); }));
+}
+
+// Widths, order and visibility come back with the next window of that name.
+TEST(Parrilla, RecuerdaLasColumnas) {
+  Lista l(10);
+  l.abrir();
+  QHeaderView* h = l.p.vista()->horizontalHeader();
+  h->resizeSection(1, 333);
+  h->moveSection(h->visualIndex(4), 0);
+  h->hideSection(2);
+  l.p.preparar(l.contexto(), u"Prueba"_s, columnasArticulos());
+  l.abrir();
+  EXPECT_NEAR(h->sectionSize(1), 333, 2);
+  EXPECT_EQ(h->logicalIndex(0), 4);
+  EXPECT_TRUE(h->isSectionHidden(2));
+  EXPECT_TRUE(h->isSectionHidden(6)) << "a column of data alone is never shown";
+  l.p.preparar(l.contexto(), u"Otra"_s, columnasArticulos());
+  l.abrir();
+  EXPECT_FALSE(h->isSectionHidden(2));
+}
+
+// Live rows: only what changed is painted; what is chosen and the order stay.
+TEST(Parrilla, LasFilasVivasCambianSolas) {
+  Lista l(0);
+  l.p.preparar(l.contexto(), u"Vivas"_s,
+               {{.titulo = 9916, .campo = u"ID"_s, .clase = Clase::Codigo, .cifras = 3},
+                {.titulo = 9917, .campo = u"ESTADO"_s}});
+  ModeloVivo& m = l.p.vivas();
+  const auto fila = [](int id, const char16_t* estado) {
+    return FilaViva{id, {dao::Valor(id), dao::Valor(estado)}};
+  };
+  m.poner({fila(1, u"Espera"), fila(2, u"Espera"), fila(3, u"Espera")});
+  l.p.elegir({2});
+  int cambios = 0, celdas = 0;
+  QObject::connect(&m, &QAbstractItemModel::dataChanged,
+                   [&](const QModelIndex& a, const QModelIndex& b) {
+                     ++cambios;
+                     celdas += b.column() - a.column() + 1;
+                   });
+  m.poner({fila(1, u"Espera"), fila(2, u"Acabada"), fila(4, u"Nueva")});
+  EXPECT_EQ(cambios, 1);
+  EXPECT_EQ(celdas, 1);
+  EXPECT_EQ(l.p.filas(), 3);
+  EXPECT_EQ(l.p.filasElegidas(), (std::vector<int>{1}));
+  bien(l.p.ordenar(1, Qt::AscendingOrder));
+  EXPECT_EQ(l.p.filasElegidas(), (std::vector<int>{0}));
+  m.poner({fila(4, u"Nueva"), fila(1, u"Zas"), fila(2, u"Acabada")});
+  EXPECT_EQ(l.p.texto(2, u"ESTADO"), u"Zas");
+  EXPECT_EQ(l.p.clave(l.p.filasElegidas().at(0)), 2);
+  m.quitar(2);
+  EXPECT_TRUE(l.p.filasElegidas().empty());
+}
+
+}  // namespace tarvo::prueba

@@ -1,0 +1,60 @@
+#include <QRegularExpression>
+
+#include "core/ventanas/Medidas.h"
+#include "ventanas/Mesa.h"
+
+namespace tarvo::prueba {
+
+using namespace ventanas;
+
+// Every text can be read on every ground that it stands on, in both faces.
+TEST(Tema, Contraste) {
+  using T = Tinte;
+  const struct {
+    T texto;
+    std::vector<T> fondos;
+    double minimo;
+  } pares[] = {
+      {T::Texto,
+       {T::Fondo, T::Base, T::BaseAlterna, T::Boton, T::FondoBien, T::FondoDuda, T::FondoMal},
+       4.5},
+      {T::TextoPalido, {T::Fondo, T::Base, T::BaseAlterna}, 4.5},
+      {T::TextoSeleccion, {T::Seleccion}, 4.5},
+      {T::TextoAcento, {T::Acento}, 4.5},
+      {T::Acento, {T::Fondo, T::Base}, 4.5},
+      {T::Bien, {T::Fondo, T::Base, T::BaseAlterna, T::FondoBien}, 4.5},
+      {T::Duda, {T::Fondo, T::Base, T::BaseAlterna, T::FondoDuda}, 4.5},
+      {T::Mal, {T::Fondo, T::Base, T::BaseAlterna, T::FondoMal}, 4.5},
+      {T::Borde, {T::Fondo, T::Base}, 3},  // of controls, not of letters
+  };
+  for (const Cara cara : {Cara::Clara, Cara::Oscura})
+    for (const auto& p : pares)
+      for (const T fondo : p.fondos) {
+        const auto& t = tintes(cara);
+        EXPECT_GE(contraste(t[static_cast<size_t>(p.texto)], t[static_cast<size_t>(fondo)]),
+                  p.minimo)
+            << static_cast<int>(cara) << ": " << static_cast<int>(p.texto) << " on "
+            << static_cast<int>(fondo);
+      }
+  EXPECT_NEAR(contraste(Qt::black, Qt::white), 21, 0.01);
+}
+
+// Letters and lengths grow together; icons take the colour of the face.
+TEST(Tema, CaraYEscala) {
+  Mesa m;
+  Tema& tema = m.escritorio.tema();
+  const QSize lado(16, 16);
+  const QImage clara = icono(u"abrir"_s).pixmap(lado).toImage();
+  const int antes = escalar(100);
+  tema.setEscala(1.5);
+  EXPECT_NEAR(escalar(100), antes * 1.5, 2);
+  tema.setCara(Cara::Oscura);
+  EXPECT_EQ(tema.cara(), Cara::Oscura);
+  EXPECT_EQ(qApp->palette().color(QPalette::Window), tintes(Cara::Oscura)[0]);
+  EXPECT_NE(icono(u"abrir"_s).pixmap(lado).toImage(), clara);
+  EXPECT_TRUE(icono(u"no hay"_s).isNull());
+  // Nothing of the sheet is left without its value.
+  EXPECT_FALSE(qApp->styleSheet().contains(u'@'));
+}
+
+}  // namespace tarvo::prueba

@@ -1,0 +1,219 @@
+#include <QClipboard>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTableView>
+#include <QTimer>
+
+#include "Muestra.h"
+#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/TiraTrabajo.h"
+
+namespace tarvo::prueba {
+
+using namespace ventanas;
+
+namespace {
+
+struct Puesto : Mesa {
+  Puesto() : Mesa(kTextosMuestra) {
+    for (const QString& nombre : {u"Muestra"_s, u"gestcomm"_s, u"Cronos"_s, u"MainTarvo"_s})
+      todas().registrar(nombre, [this](Contexto& c, const QString& n) {
+        ++hechas;
+        return new Muestra(c, n);
+      });
+  }
+  Ventanas& todas() { return escritorio.ventanas(); }
+  Muestra* abrir(const QString& nombre, QWidget* dueno = nullptr, const Argumentos& a = {}) {
+    return qobject_cast<Muestra*>(todas().abrir(nombre, dueno, a));
+  }
+  int hechas = 0;
+};
+
+// Presses keys in the box that comes up, as soon as it does.
+void cuandoHayaCaja(const std::function<void(QWidget&)>& hacer) {
+  QTimer::singleShot(0, qApp, [hacer] {
+    QWidget* caja = QApplication::activeModalWidget();
+    if (!caja) return cuandoHayaCaja(hacer);
+    hacer(*caja);
+  });
+}
+
+}  // namespace
+
+TEST(Ventanas, UnaSolaPorNombre) {
+  Puesto p;
+  Muestra* v = p.abrir(u"Muestra"_s);
+  EXPECT_EQ(v->windowTitle(), u"Periodos de totalización");
+  EXPECT_EQ(p.abrir(u"Muestra"_s, nullptr, {{u"modo"_s, 3}}), v);
+  EXPECT_EQ(v->dados.value(u"modo"_s), 3) << "an open window is prepared anew";
+  Muestra* otra = p.abrir(u"Muestra#12"_s);
+  EXPECT_NE(otra, v);
+  EXPECT_EQ(p.hechas, 2);
+  EXPECT_EQ(p.todas().cargada(u"Muestra#12"_s), otra);
+  EXPECT_FALSE(p.todas().cargada(u"Nada"_s));
+  EXPECT_FALSE(p.abrir(u"Nada"_s, v));
+  EXPECT_EQ(v->tira().texto(), u"No hay ninguna ventana Nada.");
+  // A window that can't be prepared isn't opened, and its owner says why.
+  EXPECT_FALSE(p.abrir(u"Muestra#13"_s, v, {{u"falla"_s, true}}));
+  EXPECT_EQ(v->tira().texto(), u"No hay tal periodo.");
+  EXPECT_FALSE(p.todas().cargada(u"Muestra#13"_s));
+}
+
+TEST(Ventanas, EscapeDescargaYVuelveAlDueno) {
+  Puesto p;
+  Muestra* dueno = p.abrir(u"MainTarvo"_s);
+  Muestra* v = p.abrir(u"Muestra"_s, dueno);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  v->seNiega = true;
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_EQ(v->preguntas, 1);
+  EXPECT_TRUE(p.todas().cargada(u"Muestra"_s));
+  v->seNiega = false;
+  QSignalSpy ida(&p.todas(), &Ventanas::descargada);
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_FALSE(p.todas().cargada(u"Muestra"_s));
+  EXPECT_EQ(ida.count(), 1);
+  EXPECT_TRUE(esperar([&] { return dueno->isActiveWindow(); }));
+}
+
+TEST(Ventanas, DescargaTodo) {
+  Puesto p;
+  Muestra* principal = p.abrir(u"MainTarvo"_s);
+  Muestra* motor = p.abrir(u"gestcomm"_s);
+  p.abrir(u"Cronos"_s);
+  p.abrir(u"Muestra"_s);
+  motor->seNiega = true;
+  EXPECT_TRUE(p.todas().DescargaTodo(principal));
+  EXPECT_EQ(p.todas().abiertas().size(), 4U) << "a transfer under way leaves every window alone";
+  motor->seNiega = false;
+  EXPECT_FALSE(p.todas().DescargaTodo(principal));
+  EXPECT_EQ(p.todas().abiertas().size(), 2U);
+  EXPECT_TRUE(p.todas().cargada(u"Cronos"_s));
+}
+
+// Ctrl+F leads to the list that has the focus, and from elsewhere to the first.
+TEST(Ventanas, BuscarLlegaASuLista) {
+  Puesto p;
+  Muestra* v = p.abrir(u"Muestra"_s);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  const std::vector<std::pair<QWidget*, Parrilla*>> casos{{v->ui.tareas->vista(), v->ui.tareas},
+                                                          {v->ui.lista->vista(), v->ui.lista},
+                                                          {v->ui.Acepto, v->ui.lista}};
+  for (const auto& [desde, lista] : casos) {
+    desde->setFocus();
+    QTest::keyClick(desde, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(lista->campoBusca()->hasFocus());
+  }
+}
+
+// An answer is given by keys alone, and comes back to who asked.
+TEST(Ventanas, ModalAceptaYRechaza) {
+  Puesto p;
+  const auto responder = [&](Qt::Key tecla) {
+    cuandoHayaCaja(
+        [tecla](QWidget& v) { QTest::keyClick(v.findChild<QWidget*>(u"Acepto"_s), tecla); });
+    return p.todas().abrirModal(u"Muestra"_s, nullptr);
+  };
+  EXPECT_TRUE(responder(Qt::Key_Space));
+  EXPECT_FALSE(responder(Qt::Key_Escape));
+  EXPECT_FALSE(p.todas().cargada(u"Muestra"_s));
+}
+
+// A window that was unloaded at the very end goes before what it stands on.
+TEST(Ventanas, NingunaSobreviveAlEscritorio) {
+  QPointer<Ventana> v;
+  {
+    Puesto p;
+    v = p.abrir(u"Muestra"_s);
+    EXPECT_TRUE(v->descargar());
+    EXPECT_TRUE(v) << "deleted later, as its own keys may have closed it";
+  }
+  EXPECT_FALSE(v);
+}
+
+TEST(Ventanas, RecuerdaSuTamano) {
+  Puesto p;
+  Muestra* v = p.abrir(u"Muestra"_s);
+  v->resize(777, 444);
+  v->ui.division->setSizes({100, 400});
+  const auto partes = v->ui.division->sizes();
+  p.todas().descargar(u"Muestra"_s);
+  const Recuerdos leidos(p.ruta(u"VENTANAS.INI"_s));
+  EXPECT_FALSE(leidos.leer(u"Muestra"_s, u"sitio"_s).isEmpty()) << "on disk, not only in memory";
+  v = p.abrir(u"Muestra"_s);
+  EXPECT_EQ(v->size(), QSize(777, 444));
+  EXPECT_EQ(v->ui.division->sizes(), partes);
+}
+
+TEST(MyMsgBox, RespuestasPorTeclas) {
+  const Mesa m;
+  const struct {
+    int estilo;
+    const char* boton;
+    Qt::Key tecla;
+    bool respuesta;
+  } casos[] = {
+      {kAceptoCancelo, "Acepto", Qt::Key_Return, true},
+      {kAceptoCancelo | kCritico, "Cancelo", Qt::Key_Space, false},
+      {kAceptoCancelo | kExclamacion, "Acepto", Qt::Key_Escape, false},
+      {kSoloAcepto, "Acepto", Qt::Key_Space, true},
+      {kSoloAcepto, "Acepto", Qt::Key_Escape, false},
+  };
+  for (const auto& c : casos) {
+    bool conCancelo = false;
+    cuandoHayaCaja([&](QWidget& caja) {
+      conCancelo = caja.findChild<QPushButton*>(u"Cancelo"_s) != nullptr;
+      QTest::keyClick(caja.findChild<QPushButton*>(QString::fromLatin1(c.boton)), c.tecla);
+    });
+    EXPECT_EQ(MyMsgBox::Decide(nullptr, m.textos, u"¿Sigue?"_s, c.estilo), c.respuesta);
+    EXPECT_EQ(conCancelo, (c.estilo & 15) == kAceptoCancelo);
+  }
+}
+
+TEST(MyMsgBox, ElFalloSeDetallaYSeCopia) {
+  const Mesa m;
+  cuandoHayaCaja([](QWidget& caja) {
+    auto* detalle = caja.findChild<QPlainTextEdit*>(u"Detalle"_s);
+    EXPECT_FALSE(detalle->isVisible());
+    QTest::keyClick(caja.findChild<QPushButton*>(u"VerDetalle"_s), Qt::Key_Space);
+    EXPECT_TRUE(detalle->isVisible());
+    QTest::keyClick(caja.findChild<QPushButton*>(u"Copiar"_s), Qt::Key_Space);
+    QTest::keyClick(&caja, Qt::Key_Escape);
+  });
+  MyMsgBox::mostrarFallo(nullptr, m.textos, u"No se guardó."_s, u"Haga sitio."_s, u"código 13"_s);
+  EXPECT_EQ(QApplication::clipboard()->text(), u"No se guardó.\nHaga sitio.\ncódigo 13");
+}
+
+TEST(Trabajo, RebanadasAvanceYParada) {
+  Puesto p;
+  Muestra* v = p.abrir(u"Muestra"_s);
+  std::optional<Resultado<Trabajo::Fin>> fin;
+  int pasos = 0;
+  const auto empezar = [&](int fallaEn) {
+    fin.reset();
+    pasos = 0;
+    return v->trabajo().empezar(
+        u"Contando"_s,
+        [&, fallaEn](Trabajo::Avance& a) -> Resultado<bool> {
+          QThread::msleep(1);
+          a = {++pasos, 2000, {}};
+          if (pasos == fallaEn) return fallo(Fallo::DiscoLleno, u"lleno"_s);
+          return pasos < 2000;
+        },
+        [&](const Resultado<Trabajo::Fin>& f) { fin = f; });
+  };
+  ASSERT_TRUE(empezar(-1));
+  EXPECT_FALSE(empezar(-1)) << "one at a time";
+  EXPECT_TRUE(esperar([&] { return v->trabajo().isVisible(); })) << "the window lives meanwhile";
+  QTest::mouseClick(v->trabajo().findChild<QPushButton*>(u"parar"_s), Qt::LeftButton);
+  ASSERT_TRUE(fin);
+  EXPECT_EQ(**fin, Trabajo::Fin::Parado);
+  EXPECT_FALSE(v->trabajo().isVisible());
+  ASSERT_TRUE(empezar(20));
+  ASSERT_TRUE(esperar([&] { return fin.has_value(); }));
+  EXPECT_EQ(fin->error().clase, Fallo::DiscoLleno);
+}
+
+}  // namespace tarvo::prueba
