@@ -64,6 +64,9 @@ const automation::Lenguaje& Aplicacion::lenguaje() const {
 motor::gestcomm& Aplicacion::gestcomm() {
   return d->gestcomm;
 }
+enlace::Enlaces& Aplicacion::enlaces() {
+  return d->enlaces;
+}
 stock::Almacenes& Aplicacion::almacenes() {
   return d->almacenes;
 }

@@ -49,6 +49,7 @@ class Aplicacion {
   automation::Cronos& cronos();
   const automation::Lenguaje& lenguaje() const;
   motor::gestcomm& gestcomm();
+  enlace::Enlaces& enlaces();
   const motor::RegistroTareas& registro() const;
   stock::Almacenes& almacenes();
   totals::Sesion& sesion();

@@ -59,6 +59,10 @@ int Enlaces::tamano() const {
   return static_cast<int>(d->canales.size());
 }
 
+void Enlaces::escuchar(AlPasar alPasar) {
+  d->alPasar = std::move(alPasar);
+}
+
 void Enlaces::abandonar(int canal) {
   comtvIP* const enlace = d->en(canal);
   if (!enlace) return;

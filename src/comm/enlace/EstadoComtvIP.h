@@ -16,6 +16,7 @@ struct Enlaces::Datos {
   const Ajustes& ajustes;
   FabricaEnlaces& fabrica;
   Azar& azar;
+  AlPasar alPasar = {};
   std::vector<std::unique_ptr<comtvIP>> canales;
   struct Muerto {
     qint64 cuando;
@@ -77,6 +78,7 @@ struct comtvIP::Estado final : Maquina::Exterior {
   bool& sale(bool motor) { return motor ? saleMotor : saleCaptura; }
   bool listo() const { return paraAbierto != kNada && !cerrando && !acabado; }
   bool esVek() const { return paraAbierto != kNada && paraAbierto != kNodalMotor; }
+  void pasan(Sentido sentido, const QByteArray& bytes) const;
   void aplazar(std::function<void()> accion);
   void soltar();
   void avisarApertura(bool motor, int error);

@@ -30,8 +30,14 @@ void comtvIP::Estado::avisarCierre(bool motor, int error) {
   });
 }
 
+void comtvIP::Estado::pasan(Sentido sentido, const QByteArray& bytes) const {
+  if (casa.alPasar) casa.alPasar(canal, sentido, paraAbierto == kNodalMotor, bytes);
+}
+
 void comtvIP::Estado::escribir(const QByteArray& bytes) {
-  if (cable && !acabado) cable->enviar(bytes);
+  if (!cable || acabado) return;
+  pasan(Sentido::Sale, bytes);
+  cable->enviar(bytes);
 }
 
 void comtvIP::Estado::vaciarCable() {

@@ -90,7 +90,9 @@ void comtvIP::linea(int numero) {
 }
 
 void comtvIP::recepcion(QByteArray& buffer) {
-  if (d->paraAbierto != kNada) d->maquina.recibir(buffer);
+  if (d->paraAbierto == kNada) return;
+  d->pasan(Sentido::Llega, buffer);
+  d->maquina.recibir(buffer);
 }
 
 }  // namespace tarvo::enlace

@@ -10,6 +10,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -21,6 +22,12 @@ class Ajustes;
 }
 
 namespace tarvo::enlace {
+
+// Which way bytes go on a wire.
+enum class Sentido : char { Sale, Llega };
+// Hears the bytes of every link as they pass. REQUIRES that it touches no link.
+using AlPasar =
+    std::function<void(int canal, Sentido sentido, bool nodal, const QByteArray& bytes)>;
 
 enum Para : int { kNada = 0, kVekMotor = 1, kNodalMotor = 2, kVekCaptura = 3, kVekAmbos = 4 };
 
@@ -107,6 +114,8 @@ class Enlaces {
   // Drops a link whatever it is doing, with no event; for one that answers nothing any more and for
   // the end.
   void abandonar(int canal);
+  // Null for nobody.
+  void escuchar(AlPasar alPasar);
 
  private:
   friend class comtvIP;

@@ -201,6 +201,7 @@ void gestcomm::Interior::siguienteTrama(int id) {
   if (!s) return falloTarea(id, s.error());
   if (s->que == Siguiente::Fin) return finTarea(id);
   const int c = t->Canal;
+  t->Addr = s->addr;
   ponerCanal(c, kEnUso);
   const int timeOut = s->timeOut != 0 ? s->timeOut : entorno.ajustes.TimeOut;
   vigilar(c, timeOut);

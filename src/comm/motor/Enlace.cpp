@@ -21,7 +21,7 @@ void gestcomm::Interior::ponerCanal(int c, int estado) {
   CanalVivo& canal = canales[static_cast<size_t>(c)];
   canal.EstadoCanal = estado;
   if (estado != kEnUso && estado != kCerrando && estado != kConFallo) canal.limite = 0;
-  if (observador) observador->canalCambiado(c);
+  cambioCanal(c);
 }
 
 qint64 gestcomm::Interior::marcadoMs(int c) const {
@@ -49,7 +49,9 @@ void gestcomm::Interior::canalCerrado(int c) {
     ocupados.erase(*canal.acceso);
     canal.acceso.reset();
   }
-  ponerCanal(c, kCerrado);
+  const bool sinUso =
+      c < kCanalesFijos && entorno.ajustes.canales[static_cast<size_t>(c)].Device == 0;
+  ponerCanal(c, sinUso ? kSinUso : kCerrado);
 }
 
 void gestcomm::Interior::cerrarEnlace(int c) {

@@ -43,7 +43,7 @@ struct TareaViva {
   DatosTarea datos;
   const ClaseTarea* clase = nullptr;
   Acceso acceso;
-  int Estado = kEnEspera, Error = 0, Traza = -1, Canal = -1;
+  int Estado = kEnEspera, Error = 0, Traza = -1, Canal = -1, Addr = -1;
   int FallosEnlace = 0, FallosTrama = 0, EsperaReintento = kPulsosReintento;
   bool Retenida = false;
   bool detenida = false;    // the operator stopped it while its link was being opened
@@ -86,7 +86,7 @@ struct gestcomm::Interior {
   int reintentos = 0;
   bool borrarFallos = false;
   Vigilante* vigilante = nullptr;
-  Observador* observador = nullptr;
+  std::vector<Observador*> observadores;
   std::set<int> gruposFallidos;
   std::map<int, std::set<int>> clasesFallidas;  // 0: noted from outside
   qint64 ejecucionFallidos = 0;
@@ -156,6 +156,8 @@ struct gestcomm::Interior {
 
   // telling
   void cambio(const TareaViva& t);
+  void cambioCanal(int canal);
+  VistaTarea vista(const TareaViva& t) const;
   void cambioCola();
   void decir(const TareaViva& t, const QString& texto);
   void decirAvisos(int clase, const std::vector<totals::Aviso>& avisos);

@@ -70,11 +70,16 @@ void gestcomm::Interior::comprobarFin() {
 }
 
 void gestcomm::Interior::cambio(const TareaViva& t) {
-  if (observador) observador->tareaCambiada(t.datos.Id);
+  const int id = t.datos.Id;
+  for (size_t i = 0; i < observadores.size(); ++i) observadores[i]->tareaCambiada(id);
 }
 
 void gestcomm::Interior::cambioCola() {
-  if (observador) observador->colaCambiada();
+  for (size_t i = 0; i < observadores.size(); ++i) observadores[i]->colaCambiada();
+}
+
+void gestcomm::Interior::cambioCanal(int canal) {
+  for (size_t i = 0; i < observadores.size(); ++i) observadores[i]->canalCambiado(canal);
 }
 
 // A sentence about a task's group that a person must read, once for each task.

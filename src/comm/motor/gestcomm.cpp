@@ -43,6 +43,10 @@ void gestcomm::VigilaProcesos(int reintentos, bool borrarFallos, Vigilante* vigi
   d->vigilante = vigilante;
 }
 
+bool gestcomm::Vigilando() const {
+  return d->vigilante != nullptr;
+}
+
 gestcomm::Cuenta gestcomm::CuantosQuedan() const {
   Cuenta n;
   for (const auto& [id, t] : d->tareas) {
@@ -143,22 +147,54 @@ bool gestcomm::puedeCerrar() const {
 std::vector<VistaTarea> gestcomm::tareas() const {
   std::vector<VistaTarea> salida;
   salida.reserve(d->tareas.size());
-  for (const auto& [id, t] : d->tareas)
-    salida.push_back({t->datos, t->Estado, t->Error, t->Traza, t->Canal, t->FallosEnlace,
-                      t->FallosTrama, t->Retenida, t->textoError,
-                      t->trabajo ? t->trabajo->MostrarTraza() : QString()});
+  for (const auto& [id, t] : d->tareas) salida.push_back(d->vista(*t));
   return salida;
+}
+
+VistaTarea gestcomm::Interior::vista(const TareaViva& t) const {
+  return {t.datos,       t.Estado,
+          t.Error,       t.Traza,
+          t.Canal,       t.FallosEnlace,
+          t.FallosTrama, t.Retenida,
+          t.textoError,  t.trabajo ? t.trabajo->MostrarTraza() : QString(),
+          t.Addr};
+}
+
+std::optional<VistaTarea> gestcomm::tarea(int id) const {
+  const TareaViva* t = d->tarea(id);
+  return t ? std::optional(d->vista(*t)) : std::nullopt;
 }
 
 std::vector<VistaCanal> gestcomm::canales() const {
   std::vector<VistaCanal> salida;
-  for (const CanalVivo& c : d->canales)
-    salida.push_back({c.EstadoCanal, c.TareaCanal, c.FallosCierre, c.NombreEnlace, c.etiqueta});
+  for (int i = 0; i < static_cast<int>(d->canales.size()); ++i) {
+    const CanalVivo& c = d->canales[static_cast<size_t>(i)];
+    const bool modem =
+        i < kCanalesFijos && d->entorno.ajustes.canales[static_cast<size_t>(i)].Device == 1;
+    salida.push_back({c.EstadoCanal, c.TareaCanal, c.FallosCierre, c.NombreEnlace, c.etiqueta,
+                      modem && d->enlaces[i] && d->enlaces[i]->Portadora()});
+  }
   return salida;
 }
 
+void gestcomm::cambiaronCanales() {
+  for (int c = 0; c < kCanalesFijos; ++c) {
+    const int estado = d->canales[static_cast<size_t>(c)].EstadoCanal;
+    if (estado != kSinUso && estado != kCerrado) continue;
+    const bool sinUso = d->entorno.ajustes.canales[static_cast<size_t>(c)].Device == 0;
+    d->ponerCanal(c, sinUso ? kSinUso : kCerrado);
+  }
+}
+
 void gestcomm::observar(Observador* observador) {
-  d->observador = observador;
+  if (observador)
+    d->observadores.push_back(observador);
+  else
+    d->observadores.clear();
+}
+
+void gestcomm::dejarDeObservar(Observador* observador) {
+  std::erase(d->observadores, observador);
 }
 
 // --- events of the links
@@ -185,7 +221,7 @@ void gestcomm::ReciboVEK_Evento(int canal, int error, int addr, int codigo,
   d->respuesta(canal, error, addr, codigo, datos, false);
 }
 void gestcomm::CD_Evento(int canal, bool) {
-  if (d->observador) d->observador->canalCambiado(canal);
+  d->cambioCanal(canal);
 }
 
 bool gestcomm::encaja(int canal, int addr, int codigo, const QByteArray& datos) {

@@ -45,10 +45,13 @@ struct VistaTarea {
   bool Retenida = false;
   QString textoError;  // the engine's own words when Error is not a code of the table
   QString paso;
+  int Addr = -1;  // of the machine that was spoken to last; -1 before the first frame
 };
 struct VistaCanal {
   int EstadoCanal = 0, TareaCanal = -1, FallosCierre = 0;
   QString NombreEnlace, etiqueta;
+  bool portadora = false;  // a modem with its line up
+  bool operator==(const VistaCanal&) const = default;
 };
 
 class gestcomm final : private enlace::ClienteEnlace {
@@ -66,6 +69,7 @@ class gestcomm final : private enlace::ClienteEnlace {
   struct Cuenta {
     int enCurso = 0, fallidas = 0, total = 0;
   };
+  bool Vigilando() const;  // somebody watches over the tasks
   Cuenta CuantosQuedan() const;
   // The groups whose reading failed or didn't hold; they are not zeroed.
   const std::set<int>& GruposFallidos() const;
@@ -87,8 +91,14 @@ class gestcomm final : private enlace::ClienteEnlace {
   bool puedeCerrar() const;  // no task opening, transferring or held
 
   std::vector<VistaTarea> tareas() const;
+  std::optional<VistaTarea> tarea(int id) const;
   std::vector<VistaCanal> canales() const;
+  // The use of channels was changed in the settings: those that are closed follow it now, the
+  // others when they close.
+  void cambiaronCanales();
+  // Adds one to those that look on; it must leave before it dies. Null sends all away.
   void observar(Observador* observador);
+  void dejarDeObservar(Observador* observador);
 
  private:
   void Abrir_Evento(int canal, int error) override;

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "comm/ventanas/Servicios.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_FormaDiagnostico.h"
+
+namespace tarvo::comm {
+
+// What is wrong with a task, in the words of the error table.
+class Diagnostico final : public ventanas::Ventana {
+ public:
+  Diagnostico(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+
+ private:
+  void decir(int estado, int error, const QString& textoError);
+
+  Ui::FormaDiagnostico ui_;
+  Servicios s_;
+  int tarea_ = 0;
+};
+
+}  // namespace tarvo::comm

@@ -1,0 +1,52 @@
+// What the dialogs that queue tasks share: the list of groups, all of them at once, and the queuing
+// when they are accepted.
+#pragma once
+
+#include "comm/ventanas/Grupos.h"
+#include "comm/ventanas/Servicios.h"
+#include "core/ventanas/Ventana.h"
+
+class QCheckBox;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+
+namespace tarvo::comm {
+
+class DialogoGrupos : public ventanas::Ventana {
+ public:
+  DialogoGrupos(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+
+ protected:
+  void usar(QListWidget* lista, QCheckBox* todas, QPushButton* acepto, QPushButton* cancelo);
+  // The request as the fields say; nothing when a field is wrong, which is said.
+  virtual std::optional<PeticionTarea> leerCampos() = 0;
+  int clase() const { return clase_; }
+  // Says a fault beside its field.
+  void falta(QLineEdit& campo, const QString& texto);
+
+ private:
+  std::vector<int> elegidos() const;
+  void encolar();
+
+  Servicios s_;
+  int clase_ = 0;
+  QListWidget* lista_ = nullptr;
+  QCheckBox* todas_ = nullptr;
+};
+
+// Two fields of article codes: on losing the focus their number takes 7 digits; the second without
+// a number becomes seven nines.
+class RangoCodigos {
+ public:
+  RangoCodigos(QLineEdit* desde, QLineEdit* hasta);
+  qint64 desde() const;
+  qint64 hasta() const;
+  QLineEdit& campoDesde() const { return *desde_; }
+
+ private:
+  QLineEdit *desde_, *hasta_;
+};
+
+}  // namespace tarvo::comm

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "comm/ventanas/DialogoGrupos.h"
+#include "ui_FormaGrpDlg.h"
+
+namespace tarvo::comm {
+
+// Groups for a task; of some kinds the scale, of a zeroing whether it reports.
+class GrpDlg final : public DialogoGrupos {
+ public:
+  GrpDlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+
+ private:
+  std::optional<PeticionTarea> leerCampos() override;
+  Ui::FormaGrpDlg ui_;
+};
+
+}  // namespace tarvo::comm

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "comm/ventanas/DialogoGrupos.h"
+#include "ui_FormaRxPLUDlg.h"
+
+namespace tarvo::comm {
+
+// The totals of a range of articles from groups, complete or optimised.
+class RxPLUDlg final : public DialogoGrupos {
+ public:
+  RxPLUDlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
+
+ private:
+  std::optional<PeticionTarea> leerCampos() override;
+  Ui::FormaRxPLUDlg ui_;
+  std::optional<RangoCodigos> rango_;
+};
+
+}  // namespace tarvo::comm

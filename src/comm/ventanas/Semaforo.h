@@ -1,0 +1,24 @@
+// The semaphore of a channel: three lamps of which one is lit, or none.
+#pragma once
+
+#include <QWidget>
+
+namespace tarvo::comm {
+
+class Semaforo final : public QWidget {
+ public:
+  enum Cara { Oscura, Libre, Ocupado, Fallo };
+  explicit Semaforo(QWidget* padre);
+  // The face of a channel's state. Failures blink: lit in every second half second.
+  static Cara caraDe(int estadoCanal, bool encendido);
+  static bool parpadea(int estadoCanal);
+  void setCara(Cara cara);
+  Cara cara() const { return cara_; }
+  QSize sizeHint() const override;
+
+ private:
+  void paintEvent(QPaintEvent* evento) override;
+  Cara cara_ = Oscura;
+};
+
+}  // namespace tarvo::comm

@@ -1,0 +1,34 @@
+// What the windows of communications work on.
+#pragma once
+
+#include <memory>
+
+#include "comm/enlace/Escucha.h"
+#include "comm/motor/gestcomm.h"
+#include "totals/Sesion.h"
+
+namespace tarvo::comm {
+
+// The one listener on the wires that all windows share; it is there while some window keeps it.
+class Oido {
+ public:
+  std::shared_ptr<enlace::Escucha> tomar(enlace::Enlaces& enlaces, Reloj& reloj) {
+    auto e = escucha_.lock();
+    if (!e) escucha_ = e = std::make_shared<enlace::Escucha>(enlaces, reloj);
+    return e;
+  }
+
+ private:
+  std::weak_ptr<enlace::Escucha> escucha_;
+};
+
+// The references outlive all windows.
+struct Servicios {
+  motor::gestcomm& motor;
+  enlace::Enlaces& enlaces;
+  totals::Sesion& sesion;
+  const motor::RegistroTareas& registro;
+  std::shared_ptr<Oido> oido = std::make_shared<Oido>();
+};
+
+}  // namespace tarvo::comm

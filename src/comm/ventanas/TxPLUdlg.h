@@ -1,0 +1,19 @@
+#pragma once
+
+#include "comm/ventanas/DialogoGrupos.h"
+#include "ui_FormaTxPLUdlg.h"
+
+namespace tarvo::comm {
+
+// The articles, or only their prices, of a range of codes to groups.
+class TxPLUdlg final : public DialogoGrupos {
+ public:
+  TxPLUdlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
+
+ private:
+  std::optional<PeticionTarea> leerCampos() override;
+  Ui::FormaTxPLUdlg ui_;
+  std::optional<RangoCodigos> rango_;
+};
+
+}  // namespace tarvo::comm

@@ -1,0 +1,255 @@
+#include "comm/ventanas/VerTramas.h"
+
+#include <QClipboard>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QScrollBar>
+#include <QTableView>
+
+#include "comm/enlace/LecturaTrama.h"
+#include "comm/ventanas/NombresTramas.h"
+#include "comm/ventanas/TextosCommVentanas.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/Parrilla.h"
+
+namespace tarvo::comm {
+
+using namespace Qt::StringLiterals;
+using namespace ventanas;
+using enlace::LecturaTrama;
+
+namespace {
+
+constexpr int kPulsoTramas = 100;
+constexpr size_t kFilasMax = 2000, kHolgura = 400;  // rows kept, and how many more until they go
+constexpr qsizetype kPorLinea = 16;
+constexpr int kTodas = -1, kDeTarea = -2;  // entries of the list of lines beside channels
+
+// A byte that can't be shown is a dot.
+QString imprimible(const QByteArray& bytes) {
+  QString s = QString::fromLatin1(bytes);
+  for (QChar& c : s)
+    if (!c.isPrint()) c = u'·';
+  return s;
+}
+
+QString hexadecimal(const QByteArray& bytes) {
+  return QString::fromLatin1(bytes.toHex(' ')).toUpper();
+}
+
+QString volcado(const QByteArray& bytes) {
+  QStringList lineas;
+  for (qsizetype i = 0; i < bytes.size(); i += kPorLinea) {
+    const QByteArray trozo = bytes.mid(i, kPorLinea);
+    lineas << u"%1  %2  %3"_s.arg(i, 4, 16, QLatin1Char('0'))
+                  .arg(hexadecimal(trozo).leftJustified(3 * kPorLinea - 1), imprimible(trozo));
+  }
+  return lineas.join(u'\n');
+}
+
+QString siglaDe(LecturaTrama::Que que, const Textos& textos) {
+  switch (que) {
+    case LecturaTrama::Ack:
+      return u"ACK"_s;
+    case LecturaTrama::Nak:
+      return u"NAK"_s;
+    case LecturaTrama::Vek:
+      return u"VEK"_s;
+    case LecturaTrama::Nodal:
+      return u"NODAL"_s;
+    case LecturaTrama::Ruido:
+      break;
+  }
+  return textos(kTxRuido);
+}
+
+std::vector<Columna> columnasTramas(const Textos& textos) {
+  const QString sale = textos(kTxSale), llega = textos(kTxLlega), bien = textos(kTxCheckBien),
+                mal = textos(kTxCheckMal);
+  return {{.titulo = kTxColHora,
+           .campo = u"hora"_s,
+           .ancho = 104,
+           .ver =
+               [](const dao::Valor& v) {
+                 return QTime::fromMSecsSinceStartOfDay(static_cast<int>(v.entero()))
+                     .toString(u"HH:mm:ss.zzz");
+               }},
+          {.titulo = kTxColCanal, .campo = u"canal"_s, .clase = Clase::Entero, .ancho = 56},
+          {.titulo = kTxColSentido,
+           .campo = u"sentido"_s,
+           .ancho = 84,
+           .ver = [=](const dao::Valor& v) { return v.logico() ? llega : sale; },
+           .imagen = [](const dao::Valor& v) { return v.logico() ? u"recibir"_s : u"enviar"_s; }},
+          {.titulo = kTxColClase, .campo = u"clase"_s, .ancho = 92},
+          {.titulo = kTxColSec, .campo = u"sec"_s, .clase = Clase::Entero, .ancho = 48},
+          {.titulo = kTxColEst, .campo = u"est"_s, .ancho = 60},
+          {.titulo = kTxColDir, .campo = u"dir"_s, .clase = Clase::Entero, .ancho = 48},
+          {.titulo = kTxColCodigo, .campo = u"codigo"_s, .clase = Clase::Entero, .ancho = 68},
+          {.titulo = kTxColNombre, .campo = u"nombre"_s, .ancho = 190},
+          {.titulo = kTxColDatos, .campo = u"datos"_s, .ancho = 260},
+          {.titulo = kTxColCheck,
+           .campo = u"check"_s,
+           .ancho = 80,
+           .ver = [=](const dao::Valor& v) { return v.logico() ? bien : mal; },
+           .estado = [](const dao::Valor& v) { return v.logico() ? Estado::Bien : Estado::Mal; }},
+          {.titulo = kTxColHexa, .campo = u"hexa"_s, .ancho = 300}};
+}
+
+FilaViva filaPaso(const enlace::Paso& p, const Textos& textos) {
+  const LecturaTrama l = enlace::leerPaso(p);
+  const auto oNada = [](int n) { return n < 0 ? dao::Valor() : dao::Valor(n); };
+  const int nombre = l.codigo < 0 ? 0 : nombreTrama(p.nodal, l.codigo);
+  return {p.numero,
+          {dao::Valor(p.hora), dao::Valor(p.canal + 1),
+           dao::Valor(p.sentido == enlace::Sentido::Llega), dao::Valor(siglaDe(l.que, textos)),
+           oNada(l.secuencia), dao::Valor(QString::fromLatin1(l.estacion)), oNada(l.addr),
+           oNada(l.codigo), dao::Valor(nombre == 0 ? QString() : textos(nombre)),
+           dao::Valor(imprimible(l.datos)), dao::Valor(l.buena), dao::Valor(hexadecimal(p.bytes))}};
+}
+
+}  // namespace
+
+VerTramas::VerTramas(Contexto& c, const QString& nombre, const Servicios& s)
+    : Ventana(c, nombre),
+      s_(s),
+      escucha_(s.oido->tomar(s.enlaces, c.reloj)),
+      pulso_(c.reloj.temporizador([this] { seguir(); })) {
+  ui_.setupUi(cuerpo());
+  ui_.division->setStretchFactor(0, 1);
+  ui_.division->setSizes({escalar(440), escalar(100)});
+  ui_.Que->setMinimumWidth(escalar(180));
+  ponerLetra(*ui_.LblPausa, Letra::Secundaria);
+  QFont fija = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  fija.setPointSizeF(font().pointSizeF());
+  ui_.Hexa->setFont(fija);
+  enlazar();
+  ui_.Pausa->setIcon(icono(u"pausa"_s));
+  ui_.Copiar->setIcon(icono(u"copiar"_s));
+  ui_.Guardar->setIcon(icono(u"guardar"_s));
+  ui_.Limpiar->setIcon(icono(u"quitar"_s));
+  ui_.lista->preparar(c, nombre, columnasTramas(c.textos));
+  ui_.lista->vivas();
+  ui_.lista->setVacia(t(kTxSinTramas));
+  connect(ui_.lista, &Parrilla::actualCambiada, this, [this](int fila) { mostrarHexa(fila); });
+  connect(ui_.lista, &Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
+  connect(ui_.Que, &QComboBox::activated, this, [this] { empezar(); });
+  connect(ui_.Pausa, &QAction::toggled, this, [this](bool si) { pausar(si); });
+  connect(ui_.Copiar, &QAction::triggered, this, [this] { copiar(); });
+  connect(ui_.Guardar, &QAction::triggered, this, [this] { ui_.lista->exportar(); });
+  connect(ui_.Limpiar, &QAction::triggered, this, [this] {
+    vista_ = escucha_->ultimo();
+    bytes_.clear();
+    ui_.lista->vivas().poner(std::vector<FilaViva>());
+    ui_.Hexa->clear();
+  });
+  pulso_->cada(kPulsoTramas);
+}
+
+Resultado<> VerTramas::preparar(const Argumentos& a) {
+  tarea_ = a.value(u"tarea"_s).toInt();
+  canalTarea_ = -2;
+  canales_ = -1;
+  llenarLineas();
+  const int quiere = tarea_ > 0 ? kDeTarea : a.value(u"canal"_s, kTodas).toInt();
+  ui_.Que->setCurrentIndex(std::max(0, ui_.Que->findData(quiere)));
+  ui_.Pausa->setChecked(false);
+  empezar();
+  ui_.lista->setFocus();
+  return {};
+}
+
+void VerTramas::llenarLineas() {
+  const auto canales = s_.motor.canales();
+  if (static_cast<int>(canales.size()) == canales_) return;
+  canales_ = static_cast<int>(canales.size());
+  const QVariant antes = ui_.Que->currentData();
+  ui_.Que->clear();
+  if (tarea_ > 0) ui_.Que->addItem(t(kTxLineaTarea).arg(Ceros(tarea_, 3)), kDeTarea);
+  ui_.Que->addItem(t(kTxTodosCanales), kTodas);
+  for (int c = 0; c < canales_; ++c) {
+    const QString& nombre = canales[static_cast<size_t>(c)].NombreEnlace;
+    ui_.Que->addItem(nombre.isEmpty() ? t(kTxCanal).arg(c + 1) : nombre, c);
+  }
+  ui_.Que->setCurrentIndex(std::max(0, ui_.Que->findData(antes)));
+}
+
+// A task that is over keeps the channel that it had.
+int VerTramas::canal() const {
+  const int que = ui_.Que->currentData().toInt();
+  return que != kDeTarea ? que : std::max(canalTarea_, kTodas);
+}
+
+// From the oldest step that is kept.
+void VerTramas::empezar() {
+  vista_ = 0;
+  bytes_.clear();
+  ui_.lista->vivas().poner(std::vector<FilaViva>());
+  ui_.Hexa->clear();
+  seguir();
+}
+
+void VerTramas::seguir() {
+  llenarLineas();
+  if (ui_.Que->currentData().toInt() == kDeTarea) {
+    const auto tarea = s_.motor.tarea(tarea_);
+    const int ahora = tarea && tarea->Canal >= 0 ? tarea->Canal : canalTarea_;
+    if (ahora != canalTarea_) {
+      canalTarea_ = ahora;
+      return empezar();
+    }
+    if (canalTarea_ < 0) return;  // it has had none yet
+  }
+  if (ui_.Pausa->isChecked()) {
+    const auto nuevas = static_cast<int>(escucha_->ultimo() - vista_);
+    ui_.LblPausa->setText(nuevas > 0 ? t(kTxPausaPuesta, nuevas) : QString());
+    return;
+  }
+  if (escucha_->ultimo() == vista_ || ui_.lista->trabajando()) return;
+  QScrollBar* barra = ui_.lista->vista()->verticalScrollBar();
+  const bool alFinal = barra->value() >= barra->maximum();
+  escucha_->recorrer(vista_, canal(), [this](const enlace::Paso& p) { anadir(p); });
+  vista_ = escucha_->ultimo();
+  podar();
+  if (alFinal) ui_.lista->vista()->scrollToBottom();
+}
+
+void VerTramas::anadir(const enlace::Paso& paso) {
+  bytes_[paso.numero] = paso.bytes;
+  ui_.lista->vivas().poner(filaPaso(paso, contexto().textos));
+}
+
+void VerTramas::podar() {
+  if (bytes_.size() <= kFilasMax + kHolgura) return;
+  while (bytes_.size() > kFilasMax) {
+    ui_.lista->vivas().quitar(bytes_.begin()->first);
+    bytes_.erase(bytes_.begin());
+  }
+}
+
+void VerTramas::pausar(bool si) {
+  ui_.LblPausa->clear();
+  if (!si) seguir();
+}
+
+void VerTramas::mostrarHexa(int fila) {
+  const auto b = fila < 0 ? bytes_.end() : bytes_.find(ui_.lista->clave(fila));
+  ui_.Hexa->setPlainText(b == bytes_.end() ? QString() : volcado(b->second));
+}
+
+// The rows chosen, or all; a frame a line, its fields parted by tabs.
+void VerTramas::copiar() {
+  std::vector<int> filas = ui_.lista->filasElegidas();
+  if (filas.empty())
+    for (int f = 0; f < ui_.lista->filas(); ++f) filas.push_back(f);
+  const ModeloParrilla& m = *ui_.lista->modelo();
+  QStringList lineas;
+  for (const int f : filas) {
+    QStringList campos;
+    for (int c = 0; c < m.columnCount(); ++c) campos << m.texto(f, c);
+    lineas << campos.join(u'\t');
+  }
+  QGuiApplication::clipboard()->setText(lineas.join(u'\n'));
+  if (!lineas.isEmpty()) decirBien(t(kTxCopiadas, static_cast<int>(lineas.size())));
+}
+
+}  // namespace tarvo::comm

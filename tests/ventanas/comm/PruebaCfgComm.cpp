@@ -1,0 +1,122 @@
+// The settings of communications: copies that are committed once, or not at all.
+
+#include "Puesto.h"
+
+namespace tarvo::prueba {
+
+struct Configuracion : Puesto {
+  QString enFichero(const QString& clave) {
+    Ajustes leidos(carpeta_.path(), Idioma::Espanol);
+    bien(leidos.LeerConfig());
+    for (const QString& l : leidos.escribir().split(u"\r\n"_s))
+      if (l.startsWith(clave + u'=')) return l.section(u'=', 1).trimmed();
+    return {};
+  }
+  template <class W>
+  W* en(const QString& nombre) {
+    return control<W>(nombre, u"CfgComm"_s);
+  }
+  void escribir(QLineEdit* campo, const QString& texto) {
+    campo->setFocus();
+    campo->selectAll();
+    QTest::keyClicks(campo, texto);
+  }
+  void pulsar(const QString& boton) { QTest::keyClick(en<QPushButton>(boton), Qt::Key_Space); }
+};
+
+TEST_F(Configuracion, LineaDeUnCanal) {
+  ajustes->canales[1].Device = 0;
+  abrir(u"CfgComm"_s);
+  auto* rs232 = en<QPushButton>(u"RS232_2"_s);
+  auto* imagen = en<QToolButton>(u"imagen2"_s);
+  EXPECT_FALSE(rs232->isEnabled());
+  QTest::mouseDClick(imagen, Qt::LeftButton);  // a modem
+  EXPECT_TRUE(en<QPushButton>(u"Modem_2"_s)->isEnabled());
+  QTest::keyClick(imagen, Qt::Key_Space);  // a direct cable
+  EXPECT_EQ(en<QComboBox>(u"Device2"_s)->currentIndex(), 2);
+  EXPECT_FALSE(en<QPushButton>(u"Modem_2"_s)->isEnabled());
+  luego([&](QWidget* d) {
+    auto* puerto = d->findChild<QLineEdit*>(u"Puerto"_s);
+    escribir(puerto, u"17"_s);
+    QTest::keyClick(d->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
+    EXPECT_TRUE(d->isVisible());  // no such port: nothing happens but the fault beside it
+    EXPECT_FALSE(d->findChild<QLabel*>(u"faltaPuerto"_s)->text().isEmpty());
+    escribir(puerto, u"16"_s);
+    d->findChild<QComboBox*>(u"Baudios"_s)->setCurrentText(u"19200"_s);
+    QTest::keyClick(d->findChild<QComboBox*>(u"Paridad"_s), Qt::Key_Up);
+    QTest::keyClick(d->findChild<QCheckBox*>(u"DSR"_s), Qt::Key_Space);
+    QTest::keyClick(d->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
+  });
+  pulsar(u"RS232_2"_s);
+  EXPECT_EQ(en<QLabel>(u"linea2"_s)->text(), u"19200,E,7,1");
+  EXPECT_EQ(ajustes->canales[1].RS232, u"9600,O,7,1");  // not before the whole is accepted
+  EXPECT_EQ(gestor->canales()[1].EstadoCanal, 3);
+  escribir(en<QLineEdit>(u"TimeOut"_s), u"12000"_s);
+  pulsar(u"Acepto"_s);
+  EXPECT_EQ(ajustes->TimeOut, 12000);
+  EXPECT_EQ(ajustes->canales[1].Puerto, 16);
+  EXPECT_EQ(ajustes->canales[1].ControlLinea, 3);
+  EXPECT_EQ(enFichero(u"RS232(2)"_s), u"19200,E,7,1");
+  EXPECT_EQ(enFichero(u"Device(2)"_s), u"2");
+}
+
+// A channel that is put to use works at once; one that is taken out of it stops.
+TEST_F(Configuracion, ElMotorSigueElUso) {
+  abrir(u"CfgComm"_s);
+  en<QComboBox>(u"Device3"_s)->setCurrentIndex(0);
+  pulsar(u"Acepto"_s);
+  EXPECT_EQ(gestor->canales()[2].EstadoCanal, 0);
+  QCoreApplication::processEvents();
+  abrir(u"CfgComm"_s);
+  en<QComboBox>(u"Device3"_s)->setCurrentIndex(2);
+  pulsar(u"Acepto"_s);
+  EXPECT_EQ(gestor->canales()[2].EstadoCanal, 3);
+}
+
+TEST_F(Configuracion, LoMaloNoSeGuarda) {
+  for (const char16_t* malo : {u"", u"diez", u"1,5", u"-3"}) {
+    abrir(u"CfgComm"_s);
+    escribir(en<QLineEdit>(u"TimeACK"_s), u"x"_s);
+    en<QLineEdit>(u"TimeACK"_s)->setText(QString::fromUtf16(malo));
+    en<QComboBox>(u"Device1"_s)->setCurrentIndex(3);
+    const QString dicho = caja([&] { pulsar(u"Acepto"_s); });
+    EXPECT_EQ(dicho, u"Valores de configuración incorrectos");
+    EXPECT_FALSE(en<QLabel>(u"faltaTimeACK"_s)->text().isEmpty());
+    EXPECT_EQ(ajustes->TimeACK, 2000);
+    pulsar(u"Cancelo"_s);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ajustes->canales[0].Device, 2);
+    EXPECT_FALSE(QFile::exists(ajustes->rutaConfig()));
+  }
+}
+
+TEST_F(Configuracion, OrdenesDelModem) {
+  ajustes->canales[0].Device = 1;
+  abrir(u"CfgComm"_s);
+  luego([&](QWidget* d) {
+    const auto pulsa = [d](const QString& boton) {
+      QTest::mouseClick(d->findChild<QAbstractButton*>(boton), Qt::LeftButton);
+    };
+    auto* nueva = d->findChild<QLineEdit*>(u"Nueva"_s);
+    auto* lista = d->findChild<QListWidget*>(u"IniMdmX"_s);
+    for (const char16_t* orden : {u"s0=1", u"ats7=60", u"x1", u"x2", u"x3"}) {
+      escribir(nueva, QString::fromUtf16(orden));
+      pulsa(u"Pon"_s);
+    }
+    EXPECT_EQ(lista->count(), 8);
+    EXPECT_FALSE(d->findChild<QPushButton*>(u"Pon"_s)->isEnabled());
+    lista->setCurrentRow(3);
+    pulsa(u"Sube"_s);
+    lista->setCurrentRow(7);
+    pulsa(u"Quita"_s);
+    escribir(d->findChild<QLineEdit*>(u"IniMdm0"_s), u"&f"_s);
+    pulsa(u"Acepto"_s);
+  });
+  pulsar(u"Modem_1"_s);
+  pulsar(u"Acepto"_s);
+  const ParamCanal& p = ajustes->canales[0];
+  EXPECT_EQ(p.IniMdm0, u"AT&F");
+  EXPECT_EQ(p.IniMdmX.join(u' '), u"AT&C1 AT&D2 ATS0=1 AT&A0 ATS7=60 ATX1 ATX2");
+}
+
+}  // namespace tarvo::prueba

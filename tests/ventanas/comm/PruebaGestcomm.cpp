@@ -1,0 +1,260 @@
+// The jobs of the operator: receive, see what failed, try again, give up, close.
+
+#include "Puesto.h"
+
+namespace tarvo::prueba {
+
+using simulador::Averia;
+
+struct Gestcomm : Puesto {
+  void dosGrupos() {
+    for (const int g : {1, 2}) {
+      grupo(g, 1, u"cable %1"_s.arg(g));
+      vender(g, 10, 500 * g, 250);
+    }
+    articulo(10);
+  }
+};
+
+TEST_F(Gestcomm, RecibeTotalesDeDosGrupos) {
+  dosGrupos();
+  abrir(u"gestcomm"_s);
+  EXPECT_EQ(cola()->filas(), 0);
+  EXPECT_TRUE(control<QLabel>(u"imgVacia"_s)->isVisible());
+  luego([](QWidget* d) {
+    EXPECT_EQ(d->windowTitle(), u"Recogida de totales generales");
+    auto* lista = d->findChild<QListWidget*>(u"lstGpo"_s);
+    EXPECT_EQ(lista->count(), 2);
+    EXPECT_EQ(lista->item(1)->text(), u"0002  G");
+    QTest::keyClick(d->findChild<QCheckBox*>(u"Todas"_s), Qt::Key_Space);
+    EXPECT_FALSE(lista->isEnabled());
+    QTest::keyClick(d->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
+  });
+  menu(Qt::Key_R, Qt::Key_G);
+  EXPECT_EQ(abiertas.back(), u"GrpDlg");
+  pasar(150);
+  ASSERT_EQ(cola()->filas(), 2);
+  EXPECT_EQ(celda(0, u"Tarea"), u"001");
+  EXPECT_EQ(celda(1, u"Destino"), u"Gran Total, grupo 0002");
+  EXPECT_EQ(celda(1, u"Estado"), u"En espera de ser procesado");
+  EXPECT_FALSE(control<QMenu>(u"MnSes"_s)->menuAction()->isEnabled());
+  ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Transfiriendo datos"; }));
+  auto* panel = control<QFrame>(u"PanelCanal1"_s);
+  EXPECT_EQ(panel->findChild<QLabel*>(u"lbtar"_s)->text(), u"001");
+  ASSERT_TRUE(hasta([&] { return cola()->filas() == 0; }));
+  EXPECT_EQ(bandeja(1, 17), u"1:1/250/500/0");
+  EXPECT_EQ(bandeja(2, 17), u"2:1/250/1000/0");
+  pasar(1500);
+  EXPECT_TRUE(control<QToolButton>(u"ImgLlena"_s)->isVisible());
+  EXPECT_TRUE(control<QMenu>(u"MnSes"_s)->menuAction()->isEnabled());
+  EXPECT_EQ(panel->findChild<QLabel*>(u"palabra"_s)->text(), u"Libre");
+}
+
+TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
+  dosGrupos();
+  fallo(2, {.averia = Averia::Sorda});
+  auto* v = abrir(u"gestcomm"_s);
+  for (const int g : {1, 2}) gestor->NuevaTarea(g, true, 0, 9999999, 17);
+  ASSERT_TRUE(hasta([&] {
+    return cola()->filas() == 1 && celda(0, u"Estado") == u"Interrumpido por algún problema";
+  }));
+  EXPECT_EQ(celda(0, u"Problema"), u"Una trama VEK no ha tenido respuesta ACK");
+  EXPECT_FALSE(accion(u"RunP"_s)->isEnabled());
+  QTest::keyClick(v, Qt::Key_M, Qt::ControlModifier);  // to manual
+  pasar(150);
+  EXPECT_TRUE(accion(u"RunP"_s)->isEnabled());
+  EXPECT_FALSE(accion(u"ManuP"_s)->isEnabled());
+
+  QString dicho;
+  luego([&](QWidget* d) {
+    dicho = d->findChild<QLabel*>(u"LblTitular"_s)->text() + u'\n' +
+            d->findChild<QPlainTextEdit*>(u"TxtDetalle"_s)->toPlainText();
+    QTest::keyClick(d, Qt::Key_Escape);
+  });
+  QTest::keyClick(v, Qt::Key_F9);
+  EXPECT_EQ(dicho.toStdString(),
+            "El proceso no se desarrolla correctamente.\nInterrumpido por algún problema\n"
+            "El código de error devuelto es:  16\nUna trama VEK no ha tenido respuesta ACK");
+
+  const auto antes = oidas(2).size();
+  QTest::keyClick(v, Qt::Key_F6);
+  pasar(150);
+  EXPECT_EQ(celda(0, u"Estado"), u"Transfiriendo datos");
+  ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Interrumpido por algún problema"; }));
+  EXPECT_EQ(gestor->tareas().front().FallosTrama, 2);
+  EXPECT_EQ(oidas(2).size(), antes);
+  QTest::keyClick(v, Qt::Key_Delete);
+  pasar(150);
+  EXPECT_EQ(cola()->filas(), 0);
+  EXPECT_EQ(bandeja(2, 17), u"");
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier);
+  EXPECT_TRUE(gestor->ModoAutomatico());
+}
+
+TEST_F(Gestcomm, RetenerSoltarYPararEnManual) {
+  dosGrupos();
+  auto* v = abrir(u"gestcomm"_s);
+  gestor->NuevaTarea(1, true, 0, 9999999, 18);
+  ASSERT_TRUE(
+      hasta([&] { return cola()->filas() == 1 && cola()->valor(0, u"cont").entero() > 1; }));
+  QTest::keyClick(v, Qt::Key_M, Qt::ControlModifier);
+  QTest::keyClick(v, Qt::Key_F7);
+  ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Retenido por el usuario"; }));
+  const auto parada = oidas(1).size();
+  pasar(5000);
+  EXPECT_EQ(oidas(1).size(), parada);
+  QTest::keyClick(v, Qt::Key_F6);
+  pasar(500);
+  EXPECT_GT(oidas(1).size(), parada);
+  QTest::keyClick(v, Qt::Key_F8);
+  pasar(200);
+  EXPECT_EQ(celda(0, u"Estado"), u"Interrumpido voluntariamente por el usuario");
+}
+
+TEST_F(Gestcomm, CerrarEnMitadSeNiegaYNoMolesta) {
+  dosGrupos();
+  auto* v = abrir(u"gestcomm"_s);
+  gestor->NuevaTarea(1, true, 0, 9999999, 18);
+  ASSERT_TRUE(hasta([&] { return gestor->tareas().front().Estado == 3; }));
+  const QString dicho = caja([&] { QTest::keyClick(v, Qt::Key_Escape); });
+  EXPECT_EQ(dicho, u"No podrá cerrar esta ventana mientras haya procesos en curso");
+  EXPECT_TRUE(v->isVisible());
+  EXPECT_EQ(gestor->tareas().front().Estado, 3);
+  ASSERT_TRUE(hasta([&] { return cola()->filas() == 0; }));
+  EXPECT_EQ(bandeja(1, 18), u"1:1/0/500/0");
+  EXPECT_EQ(filas(u"SELECT COUNT(*) FROM GRUPOS"_s), u"2");
+}
+
+// With a link still open the window hides and goes when the link has closed.
+TEST_F(Gestcomm, SeVaCuandoCierraElUltimoCanal) {
+  dosGrupos();
+  auto* v = abrir(u"gestcomm"_s);
+  gestor->NuevaTarea(1, true, 0, 9999999, 17);
+  ASSERT_TRUE(hasta([&] {
+    const auto c = gestor->canales().front().EstadoCanal;
+    return gestor->puedeCerrar() && c != 3;
+  }));
+  EXPECT_FALSE(v->descargar());
+  EXPECT_FALSE(v->isVisible());
+  ASSERT_TRUE(hasta([&] { return !escritorio.ventanas().cargada(u"gestcomm"_s); }));
+  EXPECT_EQ(gestor->canales().front().EstadoCanal, 3);
+}
+
+TEST_F(Gestcomm, MenusSegunGruposYQuienSabe) {
+  grupo(3, 3, u"cable 3"_s);  // registers only
+  abrir(u"gestcomm"_s);
+  struct {
+    const char16_t* entrada;
+    bool vale;
+    const char16_t* pista;
+  } const casos[] = {
+      {u"MnRxGrT", true, u""},
+      {u"MnZero", true, u""},
+      {u"MnTxFch", false, u"Ningún grupo admite esta tarea"},  // no clock in a register
+      {u"MnTxPLU", false, u"Esta versión todavía no"},         // nobody who sends it
+  };
+  for (const auto& c : casos) {
+    QAction* a = accion(QString::fromUtf16(c.entrada));
+    EXPECT_EQ(a->isEnabled(), c.vale) << QString::fromUtf16(c.entrada).toStdString();
+    if (!c.vale) {
+      EXPECT_TRUE(a->toolTip().startsWith(c.pista)) << a->toolTip().toStdString();
+    }
+  }
+  // One group, nothing to ask: no dialog.
+  accion(u"MnRxGrT"_s)->trigger();
+  EXPECT_EQ(abiertas.back(), u"gestcomm");
+  EXPECT_EQ(gestor->CuantosQuedan().total, 1);
+  // A sender that comes later enables its entry.
+  motor::ClaseTarea articulos = *registro.porNumero(1);
+  articulos.crear = registro.porNumero(17)->crear;
+  registro.anadir(articulos);
+  escritorio.ventanas().abrir(u"gestcomm"_s);
+  EXPECT_TRUE(accion(u"MnTxPLU"_s)->isEnabled());
+}
+
+TEST_F(Gestcomm, LasSesiones) {
+  dosGrupos();
+  abrir(u"gestcomm"_s);
+  accion(u"MnAbrSs"_s)->trigger();
+  EXPECT_EQ(sesion->estado(), 1);
+  EXPECT_FALSE(accion(u"MnCerSs"_s)->isEnabled());
+  accion(u"MnCanSs"_s)->trigger();
+  EXPECT_EQ(sesion->estado(), 0);
+  encolar(1, 17);
+  ASSERT_TRUE(hasta([&] { return cola()->filas() == 0 && sesion->estado() == 2; }));
+  pasar(200);
+  const auto olvidar = [&] { accion(u"MnCanSs"_s)->trigger(); };
+  EXPECT_EQ(caja(olvidar, u"Cancelo"_s), u"Los datos recibidos serán DEFINITIVAMENTE olvidados");
+  EXPECT_EQ(sesion->estado(), 2);
+  caja(olvidar);
+  EXPECT_EQ(sesion->estado(), 0);
+}
+
+// Read, zeroed behind it, asked again: the repeat would lose what waits in the inbox.
+TEST_F(Gestcomm, RepetirTrasLaPuestaACeroSeNiega) {
+  dosGrupos();
+  abrir(u"gestcomm"_s);
+  encolar(1, 17);
+  ASSERT_TRUE(correr());
+  reloj.avanzar(60000);
+  valor(db->ejecutar(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=1", reloj.ahora()));
+  const QString dicho = caja([&] {
+    luego([](QWidget* d) { QTest::keyClick(d, Qt::Key_Return); });
+    accion(u"MnRxGrT"_s)->trigger();
+  });
+  EXPECT_EQ(dicho.toStdString(),
+            "Esta opción ya ha sido usada durante la presente sesión\n"
+            "y se ha realizado una puesta a cero posterior\n"
+            "Si la repitiera, se perderían los datos anteriormente recogidos");
+  EXPECT_EQ(gestor->CuantosQuedan().total, 0);
+}
+
+TEST_F(Gestcomm, DialogosConMasQuePreguntar) {
+  dosGrupos();
+  struct {
+    const char16_t *dialogo, *campo, *teclas;
+    int clase, modo;
+    bool todo;
+    qint64 desde, hasta;
+  } const casos[] = {
+      {u"GrpDlg", u"NmBz", u"3", 18, 1, false, 2, 9999999},
+      {u"GrpDlg", u"NmBz", u"", 18, 1, true, 0, 9999999},
+      {u"RxPLUDlg", u"Desde", u"25", 16, 0, true, 25, 9999999},
+      {u"RxPLUDlg", u"Hasta", u"x", 16, 0, true, 0, 9999999},
+      {u"RxPLUDlg", u"Hasta", u"70", 16, 0, true, 0, 70},
+  };
+  gestor->CambioAModo(false);
+  for (const auto& c : casos) {
+    auto* v = abrir(QString::fromUtf16(c.dialogo), {{u"clase"_s, c.clase}, {u"modo"_s, c.modo}});
+    auto* campo = v->findChild<QLineEdit*>(QString::fromUtf16(c.campo));
+    campo->setFocus();
+    campo->selectAll();
+    QTest::keyClicks(campo, QString::fromUtf16(c.teclas));
+    QTest::keyClick(v->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
+    QCoreApplication::processEvents();
+    const auto t = gestor->tareas();
+    ASSERT_FALSE(t.empty()) << QString::fromUtf16(c.teclas).toStdString();
+    EXPECT_EQ(t.back().datos.Todo, c.todo);
+    EXPECT_EQ(t.back().datos.Desde, c.desde);
+    EXPECT_EQ(t.back().datos.Hasta, c.hasta);
+    gestor->terminator();
+  }
+  auto* v = abrir(u"GrpDlg"_s, {{u"clase"_s, 18}, {u"modo"_s, 1}});
+  QTest::keyClicks(v->findChild<QLineEdit*>(u"NmBz"_s), u"0"_s);
+  QTest::keyClick(v->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
+  EXPECT_TRUE(v->isVisible());
+  EXPECT_EQ(gestor->CuantosQuedan().total, 0);
+}
+
+TEST_F(Gestcomm, DiagnosticoDeUnErrorConDosCausas) {
+  auto* v = abrir(u"Diagnostico"_s, {{u"estado"_s, 6}, {u"error"_s, 18}});
+  EXPECT_TRUE(v->findChild<QPlainTextEdit*>(u"TxtDetalle"_s)
+                  ->toPlainText()
+                  .endsWith(u"El cable puede desconectado o defectuoso o Si la conexión es "
+                            u"directa, la balanza puede estar apagada"));
+  abrir(u"Diagnostico"_s, {{u"estado"_s, 7}, {u"error"_s, 18}});
+  EXPECT_EQ(v->findChild<QLabel*>(u"LblTitular"_s)->text(),
+            u"No se observa comportamiento anómalo.");
+}
+
+}  // namespace tarvo::prueba
