@@ -1,15 +1,16 @@
 #include "totals/Manuales.h"
 
 #include "totals/FilasTotales.h"
+#include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
 
 namespace {
 
-Resultado<> sumarEntrada(dao::Database& db, qint64 link, const EntradaManual& e) {
+Resultado<> sumarEntrada(dao::Database& db, const Textos& textos, qint64 link,
+                         const EntradaManual& e) {
   const ClaseTotal* c = clase(e.clase);
-  if (!c)
-    return fallo(Fallo::Interno, QStringLiteral("No existe la clase de total %1").arg(e.clase));
+  if (!c) return fallo(Fallo::Interno, textos(kTxSinClaseDeTotal, {e.clase}));
   const auto s = prepararSuma(db, *c);
   if (!s) return std::unexpected(s.error());
   int i = 0;
@@ -17,7 +18,7 @@ Resultado<> sumarEntrada(dao::Database& db, qint64 link, const EntradaManual& e)
   if (c->conHora) (*s)->ligar(i++, qint64{e.hora});
   for (const qint64 x : {e.c.CON, e.c.PES, e.c.IMP, e.c.SCO}) (*s)->ligar(i++, x);
   TARVO_INTENTAR((*s)->ejecutar());
-  return comprobarRango(db, *c, link);
+  return comprobarRango(db, *c, link, textos);
 }
 
 }  // namespace
@@ -31,7 +32,7 @@ Resultado<> aplicarManuales(dao::Database& db, Periodos& periodos, qint64 link,
   if (!marcas) return std::unexpected(marcas.error());
   for (const int numero : {kGranTotal, kPLUs, kOperadores, kDepartamentos, kHorario, kOperHora})
     for (const EntradaManual& e : entradas)
-      if (e.clase == numero) TARVO_INTENTAR(sumarEntrada(db, link, e));
+      if (e.clase == numero) TARVO_INTENTAR(sumarEntrada(db, periodos.textos(), link, e));
   TARVO_INTENTAR(periodos.ReacumularTodo(link, *marcas));
   return t->confirmar();
 }

@@ -1,4 +1,5 @@
 #include "totals/Papelera.h"
+#include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
 
@@ -145,10 +146,7 @@ Resultado<> Papelera::comprobarSitio(const Columna& c, bool soloFilas) {
     libre = libre && filas->entero() == 0;
   }
   if (libre) return {};
-  return fallo(
-      Fallo::Duplicado,
-      u"No se puede recuperar \"%1\": ese periodo ha vuelto a crearse o a llenarse. "
-      u"Bórrelo antes de recuperar el anterior; no se ha cambiado nada"_s.arg(TextoPeriodo(p)));
+  return fallo(Fallo::Duplicado, p_.textos()(kTxRecuperarOcupado, {TextoPeriodo(p)}));
 }
 
 Resultado<> Papelera::reponer(qint64 lote, const Columna& c, bool soloFilas) {

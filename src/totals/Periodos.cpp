@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "totals/FilasTotales.h"
+#include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
 
@@ -108,9 +109,7 @@ Resultado<> Periodos::CambiarPeriodo(qint64 link, int tipo, Fecha desde, Fecha h
   const auto otro = BuscarPeriodo(p.tipo, p.desde, p.hasta);
   if (!otro) return std::unexpected(otro.error());
   if (*otro && (*otro)->LINK == link) return t->confirmar();
-  if (*otro)
-    return fallo(Fallo::Duplicado,
-                 QStringLiteral("El periodo \"%1\" ya existe").arg(TextoPeriodo(p)));
+  if (*otro) return fallo(Fallo::Duplicado, textos_(kTxPeriodoRepetido, {TextoPeriodo(p)}));
   const auto marcas = DesacumularTodo(link);
   if (!marcas) return std::unexpected(marcas.error());
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE COLUMNA SET TIPO=?, FECHA1=?, FECHAF=? WHERE LINK=?", p.tipo,

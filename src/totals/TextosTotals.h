@@ -32,6 +32,9 @@ enum TextoTotals : int {
   kTxLineaNoReconocible = 6070,
   kTxFinNoReconocible = 6071,
   kTxPeriodoSinCrear = 6072,
+  kTxSinClaseDeTotal = 6073,
+  kTxRecuperarOcupado = 6074,
+  kTxPeriodoRepetido = 6075,
   // The report of the cross-footing.
   kTxCuadrePeriodo = 6080,
   kTxCuadreGrupo = 6081,
