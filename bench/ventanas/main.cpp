@@ -116,11 +116,11 @@ int main(int argc, char** argv) {
   RelojReal reloj;
   Azar azar(1);
   FabricaFija fabrica(reloj);
-  totals::Sesion sesion(*db, ajustes, reloj);
+  const Textos textos = banco::bien(Textos::leer(u":/textos/es.txt"_s));
+  totals::Sesion sesion(*db, ajustes, reloj, textos);
   enlace::Enlaces enlaces(reloj, ajustes, fabrica, azar);
   const motor::RegistroTareas registro = tareas::registro();
-  motor::gestcomm motor({*db, ajustes, reloj, sesion}, enlaces, registro);
-  const Textos textos = banco::bien(Textos::leer(u":/textos/es.txt"_s));
+  motor::gestcomm motor({*db, ajustes, reloj, sesion, textos}, enlaces, registro);
   ventanas::Escritorio escritorio(qt, *db, ajustes, textos, reloj, ventanas::Cara::Clara, {});
   comm::registrarVentanasComm(escritorio.ventanas(), {motor, enlaces, sesion, registro});
   for (int i = 0; i < kTareas; ++i)

@@ -59,7 +59,7 @@ Resultado<> Diagnostico::preparar(const Argumentos& a) {
   ui_.LblTarea->setText(t(kTxDeTarea)
                             .arg(Ceros(tarea->datos.Id, 3),
                                  t(kTxDestino)
-                                     .arg(clase ? QString::fromUtf16(clase->nombre) : QString(),
+                                     .arg(clase ? t(clase->nombre) : QString(),
                                           Ceros(tarea->datos.Grupo, 4))));
   decir(tarea->Estado, tarea->Error, tarea->textoError);
   return {};
@@ -73,8 +73,8 @@ void Diagnostico::decir(int estado, int error, const QString& textoError) {
   ui_.TxtDetalle->setVisible(!normal);
   ui_.LblRemedio->setVisible(!normal);
   if (normal) return;
-  const auto e = motor::textosError(error);
-  QStringList lineas{motor::TextoEstado(estado),
+  const auto e = motor::textosError(error, contexto().textos);
+  QStringList lineas{motor::TextoEstado(estado, contexto().textos),
                      t(kTxCodigoDevuelto) + u' ' + QString::number(error)};
   for (const QString& linea : {e.cabecera, e.mensaje, e.detalle, textoError})
     if (!linea.isEmpty()) lineas << linea;

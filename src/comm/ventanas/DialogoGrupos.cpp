@@ -44,7 +44,7 @@ Resultado<> DialogoGrupos::preparar(const Argumentos& a) {
   clase_ = a.value(u"clase"_s).toInt();
   const motor::ClaseTarea* clase = s_.registro.porNumero(clase_);
   if (!clase) return fallo(Fallo::NoExiste, t(kTxSinGrupos));
-  setWindowTitle(QString::fromUtf16(clase->titulo));
+  setWindowTitle(t(clase->titulo));
   const auto grupos = gruposPara(contexto().db, *clase);
   if (!grupos) return std::unexpected(grupos.error());
   if (grupos->empty()) return fallo(Fallo::NoExiste, t(kTxSinGrupos));

@@ -39,10 +39,10 @@ Estado tonoDeEstado(int estado) {
   }
 }
 
-QString textoProblema(const motor::VistaTarea& t) {
+QString textoProblema(const motor::VistaTarea& t, const Textos& textos) {
   if (t.Error == 0) return {};
   if (!t.textoError.isEmpty()) return t.textoError;
-  const auto e = motor::textosError(t.Error);
+  const auto e = motor::textosError(t.Error, textos);
   return (e.mensaje.isEmpty() ? e.cabecera : e.mensaje).trimmed();
 }
 
@@ -64,9 +64,9 @@ std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
            .campo = u"Estado"_s,
            .ancho = 200,
            .ver =
-               [reteniendo](const dao::Valor& v) {
+               [reteniendo, &textos](const dao::Valor& v) {
                  const int e = static_cast<int>(v.entero());
-                 return e >= kReteniendo ? reteniendo : motor::TextoEstado(e);
+                 return e >= kReteniendo ? reteniendo : motor::TextoEstado(e, textos);
                },
            .estado =
                [](const dao::Valor& v) {
@@ -77,7 +77,7 @@ std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
 
 ventanas::FilaViva filaTarea(const motor::VistaTarea& t, const motor::ClaseTarea* clase,
                              const Textos& textos) {
-  const QString nombre = clase ? QString::fromUtf16(clase->nombre) : QString();
+  const QString nombre = clase ? textos(clase->nombre) : QString();
   const auto oNada = [](int n) { return n < 0 ? dao::Valor() : dao::Valor(n); };
   return {
       t.datos.Id,
@@ -85,7 +85,7 @@ ventanas::FilaViva filaTarea(const motor::VistaTarea& t, const motor::ClaseTarea
        dao::Valor(textos(kTxDestino).arg(nombre, Ceros(t.datos.Grupo, 4))), oNada(t.Addr),
        dao::Valor(t.paso), oNada(t.Traza),
        dao::Valor(t.Estado + (t.Retenida && t.Estado == motor::kTransfiriendo ? kReteniendo : 0)),
-       dao::Valor(textoProblema(t))}};
+       dao::Valor(textoProblema(t, textos))}};
 }
 
 }  // namespace tarvo::comm

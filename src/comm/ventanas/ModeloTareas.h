@@ -7,6 +7,7 @@
 
 namespace tarvo::comm {
 
+// REQUIRES that the texts outlive the columns.
 std::vector<ventanas::Columna> columnasTareas(const Textos& textos);
 // Key: the task's id. `clase`: its kind.
 ventanas::FilaViva filaTarea(const motor::VistaTarea& tarea, const motor::ClaseTarea* clase,
@@ -16,6 +17,6 @@ ventanas::FilaViva filaTarea(const motor::VistaTarea& tarea, const motor::ClaseT
 QString imagenDeEstado(int estado);
 ventanas::Estado tonoDeEstado(int estado);
 // The engine's own words, or the message of the table; empty without an error.
-QString textoProblema(const motor::VistaTarea& tarea);
+QString textoProblema(const motor::VistaTarea& tarea, const Textos& textos);
 
 }  // namespace tarvo::comm

@@ -69,7 +69,7 @@ void gestcommVentana::ordenar(const std::set<int>& estados, void (gestcomm::*ord
     return ui_.s_espe->irA(ui_.s_espe->filaActual());
   const auto tarea = s_.motor.tarea(id);
   if (tarea && !estados.contains(tarea->Estado))
-    decirDuda(t(kTxNoSePuede).arg(motor::TextoEstado(tarea->Estado)));
+    decirDuda(t(kTxNoSePuede).arg(motor::TextoEstado(tarea->Estado, contexto().textos)));
   (s_.motor.*orden)(id);
 }
 

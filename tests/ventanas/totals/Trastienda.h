@@ -117,9 +117,9 @@ struct Trastienda : Mesa {
   }
 
   QString textoModal;
-  stock::Almacenes almacenes{*db, reloj};
-  totals::Periodos periodos{*db, ajustes, almacenes};
-  totals::Sesion sesion{*db, ajustes, reloj};
+  stock::Almacenes almacenes{*db, reloj, textos};
+  totals::Periodos periodos{*db, ajustes, almacenes, textos};
+  totals::Sesion sesion{*db, ajustes, reloj, textos};
 };
 
 }  // namespace tarvo::prueba
