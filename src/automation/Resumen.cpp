@@ -130,6 +130,7 @@ Resultado<> LectorResumen::leerPeriodo(qint64 link) {
   const totals::Periodo p{static_cast<int>((*rs)->entero(0)), (*rs)->fecha(1), (*rs)->fecha(2)};
   PeriodoResumen nuevo{.link = link,
                        .tipo = p.tipo,
+                       .desde = p.desde,
                        .texto = totals::TextoPeriodo(p),
                        .descripcion = (*rs)->texto(3).trimmed(),
                        .anteriores = {}};

@@ -27,6 +27,7 @@ struct GrupoResumen {
 struct PeriodoResumen {
   qint64 link = 0;
   int tipo = 0;
+  Fecha desde;
   QString texto, descripcion;  // its days; its name
   qint64 importe = 0, operaciones = 0;
   // A day: the amounts of the same weekday of the four weeks before, the last week first, of the
