@@ -54,7 +54,9 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
     }
   }
   for (const auto& [motivo, clases] : sinLeer)
-    fallos << t(kTxNoRecogido, {nombresDe(clases), motivo});
+    fallos << (leido || sinLeer.size() > 1 || !cortadas.empty()
+                   ? t(kTxNoRecogido, {nombresDe(clases), motivo})
+                   : t(kTxNadaRecogido, {motivo}));
   if (!cortadas.empty()) fallos << t(kTxCortado, {nombresDe(cortadas)});
   if (!enCurso.empty()) dudas << t(kTxEnCurso, {nombresDe(enCurso)});
   dudas << d.avisos;

@@ -58,6 +58,7 @@ enum TextoAutomation : int {
   kTxRecogido = 8311,
   kTxHecho = 8312,
   kTxErrorSinTexto = 8313,
+  kTxNadaRecogido = 8314,
 };
 
 }  // namespace tarvo::automation

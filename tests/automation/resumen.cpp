@@ -79,9 +79,7 @@ TEST(Resumen, UnGrupoMudoEnLaNoche) {
   EXPECT_EQ(r.grupos[0].cuadran, 1);
   EXPECT_EQ(r.grupos[0].motivo, u"Recogido y puesto a cero. 1 suma cuadra con el gran total.");
   EXPECT_EQ(r.grupos[1].estado, EstadoGrupo::Fallido);
-  EXPECT_EQ(
-      r.grupos[1].motivo,
-      u"No se recogió Totales por artículos, Gran Total: No se encuentra el HOST especificado.");
+  EXPECT_EQ(r.grupos[1].motivo, u"No se recogió nada: No se encuentra el HOST especificado.");
   EXPECT_EQ(r.grupos[1].importe, std::nullopt);
   EXPECT_EQ(r.grupos[2].estado, EstadoGrupo::SinIntentar);
   EXPECT_EQ(r.grupos[2].motivo, u"No tiene comunicación: nadie lo recoge.");

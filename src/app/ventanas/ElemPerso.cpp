@@ -3,6 +3,7 @@
 #include <QDir>
 
 #include "app/ventanas/TextosPrincipal.h"
+#include "core/ventanas/Medidas.h"
 #include "core/ventanas/Tema.h"
 
 namespace tarvo::app {
@@ -11,10 +12,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void llenarFicheros(QListWidget& lista, const QString& carpeta, const QString& patron) {
+QListWidgetItem* renglon(QListWidget& lista, const QString& texto) {
+  auto* linea = new QListWidgetItem(texto, &lista);
+  linea->setSizeHint({0, ventanas::escalar(ventanas::kAltoFila)});
+  return linea;
+}
+
+void llenarFicheros(QListWidget& lista, const QString& carpeta, const QString& patron,
+                    const QString& ninguno) {
   lista.clear();
   for (const QFileInfo& f : QDir(carpeta).entryInfoList({patron}, QDir::Files, QDir::Name))
-    lista.addItem(f.completeBaseName());
+    renglon(lista, f.completeBaseName());
+  if (lista.count() == 0) renglon(lista, ninguno)->setFlags(Qt::NoItemFlags);
 }
 
 void elegirFichero(QListWidget& lista, const QString& nombre) {
@@ -51,8 +60,8 @@ Resultado<> ElemPerso::preparar(const ventanas::Argumentos& argumentos) {
   const Ajustes& a = contexto().ajustes;
   otros_ = a.personal;
   sitio_ = otros_.size();
-  llenarFicheros(*ui_.Procesos, a.HomeDir, u"*.aut"_s);
-  llenarFicheros(*ui_.Diferidos, a.HomeDir, u"*.cro"_s);
+  llenarFicheros(*ui_.Procesos, a.HomeDir, u"*.aut"_s, t(kTxSinFicheros));
+  llenarFicheros(*ui_.Diferidos, a.HomeDir, u"*.cro"_s, t(kTxSinFicheros));
   Ajustes::Personal este;
   const auto cual = static_cast<size_t>(argumentos.value(u"elemento"_s, -1).toInt());
   if (cual < otros_.size()) {
@@ -72,8 +81,8 @@ void ElemPerso::mostrarLista() {
   ui_.Lista->clear();
   for (size_t i = 0; i <= otros_.size(); ++i) {
     const bool nuevo = i == sitio_;
-    auto* linea = new QListWidgetItem(
-        nuevo ? ui_.Titulo->text().trimmed() : otros_[i - (i > sitio_ ? 1 : 0)].titulo, ui_.Lista);
+    auto* linea = renglon(
+        *ui_.Lista, nuevo ? ui_.Titulo->text().trimmed() : otros_[i - (i > sitio_ ? 1 : 0)].titulo);
     if (!nuevo) continue;
     linea->setIcon(ventanas::icono(u"adelante"_s));
     QFont f = linea->font();

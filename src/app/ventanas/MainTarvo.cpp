@@ -4,6 +4,7 @@
 #include <QShortcut>
 #include <QToolButton>
 
+#include "app/ventanas/Entrada.h"
 #include "app/ventanas/Manana.h"
 #include "app/ventanas/SysTray.h"
 #include "app/ventanas/TextosPrincipal.h"
@@ -18,7 +19,7 @@ using ventanas::escalar;
 namespace {
 
 struct EntradaMenu {
-  QToolButton* Ui::MainTarvo::* boton;
+  Entrada* Ui::MainTarvo::* boton;
   const char16_t* icono;
   const char16_t* ventana;  // empty: a panel, or the person's own
   ventanas::Argumentos argumentos = {};
@@ -71,6 +72,8 @@ MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplica
   setWindowIcon(iconoTarvo());
   ui_.Logo->setPixmap(windowIcon().pixmap(escalar(2 * ventanas::kIcono)));
   ui_.Version->setText(t(kTxVer) + QStringLiteral(TARVO_VERSION));
+  ui_.Columna->setBackgroundRole(QPalette::Base);
+  ui_.Columna->setAutoFillBackground(true);
   ventanas::ponerLetra(*ui_.Titulo, ventanas::Letra::Titulo);
   ventanas::ponerLetra(*ui_.Version, ventanas::Letra::Secundaria);
   // The board keeps its place while the panels are hidden.
@@ -97,7 +100,6 @@ void MainTarvo::ponerEntradas() {
     b->setIcon(ventanas::icono(QString::fromUtf16(e.icono)));
     const int lado = escalar(ventanas::kIconoGrande);
     b->setIconSize({lado, lado});
-    b->setMinimumHeight(escalar(ventanas::kAltoControl + 2 * ventanas::kPaso));
     const QString ventana = QString::fromUtf16(e.ventana);
     if (ventana.isEmpty()) continue;
     connect(b, &QToolButton::clicked, this, [this, ventana, &e] { abrir(ventana, e.argumentos); });

@@ -2,6 +2,7 @@
 #include <QMenu>
 #include <QToolButton>
 
+#include "app/ventanas/Entrada.h"
 #include "app/ventanas/MainTarvo.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "core/ventanas/Medidas.h"
@@ -40,13 +41,10 @@ void MainTarvo::refrescarPersonal() {
     viejo->deleteLater();
   }
   for (size_t i = 0; i < lista.size(); ++i) {
-    auto* b = new QToolButton(ui_.PanelPersonal);
+    auto* b = new Entrada(ui_.PanelPersonal);
     b->setObjectName(u"Personal%1"_s.arg(i));
-    b->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    b->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     b->setIcon(ui_.Personalizado->icon());
     b->setIconSize(ui_.Personalizado->iconSize());
-    b->setMinimumHeight(ui_.Personalizado->minimumHeight());
     b->setText(enBoton(*b, lista[i].titulo));
     b->setAccessibleName(lista[i].titulo);
     if (b->text() != sinMarca(lista[i].titulo)) b->setToolTip(lista[i].titulo);

@@ -189,6 +189,7 @@ void Manana::ajustar(std::vector<P*>& piezas, const std::vector<Renglon>& renglo
     pieza->setObjectName(u"Linea%1"_s.arg(piezas.size()));
     enlazar(*pieza);
     caja.addWidget(pieza);
+    pieza->show();
     piezas.push_back(pieza);
   }
   for (size_t i = 0; i < renglones.size(); ++i)

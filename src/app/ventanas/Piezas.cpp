@@ -25,6 +25,7 @@ QLabel* rotulo(QWidget* padre, const QString& nombre, Letra letra, bool pliega =
   l->setTextFormat(Qt::PlainText);
   l->setWordWrap(pliega);
   l->setAttribute(Qt::WA_TransparentForMouseEvents);
+  l->setForegroundRole(QPalette::WindowText);  // a button's child would take that of buttons
   ventanas::ponerLetra(*l, letra);
   return l;
 }
@@ -89,7 +90,7 @@ void Barras::paintEvent(QPaintEvent*) {
 Pieza::Pieza(QWidget* padre) : QAbstractButton(padre) {
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_Hover);
-  QSizePolicy politica(QSizePolicy::Expanding, QSizePolicy::Minimum);
+  QSizePolicy politica(QSizePolicy::Expanding, QSizePolicy::Preferred);
   politica.setHeightForWidth(true);
   setSizePolicy(politica);
 }
@@ -113,17 +114,26 @@ void Pieza::setSinVentana(const QString& tip) {
 
 void Pieza::ponerEstado(QLabel& imagen, int lado) const {
   const int lados = escalar(lado);
-  imagen.setPixmap(ventanas::iconoEstado(renglon_.estado).pixmap(lados, lados));
+  const bool neutro = renglon_.estado == Estado::Ninguno;
+  const QIcon icono =
+      neutro ? ventanas::icono(u"quitar"_s) : ventanas::iconoEstado(renglon_.estado);
+  imagen.setPixmap(icono.pixmap({lados, lados}, neutro ? QIcon::Disabled : QIcon::Normal));
   imagen.setVisible(renglon_.estado != Estado::Ninguno);
 }
 
 QSize Pieza::sizeHint() const {
-  return layout() ? layout()->sizeHint() : QSize();
+  const int ancho = layout()->sizeHint().width();
+  return {ancho, heightForWidth(ancho)};
+}
+
+// How high it must be is told by its width alone.
+QSize Pieza::minimumSizeHint() const {
+  return {layout()->minimumSize().width(), escalar(ventanas::kAltoFila)};
 }
 
 int Pieza::heightForWidth(int ancho) const {
-  return layout() && layout()->hasHeightForWidth() ? layout()->heightForWidth(ancho)
-                                                   : sizeHint().height();
+  return layout()->hasHeightForWidth() ? layout()->heightForWidth(ancho)
+                                       : layout()->sizeHint().height();
 }
 
 bool Pieza::event(QEvent* evento) {

@@ -32,6 +32,7 @@ class Pieza : public QAbstractButton {
   // Tip in place of the click where the window isn't there.
   void setSinVentana(const QString& tip);
   QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
   int heightForWidth(int ancho) const override;
   bool hasHeightForWidth() const override { return true; }
 

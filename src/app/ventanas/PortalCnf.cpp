@@ -2,6 +2,7 @@
 
 #include <QToolButton>
 
+#include "app/ventanas/Entrada.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "core/ventanas/Escritorio.h"
 #include "core/ventanas/Medidas.h"

@@ -18,6 +18,7 @@ enum TextoPrincipal : int {
   kTxFaltaEleccion = 1238,
   kTxTituloConBarra = 1239,
   kTxTituloRepetido = 1249,
+  kTxSinFicheros = 1229,
   // The morning.
   kTxManana = 1250,
   kTxLeyendo = 1251,
@@ -31,6 +32,7 @@ enum TextoPrincipal : int {
   kTxSeCorto = 1259,
   kTxNocheAbortada = 1260,
   kTxVerTraza = 1261,
+  kTxSinNocheQueHacer = 1262,
   kTxVentas = 1265,
   kTxSinVentas = 1266,
   kTxSinVentasQueHacer = 1267,

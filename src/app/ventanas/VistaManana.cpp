@@ -18,6 +18,7 @@ using ventanas::Estado;
 namespace {
 
 constexpr size_t kAvisosVistos = 5, kGruposVistos = 200, kEsperanVistos = 3;
+constexpr qsizetype kDudasVistas = 3;
 
 QString horaCorta(Fecha momento) {
   return momento.horaLarga().left(5);
@@ -79,7 +80,11 @@ void Redactor::ponerTraza(Renglon& r) const {
 
 Renglon Redactor::noche() const {
   if (r_.ejecuciones.empty())
-    return {.palabra = {}, .titulo = t_(kTxSinNoche), .texto = {}, .valor = {}, .ventana = {}};
+    return {.palabra = {},
+            .titulo = t_(kTxSinNoche),
+            .texto = t_(kTxSinNocheQueHacer),
+            .valor = {},
+            .ventana = {}};
   const FinEjecucion fin = r_.ejecuciones.front().fin;
   const bool fallos = r_.cuantos(EstadoGrupo::Fallido) > 0;
   const bool dudas = r_.cuantos(EstadoGrupo::Dudoso) > 0 || !r_.avisos.empty();
@@ -152,11 +157,11 @@ Renglon Redactor::ventas() const {
   const auto dia = std::ranges::find(r_.periodos, 1, &automation::PeriodoResumen::tipo);
   if (r_.periodos.empty()) {
     r.valor = t_(kTxSinVentas);
-    r.texto = t_(kTxSinVentasQueHacer);
+    if (!r_.ejecuciones.empty()) r.texto = t_(kTxSinVentasQueHacer);
     return r;
   }
   const auto& p = dia != r_.periodos.end() ? *dia : r_.periodos.front();
-  r.titulo += u": "_s + p.texto;
+  r.titulo += u": "_s + p.texto.simplified();
   r.valor = ver(Clase::Importe, p.importe) + u' ' +
             a_.MonedaLogo[static_cast<size_t>(a_.MonedaPreferente != 0)];
   r.argumentos[u"link"_s] = p.link;
@@ -229,14 +234,14 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
   Renglon r{.estado = modo.estado,
             .palabra = t_(modo.palabra),
             .titulo = nombreGrupo(g.grupo, g.nombre),
-            .texto = g.motivos.join(u'\n'),
+            .texto = g.motivo,
             .valor = g.importe ? ver(Clase::Importe, *g.importe) : QString(),
             .ventana = g.estado == EstadoGrupo::Bien ? u"VerTot"_s : u"gestcomm"_s,
             .argumentos = {{u"grupo"_s, g.grupo}}};
-  if (g.estado == EstadoGrupo::Bien) {
-    r.texto = g.motivo;
-    if (!r_.periodos.empty()) r.argumentos[u"link"_s] = r_.periodos.front().link;
-  }
+  // What failed draws the rest behind it; doubts stand each for itself.
+  if (g.estado == EstadoGrupo::Dudoso) r.texto = g.motivos.mid(0, kDudasVistas).join(u'\n');
+  if (g.estado == EstadoGrupo::Bien && !r_.periodos.empty())
+    r.argumentos[u"link"_s] = r_.periodos.front().link;
   return r;
 }
 
