@@ -19,10 +19,10 @@ class PrimerPintado final : public QObject {
   using QObject::QObject;
   bool eventFilter(QObject* objeto, QEvent* evento) override {
     const auto* w = qobject_cast<QWidget*>(objeto);
-    if (evento->type() != QEvent::Paint || !w || !w->isWindow() || visto_) return false;
+    if (evento->type() != QEvent::Paint || !w || visto_) return false;
     visto_ = true;
     constexpr int kAsentar = 2'500;
-    // Behind this painting, which goes on to its end.
+    // Behind this painting, which goes on to the end of the window.
     QTimer::singleShot(qEnvironmentVariable("TARVO_BANCO") == u"memoria" ? kAsentar : 0, this,
                        &acabar);
     return false;

@@ -49,7 +49,7 @@ struct TiendaGrande {
                      kPeriodos));
     bien(
         db->ejecutar(u"with recursive n(i) as (select 1 union all select i+1 from n where i<?) "
-                     u"insert into TOTPLU (LINK, GRUPO, CODI, CON, [IMP]) select c.LINK, 1+i%10, "
+                     u"insert into TOTPLU (LINK, GRUPO, CODI, CON, [IMP]) select c.LINK, 1+i-10*int(i/10), "
                      u"100+i, 3, 250 from n, COLUMNA c",
                      kFilasPeriodo));
     bien(

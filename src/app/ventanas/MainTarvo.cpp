@@ -82,10 +82,13 @@ MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplica
   ui_.Paneles->setSizePolicy(politica);
   refrescarPersonal();
   mostrarPanel(kPrincipal);
-  tray_->IniSysTray(windowIcon(), windowTitle());
   connect(tray_, &SysTray::DblClick, this, [this](int boton) {
     if (boton == 1) reaparecer();
   });
+  // The desktop is asked for a place for the icon once the window is on the screen.
+  connect(
+      manana_, &Manana::renovada, tray_, [this] { tray_->IniSysTray(windowIcon(), windowTitle()); },
+      Qt::SingleShotConnection);
   connect(manana_, &Manana::elegida, this, &MainTarvo::abrir);
   connect(manana_, &Manana::fallo, this, [this](const Error& e) { decirFallo(e); });
 }

@@ -60,18 +60,33 @@ Manana::Manana(ventanas::Contexto& contexto, Aplicacion& aplicacion, QWidget* pa
   cajaAvisos_->setSpacing(0);
   todo->addLayout(cajaAvisos_);
 
+  enlazar(*noche_);
+  noche_->poner(
+      {.palabra = {}, .titulo = c_.textos(kTxLeyendo), .texto = {}, .valor = {}, .ventana = {}});
+  todo->addStretch(1);
+  setWidget(dentro);
+  setProperty("ocupada", true);  // pictures wait for it
+  mirada_ = c_.reloj.temporizador([this] { mirar(); });
+}
+
+// What has nothing to show before the first reading is made behind it.
+void Manana::completar() {
+  auto* dentro = widget();
+  auto* todo = static_cast<QVBoxLayout*>(dentro->layout());
   auto* tarjetas = new QHBoxLayout;
   tarjetas->setSpacing(escalar(ventanas::kMargen));
   const auto tarjeta = [&](const QString& nombre) {
     auto* t = new Tarjeta(dentro);
     t->setObjectName(nombre);
     tarjetas->addWidget(t, 1);
+    enlazar(*t);
+    t->show();
     return t;
   };
   ventas_ = tarjeta(u"Ventas"_s);
   bandeja_ = tarjeta(u"Bandeja"_s);
   proxima_ = tarjeta(u"Proxima"_s);
-  todo->addLayout(tarjetas);
+  todo->insertLayout(todo->count() - 1, tarjetas);
 
   auto* cabezaGrupos = new QHBoxLayout;
   rotuloGrupos_ = texto(dentro, Letra::Titulo, u"TituloGrupos"_s);
@@ -80,21 +95,11 @@ Manana::Manana(ventanas::Contexto& contexto, Aplicacion& aplicacion, QWidget* pa
   cabezaGrupos->addWidget(rotuloGrupos_);
   cabezaGrupos->addStretch(1);
   cabezaGrupos->addWidget(cuenta_, 0, Qt::AlignBottom);
-  todo->addSpacing(escalar(ventanas::kPaso));
-  todo->addLayout(cabezaGrupos);
+  todo->insertLayout(todo->count() - 1, cabezaGrupos);
   cajaGrupos_ = new QVBoxLayout;
   cajaGrupos_->setSpacing(0);
-  todo->addLayout(cajaGrupos_);
-  todo->addStretch(1);
-
-  for (Pieza* pieza : std::initializer_list<Pieza*>{noche_, ventas_, bandeja_, proxima_})
-    enlazar(*pieza);
-  noche_->poner(
-      {.palabra = {}, .titulo = c_.textos(kTxLeyendo), .texto = {}, .valor = {}, .ventana = {}});
-  for (Pieza* pieza : std::initializer_list<Pieza*>{ventas_, bandeja_, proxima_}) pieza->hide();
-  rotuloGrupos_->hide();
-  setWidget(dentro);
-  mirada_ = c_.reloj.temporizador([this] { mirar(); });
+  todo->insertLayout(todo->count() - 1, cajaGrupos_);
+  for (QWidget* w : {rotuloGrupos_, cuenta_}) w->show();
 }
 
 Manana::~Manana() = default;
@@ -137,6 +142,7 @@ void Manana::renovar() {
 
 void Manana::acabar(const Resultado<Trabajo::Fin>& fin) {
   leida_ = true;
+  setProperty("ocupada", false);
   if (!fin) {
     Q_EMIT fallo(fin.error());
   } else if (*fin == Trabajo::Fin::Acabado) {
@@ -164,6 +170,7 @@ void Manana::poner(Pieza& pieza, const Renglon& renglon) {
 void Manana::mostrar(const VistaManana& vista) {
   dia_->setText(c_.reloj.ahora().corta());
   if (vista_ == vista) return;
+  if (!ventas_) completar();
   poner(*noche_, vista.noche);
   poner(*ventas_, vista.ventas);
   poner(*bandeja_, vista.bandeja);
@@ -171,8 +178,6 @@ void Manana::mostrar(const VistaManana& vista) {
   ajustar(avisos_, vista.avisos, *cajaAvisos_);
   ajustar(grupos_, vista.grupos, *cajaGrupos_);
   cuenta_->setText(vista.cuenta);
-  for (QWidget* w : std::initializer_list<QWidget*>{ventas_, bandeja_, proxima_, rotuloGrupos_})
-    w->show();
   vista_ = vista;
   alinear();
 }

@@ -35,6 +35,7 @@ class Manana final : public QScrollArea {
   void mirar();
   void acabar(const Resultado<Trabajo::Fin>& fin);
   void mostrar(const VistaManana& vista);
+  void completar();
   template <class P>
   void ajustar(std::vector<P*>& piezas, const std::vector<Renglon>& renglones, QVBoxLayout& caja);
   void alinear();
@@ -46,9 +47,9 @@ class Manana final : public QScrollArea {
   ventanas::Contexto& c_;
   Aplicacion& app_;
   Titular* noche_;
-  Tarjeta *ventas_, *bandeja_, *proxima_;
-  QLabel *dia_, *rotuloGrupos_, *cuenta_;
-  QVBoxLayout *cajaAvisos_, *cajaGrupos_;
+  Tarjeta *ventas_ = nullptr, *bandeja_ = nullptr, *proxima_ = nullptr;
+  QLabel *dia_, *rotuloGrupos_ = nullptr, *cuenta_ = nullptr;
+  QVBoxLayout *cajaAvisos_, *cajaGrupos_ = nullptr;
   std::vector<LineaGrupo*> avisos_, grupos_;
   std::optional<VistaManana> vista_;
   bool leida_ = false;

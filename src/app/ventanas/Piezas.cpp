@@ -229,7 +229,7 @@ Tarjeta::Tarjeta(QWidget* padre)
   cifra->addStretch(1);
   auto* abajo = new QHBoxLayout;
   abajo->setSpacing(m);
-  abajo->addWidget(texto_, 1);
+  abajo->addWidget(texto_, 1, Qt::AlignTop);
   abajo->addWidget(barras_, 0, Qt::AlignBottom);
   caja->addWidget(titulo_);
   caja->addLayout(cifra);
@@ -263,8 +263,9 @@ LineaGrupo::LineaGrupo(QWidget* padre)
   caja->addWidget(imagen_, 0, Qt::AlignTop);
   caja->addWidget(palabra_, 0, Qt::AlignTop);
   caja->addWidget(titulo_, 0, Qt::AlignTop);
-  caja->addWidget(texto_, 1, Qt::AlignTop);
   caja->addWidget(valor_, 0, Qt::AlignTop);
+  caja->addSpacing(h);
+  caja->addWidget(texto_, 1, Qt::AlignTop);
 }
 
 QSize LineaGrupo::anchosQuePide() const {

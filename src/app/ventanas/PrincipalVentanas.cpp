@@ -96,7 +96,8 @@ int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, const Textos& 
   });
   qt.setQuitOnLastWindowClosed(false);
   QObject::connect(&ventanas, &ventanas::Ventanas::vacio, &qt, &QApplication::quit);
-  if (!ventanas.abrir(primera->ventana, nullptr, primera->argumentos)) return kProblemas;
+  if (!ventanas.abrir(primera->ventana, nullptr, primera->argumentos))
+    return std::max<int>(o.proceso.isEmpty() ? kProblemas : kSinProceso, guardarTodo(fondo, t));
   const int estado = qt.exec();
   return std::max(estado, guardarTodo(fondo, t));
 }

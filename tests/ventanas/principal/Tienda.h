@@ -54,6 +54,7 @@ struct Tienda {
   ventanas::Ventana* conManana() {
     auto* v = principal();
     EXPECT_TRUE(esperar([&] { return v->findChild<app::Manana*>()->leida(); }));
+    QTest::qWait(20);  // laid out
     return v;
   }
   template <class... P>
