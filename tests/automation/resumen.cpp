@@ -77,7 +77,7 @@ TEST(Resumen, UnGrupoMudoEnLaNoche) {
   EXPECT_EQ(r.grupos[0].estado, EstadoGrupo::Bien) << r.grupos[0].motivo.toStdString();
   EXPECT_EQ(r.grupos[0].importe, 2500);
   EXPECT_EQ(r.grupos[0].cuadran, 1);
-  EXPECT_EQ(r.grupos[0].motivo, u"Recogido y puesto a cero. 1 suma cuadra con el gran total.");
+  EXPECT_EQ(r.grupos[0].motivo, u"Recogido y puesto a cero. 1 suma cuadra.");
   EXPECT_EQ(r.grupos[1].estado, EstadoGrupo::Fallido);
   EXPECT_EQ(r.grupos[1].motivo, u"No se recogió nada: No se encuentra el HOST especificado.");
   EXPECT_EQ(r.grupos[1].importe, std::nullopt);

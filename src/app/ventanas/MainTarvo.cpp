@@ -55,7 +55,7 @@ const std::vector<EntradaMenu>& entradas() {
 QIcon iconoTarvo() {
   QIcon icono;
   for (const int lado : {16, 32, 48, 128})
-    icono.addFile(u":/escritorio/tarvo-%1.png"_s.arg(lado), QSize(lado, lado));
+    icono.addPixmap(QPixmap(u":/escritorio/tarvo-%1.png"_s.arg(lado)));  // needs no plugin
   return icono;
 }
 
