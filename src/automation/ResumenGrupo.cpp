@@ -59,7 +59,7 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
                    : t(kTxNadaRecogido, {motivo}));
   if (!cortadas.empty()) fallos << t(kTxCortado, {nombresDe(cortadas)});
   if (!enCurso.empty()) dudas << t(kTxEnCurso, {nombresDe(enCurso)});
-  dudas << d.avisos;
+  dudas = d.avisos + dudas;  // what was said explains what wasn't done
   g.estado = !fallos.isEmpty()  ? EstadoGrupo::Fallido
              : !dudas.isEmpty() ? EstadoGrupo::Dudoso
                                 : EstadoGrupo::Bien;

@@ -23,7 +23,9 @@ void llenarFicheros(QListWidget& lista, const QString& carpeta, const QString& p
   lista.clear();
   for (const QFileInfo& f : QDir(carpeta).entryInfoList({patron}, QDir::Files, QDir::Name))
     renglon(lista, f.completeBaseName());
-  if (lista.count() == 0) renglon(lista, ninguno)->setFlags(Qt::NoItemFlags);
+  if (lista.count() > 0) return;
+  lista.setWordWrap(true);
+  (new QListWidgetItem(ninguno, &lista))->setFlags(Qt::NoItemFlags);
 }
 
 void elegirFichero(QListWidget& lista, const QString& nombre) {

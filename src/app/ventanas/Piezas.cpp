@@ -100,6 +100,7 @@ void Pieza::poner(const Renglon& renglon) {
   QStringList todo{renglon.palabra, renglon.titulo, renglon.valor, renglon.texto};
   todo.removeAll(QString());
   setAccessibleName(todo.join(u". "_s));
+  setAccessibleDescription(renglon.detalle);
   setCursor(renglon.ventana.isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
   setFocusPolicy(renglon.ventana.isEmpty() ? Qt::NoFocus : Qt::StrongFocus);
   mostrar();
@@ -108,7 +109,7 @@ void Pieza::poner(const Renglon& renglon) {
 }
 
 void Pieza::setSinVentana(const QString& tip) {
-  setToolTip(tip);
+  setToolTip(tip.isEmpty() ? renglon_.detalle : tip);
   if (!tip.isEmpty()) setCursor(Qt::ArrowCursor);
 }
 

@@ -47,6 +47,7 @@ enum TextoPrincipal : int {
   kTxSesionAbierta = 1283,
   kTxGruposEsperan = 1284,
   kTxEsperanDesde = 1285,
+  kTxClases = 1286,
   kTxProxima = 1290,
   kTxSinProxima = 1291,
   kTxSinProximaQueHacer = 1292,

@@ -186,16 +186,21 @@ Renglon Redactor::bandeja() const {
   r.estado = Estado::Duda;
   r.valor = Plural(t_(kTxGruposEsperan), static_cast<int>(r_.bandeja.size()));
   Fecha desde = r_.ahora;
-  QStringList lineas;
+  QStringList lineas, todo;
   for (const auto& e : r_.bandeja) {
     desde = std::min(desde, e.desde);
     QStringList clases;
     for (const int c : e.clases) clases << t_(motor::kTxMensajeClase + c);
+    const QString nombre = nombreGrupo(e.grupo, e.nombre) + u": "_s;
+    todo << nombre + clases.join(u", "_s);
     if (lineas.size() < static_cast<qsizetype>(kEsperanVistos))
-      lineas << nombreGrupo(e.grupo, e.nombre) + u": "_s + clases.join(u", "_s);
+      lineas << nombre + (e.clases.size() == 1
+                              ? clases.first()
+                              : Plural(t_(kTxClases), static_cast<int>(e.clases.size())));
   }
   if (const auto mas = r_.bandeja.size() - static_cast<size_t>(lineas.size()); mas > 0)
     lineas << Plural(t_(kTxYMas), static_cast<int>(mas));
+  r.detalle = todo.join(u'\n');
   r.texto = t_(kTxEsperanDesde, {cuando(desde)}) + u'\n' + lineas.join(u'\n');
   return r;
 }

@@ -16,6 +16,7 @@ struct Renglon {
   QString titulo, texto, valor;
   QString ventana;  // where one acts; empty for nowhere
   ventanas::Argumentos argumentos = {};
+  QString detalle = {};             // what there is no room for
   std::vector<double> barras = {};  // 0 to 1, the last one is today's; negative for none
   bool operator==(const Renglon&) const = default;
 };
