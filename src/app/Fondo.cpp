@@ -3,6 +3,7 @@
 
 #include "app/Aplicacion.h"
 #include "app/TextosApp.h"
+#include "automation/Historial.h"
 #include "comm/tareas/Registro.h"
 #include "core/esquema/Esquema.h"
 #include "devices/PrimerGrupo.h"
@@ -31,6 +32,7 @@ Resultado<std::unique_ptr<dao::Database>> abrirBase(const Ajustes& ajustes, Fech
   TARVO_INTENTAR(totals::asegurarTablasTotales(**db));
   TARVO_INTENTAR(totals::asegurarTablasLibros(**db));
   TARVO_INTENTAR(tareas::asegurarTablasTareas(**db));
+  TARVO_INTENTAR(automation::asegurarTablasHistorial(**db));
   return db;
 }
 

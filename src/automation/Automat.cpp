@@ -124,7 +124,7 @@ void Automat::Interior::terminar(ResultadoProceso con, int faseFinal, int linea)
   if (averiado || pasos.empty()) return;
   if (con == ResultadoProceso::Abortado && yo.conservarAlAbortar)
     return escribir({u"    "_s + t.textos(kTxEjecuteDeNuevo)});
-  if (auto r = diario.cerrar(e.numero); !r) {
+  if (auto r = diario.cerrar(e.numero, static_cast<FinEjecucion>(con), t.reloj.ahora()); !r) {
     escribir({r.error().texto});
     resultado = std::max(resultado, ResultadoProceso::Problemas);
   }
@@ -198,6 +198,10 @@ int Automat::fase() const {
 ResultadoProceso Automat::resultado() const {
   return d->resultado;
 }
+std::optional<qint64> Automat::ejecucion() const {
+  const bool viva = d->vigila() || d->fase == kAbortando;
+  return viva && d->e.numero > 0 ? std::optional(d->e.numero) : std::nullopt;
+}
 int Automat::pasoActual() const {
   return static_cast<int>(d->indice);
 }
@@ -207,6 +211,7 @@ int Automat::pasoActual() const {
 void Automat::InformeProblema(int clase, int grupo, int error, int estado, qint64 codigo) {
   if (!d->vigila()) return;
   d->problema();
+  d->recordarFallo(clase, grupo, error);
   d->informarTarea(clase, grupo, error, estado, codigo, kTxSeAbandona);
 }
 
@@ -217,6 +222,7 @@ void Automat::InformeRetry(int clase, int grupo, int error, int estado, qint64 c
 void Automat::InformeAviso(int, const totals::Aviso& aviso) {
   if (!d->vigila()) return;
   if (aviso.grave) d->problema();
+  d->recordar({aviso.grupo, aviso.texto, aviso.grave});
   d->cabeceraUnaVez();
   d->escribir({u"    "_s + aviso.texto});
 }

@@ -82,6 +82,8 @@ class Automat final : private motor::Vigilante {
   int fase() const;  // FaseProceso
   ResultadoProceso resultado() const;
   int pasoActual() const;
+  // The number of the run that is under way; nothing while there is none.
+  std::optional<qint64> ejecucion() const;
 
  private:
   void InformeProblema(int clase, int grupo, int error, int estado, qint64 codigo) override;

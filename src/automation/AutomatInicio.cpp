@@ -83,7 +83,7 @@ Resultado<> Automat::Interior::prepararEjecucion() {
   t.verTot.ponerSeleccion({});
   e.ultimos = ultimos;
   e.problemas = resultado != ResultadoProceso::Bien;
-  TARVO_INTENTAR(diario.abrir(e));
+  TARVO_INTENTAR(diario.abrir(e, NombreFichero(fichero.ruta())));
   t.sesion.ponerEjecucion(e.numero, false);
   ultimoLatido = t.reloj.monotono();
   return {};
@@ -113,6 +113,7 @@ Resultado<> Automat::Interior::reanudar(Ejecucion vieja) {
   if (e.problemas) resultado = ResultadoProceso::Problemas;
   for (const int g : e.fallidos) t.motor.anadirGrupoFallido(g);
   escribir({t.textos(kTxSeReanuda, {e.latido.general(), e.paso + 1})});
+  recordar({0, t.textos(kTxSeReanuda, {e.latido.general(), e.paso + 1}), false});
   encolarDeNuevo(*tareas);
   indice = e.paso;
   return {};
@@ -157,7 +158,7 @@ Resultado<> Automat::Interior::liquidar(Ejecucion vieja) {
     conCabecera = -1;
     escribir({t.textos(kTxAnotacionesHechas)});
   }
-  return diario.cerrar(numero);
+  return diario.cerrar(numero, FinEjecucion::Interrumpida, t.reloj.ahora());
 }
 
 // REQUIRES that the old run and its steps stand in the place of the new ones.

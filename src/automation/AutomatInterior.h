@@ -44,6 +44,9 @@ struct Automat::Interior {
   void informar(const Hecho& hecho);
   void informarTarea(int clase, int grupo, int error, int estado, qint64 codigo, int fin);
   void cabeceraUnaVez();
+  // --- the history of the run
+  void recordar(const AvisoHecho& aviso);
+  void recordarFallo(int clase, int grupo, int error);
   void problema();
   bool vigila() const;  // reports of the engine count
 

@@ -55,6 +55,7 @@ Resultado<bool> Automat::Interior::llevarACabo(const PasoProceso& p) {
     hecho = std::move(*h);
   }
   informar(*hecho);
+  TARVO_INTENTAR(diario.historial().periodosHechos(e.numero, hecho->periodos));
   TARVO_INTENTAR(registrar());
   TARVO_INTENTAR(tr->confirmar());
   ultimos = e.ultimos;
@@ -153,12 +154,28 @@ QString Automat::Interior::cabecera() const {
 void Automat::Interior::informar(const Hecho& hecho) {
   if (hecho.problemas) problema();
   QStringList entrada;
-  if (hecho.codigo != 0) entrada += kSangria + mensajePaso(hecho.codigo, t.textos);
-  for (const auto& detalle : hecho.detalles) entrada += kSangria + detalle;
+  const auto decir = [&](const AvisoHecho& aviso) {
+    entrada += kSangria + aviso.texto;
+    recordar(aviso);
+  };
+  if (hecho.codigo != 0) decir({0, mensajePaso(hecho.codigo, t.textos), hecho.problemas});
+  for (const auto& detalle : hecho.detalles) decir(detalle);
   if (entrada.isEmpty()) return;
   entrada.prepend(cabecera());
   conCabecera = indice;
   escribir(entrada);
+}
+
+// Where it can't be written, neither can what counts: the record of the next step.
+void Automat::Interior::recordar(const AvisoHecho& aviso) {
+  if (e.numero > 0) static_cast<void>(diario.historial().aviso(e.numero, aviso));
+}
+
+void Automat::Interior::recordarFallo(int clase, int grupo, int error) {
+  const auto explicado = motor::textosError(error, t.textos);
+  const QString palabras = QString(explicado.cabecera + u' ' + explicado.mensaje).simplified();
+  const QString motivo = palabras.isEmpty() ? t.textos(kTxErrorSinTexto, {error}) : palabras;
+  static_cast<void>(diario.historial().tareaFallida(e.numero, grupo, clase, motivo));
 }
 
 void Automat::Interior::cabeceraUnaVez() {

@@ -15,9 +15,6 @@ CREATE TABLE IF NOT EXISTS Proceso (
   NOMBRE TEXT PRIMARY KEY, HUELLA TEXT DEFAULT '', EJECUCION INTEGER DEFAULT 0, PASO INTEGER DEFAULT 0,
   SELECCION TEXT DEFAULT '', ULTIMOS TEXT DEFAULT '', RESULTADO INTEGER DEFAULT 0, INICIO REAL, LATIDO REAL,
   PARAMETROS TEXT DEFAULT '', PASOS TEXT DEFAULT '', FALLIDOS TEXT DEFAULT '');
-CREATE TABLE IF NOT EXISTS ProcesoTareas (
-  EJECUCION INTEGER NOT NULL, PASO INTEGER NOT NULL, GRUPO INTEGER NOT NULL, HECHA INTEGER DEFAULT 0,
-  PRIMARY KEY (EJECUCION, PASO, GRUPO));
 )";
 
 std::unexpected<Error> danado(const Textos& textos) {
@@ -64,8 +61,8 @@ QString Ejecucion::huella() const {
 }
 
 Resultado<> Diario::asegurar() {
-  if (db_.existeTabla(u"ProcesoTareas")) return {};
-  return db_.ejecutarGuion(kGuionDiario);
+  if (!db_.existeTabla(u"Proceso")) TARVO_INTENTAR(db_.ejecutarGuion(kGuionDiario));
+  return asegurarTablasHistorial(db_);
 }
 
 Resultado<std::optional<Ejecucion>> Diario::pendiente(const QString& nombre) {
@@ -84,7 +81,7 @@ Resultado<std::optional<Ejecucion>> Diario::pendiente(const QString& nombre) {
   return e;
 }
 
-Resultado<> Diario::abrir(Ejecucion& e) {
+Resultado<> Diario::abrir(Ejecucion& e, const QString& traza) {
   auto tr = dao::Transaccion::empezar(db_);
   if (!tr) return std::unexpected(tr.error());
   totals::EstadoBase estado(db_);
@@ -95,6 +92,7 @@ Resultado<> Diario::abrir(Ejecucion& e) {
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO Proceso (NOMBRE, HUELLA, EJECUCION, INICIO, PASOS) VALUES (?, ?, ?, ?, ?)",
       e.nombre, e.huella(), e.numero, e.inicio, e.lineas.join(u'\n')));
+  TARVO_INTENTAR(historial_.empezar(e.numero, e.nombre, e.inicio, traza));
   TARVO_INTENTAR(anotar(e));
   return tr->confirmar();
 }
@@ -121,19 +119,34 @@ Resultado<> Diario::conProblemas(qint64 ejecucion) {
   return {};
 }
 
-Resultado<> Diario::cerrar(qint64 ejecucion) {
+Resultado<> Diario::cerrar(qint64 ejecucion, FinEjecucion fin, Fecha ahora) {
   auto tr = dao::Transaccion::empezar(db_);
   if (!tr) return std::unexpected(tr.error());
-  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM ProcesoTareas WHERE EJECUCION=?", ejecucion));
+  TARVO_INTENTAR(historial_.acabar(ejecucion, fin, ahora));
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Proceso WHERE EJECUCION=?", ejecucion));
   return tr->confirmar();
 }
 
-Resultado<> Diario::tareaEnCola(qint64 ejecucion, qint64 paso, int grupo) {
-  TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO ProcesoTareas (EJECUCION, PASO, GRUPO) SELECT ?, ?, ? WHERE NOT EXISTS "
-      u"(SELECT 1 FROM ProcesoTareas WHERE EJECUCION=? AND PASO=? AND GRUPO=?)",
-      ejecucion, paso, grupo, ejecucion, paso, grupo));
+namespace {
+// Of HECHA.
+constexpr int kPorHacer = 0, kRechazada = 2;
+}  // namespace
+
+Resultado<> Diario::tareaEnCola(qint64 ejecucion, qint64 paso, int grupo, int clase) {
+  return anadirTarea(ejecucion, paso, grupo, clase, kPorHacer, {});
+}
+
+Resultado<> Diario::tareaRechazada(qint64 ejecucion, qint64 paso, int grupo, int clase,
+                                   const QString& motivo) {
+  return anadirTarea(ejecucion, paso, grupo, clase, kRechazada, motivo);
+}
+
+Resultado<> Diario::anadirTarea(qint64 ejecucion, qint64 paso, int grupo, int clase, int hecha,
+                                const dao::Valor& motivo) {
+  TARVO_INTENTAR(
+      db_.ejecutar(u"INSERT INTO ProcesoTareas (EJECUCION, PASO, GRUPO, CLASE, HECHA, FALLO) "
+                   u"VALUES (?, ?, ?, ?, ?, ?) ON CONFLICT (EJECUCION, PASO, GRUPO) DO NOTHING",
+                   ejecucion, paso, grupo, clase, hecha, motivo));
   return {};
 }
 

@@ -1,4 +1,5 @@
-// How far a run has come, on disk: one row while it is unfinished, and the tasks that it queued.
+// How far a run has come, on disk: one row while it is unfinished, and the tasks that it queued,
+// which stay for its history.
 // What a step does and the record that it is done go in one transaction of the caller's. Rules:
 // docs/procesos.md.
 #pragma once
@@ -7,6 +8,7 @@
 #include <set>
 #include <vector>
 
+#include "automation/Historial.h"
 #include "automation/Parametros.h"
 #include "core/dao/Database.h"
 #include "core/textos/Textos.h"
@@ -30,20 +32,23 @@ struct Ejecucion {
 
 class Diario {
  public:
-  Diario(dao::Database& db, const Textos& textos) : db_(db), textos_(textos) {}
+  Diario(dao::Database& db, const Textos& textos) : db_(db), textos_(textos), historial_(db) {}
 
   // Makes the tables when they are missing.
   Resultado<> asegurar();
   // The unfinished run of a process, if there is one. A row that can't be understood is an Error.
   Resultado<std::optional<Ejecucion>> pendiente(const QString& nombre);
-  // Gives the run its number and writes its row.
-  Resultado<> abrir(Ejecucion& e);
+  // Gives the run its number and writes its row; `traza` names its file.
+  Resultado<> abrir(Ejecucion& e, const QString& traza);
   Resultado<> anotar(const Ejecucion& e);
   Resultado<> latir(qint64 ejecucion, Fecha ahora);
   Resultado<> conProblemas(qint64 ejecucion);
-  Resultado<> cerrar(qint64 ejecucion);
+  Resultado<> cerrar(qint64 ejecucion, FinEjecucion fin, Fecha ahora);
 
-  Resultado<> tareaEnCola(qint64 ejecucion, qint64 paso, int grupo);
+  Resultado<> tareaEnCola(qint64 ejecucion, qint64 paso, int grupo, int clase);
+  // It was never queued, and isn't when the run is gone on with.
+  Resultado<> tareaRechazada(qint64 ejecucion, qint64 paso, int grupo, int clase,
+                             const QString& motivo);
   Resultado<> tareaHecha(qint64 ejecucion, qint64 paso, int grupo, Fecha ahora);
   struct Tarea {
     qint64 paso = 0;
@@ -52,9 +57,15 @@ class Diario {
   // What was queued at or behind a step and isn't done, in the order in which it was queued.
   Resultado<std::vector<Tarea>> tareasPorHacer(qint64 ejecucion, qint64 desdePaso);
 
+  Historial& historial() { return historial_; }
+
  private:
+  Resultado<> anadirTarea(qint64 ejecucion, qint64 paso, int grupo, int clase, int hecha,
+                          const dao::Valor& motivo);
+
   dao::Database& db_;
   const Textos& textos_;
+  Historial historial_;
 };
 
 }  // namespace tarvo::automation

@@ -19,7 +19,7 @@ Hecho deFallo(const Error& e, int codigo = 0) {
 }
 
 void contar(const std::vector<totals::Aviso>& avisos, Hecho& h) {
-  for (const auto& a : avisos) h.decir(a.texto, a.grave);
+  for (const auto& a : avisos) h.decir(a.texto, a.grave, a.grupo);
 }
 
 // The code with which a verb of P answers that it did not do what it promises.
@@ -110,11 +110,13 @@ Resultado<Hecho> Ejecutor::tarea(const PasoProceso& p, Ejecucion& e) {
     const int codigo =
         t_.motor.NuevaTarea(g, orden->todo, orden->desde, orden->hasta, orden->clase, e.paso);
     if (codigo == 0) {
-      TARVO_INTENTAR(diario_.tareaEnCola(e.numero, e.paso, g));
+      TARVO_INTENTAR(diario_.tareaEnCola(e.numero, e.paso, g, orden->clase));
       continue;
     }
     h.error(codigo);
     rechazados += Ceros(g, 4);
+    TARVO_INTENTAR(
+        diario_.tareaRechazada(e.numero, e.paso, g, orden->clase, mensajePaso(codigo, t_.textos)));
     // What the group holds now isn't read in this run, so it must not be told to forget it.
     if (codigo == 1) {
       e.fallidos.insert(g);
@@ -167,6 +169,7 @@ void Ejecutor::cerrar(const PasoProceso& p, Ejecucion& e, Hecho& h) {
   if (!links) h.decir(links.error().texto);
   if (!links || links->empty() || t_.sesion.estado() != 0) return noMemorizado(e, h);
   e.ultimos = std::move(*links);
+  h.periodos = e.ultimos;
   t_.ajustes.UltimosPeriodos.assign(e.ultimos.begin(), e.ultimos.end());
 }
 

@@ -10,14 +10,15 @@ namespace tarvo::automation {
 // What came of a step.
 struct Hecho {
   bool completo = true;
-  int codigo = 0;        // of the messages of a process, 0 for none
-  QStringList detalles;  // sentences to stand under the step's header
+  int codigo = 0;                    // of the messages of a process, 0 for none
+  std::vector<AvisoHecho> detalles;  // sentences to stand under the step's header
   bool problemas = false;
-  bool sesionMovida = false;  // the settings file is to be brought up to date
+  bool sesionMovida = false;     // the settings file is to be brought up to date
+  std::vector<qint64> periodos;  // that it memorised
 
   void error(int cual) { codigo = cual, problemas = true; }
-  void decir(const QString& texto, bool esProblema = true) {
-    detalles += texto;
+  void decir(const QString& texto, bool esProblema = true, int grupo = 0) {
+    detalles.push_back({grupo, texto, esProblema});
     problemas = problemas || esProblema;
   }
 };

@@ -43,6 +43,22 @@ enum TextoAutomation : int {
   kTxNoEsClasePeriodo = 8050,
   kTxNoEsOrden = 8051,
   kTxMensajePaso = 8100,  // to 8114: by code of a step
+  // The morning.
+  kTxNoComunica = 8300,
+  kTxNadaEjecutado = 8301,
+  kTxNadieLoNombra = 8302,
+  kTxNoRecogido = 8303,
+  kTxCortado = 8304,
+  kTxSinCero = 8305,
+  kTxNoHecho = 8306,
+  kTxEnCurso = 8307,
+  kTxNoCuadran = 8308,
+  kTxCuadran = 8309,
+  kTxRecogidoYCero = 8310,
+  kTxRecogido = 8311,
+  kTxHecho = 8312,
+  kTxErrorSinTexto = 8313,
+  kTxNadaRecogido = 8314,
 };
 
 }  // namespace tarvo::automation

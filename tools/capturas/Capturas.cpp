@@ -21,11 +21,20 @@ namespace {
 constexpr QSize kPantallas[] = {{1366, 768}, {1920, 1080}};
 constexpr int kEscalas[] = {100, 125, 150};
 constexpr int kAsentar = 150;        // ms for lists to be counted and sums to be reckoned
+constexpr int kPaciencia = 5'000;    // ms for a part that says that it is still being filled
 constexpr int kMargenPantalla = 64;  // height that the desktop keeps for itself
 
-void asentar() {
+bool ocupada(const QWidget& v) {
+  for (const auto* parte : v.findChildren<QWidget*>())
+    if (parte->property("ocupada").toBool()) return true;
+  return false;
+}
+
+void asentar(const QWidget& v) {
   QElapsedTimer t;
-  for (t.start(); t.elapsed() < kAsentar; QThread::msleep(2)) QApplication::processEvents();
+  for (t.start(); t.elapsed() < kAsentar || (ocupada(v) && t.elapsed() < kPaciencia);
+       QThread::msleep(2))
+    QApplication::processEvents();
 }
 
 // Lists take the whole screen, as one works with them; sheets keep their size.
@@ -65,7 +74,7 @@ QStringList una(ventanas::Escritorio& e, const Encargo& encargo, const QString& 
       cajas, [&] { return e.ventanas().abrir(nombre, nullptr, e.ventanas().muestra(nombre)); });
   if (!v) return {fichero + u": no se abre: "_s + cajas.join(u' ')};
   dimensionar(*v, pantalla);
-  asentar();
+  asentar(*v);
   QStringList faltas = cortes(*v);
   if (v->width() > pantalla.width() || v->height() > pantalla.height() - kMargenPantalla)
     faltas << u"no cabe en la pantalla: pide %1x%2"_s.arg(v->width()).arg(v->height());

@@ -26,10 +26,40 @@ bool hayPantalla() {
   return false;
 }
 
-// The window that the command line asks for.
-QString primeraVentana(const Ordenes& o) {
-  if (!o.ventana.isEmpty()) return o.ventana;
-  return o.proceso.isEmpty() ? u"MainTarvo"_s : u"Automat"_s;
+// The window that the command line asks for, and what it is to open with.
+struct Primera {
+  QString ventana;
+  ventanas::Argumentos argumentos = {};
+};
+
+// Nothing when the process can't be read, which has been said.
+std::optional<Primera> delProceso(const QString& ruta, const Fondo& fondo, const Aplicacion& app) {
+  const ventanas::Argumentos argumentos{{u"proceso"_s, ruta}};
+  if (ruta.endsWith(u".cro"_s, Qt::CaseInsensitive)) return Primera{u"Cronos"_s, argumentos};
+  const auto fichero = app.lenguaje().LeerProceso(ruta);
+  if (fichero)
+    return Primera{fichero->activaciones.empty() ? u"Automat"_s : u"Cronos"_s, argumentos};
+  QString frase = fondo.textos(kTxProcesoNoCargado);
+  CambiaTexto(u"#"_s, NombreFichero(ruta), frase);
+  avisar(frase);
+  avisar(fichero.error().texto);
+  ventanas::MyMsgBox::Decide(nullptr, fondo.textos, frase, ventanas::kCritico);
+  return std::nullopt;
+}
+
+// The mode of the program: a process, a delayed program, or the main window.
+std::optional<Primera> primeraVentana(const Ordenes& o, const Fondo& fondo, const Aplicacion& app,
+                                      const ventanas::Ventanas& todas) {
+  if (!o.ventana.isEmpty()) return Primera{o.ventana, todas.muestra(o.ventana)};
+  if (o.proceso.trimmed().isEmpty()) return Primera{u"MainTarvo"_s};
+  return delProceso(rutaProceso(o.proceso, fondo.ajustes), fondo, app);
+}
+
+// Tickets that were left open on another day. It is no fault when there is no such table.
+Resultado<> olvidarTiquesViejos(dao::Database& db, Fecha hoy) {
+  if (!db.existeTabla(u"TikAbier")) return {};
+  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM TikAbier WHERE fecha<?", hoy.dia()));
+  return {};
 }
 
 int guardarTodo(const Fondo& fondo, const Textos& t) {
@@ -52,20 +82,22 @@ int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, const Textos& 
                                   Ajustes::ruta(u"VENTANAS.INI"_s, fondo.ajustes.carpeta));
   ventanas::Ventanas& ventanas = escritorio.ventanas();
   registrarVentanas(ventanas, aplicacion);
-  const QString nombre = primeraVentana(o);
-  if (!ventanas.conoce(nombre)) {
-    avisar(t(kTxVentanaDesconocida).arg(nombre, ventanas.nombres().join(u", "_s)));
+  const auto primera = primeraVentana(o, fondo, aplicacion, ventanas);
+  if (!primera) return std::max<int>(kSinProceso, guardarTodo(fondo, t));
+  if (!ventanas.conoce(primera->ventana)) {
+    avisar(t(kTxVentanaDesconocida).arg(primera->ventana, ventanas.nombres().join(u", "_s)));
     return kArgumentosMalos;
   }
+  if (primera->ventana == u"MainTarvo")
+    if (const auto hecho = olvidarTiquesViejos(*fondo.db, reloj.ahora()); !hecho)
+      avisar(hecho.error().texto);
   const Senales senales([&] {
     if (!ventanas.DescargaTodo()) qt.quit();
   });
   qt.setQuitOnLastWindowClosed(false);
   QObject::connect(&ventanas, &ventanas::Ventanas::vacio, &qt, &QApplication::quit);
-  ventanas::Argumentos argumentos =
-      o.ventana.isEmpty() ? ventanas::Argumentos() : ventanas.muestra(nombre);
-  if (!o.proceso.isEmpty()) argumentos[u"proceso"_s] = rutaProceso(o.proceso, fondo.ajustes);
-  if (!ventanas.abrir(nombre, nullptr, argumentos)) return kProblemas;
+  if (!ventanas.abrir(primera->ventana, nullptr, primera->argumentos))
+    return std::max<int>(o.proceso.isEmpty() ? kProblemas : kSinProceso, guardarTodo(fondo, t));
   const int estado = qt.exec();
   return std::max(estado, guardarTodo(fondo, t));
 }
@@ -78,6 +110,10 @@ int principalVentanas(int argc, char** argv) {
       avisar(t(kTxSinPantalla));
       return kArgumentosMalos;
     }
+    // The desktop knows the window by the name of its entry, on Wayland too.
+    QGuiApplication::setDesktopFileName(u"tarvo"_s);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication qt(argc, argv);
     return conFondo(
         o, t, [&](Fondo& fondo, Reloj& reloj) { return conVentanas(qt, o, fondo, t, reloj); });

@@ -1,12 +1,27 @@
 #include "app/ventanas/Registro.h"
 
+#include "app/ventanas/ElemPerso.h"
+#include "app/ventanas/MainTarvo.h"
+#include "app/ventanas/PortalCnf.h"
 #include "comm/ventanas/Registro.h"
 #include "totals/ventanas/RegistroTotales.h"
 
 namespace tarvo::app {
 
+void registrarVentanasPrincipal(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
+  using ventanas::Contexto;
+  ventanas.registrar(QStringLiteral("MainTarvo"), [&](Contexto& c, const QString& n) {
+    return new MainTarvo(c, n, aplicacion);
+  });
+  ventanas.registrar(QStringLiteral("PortalCnf"),
+                     [](Contexto& c, const QString& n) { return new PortalCnf(c, n); });
+  ventanas.registrar(QStringLiteral("ElemPerso"),
+                     [](Contexto& c, const QString& n) { return new ElemPerso(c, n); });
+}
+
 // One line a room.
 void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
+  registrarVentanasPrincipal(ventanas, aplicacion);
   comm::registrarVentanasComm(ventanas, {.motor = aplicacion.gestcomm(),
                                          .enlaces = aplicacion.enlaces(),
                                          .sesion = aplicacion.sesion(),

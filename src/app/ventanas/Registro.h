@@ -6,7 +6,10 @@
 
 namespace tarvo::app {
 
-// REQUIRES that the application outlives all windows.
+// The main window and its own: MainTarvo, PortalCnf, ElemPerso. REQUIRES that the application
+// outlives all windows.
+void registrarVentanasPrincipal(ventanas::Ventanas& ventanas, Aplicacion& aplicacion);
+// All of them.
 void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion);
 
 }  // namespace tarvo::app

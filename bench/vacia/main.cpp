@@ -1,0 +1,15 @@
+// The least that a window can be: empty, in the look of the program's own.
+#include <QMainWindow>
+
+#include "PrimerPintado.h"
+#include "core/ventanas/Tema.h"
+
+int main(int argc, char** argv) {
+  QApplication app(argc, argv);
+  tarvo::banco::vigilarPintado();
+  const tarvo::ventanas::Tema tema(app, tarvo::ventanas::Cara::Clara);
+  QMainWindow ventana;
+  ventana.resize(1120, 680);
+  ventana.show();
+  return QApplication::exec();
+}

@@ -1,0 +1,10 @@
+// The program with windows, up to its first painting.
+#include "PrimerPintado.h"
+#include "app/ventanas/PrincipalVentanas.h"
+
+using tarvo::banco::vigilarPintado;
+Q_COREAPP_STARTUP_FUNCTION(vigilarPintado)
+
+int main(int argc, char** argv) {
+  return tarvo::app::principalVentanas(argc, argv);
+}

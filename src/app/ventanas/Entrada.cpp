@@ -1,0 +1,40 @@
+#include "app/ventanas/Entrada.h"
+
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
+
+#include "core/ventanas/Medidas.h"
+
+namespace tarvo::app {
+
+using ventanas::escalar;
+
+Entrada::Entrada(QWidget* padre) : QToolButton(padre) {
+  setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  setFocusPolicy(Qt::StrongFocus);
+}
+
+QSize Entrada::sizeHint() const {
+  const int h = escalar(ventanas::kMargen),
+            texto = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+  return {h + iconSize().width() + h + texto + h,
+          escalar(ventanas::kAltoControl + 2 * ventanas::kPaso)};
+}
+
+void Entrada::paintEvent(QPaintEvent*) {
+  QStylePainter p(this);
+  QStyleOptionToolButton o;
+  initStyleOption(&o);
+  o.text.clear();
+  o.icon = {};
+  p.drawComplexControl(QStyle::CC_ToolButton, o);
+  const int h = escalar(ventanas::kMargen);
+  const QRect imagen(QPoint(h, (height() - iconSize().height()) / 2), iconSize());
+  icon().paint(&p, imagen, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+  p.drawItemText(rect().adjusted(imagen.right() + h, 0, -h, 0),
+                 Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, palette(), isEnabled(),
+                 text(), QPalette::WindowText);
+}
+
+}  // namespace tarvo::app

@@ -1,0 +1,207 @@
+#include "app/ventanas/MainTarvo.h"
+
+#include <QKeyEvent>
+#include <QShortcut>
+#include <QToolButton>
+
+#include "app/ventanas/Entrada.h"
+#include "app/ventanas/Manana.h"
+#include "app/ventanas/SysTray.h"
+#include "app/ventanas/TextosPrincipal.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/Ventanas.h"
+
+namespace tarvo::app {
+
+using namespace Qt::StringLiterals;
+using ventanas::escalar;
+
+namespace {
+
+struct EntradaMenu {
+  Entrada* Ui::MainTarvo::* boton;
+  const char16_t* icono;
+  const char16_t* ventana;  // empty: a panel, or the person's own
+  ventanas::Argumentos argumentos = {};
+};
+
+const std::vector<EntradaMenu>& entradas() {
+  using U = Ui::MainTarvo;
+  static const ventanas::Argumentos kGrupos{{u"Grupos"_s, true}, {u"Depts"_s, false}};
+  static const ventanas::Argumentos kDepts{{u"Grupos"_s, false}, {u"Depts"_s, true}};
+  static const std::vector<EntradaMenu> kEntradas{
+      {&U::Balanzas, u"balanza", u"BrowGrupos", kGrupos},
+      {&U::Articulos, u"articulo", u"BrowGrupos", kDepts},
+      {&U::Operadores, u"operador", u"BrowOper"},
+      {&U::EnviarRecibir, u"recibir", u"gestcomm"},
+      {&U::Totales, u"totales", u"VerTot"},
+      {&U::Etiquetas, u"etiqueta", u"EdiEtqu"},
+      {&U::Almacen, u"almacen", u""},
+      {&U::Avanzados, u"mas", u""},
+      {&U::Personalizado, u"ejecutar", u""},
+      {&U::Ofertas, u"etiqueta", u"BrowOfer"},
+      {&U::Albaranes, u"importar", u"BrowAlba"},
+      {&U::Traspasos, u"transfiriendo", u"BrowTrans"},
+      {&U::Pedidos, u"exportar", u"BrowPedi"},
+      {&U::Inventarios, u"sumar", u"BrowInve"},
+      {&U::Almacenes, u"almacen", u"StckCtrl"},
+      {&U::Automaticos, u"automatico", u"BrwMac"},
+      {&U::EnLinea, u"linea", u"PortalEnLinea"},
+      {&U::Configuracion, u"ajustes", u"PortalCnf"},
+  };
+  return kEntradas;
+}
+
+QIcon iconoTarvo() {
+  QIcon icono;
+  for (const int lado : {16, 32, 48, 128})
+    icono.addPixmap(QPixmap(u":/escritorio/tarvo-%1.png"_s.arg(lado)));  // needs no plugin
+  return icono;
+}
+
+}  // namespace
+
+MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplicacion& aplicacion)
+    : Ventana(contexto, nombre), app_(aplicacion), tray_(new SysTray(this)) {
+  ui_.setupUi(cuerpo());
+  manana_ = new Manana(contexto, aplicacion, cuerpo());
+  ui_.SitioManana->addWidget(manana_);
+  ui_.todo->setStretch(1, 1);
+  ponerEntradas();
+  enlazar();
+  setWindowIcon(iconoTarvo());
+  ui_.Logo->setPixmap(windowIcon().pixmap(escalar(2 * ventanas::kIcono)));
+  ui_.Version->setText(t(kTxVer) + QStringLiteral(TARVO_VERSION));
+  ui_.Columna->setBackgroundRole(QPalette::Base);
+  ui_.Columna->setAutoFillBackground(true);
+  ventanas::ponerLetra(*ui_.Titulo, ventanas::Letra::Titulo);
+  ventanas::ponerLetra(*ui_.Version, ventanas::Letra::Secundaria);
+  // The board keeps its place while the panels are hidden.
+  QSizePolicy politica = ui_.Paneles->sizePolicy();
+  politica.setRetainSizeWhenHidden(true);
+  ui_.Paneles->setSizePolicy(politica);
+  refrescarPersonal();
+  mostrarPanel(kPrincipal);
+  connect(tray_, &SysTray::DblClick, this, [this](int boton) {
+    if (boton == 1) reaparecer();
+  });
+  // The desktop is asked for a place for the icon once the window is on the screen.
+  connect(
+      manana_, &Manana::renovada, tray_, [this] { tray_->IniSysTray(windowIcon(), windowTitle()); },
+      Qt::SingleShotConnection);
+  connect(manana_, &Manana::elegida, this, &MainTarvo::abrir);
+  connect(manana_, &Manana::fallo, this, [this](const Error& e) { decirFallo(e); });
+}
+
+MainTarvo::~MainTarvo() = default;
+
+// --- entries ------------------------------------------------------------------------------------
+
+void MainTarvo::ponerEntradas() {
+  for (const EntradaMenu& e : entradas()) {
+    QToolButton* b = ui_.*e.boton;
+    b->setIcon(ventanas::icono(QString::fromUtf16(e.icono)));
+    const int lado = escalar(ventanas::kIconoGrande);
+    b->setIconSize({lado, lado});
+    const QString ventana = QString::fromUtf16(e.ventana);
+    if (ventana.isEmpty()) continue;
+    connect(b, &QToolButton::clicked, this, [this, ventana, &e] { abrir(ventana, e.argumentos); });
+    if (contexto().ventanas.conoce(ventana)) continue;
+    b->setEnabled(false);
+    b->setToolTip(t(kTxSinEstaVentana));
+  }
+  connect(ui_.Almacen, &QToolButton::clicked, this, [this] { mostrarPanel(kAlmacen); });
+  connect(ui_.Avanzados, &QToolButton::clicked, this, [this] { mostrarPanel(kAvanzado); });
+  connect(ui_.Personalizado, &QToolButton::clicked, this, &MainTarvo::pulsarPersonal);
+  atenderMenu(*ui_.Personalizado, std::nullopt);
+  ui_.Minimizar->setIcon(ventanas::icono(u"quitar"_s));
+  connect(ui_.Salir, &QToolButton::clicked, this, &MainTarvo::salir);
+  connect(ui_.Minimizar, &QToolButton::clicked, this, &MainTarvo::minimizar);
+}
+
+void MainTarvo::abrir(const QString& ventana, const ventanas::Argumentos& argumentos) {
+  if (!contexto().ventanas.conoce(ventana)) return decirDuda(t(kTxSinEstaVentana));
+  contexto().ventanas.abrir(ventana, this, argumentos);
+}
+
+void MainTarvo::mostrarPanel(Panel panel) {
+  const bool cambia = ui_.Paneles->currentIndex() != panel;
+  ui_.Paneles->setCurrentIndex(panel);
+  ui_.Paneles->setVisible(true);
+  ui_.Salir->setText(t(panel == kPrincipal ? kTxSalir : kTxVolver));
+  ui_.Salir->setIcon(ventanas::icono(panel == kPrincipal ? u"cerrar"_s : u"atras"_s));
+  if (!cambia || !isActiveWindow()) return;
+  for (auto* b : ui_.Paneles->currentWidget()->findChildren<QToolButton*>())
+    if (b->isEnabled()) return b->setFocus(Qt::TabFocusReason);
+  ui_.Salir->setFocus(Qt::TabFocusReason);
+}
+
+// Up and down go from entry to entry, round the end.
+void MainTarvo::moverFoco(int pasos) {
+  QList<QToolButton*> botones = ui_.Paneles->currentWidget()->findChildren<QToolButton*>();
+  botones << ui_.Salir << ui_.Minimizar;
+  botones.removeIf([](const QToolButton* b) { return !b->isEnabled() || !b->isVisible(); });
+  const auto aqui = botones.indexOf(qobject_cast<QToolButton*>(focusWidget()));
+  if (botones.isEmpty()) return;
+  const auto n = botones.size();
+  botones[aqui < 0 ? 0 : (aqui + pasos + n) % n]->setFocus(Qt::TabFocusReason);
+}
+
+void MainTarvo::keyPressEvent(QKeyEvent* evento) {
+  const bool enColumna = ui_.Columna->isAncestorOf(focusWidget());
+  if (enColumna && (evento->key() == Qt::Key_Down || evento->key() == Qt::Key_Up))
+    return moverFoco(evento->key() == Qt::Key_Down ? 1 : -1);
+  if (enColumna && (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter)) {
+    if (auto* b = qobject_cast<QToolButton*>(focusWidget())) return b->click();
+  }
+  Ventana::keyPressEvent(evento);
+}
+
+// --- coming and going ---------------------------------------------------------------------------
+
+void MainTarvo::changeEvent(QEvent* evento) {
+  Ventana::changeEvent(evento);
+  if (evento->type() == QEvent::WindowStateChange && isMinimized() && tray_->hay() && esLaUnica())
+    hide();
+  if (evento->type() != QEvent::ActivationChange || enPersonal_) return;
+  if (isActiveWindow()) {
+    mostrarPanel(kPrincipal);
+    if (ultimaEntrada_ && ultimaEntrada_->isVisible()) ultimaEntrada_->setFocus();
+  } else {
+    ultimaEntrada_ = focusWidget();
+    ui_.Paneles->hide();
+  }
+}
+
+void MainTarvo::salir() {
+  ui_.Paneles->currentIndex() == kPrincipal ? static_cast<void>(close()) : mostrarPanel(kPrincipal);
+}
+
+bool MainTarvo::esLaUnica() const {
+  for (const Ventana* v : contexto().ventanas.abiertas())
+    if (v != this && v->isVisible()) return false;
+  return true;
+}
+
+void MainTarvo::minimizar() {
+  tray_->hay() && esLaUnica() ? hide() : showMinimized();
+}
+
+void MainTarvo::reaparecer() {
+  showNormal();
+  raise();
+  activateWindow();
+}
+
+bool MainTarvo::QueryUnload() {
+  if (contexto().ventanas.DescargaTodo(this)) {
+    if (contexto().ventanas.cargada(u"gestcomm"_s)) decirDuda(t(kTxSinCerrar));
+    return true;
+  }
+  tray_->FinSysTray();
+  // The program's end writes it again, and says when it can't.
+  static_cast<void>(contexto().ajustes.GuardarConfig());
+  return false;
+}
+
+}  // namespace tarvo::app

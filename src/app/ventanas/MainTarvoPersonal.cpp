@@ -1,0 +1,142 @@
+// The person's own entries: processes under a title of theirs.
+#include <QMenu>
+#include <QToolButton>
+
+#include "app/ventanas/Entrada.h"
+#include "app/ventanas/MainTarvo.h"
+#include "app/ventanas/TextosPrincipal.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/Ventanas.h"
+
+namespace tarvo::app {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// "&" of a title is no mnemonic.
+QString sinMarca(QString titulo) {
+  return titulo.replace(u'&', u"&&"_s);
+}
+
+QString enBoton(const QToolButton& boton, const QString& titulo) {
+  const int ancho = ventanas::escalar(40 * ventanas::kPaso);
+  return sinMarca(boton.fontMetrics().elidedText(titulo, Qt::ElideRight, ancho));
+}
+
+}  // namespace
+
+// Anew from the list: the last main entry, and the panel of two or more.
+void MainTarvo::refrescarPersonal() {
+  const auto& lista = contexto().ajustes.personal;
+  const QString unico = lista.size() == 1 ? lista.front().titulo : t(kTxPersonalizado);
+  ui_.Personalizado->setText(enBoton(*ui_.Personalizado, unico));
+  ui_.Personalizado->setAccessibleName(unico);
+  ui_.Personalizado->setToolTip(ui_.Personalizado->text() == sinMarca(unico) ? QString() : unico);
+  // Not at once: the click of one of them may have led here.
+  for (auto* viejo : ui_.PanelPersonal->findChildren<QToolButton*>()) {
+    ui_.cajaPanelPersonal->removeWidget(viejo);
+    viejo->setObjectName({});
+    viejo->hide();
+    viejo->deleteLater();
+  }
+  for (size_t i = 0; i < lista.size(); ++i) {
+    auto* b = new Entrada(ui_.PanelPersonal);
+    b->setObjectName(u"Personal%1"_s.arg(i));
+    b->setIcon(ui_.Personalizado->icon());
+    b->setIconSize(ui_.Personalizado->iconSize());
+    b->setText(enBoton(*b, lista[i].titulo));
+    b->setAccessibleName(lista[i].titulo);
+    if (b->text() != sinMarca(lista[i].titulo)) b->setToolTip(lista[i].titulo);
+    connect(b, &QToolButton::clicked, this,
+            [this, titulo = lista[i].titulo] { ejecutarPersonal(titulo); });
+    atenderMenu(*b, i);
+    ui_.cajaPanelPersonal->insertWidget(static_cast<int>(i), b);
+  }
+}
+
+void MainTarvo::pulsarPersonal() {
+  const auto& lista = contexto().ajustes.personal;
+  if (lista.empty())
+    menuPersonal(ui_.Personalizado, ui_.Personalizado->rect().bottomLeft(), std::nullopt);
+  else if (lista.size() == 1)
+    ejecutarPersonal(lista.front().titulo);
+  else
+    mostrarPanel(kPersonal);
+}
+
+// --- running ------------------------------------------------------------------------------------
+
+void MainTarvo::ejecutarPersonal(const QString& titulo) {
+  const Ajustes& a = contexto().ajustes;
+  const auto cual = std::ranges::find(a.personal, titulo, &Ajustes::Personal::titulo);
+  if (cual == a.personal.end()) return;
+  const QString aut = Ajustes::ruta(cual->proceso + u".AUT"_s, a.HomeDir);
+  const auto fichero = app_.lenguaje().LeerProceso(aut);
+  if (fichero && fichero->activaciones.empty()) return abrir(u"Automat"_s, {{u"proceso"_s, aut}});
+  activar(fichero ? aut : Ajustes::ruta(cual->proceso + u".CRO"_s, a.HomeDir));
+}
+
+// A timetable that was taken over runs on without this window.
+void MainTarvo::activar(const QString& ruta) {
+  if (!contexto().ventanas.conoce(u"Cronos"_s)) return decirDuda(t(kTxSinEstaVentana));
+  if (contexto().ventanas.abrir(u"Cronos"_s, this, {{u"proceso"_s, ruta}})) close();
+}
+
+// --- changing the list --------------------------------------------------------------------------
+
+void MainTarvo::atenderMenu(QToolButton& boton, std::optional<size_t> cual) {
+  boton.setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(&boton, &QWidget::customContextMenuRequested, this,
+          [this, &boton, cual](const QPoint& donde) { menuPersonal(&boton, donde, cual); });
+}
+
+void MainTarvo::menuPersonal(QWidget* sobre, const QPoint& donde, std::optional<size_t> cual) {
+  const auto cuantos = contexto().ajustes.personal.size();
+  if (!cual && cuantos == 1) cual = 0;
+  enPersonal_ = true;
+  QMenu menu(this);
+  menu.setObjectName(u"MenuPersonal"_s);
+  connect(menu.addAction(t(kTxAnadirElemento)), &QAction::triggered, this,
+          [this] { editarPersonal(std::nullopt); });
+  anadirAccion(menu, kTxModificarElemento, [this](size_t i) { editarPersonal(i); }, cual);
+  anadirAccion(menu, kTxEliminarElemento, [this](size_t i) { eliminarPersonal(i); }, cual);
+  menu.exec(sobre->mapToGlobal(donde));
+  enPersonal_ = false;
+  if (isActiveWindow()) ui_.Paneles->setVisible(true);
+}
+
+// An action on the entry under the pointer; where there is none of several, it asks which.
+void MainTarvo::anadirAccion(QMenu& menu, int texto, const std::function<void(size_t)>& hacer,
+                             std::optional<size_t> cual) {
+  const auto& lista = contexto().ajustes.personal;
+  if (cual || lista.empty()) {
+    QAction* accion = menu.addAction(t(texto));
+    accion->setEnabled(!lista.empty());
+    if (cual) connect(accion, &QAction::triggered, this, [hacer, i = *cual] { hacer(i); });
+    return;
+  }
+  QMenu* cuales = menu.addMenu(t(texto));
+  for (size_t i = 0; i < lista.size(); ++i)
+    connect(cuales->addAction(sinMarca(lista[i].titulo)), &QAction::triggered, this,
+            [hacer, i] { hacer(i); });
+}
+
+void MainTarvo::editarPersonal(std::optional<size_t> cual) {
+  ventanas::Argumentos a;
+  if (cual) a[u"elemento"_s] = static_cast<int>(*cual);
+  enPersonal_ = true;
+  const bool aceptado = contexto().ventanas.abrirModal(u"ElemPerso"_s, this, a);
+  enPersonal_ = false;
+  if (aceptado) refrescarPersonal();
+}
+
+void MainTarvo::eliminarPersonal(size_t cual) {
+  auto& lista = contexto().ajustes.personal;
+  if (cual >= lista.size()) return;
+  lista.erase(lista.begin() + static_cast<std::ptrdiff_t>(cual));
+  refrescarPersonal();
+  if (lista.size() < 2 && ui_.Paneles->currentIndex() == kPersonal) mostrarPanel(kPrincipal);
+}
+
+}  // namespace tarvo::app

@@ -1,0 +1,220 @@
+#include "app/ventanas/Manana.h"
+
+#include <QBoxLayout>
+#include <QEvent>
+#include <QLabel>
+
+#include "app/Aplicacion.h"
+#include "app/ventanas/TextosPrincipal.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/Ventanas.h"
+
+namespace tarvo::app {
+
+using namespace Qt::StringLiterals;
+using ventanas::escalar;
+using ventanas::Letra;
+
+namespace {
+
+constexpr int kTrasPintar = 30;      // ms
+constexpr int kMirar = 2'000;        // ms between two looks at whether something changed
+constexpr qint64 kVejez = 60'000;    // ms after which it is read anyway: "yesterday" moves on
+constexpr qint64 kDescanso = 5'000;  // ms at least between two readings while a run writes
+
+QLabel* texto(QWidget* padre, Letra letra, const QString& nombre) {
+  auto* l = new QLabel(padre);
+  l->setObjectName(nombre);
+  l->setTextFormat(Qt::PlainText);
+  ventanas::ponerLetra(*l, letra);
+  return l;
+}
+
+}  // namespace
+
+Manana::Manana(ventanas::Contexto& contexto, Aplicacion& aplicacion, QWidget* padre)
+    : QScrollArea(padre), c_(contexto), app_(aplicacion) {
+  setObjectName(u"Manana"_s);
+  setWidgetResizable(true);
+  setFrameShape(QFrame::NoFrame);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFocusPolicy(Qt::NoFocus);
+  auto* dentro = new QWidget;
+  auto* todo = new QVBoxLayout(dentro);
+  const int m = escalar(ventanas::kSeparacion);
+  todo->setContentsMargins(m, m, m, m);
+  todo->setSpacing(escalar(ventanas::kMargen));
+
+  auto* cabeza = new QHBoxLayout;
+  auto* titulo = texto(dentro, Letra::Titulo, u"TituloManana"_s);
+  titulo->setText(c_.textos(kTxManana));
+  dia_ = texto(dentro, Letra::Secundaria, u"DiaManana"_s);
+  cabeza->addWidget(titulo, 1);
+  cabeza->addWidget(dia_, 0, Qt::AlignBottom);
+  todo->addLayout(cabeza);
+
+  noche_ = new Titular(dentro);
+  noche_->setObjectName(u"Noche"_s);
+  todo->addWidget(noche_);
+  cajaAvisos_ = new QVBoxLayout;
+  cajaAvisos_->setSpacing(0);
+  todo->addLayout(cajaAvisos_);
+
+  enlazar(*noche_);
+  noche_->poner(
+      {.palabra = {}, .titulo = c_.textos(kTxLeyendo), .texto = {}, .valor = {}, .ventana = {}});
+  todo->addStretch(1);
+  setWidget(dentro);
+  setProperty("ocupada", true);  // pictures wait for it
+  mirada_ = c_.reloj.temporizador([this] { mirar(); });
+}
+
+// What has nothing to show before the first reading is made behind it.
+void Manana::completar() {
+  auto* dentro = widget();
+  auto* todo = static_cast<QVBoxLayout*>(dentro->layout());
+  auto* tarjetas = new QHBoxLayout;
+  tarjetas->setSpacing(escalar(ventanas::kMargen));
+  const auto tarjeta = [&](const QString& nombre) {
+    auto* t = new Tarjeta(dentro);
+    t->setObjectName(nombre);
+    tarjetas->addWidget(t, 1);
+    enlazar(*t);
+    t->show();
+    return t;
+  };
+  ventas_ = tarjeta(u"Ventas"_s);
+  bandeja_ = tarjeta(u"Bandeja"_s);
+  proxima_ = tarjeta(u"Proxima"_s);
+  todo->insertLayout(todo->count() - 1, tarjetas);
+
+  auto* cabezaGrupos = new QHBoxLayout;
+  rotuloGrupos_ = texto(dentro, Letra::Titulo, u"TituloGrupos"_s);
+  rotuloGrupos_->setText(c_.textos(kTxGrupos));
+  cuenta_ = texto(dentro, Letra::Secundaria, u"CuentaGrupos"_s);
+  cabezaGrupos->addWidget(rotuloGrupos_);
+  cabezaGrupos->addStretch(1);
+  cabezaGrupos->addWidget(cuenta_, 0, Qt::AlignBottom);
+  todo->insertLayout(todo->count() - 1, cabezaGrupos);
+  cajaGrupos_ = new QVBoxLayout;
+  cajaGrupos_->setSpacing(0);
+  todo->insertLayout(todo->count() - 1, cajaGrupos_);
+  for (QWidget* w : {rotuloGrupos_, cuenta_}) w->show();
+}
+
+Manana::~Manana() = default;
+
+// --- reading ------------------------------------------------------------------------------------
+
+// What is on the screen first is painted first.
+void Manana::showEvent(QShowEvent* evento) {
+  QScrollArea::showEvent(evento);
+  if (!mirada_->activo()) mirada_->unaVez(kTrasPintar);
+}
+
+void Manana::mirar() {
+  mirada_->unaVez(kMirar);
+  if (trabajo_ && trabajo_->enMarcha()) return;
+  const auto ejecucion = app_.automat().ejecucion();
+  const qint64 hace = c_.reloj.monotono() - cuando_;
+  const bool cambiado = c_.db.cambios() != cambios_ && (!ejecucion || hace >= kDescanso);
+  if (!leida_ || ejecucion != ejecucion_ || cambiado || hace >= kVejez) renovar();
+}
+
+void Manana::renovar() {
+  ejecucion_ = app_.automat().ejecucion();
+  cambios_ = c_.db.cambios();
+  cuando_ = c_.reloj.monotono();
+  lector_ = std::make_shared<automation::LectorResumen>(
+      automation::FuentesResumen{.db = c_.db,
+                                 .ajustes = c_.ajustes,
+                                 .textos = c_.textos,
+                                 .lenguaje = app_.lenguaje(),
+                                 .ahora = c_.reloj.ahora(),
+                                 .cronos = &app_.cronos(),
+                                 .enMarcha = ejecucion_});
+  trabajo_ = std::make_unique<Trabajo>(
+      c_.reloj, [lector = lector_](Trabajo::Avance&) { return lector->paso(); },
+      [](const Trabajo::Avance&) {}, [this](const Resultado<Trabajo::Fin>& fin) { acabar(fin); });
+  trabajo_->empezar();
+  if (!mirada_->activo()) mirada_->unaVez(kMirar);
+}
+
+void Manana::acabar(const Resultado<Trabajo::Fin>& fin) {
+  leida_ = true;
+  setProperty("ocupada", false);
+  if (!fin) {
+    Q_EMIT fallo(fin.error());
+  } else if (*fin == Trabajo::Fin::Acabado) {
+    mostrar(vistaDe(lector_->resumen(), c_.textos, c_.ajustes));
+  }
+  Q_EMIT renovada();
+}
+
+// --- showing ------------------------------------------------------------------------------------
+
+void Manana::enlazar(Pieza& pieza) {
+  connect(&pieza, &QAbstractButton::clicked, this, [this, &pieza] {
+    if (!pieza.renglon().ventana.isEmpty())
+      Q_EMIT elegida(pieza.renglon().ventana, pieza.renglon().argumentos);
+  });
+}
+
+void Manana::poner(Pieza& pieza, const Renglon& renglon) {
+  pieza.poner(renglon);
+  const bool falta = !renglon.ventana.isEmpty() && !c_.ventanas.conoce(renglon.ventana);
+  pieza.setSinVentana(falta ? c_.textos(kTxSinEstaVentana) : QString());
+}
+
+// What is the same stays, so that nothing flickers and the focus keeps its place.
+void Manana::mostrar(const VistaManana& vista) {
+  dia_->setText(c_.reloj.ahora().corta());
+  if (vista_ == vista) return;
+  if (!ventas_) completar();
+  poner(*noche_, vista.noche);
+  poner(*ventas_, vista.ventas);
+  poner(*bandeja_, vista.bandeja);
+  poner(*proxima_, vista.proxima);
+  ajustar(avisos_, vista.avisos, *cajaAvisos_);
+  ajustar(grupos_, vista.grupos, *cajaGrupos_);
+  cuenta_->setText(vista.cuenta);
+  vista_ = vista;
+  alinear();
+}
+
+template <class P>
+void Manana::ajustar(std::vector<P*>& piezas, const std::vector<Renglon>& renglones,
+                     QVBoxLayout& caja) {
+  while (piezas.size() > renglones.size()) {
+    delete piezas.back();
+    piezas.pop_back();
+  }
+  while (piezas.size() < renglones.size()) {
+    auto* pieza = new P(widget());
+    pieza->setObjectName(u"Linea%1"_s.arg(piezas.size()));
+    enlazar(*pieza);
+    caja.addWidget(pieza);
+    pieza->show();
+    piezas.push_back(pieza);
+  }
+  for (size_t i = 0; i < renglones.size(); ++i)
+    if (piezas[i]->renglon() != renglones[i]) poner(*piezas[i], renglones[i]);
+}
+
+void Manana::alinear() {
+  QSize anchos;
+  int valor = 0;
+  for (const auto* l : grupos_) {
+    l->ensurePolished();
+    anchos = anchos.expandedTo(l->anchosQuePide());
+    valor = std::max(valor, l->valorQuePide());
+  }
+  for (auto* l : grupos_) l->setAnchos(anchos.width(), anchos.height(), valor);
+}
+
+bool Manana::event(QEvent* evento) {
+  if (evento->type() == QEvent::FontChange && vista_) alinear();
+  return QScrollArea::event(evento);
+}
+
+}  // namespace tarvo::app

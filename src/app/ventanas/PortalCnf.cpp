@@ -1,0 +1,56 @@
+#include "app/ventanas/PortalCnf.h"
+
+#include <QToolButton>
+
+#include "app/ventanas/Entrada.h"
+#include "app/ventanas/TextosPrincipal.h"
+#include "core/ventanas/Escritorio.h"
+#include "core/ventanas/Medidas.h"
+
+namespace tarvo::app {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+// In the order of the list: as the desktop, light, dark.
+const QString kCaras[] = {{}, u"claro"_s, u"oscuro"_s};
+}  // namespace
+
+PortalCnf::PortalCnf(ventanas::Contexto& contexto, const QString& nombre)
+    : Ventana(contexto, nombre) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  const struct {
+    QToolButton* boton;
+    QString icono, ventana;
+  } entradas[] = {{ui_.Comunicaciones, u"modem"_s, u"CfgComm"_s},
+                  {ui_.CopiarBases, u"copiar"_s, u"CopiaMDB"_s},
+                  {ui_.Euros, u"sumar"_s, u"Pts2Eur"_s},
+                  {ui_.CopiaSeguridad, u"guardar"_s, u"gesBackup"_s},
+                  {ui_.Conversion, u"importar"_s, u"MainTvc"_s}};
+  for (const auto& e : entradas) {
+    const int lado = ventanas::escalar(ventanas::kIconoGrande);
+    e.boton->setIcon(ventanas::icono(e.icono));
+    e.boton->setIconSize({lado, lado});
+    connect(e.boton, &QToolButton::clicked, this,
+            [this, v = e.ventana] { this->contexto().ventanas.abrir(v, this); });
+    if (contexto.ventanas.conoce(e.ventana)) continue;
+    e.boton->setEnabled(false);
+    e.boton->setToolTip(t(kTxSinEstaVentana));
+  }
+  ponerAspecto();
+  connect(ui_.Salir, &QPushButton::clicked, this, &QWidget::close);
+}
+
+void PortalCnf::ponerAspecto() {
+  const QString cara = contexto().recuerdos.leer(u"Tema"_s, u"cara"_s);
+  const auto cual = std::ranges::find(kCaras, cara);
+  ui_.Aspecto->setCurrentIndex(
+      cual == std::end(kCaras) ? 0 : static_cast<int>(cual - std::begin(kCaras)));
+  connect(ui_.Aspecto, &QComboBox::activated, this, [this](int i) {
+    contexto().recuerdos.poner(u"Tema"_s, u"cara"_s, kCaras[i]);
+    contexto().tema.setCara(ventanas::leerCara(kCaras[i]));
+  });
+}
+
+}  // namespace tarvo::app

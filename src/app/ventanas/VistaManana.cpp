@@ -1,0 +1,303 @@
+#include "app/ventanas/VistaManana.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "app/ventanas/TextosPrincipal.h"
+#include "comm/motor/TextosMotor.h"
+
+namespace tarvo::app {
+
+using namespace Qt::StringLiterals;
+using automation::EstadoGrupo;
+using automation::FinEjecucion;
+using automation::Resumen;
+using ventanas::Clase;
+using ventanas::Estado;
+
+namespace {
+
+constexpr size_t kAvisosVistos = 5, kGruposVistos = 200, kEsperanVistos = 3;
+constexpr qsizetype kDudasVistas = 3;
+
+QString horaCorta(Fecha momento) {
+  return momento.horaLarga().left(5);
+}
+
+class Redactor {
+ public:
+  Redactor(const Resumen& r, const Textos& t, const Ajustes& a)
+      : r_(r), t_(t), a_(a), formato_(a) {}
+
+  Renglon noche() const;
+  Renglon ventas() const;
+  Renglon bandeja() const;
+  Renglon proxima() const;
+  Renglon grupo(const automation::GrupoResumen& g) const;
+  std::vector<Renglon> avisos() const;
+  std::vector<Renglon> grupos() const;
+  QString cuenta() const;
+
+ private:
+  QString cuando(Fecha momento) const { return cuandoFue(momento, r_.ahora, t_); }
+  QString ver(Clase clase, const dao::Valor& valor, int cifras = 0) const {
+    return formato_.ver({.clase = clase, .cifras = cifras}, valor, 0);
+  }
+  QString nombreGrupo(int grupo, const QString& nombre) const {
+    return ver(Clase::Codigo, grupo, 4) + u' ' + nombre;
+  }
+  QString frase(const automation::EjecucionHecha& e) const;
+  QString comparado(const automation::PeriodoResumen& p) const;
+  void ponerTraza(Renglon& r) const;
+
+  const Resumen& r_;
+  const Textos& t_;
+  const Ajustes& a_;
+  ventanas::Formato formato_;
+};
+
+// --- the night ----------------------------------------------------------------------------------
+
+QString Redactor::frase(const automation::EjecucionHecha& e) const {
+  switch (e.fin) {
+    case FinEjecucion::EnMarcha:
+      return t_(kTxSigueDesde, {e.nombre, cuando(e.inicio)});
+    case FinEjecucion::Interrumpida:
+      return t_(kTxSeCorto, {e.nombre, cuando(e.inicio)});
+    case FinEjecucion::Abortada:
+      return t_(kTxNocheAbortada, {e.nombre, cuando(e.inicio)});
+    default:
+      return t_(kTxCuandoFue, {e.nombre, cuando(e.inicio), horaCorta(e.final.value_or(e.inicio))});
+  }
+}
+
+// The trace tells all of a run.
+void Redactor::ponerTraza(Renglon& r) const {
+  const QString& traza = r_.ejecuciones.front().traza;
+  r.ventana = u"VeoLog"_s;
+  if (!traza.isEmpty()) r.argumentos[u"fichero"_s] = Ajustes::ruta(traza, a_.HomeDir);
+}
+
+Renglon Redactor::noche() const {
+  if (r_.ejecuciones.empty())
+    return {.palabra = {},
+            .titulo = t_(kTxSinNoche),
+            .texto = t_(kTxSinNocheQueHacer),
+            .valor = {},
+            .ventana = {}};
+  const FinEjecucion fin = r_.ejecuciones.front().fin;
+  const bool fallos = r_.cuantos(EstadoGrupo::Fallido) > 0;
+  const bool dudas = r_.cuantos(EstadoGrupo::Dudoso) > 0 || !r_.avisos.empty();
+  Renglon r;
+  if (fin == FinEjecucion::EnMarcha) {
+    r.titulo = t_(kTxNocheEnMarcha);
+  } else if (fallos || fin == FinEjecucion::Interrumpida || fin == FinEjecucion::Abortada) {
+    r.estado = Estado::Mal;
+    r.titulo = t_(kTxNocheMal);
+  } else if (dudas || fin == FinEjecucion::Problemas) {
+    r.estado = Estado::Duda;
+    r.titulo = t_(kTxNocheDudosa);
+  } else {
+    r.estado = Estado::Bien;
+    r.titulo = t_(kTxNocheBien);
+  }
+  r.texto = frase(r_.ejecuciones.front());
+  r.valor = t_(kTxVerTraza);
+  ponerTraza(r);
+  return r;
+}
+
+std::vector<Renglon> Redactor::avisos() const {
+  std::vector<Renglon> lista;
+  for (const auto& aviso : r_.avisos) {
+    if (lista.size() == kAvisosVistos) break;
+    Renglon r{.estado = Estado::Duda,
+              .palabra = t_(kTxVerAviso),
+              .titulo = {},
+              .texto = aviso.texto,
+              .valor = {},
+              .ventana = {}};
+    ponerTraza(r);
+    lista.push_back(std::move(r));
+  }
+  return lista;
+}
+
+// --- figures ------------------------------------------------------------------------------------
+
+QString Redactor::comparado(const automation::PeriodoResumen& p) const {
+  const auto media = p.media();
+  if (!media || *media == 0) return t_(kTxSinOtras);
+  const auto semanas = static_cast<int>(
+      std::ranges::count_if(p.anteriores, [](const auto& a) { return a.has_value(); }));
+  const QString dias = Plural(t_(kTxDiaDeSemana + p.desde.diaSemana() - 1), semanas);
+  const double diferencia =
+      100.0 * static_cast<double>(p.importe - *media) / static_cast<double>(*media);
+  if (std::abs(diferencia) < 0.5) return t_(kTxComoOtras, {dias});
+  return t_(diferencia > 0 ? kTxMasQueOtras : kTxMenosQueOtras,
+            {ver(Clase::Porcentaje, std::abs(diferencia)), dias, ver(Clase::Importe, *media)});
+}
+
+std::vector<double> barrasDe(const automation::PeriodoResumen& p) {
+  qint64 mayor = std::max<qint64>(p.importe, 1);
+  for (const auto& a : p.anteriores) mayor = std::max(mayor, a.value_or(0));
+  std::vector<double> barras;
+  const auto parte = [mayor](qint64 n) {
+    return static_cast<double>(std::max<qint64>(n, 0)) / static_cast<double>(mayor);
+  };
+  for (auto a = p.anteriores.rbegin(); a != p.anteriores.rend(); ++a)
+    barras.push_back(*a ? parte(**a) : -1);
+  barras.push_back(parte(p.importe));
+  return barras;
+}
+
+Renglon Redactor::ventas() const {
+  Renglon r{
+      .palabra = {}, .titulo = t_(kTxVentas), .texto = {}, .valor = {}, .ventana = u"VerTot"_s};
+  const auto dia = std::ranges::find(r_.periodos, 1, &automation::PeriodoResumen::tipo);
+  if (r_.periodos.empty()) {
+    r.valor = t_(kTxSinVentas);
+    if (!r_.ejecuciones.empty()) r.texto = t_(kTxSinVentasQueHacer);
+    return r;
+  }
+  const auto& p = dia != r_.periodos.end() ? *dia : r_.periodos.front();
+  r.titulo += u": "_s + p.texto.simplified();
+  r.valor = ver(Clase::Importe, p.importe) + u' ' +
+            a_.MonedaLogo[static_cast<size_t>(a_.MonedaPreferente != 0)];
+  r.argumentos[u"link"_s] = p.link;
+  r.texto = p.descripcion;
+  if (dia == r_.periodos.end()) return r;
+  r.texto = comparado(p);
+  if (p.media()) r.barras = barrasDe(p);
+  return r;
+}
+
+Renglon Redactor::bandeja() const {
+  Renglon r{.palabra = {},
+            .titulo = t_(kTxBandeja),
+            .texto = {},
+            .valor = t_(kTxBandejaVacia),
+            .ventana = u"gestcomm"_s};
+  if (r_.bandeja.empty()) {
+    r.texto = t_(r_.sesion == 0 ? kTxSesionCerrada : kTxSesionAbierta);
+    return r;
+  }
+  r.ventana = u"CerrSes"_s;
+  r.estado = Estado::Duda;
+  r.valor = Plural(t_(kTxGruposEsperan), static_cast<int>(r_.bandeja.size()));
+  Fecha desde = r_.ahora;
+  QStringList lineas, todo;
+  for (const auto& e : r_.bandeja) {
+    desde = std::min(desde, e.desde);
+    QStringList clases;
+    for (const int c : e.clases) clases << t_(motor::kTxMensajeClase + c);
+    const QString nombre = nombreGrupo(e.grupo, e.nombre) + u": "_s;
+    todo << nombre + clases.join(u", "_s);
+    if (lineas.size() < static_cast<qsizetype>(kEsperanVistos))
+      lineas << nombre + (e.clases.size() == 1
+                              ? clases.first()
+                              : Plural(t_(kTxClases), static_cast<int>(e.clases.size())));
+  }
+  if (const auto mas = r_.bandeja.size() - static_cast<size_t>(lineas.size()); mas > 0)
+    lineas << Plural(t_(kTxYMas), static_cast<int>(mas));
+  r.detalle = todo.join(u'\n');
+  r.texto = t_(kTxEsperanDesde, {cuando(desde)}) + u'\n' + lineas.join(u'\n');
+  return r;
+}
+
+Renglon Redactor::proxima() const {
+  Renglon r{.palabra = {},
+            .titulo = t_(kTxProxima),
+            .texto = t_(kTxSinProximaQueHacer),
+            .valor = t_(kTxSinProxima),
+            .ventana = u"BrwMac"_s};
+  if (!r_.proxima) return r;
+  const auto& p = *r_.proxima;
+  r.ventana = u"Cronos"_s;
+  r.valor = horaCorta(p.cuando);
+  if (p.activo) {
+    r.texto = t_(kTxProximaActiva, {p.proceso, cuando(p.cuando)});
+  } else {
+    r.estado = Estado::Duda;
+    r.texto = t_(kTxProximaParada, {p.proceso, cuando(p.cuando), p.horario});
+    r.argumentos[u"propuesto"_s] = Ajustes::ruta(p.horario, a_.HomeDir);
+  }
+  return r;
+}
+
+// --- groups -------------------------------------------------------------------------------------
+
+Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
+  static constexpr struct {
+    Estado estado;
+    int palabra;
+  } kModos[] = {{Estado::Bien, kTxGrupoBien},
+                {Estado::Duda, kTxGrupoDudoso},
+                {Estado::Mal, kTxGrupoFallido},
+                {Estado::Ninguno, kTxGrupoSinIntentar}};
+  const auto& modo = kModos[static_cast<size_t>(g.estado)];
+  Renglon r{.estado = modo.estado,
+            .palabra = t_(modo.palabra),
+            .titulo = nombreGrupo(g.grupo, g.nombre),
+            .texto = g.motivo,
+            .valor = g.importe ? ver(Clase::Importe, *g.importe) : QString(),
+            .ventana = g.estado == EstadoGrupo::Bien ? u"VerTot"_s : u"gestcomm"_s,
+            .argumentos = {{u"grupo"_s, g.grupo}}};
+  // What failed draws the rest behind it; doubts stand each for itself.
+  if (g.estado == EstadoGrupo::Dudoso) r.texto = g.motivos.mid(0, kDudasVistas).join(u'\n');
+  if (g.estado == EstadoGrupo::Bien && !r_.periodos.empty())
+    r.argumentos[u"link"_s] = r_.periodos.front().link;
+  return r;
+}
+
+// What asks for a hand stands on top.
+std::vector<Renglon> Redactor::grupos() const {
+  std::vector<Renglon> lista;
+  for (const auto estado :
+       {EstadoGrupo::Fallido, EstadoGrupo::Dudoso, EstadoGrupo::SinIntentar, EstadoGrupo::Bien})
+    for (const auto& g : r_.grupos)
+      if (g.estado == estado && lista.size() < kGruposVistos) lista.push_back(grupo(g));
+  if (const auto mas = r_.grupos.size() - lista.size(); mas > 0)
+    lista.push_back({.palabra = {},
+                     .titulo = Plural(t_(kTxYMas), static_cast<int>(mas)),
+                     .texto = {},
+                     .valor = {},
+                     .ventana = u"gestcomm"_s});
+  return lista;
+}
+
+QString Redactor::cuenta() const {
+  if (r_.grupos.empty()) return t_(kTxSinGrupos);
+  QStringList partes;
+  const auto contar = [&](EstadoGrupo estado, int texto) {
+    if (const int n = r_.cuantos(estado); n > 0) partes << Plural(t_(texto), n);
+  };
+  contar(EstadoGrupo::Fallido, kTxCuentaFallidos);
+  contar(EstadoGrupo::Dudoso, kTxCuentaDudosos);
+  contar(EstadoGrupo::SinIntentar, kTxCuentaSinIntentar);
+  contar(EstadoGrupo::Bien, kTxCuentaBien);
+  return partes.join(u", "_s);
+}
+
+}  // namespace
+
+QString cuandoFue(Fecha momento, Fecha ahora, const Textos& t) {
+  const QString hora = horaCorta(momento);
+  switch (ahora.qdate().daysTo(momento.qdate())) {
+    case 0:
+      return t(kTxHoy, {hora});
+    case -1:
+      return t(kTxAyer, {hora});
+    case 1:
+      return t(kTxDiaSiguiente, {hora});
+    default:
+      return t(kTxDia, {momento.corta(), hora});
+  }
+}
+
+VistaManana vistaDe(const Resumen& resumen, const Textos& textos, const Ajustes& ajustes) {
+  const Redactor d(resumen, textos, ajustes);
+  return {d.noche(), d.ventas(), d.bandeja(), d.proxima(), d.avisos(), d.grupos(), d.cuenta()};
+}
+
+}  // namespace tarvo::app

@@ -1,0 +1,37 @@
+// The morning in words: what the board shows of a summary, and where each line leads.
+#pragma once
+
+#include <vector>
+
+#include "automation/Resumen.h"
+#include "core/ventanas/Columna.h"
+#include "core/ventanas/Ventana.h"
+
+namespace tarvo::app {
+
+// A line or a card of the board.
+struct Renglon {
+  ventanas::Estado estado = ventanas::Estado::Ninguno;
+  QString palabra;  // that says the state
+  QString titulo, texto, valor;
+  QString ventana;  // where one acts; empty for nowhere
+  ventanas::Argumentos argumentos = {};
+  QString detalle = {};             // what there is no room for
+  std::vector<double> barras = {};  // 0 to 1, the last one is today's; negative for none
+  bool operator==(const Renglon&) const = default;
+};
+
+struct VistaManana {
+  Renglon noche, ventas, bandeja, proxima;
+  std::vector<Renglon> avisos, grupos;
+  QString cuenta;  // how many groups in each state
+  bool operator==(const VistaManana&) const = default;
+};
+
+VistaManana vistaDe(const automation::Resumen& resumen, const Textos& textos,
+                    const Ajustes& ajustes);
+
+// "hoy a las 22:00", "ayer a las...", or the day of the week and the date.
+QString cuandoFue(Fecha momento, Fecha ahora, const Textos& textos);
+
+}  // namespace tarvo::app

@@ -1,0 +1,72 @@
+// The lasting record of runs: when each began and ended, what came of each of its tasks, what a
+// person was told. The last 100 runs are kept. Tables: docs/procesos.md.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "core/dao/Database.h"
+
+namespace tarvo::automation {
+
+inline constexpr int kEjecucionesGuardadas = 100;
+
+// How a run ended. The first three are those of ResultadoProceso.
+enum class FinEjecucion : int {
+  Bien = 0,
+  Problemas = 1,
+  Abortada = 2,
+  Interrumpida = 3,
+  EnMarcha = 4
+};
+
+struct EjecucionHecha {
+  qint64 numero = 0;
+  QString nombre;
+  Fecha inicio;
+  std::optional<Fecha> final;
+  FinEjecucion fin = FinEjecucion::Interrumpida;
+  std::vector<qint64> periodos;  // made by it, those that were deleted since included
+  QString traza;                 // name of the file, in HomeDir
+};
+
+struct TareaHecha {
+  int grupo = 0, clase = 0;
+  enum class Estado { EnCola, Hecha, Fallida } estado = Estado::EnCola;
+  QString motivo;  // of a failure, in words
+};
+
+struct AvisoHecho {
+  int grupo = 0;  // 0 for none
+  QString texto;
+  bool grave = true;
+};
+
+// Makes the tables and columns that are missing. Cheap when all are there.
+Resultado<> asegurarTablasHistorial(dao::Database& db);
+
+class Historial {
+ public:
+  explicit Historial(dao::Database& db) : db_(db) {}
+
+  // --- written by the runner, in the transactions of what they tell of
+  // A run begins; runs beyond those that are kept go. REQUIRES a transaction.
+  Resultado<> empezar(qint64 numero, const QString& nombre, Fecha inicio, const QString& traza);
+  Resultado<> acabar(qint64 numero, FinEjecucion fin, Fecha ahora);
+  Resultado<> periodosHechos(qint64 numero, const std::vector<qint64>& links);
+  Resultado<> aviso(qint64 numero, const AvisoHecho& aviso);
+  Resultado<> tareaFallida(qint64 numero, int grupo, int clase, const QString& motivo);
+
+  // --- read by whoever shows it
+  // The last runs, the latest first. `enMarcha`: the number of the one that is under way now; any
+  // other without an end was cut off.
+  Resultado<std::vector<EjecucionHecha>> ultimas(int cuantas, std::optional<qint64> enMarcha = {});
+  // In the order of its steps.
+  Resultado<std::vector<TareaHecha>> tareas(qint64 numero);
+  Resultado<std::vector<AvisoHecho>> avisos(qint64 numero);
+
+ private:
+  dao::Database& db_;
+};
+
+}  // namespace tarvo::automation

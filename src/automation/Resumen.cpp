@@ -1,0 +1,256 @@
+#include "automation/Resumen.h"
+
+#include <QDir>
+#include <algorithm>
+#include <numeric>
+
+#include "automation/Horario.h"
+#include "automation/TextosAutomation.h"
+#include "totals/Calendario.h"
+#include "totals/Cuadre.h"
+#include "totals/TablasLibros.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kNoche = 1;  // days: what began within them is the last night
+constexpr int kEjecucionesMiradas = 30;
+constexpr int kSemanas = 4;
+
+QString nombreBaseDe(const QString& fichero) {
+  return NombreFichero(fichero).section(u'.', 0, 0).toUpper();
+}
+
+}  // namespace
+
+std::optional<qint64> PeriodoResumen::media() const {
+  qint64 suma = 0, n = 0;
+  for (const auto& a : anteriores)
+    if (a) suma += *a, ++n;
+  return n > 0 ? std::optional(suma / n) : std::nullopt;
+}
+
+int Resumen::cuantos(EstadoGrupo estado) const {
+  return static_cast<int>(std::ranges::count(grupos, estado, &GrupoResumen::estado));
+}
+
+LectorResumen::LectorResumen(const FuentesResumen& fuentes) : f_(fuentes) {
+  r_.ahora = f_.ahora;
+  anadir([this] { return leerEjecuciones(); });
+  anadir([this] { return leerBandeja(); });
+  anadir([this]() -> Resultado<> {
+    leerCronos();
+    if (!r_.proxima) leerHorarios();
+    return {};
+  });
+}
+
+Resultado<bool> LectorResumen::paso() {
+  if (siguiente_ < pasos_.size()) {
+    const auto este = std::move(pasos_[siguiente_++]);
+    TARVO_INTENTAR(este());
+  }
+  return siguiente_ < pasos_.size();
+}
+
+Resultado<Resumen> leerResumen(const FuentesResumen& fuentes) {
+  LectorResumen lector(fuentes);
+  for (;;) {
+    const auto sigue = lector.paso();
+    if (!sigue) return std::unexpected(sigue.error());
+    if (!*sigue) return std::move(lector.resumen());
+  }
+}
+
+// --- the night ----------------------------------------------------------------------------------
+
+Resultado<> LectorResumen::leerEjecuciones() {
+  TARVO_INTENTAR(asegurarTablasHistorial(f_.db));
+  auto ultimas = Historial(f_.db).ultimas(kEjecucionesMiradas, f_.enMarcha);
+  if (!ultimas) return std::unexpected(ultimas.error());
+  for (auto& e : *ultimas)
+    if (r_.ejecuciones.empty() || f_.ahora - e.inicio < kNoche)
+      r_.ejecuciones.push_back(std::move(e));
+  // The earliest first, so that what came later stands.
+  for (size_t i = r_.ejecuciones.size(); i > 0; --i)
+    anadir([this, i] { return leerEjecucion(r_.ejecuciones[i - 1]); });
+  anadir([this] { return leerGrupos(); });
+  for (const auto& e : r_.ejecuciones)
+    for (const qint64 link : e.periodos) anadir([this, link] { return leerPeriodo(link); });
+  return {};
+}
+
+Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
+  Historial historial(f_.db);
+  const auto tareas = historial.tareas(e.numero);
+  if (!tareas) return std::unexpected(tareas.error());
+  const auto avisos = historial.avisos(e.numero);
+  if (!avisos) return std::unexpected(avisos.error());
+  for (const auto& t : *tareas) {
+    DeGrupo& d = porGrupo_[t.grupo];
+    if (totals::clase(t.clase)) d.avisos.clear();  // read again: what was said before is over
+    d.clases[t.clase] = {t, e.fin};
+  }
+  r_.avisos.clear();
+  for (const auto& a : *avisos) {
+    if (!a.grave) continue;
+    if (a.grupo == 0)
+      r_.avisos.push_back(a);
+    else if (auto& lista = porGrupo_[a.grupo].avisos; !lista.contains(a.texto))
+      lista << a.texto;
+  }
+  return {};
+}
+
+Resultado<> LectorResumen::leerGrupos() {
+  auto rs = f_.db.consultar(u"SELECT CODGPO, NOMGPO, REMOTO FROM GRUPOS ORDER BY CODGPO");
+  if (!rs) return std::unexpected(rs.error());
+  while (!(*rs)->Eof()) {
+    GrupoResumen g;
+    g.grupo = static_cast<int>((*rs)->entero(0));
+    g.nombre = (*rs)->texto(1).trimmed();
+    juzgar(g, (*rs)->entero(2) != 0, porGrupo_[g.grupo]);
+    r_.grupos.push_back(std::move(g));
+    anadir([this, i = r_.grupos.size() - 1] { return cuadrar(i); });
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return {};
+}
+
+// --- what was made ------------------------------------------------------------------------------
+
+Resultado<> LectorResumen::leerPeriodo(qint64 link) {
+  auto rs = f_.db.consultar(u"SELECT TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA WHERE LINK=?", link);
+  if (!rs) return std::unexpected(rs.error());
+  const auto repetido = std::ranges::find(r_.periodos, link, &PeriodoResumen::link);
+  if ((*rs)->Eof() || repetido != r_.periodos.end()) return {};
+  const totals::Periodo p{static_cast<int>((*rs)->entero(0)), (*rs)->fecha(1), (*rs)->fecha(2)};
+  PeriodoResumen nuevo{.link = link,
+                       .tipo = p.tipo,
+                       .desde = p.desde,
+                       .texto = totals::TextoPeriodo(p),
+                       .descripcion = (*rs)->texto(3).trimmed(),
+                       .anteriores = {}};
+  auto suma = f_.db.consultar(u"SELECT SUM(IMP), SUM(CON) FROM TOTGRT WHERE LINK=?", link);
+  if (!suma) return std::unexpected(suma.error());
+  nuevo.importe = (*suma)->entero(0);
+  nuevo.operaciones = (*suma)->entero(1);
+  if (p.tipo == totals::kDiario) TARVO_INTENTAR(leerAnteriores(nuevo, p.desde));
+  r_.periodos.push_back(std::move(nuevo));
+  return {};
+}
+
+// Only groups that both have are compared: one that failed must not look like a bad day.
+Resultado<> LectorResumen::leerAnteriores(PeriodoResumen& p, Fecha desde) {
+  constexpr double kHolgura = 1e-4;
+  for (int semana = 1; semana <= kSemanas; ++semana) {
+    const Fecha dia = desde - 7.0 * semana;
+    const auto suma = f_.db.uno(
+        u"SELECT SUM(t.IMP) FROM COLUMNA c INNER JOIN TOTGRT t ON t.LINK=c.LINK WHERE c.TIPO=1 AND "
+        u"c.FECHA1 BETWEEN ? AND ? AND t.GRUPO IN (SELECT GRUPO FROM TOTGRT WHERE LINK=?)",
+        dia - kHolgura, dia + kHolgura, p.link);
+    if (!suma) return std::unexpected(suma.error());
+    p.anteriores.push_back(suma->nulo() ? std::nullopt : std::optional(suma->entero()));
+  }
+  return {};
+}
+
+// The group's part of the night's period, and whether it foots; where no period has it, the inbox.
+Resultado<> LectorResumen::cuadrar(size_t cual) {
+  GrupoResumen& g = r_.grupos[cual];
+  if (g.estado == EstadoGrupo::SinIntentar) return {};
+  qint64 link = 0;
+  for (const PeriodoResumen& p : r_.periodos) {
+    const auto suma =
+        f_.db.uno(u"SELECT SUM(IMP) FROM TOTGRT WHERE LINK=? AND GRUPO=?", p.link, g.grupo);
+    if (!suma) return std::unexpected(suma.error());
+    if (suma->nulo()) continue;
+    g.importe = suma->entero();
+    link = p.link;
+    break;
+  }
+  const auto lista = totals::compararTotales(f_.db, f_.ajustes, link, g.grupo);
+  if (!lista) return std::unexpected(lista.error());
+  for (const auto& c : *lista) ++(c.cuadra() ? g.cuadran : g.difieren);
+  if (g.difieren > 0) g.motivos << Plural(f_.textos(kTxNoCuadran), g.difieren);
+  if (g.difieren > 0 && g.estado == EstadoGrupo::Bien) {
+    g.estado = EstadoGrupo::Dudoso;
+    g.motivo = g.motivos.last();
+  } else if (g.estado == EstadoGrupo::Bien && g.cuadran > 0) {
+    g.motivos << Plural(f_.textos(kTxCuadran), g.cuadran);
+    g.motivo = g.motivos.join(u' ');
+  }
+  return {};
+}
+
+// --- what waits and what comes ------------------------------------------------------------------
+
+Resultado<> LectorResumen::leerBandeja() {
+  const auto estado = totals::EstadoBase(f_.db).leer(u"SesionAbier"_s);
+  if (!estado) return std::unexpected(estado.error());
+  r_.sesion = estado->nulo() ? f_.ajustes.SesionAbier : static_cast<int>(estado->entero());
+  if (r_.sesion == 0) return {};
+  const auto clases = totals::enVigor(f_.ajustes);
+  QStringList campos, marcas;
+  for (const auto& c : clases) {
+    campos << QString::fromUtf16(c.sesion) << QString::fromUtf16(c.hasta);
+    marcas << QString::fromUtf16(c.sesion) + u"<>0"_s;
+  }
+  auto rs = f_.db.consultar(
+      u"SELECT s.CODGPO, g.NOMGPO, %1 FROM Sesiones s LEFT JOIN GRUPOS g ON g.CODGPO=s.CODGPO WHERE %2 ORDER BY s.CODGPO"_s
+          .arg(campos.join(u','), marcas.join(u" OR "_s)));
+  if (!rs) return std::unexpected(rs.error());
+  while (!(*rs)->Eof()) {
+    EsperaResumen e{static_cast<int>((*rs)->entero(0)), (*rs)->texto(1).trimmed(), {}, f_.ahora};
+    int columna = 2;
+    for (const auto& c : clases) {
+      if ((*rs)->logico(columna)) {
+        e.clases.push_back(c.numero);
+        if (!(*rs)->nulo(columna + 1)) e.desde = std::min(e.desde, (*rs)->fecha(columna + 1));
+      }
+      columna += 2;
+    }
+    r_.bandeja.push_back(std::move(e));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return {};
+}
+
+void LectorResumen::proponer(const LineaActivacion& linea, const QString& proceso,
+                             const QString& horario, bool activo) {
+  const auto cuando = proximaVez(linea, f_.ahora);
+  if (!cuando || (r_.proxima && r_.proxima->cuando <= *cuando)) return;
+  r_.proxima = ProximaResumen{proceso, horario, *cuando, activo};
+}
+
+void LectorResumen::leerCronos() {
+  if (!f_.cronos || f_.cronos->siguiente() < 0) return;
+  for (const Entrada& e : f_.cronos->entradas())
+    if (e.estado != EstadoEntrada::Inutil) proponer(e.linea, e.proceso, {}, true);
+}
+
+// A file a step; one that can't be read holds no timetable.
+void LectorResumen::leerHorarios() {
+  const QDir carpeta(f_.ajustes.HomeDir);
+  for (const QString& fichero :
+       carpeta.entryList({u"*.cro"_s, u"*.aut"_s}, QDir::Files | QDir::Readable, QDir::Name))
+    anadir([this, ruta = carpeta.filePath(fichero)]() -> Resultado<> {
+      leerHorario(ruta);
+      return {};
+    });
+}
+
+void LectorResumen::leerHorario(const QString& ruta) {
+  const auto texto = f_.lenguaje.leerTexto(ruta);
+  if (!texto) return;
+  const auto lineas = f_.lenguaje.leerCro(*texto, ruta.endsWith(u".aut", Qt::CaseInsensitive));
+  if (!lineas) return;
+  const QString horario = nombreBaseDe(ruta);
+  for (const auto& l : *lineas)
+    proponer(l, l.nombre == u"@" ? horario : nombreBaseDe(l.nombre), NombreFichero(ruta), false);
+}
+
+}  // namespace tarvo::automation

@@ -1,0 +1,119 @@
+// The morning: how the last night went, group by group, what it made, what waits and what comes
+// next. Read in small steps, so that whoever shows it never has to wait.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <set>
+
+#include "automation/Cronos.h"
+#include "automation/Historial.h"
+#include "automation/Proceso.h"
+
+namespace tarvo::automation {
+
+enum class EstadoGrupo { Bien, Dudoso, Fallido, SinIntentar };
+
+struct GrupoResumen {
+  int grupo = 0;
+  QString nombre;
+  EstadoGrupo estado = EstadoGrupo::SinIntentar;
+  QString motivo;                 // one sentence
+  QStringList motivos;            // all of them
+  std::optional<qint64> importe;  // of the night's period, stored money
+  int cuadran = 0, difieren = 0;  // comparisons of its totals with one another
+};
+
+struct PeriodoResumen {
+  qint64 link = 0;
+  int tipo = 0;
+  Fecha desde;
+  QString texto, descripcion;  // its days; its name
+  qint64 importe = 0, operaciones = 0;
+  // A day: the amounts of the same weekday of the four weeks before, the last week first, of the
+  // groups that this one has; nothing for a week without it.
+  std::vector<std::optional<qint64>> anteriores;
+  std::optional<qint64> media() const;
+};
+
+struct EsperaResumen {
+  int grupo = 0;
+  QString nombre;
+  std::vector<int> clases;  // kinds of total
+  Fecha desde;              // the oldest of its readings
+};
+
+struct ProximaResumen {
+  QString proceso, horario;  // base names
+  Fecha cuando;
+  bool activo = false;  // its timetable runs in this program
+};
+
+struct Resumen {
+  Fecha ahora;
+  std::vector<EjecucionHecha> ejecuciones;  // of the last night, the latest first
+  std::vector<AvisoHecho> avisos;           // grave ones that name no group
+  std::vector<GrupoResumen> grupos;
+  std::vector<PeriodoResumen> periodos;
+  int sesion = 0;  // 0 closed, 1 open and empty, 2 open with data
+  std::vector<EsperaResumen> bandeja;
+  std::optional<ProximaResumen> proxima;
+
+  int cuantos(EstadoGrupo estado) const;
+};
+
+// All references outlive the reading.
+struct FuentesResumen {
+  dao::Database& db;
+  const Ajustes& ajustes;
+  const Textos& textos;
+  const Lenguaje& lenguaje;
+  Fecha ahora;
+  const Cronos* cronos = nullptr;
+  std::optional<qint64> enMarcha = {};  // number of the run that is under way
+};
+
+class LectorResumen {
+ public:
+  explicit LectorResumen(const FuentesResumen& fuentes);
+
+  // Some milliseconds of work; false once all has been read.
+  Resultado<bool> paso();
+  Resumen& resumen() { return r_; }
+
+ private:
+  struct Asunto {  // what came last of a group and kind
+    TareaHecha tarea;
+    FinEjecucion fin = FinEjecucion::Bien;
+  };
+  struct DeGrupo {
+    std::map<int, Asunto> clases;
+    QStringList avisos;
+  };
+
+  void anadir(std::function<Resultado<>()> paso) { pasos_.push_back(std::move(paso)); }
+  Resultado<> leerEjecuciones();
+  Resultado<> leerEjecucion(const EjecucionHecha& e);
+  Resultado<> leerGrupos();
+  Resultado<> cuadrar(size_t grupo);
+  Resultado<> leerPeriodo(qint64 link);
+  Resultado<> leerAnteriores(PeriodoResumen& p, Fecha desde);
+  Resultado<> leerBandeja();
+  void leerCronos();
+  void leerHorarios();
+  void leerHorario(const QString& fichero);
+  void proponer(const LineaActivacion& linea, const QString& proceso, const QString& horario,
+                bool activo);
+  void juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) const;
+  QString nombresDe(const std::vector<int>& clases) const;
+
+  FuentesResumen f_;
+  Resumen r_;
+  std::vector<std::function<Resultado<>()>> pasos_;
+  size_t siguiente_ = 0;
+  std::map<int, DeGrupo> porGrupo_;
+};
+
+Resultado<Resumen> leerResumen(const FuentesResumen& fuentes);
+
+}  // namespace tarvo::automation

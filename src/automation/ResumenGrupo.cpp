@@ -1,0 +1,72 @@
+// The judgement on a group: what came of its tasks, in one word and one sentence.
+#include "automation/Resumen.h"
+#include "automation/TextosAutomation.h"
+#include "comm/motor/TextosMotor.h"
+#include "totals/Clases.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// To stand before a full stop of ours.
+QString sinPunto(QString texto) {
+  texto = texto.simplified();
+  while (texto.endsWith(u'.')) texto.chop(1);
+  return texto;
+}
+
+}  // namespace
+
+QString LectorResumen::nombresDe(const std::vector<int>& clases) const {
+  QStringList nombres;
+  for (const int c : clases) nombres << f_.textos(motor::kTxMensajeClase + c);
+  return nombres.join(u", "_s);
+}
+
+void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) const {
+  const Textos& t = f_.textos;
+  if (d.clases.empty() || !comunica) {
+    g.motivos << t(!comunica                ? kTxNoComunica
+                   : r_.ejecuciones.empty() ? kTxNadaEjecutado
+                                            : kTxNadieLoNombra);
+    g.motivo = g.motivos.first();
+    return;
+  }
+  std::map<QString, std::vector<int>> sinLeer;  // by reason
+  std::vector<int> cortadas, enCurso;
+  QStringList fallos, dudas;
+  bool leido = false, aCero = false;
+  for (const auto& [clase, asunto] : d.clases) {
+    const bool lectura = totals::clase(clase) != nullptr;
+    const QString motivo = sinPunto(asunto.tarea.motivo);
+    if (asunto.tarea.estado == TareaHecha::Estado::EnCola) {
+      (asunto.fin == FinEjecucion::EnMarcha ? enCurso : cortadas).push_back(clase);
+    } else if (asunto.tarea.estado == TareaHecha::Estado::Hecha) {
+      leido = leido || lectura;
+      aCero = aCero || clase == totals::kPuestaACero;
+    } else if (lectura) {
+      sinLeer[motivo].push_back(clase);
+    } else {
+      dudas << (clase == totals::kPuestaACero ? t(kTxSinCero, {motivo})
+                                              : t(kTxNoHecho, {nombresDe({clase}), motivo}));
+    }
+  }
+  for (const auto& [motivo, clases] : sinLeer)
+    fallos << (leido || sinLeer.size() > 1 || !cortadas.empty()
+                   ? t(kTxNoRecogido, {nombresDe(clases), motivo})
+                   : t(kTxNadaRecogido, {motivo}));
+  if (!cortadas.empty()) fallos << t(kTxCortado, {nombresDe(cortadas)});
+  if (!enCurso.empty()) dudas << t(kTxEnCurso, {nombresDe(enCurso)});
+  dudas = d.avisos + dudas;  // what was said explains what wasn't done
+  g.estado = !fallos.isEmpty()  ? EstadoGrupo::Fallido
+             : !dudas.isEmpty() ? EstadoGrupo::Dudoso
+                                : EstadoGrupo::Bien;
+  g.motivos = fallos + dudas;
+  if (g.motivos.isEmpty())
+    g.motivos << t(!leido ? kTxHecho : aCero ? kTxRecogidoYCero : kTxRecogido);
+  g.motivo = g.motivos.first();
+}
+
+}  // namespace tarvo::automation

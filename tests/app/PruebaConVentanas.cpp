@@ -1,0 +1,49 @@
+// The program with windows as a process, on a screen that isn't there.
+#include <signal.h>
+
+#include "Programa.h"
+#include "core/dao/Database.h"
+
+namespace tarvo::prueba {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class ConVentanas : public Programa {
+ protected:
+  ConVentanas() {
+    variables = {{u"QT_QPA_PLATFORM"_s, u"offscreen"_s}, {u"XDG_RUNTIME_DIR"_s, dir.path()}};
+  }
+  std::unique_ptr<dao::Database> base() const {
+    auto db = dao::Database::OpenDatabase(en(u"TARVO.MDB"_s));
+    EXPECT_TRUE(db);
+    return db ? std::move(*db) : nullptr;
+  }
+};
+
+// The main window forgets the tickets of other days and, told to end, closes in order.
+TEST_F(ConVentanas, LaPrincipalEmpiezaYAcaba) {
+  poner(u"VACIO.AUT"_s, {});
+  ASSERT_EQ(correrAqui({u"--sin-ventana"_s, u"VACIO"_s}).estado, 0);
+  QFile::remove(en(u"TARVO.INI"_s));
+  const auto db = base();
+  const double hoy = Fecha::de(QDate::currentDate()).dias();
+  for (const double dia : {hoy - 0.5, hoy + 0.25})
+    ASSERT_TRUE(
+        db->ejecutar(u"INSERT INTO TikAbier (grupo, opera, linea, fecha) VALUES (1, 1, ?, ?)",
+                     dia < hoy ? 1 : 2, dia));
+  QProcess p;
+  arrancar(p, {u"--carpeta"_s, dir.path()});
+  const auto tiques = [&] { return db->uno(u"SELECT count(*) FROM TikAbier")->entero(); };
+  QElapsedTimer desde;
+  desde.start();
+  while (tiques() != 1 && desde.elapsed() < 20'000) p.waitForReadyRead(50);
+  EXPECT_EQ(db->uno(u"SELECT linea FROM TikAbier")->entero(), 2);
+  p.waitForReadyRead(500);
+  ::kill(static_cast<pid_t>(p.processId()), SIGTERM);
+  EXPECT_EQ(acabar(p).estado, 0);
+  EXPECT_TRUE(QFile::exists(en(u"TARVO.INI"_s)));
+}
+
+}  // namespace
+}  // namespace tarvo::prueba

@@ -1,0 +1,189 @@
+// The history of runs and the morning's summary, read after nights on the real rooms.
+#include <QFile>
+
+#include "Banco.h"
+#include "automation/Horario.h"
+#include "automation/Resumen.h"
+#include "textos/TextosDePrueba.h"
+
+namespace tarvo::automation {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString kNoche =
+    u"T:RXPLUS,ALL\r\nT:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nS:CERRAR,Ventas #D,Sí,Sí\r\n"
+    u"T:TX_ZERO,ALL\r\nT:TX_HORA,1\r\nC:ESPERA,1,No\r\nS:ABRIR\r\n"_s;
+
+Resumen leer(Programa& p) {
+  auto r = leerResumen({.db = p.db(),
+                        .ajustes = p.ajustes(),
+                        .textos = textosDePrueba(),
+                        .lenguaje = p.lenguaje(),
+                        .ahora = p.reloj().ahora(),
+                        .enMarcha = p.automat().ejecucion()});
+  EXPECT_TRUE(r) << (r ? "" : r.error().texto.toStdString());
+  return r ? *r : Resumen{};
+}
+
+void correr(Programa& p, const QString& proceso = kNoche) {
+  p.correr(proceso);
+  EXPECT_TRUE(p.hastaElFin());
+}
+
+void ejecutar(Programa& p, const QString& sql) {
+  EXPECT_TRUE(p.db().ejecutar(sql)) << sql.toStdString();
+}
+
+// The same weekday, some weeks before: what group 1 and group 2 sold.
+void semanaAntes(Programa& p, int semanas, int uno, int dos) {
+  const Fecha dia = Fecha::de(QDate(2026, 3, 4)) - 7.0 * semanas;
+  const int link = 900 + semanas;
+  EXPECT_TRUE(p.db().ejecutar(
+      u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (?, 1, ?, ?, 'x')", link,
+      dia, dia + Fecha::kUltimoSegundo));
+  const auto grupo = [&](int g, int importe) {
+    EXPECT_TRUE(p.db().ejecutar(
+        u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON, [IMP]) VALUES (?, ?, 0, 1, ?)", link, g,
+        importe));
+  };
+  grupo(1, uno);
+  grupo(2, dos);
+}
+
+TEST(Resumen, UnGrupoMudoEnLaNoche) {
+  Tienda tienda;
+  maquinasDePrueba().mudas = {2};
+  const auto p = tienda.programa();
+  ejecutar(
+      *p,
+      u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, REMOTO) VALUES (3, 'Almacén', 1, 1, 0)"_s);
+  semanaAntes(*p, 1, 2000, 700'000);
+  semanaAntes(*p, 3, 1000, 700'000);
+  QFile horario(tienda.dir.filePath(u"TIENDA.CRO"_s));
+  ASSERT_TRUE(horario.open(QIODevice::WriteOnly));
+  horario.write("23:30:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,S\xED;NOCHE\r\n");
+  horario.close();
+  correr(*p);
+  const Resumen r = leer(*p);
+
+  ASSERT_EQ(r.ejecuciones.size(), 1U);
+  EXPECT_EQ(r.ejecuciones[0].nombre, u"NOCHE");
+  EXPECT_EQ(r.ejecuciones[0].fin, FinEjecucion::Problemas);
+  EXPECT_EQ(r.ejecuciones[0].traza, u"NOCHE.TZA");
+  EXPECT_TRUE(r.ejecuciones[0].final.has_value());
+
+  ASSERT_EQ(r.grupos.size(), 3U);
+  EXPECT_EQ(r.grupos[0].estado, EstadoGrupo::Bien) << r.grupos[0].motivo.toStdString();
+  EXPECT_EQ(r.grupos[0].importe, 2500);
+  EXPECT_EQ(r.grupos[0].cuadran, 1);
+  EXPECT_EQ(r.grupos[0].motivo, u"Recogido y puesto a cero. 1 suma cuadra.");
+  EXPECT_EQ(r.grupos[1].estado, EstadoGrupo::Fallido);
+  EXPECT_EQ(r.grupos[1].motivo, u"No se recogió nada: No se encuentra el HOST especificado.");
+  EXPECT_EQ(r.grupos[1].importe, std::nullopt);
+  EXPECT_EQ(r.grupos[2].estado, EstadoGrupo::SinIntentar);
+  EXPECT_EQ(r.grupos[2].motivo, u"No tiene comunicación: nadie lo recoge.");
+
+  ASSERT_EQ(r.periodos.size(), 1U);
+  EXPECT_EQ(r.periodos[0].importe, 2500);
+  EXPECT_EQ(r.periodos[0].descripcion, u"Ventas 04");
+  EXPECT_EQ(r.periodos[0].media(), 1500) << "of the groups that this night has";
+  EXPECT_EQ(r.sesion, 1);
+  EXPECT_TRUE(r.bandeja.empty());
+  ASSERT_TRUE(r.proxima);
+  EXPECT_EQ(r.proxima->proceso, u"NOCHE");
+  EXPECT_EQ(r.proxima->cuando, Fecha::de(QDate(2026, 3, 4), QTime(23, 30)));
+  EXPECT_FALSE(r.proxima->activo);
+}
+
+TEST(Resumen, ArregladoPorLaManana) {
+  Tienda tienda;
+  maquinasDePrueba().mudas = {2};
+  correr(*tienda.programa());
+  maquinasDePrueba().mudas.clear();
+  tienda.reloj.avanzar(10 * 3600 * 1000);
+  const auto p = tienda.programa();
+  correr(*p, u"T:RXPLUS,2\r\nT:RXGRTOT,2\r\nC:ESPERA,1,No\r\n"_s);
+  const Resumen r = leer(*p);
+  EXPECT_EQ(r.ejecuciones.size(), 2U);
+  EXPECT_EQ(r.cuantos(EstadoGrupo::Bien), 1);
+  EXPECT_EQ(r.grupos[1].estado, EstadoGrupo::Dudoso) << "read, and still not zeroed";
+  ASSERT_EQ(r.bandeja.size(), 1U) << "nobody has memorised it";
+  EXPECT_EQ(r.sesion, 2);
+  EXPECT_EQ(r.bandeja[0].grupo, 2);
+  EXPECT_EQ(r.bandeja[0].clases, (std::vector{16, 17}));
+  tienda.reloj.avanzar(26 * 3600 * 1000);
+  EXPECT_EQ(leer(*p).ejecuciones.size(), 1U) << "the night before the last is over";
+}
+
+TEST(Resumen, LoQueNoCuadra) {
+  Tienda tienda;
+  const auto p = tienda.programa();
+  correr(*p);
+  ejecutar(*p, u"UPDATE TOTPLU SET [IMP]=[IMP]-1 WHERE GRUPO=1 AND LINK>0"_s);
+  const Resumen r = leer(*p);
+  EXPECT_EQ(r.grupos[0].estado, EstadoGrupo::Dudoso);
+  EXPECT_EQ(r.grupos[0].motivo, u"1 suma no cuadra con el gran total.");
+  EXPECT_EQ(r.grupos[1].estado, EstadoGrupo::Bien);
+}
+
+TEST(Resumen, MuertaAMitad) {
+  Tienda tienda;
+  {
+    const auto p = tienda.programa();
+    p->correr(kNoche);
+    EXPECT_EQ(leer(*p).ejecuciones[0].fin, FinEjecucion::EnMarcha);
+    EXPECT_EQ(leer(*p).grupos[0].estado, EstadoGrupo::Dudoso) << "under way";
+  }
+  const auto p = tienda.programa();
+  const Resumen r = leer(*p);
+  EXPECT_EQ(r.ejecuciones[0].fin, FinEjecucion::Interrumpida);
+  EXPECT_EQ(r.grupos[0].estado, EstadoGrupo::Fallido);
+  correr(*p);
+  const Resumen despues = leer(*p);
+  ASSERT_EQ(despues.ejecuciones.size(), 1U) << "gone on with, not begun anew";
+  EXPECT_EQ(despues.ejecuciones[0].fin, FinEjecucion::Bien);
+  EXPECT_EQ(despues.cuantos(EstadoGrupo::Bien), 2);
+}
+
+// The tables of a version that kept no history.
+TEST(Historial, UnaBaseAntigua) {
+  Tienda tienda;
+  const auto p = tienda.programa();
+  ejecutar(
+      *p,
+      u"CREATE TABLE ProcesoTareas (EJECUCION INTEGER NOT NULL, PASO INTEGER NOT NULL, GRUPO INTEGER NOT NULL, HECHA INTEGER DEFAULT 0, PRIMARY KEY (EJECUCION, PASO, GRUPO))"_s);
+  ASSERT_TRUE(asegurarTablasHistorial(p->db()));
+  EXPECT_EQ(leer(*p).grupos[0].motivo, u"Todavía no se ha ejecutado ningún proceso.");
+  correr(*p);
+  EXPECT_EQ(leer(*p).cuantos(EstadoGrupo::Bien), 2);
+}
+
+TEST(Historial, GuardaLasUltimasCien) {
+  Tienda tienda;
+  const auto p = tienda.programa();
+  for (int i = 0; i < kEjecucionesGuardadas + 3; ++i)
+    correr(*p, u"T:RXGRTOT,9\r\nC:ESPERA,0,No\r\n"_s);  // there is no such group
+  for (const char16_t* tabla : {u"Ejecuciones", u"ProcesoTareas"})
+    EXPECT_EQ(
+        p->db().uno(QString(u"SELECT count(*) FROM "_s + QString::fromUtf16(tabla)))->entero(),
+        kEjecucionesGuardadas);
+  const auto avisos = Historial(p->db()).avisos(kEjecucionesGuardadas);
+  ASSERT_TRUE(avisos);
+  ASSERT_EQ(avisos->size(), 2U);
+  EXPECT_EQ((*avisos)[1].texto, u"Grupos rechazados: 0009");
+}
+
+TEST(Horario, LaProximaVez) {
+  LineaActivacion l;
+  l.hora = *Fecha::leerHora(u"06:15");
+  l.dias = {true, false, false, false, false, false, false};  // Mondays; 2 March 2026 is one
+  const auto a = [](int dia, int h, int m) { return Fecha::de(QDate(2026, 3, dia), QTime(h, m)); };
+  EXPECT_EQ(proximaVez(l, a(2, 6, 14)), a(2, 6, 15));
+  EXPECT_EQ(proximaVez(l, a(2, 6, 15)), a(9, 6, 15));
+  l.dias = {};
+  EXPECT_EQ(proximaVez(l, a(2, 0, 0)), std::nullopt);
+}
+
+}  // namespace
+}  // namespace tarvo::automation

@@ -1,0 +1,111 @@
+// The person's own entries: added, renamed, run and removed.
+#include "Tienda.h"
+
+namespace tarvo::prueba {
+
+using namespace ventanas;
+
+namespace {
+
+// Chooses an entry of the pop-up by its place and then fills in the dialog.
+void enElMenu(int cual, const std::function<void(QWidget&)>& enDialogo = {}) {
+  QTimer::singleShot(50, qApp, [=] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!menu) return enElMenu(cual, enDialogo);
+    if (enDialogo) {
+      QTimer::singleShot(50, qApp, [=] {
+        QWidget* dialogo = QApplication::activeModalWidget();
+        ASSERT_TRUE(dialogo);
+        enDialogo(*dialogo);
+      });
+    }
+    ASSERT_TRUE(menu->actions().value(cual)->isEnabled());
+    QTest::keyClick(menu, Qt::Key_Down);
+    for (int i = 0; i < cual; ++i) QTest::keyClick(menu, Qt::Key_Down);
+    QTest::keyClick(menu, Qt::Key_Return);
+  });
+}
+
+void menuSobre(QWidget& boton) {
+  const QPoint aqui = boton.rect().center();
+  QContextMenuEvent evento(QContextMenuEvent::Keyboard, aqui, boton.mapToGlobal(aqui));
+  QApplication::sendEvent(&boton, &evento);
+}
+
+void rellenarElemento(QWidget& d, const QString& titulo, const QString& proceso) {
+  auto* campo = d.findChild<QLineEdit*>(u"Titulo"_s);
+  campo->selectAll();
+  QTest::keyClicks(campo, titulo);
+  for (auto* lista :
+       {d.findChild<QListWidget*>(u"Procesos"_s), d.findChild<QListWidget*>(u"Diferidos"_s)})
+    for (auto* linea : lista->findItems(proceso, Qt::MatchExactly)) lista->setCurrentItem(linea);
+  QTest::mouseClick(d.findChild<QPushButton*>(u"Acepto"_s), Qt::LeftButton);
+}
+
+}  // namespace
+
+TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
+  Tienda t;
+  t.fichero(u"PEDIDO.AUT"_s, "@INICIO BATCH\r\nS:ABRIR\r\n@FINAL BATCH\r\n");
+  auto* v = t.principal();
+  auto* entrada = v->findChild<QToolButton*>(u"Personalizado"_s);
+  // An empty list: a click offers the pop-up.
+  enElMenu(0, [](QWidget& d) {
+    // Without a title nothing is accepted; with the bar that parts it from its process neither.
+    QTest::mouseClick(d.findChild<QPushButton*>(u"Acepto"_s), Qt::LeftButton);
+    EXPECT_TRUE(d.isVisible());
+    rellenarElemento(d, u"a|b"_s, u"PEDIDO"_s);
+    EXPECT_TRUE(d.isVisible());
+    rellenarElemento(d, u"Hacer pedido"_s, u"PEDIDO"_s);
+  });
+  QTest::mouseClick(entrada, Qt::LeftButton);
+  ASSERT_EQ(t.fondo->ajustes.personal.size(), 1U);
+  EXPECT_EQ(entrada->text(), u"Hacer pedido");
+
+  QTest::mouseClick(entrada, Qt::LeftButton);
+  ASSERT_TRUE(t.suplente(u"Automat"_s)) << "one element runs at once";
+  EXPECT_TRUE(
+      t.suplente(u"Automat"_s)->dados.value(u"proceso"_s).toString().endsWith(u"/PEDIDO.AUT"));
+  t.todas().descargar(u"Automat"_s);
+  v->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+
+  enElMenu(1, [](QWidget& d) { rellenarElemento(d, u"Pedido diario"_s, u"PEDIDO"_s); });
+  menuSobre(*entrada);
+  EXPECT_EQ(entrada->text(), u"Pedido diario");
+  EXPECT_EQ(t.fondo->ajustes.personal.front().proceso, u"PEDIDO");
+
+  enElMenu(2);
+  menuSobre(*entrada);
+  EXPECT_TRUE(t.fondo->ajustes.personal.empty());
+  EXPECT_EQ(entrada->text(), u"Personalizado");
+}
+
+// Two open a panel, in the order of the list; a delayed program takes over and the main window
+// goes.
+TEST(Personal, DosAbrenUnPanel) {
+  Tienda t;
+  t.fichero(u"HORARIO.CRO"_s, "22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,S\xED;NOCHE\r\n");
+  t.fondo->ajustes.personal = {{u"Uno"_s, u"PEDIDO"_s}};
+  auto* v = t.principal();
+  enElMenu(0, [](QWidget& d) {
+    QTest::mouseClick(d.findChild<QPushButton*>(u"Subir"_s), Qt::LeftButton);
+    EXPECT_FALSE(d.findChild<QPushButton*>(u"Subir"_s)->isEnabled());
+    rellenarElemento(d, u"La noche"_s, u"HORARIO"_s);
+  });
+  menuSobre(*v->findChild<QToolButton*>(u"Personalizado"_s));
+  ASSERT_EQ(t.fondo->ajustes.personal.size(), 2U);
+  EXPECT_EQ(t.fondo->ajustes.personal[0].titulo, u"La noche");
+  v->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  QTest::mouseClick(v->findChild<QToolButton*>(u"Personalizado"_s), Qt::LeftButton);
+  auto* primera = v->findChild<QToolButton*>(u"Personal0"_s);
+  ASSERT_TRUE(primera && primera->isVisible());
+  QTest::mouseClick(primera, Qt::LeftButton);
+  ASSERT_TRUE(t.suplente(u"Cronos"_s));
+  EXPECT_TRUE(
+      t.suplente(u"Cronos"_s)->dados.value(u"proceso"_s).toString().endsWith(u"/HORARIO.CRO"));
+  EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
+}
+
+}  // namespace tarvo::prueba

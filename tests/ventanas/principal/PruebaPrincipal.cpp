@@ -1,0 +1,146 @@
+// What a shop manager does in the main window in the morning.
+#include <QStackedWidget>
+
+#include "Tienda.h"
+#include "automation/Historial.h"
+#include "core/ventanas/Tira.h"
+
+namespace tarvo::prueba {
+
+using namespace ventanas;
+
+void Tienda::nocheMala() {
+  sql(u"DELETE FROM GRUPOS"_s);
+  for (const int g : {1, 2})
+    sql(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, REMOTO) VALUES (?, ?, 1, 1, 3)"_s, g,
+        g == 1 ? u"FRUTERIA"_s : u"PESCADERIA"_s);
+  const Fecha ahora = reloj.ahora();
+  sql(u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (7, 1, ?, ?, 'Noche')"_s,
+      ahora.dia() - 1.0, ahora.dia() - 1.0 + Fecha::kUltimoSegundo);
+  sql(u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON, [IMP]) VALUES (7, 1, 0, 9, 123456)"_s);
+  automation::Historial historial(*fondo->db);
+  sql(u"CREATE TABLE IF NOT EXISTS Proceso (NOMBRE TEXT PRIMARY KEY, EJECUCION INTEGER)"_s);
+  bien(historial.empezar(1, u"NOCHE"_s, ahora - 0.3, u"NOCHE.TZA"_s));
+  for (const int g : {1, 2})
+    sql(u"INSERT INTO ProcesoTareas (EJECUCION, PASO, GRUPO, CLASE, HECHA) VALUES (1, 0, ?, 17, ?)"_s,
+        g, g == 1 ? 1 : 0);
+  bien(historial.tareaFallida(1, 2, 17, u"No se encuentra el HOST especificado"_s));
+  bien(historial.periodosHechos(1, {7}));
+  bien(historial.acabar(1, automation::FinEjecucion::Problemas, ahora - 0.29));
+}
+
+// The group that failed stands on top, says why, and Enter leads to where one collects it again.
+TEST(Principal, LaMananaTrasUnGrupoFallido) {
+  Tienda t;
+  t.nocheMala();
+  auto* v = t.conManana();
+  EXPECT_TRUE(pieza(*v, u"La noche tuvo problemas"_s));
+  EXPECT_TRUE(pieza(*v, u"1.234,56"_s)) << "the money of the night";
+  auto* linea =
+      pieza(*v, u"Fallido. 0002 PESCADERIA. No se recogió nada: No se encuentra el HOST"_s);
+  ASSERT_TRUE(linea);
+  EXPECT_EQ(linea->objectName(), u"Linea0");
+  linea->setFocus();
+  QTest::keyClick(linea, Qt::Key_Return);
+  ASSERT_TRUE(t.suplente(u"gestcomm"_s));
+  EXPECT_EQ(t.suplente(u"gestcomm"_s)->dados.value(u"grupo"_s), 2);
+  EXPECT_EQ(t.suplente(u"gestcomm"_s)->dueno(), v);
+  QTest::mouseClick(pieza(*v, u"Bien. 0001 FRUTERIA"_s), Qt::LeftButton);
+  EXPECT_EQ(t.suplente(u"VerTot"_s)->dados.value(u"link"_s), 7);
+  QTest::mouseClick(pieza(*v, u"La noche tuvo problemas"_s), Qt::LeftButton);
+  EXPECT_TRUE(
+      t.suplente(u"VeoLog"_s)->dados.value(u"fichero"_s).toString().endsWith(u"/NOCHE.TZA"));
+}
+
+// It is read again by itself when rows change; what is chosen stays.
+TEST(Principal, LaMananaSigueALaBase) {
+  Tienda t;
+  t.nocheMala();
+  auto* v = t.conManana();
+  auto* linea = pieza(*v, u"0002 PESCADERIA"_s);
+  linea->setFocus();
+  t.sql(u"UPDATE ProcesoTareas SET HECHA=1"_s);
+  EXPECT_TRUE(esperar([&] { return pieza(*v, u"Bien. 0002 PESCADERIA"_s) != nullptr; }));
+  EXPECT_EQ(v->focusWidget()->objectName(), u"Linea0"_s) << "the focus keeps its place";
+}
+
+TEST(Principal, SinNingunaNocheDiceQueHacer) {
+  Tienda t(QStringList{});
+  auto* v = t.conManana();
+  EXPECT_TRUE(pieza(*v, u"Todavía no ha habido ninguna noche"_s));
+  auto* totales = v->findChild<QToolButton*>(u"Totales"_s);
+  EXPECT_FALSE(totales->isEnabled());
+  EXPECT_EQ(totales->toolTip(), u"Esta versión de TARVO no tiene esta ventana.");
+  QTest::mouseClick(pieza(*v, u"Bandeja de entrada"_s), Qt::LeftButton);
+  EXPECT_TRUE(v->isVisible());
+}
+
+TEST(Principal, PanelesYSalida) {
+  Tienda t;
+  auto* v = t.principal();
+  auto* paneles = v->findChild<QStackedWidget*>(u"Paneles"_s);
+  auto* salir = v->findChild<QToolButton*>(u"Salir"_s);
+  const auto panel = [&] { return paneles->currentWidget()->objectName(); };
+  // With the keyboard alone: down from the first entry that works to the warehouse.
+  v->findChild<QToolButton*>(u"EnviarRecibir"_s)->setFocus();
+  QTest::keyClick(v->focusWidget(), Qt::Key_Down);
+  QTest::keyClick(v->focusWidget(), Qt::Key_Down);
+  EXPECT_EQ(v->focusWidget()->objectName(), u"Almacen");
+  QTest::keyClick(v->focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(panel(), u"PanelAlmacen");
+  QTest::mouseClick(salir, Qt::LeftButton);
+  EXPECT_EQ(panel(), u"PanelPrincipal");
+  QTest::mouseClick(v->findChild<QToolButton*>(u"Avanzados"_s), Qt::LeftButton);
+  EXPECT_EQ(panel(), u"PanelAvanzado");
+  // Another window in front hides the panels; coming back shows the main one.
+  QTest::mouseClick(v->findChild<QToolButton*>(u"Configuracion"_s), Qt::LeftButton);
+  Ventana* otra = t.todas().cargada(u"PortalCnf"_s);
+  ASSERT_TRUE(otra);
+  EXPECT_TRUE(esperar([&] { return !paneles->isVisible(); }));
+  QTest::keyClick(otra, Qt::Key_Escape);
+  EXPECT_TRUE(esperar([&] { return paneles->isVisible(); }));
+  EXPECT_EQ(panel(), u"PanelPrincipal");
+  // Escape unloads on any panel.
+  QTest::mouseClick(v->findChild<QToolButton*>(u"Almacen"_s), Qt::LeftButton);
+  bool vacio = false;
+  QObject::connect(&t.todas(), &Ventanas::vacio, [&] { vacio = true; });
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_TRUE(vacio);
+  EXPECT_TRUE(QFile::exists(t.carpeta.filePath(u"TARVO.INI"_s))) << "the settings are written";
+}
+
+TEST(Principal, NoSeCierraMientrasTransfiere) {
+  Tienda t;
+  auto* v = t.principal();
+  t.todas().abrir(u"VerTot"_s);
+  QTest::mouseClick(v->findChild<QToolButton*>(u"EnviarRecibir"_s), Qt::LeftButton);
+  t.suplente(u"gestcomm"_s)->seNiega = true;
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_TRUE(v->isVisible());
+  EXPECT_TRUE(t.suplente(u"VerTot"_s)) << "every other window is untouched";
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Hay comunicaciones en curso"));
+  t.suplente(u"gestcomm"_s)->seNiega = false;
+  t.todas().abrir(u"Cronos"_s);
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
+  EXPECT_TRUE(t.todas().cargada(u"Cronos"_s)) << "a timetable survives the windows around it";
+  EXPECT_EQ(t.todas().abiertas().size(), 1U);
+}
+
+TEST(SysTray, SeisMensajes) {
+  app::SysTray tray;
+  QStringList oidos;
+  const auto oir = [&](const QString& que) {
+    return [&oidos, que, &tray](int boton) {
+      oidos << que + QString::number(boton);
+      tray.mensaje(513);  // never within another
+    };
+  };
+  QObject::connect(&tray, &app::SysTray::MouseDown, oir(u"abajo"_s));
+  QObject::connect(&tray, &app::SysTray::MouseUp, oir(u"arriba"_s));
+  QObject::connect(&tray, &app::SysTray::DblClick, oir(u"doble"_s));
+  for (int n = 512; n <= 519; ++n) tray.mensaje(n);
+  EXPECT_EQ(oidos.join(u' '), u"abajo1 arriba1 doble1 abajo2 arriba2 doble2");
+}
+
+}  // namespace tarvo::prueba
