@@ -52,13 +52,6 @@ const std::vector<EntradaMenu>& entradas() {
   return kEntradas;
 }
 
-QIcon iconoTarvo() {
-  QIcon icono;
-  for (const int lado : {16, 32, 48, 128})
-    icono.addPixmap(QPixmap(u":/escritorio/tarvo-%1.png"_s.arg(lado)));  // needs no plugin
-  return icono;
-}
-
 }  // namespace
 
 MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplicacion& aplicacion)
@@ -69,7 +62,7 @@ MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplica
   ui_.todo->setStretch(1, 1);
   ponerEntradas();
   enlazar();
-  setWindowIcon(iconoTarvo());
+  setWindowIcon(ventanas::icono(u"tarvo"_s));
   ui_.Logo->setPixmap(windowIcon().pixmap(escalar(2 * ventanas::kIcono)));
   ui_.Version->setText(t(kTxVer) + QStringLiteral(TARVO_VERSION));
   ui_.Columna->setBackgroundRole(QPalette::Base);
