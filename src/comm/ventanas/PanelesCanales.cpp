@@ -1,6 +1,7 @@
 #include "comm/ventanas/PanelesCanales.h"
 
 #include <QGridLayout>
+#include <QVBoxLayout>
 #include <algorithm>
 
 #include "core/ventanas/Medidas.h"
@@ -8,27 +9,24 @@
 namespace tarvo::comm {
 
 PanelesCanales::PanelesCanales(const Textos& textos, QWidget* padre)
-    : QWidget(padre), t_(textos), reja_(new QGridLayout(this)) {
-  reja_->setContentsMargins(0, 0, 0, 0);
+    : QWidget(padre), t_(textos), reja_(new QGridLayout) {
   reja_->setSpacing(ventanas::escalar(ventanas::kHueco));
+  auto* todo = new QVBoxLayout(this);
+  todo->setContentsMargins(0, 0, 0, 0);
+  todo->addLayout(reja_);
+  todo->addStretch();
   setMinimumWidth(PanelCanal::anchoPreferido());
 }
 
 void PanelesCanales::colocar() {
-  const int cabe = width() + reja_->spacing();
-  const int columnas = std::max(1, cabe / (PanelCanal::anchoPreferido() + reja_->spacing()));
-  const bool igual = columnas == columnas_ && reja_->count() == cuantos();
-  if (igual) return;
-  if (columnas_ > 0) reja_->setRowStretch((cuantos() + columnas_) / columnas_ + 1, 0);
-  for (int i = 0; i < cuantos(); ++i) {
-    reja_->removeWidget(panel(i));
-    reja_->addWidget(panel(i), i / columnas, i % columnas);
-  }
+  const int hueco = reja_->spacing();
+  const int columnas = std::max(1, (width() + hueco) / (PanelCanal::anchoPreferido() + hueco));
+  if (columnas == columnas_ && reja_->count() == cuantos()) return;
+  for (int i = 0; i < cuantos(); ++i) reja_->removeWidget(panel(i));
+  for (int i = 0; i < cuantos(); ++i) reja_->addWidget(panel(i), i / columnas, i % columnas);
   for (int c = 0; c < std::max(columnas, columnas_); ++c)
     reja_->setColumnStretch(c, c < columnas ? 1 : 0);
-  for (int f = 0; f <= reja_->rowCount(); ++f) reja_->setRowStretch(f, 0);
   columnas_ = columnas;
-  reja_->setRowStretch(cuantos() / columnas + 1, 1);
 }
 
 void PanelesCanales::resizeEvent(QResizeEvent* evento) {

@@ -39,8 +39,8 @@ void gestcommVentana::conectarOrdenes() {
             &gestcomm::EliminarTarea);
   });
   al(ui_.Diagn, [this] { diagnosticar(); });
-  al(ui_.AutoP, [this] { s_.motor.CambioAModo(true); });
-  al(ui_.ManuP, [this] { s_.motor.CambioAModo(false); });
+  al(ui_.AutoP, [this] { cambiarModo(true); });
+  al(ui_.ManuP, [this] { cambiarModo(false); });
   al(ui_.BotonTramas, [this] { verTramas(); });
   connect(ui_.s_espe, &Parrilla::activada, this, [this] { diagnosticar(); });
   connect(ui_.s_espe, &Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
@@ -71,6 +71,12 @@ void gestcommVentana::ordenar(const std::set<int>& estados, void (gestcomm::*ord
   if (tarea && !estados.contains(tarea->Estado))
     decirDuda(t(kTxNoSePuede).arg(motor::TextoEstado(tarea->Estado, contexto().textos)));
   (s_.motor.*orden)(id);
+}
+
+// The buttons follow at once: the next key may be one of theirs.
+void gestcommVentana::cambiarModo(bool automatico) {
+  s_.motor.CambioAModo(automatico);
+  ponerModo();
 }
 
 void gestcommVentana::diagnosticar() {

@@ -38,6 +38,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void conectarOrdenes();
   void ordenar(const std::set<int>& estados, void (motor::gestcomm::*orden)(int));
   int tareaElegida();
+  void cambiarModo(bool automatico);
   void diagnosticar();
   void verTramas();
   void pedirGrupos(const EntradaMenu& entrada);
