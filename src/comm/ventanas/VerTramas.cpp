@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QScrollBar>
 #include <QTableView>
 
@@ -123,12 +124,17 @@ VerTramas::VerTramas(Contexto& c, const QString& nombre, const Servicios& s)
   fija.setPointSizeF(font().pointSizeF());
   ui_.Hexa->setFont(fija);
   enlazar();
+  ui_.Pausa->setShortcut(Qt::Key_F7);
+  ui_.Copiar->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_X);
+  ui_.Guardar->setShortcut(Qt::CTRL | Qt::Key_S);
+  ui_.Limpiar->setShortcut(Qt::CTRL | Qt::Key_L);
   ui_.Pausa->setIcon(icono(u"pausa"_s));
   ui_.Copiar->setIcon(icono(u"copiar"_s));
   ui_.Guardar->setIcon(icono(u"guardar"_s));
   ui_.Limpiar->setIcon(icono(u"quitar"_s));
   ui_.lista->preparar(c, nombre, columnasTramas(c.textos));
   ui_.lista->vivas();
+  ui_.lista->filtros()->addWidget(ui_.filtros);
   ui_.lista->setVacia(t(kTxSinTramas));
   connect(ui_.lista, &Parrilla::actualCambiada, this, [this](int fila) { mostrarHexa(fila); });
   connect(ui_.lista, &Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
