@@ -69,6 +69,7 @@ std::vector<Columna> columnasTramas(const Textos& textos) {
                 mal = textos(kTxCheckMal);
   return {{.titulo = kTxColHora,
            .campo = u"hora"_s,
+           .clase = Clase::Codigo,
            .ancho = 104,
            .ver =
                [](const dao::Valor& v) {
@@ -78,15 +79,16 @@ std::vector<Columna> columnasTramas(const Textos& textos) {
           {.titulo = kTxColCanal, .campo = u"canal"_s, .clase = Clase::Entero, .ancho = 56},
           {.titulo = kTxColSentido,
            .campo = u"sentido"_s,
+           .clase = Clase::Codigo,
            .ancho = 84,
            .ver = [=](const dao::Valor& v) { return v.logico() ? llega : sale; },
            .imagen = [](const dao::Valor& v) { return v.logico() ? u"recibir"_s : u"enviar"_s; }},
-          {.titulo = kTxColClase, .campo = u"clase"_s, .ancho = 92},
+          {.titulo = kTxColClase, .campo = u"clase"_s, .clase = Clase::Codigo, .ancho = 92},
           {.titulo = kTxColSec, .campo = u"sec"_s, .clase = Clase::Entero, .ancho = 48},
-          {.titulo = kTxColEst, .campo = u"est"_s, .ancho = 60},
+          {.titulo = kTxColEst, .campo = u"est"_s, .clase = Clase::Codigo, .ancho = 60},
           {.titulo = kTxColDir, .campo = u"dir"_s, .clase = Clase::Entero, .ancho = 48},
           {.titulo = kTxColCodigo, .campo = u"codigo"_s, .clase = Clase::Entero, .ancho = 68},
-          {.titulo = kTxColNombre, .campo = u"nombre"_s, .ancho = 190},
+          {.titulo = kTxColNombre, .campo = u"nombre"_s, .clase = Clase::Codigo, .ancho = 190},
           {.titulo = kTxColDatos, .campo = u"datos"_s, .ancho = 260},
           {.titulo = kTxColCheck,
            .campo = u"check"_s,
