@@ -57,13 +57,13 @@ std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
                [](const dao::Valor& v) {
                  return imagenDeEstado(static_cast<int>(v.entero() % kEstados));
                }},
-          {.titulo = kTxColDestino, .campo = u"Destino"_s, .clase = Clase::Codigo, .ancho = 210},
+          {.titulo = kTxColDestino, .campo = u"Destino"_s, .clase = Clase::Codigo, .ancho = 200},
           {.titulo = kTxColBza, .campo = u"bza"_s, .clase = Clase::Entero, .ancho = 64},
           {.titulo = kTxColTraza, .campo = u"Traza"_s, .clase = Clase::Codigo, .ancho = 92},
           {.titulo = kTxColCont, .campo = u"cont"_s, .clase = Clase::Entero, .ancho = 76},
           {.titulo = kTxColEstado,
            .campo = u"Estado"_s,
-           .ancho = 290,
+           .ancho = 312,
            .ver =
                [reteniendo](const dao::Valor& v) {
                  const int e = static_cast<int>(v.entero());
