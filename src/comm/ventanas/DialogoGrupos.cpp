@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "comm/ventanas/TextosCommVentanas.h"
+#include "core/ventanas/Medidas.h"
 
 namespace tarvo::comm {
 
@@ -52,6 +53,7 @@ Resultado<> DialogoGrupos::preparar(const Argumentos& a) {
   for (const GrupoElegible& g : *grupos) {
     auto* fila = new QListWidgetItem(g.nombre, lista_);
     fila->setData(kCodigoGrupo, g.codigo);
+    fila->setSizeHint(QSize(0, escalar(kAltoFila)));
   }
   todas_->setChecked(false);
   lista_->setCurrentRow(0);

@@ -12,6 +12,10 @@ namespace {
 constexpr QStringView kParidades = u"EON";  // in the order of the list
 constexpr int kPuertoMax = 16;
 
+void llenarNumeros(QComboBox& lista, std::initializer_list<int> numeros) {
+  for (const int n : numeros) lista.addItem(QString::number(n));
+}
+
 void elegirTexto(QComboBox& lista, int valor) {
   lista.setCurrentIndex(std::max(0, lista.findText(QString::number(valor))));
 }
@@ -41,6 +45,9 @@ QString LineaSerie::escribir() const {
 EdiParms::EdiParms(Contexto& c, const QString& nombre, const Servicios&) : Ventana(c, nombre) {
   ui_.setupUi(cuerpo());
   enlazar();
+  llenarNumeros(*ui_.Baudios, {300, 600, 1200, 2400, 4800, 9600, 19200});
+  llenarNumeros(*ui_.BitsDatos, {5, 6, 7, 8});
+  llenarNumeros(*ui_.BitsParada, {1, 2});
   connect(ui_.Acepto, &QPushButton::clicked, this, [this] { confirmar(); });
   connect(ui_.Cancelo, &QPushButton::clicked, this, [this] { rechazar(); });
   connect(ui_.Puerto, &QLineEdit::textEdited, this, [this] {

@@ -50,19 +50,20 @@ std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
   const QString reteniendo = textos(kTxReteniendo);
   return {{.titulo = kTxColTarea,
            .campo = u"Tarea"_s,
-           .ancho = 84,
+           .clase = Clase::Codigo,
+           .ancho = 88,
            .ver = [](const dao::Valor& v) { return Ceros(v.entero() / kEstados, 3); },
            .imagen =
                [](const dao::Valor& v) {
                  return imagenDeEstado(static_cast<int>(v.entero() % kEstados));
                }},
-          {.titulo = kTxColDestino, .campo = u"Destino"_s, .ancho = 240},
-          {.titulo = kTxColBza, .campo = u"bza"_s, .clase = Clase::Entero, .ancho = 48},
-          {.titulo = kTxColTraza, .campo = u"Traza"_s, .ancho = 110},
-          {.titulo = kTxColCont, .campo = u"cont"_s, .clase = Clase::Entero, .ancho = 60},
+          {.titulo = kTxColDestino, .campo = u"Destino"_s, .clase = Clase::Codigo, .ancho = 200},
+          {.titulo = kTxColBza, .campo = u"bza"_s, .clase = Clase::Entero, .ancho = 64},
+          {.titulo = kTxColTraza, .campo = u"Traza"_s, .clase = Clase::Codigo, .ancho = 92},
+          {.titulo = kTxColCont, .campo = u"cont"_s, .clase = Clase::Entero, .ancho = 76},
           {.titulo = kTxColEstado,
            .campo = u"Estado"_s,
-           .ancho = 200,
+           .ancho = 312,
            .ver =
                [reteniendo, &textos](const dao::Valor& v) {
                  const int e = static_cast<int>(v.entero());
@@ -72,7 +73,7 @@ std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
                [](const dao::Valor& v) {
                  return tonoDeEstado(static_cast<int>(v.entero() % kReteniendo));
                }},
-          {.titulo = kTxColProblema, .campo = u"Problema"_s, .ancho = 320}};
+          {.titulo = kTxColProblema, .campo = u"Problema"_s, .ancho = 220}};
 }
 
 ventanas::FilaViva filaTarea(const motor::VistaTarea& t, const motor::ClaseTarea* clase,

@@ -1,5 +1,6 @@
 #include "comm/ventanas/PanelCanal.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 
@@ -83,7 +84,7 @@ void PanelCanal::ponerLinea() {
   const bool sinUso = vista_.EstadoCanal == 0;
   const bool modem = vista_.EstadoCanal == 2 && vista_.portadora;
   const QString nombre = sinUso || modem           ? u"linea"_s
-                         : vista_.EstadoCanal == 3 ? u"cerrar"_s
+                         : vista_.EstadoCanal == 3 ? u"desconectado"_s
                                                    : u"conectado"_s;
   const int lado = escalar(kIcono);
   CanSts_->setPixmap(
@@ -108,6 +109,12 @@ void PanelCanal::mostrar(const motor::VistaCanal& v, bool encendido) {
   poner(*lbtar_, proc);
   if (otraLinea) ponerLinea();
   setAccessibleName(t_(kTxNombrePanel).arg(nombre, estado, v.etiqueta, proc));
+}
+
+// Pictures are drawn in the colours of the face.
+void PanelCanal::changeEvent(QEvent* evento) {
+  QFrame::changeEvent(evento);
+  if (puesto_ && evento->type() == QEvent::StyleChange) ponerLinea();
 }
 
 void PanelCanal::setElegido(bool elegido) {

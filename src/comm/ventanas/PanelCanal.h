@@ -24,6 +24,7 @@ class PanelCanal final : public QFrame {
  private:
   void poner(QLabel& rotulo, const QString& texto);
   void ponerLinea();
+  void changeEvent(QEvent* evento) override;
 
   const Textos& t_;
   const int canal_;

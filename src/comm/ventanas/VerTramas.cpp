@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QScrollBar>
 #include <QTableView>
 
@@ -68,6 +69,7 @@ std::vector<Columna> columnasTramas(const Textos& textos) {
                 mal = textos(kTxCheckMal);
   return {{.titulo = kTxColHora,
            .campo = u"hora"_s,
+           .clase = Clase::Codigo,
            .ancho = 104,
            .ver =
                [](const dao::Valor& v) {
@@ -77,15 +79,16 @@ std::vector<Columna> columnasTramas(const Textos& textos) {
           {.titulo = kTxColCanal, .campo = u"canal"_s, .clase = Clase::Entero, .ancho = 56},
           {.titulo = kTxColSentido,
            .campo = u"sentido"_s,
+           .clase = Clase::Codigo,
            .ancho = 84,
            .ver = [=](const dao::Valor& v) { return v.logico() ? llega : sale; },
            .imagen = [](const dao::Valor& v) { return v.logico() ? u"recibir"_s : u"enviar"_s; }},
-          {.titulo = kTxColClase, .campo = u"clase"_s, .ancho = 92},
+          {.titulo = kTxColClase, .campo = u"clase"_s, .clase = Clase::Codigo, .ancho = 92},
           {.titulo = kTxColSec, .campo = u"sec"_s, .clase = Clase::Entero, .ancho = 48},
-          {.titulo = kTxColEst, .campo = u"est"_s, .ancho = 60},
+          {.titulo = kTxColEst, .campo = u"est"_s, .clase = Clase::Codigo, .ancho = 60},
           {.titulo = kTxColDir, .campo = u"dir"_s, .clase = Clase::Entero, .ancho = 48},
           {.titulo = kTxColCodigo, .campo = u"codigo"_s, .clase = Clase::Entero, .ancho = 68},
-          {.titulo = kTxColNombre, .campo = u"nombre"_s, .ancho = 190},
+          {.titulo = kTxColNombre, .campo = u"nombre"_s, .clase = Clase::Codigo, .ancho = 190},
           {.titulo = kTxColDatos, .campo = u"datos"_s, .ancho = 260},
           {.titulo = kTxColCheck,
            .campo = u"check"_s,
@@ -123,12 +126,17 @@ VerTramas::VerTramas(Contexto& c, const QString& nombre, const Servicios& s)
   fija.setPointSizeF(font().pointSizeF());
   ui_.Hexa->setFont(fija);
   enlazar();
+  ui_.Pausa->setShortcut(Qt::Key_F7);
+  ui_.Copiar->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_X);
+  ui_.Guardar->setShortcut(Qt::CTRL | Qt::Key_S);
+  ui_.Limpiar->setShortcut(Qt::CTRL | Qt::Key_L);
   ui_.Pausa->setIcon(icono(u"pausa"_s));
   ui_.Copiar->setIcon(icono(u"copiar"_s));
   ui_.Guardar->setIcon(icono(u"guardar"_s));
   ui_.Limpiar->setIcon(icono(u"quitar"_s));
   ui_.lista->preparar(c, nombre, columnasTramas(c.textos));
   ui_.lista->vivas();
+  ui_.lista->filtros()->addWidget(ui_.filtros);
   ui_.lista->setVacia(t(kTxSinTramas));
   connect(ui_.lista, &Parrilla::actualCambiada, this, [this](int fila) { mostrarHexa(fila); });
   connect(ui_.lista, &Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });

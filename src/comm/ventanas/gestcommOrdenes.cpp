@@ -21,7 +21,17 @@ void gestcommVentana::conectarOrdenes() {
       {ui_.TrashP, u"borrar"},  {ui_.Diagn, u"informacion"}, {ui_.AutoP, u"automatico"},
       {ui_.ManuP, u"operador"}, {ui_.BotonTramas, u"linea"}, {ui_.MnAbrSs, u"sesionAbierta"},
       {ui_.MnCerSs, u"sesion"}, {ui_.MnCanSs, u"cerrar"}};
+  const std::pair<QAction*, QKeySequence> teclas[] = {{ui_.RunP, Qt::Key_F6},
+                                                      {ui_.PauseP, Qt::Key_F7},
+                                                      {ui_.StopP, Qt::Key_F8},
+                                                      {ui_.TrashP, Qt::Key_Delete},
+                                                      {ui_.Diagn, Qt::Key_F9},
+                                                      {ui_.AutoP, Qt::CTRL | Qt::Key_U},
+                                                      {ui_.ManuP, Qt::CTRL | Qt::Key_M},
+                                                      {ui_.BotonTramas, Qt::CTRL | Qt::Key_T}};
+  for (const auto& [accion, tecla] : teclas) accion->setShortcut(tecla);
   for (const auto& [accion, imagen] : imagenes) accion->setIcon(icono(QString::fromUtf16(imagen)));
+  ui_.btTramas->setDefaultAction(ui_.BotonTramas);
   ui_.s_espe->setAcciones(
       {ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.BotonTramas});
   const auto al = [this](QAction* a, auto hacer) { connect(a, &QAction::triggered, this, hacer); };

@@ -1,5 +1,6 @@
 #include "comm/ventanas/gestcommVentana.h"
 
+#include <QHBoxLayout>
 #include <QTableView>
 
 #include "comm/ventanas/Grupos.h"
@@ -42,6 +43,7 @@ gestcommVentana::gestcommVentana(Contexto& c, const QString& nombre, const Servi
   enlazar();
   ui_.s_espe->preparar(c, nombre, columnasTareas(c.textos));
   ui_.s_espe->vivas();
+  ui_.s_espe->filtros()->addWidget(ui_.LblModo);
   ui_.s_espe->setUnaSola(true);
   ui_.s_espe->setVacia(t(kTxColaVacia));
   connect(ui_.s_espe, &Parrilla::actualCambiada, this, [this] { ponerModo(); });

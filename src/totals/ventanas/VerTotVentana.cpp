@@ -5,6 +5,7 @@
 
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/Tira.h"
+#include "core/ventanas/TiraTrabajo.h"
 #include "totals/Cuadre.h"
 #include "totals/ventanas/LadoGrafica.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"

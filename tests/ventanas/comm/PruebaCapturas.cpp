@@ -1,0 +1,49 @@
+// Every window of the room, with nothing cut in any face, size and scale. The variable
+// TARVO_CAPTURAS keeps the pictures.
+#include "Puesto.h"
+#include "capturas/Capturas.h"
+
+namespace tarvo::prueba {
+
+using simulador::Averia;
+
+struct CapturasComm : Puesto {
+  void capturar(const QString& marca) {
+    const QString fuera = qEnvironmentVariable("TARVO_CAPTURAS");
+    const QString carpeta = fuera.isEmpty() ? carpeta_.filePath(u"png"_s) : fuera;
+    const QStringList faltas =
+        capturas::capturar(escritorio, {.carpeta = carpeta, .marca = marca, .solo = {}});
+    EXPECT_EQ(faltas.join(u'\n').toStdString(), "");
+  }
+};
+
+// A queue with tasks in each state that lasts, and the frames that led there.
+TEST_F(CapturasComm, Llenas) {
+  articulo(10);
+  for (int g = 1; g <= 12; ++g) {
+    const QString acceso = g <= 4 ? u"cable %1"_s.arg(g) : u"Tienda de la calle Mayor %1"_s.arg(g);
+    grupo(g, 1 + 3 * (g % 2), acceso);
+    vender(g, 10, 500, 250);
+    if (g % 3 == 0) fallo(g, {.averia = Averia::Sorda});
+    if (g % 5 == 0) fallo(g, {.averia = Averia::Err, .valor = 4});
+  }
+  valor(
+      db->ejecutar(u"UPDATE GRUPOS SET NOMGPO='Carnicería del mercado', telef=iif(CODGPO=8, "
+                   u"'no hay', telef)"));
+  abrir(u"gestcomm"_s);
+  for (int n = 0; n < 40; ++n) gestor->NuevaTarea(1 + n % 12, true, 0, 9999999, 17 + n % 4);
+  pasar(30000);
+  ASSERT_GT(gestor->CuantosQuedan().fallidas, 3);
+  // With the channels closed the window can go between two pictures.
+  gestor->CambioAModo(false);
+  gestor->cerrar([] {});
+  pasar(2000);
+  capturar(u"llena"_s);
+}
+
+TEST_F(CapturasComm, Vacias) {
+  grupo(1, 1, u"cable 1"_s);
+  capturar(u"vacia"_s);
+}
+
+}  // namespace tarvo::prueba
