@@ -122,7 +122,9 @@ void Mundo::empezarNoche(const PlanNoche& n) {
                                                                  : std::vector{2057};
     std::vector<simulador::Paso> guion;
     for (const auto& p : fallos.guion)
-      for (const int codigo : p.codigo == -2 ? ceros : p.codigo == -3 ? plus : std::vector{p.codigo}) {
+      for (const int codigo : p.codigo == -2   ? ceros
+                              : p.codigo == -3 ? plus
+                                               : std::vector{p.codigo}) {
         guion.push_back(p);
         guion.back().codigo = codigo;
       }

@@ -99,7 +99,7 @@ void ElemPerso::mostrarLista() {
 }
 
 void ElemPerso::mover(int pasos) {
-  sitio_ = static_cast<size_t>(static_cast<int>(sitio_) + pasos);
+  pasos < 0 ? --sitio_ : ++sitio_;
   mostrarLista();
 }
 

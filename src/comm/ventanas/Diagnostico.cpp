@@ -56,11 +56,11 @@ Resultado<> Diagnostico::preparar(const Argumentos& a) {
     return {};
   }
   const motor::ClaseTarea* clase = s_.registro.porNumero(tarea->datos.Clase);
-  ui_.LblTarea->setText(t(kTxDeTarea)
-                            .arg(Ceros(tarea->datos.Id, 3),
-                                 t(kTxDestino)
-                                     .arg(clase ? t(clase->nombre) : QString(),
-                                          Ceros(tarea->datos.Grupo, 4))));
+  ui_.LblTarea->setText(
+      t(kTxDeTarea)
+          .arg(Ceros(tarea->datos.Id, 3),
+               t(kTxDestino)
+                   .arg(clase ? t(clase->nombre) : QString(), Ceros(tarea->datos.Grupo, 4))));
   decir(tarea->Estado, tarea->Error, tarea->textoError);
   return {};
 }

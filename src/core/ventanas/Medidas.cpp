@@ -13,7 +13,8 @@ constexpr double kPuntosNormales = 96;  // dots an inch of a screen as any other
 int escalar(int pixeles) {
   const QScreen* pantalla = QGuiApplication::primaryScreen();
   const double puntos = QApplication::font().pointSizeF() / kLetra;
-  return qRound(pixeles * puntos * (pantalla ? pantalla->logicalDotsPerInchY() / kPuntosNormales : 1));
+  return qRound(pixeles * puntos *
+                (pantalla ? pantalla->logicalDotsPerInchY() / kPuntosNormales : 1));
 }
 
 void ponerLetra(QWidget& control, Letra letra) {
