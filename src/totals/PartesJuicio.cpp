@@ -152,6 +152,7 @@ Resultado<std::optional<Via>> decidir(Database& db, const Ajustes& ajustes, int 
   if (!leidas) return std::unexpected(leidas.error());
   if (leidas->entero() < 2) {
     Via via;
+    via.reserve(indicios.size());
     for (const auto& [addr, x] : indicios) via.push_back({addr, x.bajos});
     return via;
   }
@@ -161,6 +162,7 @@ Resultado<std::optional<Via>> decidir(Database& db, const Ajustes& ajustes, int 
       *sumas, [](const Comparado& k) { return conjuntoDe(k.clase) != conjuntoDe(kGranTotal); });
   if (!cruzan) return std::nullopt;
   std::vector<std::vector<Salida>> salidas;
+  salidas.reserve(indicios.size());
   for (const auto& [addr, x] : indicios) salidas.push_back(salidasDe(addr, x, notas[addr]));
   return laUnica(salidas, *sumas);
 }
