@@ -159,6 +159,7 @@ void EditIntvVentana::quitar() {
 
 void EditIntvVentana::pintarEntradas() {
   std::vector<ventanas::FilaViva> filas;
+  filas.reserve(entradas_.size());
   for (const EntradaManual& e : entradas_)
     filas.push_back(
         {static_cast<qint64>(filas.size()) + 1,
