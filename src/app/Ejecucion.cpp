@@ -26,9 +26,9 @@ int Ejecucion::ejecutar(const QString& rutaProceso) {
     QString mensaje = t_(kTxProcesoNoCargado);
     CambiaTexto(QStringLiteral("#"), rutaProceso, mensaje);
     avisar(mensaje + QStringLiteral(". ") + cargado.error().texto);
-    return guardarAjustes(kSinProceso);
+    return guardarAjustes(fondo_, kSinProceso);
   }
-  return guardarAjustes(correr());
+  return guardarAjustes(fondo_, correr());
 }
 
 Resultado<> Ejecucion::cargar(const QString& ruta) {
@@ -59,10 +59,10 @@ void Ejecucion::pedirFin() {
   enMarcha ? app_.automat().abortar() : QCoreApplication::exit(estado_);
 }
 
-int Ejecucion::guardarAjustes(int estado) const {
-  const auto guardado = fondo_.ajustes.GuardarConfig();
+int guardarAjustes(const Fondo& fondo, int estado) {
+  const auto guardado = fondo.ajustes.GuardarConfig();
   if (guardado) return estado;
-  avisar(t_(kTxAjustesNoGuardados).arg(guardado.error().texto));
+  avisar(fondo.textos(kTxAjustesNoGuardados).arg(guardado.error().texto));
   return std::max<int>(estado, kProblemas);
 }
 

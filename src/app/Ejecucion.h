@@ -6,6 +6,9 @@
 
 namespace tarvo::app {
 
+// Writes the settings; a failure is said, and makes the status "problems" at least.
+int guardarAjustes(const Fondo& fondo, int estado);
+
 class Ejecucion {
  public:
   Ejecucion(Fondo& fondo, Aplicacion& aplicacion, const Textos& textos);
@@ -17,7 +20,6 @@ class Ejecucion {
   Resultado<> cargar(const QString& ruta);
   int correr();
   void pedirFin();
-  int guardarAjustes(int estado) const;
 
   Fondo& fondo_;
   Aplicacion& app_;

@@ -31,13 +31,9 @@ int hacerCuadre(const Ordenes& o, Fondo& fondo, const Textos& t) {
 
 int correrProceso(const Ordenes& o, Fondo& fondo, const Textos& t, Reloj& reloj) {
   Datos datos(o.datos, t);
-  enlace::FabricaReal fabrica(reloj, fondo.ajustes);
-  Aplicacion aplicacion(fondo, reloj, fabrica, std::random_device{}(), datos);
-  if (const auto hecho = aplicacion.empezar(); !hecho) {
-    avisar(t(kTxSinArranque).arg(hecho.error().texto));
-    return kSinBase;
-  }
-  return Ejecucion(fondo, aplicacion, t).ejecutar(rutaProceso(o.proceso, fondo.ajustes));
+  return conAplicacion(fondo, reloj, datos, [&](Aplicacion& aplicacion) {
+    return Ejecucion(fondo, aplicacion, t).ejecutar(rutaProceso(o.proceso, fondo.ajustes));
+  });
 }
 
 // The program with windows stands beside this one and takes its place.
@@ -80,6 +76,17 @@ int conFondo(const Ordenes& o, const Textos& t,
     return kSinBase;
   }
   return hacer(**fondo, reloj);
+}
+
+int conAplicacion(Fondo& fondo, Reloj& reloj, automation::Preguntas& preguntas,
+                  const std::function<int(Aplicacion& aplicacion)>& hacer) {
+  enlace::FabricaReal fabrica(reloj, fondo.ajustes);
+  Aplicacion aplicacion(fondo, reloj, fabrica, std::random_device{}(), preguntas);
+  if (const auto hecho = aplicacion.empezar(); !hecho) {
+    avisar(fondo.textos(kTxSinArranque).arg(hecho.error().texto));
+    return kSinBase;
+  }
+  return hacer(aplicacion);
 }
 
 int principal(int argc, char** argv, const ConVentanas& conVentanas) {

@@ -16,4 +16,8 @@ int principal(int argc, char** argv, const ConVentanas& conVentanas = {});
 int conFondo(const Ordenes& ordenes, const Textos& textos,
              const std::function<int(Fondo& fondo, Reloj& reloj)>& hacer);
 
+// Makes the application's objects and hands them over; a failure is said, with its status.
+int conAplicacion(Fondo& fondo, Reloj& reloj, automation::Preguntas& preguntas,
+                  const std::function<int(Aplicacion& aplicacion)>& hacer);
+
 }  // namespace tarvo::app

@@ -92,8 +92,8 @@ Resultado<> Historial::empezar(qint64 numero, const QString& nombre, Fecha inici
                                     .arg(tabla),
                                 numero - kEjecucionesGuardadas));
   TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO Ejecuciones (EJECUCION, NOMBRE, INICIO, TRAZA) VALUES (?, ?, ?, ?)", numero,
-      nombre, inicio, traza));
+      u"INSERT OR REPLACE INTO Ejecuciones (EJECUCION, NOMBRE, INICIO, TRAZA) VALUES (?, ?, ?, ?)",
+      numero, nombre, inicio, traza));
   return {};
 }
 

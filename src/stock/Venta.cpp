@@ -18,17 +18,17 @@ const QString kVentas = QStringLiteral(
     "ON CONFLICT (CODALM, SECCION, CODIGO) DO UPDATE SET "
     "Venta=coalesce(MovsAlm.Venta, 0)+excluded.Venta");
 
-// What a period holds of others that were added into it is out of the stock with them, whenever
-// they came: only what is its own counts. %1 the period, %2 the rows of the others, %3 their table.
-const QString kPropias = QStringLiteral("SELECT GRUPO, CODI, CON, PES FROM TOTPLU WHERE LINK=%1");
+// Rows of a period %1 that are not its own: of others, %2, that were added into it; %3 has their
+// rows.
 const QString kAjenas = QStringLiteral(
     " UNION ALL SELECT t.GRUPO, t.CODI, -coalesce(t.CON, 0), -coalesce(t.PES, 0) FROM COLUMNA d "
     "INNER JOIN %2 s ON s.FECHA1>=d.FECHA1 AND s.FECHAF<=d.FECHAF "
     "INNER JOIN %3 WHERE d.LINK=%1 AND ((d.TIPO=2 AND s.ACUM2<>0) OR "
     "(d.TIPO=3 AND s.ACUM3<>0) OR (d.TIPO=4 AND s.ACUM4<>0))");
 
+// What a period holds of others is out of the stock with them, whenever they were added.
 QString filasPropias(dao::Database& db, qint64 link) {
-  QString sql = kPropias.arg(link) +
+  QString sql = QStringLiteral("SELECT GRUPO, CODI, CON, PES FROM TOTPLU WHERE LINK=%1").arg(link) +
                 kAjenas.arg(QString::number(link), QStringLiteral("COLUMNA"),
                             QStringLiteral("TOTPLU t ON t.LINK=s.LINK AND s.LINK<>d.LINK"));
   // Versions of them that were replaced, of which it isn't rid yet.

@@ -1,11 +1,11 @@
 #include "totals/Memoria.h"
-#include "totals/TextosTotals.h"
 
 #include <algorithm>
 #include <map>
 #include <set>
 
 #include "totals/Partes.h"
+#include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
 
@@ -26,10 +26,6 @@ QString lista(const std::vector<int>& grupos) {
   for (const int g : grupos) s << QString::number(g);
   return s.join(u',');
 }
-
-}  // namespace
-
-namespace {
 
 // Periods were added into this one: its rows are not of its own readings alone.
 Resultado<bool> tieneAcumulados(dao::Database& db, const Columna& c) {
@@ -78,7 +74,7 @@ Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool su
   if (otras->entero() > 0) {
     const Aviso a{r.CODGPO, p_.textos()(kTxVentasDeAntes, {r.CODGPO}), false};
     if (std::ranges::find(avisos, a.texto, &Aviso::texto) == avisos.end()) avisos.push_back(a);
-    return Modo::Bajar;
+    return Modo::Otras;
   }
   const auto nuevo =
       db_.uno(QString(u"SELECT SUM(CON) FROM "_s + u16(c->tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
@@ -90,7 +86,7 @@ Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool su
                     p_.textos()(kTxMenosVentas, {r.CODGPO, NombreTabla(r.clase), nuevo->entero(),
                                                  (*viejo)->entero(1)}),
                     true});
-  return Modo::Bajar;
+  return Modo::Otras;
 }
 
 Resultado<> Memoria::moverNuevas(int numero, const std::vector<int>& grupos, qint64 link) {
@@ -217,12 +213,13 @@ Resultado<> Memoria::anotarOrigen(const Recibido& r, qint64 link) {
 }
 
 // A group is replaced in all its kinds of total or in none.
-void Memoria::sumarSiAlgoBaja(const std::vector<Recibido>& lecturas, std::vector<Modo>& modos) {
-  std::set<int> bajan;
+void Memoria::sumarSiHayOtras(const std::vector<Recibido>& lecturas, std::vector<Modo>& modos) {
+  std::set<int> conOtras;
   for (size_t i = 0; i < modos.size(); ++i)
-    if (modos[i] == Modo::Bajar) bajan.insert(lecturas[i].CODGPO);
+    if (modos[i] == Modo::Otras) conOtras.insert(lecturas[i].CODGPO);
   for (size_t i = 0; i < modos.size(); ++i)
-    if ((modos[i] == Modo::Bajar || modos[i] == Modo::Poner) && bajan.contains(lecturas[i].CODGPO))
+    if ((modos[i] == Modo::Otras || modos[i] == Modo::Poner) &&
+        conOtras.contains(lecturas[i].CODGPO))
       modos[i] = Modo::Sumar;
 }
 
@@ -244,7 +241,7 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
     if (!modo) return std::unexpected(modo.error());
     modos.push_back(*modo);
   }
-  sumarSiAlgoBaja(lecturas, modos);
+  sumarSiHayOtras(lecturas, modos);
   std::optional<Periodos::Marcas> marcas;
   if (link == 0) {
     const auto nuevo = p_.CrearPeriodo(destino.tipo, destino.desde, destino.hasta, true, descr);

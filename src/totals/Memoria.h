@@ -35,8 +35,10 @@ class Memoria {
                                bool sustituir, const QString& descr, std::vector<Aviso>& avisos);
 
  private:
-  enum class Modo { Nueva, Sumar, Poner, Bajar };
-  static void sumarSiAlgoBaja(const std::vector<Recibido>& lecturas, std::vector<Modo>& modos);
+  // How a reading goes into its period: Otras when what the period has of the group are other
+  // sales, so that nothing of it may be replaced.
+  enum class Modo { Nueva, Sumar, Poner, Otras };
+  static void sumarSiHayOtras(const std::vector<Recibido>& lecturas, std::vector<Modo>& modos);
   Resultado<Modo> modoDe(const Recibido& r, qint64 link, bool sustituir,
                          std::vector<Aviso>& avisos);
   Resultado<> moverNuevas(int clase, const std::vector<int>& grupos, qint64 link);

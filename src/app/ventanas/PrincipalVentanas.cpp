@@ -1,15 +1,14 @@
 #include "app/ventanas/PrincipalVentanas.h"
 
 #include <QApplication>
-#include <random>
 
 #include "app/Consola.h"
 #include "app/Datos.h"
+#include "app/Ejecucion.h"
 #include "app/Principal.h"
 #include "app/Senales.h"
 #include "app/TextosApp.h"
 #include "app/ventanas/Registro.h"
-#include "comm/enlace/FabricaReal.h"
 #include "core/ventanas/Escritorio.h"
 #include "core/ventanas/MyMsgBox.h"
 
@@ -62,28 +61,16 @@ Resultado<> olvidarTiquesViejos(dao::Database& db, Fecha hoy) {
   return {};
 }
 
-int guardarTodo(const Fondo& fondo, const Textos& t) {
-  const auto guardado = fondo.ajustes.GuardarConfig();
-  if (guardado) return kBien;
-  avisar(t(kTxAjustesNoGuardados).arg(guardado.error().texto));
-  return kProblemas;
-}
-
-int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, const Textos& t, Reloj& reloj) {
-  Datos datos(o.datos, t);
-  enlace::FabricaReal fabrica(reloj, fondo.ajustes);
-  Aplicacion aplicacion(fondo, reloj, fabrica, std::random_device{}(), datos);
-  if (const auto hecho = aplicacion.empezar(); !hecho) {
-    avisar(t(kTxSinArranque).arg(hecho.error().texto));
-    return kSinBase;
-  }
+int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, Reloj& reloj,
+                Aplicacion& aplicacion) {
+  const Textos& t = fondo.textos;
   ventanas::Escritorio escritorio(qt, *fondo.db, fondo.ajustes, t, reloj,
                                   ventanas::leerCara(o.tema),
                                   Ajustes::ruta(u"VENTANAS.INI"_s, fondo.ajustes.carpeta));
   ventanas::Ventanas& ventanas = escritorio.ventanas();
   registrarVentanas(ventanas, aplicacion);
   const auto primera = primeraVentana(o, fondo, aplicacion, ventanas);
-  if (!primera) return std::max<int>(kSinProceso, guardarTodo(fondo, t));
+  if (!primera) return guardarAjustes(fondo, kSinProceso);
   if (!ventanas.conoce(primera->ventana)) {
     avisar(t(kTxVentanaDesconocida).arg(primera->ventana, ventanas.nombres().join(u", "_s)));
     return kArgumentosMalos;
@@ -97,9 +84,8 @@ int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, const Textos& 
   qt.setQuitOnLastWindowClosed(false);
   QObject::connect(&ventanas, &ventanas::Ventanas::vacio, &qt, &QApplication::quit);
   if (!ventanas.abrir(primera->ventana, nullptr, primera->argumentos))
-    return std::max<int>(o.proceso.isEmpty() ? kProblemas : kSinProceso, guardarTodo(fondo, t));
-  const int estado = qt.exec();
-  return std::max(estado, guardarTodo(fondo, t));
+    return guardarAjustes(fondo, o.proceso.isEmpty() ? kProblemas : kSinProceso);
+  return guardarAjustes(fondo, qt.exec());
 }
 
 }  // namespace
@@ -115,8 +101,12 @@ int principalVentanas(int argc, char** argv) {
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication qt(argc, argv);
-    return conFondo(
-        o, t, [&](Fondo& fondo, Reloj& reloj) { return conVentanas(qt, o, fondo, t, reloj); });
+    return conFondo(o, t, [&](Fondo& fondo, Reloj& reloj) {
+      Datos datos(o.datos, t);
+      return conAplicacion(fondo, reloj, datos, [&](Aplicacion& aplicacion) {
+        return conVentanas(qt, o, fondo, reloj, aplicacion);
+      });
+    });
   });
 }
 

@@ -7,14 +7,43 @@
 #pragma once
 
 #include <optional>
-#include <utility>
 
 #include "comm/motor/Tarea.h"
 #include "comm/tareas/TextosTareas.h"
 
 namespace tarvo::tareas {
 
-// `Lista`: what is compared.
+// Whether a list that is in doubt has come often enough alike. `Lista`: what is compared.
+template <class Lista>
+class Contraste {
+ public:
+  // `vueltas`: so many readings may be of no use.
+  explicit Contraste(int vueltas) : maximo_(vueltas) {}
+
+  void dudar() { dudosa_ = true; }
+  bool dudosa() const { return dudosa_; }
+  // A list has ended: true when it stands, since nobody doubts it or it came `veces` times running;
+  // false when it is to be asked again. An Error of class Formato when it never comes alike.
+  Resultado<bool> vale(const Lista& lista, const Textos& textos, int veces = 2) {
+    iguales_ = leida_ == lista ? iguales_ + 1 : 1;
+    if (!dudosa_ || iguales_ >= veces) {
+      leida_.reset();
+      usadas_ = 0;
+      return true;
+    }
+    leida_ = lista;
+    if (++usadas_ <= maximo_) return false;
+    return fallo(Fallo::Formato, textos(kTxListaDistinta), 7);
+  }
+
+ private:
+  const int maximo_;
+  std::optional<Lista> leida_;  // the one before
+  bool dudosa_ = false;
+  int usadas_ = 0, iguales_ = 0;
+};
+
+// The same with the note on disk.
 template <class Lista>
 class DudaDeLista {
  public:
@@ -26,26 +55,16 @@ class DudaDeLista {
     if (empezada_) return {};
     const auto notas = e_.db.uno(u"SELECT count(*) FROM EstadoTarvo WHERE CLAVE=?", nota_);
     if (!notas) return std::unexpected(notas.error());
-    dudosa_ = notas->entero() > 0;
-    if (!dudosa_)
+    if (notas->entero() > 0)
+      dudar();
+    else
       TARVO_INTENTAR(
           e_.db.ejecutar(u"INSERT INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, 1)", nota_));
     empezada_ = true;
     return {};
   }
-  void dudar() { dudosa_ = true; }
-  // A list has ended: true when it stands, false when it is to be asked again. An Error of class
-  // Formato when it never comes twice alike.
-  Resultado<bool> vale(const Lista& lista) {
-    if (!dudosa_ || leida_ == lista) {
-      leida_.reset();
-      vueltas_ = 0;
-      return true;
-    }
-    leida_ = lista;
-    if (++vueltas_ <= kVueltas) return false;
-    return fallo(Fallo::Formato, e_.textos(kTxListaDistinta), 7);
-  }
+  void dudar() { contraste_.dudar(); }
+  Resultado<bool> vale(const Lista& lista) { return contraste_.vale(lista, e_.textos); }
   // The last list of the task stands.
   Resultado<> acabar() {
     TARVO_INTENTAR(e_.db.ejecutar(u"DELETE FROM EstadoTarvo WHERE CLAVE=?", nota_));
@@ -53,12 +72,10 @@ class DudaDeLista {
   }
 
  private:
-  static constexpr int kVueltas = 4;
   const motor::Entorno e_;
   const QString nota_;
-  std::optional<Lista> leida_;  // the one before
-  bool empezada_ = false, dudosa_ = false;
-  int vueltas_ = 0;
+  Contraste<Lista> contraste_{4};
+  bool empezada_ = false;
 };
 
 // The wire that a task's machines are on.

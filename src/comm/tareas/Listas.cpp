@@ -1,11 +1,11 @@
 #include "comm/tareas/Listas.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 #include "comm/maquinas/Nodal.h"
 #include "comm/maquinas/Vek.h"
+#include "comm/tareas/Duda.h"
 #include "comm/tareas/Fabricas.h"
 #include "comm/tareas/TextosTareas.h"
 #include "comm/tareas/Totales.h"
@@ -25,7 +25,8 @@ class Lista : public motor::TrabajoTarea {
     if (!empezada_) {
       const auto notas = e_.db.uno(u"SELECT count(*) FROM EstadoTarvo WHERE CLAVE=?", nota());
       if (!notas) return std::unexpected(notas.error());
-      dudosa_ = anotada_ = notas->entero() > 0;
+      anotada_ = notas->entero() > 0;
+      if (anotada_) dudar();
       empezada_ = true;
     }
     return paso();
@@ -42,15 +43,19 @@ class Lista : public motor::TrabajoTarea {
         e_.db.ejecutar(u"INSERT OR REPLACE INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, 1)", nota()));
   }
   // The link or an answer failed: late ones may come, and no frame says which lines it holds.
-  void reanudar() override { dudosa_ = dudosa_ || lectura(); }
-  void salto() final { dudosa_ = dudosa_ || lectura(); }
+  void reanudar() override {
+    if (lectura()) dudar();
+  }
+  void salto() final {
+    if (lectura()) dudar();
+  }
   QString MostrarTraza() const final { return e_.textos(kTxPasoLineas, {lineas_.size()}); }
   qint64 codigoActual() const final { return static_cast<qint64>(lineas_.size()); }
 
  protected:
   virtual Resultado<Siguiente> paso() = 0;
-  bool dudosa() const { return dudosa_; }
-  void dudar() { dudosa_ = true; }
+  bool dudosa() const { return contraste_.dudosa(); }
+  void dudar() { contraste_.dudar(); }
   // Are lines being asked for?
   virtual bool lectura() const = 0;
   // A frame of lines has come, which aren't added yet. Like the one before it, it may be that one
@@ -60,18 +65,17 @@ class Lista : public motor::TrabajoTarea {
       primera_ = datos;
     else if (datos == primera_ || datos == ultima_)
       ++repeticiones_;
-    dudosa_ = dudosa_ || (repeticiones_ > 0 && datos == primera_);
+    if (repeticiones_ > 0 && datos == primera_) dudar();
     ultima_ = datos;
   }
   // The list has ended: true when it stands. One that was disturbed has to come alike twice
   // running, and four times with frames that repeat others; it is read again from the start.
   Resultado<bool> vale() {
     const int veces = std::exchange(repeticiones_, 0) > 0 ? 4 : 2;
-    iguales_ = leida_ == lineas_ ? iguales_ + 1 : 1;
-    if (!dudosa_ || iguales_ >= veces) return true;
-    leida_ = std::exchange(lineas_, {});
-    if (++vueltas_ <= kVueltas) return false;
-    return falloEn({Fallo::Formato, 7, e_.textos(kTxListaDistinta)}, t_.Grupo, lugar(), e_.textos);
+    const auto bien = contraste_.vale(lineas_, e_.textos, veces);
+    if (!bien || !*bien) lineas_.clear();
+    if (!bien) return falloEn(bien.error(), t_.Grupo, lugar(), e_.textos);
+    return bien;
   }
   Resultado<> aDisco() {
     if (enDisco_) return {};
@@ -93,13 +97,10 @@ class Lista : public motor::TrabajoTarea {
   int repeticiones_ = 0;  // frames of the present reading like its first or the one before
 
  private:
-  static constexpr int kVueltas = 5;
   QString nota() const { return QStringLiteral("ListaAbandonada%1").arg(t_.Grupo); }
   ListaRecibida disco_;
   bool enDisco_ = false, empezada_ = false, anotada_ = false;
-  bool dudosa_ = false;  // something of another reading may come among the lines
-  std::optional<std::vector<maquinas::Linea>> leida_;  // the reading before
-  int vueltas_ = 0, iguales_ = 0;
+  Contraste<std::vector<maquinas::Linea>> contraste_{5};
   QByteArray primera_;  // frame of the present reading
 };
 

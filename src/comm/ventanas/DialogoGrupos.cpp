@@ -73,6 +73,12 @@ void DialogoGrupos::falta(QLineEdit& campo, const QString& texto) {
   decirDuda(texto);
 }
 
+bool DialogoGrupos::vale(const RangoCodigos& rango) {
+  if (rango.desde() <= rango.hasta()) return true;
+  falta(rango.campoDesde(), t(kTxRangoMalo));
+  return false;
+}
+
 // In the order of the list, which is by code.
 std::vector<int> DialogoGrupos::elegidos() const {
   std::vector<int> grupos;

@@ -13,6 +13,19 @@ class QPushButton;
 
 namespace tarvo::comm {
 
+// Two fields of article codes: on losing the focus their number takes 7 digits; the second without
+// a number becomes seven nines.
+class RangoCodigos {
+ public:
+  RangoCodigos(QLineEdit* desde, QLineEdit* hasta);
+  qint64 desde() const;
+  qint64 hasta() const;
+  QLineEdit& campoDesde() const { return *desde_; }
+
+ private:
+  QLineEdit *desde_, *hasta_;
+};
+
 class DialogoGrupos : public ventanas::Ventana {
  public:
   DialogoGrupos(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
@@ -25,6 +38,8 @@ class DialogoGrupos : public ventanas::Ventana {
   int clase() const { return clase_; }
   // Says a fault beside its field.
   void falta(QLineEdit& campo, const QString& texto);
+  // False when the codes run backwards, which is said.
+  bool vale(const RangoCodigos& rango);
 
  private:
   std::vector<int> elegidos() const;
@@ -34,19 +49,6 @@ class DialogoGrupos : public ventanas::Ventana {
   int clase_ = 0;
   QListWidget* lista_ = nullptr;
   QCheckBox* todas_ = nullptr;
-};
-
-// Two fields of article codes: on losing the focus their number takes 7 digits; the second without
-// a number becomes seven nines.
-class RangoCodigos {
- public:
-  RangoCodigos(QLineEdit* desde, QLineEdit* hasta);
-  qint64 desde() const;
-  qint64 hasta() const;
-  QLineEdit& campoDesde() const { return *desde_; }
-
- private:
-  QLineEdit *desde_, *hasta_;
 };
 
 }  // namespace tarvo::comm

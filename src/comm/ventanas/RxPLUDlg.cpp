@@ -1,7 +1,5 @@
 #include "comm/ventanas/RxPLUDlg.h"
 
-#include "comm/ventanas/TextosCommVentanas.h"
-
 namespace tarvo::comm {
 
 RxPLUDlg::RxPLUDlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s)
@@ -13,10 +11,7 @@ RxPLUDlg::RxPLUDlg(ventanas::Contexto& c, const QString& nombre, const Servicios
 }
 
 std::optional<PeticionTarea> RxPLUDlg::leerCampos() {
-  if (rango_->desde() > rango_->hasta()) {
-    falta(rango_->campoDesde(), t(kTxRangoMalo));
-    return std::nullopt;
-  }
+  if (!vale(*rango_)) return std::nullopt;
   return PeticionTarea{.clase = clase(),
                        .todo = ui_.opCompleta->isChecked(),
                        .desde = rango_->desde(),

@@ -1,7 +1,5 @@
 #include "comm/ventanas/TxPLUdlg.h"
 
-#include "comm/ventanas/TextosCommVentanas.h"
-
 namespace tarvo::comm {
 
 TxPLUdlg::TxPLUdlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s)
@@ -13,10 +11,7 @@ TxPLUdlg::TxPLUdlg(ventanas::Contexto& c, const QString& nombre, const Servicios
 }
 
 std::optional<PeticionTarea> TxPLUdlg::leerCampos() {
-  if (rango_->desde() > rango_->hasta()) {
-    falta(rango_->campoDesde(), t(kTxRangoMalo));
-    return std::nullopt;
-  }
+  if (!vale(*rango_)) return std::nullopt;
   return PeticionTarea{
       .clase = clase(), .todo = true, .desde = rango_->desde(), .hasta = rango_->hasta()};
 }

@@ -1,0 +1,159 @@
+// When a machine may be told to forget, and what is sent for it.
+#include "motor/Reglas.h"
+
+namespace tarvo::prueba {
+
+TEST_F(Reglas, LaPuestaACeroEsperaALaLecturaDeDelante) {
+  tienda();
+  fallo(1, {Averia::Sorda, 1, 17});
+  maquina(1).percances().cambiar({.guion = {{Averia::Sorda, 2, -1}, {Averia::Sorda, 3, -1}}});
+  encolar(1, 16);
+  encolar(1, 17);
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_TRUE(problemas.isEmpty()) << problemas.join(u';').toStdString();
+  EXPECT_EQ(hechas, (QStringList{QStringLiteral("16 G1"), QStringLiteral("17 G1"),
+                                 QStringLiteral("6 G1")}));
+  ASSERT_EQ(maquina(1).memoria().puestas().size(), 1U);
+  EXPECT_EQ(bandeja(1, 17), u"1:3/300/600/0");
+  EXPECT_EQ(filas(QStringLiteral("SELECT COUNT(*) FROM Sesiones WHERE PZERO IS NOT NULL")), u"1");
+}
+
+TEST_F(Reglas, NiPorOtroCanalAdelantaLaPuestaACero) {
+  tienda(1, QStringLiteral("b"));
+  valor(db->ejecutar(u"UPDATE GRUPOS SET telef='a'"));  // a connector that isn't there
+  encolar(1, 17);
+  valor(db->ejecutar(u"UPDATE GRUPOS SET telef='b'"));
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_TRUE(maquina(1).memoria().puestas().empty());
+  EXPECT_EQ(problemas,
+            (QStringList{QStringLiteral("17 G1 E24 (2)"), QStringLiteral("6 G1 E22 (0)")}));
+}
+
+TEST_F(Reglas, TrasUnaLecturaFallidaNoHayPuestaACero) {
+  tienda();
+  leida(1);
+  const QString antes = bandeja(1, 17);
+  maquina(1).percances().cambiar({.guion = {{Averia::Sorda, 0, 850}}});
+  for (const bool conVigia : {true, false}) {
+    problemas.clear(), avisos.clear();
+    encolar(1, 17);
+    const int cero = encolar(1, 6);
+    if (!conVigia) gestor->VigilaProcesos(0, false, nullptr);
+    if (conVigia) {
+      ASSERT_TRUE(correr());
+      EXPECT_EQ(problemas,
+                (QStringList{QStringLiteral("17 G1 E16 (6)"), QStringLiteral("6 G1 E22 (0)")}));
+      EXPECT_EQ(avisos.size(), 1);
+      EXPECT_TRUE(gestor->GruposFallidos().contains(1));
+    } else {
+      correr(5);
+      ASSERT_TRUE(tarea(cero));
+      EXPECT_EQ(tarea(cero)->Error, 22);
+      EXPECT_EQ(gestor->CuantosQuedan().enCurso, 0);
+      gestor->EliminarTarea(cero);
+      gestor->EliminarTarea(cero - 1);
+    }
+    EXPECT_TRUE(maquina(1).memoria().puestas().empty());
+    EXPECT_EQ(bandeja(1, 17), antes);  // the good reading before it stands
+  }
+  EXPECT_FALSE(valor(sesion->permisoCero(1)).permitido);
+  // Read whole at last, the group may be zeroed.
+  maquina(1).percances().cambiar({});
+  gestor->VigilaProcesos(3, true, this);
+  encolar(1, 17);
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
+}
+
+TEST_F(Reglas, PuestaACeroDeCadaFamilia) {
+  grupo(2, 2, QStringLiteral("cable 2"), {5});
+  grupo(3, 3, QStringLiteral("cable 3"), {4, 6});
+  grupo(4, 4, QStringLiteral("cable 4"));
+  for (const int g : {2, 3, 4}) encolar(g, 6);
+  fallo(4, {Averia::Sorda, 1, 915});
+  fallo(4, {Averia::Sorda, 2, 915});
+  fallo(4, {Averia::Sorda, 3, 915});
+  fallo(4, {Averia::Sorda, 4, 915});
+  ASSERT_TRUE(correr());
+  EXPECT_TRUE(problemas.isEmpty());
+  EXPECT_EQ(oidas(2, 5).value(0), u"71");
+  for (const int a : {4, 6})
+    EXPECT_EQ(oidas(3, a), (QStringList{QStringLiteral("3054"), QStringLiteral("3056"),
+                                        QStringLiteral("3058")}));
+  EXPECT_EQ(oidas(4).back(), u"910");  // a Birch group that failed once is zeroed in part
+  EXPECT_EQ(filas(QStringLiteral(
+                "SELECT GRUPO, ADDR, SEC_HECHO>SEC_INTENCION FROM Ceros ORDER BY GRUPO, ADDR")),
+            u"2,0,1;3,4,1;3,6,1;4,0,1");
+}
+
+TEST_F(Reglas, TrasUnCorteSoloSePoneACeroLoQueNoHaVendido) {
+  for (const int g : {1, 2, 3}) tienda(g, QStringLiteral("cable %1").arg(g));
+  for (const int g : {1, 2, 3}) leida(g);
+  arrancar(true);
+  hechas.clear();
+  vender(2, 10, 55, 1);                                    // sold since
+  maquina(3).memoria().ponerACero(reloj.ahora(), 915, 7);  // has forgotten already
+  for (const int g : {1, 2, 3}) encolar(g, 6);
+  ASSERT_TRUE(correr());
+  hechas.sort();
+  EXPECT_EQ(hechas, (QStringList{QStringLiteral("6 G1"), QStringLiteral("6 G3")}));
+  EXPECT_EQ(problemas, QStringList{QStringLiteral("6 G2 E22 (0)")});
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
+  EXPECT_TRUE(maquina(2).memoria().puestas().empty());
+  EXPECT_EQ(maquina(3).memoria().puestas().size(), 1U);
+}
+
+// The register is silent at one frame, and the zeroing is asked for again without a new reading.
+TEST_F(Reglas, ElRegistroAMediasSigueDondeQuedo) {
+  struct Caso {
+    int calla;      // deaf for this frame
+    bool borra;     // ... but it obeys the first time
+    bool vende;     // before the second try
+    QString luego;  // what the second try sends behind the grand total
+  };
+  const Caso casos[] = {{3054, false, false, QStringLiteral("3054 3056 3058")},
+                        {3054, true, false, QStringLiteral("3054 3056 3058")},
+                        {3056, false, false, QStringLiteral("3056 3058")},
+                        {3056, true, false, QStringLiteral("3058")},
+                        {3058, false, false, QStringLiteral("3058")},
+                        {3054, true, true, {}},
+                        {3056, false, true, {}},
+                        {3056, true, true, {}},
+                        {3058, false, true, {}}};
+  grupo(3, 3, QStringLiteral("cable 3"), {4});
+  articulo(10, QStringLiteral("2000010"));
+  for (const bool reanuda : {false, true})
+    for (const Caso& c : casos) {
+      SCOPED_TRACE(QStringLiteral("%1 %2 %3 %4")
+                       .arg(c.calla)
+                       .arg(c.borra)
+                       .arg(c.vende)
+                       .arg(reanuda)
+                       .toStdString());
+      for (int n = 0; n < 3; ++n) vender(3, 10, 200, 0, 1, 4);
+      leida(3);
+      auto& percances = maquina(3, 4).percances();
+      std::vector<simulador::Paso> guion;
+      if (c.borra) guion.push_back({Averia::CeroSinRespuesta, 1, c.calla});
+      for (int n = c.borra ? 2 : 1; n < 20; ++n) guion.push_back({Averia::Sorda, n, c.calla});
+      maquina(3, 4).cambiarPercances(simulador::Percances({.guion = guion}, 1));
+      encolar(3, 6);
+      ASSERT_TRUE(correr());
+      percances.cambiar({});
+      arrancar(reanuda);
+      if (c.vende) vender(3, 10, 300, 0, 1, 4);
+      const auto antes = oidas(3, 4).size();
+      encolar(3, 6);
+      ASSERT_TRUE(correr());
+      EXPECT_EQ(oidas(3, 4).mid(antes).filter(QStringLiteral("30")).join(u' '), c.luego);
+      EXPECT_EQ(maquina(3, 4).memoria().contadores().articulos.empty(), !c.vende);
+      maquina(3, 4).memoria().ponerACero(reloj.ahora(), 0, simulador::kTodos);
+      bien(sesion->ceroHecho(3, 4, true));
+      bien(sesion->ponerEstado(0));
+    }
+}
+
+}  // namespace tarvo::prueba
