@@ -95,15 +95,14 @@ Resultado<bool> Sesion::PuedeRecibir(int grupo, int numero) {
                     grupo);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof() || d->abierta == 0 || !(*rs)->logico(2)) return true;
-  // A zeroing that was begun behind this reading and never confirmed may have happened: the reading
-  // is all that is left of those sales.
-  const auto dudosa = db_.uno(
+  // A zeroing that was begun behind this reading, confirmed or not: of the machine that it was sent
+  // to the reading is all that is left, though the others of the group wait for theirs.
+  const auto empezada = db_.uno(
       u"SELECT count(*) FROM Ceros, Lecturas WHERE Ceros.GRUPO=? AND Lecturas.GRUPO=Ceros.GRUPO "_s
-      u"AND "_s
-      u"Lecturas.CLASE=? AND SEC_INTENCION>SEC AND SEC_HECHO<SEC_INTENCION"_s,
+      u"AND Lecturas.CLASE=? AND SEC_INTENCION>SEC"_s,
       grupo, numero);
-  if (!dudosa) return std::unexpected(dudosa.error());
-  if (dudosa->entero() > 0) return false;
+  if (!empezada) return std::unexpected(empezada.error());
+  if (empezada->entero() > 0) return false;
   if ((*rs)->nulo(0) || (*rs)->nulo(1)) return true;
   return (*rs)->fecha(0) < (*rs)->fecha(1);
 }
