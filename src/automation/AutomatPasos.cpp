@@ -8,6 +8,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kLatido = 60 * 1000;
+constexpr qsizetype kLineasALaVista = 20'000;
 const QString kSangria = QStringLiteral("    ");
 
 // The steps that make use of the engine, as a window that would have to be open.
@@ -135,7 +136,13 @@ void Automat::Interior::fallar(const Error& error) {
 // --- trace --------------------------------------------------------------------------------------
 
 void Automat::Interior::escribir(const QStringList& lineasNuevas) {
-  if (!fichero.escribir(lineasNuevas, yo.alEscribir))
+  const auto salida = [this](const QString& linea) {
+    escrito += linea;
+    if (escrito.size() > kLineasALaVista) escrito.remove(0, kLineasALaVista / 4);
+    if (yo.alEscribir) yo.alEscribir(linea);
+    for (auto* quien : observadores) quien->lineaEscrita(linea);
+  };
+  if (!fichero.escribir(lineasNuevas, salida))
     resultado = std::max(resultado, ResultadoProceso::Problemas);
 }
 
@@ -155,6 +162,8 @@ void Automat::Interior::informar(const Hecho& hecho) {
   QStringList entrada;
   if (hecho.codigo != 0) entrada += kSangria + mensajePaso(hecho.codigo, t.textos);
   for (const auto& detalle : hecho.detalles) entrada += kSangria + detalle;
+  if (hecho.problemas)
+    marcar(EstadoPaso::ConProblemas, entrada.isEmpty() ? QString() : entrada.front().trimmed());
   if (entrada.isEmpty()) return;
   entrada.prepend(cabecera());
   conCabecera = indice;
@@ -178,6 +187,9 @@ void Automat::Interior::informarTarea(int clase, int grupo, int error, int estad
   if (!explicacion.isEmpty()) informe += kSangria + explicacion;
   escribir(informe);
   escribir({tarea + u' ' + t.textos(fin)});
+  if (fin == kTxSeAbandona)
+    marcar(EstadoPaso::ConProblemas,
+           tarea.trimmed() + u"  "_s + (explicacion.isEmpty() ? t.textos(fin) : explicacion));
 }
 
 void Automat::Interior::problema() {

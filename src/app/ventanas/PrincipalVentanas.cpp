@@ -4,10 +4,10 @@
 #include <random>
 
 #include "app/Consola.h"
-#include "app/Datos.h"
 #include "app/Principal.h"
 #include "app/Senales.h"
 #include "app/TextosApp.h"
+#include "app/ventanas/PreguntasApp.h"
 #include "app/ventanas/Registro.h"
 #include "comm/enlace/FabricaReal.h"
 #include "core/ventanas/Escritorio.h"
@@ -40,9 +40,9 @@ int guardarTodo(const Fondo& fondo, const Textos& t) {
 }
 
 int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, const Textos& t, Reloj& reloj) {
-  Datos datos(o.datos, t);
+  PreguntasApp preguntas(o.datos, t);
   enlace::FabricaReal fabrica(reloj, fondo.ajustes);
-  Aplicacion aplicacion(fondo, reloj, fabrica, std::random_device{}(), datos);
+  Aplicacion aplicacion(fondo, reloj, fabrica, std::random_device{}(), preguntas);
   if (const auto hecho = aplicacion.empezar(); !hecho) {
     avisar(t(kTxSinArranque).arg(hecho.error().texto));
     return kSinBase;
@@ -52,6 +52,7 @@ int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, const Textos& 
                                   Ajustes::ruta(u"VENTANAS.INI"_s, fondo.ajustes.carpeta));
   ventanas::Ventanas& ventanas = escritorio.ventanas();
   registrarVentanas(ventanas, aplicacion);
+  preguntas.poner(&ventanas);
   const QString nombre = primeraVentana(o);
   if (!ventanas.conoce(nombre)) {
     avisar(t(kTxVentanaDesconocida).arg(nombre, ventanas.nombres().join(u", "_s)));

@@ -1,0 +1,23 @@
+#include "automation/ventanas/Registro.h"
+
+#include "automation/ventanas/AutomatVentana.h"
+#include "automation/ventanas/EnParMac.h"
+#include "automation/ventanas/TextosAutomationVentanas.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+using namespace ventanas;
+
+void registrarVentanasAutomation(Ventanas& ventanas, Automat& automat, Cronos& cronos,
+                                 const Lenguaje& lenguaje, const motor::gestcomm& motor) {
+  ventanas.registrar(u"Automat"_s, [&](Contexto& c, const QString& n) {
+    return new AutomatVentana(c, n, automat, lenguaje, motor);
+  });
+  ventanas.registrar(
+      u"EnParMac"_s, [](Contexto& c, const QString& n) { return new EnParMac(c, n); },
+      Argumentos{{u"nombre"_s, u"#x"_s}, {u"pregunta"_s, lenguaje.textos()(kTxMuestraPregunta)}});
+  static_cast<void>(cronos);
+}
+
+}  // namespace tarvo::automation
