@@ -134,7 +134,8 @@ void Cronos::Interior::pasada(Fecha desde, Fecha ahora) {
         if (vence(i, desde, ahora)) e.estado = EstadoEntrada::Vencida;
         break;
       case EstadoEntrada::Vencida:
-        if (marcha == Marcha::Parada) arrancar(e);
+        // A process that a person runs is waited for too.
+        if (marcha == Marcha::Parada && !automat.enMarcha()) arrancar(e);
         break;
       case EstadoEntrada::Iniciada:
         if (marcha == Marcha::EnCurso) break;

@@ -1,8 +1,11 @@
 #include "automation/ventanas/Registro.h"
 
 #include "automation/ventanas/AutomatVentana.h"
+#include "automation/ventanas/CronosVentana.h"
+#include "automation/ventanas/EdiCron.h"
 #include "automation/ventanas/EnParMac.h"
 #include "automation/ventanas/TextosAutomationVentanas.h"
+#include "automation/ventanas/VeoLog.h"
 
 namespace tarvo::automation {
 
@@ -17,7 +20,11 @@ void registrarVentanasAutomation(Ventanas& ventanas, Automat& automat, Cronos& c
   ventanas.registrar(
       u"EnParMac"_s, [](Contexto& c, const QString& n) { return new EnParMac(c, n); },
       Argumentos{{u"nombre"_s, u"#x"_s}, {u"pregunta"_s, lenguaje.textos()(kTxMuestraPregunta)}});
-  static_cast<void>(cronos);
+  ventanas.registrar(
+      u"Cronos"_s, [&](Contexto& c, const QString& n) { return new CronosVentana(c, n, cronos); });
+  ventanas.registrar(u"EdiCron"_s,
+                     [&](Contexto& c, const QString& n) { return new EdiCron(c, n, lenguaje); });
+  ventanas.registrar(u"VeoLog"_s, [](Contexto& c, const QString& n) { return new VeoLog(c, n); });
 }
 
 }  // namespace tarvo::automation

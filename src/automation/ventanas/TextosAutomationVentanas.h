@@ -29,6 +29,43 @@ enum TextoAutomationVentanas : int {
   kTxFechasAlReves = 8467,
   kTxDelAl = 8469,
   kTxMuestraPregunta = 8471,
+  // Timetables.
+  kTxColEstado = 8506,
+  kTxColHora = 8507,
+  kTxColDia = 8508,  // to 8514
+  kTxColProceso = 8515,
+  kTxColOK = 8516,
+  kTxColKO = 8517,
+  kTxEstadoEntrada = 8520,  // to 8525
+  kTxProximo = 8526,
+  kTxFaltan = 8527,
+  kTxNadaProgramado = 8528,
+  kTxDesactivado = 8529,
+  kTxSinLineas = 8530,
+  kTxSiguiente = 8531,
+  kTxSeEjecuta = 8532,
+  kTxElijaEnEspera = 8533,
+  kTxEnMarcha = 8534,
+  kTxLineasHorario = 8539,
+  // Their editor.
+  kTxEscribaNombre = 8570,
+  kTxElijaProceso = 8571,
+  kTxYaHayProgramacion = 8572,
+  kTxLineaSinProceso = 8573,
+  kTxCambiosSinGuardar = 8574,
+  kTxLineaNueva = 8576,
+  kTxSinNingunDia = 8577,
+  kTxProgramacion = 8579,
+  kTxDiaSemana = 8580,  // to 8586
+  kTxGuardeAntes = 8588,
+  // Traces.
+  kTxSinTraza = 8627,
+  kTxLineaDe = 8628,
+  kTxNoEncontrado = 8629,
+  kTxSinMasProblemas = 8630,
+  kTxLineasTraza = 8631,
+  kTxTrazaDe = 8638,
+  kTxSiguePorElOtroLado = 8639,
 };
 
 }  // namespace tarvo::automation
