@@ -36,12 +36,14 @@ VeoLog::VeoLog(Contexto& c, const QString& nombre)
   v->setTabKeyNavigation(false);
   v->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   v->horizontalHeader()->hide();
+  v->horizontalHeader()->setStretchLastSection(true);
   v->verticalHeader()->hide();
   v->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   enlazar();
   v->setAccessibleName(t(kTxLineasTraza));
   setWindowIcon(icono(u"informacion"_s));
   conectar();
+  seguir();
 }
 
 void VeoLog::conectar() {
@@ -67,6 +69,7 @@ void VeoLog::conectar() {
 Resultado<> VeoLog::preparar(const Argumentos& argumentos) {
   const QString ruta = argumentos.value(u"fichero"_s).toString();
   const auto* vieja = std::exchange(modelo_, new ModeloTraza(ruta, contexto().textos, this));
+  sigue_ = true;
   ui_.Lineas->setModel(modelo_);
   delete vieja;
   ui_.Lineas->verticalHeader()->setDefaultSectionSize(ui_.Lineas->fontMetrics().height() +
@@ -81,16 +84,19 @@ Resultado<> VeoLog::preparar(const Argumentos& argumentos) {
 
 // --- following ----------------------------------------------------------------------------------
 
-bool VeoLog::enElFinal() const {
+// Who is at the end stays there, also when rows come or the room for them changes.
+void VeoLog::seguir() {
   const auto* barra = ui_.Lineas->verticalScrollBar();
-  return barra->value() >= barra->maximum();
+  connect(barra, &QScrollBar::valueChanged, this,
+          [this, barra] { sigue_ = barra->value() >= barra->maximum(); });
+  connect(barra, &QScrollBar::rangeChanged, this, [this] {
+    if (sigue_) ui_.Lineas->scrollToBottom();
+  });
 }
 
 void VeoLog::mirar() {
-  const bool alFinalAntes = modelo_->rowCount() == 0 || enElFinal();
   if (modelo_->leer(kTrozo)) {
     ponerAncho();
-    if (alFinalAntes) ui_.Lineas->scrollToBottom();
     ponerSitio();
   }
   const bool vacia = modelo_->rowCount() == 0;
@@ -104,7 +110,7 @@ void VeoLog::mirar() {
 void VeoLog::ponerAncho() {
   const int letra = ui_.Lineas->fontMetrics().horizontalAdvance(u'm');
   const int pide = std::min(modelo_->fichero().masLarga(), 2000) * letra + escalar(kSeparacion);
-  ui_.Lineas->setColumnWidth(0, std::max(pide, ui_.Lineas->viewport()->width()));
+  ui_.Lineas->horizontalHeader()->setMinimumSectionSize(pide);
 }
 
 void VeoLog::alFinal() {

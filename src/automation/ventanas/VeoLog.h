@@ -16,7 +16,7 @@ class VeoLog final : public ventanas::Ventana {
  private:
   void conectar();
   void mirar();
-  bool enElFinal() const;
+  void seguir();
   void alFinal();
   void buscar(bool atras);
   void problema();
@@ -28,6 +28,7 @@ class VeoLog final : public ventanas::Ventana {
   Ui::FormaVeoLog ui_;
   ModeloTraza* modelo_ = nullptr;
   std::unique_ptr<Temporizador> mirada_;
+  bool sigue_ = true;  // the end is in view
 };
 
 }  // namespace tarvo::automation

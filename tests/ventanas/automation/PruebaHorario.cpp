@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTableView>
 #include <QTimeEdit>
 
 #include "Sala.h"
@@ -28,15 +29,15 @@ struct Horarios : Sala {
     if (!nombre.isEmpty()) a[u"horario"_s] = ruta(nombre);
     return todas().abrir(u"EdiCron"_s, nullptr, a);
   }
-  // Fills the line that is chosen, by keys.
-  static void llenar(Ventana* v, const QString& hora, const QString& proceso) {
+  // Fills the line that is chosen, by keys; the process is the first or the last one there is.
+  static void llenar(Ventana* v, const QString& hora, Qt::Key proceso) {
     auto* campo = pieza<QTimeEdit>(v, u"Hora"_s);
     campo->setFocus();
     campo->setSelectedSection(QDateTimeEdit::HourSection);
     QTest::keyClicks(campo, QString(hora).remove(u':'));
     for (int d = 0; d < 7; ++d)
       QTest::keyClick(pieza<QCheckBox>(v, u"dia_%1"_s.arg(d)), Qt::Key_Space);
-    QTest::keyClicks(pieza<QComboBox>(v, u"NomMacro"_s), proceso);
+    QTest::keyClick(pieza<QComboBox>(v, u"NomMacro"_s), proceso);
     QTest::keyClick(campo, Qt::Key_Return);
   }
   QStringList lineas(const QString& nombre) {
@@ -44,7 +45,7 @@ struct Horarios : Sala {
   }
 };
 
-constexpr const char16_t* kSiempre = u"Sí,Sí,Sí,Sí,Sí,Sí,Sí";
+const QString kSiempre = u"Sí,Sí,Sí,Sí,Sí,Sí,Sí"_s;
 
 // Two lines at one hour, in the order in which they were written; both run, one behind the other.
 TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
@@ -57,10 +58,10 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   QTest::keyClick(nombre, Qt::Key_Return);
   auto* lista = pieza<Parrilla>(e, u"ListaBat"_s);
   ASSERT_EQ(lista->filas(), 1) << "the blank line";
-  Horarios::llenar(e, u"22:05:00"_s, u"MAL"_s);
+  Horarios::llenar(e, u"22:05:00"_s, Qt::Key_End);
   ASSERT_EQ(lista->filas(), 2);
   lista->irA(1);
-  Horarios::llenar(e, u"22:05:00"_s, u"BIEN"_s);
+  Horarios::llenar(e, u"22:05:00"_s, Qt::Key_Home);
   EXPECT_FALSE(QFile::exists(s.ruta(u"TIENDA.CRO"_s))) << "nothing before it is saved";
   pieza<QAction>(e, u"guardar"_s)->trigger();
   EXPECT_EQ(s.lineas(u"TIENDA.CRO"_s), QStringList({u"22:05:00;"_s + kSiempre + u";MAL"_s,

@@ -28,6 +28,9 @@ struct Sala : Tienda {
     preguntas.poner(&todas());
   }
 
+  // Windows that were closed go before the clock does.
+  ~Sala() { asentar(); }
+
   ventanas::Ventanas& todas() { return escritorio.ventanas(); }
   void fichero(const QString& nombre, const QString& texto) const {
     EXPECT_TRUE(ficheros::escribirEntero(ruta(nombre), ficheros::codificar(texto)));
