@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include "automation/Gramatica.h"
+#include "automation/TextosAutomation.h"
 #include "core/ajustes/Ficheros.h"
 
 namespace tarvo::automation {
@@ -30,16 +31,21 @@ LineaActivacion lineaSuelta(QStringView texto) {
 
 }  // namespace
 
-Horario leerHorario(const QString& texto) {
+Resultado<Horario> leerHorario(const QString& texto, const Lenguaje& lenguaje) {
+  const Textos& t = lenguaje.textos();
   Horario h;
   bool enBloque = false;
+  int numero = 0;
   for (const QStringView linea : QStringView(texto).split(u'\n')) {
     const QStringView limpia = linea.trimmed();
+    ++numero;
     if (limpia.startsWith(kInicioBatch)) enBloque = true;
     if (enBloque)
       h.bloque += limpia.toString() + u"\r\n"_s;
-    else if (!limpia.isEmpty())
+    else if (limpia.count(u';') >= 2)
       h.lineas.push_back(lineaSuelta(limpia));
+    else if (!limpia.isEmpty())
+      return fallo(Fallo::Formato, t(kTxEnLinea, {numero, t(kTxNoEsActivacion)}));
     if (limpia.startsWith(kFinalBatch)) enBloque = false;
   }
   return h;

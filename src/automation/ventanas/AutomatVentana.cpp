@@ -1,6 +1,7 @@
 #include "automation/ventanas/AutomatVentana.h"
 
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QScrollBar>
 
 #include "automation/ventanas/CtrlSolo.h"
@@ -57,7 +58,7 @@ std::vector<Columna> columnasPasos(const Textos& textos) {
           {.titulo = kTxColPaso, .campo = u"paso"_s, .ancho = 330, .ordenable = false},
           {.titulo = kTxColResultado,
            .campo = u"resultado"_s,
-           .ancho = 140,
+           .ancho = 170,
            .ver = palabra,
            .imagen = imagen,
            .estado = estado},
@@ -113,6 +114,7 @@ AutomatVentana::AutomatVentana(Contexto& c, const QString& nombre, Automat& auto
   ui_.ListaPasos->vivas();
   ui_.ListaPasos->setUnaSola(true);
   ui_.ListaPasos->setBusca(false);
+  ui_.ListaPasos->vista()->horizontalHeader()->setStretchLastSection(true);
   ui_.ListaPasos->setVacia(t(kTxSinProceso));
   ui_.ListaPasos->vista()->setAccessibleName(t(kTxPasosProceso));
   ui_.Problemas->setAccessibleName(t(kTxTrazaEjecucion));
@@ -149,6 +151,7 @@ void AutomatVentana::conectar() {
     contexto().ventanas.abrirModal(u"VeoLog"_s, this, {{u"fichero"_s, a_.rutaTraza()}});
   });
   accion(ui_.salir, u"cerrar"_s, {}, [this] { close(); });
+  connect(&contexto().tema, &Tema::cambiado, this, [this] { ponerFase(); });
   new CtrlSolo(*this, [this] { ejecutarORetener(); });
 }
 

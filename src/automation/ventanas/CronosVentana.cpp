@@ -47,7 +47,7 @@ std::vector<Columna> columnasCron(const Textos& t) {
   std::vector<Columna> c{
       {.titulo = kTxColEstado,
        .campo = u"estado"_s,
-       .ancho = 150,
+       .ancho = 190,
        .ordenable = false,
        .ver = [&t](const dao::Valor& v) { return palabraEntrada(t, static_cast<int>(v.entero())); },
        .imagen = [](const dao::Valor& v) { return imagenEntrada(static_cast<int>(v.entero())); },

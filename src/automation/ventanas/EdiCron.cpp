@@ -105,8 +105,10 @@ Resultado<> EdiCron::preparar(const Argumentos& argumentos) {
   }
   const auto texto = lenguaje_.leerTexto(ruta);
   if (!texto) return std::unexpected(texto.error());
+  auto leido = leerHorario(*texto, lenguaje_);
+  if (!leido) return std::unexpected(leido.error());
   ruta_ = ruta;
-  horario_ = leerHorario(*texto);
+  horario_ = std::move(*leido);
   editar();
   return {};
 }
@@ -114,6 +116,8 @@ Resultado<> EdiCron::preparar(const Argumentos& argumentos) {
 void EdiCron::pedirNombre() {
   ui_.pnlEdicion->hide();
   ui_.pnlNombre->show();
+  tamano_ = size();
+  resize(width(), 0);  // as low as the question is
   ui_.NomCron->setFocus();
 }
 
@@ -131,6 +135,7 @@ void EdiCron::editar() {
   guardado_ = horario_;
   ui_.pnlNombre->hide();
   ui_.pnlEdicion->show();
+  if (tamano_.isValid()) resize(std::exchange(tamano_, QSize()));
   const QString nombre = QFileInfo(ruta_).completeBaseName().toUpper();
   ui_.lblNom->setText(contexto().textos(kTxProgramacion, {nombre}));
   poniendo_ = true;

@@ -39,6 +39,7 @@ class EdiCron final : public ventanas::Ventana {
   std::array<QCheckBox*, 7> dias_{};
   QString ruta_;
   Horario horario_, guardado_;
+  QSize tamano_;  // of the window, while it only asks for a name
   bool tocada_ = false, poniendo_ = false;
 };
 

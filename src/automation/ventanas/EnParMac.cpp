@@ -108,9 +108,7 @@ std::optional<Contestacion> EnParMac::rango() {
 
 void EnParMac::rehusar(int texto, QWidget* campo) {
   ui_.lblFalta->setText(t(texto));
-  QPalette colores = ui_.lblFalta->palette();
-  colores.setColor(QPalette::WindowText, colorDe(Tinte::Mal));
-  ui_.lblFalta->setPalette(colores);
+  ui_.lblFalta->setStyleSheet(u"color: %1"_s.arg(colorDe(Tinte::Mal).name()));
   ui_.lblFalta->show();
   campo->setFocus();
 }

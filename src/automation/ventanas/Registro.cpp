@@ -24,7 +24,9 @@ void registrarVentanasAutomation(Ventanas& ventanas, Automat& automat, Cronos& c
       u"Cronos"_s, [&](Contexto& c, const QString& n) { return new CronosVentana(c, n, cronos); });
   ventanas.registrar(u"EdiCron"_s,
                      [&](Contexto& c, const QString& n) { return new EdiCron(c, n, lenguaje); });
-  ventanas.registrar(u"VeoLog"_s, [](Contexto& c, const QString& n) { return new VeoLog(c, n); });
+  ventanas.registrar(
+      u"VeoLog"_s, [](Contexto& c, const QString& n) { return new VeoLog(c, n); },
+      Argumentos{{u"fichero"_s, u"NOCHE.TZA"_s}});
 }
 
 }  // namespace tarvo::automation

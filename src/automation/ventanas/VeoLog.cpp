@@ -67,7 +67,8 @@ void VeoLog::conectar() {
 }
 
 Resultado<> VeoLog::preparar(const Argumentos& argumentos) {
-  const QString ruta = argumentos.value(u"fichero"_s).toString();
+  const QString ruta =
+      Ajustes::ruta(argumentos.value(u"fichero"_s).toString(), contexto().ajustes.HomeDir);
   const auto* vieja = std::exchange(modelo_, new ModeloTraza(ruta, contexto().textos, this));
   sigue_ = true;
   ui_.Lineas->setModel(modelo_);

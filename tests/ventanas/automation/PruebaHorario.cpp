@@ -126,6 +126,7 @@ TEST(Horarios, AplicarPideProcesoYCancelarDevuelveLaLinea) {
 
 TEST(Horarios, AbandonarNoTocaElFichero) {
   Horarios s;
+  EXPECT_FALSE(leerHorario(s.texto(u"BIEN.AUT"_s), s.p.lenguaje())) << "a process is no timetable";
   const QString antes = u"22:05:00;"_s + kSiempre + u";BIEN\r\n"_s;
   s.fichero(u"T.CRO"_s, antes);
   Ventana* e = s.editar(u"T.CRO"_s);
