@@ -108,7 +108,7 @@ std::optional<Contestacion> EnParMac::rango() {
 
 void EnParMac::rehusar(int texto, QWidget* campo) {
   ui_.lblFalta->setText(t(texto));
-  ui_.lblFalta->setStyleSheet(u"color: %1"_s.arg(colorDe(Tinte::Mal).name()));
+  ui_.lblFalta->setStyleSheet(u"color:"_s + colorDe(Tinte::Mal).name());
   ui_.lblFalta->show();
   campo->setFocus();
 }

@@ -59,7 +59,6 @@ enum TextoAutomationVentanas : int {
   kTxDiaSemana = 8580,  // to 8586
   kTxGuardeAntes = 8588,
   // Traces.
-  kTxSinTraza = 8627,
   kTxLineaDe = 8628,
   kTxNoEncontrado = 8629,
   kTxSinMasProblemas = 8630,
