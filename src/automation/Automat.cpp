@@ -33,6 +33,7 @@ void Automat::Interior::vencer() {
   enTic = true;
   const bool fin = tic();
   enTic = false;
+  cambio();
   if (fin) anunciarFin();
 }
 
@@ -65,11 +66,17 @@ bool Automat::Interior::avanzar() {
       return false;
     }
   }
+  if (vistas[static_cast<size_t>(indice)].estado == EstadoPaso::Pendiente) {
+    marcar(EstadoPaso::EnCurso);
+    cambio();
+  }
   const auto hecho = hacerPaso();
   if (!hecho)
     fallar(hecho.error());
-  else if (*hecho)
+  else if (*hecho) {
     pendiente = false;
+    marcar(EstadoPaso::Hecho);
+  }
   return false;
 }
 
@@ -82,6 +89,7 @@ void Automat::Interior::quedarEnPaso() {
 void Automat::Interior::empezarAborto() {
   fase = kAbortando;
   indice = -1;
+  interrumpirVistas();
   inicioAborto = t.reloj.monotono();
   if (motorAbierto) t.motor.terminator();
   if (!reloj->activo()) reloj->cada(kTic);
@@ -118,6 +126,7 @@ void Automat::Interior::terminar(ResultadoProceso con, int faseFinal, int linea)
   soltarMotor();
   reloj->parar();
   indice = -1;
+  interrumpirVistas();
   resultado = con;
   escribirMomento(linea);
   fase = faseFinal;
@@ -133,11 +142,16 @@ void Automat::Interior::terminar(ResultadoProceso con, int faseFinal, int linea)
 // The last thing that a tick does: whoever hears it may destroy the runner.
 void Automat::Interior::anunciarFin() {
   reloj->parar();
-  const auto alCronos = diferida ? yo.alTerminarDiferida : nullptr;
+  const auto alCronos = diferida && !yo.avisarAlCerrar ? yo.alTerminarDiferida : nullptr;
   const auto aviso = yo.alTerminar;
   const auto con = resultado;
+  finSinDecir = diferida && yo.avisarAlCerrar;
   if (alCronos) alCronos(con);
   if (aviso) aviso(con);
+}
+
+void Automat::Interior::decirFin() {
+  if (std::exchange(finSinDecir, false) && yo.alTerminarDiferida) yo.alTerminarDiferida(resultado);
 }
 
 // --- the buttons --------------------------------------------------------------------------------
@@ -158,25 +172,33 @@ void Automat::ejecutar() {
   const bool nueva = d->fase == kCargado || d->fase == kAbortado;
   if (!nueva && d->fase != kPasoAPaso && d->fase != kDetenidoEnPaso) return;
   d->fase = kEjecutando;
+  d->finSinDecir = false;
   d->resultado = ResultadoProceso::Bien;
   d->escribirMomento(kTxIniciada);
   if (nueva) d->empezar();
   if (d->motorAbierto) d->t.motor.CambioAModo(true);
-  if (d->fase == kAcabado || d->fase == kAbortado) return d->reloj->unaVez(0);
+  if (d->fase == kAcabado || d->fase == kAbortado) {
+    d->cambio();
+    return d->reloj->unaVez(0);
+  }
   d->reloj->cada(kTic);
   d->vencer();
 }
 
 void Automat::retener() {
-  if (d->fase == kEjecutando) d->fase = kPasoAPaso;
+  if (d->fase != kEjecutando) return;
+  d->fase = kPasoAPaso;
+  d->cambio();
 }
 
 void Automat::paso() {
   if (d->reloj->activo() || d->fase == kAcabado) return;
   const bool nueva = d->indice < 0;
   d->fase = kPasoAPaso;
+  d->finSinDecir = false;
   d->resultado = ResultadoProceso::Bien;
   if (nueva) d->empezar();
+  d->cambio();
   if (d->fase == kAcabado || d->fase == kAbortado) return d->reloj->unaVez(0);
   d->reloj->cada(kTic);
 }
@@ -185,11 +207,17 @@ void Automat::abortar() {
   const int f = d->fase;
   if (f == kCargado || f == kAbortando || f == kAbortado || f == kAcabado) return;
   d->empezarAborto();
+  d->cambio();
+}
+
+void Automat::cerrado() {
+  d->decirFin();
 }
 
 void Automat::confirmando(bool pregunta) {
   if (pregunta && d->fase == kEjecutando) d->fase = kConfirmando;
   if (!pregunta && d->fase == kConfirmando) d->fase = kEjecutando;
+  d->cambio();
 }
 
 int Automat::fase() const {
@@ -213,6 +241,7 @@ void Automat::InformeProblema(int clase, int grupo, int error, int estado, qint6
   d->problema();
   d->recordarFallo(clase, grupo, error);
   d->informarTarea(clase, grupo, error, estado, codigo, kTxSeAbandona);
+  d->cambio();
 }
 
 void Automat::InformeRetry(int clase, int grupo, int error, int estado, qint64 codigo) {
@@ -221,7 +250,10 @@ void Automat::InformeRetry(int clase, int grupo, int error, int estado, qint64 c
 
 void Automat::InformeAviso(int, const totals::Aviso& aviso) {
   if (!d->vigila()) return;
-  if (aviso.grave) d->problema();
+  if (aviso.grave) {
+    d->problema();
+    d->marcar(EstadoPaso::ConProblemas, aviso.texto);
+  }
   d->recordar({aviso.grupo, aviso.texto, aviso.grave});
   d->cabeceraUnaVez();
   d->escribir({u"    "_s + aviso.texto});

@@ -37,6 +37,26 @@ enum FaseProceso : int {
   kAcabado = 8,
 };
 
+// How a step of the present run stands.
+enum class EstadoPaso : int { Pendiente, EnCurso, Hecho, ConProblemas, Interrumpido };
+struct VistaPaso {
+  QString texto;  // its line
+  EstadoPaso estado = EstadoPaso::Pendiente;
+  QString motivo;  // of its first problem
+};
+
+// Whoever watches a run. It may not start, stop or destroy the runner from within.
+class ObservadorAutomat {
+ public:
+  // The phase, the present step or the outcome of one has changed, or a list was loaded.
+  virtual void automatCambiado() {}
+  // A line has gone to the trace.
+  virtual void lineaEscrita(const QString& /*linea*/) {}
+
+ protected:
+  ~ObservadorAutomat() = default;
+};
+
 // What the runner works on; owned by Aplicacion.
 struct Taller {
   dao::Database& db;
@@ -63,6 +83,9 @@ class Automat final : private motor::Vigilante {
   std::function<void(ResultadoProceso)> alTerminar;
   // The same for a delayed run, told first. Cronos sets it.
   std::function<void(ResultadoProceso)> alTerminarDiferida;
+  // A window shows the runs: the end of a delayed one is told by cerrado(), when that closes, so
+  // that the next one doesn't begin under the eyes of who is still reading.
+  bool avisarAlCerrar = false;
   // Nobody is there: failures are dropped as in a delayed run.
   bool desatendido = false;
   // An abort that comes from outside, as a computer that is shut down: the record of the run stays
@@ -79,11 +102,22 @@ class Automat final : private motor::Vigilante {
   void abortar();   // stop, once confirmed
   // The abort question is on the screen (true) or was answered with no: nothing moves meanwhile.
   void confirmando(bool pregunta);
+  void cerrado();    // see avisarAlCerrar
   int fase() const;  // FaseProceso
   ResultadoProceso resultado() const;
   int pasoActual() const;
   // The number of the run that is under way; nothing while there is none.
   std::optional<qint64> ejecucion() const;
+  bool enMarcha() const;  // a run is under way, moving or held
+  bool diferida() const;
+  const QString& nombre() const;  // of the process; empty before the first one
+  const std::vector<VistaPaso>& pasos() const;
+  // The latest lines of this run, as they went to the trace file.
+  const QStringList& escrito() const;
+  QString rutaTraza() const;
+  // REQUIRES that who watches goes by dejarDeObservar.
+  void observar(ObservadorAutomat& quien);
+  void dejarDeObservar(ObservadorAutomat& quien);
 
  private:
   void InformeProblema(int clase, int grupo, int error, int estado, qint64 codigo) override;

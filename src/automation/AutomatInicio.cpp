@@ -36,21 +36,26 @@ qint64 trasUltimaEspera(const std::vector<PasoProceso>& pasos, qint64 hechos) {
 void Automat::Interior::cargar(std::vector<PasoProceso> lista, const QString& traza,
                                const QString& proceso) {
   if (vigila() || fase == kAbortando) return;
+  decirFin();
   std::erase_if(lista, [](const PasoProceso& p) { return p.clase() == 0; });
   originales = std::move(lista);
   lineas.clear();
   for (const auto& p : originales) lineas += lenguaje.EscribirPaso(p);
+  escrito.clear();
   nombre = proceso;
   diferida = !traza.isEmpty();
   fichero.empezar(t.ajustes, traza, nombre);
   fase = kCargado;
   indice = -1;
+  pasosDesdeElPrincipio();
+  cambio();
 }
 
 // Ends in the phase in which the run goes on, or in the one in which it has ended already.
 void Automat::Interior::empezar() {
   vigilancia.borrarSiempre = diferida || yo.desatendido;
   pasos = originales;
+  pasosDesdeElPrincipio();
   averiado = false;
   pendiente = true;
   indice = 0;
@@ -115,6 +120,8 @@ Resultado<> Automat::Interior::reanudar(Ejecucion vieja) {
   escribir({t.textos(kTxSeReanuda, {e.latido.general(), e.paso + 1})});
   recordar({0, t.textos(kTxSeReanuda, {e.latido.general(), e.paso + 1}), false});
   encolarDeNuevo(*tareas);
+  for (size_t i = 0; i < std::min(vistas.size(), static_cast<size_t>(e.paso)); ++i)
+    if (vistas[i].estado == EstadoPaso::Pendiente) vistas[i].estado = EstadoPaso::Hecho;
   indice = e.paso;
   return {};
 }
@@ -150,7 +157,10 @@ Resultado<> Automat::Interior::liquidar(Ejecucion vieja) {
     const Ejecucion nueva = std::exchange(e, std::move(vieja));
     const auto nuevos = std::exchange(pasos, std::move(*antiguos));
     const auto susUltimos = ultimos;
-    TARVO_INTENTAR(completarAnotaciones());
+    deOtra = true;
+    const auto completas = completarAnotaciones();
+    deOtra = false;
+    TARVO_INTENTAR(completas);
     e = nueva;
     pasos = nuevos;
     ultimos = susUltimos;

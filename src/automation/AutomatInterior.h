@@ -23,6 +23,7 @@ struct Automat::Interior {
   bool terminarMal();  // aborted, or the record of the run failed
   void terminar(ResultadoProceso con, int faseFinal, int linea);
   void anunciarFin();
+  void decirFin();
   void empezarAborto();
   bool conReloj() const { return reloj->activo(); }
 
@@ -36,6 +37,12 @@ struct Automat::Interior {
   void soltarMotor();
   void sesionAlFichero();
   void fallar(const Error& error);
+
+  // --- for whoever watches
+  void cambio() const;
+  void marcar(EstadoPaso estado, const QString& motivo = {});
+  void pasosDesdeElPrincipio();
+  void interrumpirVistas();
 
   // --- trace
   void escribir(const QStringList& lineas);
@@ -83,6 +90,11 @@ struct Automat::Interior {
   Vigilancia vigilancia;
   bool motorAbierto = false, averiado = false, enTic = false;
   qint64 ultimoLatido = 0, inicioAborto = 0;
+  std::vector<ObservadorAutomat*> observadores;
+  std::vector<VistaPaso> vistas;
+  QStringList escrito;
+  bool finSinDecir = false;
+  bool deOtra = false;  // the steps that are carried out are those of an old run
 };
 
 }  // namespace tarvo::automation

@@ -8,6 +8,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kLatido = 60 * 1000;
+constexpr qsizetype kLineasALaVista = 20'000;
 const QString kSangria = QStringLiteral("    ");
 
 // The steps that make use of the engine, as a window that would have to be open.
@@ -136,7 +137,13 @@ void Automat::Interior::fallar(const Error& error) {
 // --- trace --------------------------------------------------------------------------------------
 
 void Automat::Interior::escribir(const QStringList& lineasNuevas) {
-  if (!fichero.escribir(lineasNuevas, yo.alEscribir))
+  const auto salida = [this](const QString& linea) {
+    escrito += linea;
+    if (escrito.size() > kLineasALaVista) escrito.remove(0, kLineasALaVista / 4);
+    if (yo.alEscribir) yo.alEscribir(linea);
+    for (auto* quien : observadores) quien->lineaEscrita(linea);
+  };
+  if (!fichero.escribir(lineasNuevas, salida))
     resultado = std::max(resultado, ResultadoProceso::Problemas);
 }
 
@@ -160,6 +167,8 @@ void Automat::Interior::informar(const Hecho& hecho) {
   };
   if (hecho.codigo != 0) decir({0, mensajePaso(hecho.codigo, t.textos), hecho.problemas});
   for (const auto& detalle : hecho.detalles) decir(detalle);
+  if (hecho.problemas)
+    marcar(EstadoPaso::ConProblemas, entrada.isEmpty() ? QString() : entrada.front().trimmed());
   if (entrada.isEmpty()) return;
   entrada.prepend(cabecera());
   conCabecera = indice;
@@ -195,6 +204,9 @@ void Automat::Interior::informarTarea(int clase, int grupo, int error, int estad
   if (!explicacion.isEmpty()) informe += kSangria + explicacion;
   escribir(informe);
   escribir({tarea + u' ' + t.textos(fin)});
+  if (fin == kTxSeAbandona)
+    marcar(EstadoPaso::ConProblemas,
+           tarea.trimmed() + u"  "_s + (explicacion.isEmpty() ? t.textos(fin) : explicacion));
 }
 
 void Automat::Interior::problema() {

@@ -57,6 +57,7 @@ struct Cronos::Interior {
   bool toca(const Entrada& e, QDate dia, Fecha desde, Fecha ahora) const;
   void arrancar(Entrada& e);
   int proxima(Fecha ahora) const;
+  std::optional<Proxima> proximoInicio(Fecha ahora) const;
   void avisar(const QString& texto) const {
     if (yo.alAvisar) yo.alAvisar(texto);
   }
@@ -118,9 +119,11 @@ Entrada Cronos::Interior::entradaDe(const LineaActivacion& linea,
 void Cronos::Interior::tic() {
   const Fecha ahora = reloj.ahora();
   const Fecha desde = std::exchange(ultimoTic, ahora);
-  if (!activo) return;
-  pasada(desde, ahora);
-  siguiente = proxima(ahora);
+  if (activo) {
+    pasada(desde, ahora);
+    siguiente = proxima(ahora);
+  }
+  if (yo.alCambiar) yo.alCambiar();
 }
 
 void Cronos::Interior::pasada(Fecha desde, Fecha ahora) {
@@ -131,7 +134,8 @@ void Cronos::Interior::pasada(Fecha desde, Fecha ahora) {
         if (vence(i, desde, ahora)) e.estado = EstadoEntrada::Vencida;
         break;
       case EstadoEntrada::Vencida:
-        if (marcha == Marcha::Parada) arrancar(e);
+        // A process that a person runs is waited for too.
+        if (marcha == Marcha::Parada && !automat.enMarcha()) arrancar(e);
         break;
       case EstadoEntrada::Iniciada:
         if (marcha == Marcha::EnCurso) break;
@@ -175,6 +179,7 @@ bool Cronos::Interior::toca(const Entrada& e, QDate dia, Fecha desde, Fecha ahor
 void Cronos::Interior::arrancar(Entrada& e) {
   marcha = Marcha::EnCurso;
   e.estado = EstadoEntrada::Iniciada;
+  if (yo.alArrancar) yo.alArrancar(e);
   automat.PROCESO(e.pasos, horario + u".CRO"_s, e.proceso);
 }
 
@@ -185,6 +190,23 @@ int Cronos::Interior::proxima(Fecha ahora) const {
       entradas, [s](const Entrada& e) { return segundos(e.linea.hora.hora()) >= s; });
   if (it != entradas.end()) return static_cast<int>(it - entradas.begin());
   return entradas.empty() ? -1 : 0;
+}
+
+std::optional<Cronos::Proxima> Cronos::Interior::proximoInicio(Fecha ahora) const {
+  std::optional<Proxima> primera;
+  for (size_t i = 0; i < entradas.size(); ++i) {
+    const Entrada& e = entradas[i];
+    if (e.estado == EstadoEntrada::Inutil) continue;
+    for (int n = 0; n <= 7; ++n) {
+      const QDate dia = ahora.qdate().addDays(n);
+      const Fecha cuando = Fecha::de(dia, QTime(0, 0).addSecs(segundos(e.linea.hora.hora())));
+      if (!e.linea.dias[static_cast<size_t>(dia.dayOfWeek() - 1)]) continue;
+      if (cuando < ahora || vencidos[i].contains(dia)) continue;
+      if (!primera || cuando < primera->cuando) primera = {static_cast<int>(i), cuando};
+      break;
+    }
+  }
+  return primera;
 }
 
 // --- the outside --------------------------------------------------------------------------------
@@ -234,6 +256,23 @@ int Cronos::siguiente() const {
 }
 bool Cronos::hayProcesoEnMarcha() const {
   return d->marcha == Interior::Marcha::EnCurso;
+}
+bool Cronos::activo() const {
+  return d->activo;
+}
+const QString& Cronos::nombre() const {
+  return d->horario;
+}
+bool Cronos::adelantar(int entrada) {
+  if (entrada < 0 || entrada >= static_cast<int>(d->entradas.size())) return false;
+  Entrada& e = d->entradas[static_cast<size_t>(entrada)];
+  if (e.estado != EstadoEntrada::Espera) return false;
+  e.estado = EstadoEntrada::Vencida;
+  return true;
+}
+std::optional<Cronos::Proxima> Cronos::proximoInicio() const {
+  if (!d->activo) return std::nullopt;
+  return d->proximoInicio(d->reloj.ahora());
 }
 void Cronos::parar() {
   d->temporizador->parar();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "automation/Automat.h"
 
@@ -40,6 +41,21 @@ class Cronos {
   const std::vector<Entrada>& entradas() const;
   int siguiente() const;  // index of the entry that comes next, -1 with none
   bool hayProcesoEnMarcha() const;
+  // An entry that waits is due now, whatever its hour; false when it doesn't wait.
+  bool adelantar(int entrada);
+  bool activo() const;
+  const QString& nombre() const;  // of the timetable, in capitals; empty before the first one
+  // The entry that will come due first by hours and days, and when; nothing when none will, or the
+  // timetable isn't active.
+  struct Proxima {
+    int entrada = -1;
+    Fecha cuando;
+  };
+  std::optional<Proxima> proximoInicio() const;
+  // Each tick of the clock, behind its pass.
+  std::function<void()> alCambiar;
+  // The process of an entry is about to be started.
+  std::function<void(const Entrada&)> alArrancar;
   // A sentence for whoever watches (an unusable process...).
   std::function<void(const QString&)> alAvisar;
   void parar();

@@ -1,15 +1,76 @@
 #include "automation/Horario.h"
 
+#include <QDir>
+#include <QFileInfo>
+
+#include "automation/Gramatica.h"
+#include "automation/TextosAutomation.h"
+#include "core/ajustes/Ficheros.h"
+
 namespace tarvo::automation {
 
-std::optional<Fecha> proximaVez(const LineaActivacion& linea, Fecha desde) {
-  const QTime hora = linea.hora.qtime();
-  for (int dia = 0; dia <= 7; ++dia) {
-    const QDate fecha = desde.qdate().addDays(dia);
-    const Fecha momento = Fecha::de(fecha, hora);
-    if (linea.dias[static_cast<size_t>(fecha.dayOfWeek() - 1)] && momento > desde) return momento;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The yes word of any language, in any case.
+bool esSi(QStringView campo) {
+  QString palabra = campo.toString().toLower();
+  if (!palabra.isEmpty()) palabra[0] = palabra[0].toUpper();
+  return leerSiNo(palabra, true).value_or(leerSiNo(palabra, false).value_or(false));
+}
+
+LineaActivacion lineaSuelta(QStringView texto) {
+  LineaActivacion l;
+  l.hora = Fecha::leerHora(cortar(texto, u';')).value_or(Fecha());
+  QStringView dias = cortar(texto, u';');
+  for (bool& dia : l.dias) dia = esSi(cortar(dias, u','));
+  l.nombre = texto.trimmed().toString().toUpper();
+  return l;
+}
+
+}  // namespace
+
+Resultado<Horario> leerHorario(const QString& texto, const Lenguaje& lenguaje) {
+  const Textos& t = lenguaje.textos();
+  Horario h;
+  bool enBloque = false;
+  int numero = 0;
+  for (const QStringView linea : QStringView(texto).split(u'\n')) {
+    const QStringView limpia = linea.trimmed();
+    ++numero;
+    if (limpia.startsWith(kInicioBatch)) enBloque = true;
+    if (enBloque)
+      h.bloque += limpia.toString() + u"\r\n"_s;
+    else if (limpia.count(u';') >= 2)
+      h.lineas.push_back(lineaSuelta(limpia));
+    else if (!limpia.isEmpty())
+      return fallo(Fallo::Formato, t(kTxEnLinea, {numero, t(kTxNoEsActivacion)}));
+    if (limpia.startsWith(kFinalBatch)) enBloque = false;
   }
-  return std::nullopt;
+  return h;
+}
+
+QString escribirHorario(const Horario& horario, const Lenguaje& lenguaje) {
+  QString texto;
+  for (const auto& l : horario.lineas) texto += lenguaje.escribirActivacion(l) + u"\r\n"_s;
+  return texto + horario.bloque;
+}
+
+Resultado<> guardarHorario(const QString& ruta, const Horario& horario, const Lenguaje& lenguaje) {
+  const QString texto = escribirHorario(horario, lenguaje);
+  if (auto leido = lenguaje.leerCro(texto); !leido) return std::unexpected(leido.error());
+  return ficheros::escribirEntero(ruta, ficheros::codificar(texto));
+}
+
+QStringList procesosDe(const QString& carpeta) {
+  QStringList nombres;
+  for (const QFileInfo& f : QDir(carpeta).entryInfoList(QDir::Files))
+    if (f.suffix().compare(u"AUT", Qt::CaseInsensitive) == 0)
+      nombres += f.completeBaseName().toUpper();
+  nombres.removeDuplicates();
+  nombres.sort();
+  return nombres;
 }
 
 }  // namespace tarvo::automation

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "automation/Horario.h"
+#include "automation/ProximaVez.h"
 #include "automation/TextosAutomation.h"
 #include "totals/Calendario.h"
 #include "totals/Cuadre.h"

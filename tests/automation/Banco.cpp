@@ -161,7 +161,7 @@ struct Programa::Piezas {
   std::unique_ptr<Automat> automat;
 };
 
-Programa::Programa(const QString& carpeta, RelojVirtual& reloj, SinRespuestas& respuestas,
+Programa::Programa(const QString& carpeta, RelojVirtual& reloj, Preguntas& respuestas,
                    int corteEn)
     : p(std::make_unique<Piezas>(carpeta, reloj)), virtual_(reloj) {
   p->automat = std::make_unique<Automat>(

@@ -71,7 +71,7 @@ class SinRespuestas final : public Preguntas {
 // One life of the program on the shop's folder.
 class Programa {
  public:
-  Programa(const QString& carpeta, RelojVirtual& reloj, SinRespuestas& respuestas, int corteEn = 0);
+  Programa(const QString& carpeta, RelojVirtual& reloj, Preguntas& respuestas, int corteEn = 0);
   ~Programa();
 
   void correr(const QString& proceso, const QString& traza = {},

@@ -65,6 +65,22 @@ TEST_F(CronosTest, CuentaLoQueAcaba) {
   EXPECT_EQ(exitos(0), 2);
 }
 
+TEST_F(CronosTest, ElProximoInicioMiraLosDias) {
+  horario({linea(u"21:00:00"_s, u"BIEN"_s, u"No,No,No,No,Sí,No,No"),
+           linea(u"22:05:00"_s, u"BIEN"_s, u"No,No,Sí,No,No,No,No"),
+           linea(u"22:01:00"_s, u"ROTO"_s)});
+  EXPECT_EQ(c_.proximoInicio()->cuando, Fecha::de(QDate(2026, 3, 4), QTime(22, 5)));
+  pasar(10);
+  EXPECT_EQ(c_.proximoInicio()->entrada, 0);
+  EXPECT_EQ(c_.proximoInicio()->cuando, Fecha::de(QDate(2026, 3, 6), QTime(21, 0)));
+  EXPECT_FALSE(c_.adelantar(2)) << "unusable";
+  EXPECT_TRUE(c_.adelantar(0));
+  pasar(1);
+  EXPECT_EQ(exitos(0), 1);
+  c_.ponerActivo(false);
+  EXPECT_FALSE(c_.proximoInicio());
+}
+
 TEST_F(CronosTest, LosDiasEmpiezanEnLunes) {
   horario({linea(u"22:05:00"_s, u"BIEN"_s, u"No,No,Sí,No,No,No,No"),
            linea(u"22:06:00"_s, u"BIEN"_s, u"Sí,Sí,No,Sí,Sí,Sí,Sí"),

@@ -155,6 +155,8 @@ TEST_F(ReanudarTest, SeDiceYNoSePreguntaOtraVez) {
   EXPECT_EQ(tienda_.respuestas.preguntas, 1);
   EXPECT_EQ(p->lineas.filter(u"Se reanuda la ejecución interrumpida el 04/03/2026 22:00"_s).size(),
             1);
+  for (const auto& paso : p->automat().pasos())
+    EXPECT_EQ(paso.estado, EstadoPaso::Hecho) << "also those of the life before";
 }
 
 TEST_F(ReanudarTest, LosGruposSinMemorizarSiguenSinPonerseACero) {

@@ -2,7 +2,7 @@
 #include <QFile>
 
 #include "Banco.h"
-#include "automation/Horario.h"
+#include "automation/ProximaVez.h"
 #include "automation/Resumen.h"
 #include "textos/TextosDePrueba.h"
 

@@ -3,11 +3,11 @@
 #include <QApplication>
 
 #include "app/Consola.h"
-#include "app/Datos.h"
 #include "app/Ejecucion.h"
 #include "app/Principal.h"
 #include "app/Senales.h"
 #include "app/TextosApp.h"
+#include "app/ventanas/PreguntasApp.h"
 #include "app/ventanas/Registro.h"
 #include "core/ventanas/Escritorio.h"
 #include "core/ventanas/MyMsgBox.h"
@@ -62,13 +62,14 @@ Resultado<> olvidarTiquesViejos(dao::Database& db, Fecha hoy) {
 }
 
 int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, Reloj& reloj,
-                Aplicacion& aplicacion) {
+                Aplicacion& aplicacion, PreguntasApp& preguntas) {
   const Textos& t = fondo.textos;
   ventanas::Escritorio escritorio(qt, *fondo.db, fondo.ajustes, t, reloj,
                                   ventanas::leerCara(o.tema),
                                   Ajustes::ruta(u"VENTANAS.INI"_s, fondo.ajustes.carpeta));
   ventanas::Ventanas& ventanas = escritorio.ventanas();
   registrarVentanas(ventanas, aplicacion);
+  preguntas.poner(&ventanas);
   const auto primera = primeraVentana(o, fondo, aplicacion, ventanas);
   if (!primera) return guardarAjustes(fondo, kSinProceso);
   if (!ventanas.conoce(primera->ventana)) {
@@ -102,9 +103,9 @@ int principalVentanas(int argc, char** argv) {
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication qt(argc, argv);
     return conFondo(o, t, [&](Fondo& fondo, Reloj& reloj) {
-      Datos datos(o.datos, t);
-      return conAplicacion(fondo, reloj, datos, [&](Aplicacion& aplicacion) {
-        return conVentanas(qt, o, fondo, reloj, aplicacion);
+      PreguntasApp preguntas(o.datos, t);
+      return conAplicacion(fondo, reloj, preguntas, [&](Aplicacion& aplicacion) {
+        return conVentanas(qt, o, fondo, reloj, aplicacion, preguntas);
       });
     });
   });

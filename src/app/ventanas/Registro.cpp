@@ -3,6 +3,7 @@
 #include "app/ventanas/ElemPerso.h"
 #include "app/ventanas/MainTarvo.h"
 #include "app/ventanas/PortalCnf.h"
+#include "automation/ventanas/Registro.h"
 #include "comm/ventanas/Registro.h"
 #include "totals/ventanas/RegistroTotales.h"
 
@@ -27,6 +28,8 @@ void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
                                          .sesion = aplicacion.sesion(),
                                          .registro = aplicacion.registro()});
   totals::registrarVentanasTotales(ventanas, aplicacion.sesion(), aplicacion.periodos());
+  automation::registrarVentanasAutomation(ventanas, aplicacion.automat(), aplicacion.cronos(),
+                                          aplicacion.lenguaje(), aplicacion.gestcomm());
 }
 
 }  // namespace tarvo::app

@@ -1,0 +1,37 @@
+// What a process asks: answered by --dato where the command line has it, else by a window.
+#pragma once
+
+#include "app/Datos.h"
+#include "automation/ventanas/PreguntasVentana.h"
+
+namespace tarvo::app {
+
+class PreguntasApp final : public automation::Preguntas {
+ public:
+  PreguntasApp(const std::map<QString, QString>& dados, const Textos& textos)
+      : dados_(dados), datos_(dados, textos) {}
+  void poner(ventanas::Ventanas* ventanas) { ventana_.poner(ventanas); }
+
+  std::optional<qint64> PromptNum(const QString& nombre, const QString& pregunta) override {
+    return quien(nombre).PromptNum(nombre, pregunta);
+  }
+  std::optional<QString> PromptStr(const QString& nombre, const QString& pregunta) override {
+    return quien(nombre).PromptStr(nombre, pregunta);
+  }
+  std::optional<std::pair<Fecha, Fecha>> PromptFch(const QString& nombre,
+                                                   const QString& pregunta) override {
+    return quien(nombre).PromptFch(nombre, pregunta);
+  }
+
+ private:
+  automation::Preguntas& quien(const QString& nombre) {
+    if (dados_.contains(nombre)) return datos_;
+    return ventana_;
+  }
+
+  std::map<QString, QString> dados_;
+  Datos datos_;
+  automation::PreguntasVentana ventana_;
+};
+
+}  // namespace tarvo::app

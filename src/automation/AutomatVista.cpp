@@ -1,0 +1,54 @@
+// What whoever watches a run is shown: how each step stands, and that something has changed.
+#include "automation/AutomatInterior.h"
+
+namespace tarvo::automation {
+
+void Automat::Interior::cambio() const {
+  for (auto* quien : std::vector(observadores)) quien->automatCambiado();
+}
+
+// A step that had a problem keeps it, and the first that it had.
+void Automat::Interior::marcar(EstadoPaso estado, const QString& motivo) {
+  if (deOtra || indice < 0 || indice >= static_cast<qint64>(vistas.size())) return;
+  VistaPaso& v = vistas[static_cast<size_t>(indice)];
+  if (v.estado == EstadoPaso::ConProblemas) return;
+  v.estado = estado;
+  v.motivo = motivo;
+}
+
+void Automat::Interior::pasosDesdeElPrincipio() {
+  vistas.clear();
+  for (const auto& linea : lineas) vistas.push_back({linea, EstadoPaso::Pendiente, {}});
+}
+
+void Automat::Interior::interrumpirVistas() {
+  for (auto& v : vistas)
+    if (v.estado == EstadoPaso::EnCurso) v.estado = EstadoPaso::Interrumpido;
+}
+
+bool Automat::enMarcha() const {
+  return d->vigila() || d->fase == kAbortando;
+}
+bool Automat::diferida() const {
+  return d->diferida;
+}
+const QString& Automat::nombre() const {
+  return d->nombre;
+}
+const std::vector<VistaPaso>& Automat::pasos() const {
+  return d->vistas;
+}
+const QStringList& Automat::escrito() const {
+  return d->escrito;
+}
+QString Automat::rutaTraza() const {
+  return d->fichero.ruta();
+}
+void Automat::observar(ObservadorAutomat& quien) {
+  d->observadores.push_back(&quien);
+}
+void Automat::dejarDeObservar(ObservadorAutomat& quien) {
+  std::erase(d->observadores, &quien);
+}
+
+}  // namespace tarvo::automation

@@ -1,0 +1,52 @@
+// The process that runs: its steps and how each one stands, the trace as it is written, and the
+// buttons that move, hold and stop it.
+#pragma once
+
+#include "automation/Automat.h"
+#include "comm/motor/gestcomm.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_Automat.h"
+
+namespace tarvo::automation {
+
+class AutomatVentana final : public ventanas::Ventana, private ObservadorAutomat {
+  Q_OBJECT
+ public:
+  AutomatVentana(ventanas::Contexto& c, const QString& nombre, Automat& automat,
+                 const Lenguaje& lenguaje, const motor::gestcomm& motor);
+  ~AutomatVentana() override;
+
+  // "proceso": the file to run; without it the run that is under way is shown.
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  bool QueryUnload() override;
+
+ private:
+  void automatCambiado() override;
+  void lineaEscrita(const QString& linea) override;
+  void keyPressEvent(QKeyEvent* evento) override;
+
+  void conectar();
+  Resultado<> cargar(const QString& ruta);
+  void alHorario(const QString& ruta);
+  void ejecutarORetener();
+  void alto();
+  void cuandoAcaba();
+  void soltar();
+  void ponerFase();
+  void ponerCierre();
+  void ponerBotones();
+  void ponerPasos();
+  void ponerCola();
+  void empezarTraza();
+
+  Automat& a_;
+  const Lenguaje& lenguaje_;
+  const motor::gestcomm& motor_;
+  Ui::FormaAutomat ui_;
+  std::unique_ptr<Temporizador> cierre_, cola_;
+  std::vector<VistaPaso> vistos_;  // as they stand in the grid
+  int pasoVisto_ = -1;
+  bool preguntando_ = false, soltada_ = false;
+};
+
+}  // namespace tarvo::automation

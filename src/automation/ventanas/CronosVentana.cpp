@@ -1,0 +1,232 @@
+#include "automation/ventanas/CronosVentana.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "automation/ventanas/ColumnasHorario.h"
+#include "automation/ventanas/TextosAutomationVentanas.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/Parrilla.h"
+#include "core/ventanas/Ventanas.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+using namespace ventanas;
+
+namespace {
+
+// One more than the states of an entry: waiting, and the next one.
+constexpr int kEsSiguiente = 6;
+
+QString palabraEntrada(const Textos& t, int estado) {
+  return t(estado == kEsSiguiente ? kTxSiguiente : kTxEstadoEntrada + estado);
+}
+
+QString imagenEntrada(int estado) {
+  static constexpr std::array<const char16_t*, 7> kImagenes{
+      u"reloj", u"esperando", u"ejecutar", u"bien", u"mal", u"quitar", u"adelante"};
+  return QString::fromUtf16(kImagenes[static_cast<size_t>(estado)]);
+}
+
+Estado estadoDeEntrada(int estado) {
+  switch (static_cast<EstadoEntrada>(estado)) {
+    case EstadoEntrada::Bien:
+      return Estado::Bien;
+    case EstadoEntrada::Vencida:
+      return Estado::Duda;
+    case EstadoEntrada::Mal:
+    case EstadoEntrada::Inutil:
+      return Estado::Mal;
+    default:
+      return Estado::Ninguno;
+  }
+}
+
+std::vector<Columna> columnasCron(const Textos& t) {
+  std::vector<Columna> c{
+      {.titulo = kTxColEstado,
+       .campo = u"estado"_s,
+       .ancho = 190,
+       .ordenable = false,
+       .ver = [&t](const dao::Valor& v) { return palabraEntrada(t, static_cast<int>(v.entero())); },
+       .imagen = [](const dao::Valor& v) { return imagenEntrada(static_cast<int>(v.entero())); },
+       .estado =
+           [](const dao::Valor& v) { return estadoDeEntrada(static_cast<int>(v.entero())); }}};
+  anadirColumnasMomento(c);
+  c.push_back({.titulo = kTxColProceso, .campo = u"proceso"_s, .ancho = 220, .ordenable = false});
+  c.push_back({.titulo = kTxColOK, .campo = u"ok"_s, .clase = Clase::Entero, .ordenable = false});
+  c.push_back({.titulo = kTxColKO,
+               .campo = u"ko"_s,
+               .clase = Clase::Entero,
+               .ordenable = false,
+               .estado = [](const dao::Valor& v) {
+                 return v.entero() > 0 ? Estado::Mal : Estado::Ninguno;
+               }});
+  return c;
+}
+
+FilaViva filaCron(size_t i, const Entrada& e, bool siguiente) {
+  const bool espera = e.estado == EstadoEntrada::Espera;
+  FilaViva f{static_cast<qint64>(i),
+             {siguiente && espera ? kEsSiguiente : static_cast<int>(e.estado)}};
+  anadirMomento(f.valores, e.linea);
+  f.valores.insert(f.valores.end(), {e.proceso, e.exitos, e.fallos});
+  return f;
+}
+
+// Hours, minutes and seconds, also of more than a day.
+QString duracion(double dias) {
+  const auto s = static_cast<qint64>(std::lround(std::max(0.0, dias) * 86400));
+  return u"%1:%2:%3"_s.arg(Ceros(s / 3600, 2), Ceros(s / 60 % 60, 2), Ceros(s % 60, 2));
+}
+
+}  // namespace
+
+CronosVentana::CronosVentana(Contexto& c, const QString& nombre, Cronos& cronos)
+    : Ventana(c, nombre), cronos_(cronos) {
+  ui_.setupUi(cuerpo());
+  ponerLetra(*ui_.lblNom, Letra::Titulo);
+  ponerLetra(*ui_.reloj, Letra::Cifra);
+  ponerLetra(*ui_.lblFaltan, Letra::Titulo);
+  enlazar();
+  ui_.ListaCron->preparar(c, nombre, columnasCron(c.textos));
+  ui_.ListaCron->vivas();
+  ui_.ListaCron->setUnaSola(true);
+  ui_.ListaCron->setBusca(false);
+  ui_.ListaCron->setVacia(t(kTxSinLineas));
+  ui_.ListaCron->setAcciones({ui_.ejecutar});
+  ui_.ListaCron->vista()->setAccessibleName(t(kTxLineasHorario));
+  setWindowIcon(icono(u"reloj"_s));
+  conectar();
+}
+
+CronosVentana::~CronosVentana() {
+  soltar();
+}
+
+void CronosVentana::conectar() {
+  const auto accion = [this](QAction* a, const QString& dibujo, auto hacer) {
+    a->setIcon(icono(dibujo));
+    connect(a, &QAction::triggered, this, hacer);
+  };
+  accion(ui_.ejecutar, u"ejecutar"_s, [this] { ejecutarAhora(); });
+  ui_.ejecutar->setShortcut(Qt::Key_F9);
+  accion(ui_.ver, u"informacion"_s, [this] { verTraza(); });
+  accion(ui_.mini, u"bajar"_s, [this] { showMinimized(); });
+  accion(ui_.Salida, u"cerrar"_s, [this] { close(); });
+  connect(ui_.activo, &QCheckBox::toggled, this, [this](bool activo) {
+    cronos_.ponerActivo(activo);
+    refrescar();
+  });
+  connect(this, &Ventana::descargada, this, [this] { soltar(); });
+  cronos_.alCambiar = [this] { refrescar(); };
+  cronos_.alArrancar = [this](const Entrada&) { arranca(); };
+  cronos_.alAvisar = [this](const QString& aviso) { avisos_ += aviso; };
+}
+
+Resultado<> CronosVentana::preparar(const Argumentos& argumentos) {
+  const QString ruta = argumentos.value(u"horario"_s).toString();
+  if (!ruta.isEmpty()) {
+    avisos_.clear();
+    TARVO_INTENTAR(cronos_.ActivarCron(ruta));
+    // Once this window is there: the last one to close ends the program.
+    QMetaObject::invokeMethod(this, [this] { relevarPrincipal(); }, Qt::QueuedConnection);
+  }
+  if (!avisos_.isEmpty()) decirDuda(avisos_.front(), avisos_.join(u'\n'));
+  ui_.lblNom->setText(cronos_.nombre());
+  ui_.activo->setChecked(cronos_.activo());
+  refrescar();
+  return {};
+}
+
+// --- the main window's place --------------------------------------------------------------------
+
+void CronosVentana::relevarPrincipal() {
+  Ventanas& todas = contexto().ventanas;
+  if (todas.cargada(u"MainTarvo"_s) && todas.descargar(u"MainTarvo"_s)) habiaPrincipal_ = true;
+}
+
+bool CronosVentana::QueryUnload() {
+  if (std::exchange(habiaPrincipal_, false)) contexto().ventanas.abrir(u"MainTarvo"_s);
+  return false;
+}
+
+void CronosVentana::soltar() {
+  if (std::exchange(soltada_, true)) return;
+  cronos_.alCambiar = nullptr;
+  cronos_.alArrancar = nullptr;
+  cronos_.alAvisar = nullptr;
+  cronos_.ponerActivo(false);
+  cronos_.parar();
+}
+
+// --- what is shown ------------------------------------------------------------------------------
+
+void CronosVentana::refrescar() {
+  ui_.reloj->setText(contexto().reloj.ahora().horaLarga());
+  ponerLineas();
+  ponerProximo();
+  volverSiAcabo();
+}
+
+void CronosVentana::ponerLineas() {
+  std::vector<FilaViva> filas;
+  const auto& entradas = cronos_.entradas();
+  for (size_t i = 0; i < entradas.size(); ++i)
+    filas.push_back(filaCron(i, entradas[i], static_cast<int>(i) == cronos_.siguiente()));
+  ui_.ListaCron->vivas().poner(std::move(filas));
+  ui_.ejecutar->setEnabled(!entradas.empty() && cronos_.activo());
+}
+
+void CronosVentana::ponerProximo() {
+  const Textos& textos = contexto().textos;
+  const auto& entradas = cronos_.entradas();
+  const auto enMarcha = std::ranges::find(entradas, EstadoEntrada::Iniciada, &Entrada::estado);
+  const auto proxima = cronos_.proximoInicio();
+  QString que, cuanto;
+  if (enMarcha != entradas.end()) {
+    que = textos(kTxEnMarcha, {enMarcha->proceso});
+  } else if (proxima) {
+    const auto& e = entradas[static_cast<size_t>(proxima->entrada)];
+    que = textos(kTxProximo, {e.proceso, proxima->cuando.general()});
+    cuanto = textos(kTxFaltan, {duracion(proxima->cuando - contexto().reloj.ahora())});
+  } else if (!entradas.empty()) {
+    que = textos(cronos_.activo() ? kTxNadaProgramado : kTxDesactivado);
+  }
+  ui_.lblProximo->setText(que);
+  ui_.lblFaltan->setText(cuanto);
+}
+
+// --- processes ----------------------------------------------------------------------------------
+
+void CronosVentana::arranca() {
+  apartada_ = true;
+  showMinimized();
+  contexto().ventanas.abrir(u"Automat"_s, this);
+}
+
+void CronosVentana::volverSiAcabo() {
+  const auto sigue = [](const Entrada& e) {
+    return e.estado == EstadoEntrada::Iniciada || e.estado == EstadoEntrada::Bien ||
+           e.estado == EstadoEntrada::Mal;
+  };
+  if (!apartada_ || std::ranges::any_of(cronos_.entradas(), sigue)) return;
+  apartada_ = false;
+  if (isMinimized()) showNormal();
+}
+
+void CronosVentana::ejecutarAhora() {
+  const int fila = ui_.ListaCron->filaActual();
+  if (fila < 0 || !cronos_.adelantar(fila)) return decirDuda(t(kTxElijaEnEspera));
+  const QString proceso = cronos_.entradas()[static_cast<size_t>(fila)].proceso;
+  decirBien(contexto().textos(kTxSeEjecuta, {proceso}));
+  refrescar();
+}
+
+void CronosVentana::verTraza() {
+  const QString ruta = Ajustes::ruta(cronos_.nombre() + u".TZC"_s, contexto().ajustes.HomeDir);
+  contexto().ventanas.abrirModal(u"VeoLog"_s, this, {{u"fichero"_s, ruta}});
+}
+
+}  // namespace tarvo::automation

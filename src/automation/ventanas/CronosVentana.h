@@ -1,0 +1,39 @@
+// The timetable that is active: what runs when, the clock, and how long until the next process.
+#pragma once
+
+#include "automation/Cronos.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_Cronos.h"
+
+namespace tarvo::automation {
+
+class CronosVentana final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  CronosVentana(ventanas::Contexto& c, const QString& nombre, Cronos& cronos);
+  ~CronosVentana() override;
+
+  // "horario": the file to activate. While it is active this window stands in place of the main
+  // one.
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  bool QueryUnload() override;
+
+ private:
+  void conectar();
+  void relevarPrincipal();
+  void arranca();
+  void refrescar();
+  void ponerLineas();
+  void ponerProximo();
+  void volverSiAcabo();
+  void ejecutarAhora();
+  void verTraza();
+  void soltar();
+
+  Cronos& cronos_;
+  Ui::FormaCronos ui_;
+  bool habiaPrincipal_ = false, apartada_ = false, soltada_ = false;
+  QStringList avisos_;
+};
+
+}  // namespace tarvo::automation

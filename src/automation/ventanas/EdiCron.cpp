@@ -1,0 +1,282 @@
+#include "automation/ventanas/EdiCron.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QRegularExpressionValidator>
+
+#include "automation/ventanas/ColumnasHorario.h"
+#include "automation/ventanas/TextosAutomationVentanas.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/Parrilla.h"
+#include "core/ventanas/Tira.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+using namespace ventanas;
+
+namespace {
+
+std::vector<Columna> columnasBat() {
+  std::vector<Columna> c;
+  anadirColumnasMomento(c);
+  c.push_back({.titulo = kTxColProceso, .campo = u"proceso"_s, .ancho = 260, .ordenable = false});
+  return c;
+}
+
+FilaViva filaBat(size_t i, const LineaActivacion& l) {
+  FilaViva f{static_cast<qint64>(i), {}};
+  anadirMomento(f.valores, l);
+  f.valores.emplace_back(l.nombre);
+  return f;
+}
+
+// The blank line at the end, for a new entry.
+FilaViva filaNueva(size_t i, const QString& texto) {
+  FilaViva f{static_cast<qint64>(i), std::vector<dao::Valor>(8)};
+  f.valores.emplace_back(texto);
+  return f;
+}
+
+}  // namespace
+
+EdiCron::EdiCron(Contexto& c, const QString& nombre, const Lenguaje& lenguaje)
+    : Ventana(c, nombre), lenguaje_(lenguaje) {
+  ui_.setupUi(cuerpo());
+  dias_ = {ui_.dia_0, ui_.dia_1, ui_.dia_2, ui_.dia_3, ui_.dia_4, ui_.dia_5, ui_.dia_6};
+  ponerLetra(*ui_.lblNom, Letra::Titulo);
+  ui_.Hora->setDisplayFormat(u"HH:mm:ss"_s);
+  ui_.NomCron->setValidator(
+      new QRegularExpressionValidator(QRegularExpression(uR"([^:.\\/?"|]*)"_s), this));
+  enlazar();
+  for (int d = 0; d < 7; ++d) {
+    dias_[static_cast<size_t>(d)]->setToolTip(t(kTxDiaSemana + d));
+    dias_[static_cast<size_t>(d)]->setAccessibleName(t(kTxDiaSemana + d));
+  }
+  ui_.ListaBat->preparar(c, nombre, columnasBat());
+  ui_.ListaBat->vivas();
+  ui_.ListaBat->setUnaSola(true);
+  ui_.ListaBat->setBusca(false);
+  ui_.ListaBat->setPie(false);
+  ui_.ListaBat->setAcciones({ui_.insertar, ui_.borrar});
+  ui_.ListaBat->vista()->setAccessibleName(t(kTxLineasHorario));
+  conectar();
+  conectarLinea();
+}
+
+void EdiCron::conectar() {
+  const auto accion = [this](QAction* a, const QString& dibujo, const QKeySequence& tecla,
+                             auto hacer) {
+    a->setIcon(icono(dibujo));
+    a->setShortcut(tecla);
+    connect(a, &QAction::triggered, this, hacer);
+  };
+  accion(ui_.guardar, u"guardar"_s, QKeySequence::Save, [this] { guardar(); });
+  accion(ui_.abandonar, u"cerrar"_s, {}, [this] { rechazar(); });
+  accion(ui_.insertar, u"anadir"_s, {}, [this] { insertar(); });
+  accion(ui_.borrar, u"borrar"_s, {}, [this] { borrar(); });
+  connect(ui_.NomCron, &QLineEdit::returnPressed, this, [this] { aceptarNombre(); });
+  connect(ui_.AceptoNombre, &QPushButton::clicked, this, [this] { aceptarNombre(); });
+  connect(ui_.CanceloNombre, &QPushButton::clicked, this, [this] { rechazar(); });
+  connect(ui_.ListaBat, &Parrilla::actualCambiada, this, [this] { ponerLinea(); });
+  connect(ui_.ListaBat, &Parrilla::activada, this, [this] { ui_.Hora->setFocus(); });
+  ui_.ListaBat->vista()->installEventFilter(this);
+}
+
+void EdiCron::conectarLinea() {
+  connect(ui_.Hora, &QTimeEdit::timeChanged, this, [this] { tocada(); });
+  for (QCheckBox* dia : dias_) connect(dia, &QCheckBox::toggled, this, [this] { tocada(); });
+  connect(ui_.NomMacro, &QComboBox::currentIndexChanged, this, [this] { tocada(); });
+  connect(ui_.Aplicar, &QPushButton::clicked, this, [this] { aplicar(); });
+  connect(ui_.Cancelar, &QPushButton::clicked, this, [this] { ponerLinea(); });
+}
+
+// --- opening ------------------------------------------------------------------------------------
+
+Resultado<> EdiCron::preparar(const Argumentos& argumentos) {
+  const QString ruta = argumentos.value(u"horario"_s).toString();
+  if (!ruta_.isEmpty() && (ruta == ruta_ || ruta.isEmpty())) return {};
+  if (!ruta_.isEmpty() && (tocada_ || horario_ != guardado_))
+    return fallo(Fallo::Ocupado, t(kTxGuardeAntes));
+  if (ruta.isEmpty()) {
+    pedirNombre();
+    return {};
+  }
+  const auto texto = lenguaje_.leerTexto(ruta);
+  if (!texto) return std::unexpected(texto.error());
+  auto leido = leerHorario(*texto, lenguaje_);
+  if (!leido) return std::unexpected(leido.error());
+  ruta_ = ruta;
+  horario_ = std::move(*leido);
+  editar();
+  return {};
+}
+
+void EdiCron::pedirNombre() {
+  ui_.pnlEdicion->hide();
+  ui_.pnlNombre->show();
+  tamano_ = size();
+  resize(width(), 0);  // as low as the question is
+  ui_.NomCron->setFocus();
+}
+
+void EdiCron::aceptarNombre() {
+  const QString nombre = ui_.NomCron->text().trimmed().toUpper();
+  if (nombre.isEmpty()) return decirFallo(t(kTxEscribaNombre));
+  const QString ruta = Ajustes::ruta(nombre + u".CRO"_s, contexto().ajustes.HomeDir);
+  if (QFileInfo::exists(ruta)) return decirFallo(contexto().textos(kTxYaHayProgramacion, {nombre}));
+  ruta_ = ruta;
+  horario_ = {};
+  editar();
+}
+
+void EdiCron::editar() {
+  guardado_ = horario_;
+  ui_.pnlNombre->hide();
+  ui_.pnlEdicion->show();
+  if (tamano_.isValid()) resize(std::exchange(tamano_, QSize()));
+  const QString nombre = QFileInfo(ruta_).completeBaseName().toUpper();
+  ui_.lblNom->setText(contexto().textos(kTxProgramacion, {nombre}));
+  poniendo_ = true;
+  ui_.NomMacro->clear();
+  ui_.NomMacro->addItems(procesosDe(contexto().ajustes.HomeDir));
+  poniendo_ = false;
+  ponerLista(0);
+  ui_.ListaBat->vista()->setFocus();
+}
+
+// --- the list and its line ----------------------------------------------------------------------
+
+void EdiCron::ponerLista(int actual) {
+  std::vector<FilaViva> filas;
+  for (size_t i = 0; i < horario_.lineas.size(); ++i)
+    filas.push_back(filaBat(i, horario_.lineas[i]));
+  filas.push_back(filaNueva(filas.size(), t(kTxLineaNueva)));
+  const int ultima = static_cast<int>(filas.size()) - 1;
+  ui_.ListaBat->vivas().poner(std::move(filas));
+  ui_.ListaBat->irA(std::min(actual, ultima));
+  ponerLinea();
+}
+
+// From the list to the controls; what was being changed in them is dropped.
+void EdiCron::ponerLinea() {
+  const auto fila = static_cast<size_t>(std::max(0, ui_.ListaBat->filaActual()));
+  const bool hay = fila < horario_.lineas.size();
+  const LineaActivacion l = hay ? horario_.lineas[fila] : LineaActivacion{};
+  poniendo_ = true;
+  ui_.Hora->setTime(l.hora.qtime());
+  for (size_t d = 0; d < 7; ++d) dias_[d]->setChecked(l.dias[d]);
+  if (!l.nombre.isEmpty() && ui_.NomMacro->findText(l.nombre) < 0) ui_.NomMacro->addItem(l.nombre);
+  ui_.NomMacro->setCurrentIndex(ui_.NomMacro->findText(l.nombre));
+  poniendo_ = false;
+  dejarLinea();
+  ui_.borrar->setEnabled(hay);
+}
+
+LineaActivacion EdiCron::enPantalla() const {
+  LineaActivacion l;
+  l.hora = Fecha::deDias(ui_.Hora->time().msecsSinceStartOfDay() / 1000 / 86400.0);
+  for (size_t d = 0; d < 7; ++d) l.dias[d] = dias_[d]->isChecked();
+  l.nombre = ui_.NomMacro->currentText();
+  return l;
+}
+
+void EdiCron::tocada() {
+  if (poniendo_) return;
+  tocada_ = true;
+  ui_.ListaBat->setEnabled(false);
+  ui_.insertar->setEnabled(false);
+  ui_.borrar->setEnabled(false);
+  ui_.Aplicar->setVisible(true);
+  ui_.Cancelar->setVisible(true);
+}
+
+void EdiCron::dejarLinea() {
+  tocada_ = false;
+  ui_.ListaBat->setEnabled(true);
+  ui_.insertar->setEnabled(true);
+  ui_.Aplicar->setVisible(false);
+  ui_.Cancelar->setVisible(false);
+}
+
+bool EdiCron::aplicar() {
+  if (!tocada_) return true;
+  const LineaActivacion l = enPantalla();
+  if (l.nombre.isEmpty()) {
+    QApplication::beep();
+    decirFallo(t(kTxElijaProceso));
+    ui_.NomMacro->setFocus();
+    return false;
+  }
+  tira().quitar();
+  if (l.dias == decltype(l.dias){}) decirDuda(t(kTxSinNingunDia));
+  const auto fila = static_cast<size_t>(std::max(0, ui_.ListaBat->filaActual()));
+  if (fila < horario_.lineas.size())
+    horario_.lineas[fila] = l;
+  else
+    horario_.lineas.push_back(l);
+  dejarLinea();
+  ponerLista(static_cast<int>(fila));
+  ui_.ListaBat->vista()->setFocus();
+  return true;
+}
+
+void EdiCron::insertar() {
+  if (tocada_) return;
+  const auto fila =
+      std::clamp<qsizetype>(ui_.ListaBat->filaActual(), 0, std::ssize(horario_.lineas));
+  horario_.lineas.insert(horario_.lineas.begin() + fila, LineaActivacion{});
+  ponerLista(static_cast<int>(fila));
+  ui_.Hora->setFocus();
+}
+
+void EdiCron::borrar() {
+  const int fila = ui_.ListaBat->filaActual();
+  if (tocada_ || fila < 0 || fila >= std::ssize(horario_.lineas)) return;
+  horario_.lineas.erase(horario_.lineas.begin() + fila);
+  ponerLista(fila);
+}
+
+// --- leaving ------------------------------------------------------------------------------------
+
+void EdiCron::guardar() {
+  if (ruta_.isEmpty() || !aplicar()) return;
+  const auto sin = std::ranges::find(horario_.lineas, QString(), &LineaActivacion::nombre);
+  if (sin != horario_.lineas.end()) {
+    const auto fila = sin - horario_.lineas.begin();
+    ui_.ListaBat->irA(static_cast<int>(fila));
+    return decirFallo(contexto().textos(kTxLineaSinProceso, {fila + 1}));
+  }
+  if (!haIdoBien(guardarHorario(ruta_, horario_, lenguaje_))) return;
+  guardado_ = horario_;
+  aceptar();
+}
+
+bool EdiCron::QueryUnload() {
+  if (ruta_.isEmpty() || (!tocada_ && horario_ == guardado_)) return false;
+  return !MyMsgBox::Decide(this, contexto().textos, t(kTxCambiosSinGuardar),
+                           kAceptoCancelo | kExclamacion);
+}
+
+void EdiCron::keyPressEvent(QKeyEvent* evento) {
+  const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
+  if (tocada_ && intro)
+    aplicar();
+  else if (tocada_ && evento->key() == Qt::Key_Escape)
+    ponerLinea();
+  else
+    Ventana::keyPressEvent(evento);
+}
+
+bool EdiCron::eventFilter(QObject* objeto, QEvent* evento) {
+  if (evento->type() == QEvent::KeyPress) {
+    const int tecla = static_cast<QKeyEvent*>(evento)->key();
+    if (tecla == Qt::Key_Insert) insertar();
+    if (tecla == Qt::Key_Delete) borrar();
+    if (tecla == Qt::Key_Insert || tecla == Qt::Key_Delete) return true;
+  }
+  return Ventana::eventFilter(objeto, evento);
+}
+
+}  // namespace tarvo::automation

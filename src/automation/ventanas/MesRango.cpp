@@ -1,0 +1,75 @@
+#include "automation/ventanas/MesRango.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QToolButton>
+
+#include "core/ventanas/Tema.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+using ventanas::colorDe;
+using ventanas::icono;
+using ventanas::Tinte;
+
+MesRango::MesRango(QWidget* padre) : QCalendarWidget(padre) {
+  setLocale(QLocale(QLocale::Spanish, QLocale::Spain));
+  setFirstDayOfWeek(Qt::Monday);
+  setVerticalHeaderFormat(NoVerticalHeader);
+  for (const auto dia : {Qt::Saturday, Qt::Sunday}) setWeekdayTextFormat(dia, {});
+  if (auto* b = findChild<QToolButton*>(u"qt_calendar_prevmonth"_s)) b->setIcon(icono(u"atras"_s));
+  if (auto* b = findChild<QToolButton*>(u"qt_calendar_nextmonth"_s))
+    b->setIcon(icono(u"adelante"_s));
+  connect(this, &QCalendarWidget::selectionChanged, this, [this] { elegir(); });
+  connect(this, &QCalendarWidget::currentPageChanged, this, [this] {
+    if (!moviendo_) irAlMes(primero());
+  });
+}
+
+void MesRango::irAlMes(QDate dia) {
+  moviendo_ = true;
+  setCurrentPage(dia.year(), dia.month());
+  ancla_ = otro_ = primero();
+  setSelectedDate(ancla_);
+  moviendo_ = false;
+  updateCells();
+  Q_EMIT rangoCambiado();
+}
+
+void MesRango::setTodo(bool todo) {
+  todo_ = todo;
+  updateCells();
+  Q_EMIT rangoCambiado();
+}
+
+// A day of a month beside brings that month, and none of this one.
+void MesRango::elegir() {
+  if (moviendo_) return;
+  otro_ = selectedDate();
+  const bool sigue = QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier);
+  const bool mismoMes = ancla_.year() == otro_.year() && ancla_.month() == otro_.month();
+  if (!sigue || !mismoMes) ancla_ = otro_;
+  Q_EMIT diaElegido();
+  updateCells();
+  Q_EMIT rangoCambiado();
+}
+
+QDate MesRango::desde() const {
+  return todo_ ? primero() : std::min(ancla_, otro_);
+}
+QDate MesRango::hasta() const {
+  return todo_ ? primero().addMonths(1).addDays(-1) : std::max(ancla_, otro_);
+}
+
+void MesRango::paintCell(QPainter* pintor, const QRect& sitio, QDate dia) const {
+  const bool dentro = dia >= desde() && dia <= hasta();
+  const bool ajeno = dia.month() != monthShown();
+  pintor->fillRect(sitio, colorDe(dentro ? Tinte::Seleccion : Tinte::Base));
+  pintor->setPen(colorDe(dentro  ? Tinte::TextoSeleccion
+                         : ajeno ? Tinte::TextoPalido
+                                 : Tinte::Texto));
+  pintor->drawText(sitio, Qt::AlignCenter, QString::number(dia.day()));
+}
+
+}  // namespace tarvo::automation

@@ -1,0 +1,38 @@
+#include "automation/ventanas/PreguntasVentana.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template <class T>
+std::optional<T> comoEs(const Contestacion& c) {
+  const T* valor = std::get_if<T>(&c);
+  return valor ? std::optional(*valor) : std::nullopt;
+}
+
+}  // namespace
+
+Contestacion PreguntasVentana::preguntar(const QString& nombre, const QString& pregunta) {
+  if (!ventanas_) return {};
+  const auto respuesta = std::make_shared<Contestacion>();
+  ventanas_->abrirModal(u"EnParMac"_s, ventanas_->cargada(u"Automat"_s),
+                        {{u"nombre"_s, nombre},
+                         {u"pregunta"_s, pregunta},
+                         {u"respuesta"_s, QVariant::fromValue(respuesta)}});
+  return *respuesta;
+}
+
+std::optional<qint64> PreguntasVentana::PromptNum(const QString& nombre, const QString& pregunta) {
+  return comoEs<qint64>(preguntar(nombre, pregunta));
+}
+std::optional<QString> PreguntasVentana::PromptStr(const QString& nombre, const QString& pregunta) {
+  return comoEs<QString>(preguntar(nombre, pregunta));
+}
+std::optional<std::pair<Fecha, Fecha>> PreguntasVentana::PromptFch(const QString& nombre,
+                                                                   const QString& pregunta) {
+  return comoEs<std::pair<Fecha, Fecha>>(preguntar(nombre, pregunta));
+}
+
+}  // namespace tarvo::automation

@@ -1,0 +1,28 @@
+// The questions of a process, asked by the window "EnParMac".
+#pragma once
+
+#include <variant>
+
+#include "automation/Automat.h"
+#include "core/ventanas/Ventanas.h"
+
+namespace tarvo::automation {
+
+// What the person answered; nothing when he cancelled.
+using Contestacion = std::variant<std::monostate, qint64, QString, std::pair<Fecha, Fecha>>;
+
+// Answers the parameter steps of a run by that window. Before poner() nothing has an answer.
+class PreguntasVentana final : public Preguntas {
+ public:
+  void poner(ventanas::Ventanas* ventanas) { ventanas_ = ventanas; }
+  std::optional<qint64> PromptNum(const QString& nombre, const QString& pregunta) override;
+  std::optional<QString> PromptStr(const QString& nombre, const QString& pregunta) override;
+  std::optional<std::pair<Fecha, Fecha>> PromptFch(const QString& nombre,
+                                                   const QString& pregunta) override;
+
+ private:
+  Contestacion preguntar(const QString& nombre, const QString& pregunta);
+  ventanas::Ventanas* ventanas_ = nullptr;
+};
+
+}  // namespace tarvo::automation

@@ -1,0 +1,32 @@
+#include "automation/ventanas/Registro.h"
+
+#include "automation/ventanas/AutomatVentana.h"
+#include "automation/ventanas/CronosVentana.h"
+#include "automation/ventanas/EdiCron.h"
+#include "automation/ventanas/EnParMac.h"
+#include "automation/ventanas/TextosAutomationVentanas.h"
+#include "automation/ventanas/VeoLog.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+using namespace ventanas;
+
+void registrarVentanasAutomation(Ventanas& ventanas, Automat& automat, Cronos& cronos,
+                                 const Lenguaje& lenguaje, const motor::gestcomm& motor) {
+  ventanas.registrar(u"Automat"_s, [&](Contexto& c, const QString& n) {
+    return new AutomatVentana(c, n, automat, lenguaje, motor);
+  });
+  ventanas.registrar(
+      u"EnParMac"_s, [](Contexto& c, const QString& n) { return new EnParMac(c, n); },
+      Argumentos{{u"nombre"_s, u"#x"_s}, {u"pregunta"_s, lenguaje.textos()(kTxMuestraPregunta)}});
+  ventanas.registrar(
+      u"Cronos"_s, [&](Contexto& c, const QString& n) { return new CronosVentana(c, n, cronos); });
+  ventanas.registrar(u"EdiCron"_s,
+                     [&](Contexto& c, const QString& n) { return new EdiCron(c, n, lenguaje); });
+  ventanas.registrar(
+      u"VeoLog"_s, [](Contexto& c, const QString& n) { return new VeoLog(c, n); },
+      Argumentos{{u"fichero"_s, u"NOCHE.TZA"_s}});
+}
+
+}  // namespace tarvo::automation

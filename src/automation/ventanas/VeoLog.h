@@ -1,0 +1,34 @@
+// The viewer of a trace file, which it follows while it grows.
+#pragma once
+
+#include "automation/ventanas/ModeloTraza.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_VeoLog.h"
+
+namespace tarvo::automation {
+
+class VeoLog final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  VeoLog(ventanas::Contexto& c, const QString& nombre);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;  // "fichero": its path
+
+ private:
+  void conectar();
+  void mirar();
+  void seguir();
+  void alFinal();
+  void buscar(bool atras);
+  void problema();
+  void irA(int linea);
+  void copiar();
+  void ponerSitio();
+  void ponerAncho();
+
+  Ui::FormaVeoLog ui_;
+  ModeloTraza* modelo_ = nullptr;
+  std::unique_ptr<Temporizador> mirada_;
+  bool sigue_ = true;  // the end is in view
+};
+
+}  // namespace tarvo::automation

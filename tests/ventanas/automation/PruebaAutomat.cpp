@@ -1,0 +1,189 @@
+// A person runs, holds, steps and stops a process, and answers what it asks.
+#include <QDateEdit>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "Sala.h"
+
+namespace tarvo::automation {
+namespace {
+
+struct Proceso : Sala {
+  using Sala::Sala;
+  // Waits for nothing, then a step that fails, then one that goes well.
+  static inline const QString kTresPasos = u"N:uno\r\nS:CERRAR,x,Sí,Sí\r\nN:tres\r\n"_s;
+
+  static QString titulo(QWidget* v) { return pieza<QLabel>(v, u"lblTitulo"_s)->text(); }
+  static QString resultado(QWidget* v, int fila) {
+    return pieza<ventanas::Parrilla>(v, u"ListaPasos"_s)->texto(fila, u"resultado");
+  }
+  static QStringList traza(QWidget* v) {
+    QStringList lineas;
+    const auto* lista = pieza<QListWidget>(v, u"Problemas"_s);
+    for (int i = 0; i < lista->count(); ++i) lineas += lista->item(i)->text();
+    return lineas;
+  }
+};
+
+TEST(Automat, SeVeComoAcabaCadaPasoYSeCierra) {
+  Proceso s;
+  QWidget* v = s.correr(Proceso::kTresPasos);
+  ASSERT_TRUE(v);
+  EXPECT_EQ(Proceso::titulo(v), u"EJECUTÁNDOSE: NOCHE");
+  EXPECT_EQ(Proceso::resultado(v, 0), u"Hecho");
+  EXPECT_EQ(Proceso::resultado(v, 2), u"Pendiente");
+  EXPECT_FALSE(v->close()) << "a run isn't left without its window";
+  s.pasar(1);
+  EXPECT_EQ(Proceso::resultado(v, 1), u"Con problemas");
+  EXPECT_EQ(pieza<ventanas::Parrilla>(v, u"ListaPasos"_s)->texto(1, u"motivo"),
+            u"La sesión está ya cerrada");
+  s.pasar(1.5);
+  EXPECT_EQ(Proceso::resultado(v, 2), u"Hecho");
+  EXPECT_EQ(Proceso::titulo(v), u"PROCESO TERMINADO: NOCHE");
+  const QStringList traza = Proceso::traza(v);
+  EXPECT_TRUE(traza.first().startsWith(u"Ejecución iniciada: ")) << traza.first().toStdString();
+  EXPECT_TRUE(traza.contains(u"002:SESIÓN"));
+  EXPECT_TRUE(traza.last().startsWith(u"Ejecución finalizada: "));
+  EXPECT_TRUE(s.abierta(u"Automat"_s));
+  s.pasar(1);
+  EXPECT_FALSE(s.abierta(u"Automat"_s));
+}
+
+TEST(Automat, SeRetienePorTeclasYSigueAPasos) {
+  Proceso s;
+  QWidget* v = s.correr(Proceso::kTresPasos);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  EXPECT_FALSE(puede(v, u"paso"_s));
+  QTest::keyClick(v, Qt::Key_Control);
+  EXPECT_EQ(Proceso::titulo(v), u"PROCESO RETENIDO: NOCHE");
+  s.pasar(10);
+  EXPECT_EQ(s.automat().fase(), kDetenidoEnPaso);
+  EXPECT_EQ(s.automat().pasoActual(), 1);
+  EXPECT_EQ(Proceso::resultado(v, 1), u"Pendiente");
+  pieza<QAction>(v, u"paso"_s)->trigger();
+  s.pasar(10);
+  EXPECT_EQ(Proceso::resultado(v, 1), u"Con problemas");
+  EXPECT_EQ(s.automat().pasoActual(), 2);
+  EXPECT_EQ(s.automat().fase(), kDetenidoEnPaso);
+  QTest::keyClick(v, Qt::Key_C, Qt::ControlModifier);
+  QTest::keyPress(v, Qt::Key_Control);
+  QTest::keyClick(v, Qt::Key_C, Qt::ControlModifier);
+  QTest::keyRelease(v, Qt::Key_Control);
+  EXPECT_EQ(s.automat().fase(), kDetenidoEnPaso) << "copying isn't running";
+  QTest::keyClick(v, Qt::Key_F9);
+  EXPECT_EQ(s.automat().fase(), kEjecutando);
+  s.pasar(4);
+  EXPECT_FALSE(s.abierta(u"Automat"_s));
+}
+
+TEST(Automat, AltoPreguntaYEliminaLasTareas) {
+  Proceso s({1, 2});
+  QWidget* v = s.correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,1000,No\r\nN:tres\r\n"_s);
+  s.pasar(2);
+  EXPECT_EQ(Proceso::resultado(v, 1), u"En curso");
+  EXPECT_EQ(pieza<QLabel>(v, u"lblCola"_s)->text(), u"Tareas en cola: 2");
+  int faseAlPreguntar = 0;
+  const auto contestar = [&](const QString& boton) {
+    cuandoHayaCaja([&, boton](QWidget& caja) {
+      faseAlPreguntar = s.automat().fase();
+      QTest::keyClick(caja.findChild<QPushButton*>(boton), Qt::Key_Space);
+    });
+    QTest::keyClick(v, Qt::Key_Escape);
+  };
+  contestar(u"Cancelo"_s);
+  EXPECT_EQ(faseAlPreguntar, kConfirmando);
+  EXPECT_EQ(s.automat().fase(), kEjecutando);
+  contestar(u"Acepto"_s);
+  s.pasar(20);
+  EXPECT_EQ(s.automat().fase(), kAbortado);
+  EXPECT_EQ(s.p.motor().CuantosQuedan().total, 0);
+  EXPECT_EQ(Proceso::titulo(v), u"LISTO PARA EJECUTAR: NOCHE");
+  EXPECT_EQ(Proceso::resultado(v, 1), u"Interrumpido");
+  EXPECT_TRUE(puede(v, u"ejecutar"_s));
+  s.pasar(3600);
+  EXPECT_TRUE(s.abierta(u"Automat"_s)) << "who stopped it reads why";
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_FALSE(s.abierta(u"Automat"_s));
+}
+
+TEST(Automat, LoQueNoSeLeeSeDice) {
+  Proceso s;
+  s.fichero(u"ROTO.AUT"_s, u"T:NADA,1\r\n"_s);
+  auto* v = s.correr(u"N:a\r\n"_s.repeated(20));
+  EXPECT_EQ(s.todas().abrir(u"Automat"_s, v, {{u"proceso"_s, s.ruta(u"ROTO.AUT"_s)}}), nullptr);
+  EXPECT_EQ(v->tira().texto(),
+            u"Ya hay un proceso en marcha, NOCHE: espere a que termine o párelo con Alto.");
+  s.pasar(30);
+  ASSERT_FALSE(s.abierta(u"Automat"_s));
+  v = s.todas().abrir(u"Automat"_s);
+  EXPECT_EQ(s.todas().abrir(u"Automat"_s, v, {{u"proceso"_s, s.ruta(u"ROTO.AUT"_s)}}), nullptr);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"No se pudo cargar el Proceso 'ROTO.AUT'"))
+      << v->tira().texto().toStdString();
+}
+
+// --- parameters ---------------------------------------------------------------------------------
+
+TEST(EnParMac, SePreguntaSeRehusaYSeContesta) {
+  Proceso s;
+  QString rehusado, pregunta;
+  cuandoHayaCaja([&](QWidget& v) {
+    pregunta = pieza<QLabel>(&v, u"lblPregunta"_s)->text();
+    auto* valor = pieza<QLineEdit>(&v, u"Valor"_s);
+    QTest::keyClicks(valor, u"40000"_s);
+    QTest::keyClick(valor, Qt::Key_Return);
+    rehusado = pieza<QLabel>(&v, u"lblFalta"_s)->text();
+    QTest::keyClicks(valor, u"2"_s);
+    QTest::keyClick(valor, Qt::Key_Return);
+  });
+  QWidget* v = s.correr(u"N:%1,Grupo que se lee\r\nT:RXGRTOT,%1\r\nC:ESPERA,3,Sí\r\n"_s);
+  EXPECT_EQ(pregunta, u"Grupo que se lee");
+  EXPECT_EQ(rehusado, u"Debe ser un número entero entre -32768 y 32767.");
+  EXPECT_EQ(Proceso::resultado(v, 0), u"Hecho");
+  s.pasar(1);
+  EXPECT_EQ(Proceso::resultado(v, 1), u"Hecho") << "group 2 took the place of %1";
+}
+
+TEST(EnParMac, CancelarAborta) {
+  Proceso s;
+  cuandoHayaCaja([](QWidget& v) { QTest::keyClick(&v, Qt::Key_Escape); });
+  QWidget* v = s.correr(u"N:%1,Grupo\r\nN:dos\r\n"_s);
+  s.pasar(5);
+  EXPECT_EQ(s.automat().fase(), kAbortado);
+  EXPECT_EQ(s.automat().resultado(), ResultadoProceso::Abortado);
+  EXPECT_EQ(Proceso::resultado(v, 0), u"Interrumpido");
+}
+
+// Wednesday 4 March 2026: the month shown, the days chosen in it, or two free dates.
+TEST(EnParMac, LasTresFormasDeDarFechas) {
+  const struct {
+    const char* opcion;
+    QDate desde, hasta;
+  } casos[] = {{"TodoElMes", QDate(2026, 3, 1), QDate(2026, 3, 31)},
+               {"LosDias", QDate(2026, 3, 1), QDate(2026, 3, 1)},
+               {"OtrasFechas", QDate(2026, 2, 27), QDate(2026, 3, 4)}};
+  for (const auto& c : casos) {
+    Sala s;
+    QString falta;
+    cuandoHayaCaja([&](QWidget& v) {
+      QTest::keyClick(pieza<QRadioButton>(&v, QString::fromLatin1(c.opcion)), Qt::Key_Space);
+      pieza<QDateEdit>(&v, u"Hasta"_s)->setDate(QDate(2026, 2, 1));
+      pieza<QDateEdit>(&v, u"Desde"_s)->setDate(QDate(2026, 2, 27));
+      auto* acepto = pieza<QPushButton>(&v, u"Acepto"_s);
+      QTest::mouseClick(acepto, Qt::LeftButton);
+      falta = v.isVisible() ? pieza<QLabel>(&v, u"lblFalta"_s)->text() : QString();
+      pieza<QDateEdit>(&v, u"Hasta"_s)->setDate(QDate(2026, 3, 4));
+      if (v.isVisible()) QTest::mouseClick(acepto, Qt::LeftButton);
+    });
+    const auto dado = s.preguntas.PromptFch(u"#x"_s, u"¿Qué días?"_s);
+    ASSERT_TRUE(dado) << c.opcion;
+    EXPECT_EQ(dado->first.qdate(), c.desde) << c.opcion;
+    EXPECT_EQ(dado->second.qdate(), c.hasta) << c.opcion;
+    EXPECT_EQ(falta.isEmpty(), c.opcion != std::string("OtrasFechas"));
+  }
+}
+
+}  // namespace
+}  // namespace tarvo::automation

@@ -1,0 +1,211 @@
+// A person makes a timetable, activates it and watches it run.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTimeEdit>
+
+#include "Sala.h"
+#include "automation/Horario.h"
+#include "core/ventanas/ModeloVivo.h"
+
+namespace tarvo::automation {
+namespace {
+
+using ventanas::Parrilla;
+using ventanas::Ventana;
+
+struct Horarios : Sala {
+  Horarios() {
+    fichero(u"BIEN.AUT"_s, u"N:a\r\n"_s);
+    fichero(u"mal.aut"_s, u"S:CERRAR,x,Sí,Sí\r\n"_s);
+    todas().registrar(u"MainTarvo"_s,
+                      [](ventanas::Contexto& c, const QString& n) { return new Ventana(c, n); });
+  }
+  Ventana* editar(const QString& nombre = {}) {
+    ventanas::Argumentos a;
+    if (!nombre.isEmpty()) a[u"horario"_s] = ruta(nombre);
+    return todas().abrir(u"EdiCron"_s, nullptr, a);
+  }
+  // Fills the line that is chosen, by keys; the process is the first or the last one there is.
+  static void llenar(Ventana* v, const QString& hora, Qt::Key proceso) {
+    auto* campo = pieza<QTimeEdit>(v, u"Hora"_s);
+    campo->setFocus();
+    campo->setSelectedSection(QDateTimeEdit::HourSection);
+    QTest::keyClicks(campo, QString(hora).remove(u':'));
+    for (int d = 0; d < 7; ++d)
+      QTest::keyClick(pieza<QCheckBox>(v, u"dia_%1"_s.arg(d)), Qt::Key_Space);
+    QTest::keyClick(pieza<QComboBox>(v, u"NomMacro"_s), proceso);
+    QTest::keyClick(campo, Qt::Key_Return);
+  }
+  QStringList lineas(const QString& nombre) {
+    return texto(nombre).split(u"\r\n"_s, Qt::SkipEmptyParts);
+  }
+};
+
+const QString kSiempre = u"Sí,Sí,Sí,Sí,Sí,Sí,Sí"_s;
+
+// Two lines at one hour, in the order in which they were written; both run, one behind the other.
+TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
+  Horarios s;
+  Ventana* e = s.editar();
+  auto* nombre = pieza<QLineEdit>(e, u"NomCron"_s);
+  QTest::keyClick(nombre, Qt::Key_Return);
+  EXPECT_EQ(e->tira().texto(), u"Escriba un nombre.");
+  QTest::keyClicks(nombre, u"tien.:?da"_s);
+  QTest::keyClick(nombre, Qt::Key_Return);
+  auto* lista = pieza<Parrilla>(e, u"ListaBat"_s);
+  ASSERT_EQ(lista->filas(), 1) << "the blank line";
+  Horarios::llenar(e, u"22:05:00"_s, Qt::Key_End);
+  ASSERT_EQ(lista->filas(), 2);
+  lista->irA(1);
+  Horarios::llenar(e, u"22:05:00"_s, Qt::Key_Home);
+  EXPECT_FALSE(QFile::exists(s.ruta(u"TIENDA.CRO"_s))) << "nothing before it is saved";
+  pieza<QAction>(e, u"guardar"_s)->trigger();
+  EXPECT_EQ(s.lineas(u"TIENDA.CRO"_s), QStringList({u"22:05:00;"_s + kSiempre + u";MAL"_s,
+                                                    u"22:05:00;"_s + kSiempre + u";BIEN"_s}));
+
+  s.todas().abrir(u"MainTarvo"_s);
+  Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"TIENDA.CRO"_s)}});
+  ASSERT_TRUE(c);
+  s.asentar();
+  EXPECT_FALSE(s.abierta(u"MainTarvo"_s)) << "the timetable stands in its place";
+  s.pasar(1);
+  EXPECT_EQ(pieza<QLabel>(c, u"reloj"_s)->text(), u"22:00:01");
+  EXPECT_EQ(pieza<QLabel>(c, u"lblFaltan"_s)->text(), u"faltan 00:04:59");
+  auto* filas = pieza<Parrilla>(c, u"ListaCron"_s);
+  EXPECT_EQ(filas->texto(0, u"estado"), u"Siguiente");
+  s.pasar(300);
+  EXPECT_TRUE(s.abierta(u"Automat"_s));
+  EXPECT_TRUE(c->isMinimized());
+  EXPECT_EQ(filas->texto(0, u"estado"), u"En marcha");
+  EXPECT_EQ(filas->texto(1, u"estado"), u"Vencida");
+  s.pasar(20);
+  EXPECT_FALSE(s.abierta(u"Automat"_s));
+  EXPECT_FALSE(c->isMinimized());
+  EXPECT_EQ(filas->texto(0, u"ko"), u"1");
+  EXPECT_EQ(filas->texto(1, u"ok"), u"1");
+  c->close();
+  EXPECT_TRUE(s.abierta(u"MainTarvo"_s));
+}
+
+TEST(Horarios, AplicarPideProcesoYCancelarDevuelveLaLinea) {
+  Horarios s;
+  s.fichero(u"T.CRO"_s,
+            u"99:99;Sí,no,Sí,Sí,Sí,Sí,Sí;bien\r\n@INICIO BATCH\r\nN:a\r\n@FINAL BATCH\r\n"_s);
+  Ventana* e = s.editar(u"T.CRO"_s);
+  auto* lista = pieza<Parrilla>(e, u"ListaBat"_s);
+  EXPECT_EQ(lista->texto(0, u"hora"), u"00:00:00") << "what can't be read is mended";
+  EXPECT_EQ(lista->texto(0, u"proceso"), u"BIEN");
+  auto* dia = pieza<QCheckBox>(e, u"dia_1"_s);
+  QTest::keyClick(dia, Qt::Key_Space);
+  EXPECT_FALSE(lista->isEnabled());
+  QTest::mouseClick(pieza<QPushButton>(e, u"Cancelar"_s), Qt::LeftButton);
+  EXPECT_TRUE(lista->isEnabled());
+  EXPECT_FALSE(dia->isChecked());
+
+  lista->irA(1);
+  QTest::keyClick(dia, Qt::Key_Space);
+  QTest::mouseClick(pieza<QPushButton>(e, u"Aplicar"_s), Qt::LeftButton);
+  EXPECT_EQ(e->tira().texto(), u"Elija el proceso de la línea.");
+  EXPECT_FALSE(lista->isEnabled()) << "the line stays open";
+  QTest::keyClick(dia, Qt::Key_Escape);
+  EXPECT_TRUE(s.abierta(u"EdiCron"_s)) << "Escape gives up the line, not the window";
+
+  QTest::keyClick(lista->vista(), Qt::Key_Insert);
+  pieza<QAction>(e, u"guardar"_s)->trigger();
+  EXPECT_EQ(e->tira().texto().left(8), u"La línea") << e->tira().texto().toStdString();
+  lista->irA(1);
+  QTest::keyClick(lista->vista(), Qt::Key_Delete);
+  pieza<QAction>(e, u"guardar"_s)->trigger();
+  EXPECT_EQ(s.texto(u"T.CRO"_s),
+            u"00:00:00;Sí,No,Sí,Sí,Sí,Sí,Sí;BIEN\r\n@INICIO BATCH\r\nN:a\r\n@FINAL BATCH\r\n");
+}
+
+TEST(Horarios, AbandonarNoTocaElFichero) {
+  Horarios s;
+  EXPECT_FALSE(leerHorario(s.texto(u"BIEN.AUT"_s), s.p.lenguaje())) << "a process is no timetable";
+  const QString antes = u"22:05:00;"_s + kSiempre + u";BIEN\r\n"_s;
+  s.fichero(u"T.CRO"_s, antes);
+  Ventana* e = s.editar(u"T.CRO"_s);
+  QTest::keyClick(pieza<Parrilla>(e, u"ListaBat"_s)->vista(), Qt::Key_Delete);
+  const auto salir = [&](const QString& boton) {
+    cuandoHayaCaja([boton](QWidget& caja) {
+      QTest::keyClick(caja.findChild<QPushButton*>(boton), Qt::Key_Space);
+    });
+    QTest::keyClick(e, Qt::Key_Escape);
+  };
+  salir(u"Cancelo"_s);
+  EXPECT_TRUE(s.abierta(u"EdiCron"_s));
+  salir(u"Acepto"_s);
+  EXPECT_FALSE(s.abierta(u"EdiCron"_s));
+  EXPECT_EQ(s.texto(u"T.CRO"_s), antes);
+}
+
+TEST(Cronos, ADesactivarYAManoYUnoQueNoSeLee) {
+  Horarios s;
+  s.fichero(u"ROTO.AUT"_s, u"T:NADA,1\r\n"_s);
+  s.fichero(u"T.CRO"_s,
+            u"22:05:00;"_s + kSiempre + u";BIEN\r\n22:06:00;"_s + kSiempre + u";ROTO\r\n"_s);
+  Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"T.CRO"_s)}});
+  s.asentar();
+  auto* filas = pieza<Parrilla>(c, u"ListaCron"_s);
+  EXPECT_EQ(filas->texto(1, u"estado"), u"No se puede leer");
+  EXPECT_TRUE(c->tira().texto().contains(u"ROTO")) << c->tira().texto().toStdString();
+  QTest::keyClick(pieza<QCheckBox>(c, u"activo"_s), Qt::Key_Space);
+  s.pasar(600);
+  EXPECT_EQ(filas->texto(0, u"ok"), u"0");
+  EXPECT_FALSE(puede(c, u"ejecutar"_s));
+  QTest::keyClick(pieza<QCheckBox>(c, u"activo"_s), Qt::Key_Space);
+  filas->irA(1);
+  pieza<QAction>(c, u"ejecutar"_s)->trigger();
+  EXPECT_EQ(c->tira().texto(), u"Elija una línea que esté en espera.");
+  filas->irA(0);
+  pieza<QAction>(c, u"ejecutar"_s)->trigger();
+  s.pasar(10);
+  EXPECT_EQ(filas->texto(0, u"ok"), u"1");
+}
+
+// The next one waits for whoever reads why the first was stopped, but not all night.
+TEST(Cronos, UnProcesoParadoNoRetieneLaNoche) {
+  Horarios s;
+  s.fichero(u"LARGO.AUT"_s, u"N:a\r\n"_s.repeated(100));
+  s.fichero(u"T.CRO"_s,
+            u"22:05:00;"_s + kSiempre + u";LARGO\r\n22:05:30;"_s + kSiempre + u";BIEN\r\n"_s);
+  Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"T.CRO"_s)}});
+  auto* filas = pieza<Parrilla>(c, u"ListaCron"_s);
+  s.pasar(310);
+  s.automat().abortar();
+  s.pasar(120);
+  EXPECT_EQ(filas->texto(1, u"estado"), u"Vencida");
+  s.pasar(240);
+  EXPECT_EQ(filas->texto(0, u"ko"), u"1");
+  EXPECT_EQ(filas->texto(1, u"ok"), u"1");
+}
+
+TEST(Automat, UnProcesoConHorarioVaAlCronos) {
+  Horarios s;
+  s.correr(u"22:05:00;"_s + kSiempre + u";@\r\n@INICIO BATCH\r\nN:a\r\n@FINAL BATCH\r\n"_s);
+  s.asentar();
+  EXPECT_FALSE(s.abierta(u"Automat"_s));
+  ASSERT_TRUE(s.abierta(u"Cronos"_s));
+  EXPECT_EQ(pieza<QLabel>(s.todas().cargada(u"Cronos"_s), u"lblNom"_s)->text(), u"NOCHE");
+}
+
+// A timetable waits for the process that a person runs.
+TEST(Cronos, EsperaAlProcesoDeLaPersona) {
+  Horarios s;
+  s.fichero(u"T.CRO"_s, u"22:00:05;"_s + kSiempre + u";BIEN\r\n"_s);
+  s.correr(u"N:a\r\n"_s.repeated(100));
+  Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"T.CRO"_s)}});
+  auto* filas = pieza<Parrilla>(c, u"ListaCron"_s);
+  s.pasar(20);
+  EXPECT_EQ(filas->texto(0, u"estado"), u"Vencida");
+  s.pasar(60);
+  EXPECT_EQ(filas->texto(0, u"ok"), u"1");
+}
+
+}  // namespace
+}  // namespace tarvo::automation
