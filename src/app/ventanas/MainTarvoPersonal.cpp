@@ -77,10 +77,10 @@ void MainTarvo::ejecutarPersonal(const QString& titulo) {
   activar(fichero ? aut : Ajustes::ruta(cual->proceso + u".CRO"_s, a.HomeDir));
 }
 
-// A timetable that was taken over runs on without this window.
+// The window of a timetable that was taken over takes this one's place.
 void MainTarvo::activar(const QString& ruta) {
   if (!contexto().ventanas.conoce(u"Cronos"_s)) return decirDuda(t(kTxSinEstaVentana));
-  if (contexto().ventanas.abrir(u"Cronos"_s, this, {{u"proceso"_s, ruta}})) close();
+  contexto().ventanas.abrir(u"Cronos"_s, this, {{u"horario"_s, ruta}});
 }
 
 // --- changing the list --------------------------------------------------------------------------

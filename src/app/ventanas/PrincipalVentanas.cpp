@@ -33,11 +33,11 @@ struct Primera {
 
 // Nothing when the process can't be read, which has been said.
 std::optional<Primera> delProceso(const QString& ruta, const Fondo& fondo, const Aplicacion& app) {
-  const ventanas::Argumentos argumentos{{u"proceso"_s, ruta}};
-  if (ruta.endsWith(u".cro"_s, Qt::CaseInsensitive)) return Primera{u"Cronos"_s, argumentos};
+  const Primera horario{u"Cronos"_s, {{u"horario"_s, ruta}}};
+  if (ruta.endsWith(u".cro"_s, Qt::CaseInsensitive)) return horario;
   const auto fichero = app.lenguaje().LeerProceso(ruta);
   if (fichero)
-    return Primera{fichero->activaciones.empty() ? u"Automat"_s : u"Cronos"_s, argumentos};
+    return fichero->activaciones.empty() ? Primera{u"Automat"_s, {{u"proceso"_s, ruta}}} : horario;
   QString frase = fondo.textos(kTxProcesoNoCargado);
   CambiaTexto(u"#"_s, NombreFichero(ruta), frase);
   avisar(frase);

@@ -213,14 +213,15 @@ Renglon Redactor::proxima() const {
             .ventana = u"BrwMac"_s};
   if (!r_.proxima) return r;
   const auto& p = *r_.proxima;
-  r.ventana = u"Cronos"_s;
   r.valor = horaCorta(p.cuando);
   if (p.activo) {
+    r.ventana = u"Cronos"_s;
     r.texto = t_(kTxProximaActiva, {p.proceso, cuando(p.cuando)});
   } else {
     r.estado = Estado::Duda;
     r.texto = t_(kTxProximaParada, {p.proceso, cuando(p.cuando), p.horario});
-    r.argumentos[u"propuesto"_s] = Ajustes::ruta(p.horario, a_.HomeDir);
+    r.ventana = u"EdiCron"_s;
+    r.argumentos[u"horario"_s] = Ajustes::ruta(p.horario, a_.HomeDir);
   }
   return r;
 }

@@ -104,8 +104,7 @@ TEST(Personal, DosAbrenUnPanel) {
   QTest::mouseClick(primera, Qt::LeftButton);
   ASSERT_TRUE(t.suplente(u"Cronos"_s));
   EXPECT_TRUE(
-      t.suplente(u"Cronos"_s)->dados.value(u"proceso"_s).toString().endsWith(u"/HORARIO.CRO"));
-  EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
+      t.suplente(u"Cronos"_s)->dados.value(u"horario"_s).toString().endsWith(u"/HORARIO.CRO"));
 }
 
 }  // namespace tarvo::prueba
