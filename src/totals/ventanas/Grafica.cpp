@@ -145,7 +145,7 @@ void Grafica::pintarBarras(QChart& chart) {
   // From the top down the first bar is the last of its axis.
   std::vector<Barra> orden = barras_;
   if (tumbadas_) std::ranges::reverse(orden);
-  const auto cada = std::ssize(orden) / kNombresDePie + 1;
+  const auto cada = std::max<qsizetype>(1, (std::ssize(orden) + kNombresDePie - 1) / kNombresDePie);
   for (const Barra& b : orden) {
     const double v = valorDe(b.importe);
     desde = std::min(desde, v), hasta = std::max(hasta, v);
