@@ -18,7 +18,7 @@ const QString kVentas = QStringLiteral(
     "ON CONFLICT (CODALM, SECCION, CODIGO) DO UPDATE SET "
     "Venta=coalesce(MovsAlm.Venta, 0)+excluded.Venta");
 
-// Rows of a period %1 that are not its own: of others, %2, that were added into it; %3 has their
+// Less what was added into period %1 from others: %2 the table that names them, %3 the one of their
 // rows.
 const QString kAjenas = QStringLiteral(
     " UNION ALL SELECT t.GRUPO, t.CODI, -coalesce(t.CON, 0), -coalesce(t.PES, 0) FROM COLUMNA d "

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <signal.h>
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -67,6 +68,10 @@ class Programa : public ::testing::Test {
       salida += p.readAllStandardOutput();
     }
     return salida.contains(texto);
+  }
+  // A program that is gone has the id 0, which to kill() is everybody the tests run among.
+  static bool avisar(const QProcess& p, int senal) {
+    return p.processId() > 0 && ::kill(static_cast<pid_t>(p.processId()), senal) == 0;
   }
   QTemporaryDir dir;
   std::vector<std::pair<QString, QString>> variables;

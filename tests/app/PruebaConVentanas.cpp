@@ -1,6 +1,4 @@
 // The program with windows as a process, on a screen that isn't there.
-#include <signal.h>
-
 #include "Programa.h"
 #include "core/dao/Database.h"
 
@@ -40,7 +38,7 @@ TEST_F(ConVentanas, LaPrincipalEmpiezaYAcaba) {
   while (tiques() != 1 && desde.elapsed() < 20'000) p.waitForReadyRead(50);
   EXPECT_EQ(db->uno(u"SELECT linea FROM TikAbier")->entero(), 2);
   p.waitForReadyRead(500);
-  ::kill(static_cast<pid_t>(p.processId()), SIGTERM);
+  ASSERT_TRUE(avisar(p, SIGTERM));
   EXPECT_EQ(acabar(p).estado, 0);
   EXPECT_TRUE(QFile::exists(en(u"TARVO.INI"_s)));
 }

@@ -1,6 +1,4 @@
 // What the program answers to its command line: the exit status, and a word of what it says.
-#include <signal.h>
-
 #include "app/Ordenes.h"
 #include "app/Programa.h"
 #include "core/esquema/Esquema.h"
@@ -164,7 +162,7 @@ TEST_F(Programa, UnaSenalParaEnOrden) {
     QByteArray salida;
     arrancar(p, {QStringLiteral("--carpeta"), dir.path(), kSinVentana, QStringLiteral("C")});
     ASSERT_TRUE(esperar(p, "en marcha", salida));
-    ::kill(static_cast<pid_t>(p.processId()), senal);
+    ASSERT_TRUE(avisar(p, senal));
     EXPECT_EQ(acabar(p).estado, 2);
     EXPECT_TRUE(QFile::exists(en(QStringLiteral("TARVO.INI"))));
   }
@@ -178,7 +176,7 @@ TEST_F(Programa, UnaSenalAbortaElProcesoEnMarcha) {
   QByteArray salida;
   arrancar(p, {QStringLiteral("--carpeta"), dir.path(), kSinVentana, QStringLiteral("LARGO")});
   ASSERT_TRUE(esperar(p, "iniciada", salida));
-  ::kill(static_cast<pid_t>(p.processId()), SIGTERM);
+  ASSERT_TRUE(avisar(p, SIGTERM));
   const Fin fin = acabar(p);
   EXPECT_EQ(fin.estado, 2);
   EXPECT_TRUE((QString::fromUtf8(salida) + fin.salida).contains(u"Ejecución interrumpida"));

@@ -106,7 +106,6 @@ TEST_F(Reglas, TrasUnCorteSoloSePoneACeroLoQueNoHaVendido) {
   EXPECT_EQ(maquina(3).memoria().puestas().size(), 1U);
 }
 
-// The register is silent at one frame, and the zeroing is asked for again without a new reading.
 // The group sold more than it had, though one of its registers forgot: the sum alone shows nothing.
 TEST_F(Reglas, LoQueOlvidoUnaDeVariasNoSePisaEnLaBandeja) {
   articulo(10);
@@ -129,6 +128,7 @@ TEST_F(Reglas, LoQueOlvidoUnaDeVariasNoSePisaEnLaBandeja) {
   EXPECT_EQ(bandeja(3, 17), leido);
 }
 
+// The register is silent at one frame, and the zeroing is asked for again without a new reading.
 TEST_F(Reglas, ElRegistroAMediasSigueDondeQuedo) {
   struct Caso {
     int calla;      // deaf for this frame

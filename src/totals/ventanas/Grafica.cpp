@@ -33,7 +33,7 @@ namespace {
 constexpr int kAnchoMinimo = 240, kAltoMinimo = 160;
 constexpr int kTicks = 5;
 constexpr qsizetype kNombreMaximo = 22;
-constexpr size_t kNombresDePie = 8;  // that fit below upright bars
+constexpr qsizetype kNombresDePie = 8;  // that fit below upright bars
 
 qint64 milisegundos(QDate dia) {
   return QDateTime(dia, QTime(12, 0), Qt::UTC).toMSecsSinceEpoch();
@@ -145,7 +145,7 @@ void Grafica::pintarBarras(QChart& chart) {
   // From the top down the first bar is the last of its axis.
   std::vector<Barra> orden = barras_;
   if (tumbadas_) std::ranges::reverse(orden);
-  const auto cada = static_cast<qsizetype>(orden.size() / kNombresDePie + 1);
+  const auto cada = std::max<qsizetype>(1, (std::ssize(orden) + kNombresDePie - 1) / kNombresDePie);
   for (const Barra& b : orden) {
     const double v = valorDe(b.importe);
     desde = std::min(desde, v), hasta = std::max(hasta, v);
