@@ -4,6 +4,7 @@
 #include <cmath>
 #include <set>
 
+#include "automation/ProximaVez.h"
 #include "automation/TextosAutomation.h"
 
 namespace tarvo::automation {
@@ -197,14 +198,10 @@ std::optional<Cronos::Proxima> Cronos::Interior::proximoInicio(Fecha ahora) cons
   for (size_t i = 0; i < entradas.size(); ++i) {
     const Entrada& e = entradas[i];
     if (e.estado == EstadoEntrada::Inutil) continue;
-    for (int n = 0; n <= 7; ++n) {
-      const QDate dia = ahora.qdate().addDays(n);
-      const Fecha cuando = Fecha::de(dia, QTime(0, 0).addSecs(segundos(e.linea.hora.hora())));
-      if (!e.linea.dias[static_cast<size_t>(dia.dayOfWeek() - 1)]) continue;
-      if (cuando < ahora || vencidos[i].contains(dia)) continue;
-      if (!primera || cuando < primera->cuando) primera = {static_cast<int>(i), cuando};
-      break;
-    }
+    auto cuando = proximaVez(e.linea, ahora);
+    // An hour that a clock set back comes to once more doesn't count.
+    if (cuando && vencidos[i].contains(cuando->qdate())) cuando = proximaVez(e.linea, *cuando);
+    if (cuando && (!primera || *cuando < primera->cuando)) primera = {static_cast<int>(i), *cuando};
   }
   return primera;
 }

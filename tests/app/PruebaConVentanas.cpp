@@ -43,5 +43,28 @@ TEST_F(ConVentanas, LaPrincipalEmpiezaYAcaba) {
   EXPECT_TRUE(QFile::exists(en(u"TARVO.INI"_s)));
 }
 
+// What a computer that is shut down leaves of a run with its window, the next start goes on with.
+TEST_F(ConVentanas, UnaSenalDejaElProcesoParaSeguir) {
+  QByteArray largo;
+  for (int i = 0; i < 500; ++i) largo += "P:LIMPIAR\r\n";
+  poner(u"LARGO.AUT"_s, largo);
+  const auto hastaQue = [&](QProcess& p, const QByteArray& dice) {
+    QElapsedTimer desde;
+    desde.start();
+    while (!ver(u"LARGO.TZA"_s).contains(dice) && desde.elapsed() < 20'000) p.waitForReadyRead(50);
+    return ver(u"LARGO.TZA"_s).contains(dice);
+  };
+  const QByteArrayList dichos{"iniciada", "Se reanuda"};
+  for (const QByteArray& dice : dichos) {
+    QProcess p;
+    arrancar(p, {u"--carpeta"_s, dir.path(), u"LARGO"_s});
+    ASSERT_TRUE(hastaQue(p, dice)) << ver(u"LARGO.TZA"_s).toStdString();
+    p.waitForReadyRead(700);
+    ASSERT_TRUE(avisar(p, SIGTERM));
+    EXPECT_EQ(acabar(p).estado, 2);
+    EXPECT_TRUE(ver(u"LARGO.TZA"_s).contains("interrumpida"));
+  }
+}
+
 }  // namespace
 }  // namespace tarvo::prueba

@@ -61,6 +61,39 @@ Resultado<> olvidarTiquesViejos(dao::Database& db, Fecha hoy) {
   return {};
 }
 
+// How the program ends. Told to from outside while a process runs, it stops that first, and leaves
+// it open for the same process to go on with.
+class Final {
+ public:
+  Final(Aplicacion& app, std::function<void()> cerrar)
+      : app_(app), cerrar_(std::move(cerrar)), senales_([this] { pedirFin(); }) {
+    app_.automat().alTerminar = [this](automation::ResultadoProceso r) {
+      estado_ = std::max(estado_, static_cast<int>(r));
+      if (pedido_) cerrar_();
+    };
+  }
+  ~Final() { app_.automat().alTerminar = nullptr; }
+  Final(const Final&) = delete;
+  Final& operator=(const Final&) = delete;
+
+  int estado() const { return estado_; }  // the worst of the runs
+
+ private:
+  void pedirFin() {
+    pedido_ = true;
+    app_.cronos().parar();
+    if (!app_.automat().enMarcha()) return cerrar_();
+    app_.automat().conservarAlAbortar = true;
+    app_.automat().abortar();
+  }
+
+  Aplicacion& app_;
+  std::function<void()> cerrar_;
+  int estado_ = kBien;
+  bool pedido_ = false;
+  Senales senales_;
+};
+
 int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, Reloj& reloj,
                 Aplicacion& aplicacion, PreguntasApp& preguntas) {
   const Textos& t = fondo.textos;
@@ -79,14 +112,15 @@ int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, Reloj& reloj,
   if (primera->ventana == u"MainTarvo")
     if (const auto hecho = olvidarTiquesViejos(*fondo.db, reloj.ahora()); !hecho)
       avisar(hecho.error().texto);
-  const Senales senales([&] {
-    if (!ventanas.DescargaTodo()) qt.quit();
-  });
   qt.setQuitOnLastWindowClosed(false);
   QObject::connect(&ventanas, &ventanas::Ventanas::vacio, &qt, &QApplication::quit);
+  Final final(aplicacion, [&] {
+    if (!ventanas.DescargaTodo()) qt.quit();
+  });
   if (!ventanas.abrir(primera->ventana, nullptr, primera->argumentos))
     return guardarAjustes(fondo, o.proceso.isEmpty() ? kProblemas : kSinProceso);
-  return guardarAjustes(fondo, qt.exec());
+  const int estado = qt.exec();
+  return guardarAjustes(fondo, o.proceso.isEmpty() ? estado : std::max(estado, final.estado()));
 }
 
 }  // namespace
