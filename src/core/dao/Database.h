@@ -82,6 +82,8 @@ class Database {
   virtual bool existeTabla(QStringView nombre) = 0;
   virtual bool existeColumna(QStringView tabla, QStringView columna) = 0;
 
+  // The file.
+  virtual const QString& ruta() const = 0;
   // A consistent copy of the database in use, by the engine's online backup.
   virtual Resultado<> copiarEn(const QString& ruta) = 0;
   // Counts every change made through this connection; equal values mean that no row changed in

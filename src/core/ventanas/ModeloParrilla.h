@@ -52,7 +52,9 @@ class ModeloParrilla : public QAbstractTableModel {
                   int desde) const;
 
   // --- the totals line: for each column its sum; nothing where there is none
-  virtual Resultado<std::vector<dao::Valor>> sumas() = 0;
+  using Sumas = std::vector<dao::Valor>;
+  // Answers at once or from the event loop; only the last one that was asked for is answered.
+  virtual void pedirSumas(std::function<void(Resultado<Sumas>)> respuesta) = 0;
   virtual bool contando() const { return false; }  // rows are still being counted
 
  Q_SIGNALS:

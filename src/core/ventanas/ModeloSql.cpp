@@ -9,21 +9,34 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kPrimeras = 256;  // rows that show at once
-constexpr int kClavesPorPaso = 16384;
 constexpr int kFilasPagina = 128;
 constexpr size_t kPaginas = 48;  // held at a time
-constexpr int kLento = 40;       // ms for the first rows: their order has no index
+constexpr qint64 kTodas = std::numeric_limits<qint64>::max();
 
 QString entreParentesis(const QString& filtro) {
   return filtro.isEmpty() ? QString() : u" WHERE ("_s + filtro + u')';
 }
 
+// The filter must not lead the search: a period has half a million rows, and the keys are few.
 QString conClaves(const Origen& o, const QString& que, const QString& clave, int cuantas) {
   QString sql = u"SELECT "_s + que + u" FROM "_s + o.desde + u" WHERE "_s;
-  if (!o.filtro.isEmpty()) sql += u'(' + o.filtro + u") AND "_s;
+  if (!o.filtro.isEmpty()) sql += u"iif("_s + o.filtro + u", 1, 0) AND "_s;
   sql += clave + u" IN (?"_s;
   for (int i = 1; i < cuantas; ++i) sql += u",?"_s;
   return sql + u')';
+}
+
+Resultado<std::vector<ModeloParrilla::Clave>> leerClaves(dao::Database& db, const Origen& o,
+                                                         const QString& orden, qint64 cuantas) {
+  std::vector<dao::Valor> valores = o.parametros;
+  valores.emplace_back(cuantas);
+  const auto rs = db.OpenQuery(u"SELECT "_s + o.clave + u" FROM "_s + o.desde +
+                                   entreParentesis(o.filtro) + orden + u" LIMIT ?"_s,
+                               valores);
+  if (!rs) return std::unexpected(rs.error());
+  std::vector<ModeloParrilla::Clave> lista;
+  for (; !(*rs)->Eof(); static_cast<void>((*rs)->MoveNext())) lista.push_back((*rs)->entero(0));
+  return lista;
 }
 
 }  // namespace
@@ -33,11 +46,11 @@ struct ModeloSql::Pagina {
 };
 
 ModeloSql::ModeloSql(std::vector<Columna> columnas, const Textos& textos, Formato formato,
-                     dao::Database& db, Reloj& reloj, QObject* padre)
+                     dao::Database& db, QObject* padre)
     : ModeloParrilla(std::move(columnas), textos, formato, padre),
       db_(db),
-      reloj_(reloj),
-      turno_(reloj.temporizador([this] { seguirContando(); })) {}
+      cuenta_(db, *this),
+      suma_(db, *this) {}
 
 ModeloSql::~ModeloSql() {
   soltarCopia();
@@ -75,13 +88,11 @@ Resultado<> ModeloSql::releer(Origen nuevo, int columna, Qt::SortOrder sentido, 
     l = std::move(*copia);
   }
   l.orden = ordenDe(l, columna, sentido);
-  const qint64 antes = reloj_.monotono();
-  auto primeras = claves(l, 0, todas ? std::numeric_limits<int>::max() : kPrimeras);
+  auto primeras = leerClaves(db_, l.origen, l.orden, todas ? kTodas : kPrimeras);
   if (!primeras) {
     static_cast<void>(soltar(l.tabla));
     return std::unexpected(primeras.error());
   }
-  deUnaVez_ = reloj_.monotono() - antes > kLento;
   beginResetModel();
   soltarCopia();
   origen_ = std::move(nuevo);
@@ -92,10 +103,11 @@ Resultado<> ModeloSql::releer(Origen nuevo, int columna, Qt::SortOrder sentido, 
   paginas_.clear();
   recientes_.clear();
   donde_.clear();
-  cambiosAlLeer_ = db_.cambios();
   contando_ = !todas && static_cast<int>(claves_.size()) == kPrimeras;
   endResetModel();
-  contando_ ? turno_->unaVez(0) : turno_->parar();
+  cuenta_.olvidar();
+  suma_.olvidar();
+  if (contando_) contarAparte();
   Q_EMIT recuento();
   return {};
 }
@@ -171,55 +183,50 @@ void ModeloSql::soltarCopia() {
   lectura_.tabla.clear();
 }
 
-Resultado<std::vector<ModeloParrilla::Clave>> ModeloSql::claves(const Lectura& l, qint64 desde,
-                                                                qint64 cuantas) const {
-  std::vector<dao::Valor> valores = l.origen.parametros;
-  valores.emplace_back(cuantas);
-  valores.emplace_back(desde);
-  const auto rs =
-      db_.OpenQuery(u"SELECT "_s + l.origen.clave + u" FROM "_s + l.origen.desde +
-                        entreParentesis(l.origen.filtro) + l.orden + u" LIMIT ? OFFSET ?"_s,
-                    valores);
-  if (!rs) return std::unexpected(rs.error());
-  std::vector<Clave> lista;
-  for (; !(*rs)->Eof(); static_cast<void>((*rs)->MoveNext())) lista.push_back((*rs)->entero(0));
-  return lista;
+// Another connection sees neither a copy nor what isn't committed.
+bool ModeloSql::aparte() const {
+  return lectura_.tabla.isEmpty() && db_.profundidad() == 0;
 }
 
-void ModeloSql::seguirContando() {
-  if (!contando_) return;
-  // Rows that changed in between would shift the slices: what is left is read in one go.
-  const bool resto = deUnaVez_ || db_.cambios() != cambiosAlLeer_;
-  if (const auto hecho = resto ? contarTodo() : contarMas(kClavesPorPaso); !hecho) {
-    contando_ = false;
-    Q_EMIT fallido(hecho.error());
+void ModeloSql::contarAparte() {
+  if (!aparte()) {
+    QMetaObject::invokeMethod(
+        this, [this] { static_cast<void>(contarTodo()); }, Qt::QueuedConnection);
+    return;
   }
-  contando_ ? turno_->unaVez(0) : turno_->parar();
-  Q_EMIT recuento();
+  cuenta_.preguntar<std::vector<Clave>>(
+      [o = lectura_.origen, orden = lectura_.orden](dao::Database& db) {
+        return leerClaves(db, o, orden, kTodas);
+      },
+      [this](Resultado<std::vector<Clave>> todas) {
+        if (const auto hecho = contadas(std::move(todas)); !hecho) Q_EMIT fallido(hecho.error());
+      });
 }
 
-Resultado<> ModeloSql::contarMas(qint64 cuantas) {
-  const auto nuevas = claves(lectura_, static_cast<qint64>(claves_.size()), cuantas);
-  if (!nuevas) return std::unexpected(nuevas.error());
-  contando_ = static_cast<qint64>(nuevas->size()) == cuantas;
-  if (nuevas->empty()) return {};
-  const int antes = rowCount();
-  beginInsertRows({}, antes, antes + static_cast<int>(nuevas->size()) - 1);
-  claves_.insert(claves_.end(), nuevas->begin(), nuevas->end());
-  paginas_.erase((antes - 1) / kFilasPagina);
-  std::erase(recientes_, (antes - 1) / kFilasPagina);
-  donde_.clear();
-  endInsertRows();
+// Behind the first ones come the others; all anew when something changed in between.
+Resultado<> ModeloSql::contadas(Resultado<std::vector<Clave>> todas) {
+  contando_ = false;
+  if (todas && (todas->size() < claves_.size() ||
+                !std::equal(claves_.begin(), claves_.end(), todas->begin())))
+    return leer(origen_, columnaOrden_, sentido_, true);
+  if (todas && todas->size() > claves_.size()) {
+    const int antes = rowCount();
+    beginInsertRows({}, antes, static_cast<int>(todas->size()) - 1);
+    claves_ = std::move(*todas);
+    paginas_.erase((antes - 1) / kFilasPagina);
+    std::erase(recientes_, (antes - 1) / kFilasPagina);
+    donde_.clear();
+    endInsertRows();
+  }
+  Q_EMIT recuento();
+  if (!todas) return std::unexpected(todas.error());
   return {};
 }
 
 Resultado<> ModeloSql::contarTodo() {
   if (!contando_) return {};
-  turno_->parar();
-  const auto hecho = contarMas(std::numeric_limits<int>::max());
-  contando_ = false;
-  Q_EMIT recuento();
-  return hecho;
+  cuenta_.olvidar();
+  return contadas(leerClaves(db_, lectura_.origen, lectura_.orden, kTodas));
 }
 
 int ModeloSql::rowCount(const QModelIndex& padre) const {
@@ -290,24 +297,31 @@ ModeloSql::Pagina ModeloSql::leerPagina(int numero) const {
   return p;
 }
 
-Resultado<std::vector<dao::Valor>> ModeloSql::sumas() {
-  std::vector<dao::Valor> s(columnas_.size());
-  QString lista;
+void ModeloSql::pedirSumas(std::function<void(Resultado<Sumas>)> respuesta) {
+  QStringList lista;
   std::vector<size_t> sumadas;
   for (size_t c = 0; c < columnas_.size(); ++c) {
     if (!columnas_[c].suma) continue;
-    lista +=
-        (lista.isEmpty() ? u"sum("_s : u", sum("_s) + campoDe(lectura_, static_cast<int>(c)) + u')';
+    lista << u"sum("_s + campoDe(lectura_, static_cast<int>(c)) + u')';
     sumadas.push_back(c);
   }
-  if (sumadas.empty() || lectura_.origen.desde.isEmpty()) return s;
-  const auto rs = db_.OpenQuery(u"SELECT "_s + lista + u" FROM "_s + lectura_.origen.desde +
-                                    entreParentesis(lectura_.origen.filtro),
-                                lectura_.origen.parametros);
-  if (!rs) return std::unexpected(rs.error());
-  for (size_t i = 0; i < sumadas.size() && !(*rs)->Eof(); ++i)
-    s[sumadas[i]] = (*rs)->valor(static_cast<int>(i));
-  return s;
+  const size_t cuantas = columnas_.size();
+  if (sumadas.empty() || lectura_.origen.desde.isEmpty()) return respuesta(Sumas(cuantas));
+  const auto sumar = [=,
+                      sql = u"SELECT "_s + lista.join(u", "_s) + u" FROM "_s +
+                            lectura_.origen.desde + entreParentesis(lectura_.origen.filtro),
+                      parametros =
+                          lectura_.origen.parametros](dao::Database& db) -> Resultado<Sumas> {
+    const auto rs = db.OpenQuery(sql, parametros);
+    if (!rs) return std::unexpected(rs.error());
+    Sumas s(cuantas);
+    for (size_t i = 0; i < sumadas.size() && !(*rs)->Eof(); ++i)
+      s[sumadas[i]] = (*rs)->valor(static_cast<int>(i));
+    return s;
+  };
+  if (aparte()) return suma_.preguntar<Sumas>(sumar, std::move(respuesta));
+  suma_.olvidar();
+  respuesta(sumar(db_));
 }
 
 std::vector<dao::Valor> ModeloSql::identidades(const std::vector<int>& filas) const {

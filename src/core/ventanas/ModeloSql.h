@@ -1,13 +1,13 @@
 // Rows of a query, as many as there are. The first page shows at once; the keys of the others are
-// gathered in slices of the event loop, and their values are fetched in pages when they are looked
-// at. A page costs the same anywhere in the list.
+// gathered aside, and their values are fetched in pages when they are looked at. A page costs the
+// same anywhere in the list.
 #pragma once
 
 #include <memory>
 #include <unordered_map>
 
 #include "core/dao/Database.h"
-#include "core/tiempo/Reloj.h"
+#include "core/ventanas/Aparte.h"
 #include "core/ventanas/ModeloParrilla.h"
 #include "core/ventanas/Origen.h"
 
@@ -17,7 +17,7 @@ class ModeloSql final : public ModeloParrilla {
   Q_OBJECT
  public:
   ModeloSql(std::vector<Columna> columnas, const Textos& textos, Formato formato, dao::Database& db,
-            Reloj& reloj, QObject* padre);
+            QObject* padre);
   ~ModeloSql() override;
 
   // Shows other rows; an error leaves those that were.
@@ -33,7 +33,7 @@ class ModeloSql final : public ModeloParrilla {
   dao::Valor valor(int fila, int columna) const override;
   int filaDe(Clave clave) const override;
   bool contando() const override { return contando_; }
-  Resultado<std::vector<dao::Valor>> sumas() override;
+  void pedirSumas(std::function<void(Resultado<Sumas>)> respuesta) override;
 
   // What a row is for the person, and the rows that are that now (see Origen::identidad).
   std::vector<dao::Valor> identidades(const std::vector<int>& filas) const;
@@ -56,27 +56,24 @@ class ModeloSql final : public ModeloParrilla {
   QString ordenDe(const Lectura& l, int columna, Qt::SortOrder sentido) const;
   QString campoDe(const Lectura& l, int columna) const;
   QString listaColumnas(const Lectura& l) const;
-  Resultado<std::vector<Clave>> claves(const Lectura& l, qint64 desde, qint64 cuantas) const;
-  void seguirContando();
-  Resultado<> contarMas(qint64 cuantas);
+  bool aparte() const;
+  void contarAparte();
+  Resultado<> contadas(Resultado<std::vector<Clave>> todas);
   const Pagina& pagina(int fila) const;
   Pagina leerPagina(int numero) const;
 
   dao::Database& db_;
-  Reloj& reloj_;
   Origen origen_;  // as it was given
   Lectura lectura_;
   int columnaOrden_ = -1;
   Qt::SortOrder sentido_ = Qt::AscendingOrder;
   std::vector<Clave> claves_;
   bool contando_ = false;
-  bool deUnaVez_ = false;  // the order has no index: the rest is gathered in one go
-  qint64 cambiosAlLeer_ = 0;
   int serie_ = 0;  // of copies
   mutable std::unordered_map<int, std::unique_ptr<Pagina>> paginas_;
   mutable std::vector<int> recientes_;  // pages, the latest last
   mutable std::unordered_map<Clave, int> donde_;
-  std::unique_ptr<Temporizador> turno_;
+  Aparte cuenta_, suma_;
 };
 
 }  // namespace tarvo::ventanas

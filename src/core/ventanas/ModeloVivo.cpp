@@ -143,8 +143,8 @@ void ModeloVivo::permutar(const std::function<bool(const FilaViva&, const FilaVi
   Q_EMIT layoutChanged();
 }
 
-Resultado<std::vector<dao::Valor>> ModeloVivo::sumas() {
-  std::vector<dao::Valor> s(columnas_.size());
+void ModeloVivo::pedirSumas(std::function<void(Resultado<Sumas>)> respuesta) {
+  Sumas s(columnas_.size());
   for (size_t c = 0; c < columnas_.size(); ++c) {
     if (!columnas_[c].suma) continue;
     double suma = 0;
@@ -156,7 +156,7 @@ Resultado<std::vector<dao::Valor>> ModeloVivo::sumas() {
     }
     s[c] = entera ? dao::Valor(qRound64(suma)) : dao::Valor(suma);
   }
-  return s;
+  respuesta(std::move(s));
 }
 
 }  // namespace tarvo::ventanas

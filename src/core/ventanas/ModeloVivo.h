@@ -31,7 +31,7 @@ class ModeloVivo final : public ModeloParrilla {
   Clave clave(int fila) const override;
   dao::Valor valor(int fila, int columna) const override;
   int filaDe(Clave clave) const override;
-  Resultado<std::vector<dao::Valor>> sumas() override;
+  void pedirSumas(std::function<void(Resultado<Sumas>)> respuesta) override;
 
  private:
   void cambiar(int fila, FilaViva nueva);

@@ -62,9 +62,9 @@ void Parrilla::Interior::contar() {
 }
 
 void Parrilla::Interior::pintarPie() {
-  QStringList textos;
-  if (conPie && yo.modelo() && !yo.contando()) {
-    const auto sumas = yo.modelo()->sumas();
+  if (!conPie || !yo.modelo() || yo.contando()) return pie->poner({}, c ? t(kTxSuma) : QString());
+  yo.modelo()->pedirSumas([this](const Resultado<ModeloParrilla::Sumas>& sumas) {
+    QStringList textos;
     if (!sumas) avisar(sumas.error());
     for (size_t i = 0; sumas && i < columnas.size(); ++i)
       textos << (columnas[i].suma
@@ -72,8 +72,8 @@ void Parrilla::Interior::pintarPie() {
                                                   (*sumas)[i].nulo() ? dao::Valor(0) : (*sumas)[i],
                                                   columnas[i].cada)
                      : QString());
-  }
-  pie->poner(textos, c ? t(kTxSuma) : QString());
+    pie->poner(textos, t(kTxSuma));
+  });
 }
 
 void Parrilla::Interior::pintarVacia() {

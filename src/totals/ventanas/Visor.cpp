@@ -68,7 +68,8 @@ Visor::Visor(ventanas::Contexto& contexto, const QString& nombre, Periodos& peri
       porOperador_(nombre.startsWith(u"V_ColOpH")),
       grafica_(contexto.reloj.temporizador([this] { pintarGrafica(); })),
       procede_(contexto.reloj.temporizador([this] { pintarProcedencia(); })),
-      codigos_(contexto.reloj.temporizador([this] { filtroCambiado(); })) {
+      codigos_(contexto.reloj.temporizador([this] { filtroCambiado(); })),
+      serie_(contexto.db, *this) {
   filtro_.clase = porOperador_ ? kOperHora : kGranTotal;
   ui_.setupUi(cuerpo());
   enlazar();
@@ -192,11 +193,17 @@ void Visor::filtrar() {
 
 void Visor::pintarGrafica() {
   if (!ui_.VerGrafica->isChecked()) return;
-  const auto puntos = serie(contexto().db, filtro_, kBarras);
-  if (!haIdoBien(puntos)) return;
-  if (puntos->empty()) return ui_.grafica->vaciar(t(kTxSinGrafica));
+  serie_.preguntar<std::vector<Punto>>(
+      [filtro = filtro_](dao::Database& db) { return serie(db, filtro, kBarras); },
+      [this](const Resultado<std::vector<Punto>>& puntos) {
+        if (haIdoBien(puntos)) ponerGrafica(*puntos);
+      });
+}
+
+void Visor::ponerGrafica(const std::vector<Punto>& puntos) {
+  if (puntos.empty()) return ui_.grafica->vaciar(t(kTxSinGrafica));
   std::vector<Grafica::Barra> barras;
-  for (const Punto& p : *puntos)
+  for (const Punto& p : puntos)
     barras.push_back({deHoras()            ? QString::number(p.codigo)
                       : p.nombre.isEmpty() ? Ceros(p.codigo, cifrasCodigo(filtro_.clase))
                                            : p.nombre,

@@ -4,6 +4,7 @@
 // leaves, and where the row in hand came from.
 #pragma once
 
+#include "core/ventanas/Aparte.h"
 #include "core/ventanas/Ventana.h"
 #include "totals/ConsultaFilas.h"
 #include "ui_Visor.h"
@@ -29,6 +30,7 @@ class Visor final : public ventanas::Ventana {
   void filtrar();
   void filtroCambiado();
   void pintarGrafica();
+  void ponerGrafica(const std::vector<Punto>& puntos);
   void pintarProcedencia();
   void verFila();
   bool deHoras() const { return filtro_.clase == kHorario || filtro_.clase == kOperHora; }
@@ -39,6 +41,7 @@ class Visor final : public ventanas::Ventana {
   int moneda_;
   bool porOperador_;  // V_ColOpH
   std::unique_ptr<Temporizador> grafica_, procede_, codigos_;
+  ventanas::Aparte serie_;
 };
 
 }  // namespace tarvo::totals

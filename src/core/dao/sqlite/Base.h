@@ -23,6 +23,7 @@ class Base final : public Database {
   int profundidad() const override { return con_->profundidad(); }
   bool existeTabla(QStringView nombre) override { return catalogo_->existe(nombre); }
   bool existeColumna(QStringView tabla, QStringView columna) override;
+  const QString& ruta() const override { return con_->ruta; }
   Resultado<> copiarEn(const QString& ruta) override;
   qint64 cambios() const override { return con_->cambios(); }
 
