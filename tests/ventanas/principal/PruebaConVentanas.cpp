@@ -1,5 +1,5 @@
 // The program with windows as a process, on a screen that isn't there.
-#include "Programa.h"
+#include "app/Programa.h"
 #include "core/dao/Database.h"
 
 namespace tarvo::prueba {
