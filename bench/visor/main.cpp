@@ -119,7 +119,7 @@ class Banco {
   }
 
   // From the key to the painting, of 99 of 100: as fast as a key that is held can be served, begun
-  // at once, while the rows are still being counted.
+  // while the rows are still being counted.
   double pagina() {
     auto* v = abrir(kLleno);
     QTableView* vista = lista(v).vista();
@@ -135,7 +135,9 @@ class Banco {
       t.start();
       QKeyEvent tecla(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier, {}, i > 0);
       QApplication::sendEvent(vista, &tecla);
-      if (lista(v).filaActual() == fila) break;  // the end
+      const bool alFinal = lista(v).filaActual() == fila;
+      if (alFinal && !lista(v).contando()) break;
+      if (alFinal) esperar("la cuenta", [&] { return !lista(v).contando(); });
       esperar("la página", [&] { return p.pintadas > 0; });
       huecos.push_back(ms(t));
     }

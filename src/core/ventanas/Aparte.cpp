@@ -12,8 +12,8 @@ struct Aparte::Buzon {
   int turno = 0;      // of the receiver's thread alone
 };
 
-Aparte::Aparte(const dao::Database& db, QObject& receptor)
-    : buzon_(std::make_shared<Buzon>()), ruta_(db.ruta()) {
+Aparte::Aparte(const Contexto& contexto, QObject& receptor)
+    : buzon_(std::make_shared<Buzon>()), ruta_(contexto.db.ruta()), hilos_(contexto.hilos) {
   buzon_->receptor = &receptor;
 }
 
@@ -29,7 +29,7 @@ void Aparte::olvidar() {
 
 void Aparte::lanzar(
     std::function<Entrega(const Resultado<std::unique_ptr<dao::Database>>&)> trabajo) {
-  QThreadPool::globalInstance()->start(
+  hilos_.start(
       [trabajo = std::move(trabajo), buzon = buzon_, ruta = ruta_, turno = ++buzon_->turno] {
         Entrega entrega = trabajo(dao::Database::OpenDatabase(ruta, {.soloLeer = true}));
         const QMutexLocker cerrado(&buzon->candado);

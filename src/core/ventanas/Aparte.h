@@ -5,14 +5,14 @@
 #include <QObject>
 #include <functional>
 
-#include "core/dao/Database.h"
+#include "core/ventanas/Contexto.h"
 
 namespace tarvo::ventanas {
 
 class Aparte {
  public:
   // Answers come in the event loop of `receptor`, which REQUIRES to outlive this object.
-  Aparte(const dao::Database& db, QObject& receptor);
+  Aparte(const Contexto& contexto, QObject& receptor);
   ~Aparte();
   Aparte(const Aparte&) = delete;
   Aparte& operator=(const Aparte&) = delete;
@@ -39,6 +39,7 @@ class Aparte {
   struct Buzon;
   std::shared_ptr<Buzon> buzon_;
   QString ruta_;
+  QThreadPool& hilos_;
 };
 
 }  // namespace tarvo::ventanas

@@ -7,6 +7,8 @@
 #include "core/textos/Textos.h"
 #include "core/tiempo/Reloj.h"
 
+class QThreadPool;
+
 namespace tarvo::ventanas {
 
 class Recuerdos;
@@ -21,6 +23,7 @@ struct Contexto {
   Ventanas& ventanas;
   Recuerdos& recuerdos;
   Tema& tema;
+  QThreadPool& hilos;  // for questions asked aside; the painter waits for the library's own
 };
 
 }  // namespace tarvo::ventanas

@@ -14,7 +14,7 @@ Escritorio::Escritorio(QApplication& app, dao::Database& db, Ajustes& ajustes, c
                        Reloj& reloj, std::optional<Cara> cara, const QString& rutaRecuerdos)
     : recuerdos_(rutaRecuerdos),
       tema_(app, cara ? cara : leerCara(recuerdos_.leer(u"Tema"_s, u"cara"_s))),
-      contexto_{db, ajustes, textos, reloj, ventanas_, recuerdos_, tema_} {
+      contexto_{db, ajustes, textos, reloj, ventanas_, recuerdos_, tema_, hilos_} {
   ventanas_.setContexto(contexto_);
 }
 

@@ -1,6 +1,7 @@
 // The kit's own objects, made and joined: what a program or a test needs to open windows.
 #pragma once
 
+#include <QThreadPool>
 #include <optional>
 
 #include "core/ventanas/Contexto.h"
@@ -24,6 +25,7 @@ class Escritorio {
   Tema& tema() { return tema_; }
 
  private:
+  QThreadPool hilos_;  // outlives all that ask; at the end it is waited for
   Recuerdos recuerdos_;
   Tema tema_;
   Ventanas ventanas_;

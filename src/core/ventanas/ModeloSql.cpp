@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPrimeras = 256;  // rows that show at once
+constexpr int kPrimeras = 2048;  // rows that show at once
 constexpr int kFilasPagina = 128;
 constexpr size_t kPaginas = 48;  // held at a time
 constexpr qint64 kTodas = std::numeric_limits<qint64>::max();
@@ -45,12 +45,11 @@ struct ModeloSql::Pagina {
   std::vector<std::vector<dao::Valor>> filas;  // empty where the row has gone meanwhile
 };
 
-ModeloSql::ModeloSql(std::vector<Columna> columnas, const Textos& textos, Formato formato,
-                     dao::Database& db, QObject* padre)
-    : ModeloParrilla(std::move(columnas), textos, formato, padre),
-      db_(db),
-      cuenta_(db, *this),
-      suma_(db, *this) {}
+ModeloSql::ModeloSql(std::vector<Columna> columnas, const Contexto& c, QObject* padre)
+    : ModeloParrilla(std::move(columnas), c.textos, Formato(c.ajustes), padre),
+      db_(c.db),
+      cuenta_(c, *this),
+      suma_(c, *this) {}
 
 ModeloSql::~ModeloSql() {
   soltarCopia();

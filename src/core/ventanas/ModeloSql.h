@@ -16,8 +16,7 @@ namespace tarvo::ventanas {
 class ModeloSql final : public ModeloParrilla {
   Q_OBJECT
  public:
-  ModeloSql(std::vector<Columna> columnas, const Textos& textos, Formato formato, dao::Database& db,
-            QObject* padre);
+  ModeloSql(std::vector<Columna> columnas, const Contexto& contexto, QObject* padre);
   ~ModeloSql() override;
 
   // Shows other rows; an error leaves those that were.

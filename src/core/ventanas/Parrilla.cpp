@@ -50,7 +50,7 @@ ModeloParrilla* Parrilla::modelo() const {
 
 Resultado<> Parrilla::abrir(Origen origen) {
   if (!sql_) {
-    sql_ = new ModeloSql(d->columnas, d->c->textos, Formato(d->c->ajustes), d->c->db, this);
+    sql_ = new ModeloSql(d->columnas, *d->c, this);
     d->ponerModelo(sql_);
   }
   const auto hecho = sql_->abrir(std::move(origen));

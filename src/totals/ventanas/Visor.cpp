@@ -69,7 +69,7 @@ Visor::Visor(ventanas::Contexto& contexto, const QString& nombre, Periodos& peri
       grafica_(contexto.reloj.temporizador([this] { pintarGrafica(); })),
       procede_(contexto.reloj.temporizador([this] { pintarProcedencia(); })),
       codigos_(contexto.reloj.temporizador([this] { filtroCambiado(); })),
-      serie_(contexto.db, *this) {
+      serie_(contexto, *this) {
   filtro_.clase = porOperador_ ? kOperHora : kGranTotal;
   ui_.setupUi(cuerpo());
   enlazar();

@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QTableView>
 #include <QTest>
+#include <set>
 
 #include "Muestra.h"
 
@@ -89,6 +90,27 @@ TEST(Parrilla, MuchasFilasNoHacenEsperar) {
     }
   }
   EXPECT_LT(peor, 60);
+}
+
+// The rest is gathered by another connection, which doesn't see what this one has not committed;
+// what is committed in between it may see or not, but no row stands twice.
+TEST(Parrilla, LoQueCambiaMientrasSeCuenta) {
+  constexpr int kFilas = 5000;
+  for (const bool sinConfirmar : {true, false}) {
+    Lista l(kFilas);
+    if (sinConfirmar) bien(l.db->BeginTrans());
+    l.sql(u"DELETE FROM ART WHERE CODIGO>4000"_s);
+    l.abrir();
+    l.sql(u"DELETE FROM ART WHERE CODIGO=1"_s);
+    ASSERT_TRUE(l.contada());
+    std::set<qint64> codigos;
+    for (int f = 0; f < l.p.filas(); ++f) codigos.insert(l.p.clave(f));
+    EXPECT_EQ(std::ssize(codigos), l.p.filas());
+    EXPECT_EQ(*codigos.rbegin(), 4000);
+    EXPECT_LE(*codigos.begin(), 2);
+    EXPECT_TRUE(esperar([&] { return !l.p.sumas().value(4).isEmpty(); }));
+    if (sinConfirmar) l.db->Rollback();
+  }
 }
 
 TEST(Parrilla, OrdenaPorLaCabeceraEnLosDosSentidos) {
