@@ -39,7 +39,8 @@ Resultado<> Ejecucion::cargar(const QString& ruta) {
   if (!leido) return std::unexpected(leido.error());
   activado_ = !leido->activaciones.empty();
   if (activado_) return app_.cronos().ActivarCron(ruta);
-  app_.automat().PROCESO(std::move(leido->pasos), QString(), fichero.completeBaseName());
+  app_.automat().PROCESO(std::move(leido->pasos), QString(), fichero.completeBaseName(),
+                         leido->omitidas);
   return {};
 }
 

@@ -163,7 +163,9 @@ Automat::~Automat() {
   d->soltarMotor();
 }
 
-void Automat::PROCESO(std::vector<PasoProceso> pasos, const QString& traza, const QString& nombre) {
+void Automat::PROCESO(std::vector<PasoProceso> pasos, const QString& traza, const QString& nombre,
+                      const QStringList& omitidas) {
+  if (!enMarcha()) d->omitidas = omitidas;
   d->cargar(std::move(pasos), traza, nombre);
   ejecutar();
 }

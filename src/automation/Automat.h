@@ -95,7 +95,9 @@ class Automat final : private motor::Vigilante {
   // PROCESO: loads a list and starts it. `traza` empty: a direct run, whose trace is
   // HomeDir/nombre.TZA; otherwise a delayed one, whose trace is `traza` with the extension .TZC. A
   // run of the same process that was cut off is gone on with. REQUIRES that none is under way.
-  void PROCESO(std::vector<PasoProceso> pasos, const QString& traza, const QString& nombre);
+  // `omitidas` are said as problems at its beginning.
+  void PROCESO(std::vector<PasoProceso> pasos, const QString& traza, const QString& nombre,
+               const QStringList& omitidas = {});
   void ejecutar();  // run button
   void retener();   // pause button
   void paso();      // step button

@@ -61,6 +61,7 @@ void Automat::Interior::empezar() {
   indice = 0;
   conCabecera = -1;
   if (pasos.empty()) {
+    decirOmitidas();
     terminar(resultado, kAcabado, kTxFinalizada);
     return;
   }
@@ -68,6 +69,16 @@ void Automat::Interior::empezar() {
     averiado = true;
     escribir({t.textos(kTxSinDiario, {r.error().texto})});
     terminarMal();
+    return;
+  }
+  decirOmitidas();
+}
+
+void Automat::Interior::decirOmitidas() {
+  for (const QString& linea : omitidas) {
+    problema();
+    recordar({0, linea, true});
+    escribir({linea});
   }
 }
 

@@ -60,6 +60,7 @@ struct Automat::Interior {
   // --- the beginning of a run (AutomatInicio.cpp)
   void cargar(std::vector<PasoProceso> lista, const QString& traza, const QString& nombre);
   void empezar();
+  void decirOmitidas();
   Resultado<> prepararEjecucion();
   Resultado<> reanudar(Ejecucion vieja);
   Resultado<> liquidar(Ejecucion vieja);
@@ -77,6 +78,7 @@ struct Automat::Interior {
   std::unique_ptr<Temporizador> reloj;
 
   std::vector<PasoProceso> originales, pasos;  // as loaded, and with parameters filled in
+  QStringList omitidas;
   QStringList lineas;
   QString nombre;
   bool diferida = false;

@@ -107,6 +107,7 @@ Entrada Cronos::Interior::entradaDe(const LineaActivacion& linea,
   auto fichero = lenguaje.LeerProceso(ruta);
   if (fichero) {
     e.pasos = std::move(fichero->pasos);
+    e.omitidas = std::move(fichero->omitidas);
     return e;
   }
   e.estado = EstadoEntrada::Inutil;
@@ -181,7 +182,7 @@ void Cronos::Interior::arrancar(Entrada& e) {
   marcha = Marcha::EnCurso;
   e.estado = EstadoEntrada::Iniciada;
   if (yo.alArrancar) yo.alArrancar(e);
-  automat.PROCESO(e.pasos, horario + u".CRO"_s, e.proceso);
+  automat.PROCESO(e.pasos, horario + u".CRO"_s, e.proceso, e.omitidas);
 }
 
 // The first of the file whose hour is still to come today, or the first of all.

@@ -24,6 +24,7 @@ struct Entrada {
   QString proceso;  // base name in capitals
   int exitos = 0, fallos = 0;
   std::vector<PasoProceso> pasos;
+  QStringList omitidas;  // see FicheroProceso
 };
 
 class Cronos {

@@ -1,5 +1,7 @@
 #include "automation/Diario.h"
 
+#include "automation/Pendientes.h"
+
 #include <QCryptographicHash>
 
 #include "automation/TextosAutomation.h"
@@ -62,6 +64,7 @@ QString Ejecucion::huella() const {
 
 Resultado<> Diario::asegurar() {
   if (!db_.existeTabla(u"Proceso")) TARVO_INTENTAR(db_.ejecutarGuion(kGuionDiario));
+  TARVO_INTENTAR(asegurarTablaPendientes(db_));
   return asegurarTablasHistorial(db_);
 }
 

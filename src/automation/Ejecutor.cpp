@@ -1,5 +1,6 @@
 #include "automation/Ejecutor.h"
 
+#include "automation/Pendientes.h"
 #include "automation/TextosAutomation.h"
 
 namespace tarvo::automation {
@@ -9,6 +10,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kMayorGrupo = 32767, kMayorReintento = 32767;
+// Where nobody is there: a machine that doesn't answer must not cost the night.
+constexpr int kReintentosSinNadie = 100;
 constexpr int kUltimoMensaje = 14;
 
 Hecho deFallo(const Error& e, int codigo = 0) {
@@ -192,6 +195,8 @@ Hecho Ejecutor::control(const PasoProceso& p) {
 
 bool Ejecutor::colaVacia(const PasoProceso& espera, Vigilancia& vigilancia) {
   vigilancia.reintentos = reintentosDe(espera);
+  if (vigilancia.borrarSiempre)
+    vigilancia.reintentos = std::min(vigilancia.reintentos, kReintentosSinNadie);
   if (t_.motor.CuantosQuedan().total == 0) return true;
   t_.motor.VigilaProcesos(vigilancia.reintentos, espera.logico(3) || vigilancia.borrarSiempre,
                           vigilancia.vigilante);
@@ -207,10 +212,40 @@ Hecho Ejecutor::periodos(const PasoProceso& p, const Ejecucion& e) {
     h.decir(t_.textos(kTxOrdenNoExiste));
     return h;
   }
+  const std::vector<qint64> elegidos = t_.verTot.LosSelec();
   const auto r = operacion(p);
-  if (!r) return deFallo(r.error(), p.verbo() == kCrear ? 7 : 0);
-  if (!*r) h.error(codigoPeriodos(p.verbo()));
+  if (!r)
+    h = deFallo(r.error(), p.verbo() == kCrear ? 7 : 0);
+  else if (!*r)
+    h.error(codigoPeriodos(p.verbo()));
+  if (p.verbo() == kAcumular || p.verbo() == kStock)
+    pendientes(p, r ? std::vector<qint64>{} : elegidos, h);
   return h;
+}
+
+// Does what earlier runs still owe of this verb, and notes what this one owes from now on.
+void Ejecutor::pendientes(const PasoProceso& p, const std::vector<qint64>& debidos, Hecho& h) {
+  const OrdenPeriodos orden{p.verbo(), p.verbo() == kAcumular ? p.numero(2) : 0};
+  Pendientes libro(t_.db);
+  const auto viejos = libro.de(orden);
+  if (!viejos) return h.decir(viejos.error().texto);
+  const auto nombre = [this](qint64 link) -> QString {
+    const auto c = t_.verTot.columna(link);
+    return c && *c ? totals::TextoPeriodo((*c)->periodo) : QString::number(link);
+  };
+  for (const qint64 link : *viejos) {
+    if (std::ranges::find(debidos, link) != debidos.end()) continue;
+    t_.verTot.ponerSeleccion({link});
+    const auto r = operacion(p);
+    if (!r) {
+      h.decir(t_.textos(kTxSiguePendiente, {nombre(link), r.error().texto}));
+      continue;
+    }
+    if (const auto hecho = libro.saldar(orden, link); !hecho) h.decir(hecho.error().texto);
+    if (*r) h.decir(t_.textos(kTxPendienteHecho, {nombre(link)}), false);
+  }
+  if (const auto hecho = libro.anotar(orden, debidos); !hecho) h.decir(hecho.error().texto);
+  for (const qint64 link : debidos) h.decir(t_.textos(kTxQuedaPendiente, {nombre(link)}));
 }
 
 Resultado<bool> Ejecutor::operacion(const PasoProceso& p) {

@@ -52,6 +52,7 @@ class Ejecutor {
   Hecho control(const PasoProceso& p);
   Hecho periodos(const PasoProceso& p, const Ejecucion& e);
   Resultado<bool> operacion(const PasoProceso& p);
+  void pendientes(const PasoProceso& p, const std::vector<qint64>& debidos, Hecho& h);
   Hecho selUltimo(const Ejecucion& e);
   Hecho exportar(const PasoProceso& p, const Ejecucion& e);
 

@@ -61,6 +61,12 @@ std::optional<LineaActivacion> activacionDe(QStringView linea, bool espanol, Lec
   return a;
 }
 
+// A word, a colon: a comment has none.
+bool parecePaso(QStringView l) {
+  const QStringView palabra = l.first(std::max<qsizetype>(0, l.indexOf(u':'))).trimmed();
+  return !palabra.isEmpty() && std::ranges::all_of(palabra, [](QChar c) { return c.isLetter(); });
+}
+
 // The states of the file reader.
 enum class Zona { Comienzo, EnBatch, EnLlano, Acabado };
 
@@ -69,7 +75,11 @@ class LectorFichero {
   LectorFichero(const Lenguaje& lenguaje, bool espanol) : lenguaje_(lenguaje), espanol_(espanol) {}
 
   Resultado<> linea(QStringView l) {
-    if (zona_ == Zona::Acabado) return {};
+    ++numero_;
+    if (zona_ == Zona::Acabado) {
+      mirarResto(l);
+      return {};
+    }
     const bool inicio = l.startsWith(kInicioBatch), final = l.startsWith(kFinalBatch);
     if (inicio || final) return marca(inicio);
     if (zona_ == Zona::Comienzo && pareceActivacion(l)) {
@@ -78,7 +88,7 @@ class LectorFichero {
     }
     auto paso = lenguaje_.LeerPaso(l);
     if (!paso) return std::unexpected(paso.error());
-    return *paso ? conPaso(std::move(**paso)) : sinPaso();
+    return *paso ? conPaso(std::move(**paso)) : sinPaso(l);
   }
 
   Resultado<FicheroProceso> acabar() {
@@ -105,15 +115,33 @@ class LectorFichero {
     return {};
   }
 
-  Resultado<> sinPaso() {
+  Resultado<> sinPaso(QStringView l) {
     if (zona_ == Zona::EnBatch) return fallo(Fallo::Formato, lenguaje_.textos()(kTxSinLetra));
-    if (zona_ == Zona::EnLlano) zona_ = Zona::Acabado;
+    if (parecePaso(l)) omitir(numero_, kTxLineaOmitida);
+    if (zona_ != Zona::EnLlano) return {};
+    zona_ = Zona::Acabado;
+    corte_ = numero_;
     return {};
+  }
+
+  // Behind the closing mark anything may stand; behind a line that only isn't a step, steps were
+  // meant to be done.
+  void mirarResto(QStringView l) {
+    if (corte_ == 0 || l.trimmed().isEmpty()) return;
+    const auto paso = lenguaje_.LeerPaso(l);
+    if (!paso || !*paso) return;
+    omitir(std::exchange(corte_, 0), kTxRestoOmitido);
+  }
+
+  void omitir(size_t numero, int texto) {
+    const Textos& t = lenguaje_.textos();
+    f_.omitidas += t(kTxEnLinea, {numero, t(texto)});
   }
 
   const Lenguaje& lenguaje_;
   bool espanol_;
   Zona zona_ = Zona::Comienzo;
+  size_t numero_ = 0, corte_ = 0;  // of lines; where the steps of a plain file ended
   FicheroProceso f_;
 };
 

@@ -69,6 +69,8 @@ struct LineaActivacion {
 struct FicheroProceso {
   std::vector<PasoProceso> pasos;
   std::vector<LineaActivacion> activaciones;
+  // A sentence for each line that somebody may have meant as a step and that is none.
+  QStringList omitidas;
 };
 
 // "TAREA", "SESIÓN"... as trace headers show it; empty for a blank step.

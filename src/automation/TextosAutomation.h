@@ -19,6 +19,9 @@ enum TextoAutomation : int {
   kTxPasosViejos = 8014,
   kTxHabiaMemorizado = 8015,
   kTxAnotacionesHechas = 8016,
+  kTxQuedaPendiente = 8017,
+  kTxPendienteHecho = 8018,
+  kTxSiguePendiente = 8019,
   kTxFaltaParametro = 8020,
   kTxConfiguracionSinGuardar = 8021,
   kTxAvanceSinAnotar = 8022,
@@ -42,6 +45,8 @@ enum TextoAutomation : int {
   kTxNoEsTarea = 8049,
   kTxNoEsClasePeriodo = 8050,
   kTxNoEsOrden = 8051,
+  kTxLineaOmitida = 8052,
+  kTxRestoOmitido = 8053,
   kTxMensajePaso = 8100,  // to 8114: by code of a step
   // The morning.
   kTxNoComunica = 8300,

@@ -61,6 +61,9 @@ class Almacenes {
     std::array<qint64, 6> contadores;
   };
   Resultado<std::vector<FilaStock>> ListaStock(int seccion, int vista, int orden);
+  // Restriccion, naming them, when groups with sales in a period lack what their stock hangs from:
+  // a section, a warehouse that exists.
+  Resultado<> puedeDescontar(qint64 link);
   // Takes the article totals of a period off stock `veces` times (negative: puts them back) and
   // adds veces to its stkADO. False when the period is not stockable or not there.
   Resultado<bool> DescontarVenta(qint64 link, int veces);

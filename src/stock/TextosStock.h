@@ -8,6 +8,7 @@ enum TextoStock : int {
   kTxAlmacenUnico = 7001,
   kTxAlmacenNumero = 7002,
   kTxAlmacenDeGrupo = 7003,
+  kTxGruposSinStock = 7004,
 };
 
 }  // namespace tarvo::stock

@@ -1,6 +1,7 @@
 // Taking the sales of a period off the stock.
 #include "stock/Almacenes.h"
 #include "stock/Movimientos.h"
+#include "stock/TextosStock.h"
 
 namespace tarvo::stock {
 
@@ -46,6 +47,20 @@ Resultado<> Almacenes::descontarFilas(const QString& consulta, int veces) {
   TARVO_INTENTAR(db_.ejecutar(kVentas.arg(consulta), veces));
   TARVO_INTENTAR(borrarCeros(db_));
   return t->confirmar();
+}
+
+Resultado<> Almacenes::puedeDescontar(qint64 link) {
+  const auto rs = db_.consultar(
+      u"SELECT DISTINCT g.CODGPO FROM TOTPLU t INNER JOIN GRUPOS g ON g.CODGPO=t.GRUPO WHERE "
+      u"t.LINK=? AND g.Almacen>0 AND (g.SECCION IS NULL OR NOT EXISTS (SELECT 1 FROM ALMACEN a "
+      u"WHERE a.CODALM=g.Almacen)) ORDER BY g.CODGPO",
+      link);
+  if (!rs) return std::unexpected(rs.error());
+  QStringList grupos;
+  for (; !(*rs)->Eof(); static_cast<void>((*rs)->MoveNext()))
+    grupos += QString::number((*rs)->entero(0));
+  if (grupos.isEmpty()) return {};
+  return fallo(Fallo::Restriccion, textos_(kTxGruposSinStock, {grupos.join(u", ")}));
 }
 
 Resultado<bool> Almacenes::DescontarVenta(qint64 link, int veces) {

@@ -59,10 +59,12 @@ Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const Cl
   Recibido r;
   r.CODGPO = static_cast<int>(rs.entero(rs.columna(u"CODGPO"_s)));
   r.clase = c.numero;
-  r.desde = rs.nulo(rs.columna(columna(c.desde))) ? kSinPuestaACero
-                                                  : rs.fecha(rs.columna(columna(c.desde)));
-  r.baseDesde = r.desde;
   r.hasta = rs.fecha(rs.columna(columna(c.hasta)));
+  // A date that can't be is as good as none; clocks are set back by an hour, not by days.
+  const int desde = rs.columna(columna(c.desde));
+  const bool vale =
+      !rs.nulo(desde) && rs.fecha(desde) > kSinPuestaACero && rs.fecha(desde) < r.hasta + 1.0;
+  r.desde = r.baseDesde = vale ? rs.fecha(desde) : kSinPuestaACero;
   const auto horario = LeerHorario(rs.texto(rs.columna(u"HORARIO"_s)));
   const auto base = leerBase(db, r.CODGPO, c.numero);
   if (!base) return std::unexpected(base.error());

@@ -127,7 +127,10 @@ Resultado<> Periodos::saldarStock(const Columna& nueva) {
 Resultado<bool> Periodos::DescontarPeriodo(const Columna& c, int veces) {
   auto t = dao::Transaccion::empezar(db_);
   if (!t) return std::unexpected(t.error());
-  if (veces > 0 && c.stkABLE) TARVO_INTENTAR(saldarStock(c));
+  if (veces > 0 && c.stkABLE) {
+    TARVO_INTENTAR(almacenes_.puedeDescontar(c.LINK));
+    TARVO_INTENTAR(saldarStock(c));
+  }
   auto hecho = almacenes_.DescontarVenta(c.LINK, veces);
   if (!hecho) return hecho;
   TARVO_INTENTAR(t->confirmar());

@@ -125,6 +125,8 @@ Resultado<> Sesion::anunciarCero(int grupo, int addr, int conjunto) {
                    u"INTENCION=excluded.INTENCION, "_s
                    u"SEC_INTENCION=excluded.SEC_INTENCION"_s,
                    grupo, addr, d->ejecucion, reloj_.ahora(), *sec));
+  // Whether its outcome can be written down is known now, not when the machine has forgotten.
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE Sesiones SET PZERO=PZERO WHERE CODGPO=?"_s, grupo));
   if (conjunto > 0)
     TARVO_INTENTAR(anunciarParte(db_, {grupo, addr, conjunto}, d->ejecucion, reloj_.ahora(), *sec));
   return tr->confirmar();

@@ -36,6 +36,7 @@ class VerTot {
   Resultado<std::optional<Suma>> destinoDeSuma();
   // Into the period that holds the whole selection, which must exist. The selection stays.
   Resultado<bool> SumarIntv();
+  Resultado<std::optional<Columna>> columna(qint64 link) { return p_.columna(link); }
   const std::vector<qint64>& LosSelec() const { return seleccion_; }
   void ponerSeleccion(const std::vector<qint64>& links);
   // 0 free, 1 a related period is accumulated there, 2 this very one is.

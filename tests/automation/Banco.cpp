@@ -182,7 +182,7 @@ void Programa::correr(const QString& proceso, const QString& traza, const QStrin
   const auto f = p->lenguaje.leer(proceso);
   ASSERT_TRUE(f) << f.error().texto.toStdString();
   fin.reset();
-  p->automat->PROCESO(f->pasos, traza, nombre);
+  p->automat->PROCESO(f->pasos, traza, nombre, f->omitidas);
 }
 
 bool Programa::hastaElFin(double horas) {

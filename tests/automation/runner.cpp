@@ -155,6 +155,83 @@ TEST_F(RunnerTest, LoQueNoSeMemorizaNoSePoneACero) {
   EXPECT_EQ(p->sesion().estado(), 2);
 }
 
+// Neither the readings nor the memorisation can be: who has read nothing lets nothing be forgotten.
+TEST_F(RunnerTest, SinLasSesionesNadieOlvida) {
+  const auto p = tienda_.programa();
+  ASSERT_TRUE(p->db().ejecutarGuion(u"DROP TABLE Sesiones;\nCREATE TABLE Sesiones (x INTEGER);\n"));
+  for (const QString& proceso : {kNoche, u"T:TX_ZERO,ALL\r\nC:ESPERA,1,No"_s}) {
+    const auto lineas = correr(proceso, *p);
+    EXPECT_EQ(p->fin, ResultadoProceso::Problemas) << lineas.join(u'\n').toStdString();
+    EXPECT_EQ(maquinasDePrueba().ceros, 0) << lineas.join(u'\n').toStdString();
+  }
+}
+
+// What the stock can't take tonight, because of one group, it takes when the group is mended.
+TEST_F(RunnerTest, LoQueNoSeDescontoSeDescuentaLaNocheSiguiente) {
+  const auto noche = [&](const QString& arreglo) {
+    const auto p = tienda_.programa();
+    EXPECT_TRUE(p->db().ejecutar(arreglo));
+    const auto lineas = correr(kNoche, *p);
+    fin_ = p->fin.value_or(ResultadoProceso::Abortado);
+    tienda_.reloj.avanzar(24LL * 3600 * 1000);
+    maquinasDePrueba().porGrupo[1] = {1, 100, 300, 0};
+    return lineas;
+  };
+  EXPECT_FALSE(noche(u"UPDATE GRUPOS SET SECCION=NULL WHERE CODGPO=2"_s)
+                   .filter(u"falta la sección o el almacén de estos grupos: 2."_s)
+                   .isEmpty());
+  EXPECT_EQ(fin_, ResultadoProceso::Problemas);
+  EXPECT_FALSE(noche(u"UPDATE GRUPOS SET NOMGPO='x'"_s).filter(u"Sigue pendiente"_s).isEmpty());
+  EXPECT_EQ(fin_, ResultadoProceso::Problemas);
+  EXPECT_TRUE(tienda_.libros().filter(u"MovsAlm"_s).isEmpty());
+  EXPECT_EQ(noche(u"UPDATE GRUPOS SET SECCION=1"_s).filter(u"se ha hecho ahora"_s).size(), 2);
+  EXPECT_EQ(fin_, ResultadoProceso::Bien);
+  EXPECT_TRUE(tienda_.libros().contains(u"MovsAlm: 1|7|1700"_s))
+      << tienda_.libros().join(u'\n').toStdString();
+  EXPECT_TRUE(noche(u"UPDATE GRUPOS SET NOMGPO='y'"_s).filter(u"se ha hecho ahora"_s).isEmpty());
+}
+
+TEST_F(RunnerTest, UnaLineaQueNoEsPasoSeDiceCuandoLoParece) {
+  struct Caso {
+    const char16_t* proceso;
+    const char16_t* dice;  // empty: nothing, and all is well
+  };
+  const Caso casos[] = {
+      {u"t:RXGRTOT,1\r\nN:x", u"Línea 1: no es ningún paso y se pasa por alto"},
+      {u"Q:RXGRTOT,1", u"Línea 1: no es ningún paso y se pasa por alto"},
+      {u"Noche de la tienda: todos los días\r\nN:x", u""},
+      {u"N:x\r\nbasura\r\nT:RXGRTOT,1", u"Línea 2: no es ningún paso, y los que vienen detrás"},
+      {u"N:x\r\nhecho por Ana\r\nen marzo", u""}};
+  for (const Caso& c : casos) {
+    const auto lineas = correr(QString::fromUtf16(c.proceso));
+    const QString dice = QString::fromUtf16(c.dice);
+    EXPECT_EQ(fin_, dice.isEmpty() ? ResultadoProceso::Bien : ResultadoProceso::Problemas);
+    EXPECT_EQ(lineas.size(), dice.isEmpty() ? 2 : 3) << lineas.join(u'\n').toStdString();
+    EXPECT_TRUE(dice.isEmpty() || lineas.value(1).startsWith(dice))
+        << lineas.value(1).toStdString();
+  }
+}
+
+// A zeroing dated by a clock that stood in another century.
+TEST_F(RunnerTest, UnaFechaImposibleNoDaLaVueltaAlPeriodo) {
+  const auto p = tienda_.programa();
+  ASSERT_TRUE(p->db().ejecutar(u"UPDATE Sesiones SET PZERO=#1/1/2099#"));
+  correr(kNoche, *p);
+  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM COLUMNA WHERE FECHA1>FECHAF")->entero(), 0);
+  EXPECT_EQ(p->db()
+                .uno(u"SELECT sum(IMP) FROM TOTGRT t, COLUMNA c WHERE c.LINK=t.LINK AND TIPO<>2")
+                ->entero(),
+            3600);
+}
+
+// A number of retries that would take years.
+TEST_F(RunnerTest, SinNadieNoSeReintentaSinFin) {
+  maquinasDePrueba().mudas = {2};
+  const auto lineas = correr(u"T:RXGRTOT,2\r\nC:ESPERA,99999999,No"_s);
+  EXPECT_EQ(fin_, ResultadoProceso::Problemas);
+  EXPECT_EQ(lineas.filter(u"Se reintenta"_s).size(), 100);
+}
+
 TEST_F(RunnerTest, LaSeleccionDeUnaEjecucionNoPasaALaSiguiente) {
   const auto p = tienda_.programa();
   correr(u"P:CREAR,1,02/03/2026,,x\r\nP:SELECCIONAR,1,02/03/2026,02/03/2026"_s, *p);

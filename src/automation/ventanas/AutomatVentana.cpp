@@ -182,8 +182,8 @@ Resultado<> AutomatVentana::cargar(const QString& ruta) {
   // It begins once the window is there: its first step may ask something.
   QMetaObject::invokeMethod(
       this,
-      [this, pasos = std::move(leido->pasos), base = QFileInfo(ruta).completeBaseName()] {
-        if (!a_.enMarcha()) a_.PROCESO(pasos, {}, base);
+      [this, leido = std::move(*leido), base = QFileInfo(ruta).completeBaseName()] {
+        if (!a_.enMarcha()) a_.PROCESO(leido.pasos, {}, base, leido.omitidas);
       },
       Qt::QueuedConnection);
   return {};

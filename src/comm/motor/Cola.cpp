@@ -79,7 +79,12 @@ int gestcomm::Interior::nueva(int grupo, bool todo, qint64 desde, qint64 hasta, 
   if (!c || !c->crear || !l.tiene(clase)) return 2;
   if (clase >= l.ClaseRxMin && clase <= l.ClaseRxMax) {
     const auto puede = entorno.sesion.PuedeRecibir(grupo, clase);
-    if (!puede) return 2;
+    if (!puede) {
+      // Not read, and the machine must not be told to forget: where that can't be noted either, the
+      // zeroing can't ask for leave.
+      static_cast<void>(entorno.sesion.lecturaFallida(grupo, clase));
+      return 2;
+    }
     if (!*puede) return 1;
   }
   auto datos = leerGrupo(grupo);

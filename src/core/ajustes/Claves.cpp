@@ -11,7 +11,8 @@ namespace {
 
 constexpr int kMaxI16 = std::numeric_limits<qint16>::max();
 constexpr int kMaxI32 = std::numeric_limits<qint32>::max();
-constexpr int kPersonales = 200;  // custom menu entries
+constexpr int kMaxEspera = 10 * 60 * 1000;  // ms
+constexpr int kPersonales = 200;            // custom menu entries
 constexpr qsizetype kCadenasModem = 8;
 constexpr qsizetype kPeriodos = 10000;  // of ÚltimosPeriodos
 
@@ -21,8 +22,9 @@ int i16(QStringView v) {
 int i32(QStringView v) {
   return ini::entero(v, -kMaxI32 - 1, kMaxI32);
 }
+// A wait that nobody would live to see is a slip.
 int milisegundos(QStringView v) {
-  return ini::entero(v, 0, kMaxI32);
+  return ini::entero(v, 0, kMaxEspera);
 }
 
 QString booleano(const Ajustes& a, bool b) {
