@@ -64,6 +64,8 @@ TEST_F(Programa, TablaDeLineasDeOrdenes) {
       {{kSinVentana, "--dato", "%1=99", "DATO"}, 1, u"Grupo de destino no existe"},
       {{kSinVentana, "GRUPO"}, 1, u"Grupo de destino no existe"},
       {{"--cuadre", "999"}, 1, u"cuadre"},
+      {{"--cuadre", "abc"}, 64, u"con el número de un periodo"},
+      {{kSinVentana, "--dato", "x", "V"}, 64, u"escríbalo como '%n=5'"},
   };
   for (const Caso& c : casos) {
     const bool conCarpeta = c.argumentos.contains(u"--carpeta");

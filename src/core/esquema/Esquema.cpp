@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <algorithm>
 
 #include "core/esquema/Guiones.h"
@@ -77,6 +78,12 @@ Resultado<> escribirPlantilla(const QString& ruta) {
 Resultado<std::unique_ptr<dao::Database>> abrirBase(const QString& ruta,
                                                     const QStringList& carpetasPlantilla, Fecha hoy,
                                                     Version version) {
+  // A new one is copied whole: nothing of ours leaves an empty file.
+  if (const QFileInfo f(ruta); f.isFile() && f.size() == 0)
+    return fallo(Fallo::NoEsBaseDatos,
+                 QStringLiteral("La base de datos está vacía: recupere una copia de seguridad o, "
+                                "para empezar de nuevo, borre %1")
+                     .arg(ruta));
   auto db = dao::Database::OpenDatabase(ruta);
   if (!db && db.error().clase == Fallo::NoExiste) {
     TARVO_INTENTAR(copiarPlantilla(ruta, carpetasPlantilla));
