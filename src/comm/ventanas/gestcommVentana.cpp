@@ -68,7 +68,9 @@ Resultado<> gestcommVentana::preparar(const Argumentos&) {
 
 void gestcommVentana::changeEvent(QEvent* evento) {
   Ventana::changeEvent(evento);
-  if (evento->type() == QEvent::ActivationChange && isActiveWindow()) ponerMenus();
+  if (evento->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+  ponerMenus();
+  ponerSesion();
 }
 
 // --- what the engine tells
