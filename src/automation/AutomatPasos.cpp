@@ -99,7 +99,8 @@ Resultado<> Automat::Interior::registrar() {
   e.paso = indice + 1;
   e.seleccion = t.verTot.LosSelec();
   e.problemas = resultado != ResultadoProceso::Bien;
-  e.latido = t.reloj.ahora();
+  // An old run whose notes are completed gets no younger: cut off now, it must not be gone on with.
+  if (!deOtra) e.latido = t.reloj.ahora();
   ultimoLatido = t.reloj.monotono();
   return diario.anotar(e);
 }
