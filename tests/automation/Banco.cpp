@@ -161,8 +161,7 @@ struct Programa::Piezas {
   std::unique_ptr<Automat> automat;
 };
 
-Programa::Programa(const QString& carpeta, RelojVirtual& reloj, Preguntas& respuestas,
-                   int corteEn)
+Programa::Programa(const QString& carpeta, RelojVirtual& reloj, Preguntas& respuestas, int corteEn)
     : p(std::make_unique<Piezas>(carpeta, reloj)), virtual_(reloj) {
   p->automat = std::make_unique<Automat>(
       Taller{*p->db, p->ajustes, p->reloj, p->sesion, p->motor, p->registro, p->cerrSes, p->verTot,
