@@ -249,6 +249,7 @@ void AutomatVentana::ponerPasos() {
   ModeloVivo& filas = ui_.ListaPasos->vivas();
   if (vistos_.size() != pasos.size() || (!pasos.empty() && vistos_[0].texto != pasos[0].texto)) {
     std::vector<FilaViva> todas;
+    todas.reserve(pasos.size());
     for (size_t i = 0; i < pasos.size(); ++i) todas.push_back(filaPaso(i, pasos[i]));
     filas.poner(std::move(todas));
     pasoVisto_ = -1;

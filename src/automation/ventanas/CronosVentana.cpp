@@ -173,6 +173,7 @@ void CronosVentana::refrescar() {
 void CronosVentana::ponerLineas() {
   std::vector<FilaViva> filas;
   const auto& entradas = cronos_.entradas();
+  filas.reserve(entradas.size());
   for (size_t i = 0; i < entradas.size(); ++i)
     filas.push_back(filaCron(i, entradas[i], static_cast<int>(i) == cronos_.siguiente()));
   ui_.ListaCron->vivas().poner(std::move(filas));

@@ -150,6 +150,7 @@ void EdiCron::editar() {
 
 void EdiCron::ponerLista(int actual) {
   std::vector<FilaViva> filas;
+  filas.reserve(horario_.lineas.size() + 1);
   for (size_t i = 0; i < horario_.lineas.size(); ++i)
     filas.push_back(filaBat(i, horario_.lineas[i]));
   filas.push_back(filaNueva(filas.size(), t(kTxLineaNueva)));
@@ -176,7 +177,7 @@ void EdiCron::ponerLinea() {
 
 LineaActivacion EdiCron::enPantalla() const {
   LineaActivacion l;
-  l.hora = Fecha::deDias(ui_.Hora->time().msecsSinceStartOfDay() / 1000 / 86400.0);
+  l.hora = Fecha::deDias(ui_.Hora->time().msecsSinceStartOfDay() / 86'400'000.0);
   for (size_t d = 0; d < 7; ++d) l.dias[d] = dias_[d]->isChecked();
   l.nombre = ui_.NomMacro->currentText();
   return l;

@@ -2,6 +2,7 @@
 
 #include "automation/ventanas/TextosAutomationVentanas.h"
 #include "core/ventanas/Medidas.h"
+#include "core/ventanas/Tema.h"
 
 namespace tarvo::automation {
 
