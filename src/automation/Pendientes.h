@@ -14,7 +14,6 @@ Resultado<> asegurarTablaPendientes(dao::Database& db);
 struct OrdenPeriodos {
   int verbo = 0;    // of class P
   qint64 tipo = 0;  // of the larger period, 0 for a verb without one
-  bool operator==(const OrdenPeriodos&) const = default;
 };
 
 class Pendientes {

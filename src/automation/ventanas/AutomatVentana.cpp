@@ -137,20 +137,14 @@ void AutomatVentana::soltar() {
 }
 
 void AutomatVentana::conectar() {
-  const auto accion = [this](QAction* a, const QString& dibujo, const QKeySequence& tecla,
-                             auto hacer) {
-    a->setIcon(icono(dibujo));
-    a->setShortcut(tecla);
-    connect(a, &QAction::triggered, this, hacer);
-  };
-  accion(ui_.ejecutar, u"ejecutar"_s, Qt::Key_F9, [this] { a_.ejecutar(); });
-  accion(ui_.retener, u"pausa"_s, Qt::Key_F8, [this] { a_.retener(); });
-  accion(ui_.paso, u"adelante"_s, Qt::Key_F10, [this] { a_.paso(); });
-  accion(ui_.Alto, u"parar"_s, {}, [this] { alto(); });
-  accion(ui_.ver, u"informacion"_s, {}, [this] {
+  unir(ui_.ejecutar, u"ejecutar"_s, Qt::Key_F9, [this] { a_.ejecutar(); });
+  unir(ui_.retener, u"pausa"_s, Qt::Key_F8, [this] { a_.retener(); });
+  unir(ui_.paso, u"adelante"_s, Qt::Key_F10, [this] { a_.paso(); });
+  unir(ui_.Alto, u"parar"_s, {}, [this] { alto(); });
+  unir(ui_.ver, u"informacion"_s, {}, [this] {
     contexto().ventanas.abrirModal(u"VeoLog"_s, this, {{u"fichero"_s, a_.rutaTraza()}});
   });
-  accion(ui_.salir, u"cerrar"_s, {}, [this] { close(); });
+  unir(ui_.salir, u"cerrar"_s, {}, [this] { close(); });
   connect(&contexto().tema, &Tema::cambiado, this, [this] { ponerFase(); });
   new CtrlSolo(*this, [this] { ejecutarORetener(); });
 }

@@ -106,15 +106,10 @@ CronosVentana::~CronosVentana() {
 }
 
 void CronosVentana::conectar() {
-  const auto accion = [this](QAction* a, const QString& dibujo, auto hacer) {
-    a->setIcon(icono(dibujo));
-    connect(a, &QAction::triggered, this, hacer);
-  };
-  accion(ui_.ejecutar, u"ejecutar"_s, [this] { ejecutarAhora(); });
-  ui_.ejecutar->setShortcut(Qt::Key_F9);
-  accion(ui_.ver, u"informacion"_s, [this] { verTraza(); });
-  accion(ui_.mini, u"bajar"_s, [this] { showMinimized(); });
-  accion(ui_.Salida, u"cerrar"_s, [this] { close(); });
+  unir(ui_.ejecutar, u"ejecutar"_s, Qt::Key_F9, [this] { ejecutarAhora(); });
+  unir(ui_.ver, u"informacion"_s, {}, [this] { verTraza(); });
+  unir(ui_.mini, u"bajar"_s, {}, [this] { showMinimized(); });
+  unir(ui_.Salida, u"cerrar"_s, {}, [this] { close(); });
   connect(ui_.activo, &QCheckBox::toggled, this, [this](bool activo) {
     cronos_.ponerActivo(activo);
     refrescar();

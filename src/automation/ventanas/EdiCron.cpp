@@ -66,16 +66,10 @@ EdiCron::EdiCron(Contexto& c, const QString& nombre, const Lenguaje& lenguaje)
 }
 
 void EdiCron::conectar() {
-  const auto accion = [this](QAction* a, const QString& dibujo, const QKeySequence& tecla,
-                             auto hacer) {
-    a->setIcon(icono(dibujo));
-    a->setShortcut(tecla);
-    connect(a, &QAction::triggered, this, hacer);
-  };
-  accion(ui_.guardar, u"guardar"_s, QKeySequence::Save, [this] { guardar(); });
-  accion(ui_.abandonar, u"cerrar"_s, {}, [this] { rechazar(); });
-  accion(ui_.insertar, u"anadir"_s, {}, [this] { insertar(); });
-  accion(ui_.borrar, u"borrar"_s, {}, [this] { borrar(); });
+  unir(ui_.guardar, u"guardar"_s, QKeySequence::Save, [this] { guardar(); });
+  unir(ui_.abandonar, u"cerrar"_s, {}, [this] { rechazar(); });
+  unir(ui_.insertar, u"anadir"_s, {}, [this] { insertar(); });
+  unir(ui_.borrar, u"borrar"_s, {}, [this] { borrar(); });
   connect(ui_.NomCron, &QLineEdit::returnPressed, this, [this] { aceptarNombre(); });
   connect(ui_.AceptoNombre, &QPushButton::clicked, this, [this] { aceptarNombre(); });
   connect(ui_.CanceloNombre, &QPushButton::clicked, this, [this] { rechazar(); });

@@ -47,18 +47,12 @@ VeoLog::VeoLog(Contexto& c, const QString& nombre)
 }
 
 void VeoLog::conectar() {
-  const auto accion = [this](QAction* a, const QString& dibujo, const QKeySequence& tecla,
-                             auto hacer) {
-    a->setIcon(icono(dibujo));
-    a->setShortcut(tecla);
-    connect(a, &QAction::triggered, this, hacer);
-  };
-  accion(ui_.siguiente, u"bajar"_s, Qt::Key_F3, [this] { buscar(false); });
-  accion(ui_.anterior, u"subir"_s, Qt::SHIFT | Qt::Key_F3, [this] { buscar(true); });
-  accion(ui_.problema, u"mal"_s, Qt::Key_F4, [this] { problema(); });
-  accion(ui_.copiar, u"copiar"_s, QKeySequence::Copy, [this] { copiar(); });
-  accion(ui_.alFinal, u"adelante"_s, Qt::CTRL | Qt::Key_End, [this] { alFinal(); });
-  accion(ui_.salir, u"cerrar"_s, {}, [this] { close(); });
+  unir(ui_.siguiente, u"bajar"_s, Qt::Key_F3, [this] { buscar(false); });
+  unir(ui_.anterior, u"subir"_s, Qt::SHIFT | Qt::Key_F3, [this] { buscar(true); });
+  unir(ui_.problema, u"mal"_s, Qt::Key_F4, [this] { problema(); });
+  unir(ui_.copiar, u"copiar"_s, QKeySequence::Copy, [this] { copiar(); });
+  unir(ui_.alFinal, u"adelante"_s, Qt::CTRL | Qt::Key_End, [this] { alFinal(); });
+  unir(ui_.salir, u"cerrar"_s, {}, [this] { close(); });
   auto* aBuscar = new QAction(this);
   aBuscar->setShortcut(QKeySequence::Find);
   addAction(aBuscar);

@@ -188,18 +188,18 @@ bool ModeloSql::aparte() const {
 }
 
 void ModeloSql::contarAparte() {
+  const auto decir = [this](const Resultado<>& hecho) {
+    if (!hecho) Q_EMIT fallido(hecho.error());
+  };
   if (!aparte()) {
-    QMetaObject::invokeMethod(
-        this, [this] { static_cast<void>(contarTodo()); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, [=, this] { decir(contarTodo()); }, Qt::QueuedConnection);
     return;
   }
   cuenta_.preguntar<std::vector<Clave>>(
       [o = lectura_.origen, orden = lectura_.orden](dao::Database& db) {
         return leerClaves(db, o, orden, kTodas);
       },
-      [this](Resultado<std::vector<Clave>> todas) {
-        if (const auto hecho = contadas(std::move(todas)); !hecho) Q_EMIT fallido(hecho.error());
-      });
+      [=, this](Resultado<std::vector<Clave>> todas) { decir(contadas(std::move(todas))); });
 }
 
 // Behind the first ones come the others; all anew when something changed in between.

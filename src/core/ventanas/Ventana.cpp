@@ -1,5 +1,6 @@
 #include "core/ventanas/Ventana.h"
 
+#include <QAction>
 #include <QEventLoop>
 #include <QLineEdit>
 #include <QSplitter>
@@ -8,6 +9,7 @@
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/Parrilla.h"
 #include "core/ventanas/Recuerdos.h"
+#include "core/ventanas/Tema.h"
 #include "core/ventanas/Tira.h"
 #include "core/ventanas/TiraTrabajo.h"
 #include "core/ventanas/TraducirForm.h"
@@ -64,6 +66,13 @@ void Ventana::enlazar() {
   restoreGeometry(deTexto(c_.recuerdos.leer(memoria, u"sitio"_s)));
   for (QSplitter* s : cuerpo_->findChildren<QSplitter*>())
     s->restoreState(deTexto(c_.recuerdos.leer(memoria, s->objectName())));
+}
+
+void Ventana::unir(QAction* accion, const QString& dibujo, const QKeySequence& tecla,
+                   const std::function<void()>& hacer) {
+  accion->setIcon(icono(dibujo));
+  accion->setShortcut(tecla);
+  connect(accion, &QAction::triggered, this, hacer);
 }
 
 void Ventana::recordar() {

@@ -79,6 +79,9 @@ class Ventana : public QWidget {
   // Once, behind setupUi and before anything is filled: texts, names for assistive tools, size and
   // splitters as they were left.
   void enlazar();
+  // The picture and the key of an action of the form, and what it does.
+  void unir(QAction* accion, const QString& dibujo, const QKeySequence& tecla,
+            const std::function<void()>& hacer);
 
   void closeEvent(QCloseEvent* evento) override;
   void keyPressEvent(QKeyEvent* evento) override;

@@ -203,6 +203,7 @@ void Visor::pintarGrafica() {
 void Visor::ponerGrafica(const std::vector<Punto>& puntos) {
   if (puntos.empty()) return ui_.grafica->vaciar(t(kTxSinGrafica));
   std::vector<Grafica::Barra> barras;
+  barras.reserve(puntos.size());
   for (const Punto& p : puntos)
     barras.push_back({deHoras()            ? QString::number(p.codigo)
                       : p.nombre.isEmpty() ? Ceros(p.codigo, cifrasCodigo(filtro_.clase))
