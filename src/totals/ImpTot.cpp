@@ -38,7 +38,7 @@ class Lector {
     if (cruda.endsWith('\r')) cruda.chop(1);
     larga_ = cruda.size() > kLineaMaxima;
     if (!larga_)
-      linea_ = utf8_ ? QString::fromUtf8(cruda) : ficheros::descodificar(cruda.toByteArray());
+      linea_ = utf8_ ? QString::fromUtf8(cruda) : ficheros::descodificar1252(cruda.toByteArray());
   }
 
  private:

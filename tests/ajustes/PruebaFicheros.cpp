@@ -40,9 +40,12 @@ TEST(Codigo, CadaByteVuelveYLoQueNoCabeVaEnUtf8) {
   EXPECT_EQ(ficheros::codificar(ficheros::descodificar(todos)), todos);
   EXPECT_EQ(ficheros::descodificar("\x80 Sesi\xF3n"), QStringLiteral("€ Sesión"));
   EXPECT_EQ(ficheros::descodificar("\xEF\xBB\xBFSesi\xC3\xB3n"), QStringLiteral("Sesión"));
-  const QString ajeno = QStringLiteral("Ωmega 🐟");
-  EXPECT_EQ(ficheros::codificar1252(ajeno), "?mega ?");
-  EXPECT_EQ(ficheros::descodificar(ficheros::codificar(ajeno)), ajeno);
+  EXPECT_EQ(ficheros::descodificar("Sesi\xC3\xB3n, 5 \xE2\x82\xAC"), QStringLiteral("Sesión, 5 €"));
+  EXPECT_EQ(ficheros::descodificar("Sesi\xC3\xB3n, 5 \x80"), QStringLiteral("SesiÃ³n, 5 €"));
+  EXPECT_EQ(ficheros::codificar1252(QStringLiteral("Ωmega 🐟")), "?mega ?");
+  for (const QString& texto :
+       {QStringLiteral("Ωmega 🐟"), QStringLiteral("SÃ\u00AD"), QStringLiteral("Sí")})
+    EXPECT_EQ(ficheros::descodificar(ficheros::codificar(texto)), texto) << texto.toStdString();
 }
 
 TEST_F(Disco, EscribirCambiaElFicheroEnteroYNoDejaOtro) {

@@ -34,7 +34,7 @@ QByteArray plegarTexto(const QString& texto) {
 std::array<char, 256> hacerTabla() {
   std::array<char, 256> tabla{};
   for (int i = 0; i < 256; ++i) {
-    const QString c = ficheros::descodificar(QByteArray(1, static_cast<char>(i)));
+    const QString c = ficheros::descodificar1252(QByteArray(1, static_cast<char>(i)));
     tabla[static_cast<size_t>(i)] = c.isEmpty() ? ' ' : sinAcento(c[0]);
   }
   return tabla;
@@ -114,7 +114,7 @@ QByteArray FicheroTraza::bytes(int primera, int trasUltima) const {
 
 QString FicheroTraza::linea(int n) const {
   const QByteArray b = bytes(n, n + 1).left(kLineaMaxima);
-  QString texto = utf8_ ? QString::fromUtf8(b) : ficheros::descodificar(b);
+  QString texto = utf8_ ? QString::fromUtf8(b) : ficheros::descodificar1252(b);
   while (texto.endsWith(u'\n') || texto.endsWith(u'\r')) texto.chop(1);
   return texto;
 }

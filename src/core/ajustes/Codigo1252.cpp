@@ -1,4 +1,7 @@
+#include <QStringDecoder>
+#include <algorithm>
 #include <array>
+#include <optional>
 
 #include "core/ajustes/Ficheros.h"
 
@@ -23,10 +26,25 @@ int byteDe(char16_t c) {
   return -1;
 }
 
+// The text of bytes above ASCII that are UTF-8 throughout: in Windows-1252 they would be a capital
+// letter with an accent before each sign, which nobody writes.
+std::optional<QString> deUtf8(const QByteArray& bytes) {
+  if (std::ranges::none_of(bytes, [](char c) { return (c & 0x80) != 0; })) return std::nullopt;
+  QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+  QString texto = utf8(bytes);
+  if (utf8.hasError()) return std::nullopt;
+  return texto;
+}
+
 }  // namespace
 
 QString descodificar(const QByteArray& bytes) {
   if (bytes.startsWith(kMarca)) return QString::fromUtf8(bytes.mid(3));
+  if (auto texto = deUtf8(bytes)) return std::move(*texto);
+  return descodificar1252(bytes);
+}
+
+QString descodificar1252(const QByteArray& bytes) {
   QString texto = QString::fromLatin1(bytes);
   for (QChar& c : texto)
     if (c.unicode() >= 0x80 && c.unicode() < 0xA0) c = QChar(kAltos[c.unicode() - 0x80]);
@@ -47,7 +65,9 @@ QByteArray codificar1252(const QString& texto, char reemplazo) {
 QByteArray codificar(const QString& texto) {
   for (const QChar c : texto)
     if (byteDe(c.unicode()) < 0) return kMarca + texto.toUtf8();
-  return codificar1252(texto);
+  QByteArray bytes = codificar1252(texto);
+  if (deUtf8(bytes)) return kMarca + texto.toUtf8();
+  return bytes;
 }
 
 }  // namespace tarvo::ficheros
