@@ -56,6 +56,7 @@ Resultado<bool> Automat::Interior::llevarACabo(const PasoProceso& p) {
     hecho = std::move(*h);
   }
   informar(*hecho);
+  if (hecho->anotar) TARVO_INTENTAR(hecho->anotar());
   TARVO_INTENTAR(diario.historial().periodosHechos(e.numero, hecho->periodos));
   TARVO_INTENTAR(registrar());
   TARVO_INTENTAR(tr->confirmar());

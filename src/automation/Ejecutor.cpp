@@ -1,6 +1,5 @@
 #include "automation/Ejecutor.h"
 
-#include "automation/Pendientes.h"
 #include "automation/TextosAutomation.h"
 
 namespace tarvo::automation {
@@ -13,13 +12,6 @@ constexpr qint64 kMayorGrupo = 32767, kMayorReintento = 32767;
 // Where nobody is there: a machine that doesn't answer must not cost the night.
 constexpr int kReintentosSinNadie = 100;
 constexpr int kUltimoMensaje = 14;
-
-Hecho deFallo(const Error& e, int codigo = 0) {
-  Hecho h;
-  h.error(codigo);
-  h.decir(e.texto);
-  return h;
-}
 
 void contar(const std::vector<totals::Aviso>& avisos, Hecho& h) {
   for (const auto& a : avisos) h.decir(a.texto, a.grave, a.grupo);
@@ -73,6 +65,13 @@ Resultado<std::optional<std::vector<int>>> gruposDe(const PasoProceso& p, dao::D
 
 }  // namespace
 
+Hecho hechoDeFallo(const Error& e, int codigo) {
+  Hecho h;
+  h.error(codigo);
+  h.decir(e.texto);
+  return h;
+}
+
 QString mensajePaso(int codigo, const Textos& textos) {
   return codigo > 0 && codigo <= kUltimoMensaje ? textos(kTxMensajePaso + codigo) : QString();
 }
@@ -103,7 +102,7 @@ Resultado<Hecho> Ejecutor::tarea(const PasoProceso& p, Ejecucion& e) {
   Hecho h;
   const auto orden = ordenDe(p);
   const auto grupos = gruposDe(p, t_.db);
-  if (!grupos) return deFallo(grupos.error());
+  if (!grupos) return hechoDeFallo(grupos.error());
   if (!orden || !*grupos) {
     h.error(2);
     return h;
@@ -215,12 +214,17 @@ Hecho Ejecutor::periodos(const PasoProceso& p, const Ejecucion& e) {
   const std::vector<qint64> elegidos = t_.verTot.LosSelec();
   const auto r = operacion(p);
   if (!r)
-    h = deFallo(r.error(), p.verbo() == kCrear ? 7 : 0);
+    h = hechoDeFallo(r.error(), p.verbo() == kCrear ? 7 : 0);
   else if (!*r)
     h.error(codigoPeriodos(p.verbo()));
   if (p.verbo() == kAcumular || p.verbo() == kStock)
     pendientes(p, r ? std::vector<qint64>{} : elegidos, h);
   return h;
+}
+
+QString Ejecutor::nombrePeriodo(qint64 link) const {
+  const auto c = t_.verTot.columna(link);
+  return c && *c ? totals::TextoPeriodo((*c)->periodo) : QString::number(link);
 }
 
 // Does what earlier runs still owe of this verb, and notes what this one owes from now on.
@@ -229,23 +233,19 @@ void Ejecutor::pendientes(const PasoProceso& p, const std::vector<qint64>& debid
   Pendientes libro(t_.db);
   const auto viejos = libro.de(orden);
   if (!viejos) return h.decir(viejos.error().texto);
-  const auto nombre = [this](qint64 link) -> QString {
-    const auto c = t_.verTot.columna(link);
-    return c && *c ? totals::TextoPeriodo((*c)->periodo) : QString::number(link);
-  };
   for (const qint64 link : *viejos) {
     if (std::ranges::find(debidos, link) != debidos.end()) continue;
     t_.verTot.ponerSeleccion({link});
     const auto r = operacion(p);
     if (!r) {
-      h.decir(t_.textos(kTxSiguePendiente, {nombre(link), r.error().texto}));
+      h.decir(t_.textos(kTxSiguePendiente, {nombrePeriodo(link), r.error().texto}));
       continue;
     }
     if (const auto hecho = libro.saldar(orden, link); !hecho) h.decir(hecho.error().texto);
-    if (*r) h.decir(t_.textos(kTxPendienteHecho, {nombre(link)}), false);
+    if (*r) h.decir(t_.textos(kTxPendienteHecho, {nombrePeriodo(link)}), false);
   }
   if (const auto hecho = libro.anotar(orden, debidos); !hecho) h.decir(hecho.error().texto);
-  for (const qint64 link : debidos) h.decir(t_.textos(kTxQuedaPendiente, {nombre(link)}));
+  for (const qint64 link : debidos) h.decir(t_.textos(kTxQuedaPendiente, {nombrePeriodo(link)}));
 }
 
 Resultado<bool> Ejecutor::operacion(const PasoProceso& p) {
@@ -286,26 +286,6 @@ Hecho Ejecutor::selUltimo(const Ejecucion& e) {
     else if (!*r)
       h.error(10);
   }
-  return h;
-}
-
-// --- export -------------------------------------------------------------------------------------
-
-Hecho Ejecutor::exportar(const PasoProceso& p, const Ejecucion& e) {
-  Hecho h;
-  if (p.verbo() != kTotaliza) {
-    h.decir(t_.textos(kTxOrdenNoExiste));
-    return h;
-  }
-  const Fecha ahora = t_.reloj.ahora();
-  const QString nombre = p.texto(4).isEmpty()
-                             ? u"EX"_s + ahora.qdate().toString(QStringLiteral("yyMMdd"))
-                             : ExpandirNombre(p.texto(4), ahora, t_.db);
-  const QString marca = QStringLiteral("%1.%2").arg(e.numero).arg(e.paso);
-  const auto r =
-      t_.xporTot.XportRemoto(t_.verTot.LosSelec(), {p.logico(2), p.logico(3)}, nombre, marca);
-  if (!r) return deFallo(r.error(), 14);
-  if (!*r) h.error(14);
   return h;
 }
 

@@ -2,8 +2,11 @@
 // says what came of it.
 #pragma once
 
+#include <functional>
+
 #include "automation/Automat.h"
 #include "automation/Diario.h"
+#include "automation/Pendientes.h"
 
 namespace tarvo::automation {
 
@@ -15,6 +18,8 @@ struct Hecho {
   bool problemas = false;
   bool sesionMovida = false;     // the settings file is to be brought up to date
   std::vector<qint64> periodos;  // that it memorised
+  // What is to be written in the transaction that records the step; may be empty.
+  std::function<Resultado<>()> anotar;
 
   void error(int cual) { codigo = cual, problemas = true; }
   void decir(const QString& texto, bool esProblema = true, int grupo = 0) {
@@ -22,6 +27,9 @@ struct Hecho {
     problemas = problemas || esProblema;
   }
 };
+
+// A step that the store or a file refused; the text of the error stands under its message.
+Hecho hechoDeFallo(const Error& e, int codigo = 0);
 
 QString mensajePaso(int codigo, const Textos& textos);
 
@@ -45,6 +53,10 @@ class Ejecutor {
   bool colaVacia(const PasoProceso& espera, Vigilancia& vigilancia);
 
  private:
+  struct Exportacion {
+    totals::OpcionesExport como;
+    QString nombre;
+  };
   Resultado<Hecho> tarea(const PasoProceso& p, Ejecucion& e);
   Hecho sesion(const PasoProceso& p, Ejecucion& e);
   void cerrar(const PasoProceso& p, Ejecucion& e, Hecho& h);
@@ -55,6 +67,10 @@ class Ejecutor {
   void pendientes(const PasoProceso& p, const std::vector<qint64>& debidos, Hecho& h);
   Hecho selUltimo(const Ejecucion& e);
   Hecho exportar(const PasoProceso& p, const Ejecucion& e);
+  void exportarPendientes(const std::vector<Pendientes::Exporte>& viejos, const Exportacion& x,
+                          std::vector<qint64>& propios, QStringList& saldados, Hecho& h);
+  QString nombrePeriodo(qint64 link) const;
+  QString nombrePeriodos(const std::vector<qint64>& links) const;
 
   const Taller& t_;
   Diario& diario_;

@@ -83,7 +83,10 @@ class LectorFichero {
     const bool inicio = l.startsWith(kInicioBatch), final = l.startsWith(kFinalBatch);
     if (inicio || final) return marca(inicio);
     if (zona_ == Zona::Comienzo && pareceActivacion(l)) {
-      if (auto a = activacionDe(l, espanol_, siNoExacto)) f_.activaciones.push_back(std::move(*a));
+      if (auto a = activacionDe(l, espanol_, siNoExacto))
+        f_.activaciones.push_back(std::move(*a));
+      else
+        omitir(numero_, kTxHoraOmitida);
       return {};
     }
     auto paso = lenguaje_.LeerPaso(l);

@@ -10,6 +10,9 @@ constexpr auto kGuionPendientes =
 CREATE TABLE IF NOT EXISTS PeriodosPendientes (
   LINK INTEGER NOT NULL, FECHA1 REAL, FECHAF REAL, VERBO INTEGER NOT NULL, TIPO INTEGER NOT NULL,
   PRIMARY KEY (LINK, VERBO, TIPO));
+CREATE TABLE IF NOT EXISTS ExportesPendientes (
+  NUMERO INTEGER PRIMARY KEY, PROCESO TEXT NOT NULL, ORDEN INTEGER NOT NULL, MARCA TEXT NOT NULL,
+  LINK INTEGER NOT NULL, FECHA1 REAL, FECHAF REAL);
 )";
 
 }  // namespace
@@ -35,13 +38,50 @@ Resultado<std::vector<qint64>> Pendientes::de(const OrdenPeriodos& orden) {
       orden.verbo, orden.tipo);
   if (!rs) return std::unexpected(rs.error());
   std::vector<qint64> links;
-  for (; !(*rs)->Eof(); static_cast<void>((*rs)->MoveNext())) links.push_back((*rs)->entero(0));
+  while (!(*rs)->Eof()) {
+    links.push_back((*rs)->entero(0));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
   return links;
 }
 
 Resultado<> Pendientes::saldar(const OrdenPeriodos& orden, qint64 link) {
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM PeriodosPendientes WHERE LINK=? AND VERBO=? AND TIPO=?",
                               link, orden.verbo, orden.tipo));
+  return {};
+}
+
+Resultado<> Pendientes::anotarExporte(const QString& proceso, int orden, const Exporte& exporte) {
+  auto tr = dao::Transaccion::empezar(db_);
+  if (!tr) return std::unexpected(tr.error());
+  TARVO_INTENTAR(saldarExporte(exporte.marca));
+  for (const qint64 link : exporte.links)
+    TARVO_INTENTAR(
+        db_.ejecutar(u"INSERT INTO ExportesPendientes (PROCESO, ORDEN, MARCA, LINK, FECHA1, "
+                     u"FECHAF) SELECT ?, ?, ?, LINK, FECHA1, FECHAF FROM COLUMNA WHERE LINK=?",
+                     proceso, orden, exporte.marca, link));
+  return tr->confirmar();
+}
+
+Resultado<std::vector<Pendientes::Exporte>> Pendientes::exportes(const QString& proceso,
+                                                                 int orden) {
+  const auto rs = db_.consultar(
+      u"SELECT e.MARCA, e.LINK FROM ExportesPendientes e INNER JOIN COLUMNA c ON c.LINK=e.LINK AND "
+      u"c.FECHA1=e.FECHA1 AND c.FECHAF=e.FECHAF WHERE e.PROCESO=? AND e.ORDEN=? ORDER BY e.NUMERO",
+      proceso, orden);
+  if (!rs) return std::unexpected(rs.error());
+  std::vector<Exporte> todos;
+  for (; !(*rs)->Eof();) {
+    const QString marca = (*rs)->texto(0);
+    if (todos.empty() || todos.back().marca != marca) todos.push_back({marca, {}});
+    todos.back().links.push_back((*rs)->entero(1));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return todos;
+}
+
+Resultado<> Pendientes::saldarExporte(const QString& marca) {
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM ExportesPendientes WHERE MARCA=?", marca));
   return {};
 }
 

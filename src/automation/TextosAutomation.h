@@ -47,6 +47,7 @@ enum TextoAutomation : int {
   kTxNoEsOrden = 8051,
   kTxLineaOmitida = 8052,
   kTxRestoOmitido = 8053,
+  kTxHoraOmitida = 8054,
   kTxMensajePaso = 8100,  // to 8114: by code of a step
   // The morning.
   kTxNoComunica = 8300,

@@ -121,8 +121,10 @@ Resultado<std::set<int>> gruposAMedias(Database& db) {
 }
 
 Resultado<std::optional<Contadores>> granTotalLeido(Database& db, int grupo, int addr) {
-  auto rs = db.consultar(u"SELECT MAQUINAS FROM Lecturas WHERE GRUPO=? AND CLASE=? AND ESTADO=2"_s,
-                         grupo, kGranTotal);
+  auto rs = db.consultar(
+      u"SELECT MAQUINAS FROM Lecturas WHERE GRUPO=? AND CLASE=? AND ESTADO=2 AND SEC>(SELECT "_s
+      u"COALESCE(MAX(SEC_HECHO), 0) FROM Ceros WHERE Ceros.GRUPO=Lecturas.GRUPO AND ADDR=?)"_s,
+      grupo, kGranTotal, addr);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof()) return std::nullopt;
   const bool varias = (*rs)->entero(0) > 1;

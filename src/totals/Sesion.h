@@ -101,9 +101,10 @@ class Sesion {
   Resultado<> ceroHecho(int grupo, int addr, bool ultima);
   // The addresses of the group whose zeroing was confirmed in this run already.
   Resultado<bool> ceroYaHecho(int grupo, int addr);
-  // Compares a grand total just read with what was read of that machine before. Igual: nothing was
-  // sold since, zero it. Cero: it has forgotten already. Mas: it holds something not memorised.
-  enum class Comparacion { Igual, Cero, Mas, SinBase };
+  // Compares a grand total just read with what was read of that machine since it last forgot.
+  // Igual: nothing was sold since, zero it. Cero: it has forgotten already. Mas: it holds something
+  // not memorised. OtrasClases: only other kinds were read. SinLectura: nothing was.
+  enum class Comparacion { Igual, Cero, Mas, OtrasClases, SinLectura };
   Resultado<Comparacion> compararGranTotal(int grupo, int addr, const Contadores& leido);
 
   dao::Database& base() { return db_; }

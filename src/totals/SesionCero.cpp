@@ -129,7 +129,8 @@ Resultado<> Sesion::anunciarCero(int grupo, int addr, int conjunto) {
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE Sesiones SET PZERO=PZERO WHERE CODGPO=?"_s, grupo));
   if (conjunto > 0)
     TARVO_INTENTAR(anunciarParte(db_, {grupo, addr, conjunto}, d->ejecucion, reloj_.ahora(), *sec));
-  return tr->confirmar();
+  TARVO_INTENTAR(tr->confirmar());
+  return db_.asentar();
 }
 
 Resultado<> Sesion::parteHecha(int grupo, int addr, int conjunto) {
@@ -193,7 +194,14 @@ Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
                                                          const Contadores& leido) {
   const auto base = granTotalLeido(db_, grupo, addr);
   if (!base) return std::unexpected(base.error());
-  if (!*base) return Comparacion::SinBase;
+  if (!*base) {
+    const auto otras = db_.uno(
+        u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND SEC>(SELECT "_s
+        u"COALESCE(MAX(SEC_HECHO), 0) FROM Ceros WHERE Ceros.GRUPO=Lecturas.GRUPO AND ADDR=?)"_s,
+        grupo, addr);
+    if (!otras) return std::unexpected(otras.error());
+    return otras->entero() > 0 ? Comparacion::OtrasClases : Comparacion::SinLectura;
+  }
   const qint64 con = (*base)->CON, imp = (*base)->IMP, pes = (*base)->PES;
   if (leido.CON == con && leido.IMP == imp && leido.PES == pes) return Comparacion::Igual;
   if (leido.CON < con || (leido.CON == 0 && leido.IMP == 0)) return Comparacion::Cero;

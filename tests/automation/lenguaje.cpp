@@ -114,6 +114,7 @@ struct CasoFichero {
   const char16_t* texto;
   int pasos, activaciones;  // -1 steps: fails
   const char16_t* error = u"";
+  qsizetype omitidas = 0;
 };
 
 class FicheroTest : public LenguajeTest, public testing::WithParamInterface<CasoFichero> {};
@@ -128,6 +129,7 @@ TEST_P(FicheroTest, SeLee) {
   }
   EXPECT_EQ(static_cast<int>(f->pasos.size()), GetParam().pasos);
   EXPECT_EQ(static_cast<int>(f->activaciones.size()), GetParam().activaciones);
+  EXPECT_EQ(f->omitidas.size(), GetParam().omitidas) << f->omitidas.join(u'\n').toStdString();
 }
 
 #define DIAS u"Sí,Sí,No,No,No,No,Si"
@@ -147,7 +149,7 @@ INSTANTIATE_TEST_SUITE_P(
         CasoFichero{
             u"22:00:00;" DIAS u";@\r\n25:00:00;" DIAS u";@\r\n22:00:00;SÍ,No,No,No,No,No,No;@\r\n"
             u"23:00:00;" DIAS u",No;@\r\n@INICIO BATCH de noche\r\n@FINAL BATCH",
-            0, 1},
+            0, 1, u"", 3},
         CasoFichero{u"@INICIO BATCH\r\nS:ABRIR\r\nnota\r\n@FINAL BATCH", -1, 0, u"Línea 3"},
         CasoFichero{u"@INICIO BATCH\r\n@INICIO BATCH\r\n", -1, 0, u"Línea 2"},
         CasoFichero{u"@INICIO BATCH\r\nS:ABRIR\r\n", -1, 0, u"@FINAL BATCH"},

@@ -191,6 +191,29 @@ TEST_F(RunnerTest, LoQueNoSeDescontoSeDescuentaLaNocheSiguiente) {
   EXPECT_TRUE(noche(u"UPDATE GRUPOS SET NOMGPO='y'"_s).filter(u"se ha hecho ahora"_s).isEmpty());
 }
 
+// A file that can't be written tonight gets this night's block tomorrow, once, before tomorrow's.
+TEST_F(RunnerTest, LoQueNoSeExportoSeExportaLaNocheSiguiente) {
+  const QString exportado = tienda_.dir.filePath(u"VENTAS.EXP"_s);
+  const auto noche = [&](const QString& destino) {
+    const auto lineas = correr(QString(kNoche).replace(u"VENTAS"_s, destino));
+    tienda_.reloj.avanzar(24LL * 3600 * 1000);
+    maquinasDePrueba().porGrupo[1] = {1, 100, 300, 0};
+    return lineas;
+  };
+  ASSERT_TRUE(QDir().mkpath(exportado));
+  for (const int nueva : {0, 1}) {
+    EXPECT_EQ(noche(u"VENTAS"_s).filter(u"Sigue pendiente"_s).size(), nueva);
+    EXPECT_EQ(fin_, ResultadoProceso::Problemas);
+  }
+  ASSERT_TRUE(QDir(exportado).removeRecursively());
+  // Another name for the file is as good a mend.
+  EXPECT_EQ(noche(u"OTRO"_s).filter(u"se ha hecho ahora"_s).size(), 2);
+  EXPECT_EQ(fin_, ResultadoProceso::Bien);
+  EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*Ventas"_s), 3);
+  EXPECT_TRUE(noche(u"OTRO"_s).filter(u"se ha hecho ahora"_s).isEmpty());
+  EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*Ventas"_s), 4);
+}
+
 TEST_F(RunnerTest, UnaLineaQueNoEsPasoSeDiceCuandoLoParece) {
   struct Caso {
     const char16_t* proceso;

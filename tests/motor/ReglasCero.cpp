@@ -128,7 +128,74 @@ TEST_F(Reglas, LoQueOlvidoUnaDeVariasNoSePisaEnLaBandeja) {
   EXPECT_EQ(bandeja(3, 17), leido);
 }
 
-// The register is silent at one frame, and the zeroing is asked for again without a new reading.
+// The order gets no answer, or a refusal. Before it is sent again the machine must show what it
+// holds.
+TEST_F(Reglas, UnaOrdenSinRespuestaNoSeRepiteACiegas) {
+  struct Caso {
+    int tipo, clase, trama;
+    bool borra, vende;
+    int ordenes;   // that the machine heard
+    qint64 queda;  // of its grand total
+  };
+  const Caso casos[] = {{1, 17, 910, false, false, 2, 0},  {1, 17, 910, false, true, 1, 1300},
+                        {1, 17, 910, true, false, 1, 0},   {1, 17, 910, true, true, 1, 300},
+                        {3, 17, 3054, false, false, 2, 0}, {3, 17, 3054, true, true, 1, 1300},
+                        {3, 17, 3056, true, true, 1, 300}, {1, 16, 910, false, false, 1, 1000},
+                        {1, 16, 910, true, false, 1, 0}};
+  articulo(10, QStringLiteral("2000010"));
+  for (int g = 1; const Caso& c : casos) {
+    SCOPED_TRACE(g);
+    grupo(g, c.tipo, QStringLiteral("toma %1").arg(g));
+    vender(g, 10, 500, 100);
+    vender(g, 10, 500, 100);
+    encolar(g, c.clase);
+    ASSERT_TRUE(correr());
+    problemas.clear();
+    fallo(g, {c.borra ? Averia::RespuestaPerdida : Averia::CeroRechazado, 1, c.trama});
+    encolar(g, 6, false);
+    const QString orden = QString::number(c.trama);
+    for (int n = 0; n < 100 && oidas(g).filter(orden).isEmpty(); ++n) reloj.avanzar(10);
+    if (c.vende) vender(g, 10, 300, 50);
+    ASSERT_TRUE(correr());
+    EXPECT_EQ(oidas(g).filter(orden).size(), c.ordenes) << oidas(g).join(u' ').toStdString();
+    EXPECT_EQ(problemas.isEmpty(), c.queda < 1000) << problemas.join(u' ').toStdString();
+    EXPECT_EQ(maquina(g).memoria().contadores().granTotal.imp, c.queda);
+    ++g;
+  }
+}
+
+// A grand total that was read before the machine last forgot says nothing of what it holds now.
+TEST_F(Reglas, UnGranTotalDeOtraNocheNoVale) {
+  tienda();
+  leida(1);
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  vender(1, 10, 55, 1);
+  encolar(1, 16);
+  ASSERT_TRUE(correr());
+  arrancar(true);
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(problemas, QStringList{QStringLiteral("6 G1 E22 (0)")});
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
+}
+
+// Whoever deletes the journal of the database by mistake loses nothing that a machine has
+// forgotten.
+TEST_F(Reglas, LoQueSeOlvidaEstaEnElFicheroMismo) {
+  tienda();
+  leida(1);
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  ASSERT_EQ(maquina(1).memoria().puestas().size(), 1U);
+  const QString copia = carpeta_.filePath(QStringLiteral("solo.mdb"));
+  ASSERT_TRUE(QFile::copy(db->ruta(), copia));
+  const auto sola = valor(dao::Database::OpenDatabase(copia, {}));
+  EXPECT_EQ(valor(sola->uno(u"SELECT IMP FROM TOTGRT WHERE LINK=0 AND GRUPO=1")).entero(), 600);
+}
+
+// The register is silent at one frame and behind it, and the zeroing is asked for again without a
+// new reading.
 TEST_F(Reglas, ElRegistroAMediasSigueDondeQuedo) {
   struct Caso {
     int calla;      // deaf for this frame
@@ -158,7 +225,7 @@ TEST_F(Reglas, ElRegistroAMediasSigueDondeQuedo) {
       for (int n = 0; n < 3; ++n) vender(3, 10, 200, 0, 1, 4);
       leida(3);
       auto& percances = maquina(3, 4).percances();
-      std::vector<simulador::Paso> guion;
+      std::vector<simulador::Paso> guion{{Averia::Sorda, 0, 2060}};
       if (c.borra) guion.push_back({Averia::CeroSinRespuesta, 1, c.calla});
       for (int n = c.borra ? 2 : 1; n < 20; ++n) guion.push_back({Averia::Sorda, n, c.calla});
       maquina(3, 4).cambiarPercances(simulador::Percances({.guion = guion}, 1));

@@ -92,12 +92,17 @@ Resultado<bool> ListaRecibida::continuar(const std::vector<Linea>& lineas) {
 }
 
 Resultado<> ListaRecibida::guardar(const std::vector<Linea>& lineas) {
-  const Nombres& n = nombres(que_);
   auto tr = dao::Transaccion::empezar(e_.db);
   if (!tr) return std::unexpected(tr.error());
   const auto sigue = continuar(lineas);
   if (!sigue) return std::unexpected(sigue.error());
-  if (*sigue) return tr->confirmar();
+  if (!*sigue) TARVO_INTENTAR(empezarDocumento(lineas));
+  TARVO_INTENTAR(tr->confirmar());
+  return e_.db.asentar();
+}
+
+Resultado<> ListaRecibida::empezarDocumento(const std::vector<Linea>& lineas) {
+  const Nombres& n = nombres(que_);
   // Another list: the machine has forgotten those before it.
   TARVO_INTENTAR(e_.db.ejecutar(
       u"UPDATE ListasRecibidas SET OLVIDADA=1 WHERE GRUPO=? AND CLASE=?"_s, t_.Grupo, t_.Clase));
@@ -114,7 +119,7 @@ Resultado<> ListaRecibida::guardar(const std::vector<Linea>& lineas) {
                      u"OLVIDADA) VALUES (?, ?, ?, ?, ?, 0)"_s,
                      t_.Grupo, t_.Clase, numero_, huella(lineas, lineas.size()),
                      static_cast<qint64>(lineas.size())));
-  return tr->confirmar();
+  return {};
 }
 
 Resultado<> ListaRecibida::olvidada() {

@@ -23,6 +23,7 @@ class ListaRecibida {
 
  private:
   Resultado<bool> continuar(const std::vector<maquinas::Linea>& lineas);
+  Resultado<> empezarDocumento(const std::vector<maquinas::Linea>& lineas);
   Resultado<qint64> numeroNuevo();
   Resultado<> escribirLineas(const std::vector<maquinas::Linea>& lineas, size_t desde);
 

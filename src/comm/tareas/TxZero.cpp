@@ -19,8 +19,8 @@ std::unexpected<Error> suprimido(const QString& texto) {
 
 // Tells each machine of a group to forget its counters. The intention is on disk before a machine's
 // first frame, the outcome right behind its answer; a register, which clears one set of counters a
-// frame, is noted set by set. Where the run goes on from one that was cut off, or the machine was
-// left half cleared, it must first show that it holds what was read of it.
+// frame, is noted set by set. Where the run goes on from one that was cut off, the machine was left
+// half cleared, or an order got no answer, it must first show that it holds what was read of it.
 class Cero final : public motor::TrabajoTarea {
  public:
   Cero(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e), toda_(t.Todo) {}
@@ -28,10 +28,14 @@ class Cero final : public motor::TrabajoTarea {
   bool encaja(int addr, int codigo, const QByteArray& datos) const override;
   Resultado<> respuesta(int addr, int codigo, const QByteArray& datos) override;
   void reanudar() override {
-    if (prueba_) prueba_->reanudar();
+    if (prueba_)
+      prueba_->reanudar();
+    else
+      dudar();
   }
   void fallo() override {
     if (t_.Tipo == 4) toda_ = false;
+    if (!prueba_) dudar();
   }
   Resultado<std::vector<totals::Aviso>> cerrar() override { return std::vector<totals::Aviso>{}; }
   qint64 avance() const override { return static_cast<qint64>(maquina_); }
@@ -39,6 +43,8 @@ class Cero final : public motor::TrabajoTarea {
  private:
   Resultado<> preparar();
   Resultado<> mirar();
+  void dudar();
+  bool debeProbar() const { return (comprobar_ || empezada_ || repetida_) && !probada_; }
   Resultado<std::optional<Siguiente>> probar();
   Resultado<> juzgar(const totals::Contadores& leido);
   Resultado<> parteHecha();
@@ -51,6 +57,7 @@ class Cero final : public motor::TrabajoTarea {
   const motor::Entorno e_;
   bool toda_, preparada_ = false, comprobar_ = false, probada_ = false, anunciada_ = false;
   bool mirada_ = false, empezada_ = false;  // whether sets of the present machine were announced
+  bool repetida_ = false;  // the present machine was told already, and nobody knows if it heard
   std::vector<int>
       pendientes_;  // machines yet to forget, by address; 0 where the group answers as one
   size_t maquina_ = 0;
@@ -106,11 +113,15 @@ Resultado<> Cero::juzgar(const totals::Contadores& leido) {
   if (!r) return std::unexpected(r.error());
   prueba_.reset();
   using C = totals::Sesion::Comparacion;
+  const bool sinBase = *r == C::SinLectura || *r == C::OtrasClases;
   if (t_.Tipo == 3 && paso_ == 3) {
     if (!leido.cero()) return hecha();
-  } else if (*r == C::SinBase && !comprobar_) {
+  } else if (*r == C::OtrasClases && t_.Tipo != 3 && leido.cero()) {
+    return hecha();
+  } else if (sinBase && !comprobar_ && (t_.Tipo == 3 || *r == C::SinLectura)) {
+    anunciada_ = anunciada_ && paso_ == 1;
     paso_ = 1;
-  } else if (*r == C::Mas || *r == C::SinBase) {
+  } else if (*r == C::Mas || sinBase) {
     return suprimido(e_.textos(kTxGuardaVentas, {t_.Grupo, addr()}));
   } else if (*r == C::Cero) {
     if (t_.Tipo != 3 || paso_ != 2 || !leido.cero()) return hecha();
@@ -131,11 +142,19 @@ Resultado<> Cero::mirar() {
   return {};
 }
 
+// An order without an answer may have been obeyed, and the machine may have sold since: it isn't
+// sent again on trust. An Ebony machine that took the order has only to be waited for.
+void Cero::dudar() {
+  if (!anunciada_ || (t_.Tipo == 2 && paso_ == 2)) return;
+  repetida_ = true;
+  probada_ = mirada_ = false;
+}
+
 Resultado<Siguiente> Cero::siguiente() {
   TARVO_INTENTAR(preparar());
   while (maquina_ < pendientes_.size()) {
     TARVO_INTENTAR(mirar());
-    if ((comprobar_ || empezada_) && !probada_) {
+    if (debeProbar()) {
       auto s = probar();
       if (!s) return std::unexpected(s.error());
       if (*s) return **s;
@@ -185,7 +204,7 @@ Resultado<> Cero::hecha() {
   TARVO_INTENTAR(e_.sesion.ceroHecho(t_.Grupo, addr(), maquina_ + 1 == pendientes_.size()));
   ++maquina_;
   paso_ = 1;
-  probada_ = anunciada_ = mirada_ = false;
+  probada_ = anunciada_ = mirada_ = repetida_ = false;
   return {};
 }
 

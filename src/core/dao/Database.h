@@ -86,6 +86,10 @@ class Database {
   virtual const QString& ruta() const = 0;
   // A consistent copy of the database in use, by the engine's online backup.
   virtual Resultado<> copiarEn(const QString& ruta) = 0;
+  // Moves what is committed from the engine's journal into the file itself, as far as no reader
+  // stands in the way, and flushes it: before a machine is told to forget what the books hold.
+  // Within a transaction it does nothing.
+  virtual Resultado<> asentar() = 0;
   // Counts every change made through this connection; equal values mean that no row changed in
   // between.
   virtual qint64 cambios() const = 0;

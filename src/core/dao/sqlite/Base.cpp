@@ -121,4 +121,13 @@ Resultado<> Base::copiarEn(const QString& ruta) {
   return copiarBase(con_->ruta, ruta);
 }
 
+Resultado<> Base::asentar() {
+  if (profundidad() > 0) return {};
+  const int rc = sqlite3_wal_checkpoint_v2(con_->cruda(), nullptr, SQLITE_CHECKPOINT_PASSIVE,
+                                           nullptr, nullptr);
+  const int clase = rc & 0xff;
+  if (clase == SQLITE_OK || clase == SQLITE_BUSY || clase == SQLITE_LOCKED) return {};
+  return std::unexpected(con_->error(rc));
+}
+
 }  // namespace tarvo::dao

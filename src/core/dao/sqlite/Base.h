@@ -25,6 +25,7 @@ class Base final : public Database {
   bool existeColumna(QStringView tabla, QStringView columna) override;
   const QString& ruta() const override { return con_->ruta; }
   Resultado<> copiarEn(const QString& ruta) override;
+  Resultado<> asentar() override;
   qint64 cambios() const override { return con_->cambios(); }
 
  private:
