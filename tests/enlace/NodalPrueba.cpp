@@ -68,6 +68,23 @@ TEST_F(MaquinaNodal, CuatroEnviosYLuego8) {
   EXPECT_EQ(cable().vaciados, vaciados + 1);
 }
 
+// The number that one machine used last is no repeat when another one uses it.
+TEST_F(MaquinaNodal, CadaMaquinaCuentaLasSuyas) {
+  auto& e = abierto(kNodalMotor);
+  for (const int nodo : {3, 4, 3}) {
+    e.Enviar(nodo, 36, "D");
+    cable().entra(ndl(9, 6, {}, nodo));
+    EXPECT_EQ(motor.nuevo(), u"EnvioNDL 0");
+  }
+}
+
+TEST_F(MaquinaNodal, UnaOrdenUnicaNoSeRepite) {
+  abierto(kNodalMotor).Enviar(3, 71, {}, true);
+  reloj.avanzar(ajustes.TimeACK);
+  EXPECT_EQ(motor.nuevo(), u"EnvioNDL 8");
+  EXPECT_EQ(tramasEnviadas(), 1U);
+}
+
 // Acknowledgement and list in one piece: each step is read by the state that the one before led to.
 TEST_F(MaquinaNodal, AckYListaPegados) {
   auto& e = abierto(kNodalMotor);

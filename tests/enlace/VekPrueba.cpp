@@ -293,4 +293,23 @@ TEST_F(MaquinaVEK, UnAckDeAntesNoVale) {
   EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 -1 0");
 }
 
+// Neither a lost acknowledgement nor a machine that says its last frame again sends it once more.
+TEST_F(MaquinaVEK, UnaOrdenUnicaNoSeRepite) {
+  for (const bool repetida : {false, true}) {
+    auto& e = abierto(kVekMotor);
+    if (repetida) {
+      e.Enviar(1, 10, {});
+      cable().entra(ack + vek(5, 10, "SI"));
+      EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 10 SI");
+    }
+    const auto antes = tramasEnviadas();
+    e.Enviar(1, 910, {}, true);
+    if (repetida) cable().entra(ack + vek(5, 10, "SI"));
+    reloj.avanzar(60'000);
+    EXPECT_EQ(motor.nuevo().left(11), repetida ? u"EnvioVEK 17" : u"EnvioVEK 16");
+    EXPECT_EQ(tramasEnviadas(), antes + 1);
+    enlaces.abandonar(0);
+  }
+}
+
 }  // namespace

@@ -155,13 +155,16 @@ void Plan::noche(Azar& azar, std::size_t maquinas) {
   PlanNoche n;
   n.minuto = azar.entero(21 * 60 + 10, 23 * 60 + 50);
   const bool mala = azar.ocurre(0.8);
+  bool vendeTrasElCero = false;
   for (std::size_t m = 0; m < maquinas; ++m) {
     simulador::Fallos f;
     for (int k = mala ? azar.entero(0, 3) : 0; k > 0; --k) {
       const auto averia = static_cast<Averia>(azar.entero(0, static_cast<int>(Averia::Total) - 1));
       // What no check of the wire can see is left out; one flipped bit is the line's own fault, see
       // Hilo.
-      if (averia == Averia::BitsCambiados || averia == Averia::VentaEnMedio) continue;
+      if (averia == Averia::BitsCambiados || averia == Averia::VentaEnMedio ||
+          averia == Averia::VentaDetras)
+        continue;
       const double p = std::pow(10.0, -0.5 - azar.entero(0, 20) / 10.0);
       const bool rara =
           averia == Averia::Oscura || averia == Averia::ListaSinFin || averia == Averia::Basura;
@@ -173,10 +176,19 @@ void Plan::noche(Azar& azar, std::size_t maquinas) {
     if (mala && azar.ocurre(0.1))
       f.guion.push_back({Averia::Oscura, azar.entero(1, 60), -1, 0, azar.entero(5, 7200) * 1000});
     if (mala && azar.ocurre(0.1)) f.conexionesRechazadas = azar.entero(1, 6);
+    // An order to forget that wasn't answered well, and a customer behind it. The link repeats by
+    // itself what it can't hear to be acknowledged, so nothing else may go wrong with this machine.
+    if (mala && azar.ocurre(0.1)) {
+      f = {};
+      f.guion.push_back({Averia::VentaDetras, 1, -2, 0, articulos.rbegin()->first});
+      f.guion.push_back({uno(azar, {Averia::RespuestaPerdida, Averia::CeroRechazado}), 1, -2});
+      vendeTrasElCero = true;
+    }
     f.limiteLista = azar.entero(20, 400);
     n.fallos.push_back(f);
   }
-  if (mala && azar.ocurre(0.3)) n.linea = {0.2, 0.2, azar.ocurre(0.5) ? 0.02 : 0.0, 0.1};
+  if (mala && azar.ocurre(0.3))
+    n.linea = {0.2, 0.2, azar.ocurre(0.5) && !vendeTrasElCero ? 0.02 : 0.0, 0.1};
   if (azar.ocurre(0.4))
     for (int c = azar.entero(1, 3); c > 0; --c) {
       Corte corte;

@@ -21,6 +21,7 @@ enum class Averia {
   Rechazo,           // NODAL: rejection (code 7), not executed
   Espera,            // NODAL: a wait frame of `valor` units before what follows
   VentaEnMedio,      // a sale is made just before the answer
+  VentaDetras,       // a sale (of article `valor`) right behind the answer, even a lost one
   Oscura,            // from here on nothing is heard for `valor` ms (default oscuraMs)
   OtroNumero,        // answers the question about the next number
   CeroSinRespuesta,  // zeroed, but nobody is told

@@ -64,9 +64,12 @@ void Maquina::sell(Venta venta) {
   memoria_.vender(venta);
 }
 
-void Maquina::venderAlAzar() {
+void Maquina::venderAlAzar(int articulo) {
   if (memoria_.catalogo.empty()) return;
-  sell(ventaAlAzar(memoria_, percances_.azar()));
+  Venta venta = ventaAlAzar(memoria_, percances_.azar());
+  if (const auto sitio = memoria_.catalogo.find(articulo); sitio != memoria_.catalogo.end())
+    venta.articulo = articulo, venta.departamento = sitio->second.departamento;
+  sell(venta);
 }
 
 // What the question does, faults of a question included.
@@ -90,6 +93,7 @@ void Maquina::procesar(const Peticion& peticion) {
     return;
   }
   contestar(peticion, decidir(peticion, sucesos), sucesos);
+  if (sucesos.tiene(Averia::VentaDetras)) venderAlAzar(sucesos.valor(Averia::VentaDetras, 0));
 }
 
 Respuesta Maquina::decidir(const Peticion& peticion, Sucesos& sucesos) {

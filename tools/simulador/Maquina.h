@@ -75,7 +75,7 @@ class Maquina {
 
   // Sells now: the moment, the hour and, when 0, the department are filled in.
   void sell(Venta venta);
-  void venderAlAzar();
+  void venderAlAzar(int articulo = 0);  // of that one, if the catalogue has it
   void abrirTicket() { ticketAbierto_ = true; }
 
  protected:

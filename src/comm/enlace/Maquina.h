@@ -64,6 +64,8 @@ class Maquina {
   void esperarVEK(int codigo);
   void esperarNODAL();
   void tiempoRespuesta(int ms) { tiempoRespuesta_ = ms; }
+  // Of the frames sent from now on: they go out once, whatever is heard.
+  void unaVez(bool si) { unaVez_ = si; }
   int estado() const { return estado_; }
   // Of the frame handed over last: its number follows that of the frame before it.
   bool seguida() const { return seguida_; }
@@ -123,7 +125,8 @@ class Maquina {
   int ultima_ = -1;       // of the last frame accepted
   bool primera_ = false;  // nothing has answered the present question yet
   bool seguida_ = true;
-  int envios_ = 0;     // how often the present frame went out
+  int envios_ = 0;  // how often the present frame went out
+  bool unaVez_ = false;
   int repetidas_ = 0;  // how often a repeated frame made us send it again
   int estacion_ = 0;
   int codigo_ = 0;

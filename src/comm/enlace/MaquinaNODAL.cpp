@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "comm/enlace/Errores.h"
 #include "comm/enlace/Maquina.h"
@@ -18,7 +19,8 @@ void Maquina::enviarNODAL(int addr, int codigo, const QByteArray& datos) {
   vaciar();
   envios_ = 1;
   estado_ = kEsperaAckNodal;
-  estacion_ = addr & 0xFF;
+  // Each machine of a wire counts its own frames.
+  if (const int antes = std::exchange(estacion_, addr & 0xFF); antes != estacion_) ultima_ = -1;
   codigo_ = codigo;
   cuerpo_ = datos;
   iniciarEspera(tiempos_.ack);
@@ -74,7 +76,7 @@ bool Maquina::datosTramaNodal() {
 // ------------------------------------------------------------------------------------------
 
 void Maquina::venceAckNodal() {
-  if (envios_ >= kEnviosNodalMax) {
+  if (unaVez_ || envios_ >= kEnviosNodalMax) {
     vaciar();
     return acabarNodal(kErrorNodalSinConfirmar);
   }

@@ -98,7 +98,7 @@ bool Maquina::datosRepetida() {
 // ------------------------------------------------------------------------------------------
 
 void Maquina::venceACK() {
-  if (envios_ >= kEnviosMax) {
+  if (unaVez_ || envios_ >= kEnviosMax) {
     vaciar();
     return acabarVEK(kErrorSinACK);
   }
@@ -118,7 +118,7 @@ void Maquina::venceTrama() {
 }
 
 void Maquina::venceRepetida() {
-  if (++repetidas_ > kRepetidasMax) return venceTrama();
+  if (unaVez_ || ++repetidas_ > kRepetidasMax) return venceTrama();
   envios_ = 1;
   estado_ = kEsperaACK;
   iniciarEspera(kEsperaRepetida);

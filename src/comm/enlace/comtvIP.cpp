@@ -19,8 +19,9 @@ bool comtvIP::EnlaceCerrado() const {
   return d->acabado || !d->cable || d->cable->estado() == 1;
 }
 
-int comtvIP::Enviar(int addr, int codigo, const QByteArray& datos) {
+int comtvIP::Enviar(int addr, int codigo, const QByteArray& datos, bool unaVez) {
   if (!d->listo() || d->saleMotor) return kErrorEnlaceCerrado;
+  d->maquina.unaVez(unaVez);
   if (d->paraAbierto == kNodalMotor)
     d->maquina.enviarNODAL(addr, codigo, datos);
   else
@@ -30,6 +31,7 @@ int comtvIP::Enviar(int addr, int codigo, const QByteArray& datos) {
 
 int comtvIP::Pedir(int addr, int codigo, const QByteArray& datos) {
   if (!d->listo() || !d->esVek() || d->saleMotor) return kErrorEnlaceCerrado;
+  d->maquina.unaVez(false);
   d->maquina.enviarVEK(addr, codigo, datos, true);
   return 0;
 }

@@ -75,7 +75,8 @@ class comtvIP final : private LinkSocket::Oyente {
   // Each answers an error code at once, 0 for accepted. See Enlaces::abrir for opening.
   int CerrarEnlace(int para = kNada);
   bool EnlaceCerrado() const;
-  int Enviar(int addr, int codigo, const QByteArray& datos);
+  // `unaVez`: the link never repeats the frame, which the machine may have obeyed unheard.
+  int Enviar(int addr, int codigo, const QByteArray& datos, bool unaVez = false);
   int Pedir(int addr, int codigo, const QByteArray& datos);
   int RxNODAL(int addr);
   int RxVEK(int addr, int codigo);

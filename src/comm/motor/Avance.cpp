@@ -216,7 +216,7 @@ int gestcomm::Interior::mandar(int c, const TareaViva&, const Siguiente& s) {
   link->TimeOut(s.timeOut != 0 ? s.timeOut : entorno.ajustes.TimeOut);
   switch (s.que) {
     case Siguiente::Enviar:
-      return link->Enviar(s.addr, s.codigo, s.datos);
+      return link->Enviar(s.addr, s.codigo, s.datos, s.unaVez);
     case Siguiente::Pedir:
       return link->Pedir(s.addr, s.codigo, s.datos);
     case Siguiente::EsperarVEK:

@@ -1,6 +1,7 @@
 // Channels and links: what their events and failures do to the tasks on them.
 #include <algorithm>
 
+#include "comm/enlace/Errores.h"
 #include "comm/motor/Interior.h"
 
 namespace tarvo::motor {
@@ -181,6 +182,8 @@ void gestcomm::Interior::respuesta(int c, int error, int addr, int codigo, const
       deLista && error == 0 && t->Estado == kInterrumpido && t->Error == kErrorTiempo;
   if (t->Estado != kTransfiriendo && !tarde) return;
   const int id = t->datos.Id;
+  const bool callada = error != 0 && error != enlace::kErrorRechazo && !t->Retenida;
+  if (callada && t->trabajo->sinRespuesta()) return siguienteTrama(id);
   if (error == 0) error = deLista ? 0 : errorDeMaquina(datos, t->clase->toleraErr5);
   if (error != 0) return falloTrama(id, error);
   t->Estado = kTransfiriendo;

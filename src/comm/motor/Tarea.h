@@ -63,7 +63,8 @@ struct Siguiente {
   int addr = 0;
   int codigo = 0;
   QByteArray datos;
-  int timeOut = 0;  // ms to wait for the answer; 0 for the setting TimeOut
+  int timeOut = 0;      // ms to wait for the answer; 0 for the setting TimeOut
+  bool unaVez = false;  // of Enviar: an order that the link must not repeat by itself
   static Siguiente fin() { return {}; }
 };
 
@@ -98,6 +99,9 @@ class TrabajoTarea {
   // The task goes on after a failure or on a new link: a list that must start again forgets what it
   // had of the machine now served.
   virtual void reanudar() {}
+  // The machine has not answered the present step. True: siguiente() has something else to do on
+  // this link, and the failure doesn't count.
+  virtual bool sinRespuesta() { return false; }
   // ReglaReintento saw a failure of this task.
   virtual void fallo() {}
   // CierreTarea: stores what was read, marks the session. When it fails the task has failed, and is

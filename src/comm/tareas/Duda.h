@@ -21,6 +21,12 @@ class Contraste {
   explicit Contraste(int vueltas) : maximo_(vueltas) {}
 
   void dudar() { dudosa_ = true; }
+  // A list broke off: what came before it and what comes behind are not running.
+  void romper() {
+    dudosa_ = true;
+    leida_.reset();
+    iguales_ = 0;
+  }
   bool dudosa() const { return dudosa_; }
   // A list has ended: true when it stands, since nobody doubts it or it came `veces` times running;
   // false when it is to be asked again. An Error of class Formato when it never comes alike.
@@ -64,6 +70,7 @@ class DudaDeLista {
     return {};
   }
   void dudar() { contraste_.dudar(); }
+  void romper() { contraste_.romper(); }
   Resultado<bool> vale(const Lista& lista) { return contraste_.vale(lista, e_.textos); }
   // The last list of the task stands.
   Resultado<> acabar() {

@@ -44,7 +44,7 @@ class Lista : public motor::TrabajoTarea {
   }
   // The link or an answer failed: late ones may come, and no frame says which lines it holds.
   void reanudar() override {
-    if (lectura()) dudar();
+    if (lectura()) contraste_.romper();
   }
   void salto() final {
     if (lectura()) dudar();

@@ -130,7 +130,7 @@ Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
 }
 
 void ListaNodal::reanudar() {
-  duda_.dudar();
+  duda_.romper();
   if (fase_ != 2) return;
   fase_ = 1;
   otraVez();
@@ -196,7 +196,7 @@ Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
 
 void ListasCaja::reanudar() {
   fase_ = 1;
-  duda_.dudar();
+  duda_.romper();
 }
 
 QString ListasCaja::MostrarTraza() const {

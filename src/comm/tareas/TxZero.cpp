@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "comm/maquinas/Caja.h"
 #include "comm/maquinas/Nodal.h"
@@ -35,7 +36,15 @@ class Cero final : public motor::TrabajoTarea {
   }
   void fallo() override {
     if (t_.Tipo == 4) toda_ = false;
+    insistida_ = false;
     if (!prueba_) dudar();
+  }
+  // At once, while the link is there and nothing new is sold: what it holds, and then the order
+  // once more.
+  bool sinRespuesta() override {
+    if (prueba_ || !anunciada_ || std::exchange(insistida_, true)) return false;
+    dudar();
+    return true;
   }
   Resultado<std::vector<totals::Aviso>> cerrar() override { return std::vector<totals::Aviso>{}; }
   qint64 avance() const override { return static_cast<qint64>(maquina_); }
@@ -57,7 +66,8 @@ class Cero final : public motor::TrabajoTarea {
   const motor::Entorno e_;
   bool toda_, preparada_ = false, comprobar_ = false, probada_ = false, anunciada_ = false;
   bool mirada_ = false, empezada_ = false;  // whether sets of the present machine were announced
-  bool repetida_ = false;  // the present machine was told already, and nobody knows if it heard
+  bool repetida_ = false;   // the present machine was told already, and nobody knows if it heard
+  bool insistida_ = false;  // a silence was followed by a question in this attempt
   std::vector<int>
       pendientes_;  // machines yet to forget, by address; 0 where the group answers as one
   size_t maquina_ = 0;
@@ -143,9 +153,10 @@ Resultado<> Cero::mirar() {
 }
 
 // An order without an answer may have been obeyed, and the machine may have sold since: it isn't
-// sent again on trust. An Ebony machine that took the order has only to be waited for.
+// sent again on trust.
 void Cero::dudar() {
-  if (!anunciada_ || (t_.Tipo == 2 && paso_ == 2)) return;
+  if (!anunciada_) return;
+  if (t_.Tipo == 2) paso_ = 1;
   repetida_ = true;
   probada_ = mirada_ = false;
 }
@@ -169,12 +180,14 @@ Resultado<Siguiente> Cero::siguiente() {
 }
 
 Siguiente Cero::trama() const {
+  constexpr bool kUnaVez = true;
   if (t_.Tipo == 3)
-    return {Siguiente::Enviar, addr(), maquinas::caja::puestaACero(paso_).codigo, {}};
+    return {Siguiente::Enviar, addr(), maquinas::caja::puestaACero(paso_).codigo, {}, 0, kUnaVez};
   const int cero = e_.ajustes.TimeCero;
   if (t_.Tipo != 2)
-    return {Siguiente::Enviar, 0, maquinas::vek::puestaACero(toda_).codigo, {}, cero};
-  if (paso_ == 1) return {Siguiente::Enviar, t_.Addr, maquinas::nodal::puestaACero().codigo, {}};
+    return {Siguiente::Enviar, 0, maquinas::vek::puestaACero(toda_).codigo, {}, cero, kUnaVez};
+  if (paso_ == 1)
+    return {Siguiente::Enviar, t_.Addr, maquinas::nodal::puestaACero().codigo, {}, 0, kUnaVez};
   return {Siguiente::EsperarNODAL, t_.Addr, 0, {}, cero};
 }
 
@@ -204,7 +217,7 @@ Resultado<> Cero::hecha() {
   TARVO_INTENTAR(e_.sesion.ceroHecho(t_.Grupo, addr(), maquina_ + 1 == pendientes_.size()));
   ++maquina_;
   paso_ = 1;
-  probada_ = anunciada_ = mirada_ = repetida_ = false;
+  probada_ = anunciada_ = mirada_ = repetida_ = insistida_ = false;
   return {};
 }
 
