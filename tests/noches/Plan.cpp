@@ -155,7 +155,6 @@ void Plan::noche(Azar& azar, std::size_t maquinas) {
   PlanNoche n;
   n.minuto = azar.entero(21 * 60 + 10, 23 * 60 + 50);
   const bool mala = azar.ocurre(0.8);
-  bool vendeTrasElCero = false;
   for (std::size_t m = 0; m < maquinas; ++m) {
     simulador::Fallos f;
     for (int k = mala ? azar.entero(0, 3) : 0; k > 0; --k) {
@@ -176,19 +175,17 @@ void Plan::noche(Azar& azar, std::size_t maquinas) {
     if (mala && azar.ocurre(0.1))
       f.guion.push_back({Averia::Oscura, azar.entero(1, 60), -1, 0, azar.entero(5, 7200) * 1000});
     if (mala && azar.ocurre(0.1)) f.conexionesRechazadas = azar.entero(1, 6);
-    // An order to forget that wasn't answered well, and a customer behind it. The link repeats by
-    // itself what it can't hear to be acknowledged, so nothing else may go wrong with this machine.
+    // An order to forget that wasn't answered well, and a customer behind it.
     if (mala && azar.ocurre(0.1)) {
-      f = {};
       f.guion.push_back({Averia::VentaDetras, 1, -2, 0, articulos.rbegin()->first});
-      f.guion.push_back({uno(azar, {Averia::RespuestaPerdida, Averia::CeroRechazado}), 1, -2});
-      vendeTrasElCero = true;
+      f.guion.push_back(
+          {uno(azar, {Averia::RespuestaPerdida, Averia::CeroSinRespuesta, Averia::CeroRechazado}),
+           1, -2});
     }
     f.limiteLista = azar.entero(20, 400);
     n.fallos.push_back(f);
   }
-  if (mala && azar.ocurre(0.3))
-    n.linea = {0.2, 0.2, azar.ocurre(0.5) && !vendeTrasElCero ? 0.02 : 0.0, 0.1};
+  if (mala && azar.ocurre(0.3)) n.linea = {0.2, 0.2, azar.ocurre(0.5) ? 0.02 : 0.0, 0.1};
   if (azar.ocurre(0.4))
     for (int c = azar.entero(1, 3); c > 0; --c) {
       Corte corte;
