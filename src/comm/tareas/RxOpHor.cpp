@@ -10,19 +10,13 @@ namespace {
 
 // The scale skips what has no sales: an answer stands at the question or behind it, and the walk
 // goes on from there.
-class CruzadoVek final : public PreguntasVek {
+class CruzadoVek final : public ConOperadores<PreguntasVek> {
  public:
-  using PreguntasVek::PreguntasVek;
+  using ConOperadores::ConOperadores;
   QString MostrarTraza() const override { return e_.textos(kTxPasoOperadorHora, {n_, h_}); }
   qint64 codigoActual() const override { return n_; }
 
  protected:
-  Resultado<> preparar() override {
-    auto r = leerOperadores(e_, t_.Grupo);
-    if (!r) return std::unexpected(r.error());
-    operadores_ = *r;
-    return {};
-  }
   bool acabada() const override { return n_ > maquinas::MaxOperadores(t_.Tipo); }
   maquinas::Peticion pregunta() const override { return maquinas::vek::operadorHora(n_, h_); }
   bool responde(const QByteArray& datos) const override {
@@ -43,7 +37,7 @@ class CruzadoVek final : public PreguntasVek {
         r->hora > 23)
       return tarvo::fallo(Fallo::Formato, e_.textos(kTxSinOperadorHora, {r->numero, r->hora}), 7);
     if (r->imp > 0 || r->pes > 0 || r->con > 0)
-      filasGrupo()[{operadores_[static_cast<size_t>(r->numero)], r->hora}] += contadores(*r);
+      filasGrupo()[{operador(r->numero), r->hora}] += contadores(*r);
     n_ = static_cast<int>(r->numero);
     h_ = r->hora + 1;
     if (h_ == 24) ++n_, h_ = 0;
@@ -52,35 +46,24 @@ class CruzadoVek final : public PreguntasVek {
 
  private:
   int n_ = 1, h_ = 0;
-  std::array<qint64, 21> operadores_{};
 };
 
-class CruzadoNodal final : public ListaNodal {
+class CruzadoNodal final : public ConOperadores<ListaNodal> {
  public:
-  using ListaNodal::ListaNodal;
+  using ConOperadores::ConOperadores;
 
  protected:
-  Resultado<> preparar() override {
-    auto r = leerOperadores(e_, t_.Grupo);
-    if (!r) return std::unexpected(r.error());
-    operadores_ = *r;
-    return {};
-  }
   maquinas::Peticion pregunta() const override { return maquinas::nodal::operadoresHoras(); }
   QString lugar() const override { return e_.textos(kTxLugarOperadoresHoras); }
   Resultado<> registros(const QByteArray& datos) override {
     const auto r = maquinas::nodal::leerOperadoresHoras(datos);
     if (!r) return malRegistro(r.error(), e_.textos);
     for (const maquinas::Total& t : *r)
-      if (t.numero < 1 || t.numero >= static_cast<qint64>(operadores_.size()) || t.hora > 23)
+      if (!esPosicion(t.numero) || t.hora > 23)
         return tarvo::fallo(Fallo::Formato, e_.textos(kTxSinOperadorHora, {t.numero, t.hora}), 7);
-    for (const maquinas::Total& t : *r)
-      anotar(t, {operadores_[static_cast<size_t>(t.numero)], t.hora});
+    for (const maquinas::Total& t : *r) anotar(t, {operador(t.numero), t.hora});
     return {};
   }
-
- private:
-  std::array<qint64, 21> operadores_{};
 };
 
 }  // namespace

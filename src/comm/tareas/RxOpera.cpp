@@ -9,19 +9,13 @@ namespace tarvo::tareas {
 namespace {
 
 // Positions that hold the same operator add up; a position without one counts for operator 0.
-class OperadoresVek final : public PreguntasVek {
+class OperadoresVek final : public ConOperadores<PreguntasVek> {
  public:
-  using PreguntasVek::PreguntasVek;
+  using ConOperadores::ConOperadores;
   QString MostrarTraza() const override { return e_.textos(kTxPasoOperador, {n_}); }
   qint64 codigoActual() const override { return n_; }
 
  protected:
-  Resultado<> preparar() override {
-    auto r = leerOperadores(e_, t_.Grupo);
-    if (!r) return std::unexpected(r.error());
-    operadores_ = *r;
-    return {};
-  }
   bool acabada() const override { return n_ > maquinas::MaxOperadores(t_.Tipo); }
   maquinas::Peticion pregunta() const override { return maquinas::vek::operador(n_); }
   bool responde(const QByteArray& datos) const override {
@@ -33,41 +27,31 @@ class OperadoresVek final : public PreguntasVek {
   Resultado<> registro(const QByteArray& datos) override {
     const auto r = maquinas::vek::leerOperador(datos);
     if (!r) return malRegistro(r.error(), e_.textos);
-    filasGrupo()[{operadores_[static_cast<size_t>(n_)], 0}] += contadores(*r);
+    filasGrupo()[{operador(n_), 0}] += contadores(*r);
     ++n_;
     return {};
   }
 
  private:
   int n_ = 1;
-  std::array<qint64, 21> operadores_{};
 };
 
-class OperadoresNodal final : public ListaNodal {
+class OperadoresNodal final : public ConOperadores<ListaNodal> {
  public:
-  using ListaNodal::ListaNodal;
+  using ConOperadores::ConOperadores;
 
  protected:
-  Resultado<> preparar() override {
-    auto r = leerOperadores(e_, t_.Grupo);
-    if (!r) return std::unexpected(r.error());
-    operadores_ = *r;
-    return {};
-  }
   maquinas::Peticion pregunta() const override { return maquinas::nodal::operadores(); }
   QString lugar() const override { return e_.textos(kTxLugarOperadores); }
   Resultado<> registros(const QByteArray& datos) override {
     const auto r = maquinas::nodal::leerOperadores(datos);
     if (!r) return malRegistro(r.error(), e_.textos);
     for (const maquinas::Total& t : *r)
-      if (t.numero < 1 || t.numero >= static_cast<qint64>(operadores_.size()))
+      if (!esPosicion(t.numero))
         return tarvo::fallo(Fallo::Formato, e_.textos(kTxSinOperador, {t.numero}), 7);
-    for (const maquinas::Total& t : *r) anotar(t, {operadores_[static_cast<size_t>(t.numero)], 0});
+    for (const maquinas::Total& t : *r) anotar(t, {operador(t.numero), 0});
     return {};
   }
-
- private:
-  std::array<qint64, 21> operadores_{};
 };
 
 }  // namespace

@@ -134,4 +134,25 @@ class ListasCaja : public Totales {
   DudaDeLista<Registros> duda_;
 };
 
+// A reading by position, whose rows bear the operator that holds it.
+template <class Lista>
+class ConOperadores : public Lista {
+ public:
+  using Lista::Lista;
+
+ protected:
+  Resultado<> preparar() override {
+    const auto r = leerOperadores(this->e_, this->t_.Grupo);
+    if (!r) return std::unexpected(r.error());
+    operadores_ = *r;
+    return {};
+  }
+  bool esPosicion(qint64 n) const { return n >= 1 && n < static_cast<qint64>(operadores_.size()); }
+  // REQUIRES esPosicion(n).
+  qint64 operador(qint64 n) const { return operadores_[static_cast<size_t>(n)]; }
+
+ private:
+  std::array<qint64, 21> operadores_{};
+};
+
 }  // namespace tarvo::tareas
