@@ -1,6 +1,7 @@
 // What the readings of a session show of zeroings that nobody wrote down. A counter only goes down
 // when its machine forgets: a machine of which some count of sales is lower than the one memorised
 // has been zeroed, in all its kinds of total.
+#include <algorithm>
 #include <map>
 #include <set>
 
@@ -69,12 +70,17 @@ Resultado<std::set<int>> bajaron(Database& db, const Releida& r) {
 
 namespace {
 
+// What stands in the session can only show a zeroing that was begun before it was read.
+const QString kSinConfirmar =
+    u"SEC_HECHO<SEC_INTENCION AND SEC_INTENCION<(SELECT MAX(SEC) FROM Lecturas WHERE "_s
+    u"Lecturas.GRUPO=Ceros.GRUPO)"_s;
+
 // Since when the machine counts afresh: the zeroing that was begun and not confirmed, else the
 // reading that was memorised.
 Resultado<Fecha> momentoDelCero(Database& db, int grupo, int addr, bool& anunciado) {
   auto rs = db.consultar(
-      u"SELECT INTENCION FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO<SEC_INTENCION"_s, grupo,
-      addr);
+      QString(u"SELECT INTENCION FROM Ceros WHERE GRUPO=? AND ADDR=? AND "_s + kSinConfirmar),
+      grupo, addr);
   if (!rs) return std::unexpected(rs.error());
   anunciado = !(*rs)->Eof();
   if (anunciado) return (*rs)->fecha(0);
@@ -87,10 +93,10 @@ Resultado<Fecha> momentoDelCero(Database& db, int grupo, int addr, bool& anuncia
 Resultado<> olvidar(Database& db, int grupo, int addr) {
   for (const ClaseTotal& c : todasLasClases()) TARVO_INTENTAR(apartarBase(db, grupo, c.numero));
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
-  TARVO_INTENTAR(db.ejecutar(
-      u"UPDATE Ceros SET HECHO=INTENCION, SEC_HECHO=SEC_INTENCION WHERE GRUPO=? AND ADDR=? AND "_s
-      u"SEC_HECHO<SEC_INTENCION"_s,
-      grupo, addr));
+  TARVO_INTENTAR(db.ejecutar(QString(u"UPDATE Ceros SET HECHO=INTENCION, SEC_HECHO=SEC_INTENCION "_s
+                                     u"WHERE GRUPO=? AND ADDR=? AND "_s +
+                                     kSinConfirmar),
+                             grupo, addr));
   return {};
 }
 
@@ -129,6 +135,21 @@ Resultado<std::multimap<qint64, int>> sumasRecibidas(Database& db, const Ajustes
     if (!(*rs)->Eof()) sumas.emplace((*rs)->entero(0), c.numero);
   }
   return sumas;
+}
+
+// Behind an order that nobody confirmed, counts that did not go down prove that the machine still
+// holds what is memorised only when all kinds that are memorised were read again: one article that
+// was sold before and not since tells, a grand total may have caught up.
+Resultado<bool> seSabe(Database& db, int grupo, const std::vector<Releida>& lista) {
+  const auto dudas =
+      db.uno(QString(u"SELECT count(*) FROM Ceros WHERE GRUPO=? AND "_s + kSinConfirmar), grupo);
+  if (!dudas) return std::unexpected(dudas.error());
+  if (dudas->entero() == 0) return true;
+  const auto memorizadas = db.uno(
+      u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND BASE_DUDOSA=0"_s,
+      grupo);
+  if (!memorizadas) return std::unexpected(memorizadas.error());
+  return std::ranges::count(lista, grupo, &Releida::grupo) >= memorizadas->entero();
 }
 
 }  // namespace
@@ -202,11 +223,20 @@ Resultado<> resolverBases(Database& db, const Ajustes& ajustes, const Textos& te
     TARVO_INTENTAR(darPorOlvidadas(db, ajustes, grupo, addrs, textos, avisos));
     ceros.insert(grupo);
   }
+  for (const Releida& r : *lista) {
+    if (ceros.contains(r.grupo) || aMedias->contains(r.grupo)) continue;
+    const auto sabido = seSabe(db, r.grupo, *lista);
+    if (!sabido) return std::unexpected(sabido.error());
+    if (*sabido) continue;
+    TARVO_INTENTAR(dejarFuera(db, ajustes, r.grupo));
+    avisos.push_back({r.grupo, textos(kTxCeroSinSaber, {r.grupo}), true});
+    ceros.insert(r.grupo);
+  }
   // An unconfirmed zeroing of a machine that still holds what was memorised did not happen.
   for (const Releida& r : *lista)
     if (!ceros.contains(r.grupo))
       TARVO_INTENTAR(
-          db.ejecutar(u"DELETE FROM Ceros WHERE GRUPO=? AND SEC_HECHO<SEC_INTENCION"_s, r.grupo));
+          db.ejecutar(QString(u"DELETE FROM Ceros WHERE GRUPO=? AND "_s + kSinConfirmar), r.grupo));
   return {};
 }
 

@@ -178,9 +178,7 @@ void Plan::noche(Azar& azar, std::size_t maquinas) {
     // An order to forget that wasn't answered well, and a customer behind it.
     if (mala && azar.ocurre(0.1)) {
       f.guion.push_back({Averia::VentaDetras, 1, -2, 0, articulos.rbegin()->first});
-      f.guion.push_back(
-          {uno(azar, {Averia::RespuestaPerdida, Averia::CeroSinRespuesta, Averia::CeroRechazado}),
-           1, -2});
+      f.guion.push_back({uno(azar, {Averia::CeroSinRespuesta, Averia::CeroRechazado}), 1, -2});
     }
     f.limiteLista = azar.entero(20, 400);
     n.fallos.push_back(f);

@@ -8,12 +8,15 @@ namespace tarvo::motor {
 
 namespace {
 
-// A refusal by the machine: "ERR" and a number. 0 for an answer that is good.
+// A refusal by the machine: "ERR" and a number from 1 to 5. 0 for an answer that is good. What is
+// left of a refusal that lost its end is no consent to an order.
 int errorDeMaquina(const QByteArray& datos, bool tolera5) {
-  if (!datos.startsWith("ERR")) return 0;
-  const int n = datos.mid(3, 2).trimmed().toInt();
-  if (n >= 1 && n <= 4) return 100 + n;
-  return n == 5 && !tolera5 ? 105 : 0;
+  constexpr QByteArrayView marca = "ERR";
+  const QByteArray comienzo = datos.left(marca.size());
+  if (comienzo.isEmpty() || !marca.startsWith(comienzo)) return 0;
+  const int n = datos.mid(marca.size(), 2).trimmed().toInt();
+  if (n < 1 || n > 5) return kErrorTrama;
+  return n == 5 && tolera5 ? 0 : 100 + n;
 }
 
 }  // namespace
