@@ -94,6 +94,43 @@ TEST_F(LibrosTest, LaPuestaACeroQueNadieAnotoNoPisaElDia) {
   }
 }
 
+// What was read before an order can't show that it was obeyed: an earlier one was.
+TEST_F(LibrosTest, ElCeroQueVieneDetrasNoExplicaLaLectura) {
+  dia();
+  leerTodo();
+  t.memorizar();
+  EXPECT_TRUE(t.ponerACero(1, true, false));
+  EXPECT_TRUE(t.ponerACero(2));
+  dia();
+  leerTodo();
+  EXPECT_TRUE(t.ponerACero(1, false, false));  // it never arrives
+  t.memorizar();
+  dia();
+  leerTodo();
+  t.memorizar();
+  for (const int g : {1, 2}) cuadran(t, g);
+}
+
+// The order got no answer, and the next night only the grand total is read, which has caught up.
+TEST_F(LibrosTest, TrasUnCeroSinRespuestaElGranTotalNoBasta) {
+  dia();
+  leerTodo();
+  t.memorizar();
+  EXPECT_TRUE(t.ponerACero(1, true, false));
+  EXPECT_TRUE(t.ponerACero(2));
+  dia();
+  for (int n = 0; n < 500; ++n) t.grupos.at(1).at(0).vender(10, 100, 0);
+  t.leerSolo(1, kGranTotal);
+  t.leer(2);
+  t.memorizar();
+  EXPECT_TRUE(t.textoAvisos().contains(u"no se memorizan. Vuelva a recogerlos"));
+  EXPECT_FALSE(t.ponerACero(1));
+  dia();
+  leerTodo();
+  t.memorizar();
+  for (const int g : {1, 2}) cuadran(t, g);
+}
+
 TEST_F(LibrosTest, ReleerElMismoDiaDejaElDiaEnteroUnaVez) {
   for (const bool sustituir : {true, false}) {
     dia();

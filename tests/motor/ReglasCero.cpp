@@ -185,6 +185,18 @@ TEST(Contraste, LoQueSeRompeNoVaSeguido) {
   EXPECT_TRUE(valor(c.vale(1, textos)));
 }
 
+// What is left of "ERR01" is still no consent.
+TEST_F(Reglas, UnaNegativaCortadaEsNegativa) {
+  tienda();
+  leida(1);
+  maquina(1).percances().cambiar(
+      {.guion = {{Averia::Err, 0, 910}, {Averia::RegistroCorto, 0, 910, 0, 2}}});
+  encolar(1, 6, false);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(problemas, QStringList{QStringLiteral("6 G1 E7 (6)")});
+  EXPECT_EQ(filas(QStringLiteral("SELECT count(*) FROM Sesiones WHERE PZERO IS NOT NULL")), u"0");
+}
+
 // A grand total that was read before the machine last forgot says nothing of what it holds now.
 TEST_F(Reglas, UnGranTotalDeOtraNocheNoVale) {
   tienda();
