@@ -47,9 +47,8 @@ ElemPerso::ElemPerso(ventanas::Contexto& contexto, const QString& nombre)
   connect(ui_.Bajar, &QPushButton::clicked, this, [this] { mover(1); });
   connect(ui_.Acepto, &QPushButton::clicked, this, [this] { confirmar(); });
   connect(ui_.Cancelo, &QPushButton::clicked, this, [this] { rechazar(); });
-  connect(ui_.Titulo, &QLineEdit::returnPressed, this, [this] { confirmar(); });
   for (const QListWidget* lista : {ui_.Procesos, ui_.Diferidos})
-    connect(lista, &QListWidget::itemActivated, this, [this] { confirmar(); });
+    connect(lista, &QListWidget::itemDoubleClicked, this, [this] { confirmar(); });
   // One of the two.
   const auto excluir = [](QListWidget* este, QListWidget* otro) {
     connect(este, &QListWidget::itemSelectionChanged, otro, [este, otro] {

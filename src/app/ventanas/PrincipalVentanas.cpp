@@ -11,6 +11,7 @@
 #include "app/ventanas/Registro.h"
 #include "core/ventanas/Escritorio.h"
 #include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/Tema.h"
 
 namespace tarvo::app {
 
@@ -112,6 +113,7 @@ int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, Reloj& reloj,
   if (primera->ventana == u"MainTarvo")
     if (const auto hecho = olvidarTiquesViejos(*fondo.db, reloj.ahora()); !hecho)
       avisar(hecho.error().texto);
+  QApplication::setWindowIcon(ventanas::icono(u"tarvo"_s));
   qt.setQuitOnLastWindowClosed(false);
   QObject::connect(&ventanas, &ventanas::Ventanas::vacio, &qt, &QApplication::quit);
   Final final(aplicacion, [&] {

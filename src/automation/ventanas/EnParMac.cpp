@@ -31,7 +31,6 @@ EnParMac::EnParMac(Contexto& c, const QString& nombre) : Ventana(c, nombre) {
 void EnParMac::conectar() {
   connect(ui_.Acepto, &QPushButton::clicked, this, [this] { responder(); });
   connect(ui_.Cancelo, &QPushButton::clicked, this, [this] { rechazar(); });
-  connect(ui_.Valor, &QLineEdit::returnPressed, this, [this] { responder(); });
   connect(ui_.Valor, &QLineEdit::textEdited, ui_.lblFalta, &QLabel::hide);
   for (QRadioButton* opcion : {ui_.TodoElMes, ui_.LosDias, ui_.OtrasFechas})
     connect(opcion, &QRadioButton::toggled, this, [this] { ponerRango(); });

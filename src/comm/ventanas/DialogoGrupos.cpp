@@ -36,7 +36,7 @@ void DialogoGrupos::usar(QListWidget* lista, QCheckBox* todas, QPushButton* acep
     if (si) lista_->selectAll();
     lista_->setEnabled(!si);
   });
-  connect(lista, &QListWidget::itemActivated, this, [this] { encolar(); });
+  connect(lista, &QListWidget::itemDoubleClicked, this, [this] { encolar(); });
   connect(acepto, &QPushButton::clicked, this, [this] { encolar(); });
   connect(cancelo, &QPushButton::clicked, this, [this] { rechazar(); });
 }

@@ -142,7 +142,6 @@ void Parrilla::Interior::montar() {
     if (!colocando) elasticas = false;
   });
   connect(v->horizontalScrollBar(), &QScrollBar::valueChanged, pie, [this] { pie->update(); });
-  connect(busca, &QLineEdit::returnPressed, &yo, [this] { yo.buscar(busca->text()); });
 }
 
 void Parrilla::Interior::hacerAcciones() {

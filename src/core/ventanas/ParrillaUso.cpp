@@ -256,6 +256,11 @@ bool Parrilla::eventFilter(QObject* objeto, QEvent* evento) {
   auto& tecla = static_cast<QKeyEvent&>(*evento);
   if (objeto == vista_) return d->tecla(tecla);
   if (objeto != d->busca) return false;
+  // Return is for this field: the window's default button doesn't get it.
+  if (tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter) {
+    buscar(d->busca->text());
+    return true;
+  }
   // Escape leaves the field before it leaves the window; the arrows lead to the list.
   const bool deja = tecla.key() == Qt::Key_Escape || tecla.key() == Qt::Key_Down;
   if (!deja) return false;

@@ -62,13 +62,19 @@ Tema::Tema(QApplication& app, std::optional<Cara> fija)
     : app_(app), fija_(fija), delEscritorio_(caraDe(app.palette())), cara_(delEscritorio_) {
   app_.setStyle(new Estilo);
   aplicar();
-  auto* anillo = new QFocusFrame;
-  const QPointer<QFocusFrame> guardado(anillo);
-  connect(&app_, &QApplication::focusChanged, this, [guardado](QWidget*, QWidget* ahora) {
-    if (guardado) guardado->setWidget(llevaAnillo(ahora) ? ahora : nullptr);
-  });
-  connect(this, &QObject::destroyed, anillo, [guardado] { delete guardado.data(); });
+  connect(&app_, &QApplication::focusChanged, this,
+          [this](QWidget*, QWidget* ahora) { ponerAnillo(llevaAnillo(ahora) ? ahora : nullptr); });
   app_.installEventFilter(this);
+}
+
+Tema::~Tema() {
+  delete anillo_.data();
+}
+
+// The ring stands in the window of its control and goes with it: the next one is made anew.
+void Tema::ponerAnillo(QWidget* control) {
+  if (!anillo_ && control) anillo_ = new QFocusFrame;
+  if (anillo_) anillo_->setWidget(control);
 }
 
 void Tema::setCara(std::optional<Cara> fija) {

@@ -5,11 +5,13 @@
 #include <QColor>
 #include <QIcon>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <array>
 #include <optional>
 
 class QApplication;
+class QFocusFrame;
 
 namespace tarvo::ventanas {
 
@@ -51,6 +53,7 @@ class Tema final : public QObject {
   // `fija`: that face always; nothing follows the desktop. REQUIRES that the application outlives
   // it.
   explicit Tema(QApplication& app, std::optional<Cara> fija = {});
+  ~Tema() override;
 
   Cara cara() const { return cara_; }
   void setCara(std::optional<Cara> fija);
@@ -64,6 +67,7 @@ class Tema final : public QObject {
 
  private:
   void aplicar();
+  void ponerAnillo(QWidget* control);
   bool eventFilter(QObject* objeto, QEvent* evento) override;
 
   QApplication& app_;
@@ -72,6 +76,7 @@ class Tema final : public QObject {
   Cara cara_;
   double escala_ = 1;
   bool aplicando_ = false;
+  QPointer<QFocusFrame> anillo_;
 };
 
 // The icon of a name (a file of datos/iconos without its ending), in the colours of the palette

@@ -3,8 +3,12 @@
 #include <QAction>
 #include <QEventLoop>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
+#include <QToolButton>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/Parrilla.h"
@@ -61,7 +65,8 @@ void Ventana::enlazar() {
   TraducirForm(*cuerpo_, c_.textos, c_.ajustes.idioma);
   connect(cuerpo_, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
   setWindowTitle(cuerpo_->windowTitle());
-  resize(QSize(escalar(cuerpo_->width()), escalar(cuerpo_->height())));
+  resize(QSize(escalar(cuerpo_->width()), escalar(cuerpo_->height()))
+             .boundedTo(screen()->availableSize()));
   const QString memoria = sinInstancia(nombre_);
   restoreGeometry(deTexto(c_.recuerdos.leer(memoria, u"sitio"_s)));
   for (QSplitter* s : cuerpo_->findChildren<QSplitter*>())
@@ -98,6 +103,8 @@ bool Ventana::ejecutar() {
   bucle_ = &bucle;
   aceptada_ = false;
   setWindowModality(Qt::ApplicationModal);
+  winId();
+  if (dueno_) windowHandle()->setTransientParent(dueno_->windowHandle());
   mostrarSobre(dueno_);
   const QPointer<Ventana> yo(this);
   bool aceptada = false;
@@ -159,9 +166,32 @@ void Ventana::keyPressEvent(QKeyEvent* evento) {
   if (evento->matches(QKeySequence::Find)) {
     if (Parrilla* p = primeraLista()) return p->irABuscar();
   }
+  if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter)
+    return pulsarBoton(*evento);
   if (evento->key() != Qt::Key_Escape) return QWidget::keyPressEvent(evento);
   evento->accept();
   close();
+}
+
+// Asked of the control that has the focus before the key itself is.
+bool Ventana::event(QEvent* evento) {
+  if (evento->type() == QEvent::ShortcutOverride) teclea_ = focusWidget();
+  return QWidget::event(evento);
+}
+
+// The button that has the focus, else the one that the form calls its default. A key that a control
+// answered, so that the focus went on, is spent.
+void Ventana::pulsarBoton(QKeyEvent& evento) {
+  evento.accept();
+  if (cerrada_ || teclea_ != focusWidget()) return;
+  auto* boton = qobject_cast<QAbstractButton*>(focusWidget());
+  if (!qobject_cast<QPushButton*>(boton) && !qobject_cast<QToolButton*>(boton)) {
+    const auto todos = cuerpo_->findChildren<QPushButton*>();
+    const auto suyo = std::ranges::find_if(
+        todos, [](const QPushButton* b) { return b->isDefault() && b->isVisible(); });
+    boton = suyo == todos.end() ? nullptr : *suyo;
+  }
+  if (boton) boton->click();
 }
 
 void Ventana::decirBien(const QString& texto) {

@@ -1,5 +1,5 @@
-// The base of every window: bound texts, one instance a name, memory of its size, Escape, focus
-// back to its owner, and strips that say how things went.
+// The base of every window: bound texts, one instance a name, memory of its size, Escape, Return
+// for the default button, focus back to its owner, and strips that say how things went.
 //
 //   class CfgComm final : public ventanas::Ventana {
 //    public:
@@ -85,6 +85,7 @@ class Ventana : public QWidget {
 
   void closeEvent(QCloseEvent* evento) override;
   void keyPressEvent(QKeyEvent* evento) override;
+  bool event(QEvent* evento) override;
 
  private:
   friend class Ventanas;
@@ -92,6 +93,7 @@ class Ventana : public QWidget {
   void recordar();
   void volverAlDueno();
   void terminar(bool aceptada);
+  void pulsarBoton(QKeyEvent& evento);
   Parrilla* primeraLista() const;
 
   Contexto& c_;
@@ -99,7 +101,7 @@ class Ventana : public QWidget {
   QWidget* cuerpo_;
   Tira* tira_;
   TiraTrabajo* trabajo_;
-  QPointer<QWidget> dueno_;
+  QPointer<QWidget> dueno_, teclea_;
   QEventLoop* bucle_ = nullptr;
   bool aceptada_ = false, cerrada_ = false, colocada_ = false;
 };

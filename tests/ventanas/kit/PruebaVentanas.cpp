@@ -1,10 +1,12 @@
 #include <QClipboard>
+#include <QFocusFrame>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableView>
 #include <QTimer>
+#include <QWindow>
 
 #include "Muestra.h"
 #include "core/ventanas/MyMsgBox.h"
@@ -108,17 +110,52 @@ TEST(Ventanas, BuscarLlegaASuLista) {
   }
 }
 
-// An answer is given by keys alone, and comes back to who asked.
+// An answer is given by keys alone, and comes back to who asked. Return is the default button's,
+// wherever one stands, but for another button and for a field that has its own use of it.
 TEST(Ventanas, ModalAceptaYRechaza) {
+  const struct {
+    const char* desde;
+    Qt::Key tecla;
+    bool respuesta;
+  } casos[] = {{"Acepto", Qt::Key_Space, true},    {"Acepto", Qt::Key_Return, true},
+               {"todos", Qt::Key_Return, true},    {"tipo", Qt::Key_Enter, true},
+               {"Cancelo", Qt::Key_Return, false}, {"busca", Qt::Key_Return, false},
+               {"Acepto", Qt::Key_Escape, false}};
+  for (const auto& c : casos) {
+    Puesto p;
+    const Muestra* dueno = p.abrir(u"MainTarvo"_s);
+    cuandoHayaCaja([&](QWidget& v) {
+      EXPECT_EQ(v.windowHandle()->transientParent(), dueno->windowHandle());
+      auto* desde = v.findChild<QWidget*>(QString::fromLatin1(c.desde));
+      desde->setFocus();
+      QTest::keyClick(desde, c.tecla);
+      if (v.isVisible()) QTest::keyClick(&v, Qt::Key_Escape);
+    });
+    EXPECT_EQ(p.todas().abrirModal(u"Muestra"_s, p.todas().cargada(u"MainTarvo"_s)), c.respuesta)
+        << c.desde;
+    EXPECT_FALSE(p.todas().cargada(u"Muestra"_s));
+  }
+}
+
+// The ring shows where the keys go, also behind a window that went with it.
+TEST(Ventanas, ElFocoSeVeEnCadaVentana) {
   Puesto p;
-  const auto responder = [&](Qt::Key tecla) {
-    cuandoHayaCaja(
-        [tecla](QWidget& v) { QTest::keyClick(v.findChild<QWidget*>(u"Acepto"_s), tecla); });
-    return p.todas().abrirModal(u"Muestra"_s, nullptr);
+  Muestra* dueno = p.abrir(u"MainTarvo"_s);
+  const auto conAnillo = [](const Muestra* v) {
+    v->ui.Acepto->setFocus();
+    return esperar([v] {
+      const auto* anillo = v->findChild<QFocusFrame*>();
+      return anillo && anillo->isVisible() && anillo->widget() == v->ui.Acepto;
+    });
   };
-  EXPECT_TRUE(responder(Qt::Key_Space));
-  EXPECT_FALSE(responder(Qt::Key_Escape));
-  EXPECT_FALSE(p.todas().cargada(u"Muestra"_s));
+  for (int i = 0; i < 2; ++i) {
+    Muestra* v = p.abrir(u"Muestra"_s, dueno);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+    EXPECT_TRUE(conAnillo(v));
+    QTest::keyClick(v, Qt::Key_Escape);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dueno));
+    EXPECT_TRUE(conAnillo(dueno));
+  }
 }
 
 // A window that was unloaded at the very end goes before what it stands on.
