@@ -5,9 +5,11 @@
 #include <QComboBox>
 #include <QFocusFrame>
 #include <QGroupBox>
+#include <QHash>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QStyleOptionGroupBox>
 #include <QTabBar>
 #include <QToolButton>
@@ -94,10 +96,39 @@ bool mirarSi(const QWidget& w, void (*mirar)(const C&, QStringList&), QStringLis
   return c != nullptr;
 }
 
+// What Alt and a letter reaches through this control; empty when it has no such letter.
+QString textoConLetra(const QWidget& w) {
+  if (const auto* b = qobject_cast<const QAbstractButton*>(&w)) return b->text();
+  if (const auto* l = qobject_cast<const QLabel*>(&w)) return l->buddy() ? l->text() : QString();
+  if (const auto* g = qobject_cast<const QGroupBox*>(&w)) return g->title();
+  return {};
+}
+
+// Two controls with one letter: neither answers to it at once.
+void mirarLetras(const QWidget& ventana, QStringList& faltas) {
+  QHash<QKeySequence, QString> vistas;
+  const auto anotar = [&](const QString& texto) {
+    const QKeySequence letra = QKeySequence::mnemonic(texto);
+    if (letra.isEmpty()) return;
+    if (vistas.contains(letra))
+      faltas << QStringLiteral("«%1» y «%2» piden la misma letra").arg(vistas[letra], texto);
+    vistas.insert(letra, texto);
+  };
+  for (const QWidget* w : ventana.findChildren<QWidget*>()) {
+    if (!w->isVisible()) continue;
+    anotar(textoConLetra(*w));
+    if (const auto* barra = qobject_cast<const QMenuBar*>(w))
+      for (const QAction* a : barra->actions()) anotar(a->text());
+    if (const auto* pestanas = qobject_cast<const QTabBar*>(w))
+      for (int i = 0; i < pestanas->count(); ++i) anotar(pestanas->tabText(i));
+  }
+}
+
 }  // namespace
 
 QStringList cortes(const QWidget& ventana) {
   QStringList faltas;
+  mirarLetras(ventana, faltas);
   for (const QWidget* w : ventana.findChildren<QWidget*>()) {
     if (!w->isVisible()) continue;
     mirarSitio(*w, faltas);

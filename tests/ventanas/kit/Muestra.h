@@ -9,7 +9,7 @@
 namespace tarvo::prueba {
 
 inline const QString kTextosMuestra =
-    u"9900\tPeriodos de totalización\n9901\t&Tipo:\n9902\t<<TODOS>>\n9903\tSólo los que &cambian\n"
+    u"9900\tPeriodos de totalización\n9901\t&Tipo:\n9902\t<<TODOS>>\n9903\tSólo los que ca&mbian\n"
     u"9904\tA&brir\n9905\t&Borrar\n9906\t&Sumar\n9910\tCódigo\n9911\tArtículo\n9912\tImporte\n"
     u"9913\tCantidad\n9914\tFecha\n9915\tMemorizado\n9916\tTarea\n9917\tEstado\n9918\tTipo\n"
     u"9919\tNo hay ningún periodo: memorice la sesión o cree uno con Nuevo.\n"_s;

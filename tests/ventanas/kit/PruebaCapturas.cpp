@@ -42,7 +42,8 @@ TEST(Capturas, DiceLaQueNoSeAbre) {
   EXPECT_TRUE(faltas.value(0).contains(u"No hay tal periodo."));
 }
 
-// A label, a button and a header that lack room are each reported, and so is a control outside.
+// A label, a button and a header that lack room are each reported, and so are a control outside
+// and a letter that two ask for.
 TEST(Capturas, DiceLoCortado) {
   QWidget w;
   w.resize(300, 200);
@@ -52,8 +53,9 @@ TEST(Capturas, DiceLoCortado) {
   boton->setGeometry(0, 30, 20, 40);
   auto* fuera = new QWidget(&w);
   fuera->setGeometry(290, 100, 50, 20);
+  for (const int x : {0, 150}) (new QPushButton(u"&Mas"_s, &w))->setGeometry(x, 120, 140, 40);
   w.show();
-  EXPECT_EQ(capturas::cortes(w).size(), 3) << capturas::cortes(w).join(u'\n').toStdString();
+  EXPECT_EQ(capturas::cortes(w).size(), 4) << capturas::cortes(w).join(u'\n').toStdString();
 }
 
 }  // namespace tarvo::prueba
