@@ -7,6 +7,7 @@
 #include "core/ventanas/MyMsgBox.h"
 #include "core/ventanas/Parrilla.h"
 #include "core/ventanas/Tema.h"
+#include "core/ventanas/Tira.h"
 #include "core/ventanas/Ventanas.h"
 
 namespace tarvo::comm {
@@ -80,6 +81,8 @@ void gestcommVentana::ordenar(const std::set<int>& estados, void (gestcomm::*ord
   const auto tarea = s_.motor.tarea(id);
   if (tarea && !estados.contains(tarea->Estado))
     decirDuda(t(kTxNoSePuede).arg(motor::TextoEstado(tarea->Estado, contexto().textos)));
+  else if (tira().estado() == Estado::Duda)
+    tira().quitar();  // it was about another command
   (s_.motor.*orden)(id);
 }
 

@@ -33,7 +33,7 @@ gestcommVentana::gestcommVentana(Contexto& c, const QString& nombre, const Servi
       })) {
   ui_.setupUi(cuerpo());
   ui_.division->setStretchFactor(0, 1);
-  ui_.division->setSizes({escalar(800), PanelCanal::anchoPreferido() + escalar(kSeparacion)});
+  ui_.division->setSizes({escalar(1040), PanelCanal::anchoPreferido() + escalar(kSeparacion)});
   paneles_ = new PanelesCanales(c.textos, this);
   ui_.zonaCanales->setWidget(paneles_);
   ui_.zonaCanales->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -29,9 +29,11 @@ TEST_F(Gestcomm, RecibeTotalesDeDosGrupos) {
     auto* lista = d->findChild<QListWidget*>(u"lstGpo"_s);
     EXPECT_EQ(lista->count(), 2);
     EXPECT_EQ(lista->item(1)->text(), u"0002  G");
-    QTest::keyClick(d->findChild<QCheckBox*>(u"Todas"_s), Qt::Key_Space);
+    auto* todas = d->findChild<QCheckBox*>(u"Todas"_s);
+    todas->setFocus();
+    QTest::keyClick(todas, Qt::Key_Space);
     EXPECT_FALSE(lista->isEnabled());
-    QTest::keyClick(d->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
+    QTest::keyClick(todas, Qt::Key_Return);
   });
   menu(Qt::Key_R, Qt::Key_G);
   EXPECT_EQ(abiertas.back(), u"GrpDlg");
@@ -108,7 +110,11 @@ TEST_F(Gestcomm, RetenerSoltarYPararEnManual) {
   const auto parada = oidas(1).size();
   pasar(5000);
   EXPECT_EQ(oidas(1).size(), parada);
+  QTest::keyClick(v, Qt::Key_Delete);
+  EXPECT_EQ(v->tira().texto(),
+            u"La tarea está «Retenido por el usuario»: así no se le puede hacer eso.");
   QTest::keyClick(v, Qt::Key_F6);
+  EXPECT_FALSE(v->tira().isVisible()) << "it was about another command";
   pasar(500);
   EXPECT_GT(oidas(1).size(), parada);
   QTest::keyClick(v, Qt::Key_F8);

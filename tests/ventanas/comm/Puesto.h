@@ -20,6 +20,7 @@
 #include "comm/ventanas/Registro.h"
 #include "core/ventanas/Escritorio.h"
 #include "core/ventanas/Parrilla.h"
+#include "core/ventanas/Tira.h"
 #include "motor/Banco.h"
 
 namespace tarvo::prueba {
