@@ -2,25 +2,18 @@
 
 #include <QGuiApplication>
 #include <QPainter>
-#include <QToolButton>
 
+#include "core/ventanas/EscogeFecha.h"
 #include "core/ventanas/Tema.h"
 
 namespace tarvo::automation {
 
 using namespace Qt::StringLiterals;
 using ventanas::colorDe;
-using ventanas::icono;
 using ventanas::Tinte;
 
 MesRango::MesRango(QWidget* padre) : QCalendarWidget(padre) {
-  setLocale(QLocale(QLocale::Spanish, QLocale::Spain));
-  setFirstDayOfWeek(Qt::Monday);
-  setVerticalHeaderFormat(NoVerticalHeader);
-  for (const auto dia : {Qt::Saturday, Qt::Sunday}) setWeekdayTextFormat(dia, {});
-  if (auto* b = findChild<QToolButton*>(u"qt_calendar_prevmonth"_s)) b->setIcon(icono(u"atras"_s));
-  if (auto* b = findChild<QToolButton*>(u"qt_calendar_nextmonth"_s))
-    b->setIcon(icono(u"adelante"_s));
+  ventanas::vestirMes(*this);
   connect(this, &QCalendarWidget::selectionChanged, this, [this] { elegir(); });
   connect(this, &QCalendarWidget::currentPageChanged, this, [this] {
     if (!moviendo_) irAlMes(primero());

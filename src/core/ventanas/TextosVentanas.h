@@ -39,6 +39,7 @@ enum TextoVentanas : int {
   kTxSuma = 1037,
   kTxLista = 1038,
   kTxNingunaFila = 1039,
+  kTxEscogerFecha = 1040,
 };
 
 }  // namespace tarvo::ventanas

@@ -2,6 +2,7 @@
 #include <QLocale>
 
 #include "core/textos/Textos.h"
+#include "core/ventanas/EscogeFecha.h"
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/MyMsgBox.h"
 #include "totals/Dinero.h"
@@ -43,8 +44,10 @@ void EditIntvVentana::montar() {
   connect(ui_.LstTipo, &QComboBox::activated, this, &EditIntvVentana::tipoCambiado);
   connect(ui_.LstMes, &QComboBox::activated, this, &EditIntvVentana::mesCambiado);
   connect(ui_.spAno, &QSpinBox::valueChanged, this, &EditIntvVentana::mesCambiado);
-  for (QLineEdit* campo : {ui_.Fecha1, ui_.FechaF})
+  for (QLineEdit* campo : {ui_.Fecha1, ui_.FechaF}) {
+    new ventanas::EscogeFecha(*campo, contexto());
     connect(campo, &QLineEdit::textEdited, this, &EditIntvVentana::pintarLimites);
+  }
   connect(ui_.TpoTot, &QComboBox::activated, this, &EditIntvVentana::claseCambiada);
   connect(ui_.LstGrupos, &QComboBox::currentIndexChanged, this, &EditIntvVentana::grupoCambiado);
   connect(ui_.Anadir, &QPushButton::clicked, this, &EditIntvVentana::anadir);

@@ -43,8 +43,6 @@ Resultado<> EditIntvVentana::preparar(const ventanas::Argumentos& argumentos) {
   elegirEn(*ui_.LstTipo, p.tipo);
   ui_.Fecha1->setText(enCampo(p.tipo, p.desde));
   ui_.FechaF->setText(enCampo(kOtros, p.hasta));
-  ui_.LstMes->setCurrentIndex(p.desde.qdate().month() - 1);
-  ui_.spAno->setValue(p.desde.qdate().year());
   TARVO_INTENTAR(llenarGrupos(*ui_.LstGrupos, contexto(), 0));
   ui_.LstGrupos->setCurrentIndex(-1);
   TARVO_INTENTAR(llenarOperadores(*ui_.LstOper, contexto(), 0));
@@ -60,6 +58,11 @@ Resultado<> EditIntvVentana::preparar(const ventanas::Argumentos& argumentos) {
 void EditIntvVentana::tipoCambiado() {
   const int tipo = ui_.LstTipo->currentData().toInt();
   const bool conMes = tipo == kMensual, conAno = conMes || tipo == kAnual;
+  const auto escrita = Fecha::leer(ui_.Fecha1->text().trimmed());
+  if (conAno && escrita) {
+    ui_.LstMes->setCurrentIndex(escrita->qdate().month() - 1);
+    ui_.spAno->setValue(escrita->qdate().year());
+  }
   ui_.LstMes->setVisible(conMes);
   ui_.rotuloMes->setVisible(conMes);
   ui_.spAno->setVisible(conAno);
@@ -72,9 +75,11 @@ void EditIntvVentana::tipoCambiado() {
   pintarLimites();
 }
 
+// The first day of the month or year, for the kinds that are chosen so.
 void EditIntvVentana::mesCambiado() {
-  const int mes =
-      ui_.LstTipo->currentData().toInt() == kMensual ? ui_.LstMes->currentIndex() + 1 : 1;
+  const int tipo = ui_.LstTipo->currentData().toInt();
+  if (tipo != kMensual && tipo != kAnual) return;
+  const int mes = tipo == kMensual ? ui_.LstMes->currentIndex() + 1 : 1;
   ui_.Fecha1->setText(Fecha::de(QDate(ui_.spAno->value(), mes, 1)).corta());
   pintarLimites();
 }
@@ -114,7 +119,7 @@ Resultado<qint64> EditIntvVentana::guardarPeriodo(const Periodo& p) {
     const auto hay = p_.BuscarPeriodo(p.tipo, p.desde, p.hasta);
     if (!hay) return std::unexpected(hay.error());
     if (*hay) return fallo(Fallo::Duplicado, t(kTxYaExiste).arg(TextoPeriodo(p)));
-    const auto hecho = p_.CrearPeriodo(p.tipo, p.desde, p.hasta, true, {});
+    const auto hecho = p_.CrearPeriodo(p.tipo, p.desde, p.hasta, false, {});
     if (!hecho) return hecho;
     link = *hecho;
   } else {
@@ -136,6 +141,16 @@ void EditIntvVentana::salvar() {
   }
   if (salida_) *salida_ = *link;
   aceptar();
+}
+
+// Among the totals keyed in by hand Return adds what is written.
+void EditIntvVentana::keyPressEvent(QKeyEvent* evento) {
+  const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
+  const QWidget* foco = focusWidget();
+  if (!intro || !ui_.marcoManual->isAncestorOf(foco) || qobject_cast<const QPushButton*>(foco))
+    return Ventana::keyPressEvent(evento);
+  evento->accept();
+  anadir();
 }
 
 bool EditIntvVentana::QueryUnload() {

@@ -16,6 +16,9 @@ class EditIntvVentana final : public ventanas::Ventana {
   Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
   bool QueryUnload() override;
 
+ protected:
+  void keyPressEvent(QKeyEvent* evento) override;
+
  private:
   void montar();
   void tipoCambiado();

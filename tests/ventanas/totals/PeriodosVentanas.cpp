@@ -1,4 +1,6 @@
 // Jobs on the list of periods: summing, deleting and taking back, exporting and importing.
+#include <QCalendarWidget>
+
 #include "Trastienda.h"
 #include "core/ventanas/Tira.h"
 
@@ -141,7 +143,9 @@ TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
   campo(u"txCon")->setText(u"3"_s);
   campo(u"txPes")->setText(u"1,250"_s);
   campo(u"txImp")->setText(u"12,34"_s);
-  QTest::mouseClick(v->findChild<QPushButton*>(u"Anadir"_s), Qt::LeftButton);
+  campo(u"txImp")->setFocus();
+  QTest::keyClick(campo(u"txImp"), Qt::Key_Return);
+  ASSERT_TRUE(v->isVisible()) << "Return adds here";
   t.responder(u"Cancelo"_s);
   QTest::keyClick(v, Qt::Key_Escape);
   ASSERT_TRUE(v->isVisible());
@@ -149,7 +153,51 @@ TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
   QTest::mouseClick(v->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);
   EXPECT_EQ(t.leer(u"select GRUPO, CODI, CON, PES, [IMP], SCO from TOTGRT"_s),
             u"2 2 -3 -1250 -1234 0");
-  EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 1);
+  EXPECT_EQ(t.leer(u"select TIPO, FECHA1, stkABLE from COLUMNA"_s), u"1 43255 0");
+}
+
+// The form shows the dates that the period has, of each kind, and leaves them when nothing is
+// typed.
+TEST(VentanaPeriodos, ModificarEmpiezaPorLoQueHay) {
+  Trastienda t;
+  const QString fechas = u"select TIPO, FECHA1, FECHAF from COLUMNA order by LINK"_s;
+  std::vector<qint64> links;
+  for (int tipo = kDiario; tipo <= kOtros; ++tipo)
+    links.push_back(bien(t.periodos.CrearPeriodo(tipo, momento("14/06/2018 09:30:00"),
+                                                 momento("15/06/2018 10:00:00"), true, {})));
+  const QString antes = t.leer(fechas);
+  for (const qint64 link : links) {
+    auto* v = t.abrir(u"EditIntv"_s, {{u"EsNuevo"_s, false}, {u"link"_s, link}});
+    QTest::keyClick(v->findChild<QComboBox*>(u"LstTipo"_s), Qt::Key_Return);
+    ASSERT_FALSE(v->isVisible()) << v->tira().texto().toStdString();
+  }
+  EXPECT_EQ(t.leer(fechas), antes);
+  const auto* v = t.abrir(u"EditIntv"_s, {{u"EsNuevo"_s, true}});
+  EXPECT_EQ(v->findChild<QLineEdit*>(u"Fecha1"_s)->text(), t.reloj.ahora().corta());
+}
+
+TEST(VentanaPeriodos, LaFechaSeEscogeEnUnCalendario) {
+  Trastienda t;
+  const struct {
+    int tipo;
+    const char *escrita, *escogida;
+  } casos[] = {{kDiario, "30/06/2018", "01/07/2018"},
+               {kOtros, "30/06/2018 09:30:00", "01/07/2018 09:30:00"},
+               {kDiario, "28/02/2020", "29/02/2020"}};
+  for (const auto& c : casos) {
+    auto* v = t.abrir(u"EditIntv"_s, {{u"EsNuevo"_s, true}, {u"tipo"_s, c.tipo}});
+    auto* fecha = v->findChild<QLineEdit*>(u"Fecha1"_s);
+    fecha->setText(QString::fromLatin1(c.escrita));
+    QTest::keyClick(fecha, Qt::Key_F4);
+    auto* mes = qobject_cast<QCalendarWidget*>(QApplication::activePopupWidget());
+    ASSERT_NE(mes, nullptr);
+    QTest::keyClick(mes->focusWidget(), Qt::Key_Right);
+    QTest::keyClick(mes->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(fecha->text(), QString::fromLatin1(c.escogida));
+    EXPECT_TRUE(v->findChild<QLabel*>(u"limites"_s)->text().contains(fecha->text().left(10)));
+    EXPECT_TRUE(v->isVisible()) << "that Return was the calendar's";
+    v->descargar();
+  }
 }
 
 TEST(VentanaVisor, FiltraYLaGraficaSigue) {
