@@ -30,6 +30,7 @@ struct Parrilla::Interior {
   void montar();
   void hacerAcciones();
   void ponerModelo(ModeloParrilla* modelo);
+  int anchoInicial(int columna) const;
   void colocarColumnas();
   void leerColumnas();
   void estirar();

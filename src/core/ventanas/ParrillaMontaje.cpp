@@ -207,6 +207,13 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
   contar();
 }
 
+// The width that a column begins with; its title is shown whole, with its sort mark.
+int Parrilla::Interior::anchoInicial(int columna) const {
+  const Columna& col = columnas[static_cast<size_t>(columna)];
+  return std::max(yo.vista_->horizontalHeader()->sectionSizeHint(columna) + escalar(kPaso),
+                  escalar(col.ancho > 0 ? col.ancho : anchoPorClase(col)));
+}
+
 void Parrilla::Interior::colocarColumnas() {
   colocando = true;
   QHeaderView* h = yo.vista_->horizontalHeader();
@@ -215,9 +222,7 @@ void Parrilla::Interior::colocarColumnas() {
   h->ensurePolished();
   for (int i = 0; i < static_cast<int>(columnas.size()); ++i) {
     const Columna& col = columnas[static_cast<size_t>(i)];
-    // The title is shown whole, with its sort mark.
-    h->resizeSection(i, std::max(h->sectionSizeHint(i) + escalar(kHueco),
-                                 escalar(col.ancho > 0 ? col.ancho : anchoPorClase(col))));
+    h->resizeSection(i, anchoInicial(i));
     h->setSectionHidden(i, col.oculta || col.soloDato);
   }
   elasticas = true;
@@ -232,7 +237,7 @@ void Parrilla::Interior::estirar() {
   for (const int i : columnasVistas()) {
     const Columna& col = columnas[static_cast<size_t>(i)];
     if (col.clase != Clase::Texto || col.estado) continue;
-    const int base = escalar(col.ancho > 0 ? col.ancho : anchoPorClase(col));
+    const int base = anchoInicial(i);
     const int otras = h->length() - h->sectionSize(i);
     const QScopedValueRollback en(colocando, true);
     h->resizeSection(i, std::clamp(yo.vista_->viewport()->width() - otras, base,

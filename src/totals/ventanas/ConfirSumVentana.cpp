@@ -13,7 +13,6 @@ ConfirSumVentana::ConfirSumVentana(ventanas::Contexto& contexto, const QString& 
     : Ventana(contexto, nombre), p_(periodos), motor_(periodos, contexto.db, contexto.ajustes) {
   ui_.setupUi(cuerpo());
   enlazar();
-  ui_.Hacerlo->setIcon(ventanas::icono(u"sumar"_s));
   connect(ui_.Hacerlo, &QPushButton::clicked, this, &ConfirSumVentana::hacerlo);
   connect(ui_.Cancelar, &QPushButton::clicked, this, &ConfirSumVentana::rechazar);
 }

@@ -21,6 +21,7 @@
 #include "core/ventanas/Tema.h"
 #include "totals/Dinero.h"
 #include "totals/ventanas/ComunTotales.h"
+#include "totals/ventanas/NombresBarras.h"
 
 namespace tarvo::totals {
 
@@ -32,8 +33,7 @@ namespace {
 
 constexpr int kAnchoMinimo = 240, kAltoMinimo = 160;
 constexpr int kTicks = 5;
-constexpr qsizetype kNombreMaximo = 22;
-constexpr qsizetype kNombresDePie = 8;  // that fit below upright bars
+constexpr int kAnchoTicks = 330;  // below it, lying bars have room for two beside their names
 
 qint64 milisegundos(QDate dia) {
   return QDateTime(dia, QTime(12, 0), Qt::UTC).toMSecsSinceEpoch();
@@ -48,10 +48,10 @@ void vestirEje(QAbstractAxis& eje) {
   eje.setLabelsFont(letra);
 }
 
-QValueAxis* ejeDeImportes(double desde, double hasta) {
+QValueAxis* ejeDeImportes(double desde, double hasta, int ticks = kTicks) {
   auto* eje = new QValueAxis;
   eje->setRange(std::min(0.0, desde), std::max(hasta, 1.0));
-  eje->setTickCount(kTicks);
+  eje->setTickCount(ticks);
   eje->applyNiceNumbers();
   eje->setLabelFormat(u"%.0f"_s);
   vestirEje(*eje);
@@ -61,7 +61,15 @@ QValueAxis* ejeDeImportes(double desde, double hasta) {
 }  // namespace
 
 Grafica::Grafica(QWidget* padre)
-    : QWidget(padre), vista_(new QChartView(this)), nada_(new QLabel(this)) {
+    : QWidget(padre),
+      rotulo_(new QLabel(this)),
+      vista_(new QChartView(this)),
+      nada_(new QLabel(this)) {
+  rotulo_->setAlignment(Qt::AlignCenter);
+  rotulo_->setWordWrap(true);
+  QFont letra = rotulo_->font();
+  letra.setBold(true);
+  rotulo_->setFont(letra);
   nada_->setAlignment(Qt::AlignCenter);
   nada_->setWordWrap(true);
   vista_->setFocusPolicy(Qt::NoFocus);
@@ -69,8 +77,10 @@ Grafica::Grafica(QWidget* padre)
   vista_->setRenderHint(QPainter::Antialiasing);
   auto* todo = new QVBoxLayout(this);
   todo->setContentsMargins(0, 0, 0, 0);
-  todo->addWidget(vista_);
-  todo->addWidget(nada_);
+  todo->addWidget(rotulo_);
+  todo->addWidget(vista_, 1);
+  todo->addWidget(nada_, 1);
+  rotulo_->hide();
   vista_->hide();
   setMinimumSize(ventanas::escalar(kAnchoMinimo), ventanas::escalar(kAltoMinimo));
 }
@@ -109,6 +119,8 @@ void Grafica::decir(const QString& nombre, qint64 importe) const {
 
 void Grafica::pintar() {
   const bool hay = puntos() > 0;
+  rotulo_->setText(titulo_);
+  rotulo_->setVisible(hay);
   vista_->setVisible(hay);
   nada_->setVisible(!hay);
   setAccessibleName(hay ? titulo_ : nada_->text());
@@ -121,11 +133,6 @@ void Grafica::pintar() {
   auto* chart = new QChart;
   chart->setLocale(QLocale(QLocale::Spanish));
   chart->setLocalizeNumbers(true);
-  chart->setTitle(titulo_);
-  QFont letra = font();
-  letra.setBold(true);
-  chart->setTitleFont(letra);
-  chart->setTitleBrush(colorDe(Tinte::Texto));
   chart->setBackgroundBrush(colorDe(Tinte::Base));
   chart->setBackgroundRoundness(0);
   chart->setMargins(QMargins(ventanas::kPaso, ventanas::kPaso, ventanas::kPaso, ventanas::kPaso));
@@ -140,22 +147,17 @@ void Grafica::pintarBarras(QChart& chart) {
   auto* importes = new QBarSet(titulo_);
   importes->setColor(colorDe(Tinte::Acento));
   importes->setBorderColor(colorDe(Tinte::Acento));
-  QStringList nombres;
+  QStringList nombres, categorias;
   double desde = 0, hasta = 0;
   // From the top down the first bar is the last of its axis.
   std::vector<Barra> orden = barras_;
   if (tumbadas_) std::ranges::reverse(orden);
-  const auto cada = std::max<qsizetype>(1, (std::ssize(orden) + kNombresDePie - 1) / kNombresDePie);
   for (const Barra& b : orden) {
     const double v = valorDe(b.importe);
     desde = std::min(desde, v), hasta = std::max(hasta, v);
     importes->append(v);
-    // Beside one another there is room for some names only; a bar says its own under the pointer.
-    const bool cabe = tumbadas_ || nombres.size() % cada == 0;
-    // Two bars of one name would be one category.
-    QString nombre = cabe ? b.nombre.left(kNombreMaximo) : QString();
-    while (nombres.contains(nombre)) nombre += QChar(0x200B);
-    nombres << nombre;
+    nombres << b.nombre;
+    categorias << QString::number(categorias.size());  // two of one name would be one
   }
   QAbstractBarSeries* serie = nullptr;
   if (tumbadas_)
@@ -165,15 +167,20 @@ void Grafica::pintarBarras(QChart& chart) {
   serie->setBarWidth(0.7);
   serie->append(importes);
   chart.addSeries(serie);
-  auto* categorias = new QBarCategoryAxis;
-  categorias->append(nombres);
-  vestirEje(*categorias);
-  categorias->setGridLineVisible(false);
-  auto* valores = ejeDeImportes(desde, hasta);
-  chart.addAxis(categorias, tumbadas_ ? Qt::AlignLeft : Qt::AlignBottom);
+  auto* puestos = new QBarCategoryAxis;
+  puestos->append(categorias);
+  vestirEje(*puestos);
+  puestos->setLabelsVisible(false);
+  puestos->setGridLineVisible(false);
+  auto* valores = ejeDeImportes(desde, hasta,
+                                !tumbadas_                                 ? kTicks
+                                : width() < ventanas::escalar(kAnchoTicks) ? 2
+                                                                           : 3);
+  chart.addAxis(puestos, tumbadas_ ? Qt::AlignLeft : Qt::AlignBottom);
   chart.addAxis(valores, tumbadas_ ? Qt::AlignBottom : Qt::AlignLeft);
-  serie->attachAxis(categorias);
+  serie->attachAxis(puestos);
   serie->attachAxis(valores);
+  new NombresBarras(chart, *serie, nombres, tumbadas_, puestos->labelsFont());
   connect(serie, &QAbstractBarSeries::hovered, this, [this, orden](bool dentro, int i) {
     if (dentro && i >= 0 && static_cast<size_t>(i) < orden.size())
       decir(orden[static_cast<size_t>(i)].nombre, orden[static_cast<size_t>(i)].importe);

@@ -44,6 +44,7 @@ class Grafica final : public QWidget {
   void decir(const QString& nombre, qint64 importe) const;
 
   ventanas::Contexto* c_ = nullptr;
+  QLabel* rotulo_;
   QChartView* vista_;
   QLabel* nada_;
   QString titulo_;

@@ -7,6 +7,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMucho = 10000;
+constexpr int kParteLista = 7, kParteLado = 3;
 
 }  // namespace
 
@@ -23,11 +24,11 @@ void unirLado(QAction& interruptor, QWidget& lado, ventanas::Recuerdos& recuerdo
 
 void repartirLado(QSplitter& divisor, const ventanas::Recuerdos& recuerdos,
                   const QString& ventana) {
-  divisor.setStretchFactor(0, 2);
-  divisor.setStretchFactor(1, 1);
+  divisor.setStretchFactor(0, kParteLista);
+  divisor.setStretchFactor(1, kParteLado);
   divisor.setChildrenCollapsible(false);
   if (recuerdos.leer(ventana, divisor.objectName()).isEmpty())
-    divisor.setSizes({2 * kMucho, kMucho});  // scaled to what there is
+    divisor.setSizes({kParteLista * kMucho, kParteLado * kMucho});  // scaled to what there is
 }
 
 }  // namespace tarvo::totals

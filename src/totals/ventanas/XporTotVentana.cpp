@@ -21,7 +21,6 @@ XporTotVentana::XporTotVentana(ventanas::Contexto& contexto, const QString& nomb
 }
 
 void XporTotVentana::montar() {
-  ui_.XporYA->setIcon(ventanas::icono(u"exportar"_s));
   ui_.fmtTarvo->setChecked(true);
   const QDir casa(contexto().ajustes.HomeDir);
   ui_.destino->addItems(casa.entryList({u"*.EXP"_s, u"*.exp"_s}, QDir::Files, QDir::Name));

@@ -1,5 +1,8 @@
 // Jobs on the list of periods: summing, deleting and taking back, exporting and importing.
 #include <QCalendarWidget>
+#include <QGraphicsSimpleTextItem>
+#include <QGraphicsView>
+#include <QScrollBar>
 
 #include "Trastienda.h"
 #include "core/ventanas/Tira.h"
@@ -176,6 +179,23 @@ TEST(VentanaPeriodos, ModificarEmpiezaPorLoQueHay) {
   EXPECT_EQ(v->findChild<QLineEdit*>(u"Fecha1"_s)->text(), t.reloj.ahora().corta());
 }
 
+// On the smallest screen nobody scrolls sideways, whatever kind is listed.
+TEST(VentanaPeriodos, LasColumnasCabenEnLaPantallaMenor) {
+  Trastienda t;
+  for (int tipo = kDiario; tipo <= kOtros; ++tipo)
+    bien(t.periodos.CrearPeriodo(tipo, momento("24/09/2018 09:30:00"),
+                                 momento("25/09/2018 10:00:00"), true, u"Vendimia"_s));
+  auto* v = t.abrir(u"VerTot"_s);
+  v->resize(1366, 704);
+  auto* tipos = v->findChild<QComboBox*>(u"ListaTpos"_s);
+  for (int i = 0; i < tipos->count(); ++i) {
+    tipos->setCurrentIndex(i);
+    Q_EMIT tipos->activated(i);
+    EXPECT_TRUE(esperar([&] { return t.lista(v).vista()->horizontalScrollBar()->maximum() == 0; }))
+        << i << ": " << t.lista(v).vista()->horizontalScrollBar()->maximum();
+  }
+}
+
 TEST(VentanaPeriodos, LaFechaSeEscogeEnUnCalendario) {
   Trastienda t;
   const struct {
@@ -226,6 +246,39 @@ TEST(VentanaVisor, FiltraYLaGraficaSigue) {
   EXPECT_FALSE(t.abrir(u"VerCols#1"_s, {{u"link"_s, lunes}})
                    ->findChild<QWidget*>(u"grafica"_s)
                    ->isVisible());
+}
+
+// Names as they are, at any size of letters; below upright bars those that don't touch.
+TEST(VentanaVisor, LaGraficaNoCortaSusNombres) {
+  for (const double escala : {1.0, 1.5}) {
+    Trastienda t;
+    t.escritorio.tema().setEscala(escala);
+    const qint64 lunes = t.dia("04/06/2018");
+    t.sql(u"update GRUPOS set NOMGPO='FRUTERIA MOSTRADOR ' & CODGPO"_s);
+    const auto nombres = [&](int clase) {
+      auto* v = t.abrir(u"VerCols#1"_s, {{u"link"_s, lunes}, {u"clase"_s, clase}});
+      v->resize(1366, 700);
+      const auto* vista = v->findChild<QGraphicsView*>();
+      QStringList vistos;
+      EXPECT_TRUE(esperar([&] {
+        vistos.clear();
+        QRectF anterior;
+        for (const QGraphicsItem* i : vista->scene()->items(Qt::AscendingOrder)) {
+          const auto* texto = qgraphicsitem_cast<const QGraphicsSimpleTextItem*>(i);
+          if (!texto || !texto->isVisible()) continue;
+          vistos << texto->text();
+          if (anterior.intersects(texto->sceneBoundingRect())) return false;
+          anterior = texto->sceneBoundingRect();
+        }
+        return !vistos.empty() && vista->isVisible();
+      })) << vistos.join(u'|').toStdString();
+      v->descargar();
+      return vistos.join(u'|');
+    };
+    EXPECT_EQ(nombres(kGranTotal), u"FRUTERIA MOSTRADOR 2|FRUTERIA MOSTRADOR 1");
+    EXPECT_EQ(nombres(kHorario), u"9|10|11|12|13");
+    t.escritorio.tema().setEscala(1);
+  }
 }
 
 TEST(VentanaVisor, UnCodigoEnElTiempo) {
