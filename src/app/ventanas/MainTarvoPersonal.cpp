@@ -1,4 +1,5 @@
 // The person's own entries: processes under a title of theirs.
+#include <QFile>
 #include <QMenu>
 #include <QToolButton>
 
@@ -74,7 +75,10 @@ void MainTarvo::ejecutarPersonal(const QString& titulo) {
   const QString aut = Ajustes::ruta(cual->proceso + u".AUT"_s, a.HomeDir);
   const auto fichero = app_.lenguaje().LeerProceso(aut);
   if (fichero && fichero->activaciones.empty()) return abrir(u"Automat"_s, {{u"proceso"_s, aut}});
-  activar(fichero ? aut : Ajustes::ruta(cual->proceso + u".CRO"_s, a.HomeDir));
+  const QString cro = Ajustes::ruta(cual->proceso + u".CRO"_s, a.HomeDir);
+  // With a process that can't be read and no timetable, what is wrong is in the process.
+  if (!fichero && QFile::exists(aut) && !QFile::exists(cro)) return decirFallo(fichero.error());
+  activar(fichero ? aut : cro);
 }
 
 // The window of a timetable that was taken over takes this one's place.

@@ -1,5 +1,6 @@
 #include "core/ventanas/Tema.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QEvent>
 #include <QFocusFrame>
@@ -49,11 +50,12 @@ QPalette paletaDe(Cara cara) {
   return p;
 }
 
-// Lists show their current cell and rows; a ring around a whole list would say less.
+// Lists show their current cell; a ring around a whole list would say less, unless it is empty.
 bool llevaAnillo(const QWidget* control) {
-  return control && !control->isWindow() && !control->inherits("QAbstractItemView") &&
-         !control->inherits("QMenuBar") && !control->inherits("QMenu") &&
-         !control->inherits("QTabBar");
+  const auto* lista = qobject_cast<const QAbstractItemView*>(control);
+  if (lista && lista->model()) return lista->model()->rowCount() == 0;
+  return control && !control->isWindow() && !lista && !control->inherits("QMenuBar") &&
+         !control->inherits("QMenu") && !control->inherits("QTabBar");
 }
 
 }  // namespace

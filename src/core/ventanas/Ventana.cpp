@@ -1,6 +1,8 @@
 #include "core/ventanas/Ventana.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QEventLoop>
 #include <QLineEdit>
 #include <QPushButton>
@@ -168,6 +170,8 @@ void Ventana::keyPressEvent(QKeyEvent* evento) {
   }
   if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter)
     return pulsarBoton(*evento);
+  if (evento->key() == Qt::Key_F10 && evento->modifiers() == Qt::ShiftModifier && focusWidget())
+    return pedirMenu(*focusWidget());
   if (evento->key() != Qt::Key_Escape) return QWidget::keyPressEvent(evento);
   evento->accept();
   close();
@@ -192,6 +196,13 @@ void Ventana::pulsarBoton(QKeyEvent& evento) {
     boton = suyo == todos.end() ? nullptr : *suyo;
   }
   if (boton) boton->click();
+}
+
+// Keyboards without a menu key have Shift+F10 for it.
+void Ventana::pedirMenu(QWidget& control) {
+  const QPoint donde = control.inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+  QContextMenuEvent menu(QContextMenuEvent::Keyboard, donde, control.mapToGlobal(donde));
+  QApplication::sendEvent(&control, &menu);
 }
 
 void Ventana::decirBien(const QString& texto) {

@@ -94,6 +94,7 @@ class Ventana : public QWidget {
   void volverAlDueno();
   void terminar(bool aceptada);
   void pulsarBoton(QKeyEvent& evento);
+  void pedirMenu(QWidget& control);
   Parrilla* primeraLista() const;
 
   Contexto& c_;

@@ -1,5 +1,6 @@
 // The person's own entries: added, renamed, run and removed.
 #include "Tienda.h"
+#include "core/ventanas/Tira.h"
 
 namespace tarvo::prueba {
 
@@ -27,9 +28,10 @@ void enElMenu(int cual, const std::function<void(QWidget&)>& enDialogo = {}) {
 }
 
 void menuSobre(QWidget& boton) {
-  const QPoint aqui = boton.rect().center();
-  QContextMenuEvent evento(QContextMenuEvent::Keyboard, aqui, boton.mapToGlobal(aqui));
-  QApplication::sendEvent(&boton, &evento);
+  boton.window()->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(boton.window()));
+  boton.setFocus();
+  QTest::keyClick(&boton, Qt::Key_F10, Qt::ShiftModifier);
 }
 
 void rellenarElemento(QWidget& d, const QString& titulo, const QString& proceso) {
@@ -79,6 +81,17 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
   menuSobre(*entrada);
   EXPECT_TRUE(t.fondo->ajustes.personal.empty());
   EXPECT_EQ(entrada->text(), u"Personalizado");
+}
+
+// What is wrong with a process is said, not that there is no timetable of its name.
+TEST(Personal, ElProcesoQueNoSeLeeDiceSuLinea) {
+  Tienda t;
+  t.fichero(u"PEDIDO.AUT"_s, "@INICIO BATCH\r\nS:ABRIR\r\nT:NADA,ALL\r\n@FINAL BATCH\r\n");
+  t.fondo->ajustes.personal = {{u"Pedido"_s, u"PEDIDO"_s}};
+  auto* v = t.principal();
+  QTest::mouseClick(v->findChild<QToolButton*>(u"Personalizado"_s), Qt::LeftButton);
+  EXPECT_FALSE(t.suplente(u"Cronos"_s));
+  EXPECT_TRUE(v->tira().texto().contains(u"NADA")) << v->tira().texto().toStdString();
 }
 
 // Two open a panel, in the order of the list; a delayed program takes over and the main window
