@@ -54,7 +54,11 @@ std::vector<Columna> columnasPasos(const Textos& textos) {
   const auto estado = [](const dao::Valor& v) {
     return estadoDe(static_cast<EstadoPaso>(v.entero()));
   };
-  return {{.titulo = kTxColNumero, .campo = u"numero"_s, .clase = Clase::Codigo, .cifras = 3},
+  return {{.titulo = kTxColNumero,
+           .campo = u"numero"_s,
+           .clase = Clase::Codigo,
+           .cifras = 3,
+           .ancho = 56},
           {.titulo = kTxColPaso, .campo = u"paso"_s, .ancho = 330, .ordenable = false},
           {.titulo = kTxColResultado,
            .campo = u"resultado"_s,
@@ -62,7 +66,7 @@ std::vector<Columna> columnasPasos(const Textos& textos) {
            .ver = palabra,
            .imagen = imagen,
            .estado = estado},
-          {.titulo = kTxColMotivo, .campo = u"motivo"_s, .ancho = 360}};
+          {.titulo = kTxColMotivo, .campo = u"motivo"_s, .ancho = 260}};
 }
 
 FilaViva filaPaso(size_t i, const VistaPaso& v) {

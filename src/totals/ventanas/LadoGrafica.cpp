@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMucho = 10000;
-constexpr int kParteLista = 7, kParteLado = 3;
+constexpr int kParteLista = 5, kParteLado = 2;
 
 }  // namespace
 
