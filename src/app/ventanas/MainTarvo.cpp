@@ -9,6 +9,7 @@
 #include "app/ventanas/SysTray.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "core/ventanas/Medidas.h"
+#include "core/ventanas/Tira.h"
 #include "core/ventanas/Ventanas.h"
 
 namespace tarvo::app {
@@ -159,6 +160,8 @@ void MainTarvo::changeEvent(QEvent* evento) {
   if (evento->type() != QEvent::ActivationChange || enPersonal_) return;
   if (isActiveWindow()) {
     mostrarPanel(kPrincipal);
+    // What kept it from closing has ended meanwhile.
+    if (tira().texto() == t(kTxSinCerrar) && app_.gestcomm().puedeCerrar()) tira().quitar();
     if (ultimaEntrada_ && ultimaEntrada_->isVisible()) ultimaEntrada_->setFocus();
   } else {
     ultimaEntrada_ = focusWidget();

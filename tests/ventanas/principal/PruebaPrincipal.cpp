@@ -120,6 +120,9 @@ TEST(Principal, NoSeCierraMientrasTransfiere) {
   EXPECT_TRUE(t.suplente(u"VerTot"_s)) << "every other window is untouched";
   EXPECT_TRUE(v->tira().texto().startsWith(u"Hay comunicaciones en curso"));
   t.suplente(u"gestcomm"_s)->seNiega = false;
+  QEvent deVuelta(QEvent::ActivationChange);
+  QApplication::sendEvent(v, &deVuelta);
+  EXPECT_FALSE(v->tira().isVisible()) << "nothing is under way any more";
   t.todas().abrir(u"Cronos"_s);
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));

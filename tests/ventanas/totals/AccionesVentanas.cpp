@@ -1,0 +1,140 @@
+// Jobs on periods that a person may want back, and the viewer by operator and hour.
+#include "Trastienda.h"
+#include "core/ventanas/Tira.h"
+
+namespace tarvo::prueba {
+
+using namespace totals;
+
+namespace {
+
+const QString kFilas =
+    u"select LINK, GRUPO, CODI, CON, PES, [IMP] from TOTPLU order by LINK, GRUPO, CODI"_s;
+const QString kStock =
+    u"select c.LINK, c.stkADO, (select coalesce(sum(Venta), 0) from MovsAlm) from COLUMNA as c order by c.LINK"_s;
+
+struct Lista : Trastienda {
+  ventanas::Ventana* abrirLista() {
+    auto* v = abrir(u"VerTot"_s);
+    grid = &lista(v);
+    return v;
+  }
+  // The key goes to the list, and what it asks is accepted.
+  void tecla(Qt::Key t, Qt::KeyboardModifiers m = {}) {
+    grid->window()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(grid->window()));
+    QTest::keyClick(grid->vista(), t, m);
+  }
+  void aceptarY(Qt::Key t, Qt::KeyboardModifiers m = {}) {
+    responder(u"Acepto"_s);
+    tecla(t, m);
+  }
+  ventanas::Parrilla* grid = nullptr;
+};
+
+}  // namespace
+
+// What was emptied and then deleted comes back step by step, the last one first.
+TEST(VentanaAcciones, VaciaBorraYDeshaceLosDos) {
+  Lista t;
+  t.dia("04/06/2018");
+  const QString antes = t.leer(kFilas);
+  auto* v = t.abrirLista();
+  t.aceptarY(Qt::Key_Delete, Qt::ControlModifier);
+  ASSERT_TRUE(esperar([&] { return t.cuenta(u"TOTPLU"_s) == 0; }));
+  EXPECT_TRUE(t.textoModal.startsWith(u"ATENCIÓN: Vaciará 1 periodos de totalización"))
+      << t.textoModal.toStdString();
+  EXPECT_TRUE(esperar([&] { return v->tira().texto() == u"1 periodo vaciado"; }));
+  EXPECT_EQ(t.grid->filas(), 1) << "the period itself stays";
+  EXPECT_EQ(t.cuenta(u"TOTGRT"_s), 0);
+  t.aceptarY(Qt::Key_Delete);
+  ASSERT_TRUE(esperar([&] { return t.grid->filas() == 0; }));
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  ASSERT_TRUE(esperar([&] { return t.grid->filas() == 1; }));
+  EXPECT_EQ(t.leer(kFilas), u"");
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(esperar([&] { return t.leer(kFilas) == antes; }));
+  EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
+}
+
+TEST(VentanaAcciones, BorrarSeNiegaConCancelar) {
+  Lista t;
+  t.dia("04/06/2018");
+  const QString antes = t.leer(kFilas);
+  t.abrirLista();
+  t.responder(u"Cancelo"_s);
+  t.tecla(Qt::Key_Delete, Qt::ControlModifier);
+  EXPECT_EQ(t.leer(kFilas), antes);
+}
+
+// A period that no reception made is asked about; its sales never leave the stock, whatever the
+// answer, and that is said. The rest is discounted once, and comes back.
+TEST(VentanaAcciones, DescuentaSoloLoQueVinoDeLasBalanzas) {
+  Lista t;
+  const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018");
+  t.sql(u"update COLUMNA set stkABLE=0 where LINK=?"_s, martes);
+  auto* v = t.abrirLista();
+  for (const auto* boton : {u"Cancelar", u"Procesar"}) {
+    t.grid->elegir({lunes, martes});
+    QString lineas;
+    t.alAbrirse([&](QWidget* pregunta) {
+      QTest::mouseClick(pregunta->findChild<QPushButton*>(u"Acepto"_s), Qt::LeftButton);
+      t.alAbrirse([&](QWidget* w) {
+        for (const char16_t* l : {u"linea1", u"linea2", u"linea3"})
+          lineas += w->findChild<QLabel*>(QString::fromUtf16(l))->text() + u' ';
+        QTest::mouseClick(w->findChild<QPushButton*>(QString::fromUtf16(boton)), Qt::LeftButton);
+      });
+    });
+    t.tecla(Qt::Key_F8);
+    ASSERT_TRUE(esperar([&] { return v->tira().estado() == ventanas::Estado::Duda; }));
+    EXPECT_EQ(lineas,
+              u"El periodo a procesar no ha sido creado por recepción de datos, por lo que está "
+              u"marcado como NO PROCESABLE EN STOCK. ");
+    EXPECT_EQ(t.leer(kStock), u"1 1 30000 | 2 0 30000") << v->tira().texto().toStdString();
+    t.tecla(Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_TRUE(esperar([&] { return t.leer(kStock) == u"1 0 0 | 2 0 0"; }))
+        << t.leer(kStock).toStdString();
+  }
+}
+
+TEST(VentanaAcciones, OperadorYHora) {
+  Lista t;
+  const qint64 lunes = t.dia("04/06/2018");
+  t.sql(u"insert into OPERS (CODOPE, NOMOPE) values (6, 'Luis')"_s);
+  for (const int g : {1, 2})
+    for (const int oper : {5, 6})
+      for (int h = 9; h < 12; ++h)
+        t.sql(
+            u"insert into TOTOPHOR (LINK, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) values (?, ?, "
+            u"?, ?, 2, 1500, ?, 0)"_s,
+            lunes, g, oper, h, 100 * oper);
+  auto* v = t.abrirLista();
+  auto* menu = v->findChild<QMenu*>(u"MnuVer"_s);
+  menu->actions().back()->trigger();
+  auto* visor = t.escritorio.ventanas().cargada(u"V_ColOpH#1"_s);
+  ASSERT_NE(visor, nullptr);
+  EXPECT_TRUE(visor->windowTitle().contains(u"4 junio 2018")) << visor->windowTitle().toStdString();
+  auto& grid = t.lista(visor);
+  EXPECT_EQ(grid.filas(), 12);
+  EXPECT_EQ(grid.texto(0, u"t.HORA"), u"09");
+  const auto elegir = [&](const char16_t* lista, int codigo) {
+    auto* c = visor->findChild<QComboBox*>(QString::fromUtf16(lista));
+    c->setCurrentIndex(c->findData(codigo));
+    Q_EMIT c->activated(c->currentIndex());
+  };
+  elegir(u"LstOper", 6);
+  EXPECT_EQ(grid.filas(), 6);
+  elegir(u"AllGrp", 2);
+  EXPECT_EQ(grid.filas(), 3);
+  EXPECT_TRUE(esperar([&] { return grid.sumas().contains(u"18,00"); }))
+      << grid.sumas().join(u'|').toStdString();
+  const auto* grafica = visor->findChild<QWidget*>(u"grafica"_s);
+  EXPECT_TRUE(esperar([&] { return grafica->accessibleDescription().startsWith(u"9 6,00"); }))
+      << grafica->accessibleDescription().toStdString();
+  EXPECT_FALSE(visor->findChild<QWidget*>(u"LstClase"_s)->isVisible());
+  // Its period goes, and it with it.
+  t.aceptarY(Qt::Key_Delete);
+  EXPECT_TRUE(esperar([&] { return !t.escritorio.ventanas().cargada(u"V_ColOpH#1"_s); }));
+}
+
+}  // namespace tarvo::prueba
