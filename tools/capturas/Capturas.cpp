@@ -1,7 +1,6 @@
 #include "capturas/Capturas.h"
 
 #include <QApplication>
-#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -49,11 +48,11 @@ template <class F>
 auto sinCajas(QStringList& dicho, F hacer) {
   QTimer vigia;
   QObject::connect(&vigia, &QTimer::timeout, [&dicho] {
-    auto* caja = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    QWidget* caja = QApplication::activeModalWidget();
     if (!caja) return;
     for (const QLabel* l : caja->findChildren<QLabel*>())
       if (!l->text().isEmpty()) dicho << l->text();
-    caja->reject();
+    caja->close();
   });
   vigia.start(20);
   return hacer();
@@ -70,8 +69,10 @@ QStringList una(ventanas::Escritorio& e, const Encargo& encargo, const QString& 
   e.tema().setCara(cara);
   e.tema().setEscala(escala / 100.0);
   QStringList cajas;
-  const auto v = sinCajas(
-      cajas, [&] { return e.ventanas().abrir(nombre, nullptr, e.ventanas().muestra(nombre)); });
+  const auto suyos = encargo.argumentos.find(nombre);
+  const auto& con =
+      suyos == encargo.argumentos.end() ? e.ventanas().muestra(nombre) : suyos->second;
+  const auto v = sinCajas(cajas, [&] { return e.ventanas().abrir(nombre, nullptr, con); });
   if (!v) return {fichero + u": no se abre: "_s + cajas.join(u' ')};
   dimensionar(*v, pantalla);
   asentar(*v);
@@ -79,7 +80,7 @@ QStringList una(ventanas::Escritorio& e, const Encargo& encargo, const QString& 
   if (v->width() > pantalla.width() || v->height() > pantalla.height() - kMargenPantalla)
     faltas << u"no cabe en la pantalla: pide %1x%2"_s.arg(v->width()).arg(v->height());
   if (!v->grab().save(encargo.carpeta + u'/' + fichero)) faltas << u"no se puede escribir"_s;
-  if (!v->descargar()) faltas << u"no se deja descargar"_s;
+  if (!sinCajas(cajas, [v] { return v->descargar(); })) faltas << u"no se deja descargar"_s;
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   for (QString& f : faltas) f = fichero + u": "_s + f;
   return faltas;

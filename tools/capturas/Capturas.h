@@ -11,6 +11,8 @@ struct Encargo {
   QString carpeta;        // where pictures go; made when it isn't there
   QString marca;          // "llena" or "vacia", part of the file's name
   QStringList solo = {};  // these windows; empty for all
+  // What a window opens with in place of its own sample, by name.
+  std::map<QString, ventanas::Argumentos> argumentos = {};
 };
 
 // "Ventana_llena_claro_1366x768_100.png" and so on. What is cut, a line each, with the picture's

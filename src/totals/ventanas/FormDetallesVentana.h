@@ -3,17 +3,10 @@
 #pragma once
 
 #include "core/ventanas/Ventana.h"
-#include "totals/CerrSes.h"
+#include "totals/ventanas/DetalleSesion.h"
 #include "ui_FormDetalles.h"
 
 namespace tarvo::totals {
-
-struct DetalleSesion {
-  std::vector<Recibido> recibidos;
-  std::vector<Propuesto> propuestos;
-  bool sustituir = true;
-  int elegido = -1;  // of `propuestos`; -1 for each its own
-};
 
 class FormDetallesVentana final : public ventanas::Ventana {
   Q_OBJECT

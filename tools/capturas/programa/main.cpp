@@ -6,6 +6,7 @@
 #include "app/Datos.h"
 #include "app/ventanas/Registro.h"
 #include "capturas/Capturas.h"
+#include "capturas/programa/Relleno.h"
 #include "comm/enlace/FabricaReal.h"
 
 using namespace tarvo;
@@ -13,6 +14,7 @@ using namespace tarvo;
 namespace {
 
 constexpr quint64 kSemilla = 1;
+const QString kAutomat = QStringLiteral("Automat");
 
 int morir(const QString& porque) {
   app::avisar(porque);
@@ -32,8 +34,26 @@ int capturarCarpeta(QApplication& qt, const QStringList& a) {
   ventanas::Escritorio escritorio(qt, *(*fondo)->db, (*fondo)->ajustes, *textos, reloj,
                                   ventanas::Cara::Clara, {});
   app::registrarVentanas(escritorio.ventanas(), aplicacion);
-  const QStringList faltas =
-      capturas::capturar(escritorio, {.carpeta = a[2], .marca = a[3], .solo = a.mid(4)});
+  capturas::Encargo encargo{.carpeta = a[2], .marca = a[3], .solo = a.mid(4)};
+  if (encargo.solo.isEmpty()) encargo.solo = escritorio.ventanas().nombres();
+  const bool llena = encargo.marca == u"llena",
+             conProceso = llena && encargo.solo.removeOne(kAutomat);
+  if (llena) {
+    if (const auto hecho = capturas::llenarBandeja(**fondo, aplicacion, reloj.ahora()); !hecho)
+      return morir(hecho.error().texto);
+    auto argumentos = capturas::argumentosLlenos(aplicacion, a[1]);
+    if (!argumentos) return morir(argumentos.error().texto);
+    encargo.argumentos = std::move(*argumentos);
+  }
+  QStringList faltas;
+  if (!encargo.solo.isEmpty()) faltas = capturas::capturar(escritorio, encargo);
+  // Behind all others: the board of the main window shows the last run.
+  if (conProceso) {
+    if (const auto hecho = capturas::dejarProceso(aplicacion, a[1]); !hecho)
+      return morir(hecho.error().texto);
+    encargo.solo = {kAutomat};
+    faltas << capturas::capturar(escritorio, encargo);
+  }
   for (const QString& f : faltas) app::decir(f);
   return faltas.isEmpty() ? 0 : 1;
 }

@@ -1,0 +1,94 @@
+#include "capturas/programa/Relleno.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+
+#include "totals/ventanas/ComunTotales.h"
+#include "totals/ventanas/DetalleSesion.h"
+
+namespace tarvo::capturas {
+
+using namespace Qt::StringLiterals;
+using namespace totals;
+
+namespace {
+
+constexpr int kPaciencia = 5000;  // ms
+constexpr double kApertura = 9.0 / 24, kCierre = 21.5 / 24;
+
+const QByteArray kProceso =
+    "N:El periodo de anoche, a su semana, al stock y a un fichero\r\nP:SEL. ULTIMO\r\n"
+    "P:ACUMULAR,2\r\nP:SEL. ULTIMO\r\nP:STOCK\r\nE:TOTALIZA, No, No,MUESTRA\r\n";
+const QByteArray kHorario =
+    "06:30:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,No;PRECIOS\r\n"
+    "22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,No;NOCHE\r\n"
+    "22:00:00;No,No,No,No,No,S\xED,No;SEMANA\r\n";
+
+Resultado<> escribir(const QString& ruta, const QByteArray& bytes) {
+  QFile f(ruta);
+  if (f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size()) return {};
+  return fallo(Fallo::SinPermiso, ruta + u": "_s + f.errorString());
+}
+
+// The event loop until it holds.
+template <class F>
+bool esperar(F hecho) {
+  QElapsedTimer t;
+  for (t.start(); !hecho() && t.elapsed() < kPaciencia;)
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+  return hecho();
+}
+
+Resultado<> recibir(app::Fondo& fondo, Sesion& sesion, int grupo, Fecha dia) {
+  std::vector<Aviso> avisos;
+  Lectura l;
+  l.maquinas[0][{grupo, 0}] = {120 + grupo, 45000, 98765 * grupo, 0};
+  TARVO_INTENTAR(sesion.PrepararRecepcion(grupo, kGranTotal));
+  TARVO_INTENTAR(sesion.guardarLectura(grupo, kGranTotal, l, avisos));
+  TARVO_INTENTAR(
+      fondo.db->ejecutar(u"UPDATE Sesiones SET DD_GRT=?, HT_GRT=?, PZERO=? WHERE CODGPO=?",
+                         dia + kApertura, dia + kCierre, dia + kApertura, grupo));
+  return {};
+}
+
+}  // namespace
+
+Resultado<> llenarBandeja(app::Fondo& fondo, app::Aplicacion& aplicacion, Fecha hoy) {
+  const Fecha dia = hoy.dia() + 1;  // behind whatever was zeroed until now
+  for (const int grupo : {1, 2, 3, 4, 5, 6})
+    TARVO_INTENTAR(recibir(fondo, aplicacion.sesion(), grupo, dia + (grupo > 4 ? 1 : 0)));
+  return {};
+}
+
+Resultado<> dejarProceso(app::Aplicacion& aplicacion, const QString& carpeta) {
+  const QString ruta = carpeta + u"/MUESTRA.AUT"_s;
+  TARVO_INTENTAR(escribir(ruta, kProceso));
+  auto fichero = aplicacion.lenguaje().LeerProceso(ruta);
+  if (!fichero) return std::unexpected(fichero.error());
+  automation::Automat& a = aplicacion.automat();
+  const auto detenido = [&a] { return a.fase() == automation::kDetenidoEnPaso; };
+  a.PROCESO(std::move(fichero->pasos), {}, u"MUESTRA"_s);
+  a.retener();
+  for (int i = 0; i < 4 && esperar(detenido); ++i) a.paso();
+  if (!esperar(detenido)) return fallo(Fallo::Ocupado, ruta);
+  a.abortar();
+  esperar([&a] { return !a.enMarcha(); });
+  return {};
+}
+
+Resultado<std::map<QString, ventanas::Argumentos>> argumentosLlenos(app::Aplicacion& aplicacion,
+                                                                    const QString& carpeta) {
+  const QString horario = carpeta + u"/NOCHES.CRO"_s;
+  TARVO_INTENTAR(escribir(horario, kHorario));
+  std::vector<Aviso> avisos;
+  CerrSes& c = aplicacion.cerrSes();
+  TARVO_INTENTAR(c.AnalizarScratch(avisos));
+  const auto d = std::make_shared<DetalleSesion>(
+      DetalleSesion{c.recibidos(), c.propuestos(), c.OverWr, c.elegido()});
+  return std::map<QString, ventanas::Argumentos>{
+      {u"EdiCron"_s, {{u"horario"_s, horario}}},
+      {u"FormDetalles"_s, {{u"salida"_s, comoSalida(d)}}}};
+}
+
+}  // namespace tarvo::capturas
