@@ -14,6 +14,8 @@
 #include <QTabBar>
 #include <QToolButton>
 
+#include "core/ventanas/Medidas.h"
+
 namespace tarvo::capturas {
 
 namespace {
@@ -75,7 +77,8 @@ void mirarLista(const QComboBox& c, QStringList& faltas) {
 }
 
 void mirarGrupo(const QGroupBox& g, QStringList& faltas) {
-  const int pide = g.fontMetrics().horizontalAdvance(g.title());
+  const int pide =
+      g.fontMetrics().horizontalAdvance(g.title()) + ventanas::escalar(2 * ventanas::kHueco);
   if (pide > g.width()) faltas << falta(g, g.title(), pide, g.width());
 }
 

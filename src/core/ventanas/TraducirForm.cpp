@@ -15,6 +15,8 @@
 #include <QTreeWidget>
 #include <functional>
 
+#include "core/ventanas/Medidas.h"
+
 namespace tarvo::ventanas {
 
 using namespace Qt::StringLiterals;
@@ -56,6 +58,18 @@ std::optional<Rotulo> conTitulo(QObject& o) {
   return Rotulo{[c] { return c->title(); }, [c](const QString& s) { c->setTitle(s); }};
 }
 
+// A box is as wide as its title asks, whatever stands in it.
+std::optional<Rotulo> conMarco(QObject& o) {
+  auto* g = qobject_cast<QGroupBox*>(&o);
+  if (!g) return std::nullopt;
+  return Rotulo{[g] { return g->title(); },
+                [g](const QString& s) {
+                  g->setTitle(s);
+                  g->ensurePolished();
+                  g->setMinimumWidth(g->fontMetrics().horizontalAdvance(s) + escalar(4 * kHueco));
+                }};
+}
+
 template <class C>
 std::optional<Rotulo> conPista(QObject& o) {
   auto* c = qobject_cast<C*>(&o);
@@ -66,8 +80,8 @@ std::optional<Rotulo> conPista(QObject& o) {
 
 std::optional<Rotulo> rotuloDe(QObject& o) {
   for (const auto prueba :
-       {conTexto<QLabel>, conTexto<QAbstractButton>, conTexto<QAction>, conTitulo<QGroupBox>,
-        conTitulo<QMenu>, conPista<QLineEdit>, conPista<QPlainTextEdit>})
+       {conTexto<QLabel>, conTexto<QAbstractButton>, conTexto<QAction>, conMarco, conTitulo<QMenu>,
+        conPista<QLineEdit>, conPista<QPlainTextEdit>})
     if (auto r = prueba(o)) return r;
   return std::nullopt;
 }

@@ -16,7 +16,7 @@ using ventanas::kPaso;
 
 namespace {
 
-constexpr double kParteNombres = 0.6;  // of the chart's width, at most
+constexpr double kParteNombres = 0.66;  // of the chart's width, at most
 
 }  // namespace
 
