@@ -1,6 +1,8 @@
 #include "app/ventanas/MainTarvo.h"
 
+#include <QEventLoop>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QShortcut>
 #include <QToolButton>
 
@@ -189,7 +191,26 @@ void MainTarvo::reaparecer() {
   activateWindow();
 }
 
+std::vector<ventanas::Captura*> MainTarvo::CapturasActivas() const {
+  std::vector<ventanas::Captura*> activas;
+  for (Ventana* v : contexto().ventanas.abiertas())
+    if (auto* c = dynamic_cast<ventanas::Captura*>(v)) activas.push_back(c);
+  return activas;
+}
+
+void MainTarvo::suspenderCapturas() {
+  const QScopedValueRollback en(suspendiendo_, true);
+  for (ventanas::Captura* c : CapturasActivas()) c->SuspenderCaptura(false);
+  QEventLoop bucle;
+  connect(&contexto().ventanas, &ventanas::Ventanas::descargada, &bucle, [&] {
+    if (CapturasActivas().empty()) bucle.quit();
+  });
+  if (!CapturasActivas().empty()) bucle.exec();
+}
+
 bool MainTarvo::QueryUnload() {
+  if (suspendiendo_) return true;
+  suspenderCapturas();
   if (contexto().ventanas.DescargaTodo(this)) {
     if (contexto().ventanas.cargada(u"gestcomm"_s)) decirDuda(t(kTxSinCerrar));
     return true;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/Aplicacion.h"
+#include "core/ventanas/Captura.h"
 #include "core/ventanas/Ventana.h"
 #include "ui_MainTarvo.h"
 
@@ -55,6 +56,11 @@ class MainTarvo final : public ventanas::Ventana {
   Ui::MainTarvo ui_;
   Manana* manana_;
   SysTray* tray_;
+  // The windows that receive from a machine now; asked to stop, and waited for, before the end.
+  std::vector<ventanas::Captura*> CapturasActivas() const;
+  void suspenderCapturas();
+
+  bool suspendiendo_ = false;
   bool enPersonal_ = false;  // a pop-up or the dialog of an own entry is up
   QPointer<QWidget> ultimaEntrada_;
 };

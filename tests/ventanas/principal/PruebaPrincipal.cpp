@@ -3,6 +3,7 @@
 
 #include "Tienda.h"
 #include "automation/Historial.h"
+#include "core/ventanas/Captura.h"
 #include "core/ventanas/Tira.h"
 
 namespace tarvo::prueba {
@@ -128,6 +129,37 @@ TEST(Principal, NoSeCierraMientrasTransfiere) {
   EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
   EXPECT_TRUE(t.todas().cargada(u"Cronos"_s)) << "a timetable survives the windows around it";
   EXPECT_EQ(t.todas().abiertas().size(), 1U);
+}
+
+// Those that receive from a machine are asked to stop, once, and waited for; the rest only goes
+// then.
+TEST(Principal, EsperaALasCapturas) {
+  class Receptora final : public Ventana, public Captura {
+   public:
+    Receptora(Contexto& c, const QString& n) : Ventana(c, n) {}
+    void SuspenderCaptura(bool borrar) override {
+      EXPECT_FALSE(borrar);
+      ++pedidas;
+      if (nombre() == u"OnLine#0001") return static_cast<void>(descargar());
+      QTimer::singleShot(100, this, [this] { descargar(); });  // its line closes
+    }
+    int pedidas = 0;
+  };
+  Tienda t;
+  t.todas().registrar(u"OnLine"_s,
+                      [](Contexto& c, const QString& n) { return new Receptora(c, n); });
+  auto* v = t.principal();
+  t.todas().abrir(u"VerTot"_s);
+  t.todas().abrir(u"OnLine#0001"_s);
+  auto* segunda = static_cast<Receptora*>(t.todas().abrir(u"OnLine#0002"_s));
+  QTimer::singleShot(20, v, [&] {
+    EXPECT_FALSE(t.todas().cargada(u"OnLine#0001"_s));
+    EXPECT_TRUE(t.suplente(u"VerTot"_s)) << "nothing else goes before them";
+    QTest::keyClick(v, Qt::Key_Escape);  // an impatient person
+    EXPECT_EQ(segunda->pedidas, 1);
+  });
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_TRUE(t.todas().abiertas().empty());
 }
 
 TEST(SysTray, SeisMensajes) {
