@@ -73,7 +73,7 @@ std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
                [](const dao::Valor& v) {
                  return tonoDeEstado(static_cast<int>(v.entero() % kReteniendo));
                }},
-          {.titulo = kTxColProblema, .campo = u"Problema"_s, .ancho = 180}};
+          {.titulo = kTxColProblema, .campo = u"Problema"_s, .ancho = 140}};
 }
 
 ventanas::FilaViva filaTarea(const motor::VistaTarea& t, const motor::ClaseTarea* clase,

@@ -7,12 +7,19 @@
 #include <QTextCharFormat>
 #include <QToolButton>
 
+#include "core/ventanas/Medidas.h"
 #include "core/ventanas/Tema.h"
 #include "core/ventanas/TextosVentanas.h"
 
 namespace tarvo::ventanas {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kAnchoMes = 340, kAltoMes = 240;
+
+}  // namespace
 
 void vestirMes(QCalendarWidget& mes) {
   mes.setLocale(QLocale(QLocale::Spanish, QLocale::Spain));
@@ -42,6 +49,7 @@ void EscogeFecha::abrir() {
   mes->setAttribute(Qt::WA_DeleteOnClose);
   mes->setAccessibleName(c_.textos(kTxEscogerFecha));
   vestirMes(*mes);
+  mes->setFixedSize(escalar(kAnchoMes), escalar(kAltoMes));  // names of days whole
   const auto escrita = Fecha::leer(campo_.text().trimmed());
   mes->setSelectedDate((escrita ? *escrita : c_.reloj.ahora()).qdate());
   // A click chooses; so does Return on a day, which is told as activated too.

@@ -105,6 +105,7 @@ bool Ventana::ejecutar() {
   bucle_ = &bucle;
   aceptada_ = false;
   setWindowModality(Qt::ApplicationModal);
+  setWindowFlags(Qt::Dialog);  // the desktop puts it on its owner
   winId();
   if (dueno_) windowHandle()->setTransientParent(dueno_->windowHandle());
   mostrarSobre(dueno_);

@@ -126,6 +126,7 @@ TEST(Ventanas, ModalAceptaYRechaza) {
     const Muestra* dueno = p.abrir(u"MainTarvo"_s);
     cuandoHayaCaja([&](QWidget& v) {
       EXPECT_EQ(v.windowHandle()->transientParent(), dueno->windowHandle());
+      EXPECT_EQ(v.windowHandle()->type(), Qt::Dialog);
       auto* desde = v.findChild<QWidget*>(QString::fromLatin1(c.desde));
       desde->setFocus();
       QTest::keyClick(desde, c.tecla);
