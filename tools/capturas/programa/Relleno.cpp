@@ -55,6 +55,15 @@ Resultado<> recibir(app::Fondo& fondo, Sesion& sesion, int grupo, Fecha dia) {
 }  // namespace
 
 Resultado<> llenarBandeja(app::Fondo& fondo, app::Aplicacion& aplicacion, Fecha hoy) {
+  const auto periodos = fondo.db->uno(u"SELECT count(*) FROM COLUMNA");
+  if (!periodos) return std::unexpected(periodos.error());
+  if (periodos->entero() == 0) {
+    for (const int grupo : {1, 2, 3})
+      TARVO_INTENTAR(recibir(fondo, aplicacion.sesion(), grupo, hoy.dia()));
+    std::vector<Aviso> avisos;
+    TARVO_INTENTAR(aplicacion.cerrSes().AnalizarScratch(avisos));
+    TARVO_INTENTAR(aplicacion.cerrSes().LaSesion(true, 0, avisos));
+  }
   const Fecha dia = hoy.dia() + 1;  // behind whatever was zeroed until now
   for (const int grupo : {1, 2, 3, 4, 5, 6})
     TARVO_INTENTAR(recibir(fondo, aplicacion.sesion(), grupo, dia + (grupo > 4 ? 1 : 0)));

@@ -6,7 +6,8 @@
 
 namespace tarvo::capturas {
 
-// An inbox with the sales of two days, still to be memorised.
+// An inbox with the sales of two days, still to be memorised; and today's period, when the shop has
+// none at all.
 Resultado<> llenarBandeja(app::Fondo& fondo, app::Aplicacion& aplicacion, Fecha hoy);
 // A process that a person held, took a step further and gave up. REQUIRES an event loop.
 Resultado<> dejarProceso(app::Aplicacion& aplicacion, const QString& carpeta);

@@ -45,6 +45,7 @@ int capturarCarpeta(QApplication& qt, const QStringList& a) {
     if (!argumentos) return morir(argumentos.error().texto);
     encargo.argumentos = std::move(*argumentos);
   }
+  if (!llena) encargo.solo.removeOne(QStringLiteral("ConfirSum"));  // refuses to sum nothing
   QStringList faltas;
   if (!encargo.solo.isEmpty()) faltas = capturas::capturar(escritorio, encargo);
   // Behind all others: the board of the main window shows the last run.
