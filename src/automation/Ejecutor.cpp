@@ -13,6 +13,13 @@ constexpr qint64 kMayorGrupo = 32767, kMayorReintento = 32767;
 constexpr int kReintentosSinNadie = 100;
 constexpr int kUltimoMensaje = 14;
 
+Hecho deFallo(const Error& e, int codigo = 0) {
+  Hecho h;
+  h.error(codigo);
+  h.decir(e.texto);
+  return h;
+}
+
 void contar(const std::vector<totals::Aviso>& avisos, Hecho& h) {
   for (const auto& a : avisos) h.decir(a.texto, a.grave, a.grupo);
 }
@@ -65,13 +72,6 @@ Resultado<std::optional<std::vector<int>>> gruposDe(const PasoProceso& p, dao::D
 
 }  // namespace
 
-Hecho hechoDeFallo(const Error& e, int codigo) {
-  Hecho h;
-  h.error(codigo);
-  h.decir(e.texto);
-  return h;
-}
-
 QString mensajePaso(int codigo, const Textos& textos) {
   return codigo > 0 && codigo <= kUltimoMensaje ? textos(kTxMensajePaso + codigo) : QString();
 }
@@ -102,7 +102,7 @@ Resultado<Hecho> Ejecutor::tarea(const PasoProceso& p, Ejecucion& e) {
   Hecho h;
   const auto orden = ordenDe(p);
   const auto grupos = gruposDe(p, t_.db);
-  if (!grupos) return hechoDeFallo(grupos.error());
+  if (!grupos) return deFallo(grupos.error());
   if (!orden || !*grupos) {
     h.error(2);
     return h;
@@ -214,7 +214,7 @@ Hecho Ejecutor::periodos(const PasoProceso& p, const Ejecucion& e) {
   const std::vector<qint64> elegidos = t_.verTot.LosSelec();
   const auto r = operacion(p);
   if (!r)
-    h = hechoDeFallo(r.error(), p.verbo() == kCrear ? 7 : 0);
+    h = deFallo(r.error(), p.verbo() == kCrear ? 7 : 0);
   else if (!*r)
     h.error(codigoPeriodos(p.verbo()));
   if (p.verbo() == kAcumular || p.verbo() == kStock)

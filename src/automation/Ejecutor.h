@@ -28,9 +28,6 @@ struct Hecho {
   }
 };
 
-// A step that the store or a file refused; the text of the error stands under its message.
-Hecho hechoDeFallo(const Error& e, int codigo = 0);
-
 QString mensajePaso(int codigo, const Textos& textos);
 
 // Under what rule the engine's tasks are watched.

@@ -59,12 +59,13 @@ Hecho Ejecutor::exportar(const PasoProceso& p, const Ejecucion& e) {
                           ? u"EX"_s + ahora.qdate().toString(QStringLiteral("yyMMdd"))
                           : ExpandirNombre(p.texto(4), ahora, t_.db)};
   const int orden = ordenExporte(e);
-  auto viejos = Pendientes(t_.db).exportes(e.nombre, orden);
-  if (!viejos) return hechoDeFallo(viejos.error(), kErrorExportar);
   std::vector<qint64> propios = t_.verTot.LosSelec();
   const bool nadaElegido = propios.empty();
   QStringList saldados;
-  exportarPendientes(*viejos, x, propios, saldados, h);
+  if (const auto viejos = Pendientes(t_.db).exportes(e.nombre, orden))
+    exportarPendientes(*viejos, x, propios, saldados, h);
+  else
+    h.decir(viejos.error().texto);
 
   Pendientes::Exporte debido{u"%1.%2"_s.arg(e.numero).arg(e.paso), {}};
   if (nadaElegido || !propios.empty()) {

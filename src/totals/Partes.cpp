@@ -19,10 +19,9 @@ Resultado<dao::Valor> totalContado(Database& db, const Parte& p, qint64 ejecucio
       p.grupo, p.addr, ejecucion, p.grupo, kGranTotal);
   if (!rs) return std::unexpected(rs.error());
   if (!(*rs)->Eof()) return (*rs)->valor(0);
-  const auto reciente = db.uno(
-      u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND CLASE=? AND EJECUCION=? AND "_s
-      u"SEC>COALESCE((SELECT SEC_HECHO FROM Ceros WHERE GRUPO=? AND ADDR=?), 0)"_s,
-      p.grupo, kGranTotal, ejecucion, p.grupo, p.addr);
+  const auto reciente =
+      db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND CLASE=? AND EJECUCION=?"_s, p.grupo,
+             kGranTotal, ejecucion);
   const auto leido = granTotalLeido(db, p.grupo, p.addr);
   if (!reciente || !leido) return std::unexpected(reciente ? leido.error() : reciente.error());
   if (reciente->entero() == 0 || !*leido) return dao::Valor();
@@ -122,8 +121,8 @@ Resultado<std::set<int>> gruposAMedias(Database& db) {
 
 Resultado<std::optional<Contadores>> granTotalLeido(Database& db, int grupo, int addr) {
   auto rs = db.consultar(
-      u"SELECT MAQUINAS FROM Lecturas WHERE GRUPO=? AND CLASE=? AND ESTADO=2 AND SEC>(SELECT "_s
-      u"COALESCE(MAX(SEC_HECHO), 0) FROM Ceros WHERE Ceros.GRUPO=Lecturas.GRUPO AND ADDR=?)"_s,
+      QString(u"SELECT MAQUINAS FROM Lecturas WHERE GRUPO=? AND CLASE=? AND ESTADO=2 AND "_s +
+              QString::fromUtf16(kTrasElCero)),
       grupo, kGranTotal, addr);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof()) return std::nullopt;

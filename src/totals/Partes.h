@@ -38,7 +38,8 @@ Resultado<std::set<int>> gruposAMedias(dao::Database& db);
 Resultado<bool> resolverPartes(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
                                int grupo, std::vector<Aviso>& avisos);
 
-// What the last whole reading of the grand total says of one machine; nothing without one.
+// What the last whole reading of the grand total says of one machine; nothing when there is none
+// since the machine last forgot.
 Resultado<std::optional<Contadores>> granTotalLeido(dao::Database& db, int grupo, int addr);
 
 }  // namespace tarvo::totals

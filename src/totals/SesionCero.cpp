@@ -195,10 +195,10 @@ Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
   const auto base = granTotalLeido(db_, grupo, addr);
   if (!base) return std::unexpected(base.error());
   if (!*base) {
-    const auto otras = db_.uno(
-        u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND SEC>(SELECT "_s
-        u"COALESCE(MAX(SEC_HECHO), 0) FROM Ceros WHERE Ceros.GRUPO=Lecturas.GRUPO AND ADDR=?)"_s,
-        grupo, addr);
+    const auto otras =
+        db_.uno(QString(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND "_s +
+                        QString::fromUtf16(kTrasElCero)),
+                grupo, addr);
     if (!otras) return std::unexpected(otras.error());
     return otras->entero() > 0 ? Comparacion::OtrasClases : Comparacion::SinLectura;
   }

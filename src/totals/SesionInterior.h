@@ -32,6 +32,12 @@ struct Sesion::Estado {
   std::set<int> leidosAhora;  // groups read since this process started the run
 };
 
+// Of a row of Lecturas: read since the machine of an address (a parameter) last confirmed that it
+// forgot.
+inline constexpr auto kTrasElCero =
+    u"SEC>(SELECT COALESCE(MAX(SEC_HECHO), 0) FROM Ceros WHERE Ceros.GRUPO=Lecturas.GRUPO AND "
+    u"ADDR=?)";
+
 // Keeps the rows of a kind that are memorised, and not zeroed, apart from the inbox, which is about
 // to be refilled.
 Resultado<> apartarBase(dao::Database& db, int grupo, int clase);

@@ -46,6 +46,14 @@ class LibrosTest : public testing::Test {
   void leerTodo() {
     for (const int g : {1, 2}) t.leer(g);
   }
+  // Group 1 obeys its order, and nobody hears of it.
+  void nocheSinConfirmar() {
+    dia();
+    leerTodo();
+    t.memorizar();
+    EXPECT_TRUE(t.ponerACero(1, true, false));
+    EXPECT_TRUE(t.ponerACero(2));
+  }
   Tienda t;
   Azar azar;
 };
@@ -96,11 +104,7 @@ TEST_F(LibrosTest, LaPuestaACeroQueNadieAnotoNoPisaElDia) {
 
 // What was read before an order can't show that it was obeyed: an earlier one was.
 TEST_F(LibrosTest, ElCeroQueVieneDetrasNoExplicaLaLectura) {
-  dia();
-  leerTodo();
-  t.memorizar();
-  EXPECT_TRUE(t.ponerACero(1, true, false));
-  EXPECT_TRUE(t.ponerACero(2));
+  nocheSinConfirmar();
   dia();
   leerTodo();
   EXPECT_TRUE(t.ponerACero(1, false, false));  // it never arrives
@@ -113,11 +117,7 @@ TEST_F(LibrosTest, ElCeroQueVieneDetrasNoExplicaLaLectura) {
 
 // The order got no answer, and the next night only the grand total is read, which has caught up.
 TEST_F(LibrosTest, TrasUnCeroSinRespuestaElGranTotalNoBasta) {
-  dia();
-  leerTodo();
-  t.memorizar();
-  EXPECT_TRUE(t.ponerACero(1, true, false));
-  EXPECT_TRUE(t.ponerACero(2));
+  nocheSinConfirmar();
   dia();
   for (int n = 0; n < 500; ++n) t.grupos.at(1).at(0).vender(10, 100, 0);
   t.leerSolo(1, kGranTotal);

@@ -52,14 +52,14 @@ class MainTarvo final : public ventanas::Ventana {
   void eliminarPersonal(size_t cual);
   void atenderMenu(QToolButton& boton, std::optional<size_t> cual);
 
+  // --- the windows that receive from a machine now: asked to stop, and waited for, before the end
+  std::vector<ventanas::Captura*> CapturasActivas() const;
+  void suspenderCapturas();
+
   Aplicacion& app_;
   Ui::MainTarvo ui_;
   Manana* manana_;
   SysTray* tray_;
-  // The windows that receive from a machine now; asked to stop, and waited for, before the end.
-  std::vector<ventanas::Captura*> CapturasActivas() const;
-  void suspenderCapturas();
-
   bool suspendiendo_ = false;
   bool enPersonal_ = false;  // a pop-up or the dialog of an own entry is up
   QPointer<QWidget> ultimaEntrada_;

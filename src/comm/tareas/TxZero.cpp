@@ -36,13 +36,13 @@ class Cero final : public motor::TrabajoTarea {
   }
   void fallo() override {
     if (t_.Tipo == 4) toda_ = false;
-    insistida_ = false;
+    m_.insistida = false;
     if (!prueba_) dudar();
   }
   // At once, while the link is there and nothing new is sold: what it holds, and then the order
   // once more.
   bool sinRespuesta() override {
-    if (prueba_ || !anunciada_ || std::exchange(insistida_, true)) return false;
+    if (prueba_ || !m_.anunciada || std::exchange(m_.insistida, true)) return false;
     dudar();
     return true;
   }
@@ -53,7 +53,7 @@ class Cero final : public motor::TrabajoTarea {
   Resultado<> preparar();
   Resultado<> mirar();
   void dudar();
-  bool debeProbar() const { return (comprobar_ || empezada_ || repetida_) && !probada_; }
+  bool debeProbar() const { return (comprobar_ || m_.dudosa) && !m_.probada; }
   Resultado<std::optional<Siguiente>> probar();
   Resultado<> juzgar(const totals::Contadores& leido);
   Resultado<> parteHecha();
@@ -64,14 +64,20 @@ class Cero final : public motor::TrabajoTarea {
 
   const motor::DatosTarea t_;
   const motor::Entorno e_;
-  bool toda_, preparada_ = false, comprobar_ = false, probada_ = false, anunciada_ = false;
-  bool mirada_ = false, empezada_ = false;  // whether sets of the present machine were announced
-  bool repetida_ = false;   // the present machine was told already, and nobody knows if it heard
-  bool insistida_ = false;  // a silence was followed by a question in this attempt
-  std::vector<int>
-      pendientes_;  // machines yet to forget, by address; 0 where the group answers as one
+  // Where the present machine stands.
+  struct Marcha {
+    int paso = 1;
+    bool mirada = false;     // what this run told it before was looked up
+    bool anunciada = false;  // the present order is on disk
+    bool dudosa = false;     // it was told something, and nobody knows if it heard
+    bool probada = false;    // it has shown what it holds
+    bool insistida = false;  // a silence was followed by a question in this attempt
+  };
+
+  bool toda_, preparada_ = false, comprobar_ = false;
+  std::vector<int> pendientes_;  // machines yet to forget, by address; 0 where the group is one
   size_t maquina_ = 0;
-  int paso_ = 1;
+  Marcha m_;
   std::unique_ptr<Totales> prueba_;  // the reading of the grand total under way
 };
 
@@ -124,41 +130,41 @@ Resultado<> Cero::juzgar(const totals::Contadores& leido) {
   prueba_.reset();
   using C = totals::Sesion::Comparacion;
   const bool sinBase = *r == C::SinLectura || *r == C::OtrasClases;
-  if (t_.Tipo == 3 && paso_ == 3) {
+  if (t_.Tipo == 3 && m_.paso == 3) {
     if (!leido.cero()) return hecha();
   } else if (*r == C::OtrasClases && t_.Tipo != 3 && leido.cero()) {
     return hecha();
   } else if (sinBase && !comprobar_ && (t_.Tipo == 3 || *r == C::SinLectura)) {
-    anunciada_ = anunciada_ && paso_ == 1;
-    paso_ = 1;
+    m_.anunciada = m_.anunciada && m_.paso == 1;
+    m_.paso = 1;
   } else if (*r == C::Mas || sinBase) {
     return suprimido(e_.textos(kTxGuardaVentas, {t_.Grupo, addr()}));
   } else if (*r == C::Cero) {
-    if (t_.Tipo != 3 || paso_ != 2 || !leido.cero()) return hecha();
+    if (t_.Tipo != 3 || m_.paso != 2 || !leido.cero()) return hecha();
     TARVO_INTENTAR(parteHecha());
   }
-  probada_ = true;
+  m_.probada = true;
   return {};
 }
 
 // Where the machine stands: a set that was confirmed is not cleared again.
 Resultado<> Cero::mirar() {
-  if (mirada_ || t_.Tipo != 3) return {};
+  if (m_.mirada || t_.Tipo != 3) return {};
   const auto p = e_.sesion.partesHechas(t_.Grupo, addr());
   if (!p) return std::unexpected(p.error());
-  paso_ = std::min(p->siguiente, pasos());
-  empezada_ = p->empezada;
-  mirada_ = true;
+  m_.paso = std::min(p->siguiente, pasos());
+  m_.dudosa = m_.dudosa || p->empezada;
+  m_.mirada = true;
   return {};
 }
 
 // An order without an answer may have been obeyed, and the machine may have sold since: it isn't
 // sent again on trust.
 void Cero::dudar() {
-  if (!anunciada_) return;
-  if (t_.Tipo == 2) paso_ = 1;
-  repetida_ = true;
-  probada_ = mirada_ = false;
+  if (!m_.anunciada) return;
+  if (t_.Tipo == 2) m_.paso = 1;
+  m_.dudosa = true;
+  m_.probada = m_.mirada = false;
 }
 
 Resultado<Siguiente> Cero::siguiente() {
@@ -171,9 +177,9 @@ Resultado<Siguiente> Cero::siguiente() {
       if (*s) return **s;
       continue;
     }
-    if (!anunciada_)
-      TARVO_INTENTAR(e_.sesion.anunciarCero(t_.Grupo, addr(), t_.Tipo == 3 ? paso_ : 0));
-    anunciada_ = true;
+    if (!m_.anunciada)
+      TARVO_INTENTAR(e_.sesion.anunciarCero(t_.Grupo, addr(), t_.Tipo == 3 ? m_.paso : 0));
+    m_.anunciada = true;
     return trama();
   }
   return Siguiente::fin();
@@ -182,11 +188,11 @@ Resultado<Siguiente> Cero::siguiente() {
 Siguiente Cero::trama() const {
   constexpr bool kUnaVez = true;
   if (t_.Tipo == 3)
-    return {Siguiente::Enviar, addr(), maquinas::caja::puestaACero(paso_).codigo, {}, 0, kUnaVez};
+    return {Siguiente::Enviar, addr(), maquinas::caja::puestaACero(m_.paso).codigo, {}, 0, kUnaVez};
   const int cero = e_.ajustes.TimeCero;
   if (t_.Tipo != 2)
     return {Siguiente::Enviar, 0, maquinas::vek::puestaACero(toda_).codigo, {}, cero, kUnaVez};
-  if (paso_ == 1)
+  if (m_.paso == 1)
     return {Siguiente::Enviar, t_.Addr, maquinas::nodal::puestaACero().codigo, {}, 0, kUnaVez};
   return {Siguiente::EsperarNODAL, t_.Addr, 0, {}, cero};
 }
@@ -200,24 +206,23 @@ bool Cero::encaja(int addrTrama, int codigo, const QByteArray& datos) const {
 Resultado<> Cero::respuesta(int addrTrama, int codigo, const QByteArray& datos) {
   if (prueba_) return prueba_->respuesta(addrTrama, codigo, datos);
   if (maquina_ >= pendientes_.size()) return {};
-  if (paso_ == pasos()) return hecha();
+  if (m_.paso == pasos()) return hecha();
   if (t_.Tipo == 3) return parteHecha();
-  ++paso_;
+  ++m_.paso;
   return {};
 }
 
 Resultado<> Cero::parteHecha() {
-  TARVO_INTENTAR(e_.sesion.parteHecha(t_.Grupo, addr(), paso_));
-  ++paso_;
-  anunciada_ = false;
+  TARVO_INTENTAR(e_.sesion.parteHecha(t_.Grupo, addr(), m_.paso));
+  ++m_.paso;
+  m_.anunciada = false;
   return {};
 }
 
 Resultado<> Cero::hecha() {
   TARVO_INTENTAR(e_.sesion.ceroHecho(t_.Grupo, addr(), maquina_ + 1 == pendientes_.size()));
   ++maquina_;
-  paso_ = 1;
-  probada_ = anunciada_ = mirada_ = repetida_ = insistida_ = false;
+  m_ = {};
   return {};
 }
 
