@@ -203,6 +203,7 @@ TEST_F(Reglas, UnGranTotalDeOtraNocheNoVale) {
   leida(1);
   encolar(1, 6);
   ASSERT_TRUE(correr());
+  bien(sesion->ponerEstado(0));
   vender(1, 10, 55, 1);
   encolar(1, 16);
   ASSERT_TRUE(correr());
@@ -210,6 +211,7 @@ TEST_F(Reglas, UnGranTotalDeOtraNocheNoVale) {
   encolar(1, 6);
   ASSERT_TRUE(correr());
   EXPECT_EQ(problemas, QStringList{QStringLiteral("6 G1 E22 (0)")});
+  EXPECT_TRUE(avisos.join(u' ').contains(u"guarda ventas que no están memorizadas"));
   EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
 }
 
