@@ -17,9 +17,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/dinero/Dinero.h"
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/Tema.h"
-#include "totals/Dinero.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/NombresBarras.h"
 

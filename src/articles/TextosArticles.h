@@ -1,0 +1,11 @@
+// Numbers of the texts of this room.
+#pragma once
+
+namespace tarvo::articles {
+
+enum TextoArticles : int {
+  kTxIntocables = 4000,
+  kTxArticuloBorrado = 4001,
+};
+
+}  // namespace tarvo::articles
