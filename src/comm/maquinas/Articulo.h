@@ -62,13 +62,12 @@ inline constexpr int kCamposPLU = 20;
 // Why an article can't go to a kind of machine.
 struct NoCabe {
   enum Motivo {
-    Grande,    // above `limite`
-    Pequeno,   // below `limite`
-    Cifras,    // it must be digits
-    Largo,     // a text of more than `limite` characters
-    Letra,     // a character that the machine lacks
-    Control,   // a control character
-    SinValor,  // nothing, where something must be
+    Grande,   // above `limite`
+    Pequeno,  // below `limite`
+    Cifras,   // it must be digits
+    Largo,    // a text of more than `limite` characters
+    Letra,    // a character that the machine lacks
+    Control   // a control character
   };
   CampoPLU campo = CampoPLU::CodPLU;
   Motivo motivo = Grande;
