@@ -41,6 +41,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void cambiarModo(bool automatico);
   void diagnosticar();
   void verTramas();
+  void verEstado();
   void pedirGrupos(const EntradaMenu& entrada);
   bool canalesOcupados() const;
   void terminar();
