@@ -84,7 +84,7 @@ TEST_F(EstadoDeEnvio, UnaFichaAlLadoDeOtra) {
   QStringList distintos;
   for (const auto& c : f.campos)
     if (c.distinto) distintos << c.campo;
-  EXPECT_EQ(distintos.join(u','), u"el nombre,el precio base");
+  EXPECT_EQ(distintos.join(u','), u"Nombre,Precio base");
   EXPECT_EQ(estado(), u"10=2");
   enviar(1, kRxDatPlu, true, 11, 11);
   EXPECT_TRUE(comparar(11).cuando && !comparar(11).laTiene);

@@ -38,8 +38,7 @@ std::vector<Columna> columnasEstado(const Textos& textos) {
           {.titulo = kTxNombreArticulo, .campo = u"NOMPLU"_s, .ancho = 200},
           {.titulo = kTxSituacion,
            .campo = u"SITUACION"_s,
-           .clase = Clase::Entero,
-           .ancho = 120,
+           .ancho = 150,
            .ver =
                [&textos](const dao::Valor& v) {
                  return textos(kTxSituaciones + static_cast<int>(v.entero()));
@@ -51,9 +50,9 @@ std::vector<Columna> columnasEstado(const Textos& textos) {
 
 std::vector<Columna> columnasFicha(const Textos& textos) {
   const QString igual = textos(kTxIgual), distinto = textos(kTxDistinto);
-  return {{.titulo = kTxCampo, .campo = u"campo"_s, .ancho = 170},
-          {.titulo = kTxAqui, .campo = u"aqui"_s, .ancho = 150},
-          {.titulo = kTxEnBalanza, .campo = u"alli"_s, .ancho = 150},
+  return {{.titulo = kTxCampo, .campo = u"campo"_s, .ancho = 190},
+          {.titulo = kTxAqui, .campo = u"aqui"_s, .ancho = 120},
+          {.titulo = kTxEnBalanza, .campo = u"alli"_s, .ancho = 120},
           {.titulo = kTxSituacion,
            .campo = u"distinto"_s,
            .ancho = 96,
@@ -86,7 +85,7 @@ EstadoEnvio::~EstadoEnvio() {
 
 void EstadoEnvio::montar() {
   ui_.division->setStretchFactor(0, 1);
-  ui_.division->setSizes({escalar(760), escalar(420)});
+  ui_.division->setSizes({escalar(680), escalar(520)});
   ponerLetra(*ui_.LblCuenta, Letra::Secundaria);
   ponerLetra(*ui_.LblFicha, Letra::Secundaria);
   unir(ui_.Enviar, u"enviar"_s, Qt::Key_F6, [this] { enviar(); });
