@@ -1,11 +1,11 @@
-#include "totals/Dinero.h"
+#include "core/dinero/Dinero.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
 
-namespace tarvo::totals {
+namespace tarvo {
 
 namespace {
 
@@ -130,4 +130,4 @@ qint64 ACantidad(const QString& texto, int cada) {
   return cada == 0 || cada == 1 ? entero(1000 * *x + 0.5, kLargo) : entero(*x, kLargo);
 }
 
-}  // namespace tarvo::totals
+}  // namespace tarvo
