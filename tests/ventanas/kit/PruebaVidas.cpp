@@ -164,7 +164,7 @@ TEST(Vidas, UnaVentanaSeVaConLoQueTieneEnMarcha) {
       QObject::connect(&guardia, &QTimer::timeout, [&] {
         for (QWidget* w : loDeEncima()) quedo = w->close();
       });
-      guardia.start(10'000);
+      guardia.start(30'000);
       cuandoEsperen(cosa.encima, [&] { salida.hacer(t); });
       cosa.empezar(*v);
       EXPECT_TRUE(esperar([&] { return !v; }));
