@@ -82,6 +82,7 @@ enum TextoTotalesVentanas : int {
   kTxManualVacio = 6515,
   kTxPeriodoQueFalta = 6516,
   kTxEsoDesea = 6517,
+  kTxNumeroMalo = 6518,
   kTxSobreUno = 6545,
   kTxQueYaExiste = 6546,
   kTxSobreNuevo = 6547,
