@@ -136,6 +136,10 @@ bool Parrilla::Interior::tecla(QKeyEvent& e) {
     yo.copiar();
     return true;
   }
+  if (e.key() == Qt::Key_Escape && trabajo->enMarcha()) {
+    trabajo->parar();
+    return true;
+  }
   const auto mandos = e.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
   if (e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter) {
     if (yo.filaActual() >= 0) Q_EMIT yo.activada(yo.filaActual());
@@ -250,7 +254,9 @@ void Parrilla::exportarEn(const QString& ruta) {
 bool Parrilla::eventFilter(QObject* objeto, QEvent* evento) {
   if (objeto == vista_->viewport() && evento->type() == QEvent::Resize) {
     d->pintarVacia();
-    d->estirar();
+    // Later: inside its own layout the view doesn't look at its columns again, and keeps a scroll
+    // bar that nothing needs.
+    QMetaObject::invokeMethod(this, [this] { d->estirar(); }, Qt::QueuedConnection);
   }
   if (evento->type() != QEvent::KeyPress || !d->c) return QWidget::eventFilter(objeto, evento);
   auto& tecla = static_cast<QKeyEvent&>(*evento);
