@@ -97,7 +97,7 @@ void VerTotVentana::prepararParrilla() {
         .clase = Clase::Fecha,
         .ancho = 164,
         .ver = fecha},
-       {.titulo = kTxDescripcion, .campo = u"DESCR"_s, .ancho = 120},
+       {.titulo = kTxDescripcion, .campo = u"DESCR"_s, .ancho = 100},
        {.titulo = kTxImpte, .campo = kImportePeriodo, .clase = Clase::Importe, .ancho = 100},
        {.titulo = kTxS, .campo = u"ACUM2"_s, .clase = Clase::SiNo, .ancho = 40},
        {.titulo = kTxM, .campo = u"ACUM3"_s, .clase = Clase::SiNo, .ancho = 40},
