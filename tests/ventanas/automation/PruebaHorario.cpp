@@ -55,7 +55,10 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   QTest::keyClick(nombre, Qt::Key_Return);
   EXPECT_EQ(e->tira().texto(), u"Escriba un nombre.");
   QTest::keyClicks(nombre, u"tien.:?da"_s);
+  const QRect pantalla = e->screen()->availableGeometry();
+  e->move(pantalla.right() - 100, pantalla.bottom() - 100);
   QTest::keyClick(nombre, Qt::Key_Return);
+  EXPECT_TRUE(pantalla.contains(e->frameGeometry())) << "it grows where it can be seen whole";
   auto* lista = pieza<Parrilla>(e, u"ListaBat"_s);
   ASSERT_EQ(lista->filas(), 1) << "the blank line";
   Horarios::llenar(e, u"22:05:00"_s, Qt::Key_End);
