@@ -1,14 +1,27 @@
 #include "app/Aplicacion.h"
 
+#include <QSysInfo>
+
 #include "comm/tareas/Registro.h"
 
 namespace tarvo::app {
+
+namespace {
+
+// Who sits here, as the computer knows them: user and machine.
+QString personaDeAqui() {
+  const QString persona = qEnvironmentVariable("USER", qEnvironmentVariable("LOGNAME"));
+  return persona + QLatin1Char('@') + QSysInfo::machineHostName();
+}
+
+}  // namespace
 
 // In the order of the start; what stands below rests on what stands above, and goes first.
 struct Aplicacion::Interior {
   Interior(Fondo& fondo, Reloj& reloj, enlace::FabricaEnlaces& fabrica, quint64 semilla,
            automation::Preguntas& preguntas)
       : db(*fondo.db),
+        catalogo(db, fondo.textos, reloj, personaDeAqui()),
         almacenes(db, reloj, fondo.textos),
         sesion(db, fondo.ajustes, reloj, fondo.textos),
         periodos(db, fondo.ajustes, almacenes, fondo.textos),
@@ -26,6 +39,7 @@ struct Aplicacion::Interior {
         cronos(automat, lenguaje, fondo.ajustes, reloj) {}
 
   dao::Database& db;
+  articles::Catalogo catalogo;
   stock::Almacenes almacenes;
   totals::Sesion sesion;
   totals::Periodos periodos;
@@ -66,6 +80,9 @@ motor::gestcomm& Aplicacion::gestcomm() {
 }
 enlace::Enlaces& Aplicacion::enlaces() {
   return d->enlaces;
+}
+articles::Catalogo& Aplicacion::catalogo() {
+  return d->catalogo;
 }
 stock::Almacenes& Aplicacion::almacenes() {
   return d->almacenes;

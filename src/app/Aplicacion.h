@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "app/Carpeta.h"
+#include "articles/Catalogo.h"
 #include "automation/Cronos.h"
 #include "comm/enlace/LinkSocket.h"
 #include "comm/motor/gestcomm.h"
@@ -51,6 +52,7 @@ class Aplicacion {
   motor::gestcomm& gestcomm();
   enlace::Enlaces& enlaces();
   const motor::RegistroTareas& registro() const;
+  articles::Catalogo& catalogo();
   stock::Almacenes& almacenes();
   totals::Sesion& sesion();
   totals::Periodos& periodos();

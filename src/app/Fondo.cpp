@@ -3,6 +3,7 @@
 
 #include "app/Aplicacion.h"
 #include "app/TextosApp.h"
+#include "articles/TablasArticulos.h"
 #include "automation/Historial.h"
 #include "comm/tareas/Registro.h"
 #include "core/esquema/Esquema.h"
@@ -29,6 +30,7 @@ Resultado<std::unique_ptr<dao::Database>> abrirBase(const Ajustes& ajustes, Fech
   auto db = esquema::abrirBase(ajustes.BaseDatos, carpetasPlantilla(ajustes.carpeta), hoy);
   if (!db) return db;
   TARVO_INTENTAR(devices::asegurarPrimerGrupo(**db, ajustes));
+  TARVO_INTENTAR(articles::asegurarTablasArticulos(**db));
   TARVO_INTENTAR(totals::asegurarTablasTotales(**db));
   TARVO_INTENTAR(totals::asegurarTablasLibros(**db));
   TARVO_INTENTAR(tareas::asegurarTablasTareas(**db));

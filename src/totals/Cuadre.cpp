@@ -1,7 +1,7 @@
 #include "totals/Cuadre.h"
 
+#include "core/dinero/Dinero.h"
 #include "totals/Calendario.h"
-#include "totals/Dinero.h"
 #include "totals/Partes.h"
 #include "totals/TextosTotals.h"
 

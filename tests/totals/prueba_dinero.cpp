@@ -1,5 +1,5 @@
+#include "core/dinero/Dinero.h"
 #include "totals/Clases.h"
-#include "totals/Dinero.h"
 
 using namespace tarvo;
 using namespace tarvo::totals;

@@ -3,6 +3,9 @@
 #include "app/ventanas/ElemPerso.h"
 #include "app/ventanas/MainTarvo.h"
 #include "app/ventanas/PortalCnf.h"
+#include "articles/importar/ventanas/Registro.h"
+#include "articles/precios/ventanas/Registro.h"
+#include "articles/ventanas/Registro.h"
 #include "automation/ventanas/Registro.h"
 #include "comm/ventanas/Registro.h"
 #include "totals/ventanas/RegistroTotales.h"
@@ -23,6 +26,9 @@ void registrarVentanasPrincipal(ventanas::Ventanas& ventanas, Aplicacion& aplica
 // One line a room.
 void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
   registrarVentanasPrincipal(ventanas, aplicacion);
+  articles::registrarVentanasArticulos(ventanas, aplicacion.catalogo(), aplicacion.gestcomm());
+  precios::registrarVentanasPrecios(ventanas, aplicacion.catalogo());
+  importar::registrarVentanasImportar(ventanas, aplicacion.catalogo());
   comm::registrarVentanasComm(ventanas, {.motor = aplicacion.gestcomm(),
                                          .enlaces = aplicacion.enlaces(),
                                          .sesion = aplicacion.sesion(),

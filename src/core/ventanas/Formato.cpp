@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include "core/dinero/Dinero.h"
 #include "core/textos/Textos.h"
-#include "totals/Dinero.h"
 
 namespace tarvo::ventanas {
 
@@ -34,11 +34,11 @@ QString Formato::ver(const Columna& columna, const dao::Valor& valor, int cada) 
     case Clase::Codigo:
       return columna.cifras > 0 ? Ceros(valor.entero(), columna.cifras) : valor.texto();
     case Clase::Entero:
-      return totals::VerCantidad(valor.entero(), 2);
+      return VerCantidad(valor.entero(), 2);
     case Clase::Importe:
-      return totals::VerImporte(*ajustes_, valor.entero(), moneda_);
+      return VerImporte(*ajustes_, valor.entero(), moneda_);
     case Clase::Cantidad:
-      return totals::VerCantidad(valor.entero(), cada);
+      return VerCantidad(valor.entero(), cada);
     case Clase::Fecha:
       return valor.fecha().corta();
     case Clase::Hora:

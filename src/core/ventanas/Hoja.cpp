@@ -4,8 +4,8 @@
 
 #include <QFile>
 
+#include "core/dinero/Dinero.h"
 #include "core/ventanas/ModeloParrilla.h"
-#include "totals/Dinero.h"
 
 namespace tarvo::ventanas {
 
@@ -43,8 +43,7 @@ Numero numeroDe(const Columna& c, const dao::Valor& v, const Formato& f) {
     case Clase::Entero:
       return {v.real(), conDecimales(0)};
     case Clase::Importe:
-      return {v.real() / totals::FactorMoneda(a, f.moneda()),
-              conDecimales(totals::DecimalesMoneda(a, f.moneda()))};
+      return {v.real() / FactorMoneda(a, f.moneda()), conDecimales(DecimalesMoneda(a, f.moneda()))};
     case Clase::Fecha:
       return {v.fecha().dia().dias(), "dd/mm/yyyy"};
     case Clase::Hora:

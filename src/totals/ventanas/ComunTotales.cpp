@@ -2,8 +2,8 @@
 
 #include <QLocale>
 
+#include "core/dinero/Dinero.h"
 #include "core/textos/Textos.h"
-#include "totals/Dinero.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 
 namespace tarvo::totals {

@@ -1,11 +1,11 @@
 // Totals keyed in by hand, and the form's own set-up.
 #include <QLocale>
 
+#include "core/dinero/Dinero.h"
 #include "core/textos/Textos.h"
 #include "core/ventanas/EscogeFecha.h"
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/MyMsgBox.h"
-#include "totals/Dinero.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/EditIntvVentana.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"

@@ -1,11 +1,11 @@
-#include "totals/Dinero.h"
+#include "core/dinero/Dinero.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
 
-namespace tarvo::totals {
+namespace tarvo {
 
 namespace {
 
@@ -139,4 +139,4 @@ qint64 ACantidad(const QString& texto, int cada) {
   return LeerCantidad(texto, cada).value_or(0);
 }
 
-}  // namespace tarvo::totals
+}  // namespace tarvo

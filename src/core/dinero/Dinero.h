@@ -7,7 +7,7 @@
 
 #include "core/ajustes/Ajustes.h"
 
-namespace tarvo::totals {
+namespace tarvo {
 
 int DecimalesMoneda(const Ajustes& a, int moneda);
 qint64 pot10(const Ajustes& a);
@@ -21,4 +21,4 @@ QString VerImporte(const Ajustes& a, qint64 n, int moneda);
 QString VerCantidad(qint64 n, int cada);
 qint64 ACantidad(const QString& texto, int cada);
 
-}  // namespace tarvo::totals
+}  // namespace tarvo

@@ -1,0 +1,78 @@
+// An article as the catalogue keeps it: a value, with the defaults of a new one. Money is in minor
+// units of the native currency, quantities are grams (Cada 0 and 1) or units (Cada 2).
+#pragma once
+
+#include <QStringList>
+#include <array>
+#include <optional>
+#include <vector>
+
+#include "core/dao/Recordset.h"
+
+namespace tarvo::articles {
+
+inline constexpr int kNiveles = 3, kTarifas = 8;
+// Below the first stand the two system articles of each section, which nobody changes or deletes.
+inline constexpr qint64 kPrimerCodigo = 3, kUltimoCodigo = 9'999'999;
+inline constexpr int kPorKilo = 0, kPor100g = 1, kPorUnidad = 2;
+inline constexpr int kEAN8 = 0, kEAN13 = 1;
+
+struct ClaveArticulo {
+  int seccion = 1;
+  qint64 codigo = 0;
+  auto operator<=>(const ClaveArticulo&) const = default;
+  bool deSistema() const { return codigo < kPrimerCodigo; }
+};
+
+// By level and tarifa.
+using Precios = std::array<std::array<qint64, kTarifas>, kNiveles>;
+// "PRECIO_27" for level 2, tarifa 7.
+QString columnaPrecio(int nivel, int tarifa);
+// All columns of PLUSES, in the order of ColumnasArticulo: SECCION and CODPLU first.
+QStringList columnasArticulo();
+
+struct Articulo {
+  ClaveArticulo clave;
+  QString nombre;
+  int cada = kPorKilo;
+  bool modificable = true;  // the operator of a scale may change the price
+  Precios precios{};
+  qint64 minimo = 0;              // money
+  qint64 hasta1 = 0, hasta2 = 0;  // quantity up to which levels 1 and 2 apply
+  int depto = 0;
+  int barras = kEAN13;
+  QString pfxBar = QStringLiteral("0");
+  std::optional<QString> codBarExt;  // predefined bar code; none where it is composed
+  int descto = 0;                    // hundredths of a per cent
+  int formato = 1;
+  QString textoEtq;
+  int tara = 1;
+  int numdias1 = 0, numdias2 = 0;
+  qint64 stkMax = 0, stkMin = 0;
+  qint64 coste = 0;
+  bool operator==(const Articulo&) const = default;
+
+  bool porPeso() const { return cada != kPorUnidad; }
+  // The predefined bar code, else the prefix and the code in six digits.
+  QString codigoDeBarras() const;
+};
+
+// What is wrong with the values of an article, in the order in which an editor says it.
+enum class Falta { Codigo, Departamento, Formato, Minimo, Hasta1, Hasta2 };
+std::vector<Falta> faltas(const Articulo& articulo);
+
+// The columns of PLUSES in one recordset, resolved once.
+class ColumnasArticulo {
+ public:
+  // REQUIRES a recordset with all columns of PLUSES.
+  explicit ColumnasArticulo(const dao::Recordset& rs);
+  // REQUIRES a row.
+  Articulo leer(const dao::Recordset& rs) const;
+  // All of it, between AddNew or Edit and Update.
+  void poner(dao::Recordset& rs, const Articulo& articulo) const;
+
+ private:
+  std::vector<int> columnas_;
+};
+
+}  // namespace tarvo::articles

@@ -1,0 +1,46 @@
+#include "articles/Cambios.h"
+
+#include <algorithm>
+
+namespace tarvo::articles {
+
+Resultado<> Cambios::ArticuloCambiado(int seccion, qint64 codigo) {
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu=?", seccion, codigo));
+  MarcarSeccion(seccion);
+  return {};
+}
+
+Resultado<> Cambios::MarcarArticuloBorrado(int seccion, qint64 codigo, bool borra) {
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) SELECT SECCION, ?, CODGPO, ? FROM GRUPOS "
+      u"WHERE ((TIPO=1) OR (TIPO=4)) AND (SECCION=?) AND NOT EXISTS (SELECT 1 FROM [Cross] WHERE "
+      u"Secc=GRUPOS.SECCION AND plu=? AND Grupo=GRUPOS.CODGPO)",
+      codigo, borra, seccion, codigo));
+  TARVO_INTENTAR(db_.ejecutar(
+      u"UPDATE [Cross] SET borra=? WHERE Secc=? AND plu=? AND Grupo IN (SELECT CODGPO FROM GRUPOS "
+      u"WHERE ((TIPO=1) OR (TIPO=4)) AND (SECCION=?))",
+      borra, seccion, codigo, seccion));
+  return {};
+}
+
+Resultado<> Cambios::ArticuloSale(int seccion, qint64 codigo) {
+  TARVO_INTENTAR(
+      db_.ejecutar(u"UPDATE [Cross] SET borra=1 WHERE Secc=? AND plu=?", seccion, codigo));
+  MarcarSeccion(seccion);
+  return {};
+}
+
+Resultado<> Cambios::SaleDepartamento(int seccion, int departamento) {
+  TARVO_INTENTAR(db_.ejecutar(
+      u"UPDATE [Cross] SET borra=1 WHERE Secc=? AND plu IN (SELECT CODPLU FROM PLUSES WHERE "
+      u"SECCION=? AND DEPTO=?)",
+      seccion, seccion, departamento));
+  MarcarSeccion(seccion);
+  return {};
+}
+
+void Cambios::MarcarSeccion(int seccion) {
+  if (std::ranges::find(secciones_, seccion) == secciones_.end()) secciones_.push_back(seccion);
+}
+
+}  // namespace tarvo::articles

@@ -1,0 +1,57 @@
+// The one door by which articles are written. Each operation is one transaction that carries what
+// belongs to it: the row, what the machines must hear (Cambios), the history of its prices. The
+// system articles survive whatever is asked.
+#pragma once
+
+#include "articles/Cambios.h"
+#include "core/textos/Textos.h"
+#include "core/tiempo/Reloj.h"
+
+namespace tarvo::articles {
+
+class Catalogo {
+ public:
+  // `quien`: the person at this computer, for the history. REQUIRES that all references outlive it.
+  Catalogo(dao::Database& db, const Textos& textos, Reloj& reloj, QString quien);
+
+  // The article; nothing when there is none of that key.
+  Resultado<std::optional<Articulo>> leer(ClaveArticulo clave);
+
+  // `ventana` names the window that asks. Errors: Duplicado (3022) for a code or a bar code that
+  // the section has already; Restriccion for a system article; NoExiste for one that is gone.
+  Resultado<> crear(const Articulo& articulo, const QString& ventana);
+  // The article of `clave` becomes `articulo`, perhaps under another code of its section: then the
+  // old code is marked for deletion, and its offers and the history of its prices follow.
+  Resultado<> modificar(ClaveArticulo clave, const Articulo& articulo, const QString& ventana);
+  Resultado<> ponerPrecios(ClaveArticulo clave, const Precios& precios, const QString& ventana);
+
+  // Deletes what is there of them, system articles left out; how many went.
+  Resultado<int> borrar(std::span<const ClaveArticulo> claves);
+  // Into another section. The articles whose code stands there already are left out, and given.
+  Resultado<std::vector<ClaveArticulo>> copiar(std::span<const ClaveArticulo> claves, int destino);
+  Resultado<std::vector<ClaveArticulo>> mover(std::span<const ClaveArticulo> claves, int destino);
+
+  Cambios& cambios() { return cambios_; }
+
+  // The history of a price that was written by somebody else's statement, inside its transaction.
+  Resultado<> anotarPrecios(ClaveArticulo clave, const Precios& antes, const Precios& ahora,
+                            const QString& ventana);
+  const QString& quien() const { return quien_; }
+  const Textos& textos() const { return textos_; }
+
+ private:
+  using Trasladar = Resultado<> (Catalogo::*)(ClaveArticulo origen, int destino);
+  Resultado<std::vector<ClaveArticulo>> trasladar(std::span<const ClaveArticulo> claves,
+                                                  int destino, Trasladar como);
+  Resultado<> copiarUno(ClaveArticulo origen, int destino);
+  Resultado<> moverUno(ClaveArticulo origen, int destino);
+  std::unexpected<Error> intocable() const;
+
+  dao::Database& db_;
+  const Textos& textos_;
+  Reloj& reloj_;
+  QString quien_;
+  Cambios cambios_;
+};
+
+}  // namespace tarvo::articles

@@ -1,0 +1,12 @@
+// The windows of imports of articles, by name.
+#pragma once
+
+#include "articles/Catalogo.h"
+#include "core/ventanas/Ventanas.h"
+
+namespace tarvo::importar {
+
+// REQUIRES that what it is given outlives all windows.
+void registrarVentanasImportar(ventanas::Ventanas& ventanas, articles::Catalogo& catalogo);
+
+}  // namespace tarvo::importar

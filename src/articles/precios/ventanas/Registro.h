@@ -1,0 +1,12 @@
+// The windows of offers and prices, by name.
+#pragma once
+
+#include "articles/Catalogo.h"
+#include "core/ventanas/Ventanas.h"
+
+namespace tarvo::precios {
+
+// REQUIRES that what it is given outlives all windows.
+void registrarVentanasPrecios(ventanas::Ventanas& ventanas, articles::Catalogo& catalogo);
+
+}  // namespace tarvo::precios

@@ -1,0 +1,14 @@
+// The windows of the catalogue, by name.
+#pragma once
+
+#include "articles/Catalogo.h"
+#include "comm/motor/gestcomm.h"
+#include "core/ventanas/Ventanas.h"
+
+namespace tarvo::articles {
+
+// REQUIRES that what it is given outlives all windows.
+void registrarVentanasArticulos(ventanas::Ventanas& ventanas, articles::Catalogo& catalogo,
+                                motor::gestcomm& motor);
+
+}  // namespace tarvo::articles
