@@ -254,9 +254,7 @@ void Parrilla::exportarEn(const QString& ruta) {
 bool Parrilla::eventFilter(QObject* objeto, QEvent* evento) {
   if (objeto == vista_->viewport() && evento->type() == QEvent::Resize) {
     d->pintarVacia();
-    // Later: inside its own layout the view doesn't look at its columns again, and keeps a scroll
-    // bar that nothing needs.
-    QMetaObject::invokeMethod(this, [this] { d->estirar(); }, Qt::QueuedConnection);
+    d->estirar();
   }
   if (evento->type() != QEvent::KeyPress || !d->c) return QWidget::eventFilter(objeto, evento);
   auto& tecla = static_cast<QKeyEvent&>(*evento);
