@@ -11,7 +11,7 @@ using articles::kTarifas;
 
 namespace {
 
-const QString kVentana = u"ImpPLU"_s;
+const QString kVentanaPLU = u"ImpPLU"_s;
 
 // The columns that a record says, in the order in which ligar() binds them; the key stands behind.
 QStringList columnas() {
@@ -32,10 +32,11 @@ void ligar(dao::Sentencia& s, const RegistroPLU& r) {
   s.ligar(i, r.clave.codigo);
 }
 
-// What a new article has besides its record.
-const QString kDefectos =
-    u"MDF_PRE, minimo, BARRAS, PFX_BAR, DESCTO, HASTA_1, HASTA_2, STK_MAX, STK_MIN, TEXTO_ETQ, "
-    u"Tara, NUMDIAS_1, NUMDIAS_2"_s;
+// What a new article has besides its record: columns and values.
+const QStringList kDefectos{u"MDF_PRE"_s,  u"minimo"_s,    u"BARRAS"_s,  u"PFX_BAR"_s,
+                            u"DESCTO"_s,   u"HASTA_1"_s,   u"HASTA_2"_s, u"STK_MAX"_s,
+                            u"STK_MIN"_s,  u"TEXTO_ETQ"_s, u"Tara"_s,    u"NUMDIAS_1"_s,
+                            u"NUMDIAS_2"_s};
 const QString kValoresDefecto = u"1, 0, 1, '0', 0, 0, 0, 0, 0, '', 1, 0, 0"_s;
 
 // Whether an error of the store is a matter of this line alone.
@@ -68,15 +69,15 @@ qint64 ImpPLU::lote() const {
 
 Resultado<> ImpPLU::empezar() {
   auto e = std::make_unique<Escritura>();
-  const auto lote = lotes_.empezar(kVentana);
+  const auto lote = lotes_.empezar(kVentanaPLU);
   if (!lote) return std::unexpected(lote.error());
   e->lote = *lote;
   const QStringList c = columnas();
   const QString marcas = QString(u"?, "_s).repeated(c.size() + 2).chopped(2);
   auto insertar = db_.preparar(
       u"INSERT INTO PLUSES (%1, SECCION, CODPLU, %2) VALUES (%3, %4) "
-      u"ON CONFLICT (SECCION, CODPLU) DO NOTHING"_s.arg(c.join(u", "), kDefectos, marcas,
-                                                        kValoresDefecto));
+      u"ON CONFLICT (SECCION, CODPLU) DO NOTHING"_s.arg(c.join(u", "), kDefectos.join(u", "),
+                                                        marcas, kValoresDefecto));
   if (!insertar) return std::unexpected(insertar.error());
   auto cambiar =
       db_.preparar(u"UPDATE PLUSES SET %1=? WHERE SECCION=? AND CODPLU=?"_s.arg(c.join(u"=?, ")));
@@ -154,7 +155,7 @@ Resultado<> ImpPLU::sobreescribir(const RegistroPLU& r) {
   ligar(*e_->cambiar, r);
   TARVO_INTENTAR(e_->cambiar->ejecutar());
   if (!*antes) return {};
-  return catalogo_.anotarPrecios(r.clave, (*antes)->precios, r.precios, kVentana);
+  return catalogo_.anotarPrecios(r.clave, (*antes)->precios, r.precios, kVentanaPLU);
 }
 
 Resultado<> ImpPLU::acabar() {

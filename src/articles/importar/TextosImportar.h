@@ -10,6 +10,8 @@ enum TextoImportar : int {
   kTxDelSistema = 4604,
   kTxSinSeccion = 4605,
   kTxDemasiadoGrande = 4606,
+  kTxFicheroVacio = 4607,
+  kTxSeccionNueva = 4608,
 };
 
 }  // namespace tarvo::importar
