@@ -40,7 +40,7 @@ void ColumnasTabla::mostrar(const Tabla& tabla, const Plan& plan, const Textos& 
   listas_.clear();
   auto* todo = new QWidget;
   auto* reja = new QGridLayout(todo);
-  reja->setColumnStretch(1, 1);
+  reja->setColumnStretch(2, 1);
   reja->setHorizontalSpacing(ventanas::escalar(ventanas::kSeparacion));
   for (int c = 0; c < std::min(tabla.columnas(), kColumnasMayor); ++c)
     anadir(*reja, tabla, plan, c, textos);
@@ -60,8 +60,8 @@ void ColumnasTabla::anadir(QGridLayout& reja, const Tabla& tabla, const Plan& pl
   caja->setAccessibleName(nombre->text());
   nombre->setBuddy(caja);
   reja.addWidget(nombre, columna, 0);
-  reja.addWidget(ejemplos, columna, 1);
-  reja.addWidget(caja, columna, 2);
+  reja.addWidget(caja, columna, 1);
+  reja.addWidget(ejemplos, columna, 2);
   listas_.push_back(caja);
 }
 

@@ -29,6 +29,7 @@ QString detalle(const Propuesta& p, const Textos& t) {
   if (p.que == Que::Rechazada) return p.motivo;
   QStringList cambios;
   for (const Cambio& c : p.cambios) {
+    if (p.que == Que::Nuevo && c.campo == Campo::Nombre) continue;  // it has its own column
     const QString ahora = c.ahora.isEmpty() ? t(kTxNada) : c.ahora;
     cambios << (p.que == Que::Nuevo
                     ? t(kTxValorNuevo, {titulo(c.campo, t), ahora})
@@ -47,7 +48,7 @@ void ImpTablaVentana::montarPrevia() {
       {{.titulo = kTxLinea, .campo = u"linea"_s, .clase = Clase::Entero, .ancho = 72},
        {.titulo = kTxQue,
         .campo = u"que"_s,
-        .ancho = 120,
+        .ancho = 144,
         .ver = [&textos](
                    const dao::Valor& v) { return textos(kTxNuevo + static_cast<int>(v.entero())); },
         .estado = estadoDe},
