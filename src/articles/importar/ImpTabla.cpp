@@ -173,8 +173,11 @@ std::vector<Cambio> ImpTabla::comparar(const std::optional<Articulo>& antes,
 
 Resultado<> ImpTabla::escribir(qint64 lote, const Propuesto& p) {
   const ClaveArticulo clave = p.propuesta.clave;
+  if (p.propuesta.que == Que::Nuevo) {
+    TARVO_INTENTAR(lotes_.guardarNuevo(lote, clave));
+    return catalogo_.crear(*p.articulo, kVentanaTabla);
+  }
   TARVO_INTENTAR(lotes_.guardar(lote, clave));
-  if (p.propuesta.que == Que::Nuevo) return catalogo_.crear(*p.articulo, kVentanaTabla);
   return catalogo_.modificar(clave, *p.articulo, kVentanaTabla);
 }
 
