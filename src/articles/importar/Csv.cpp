@@ -39,7 +39,7 @@ class Partidor {
     tabla_.empezarFila(linea_);
     for (;;) {
       tabla_.anadir(celda());
-      if (i_ < t_.size() && t_[i_] == separador_) {
+      if (i_ < t_.size() && t_[i_] == separador_ && !tabla_.llena()) {
         ++i_;
         continue;
       }
