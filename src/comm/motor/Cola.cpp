@@ -119,13 +119,16 @@ TareaViva* gestcomm::Interior::tareaDe(int canal) {
 void gestcomm::Interior::quitar(int id) {
   TareaViva* t = tarea(id);
   if (!t) return;
+  const int clase = t->datos.Clase;
+  std::vector<totals::Aviso> avisos;
   if (t->Estado != kTerminado) {
     marcarFallida(*t);
-    if (t->trabajo) t->trabajo->abandonar();
+    if (t->trabajo) avisos = t->trabajo->abandonar();
   }
   lecturas[t->datos.Grupo].erase(id);
   if (tareaDe(t->Canal) == t) liberarCanal(t->Canal);
   const auto nodo = tareas.extract(id);  // dies with this scope, behind the observer's call
+  decirAvisos(clase, avisos);
   cambioCola();
 }
 
