@@ -34,6 +34,10 @@ Resultado<> Lotes::guardar(qint64 lote, ClaveArticulo clave) {
   if (clave.deSistema()) return {};
   const std::array<Valor, 2> articulo{clave.seccion, clave.codigo};
   TARVO_INTENTAR(guardarDonde(lote, u"SECCION=? AND CODPLU=?", articulo));
+  return guardarNuevo(lote, clave);
+}
+
+Resultado<> Lotes::guardarNuevo(qint64 lote, ClaveArticulo clave) {
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO LoteAntes (LOTE, HABIA, SECCION, CODPLU) SELECT ?, 0, ?, ? WHERE NOT EXISTS "
       u"(SELECT 1 FROM LoteAntes WHERE LOTE=? AND SECCION=? AND CODPLU=?)",
