@@ -50,6 +50,14 @@ QString columnaPrecio(int nivel, int tarifa) {
   return QStringLiteral("PRECIO_%1%2").arg(nivel).arg(tarifa);
 }
 
+QStringList columnasArticulo() {
+  QStringList salida;
+  for (const char16_t* nombre : kNombres) salida << QString::fromUtf16(nombre);
+  for (int nivel = 0; nivel < kNiveles; ++nivel)
+    for (int tarifa = 0; tarifa < kTarifas; ++tarifa) salida << columnaPrecio(nivel, tarifa);
+  return salida;
+}
+
 QString Articulo::codigoDeBarras() const {
   if (codBarExt) return *codBarExt;
   return pfxBar + QStringLiteral("%1").arg(clave.codigo, 6, 10, QLatin1Char('0'));
@@ -70,10 +78,7 @@ std::vector<Falta> faltas(const Articulo& a) {
 }
 
 ColumnasArticulo::ColumnasArticulo(const dao::Recordset& rs) {
-  for (const char16_t* nombre : kNombres) columnas_.push_back(rs.columna(nombre));
-  for (int nivel = 0; nivel < kNiveles; ++nivel)
-    for (int tarifa = 0; tarifa < kTarifas; ++tarifa)
-      columnas_.push_back(rs.columna(columnaPrecio(nivel, tarifa)));
+  for (const QString& nombre : columnasArticulo()) columnas_.push_back(rs.columna(nombre));
 }
 
 Articulo ColumnasArticulo::leer(const dao::Recordset& rs) const {

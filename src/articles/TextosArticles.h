@@ -6,6 +6,7 @@ namespace tarvo::articles {
 enum TextoArticles : int {
   kTxIntocables = 4000,
   kTxArticuloBorrado = 4001,
+  kTxLoteOlvidado = 4600,
 };
 
 }  // namespace tarvo::articles

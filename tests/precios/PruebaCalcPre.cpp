@@ -88,7 +88,8 @@ TEST(CalcPre, WhatAPersonChanges) {
       {"the other way", [](CalcPre& c) { c.ponerModo(ModoIva::Incluido); }, 120, 1100, 1100, 1100},
       {"no margin at all", [](CalcPre& c) { c.ponerPcMargen(std::nan("")); }, 0, 500, 550, 550},
       {"no cost", [](CalcPre& c) { c.ponerCoste(0); }, 0, 1000, 1100, 1100},
-      {"a cost at last", [](CalcPre& c) { c.ponerCoste(0), c.ponerCoste(800); }, 25, 1000, 1100, 1100},
+      {"a cost at last", [](CalcPre& c) { c.ponerCoste(0), c.ponerCoste(800); }, 25, 1000, 1100,
+       1100},
       {"price without a cost", [](CalcPre& c) { c.ponerCoste(0), c.ponerVenta(700); }, 0, 700, 770,
        770},
   };
