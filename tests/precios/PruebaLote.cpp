@@ -53,12 +53,12 @@ TEST_F(PruebaLote, WhatWouldBecomeOfEach) {
   sql(u"update PLUSES set PRECIO_27=990000, DEPTO=2, NOMPLU='Jamón 5*' where CODPLU=11"_s);
   sql(u"update PLUSES set PRECIO_00=0 where CODPLU=12"_s);
   const OrdenLote diez = *SubePrecios::de(1000, 5, Redondeo::MasProximo, {}, {});
-  EXPECT_EQ(previa({1}, diez), u"10 1000>1100 x1 1 | 11 990000>1089000 x2 2 | 12 0>0 x0 0")
+  EXPECT_EQ(previa({1}, diez), u"10 1000>1100 x1 0 | 11 990000>1089000 x2 2 | 12 0>0 x0 1")
       << "not the system article, not a price of 0";
   const OrdenLote base = *SubePrecios::de(-9990, 100, Redondeo::MasProximo, 0, 0);
   EXPECT_EQ(previa({1, {}, 2}, base), u"11 1100>0 x1 3");
-  EXPECT_EQ(previa({1, {12, 10}}, PoneDepartamento{2}), u"10 1>2 x1 1 | 12 1>2 x1 1");
-  EXPECT_EQ(previa({1, {}, {}, u"jamon 5*"_s}, PoneFormato{1}), u"11 1>1 x0 0");
+  EXPECT_EQ(previa({1, {12, 10}}, PoneDepartamento{2}), u"10 1>2 x1 0 | 12 1>2 x1 0");
+  EXPECT_EQ(previa({1, {}, {}, u"jamon 5*"_s}, PoneFormato{1}), u"11 1>1 x0 1");
   EXPECT_EQ(lote.previa({1}, PoneDepartamento{7}).error().clase, Fallo::Restriccion);
   EXPECT_EQ(lote.previa({1}, PoneFormato{21}).error().clase, Fallo::Restriccion);
 }

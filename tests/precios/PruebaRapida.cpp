@@ -75,7 +75,8 @@ TEST(FormaAlta, TheCodeBehindAPrefix) {
 struct PruebaAlta : testing::Test, prueba::Puesto {
   AltaRapida alta{*db, catalogo, *FormaAlta::de(u"12"_s, 2, 1)};
   EntradaAlta buena() {
-    EntradaAlta e{1, u"34"_s, u"Lomo"_s};
+    EntradaAlta e;
+    e.seccion = 1, e.codigo = u"34"_s, e.nombre = u"Lomo"_s;
     for (auto& nivel : e.precios) nivel.fill(100);
     e.cada = 0;
     e.departamento = u"1"_s, e.formato = u"20"_s, e.dias1 = u"3"_s, e.dias2 = u"0"_s;
@@ -142,7 +143,7 @@ TEST_F(PruebaAlta, AFastChangeTakesWhatTheColumnHolds) {
     const QString texto = QString::fromUtf16(c.texto);
     const auto r = conColumna(a, c.columna, texto, ajustes, textosDePrueba());
     EXPECT_EQ(r.has_value(), c.vale) << texto.toStdString();
-    if (!c.vale) EXPECT_FALSE(r.error().texto.isEmpty());
+    EXPECT_TRUE(c.vale || !r.error().texto.isEmpty());
   }
   EXPECT_EQ(bien(conColumna(a, Precio2, u"12,5"_s, ajustes, textosDePrueba())).precios[1][0], 1250);
   EXPECT_EQ(bien(conColumna(a, Nombre, u"Un nombre de mas de veinte"_s, ajustes, textosDePrueba()))

@@ -4,6 +4,7 @@
 
 #include "articles/Catalogo.h"
 #include "articles/TablasArticulos.h"
+#include "core/ajustes/Ajustes.h"
 #include "stock/BaseVacia.h"
 #include "textos/TextosDePrueba.h"
 

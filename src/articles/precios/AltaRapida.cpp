@@ -1,19 +1,17 @@
 #include "articles/precios/AltaRapida.h"
 
+#include "articles/precios/Limites.h"
+
 namespace tarvo::precios {
 
 using articles::Articulo;
 
 namespace {
 
-constexpr int kUltimoFormato = 20, kCifrasCodigo = 7;
-constexpr int kNombreMayor = 20;
+constexpr int kCifrasCodigo = 7;
 
-// A whole number without sign; nothing for any other text.
-std::optional<int> numero(const QString& texto) {
-  bool ok = false;
-  const int n = texto.trimmed().toInt(&ok);
-  return ok && n >= 0 ? std::optional(n) : std::nullopt;
+int enteroDe(const QString& texto) {
+  return static_cast<int>(numeroEntre(texto, 0, kDiasMayor).value_or(0));
 }
 
 }  // namespace
@@ -39,7 +37,7 @@ Resultado<bool> AltaRapida::vale(CampoAlta campo, const EntradaAlta& e) {
     case CampoAlta::Unidad:
       return e.cada >= articles::kPorKilo && e.cada <= articles::kPorUnidad;
     case CampoAlta::Departamento: {
-      const auto depto = numero(e.departamento);
+      const auto depto = numeroEntre(e.departamento, 1, kUltimoDepartamento);
       if (!depto) return false;
       const auto hay =
           db_.uno(u"SELECT NUMDEP FROM DEPTS WHERE SECCION=? AND NUMDEP=?", e.seccion, *depto);
@@ -47,11 +45,11 @@ Resultado<bool> AltaRapida::vale(CampoAlta campo, const EntradaAlta& e) {
       return !hay->nulo();
     }
     case CampoAlta::Formato:
-      return numero(e.formato).value_or(0) > 0 && *numero(e.formato) <= kUltimoFormato;
+      return numeroEntre(e.formato, 1, kUltimoFormato).has_value();
     case CampoAlta::Dias1:
-      return numero(e.dias1).has_value();
+      return numeroEntre(e.dias1, 0, kDiasMayor).has_value();
     case CampoAlta::Dias2:
-      return numero(e.dias2).has_value();
+      return numeroEntre(e.dias2, 0, kDiasMayor).has_value();
     case CampoAlta::Precios:
     case CampoAlta::CodBarras:
       return true;
@@ -73,11 +71,11 @@ Articulo AltaRapida::articuloDe(const EntradaAlta& e) const {
   a.clave = {e.seccion, codigoDe(e.codigo).value_or(0)};
   a.nombre = e.nombre.trimmed().left(kNombreMayor);
   a.cada = e.cada;
-  a.depto = numero(e.departamento).value_or(0);
-  a.formato = numero(e.formato).value_or(0);
+  a.depto = enteroDe(e.departamento);
+  a.formato = enteroDe(e.formato);
   if (!e.codBarras.trimmed().isEmpty()) a.pfxBar = e.codBarras.trimmed();
-  a.numdias1 = numero(e.dias1).value_or(0);
-  a.numdias2 = numero(e.dias2).value_or(0);
+  a.numdias1 = enteroDe(e.dias1);
+  a.numdias2 = enteroDe(e.dias2);
   for (std::size_t nivel = 0; nivel < static_cast<std::size_t>(forma_.precios()); ++nivel)
     for (std::size_t tarifa = 0; tarifa < static_cast<std::size_t>(forma_.tarifas()); ++tarifa)
       a.precios[nivel][tarifa] = e.precios[nivel][tarifa];

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "articles/precios/Limites.h"
 #include "articles/precios/TextosPrecios.h"
 
 namespace tarvo::precios {
@@ -11,8 +12,6 @@ using articles::ClaveArticulo;
 
 namespace {
 
-constexpr qint64 kPrecioMayor = 999'999;  // what a scale can show
-constexpr int kUltimoFormato = 20;
 constexpr qint64 kEntero = 10'000;  // hundredths of a per cent in one
 
 // One value, into the line and, when it fits, into the article.
@@ -40,9 +39,9 @@ struct Hacer {
         if (precio == 0 || !orden.toca(static_cast<int>(nivel), static_cast<int>(tarifa))) continue;
         const qint64 nuevo = orden.aplicar(precio);
         anotar(linea, precio, nuevo,
-               nuevo > kPrecioMayor ? Desenlace::NoCabe
-               : nuevo <= 0         ? Desenlace::QuedaACero
-                                    : Desenlace::Cambia);
+               nuevo > kPrecioDeBalanza ? Desenlace::NoCabe
+               : nuevo <= 0             ? Desenlace::QuedaACero
+                                        : Desenlace::Cambia);
       }
   }
   void operator()(const PoneDepartamento& orden) const {
@@ -77,7 +76,7 @@ QString comoParte(const QString& texto) {
 
 std::optional<SubePrecios> SubePrecios::de(int centesimas, qint64 paso, Redondeo redondeo,
                                            std::optional<int> nivel, std::optional<int> tarifa) {
-  if (centesimas < kMenor || centesimas > kMayor || paso < 1 || paso > kPrecioMayor)
+  if (centesimas < kMenor || centesimas > kMayor || paso < 1 || paso > kPrecioDeBalanza)
     return std::nullopt;
   if (nivel && (*nivel < 0 || *nivel >= articles::kNiveles)) return std::nullopt;
   if (tarifa && (*tarifa < 0 || *tarifa >= articles::kTarifas)) return std::nullopt;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "articles/precios/Limites.h"
 #include "articles/precios/TextosPrecios.h"
 #include "core/dinero/Dinero.h"
 
@@ -11,23 +12,10 @@ using articles::Articulo;
 
 namespace {
 
-constexpr int kNombreMayor = 20, kDepartamentos = 40, kFormatos = 20, kDiasMayor = 9999;
-constexpr qint64 kPrecioMayor = 999'999'999;
-
-std::optional<qint64> entero(const QString& texto, qint64 desde, qint64 hasta) {
-  bool ok = false;
-  const qint64 n = texto.trimmed().toLongLong(&ok);
-  return ok && n >= desde && n <= hasta ? std::optional(n) : std::nullopt;
-}
-
-bool sonCifras(const QString& s) {
-  return std::ranges::all_of(s, [](QChar c) { return c >= u'0' && c <= u'9'; });
-}
-
 // False when the text is no value of that column.
 bool poner(Articulo& a, ColumnaRapida columna, const QString& texto, const Ajustes& ajustes) {
   const auto numero = [&](auto& donde, qint64 desde, qint64 hasta) {
-    const auto n = entero(texto, desde, hasta);
+    const auto n = numeroEntre(texto, desde, hasta);
     if (n) donde = static_cast<std::remove_reference_t<decltype(donde)>>(*n);
     return n.has_value();
   };
@@ -47,12 +35,12 @@ bool poner(Articulo& a, ColumnaRapida columna, const QString& texto, const Ajust
       return precio.has_value();
     }
     case ColumnaRapida::Departamento:
-      return numero(a.depto, 1, kDepartamentos);
+      return numero(a.depto, 1, kUltimoDepartamento);
     case ColumnaRapida::CodBarras:
       a.pfxBar = texto.trimmed();
       return !a.pfxBar.isEmpty() && sonCifras(a.pfxBar);
     case ColumnaRapida::Etiqueta:
-      return numero(a.formato, 1, kFormatos);
+      return numero(a.formato, 1, kUltimoFormato);
     case ColumnaRapida::Dias1:
       return numero(a.numdias1, 0, kDiasMayor);
     case ColumnaRapida::Dias2:

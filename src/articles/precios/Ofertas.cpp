@@ -104,7 +104,7 @@ Resultado<std::vector<int>> Ofertas::ocupados(int seccion, qint64 codigo,
   return salida;
 }
 
-Resultado<> Ofertas::guardar(const Oferta& oferta, std::span<const int> grupos) {
+Resultado<> Ofertas::guardar(const OfertaNueva& oferta, std::span<const int> grupos) {
   auto t = Transaccion::empezar(db_);
   if (!t) return std::unexpected(t.error());
   for (const int grupo : grupos) TARVO_INTENTAR(escribir(oferta, grupo));
@@ -228,7 +228,8 @@ Resultado<Condicion> Ofertas::iguales(const ClaveOferta& clave, bool todosLosGru
     if (!*una) break;
     const Dia& dia = diaDe(**una, e);
     const QString columna = QString::fromUtf16(columnaDe(e));
-    c.sql += QStringLiteral(" AND ") + (dia ? columna + u"=?" : u"isnull(" + columna + u')');
+    c.sql += QStringLiteral(" AND ") +
+             (dia ? QStringLiteral("%1=?") : QStringLiteral("isnull(%1)")).arg(columna);
     if (dia) c.parametros.emplace_back(*dia);
   }
   return c;

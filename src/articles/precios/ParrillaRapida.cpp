@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include "core/ajustes/Ajustes.h"
-#include "core/textos/Textos.h"
+#include "articles/precios/Limites.h"
 
 namespace tarvo::precios {
 
@@ -13,10 +12,6 @@ constexpr std::array kVistas{Vista::SoloVer,   Vista::SoloVer,   Vista::Modifica
                              Vista::SoloVer,   Vista::Invisible, Vista::Invisible, Vista::Invisible,
                              Vista::Invisible, Vista::Invisible};
 constexpr int kPrefijoMayor = 6;
-
-bool sonCifras(QStringView s) {
-  return std::ranges::all_of(s, [](QChar c) { return c >= u'0' && c <= u'9'; });
-}
 
 // 0, 1 or 2; nothing for any other text.
 std::optional<int> deTres(QStringView s) {

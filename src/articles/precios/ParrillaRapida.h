@@ -4,9 +4,11 @@
 
 #include <QString>
 #include <array>
+#include <expected>
 #include <optional>
 
 #include "articles/Articulo.h"
+#include "core/ajustes/Ajustes.h"
 
 namespace tarvo::precios {
 
