@@ -39,20 +39,22 @@ void Envios::oferta(int grupo, qint64 codigo, qint64 precio, double desde, doubl
                    grupo, codigo, precio, precio, precio, hoy + desde, hoy + hasta));
 }
 
-QStringList Envios::nuevas(int grupo, int addr) {
+QString Envios::nuevas(int grupo, int addr) {
   const QStringList todas = oidas(grupo, addr);
   QStringList salida;
   for (qsizetype& i = vistas_[{grupo, addr}]; i < todas.size(); ++i) {
     const QString codigo = todas[i].section(u' ', 0, 0);
     const QString datos = todas[i].mid(codigo.size() + 1);
     const bool ficha = datos.size() > 25 && (codigo == u"100" || codigo == u"101");
-    salida << codigo + u' ' +
-                  QString::number((ficha ? datos.mid(20, 7) : datos.left(7)).toLongLong());
+    const QString numero = ficha             ? datos.mid(20, 7)
+                           : codigo == u"32" ? datos.mid(2, 4)
+                                             : datos.left(7);
+    salida << codigo + u' ' + QString::number(numero.toLongLong());
   }
-  return salida;
+  return salida.join(u',');
 }
 
-QStringList Envios::enviar(int grupo, int clase, bool todo, qint64 desde, qint64 hasta, int addr) {
+QString Envios::enviar(int grupo, int clase, bool todo, qint64 desde, qint64 hasta, int addr) {
   nuevas(grupo, addr);
   encolar(grupo, clase, todo, desde, hasta);
   EXPECT_TRUE(correr());
@@ -86,6 +88,12 @@ QString Envios::retenidos(int grupo) {
                               "CODPLU")
                    .arg(grupo))
       .replace(u';', u' ');
+}
+
+void Envios::estorbos(int grupo, std::vector<simulador::Paso> guion, int addr) {
+  simulador::Fallos f;
+  f.guion = std::move(guion);
+  maquina(grupo, addr).cambiarPercances({f, 1});
 }
 
 void Envios::esCierto(int grupo) {

@@ -4,7 +4,13 @@
 #include "articles/Cambios.h"
 #include "motor/Banco.h"
 
+inline void PrintTo(const QString& texto, std::ostream* salida) {
+  *salida << texto.toStdString();
+}
+
 namespace tarvo::prueba {
+
+using namespace Qt::StringLiterals;
 
 using simulador::Averia;
 
@@ -23,9 +29,9 @@ struct Envios : Banco {
               double hasta);  // days from today
 
   // Sends and waits; what the machine heard meanwhile, "100" and "101" with the number of their
-  // article only.
-  QStringList enviar(int grupo, int clase = kTxPlus, bool todo = false, qint64 desde = 0,
-                     qint64 hasta = 9999999, int addr = 1);
+  // article only: "100 10,120 30".
+  QString enviar(int grupo, int clase = kTxPlus, bool todo = false, qint64 desde = 0,
+                 qint64 hasta = 9999999, int addr = 1);
   // What the machine holds: "10:Tomate/250".
   QString tiene(int grupo, int addr = 1);
   // Cross of the group: "10 20x", x marked for deletion.
@@ -36,7 +42,10 @@ struct Envios : Banco {
   // Every article that Cross says is held is there, field by field, as it would be sent now.
   void esCierto(int grupo);
 
-  QStringList nuevas(int grupo, int addr = 1);
+  // The faults of a machine from now on, its questions counted anew.
+  void estorbos(int grupo, std::vector<simulador::Paso> guion, int addr = 1);
+
+  QString nuevas(int grupo, int addr = 1);
 
  private:
   std::map<std::pair<int, int>, qsizetype> vistas_;

@@ -17,7 +17,7 @@ TEST_F(Reglas, LoQueNoSePuedeEncolar) {
   EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, 12), 2);  // no kind
   EXPECT_EQ(gestor->CuantosQuedan().total, 0);
   EXPECT_EQ(registro.porClave(u"TXPLUS")->numero, 1);
-  EXPECT_FALSE(registro.porNumero(24)->crear);
+  EXPECT_FALSE(registro.porNumero(2)->crear);
   EXPECT_EQ(registro.porClave(u""), nullptr);
 }
 

@@ -29,15 +29,20 @@ Remesa::Remesa(dao::Database& db, Reloj& reloj, const Textos& textos, const Dest
 
 Remesa::~Remesa() = default;
 
-Resultado<> Remesa::empezar(bool todo, Rango rango) {
+Resultado<> Remesa::abrir() {
   auto tr = dao::Transaccion::empezar(db_);
   if (!tr) return std::unexpected(tr.error());
   TARVO_INTENTAR(tenencias_.empezar());
-  TARVO_INTENTAR(tr->confirmar());
+  return tr->confirmar();
+}
+
+Resultado<> Remesa::empezar(bool todo, Rango rango, bool porNumero) {
+  TARVO_INTENTAR(abrir());
   auto codigos = todo ? todosLosArticulos(db_, destino_, rango)
                       : SaltarSinCambios(db_, destino_, rango, reloj_.ahora());
   if (!codigos) return std::unexpected(codigos.error());
   lista_ = std::move(*codigos);
+  if (porNumero) return {};
   return rechazadosAlFinal(db_, destino_, lista_);
 }
 
@@ -207,6 +212,17 @@ void Remesa::borrado(qint64 codigo) {
   hueco(codigo, codigo);
 }
 
+void Remesa::borradoNegado(qint64 codigo, const QString& motivo) {
+  resumen_.rechazados[codigo] = motivo;
+  anotar({Nota::Sobra, codigo});
+}
+
+void Remesa::leido(qint64 codigo, const QByteArray& registro) {
+  ++hechos_;
+  codigo_ = codigo;
+  anotar({Nota::Leido, codigo, 0, {}, false, 0, {}, registro});
+}
+
 void Remesa::hueco(qint64 desde, qint64 hasta) {
   if (desde <= hasta) anotar({Nota::Hueco, desde, hasta});
 }
@@ -251,7 +267,7 @@ Resultado<std::map<qint64, Preparado>> Remesa::comoEstan(std::span<const Nota> n
     return {};
   };
   for (const Nota& n : notas) {
-    if (n.que != Nota::Enviado) continue;
+    if (n.que != Nota::Enviado && n.que != Nota::Leido) continue;
     codigos.push_back(n.codigo);
     if (codigos.size() == Lector::kLote) TARVO_INTENTAR(leer());
   }
@@ -269,10 +285,22 @@ Resultado<> Remesa::escribirNota(const Nota& n, const std::map<qint64, Preparado
     case Nota::Hueco:
       return n.codigo == n.hasta ? tenencias_.AnotarBorrado(n.codigo)
                                  : tenencias_.AnotarHueco(n.codigo, n.hasta);
+    case Nota::Leido:
+      return escribirLeido(n, p);
+    case Nota::Sobra:
+      return tenencias_.AnotarSobrante(n.codigo);
     case Nota::Rechazado:
       return tenencias_.AnotarRetenido(n.codigo, n.motivo, n.error);
   }
   return {};
+}
+
+// What it holds is the article as it would go now, another form of it, or one that is gone here.
+Resultado<> Remesa::escribirLeido(const Nota& n, const Preparado* ahora) {
+  const bool igual = ahora && ahora->registro && maquinas::mismaFicha(n.registro, *ahora->registro);
+  ++(igual ? resumen_.iguales : ahora ? resumen_.distintos : resumen_.sobrantes);
+  if (igual) return tenencias_.AnotarEnviado(n.codigo, *ahora->registro, ahora);
+  return tenencias_.AnotarDistinto(n.codigo, n.registro, ahora != nullptr);
 }
 
 }  // namespace tarvo::envios

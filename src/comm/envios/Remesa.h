@@ -16,8 +16,9 @@ namespace tarvo::envios {
 
 struct Resumen {
   int enviados = 0, borrados = 0;
-  std::map<qint64, QString> retenidos;   // by code, with the reason
-  std::map<qint64, QString> rechazados;  // those that the group hasn't taken since
+  int iguales = 0, distintos = 0, sobrantes = 0;  // of what the group told, once it is on disk
+  std::map<qint64, QString> retenidos;            // by code, with the reason
+  std::map<qint64, QString> rechazados;           // those that the group hasn't taken since
 };
 
 class Remesa {
@@ -28,8 +29,11 @@ class Remesa {
          Que que = Que::Articulos);
   ~Remesa();
 
-  // Decides what goes: all of the range, or what the group doesn't hold as it stands. Once.
-  Resultado<> empezar(bool todo, Rango rango);
+  // Brings what is known of the group up to date with what became of the group itself. Once.
+  Resultado<> abrir();
+  // The same, and decides what goes: all of the range, or what the group doesn't hold as it stands;
+  // by number, with those that it refused before behind the others unless `porNumero`.
+  Resultado<> empezar(bool todo, Rango rango, bool porNumero = false);
 
   struct Saliente {
     qint64 codigo = 0;
@@ -53,9 +57,12 @@ class Remesa {
   std::optional<qint64> porBorrar() const;
   void borrado();
   void borradoNegado();  // it goes behind the others
-  // The group deleted another one, or told that it has none of these numbers.
+  // The group deleted another one, or wouldn't; or it told that it has none of these numbers.
   void borrado(qint64 codigo);
+  void borradoNegado(qint64 codigo, const QString& motivo);
   void hueco(qint64 desde, qint64 hasta);
+  // It told what it holds under a number. REQUIRES a record that can be read.
+  void leido(qint64 codigo, const QByteArray& registro);
 
   // What the group was confirmed to have or not to have goes to disk. When it fails it is kept.
   Resultado<> asentar();
@@ -71,12 +78,13 @@ class Remesa {
     bool eraSuyo = false;
   };
   struct Nota {
-    enum Que { Enviado, Hueco, Rechazado } que;
+    enum Que { Enviado, Hueco, Rechazado, Leido, Sobra } que;
     qint64 codigo = 0, hasta = 0;
     Preparado preparado{};
     bool eraSuyo = false;
     int error = 0;
     QString motivo{};
+    QByteArray registro{};
   };
   Resultado<> cargar();
   Resultado<bool> refrescar();
@@ -87,6 +95,7 @@ class Remesa {
   void anotar(Nota nota);
   Resultado<> escribir(std::span<const Nota> notas);
   Resultado<> escribirNota(const Nota& nota, const std::map<qint64, Preparado>& ahora);
+  Resultado<> escribirLeido(const Nota& nota, const Preparado* ahora);
   Resultado<std::map<qint64, Preparado>> comoEstan(std::span<const Nota> notas);
 
   dao::Database& db_;

@@ -35,6 +35,8 @@ class Tenencias {
   Resultado<> AnotarHueco(qint64 desde, qint64 hasta);
   // It holds an article otherwise than it should, or one that is gone: `registro` as it gave it.
   Resultado<> AnotarDistinto(qint64 codigo, const QByteArray& registro, bool existe);
+  // It holds one that it should have deleted.
+  Resultado<> AnotarSobrante(qint64 codigo) { return ponerCross(codigo, true); }
   // It got no record of it: `error` is its refusal, 0 for a record that can't be made.
   Resultado<> AnotarRetenido(qint64 codigo, const QString& motivo, int error);
 

@@ -113,5 +113,8 @@ Leido<Ficha> leerFicha(QByteArrayView registro);
 // The fields in which two records say different things; numbers compare by value, blanks being 0,
 // texts without the blanks behind them.
 std::vector<CampoPLU> diferencias(const Ficha& una, const Ficha& otra);
+// Do two records say the same, or the same prices? False where one can't be read.
+bool mismaFicha(QByteArrayView una, QByteArrayView otra);
+bool mismosPrecios(QByteArrayView registro, QByteArrayView soloPrecios);
 
 }  // namespace tarvo::maquinas

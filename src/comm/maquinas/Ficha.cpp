@@ -110,4 +110,18 @@ std::vector<CampoPLU> diferencias(const Ficha& una, const Ficha& otra) {
   return salida;
 }
 
+bool mismaFicha(QByteArrayView una, QByteArrayView otra) {
+  const auto a = leerFicha(una), b = leerFicha(otra);
+  return a && b && diferencias(*a, *b).empty();
+}
+
+bool mismosPrecios(QByteArrayView registro, QByteArrayView soloPrecios) {
+  const auto f = leerFicha(registro);
+  if (!f || soloPrecios.size() != 25) return false;
+  const CampoPLU campos[] = {CampoPLU::Precio0, CampoPLU::Precio1, CampoPLU::Precio2};
+  for (qsizetype i = 0; i < 3; ++i)
+    if (numeroDe(f->campo(campos[i])) != numeroDe(soloPrecios.sliced(7 + 6 * i, 6))) return false;
+  return true;
+}
+
 }  // namespace tarvo::maquinas

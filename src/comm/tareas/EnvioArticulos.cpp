@@ -7,7 +7,7 @@ namespace tarvo::tareas {
 
 namespace {
 
-constexpr int kTarifas = 8, kNoExisteAlli = 105;
+constexpr int kTarifas = 8;
 constexpr int kArticulosNombrados = 20;  // of each sort, in the words at the end
 
 // One sentence for each article, and one for all that are too many.
@@ -31,7 +31,7 @@ envios::Destino destinoDe(const motor::DatosTarea& t) {
 }
 
 QString motivoDeRechazo(int error, const Textos& textos) {
-  if (error == kNoExisteAlli) return textos(kTxNoLoTiene);
+  if (error == kNoExiste) return textos(kTxNoLoTiene);
   QString mensaje = motor::textosError(error, textos).mensaje.trimmed();
   mensaje.remove(u'\'');
   if (mensaje.isEmpty()) mensaje = textos(kTxErrorNumero, {error});
@@ -87,7 +87,7 @@ std::vector<totals::Aviso> EnvioArticulos::avisos() const {
 }
 
 QString EnvioArticulos::MostrarTraza() const {
-  return e_.textos(kTxPasoArticulo, {Ceros(remesa_.codigoActual(), 7)});
+  return e_.textos(kTxPasoArticulo, {Ceros(codigoActual(), 7)});
 }
 
 }  // namespace tarvo::tareas

@@ -7,6 +7,8 @@
 
 namespace tarvo::tareas {
 
+inline constexpr int kNoExiste = 105;  // the machine hasn't the article
+
 envios::Destino destinoDe(const motor::DatosTarea& t);
 // A refusal in words that stand behind the article's name.
 QString motivoDeRechazo(int error, const Textos& textos);
@@ -21,7 +23,7 @@ class EnvioArticulos : public motor::TrabajoTarea {
   Resultado<std::vector<totals::Aviso>> cerrar() final { return avisos(); }
   std::vector<totals::Aviso> abandonar() final;
   QString MostrarTraza() const final;
-  qint64 codigoActual() const final { return remesa_.codigoActual(); }
+  qint64 codigoActual() const override { return remesa_.codigoActual(); }
   qint64 avance() const override { return remesa_.hechos(); }
 
  protected:
@@ -44,5 +46,9 @@ class EnvioArticulos : public motor::TrabajoTarea {
   const envios::Remesa::Que que_;
   bool preparada_ = false;
 };
+
+// The complete sending to a group of kind 4, which compares its list with ours.
+std::unique_ptr<motor::TrabajoTarea> crearComparacion(const motor::DatosTarea& t,
+                                                      const motor::Entorno& e);
 
 }  // namespace tarvo::tareas

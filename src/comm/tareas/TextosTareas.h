@@ -16,6 +16,8 @@ enum TextoTareas : int {
   kTxRechazado = 2118,
   kTxErrorNumero = 2119,
   kTxNoLoTiene = 2120,
+  kTxFichasLeidas = 2121,
+  kTxArticulosBorrados = 2122,
   kTxEnGrupo = 2240,
   kTxGrupoBorrado = 2241,
   kTxListaVacia = 2242,
