@@ -1,5 +1,9 @@
 #include "core/ventanas/Delegado.h"
 
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QToolTip>
+
 #include "core/ventanas/ModeloParrilla.h"
 
 namespace tarvo::ventanas {
@@ -30,6 +34,16 @@ void Delegado::initStyleOption(QStyleOptionViewItem* opcion, const QModelIndex& 
   if (!tinte && indice.data(kPapelCero).toBool()) tinte = Tinte::TextoPalido;
   if (tinte && !elegida) opcion->palette.setColor(QPalette::Text, colorDe(*tinte));
   opcion->textElideMode = Qt::ElideRight;
+}
+
+bool Delegado::helpEvent(QHelpEvent* evento, QAbstractItemView* vista,
+                         const QStyleOptionViewItem& opcion, const QModelIndex& indice) {
+  const QString texto = indice.data(Qt::DisplayRole).toString();
+  const bool cortado = sizeHint(opcion, indice).width() > opcion.rect.width();
+  if (evento->type() != QEvent::ToolTip || texto.isEmpty() || !cortado)
+    return QStyledItemDelegate::helpEvent(evento, vista, opcion, indice);
+  QToolTip::showText(evento->globalPos(), texto.toHtmlEscaped(), vista, opcion.rect);
+  return true;
 }
 
 }  // namespace tarvo::ventanas
