@@ -155,6 +155,8 @@ void Mundo::percances(bool calma) {
       f.probabilidad[static_cast<std::size_t>(a)] =
           std::pow(10.0, -0.7 - z.entero(0, 20) / 10.0) / (rara ? 10 : 1);
     }
+    // A machine that obeys an order about another number than the one it was given can't be seen.
+    f.probabilidad[static_cast<std::size_t>(Averia::OtroNumero)] = 0;
     // Refuses what it is sent, some of it or all: full, or out of sorts.
     if (!calma && z.ocurre(0.15))
       f.guion.push_back({Averia::Err, z.ocurre(0.3) ? 0 : z.entero(1, 8), m.grupo->vek() ? 100 : -1,
