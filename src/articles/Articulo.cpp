@@ -1,6 +1,9 @@
 #include "articles/Articulo.h"
 
 #include <algorithm>
+#include <span>
+
+#include <QStringList>
 
 namespace tarvo::articles {
 
@@ -48,6 +51,15 @@ std::size_t columnaDePrecio(std::size_t nivel, std::size_t tarifa) {
 
 QString columnaPrecio(int nivel, int tarifa) {
   return QStringLiteral("PRECIO_%1%2").arg(nivel).arg(tarifa);
+}
+
+QString columnasArticulo() {
+  QStringList nombres;
+  for (const char16_t* nombre : std::span(kNombres).subspan(kCodigo))
+    nombres << QString::fromUtf16(nombre);
+  for (int nivel = 0; nivel < kNiveles; ++nivel)
+    for (int tarifa = 0; tarifa < kTarifas; ++tarifa) nombres << columnaPrecio(nivel, tarifa);
+  return nombres.join(QStringLiteral(", "));
 }
 
 QString Articulo::codigoDeBarras() const {

@@ -27,6 +27,8 @@ struct ClaveArticulo {
 using Precios = std::array<std::array<qint64, kTarifas>, kNiveles>;
 // "PRECIO_27" for level 2, tarifa 7.
 QString columnaPrecio(int nivel, int tarifa);
+// The names of all columns of PLUSES but the section, for a statement.
+QString columnasArticulo();
 
 struct Articulo {
   ClaveArticulo clave;
