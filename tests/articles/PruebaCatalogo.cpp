@@ -78,7 +78,7 @@ TEST(CodigoBarras, ElDigitoDeControl) {
     const char* prefijo;
     qint64 codigo;
     const char* impreso;
-  } compuestos[] = {{kEAN13, "21", 123, "2100012300004"},
+  } compuestos[] = {{kEAN13, "21", 123, "2100012300001"},
                     {kEAN8, "2", 123, "20001230"},
                     {kEAN8, "21", 123, ""},     // a digit too many
                     {kEAN8, "0", 1234567, ""},  // a code of seven
