@@ -53,13 +53,12 @@ QString columnaPrecio(int nivel, int tarifa) {
   return QStringLiteral("PRECIO_%1%2").arg(nivel).arg(tarifa);
 }
 
-QString columnasArticulo() {
-  QStringList nombres;
-  for (const char16_t* nombre : std::span(kNombres).subspan(kCodigo))
-    nombres << QString::fromUtf16(nombre);
+QStringList columnasArticulo() {
+  QStringList salida;
+  for (const char16_t* nombre : kNombres) salida << QString::fromUtf16(nombre);
   for (int nivel = 0; nivel < kNiveles; ++nivel)
-    for (int tarifa = 0; tarifa < kTarifas; ++tarifa) nombres << columnaPrecio(nivel, tarifa);
-  return nombres.join(QStringLiteral(", "));
+    for (int tarifa = 0; tarifa < kTarifas; ++tarifa) salida << columnaPrecio(nivel, tarifa);
+  return salida;
 }
 
 QString Articulo::codigoDeBarras() const {
@@ -82,10 +81,7 @@ std::vector<Falta> faltas(const Articulo& a) {
 }
 
 ColumnasArticulo::ColumnasArticulo(const dao::Recordset& rs) {
-  for (const char16_t* nombre : kNombres) columnas_.push_back(rs.columna(nombre));
-  for (int nivel = 0; nivel < kNiveles; ++nivel)
-    for (int tarifa = 0; tarifa < kTarifas; ++tarifa)
-      columnas_.push_back(rs.columna(columnaPrecio(nivel, tarifa)));
+  for (const QString& nombre : columnasArticulo()) columnas_.push_back(rs.columna(nombre));
 }
 
 Articulo ColumnasArticulo::leer(const dao::Recordset& rs) const {

@@ -2,6 +2,7 @@
 // units of the native currency, quantities are grams (Cada 0 and 1) or units (Cada 2).
 #pragma once
 
+#include <QStringList>
 #include <array>
 #include <optional>
 #include <vector>
@@ -27,8 +28,8 @@ struct ClaveArticulo {
 using Precios = std::array<std::array<qint64, kTarifas>, kNiveles>;
 // "PRECIO_27" for level 2, tarifa 7.
 QString columnaPrecio(int nivel, int tarifa);
-// The names of all columns of PLUSES but the section, for a statement.
-QString columnasArticulo();
+// All columns of PLUSES, in the order of ColumnasArticulo: SECCION and CODPLU first.
+QStringList columnasArticulo();
 
 struct Articulo {
   ClaveArticulo clave;

@@ -40,6 +40,7 @@ class Catalogo {
   Resultado<> anotarPrecios(ClaveArticulo clave, const Precios& antes, const Precios& ahora,
                             const QString& ventana);
   const QString& quien() const { return quien_; }
+  const Textos& textos() const { return textos_; }
 
  private:
   using Trasladar = std::function<Resultado<>(const Articulo& articulo)>;

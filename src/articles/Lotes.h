@@ -1,5 +1,9 @@
 // Operations on many articles that can be taken back in one step: how each article stood before is
 // kept, by batch, until the batch is forgotten.
+//
+//   lote = empezar(window); guardar(lote, key) before each change; ...; acabar(lote)
+//
+// System articles are left out of all of it.
 #pragma once
 
 #include "articles/Catalogo.h"
@@ -8,27 +12,40 @@ namespace tarvo::articles {
 
 class Lotes {
  public:
+  // REQUIRES that all three outlive it.
   Lotes(dao::Database& db, Catalogo& catalogo, Reloj& reloj)
       : db_(db), catalogo_(catalogo), reloj_(reloj) {}
 
   // The number of a new batch, above 0. Batches older than the last 20 are forgotten.
   Resultado<qint64> empezar(const QString& ventana);
-  // Keeps how an article stands, or that there is none of that key. Before it changes; of an
-  // article that the batch has already, the first stays.
+  // Keeps how an article stands, with its stock counters, or that there is none of that key. Before
+  // it changes; of an article that the batch has already, the first stays.
   Resultado<> guardar(qint64 lote, ClaveArticulo clave);
   // The same for all articles of a condition on PLUSES, as one statement.
   Resultado<> guardarDonde(qint64 lote, QStringView condicion,
                            std::span<const dao::Valor> parametros = {});
+  // Notes how the batch left its articles, when it is done. Without it deshacer() can't tell what
+  // others changed, and puts everything back.
+  Resultado<> acabar(qint64 lote);
+
   struct Deshecho {
     int repuestos = 0, quitados = 0;   // articles put back, articles that had not been there
-    std::vector<ClaveArticulo> fuera;  // changed by somebody else since: left as they are
+    std::vector<ClaveArticulo> fuera;  // left as they are, see deshacer()
   };
-  // One transaction; the machines hear of each article put back or taken away. `despues`: how the
-  // batch left each article; one that stands otherwise now is left alone and given in `fuera`.
+  // One transaction; the machines hear of each article put back or taken away, and the history of
+  // prices too. An article that stands otherwise than the batch left it is left alone and given in
+  // `fuera`; so is a new one whose stock moved since, one whose bar code another article has now,
+  // and one whose section is gone. The batch is forgotten. NoExiste when it was already.
   Resultado<Deshecho> deshacer(qint64 lote, const QString& ventana);
-  // Notes how the batch left its articles, when it is done.
-  Resultado<> acabar(qint64 lote);
   Resultado<> olvidar(qint64 lote);
+
+  struct Lote {
+    qint64 numero = 0;
+    Fecha cuando;
+    qint64 articulos = 0;
+  };
+  // The last batch of a window that can still be taken back.
+  Resultado<std::optional<Lote>> ultimo(const QString& ventana);
 
  private:
   dao::Database& db_;

@@ -5,8 +5,10 @@ namespace tarvo::articles {
 // HistoriaPrecios: one row a price that changed. VENTANA is the name of the window or file by
 // which.
 //
-// LoteArticulos: an operation that can be taken back. LoteAntes holds how the articles stood before
-// it: the columns of PLUSES, and HABIA 0 for one that was not there.
+// LoteArticulos: an operation that can be taken back; ACABADO 1 when it noted how it left things.
+// LoteAntes and LoteDespues hold how its articles stood before and after it: the columns of PLUSES,
+// and HABIA 0 for one that was not there. LoteMovs holds their rows of MovsAlm, ANTES 1 or 0.
+// LoteAntes.QUE belongs to the moment of undoing.
 Resultado<> asegurarTablasArticulos(dao::Database& db) {
   return db.ejecutarGuion(
       uR"(
@@ -15,9 +17,15 @@ CREATE TABLE IF NOT EXISTS HistoriaPrecios (
   ANTES INTEGER, AHORA INTEGER, CUANDO DOUBLE PRECISION, QUIEN TEXT, VENTANA TEXT);
 CREATE INDEX IF NOT EXISTS HistoriaPrecios_Articulo ON HistoriaPrecios (SECCION, CODPLU, ID);
 CREATE TABLE IF NOT EXISTS LoteArticulos (
-  LOTE INTEGER PRIMARY KEY, CUANDO DOUBLE PRECISION, VENTANA TEXT);
-CREATE TABLE IF NOT EXISTS LoteAntes AS SELECT 0 AS LOTE, 0 AS HABIA, PLUSES.* FROM PLUSES WHERE 0;
+  LOTE INTEGER PRIMARY KEY, CUANDO DOUBLE PRECISION, VENTANA TEXT, ACABADO INTEGER DEFAULT 0);
+CREATE TABLE IF NOT EXISTS LoteAntes AS
+  SELECT 0 AS LOTE, 0 AS HABIA, 0 AS QUE, PLUSES.* FROM PLUSES WHERE 0;
 CREATE UNIQUE INDEX IF NOT EXISTS LoteAntes_Clave ON LoteAntes (LOTE, SECCION, CODPLU);
+CREATE TABLE IF NOT EXISTS LoteDespues AS
+  SELECT 0 AS LOTE, 0 AS HABIA, PLUSES.* FROM PLUSES WHERE 0;
+CREATE UNIQUE INDEX IF NOT EXISTS LoteDespues_Clave ON LoteDespues (LOTE, SECCION, CODPLU);
+CREATE TABLE IF NOT EXISTS LoteMovs AS SELECT 0 AS LOTE, 0 AS ANTES, MovsAlm.* FROM MovsAlm WHERE 0;
+CREATE UNIQUE INDEX IF NOT EXISTS LoteMovs_Clave ON LoteMovs (LOTE, ANTES, SECCION, CODIGO, CODALM);
 )");
 }
 

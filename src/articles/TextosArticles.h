@@ -15,6 +15,7 @@ enum TextoArticles : int {
   kTxCopiaSinAcabar = 4008,
   kTxCopiaDe = 4009,
   kTxOperadorIncorrecto = 4010,
+  kTxLoteOlvidado = 4600,
 };
 
 }  // namespace tarvo::articles

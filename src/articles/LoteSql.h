@@ -1,0 +1,37 @@
+// The statements by which a batch is put back. Internal to the room.
+#pragma once
+
+#include "articles/Articulo.h"
+#include "core/dao/Database.h"
+
+namespace tarvo::articles::lotesql {
+
+// What happens to an article of a batch: LoteAntes.QUE.
+enum class Que {
+  Nada = 0,        // it stands as before
+  Reponer = 1,     // it is there and takes its former values
+  Quitar = 2,      // it had not been there
+  Dejar = 3,       // somebody else changed it since, or it can't stand as before
+  Reinsertar = 4,  // it was deleted
+};
+
+QStringList tablas();      // all tables of batches
+QStringList contadores();  // the columns of MovsAlm that are kept
+
+// Sets QUE of all articles of a batch. `conDespues`: how the batch left them is known.
+Resultado<> clasificar(dao::Database& db, qint64 lote, bool conDespues);
+Resultado<std::vector<ClaveArticulo>> claves(dao::Database& db, qint64 lote, Que que);
+
+struct Firma {
+  Fecha cuando;
+  QString quien, ventana;
+};
+// The prices that reponer() will change. REQUIRES that it didn't run yet.
+Resultado<> anotarPrecios(dao::Database& db, qint64 lote, const Firma& firma);
+// Takes the predefined bar codes off the articles that reponer() will write, so that two of them
+// can give each other theirs back.
+Resultado<> soltarCodigos(dao::Database& db, qint64 lote);
+// Writes the articles of Reponer and Reinsertar, the latter with their stock counters.
+Resultado<> reponer(dao::Database& db, qint64 lote);
+
+}  // namespace tarvo::articles::lotesql

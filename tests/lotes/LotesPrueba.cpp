@@ -1,0 +1,149 @@
+// Batches: whatever was done to articles since a batch began is taken back, and nothing else.
+#include "articles/Lotes.h"
+
+#include "articles/TablasArticulos.h"
+#include "stock/BaseVacia.h"
+#include "textos/TextosDePrueba.h"
+
+namespace tarvo::articles {
+namespace {
+
+using namespace Qt::StringLiterals;
+using prueba::bien;
+
+struct Lotes_ : testing::Test, prueba::BaseVacia {
+  RelojVirtual reloj{Fecha::de(QDate(2026, 3, 2), QTime(9, 0))};
+  Catalogo catalogo{*db, textosDePrueba(), reloj, u"Ana"_s};
+  Lotes lotes{*db, catalogo, reloj};
+
+  void SetUp() override {
+    bien(asegurarTablasArticulos(*db));
+    sql(u"DELETE FROM SECCS"_s);
+    sql(u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (1, 'UNA')"_s);
+    sql(u"INSERT INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'A')"_s);
+    sql(u"INSERT INTO GRUPOS (CODGPO, TIPO, SECCION, Almacen) VALUES (7, 1, 1, 1)"_s);
+    for (const int n : {10, 11, 12, 13}) {
+      sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO, CodBarExt) "
+          u"VALUES (1, ?, ?, 100, 1, ?)"_s,
+          n, u"A%1"_s.arg(n), u"B%1"_s.arg(n));
+      sql(u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) VALUES (1, ?, 7, 0)"_s, n);
+    }
+    sql(u"INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Inicial) VALUES (1, 1, 11, 500)"_s);
+  }
+
+  QString articulos() {
+    return leer(
+        u"SELECT CODPLU, NOMPLU, PRECIO_00, CodBarExt FROM PLUSES WHERE CODPLU>2 "
+        u"ORDER BY CODPLU"_s);
+  }
+  QString claves(const std::vector<ClaveArticulo>& v) {
+    QStringList s;
+    for (const auto& c : v) s << QString::number(c.codigo);
+    return s.join(u' ');
+  }
+};
+
+const QString kAntes = u"10 A10 100 B10 | 11 A11 100 B11 | 12 A12 100 B12 | 13 A13 100 B13"_s;
+
+TEST_F(Lotes_, VuelveCuantoSeHizo) {
+  const qint64 lote = bien(lotes.empezar(u"ImpPLU"_s));
+  for (const qint64 n : {10, 11, 12, 13, 20, 1}) bien(lotes.guardar(lote, {1, n}));
+  // Two articles swap their bar codes, one goes with its stock, one comes, one stays.
+  sql(u"UPDATE PLUSES SET CodBarExt=NULL, PRECIO_00=150 WHERE CODPLU=10"_s);
+  sql(u"UPDATE PLUSES SET CodBarExt='B10' WHERE CODPLU=12"_s);
+  sql(u"UPDATE PLUSES SET CodBarExt='B12' WHERE CODPLU=10"_s);
+  sql(u"DELETE FROM PLUSES WHERE CODPLU=11"_s);
+  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU) VALUES (1, 20, 'NUEVO')"_s);
+  bien(lotes.acabar(lote));
+  ASSERT_EQ(leer(u"SELECT count(*) FROM MovsAlm"_s), u"0"_s);
+  EXPECT_EQ(bien(lotes.ultimo(u"ImpPLU"_s))->articulos, 5);
+
+  const auto d = bien(lotes.deshacer(lote, u"ImpPLU"_s));
+  EXPECT_EQ(d.repuestos, 3);
+  EXPECT_EQ(d.quitados, 1);
+  EXPECT_TRUE(d.fuera.empty());
+  EXPECT_EQ(articulos(), kAntes);
+  EXPECT_EQ(leer(u"SELECT CODALM, SECCION, CODIGO, Inicial FROM MovsAlm"_s), u"1 1 11 500"_s);
+  // Due again: those that came back. To be deleted: the one that had come. As held: the untouched.
+  EXPECT_EQ(leer(u"SELECT plu, borra FROM [Cross] ORDER BY plu"_s), u"13 0 | 20 1"_s);
+  EXPECT_EQ(leer(u"SELECT CODPLU, ANTES, AHORA, QUIEN, VENTANA FROM HistoriaPrecios ORDER BY 1"_s),
+            u"10 150 100 Ana ImpPLU | 11 0 100 Ana ImpPLU"_s);
+  EXPECT_EQ(lotes.deshacer(lote, u"ImpPLU"_s).error().clase, Fallo::NoExiste);
+  EXPECT_FALSE(bien(lotes.ultimo(u"ImpPLU"_s)));
+}
+
+struct Ajeno {
+  const char* que;
+  QString lote;    // what the batch did
+  QString ajeno;   // what somebody else did since
+  QString fuera;   // left alone
+  QString quedan;  // the articles in the end
+};
+
+TEST_F(Lotes_, LoQueHizoOtroSeQueda) {
+  const std::vector<Ajeno> casos{
+      {"changed since", u"UPDATE PLUSES SET PRECIO_00=200 WHERE CODPLU IN (10, 11)"_s,
+       u"UPDATE PLUSES SET NOMPLU='OTRO' WHERE CODPLU=10"_s, u"10"_s,
+       u"10 OTRO 200 B10 | 11 A11 100 B11 | 12 A12 100 B12 | 13 A13 100 B13"_s},
+      {"changed back by hand", u"UPDATE PLUSES SET PRECIO_00=200 WHERE CODPLU=10"_s,
+       u"UPDATE PLUSES SET PRECIO_00=100 WHERE CODPLU=10"_s, u""_s, kAntes},
+      {"deleted since", u"UPDATE PLUSES SET PRECIO_00=200 WHERE CODPLU IN (10, 11)"_s,
+       u"DELETE FROM PLUSES WHERE CODPLU=10"_s, u"10"_s,
+       u"11 A11 100 B11 | 12 A12 100 B12 | 13 A13 100 B13"_s},
+      {"made anew since", u"DELETE FROM PLUSES WHERE CODPLU=10"_s,
+       u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU) VALUES (1, 10, 'OTRO')"_s, u"10"_s,
+       u"10 OTRO 0 - | 11 A11 100 B11 | 12 A12 100 B12 | 13 A13 100 B13"_s},
+      {"its bar code taken, and that of the next by it",
+       u"UPDATE PLUSES SET CodBarExt=switch(CODPLU=10,'X',CODPLU=11,'B10') WHERE CODPLU<12"_s,
+       u"UPDATE PLUSES SET CodBarExt='B11' WHERE CODPLU=13"_s, u"10 11"_s,
+       u"10 A10 100 X | 11 A11 100 B10 | 12 A12 100 B12 | 13 A13 100 B11"_s},
+      {"stock of a new one moved",
+       u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU) VALUES (1, 20, 'NUEVO')"_s,
+       u"INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Venta) VALUES (1, 1, 20, 3)"_s, u"20"_s,
+       kAntes + u" | 20 NUEVO 0 -"_s},
+  };
+  for (const Ajeno& c : casos) {
+    SCOPED_TRACE(c.que);
+    sql(u"DELETE FROM PLUSES"_s);
+    for (const int n : {10, 11, 12, 13})
+      sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, CodBarExt) "
+          u"VALUES (1, ?, ?, 100, ?)"_s,
+          n, u"A%1"_s.arg(n), u"B%1"_s.arg(n));
+    const qint64 lote = bien(lotes.empezar(u"V"_s));
+    bien(lotes.guardarDonde(lote, u"CODPLU<>13"));
+    bien(lotes.guardar(lote, {1, 20}));
+    sql(c.lote);
+    bien(lotes.acabar(lote));
+    sql(c.ajeno);
+    EXPECT_EQ(claves(bien(lotes.deshacer(lote, u"V"_s)).fuera), c.fuera);
+    EXPECT_EQ(articulos(), c.quedan);
+  }
+}
+
+TEST_F(Lotes_, SinAcabarVuelveTodoYSinSeccionNada) {
+  const qint64 cortado = bien(lotes.empezar(u"V"_s));
+  bien(lotes.guardar(cortado, {1, 10}));
+  sql(u"UPDATE PLUSES SET PRECIO_00=7 WHERE CODPLU=10"_s);
+  EXPECT_EQ(bien(lotes.deshacer(cortado, u"V"_s)).repuestos, 1);
+  EXPECT_EQ(articulos(), kAntes);
+
+  const qint64 lote = bien(lotes.empezar(u"V"_s));
+  bien(lotes.guardarDonde(lote, u"SECCION=?", std::array<dao::Valor, 1>{1}));
+  sql(u"DELETE FROM PLUSES WHERE CODPLU>2"_s);
+  bien(lotes.acabar(lote));
+  sql(u"DELETE FROM SECCS"_s);
+  EXPECT_EQ(claves(bien(lotes.deshacer(lote, u"V"_s)).fuera), u"10 11 12 13"_s);
+}
+
+TEST_F(Lotes_, SoloLosVeinteUltimos) {
+  const qint64 primero = bien(lotes.empezar(u"V"_s));
+  bien(lotes.guardar(primero, {1, 10}));
+  for (int i = 0; i < 20; ++i) bien(lotes.empezar(u"V"_s));
+  EXPECT_EQ(lotes.deshacer(primero, u"V"_s).error().clase, Fallo::NoExiste);
+  EXPECT_EQ(
+      leer(u"SELECT count(*) FROM LoteArticulos"_s) + leer(u"SELECT count(*) FROM LoteAntes"_s),
+      u"200"_s);
+}
+
+}  // namespace
+}  // namespace tarvo::articles
