@@ -66,6 +66,9 @@ void BrowGrupos::montar() {
   ui_.Arbol->header()->setStretchLastSection(false);
   for (int c = kNumero; c < kColumnas; ++c)
     ui_.Arbol->header()->resizeSection(c, ventanas::escalar(110));
+  for (int c = kNumero; c < kColumnas; ++c)
+    ui_.Arbol->headerItem()->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
+  ui_.Arbol->header()->setMinimumHeight(ventanas::escalar(ventanas::kAltoFila));
   connect(ui_.Arbol, &QTreeWidget::currentItemChanged, this, [this] { actualCambiado(); });
   connect(ui_.Arbol, &QTreeWidget::itemActivated, this, [this] { verArticulos(); });
   connect(ui_.Arbol, &QTreeWidget::itemChanged, this, &BrowGrupos::rotulado);
@@ -96,6 +99,7 @@ QTreeWidgetItem* BrowGrupos::anadir(QTreeWidgetItem* padre, Nodo nodo, const QSt
   item->setData(kNombre, kSeccion, nodo.seccion);
   item->setData(kNombre, kDepartamento, nodo.departamento);
   item->setIcon(kNombre, ventanas::icono(padre ? u"etiqueta"_s : u"almacen"_s));
+  item->setSizeHint(kNombre, QSize(0, ventanas::escalar(ventanas::kAltoFila)));
   item->setFlags(item->flags() | Qt::ItemIsEditable);
   return item;
 }

@@ -20,7 +20,8 @@ using ventanas::Clase;
 namespace {
 
 constexpr int kLargoCodigo = 7, kLargoNombre = 30;
-constexpr int kAnchoLado = 380;
+constexpr int kAnchoLado = 430;
+constexpr int kPrimero = static_cast<int>(kPrimerCodigo) - 1;  // row, behind the system articles
 
 }  // namespace
 
@@ -141,6 +142,7 @@ void BrowPLUs::prepararParrilla() {
         .oculta = true}});
   ui_.Grid->setMoneda(contexto().ajustes.MonedaNativa);
   ui_.Grid->setBusca(false);
+  ui_.Grid->filtros()->addWidget(ui_.orden);
   ui_.Grid->setVacia(t(kTxListaVacia), ui_.Nuevo);
 }
 
@@ -152,6 +154,8 @@ Resultado<> BrowPLUs::preparar(const ventanas::Argumentos& argumentos) {
   const bool nueva = seccion_ == 0;
   LetSeccion(seccion);
   if (const int depto = argumentos.value(u"departamento"_s, 0).toInt(); depto > 0) LetDept(depto);
+  // The first that may be changed.
+  if (nueva && ui_.Grid->filas() > kPrimero) ui_.Grid->irA(kPrimero);
   if (nueva) ui_.Grid->setFocus();
   return {};
 }

@@ -11,6 +11,12 @@ namespace tarvo::articles {
 using namespace Qt::StringLiterals;
 using ventanas::Clase;
 
+namespace {
+
+constexpr int kFilasALaVista = 5;  // with the heading, where there is little room
+
+}  // namespace
+
 RejillaPrecios::RejillaPrecios(ventanas::Ventana& v, ventanas::Parrilla& p, AlCambiar alCambiar)
     : v_(v), p_(p), alCambiar_(std::move(alCambiar)), moneda_(v.contexto().ajustes.MonedaNativa) {
   std::vector<ventanas::Columna> columnas{{.titulo = kTxTarifa,
@@ -22,7 +28,7 @@ RejillaPrecios::RejillaPrecios(ventanas::Ventana& v, ventanas::Parrilla& p, AlCa
     columnas.push_back({.titulo = kTxPBase + nivel,
                         .campo = u"P%1"_s.arg(nivel),
                         .clase = Clase::Importe,
-                        .ancho = 96,
+                        .ancho = 84,
                         .ordenable = false,
                         .editar = [this, nivel](qint64 fila, const QString& texto) {
                           return escribir(nivel, fila, texto);
@@ -35,7 +41,7 @@ RejillaPrecios::RejillaPrecios(ventanas::Ventana& v, ventanas::Parrilla& p, AlCa
   p_.setEscribeAlTeclear(true);
   p_.setVacia(v.t(kTxSinArticulo));
   p_.vivas();
-  p_.setMinimumHeight(ventanas::escalar((kTarifas + 2) * ventanas::kAltoFila));
+  p_.setMinimumHeight(ventanas::escalar(kFilasALaVista * ventanas::kAltoFila));
 }
 
 void RejillaPrecios::setMoneda(int moneda) {

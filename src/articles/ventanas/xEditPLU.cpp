@@ -59,6 +59,7 @@ void XEditPLU::montar() {
   connect(ui_.Salir, &QPushButton::clicked, this, [this] { close(); });
   ui_.Moneda->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   ui_.Moneda->setIcon(ventanas::icono(u"moneda"_s));
+  ui_.Moneda->setMinimumWidth(escalar(80));
   ui_.Moneda->setVisible(contexto().ajustes.Euro > 0);
   ui_.Moneda->installEventFilter(this);
   ui_.txCod->installEventFilter(this);

@@ -78,8 +78,9 @@ void Parrilla::Interior::rechazar(const QModelIndex& celda, const QString& texto
   avisar(error);
   QMetaObject::invokeMethod(
       &yo,
-      [this, sitio = QPersistentModelIndex(celda), texto] {
-        if (!yo.editando() && yo.isVisible() && sitio.isValid()) editar(sitio, texto);
+      [this, sitio = QPersistentModelIndex(celda), texto, de = escritas] {
+        const bool pendiente = de == escritas && !yo.editando();
+        if (pendiente && yo.isVisible() && sitio.isValid()) editar(sitio, texto);
       },
       Qt::QueuedConnection);
 }

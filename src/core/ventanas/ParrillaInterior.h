@@ -80,6 +80,7 @@ struct Parrilla::Interior {
   Guardado guardado;
   Delegado* delegado = nullptr;
   bool escribeAlTeclear = false;
+  int escritas = 0;  // cells written so far
   QString tecleado;
   qint64 ultimaTecla = 0;
   bool conPie = true, conBusca = true, colocando = false;

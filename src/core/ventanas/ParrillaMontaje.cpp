@@ -198,6 +198,7 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
   connect(m, &ModeloParrilla::recuento, &yo, [this] { contar(); });
   connect(m, &ModeloParrilla::editada, &yo, [this](const QModelIndex& celda) {
     decir({});
+    ++escritas;
     Q_EMIT yo.editada(celda.row(), celda.column());
   });
   connect(m, &ModeloParrilla::rechazada, &yo,
