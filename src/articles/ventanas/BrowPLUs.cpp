@@ -44,9 +44,7 @@ void BrowPLUs::montar() {
   montarCampos();
   prepararParrilla();
   ui_.divisor->setStretchFactor(0, 1);
-  if (ui_.divisor->sizes().value(1) == 0 ||
-      ui_.divisor->sizes().value(1) > ui_.divisor->width() / 2)
-    ui_.divisor->setSizes({ventanas::escalar(1340 - kAnchoLado), ventanas::escalar(kAnchoLado)});
+  ui_.lado->setMinimumWidth(ventanas::escalar(kAnchoLado));
   connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this, &BrowPLUs::actualCambiada);
   connect(ui_.Grid, &ventanas::Parrilla::activada, this, [this] { editarCompleto(false); });
   connect(

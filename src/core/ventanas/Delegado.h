@@ -1,5 +1,6 @@
-// How a cell looks: its side, pale zeros, the colour and weight of a state; and how it is written
-// into: the field of its kind, which stays while what was typed is refused.
+// How a cell looks: its side, pale zeros, the colour and weight of a state; a text that is cut
+// stands whole in the tip. And how it is written into: the field of its kind, which stays while
+// what was typed is refused.
 #pragma once
 
 #include <QStyledItemDelegate>
@@ -11,6 +12,8 @@ class Delegado final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
+  bool helpEvent(QHelpEvent* evento, QAbstractItemView* vista, const QStyleOptionViewItem& opcion,
+                 const QModelIndex& indice) override;
   QWidget* createEditor(QWidget* padre, const QStyleOptionViewItem& opcion,
                         const QModelIndex& indice) const override;
   void setEditorData(QWidget* editor, const QModelIndex& indice) const override;

@@ -136,6 +136,10 @@ bool Parrilla::Interior::tecla(QKeyEvent& e) {
     yo.copiar();
     return true;
   }
+  if (e.key() == Qt::Key_Escape && trabajo->enMarcha()) {
+    trabajo->parar();
+    return true;
+  }
   if (teclaEdicion(e)) return true;
   const auto mandos = e.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
   if (e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter) {
