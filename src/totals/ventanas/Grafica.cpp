@@ -22,6 +22,7 @@
 #include "core/ventanas/Tema.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/NombresBarras.h"
+#include "totals/ventanas/TextosTotalesVentanas.h"
 
 namespace tarvo::totals {
 
@@ -92,12 +93,17 @@ void Grafica::preparar(ventanas::Contexto& contexto) {
 
 void Grafica::barras(const QString& titulo, std::vector<Barra> barras, bool tumbadas, int moneda) {
   titulo_ = titulo, barras_ = std::move(barras), tumbadas_ = tumbadas, moneda_ = moneda;
+  // Bars without height are no picture.
+  if (std::ranges::all_of(barras_, [](const Barra& b) { return b.importe == 0; })) barras_.clear();
+  nada_->setText(c_->textos(kTxSinGrafica));
   dias_.clear();
   pintar();
 }
 
 void Grafica::linea(const QString& titulo, std::vector<Dia> dias, int moneda) {
   titulo_ = titulo, dias_ = std::move(dias), moneda_ = moneda;
+  if (std::ranges::all_of(dias_, [](const Dia& d) { return d.importe == 0; })) dias_.clear();
+  nada_->setText(c_->textos(kTxSinGrafica));
   barras_.clear();
   pintar();
 }
