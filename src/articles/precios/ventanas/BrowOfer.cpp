@@ -73,11 +73,17 @@ void BrowOfer::prepararParrilla() {
         .cifras = 7,
         .ancho = 90},
        {.titulo = kTxNombreCol, .campo = u"NOMPLU"_s, .ancho = 200},
-       {.titulo = kTxPrecioCol, .campo = u"PRECIO_0"_s, .clase = Clase::Importe,
+       {.titulo = kTxPrecioCol,
+        .campo = u"PRECIO_0"_s,
+        .clase = Clase::Importe,
         .editar = precio(0)},
-       {.titulo = kTxPrecioCol, .campo = u"PRECIO_1"_s, .clase = Clase::Importe,
+       {.titulo = kTxPrecioCol,
+        .campo = u"PRECIO_1"_s,
+        .clase = Clase::Importe,
         .editar = precio(1)},
-       {.titulo = kTxPrecioCol, .campo = u"PRECIO_2"_s, .clase = Clase::Importe,
+       {.titulo = kTxPrecioCol,
+        .campo = u"PRECIO_2"_s,
+        .clase = Clase::Importe,
         .editar = precio(2)},
        {.titulo = kTxDesdeCol,
         .campo = u"FECHA_INI"_s,
@@ -105,13 +111,13 @@ FiltroOfertas BrowOfer::filtro() const {
 
 Resultado<> BrowOfer::abrirLista() {
   const Condicion c = filtro().condicion();
-  TARVO_INTENTAR(ui_.Grid->abrir(
-      {.desde = u"OFERTAS LEFT JOIN PLUSES ON (OFERTAS.SECCION=PLUSES.SECCION) and "
-                "(OFERTAS.CODIGO=PLUSES.CODPLU)"_s,
-       .filtro = c.sql,
-       .parametros = c.parametros,
-       .clave = u"OFERTAS.rowid"_s,
-       .orden = u"OFERTAS.CODIGO"_s}));
+  TARVO_INTENTAR(
+      ui_.Grid->abrir({.desde = u"OFERTAS LEFT JOIN PLUSES ON (OFERTAS.SECCION=PLUSES.SECCION) and "
+                                "(OFERTAS.CODIGO=PLUSES.CODPLU)"_s,
+                       .filtro = c.sql,
+                       .parametros = c.parametros,
+                       .clave = u"OFERTAS.rowid"_s,
+                       .orden = u"OFERTAS.CODIGO"_s}));
   actualizarAcciones();
   return {};
 }
@@ -132,8 +138,10 @@ void BrowOfer::actualizarAcciones() {
   ui_.NuevaOf->setEnabled(hayGrupo);
   ui_.Borro->setEnabled(ui_.Grid->filas() > 0);
   ui_.Deshacer->setEnabled(!deshechos_.empty());
-  if (!hayGrupo) ui_.Grid->setVacia(t(kTxSinGrupos));
-  else ui_.Grid->setVacia(t(kTxSinOfertas), ui_.NuevaOf);
+  if (!hayGrupo)
+    ui_.Grid->setVacia(t(kTxSinGrupos));
+  else
+    ui_.Grid->setVacia(t(kTxSinOfertas), ui_.NuevaOf);
 }
 
 void BrowOfer::RefrescoRemoto() {

@@ -11,11 +11,10 @@ using articles::ClaveArticulo;
 
 Resultado<> CalcPreVentana::preparar(const ventanas::Argumentos& argumentos) {
   ponerAjustes();
-  lista_ = argumentos.value(u"lista"_s, u"BrowPLUs"_s).toString();
+  lista_.unir(argumentos);
   ClaveArticulo clave{argumentos.value(u"seccion"_s, 1).toInt(),
                       argumentos.value(u"codigo"_s, 0).toLongLong()};
-  ventanas::Recorrido* padre = lista();
-  if (padre) clave = {padre->clave().seccion, padre->clave().codigo};
+  if (lista_) clave = {lista_->clave().seccion, lista_->clave().codigo};
   if (clave.codigo == 0) {
     articulo_.clave = {clave.seccion, articles::kPrimerCodigo - 1};
     const auto primero = vecino(1);
@@ -23,11 +22,7 @@ Resultado<> CalcPreVentana::preparar(const ventanas::Argumentos& argumentos) {
     clave = *primero;
   }
   TARVO_INTENTAR(cargar(clave));
-  if (padre && !esHijo_) {
-    esHijo_ = true;
-    padre->hijo(true);
-    padre->alMover(this, [this] { reposicionado(); });
-  }
+  if (lista_ && !std::exchange(seguida_, true)) lista_->alMover(this, [this] { reposicionado(); });
   const Celda celda{argumentos.value(u"columna"_s, 0).toInt(),
                     argumentos.value(u"fila"_s, 0).toInt()};
   ui_.grdpre->irA(celda);
@@ -36,10 +31,6 @@ Resultado<> CalcPreVentana::preparar(const ventanas::Argumentos& argumentos) {
   ui_.costeN->selectAll();
   tocado_ = false;
   return {};
-}
-
-ventanas::Recorrido* CalcPreVentana::lista() const {
-  return listaDe(contexto(), lista_);
 }
 
 Resultado<> CalcPreVentana::cargar(ClaveArticulo clave) {
@@ -62,9 +53,8 @@ Resultado<> CalcPreVentana::cargar(ClaveArticulo clave) {
 
 // The person moved the pointer of the list. What was typed here is kept first.
 void CalcPreVentana::reposicionado() {
-  ventanas::Recorrido* padre = lista();
-  if (moviendo_ || !padre || padre->clave().codigo == 0) return;
-  const auto [seccion, codigo] = padre->clave();
+  if (moviendo_ || !lista_ || lista_->clave().codigo == 0) return;
+  const auto [seccion, codigo] = lista_->clave();
   if (ClaveArticulo{seccion, codigo} == articulo_.clave) return;
   if (tocado_) guardar();
   haIdoBien(cargar({seccion, codigo}));
@@ -91,7 +81,7 @@ bool CalcPreVentana::guardar() {
   articulo_ = nuevo;
   precios_ = nuevo.precios;
   const bool ajeno = std::exchange(moviendo_, true);
-  if (ventanas::Recorrido* padre = lista()) padre->refrescar();
+  if (lista_) lista_->refrescar();
   moviendo_ = ajeno;
   return true;
 }
@@ -111,12 +101,12 @@ void CalcPreVentana::mover(int pasos) {
   // The box that has the focus is checked first.
   if (auto* caja = qobject_cast<QLineEdit*>(focusWidget())) Q_EMIT caja->editingFinished();
   if (!guardar()) return;
-  if (ventanas::Recorrido* padre = lista()) {
+  if (lista_) {
     moviendo_ = true;
-    const bool hay = padre->saltar(pasos);
+    const bool hay = lista_->saltar(pasos);
     moviendo_ = false;
     if (!hay) return decirDuda(t(kTxNoHayMas));
-    haIdoBien(cargar({padre->clave().seccion, padre->clave().codigo}));
+    haIdoBien(cargar({lista_->clave().seccion, lista_->clave().codigo}));
   } else {
     const auto otro = vecino(pasos);
     if (!otro) return decirDuda(otro.error().texto);
@@ -136,8 +126,7 @@ void CalcPreVentana::keyPressEvent(QKeyEvent* evento) {
 
 bool CalcPreVentana::QueryUnload() {
   guardarAjustes();
-  if (std::exchange(esHijo_, false))
-    if (ventanas::Recorrido* padre = lista()) padre->hijo(false);
+  lista_.soltar();
   return false;
 }
 

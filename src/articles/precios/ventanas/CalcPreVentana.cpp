@@ -23,7 +23,7 @@ constexpr int kMargenMayor = 32'767;
 
 CalcPreVentana::CalcPreVentana(ventanas::Contexto& contexto, const QString& nombre,
                                articles::Catalogo& catalogo)
-    : Ventana(contexto, nombre), catalogo_(catalogo) {
+    : Ventana(contexto, nombre), catalogo_(catalogo), lista_(contexto) {
   ui_.setupUi(cuerpo());
   enlazar();
   montar();
@@ -114,9 +114,8 @@ qint64 CalcPreVentana::importe(const QLineEdit& caja) const {
 void CalcPreVentana::pintar() {
   const CalcPre::Cifras& c = calc_.cifras();
   const std::pair<QLineEdit*, qint64> importes[] = {
-      {ui_.costeN, c.costeN}, {ui_.IvaS, c.IvaS},     {ui_.CosteB, c.CosteB},
-      {ui_.Margen, c.Margen}, {ui_.VentaN, c.VentaN}, {ui_.IvaR, c.IvaR},
-      {ui_.Calcu, c.Calcu}};
+      {ui_.costeN, c.costeN}, {ui_.IvaS, c.IvaS}, {ui_.CosteB, c.CosteB}, {ui_.Margen, c.Margen},
+      {ui_.VentaN, c.VentaN}, {ui_.IvaR, c.IvaR}, {ui_.Calcu, c.Calcu}};
   for (const auto& [caja, cuanto] : importes) caja->setText(precioEnTexto(contexto(), cuanto));
   ui_.pciva->setText(calc_.pciva() ? conDosDecimales(*calc_.pciva()) : QString());
   ui_.pcMarg->setText(conDosDecimales(c.pcMarg));
@@ -141,8 +140,10 @@ void CalcPreVentana::pintarModo() {
 }
 
 void CalcPreVentana::bloquear(bool si) {
-  if (si) calc_.bloquear(calc_.cifras().pcMarg);
-  else calc_.desbloquear();
+  if (si)
+    calc_.bloquear(calc_.cifras().pcMarg);
+  else
+    calc_.desbloquear();
   tocado_ = tocado_ || si;
   pintarModo();
   pintar();

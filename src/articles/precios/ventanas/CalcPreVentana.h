@@ -6,12 +6,9 @@
 #include "articles/Catalogo.h"
 #include "articles/precios/CalcPre.h"
 #include "articles/precios/ParrillaRapida.h"
+#include "articles/precios/ventanas/Comun.h"
 #include "core/ventanas/Ventana.h"
 #include "ui_CalcPre.h"
-
-namespace tarvo::ventanas {
-class Recorrido;
-}
 
 namespace tarvo::precios {
 
@@ -32,7 +29,6 @@ class CalcPreVentana final : public ventanas::Ventana {
   void unirCaja(QLineEdit& caja, const Hacer& hacer);
   void ponerAjustes();
   void guardarAjustes();
-  ventanas::Recorrido* lista() const;
 
   Resultado<> cargar(articles::ClaveArticulo clave);
   void reposicionado();
@@ -52,8 +48,8 @@ class CalcPreVentana final : public ventanas::Ventana {
   CalcPre calc_;
   articles::Articulo articulo_;  // as it was read
   articles::Precios precios_{};
-  QString lista_;
-  bool esHijo_ = false, moviendo_ = false, tocado_ = false;
+  DeLista lista_;
+  bool seguida_ = false, moviendo_ = false, tocado_ = false;
 };
 
 }  // namespace tarvo::precios

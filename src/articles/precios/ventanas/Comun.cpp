@@ -56,8 +56,10 @@ void marcarFijo(QLineEdit& campo, bool fijo) {
   letra.setBold(fijo);
   campo.setFont(letra);
   QPalette colores;
-  if (fijo) colores.setColor(QPalette::Base, ventanas::colorDe(ventanas::Tinte::Acento));
-  campo.setPalette(fijo ? colores : QPalette());
+  for (const auto& [papel, tinte] : {std::pair{QPalette::Base, ventanas::Tinte::Seleccion},
+                                     {QPalette::Text, ventanas::Tinte::TextoSeleccion}})
+    if (fijo) colores.setColor(papel, ventanas::colorDe(tinte));
+  campo.setPalette(colores);
 }
 
 void marcarFalta(QWidget& campo, bool falta) {
@@ -80,8 +82,19 @@ void estrechar(QLineEdit& campo, int cifras) {
                         m.left() + m.right() + 2 * ventanas::escalar(ventanas::kHueco));
 }
 
-ventanas::Recorrido* listaDe(const ventanas::Contexto& c, const QString& nombre) {
-  return dynamic_cast<ventanas::Recorrido*>(c.ventanas.cargada(nombre));
+void DeLista::unir(const ventanas::Argumentos& argumentos) {
+  if (unida_) return;
+  nombre_ = argumentos.value(u"lista"_s, u"BrowPLUs"_s).toString();
+  unida_ = static_cast<bool>(*this);
+  if (unida_) lista()->hijo(true);
+}
+
+void DeLista::soltar() {
+  if (std::exchange(unida_, false) && *this) lista()->hijo(false);
+}
+
+ventanas::Recorrido* DeLista::lista() const {
+  return dynamic_cast<ventanas::Recorrido*>(c_.ventanas.cargada(nombre_));
 }
 
 }  // namespace tarvo::precios

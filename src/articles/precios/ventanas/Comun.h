@@ -32,9 +32,23 @@ void soloCifras(QLineEdit& campo, int cuantas);
 // Room for that many digits and no more.
 void estrechar(QLineEdit& campo, int cifras);
 
-// The list over whose articles a window works, by the name in the argument "lista"; null when it
-// isn't there.
-ventanas::Recorrido* listaDe(const ventanas::Contexto& c, const QString& nombre);
+// The list over whose articles a window works, by the name in the argument "lista" (BrowPLUs). It
+// is told that a child is open until soltar().
+class DeLista {
+ public:
+  explicit DeLista(const ventanas::Contexto& c) : c_(c) {}
+  void unir(const ventanas::Argumentos& argumentos);
+  void soltar();
+  ventanas::Recorrido* operator->() const { return lista(); }  // REQUIRES one
+  explicit operator bool() const { return lista() != nullptr; }
+
+ private:
+  ventanas::Recorrido* lista() const;
+
+  const ventanas::Contexto& c_;
+  QString nombre_;
+  bool unida_ = false;
+};
 
 // What a dialog hands back: the opener keeps a share of it.
 template <class T>

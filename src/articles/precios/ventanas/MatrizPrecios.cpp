@@ -147,6 +147,7 @@ bool MatrizPrecios::eventFilter(QObject* objeto, QEvent* evento) {
       if (campo(celda) != objeto) continue;
       if (evento->type() == QEvent::KeyPress)
         return tecla(celda, static_cast<QKeyEvent*>(evento)->key());
+      campo(celda)->selectAll();
       if (celda != std::exchange(actual_, celda)) Q_EMIT entrada(celda);
       return false;
     }

@@ -24,8 +24,7 @@ NvaOfr::NvaOfr(ventanas::Contexto& contexto, const QString& nombre)
 }
 
 void NvaOfr::montar() {
-  for (QLineEdit* fecha : {ui_.Fecha_1, ui_.Fecha_F})
-    new ventanas::EscogeFecha(*fecha, contexto());
+  for (QLineEdit* fecha : {ui_.Fecha_1, ui_.Fecha_F}) new ventanas::EscogeFecha(*fecha, contexto());
   for (QLineEdit* campo :
        {ui_.Entra, ui_.Precio_0, ui_.Precio_1, ui_.Precio_2, ui_.Fecha_1, ui_.Fecha_F}) {
     if (campo != ui_.Entra) campo->setMaximumWidth(ventanas::escalar(160));
@@ -97,7 +96,7 @@ void NvaOfr::buscar() {
   articulo_ = haIdoBien(hallado) ? *hallado : std::nullopt;
   ui_.Codigox->setText(articulo_ ? Ceros(articulo_->codigo, 7) : QString());
   ui_.Nombrex->setText(articulo_ ? articulo_->nombre : QString());
-  ui_.Normal->setText(articulo_ ? preciosNormales(articulo_->codigo)
+  ui_.Normal->setText(articulo_                               ? preciosNormales(articulo_->codigo)
                       : ui_.Entra->text().trimmed().isEmpty() ? QString()
                                                               : t(kTxArticuloNoHallado));
 }
@@ -113,8 +112,8 @@ QString NvaOfr::preciosNormales(qint64 codigo) {
   if (!haIdoBien(hay) || !*hay) return {};
   QStringList precios;
   for (int nivel = 0; nivel < articles::kNiveles; ++nivel)
-    precios << precioEnTexto(contexto(), (*rs)->entero((*rs)->columna(
-                                             articles::columnaPrecio(nivel, cual))));
+    precios << precioEnTexto(contexto(),
+                             (*rs)->entero((*rs)->columna(articles::columnaPrecio(nivel, cual))));
   return t(kTxPreciosNormales).arg(precios.join(u"   "_s));
 }
 
@@ -140,7 +139,8 @@ void NvaOfr::keyPressEvent(QKeyEvent* evento) {
 // --------------------------------------------------------------------------------------
 
 void NvaOfr::mal(int texto, QLineEdit& campo) {
-  MyMsgBox::Decide(this, contexto().textos, t(texto), ventanas::kSoloAcepto | ventanas::kExclamacion);
+  MyMsgBox::Decide(this, contexto().textos, t(texto),
+                   ventanas::kSoloAcepto | ventanas::kExclamacion);
   marcarFalta(campo, true);
   campo.setFocus();
   campo.selectAll();
