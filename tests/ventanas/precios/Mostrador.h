@@ -114,14 +114,15 @@ struct Mostrador : Mesa {
   static QString texto(QWidget* v, const QString& nombre) {
     return v->findChild<QLabel*>(nombre)->text();
   }
-  // The control that has the focus; after a box the window takes a turn to get it back.
-  static QWidget* foco() {
+  // The control that has the focus. Behind a box this screen gives it back to nobody.
+  QWidget* foco() {
+    if (!QApplication::focusWidget()) escritorio.ventanas().abiertas().back()->activateWindow();
     EXPECT_TRUE(esperar([] { return QApplication::focusWidget() != nullptr; }));
     return QApplication::focusWidget();
   }
-  static QString enFoco() { return foco()->objectName(); }
-  static void teclear(const QString& texto) { QTest::keyClicks(foco(), texto); }
-  static void pulsar(int tecla) { QTest::keyClick(foco(), static_cast<Qt::Key>(tecla)); }
+  QString enFoco() { return foco()->objectName(); }
+  void teclear(const QString& texto) { QTest::keyClicks(foco(), texto); }
+  void pulsar(int tecla) { QTest::keyClick(foco(), static_cast<Qt::Key>(tecla)); }
   static void boton(QWidget* v, const QString& nombre) {
     QTest::mouseClick(v->findChild<QPushButton*>(nombre), Qt::LeftButton);
   }

@@ -140,7 +140,7 @@ TEST(VentanaOfertas, UnaFechaVaATodasYSeDeshace) {
   escribir(u"FECHA_FIN", u"31/12/2030"_s);
   EXPECT_EQ(m.leer(kOfertas),
             u"1 10 700 43000 47848 0 0 | 1 11 700 43000 47848 0 0 | 2 10 700 - - 0 0");
-  QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
+  QTest::keyClick(m.foco(), Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(m.leer(kOfertas), antes);
 
   v->findChild<QCheckBox*>(u"Sincro"_s)->click();

@@ -4,11 +4,18 @@
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/EscogeFecha.h"
+#include "core/ventanas/Medidas.h"
 
 namespace tarvo::precios {
 
 using namespace Qt::StringLiterals;
 using ventanas::Clase;
+
+namespace {
+
+constexpr int kAnchoFecha = 132;
+
+}  // namespace
 
 BrowOfer::BrowOfer(ventanas::Contexto& contexto, const QString& nombre)
     : Ventana(contexto, nombre), motor_(contexto.db, contexto.textos, contexto.reloj) {
@@ -30,6 +37,7 @@ void BrowOfer::montar() {
   connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
   for (const auto& [caja, filtro] : {std::pair{ui_.TxtF1, &desde_}, {ui_.TxtFf, &hasta_}}) {
     new ventanas::EscogeFecha(*caja, contexto());
+    caja->setMaximumWidth(ventanas::escalar(kAnchoFecha));
     connect(caja, &QLineEdit::editingFinished, this,
             [this, caja, filtro] { fechaCambiada(*caja, *filtro); });
   }

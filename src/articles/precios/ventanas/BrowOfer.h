@@ -29,8 +29,8 @@ class BrowOfer final : public ventanas::Ventana {
 
   Resultado<> precioEscrito(qint64 fila, std::size_t nivel, const QString& texto);
   Resultado<> fechaEscrita(Extremo extremo, const QString& texto);
+  void cambiarFechas(Extremo extremo, const Dia& dia);
   QString avisoFechas(Extremo extremo, const Dia& dia, int cuantas) const;
-  void luegoRefrescar();
   void nueva();
   void borrar();
   void deshacer();

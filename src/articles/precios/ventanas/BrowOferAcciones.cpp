@@ -16,11 +16,6 @@ constexpr int kPitidos = 20;  // before dates of all groups change
 
 }  // namespace
 
-// Other rows may have changed with this one; the list is read when the cell is closed.
-void BrowOfer::luegoRefrescar() {
-  QMetaObject::invokeMethod(this, &BrowOfer::RefrescoRemoto, Qt::QueuedConnection);
-}
-
 Resultado<> BrowOfer::precioEscrito(qint64 fila, std::size_t nivel, const QString& texto) {
   const auto clave = claveDe(fila);
   const auto precio = comoPrecio(texto, contexto().ajustes);
@@ -43,23 +38,30 @@ QString BrowOfer::avisoFechas(Extremo extremo, const Dia& dia, int cuantas) cons
          u"\n\n"_s + t(kTxSePuedeDeshacer);
 }
 
+// The question waits until the cell is closed: a box would take the focus from it meanwhile.
 Resultado<> BrowOfer::fechaEscrita(Extremo extremo, const QString& texto) {
   const auto fecha = Fecha::leer(texto.trimmed());
   const Dia dia = fecha ? Dia(fecha->dia()) : Dia();
+  QMetaObject::invokeMethod(
+      this, [this, extremo, dia] { cambiarFechas(extremo, dia); }, Qt::QueuedConnection);
+  return {};
+}
+
+void BrowOfer::cambiarFechas(Extremo extremo, const Dia& dia) {
   const bool todos = ui_.Sincro->isChecked();
   const auto cuantas = motor_.contar(filtro(), todos);
-  if (!cuantas) return std::unexpected(cuantas.error());
-  luegoRefrescar();
+  if (!haIdoBien(cuantas)) return;
   for (int i = 0; todos && i < kPitidos; ++i) QApplication::beep();
   if ((*cuantas > 1 || !dia) &&
       !MyMsgBox::Decide(this, contexto().textos, avisoFechas(extremo, dia, *cuantas),
                         ventanas::kAceptoCancelo | ventanas::kExclamacion))
-    return {};
+    return;
   auto cambio = motor_.cambiarFechas(filtro(), todos, extremo, dia);
-  if (!cambio) return std::unexpected(cambio.error());
-  decirBien(t(kTxFechasCambiadas, static_cast<int>(cambio->filas.size())));
+  if (!haIdoBien(cambio)) return;
+  const auto hechas = static_cast<int>(cambio->filas.size());
   deshechos_.push_back(std::move(*cambio));
-  return {};
+  RefrescoRemoto();
+  decirBien(t(kTxFechasCambiadas, hechas));
 }
 
 void BrowOfer::deshacer() {

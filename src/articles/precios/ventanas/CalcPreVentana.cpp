@@ -31,6 +31,7 @@ CalcPreVentana::CalcPreVentana(ventanas::Contexto& contexto, const QString& nomb
 
 void CalcPreVentana::montar() {
   ui_.grdpre->preparar(contexto());
+  alinear();
   unirCaja(*ui_.costeN, [this] { calc_.ponerCoste(importe(*ui_.costeN)); });
   unirCaja(*ui_.pciva, [this] { calc_.ponerIva(numeroDe(ui_.pciva->text())); });
   unirCaja(*ui_.pcMarg, [this] { calc_.ponerPcMargen(numeroDe(ui_.pcMarg->text()).value_or(0)); });
@@ -58,6 +59,21 @@ void CalcPreVentana::montar() {
     if (guardar()) decirBien(t(kTxPrecioGuardado).arg(articulo_.nombre));
   });
   connect(ui_.Salir, &QPushButton::clicked, this, &CalcPreVentana::descargar);
+}
+
+// Labels in one column over all frames; those of figures that can't be typed ask for no letter.
+void CalcPreVentana::alinear() {
+  const std::pair<QLabel*, QLineEdit*> fijos[] = {
+      {ui_.rotuloIvaS, ui_.IvaS}, {ui_.rotuloCosteB, ui_.CosteB}, {ui_.rotuloIvaR, ui_.IvaR}};
+  for (const auto& [rotulo, caja] : fijos) {
+    rotulo->setText(rotulo->text().remove(u'&'));
+    caja->setAccessibleName(rotulo->text());
+  }
+  const auto rotulos = ui_.marcos->findChildren<QLabel*>(QRegularExpression(u"^rotulo"_s));
+  int ancho = 0;
+  for (const QLabel* r : rotulos) ancho = std::max(ancho, r->sizeHint().width());
+  for (QLabel* r : rotulos) r->setMinimumWidth(ancho);
+  estrechar(*ui_.pciva, 6);
 }
 
 // Only what was typed counts: leaving a box takes nothing back from what it shows in round figures.

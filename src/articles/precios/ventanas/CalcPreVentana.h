@@ -26,6 +26,7 @@ class CalcPreVentana final : public ventanas::Ventana {
   using Hacer = std::function<void()>;
 
   void montar();
+  void alinear();
   void unirCaja(QLineEdit& caja, const Hacer& hacer);
   void ponerAjustes();
   void guardarAjustes();

@@ -96,6 +96,7 @@ void CambioLoteVentana::prepararParrilla() {
         .ver = desenlace,
         .estado = estadoDe}});
   ui_.Grid->vivas();
+  ui_.Grid->filtros()->addWidget(ui_.marcoCuales);
 }
 
 Resultado<> CambioLoteVentana::preparar(const ventanas::Argumentos& argumentos) {

@@ -18,6 +18,8 @@ using ventanas::escalar;
 
 namespace {
 
+constexpr int kCifrasVistas = 7;
+
 std::size_t en(int n) {
   return static_cast<std::size_t>(n);
 }
@@ -53,7 +55,7 @@ void MatrizPrecios::hacerCampo(QGridLayout& rejilla, Celda celda) {
   campo->setObjectName(u"precio%1%2"_s.arg(celda.nivel).arg(celda.tarifa));
   campo->setAlignment(Qt::AlignRight);
   campo->setMaxLength(12);
-  campo->setMinimumWidth(escalar(80));
+  estrechar(*campo, kCifrasVistas);
   campo->setValidator(new QRegularExpressionValidator(kImporte, campo));
   campo->setAccessibleName(c_->textos(kTxNivel + celda.nivel) + u", "_s +
                            c_->textos(kTxTarifaN).arg(celda.tarifa + 1));
