@@ -5,6 +5,15 @@
 
 namespace tarvo::precios {
 
+ConfigCambio ConfigCambio::de(const Ajustes& ajustes) {
+  const ParrillaRapida todas = ParrillaRapida::leer(ajustes.ParrillaRapida);
+  ConfigCambio config;
+  for (std::size_t i = 0; i < kColumnasRapidas; ++i)
+    config.vistas[i] = todas.vista(static_cast<ColumnaRapida>(i));
+  config.modo = leerModoIntro(ajustes.ModoIntroRapido);
+  return config;
+}
+
 CfgFastPlu::CfgFastPlu(ventanas::Contexto& contexto, const QString& nombre)
     : Ventana(contexto, nombre) {
   ui_.setupUi(cuerpo());
@@ -17,7 +26,7 @@ CfgFastPlu::CfgFastPlu(ventanas::Contexto& contexto, const QString& nombre)
 
 Resultado<> CfgFastPlu::preparar(const ventanas::Argumentos& argumentos) {
   salida_ = salidaDe<ConfigCambio>(argumentos);
-  editar(salida_ ? *salida_ : ConfigCambio{});
+  editar(salida_ ? *salida_ : ConfigCambio::de(contexto().ajustes));
   return {};
 }
 

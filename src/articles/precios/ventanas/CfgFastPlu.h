@@ -11,6 +11,7 @@ namespace tarvo::precios {
 struct ConfigCambio {
   std::array<Vista, kColumnasRapidas> vistas{};
   ModoIntro modo = ModoIntro::PLU;
+  static ConfigCambio de(const Ajustes& ajustes);
 };
 
 class CfgFastPlu final : public ventanas::Ventana {

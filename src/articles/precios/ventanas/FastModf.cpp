@@ -212,14 +212,11 @@ void FastModf::ponerModo(ModoIntro modo) {
 }
 
 void FastModf::configurar() {
-  ParrillaRapida todas = ParrillaRapida::leer(contexto().ajustes.ParrillaRapida);
-  const auto config = std::make_shared<ConfigCambio>();
-  config->modo = modo_;
-  for (std::size_t i = 0; i < kColumnasRapidas; ++i)
-    config->vistas[i] = todas.vista(static_cast<ColumnaRapida>(i));
+  const auto config = std::make_shared<ConfigCambio>(ConfigCambio::de(contexto().ajustes));
   if (!contexto().ventanas.abrirModal(u"CfgFastPlu"_s, this,
                                       {{u"salida"_s, QVariant::fromValue(config)}}))
     return;
+  ParrillaRapida todas = ParrillaRapida::leer(contexto().ajustes.ParrillaRapida);
   for (std::size_t i = 0; i < kColumnasRapidas; ++i)
     todas.poner(static_cast<ColumnaRapida>(i), config->vistas[i]);
   contexto().ajustes.ParrillaRapida = todas.escribir();
