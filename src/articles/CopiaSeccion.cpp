@@ -52,11 +52,11 @@ Resultado<bool> CopiaSeccion::paso(qint64& hechos, qint64& total) {
       origen_, ultimo_, kPorPaso);
   if (!hasta) return std::unexpected(hasta.error());
   if (hasta->nulo()) return acabar();
-  const auto copiados = db_.ejecutar(
-      QString(u"INSERT INTO PLUSES (SECCION, "_s + columnasArticulo().mid(1).join(u", ") +
-              u") SELECT ?, "_s + columnasArticulo().mid(1).join(u", ") +
-              u" FROM PLUSES WHERE SECCION=? AND CODPLU>? AND CODPLU<=?"_s),
-      destino_, origen_, ultimo_, hasta->entero());
+  const QString demas = columnasArticulo().mid(1).join(u", "_s);
+  const auto copiados =
+      db_.ejecutar(QString(u"INSERT INTO PLUSES (SECCION, "_s + demas + u") SELECT ?, "_s + demas +
+                           u" FROM PLUSES WHERE SECCION=? AND CODPLU>? AND CODPLU<=?"_s),
+                   destino_, origen_, ultimo_, hasta->entero());
   if (!copiados) return std::unexpected(copiados.error());
   ultimo_ = hasta->entero();
   hechos += *copiados;

@@ -136,6 +136,15 @@ Resultado<int> Secciones::articulosDe(int seccion, int departamento) {
   return cuantos(u"PLUSES WHERE SECCION=? AND DEPTO=? AND CODPLU>=?"_s, clave);
 }
 
+Resultado<> Secciones::reponerDepartamento(int seccion, int departamento, const QString& nombre,
+                                           int tipoIva) {
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO DEPTS (SECCION, NUMDEP, NomDep, IVA) SELECT NMSECC, ?, ?, ? FROM SECCS WHERE "
+      u"NMSECC=? AND NOT EXISTS (SELECT 1 FROM DEPTS WHERE SECCION=NMSECC AND NUMDEP=?)",
+      departamento, nombre, tipoIva, seccion, departamento));
+  return {};
+}
+
 Resultado<> Secciones::borrarDepartamento(int seccion, int departamento) {
   auto t = Transaccion::empezar(db_);
   if (!t) return std::unexpected(t.error());

@@ -42,6 +42,9 @@ class Secciones {
   // 1 to kTiposIva.
   Resultado<> ponerTipoIva(int seccion, int departamento, int tipo);
   Resultado<int> articulosDe(int seccion, int departamento);
+  // As it was before it was deleted, unless there is one of that number again.
+  Resultado<> reponerDepartamento(int seccion, int departamento, const QString& nombre,
+                                  int tipoIva);
   // With its articles; groups that hold them must delete them.
   Resultado<> borrarDepartamento(int seccion, int departamento);
 

@@ -152,7 +152,7 @@ TEST(Secciones, LaCopiaYLaBorrada) {
   EXPECT_EQ(t.leer(u"select NOMSEC, IVAs from SECCS where NMSECC=8"_s),
             u"Copia de Sección 3 4@10@21@5.5@0");
   const auto articulos = [&](int seccion) {
-    const QString que = columnasArticulo().mid(1).join(u", ");
+    const QString que = columnasArticulo().mid(1).join(u", "_s);
     return t.leer(
         u"select %1 from PLUSES where SECCION=%2 order by CODPLU"_s.arg(que).arg(seccion));
   };

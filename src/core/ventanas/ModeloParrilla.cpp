@@ -74,6 +74,11 @@ Qt::ItemFlags ModeloParrilla::flags(const QModelIndex& indice) const {
   return escribible ? banderas | Qt::ItemIsEditable : banderas;
 }
 
+void ModeloParrilla::releer(int fila) {
+  releerFila(fila);
+  Q_EMIT dataChanged(index(fila, 0), index(fila, columnCount() - 1));
+}
+
 // By key: what is written may bring the rows into another order.
 bool ModeloParrilla::setData(const QModelIndex& indice, const QVariant& valor, int papel) {
   const Columna& c = columnas_[static_cast<size_t>(indice.column())];
@@ -87,8 +92,7 @@ bool ModeloParrilla::setData(const QModelIndex& indice, const QVariant& valor, i
     return false;
   }
   if (const int fila = sitio.isValid() ? sitio.row() : filaDe(suya); fila >= 0) {
-    releerFila(fila);
-    Q_EMIT dataChanged(index(fila, 0), index(fila, columnCount() - 1));
+    releer(fila);
     Q_EMIT editada(index(fila, indice.column()));
   }
   return true;

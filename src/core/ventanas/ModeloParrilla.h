@@ -37,6 +37,7 @@ class ModeloParrilla : public QAbstractTableModel {
   // The kind of quantity of this row, see Columna.
   int cadaDe(int fila, const Columna& columna) const;
   virtual int filaDe(Clave clave) const = 0;  // -1 when it isn't there
+  void releer(int fila);                      // its values were written by somebody else
   int columnCount(const QModelIndex& padre = {}) const override;
   QVariant data(const QModelIndex& indice, int papel) const override;
   QVariant headerData(int seccion, Qt::Orientation orientacion, int papel) const override;
