@@ -138,9 +138,14 @@ int principalVentanas(int argc, char** argv) {
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication qt(argc, argv);
-    return conFondo(o, t, [&](Fondo& fondo, Reloj& reloj) {
+    // Started from the desktop, nobody reads the standard error.
+    const auto decirFallo = [&t](const QString& texto) {
+      avisar(texto);
+      ventanas::MyMsgBox::Decide(nullptr, t, texto, ventanas::kCritico);
+    };
+    return conFondo(o, t, decirFallo, [&](Fondo& fondo, Reloj& reloj) {
       PreguntasApp preguntas(o.datos, t);
-      return conAplicacion(fondo, reloj, preguntas, [&](Aplicacion& aplicacion) {
+      return conAplicacion(fondo, reloj, preguntas, decirFallo, [&](Aplicacion& aplicacion) {
         return conVentanas(qt, o, fondo, reloj, aplicacion, preguntas);
       });
     });

@@ -1,7 +1,10 @@
 #include "core/ventanas/Delegado.h"
 
+#include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QToolTip>
 #include <QValidator>
 
 #include "core/ventanas/ModeloParrilla.h"
@@ -104,6 +107,16 @@ void Delegado::initStyleOption(QStyleOptionViewItem* opcion, const QModelIndex& 
   if (!tinte && indice.data(kPapelCero).toBool()) tinte = Tinte::TextoPalido;
   if (tinte && !elegida) opcion->palette.setColor(QPalette::Text, colorDe(*tinte));
   opcion->textElideMode = Qt::ElideRight;
+}
+
+bool Delegado::helpEvent(QHelpEvent* evento, QAbstractItemView* vista,
+                         const QStyleOptionViewItem& opcion, const QModelIndex& indice) {
+  const QString texto = indice.data(Qt::DisplayRole).toString();
+  const bool cortado = sizeHint(opcion, indice).width() > opcion.rect.width();
+  if (evento->type() != QEvent::ToolTip || texto.isEmpty() || !cortado)
+    return QStyledItemDelegate::helpEvent(evento, vista, opcion, indice);
+  QToolTip::showText(evento->globalPos(), texto.toHtmlEscaped(), vista, opcion.rect);
+  return true;
 }
 
 }  // namespace tarvo::ventanas

@@ -1,5 +1,6 @@
 // How a cell looks: its side, pale zeros, the colour and weight of a state; and how it is written
-// into: the field of its kind, which stays while what was typed is refused.
+// into: the field of its kind, which stays while what was typed is refused. A text that is cut
+// stands whole in the tip.
 #pragma once
 
 #include <QStyledItemDelegate>
@@ -16,6 +17,8 @@ class Delegado final : public QStyledItemDelegate {
   void setEditorData(QWidget* editor, const QModelIndex& indice) const override;
   void setModelData(QWidget* editor, QAbstractItemModel* modelo,
                     const QModelIndex& indice) const override;
+  bool helpEvent(QHelpEvent* evento, QAbstractItemView* vista, const QStyleOptionViewItem& opcion,
+                 const QModelIndex& indice) override;
   // The text with which the next field opens, in place of the cell's own; once.
   void empezarCon(const QString& texto) { primero_ = texto; }
 

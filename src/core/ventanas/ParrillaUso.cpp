@@ -137,6 +137,10 @@ bool Parrilla::Interior::tecla(QKeyEvent& e) {
     return true;
   }
   if (teclaEdicion(e)) return true;
+  if (e.key() == Qt::Key_Escape && trabajo->enMarcha()) {
+    trabajo->parar();
+    return true;
+  }
   const auto mandos = e.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
   if (e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter) {
     if (yo.filaActual() >= 0) Q_EMIT yo.activada(yo.filaActual());

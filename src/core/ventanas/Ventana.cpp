@@ -75,6 +75,18 @@ void Ventana::enlazar() {
     s->restoreState(deTexto(c_.recuerdos.leer(memoria, s->objectName())));
 }
 
+void Ventana::crecer(const QSize& tamano) {
+  resize(tamano);
+  const QRect pantalla = screen()->availableGeometry();
+  const auto dentro = [](int donde, int largo, int desde, int cabe) {
+    return std::clamp(donde, desde, desde + std::max(0, cabe - largo));
+  };
+  const QRect marco = frameGeometry();
+  const QPoint sitio(dentro(marco.x(), marco.width(), pantalla.x(), pantalla.width()),
+                     dentro(marco.y(), marco.height(), pantalla.y(), pantalla.height()));
+  if (sitio != pos()) move(sitio);
+}
+
 void Ventana::unir(QAction* accion, const QString& dibujo, const QKeySequence& tecla,
                    const std::function<void()>& hacer) {
   accion->setIcon(icono(dibujo));
@@ -175,7 +187,9 @@ void Ventana::keyPressEvent(QKeyEvent* evento) {
     return pedirMenu(*focusWidget());
   if (evento->key() != Qt::Key_Escape) return QWidget::keyPressEvent(evento);
   evento->accept();
-  close();
+  // Who presses it while work is under way wants that stopped; what was done can still be taken
+  // back then.
+  trabajo_->enMarcha() ? trabajo_->parar() : static_cast<void>(close());
 }
 
 // Asked of the control that has the focus before the key itself is.

@@ -79,6 +79,8 @@ class Ventana : public QWidget {
   // Once, behind setupUi and before anything is filled: texts, names for assistive tools, size and
   // splitters as they were left.
   void enlazar();
+  // Another size; the window moves where a part of it would leave the screen.
+  void crecer(const QSize& tamano);
   // The picture and the key of an action of the form, and what it does.
   void unir(QAction* accion, const QString& dibujo, const QKeySequence& tecla,
             const std::function<void()>& hacer);

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 
 #include "core/ventanas/Medidas.h"
+#include "core/ventanas/Tira.h"
 #include "core/ventanas/TiraTrabajo.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
@@ -96,6 +97,7 @@ void ImpTotVentana::ponerEstado(int estado) {
     for (QLabel* l : {ui_.LbCom, ui_.LbFecha, ui_.LbTipo, ui_.existe, ui_.Conta}) l->clear();
     fichero_.reset();
     bloque_.reset();
+    tira().quitar();  // it was about another file
     ui_.LstFich->setFocus();
   } else if (estado == kListo) {
     ui_.Haz->setFocus();
@@ -138,7 +140,7 @@ Resultado<bool> ImpTotVentana::incorporarUno() {
   if (!hecho) return std::unexpected(hecho.error());
   ++hechos_;
   lineas_ += hecho->lineas;
-  ui_.Conta->setText(t(kTxNTotales, static_cast<int>(lineas_)));
+  ui_.Conta->setText(lineas_ > 0 ? t(kTxNTotales, static_cast<int>(lineas_)) : t(kTxSinTotales));
   auto b = fichero_->siguiente();
   if (!b) return std::unexpected(b.error());
   bloque_ = std::move(*b);

@@ -1,5 +1,7 @@
 #include "totals/ventanas/Visor.h"
 
+#include <QRegularExpressionValidator>
+
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/Recuerdos.h"
 #include "totals/ventanas/ComunTotales.h"
@@ -100,8 +102,11 @@ void Visor::montar() {
     lista->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     lista->setMinimumContentsLength(kLetrasLista);
   }
-  for (QLineEdit* campo : {ui_.desde, ui_.hasta})
+  auto* cifras = new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), this);
+  for (QLineEdit* campo : {ui_.desde, ui_.hasta}) {
     campo->setFixedWidth(ventanas::escalar(kAnchoCodigo));
+    campo->setValidator(cifras);
+  }
   ui_.grafica->preparar(contexto());
   unirLado(*ui_.VerGrafica, *ui_.lado, contexto().recuerdos, objectName());
   repartirLado(*ui_.divisor, contexto().recuerdos, objectName());
