@@ -120,7 +120,7 @@ TEST(VentanaAlta, ConPrefijoYDepartamentoFijo) {
   m.teclear(u"Otra"_s);
   m.responder(u"Si"_s);
   m.boton(v, u"Alta"_s);
-  EXPECT_EQ(v->tira().estado(), ventanas::Estado::Mal);
+  EXPECT_EQ(v->tira().texto(), u"El código de registro ya existe: No debe duplicarse");
   EXPECT_EQ(m.campo(v, u"txNom"_s).text(), u"Otra") << "the form stays";
 }
 

@@ -4,6 +4,7 @@
 #include <QStyle>
 #include <cmath>
 
+#include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/dinero/Dinero.h"
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/Tema.h"
@@ -80,6 +81,11 @@ void estrechar(QLineEdit& campo, int cifras) {
   const QMargins m = campo.textMargins();
   campo.setMaximumWidth(campo.fontMetrics().horizontalAdvance(QString(cifras + 3, u'0')) +
                         m.left() + m.right() + 2 * ventanas::escalar(ventanas::kHueco));
+}
+
+Error informe(const ventanas::Contexto& c, const Error& error) {
+  if (error.clase != Fallo::Duplicado) return error;
+  return {error.clase, error.numero, c.textos(kTxDuplicado)};
 }
 
 void DeLista::unir(const ventanas::Argumentos& argumentos) {

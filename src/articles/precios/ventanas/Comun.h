@@ -50,6 +50,9 @@ class DeLista {
   bool unida_ = false;
 };
 
+// A code that is taken, in the words that people know it by.
+Error informe(const ventanas::Contexto& c, const Error& error);
+
 // What a dialog hands back: the opener keeps a share of it.
 template <class T>
 std::shared_ptr<T> salidaDe(const ventanas::Argumentos& argumentos) {

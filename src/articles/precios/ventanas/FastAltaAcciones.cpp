@@ -52,7 +52,7 @@ void FastAlta::anadirYa() {
   }
   const auto articulo = motor_.anadir(entrada(), nombre());
   ui_.txCod->setFocus();
-  if (!haIdoBien(articulo)) return;
+  if (!articulo) return decirFallo(informe(contexto(), articulo.error()));
   const QString quien = Ceros(articulo->clave.codigo, 7) + u"   "_s + articulo->nombre;
   ui_.lbUltimo->setText(t(kTxUltimo).arg(quien));
   if (lista_) lista_->refrescarEn({articulo->clave.seccion, articulo->clave.codigo});

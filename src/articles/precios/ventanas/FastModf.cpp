@@ -139,7 +139,9 @@ Resultado<> FastModf::escribir(qint64 fila, ColumnaRapida columna, const QString
   const auto nuevo = conColumna(**antes, columna, texto, contexto().ajustes, contexto().textos);
   if (!nuevo) return std::unexpected(nuevo.error());
   if (*nuevo == **antes) return {};
-  return catalogo_.modificar(clave, *nuevo, nombre());
+  const auto hecho = catalogo_.modificar(clave, *nuevo, nombre());
+  if (!hecho) return std::unexpected(informe(contexto(), hecho.error()));
+  return {};
 }
 
 void FastModf::precioEscrito(Celda celda) {

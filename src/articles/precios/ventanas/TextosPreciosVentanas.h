@@ -46,11 +46,11 @@ enum TextoPreciosVentanas : int {
   kTxPrecioGuardado = 4465,
   kTxSinArticulo = 4466,
   kTxNoHayMas = 4467,
-  kTxModo = 4507,  // to 4509
-  kTxColumnas = 4510,  // to 4519
-  kTxVistas = 4520,  // to 4522
-  kTxPoliticas = 4523,  // to 4525
-  kTxUnidades = 4526,  // to 4528
+  kTxModo = 4507,         // to 4509
+  kTxColumnas = 4510,     // to 4519
+  kTxVistas = 4520,       // to 4522
+  kTxPoliticas = 4523,    // to 4525
+  kTxUnidades = 4526,     // to 4528
   kTxCamposFijos = 4550,  // to 4555
   kTxAnadir = 4556,
   kTxSi = 4557,
@@ -65,7 +65,7 @@ enum TextoPreciosVentanas : int {
   kTxSinArticulosQueCambiar = 4566,
   kTxSinSecciones = 4567,
   kTxPreciosDe = 4568,
-  kTxQue = 4570,  // to 4572
+  kTxQue = 4570,        // to 4572
   kTxRedondeos = 4573,  // to 4575
   kTxTodos = 4576,
   kTxTodas = 4577,
@@ -85,6 +85,7 @@ enum TextoPreciosVentanas : int {
   kTxOrdenMala = 4594,
   kTxNadaQueCambiar = 4595,
   kTxSePuedeDeshacerLote = 4597,
+  kTxDuplicado = 4598,
 };
 
 }  // namespace tarvo::precios
