@@ -22,11 +22,11 @@ struct Como {
   int cifras = 0, ancho = 0, largo = 0;
 };
 constexpr std::array<Como, kColumnasRapidas> kColumnasPLU{
-    {{u"CODPLU", Clase::Codigo, 7, 80},
-     {u"NOMPLU", Clase::Texto, 0, 200, 20},
-     {u"PRECIO_00", Clase::Importe},
-     {u"PRECIO_10", Clase::Importe},
-     {u"PRECIO_20", Clase::Importe},
+    {{u"CODPLU", Clase::Codigo, 7, 76},
+     {u"NOMPLU", Clase::Texto, 0, 140, 20},
+     {u"PRECIO_00", Clase::Importe, 0, 80},
+     {u"PRECIO_10", Clase::Importe, 0, 80},
+     {u"PRECIO_20", Clase::Importe, 0, 80},
      {u"DEPTO", Clase::Codigo, 2, 60},
      {u"PFX_BAR", Clase::Texto, 0, 80, 7},
      {u"FORMATO", Clase::Codigo, 2, 60},
