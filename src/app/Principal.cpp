@@ -31,7 +31,7 @@ int hacerCuadre(const Ordenes& o, Fondo& fondo, const Textos& t) {
 
 int correrProceso(const Ordenes& o, Fondo& fondo, const Textos& t, Reloj& reloj) {
   Datos datos(o.datos, t);
-  return conAplicacion(fondo, reloj, datos, [&](Aplicacion& aplicacion) {
+  return conAplicacion(fondo, reloj, datos, avisar, [&](Aplicacion& aplicacion) {
     return Ejecucion(fondo, aplicacion, t).ejecutar(rutaProceso(o.proceso, fondo.ajustes));
   });
 }
@@ -53,7 +53,7 @@ int sinVentanas(const Ordenes& o, const Textos& t) {
       decir(t(kTxVersion).arg(QStringLiteral(TARVO_VERSION)));
       return kBien;
     default:
-      return conFondo(o, t, [&](Fondo& fondo, Reloj& reloj) {
+      return conFondo(o, t, avisar, [&](Fondo& fondo, Reloj& reloj) {
         return o.que == Ordenes::Que::Cuadre ? hacerCuadre(o, fondo, t)
                                              : correrProceso(o, fondo, t, reloj);
       });
@@ -62,7 +62,7 @@ int sinVentanas(const Ordenes& o, const Textos& t) {
 
 }  // namespace
 
-int conFondo(const Ordenes& o, const Textos& t,
+int conFondo(const Ordenes& o, const Textos& t, const Avisar& avisar,
              const std::function<int(Fondo& fondo, Reloj& reloj)>& hacer) {
   const auto carpeta = carpetaPrograma(o.carpeta);
   if (!carpeta) {
@@ -79,7 +79,7 @@ int conFondo(const Ordenes& o, const Textos& t,
 }
 
 int conAplicacion(Fondo& fondo, Reloj& reloj, automation::Preguntas& preguntas,
-                  const std::function<int(Aplicacion& aplicacion)>& hacer) {
+                  const Avisar& avisar, const std::function<int(Aplicacion& aplicacion)>& hacer) {
   enlace::FabricaReal fabrica(reloj, fondo.ajustes);
   Aplicacion aplicacion(fondo, reloj, fabrica, std::random_device{}(), preguntas);
   if (const auto hecho = aplicacion.empezar(); !hecho) {

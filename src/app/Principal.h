@@ -12,12 +12,15 @@ namespace tarvo::app {
 using ConVentanas = std::function<int(const Ordenes& ordenes, const Textos& textos)>;
 int principal(int argc, char** argv, const ConVentanas& conVentanas = {});
 
+// How a start that failed is said.
+using Avisar = std::function<void(const QString& texto)>;
+
 // Opens folder, settings and database and hands them over; a failure is said, with its status.
-int conFondo(const Ordenes& ordenes, const Textos& textos,
+int conFondo(const Ordenes& ordenes, const Textos& textos, const Avisar& avisar,
              const std::function<int(Fondo& fondo, Reloj& reloj)>& hacer);
 
 // Makes the application's objects and hands them over; a failure is said, with its status.
 int conAplicacion(Fondo& fondo, Reloj& reloj, automation::Preguntas& preguntas,
-                  const std::function<int(Aplicacion& aplicacion)>& hacer);
+                  const Avisar& avisar, const std::function<int(Aplicacion& aplicacion)>& hacer);
 
 }  // namespace tarvo::app

@@ -1,5 +1,6 @@
 #include "automation/Historial.h"
 
+#include <QLocale>
 #include <QStringList>
 
 namespace tarvo::automation {
@@ -28,11 +29,28 @@ ALTER TABLE ProcesoTareas ADD COLUMN CLASE INTEGER DEFAULT 0;
 ALTER TABLE ProcesoTareas ADD COLUMN FALLO TEXT;
 )";
 
-std::vector<qint64> numerosDe(const QString& texto) {
-  std::vector<qint64> numeros;
+// "number:kind:first:last", or the number alone.
+PeriodoHecho periodoDe(QStringView texto) {
+  const auto partes = texto.split(u':');
+  PeriodoHecho p{partes[0].toLongLong(), {}};
+  if (partes.size() == 4)
+    p.dias = {partes[1].toInt(), Fecha::deDias(partes[2].toDouble()),
+              Fecha::deDias(partes[3].toDouble())};
+  return p;
+}
+
+std::vector<PeriodoHecho> periodosDe(const QString& texto) {
+  std::vector<PeriodoHecho> periodos;
   for (const QStringView parte : QStringView(texto).split(u',', Qt::SkipEmptyParts))
-    numeros.push_back(parte.toLongLong());
-  return numeros;
+    periodos.push_back(periodoDe(parte));
+  return periodos;
+}
+
+QString textoDe(const dao::Recordset& columna) {
+  const auto dia = [&](int campo) {
+    return QString::number(columna.valor(campo).real(), 'g', QLocale::FloatingPointShortest);
+  };
+  return u"%1:%2:%3:%4,"_s.arg(columna.entero(0)).arg(columna.entero(1)).arg(dia(2), dia(3));
 }
 
 FinEjecucion finDe(const dao::Valor& resultado, bool enMarcha) {
@@ -48,7 +66,7 @@ EjecucionHecha ejecucionDe(const dao::Recordset& rs, std::optional<qint64> enMar
   e.inicio = rs.fecha(2);
   if (!rs.nulo(3)) e.final = rs.fecha(3);
   e.fin = finDe(rs.valor(4), e.numero == enMarcha);
-  e.periodos = numerosDe(rs.texto(5));
+  e.periodos = periodosDe(rs.texto(5));
   e.traza = rs.texto(6);
   return e;
 }
@@ -104,9 +122,13 @@ Resultado<> Historial::acabar(qint64 numero, FinEjecucion fin, Fecha ahora) {
 }
 
 Resultado<> Historial::periodosHechos(qint64 numero, const std::vector<qint64>& links) {
-  for (const qint64 link : links)
+  for (const qint64 link : links) {
+    auto rs = db_.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF FROM COLUMNA WHERE LINK=?", link);
+    if (!rs) return std::unexpected(rs.error());
+    if ((*rs)->Eof()) continue;
     TARVO_INTENTAR(db_.ejecutar(u"UPDATE Ejecuciones SET PERIODOS=PERIODOS & ? WHERE EJECUCION=?",
-                                QString(QString::number(link) + u','), numero));
+                                textoDe(**rs), numero));
+  }
   return {};
 }
 

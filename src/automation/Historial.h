@@ -20,14 +20,25 @@ enum class FinEjecucion : int {
   EnMarcha = 4
 };
 
+// A period as it was when the run made it. Its days tell it again when it was replaced since; a
+// number may be given again.
+struct PeriodoHecho {
+  qint64 link = 0;
+  struct Dias {
+    int tipo = 0;
+    Fecha desde, hasta;
+  };
+  std::optional<Dias> dias;  // nothing in the record of an old version
+};
+
 struct EjecucionHecha {
   qint64 numero = 0;
   QString nombre;
   Fecha inicio;
   std::optional<Fecha> final;
   FinEjecucion fin = FinEjecucion::Interrumpida;
-  std::vector<qint64> periodos;  // made by it, those that were deleted since included
-  QString traza;                 // name of the file, in HomeDir
+  std::vector<PeriodoHecho> periodos;  // made by it, those that were deleted since included
+  QString traza;                       // name of the file, in HomeDir
 };
 
 struct TareaHecha {
@@ -53,6 +64,7 @@ class Historial {
   // A run begins; runs beyond those that are kept go. REQUIRES a transaction.
   Resultado<> empezar(qint64 numero, const QString& nombre, Fecha inicio, const QString& traza);
   Resultado<> acabar(qint64 numero, FinEjecucion fin, Fecha ahora);
+  // REQUIRES that the periods are there.
   Resultado<> periodosHechos(qint64 numero, const std::vector<qint64>& links);
   Resultado<> aviso(qint64 numero, const AvisoHecho& aviso);
   Resultado<> tareaFallida(qint64 numero, int grupo, int clase, const QString& motivo);

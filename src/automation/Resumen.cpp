@@ -79,7 +79,7 @@ Resultado<> LectorResumen::leerEjecuciones() {
     anadir([this, i] { return leerEjecucion(r_.ejecuciones[i - 1]); });
   anadir([this] { return leerGrupos(); });
   for (const auto& e : r_.ejecuciones)
-    for (const qint64 link : e.periodos) anadir([this, link] { return leerPeriodo(link); });
+    for (const PeriodoHecho& p : e.periodos) anadir([this, p] { return leerPeriodo(p); });
   return {};
 }
 
@@ -122,11 +122,19 @@ Resultado<> LectorResumen::leerGrupos() {
 
 // --- what was made ------------------------------------------------------------------------------
 
-Resultado<> LectorResumen::leerPeriodo(qint64 link) {
-  auto rs = f_.db.consultar(u"SELECT TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA WHERE LINK=?", link);
+Resultado<> LectorResumen::leerPeriodo(const PeriodoHecho& hecho) {
+  const QString columnas = u"SELECT TIPO, FECHA1, FECHAF, DESCR, LINK FROM COLUMNA WHERE "_s;
+  auto rs = hecho.dias ? f_.db.consultar(columnas + u"TIPO=? AND FECHA1=? AND FECHAF=?"_s,
+                                         hecho.dias->tipo, hecho.dias->desde, hecho.dias->hasta)
+                       : f_.db.consultar(columnas + u"LINK=?"_s, hecho.link);
   if (!rs) return std::unexpected(rs.error());
+  if ((*rs)->Eof()) {
+    ++r_.perdidos;
+    return {};
+  }
+  const qint64 link = (*rs)->entero(4);
   const auto repetido = std::ranges::find(r_.periodos, link, &PeriodoResumen::link);
-  if ((*rs)->Eof() || repetido != r_.periodos.end()) return {};
+  if (repetido != r_.periodos.end()) return {};
   const totals::Periodo p{static_cast<int>((*rs)->entero(0)), (*rs)->fecha(1), (*rs)->fecha(2)};
   PeriodoResumen nuevo{.link = link,
                        .tipo = p.tipo,

@@ -54,8 +54,9 @@ struct Resumen {
   std::vector<EjecucionHecha> ejecuciones;  // of the last night, the latest first
   std::vector<AvisoHecho> avisos;           // grave ones that name no group
   std::vector<GrupoResumen> grupos;
-  std::vector<PeriodoResumen> periodos;
-  int sesion = 0;  // 0 closed, 1 open and empty, 2 open with data
+  std::vector<PeriodoResumen> periodos;  // made by the night, or what replaced them
+  int perdidos = 0;                      // made by it, deleted or given other dates since
+  int sesion = 0;                        // 0 closed, 1 open and empty, 2 open with data
   std::vector<EsperaResumen> bandeja;
   std::optional<ProximaResumen> proxima;
 
@@ -96,7 +97,7 @@ class LectorResumen {
   Resultado<> leerEjecucion(const EjecucionHecha& e);
   Resultado<> leerGrupos();
   Resultado<> cuadrar(size_t grupo);
-  Resultado<> leerPeriodo(qint64 link);
+  Resultado<> leerPeriodo(const PeriodoHecho& hecho);
   Resultado<> leerAnteriores(PeriodoResumen& p, Fecha desde);
   Resultado<> leerBandeja();
   void leerCronos();

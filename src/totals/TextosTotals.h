@@ -29,6 +29,7 @@ enum TextoTotals : int {
   kTxNadaExportado = 6062,
   kTxSinFichero = 6063,
   kTxExportarDentro = 6064,
+  kTxNoEsExportacion = 6065,
   kTxLineaNoReconocible = 6070,
   kTxFinNoReconocible = 6071,
   kTxPeriodoSinCrear = 6072,

@@ -32,6 +32,13 @@ QString huellaDe(QByteArrayView bytes) {
   return QString::fromLatin1(h.result().toHex());
 }
 
+// Whether blocks may stand behind what a file holds. One with another name than .EXP may be the
+// database or a process.
+bool esDeExportacion(const QString& ruta, const QByteArray& bytes) {
+  return !QFileInfo::exists(ruta) || bytes.startsWith('*') ||
+         ruta.endsWith(QStringLiteral(".EXP"), Qt::CaseInsensitive);
+}
+
 // What the file holds; empty when there is none.
 Resultado<QByteArray> contenidoDe(const QString& ruta) {
   if (!QFileInfo::exists(ruta)) return QByteArray();
@@ -114,6 +121,8 @@ Resultado<XporTot::Avance> XporTot::avanceDe(const QString& marca) {
 Resultado<> XporTot::escribir(const QString& ruta, const QByteArray& nuevo, const QString& marca) {
   auto todo = contenidoDe(ruta);
   if (!todo) return std::unexpected(todo.error());
+  if (!esDeExportacion(ruta, *todo))
+    return fallo(Fallo::Formato, p_.textos()(kTxNoEsExportacion, {ruta}));
   const qint64 antes = todo->size();
   if (!todo->isEmpty() && !todo->endsWith('\n')) todo->append("\r\n");  // a line that was cut off
   todo->append(nuevo);

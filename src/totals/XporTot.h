@@ -20,7 +20,8 @@ class XporTot {
   XporTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
 
   // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a point),
-  // behind what the file holds. False when the first period is not there. A value that can't fit
+  // behind what the file holds; a file that is no export of periods (the database, a process) is an
+  // Error and stays as it is. False when the first period is not there. A value that can't fit
   // its column stops the whole export with an Error that names the period and the row; nothing is
   // written then. An export that was cut off between the file and the database is recognised (table
   // Exportes, by `marca`) and not written twice; `marca` empty: no such check. REQUIRES that no

@@ -96,6 +96,28 @@ TEST(Resumen, UnGrupoMudoEnLaNoche) {
   EXPECT_FALSE(r.proxima->activo);
 }
 
+// An import or a memorisation that replaces the night's period gives it another number, and its own
+// to another.
+TEST(Resumen, ElPeriodoDeLaNocheSeReconocePorSusFechas) {
+  Tienda tienda;
+  const auto p = tienda.programa();
+  correr(*p);
+  const qint64 link = leer(*p).periodos.at(0).link;
+  ejecutar(*p, u"UPDATE COLUMNA SET LINK=50 WHERE LINK=%1"_s.arg(link));
+  ejecutar(*p, u"UPDATE TOTGRT SET LINK=50 WHERE LINK=%1"_s.arg(link));
+  ejecutar(*p,
+           u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (%1, 1, 40000, "
+           u"40000.9, 'otro')"_s.arg(link));
+  Resumen r = leer(*p);
+  ASSERT_EQ(r.periodos.size(), 1U);
+  EXPECT_EQ(r.periodos[0].link, 50);
+  EXPECT_TRUE(r.grupos.at(0).importe.has_value());
+  ejecutar(*p, u"DELETE FROM COLUMNA WHERE LINK=50"_s);
+  r = leer(*p);
+  EXPECT_TRUE(r.periodos.empty());
+  EXPECT_EQ(r.perdidos, 1);
+}
+
 TEST(Resumen, ArregladoPorLaManana) {
   Tienda tienda;
   maquinasDePrueba().mudas = {2};

@@ -139,6 +139,22 @@ TEST_F(Exporta, DeletesOnlyWhatIsOnDisk) {
   EXPECT_EQ(plus(dia), QString());
 }
 
+// A slip of the name must not write into the database or a process.
+TEST_F(Exporta, WritesIntoNoFileThatIsNotAnExport) {
+  const qint64 dia = diaEntero();
+  escribir(QStringLiteral("NOCHE.AUT"), "T:RXGRTOT,ALL\r\n");
+  escribir(QStringLiteral("TARVO.LCK"), "");
+  for (const char* ajeno : {"NOCHE.AUT", "noche.aut", "TARVO.LCK"})
+    EXPECT_FALSE(xporTot.XportRemoto({dia}, {false, true}, QString::fromUtf8(ajeno), QString()))
+        << ajeno;
+  EXPECT_EQ(fichero(QStringLiteral("NOCHE.AUT")), "T:RXGRTOT,ALL\r\n");
+  EXPECT_EQ(fichero(QStringLiteral("TARVO.LCK")), "");
+  EXPECT_EQ(bien(periodos.lista()).size(), 1U);
+  EXPECT_TRUE(exportar(dia, "VENTAS.TXT"));
+  EXPECT_TRUE(exportar(dia, "VENTAS.TXT"));
+  EXPECT_EQ(fichero(QStringLiteral("VENTAS.TXT")), kLargo + QByteArray(kLargo));
+}
+
 // The disk takes no more than the old file's size.
 TEST_F(Exporta, AFullDiskLeavesTheOldFile) {
   const qint64 dia = diaEntero();

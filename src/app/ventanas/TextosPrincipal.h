@@ -36,6 +36,7 @@ enum TextoPrincipal : int {
   kTxVentas = 1265,
   kTxSinVentas = 1266,
   kTxSinVentasQueHacer = 1267,
+  kTxPeriodoPerdido = 1279,
   kTxMasQueOtras = 1268,
   kTxMenosQueOtras = 1269,
   kTxComoOtras = 1270,

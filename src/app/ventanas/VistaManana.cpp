@@ -157,7 +157,8 @@ Renglon Redactor::ventas() const {
   const auto dia = std::ranges::find(r_.periodos, 1, &automation::PeriodoResumen::tipo);
   if (r_.periodos.empty()) {
     r.valor = t_(kTxSinVentas);
-    if (!r_.ejecuciones.empty()) r.texto = t_(kTxSinVentasQueHacer);
+    if (!r_.ejecuciones.empty())
+      r.texto = t_(r_.perdidos > 0 ? kTxPeriodoPerdido : kTxSinVentasQueHacer);
     return r;
   }
   const auto& p = dia != r_.periodos.end() ? *dia : r_.periodos.front();
@@ -210,7 +211,7 @@ Renglon Redactor::proxima() const {
             .titulo = t_(kTxProxima),
             .texto = t_(kTxSinProximaQueHacer),
             .valor = t_(kTxSinProxima),
-            .ventana = u"BrwMac"_s};
+            .ventana = u"EdiCron"_s};
   if (!r_.proxima) return r;
   const auto& p = *r_.proxima;
   r.valor = horaCorta(p.cuando);

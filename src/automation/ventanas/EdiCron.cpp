@@ -129,7 +129,7 @@ void EdiCron::editar() {
   guardado_ = horario_;
   ui_.pnlNombre->hide();
   ui_.pnlEdicion->show();
-  if (tamano_.isValid()) resize(std::exchange(tamano_, QSize()));
+  if (tamano_.isValid()) crecer(std::exchange(tamano_, QSize()));
   const QString nombre = QFileInfo(ruta_).completeBaseName().toUpper();
   ui_.lblNom->setText(contexto().textos(kTxProgramacion, {nombre}));
   poniendo_ = true;
@@ -249,6 +249,8 @@ void EdiCron::guardar() {
 }
 
 bool EdiCron::QueryUnload() {
+  if (tamano_.isValid())
+    resize(tamano_);  // what is remembered is the editor's size, not the question's
   if (ruta_.isEmpty() || (!tocada_ && horario_ == guardado_)) return false;
   return !MyMsgBox::Decide(this, contexto().textos, t(kTxCambiosSinGuardar),
                            kAceptoCancelo | kExclamacion);

@@ -41,12 +41,16 @@ Resultado<std::vector<qint64>> SaltarSinCambios(dao::Database& db, const Destino
       d.grupo, d.grupo, d.seccion, r.desde, r.hasta, ahora, ahora));
 }
 
+// Marked for deletion, or simply gone by whatever way after the group had got it.
 Resultado<std::vector<qint64>> articulosPorBorrar(dao::Database& db, const Destino& d) {
   return codigosDe(db.consultar(
-      u"SELECT DISTINCT plu FROM [Cross] WHERE Grupo=? AND borra<>0 AND plu>2 AND plu<=9999999 AND "
-      u"NOT EXISTS "
-      u"(SELECT 1 FROM PLUSES WHERE SECCION=? AND CODPLU=plu) ORDER BY plu",
-      d.grupo, d.seccion));
+      u"SELECT plu FROM [Cross] WHERE Grupo=? AND borra<>0 AND plu>2 AND plu<=9999999 AND NOT "
+      u"EXISTS "
+      u"(SELECT 1 FROM PLUSES WHERE SECCION=? AND CODPLU=plu) UNION SELECT CODPLU FROM Enviados E "
+      u"WHERE E.GRUPO=? AND E.CODPLU>2 AND NOT EXISTS (SELECT 1 FROM PLUSES P WHERE P.SECCION=? "
+      u"AND "
+      u"P.CODPLU=E.CODPLU) ORDER BY 1",
+      d.grupo, d.seccion, d.grupo, d.seccion));
 }
 
 Resultado<> rechazadosAlFinal(dao::Database& db, const Destino& d, std::vector<qint64>& codigos) {

@@ -57,13 +57,13 @@ std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
                [](const dao::Valor& v) {
                  return imagenDeEstado(static_cast<int>(v.entero() % kEstados));
                }},
-          {.titulo = kTxColDestino, .campo = u"Destino"_s, .clase = Clase::Codigo, .ancho = 224},
+          {.titulo = kTxColDestino, .campo = u"Destino"_s, .clase = Clase::Codigo, .ancho = 208},
           {.titulo = kTxColBza, .campo = u"bza"_s, .clase = Clase::Entero, .ancho = 56},
           {.titulo = kTxColTraza, .campo = u"Traza"_s, .clase = Clase::Codigo, .ancho = 92},
           {.titulo = kTxColCont, .campo = u"cont"_s, .clase = Clase::Entero, .ancho = 68},
           {.titulo = kTxColEstado,
            .campo = u"Estado"_s,
-           .ancho = 312,
+           .ancho = 248,
            .ver =
                [reteniendo, &textos](const dao::Valor& v) {
                  const int e = static_cast<int>(v.entero());
@@ -73,7 +73,7 @@ std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
                [](const dao::Valor& v) {
                  return tonoDeEstado(static_cast<int>(v.entero() % kReteniendo));
                }},
-          {.titulo = kTxColProblema, .campo = u"Problema"_s, .ancho = 140}};
+          {.titulo = kTxColProblema, .campo = u"Problema"_s, .ancho = 200}};
 }
 
 ventanas::FilaViva filaTarea(const motor::VistaTarea& t, const motor::ClaseTarea* clase,

@@ -28,6 +28,7 @@ enum TextoCommVentanas : int {
   kTxSinSeleccion = 2468,
   kTxReteniendo = 2469,
   kTxNoSePuede = 2470,
+  kTxProblemaDeTarea = 2471,
   kTxCanal = 2478,
   kTxEstadoCanal0 = 2480,
   kTxEstadoCanal1 = 2481,

@@ -46,7 +46,10 @@ gestcommVentana::gestcommVentana(Contexto& c, const QString& nombre, const Servi
   ui_.s_espe->filtros()->addWidget(ui_.LblModo);
   ui_.s_espe->setUnaSola(true);
   ui_.s_espe->setVacia(t(kTxColaVacia));
-  connect(ui_.s_espe, &Parrilla::actualCambiada, this, [this] { ponerModo(); });
+  connect(ui_.s_espe, &Parrilla::actualCambiada, this, [this] {
+    ponerModo();
+    ponerProblema();
+  });
   connect(&c.tema, &Tema::cambiado, this, [this] { ponerModo(); });
   conectarOrdenes();
   conectarSesion();
@@ -112,6 +115,7 @@ void gestcommVentana::refrescar() {
   }
   if (std::exchange(canalesSucios_, false)) ponerCanales();
   if (cola) ponerModo();
+  if (cola || !sucias.empty()) ponerProblema();
   ponerSesion();
 }
 
@@ -147,6 +151,18 @@ int gestcommVentana::canalElegido() const {
   const auto canales = s_.motor.canales();
   const auto c = static_cast<size_t>(tarea->Canal);
   return canales[c].TareaCanal == tarea->datos.Id ? tarea->Canal : -1;
+}
+
+// What went wrong with the task chosen, whole: its cell may not have the room.
+void gestcommVentana::ponerProblema() {
+  const int fila = ui_.s_espe->filaActual();
+  const auto tarea =
+      fila < 0 ? std::nullopt : s_.motor.tarea(static_cast<int>(ui_.s_espe->clave(fila)));
+  const QString problema = tarea ? textoProblema(*tarea, contexto().textos) : QString();
+  ui_.LblProblema->setText(problema.isEmpty()
+                               ? QString()
+                               : t(kTxProblemaDeTarea).arg(Ceros(tarea->datos.Id, 3), problema));
+  ui_.LblProblema->setHidden(problema.isEmpty());
 }
 
 // In manual mode the task chosen is green.

@@ -32,6 +32,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void ponerFila(const motor::VistaTarea& tarea);
   void ponerCanales();
   void ponerModo();
+  void ponerProblema();
   void ponerMenus();
   int canalElegido() const;
 

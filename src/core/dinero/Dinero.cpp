@@ -64,10 +64,11 @@ std::optional<double> numero(const QString& texto, Signos s) {
   return negativo ? -x : x;
 }
 
-// The whole part, 0 when it doesn't fit.
-qint64 entero(double x, double limite) {
+// The whole part; nothing when it doesn't fit.
+std::optional<qint64> entero(double x, double limite) {
   x = std::floor(x);
-  return std::isfinite(x) && std::abs(x) <= limite ? static_cast<qint64>(x) : 0;
+  if (!std::isfinite(x) || std::abs(x) > limite) return std::nullopt;
+  return static_cast<qint64>(x);
 }
 
 // `n` in units of 10^-decimales, with the separators.
@@ -104,9 +105,13 @@ double FactorMoneda(const Ajustes& a, int moneda) {
   return moneda == 1 ? f * cambio(a) : f / cambio(a);
 }
 
-qint64 AImporte(const Ajustes& a, const QString& texto, int moneda) {
+std::optional<qint64> LeerImporte(const Ajustes& a, const QString& texto, int moneda) {
   const auto x = numero(texto, signosDe(a.idioma));
-  return x ? entero(*x * FactorMoneda(a, moneda) + 0.5, 9e18) : 0;
+  return x ? entero(*x * FactorMoneda(a, moneda) + 0.5, 9e18) : std::nullopt;
+}
+
+qint64 AImporte(const Ajustes& a, const QString& texto, int moneda) {
+  return LeerImporte(a, texto, moneda).value_or(0);
 }
 
 QString VerImporte(const Ajustes& a, qint64 n, int moneda) {
@@ -123,11 +128,15 @@ QString VerCantidad(qint64 n, int cada) {
   return conSignos(n, cada == 0 || cada == 1 ? 3 : 0, signosDe(Idioma::Espanol));
 }
 
-qint64 ACantidad(const QString& texto, int cada) {
+std::optional<qint64> LeerCantidad(const QString& texto, int cada) {
   constexpr double kLargo = std::numeric_limits<int>::max();  // quantities are 32-bit columns
   const auto x = numero(texto, signosDe(Idioma::Espanol));
-  if (!x) return 0;
+  if (!x) return std::nullopt;
   return cada == 0 || cada == 1 ? entero(1000 * *x + 0.5, kLargo) : entero(*x, kLargo);
+}
+
+qint64 ACantidad(const QString& texto, int cada) {
+  return LeerCantidad(texto, cada).value_or(0);
 }
 
 }  // namespace tarvo

@@ -3,6 +3,8 @@
 // Currency 0 is the national money, 1 the euro.
 #pragma once
 
+#include <optional>
+
 #include "core/ajustes/Ajustes.h"
 
 namespace tarvo {
@@ -10,6 +12,10 @@ namespace tarvo {
 int DecimalesMoneda(const Ajustes& a, int moneda);
 qint64 pot10(const Ajustes& a);
 double FactorMoneda(const Ajustes& a, int moneda);
+// Nothing for a text that is no number, or one that doesn't fit.
+std::optional<qint64> LeerImporte(const Ajustes& a, const QString& texto, int moneda);
+std::optional<qint64> LeerCantidad(const QString& texto, int cada);
+// The same, 0 then.
 qint64 AImporte(const Ajustes& a, const QString& texto, int moneda);
 QString VerImporte(const Ajustes& a, qint64 n, int moneda);
 QString VerCantidad(qint64 n, int cada);

@@ -6,13 +6,17 @@
 #include <QScrollBar>
 
 #include "core/ventanas/ParrillaInterior.h"
+#include "core/ventanas/Rejilla.h"
 
 namespace tarvo::ventanas {
 
 using namespace Qt::StringLiterals;
 
 Parrilla::Parrilla(QWidget* padre)
-    : QWidget(padre), d(std::make_unique<Interior>(*this)), vista_(new QTableView(this)) {
+    : QWidget(padre), d(std::make_unique<Interior>(*this)), vista_(new Rejilla(this, [this] {
+        if (!sql_) return;
+        if (const auto hecho = sql_->contarTodo(); !hecho) d->avisar(hecho.error());
+      })) {
   d->montar();
 }
 
@@ -26,6 +30,7 @@ Parrilla::~Parrilla() {
 
 void Parrilla::preparar(Contexto& contexto, const QString& nombre, std::vector<Columna> columnas) {
   if (d->c) recordar();
+  if (d->trabajo) d->trabajo->parar();  // it stands on the rows that go
   d->c = &contexto;
   d->ventana = nombre;
   d->columnas = std::move(columnas);

@@ -17,11 +17,18 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kCaducaBien = 8000;  // ms
+constexpr int kColumnaBoton = 5;   // behind picture, word, text, detail and copy
+
+// Without its letter, which some control of the window may have too: two of one letter would both
+// be dead.
+QString sinLetra(QString texto) {
+  return texto.remove(u'&');
+}
 
 QToolButton* botonTira(const QString& nombre, const QString& texto, QWidget* padre) {
   auto* b = new QToolButton(padre);
   b->setObjectName(nombre);
-  b->setText(texto);
+  b->setText(sinLetra(texto));
   return b;
 }
 
@@ -69,15 +76,16 @@ Tira::Tira(const Textos& textos, Reloj& reloj, QWidget* padre)
   int columna = 0;
   for (QWidget* w : {static_cast<QWidget*>(imagen_), static_cast<QWidget*>(palabra_),
                      static_cast<QWidget*>(texto_), static_cast<QWidget*>(verDetalle_),
-                     static_cast<QWidget*>(copiar_), static_cast<QWidget*>(cerrar_)})
+                     static_cast<QWidget*>(copiar_)})
     rejilla->addWidget(w, 0, columna++, w == texto_ ? Qt::Alignment() : Qt::AlignTop);
+  rejilla->addWidget(cerrar_, 0, kColumnaBoton + 1, Qt::AlignTop);
   for (QLabel* l : {imagen_, palabra_, texto_}) l->setMinimumHeight(escalar(kAltoControl));
-  rejilla->addWidget(detalle_, 1, 2, 1, 4);
+  rejilla->addWidget(detalle_, 1, 2, 1, kColumnaBoton);
   rejilla->setColumnStretch(2, 1);
   connect(cerrar_, &QToolButton::clicked, this, &Tira::quitar);
   connect(verDetalle_, &QToolButton::clicked, this, [this] {
     detalle_->setVisible(!detalle_->isVisible());
-    verDetalle_->setText(t_(detalle_->isVisible() ? kTxOcultarDetalle : kTxVerDetalle));
+    verDetalle_->setText(sinLetra(t_(detalle_->isVisible() ? kTxOcultarDetalle : kTxVerDetalle)));
   });
   connect(copiar_, &QToolButton::clicked, this, [this] {
     QApplication::clipboard()->setText(texto_->text() + u'\n' + detalle_->text());
@@ -94,12 +102,17 @@ void Tira::decir(Estado estado, const QString& texto, const QString& detalle) {
   texto_->setText(texto);
   detalle_->setText(detalle);
   detalle_->hide();
-  verDetalle_->setText(t_(kTxVerDetalle));
+  verDetalle_->setText(sinLetra(t_(kTxVerDetalle)));
   verDetalle_->setVisible(!detalle.isEmpty());
   copiar_->setVisible(estado != Estado::Bien);
   pintar();
   show();
   estado == Estado::Bien ? caduca_->unaVez(kCaducaBien) : caduca_->parar();
+}
+
+void Tira::ponerBoton(QWidget* boton) {
+  boton->setParent(this);
+  static_cast<QGridLayout*>(layout())->addWidget(boton, 0, kColumnaBoton, Qt::AlignTop);
 }
 
 void Tira::quitar() {

@@ -22,6 +22,9 @@ class Tira final : public QFrame {
   // The detail stands behind a button, which is not there when it is empty.
   void decir(Estado estado, const QString& texto, const QString& detalle = {});
   void quitar();
+  // A button of the window's own, in front of the closing one; the strip shows it or not as the
+  // button says.
+  void ponerBoton(QWidget* boton);
   Estado estado() const { return estado_; }
   QString texto() const;
 

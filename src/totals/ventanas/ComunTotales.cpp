@@ -121,6 +121,7 @@ QString conMoneda(const ventanas::Contexto& c, qint64 importe) {
 }
 
 QString textoResumen(const ventanas::Ventana& v, const Resumen& r) {
+  if (r.filas == 0) return v.t(kTxSinTotales);
   const QString totales = v.t(kTxNTotales, static_cast<int>(r.filas))
                               .replace(QString::number(r.filas), conPuntosTotales(r.filas));
   return QStringList{v.t(kTxNGrupos, r.grupos), totales, conMoneda(v.contexto(), r.importe)}.join(

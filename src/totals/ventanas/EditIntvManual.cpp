@@ -15,6 +15,12 @@ namespace tarvo::totals {
 using namespace Qt::StringLiterals;
 using ventanas::Clase;
 
+namespace {
+
+constexpr qint64 kMayorNumero = 999'999'999'999;  // above it sums of many could overflow
+
+}  // namespace
+
 void EditIntvVentana::montar() {
   for (int tipo = kDiario; tipo <= kOtros; ++tipo)
     ui_.LstTipo->addItem(NombreTipoPeriodo(tipo), tipo);
@@ -136,11 +142,38 @@ std::optional<EntradaManual> EditIntvVentana::leerEntrada() {
   const auto codigo = leerCodigo(e);
   if (!codigo) return std::nullopt;
   e.codi = *codigo;
-  const int signo = ui_.AcumTot->isChecked() ? 1 : -1, moneda = contexto().ajustes.MonedaNativa;
-  e.c = {signo * ACantidad(ui_.txCon->text(), 2), signo * ACantidad(ui_.txPes->text(), 0),
-         signo * AImporte(contexto().ajustes, ui_.txImp->text(), moneda),
-         signo * AImporte(contexto().ajustes, ui_.txDct->text(), moneda)};
+  const auto numeros = leerNumeros();
+  if (!numeros) return std::nullopt;
+  e.c = *numeros;
   return e;
+}
+
+// The four numbers with their sign, an empty field as zero; nothing, and the field marked, for one
+// that is none.
+std::optional<Contadores> EditIntvVentana::leerNumeros() {
+  const int signo = ui_.AcumTot->isChecked() ? 1 : -1, moneda = contexto().ajustes.MonedaNativa;
+  const auto importe = [&](const QString& texto) {
+    return LeerImporte(contexto().ajustes, texto, moneda);
+  };
+  const auto cantidad = [](int cada) {
+    return [cada](const QString& texto) { return LeerCantidad(texto, cada); };
+  };
+  QLineEdit* malo = nullptr;
+  const auto leer = [&](QLineEdit& campo, const auto& lector) {
+    const QString texto = campo.text().trimmed();
+    auto n = texto.isEmpty() ? std::optional<qint64>(0) : lector(texto);
+    if (n && std::abs(*n) > kMayorNumero) n.reset();
+    campo.setProperty("falta", !n);
+    campo.update();
+    if (!n && !malo) malo = &campo;
+    return signo * n.value_or(0);
+  };
+  const Contadores c{leer(*ui_.txCon, cantidad(2)), leer(*ui_.txPes, cantidad(0)),
+                     leer(*ui_.txImp, importe), leer(*ui_.txDct, importe)};
+  if (!malo) return c;
+  malo->setFocus();
+  decirDuda(t(kTxNumeroMalo));
+  return std::nullopt;
 }
 
 void EditIntvVentana::anadir() {

@@ -32,6 +32,7 @@ class EditIntvVentana final : public ventanas::Ventana {
   void grupoCambiado();
   int seccionDelGrupo();
   std::optional<EntradaManual> leerEntrada();
+  std::optional<Contadores> leerNumeros();
   std::optional<qint64> leerCodigo(EntradaManual& e);
   void anadir();
   void quitar();

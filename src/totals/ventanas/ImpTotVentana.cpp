@@ -4,6 +4,8 @@
 #include <QFileDialog>
 
 #include "core/ventanas/Medidas.h"
+#include "core/ventanas/Retenida.h"
+#include "core/ventanas/Tira.h"
 #include "core/ventanas/TiraTrabajo.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
@@ -58,6 +60,7 @@ void ImpTotVentana::montar() {
   ui_.BorrPrevio->setChecked(true);
   connect(ui_.LstFich, &QListWidget::itemActivated, this, &ImpTotVentana::abrir);
   connect(ui_.otraCarpeta, &QPushButton::clicked, this, [this] {
+    const ventanas::Retenida mientras(this);
     const QString otra = QFileDialog::getExistingDirectory(this, windowTitle(), carpeta_);
     if (!otra.isEmpty()) ponerCarpeta(otra);
   });
@@ -96,6 +99,7 @@ void ImpTotVentana::ponerEstado(int estado) {
     for (QLabel* l : {ui_.LbCom, ui_.LbFecha, ui_.LbTipo, ui_.existe, ui_.Conta}) l->clear();
     fichero_.reset();
     bloque_.reset();
+    tira().quitar();  // it was about another file
     ui_.LstFich->setFocus();
   } else if (estado == kListo) {
     ui_.Haz->setFocus();
@@ -138,7 +142,7 @@ Resultado<bool> ImpTotVentana::incorporarUno() {
   if (!hecho) return std::unexpected(hecho.error());
   ++hechos_;
   lineas_ += hecho->lineas;
-  ui_.Conta->setText(t(kTxNTotales, static_cast<int>(lineas_)));
+  ui_.Conta->setText(lineas_ > 0 ? t(kTxNTotales, static_cast<int>(lineas_)) : t(kTxSinTotales));
   auto b = fichero_->siguiente();
   if (!b) return std::unexpected(b.error());
   bloque_ = std::move(*b);

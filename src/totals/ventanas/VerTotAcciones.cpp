@@ -1,5 +1,4 @@
 // What is done with the periods chosen: questions, steps, what was done, and how to take it back.
-#include <QGridLayout>
 #include <QMenu>
 #include <QToolButton>
 
@@ -48,6 +47,10 @@ void VerTotVentana::montarMenus() {
     connect(a, &QAction::triggered, this, [this, a, b] {
       a->menu()->popup(b && b->isVisible() ? b->mapToGlobal(QPoint(0, b->height()))
                                            : ui_.Grid->mapToGlobal(QPoint(0, 0)));
+      const auto entradas = a->menu()->actions();
+      const auto primera = std::ranges::find_if(
+          entradas, [](const QAction* e) { return e->isEnabled() && e->isVisible(); });
+      if (primera != entradas.end()) a->menu()->setActiveAction(*primera);
     });
   }
 }
@@ -89,13 +92,11 @@ void VerTotVentana::montarAcciones() {
   ui_.Grid->setAcciones({ui_.VerCosa, ui_.NuevoIV, ui_.Modifo, ui_.Borro, ui_.Vacio, ui_.acumule,
                          ui_.DesAcum, ui_.SumaCol, ui_.StockAR, ui_.DesStock, ui_.Exportar,
                          ui_.Deshacer});
-  // In the place of a button that a strip of success never shows.
-  botonDeshacer_ = new QToolButton(&tira());
+  botonDeshacer_ = new QToolButton(this);
   botonDeshacer_->setObjectName(u"deshacer"_s);
   botonDeshacer_->setDefaultAction(ui_.Deshacer);
   botonDeshacer_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  if (auto* rejilla = qobject_cast<QGridLayout*>(tira().layout()))
-    rejilla->addWidget(botonDeshacer_, 0, 4, Qt::AlignTop);
+  tira().ponerBoton(botonDeshacer_);
   mostrarDeshacer();
 }
 
@@ -141,6 +142,8 @@ void VerTotVentana::porPasos(const QString& que, std::vector<qint64> links, Paso
     refrescar();
     ui_.Grid->setFocus();
     alFinal(*cuentas);
+    if (fin && *fin == Trabajo::Fin::Parado)
+      decirDuda(t(kTxParadoEn, cuentas->bien).arg(pendientes->size()));
     haIdoBien(fin);
   });
 }
@@ -168,11 +171,13 @@ void VerTotVentana::mostrarDeshacer() {
 void VerTotVentana::deshacerUltimo() {
   if (deshechos_.empty() || trabajando_) return;
   const Deshecho ultimo = deshechos_.back();
-  if (!haIdoBien(ultimo.hacer())) return;
-  deshechos_.pop_back();
-  refrescar();
+  const auto hecho = ultimo.hacer();
+  // What is gone stays gone; the one before it can still be taken back. Anything else may be tried
+  // again.
+  if (hecho || hecho.error().clase == Fallo::NoExiste) deshechos_.pop_back();
+  if (hecho) refrescar();
   mostrarDeshacer();
-  decirBien(t(kTxDeshecho).arg(ultimo.que));
+  if (haIdoBien(hecho)) decirBien(t(kTxDeshecho).arg(ultimo.que));
 }
 
 // --- deleting
@@ -298,18 +303,25 @@ void VerTotVentana::descontar(bool deshacer) {
       [=, this](Cuentas c) {
         if (c.bien > 0)
           ponerDeshacer(t(deshacer ? kTxQueIncorporar : kTxQueDescontar, c.bien),
-                        [=, this]() -> Resultado<> {
-                          auto tr = dao::Transaccion::empezar(contexto().db);
-                          if (!tr) return std::unexpected(tr.error());
-                          for (const qint64 link : *hechos) {
-                            const auto col = p_.columna(link);
-                            if (!col) return std::unexpected(col.error());
-                            if (*col) TARVO_INTENTAR(p_.DescontarPeriodo(**col, deshacer ? 1 : -1));
-                          }
-                          return tr->confirmar();
-                        });
+                        [=, this] { return desdescontar(*hechos, deshacer ? 1 : -1); });
         decirCuentas(deshacer ? kTxIncorporados : kTxDescontados, kTxNoDescontados, c);
       });
+}
+
+// Periods that were deleted or replaced meanwhile are passed over; NoExiste when all were.
+Resultado<> VerTotVentana::desdescontar(const std::vector<qint64>& links, int veces) {
+  auto tr = dao::Transaccion::empezar(contexto().db);
+  if (!tr) return std::unexpected(tr.error());
+  bool alguno = false;
+  for (const qint64 link : links) {
+    const auto c = p_.columna(link);
+    if (!c) return std::unexpected(c.error());
+    if (!*c) continue;
+    TARVO_INTENTAR(p_.DescontarPeriodo(**c, veces));
+    alguno = true;
+  }
+  if (!alguno) return fallo(Fallo::NoExiste, t(kTxYaNoEstan));
+  return tr->confirmar();
 }
 
 Resultado<bool> VerTotVentana::descontarUno(qint64 link, bool deshacer,

@@ -62,6 +62,7 @@ class VerTotVentana final : public ventanas::Ventana {
   void sumar();
   void descontar(bool deshacer);
   Resultado<bool> descontarUno(qint64 link, bool deshacer, std::vector<qint64>& hechos);
+  Resultado<> desdescontar(const std::vector<qint64>& links, int veces);
   void exportar();
   void importar();
 

@@ -1,5 +1,7 @@
 #include "totals/ventanas/Visor.h"
 
+#include <QRegularExpressionValidator>
+
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/Recuerdos.h"
 #include "totals/ventanas/ComunTotales.h"
@@ -47,9 +49,8 @@ std::vector<ventanas::Columna> columnasVisor(int clase) {
                  .clase = Clase::Codigo,
                  .cifras = 2,
                  .ancho = 64});
-  c.push_back({.titulo = kTxNombre,
-               .campo = nombreFilas(clase),
-               .ancho = clase == kOperHora ? 160 : 220});
+  c.push_back(
+      {.titulo = kTxNombre, .campo = nombreFilas(clase), .ancho = clase == kOperHora ? 160 : 220});
   c.push_back({.titulo = kTxOp, .campo = u"t.CON"_s, .clase = Clase::Entero, .suma = true});
   c.push_back({.titulo = kTxPeso, .campo = u"t.PES"_s, .clase = Clase::Cantidad, .suma = true});
   c.push_back({.titulo = kTxImpte, .campo = u"t.IMP"_s, .clase = Clase::Importe, .suma = true});
@@ -100,8 +101,11 @@ void Visor::montar() {
     lista->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     lista->setMinimumContentsLength(kLetrasLista);
   }
-  for (QLineEdit* campo : {ui_.desde, ui_.hasta})
+  auto* cifras = new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), this);
+  for (QLineEdit* campo : {ui_.desde, ui_.hasta}) {
     campo->setFixedWidth(ventanas::escalar(kAnchoCodigo));
+    campo->setValidator(cifras);
+  }
   ui_.grafica->preparar(contexto());
   unirLado(*ui_.VerGrafica, *ui_.lado, contexto().recuerdos, objectName());
   repartirLado(*ui_.divisor, contexto().recuerdos, objectName());

@@ -55,7 +55,11 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   QTest::keyClick(nombre, Qt::Key_Return);
   EXPECT_EQ(e->tira().texto(), u"Escriba un nombre.");
   QTest::keyClicks(nombre, u"tien.:?da"_s);
+  const QRect pantalla = e->screen()->availableGeometry();
+  e->move(pantalla.right() - 100, pantalla.bottom() - 100);
   QTest::keyClick(nombre, Qt::Key_Return);
+  EXPECT_LE(e->frameGeometry().bottom(), pantalla.bottom()) << "it grows where it can be seen";
+  EXPECT_EQ(e->frameGeometry().x(), std::max(0, pantalla.width() - e->frameGeometry().width()));
   auto* lista = pieza<Parrilla>(e, u"ListaBat"_s);
   ASSERT_EQ(lista->filas(), 1) << "the blank line";
   Horarios::llenar(e, u"22:05:00"_s, Qt::Key_End);

@@ -64,6 +64,8 @@ TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
     return cola()->filas() == 1 && celda(0, u"Estado") == u"Interrumpido por algún problema";
   }));
   EXPECT_EQ(celda(0, u"Problema"), u"Una trama VEK no ha tenido respuesta ACK");
+  EXPECT_EQ(control<QLabel>(u"LblProblema"_s)->text(),
+            u"Tarea 002: Una trama VEK no ha tenido respuesta ACK");
   EXPECT_FALSE(accion(u"RunP"_s)->isEnabled());
   QTest::keyClick(v, Qt::Key_M, Qt::ControlModifier);  // to manual
   pasar(150);

@@ -92,6 +92,32 @@ TEST(Parrilla, MuchasFilasNoHacenEsperar) {
   EXPECT_LT(peor, 60);
 }
 
+TEST(Parrilla, InicioYFinVanALasFilasYConCtrlLasFlechasALasColumnas) {
+  Lista l(5000);
+  l.abrir();
+  QTableView* v = l.p.vista();
+  const auto tecla = [&](Qt::Key k, Qt::KeyboardModifiers m = Qt::NoModifier) {
+    QTest::keyClick(v, k, m);
+    return std::pair(v->currentIndex().row(), v->currentIndex().column());
+  };
+  l.p.irA(3);
+  int ultima = v->model()->columnCount() - 1;
+  while (v->isColumnHidden(ultima)) --ultima;
+  using Celda = std::pair<int, int>;
+  tecla(Qt::Key_Right);
+  EXPECT_EQ(tecla(Qt::Key_End), Celda(4999, 1)) << "also before all are counted";
+  EXPECT_EQ(l.p.filasParaActuar(), std::vector<int>{4999});
+  EXPECT_EQ(tecla(Qt::Key_Home), Celda(0, 1));
+  EXPECT_EQ(tecla(Qt::Key_Right, Qt::ControlModifier), Celda(0, ultima));
+  EXPECT_EQ(tecla(Qt::Key_Left, Qt::ControlModifier), Celda(0, 0));
+  EXPECT_EQ(tecla(Qt::Key_End, Qt::ControlModifier), Celda(4999, ultima));
+  EXPECT_EQ(tecla(Qt::Key_Home, Qt::ControlModifier), Celda(0, 0));
+  l.p.irA(2);
+  tecla(Qt::Key_Down);
+  tecla(Qt::Key_Home, Qt::ShiftModifier);
+  EXPECT_EQ(l.p.filasParaActuar(), (std::vector<int>{0, 1, 2, 3}));
+}
+
 // The rest is gathered by another connection, which doesn't see what this one has not committed;
 // what is committed in between it may see or not, but no row stands twice.
 TEST(Parrilla, LoQueCambiaMientrasSeCuenta) {

@@ -1,4 +1,6 @@
 // Jobs on periods that a person may want back, and the viewer by operator and hour.
+#include <QToolButton>
+
 #include "Trastienda.h"
 #include "core/ventanas/Tira.h"
 
@@ -91,10 +93,29 @@ TEST(VentanaAcciones, DescuentaSoloLoQueVinoDeLasBalanzas) {
               u"El periodo a procesar no ha sido creado por recepción de datos, por lo que está "
               u"marcado como NO PROCESABLE EN STOCK. ");
     EXPECT_EQ(t.leer(kStock), u"1 1 30000 | 2 0 30000") << v->tira().texto().toStdString();
+    const auto sitio = [v](const QString& boton) {
+      return v->tira().findChild<QToolButton*>(boton)->geometry();
+    };
+    QApplication::processEvents();
+    EXPECT_FALSE(sitio(u"copiar"_s).intersects(sitio(u"deshacer"_s)));
     t.tecla(Qt::Key_Z, Qt::ControlModifier);
     ASSERT_TRUE(esperar([&] { return t.leer(kStock) == u"1 0 0 | 2 0 0"; }))
         << t.leer(kStock).toStdString();
   }
+}
+
+// An import may replace a period while its discount can still be taken back.
+TEST(VentanaAcciones, LoQueYaNoEstaNoSeDeshaceYSeDice) {
+  Lista t;
+  const qint64 lunes = t.dia("04/06/2018");
+  auto* v = t.abrirLista();
+  t.aceptarY(Qt::Key_F8);
+  ASSERT_TRUE(esperar([&] { return t.leer(kStock) == u"1 1 30000"; }));
+  bien(t.periodos.BorrarPeriodo(lunes));
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Esos periodos se borraron"_s))
+      << v->tira().texto().toStdString();
+  EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
 }
 
 TEST(VentanaAcciones, OperadorYHora) {

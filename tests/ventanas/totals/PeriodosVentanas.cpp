@@ -6,6 +6,7 @@
 
 #include "Trastienda.h"
 #include "core/ventanas/Tira.h"
+#include "core/ventanas/TiraTrabajo.h"
 
 namespace tarvo::prueba {
 
@@ -40,6 +41,28 @@ TEST(VentanaPeriodos, BorraDosYLosRecuperaIguales) {
   ASSERT_TRUE(esperar([&] { return grid.filas() == 3; })) << v->tira().texto().toStdString();
   EXPECT_EQ(t.leer(filas), antes);
   EXPECT_EQ(t.leer(columnas), periodosAntes);
+}
+
+// The first Escape of who sees that it was a slip must not close the window, which would forget
+// what was deleted.
+TEST(VentanaPeriodos, EscapeParaElBorradoYLoBorradoSeRecupera) {
+  Trastienda t;
+  for (int i = 1; i <= 9; ++i) t.dia(qPrintable(u"0%1/06/2018"_s.arg(i)));
+  auto* v = t.abrir(u"VerTot"_s);
+  auto& grid = t.lista(v);
+  QTest::keyClick(grid.vista(), Qt::Key_A, Qt::ControlModifier);
+  t.responder(u"Acepto"_s);
+  QTest::keyClick(grid.vista(), Qt::Key_Delete);
+  ASSERT_TRUE(v->trabajo().enMarcha());
+  QTest::keyClick(v, Qt::Key_Escape);
+  ASSERT_TRUE(v->isVisible());
+  EXPECT_FALSE(v->trabajo().enMarcha());
+  EXPECT_TRUE(v->tira().texto().endsWith(u"de los 9 elegidos."_s));
+  if (t.cuenta(u"COLUMNA"_s) < 9) QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 9; }));
+  const QPointer<QWidget> cerrada(v);
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_TRUE(esperar([&] { return !cerrada; }));
 }
 
 TEST(VentanaPeriodos, AlCerrarNoQuedaNadaQueRecuperar) {
@@ -125,6 +148,13 @@ TEST(VentanaPeriodos, UnFicheroMaloSeDiceConSuLinea) {
            u"ERROR: El fichero contiene líneas no reconocibles";
   }));
   EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 0);
+  // The strip that says it takes no letter from the window's own buttons.
+  QTest::keyClick(i, Qt::Key_O, Qt::AltModifier);
+  EXPECT_TRUE(esperar([&] {
+    return i->findChild<QLabel*>(u"mensaje"_s)->text() ==
+           u"Seleccione (DbClick) un fichero de la lista";
+  }));
+  EXPECT_EQ(i->tira().texto(), QString()) << "it was about the other file";
 }
 
 TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
@@ -147,6 +177,13 @@ TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
   campo(u"txPes")->setText(u"1,250"_s);
   campo(u"txImp")->setText(u"12,34"_s);
   campo(u"txImp")->setFocus();
+  for (const auto& malo : {u"abc"_s, u"1,2,3"_s, u"99999999999999"_s}) {
+    campo(u"txImp")->setText(malo);
+    QTest::keyClick(campo(u"txImp"), Qt::Key_Return);
+    EXPECT_TRUE(v->tira().texto().startsWith(u"Eso no es un número"_s)) << malo.toStdString();
+    EXPECT_EQ(campo(u"txImp")->text(), malo) << "nothing is added as zero";
+  }
+  campo(u"txImp")->setText(u"12,34"_s);
   QTest::keyClick(campo(u"txImp"), Qt::Key_Return);
   ASSERT_TRUE(v->isVisible()) << "Return adds here";
   t.responder(u"Cancelo"_s);

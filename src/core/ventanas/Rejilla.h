@@ -1,0 +1,26 @@
+// The table of a grid with the keys that people expect of a list: Home and End go to the first and
+// last row, with Ctrl and the side arrows to the first and last column; Ctrl+Home and Ctrl+End to
+// the corners.
+#pragma once
+
+#include <QTableView>
+#include <functional>
+
+namespace tarvo::ventanas {
+
+class Rejilla final : public QTableView {
+ public:
+  // `completar` brings the rows that the model has not counted yet; it runs before the last row is
+  // looked for.
+  Rejilla(QWidget* padre, std::function<void()> completar);
+
+ protected:
+  QModelIndex moveCursor(CursorAction accion, Qt::KeyboardModifiers mandos) override;
+
+ private:
+  int columnaExtrema(bool ultima) const;
+
+  std::function<void()> completar_;
+};
+
+}  // namespace tarvo::ventanas
