@@ -67,6 +67,7 @@ Resultado<bool> Automat::Interior::llevarACabo(const PasoProceso& p) {
 
 Resultado<bool> Automat::Interior::preguntar(const Parametro& parametro) {
   auto respuesta = respuestaA(parametro);
+  if (fase == kAbortando) return false;  // meanwhile: no step is under way any more
   if (!respuesta) {
     escribir({cabecera(),
               kSangria + t.textos(kTxFaltaParametro, {parametro.nombre, parametro.pregunta})});

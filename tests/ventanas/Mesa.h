@@ -55,9 +55,10 @@ struct Mesa {
   }
 };
 
-// Runs the event loop until it holds; false when it never does.
+// Runs the event loop until it holds; false when it never does. Builds that watch themselves, on a
+// busy machine, take their time.
 template <class F>
-bool esperar(F condicion, int ms = 10'000) {
+bool esperar(F condicion, int ms = 60'000) {
   return QTest::qWaitFor(condicion, ms);
 }
 

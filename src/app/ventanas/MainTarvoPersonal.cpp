@@ -7,6 +7,7 @@
 #include "app/ventanas/MainTarvo.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "core/ventanas/Medidas.h"
+#include "core/ventanas/Retenida.h"
 #include "core/ventanas/Ventanas.h"
 
 namespace tarvo::app {
@@ -99,6 +100,7 @@ void MainTarvo::menuPersonal(QWidget* sobre, const QPoint& donde, std::optional<
   const auto cuantos = contexto().ajustes.personal.size();
   if (!cual && cuantos == 1) cual = 0;
   enPersonal_ = true;
+  const ventanas::Retenida mientras(this);
   QMenu menu(this);
   menu.setObjectName(u"MenuPersonal"_s);
   connect(menu.addAction(t(kTxAnadirElemento)), &QAction::triggered, this,

@@ -11,6 +11,7 @@ class PreguntasApp final : public automation::Preguntas {
   PreguntasApp(const std::map<QString, QString>& dados, const Textos& textos)
       : dados_(dados), datos_(dados, textos) {}
   void poner(ventanas::Ventanas* ventanas) { ventana_.poner(ventanas); }
+  void retirar() { ventana_.retirar(); }
 
   std::optional<qint64> PromptNum(const QString& nombre, const QString& pregunta) override {
     return quien(nombre).PromptNum(nombre, pregunta);

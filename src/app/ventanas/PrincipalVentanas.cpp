@@ -63,11 +63,14 @@ Resultado<> olvidarTiquesViejos(dao::Database& db, Fecha hoy) {
 }
 
 // How the program ends. Told to from outside while a process runs, it stops that first, and leaves
-// it open for the same process to go on with.
+// it open for the same process to go on with; what the process asks goes unanswered.
 class Final {
  public:
-  Final(Aplicacion& app, std::function<void()> cerrar)
-      : app_(app), cerrar_(std::move(cerrar)), senales_([this] { pedirFin(); }) {
+  Final(Aplicacion& app, PreguntasApp& preguntas, std::function<void()> cerrar)
+      : app_(app),
+        preguntas_(preguntas),
+        cerrar_(std::move(cerrar)),
+        senales_([this] { pedirFin(); }) {
     app_.automat().alTerminar = [this](automation::ResultadoProceso r) {
       estado_ = std::max(estado_, static_cast<int>(r));
       if (pedido_) cerrar_();
@@ -86,9 +89,11 @@ class Final {
     if (!app_.automat().enMarcha()) return cerrar_();
     app_.automat().conservarAlAbortar = true;
     app_.automat().abortar();
+    preguntas_.retirar();
   }
 
   Aplicacion& app_;
+  PreguntasApp& preguntas_;
   std::function<void()> cerrar_;
   int estado_ = kBien;
   bool pedido_ = false;
@@ -116,7 +121,7 @@ int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, Reloj& reloj,
   QApplication::setWindowIcon(ventanas::icono(u"tarvo"_s));
   qt.setQuitOnLastWindowClosed(false);
   QObject::connect(&ventanas, &ventanas::Ventanas::vacio, &qt, &QApplication::quit);
-  Final final(aplicacion, [&] {
+  Final final(aplicacion, preguntas, [&] {
     if (!ventanas.DescargaTodo()) qt.quit();
   });
   if (!ventanas.abrir(primera->ventana, nullptr, primera->argumentos))

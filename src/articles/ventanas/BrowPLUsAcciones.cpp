@@ -32,14 +32,14 @@ void BrowPLUs::montarAcciones() {
   unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F8, [this] { abrirCon(u"VerFils"_s); });
   unir(ui_.VerPrecios, u"reloj"_s, Qt::Key_F9, [this] { abrirCon(u"VerPrecios"_s); });
   unir(ui_.Calculo, u"sumar"_s, Qt::Key_F11, [this] { abrirCon(u"CalcPre"_s); });
-  unir(ui_.Varios, u"acumular"_s, Qt::Key_F12, [this] { abrirCon(u"CambioVarios"_s); });
+  unir(ui_.Varios, u"acumular"_s, Qt::Key_F12, [this] { abrirCon(u"CambioLote"_s); });
   unir(ui_.Import, u"importar"_s, Qt::CTRL | Qt::Key_O, [this] { abrirCon(u"ImpPLU"_s); });
   ui_.Imprimir->setIcon(ventanas::icono(u"imprimir"_s));
   ui_.Imprimir->setEnabled(false);
   ui_.Imprimir->setToolTip(t(kTxSinInformes));
   permitir(*ui_.VerXtrac, contexto(), u"VerFils"_s, t(kTxSinEsa));
   permitir(*ui_.Import, contexto(), u"ImpPLU"_s, t(kTxSinEsa));
-  permitir(*ui_.Varios, contexto(), u"CambioVarios"_s, t(kTxSinEsa));
+  permitir(*ui_.Varios, contexto(), u"CambioLote"_s, t(kTxSinEsa));
   ui_.Grid->setAcciones({ui_.Nuevo, ui_.Modificar, ui_.Borro, ui_.Deshacer, ui_.Copio, ui_.Muevo,
                          ui_.Calculo, ui_.VerXtrac, ui_.VerPrecios});
 }
@@ -111,9 +111,14 @@ void BrowPLUs::abrirCon(const QString& ventana) {
     if (c.codigo > 0) decirDuda(t(kTxIntocables));
     return;
   }
+  QVariantList codigos;  // of several rows chosen
+  for (const int fila : ui_.Grid->filasElegidas())
+    codigos << ui_.Grid->valor(fila, u"CODPLU").entero();
+  if (codigos.size() < 2) codigos.clear();
   contexto().ventanas.abrir(ventana, this,
                             {{u"padre"_s, nombre()},
                              {u"lista"_s, nombre()},
+                             {u"codigos"_s, codigos},
                              {u"seccion"_s, seccion_},
                              {u"departamento"_s, departamento_},
                              {u"codigo"_s, c.codigo},

@@ -44,6 +44,7 @@ enum TextoArticulosVentanas : int {
   kTxDesdeRapida = 4213,
   kTxDesdeCopia = 4214,
   kTxDesdeImportacion = 4215,
+  kTxDesdeLote = 4530,
   kTxSinArticulo = 4216,
   kTxGruposCerrado = 4217,
   kTxNumero = 4218,

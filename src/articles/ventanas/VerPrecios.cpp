@@ -15,10 +15,10 @@ namespace {
 // By the name of a window its title; what came from a file has the file's name.
 QString nombreVentana(const ventanas::Ventana& v, const QString& nombre) {
   static const std::map<QString, int> kConocidas{
-      {u"BrowPLUs"_s, kTxDesdeLista},    {u"xEditPLU"_s, kTxDesdeEditor},
-      {u"CalcPre"_s, kTxDesdeCalculo},   {u"FastAlta"_s, kTxDesdeAltaRapida},
-      {u"FastModf"_s, kTxDesdeRapida},   {u"EntNmSc"_s, kTxDesdeCopia},
-      {u"ImpPLU"_s, kTxDesdeImportacion}};
+      {u"BrowPLUs"_s, kTxDesdeLista},     {u"xEditPLU"_s, kTxDesdeEditor},
+      {u"CalcPre"_s, kTxDesdeCalculo},    {u"FastAlta"_s, kTxDesdeAltaRapida},
+      {u"FastModf"_s, kTxDesdeRapida},    {u"EntNmSc"_s, kTxDesdeCopia},
+      {u"ImpPLU"_s, kTxDesdeImportacion}, {u"CambioLote"_s, kTxDesdeLote}};
   const auto hallada = kConocidas.find(nombre);
   return hallada == kConocidas.end() ? nombre : v.t(hallada->second);
 }

@@ -24,6 +24,10 @@ Contestacion PreguntasVentana::preguntar(const QString& nombre, const QString& p
   return *respuesta;
 }
 
+void PreguntasVentana::retirar() {
+  if (ventanas_) ventanas_->descargar(u"EnParMac"_s);
+}
+
 std::optional<qint64> PreguntasVentana::PromptNum(const QString& nombre, const QString& pregunta) {
   return comoEs<qint64>(preguntar(nombre, pregunta));
 }

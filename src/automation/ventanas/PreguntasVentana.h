@@ -15,6 +15,8 @@ using Contestacion = std::variant<std::monostate, qint64, QString, std::pair<Fec
 class PreguntasVentana final : public Preguntas {
  public:
   void poner(ventanas::Ventanas* ventanas) { ventanas_ = ventanas; }
+  // A question that waits for its answer gets none.
+  void retirar();
   std::optional<qint64> PromptNum(const QString& nombre, const QString& pregunta) override;
   std::optional<QString> PromptStr(const QString& nombre, const QString& pregunta) override;
   std::optional<std::pair<Fecha, Fecha>> PromptFch(const QString& nombre,

@@ -12,13 +12,13 @@ class Delegado final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
-  bool helpEvent(QHelpEvent* evento, QAbstractItemView* vista, const QStyleOptionViewItem& opcion,
-                 const QModelIndex& indice) override;
   QWidget* createEditor(QWidget* padre, const QStyleOptionViewItem& opcion,
                         const QModelIndex& indice) const override;
   void setEditorData(QWidget* editor, const QModelIndex& indice) const override;
   void setModelData(QWidget* editor, QAbstractItemModel* modelo,
                     const QModelIndex& indice) const override;
+  bool helpEvent(QHelpEvent* evento, QAbstractItemView* vista, const QStyleOptionViewItem& opcion,
+                 const QModelIndex& indice) override;
   // The text with which the next field opens, in place of the cell's own; once.
   void empezarCon(const QString& texto) { primero_ = texto; }
 

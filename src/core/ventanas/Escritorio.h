@@ -28,8 +28,8 @@ class Escritorio {
   QThreadPool hilos_;  // outlives all that ask; at the end it is waited for
   Recuerdos recuerdos_;
   Tema tema_;
+  Contexto contexto_;  // outlives the windows that are handed it
   Ventanas ventanas_;
-  Contexto contexto_;
 };
 
 // "claro" or "oscuro"; nothing for any other word.

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "core/ventanas/Medidas.h"
+#include "core/ventanas/Retenida.h"
 #include "core/ventanas/Tema.h"
 #include "core/ventanas/TextosVentanas.h"
 
@@ -117,12 +118,14 @@ void MyMsgBox::ponerDetalle(const Textos& textos, const QString& remedio, const 
 }
 
 bool MyMsgBox::Decide(QWidget* dueno, const Textos& textos, const QString& texto, int estilo) {
+  const Retenida mientras(dueno);
   MyMsgBox caja(dueno, textos, texto, estilo);
   return caja.exec() == QDialog::Accepted;
 }
 
 void MyMsgBox::mostrarFallo(QWidget* dueno, const Textos& textos, const QString& que,
                             const QString& remedio, const QString& detalle) {
+  const Retenida mientras(dueno);
   MyMsgBox caja(dueno, textos, que, kCritico);
   caja.ponerDetalle(textos, remedio, detalle);
   caja.exec();

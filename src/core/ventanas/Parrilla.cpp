@@ -30,6 +30,7 @@ Parrilla::~Parrilla() {
 
 void Parrilla::preparar(Contexto& contexto, const QString& nombre, std::vector<Columna> columnas) {
   if (d->c) recordar();
+  if (d->trabajo) d->trabajo->parar();  // it stands on the rows that go
   d->c = &contexto;
   d->ventana = nombre;
   d->columnas = std::move(columnas);

@@ -84,6 +84,7 @@ struct Parrilla::Interior {
   QString tecleado;
   qint64 ultimaTecla = 0;
   bool conPie = true, conBusca = true, colocando = false;
+  bool exportando = false;
   bool elasticas = true;                // the person has set no width, order or column yet
   std::unique_ptr<Temporizador> sumar;  // sums wait for the list to be at rest
 };

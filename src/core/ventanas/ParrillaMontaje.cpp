@@ -193,7 +193,11 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
   if (moneda) m->formato().setMoneda(*moneda);
   yo.vista_->setModel(m);
   colocarColumnas();
-  connect(m, &ModeloParrilla::vaARenovar, &yo, [this] { guardar(); });
+  connect(m, &ModeloParrilla::vaARenovar, &yo, [this] {
+    // Rows that change places meanwhile would stand in the file twice, or not at all.
+    if (exportando) trabajo->parar();
+    guardar();
+  });
   connect(m, &ModeloParrilla::renovado, &yo, [this] { reponer(); });
   connect(m, &ModeloParrilla::recuento, &yo, [this] { contar(); });
   connect(m, &ModeloParrilla::editada, &yo, [this](const QModelIndex& celda) {

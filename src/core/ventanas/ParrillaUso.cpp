@@ -10,6 +10,7 @@
 #include "core/ventanas/Exportar.h"
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/ParrillaInterior.h"
+#include "core/ventanas/Retenida.h"
 #include "core/ventanas/TextosVentanas.h"
 
 namespace tarvo::ventanas {
@@ -82,6 +83,7 @@ void Parrilla::Interior::pintarVacia() {
 }
 
 void Parrilla::Interior::menuContexto(const QPoint& donde) {
+  const Retenida mientras(&yo);
   QMenu menu(&yo);
   menu.addActions(acciones);
   if (!acciones.isEmpty()) menu.addSeparator();
@@ -93,6 +95,7 @@ void Parrilla::Interior::menuContexto(const QPoint& donde) {
 
 // One entry a column; the last that is left can't be hidden.
 void Parrilla::Interior::menuColumnas(const QPoint& donde) {
+  const Retenida mientras(&yo);
   QMenu menu(&yo);
   menu.setObjectName(u"menuColumnas"_s);
   QHeaderView* h = yo.vista_->horizontalHeader();
@@ -229,6 +232,7 @@ void Parrilla::copiar() {
 
 void Parrilla::exportar() {
   if (!modelo()) return;
+  const Retenida mientras(this);
   const QString ruta = QFileDialog::getSaveFileName(
       window(), d->t(kTxExportar),
       d->c->ajustes.carpeta + u'/' + d->ventana.section(u'#', 0, 0) + u".xlsx"_s,
@@ -243,8 +247,10 @@ void Parrilla::exportarEn(const QString& ruta) {
     if (const auto hecho = sql_->contarTodo(); !hecho) return d->avisar(hecho.error());
   auto paso = ventanas::exportar({modelo(), d->columnasVistas(), ruta, window()->windowTitle()});
   if (!paso) return d->avisar(paso.error());
+  d->exportando = true;
   d->trabajo->empezar(d->t(kTxExportando), std::move(*paso),
                       [this, ruta](const Resultado<Trabajo::Fin>& fin) {
+                        d->exportando = false;
                         if (!fin) return d->avisar(fin.error());
                         if (*fin == Trabajo::Fin::Parado) return d->decir(d->t(kTxParado));
                         d->decir(d->t(kTxExportado).arg(ruta));

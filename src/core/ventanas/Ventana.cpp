@@ -15,10 +15,12 @@
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/Parrilla.h"
 #include "core/ventanas/Recuerdos.h"
+#include "core/ventanas/Retenida.h"
 #include "core/ventanas/Tema.h"
 #include "core/ventanas/Tira.h"
 #include "core/ventanas/TiraTrabajo.h"
 #include "core/ventanas/TraducirForm.h"
+#include "core/ventanas/Ventanas.h"
 
 namespace tarvo::ventanas {
 
@@ -109,26 +111,26 @@ void Ventana::mostrarSobre(QWidget* dueno) {
 }
 
 bool Ventana::descargar() {
-  return close();
+  close();
+  return cerrada_;  // close() says yes also to who asks while it is asking
 }
 
 bool Ventana::ejecutar() {
   QEventLoop bucle;
-  bucle_ = &bucle;
+  const Retenida mientras(dueno_);
+  modal_ = true;
   aceptada_ = false;
   setWindowModality(Qt::ApplicationModal);
   setWindowFlags(Qt::Dialog);  // the desktop puts it on its owner
   winId();
   if (dueno_) windowHandle()->setTransientParent(dueno_->windowHandle());
   mostrarSobre(dueno_);
-  const QPointer<Ventana> yo(this);
   bool aceptada = false;
   connect(this, &Ventana::descargada, &bucle, [&] {
     aceptada = aceptada_;
     bucle.quit();
   });
   bucle.exec();
-  if (yo) bucle_ = nullptr;
   return aceptada;
 }
 
@@ -147,6 +149,7 @@ void Ventana::terminar(bool aceptada) {
 
 void Ventana::closeEvent(QCloseEvent* evento) {
   if (cerrada_) return evento->accept();
+  if (!cerrarLoDeEncima()) return evento->ignore();
   // Accepting is an answer: there is nothing left to be asked.
   if (!aceptada_ && QueryUnload()) return evento->ignore();
   cerrada_ = true;
@@ -156,7 +159,23 @@ void Ventana::closeEvent(QCloseEvent* evento) {
   hide();
   Q_EMIT descargada(nombre_);
   volverAlDueno();
-  deleteLater();
+  if (retenida_ == 0) deleteLater();
+}
+
+Ventana* Ventana::modalEncima() const {
+  const auto todas = c_.ventanas.abiertas();
+  const auto suya = std::ranges::find_if(
+      todas, [this](const Ventana* v) { return v->modal_ && v->dueno_ == this; });
+  return suya == todas.end() ? nullptr : *suya;
+}
+
+// Modal windows of which this is the owner; boxes, menus and calendars, which are its children.
+bool Ventana::cerrarLoDeEncima() {
+  while (Ventana* v = modalEncima())
+    if (!v->descargar()) return false;
+  for (QWidget* w : findChildren<QWidget*>())
+    if (w->isWindow() && w->isVisible()) w->close();
+  return true;
 }
 
 void Ventana::volverAlDueno() {

@@ -18,8 +18,6 @@
 
 #include "core/ventanas/Contexto.h"
 
-class QEventLoop;
-
 namespace tarvo::ventanas {
 
 class Parrilla;
@@ -46,7 +44,9 @@ class Ventana : public QWidget {
   // True refuses the unloading. It asks whatever has to be asked.
   virtual bool QueryUnload() { return false; }
 
-  // False when QueryUnload refused. The object goes with the next turn of the event loop.
+  // False when QueryUnload refused, or is still asking. What stands on the window (a modal one, a
+  // box, a menu) is closed first, as with Escape; when that stays, the window does too. The object
+  // goes with the next turn of the event loop, or behind those that keep it (see Retenida).
   bool descargar();
   // Modal until aceptar() or rechazar() (Escape, the closing button); true for aceptar().
   bool ejecutar();
@@ -91,10 +91,13 @@ class Ventana : public QWidget {
 
  private:
   friend class Ventanas;
+  friend class Retenida;
   void mostrarSobre(QWidget* dueno);
   void recordar();
   void volverAlDueno();
   void terminar(bool aceptada);
+  Ventana* modalEncima() const;
+  bool cerrarLoDeEncima();
   void pulsarBoton(QKeyEvent& evento);
   void pedirMenu(QWidget& control);
   Parrilla* primeraLista() const;
@@ -105,8 +108,8 @@ class Ventana : public QWidget {
   Tira* tira_;
   TiraTrabajo* trabajo_;
   QPointer<QWidget> dueno_, teclea_;
-  QEventLoop* bucle_ = nullptr;
-  bool aceptada_ = false, cerrada_ = false, colocada_ = false;
+  int retenida_ = 0;  // event loops that run in functions of this window
+  bool modal_ = false, aceptada_ = false, cerrada_ = false;
 };
 
 }  // namespace tarvo::ventanas

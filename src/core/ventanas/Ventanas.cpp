@@ -4,6 +4,7 @@
 
 #include "core/ventanas/MyMsgBox.h"
 #include "core/ventanas/Recuerdos.h"
+#include "core/ventanas/Retenida.h"
 #include "core/ventanas/TextosVentanas.h"
 
 namespace tarvo::ventanas {
@@ -72,11 +73,14 @@ Ventana* Ventanas::hacer(const QString& nombre, QWidget* dueno, const Argumentos
   Ventana* v = cargada(nombre);
   const bool nueva = v == nullptr;
   if (nueva) v = entrada->second.fabrica(*contexto_, nombre);
+  // Preparing may ask, and what asks lets windows go.
+  const Retenida mientras(dueno), ella(v);
   if (const auto hecho = v->preparar(argumentos); !hecho) {
     if (nueva) delete v;
     decirSobre(nueva ? dueno : v, contexto_->textos, hecho.error());
     return nullptr;
   }
+  if (v->cerrada_) return nullptr;
   if (nueva) {
     abiertas_.push_back(v);
     connect(v, &Ventana::descargada, this, &Ventanas::quitar);

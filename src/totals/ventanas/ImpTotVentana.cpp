@@ -4,6 +4,7 @@
 #include <QFileDialog>
 
 #include "core/ventanas/Medidas.h"
+#include "core/ventanas/Retenida.h"
 #include "core/ventanas/Tira.h"
 #include "core/ventanas/TiraTrabajo.h"
 #include "totals/ventanas/ComunTotales.h"
@@ -59,6 +60,7 @@ void ImpTotVentana::montar() {
   ui_.BorrPrevio->setChecked(true);
   connect(ui_.LstFich, &QListWidget::itemActivated, this, &ImpTotVentana::abrir);
   connect(ui_.otraCarpeta, &QPushButton::clicked, this, [this] {
+    const ventanas::Retenida mientras(this);
     const QString otra = QFileDialog::getExistingDirectory(this, windowTitle(), carpeta_);
     if (!otra.isEmpty()) ponerCarpeta(otra);
   });

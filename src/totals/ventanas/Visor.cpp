@@ -49,9 +49,8 @@ std::vector<ventanas::Columna> columnasVisor(int clase) {
                  .clase = Clase::Codigo,
                  .cifras = 2,
                  .ancho = 64});
-  c.push_back({.titulo = kTxNombre,
-               .campo = nombreFilas(clase),
-               .ancho = clase == kOperHora ? 160 : 220});
+  c.push_back(
+      {.titulo = kTxNombre, .campo = nombreFilas(clase), .ancho = clase == kOperHora ? 160 : 220});
   c.push_back({.titulo = kTxOp, .campo = u"t.CON"_s, .clase = Clase::Entero, .suma = true});
   c.push_back({.titulo = kTxPeso, .campo = u"t.PES"_s, .clase = Clase::Cantidad, .suma = true});
   c.push_back({.titulo = kTxImpte, .campo = u"t.IMP"_s, .clase = Clase::Importe, .suma = true});

@@ -59,6 +59,7 @@ Muestra::Muestra(Contexto& c, const QString& nombre) : Ventana(c, nombre) {
 
 Resultado<> Muestra::preparar(const Argumentos& argumentos) {
   dados = argumentos;
+  if (alPreparar) alPreparar();
   if (argumentos.contains(u"falla"_s))
     return fallo(Fallo::NoExiste, u"No hay tal periodo."_s, 3024);
   if (contexto().db.existeTabla(u"ART"))

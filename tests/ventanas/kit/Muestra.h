@@ -21,12 +21,14 @@ class Muestra final : public ventanas::Ventana {
   Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
   bool QueryUnload() override {
     ++preguntas;
-    return seNiega;
+    return alDescargar ? alDescargar() : seNiega;
   }
 
   ventanas::Argumentos dados;
   bool seNiega = false;
   int preguntas = 0;
+  std::function<bool()> alDescargar;
+  std::function<void()> alPreparar;
   Ui::Muestra ui;
 };
 

@@ -66,5 +66,19 @@ TEST_F(ConVentanas, UnaSenalDejaElProcesoParaSeguir) {
   }
 }
 
+// A question that nobody has answered goes with the program, and the run ends as if unanswered.
+TEST_F(ConVentanas, UnaSenalCierraLaPreguntaAbierta) {
+  poner(u"DATO.AUT"_s, "N:%1,Grupo\r\nT:RXGRTOT,%1\r\n");
+  QProcess p;
+  arrancar(p, {u"--carpeta"_s, dir.path(), u"DATO"_s});
+  QElapsedTimer desde;
+  desde.start();
+  while (!QFile::exists(en(u"DATO.TZA"_s)) && desde.elapsed() < 20'000) p.waitForReadyRead(50);
+  p.waitForReadyRead(1500);
+  ASSERT_TRUE(avisar(p, SIGTERM));
+  const Fin fin = acabar(p);
+  EXPECT_EQ(fin.estado, 2) << fin.errores.toStdString();
+}
+
 }  // namespace
 }  // namespace tarvo::prueba

@@ -1,0 +1,266 @@
+// What is under way in a window when the window goes: a question that it asked, rows that come from
+// another thread, work in slices. Nothing of it may outlive what it stands on, nor stay open alone.
+#include <QHeaderView>
+#include <QPointer>
+#include <QTableView>
+#include <QTimer>
+#include <span>
+
+#include "Muestra.h"
+#include "core/ventanas/EscogeFecha.h"
+#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/TiraTrabajo.h"
+
+namespace tarvo::prueba {
+
+using namespace ventanas;
+
+namespace {
+
+constexpr int kFilas = 6000;  // more than show at once
+
+struct Taller : Mesa {
+  Taller() : Mesa(kTextosMuestra) {
+    llenarArticulos(*this, kFilas);
+    for (const QString& nombre : {u"Muestra"_s, u"MainTarvo"_s})
+      todas().registrar(nombre, [](Contexto& c, const QString& n) { return new Muestra(c, n); });
+  }
+  Ventanas& todas() { return escritorio.ventanas(); }
+  Muestra& abrir(const QString& nombre) { return *qobject_cast<Muestra*>(todas().abrir(nombre)); }
+};
+
+// A function of the window that asks, and goes on with what the window holds when it is answered.
+void usar(Muestra& v, bool respuesta) {
+  EXPECT_FALSE(respuesta) << "nobody said yes";
+  v.decirDuda(v.nombre());
+  v.ui.lista->irA(0);
+}
+
+void menuDe(QWidget& control) {
+  Q_EMIT control.customContextMenuRequested(QPoint(5, 5));
+}
+
+bool empezarTrabajo(Muestra& v, const std::function<void()>& alAcabar) {
+  return v.trabajo().empezar(
+      u"Contando"_s, [&v](Trabajo::Avance&) -> Resultado<bool> { return v.ui.lista->filas() > 0; },
+      [alAcabar](const Resultado<Trabajo::Fin>&) { alAcabar(); });
+}
+
+struct EnMarcha {
+  const char* que;
+  int encima;  // so many windows wait above it, each in an event loop of its own
+  void (*empezar)(Muestra& v);
+};
+
+const EnMarcha kEnMarcha[] = {
+    {"nothing", 0, [](Muestra&) {}},
+    {"a box", 1,
+     [](Muestra& v) {
+       usar(v, MyMsgBox::Decide(&v, v.contexto().textos, u"¿Sigue?"_s, kAceptoCancelo));
+     }},
+    {"a box of a failure, over a control", 1,
+     [](Muestra& v) {
+       MyMsgBox::mostrarFallo(v.ui.lista, v.contexto().textos, u"No se guardó."_s, {}, u"13"_s);
+       usar(v, false);
+     }},
+    {"a modal window", 1,
+     [](Muestra& v) { usar(v, v.contexto().ventanas.abrirModal(u"Muestra#2"_s, &v)); }},
+    {"a box over a modal window", 2,
+     [](Muestra& v) {
+       QTimer::singleShot(0, &v, [&v] {
+         auto* otra = qobject_cast<Muestra*>(v.contexto().ventanas.cargada(u"Muestra#2"_s));
+         usar(*otra, MyMsgBox::Decide(otra, v.contexto().textos, u"¿Sigue?"_s));
+       });
+       usar(v, v.contexto().ventanas.abrirModal(u"Muestra#2"_s, &v));
+     }},
+    {"the menu of a list", 1,
+     [](Muestra& v) {
+       menuDe(*v.ui.lista->vista());
+       usar(v, false);
+     }},
+    {"the choice of columns", 1,
+     [](Muestra& v) {
+       menuDe(*v.ui.lista->vista()->horizontalHeader());
+       usar(v, false);
+     }},
+    {"the choice of a file", 1,
+     [](Muestra& v) {
+       v.ui.lista->exportar();
+       usar(v, false);
+     }},
+    {"a calendar", 0,
+     [](Muestra& v) {
+       auto* campo = v.ui.lista->campoBusca();
+       new EscogeFecha(*campo, v.contexto());
+       QTest::keyClick(campo, Qt::Key_F4);
+     }},
+    {"rows and sums from another thread", 0,
+     [](Muestra& v) {
+       for (int i = 0; i < 3; ++i) bien(v.ui.lista->filtrar(u"CODIGO>?"_s, {dao::Valor(i)}));
+       EXPECT_TRUE(v.ui.lista->contando());
+     }},
+    {"a sort while rows come", 0,
+     [](Muestra& v) {
+       bien(v.ui.lista->filtrar({}));
+       bien(v.ui.lista->ordenar(1, Qt::DescendingOrder));
+       v.ui.lista->elegir({kFilas});
+     }},
+    {"work in slices", 0, [](Muestra& v) { EXPECT_TRUE(empezarTrabajo(v, [] {})); }},
+    {"work whose end unloads its window", 0,
+     [](Muestra& v) {
+       EXPECT_TRUE(empezarTrabajo(v, [&v] { v.descargar(); }));
+       QTimer::singleShot(0, &v, [&v] { v.trabajo().parar(); });
+     }},
+    {"a search", 0, [](Muestra& v) { v.ui.lista->buscar(u"no hay"_s); }},
+    {"a file of rows", 0,
+     [](Muestra& v) { v.ui.lista->exportarEn(v.contexto().ajustes.carpeta + u"/v.csv"_s); }},
+    {"a sheet of rows", 0,
+     [](Muestra& v) { v.ui.lista->exportarEn(v.contexto().ajustes.carpeta + u"/v.xlsx"_s); }},
+};
+
+struct Salida {
+  const char* que;
+  void (*hacer)(Taller& t);
+};
+
+const Salida kSalidas[] = {
+    {"by name", [](Taller& t) { EXPECT_TRUE(t.todas().descargar(u"MainTarvo"_s)); }},
+    {"with all", [](Taller& t) { EXPECT_FALSE(t.todas().DescargaTodo()); }},
+    {"by itself",
+     [](Taller& t) {
+       if (Ventana* v = t.todas().cargada(u"MainTarvo"_s)) v->rechazar();
+     }},
+};
+
+std::vector<QWidget*> loDeEncima() {
+  std::vector<QWidget*> vistas;
+  for (QWidget* w : QApplication::topLevelWidgets())
+    if (w->isVisible() && (w->isModal() || w->windowType() == Qt::Popup)) vistas.push_back(w);
+  return vistas;
+}
+
+// Does it as soon as so many wait.
+void cuandoEsperen(int cuantas, const std::function<void()>& hacer) {
+  QTimer::singleShot(0, qApp, [cuantas, hacer] {
+    std::ssize(loDeEncima()) < cuantas ? cuandoEsperen(cuantas, hacer) : hacer();
+  });
+}
+
+void pulsarEscape() {
+  QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+}
+
+}  // namespace
+
+TEST(Vidas, UnaVentanaSeVaConLoQueTieneEnMarcha) {
+  for (const EnMarcha& cosa : kEnMarcha)
+    for (const Salida& salida : kSalidas) {
+      SCOPED_TRACE(std::string(cosa.que) + ", unloaded " + salida.que);
+      Taller t;
+      const QPointer<Muestra> v = &t.abrir(u"MainTarvo"_s);
+      bool quedo = false;
+      QTimer guardia;
+      // What stays open alone would hold the test for ever.
+      QObject::connect(&guardia, &QTimer::timeout, [&] {
+        for (QWidget* w : loDeEncima()) quedo = w->close();
+      });
+      guardia.start(30'000);
+      cuandoEsperen(cosa.encima, [&] { salida.hacer(t); });
+      cosa.empezar(*v);
+      EXPECT_TRUE(esperar([&] { return !v; }));
+      EXPECT_FALSE(quedo);
+      EXPECT_TRUE(loDeEncima().empty());
+      EXPECT_TRUE(t.todas().abiertas().empty());
+      EXPECT_TRUE(QDir(t.carpeta.path()).entryList({u"v.*"_s}).isEmpty()) << "half a file";
+    }
+}
+
+// The program ends while all that is under way.
+TEST(Vidas, ElEscritorioSeVaConLoQueHayEnMarcha) {
+  for (const EnMarcha& cosa : kEnMarcha) {
+    if (cosa.encima > 0) continue;
+    SCOPED_TRACE(cosa.que);
+    Taller t;
+    cosa.empezar(t.abrir(u"MainTarvo"_s));
+    QApplication::processEvents();
+  }
+}
+
+// Other rows or columns, given while a work stands on those that were: the work ends, and of a file
+// there is all or nothing.
+TEST(Vidas, LasFilasCambianBajoUnTrabajo) {
+  const struct {
+    const char* que;
+    void (*cambiar)(Muestra& v);
+  } cambios[] = {
+      {"other columns",
+       [](Muestra& v) {
+         v.ui.lista->preparar(v.contexto(), v.nombre(), columnasArticulos());
+         EXPECT_FALSE(v.ui.lista->trabajando());
+         bien(v.ui.lista->abrir({.desde = u"ART"_s, .clave = u"CODIGO"_s}));
+       }},
+      {"a sort", [](Muestra& v) { bien(v.ui.lista->ordenar(1, Qt::AscendingOrder)); }},
+      {"fewer rows", [](Muestra& v) { bien(v.ui.lista->filtrar(u"CODIGO<10"_s)); }},
+      {"a refresh", [](Muestra& v) { bien(v.ui.lista->refrescar()); }},
+  };
+  for (const auto& cambio : cambios)
+    for (const EnMarcha& cosa : std::span(kEnMarcha).last(3)) {
+      SCOPED_TRACE(std::string(cosa.que) + ", " + cambio.que);
+      Taller t;
+      Muestra& v = t.abrir(u"MainTarvo"_s);
+      cosa.empezar(v);
+      ASSERT_TRUE(v.ui.lista->trabajando());
+      cambio.cambiar(v);
+      EXPECT_TRUE(esperar([&] { return !v.ui.lista->trabajando(); }));
+      EXPECT_TRUE(QDir(t.carpeta.path()).entryList({u"v.*"_s}).isEmpty()) << "rows of two orders";
+    }
+}
+
+// A dialog that has something to lose keeps its owner; so does a question that isn't answered yet.
+TEST(Vidas, QuienSeNiegaRetieneASuDueno) {
+  Taller t;
+  Muestra& v = t.abrir(u"MainTarvo"_s);
+  cuandoEsperen(1, [&] {
+    auto* encima = qobject_cast<Muestra*>(t.todas().cargada(u"Muestra#2"_s));
+    encima->seNiega = true;
+    EXPECT_FALSE(v.descargar());
+    EXPECT_TRUE(v.isVisible());
+    EXPECT_EQ(v.preguntas, 0) << "asked only when it can go";
+    encima->seNiega = false;
+    EXPECT_TRUE(encima->descargar());
+  });
+  t.todas().abrirModal(u"Muestra#2"_s, &v);
+  v.alDescargar = [&] { return !MyMsgBox::Decide(&v, t.textos, u"¿Se va?"_s, kAceptoCancelo); };
+  cuandoEsperen(1, [&] {
+    EXPECT_FALSE(v.descargar()) << "it is being asked";
+    pulsarEscape();
+  });
+  EXPECT_FALSE(v.descargar());
+  EXPECT_TRUE(t.todas().cargada(u"MainTarvo"_s));
+}
+
+// A window that goes, or whose owner goes, while it is being prepared isn't opened.
+TEST(Vidas, UnaQueSeVaAlPrepararse) {
+  Taller t;
+  t.todas().registrar(u"Corta"_s, [](Contexto& c, const QString& n) {
+    auto* v = new Muestra(c, n);
+    v->alPreparar = [v] { v->descargar(); };
+    return v;
+  });
+  t.todas().registrar(u"Larga"_s, [](Contexto& c, const QString& n) {
+    auto* v = new Muestra(c, n);
+    v->alPreparar = [v] { MyMsgBox::Decide(v, v->contexto().textos, u"¿Sigue?"_s); };
+    return v;
+  });
+  EXPECT_FALSE(t.todas().abrir(u"Corta"_s));
+  const QPointer<Muestra> dueno = &t.abrir(u"MainTarvo"_s);
+  cuandoEsperen(1, [&] {
+    EXPECT_TRUE(dueno->descargar());
+    QTimer::singleShot(0, qApp, pulsarEscape);
+  });
+  EXPECT_FALSE(t.todas().abrir(u"Larga"_s, dueno, {{u"falla"_s, true}}));
+  EXPECT_TRUE(esperar([&] { return !dueno; }));
+  EXPECT_TRUE(t.todas().abiertas().empty());
+}
+
+}  // namespace tarvo::prueba
