@@ -1,8 +1,10 @@
 // All readers of records over arbitrary bytes: they answer or refuse, and what they give stays
 // within its limits.
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
+#include "comm/maquinas/Articulo.h"
 #include "comm/maquinas/Caja.h"
 #include "comm/maquinas/Nodal.h"
 #include "comm/maquinas/Vek.h"
@@ -41,6 +43,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t tamano) {
   usar(caja::leerDepartamento(d));
   caja::finDeLista(caja::kArticulos, d);
   caja::finDeLista(caja::kTotales, d);
+  const auto ficha = leerFicha(d);
+  usar(ficha);
+  exigir(!ficha || (codigoDeFicha(d) == ficha->codigo && diferencias(*ficha, *ficha).empty()));
+  exigir(mismaFicha(d, d) == ficha.has_value());
+  mismosPrecios(d, d.first(std::min<qsizetype>(d.size(), 25)));
+  // Whatever it says can be shown.
+  for (int tipo = 1; tipo <= 4; ++tipo) exigir(textoDeBalanza(tipo, d).size() == d.size());
   const auto lineas = vek::leerLineas(d);
   usar(lineas);
   // Whoever asks again must have got somewhere.

@@ -5,6 +5,7 @@
 #include "app/TextosApp.h"
 #include "articles/TablasArticulos.h"
 #include "automation/Historial.h"
+#include "comm/envios/TablasEnvios.h"
 #include "comm/tareas/Registro.h"
 #include "core/esquema/Esquema.h"
 #include "devices/PrimerGrupo.h"
@@ -34,6 +35,7 @@ Resultado<std::unique_ptr<dao::Database>> abrirBase(const Ajustes& ajustes, Fech
   TARVO_INTENTAR(totals::asegurarTablasTotales(**db));
   TARVO_INTENTAR(totals::asegurarTablasLibros(**db));
   TARVO_INTENTAR(tareas::asegurarTablasTareas(**db));
+  TARVO_INTENTAR(envios::asegurarTablasEnvios(**db));
   TARVO_INTENTAR(automation::asegurarTablasHistorial(**db));
   return db;
 }

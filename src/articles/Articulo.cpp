@@ -1,6 +1,9 @@
 #include "articles/Articulo.h"
 
 #include <algorithm>
+#include <span>
+
+#include <QStringList>
 
 namespace tarvo::articles {
 
@@ -50,12 +53,15 @@ QString columnaPrecio(int nivel, int tarifa) {
   return QStringLiteral("PRECIO_%1%2").arg(nivel).arg(tarifa);
 }
 
-QStringList columnasArticulo() {
-  QStringList salida;
-  for (const char16_t* nombre : kNombres) salida << QString::fromUtf16(nombre);
-  for (int nivel = 0; nivel < kNiveles; ++nivel)
-    for (int tarifa = 0; tarifa < kTarifas; ++tarifa) salida << columnaPrecio(nivel, tarifa);
-  return salida;
+const QStringList& columnasArticulo() {
+  static const QStringList todas = [] {
+    QStringList salida;
+    for (const char16_t* nombre : kNombres) salida << QString::fromUtf16(nombre);
+    for (int nivel = 0; nivel < kNiveles; ++nivel)
+      for (int tarifa = 0; tarifa < kTarifas; ++tarifa) salida << columnaPrecio(nivel, tarifa);
+    return salida;
+  }();
+  return todas;
 }
 
 QString Articulo::codigoDeBarras() const {

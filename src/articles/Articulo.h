@@ -29,7 +29,7 @@ using Precios = std::array<std::array<qint64, kTarifas>, kNiveles>;
 // "PRECIO_27" for level 2, tarifa 7.
 QString columnaPrecio(int nivel, int tarifa);
 // All columns of PLUSES, in the order of ColumnasArticulo: SECCION and CODPLU first.
-QStringList columnasArticulo();
+const QStringList& columnasArticulo();
 
 struct Articulo {
   ClaveArticulo clave;

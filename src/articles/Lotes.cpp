@@ -13,6 +13,32 @@ namespace {
 
 constexpr qint64 kLotesGuardados = 20;
 
+// One article at a time is the busiest use: its statements are built once.
+struct Guardado {
+  QString articulos, movimientos;
+};
+Guardado guardadoDonde(QStringView condicion) {
+  const QString faltan =
+      u" FROM PLUSES WHERE CODPLU>=%1 AND (%2) AND NOT EXISTS (SELECT 1 FROM LoteAntes L WHERE "
+      u"L.LOTE=? AND L.SECCION=PLUSES.SECCION AND L.CODPLU=PLUSES.CODPLU)"_s.arg(kPrimerCodigo)
+          .arg(condicion);
+  return {u"INSERT INTO LoteAntes (LOTE, HABIA, %1) SELECT ?, 1, %1%2"_s.arg(
+              columnasArticulo().join(u", "), faltan),
+          u"INSERT INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 1, M.%2 FROM MovsAlm M WHERE EXISTS "
+          u"(SELECT 1%3 AND PLUSES.SECCION=M.SECCION AND PLUSES.CODPLU=M.CODIGO)"_s.arg(
+              lotesql::contadores().join(u", "), lotesql::contadores().join(u", M."), faltan)};
+}
+
+Resultado<> guardarCon(dao::Database& db, const Guardado& como, qint64 lote,
+                       std::span<const Valor> parametros) {
+  std::vector<Valor> valores{lote};
+  valores.insert(valores.end(), parametros.begin(), parametros.end());
+  valores.emplace_back(lote);
+  TARVO_INTENTAR(db.Execute(como.movimientos, valores));
+  TARVO_INTENTAR(db.Execute(como.articulos, valores));
+  return {};
+}
+
 }  // namespace
 
 Resultado<qint64> Lotes::empezar(const QString& ventana) {
@@ -32,8 +58,13 @@ Resultado<qint64> Lotes::empezar(const QString& ventana) {
 
 Resultado<> Lotes::guardar(qint64 lote, ClaveArticulo clave) {
   if (clave.deSistema()) return {};
+  static const Guardado kUno = guardadoDonde(u"SECCION=? AND CODPLU=?");
   const std::array<Valor, 2> articulo{clave.seccion, clave.codigo};
-  TARVO_INTENTAR(guardarDonde(lote, u"SECCION=? AND CODPLU=?", articulo));
+  TARVO_INTENTAR(guardarCon(db_, kUno, lote, articulo));
+  return guardarNuevo(lote, clave);
+}
+
+Resultado<> Lotes::guardarNuevo(qint64 lote, ClaveArticulo clave) {
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO LoteAntes (LOTE, HABIA, SECCION, CODPLU) SELECT ?, 0, ?, ? WHERE NOT EXISTS "
       u"(SELECT 1 FROM LoteAntes WHERE LOTE=? AND SECCION=? AND CODPLU=?)",
@@ -45,23 +76,7 @@ Resultado<> Lotes::guardarDonde(qint64 lote, QStringView condicion,
                                 std::span<const Valor> parametros) {
   auto t = Transaccion::empezar(db_);
   if (!t) return std::unexpected(t.error());
-  const QString faltan =
-      u" FROM PLUSES WHERE CODPLU>=%1 AND (%2) AND NOT EXISTS (SELECT 1 FROM LoteAntes L WHERE "
-      u"L.LOTE=? AND L.SECCION=PLUSES.SECCION AND L.CODPLU=PLUSES.CODPLU)"_s.arg(kPrimerCodigo)
-          .arg(condicion);
-  std::vector<Valor> valores{lote};
-  valores.insert(valores.end(), parametros.begin(), parametros.end());
-  valores.emplace_back(lote);
-  const QString movimientos = lotesql::contadores().join(u", M.");
-  TARVO_INTENTAR(db_.Execute(
-      u"INSERT INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 1, M.%2 FROM MovsAlm M WHERE EXISTS "
-      u"(SELECT 1%3 AND PLUSES.SECCION=M.SECCION AND PLUSES.CODPLU=M.CODIGO)"_s.arg(
-          lotesql::contadores().join(u", "), movimientos, faltan),
-      valores));
-  const QString columnas = columnasArticulo().join(u", ");
-  TARVO_INTENTAR(db_.Execute(
-      u"INSERT INTO LoteAntes (LOTE, HABIA, %1) SELECT ?, 1, %1%2"_s.arg(columnas, faltan),
-      valores));
+  TARVO_INTENTAR(guardarCon(db_, guardadoDonde(condicion), lote, parametros));
   return t->confirmar();
 }
 

@@ -21,6 +21,9 @@ class Lotes {
   // Keeps how an article stands, with its stock counters, or that there is none of that key. Before
   // it changes; of an article that the batch has already, the first stays.
   Resultado<> guardar(qint64 lote, ClaveArticulo clave);
+  // The same for an article that the caller knows not to have been there, and may have made just
+  // now, in this transaction.
+  Resultado<> guardarNuevo(qint64 lote, ClaveArticulo clave);
   // The same for all articles of a condition on PLUSES, as one statement.
   Resultado<> guardarDonde(qint64 lote, QStringView condicion,
                            std::span<const dao::Valor> parametros = {});

@@ -1,5 +1,6 @@
 #include "motor/Banco.h"
 
+#include "comm/envios/TablasEnvios.h"
 #include "core/esquema/Esquema.h"
 #include "textos/TextosDePrueba.h"
 #include "totals/TablasLibros.h"
@@ -16,6 +17,7 @@ Banco::Banco() {
   bien(totals::asegurarTablasLibros(*db));
   bien(totals::asegurarTablasTotales(*db));
   bien(tareas::asegurarTablasTareas(*db));
+  bien(envios::asegurarTablasEnvios(*db));
   valor(db->ejecutar(u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (1, 'Carne')"));
   valor(db->ejecutar(u"INSERT INTO ALMACEN (CODALM, NOMALM) VALUES (0, 'Tienda')"));
 }

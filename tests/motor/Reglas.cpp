@@ -13,11 +13,11 @@ TEST_F(Reglas, LoQueNoSePuedeEncolar) {
   EXPECT_EQ(gestor->NuevaTarea(99, true, 0, 1, 7), 2);
   EXPECT_EQ(gestor->NuevaTarea(9, true, 0, 1, 7), 2);
   EXPECT_EQ(gestor->NuevaTarea(3, true, 0, 1, 7), 2);   // no clock in a register
-  EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, 1), 2);   // a kind with a name and no sender
+  EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, 2), 2);   // a kind with a name and no sender
   EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, 12), 2);  // no kind
   EXPECT_EQ(gestor->CuantosQuedan().total, 0);
   EXPECT_EQ(registro.porClave(u"TXPLUS")->numero, 1);
-  EXPECT_FALSE(registro.porNumero(24)->crear);
+  EXPECT_FALSE(registro.porNumero(2)->crear);
   EXPECT_EQ(registro.porClave(u""), nullptr);
 }
 

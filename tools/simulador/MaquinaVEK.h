@@ -27,7 +27,7 @@ class MaquinaVEK : public Maquina {
  private:
   bool ancha_;
   LectorVEK lector_;
-  int secuencia_ = 0;
+  int secuencia_;
 };
 
 }  // namespace tarvo::simulador

@@ -76,7 +76,9 @@ int gestcomm::Interior::nueva(int grupo, bool todo, qint64 desde, qint64 hasta, 
                               qint64 paso) {
   const ClaseTarea* c = registro.porNumero(clase);
   const LimitesClases& l = entorno.ajustes.clases;
-  if (!c || !c->crear || !l.tiene(clase)) return 2;
+  // A build lacks kinds by their keyword; the one without is in all of them.
+  const bool tiene = c && (*c->clave == 0 || l.tiene(clase));
+  if (!tiene || !c->crear) return 2;
   if (clase >= l.ClaseRxMin && clase <= l.ClaseRxMax) {
     const auto puede = entorno.sesion.PuedeRecibir(grupo, clase);
     if (!puede) {
@@ -119,13 +121,16 @@ TareaViva* gestcomm::Interior::tareaDe(int canal) {
 void gestcomm::Interior::quitar(int id) {
   TareaViva* t = tarea(id);
   if (!t) return;
+  const int clase = t->datos.Clase;
+  std::vector<totals::Aviso> avisos;
   if (t->Estado != kTerminado) {
     marcarFallida(*t);
-    if (t->trabajo) t->trabajo->abandonar();
+    if (t->trabajo) avisos = t->trabajo->abandonar();
   }
   lecturas[t->datos.Grupo].erase(id);
   if (tareaDe(t->Canal) == t) liberarCanal(t->Canal);
   const auto nodo = tareas.extract(id);  // dies with this scope, behind the observer's call
+  decirAvisos(clase, avisos);
   cambioCola();
 }
 

@@ -19,6 +19,11 @@ int errorDeMaquina(const QByteArray& datos, bool tolera5) {
   return n == 5 && tolera5 ? 0 : 100 + n;
 }
 
+// The machine heard the step and won't do it.
+bool esRechazo(int error) {
+  return error == enlace::kErrorRechazo || (error > 100 && error <= 105);
+}
+
 }  // namespace
 
 void gestcomm::Interior::ponerCanal(int c, int estado) {
@@ -101,6 +106,7 @@ void gestcomm::Interior::falloTrama(int id, int error, const QString& texto) {
   t->contarFallo(&TareaViva::FallosTrama, &TareaViva::tramaSinAvance);
   canales[static_cast<size_t>(t->Canal)].limite = 0;
   ponerCanal(t->Canal, kConFallo);
+  if (t->trabajo) t->trabajo->reposo();
   cambio(*t);
 }
 
@@ -117,7 +123,10 @@ void gestcomm::Interior::falloTarea(int id, const Error& error) {
     marcarFallida(*t);
     return suprimir(id, error.texto);
   }
-  falloTrama(id, error.clase == Fallo::Formato ? kErrorTrama : kErrorAlmacen, error.texto);
+  const int codigo = error.clase == Fallo::Formato        ? kErrorTrama
+                     : error.clase == Fallo::Comunicacion ? error.numero
+                                                          : kErrorAlmacen;
+  falloTrama(id, codigo, error.texto);
   decir(*t, error.texto);
 }
 
@@ -128,6 +137,7 @@ void gestcomm::Interior::enlacePerdido(int id, int error) {
   t->Error = error;
   t->contarFallo(&TareaViva::FallosTrama, &TareaViva::tramaSinAvance);
   ponerCanal(t->Canal, kPerdido);
+  if (t->trabajo) t->trabajo->reposo();
   cambio(*t);
 }
 
@@ -186,8 +196,9 @@ void gestcomm::Interior::respuesta(int c, int error, int addr, int codigo, const
   if (t->Estado != kTransfiriendo && !tarde) return;
   const int id = t->datos.Id;
   const bool callada = error != 0 && error != enlace::kErrorRechazo && !t->Retenida;
-  if (callada && t->trabajo->sinRespuesta()) return siguienteTrama(id);
+  if (callada && t->trabajo->sinRespuesta(error)) return siguienteTrama(id);
   if (error == 0) error = deLista ? 0 : errorDeMaquina(datos, t->clase->toleraErr5);
+  if (esRechazo(error) && t->trabajo->rechazada(error)) return seguir(*t);
   if (error != 0) return falloTrama(id, error);
   t->Estado = kTransfiriendo;
   canales[static_cast<size_t>(c)].limite = 0;
@@ -198,9 +209,17 @@ void gestcomm::Interior::respuesta(int c, int error, int addr, int codigo, const
   t->Error = 0;
   t->textoError.clear();
   ++t->Traza;
-  if (t->Retenida) t->Estado = kRetenido;
-  cambio(*t);
-  if ((t = tarea(id)) && t->Estado == kTransfiriendo) siguienteTrama(id);
+  seguir(*t);
+}
+
+// A step is over: the next one, unless the operator holds the task.
+void gestcomm::Interior::seguir(TareaViva& t) {
+  const int id = t.datos.Id;
+  t.Estado = t.Retenida ? kRetenido : kTransfiriendo;
+  canales[static_cast<size_t>(t.Canal)].limite = 0;
+  if (t.Retenida) t.trabajo->reposo();
+  cambio(t);
+  if (const TareaViva* viva = tarea(id); viva && viva->Estado == kTransfiriendo) siguienteTrama(id);
 }
 
 }  // namespace tarvo::motor

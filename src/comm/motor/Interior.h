@@ -147,6 +147,7 @@ struct gestcomm::Interior {
   void abierto(int canal, int error);
   void cerrado(int canal, int error);
   void respuesta(int canal, int error, int addr, int codigo, const QByteArray& datos, bool deLista);
+  void seguir(TareaViva& t);
 
   // Ordenes.cpp: the operator
   void detener(int id);

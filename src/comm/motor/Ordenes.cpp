@@ -19,6 +19,7 @@ void gestcomm::Interior::detener(int id) {
     case kRetenido: {
       const bool enMarcha = t->Estado == kTransfiriendo;
       t->Estado = kDetenido;
+      if (t->trabajo) t->trabajo->reposo();
       marcarFallida(*t);
       if (tareaDe(c) == t) {
         liberarCanal(c);

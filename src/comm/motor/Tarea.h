@@ -80,7 +80,8 @@ struct Entorno {
 // The run of one task, made at its first connection and kept over retries. Nothing here knows of
 // links or channels. A failed call fails the frame: the retry rule decides. A failure of class
 // Formato or of the store is said, with its text as a sentence that names the group and what was
-// being read; one with number kErrorSuprimido ends the task. Nothing that a machine gave may be
+// being read; one of class Comunicacion has the code of a refusal; one with number kErrorSuprimido
+// ends the task. Nothing that a machine gave may be
 // lost by a retry, and nothing may be told to be forgotten before it is on disk.
 class TrabajoTarea {
  public:
@@ -99,16 +100,20 @@ class TrabajoTarea {
   // The task goes on after a failure or on a new link: a list that must start again forgets what it
   // had of the machine now served.
   virtual void reanudar() {}
-  // The machine has not answered the present step. True: siguiente() has something else to do on
-  // this link, and the failure doesn't count.
-  virtual bool sinRespuesta() { return false; }
+  // The machine has not answered the present step, or it refused it; with the code. True:
+  // siguiente() has something else to do on this link, and the failure doesn't count.
+  virtual bool sinRespuesta(int /*error*/) { return false; }
+  virtual bool rechazada(int /*error*/) { return false; }
+  // No step follows for now, since one failed, the link went away or the operator holds the task:
+  // what has been done goes to disk.
+  virtual void reposo() {}
   // ReglaReintento saw a failure of this task.
   virtual void fallo() {}
   // CierreTarea: stores what was read, marks the session. When it fails the task has failed, and is
   // tried again.
   virtual Resultado<std::vector<totals::Aviso>> cerrar() = 0;
-  // The task is given up.
-  virtual void abandonar() {}
+  // The task is given up; what there is to tell of it.
+  virtual std::vector<totals::Aviso> abandonar() { return {}; }
   // What it is now at, for the grid ("P 0000123"), and the last code for reports.
   virtual QString MostrarTraza() const { return {}; }
   virtual qint64 codigoActual() const { return 0; }

@@ -6,7 +6,15 @@ namespace tarvo::motor {
 
 namespace {
 
-constexpr int kUltimoErrorConTexto = 208;
+constexpr int kUltimoErrorDeMaquina = 104, kPrimerErrorDeModem = 200, kUltimoErrorDeModem = 208;
+
+// Between the machines' and the modems' the numbers hold other texts.
+QString mensajeError(int codigo, const Textos& textos) {
+  if (codigo >= 1 && codigo <= kUltimoErrorDeMaquina) return textos(kTxError + codigo);
+  if (codigo >= kPrimerErrorDeModem && codigo <= kUltimoErrorDeModem)
+    return textos(kTxErrorModem + codigo - kPrimerErrorDeModem);
+  return {};
+}
 
 QString cabeceraError(int codigo, const Textos& textos) {
   if (codigo < 100) return {};
@@ -25,8 +33,7 @@ QString detalleError(int codigo, const Textos& textos) {
 TextosError textosError(int codigo, const Textos& textos) {
   TextosError t;
   t.cabecera = cabeceraError(codigo, textos);
-  if (codigo < 1 || codigo > kUltimoErrorConTexto) return t;
-  t.mensaje = textos(kTxError + codigo);
+  t.mensaje = mensajeError(codigo, textos);
   t.detalle = detalleError(codigo, textos);
   return t;
 }

@@ -4,8 +4,9 @@
 namespace tarvo::motor {
 
 enum TextoMotor : int {
-  kTxError = 2000,   // to 2208: by error code
-  kTxEstado = 2210,  // to 2218: by state of a task
+  kTxError = 2000,       // to 2104: by error code
+  kTxErrorModem = 2200,  // to 2208: by error code less 200
+  kTxEstado = 2210,      // to 2218: by state of a task
   kTxNoOlvidar = 2220,
   kTxFalloSinAnotar = 2221,
   kTxBalanzasContestan = 2225,

@@ -9,6 +9,10 @@ namespace tarvo::tareas {
 
 using Trabajo = std::unique_ptr<motor::TrabajoTarea>;
 
+Trabajo crearTxPlus(const motor::DatosTarea&, const motor::Entorno&);
+Trabajo crearBorrPlu(const motor::DatosTarea&, const motor::Entorno&);
+Trabajo crearRxDatPlu(const motor::DatosTarea&, const motor::Entorno&);
+Trabajo crearTPreci(const motor::DatosTarea&, const motor::Entorno&);
 Trabajo crearTxZero(const motor::DatosTarea&, const motor::Entorno&);
 Trabajo crearTxHora(const motor::DatosTarea&, const motor::Entorno&);
 Trabajo crearTxCerr(const motor::DatosTarea&, const motor::Entorno&);

@@ -38,9 +38,10 @@ class Lista : public motor::TrabajoTarea {
     return std::vector<totals::Aviso>{};
   }
   // What it was still owed may come to the next list of the group.
-  void abandonar() final {
+  std::vector<totals::Aviso> abandonar() final {
     static_cast<void>(
         e_.db.ejecutar(u"INSERT OR REPLACE INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, 1)", nota()));
+    return {};
   }
   // The link or an answer failed: late ones may come, and no frame says which lines it holds.
   void reanudar() override {

@@ -9,10 +9,11 @@ motor::RegistroTareas registro() {
     int numero;
     Trabajo (*crear)(const motor::DatosTarea&, const motor::Entorno&);
   };
-  constexpr Fabrica kFabricas[] = {{6, crearTxZero},   {7, crearTxHora},   {9, crearTxCerr},
-                                   {16, crearRxPlus},  {17, crearRxGrTot}, {18, crearRxOpera},
-                                   {19, crearRxDepar}, {20, crearRxHorar}, {21, crearRxOpHor},
-                                   {22, crearRxPedid}, {23, crearRxInven}};
+  constexpr Fabrica kFabricas[] = {{1, crearTxPlus},    {10, crearBorrPlu}, {11, crearTPreci},
+                                   {24, crearRxDatPlu}, {6, crearTxZero},   {7, crearTxHora},
+                                   {9, crearTxCerr},    {16, crearRxPlus},  {17, crearRxGrTot},
+                                   {18, crearRxOpera},  {19, crearRxDepar}, {20, crearRxHorar},
+                                   {21, crearRxOpHor},  {22, crearRxPedid}, {23, crearRxInven}};
   motor::RegistroTareas r;
   for (motor::ClaseTarea& c : motor::TablaClases()) {
     for (const Fabrica& f : kFabricas)

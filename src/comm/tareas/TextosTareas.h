@@ -4,6 +4,20 @@
 namespace tarvo::tareas {
 
 enum TextoTareas : int {
+  // How a sending of articles went.
+  kTxArticulosEnviados = 2110,
+  kTxPreciosEnviados = 2111,
+  kTxSinArticulosQueEnviar = 2112,
+  kTxArticuloRetenido = 2113,
+  kTxArticuloRechazado = 2114,
+  kTxArticulosDeMas = 2115,
+  kTxTarifaDesconocida = 2116,
+  kTxSinCajasALasQueEnviar = 2117,
+  kTxRechazado = 2118,
+  kTxErrorNumero = 2119,
+  kTxNoLoTiene = 2120,
+  kTxFichasLeidas = 2121,
+  kTxArticulosBorrados = 2122,
   kTxEnGrupo = 2240,
   kTxGrupoBorrado = 2241,
   kTxListaVacia = 2242,

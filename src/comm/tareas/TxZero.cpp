@@ -41,7 +41,7 @@ class Cero final : public motor::TrabajoTarea {
   }
   // At once, while the link is there and nothing new is sold: what it holds, and then the order
   // once more.
-  bool sinRespuesta() override {
+  bool sinRespuesta(int) override {
     if (prueba_ || !m_.anunciada || std::exchange(m_.insistida, true)) return false;
     dudar();
     return true;

@@ -6,16 +6,27 @@
 
 namespace tarvo::dao {
 
+namespace {
+
+constexpr qsizetype kLibresMayor = 200;
+
+}  // namespace
+
+void Preparada::soltar() {
+  if (s_) con_->guardar(s_);
+  s_ = nullptr;
+}
+
 Preparada& Preparada::operator=(Preparada&& otra) noexcept {
   if (this == &otra) return *this;
-  sqlite3_finalize(s_);
+  soltar();
   con_ = otra.con_;
   s_ = std::exchange(otra.s_, nullptr);
   return *this;
 }
 
 Preparada::~Preparada() {
-  sqlite3_finalize(s_);
+  soltar();
 }
 
 void Preparada::ligar(int parametro, qint64 n) {
@@ -68,7 +79,25 @@ Resultado<> Preparada::ejecutar() {
 
 Conexion::~Conexion() {
   for (Preparada* p : {&begin_, &commit_, &rollback_}) *p = Preparada();
+  vaciarLibres();
   sqlite3_close_v2(db_);
+}
+
+void Conexion::vaciarLibres() {
+  for (sqlite3_stmt* s : std::as_const(libres_)) sqlite3_finalize(s);
+  libres_.clear();
+}
+
+void Conexion::guardar(sqlite3_stmt* s) {
+  const QByteArray sql(sqlite3_sql(s));
+  if (libres_.contains(sql)) {
+    sqlite3_finalize(s);
+    return;
+  }
+  if (libres_.size() >= kLibresMayor) vaciarLibres();  // texts that never come again
+  sqlite3_reset(s);
+  sqlite3_clear_bindings(s);
+  libres_.insert(sql, s);
 }
 
 Error Conexion::error(int codigo) const {
@@ -77,6 +106,7 @@ Error Conexion::error(int codigo) const {
 
 Resultado<Preparada> Conexion::preparar(const QString& sql) {
   const QByteArray utf8 = sql.toUtf8();
+  if (sqlite3_stmt* libre = libres_.take(utf8)) return Preparada(this, libre);
   sqlite3_stmt* s = nullptr;
   const char* cola = nullptr;
   const int rc = sqlite3_prepare_v3(db_, utf8.constData(), static_cast<int>(utf8.size()),

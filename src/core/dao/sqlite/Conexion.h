@@ -17,7 +17,7 @@ namespace tarvo::dao {
 class Conexion;
 
 // A prepared statement. Whoever steps it resets it before handing control back: no statement stays
-// open.
+// open. REQUIRES that its connection outlives it, which keeps it for the next use of its text.
 class Preparada {
  public:
   Preparada() = default;
@@ -43,6 +43,8 @@ class Preparada {
   Resultado<> ejecutar();
 
  private:
+  void soltar();
+
   Conexion* con_ = nullptr;
   sqlite3_stmt* s_ = nullptr;
 };
@@ -59,6 +61,8 @@ class Conexion {
   // One statement of the engine's own SQL; Formato when there is none or more than one.
   Resultado<Preparada> preparar(const QString& sql);
   Resultado<> ejecutar(const QString& sql);
+  // Takes a statement that nobody uses any more.
+  void guardar(sqlite3_stmt* s);
 
   // --- transactions: depth 1 is the engine's transaction, deeper ones are savepoints
   // ----------------
@@ -78,11 +82,14 @@ class Conexion {
 
  private:
   Resultado<> ejecutarGuardada(Preparada& p, const QString& sql);
+  void vaciarLibres();
 
   sqlite3* db_;
   int profundidad_ = 0;
   qint64 otrosCambios_ = 0;
   Preparada begin_, commit_, rollback_;
+  // By text. Recordsets come and go; to prepare theirs anew costs more than to use them.
+  QHash<QByteArray, sqlite3_stmt*> libres_;
 };
 
 }  // namespace tarvo::dao

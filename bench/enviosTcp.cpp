@@ -1,0 +1,152 @@
+// Articles to one group of scales over TCP on this computer, beside the same frames through the
+// bare link, with no engine, no database and no article behind them.
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QFile>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QThread>
+#include <atomic>
+
+#include "Comun.h"
+#include "Razones.h"
+#include "comm/enlace/FabricaReal.h"
+#include "comm/envios/TablasEnvios.h"
+#include "comm/motor/gestcomm.h"
+#include "comm/tareas/Registro.h"
+#include "comm/tramas/Trama.h"
+#include "textos/TextosDePrueba.h"
+
+namespace tarvo::banco {
+namespace {
+
+constexpr int kArticulosTcp = 10'000, kVueltasTcp = 7, kCodigoArticulo = 100;
+
+// A scale that takes everything.
+class Balanza final : public QThread {
+ public:
+  ~Balanza() override {
+    quit();
+    wait();
+  }
+  quint16 arrancar() {
+    start();
+    while (puerto_ == 0) QThread::usleep(100);
+    return puerto_;
+  }
+
+ protected:
+  void run() override {
+    QTcpServer servidor;
+    servidor.listen(QHostAddress::AnyIPv4);
+    QObject::connect(&servidor, &QTcpServer::newConnection, &servidor, [&] {
+      while (QTcpSocket* s = servidor.nextPendingConnection()) atender(s);
+    });
+    puerto_ = servidor.serverPort();
+    exec();
+  }
+
+ private:
+  static void atender(QTcpSocket* s) {
+    s->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    auto turno = std::make_shared<int>(0);
+    const QByteArray cuerpo = tramas::cuerpoVEK(0, kCodigoArticulo, {});
+    QObject::connect(s, &QTcpSocket::readyRead, s, [=] {
+      if (s->readAll().contains(tramas::kETX))
+        s->write(tramas::kACK + tramas::construirVEK(++*turno % 2, cuerpo));
+    });
+  }
+  std::atomic<quint16> puerto_ = 0;
+};
+
+struct Cliente final : enlace::ClienteEnlace {
+  enlace::Enlaces* enlaces = nullptr;
+  QByteArray registro;
+  int faltan = 0;
+  bool abierto = false;
+  void Abrir_Evento(int, int error) override { abierto = error == 0; }
+  void Cerrar_Evento(int, int) override {}
+  void EnvioVEK_Evento(int canal, int, int, int, const QByteArray&) override {
+    if (--faltan > 0) (*enlaces)[canal]->Enviar(0, kCodigoArticulo, registro);
+  }
+  void EnvioNDL_Evento(int, int) override {}
+  void ReciboNDL_Evento(int, int, int, const QByteArray&) override {}
+  void ReciboVEK_Evento(int, int, int, int, const QByteArray&) override {}
+  void CD_Evento(int, bool) override {}
+  bool encaja(int, int, int codigo, const QByteArray&) override {
+    return codigo == kCodigoArticulo;
+  }
+};
+
+template <class Hasta>
+void esperarTcp(const Hasta& hasta) {
+  while (!hasta()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+// The engine with its database on connector G1, and a bare link on connector G2.
+class Mesa {
+ public:
+  explicit Mesa(quint16 puerto) {
+    bien(envios::asegurarTablasEnvios(*db_));
+    bien(db_->ejecutar(u"UPDATE PLUSES SET DEPTO=1"));
+    QFile f(carpeta_.filePath(QStringLiteral("CONECTORES.INI")));
+    if (!f.open(QIODevice::WriteOnly)) morir(f.errorString());
+    for (int i = 1; i <= 2; ++i)
+      f.write(QStringLiteral("G%1= tcp:127.0.0.%1:%2\r\n").arg(i).arg(puerto).toLatin1());
+    f.close();
+    bien(sesion_.cargar());
+    cliente_.enlaces = &enlaces_;
+    cliente_.registro = QByteArray(90, '7');
+    enlaces_.AbrirEnlace(enlace::kVekMotor, kCanalDesnudo, 0, QStringLiteral("G2"), &cliente_);
+    esperarTcp([&] { return cliente_.abierto; });
+  }
+  // Every article, to a group that has none yet; opening and closing aren't timed.
+  void enviar(const Cronometro& medir) {
+    for (const char16_t* t : {u"DELETE FROM [Cross]", u"DELETE FROM Enviados"})
+      bien(db_->ejecutar(t));
+    if (motor_.NuevaTarea(1, true, 0, 9'999'999, 1) != 0) morir(QStringLiteral("sin tarea"));
+    const auto tarea = [&] { return motor_.tareas().front(); };
+    esperarTcp([&] { return tarea().Traza >= 0; });
+    medir([&] { esperarTcp([&] { return tarea().Estado != motor::kTransfiriendo; }); });
+    esperarTcp([&] { return motor_.tareas().empty(); });
+    const auto filas = bien(db_->uno(u"SELECT count(*) FROM [Cross] WHERE borra=0")).entero();
+    if (filas < kArticulosTcp - 2) morir(QStringLiteral("%1 artículos").arg(filas));
+  }
+  void preguntar() {
+    cliente_.faltan = kArticulosTcp;
+    enlaces_[kCanalDesnudo]->Enviar(0, kCodigoArticulo, cliente_.registro);
+    esperarTcp([&] { return cliente_.faltan == 0; });
+  }
+
+ private:
+  static constexpr int kCanalDesnudo = 20;
+  QTemporaryDir carpeta_;
+  std::unique_ptr<dao::Database> db_ =
+      hacerTienda(carpeta_.filePath(QStringLiteral("TARVO.MDB")), 1, kArticulosTcp);
+  RelojReal reloj_;
+  Ajustes ajustes_{carpeta_.path(), Idioma::Espanol};
+  enlace::FabricaReal fabrica_{reloj_, ajustes_};
+  Azar azar_{1};
+  Cliente cliente_;
+  enlace::Enlaces enlaces_{reloj_, ajustes_, fabrica_, azar_};
+  totals::Sesion sesion_{*db_, ajustes_, reloj_, textosDePrueba()};
+  motor::RegistroTareas registro_ = tareas::registro();
+  motor::gestcomm motor_{{*db_, ajustes_, reloj_, sesion_, textosDePrueba()}, enlaces_, registro_};
+};
+
+double medirTcp() {
+  int argc = 1;
+  char nombre[] = "tarvo-bench";
+  char* argv[] = {nombre, nullptr};
+  std::unique_ptr<QCoreApplication> app;
+  if (!QCoreApplication::instance()) app = std::make_unique<QCoreApplication>(argc, argv);
+  Balanza balanza;
+  Mesa mesa(balanza.arrancar());
+  return razonDe([&](const Cronometro& c) { mesa.enviar(c); },
+                 [&](const Cronometro& c) { c([&] { mesa.preguntar(); }); }, kVueltasTcp);
+}
+
+const Registro kTcp("envios.tcp", 0.7, medirTcp);
+
+}  // namespace
+}  // namespace tarvo::banco

@@ -1,0 +1,2 @@
+tarvo_fuzz(plu LINKS importar)
+tarvo_fuzz(tabla LINKS importar)

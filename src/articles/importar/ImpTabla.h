@@ -1,0 +1,84 @@
+// Articles from a table: first a dry run that says what would change, then all of it in one
+// transaction through the catalogue. The machines hear of each change, the history of prices too,
+// and the whole can be undone.
+#pragma once
+
+#include "articles/Lotes.h"
+#include "articles/importar/FilaArticulo.h"
+#include "articles/importar/Lineas.h"
+
+namespace tarvo::importar {
+
+enum class Que { Nuevo, Cambia, Igual, Rechazada };
+
+struct Cambio {
+  Campo campo;
+  QString antes, ahora;  // as they are shown; `antes` is empty for a new article
+};
+
+struct Propuesta {
+  int linea = 0;
+  Que que = Que::Rechazada;
+  articles::ClaveArticulo clave;
+  QString nombre;
+  std::vector<Cambio> cambios;
+  QString motivo;  // of a refusal
+};
+
+// The plan that suits a table: its headings, the decimal sign that most of its numbers show.
+Plan planDe(const Tabla& tabla, const Textos& textos);
+Signo averiguarSigno(const Tabla& tabla, const Plan& plan);
+
+class ImpTabla {
+ public:
+  static constexpr int kFilasPorPaso = 200;
+
+  // REQUIRES that all references outlive it, and a plan with a column for Campo::Codigo.
+  static Resultado<std::unique_ptr<ImpTabla>> crear(dao::Database& db, articles::Catalogo& catalogo,
+                                                    Reloj& reloj, const Ajustes& ajustes,
+                                                    const Tabla& tabla, const Plan& plan);
+  ~ImpTabla();
+
+  // The next rows of the dry run: true while there are more. Writes nothing.
+  Resultado<bool> ensayar();
+  const std::vector<Propuesta>& propuestas() const { return propuestas_; }
+  int cuantas(Que que) const { return cuantas_[static_cast<size_t>(que)]; }
+  int ensayadas() const { return static_cast<int>(propuestas_.size()); }
+  int filas() const;
+
+  struct Hecho {
+    int nuevos = 0, cambiados = 0;
+    std::vector<LineaMala> malas;
+  };
+  // Does it, row by row as they are now. An error leaves everything as it was, and names the line.
+  Resultado<Hecho> aplicar(const std::function<void(int hechas)>& avance = {});
+
+ private:
+  struct Pase;
+  struct Propuesto;
+  ImpTabla(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj, const Ajustes& ajustes,
+           const Tabla& tabla, Plan plan, Departamentos deptos);
+  Resultado<std::unique_ptr<Pase>> nuevoPase();
+  Resultado<Propuesto> proponer(Pase& pase, int fila);
+  // The row as an article; a reason in its stead is a refusal.
+  Resultado<std::expected<articles::Articulo, QString>> leer(
+      Pase& pase, int fila, articles::ClaveArticulo clave,
+      const std::optional<articles::Articulo>& antes);
+  std::vector<Cambio> comparar(const std::optional<articles::Articulo>& antes,
+                               const articles::Articulo& ahora) const;
+  Resultado<> escribir(qint64 lote, const Propuesto& p);
+
+  dao::Database& db_;
+  articles::Catalogo& catalogo_;
+  articles::Lotes lotes_;
+  const Ajustes& ajustes_;
+  const Tabla& tabla_;
+  const Plan plan_;
+  const Departamentos deptos_;
+  const Filas lector_;
+  std::unique_ptr<Pase> ensayo_;
+  std::vector<Propuesta> propuestas_;
+  std::array<int, 4> cuantas_{};
+};
+
+}  // namespace tarvo::importar

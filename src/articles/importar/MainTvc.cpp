@@ -1,0 +1,116 @@
+#include "articles/importar/MainTvc.h"
+
+#include "articles/importar/TextosImportar.h"
+
+namespace tarvo::importar {
+
+using namespace Qt::StringLiterals;
+using articles::Articulo;
+
+namespace {
+
+const QString kVentanaTvc = u"MainTvc"_s;
+
+void aplicar(const RegistroTvc& r, const SitioTvc& sitio, const QString& prefijo, Articulo& a) {
+  a.clave = sitio.clave;
+  a.nombre = r.nombre;
+  a.precios[0][static_cast<size_t>(sitio.tarifa)] = r.precio;
+  a.cada = r.porPeso ? articles::kPorKilo : articles::kPorUnidad;
+  a.coste = r.coste;
+  a.depto = r.depto;
+  a.pfxBar = prefijo;
+}
+
+}  // namespace
+
+MainTvc::MainTvc(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj, QByteArray bytes)
+    : db_(db), catalogo_(catalogo), lotes_(db, catalogo, reloj), lineas_(std::move(bytes)) {}
+
+Resultado<std::unique_ptr<MainTvc>> MainTvc::abrir(dao::Database& db, articles::Catalogo& catalogo,
+                                                   Reloj& reloj, const QString& ruta) {
+  auto bytes = leerFichero(ruta, catalogo.textos());
+  if (!bytes) return std::unexpected(bytes.error());
+  if (bytes->trimmed().isEmpty())
+    return fallo(Fallo::Formato, catalogo.textos()(kTxFicheroVacio, {NombreFichero(ruta)}));
+  return std::unique_ptr<MainTvc>(new MainTvc(db, catalogo, reloj, std::move(*bytes)));
+}
+
+Resultado<bool> MainTvc::paso(const DestinoTvc& destino) {
+  const Cuenta antes = cuenta_;
+  auto hecho = lineas(destino);
+  if (!hecho) cuenta_ = antes;
+  return hecho;
+}
+
+Resultado<bool> MainTvc::lineas(const DestinoTvc& destino) {
+  auto t = dao::Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  if (lote_ == 0) {
+    const auto lote = lotes_.empezar(kVentanaTvc);
+    if (!lote) return std::unexpected(lote.error());
+    lote_ = *lote;
+  }
+  bool hayMas = true;
+  for (int i = 0; hayMas && i < kLineasPorPaso; ++i) {
+    const auto r = linea(destino);
+    if (!r) return r;
+    hayMas = *r;
+  }
+  TARVO_INTENTAR(t->confirmar());
+  return hayMas;
+}
+
+Resultado<bool> MainTvc::linea(const DestinoTvc& destino) {
+  if (!lineas_.siguiente()) return false;
+  if (lineas_.linea().trimmed().isEmpty()) return true;
+  ++cuenta_.lineas;
+  actual_ = lineas_.linea().mid(6, 25);
+  const RegistroTvc r = leerLineaTvc(lineas_.linea());
+  const auto sitio = sitioDe(r, destino);
+  if (!sitio) return ++cuenta_.sinTarifa, true;
+  if (sitio->clave.deSistema()) {
+    cuenta_.malas.push_back(
+        lineas_.mala(catalogo_.textos()(kTxDelSistema, {Ceros(sitio->clave.codigo, 7)})));
+    return true;
+  }
+  TARVO_INTENTAR(convertir(r, *sitio, prefijoDe(r.depto, destino)));
+  return true;
+}
+
+Resultado<> MainTvc::convertir(const RegistroTvc& r, const SitioTvc& sitio,
+                               const QString& prefijo) {
+  TARVO_INTENTAR(asegurarSeccion(sitio.clave.seccion));
+  const auto hay = catalogo_.leer(sitio.clave);
+  if (!hay) return std::unexpected(hay.error());
+  TARVO_INTENTAR(lotes_.guardar(lote_, sitio.clave));
+  Articulo a = hay->value_or(Articulo{});
+  aplicar(r, sitio, prefijo, a);
+  ++(*hay ? cuenta_.cambiados : cuenta_.nuevos);
+  if (*hay) return catalogo_.modificar(sitio.clave, a, kVentanaTvc);
+  TARVO_INTENTAR(catalogo_.crear(a, kVentanaTvc));
+  return ponerInicial(sitio.clave, r.inicial);
+}
+
+Resultado<> MainTvc::asegurarSeccion(int seccion) {
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (?, ?) ON CONFLICT (NMSECC) DO NOTHING", seccion,
+      catalogo_.textos()(kTxSeccionNueva, {seccion})));
+  return {};
+}
+
+// Into the first warehouse, in the order of their codes.
+Resultado<> MainTvc::ponerInicial(articles::ClaveArticulo clave, qint64 inicial) {
+  if (inicial == 0) return {};
+  TARVO_INTENTAR(
+      db_.ejecutar(u"INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Inicial) SELECT min(CODALM), ?, "
+                   u"?, ? FROM ALMACEN HAVING count(*)>0",
+                   clave.seccion, clave.codigo, inicial));
+  return {};
+}
+
+Resultado<> MainTvc::acabar() {
+  if (lote_ == 0) return {};
+  return cuenta_.nuevos + cuenta_.cambiados > 0 ? lotes_.acabar(lote_) : lotes_.olvidar(lote_);
+}
+
+}  // namespace tarvo::importar

@@ -1,0 +1,52 @@
+// The articles of the former system into the catalogue, in slices. The machines hear of each; the
+// whole run is one batch, which can be undone (sections that it made stay).
+#pragma once
+
+#include "articles/Lotes.h"
+#include "articles/importar/LineaTvc.h"
+#include "articles/importar/Lineas.h"
+
+namespace tarvo::importar {
+
+class MainTvc {
+ public:
+  static constexpr int kLineasPorPaso = 100;
+
+  // REQUIRES that the references outlive it. Errors: those of leerFichero; Formato for a file
+  // without a line.
+  static Resultado<std::unique_ptr<MainTvc>> abrir(dao::Database& db, articles::Catalogo& catalogo,
+                                                   Reloj& reloj, const QString& ruta);
+
+  // The next lines, as one transaction: true while there is more to do.
+  Resultado<bool> paso(const DestinoTvc& destino);
+  // Closes the batch, when the run is over in whichever way.
+  Resultado<> acabar();
+
+  struct Cuenta {
+    int lineas = 0, nuevos = 0, cambiados = 0;
+    int sinTarifa = 0;  // lines whose section is in none of the tarifas' boxes
+    std::vector<LineaMala> malas;
+  };
+  const Cuenta& cuenta() const { return cuenta_; }
+  const QString& actual() const { return actual_; }  // 25 characters of the last line
+  qint64 leidos() const { return lineas_.leidos(); }
+  qint64 tamano() const { return lineas_.tamano(); }
+
+ private:
+  MainTvc(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj, QByteArray bytes);
+  Resultado<bool> lineas(const DestinoTvc& destino);
+  Resultado<bool> linea(const DestinoTvc& destino);
+  Resultado<> convertir(const RegistroTvc& r, const SitioTvc& sitio, const QString& prefijo);
+  Resultado<> asegurarSeccion(int seccion);
+  Resultado<> ponerInicial(articles::ClaveArticulo clave, qint64 inicial);
+
+  dao::Database& db_;
+  articles::Catalogo& catalogo_;
+  articles::Lotes lotes_;
+  Lineas lineas_;
+  Cuenta cuenta_;
+  QString actual_;
+  qint64 lote_ = 0;
+};
+
+}  // namespace tarvo::importar

@@ -1,0 +1,144 @@
+#include "articles/importar/ventanas/ImpPLUVentana.h"
+
+#include <QListWidget>
+
+#include "articles/importar/ventanas/ComunImportar.h"
+#include "articles/importar/ventanas/TextosImportarVentanas.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/Ventanas.h"
+
+namespace tarvo::importar {
+
+using namespace Qt::StringLiterals;
+
+ImpPLUVentana::ImpPLUVentana(ventanas::Contexto& contexto, const QString& nombre,
+                             articles::Catalogo& catalogo)
+    : Ventana(contexto, nombre),
+      catalogo_(catalogo),
+      lotes_(contexto.db, catalogo, contexto.reloj) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+}
+
+void ImpPLUVentana::montar() {
+  ui_.ficheros->preparar(contexto().textos, {u"*.PLU"_s});
+  prepararMalas(*ui_.malas, contexto(), nombre());
+  ui_.BorrPrevio->setChecked(true);
+  ui_.deshacer->setIcon(ventanas::icono(u"atras"_s));
+  ui_.tabla->setIcon(ventanas::icono(u"columnas"_s));
+  ventanas::ponerLetra(*ui_.aviso, ventanas::Letra::Secundaria);
+  connect(ui_.ficheros, &PanelFicheros::escogido, this, &ImpPLUVentana::abrir);
+  connect(ui_.Haz, &QPushButton::clicked, this, &ImpPLUVentana::Haz);
+  connect(ui_.Alto, &QPushButton::clicked, this, &ImpPLUVentana::Alto);
+  connect(ui_.deshacer, &QPushButton::clicked, this, &ImpPLUVentana::deshacer);
+  connect(ui_.tabla, &QPushButton::clicked, this,
+          [this] { contexto().ventanas.abrir(u"ImpTabla"_s, this, argumentos_); });
+  connect(ui_.Cerrar, &QPushButton::clicked, this, &ImpPLUVentana::rechazar);
+}
+
+Resultado<> ImpPLUVentana::preparar(const ventanas::Argumentos& argumentos) {
+  if (trabajo().enMarcha()) return {};
+  argumentos_ = argumentos;
+  ui_.ficheros->setCarpeta(argumentos.value(u"carpeta"_s, contexto().ajustes.HomeDir).toString());
+  ponerEstado(kSinFichero);
+  return {};
+}
+
+// What was read so far stays, and can be undone.
+bool ImpPLUVentana::QueryUnload() {
+  trabajo().parar();
+  return false;
+}
+
+void ImpPLUVentana::ponerEstado(Estado estado) {
+  estado_ = estado;
+  constexpr std::array kTextos{kTxSeleccione,   kTxListo,    kTxLeyendo,       kTxLeyendo,
+                               kTxInterrumpido, kTxConExito, kTxNoReconocibles};
+  ui_.mensaje->setText(t(kTextos.at(static_cast<size_t>(estado))));
+  const bool elegir = estado == kSinFichero, moviendo = trabajo().enMarcha();
+  ui_.ficheros->setEnabled(elegir);
+  ui_.marcoExiste->setEnabled(!moviendo);
+  ui_.Haz->setEnabled(!elegir && !moviendo);
+  ui_.Haz->setText(t(estado == kPreparado ? kTxLanzar : kTxOtroFichero));
+  ui_.Alto->setEnabled(estado == kPreparado || moviendo);
+  ui_.deshacer->setEnabled(!moviendo && hayQueDeshacer(*this, lotes_));
+  if (elegir) {
+    motor_.reset();
+    ui_.CodAct->clear();
+    ui_.Conta->clear();
+    ponerMalas(*ui_.malas, {});
+    ui_.ficheros->setFocus();
+  } else if (!moviendo) {
+    ui_.Haz->setFocus();
+  }
+}
+
+void ImpPLUVentana::abrir(const QString& ruta) {
+  auto motor = ImpPLU::abrir(contexto().db, catalogo_, contexto().reloj, ruta);
+  if (!haIdoBien(motor)) return ponerEstado(kConErrores);
+  motor_ = std::move(*motor);
+  ui_.CodAct->setText(NombreFichero(ruta));
+  ponerEstado(kPreparado);
+}
+
+void ImpPLUVentana::Haz() {
+  if (estado_ != kPreparado) return ponerEstado(kSinFichero);
+  const auto siExiste =
+      ui_.BorrPrevio->isChecked() ? SiExiste::Sobreescribirlo : SiExiste::Conservarlo;
+  trabajo().empezar(
+      t(kTxLeyendo),
+      [this, siExiste](Trabajo::Avance& a) {
+        auto r = motor_->paso(siExiste);
+        a.hechos = motor_->leidos();
+        a.total = motor_->tamano();
+        mostrarCuenta();
+        return r;
+      },
+      [this](const Resultado<Trabajo::Fin>& fin) { acabar(fin); });
+  if (trabajo().enMarcha()) ponerEstado(kEnProceso);
+}
+
+void ImpPLUVentana::Alto() {
+  if (!trabajo().enMarcha()) return ponerEstado(kSinFichero);
+  ponerEstado(kParando);
+  trabajo().parar();
+}
+
+void ImpPLUVentana::mostrarCuenta() {
+  ui_.CodAct->setText(motor_->ultimo().trimmed());
+  ui_.Conta->setText(t(kTxNLineas, motor_->cuenta().lineas));
+}
+
+void ImpPLUVentana::acabar(const Resultado<Trabajo::Fin>& fin) {
+  const auto cerrado = motor_->acabar();
+  mostrarCuenta();
+  const auto& malas = motor_->cuenta().malas;
+  ponerMalas(*ui_.malas, malas);
+  if (!fin || !cerrado) {
+    ponerEstado(kConErrores);
+    return decirFallo(fin ? cerrado.error() : fin.error());
+  }
+  if (*fin == Trabajo::Fin::Parado)
+    ponerEstado(kParado);
+  else
+    ponerEstado(malas.empty() ? kRealizado : kConErrores);
+  decirHecho();
+}
+
+void ImpPLUVentana::decirHecho() {
+  const auto& c = motor_->cuenta();
+  QString dicho = contexto().textos(kTxHechoPLU, {c.nuevos, c.sobreescritos, c.conservados});
+  if (motor_->lote() > 0) dicho += u' ' + t(kTxTransmisionCompleta);
+  if (c.parado) dicho = contexto().textos(kTxParadoEnLinea, {c.malas.back().numero}) + u' ' + dicho;
+  if (c.malas.empty()) return decirBien(dicho);
+  decirDuda(t(kTxNMalas, static_cast<int>(c.malas.size())) + u' ' + dicho);
+}
+
+void ImpPLUVentana::deshacer() {
+  if (!deshacerUltimo(*this, lotes_)) return;
+  ponerEstado(kSinFichero);
+}
+
+}  // namespace tarvo::importar

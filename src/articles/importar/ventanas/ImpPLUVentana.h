@@ -1,0 +1,47 @@
+// Articles from a .PLU file: ImpPLU. Takes "carpeta", where it looks for files (the program's own
+// without it), and "seccion", for the window of spreadsheets that it leads to.
+#pragma once
+
+#include "articles/importar/ImpPLU.h"
+#include "core/tiempo/Trabajo.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_ImpPLU.h"
+
+namespace tarvo::importar {
+
+class ImpPLUVentana final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  ImpPLUVentana(ventanas::Contexto& contexto, const QString& nombre, articles::Catalogo& catalogo);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  bool QueryUnload() override;
+
+ private:
+  enum Estado {
+    kSinFichero = 0,
+    kPreparado = 1,
+    kEnProceso = 2,
+    kParando = 3,
+    kParado = 4,
+    kRealizado = 5,
+    kConErrores = 6,
+  };
+  void montar();
+  void ponerEstado(Estado estado);
+  void abrir(const QString& ruta);
+  void Haz();
+  void Alto();
+  void mostrarCuenta();
+  void acabar(const Resultado<Trabajo::Fin>& fin);
+  void decirHecho();
+  void deshacer();
+
+  Ui::ImpPLU ui_;
+  articles::Catalogo& catalogo_;
+  articles::Lotes lotes_;
+  std::unique_ptr<ImpPLU> motor_;
+  ventanas::Argumentos argumentos_;
+  Estado estado_ = kSinFichero;
+};
+
+}  // namespace tarvo::importar

@@ -1,0 +1,232 @@
+#include "articles/importar/ventanas/ImpTablaVentana.h"
+
+#include <QGuiApplication>
+#include <QListWidget>
+
+#include "articles/importar/ventanas/ComunImportar.h"
+#include "articles/importar/ventanas/TextosImportarVentanas.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/Tira.h"
+#include "core/ventanas/TiraTrabajo.h"
+
+namespace tarvo::importar {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// How a text was understood, for the person to see.
+QString comoSeLeyo(const TablaLeida& l, const QString& fichero, const Textos& t) {
+  if (!l.hoja.isEmpty()) return t(kTxLeidaHoja, {fichero, l.hoja, l.tabla.filas()});
+  constexpr std::array kNombres{"UTF-8", "Windows-1252", "UTF-16", "UTF-16"};
+  const QString separador = l.separador == u'\t' ? t(kTxTabulador) : QString(l.separador);
+  return t(kTxLeidoTexto,
+           {fichero, QString::fromLatin1(kNombres.at(static_cast<size_t>(l.codificacion))),
+            separador, l.tabla.filas()});
+}
+
+}  // namespace
+
+ImpTablaVentana::ImpTablaVentana(ventanas::Contexto& contexto, const QString& nombre,
+                                 articles::Catalogo& catalogo)
+    : Ventana(contexto, nombre),
+      catalogo_(catalogo),
+      lotes_(contexto.db, catalogo, contexto.reloj),
+      aparte_(contexto, *this) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+  montarPrevia();
+}
+
+void ImpTablaVentana::montar() {
+  ui_.ficheros->preparar(contexto().textos, {u"*.csv"_s, u"*.txt"_s, u"*.xlsx"_s, u"*.ods"_s});
+  prepararMalas(*ui_.malas, contexto(), nombre());
+  ui_.progreso->hide();
+  ui_.deshacer->setIcon(ventanas::icono(u"atras"_s));
+  connect(ui_.ficheros, &PanelFicheros::escogido, this, &ImpTablaVentana::leer);
+  connect(ui_.ficheros->lista(), &QListWidget::currentRowChanged, this, &ImpTablaVentana::botones);
+  connect(ui_.columnas, &ColumnasTabla::cambiado, this, &ImpTablaVentana::mirarSigno);
+  connect(ui_.signo, &QComboBox::activated, this, [this] { signoElegido_ = true; });
+  connect(ui_.conTitulos, &QCheckBox::clicked, this, &ImpTablaVentana::mostrarColumnas);
+  connect(ui_.atras, &QPushButton::clicked, this, &ImpTablaVentana::atras);
+  connect(ui_.siguiente, &QPushButton::clicked, this, &ImpTablaVentana::siguiente);
+  connect(ui_.Cerrar, &QPushButton::clicked, this, &ImpTablaVentana::rechazar);
+  connect(ui_.deshacer, &QPushButton::clicked, this, [this] {
+    if (deshacerUltimo(*this, lotes_)) irA(kFichero);
+  });
+}
+
+Resultado<> ImpTablaVentana::preparar(const ventanas::Argumentos& argumentos) {
+  if (trabajo().enMarcha() || leyendo_) return {};
+  TARVO_INTENTAR(llenarSecciones(argumentos.value(u"seccion"_s, 0).toInt()));
+  ui_.ficheros->setCarpeta(argumentos.value(u"carpeta"_s, contexto().ajustes.HomeDir).toString());
+  irA(kFichero);
+  return {};
+}
+
+Resultado<> ImpTablaVentana::llenarSecciones(int elegida) {
+  auto rs = contexto().db.consultar(u"SELECT NMSECC, NOMSEC FROM SECCS ORDER BY NMSECC");
+  if (!rs) return std::unexpected(rs.error());
+  ui_.seccion->clear();
+  for (auto& r = **rs; !r.Eof();) {
+    ui_.seccion->addItem(Ceros(r.entero(0), 3) + u"  "_s + r.texto(1), r.entero(0));
+    TARVO_INTENTAR(r.MoveNext());
+  }
+  ui_.seccion->setCurrentIndex(std::max(0, ui_.seccion->findData(elegida)));
+  return {};
+}
+
+bool ImpTablaVentana::QueryUnload() {
+  trabajo().parar();
+  aparte_.olvidar();
+  return false;
+}
+
+void ImpTablaVentana::irA(Paso paso) {
+  paso_ = paso;
+  constexpr std::array kTitulos{kTxPasoFichero, kTxPasoColumnas, kTxPasoPrevia, kTxPasoResultado};
+  ui_.paso->setText(t(kTitulos.at(static_cast<size_t>(paso))));
+  ui_.paginas->setCurrentIndex(paso);
+  if (paso == kFichero) {
+    motor_.reset();
+    leida_.reset();
+    ui_.ficheros->setFocus();
+  }
+  if (paso < kPrevia) motor_.reset();
+  botones();
+  if (paso != kFichero) ui_.siguiente->setFocus();
+}
+
+void ImpTablaVentana::botones() {
+  const bool ocupada = leyendo_ || trabajo().enMarcha();
+  constexpr std::array kTextos{kTxSiguiente, kTxVerCambios, kTxAplicar, kTxOtroFichero};
+  ui_.siguiente->setText(t(kTextos.at(static_cast<size_t>(paso_))));
+  const bool hay = paso_ == kFichero ? ui_.ficheros->lista()->currentItem() != nullptr
+                   : paso_ == kPrevia
+                       ? motor_ && motor_->cuantas(Que::Nuevo) + motor_->cuantas(Que::Cambia) > 0
+                       : true;
+  ui_.siguiente->setEnabled(hay && !ocupada);
+  ui_.atras->setEnabled((paso_ == kColumnas || paso_ == kPrevia) && !ocupada);
+  ui_.paginas->setEnabled(!ocupada);
+  ui_.deshacer->setEnabled(!ocupada && hayQueDeshacer(*this, lotes_));
+}
+
+void ImpTablaVentana::atras() {
+  irA(paso_ == kPrevia ? kColumnas : kFichero);
+}
+
+void ImpTablaVentana::siguiente() {
+  switch (paso_) {
+    case kFichero:
+      Q_EMIT ui_.ficheros->lista()->itemActivated(ui_.ficheros->lista()->currentItem());
+      break;
+    case kColumnas:
+      ensayar();
+      break;
+    case kPrevia:
+      aplicar();
+      break;
+    case kResultado:
+      irA(kFichero);
+  }
+}
+
+// Another thread reads: a big spreadsheet takes seconds.
+void ImpTablaVentana::leer(const QString& ruta) {
+  if (leyendo_) return;
+  leyendo_ = true;
+  fichero_ = NombreFichero(ruta);
+  ui_.paso->setText(contexto().textos(kTxLeyendoFichero, {fichero_}));
+  botones();
+  aparte_.preguntar<TablaLeida>(
+      [ruta, textos = contexto().textos](dao::Database&) { return leerTabla(ruta, textos); },
+      [this](Resultado<TablaLeida> tabla) { leido(std::move(tabla)); });
+}
+
+void ImpTablaVentana::leido(Resultado<TablaLeida> tabla) {
+  leyendo_ = false;
+  if (!haIdoBien(tabla)) return irA(kFichero);
+  leida_ = std::make_unique<TablaLeida>(std::move(*tabla));
+  const Plan p = planDe(leida_->tabla, contexto().textos);
+  ui_.como->setText(comoSeLeyo(*leida_, fichero_, contexto().textos));
+  ui_.conTitulos->setChecked(p.primeraFila > 0);
+  ui_.crearNuevos->setChecked(true);
+  signoElegido_ = false;
+  mostrarColumnas();
+  irA(kColumnas);
+}
+
+void ImpTablaVentana::mostrarColumnas() {
+  Plan p = planDe(leida_->tabla, contexto().textos);
+  if (!ui_.conTitulos->isChecked())
+    p.primeraFila = 0;
+  else if (p.primeraFila == 0)
+    p.primeraFila = 1;
+  ui_.conTitulos->setProperty("primera", p.primeraFila);
+  ui_.columnas->mostrar(leida_->tabla, p, contexto().textos);
+  mirarSigno();
+}
+
+void ImpTablaVentana::mirarSigno() {
+  if (signoElegido_) return;
+  ui_.signo->setCurrentIndex(averiguarSigno(leida_->tabla, plan()) == Signo::Coma ? 0 : 1);
+}
+
+Plan ImpTablaVentana::plan() const {
+  return {.columnas = ui_.columnas->elegidas(),
+          .primeraFila = ui_.conTitulos->property("primera").toInt(),
+          .signo = ui_.signo->currentIndex() == 0 ? Signo::Coma : Signo::Punto,
+          .seccion = ui_.seccion->currentData().toInt(),
+          .crearNuevos = ui_.crearNuevos->isChecked()};
+}
+
+void ImpTablaVentana::ensayar() {
+  const Plan p = plan();
+  if (std::ranges::find(p.columnas, Campo::Codigo) == p.columnas.end())
+    return decirFallo(t(kTxFaltaColumnaCodigo));
+  auto motor = ImpTabla::crear(contexto().db, catalogo_, contexto().reloj, contexto().ajustes,
+                               leida_->tabla, p);
+  if (!haIdoBien(motor)) return;
+  motor_ = std::move(*motor);
+  trabajo().empezar(
+      t(kTxEnsayando),
+      [this](Trabajo::Avance& a) {
+        auto r = motor_->ensayar();
+        a.hechos = motor_->ensayadas();
+        a.total = motor_->filas();
+        return r;
+      },
+      [this](const Resultado<Trabajo::Fin>& fin) { ensayado(fin); });
+  botones();
+}
+
+void ImpTablaVentana::ensayado(const Resultado<Trabajo::Fin>& fin) {
+  if (!haIdoBien(fin) || *fin == Trabajo::Fin::Parado) return irA(kColumnas);
+  tira().quitar();
+  irA(kPrevia);
+  mostrarPropuestas();
+}
+
+// One transaction, which nothing else may come into: the event loop waits, the bar goes on.
+void ImpTablaVentana::aplicar() {
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  ui_.progreso->setRange(0, std::max(1, motor_->filas()));
+  ui_.progreso->show();
+  const int cada = std::max(1, motor_->filas() / 100);
+  auto hecho = motor_->aplicar([this, cada](int hechas) {
+    if (hechas % cada != 0) return;
+    ui_.progreso->setValue(hechas);
+    ui_.progreso->repaint();
+  });
+  ui_.progreso->hide();
+  QGuiApplication::restoreOverrideCursor();
+  if (!haIdoBien(hecho)) return;
+  irA(kResultado);
+  ui_.hecho->setText(contexto().textos(kTxHechoTabla, {hecho->nuevos, hecho->cambiados}));
+  ponerMalas(*ui_.malas, hecho->malas);
+  if (hecho->malas.empty()) return decirBien(ui_.hecho->text());
+  decirDuda(t(kTxNMalas, static_cast<int>(hecho->malas.size())));
+}
+
+}  // namespace tarvo::importar

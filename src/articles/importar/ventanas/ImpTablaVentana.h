@@ -1,0 +1,54 @@
+// Articles from a CSV file or a spreadsheet, in four steps: file, columns, what would change, what
+// was done. Takes "carpeta", where it looks for files (the program's own without it), and
+// "seccion", for rows that don't say theirs.
+#pragma once
+
+#include "articles/importar/ImpTabla.h"
+#include "articles/importar/LeerTabla.h"
+#include "core/tiempo/Trabajo.h"
+#include "core/ventanas/Aparte.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_ImpTabla.h"
+
+namespace tarvo::importar {
+
+class ImpTablaVentana final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  ImpTablaVentana(ventanas::Contexto& contexto, const QString& nombre,
+                  articles::Catalogo& catalogo);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  bool QueryUnload() override;
+
+ private:
+  enum Paso { kFichero, kColumnas, kPrevia, kResultado };
+  void montar();
+  void montarPrevia();
+  Resultado<> llenarSecciones(int elegida);
+  void irA(Paso paso);
+  void atras();
+  void siguiente();
+  void botones();
+
+  void leer(const QString& ruta);
+  void leido(Resultado<TablaLeida> tabla);
+  void mostrarColumnas();
+  void mirarSigno();
+  Plan plan() const;
+  void ensayar();
+  void ensayado(const Resultado<Trabajo::Fin>& fin);
+  void mostrarPropuestas();
+  void aplicar();
+
+  Ui::ImpTabla ui_;
+  articles::Catalogo& catalogo_;
+  articles::Lotes lotes_;
+  ventanas::Aparte aparte_;
+  QString fichero_;
+  std::unique_ptr<TablaLeida> leida_;
+  std::unique_ptr<ImpTabla> motor_;
+  Paso paso_ = kFichero;
+  bool leyendo_ = false, signoElegido_ = false;
+};
+
+}  // namespace tarvo::importar

@@ -1,0 +1,39 @@
+// Articles of the former system: MainTvc. Takes "carpeta", where it looks for files; the program's
+// own without it.
+#pragma once
+
+#include "articles/importar/MainTvc.h"
+#include "core/tiempo/Trabajo.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_MainTvc.h"
+
+namespace tarvo::importar {
+
+class MainTvcVentana final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  MainTvcVentana(ventanas::Contexto& contexto, const QString& nombre, articles::Catalogo& catalogo);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  bool QueryUnload() override;
+
+ private:
+  enum Estado { kSinFichero = 0, kPreparado = 1, kNoVale = 2, kTerminado = 3, kProcesando = 4 };
+  void montar();
+  void ponerEstado(Estado estado);
+  void mostrarDestino();
+  // Nothing when the single section is none; it is said then.
+  std::optional<DestinoTvc> destino();
+  void inicioproceso();
+  void empezar();
+  bool interrumpir();
+  void acabar(const Resultado<Trabajo::Fin>& fin);
+
+  Ui::MainTvc ui_;
+  articles::Catalogo& catalogo_;
+  articles::Lotes lotes_;
+  std::unique_ptr<MainTvc> motor_;
+  QString ruta_;
+  Estado estado_ = kSinFichero;
+};
+
+}  // namespace tarvo::importar

@@ -1,0 +1,67 @@
+#include "articles/importar/ventanas/PanelFicheros.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "articles/importar/ventanas/TextosImportarVentanas.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/Tema.h"
+
+namespace tarvo::importar {
+
+using namespace Qt::StringLiterals;
+
+PanelFicheros::PanelFicheros(QWidget* padre)
+    : QWidget(padre),
+      donde_(new QLabel(this)),
+      lista_(new QListWidget(this)),
+      ninguno_(new QLabel(this)),
+      otra_(new QPushButton(this)) {
+  donde_->setObjectName(u"carpeta"_s);
+  lista_->setObjectName(u"LstFich"_s);
+  otra_->setObjectName(u"otraCarpeta"_s);
+  donde_->setWordWrap(true);
+  ninguno_->setWordWrap(true);
+  ventanas::ponerLetra(*ninguno_, ventanas::Letra::Secundaria);
+  auto* todo = new QVBoxLayout(this);
+  todo->setContentsMargins(0, 0, 0, 0);
+  todo->addWidget(donde_);
+  todo->addWidget(lista_, 1);
+  todo->addWidget(ninguno_);
+  todo->addWidget(otra_);
+  setFocusProxy(lista_);
+  connect(lista_, &QListWidget::itemActivated, this, [this](const QListWidgetItem* i) {
+    Q_EMIT escogido(QDir(carpeta_).filePath(i->text()));
+  });
+  connect(otra_, &QPushButton::clicked, this, &PanelFicheros::escogerCarpeta);
+}
+
+void PanelFicheros::preparar(const Textos& textos, const QStringList& patrones) {
+  patrones_ = patrones;
+  otra_->setText(textos(kTxOtraCarpeta));
+  otra_->setIcon(ventanas::icono(u"abrir"_s));
+  lista_->setAccessibleName(textos(kTxListaFicheros));
+  ninguno_->setText(textos(kTxSinFicheros, {patrones.join(u' ')}));
+}
+
+void PanelFicheros::setCarpeta(const QString& carpeta) {
+  carpeta_ = carpeta;
+  donde_->setText(QDir::toNativeSeparators(carpeta));
+  lista_->clear();
+  lista_->addItems(QDir(carpeta).entryList(patrones_, QDir::Files, QDir::Name | QDir::IgnoreCase));
+  if (lista_->count() > 0) lista_->setCurrentRow(0);
+  ninguno_->setVisible(lista_->count() == 0);
+}
+
+void PanelFicheros::escogerCarpeta() {
+  const QString otra = QFileDialog::getExistingDirectory(this, window()->windowTitle(), carpeta_);
+  if (otra.isEmpty()) return;
+  setCarpeta(otra);
+  lista_->setFocus();
+}
+
+}  // namespace tarvo::importar

@@ -1,0 +1,62 @@
+// Fast entry: an article as a person keys it, its check field by field, and its addition with an
+// empty row of stock in every warehouse.
+#pragma once
+
+#include <vector>
+
+#include "articles/Catalogo.h"
+#include "articles/precios/ParrillaRapida.h"
+
+namespace tarvo::precios {
+
+// In the order of the tab key.
+enum class CampoAlta {
+  Codigo,
+  Nombre,
+  Precios,
+  Unidad,
+  Departamento,
+  Formato,
+  CodBarras,
+  Dias1,
+  Dias2
+};
+inline constexpr int kCamposAlta = 9;
+CampoAlta comoCampoAlta(CampoFijo campo);
+
+// As it was typed.
+struct EntradaAlta {
+  int seccion = 0;
+  QString codigo;  // without the prefix, or whole as FormaAlta::codigo shows it
+  QString nombre;
+  articles::Precios precios{};
+  int cada = -1;  // -1 for none chosen
+  QString departamento, formato, codBarras, dias1, dias2;
+};
+
+class AltaRapida {
+ public:
+  // REQUIRES that all references outlive it.
+  AltaRapida(dao::Database& db, articles::Catalogo& catalogo, FormaAlta forma)
+      : db_(db), catalogo_(catalogo), forma_(std::move(forma)) {}
+
+  const FormaAlta& forma() const { return forma_; }
+  void ponerForma(FormaAlta forma) { forma_ = std::move(forma); }
+
+  // The code that the text stands for; nothing when it is none that a person may give.
+  std::optional<qint64> codigoDe(const QString& texto) const;
+  Resultado<bool> vale(CampoAlta campo, const EntradaAlta& e);
+  // The first field that isn't valid; nothing when all are.
+  Resultado<std::optional<CampoAlta>> primeraFalta(const EntradaAlta& e);
+  // Adds it, one transaction. Duplicado when the section has that code. REQUIRES valid fields.
+  Resultado<articles::Articulo> anadir(const EntradaAlta& e, const QString& ventana);
+
+ private:
+  articles::Articulo articuloDe(const EntradaAlta& e) const;
+
+  dao::Database& db_;
+  articles::Catalogo& catalogo_;
+  FormaAlta forma_;
+};
+
+}  // namespace tarvo::precios

@@ -1,0 +1,92 @@
+// One change for many articles of a section: prices by a percentage and rounded, another
+// department, another label format. First what would become of each, then all of it in one
+// transaction that can be taken back.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <variant>
+#include <vector>
+
+#include "articles/Lotes.h"
+
+namespace tarvo::precios {
+
+enum class Redondeo { MasProximo, HaciaArriba, HaciaAbajo };
+
+// Prices by a percentage. Prices of 0 stay.
+class SubePrecios {
+ public:
+  static constexpr int kMenor = -9'999, kMayor = 99'999;  // hundredths of a per cent
+  // `paso`: the result is a multiple of it, 1 for the last decimal. `nivel` and `tarifa`: only
+  // those, else all. Nothing for a value out of its range.
+  static std::optional<SubePrecios> de(int centesimas, qint64 paso, Redondeo redondeo,
+                                       std::optional<int> nivel, std::optional<int> tarifa);
+  qint64 aplicar(qint64 precio) const;
+  bool toca(int nivel, int tarifa) const;
+
+ private:
+  SubePrecios() = default;
+  int centesimas_ = 0;
+  qint64 paso_ = 1;
+  Redondeo redondeo_ = Redondeo::MasProximo;
+  std::optional<int> nivel_, tarifa_;
+};
+struct PoneDepartamento {
+  int departamento = 0;
+};
+struct PoneFormato {
+  int formato = 0;
+};
+using OrdenLote = std::variant<SubePrecios, PoneDepartamento, PoneFormato>;
+
+// The articles of a section: those of `codigos`, or when there are none those of the filter.
+struct SeleccionLote {
+  int seccion = 0;
+  std::vector<qint64> codigos = {};
+  std::optional<int> departamento = {};
+  QString nombre = {};  // any part of it
+};
+
+enum class Desenlace { Cambia, Igual, NoCabe, QuedaACero };
+struct LineaLote {
+  articles::ClaveArticulo clave;
+  QString nombre;
+  qint64 antes = 0, despues = 0;  // the first price that changes, the department, the format
+  int cambian = 0;                // how many of its values
+  Desenlace desenlace = Desenlace::Igual;
+};
+
+class CambioLote {
+ public:
+  // REQUIRES that all references outlive it.
+  CambioLote(dao::Database& db, articles::Catalogo& catalogo, articles::Lotes& lotes,
+             const Textos& textos)
+      : db_(db), catalogo_(catalogo), lotes_(lotes), textos_(textos) {}
+
+  // In the order of the codes, system articles left out. Restriccion for a department that the
+  // section hasn't got, or a format that isn't 1 to 20.
+  Resultado<std::vector<LineaLote>> previa(const SeleccionLote& seleccion, const OrdenLote& orden);
+
+  struct Hecho {
+    qint64 lote = 0;  // to take it back by; 0 when nothing changed
+    int cambiados = 0;
+    int fuera = 0;  // that don't fit, would cost nothing, or are gone
+  };
+  // Those of the articles that change and fit, all or none.
+  Resultado<Hecho> aplicar(std::span<const articles::ClaveArticulo> claves, const OrdenLote& orden,
+                           const QString& ventana);
+  Resultado<articles::Lotes::Deshecho> deshacer(qint64 lote, const QString& ventana) {
+    return lotes_.deshacer(lote, ventana);
+  }
+
+ private:
+  Resultado<> comprobar(int seccion, const OrdenLote& orden);
+
+  dao::Database& db_;
+  articles::Catalogo& catalogo_;
+  articles::Lotes& lotes_;
+  const Textos& textos_;
+};
+
+}  // namespace tarvo::precios

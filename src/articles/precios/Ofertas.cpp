@@ -1,0 +1,269 @@
+#include "articles/precios/Ofertas.h"
+
+#include <algorithm>
+
+#include "articles/precios/TextosPrecios.h"
+
+namespace tarvo::precios {
+
+using dao::Transaccion;
+
+namespace {
+
+constexpr const char16_t* kColumnas =
+    u"SELECT GRUPO, SECCION, CODIGO, PRECIO_0, PRECIO_1, PRECIO_2, FECHA_INI, FECHA_FIN, enviado "
+    u"FROM OFERTAS WHERE ";
+constexpr const char16_t* kDeClave = u"GRUPO=? AND SECCION=? AND CODIGO=?";
+
+Oferta deFila(const dao::Recordset& rs) {
+  Oferta o;
+  o.clave = {static_cast<int>(rs.entero(0)), static_cast<int>(rs.entero(1)), rs.entero(2)};
+  for (std::size_t nivel = 0; nivel < o.precios.size(); ++nivel)
+    o.precios[nivel] = rs.entero(3 + static_cast<int>(nivel));
+  o.desde = comoDia(rs.valor(6));
+  o.hasta = comoDia(rs.valor(7));
+  o.enviado = rs.logico(8);
+  return o;
+}
+
+const char16_t* columnaDe(Extremo e) {
+  return e == Extremo::Desde ? u"FECHA_INI" : u"FECHA_FIN";
+}
+
+const Dia& diaDe(const Oferta& o, Extremo e) {
+  return e == Extremo::Desde ? o.desde : o.hasta;
+}
+
+bool cabe(const Oferta& o, Extremo e, const Dia& dia) {
+  return (e == Extremo::Desde ? Vigencia::de(dia, o.hasta) : Vigencia::de(o.desde, dia))
+      .has_value();
+}
+
+}  // namespace
+
+Condicion FiltroOfertas::condicion(bool todosLosGrupos) const {
+  Condicion c{QStringLiteral("borrado=0"), {}};
+  const auto y = [&c](const char16_t* sql, const dao::Valor& valor) {
+    c.sql += QStringLiteral(" AND ") + QString::fromUtf16(sql);
+    c.parametros.push_back(valor);
+  };
+  if (desde) y(u"(FECHA_INI >= ?)", desde->dia());
+  if (hasta) y(u"(FECHA_FIN <= ?)", hasta->dia());
+  if (!todosLosGrupos) y(u"(OFERTAS.GRUPO = ?)", grupo);
+  return c;
+}
+
+Resultado<std::vector<int>> Ofertas::gruposDe(int seccion) {
+  auto rs = db_.consultar(u"SELECT CODGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO", seccion);
+  if (!rs) return std::unexpected(rs.error());
+  std::vector<int> grupos;
+  while (!(*rs)->Eof()) {
+    grupos.push_back(static_cast<int>((*rs)->entero(0)));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return grupos;
+}
+
+Resultado<std::vector<Oferta>> Ofertas::leerVarias(const Condicion& condicion) {
+  auto rs = db_.OpenQuery(QString::fromUtf16(kColumnas) + condicion.sql, condicion.parametros);
+  if (!rs) return std::unexpected(rs.error());
+  std::vector<Oferta> ofertas;
+  while (!(*rs)->Eof()) {
+    ofertas.push_back(deFila(**rs));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return ofertas;
+}
+
+Resultado<std::optional<Oferta>> Ofertas::leer(const ClaveOferta& c) {
+  const auto filas = leerVarias({QString::fromUtf16(kDeClave) + QStringLiteral(" AND borrado=0"),
+                                 {c.grupo, c.seccion, c.codigo}});
+  if (!filas) return std::unexpected(filas.error());
+  if (filas->empty()) return std::nullopt;
+  return filas->front();
+}
+
+// The group holds the article no more as it should stand there.
+Resultado<> Ofertas::debeOir(const ClaveOferta& c) {
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=? AND borra=0",
+                              c.seccion, c.codigo, c.grupo));
+  return {};
+}
+
+// --- new ones, and prices
+// ------------------------------------------------------------------------
+
+Resultado<std::vector<int>> Ofertas::ocupados(int seccion, qint64 codigo,
+                                              std::span<const int> grupos) {
+  std::vector<int> salida;
+  for (const int grupo : grupos) {
+    const auto hay = leer({grupo, seccion, codigo});
+    if (!hay) return std::unexpected(hay.error());
+    if (*hay) salida.push_back(grupo);
+  }
+  return salida;
+}
+
+Resultado<> Ofertas::guardar(const OfertaNueva& oferta, std::span<const int> grupos) {
+  auto t = Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  for (const int grupo : grupos) TARVO_INTENTAR(escribir(oferta, grupo));
+  return t->confirmar();
+}
+
+// Over a row that waits to be taken off the scales too: it is seen again.
+Resultado<> Ofertas::escribir(const OfertaNueva& n, int grupo) {
+  const auto antes = leerVarias({QString::fromUtf16(kDeClave), {grupo, n.seccion, n.codigo}});
+  if (!antes) return std::unexpected(antes.error());
+  if (!antes->empty()) {
+    TARVO_INTENTAR(
+        db_.ejecutar(u"UPDATE OFERTAS SET borrado=0 WHERE GRUPO=? AND SECCION=? AND CODIGO=?",
+                     grupo, n.seccion, n.codigo));
+    return cambiar(antes->front(), n.precios, n.vigencia.desde(), n.vigencia.hasta());
+  }
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, PRECIO_1, PRECIO_2, FECHA_INI, "
+      u"FECHA_FIN, enviado, borrado) VALUES (?, ?, ?, ?, ?, ?, ?, ?, 0, 0)",
+      grupo, n.seccion, n.codigo, n.precios[0], n.precios[1], n.precios[2],
+      comoValor(n.vigencia.desde()), comoValor(n.vigencia.hasta())));
+  return {};
+}
+
+Resultado<> Ofertas::cambiar(const Oferta& antes, const PreciosOferta& precios, const Dia& desde,
+                             const Dia& hasta) {
+  const bool enviado = antes.enviado && antes.precios == precios;
+  TARVO_INTENTAR(db_.ejecutar(
+      u"UPDATE OFERTAS SET PRECIO_0=?, PRECIO_1=?, PRECIO_2=?, FECHA_INI=?, FECHA_FIN=?, enviado=? "
+      u"WHERE GRUPO=? AND SECCION=? AND CODIGO=?",
+      precios[0], precios[1], precios[2], comoValor(desde), comoValor(hasta), enviado,
+      antes.clave.grupo, antes.clave.seccion, antes.clave.codigo));
+  const bool esperaDia = desde && *desde > reloj_.ahora();
+  if (antes.enviado && (!enviado || esperaDia)) return debeOir(antes.clave);
+  return {};
+}
+
+Resultado<int> Ofertas::ponerPrecios(const ClaveOferta& clave, const PreciosOferta& precios,
+                                     bool sincro) {
+  const auto antes = leer(clave);
+  if (!antes) return std::unexpected(antes.error());
+  if (!*antes) return fallo(Fallo::NoExiste, textos_(kTxOfertaQueFalta));
+  auto t = Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  TARVO_INTENTAR(cambiar(**antes, precios, (*antes)->desde, (*antes)->hasta));
+  int otras = 0;
+  if (sincro) {
+    const auto hermanas =
+        leerVarias({QStringLiteral("borrado=0 AND SECCION=? AND CODIGO=? AND GRUPO<>?"),
+                    {clave.seccion, clave.codigo, clave.grupo}});
+    if (!hermanas) return std::unexpected(hermanas.error());
+    for (const Oferta& o : *hermanas)
+      TARVO_INTENTAR(cambiar(o, precios, (*antes)->desde, (*antes)->hasta));
+    otras = static_cast<int>(hermanas->size());
+  }
+  TARVO_INTENTAR(t->confirmar());
+  return otras;
+}
+
+// --- dates
+// ---------------------------------------------------------------------------------------
+
+Resultado<int> Ofertas::contar(const FiltroOfertas& filtro, bool todosLosGrupos) {
+  const auto ofertas = leerVarias(filtro.condicion(todosLosGrupos));
+  if (!ofertas) return std::unexpected(ofertas.error());
+  return static_cast<int>(ofertas->size());
+}
+
+Resultado<> Ofertas::ponerFecha(const Oferta& antes, Extremo extremo, const Dia& dia) {
+  if (extremo == Extremo::Desde) return cambiar(antes, antes.precios, dia, antes.hasta);
+  return cambiar(antes, antes.precios, antes.desde, dia);
+}
+
+Resultado<Ofertas::CambioFechas> Ofertas::cambiarFechas(const FiltroOfertas& filtro,
+                                                        bool todosLosGrupos, Extremo extremo,
+                                                        const Dia& dia) {
+  const auto ofertas = leerVarias(filtro.condicion(todosLosGrupos));
+  if (!ofertas) return std::unexpected(ofertas.error());
+  const auto malas =
+      std::ranges::count_if(*ofertas, [&](const Oferta& o) { return !cabe(o, extremo, dia); });
+  if (malas > 0)
+    return fallo(Fallo::Restriccion, Plural(textos_(kTxAcabanAntes), static_cast<int>(malas)));
+  auto t = Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  CambioFechas cambio{extremo, {}};
+  for (const Oferta& o : *ofertas) {
+    cambio.filas.push_back({o.clave, diaDe(o, extremo)});
+    TARVO_INTENTAR(ponerFecha(o, extremo, dia));
+  }
+  TARVO_INTENTAR(t->confirmar());
+  return cambio;
+}
+
+Resultado<int> Ofertas::deshacer(const CambioFechas& cambio) {
+  auto t = Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  int hechas = 0;
+  for (const auto& [clave, fecha] : cambio.filas) {
+    const auto ahora = leer(clave);
+    if (!ahora) return std::unexpected(ahora.error());
+    if (!*ahora || !cabe(**ahora, cambio.extremo, fecha)) continue;
+    TARVO_INTENTAR(ponerFecha(**ahora, cambio.extremo, fecha));
+    ++hechas;
+  }
+  TARVO_INTENTAR(t->confirmar());
+  return hechas;
+}
+
+// --- deleting
+// ------------------------------------------------------------------------------------
+
+Resultado<Condicion> Ofertas::iguales(const ClaveOferta& clave, bool todosLosGrupos) {
+  if (!todosLosGrupos)
+    return Condicion{QString::fromUtf16(kDeClave), {clave.grupo, clave.seccion, clave.codigo}};
+  const auto una = leer(clave);
+  if (!una) return std::unexpected(una.error());
+  Condicion c{QStringLiteral("borrado=0 AND SECCION=? AND CODIGO=?"),
+              {clave.seccion, clave.codigo}};
+  if (!*una) c.sql += QStringLiteral(" AND 0=1");
+  for (const Extremo e : {Extremo::Desde, Extremo::Hasta}) {
+    if (!*una) break;
+    const Dia& dia = diaDe(**una, e);
+    const QString columna = QString::fromUtf16(columnaDe(e));
+    c.sql += QStringLiteral(" AND ") +
+             (dia ? QStringLiteral("%1=?") : QStringLiteral("isnull(%1)")).arg(columna);
+    if (dia) c.parametros.emplace_back(*dia);
+  }
+  return c;
+}
+
+Resultado<int> Ofertas::contarIguales(std::span<const ClaveOferta> claves) {
+  int suma = 0;
+  for (const ClaveOferta& clave : claves) {
+    const auto c = iguales(clave, true);
+    if (!c) return std::unexpected(c.error());
+    const auto filas = leerVarias(*c);
+    if (!filas) return std::unexpected(filas.error());
+    suma += static_cast<int>(filas->size());
+  }
+  return suma;
+}
+
+Resultado<int> Ofertas::borrar(std::span<const ClaveOferta> claves, bool todosLosGrupos) {
+  auto t = Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  qint64 idas = 0;
+  for (const ClaveOferta& clave : claves) {
+    const auto c = iguales(clave, todosLosGrupos);
+    if (!c) return std::unexpected(c.error());
+    for (const char16_t* orden :
+         {u"DELETE FROM OFERTAS WHERE not enviado AND not borrado AND ",
+          u"UPDATE OFERTAS SET borrado=1 WHERE enviado AND not borrado AND "}) {
+      const auto n = db_.Execute(QString::fromUtf16(orden) + c->sql, c->parametros);
+      if (!n) return std::unexpected(n.error());
+      idas += *n;
+    }
+  }
+  TARVO_INTENTAR(t->confirmar());
+  return static_cast<int>(idas);
+}
+
+}  // namespace tarvo::precios

@@ -1,0 +1,117 @@
+// The offers of the groups: what stands in OFERTAS, and what the machines must hear of it. An offer
+// that a group has received (`enviado`) and that is deleted stays, unseen (`borrado`), until the
+// normal prices have gone out.
+//
+// A change that the two marks alone can't tell (other prices of an offer that is on the scales, or
+// one there that begins later than today) makes the article due for that group.
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "articles/Articulo.h"
+#include "articles/precios/Vigencia.h"
+#include "core/dao/Database.h"
+#include "core/textos/Textos.h"
+#include "core/tiempo/Reloj.h"
+
+namespace tarvo::precios {
+
+using PreciosOferta = std::array<qint64, articles::kNiveles>;
+
+struct ClaveOferta {
+  int grupo = 0, seccion = 0;
+  qint64 codigo = 0;
+  auto operator<=>(const ClaveOferta&) const = default;
+};
+
+struct OfertaNueva {
+  int seccion = 0;
+  qint64 codigo = 0;
+  PreciosOferta precios{};
+  Vigencia vigencia;
+};
+
+// One as it stands in the store, whoever wrote it.
+struct Oferta {
+  ClaveOferta clave;
+  PreciosOferta precios{};
+  Dia desde, hasta;
+  bool enviado = false;
+};
+
+// A condition in SQL and its parameters in order.
+struct Condicion {
+  QString sql;
+  std::vector<dao::Valor> parametros;
+};
+
+// The offers of a group that a person sees; with dates, those that begin and end within them.
+struct FiltroOfertas {
+  int grupo = 0;
+  Dia desde = {}, hasta = {};
+  // `todosLosGrupos`: of every group.
+  Condicion condicion(bool todosLosGrupos = false) const;
+};
+
+enum class Extremo { Desde, Hasta };
+
+class Ofertas {
+ public:
+  // REQUIRES that all references outlive it.
+  Ofertas(dao::Database& db, const Textos& textos, Reloj& reloj)
+      : db_(db), textos_(textos), reloj_(reloj) {}
+
+  Resultado<std::vector<int>> gruposDe(int seccion);
+  // The offer that a person sees; nothing when there is none of that key.
+  Resultado<std::optional<Oferta>> leer(const ClaveOferta& clave);
+
+  // Of these groups, those that have an offer of the article already: to be asked before it is
+  // written over.
+  Resultado<std::vector<int>> ocupados(int seccion, qint64 codigo, std::span<const int> grupos);
+  // The offer in each of the groups, over what is there. One transaction.
+  Resultado<> guardar(const OfertaNueva& oferta, std::span<const int> grupos);
+
+  // Other prices of one offer; with `sincro` the article's offers in all other groups take its
+  // prices and its days. How many others did. NoExiste when the offer is gone.
+  Resultado<int> ponerPrecios(const ClaveOferta& clave, const PreciosOferta& precios, bool sincro);
+
+  // What a change of dates was made on, to take it back.
+  struct Anterior {
+    ClaveOferta clave;
+    Dia fecha;
+  };
+  struct CambioFechas {
+    Extremo extremo = Extremo::Desde;
+    std::vector<Anterior> filas;
+  };
+  // How many offers it is about.
+  Resultado<int> contar(const FiltroOfertas& filtro, bool todosLosGrupos);
+  // One end of all offers of the filter. Restriccion, and nothing changes, when one of them would
+  // end before it begins.
+  Resultado<CambioFechas> cambiarFechas(const FiltroOfertas& filtro, bool todosLosGrupos,
+                                        Extremo extremo, const Dia& dia);
+  // In the offers that are still there and where it fits; how many.
+  Resultado<int> deshacer(const CambioFechas& cambio);
+
+  // Offers of the same articles with the same days, those of `claves` included. REQUIRES keys of
+  // one group.
+  Resultado<int> contarIguales(std::span<const ClaveOferta> claves);
+  // Deletes them; with `todosLosGrupos` their equals too. How many went from view.
+  Resultado<int> borrar(std::span<const ClaveOferta> claves, bool todosLosGrupos);
+
+ private:
+  Resultado<> escribir(const OfertaNueva& nueva, int grupo);
+  Resultado<> cambiar(const Oferta& antes, const PreciosOferta& precios, const Dia& desde,
+                      const Dia& hasta);
+  Resultado<std::vector<Oferta>> leerVarias(const Condicion& condicion);
+  Resultado<> ponerFecha(const Oferta& antes, Extremo extremo, const Dia& dia);
+  Resultado<Condicion> iguales(const ClaveOferta& clave, bool todosLosGrupos);
+  Resultado<> debeOir(const ClaveOferta& clave);
+
+  dao::Database& db_;
+  const Textos& textos_;
+  Reloj& reloj_;
+};
+
+}  // namespace tarvo::precios

@@ -1,0 +1,67 @@
+#include "comm/envios/Decision.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace tarvo::envios {
+
+namespace {
+
+Resultado<std::vector<qint64>> codigosDe(Resultado<std::unique_ptr<dao::Recordset>> rs) {
+  if (!rs) return std::unexpected(rs.error());
+  std::vector<qint64> salida;
+  for (; !(*rs)->Eof();) {
+    salida.push_back((*rs)->entero(0));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return salida;
+}
+
+}  // namespace
+
+Resultado<std::vector<qint64>> todosLosArticulos(dao::Database& db, const Destino& d, Rango r) {
+  return codigosDe(
+      db.consultar(u"SELECT CODPLU FROM PLUSES WHERE SECCION=? AND (CODPLU>=?) AND (CODPLU<=?) AND "
+                   u"(CODPLU>2) ORDER BY CODPLU",
+                   d.seccion, r.desde, r.hasta));
+}
+
+// An offer that isn't in force any more, or not yet, is due as long as its prices are there: its
+// dates may have been changed after they had gone.
+Resultado<std::vector<qint64>> SaltarSinCambios(dao::Database& db, const Destino& d, Rango r,
+                                                Fecha ahora) {
+  return codigosDe(db.consultar(
+      u"SELECT CODPLU FROM PLUSES LEFT JOIN [Cross] ON [Cross].Secc=PLUSES.SECCION AND "
+      u"[Cross].plu=PLUSES.CODPLU AND [Cross].Grupo=? LEFT JOIN OFERTAS ON OFERTAS.GRUPO=? AND "
+      u"OFERTAS.SECCION=PLUSES.SECCION AND OFERTAS.CODIGO=PLUSES.CODPLU WHERE PLUSES.SECCION=? AND "
+      u"(CODPLU>=?) AND (CODPLU<=?) AND (CODPLU>2) AND ([Cross].plu IS NULL OR nz(borra,0)<>0 OR "
+      u"(OFERTAS.CODIGO IS NOT NULL AND (nz(borrado,0)<>0 OR (nz(enviado,0)<>0) <> ((FECHA_INI IS "
+      u"NULL OR "
+      u"?>=int(FECHA_INI)) AND (FECHA_FIN IS NULL OR ?<int(FECHA_FIN)+1))))) ORDER BY CODPLU",
+      d.grupo, d.grupo, d.seccion, r.desde, r.hasta, ahora, ahora));
+}
+
+// Marked for deletion, or simply gone by whatever way after the group had got it.
+Resultado<std::vector<qint64>> articulosPorBorrar(dao::Database& db, const Destino& d) {
+  return codigosDe(db.consultar(
+      u"SELECT plu FROM [Cross] WHERE Grupo=? AND borra<>0 AND plu>2 AND plu<=9999999 AND NOT "
+      u"EXISTS "
+      u"(SELECT 1 FROM PLUSES WHERE SECCION=? AND CODPLU=plu) UNION SELECT CODPLU FROM Enviados E "
+      u"WHERE E.GRUPO=? AND E.CODPLU>2 AND NOT EXISTS (SELECT 1 FROM PLUSES P WHERE P.SECCION=? "
+      u"AND "
+      u"P.CODPLU=E.CODPLU) ORDER BY 1",
+      d.grupo, d.seccion, d.grupo, d.seccion));
+}
+
+Resultado<> rechazadosAlFinal(dao::Database& db, const Destino& d, std::vector<qint64>& codigos) {
+  const auto rechazados = codigosDe(
+      db.consultar(u"SELECT CODPLU FROM Retenidos WHERE GRUPO=? AND SECCION=? AND ERROR<>0",
+                   d.grupo, d.seccion));
+  if (!rechazados) return std::unexpected(rechazados.error());
+  if (rechazados->empty()) return {};
+  const std::unordered_set<qint64> cuales(rechazados->begin(), rechazados->end());
+  std::ranges::stable_partition(codigos, [&](qint64 c) { return !cuales.contains(c); });
+  return {};
+}
+
+}  // namespace tarvo::envios

@@ -1,0 +1,29 @@
+// Which articles a sending carries. Each question is one query, however many articles there are.
+#pragma once
+
+#include "comm/envios/Lector.h"
+
+namespace tarvo::envios {
+
+struct Rango {
+  qint64 desde = 0, hasta = 9'999'999;
+};
+
+// Every article of the range. The two system articles are never sent.
+Resultado<std::vector<qint64>> todosLosArticulos(dao::Database& db, const Destino& destino,
+                                                 Rango rango);
+
+// SaltarSinCambios: those that the group doesn't hold as they stand, and those whose offer began,
+// ended, changed or was taken back since the group last heard of it.
+Resultado<std::vector<qint64>> SaltarSinCambios(dao::Database& db, const Destino& destino,
+                                                Rango rango, Fecha ahora);
+
+// What the group must delete: the articles that it is known to hold, marked for deletion, whose
+// code its section doesn't have.
+Resultado<std::vector<qint64>> articulosPorBorrar(dao::Database& db, const Destino& destino);
+
+// Puts those that the group refused before behind all others, in their order.
+Resultado<> rechazadosAlFinal(dao::Database& db, const Destino& destino,
+                              std::vector<qint64>& codigos);
+
+}  // namespace tarvo::envios

@@ -1,0 +1,157 @@
+#include "comm/envios/Lector.h"
+
+#include <QCryptographicHash>
+#include <QtEndian>
+
+namespace tarvo::envios {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// The columns as the statements give them.
+enum Columna : int {
+  kCodPlu,
+  kNomPlu,
+  kCada,
+  kPrecio,
+  kFormato = kPrecio + 3,
+  kBarras,
+  kPfxBar,
+  kCodBarExt,
+  kDepto,
+  kTara,
+  kNumdias1,
+  kNumdias2,
+  kMdfPre,
+  kMinimo,
+  kDescto,
+  kHasta1,
+  kHasta2,
+  kTextoEtq,
+  kOferta,
+  kPrecioOferta,
+  kFechaIni = kPrecioOferta + 3,
+  kFechaFin,
+  kEnviado,
+  kBorrado,
+};
+
+QString sentencia(int tarifa, QStringView condicion) {
+  return u"SELECT CODPLU, NOMPLU, CADA, PRECIO_0%1, PRECIO_1%1, PRECIO_2%1, FORMATO, BARRAS, "
+         u"PFX_BAR, CodBarExt, DEPTO, Tara, NUMDIAS_1, NUMDIAS_2, MDF_PRE, minimo, DESCTO, "
+         u"HASTA_1, "
+         u"HASTA_2, TEXTO_ETQ, OFERTAS.CODIGO, OFERTAS.PRECIO_0, OFERTAS.PRECIO_1, "
+         u"OFERTAS.PRECIO_2, FECHA_INI, FECHA_FIN, enviado, borrado FROM PLUSES LEFT JOIN OFERTAS "
+         u"ON OFERTAS.GRUPO=? AND OFERTAS.SECCION=PLUSES.SECCION AND "
+         u"OFERTAS.CODIGO=PLUSES.CODPLU WHERE PLUSES.SECCION=? AND CODPLU %2 ORDER BY CODPLU"_s
+             .arg(tarifa)
+             .arg(condicion);
+}
+
+std::optional<Fecha> fechaDe(const dao::Recordset& rs, int columna) {
+  if (rs.nulo(columna)) return {};
+  return rs.fecha(columna);
+}
+
+Oferta leerOferta(const dao::Recordset& rs, Fecha ahora) {
+  Oferta o;
+  o.hay = !rs.nulo(kOferta);
+  if (!o.hay) return o;
+  o.enviado = rs.logico(kEnviado);
+  o.borrado = rs.logico(kBorrado);
+  o.rige = !o.borrado && EstadoOferta(fechaDe(rs, kFechaIni), fechaDe(rs, kFechaFin), ahora) == 0;
+  return o;
+}
+
+// The prices that hold for the group now: the offer's while it is in force, else the tarifa's.
+std::array<qint64, 3> LeerPrecios(const dao::Recordset& rs, const Oferta& oferta) {
+  const int c = oferta.rige ? kPrecioOferta : kPrecio;
+  return {rs.entero(c), rs.entero(c + 1), rs.entero(c + 2)};
+}
+
+maquinas::Articulo leerArticuloPlano(const dao::Recordset& rs) {
+  maquinas::Articulo a;
+  a.codigo = rs.entero(kCodPlu);
+  a.nombre = rs.texto(kNomPlu);
+  a.cada = rs.entero(kCada);
+  a.formato = rs.entero(kFormato);
+  a.barras = rs.entero(kBarras);
+  a.pfxBar = rs.texto(kPfxBar);
+  if (!rs.nulo(kCodBarExt)) a.codBarExt = rs.texto(kCodBarExt);
+  a.depto = rs.entero(kDepto);
+  if (!rs.nulo(kTara)) a.tara = rs.entero(kTara);
+  a.numdias1 = rs.entero(kNumdias1);
+  a.numdias2 = rs.entero(kNumdias2);
+  a.modificable = rs.logico(kMdfPre);
+  a.minimo = rs.entero(kMinimo);
+  a.descto = rs.entero(kDescto);
+  a.hasta1 = rs.entero(kHasta1);
+  a.hasta2 = rs.entero(kHasta2);
+  a.textoEtq = rs.texto(kTextoEtq);
+  return a;
+}
+
+qint64 resumen(const QByteArray& bytes) {
+  const QByteArray h = QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
+  return qFromBigEndian<qint64>(h.constData());
+}
+
+}  // namespace
+
+int EstadoOferta(std::optional<Fecha> inicio, std::optional<Fecha> fin, Fecha ahora) {
+  if (inicio && ahora < inicio->dia()) return -1;
+  return fin && ahora >= fin->dia() + 1 ? 1 : 0;
+}
+
+Lector::Lector(dao::Database& db, const Destino& destino)
+    : db_(db),
+      destino_(destino),
+      uno_(sentencia(destino.tarifa, u"=?")),
+      muchos_(sentencia(destino.tarifa,
+                        QString(u"IN ("_s + u"?,"_s.repeated(kLote).chopped(1) + u')'))) {}
+
+Resultado<std::vector<Preparado>> Lector::leer(std::span<const qint64> codigos, Fecha ahora) {
+  std::vector<Preparado> salida;
+  if (codigos.empty()) return salida;
+  std::vector<dao::Valor> valores{destino_.grupo, destino_.seccion};
+  valores.insert(valores.end(), codigos.begin(), codigos.end());
+  if (codigos.size() > 1) valores.resize(kLote + 2, codigos.back());
+  const auto rs = db_.OpenQuery(codigos.size() > 1 ? muchos_ : uno_, valores);
+  if (!rs) return std::unexpected(rs.error());
+  salida.reserve(codigos.size());
+  for (; !(*rs)->Eof();) {
+    salida.push_back(preparar(**rs, ahora));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return salida;
+}
+
+Preparado Lector::preparar(const dao::Recordset& rs, Fecha ahora) const {
+  Preparado p;
+  maquinas::Articulo a = leerArticuloPlano(rs);
+  p.codigo = a.codigo;
+  p.oferta = leerOferta(rs, ahora);
+  p.precios = a.precios = LeerPrecios(rs, p.oferta);
+  p.registro = maquinas::TramaPLU(destino_.tipo, a);
+  return p;
+}
+
+Huella huellaDe(int tipo, const QByteArray& registro) {
+  return {resumen(maquinas::sinPrecios(tipo, registro)),
+          resumen(maquinas::preciosDe(tipo, registro))};
+}
+
+qint64 huellaDePrecios(const QByteArray& registro) {
+  constexpr qsizetype kAnchoCodigo = 7;
+  return resumen(registro.mid(kAnchoCodigo));
+}
+
+maquinas::Cabe<QByteArray> soloPreciosDe(const Preparado& p) {
+  maquinas::Articulo a;
+  a.codigo = p.codigo;
+  a.precios = p.precios;
+  return maquinas::TramaPrecios(a);
+}
+
+}  // namespace tarvo::envios

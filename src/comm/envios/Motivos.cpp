@@ -1,0 +1,45 @@
+#include "comm/envios/Motivos.h"
+
+#include "comm/envios/TextosEnvios.h"
+
+namespace tarvo::envios {
+
+namespace {
+
+using maquinas::NoCabe;
+
+// How many digits a limit of nines has; 0 for any other limit.
+qsizetype cifrasDe(qint64 limite) {
+  const QString t = QString::number(limite);
+  return t.count(u'9') == t.size() ? t.size() : 0;
+}
+
+}  // namespace
+
+QString nombreDeCampo(maquinas::CampoPLU campo, const Textos& textos) {
+  return textos(kTxCampoPLU + static_cast<int>(campo));
+}
+
+QString motivoDe(const NoCabe& n, const Textos& textos) {
+  const QString campo = nombreDeCampo(n.campo, textos);
+  switch (n.motivo) {
+    case NoCabe::Grande:
+      if (const qsizetype cifras = cifrasDe(n.limite); cifras > 0)
+        return textos(kTxDemasiadasCifras, {campo, cifras});
+      return textos(kTxDemasiadoGrande, {campo, n.valor, n.limite});
+    case NoCabe::Pequeno:
+      return n.limite == 0 ? textos(kTxNegativo, {campo})
+                           : textos(kTxDemasiadoPequeno, {campo, n.valor, n.limite});
+    case NoCabe::Cifras:
+      return textos(kTxSoloCifras, {campo, n.valor});
+    case NoCabe::Largo:
+      return textos(kTxDemasiadoLargo, {campo, n.limite});
+    case NoCabe::Letra:
+      return textos(kTxLetraDesconocida, {campo, n.valor});
+    case NoCabe::Control:
+      return textos(kTxCaracterDeControl, {campo, n.valor, n.limite});
+  }
+  return {};
+}
+
+}  // namespace tarvo::envios

@@ -1,0 +1,306 @@
+#include "comm/envios/Remesa.h"
+
+#include <algorithm>
+
+#include "comm/envios/Motivos.h"
+
+namespace tarvo::envios {
+
+namespace {
+
+constexpr int kEsperaDeNotas = 1000;  // ms
+// So many refusals running have a reason of their own, whatever their code.
+constexpr int kNegadasSeguidas = 20;
+constexpr int kSinRed = 102, kRedInterna = 103;
+
+}  // namespace
+
+Remesa::Remesa(dao::Database& db, Reloj& reloj, const Textos& textos, const Destino& destino,
+               Que que)
+    : db_(db),
+      reloj_(reloj),
+      textos_(textos),
+      destino_(destino),
+      que_(que),
+      lector_(db, destino),
+      tenencias_(db, reloj, destino),
+      // What can't be written now is written, or its failure told, with the next article.
+      turno_(reloj.temporizador([this] { static_cast<void>(asentar()); })) {}
+
+Remesa::~Remesa() = default;
+
+Resultado<> Remesa::abrir() {
+  auto tr = dao::Transaccion::empezar(db_);
+  if (!tr) return std::unexpected(tr.error());
+  TARVO_INTENTAR(tenencias_.empezar());
+  return tr->confirmar();
+}
+
+Resultado<> Remesa::empezar(bool todo, Rango rango, bool porNumero) {
+  TARVO_INTENTAR(abrir());
+  auto codigos = todo ? todosLosArticulos(db_, destino_, rango)
+                      : SaltarSinCambios(db_, destino_, rango, reloj_.ahora());
+  if (!codigos) return std::unexpected(codigos.error());
+  lista_ = std::move(*codigos);
+  if (porNumero) return {};
+  return rechazadosAlFinal(db_, destino_, lista_);
+}
+
+// --- the list
+// ---------------------------------------------------------------------------------------------
+
+Resultado<const Remesa::Saliente*> Remesa::actual(bool conRetenidos) {
+  for (;;) {
+    while (pos_ == lote_.size() && leidos_ < lista_.size()) TARVO_INTENTAR(cargar());
+    if (pos_ == lote_.size()) return nullptr;
+    const auto sigue = refrescar();
+    if (!sigue) return std::unexpected(sigue.error());
+    if (*sigue && (conRetenidos || !lote_[pos_].saliente.retenido())) break;
+    quitarPrimero();
+  }
+  codigo_ = lote_[pos_].saliente.codigo;
+  return &lote_[pos_].saliente;
+}
+
+maquinas::Cabe<QByteArray> Remesa::registroDe(const Preparado& p) const {
+  return que_ == Que::Precios ? soloPreciosDe(p) : p.registro;
+}
+
+Resultado<bool> Remesa::anunciar(qint64 codigo, const QByteArray& registro) {
+  return que_ == Que::Precios ? tenencias_.anunciarPrecios(codigo, registro)
+                              : tenencias_.anunciar(codigo, registro);
+}
+
+// REQUIRES a transaction.
+Resultado<Remesa::Enviable> Remesa::preparar(Preparado p) {
+  Enviable e;
+  e.saliente.codigo = p.codigo;
+  const auto registro = registroDe(p);
+  if (registro) {
+    const auto eraSuyo = anunciar(p.codigo, *registro);
+    if (!eraSuyo) return std::unexpected(eraSuyo.error());
+    e.eraSuyo = *eraSuyo;
+    e.saliente.registro = *registro;
+    resumen_.retenidos.erase(p.codigo);
+  } else {
+    const QString motivo = motivoDe(registro.error(), textos_);
+    TARVO_INTENTAR(tenencias_.AnotarRetenido(p.codigo, motivo, 0));
+    resumen_.retenidos[p.codigo] = motivo;
+  }
+  e.preparado = std::move(p);
+  return e;
+}
+
+// The next lot, in the order of the list; what was confirmed goes to disk with it.
+Resultado<> Remesa::cargar() {
+  const auto trozo =
+      std::span(lista_).subspan(leidos_, std::min(Lector::kLote, lista_.size() - leidos_));
+  auto leidos = lector_.leer(trozo, reloj_.ahora());
+  if (!leidos) return std::unexpected(leidos.error());
+  std::vector<Enviable> nuevos;
+  auto tr = dao::Transaccion::empezar(db_);
+  if (!tr) return std::unexpected(tr.error());
+  TARVO_INTENTAR(escribir(notas_));
+  for (const qint64 codigo : trozo) {
+    const auto it = std::ranges::lower_bound(*leidos, codigo, {}, &Preparado::codigo);
+    if (it == leidos->end() || it->codigo != codigo) continue;  // it is gone
+    auto e = preparar(*it);
+    if (!e) return std::unexpected(e.error());
+    nuevos.push_back(std::move(*e));
+  }
+  TARVO_INTENTAR(tr->confirmar());
+  notas_.clear();
+  turno_->parar();
+  leidos_ += trozo.size();
+  lote_ = std::move(nuevos);
+  pos_ = 0;
+  cambios_ = db_.cambios();
+  return {};
+}
+
+// The article may have been changed since the lot was read. False when it is gone.
+Resultado<bool> Remesa::refrescar() {
+  if (db_.cambios() == cambios_) return true;
+  Enviable& e = lote_[pos_];
+  const qint64 codigo = e.saliente.codigo;
+  auto leido = lector_.leer({&codigo, 1}, reloj_.ahora());
+  if (!leido) return std::unexpected(leido.error());
+  if (leido->empty()) return false;
+  const auto registro = registroDe(leido->front());
+  if (registro && *registro == e.saliente.registro) {
+    e.preparado = std::move(leido->front());
+    return true;
+  }
+  const bool eraSuyo = e.eraSuyo;
+  auto tr = dao::Transaccion::empezar(db_);
+  if (!tr) return std::unexpected(tr.error());
+  auto otro = preparar(std::move(leido->front()));
+  if (!otro) return std::unexpected(otro.error());
+  TARVO_INTENTAR(tr->confirmar());
+  e = std::move(*otro);
+  e.eraSuyo = e.eraSuyo || eraSuyo;
+  return true;
+}
+
+void Remesa::quitarPrimero() {
+  ++pos_;
+}
+
+void Remesa::enviado() {
+  Enviable& e = lote_[pos_];
+  ++resumen_.enviados;
+  ++hechos_;
+  negadasSeguidas_ = 0;
+  resumen_.rechazados.erase(e.saliente.codigo);
+  anotar({Nota::Enviado, e.saliente.codigo, 0, std::move(e.preparado), e.eraSuyo});
+  quitarPrimero();
+}
+
+void Remesa::pasado() {
+  quitarPrimero();
+}
+
+bool Remesa::rechazado(int error, const QString& motivo) {
+  const qint64 codigo = lote_[pos_].saliente.codigo;
+  resumen_.rechazados[codigo] = motivo;
+  anotar({Nota::Rechazado, codigo, 0, {}, false, error, motivo});
+  quitarPrimero();
+  (final_ ? lista_ : negados_).push_back(codigo);
+  ++negadasSeguidas_;
+  return !final_ && error != kSinRed && error != kRedInterna && negadasSeguidas_ < kNegadasSeguidas;
+}
+
+bool Remesa::empezarFinal() {
+  if (final_ || negados_.empty()) return false;
+  final_ = true;
+  lista_ = std::move(negados_);
+  leidos_ = 0;
+  lote_.clear();
+  pos_ = 0;
+  return true;
+}
+
+// --- deletions
+// ---------------------------------------------------------------------------------------------
+
+Resultado<> Remesa::empezarBorrados() {
+  TARVO_INTENTAR(asentar());
+  auto codigos = articulosPorBorrar(db_, destino_);
+  if (!codigos) return std::unexpected(codigos.error());
+  borrados_ = std::move(*codigos);
+  posBorrados_ = 0;
+  return {};
+}
+
+std::optional<qint64> Remesa::porBorrar() const {
+  if (posBorrados_ == borrados_.size()) return {};
+  return borrados_[posBorrados_];
+}
+
+void Remesa::borrado() {
+  borrado(borrados_[posBorrados_++]);
+}
+
+void Remesa::borradoNegado() {
+  borrados_.push_back(borrados_[posBorrados_++]);
+}
+
+void Remesa::borrado(qint64 codigo) {
+  ++resumen_.borrados;
+  ++hechos_;
+  codigo_ = codigo;
+  hueco(codigo, codigo);
+}
+
+void Remesa::borradoNegado(qint64 codigo, const QString& motivo) {
+  resumen_.rechazados[codigo] = motivo;
+  anotar({Nota::Sobra, codigo});
+}
+
+void Remesa::leido(qint64 codigo, const QByteArray& registro) {
+  ++hechos_;
+  codigo_ = codigo;
+  anotar({Nota::Leido, codigo, 0, {}, false, 0, {}, registro});
+}
+
+void Remesa::hueco(qint64 desde, qint64 hasta) {
+  if (desde <= hasta) anotar({Nota::Hueco, desde, hasta});
+}
+
+// --- to disk
+// ---------------------------------------------------------------------------------------------
+
+void Remesa::anotar(Nota nota) {
+  notas_.push_back(std::move(nota));
+  if (!turno_->activo()) turno_->unaVez(kEsperaDeNotas);
+}
+
+Resultado<> Remesa::asentar() {
+  if (notas_.empty()) return {};
+  const bool alDia = db_.cambios() == cambios_;
+  auto tr = dao::Transaccion::empezar(db_);
+  if (!tr) return std::unexpected(tr.error());
+  TARVO_INTENTAR(escribir(notas_));
+  TARVO_INTENTAR(tr->confirmar());
+  notas_.clear();
+  turno_->parar();
+  if (alDia) cambios_ = db_.cambios();
+  return {};
+}
+
+Resultado<> Remesa::escribir(std::span<const Nota> notas) {
+  const auto ahora = comoEstan(notas);
+  if (!ahora) return std::unexpected(ahora.error());
+  for (const Nota& n : notas) TARVO_INTENTAR(escribirNota(n, *ahora));
+  return {};
+}
+
+// The articles that were confirmed, as they stand now: an answer may have come to what they were.
+Resultado<std::map<qint64, Preparado>> Remesa::comoEstan(std::span<const Nota> notas) {
+  std::map<qint64, Preparado> salida;
+  std::vector<qint64> codigos;
+  const auto leer = [&]() -> Resultado<> {
+    auto leidos = lector_.leer(codigos, reloj_.ahora());
+    if (!leidos) return std::unexpected(leidos.error());
+    for (Preparado& p : *leidos) salida.insert_or_assign(p.codigo, std::move(p));
+    codigos.clear();
+    return {};
+  };
+  for (const Nota& n : notas) {
+    if (n.que != Nota::Enviado && n.que != Nota::Leido) continue;
+    codigos.push_back(n.codigo);
+    if (codigos.size() == Lector::kLote) TARVO_INTENTAR(leer());
+  }
+  TARVO_INTENTAR(leer());
+  return salida;
+}
+
+Resultado<> Remesa::escribirNota(const Nota& n, const std::map<qint64, Preparado>& ahora) {
+  const auto it = ahora.find(n.codigo);
+  const Preparado* p = it == ahora.end() ? nullptr : &it->second;
+  switch (n.que) {
+    case Nota::Enviado:
+      if (que_ == Que::Precios) return tenencias_.AnotarPrecios(n.preparado, p, n.eraSuyo);
+      return tenencias_.AnotarEnviado(n.codigo, *n.preparado.registro, p);
+    case Nota::Hueco:
+      return n.codigo == n.hasta ? tenencias_.AnotarBorrado(n.codigo)
+                                 : tenencias_.AnotarHueco(n.codigo, n.hasta);
+    case Nota::Leido:
+      return escribirLeido(n, p);
+    case Nota::Sobra:
+      return tenencias_.AnotarSobrante(n.codigo);
+    case Nota::Rechazado:
+      return tenencias_.AnotarRetenido(n.codigo, n.motivo, n.error);
+  }
+  return {};
+}
+
+// What it holds is the article as it would go now, another form of it, or one that is gone here.
+Resultado<> Remesa::escribirLeido(const Nota& n, const Preparado* ahora) {
+  const bool igual = ahora && ahora->registro && maquinas::mismaFicha(n.registro, *ahora->registro);
+  ++(igual ? resumen_.iguales : ahora ? resumen_.distintos : resumen_.sobrantes);
+  if (igual) return tenencias_.AnotarEnviado(n.codigo, *ahora->registro, ahora);
+  return tenencias_.AnotarDistinto(n.codigo, n.registro, ahora != nullptr);
+}
+
+}  // namespace tarvo::envios

@@ -1,0 +1,124 @@
+// The articles of one sending, in their order, and what became of each. It knows nothing of frames
+// or links: whoever sends asks for the article that goes now, and says how that went.
+//
+// What the group confirmed goes to disk together with others, a second later at most; before an
+// article goes whose record isn't proved to be what the group holds, that is noted. So whatever is
+// cut off, an article counts as held only when it is, and otherwise goes again.
+#pragma once
+
+#include <map>
+
+#include "comm/envios/Decision.h"
+#include "comm/envios/Tenencias.h"
+#include "core/textos/Textos.h"
+
+namespace tarvo::envios {
+
+struct Resumen {
+  int enviados = 0, borrados = 0;
+  int iguales = 0, distintos = 0, sobrantes = 0;  // of what the group told, once it is on disk
+  std::map<qint64, QString> retenidos;            // by code, with the reason
+  std::map<qint64, QString> rechazados;           // those that the group hasn't taken since
+};
+
+class Remesa {
+ public:
+  enum class Que { Articulos, Precios };
+  // REQUIRES that the references outlive it.
+  Remesa(dao::Database& db, Reloj& reloj, const Textos& textos, const Destino& destino,
+         Que que = Que::Articulos);
+  ~Remesa();
+
+  // Brings what is known of the group up to date with what became of the group itself. Once.
+  Resultado<> abrir();
+  // The same, and decides what goes: all of the range, or what the group doesn't hold as it stands;
+  // by number, with those that it refused before behind the others unless `porNumero`.
+  Resultado<> empezar(bool todo, Rango rango, bool porNumero = false);
+
+  struct Saliente {
+    qint64 codigo = 0;
+    QByteArray registro;  // empty for one that is held back
+    bool retenido() const { return registro.isEmpty(); }
+  };
+  // The article that goes now, as it stands now; null when none is left. Articles that don't fit
+  // are passed over, or shown when `conRetenidos`. What is given holds until the next call.
+  Resultado<const Saliente*> actual(bool conRetenidos = false);
+  // What became of it. Each REQUIRES one.
+  void enviado();
+  void pasado();  // it needn't go
+  // The group refused it: it goes to the end. False when the refusals aren't about the article, or
+  // it is the end already.
+  bool rechazado(int error, const QString& motivo);
+  // After the list and the deletions: the refused ones, once more. False when there are none.
+  bool empezarFinal();
+
+  // The deletions that are due now.
+  Resultado<> empezarBorrados();
+  std::optional<qint64> porBorrar() const;
+  void borrado();
+  void borradoNegado();  // it goes behind the others
+  // The group deleted another one, or wouldn't; or it told that it has none of these numbers.
+  void borrado(qint64 codigo);
+  void borradoNegado(qint64 codigo, const QString& motivo);
+  void hueco(qint64 desde, qint64 hasta);
+  // It told what it holds under a number. REQUIRES a record that can be read.
+  void leido(qint64 codigo, const QByteArray& registro);
+
+  // What the group was confirmed to have or not to have goes to disk. When it fails it is kept.
+  Resultado<> asentar();
+
+  const Resumen& resumen() const { return resumen_; }
+  qint64 hechos() const { return hechos_; }
+  qint64 codigoActual() const { return codigo_; }
+
+ private:
+  struct Enviable {
+    Saliente saliente;
+    Preparado preparado;
+    bool eraSuyo = false;
+  };
+  struct Nota {
+    enum Que { Enviado, Hueco, Rechazado, Leido, Sobra } que;
+    qint64 codigo = 0, hasta = 0;
+    Preparado preparado{};
+    bool eraSuyo = false;
+    int error = 0;
+    QString motivo{};
+    QByteArray registro{};
+  };
+  Resultado<> cargar();
+  Resultado<bool> refrescar();
+  maquinas::Cabe<QByteArray> registroDe(const Preparado& p) const;
+  Resultado<Enviable> preparar(Preparado p);
+  Resultado<bool> anunciar(qint64 codigo, const QByteArray& registro);
+  void quitarPrimero();
+  void anotar(Nota nota);
+  Resultado<> escribir(std::span<const Nota> notas);
+  Resultado<> escribirNota(const Nota& nota, const std::map<qint64, Preparado>& ahora);
+  Resultado<> escribirLeido(const Nota& nota, const Preparado* ahora);
+  Resultado<std::map<qint64, Preparado>> comoEstan(std::span<const Nota> notas);
+
+  dao::Database& db_;
+  Reloj& reloj_;
+  const Textos& textos_;
+  const Destino destino_;
+  const Que que_;
+  Lector lector_;
+  Tenencias tenencias_;
+  std::unique_ptr<Temporizador> turno_;
+
+  std::vector<qint64> lista_;
+  size_t leidos_ = 0;  // of lista_
+  std::vector<Enviable> lote_;
+  size_t pos_ = 0;      // in lote_
+  qint64 cambios_ = 0;  // of the database, when the lot was read
+  bool final_ = false;
+  int negadasSeguidas_ = 0;
+  std::vector<qint64> negados_, borrados_;
+  size_t posBorrados_ = 0;
+  std::vector<Nota> notas_;
+  Resumen resumen_;
+  qint64 hechos_ = 0, codigo_ = 0;
+};
+
+}  // namespace tarvo::envios

@@ -1,0 +1,38 @@
+#include "comm/envios/TablasEnvios.h"
+
+namespace tarvo::envios {
+
+// Enviados: the record that a group confirmed last, as a hash of it without its prices and one of
+// its prices; Null where it may hold another. SECCION is the group's at that time: one that moved
+// keeps what it held.
+//
+// Retenidos: an article that a group didn't get, since DESDE. ERROR 0: it doesn't fit its record,
+// and MOTIVO says why; else the code with which the group refused it.
+//
+// EnviosGrupo: the section of the group's last sending, and BORRANDO 1 while a wipe was ordered and
+// not confirmed.
+//
+// FichasPedidas: the last record that each group was asked for by itself, in hexadecimal; Null when
+// it doesn't hold the article.
+Resultado<> asegurarTablasEnvios(dao::Database& db) {
+  return db.ejecutarGuion(
+      uR"(
+CREATE TABLE IF NOT EXISTS Enviados (
+  GRUPO INTEGER NOT NULL REFERENCES GRUPOS (CODGPO) ON UPDATE CASCADE ON DELETE CASCADE,
+  SECCION INTEGER NOT NULL, CODPLU INTEGER NOT NULL, HUELLA BIGINT, HUELLA_PRE BIGINT,
+  CUANDO DOUBLE PRECISION, PRIMARY KEY (GRUPO, SECCION, CODPLU));
+CREATE TABLE IF NOT EXISTS Retenidos (
+  GRUPO INTEGER NOT NULL REFERENCES GRUPOS (CODGPO) ON UPDATE CASCADE ON DELETE CASCADE,
+  SECCION INTEGER NOT NULL, CODPLU INTEGER NOT NULL, MOTIVO TEXT, ERROR INTEGER DEFAULT 0,
+  DESDE DOUBLE PRECISION, CUANDO DOUBLE PRECISION, PRIMARY KEY (GRUPO, SECCION, CODPLU));
+CREATE TABLE IF NOT EXISTS EnviosGrupo (
+  GRUPO INTEGER PRIMARY KEY REFERENCES GRUPOS (CODGPO) ON UPDATE CASCADE ON DELETE CASCADE,
+  SECCION INTEGER, BORRANDO INTEGER DEFAULT 0);
+CREATE TABLE IF NOT EXISTS FichasPedidas (
+  GRUPO INTEGER NOT NULL REFERENCES GRUPOS (CODGPO) ON UPDATE CASCADE ON DELETE CASCADE,
+  CODPLU INTEGER NOT NULL, FICHA TEXT, CUANDO DOUBLE PRECISION, PRIMARY KEY (GRUPO, CODPLU));
+CREATE INDEX IF NOT EXISTS Cross_Borra ON [Cross] (Grupo) WHERE borra<>0;
+)");
+}
+
+}  // namespace tarvo::envios

@@ -1,0 +1,237 @@
+#include "comm/envios/Tenencias.h"
+
+namespace tarvo::envios {
+
+Tenencias::Tenencias(dao::Database& db, Reloj& reloj, const Destino& destino)
+    : db_(db), reloj_(reloj), d_(destino) {}
+
+Resultado<> Tenencias::empezar() {
+  TARVO_INTENTAR(mudarDeSeccion());
+  const auto rs = db_.consultar(
+      u"SELECT DISTINCT SECCION FROM Enviados WHERE GRUPO=? AND SECCION<>?", d_.grupo, d_.seccion);
+  if (!rs) return std::unexpected(rs.error());
+  for (; !(*rs)->Eof();) {
+    otrasSecciones_.push_back(static_cast<int>((*rs)->entero(0)));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  TARVO_INTENTAR(
+      db_.ejecutar(u"DELETE FROM Retenidos WHERE GRUPO=? AND (SECCION<>? OR NOT EXISTS (SELECT 1 "
+                   u"FROM PLUSES WHERE PLUSES.SECCION=Retenidos.SECCION AND "
+                   u"PLUSES.CODPLU=Retenidos.CODPLU))",
+                   d_.grupo, d_.seccion));
+  return {};
+}
+
+// A group that moved to another section holds articles of the former one under the same numbers:
+// nothing of it counts as held any more, but it is remembered that it may be there.
+Resultado<> Tenencias::mudarDeSeccion() {
+  const auto antes =
+      db_.consultar(u"SELECT SECCION, BORRANDO FROM EnviosGrupo WHERE GRUPO=?", d_.grupo);
+  if (!antes) return std::unexpected(antes.error());
+  const bool conocido = !(*antes)->Eof();
+  if (conocido && (*antes)->logico(1))
+    TARVO_INTENTAR(
+        db_.ejecutar(u"UPDATE Enviados SET HUELLA=NULL, HUELLA_PRE=NULL WHERE GRUPO=?", d_.grupo));
+  if (conocido && (*antes)->entero(0) == d_.seccion && !(*antes)->logico(1)) return {};
+  TARVO_INTENTAR(soltarOtrasSecciones());
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO EnviosGrupo (GRUPO, SECCION, BORRANDO) VALUES (?, ?, 0) ON CONFLICT (GRUPO) DO "
+      u"UPDATE SET SECCION=excluded.SECCION, BORRANDO=0",
+      d_.grupo, d_.seccion));
+  return {};
+}
+
+Resultado<> Tenencias::soltarOtrasSecciones() {
+  // The whole table is looked through, so only where there is something to find.
+  const auto hay = db_.uno(
+      u"SELECT EXISTS (SELECT 1 FROM [Cross] WHERE Secc<?) OR EXISTS (SELECT 1 FROM [Cross] WHERE "
+      u"Secc>?)",
+      d_.seccion, d_.seccion);
+  if (!hay) return std::unexpected(hay.error());
+  if (!hay->logico()) return {};
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO Enviados (GRUPO, SECCION, CODPLU, CUANDO) SELECT Grupo, Secc, plu, "
+      u"? FROM [Cross] WHERE Grupo=? AND Secc<>? AND borra=0 ON CONFLICT (GRUPO, "
+      u"SECCION, CODPLU) DO NOTHING",
+      reloj_.ahora(), d_.grupo, d_.seccion));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Grupo=? AND Secc<>? AND borra=0",
+                              d_.grupo, d_.seccion));
+  return {};
+}
+
+Resultado<bool> Tenencias::anunciar(qint64 codigo, const QByteArray& registro) {
+  const Huella h = huellaDe(d_.tipo, registro);
+  TARVO_INTENTAR(db_.ejecutar(
+      u"UPDATE Enviados SET HUELLA=NULL, HUELLA_PRE=NULL WHERE GRUPO=? AND SECCION=? AND CODPLU=? "
+      u"AND (HUELLA<>? OR HUELLA_PRE<>?)",
+      d_.grupo, d_.seccion, codigo, h.resto, h.precios));
+  if (!d_.conCross()) return false;
+  const auto quitadas = db_.ejecutar(
+      u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=? AND borra=0 AND NOT EXISTS (SELECT "
+      u"1 "
+      u"FROM Enviados WHERE Enviados.GRUPO=? AND SECCION=? AND CODPLU=? AND HUELLA=? AND "
+      u"HUELLA_PRE=?)",
+      d_.seccion, codigo, d_.grupo, d_.grupo, d_.seccion, codigo, h.resto, h.precios);
+  if (!quitadas) return std::unexpected(quitadas.error());
+  return *quitadas > 0;
+}
+
+Resultado<bool> Tenencias::anunciarPrecios(qint64 codigo, const QByteArray& precios) {
+  const qint64 h = huellaDePrecios(precios);
+  TARVO_INTENTAR(db_.ejecutar(
+      u"UPDATE Enviados SET HUELLA_PRE=NULL WHERE GRUPO=? AND SECCION=? AND CODPLU=? AND "
+      u"HUELLA_PRE<>?",
+      d_.grupo, d_.seccion, codigo, h));
+  const auto quitadas = db_.ejecutar(
+      u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=? AND borra=0 AND NOT EXISTS (SELECT "
+      u"1 "
+      u"FROM Enviados WHERE Enviados.GRUPO=? AND SECCION=? AND CODPLU=? AND HUELLA_PRE=?)",
+      d_.seccion, codigo, d_.grupo, d_.grupo, d_.seccion, codigo, h);
+  if (!quitadas) return std::unexpected(quitadas.error());
+  return *quitadas > 0;
+}
+
+Resultado<> Tenencias::AnotarEnviado(qint64 codigo, const QByteArray& registro,
+                                     const Preparado* ahora) {
+  TARVO_INTENTAR(ponerEnviado(codigo, huellaDe(d_.tipo, registro)));
+  TARVO_INTENTAR(quitarRetenido(codigo));
+  const bool igual = ahora && ahora->registro && *ahora->registro == registro;
+  if (igual) TARVO_INTENTAR(asentarOferta(*ahora));
+  if (!d_.conCross()) return {};
+  return ahora && !igual ? quitarCross(codigo) : ponerCross(codigo, !ahora);
+}
+
+// What else of the article is there only Enviados can say, or Cross if it said so until just now
+// and nothing but the prices went.
+Resultado<> Tenencias::AnotarPrecios(const Preparado& entonces, const Preparado* ahora,
+                                     bool eraSuyo) {
+  const qint64 codigo = entonces.codigo;
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO Enviados (GRUPO, SECCION, CODPLU, HUELLA_PRE, CUANDO) VALUES (?, ?, ?, ?, ?) "
+      u"ON "
+      u"CONFLICT (GRUPO, SECCION, CODPLU) DO UPDATE SET HUELLA_PRE=excluded.HUELLA_PRE, "
+      u"CUANDO=excluded.CUANDO",
+      d_.grupo, d_.seccion, codigo, huellaDePrecios(*soloPreciosDe(entonces)), reloj_.ahora()));
+  if (!ahora) return ponerCross(codigo, true);
+  if (ahora->precios == entonces.precios) TARVO_INTENTAR(asentarOferta(*ahora));
+  if (!ahora->registro || ahora->registro != entonces.registro) return quitarCross(codigo);
+  const auto resto =
+      db_.uno(u"SELECT HUELLA FROM Enviados WHERE GRUPO=? AND SECCION=? AND CODPLU=?", d_.grupo,
+              d_.seccion, codigo);
+  if (!resto) return std::unexpected(resto.error());
+  const bool probado =
+      !resto->nulo() && resto->entero() == huellaDe(d_.tipo, *ahora->registro).resto;
+  if (!probado && !eraSuyo) return {};
+  TARVO_INTENTAR(quitarRetenido(codigo));
+  return ponerCross(codigo, false);
+}
+
+Resultado<> Tenencias::AnotarBorrado(qint64 codigo) {
+  TARVO_INTENTAR(
+      db_.ejecutar(u"DELETE FROM [Cross] WHERE Grupo=? AND plu=? AND borra<>0", d_.grupo, codigo));
+  return AnotarHueco(codigo, codigo);
+}
+
+Resultado<> Tenencias::AnotarHueco(qint64 desde, qint64 hasta) {
+  if (desde > hasta) return {};
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu>=? AND plu<=? AND Grupo=?",
+                              d_.seccion, desde, hasta, d_.grupo));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"DELETE FROM Enviados WHERE GRUPO=? AND SECCION=? AND CODPLU>=? AND CODPLU<=?",
+                   d_.grupo, d_.seccion, desde, hasta));
+  return olvidarOtrasSecciones(desde, hasta);
+}
+
+Resultado<> Tenencias::AnotarDistinto(qint64 codigo, const QByteArray& registro, bool existe) {
+  TARVO_INTENTAR(ponerEnviado(codigo, huellaDe(d_.tipo, registro)));
+  return existe ? quitarCross(codigo) : ponerCross(codigo, true);
+}
+
+Resultado<> Tenencias::AnotarRetenido(qint64 codigo, const QString& motivo, int error) {
+  const Fecha ahora = reloj_.ahora();
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO Retenidos (GRUPO, SECCION, CODPLU, MOTIVO, ERROR, DESDE, CUANDO) VALUES (?, ?, "
+      u"?, ?, ?, ?, ?) ON CONFLICT (GRUPO, SECCION, CODPLU) DO UPDATE SET MOTIVO=excluded.MOTIVO, "
+      u"ERROR=excluded.ERROR, CUANDO=excluded.CUANDO",
+      d_.grupo, d_.seccion, codigo, motivo, error, ahora, ahora));
+  return {};
+}
+
+Resultado<> Tenencias::anunciarBorrado() {
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE EnviosGrupo SET BORRANDO=1 WHERE GRUPO=?", d_.grupo));
+  return {};
+}
+
+Resultado<> Tenencias::borradoRechazado() {
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE EnviosGrupo SET BORRANDO=0 WHERE GRUPO=?", d_.grupo));
+  return {};
+}
+
+Resultado<> Tenencias::borradoHecho() {
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Enviados WHERE GRUPO=?", d_.grupo));
+  return borradoRechazado();
+}
+
+Resultado<> Tenencias::guardarFicha(qint64 codigo, const std::optional<QByteArray>& registro) {
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO FichasPedidas (GRUPO, CODPLU, FICHA, CUANDO) VALUES (?, ?, ?, ?) ON CONFLICT "
+      u"(GRUPO, CODPLU) DO UPDATE SET FICHA=excluded.FICHA, CUANDO=excluded.CUANDO",
+      d_.grupo, codigo,
+      registro ? dao::Valor(QString::fromLatin1(registro->toHex())) : dao::Valor(),
+      reloj_.ahora()));
+  return {};
+}
+
+Resultado<> Tenencias::ponerCross(qint64 codigo, bool borra) {
+  TARVO_INTENTAR(
+      db_.ejecutar(u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) VALUES (?, ?, ?, ?) ON CONFLICT "
+                   u"(Secc, plu, Grupo) DO UPDATE SET borra=excluded.borra",
+                   d_.seccion, codigo, d_.grupo, borra));
+  return {};
+}
+
+Resultado<> Tenencias::quitarCross(qint64 codigo) {
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=?", d_.seccion,
+                              codigo, d_.grupo));
+  return {};
+}
+
+Resultado<> Tenencias::ponerEnviado(qint64 codigo, const Huella& h) {
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO Enviados (GRUPO, SECCION, CODPLU, HUELLA, HUELLA_PRE, CUANDO) VALUES (?, ?, ?, "
+      u"?, ?, ?) ON CONFLICT (GRUPO, SECCION, CODPLU) DO UPDATE SET HUELLA=excluded.HUELLA, "
+      u"HUELLA_PRE=excluded.HUELLA_PRE, CUANDO=excluded.CUANDO",
+      d_.grupo, d_.seccion, codigo, h.resto, h.precios, reloj_.ahora()));
+  return olvidarOtrasSecciones(codigo, codigo);
+}
+
+// A machine has one article under a number, whatever section it came from.
+Resultado<> Tenencias::olvidarOtrasSecciones(qint64 desde, qint64 hasta) {
+  for (const int seccion : otrasSecciones_)
+    TARVO_INTENTAR(db_.ejecutar(
+        u"DELETE FROM Enviados WHERE GRUPO=? AND SECCION=? AND CODPLU>=? AND CODPLU<=?", d_.grupo,
+        seccion, desde, hasta));
+  return {};
+}
+
+// The flags of the offer follow what the group holds: its prices are there, or they are not.
+Resultado<> Tenencias::asentarOferta(const Preparado& p) {
+  if (!p.oferta.hay) return {};
+  if (p.oferta.borrado) {
+    TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM OFERTAS WHERE GRUPO=? AND SECCION=? AND CODIGO=?",
+                                d_.grupo, d_.seccion, p.codigo));
+  } else if (p.oferta.enviado != p.oferta.rige) {
+    TARVO_INTENTAR(
+        db_.ejecutar(u"UPDATE OFERTAS SET enviado=? WHERE GRUPO=? AND SECCION=? AND CODIGO=?",
+                     p.oferta.rige, d_.grupo, d_.seccion, p.codigo));
+  }
+  return {};
+}
+
+Resultado<> Tenencias::quitarRetenido(qint64 codigo) {
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Retenidos WHERE GRUPO=? AND SECCION=? AND CODPLU=?",
+                              d_.grupo, d_.seccion, codigo));
+  return {};
+}
+
+}  // namespace tarvo::envios

@@ -1,0 +1,67 @@
+// What a group holds of the catalogue, as far as it has confirmed it: Cross for what is due to the
+// scales, Enviados for what can be proved of any group, Retenidos for what it didn't get. Every
+// write REQUIRES a transaction of the caller.
+#pragma once
+
+#include "comm/envios/Lector.h"
+#include "core/dao/Database.h"
+#include "core/tiempo/Reloj.h"
+
+namespace tarvo::envios {
+
+class Tenencias {
+ public:
+  // REQUIRES that database and clock outlive it.
+  Tenencias(dao::Database& db, Reloj& reloj, const Destino& destino);
+
+  // Before anything is sent: what stands of a group that moved to another section, of a wipe that
+  // never got its answer, of articles that are gone.
+  Resultado<> empezar();
+
+  // Before a record goes: as long as the group hasn't confirmed it, nobody knows what it holds.
+  // True when Cross said that it held the article, and says so no more. Where what it holds is
+  // proved to be this record, nothing changes.
+  Resultado<bool> anunciar(qint64 codigo, const QByteArray& registro);
+  Resultado<bool> anunciarPrecios(qint64 codigo, const QByteArray& precios);
+
+  // AnotarEnviado: the group has confirmed a record. `ahora` is the article as it stands now, null
+  // when it is gone; the group holds it as it stands if that is what it got.
+  Resultado<> AnotarEnviado(qint64 codigo, const QByteArray& registro, const Preparado* ahora);
+  // The same for a record of prices, sent while the article stood as `entonces`. `eraSuyo`:
+  // anunciarPrecios answered true for it.
+  Resultado<> AnotarPrecios(const Preparado& entonces, const Preparado* ahora, bool eraSuyo);
+  // It has deleted the article, or hasn't any of these numbers.
+  Resultado<> AnotarBorrado(qint64 codigo);
+  Resultado<> AnotarHueco(qint64 desde, qint64 hasta);
+  // It holds an article otherwise than it should, or one that is gone: `registro` as it gave it.
+  Resultado<> AnotarDistinto(qint64 codigo, const QByteArray& registro, bool existe);
+  // It holds one that it should have deleted.
+  Resultado<> AnotarSobrante(qint64 codigo) { return ponerCross(codigo, true); }
+  // It got no record of it: `error` is its refusal, 0 for a record that can't be made.
+  Resultado<> AnotarRetenido(qint64 codigo, const QString& motivo, int error);
+
+  // A wipe: ordered, refused before it began, done.
+  Resultado<> anunciarBorrado();
+  Resultado<> borradoRechazado();
+  Resultado<> borradoHecho();
+
+  // The record of an article that was asked for by itself; none when the group hasn't it.
+  Resultado<> guardarFicha(qint64 codigo, const std::optional<QByteArray>& registro);
+
+ private:
+  Resultado<> mudarDeSeccion();
+  Resultado<> soltarOtrasSecciones();
+  Resultado<> ponerCross(qint64 codigo, bool borra);
+  Resultado<> quitarCross(qint64 codigo);
+  Resultado<> ponerEnviado(qint64 codigo, const Huella& huella);
+  Resultado<> olvidarOtrasSecciones(qint64 desde, qint64 hasta);
+  Resultado<> asentarOferta(const Preparado& p);
+  Resultado<> quitarRetenido(qint64 codigo);
+
+  dao::Database& db_;
+  Reloj& reloj_;
+  const Destino d_;
+  std::vector<int> otrasSecciones_;  // of which something stands in Enviados for this group
+};
+
+}  // namespace tarvo::envios

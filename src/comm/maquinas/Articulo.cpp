@@ -1,0 +1,212 @@
+#include "comm/maquinas/Articulo.h"
+
+#include "comm/maquinas/Letras.h"
+
+namespace tarvo::maquinas {
+
+namespace {
+
+// A reader lets go of a frame above 64 KiB; 12 bytes of it aren't data.
+constexpr qint64 kMaximoRegistro = 64 * 1024 - 12;
+constexpr char kFinRegistro = 19, kBarras = 22;
+constexpr qint64 kUltimoTipoBarras = 1;
+constexpr int kAnchoPrefijo = 7, kAnchoCodigoCompuesto = 6, kAnchoCodigoBarras = 13;
+
+constexpr qint64 tope(int ancho) {
+  qint64 n = 1;
+  for (; ancho > 0; --ancho) n *= 10;
+  return n - 1;
+}
+
+bool soloCifras(QStringView texto) {
+  for (const QChar c : texto)
+    if (c < u'0' || c > u'9') return false;
+  return true;
+}
+
+bool esControl(QChar c) {
+  return c < u' ' || (c >= QChar(0x7F) && c < QChar(0xA0));
+}
+
+// Puts field behind field; the first that doesn't fit stays as the reason.
+class Escritor {
+ public:
+  Escritor(int tipo, qsizetype tamano) : tipo_(tipo) { registro_.reserve(tamano); }
+
+  void fijo(QByteArrayView bytes) { registro_.append(bytes); }
+  void numero(CampoPLU campo, qint64 n, int ancho, qint64 minimo = 0) {
+    hastaTope(campo, n, ancho, minimo, tope(ancho));
+  }
+  void hastaTope(CampoPLU campo, qint64 n, int ancho, qint64 minimo, qint64 maximo) {
+    if (n < minimo) return negar({campo, NoCabe::Pequeno, minimo, QString::number(n)});
+    if (n > maximo) return negar({campo, NoCabe::Grande, maximo, QString::number(n)});
+    registro_ += Ceros(n, ancho);
+  }
+  // What stands behind the width is left out, as on any display.
+  void nombre(CampoPLU campo, const QString& texto, int ancho) {
+    const qsizetype antes = registro_.size();
+    letras(campo, QString(texto).replace(u'\t', u' '), ancho);
+    registro_.append(qMax<qsizetype>(0, antes + ancho - registro_.size()), ' ');
+  }
+  // Lines end in one CR.
+  void parrafo(CampoPLU campo, QString texto) {
+    texto.replace(QStringLiteral("\r\n"), QStringLiteral("\r"));
+    texto.replace(u'\n', u'\r').replace(u'\t', u' ');
+    if (const qint64 sitio = kMaximoRegistro - registro_.size() - 1; texto.size() > sitio)
+      return negar({campo, NoCabe::Largo, sitio, texto.left(20)});
+    letras(campo, texto, texto.size());
+  }
+  void negar(NoCabe motivo) {
+    if (!falta_) falta_ = std::move(motivo);
+  }
+  Cabe<QByteArray> fin() {
+    if (falta_) return std::unexpected(*falta_);
+    return std::move(registro_);
+  }
+
+ private:
+  void letras(CampoPLU campo, const QString& texto, qsizetype cuantas) {
+    const QString letras = letrasCompuestas(texto);
+    cuantas = qMin(cuantas, letras.size());
+    for (qsizetype i = 0; i < cuantas; ++i) {
+      const QChar c = letras[i];
+      const bool finDeLinea = c == u'\r' && campo == CampoPLU::TEXTO_ETQ;
+      if (esControl(c) && !finDeLinea)
+        return negar({campo, NoCabe::Control, i + 1,
+                      QString::number(c.unicode(), 16).rightJustified(2, u'0')});
+      const int b = finDeLinea ? '\r' : byteDeBalanza(tipo_, letraDeBalanza(tipo_, c.unicode()));
+      if (b < 0)
+        return negar({campo, NoCabe::Letra, i + 1, letras.mid(i, c.isSurrogate() ? 2 : 1)});
+      registro_ += static_cast<char>(b);
+    }
+  }
+
+  const int tipo_;
+  QByteArray registro_;
+  std::optional<NoCabe> falta_;
+};
+
+void prefijo(Escritor& e, const QString& pfx) {
+  const QString t = pfx.trimmed();
+  if (!soloCifras(t)) return e.negar({CampoPLU::PFX_BAR, NoCabe::Cifras, 0, t});
+  if (t.size() > kAnchoPrefijo)
+    return e.negar({CampoPLU::PFX_BAR, NoCabe::Largo, kAnchoPrefijo, t});
+  e.fijo(t.toLatin1().rightJustified(kAnchoPrefijo, '0'));
+}
+
+Cabe<QByteArray> deBalanza(int tipo, const Articulo& a) {
+  Escritor e(tipo, 90 + a.textoEtq.size());
+  e.nombre(CampoPLU::NomPLU, a.nombre, 20);
+  e.numero(CampoPLU::CodPLU, a.codigo, 7, 1);
+  e.numero(CampoPLU::Precio0, a.precios[0], 6);
+  e.hastaTope(CampoPLU::cada, a.cada, 1, 0, 2);
+  e.numero(CampoPLU::Formato, a.formato, 2);
+  if (a.barras < 0 || a.barras > kUltimoTipoBarras)
+    e.negar({CampoPLU::BARRAS, a.barras < 0 ? NoCabe::Pequeno : NoCabe::Grande,
+             a.barras < 0 ? 0 : kUltimoTipoBarras, QString::number(a.barras)});
+  e.fijo(QByteArray(1, static_cast<char>(kBarras + a.barras)));
+  prefijo(e, a.pfxBar);
+  e.numero(CampoPLU::Depto, a.depto, 2, 1);
+  e.numero(CampoPLU::Tara, a.tara.value_or(1), 2);
+  e.numero(CampoPLU::NUMDIAS_1, a.numdias1, 5);
+  e.numero(CampoPLU::NUMDIAS_2, a.numdias2, 5);
+  e.fijo(a.modificable ? "1" : "0");
+  e.numero(CampoPLU::minimo, a.minimo, 6);
+  // A negative one must not round up to 0.
+  e.numero(CampoPLU::DESCTO, a.descto < 0 ? a.descto : a.descto / 100, 2);
+  e.numero(CampoPLU::HASTA_1, a.hasta1, 5);
+  e.numero(CampoPLU::Precio1, a.precios[1], 6);
+  e.numero(CampoPLU::HASTA_2, a.hasta2, 5);
+  e.numero(CampoPLU::Precio2, a.precios[2], 6);
+  e.parrafo(CampoPLU::TEXTO_ETQ, a.textoEtq);
+  e.fijo(QByteArray(1, kFinRegistro));
+  return e.fin();
+}
+
+Cabe<QByteArray> deEbony(const Articulo& a) {
+  constexpr qint64 kDepartamentos = 10, kPor100g = 1, kPorUnidad = 2;
+  Escritor e(2, 32);
+  e.fijo("99");
+  e.numero(CampoPLU::CodPLU, a.codigo, 4, 1);
+  e.nombre(CampoPLU::NomPLU, a.nombre, 16);
+  // Weighed articles have their price by the kilogram there.
+  const qint64 veces = a.cada == kPor100g ? 10 : 1;
+  if (a.precios[0] > tope(8) / veces)
+    e.negar({CampoPLU::Precio0, NoCabe::Grande, tope(8) / veces, QString::number(a.precios[0])});
+  else
+    e.numero(CampoPLU::Precio0, a.precios[0] * veces, 8);
+  if (a.cada < 0 || a.cada > kPorUnidad)
+    e.negar({CampoPLU::cada, a.cada < 0 ? NoCabe::Pequeno : NoCabe::Grande,
+             a.cada < 0 ? 0 : kPorUnidad, QString::number(a.cada)});
+  else
+    e.fijo(a.cada == kPorUnidad ? (a.modificable ? "4" : "2") : (a.modificable ? "3" : "1"));
+  if (a.depto < 1 || a.depto > kDepartamentos)
+    e.negar({CampoPLU::Depto, a.depto < 1 ? NoCabe::Pequeno : NoCabe::Grande,
+             a.depto < 1 ? 1 : kDepartamentos, QString::number(a.depto)});
+  else
+    e.numero(CampoPLU::Depto, a.depto - 1, 1);
+  return e.fin();
+}
+
+// Registers read articles by bar code, and give their sales by it.
+void codigoDeBarras(Escritor& e, const Articulo& a) {
+  const QString fijo = a.codBarExt.value_or(QString()).trimmed();
+  if (fijo.isEmpty()) {
+    prefijo(e, a.pfxBar);
+    return e.numero(CampoPLU::CodPLU, a.codigo, kAnchoCodigoCompuesto, 1);
+  }
+  if (!soloCifras(fijo)) return e.negar({CampoPLU::CodBarExt, NoCabe::Cifras, 0, fijo});
+  if (fijo.size() > kAnchoCodigoBarras)
+    return e.negar({CampoPLU::CodBarExt, NoCabe::Largo, kAnchoCodigoBarras, fijo});
+  e.fijo(Campo(fijo.toLatin1(), kAnchoCodigoBarras));
+}
+
+Cabe<QByteArray> deCaja(const Articulo& a) {
+  Escritor e(3, 53);
+  codigoDeBarras(e, a);
+  e.nombre(CampoPLU::NomPLU, a.nombre, 20);
+  e.numero(CampoPLU::Precio0, a.precios[0], 9);
+  e.numero(CampoPLU::Precio1, a.precios[1], 9);
+  e.numero(CampoPLU::Depto, a.depto, 2, 1);
+  return e.fin();
+}
+
+}  // namespace
+
+Cabe<QByteArray> TramaPLU(int tipo, const Articulo& articulo) {
+  switch (tipo) {
+    case 2:
+      return deEbony(articulo);
+    case 3:
+      return deCaja(articulo);
+    default:
+      return deBalanza(tipo, articulo);
+  }
+}
+
+Cabe<QByteArray> TramaPrecios(const Articulo& a) {
+  Escritor e(1, 25);
+  e.numero(CampoPLU::CodPLU, a.codigo, 7, 1);
+  e.numero(CampoPLU::Precio0, a.precios[0], 6);
+  e.numero(CampoPLU::Precio1, a.precios[1], 6);
+  e.numero(CampoPLU::Precio2, a.precios[2], 6);
+  return e.fin();
+}
+
+Peticion enviarArticulo(int tipo, const QByteArray& registro) {
+  return {tipo == 2 ? 32 : tipo == 3 ? 4003 : 100, registro};
+}
+Peticion enviarPrecios(const QByteArray& registro) {
+  return {101, registro};
+}
+Peticion borrarArticulo(qint64 codigo) {
+  return {120, Ceros(codigo, 7)};
+}
+Peticion pedirArticulo(qint64 desde) {
+  return {101, Ceros(desde, 7)};
+}
+Peticion borrarArticulos(int tipo) {
+  return tipo == 3 ? Peticion{4098, "00"} : Peticion{73, {}};
+}
+
+}  // namespace tarvo::maquinas

@@ -1,0 +1,120 @@
+// Article records as the machines take them, one layout for each family, from a plain record of the
+// article. Money and quantities are whole numbers as the database keeps them. A value that doesn't
+// fit its field is named; no record is ever made of it.
+#pragma once
+
+#include <QString>
+#include <array>
+#include <span>
+
+#include "comm/maquinas/Campos.h"
+
+namespace tarvo::maquinas {
+
+inline constexpr qint64 kPrimerArticulo = 3, kUltimoArticuloVek = 9'999'999;
+
+// What a group is to know of an article: the columns of PLUSES, with the three prices that it has
+// for that group.
+struct Articulo {
+  qint64 codigo = 0;
+  QString nombre;
+  qint64 cada = 0;  // 0 per kilogram, 1 per 100 g, 2 per unit
+  std::array<qint64, 3> precios{};
+  qint64 formato = 1, barras = 1;
+  QString pfxBar;
+  std::optional<QString> codBarExt;  // predefined bar code
+  qint64 depto = 0;
+  std::optional<qint64> tara;
+  qint64 numdias1 = 0, numdias2 = 0;
+  bool modificable = false;
+  qint64 minimo = 0;
+  qint64 descto = 0;  // hundredths of a per cent
+  qint64 hasta1 = 0, hasta2 = 0;
+  QString textoEtq;
+  bool operator==(const Articulo&) const = default;
+};
+
+// The fields of the records, in the order of the longest one.
+enum class CampoPLU {
+  NomPLU,
+  CodPLU,
+  Precio0,
+  cada,
+  Formato,
+  BARRAS,
+  PFX_BAR,
+  Depto,
+  Tara,
+  NUMDIAS_1,
+  NUMDIAS_2,
+  MDF_PRE,
+  minimo,
+  DESCTO,
+  HASTA_1,
+  Precio1,
+  HASTA_2,
+  Precio2,
+  TEXTO_ETQ,
+  CodBarExt
+};
+inline constexpr int kCamposPLU = 20;
+
+// Why an article can't go to a kind of machine.
+struct NoCabe {
+  enum Motivo {
+    Grande,   // above `limite`
+    Pequeno,  // below `limite`
+    Cifras,   // it must be digits
+    Largo,    // a text of more than `limite` characters
+    Letra,    // a character that the machine lacks
+    Control   // a control character
+  };
+  CampoPLU campo = CampoPLU::CodPLU;
+  Motivo motivo = Grande;
+  qint64 limite = 0;
+  QString valor;  // what doesn't fit: the number, the text or the character
+  bool operator==(const NoCabe&) const = default;
+};
+template <class T>
+using Cabe = std::expected<T, NoCabe>;
+
+// A text in the characters of a kind of machine. What has no place there stays as it is.
+QString CaracteresBalanza(int tipo, const QString& texto);
+// The other way about, as far as it can be told, for a person to read.
+QString textoDeBalanza(int tipo, QByteArrayView bytes);
+
+// The full article record of a kind of group, 1 to 4.
+Cabe<QByteArray> TramaPLU(int tipo, const Articulo& articulo);
+// Code and prices alone (kinds 1 and 4).
+Cabe<QByteArray> TramaPrecios(const Articulo& articulo);
+
+// The price fields of a full record, joined, and the record with blanks in their place. REQUIRES a
+// record of that kind, whole.
+QByteArray preciosDe(int tipo, const QByteArray& registro);
+QByteArray sinPrecios(int tipo, QByteArray registro);
+
+// The requests. Number fields take what has their width. REQUIRES a code within it.
+Peticion enviarArticulo(int tipo, const QByteArray& registro);
+Peticion enviarPrecios(const QByteArray& registro);
+Peticion borrarArticulo(qint64 codigo);  // kinds 1 and 4
+Peticion pedirArticulo(qint64 desde);    // kinds 1 and 4: the first at or behind that number
+Peticion borrarArticulos(int tipo);      // kinds 2 and 3: all of them
+
+// A record of kinds 1 and 4 as a machine gives it.
+struct Ficha {
+  qint64 codigo = 0;
+  std::array<QByteArray, kCamposPLU> campos;  // as they came; CodBarExt is none of them
+  QByteArray campo(CampoPLU cual) const { return campos[static_cast<size_t>(cual)]; }
+};
+// The number alone.
+Leido<qint64> codigoDeFicha(QByteArrayView registro);
+// All of it. What stands behind the end mark is passed over.
+Leido<Ficha> leerFicha(QByteArrayView registro);
+// The fields in which two records say different things; numbers compare by value, blanks being 0,
+// texts without the blanks behind them.
+std::vector<CampoPLU> diferencias(const Ficha& una, const Ficha& otra);
+// Do two records say the same, or the same prices? False where one can't be read.
+bool mismaFicha(QByteArrayView una, QByteArrayView otra);
+bool mismosPrecios(QByteArrayView registro, QByteArrayView soloPrecios);
+
+}  // namespace tarvo::maquinas

@@ -1,0 +1,94 @@
+#include <algorithm>
+
+#include "comm/envios/Tenencias.h"
+#include "comm/tareas/EnvioArticulos.h"
+#include "comm/tareas/Fabricas.h"
+#include "comm/tareas/TextosTareas.h"
+
+namespace tarvo::tareas {
+
+namespace {
+
+using motor::Siguiente;
+
+// Wipes the articles of machines that can't delete one alone. It loses no sales: an Ebony machine
+// that has any refuses it, and registers keep theirs. The link never repeats the order, since a
+// repeat that came late would wipe what was sent behind it; while it is under way nothing counts as
+// proved to be held.
+class Borrado final : public motor::TrabajoTarea {
+ public:
+  Borrado(const motor::DatosTarea& t, const motor::Entorno& e)
+      : t_(t), e_(e), tenencias_(e.db, e.reloj, destinoDe(t)) {
+    const std::vector<int> una{t.Addr};
+    for (const int addr : t.Tipo == 3 ? t.Direcciones : una)
+      if (std::ranges::find(maquinas_, addr) == maquinas_.end()) maquinas_.push_back(addr);
+  }
+
+  Resultado<Siguiente> siguiente() override {
+    if (paso_ > kPasos) return Siguiente::fin();
+    TARVO_INTENTAR(anunciar());
+    if (t_.Tipo == 2 && paso_ == kPasos)
+      return Siguiente{Siguiente::EsperarNODAL, t_.Addr, 0, {}, e_.ajustes.TimeCero};
+    const maquinas::Peticion p = maquinas::borrarArticulos(t_.Tipo);
+    return Siguiente{Siguiente::Enviar, maquinas_[indice_], p.codigo, p.datos, 0, true};
+  }
+  // Whatever an Ebony machine says behind the order is its answer.
+  bool encaja(int addr, int codigo, const QByteArray&) const override {
+    if (t_.Tipo == 2) return true;
+    return codigo == maquinas::borrarArticulos(t_.Tipo).codigo &&
+           (addr < 0 || addr == maquinas_[indice_]);
+  }
+  Resultado<> respuesta(int, int, const QByteArray&) override {
+    if (++indice_ < maquinas_.size()) return {};
+    indice_ = 0;
+    return ++paso_ > kPasos ? enTransaccion(&envios::Tenencias::borradoHecho) : Resultado<>{};
+  }
+  // Nothing was wiped.
+  bool rechazada(int) override {
+    if (t_.Tipo == 2 && enTransaccion(&envios::Tenencias::borradoRechazado)) anunciada_ = false;
+    return false;
+  }
+  void reanudar() override {
+    if (t_.Tipo == 2) paso_ = 1;
+  }
+  Resultado<std::vector<totals::Aviso>> cerrar() override {
+    return std::vector<totals::Aviso>{
+        {t_.Grupo, e_.textos(kTxArticulosBorrados, {t_.Grupo}), false}};
+  }
+  qint64 avance() const override { return paso_ * 1000 + static_cast<qint64>(indice_); }
+
+ private:
+  static constexpr int kPasos = 2;
+  Resultado<> anunciar() {
+    if (maquinas_.empty())
+      return tarvo::fallo(Fallo::Restriccion, e_.textos(kTxSinCajasALasQueEnviar, {t_.Grupo}),
+                          motor::kErrorSuprimido);
+    if (!abierta_) TARVO_INTENTAR(enTransaccion(&envios::Tenencias::empezar));
+    abierta_ = true;
+    if (!anunciada_) TARVO_INTENTAR(enTransaccion(&envios::Tenencias::anunciarBorrado));
+    anunciada_ = true;
+    return {};
+  }
+  Resultado<> enTransaccion(Resultado<> (envios::Tenencias::*que)()) {
+    auto tr = dao::Transaccion::empezar(e_.db);
+    if (!tr) return std::unexpected(tr.error());
+    TARVO_INTENTAR((tenencias_.*que)());
+    return tr->confirmar();
+  }
+
+  const motor::DatosTarea t_;
+  const motor::Entorno e_;
+  envios::Tenencias tenencias_;
+  std::vector<int> maquinas_;
+  size_t indice_ = 0;
+  int paso_ = 1;
+  bool abierta_ = false, anunciada_ = false;
+};
+
+}  // namespace
+
+Trabajo crearBorrPlu(const motor::DatosTarea& t, const motor::Entorno& e) {
+  return std::make_unique<Borrado>(t, e);
+}
+
+}  // namespace tarvo::tareas

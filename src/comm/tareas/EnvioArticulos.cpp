@@ -1,0 +1,93 @@
+#include "comm/tareas/EnvioArticulos.h"
+
+#include "comm/motor/gestcomm.h"
+#include "comm/tareas/TextosTareas.h"
+
+namespace tarvo::tareas {
+
+namespace {
+
+constexpr int kTarifas = 8;
+constexpr int kArticulosNombrados = 20;  // of each sort, in the words at the end
+
+// One sentence for each article, and one for all that are too many.
+void nombrar(std::vector<totals::Aviso>& avisos, const std::map<qint64, QString>& cuales, int texto,
+             int grupo, const Textos& textos) {
+  int n = 0;
+  for (const auto& [codigo, motivo] : cuales) {
+    if (n++ == kArticulosNombrados) {
+      avisos.push_back(
+          {grupo, textos(kTxArticulosDeMas, {grupo, cuales.size() - kArticulosNombrados}), true});
+      return;
+    }
+    avisos.push_back({grupo, textos(texto, {grupo, Ceros(codigo, 7), motivo}), true});
+  }
+}
+
+}  // namespace
+
+envios::Destino destinoDe(const motor::DatosTarea& t) {
+  return {t.Grupo, t.Seccion, t.Tipo, t.Tarifa};
+}
+
+QString motivoDeRechazo(int error, const Textos& textos) {
+  if (error == kNoExiste) return textos(kTxNoLoTiene);
+  QString mensaje = motor::textosError(error, textos).mensaje.trimmed();
+  mensaje.remove(u'\'');
+  if (mensaje.isEmpty()) mensaje = textos(kTxErrorNumero, {error});
+  return textos(kTxRechazado, {mensaje});
+}
+
+EnvioArticulos::EnvioArticulos(const motor::DatosTarea& t, const motor::Entorno& e,
+                               envios::Remesa::Que que)
+    : t_(t), e_(e), remesa_(e.db, e.reloj, e.textos, destinoDe(t), que), que_(que) {}
+
+Resultado<motor::Siguiente> EnvioArticulos::siguiente() {
+  if (!preparada_) {
+    if (t_.Tarifa < 0 || t_.Tarifa >= kTarifas)
+      return tarvo::fallo(Fallo::Restriccion,
+                          e_.textos(kTxTarifaDesconocida, {t_.Grupo, t_.Tarifa}),
+                          motor::kErrorSuprimido);
+    TARVO_INTENTAR(preparar());
+    preparada_ = true;
+  }
+  return paso();
+}
+
+Resultado<> EnvioArticulos::preparar() {
+  return remesa_.empezar(t_.Todo, rango());
+}
+
+Resultado<motor::Siguiente> EnvioArticulos::fin() {
+  TARVO_INTENTAR(remesa_.asentar());
+  return motor::Siguiente::fin();
+}
+
+bool EnvioArticulos::rechazarActual(int error) {
+  return remesa_.rechazado(error, motivoDeRechazo(error, e_.textos));
+}
+
+std::vector<totals::Aviso> EnvioArticulos::abandonar() {
+  reposo();
+  return preparada_ ? avisos() : std::vector<totals::Aviso>{};
+}
+
+std::vector<totals::Aviso> EnvioArticulos::avisos() const {
+  const envios::Resumen& r = remesa_.resumen();
+  std::vector<totals::Aviso> salida;
+  nombrar(salida, r.retenidos, kTxArticuloRetenido, t_.Grupo, e_.textos);
+  nombrar(salida, r.rechazados, kTxArticuloRechazado, t_.Grupo, e_.textos);
+  const bool nada = r.enviados + r.borrados == 0 && r.retenidos.empty() && r.rechazados.empty();
+  const QString cuenta =
+      nada ? e_.textos(kTxSinArticulosQueEnviar, {t_.Grupo})
+           : e_.textos(soloPrecios() ? kTxPreciosEnviados : kTxArticulosEnviados,
+                       {t_.Grupo, r.enviados, r.borrados, r.retenidos.size(), r.rechazados.size()});
+  salida.push_back({t_.Grupo, cuenta, false});
+  return salida;
+}
+
+QString EnvioArticulos::MostrarTraza() const {
+  return e_.textos(kTxPasoArticulo, {Ceros(codigoActual(), 7)});
+}
+
+}  // namespace tarvo::tareas

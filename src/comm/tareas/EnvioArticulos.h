@@ -1,0 +1,54 @@
+// What all sendings of articles share: the list, the words at the end, and what a refusal does. How
+// a family is talked to stands below it.
+#pragma once
+
+#include "comm/envios/Remesa.h"
+#include "comm/motor/Tarea.h"
+
+namespace tarvo::tareas {
+
+inline constexpr int kNoExiste = 105;  // the machine hasn't the article
+
+envios::Destino destinoDe(const motor::DatosTarea& t);
+// A refusal in words that stand behind the article's name.
+QString motivoDeRechazo(int error, const Textos& textos);
+
+class EnvioArticulos : public motor::TrabajoTarea {
+ public:
+  EnvioArticulos(const motor::DatosTarea& t, const motor::Entorno& e,
+                 envios::Remesa::Que que = envios::Remesa::Que::Articulos);
+
+  Resultado<motor::Siguiente> siguiente() final;
+  void reposo() final { static_cast<void>(remesa_.asentar()); }
+  Resultado<std::vector<totals::Aviso>> cerrar() final { return avisos(); }
+  std::vector<totals::Aviso> abandonar() final;
+  QString MostrarTraza() const final;
+  qint64 codigoActual() const override { return remesa_.codigoActual(); }
+  qint64 avance() const override { return remesa_.hechos(); }
+
+ protected:
+  virtual Resultado<> preparar();
+  // The next step; Fin REQUIRES that everything is on disk.
+  virtual Resultado<motor::Siguiente> paso() = 0;
+  Resultado<motor::Siguiente> fin();
+  envios::Rango rango() const { return {t_.Desde, t_.Hasta}; }
+  bool soloPrecios() const { return que_ == envios::Remesa::Que::Precios; }
+  // The present article was refused; what Remesa::rechazado answers.
+  bool rechazarActual(int error);
+
+  const motor::DatosTarea t_;
+  const motor::Entorno e_;
+  envios::Remesa remesa_;
+
+ private:
+  std::vector<totals::Aviso> avisos() const;
+
+  const envios::Remesa::Que que_;
+  bool preparada_ = false;
+};
+
+// The complete sending to a group of kind 4, which compares its list with ours.
+std::unique_ptr<motor::TrabajoTarea> crearComparacion(const motor::DatosTarea& t,
+                                                      const motor::Entorno& e);
+
+}  // namespace tarvo::tareas

@@ -1,0 +1,170 @@
+#include <algorithm>
+
+#include "comm/maquinas/Articulo.h"
+#include "comm/tareas/EnvioArticulos.h"
+#include "comm/tareas/Fabricas.h"
+#include "comm/tareas/TextosTareas.h"
+
+namespace tarvo::tareas {
+
+namespace {
+
+using motor::Siguiente;
+
+// A list of articles, then what the scales must delete, then once more what was refused.
+//
+// Behind a silence the scales are first asked what they hold of the article: they may have taken it
+// unheard, and the answer, which bears a number, comes behind every late one, which bear none.
+class ListaDeArticulos : public EnvioArticulos {
+ public:
+  using EnvioArticulos::EnvioArticulos;
+
+  bool encaja(int, int codigo, const QByteArray& datos) const override {
+    if (t_.Protocolo == 2) return true;
+    if (codigo != codigo_) return false;
+    return !preguntando_ || maquinas::codigoDeFicha(datos).value_or(-1) >= numero_;
+  }
+  Resultado<> respuesta(int, int, const QByteArray& datos) override {
+    if (preguntando_) return contrastar(datos), Resultado<>{};
+    // Whoever doesn't know an article has deleted it, but hasn't taken it.
+    if (fase_ == kBorrados || !datos.startsWith("ERR")) return tomada(), Resultado<>{};
+    if (rechazada(kNoExiste)) return {};
+    return tarvo::fallo(Fallo::Comunicacion, {}, kNoExiste);
+  }
+  bool rechazada(int error) override {
+    if (preguntando_ && error == kNoExiste) return contrastar({}), true;
+    if (preguntando_) return false;
+    if (fase_ != kBorrados) return negada(error);
+    if (error == kNoExiste) return tomada(), true;
+    remesa_.borradoNegado();
+    return false;
+  }
+  bool sinRespuesta(int) override {
+    dudosa_ = conCross();
+    return false;
+  }
+
+ protected:
+  Resultado<Siguiente> paso() override {
+    for (; fase_ != kFin; siguienteFase()) {
+      if (fase_ == kBorrados) {
+        if (const auto codigo = remesa_.porBorrar())
+          return preguntarAntes(*codigo, maquinas::borrarArticulo(*codigo));
+        continue;
+      }
+      const auto sale = remesa_.actual();
+      if (!sale) return std::unexpected(sale.error());
+      if (*sale) return articulo(**sale);
+      if (fase_ == kLista && conCross()) TARVO_INTENTAR(remesa_.empezarBorrados());
+    }
+    return fin();
+  }
+  virtual Siguiente articulo(const envios::Remesa::Saliente& sale) {
+    registro_ = sale.registro;
+    if (t_.Tipo == 2) return enviar(t_.Addr, maquinas::enviarArticulo(2, registro_));
+    return preguntarAntes(sale.codigo, soloPrecios()
+                                           ? maquinas::enviarPrecios(registro_)
+                                           : maquinas::enviarArticulo(t_.Tipo, registro_));
+  }
+  // The machine has taken the present article or deletion.
+  virtual void tomada() {
+    if (fase_ == kBorrados)
+      remesa_.borrado();
+    else
+      remesa_.enviado();
+  }
+  virtual bool negada(int error) {
+    if (soloPrecios() && error == kNoExiste) remesa_.hueco(numero_, numero_);
+    return rechazarActual(error);
+  }
+  Siguiente enviar(int addr, const maquinas::Peticion& p) {
+    codigo_ = p.codigo;
+    return {Siguiente::Enviar, addr, p.codigo, p.datos};
+  }
+
+ private:
+  enum Fase { kLista = 1, kBorrados = 2, kRechazados = 3, kFin = 0 };
+  bool conCross() const { return t_.Tipo == 1 || t_.Tipo == 4; }
+  Siguiente preguntarAntes(qint64 numero, const maquinas::Peticion& p) {
+    numero_ = numero;
+    preguntando_ = dudosa_;
+    return enviar(0, preguntando_ ? maquinas::pedirArticulo(numero) : p);
+  }
+  // What the scales hold, nothing for no such article: the step may be done already.
+  void contrastar(const QByteArray& datos) {
+    preguntando_ = dudosa_ = false;
+    const bool tienen = maquinas::codigoDeFicha(datos).value_or(-1) == numero_;
+    const bool hecha = fase_ == kBorrados ? !tienen
+                       : soloPrecios()    ? tienen && maquinas::mismosPrecios(datos, registro_)
+                                          : tienen && maquinas::mismaFicha(datos, registro_);
+    if (hecha) tomada();
+  }
+  void siguienteFase() {
+    if (fase_ == kLista)
+      fase_ = kBorrados;
+    else
+      fase_ = fase_ == kBorrados && remesa_.empezarFinal() ? kRechazados : kFin;
+  }
+
+  int fase_ = kLista;
+  int codigo_ = 0;       // of the frame that was sent last
+  qint64 numero_ = 0;    // of the article that it was about
+  QByteArray registro_;  // what the article goes with
+  bool dudosa_ = false, preguntando_ = false;
+};
+
+// Kind 3: each article to each register in turn.
+class ListaDeCajas final : public ListaDeArticulos {
+ public:
+  ListaDeCajas(const motor::DatosTarea& t, const motor::Entorno& e) : ListaDeArticulos(t, e) {
+    for (const int addr : t.Direcciones)
+      if (std::ranges::find(cajas_, addr) == cajas_.end()) cajas_.push_back(addr);
+  }
+  bool encaja(int addr, int codigo, const QByteArray& datos) const override {
+    return (addr < 0 || addr == caja()) && ListaDeArticulos::encaja(addr, codigo, datos);
+  }
+  // A register heard the frame and says nothing: on its wire a refusal looks like that.
+  bool sinRespuesta(int error) override {
+    constexpr int kSinRespuestaLogica = 17;
+    return error == kSinRespuestaLogica && rechazada(error);
+  }
+
+ protected:
+  Resultado<> preparar() override {
+    if (cajas_.empty())
+      return tarvo::fallo(Fallo::Restriccion, e_.textos(kTxSinCajasALasQueEnviar, {t_.Grupo}),
+                          motor::kErrorSuprimido);
+    return ListaDeArticulos::preparar();
+  }
+  Siguiente articulo(const envios::Remesa::Saliente& sale) override {
+    return enviar(caja(), maquinas::enviarArticulo(t_.Tipo, sale.registro));
+  }
+  void tomada() override {
+    if (++indice_ < cajas_.size()) return;
+    indice_ = 0;
+    ListaDeArticulos::tomada();
+  }
+  bool negada(int error) override {
+    indice_ = 0;
+    return ListaDeArticulos::negada(error);
+  }
+
+ private:
+  int caja() const { return cajas_[indice_]; }
+  std::vector<int> cajas_;
+  size_t indice_ = 0;
+};
+
+}  // namespace
+
+Trabajo crearTxPlus(const motor::DatosTarea& t, const motor::Entorno& e) {
+  if (t.Tipo == 3) return std::make_unique<ListaDeCajas>(t, e);
+  if (t.Tipo == 4 && t.Todo) return crearComparacion(t, e);
+  return std::make_unique<ListaDeArticulos>(t, e);
+}
+
+Trabajo crearTPreci(const motor::DatosTarea& t, const motor::Entorno& e) {
+  return std::make_unique<ListaDeArticulos>(t, e, envios::Remesa::Que::Precios);
+}
+
+}  // namespace tarvo::tareas

@@ -1,0 +1,28 @@
+#include "core/valores/Codigo1252.h"
+
+#include <array>
+
+namespace tarvo {
+
+namespace {
+
+// Bytes 0x80 to 0x9F; all others are Latin-1.
+constexpr std::array<char16_t, 32> kAltos = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+}  // namespace
+
+int byte1252(char16_t c) {
+  if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return c;
+  for (std::size_t i = 0; i < kAltos.size(); ++i)
+    if (kAltos[i] == c) return static_cast<int>(0x80 + i);
+  return -1;
+}
+
+char16_t caracter1252(unsigned char byte) {
+  return byte >= 0x80 && byte < 0xA0 ? kAltos[byte - 0x80U] : byte;
+}
+
+}  // namespace tarvo

@@ -1,0 +1,54 @@
+// A shop whose articles are sent to machine models, and what stands on either side behind it.
+#pragma once
+
+#include "articles/Cambios.h"
+#include "motor/Banco.h"
+
+inline void PrintTo(const QString& texto, std::ostream* salida) {
+  *salida << texto.toStdString();
+}
+
+namespace tarvo::prueba {
+
+using namespace Qt::StringLiterals;
+
+using simulador::Averia;
+
+struct Envios : Banco {
+  static constexpr int kTxPlus = 1, kBorrPlu = 10, kTPreci = 11, kRxDatPlu = 24;
+
+  void SetUp() override;
+  // An article of section 1, department 1.
+  void alta(qint64 codigo, qint64 precio, const QString& nombre = QStringLiteral("Tomate"));
+  // As an editor does: the row, and what the machines must hear.
+  void cambiar(qint64 codigo, const QString& columnas);
+  // As an import does that tells nobody.
+  void cambiarCallando(qint64 codigo, const QString& columnas);
+  void borrar(qint64 codigo);
+  void oferta(int grupo, qint64 codigo, qint64 precio, double desde,
+              double hasta);  // days from today
+
+  // Sends and waits; what the machine heard meanwhile, "100" and "101" with the number of their
+  // article only: "100 10,120 30".
+  QString enviar(int grupo, int clase = kTxPlus, bool todo = false, qint64 desde = 0,
+                 qint64 hasta = 9999999, int addr = 1);
+  // What the machine holds: "10:Tomate/250".
+  QString tiene(int grupo, int addr = 1);
+  // Cross of the group: "10 20x", x marked for deletion.
+  QString cruz(int grupo);
+  // Enviados of the group: numbers, "?" behind one of which nobody knows what is held.
+  QString probados(int grupo);
+  QString retenidos(int grupo);  // "10/0 20/104"
+  // Every article that Cross says is held is there, field by field, as it would be sent now.
+  void esCierto(int grupo);
+
+  // The faults of a machine from now on, its questions counted anew.
+  void estorbos(int grupo, std::vector<simulador::Paso> guion, int addr = 1);
+
+  QString nuevas(int grupo, int addr = 1);
+
+ private:
+  std::map<std::pair<int, int>, qsizetype> vistas_;
+};
+
+}  // namespace tarvo::prueba

@@ -1,0 +1,190 @@
+// What gets in the way of a sending: articles that don't fit, machines that refuse, are full, go
+// dark or come back, an edit while an answer is on its way, a power cut.
+#include "envios/Envios.h"
+
+namespace tarvo::prueba {
+
+TEST_F(Envios, LoQueNoCabeSeRetieneYLoDemasVa) {
+  for (const qint64 c : {10, 20, 30}) alta(c, c);
+  cambiar(20, u"PRECIO_00=1000000"_s);
+  EXPECT_EQ(enviar(1), u"100 10,100 30"_s);
+  EXPECT_EQ(cruz(1), u"10 30");
+  EXPECT_EQ(retenidos(1), u"20/0");
+  EXPECT_TRUE(avisos.join(u'\n').contains(
+      u"Grupo 1: el artículo 0000020 no se envía, porque el precio base tiene más de 6 cifras."));
+  const QString desde = filas(u"SELECT DESDE FROM Retenidos"_s);
+  reloj.avanzar(3600 * 1000);
+  enviar(1);
+  EXPECT_EQ(filas(u"SELECT DESDE FROM Retenidos"_s), desde);
+  EXPECT_NE(filas(u"SELECT CUANDO FROM Retenidos"_s), desde);
+  cambiar(20, u"PRECIO_00=999999"_s);
+  EXPECT_EQ(enviar(1), u"100 20"_s);
+  EXPECT_EQ(retenidos(1), u"");
+  esCierto(1);
+}
+
+// Refused articles go last, and behind the deletions, which may make room for them.
+TEST_F(Envios, UnaNegativaNoParaALosDemas) {
+  for (const qint64 c : {10, 20, 30, 40}) alta(c, c);
+  enviar(1);
+  borrar(40);
+  for (const qint64 c : {10, 20, 30}) cambiar(c, u"PRECIO_00=99"_s);
+  estorbos(1, {{Averia::Err, 1, 100, 0, 4}});  // the memory is full
+  EXPECT_EQ(enviar(1), u"100 10,100 20,100 30,120 40,100 10"_s);
+  EXPECT_TRUE(reintentos.isEmpty() && problemas.isEmpty());
+  EXPECT_EQ(retenidos(1), u"");
+  EXPECT_EQ(cruz(1), u"10 20 30");
+  esCierto(1);
+
+  for (const qint64 c : {10, 20, 30}) cambiar(c, u"PRECIO_00=77"_s);
+  estorbos(1, {{Averia::Err, 1, 100, 0, 4}, {Averia::Err, 2, 100, 0, 1}});
+  EXPECT_EQ(enviar(1), u"100 10,100 20,100 30,100 10,100 20");
+  esCierto(1);
+}
+
+TEST_F(Envios, UnArticuloQueLaMaquinaNuncaQuiere) {
+  for (const qint64 c : {10, 20, 30}) alta(c, c);
+  std::vector<simulador::Paso> siempre{{Averia::Err, 2, 100, 0, 1}};
+  for (int n = 4; n < 20; ++n) siempre.push_back({Averia::Err, n, 100, 0, 1});
+  estorbos(1, siempre);
+  EXPECT_TRUE(enviar(1).startsWith(u"100 10,100 20,100 30,100 20,"));
+  EXPECT_EQ(cruz(1), u"10 30");
+  EXPECT_EQ(retenidos(1), u"20/101");
+  EXPECT_EQ(problemas.size(), 1);
+  EXPECT_TRUE(problemas.first().startsWith(u"1 G1 E101"));
+  EXPECT_TRUE(
+      avisos.join(u'\n').contains(u"el artículo 0000020 no está al día en la máquina, que lo "
+                                  u"ha rechazado: La trama recibida contiene datos erróneos."));
+  // The next time it goes behind the others.
+  estorbos(1, {});
+  alta(40, 40);
+  EXPECT_EQ(enviar(1), u"100 40,100 20"_s);
+  EXPECT_EQ(retenidos(1), u"");
+}
+
+// A machine that refuses everything isn't asked a hundred thousand times.
+TEST_F(Envios, UnaMaquinaQueLoNiegaTodo) {
+  for (int c = 10; c < 210; ++c) alta(c, c);
+  estorbos(1, {{Averia::Err, 0, 100, 0, 1}});
+  EXPECT_LT(enviar(1).count(u','), 40);
+  EXPECT_EQ(cruz(1), u"");
+  estorbos(1, {});
+  estorbos(1, {{Averia::Err, 0, 100, 0, 3}});  // its network is down
+  EXPECT_LT(enviar(1).count(u','), 10);
+}
+
+TEST_F(Envios, UnSilencioSePreguntaAntesDeRepetir) {
+  for (const qint64 c : {10, 20, 30}) alta(c, c);
+  estorbos(1, {{Averia::RespuestaPerdida, 2, 100}});
+  EXPECT_EQ(enviar(1), u"100 10,100 20,101 20,100 30"_s);
+  EXPECT_EQ(cruz(1), u"10 20 30");
+  for (const qint64 c : {10, 20, 30}) cambiar(c, u"PRECIO_00=5"_s);
+  // Its answer comes behind the next question, which it must not answer.
+  estorbos(1, {});
+  estorbos(1, {{Averia::RespuestaTardia, 1, 100}});
+  enviar(1);
+  EXPECT_EQ(cruz(1), u"10 20 30");
+  esCierto(1);
+  borrar(20);
+  estorbos(1, {});
+  estorbos(1, {{Averia::RespuestaPerdida, 1, 120}});
+  EXPECT_EQ(enviar(1), u"120 20,101 20"_s);
+  EXPECT_EQ(cruz(1), u"10 30");
+}
+
+TEST_F(Envios, OscuraEnMedio) {
+  for (int c = 10; c < 40; ++c) alta(c, c);
+  estorbos(1, {{Averia::Oscura, 12, 100, 0, 24 * 3600 * 1000}});
+  enviar(1);
+  EXPECT_FALSE(problemas.isEmpty());
+  // What it took counts, and what it took unheard is due.
+  EXPECT_EQ(maquina(1).memoria().catalogo.size(), 11U);
+  EXPECT_EQ(cruz(1).split(u' ').size(), 11);
+  esCierto(1);
+  reloj.avanzar(qint64{25} * 3600 * 1000);
+  enviar(1);
+  EXPECT_EQ(maquina(1).memoria().catalogo.size(), 30U);
+  EXPECT_EQ(cruz(1).split(u' ').size(), 30);
+  esCierto(1);
+}
+
+// An answer that comes to what an article was doesn't make it held as it is.
+TEST_F(Envios, UnCambioMientrasLlegaLaRespuesta) {
+  for (const qint64 c : {10, 20, 30}) alta(c, c);
+  encolar(1, kTxPlus, false);
+  // Between the frames: the article that has just gone is changed, and another one taken away.
+  bool hecho = false;
+  for (int i = 0; i < 4000 && gestor->CuantosQuedan().total > 0; ++i) {
+    reloj.siguiente();
+    if (!hecho && maquina(1).memoria().catalogo.contains(20)) {
+      cambiar(20, u"NOMPLU='Pera'"_s);
+      cambiarCallando(10, u"PRECIO_00=1"_s);
+      borrar(30);
+      hecho = true;
+    }
+  }
+  ASSERT_TRUE(hecho && correr());
+  EXPECT_FALSE(cruz(1).split(u' ').contains(u"20"_s));
+  esCierto(1);
+  enviar(1);
+  EXPECT_EQ(tiene(1), u"10:Tomate/1 20:Pera/20");
+  EXPECT_EQ(cruz(1), u"10 20");
+  esCierto(1);
+}
+
+// Whatever the moment of the cut, what is believed to be held is held, and the next sending brings
+// the rest.
+TEST_F(Envios, UnCorteEnCualquierMomento) {
+  for (int corte = 1; corte < 60; corte += 3) {
+    for (const char16_t* t : {u"PLUSES", u"[Cross]", u"Enviados", u"OFERTAS"})
+      valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+    maquina(1).memoria().catalogo.clear();
+    for (int c = 10; c < 20; ++c) alta(c, c);
+    enviar(1);
+    for (int c = 12; c < 16; ++c) cambiar(c, u"PRECIO_00=500"_s);
+    oferta(1, 17, 3, 0, 5);
+    borrar(18);
+    encolar(1, kTxPlus, corte % 2 == 0);
+    for (int i = 0; i < corte; ++i) reloj.siguiente();
+    arrancar();
+    maquina(1).desconectar();
+    // The offer that went unheard is gone with the cut, for it never counted as sent.
+    valor(db->ejecutar(u"DELETE FROM OFERTAS WHERE enviado=0"));
+    valor(db->ejecutar(u"UPDATE OFERTAS SET borrado=1"));
+    enviar(1);
+    enviar(1);
+    EXPECT_EQ(cruz(1).count(u'x'), 0) << corte;
+    EXPECT_EQ(maquina(1).memoria().catalogo[17].precio, 17) << corte;
+    EXPECT_FALSE(maquina(1).memoria().catalogo.contains(18)) << corte;
+    esCierto(1);
+    if (HasFailure()) return;
+  }
+}
+
+TEST_F(Envios, SoloPrecios) {
+  for (const qint64 c : {10, 20, 30}) alta(c, c);
+  enviar(1);
+  cambiar(10, u"PRECIO_00=11, PRECIO_10=12, PRECIO_20=13"_s);
+  cambiar(20, u"PRECIO_00=21, NOMPLU='Pera'"_s);
+  EXPECT_EQ(enviar(1, kTPreci), u"101 10,101 20"_s);
+  EXPECT_EQ(tiene(1), u"10:Tomate/11 20:Tomate/21 30:Tomate/30");
+  EXPECT_EQ(cruz(1), u"10 30");  // of 20 there is more to send
+  EXPECT_TRUE(avisos.last().contains(u"precios enviados 2"));
+  esCierto(1);
+  EXPECT_EQ(enviar(1), u"100 20"_s);
+  // What the machine hasn't gets no price, and is due.
+  maquina(1).memoria().catalogo.erase(30);
+  cambiar(30, u"PRECIO_00=31"_s);
+  enviar(1, kTPreci);
+  EXPECT_EQ(retenidos(1), u"30/105");
+  EXPECT_EQ(cruz(1), u"10 20");
+  EXPECT_EQ(enviar(1), u"100 30"_s);
+  EXPECT_EQ(retenidos(1), u"");
+  // Held before, without proof: still held when its prices have gone once more.
+  valor(db->ejecutar(u"DELETE FROM Enviados"));
+  EXPECT_EQ(enviar(1, kTPreci, true), u"101 10,101 20,101 30");
+  EXPECT_EQ(cruz(1), u"10 20 30");
+  esCierto(1);
+}
+
+}  // namespace tarvo::prueba

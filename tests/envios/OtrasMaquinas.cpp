@@ -1,0 +1,134 @@
+// Ebony machines and registers: no marks of Cross, no deletion of one article, a wipe; and groups
+// that move to another section.
+#include "envios/Envios.h"
+
+namespace tarvo::prueba {
+
+struct Ebony : Envios {
+  void SetUp() override { grupo(2, 2, u"cable 2"_s, {5}); }
+};
+
+TEST_F(Ebony, VaTodoElRango) {
+  for (const qint64 c : {1, 2, 10, 20, 30}) alta(c, c);
+  cambiar(20, u"DEPTO=11"_s);
+  EXPECT_EQ(enviar(2, kTxPlus, false, 0, 25, 5), u"32 10");
+  EXPECT_EQ(tiene(2, 5), u"10:Tomate/10");
+  EXPECT_EQ(retenidos(2), u"20/0");
+  EXPECT_TRUE(
+      avisos.join(u'\n').contains(u"el artículo 0000020 no se envía, porque el departamento es 11, "
+                                  u"y esta máquina llega hasta 10."));
+  EXPECT_EQ(enviar(2, kTxPlus, false, 0, 9999999, 5), u"32 10,32 30");
+  EXPECT_EQ(probados(2), u"10 30");
+  EXPECT_EQ(cruz(2), u"");
+}
+
+TEST_F(Ebony, UnaNegativaNoParaALosDemas) {
+  for (const qint64 c : {10, 20, 30}) alta(c, c);
+  estorbos(2, {{Averia::Rechazo, 1, 32}}, 5);
+  EXPECT_EQ(enviar(2, kTxPlus, true, 0, 9999999, 5), u"32 10,32 20,32 30,32 10");
+  EXPECT_EQ(probados(2), u"10 20 30");
+  EXPECT_TRUE(problemas.isEmpty() && reintentos.isEmpty());
+}
+
+TEST_F(Ebony, ElBorradoYSuNegativa) {
+  for (const qint64 c : {10, 20}) alta(c, c);
+  enviar(2, kTxPlus, true, 0, 9999999, 5);
+  vender(2, 10, 100, 50, 1, 5);
+  // With sales inside the machine refuses, and still holds what it held.
+  enviar(2, kBorrPlu, true, 0, 9999999, 5);
+  EXPECT_FALSE(problemas.isEmpty());
+  EXPECT_EQ(probados(2), u"10 20");
+  EXPECT_EQ(tiene(2, 5), u"10:Tomate/10 20:Tomate/20");
+  maquina(2, 5).memoria().ponerACero(reloj.ahora(), 71, 0xFF);
+  EXPECT_EQ(enviar(2, kBorrPlu, true, 0, 9999999, 5), u"73 0");
+  EXPECT_EQ(tiene(2, 5), u"");
+  EXPECT_EQ(probados(2), u"");
+  EXPECT_TRUE(avisos.last().contains(u"ha borrado todos sus artículos"));
+}
+
+// Between the order and its answer nobody knows what the machine holds, cut or no cut.
+TEST_F(Ebony, UnBorradoSinRespuesta) {
+  for (const qint64 c : {10, 20}) alta(c, c);
+  enviar(2, kTxPlus, true, 0, 9999999, 5);
+  encolar(2, kBorrPlu);
+  while (!maquina(2, 5).memoria().catalogo.empty()) ASSERT_TRUE(reloj.siguiente());
+  arrancar();
+  maquina(2, 5).desconectar();
+  EXPECT_EQ(filas(u"SELECT BORRANDO FROM EnviosGrupo"_s), u"1");
+  enviar(2, kTxPlus, true, 15, 9999999, 5);
+  EXPECT_EQ(probados(2), u"10? 20");
+}
+
+struct Cajas : Envios {
+  void SetUp() override { grupo(3, 3, u"cable 3"_s, {4, 9}); }
+};
+
+TEST_F(Cajas, CadaArticuloACadaCaja) {
+  for (const qint64 c : {10, 20}) alta(c, c);
+  cambiar(20, u"CodBarExt='8412345678905'"_s);
+  enviar(3, kTxPlus, false, 0, 9999999, 4);
+  for (const int caja : {4, 9}) {
+    EXPECT_EQ(maquina(3, caja).memoria().catalogo.size(), 2U);
+    EXPECT_EQ(oidas(3, caja).filter(u"4003 "_s).size(), 2);
+  }
+  EXPECT_EQ(maquina(3, 9).memoria().catalogo.begin()->second.ficha,
+            QByteArray("0000000000010Tomate              00000001000000001001"));
+  EXPECT_EQ(probados(3), u"10 20");
+}
+
+// Held is what all of them have.
+TEST_F(Cajas, UnaCajaQueCalla) {
+  for (const qint64 c : {10, 20}) alta(c, c);
+  estorbos(3, {{Averia::Sorda}}, 9);
+  enviar(3, kTxPlus, false, 0, 9999999, 4);
+  EXPECT_FALSE(problemas.isEmpty());
+  EXPECT_EQ(probados(3), u"");
+  estorbos(3, {}, 9);
+  enviar(3, kTxPlus, false, 0, 9999999, 4);
+  EXPECT_EQ(probados(3), u"10 20");
+  EXPECT_EQ(maquina(3, 9).memoria().catalogo.size(), 2U);
+}
+
+// Its refusal doesn't look like an answer: the article counts as refused, and the rest goes.
+TEST_F(Cajas, UnaCajaQueRechaza) {
+  for (const qint64 c : {10, 20}) alta(c, c);
+  estorbos(3, {{Averia::Err, 1, 4003, 0, 1}}, 9);
+  enviar(3, kTxPlus, false, 0, 9999999, 9);
+  EXPECT_EQ(probados(3), u"10 20");
+  EXPECT_EQ(retenidos(3), u"");
+}
+
+TEST_F(Cajas, ElBorrado) {
+  alta(10, 10);
+  enviar(3, kTxPlus, false, 0, 9999999, 4);
+  EXPECT_EQ(enviar(3, kBorrPlu, true, 0, 9999999, 4), u"4098 0,4098 0");
+  for (const int caja : {4, 9}) EXPECT_TRUE(maquina(3, caja).memoria().catalogo.empty());
+  EXPECT_EQ(probados(3), u"");
+}
+
+TEST_F(Envios, UnGrupoQueCambiaDeSeccion) {
+  valor(db->ejecutar(u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (2, 'Pan')"));
+  for (const qint64 c : {10, 20}) alta(c, c);
+  enviar(1);
+  valor(db->ejecutar(
+      u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, DEPTO) VALUES (2, 10, 'Barra', 1)"));
+  valor(db->ejecutar(u"UPDATE GRUPOS SET SECCION=2"));
+  // Deleted in the section that it left: 10 is another article now and stays, 20 goes.
+  valor(db->ejecutar(u"UPDATE [Cross] SET borra=1 WHERE Grupo=1"));
+  EXPECT_EQ(enviar(1), u"100 10,120 20");
+  EXPECT_EQ(tiene(1), u"10:Barra/0");
+  EXPECT_EQ(filas(u"SELECT Secc, plu, borra FROM [Cross]"_s), u"1,10,1;2,10,0");
+  // Back again: what it held of the first section is no more there, or nobody knows.
+  valor(db->ejecutar(u"UPDATE GRUPOS SET SECCION=1"));
+  EXPECT_EQ(enviar(1), u"100 10,100 20");
+  EXPECT_EQ(tiene(1), u"10:Tomate/10 20:Tomate/20");
+}
+
+TEST_F(Envios, UnaTarifaQueNoExiste) {
+  alta(10, 10);
+  valor(db->ejecutar(u"UPDATE GRUPOS SET tarifa=8"));
+  EXPECT_EQ(enviar(1), u"");
+  EXPECT_TRUE(avisos.last().contains(u"usa la tarifa 8"));
+}
+
+}  // namespace tarvo::prueba

@@ -1,0 +1,135 @@
+// Articles out of a table: headings, dry run, what is done, what is refused, the step back.
+#include "articles/importar/ImpTabla.h"
+
+#include "articles/importar/LeerTabla.h"
+#include "importar/Tienda.h"
+
+namespace tarvo::importar {
+namespace {
+
+struct ImpTabla_ : Tienda {
+  Ajustes ajustes{carpeta.path(), Idioma::Espanol};
+  TablaLeida leida;
+  std::unique_ptr<ImpTabla> motor;
+
+  // The dry run of a CSV, with its own plan; `cambiar` makes it another.
+  void ensayar(const QString& csv, const std::function<void(Plan&)>& cambiar = {}) {
+    leida = bien(leerTabla(fichero(csv.toUtf8(), u"t.csv"_s), textosDePrueba()));
+    Plan plan = planDe(leida.tabla, textosDePrueba());
+    if (cambiar) cambiar(plan);
+    motor = bien(ImpTabla::crear(*db, catalogo, reloj, ajustes, leida.tabla, plan));
+    while (bien(motor->ensayar())) continue;
+  }
+  QString propuestas() {
+    QStringList s;
+    for (const Propuesta& p : motor->propuestas()) {
+      QStringList cambios;
+      for (const Cambio& c : p.cambios)
+        cambios << titulo(c.campo, textosDePrueba()) + u' ' + c.antes + u'>' + c.ahora;
+      const QChar que = u"NCIR"[static_cast<int>(p.que)];
+      s << u"%1 %2 %3"_s.arg(p.linea).arg(que).arg(p.que == Que::Rechazada ? p.motivo
+                                                                           : cambios.join(u", "));
+    }
+    return s.join(u" | ");
+  }
+};
+
+TEST_F(ImpTabla_, LosTitulosSeReconocen) {
+  leida = bien(leerTabla(
+      fichero("Lista de precios 2026\n\nREF.;Descripci\xC3\xB3n;P.V.P. (\xE2\x82\xAC/kg);Tarifa 3;"
+              "C\xC3\xB3"
+              "digo de barras;Observaciones;PRECIO_12\n1;a;1;1;1;x;1\n",
+              u"t.csv"_s),
+      textosDePrueba()));
+  const auto t = emparejar(leida.tabla, textosDePrueba());
+  EXPECT_EQ(t.fila, 1);
+  const Emparejado debe{Campo::Codigo,    Campo::Nombre, campoPrecio(0, 0), campoPrecio(0, 3),
+                        Campo::CodBarExt, std::nullopt,  campoPrecio(1, 2)};
+  EXPECT_EQ(t.columnas, debe);
+}
+
+TEST_F(ImpTabla_, EnsayarNoCambiaNadaYDiceTodo) {
+  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO, CodBarExt) VALUES "
+      u"(1, 10, 'PIÑA', 150, 1, NULL), (1, 11, 'UVA', 220, 1, '8400'), (1, 12, 'KIWI', 300, 2, NULL)"_s);
+  const QString antes = articulos(u"NOMPLU, PRECIO_00, DEPTO, CodBarExt"_s);
+  ensayar(
+      u"Código;Nombre;PVP;Unidad;Depto;EAN;Hasta 1\n"
+      u"10;PIÑA;1,75;kg;Fruta;;1,5\n"
+      u"11;UVA;2,20;;;8400;\n"
+      u"13;Pan de molde;1.234,50;ud;carniceria;8401;3\n"
+      u"x;Mal;1;;;;\n"
+      u"1;Sistema;1;;;;\n"
+      u"14;;1;;;;\n"
+      u"12;;abc;;;;\n"
+      u"12;;3;;;;\n"
+      u"15;Otro;1;litro;;;\n"
+      u"16;Otro;1;;99;;\n"
+      u"17;Otro;1;;;8400;\n"
+      u"18;Otro;-1;;;;\n"
+      u"19;Otro;1;;;;200\n"_s);
+  EXPECT_EQ(propuestas(),
+            u"2 C Precio, tarifa 0 1,50>1,75, Cantidad Hasta 1 0,000>1,500 | 3 I  | "
+            u"4 N Nombre >Pan de molde, Precio, tarifa 0 >1.234,50, Unidad de venta >unidad, "
+            u"Departamento >2, Código de barras >8401, Cantidad Hasta 1 >3 | "
+            u"5 R Código: «x» no vale. | "
+            u"6 R El código 0000001 es del sistema y no se sobreescribe. | "
+            u"7 R El artículo es nuevo y le falta el nombre. | "
+            u"8 R Precio, tarifa 0: «abc» no vale. | "
+            u"9 R El código 0000012 está también en la línea 8. | "
+            u"10 R Unidad de venta: «litro» no vale. | "
+            u"11 R No hay departamento «99» en la sección 001. | "
+            u"12 R El código de barras 8400 ya es del artículo 0000011. | "
+            u"13 R Precio, tarifa 0: «-1» no vale. | "
+            u"14 R Cantidad Hasta 1: «200,000» no vale."_s);
+  EXPECT_EQ(articulos(u"NOMPLU, PRECIO_00, DEPTO, CodBarExt"_s), antes);
+}
+
+// Applied: articles, machines, history; then all of it taken back.
+TEST_F(ImpTabla_, AplicarYDeshacer) {
+  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO, TEXTO_ETQ) VALUES "
+      u"(1, 10, 'PIÑA', 150, 1, 'x'), (1, 11, 'UVA', 220, 1, '')"_s);
+  for (const int n : {10, 11}) sql(u"INSERT INTO [Cross] (Secc, plu, Grupo) VALUES (1, ?, 7)"_s, n);
+  const QString antes = articulos(u"NOMPLU, PRECIO_00, DEPTO, TEXTO_ETQ"_s);
+  ensayar(u"Código,Nombre,Precio\n10,PIÑA,1.75\n11,UVA,2.20\n13,PAN,0.95\nmal,,\n"_s);
+  const auto hecho = bien(motor->aplicar());
+  EXPECT_EQ(hecho.nuevos, 1);
+  EXPECT_EQ(hecho.cambiados, 1);
+  EXPECT_EQ(hecho.malas, (std::vector<LineaMala>{{5, u"Código: «mal» no vale."_s, u"mal"_s}}));
+  EXPECT_EQ(articulos(u"NOMPLU, PRECIO_00, DEPTO, TEXTO_ETQ"_s),
+            u"1 10 PIÑA 175 1 x | 1 11 UVA 220 1  | 1 13 PAN 95 1 "_s);
+  EXPECT_EQ(leer(u"SELECT plu FROM [Cross]"_s), u"11"_s);
+  EXPECT_EQ(leer(u"SELECT CODPLU, ANTES, AHORA, VENTANA FROM HistoriaPrecios ORDER BY 1"_s),
+            u"10 150 175 ImpTabla | 13 0 95 ImpTabla"_s);
+  const auto d = bien(lotes.deshacer(bien(lotes.ultimo(u"ImpTabla"_s))->numero, u"ImpTabla"_s));
+  EXPECT_EQ(d.repuestos, 1);
+  EXPECT_EQ(d.quitados, 1);
+  EXPECT_EQ(articulos(u"NOMPLU, PRECIO_00, DEPTO, TEXTO_ETQ"_s), antes);
+}
+
+TEST_F(ImpTabla_, SeccionPropiaYSinCrearNuevos) {
+  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU) VALUES (2, 10, 'A')"_s);
+  ensayar(u"Sección;Código;Nombre\n2;10;B\n2;11;C\n;12;D\n9;13;E\n"_s,
+          [](Plan& p) { p.crearNuevos = false; });
+  EXPECT_EQ(propuestas(),
+            u"2 C Nombre A>B | 3 R El código 0000011 no existe, y no se crean artículos nuevos. | "
+            u"4 R El código 0000012 no existe, y no se crean artículos nuevos. | "
+            u"5 R No hay ninguna sección 009: créela antes de importar."_s);
+  ensayar(u"Sección;Código;Nombre\n2;11;C\n"_s);
+  EXPECT_EQ(propuestas(),
+            u"2 R El artículo es nuevo y la sección 002 no tiene departamentos: cree uno antes."_s);
+}
+
+// Nothing is half done: what the store refuses in the middle leaves all as it was.
+TEST_F(ImpTabla_, UnFalloNoDejaNadaAMedias) {
+  ensayar(u"Código;Nombre\n20;A\n21;B\n22;C\n"_s);
+  sql(u"CREATE TRIGGER malo BEFORE INSERT ON PLUSES WHEN NEW.CODPLU=21 BEGIN SELECT "
+      u"RAISE(ABORT, 'no'); END"_s);
+  const auto r = motor->aplicar();
+  ASSERT_FALSE(r);
+  EXPECT_TRUE(r.error().texto.startsWith(u"No se ha cambiado nada. Línea 3: "_s));
+  EXPECT_EQ(articulos(), u""_s);
+  EXPECT_FALSE(bien(lotes.ultimo(u"ImpTabla"_s)));
+}
+
+}  // namespace
+}  // namespace tarvo::importar

@@ -1,0 +1,87 @@
+#include "Puesto.h"
+#include "articles/precios/CambioLote.h"
+
+using namespace tarvo;
+using namespace tarvo::precios;
+using articles::ClaveArticulo;
+using tarvo::prueba::bien;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TEST(SubePrecios, PercentAndStep) {
+  using enum Redondeo;
+  const struct {
+    int centesimas;
+    qint64 paso;
+    Redondeo como;
+    qint64 de, a;
+  } casos[] = {
+      {500, 1, MasProximo, 1000, 1050}, {500, 1, MasProximo, 10, 11},  // 10.5
+      {333, 1, MasProximo, 1000, 1033}, {-1000, 1, MasProximo, 999, 899},
+      {500, 5, MasProximo, 1001, 1050}, {500, 5, HaciaArriba, 1001, 1055},
+      {500, 5, HaciaAbajo, 1004, 1050}, {0, 10, MasProximo, 1005, 1010},
+      {-9999, 1, HaciaAbajo, 50, 0},    {99'999, 1, MasProximo, 999'999, 10'999'889},
+  };
+  for (const auto& c : casos)
+    EXPECT_EQ(SubePrecios::de(c.centesimas, c.paso, c.como, {}, {})->aplicar(c.de), c.a)
+        << c.de << ' ' << c.centesimas;
+  EXPECT_FALSE(SubePrecios::de(-10'000, 1, MasProximo, {}, {}));
+  EXPECT_FALSE(SubePrecios::de(0, 0, MasProximo, {}, {}));
+  EXPECT_FALSE(SubePrecios::de(0, 1, MasProximo, 3, {}));
+}
+
+struct PruebaLote : testing::Test, prueba::Puesto {
+  articles::Lotes lotes{*db, catalogo, reloj};
+  CambioLote lote{*db, catalogo, lotes, textosDePrueba()};
+
+  QString previa(const SeleccionLote& s, const OrdenLote& o) {
+    QStringList salida;
+    for (const LineaLote& l : bien(lote.previa(s, o)))
+      salida << u"%1 %2>%3 x%4 %5"_s.arg(l.clave.codigo)
+                    .arg(l.antes)
+                    .arg(l.despues)
+                    .arg(l.cambian)
+                    .arg(static_cast<int>(l.desenlace));
+    return salida.join(u" | ");
+  }
+  QString filas() { return leer(u"select CODPLU, PRECIO_00, PRECIO_27, DEPTO from PLUSES"_s); }
+};
+
+TEST_F(PruebaLote, WhatWouldBecomeOfEach) {
+  sql(u"insert into PLUSES (SECCION, CODPLU, PRECIO_00) values (1, 2, 900)"_s);
+  sql(u"update PLUSES set PRECIO_27=990000, DEPTO=2, NOMPLU='Jamón 5*' where CODPLU=11"_s);
+  sql(u"update PLUSES set PRECIO_00=0 where CODPLU=12"_s);
+  const OrdenLote diez = *SubePrecios::de(1000, 5, Redondeo::MasProximo, {}, {});
+  EXPECT_EQ(previa({1}, diez), u"10 1000>1100 x1 0 | 11 990000>1089000 x2 2 | 12 0>0 x0 1")
+      << "not the system article, not a price of 0";
+  const OrdenLote base = *SubePrecios::de(-9990, 100, Redondeo::MasProximo, 0, 0);
+  EXPECT_EQ(previa({1, {}, 2}, base), u"11 1100>0 x1 3");
+  EXPECT_EQ(previa({1, {12, 10}}, PoneDepartamento{2}), u"10 1>2 x1 0 | 12 1>2 x1 0");
+  EXPECT_EQ(previa({1, {}, {}, u"jamon 5*"_s}, PoneFormato{1}), u"11 1>1 x0 1");
+  EXPECT_EQ(lote.previa({1}, PoneDepartamento{7}).error().clase, Fallo::Restriccion);
+  EXPECT_EQ(lote.previa({1}, PoneFormato{21}).error().clase, Fallo::Restriccion);
+}
+
+TEST_F(PruebaLote, AppliedWholeAndTakenBack) {
+  sql(u"update PLUSES set PRECIO_00=999999 where CODPLU=11"_s);
+  const QString antes = filas();
+  const std::array claves{ClaveArticulo{1, 10}, ClaveArticulo{1, 11}, ClaveArticulo{1, 99}};
+  const OrdenLote diez = *SubePrecios::de(1000, 1, Redondeo::MasProximo, {}, {});
+  const auto hecho = bien(lote.aplicar(claves, diez, u"CambioLote"_s));
+  EXPECT_EQ(hecho.cambiados, 1);
+  EXPECT_EQ(hecho.fuera, 2) << "one doesn't fit, one is gone";
+  EXPECT_EQ(filas(), u"10 1100 0 1 | 11 999999 0 1 | 12 1200 0 1");
+  EXPECT_EQ(loTienen(10), u"");
+  EXPECT_EQ(loTienen(11), u"1 | 2");
+  EXPECT_EQ(leer(u"select CODPLU, ANTES, AHORA, VENTANA from HistoriaPrecios"_s),
+            u"10 1000 1100 CambioLote");
+  EXPECT_EQ(bien(lote.deshacer(hecho.lote, u"CambioLote"_s)).repuestos, 1);
+  EXPECT_EQ(filas(), antes);
+
+  const auto nada = bien(lote.aplicar(claves, PoneDepartamento{1}, u"CambioLote"_s));
+  EXPECT_EQ(nada.lote, 0);
+  EXPECT_EQ(leer(u"select count(*) from LoteArticulos where LOTE>%1"_s.arg(hecho.lote)), u"0");
+}
+
+}  // namespace

@@ -1,0 +1,147 @@
+#include "Puesto.h"
+#include "articles/precios/Ofertas.h"
+
+using namespace tarvo;
+using namespace tarvo::precios;
+using tarvo::prueba::bien;
+using tarvo::prueba::momento;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Dia dia(const char* texto) {
+  return *texto ? Dia(momento(texto)) : Dia();
+}
+
+struct PruebaOfertas : testing::Test, prueba::Puesto {
+  Ofertas ofertas{*db, textosDePrueba(), reloj};
+
+  void poner(int grupo, int codigo, qint64 precio, const char* desde, const char* hasta,
+             bool enviado = false, bool borrado = false) {
+    sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, FECHA_INI, FECHA_FIN, enviado, "
+        "borrado) values (?, 1, ?, ?, ?, ?, ?, ?)"_s,
+        grupo, codigo, precio, comoValor(dia(desde)), comoValor(dia(hasta)), enviado, borrado);
+  }
+  OfertaNueva nueva(int codigo, qint64 precio, const char* desde, const char* hasta) {
+    return {1, codigo, {precio, 0, 0}, *Vigencia::de(dia(desde), dia(hasta))};
+  }
+  QString filas() {
+    return leer(
+        u"select GRUPO, CODIGO, PRECIO_0, FECHA_INI, FECHA_FIN, enviado, borrado from OFERTAS "
+        "order by CODIGO, GRUPO"_s);
+  }
+};
+
+TEST_F(PruebaOfertas, NoOfferEndsBeforeItBegins) {
+  EXPECT_FALSE(Vigencia::de(dia("06/06/2018"), dia("05/06/2018")));
+  EXPECT_TRUE(Vigencia::de(dia("06/06/2018 20:00"), dia("06/06/2018 09:00"))) << "days count whole";
+  EXPECT_TRUE(Vigencia::de({}, dia("05/06/2018")));
+}
+
+// What becomes of what stands in the group's place, and whether the scales must hear of the
+// article.
+TEST_F(PruebaOfertas, SavingOverWhatIsThere) {
+  const struct {
+    const char* que;
+    qint64 precio;  // of the old one, 0 for none
+    bool enviado, borrado;
+    const char* desde;
+    const char *fila, *loTienen;
+    bool pregunta;
+  } casos[] = {
+      {"none", 0, false, false, "", "1 10 800 - 43261 0 0", "1 | 2", false},
+      {"never sent", 700, false, false, "", "1 10 800 - 43261 0 0", "1 | 2", true},
+      {"sent, other price", 700, true, false, "", "1 10 800 - 43261 0 0", "2", true},
+      {"sent, same price", 800, true, false, "", "1 10 800 - 43261 1 0", "1 | 2", true},
+      {"sent, begins later", 800, true, false, "08/06/2018", "1 10 800 43259 43261 1 0", "2", true},
+      {"waits to go", 800, true, true, "", "1 10 800 - 43261 1 0", "1 | 2", false},
+      {"waits to go, other price", 700, true, true, "", "1 10 800 - 43261 0 0", "2", false},
+  };
+  const std::array grupos{1};
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.que);
+    sql(u"delete from OFERTAS"_s);
+    sql(u"delete from [Cross] where plu=10"_s);
+    for (const int g : grupos)
+      for (const int otro : {g, 2})
+        sql(u"insert into [Cross] (Secc, plu, Grupo) values (1, 10, ?)"_s, otro);
+    if (c.precio > 0) poner(1, 10, c.precio, "01/06/2018", "", c.enviado, c.borrado);
+    EXPECT_EQ(bien(ofertas.ocupados(1, 10, grupos)).size(), c.pregunta ? 1U : 0U);
+    bien(ofertas.guardar(nueva(10, 800, c.desde, "10/06/2018"), grupos));
+    EXPECT_EQ(filas(), QString::fromLatin1(c.fila));
+    EXPECT_EQ(loTienen(10), QString::fromLatin1(c.loTienen));
+  }
+}
+
+TEST_F(PruebaOfertas, NewPricesGoToTheOtherGroupsWhenAsked) {
+  poner(1, 10, 700, "01/06/2018", "", true);
+  poner(2, 10, 650, "", "09/06/2018", true);
+  poner(3, 10, 650, "", "", true, true);
+  poner(2, 11, 650, "", "", true);
+  EXPECT_EQ(bien(ofertas.ponerPrecios({1, 1, 10}, {750, 0, 0}, false)), 0);
+  EXPECT_EQ(filas(),
+            u"1 10 750 43252 - 0 0 | 2 10 650 - 43260 1 0 | 3 10 650 - - 1 1 | 2 11 650 - - 1 0");
+  EXPECT_EQ(loTienen(10), u"2");
+  EXPECT_EQ(bien(ofertas.ponerPrecios({1, 1, 10}, {760, 0, 0}, true)), 1);
+  EXPECT_EQ(filas(),
+            u"1 10 760 43252 - 0 0 | 2 10 760 43252 - 0 0 | 3 10 650 - - 1 1 | 2 11 650 - - 1 0");
+  EXPECT_EQ(loTienen(10), u"");
+  EXPECT_EQ(loTienen(11), u"1 | 2");
+  EXPECT_EQ(ofertas.ponerPrecios({3, 1, 10}, {1, 0, 0}, false).error().clase, Fallo::NoExiste);
+}
+
+TEST_F(PruebaOfertas, DatesOfAllOffersShownAndBack) {
+  poner(1, 10, 700, "01/06/2018", "10/06/2018");
+  poner(1, 11, 700, "01/07/2018", "");
+  poner(1, 12, 700, "01/06/2018", "", true, true);
+  poner(2, 10, 700, "02/06/2018", "10/06/2018", true);
+  const QString antes = filas();
+  const FiltroOfertas deUno{1}, deUnoHasta{1, {}, dia("30/06/2018")};
+  EXPECT_EQ(bien(ofertas.contar(deUno, false)), 2);
+  EXPECT_EQ(bien(ofertas.contar(deUno, true)), 3);
+  EXPECT_EQ(bien(ofertas.contar(deUnoHasta, true)), 2);
+
+  const auto mal = ofertas.cambiarFechas(deUno, true, Extremo::Hasta, dia("15/06/2018"));
+  ASSERT_FALSE(mal);
+  EXPECT_TRUE(mal.error().texto.startsWith(u"1 oferta acabaría antes")) << "11 begins in July";
+  EXPECT_EQ(filas(), antes);
+
+  const auto cambio = bien(ofertas.cambiarFechas(deUno, false, Extremo::Hasta, {}));
+  EXPECT_EQ(filas(),
+            u"1 10 700 43252 - 0 0 | 2 10 700 43253 43261 1 0 | 1 11 700 43282 - 0 0 | "
+            u"1 12 700 43252 - 1 1");
+  EXPECT_EQ(bien(ofertas.deshacer(cambio)), 2);
+  EXPECT_EQ(filas(), antes);
+
+  // An offer on the scales that begins later now: the normal price must go back to them.
+  const auto luego =
+      bien(ofertas.cambiarFechas(deUnoHasta, true, Extremo::Desde, dia("07/06/2018")));
+  EXPECT_EQ(luego.filas.size(), 2U);
+  EXPECT_EQ(loTienen(10), u"1");
+  sql(u"delete from OFERTAS where GRUPO=1 and CODIGO=10"_s);
+  EXPECT_EQ(bien(ofertas.deshacer(luego)), 1) << "the other one is gone";
+}
+
+TEST_F(PruebaOfertas, DeletingHereOrInAllGroups) {
+  const auto montar = [&] {
+    sql(u"delete from OFERTAS"_s);
+    poner(1, 10, 700, "01/06/2018", "");
+    poner(2, 10, 650, "01/06/2018", "", true);
+    poner(3, 10, 650, "02/06/2018", "", true);  // other days: not the same offer
+    poner(1, 11, 700, "", "", true);
+    poner(2, 11, 700, "", "");
+    poner(3, 11, 700, "", "", true, true);
+  };
+  const std::array claves{ClaveOferta{1, 1, 10}, ClaveOferta{1, 1, 11}};
+  montar();
+  EXPECT_EQ(bien(ofertas.contarIguales(claves)), 4);
+  EXPECT_EQ(bien(ofertas.borrar(claves, false)), 2);
+  EXPECT_EQ(leer(u"select GRUPO, CODIGO, borrado from OFERTAS order by CODIGO, GRUPO"_s),
+            u"2 10 0 | 3 10 0 | 1 11 1 | 2 11 0 | 3 11 1");
+  montar();
+  EXPECT_EQ(bien(ofertas.borrar(claves, true)), 4);
+  EXPECT_EQ(leer(u"select GRUPO, CODIGO, borrado from OFERTAS order by CODIGO, GRUPO"_s),
+            u"2 10 1 | 3 10 0 | 1 11 1 | 3 11 1");
+}
+
+}  // namespace

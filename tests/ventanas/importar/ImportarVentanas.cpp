@@ -1,0 +1,217 @@
+// Imports as a person does them: with keys, with bad lines, and taken back.
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+
+#include "articles/TablasArticulos.h"
+#include "articles/importar/ventanas/Registro.h"
+#include "core/esquema/Esquema.h"
+#include "core/ventanas/Tira.h"
+#include "ventanas/Mesa.h"
+
+namespace tarvo::prueba {
+namespace {
+
+struct Importadora : Mesa {
+  Importadora() {
+    bien(esquema::ponerAlDia(*db, Fecha::de(QDate(2026, 1, 1))));
+    bien(articles::asegurarTablasArticulos(*db));
+    sql(u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (3, 'Carne')"_s);
+    sql(u"INSERT INTO DEPTS (SECCION, NUMDEP, NomDep) VALUES (3, 1, 'Ternera')"_s);
+    sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO) VALUES (3, 10, 'VIEJO', 150, 1)"_s);
+    ajustes.HomeDir = carpeta.path();
+    importar::registrarVentanasImportar(escritorio.ventanas(), catalogo);
+  }
+
+  void fichero(const QString& nombre, const QString& texto) {
+    QFile f(ruta(nombre));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(texto.toUtf8());
+  }
+  QString articulos() {
+    auto rs =
+        bien(db->consultar(u"SELECT CODPLU, trim(NOMPLU), PRECIO_00 FROM PLUSES WHERE SECCION=3 "
+                           u"AND CODPLU>2 ORDER BY CODPLU"));
+    QStringList filas;
+    for (; !rs->Eof(); static_cast<void>(rs->MoveNext()))
+      filas << rs->texto(0) + u' ' + rs->texto(1) + u' ' + rs->texto(2);
+    return filas.join(u" | ");
+  }
+  ventanas::Ventana* abrir(const QString& nombre) {
+    auto* v = escritorio.ventanas().abrir(nombre, nullptr, {{u"seccion"_s, 3}});
+    EXPECT_NE(v, nullptr);
+    EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));
+    return v;
+  }
+  // Answers the next box with its accepting button.
+  void aceptar() {
+    QTimer::singleShot(50, &escritorio.ventanas(), [this] {
+      QWidget* w = QApplication::activeModalWidget();
+      if (!w) return aceptar();
+      QTest::mouseClick(w->findChild<QPushButton*>(u"Acepto"_s), Qt::LeftButton);
+    });
+  }
+
+  articles::Catalogo catalogo{*db, textos, reloj, u"Ana"_s};
+};
+
+// What has the focus gets the key, as with a person.
+void tecla(int cual) {
+  QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(cual));
+}
+QString rotulo(QWidget* v, const char16_t* nombre) {
+  return v->findChild<QLabel*>(QString::fromUtf16(nombre))->text();
+}
+QPushButton& boton(QWidget* v, const char16_t* nombre) {
+  return *v->findChild<QPushButton*>(QString::fromUtf16(nombre));
+}
+ventanas::Parrilla& lista(QWidget* v, const char16_t* nombre) {
+  return *v->findChild<ventanas::Parrilla*>(QString::fromUtf16(nombre));
+}
+
+QString larga(int seccion, int codigo, const QString& nombre) {
+  return Ceros(seccion, 3) + Ceros(codigo, 7) + nombre.leftJustified(20) + u"0000321000175"_s +
+         QString(23 * 6, u'0') + u"0101        \r\n"_s;
+}
+
+TEST(VentanaImpPLU, ConLineasMalasYDeshecha) {
+  Importadora m;
+  const QString antes = m.articulos();
+  m.fichero(u"catalogo.plu"_s, larga(3, 10, u"NUEVO"_s) + larga(3, 11, u"OTRO"_s) +
+                                   larga(3, 1, u"SISTEMA"_s) + larga(9, 12, u"SIN SECCION"_s));
+  auto* v = m.abrir(u"ImpPLU"_s);
+  EXPECT_EQ(rotulo(v, u"mensaje"), u"Seleccione (DbClick) un fichero de la lista"_s);
+  tecla(Qt::Key_Return);
+  EXPECT_EQ(rotulo(v, u"mensaje"), u"Listo para incorporar los Artículos indicados"_s);
+  EXPECT_FALSE(v->findChild<QListWidget*>()->isEnabled());
+  tecla(Qt::Key_Return);
+  ASSERT_TRUE(esperar([&] {
+    return rotulo(v, u"mensaje") == u"ERROR: El fichero contiene líneas no reconocibles"_s;
+  }));
+  EXPECT_EQ(m.articulos(), u"10 NUEVO 175 | 11 OTRO 175"_s);
+  EXPECT_EQ(rotulo(v, u"Conta"), u"4 líneas"_s);
+  auto& malas = lista(v, u"malas");
+  ASSERT_EQ(malas.filas(), 2);
+  EXPECT_EQ(malas.texto(0, u"linea") + malas.texto(1, u"linea"), u"34"_s);
+  EXPECT_EQ(malas.texto(1, u"motivo"), u"No hay ninguna sección 009: créela antes de importar."_s);
+  EXPECT_TRUE(v->tira().texto().contains(m.textos(4629)));
+  m.aceptar();
+  boton(v, u"deshacer").setFocus();
+  tecla(Qt::Key_Return);
+  EXPECT_EQ(m.articulos(), antes);
+  EXPECT_FALSE(boton(v, u"deshacer").isEnabled());
+}
+
+TEST(VentanaImpPLU, ConservarYParar) {
+  Importadora m;
+  QString muchas;
+  for (int n = 0; n < 20'000; ++n) muchas += larga(3, 10 + n, u"ARTICULO"_s);
+  m.fichero(u"A.PLU"_s, muchas);
+  auto* v = m.abrir(u"ImpPLU"_s);
+  tecla(Qt::Key_Return);
+  v->findChild<QRadioButton*>(u"Acumular"_s)->click();
+  boton(v, u"Haz").click();
+  ASSERT_TRUE(esperar([&] { return rotulo(v, u"Conta") != u""_s; }));
+  QTest::keyClick(v, Qt::Key_E, Qt::AltModifier);
+  ASSERT_TRUE(
+      esperar([&] { return rotulo(v, u"mensaje") == u"Proceso interrumpido por el usuario"_s; }));
+  const qint64 hay = bien(m.db->uno(u"SELECT count(*) FROM PLUSES WHERE CODPLU>2")).entero();
+  EXPECT_GT(hay, 1);
+  EXPECT_LT(hay, 20'000);
+  EXPECT_TRUE(m.articulos().startsWith(u"10 VIEJO 150 | "_s));
+  boton(v, u"Haz").click();
+  EXPECT_EQ(rotulo(v, u"mensaje"), u"Seleccione (DbClick) un fichero de la lista"_s);
+}
+
+TEST(VentanaMainTvc, AUnaSeccionConPrefijos) {
+  Importadora m;
+  m.fichero(u"viejo.PLU"_s, u"010045"_s + u"PAN"_s.leftJustified(30) + u"2000200000300----07"_s +
+                                QString(13, u'8') + u"00000000\r\n"_s);
+  auto* v = m.abrir(u"MainTvc"_s);
+  EXPECT_EQ(rotulo(v, u"Panel"), u"Seleccione un Fichero de exportación"_s);
+  v->findChild<QRadioButton*>(u"AUnaSecc"_s)->click();
+  v->findChild<QLineEdit*>(u"Secc"_s)->setText(u"0"_s);
+  v->findChild<QLineEdit*>(u"Pfjo7"_s)->setText(u"27"_s);
+  v->findChild<QListWidget*>()->setFocus();
+  tecla(Qt::Key_Return);
+  EXPECT_EQ(rotulo(v, u"Panel"), u"Puede iniciar el proceso"_s);
+  tecla(Qt::Key_Return);
+  EXPECT_EQ(QApplication::focusWidget(), v->findChild<QLineEdit*>(u"Secc"_s)) << "0 is no section";
+  v->findChild<QLineEdit*>(u"Secc"_s)->setText(u"003"_s);
+  boton(v, u"inicioproceso").click();
+  ASSERT_TRUE(esperar([&] { return rotulo(v, u"Panel") == u"Proceso Terminado correctamente"_s; }));
+  EXPECT_EQ(m.articulos(), u"10 VIEJO 150 | 10045 PAN 300"_s);
+  EXPECT_EQ(bien(m.db->uno(u"SELECT PFX_BAR FROM PLUSES WHERE CODPLU=10045")).texto(), u"27"_s);
+}
+
+// File, columns, what would change, done, undone; without a mouse.
+TEST(VentanaImpTabla, DeUnaHojaDeCalculoConTeclas) {
+  Importadora m;
+  const QString antes = m.articulos();
+  ASSERT_TRUE(
+      QFile::copy(QStringLiteral(TARVO_MUESTRAS "/precios.xlsx"), m.ruta(u"precios.xlsx"_s)));
+  auto* v = m.abrir(u"ImpTabla"_s);
+  tecla(Qt::Key_Return);
+  ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"2."); }));
+  EXPECT_EQ(v->findChild<QComboBox*>(u"columna2"_s)->currentText(), u"Precio, tarifa 0"_s);
+  tecla(Qt::Key_Return);
+  ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"3."); }));
+  auto& previa = lista(v, u"previa");
+  ASSERT_EQ(previa.filas(), 3);
+  EXPECT_EQ(previa.texto(0, u"detalle"), u"Nombre: VIEJO → PIÑA"_s);
+  EXPECT_EQ(previa.texto(1, u"detalle"), u"Precio, tarifa 0: 1.234,25"_s);
+  EXPECT_EQ(m.articulos(), antes) << "a dry run writes nothing";
+  tecla(Qt::Key_Return);
+  EXPECT_TRUE(rotulo(v, u"paso").startsWith(u"4."));
+  EXPECT_EQ(m.articulos(), u"10 PIÑA 150 | 11 NUEZ MIEL 123425 | 12 PAN 30"_s);
+  m.aceptar();
+  QTest::keyClick(v, Qt::Key_D, Qt::AltModifier);
+  ASSERT_TRUE(esperar([&] { return m.articulos() == antes; }));
+}
+
+TEST(VentanaImpTabla, LaPersonaCambiaLasColumnas) {
+  Importadora m;
+  m.fichero(u"t.csv"_s, u"Cosa;Texto;Valor\n10;VIEJO;2,50\nx;MALA;1\n"_s);
+  auto* v = m.abrir(u"ImpTabla"_s);
+  tecla(Qt::Key_Return);
+  ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"2."); }));
+  boton(v, u"siguiente").click();
+  EXPECT_EQ(v->tira().texto(), m.textos(4766)) << "no column is the code";
+  const auto elegir = [&](const QString& columna, const QString& campo) {
+    auto* caja = v->findChild<QComboBox*>(columna);
+    caja->setCurrentIndex(caja->findText(campo));
+  };
+  elegir(u"columna0"_s, u"Código"_s);
+  elegir(u"columna2"_s, u"Precio, tarifa 0"_s);
+  boton(v, u"siguiente").click();
+  ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"3."); }));
+  auto* ver = v->findChild<QComboBox*>(u"quever"_s);
+  ver->setCurrentIndex(ver->findText(u"Rechazadas (1)"_s));
+  Q_EMIT ver->activated(ver->currentIndex());
+  ASSERT_EQ(lista(v, u"previa").filas(), 1);
+  EXPECT_EQ(lista(v, u"previa").texto(0, u"detalle"), u"Código: «x» no vale."_s);
+  boton(v, u"atras").click();
+  EXPECT_TRUE(rotulo(v, u"paso").startsWith(u"2."));
+  boton(v, u"siguiente").click();
+  ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"3."); }));
+  boton(v, u"siguiente").click();
+  EXPECT_EQ(m.articulos(), u"10 VIEJO 250"_s);
+  EXPECT_EQ(lista(v, u"malas").filas(), 1);
+}
+
+TEST(VentanaImpTabla, UnaHojaRotaSeDice) {
+  Importadora m;
+  m.fichero(u"rota.ods"_s, u"esto no es una hoja"_s);
+  auto* v = m.abrir(u"ImpTabla"_s);
+  tecla(Qt::Key_Return);
+  ASSERT_TRUE(esperar([&] { return v->tira().texto().startsWith(u"rota.ods"); }));
+  EXPECT_TRUE(rotulo(v, u"paso").startsWith(u"1."));
+  EXPECT_TRUE(boton(v, u"siguiente").isEnabled());
+}
+
+}  // namespace
+}  // namespace tarvo::prueba
