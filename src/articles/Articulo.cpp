@@ -1,6 +1,9 @@
 #include "articles/Articulo.h"
 
 #include <algorithm>
+#include <span>
+
+#include <QStringList>
 
 namespace tarvo::articles {
 

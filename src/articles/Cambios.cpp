@@ -30,6 +30,11 @@ Resultado<> Cambios::ArticuloSale(int seccion, qint64 codigo) {
   return {};
 }
 
+Resultado<> Cambios::ArticuloLlega(int seccion, qint64 codigo) {
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu=?", seccion, codigo));
+  return {};
+}
+
 Resultado<> Cambios::SaleDepartamento(int seccion, int departamento) {
   TARVO_INTENTAR(db_.ejecutar(
       u"UPDATE [Cross] SET borra=1 WHERE Secc=? AND plu IN (SELECT CODPLU FROM PLUSES WHERE "

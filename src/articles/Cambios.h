@@ -24,7 +24,10 @@ class Cambios {
   // The same for an article that leaves its section by a way that writes no row of its own: groups
   // that are known to hold it must delete it.
   Resultado<> ArticuloSale(int seccion, qint64 codigo);
-  // All articles of a department.
+  // An article has come into a section from another one: whatever was noted there under its code
+  // was of another article.
+  Resultado<> ArticuloLlega(int seccion, qint64 codigo);
+  // As ArticuloSale, for all articles of a department.
   Resultado<> SaleDepartamento(int seccion, int departamento);
 
   // The sections changed since somebody last sent or let go of them, in that order, each once. They
@@ -32,6 +35,7 @@ class Cambios {
   void MarcarSeccion(int seccion);
   const std::vector<int>& SeccionesModificadas() const { return secciones_; }
   void olvidarSecciones() { secciones_.clear(); }
+  void olvidarSeccion(int seccion) { std::erase(secciones_, seccion); }
 
  private:
   dao::Database& db_;

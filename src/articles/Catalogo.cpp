@@ -31,7 +31,10 @@ Resultado<std::optional<Articulo>> Catalogo::leer(ClaveArticulo clave) {
   return ColumnasArticulo(**rs).leer(**rs);
 }
 
+// Offers of an article that was deleted stay, for who brings it back; another article under its
+// code must not inherit them.
 Resultado<> Catalogo::crear(const Articulo& articulo, const QString& ventana) {
+  const auto [seccion, codigo] = articulo.clave;
   if (articulo.clave.deSistema()) return intocable();
   auto t = Transaccion::empezar(db_);
   if (!t) return std::unexpected(t.error());
@@ -40,8 +43,10 @@ Resultado<> Catalogo::crear(const Articulo& articulo, const QString& ventana) {
   (*rs)->AddNew();
   ColumnasArticulo(**rs).poner(**rs, articulo);
   TARVO_INTENTAR((*rs)->Update());
+  TARVO_INTENTAR(
+      db_.ejecutar(u"DELETE FROM OFERTAS WHERE SECCION=? AND CODIGO=?", seccion, codigo));
   TARVO_INTENTAR(anotarPrecios(articulo.clave, {}, articulo.precios, ventana));
-  TARVO_INTENTAR(cambios_.ArticuloCambiado(articulo.clave.seccion, articulo.clave.codigo));
+  TARVO_INTENTAR(cambios_.ArticuloCambiado(seccion, codigo));
   return t->confirmar();
 }
 
@@ -60,19 +65,25 @@ Resultado<> Catalogo::modificar(ClaveArticulo clave, const Articulo& articulo,
   (*rs)->Edit();
   columnas.poner(**rs, articulo);
   TARVO_INTENTAR((*rs)->Update());
-  if (articulo.clave != clave) {
-    const qint64 nuevo = articulo.clave.codigo;
-    TARVO_INTENTAR(
-        db_.ejecutar(u"UPDATE OFERTAS SET CODIGO=?, enviado=0 WHERE SECCION=? AND CODIGO=?", nuevo,
-                     clave.seccion, clave.codigo));
-    TARVO_INTENTAR(db_.ejecutar(u"UPDATE HistoriaPrecios SET CODPLU=? WHERE SECCION=? AND CODPLU=?",
-                                nuevo, clave.seccion, clave.codigo));
-  }
-  TARVO_INTENTAR(anotarPrecios(articulo.clave, antes, articulo.precios, ventana));
-  TARVO_INTENTAR(cambios_.ArticuloCambiado(articulo.clave.seccion, articulo.clave.codigo));
-  if (articulo.clave != clave)
-    TARVO_INTENTAR(cambios_.MarcarArticuloBorrado(clave.seccion, clave.codigo, true));
+  TARVO_INTENTAR(anotarPrecios(clave, antes, articulo.precios, ventana));
+  TARVO_INTENTAR(cambios_.ArticuloCambiado(clave.seccion, articulo.clave.codigo));
+  if (articulo.clave != clave) TARVO_INTENTAR(cambiarDeCodigo(clave, articulo.clave.codigo));
   return t->confirmar();
+}
+
+// What hangs from the old code. What hung from the new one belonged to an article that is no more.
+Resultado<> Catalogo::cambiarDeCodigo(ClaveArticulo clave, qint64 nuevo) {
+  const auto [seccion, codigo] = clave;
+  for (const QString& borrar :
+       {QStringLiteral("DELETE FROM OFERTAS WHERE SECCION=? AND CODIGO=?"),
+        QStringLiteral("DELETE FROM HistoriaPrecios WHERE SECCION=? AND CODPLU=?")})
+    TARVO_INTENTAR(db_.ejecutar(borrar, seccion, nuevo));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"UPDATE OFERTAS SET CODIGO=?, enviado=0 WHERE SECCION=? AND CODIGO=?", nuevo,
+                   seccion, codigo));
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE HistoriaPrecios SET CODPLU=? WHERE SECCION=? AND CODPLU=?",
+                              nuevo, seccion, codigo));
+  return cambios_.MarcarArticuloBorrado(seccion, codigo, true);
 }
 
 Resultado<> Catalogo::ponerPrecios(ClaveArticulo clave, const Precios& precios,
@@ -104,54 +115,56 @@ Resultado<int> Catalogo::borrar(std::span<const ClaveArticulo> claves) {
 }
 
 Resultado<std::vector<ClaveArticulo>> Catalogo::copiar(std::span<const ClaveArticulo> claves,
-                                                       int destino) {
-  return trasladar(claves, destino, &Catalogo::copiarUno);
+                                                       int destino, const QString& ventana) {
+  return trasladar(claves, destino,
+                   [&](const Articulo& a) { return copiarUno(a, destino, ventana); });
 }
 
 Resultado<std::vector<ClaveArticulo>> Catalogo::mover(std::span<const ClaveArticulo> claves,
                                                       int destino) {
-  return trasladar(claves, destino, &Catalogo::moverUno);
+  return trasladar(claves, destino, [&](const Articulo& a) { return moverUno(a.clave, destino); });
 }
 
 Resultado<std::vector<ClaveArticulo>> Catalogo::trasladar(std::span<const ClaveArticulo> claves,
-                                                          int destino, Trasladar como) {
+                                                          int destino, const Trasladar& como) {
   auto t = Transaccion::empezar(db_);
   if (!t) return std::unexpected(t.error());
   std::vector<ClaveArticulo> fuera;
   for (const ClaveArticulo& c : claves) {
+    const auto articulo = leer(c);
+    if (!articulo) return std::unexpected(articulo.error());
+    if (!*articulo) return fallo(Fallo::NoExiste, textos_(kTxArticuloBorrado));
     const auto hay = leer({destino, c.codigo});
     if (!hay) return std::unexpected(hay.error());
-    if (*hay || c.deSistema()) {
-      fuera.push_back(c);
-      continue;
-    }
-    const auto r = (this->*como)(c, destino);
-    if (r) continue;
-    if (r.error().clase != Fallo::Duplicado) return std::unexpected(r.error());
-    fuera.push_back(c);  // its bar code stands there already
+    const auto hecho = *hay || c.deSistema() ? fallo(Fallo::Duplicado, {}) : como(**articulo);
+    if (hecho) continue;
+    if (hecho.error().clase != Fallo::Duplicado) return std::unexpected(hecho.error());
+    fuera.push_back(c);
   }
   TARVO_INTENTAR(t->confirmar());
   return fuera;
 }
 
-Resultado<> Catalogo::copiarUno(ClaveArticulo origen, int destino) {
-  auto articulo = leer(origen);
-  if (!articulo) return std::unexpected(articulo.error());
-  if (!*articulo) return fallo(Fallo::NoExiste, textos_(kTxArticuloBorrado));
+Resultado<> Catalogo::copiarUno(Articulo articulo, int destino, const QString& ventana) {
   auto rs = abrir(db_);
   if (!rs) return std::unexpected(rs.error());
-  (*articulo)->clave.seccion = destino;
+  articulo.clave.seccion = destino;
   (*rs)->AddNew();
-  ColumnasArticulo(**rs).poner(**rs, **articulo);
-  return (*rs)->Update();
+  ColumnasArticulo(**rs).poner(**rs, articulo);
+  TARVO_INTENTAR((*rs)->Update());
+  TARVO_INTENTAR(cambios_.ArticuloLlega(destino, articulo.clave.codigo));
+  return anotarPrecios(articulo.clave, {}, articulo.precios, ventana);
 }
 
-// The groups of the section that it leaves must delete it; those of the other one have no row of
-// it, so it is due there.
+// The groups of the section that it leaves must delete it.
 Resultado<> Catalogo::moverUno(ClaveArticulo origen, int destino) {
+  const auto [seccion, codigo] = origen;
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE PLUSES SET SECCION=? WHERE SECCION=? AND CODPLU=?", destino,
-                              origen.seccion, origen.codigo));
-  return cambios_.ArticuloSale(origen.seccion, origen.codigo);
+                              seccion, codigo));
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE HistoriaPrecios SET SECCION=? WHERE SECCION=? AND CODPLU=?",
+                              destino, seccion, codigo));
+  TARVO_INTENTAR(cambios_.ArticuloLlega(destino, codigo));
+  return cambios_.ArticuloSale(seccion, codigo);
 }
 
 Resultado<> Catalogo::anotarPrecios(ClaveArticulo clave, const Precios& antes, const Precios& ahora,

@@ -21,14 +21,17 @@ class Catalogo {
   // the section has already; Restriccion for a system article; NoExiste for one that is gone.
   Resultado<> crear(const Articulo& articulo, const QString& ventana);
   // The article of `clave` becomes `articulo`, perhaps under another code of its section: then the
-  // old code is marked for deletion, and its offers and the history of its prices follow.
+  // old code is marked for deletion, and its offers and the history of its prices follow. REQUIRES
+  // the same section; mover() goes to another.
   Resultado<> modificar(ClaveArticulo clave, const Articulo& articulo, const QString& ventana);
   Resultado<> ponerPrecios(ClaveArticulo clave, const Precios& precios, const QString& ventana);
 
   // Deletes what is there of them, system articles left out; how many went.
   Resultado<int> borrar(std::span<const ClaveArticulo> claves);
-  // Into another section. The articles whose code stands there already are left out, and given.
-  Resultado<std::vector<ClaveArticulo>> copiar(std::span<const ClaveArticulo> claves, int destino);
+  // Into another section, where they count as unsent. Those whose code or bar code stands there
+  // already are left out, and given. NoExiste, and nothing is done, when one of them is gone.
+  Resultado<std::vector<ClaveArticulo>> copiar(std::span<const ClaveArticulo> claves, int destino,
+                                               const QString& ventana);
   Resultado<std::vector<ClaveArticulo>> mover(std::span<const ClaveArticulo> claves, int destino);
 
   Cambios& cambios() { return cambios_; }
@@ -40,11 +43,12 @@ class Catalogo {
   const Textos& textos() const { return textos_; }
 
  private:
-  using Trasladar = Resultado<> (Catalogo::*)(ClaveArticulo origen, int destino);
+  using Trasladar = std::function<Resultado<>(const Articulo& articulo)>;
   Resultado<std::vector<ClaveArticulo>> trasladar(std::span<const ClaveArticulo> claves,
-                                                  int destino, Trasladar como);
-  Resultado<> copiarUno(ClaveArticulo origen, int destino);
+                                                  int destino, const Trasladar& como);
+  Resultado<> copiarUno(Articulo articulo, int destino, const QString& ventana);
   Resultado<> moverUno(ClaveArticulo origen, int destino);
+  Resultado<> cambiarDeCodigo(ClaveArticulo clave, qint64 nuevo);
   std::unexpected<Error> intocable() const;
 
   dao::Database& db_;

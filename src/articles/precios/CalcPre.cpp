@@ -1,9 +1,10 @@
 #include "articles/precios/CalcPre.h"
 
-#include <QStringList>
 #include <algorithm>
 #include <cmath>
 #include <limits>
+
+#include "articles/Secciones.h"
 
 namespace tarvo::precios {
 
@@ -139,10 +140,10 @@ Resultado<double> ivaDeDepartamento(dao::Database& db, int seccion, int departam
       seccion, departamento);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof()) return 0.0;
-  const QStringList tipos = (*rs)->texto(0).split(u'@');
+  const articles::Ivas tipos = articles::leerIvas((*rs)->texto(0));
   const qint64 cual = (*rs)->entero(1);
-  if (cual < 1 || cual > tipos.size()) return 0.0;
-  return tipos[static_cast<qsizetype>(cual - 1)].trimmed().replace(u',', u'.').toDouble();
+  if (cual < 1 || cual > articles::kTiposIva) return 0.0;
+  return static_cast<double>(tipos[static_cast<std::size_t>(cual - 1)]) / 100;
 }
 
 }  // namespace tarvo::precios

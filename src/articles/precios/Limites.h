@@ -5,9 +5,12 @@
 #include <algorithm>
 #include <optional>
 
+#include "articles/Secciones.h"
+
 namespace tarvo::precios {
 
-inline constexpr int kNombreMayor = 20, kUltimoDepartamento = 40, kUltimoFormato = 20;
+inline constexpr int kNombreMayor = 20, kUltimoFormato = 20;
+using articles::kUltimoDepartamento;
 inline constexpr int kDiasMayor = 9999;
 inline constexpr qint64 kPrecioDeBalanza = 999'999;  // the highest that a scale can show
 inline constexpr qint64 kPrecioMayor = 999'999'999;  // the highest that a person may key

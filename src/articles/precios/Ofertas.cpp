@@ -42,7 +42,7 @@ bool cabe(const Oferta& o, Extremo e, const Dia& dia) {
 }  // namespace
 
 Condicion FiltroOfertas::condicion(bool todosLosGrupos) const {
-  Condicion c{QStringLiteral("not borrado"), {}};
+  Condicion c{QStringLiteral("borrado=0"), {}};
   const auto y = [&c](const char16_t* sql, const dao::Valor& valor) {
     c.sql += QStringLiteral(" AND ") + QString::fromUtf16(sql);
     c.parametros.push_back(valor);
@@ -76,7 +76,7 @@ Resultado<std::vector<Oferta>> Ofertas::leerVarias(const Condicion& condicion) {
 }
 
 Resultado<std::optional<Oferta>> Ofertas::leer(const ClaveOferta& c) {
-  const auto filas = leerVarias({QString::fromUtf16(kDeClave) + QStringLiteral(" AND not borrado"),
+  const auto filas = leerVarias({QString::fromUtf16(kDeClave) + QStringLiteral(" AND borrado=0"),
                                  {c.grupo, c.seccion, c.codigo}});
   if (!filas) return std::unexpected(filas.error());
   if (filas->empty()) return std::nullopt;
@@ -153,7 +153,7 @@ Resultado<int> Ofertas::ponerPrecios(const ClaveOferta& clave, const PreciosOfer
   int otras = 0;
   if (sincro) {
     const auto hermanas =
-        leerVarias({QStringLiteral("not borrado AND SECCION=? AND CODIGO=? AND GRUPO<>?"),
+        leerVarias({QStringLiteral("borrado=0 AND SECCION=? AND CODIGO=? AND GRUPO<>?"),
                     {clave.seccion, clave.codigo, clave.grupo}});
     if (!hermanas) return std::unexpected(hermanas.error());
     for (const Oferta& o : *hermanas)
@@ -221,7 +221,7 @@ Resultado<Condicion> Ofertas::iguales(const ClaveOferta& clave, bool todosLosGru
     return Condicion{QString::fromUtf16(kDeClave), {clave.grupo, clave.seccion, clave.codigo}};
   const auto una = leer(clave);
   if (!una) return std::unexpected(una.error());
-  Condicion c{QStringLiteral("not borrado AND SECCION=? AND CODIGO=?"),
+  Condicion c{QStringLiteral("borrado=0 AND SECCION=? AND CODIGO=?"),
               {clave.seccion, clave.codigo}};
   if (!*una) c.sql += QStringLiteral(" AND 0=1");
   for (const Extremo e : {Extremo::Desde, Extremo::Hasta}) {

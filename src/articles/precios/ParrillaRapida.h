@@ -76,6 +76,7 @@ std::optional<Celda> trasIntro(ModoIntro modo, Celda celda);
 // How many digits begin each code, and the size of the grid of prices of the fast entry.
 class FormaAlta {
  public:
+  FormaAlta() = default;  // no prefix, all prices of all tarifas
   enum class Mal { PrefijoNoNumerico, PrefijoLargo, Precios, Tarifas };
   static std::expected<FormaAlta, Mal> de(const QString& prefijo, int precios, int tarifas);
   // From the settings; what makes no sense there takes its default.
@@ -92,7 +93,6 @@ class FormaAlta {
 
  private:
   static constexpr int kCifras = 7;
-  FormaAlta() = default;
   QString prefijo_;
   int precios_ = articles::kNiveles, tarifas_ = articles::kTarifas;
 };

@@ -1,7 +1,41 @@
 #include "articles/ventanas/Registro.h"
 
+#include "articles/ventanas/BrowGrupos.h"
+#include "articles/ventanas/BrowOper.h"
+#include "articles/ventanas/BrowPLUs.h"
+#include "articles/ventanas/EdIvaSeccs.h"
+#include "articles/ventanas/EntNmSc.h"
+#include "articles/ventanas/QueHacemos.h"
+#include "articles/ventanas/SelOpe.h"
+#include "articles/ventanas/VerPrecios.h"
+#include "articles/ventanas/xEditPLU.h"
+
 namespace tarvo::articles {
 
-void registrarVentanasArticulos(ventanas::Ventanas&, articles::Catalogo&, motor::gestcomm&) {}
+using namespace Qt::StringLiterals;
+using ventanas::Contexto;
+
+namespace {
+
+// A factory for a window that takes these engines.
+template <class V, class... Motores>
+ventanas::Ventanas::Fabrica fabrica(Motores&... motores) {
+  return [&motores...](Contexto& c, const QString& nombre) { return new V(c, nombre, motores...); };
+}
+
+}  // namespace
+
+void registrarVentanasArticulos(ventanas::Ventanas& v, Catalogo& catalogo, motor::gestcomm& motor) {
+  v.registrar(u"BrowGrupos"_s, fabrica<BrowGrupos>(catalogo, motor),
+              {{u"Grupos"_s, false}, {u"Depts"_s, true}});
+  v.registrar(u"EdIvaSeccs"_s, fabrica<EdIvaSeccs>(catalogo));
+  v.registrar(u"BrowPLUs"_s, fabrica<BrowPLUs>(catalogo, motor));
+  v.registrar(u"xEditPLU"_s, fabrica<XEditPLU>(catalogo));
+  v.registrar(u"EntNmSc"_s, fabrica<EntNmSc>());
+  v.registrar(u"BrowOper"_s, fabrica<BrowOper>());
+  v.registrar(u"SelOpe"_s, fabrica<SelOpe>());
+  v.registrar(u"QueHacemos"_s, fabrica<QueHacemos>());
+  v.registrar(u"VerPrecios"_s, fabrica<VerPrecios>());
+}
 
 }  // namespace tarvo::articles

@@ -7,6 +7,7 @@
 
 #include "core/ajustes/Ajustes.h"
 #include "core/dao/Valor.h"
+#include "core/valores/Resultado.h"
 #include "core/ventanas/Tema.h"
 
 namespace tarvo::ventanas {
@@ -44,9 +45,15 @@ struct Columna {
   std::function<QString(const dao::Valor&)> imagen = {};
   // The colour and weight of a state.
   std::function<Estado(const dao::Valor&)> estado = {};
+  // Lets the person write into its cells: takes the row's key and the text, and writes it where it
+  // belongs. On a failure the cell stays in edit and the list says why.
+  std::function<Resultado<>(qint64 clave, const QString& texto)> editar = {};
+  int largo = 0;  // characters that may be typed, 0 for as many as its kind takes
 };
 
 bool esNumerica(Clase clase);  // right-aligned, tabular, its zeros pale
+// Whether a text may become a value of the column: digits, a number, or anything.
+bool seTeclea(const Columna& columna, const QString& texto);
 
 class Formato {
  public:

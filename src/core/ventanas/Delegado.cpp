@@ -2,7 +2,10 @@
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QToolTip>
+#include <QValidator>
 
 #include "core/ventanas/ModeloParrilla.h"
 
@@ -24,7 +27,77 @@ std::optional<Tinte> tinteDeEstado(Estado e) {
   return std::nullopt;
 }
 
+// What a column doesn't take can't be typed.
+class Teclas final : public QValidator {
+ public:
+  Teclas(const Columna& columna, QObject* padre) : QValidator(padre), columna_(columna) {}
+  State validate(QString& texto, int&) const override {
+    return seTeclea(columna_, texto) ? Acceptable : Invalid;
+  }
+
+ private:
+  Columna columna_;
+};
+
 }  // namespace
+
+QWidget* Delegado::createEditor(QWidget* padre, const QStyleOptionViewItem&,
+                                const QModelIndex& indice) const {
+  const auto* modelo = qobject_cast<const ModeloParrilla*>(indice.model());
+  if (!modelo) return nullptr;
+  const Columna& columna = modelo->columnas()[static_cast<size_t>(indice.column())];
+  auto* campo = new QLineEdit(padre);
+  campo->setObjectName(QStringLiteral("celda"));
+  campo->setProperty("celda", true);
+  campo->setFrame(false);
+  campo->setAlignment(Qt::Alignment(indice.data(Qt::TextAlignmentRole).toInt()));
+  campo->setAccessibleName(
+      modelo->headerData(indice.column(), Qt::Horizontal, Qt::DisplayRole).toString());
+  campo->setValidator(new Teclas(columna, campo));
+  return campo;
+}
+
+void Delegado::setEditorData(QWidget* editor, const QModelIndex& indice) const {
+  auto* campo = qobject_cast<QLineEdit*>(editor);
+  if (!campo) return;
+  const bool propio = primero_.has_value();
+  campo->setText(primero_.value_or(indice.data(Qt::EditRole).toString()));
+  if (!propio) campo->selectAll();
+  primero_.reset();
+}
+
+void Delegado::setModelData(QWidget* editor, QAbstractItemModel* modelo,
+                            const QModelIndex& indice) const {
+  const auto* campo = qobject_cast<const QLineEdit*>(editor);
+  rechazada_ = campo && !modelo->setData(indice, campo->text(), Qt::EditRole);
+}
+
+bool Delegado::eventFilter(QObject* objeto, QEvent* evento) {
+  auto* campo = qobject_cast<QLineEdit*>(objeto);
+  // What is being written waits while another window is in front.
+  if (campo && evento->type() == QEvent::FocusOut && !campo->isActiveWindow()) return false;
+  if (!campo || evento->type() != QEvent::KeyPress)
+    return QStyledItemDelegate::eventFilter(objeto, evento);
+  int pasos = 0;
+  switch (static_cast<const QKeyEvent*>(evento)->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      break;
+    case Qt::Key_Tab:
+      pasos = 1;
+      break;
+    case Qt::Key_Backtab:
+      pasos = -1;
+      break;
+    default:
+      return QStyledItemDelegate::eventFilter(objeto, evento);
+  }
+  Q_EMIT commitData(campo);
+  if (std::exchange(rechazada_, false)) return true;
+  Q_EMIT closeEditor(campo, NoHint);
+  Q_EMIT acabada(pasos);
+  return true;
+}
 
 void Delegado::initStyleOption(QStyleOptionViewItem* opcion, const QModelIndex& indice) const {
   QStyledItemDelegate::initStyleOption(opcion, indice);

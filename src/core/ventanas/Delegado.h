@@ -1,5 +1,6 @@
-// How a cell looks: its side, pale zeros, the colour and weight of a state. A text that is cut
-// stands whole in the tip.
+// How a cell looks: its side, pale zeros, the colour and weight of a state; a text that is cut
+// stands whole in the tip. And how it is written into: the field of its kind, which stays while
+// what was typed is refused.
 #pragma once
 
 #include <QStyledItemDelegate>
@@ -7,15 +8,31 @@
 namespace tarvo::ventanas {
 
 class Delegado final : public QStyledItemDelegate {
+  Q_OBJECT
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
- public:
+  QWidget* createEditor(QWidget* padre, const QStyleOptionViewItem& opcion,
+                        const QModelIndex& indice) const override;
+  void setEditorData(QWidget* editor, const QModelIndex& indice) const override;
+  void setModelData(QWidget* editor, QAbstractItemModel* modelo,
+                    const QModelIndex& indice) const override;
   bool helpEvent(QHelpEvent* evento, QAbstractItemView* vista, const QStyleOptionViewItem& opcion,
                  const QModelIndex& indice) override;
+  // The text with which the next field opens, in place of the cell's own; once.
+  void empezarCon(const QString& texto) { primero_ = texto; }
+
+ Q_SIGNALS:
+  // A cell was written and left by Return (0), Tab (1) or Backtab (-1).
+  void acabada(int pasos);
 
  protected:
   void initStyleOption(QStyleOptionViewItem* opcion, const QModelIndex& indice) const override;
+  bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+ private:
+  mutable std::optional<QString> primero_;
+  mutable bool rechazada_ = false;
 };
 
 }  // namespace tarvo::ventanas

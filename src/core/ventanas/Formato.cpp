@@ -1,5 +1,6 @@
 #include "core/ventanas/Columna.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/dinero/Dinero.h"
@@ -23,6 +24,26 @@ QString porcentaje(double x) {
 bool esNumerica(Clase clase) {
   return clase == Clase::Entero || clase == Clase::Importe || clase == Clase::Cantidad ||
          clase == Clase::Porcentaje;
+}
+
+bool seTeclea(const Columna& columna, const QString& texto) {
+  if (columna.largo > 0 && texto.size() > columna.largo) return false;
+  const auto de = [&](QStringView letras) {
+    return std::ranges::all_of(texto, [&](QChar c) { return c.isDigit() || letras.contains(c); });
+  };
+  switch (columna.clase) {
+    case Clase::Codigo:
+      return de({}) && (columna.cifras == 0 || texto.size() <= columna.cifras);
+    case Clase::Entero:
+      return de(u".");
+    case Clase::Importe:
+    case Clase::Cantidad:
+      return de(u".,-");
+    case Clase::Porcentaje:
+      return de(u".,% ");
+    default:
+      return true;
+  }
 }
 
 QString Formato::ver(const Columna& columna, const dao::Valor& valor, int cada) const {

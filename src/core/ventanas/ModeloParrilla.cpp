@@ -46,6 +46,7 @@ QVariant ModeloParrilla::data(const QModelIndex& indice, int papel) const {
   const Columna& c = columnas_[static_cast<size_t>(columna)];
   switch (papel) {
     case Qt::DisplayRole:
+    case Qt::EditRole:
     case Qt::AccessibleTextRole:
       return texto(fila, columna);
     case Qt::DecorationRole: {
@@ -64,6 +65,37 @@ QVariant ModeloParrilla::data(const QModelIndex& indice, int papel) const {
     default:
       return {};
   }
+}
+
+Qt::ItemFlags ModeloParrilla::flags(const QModelIndex& indice) const {
+  const auto banderas = QAbstractTableModel::flags(indice);
+  const bool escribible =
+      indice.isValid() && columnas_[static_cast<size_t>(indice.column())].editar;
+  return escribible ? banderas | Qt::ItemIsEditable : banderas;
+}
+
+void ModeloParrilla::releer(int fila) {
+  releerFila(fila);
+  Q_EMIT dataChanged(index(fila, 0), index(fila, columnCount() - 1));
+}
+
+// By key: what is written may bring the rows into another order.
+bool ModeloParrilla::setData(const QModelIndex& indice, const QVariant& valor, int papel) {
+  const Columna& c = columnas_[static_cast<size_t>(indice.column())];
+  if (papel != Qt::EditRole || !c.editar) return false;
+  const QString escrito = valor.toString();
+  if (escrito == texto(indice.row(), indice.column())) return true;
+  const QPersistentModelIndex sitio = indice;
+  const Clave suya = clave(indice.row());
+  if (const auto hecho = c.editar(suya, escrito); !hecho) {
+    Q_EMIT rechazada(indice, escrito, hecho.error());
+    return false;
+  }
+  if (const int fila = sitio.isValid() ? sitio.row() : filaDe(suya); fila >= 0) {
+    releer(fila);
+    Q_EMIT editada(index(fila, indice.column()));
+  }
+  return true;
 }
 
 QVariant ModeloParrilla::headerData(int seccion, Qt::Orientation orientacion, int papel) const {

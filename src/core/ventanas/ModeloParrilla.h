@@ -37,9 +37,13 @@ class ModeloParrilla : public QAbstractTableModel {
   // The kind of quantity of this row, see Columna.
   int cadaDe(int fila, const Columna& columna) const;
   virtual int filaDe(Clave clave) const = 0;  // -1 when it isn't there
+  void releer(int fila);                      // its values were written by somebody else
   int columnCount(const QModelIndex& padre = {}) const override;
   QVariant data(const QModelIndex& indice, int papel) const override;
   QVariant headerData(int seccion, Qt::Orientation orientacion, int papel) const override;
+  Qt::ItemFlags flags(const QModelIndex& indice) const override;
+  // Hands what was typed to the column (see Columna::editar). False when it was refused.
+  bool setData(const QModelIndex& indice, const QVariant& texto, int papel) override;
 
   // --- searching in slices: looks at the rows from `desde` on, some at a time. What is shown is
   // compared, accents and case ignored.
@@ -63,8 +67,12 @@ class ModeloParrilla : public QAbstractTableModel {
   void renovado();
   void fallido(const tarvo::Error& error) const;  // rows that should show can't be read
   void recuento();                                // the number of rows known or the sums changed
+  void editada(const QModelIndex& indice);        // a cell was written
+  void rechazada(const QModelIndex& indice, const QString& texto, const tarvo::Error& error);
 
  protected:
+  virtual void releerFila(int /*fila*/) {}  // its values may be others now
+
   std::vector<Columna> columnas_;
   const Textos& t_;
   Formato formato_;

@@ -267,6 +267,11 @@ const ModeloSql::Pagina& ModeloSql::pagina(int fila) const {
   return *lugar;
 }
 
+void ModeloSql::releerFila(int fila) {
+  paginas_.erase(fila / kFilasPagina);
+  std::erase(recientes_, fila / kFilasPagina);
+}
+
 ModeloSql::Pagina ModeloSql::leerPagina(int numero) const {
   const size_t desde = static_cast<size_t>(numero) * kFilasPagina;
   const size_t hasta = std::min(claves_.size(), desde + kFilasPagina);

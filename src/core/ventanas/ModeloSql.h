@@ -60,6 +60,7 @@ class ModeloSql final : public ModeloParrilla {
   Resultado<> contadas(Resultado<std::vector<Clave>> todas);
   const Pagina& pagina(int fila) const;
   Pagina leerPagina(int numero) const;
+  void releerFila(int fila) override;
 
   dao::Database& db_;
   Origen origen_;  // as it was given

@@ -8,7 +8,8 @@
 // From the keyboard: arrows, Page Up and Down, Home and End; letters jump to the next row that
 // begins so in the current column; Ctrl+F searches, F3 goes on; Ctrl+C copies; Ctrl+A selects all;
 // F5 refreshes; Ctrl+Shift+C chooses columns; Enter is a double click; the menu key is the context
-// menu.
+// menu. A cell whose column has `editar` is written into: F2, Enter or a double click opens it,
+// Enter and Tab keep what was typed (Tab goes on to the next such cell), Escape gives it up.
 #pragma once
 
 #include <QWidget>
@@ -65,6 +66,12 @@ class Parrilla final : public QWidget {
   void elegir(const std::vector<ModeloParrilla::Clave>& claves, bool anadir = false);
   void limpiarSeleccion();
   void setUnaSola(bool unaSola);  // one row at most
+  // Lets a sheet of numbers be filled quickly: a letter typed on a cell begins to write into it,
+  // and Enter only activates the row.
+  void setEscribeAlTeclear(bool si);
+  // Opens the current cell, or its row's first that can be written into. False when there is none.
+  bool editarCelda();
+  bool editando() const;
 
   // --- looks
   void setVacia(const QString& texto, QAction* remedio = nullptr);  // what to do when it is empty
@@ -92,8 +99,10 @@ class Parrilla final : public QWidget {
   bool trabajando() const;    // a search or an export is under way
 
  Q_SIGNALS:
-  void activada(int fila);        // Enter or double click
-  void actualCambiada(int fila);  // -1 for none
+  void activada(int fila);              // Enter or double click
+  void actualCambiada(int fila);        // -1 for none
+  void editada(int fila, int columna);  // a cell was written
+  void escrita(int fila);               // the same by Enter, which ends it
   void seleccionCambiada();
   void fallo(const tarvo::Error& error);  // of work that the person began on the grid itself
   void exportado(const QString& ruta);

@@ -9,6 +9,7 @@
 #include <QToolButton>
 
 #include "core/ventanas/Contexto.h"
+#include "core/ventanas/Delegado.h"
 #include "core/ventanas/Parrilla.h"
 #include "core/ventanas/Pie.h"
 #include "core/ventanas/TiraTrabajo.h"
@@ -46,6 +47,11 @@ struct Parrilla::Interior {
   void moverColumna(int pasos);
   bool tecla(QKeyEvent& evento);
   void saltar(const QString& texto);
+  QLineEdit* campoAbierto() const;
+  bool editar(const QModelIndex& celda, std::optional<QString> texto = {});
+  bool teclaEdicion(const QKeyEvent& evento);
+  void seguirEditando(int pasos);
+  void rechazar(const QModelIndex& celda, const QString& texto, const Error& error);
   void buscarDesde(const QString& texto, ModeloParrilla::Busca como,
                    const std::vector<int>& columnas, int desde);
   std::vector<int> columnasVistas() const;  // in the order shown
@@ -72,6 +78,9 @@ struct Parrilla::Interior {
   QAction *copiar = nullptr, *todo = nullptr, *refrescar = nullptr, *elegirColumnas = nullptr,
           *exportar = nullptr, *buscarSiguiente = nullptr;
   Guardado guardado;
+  Delegado* delegado = nullptr;
+  bool escribeAlTeclear = false;
+  int escritas = 0;  // cells written so far
   QString tecleado;
   qint64 ultimaTecla = 0;
   bool conPie = true, conBusca = true, colocando = false;

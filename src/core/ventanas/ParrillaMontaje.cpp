@@ -75,7 +75,8 @@ void Parrilla::Interior::montar() {
   v->setTabKeyNavigation(false);
   v->setWordWrap(false);
   v->setCornerButtonEnabled(false);
-  v->setItemDelegate(new Delegado(v));
+  delegado = new Delegado(v);
+  v->setItemDelegate(delegado);
   v->verticalHeader()->hide();
   v->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   v->verticalHeader()->setMinimumSectionSize(1);
@@ -125,8 +126,10 @@ void Parrilla::Interior::montar() {
   abajo->addWidget(aviso, 1);
   pila->addLayout(abajo);
 
-  connect(v, &QTableView::doubleClicked, &yo,
-          [this](const QModelIndex& i) { Q_EMIT yo.activada(i.row()); });
+  connect(v, &QTableView::doubleClicked, &yo, [this](const QModelIndex& i) {
+    if (!editar(i)) Q_EMIT yo.activada(i.row());
+  });
+  connect(delegado, &Delegado::acabada, &yo, [this](int pasos) { seguirEditando(pasos); });
   connect(v, &QWidget::customContextMenuRequested, &yo,
           [this](const QPoint& p) { menuContexto(yo.vista_->viewport()->mapToGlobal(p)); });
   connect(h, &QWidget::customContextMenuRequested, &yo,
@@ -197,6 +200,15 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
   });
   connect(m, &ModeloParrilla::renovado, &yo, [this] { reponer(); });
   connect(m, &ModeloParrilla::recuento, &yo, [this] { contar(); });
+  connect(m, &ModeloParrilla::editada, &yo, [this](const QModelIndex& celda) {
+    decir({});
+    ++escritas;
+    Q_EMIT yo.editada(celda.row(), celda.column());
+  });
+  connect(m, &ModeloParrilla::rechazada, &yo,
+          [this](const QModelIndex& celda, const QString& texto, const Error& error) {
+            rechazar(celda, texto, error);
+          });
   // Rows are read while they are painted: it is said behind that.
   connect(m, &ModeloParrilla::fallido, &yo, [this](const Error& error) {
     QMetaObject::invokeMethod(&yo, [this, error] { avisar(error); }, Qt::QueuedConnection);

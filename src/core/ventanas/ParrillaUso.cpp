@@ -143,6 +143,7 @@ bool Parrilla::Interior::tecla(QKeyEvent& e) {
     trabajo->parar();
     return true;
   }
+  if (teclaEdicion(e)) return true;
   const auto mandos = e.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
   if (e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter) {
     if (yo.filaActual() >= 0) Q_EMIT yo.activada(yo.filaActual());

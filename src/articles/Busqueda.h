@@ -1,0 +1,20 @@
+// The search in the list of articles, as somebody types.
+#pragma once
+
+#include <vector>
+
+#include "core/dao/Valor.h"
+
+namespace tarvo::articles {
+
+// A condition on PLUSES, with the values that it binds. Empty for all articles.
+struct Condicion {
+  QString sql;
+  std::vector<dao::Valor> valores;
+};
+
+// The articles that have each word of the text somewhere in their name, code (seven digits) or bar
+// code. Accents and case don't matter.
+Condicion condicionBusqueda(const QString& texto);
+
+}  // namespace tarvo::articles

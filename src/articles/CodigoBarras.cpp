@@ -1,0 +1,40 @@
+#include "articles/CodigoBarras.h"
+
+#include <algorithm>
+
+namespace tarvo::articles {
+
+namespace {
+
+bool soloCifras(QStringView s) {
+  return std::ranges::all_of(s, [](QChar c) { return c >= u'0' && c <= u'9'; });
+}
+
+}  // namespace
+
+// Weights 3 and 1 in turn, from the last digit back.
+int digitoControl(QStringView cifras) {
+  int suma = 0, peso = 3;
+  for (qsizetype i = cifras.size() - 1; i >= 0; --i, peso = 4 - peso)
+    suma += peso * (cifras[i].unicode() - u'0');
+  return (10 - suma % 10) % 10;
+}
+
+std::optional<int> controlDebido(QStringView codigo) {
+  if ((codigo.size() != 8 && codigo.size() != 13) || !soloCifras(codigo)) return std::nullopt;
+  const int debido = digitoControl(codigo.chopped(1));
+  if (codigo.back().unicode() - u'0' == debido) return std::nullopt;
+  return debido;
+}
+
+QString codigoImpreso(const Articulo& a) {
+  QString codigo = a.codigoDeBarras();
+  if (a.codBarExt) return codigo;
+  const qsizetype cifras = a.barras == kEAN8 ? 7 : 12;
+  if (codigo.size() > cifras || !soloCifras(codigo)) return {};
+  if (a.barras == kEAN8 && codigo.size() != cifras) return {};
+  codigo = codigo.leftJustified(cifras, u'0');
+  return codigo + QChar(u'0' + digitoControl(codigo));
+}
+
+}  // namespace tarvo::articles

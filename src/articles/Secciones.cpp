@@ -1,0 +1,162 @@
+#include "articles/Secciones.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "articles/TextosArticles.h"
+
+namespace tarvo::articles {
+
+using namespace Qt::StringLiterals;
+using dao::Transaccion;
+
+Ivas leerIvas(const QString& texto) {
+  Ivas ivas{};
+  const QStringList partes = texto.split(u'@');
+  for (size_t i = 0; i < ivas.size() && i < static_cast<size_t>(partes.size()); ++i) {
+    QString parte = partes[static_cast<qsizetype>(i)].trimmed();
+    bool numero = false;
+    const double x = parte.replace(u',', u'.').toDouble(&numero);
+    if (numero && x >= 0 && x <= 100) ivas[i] = static_cast<int>(std::lround(x * 100));
+  }
+  return ivas;
+}
+
+QString escribirIvas(const Ivas& ivas) {
+  QStringList partes;
+  for (const int iva : ivas) partes << QString::number(iva / 100.0);
+  return partes.join(u'@');
+}
+
+// One behind the last; where that is beyond `ultimo`, the first that is free.
+Resultado<int> Secciones::numeroLibre(const QString& columna, const QString& donde, int ultimo) {
+  auto rs = db_.consultar(
+      QString(u"SELECT "_s + columna + u" FROM "_s + donde + u" ORDER BY "_s + columna));
+  if (!rs) return std::unexpected(rs.error());
+  int mayor = 0, hueco = 1;
+  while (!(*rs)->Eof()) {
+    mayor = static_cast<int>((*rs)->entero(0));
+    if (mayor == hueco) ++hueco;
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  if (mayor < ultimo) return std::max(mayor, 0) + 1;
+  if (hueco <= ultimo) return hueco;
+  return fallo(Fallo::Restriccion, textos_(kTxSinNumeros, {ultimo}));
+}
+
+Resultado<int> Secciones::cuantos(const QString& que, std::span<const dao::Valor> valores) {
+  auto rs = db_.OpenQuery(QString(u"SELECT count(*) FROM "_s + que), valores);
+  if (!rs) return std::unexpected(rs.error());
+  return (*rs)->Eof() ? 0 : static_cast<int>((*rs)->entero(0));
+}
+
+Resultado<int> Secciones::nueva() {
+  const auto numero = numeroLibre(u"NMSECC"_s, u"SECCS"_s, kUltimaSeccion);
+  if (!numero) return numero;
+  TARVO_INTENTAR(db_.ejecutar(u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (?, ?)", *numero,
+                              textos_(kTxNuevaSeccion)));
+  return numero;
+}
+
+Resultado<> Secciones::renombrar(int seccion, const QString& nombre) {
+  if (nombre.trimmed().isEmpty()) return fallo(Fallo::Restriccion, textos_(kTxSinNombre));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"UPDATE SECCS SET NOMSEC=? WHERE NMSECC=?", nombre.trimmed(), seccion));
+  return {};
+}
+
+Resultado<Secciones::Cuentas> Secciones::cuentas(int seccion) {
+  const std::array<dao::Valor, 1> clave{seccion};
+  const auto plus = cuantos(u"PLUSES WHERE SECCION=?"_s, clave);
+  if (!plus) return std::unexpected(plus.error());
+  const auto depts = cuantos(u"DEPTS WHERE SECCION=?"_s, clave);
+  if (!depts) return std::unexpected(depts.error());
+  const auto grupos = cuantos(u"GRUPOS WHERE SECCION=?"_s, clave);
+  if (!grupos) return std::unexpected(grupos.error());
+  return Cuentas{*plus, *depts, *grupos};
+}
+
+Resultado<> Secciones::borrar(int seccion) {
+  auto t = Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  const QString suyos = u" IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)"_s;
+  for (const QString& orden :
+       {u"DELETE FROM BZAS WHERE SUGPO"_s + suyos, u"DELETE FROM Sesiones WHERE CODGPO"_s + suyos,
+        u"DELETE FROM [Cross] WHERE Grupo"_s + suyos, u"DELETE FROM OFERTAS WHERE GRUPO"_s + suyos,
+        u"DELETE FROM [Cross] WHERE Secc=?"_s, u"DELETE FROM OFERTAS WHERE SECCION=?"_s,
+        u"DELETE FROM HistoriaPrecios WHERE SECCION=?"_s, u"DELETE FROM SECCS WHERE NMSECC=?"_s})
+    TARVO_INTENTAR(db_.ejecutar(orden, seccion));
+  TARVO_INTENTAR(t->confirmar());
+  cambios_.olvidarSeccion(seccion);
+  return {};
+}
+
+Resultado<Ivas> Secciones::ivas(int seccion) {
+  const auto texto = db_.uno(u"SELECT IVAs FROM SECCS WHERE NMSECC=?", seccion);
+  if (!texto) return std::unexpected(texto.error());
+  return leerIvas(texto->texto());
+}
+
+Resultado<> Secciones::ponerIvas(int seccion, const Ivas& ivas) {
+  if (std::ranges::any_of(ivas, [](int iva) { return iva < 0 || iva > 100'00; }))
+    return fallo(Fallo::Restriccion, textos_(kTxIvaIncorrecto));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"UPDATE SECCS SET IVAs=? WHERE NMSECC=?", escribirIvas(ivas), seccion));
+  return {};
+}
+
+// --- departments --------------------------------------------------------------------------------
+
+Resultado<int> Secciones::nuevoDepartamento(int seccion) {
+  const auto numero =
+      numeroLibre(u"NUMDEP"_s, u"DEPTS WHERE SECCION=%1"_s.arg(seccion), kUltimoDepartamento);
+  if (!numero) return numero;
+  TARVO_INTENTAR(db_.ejecutar(u"INSERT INTO DEPTS (SECCION, NUMDEP, NomDep) VALUES (?, ?, ?)",
+                              seccion, *numero, textos_(kTxNuevoDepartamento)));
+  return numero;
+}
+
+Resultado<> Secciones::renombrarDepartamento(int seccion, int departamento, const QString& nombre) {
+  if (nombre.trimmed().isEmpty()) return fallo(Fallo::Restriccion, textos_(kTxSinNombre));
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE DEPTS SET NomDep=? WHERE SECCION=? AND NUMDEP=?",
+                              nombre.trimmed(), seccion, departamento));
+  return {};
+}
+
+Resultado<> Secciones::ponerTipoIva(int seccion, int departamento, int tipo) {
+  if (tipo < 1 || tipo > kTiposIva)
+    return fallo(Fallo::Restriccion, textos_(kTxTipoIvaIncorrecto, {kTiposIva}));
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE DEPTS SET IVA=? WHERE SECCION=? AND NUMDEP=?", tipo, seccion,
+                              departamento));
+  return {};
+}
+
+Resultado<int> Secciones::articulosDe(int seccion, int departamento) {
+  const std::array<dao::Valor, 3> clave{seccion, departamento, kPrimerCodigo};
+  return cuantos(u"PLUSES WHERE SECCION=? AND DEPTO=? AND CODPLU>=?"_s, clave);
+}
+
+Resultado<> Secciones::reponerDepartamento(int seccion, int departamento, const QString& nombre,
+                                           int tipoIva) {
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO DEPTS (SECCION, NUMDEP, NomDep, IVA) SELECT NMSECC, ?, ?, ? FROM SECCS WHERE "
+      u"NMSECC=? AND NOT EXISTS (SELECT 1 FROM DEPTS WHERE SECCION=NMSECC AND NUMDEP=?)",
+      departamento, nombre, tipoIva, seccion, departamento));
+  return {};
+}
+
+Resultado<> Secciones::borrarDepartamento(int seccion, int departamento) {
+  auto t = Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  const auto tenia = articulosDe(seccion, departamento);
+  if (!tenia) return std::unexpected(tenia.error());
+  if (*tenia > 0) TARVO_INTENTAR(cambios_.SaleDepartamento(seccion, departamento));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"DELETE FROM DEPTS WHERE SECCION=? AND NUMDEP=?", seccion, departamento));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"DELETE ALL FROM PLUSES WHERE (SECCION = ?) AND (DEPTO = ?) AND CODPLU>=?",
+                   seccion, departamento, kPrimerCodigo));
+  return t->confirmar();
+}
+
+}  // namespace tarvo::articles

@@ -1,0 +1,85 @@
+// Sections (whole catalogues) and their departments.
+#pragma once
+
+#include <array>
+
+#include "articles/Catalogo.h"
+
+namespace tarvo::articles {
+
+inline constexpr int kUltimaSeccion = 255, kUltimoDepartamento = 40;
+
+// The VAT rates of a section in hundredths of a per cent; a department names one by its place, from
+// 1 on.
+inline constexpr int kTiposIva = 5;
+using Ivas = std::array<int, kTiposIva>;
+// As SECCS.IVAs holds them: per cents parted by "@". What is missing or no number is 0.
+Ivas leerIvas(const QString& texto);
+QString escribirIvas(const Ivas& ivas);
+
+class Secciones {
+ public:
+  // REQUIRES that all references outlive it.
+  Secciones(dao::Database& db, const Textos& textos, Cambios& cambios)
+      : db_(db), textos_(textos), cambios_(cambios) {}
+
+  // The number given. Restriccion when all are taken.
+  Resultado<int> nueva();
+  // An empty name is refused.
+  Resultado<> renombrar(int seccion, const QString& nombre);
+  struct Cuentas {
+    int plus = 0, depts = 0, grupos = 0;
+  };
+  Resultado<Cuentas> cuentas(int seccion);
+  // With its articles, departments and groups, and what is kept of them by number, which another
+  // section of that number must not inherit.
+  Resultado<> borrar(int seccion);
+  Resultado<Ivas> ivas(int seccion);
+  Resultado<> ponerIvas(int seccion, const Ivas& ivas);
+
+  Resultado<int> nuevoDepartamento(int seccion);
+  Resultado<> renombrarDepartamento(int seccion, int departamento, const QString& nombre);
+  // 1 to kTiposIva.
+  Resultado<> ponerTipoIva(int seccion, int departamento, int tipo);
+  Resultado<int> articulosDe(int seccion, int departamento);
+  // As it was before it was deleted, unless there is one of that number again.
+  Resultado<> reponerDepartamento(int seccion, int departamento, const QString& nombre,
+                                  int tipoIva);
+  // With its articles; groups that hold them must delete them.
+  Resultado<> borrarDepartamento(int seccion, int departamento);
+
+ private:
+  Resultado<int> numeroLibre(const QString& columna, const QString& donde, int ultimo);
+  Resultado<int> cuantos(const QString& que, std::span<const dao::Valor> valores);
+
+  dao::Database& db_;
+  const Textos& textos_;
+  Cambios& cambios_;
+};
+
+// A copy of a section with its departments and articles, under a name that says that it isn't whole
+// until it is. Steps for Trabajo.
+class CopiaSeccion {
+ public:
+  CopiaSeccion(dao::Database& db, const Textos& textos, Secciones& secciones, int origen)
+      : db_(db), textos_(textos), secciones_(secciones), origen_(origen) {}
+
+  // Rows are counted in articles; false when it is done.
+  Resultado<bool> paso(qint64& hechos, qint64& total);
+  // Takes away what was copied so far.
+  Resultado<> deshacer();
+  int numero() const { return destino_; }  // 0 before the first step
+
+ private:
+  Resultado<bool> empezar(qint64& total);
+  Resultado<bool> acabar();
+
+  dao::Database& db_;
+  const Textos& textos_;
+  Secciones& secciones_;
+  int origen_, destino_ = 0;
+  QString nombre_;
+  qint64 ultimo_ = -1;  // code copied last
+};
+
+}  // namespace tarvo::articles

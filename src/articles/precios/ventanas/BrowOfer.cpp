@@ -1,0 +1,168 @@
+// The list: its filters and columns. What is written in it stands in BrowOferAcciones.cpp.
+#include "articles/precios/ventanas/BrowOfer.h"
+
+#include "articles/precios/ventanas/Comun.h"
+#include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/EscogeFecha.h"
+#include "core/ventanas/Medidas.h"
+
+namespace tarvo::precios {
+
+using namespace Qt::StringLiterals;
+using ventanas::Clase;
+
+namespace {
+
+constexpr int kAnchoFecha = 132;
+
+}  // namespace
+
+BrowOfer::BrowOfer(ventanas::Contexto& contexto, const QString& nombre)
+    : Ventana(contexto, nombre), motor_(contexto.db, contexto.textos, contexto.reloj) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+}
+
+void BrowOfer::montar() {
+  unir(ui_.NuevaOf, u"anadir"_s, Qt::Key_Insert, [this] { nueva(); });
+  unir(ui_.Borro, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); });
+  unir(ui_.Deshacer, u"atras"_s, QKeySequence::Undo, [this] { deshacer(); });
+  ui_.Grid->filtros()->addWidget(ui_.filtros);
+  ui_.Grid->setVacia(t(kTxSinOfertas), ui_.NuevaOf);
+  ui_.Grid->setAcciones({ui_.NuevaOf, ui_.Borro, ui_.Deshacer});
+  connect(ui_.dbS, &QComboBox::activated, this, [this] { haIdoBien(seccionCambiada()); });
+  connect(ui_.dbG, &QComboBox::activated, this, [this] { haIdoBien(abrirLista()); });
+  connect(ui_.Grid, &ventanas::Parrilla::seleccionCambiada, this, &BrowOfer::actualizarAcciones);
+  connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
+  for (const auto& [caja, filtro] : {std::pair{ui_.TxtF1, &desde_}, {ui_.TxtFf, &hasta_}}) {
+    new ventanas::EscogeFecha(*caja, contexto());
+    caja->setMaximumWidth(ventanas::escalar(kAnchoFecha));
+    connect(caja, &QLineEdit::editingFinished, this,
+            [this, caja, filtro] { fechaCambiada(*caja, *filtro); });
+  }
+}
+
+Resultado<> BrowOfer::preparar(const ventanas::Argumentos& argumentos) {
+  TARVO_INTENTAR(llenarSecciones(*ui_.dbS, contexto()));
+  if (argumentos.contains(u"seccion"_s)) elegir(*ui_.dbS, argumentos.value(u"seccion"_s));
+  if (!ui_.Grid->consulta()) prepararParrilla();
+  TARVO_INTENTAR(seccionCambiada());
+  ui_.Grid->setFocus();
+  return {};
+}
+
+void BrowOfer::prepararParrilla() {
+  const auto precio = [this](std::size_t nivel) {
+    return [this, nivel](qint64 fila, const QString& texto) {
+      return precioEscrito(fila, nivel, texto);
+    };
+  };
+  const auto fecha = [this](Extremo extremo) {
+    return [this, extremo](qint64, const QString& texto) { return fechaEscrita(extremo, texto); };
+  };
+  ui_.Grid->preparar(
+      contexto(), nombre(),
+      {{.titulo = kTxGrupoCol,
+        .campo = u"OFERTAS.GRUPO"_s,
+        .clase = Clase::Codigo,
+        .cifras = 4,
+        .oculta = true},
+       {.titulo = kTxBorradaCol, .campo = u"borrado"_s, .soloDato = true},
+       {.titulo = kTxSeccionCol,
+        .campo = u"OFERTAS.SECCION"_s,
+        .clase = Clase::Codigo,
+        .cifras = 3,
+        .oculta = true},
+       {.titulo = kTxEnviadaCol, .campo = u"enviado"_s, .clase = Clase::SiNo, .oculta = true},
+       {.titulo = kTxCodigoCol,
+        .campo = u"OFERTAS.CODIGO"_s,
+        .clase = Clase::Codigo,
+        .cifras = 7,
+        .ancho = 90},
+       {.titulo = kTxNombreCol, .campo = u"NOMPLU"_s, .ancho = 200},
+       {.titulo = kTxPrecioCol,
+        .campo = u"PRECIO_0"_s,
+        .clase = Clase::Importe,
+        .editar = precio(0)},
+       {.titulo = kTxPrecioCol,
+        .campo = u"PRECIO_1"_s,
+        .clase = Clase::Importe,
+        .editar = precio(1)},
+       {.titulo = kTxPrecioCol,
+        .campo = u"PRECIO_2"_s,
+        .clase = Clase::Importe,
+        .editar = precio(2)},
+       {.titulo = kTxDesdeCol,
+        .campo = u"FECHA_INI"_s,
+        .clase = Clase::Fecha,
+        .ancho = 110,
+        .editar = fecha(Extremo::Desde)},
+       {.titulo = kTxHastaCol,
+        .campo = u"FECHA_FIN"_s,
+        .clase = Clase::Fecha,
+        .ancho = 110,
+        .editar = fecha(Extremo::Hasta)}});
+  ui_.Grid->setMoneda(contexto().ajustes.MonedaNativa);
+}
+
+Resultado<> BrowOfer::seccionCambiada() {
+  TARVO_INTENTAR(llenar(*ui_.dbG, contexto(),
+                        u"SELECT CODGPO, NOMGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO"_s, 4,
+                        {ui_.dbS->currentData().toInt()}));
+  return abrirLista();
+}
+
+FiltroOfertas BrowOfer::filtro() const {
+  return {ui_.dbG->currentData().toInt(), desde_, hasta_};
+}
+
+Resultado<> BrowOfer::abrirLista() {
+  const Condicion c = filtro().condicion();
+  TARVO_INTENTAR(
+      ui_.Grid->abrir({.desde = u"OFERTAS LEFT JOIN PLUSES ON (OFERTAS.SECCION=PLUSES.SECCION) and "
+                                "(OFERTAS.CODIGO=PLUSES.CODPLU)"_s,
+                       .filtro = c.sql,
+                       .parametros = c.parametros,
+                       .clave = u"OFERTAS.rowid"_s,
+                       .orden = u"OFERTAS.CODIGO"_s}));
+  actualizarAcciones();
+  return {};
+}
+
+// What is no date stays in its box, marked, and filters nothing.
+void BrowOfer::fechaCambiada(QLineEdit& caja, Dia& filtro) {
+  const QString texto = caja.text().trimmed();
+  const auto fecha = Fecha::leer(texto);
+  marcarFalta(caja, !fecha && !texto.isEmpty());
+  if (fecha) caja.setText(fecha->corta());
+  const Dia dia = fecha ? Dia(fecha->dia()) : Dia();
+  if (dia == std::exchange(filtro, dia)) return;
+  haIdoBien(abrirLista());
+}
+
+void BrowOfer::actualizarAcciones() {
+  const bool hayGrupo = ui_.dbG->currentIndex() >= 0;
+  ui_.NuevaOf->setEnabled(hayGrupo);
+  ui_.Borro->setEnabled(ui_.Grid->filas() > 0);
+  ui_.Deshacer->setEnabled(!deshechos_.empty());
+  if (!hayGrupo)
+    ui_.Grid->setVacia(t(kTxSinGrupos));
+  else
+    ui_.Grid->setVacia(t(kTxSinOfertas), ui_.NuevaOf);
+}
+
+void BrowOfer::RefrescoRemoto() {
+  haIdoBien(ui_.Grid->refrescar());
+  actualizarAcciones();
+}
+
+std::optional<ClaveOferta> BrowOfer::claveDe(qint64 fila) const {
+  const int i = ui_.Grid->filaDe(fila);
+  if (i < 0) return std::nullopt;
+  return ClaveOferta{static_cast<int>(ui_.Grid->valor(i, u"OFERTAS.GRUPO").entero()),
+                     static_cast<int>(ui_.Grid->valor(i, u"OFERTAS.SECCION").entero()),
+                     ui_.Grid->valor(i, u"OFERTAS.CODIGO").entero()};
+}
+
+}  // namespace tarvo::precios

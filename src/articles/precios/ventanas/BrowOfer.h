@@ -1,0 +1,44 @@
+// The offers of a group: BrowOfer. Prices and dates are written in the list itself; a date goes to
+// all offers shown, and can be taken back until the window closes.
+#pragma once
+
+#include "articles/precios/Ofertas.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_BrowOfer.h"
+
+namespace tarvo::precios {
+
+class BrowOfer final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  BrowOfer(ventanas::Contexto& contexto, const QString& nombre);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+
+  // Reads the list again; what is chosen stays.
+  void RefrescoRemoto();
+
+ private:
+  void montar();
+  void prepararParrilla();
+  Resultado<> seccionCambiada();
+  Resultado<> abrirLista();
+  void fechaCambiada(QLineEdit& caja, Dia& filtro);
+  void actualizarAcciones();
+  FiltroOfertas filtro() const;
+  std::optional<ClaveOferta> claveDe(qint64 fila) const;
+
+  Resultado<> precioEscrito(qint64 fila, std::size_t nivel, const QString& texto);
+  Resultado<> fechaEscrita(Extremo extremo, const QString& texto);
+  void cambiarFechas(Extremo extremo, const Dia& dia);
+  QString avisoFechas(Extremo extremo, const Dia& dia, int cuantas) const;
+  void nueva();
+  void borrar();
+  void deshacer();
+
+  Ui::BrowOfer ui_;
+  Ofertas motor_;
+  Dia desde_, hasta_;
+  std::vector<Ofertas::CambioFechas> deshechos_;
+};
+
+}  // namespace tarvo::precios

@@ -1,0 +1,105 @@
+// What a person writes in the list, and what is done with the offers chosen.
+#include "articles/precios/CambioRapido.h"
+#include "articles/precios/ventanas/BrowOfer.h"
+#include "articles/precios/ventanas/Comun.h"
+#include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/MyMsgBox.h"
+
+namespace tarvo::precios {
+
+using namespace Qt::StringLiterals;
+using ventanas::MyMsgBox;
+
+namespace {
+
+constexpr int kPitidos = 20;  // before dates of all groups change
+
+}  // namespace
+
+Resultado<> BrowOfer::precioEscrito(qint64 fila, std::size_t nivel, const QString& texto) {
+  const auto clave = claveDe(fila);
+  const auto precio = comoPrecio(texto, contexto().ajustes);
+  if (!clave || !precio) return fallo(Fallo::Formato, t(kTxPrecioMalo));
+  const auto oferta = motor_.leer(*clave);
+  if (!oferta) return std::unexpected(oferta.error());
+  PreciosOferta precios = *oferta ? (*oferta)->precios : PreciosOferta{};
+  precios[nivel] = *precio;
+  const auto otras = motor_.ponerPrecios(*clave, precios, ui_.Sincro->isChecked());
+  if (!otras) return std::unexpected(otras.error());
+  if (ui_.Sincro->isChecked()) decirBien(t(kTxPreciosCopiados, *otras));
+  return {};
+}
+
+QString BrowOfer::avisoFechas(Extremo extremo, const Dia& dia, int cuantas) const {
+  const bool desde = extremo == Extremo::Desde;
+  const QString que = dia ? t(desde ? kTxCambiaDesde : kTxCambiaHasta, cuantas).arg(dia->corta())
+                          : t(desde ? kTxQuitaDesde : kTxQuitaHasta, cuantas);
+  return que + u'\n' + t(ui_.Sincro->isChecked() ? kTxDeTodosLosGrupos : kTxDeEsteGrupo) +
+         u"\n\n"_s + t(kTxSePuedeDeshacer);
+}
+
+// The question waits until the cell is closed: a box would take the focus from it meanwhile.
+Resultado<> BrowOfer::fechaEscrita(Extremo extremo, const QString& texto) {
+  const auto fecha = Fecha::leer(texto.trimmed());
+  const Dia dia = fecha ? Dia(fecha->dia()) : Dia();
+  QMetaObject::invokeMethod(
+      this, [this, extremo, dia] { cambiarFechas(extremo, dia); }, Qt::QueuedConnection);
+  return {};
+}
+
+void BrowOfer::cambiarFechas(Extremo extremo, const Dia& dia) {
+  const bool todos = ui_.Sincro->isChecked();
+  const auto cuantas = motor_.contar(filtro(), todos);
+  if (!haIdoBien(cuantas)) return;
+  for (int i = 0; todos && i < kPitidos; ++i) QApplication::beep();
+  if ((*cuantas > 1 || !dia) &&
+      !MyMsgBox::Decide(this, contexto().textos, avisoFechas(extremo, dia, *cuantas),
+                        ventanas::kAceptoCancelo | ventanas::kExclamacion))
+    return;
+  auto cambio = motor_.cambiarFechas(filtro(), todos, extremo, dia);
+  if (!haIdoBien(cambio)) return;
+  const auto hechas = static_cast<int>(cambio->filas.size());
+  deshechos_.push_back(std::move(*cambio));
+  RefrescoRemoto();
+  decirBien(t(kTxFechasCambiadas, hechas));
+}
+
+void BrowOfer::deshacer() {
+  if (deshechos_.empty()) return;
+  const auto hechas = motor_.deshacer(deshechos_.back());
+  if (!haIdoBien(hechas)) return;
+  deshechos_.pop_back();
+  RefrescoRemoto();
+  decirBien(t(kTxFechasDevueltas, *hechas));
+}
+
+void BrowOfer::nueva() {
+  if (ui_.dbG->currentIndex() < 0) return;
+  contexto().ventanas.abrir(u"NvaOfr"_s, this,
+                            {{u"seccion"_s, ui_.dbS->currentData()},
+                             {u"nombre"_s, ui_.dbS->currentText()},
+                             {u"grupo"_s, ui_.dbG->currentData()}});
+}
+
+void BrowOfer::borrar() {
+  std::vector<ClaveOferta> claves;
+  for (const int fila : ui_.Grid->filasParaActuar())
+    if (const auto c = claveDe(ui_.Grid->clave(fila))) claves.push_back(*c);
+  if (claves.empty()) return;
+  const auto todas = motor_.contarIguales(claves);
+  if (!haIdoBien(todas)) return;
+  const auto respuesta = std::make_shared<int>(0);
+  contexto().ventanas.abrirModal(u"MsgBorrOf"_s, this,
+                                 {{u"seleccionadas"_s, static_cast<int>(claves.size())},
+                                  {u"todas"_s, *todas},
+                                  {u"salida"_s, QVariant::fromValue(respuesta)}});
+  if (*respuesta == 0) return;
+  const auto idas = motor_.borrar(claves, *respuesta == 2);
+  if (!haIdoBien(idas)) return;
+  ui_.Grid->limpiarSeleccion();
+  RefrescoRemoto();
+  ui_.Grid->setFocus();
+  decirBien(t(kTxOfertasBorradas, *idas));
+}
+
+}  // namespace tarvo::precios

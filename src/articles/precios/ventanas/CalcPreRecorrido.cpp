@@ -1,0 +1,133 @@
+// The calculator from article to article: what is saved, and where the pointer goes.
+#include "articles/precios/ventanas/CalcPreVentana.h"
+#include "articles/precios/ventanas/Comun.h"
+#include "articles/precios/ventanas/TextosPreciosVentanas.h"
+
+namespace tarvo::precios {
+
+using namespace Qt::StringLiterals;
+using articles::Articulo;
+using articles::ClaveArticulo;
+
+Resultado<> CalcPreVentana::preparar(const ventanas::Argumentos& argumentos) {
+  ponerAjustes();
+  lista_.unir(argumentos);
+  ClaveArticulo clave{argumentos.value(u"seccion"_s, 1).toInt(),
+                      argumentos.value(u"codigo"_s, 0).toLongLong()};
+  if (lista_) clave = {lista_->clave().seccion, lista_->clave().codigo};
+  if (clave.codigo == 0) {
+    articulo_.clave = {clave.seccion, articles::kPrimerCodigo - 1};
+    const auto primero = vecino(1);
+    if (!primero) return std::unexpected(primero.error());
+    clave = *primero;
+  }
+  TARVO_INTENTAR(cargar(clave));
+  if (lista_ && !std::exchange(seguida_, true)) lista_->alMover(this, [this] { reposicionado(); });
+  const Celda celda{argumentos.value(u"columna"_s, 0).toInt(),
+                    argumentos.value(u"fila"_s, 0).toInt()};
+  ui_.grdpre->irA(celda);
+  entrar(ui_.grdpre->actual());
+  ui_.costeN->setFocus();
+  ui_.costeN->selectAll();
+  tocado_ = false;
+  return {};
+}
+
+Resultado<> CalcPreVentana::cargar(ClaveArticulo clave) {
+  const auto articulo = catalogo_.leer(clave);
+  if (!articulo) return std::unexpected(articulo.error());
+  if (!*articulo) return fallo(Fallo::NoExiste, t(kTxSinArticulo));
+  const auto iva = ivaDeDepartamento(contexto().db, clave.seccion, (*articulo)->depto);
+  if (!iva) return std::unexpected(iva.error());
+  articulo_ = **articulo;
+  precios_ = articulo_.precios;
+  tocado_ = false;
+  ui_.lbPLU->setText(Ceros(clave.codigo, 7) + u"  "_s + articulo_.nombre);
+  ui_.Salvar->setEnabled(!clave.deSistema());
+  ui_.grdpre->poner(precios_);
+  calc_.ponerIva(*iva);
+  calc_.entrar(articulo_.coste, precio(ui_.grdpre->actual()));
+  pintar();
+  return {};
+}
+
+// The person moved the pointer of the list. What was typed here is kept first.
+void CalcPreVentana::reposicionado() {
+  if (moviendo_ || !lista_ || lista_->clave().codigo == 0) return;
+  const auto [seccion, codigo] = lista_->clave();
+  if (ClaveArticulo{seccion, codigo} == articulo_.clave) return;
+  if (tocado_) guardar();
+  haIdoBien(cargar({seccion, codigo}));
+}
+
+// What another window changed of the article meanwhile stays.
+bool CalcPreVentana::guardar() {
+  if (articulo_.clave.deSistema()) return true;
+  const auto ahora = catalogo_.leer(articulo_.clave);
+  if (!haIdoBien(ahora)) return false;
+  if (!*ahora) {
+    decirFallo(t(kTxSinArticulo));
+    return false;
+  }
+  Articulo nuevo = **ahora;
+  for (std::size_t nivel = 0; nivel < articles::kNiveles; ++nivel)
+    for (std::size_t tarifa = 0; tarifa < articles::kTarifas; ++tarifa)
+      if (precios_[nivel][tarifa] != articulo_.precios[nivel][tarifa])
+        nuevo.precios[nivel][tarifa] = precios_[nivel][tarifa];
+  if (calc_.cifras().costeN != articulo_.coste) nuevo.coste = calc_.cifras().costeN;
+  tocado_ = false;
+  if (nuevo == **ahora) return true;
+  if (!haIdoBien(catalogo_.modificar(articulo_.clave, nuevo, nombre()))) return false;
+  articulo_ = nuevo;
+  precios_ = nuevo.precios;
+  const bool ajeno = std::exchange(moviendo_, true);
+  if (lista_) lista_->refrescar();
+  moviendo_ = ajeno;
+  return true;
+}
+
+Resultado<ClaveArticulo> CalcPreVentana::vecino(int pasos) {
+  const auto [seccion, codigo] = articulo_.clave;
+  const auto v = contexto().db.uno(
+      pasos > 0 ? u"SELECT min(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU>? AND CODPLU>2"
+                : u"SELECT max(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU<? AND CODPLU>2",
+      seccion, codigo);
+  if (!v) return std::unexpected(v.error());
+  if (v->nulo()) return fallo(Fallo::NoExiste, t(kTxNoHayMas));
+  return ClaveArticulo{seccion, v->entero()};
+}
+
+void CalcPreVentana::mover(int pasos) {
+  // The box that has the focus is checked first.
+  if (auto* caja = qobject_cast<QLineEdit*>(focusWidget())) Q_EMIT caja->editingFinished();
+  if (!guardar()) return;
+  if (lista_) {
+    moviendo_ = true;
+    const bool hay = lista_->saltar(pasos);
+    moviendo_ = false;
+    if (!hay) return decirDuda(t(kTxNoHayMas));
+    haIdoBien(cargar({lista_->clave().seccion, lista_->clave().codigo}));
+  } else {
+    const auto otro = vecino(pasos);
+    if (!otro) return decirDuda(otro.error().texto);
+    haIdoBien(cargar(*otro));
+  }
+  if (auto* caja = qobject_cast<QLineEdit*>(focusWidget())) caja->selectAll();
+}
+
+void CalcPreVentana::keyPressEvent(QKeyEvent* evento) {
+  const int pasos = evento->key() == Qt::Key_PageUp     ? -1
+                    : evento->key() == Qt::Key_PageDown ? 1
+                                                        : 0;
+  if (pasos == 0) return Ventana::keyPressEvent(evento);
+  evento->accept();
+  mover(pasos);
+}
+
+bool CalcPreVentana::QueryUnload() {
+  guardarAjustes();
+  lista_.soltar();
+  return false;
+}
+
+}  // namespace tarvo::precios

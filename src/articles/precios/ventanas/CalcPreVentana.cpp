@@ -1,0 +1,168 @@
+// The figures. Walking and saving stand in CalcPreRecorrido.cpp.
+#include "articles/precios/ventanas/CalcPreVentana.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "articles/precios/ventanas/Comun.h"
+#include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/dinero/Dinero.h"
+#include "core/ventanas/Recuerdos.h"
+
+namespace tarvo::precios {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The exact locked margin; the settings keep whole per cents.
+const QString kMargenFijo = u"margenFijo"_s;
+constexpr int kMargenMayor = 32'767;
+
+}  // namespace
+
+CalcPreVentana::CalcPreVentana(ventanas::Contexto& contexto, const QString& nombre,
+                               articles::Catalogo& catalogo)
+    : Ventana(contexto, nombre), catalogo_(catalogo), lista_(contexto) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+}
+
+void CalcPreVentana::montar() {
+  ui_.grdpre->preparar(contexto());
+  alinear();
+  unirCaja(*ui_.costeN, [this] { calc_.ponerCoste(importe(*ui_.costeN)); });
+  unirCaja(*ui_.pciva, [this] { calc_.ponerIva(numeroDe(ui_.pciva->text())); });
+  unirCaja(*ui_.pcMarg, [this] { calc_.ponerPcMargen(numeroDe(ui_.pcMarg->text()).value_or(0)); });
+  unirCaja(*ui_.Margen, [this] { calc_.ponerMargen(importe(*ui_.Margen)); });
+  unirCaja(*ui_.VentaN, [this] { calc_.ponerVenta(importe(*ui_.VentaN)); });
+  unirCaja(*ui_.Calcu, [this] { calc_.ponerCalculado(importe(*ui_.Calcu)); });
+  unirCaja(*ui_.redon, [this] { calc_.ponerRedondeo(ui_.redon->text().toLongLong()); });
+  soloCifras(*ui_.redon, 6);
+  connect(ui_.opIvaIn, &QRadioButton::toggled, this, [this](bool incluido) {
+    calc_.ponerModo(incluido ? ModoIva::Incluido : ModoIva::Detallado);
+    pintarModo();
+    pintar();
+  });
+  connect(ui_.togg, &QPushButton::clicked, this, &CalcPreVentana::bloquear);
+  connect(ui_.grdpre, &MatrizPrecios::entrada, this, &CalcPreVentana::entrar);
+  connect(ui_.grdpre, &MatrizPrecios::cambiada, this, [this](Celda celda) {
+    precio(celda) = ui_.grdpre->precios()[static_cast<std::size_t>(celda.nivel)]
+                                         [static_cast<std::size_t>(celda.tarifa)];
+    tocado_ = true;
+    if (celda == ui_.grdpre->actual()) entrar(celda);
+  });
+  connect(ui_.Arriba, &QPushButton::clicked, this, [this] { mover(-1); });
+  connect(ui_.Abajo, &QPushButton::clicked, this, [this] { mover(1); });
+  connect(ui_.Salvar, &QPushButton::clicked, this, [this] {
+    if (guardar()) decirBien(t(kTxPrecioGuardado).arg(articulo_.nombre));
+  });
+  connect(ui_.Salir, &QPushButton::clicked, this, &CalcPreVentana::descargar);
+}
+
+// Labels in one column over all frames; those of figures that can't be typed ask for no letter.
+void CalcPreVentana::alinear() {
+  const std::pair<QLabel*, QLineEdit*> fijos[] = {
+      {ui_.rotuloIvaS, ui_.IvaS}, {ui_.rotuloCosteB, ui_.CosteB}, {ui_.rotuloIvaR, ui_.IvaR}};
+  for (const auto& [rotulo, caja] : fijos) {
+    rotulo->setText(rotulo->text().remove(u'&'));
+    caja->setAccessibleName(rotulo->text());
+  }
+  const auto rotulos = ui_.marcos->findChildren<QLabel*>(QRegularExpression(u"^rotulo"_s));
+  int ancho = 0;
+  for (const QLabel* r : rotulos) ancho = std::max(ancho, r->sizeHint().width());
+  for (QLabel* r : rotulos) r->setMinimumWidth(ancho);
+  estrechar(*ui_.pciva, 6);
+}
+
+// Only what was typed counts: leaving a box takes nothing back from what it shows in round figures.
+void CalcPreVentana::unirCaja(QLineEdit& caja, const Hacer& hacer) {
+  connect(&caja, &QLineEdit::editingFinished, this, [this, &caja, hacer] {
+    if (!caja.isModified()) return;
+    hacer();
+    tocado_ = true;
+    pintar();
+  });
+}
+
+void CalcPreVentana::ponerAjustes() {
+  const auto& a = contexto().ajustes.calculoPrecios;
+  calc_ = CalcPre(a.a ? ModoIva::Incluido : ModoIva::Detallado, a.b);
+  if (a.conSegundo && a.c) {
+    const auto exacto = numeroDe(contexto().recuerdos.leer(nombre(), kMargenFijo));
+    calc_.bloquear(exacto && std::lround(*exacto) == a.d ? *exacto : a.d);
+  }
+  const QSignalBlocker callado(ui_.opIvaIn);
+  (a.a ? ui_.opIvaIn : ui_.opIvaDe)->setChecked(true);
+  ui_.redon->setText(QString::number(calc_.redondeo()));
+  ui_.togg->setChecked(calc_.bloqueado().has_value());
+  pintarModo();
+}
+
+void CalcPreVentana::guardarAjustes() {
+  auto& a = contexto().ajustes.calculoPrecios;
+  a.a = calc_.modo() == ModoIva::Incluido;
+  a.b = static_cast<int>(std::min<qint64>(calc_.redondeo(), kMargenMayor));
+  a.conSegundo = a.c = calc_.bloqueado().has_value();
+  a.d = 0;
+  if (calc_.bloqueado()) {
+    const double margen = *calc_.bloqueado();
+    a.d = static_cast<int>(std::clamp<long>(std::lround(margen), -kMargenMayor, kMargenMayor));
+    contexto().recuerdos.poner(nombre(), kMargenFijo, QString::number(margen, 'f', 2));
+  }
+  haIdoBien(contexto().ajustes.GuardarConfig());
+}
+
+qint64& CalcPreVentana::precio(Celda c) {
+  return precios_[static_cast<std::size_t>(c.nivel)][static_cast<std::size_t>(c.tarifa)];
+}
+
+void CalcPreVentana::entrar(Celda celda) {
+  calc_.entrar(calc_.cifras().costeN, precio(celda));
+  pintar();
+}
+
+qint64 CalcPreVentana::importe(const QLineEdit& caja) const {
+  return AImporte(contexto().ajustes, caja.text(), contexto().ajustes.MonedaNativa);
+}
+
+void CalcPreVentana::pintar() {
+  const CalcPre::Cifras& c = calc_.cifras();
+  const std::pair<QLineEdit*, qint64> importes[] = {
+      {ui_.costeN, c.costeN}, {ui_.IvaS, c.IvaS}, {ui_.CosteB, c.CosteB}, {ui_.Margen, c.Margen},
+      {ui_.VentaN, c.VentaN}, {ui_.IvaR, c.IvaR}, {ui_.Calcu, c.Calcu}};
+  for (const auto& [caja, cuanto] : importes) caja->setText(precioEnTexto(contexto(), cuanto));
+  ui_.pciva->setText(calc_.pciva() ? conDosDecimales(*calc_.pciva()) : QString());
+  ui_.pcMarg->setText(conDosDecimales(c.pcMarg));
+  ui_.redon->setText(QString::number(calc_.redondeo()));
+  ui_.PVP->setText(precioEnTexto(contexto(), c.PVP));
+  if (articulo_.clave.deSistema()) return;
+  const Celda celda = ui_.grdpre->actual();
+  if (precio(celda) == c.PVP) return;
+  precio(celda) = c.PVP;
+  ui_.grdpre->poner(celda, c.PVP);
+}
+
+void CalcPreVentana::pintarModo() {
+  const bool detallado = calc_.modo() == ModoIva::Detallado;
+  for (QWidget* w : {static_cast<QWidget*>(ui_.marcoIvaS), static_cast<QWidget*>(ui_.marcoIvaR),
+                     static_cast<QWidget*>(ui_.pciva), static_cast<QWidget*>(ui_.rotuloIva)})
+    w->setVisible(detallado);
+  const bool fijo = calc_.bloqueado().has_value();
+  ui_.marcoMargen->setEnabled(!fijo);
+  ui_.grdpre->setEnabled(!fijo);
+  marcarFijo(*ui_.pcMarg, fijo);
+}
+
+void CalcPreVentana::bloquear(bool si) {
+  if (si)
+    calc_.bloquear(calc_.cifras().pcMarg);
+  else
+    calc_.desbloquear();
+  tocado_ = tocado_ || si;
+  pintarModo();
+  pintar();
+}
+
+}  // namespace tarvo::precios

@@ -1,0 +1,56 @@
+// The price calculator over the article under the pointer of a list: CalcPre. Takes "lista", the
+// name of the window that walks the articles (BrowPLUs), and "fila" (tarifa) and "columna" (level)
+// of the price to begin with. Without that window it walks the codes of "seccion" from "codigo" on.
+#pragma once
+
+#include "articles/Catalogo.h"
+#include "articles/precios/CalcPre.h"
+#include "articles/precios/ParrillaRapida.h"
+#include "articles/precios/ventanas/Comun.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_CalcPre.h"
+
+namespace tarvo::precios {
+
+class CalcPreVentana final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  CalcPreVentana(ventanas::Contexto& contexto, const QString& nombre, articles::Catalogo& catalogo);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  bool QueryUnload() override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* evento) override;
+
+ private:
+  using Hacer = std::function<void()>;
+
+  void montar();
+  void alinear();
+  void unirCaja(QLineEdit& caja, const Hacer& hacer);
+  void ponerAjustes();
+  void guardarAjustes();
+
+  Resultado<> cargar(articles::ClaveArticulo clave);
+  void reposicionado();
+  void entrar(Celda celda);
+  void pintar();
+  void pintarModo();
+  void bloquear(bool si);
+  qint64 importe(const QLineEdit& caja) const;
+  qint64& precio(Celda celda);
+
+  bool guardar();
+  void mover(int pasos);
+  Resultado<articles::ClaveArticulo> vecino(int pasos);
+
+  Ui::CalcPre ui_;
+  articles::Catalogo& catalogo_;
+  CalcPre calc_;
+  articles::Articulo articulo_;  // as it was read
+  articles::Precios precios_{};
+  DeLista lista_;
+  bool seguida_ = false, moviendo_ = false, tocado_ = false;
+};
+
+}  // namespace tarvo::precios

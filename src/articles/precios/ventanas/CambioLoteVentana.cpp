@@ -1,0 +1,223 @@
+// What is chosen and what would become of it. Doing it stands in CambioLoteAcciones.cpp.
+#include "articles/precios/ventanas/CambioLoteVentana.h"
+
+#include <cmath>
+
+#include "articles/precios/CambioRapido.h"
+#include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/Parrilla.h"
+
+namespace tarvo::precios {
+
+using namespace Qt::StringLiterals;
+using ventanas::Clase;
+using ventanas::Estado;
+
+namespace {
+
+constexpr int kReposo = 150;  // ms without a change before the list is reckoned anew
+constexpr int kTodosLosDeptos = -1;
+enum Que { kPrecios, kDepartamento, kFormato };
+
+Estado estadoDe(const dao::Valor& v) {
+  switch (static_cast<Desenlace>(v.entero())) {
+    case Desenlace::Cambia:
+      return Estado::Bien;
+    case Desenlace::Igual:
+      return Estado::Ninguno;
+    default:
+      return Estado::Mal;
+  }
+}
+
+// None for the first entry, which stands for all.
+std::optional<int> unoDe(const QComboBox& lista) {
+  return lista.currentIndex() > 0 ? std::optional(lista.currentIndex() - 1) : std::nullopt;
+}
+
+}  // namespace
+
+CambioLoteVentana::CambioLoteVentana(ventanas::Contexto& contexto, const QString& nombre,
+                                     articles::Catalogo& catalogo)
+    : Ventana(contexto, nombre),
+      lotes_(contexto.db, catalogo, contexto.reloj),
+      motor_(contexto.db, catalogo, lotes_, contexto.textos),
+      lista_(contexto),
+      luego_(contexto.reloj.temporizador([this] { mirar(); })) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+}
+
+void CambioLoteVentana::montar() {
+  for (int i = 0; i < 3; ++i) {
+    ui_.que->addItem(t(kTxQue + i));
+    ui_.redondeo->addItem(t(kTxRedondeos + i));
+  }
+  ui_.nivel->addItem(t(kTxTodos));
+  for (int i = 0; i < articles::kNiveles; ++i) ui_.nivel->addItem(t(kTxNivel + i));
+  ui_.tarifa->addItem(t(kTxTodas));
+  for (int i = 1; i <= articles::kTarifas; ++i) ui_.tarifa->addItem(t(kTxTarifaN).arg(i));
+  ui_.txPaso->setText(precioEnTexto(contexto(), 1));
+  for (QLineEdit* caja : {ui_.txPc, ui_.txPaso}) estrechar(*caja, 7);
+  soloCifras(*ui_.txFormato, 2);
+  prepararParrilla();
+  connect(ui_.dbS, &QComboBox::activated, this, [this] { haIdoBien(seccionCambiada()); });
+  connect(ui_.que, &QComboBox::currentIndexChanged, this, &CambioLoteVentana::queCambiado);
+  for (QComboBox* c : {ui_.dbD, ui_.redondeo, ui_.depto, ui_.nivel, ui_.tarifa})
+    connect(c, &QComboBox::currentIndexChanged, this, &CambioLoteVentana::luegoMirar);
+  for (QLineEdit* e : {ui_.txNom, ui_.txPc, ui_.txPaso, ui_.txFormato})
+    connect(e, &QLineEdit::textChanged, this, &CambioLoteVentana::luegoMirar);
+  connect(ui_.Aplicar, &QPushButton::clicked, this, &CambioLoteVentana::aplicar);
+  connect(ui_.Deshacer, &QPushButton::clicked, this, &CambioLoteVentana::deshacer);
+  connect(ui_.Salir, &QPushButton::clicked, this, &CambioLoteVentana::descargar);
+}
+
+void CambioLoteVentana::prepararParrilla() {
+  const auto valor = [this](const dao::Valor& v) { return valorEnTexto(v); };
+  const auto desenlace = [this](const dao::Valor& v) {
+    return t(kTxDesenlaces + static_cast<int>(v.entero()));
+  };
+  ui_.Grid->preparar(
+      contexto(), nombre(),
+      {{.titulo = kTxCodigoCol,
+        .campo = u"codigo"_s,
+        .clase = Clase::Codigo,
+        .cifras = 7,
+        .ancho = 90},
+       {.titulo = kTxNombreCol, .campo = u"nombre"_s, .ancho = 220},
+       {.titulo = kTxAntesCol, .campo = u"antes"_s, .clase = Clase::Importe, .ver = valor},
+       {.titulo = kTxDespuesCol, .campo = u"despues"_s, .clase = Clase::Importe, .ver = valor},
+       {.titulo = kTxCambianCol, .campo = u"cambian"_s, .clase = Clase::Entero, .ancho = 70},
+       {.titulo = kTxEstadoCol,
+        .campo = u"estado"_s,
+        .ancho = 190,
+        .ver = desenlace,
+        .estado = estadoDe}});
+  ui_.Grid->vivas();
+  ui_.Grid->filtros()->addWidget(ui_.marcoCuales);
+}
+
+Resultado<> CambioLoteVentana::preparar(const ventanas::Argumentos& argumentos) {
+  lista_.unir(argumentos);
+  codigos_.clear();
+  for (const QVariant& codigo : argumentos.value(u"codigos"_s).toList())
+    codigos_.push_back(codigo.toLongLong());
+  TARVO_INTENTAR(llenarSecciones(*ui_.dbS, contexto()));
+  if (argumentos.contains(u"seccion"_s)) elegir(*ui_.dbS, argumentos.value(u"seccion"_s));
+  const bool elegidos = !codigos_.empty();
+  ui_.elegidos->setText(t(kTxElegidos, static_cast<int>(codigos_.size())));
+  ui_.elegidos->setVisible(elegidos);
+  ui_.dbS->setEnabled(!elegidos);
+  for (QWidget* w : {static_cast<QWidget*>(ui_.rotuloD), static_cast<QWidget*>(ui_.dbD),
+                     static_cast<QWidget*>(ui_.rotuloNom), static_cast<QWidget*>(ui_.txNom)})
+    w->setVisible(!elegidos);
+  if (argumentos.contains(u"subida"_s)) ui_.txPc->setText(argumentos.value(u"subida"_s).toString());
+  TARVO_INTENTAR(seccionCambiada());
+  queCambiado();
+  pintarDeshacer();
+  ui_.txPc->setFocus();
+  mirar();
+  return {};
+}
+
+Resultado<> CambioLoteVentana::seccionCambiada() {
+  const QString sql = u"SELECT NUMDEP, NomDep FROM DEPTS WHERE SECCION=? ORDER BY NUMDEP"_s;
+  const int seccion = ui_.dbS->currentData().toInt();
+  TARVO_INTENTAR(llenar(*ui_.depto, contexto(), sql, 2, {seccion}));
+  TARVO_INTENTAR(llenar(*ui_.dbD, contexto(), sql, 2, {seccion}));
+  ui_.dbD->insertItem(0, t(kTxTodos), kTodosLosDeptos);
+  ui_.dbD->setCurrentIndex(0);
+  luegoMirar();
+  return {};
+}
+
+void CambioLoteVentana::queCambiado() {
+  const int que = ui_.que->currentIndex();
+  for (QWidget* w : {ui_.marcoPrecios, ui_.marcoCuales}) w->setVisible(que == kPrecios);
+  ui_.marcoDepto->setVisible(que == kDepartamento);
+  ui_.marcoFormato->setVisible(que == kFormato);
+  luegoMirar();
+}
+
+// --- the order
+// -----------------------------------------------------------------------------------
+
+SeleccionLote CambioLoteVentana::seleccion() const {
+  SeleccionLote s{ui_.dbS->currentData().toInt(), codigos_, {}, ui_.txNom->text()};
+  if (ui_.dbD->currentIndex() > 0) s.departamento = ui_.dbD->currentData().toInt();
+  return s;
+}
+
+std::optional<OrdenLote> CambioLoteVentana::ordenPrecios() {
+  const auto pc = numeroDe(ui_.txPc->text());
+  const auto paso = comoPrecio(ui_.txPaso->text(), contexto().ajustes);
+  const int centesimas = pc && std::abs(*pc) < 1e6 ? static_cast<int>(std::lround(*pc * 100))
+                                                   : SubePrecios::kMenor - 1;
+  const auto orden = SubePrecios::de(centesimas, paso.value_or(0),
+                                     static_cast<Redondeo>(ui_.redondeo->currentIndex()),
+                                     unoDe(*ui_.nivel), unoDe(*ui_.tarifa));
+  const bool malPc = centesimas < SubePrecios::kMenor || centesimas > SubePrecios::kMayor;
+  marcarFalta(*ui_.txPc, malPc && !ui_.txPc->text().trimmed().isEmpty());
+  marcarFalta(*ui_.txPaso, paso.value_or(0) < 1);
+  return orden ? std::optional<OrdenLote>(*orden) : std::nullopt;
+}
+
+// Nothing while it isn't whole.
+std::optional<OrdenLote> CambioLoteVentana::orden() {
+  switch (ui_.que->currentIndex()) {
+    case kDepartamento:
+      if (ui_.depto->currentIndex() < 0) return std::nullopt;
+      return PoneDepartamento{ui_.depto->currentData().toInt()};
+    case kFormato:
+      if (ui_.txFormato->text().isEmpty()) return std::nullopt;
+      return PoneFormato{ui_.txFormato->text().toInt()};
+    default:
+      return ordenPrecios();
+  }
+}
+
+void CambioLoteVentana::luegoMirar() {
+  ui_.Aplicar->setEnabled(false);
+  luego_->unaVez(kReposo);
+}
+
+void CambioLoteVentana::mirar() {
+  luego_->parar();
+  lineas_.clear();
+  const auto que = orden();
+  ui_.Grid->setVacia(t(que ? kTxNadaQueCambiar : kTxOrdenMala));
+  if (que) {
+    auto lineas = motor_.previa(seleccion(), *que);
+    if (haIdoBien(lineas)) lineas_ = std::move(*lineas);
+  }
+  pintarLineas();
+}
+
+QString CambioLoteVentana::valorEnTexto(const dao::Valor& valor) const {
+  return ui_.que->currentIndex() == kPrecios ? precioEnTexto(contexto(), valor.entero())
+                                             : QString::number(valor.entero());
+}
+
+void CambioLoteVentana::pintarLineas() {
+  std::vector<ventanas::FilaViva> filas;
+  filas.reserve(lineas_.size());
+  int cambian = 0, malas = 0;
+  for (const LineaLote& l : lineas_) {
+    if (l.desenlace == Desenlace::Cambia)
+      ++cambian;
+    else if (l.desenlace != Desenlace::Igual)
+      ++malas;
+    filas.push_back(
+        {l.clave.codigo,
+         {l.clave.codigo, l.nombre, l.antes, l.despues, l.cambian, static_cast<int>(l.desenlace)}});
+  }
+  const auto total = static_cast<int>(lineas_.size());
+  ui_.Grid->vivas().poner(std::move(filas));
+  ui_.resumen->setText(total == 0 ? QString()
+                                  : contexto().textos(kTxResumen, {cambian, total, malas}));
+  ui_.Aplicar->setEnabled(cambian > 0);
+}
+
+}  // namespace tarvo::precios

@@ -1,0 +1,47 @@
+// One change for many articles: CambioLote. Takes "seccion", optionally "codigos" (a list), and
+// "lista", the window of the articles. What would become of each shows at once; it is done as a
+// whole and can be taken back, also later.
+#pragma once
+
+#include "articles/precios/CambioLote.h"
+#include "articles/precios/ventanas/Comun.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_CambioLote.h"
+
+namespace tarvo::precios {
+
+class CambioLoteVentana final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  CambioLoteVentana(ventanas::Contexto& contexto, const QString& nombre,
+                    articles::Catalogo& catalogo);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  bool QueryUnload() override;
+
+ private:
+  void montar();
+  void prepararParrilla();
+  Resultado<> seccionCambiada();
+  void queCambiado();
+  void luegoMirar();
+  void mirar();
+  std::optional<OrdenLote> orden();
+  std::optional<OrdenLote> ordenPrecios();
+  SeleccionLote seleccion() const;
+  void pintarLineas();
+  QString valorEnTexto(const dao::Valor& valor) const;
+  void aplicar();
+  void aplicarYa(const std::vector<articles::ClaveArticulo>& claves, const OrdenLote& orden);
+  void deshacer();
+  void pintarDeshacer();
+
+  Ui::CambioLote ui_;
+  articles::Lotes lotes_;
+  CambioLote motor_;
+  DeLista lista_;
+  std::vector<qint64> codigos_;
+  std::vector<LineaLote> lineas_;
+  std::unique_ptr<Temporizador> luego_;
+};
+
+}  // namespace tarvo::precios

@@ -1,0 +1,62 @@
+// What the windows of offers and prices share.
+#pragma once
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <memory>
+
+#include "core/ventanas/Recorrido.h"
+#include "core/ventanas/Ventanas.h"
+
+namespace tarvo::precios {
+
+// The rows of a query, code and name, `cifras` digits of code; the code is the datum. What was
+// chosen stays chosen.
+Resultado<> llenar(QComboBox& lista, ventanas::Contexto& c, const QString& sql, int cifras,
+                   const std::vector<dao::Valor>& parametros = {});
+Resultado<> llenarSecciones(QComboBox& lista, ventanas::Contexto& c);
+// The entry with that datum, else the first one.
+void elegir(QComboBox& lista, const QVariant& dato);
+
+// "12,50" in the native currency.
+QString precioEnTexto(const ventanas::Contexto& c, qint64 precio);
+// "33,33"; and back, nothing for what is no number.
+QString conDosDecimales(double n);
+std::optional<double> numeroDe(const QString& texto);
+// Bold on the colour of what is chosen: a value that stays.
+void marcarFijo(QLineEdit& campo, bool fijo);
+// Shows the field as one with a fault, or no more.
+void marcarFalta(QWidget& campo, bool falta);
+// A field that takes digits only.
+void soloCifras(QLineEdit& campo, int cuantas);
+// Room for that many digits and no more.
+void estrechar(QLineEdit& campo, int cifras);
+
+// The list over whose articles a window works, by the name in the argument "lista" (BrowPLUs). It
+// is told that a child is open until soltar().
+class DeLista {
+ public:
+  explicit DeLista(const ventanas::Contexto& c) : c_(c) {}
+  void unir(const ventanas::Argumentos& argumentos);
+  void soltar();
+  ventanas::Recorrido* operator->() const { return lista(); }  // REQUIRES one
+  explicit operator bool() const { return lista() != nullptr; }
+
+ private:
+  ventanas::Recorrido* lista() const;
+
+  const ventanas::Contexto& c_;
+  QString nombre_;
+  bool unida_ = false;
+};
+
+// A code that is taken, in the words that people know it by.
+Error informe(const ventanas::Contexto& c, const Error& error);
+
+// What a dialog hands back: the opener keeps a share of it.
+template <class T>
+std::shared_ptr<T> salidaDe(const ventanas::Argumentos& argumentos) {
+  return argumentos.value(QStringLiteral("salida")).value<std::shared_ptr<T>>();
+}
+
+}  // namespace tarvo::precios

@@ -1,0 +1,123 @@
+// The addition of an article, and what is kept for the next one.
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "articles/precios/ventanas/CfgFastA.h"
+#include "articles/precios/ventanas/FastAlta.h"
+#include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/Retenida.h"
+#include "core/ventanas/Tira.h"
+
+namespace tarvo::precios {
+
+using namespace Qt::StringLiterals;
+
+// Three answers: the box of the kit has two.
+FastAlta::Respuesta FastAlta::preguntar() {
+  const ventanas::Retenida mientras(this);
+  QMessageBox caja(QMessageBox::Question, windowTitle(), t(kTxAnadir), QMessageBox::NoButton, this);
+  QPushButton* si = caja.addButton(t(kTxSi), QMessageBox::YesRole);
+  QPushButton* no = caja.addButton(t(kTxNo), QMessageBox::NoRole);
+  QPushButton* cancelar = caja.addButton(t(kTxCancelar), QMessageBox::RejectRole);
+  si->setObjectName(u"Si"_s);
+  no->setObjectName(u"No"_s);
+  cancelar->setObjectName(u"Cancelar"_s);
+  caja.setDefaultButton(si);
+  caja.setEscapeButton(no);
+  caja.exec();
+  return caja.clickedButton() == si   ? Respuesta::Si
+         : caja.clickedButton() == no ? Respuesta::No
+                                      : Respuesta::Cancelar;
+}
+
+void FastAlta::anadir() {
+  switch (preguntar()) {
+    case Respuesta::Si:
+      return anadirYa();
+    case Respuesta::Cancelar:
+      vaciar();
+      break;
+    case Respuesta::No:
+      break;
+  }
+  ui_.txCod->setFocus();
+}
+
+void FastAlta::anadirYa() {
+  bool todo = true;
+  for (int i = 0; i < kCamposAlta; ++i) todo = vale(static_cast<CampoAlta>(i)) && todo;
+  if (!todo) {
+    ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxValorIncorrecto),
+                               ventanas::kSoloAcepto | ventanas::kCritico);
+    return ui_.txCod->setFocus();
+  }
+  const auto articulo = motor_.anadir(entrada(), nombre());
+  ui_.txCod->setFocus();
+  if (!articulo) return decirFallo(informe(contexto(), articulo.error()));
+  const QString quien = Ceros(articulo->clave.codigo, 7) + u"   "_s + articulo->nombre;
+  ui_.lbUltimo->setText(t(kTxUltimo).arg(quien));
+  if (lista_) lista_->refrescarEn({articulo->clave.seccion, articulo->clave.codigo});
+  tira().quitar();
+  vaciar();
+}
+
+QString FastAlta::textoFijo(CampoFijo campo) const {
+  const QWidget* c = control(comoCampoAlta(campo));
+  if (const auto* lista = qobject_cast<const QComboBox*>(c))
+    return QString::number(lista->currentIndex());
+  return qobject_cast<const QLineEdit*>(c)->text();
+}
+
+void FastAlta::vaciar() {
+  ui_.txCod->clear();
+  ui_.txCod->setMaxLength(motor_.forma().cifras());
+  ui_.txNom->clear();
+  ui_.Grd->limpiar();
+  for (int i = 0; i < kCamposFijos; ++i) {
+    const auto fijo = static_cast<CampoFijo>(i);
+    QWidget* c = control(comoCampoAlta(fijo));
+    if (politicas_.politica(fijo) == Politica::Limpiar) {
+      if (auto* lista = qobject_cast<QComboBox*>(c)) lista->setCurrentIndex(-1);
+      if (auto* campo = qobject_cast<QLineEdit*>(c)) campo->clear();
+    }
+    politicas_.ponerValor(fijo, textoFijo(fijo));
+  }
+  for (int i = 0; i < kCamposAlta; ++i) marcarFalta(*control(static_cast<CampoAlta>(i)), false);
+  guardarAjustes();
+}
+
+void FastAlta::configurar() {
+  const auto config = std::make_shared<ConfigAlta>();
+  config->forma = motor_.forma();
+  for (std::size_t i = 0; i < kCamposFijos; ++i)
+    config->politicas[i] = politicas_.politica(static_cast<CampoFijo>(i));
+  if (!contexto().ventanas.abrirModal(u"CfgFastA"_s, this,
+                                      {{u"salida"_s, QVariant::fromValue(config)}}))
+    return;
+  for (std::size_t i = 0; i < kCamposFijos; ++i)
+    politicas_.poner(static_cast<CampoFijo>(i), config->politicas[i]);
+  motor_.ponerForma(config->forma);
+  ui_.Grd->preparar(contexto(), config->forma.precios(), config->forma.tarifas());
+  vaciar();
+  ponerValores();
+  ui_.txCod->setFocus();
+}
+
+// Other choices of the same settings are the fast change's.
+void FastAlta::guardarAjustes() {
+  Ajustes& a = contexto().ajustes;
+  ParrillaRapida todas = ParrillaRapida::leer(a.ParrillaRapida);
+  for (int i = 0; i < kCamposFijos; ++i) {
+    const auto fijo = static_cast<CampoFijo>(i);
+    todas.poner(fijo, politicas_.politica(fijo));
+    todas.ponerValor(fijo, politicas_.valor(fijo));
+  }
+  a.ParrillaRapida = todas.escribir();
+  a.PrefijoCodigos = motor_.forma().prefijo();
+  a.NumPreciosAlta = motor_.forma().precios();
+  a.NumTarifasAlta = motor_.forma().tarifas();
+  haIdoBien(a.GuardarConfig());
+}
+
+}  // namespace tarvo::precios

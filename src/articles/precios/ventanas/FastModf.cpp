@@ -1,0 +1,236 @@
+#include "articles/precios/ventanas/FastModf.h"
+
+#include <QTableView>
+
+#include "articles/precios/CambioRapido.h"
+#include "articles/precios/ventanas/CfgFastPlu.h"
+#include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/Parrilla.h"
+
+namespace tarvo::precios {
+
+using namespace Qt::StringLiterals;
+using ventanas::Clase;
+
+namespace {
+
+const QString kCodigo = u"CODPLU"_s;
+
+struct Como {
+  const char16_t* campo;
+  Clase clase;
+  int cifras = 0, ancho = 0, largo = 0;
+};
+constexpr std::array<Como, kColumnasRapidas> kColumnasPLU{
+    {{u"CODPLU", Clase::Codigo, 7, 76},
+     {u"NOMPLU", Clase::Texto, 0, 140, 20},
+     {u"PRECIO_00", Clase::Importe, 0, 80},
+     {u"PRECIO_10", Clase::Importe, 0, 80},
+     {u"PRECIO_20", Clase::Importe, 0, 80},
+     {u"DEPTO", Clase::Codigo, 2, 60},
+     {u"PFX_BAR", Clase::Texto, 0, 80, 7},
+     {u"FORMATO", Clase::Codigo, 2, 60},
+     {u"NUMDIAS_1", Clase::Entero, 0, 60, 4},
+     {u"NUMDIAS_2", Clase::Entero, 0, 60, 4}}};
+
+}  // namespace
+
+FastModf::FastModf(ventanas::Contexto& contexto, const QString& nombre,
+                   articles::Catalogo& catalogo)
+    : Ventana(contexto, nombre),
+      catalogo_(catalogo),
+      lista_(contexto),
+      modo_(leerModoIntro(contexto.ajustes.ModoIntroRapido)) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+}
+
+void FastModf::montar() {
+  unir(ui_.Siguiente, u"bajar"_s, {}, [this] { saltar(1); });
+  unir(ui_.Anterior, u"subir"_s, {}, [this] { saltar(-1); });
+  unir(ui_.Modo, u"adelante"_s, Qt::Key_F8, [this] { ponerModo(siguiente(modo_)); });
+  unir(ui_.Configurar, u"ajustes"_s, Qt::Key_F9, [this] { configurar(); });
+  ui_.Grd->filtros()->addWidget(ui_.filtros);
+  ui_.GrdP->preparar(contexto());
+  ui_.lbModo->installEventFilter(this);
+  connect(ui_.dbS, &QComboBox::activated, this, [this] { haIdoBien(abrirLista()); });
+  connect(ui_.Grd, &ventanas::Parrilla::actualCambiada, this, &FastModf::articuloCambiado);
+  connect(ui_.Grd, &ventanas::Parrilla::editada, this, &FastModf::articuloCambiado);
+  connect(ui_.Grd, &ventanas::Parrilla::escrita, this, [this] { saltar(1); });
+  connect(ui_.Grd, &ventanas::Parrilla::activada, this,
+          [this] { ui_.GrdP->irA(ui_.GrdP->actual()); });
+  connect(ui_.Grd, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
+  connect(ui_.GrdP, &MatrizPrecios::cambiada, this, &FastModf::precioEscrito);
+  connect(ui_.GrdP, &MatrizPrecios::intro, this, &FastModf::intro);
+  pintarModo();
+}
+
+Resultado<> FastModf::preparar(const ventanas::Argumentos& argumentos) {
+  lista_.unir(argumentos);
+  TARVO_INTENTAR(llenarSecciones(*ui_.dbS, contexto()));
+  if (argumentos.contains(u"seccion"_s)) elegir(*ui_.dbS, argumentos.value(u"seccion"_s));
+  TARVO_INTENTAR(abrirLista());
+  ui_.Grd->setFocus();
+  return {};
+}
+
+ventanas::Columna FastModf::columna(ColumnaRapida cual) {
+  const Vista vista = ParrillaRapida::leer(contexto().ajustes.ParrillaRapida).vista(cual);
+  const Como& como = kColumnasPLU[static_cast<std::size_t>(cual)];
+  ventanas::Columna c{.titulo = kTxColumnas + static_cast<int>(cual),
+                      .campo = QString::fromUtf16(como.campo),
+                      .clase = como.clase,
+                      .cifras = como.cifras,
+                      .ancho = como.ancho,
+                      .soloDato = vista == Vista::Invisible};
+  c.largo = como.largo;
+  if (vista == Vista::Modificar)
+    c.editar = [this, cual](qint64 fila, const QString& texto) {
+      return escribir(fila, cual, texto);
+    };
+  return c;
+}
+
+// Also with other columns, as they were chosen.
+Resultado<> FastModf::abrirLista() {
+  std::vector<ventanas::Columna> columnas;
+  for (int i = 0; i < kColumnasRapidas; ++i)
+    columnas.push_back(columna(static_cast<ColumnaRapida>(i)));
+  ui_.Grd->preparar(contexto(), nombre(), std::move(columnas));
+  ui_.Grd->setMoneda(contexto().ajustes.MonedaNativa);
+  ui_.Grd->setEscribeAlTeclear(true);
+  ui_.Grd->setVacia(t(kTxSinArticulosQueCambiar));
+  ui_.Grd->vista()->removeEventFilter(this);
+  ui_.Grd->vista()->installEventFilter(this);
+  TARVO_INTENTAR(ui_.Grd->abrir({.desde = u"PLUSES"_s,
+                                 .filtro = u"(SECCION=?) AND (CODPLU>2)"_s,
+                                 .parametros = {ui_.dbS->currentData().toInt()},
+                                 .clave = u"PLUSES.rowid"_s,
+                                 .orden = kCodigo}));
+  if (ui_.Grd->filas() > 0 && ui_.Grd->filaActual() < 0) ui_.Grd->irA(0);
+  articuloCambiado();
+  return {};
+}
+
+articles::ClaveArticulo FastModf::claveDe(int fila) const {
+  return {ui_.dbS->currentData().toInt(), ui_.Grd->valor(fila, kCodigo).entero()};
+}
+
+void FastModf::articuloCambiado() {
+  const int fila = ui_.Grd->filaActual();
+  const auto articulo = fila < 0 ? Resultado<std::optional<articles::Articulo>>(std::nullopt)
+                                 : catalogo_.leer(claveDe(fila));
+  const bool hay = haIdoBien(articulo) && articulo->has_value();
+  articulo_ = hay ? **articulo : articles::Articulo();
+  ui_.GrdP->setEnabled(hay);
+  ui_.GrdP->poner(articulo_.precios);
+  ui_.lbArticulo->setText(
+      hay ? t(kTxPreciosDe).arg(Ceros(articulo_.clave.codigo, 7), articulo_.nombre) : QString());
+}
+
+Resultado<> FastModf::escribir(qint64 fila, ColumnaRapida columna, const QString& texto) {
+  const int i = ui_.Grd->filaDe(fila);
+  if (i < 0) return fallo(Fallo::NoExiste, t(kTxSinArticulo));
+  const auto clave = claveDe(i);
+  const auto antes = catalogo_.leer(clave);
+  if (!antes) return std::unexpected(antes.error());
+  if (!*antes) return fallo(Fallo::NoExiste, t(kTxSinArticulo));
+  const auto nuevo = conColumna(**antes, columna, texto, contexto().ajustes, contexto().textos);
+  if (!nuevo) return std::unexpected(nuevo.error());
+  if (*nuevo == **antes) return {};
+  const auto hecho = catalogo_.modificar(clave, *nuevo, nombre());
+  if (!hecho) return std::unexpected(informe(contexto(), hecho.error()));
+  return {};
+}
+
+void FastModf::precioEscrito(Celda celda) {
+  articles::Precios precios = articulo_.precios;
+  const auto nivel = static_cast<std::size_t>(celda.nivel);
+  const auto tarifa = static_cast<std::size_t>(celda.tarifa);
+  precios[nivel][tarifa] = ui_.GrdP->precios()[nivel][tarifa];
+  if (!haIdoBien(catalogo_.ponerPrecios(articulo_.clave, precios, nombre())))
+    return articuloCambiado();
+  articulo_.precios = precios;
+  haIdoBien(ui_.Grd->refrescar());
+}
+
+// --- keys
+// ----------------------------------------------------------------------------------------
+
+bool FastModf::saltar(int pasos) {
+  const int fila = ui_.Grd->filaActual() + pasos;
+  if (fila < 0 || fila >= ui_.Grd->filas()) return false;
+  const bool enPrecios = ui_.GrdP->tieneFoco();
+  ui_.Grd->irA(fila);
+  if (enPrecios) ui_.GrdP->irA(ui_.GrdP->actual());
+  return true;
+}
+
+void FastModf::intro(Celda celda) {
+  if (const auto otra = trasIntro(modo_, celda)) return ui_.GrdP->irA(*otra);
+  if (!saltar(1)) ui_.GrdP->irA(celda);
+}
+
+void FastModf::keyPressEvent(QKeyEvent* evento) {
+  const int pasos = evento->key() == Qt::Key_PageUp     ? -1
+                    : evento->key() == Qt::Key_PageDown ? 1
+                                                        : 0;
+  if (pasos == 0) return Ventana::keyPressEvent(evento);
+  evento->accept();
+  // What stands in the field is a price too.
+  if (auto* campo = qobject_cast<QLineEdit*>(focusWidget())) Q_EMIT campo->editingFinished();
+  saltar(pasos);
+}
+
+// In the list too a page is an article. A double click on the mode steps it.
+bool FastModf::eventFilter(QObject* objeto, QEvent* evento) {
+  if (objeto == ui_.lbModo && evento->type() == QEvent::MouseButtonDblClick) {
+    ponerModo(siguiente(modo_));
+    return true;
+  }
+  if (objeto == ui_.Grd->vista() && evento->type() == QEvent::KeyPress) {
+    auto* tecla = static_cast<QKeyEvent*>(evento);
+    if (tecla->key() == Qt::Key_PageUp || tecla->key() == Qt::Key_PageDown) {
+      keyPressEvent(tecla);
+      return true;
+    }
+  }
+  return Ventana::eventFilter(objeto, evento);
+}
+
+// --- choices
+// -------------------------------------------------------------------------------------
+
+void FastModf::pintarModo() {
+  ui_.lbModo->setText(t(kTxModo + static_cast<int>(modo_)));
+}
+
+void FastModf::ponerModo(ModoIntro modo) {
+  modo_ = modo;
+  contexto().ajustes.ModoIntroRapido = static_cast<int>(modo);
+  haIdoBien(contexto().ajustes.GuardarConfig());
+  pintarModo();
+}
+
+void FastModf::configurar() {
+  const auto config = std::make_shared<ConfigCambio>(ConfigCambio::de(contexto().ajustes));
+  if (!contexto().ventanas.abrirModal(u"CfgFastPlu"_s, this,
+                                      {{u"salida"_s, QVariant::fromValue(config)}}))
+    return;
+  ParrillaRapida todas = ParrillaRapida::leer(contexto().ajustes.ParrillaRapida);
+  for (std::size_t i = 0; i < kColumnasRapidas; ++i)
+    todas.poner(static_cast<ColumnaRapida>(i), config->vistas[i]);
+  contexto().ajustes.ParrillaRapida = todas.escribir();
+  ponerModo(config->modo);
+  haIdoBien(abrirLista());
+  ui_.Grd->setFocus();
+}
+
+bool FastModf::QueryUnload() {
+  if (lista_) lista_->refrescar();
+  lista_.soltar();
+  return false;
+}
+
+}  // namespace tarvo::precios

@@ -1,0 +1,47 @@
+#include "articles/precios/ventanas/TablaOpciones.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QLabel>
+#include <QRadioButton>
+
+#include "core/ventanas/Medidas.h"
+
+namespace tarvo::precios {
+
+namespace {
+
+constexpr int kOpciones = 3;
+
+}  // namespace
+
+void TablaOpciones::preparar(const Textos& t, int nombres, int cuantas, int opciones) {
+  auto* rejilla = new QGridLayout(this);
+  rejilla->setContentsMargins(0, 0, 0, 0);
+  rejilla->setHorizontalSpacing(ventanas::escalar(ventanas::kSeparacion));
+  rejilla->setColumnStretch(kOpciones + 1, 1);
+  for (int fila = 0; fila < cuantas; ++fila) {
+    rejilla->addWidget(new QLabel(t(nombres + fila)), fila, 0);
+    auto* grupo = new QButtonGroup(this);
+    for (int i = 0; i < kOpciones; ++i) {
+      auto* boton = new QRadioButton(t(opciones + i));
+      boton->setObjectName(QStringLiteral("opcion%1_%2").arg(fila).arg(i));
+      boton->setAccessibleName(t(nombres + fila) + QStringLiteral(": ") + t(opciones + i));
+      grupo->addButton(boton, i);
+      rejilla->addWidget(boton, fila, i + 1);
+    }
+    grupo->button(0)->setChecked(true);
+    filas_.push_back(grupo);
+  }
+}
+
+void TablaOpciones::poner(int fila, int opcion) {
+  if (QAbstractButton* b = filas_[static_cast<std::size_t>(fila)]->button(opcion))
+    b->setChecked(true);
+}
+
+int TablaOpciones::valor(int fila) const {
+  return filas_[static_cast<std::size_t>(fila)]->checkedId();
+}
+
+}  // namespace tarvo::precios

@@ -1,0 +1,238 @@
+// The tree itself: what it shows, and names written into it. What is done with its nodes stands in
+// BrowGruposAcciones.cpp.
+#include "articles/ventanas/BrowGrupos.h"
+
+#include <QHeaderView>
+#include <QScopedValueRollback>
+
+#include "articles/ventanas/ComunArticulos.h"
+#include "articles/ventanas/EnviarCambios.h"
+#include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/Tema.h"
+#include "core/ventanas/TiraTrabajo.h"
+
+namespace tarvo::articles {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum ColumnaArbol { kNombre, kNumero, kArticulos, kIva, kColumnas };
+constexpr int kSeccion = Qt::UserRole, kDepartamento = Qt::UserRole + 1;
+
+QString textoIva(const Ivas& ivas, int tipo) {
+  if (tipo < 1 || tipo > kTiposIva) return {};
+  return u"%1 · %2 %"_s.arg(tipo).arg(
+      QString::number(ivas[static_cast<size_t>(tipo - 1)] / 100.0).replace(u'.', u','));
+}
+
+}  // namespace
+
+BrowGrupos::BrowGrupos(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo,
+                       motor::gestcomm& motor)
+    : Ventana(contexto, nombre),
+      catalogo_(catalogo),
+      motor_(motor),
+      secciones_(contexto.db, contexto.textos, catalogo.cambios()),
+      lotes_(contexto.db, catalogo, contexto.reloj),
+      cuentas_(contexto, *this) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+}
+
+void BrowGrupos::montar() {
+  unir(ui_.VerArticulos, u"articulo"_s, Qt::Key_F4, [this] { verArticulos(); });
+  unir(ui_.NuevaSecc, u"anadir"_s, Qt::CTRL | Qt::Key_Insert, [this] { nuevaSeccion(); });
+  unir(ui_.NuevoDep, u"anadir"_s, Qt::Key_Insert, [this] { nuevoDepartamento(); });
+  unir(ui_.Renombrar, u"modificar"_s, Qt::Key_F2, [this] {
+    if (ui_.Arbol->currentItem()) ui_.Arbol->editItem(ui_.Arbol->currentItem(), kNombre);
+  });
+  unir(ui_.Copia, u"copiar"_s, Qt::Key_F6, [this] { copiar(); });
+  unir(ui_.Borro, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); });
+  unir(ui_.Iva, u"sumar"_s, Qt::Key_F7, [this] { abrirDe(u"EdIvaSeccs"_s); });
+  unir(ui_.VerPrecios, u"reloj"_s, Qt::Key_F8, [this] { abrirDe(u"VerPrecios"_s); });
+  unir(ui_.Deshacer, u"atras"_s, QKeySequence(QKeySequence::Undo), [this] { deshacer(); });
+  ui_.Arbol->setColumnCount(kColumnas);
+  ui_.Arbol->setHeaderLabels({t(kTxNombre), t(kTxNumero), t(kTxArticulos), t(kTxIva)});
+  ui_.Arbol->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  ui_.Arbol->setExpandsOnDoubleClick(false);
+  ui_.Arbol->setUniformRowHeights(true);
+  ui_.Arbol->setContextMenuPolicy(Qt::ActionsContextMenu);
+  ui_.Arbol->addActions({ui_.VerArticulos, ui_.NuevaSecc, ui_.NuevoDep, ui_.Renombrar, ui_.Copia,
+                         ui_.Borro, ui_.Iva, ui_.VerPrecios, ui_.Deshacer});
+  ui_.Arbol->header()->setSectionResizeMode(kNombre, QHeaderView::Stretch);
+  ui_.Arbol->header()->setStretchLastSection(false);
+  for (int c = kNumero; c < kColumnas; ++c)
+    ui_.Arbol->header()->resizeSection(c, ventanas::escalar(110));
+  for (int c = kNumero; c < kColumnas; ++c)
+    ui_.Arbol->headerItem()->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
+  ui_.Arbol->header()->setMinimumHeight(ventanas::escalar(ventanas::kAltoFila));
+  connect(ui_.Arbol, &QTreeWidget::currentItemChanged, this, [this] { actualCambiado(); });
+  connect(ui_.Arbol, &QTreeWidget::itemActivated, this, [this] { verArticulos(); });
+  connect(ui_.Arbol, &QTreeWidget::itemChanged, this, &BrowGrupos::rotulado);
+}
+
+Resultado<> BrowGrupos::preparar(const ventanas::Argumentos& argumentos) {
+  if (argumentos.value(u"Grupos"_s, false).toBool())
+    return fallo(Fallo::Restriccion, t(kTxGruposCerrado));
+  const bool primera = ui_.Arbol->topLevelItemCount() == 0;
+  TARVO_INTENTAR(llenar());
+  if (primera) ui_.Arbol->setCurrentItem(ui_.Arbol->topLevelItem(0));
+  ui_.Arbol->setFocus();
+  return {};
+}
+
+void BrowGrupos::RefrescoArbol() {
+  haIdoBien(llenar());
+}
+
+QTreeWidgetItem* BrowGrupos::anadir(QTreeWidgetItem* padre, Nodo nodo, const QString& nombre,
+                                    const QString& iva) {
+  auto* item = padre ? new QTreeWidgetItem(padre) : new QTreeWidgetItem(ui_.Arbol);
+  item->setText(kNombre, nombre);
+  item->setText(kNumero, padre ? Ceros(nodo.departamento, 2) : Ceros(nodo.seccion, 3));
+  item->setText(kIva, iva);
+  for (int c = kNumero; c < kColumnas; ++c)
+    item->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
+  item->setData(kNombre, kSeccion, nodo.seccion);
+  item->setData(kNombre, kDepartamento, nodo.departamento);
+  item->setIcon(kNombre, ventanas::icono(padre ? u"etiqueta"_s : u"almacen"_s));
+  item->setSizeHint(kNombre, QSize(0, ventanas::escalar(ventanas::kAltoFila)));
+  item->setFlags(item->flags() | Qt::ItemIsEditable);
+  return item;
+}
+
+// Opened nodes and the one in hand stay.
+Resultado<> BrowGrupos::llenar() {
+  auto secciones =
+      contexto().db.consultar(u"SELECT NMSECC, NOMSEC, IVAs FROM SECCS ORDER BY NMSECC");
+  if (!secciones) return std::unexpected(secciones.error());
+  auto depts = contexto().db.consultar(
+      u"SELECT SECCION, NUMDEP, NomDep, IVA FROM DEPTS ORDER BY SECCION, NUMDEP");
+  if (!depts) return std::unexpected(depts.error());
+  const auto en = actual();
+  std::set<int> cerradas;
+  for (int i = 0; i < ui_.Arbol->topLevelItemCount(); ++i)
+    if (const auto* s = ui_.Arbol->topLevelItem(i); !s->isExpanded())
+      cerradas.insert(s->data(kNombre, kSeccion).toInt());
+  const QScopedValueRollback llenando(llenando_, true);
+  ui_.Arbol->clear();
+  std::map<int, std::pair<QTreeWidgetItem*, Ivas>> porNumero;
+  while (!(*secciones)->Eof()) {
+    const auto numero = static_cast<int>((*secciones)->entero(0));
+    porNumero[numero] = {anadir(nullptr, {numero, 0}, (*secciones)->texto(1), {}),
+                         leerIvas((*secciones)->texto(2))};
+    TARVO_INTENTAR((*secciones)->MoveNext());
+  }
+  while (!(*depts)->Eof()) {
+    const auto seccion = static_cast<int>((*depts)->entero(0));
+    if (const auto s = porNumero.find(seccion); s != porNumero.end())
+      anadir(s->second.first, {seccion, static_cast<int>((*depts)->entero(1))}, (*depts)->texto(2),
+             textoIva(s->second.second, static_cast<int>((*depts)->entero(3))));
+    TARVO_INTENTAR((*depts)->MoveNext());
+  }
+  for (const auto& [numero, seccion] : porNumero)
+    seccion.first->setExpanded(!cerradas.contains(numero));
+  cambios_ = contexto().db.cambios();
+  if (en) irA(*en);
+  ui_.cuenta->setText(t(kTxSecciones, static_cast<int>(porNumero.size())));
+  contar();
+  actualCambiado();
+  return {};
+}
+
+// Articles are counted aside: there may be many.
+void BrowGrupos::contar() {
+  using Cuenta = std::map<std::pair<int, int>, qint64>;
+  cuentas_.preguntar<Cuenta>(
+      [](dao::Database& db) -> Resultado<Cuenta> {
+        auto rs = db.consultar(
+            u"SELECT SECCION, DEPTO, count(*) FROM PLUSES WHERE CODPLU>2 GROUP BY SECCION, DEPTO");
+        if (!rs) return std::unexpected(rs.error());
+        Cuenta c;
+        while (!(*rs)->Eof()) {
+          const auto seccion = static_cast<int>((*rs)->entero(0));
+          const auto depto = static_cast<int>((*rs)->entero(1));
+          if (depto != 0) c[{seccion, depto}] = (*rs)->entero(2);
+          c[{seccion, 0}] += (*rs)->entero(2);
+          TARVO_INTENTAR((*rs)->MoveNext());
+        }
+        return c;
+      },
+      [this](Resultado<Cuenta> cuenta) {
+        if (!haIdoBien(cuenta)) return;
+        const QScopedValueRollback llenando(llenando_, true);
+        for (QTreeWidgetItemIterator i(ui_.Arbol); *i; ++i) {
+          const std::pair clave{(*i)->data(kNombre, kSeccion).toInt(),
+                                (*i)->data(kNombre, kDepartamento).toInt()};
+          (*i)->setText(kArticulos, QLocale(QLocale::Spanish).toString((*cuenta)[clave]));
+        }
+      });
+}
+
+std::optional<BrowGrupos::Nodo> BrowGrupos::actual() const {
+  const QTreeWidgetItem* item = ui_.Arbol->currentItem();
+  if (!item) return std::nullopt;
+  return Nodo{item->data(kNombre, kSeccion).toInt(), item->data(kNombre, kDepartamento).toInt()};
+}
+
+QTreeWidgetItem* BrowGrupos::buscar(Nodo nodo) const {
+  for (QTreeWidgetItemIterator i(ui_.Arbol); *i; ++i)
+    if ((*i)->data(kNombre, kSeccion).toInt() == nodo.seccion &&
+        (*i)->data(kNombre, kDepartamento).toInt() == nodo.departamento)
+      return *i;
+  return nullptr;
+}
+
+// The node, or its section, or the first one.
+void BrowGrupos::irA(Nodo nodo) {
+  QTreeWidgetItem* item = buscar(nodo);
+  if (!item) item = buscar({nodo.seccion, 0});
+  if (!item) item = ui_.Arbol->topLevelItem(0);
+  if (item) ui_.Arbol->setCurrentItem(item);
+}
+
+void BrowGrupos::actualCambiado() {
+  const auto en = actual();
+  for (QAction* a :
+       {ui_.VerArticulos, ui_.NuevoDep, ui_.Renombrar, ui_.Borro, ui_.Iva, ui_.VerPrecios})
+    a->setEnabled(en.has_value() && !copia_);
+  ui_.NuevaSecc->setEnabled(!copia_);
+  ui_.Copia->setEnabled(en && en->departamento == 0 && !copia_);
+  ui_.Deshacer->setEnabled(!borrados_.empty() && !copia_);
+}
+
+// A name was written into the tree.
+void BrowGrupos::rotulado(QTreeWidgetItem* item, int columna) {
+  if (llenando_ || columna != kNombre) return;
+  const int seccion = item->data(kNombre, kSeccion).toInt();
+  const int departamento = item->data(kNombre, kDepartamento).toInt();
+  const QString nombre = item->text(kNombre);
+  const auto hecho = departamento == 0
+                         ? secciones_.renombrar(seccion, nombre)
+                         : secciones_.renombrarDepartamento(seccion, departamento, nombre);
+  haIdoBien(hecho);
+  // Behind the tree's own handling of what was written.
+  QMetaObject::invokeMethod(this, [this] { RefrescoArbol(); }, Qt::QueuedConnection);
+}
+
+// What other windows did meanwhile shows when one comes back to this one.
+bool BrowGrupos::event(QEvent* evento) {
+  const bool hecho = Ventana::event(evento);
+  if (evento->type() == QEvent::WindowActivate && !copia_ && ui_.Arbol->topLevelItemCount() > 0 &&
+      contexto().db.cambios() != cambios_)
+    RefrescoArbol();
+  return hecho;
+}
+
+bool BrowGrupos::QueryUnload() {
+  trabajo().parar();
+  for (const Borrado& b : borrados_) haIdoBien(lotes_.olvidar(b.lote));
+  borrados_.clear();
+  if (!contexto().ventanas.cargada(u"BrowPLUs"_s)) enviarAlSalir(*this, catalogo_, motor_);
+  return false;
+}
+
+}  // namespace tarvo::articles

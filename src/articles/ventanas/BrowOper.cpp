@@ -1,0 +1,130 @@
+#include "articles/ventanas/BrowOper.h"
+
+#include "articles/ventanas/ComunArticulos.h"
+#include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/Parrilla.h"
+#include "totals/Clases.h"
+
+namespace tarvo::articles {
+
+using namespace Qt::StringLiterals;
+using ventanas::Clase;
+
+BrowOper::BrowOper(ventanas::Contexto& contexto, const QString& nombre)
+    : Ventana(contexto, nombre), motor_(contexto.db, contexto.textos) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+}
+
+void BrowOper::montar() {
+  ui_.termo->hide();
+  unir(ui_.Nuevo, u"anadir"_s, Qt::Key_Insert, [this] { anadir(); });
+  unir(ui_.Modificar, u"modificar"_s, QKeySequence(), [this] { ui_.Grid->editarCelda(); });
+  unir(ui_.Borro, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); });
+  unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F4, [this] { verVentas(); });
+  ui_.Grid->preparar(contexto(), nombre(),
+                     {{.titulo = kTxCodigo,
+                       .campo = u"CODOPE"_s,
+                       .clase = Clase::Codigo,
+                       .cifras = 4,
+                       .editar = [this](qint64 f, const QString& s) { return ponerCodigo(f, s); }},
+                      {.titulo = kTxNombre,
+                       .campo = u"NOMOPE"_s,
+                       .ancho = 320,
+                       .editar = [this](qint64 f, const QString& s) { return ponerNombre(f, s); },
+                       .largo = 50}});
+  ui_.Grid->setVacia(t(kTxSinOperadores), ui_.Nuevo);
+  ui_.Grid->setAcciones({ui_.Nuevo, ui_.Modificar, ui_.Borro, ui_.VerXtrac});
+  connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
+  connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this, &BrowOper::actualCambiada);
+  // A changed code may stand elsewhere in the order.
+  connect(
+      ui_.Grid, &ventanas::Parrilla::editada, this, [this](int fila) { refrescar(codigo(fila)); },
+      Qt::QueuedConnection);
+}
+
+Resultado<> BrowOper::preparar(const ventanas::Argumentos&) {
+  TARVO_INTENTAR(
+      ui_.Grid->abrir({.desde = u"OPERS"_s, .clave = u"OPERS.rowid"_s, .orden = u"CODOPE"_s}));
+  actualCambiada();
+  ui_.Grid->setFocus();
+  return {};
+}
+
+int BrowOper::codigo(int fila) const {
+  return static_cast<int>(ui_.Grid->valor(fila, u"CODOPE").entero());
+}
+
+// Leaves the pointer on an operator.
+void BrowOper::refrescar(int buscado) {
+  if (ui_.Grid->editando()) return;
+  if (!haIdoBien(ui_.Grid->refrescar())) return;
+  for (int fila = 0; fila < ui_.Grid->filas(); ++fila)
+    if (codigo(fila) == buscado) ui_.Grid->irA(fila);
+  actualCambiada();
+}
+
+void BrowOper::actualCambiada() {
+  const bool hay = ui_.Grid->filas() > 0;
+  ui_.Modificar->setEnabled(hay);
+  ui_.Borro->setEnabled(hay);
+  ui_.VerXtrac->setEnabled(hay && contexto().ventanas.conoce(u"VerFils"_s));
+}
+
+// The walk over the groups, as it goes. One transaction: nothing else gets its turn meanwhile.
+Operadores::AlAvanzar BrowOper::progreso() {
+  return [this](int hechos, int total) {
+    ui_.termo->setMaximum(total);
+    ui_.termo->setValue(hechos);
+    ui_.termo->setVisible(hechos < total);
+    ui_.termo->repaint();
+  };
+}
+
+Resultado<> BrowOper::ponerCodigo(qint64 clave, const QString& texto) {
+  const auto hecho =
+      motor_.cambiarCodigo(codigo(ui_.Grid->filaDe(clave)), texto.toInt(), progreso());
+  ui_.termo->hide();
+  if (!hecho) return std::unexpected(informe(*this, hecho.error()));
+  return {};
+}
+
+Resultado<> BrowOper::ponerNombre(qint64 clave, const QString& texto) {
+  return motor_.renombrar(codigo(ui_.Grid->filaDe(clave)), texto);
+}
+
+void BrowOper::anadir() {
+  const auto libre = motor_.primeroLibre();
+  if (!haIdoBien(libre)) return;
+  if (!haIdoBien(motor_.anadir(*libre, {}))) return;
+  refrescar(*libre);
+  ui_.Grid->vista()->setCurrentIndex(
+      ui_.Grid->modelo()->index(ui_.Grid->filaActual(), ui_.Grid->modelo()->columna(u"NOMOPE")));
+  ui_.Grid->editarCelda();
+}
+
+void BrowOper::borrar() {
+  std::vector<int> codigos;
+  for (const int fila : ui_.Grid->filasParaActuar()) codigos.push_back(codigo(fila));
+  if (codigos.empty()) return;
+  if (!ventanas::MyMsgBox::Decide(this, contexto().textos,
+                                  t(kTxBorrarOperadores, static_cast<int>(codigos.size())),
+                                  ventanas::kAceptoCancelo | ventanas::kExclamacion))
+    return;
+  const auto hecho = motor_.borrar(codigos, progreso());
+  ui_.termo->hide();
+  ui_.Grid->limpiarSeleccion();
+  refrescar(0);
+  if (haIdoBien(hecho)) decirBien(t(kTxOperadoresBorrados, static_cast<int>(codigos.size())));
+}
+
+void BrowOper::verVentas() {
+  const int fila = ui_.Grid->filaActual();
+  if (fila < 0) return;
+  contexto().ventanas.abrir(u"VerFils"_s, this,
+                            {{u"clase"_s, totals::kOperadores}, {u"codigo"_s, codigo(fila)}});
+}
+
+}  // namespace tarvo::articles

@@ -1,0 +1,32 @@
+// The operators: BrowOper. A code that changes, or goes, changes in the slots of all groups too.
+#pragma once
+
+#include "articles/Operadores.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_BrowOper.h"
+
+namespace tarvo::articles {
+
+class BrowOper final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  BrowOper(ventanas::Contexto& contexto, const QString& nombre);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+
+ private:
+  void montar();
+  void refrescar(int codigo);
+  void actualCambiada();
+  Operadores::AlAvanzar progreso();
+  Resultado<> ponerCodigo(qint64 fila, const QString& texto);
+  Resultado<> ponerNombre(qint64 fila, const QString& texto);
+  int codigo(int fila) const;
+  void anadir();
+  void borrar();
+  void verVentas();
+
+  Ui::BrowOper ui_;
+  Operadores motor_;
+};
+
+}  // namespace tarvo::articles

@@ -1,0 +1,349 @@
+// The list: which articles, in which order, where the pointer stands.
+#include "articles/ventanas/BrowPLUs.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QTableView>
+
+#include "articles/Busqueda.h"
+#include "articles/ventanas/ComunArticulos.h"
+#include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/dao/Orden.h"
+#include "core/dinero/Dinero.h"
+#include "core/ventanas/Medidas.h"
+
+namespace tarvo::articles {
+
+using namespace Qt::StringLiterals;
+using ventanas::Clase;
+
+namespace {
+
+constexpr int kLargoCodigo = 7, kLargoNombre = 30;
+constexpr int kAnchoLado = 430;
+constexpr int kPrimero = static_cast<int>(kPrimerCodigo) - 1;  // row, behind the system articles
+
+}  // namespace
+
+BrowPLUs::BrowPLUs(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo,
+                   motor::gestcomm& motor)
+    : Ventana(contexto, nombre),
+      catalogo_(catalogo),
+      motor_(motor),
+      lotes_(contexto.db, catalogo, contexto.reloj) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  precios_ = std::make_unique<RejillaPrecios>(
+      *this, *ui_.GrdPre, [this](const Precios& p) { return CambioPrecios(p); });
+  montar();
+}
+
+void BrowPLUs::montar() {
+  montarAcciones();
+  montarMenus();
+  montarCampos();
+  prepararParrilla();
+  ui_.divisor->setStretchFactor(0, 1);
+  ui_.lado->setMinimumWidth(ventanas::escalar(kAnchoLado));
+  connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this, &BrowPLUs::actualCambiada);
+  connect(ui_.Grid, &ventanas::Parrilla::activada, this, [this] { editarCompleto(false); });
+  connect(
+      ui_.Grid, &ventanas::Parrilla::editada, this,
+      [this](int, int columna) { celdaEscrita(columna); }, Qt::QueuedConnection);
+  connect(ui_.Grid->vista()->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
+          &BrowPLUs::ordenCambiado);
+  for (ventanas::Parrilla* p : {ui_.Grid, ui_.GrdPre}) {
+    p->vista()->installEventFilter(this);
+    connect(p, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
+  }
+  // The next article, the same cell.
+  connect(ui_.GrdPre, &ventanas::Parrilla::activada, this, [this] { saltar(1); });
+  connect(
+      ui_.GrdPre, &ventanas::Parrilla::escrita, this, [this] { saltar(1); }, Qt::QueuedConnection);
+}
+
+void BrowPLUs::montarCampos() {
+  for (QLineEdit* campo : {ui_.EntBus, ui_.Filtro}) campo->installEventFilter(this);
+  ui_.Filtro->setClearButtonEnabled(true);
+  ui_.Filtro->setPlaceholderText(t(kTxFiltroQue));
+  ui_.Filtro->setMinimumWidth(ventanas::escalar(220));
+  ui_.EntBus->setMaxLength(kLargoCodigo);
+  ui_.EntBus->setMinimumWidth(ventanas::escalar(100));
+  ui_.ModoCod->setChecked(true);
+  connect(ui_.Filtro, &QLineEdit::textChanged, this, &BrowPLUs::listar);
+  connect(ui_.ModoCod, &QRadioButton::clicked, this, [this] { ordenar(false); });
+  connect(ui_.ModoNom, &QRadioButton::clicked, this, [this] { ordenar(true); });
+  connect(ui_.LstSec, &QComboBox::activated, this,
+          [this] { LetSeccion(ui_.LstSec->currentData().toInt()); });
+  connect(ui_.LstDep, &QComboBox::activated, this,
+          [this] { LetDept(ui_.LstDep->currentData().toInt()); });
+}
+
+void BrowPLUs::prepararParrilla() {
+  const auto entero = [this](int Articulo::* campo, int mayor, int nombre) {
+    return [this, campo, mayor, nombre](qint64 fila, const QString& texto) {
+      return ponerEntero(fila, texto, campo, mayor, nombre);
+    };
+  };
+  const auto nombre = [this](qint64 fila, const QString& texto) {
+    return escribir(fila, false, [&](Articulo& a) -> Resultado<> {
+      a.nombre = texto.left(20);
+      return {};
+    });
+  };
+  const auto precio = [this](qint64 fila, const QString& texto) {
+    return escribir(fila, false, [&](Articulo& a) -> Resultado<> {
+      const auto importe = leerImporte(*this, texto, contexto().ajustes.MonedaNativa);
+      if (!importe) return std::unexpected(importe.error());
+      a.precios[0][0] = *importe;
+      return {};
+    });
+  };
+  ui_.Grid->preparar(
+      contexto(), this->nombre(),
+      {{.titulo = kTxCodigo,
+        .campo = u"CODPLU"_s,
+        .clase = Clase::Codigo,
+        .cifras = 7,
+        .editar = [this](qint64 f, const QString& s) { return ponerCodigo(f, s); }},
+       {.titulo = kTxNombre,
+        .campo = u"NOMPLU"_s,
+        .ancho = 240,
+        .orden = dao::expresionOrden(u"NOMPLU"),
+        .editar = nombre},
+       {.titulo = kTxPrecio,
+        .campo = u"PRECIO_00"_s,
+        .clase = Clase::Importe,
+        .ancho = 90,
+        .editar = precio},
+       {.titulo = kTxUnidad, .campo = u"switch(CADA=0,'K',CADA=1,'g',true,'U')"_s, .ancho = 60},
+       {.titulo = kTxDepto,
+        .campo = u"DEPTO"_s,
+        .clase = Clase::Codigo,
+        .cifras = 2,
+        .ancho = 60,
+        .editar = entero(&Articulo::depto, 40, kTxDepartamento)},
+       {.titulo = kTxFormato,
+        .campo = u"FORMATO"_s,
+        .clase = Clase::Codigo,
+        .cifras = 2,
+        .ancho = 70,
+        .editar = entero(&Articulo::formato, 20, kTxFormatoEtiquetas)},
+       {.titulo = kTxCoste,
+        .campo = u"COSTE"_s,
+        .clase = Clase::Importe,
+        .ancho = 90,
+        .oculta = true},
+       {.titulo = kTxBarras,
+        .campo = u"iif(isnull(CodBarExt),PFX_BAR & format(CODPLU,'000000'),CodBarExt)"_s,
+        .ancho = 130,
+        .oculta = true}});
+  ui_.Grid->setMoneda(contexto().ajustes.MonedaNativa);
+  ui_.Grid->setBusca(false);
+  ui_.Grid->filtros()->addWidget(ui_.orden);
+  ui_.Grid->setVacia(t(kTxListaVacia), ui_.Nuevo);
+}
+
+Resultado<> BrowPLUs::preparar(const ventanas::Argumentos& argumentos) {
+  TARVO_INTENTAR(llenarSecciones(*ui_.LstSec, contexto()));
+  if (ui_.LstSec->count() == 0) return fallo(Fallo::NoExiste, t(kTxSinSecciones));
+  int seccion = argumentos.value(u"seccion"_s, seccion_).toInt();
+  if (ui_.LstSec->findData(seccion) < 0) seccion = ui_.LstSec->itemData(0).toInt();
+  const bool nueva = seccion_ == 0;
+  LetSeccion(seccion);
+  if (const int depto = argumentos.value(u"departamento"_s, 0).toInt(); depto > 0) LetDept(depto);
+  // The first that may be changed.
+  if (nueva && ui_.Grid->filas() > kPrimero) ui_.Grid->irA(kPrimero);
+  if (nueva) ui_.Grid->setFocus();
+  return {};
+}
+
+void BrowPLUs::LetSeccion(int seccion) {
+  seccion_ = seccion;
+  departamento_ = 0;
+  elegirEn(*ui_.LstSec, seccion);
+  haIdoBien(llenarDepartamentos(*ui_.LstDep, contexto(), seccion));
+  ui_.LstDep->insertItem(0, t(kTxTodos), 0);
+  ui_.LstDep->setCurrentIndex(0);
+  listar();
+}
+
+void BrowPLUs::LetDept(int departamento) {
+  departamento_ = elegirEn(*ui_.LstDep, departamento) ? departamento : 0;
+  listar();
+}
+
+QString BrowPLUs::filtro(std::vector<dao::Valor>& valores) const {
+  QString f = u"PLUSES.SECCION=?"_s;
+  valores.emplace_back(seccion_);
+  if (departamento_ > 0) {
+    f += u" AND DEPTO=?"_s;
+    valores.emplace_back(departamento_);
+  }
+  if (const Condicion c = condicionBusqueda(ui_.Filtro->text()); !c.sql.isEmpty()) {
+    f += u" AND "_s + c.sql;
+    valores.insert(valores.end(), c.valores.begin(), c.valores.end());
+  }
+  return f;
+}
+
+void BrowPLUs::listar() {
+  if (seccion_ == 0) return;
+  ventanas::Origen o{.desde = u"PLUSES"_s, .clave = u"PLUSES.rowid"_s, .orden = u"CODPLU"_s};
+  o.filtro = filtro(o.parametros);
+  haIdoBien(ui_.Grid->abrir(std::move(o)));
+  cambios_ = contexto().db.cambios();
+  ui_.Grid->setVacia(t(ui_.Filtro->text().trimmed().isEmpty() ? kTxListaVacia : kTxNadaFiltrado),
+                     ui_.Nuevo);
+  setWindowTitle(t(kTxArticulosDe).arg(ui_.LstSec->currentText()));
+  actualCambiada();
+}
+
+void BrowPLUs::refrescar() {
+  if (ui_.Grid->editando()) return;
+  haIdoBien(ui_.Grid->refrescar());
+  cambios_ = contexto().db.cambios();
+  actualCambiada();
+}
+
+void BrowPLUs::refrescarEn(Clave c) {
+  refrescar();
+  if (c.seccion != seccion_ || c == clave()) return;
+  const auto fila = contexto().db.uno(u"SELECT rowid FROM PLUSES WHERE SECCION=? AND CODPLU=?",
+                                      c.seccion, c.codigo);
+  if (haIdoBien(fila) && !fila->nulo()) ui_.Grid->irA(ui_.Grid->filaDe(fila->entero()));
+}
+
+// --- order and search ---------------------------------------------------------------------------
+
+void BrowPLUs::ordenar(bool porNombre) {
+  const int columna = ui_.Grid->modelo()->columna(porNombre ? u"NOMPLU" : u"CODPLU");
+  haIdoBien(ui_.Grid->ordenar(columna, Qt::AscendingOrder));
+  ordenCambiado();
+}
+
+// By a click on a heading too.
+void BrowPLUs::ordenCambiado() {
+  const auto* cabecera = ui_.Grid->vista()->horizontalHeader();
+  const bool porNombre = cabecera->sortIndicatorSection() == ui_.Grid->modelo()->columna(u"NOMPLU");
+  (porNombre ? ui_.ModoNom : ui_.ModoCod)->setChecked(true);
+  ui_.EntBus->setMaxLength(porNombre ? kLargoNombre : kLargoCodigo);
+  if (ui_.Grid->filaActual() >= 0) ui_.Grid->vista()->scrollTo(ui_.Grid->vista()->currentIndex());
+}
+
+// The first article at or behind what was typed.
+void BrowPLUs::buscar() {
+  const QString texto = ui_.EntBus->text().trimmed();
+  if (texto.isEmpty()) return ui_.Grid->setFocus();
+  const bool porNombre = ui_.ModoNom->isChecked();
+  const QString orden = porNombre ? dao::expresionOrden(u"NOMPLU") : u"CODPLU"_s;
+  std::vector<dao::Valor> valores;
+  const QString donde = filtro(valores);
+  valores.emplace_back(porNombre ? dao::Valor(dao::claveOrden(texto))
+                                 : dao::Valor(texto.toLongLong()));
+  auto rs = contexto().db.OpenQuery(
+      QString(u"SELECT PLUSES.rowid FROM PLUSES WHERE "_s + donde + u" AND "_s + orden +
+              u">=? ORDER BY "_s + orden + u" LIMIT 1"_s),
+      valores);
+  ui_.EntBus->clear();
+  ui_.Grid->setFocus();
+  if (!haIdoBien(rs)) return;
+  if ((*rs)->Eof()) return decirDuda(t(kTxNadaDesde).arg(texto));
+  ui_.Grid->irA(ui_.Grid->filaDe((*rs)->entero(0)));
+}
+
+// --- the pointer --------------------------------------------------------------------------------
+
+ClaveArticulo BrowPLUs::actual() const {
+  return {seccion_, ui_.Grid->valor(ui_.Grid->filaActual(), u"CODPLU").entero()};
+}
+
+ventanas::Recorrido::Clave BrowPLUs::clave() const {
+  const ClaveArticulo c = actual();
+  return {c.seccion, c.codigo};
+}
+
+bool BrowPLUs::saltar(int pasos) {
+  const int fila = ui_.Grid->filaActual() + pasos;
+  if (fila < 0 || fila >= ui_.Grid->filas()) return false;
+  ui_.Grid->irA(fila);
+  return true;
+}
+
+void BrowPLUs::alMover(QObject* quien, std::function<void()> reposicionado) {
+  siguen_.emplace_back(quien, std::move(reposicionado));
+}
+
+void BrowPLUs::actualCambiada() {
+  habilitar();
+  pintarLado();
+  if (clave() == anterior_) return;
+  anterior_ = clave();
+  std::erase_if(siguen_, [](const auto& s) { return s.first.isNull(); });
+  for (const auto& [quien, hacer] : std::vector(siguen_))
+    if (quien) hacer();
+}
+
+void BrowPLUs::pintarLado() {
+  const auto articulo = catalogo_.leer(actual());
+  if (!haIdoBien(articulo) || !*articulo) {
+    ui_.articulo->clear();
+    ui_.detalle->clear();
+    return precios_->vaciar();
+  }
+  const Articulo& a = **articulo;
+  ui_.articulo->setText(verCodigo(a.clave.codigo) + u"  "_s + a.nombre);
+  ui_.detalle->setText(
+      t(kTxDetalle)
+          .arg(a.codigoDeBarras(),
+               VerImporte(contexto().ajustes, a.coste, contexto().ajustes.MonedaNativa),
+               VerCantidad(a.hasta1, a.cada), VerCantidad(a.hasta2, a.cada)));
+  precios_->poner(a.precios);
+}
+
+// What other windows did meanwhile shows when one comes back to this one.
+bool BrowPLUs::event(QEvent* evento) {
+  const bool hecho = Ventana::event(evento);
+  if (evento->type() == QEvent::WindowActivate && seccion_ > 0 && !trabajando_ &&
+      contexto().db.cambios() != cambios_)
+    refrescar();
+  return hecho;
+}
+
+bool BrowPLUs::eventFilter(QObject* objeto, QEvent* evento) {
+  if (evento->type() != QEvent::KeyPress) return Ventana::eventFilter(objeto, evento);
+  const auto* tecla = static_cast<QKeyEvent*>(evento);
+  const int k = tecla->key();
+  const bool lista = objeto == ui_.Grid->vista() || objeto == ui_.GrdPre->vista();
+  if (lista) {
+    const bool pagina = k == Qt::Key_PageUp || k == Qt::Key_PageDown;
+    if (!pagina || (tecla->modifiers() & Qt::ControlModifier)) return false;
+    saltar(k == Qt::Key_PageUp ? -1 : 1);
+    return true;
+  }
+  const bool intro = k == Qt::Key_Return || k == Qt::Key_Enter;
+  if (objeto == ui_.EntBus && intro) {
+    buscar();
+    return true;
+  }
+  if (objeto == ui_.Filtro && k == Qt::Key_Escape && !ui_.Filtro->text().isEmpty()) {
+    ui_.Filtro->clear();
+    return true;
+  }
+  if (intro || k == Qt::Key_Up || k == Qt::Key_Down) {
+    ui_.Grid->setFocus();
+    return true;
+  }
+  return false;
+}
+
+void BrowPLUs::keyPressEvent(QKeyEvent* evento) {
+  if (evento->matches(QKeySequence::Find)) return ui_.Filtro->setFocus();
+  if (evento->key() == Qt::Key_PageUp || evento->key() == Qt::Key_PageDown) {
+    saltar(evento->key() == Qt::Key_PageUp ? -1 : 1);
+    return;
+  }
+  Ventana::keyPressEvent(evento);
+}
+
+}  // namespace tarvo::articles

@@ -1,0 +1,102 @@
+// The articles of a section: BrowPLUs. The list is written into cell by cell, the prices of the
+// article in hand beside it; what was deleted, copied or moved can be taken back until the window
+// closes.
+#pragma once
+
+#include "articles/Lotes.h"
+#include "articles/ventanas/RejillaPrecios.h"
+#include "comm/motor/gestcomm.h"
+#include "core/ventanas/Recorrido.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_BrowPLUs.h"
+
+class QMenu;
+
+namespace tarvo::articles {
+
+class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
+  Q_OBJECT
+ public:
+  BrowPLUs(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo,
+           motor::gestcomm& motor);
+
+  // "seccion", else the first; "departamento", 0 for all.
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  bool QueryUnload() override;
+
+  void LetSeccion(int seccion);
+  int GetSeccion() const { return seccion_; }
+  void LetDept(int departamento);
+  void UnHijoMas(bool mas) { hijo(mas); }
+  void RefrescoRemoto() { refrescar(); }
+  // The prices of the article in hand.
+  Resultado<> CambioPrecios(const Precios& precios);
+  void SaltoPagUp() { saltar(-1); }
+  void SaltoPagDn() { saltar(1); }
+
+  Clave clave() const override;
+  bool saltar(int pasos) override;
+  void refrescar() override;
+  void refrescarEn(Clave clave) override;
+  void hijo(bool mas) override { hijos_ = std::max(0, hijos_ + (mas ? 1 : -1)); }
+  void alMover(QObject* quien, std::function<void()> reposicionado) override;
+
+ private:
+  using Cambio = std::function<Resultado<>(Articulo& articulo)>;
+  using Paso = std::function<Resultado<>(std::span<const ClaveArticulo> claves)>;
+  struct Deshecho {
+    QString que;
+    qint64 lote = 0;
+  };
+
+  void montar();
+  void montarAcciones();
+  void montarMenus();
+  void montarCampos();
+  void prepararParrilla();
+  void listar();
+  QString filtro(std::vector<dao::Valor>& valores) const;
+  void ordenar(bool porNombre);
+  void ordenCambiado();
+  void buscar();
+  void actualCambiada();
+  void pintarLado();
+  void habilitar();
+  ClaveArticulo actual() const;
+  std::vector<ClaveArticulo> elegidos();
+
+  Resultado<> escribir(qint64 fila, bool callado, const Cambio& cambio);
+  Resultado<> ponerCodigo(qint64 fila, const QString& texto);
+  Resultado<> ponerEntero(qint64 fila, const QString& texto, int Articulo::* campo, int mayor,
+                          int nombre);
+  void celdaEscrita(int columna);
+  Error incorrecto(int nombre) const;
+
+  void editarCompleto(bool nuevo);
+  void abrirCon(const QString& ventana);
+  void borrar();
+  void trasladar(bool mover);
+  void porPasos(const QString& que, std::vector<ClaveArticulo> claves, const Paso& paso,
+                const std::function<void(qint64 hechos)>& alFinal);
+  void anotarDeshacer(const QString& que, qint64 lote);
+  void deshacerUltimo();
+  bool cerrarHijos();
+
+  bool event(QEvent* evento) override;
+  bool eventFilter(QObject* objeto, QEvent* evento) override;
+  void keyPressEvent(QKeyEvent* evento) override;
+
+  Ui::BrowPLUs ui_;
+  Catalogo& catalogo_;
+  motor::gestcomm& motor_;
+  Lotes lotes_;
+  std::unique_ptr<RejillaPrecios> precios_;
+  int seccion_ = 0, departamento_ = 0, hijos_ = 0;
+  Clave anterior_;  // told to those that follow the pointer
+  std::vector<std::pair<QPointer<QObject>, std::function<void()>>> siguen_;
+  std::vector<Deshecho> deshechos_;
+  bool trabajando_ = false;
+  qint64 cambios_ = 0;  // of the database when the list was read
+};
+
+}  // namespace tarvo::articles

@@ -1,0 +1,66 @@
+// What is written into the cells of the list, and into the prices beside it.
+#include "articles/TextosArticles.h"
+#include "articles/ventanas/BrowPLUs.h"
+#include "articles/ventanas/ComunArticulos.h"
+#include "articles/ventanas/TextosArticulosVentanas.h"
+
+namespace tarvo::articles {
+
+using namespace Qt::StringLiterals;
+
+Error BrowPLUs::incorrecto(int nombre) const {
+  return {Fallo::Formato, 0, t(kTxValorIncorrecto) + u": "_s + t(nombre)};
+}
+
+// `callado`: a change of a system article is taken back without a word.
+Resultado<> BrowPLUs::escribir(qint64 fila, bool callado, const Cambio& cambio) {
+  const ClaveArticulo clave{seccion_, ui_.Grid->valor(ui_.Grid->filaDe(fila), u"CODPLU").entero()};
+  if (clave.deSistema()) {
+    if (!callado) decirDuda(t(kTxIntocables));
+    return {};
+  }
+  auto articulo = catalogo_.leer(clave);
+  if (!articulo) return std::unexpected(articulo.error());
+  if (!*articulo) return fallo(Fallo::NoExiste, t(kTxArticuloBorrado));
+  TARVO_INTENTAR(cambio(**articulo));
+  const auto hecho = catalogo_.modificar(clave, **articulo, nombre());
+  if (!hecho) return std::unexpected(informe(*this, hecho.error()));
+  return {};
+}
+
+Resultado<> BrowPLUs::ponerCodigo(qint64 fila, const QString& texto) {
+  return escribir(fila, false, [&](Articulo& a) -> Resultado<> {
+    a.clave.codigo = texto.toLongLong();
+    if (a.clave.deSistema()) return std::unexpected(incorrecto(kTxCodigoPLU));
+    return {};
+  });
+}
+
+Resultado<> BrowPLUs::ponerEntero(qint64 fila, const QString& texto, int Articulo::* campo,
+                                  int mayor, int nombre) {
+  return escribir(fila, campo == &Articulo::depto, [&](Articulo& a) -> Resultado<> {
+    const int n = texto.toInt();
+    if (n < 1 || n > mayor) return std::unexpected(incorrecto(nombre));
+    a.*campo = n;
+    return {};
+  });
+}
+
+// What stands in the order may stand elsewhere now; the pointer stays on its article.
+void BrowPLUs::celdaEscrita(int columna) {
+  const auto* modelo = ui_.Grid->modelo();
+  const bool ordena = columna == modelo->columna(ui_.ModoNom->isChecked() ? u"NOMPLU" : u"CODPLU");
+  if (ordena) return refrescar();
+  cambios_ = contexto().db.cambios();
+  actualCambiada();
+}
+
+Resultado<> BrowPLUs::CambioPrecios(const Precios& precios) {
+  const auto hecho = catalogo_.ponerPrecios(actual(), precios, nombre());
+  if (!hecho) return std::unexpected(informe(*this, hecho.error()));
+  ui_.Grid->modelo()->releer(ui_.Grid->filaActual());
+  cambios_ = contexto().db.cambios();
+  return {};
+}
+
+}  // namespace tarvo::articles

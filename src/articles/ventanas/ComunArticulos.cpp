@@ -1,0 +1,86 @@
+#include "articles/ventanas/ComunArticulos.h"
+
+#include <QAction>
+
+#include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/dinero/Dinero.h"
+
+namespace tarvo::articles {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kImporteMayor = 2'000'000'000, kCantidadMayor = 2'000'000'000;
+
+Resultado<> llenar(QComboBox& lista, dao::Recordset& rs, int cifras) {
+  while (!rs.Eof()) {
+    const auto numero = static_cast<int>(rs.entero(0));
+    lista.addItem(Ceros(numero, cifras) + u"  "_s + rs.texto(1), numero);
+    TARVO_INTENTAR(rs.MoveNext());
+  }
+  return {};
+}
+
+bool hayCifras(const QString& texto) {
+  return std::ranges::any_of(texto, [](QChar c) { return c >= u'1' && c <= u'9'; });
+}
+
+}  // namespace
+
+Resultado<> llenarSecciones(QComboBox& lista, ventanas::Contexto& c) {
+  auto rs = c.db.consultar(u"SELECT NMSECC, NOMSEC FROM SECCS ORDER BY NMSECC");
+  if (!rs) return std::unexpected(rs.error());
+  lista.clear();
+  return llenar(lista, **rs, 3);
+}
+
+Resultado<> llenarDepartamentos(QComboBox& lista, ventanas::Contexto& c, int seccion) {
+  auto rs =
+      c.db.consultar(u"SELECT NUMDEP, NomDep FROM DEPTS WHERE SECCION=? ORDER BY NUMDEP", seccion);
+  if (!rs) return std::unexpected(rs.error());
+  lista.clear();
+  return llenar(lista, **rs, 2);
+}
+
+bool elegirEn(QComboBox& lista, const QVariant& dato) {
+  const int sitio = lista.findData(dato);
+  if (sitio >= 0) lista.setCurrentIndex(sitio);
+  return sitio >= 0;
+}
+
+QString verCodigo(qint64 codigo) {
+  return Ceros(codigo, 7);
+}
+
+Error informe(const ventanas::Ventana& v, const Error& error) {
+  return error.clase == Fallo::Duplicado ? Error{error.clase, error.numero, v.t(kTxDuplicado)}
+                                         : error;
+}
+
+Resultado<qint64> leerImporte(const ventanas::Ventana& v, const QString& texto, int moneda) {
+  const qint64 importe = AImporte(v.contexto().ajustes, texto, moneda);
+  const bool nada =
+      importe == 0 && (hayCifras(texto) || (!texto.trimmed().isEmpty() && !texto.contains(u'0')));
+  if (nada || importe < 0 || importe > kImporteMayor)
+    return fallo(Fallo::Formato, v.t(kTxImporteMalo).arg(texto));
+  return importe;
+}
+
+Resultado<qint64> leerCantidad(const ventanas::Ventana& v, const QString& texto, int cada) {
+  const qint64 cantidad = ACantidad(texto, cada);
+  const bool nada =
+      cantidad == 0 && (hayCifras(texto) || (!texto.trimmed().isEmpty() && !texto.contains(u'0')));
+  if (nada || cantidad < -kCantidadMayor || cantidad > kCantidadMayor)
+    return fallo(Fallo::Formato, v.t(kTxCantidadMala).arg(texto));
+  return cantidad;
+}
+
+void permitir(QAction& accion, const ventanas::Contexto& c, const QString& ventana,
+              const QString& siFalta) {
+  const bool hay = c.ventanas.conoce(ventana);
+  accion.setEnabled(hay);
+  if (!hay) accion.setToolTip(siFalta);
+}
+
+}  // namespace tarvo::articles

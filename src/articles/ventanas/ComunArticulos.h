@@ -1,0 +1,43 @@
+// What the windows of the catalogue share: lists of sections and departments, the words of an
+// error, amounts as a person types them.
+#pragma once
+
+#include <QComboBox>
+
+#include "articles/Catalogo.h"
+#include "core/ventanas/Ventanas.h"
+
+namespace tarvo::articles {
+
+// "001  SECCIÓN ÚNICA", by number.
+Resultado<> llenarSecciones(QComboBox& lista, ventanas::Contexto& c);
+// The departments of a section, by number.
+Resultado<> llenarDepartamentos(QComboBox& lista, ventanas::Contexto& c, int seccion);
+bool elegirEn(QComboBox& lista, const QVariant& dato);  // false when it isn't in the list
+
+// "0000012".
+QString verCodigo(qint64 codigo);
+
+// The words of an error as the windows of the catalogue say it.
+Error informe(const ventanas::Ventana& v, const Error& error);
+
+// What was typed as money of a currency, in stored units; as a quantity, in grams or units. A text
+// that is no number, or doesn't fit, is refused; an empty one is 0.
+Resultado<qint64> leerImporte(const ventanas::Ventana& v, const QString& texto, int moneda);
+Resultado<qint64> leerCantidad(const ventanas::Ventana& v, const QString& texto, int cada);
+
+// The entry of a menu or bar that opens a window of another room: only while the registry knows it.
+void permitir(QAction& accion, const ventanas::Contexto& c, const QString& ventana,
+              const QString& siFalta);
+
+// What a dialog hands back: the opener keeps a share of it.
+template <class T>
+std::shared_ptr<T> salidaDe(const ventanas::Argumentos& argumentos) {
+  return argumentos.value(QStringLiteral("salida")).value<std::shared_ptr<T>>();
+}
+template <class T>
+QVariant comoSalida(const std::shared_ptr<T>& salida) {
+  return QVariant::fromValue(salida);
+}
+
+}  // namespace tarvo::articles

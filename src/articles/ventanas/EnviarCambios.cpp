@@ -1,0 +1,88 @@
+#include "articles/ventanas/EnviarCambios.h"
+
+#include <QActionGroup>
+
+#include "articles/ventanas/ComunArticulos.h"
+#include "articles/ventanas/QueHacemos.h"
+#include "articles/ventanas/TextosArticulosVentanas.h"
+
+namespace tarvo::articles {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr size_t kDeArticulos = 1;  // which of the two values
+constexpr int kNunca = 0, kPreguntar = 1, kSiempre = 2;
+constexpr int kTXPLUS = 1;
+
+Resultado<std::vector<int>> gruposDe(dao::Database& db, const std::vector<int>& secciones) {
+  std::vector<int> grupos;
+  for (const int seccion : secciones) {
+    auto rs = db.consultar(u"select CODGPO from GRUPOS where SECCION=? order by CODGPO", seccion);
+    if (!rs) return std::unexpected(rs.error());
+    while (!(*rs)->Eof()) {
+      grupos.push_back(static_cast<int>((*rs)->entero(0)));
+      TARVO_INTENTAR((*rs)->MoveNext());
+    }
+  }
+  return grupos;
+}
+
+void enviar(ventanas::Ventana& quien, const std::vector<int>& secciones, motor::gestcomm& motor) {
+  const auto grupos = gruposDe(quien.contexto().db, secciones);
+  if (!quien.haIdoBien(grupos) || grupos->empty()) return;
+  ventanas::Ventana* comunicaciones = quien.contexto().ventanas.abrir(u"gestcomm"_s, &quien);
+  QStringList rechazados;
+  for (const int grupo : *grupos)
+    if (motor.NuevaTarea(grupo, false, 0, kUltimoCodigo, kTXPLUS) != 0)
+      rechazados << Ceros(grupo, 4);
+  if (!rechazados.isEmpty() && comunicaciones)
+    comunicaciones->decirDuda(quien.t(kTxSinEncolar).arg(rechazados.join(u", "_s)));
+}
+
+Resultado<> guardar(Ajustes& ajustes, int valor) {
+  ajustes.EnviarCambios[kDeArticulos] = valor;
+  return ajustes.GuardarConfig();
+}
+
+bool preguntar(ventanas::Ventana& quien) {
+  const auto respuesta = std::make_shared<RespuestaEnvio>();
+  quien.contexto().ventanas.abrirModal(
+      u"QueHacemos"_s, &quien,
+      {{u"que"_s, quien.t(kTxCambiosHechos)}, {u"salida"_s, comoSalida(respuesta)}});
+  if (respuesta->noMas)
+    quien.haIdoBien(guardar(quien.contexto().ajustes, respuesta->si ? kSiempre : kNunca));
+  return respuesta->si;
+}
+
+}  // namespace
+
+void enviarAlSalir(ventanas::Ventana& quien, Catalogo& catalogo, motor::gestcomm& motor) {
+  const std::vector<int> secciones = catalogo.cambios().SeccionesModificadas();
+  catalogo.cambios().olvidarSecciones();
+  const int como = quien.contexto().ajustes.EnviarCambios[kDeArticulos];
+  if (secciones.empty() || como == kNunca) return;
+  if (como == kSiempre || preguntar(quien)) enviar(quien, secciones, motor);
+}
+
+void montarMenuEnvio(QMenu& menu, ventanas::Ventana& quien) {
+  auto* uno = new QActionGroup(&menu);
+  int valor = kNunca;
+  for (const int texto : {kTxNoEnviar, kTxPreguntarEnvio, kTxEnviarSiempre}) {
+    QAction* a = menu.addAction(quien.t(texto));
+    a->setCheckable(true);
+    a->setData(valor);
+    uno->addAction(a);
+    QObject::connect(a, &QAction::triggered, &quien, [&quien, valor] {
+      quien.haIdoBien(guardar(quien.contexto().ajustes, valor));
+    });
+    ++valor;
+  }
+  QObject::connect(&menu, &QMenu::aboutToShow, &quien, [&menu, &quien] {
+    for (QAction* a : menu.actions())
+      a->setChecked(a->data().toInt() == quien.contexto().ajustes.EnviarCambios[kDeArticulos]);
+  });
+}
+
+}  // namespace tarvo::articles

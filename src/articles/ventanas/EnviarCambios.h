@@ -1,0 +1,19 @@
+// What the machines have not heard of yet, when a window that changed articles closes.
+#pragma once
+
+#include <QMenu>
+
+#include "articles/Catalogo.h"
+#include "comm/motor/gestcomm.h"
+#include "core/ventanas/Ventanas.h"
+
+namespace tarvo::articles {
+
+// By the second value of EnviarCambios: nothing, asks, or sends. The sections changed are
+// forgotten.
+void enviarAlSalir(ventanas::Ventana& quien, Catalogo& catalogo, motor::gestcomm& motor);
+
+// The three marks of that value. What is chosen is written to the settings file at once.
+void montarMenuEnvio(QMenu& menu, ventanas::Ventana& quien);
+
+}  // namespace tarvo::articles

@@ -1,0 +1,81 @@
+#include "articles/ventanas/RejillaPrecios.h"
+
+#include <QTableView>
+
+#include "articles/ventanas/ComunArticulos.h"
+#include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/ventanas/Medidas.h"
+
+namespace tarvo::articles {
+
+using namespace Qt::StringLiterals;
+using ventanas::Clase;
+
+namespace {
+
+constexpr int kFilasALaVista = 5;  // with the heading, where there is little room
+
+}  // namespace
+
+RejillaPrecios::RejillaPrecios(ventanas::Ventana& v, ventanas::Parrilla& p, AlCambiar alCambiar)
+    : v_(v), p_(p), alCambiar_(std::move(alCambiar)), moneda_(v.contexto().ajustes.MonedaNativa) {
+  std::vector<ventanas::Columna> columnas{{.titulo = kTxTarifa,
+                                           .campo = u"lbTfa"_s,
+                                           .clase = Clase::Codigo,
+                                           .ancho = 56,
+                                           .ordenable = false}};
+  for (int nivel = 0; nivel < kNiveles; ++nivel)
+    columnas.push_back({.titulo = kTxPBase + nivel,
+                        .campo = u"P%1"_s.arg(nivel),
+                        .clase = Clase::Importe,
+                        .ancho = 84,
+                        .ordenable = false,
+                        .editar = [this, nivel](qint64 fila, const QString& texto) {
+                          return escribir(nivel, fila, texto);
+                        }});
+  p_.preparar(v.contexto(), v.nombre(), std::move(columnas));
+  p_.setMoneda(moneda_);
+  p_.setBusca(false);
+  p_.setPie(false);
+  p_.setUnaSola(true);
+  p_.setEscribeAlTeclear(true);
+  p_.setVacia(v.t(kTxSinArticulo));
+  p_.vivas();
+  p_.setMinimumHeight(ventanas::escalar(kFilasALaVista * ventanas::kAltoFila));
+}
+
+void RejillaPrecios::setMoneda(int moneda) {
+  moneda_ = moneda;
+  p_.setMoneda(moneda);
+}
+
+void RejillaPrecios::poner(const Precios& precios) {
+  precios_ = precios;
+  std::vector<ventanas::FilaViva> filas;
+  for (size_t tarifa = 0; tarifa < kTarifas; ++tarifa) {
+    ventanas::FilaViva fila{.clave = static_cast<qint64>(tarifa),
+                            .valores = {static_cast<int>(tarifa) + 1}};
+    for (size_t nivel = 0; nivel < kNiveles; ++nivel)
+      fila.valores.emplace_back(precios[nivel][tarifa]);
+    filas.push_back(std::move(fila));
+  }
+  const bool habia = p_.filas() > 0;
+  p_.vivas().poner(std::move(filas));
+  if (!habia) p_.vista()->setCurrentIndex(p_.modelo()->index(0, 1));
+}
+
+void RejillaPrecios::vaciar() {
+  p_.vivas().poner(std::vector<ventanas::FilaViva>{});
+}
+
+Resultado<> RejillaPrecios::escribir(int nivel, qint64 fila, const QString& texto) {
+  const auto importe = leerImporte(v_, texto, moneda_);
+  if (!importe) return std::unexpected(importe.error());
+  Precios nuevos = precios_;
+  nuevos[static_cast<size_t>(nivel)][static_cast<size_t>(fila)] = *importe;
+  TARVO_INTENTAR(alCambiar_(nuevos));
+  poner(nuevos);
+  return {};
+}
+
+}  // namespace tarvo::articles

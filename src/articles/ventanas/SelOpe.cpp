@@ -1,0 +1,45 @@
+#include "articles/ventanas/SelOpe.h"
+
+#include "articles/ventanas/ComunArticulos.h"
+#include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/ventanas/Parrilla.h"
+
+namespace tarvo::articles {
+
+using namespace Qt::StringLiterals;
+using ventanas::Clase;
+
+SelOpe::SelOpe(ventanas::Contexto& contexto, const QString& nombre) : Ventana(contexto, nombre) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  ui_.Grid->preparar(
+      contexto, nombre,
+      {{.titulo = kTxCodigo, .campo = u"CODOPE"_s, .clase = Clase::Codigo, .cifras = 4},
+       {.titulo = kTxNombre, .campo = u"NOMOPE"_s, .ancho = 260}});
+  ui_.Grid->setUnaSola(true);
+  ui_.Grid->setVacia(t(kTxSinOperadores));
+  connect(ui_.Grid, &ventanas::Parrilla::activada, this, &SelOpe::elegir);
+  connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
+  connect(ui_.Acepto, &QPushButton::clicked, this, &SelOpe::elegir);
+  connect(ui_.Cancelo, &QPushButton::clicked, this, [this] { rechazar(); });
+}
+
+Resultado<> SelOpe::preparar(const ventanas::Argumentos& argumentos) {
+  salida_ = salidaDe<int>(argumentos);
+  seleccion_ = 0;
+  TARVO_INTENTAR(
+      ui_.Grid->abrir({.desde = u"OPERS"_s, .clave = u"OPERS.rowid"_s, .orden = u"CODOPE"_s}));
+  ui_.Acepto->setEnabled(ui_.Grid->filas() > 0);
+  ui_.Grid->setFocus();
+  return {};
+}
+
+void SelOpe::elegir() {
+  const int fila = ui_.Grid->filaActual();
+  if (fila < 0) return;
+  seleccion_ = static_cast<int>(ui_.Grid->valor(fila, u"CODOPE").entero());
+  if (salida_) *salida_ = seleccion_;
+  aceptar();
+}
+
+}  // namespace tarvo::articles

@@ -1,0 +1,101 @@
+#include "articles/ventanas/VerPrecios.h"
+
+#include <QIntValidator>
+
+#include "articles/ventanas/ComunArticulos.h"
+#include "articles/ventanas/TextosArticulosVentanas.h"
+
+namespace tarvo::articles {
+
+using namespace Qt::StringLiterals;
+using ventanas::Clase;
+
+namespace {
+
+// By the name of a window its title; what came from a file has the file's name.
+QString nombreVentana(const ventanas::Ventana& v, const QString& nombre) {
+  static const std::map<QString, int> kConocidas{
+      {u"BrowPLUs"_s, kTxDesdeLista},     {u"xEditPLU"_s, kTxDesdeEditor},
+      {u"CalcPre"_s, kTxDesdeCalculo},    {u"FastAlta"_s, kTxDesdeAltaRapida},
+      {u"FastModf"_s, kTxDesdeRapida},    {u"EntNmSc"_s, kTxDesdeCopia},
+      {u"ImpPLU"_s, kTxDesdeImportacion}, {u"CambioLote"_s, kTxDesdeLote}};
+  const auto hallada = kConocidas.find(nombre);
+  return hallada == kConocidas.end() ? nombre : v.t(hallada->second);
+}
+
+}  // namespace
+
+std::vector<ventanas::Columna> columnasHistoria(const ventanas::Ventana& v, bool conArticulo) {
+  const auto nivel = [&v](const dao::Valor& n) {
+    return v.t(kTxPBase + static_cast<int>(std::clamp<qint64>(n.entero(), 0, kNiveles - 1)))
+        .trimmed();
+  };
+  const auto tarifa = [](const dao::Valor& n) { return QString::number(n.entero() + 1); };
+  const auto ventana = [&v](const dao::Valor& n) { return nombreVentana(v, n.texto()); };
+  std::vector<ventanas::Columna> c{
+      {.titulo = kTxCuando, .campo = u"CUANDO"_s, .clase = Clase::Momento, .ancho = 140}};
+  if (conArticulo) {
+    c.push_back({.titulo = kTxCodigo,
+                 .campo = u"HistoriaPrecios.CODPLU"_s,
+                 .clase = Clase::Codigo,
+                 .cifras = 7});
+    c.push_back({.titulo = kTxNombre, .campo = u"NOMPLU"_s, .ancho = 170});
+  }
+  c.push_back({.titulo = kTxNivel, .campo = u"NIVEL"_s, .ancho = 74, .ver = nivel});
+  c.push_back({.titulo = kTxTarifa, .campo = u"TARIFA"_s, .ancho = 60, .ver = tarifa});
+  c.push_back({.titulo = kTxAntes, .campo = u"ANTES"_s, .clase = Clase::Importe, .ancho = 80});
+  c.push_back({.titulo = kTxAhora, .campo = u"AHORA"_s, .clase = Clase::Importe, .ancho = 80});
+  c.push_back({.titulo = kTxQuien, .campo = u"QUIEN"_s, .ancho = 120});
+  c.push_back({.titulo = kTxVentana, .campo = u"VENTANA"_s, .ancho = 140, .ver = ventana});
+  return c;
+}
+
+VerPrecios::VerPrecios(ventanas::Contexto& contexto, const QString& nombre)
+    : Ventana(contexto, nombre) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  ui_.LstTarifa->addItem(t(kTxTodas), -1);
+  for (int tarifa = 0; tarifa < kTarifas; ++tarifa)
+    ui_.LstTarifa->addItem(QString::number(tarifa + 1), tarifa);
+  ui_.txCod->setMaxLength(7);
+  ui_.txCod->setValidator(new QIntValidator(0, kUltimoCodigo, this));
+  ui_.Grid->preparar(contexto, nombre, columnasHistoria(*this, true));
+  ui_.Grid->filtros()->addWidget(ui_.filtros);
+  ui_.Grid->setVacia(t(kTxSinHistoria));
+  connect(ui_.LstSec, &QComboBox::activated, this, &VerPrecios::filtrar);
+  connect(ui_.LstTarifa, &QComboBox::activated, this, &VerPrecios::filtrar);
+  connect(ui_.txCod, &QLineEdit::textEdited, this, &VerPrecios::filtrar);
+  connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
+}
+
+Resultado<> VerPrecios::preparar(const ventanas::Argumentos& argumentos) {
+  TARVO_INTENTAR(llenarSecciones(*ui_.LstSec, contexto()));
+  elegirEn(*ui_.LstSec, argumentos.value(u"seccion"_s));
+  const qint64 codigo = argumentos.value(u"codigo"_s, 0).toLongLong();
+  ui_.txCod->setText(codigo > 0 ? verCodigo(codigo) : QString());
+  filtrar();
+  ui_.Grid->setFocus();
+  return {};
+}
+
+void VerPrecios::filtrar() {
+  ventanas::Origen o{.desde =
+                         u"HistoriaPrecios LEFT JOIN PLUSES ON "
+                         u"(PLUSES.SECCION=HistoriaPrecios.SECCION) AND "
+                         u"(PLUSES.CODPLU=HistoriaPrecios.CODPLU)"_s,
+                     .filtro = u"HistoriaPrecios.SECCION=?"_s,
+                     .parametros = {ui_.LstSec->currentData().toInt()},
+                     .clave = u"HistoriaPrecios.ID"_s,
+                     .orden = u"HistoriaPrecios.ID DESC"_s};
+  if (const qint64 codigo = ui_.txCod->text().toLongLong(); codigo > 0) {
+    o.filtro += u" AND HistoriaPrecios.CODPLU=?"_s;
+    o.parametros.emplace_back(codigo);
+  }
+  if (const int tarifa = ui_.LstTarifa->currentData().toInt(); tarifa >= 0) {
+    o.filtro += u" AND TARIFA=?"_s;
+    o.parametros.emplace_back(tarifa);
+  }
+  haIdoBien(ui_.Grid->abrir(std::move(o)));
+}
+
+}  // namespace tarvo::articles

@@ -1,0 +1,26 @@
+// The history of prices: who set what when, from which window. Of one article ("seccion", "codigo")
+// or of a whole section.
+#pragma once
+
+#include "core/ventanas/Columna.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_VerPrecios.h"
+
+namespace tarvo::articles {
+
+class VerPrecios final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  VerPrecios(ventanas::Contexto& contexto, const QString& nombre);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+
+ private:
+  void filtrar();
+
+  Ui::VerPrecios ui_;
+};
+
+// The columns of such a list over HistoriaPrecios; `conArticulo` names the article too.
+std::vector<ventanas::Columna> columnasHistoria(const ventanas::Ventana& v, bool conArticulo);
+
+}  // namespace tarvo::articles

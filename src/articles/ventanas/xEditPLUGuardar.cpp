@@ -1,0 +1,158 @@
+// Reading the form, checking it, and writing the article with its stock, once.
+#include "articles/ventanas/ComunArticulos.h"
+#include "articles/ventanas/TextosArticulosVentanas.h"
+#include "articles/ventanas/xEditPLU.h"
+#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/Recorrido.h"
+
+namespace tarvo::articles {
+
+using namespace Qt::StringLiterals;
+using ventanas::MyMsgBox;
+
+namespace {
+
+void marcar(QWidget& campo, bool falta) {
+  if (campo.property("falta").toBool() == falta) return;
+  campo.setProperty("falta", falta);
+  campo.style()->unpolish(&campo);
+  campo.style()->polish(&campo);
+}
+
+}  // namespace
+
+// Amounts and quantities; what can't be read is given, and its number stays.
+std::vector<XEditPLU::Mala> XEditPLU::leerCajas() {
+  std::vector<Mala> malas;
+  for (Caja& c : cajas_) {
+    if (c.campo->text() == c.visto) continue;
+    const auto n = c.dinero ? leerImporte(*this, c.campo->text(), moneda_)
+                            : leerCantidad(*this, c.campo->text(), articulo_.cada);
+    if (n) {
+      articulo_.*c.valor = *n;
+      c.visto = c.campo->text();
+    } else {
+      malas.push_back({c.nombre, fichaDe(c.campo), c.campo});
+    }
+  }
+  return malas;
+}
+
+void XEditPLU::leerOtros() {
+  Articulo& a = articulo_;
+  a.clave.codigo = ui_.txCod->text().toLongLong();
+  a.nombre = ui_.txNom->text();
+  a.cada = ui_.LstCada->currentIndex();
+  a.modificable = ui_.chModificable->isChecked();
+  // A department that the section has no more stays until another one is chosen.
+  if (ui_.LstDep->currentIndex() >= 0) a.depto = ui_.LstDep->currentData().toInt();
+  a.barras = ui_.LstBarras->currentIndex();
+  a.pfxBar = ui_.txPfx->text();
+  const QString externo = ui_.txBarExt->text().trimmed();
+  a.codBarExt = externo.isEmpty() ? std::optional<QString>() : externo;
+  bool numero = false;
+  const double descto = ui_.txDescto->text().trimmed().replace(u',', u'.').toDouble(&numero);
+  a.descto = numero && descto >= 0 && descto <= 100 ? qRound(descto * 100) : 0;
+  a.formato = ui_.txFormato->text().toInt();
+  a.textoEtq = ui_.txTexto->toPlainText();
+  a.tara = 1;
+  a.numdias1 = ui_.txDias1->text().toInt();
+  a.numdias2 = ui_.txDias2->text().toInt();
+}
+
+XEditPLU::Mala XEditPLU::mala(Falta falta) const {
+  switch (falta) {
+    case Falta::Codigo:
+      return {kTxCodigoPLU, nullptr, ui_.txCod};
+    case Falta::Departamento:
+      return {kTxDepartamento, ui_.otr, ui_.LstDep};
+    case Falta::Formato:
+      return {kTxFormatoEtiquetas, ui_.etq, ui_.txFormato};
+    case Falta::Minimo:
+      return {kTxPrecioMinimo, ui_.pre, ui_.txMinimo};
+    case Falta::Hasta1:
+      return {kTxValorHasta1, ui_.pre, ui_.txHasta1};
+    case Falta::Hasta2:
+      break;
+  }
+  return {kTxValorHasta2, ui_.pre, ui_.txHasta2};
+}
+
+std::vector<XEditPLU::Mala> XEditPLU::leer() {
+  const auto ilegibles = leerCajas();
+  leerOtros();
+  std::vector<Mala> malas;
+  for (const Falta f : faltas(articulo_)) malas.push_back(mala(f));
+  for (const Mala& m : ilegibles)
+    if (std::ranges::find(malas, m.campo, &Mala::campo) == malas.end()) malas.push_back(m);
+  return malas;
+}
+
+// One name a line; the tab and the field of the first come up.
+void XEditPLU::decirMalas(const std::vector<Mala>& malas) {
+  QStringList nombres;
+  for (const Mala& m : malas) {
+    nombres << t(m.nombre);
+    marcar(*m.campo, true);
+  }
+  MyMsgBox::Decide(this, contexto().textos, t(kTxValorIncorrecto) + u":\n"_s + nombres.join(u'\n'),
+                   ventanas::kSoloAcepto | ventanas::kCritico);
+  if (malas.front().ficha) ui_.Fichas->setCurrentWidget(malas.front().ficha);
+  malas.front().campo->setFocus();
+}
+
+Resultado<> XEditPLU::ponerContador(qint64 Existencia::* contador, qint64 almacen,
+                                    const QString& texto) {
+  const auto n = leerCantidad(*this, texto, articulo_.cada);
+  if (!n) return std::unexpected(n.error());
+  const auto e = std::ranges::find(existencias_, static_cast<int>(almacen), &Existencia::almacen);
+  if (e != existencias_.end()) (*e).*contador = *n;
+  pintarStock();
+  return {};
+}
+
+// Asks before it writes over what another window did meanwhile.
+bool XEditPLU::loCambioOtro() {
+  if (!vieja_) return false;
+  const auto ahora = catalogo_.leer(*vieja_);
+  if (!haIdoBien(ahora)) return true;
+  if (!*ahora || **ahora == antes_) return false;
+  return !MyMsgBox::Decide(this, contexto().textos, t(kTxCambiadoPorOtro),
+                           ventanas::kAceptoCancelo | ventanas::kExclamacion);
+}
+
+Resultado<> XEditPLU::escribir() {
+  const QString ventana = u"xEditPLU"_s;
+  auto t = dao::Transaccion::empezar(contexto().db);
+  if (!t) return std::unexpected(t.error());
+  TARVO_INTENTAR(vieja_ ? catalogo_.modificar(*vieja_, articulo_, ventana)
+                        : catalogo_.crear(articulo_, ventana));
+  TARVO_INTENTAR(ponerExistencias(contexto().db, articulo_.clave, existenciasAntes_, existencias_));
+  return t->confirmar();
+}
+
+void XEditPLU::guardar() {
+  if (ui_.GrdPre->editando() || ui_.GrdStk->editando()) return;
+  for (QWidget* campo : cuerpo()->findChildren<QWidget*>()) marcar(*campo, false);
+  const auto malas = leer();
+  if (!malas.empty()) return decirMalas(malas);
+  if (loCambioOtro()) return;
+  if (const auto hecho = escribir(); !hecho) {
+    MyMsgBox::Decide(this, contexto().textos, informe(*this, hecho.error()).texto,
+                     ventanas::kSoloAcepto | ventanas::kCritico);
+    return ui_.txCod->setFocus();
+  }
+  if (auto* lista = dynamic_cast<ventanas::Recorrido*>(contexto().ventanas.cargada(padre_)))
+    lista->refrescarEn({articulo_.clave.seccion, articulo_.clave.codigo});
+  aceptar();
+}
+
+bool XEditPLU::QueryUnload() {
+  const bool igual = leerCajas().empty() && (leerOtros(), articulo_ == antes_) &&
+                     existencias_ == existenciasAntes_ && !ui_.GrdPre->editando() &&
+                     !ui_.GrdStk->editando();
+  return !igual && !MyMsgBox::Decide(this, contexto().textos, t(kTxAbandonar),
+                                     ventanas::kAceptoCancelo | ventanas::kExclamacion);
+}
+
+}  // namespace tarvo::articles

@@ -1,0 +1,162 @@
+// A shop with two sections, an engine that queues tasks, and the windows of the catalogue on top.
+#pragma once
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTableView>
+#include <QTimer>
+#include <QTreeWidget>
+
+#include "articles/TablasArticulos.h"
+#include "articles/ventanas/Registro.h"
+#include "core/esquema/Esquema.h"
+#include "core/ventanas/Recorrido.h"
+#include "core/ventanas/Tira.h"
+#include "motor/CableSimulado.h"
+#include "totals/TablasLibros.h"
+#include "totals/TablasTotales.h"
+#include "ventanas/Mesa.h"
+
+namespace tarvo::prueba {
+
+using namespace articles;
+
+// Section 1 has department 1 "Fruta" with articles 10, 20, ... 100 at 1,00 to 10,00, and groups 1
+// to 4 of kinds 1 to 4; section 2 has article 20 alone. Group 1 holds articles 10 and 20.
+struct Colmado : Mesa {
+  Colmado() {
+    sql(u"create table if not exists nada (n)"_s);
+    bien(esquema::ponerAlDia(*db, *Fecha::leer(u"01/01/2018"_s)));
+    bien(totals::asegurarTablasLibros(*db));
+    bien(totals::asegurarTablasTotales(*db));
+    bien(asegurarTablasArticulos(*db));
+    sql(u"delete from GRUPOS"_s);
+    sql(u"insert into SECCS (NMSECC, NOMSEC) values (2, 'Carne')"_s);
+    sql(u"insert into DEPTS (SECCION, NUMDEP, NomDep) values (1, 1, 'Fruta')"_s);
+    for (int g = 1; g <= 4; ++g)
+      sql(u"insert into GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, remoto) values (?, 'G', 1, ?, 2)"_s,
+          g, g);
+    for (int c = 10; c <= 100; c += 10) articulo(1, c, u"Artículo %1"_s.arg(c));
+    articulo(2, 20, u"Lomo"_s);
+    for (const int c : {10, 20})
+      sql(u"insert into [Cross] (Secc, plu, Grupo, borra) values (1, ?, 1, 0)"_s, c);
+    bien(sesion.cargar());
+    registrarVentanasArticulos(escritorio.ventanas(), catalogo, *gestor);
+  }
+
+  void articulo(int seccion, int codigo, const QString& nombre) {
+    sql(u"insert into PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00) values (?, ?, ?, 1, ?)"_s,
+        seccion, codigo, nombre, codigo * 10);
+  }
+  // All values of a query, rows parted by " | ".
+  QString leer(const QString& texto) {
+    auto rs = bien(db->consultar(texto));
+    QStringList filas;
+    for (; !rs->Eof(); static_cast<void>(rs->MoveNext())) {
+      QStringList fila;
+      for (int i = 0; i < rs->numColumnas(); ++i) fila << rs->texto(i);
+      filas << fila.join(u' ');
+    }
+    return filas.join(u" | ");
+  }
+  QString cruces() { return leer(u"select plu, Grupo, borra from [Cross] order by plu, Grupo"_s); }
+  std::vector<int> cambiadas() { return catalogo.cambios().SeccionesModificadas(); }
+
+  template <class V = ventanas::Ventana>
+  V* abrir(const QString& nombre, const ventanas::Argumentos& a = {}) {
+    auto* v = dynamic_cast<V*>(escritorio.ventanas().abrir(nombre, nullptr, a));
+    EXPECT_NE(v, nullptr) << nombre.toStdString();
+    EXPECT_TRUE(activa(v));
+    return v;
+  }
+  bool activa(QWidget* v) {
+    return esperar([v] { return v && v->isActiveWindow(); });
+  }
+  // The window of a name, which something has opened, with the keyboard.
+  ventanas::Ventana* cargada(const QString& nombre) {
+    EXPECT_TRUE(esperar([&] { return escritorio.ventanas().cargada(nombre) != nullptr; }))
+        << nombre.toStdString();
+    auto* v = escritorio.ventanas().cargada(nombre);
+    if (v) v->activateWindow();
+    EXPECT_TRUE(activa(v));
+    return v;
+  }
+  // Where keys go.
+  static void tecla(Qt::Key k, Qt::KeyboardModifiers m = {}) {
+    QWidget* foco = QApplication::focusWidget();
+    ASSERT_NE(foco, nullptr);
+    QTest::keyClick(foco, k, m);
+  }
+  static void escribir(const QString& texto) {
+    QWidget* foco = QApplication::focusWidget();
+    ASSERT_NE(foco, nullptr);
+    QTest::keyClicks(foco, texto);
+  }
+  template <class W = QLineEdit>
+  static W* control(QWidget* v, const char16_t* nombre) {
+    auto* w = v->findChild<W*>(QString::fromUtf16(nombre));
+    EXPECT_NE(w, nullptr) << QString::fromUtf16(nombre).toStdString();
+    return w;
+  }
+  static ventanas::Parrilla& lista(QWidget* v, const char16_t* nombre = u"Grid") {
+    return *control<ventanas::Parrilla>(v, nombre);
+  }
+  // The cell of the present row, opened.
+  static void abrirCelda(ventanas::Parrilla& p, const QString& campo) {
+    p.vista()->setFocus();
+    p.vista()->setCurrentIndex(p.modelo()->index(p.filaActual(), p.modelo()->columna(campo)));
+    QTest::keyClick(p.vista(), Qt::Key_F2);
+    ASSERT_TRUE(p.editando()) << campo.toStdString();
+    qobject_cast<QLineEdit*>(QApplication::focusWidget())->selectAll();
+  }
+  // Does `hacer` once a modal window is on top, as soon as it is there.
+  template <class F>
+  void alAbrirse(F hacer) {
+    QTimer::singleShot(30, &escritorio.ventanas(), [this, hacer] {
+      QWidget* w = QApplication::activeModalWidget();
+      if (!w) return alAbrirse(hacer);
+      auto* mensaje = w->findChild<QLabel*>(u"Mensaje"_s);
+      textoModal = mensaje ? mensaje->text() : QString();
+      hacer(w);
+    });
+  }
+  // Presses a button of the next modal window.
+  void responder(const QString& boton) {
+    alAbrirse([boton](QWidget* w) {
+      auto* b = w->findChild<QPushButton*>(boton);
+      ASSERT_NE(b, nullptr) << boton.toStdString();
+      b->click();
+    });
+  }
+  qint64 enMano(ventanas::Parrilla& p) { return p.valor(p.filaActual(), u"CODPLU").entero(); }
+
+  QString textoModal;
+  Catalogo catalogo{*db, textos, reloj, u"ana@caja"_s};
+  totals::Sesion sesion{*db, ajustes, reloj, textos};
+  FabricaSimulada fabrica{reloj};
+  Azar azar{3};
+  enlace::Enlaces enlaces{reloj, ajustes, fabrica, azar};
+  motor::RegistroTareas registro = conEnvio();
+  std::unique_ptr<motor::gestcomm> gestor = std::make_unique<motor::gestcomm>(
+      motor::Entorno{*db, ajustes, reloj, sesion, textos}, enlaces, registro);
+
+ private:
+  // Sending articles, as a kind that is never run here: no channel is there.
+  static motor::RegistroTareas conEnvio() {
+    motor::RegistroTareas r;
+    for (motor::ClaseTarea& c : motor::TablaClases()) {
+      c.crear = [](const motor::DatosTarea&, const motor::Entorno&) {
+        return std::unique_ptr<motor::TrabajoTarea>();
+      };
+      r.anadir(std::move(c));
+    }
+    return r;
+  }
+};
+
+}  // namespace tarvo::prueba

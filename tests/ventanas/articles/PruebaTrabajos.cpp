@@ -1,0 +1,290 @@
+// Jobs that a person does with the catalogue, by keys.
+#include "Colmado.h"
+
+namespace tarvo::prueba {
+
+namespace {
+
+void ponerTexto(QLineEdit* campo, const QString& texto) {
+  campo->setFocus();
+  campo->selectAll();
+  QTest::keyClicks(campo, texto);
+}
+
+}  // namespace
+
+// From the tree: a department, its name, its list, the complete editor, a price.
+TEST(Trabajos, UnArticuloNuevoDesdeNada) {
+  Colmado t;
+  auto* arbol = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
+  t.tecla(Qt::Key_Insert);
+  t.escribir(u"Setas"_s);
+  t.tecla(Qt::Key_Return);
+  ASSERT_TRUE(
+      esperar([&] { return t.leer(u"select NomDep from DEPTS where NUMDEP=2"_s) == u"Setas"; }));
+  t.control<QTreeWidget>(arbol, u"Arbol")->setFocus();
+  t.tecla(Qt::Key_F4);
+  auto* v = t.cargada(u"BrowPLUs"_s);
+  auto& grid = t.lista(v);
+  EXPECT_EQ(grid.filas(), 0);
+  t.tecla(Qt::Key_Insert, Qt::ControlModifier);
+  auto* e = t.cargada(u"xEditPLU#1.0"_s);
+  t.escribir(u"123456789"_s);  // a full box pushes the first digits out
+  EXPECT_EQ(t.control(e, u"txCod")->text(), u"3456789");
+  ponerTexto(t.control(e, u"txCod"), u"77"_s);
+  t.tecla(Qt::Key_Tab);
+  EXPECT_EQ(t.control(e, u"txCod")->text(), u"0000077");
+  t.escribir(u"Niscalo"_s);
+  auto& precios = t.lista(e, u"GrdPre");
+  precios.vista()->setFocus();
+  QTest::keyClicks(precios.vista(), u"1"_s);
+  t.escribir(u"2,5"_s);
+  t.tecla(Qt::Key_Return);
+  ponerTexto(t.control(e, u"txHasta1"), u"1,5"_s);
+  t.tecla(Qt::Key_Return);  // the default button
+  ASSERT_TRUE(esperar([&] { return grid.filas() == 1; })) << t.textoModal.toStdString();
+  EXPECT_EQ(
+      t.leer(
+          u"select CODPLU, NOMPLU, DEPTO, PRECIO_00, HASTA_1, Tara, isnull(CodBarExt) from PLUSES where DEPTO=2"_s),
+      u"77 Niscalo 2 1250 1500 1 1");
+  EXPECT_EQ(t.enMano(grid), 77);
+  EXPECT_EQ(t.leer(u"select CODPLU, ANTES, AHORA, QUIEN, VENTANA from HistoriaPrecios"_s),
+            u"77 0 1250 ana@caja xEditPLU");
+  EXPECT_EQ(t.leer(u"select count(*) from MovsAlm where CODIGO=77"_s), u"1");
+  EXPECT_EQ(t.cambiadas(), std::vector<int>{1});
+}
+
+TEST(Trabajos, UnCodigoCambiadoEnLaLista) {
+  Colmado t;
+  auto* v = t.abrir(u"BrowPLUs"_s);
+  auto& grid = t.lista(v);
+  ASSERT_EQ(t.enMano(grid), 10);
+  t.abrirCelda(grid, u"CODPLU"_s);
+  t.escribir(u"20"_s);
+  t.tecla(Qt::Key_Return);
+  EXPECT_TRUE(grid.editando());
+  EXPECT_EQ(v->tira().texto(), u"El código de registro ya existe: No debe duplicarse");
+  t.escribir(u"9"_s);  // behind it: 209
+  t.tecla(Qt::Key_Return);
+  ASSERT_TRUE(
+      esperar([&] { return t.enMano(grid) == 209 && grid.filaActual() == grid.filas() - 1; }));
+  EXPECT_EQ(t.cruces(), u"10 1 1 | 10 4 1 | 20 1 0");
+}
+
+// Each cell, what is typed, and what comes of it.
+TEST(Trabajos, LasCeldasSeComprueban) {
+  Colmado t;
+  auto* v = t.abrir(u"BrowPLUs"_s);
+  auto& grid = t.lista(v);
+  const struct {
+    const char16_t *campo, *texto;
+    const char* queda;     // of the row; empty: still in edit
+    const char16_t* dice;  // the strip
+  } casos[] = {{u"NOMPLU", u"Un nombre de mas de veinte", "Un nombre de mas de  100 1 1", u""},
+               {u"PRECIO_00", u"2,35", "Un nombre de mas de  235 1 1", u""},
+               {u"PRECIO_00", u"1.5", "",
+                u"«1.5» no es un importe: escriba cifras, con coma para los decimales"},
+               {u"DEPTO", u"41", "", u"El valor entrado es incorrecto: Departamento"},
+               {u"DEPTO", u"40", "Un nombre de mas de  235 40 1", u""},
+               {u"FORMATO", u"0", "", u"El valor entrado es incorrecto: Formato Etiquetas"},
+               {u"FORMATO", u"20", "Un nombre de mas de  235 40 20", u""},
+               {u"CODPLU", u"2", "", u"El valor entrado es incorrecto: Código PLU"}};
+  for (const auto& c : casos) {
+    v->tira().quitar();
+    t.abrirCelda(grid, QString::fromUtf16(c.campo));
+    t.escribir(QString::fromUtf16(c.texto));
+    t.tecla(Qt::Key_Return);
+    EXPECT_EQ(grid.editando(), *c.queda == 0) << QString::fromUtf16(c.texto).toStdString();
+    if (*c.dice) {
+      EXPECT_EQ(v->tira().texto().toStdString(), QString::fromUtf16(c.dice).toStdString());
+    }
+    if (*c.queda) {
+      EXPECT_EQ(
+          t.leer(
+               u"select NOMPLU, PRECIO_00, DEPTO, FORMATO from PLUSES where SECCION=1 and CODPLU=10"_s)
+              .toStdString(),
+          c.queda);
+    }
+    if (grid.editando()) t.tecla(Qt::Key_Escape);
+    EXPECT_TRUE(v->isVisible()) << "that Escape was the cell's";
+  }
+  EXPECT_EQ(t.cruces(), u"20 1 0");
+  // A system article takes it back, without a word where nobody meant it.
+  grid.irA(0);
+  t.abrirCelda(grid, u"DEPTO"_s);
+  v->tira().quitar();
+  t.escribir(u"5"_s);
+  t.tecla(Qt::Key_Return);
+  EXPECT_FALSE(grid.editando());
+  EXPECT_TRUE(v->tira().isHidden());
+  EXPECT_EQ(grid.texto(0, u"DEPTO"), u"");
+}
+
+TEST(Trabajos, LosPreciosDeLaRejilla) {
+  Colmado t;
+  auto* v = t.abrir(u"BrowPLUs"_s);
+  auto& grid = t.lista(v);
+  auto& precios = t.lista(v, u"GrdPre");
+  precios.vista()->setFocus();
+  precios.vista()->setCurrentIndex(precios.modelo()->index(2, 3));
+  t.tecla(Qt::Key_Return);
+  EXPECT_EQ(t.enMano(grid), 20) << "Enter goes to the next article";
+  EXPECT_EQ(t.cruces(), u"10 1 0 | 20 1 0") << "nothing was changed";
+  t.escribir(u"7"_s);
+  t.escribir(u",25"_s);
+  t.tecla(Qt::Key_Return);
+  ASSERT_TRUE(esperar([&] { return t.enMano(grid) == 30; }));
+  EXPECT_EQ(t.leer(u"select PRECIO_22 from PLUSES where SECCION=1 and CODPLU=20"_s), u"725");
+  EXPECT_EQ(t.cruces(), u"10 1 0");
+  t.tecla(Qt::Key_PageUp);
+  EXPECT_EQ(t.enMano(grid), 20);
+  EXPECT_EQ(precios.texto(2, u"P2"), u"7,25");
+  EXPECT_EQ(precios.vista()->currentIndex().row(), 2) << "the cell stays";
+  for (int i = 0; i < 5; ++i) t.tecla(Qt::Key_PageUp);
+  EXPECT_EQ(grid.filaActual(), 0) << "it stops at the end";
+}
+
+TEST(Trabajos, BorrarYDeshacer) {
+  Colmado t;
+  t.sql(u"insert into MovsAlm (CODALM, SECCION, CODIGO, Inicial) values (0, 1, 20, 5000)"_s);
+  auto* v = t.abrir(u"BrowPLUs"_s);
+  auto& grid = t.lista(v);
+  const QString filas = u"select * from PLUSES order by SECCION, CODPLU"_s;
+  const QString antes = t.leer(filas);
+  grid.vista()->selectAll();  // the system articles too
+  grid.vista()->setFocus();
+  t.responder(u"Acepto"_s);
+  t.tecla(Qt::Key_Delete);
+  ASSERT_TRUE(esperar([&] { return grid.filas() == 2; }));
+  EXPECT_EQ(t.textoModal, u"Va a borrar 10 registro/s de PLU: ¿SEGURO?");
+  EXPECT_EQ(t.leer(u"select count(*) from [Cross] where borra<>0"_s), u"20")
+      << "groups of kinds 1 and 4";
+  v->activateWindow();
+  ASSERT_TRUE(t.activa(v));
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  ASSERT_TRUE(esperar([&] { return grid.filas() == 12; })) << v->tira().texto().toStdString();
+  EXPECT_EQ(t.leer(filas), antes);
+  EXPECT_EQ(t.leer(u"select Inicial from MovsAlm"_s), u"5000");
+  // One goes, and the pointer to the next.
+  grid.irA(grid.filaDe(
+      bien(t.db->uno(u"select rowid from PLUSES where SECCION=1 and CODPLU=20"_s)).entero()));
+  t.responder(u"Acepto"_s);
+  t.tecla(Qt::Key_Delete);
+  ASSERT_TRUE(esperar([&] { return grid.filas() == 11; }));
+  EXPECT_EQ(t.enMano(grid), 30);
+}
+
+TEST(Trabajos, CopiarMoverYDeshacer) {
+  Colmado t;
+  auto* v = t.abrir(u"BrowPLUs"_s);
+  auto& grid = t.lista(v);
+  const auto rowid = [&](int codigo) {
+    return bien(t.db->uno(u"select rowid from PLUSES where SECCION=1 and CODPLU=?"_s, codigo))
+        .entero();
+  };
+  const QString segunda =
+      u"select CODPLU from PLUSES where SECCION=2 and CODPLU>2 order by CODPLU"_s;
+  grid.elegir({rowid(10), rowid(20), rowid(30)});
+  t.responder(u"Acepto"_s);
+  t.tecla(Qt::Key_F6);
+  ASSERT_TRUE(esperar([&] { return t.leer(segunda) == u"10 | 20 | 30"; }));
+  EXPECT_EQ(v->tira().texto(), u"El código de registro ya existe: No debe duplicarse");
+  EXPECT_EQ(t.leer(u"select NOMPLU from PLUSES where SECCION=2 and CODPLU=20"_s), u"Lomo");
+  EXPECT_TRUE(t.cambiadas().empty());
+  v->activateWindow();
+  ASSERT_TRUE(t.activa(v));
+  grid.vista()->setFocus();
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  ASSERT_TRUE(esperar([&] { return t.leer(segunda) == u"20"; })) << v->tira().texto().toStdString();
+  grid.limpiarSeleccion();
+  grid.irA(grid.filaDe(rowid(10)));
+  t.responder(u"Acepto"_s);
+  t.tecla(Qt::Key_F7);
+  ASSERT_TRUE(esperar([&] { return t.leer(segunda) == u"10 | 20"; }));
+  EXPECT_EQ(grid.filas(), 11);
+  EXPECT_EQ(t.cruces(), u"10 1 1 | 20 1 0");
+}
+
+TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
+  Colmado t;
+  t.sql(u"update DEPTS set IVA=3"_s);
+  auto* v = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
+  auto* arbol = t.control<QTreeWidget>(v, u"Arbol");
+  t.tecla(Qt::Key_Down);  // from the section to its department
+  t.responder(u"Acepto"_s);
+  t.tecla(Qt::Key_Delete);
+  EXPECT_EQ(t.textoModal, u"Va a borrar un departamento completo....\nBorrará también PLUs:  10");
+  EXPECT_EQ(t.leer(u"select count(*) from DEPTS"_s), u"0");
+  EXPECT_EQ(t.leer(u"select count(*) from PLUSES where SECCION=1"_s), u"2");
+  EXPECT_EQ(t.cruces(), u"10 1 1 | 20 1 1") << "only what groups hold";
+  v->activateWindow();
+  ASSERT_TRUE(t.activa(v));
+  arbol->setFocus();
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.leer(u"select NUMDEP, NomDep, IVA from DEPTS"_s), u"1 Fruta 3");
+  EXPECT_EQ(t.leer(u"select count(*) from PLUSES where SECCION=1"_s), u"12");
+  // A whole section asks with its counts; a "No" leaves all.
+  arbol->setCurrentItem(arbol->topLevelItem(0));
+  t.responder(u"Cancelo"_s);
+  t.tecla(Qt::Key_Delete);
+  EXPECT_EQ(t.textoModal,
+            u"Va a borrar una sección completa....\nBorrará también PLUs:  12\nBorrará también "
+            u"Deptos. :  1\nBorrará también Grupos :  4");
+  EXPECT_EQ(t.leer(u"select count(*) from SECCS"_s), u"2");
+}
+
+TEST(Trabajos, UnaSeccionCopiadaYSuNombre) {
+  Colmado t;
+  auto* v = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
+  t.tecla(Qt::Key_F6);
+  ASSERT_TRUE(esperar([&] {
+    return t.leer(u"select NOMSEC from SECCS where NMSECC=3"_s) == u"Copia de SECCIÓN ÚNICA";
+  }));
+  EXPECT_EQ(t.leer(u"select count(*) from PLUSES where SECCION=3"_s), u"12");
+  t.control<QTreeWidget>(v, u"Arbol")->setFocus();
+  t.tecla(Qt::Key_F2);
+  t.escribir(u"Tienda 2"_s);
+  t.tecla(Qt::Key_Return);
+  EXPECT_TRUE(
+      esperar([&] { return t.leer(u"select NOMSEC from SECCS where NMSECC=3"_s) == u"Tienda 2"; }));
+  // Groups have no editor yet, and it is said.
+  EXPECT_EQ(t.escritorio.ventanas().abrir(u"BrowGrupos"_s, v, {{u"Grupos"_s, true}}), nullptr);
+  EXPECT_TRUE(v->tira().texto().contains(u"grupos de balanzas"));
+}
+
+TEST(Trabajos, ElCodigoDeUnOperador) {
+  Colmado t;
+  for (const int c : {5, 6}) t.sql(u"insert into OPERS (CODOPE, NOMOPE) values (?, 'Op')"_s, c);
+  t.sql(u"update GRUPOS set OP01_C=5, OP01_T=1, OP15_C=5"_s);
+  auto* v = t.abrir(u"BrowOper"_s);
+  auto& grid = t.lista(v);
+  const struct {
+    const char16_t *texto, *dice;
+  } casos[] = {{u"0", u"Número de operador incorrecto"},
+               {u"6", u"El código de registro ya existe: No debe duplicarse"},
+               {u"77", u""}};
+  t.abrirCelda(grid, u"CODOPE"_s);
+  for (const auto& c : casos) {
+    qobject_cast<QLineEdit*>(QApplication::focusWidget())->selectAll();
+    t.escribir(QString::fromUtf16(c.texto));
+    t.tecla(Qt::Key_Return);
+    if (*c.dice) {
+      EXPECT_EQ(v->tira().texto().toStdString(), QString::fromUtf16(c.dice).toStdString());
+    }
+  }
+  ASSERT_TRUE(esperar([&] { return grid.texto(grid.filaActual(), u"CODOPE") == u"0077"; }));
+  EXPECT_EQ(t.leer(u"select TIPO, OP01_C, OP15_C from GRUPOS order by CODGPO"_s),
+            u"1 77 77 | 2 77 5 | 3 77 77 | 4 77 77");
+  t.responder(u"Acepto"_s);
+  t.tecla(Qt::Key_Delete);
+  EXPECT_EQ(t.leer(u"select OP01_C, OP01_T from GRUPOS"_s), u"0 0 | 0 0 | 0 0 | 0 0");
+  v->activateWindow();
+  ASSERT_TRUE(t.activa(v));
+  grid.vista()->setFocus();
+  t.tecla(Qt::Key_Insert);
+  t.escribir(u"Luis"_s);
+  t.tecla(Qt::Key_Return);
+  EXPECT_EQ(t.leer(u"select CODOPE, NOMOPE from OPERS order by CODOPE"_s), u"6 Op | 7 Luis");
+}
+
+}  // namespace tarvo::prueba

@@ -1,0 +1,134 @@
+// Writing into the cells of a list, as keys and clicks do it.
+#include <QLineEdit>
+#include <QTableView>
+#include <QTest>
+
+#include "Muestra.h"
+
+namespace tarvo::prueba {
+
+using namespace ventanas;
+
+namespace {
+
+struct Hoja : Mesa {
+  Hoja() : Mesa(kTextosMuestra) {
+    llenarArticulos(*this, 20);
+    auto columnas = columnasArticulos();
+    for (Columna& c : columnas)
+      if (c.campo == u"NOMBRE" || c.campo == u"IMPORTE")
+        c.editar = [this, campo = c.campo](qint64 clave, const QString& texto) -> Resultado<> {
+          if (texto.isEmpty() || texto == u"0,13") return fallo(Fallo::Restriccion, u"No vale"_s);
+          sql(u"update ART set "_s + campo + u"=? where CODIGO=?"_s, texto, clave);
+          return {};
+        };
+    p.resize(900, 500);
+    p.preparar(contexto(), u"Prueba"_s, columnas);
+    QObject::connect(&p, &Parrilla::fallo, &p, [this](const Error& e) { dicho = e.texto; });
+    QObject::connect(&p, &Parrilla::activada, &p, [this] { ++activadas; });
+    QObject::connect(&p, &Parrilla::escrita, &p, [this](int fila) { escrita = fila; });
+    p.show();
+    p.activateWindow();
+    EXPECT_TRUE(esperar([this] { return p.isActiveWindow(); }));
+    p.vista()->setFocus();
+    bien(p.abrir({.desde = u"ART"_s, .clave = u"CODIGO"_s}));
+  }
+  void irA(int fila, const QString& campo) {
+    p.vista()->setCurrentIndex(p.modelo()->index(fila, p.modelo()->columna(campo)));
+  }
+  QLineEdit* campo() {
+    for (auto* c : p.vista()->viewport()->findChildren<QLineEdit*>(u"celda"_s))
+      if (c->isVisible()) return c;
+    return nullptr;
+  }
+  void tecla(Qt::Key t) {
+    QWidget* donde = campo() ? static_cast<QWidget*>(campo()) : p.vista();
+    QTest::keyClick(donde, t);
+  }
+  void escribir(const QString& texto) {
+    ASSERT_NE(campo(), nullptr);
+    campo()->selectAll();
+    QTest::keyClicks(campo(), texto);
+  }
+  QString celda(int fila, const QString& campo) { return p.texto(fila, campo); }
+
+  Parrilla p;
+  QString dicho;
+  int activadas = 0, escrita = -1;
+};
+
+}  // namespace
+
+TEST(Edicion, IntroYF2AbrenEscapeLoDeja) {
+  Hoja h;
+  const QString antes = h.celda(2, u"NOMBRE"_s);
+  for (const Qt::Key abre : {Qt::Key_F2, Qt::Key_Return}) {
+    h.irA(2, u"NOMBRE"_s);
+    h.tecla(abre);
+    h.escribir(u"Otro"_s);
+    h.tecla(Qt::Key_Escape);
+    EXPECT_EQ(h.campo(), nullptr);
+    EXPECT_EQ(h.celda(2, u"NOMBRE"_s), antes);
+    EXPECT_EQ(h.escrita, -1);
+  }
+  h.tecla(Qt::Key_F2);
+  h.escribir(u"Otro"_s);
+  h.tecla(Qt::Key_Return);
+  EXPECT_EQ(h.celda(2, u"NOMBRE"_s), u"Otro");
+  EXPECT_EQ(h.escrita, 2);
+  EXPECT_EQ(h.activadas, 0);
+  EXPECT_TRUE(h.p.vista()->hasFocus());
+  // A column without `editar` is as before.
+  h.irA(2, u"CODIGO"_s);
+  h.tecla(Qt::Key_F2);
+  EXPECT_EQ(h.campo(), nullptr);
+  h.tecla(Qt::Key_Return);
+  EXPECT_EQ(h.activadas, 1);
+}
+
+TEST(Edicion, LoRechazadoSigueAbierto) {
+  Hoja h;
+  h.irA(1, u"IMPORTE"_s);
+  h.tecla(Qt::Key_F2);
+  h.escribir(u"0,x13"_s);  // no letter gets into an amount
+  EXPECT_EQ(h.campo()->text(), u"0,13");
+  h.tecla(Qt::Key_Return);
+  ASSERT_NE(h.campo(), nullptr);
+  EXPECT_EQ(h.campo()->text(), u"0,13");
+  EXPECT_EQ(h.dicho, u"No vale");
+  // Nor does a click elsewhere lose it.
+  QTest::mouseClick(h.p.vista()->viewport(), Qt::LeftButton, {}, QPoint(20, 200));
+  ASSERT_TRUE(esperar([&] { return h.campo() && h.campo()->text() == u"0,13"; }));
+  EXPECT_EQ(h.p.filaActual(), 1);
+  h.escribir(u"300"_s);
+  h.tecla(Qt::Key_Return);
+  EXPECT_EQ(h.campo(), nullptr);
+  EXPECT_EQ(h.p.valor(1, u"IMPORTE").entero(), 300);
+}
+
+TEST(Edicion, ElTabuladorSigueYLasHojasSeEscribenSinAbrir) {
+  Hoja h;
+  h.irA(0, u"NOMBRE"_s);
+  h.tecla(Qt::Key_F2);
+  h.escribir(u"Uno"_s);
+  h.tecla(Qt::Key_Tab);
+  EXPECT_EQ(h.p.vista()->currentIndex().column(), h.p.modelo()->columna(u"IMPORTE"));
+  h.escribir(u"7"_s);
+  h.tecla(Qt::Key_Tab);
+  EXPECT_EQ(h.p.filaActual(), 1);
+  h.tecla(Qt::Key_Escape);
+  EXPECT_EQ(h.celda(0, u"NOMBRE"_s), u"Uno");
+  EXPECT_EQ(h.p.valor(0, u"IMPORTE").entero(), 7);
+  h.p.setEscribeAlTeclear(true);
+  h.irA(4, u"IMPORTE"_s);
+  QTest::keyClicks(h.p.vista(), u"1"_s);
+  ASSERT_NE(h.campo(), nullptr);
+  QTest::keyClicks(h.campo(), u"25"_s);
+  h.tecla(Qt::Key_Return);
+  EXPECT_EQ(h.p.valor(4, u"IMPORTE").entero(), 125);
+  EXPECT_EQ(h.escrita, 4);
+  h.tecla(Qt::Key_Return);
+  EXPECT_EQ(h.activadas, 1) << "Enter opens nothing here";
+}
+
+}  // namespace tarvo::prueba

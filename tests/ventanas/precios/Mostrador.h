@@ -1,0 +1,134 @@
+// A shop of one section with 40 articles and two groups that hold them, its windows of offers and
+// prices, and a list that walks the articles as BrowPLUs does.
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableView>
+#include <QTimer>
+
+#include "articles/TablasArticulos.h"
+#include "articles/precios/ventanas/Registro.h"
+#include "core/esquema/Esquema.h"
+#include "core/ventanas/Recorrido.h"
+#include "core/ventanas/Tira.h"
+#include "ventanas/Mesa.h"
+
+namespace tarvo::prueba {
+
+// The pointer over the codes of section 1.
+class ListaDeArticulos final : public ventanas::Ventana, public ventanas::Recorrido {
+ public:
+  ListaDeArticulos(ventanas::Contexto& c, const QString& nombre) : Ventana(c, nombre) {
+    resize(300, 200);
+    setFocusPolicy(Qt::StrongFocus);
+  }
+  Clave clave() const override { return {1, codigo}; }
+  bool saltar(int pasos) override {
+    const qint64 otro = codigo + pasos;
+    if (otro < 3 || otro > 42) return false;
+    codigo = otro;
+    movido();
+    return true;
+  }
+  void refrescar() override { ++refrescos; }
+  void refrescarEn(Clave c) override { ++refrescos, codigo = c.codigo; }
+  void hijo(bool mas) override { hijos += mas ? 1 : -1; }
+  void alMover(QObject*, std::function<void()> f) override { movido = std::move(f); }
+
+  qint64 codigo = 3;
+  int refrescos = 0, hijos = 0;
+  std::function<void()> movido = [] {};
+};
+
+struct Mostrador : Mesa {
+  Mostrador() {
+    bien(esquema::ponerAlDia(*db, *Fecha::leer(u"01/01/2018")));
+    bien(articles::asegurarTablasArticulos(*db));
+    sql(u"update SECCS set NOMSEC='Carne', IVAs='4@10@21@0@0'"_s);
+    for (const int d : {1, 2})
+      sql(u"insert into DEPTS (SECCION, NUMDEP, NomDep, IVA) values (1, ?, ?, 2)"_s, d,
+          u"Departamento %1"_s.arg(d));
+    for (const auto& [almacen, nombre] : {std::pair{1, u"Tienda"_s}, {2, u"Cámara"_s}})
+      sql(u"insert into ALMACEN (CODALM, NOMALM) values (?, ?)"_s, almacen, nombre);
+    for (const int g : {1, 2})
+      sql(u"insert into GRUPOS (CODGPO, NOMGPO, SECCION, Almacen, TIPO) values (?, ?, 1, 1, 1)"_s,
+          g, u"Mostrador %1"_s.arg(g));
+    for (int i = 3; i <= 42; ++i) {
+      sql(u"insert into PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00, COSTE) values (1, ?, ?, "
+          "1, ?, 500)"_s,
+          i, u"Artículo %1"_s.arg(i), 100 * i);
+      for (const int g : {1, 2})
+        sql(u"insert into [Cross] (Secc, plu, Grupo) values (1, ?, ?)"_s, i, g);
+    }
+    precios::registrarVentanasPrecios(escritorio.ventanas(), catalogo);
+    escritorio.ventanas().registrar(u"BrowPLUs"_s, [](ventanas::Contexto& c, const QString& n) {
+      return new ListaDeArticulos(c, n);
+    });
+  }
+
+  // All values of a query, rows parted by " | "; "-" is Null.
+  QString leer(const QString& texto) {
+    auto rs = bien(db->consultar(texto));
+    QStringList filas;
+    for (; !rs->Eof(); static_cast<void>(rs->MoveNext())) {
+      QStringList fila;
+      for (int i = 0; i < rs->numColumnas(); ++i) fila << (rs->nulo(i) ? u"-"_s : rs->texto(i));
+      filas << fila.join(u' ');
+    }
+    return filas.join(u" | ");
+  }
+  template <class V = ventanas::Ventana>
+  V* abrir(const QString& nombre, const ventanas::Argumentos& a = {}) {
+    auto* v = dynamic_cast<V*>(escritorio.ventanas().abrir(nombre, nullptr, a));
+    EXPECT_NE(v, nullptr) << nombre.toStdString();
+    EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));  // keys go to the active one
+    return v;
+  }
+  // Does `hacer` once a modal window is on top, as soon as it is there.
+  template <class F>
+  void alAbrirse(F hacer) {
+    QTimer::singleShot(20, &escritorio.ventanas(), [this, hacer] {
+      QWidget* w = QApplication::activeModalWidget();
+      if (!w) return alAbrirse(hacer);
+      const auto* mensaje = w->findChild<QLabel*>(u"Mensaje"_s);
+      textoModal = mensaje ? mensaje->text() : QString();
+      hacer(w);
+    });
+  }
+  // Presses a button of the next modal window.
+  void responder(const QString& boton) {
+    alAbrirse([boton](QWidget* w) {
+      auto* b = w->findChild<QPushButton*>(boton);
+      ASSERT_NE(b, nullptr) << boton.toStdString();
+      QTest::mouseClick(b, Qt::LeftButton);
+    });
+  }
+  static QLineEdit& campo(QWidget* v, const QString& nombre) {
+    return *v->findChild<QLineEdit*>(nombre);
+  }
+  static QString texto(QWidget* v, const QString& nombre) {
+    return v->findChild<QLabel*>(nombre)->text();
+  }
+  // The control that has the focus. Behind a box this screen gives it back to nobody.
+  QWidget* foco() {
+    if (!QApplication::focusWidget()) escritorio.ventanas().abiertas().back()->activateWindow();
+    EXPECT_TRUE(esperar([] { return QApplication::focusWidget() != nullptr; }));
+    return QApplication::focusWidget();
+  }
+  QString enFoco() { return foco()->objectName(); }
+  void teclear(const QString& texto) { QTest::keyClicks(foco(), texto); }
+  void pulsar(int tecla) { QTest::keyClick(foco(), static_cast<Qt::Key>(tecla)); }
+  static void boton(QWidget* v, const QString& nombre) {
+    QTest::mouseClick(v->findChild<QPushButton*>(nombre), Qt::LeftButton);
+  }
+
+  QString textoModal;
+  articles::Catalogo catalogo{*db, textos, reloj, u"Ana"_s};
+};
+
+}  // namespace tarvo::prueba

@@ -1,0 +1,179 @@
+#include "Mostrador.h"
+
+namespace tarvo::prueba {
+
+namespace {
+
+Fecha hoy(const Mostrador& m) {
+  return m.reloj.ahora().dia();
+}
+
+// The next Sunday behind tomorrow.
+Fecha domingo(Fecha manana) {
+  return manana + (7 - manana.diaSemana());
+}
+
+const QString kOfertas =
+    u"select GRUPO, CODIGO, PRECIO_0, FECHA_INI, FECHA_FIN, enviado, borrado from OFERTAS order by GRUPO, CODIGO"_s;
+
+}  // namespace
+
+// The whole of it by keys: an offer for both groups that begins tomorrow and ends on Sunday.
+TEST(VentanaOfertas, UnaOfertaParaDosGruposHastaElDomingo) {
+  Mostrador m;
+  auto* lista = m.abrir(u"BrowOfer"_s);
+  QTest::keyClick(lista, Qt::Key_Insert);
+  ventanas::Ventana* nueva = m.escritorio.ventanas().cargada(u"NvaOfr"_s);
+  ASSERT_NE(nueva, nullptr);
+  ASSERT_TRUE(esperar([&] { return nueva->isActiveWindow(); }));
+  EXPECT_EQ(m.texto(nueva, u"LblGrp"_s), u"0001  Mostrador 1");
+  nueva->findChild<QCheckBox*>(u"Todos"_s)->setFocus();
+  m.pulsar(Qt::Key_Space);
+  EXPECT_EQ(m.texto(nueva, u"LblGrp"_s), u"");
+  m.campo(nueva, u"Entra"_s).setFocus();
+  m.teclear(u"12"_s);
+  EXPECT_EQ(m.texto(nueva, u"Nombrex"_s), u"Artículo 12");
+  m.pulsar(Qt::Key_Return);
+  const Fecha manana = hoy(m) + 1;
+  for (const QString& valor : {u"9,95"_s, u""_s, u""_s, manana.corta(), domingo(manana).corta()}) {
+    m.teclear(valor);
+    m.pulsar(Qt::Key_Return);
+  }
+  m.pulsar(Qt::Key_Return);  // the button has the focus now
+  const auto fila = [&](int grupo) {
+    return u"%1 12 995 %2 %3 0 0"_s.arg(grupo).arg(manana.dias()).arg(domingo(manana).dias());
+  };
+  EXPECT_EQ(m.leer(kOfertas), fila(1) + u" | "_s + fila(2));
+  EXPECT_EQ(m.foco(), &m.campo(nueva, u"Entra"_s));
+  EXPECT_EQ(m.campo(nueva, u"Fecha_1"_s).text(), manana.corta()) << "the dates stay";
+  EXPECT_EQ(m.campo(nueva, u"Precio_0"_s).text(), u"");
+  auto& grid = *lista->findChild<ventanas::Parrilla*>(u"Grid"_s);
+  ASSERT_EQ(grid.filas(), 1);
+  EXPECT_EQ(grid.texto(0, u"PRECIO_0"), u"9,95");
+  m.teclear(u"1"_s);
+  m.pulsar(Qt::Key_Escape);
+  ASSERT_TRUE(nueva->isVisible()) << "that one emptied the box";
+  m.pulsar(Qt::Key_Escape);
+  EXPECT_FALSE(nueva->isVisible());
+}
+
+TEST(VentanaOfertas, LoQueFaltaSeDiceYNoSeGuarda) {
+  Mostrador m;
+  auto* v = m.abrir(u"NvaOfr"_s, {{u"seccion"_s, 1}, {u"grupo"_s, 1}});
+  const struct {
+    QString articulo, precio, desde, hasta;
+    const char16_t *aviso, *foco;
+  } casos[] = {
+      {u"99"_s, u"1"_s, {}, {}, u"No se ha entrado un código de artículo", u"Entra"},
+      {u"2"_s, u"1"_s, {}, {}, u"No se ha entrado un código de artículo", u"Entra"},
+      {u"12"_s, {}, {}, {}, u"No se ha entrado un Precio de artículo", u"Precio_0"},
+      {u"12"_s, u"uno"_s, {}, {}, u"No se ha entrado un Precio de artículo", u"Precio_0"},
+      {u"12"_s,
+       u"1"_s,
+       u"31/02/2030"_s,
+       {},
+       u"La fecha no existe: escríbala como 24/12/2018, o deje la casilla vacía.",
+       u"Fecha_1"},
+      {u"12"_s, u"1"_s, u"02/01/2030"_s, u"01/01/2030"_s,
+       u"La oferta acabaría antes de empezar: corrija una de las dos fechas.", u"Fecha_F"},
+  };
+  for (const auto& c : casos) {
+    m.campo(v, u"Entra"_s).setText(c.articulo);
+    m.campo(v, u"Precio_0"_s).setText(c.precio);
+    m.campo(v, u"Fecha_1"_s).setText(c.desde);
+    m.campo(v, u"Fecha_F"_s).setText(c.hasta);
+    m.responder(u"Acepto"_s);
+    m.boton(v, u"SalvBoton"_s);
+    EXPECT_EQ(m.textoModal, QString::fromUtf16(c.aviso));
+    EXPECT_EQ(m.enFoco(), QString::fromUtf16(c.foco));
+  }
+  EXPECT_EQ(m.leer(kOfertas), u"");
+  v->findChild<QRadioButton*>(u"PorNom"_s)->click();
+  m.campo(v, u"Entra"_s).setText(u"articulo 20"_s);
+  EXPECT_EQ(m.texto(v, u"Codigox"_s), u"0000020") << "the first that follows, accents ignored";
+}
+
+TEST(VentanaOfertas, PreguntaAntesDeReescribir) {
+  Mostrador m;
+  m.sql(
+      u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, enviado) values (1, 1, 12, 700, 1)"_s);
+  auto* v = m.abrir(u"NvaOfr"_s, {{u"seccion"_s, 1}, {u"grupo"_s, 1}});
+  for (const QString& boton : {u"Cancelo"_s, u"Acepto"_s}) {
+    m.campo(v, u"Entra"_s).setText(u"12"_s);
+    m.campo(v, u"Precio_0"_s).setText(u"6"_s);
+    m.responder(boton);
+    m.boton(v, u"SalvBoton"_s);
+    EXPECT_EQ(m.textoModal,
+              u"En Grupo Nº: 1 ya hay una oferta para este artículo: \n¿Desea reescribirla?");
+    EXPECT_EQ(m.leer(kOfertas), boton == u"Acepto" ? u"1 12 600 - - 0 0" : u"1 12 700 - - 1 0");
+  }
+}
+
+// A date written in one row goes to all that are shown, and comes back.
+TEST(VentanaOfertas, UnaFechaVaATodasYSeDeshace) {
+  Mostrador m;
+  for (const int codigo : {10, 11})
+    m.sql(
+        u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, FECHA_INI) values (1, 1, ?, 700, "
+        "43000)"_s,
+        codigo);
+  m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (2, 1, 10, 700)"_s);
+  const QString antes = m.leer(kOfertas);
+  auto* v = m.abrir(u"BrowOfer"_s);
+  auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
+  ASSERT_EQ(grid.filas(), 2);
+  const auto escribir = [&](QStringView columna, const QString& texto) {
+    grid.vista()->setCurrentIndex(grid.modelo()->index(0, grid.modelo()->columna(columna)));
+    ASSERT_TRUE(grid.editarCelda());
+    auto* celda = qobject_cast<QLineEdit*>(m.foco());
+    ASSERT_NE(celda, nullptr);
+    celda->selectAll();
+    QTest::keyClicks(celda, texto);
+    QTest::keyClick(celda, Qt::Key_Return);
+    QCoreApplication::processEvents();
+  };
+  m.responder(u"Cancelo"_s);
+  escribir(u"FECHA_FIN", u"31/12/2030"_s);
+  EXPECT_TRUE(m.textoModal.startsWith(u"Va a poner el final de 2 ofertas en 31/12/2030."));
+  EXPECT_EQ(m.leer(kOfertas), antes);
+  m.responder(u"Acepto"_s);
+  escribir(u"FECHA_FIN", u"31/12/2030"_s);
+  EXPECT_EQ(m.leer(kOfertas),
+            u"1 10 700 43000 47848 0 0 | 1 11 700 43000 47848 0 0 | 2 10 700 - - 0 0");
+  QTest::keyClick(m.foco(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(m.leer(kOfertas), antes);
+
+  v->findChild<QCheckBox*>(u"Sincro"_s)->click();
+  escribir(u"PRECIO_0", u"6,50"_s);
+  EXPECT_EQ(m.leer(u"select GRUPO, PRECIO_0, FECHA_INI from OFERTAS where CODIGO=10"_s),
+            u"1 650 43000 | 2 650 43000");
+}
+
+TEST(VentanaOfertas, BorrarAquiOEnTodosLosGrupos) {
+  Mostrador m;
+  for (const int grupo : {1, 2})
+    m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (?, 1, 10, 700)"_s,
+          grupo);
+  m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (1, 1, 11, 700)"_s);
+  auto* v = m.abrir(u"BrowOfer"_s);
+  auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
+  grid.irA(0);
+  m.alAbrirse([&](QWidget* w) {
+    EXPECT_EQ(m.texto(w, u"Seleccion"_s), u"Ha seleccionado una oferta...");
+    EXPECT_EQ(m.texto(w, u"Pregunta"_s), u"Va a eliminar una Oferta: ¿Seguro?");
+    w->findChild<QRadioButton*>(u"opTodo"_s)->click();
+    EXPECT_EQ(m.texto(w, u"Pregunta"_s), u"Va a eliminar 2 Ofertas: ¿Seguro?");
+    m.boton(w, u"Acepto"_s);
+  });
+  QTest::keyClick(v, Qt::Key_Delete);
+  EXPECT_EQ(m.leer(kOfertas), u"1 11 700 - - 0 0");
+  grid.irA(0);
+  m.alAbrirse([&](QWidget* w) {
+    EXPECT_FALSE(w->findChild<QRadioButton*>(u"opTodo"_s)->isVisible()) << "nothing to choose";
+    m.boton(w, u"Cancelo"_s);
+  });
+  QTest::keyClick(v, Qt::Key_Delete);
+  EXPECT_EQ(m.leer(kOfertas), u"1 11 700 - - 0 0");
+}
+
+}  // namespace tarvo::prueba

@@ -1,0 +1,174 @@
+#include "Mostrador.h"
+
+namespace tarvo::prueba {
+
+// Thirty prices, one a line: what is typed, Enter, what is typed, Enter.
+TEST(VentanaRapida, CambiaElPrecioDeTreintaArticulos) {
+  Mostrador m;
+  auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
+  auto* v = m.abrir(u"FastModf"_s, {{u"seccion"_s, 1}});
+  EXPECT_EQ(lista->hijos, 1);
+  auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
+  ASSERT_EQ(grid.filas(), 40) << "without the system articles";
+  auto& base = m.campo(v, u"precio00"_s);
+  base.setFocus();
+  base.selectAll();
+  for (int i = 1; i <= 30; ++i) {
+    m.teclear(u"%1,50"_s.arg(i));
+    m.pulsar(Qt::Key_Return);
+    ASSERT_EQ(m.foco(), &base);
+  }
+  EXPECT_EQ(m.leer(u"select count(*) from PLUSES where CODPLU>2 and PRECIO_00=100*(CODPLU-2)+50"_s),
+            u"30");
+  EXPECT_EQ(m.leer(u"select min(plu), count(*) from [Cross]"_s), u"33 20")
+      << "the groups no longer hold those thirty";
+  EXPECT_EQ(m.leer(u"select count(*) from HistoriaPrecios where VENTANA='FastModf'"_s), u"30");
+  EXPECT_EQ(grid.texto(0, u"PRECIO_00"), u"1,50") << "the grid beside it follows";
+  for (int i = 0; i < 12; ++i) m.pulsar(Qt::Key_Return);
+  EXPECT_EQ(grid.filaActual(), 39) << "at the end it stays";
+  EXPECT_EQ(m.leer(u"select count(*) from HistoriaPrecios"_s), u"30") << "nothing was typed";
+  v->descargar();
+  EXPECT_EQ(lista->hijos, 0);
+  EXPECT_EQ(lista->refrescos, 1);
+}
+
+TEST(VentanaRapida, LasTeclasYLosModos) {
+  Mostrador m;
+  auto* v = m.abrir(u"FastModf"_s);
+  const QString pasos[] = {u"precio10"_s, u"precio01"_s};  // next price, next tarifa
+  for (int modo = 0; modo < 2; ++modo) {
+    QTest::mouseDClick(v->findChild<QLabel*>(u"lbModo"_s), Qt::LeftButton);
+    EXPECT_EQ(m.ajustes.ModoIntroRapido, modo);
+    m.campo(v, u"precio00"_s).setFocus();
+    m.pulsar(Qt::Key_Return);
+    EXPECT_EQ(m.enFoco(), pasos[modo]);
+  }
+  auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
+  m.campo(v, u"precio23"_s).setFocus();
+  m.teclear(u"7"_s);
+  m.pulsar(Qt::Key_PageDown);
+  EXPECT_EQ(grid.filaActual(), 1);
+  EXPECT_EQ(m.enFoco(), u"precio23");
+  EXPECT_EQ(m.leer(u"select CODPLU from PLUSES where PRECIO_23=700"_s), u"3");
+  m.pulsar(Qt::Key_PageUp);
+  EXPECT_EQ(m.campo(v, u"precio23"_s).text(), u"7,00");
+  grid.vista()->setFocus();
+  m.pulsar(Qt::Key_PageDown);
+  EXPECT_EQ(grid.filaActual(), 1) << "in the list a page is an article too";
+}
+
+TEST(VentanaRapida, LasColumnasQueSeElijen) {
+  Mostrador m;
+  auto* v = m.abrir(u"FastModf"_s);
+  m.alAbrirse([&](QWidget* w) {
+    w->findChild<QRadioButton*>(u"opcion5_2"_s)->click();  // department, to change
+    w->findChild<QRadioButton*>(u"opcion2_0"_s)->click();  // price 1, invisible
+    w->findChild<QComboBox*>(u"lstModo"_s)->setCurrentIndex(1);
+    m.boton(w, u"Acepto"_s);
+  });
+  QTest::keyClick(v, Qt::Key_F9);
+  EXPECT_EQ(m.ajustes.ParrillaRapida, u"1,1,0,1,1,2,0,0,0,0,0,0,0,0,0,0,-1,,,,,");
+  EXPECT_EQ(m.ajustes.ModoIntroRapido, 1);
+  auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
+  EXPECT_TRUE(grid.vista()->isColumnHidden(grid.modelo()->columna(u"PRECIO_00")));
+  grid.vista()->setFocus();
+  grid.vista()->setCurrentIndex(grid.modelo()->index(0, grid.modelo()->columna(u"DEPTO")));
+  for (const QString& valor : {u"41"_s, u"2"_s}) {
+    ASSERT_TRUE(grid.editarCelda());
+    auto* celda = qobject_cast<QLineEdit*>(m.foco());
+    ASSERT_NE(celda, nullptr);
+    celda->selectAll();
+    QTest::keyClicks(celda, valor);
+    QTest::keyClick(celda, Qt::Key_Return);
+    EXPECT_EQ(m.leer(u"select DEPTO from PLUSES where CODPLU=3"_s), valor == u"2" ? u"2" : u"1");
+  }
+}
+
+// The prefix 12, and a department that doesn't move: four fields an article.
+TEST(VentanaAlta, ConPrefijoYDepartamentoFijo) {
+  Mostrador m;
+  m.ajustes.PrefijoCodigos = u"12"_s;
+  m.ajustes.NumPreciosAlta = m.ajustes.NumTarifasAlta = 1;
+  m.ajustes.ParrillaRapida = u"1,1,2,1,1,0,0,0,0,0,1,2,1,0,1,1,0,2,5,,0,0"_s;
+  auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
+  auto* v = m.abrir(u"FastAlta"_s);
+  EXPECT_FALSE(m.campo(v, u"txdep"_s).isEnabled());
+  EXPECT_EQ(m.campo(v, u"txdep"_s).text(), u"2");
+  const auto alta = [&](const QString& codigo, const QString& nombre, const QString& precio) {
+    m.teclear(codigo);
+    m.pulsar(Qt::Key_Return);
+    m.teclear(nombre);
+    m.pulsar(Qt::Key_Return);
+    m.teclear(precio);
+    for (int i = 0; i < 6; ++i) m.pulsar(Qt::Key_Return);  // the fixed one is skipped
+    EXPECT_EQ(m.enFoco(), u"Alta");
+    m.responder(u"Si"_s);
+    m.pulsar(Qt::Key_Return);
+  };
+  alta(u"34"_s, u"Lomo"_s, u"12,5"_s);
+  EXPECT_EQ(m.texto(v, u"lbUltimo"_s), u"Último: 1200034   Lomo");
+  EXPECT_EQ(m.enFoco(), u"txCod");
+  alta(u"35"_s, u"Cinta"_s, u"9"_s);
+  EXPECT_EQ(m.leer(u"select CODPLU, NOMPLU, DEPTO, FORMATO, PFX_BAR, PRECIO_00, PRECIO_10 from "
+                   "PLUSES where CODPLU>42 order by CODPLU"_s),
+            u"1200034 Lomo 2 5 0 1250 0 | 1200035 Cinta 2 5 0 900 0");
+  EXPECT_EQ(m.leer(u"select count(*) from MovsAlm where CODIGO>42"_s), u"4") << "two warehouses";
+  EXPECT_EQ(lista->codigo, 1200035);
+
+  m.teclear(u"35"_s);  // again
+  m.pulsar(Qt::Key_Return);
+  m.teclear(u"Otra"_s);
+  m.responder(u"Si"_s);
+  m.boton(v, u"Alta"_s);
+  EXPECT_EQ(v->tira().texto(), u"El código de registro ya existe: No debe duplicarse");
+  EXPECT_EQ(m.campo(v, u"txNom"_s).text(), u"Otra") << "the form stays";
+}
+
+TEST(VentanaAlta, NoSeSaleDeUnCampoQueNoVale) {
+  Mostrador m;
+  auto* v = m.abrir(u"FastAlta"_s);
+  m.teclear(u"2"_s);
+  for (const int tecla : {Qt::Key_Return, Qt::Key_Tab}) {
+    m.pulsar(tecla);
+    EXPECT_EQ(m.enFoco(), u"txCod") << "2 is a system article";
+  }
+  m.teclear(u"1234567"_s);
+  m.teclear(u"8"_s);
+  EXPECT_EQ(m.campo(v, u"txCod"_s).text(), u"2345678") << "a further digit pushes the first out";
+  m.pulsar(Qt::Key_Tab);
+  EXPECT_EQ(m.enFoco(), u"txNom");
+  m.responder(u"No"_s);
+  m.boton(v, u"Alta"_s);
+  EXPECT_EQ(m.campo(v, u"txCod"_s).text(), u"2345678");
+  m.alAbrirse([&](QWidget* caja) {
+    m.responder(u"Acepto"_s);
+    QTest::mouseClick(caja->findChild<QPushButton*>(u"Si"_s), Qt::LeftButton);
+  });
+  m.boton(v, u"Alta"_s);
+  EXPECT_EQ(m.textoModal, u"Alguno de los valores entrados es incorrecto");
+  m.responder(u"Cancelar"_s);
+  m.boton(v, u"Alta"_s);
+  EXPECT_EQ(m.campo(v, u"txCod"_s).text(), u"") << "Cancelar empties the form";
+}
+
+TEST(VentanaAlta, LaConfiguracionSeComprueba) {
+  Mostrador m;
+  auto* v = m.abrir(u"CfgFastA"_s);
+  const struct {
+    const char16_t *campo, *valor, *aviso;
+  } casos[] = {{u"txPrefijo", u"1x", u"El prefijo del código debe ser numérico"},
+               {u"txPrecios", u"4", u"Precios por tarifa incorrectos"},
+               {u"txTarifas", u"", u"Número incorrecto de tarifas"}};
+  for (const auto& c : casos) {
+    auto& campo = m.campo(v, QString::fromUtf16(c.campo));
+    const QString antes = campo.text();
+    campo.setText(QString::fromUtf16(c.valor));
+    m.responder(u"Acepto"_s);
+    m.boton(v, u"Acepto"_s);
+    EXPECT_EQ(m.textoModal, QString::fromUtf16(c.aviso));
+    EXPECT_TRUE(v->isVisible());
+    campo.setText(antes);
+  }
+}
+
+}  // namespace tarvo::prueba
