@@ -30,7 +30,7 @@ TEST_F(EstadoDeEnvio, DeBalanzas) {
   EXPECT_EQ(estado(), u"10=0 20=0 30=0 40=0 50=0 60=0 70=0");
   cambiar(10, u"PRECIO_00=5"_s);
   cambiarCallando(20, u"PRECIO_00=5"_s);
-  cambiarCallando(30, u"DEPTO=0"_s);
+  cambiarCallando(30, u"DEPTO=100"_s);
   valor(db->ejecutar(u"DELETE FROM Enviados WHERE CODPLU=40"));
   oferta(1, 50, 3, 0, 1);
   borrar(60);

@@ -6,6 +6,7 @@
 #include "articles/precios/ventanas/FastAlta.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/Retenida.h"
 #include "core/ventanas/Tira.h"
 
 namespace tarvo::precios {
@@ -14,6 +15,7 @@ using namespace Qt::StringLiterals;
 
 // Three answers: the box of the kit has two.
 FastAlta::Respuesta FastAlta::preguntar() {
+  const ventanas::Retenida mientras(this);
   QMessageBox caja(QMessageBox::Question, windowTitle(), t(kTxAnadir), QMessageBox::NoButton, this);
   QPushButton* si = caja.addButton(t(kTxSi), QMessageBox::YesRole);
   QPushButton* no = caja.addButton(t(kTxNo), QMessageBox::NoRole);
