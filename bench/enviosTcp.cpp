@@ -107,7 +107,7 @@ class Mesa {
     if (motor_.NuevaTarea(1, true, 0, 9'999'999, 1) != 0) morir(QStringLiteral("sin tarea"));
     const auto tarea = [&] { return motor_.tareas().front(); };
     esperarTcp([&] { return tarea().Traza >= 0; });
-    medir([&] { esperarTcp([&] { return tarea().Estado != motor::kTransfiriendo; }); });
+    medir([&] { esperarTcp([&] { return motor_.puedeCerrar(); }); });
     esperarTcp([&] { return motor_.tareas().empty(); });
     const auto filas = bien(db_->uno(u"SELECT count(*) FROM [Cross] WHERE borra=0")).entero();
     if (filas < kArticulosTcp - 2) morir(QStringLiteral("%1 artículos").arg(filas));

@@ -9,6 +9,7 @@ namespace tarvo::envios {
 namespace {
 
 constexpr int kEsperaDeNotas = 1000;  // ms
+constexpr size_t kNotasJuntas = 5000;
 // So many refusals running have a reason of their own, whatever their code.
 constexpr int kNegadasSeguidas = 20;
 constexpr int kSinRed = 102, kRedInterna = 103;
@@ -66,18 +67,15 @@ maquinas::Cabe<QByteArray> Remesa::registroDe(const Preparado& p) const {
   return que_ == Que::Precios ? soloPreciosDe(p) : p.registro;
 }
 
-Resultado<bool> Remesa::anunciar(qint64 codigo, const QByteArray& registro) {
-  return que_ == Que::Precios ? tenencias_.anunciarPrecios(codigo, registro)
-                              : tenencias_.anunciar(codigo, registro);
-}
-
 // REQUIRES a transaction.
 Resultado<Remesa::Enviable> Remesa::preparar(Preparado p) {
   Enviable e;
   e.saliente.codigo = p.codigo;
   const auto registro = registroDe(p);
   if (registro) {
-    const auto eraSuyo = anunciar(p.codigo, *registro);
+    if (que_ == Que::Articulos) e.huella = huellaDe(destino_.tipo, *registro);
+    const auto eraSuyo = que_ == Que::Precios ? tenencias_.anunciarPrecios(p.codigo, *registro)
+                                              : tenencias_.anunciar(p.codigo, e.huella);
     if (!eraSuyo) return std::unexpected(eraSuyo.error());
     e.eraSuyo = *eraSuyo;
     e.saliente.registro = *registro;
@@ -91,16 +89,19 @@ Resultado<Remesa::Enviable> Remesa::preparar(Preparado p) {
   return e;
 }
 
-// The next lot, in the order of the list; what was confirmed goes to disk with it.
+// The next lot, in the order of the list. What was confirmed goes to disk with its announcement,
+// where that has something to write.
 Resultado<> Remesa::cargar() {
   const auto trozo =
       std::span(lista_).subspan(leidos_, std::min(Lector::kLote, lista_.size() - leidos_));
+  // What was confirmed is judged by what has changed since its own lot was read.
+  if (db_.cambios() != cambios_) TARVO_INTENTAR(asentar());
   auto leidos = lector_.leer(trozo, reloj_.ahora());
   if (!leidos) return std::unexpected(leidos.error());
   std::vector<Enviable> nuevos;
   auto tr = dao::Transaccion::empezar(db_);
   if (!tr) return std::unexpected(tr.error());
-  TARVO_INTENTAR(escribir(notas_));
+  const qint64 antes = db_.cambios();
   for (const qint64 codigo : trozo) {
     const auto it = std::ranges::lower_bound(*leidos, codigo, {}, &Preparado::codigo);
     if (it == leidos->end() || it->codigo != codigo) continue;  // it is gone
@@ -108,9 +109,10 @@ Resultado<> Remesa::cargar() {
     if (!e) return std::unexpected(e.error());
     nuevos.push_back(std::move(*e));
   }
+  const bool conNotas = db_.cambios() != antes || notas_.size() >= kNotasJuntas;
+  if (conNotas) TARVO_INTENTAR(escribir(notas_, true));
   TARVO_INTENTAR(tr->confirmar());
-  notas_.clear();
-  turno_->parar();
+  if (conNotas) olvidarNotas();
   leidos_ += trozo.size();
   lote_ = std::move(nuevos);
   pos_ = 0;
@@ -152,7 +154,15 @@ void Remesa::enviado() {
   ++hechos_;
   negadasSeguidas_ = 0;
   resumen_.rechazados.erase(e.saliente.codigo);
-  anotar({Nota::Enviado, e.saliente.codigo, 0, std::move(e.preparado), e.eraSuyo});
+  anotar({Nota::Enviado,
+          e.saliente.codigo,
+          0,
+          std::move(e.preparado),
+          e.eraSuyo,
+          0,
+          {},
+          {},
+          e.huella});
   quitarPrimero();
 }
 
@@ -240,23 +250,34 @@ Resultado<> Remesa::asentar() {
   const bool alDia = db_.cambios() == cambios_;
   auto tr = dao::Transaccion::empezar(db_);
   if (!tr) return std::unexpected(tr.error());
-  TARVO_INTENTAR(escribir(notas_));
+  TARVO_INTENTAR(escribir(notas_, alDia));
   TARVO_INTENTAR(tr->confirmar());
-  notas_.clear();
-  turno_->parar();
+  olvidarNotas();
   if (alDia) cambios_ = db_.cambios();
   return {};
 }
 
-Resultado<> Remesa::escribir(std::span<const Nota> notas) {
-  const auto ahora = comoEstan(notas);
+void Remesa::olvidarNotas() {
+  notas_.clear();
+  turno_->parar();
+}
+
+// `alDia`: nothing but this sending has changed the store since the articles were read.
+Resultado<> Remesa::escribir(std::span<const Nota> notas, bool alDia) {
+  const auto ahora = comoEstan(notas, alDia);
   if (!ahora) return std::unexpected(ahora.error());
-  for (const Nota& n : notas) TARVO_INTENTAR(escribirNota(n, *ahora));
+  for (const Nota& n : notas) {
+    const auto it = ahora->find(n.codigo);
+    const bool igualQueFue = alDia && n.que == Nota::Enviado;
+    TARVO_INTENTAR(escribirNota(n, igualQueFue          ? &n.preparado
+                                   : it == ahora->end() ? nullptr
+                                                        : &it->second));
+  }
   return {};
 }
 
 // The articles that were confirmed, as they stand now: an answer may have come to what they were.
-Resultado<std::map<qint64, Preparado>> Remesa::comoEstan(std::span<const Nota> notas) {
+Resultado<std::map<qint64, Preparado>> Remesa::comoEstan(std::span<const Nota> notas, bool alDia) {
   std::map<qint64, Preparado> salida;
   std::vector<qint64> codigos;
   const auto leer = [&]() -> Resultado<> {
@@ -267,7 +288,7 @@ Resultado<std::map<qint64, Preparado>> Remesa::comoEstan(std::span<const Nota> n
     return {};
   };
   for (const Nota& n : notas) {
-    if (n.que != Nota::Enviado && n.que != Nota::Leido) continue;
+    if (n.que != Nota::Leido && (n.que != Nota::Enviado || alDia)) continue;
     codigos.push_back(n.codigo);
     if (codigos.size() == Lector::kLote) TARVO_INTENTAR(leer());
   }
@@ -275,13 +296,11 @@ Resultado<std::map<qint64, Preparado>> Remesa::comoEstan(std::span<const Nota> n
   return salida;
 }
 
-Resultado<> Remesa::escribirNota(const Nota& n, const std::map<qint64, Preparado>& ahora) {
-  const auto it = ahora.find(n.codigo);
-  const Preparado* p = it == ahora.end() ? nullptr : &it->second;
+Resultado<> Remesa::escribirNota(const Nota& n, const Preparado* p) {
   switch (n.que) {
     case Nota::Enviado:
       if (que_ == Que::Precios) return tenencias_.AnotarPrecios(n.preparado, p, n.eraSuyo);
-      return tenencias_.AnotarEnviado(n.codigo, *n.preparado.registro, p);
+      return tenencias_.AnotarEnviado(n.codigo, *n.preparado.registro, n.huella, p);
     case Nota::Hueco:
       return n.codigo == n.hasta ? tenencias_.AnotarBorrado(n.codigo)
                                  : tenencias_.AnotarHueco(n.codigo, n.hasta);
@@ -299,7 +318,9 @@ Resultado<> Remesa::escribirNota(const Nota& n, const std::map<qint64, Preparado
 Resultado<> Remesa::escribirLeido(const Nota& n, const Preparado* ahora) {
   const bool igual = ahora && ahora->registro && maquinas::mismaFicha(n.registro, *ahora->registro);
   ++(igual ? resumen_.iguales : ahora ? resumen_.distintos : resumen_.sobrantes);
-  if (igual) return tenencias_.AnotarEnviado(n.codigo, *ahora->registro, ahora);
+  if (igual)
+    return tenencias_.AnotarEnviado(n.codigo, *ahora->registro,
+                                    huellaDe(destino_.tipo, *ahora->registro), ahora);
   return tenencias_.AnotarDistinto(n.codigo, n.registro, ahora != nullptr);
 }
 

@@ -75,6 +75,7 @@ class Remesa {
   struct Enviable {
     Saliente saliente;
     Preparado preparado;
+    Huella huella;  // of a whole record
     bool eraSuyo = false;
   };
   struct Nota {
@@ -85,18 +86,19 @@ class Remesa {
     int error = 0;
     QString motivo{};
     QByteArray registro{};
+    Huella huella{};
   };
   Resultado<> cargar();
   Resultado<bool> refrescar();
   maquinas::Cabe<QByteArray> registroDe(const Preparado& p) const;
   Resultado<Enviable> preparar(Preparado p);
-  Resultado<bool> anunciar(qint64 codigo, const QByteArray& registro);
   void quitarPrimero();
   void anotar(Nota nota);
-  Resultado<> escribir(std::span<const Nota> notas);
-  Resultado<> escribirNota(const Nota& nota, const std::map<qint64, Preparado>& ahora);
+  void olvidarNotas();
+  Resultado<> escribir(std::span<const Nota> notas, bool alDia);
+  Resultado<> escribirNota(const Nota& nota, const Preparado* ahora);
   Resultado<> escribirLeido(const Nota& nota, const Preparado* ahora);
-  Resultado<std::map<qint64, Preparado>> comoEstan(std::span<const Nota> notas);
+  Resultado<std::map<qint64, Preparado>> comoEstan(std::span<const Nota> notas, bool alDia);
 
   dao::Database& db_;
   Reloj& reloj_;

@@ -19,6 +19,9 @@ Resultado<> Tenencias::empezar() {
                    u"FROM PLUSES WHERE PLUSES.SECCION=Retenidos.SECCION AND "
                    u"PLUSES.CODPLU=Retenidos.CODPLU))",
                    d_.grupo, d_.seccion));
+  const auto retenidos = db_.uno(u"SELECT count(*) FROM Retenidos WHERE GRUPO=?", d_.grupo);
+  if (!retenidos) return std::unexpected(retenidos.error());
+  hayRetenidos_ = retenidos->entero() > 0;
   return {};
 }
 
@@ -53,20 +56,41 @@ Resultado<> Tenencias::soltarOtrasSecciones() {
       u"INSERT INTO Enviados (GRUPO, SECCION, CODPLU, CUANDO) SELECT Grupo, Secc, plu, "
       u"? FROM [Cross] WHERE Grupo=? AND Secc<>? AND borra=0 ON CONFLICT (GRUPO, "
       u"SECCION, CODPLU) DO NOTHING",
-      reloj_.ahora(), d_.grupo, d_.seccion));
+      laHora(), d_.grupo, d_.seccion));
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Grupo=? AND Secc<>? AND borra=0",
                               d_.grupo, d_.seccion));
   return {};
 }
 
-Resultado<bool> Tenencias::anunciar(qint64 codigo, const QByteArray& registro) {
-  const Huella h = huellaDe(d_.tipo, registro);
-  TARVO_INTENTAR(db_.ejecutar(
+// Runs a statement that is run for each article, prepared once.
+template <class... P>
+Resultado<qint64> Tenencias::correr(Guardada cual, QStringView sql, const P&... parametros) {
+  auto& s = guardadas_[static_cast<size_t>(cual)];
+  if (!s) {
+    auto nueva = db_.preparar(sql);
+    if (!nueva) return std::unexpected(nueva.error());
+    s = std::move(*nueva);
+  }
+  int n = 0;
+  const auto ligar = [&](auto valor) {
+    if constexpr (std::is_floating_point_v<decltype(valor)>)
+      s->ligar(n++, double{valor});
+    else
+      s->ligar(n++, qint64{valor});
+  };
+  (ligar(parametros), ...);
+  return s->ejecutar();
+}
+
+Resultado<bool> Tenencias::anunciar(qint64 codigo, const Huella& h) {
+  TARVO_INTENTAR(correr(
+      kDudar,
       u"UPDATE Enviados SET HUELLA=NULL, HUELLA_PRE=NULL WHERE GRUPO=? AND SECCION=? AND CODPLU=? "
       u"AND (HUELLA<>? OR HUELLA_PRE<>?)",
       d_.grupo, d_.seccion, codigo, h.resto, h.precios));
   if (!d_.conCross()) return false;
-  const auto quitadas = db_.ejecutar(
+  const auto quitadas = correr(
+      kSoltar,
       u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=? AND borra=0 AND NOT EXISTS (SELECT "
       u"1 "
       u"FROM Enviados WHERE Enviados.GRUPO=? AND SECCION=? AND CODPLU=? AND HUELLA=? AND "
@@ -92,8 +116,8 @@ Resultado<bool> Tenencias::anunciarPrecios(qint64 codigo, const QByteArray& prec
 }
 
 Resultado<> Tenencias::AnotarEnviado(qint64 codigo, const QByteArray& registro,
-                                     const Preparado* ahora) {
-  TARVO_INTENTAR(ponerEnviado(codigo, huellaDe(d_.tipo, registro)));
+                                     const Huella& huella, const Preparado* ahora) {
+  TARVO_INTENTAR(ponerEnviado(codigo, huella));
   TARVO_INTENTAR(quitarRetenido(codigo));
   const bool igual = ahora && ahora->registro && *ahora->registro == registro;
   if (igual) TARVO_INTENTAR(asentarOferta(*ahora));
@@ -111,7 +135,7 @@ Resultado<> Tenencias::AnotarPrecios(const Preparado& entonces, const Preparado*
       u"ON "
       u"CONFLICT (GRUPO, SECCION, CODPLU) DO UPDATE SET HUELLA_PRE=excluded.HUELLA_PRE, "
       u"CUANDO=excluded.CUANDO",
-      d_.grupo, d_.seccion, codigo, huellaDePrecios(*soloPreciosDe(entonces)), reloj_.ahora()));
+      d_.grupo, d_.seccion, codigo, huellaDePrecios(*soloPreciosDe(entonces)), laHora()));
   if (!ahora) return ponerCross(codigo, true);
   if (ahora->precios == entonces.precios) TARVO_INTENTAR(asentarOferta(*ahora));
   if (!ahora->registro || ahora->registro != entonces.registro) return quitarCross(codigo);
@@ -148,12 +172,13 @@ Resultado<> Tenencias::AnotarDistinto(qint64 codigo, const QByteArray& registro,
 }
 
 Resultado<> Tenencias::AnotarRetenido(qint64 codigo, const QString& motivo, int error) {
-  const Fecha ahora = reloj_.ahora();
+  const Fecha cuando = laHora();
+  hayRetenidos_ = true;
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO Retenidos (GRUPO, SECCION, CODPLU, MOTIVO, ERROR, DESDE, CUANDO) VALUES (?, ?, "
       u"?, ?, ?, ?, ?) ON CONFLICT (GRUPO, SECCION, CODPLU) DO UPDATE SET MOTIVO=excluded.MOTIVO, "
       u"ERROR=excluded.ERROR, CUANDO=excluded.CUANDO",
-      d_.grupo, d_.seccion, codigo, motivo, error, ahora, ahora));
+      d_.grupo, d_.seccion, codigo, motivo, error, cuando, cuando));
   return {};
 }
 
@@ -177,16 +202,15 @@ Resultado<> Tenencias::guardarFicha(qint64 codigo, const std::optional<QByteArra
       u"INSERT INTO FichasPedidas (GRUPO, CODPLU, FICHA, CUANDO) VALUES (?, ?, ?, ?) ON CONFLICT "
       u"(GRUPO, CODPLU) DO UPDATE SET FICHA=excluded.FICHA, CUANDO=excluded.CUANDO",
       d_.grupo, codigo,
-      registro ? dao::Valor(QString::fromLatin1(registro->toHex())) : dao::Valor(),
-      reloj_.ahora()));
+      registro ? dao::Valor(QString::fromLatin1(registro->toHex())) : dao::Valor(), laHora()));
   return {};
 }
 
 Resultado<> Tenencias::ponerCross(qint64 codigo, bool borra) {
-  TARVO_INTENTAR(
-      db_.ejecutar(u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) VALUES (?, ?, ?, ?) ON CONFLICT "
-                   u"(Secc, plu, Grupo) DO UPDATE SET borra=excluded.borra",
-                   d_.seccion, codigo, d_.grupo, borra));
+  TARVO_INTENTAR(correr(kCruzar,
+                        u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) VALUES (?, ?, ?, ?) ON "
+                        u"CONFLICT (Secc, plu, Grupo) DO UPDATE SET borra=excluded.borra",
+                        d_.seccion, codigo, d_.grupo, borra ? 1 : 0));
   return {};
 }
 
@@ -197,11 +221,12 @@ Resultado<> Tenencias::quitarCross(qint64 codigo) {
 }
 
 Resultado<> Tenencias::ponerEnviado(qint64 codigo, const Huella& h) {
-  TARVO_INTENTAR(db_.ejecutar(
+  TARVO_INTENTAR(correr(
+      kProbar,
       u"INSERT INTO Enviados (GRUPO, SECCION, CODPLU, HUELLA, HUELLA_PRE, CUANDO) VALUES (?, ?, ?, "
       u"?, ?, ?) ON CONFLICT (GRUPO, SECCION, CODPLU) DO UPDATE SET HUELLA=excluded.HUELLA, "
       u"HUELLA_PRE=excluded.HUELLA_PRE, CUANDO=excluded.CUANDO",
-      d_.grupo, d_.seccion, codigo, h.resto, h.precios, reloj_.ahora()));
+      d_.grupo, d_.seccion, codigo, h.resto, h.precios, laHora().dias()));
   return olvidarOtrasSecciones(codigo, codigo);
 }
 
@@ -228,9 +253,20 @@ Resultado<> Tenencias::asentarOferta(const Preparado& p) {
   return {};
 }
 
+// To the second, which is what the clock gives.
+Fecha Tenencias::laHora() {
+  constexpr qint64 kSegundo = 1000;
+  if (const qint64 ms = reloj_.monotono(); vistaLaHora_ < 0 || ms - vistaLaHora_ >= kSegundo) {
+    ahora_ = reloj_.ahora();
+    vistaLaHora_ = ms;
+  }
+  return ahora_;
+}
+
 Resultado<> Tenencias::quitarRetenido(qint64 codigo) {
-  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Retenidos WHERE GRUPO=? AND SECCION=? AND CODPLU=?",
-                              d_.grupo, d_.seccion, codigo));
+  if (!hayRetenidos_) return {};
+  TARVO_INTENTAR(correr(kCumplir, u"DELETE FROM Retenidos WHERE GRUPO=? AND SECCION=? AND CODPLU=?",
+                        d_.grupo, d_.seccion, codigo));
   return {};
 }
 

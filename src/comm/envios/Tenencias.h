@@ -3,6 +3,9 @@
 // write REQUIRES a transaction of the caller.
 #pragma once
 
+#include <array>
+#include <memory>
+
 #include "comm/envios/Lector.h"
 #include "core/dao/Database.h"
 #include "core/tiempo/Reloj.h"
@@ -21,12 +24,14 @@ class Tenencias {
   // Before a record goes: as long as the group hasn't confirmed it, nobody knows what it holds.
   // True when Cross said that it held the article, and says so no more. Where what it holds is
   // proved to be this record, nothing changes.
-  Resultado<bool> anunciar(qint64 codigo, const QByteArray& registro);
+  Resultado<bool> anunciar(qint64 codigo, const Huella& huella);
   Resultado<bool> anunciarPrecios(qint64 codigo, const QByteArray& precios);
 
   // AnotarEnviado: the group has confirmed a record. `ahora` is the article as it stands now, null
   // when it is gone; the group holds it as it stands if that is what it got.
-  Resultado<> AnotarEnviado(qint64 codigo, const QByteArray& registro, const Preparado* ahora);
+  // `huella`: of `registro`.
+  Resultado<> AnotarEnviado(qint64 codigo, const QByteArray& registro, const Huella& huella,
+                            const Preparado* ahora);
   // The same for a record of prices, sent while the article stood as `entonces`. `eraSuyo`:
   // anunciarPrecios answered true for it.
   Resultado<> AnotarPrecios(const Preparado& entonces, const Preparado* ahora, bool eraSuyo);
@@ -57,10 +62,20 @@ class Tenencias {
   Resultado<> olvidarOtrasSecciones(qint64 desde, qint64 hasta);
   Resultado<> asentarOferta(const Preparado& p);
   Resultado<> quitarRetenido(qint64 codigo);
+  Fecha laHora();
+
+  // Statements that run for each article.
+  enum Guardada { kDudar, kSoltar, kCruzar, kProbar, kCumplir, kGuardadas };
+  template <class... P>
+  Resultado<qint64> correr(Guardada cual, QStringView sql, const P&... parametros);
 
   dao::Database& db_;
   Reloj& reloj_;
   const Destino d_;
+  std::array<std::unique_ptr<dao::Sentencia>, kGuardadas> guardadas_;
+  bool hayRetenidos_ = true;  // as far as is known
+  Fecha ahora_;
+  qint64 vistaLaHora_ = -1;          // ms of the monotonic clock
   std::vector<int> otrasSecciones_;  // of which something stands in Enviados for this group
 };
 

@@ -40,7 +40,7 @@ class Escritor {
   void hastaTope(CampoPLU campo, qint64 n, int ancho, qint64 minimo, qint64 maximo) {
     if (n < minimo) return negar({campo, NoCabe::Pequeno, minimo, QString::number(n)});
     if (n > maximo) return negar({campo, NoCabe::Grande, maximo, QString::number(n)});
-    registro_ += Ceros(n, ancho);
+    cifras(n, ancho);
   }
   // What stands behind the width is left out, as on any display.
   void nombre(CampoPLU campo, const QString& texto, int ancho) {
@@ -79,6 +79,13 @@ class Escritor {
         return negar({campo, NoCabe::Letra, i + 1, letras.mid(i, c.isSurrogate() ? 2 : 1)});
       registro_ += static_cast<char>(b);
     }
+  }
+
+  // A list of articles is made of little else.
+  void cifras(qint64 n, int ancho) {
+    registro_.resize(registro_.size() + ancho);
+    for (char* p = registro_.data() + registro_.size(); ancho > 0; --ancho, n /= 10)
+      *--p = static_cast<char>('0' + n % 10);
   }
 
   const int tipo_;
