@@ -1,8 +1,5 @@
 #include "comm/envios/Lector.h"
 
-#include <QCryptographicHash>
-#include <QtEndian>
-
 namespace tarvo::envios {
 
 namespace {
@@ -92,9 +89,11 @@ maquinas::Articulo leerArticuloPlano(const dao::Recordset& rs) {
   return a;
 }
 
-qint64 resumen(const QByteArray& bytes) {
-  const QByteArray h = QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
-  return qFromBigEndian<qint64>(h.constData());
+// FNV-1a: nobody chooses records so that they fall together, and one in 2^64 does.
+qint64 resumen(QByteArrayView bytes) {
+  quint64 h = 0xCBF29CE484222325U;
+  for (const char c : bytes) h = (h ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
+  return static_cast<qint64>(h);
 }
 
 }  // namespace
