@@ -6,6 +6,7 @@
 #include "articles/precios/ventanas/FastAlta.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/Retenida.h"
 #include "core/ventanas/Tira.h"
 
 namespace tarvo::precios {
@@ -23,6 +24,7 @@ FastAlta::Respuesta FastAlta::preguntar() {
   cancelar->setObjectName(u"Cancelar"_s);
   caja.setDefaultButton(si);
   caja.setEscapeButton(no);
+  const ventanas::Retenida mientras(this);
   caja.exec();
   return caja.clickedButton() == si   ? Respuesta::Si
          : caja.clickedButton() == no ? Respuesta::No
