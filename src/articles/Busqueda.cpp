@@ -26,9 +26,12 @@ Condicion condicionBusqueda(const QString& texto) {
     // Digits have neither accents nor case: the store's own search for them is the quicker one.
     const bool cifras =
         std::ranges::all_of(palabra, [](QChar x) { return x >= u'0' && x <= u'9'; });
+    // Zeros in front are of the code as it is shown; without them the number itself will do.
+    const QString codigo = palabra.startsWith(u'0') ? u"format(CODPLU,'0000000')"_s : u"CODPLU"_s;
     const QString una =
         cifras
-            ? u"instr(NOMPLU,?)>0 or instr(CodBarExt,?)>0 or instr(format(CODPLU,'0000000'),?)>0 or (CodBarExt is null and instr(PFX_BAR & format(CODPLU,'000000'),?)>0)"_s
+            ? u"instr(NOMPLU,?)>0 or instr("_s + codigo +
+                  u",?)>0 or instr(CodBarExt,?)>0 or (CodBarExt is null and instr(PFX_BAR & format(CODPLU,'000000'),?)>0)"_s
             : u"NOMPLU like ? or CodBarExt like ?"_s;
     c.sql += (c.sql.isEmpty() ? u"("_s : u" and ("_s) + una + u')';
     c.valores.insert(c.valores.end(), cifras ? 4 : 2,

@@ -26,7 +26,6 @@ Resultado<> Cambios::MarcarArticuloBorrado(int seccion, qint64 codigo, bool borr
 Resultado<> Cambios::ArticuloSale(int seccion, qint64 codigo) {
   TARVO_INTENTAR(
       db_.ejecutar(u"UPDATE [Cross] SET borra=1 WHERE Secc=? AND plu=?", seccion, codigo));
-  MarcarSeccion(seccion);
   return {};
 }
 

@@ -27,7 +27,7 @@ class Cambios {
   // An article has come into a section from another one: whatever was noted there under its code
   // was of another article.
   Resultado<> ArticuloLlega(int seccion, qint64 codigo);
-  // As ArticuloSale, for all articles of a department.
+  // As ArticuloSale, for all articles of a department; the section joins the modified ones.
   Resultado<> SaleDepartamento(int seccion, int departamento);
 
   // The sections changed since somebody last sent or let go of them, in that order, each once. They

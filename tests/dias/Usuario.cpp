@@ -148,7 +148,7 @@ QString Usuario::trasladar(Catalogo& c) {
   const C claves[] = {*clave};
   const int destino = t_.azar.entero(1, t_.secciones);
   const bool mueve = t_.azar.ocurre(0.5);
-  const auto r = mueve ? c.mover(claves, destino) : c.copiar(claves, destino);
+  const auto r = mueve ? c.mover(claves, destino) : c.copiar(claves, destino, kVentana);
   return u"%1 %2/%3 a %4 %5"_s.arg(mueve ? u"mueve"_s : u"copia"_s)
       .arg(clave->seccion)
       .arg(clave->codigo)

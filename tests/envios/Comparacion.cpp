@@ -41,7 +41,7 @@ TEST_F(Birch, LasTramasDeCadaCaso) {
       valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
     maquina(4).memoria().catalogo.clear();
     for (const int n : c.aqui) alta(n, n);
-    for (const int n : c.retenidos) cambiar(n, u"DEPTO=0"_s);
+    for (const int n : c.retenidos) cambiar(n, u"DEPTO=100"_s);
     for (const int n : c.alli) enBalanza(n);
     EXPECT_EQ(enviar(4, kTxPlus, true, c.desde, c.hasta), c.frames);
     EXPECT_EQ(codigos(), c.queda.split(u' ')) << qPrintable(c.frames);

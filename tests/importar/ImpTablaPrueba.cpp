@@ -46,6 +46,13 @@ TEST_F(ImpTabla_, LosTitulosSeReconocen) {
   const Emparejado debe{Campo::Codigo,    Campo::Nombre, campoPrecio(0, 0), campoPrecio(0, 3),
                         Campo::CodBarExt, std::nullopt,  campoPrecio(1, 2)};
   EXPECT_EQ(t.columnas, debe);
+  // "Artículo" may be the name or the code.
+  const auto dos = [&](const char* titulos) {
+    leida = bien(leerTabla(fichero(titulos, u"d.csv"_s), textosDePrueba()));
+    return emparejar(leida.tabla, textosDePrueba()).columnas;
+  };
+  EXPECT_EQ(dos("Articulo;Codigo\n1;2\n"), (Emparejado{Campo::Nombre, Campo::Codigo}));
+  EXPECT_EQ(dos("Articulo;Descripcion\n1;2\n"), (Emparejado{Campo::Codigo, Campo::Nombre}));
 }
 
 TEST_F(ImpTabla_, EnsayarNoCambiaNadaYDiceTodo) {

@@ -200,7 +200,7 @@ TEST(FichaDeArticulo, LoQueNoCabe) {
        [](auto& a) { a.pfxBar = QStringLiteral("12345678"); },
        C::PFX_BAR,
        M::Largo},
-      {"sin departamento", {1, 2, 3, 4}, [](auto& a) { a.depto = 0; }, C::Depto, M::Pequeno},
+      {"sin departamento", {2}, [](auto& a) { a.depto = 0; }, C::Depto, M::Pequeno},
       {"departamento 11", {2}, [](auto& a) { a.depto = 11; }, C::Depto, M::Grande},
       {"departamento 100", {1, 3, 4}, [](auto& a) { a.depto = 100; }, C::Depto, M::Grande},
       {"código de 5 cifras", {2}, [](auto& a) { a.codigo = 10'000; }, C::CodPLU, M::Grande},

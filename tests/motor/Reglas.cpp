@@ -21,6 +21,35 @@ TEST_F(Reglas, LoQueNoSePuedeEncolar) {
   EXPECT_EQ(registro.porClave(u""), nullptr);
 }
 
+// Said once, when all is done and closed; a task that stays for the operator keeps it back.
+TEST_F(Reglas, TerminaCuandoPuedas) {
+  struct Mira final : motor::Observador {
+    void acabado() override { ++veces; }
+    int veces = 0;
+  } mira;
+  gestor->observar(&mira);
+  tienda();
+  encolar(1, 17);
+  encolar(1, 7);
+  gestor->TerminaCuandoPuedas();
+  reloj.avanzar(400);
+  EXPECT_EQ(mira.veces, 0);
+  ASSERT_TRUE(correr());
+  reloj.avanzar(5000);
+  EXPECT_EQ(mira.veces, 1);
+  gestor->VigilaProcesos(0, false, nullptr);
+  fallo(1, {Averia::Sorda});
+  encolar(1, 17);
+  gestor->TerminaCuandoPuedas();
+  reloj.avanzar(10 * 60 * 1000);
+  EXPECT_EQ(mira.veces, 1);
+  gestor->TerminaCuandoPuedas(false);
+  gestor->terminator();
+  reloj.avanzar(60 * 1000);
+  EXPECT_EQ(mira.veces, 1);
+  gestor->dejarDeObservar(&mira);
+}
+
 TEST_F(Reglas, UnAccesoSirveAUnaTareaCadaVez) {
   ajustes->canales[0].Device = ajustes->canales[1].Device = 3;
   arrancar();

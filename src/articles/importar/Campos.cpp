@@ -32,37 +32,45 @@ QStringList nombres(Campo campo, const Textos& textos) {
   return n;
 }
 
+using Candidatos = std::vector<Campo>;
+
 class Diccionario {
  public:
   explicit Diccionario(const Textos& textos) {
     for (int i = 0; i < kCampos; ++i)
       for (const QString& n : nombres(static_cast<Campo>(i), textos))
-        campos_.insert(pelado(n), static_cast<Campo>(i));
+        campos_[pelado(n)].push_back(static_cast<Campo>(i));
   }
-  // The whole heading, or else the longest name that it begins with.
-  std::optional<Campo> buscar(QString titulo, bool entero) const {
+  // What the whole heading names, or else the longest name that it begins with.
+  Candidatos buscar(QString titulo, bool entero) const {
     titulo = pelado(titulo);
     for (;;) {
       const auto hallado = campos_.constFind(titulo);
       if (hallado != campos_.constEnd()) return *hallado;
       const qsizetype corte = titulo.lastIndexOf(u' ');
-      if (entero || corte < 0) return std::nullopt;
+      if (entero || corte < 0) return {};
       titulo.truncate(corte);
     }
   }
 
  private:
-  QHash<QString, Campo> campos_;
+  QHash<QString, Candidatos> campos_;
 };
 
+// Names of one field first, so that "Artículo" is what "Código" leaves it to be.
 Emparejado columnasDe(const Tabla& tabla, int fila, const Diccionario& d) {
+  struct Vuelta {
+    bool entero;
+    size_t sentidos;
+  };
   Emparejado salida(static_cast<size_t>(tabla.columnas()));
-  for (const bool entero : {true, false})
+  for (const auto& [entero, sentidos] : {Vuelta{true, 1}, Vuelta{true, 2}, Vuelta{false, 2}})
     for (int c = 0; c < tabla.columnas(); ++c) {
       auto& suya = salida[static_cast<size_t>(c)];
-      if (suya) continue;
-      const auto campo = d.buscar(tabla.celda(fila, c), entero);
-      if (campo && std::ranges::find(salida, campo) == salida.end()) suya = campo;
+      const Candidatos campos = d.buscar(tabla.celda(fila, c), entero);
+      if (suya || campos.size() > sentidos) continue;
+      for (const Campo campo : campos)
+        if (!suya && std::ranges::find(salida, campo) == salida.end()) suya = campo;
     }
   return salida;
 }

@@ -7,6 +7,7 @@ namespace tarvo::envios {
 
 struct Rango {
   qint64 desde = 0, hasta = 9'999'999;
+  bool operator==(const Rango&) const = default;
 };
 
 // Every article of the range. The two system articles are never sent.

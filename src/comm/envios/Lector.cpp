@@ -131,6 +131,7 @@ Preparado Lector::preparar(const dao::Recordset& rs, Fecha ahora) const {
   Preparado p;
   maquinas::Articulo a = leerArticuloPlano(rs);
   p.codigo = a.codigo;
+  p.nombre = a.nombre;
   p.oferta = leerOferta(rs, ahora);
   p.precios = a.precios = LeerPrecios(rs, p.oferta);
   p.registro = maquinas::TramaPLU(destino_.tipo, a);

@@ -29,6 +29,7 @@ struct Oferta {
 
 struct Preparado {
   qint64 codigo = 0;
+  QString nombre;
   maquinas::Cabe<QByteArray> registro;  // the whole article
   Oferta oferta;
   std::array<qint64, 3> precios{};

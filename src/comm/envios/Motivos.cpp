@@ -17,11 +17,11 @@ qsizetype cifrasDe(qint64 limite) {
 }  // namespace
 
 QString nombreDeCampo(maquinas::CampoPLU campo, const Textos& textos) {
-  return textos(kTxCampoPLU + static_cast<int>(campo));
+  return textos(kTxTituloPLU + static_cast<int>(campo));
 }
 
 QString motivoDe(const NoCabe& n, const Textos& textos) {
-  const QString campo = nombreDeCampo(n.campo, textos);
+  const QString campo = textos(kTxCampoPLU + static_cast<int>(n.campo));
   switch (n.motivo) {
     case NoCabe::Grande:
       if (const qsizetype cifras = cifrasDe(n.limite); cifras > 0)

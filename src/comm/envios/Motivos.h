@@ -6,7 +6,7 @@
 
 namespace tarvo::envios {
 
-// The name of a field, for people.
+// The name of a field, as it stands alone.
 QString nombreDeCampo(maquinas::CampoPLU campo, const Textos& textos);
 // A sentence without its end: "el precio base tiene más de 6 cifras".
 QString motivoDe(const maquinas::NoCabe& noCabe, const Textos& textos);

@@ -106,7 +106,7 @@ Cabe<QByteArray> deBalanza(int tipo, const Articulo& a) {
              a.barras < 0 ? 0 : kUltimoTipoBarras, QString::number(a.barras)});
   e.fijo(QByteArray(1, static_cast<char>(kBarras + a.barras)));
   prefijo(e, a.pfxBar);
-  e.numero(CampoPLU::Depto, a.depto, 2, 1);
+  e.numero(CampoPLU::Depto, a.depto, 2);
   e.numero(CampoPLU::Tara, a.tara.value_or(1), 2);
   e.numero(CampoPLU::NUMDIAS_1, a.numdias1, 5);
   e.numero(CampoPLU::NUMDIAS_2, a.numdias2, 5);
@@ -167,7 +167,7 @@ Cabe<QByteArray> deCaja(const Articulo& a) {
   e.nombre(CampoPLU::NomPLU, a.nombre, 20);
   e.numero(CampoPLU::Precio0, a.precios[0], 9);
   e.numero(CampoPLU::Precio1, a.precios[1], 9);
-  e.numero(CampoPLU::Depto, a.depto, 2, 1);
+  e.numero(CampoPLU::Depto, a.depto, 2);
   return e.fin();
 }
 

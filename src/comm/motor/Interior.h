@@ -91,6 +91,7 @@ struct gestcomm::Interior {
   std::map<int, std::set<int>> clasesFallidas;  // 0: noted from outside
   qint64 ejecucionFallidos = 0;
   std::function<void()> alCerrar;
+  bool terminarAlAcabar = false;
   std::unique_ptr<Temporizador> pulso, alFin;
 
   // Cola.cpp: the queue
@@ -154,6 +155,7 @@ struct gestcomm::Interior {
   void eliminar(int id);
   bool todosInactivos() const;
   void comprobarFin();
+  void comprobarAcabado();
 
   // telling
   void cambio(const TareaViva& t);

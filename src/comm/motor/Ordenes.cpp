@@ -70,6 +70,12 @@ void gestcomm::Interior::comprobarFin() {
   f();
 }
 
+void gestcomm::Interior::comprobarAcabado() {
+  if (!terminarAlAcabar || !tareas.empty() || !todosInactivos()) return;
+  terminarAlAcabar = false;
+  for (size_t i = 0; i < observadores.size(); ++i) observadores[i]->acabado();
+}
+
 void gestcomm::Interior::cambio(const TareaViva& t) {
   const int id = t.datos.Id;
   for (size_t i = 0; i < observadores.size(); ++i) observadores[i]->tareaCambiada(id);

@@ -8,6 +8,7 @@ void gestcomm::Interior::latido() {
   if (automatico) pasarTareas();
   if (automatico || alCerrar) pasarCanales();
   if (alCerrar) comprobarFin();
+  comprobarAcabado();
 }
 
 // A call may queue or remove tasks: the pass goes on behind the number it has reached, up to the

@@ -137,6 +137,10 @@ void gestcomm::cerrar(std::function<void()> alCerrar) {
   d->alFin->unaVez(0);
 }
 
+void gestcomm::TerminaCuandoPuedas(bool si) {
+  d->terminarAlAcabar = si;
+}
+
 bool gestcomm::puedeCerrar() const {
   for (const auto& [id, t] : d->tareas)
     if (t->Estado == kAbriendo || t->Estado == kTransfiriendo || t->Estado == kRetenido)

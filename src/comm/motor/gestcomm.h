@@ -35,6 +35,8 @@ class Observador {
   virtual void colaCambiada() {}
   virtual void tareaCambiada(int /*id*/) {}
   virtual void canalCambiado(int /*canal*/) {}
+  // Everything that was queued is done, after TerminaCuandoPuedas.
+  virtual void acabado() {}
 };
 
 // A task as a window sees it.
@@ -88,6 +90,9 @@ class gestcomm final : private enlace::ClienteEnlace {
   // Asks all links to close. alCerrar() runs once every channel is idle; a link that answers
   // nothing is dropped.
   void cerrar(std::function<void()> alCerrar);
+  // Tells those that look on, once, when the queue is empty and every channel idle. A task that is
+  // given up and stays keeps it waiting, so that a person sees it. False takes it back.
+  void TerminaCuandoPuedas(bool si = true);
   bool puedeCerrar() const;  // no task opening, transferring or held
 
   std::vector<VistaTarea> tareas() const;

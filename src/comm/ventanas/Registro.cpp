@@ -4,6 +4,7 @@
 #include "comm/ventanas/CfgComm.h"
 #include "comm/ventanas/Diagnostico.h"
 #include "comm/ventanas/EdiParms.h"
+#include "comm/ventanas/EstadoEnvio.h"
 #include "comm/ventanas/GrpDlg.h"
 #include "comm/ventanas/RxPLUDlg.h"
 #include "comm/ventanas/TxPLUdlg.h"
@@ -28,6 +29,7 @@ void registrarVentanasComm(ventanas::Ventanas& v, const Servicios& s) {
   con(std::type_identity<Diagnostico>(), u"Diagnostico"_s,
       {{u"estado"_s, int{motor::kInterrumpido}}, {u"error"_s, 18}});
   con(std::type_identity<VerTramas>(), u"VerTramas"_s);
+  con(std::type_identity<EstadoEnvio>(), u"EstadoEnvio"_s);
   con(std::type_identity<CfgComm>(), u"CfgComm"_s);
   con(std::type_identity<EdiParms>(), u"EdiParms"_s, {{u"numero"_s, 1}});
   con(std::type_identity<ATModf>(), u"ATModf"_s, {{u"numero"_s, 1}});

@@ -1,10 +1,11 @@
 // The windows of communications, by name: gestcomm, GrpDlg, TxPLUdlg, RxPLUDlg, Diagnostico,
-// VerTramas, CfgComm, EdiParms, ATModf.
+// VerTramas, EstadoEnvio, CfgComm, EdiParms, ATModf.
 //
 //   GrpDlg, TxPLUdlg, RxPLUDlg: "clase", the kind of task; GrpDlg also "modo", 0, 1 (scales) or 2
 //     (zeroing). Accepted, they have queued the tasks.
 //   Diagnostico: "tarea", an id; or "estado" and "error", with "textoError" at will.
 //   VerTramas: "tarea", an id whose line is followed; or "canal", from 0; or nothing for all.
+//   EstadoEnvio: "grupo", the number of the group to begin with.
 //   EdiParms, ATModf: "canal", a ParamCanal* that is written once, on accepting, and "numero" of
 //     the channel, from 1.
 #pragma once

@@ -18,10 +18,10 @@ using motor::gestcomm;
 
 void gestcommVentana::conectarOrdenes() {
   const std::pair<QAction*, const char16_t*> imagenes[] = {
-      {ui_.RunP, u"ejecutar"},  {ui_.PauseP, u"pausa"},      {ui_.StopP, u"parar"},
-      {ui_.TrashP, u"borrar"},  {ui_.Diagn, u"informacion"}, {ui_.AutoP, u"automatico"},
-      {ui_.ManuP, u"operador"}, {ui_.BotonTramas, u"linea"}, {ui_.MnAbrSs, u"sesionAbierta"},
-      {ui_.MnCerSs, u"sesion"}, {ui_.MnCanSs, u"cerrar"}};
+      {ui_.RunP, u"ejecutar"},         {ui_.PauseP, u"pausa"},      {ui_.StopP, u"parar"},
+      {ui_.TrashP, u"borrar"},         {ui_.Diagn, u"informacion"}, {ui_.AutoP, u"automatico"},
+      {ui_.ManuP, u"operador"},        {ui_.BotonTramas, u"linea"}, {ui_.BotonEstado, u"articulo"},
+      {ui_.MnAbrSs, u"sesionAbierta"}, {ui_.MnCerSs, u"sesion"},    {ui_.MnCanSs, u"cerrar"}};
   const std::pair<QAction*, QKeySequence> teclas[] = {{ui_.RunP, Qt::Key_F6},
                                                       {ui_.PauseP, Qt::Key_F7},
                                                       {ui_.StopP, Qt::Key_F8},
@@ -29,12 +29,14 @@ void gestcommVentana::conectarOrdenes() {
                                                       {ui_.Diagn, Qt::Key_F9},
                                                       {ui_.AutoP, Qt::CTRL | Qt::Key_U},
                                                       {ui_.ManuP, Qt::CTRL | Qt::Key_M},
-                                                      {ui_.BotonTramas, Qt::CTRL | Qt::Key_T}};
+                                                      {ui_.BotonTramas, Qt::CTRL | Qt::Key_T},
+                                                      {ui_.BotonEstado, Qt::Key_F12}};
   for (const auto& [accion, tecla] : teclas) accion->setShortcut(tecla);
   for (const auto& [accion, imagen] : imagenes) accion->setIcon(icono(QString::fromUtf16(imagen)));
   ui_.btTramas->setDefaultAction(ui_.BotonTramas);
+  ui_.btEstado->setDefaultAction(ui_.BotonEstado);
   ui_.s_espe->setAcciones(
-      {ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.BotonTramas});
+      {ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.BotonTramas, ui_.BotonEstado});
   const auto al = [this](QAction* a, auto hacer) { connect(a, &QAction::triggered, this, hacer); };
   al(ui_.RunP, [this] {
     ordenar({motor::kEnEspera, motor::kAperturaFallida, motor::kInterrumpido, motor::kRetenido},
@@ -53,6 +55,7 @@ void gestcommVentana::conectarOrdenes() {
   al(ui_.AutoP, [this] { cambiarModo(true); });
   al(ui_.ManuP, [this] { cambiarModo(false); });
   al(ui_.BotonTramas, [this] { verTramas(); });
+  al(ui_.BotonEstado, [this] { verEstado(); });
   connect(ui_.s_espe, &Parrilla::activada, this, [this] { diagnosticar(); });
   connect(ui_.s_espe, &Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
   connect(ui_.s_espe, &Parrilla::exportado, this, [this](const QString& r) { decirBien(r); });
@@ -95,6 +98,15 @@ void gestcommVentana::cambiarModo(bool automatico) {
 void gestcommVentana::diagnosticar() {
   if (const int id = tareaElegida(); id != 0)
     contexto().ventanas.abrirModal(u"Diagnostico"_s, this, {{u"tarea"_s, id}});
+}
+
+// Of the group of the task chosen.
+void gestcommVentana::verEstado() {
+  Argumentos a;
+  if (const int fila = ui_.s_espe->filaActual(); fila >= 0)
+    if (const auto tarea = s_.motor.tarea(static_cast<int>(ui_.s_espe->clave(fila))))
+      a[u"grupo"_s] = tarea->datos.Grupo;
+  contexto().ventanas.abrir(u"EstadoEnvio"_s, this, a);
 }
 
 void gestcommVentana::verTramas() {

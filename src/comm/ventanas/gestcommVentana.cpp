@@ -62,6 +62,7 @@ gestcommVentana::~gestcommVentana() {
 
 Resultado<> gestcommVentana::preparar(const Argumentos&) {
   terminarAlAcabar_ = false;  // it is wanted again
+  s_.motor.TerminaCuandoPuedas(false);
   ponerMenus();
   colaSucia_ = canalesSucios_ = true;
   refrescar();
@@ -96,6 +97,11 @@ void gestcommVentana::tareaCambiada(int id) {
 void gestcommVentana::canalCambiado(int) {
   canalesSucios_ = true;
   ensuciar();
+}
+
+// Whoever queued it wanted the window for no longer than that.
+void gestcommVentana::acabado() {
+  QMetaObject::invokeMethod(this, [this] { descargar(); }, Qt::QueuedConnection);
 }
 
 void gestcommVentana::refrescar() {

@@ -25,6 +25,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void colaCambiada() override;
   void tareaCambiada(int id) override;
   void canalCambiado(int canal) override;
+  void acabado() override;
   void ensuciar();
   void refrescar();
   void ponerCola();
@@ -42,6 +43,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void cambiarModo(bool automatico);
   void diagnosticar();
   void verTramas();
+  void verEstado();
   void pedirGrupos(const EntradaMenu& entrada);
   bool canalesOcupados() const;
   void terminar();

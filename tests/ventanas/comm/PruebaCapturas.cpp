@@ -30,6 +30,9 @@ TEST_F(CapturasComm, Llenas) {
   valor(
       db->ejecutar(u"UPDATE GRUPOS SET NOMGPO='Carnicería del mercado', telef=iif(CODGPO=8, "
                    u"'no hay', telef)"));
+  valor(
+      db->ejecutar(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO) VALUES (1, 20, "
+                   u"'Jamón ibérico de bellota', 9999999, 4)"));
   abrir(u"gestcomm"_s);
   for (int n = 0; n < 40; ++n) gestor->NuevaTarea(1 + n % 12, true, 0, 9999999, 17 + n % 4);
   pasar(30000);

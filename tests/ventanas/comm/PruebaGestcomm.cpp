@@ -165,7 +165,7 @@ TEST_F(Gestcomm, MenusSegunGruposYQuienSabe) {
       {u"MnRxGrT", true, u""},
       {u"MnZero", true, u""},
       {u"MnTxFch", false, u"Ningún grupo admite esta tarea"},  // no clock in a register
-      {u"MnTxPLU", false, u"Esta versión todavía no"},         // nobody who sends it
+      {u"MnTxTec", false, u"Esta versión todavía no"},         // nobody who sends it
   };
   for (const auto& c : casos) {
     QAction* a = accion(QString::fromUtf16(c.entrada));
@@ -179,11 +179,12 @@ TEST_F(Gestcomm, MenusSegunGruposYQuienSabe) {
   EXPECT_EQ(abiertas.back(), u"gestcomm");
   EXPECT_EQ(gestor->CuantosQuedan().total, 1);
   // A sender that comes later enables its entry.
-  motor::ClaseTarea articulos = *registro.porNumero(1);
-  articulos.crear = registro.porNumero(17)->crear;
-  registro.anadir(articulos);
+  grupo(1, 1, u"cable 1"_s);
+  motor::ClaseTarea teclados = *registro.porNumero(2);
+  teclados.crear = registro.porNumero(17)->crear;
+  registro.anadir(teclados);
   escritorio.ventanas().abrir(u"gestcomm"_s);
-  EXPECT_TRUE(accion(u"MnTxPLU"_s)->isEnabled());
+  EXPECT_TRUE(accion(u"MnTxTec"_s)->isEnabled());
 }
 
 TEST_F(Gestcomm, LasSesiones) {

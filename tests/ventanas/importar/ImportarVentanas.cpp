@@ -181,6 +181,7 @@ TEST(VentanaImpTabla, LaPersonaCambiaLasColumnas) {
   ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"2."); }));
   boton(v, u"siguiente").click();
   EXPECT_EQ(v->tira().texto(), m.textos(4766)) << "no column is the code";
+  v->findChild<QAbstractButton*>(u"conTitulos"_s)->click();  // none of them is known
   const auto elegir = [&](const QString& columna, const QString& campo) {
     auto* caja = v->findChild<QComboBox*>(columna);
     caja->setCurrentIndex(caja->findText(campo));

@@ -93,8 +93,8 @@ TEST(VentanaAcciones, DescuentaSoloLoQueVinoDeLasBalanzas) {
               u"El periodo a procesar no ha sido creado por recepción de datos, por lo que está "
               u"marcado como NO PROCESABLE EN STOCK. ");
     EXPECT_EQ(t.leer(kStock), u"1 1 30000 | 2 0 30000") << v->tira().texto().toStdString();
-    const auto sitio = [v](const QString& boton) {
-      return v->tira().findChild<QToolButton*>(boton)->geometry();
+    const auto sitio = [v](const QString& cual) {
+      return v->tira().findChild<QToolButton*>(cual)->geometry();
     };
     QApplication::processEvents();
     EXPECT_FALSE(sitio(u"copiar"_s).intersects(sitio(u"deshacer"_s)));

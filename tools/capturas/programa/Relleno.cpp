@@ -25,6 +25,13 @@ const QByteArray kHorario =
     "22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,No;NOCHE\r\n"
     "22:00:00;No,No,No,No,No,S\xED,No;SEMANA\r\n";
 
+const QByteArray kTarifa =
+    "Lista de precios\r\n\r\nC\xF3"
+    "digo;Descripci\xF3n;P.V.P. (\x80);Coste;EAN;Secci\xF3n de venta;Notas\r\n"
+    "10;MANZANA EXTRA;1,95;1,20;8400000000109;FRUTAS;oferta\r\n"
+    "11;PERA EXTRA;2,05;1.250,00;8400000000116;FRUTAS;\r\n900;PI\xD1"
+    "A MINI;x;1,10;;TROPICALES;\r\n";
+
 Resultado<> escribir(const QString& ruta, const QByteArray& bytes) {
   QFile f(ruta);
   if (f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size()) return {};
@@ -89,7 +96,10 @@ Resultado<> dejarProceso(app::Aplicacion& aplicacion, const QString& carpeta) {
 Resultado<std::map<QString, ventanas::Argumentos>> argumentosLlenos(app::Aplicacion& aplicacion,
                                                                     const QString& carpeta) {
   const QString horario = carpeta + u"/NOCHES.CRO"_s;
+  const QString tarifa = carpeta + u"/TARIFA.csv"_s;
   TARVO_INTENTAR(escribir(horario, kHorario));
+  TARVO_INTENTAR(escribir(tarifa, kTarifa));
+  TARVO_INTENTAR(escribir(carpeta + u"/CATALOGO.PLU"_s, {}));
   std::vector<Aviso> avisos;
   CerrSes& c = aplicacion.cerrSes();
   TARVO_INTENTAR(c.AnalizarScratch(avisos));
@@ -97,7 +107,8 @@ Resultado<std::map<QString, ventanas::Argumentos>> argumentosLlenos(app::Aplicac
       DetalleSesion{c.recibidos(), c.propuestos(), c.OverWr, c.elegido()});
   return std::map<QString, ventanas::Argumentos>{
       {u"EdiCron"_s, {{u"horario"_s, horario}}},
-      {u"FormDetalles"_s, {{u"salida"_s, comoSalida(d)}}}};
+      {u"FormDetalles"_s, {{u"salida"_s, comoSalida(d)}}},
+      {u"ImpTabla"_s, {{u"fichero"_s, tarifa}}}};
 }
 
 }  // namespace tarvo::capturas

@@ -62,6 +62,7 @@ Resultado<> ImpTablaVentana::preparar(const ventanas::Argumentos& argumentos) {
   TARVO_INTENTAR(llenarSecciones(argumentos.value(u"seccion"_s, 0).toInt()));
   ui_.ficheros->setCarpeta(argumentos.value(u"carpeta"_s, contexto().ajustes.HomeDir).toString());
   irA(kFichero);
+  if (const QString f = argumentos.value(u"fichero"_s).toString(); !f.isEmpty()) leer(f);
   return {};
 }
 
@@ -109,6 +110,7 @@ void ImpTablaVentana::botones() {
   ui_.siguiente->setEnabled(hay && !ocupada);
   ui_.atras->setEnabled((paso_ == kColumnas || paso_ == kPrevia) && !ocupada);
   ui_.paginas->setEnabled(!ocupada);
+  ui_.paginas->setProperty("ocupada", ocupada);  // pictures wait for it
   ui_.deshacer->setEnabled(!ocupada && hayQueDeshacer(*this, lotes_));
 }
 

@@ -1,6 +1,6 @@
 // Articles from a CSV file or a spreadsheet, in four steps: file, columns, what would change, what
 // was done. Takes "carpeta", where it looks for files (the program's own without it), and
-// "seccion", for rows that don't say theirs.
+// "seccion", for rows that don't say theirs; a "fichero" is read at once.
 #pragma once
 
 #include "articles/importar/ImpTabla.h"

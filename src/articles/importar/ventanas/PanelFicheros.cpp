@@ -9,6 +9,7 @@
 
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
 #include "core/ventanas/Medidas.h"
+#include "core/ventanas/Retenida.h"
 #include "core/ventanas/Tema.h"
 
 namespace tarvo::importar {
@@ -58,6 +59,7 @@ void PanelFicheros::setCarpeta(const QString& carpeta) {
 }
 
 void PanelFicheros::escogerCarpeta() {
+  const ventanas::Retenida mientras(this);
   const QString otra = QFileDialog::getExistingDirectory(this, window()->windowTitle(), carpeta_);
   if (otra.isEmpty()) return;
   setCarpeta(otra);

@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 
 // Three answers: the box of the kit has two.
 FastAlta::Respuesta FastAlta::preguntar() {
+  const ventanas::Retenida mientras(this);
   QMessageBox caja(QMessageBox::Question, windowTitle(), t(kTxAnadir), QMessageBox::NoButton, this);
   QPushButton* si = caja.addButton(t(kTxSi), QMessageBox::YesRole);
   QPushButton* no = caja.addButton(t(kTxNo), QMessageBox::NoRole);

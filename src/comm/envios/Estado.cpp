@@ -1,0 +1,255 @@
+#include "comm/envios/Estado.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "comm/envios/Motivos.h"
+
+namespace tarvo::envios {
+
+namespace {
+
+struct Confirmado {
+  std::optional<Huella> huella;
+  Fecha cuando;
+};
+struct NoEnviado {
+  QString motivo;
+  int error = 0;
+  Fecha desde;
+};
+
+// What stands in the tables of one group.
+struct Sabido {
+  std::unordered_map<qint64, Confirmado> enviados;
+  std::unordered_map<qint64, NoEnviado> retenidos;
+  std::unordered_set<qint64> pendientes;
+  std::vector<qint64> sobrantes;
+};
+
+template <class Tomar>
+Resultado<> recorrer(Resultado<std::unique_ptr<dao::Recordset>> rs, const Tomar& tomar) {
+  if (!rs) return std::unexpected(rs.error());
+  for (; !(*rs)->Eof();) {
+    tomar(**rs);
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return {};
+}
+
+// While a wipe has no answer nothing is proved.
+Resultado<> leerEnviados(dao::Database& db, const Destino& d, Sabido& s) {
+  const auto borrando = db.uno(u"SELECT BORRANDO FROM EnviosGrupo WHERE GRUPO=?", d.grupo);
+  if (!borrando) return std::unexpected(borrando.error());
+  return recorrer(
+      db.consultar(u"SELECT CODPLU, HUELLA, HUELLA_PRE, CUANDO FROM Enviados WHERE GRUPO=? AND "
+                   u"SECCION=?",
+                   d.grupo, d.seccion),
+      [&](const dao::Recordset& rs) {
+        Confirmado& c = s.enviados[rs.entero(0)];
+        c.cuando = rs.fecha(3);
+        if (!rs.nulo(1) && !rs.nulo(2) && !borrando->logico())
+          c.huella = Huella{rs.entero(1), rs.entero(2)};
+      });
+}
+
+Resultado<> leerSobrantes(dao::Database& db, const Destino& d, Sabido& s) {
+  TARVO_INTENTAR(recorrer(
+      db.consultar(
+          u"SELECT DISTINCT CODPLU FROM Enviados WHERE GRUPO=? AND CODPLU>2 AND NOT EXISTS "
+          u"(SELECT 1 FROM PLUSES WHERE PLUSES.SECCION=? AND "
+          u"PLUSES.CODPLU=Enviados.CODPLU)",
+          d.grupo, d.seccion),
+      [&](const dao::Recordset& rs) { s.sobrantes.push_back(rs.entero(0)); }));
+  auto marcados = articulosPorBorrar(db, d);
+  if (!marcados) return std::unexpected(marcados.error());
+  s.sobrantes.insert(s.sobrantes.end(), marcados->begin(), marcados->end());
+  std::ranges::sort(s.sobrantes);
+  s.sobrantes.erase(std::ranges::unique(s.sobrantes).begin(), s.sobrantes.end());
+  return {};
+}
+
+Resultado<Sabido> leerSabido(dao::Database& db, const Destino& d, Fecha ahora) {
+  Sabido s;
+  TARVO_INTENTAR(leerEnviados(db, d, s));
+  TARVO_INTENTAR(leerSobrantes(db, d, s));
+  TARVO_INTENTAR(recorrer(
+      db.consultar(
+          u"SELECT CODPLU, MOTIVO, ERROR, DESDE FROM Retenidos WHERE GRUPO=? AND SECCION=?",
+          d.grupo, d.seccion),
+      [&](const dao::Recordset& rs) {
+        s.retenidos[rs.entero(0)] = {rs.texto(1), static_cast<int>(rs.entero(2)), rs.fecha(3)};
+      }));
+  if (!d.conCross()) return s;
+  const auto pendientes = SaltarSinCambios(db, d, {}, ahora);
+  if (!pendientes) return std::unexpected(pendientes.error());
+  s.pendientes.insert(pendientes->begin(), pendientes->end());
+  return s;
+}
+
+EstadoArticulo juzgar(const Preparado& p, const Destino& d, const Sabido& s, const Textos& textos) {
+  EstadoArticulo e{p.codigo, p.nombre, Situacion::Pendiente, {}, {}};
+  const auto retenido = s.retenidos.find(p.codigo);
+  const auto enviado = s.enviados.find(p.codigo);
+  const std::optional<Huella> suya =
+      enviado == s.enviados.end() ? std::nullopt : enviado->second.huella;
+  if (!p.registro) {
+    e.situacion = Situacion::Retenido;
+    e.motivo = motivoDe(p.registro.error(), textos);
+    if (retenido != s.retenidos.end()) e.desde = retenido->second.desde;
+    return e;
+  }
+  const bool probado = suya && *suya == huellaDe(d.tipo, *p.registro);
+  const bool pendiente = d.conCross() ? s.pendientes.contains(p.codigo) : !probado;
+  if (pendiente && retenido != s.retenidos.end() && retenido->second.error != 0) {
+    e.situacion = Situacion::Rechazado;
+    e.motivo = retenido->second.motivo;
+    e.desde = retenido->second.desde;
+  } else if (!pendiente) {
+    e.situacion = probado ? Situacion::AlDia : suya ? Situacion::Distinto : Situacion::SinPrueba;
+    if (enviado != s.enviados.end()) e.desde = enviado->second.cuando;
+  }
+  return e;
+}
+
+constexpr size_t kEncargosMaximos = 20;
+
+// Runs of articles that stand next to one another in the catalogue.
+Resultado<std::vector<Encargo>> tramos(dao::Database& db, const Destino& d,
+                                       std::span<const qint64> codigos) {
+  const auto todos = todosLosArticulos(db, d, {codigos.front(), codigos.back()});
+  if (!todos) return std::unexpected(todos.error());
+  std::vector<Encargo> salida;
+  bool seguido = false;
+  for (const qint64 c : *todos) {
+    const bool elegido = std::ranges::binary_search(codigos, c);
+    if (elegido && seguido)
+      salida.back().rango.hasta = c;
+    else if (elegido)
+      salida.push_back({true, {c, c}});
+    seguido = elegido;
+  }
+  if (salida.size() > kEncargosMaximos)
+    return std::vector<Encargo>{{true, {salida.front().rango.desde, salida.back().rango.hasta}}};
+  return salida;
+}
+
+}  // namespace
+
+Resultado<std::optional<Destino>> destinoDeGrupo(dao::Database& db, int grupo) {
+  const auto rs = db.consultar(u"SELECT SECCION, TIPO, tarifa FROM GRUPOS WHERE CODGPO=?", grupo);
+  if (!rs) return std::unexpected(rs.error());
+  if ((*rs)->Eof()) return std::nullopt;
+  const auto entero = [&](int c) { return static_cast<int>((*rs)->entero(c)); };
+  return Destino{grupo, entero(0), entero(1), std::clamp(entero(2), 0, 7)};
+}
+
+Resultado<std::vector<EstadoArticulo>> estadoDeEnvio(dao::Database& db, const Destino& d,
+                                                     const Textos& textos, Fecha ahora) {
+  const auto sabido = leerSabido(db, d, ahora);
+  if (!sabido) return std::unexpected(sabido.error());
+  const auto codigos = todosLosArticulos(db, d, {});
+  if (!codigos) return std::unexpected(codigos.error());
+  Lector lector(db, d);
+  std::vector<EstadoArticulo> salida;
+  salida.reserve(codigos->size() + sabido->sobrantes.size());
+  for (std::span<const qint64> resto(*codigos); !resto.empty();) {
+    const size_t n = std::min(resto.size(), Lector::kLote);
+    const auto leidos = lector.leer(resto.first(n), ahora);
+    if (!leidos) return std::unexpected(leidos.error());
+    for (const Preparado& p : *leidos) salida.push_back(juzgar(p, d, *sabido, textos));
+    resto = resto.subspan(n);
+  }
+  for (const qint64 c : sabido->sobrantes) salida.push_back({c, {}, Situacion::Sobra, {}, {}});
+  std::ranges::stable_sort(salida, {}, &EstadoArticulo::codigo);
+  return salida;
+}
+
+Resultado<Encargos> encargar(dao::Database& db, const Destino& d, std::span<const qint64> codigos) {
+  Encargos salida;
+  if (codigos.empty()) return salida;
+  const auto suyos = todosLosArticulos(db, d, {codigos.front(), codigos.back()});
+  if (!suyos) return std::unexpected(suyos.error());
+  std::vector<qint64> nuestros;
+  for (const qint64 c : codigos)
+    if (std::ranges::binary_search(*suyos, c)) nuestros.push_back(c);
+  if (!d.conCross()) {
+    salida.imposibles = static_cast<int>(codigos.size() - nuestros.size());
+    if (nuestros.empty()) return salida;
+    auto t = tramos(db, d, nuestros);
+    if (!t) return std::unexpected(t.error());
+    salida.tareas = std::move(*t);
+    return salida;
+  }
+  auto tr = dao::Transaccion::empezar(db);
+  if (!tr) return std::unexpected(tr.error());
+  for (const qint64 c : codigos) {
+    TARVO_INTENTAR(db.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=?", d.seccion,
+                               c, d.grupo));
+    if (!std::ranges::binary_search(nuestros, c))
+      TARVO_INTENTAR(
+          db.ejecutar(u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) VALUES (?, ?, ?, 1)",
+                      d.seccion, c, d.grupo));
+  }
+  TARVO_INTENTAR(tr->confirmar());
+  salida.tareas.push_back({false, {codigos.front(), codigos.back()}});
+  return salida;
+}
+
+// --- one article
+// ---------------------------------------------------------------------------------------------
+
+namespace {
+
+QString legible(int tipo, maquinas::CampoPLU campo, const QByteArray& bytes) {
+  if (campo == maquinas::CampoPLU::BARRAS)
+    return bytes.isEmpty() ? QString() : QString::number(bytes.front() - 22);
+  QString t = maquinas::textoDeBalanza(tipo, bytes);
+  t.replace(u'\r', u'\n');
+  while (t.endsWith(u' ')) t.chop(1);
+  return t;
+}
+
+std::vector<CampoComparado> enParalelo(int tipo, const maquinas::Ficha* aqui,
+                                       const maquinas::Ficha* alli, const Textos& textos) {
+  std::vector<CampoComparado> salida;
+  const auto distintos =
+      aqui && alli ? maquinas::diferencias(*aqui, *alli) : std::vector<maquinas::CampoPLU>{};
+  for (int i = 0; i < maquinas::kCamposPLU; ++i) {
+    const auto campo = static_cast<maquinas::CampoPLU>(i);
+    if (campo == maquinas::CampoPLU::CodBarExt) continue;
+    const auto ver = [&](const maquinas::Ficha* f) {
+      return f ? legible(tipo, campo, f->campo(campo)) : QString();
+    };
+    salida.push_back({nombreDeCampo(campo, textos), ver(aqui), ver(alli),
+                      std::ranges::find(distintos, campo) != distintos.end()});
+  }
+  return salida;
+}
+
+}  // namespace
+
+Resultado<FichaComparada> compararFicha(dao::Database& db, const Destino& d, qint64 codigo,
+                                        const Textos& textos, Fecha ahora) {
+  FichaComparada salida;
+  const auto rs = db.consultar(
+      u"SELECT FICHA, CUANDO FROM FichasPedidas WHERE GRUPO=? AND CODPLU=?", d.grupo, codigo);
+  if (!rs) return std::unexpected(rs.error());
+  std::optional<maquinas::Ficha> aqui, alli;
+  if (!(*rs)->Eof()) {
+    salida.cuando = (*rs)->fecha(1);
+    const auto leida = maquinas::leerFicha(QByteArray::fromHex((*rs)->texto(0).toLatin1()));
+    if (leida) alli = *leida;
+    salida.laTiene = alli.has_value();
+  }
+  Lector lector(db, d);
+  const auto leidos = lector.leer({&codigo, 1}, ahora);
+  if (!leidos) return std::unexpected(leidos.error());
+  if (!leidos->empty() && leidos->front().registro)
+    if (const auto f = maquinas::leerFicha(*leidos->front().registro)) aqui = *f;
+  salida.campos = enParalelo(d.tipo, aqui ? &*aqui : nullptr, alli ? &*alli : nullptr, textos);
+  return salida;
+}
+
+}  // namespace tarvo::envios

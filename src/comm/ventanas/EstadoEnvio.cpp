@@ -1,0 +1,274 @@
+#include "comm/ventanas/EstadoEnvio.h"
+
+#include <QHBoxLayout>
+#include <algorithm>
+
+#include "comm/envios/TablaDeEstado.h"
+#include "comm/ventanas/TextosCommVentanas.h"
+#include "core/ventanas/Medidas.h"
+#include "core/ventanas/Parrilla.h"
+#include "core/ventanas/TiraTrabajo.h"
+
+namespace tarvo::comm {
+
+using namespace Qt::StringLiterals;
+using namespace ventanas;
+using envios::Situacion;
+
+namespace {
+
+constexpr int kTodos = -1, kPorArreglar = -2;  // entries of the list of states beside them
+constexpr int kReposoEstado = 100;
+
+Estado formaDe(Situacion s) {
+  switch (s) {
+    case Situacion::AlDia:
+      return Estado::Bien;
+    case Situacion::SinPrueba:
+    case Situacion::Pendiente:
+    case Situacion::Sobra:
+      return Estado::Duda;
+    default:
+      return Estado::Mal;
+  }
+}
+
+std::vector<Columna> columnasEstado(const Textos& textos) {
+  return {{.titulo = kTxCodigoArticulo, .campo = u"CODPLU"_s, .clase = Clase::Codigo, .cifras = 7},
+          {.titulo = kTxNombreArticulo, .campo = u"NOMPLU"_s, .ancho = 200},
+          {.titulo = kTxSituacion,
+           .campo = u"SITUACION"_s,
+           .ancho = 150,
+           .ver =
+               [&textos](const dao::Valor& v) {
+                 return textos(kTxSituaciones + static_cast<int>(v.entero()));
+               },
+           .estado = [](const dao::Valor& v) { return formaDe(Situacion(v.entero())); }},
+          {.titulo = kTxDesdeCuando, .campo = u"DESDE"_s, .clase = Clase::Momento},
+          {.titulo = kTxMotivo, .campo = u"MOTIVO"_s, .ancho = 320}};
+}
+
+std::vector<Columna> columnasFicha(const Textos& textos) {
+  const QString igual = textos(kTxIgual), distinto = textos(kTxDistinto);
+  return {{.titulo = kTxCampo, .campo = u"campo"_s, .ancho = 190},
+          {.titulo = kTxAqui, .campo = u"aqui"_s, .ancho = 120},
+          {.titulo = kTxEnBalanza, .campo = u"alli"_s, .ancho = 120},
+          {.titulo = kTxSituacion,
+           .campo = u"distinto"_s,
+           .ancho = 96,
+           .ver =
+               [=](const dao::Valor& v) {
+                 return v.nulo() ? QString() : v.logico() ? distinto : igual;
+               },
+           .estado =
+               [](const dao::Valor& v) {
+                 return v.nulo() ? Estado::Ninguno : v.logico() ? Estado::Mal : Estado::Bien;
+               }}};
+}
+
+}  // namespace
+
+EstadoEnvio::EstadoEnvio(Contexto& c, const QString& nombre, const Servicios& s)
+    : Ventana(c, nombre),
+      s_(s),
+      despues_(c.reloj.temporizador([this] { calcular(); })),
+      pregunta_(c, *this) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  montar();
+  s_.motor.observar(this);
+}
+
+EstadoEnvio::~EstadoEnvio() {
+  s_.motor.dejarDeObservar(this);
+}
+
+void EstadoEnvio::montar() {
+  ui_.division->setStretchFactor(0, 1);
+  ui_.division->setSizes({escalar(680), escalar(520)});
+  ponerLetra(*ui_.LblCuenta, Letra::Secundaria);
+  ponerLetra(*ui_.LblFicha, Letra::Secundaria);
+  unir(ui_.Enviar, u"enviar"_s, Qt::Key_F6, [this] { enviar(); });
+  unir(ui_.Pedir, u"recibir"_s, Qt::Key_F7, [this] { pedir(); });
+  unir(ui_.Recalcular, u"refrescar"_s, Qt::CTRL | Qt::Key_R, [this] { calcular(); });
+  ui_.Ver->addItem(t(kTxPorArreglar), kPorArreglar);
+  ui_.Ver->addItem(t(kTxTodosLosArticulos), kTodos);
+  for (int i = 0; i < envios::kSituaciones; ++i) ui_.Ver->addItem(t(kTxSituaciones + i), i);
+  ui_.lista->preparar(contexto(), nombre(), columnasEstado(contexto().textos));
+  ui_.lista->filtros()->addWidget(ui_.filtros);
+  ui_.lista->setVacia(t(kTxNingunoAsi));
+  ui_.lista->setAcciones({ui_.Enviar, ui_.Pedir, ui_.Recalcular});
+  ui_.ficha->preparar(contexto(), nombre(), columnasFicha(contexto().textos));
+  ui_.ficha->vivas();
+  ui_.ficha->setBusca(false);
+  ui_.ficha->setPie(false);
+  ui_.ficha->setVacia(t(kTxEligeArticulo));
+  connect(ui_.Grupo, &QComboBox::activated, this, [this] { calcular(); });
+  connect(ui_.Ver, &QComboBox::activated, this, [this] { filtrar(); });
+  connect(ui_.lista, &Parrilla::actualCambiada, this, [this] { mostrarFicha(); });
+  connect(ui_.lista, &Parrilla::activada, this, [this] { pedir(); });
+  for (Parrilla* p : {ui_.lista, ui_.ficha})
+    connect(p, &Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
+}
+
+Resultado<> EstadoEnvio::preparar(const Argumentos& a) {
+  TARVO_INTENTAR(llenarGrupos(a.value(u"grupo"_s, grupo()).toInt()));
+  calcular();
+  ui_.lista->setFocus();
+  return {};
+}
+
+Resultado<> EstadoEnvio::llenarGrupos(int elegido) {
+  auto rs = contexto().db.consultar(
+      u"SELECT CODGPO, Format(CODGPO,'0000') & '  ' & NOMGPO FROM GRUPOS ORDER BY CODGPO");
+  if (!rs) return std::unexpected(rs.error());
+  ui_.Grupo->clear();
+  for (; !(*rs)->Eof();) {
+    ui_.Grupo->addItem((*rs)->texto(1), (*rs)->entero(0));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  ui_.Grupo->setCurrentIndex(std::max(0, ui_.Grupo->findData(elegido)));
+  if (ui_.Grupo->count() == 0) decirDuda(t(kTxSinGruposQueVer));
+  return {};
+}
+
+int EstadoEnvio::grupo() const {
+  return ui_.Grupo->currentData().toInt();
+}
+
+// --- what it shows
+// ---------------------------------------------------------------------------------
+
+void EstadoEnvio::calcular() {
+  destino_.reset();
+  const auto d = envios::destinoDeGrupo(contexto().db, grupo());
+  if (!haIdoBien(d) || !*d) return;
+  destino_ = **d;
+  enMarcha_ = ocupado();
+  ui_.Pedir->setEnabled(destino_->conCross());
+  ui_.LblCuenta->setText(t(kTxCalculando));
+  const Textos& textos = contexto().textos;
+  const Fecha ahora = contexto().reloj.ahora();
+  pregunta_.preguntar<Estados>(
+      [destino = *destino_, &textos, ahora](dao::Database& db) {
+        return envios::estadoDeEnvio(db, destino, textos, ahora);
+      },
+      [this](Resultado<Estados> r) {
+        if (haIdoBien(r)) llenar(std::move(*r));
+      });
+}
+
+void EstadoEnvio::llenar(Estados estados) {
+  contar(estados);
+  if (trabajo().enMarcha()) trabajo().parar();
+  auto tabla = std::make_shared<envios::TablaDeEstado>(contexto().db, std::move(estados));
+  llena_ = false;
+  trabajo().empezar(
+      t(kTxCalculando), [tabla](Trabajo::Avance& a) { return tabla->paso(a); },
+      [this](const Resultado<Trabajo::Fin>& fin) {
+        if (!haIdoBien(fin) || *fin != Trabajo::Fin::Acabado) return;
+        llena_ = true;
+        filtrar();
+      });
+}
+
+void EstadoEnvio::contar(const Estados& estados) {
+  std::array<int, envios::kSituaciones> n{};
+  for (const auto& e : estados) ++n[static_cast<size_t>(e.situacion)];
+  QString texto = t(kTxCuentas);
+  for (size_t i = 0; i < n.size(); ++i)
+    texto.replace(u'%' + QString::number(i + 1), QString::number(n[i]));
+  ui_.LblCuenta->setText(texto);
+}
+
+void EstadoEnvio::filtrar() {
+  if (!llena_) return;
+  const int que = ui_.Ver->currentData().toInt();
+  Origen o{.desde = QString::fromUtf16(envios::kTablaDeEstado),
+           .identidad = u"CODPLU"_s,
+           .orden = u"CODPLU"_s};
+  if (que == kPorArreglar)
+    o.filtro = u"SITUACION<>%1"_s.arg(static_cast<int>(Situacion::AlDia));
+  else if (que != kTodos)
+    o.filtro = u"SITUACION=%1"_s.arg(que);
+  haIdoBien(ui_.lista->abrir(o));
+  mostrarFicha();
+}
+
+void EstadoEnvio::mostrarFicha() {
+  const int fila = ui_.lista->filaActual();
+  ui_.LblFicha->clear();
+  if (!destino_ || !destino_->conCross() || fila < 0)
+    return ui_.ficha->vivas().poner(std::vector<FilaViva>());
+  const auto f =
+      envios::compararFicha(contexto().db, *destino_, ui_.lista->valor(fila, u"CODPLU").entero(),
+                            contexto().textos, contexto().reloj.ahora());
+  if (!haIdoBien(f)) return;
+  ui_.LblFicha->setText(
+      !f->cuando ? t(kTxSinPedir)
+                 : t(f->laTiene ? kTxComoLaTenia : kTxNoLaTiene).arg(f->cuando->general()));
+  std::vector<FilaViva> filas;
+  for (const auto& c : f->campos)
+    filas.push_back({static_cast<qint64>(filas.size()),
+                     {dao::Valor(c.campo), dao::Valor(c.aqui), dao::Valor(c.alli),
+                      f->laTiene ? dao::Valor(c.distinto) : dao::Valor()}});
+  ui_.ficha->vivas().poner(std::move(filas));
+}
+
+// --- what one does
+// ---------------------------------------------------------------------------------
+
+std::vector<qint64> EstadoEnvio::elegidos() {
+  std::vector<qint64> codigos;
+  for (const int fila : ui_.lista->filasParaActuar())
+    codigos.push_back(ui_.lista->valor(fila, u"CODPLU").entero());
+  std::ranges::sort(codigos);
+  if (codigos.empty()) decirDuda(t(kTxEligeArticulo));
+  return codigos;
+}
+
+void EstadoEnvio::enviar() {
+  const std::vector<qint64> codigos = elegidos();
+  if (codigos.empty() || !destino_) return;
+  const auto e = envios::encargar(contexto().db, *destino_, codigos);
+  if (!haIdoBien(e)) return;
+  constexpr int kTxArticulosClase = 1;
+  int encoladas = 0;
+  for (const envios::Encargo& tarea : e->tareas)
+    if (s_.motor.NuevaTarea(destino_->grupo, tarea.todo, tarea.rango.desde, tarea.rango.hasta,
+                            kTxArticulosClase) == 0)
+      ++encoladas;
+  if (encoladas < static_cast<int>(e->tareas.size())) return decirFallo(t(kTxGrupoNoComunica));
+  if (e->imposibles > 0)
+    decirDuda(t(kTxSobrantesSinBorrar, e->imposibles));
+  else
+    decirBien(t(kTxEnvioEncolado));
+}
+
+void EstadoEnvio::pedir() {
+  constexpr int kRxFichaClase = 24;
+  const int fila = ui_.lista->filaActual();
+  if (!destino_ || !destino_->conCross()) return;
+  if (fila < 0) return decirDuda(t(kTxEligeArticulo));
+  const qint64 codigo = ui_.lista->valor(fila, u"CODPLU").entero();
+  if (s_.motor.NuevaTarea(destino_->grupo, true, codigo, codigo, kRxFichaClase) != 0)
+    return decirFallo(t(kTxGrupoNoComunica));
+  ui_.LblFicha->setText(t(kTxPidiendo));
+}
+
+bool EstadoEnvio::ocupado() const {
+  constexpr int kDeArticulos[] = {1, 10, 11, 24};
+  const auto tareas = s_.motor.tareas();
+  return std::ranges::any_of(tareas, [&](const motor::VistaTarea& t) {
+    return t.datos.Grupo == grupo() &&
+           std::ranges::find(kDeArticulos, t.datos.Clase) != std::end(kDeArticulos);
+  });
+}
+
+// What the group holds is looked up anew when its tasks are over.
+void EstadoEnvio::colaCambiada() {
+  const bool antes = std::exchange(enMarcha_, ocupado());
+  if (antes && !enMarcha_) despues_->unaVez(kReposoEstado);
+}
+
+}  // namespace tarvo::comm

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <array>
+
+#include "comm/envios/Estado.h"
+#include "comm/ventanas/Servicios.h"
+#include "core/ventanas/Aparte.h"
+#include "core/ventanas/Ventana.h"
+#include "ui_FormaEstadoEnvio.h"
+
+namespace tarvo::comm {
+
+// What a group holds of the catalogue, article by article; from it one sends what is missing, and
+// asks the scales what they have under a number.
+class EstadoEnvio final : public ventanas::Ventana, private motor::Observador {
+ public:
+  EstadoEnvio(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
+  ~EstadoEnvio() override;
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+
+ private:
+  using Estados = std::vector<envios::EstadoArticulo>;
+  void montar();
+  Resultado<> llenarGrupos(int elegido);
+  int grupo() const;
+  void calcular();
+  void llenar(Estados estados);
+  void contar(const Estados& estados);
+  void filtrar();
+  void enviar();
+  void pedir();
+  void mostrarFicha();
+  std::vector<qint64> elegidos();
+  bool ocupado() const;
+  void colaCambiada() override;
+
+  Ui::FormaEstadoEnvio ui_;
+  Servicios s_;
+  std::optional<envios::Destino> destino_;
+  bool enMarcha_ = false;  // a task of the group about its articles is queued
+  bool llena_ = false;     // the list has its table
+  std::unique_ptr<Temporizador> despues_;
+  ventanas::Aparte pregunta_;
+};
+
+}  // namespace tarvo::comm

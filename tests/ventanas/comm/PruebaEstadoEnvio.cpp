@@ -1,0 +1,87 @@
+// The jobs at the send state: see what a group lacks, send just that, ask the scales for an article
+// and see where it differs.
+#include "Puesto.h"
+
+namespace tarvo::prueba {
+
+struct VentanaEstado : Puesto {
+  static constexpr int kEnvio = 1;
+  void SetUp() override {
+    grupo(1, 1, u"cable 1"_s);
+    for (const int c : {10, 20, 30}) poner(c, 100 * c, 1);
+    poner(40, 4000, 0);  // without a department
+  }
+  void poner(int codigo, int precio, int depto) {
+    valor(
+        db->ejecutar(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO) VALUES (1, "
+                     u"?, 'Tomate', ?, ?)",
+                     codigo, precio, depto));
+  }
+  ventanas::Parrilla* lista() { return control<ventanas::Parrilla>(u"lista"_s, u"EstadoEnvio"_s); }
+  ventanas::Parrilla* ficha() { return control<ventanas::Parrilla>(u"ficha"_s, u"EstadoEnvio"_s); }
+  QString cuenta() { return control<QLabel>(u"LblCuenta"_s, u"EstadoEnvio"_s)->text(); }
+  QString filasVistas() {
+    QStringList s;
+    for (int f = 0; f < lista()->filas(); ++f)
+      s << lista()->texto(f, u"CODPLU") + u' ' + lista()->texto(f, u"SITUACION");
+    return s.join(u',');
+  }
+  bool lista(const QString& filas) {
+    return hasta([&] { return filasVistas() == filas; });
+  }
+  void tecla(Qt::Key t, Qt::KeyboardModifiers m = {}) {
+    QTest::keyClick(escritorio.ventanas().cargada(u"EstadoEnvio"_s), t, m);
+  }
+};
+
+TEST_F(VentanaEstado, SeEnviaSoloLoElegido) {
+  abrir(u"EstadoEnvio"_s, {{u"grupo"_s, 1}});
+  ASSERT_TRUE(lista(u"0000010 Pendiente,0000020 Pendiente,0000030 Pendiente,0000040 Retenido"_s))
+      << filasVistas().toStdString();
+  EXPECT_EQ(lista()->texto(3, u"MOTIVO"), u"el departamento es 0, y tiene que ser 1 o más");
+  lista()->irA(1);
+  tecla(Qt::Key_F6);
+  ASSERT_TRUE(lista(u"0000010 Pendiente,0000030 Pendiente,0000040 Retenido"_s))
+      << filasVistas().toStdString();
+  EXPECT_EQ(oidas(1).size(), 1);
+  EXPECT_TRUE(cuenta().startsWith(u"Al día 1, sin prueba 0, pendientes 2"));
+  auto* ver = control<QComboBox>(u"Ver"_s, u"EstadoEnvio"_s);
+  ver->setFocus();
+  QTest::keyClick(ver, Qt::Key_Down);
+  ASSERT_TRUE(lista(u"0000010 Pendiente,0000020 Al día,0000030 Pendiente,0000040 Retenido"_s));
+}
+
+TEST_F(VentanaEstado, SePideUnArticuloALaBalanza) {
+  gestor->NuevaTarea(1, false, 0, 9999999, kEnvio);
+  ASSERT_TRUE(correr());
+  maquina(1).memoria().catalogo[20].ficha.replace(27, 6, "000007");
+  abrir(u"EstadoEnvio"_s, {{u"grupo"_s, 1}});
+  auto* ver = control<QComboBox>(u"Ver"_s, u"EstadoEnvio"_s);
+  QTest::keyClick(ver, Qt::Key_Down);
+  ASSERT_TRUE(lista(u"0000010 Al día,0000020 Al día,0000030 Al día,0000040 Retenido"_s));
+  lista()->irA(1);
+  EXPECT_EQ(ficha()->texto(2, u"alli"), u"");
+  tecla(Qt::Key_F7);
+  ASSERT_TRUE(lista(u"0000010 Al día,0000020 Pendiente,0000030 Al día,0000040 Retenido"_s))
+      << filasVistas().toStdString();
+  EXPECT_EQ(lista()->filaActual(), 1);
+  EXPECT_EQ(ficha()->texto(2, u"aqui"), u"002000");
+  EXPECT_EQ(ficha()->texto(2, u"alli"), u"000007");
+  EXPECT_EQ(ficha()->texto(2, u"distinto"), u"Distinto");
+  EXPECT_EQ(ficha()->texto(0, u"distinto"), u"Igual");
+}
+
+TEST_F(VentanaEstado, DesdeLaVentanaDeComunicaciones) {
+  grupo(2, 3, u"cable 2"_s, {4});
+  abrir(u"gestcomm"_s);
+  gestor->CambioAModo(false);
+  gestor->NuevaTarea(2, true, 0, 9999999, kEnvio);
+  pasar(200);
+  QTest::keyClick(cola(), Qt::Key_F12);
+  EXPECT_EQ(abiertas.back(), u"EstadoEnvio");
+  EXPECT_EQ(control<QComboBox>(u"Grupo"_s, u"EstadoEnvio"_s)->currentData().toInt(), 2);
+  ASSERT_TRUE(lista(u"0000010 Pendiente,0000020 Pendiente,0000030 Pendiente,0000040 Retenido"_s));
+  EXPECT_FALSE(control<QAction>(u"Pedir"_s, u"EstadoEnvio"_s)->isEnabled());
+}
+
+}  // namespace tarvo::prueba
