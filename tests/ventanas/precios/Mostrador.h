@@ -105,7 +105,7 @@ struct Mostrador : Mesa {
     alAbrirse([boton](QWidget* w) {
       auto* b = w->findChild<QPushButton*>(boton);
       ASSERT_NE(b, nullptr) << boton.toStdString();
-      QTest::mouseClick(b, Qt::LeftButton);
+      b->click();
     });
   }
   static QLineEdit& campo(QWidget* v, const QString& nombre) {

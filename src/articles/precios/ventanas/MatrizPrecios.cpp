@@ -37,6 +37,7 @@ void MatrizPrecios::preparar(ventanas::Contexto& contexto, int niveles, int tari
   for (auto& nivel : campos_) nivel.fill(nullptr);
   qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
   delete layout();
+  ultimo_ = this;
   auto* rejilla = new QGridLayout(this);
   rejilla->setContentsMargins(0, 0, 0, 0);
   rejilla->setSpacing(escalar(ventanas::kPaso));
@@ -63,6 +64,8 @@ void MatrizPrecios::hacerCampo(QGridLayout& rejilla, Celda celda) {
   connect(campo, &QLineEdit::editingFinished, this, [this, celda] { terminar(celda); });
   campos_[en(celda.nivel)][en(celda.tarifa)] = campo;
   rejilla.addWidget(campo, celda.tarifa + 1, celda.nivel + 1);
+  // Made later than the form, it stands where the matrix does among its keys.
+  setTabOrder(std::exchange(ultimo_, campo), campo);
 }
 
 QLineEdit* MatrizPrecios::campo(Celda c) const {

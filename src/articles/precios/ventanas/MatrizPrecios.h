@@ -47,6 +47,7 @@ class MatrizPrecios final : public QWidget {
   ventanas::Contexto* c_ = nullptr;
   std::array<std::array<QLineEdit*, articles::kTarifas>, articles::kNiveles> campos_{};
   articles::Precios puestos_{};
+  QWidget* ultimo_ = nullptr;  // made, in the order of the tab key
   int niveles_ = 0, tarifas_ = 0;
   Celda actual_;
 };

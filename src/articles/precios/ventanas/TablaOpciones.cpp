@@ -20,6 +20,7 @@ void TablaOpciones::preparar(const Textos& t, int nombres, int cuantas, int opci
   rejilla->setContentsMargins(0, 0, 0, 0);
   rejilla->setHorizontalSpacing(ventanas::escalar(ventanas::kSeparacion));
   rejilla->setColumnStretch(kOpciones + 1, 1);
+  QWidget* ultimo = this;
   for (int fila = 0; fila < cuantas; ++fila) {
     rejilla->addWidget(new QLabel(t(nombres + fila)), fila, 0);
     auto* grupo = new QButtonGroup(this);
@@ -29,6 +30,7 @@ void TablaOpciones::preparar(const Textos& t, int nombres, int cuantas, int opci
       boton->setAccessibleName(t(nombres + fila) + QStringLiteral(": ") + t(opciones + i));
       grupo->addButton(boton, i);
       rejilla->addWidget(boton, fila, i + 1);
+      setTabOrder(std::exchange(ultimo, boton), boton);
     }
     grupo->button(0)->setChecked(true);
     filas_.push_back(grupo);
