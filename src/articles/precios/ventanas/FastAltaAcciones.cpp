@@ -25,7 +25,6 @@ FastAlta::Respuesta FastAlta::preguntar() {
   cancelar->setObjectName(u"Cancelar"_s);
   caja.setDefaultButton(si);
   caja.setEscapeButton(no);
-  const ventanas::Retenida mientras(this);
   caja.exec();
   return caja.clickedButton() == si   ? Respuesta::Si
          : caja.clickedButton() == no ? Respuesta::No
