@@ -168,7 +168,9 @@ QString Usuario::oferta(Programa& p) {
   const Fecha hoy = t_.reloj.ahora().dia();
   const int que = t_.azar.entero(0, 5);
   if (que <= 3) {
-    precios::OfertaNueva o{.seccion = clave->seccion, .codigo = clave->codigo};
+    precios::OfertaNueva o;
+    o.seccion = clave->seccion;
+    o.codigo = clave->codigo;
     for (qint64& precio : o.precios) precio = t_.azar.entero(1, 900);
     const int desde = t_.azar.entero(-2, 2), dias = t_.azar.entero(0, 3);
     const auto v = precios::Vigencia::de(t_.azar.ocurre(0.3) ? precios::Dia() : hoy + desde,

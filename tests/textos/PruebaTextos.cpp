@@ -1,5 +1,6 @@
 // The text table and the helpers that fill its texts.
 #include <gtest/gtest.h>
+#include <QRegularExpression>
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -71,11 +72,14 @@ TEST(Ayudas, PluralSigueAlNumero) {
 }
 
 // The mark that keeps a text's last blanks is an apostrophe too: a text that ends in one needs two.
+// One within a word quotes nothing.
 TEST(Textos, LasComillasDeLaTablaVanPorPares) {
   const auto tabla = Textos::leer(QStringLiteral(TARVO_DATOS "/textos/es.txt"));
   ASSERT_TRUE(tabla) << tabla.error().texto.toStdString();
+  static const QRegularExpression dentro(QStringLiteral("(?<=\\w)'(?=\\w)"));
   for (int n = 0; n < 100000; ++n)
-    EXPECT_EQ((*tabla)(n).count(u'\'') % 2, 0) << n << ": " << (*tabla)(n).toStdString();
+    EXPECT_EQ((*tabla)(n).remove(dentro).count(u'\'') % 2, 0)
+        << n << ": " << (*tabla)(n).toStdString();
 }
 
 TEST(Ayudas, SemanaEsLaQueAcabaEnDomingo) {

@@ -12,7 +12,7 @@ enum class SiExiste { Sobreescribirlo, Conservarlo };
 
 class ImpPLU {
  public:
-  static constexpr int kLineasPorPaso = 400;
+  static constexpr int kLineasPorPaso = 800;
 
   // REQUIRES that the references outlive it. Errors: those of leerFichero.
   static Resultado<std::unique_ptr<ImpPLU>> abrir(dao::Database& db, articles::Catalogo& catalogo,

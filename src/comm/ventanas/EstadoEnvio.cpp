@@ -50,7 +50,7 @@ std::vector<Columna> columnasEstado(const Textos& textos) {
 
 std::vector<Columna> columnasFicha(const Textos& textos) {
   const QString igual = textos(kTxIgual), distinto = textos(kTxDistinto);
-  return {{.titulo = kTxCampo, .campo = u"campo"_s, .ancho = 190},
+  return {{.titulo = kTxCampo, .campo = u"campo"_s, .ancho = 150},
           {.titulo = kTxAqui, .campo = u"aqui"_s, .ancho = 120},
           {.titulo = kTxEnBalanza, .campo = u"alli"_s, .ancho = 120},
           {.titulo = kTxSituacion,
