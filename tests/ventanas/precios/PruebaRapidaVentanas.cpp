@@ -112,7 +112,8 @@ TEST(VentanaAlta, ConPrefijoYDepartamentoFijo) {
   EXPECT_EQ(m.leer(u"select CODPLU, NOMPLU, DEPTO, FORMATO, PFX_BAR, PRECIO_00, PRECIO_10 from "
                    "PLUSES where CODPLU>42 order by CODPLU"_s),
             u"1200034 Lomo 2 5 0 1250 0 | 1200035 Cinta 2 5 0 900 0");
-  EXPECT_EQ(m.leer(u"select count(*) from MovsAlm where CODIGO>42"_s), u"4") << "two warehouses";
+  EXPECT_EQ(m.leer(u"select count(*) from MovsAlm where CODIGO>42"_s),
+            m.leer(u"select 2*count(*) from ALMACEN"_s));
   EXPECT_EQ(lista->codigo, 1200035);
 
   m.teclear(u"35"_s);  // again

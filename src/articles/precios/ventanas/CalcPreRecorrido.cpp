@@ -18,6 +18,7 @@ Resultado<> CalcPreVentana::preparar(const ventanas::Argumentos& argumentos) {
   if (clave.codigo == 0) {
     articulo_.clave = {clave.seccion, articles::kPrimerCodigo - 1};
     const auto primero = vecino(1);
+    if (!primero && primero.error().clase == Fallo::NoExiste) return vaciar(), Resultado<>();
     if (!primero) return std::unexpected(primero.error());
     clave = *primero;
   }
@@ -31,6 +32,15 @@ Resultado<> CalcPreVentana::preparar(const ventanas::Argumentos& argumentos) {
   ui_.costeN->selectAll();
   tocado_ = false;
   return {};
+}
+
+// A section without articles: what to do, and nothing to reckon.
+void CalcPreVentana::vaciar() {
+  ui_.lbPLU->setText(t(kTxSinArticulosQueCambiar));
+  for (QWidget* w : {static_cast<QWidget*>(ui_.marcos), static_cast<QWidget*>(ui_.grdpre),
+                     static_cast<QWidget*>(ui_.Salvar), static_cast<QWidget*>(ui_.Arriba),
+                     static_cast<QWidget*>(ui_.Abajo), static_cast<QWidget*>(ui_.togg)})
+    w->setEnabled(false);
 }
 
 Resultado<> CalcPreVentana::cargar(ClaveArticulo clave) {

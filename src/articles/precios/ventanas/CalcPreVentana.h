@@ -31,6 +31,7 @@ class CalcPreVentana final : public ventanas::Ventana {
   void ponerAjustes();
   void guardarAjustes();
 
+  void vaciar();
   Resultado<> cargar(articles::ClaveArticulo clave);
   void reposicionado();
   void entrar(Celda celda);

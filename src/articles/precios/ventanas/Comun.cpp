@@ -83,6 +83,13 @@ void estrechar(QLineEdit& campo, int cifras) {
                         m.left() + m.right() + 2 * ventanas::escalar(ventanas::kHueco));
 }
 
+QWidget* antesDe(QWidget& sitio) {
+  QWidget* antes = sitio.previousInFocusChain();
+  while (antes != &sitio && !(antes->focusPolicy() & Qt::TabFocus))
+    antes = antes->previousInFocusChain();
+  return antes;
+}
+
 Error informe(const ventanas::Contexto& c, const Error& error) {
   if (error.clase != Fallo::Duplicado) return error;
   return {error.clase, error.numero, c.textos(kTxDuplicado)};

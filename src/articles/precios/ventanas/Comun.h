@@ -32,6 +32,10 @@ void soloCifras(QLineEdit& campo, int cuantas);
 // Room for that many digits and no more.
 void estrechar(QLineEdit& campo, int cifras);
 
+// The control from which the tab key comes to a place of the form; a widget that takes no focus
+// itself can't be put in the order of that key.
+QWidget* antesDe(QWidget& sitio);
+
 // The list over whose articles a window works, by the name in the argument "lista" (BrowPLUs). It
 // is told that a child is open until soltar().
 class DeLista {

@@ -37,7 +37,7 @@ void MatrizPrecios::preparar(ventanas::Contexto& contexto, int niveles, int tari
   for (auto& nivel : campos_) nivel.fill(nullptr);
   qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
   delete layout();
-  ultimo_ = this;
+  ultimo_ = antesDe(*this);
   auto* rejilla = new QGridLayout(this);
   rejilla->setContentsMargins(0, 0, 0, 0);
   rejilla->setSpacing(escalar(ventanas::kPaso));

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QRadioButton>
 
+#include "articles/precios/ventanas/Comun.h"
 #include "core/ventanas/Medidas.h"
 
 namespace tarvo::precios {
@@ -20,7 +21,7 @@ void TablaOpciones::preparar(const Textos& t, int nombres, int cuantas, int opci
   rejilla->setContentsMargins(0, 0, 0, 0);
   rejilla->setHorizontalSpacing(ventanas::escalar(ventanas::kSeparacion));
   rejilla->setColumnStretch(kOpciones + 1, 1);
-  QWidget* ultimo = this;
+  QWidget* ultimo = antesDe(*this);
   for (int fila = 0; fila < cuantas; ++fila) {
     rejilla->addWidget(new QLabel(t(nombres + fila)), fila, 0);
     auto* grupo = new QButtonGroup(this);
