@@ -239,7 +239,7 @@ std::optional<Motivo> Filas::ponerDescuento(int& donde, const QString& texto) co
   const auto n = leerDecimal(texto, plan_.signo);
   const double x = n ? n->toDouble() : -1;
   if (x < 0 || x * 100 > kDescuentoMayor) return noVale(Campo::Descto, texto);
-  donde = static_cast<int>(x * 100 + 0.5);
+  donde = qRound(x * 100);
   return std::nullopt;
 }
 

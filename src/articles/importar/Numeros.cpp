@@ -1,5 +1,6 @@
 #include "articles/importar/Numeros.h"
 
+#include <QList>
 #include <algorithm>
 
 namespace tarvo::importar {
