@@ -104,6 +104,25 @@ TEST(ListaArticulos, EnviarAlSalir) {
   }
 }
 
+// The queue empties: the window from which the list was opened says so.
+TEST(ListaArticulos, ElFinDelEnvioSeDice) {
+  Colmado t;
+  t.ajustes.EnviarCambios[1] = 2;
+  auto* arbol = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
+  t.tecla(Qt::Key_F4);
+  t.cargada(u"BrowPLUs"_s);
+  bien(t.catalogo.ponerPrecios({1, 10}, Precios{}, u"BrowPLUs"_s));
+  t.tecla(Qt::Key_Escape);
+  ASSERT_TRUE(esperar([&] { return t.gestor->tareas().size() == 4; }));
+  EXPECT_EQ(t.escritorio.ventanas().cargada(u"BrowPLUs"_s), nullptr);
+  EXPECT_TRUE(arbol->tira().isHidden());
+  t.gestor->terminator();
+  ASSERT_TRUE(esperar([&] { return !arbol->tira().isHidden(); }));
+  EXPECT_EQ(arbol->tira().texto(), u"Ha acabado el envío de los cambios a 4 grupos.");
+  EXPECT_TRUE(esperar([&] { return arbol->findChild<QObject*>(u"avisoDeFin"_s) == nullptr; }))
+      << "who has said it looks on no more";
+}
+
 TEST(Editor, LaListaDeFaltasYLaPrimeraDelante) {
   Colmado t;
   auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
