@@ -80,8 +80,9 @@ struct Caminante : Envios {
       enviar(n);
       const qint64 codigo = 10;
       const auto p = valor(envios::Lector(*db, {n, 1, n, 0}).leer({&codigo, 1}, reloj.ahora()));
-      if (!p.empty())
+      if (!p.empty()) {
         EXPECT_EQ(maquina(n).memoria().catalogo.at(10).ficha, *p.front().registro) << n;
+      }
     }
     return oyo;
   }
