@@ -4,6 +4,7 @@
 namespace tarvo::articles {
 
 enum TextoArticulosVentanas : int {
+  kTxOtrosPrecios = 4020,  // to 4042
   kTxArticulos = 4135,
   kTxCopiarPLU = 4165,
   kTxCodigo = 4176,

@@ -104,6 +104,30 @@ TEST(ListaArticulos, EnviarAlSalir) {
   }
 }
 
+// All 24 prices and the cost can be shown; at first the base price of the first tarifa alone is.
+TEST(ListaArticulos, LosPreciosOcultos) {
+  Colmado t;
+  t.sql(u"update PLUSES set PRECIO_25=1234 where SECCION=1 and CODPLU=10"_s);
+  auto& grid = t.lista(t.abrir(u"BrowPLUs"_s));
+  QStringList vistos;
+  for (int nivel = 0; nivel < kNiveles; ++nivel)
+    for (int tarifa = 0; tarifa < kTarifas; ++tarifa)
+      if (!grid.vista()->isColumnHidden(grid.modelo()->columna(columnaPrecio(nivel, tarifa))))
+        vistos << columnaPrecio(nivel, tarifa);
+  EXPECT_EQ(vistos.join(u' '), u"PRECIO_00");
+  const int columna = grid.modelo()->columna(u"PRECIO_25");
+  EXPECT_EQ(grid.modelo()->headerData(columna, Qt::Horizontal, Qt::DisplayRole).toString(),
+            u"Hasta 2, tarifa 5");
+  EXPECT_EQ(grid.texto(grid.filaActual(), u"PRECIO_25"), u"12,34");
+  grid.vista()->setColumnHidden(columna, false);
+  t.abrirCelda(grid, u"PRECIO_25"_s);
+  t.escribir(u"9,5"_s);
+  t.tecla(Qt::Key_Return);
+  EXPECT_EQ(t.leer(u"select PRECIO_25, PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s),
+            u"950 100");
+  EXPECT_EQ(t.cruces(), u"20 1 0");
+}
+
 // The queue empties: the window from which the list was opened says so.
 TEST(ListaArticulos, ElFinDelEnvioSeDice) {
   Colmado t;
