@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
+#include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -133,7 +134,7 @@ bool Ventana::ejecutar() {
   modal_ = true;
   aceptada_ = false;
   setWindowModality(Qt::ApplicationModal);
-  setWindowFlags(Qt::Dialog);  // the desktop puts it on its owner
+  setWindowFlags(Qt::Dialog);         // the desktop puts it on its owner
   setAttribute(Qt::WA_Moved, false);  // of what it remembers only the size counts
   winId();
   if (dueno_) windowHandle()->setTransientParent(dueno_->windowHandle());
@@ -213,6 +214,7 @@ void Ventana::keyPressEvent(QKeyEvent* evento) {
   if (evento->matches(QKeySequence::Find)) {
     if (Parrilla* p = primeraLista()) return p->irABuscar();
   }
+  if (pasarFicha(*evento)) return;
   if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter)
     return pulsarBoton(*evento);
   if (evento->key() == Qt::Key_F10 && evento->modifiers() == Qt::ShiftModifier && focusWidget())
@@ -222,6 +224,20 @@ void Ventana::keyPressEvent(QKeyEvent* evento) {
   // Who presses it while work is under way wants that stopped; what was done can still be taken
   // back then.
   trabajo_->enMarcha() ? trabajo_->parar() : static_cast<void>(close());
+}
+
+// Ctrl+Tab from anywhere in the window, not only from inside of the tabs.
+bool Ventana::pasarFicha(QKeyEvent& evento) {
+  const bool tab = evento.key() == Qt::Key_Tab || evento.key() == Qt::Key_Backtab;
+  if (!tab || !(evento.modifiers() & Qt::ControlModifier)) return false;
+  const auto todas = cuerpo_->findChildren<QTabWidget*>();
+  const auto fichas = std::ranges::find_if(todas, &QWidget::isVisible);
+  if (fichas == todas.end() || (*fichas)->count() == 0) return false;
+  const int cuantas = (*fichas)->count();
+  const int paso = evento.key() == Qt::Key_Tab ? 1 : cuantas - 1;
+  (*fichas)->setCurrentIndex(((*fichas)->currentIndex() + paso) % cuantas);
+  evento.accept();
+  return true;
 }
 
 // Asked of the control that has the focus before the key itself is.
