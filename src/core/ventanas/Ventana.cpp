@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QToolButton>
@@ -77,6 +78,11 @@ void Ventana::enlazar() {
   for (QSplitter* s : cuerpo_->findChildren<QSplitter*>())
     s->restoreState(deTexto(c_.recuerdos.leer(memoria, s->objectName())));
   for (Parrilla* p : cuerpo_->findChildren<Parrilla*>()) atender(*p);
+  if (!cuerpo_->findChild<QTabWidget*>()) return;
+  for (const auto& [tecla, pasos] :
+       {std::pair{Qt::CTRL | Qt::Key_Tab, 1}, {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, -1}})
+    connect(new QShortcut(tecla, this), &QShortcut::activated, this,
+            [this, n = pasos] { pasarFicha(n); });
 }
 
 // What its cells refuse is said on the strip, until it is settled.
@@ -214,7 +220,6 @@ void Ventana::keyPressEvent(QKeyEvent* evento) {
   if (evento->matches(QKeySequence::Find)) {
     if (Parrilla* p = primeraLista()) return p->irABuscar();
   }
-  if (pasarFicha(*evento)) return;
   if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter)
     return pulsarBoton(*evento);
   if (evento->key() == Qt::Key_F10 && evento->modifiers() == Qt::ShiftModifier && focusWidget())
@@ -226,18 +231,13 @@ void Ventana::keyPressEvent(QKeyEvent* evento) {
   trabajo_->enMarcha() ? trabajo_->parar() : static_cast<void>(close());
 }
 
-// Ctrl+Tab from anywhere in the window, not only from inside of the tabs.
-bool Ventana::pasarFicha(QKeyEvent& evento) {
-  const bool tab = evento.key() == Qt::Key_Tab || evento.key() == Qt::Key_Backtab;
-  if (!tab || !(evento.modifiers() & Qt::ControlModifier)) return false;
+// From anywhere in the window, not only from inside of the tabs.
+void Ventana::pasarFicha(int pasos) {
   const auto todas = cuerpo_->findChildren<QTabWidget*>();
   const auto fichas = std::ranges::find_if(todas, &QWidget::isVisible);
-  if (fichas == todas.end() || (*fichas)->count() == 0) return false;
+  if (fichas == todas.end() || (*fichas)->count() == 0) return;
   const int cuantas = (*fichas)->count();
-  const int paso = evento.key() == Qt::Key_Tab ? 1 : cuantas - 1;
-  (*fichas)->setCurrentIndex(((*fichas)->currentIndex() + paso) % cuantas);
-  evento.accept();
-  return true;
+  (*fichas)->setCurrentIndex(((*fichas)->currentIndex() + cuantas + pasos) % cuantas);
 }
 
 // Asked of the control that has the focus before the key itself is.

@@ -101,7 +101,7 @@ class Ventana : public QWidget {
   bool cerrarLoDeEncima();
   void pulsarBoton(QKeyEvent& evento);
   void pedirMenu(QWidget& control);
-  bool pasarFicha(QKeyEvent& evento);
+  void pasarFicha(int pasos);
   Parrilla* primeraLista() const;
 
   Contexto& c_;
