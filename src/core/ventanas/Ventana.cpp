@@ -133,7 +133,7 @@ bool Ventana::ejecutar() {
   modal_ = true;
   aceptada_ = false;
   setWindowModality(Qt::ApplicationModal);
-  setWindowFlags(Qt::Dialog);  // the desktop puts it on its owner
+  setWindowFlags(Qt::Dialog);         // the desktop puts it on its owner
   setAttribute(Qt::WA_Moved, false);  // of what it remembers only the size counts
   winId();
   if (dueno_) windowHandle()->setTransientParent(dueno_->windowHandle());
