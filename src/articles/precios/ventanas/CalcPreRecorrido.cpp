@@ -122,7 +122,7 @@ bool CalcPreVentana::guardar() {
 void CalcPreVentana::salvar() {
   if (!terminar() || !guardar()) return;
   qint64 mayor = 0;
-  for (const auto& nivel : precios_) mayor = std::max(mayor, *std::ranges::max_element(nivel));
+  for (const auto& nivel : precios_) mayor = std::max(mayor, std::ranges::max(nivel));
   if (const auto aviso = avisoPrecio(mayor, contexto().ajustes, contexto().textos))
     return decirDuda(*aviso);
   decirBien(t(kTxPrecioGuardado).arg(articulo_.nombre));

@@ -6,7 +6,6 @@
 #include "articles/precios/ventanas/CfgFastPlu.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/Parrilla.h"
-#include "core/ventanas/Tira.h"
 
 namespace tarvo::precios {
 
@@ -180,6 +179,7 @@ Resultado<> FastModf::escribir(qint64 fila, ColumnaRapida columna, const QString
   if (*nuevo == **antes) return {};
   const auto hecho = catalogo_.modificar(clave, *nuevo, nombre());
   if (!hecho) return std::unexpected(informe(contexto(), hecho.error()));
+  quitarFallo(*this);
   for (std::size_t nivel = 0; nivel < articles::kNiveles; ++nivel)
     if (nuevo->precios[nivel][0] != (*antes)->precios[nivel][0])
       avisarSiEsAlto(nuevo->precios[nivel][0]);
@@ -191,7 +191,7 @@ Resultado<> FastModf::escribirPrecio(Celda celda, qint64 precio) {
   precios[static_cast<std::size_t>(celda.nivel)][static_cast<std::size_t>(celda.tarifa)] = precio;
   TARVO_INTENTAR(catalogo_.ponerPrecios(articulo_.clave, precios, nombre()));
   articulo_.precios = precios;
-  if (tira().estado() == ventanas::Estado::Mal) tira().quitar();
+  quitarFallo(*this);
   avisarSiEsAlto(precio);
   haIdoBien(ui_.Grd->refrescar());
   return {};
