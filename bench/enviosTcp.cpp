@@ -1,20 +1,11 @@
 // Articles to one group of scales over TCP on this computer, beside the same frames through the
 // bare link, with no engine, no database and no article behind them.
-#include <QCoreApplication>
-#include <QEventLoop>
-#include <QFile>
-#include <QTcpServer>
-#include <QTcpSocket>
-#include <QThread>
-#include <atomic>
-
-#include "Comun.h"
 #include "Razones.h"
+#include "TcpLocal.h"
 #include "comm/enlace/FabricaReal.h"
 #include "comm/envios/TablasEnvios.h"
 #include "comm/motor/gestcomm.h"
 #include "comm/tareas/Registro.h"
-#include "comm/tramas/Trama.h"
 #include "textos/TextosDePrueba.h"
 
 namespace tarvo::banco {
@@ -22,66 +13,19 @@ namespace {
 
 constexpr int kArticulosTcp = 10'000, kVueltasTcp = 7, kCodigoArticulo = 100;
 
-// A scale that takes everything.
-class Balanza final : public QThread {
- public:
-  ~Balanza() override {
-    quit();
-    wait();
-  }
-  quint16 arrancar() {
-    start();
-    while (puerto_ == 0) QThread::usleep(100);
-    return puerto_;
-  }
-
- protected:
-  void run() override {
-    QTcpServer servidor;
-    servidor.listen(QHostAddress::AnyIPv4);
-    QObject::connect(&servidor, &QTcpServer::newConnection, &servidor, [&] {
-      while (QTcpSocket* s = servidor.nextPendingConnection()) atender(s);
-    });
-    puerto_ = servidor.serverPort();
-    exec();
-  }
-
- private:
-  static void atender(QTcpSocket* s) {
-    s->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-    auto turno = std::make_shared<int>(0);
-    const QByteArray cuerpo = tramas::cuerpoVEK(0, kCodigoArticulo, {});
-    QObject::connect(s, &QTcpSocket::readyRead, s, [=] {
-      if (s->readAll().contains(tramas::kETX))
-        s->write(tramas::kACK + tramas::construirVEK(++*turno % 2, cuerpo));
-    });
-  }
-  std::atomic<quint16> puerto_ = 0;
-};
-
-struct Cliente final : enlace::ClienteEnlace {
+struct Cliente final : ClienteMudo {
   enlace::Enlaces* enlaces = nullptr;
   QByteArray registro;
   int faltan = 0;
   bool abierto = false;
   void Abrir_Evento(int, int error) override { abierto = error == 0; }
-  void Cerrar_Evento(int, int) override {}
   void EnvioVEK_Evento(int canal, int, int, int, const QByteArray&) override {
     if (--faltan > 0) (*enlaces)[canal]->Enviar(0, kCodigoArticulo, registro);
   }
-  void EnvioNDL_Evento(int, int) override {}
-  void ReciboNDL_Evento(int, int, int, const QByteArray&) override {}
-  void ReciboVEK_Evento(int, int, int, int, const QByteArray&) override {}
-  void CD_Evento(int, bool) override {}
   bool encaja(int, int, int codigo, const QByteArray&) override {
     return codigo == kCodigoArticulo;
   }
 };
-
-template <class Hasta>
-void esperarTcp(const Hasta& hasta) {
-  while (!hasta()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
 
 // The engine with its database on connector G1, and a bare link on connector G2.
 class Mesa {
@@ -89,11 +33,7 @@ class Mesa {
   explicit Mesa(quint16 puerto) {
     bien(envios::asegurarTablasEnvios(*db_));
     bien(db_->ejecutar(u"UPDATE PLUSES SET DEPTO=1"));
-    QFile f(carpeta_.filePath(QStringLiteral("CONECTORES.INI")));
-    if (!f.open(QIODevice::WriteOnly)) morir(f.errorString());
-    for (int i = 1; i <= 2; ++i)
-      f.write(QStringLiteral("G%1= tcp:127.0.0.%1:%2\r\n").arg(i).arg(puerto).toLatin1());
-    f.close();
+    escribirConectores(carpeta_, u'G', 2, puerto);
     bien(sesion_.cargar());
     cliente_.enlaces = &enlaces_;
     cliente_.registro = QByteArray(90, '7');
@@ -135,12 +75,8 @@ class Mesa {
 };
 
 double medirTcp() {
-  int argc = 1;
-  char nombre[] = "tarvo-bench";
-  char* argv[] = {nombre, nullptr};
-  std::unique_ptr<QCoreApplication> app;
-  if (!QCoreApplication::instance()) app = std::make_unique<QCoreApplication>(argc, argv);
-  Balanza balanza;
+  const Bucle bucle;
+  LadoLejano balanza(tramas::cuerpoVEK(0, kCodigoArticulo, {}));  // takes everything
   Mesa mesa(balanza.arrancar());
   return razonDe([&](const Cronometro& c) { mesa.enviar(c); },
                  [&](const Cronometro& c) { c([&] { mesa.preguntar(); }); }, kVueltasTcp);

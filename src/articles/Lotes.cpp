@@ -67,10 +67,10 @@ Resultado<> Lotes::guardar(qint64 lote, ClaveArticulo clave) {
 }
 
 Resultado<> Lotes::guardarNuevo(qint64 lote, ClaveArticulo clave) {
-  TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO LoteAntes (LOTE, HABIA, SECCION, CODPLU) SELECT ?, 0, ?, ? WHERE NOT EXISTS "
-      u"(SELECT 1 FROM LoteAntes WHERE LOTE=? AND SECCION=? AND CODPLU=?)",
-      lote, clave.seccion, clave.codigo, lote, clave.seccion, clave.codigo));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"INSERT INTO LoteAntes (LOTE, HABIA, SECCION, CODPLU) VALUES (?, 0, ?, ?) "
+                   u"ON CONFLICT (LOTE, SECCION, CODPLU) DO NOTHING",
+                   lote, clave.seccion, clave.codigo));
   return {};
 }
 

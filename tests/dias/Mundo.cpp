@@ -160,7 +160,7 @@ void Mundo::percances(bool calma) {
     // Refuses what it is sent, some of it or all: full, or out of sorts.
     if (!calma && z.ocurre(0.15))
       f.guion.push_back({Averia::Err, z.ocurre(0.3) ? 0 : z.entero(1, 8), m.grupo->vek() ? 100 : -1,
-                         0, z.entero(1, 4)});
+                         0, z.entero(1, 5)});
     m.maquina->cambiarPercances(simulador::Percances(f, z.siguiente()));
   }
 }

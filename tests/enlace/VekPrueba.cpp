@@ -237,6 +237,52 @@ TEST_F(MaquinaVEK, TramaRepetidaEspera15sYVuelveAEnviar) {
   EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 11 SI");
 }
 
+// Two registers of one wire that count alike. The answer of the second may be the one before it,
+// sent again by the first, so that its question goes out until a number proves it; with one frame
+// more they don't meet again.
+TEST_F(MaquinaVEK, OtraMaquinaConElMismoNumero) {
+  auto& e = abierto(kVekMotor);
+  const auto ancha = [](int secuencia) { return tramas::construirVEK(secuencia, "400300"); };
+  const QString bien = QStringLiteral("EnvioVEK 0 -1 4003 00");
+  e.Enviar(4, 4003, "UNO");
+  cable().entra(ack + ancha(1));
+  EXPECT_EQ(motor.nuevo(), bien);
+  e.Enviar(9, 4003, "UNO");
+  for (const int numero : {1, 2}) {
+    cable().entra(ack + ancha(numero));
+    EXPECT_EQ(motor.nuevo(), u"") << numero;
+  }
+  EXPECT_EQ(tramasEnviadas(), 4U);
+  cable().entra(ack + ancha(3));
+  EXPECT_EQ(motor.nuevo(), bien);
+  e.Enviar(4, 4003, "DOS");
+  cable().entra(ack + ancha(2));
+  EXPECT_EQ(motor.nuevo(), bien);
+  e.Enviar(9, 4003, "DOS");
+  cable().entra(ack + ancha(4));
+  EXPECT_EQ(motor.nuevo(), bien);
+  EXPECT_EQ(tramasEnviadas(), 6U);
+}
+
+// It was the first one after all: its frame answers nothing, however often it comes.
+TEST_F(MaquinaVEK, LaPrimeraQueSeRepiteNoContestaPorLaSegunda) {
+  auto& e = abierto(kVekMotor);
+  const auto ancha = [](int secuencia) { return tramas::construirVEK(secuencia, "400300"); };
+  e.Enviar(4, 4003, "UNO");
+  cable().entra(ack + ancha(1));
+  motor.nuevo();
+  e.Enviar(9, 4003, "UNO");
+  for (int i = 0; i < 3; ++i) {
+    cable().entra(ack + ancha(1));
+    EXPECT_EQ(motor.nuevo(), u"");
+  }
+  EXPECT_EQ(tramasEnviadas(), 3U);  // the second time it waits until the first one is quiet
+  reloj.avanzar(15000);
+  EXPECT_EQ(tramasEnviadas(), 4U);
+  for (const int numero : {7, 8}) cable().entra(ack + ancha(numero));
+  EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 -1 4003 00");
+}
+
 TEST_F(MaquinaVEK, QuienSoloSeRepiteAcabaEn17) {
   auto& e = abierto(kVekMotor);
   e.Enviar(0, 10, "UNO");
@@ -293,20 +339,21 @@ TEST_F(MaquinaVEK, UnAckDeAntesNoVale) {
   EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 -1 0");
 }
 
-// Neither a lost acknowledgement nor a machine that says its last frame again sends it once more.
+// Neither a lost acknowledgement nor a machine that says its last frame again, be it this one or
+// another, sends it once more.
 TEST_F(MaquinaVEK, UnaOrdenUnicaNoSeRepite) {
-  for (const bool repetida : {false, true}) {
+  for (const int repetida : {0, 1, 2}) {
     auto& e = abierto(kVekMotor);
-    if (repetida) {
-      e.Enviar(1, 10, {});
+    if (repetida > 0) {
+      e.Enviar(repetida, 10, {});
       cable().entra(ack + vek(5, 10, "SI"));
       EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 10 SI");
     }
     const auto antes = tramasEnviadas();
     e.Enviar(1, 910, {}, true);
-    if (repetida) cable().entra(ack + vek(5, 10, "SI"));
+    if (repetida > 0) cable().entra(ack + vek(5, 10, "SI"));
     reloj.avanzar(60'000);
-    EXPECT_EQ(motor.nuevo().left(11), repetida ? u"EnvioVEK 17" : u"EnvioVEK 16");
+    EXPECT_EQ(motor.nuevo().left(11), repetida > 0 ? u"EnvioVEK 17" : u"EnvioVEK 16");
     EXPECT_EQ(tramasEnviadas(), antes + 1);
     enlaces.abandonar(0);
   }

@@ -1,6 +1,7 @@
 // The send state of a group, and what "send just those" makes of it.
 #include "comm/envios/Estado.h"
 
+#include "comm/envios/Comparada.h"
 #include "envios/Envios.h"
 #include "textos/TextosDePrueba.h"
 
@@ -73,7 +74,8 @@ TEST_F(EstadoDeEnvio, UnaFichaAlLadoDeOtra) {
   auto& suya = maquina(1).memoria().catalogo[10].ficha;
   suya.replace(27, 6, "000099").replace(0, 4, "PI\\A");
   const auto comparar = [&](qint64 c) {
-    return valor(envios::compararFicha(*db, destino(1), c, textosDePrueba(), reloj.ahora()));
+    return valor(
+        envios::compararFicha(*db, destino(1), c, *ajustes, textosDePrueba(), reloj.ahora()));
   };
   EXPECT_FALSE(comparar(10).cuando);
   enviar(1, kRxDatPlu, true, 10, 10);
@@ -85,7 +87,17 @@ TEST_F(EstadoDeEnvio, UnaFichaAlLadoDeOtra) {
   for (const auto& c : f.campos)
     if (c.distinto) distintos << c.campo;
   EXPECT_EQ(distintos.join(u','), u"Nombre,Precio base");
+  EXPECT_EQ(f.campos[2].aqui, u"1,00");
+  EXPECT_EQ(f.campos[2].alli, u"0,99");
   EXPECT_EQ(estado(), u"10=2");
+  // Held back, it shows what the database has; of that and of theirs, what a person reads differs.
+  cambiar(10, u"NOMPLU='PIÑA', PRECIO_00=123456789, minimo=250, HASTA_1=1500, HASTA_2=2"_s);
+  QStringList aqui;
+  for (const int i : {0, 1, 2, 12, 14, 16, 18})
+    aqui << comparar(10).campos[static_cast<size_t>(i)].aqui +
+                (comparar(10).campos[static_cast<size_t>(i)].distinto ? u"*"_s : QString());
+  EXPECT_EQ(aqui.join(u' '), u"PIÑA 0000010 1.234.567,89* 2,50* 1,500* 0,002* ");
+  EXPECT_EQ(comparar(99).campos.front().aqui, u"");
   enviar(1, kRxDatPlu, true, 11, 11);
   EXPECT_TRUE(comparar(11).cuando && !comparar(11).laTiene);
 }

@@ -92,6 +92,44 @@ TEST_F(Envios, UnSilencioSePreguntaAntesDeRepetir) {
   EXPECT_EQ(cruz(1), u"10 30");
 }
 
+// "No such article" for an article that was sent is no refusal: the rest goes, nothing is repeated
+// and nothing failed. What the scales then tell decides what they hold.
+TEST_F(Envios, UnaFichaALaQueContestanQueNoExiste) {
+  for (const bool completo : {false, true}) {
+    const int g = completo ? 4 : 1;  // kind 4: beside their own list
+    if (completo) grupo(4, 4, u"cable 2"_s);
+    for (const qint64 c : {10, 20, 30}) alta(c, c);
+    if (completo) valor(db->ejecutar(u"DELETE FROM [Cross]"));
+    estorbos(g, {{Averia::Err, 1, 100, 0, 5}, {Averia::Err, 2, 100, 0, 5}});
+    const QString oido = enviar(g, kTxPlus, completo);
+    EXPECT_TRUE(oido.contains(u"100 10,101 10") && oido.contains(u"100 20,101 20"))
+        << oido.toStdString();
+    EXPECT_EQ(oido.count(u"100 "), 3);
+    EXPECT_TRUE(problemas.isEmpty() && reintentos.isEmpty());
+    EXPECT_EQ(tiene(g), u"30:Tomate/30");
+    EXPECT_EQ(cruz(g), u"30");
+    EXPECT_EQ(probados(g), u"30");
+    EXPECT_EQ(retenidos(g), u"10/105 20/105");
+    EXPECT_TRUE(avisos.join(u'\n').contains(
+        u"el artículo 0000010 no está al día en la máquina, que dice que no lo tiene"));
+    // The next sending brings them; said of one that they hold as it went, it counts.
+    estorbos(g, {});
+    enviar(g);
+    EXPECT_EQ(cruz(g), u"10 20 30");
+    EXPECT_EQ(retenidos(g), u"");
+    cambiar(20, u"PRECIO_00=99"_s);
+    estorbos(g, {{Averia::Err, 0, 100, 0, 5}});
+    enviar(g, kTxPlus, true);
+    EXPECT_EQ(cruz(g), u"10 30");
+    EXPECT_EQ(retenidos(g), u"20/105");
+    EXPECT_TRUE(
+        avisos.join(u'\n').contains(u"0000020 no está al día en la máquina, que lo ha "
+                                    u"rechazado: error 105"));
+    esCierto(g);
+    for (const qint64 c : {10, 20, 30}) borrar(c);
+  }
+}
+
 TEST_F(Envios, OscuraEnMedio) {
   for (int c = 10; c < 40; ++c) alta(c, c);
   estorbos(1, {{Averia::Oscura, 12, 100, 0, 24 * 3600 * 1000}});

@@ -131,6 +131,49 @@ TEST_F(ImpTabla_, SeccionPropiaYSinCrearNuevos) {
             u"2 R El artículo es nuevo y la sección 002 no tiene departamentos: cree uno antes."_s);
 }
 
+// Bar codes that go round within a table: what counts is the end. Undone, each has its own again.
+TEST_F(ImpTabla_, CodigosDeBarrasQueSePasan) {
+  const struct {
+    const char16_t* filas;
+    QString rechazadas, quedan;
+  } casos[] = {
+      {u"10;8\n11;7\n", u""_s, u"10 8 | 11 7 | 12 9 | 13 -"_s},
+      {u"10;8\n11;9\n12;7\n", u""_s, u"10 8 | 11 9 | 12 7 | 13 -"_s},
+      {u"13;7\n10;6\n", u""_s, u"10 6 | 11 8 | 12 9 | 13 7"_s},
+      {u"20;7\n10;6\n", u""_s, u"10 6 | 11 8 | 12 9 | 13 - | 20 7"_s},
+      {u"10;8\n11;9\n", u"2 3"_s, u"10 7 | 11 8 | 12 9 | 13 -"_s},  // 12 keeps its own
+      {u"10;8\n11;7;mal\n", u"2 3"_s, u"10 7 | 11 8 | 12 9 | 13 -"_s},
+      {u"10;6\n13;6\n", u"3"_s, u"10 6 | 11 8 | 12 9 | 13 -"_s},
+  };
+  for (const auto& c : casos) {
+    sql(u"DELETE FROM PLUSES WHERE CODPLU>2"_s);
+    sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, CodBarExt) VALUES (1, 10, 'A', 1, "
+        u"'7'), "
+        u"(1, 11, 'B', 1, '8'), (1, 12, 'C', 1, '9'), (1, 13, 'D', 1, NULL)"_s);
+    QString csv = QString::fromUtf16(c.filas);
+    csv.replace(u"20;7"_s, u"20;7;;N"_s);
+    ensayar(u"Código;EAN;PVP;Nombre\n"_s + csv);
+    QStringList malas;
+    for (const LineaMala& m : aplicar().malas) malas << QString::number(m.numero);
+    EXPECT_EQ(malas.join(u' '), c.rechazadas) << propuestas().toStdString();
+    EXPECT_EQ(leer(u"SELECT CODPLU, CodBarExt FROM PLUSES WHERE CODPLU>2 ORDER BY CODPLU"_s),
+              c.quedan)
+        << csv.toStdString();
+    if (motor->lote() > 0 && motor->hecho().nuevos + motor->hecho().cambiados > 0)
+      bien(lotes.deshacer(motor->lote(), u"ImpTabla"_s));
+    EXPECT_EQ(leer(u"SELECT CODPLU, CodBarExt FROM PLUSES WHERE CODPLU>2 ORDER BY CODPLU"_s),
+              u"10 7 | 11 8 | 12 9 | 13 -"_s);
+  }
+  // Somebody changes one of them behind the dry run: none of them moves, the others do.
+  ensayar(u"Código;EAN;PVP\n10;8;\n11;7;\n13;;2\n"_s);
+  sql(u"UPDATE PLUSES SET CodBarExt='5' WHERE CODPLU=11"_s);
+  EXPECT_EQ(aplicar().malas.size(), 2U);
+  EXPECT_EQ(
+      leer(
+          u"SELECT CODPLU, CodBarExt, PRECIO_00 FROM PLUSES WHERE CODPLU IN (10, 11, 13) ORDER BY 1"_s),
+      u"10 7 0 | 11 5 0 | 13 - 200"_s);
+}
+
 // What the store refuses in the middle takes its step back, and names the line; the batch knows
 // the rest. What somebody did between two steps counts.
 TEST_F(ImpTabla_, UnFalloEnMedio) {

@@ -231,6 +231,47 @@ TEST_F(Lecturas, UnaRespuestaDelPedidoLlegaAlInventario) {
   EXPECT_EQ(memoria.lista(simulador::Lista::Pedidos).size(), 7U);
 }
 
+// The order to forget got no answer. Whether it was heard, and whether somebody noted a new list
+// behind it, shows when the list is asked for again: no line is lost, and none is there twice.
+TEST_F(Lecturas, LaOrdenDeOlvidarSinRespuesta) {
+  using simulador::Averia, simulador::Lista;
+  gestor->VigilaProcesos(0, true, this);
+  for (const int tipo : {1, 2}) {
+    const int addr = tipo == 2 ? 5 : 1, orden = tipo == 2 ? 77 : 880;
+    grupo(tipo, tipo, QStringLiteral("cable %1").arg(tipo), {addr});
+    auto& memoria = maquina(tipo, addr).memoria();
+    const auto leerCon = [&](std::vector<simulador::Paso> guion, bool otra) {
+      simulador::Fallos f;
+      f.guion = std::move(guion);
+      maquina(tipo, addr).cambiarPercances({f, 1});
+      valor(db->ejecutar(u"DELETE FROM PEDI_LIN"));
+      for (int i = 1; i <= 4; ++i) memoria.apuntar(Lista::Pedidos, {i, 100, i});
+      const int olvidos = memoria.olvidos(Lista::Pedidos);
+      encolar(tipo, 22);
+      while (memoria.olvidos(Lista::Pedidos) == olvidos) ASSERT_TRUE(reloj.siguiente());
+      for (int i = 7; otra && i <= 8; ++i) memoria.apuntar(Lista::Pedidos, {i, 100, i});
+      ASSERT_TRUE(correr());
+      EXPECT_TRUE(problemas.isEmpty() && reintentos.isEmpty());
+      EXPECT_TRUE(memoria.lista(Lista::Pedidos).empty());
+    };
+    const QString lineas =
+        QStringLiteral("SELECT COUNT(*), SUM(UNIDS) FROM PEDI_LIN GROUP BY NUMPED ORDER BY NUMPED");
+    const std::vector<simulador::Paso> callada{{Averia::AckPerdido, 1, orden},
+                                               {Averia::RespuestaPerdida, 1, orden}};
+    leerCon(callada, true);
+    EXPECT_EQ(filas(lineas), u"4,10;2,15") << tipo;
+    leerCon(callada, false);
+    EXPECT_EQ(filas(lineas), u"4,10") << tipo;
+    if (tipo == 1) {  // an Ebony machine sends its answer again
+      leerCon({{Averia::RespuestaPerdida, 1, orden}}, true);
+      EXPECT_EQ(filas(lineas), u"4,10;2,15");
+    }
+    leerCon({{Averia::Sorda, 1, orden}}, false);
+    EXPECT_EQ(filas(lineas), u"4,10") << tipo;
+    EXPECT_EQ(filas(QStringLiteral("SELECT COUNT(*) FROM ListasRecibidas WHERE OLVIDADA=0")), u"0");
+  }
+}
+
 TEST_F(Lecturas, LaListaQueNoSeOlvidoEsElMismoDocumento) {
   grupo(1, 1, QStringLiteral("cable 1"));
   auto& memoria = maquina(1).memoria();

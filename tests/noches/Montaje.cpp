@@ -110,7 +110,8 @@ Mundo::Mundo(const Plan& plan, std::function<void(const QString&)> alTrazar)
       carpeta_(sitio()),
       reloj_(Fecha::de(plan.primerDia)),
       hilos_(reloj_, plan.semilla + 1),
-      azar_(plan.semilla + 2) {
+      azar_(plan.semilla + 2),
+      notas_(plan.semilla + 3) {
   for (const auto& [codigo, a] : plan_.articulos) codigos_.push_back(codigo);
   montar();
 }

@@ -3,6 +3,7 @@
 #include <QCryptographicHash>
 #include <QFileInfo>
 #include <algorithm>
+#include <set>
 
 namespace tarvo::noches {
 
@@ -80,10 +81,14 @@ void Mundo::apuntar(MaquinaViva& m) {
   for (const auto& [lista, clase] :
        {std::pair{Lista::Pedidos, kPedidos}, {Lista::Inventarios, kInventarios}})
     if (plan_.leidas.contains({m.grupo->codigo, clase}))
-      for (int n = azar_.ocurre(0.3) ? 0 : azar_.entero(1, 9); n > 0; --n) {
-        m.lineas.push_back({lista, ++peso_});
-        m.maquina->memoria().apuntar(lista, {codigos_[0], peso_, azar_.entero(0, 30)});
-      }
+      apuntar(m, lista, azar_.ocurre(0.3) ? 0 : azar_.entero(1, 9), azar_);
+}
+
+void Mundo::apuntar(MaquinaViva& m, Lista lista, int lineas, Azar& azar) {
+  for (; lineas > 0; --lineas) {
+    m.lineas.push_back({lista, ++peso_});
+    m.maquina->memoria().apuntar(lista, {codigos_[0], peso_, azar.entero(0, 30)});
+  }
 }
 
 // Each day sells an article of its own, and not those of other days: so that counters which were
@@ -255,10 +260,16 @@ void Mundo::vigilar() {
                       .arg(reloj_.ahora().general()));
       oraculo_->puestaACero(i);
     }
-    bool olvido = false;
+    std::set<Lista> olvidos;
     for (auto& l : m.lineas)
-      if (!l.olvidada && memoria.lista(l.lista).empty()) olvido = l.olvidada = true;
-    if (olvido) oraculo_->listaOlvidada(i);
+      if (!l.olvidada && memoria.lista(l.lista).empty()) {
+        l.olvidada = true;
+        olvidos.insert(l.lista);
+      }
+    if (!olvidos.empty()) oraculo_->listaOlvidada(i);
+    // Whoever finds it empty may note the next one at once.
+    for (const Lista lista : olvidos)
+      if (notas_.ocurre(0.4)) apuntar(m, lista, notas_.entero(1, 9), notas_);
   }
 }
 

@@ -31,6 +31,7 @@ class Mundo {
   void vender(MaquinaViva& m, const std::vector<int>& articulos, QDate cuando,
               double devoluciones = 0.05);
   void apuntar(MaquinaViva& m);
+  void apuntar(MaquinaViva& m, simulador::Lista lista, int lineas, Azar& azar);
   void empezarNoche(const PlanNoche& n);
   void noche(int n);
   // One start of the program, to its end, its cut or its limit. The exit status; nothing when it
@@ -47,7 +48,7 @@ class Mundo {
   QTemporaryDir carpeta_;
   RelojVirtual reloj_;
   Hilos hilos_;
-  Azar azar_;
+  Azar azar_, notas_;
   std::vector<MaquinaViva> maquinas_;
   std::unique_ptr<Oraculo> oraculo_;
   std::unique_ptr<Programa> programa_;

@@ -32,6 +32,7 @@ void Oraculo::exportados(int arranques, bool debe) {
     std::map<QString, int> veces;
     auto& bloques = nuevos[nombre];
     QString fechas;
+    bool deEstaNoche = false;  // what a period was in an earlier one was looked at then
     qint64 sitio = 0;
     QStringList lineas = QString::fromLatin1(bytes).split(QStringLiteral("\r\n"));
     lineas.removeLast();
@@ -40,9 +41,10 @@ void Oraculo::exportados(int arranques, bool debe) {
       if (lineas[i].startsWith(u'*') && i + 1 < lineas.size()) {
         fechas = lineas[++i].mid(1);
         sitio += lineas[i].size() + 2;
-        veces[fechas] += sitio > antes;  // this night's
-        bloques[fechas].clear();
-      } else {
+        deEstaNoche = sitio > antes;
+        veces[fechas] += deEstaNoche;
+        if (deEstaNoche) bloques[fechas].clear();
+      } else if (deEstaNoche) {
         bloques[fechas] += lineas[i];
       }
     }

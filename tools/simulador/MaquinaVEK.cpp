@@ -3,11 +3,7 @@
 namespace tarvo::simulador {
 
 MaquinaVEK::MaquinaVEK(OpcionesMaquina opciones, Reloj& reloj, bool ancha)
-    : Maquina(std::move(opciones), reloj),
-      ancha_(ancha),
-      lector_(ancha),
-      // Registers of one wire count apart.
-      secuencia_(ancha ? this->opciones().direccion * 10 % 100 : 0) {}
+    : Maquina(std::move(opciones), reloj), ancha_(ancha), lector_(ancha) {}
 
 // On a register the letters fall where the frame's shape wants a digit, so there a refusal ends as
 // a time-out.

@@ -27,7 +27,7 @@ class MaquinaVEK : public Maquina {
  private:
   bool ancha_;
   LectorVEK lector_;
-  int secuencia_;
+  int secuencia_ = 0;  // each machine counts its own frames, whoever else is on the wire
 };
 
 }  // namespace tarvo::simulador

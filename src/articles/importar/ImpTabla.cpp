@@ -29,8 +29,7 @@ Plan planDe(const Tabla& tabla, const Textos& textos) {
 struct ImpTabla::Pase {
   std::unique_ptr<dao::Recordset> rs;
   articles::ColumnasArticulo columnas;
-  std::map<ClaveArticulo, int> vistas;            // line of each key
-  std::map<int, QHash<QString, qint64>> codigos;  // by section: bar code, article
+  std::map<ClaveArticulo, int> vistas;  // line of each key
   explicit Pase(std::unique_ptr<dao::Recordset> abierto) : rs(std::move(abierto)), columnas(*rs) {}
 
   Resultado<std::optional<Articulo>> buscar(ClaveArticulo clave) {
@@ -38,17 +37,6 @@ struct ImpTabla::Pase {
     if (!hay) return std::unexpected(hay.error());
     if (!*hay) return std::nullopt;
     return columnas.leer(*rs);
-  }
-  Resultado<> leerCodigos(dao::Database& db, int seccion) {
-    if (codigos.contains(seccion)) return {};
-    auto suyos = db.consultar(
-        u"SELECT CodBarExt, CODPLU FROM PLUSES WHERE SECCION=? AND CodBarExt IS NOT NULL", seccion);
-    if (!suyos) return std::unexpected(suyos.error());
-    for (auto& r = **suyos; !r.Eof();) {
-      codigos[seccion].insert(r.texto(0), r.entero(1));
-      TARVO_INTENTAR(r.MoveNext());
-    }
-    return {};
   }
 };
 
@@ -95,7 +83,9 @@ Resultado<bool> ImpTabla::ensayar() {
     ++cuantas_[static_cast<size_t>(p->que)];
     propuestas_.push_back(std::move(*p));
   }
-  return ensayadas() < filas();
+  if (ensayadas() < filas()) return true;
+  negarCodigos();
+  return false;
 }
 
 Resultado<Propuesta> ImpTabla::proponer(Pase& pase, int fila) {
@@ -116,7 +106,7 @@ Resultado<Propuesta> ImpTabla::proponer(Pase& pase, int fila) {
   if (*antes) p.nombre = (*antes)->nombre;
   const Leido ahora = leer(fila, *clave, *antes);
   if (!ahora) return rechazar(ahora.error());
-  const auto ajeno = codigoAjeno(pase, *antes, *ahora);
+  const auto ajeno = codigoAjeno(fila - plan_.primeraFila, *antes, *ahora);
   if (!ajeno) return std::unexpected(ajeno.error());
   if (*ajeno) return rechazar(**ajeno);
   p.nombre = ahora->nombre;
@@ -134,20 +124,28 @@ ImpTabla::Leido ImpTabla::leer(int fila, ClaveArticulo clave,
   return lector_.aplicar(fila, std::move(base), !antes);
 }
 
-Resultado<std::optional<QString>> ImpTabla::codigoAjeno(Pase& pase,
+Resultado<std::optional<QString>> ImpTabla::codigoAjeno(int fila,
                                                         const std::optional<Articulo>& antes,
                                                         const Articulo& ahora) {
   const auto viejo = antes ? antes->codBarExt : std::nullopt;
-  const auto [seccion, codigo] = ahora.clave;
-  if (ahora.codBarExt == viejo) return std::nullopt;
-  TARVO_INTENTAR(pase.leerCodigos(db_, seccion));
-  auto& codigos = pase.codigos[seccion];
-  const qint64 dueno = codigos.value(*ahora.codBarExt, codigo);
-  if (dueno != codigo)
-    return catalogo_.textos()(kTxCodigoDeOtro, {*ahora.codBarExt, Ceros(dueno, 7)});
-  if (viejo) codigos.remove(*viejo);
-  codigos.insert(*ahora.codBarExt, codigo);
-  return std::nullopt;
+  if (ahora.codBarExt == viejo || !ahora.codBarExt) return std::nullopt;
+  const auto otro = reparto_.pedir(db_, fila, ahora.clave, viejo, *ahora.codBarExt);
+  if (!otro) return std::unexpected(otro.error());
+  if (!*otro) return std::nullopt;
+  return catalogo_.textos()(kTxCodigoDeOtro, {*ahora.codBarExt, Ceros(**otro, 7)});
+}
+
+// What only shows when all rows are known: that a bar code stays where it is.
+void ImpTabla::negarCodigos() {
+  for (const auto& negado : reparto_.negados()) {
+    Propuesta& p = propuestas_[static_cast<size_t>(negado.fila)];
+    --cuantas_[static_cast<size_t>(p.que)];
+    ++cuantas_[static_cast<size_t>(Que::Rechazada)];
+    p.que = Que::Rechazada;
+    p.cambios.clear();
+    p.motivo = catalogo_.textos()(kTxCodigoDeOtro, {negado.codigo, Ceros(negado.dueno, 7)});
+  }
+  juntas_ = reparto_.juntas();
 }
 
 std::vector<Cambio> ImpTabla::comparar(const std::optional<Articulo>& antes,

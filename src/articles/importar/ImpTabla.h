@@ -6,6 +6,7 @@
 #include "articles/Lotes.h"
 #include "articles/importar/FilaArticulo.h"
 #include "articles/importar/Lineas.h"
+#include "articles/importar/RepartoCodigos.h"
 
 namespace tarvo::importar {
 
@@ -71,13 +72,19 @@ class ImpTabla {
   using Leido = std::expected<articles::Articulo, QString>;
   Leido leer(int fila, articles::ClaveArticulo clave,
              const std::optional<articles::Articulo>& antes) const;
-  // Why it can't have its bar code, if so.
-  Resultado<std::optional<QString>> codigoAjeno(Pase& pase,
+  // Why it can't have its bar code, if that is known already.
+  Resultado<std::optional<QString>> codigoAjeno(int fila,
                                                 const std::optional<articles::Articulo>& antes,
                                                 const articles::Articulo& ahora);
+  void negarCodigos();
   std::vector<Cambio> comparar(const std::optional<articles::Articulo>& antes,
                                const articles::Articulo& ahora) const;
-  Resultado<> aplicarFila(int fila, const Propuesta& propuesta);
+  Resultado<> aplicarUna(int cual);
+  Resultado<> aplicarJuntas();
+  Resultado<bool> juntasComoDebian();
+  Resultado<> guardar(const std::optional<articles::Articulo>& antes,
+                      articles::ClaveArticulo clave);
+  void rechazar(int cual, const QString& motivo);
   Resultado<> escribir(const std::optional<articles::Articulo>& antes,
                        const articles::Articulo& ahora);
 
@@ -90,11 +97,13 @@ class ImpTabla {
   const Departamentos deptos_;
   const Filas lector_;
   std::unique_ptr<Pase> ensayo_;
+  RepartoCodigos reparto_;  // its rows are those of propuestas_
   std::vector<Propuesta> propuestas_;
   std::array<int, 4> cuantas_{};
   Hecho hecho_;
   qint64 lote_ = 0;
   int aplicadas_ = 0;
+  std::set<int> juntas_;
 };
 
 }  // namespace tarvo::importar

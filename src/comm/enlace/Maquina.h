@@ -96,6 +96,8 @@ class Maquina {
   bool enVuelo() const { return estado_ >= kEsperaACK && estado_ <= kRepetida; }
   void acabarVEK(int error, int addr = -1, int codigo = 0, const QByteArray& datos = {});
   void emitirVEK();
+  void preguntarOtraVez();
+  bool puedeSerDeOtra() const;
   void quitarACKs();
 
   std::optional<tramas::TramaNODAL> leerLinea();  // a new frame from the node we speak with
@@ -123,6 +125,10 @@ class Maquina {
   bool pedir_ = false;    // the last frame was sent by Pedir
   int secuencia_ = 0;     // of the last frame sent
   int ultima_ = -1;       // of the last frame accepted
+  int preguntada_ = -1;   // VEK: address of the present question
+  int contestada_ = -1;   // VEK: address of the question that the last frame accepted answered
+  bool separar_ = false;  // the present question goes once more, though it was answered
+  bool dudada_ = false;   // it has gone again for a number that may be another machine's
   bool primera_ = false;  // nothing has answered the present question yet
   bool seguida_ = true;
   int envios_ = 0;  // how often the present frame went out

@@ -17,6 +17,8 @@ void Maquina::enviarVEK(int addr, int codigo, const QByteArray& datos, bool pedi
   quitarACKs();  // what came before the frame can't acknowledge it
   pedir_ = pedir;
   primera_ = true;
+  separar_ = dudada_ = false;
+  preguntada_ = addr;
   envios_ = 1;
   repetidas_ = 0;
   estado_ = kEsperaACK;
@@ -39,6 +41,20 @@ void Maquina::esperarVEK(int codigo) {
 void Maquina::emitirVEK() {
   secuencia_ = (secuencia_ + 1) % 100;
   exterior_.escribir(tramas::construirVEK(secuencia_, cuerpo_));
+}
+
+void Maquina::preguntarOtraVez() {
+  envios_ = 1;
+  estado_ = kEsperaACK;
+  iniciarEspera(tiempos_.ack);
+  emitirVEK();
+}
+
+// Machines of one wire count their frames apart, so that the answer of one may bear the number of
+// the frame that another gave last: it may be that frame, sent again, or the answer. An order that
+// goes once, and a list, which would begin anew, wait for what a repeat waits for.
+bool Maquina::puedeSerDeOtra() const {
+  return estado_ == kEsperaRespuesta && preguntada_ != contestada_ && !unaVez_ && !dudada_;
 }
 
 void Maquina::quitarACKs() {
@@ -160,6 +176,11 @@ Maquina::Leido Maquina::atender(const tramas::TramaVEK& trama, bool aceptar) {
   if (trama.secuencia == ultima_) {
     const int para = exterior_.para();
     if (!enVuelo() || para == kVekCaptura) return Leido::Repetida;
+    if (puedeSerDeOtra()) {
+      separar_ = dudada_ = true;
+      preguntarOtraVez();
+      return Leido::Repetida;
+    }
     estado_ == kRepetida ? prorrogar(kEsperaRepetida) : iniciarEspera(kEsperaRepetida);
     estado_ = kRepetida;
     return Leido::Repetida;
@@ -172,9 +193,16 @@ Maquina::Leido Maquina::atender(const tramas::TramaVEK& trama, bool aceptar) {
   seguida_ = std::exchange(primera_, false) || !deLista || trama.secuencia == tras ||
              (tras == 0 && trama.secuencia == 1);
   ultima_ = trama.secuencia;
+  contestada_ = preguntada_;
   // A list's client hears of every code: what it doesn't expect may be one of its records.
   const bool posible = deLista || trama.codigo == codigo_;
   if (!posible || !exterior_.encaja(trama.addr, trama.codigo, trama.datos)) return Leido::Pasada;
+  // One number more than it owes parts its count from the other machine's for good: counts that
+  // went on side by side would meet at every question.
+  if (std::exchange(separar_, false)) {
+    preguntarOtraVez();
+    return Leido::Pasada;
+  }
   acabarVEK(0, trama.addr, trama.codigo, trama.datos);
   return Leido::Aceptada;
 }

@@ -50,18 +50,4 @@ struct Encargos {
 Resultado<Encargos> encargar(dao::Database& db, const Destino& destino,
                              std::span<const qint64> codigos);
 
-// An article as it would go now beside the record that the group gave when it was asked for it
-// alone, field by field.
-struct CampoComparado {
-  QString campo, aqui, alli;
-  bool distinto = false;
-};
-struct FichaComparada {
-  std::optional<Fecha> cuando;  // it was asked; nothing when it never was
-  bool laTiene = false;         // it has the article
-  std::vector<CampoComparado> campos;
-};
-Resultado<FichaComparada> compararFicha(dao::Database& db, const Destino& destino, qint64 codigo,
-                                        const Textos& textos, Fecha ahora);
-
 }  // namespace tarvo::envios

@@ -126,6 +126,15 @@ Resultado<std::vector<Preparado>> Lector::leer(std::span<const qint64> codigos, 
   return salida;
 }
 
+Resultado<std::optional<maquinas::Articulo>> Lector::articulo(qint64 codigo, Fecha ahora) {
+  const auto rs = db_.consultar(uno_, destino_.grupo, destino_.seccion, codigo);
+  if (!rs) return std::unexpected(rs.error());
+  if ((*rs)->Eof()) return std::nullopt;
+  maquinas::Articulo a = leerArticuloPlano(**rs);
+  a.precios = LeerPrecios(**rs, leerOferta(**rs, ahora));
+  return a;
+}
+
 Preparado Lector::preparar(const dao::Recordset& rs, Fecha ahora) const {
   Preparado p;
   maquinas::Articulo a = leerArticuloPlano(rs);

@@ -43,6 +43,8 @@ class Lector {
   // Those of the codes that the section has, in the order of their numbers. At most kLote codes.
   static constexpr size_t kLote = 250;
   Resultado<std::vector<Preparado>> leer(std::span<const qint64> codigos, Fecha ahora);
+  // One of them as it stands, whether or not a record can be made of it; nothing when it is gone.
+  Resultado<std::optional<maquinas::Articulo>> articulo(qint64 codigo, Fecha ahora);
 
  private:
   Preparado preparar(const dao::Recordset& rs, Fecha ahora) const;

@@ -170,11 +170,16 @@ void Remesa::pasado() {
   quitarPrimero();
 }
 
-bool Remesa::rechazado(int error, const QString& motivo) {
+void Remesa::sinTomar(int error, const QString& motivo) {
   const qint64 codigo = lote_[pos_].saliente.codigo;
   resumen_.rechazados[codigo] = motivo;
   anotar({Nota::Rechazado, codigo, 0, {}, false, error, motivo});
   quitarPrimero();
+}
+
+bool Remesa::rechazado(int error, const QString& motivo) {
+  const qint64 codigo = lote_[pos_].saliente.codigo;
+  sinTomar(error, motivo);
   (final_ ? lista_ : negados_).push_back(codigo);
   ++negadasSeguidas_;
   return !final_ && error != kSinRed && error != kRedInterna && negadasSeguidas_ < kNegadasSeguidas;

@@ -49,6 +49,8 @@ class Remesa {
   // The group refused it: it goes to the end. False when the refusals aren't about the article, or
   // it is the end already.
   bool rechazado(int error, const QString& motivo);
+  // The group hasn't taken it though its answer was good: it stays due, and goes no more now.
+  void sinTomar(int error, const QString& motivo);
   // After the list and the deletions: the refused ones, once more. False when there are none.
   bool empezarFinal();
 

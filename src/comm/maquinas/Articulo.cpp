@@ -38,9 +38,13 @@ class Escritor {
     hastaTope(campo, n, ancho, minimo, tope(ancho));
   }
   void hastaTope(CampoPLU campo, qint64 n, int ancho, qint64 minimo, qint64 maximo) {
-    if (n < minimo) return negar({campo, NoCabe::Pequeno, minimo, QString::number(n)});
-    if (n > maximo) return negar({campo, NoCabe::Grande, maximo, QString::number(n)});
-    cifras(n, ancho);
+    if (entre(campo, n, minimo, maximo)) cifras(n, ancho);
+  }
+  // False, with the reason kept, for a number outside the limits.
+  bool entre(CampoPLU campo, qint64 n, qint64 minimo, qint64 maximo) {
+    if (n < minimo) negar({campo, NoCabe::Pequeno, minimo, QString::number(n)});
+    if (n > maximo) negar({campo, NoCabe::Grande, maximo, QString::number(n)});
+    return n >= minimo && n <= maximo;
   }
   // What stands behind the width is left out, as on any display.
   void nombre(CampoPLU campo, const QString& texto, int ancho) {
@@ -108,10 +112,8 @@ Cabe<QByteArray> deBalanza(int tipo, const Articulo& a) {
   e.numero(CampoPLU::Precio0, a.precios[0], 6);
   e.hastaTope(CampoPLU::cada, a.cada, 1, 0, 2);
   e.numero(CampoPLU::Formato, a.formato, 2);
-  if (a.barras < 0 || a.barras > kUltimoTipoBarras)
-    e.negar({CampoPLU::BARRAS, a.barras < 0 ? NoCabe::Pequeno : NoCabe::Grande,
-             a.barras < 0 ? 0 : kUltimoTipoBarras, QString::number(a.barras)});
-  e.fijo(QByteArray(1, static_cast<char>(kBarras + a.barras)));
+  if (e.entre(CampoPLU::BARRAS, a.barras, 0, kUltimoTipoBarras))
+    e.fijo(QByteArray(1, static_cast<char>(kBarras + a.barras)));
   prefijo(e, a.pfxBar);
   e.numero(CampoPLU::Depto, a.depto, 2);
   e.numero(CampoPLU::Tara, a.tara.value_or(1), 2);
@@ -138,19 +140,11 @@ Cabe<QByteArray> deEbony(const Articulo& a) {
   e.nombre(CampoPLU::NomPLU, a.nombre, 16);
   // Weighed articles have their price by the kilogram there.
   const qint64 veces = a.cada == kPor100g ? 10 : 1;
-  if (a.precios[0] > tope(8) / veces)
-    e.negar({CampoPLU::Precio0, NoCabe::Grande, tope(8) / veces, QString::number(a.precios[0])});
-  else
+  if (e.entre(CampoPLU::Precio0, a.precios[0], 0, tope(8) / veces))
     e.numero(CampoPLU::Precio0, a.precios[0] * veces, 8);
-  if (a.cada < 0 || a.cada > kPorUnidad)
-    e.negar({CampoPLU::cada, a.cada < 0 ? NoCabe::Pequeno : NoCabe::Grande,
-             a.cada < 0 ? 0 : kPorUnidad, QString::number(a.cada)});
-  else
+  if (e.entre(CampoPLU::cada, a.cada, 0, kPorUnidad))
     e.fijo(a.cada == kPorUnidad ? (a.modificable ? "4" : "2") : (a.modificable ? "3" : "1"));
-  if (a.depto < 1 || a.depto > kDepartamentos)
-    e.negar({CampoPLU::Depto, a.depto < 1 ? NoCabe::Pequeno : NoCabe::Grande,
-             a.depto < 1 ? 1 : kDepartamentos, QString::number(a.depto)});
-  else
+  if (e.entre(CampoPLU::Depto, a.depto, 1, kDepartamentos))
     e.numero(CampoPLU::Depto, a.depto - 1, 1);
   return e.fin();
 }

@@ -1,5 +1,9 @@
 #include "comm/maquinas/Letras.h"
 
+#include <algorithm>
+#include <optional>
+#include <span>
+
 #include "comm/maquinas/Articulo.h"
 #include "core/valores/Codigo1252.h"
 
@@ -32,63 +36,20 @@ constexpr std::span<const Cambio> propios(int tipo) {
   }
 }
 
-// For every family.
-char16_t comun(char16_t c) {
-  switch (c) {
-    case u'´':
-    case u'`':
-    case u'¨':
-    case 0xA0:  // a blank that doesn't break, which nobody sees
-      return u' ';
-    case u'á':
-    case u'à':
-    case u'ä':
-    case u'ª':
-      return u'a';
-    case u'é':
-    case u'è':
-    case u'ë':
-      return u'e';
-    case u'í':
-    case u'ì':
-    case u'ï':
-      return u'i';
-    case u'ó':
-    case u'ò':
-    case u'ö':
-    case u'º':
-      return u'o';
-    case u'ú':
-    case u'ù':
-    case u'ü':
-      return u'u';
-    case u'Á':
-    case u'À':
-    case u'Ä':
-      return u'A';
-    case u'É':
-    case u'È':
-    case u'Ë':
-      return u'E';
-    case u'Í':
-    case u'Ì':
-    case u'Ï':
-      return u'I';
-    case u'Ó':
-    case u'Ò':
-    case u'Ö':
-      return u'O';
-    case u'Ú':
-    case u'Ù':
-    case u'Ü':
-      return u'U';
-    case u'¡':
-      return u'!';
-    case u'€':
-      return kEuroDeBalanza;
-    default:
-      return c;
-  }
+// For every family. The last is a blank that doesn't break, which nobody sees.
+constexpr Cambio kComunes[] = {
+    {u'´', u' '},           {u'`', u' '}, {u'¨', u' '}, {u'á', u'a'}, {u'à', u'a'}, {u'ä', u'a'},
+    {u'ª', u'a'},           {u'é', u'e'}, {u'è', u'e'}, {u'ë', u'e'}, {u'í', u'i'}, {u'ì', u'i'},
+    {u'ï', u'i'},           {u'ó', u'o'}, {u'ò', u'o'}, {u'ö', u'o'}, {u'º', u'o'}, {u'ú', u'u'},
+    {u'ù', u'u'},           {u'ü', u'u'}, {u'Á', u'A'}, {u'À', u'A'}, {u'Ä', u'A'}, {u'É', u'E'},
+    {u'È', u'E'},           {u'Ë', u'E'}, {u'Í', u'I'}, {u'Ì', u'I'}, {u'Ï', u'I'}, {u'Ó', u'O'},
+    {u'Ò', u'O'},           {u'Ö', u'O'}, {u'Ú', u'U'}, {u'Ù', u'U'}, {u'Ü', u'U'}, {u'¡', u'!'},
+    {u'€', kEuroDeBalanza}, {0xA0, u' '}};
+
+std::optional<char16_t> cambiada(std::span<const Cambio> cambios, char16_t c) {
+  const auto it = std::ranges::find(cambios, c, &Cambio::de);
+  if (it == cambios.end()) return {};
+  return it->a;
 }
 
 bool esAscii(QStringView texto) {
@@ -104,9 +65,9 @@ QString letrasCompuestas(const QString& texto) {
 }
 
 char16_t letraDeBalanza(int tipo, char16_t c) {
-  for (const Cambio& k : propios(tipo))
-    if (c == k.de) return k.a;
-  return comun(c);
+  if (const auto propia = cambiada(propios(tipo), c)) return *propia;
+  if (c < 0x80 && c != u'`') return c;
+  return cambiada(kComunes, c).value_or(c);
 }
 
 // No replacement gives a character that another one takes, so each stands for itself.

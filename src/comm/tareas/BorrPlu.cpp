@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "comm/envios/Tenencias.h"
 #include "comm/tareas/EnvioArticulos.h"
@@ -38,7 +39,14 @@ class Borrado final : public motor::TrabajoTarea {
     return codigo == maquinas::borrarArticulos(t_.Tipo).codigo &&
            (addr < 0 || addr == maquinas_[indice_]);
   }
+  // A register may have answered, under the number of another's frame: once more, on a wire that is
+  // quiet by now.
+  bool sinRespuesta(int error) override {
+    constexpr int kSinRespuestaLogica = 17;
+    return t_.Tipo == 3 && error == kSinRespuestaLogica && !std::exchange(insistida_, true);
+  }
   Resultado<> respuesta(int, int, const QByteArray&) override {
+    insistida_ = false;
     if (++indice_ < maquinas_.size()) return {};
     indice_ = 0;
     return ++paso_ > kPasos ? enTransaccion(&envios::Tenencias::borradoHecho) : Resultado<>{};
@@ -82,7 +90,7 @@ class Borrado final : public motor::TrabajoTarea {
   std::vector<int> maquinas_;
   size_t indice_ = 0;
   int paso_ = 1;
-  bool abierta_ = false, anunciada_ = false;
+  bool abierta_ = false, anunciada_ = false, insistida_ = false;
 };
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "comm/tareas/EnvioArticulos.h"
 
+#include <utility>
+
 #include "comm/motor/gestcomm.h"
 #include "comm/tareas/TextosTareas.h"
 
@@ -65,6 +67,18 @@ Resultado<motor::Siguiente> EnvioArticulos::fin() {
 
 bool EnvioArticulos::rechazarActual(int error) {
   return remesa_.rechazado(error, motivoDeRechazo(error, e_.textos));
+}
+
+bool EnvioArticulos::zanjado(const QByteArray& registro, const QByteArray& suya) {
+  const bool porProbar = std::exchange(porProbar_, {}) == registro;
+  if (maquinas::mismaFicha(suya, registro)) return remesa_.enviado(), true;
+  if (!porProbar) return false;
+  const bool laTienen =
+      maquinas::codigoDeFicha(suya).value_or(-1) == *maquinas::codigoDeFicha(registro);
+  remesa_.sinTomar(kNoExiste,
+                   laTienen ? e_.textos(kTxRechazado, {e_.textos(kTxErrorNumero, {kNoExiste})})
+                            : motivoDeRechazo(kNoExiste, e_.textos));
+  return true;
 }
 
 std::vector<totals::Aviso> EnvioArticulos::abandonar() {

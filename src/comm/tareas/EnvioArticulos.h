@@ -35,6 +35,11 @@ class EnvioArticulos : public motor::TrabajoTarea {
   bool soloPrecios() const { return que_ == envios::Remesa::Que::Precios; }
   // The present article was refused; what Remesa::rechazado answers.
   bool rechazarActual(int error);
+  // ERR05 is a good answer to the article that went as `registro`, and doesn't say that the scales
+  // hold it: they are asked. What they tell settles it: true when the article is done with, be it
+  // taken or not.
+  void contestadoQueNoExiste(const QByteArray& registro) { porProbar_ = registro; }
+  bool zanjado(const QByteArray& registro, const QByteArray& suya);
 
   const motor::DatosTarea t_;
   const motor::Entorno e_;
@@ -44,6 +49,7 @@ class EnvioArticulos : public motor::TrabajoTarea {
   std::vector<totals::Aviso> avisos() const;
 
   const envios::Remesa::Que que_;
+  QByteArray porProbar_;
   bool preparada_ = false;
 };
 

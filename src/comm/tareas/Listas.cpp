@@ -45,8 +45,17 @@ class Lista : public motor::TrabajoTarea {
   }
   // The link or an answer failed: late ones may come, and no frame says which lines it holds.
   void reanudar() override {
+    if (ordenada_) return releer();
     if (lectura()) contraste_.romper();
   }
+  // The order to forget may have been obeyed, and somebody may have noted a new list since: what
+  // the machine holds is looked at before it is told again.
+  bool sinRespuesta(int) final {
+    if (!ordenada_ || std::exchange(insistida_, true)) return false;
+    releer();
+    return true;
+  }
+  void fallo() final { insistida_ = false; }
   void salto() final {
     if (lectura()) dudar();
   }
@@ -59,6 +68,18 @@ class Lista : public motor::TrabajoTarea {
   void dudar() { contraste_.dudar(); }
   // Are lines being asked for?
   virtual bool lectura() const = 0;
+  // The list is asked for from its beginning.
+  virtual void empezar() = 0;
+  // The order to forget, which the link must not repeat, once the list is on disk.
+  Resultado<Siguiente> olvidar(int addr, const maquinas::Peticion& p) {
+    TARVO_INTENTAR(aDisco());
+    ordenada_ = true;
+    constexpr bool kUnaVez = true;
+    return Siguiente{Siguiente::Enviar, addr, p.codigo, p.datos, 0, kUnaVez};
+  }
+  void obedecida() { ordenada_ = false; }
+  // The list stands that the machine gives: it has forgotten the one that is on disk.
+  bool yaOlvidada() const { return releida_ && lineas_.empty(); }
   // A frame of lines has come, which aren't added yet. Like the one before it, it may be that one
   // sent again; like the first, the list may have begun again.
   void anotarTrama(const QByteArray& datos) {
@@ -76,13 +97,8 @@ class Lista : public motor::TrabajoTarea {
     const auto bien = contraste_.vale(lineas_, e_.textos, veces);
     if (!bien || !*bien) lineas_.clear();
     if (!bien) return falloEn(bien.error(), t_.Grupo, lugar(), e_.textos);
+    entera_ = entera_ || *bien;
     return bien;
-  }
-  Resultado<> aDisco() {
-    if (enDisco_) return {};
-    TARVO_INTENTAR(disco_.guardar(lineas_));
-    enDisco_ = true;
-    return {};
   }
   QString lugar() const {
     return e_.textos(
@@ -96,11 +112,31 @@ class Lista : public motor::TrabajoTarea {
   std::vector<maquinas::Linea> lineas_;
   QByteArray ultima_;     // frame of lines of the present reading
   int repeticiones_ = 0;  // frames of the present reading like its first or the one before
+  bool entera_ = false;   // a list has stood
 
  private:
   QString nota() const { return QStringLiteral("ListaAbandonada%1").arg(t_.Grupo); }
+  Resultado<> aDisco() {
+    if (enDisco_) return {};
+    TARVO_INTENTAR(disco_.guardar(lineas_));
+    enDisco_ = true;
+    return {};
+  }
+  void releer() {
+    ordenada_ = enDisco_ = false;
+    releida_ = true;
+    contraste_.romper();
+    lineas_.clear();
+    ultima_.clear();
+    repeticiones_ = 0;
+    empezar();
+  }
+
   ListaRecibida disco_;
   bool enDisco_ = false, empezada_ = false, anotada_ = false;
+  bool ordenada_ = false;   // the machine was told to forget, and nothing came of it yet
+  bool insistida_ = false;  // a silence was followed by a question in this attempt
+  bool releida_ = false;    // the present reading is behind such an order
   Contraste<std::vector<maquinas::Linea>> contraste_{5};
   QByteArray primera_;  // frame of the present reading
 };
@@ -112,8 +148,8 @@ class ListaVek final : public Lista {
 
   Resultado<Siguiente> paso() override {
     if (fase_ == 0) return Siguiente::fin();
-    if (fase_ == 2) TARVO_INTENTAR(aDisco());
-    if (fase_ == 1 && lineas_.size() > kUltimaLinea)
+    if (fase_ == 2) return olvidar(0, peticion());
+    if (lineas_.size() > kUltimaLinea)
       return tarvo::fallo(Fallo::Formato, e_.textos(kTxListaSinFin, {t_.Grupo, lugar()}), 7);
     ++preguntada_;
     const maquinas::Peticion p = peticion();
@@ -128,6 +164,7 @@ class ListaVek final : public Lista {
   }
   Resultado<> respuesta(int, int, const QByteArray& datos) override {
     if (fase_ == 2) {
+      obedecida();
       fase_ = 0;
       return {};
     }
@@ -141,10 +178,10 @@ class ListaVek final : public Lista {
     ultima_.clear();
     const auto bien = vale();
     if (!bien) return std::unexpected(bien.error());
-    if (*bien) fase_ = 2;
+    if (*bien) fase_ = yaOlvidada() ? 0 : 2;
     return {};
   }
-  qint64 avance() const override { return static_cast<qint64>(leidas_) + (fase_ != 1); }
+  qint64 avance() const override { return static_cast<qint64>(leidas_) + entera_; }
 
  private:
   static constexpr size_t kUltimaLinea = 999;  // three digits ask
@@ -154,6 +191,10 @@ class ListaVek final : public Lista {
                       : maquinas::vek::lineas(static_cast<int>(lineas_.size()), inventario);
   }
   bool lectura() const override { return fase_ == 1; }
+  void empezar() override {
+    fase_ = 1;
+    preguntada_ = 0;
+  }
   int fase_ = 1;        // 1 ask lines, 2 may be forgotten, 0 done
   size_t leidas_ = 0;   // most lines so far
   int preguntada_ = 0;  // how often the present question was asked
@@ -170,8 +211,7 @@ class ListaNodalPedido final : public Lista {
       case 1:
         return enviar(maquinas::nodal::pedido());
       case 3:
-        TARVO_INTENTAR(aDisco());
-        return enviar(maquinas::nodal::olvidarPedido());
+        return olvidar(t_.Addr, maquinas::nodal::olvidarPedido());
       case 2:
       case 4:
         return Siguiente{Siguiente::EsperarNODAL, t_.Addr, 0, {}};
@@ -205,8 +245,7 @@ class ListaNodalPedido final : public Lista {
     }
     return {};
   }
-  // A list that broke off starts again. The permission to forget is not given anew once the machine
-  // has taken it.
+  // A list that broke off starts again.
   void reanudar() override {
     Lista::reanudar();
     if (fase_ != 2) return;
@@ -215,12 +254,17 @@ class ListaNodalPedido final : public Lista {
     ultima_.clear();
     repeticiones_ = 0;
   }
-  qint64 avance() const override { return fase_ == 0 || fase_ > 2 ? 1 : 0; }
+  qint64 avance() const override { return entera_; }
 
  private:
   bool lectura() const override { return fase_ == 1 || fase_ == 2; }
+  void empezar() override {
+    fase_ = 1;
+    vacia_ = false;
+  }
   Resultado<> fin() {
     if (fase_ == 4) {
+      obedecida();
       fase_ = 0;
       return {};
     }
@@ -233,7 +277,7 @@ class ListaNodalPedido final : public Lista {
     if (vacia_ && !lineas_.empty()) dudar();  // it was asked twice, and may have come twice
     const auto bien = vale();
     if (!bien) return std::unexpected(bien.error());
-    fase_ = *bien ? 3 : 1;
+    fase_ = !*bien ? 1 : yaOlvidada() ? 0 : 3;
     return {};
   }
   bool deOtra(int codigo) const {

@@ -26,10 +26,11 @@ class ListaDeArticulos : public EnvioArticulos {
   }
   Resultado<> respuesta(int, int, const QByteArray& datos) override {
     if (preguntando_) return contrastar(datos), Resultado<>{};
-    // Whoever doesn't know an article has deleted it, but hasn't taken it.
+    // Whoever doesn't know an article has deleted it, but need not have taken it.
     if (fase_ == kBorrados || !datos.startsWith("ERR")) return tomada(), Resultado<>{};
-    if (rechazada(kNoExiste)) return {};
-    return tarvo::fallo(Fallo::Comunicacion, {}, kNoExiste);
+    contestadoQueNoExiste(registro_);
+    dudosa_ = true;
+    return {};
   }
   bool rechazada(int error) override {
     if (preguntando_ && error == kNoExiste) return contrastar({}), true;
@@ -93,11 +94,10 @@ class ListaDeArticulos : public EnvioArticulos {
   // What the scales hold, nothing for no such article: the step may be done already.
   void contrastar(const QByteArray& datos) {
     preguntando_ = dudosa_ = false;
+    if (fase_ != kBorrados && !soloPrecios()) return static_cast<void>(zanjado(registro_, datos));
     const bool tienen = maquinas::codigoDeFicha(datos).value_or(-1) == numero_;
-    const bool hecha = fase_ == kBorrados ? !tienen
-                       : soloPrecios()    ? tienen && maquinas::mismosPrecios(datos, registro_)
-                                          : tienen && maquinas::mismaFicha(datos, registro_);
-    if (hecha) tomada();
+    if (fase_ == kBorrados ? !tienen : tienen && maquinas::mismosPrecios(datos, registro_))
+      tomada();
   }
   void siguienteFase() {
     if (fase_ == kLista)

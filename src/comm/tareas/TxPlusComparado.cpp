@@ -33,9 +33,10 @@ class Comparacion final : public EnvioArticulos {
       sabida_ = false;
     } else if (fase_ == kContrastar) {
       dudosa_ = false;
-      if (maquinas::mismaFicha(datos, registro_)) tomado();
+      if (zanjado(registro_, datos)) siguienteNuestro();
     } else if (noExiste) {
-      if (!rechazada(kNoExiste)) return tarvo::fallo(Fallo::Comunicacion, {}, kNoExiste);
+      contestadoQueNoExiste(registro_);
+      dudosa_ = true;
     } else {
       tomado();
     }

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <algorithm>
 
+#include "comm/envios/Comparada.h"
 #include "comm/envios/TablaDeEstado.h"
 #include "comm/ventanas/TextosCommVentanas.h"
 #include "core/ventanas/Medidas.h"
@@ -202,7 +203,7 @@ void EstadoEnvio::mostrarFicha() {
     return ui_.ficha->vivas().poner(std::vector<FilaViva>());
   const auto f =
       envios::compararFicha(contexto().db, *destino_, ui_.lista->valor(fila, u"CODPLU").entero(),
-                            contexto().textos, contexto().reloj.ahora());
+                            contexto().ajustes, contexto().textos, contexto().reloj.ahora());
   if (!haIdoBien(f)) return;
   ui_.LblFicha->setText(
       !f->cuando ? t(kTxSinPedir)

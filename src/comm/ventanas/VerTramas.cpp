@@ -139,7 +139,6 @@ VerTramas::VerTramas(Contexto& c, const QString& nombre, const Servicios& s)
   ui_.lista->filtros()->addWidget(ui_.filtros);
   ui_.lista->setVacia(t(kTxSinTramas));
   connect(ui_.lista, &Parrilla::actualCambiada, this, [this](int fila) { mostrarHexa(fila); });
-  connect(ui_.lista, &Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
   connect(ui_.Que, &QComboBox::activated, this, [this] { empezar(); });
   connect(ui_.Pausa, &QAction::toggled, this, [this](bool si) { pausar(si); });
   connect(ui_.Copiar, &QAction::triggered, this, [this] { copiar(); });

@@ -57,7 +57,6 @@ void gestcommVentana::conectarOrdenes() {
   al(ui_.BotonTramas, [this] { verTramas(); });
   al(ui_.BotonEstado, [this] { verEstado(); });
   connect(ui_.s_espe, &Parrilla::activada, this, [this] { diagnosticar(); });
-  connect(ui_.s_espe, &Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
   connect(ui_.s_espe, &Parrilla::exportado, this, [this](const QString& r) { decirBien(r); });
   for (const EntradaMenu& e : entradasMenu())
     if (auto* a = cuerpo()->findChild<QAction*>(QString::fromUtf16(e.nombre)))

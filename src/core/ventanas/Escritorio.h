@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QThreadPool>
+#include <QTranslator>
 #include <optional>
 
 #include "core/ventanas/Contexto.h"
@@ -25,7 +26,8 @@ class Escritorio {
   Tema& tema() { return tema_; }
 
  private:
-  QThreadPool hilos_;  // outlives all that ask; at the end it is waited for
+  QTranslator delJuego_;  // the toolkit's own texts: menus of fields, the choice of a file
+  QThreadPool hilos_;     // outlives all that ask; at the end it is waited for
   Recuerdos recuerdos_;
   Tema tema_;
   Contexto contexto_;  // outlives the windows that are handed it

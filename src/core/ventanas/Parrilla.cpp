@@ -20,6 +20,11 @@ Parrilla::Parrilla(QWidget* padre)
   d->montar();
 }
 
+void Parrilla::showEvent(QShowEvent* evento) {
+  d->ceder();
+  QWidget::showEvent(evento);
+}
+
 Parrilla::~Parrilla() {
   // The model lets go of its rows while what listens to it is whole.
   if (d->c) recordar();

@@ -6,10 +6,11 @@
 //   .orden = u"FECHA1"_s}));
 //
 // From the keyboard: arrows, Page Up and Down, Home and End; letters jump to the next row that
-// begins so in the current column; Ctrl+F searches, F3 goes on; Ctrl+C copies; Ctrl+A selects all;
-// F5 refreshes; Ctrl+Shift+C chooses columns; Enter is a double click; the menu key is the context
-// menu. A cell whose column has `editar` is written into: F2, Enter or a double click opens it,
-// Enter and Tab keep what was typed (Tab goes on to the next such cell), Escape gives it up.
+// begins so in the current column; Ctrl+F searches, F3 goes on (Shift+F3 where F3 is the window's);
+// Ctrl+C copies; Ctrl+A selects all; F5 refreshes; Ctrl+Shift+C chooses columns; Enter is a double
+// click; the menu key is the context menu. A cell whose column has `editar` is written into: F2,
+// Enter or a double click opens it, Enter and Tab keep what was typed (Tab goes on to the next such
+// cell), Escape gives it up.
 #pragma once
 
 #include <QWidget>
@@ -105,12 +106,14 @@ class Parrilla final : public QWidget {
   void escrita(int fila);               // the same by Enter, which ends it
   void seleccionCambiada();
   void fallo(const tarvo::Error& error);  // of work that the person began on the grid itself
+  void resuelto();  // behind the refusal of a cell: another was written, or it was given up
   void exportado(const QString& ruta);
 
  private:
   struct Interior;
   void recordar();
   bool eventFilter(QObject* objeto, QEvent* evento) override;
+  void showEvent(QShowEvent* evento) override;
 
   std::unique_ptr<Interior> d;
   QTableView* vista_;

@@ -1,6 +1,7 @@
 // Writing into cells: which key opens one, what Enter and Tab lead to, and what happens to what was
 // refused.
 #include <QKeyEvent>
+#include <utility>
 
 #include "core/ventanas/ParrillaInterior.h"
 
@@ -75,6 +76,7 @@ void Parrilla::Interior::seguirEditando(int pasos) {
 // The field stays, or opens again with what was typed when the focus had gone on already.
 void Parrilla::Interior::rechazar(const QModelIndex& celda, const QString& texto,
                                   const Error& error) {
+  rechazado = true;
   avisar(error);
   QMetaObject::invokeMethod(
       &yo,
@@ -83,6 +85,11 @@ void Parrilla::Interior::rechazar(const QModelIndex& celda, const QString& texto
         if (pendiente && yo.isVisible() && sitio.isValid()) editar(sitio, texto);
       },
       Qt::QueuedConnection);
+}
+
+void Parrilla::Interior::resolver() {
+  decir({});
+  if (std::exchange(rechazado, false)) Q_EMIT yo.resuelto();
 }
 
 }  // namespace tarvo::ventanas

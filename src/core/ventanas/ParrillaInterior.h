@@ -51,6 +51,8 @@ struct Parrilla::Interior {
   bool editar(const QModelIndex& celda, std::optional<QString> texto = {});
   bool teclaEdicion(const QKeyEvent& evento);
   void seguirEditando(int pasos);
+  void resolver();
+  void ceder();
   void rechazar(const QModelIndex& celda, const QString& texto, const Error& error);
   void buscarDesde(const QString& texto, ModeloParrilla::Busca como,
                    const std::vector<int>& columnas, int desde);
@@ -80,7 +82,8 @@ struct Parrilla::Interior {
   Guardado guardado;
   Delegado* delegado = nullptr;
   bool escribeAlTeclear = false;
-  int escritas = 0;  // cells written so far
+  int escritas = 0;        // cells written so far
+  bool rechazado = false;  // a refusal stands
   QString tecleado;
   qint64 ultimaTecla = 0;
   bool conPie = true, conBusca = true, colocando = false;

@@ -130,6 +130,9 @@ void Parrilla::Interior::montar() {
     if (!editar(i)) Q_EMIT yo.activada(i.row());
   });
   connect(delegado, &Delegado::acabada, &yo, [this](int pasos) { seguirEditando(pasos); });
+  connect(delegado, &Delegado::closeEditor, &yo, [this](QWidget*, Delegado::EndEditHint como) {
+    if (como == Delegado::RevertModelCache) resolver();
+  });
   connect(v, &QWidget::customContextMenuRequested, &yo,
           [this](const QPoint& p) { menuContexto(yo.vista_->viewport()->mapToGlobal(p)); });
   connect(h, &QWidget::customContextMenuRequested, &yo,
@@ -201,7 +204,7 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
   connect(m, &ModeloParrilla::renovado, &yo, [this] { reponer(); });
   connect(m, &ModeloParrilla::recuento, &yo, [this] { contar(); });
   connect(m, &ModeloParrilla::editada, &yo, [this](const QModelIndex& celda) {
-    decir({});
+    resolver();
     ++escritas;
     Q_EMIT yo.editada(celda.row(), celda.column());
   });
@@ -221,6 +224,19 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
     Q_EMIT yo.seleccionCambiada();
   });
   contar();
+}
+
+// A key that the window uses is the window's: two actions of one key would both be dead.
+void Parrilla::Interior::ceder() {
+  const auto suya = [this](const QAction* a) {
+    return std::ranges::any_of(yo.window()->findChildren<QAction*>(), [&](const QAction* otra) {
+      return otra->shortcutContext() != Qt::WidgetWithChildrenShortcut &&
+             otra->shortcuts().contains(a->shortcut());
+    });
+  };
+  for (QAction* a : {copiar, todo, refrescar, elegirColumnas, exportar, buscarSiguiente})
+    if (a && !a->shortcut().isEmpty() && suya(a))
+      a->setShortcut(a == buscarSiguiente ? Qt::SHIFT | Qt::Key_F3 : QKeySequence());
 }
 
 // The width that a column begins with; its title is shown whole, with its sort mark.

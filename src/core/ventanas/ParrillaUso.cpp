@@ -42,8 +42,9 @@ void Parrilla::Interior::decir(const QString& texto) {
   aviso->setToolTip(texto);
 }
 
+// The window says it.
 void Parrilla::Interior::avisar(Error error) {
-  decir(error.texto);
+  decir({});
   Q_EMIT yo.fallo(error);
 }
 

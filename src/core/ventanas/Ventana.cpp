@@ -75,6 +75,18 @@ void Ventana::enlazar() {
   restoreGeometry(deTexto(c_.recuerdos.leer(memoria, u"sitio"_s)));
   for (QSplitter* s : cuerpo_->findChildren<QSplitter*>())
     s->restoreState(deTexto(c_.recuerdos.leer(memoria, s->objectName())));
+  for (Parrilla* p : cuerpo_->findChildren<Parrilla*>()) atender(*p);
+}
+
+// What its cells refuse is said on the strip, until it is settled.
+void Ventana::atender(Parrilla& lista) {
+  connect(&lista, &Parrilla::fallo, this, [this](const Error& e) {
+    decirFallo(e);
+    deLista_ = e.texto;
+  });
+  connect(&lista, &Parrilla::resuelto, this, [this] {
+    if (tira_->estado() == Estado::Mal && tira_->texto() == deLista_) tira_->quitar();
+  });
 }
 
 void Ventana::crecer(const QSize& tamano) {
@@ -122,6 +134,7 @@ bool Ventana::ejecutar() {
   aceptada_ = false;
   setWindowModality(Qt::ApplicationModal);
   setWindowFlags(Qt::Dialog);  // the desktop puts it on its owner
+  setAttribute(Qt::WA_Moved, false);  // of what it remembers only the size counts
   winId();
   if (dueno_) windowHandle()->setTransientParent(dueno_->windowHandle());
   mostrarSobre(dueno_);

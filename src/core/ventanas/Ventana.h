@@ -94,6 +94,7 @@ class Ventana : public QWidget {
   friend class Retenida;
   void mostrarSobre(QWidget* dueno);
   void recordar();
+  void atender(Parrilla& lista);
   void volverAlDueno();
   void terminar(bool aceptada);
   Ventana* modalEncima() const;
@@ -108,6 +109,7 @@ class Ventana : public QWidget {
   Tira* tira_;
   TiraTrabajo* trabajo_;
   QPointer<QWidget> dueno_, teclea_;
+  QString deLista_;   // what a list of it refused last
   int retenida_ = 0;  // event loops that run in functions of this window
   bool modal_ = false, aceptada_ = false, cerrada_ = false;
 };

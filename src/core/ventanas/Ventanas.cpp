@@ -1,6 +1,7 @@
 #include "core/ventanas/Ventanas.h"
 
 #include <algorithm>
+#include <ranges>
 
 #include "core/ventanas/MyMsgBox.h"
 #include "core/ventanas/Recuerdos.h"
@@ -121,7 +122,9 @@ bool Ventanas::descargar(const QString& nombre) {
 
 bool Ventanas::DescargaTodo(const Ventana* menos) {
   if (!descargar(u"gestcomm"_s)) return true;
-  for (Ventana* v : abiertas()) {
+  // The last one first: one that stays keeps those that it was opened from.
+  const auto todas = abiertas();
+  for (Ventana* v : std::views::reverse(todas)) {
     const bool sigue = std::ranges::find(abiertas_, v) != abiertas_.end();
     if (sigue && v != menos && v->nombre() != u"Cronos" && !v->descargar()) return true;
   }

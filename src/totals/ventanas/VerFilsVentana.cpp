@@ -86,7 +86,6 @@ void VerFilsVentana::montar() {
   connect(ui_.AllGrp, &QComboBox::activated, this, &VerFilsVentana::filtrar);
   connect(ui_.Intervalo, &QAction::triggered, this, &VerFilsVentana::pedirIntervalo);
   connect(ui_.Moneda, &QAction::triggered, this, [this] { usarMoneda(moneda_ == 0 ? 1 : 0); });
-  connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
   ui_.Grid->filtros()->addWidget(ui_.filtros);
   ui_.Grid->setAcciones({ui_.Intervalo, ui_.Moneda, ui_.VerGrafica});
   ui_.Grid->setVacia(t(kTxFilasVacias));

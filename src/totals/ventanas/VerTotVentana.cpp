@@ -58,7 +58,6 @@ void VerTotVentana::montar() {
   connect(ui_.ListaTpos, &QComboBox::activated, this, &VerTotVentana::tipoCambiado);
   connect(ui_.Grid, &ventanas::Parrilla::activada, this, [this] { VerIntervalo(kGranTotal); });
   connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this, &VerTotVentana::actualCambiada);
-  connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
   ui_.Grid->filtros()->addWidget(ui_.filtros);
   ui_.Grid->setVacia(t(kTxListaVacia), ui_.NuevoIV);
   ui_.grafica->preparar(contexto());

@@ -118,7 +118,6 @@ void Visor::montar() {
   connect(ui_.Grid, &ventanas::Parrilla::activada, this, &Visor::verFila);
   connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this,
           [this] { procede_->unaVez(kReposoVisor); });
-  connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
   ui_.Grid->setAcciones({ui_.VerFila, ui_.Moneda, ui_.VerGrafica});
   ui_.Grid->setVacia(t(kTxVisorVacio));
 }

@@ -104,6 +104,49 @@ TEST(ListaArticulos, EnviarAlSalir) {
   }
 }
 
+// All 24 prices and the cost can be shown; at first the base price of the first tarifa alone is.
+TEST(ListaArticulos, LosPreciosOcultos) {
+  Colmado t;
+  t.sql(u"update PLUSES set PRECIO_25=1234 where SECCION=1 and CODPLU=10"_s);
+  auto& grid = t.lista(t.abrir(u"BrowPLUs"_s));
+  QStringList vistos;
+  for (int nivel = 0; nivel < kNiveles; ++nivel)
+    for (int tarifa = 0; tarifa < kTarifas; ++tarifa)
+      if (!grid.vista()->isColumnHidden(grid.modelo()->columna(columnaPrecio(nivel, tarifa))))
+        vistos << columnaPrecio(nivel, tarifa);
+  EXPECT_EQ(vistos.join(u' '), u"PRECIO_00");
+  const int columna = grid.modelo()->columna(u"PRECIO_25");
+  EXPECT_EQ(grid.modelo()->headerData(columna, Qt::Horizontal, Qt::DisplayRole).toString(),
+            u"Hasta 2, tarifa 5");
+  EXPECT_EQ(grid.texto(grid.filaActual(), u"PRECIO_25"), u"12,34");
+  grid.vista()->setColumnHidden(columna, false);
+  t.abrirCelda(grid, u"PRECIO_25"_s);
+  t.escribir(u"9,5"_s);
+  t.tecla(Qt::Key_Return);
+  EXPECT_EQ(t.leer(u"select PRECIO_25, PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s),
+            u"950 100");
+  EXPECT_EQ(t.cruces(), u"20 1 0");
+}
+
+// The queue empties: the window from which the list was opened says so.
+TEST(ListaArticulos, ElFinDelEnvioSeDice) {
+  Colmado t;
+  t.ajustes.EnviarCambios[1] = 2;
+  auto* arbol = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
+  t.tecla(Qt::Key_F4);
+  t.cargada(u"BrowPLUs"_s);
+  bien(t.catalogo.ponerPrecios({1, 10}, Precios{}, u"BrowPLUs"_s));
+  t.tecla(Qt::Key_Escape);
+  ASSERT_TRUE(esperar([&] { return t.gestor->tareas().size() == 4; }));
+  EXPECT_EQ(t.escritorio.ventanas().cargada(u"BrowPLUs"_s), nullptr);
+  EXPECT_TRUE(arbol->tira().isHidden());
+  t.gestor->terminator();
+  ASSERT_TRUE(esperar([&] { return !arbol->tira().isHidden(); }));
+  EXPECT_EQ(arbol->tira().texto(), u"Ha acabado el envío de los cambios a 4 grupos.");
+  EXPECT_TRUE(esperar([&] { return arbol->findChild<QObject*>(u"avisoDeFin"_s) == nullptr; }))
+      << "who has said it looks on no more";
+}
+
 TEST(Editor, LaListaDeFaltasYLaPrimeraDelante) {
   Colmado t;
   auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});

@@ -65,10 +65,12 @@ TEST_F(VentanaEstado, SePideUnArticuloALaBalanza) {
   ASSERT_TRUE(lista(u"0000010 Al día,0000020 Pendiente,0000030 Al día,0000040 Retenido"_s))
       << filasVistas().toStdString();
   EXPECT_EQ(lista()->filaActual(), 1);
-  EXPECT_EQ(ficha()->texto(2, u"aqui"), u"002000");
-  EXPECT_EQ(ficha()->texto(2, u"alli"), u"000007");
+  EXPECT_EQ(ficha()->texto(2, u"aqui"), u"20,00");
+  EXPECT_EQ(ficha()->texto(2, u"alli"), u"0,07");
   EXPECT_EQ(ficha()->texto(2, u"distinto"), u"Distinto");
   EXPECT_EQ(ficha()->texto(0, u"distinto"), u"Igual");
+  lista()->irA(3);  // held back
+  EXPECT_EQ(ficha()->texto(2, u"aqui"), u"10.000,00");
 }
 
 TEST_F(VentanaEstado, DesdeLaVentanaDeComunicaciones) {

@@ -26,6 +26,7 @@ struct Hoja : Mesa {
     p.preparar(contexto(), u"Prueba"_s, columnas);
     QObject::connect(&p, &Parrilla::fallo, &p, [this](const Error& e) { dicho = e.texto; });
     QObject::connect(&p, &Parrilla::activada, &p, [this] { ++activadas; });
+    QObject::connect(&p, &Parrilla::resuelto, &p, [this] { dicho.clear(); });
     QObject::connect(&p, &Parrilla::escrita, &p, [this](int fila) { escrita = fila; });
     p.show();
     p.activateWindow();
@@ -104,6 +105,13 @@ TEST(Edicion, LoRechazadoSigueAbierto) {
   h.tecla(Qt::Key_Return);
   EXPECT_EQ(h.campo(), nullptr);
   EXPECT_EQ(h.p.valor(1, u"IMPORTE").entero(), 300);
+  EXPECT_EQ(h.dicho, u"") << "settled by what was written";
+  h.tecla(Qt::Key_F2);
+  h.escribir(u"0,13"_s);
+  h.tecla(Qt::Key_Return);
+  EXPECT_EQ(h.dicho, u"No vale");
+  h.tecla(Qt::Key_Escape);
+  EXPECT_EQ(h.dicho, u"") << "settled by giving it up";
 }
 
 TEST(Edicion, ElTabuladorSigueYLasHojasSeEscribenSinAbrir) {

@@ -93,6 +93,41 @@ TEST(Ventanas, DescargaTodo) {
   EXPECT_FALSE(p.todas().DescargaTodo(principal));
   EXPECT_EQ(p.todas().abiertas().size(), 2U);
   EXPECT_TRUE(p.todas().cargada(u"Cronos"_s));
+  // One that refuses keeps those that were there before it.
+  p.abrir(u"Muestra"_s);
+  p.abrir(u"Muestra#2"_s)->seNiega = true;
+  EXPECT_TRUE(p.todas().DescargaTodo(principal));
+  EXPECT_EQ(p.todas().abiertas().size(), 4U);
+}
+
+// Two actions of one key would both be dead: the list gives way to its window.
+TEST(Ventanas, LasTeclasDeLaVentanaSonSuyas) {
+  Puesto p;
+  p.todas().registrar(u"Conocida"_s, [](Contexto& c, const QString& n) {
+    auto* v = new Muestra(c, n);
+    v->ui.abrir->setShortcut(Qt::Key_F3);
+    v->ui.borrar->setShortcut(Qt::CTRL | Qt::Key_E);
+    return v;
+  });
+  Muestra* v = p.abrir(u"Conocida"_s);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  llenarArticulos(p, 20);
+  bien(v->ui.lista->abrir({.desde = u"ART"_s, .clave = u"CODIGO"_s}));
+  v->ui.lista->vista()->setFocus();
+  QSignalSpy abre(v->ui.abrir, &QAction::triggered), borra(v->ui.borrar, &QAction::triggered);
+  QTest::keyClick(v->ui.lista->vista(), Qt::Key_F3);
+  QTest::keyClick(v->ui.lista->vista(), Qt::Key_E, Qt::ControlModifier);
+  EXPECT_EQ(abre.count(), 1);
+  EXPECT_EQ(borra.count(), 1);
+  v->ui.lista->irA(0);
+  v->ui.lista->campoBusca()->setText(u"000007"_s);
+  QTest::keyClick(v->ui.lista->vista(), Qt::Key_F3, Qt::ShiftModifier);
+  EXPECT_TRUE(esperar([&] { return v->ui.lista->filaActual() == 6; }));
+}
+
+TEST(Ventanas, LosTextosDelJuegoSonLosDelPrograma) {
+  Puesto p;
+  EXPECT_EQ(QApplication::translate("QLineEdit", "&Copy"), u"&Copiar");
 }
 
 // Ctrl+F leads to the list that has the focus, and from elsewhere to the first.

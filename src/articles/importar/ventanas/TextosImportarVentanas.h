@@ -73,7 +73,7 @@ enum TextoImportarVentanas : int {
   kTxDeshaciendo = 4788,
   kTxAMedias = 4789,
   kTxNadaImportado = 4790,
-  kTxNFilas = 4795,
+  kTxNFilas = 4805,
 };
 
 }  // namespace tarvo::importar
