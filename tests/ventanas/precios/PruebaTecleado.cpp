@@ -154,24 +154,17 @@ TEST(VentanaRapida, UnPrecioQueNoCabeEnLasBalanzasSeDice) {
     const std::pair<QString, QString> casos[] = {
         {u"-1"_s, u"El precio no puede ser negativo, y se ha escrito «-1»."_s},
         {u"10000000"_s, u"El precio «10000000» es demasiado alto"_s},
-        {u"12000"_s, aviso},
-        {u"12"_s, {}}};
+        {u"12000"_s, aviso}};
     ASSERT_TRUE(grid.editarCelda());
     for (const auto& [texto, dicho] : casos) {
       auto* celda = qobject_cast<QLineEdit*>(m.foco());
-      if (!celda) {  // closed behind the one that was written
-        grid.vista()->setCurrentIndex(grid.modelo()->index(fila, grid.modelo()->columna(columna)));
-        ASSERT_TRUE(grid.editarCelda());
-        v->decirFallo(u"De antes"_s);
-        celda = qobject_cast<QLineEdit*>(m.foco());
-      }
+      ASSERT_NE(celda, nullptr);
       celda->setText(texto);
       QTest::keyClick(celda, Qt::Key_Return);
       EXPECT_TRUE(v->tira().texto().startsWith(dicho)) << v->tira().texto().toStdString();
-      EXPECT_EQ(v->tira().isVisible(), !dicho.isEmpty());
     }
   }
-  EXPECT_EQ(m.leer(u"select PRECIO_0 from OFERTAS"_s), u"1200");
+  EXPECT_EQ(m.leer(u"select PRECIO_0 from OFERTAS"_s), u"1200000");
 }
 
 TEST(VentanaRapida, EmpiezaDondeEstabaLaLista) {

@@ -29,7 +29,6 @@ Resultado<> BrowOfer::precioEscrito(qint64 fila, std::size_t nivel, const QStrin
   precios[nivel] = *precio;
   const auto otras = motor_.ponerPrecios(*clave, precios, ui_.Sincro->isChecked());
   if (!otras) return std::unexpected(otras.error());
-  quitarFallo(*this);
   if (ui_.Sincro->isChecked()) decirBien(t(kTxPreciosCopiados, *otras));
   if (const auto aviso = avisoPrecio(*precio, contexto().ajustes, textos)) decirDuda(*aviso);
   return {};

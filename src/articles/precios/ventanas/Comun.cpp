@@ -11,7 +11,6 @@
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/Retenida.h"
 #include "core/ventanas/Tema.h"
-#include "core/ventanas/Tira.h"
 
 namespace tarvo::precios {
 
@@ -106,10 +105,6 @@ bool abandonar(ventanas::Ventana& ventana) {
   caja.setEscapeButton(seguir);
   caja.exec();
   return caja.clickedButton() == dejar;
-}
-
-void quitarFallo(ventanas::Ventana& ventana) {
-  if (ventana.tira().estado() == ventanas::Estado::Mal) ventana.tira().quitar();
 }
 
 Error informe(const ventanas::Contexto& c, const Error& error) {

@@ -58,9 +58,6 @@ class DeLista {
 // Asks whether to lose what was typed; Enter and Escape keep it.
 bool abandonar(ventanas::Ventana& ventana);
 
-// Takes the strip away when it tells of something that went wrong; behind a success.
-void quitarFallo(ventanas::Ventana& ventana);
-
 // A code that is taken, in the words that people know it by.
 Error informe(const ventanas::Contexto& c, const Error& error);
 

@@ -6,6 +6,7 @@
 #include "articles/precios/ventanas/CfgFastPlu.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/Parrilla.h"
+#include "core/ventanas/Tira.h"
 
 namespace tarvo::precios {
 
@@ -63,7 +64,6 @@ void FastModf::montar() {
   connect(ui_.Grd, &ventanas::Parrilla::escrita, this, [this] { saltar(1); });
   connect(ui_.Grd, &ventanas::Parrilla::activada, this,
           [this] { ui_.GrdP->irA(ui_.GrdP->actual()); });
-  connect(ui_.Grd, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
   connect(ui_.GrdP, &MatrizPrecios::fallo, this, [this](Celda, const Error& e) {
     decirFallo(e);
     QMetaObject::invokeMethod(this, &FastModf::volverAlPendiente, Qt::QueuedConnection);
@@ -179,7 +179,6 @@ Resultado<> FastModf::escribir(qint64 fila, ColumnaRapida columna, const QString
   if (*nuevo == **antes) return {};
   const auto hecho = catalogo_.modificar(clave, *nuevo, nombre());
   if (!hecho) return std::unexpected(informe(contexto(), hecho.error()));
-  quitarFallo(*this);
   for (std::size_t nivel = 0; nivel < articles::kNiveles; ++nivel)
     if (nuevo->precios[nivel][0] != (*antes)->precios[nivel][0])
       avisarSiEsAlto(nuevo->precios[nivel][0]);
@@ -191,7 +190,7 @@ Resultado<> FastModf::escribirPrecio(Celda celda, qint64 precio) {
   precios[static_cast<std::size_t>(celda.nivel)][static_cast<std::size_t>(celda.tarifa)] = precio;
   TARVO_INTENTAR(catalogo_.ponerPrecios(articulo_.clave, precios, nombre()));
   articulo_.precios = precios;
-  quitarFallo(*this);
+  if (tira().estado() == ventanas::Estado::Mal) tira().quitar();
   avisarSiEsAlto(precio);
   haIdoBien(ui_.Grd->refrescar());
   return {};
