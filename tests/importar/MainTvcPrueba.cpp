@@ -109,10 +109,10 @@ TEST_F(MainTvc_, LineasQueNoSonDeArticulos) {
     QByteArray linea;
     const char16_t* motivo;
   } casos[] = {
-      {QByteArray(193, '0'), u"Longitud 193: una línea del sistema anterior tiene 76 caracteres."},
-      {sinFin + "1", u"Longitud 77: una línea del sistema anterior tiene 76 caracteres."},
-      {sinFin.left(54), u"Longitud 54: una línea del sistema anterior tiene 76 caracteres."},
-      {"1", u"Longitud 1: una línea del sistema anterior tiene 76 caracteres."},
+      {QByteArray(193, '0'), u"Longitud 193: una línea de este formato tiene 76."},
+      {sinFin + "1", u"Longitud 77: una línea de este formato tiene 76."},
+      {sinFin.left(54), u"Longitud 54: una línea de este formato tiene 76."},
+      {"1", u"Longitud 1: una línea de este formato tiene 76."},
       {"00" + sinFin.mid(2), u"Columnas 1 a 2: «00» no es una sección."},
       {"x?" + sinFin.mid(2), u"Columnas 1 a 2: «x?» no es una sección."},
       {"010000" + sinFin.mid(6), u"Columnas 3 a 6: «0000» no es un código de artículo."},

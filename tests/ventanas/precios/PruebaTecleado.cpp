@@ -80,10 +80,15 @@ TEST(VentanaCalculo, NoPasaDeArticuloConUnPrecioQueNoVale) {
 TEST(VentanaRapida, EscapeNoEscribeUnPrecioAMedias) {
   Tecleado m;
   auto* v = m.abrir(u"FastModf"_s);
-  escribir(v, u"precio00"_s, u"7,66"_s);
-  m.pulsar(Qt::Key_Escape);
-  ASSERT_TRUE(v->isVisible());
-  EXPECT_EQ(m.campo(v, u"precio00"_s).text(), u"3,00");
+  for (const QString& texto : {u"1.5"_s, u"7,66"_s}) {
+    escribir(v, u"precio00"_s, texto);
+    if (texto == u"1.5") m.pulsar(Qt::Key_Return);
+    EXPECT_EQ(v->tira().isVisible(), texto == u"1.5");
+    m.pulsar(Qt::Key_Escape);
+    ASSERT_TRUE(v->isVisible());
+    EXPECT_FALSE(v->tira().isVisible()) << "it is given up";
+    EXPECT_EQ(m.campo(v, u"precio00"_s).text(), u"3,00");
+  }
   m.pulsar(Qt::Key_Escape);
   EXPECT_FALSE(v->isVisible());
   EXPECT_EQ(m.precio(3), u"300");

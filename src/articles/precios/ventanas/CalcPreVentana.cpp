@@ -48,8 +48,7 @@ void CalcPreVentana::montar() {
   });
   connect(ui_.togg, &QPushButton::clicked, this, &CalcPreVentana::bloquear);
   connect(ui_.grdpre, &MatrizPrecios::entrada, this, &CalcPreVentana::entrar);
-  connect(ui_.grdpre, &MatrizPrecios::fallo, this,
-          [this](Celda, const Error& e) { decirFallo(e); });
+  decirLoDe(*ui_.grdpre, *this);
   ui_.grdpre->alEscribir([this](Celda celda, qint64 nuevo) -> Resultado<> {
     precio(celda) = nuevo;
     tocado_ = true;

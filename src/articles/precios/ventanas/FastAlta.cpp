@@ -23,7 +23,7 @@ void FastAlta::montar() {
   montarCampos();
   ui_.Grd->preparar(contexto(), motor_.forma().precios(), motor_.forma().tarifas());
   connect(ui_.Grd, &MatrizPrecios::intro, this, [this] { avanzar(); });
-  connect(ui_.Grd, &MatrizPrecios::fallo, this, [this](Celda, const Error& e) { decirFallo(e); });
+  decirLoDe(*ui_.Grd, *this);
   connect(ui_.Alta, &QPushButton::clicked, this, &FastAlta::anadir);
   connect(ui_.Salir, &QPushButton::clicked, this, &FastAlta::descargar);
   connect(ui_.Configurar, &QPushButton::clicked, this, &FastAlta::configurar);

@@ -6,7 +6,6 @@
 #include "articles/precios/ventanas/CfgFastPlu.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/Parrilla.h"
-#include "core/ventanas/Tira.h"
 
 namespace tarvo::precios {
 
@@ -64,10 +63,9 @@ void FastModf::montar() {
   connect(ui_.Grd, &ventanas::Parrilla::escrita, this, [this] { saltar(1); });
   connect(ui_.Grd, &ventanas::Parrilla::activada, this,
           [this] { ui_.GrdP->irA(ui_.GrdP->actual()); });
-  connect(ui_.GrdP, &MatrizPrecios::fallo, this, [this](Celda, const Error& e) {
-    decirFallo(e);
-    QMetaObject::invokeMethod(this, &FastModf::volverAlPendiente, Qt::QueuedConnection);
-  });
+  decirLoDe(*ui_.GrdP, *this);
+  connect(ui_.GrdP, &MatrizPrecios::fallo, this, &FastModf::volverAlPendiente,
+          Qt::QueuedConnection);
   connect(ui_.GrdP, &MatrizPrecios::intro, this, &FastModf::intro);
   pintarModo();
 }
@@ -190,7 +188,6 @@ Resultado<> FastModf::escribirPrecio(Celda celda, qint64 precio) {
   precios[static_cast<std::size_t>(celda.nivel)][static_cast<std::size_t>(celda.tarifa)] = precio;
   TARVO_INTENTAR(catalogo_.ponerPrecios(articulo_.clave, precios, nombre()));
   articulo_.precios = precios;
-  if (tira().estado() == ventanas::Estado::Mal) tira().quitar();
   avisarSiEsAlto(precio);
   haIdoBien(ui_.Grd->refrescar());
   return {};

@@ -10,6 +10,7 @@
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/Medidas.h"
+#include "core/ventanas/Tira.h"
 
 namespace tarvo::precios {
 
@@ -141,11 +142,17 @@ bool MatrizPrecios::terminar(Celda celda) {
   if (!precio) return queda(celda, dicho, errorDe(precio.error(), dicho, c_->ajustes, c_->textos));
   const Casilla antes = c;
   poner(celda, *precio);
-  if (*precio == antes.precio || !escribir_) return true;
-  const auto hecho = escribir_(celda, *precio);
-  if (hecho) return true;
-  c = antes;
-  return queda(celda, dicho, hecho.error());
+  const bool escribe = escribir_ && *precio != antes.precio;
+  if (const auto hecho = escribe ? escribir_(celda, *precio) : Resultado<>(); !hecho) {
+    c = antes;
+    return queda(celda, dicho, hecho.error());
+  }
+  resolver();
+  return true;
+}
+
+void MatrizPrecios::resolver() {
+  if (std::exchange(rechazado_, false)) Q_EMIT resuelto();
 }
 
 bool MatrizPrecios::queda(Celda celda, const QString& dicho, const Error& error) {
@@ -153,6 +160,7 @@ bool MatrizPrecios::queda(Celda celda, const QString& dicho, const Error& error)
   campo.setText(dicho);
   campo.setModified(true);
   marcarFalta(campo, true);
+  rechazado_ = true;
   Q_EMIT fallo(celda, error);
   return false;
 }
@@ -161,6 +169,7 @@ bool MatrizPrecios::renunciar(Celda celda) {
   const Casilla c = casilla(celda);
   if (!c.campo->isModified()) return false;
   mostrar(celda, c.precio, c.texto);
+  resolver();
   return true;
 }
 
@@ -206,6 +215,14 @@ bool MatrizPrecios::eventFilter(QObject* objeto, QEvent* evento) {
   casilla(*cual).campo->selectAll();
   if (*cual != std::exchange(actual_, *cual)) Q_EMIT entrada(*cual);
   return false;
+}
+
+void decirLoDe(MatrizPrecios& matriz, ventanas::Ventana& ventana) {
+  QObject::connect(&matriz, &MatrizPrecios::fallo, &ventana,
+                   [&ventana](Celda, const Error& e) { ventana.decirFallo(e); });
+  QObject::connect(&matriz, &MatrizPrecios::resuelto, &ventana, [&ventana] {
+    if (ventana.tira().estado() == ventanas::Estado::Mal) ventana.tira().quitar();
+  });
 }
 
 }  // namespace tarvo::precios

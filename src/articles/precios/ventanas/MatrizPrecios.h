@@ -9,7 +9,7 @@
 #include <functional>
 
 #include "articles/precios/ParrillaRapida.h"
-#include "core/ventanas/Contexto.h"
+#include "core/ventanas/Ventana.h"
 
 class QGridLayout;
 class QLineEdit;
@@ -50,6 +50,7 @@ class MatrizPrecios final : public QWidget {
   void entrada(tarvo::precios::Celda celda);  // the focus came to another cell
   void intro(tarvo::precios::Celda celda);    // Enter, once the price is written
   void fallo(tarvo::precios::Celda celda, const tarvo::Error& error);
+  void resuelto();  // behind it: another price was typed, or it was given up
 
  private:
   struct Casilla {
@@ -71,6 +72,7 @@ class MatrizPrecios final : public QWidget {
   bool terminar(Celda celda);
   bool queda(Celda celda, const QString& dicho, const Error& error);
   bool renunciar(Celda celda);
+  void resolver();
   bool eventFilter(QObject* objeto, QEvent* evento) override;
   bool tecla(Celda celda, int tecla);
   bool subirOBajar(Celda celda, int pasos);
@@ -80,7 +82,11 @@ class MatrizPrecios final : public QWidget {
   Escribir escribir_;
   QWidget* ultimo_ = nullptr;
   int niveles_ = 0, tarifas_ = 0;
+  bool rechazado_ = false;
   Celda actual_;
 };
+
+// What it refuses, on the strip of its window until it is settled.
+void decirLoDe(MatrizPrecios& matriz, ventanas::Ventana& ventana);
 
 }  // namespace tarvo::precios
