@@ -1,4 +1,4 @@
-// The list of articles: order, search, what is asked on leaving, what it shows.
+// The list of articles: order, search, what is asked on leaving.
 #include <QHeaderView>
 #include <QToolBar>
 
