@@ -33,6 +33,12 @@ class EnvioArticulos : public motor::TrabajoTarea {
   Resultado<motor::Siguiente> fin();
   envios::Rango rango() const { return {t_.Desde, t_.Hasta}; }
   bool soloPrecios() const { return que_ == envios::Remesa::Que::Precios; }
+  // A frame whose answer proves something.
+  motor::Siguiente enviar(int addr, const maquinas::Peticion& p) {
+    codigo_ = p.codigo;
+    return {motor::Siguiente::Enviar, addr, p.codigo, p.datos, 0, {.limpia = true}};
+  }
+  int codigoEnviado() const { return codigo_; }
   // The present article was refused; what Remesa::rechazado answers.
   bool rechazarActual(int error);
   // ERR05 is a good answer to the article that went as `registro`, and doesn't say that the scales
@@ -49,6 +55,7 @@ class EnvioArticulos : public motor::TrabajoTarea {
   std::vector<totals::Aviso> avisos() const;
 
   const envios::Remesa::Que que_;
+  int codigo_ = 0;  // of the frame that was sent last
   QByteArray porProbar_;
   bool preparada_ = false;
 };

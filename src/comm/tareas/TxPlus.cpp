@@ -21,9 +21,11 @@ class ListaDeArticulos : public EnvioArticulos {
 
   bool encaja(int, int codigo, const QByteArray& datos) const override {
     if (t_.Protocolo == 2) return true;
-    if (codigo != codigo_) return false;
-    return !preguntando_ || maquinas::codigoDeFicha(datos).value_or(-1) >= numero_;
+    if (codigo != codigoEnviado()) return false;
+    const auto suyo = maquinas::codigoDeFicha(datos);
+    return preguntando_ ? suyo.value_or(-1) >= numero_ : !soloPrecios() || !suyo;
   }
+  void repetida() override { dudosa_ = dudosa_ || (conCross() && !soloPrecios()); }
   Resultado<> respuesta(int, int, const QByteArray& datos) override {
     if (preguntando_) return contrastar(datos), Resultado<>{};
     // Whoever doesn't know an article has deleted it, but need not have taken it.
@@ -78,10 +80,6 @@ class ListaDeArticulos : public EnvioArticulos {
     if (soloPrecios() && error == kNoExiste) remesa_.hueco(numero_, numero_);
     return rechazarActual(error);
   }
-  Siguiente enviar(int addr, const maquinas::Peticion& p) {
-    codigo_ = p.codigo;
-    return {Siguiente::Enviar, addr, p.codigo, p.datos};
-  }
 
  private:
   enum Fase { kLista = 1, kBorrados = 2, kRechazados = 3, kFin = 0 };
@@ -107,8 +105,7 @@ class ListaDeArticulos : public EnvioArticulos {
   }
 
   int fase_ = kLista;
-  int codigo_ = 0;       // of the frame that was sent last
-  qint64 numero_ = 0;    // of the article that it was about
+  qint64 numero_ = 0;    // of the article that the last frame was about
   QByteArray registro_;  // what the article goes with
   bool dudosa_ = false, preguntando_ = false;
 };

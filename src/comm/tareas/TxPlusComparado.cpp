@@ -17,7 +17,7 @@ class Comparacion final : public EnvioArticulos {
       : EnvioArticulos(t, e), desde_(std::max(t.Desde, maquinas::kPrimerArticulo)) {}
 
   bool encaja(int, int codigo, const QByteArray& datos) const override {
-    if (codigo != codigo_) return false;
+    if (codigo != codigoEnviado()) return false;
     const qint64 numero = maquinas::codigoDeFicha(datos).value_or(-1);
     return fase_ == kPreguntar ? numero >= desde_ : fase_ != kContrastar || numero >= nuestro_;
   }
@@ -28,6 +28,7 @@ class Comparacion final : public EnvioArticulos {
       remesa_.hueco(desde_, std::min(suyo - 1, t_.Hasta));
       desde_ = suyo;
       sabida_ = true;
+      dudosa_ = false;
     } else if (fase_ == kBorrar) {
       remesa_.borrado(desde_++);
       sabida_ = false;
@@ -43,6 +44,7 @@ class Comparacion final : public EnvioArticulos {
     return {};
   }
   // They may have taken it unheard: they are asked, and late answers, which bear no number, end.
+  void repetida() override { dudosa_ = dudosa_ || fase_ == kEnviar; }
   bool sinRespuesta(int) override {
     dudosa_ = dudosa_ || fase_ == kEnviar;
     return false;
@@ -87,10 +89,7 @@ class Comparacion final : public EnvioArticulos {
  private:
   enum Fase { kPreguntar = 10, kEnviar = 11, kBorrar = 12, kContrastar = 13 };
   static constexpr qint64 kDetrasDeTodos = 10'000'000;
-  Siguiente enviar(const maquinas::Peticion& p) {
-    codigo_ = p.codigo;
-    return {Siguiente::Enviar, 0, p.codigo, p.datos};
-  }
+  Siguiente enviar(const maquinas::Peticion& p) { return EnvioArticulos::enviar(0, p); }
   Siguiente enviarNuestro(const QByteArray& registro) {
     registro_ = registro;
     if (!dudosa_) return enviar(maquinas::enviarArticulo(4, registro));
@@ -107,7 +106,7 @@ class Comparacion final : public EnvioArticulos {
     sabida_ = false;
   }
 
-  int fase_ = kPreguntar, codigo_ = 0;
+  int fase_ = kPreguntar;
   qint64 desde_;         // the number of theirs that comes next, or from which to ask
   qint64 nuestro_ = 0;   // ours that comes next
   bool sabida_ = false;  // theirs is the one that they just told
