@@ -19,9 +19,9 @@ int errorDeMaquina(const QByteArray& datos, bool tolera5) {
   return n == 5 && tolera5 ? 0 : 100 + n;
 }
 
-// The machine heard the step and won't do it.
+// The machine heard the step and won't do it; a refusal may have lost its end.
 bool esRechazo(int error) {
-  return error == enlace::kErrorRechazo || (error > 100 && error <= 105);
+  return error == enlace::kErrorRechazo || error == kErrorTrama || (error > 100 && error <= 105);
 }
 
 }  // namespace

@@ -18,6 +18,7 @@ enum TextoTareas : int {
   kTxNoLoTiene = 2120,
   kTxFichasLeidas = 2121,
   kTxArticulosBorrados = 2122,
+  kTxNoContesta = 2123,
   kTxEnGrupo = 2240,
   kTxGrupoBorrado = 2241,
   kTxListaVacia = 2242,

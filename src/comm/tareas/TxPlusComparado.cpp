@@ -2,6 +2,7 @@
 
 #include "comm/tareas/EnvioArticulos.h"
 #include "comm/tareas/Fabricas.h"
+#include "comm/tareas/TextosTareas.h"
 
 namespace tarvo::tareas {
 
@@ -23,18 +24,13 @@ class Comparacion final : public EnvioArticulos {
   }
   Resultado<> respuesta(int, int, const QByteArray& datos) override {
     const bool noExiste = datos.startsWith("ERR");
-    if (fase_ == kPreguntar) {
-      const qint64 suyo = noExiste ? kDetrasDeTodos : *maquinas::codigoDeFicha(datos);
-      remesa_.hueco(desde_, std::min(suyo - 1, t_.Hasta));
-      desde_ = suyo;
-      sabida_ = true;
-      dudosa_ = false;
-    } else if (fase_ == kBorrar) {
+    if (fase_ == kPreguntar)
+      return tienen(noExiste ? kDetrasDeTodos : *maquinas::codigoDeFicha(datos));
+    if (fase_ == kBorrar) {
       remesa_.borrado(desde_++);
       sabida_ = false;
     } else if (fase_ == kContrastar) {
-      dudosa_ = false;
-      if (zanjado(registro_, datos)) siguienteNuestro();
+      return contrastado(datos);
     } else if (noExiste) {
       contestadoQueNoExiste(registro_);
       dudosa_ = true;
@@ -43,11 +39,19 @@ class Comparacion final : public EnvioArticulos {
     }
     return {};
   }
-  // They may have taken it unheard: they are asked, and late answers, which bear no number, end.
   void repetida() override { dudosa_ = dudosa_ || fase_ == kEnviar; }
-  bool sinRespuesta(int) override {
-    dudosa_ = dudosa_ || fase_ == kEnviar;
-    return false;
+  // They may have done it unheard, and are asked. Whether they are there at all is told by that.
+  bool sinRespuesta(int error) override {
+    if (!esSilencio(error)) return false;
+    if (fase_ == kEnviar) {
+      dudosa_ = true;
+      callo(nuestro_, error);
+      return true;
+    }
+    if (fase_ != kBorrar) return false;
+    if (std::exchange(borradoCallado_, desde_) == desde_) return rechazada(error);
+    sabida_ = false;
+    return true;
   }
   bool rechazada(int error) override {
     if (fase_ == kEnviar) {
@@ -61,7 +65,8 @@ class Comparacion final : public EnvioArticulos {
     return false;
   }
   qint64 codigoActual() const override {
-    return fase_ == kEnviar ? EnvioArticulos::codigoActual() : std::min(desde_, t_.Hasta);
+    return fase_ == kEnviar || fase_ == kContrastar ? EnvioArticulos::codigoActual()
+                                                    : std::min(desde_, t_.Hasta);
   }
 
  protected:
@@ -90,6 +95,22 @@ class Comparacion final : public EnvioArticulos {
   enum Fase { kPreguntar = 10, kEnviar = 11, kBorrar = 12, kContrastar = 13 };
   static constexpr qint64 kDetrasDeTodos = 10'000'000;
   Siguiente enviar(const maquinas::Peticion& p) { return EnvioArticulos::enviar(0, p); }
+  // Their first number at or behind the one that was asked for.
+  Resultado<> tienen(qint64 suyo) {
+    dudosa_ = false;
+    remesa_.hueco(desde_, std::min(suyo - 1, t_.Hasta));
+    desde_ = suyo;
+    sabida_ = true;
+    return {};
+  }
+  Resultado<> contrastado(const QByteArray& datos) {
+    dudosa_ = false;
+    const int callada = callado(nuestro_);
+    if (zanjado(registro_, datos)) return siguienteNuestro(), Resultado<>{};
+    if (callada == 0) return {};
+    siguienteNuestro();
+    return noContesto(callada);
+  }
   Siguiente enviarNuestro(const QByteArray& registro) {
     registro_ = registro;
     if (!dudosa_) return enviar(maquinas::enviarArticulo(4, registro));
@@ -112,6 +133,7 @@ class Comparacion final : public EnvioArticulos {
   bool sabida_ = false;  // theirs is the one that they just told
   QByteArray registro_;  // of ours, as it goes
   bool final_ = false, dudosa_ = false;
+  qint64 borradoCallado_ = -1;  // the deletion that got no answer
 };
 
 }  // namespace
