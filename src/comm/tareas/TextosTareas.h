@@ -19,6 +19,8 @@ enum TextoTareas : int {
   kTxFichasLeidas = 2121,
   kTxArticulosBorrados = 2122,
   kTxNoContesta = 2123,
+  kTxSigueTeniendolo = 2124,
+  kTxNoBorra = 2125,
   kTxEnGrupo = 2240,
   kTxGrupoBorrado = 2241,
   kTxListaVacia = 2242,

@@ -27,8 +27,11 @@ class Comparacion final : public EnvioArticulos {
     if (fase_ == kPreguntar)
       return tienen(noExiste ? kDetrasDeTodos : *maquinas::codigoDeFicha(datos));
     if (fase_ == kBorrar) {
-      remesa_.borrado(desde_++);
+      remesa_.borrado(desde_);
       sabida_ = false;
+      // It costs no frame: where it is gone, they tell what comes behind it.
+      mirando_ = ++borradosSinMirar_ == kBorradosSinMirar;
+      if (!mirando_) ++desde_;
     } else if (fase_ == kContrastar) {
       return contrastado(datos);
     } else if (noExiste) {
@@ -94,10 +97,17 @@ class Comparacion final : public EnvioArticulos {
  private:
   enum Fase { kPreguntar = 10, kEnviar = 11, kBorrar = 12, kContrastar = 13 };
   static constexpr qint64 kDetrasDeTodos = 10'000'000;
+  // So many deletions are believed; then they are asked whether the last one is gone.
+  static constexpr int kBorradosSinMirar = 16;
   Siguiente enviar(const maquinas::Peticion& p) { return EnvioArticulos::enviar(0, p); }
   // Their first number at or behind the one that was asked for.
   Resultado<> tienen(qint64 suyo) {
     dudosa_ = false;
+    if (mirando_ && suyo == desde_) {
+      remesa_.borradoNegado(suyo, e_.textos(kTxSigueTeniendolo));
+      return tarvo::fallo(Fallo::Formato, e_.textos(kTxNoBorra, {t_.Grupo, Ceros(suyo, 7)}));
+    }
+    if (std::exchange(mirando_, false)) borradosSinMirar_ = 0;
     remesa_.hueco(desde_, std::min(suyo - 1, t_.Hasta));
     desde_ = suyo;
     sabida_ = true;
@@ -134,6 +144,8 @@ class Comparacion final : public EnvioArticulos {
   QByteArray registro_;  // of ours, as it goes
   bool final_ = false, dudosa_ = false;
   qint64 borradoCallado_ = -1;  // the deletion that got no answer
+  int borradosSinMirar_ = 0;
+  bool mirando_ = false;  // the number asked for is one that they have deleted
 };
 
 }  // namespace
