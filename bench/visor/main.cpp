@@ -3,12 +3,10 @@
 // tarvo-bench --razones does.
 #include <QApplication>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QTableView>
-#include <algorithm>
 
-#include "Comun.h"
+#include "Pintado.h"
 #include "core/ventanas/Escritorio.h"
 #include "core/ventanas/Parrilla.h"
 #include "stock/Almacenes.h"
@@ -16,6 +14,7 @@
 #include "totals/ventanas/RegistroTotales.h"
 
 using namespace tarvo;
+using namespace tarvo::banco;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -23,39 +22,6 @@ namespace {
 constexpr int kFilas = 500'000, kGrupos = 50, kVacio = 1, kLleno = 2;
 constexpr int kVueltas = 9, kPaginas = 3'000, kGiros = 20;
 constexpr double kAbrirMs = 150, kPaginaMs = 32, kFiltroMs = 300, kVecesConsulta = 2;
-constexpr int kPlazoMs = 20'000;
-
-// The moments at which a widget was painted.
-class Pintor final : public QObject {
- public:
-  explicit Pintor(QWidget* w) { w->installEventFilter(this); }
-  bool eventFilter(QObject* /*objeto*/, QEvent* evento) override {
-    pintadas += evento->type() == QEvent::Paint;
-    return false;
-  }
-  int pintadas = 0;
-};
-
-double ms(const QElapsedTimer& t) {
-  return static_cast<double>(t.nsecsElapsed()) * 1e-6;
-}
-
-template <class F>
-void esperar(const char* que, F&& listo) {
-  QElapsedTimer plazo;
-  plazo.start();
-  while (!listo()) {
-    if (plazo.elapsed() > kPlazoMs) banco::morir(u"no llega: %1"_s.arg(QLatin1String(que)));
-    QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 5);
-  }
-}
-
-double enElLugar(std::vector<double>& v, double parte) {
-  const auto n = static_cast<std::ptrdiff_t>(parte * static_cast<double>(v.size() - 1));
-  std::ranges::nth_element(v, v.begin() + n);
-  return v[static_cast<std::size_t>(n)];
-}
-
 class Banco {
  public:
   explicit Banco(QApplication& qt)
@@ -199,14 +165,6 @@ class Banco {
   totals::Periodos periodos_;
   ventanas::Escritorio escritorio_;
 };
-
-bool decir(const char* nombre, double tardo, double limite) {
-  const double razon = limite / std::max(tardo, 0.01);
-  std::printf("%s %.2f 1.00 %s  # %.1f ms, limit %.0f ms\n", nombre, razon,
-              razon >= 1 ? "ok" : "short", tardo, limite);
-  std::fflush(stdout);
-  return razon >= 1;
-}
 
 }  // namespace
 

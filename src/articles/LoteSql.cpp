@@ -22,18 +22,21 @@ Resultado<> marcar(dao::Database& db, qint64 lote, Que que, const QString& condi
   return {};
 }
 
-// What others did since the batch: the article stands otherwise, or a new one has moved stock.
+// What others did since the batch noted how it left an article: it stands otherwise, or a new one
+// has moved stock.
 Resultado<> apartarAjenos(dao::Database& db, qint64 lote) {
+  const QString anotado =
+      u"EXISTS (SELECT 1 FROM LoteDespues D WHERE D.LOTE=LoteAntes.LOTE AND "
+      u"D.SECCION=LoteAntes.SECCION AND D.CODPLU=LoteAntes.CODPLU"_s;
   TARVO_INTENTAR(marcar(db, lote, Que::Dejar,
-                        u"QUE>0 AND NOT EXISTS (SELECT 1 FROM LoteDespues D WHERE "
-                        u"D.LOTE=LoteAntes.LOTE AND D.SECCION=LoteAntes.SECCION AND "
-                        u"D.CODPLU=LoteAntes.CODPLU AND %1)"_s.arg(estaComo(u"D"_s))));
+                        u"QUE>0 AND %1) AND NOT %1 AND %2)"_s.arg(anotado, estaComo(u"D"_s))));
   QStringList iguales;
   for (const QString& c : contadores()) iguales << u"X.%1 IS NOT DISTINCT FROM M.%1"_s.arg(c);
   return marcar(db, lote, Que::Dejar,
-                u"QUE=2 AND EXISTS (SELECT 1 FROM MovsAlm M WHERE M.SECCION=LoteAntes.SECCION AND "
-                u"M.CODIGO=LoteAntes.CODPLU AND NOT EXISTS (SELECT 1 FROM LoteMovs X WHERE "
-                u"X.LOTE=LoteAntes.LOTE AND X.ANTES=0 AND %1))"_s.arg(iguales.join(u" AND ")));
+                u"QUE=2 AND %1) AND EXISTS (SELECT 1 FROM MovsAlm M WHERE "
+                u"M.SECCION=LoteAntes.SECCION AND M.CODIGO=LoteAntes.CODPLU AND NOT EXISTS (SELECT "
+                u"1 FROM LoteMovs X WHERE X.LOTE=LoteAntes.LOTE AND X.ANTES=0 AND %2))"_s.arg(
+                    anotado, iguales.join(u" AND ")));
 }
 
 // A bar code that an article outside of the undoing has now. Leaving one alone can keep the bar
@@ -63,14 +66,42 @@ QStringList contadores() {
           u"Compra"_s,  u"Salida"_s, u"Venta"_s,  u"Merma"_s};
 }
 
-Resultado<> clasificar(dao::Database& db, qint64 lote, bool conDespues) {
+Resultado<qint64> apartarTramo(dao::Database& db, qint64 lote, qint64 aqui, int cuantos) {
+  auto ultima = db.consultar(
+      u"SELECT SECCION, CODPLU FROM (SELECT SECCION, CODPLU FROM LoteAntes WHERE LOTE=? ORDER BY "
+      u"SECCION, CODPLU LIMIT ?) ORDER BY SECCION DESC, CODPLU DESC LIMIT 1",
+      lote, cuantos);
+  if (!ultima) return std::unexpected(ultima.error());
+  if ((*ultima)->Eof()) return 0;
+  auto van = db.ejecutar(u"UPDATE LoteAntes SET LOTE=? WHERE LOTE=? AND (SECCION, CODPLU)<=(?, ?)",
+                         aqui, lote, (*ultima)->entero(0), (*ultima)->entero(1));
+  qint64 total = 0;
+  while (van && *van > 0) {
+    total += *van;
+    van = db.ejecutar(
+        u"UPDATE LoteAntes SET LOTE=? WHERE LOTE=? AND (SECCION, CODPLU) IN (SELECT P.SECCION, "
+        u"P.CODPLU FROM LoteAntes Z INNER JOIN PLUSES P ON P.SECCION=Z.SECCION AND "
+        u"P.CodBarExt=Z.CodBarExt WHERE Z.LOTE=? AND Z.CodBarExt IS NOT NULL)",
+        aqui, lote, aqui);
+  }
+  if (!van) return van;
+  for (const QString& sql :
+       {u"UPDATE LoteDespues SET LOTE=? WHERE LOTE=? AND (SECCION, CODPLU) IN (SELECT SECCION, "
+        u"CODPLU FROM LoteAntes WHERE LOTE=?)"_s,
+        u"UPDATE LoteMovs SET LOTE=? WHERE LOTE=? AND ANTES IN (0, 1) AND (SECCION, CODIGO) IN "
+        u"(SELECT SECCION, CODPLU FROM LoteAntes WHERE LOTE=?)"_s})
+    TARVO_INTENTAR(db.ejecutar(sql, aqui, lote, aqui));
+  return total;
+}
+
+Resultado<> clasificar(dao::Database& db, qint64 lote) {
   const QString esta =
       u"EXISTS (SELECT 1 FROM PLUSES P WHERE P.SECCION=LoteAntes.SECCION AND P.CODPLU=LoteAntes.CODPLU)"_s;
   TARVO_INTENTAR(marcar(db, lote, Que::Nada, u"1=1"_s));
   TARVO_INTENTAR(marcar(db, lote, Que::Quitar, u"HABIA=0 AND "_s + esta));
   TARVO_INTENTAR(marcar(db, lote, Que::Reponer, u"HABIA=1 AND NOT "_s + estaComo(u"LoteAntes"_s)));
   TARVO_INTENTAR(marcar(db, lote, Que::Reinsertar, u"QUE=1 AND NOT "_s + esta));
-  if (conDespues) TARVO_INTENTAR(apartarAjenos(db, lote));
+  TARVO_INTENTAR(apartarAjenos(db, lote));
   TARVO_INTENTAR(
       marcar(db, lote, Que::Dejar,
              u"QUE=4 AND NOT EXISTS (SELECT 1 FROM SECCS WHERE NMSECC=LoteAntes.SECCION)"_s));

@@ -18,8 +18,12 @@ enum class Que {
 QStringList tablas();      // all tables of batches
 QStringList contadores();  // the columns of MovsAlm that are kept
 
-// Sets QUE of all articles of a batch. `conDespues`: how the batch left them is known.
-Resultado<> clasificar(dao::Database& db, qint64 lote, bool conDespues);
+// Moves the first articles of a batch, about so many, into an empty one, with whatever must be put
+// back together with them: articles that have each other's bar codes. How many went.
+Resultado<qint64> apartarTramo(dao::Database& db, qint64 lote, qint64 aqui, int cuantos);
+
+// Sets QUE of all articles of a batch.
+Resultado<> clasificar(dao::Database& db, qint64 lote);
 Resultado<std::vector<ClaveArticulo>> claves(dao::Database& db, qint64 lote, Que que);
 
 struct Firma {

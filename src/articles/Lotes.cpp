@@ -12,6 +12,8 @@ using dao::Valor;
 namespace {
 
 constexpr qint64 kLotesGuardados = 20;
+constexpr qint64 kTramo = 0;  // the batch of what is being put back just now; empty otherwise
+constexpr int kPorTramo = 200;
 
 // One article at a time is the busiest use: its statements are built once.
 struct Guardado {
@@ -65,10 +67,10 @@ Resultado<> Lotes::guardar(qint64 lote, ClaveArticulo clave) {
 }
 
 Resultado<> Lotes::guardarNuevo(qint64 lote, ClaveArticulo clave) {
-  TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO LoteAntes (LOTE, HABIA, SECCION, CODPLU) SELECT ?, 0, ?, ? WHERE NOT EXISTS "
-      u"(SELECT 1 FROM LoteAntes WHERE LOTE=? AND SECCION=? AND CODPLU=?)",
-      lote, clave.seccion, clave.codigo, lote, clave.seccion, clave.codigo));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"INSERT INTO LoteAntes (LOTE, HABIA, SECCION, CODPLU) VALUES (?, 0, ?, ?) "
+                   u"ON CONFLICT (LOTE, SECCION, CODPLU) DO NOTHING",
+                   lote, clave.seccion, clave.codigo));
   return {};
 }
 
@@ -80,25 +82,43 @@ Resultado<> Lotes::guardarDonde(qint64 lote, QStringView condicion,
   return t->confirmar();
 }
 
+namespace {
+
+// How the articles of a condition on LoteAntes L stand, of which nothing was noted so far.
+Resultado<> anotarDonde(dao::Database& db, QStringView donde, std::span<const Valor> valores) {
+  const QStringList columnas = columnasArticulo().mid(2);
+  TARVO_INTENTAR(db.Execute(
+      u"INSERT INTO LoteMovs (LOTE, ANTES, %1) SELECT L.LOTE, 0, M.%2 FROM LoteAntes L INNER JOIN "
+      u"MovsAlm M ON M.SECCION=L.SECCION AND M.CODIGO=L.CODPLU WHERE %3"_s.arg(
+          lotesql::contadores().join(u", "), lotesql::contadores().join(u", M."), donde),
+      valores));
+  TARVO_INTENTAR(db.Execute(
+      u"INSERT INTO LoteDespues (LOTE, HABIA, SECCION, CODPLU, %1) SELECT L.LOTE, P.CODPLU IS NOT "
+      u"NULL, L.SECCION, L.CODPLU, P.%2 FROM LoteAntes L LEFT JOIN PLUSES P ON "
+      u"P.SECCION=L.SECCION AND P.CODPLU=L.CODPLU WHERE %3"_s.arg(columnas.join(u", "),
+                                                                  columnas.join(u", P."), donde),
+      valores));
+  return {};
+}
+
+}  // namespace
+
+Resultado<> Lotes::anotar(qint64 lote, ClaveArticulo clave) {
+  if (clave.deSistema()) return {};
+  const std::array<Valor, 3> valores{lote, clave.seccion, clave.codigo};
+  return anotarDonde(db_, u"L.LOTE=? AND L.SECCION=? AND L.CODPLU=?", valores);
+}
+
 Resultado<> Lotes::acabar(qint64 lote) {
   auto t = Transaccion::empezar(db_);
   if (!t) return std::unexpected(t.error());
-  for (const QString& sql : {u"DELETE FROM LoteDespues WHERE LOTE=?"_s,
-                             u"DELETE FROM LoteMovs WHERE LOTE=? AND ANTES=0"_s,
-                             u"UPDATE LoteArticulos SET ACABADO=1 WHERE LOTE=?"_s})
-    TARVO_INTENTAR(db_.ejecutar(sql, lote));
-  const QString columnas = columnasArticulo().mid(2).join(u", P.");
-  TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO LoteDespues (LOTE, HABIA, SECCION, CODPLU, %1) SELECT L.LOTE, P.CODPLU IS NOT "
-      u"NULL, L.SECCION, L.CODPLU, P.%2 FROM LoteAntes L LEFT JOIN PLUSES P ON "
-      u"P.SECCION=L.SECCION AND P.CODPLU=L.CODPLU WHERE L.LOTE=?"_s.arg(
-          columnasArticulo().mid(2).join(u", "), columnas),
-      lote));
-  TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO LoteMovs (LOTE, ANTES, %1) SELECT L.LOTE, 0, M.%2 FROM LoteAntes L INNER JOIN "
-      u"MovsAlm M ON M.SECCION=L.SECCION AND M.CODIGO=L.CODPLU WHERE L.LOTE=?"_s.arg(
-          lotesql::contadores().join(u", "), lotesql::contadores().join(u", M.")),
-      lote));
+  const std::array<Valor, 1> valores{lote};
+  TARVO_INTENTAR(
+      anotarDonde(db_,
+                  u"L.LOTE=? AND NOT EXISTS (SELECT 1 FROM LoteDespues D WHERE D.LOTE=L.LOTE AND "
+                  u"D.SECCION=L.SECCION AND D.CODPLU=L.CODPLU)",
+                  valores));
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE LoteArticulos SET ACABADO=1 WHERE LOTE=?", lote));
   return t->confirmar();
 }
 
@@ -112,22 +132,55 @@ Resultado<> Lotes::olvidar(qint64 lote) {
 
 Resultado<std::optional<Lotes::Lote>> Lotes::ultimo(const QString& ventana) {
   auto rs = db_.consultar(
-      u"SELECT A.LOTE, A.CUANDO, (SELECT count(*) FROM LoteAntes L WHERE L.LOTE=A.LOTE) "
-      u"FROM LoteArticulos A WHERE A.VENTANA=? AND EXISTS (SELECT 1 FROM LoteAntes E WHERE "
+      u"SELECT A.LOTE, A.CUANDO, (SELECT count(*) FROM LoteAntes L WHERE L.LOTE=A.LOTE), "
+      u"A.ACABADO FROM LoteArticulos A WHERE A.VENTANA=? AND EXISTS (SELECT 1 FROM LoteAntes E "
+      u"WHERE "
       u"E.LOTE=A.LOTE) ORDER BY A.LOTE DESC LIMIT 1",
       ventana);
   if (!rs) return std::unexpected(rs.error());
   if ((*rs)->Eof()) return std::nullopt;
-  return Lote{(*rs)->entero(0), (*rs)->fecha(1), (*rs)->entero(2)};
+  return Lote{(*rs)->entero(0), (*rs)->fecha(1), (*rs)->entero(2), (*rs)->logico(3)};
+}
+
+Resultado<> Lotes::hayLote(qint64 lote) {
+  const auto hay = db_.uno(u"SELECT LOTE FROM LoteArticulos WHERE LOTE=?", lote);
+  if (!hay) return std::unexpected(hay.error());
+  if (hay->nulo()) return fallo(Fallo::NoExiste, catalogo_.textos()(kTxLoteOlvidado));
+  return {};
 }
 
 Resultado<Lotes::Deshecho> Lotes::deshacer(qint64 lote, const QString& ventana) {
   auto t = Transaccion::empezar(db_);
   if (!t) return std::unexpected(t.error());
-  const auto acabado = db_.uno(u"SELECT ACABADO FROM LoteArticulos WHERE LOTE=?", lote);
-  if (!acabado) return std::unexpected(acabado.error());
-  if (acabado->nulo()) return fallo(Fallo::NoExiste, catalogo_.textos()(kTxLoteOlvidado));
-  TARVO_INTENTAR(lotesql::clasificar(db_, lote, acabado->logico()));
+  TARVO_INTENTAR(hayLote(lote));
+  auto hecho = reponer(lote, ventana);
+  if (!hecho) return hecho;
+  TARVO_INTENTAR(olvidar(lote));
+  TARVO_INTENTAR(t->confirmar());
+  return hecho;
+}
+
+Resultado<bool> Lotes::deshacerTramo(qint64 lote, const QString& ventana, Deshecho& hecho) {
+  auto t = Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  TARVO_INTENTAR(hayLote(lote));
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE LoteArticulos SET ACABADO=0 WHERE LOTE=?", lote));
+  const auto van = lotesql::apartarTramo(db_, lote, kTramo, kPorTramo);
+  if (!van) return std::unexpected(van.error());
+  const auto esto = reponer(kTramo, ventana);
+  if (!esto) return std::unexpected(esto.error());
+  TARVO_INTENTAR(olvidar(*van > 0 ? kTramo : lote));
+  TARVO_INTENTAR(t->confirmar());
+  hecho.repuestos += esto->repuestos;
+  hecho.quitados += esto->quitados;
+  hecho.vistos += *van;
+  hecho.fuera.insert(hecho.fuera.end(), esto->fuera.begin(), esto->fuera.end());
+  return *van > 0;
+}
+
+// What hangs together in a batch stands in one transaction of the caller.
+Resultado<Lotes::Deshecho> Lotes::reponer(qint64 lote, const QString& ventana) {
+  TARVO_INTENTAR(lotesql::clasificar(db_, lote));
 
   using Que = lotesql::Que;
   const auto cambiados = lotesql::claves(db_, lote, Que::Reponer);
@@ -146,8 +199,6 @@ Resultado<Lotes::Deshecho> Lotes::deshacer(qint64 lote, const QString& ventana) 
   for (const auto* r : {&cambiados, &perdidos})
     for (const ClaveArticulo& c : **r)
       TARVO_INTENTAR(catalogo_.cambios().ArticuloCambiado(c.seccion, c.codigo));
-  TARVO_INTENTAR(olvidar(lote));
-  TARVO_INTENTAR(t->confirmar());
   return Deshecho{static_cast<int>(cambiados->size() + perdidos->size()), *quitados,
                   std::move(*fuera)};
 }

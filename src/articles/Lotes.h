@@ -3,6 +3,7 @@
 //
 //   lote = empezar(window); guardar(lote, key) before each change; ...; acabar(lote)
 //
+// Work in slices, between which others write, says anotar(lote, key) behind each change too.
 // System articles are left out of all of it.
 #pragma once
 
@@ -27,30 +28,40 @@ class Lotes {
   // The same for all articles of a condition on PLUSES, as one statement.
   Resultado<> guardarDonde(qint64 lote, QStringView condicion,
                            std::span<const dao::Valor> parametros = {});
-  // Notes how the batch left its articles, when it is done. Without it deshacer() can't tell what
-  // others changed, and puts everything back.
+  // Notes how the batch left an article, in the transaction that changed it, for the last time.
+  Resultado<> anotar(qint64 lote, ClaveArticulo clave);
+  // Notes it of all others, when the batch is done. Of an article of which nothing was noted,
+  // deshacer() can't tell what others changed, and puts it back.
   Resultado<> acabar(qint64 lote);
 
   struct Deshecho {
     int repuestos = 0, quitados = 0;   // articles put back, articles that had not been there
     std::vector<ClaveArticulo> fuera;  // left as they are, see deshacer()
+    qint64 vistos = 0;                 // articles of the batch that were looked at
   };
   // One transaction; the machines hear of each article put back or taken away, and the history of
   // prices too. An article that stands otherwise than the batch left it is left alone and given in
   // `fuera`; so is a new one whose stock moved since, one whose bar code another article has now,
   // and one whose section is gone. The batch is forgotten. NoExiste when it was already.
   Resultado<Deshecho> deshacer(qint64 lote, const QString& ventana);
+  // The same in slices, each a transaction of its own, added up in `hecho`: true while there is
+  // more. What isn't yet put back is still a batch.
+  Resultado<bool> deshacerTramo(qint64 lote, const QString& ventana, Deshecho& hecho);
   Resultado<> olvidar(qint64 lote);
 
   struct Lote {
     qint64 numero = 0;
     Fecha cuando;
     qint64 articulos = 0;
+    bool acabado = false;  // else it was cut off, or its undoing was
   };
   // The last batch of a window that can still be taken back.
   Resultado<std::optional<Lote>> ultimo(const QString& ventana);
 
  private:
+  Resultado<> hayLote(qint64 lote);
+  Resultado<Deshecho> reponer(qint64 lote, const QString& ventana);
+
   dao::Database& db_;
   Catalogo& catalogo_;
   Reloj& reloj_;

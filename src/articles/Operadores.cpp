@@ -11,6 +11,18 @@ namespace {
 
 constexpr int kHuecos = 20, kHuecosClase2 = 10;
 
+// The kinds of groups that have it.
+QString clases(int hueco) {
+  return hueco <= kHuecosClase2 ? u"(1,2,3,4)"_s : u"(1,3,4)"_s;
+}
+
+// A statement on slot "@".
+QString enHueco(QStringView orden, int hueco) {
+  QString sql = orden.toString();
+  CambiaTexto(u"@"_s, Ceros(hueco, 2), sql);
+  return sql;
+}
+
 }  // namespace
 
 Resultado<> Operadores::codigoBueno(int codigo) const {
@@ -37,10 +49,9 @@ Resultado<> Operadores::renombrar(int codigo, const QString& nombre) {
 Resultado<> Operadores::enHuecos(QStringView cambio, std::span<const dao::Valor> valores,
                                  const std::function<void()>& alAvanzar) {
   for (int hueco = 1; hueco <= kHuecos; ++hueco) {
-    QString orden = u"UPDATE GRUPOS SET "_s + cambio.toString() + u" WHERE OP@_C=? AND TIPO IN "_s +
-                    (hueco <= kHuecosClase2 ? u"(1,2,3,4)"_s : u"(1,3,4)"_s);
-    CambiaTexto(u"@"_s, Ceros(hueco, 2), orden);
-    TARVO_INTENTAR(db_.Execute(orden, valores));
+    const QString orden = u"UPDATE GRUPOS SET "_s + cambio.toString() +
+                          u" WHERE OP@_C=? AND TIPO IN "_s + clases(hueco);
+    TARVO_INTENTAR(db_.Execute(enHueco(orden, hueco), valores));
     if (alAvanzar) alAvanzar();
   }
   return {};
@@ -60,18 +71,62 @@ Resultado<> Operadores::cambiarCodigo(int codigo, int nuevo, const AlAvanzar& al
   return t->confirmar();
 }
 
-Resultado<> Operadores::borrar(std::span<const int> codigos, const AlAvanzar& alAvanzar) {
+// The operator and the slots that hold it.
+Resultado<std::optional<Operadores::Borrado>> Operadores::leer(int codigo) {
+  auto rs = db_.consultar(u"SELECT NOMOPE FROM OPERS WHERE CODOPE=?", codigo);
+  if (!rs) return std::unexpected(rs.error());
+  if ((*rs)->Eof()) return std::nullopt;
+  Borrado b{codigo, (*rs)->texto(0), {}};
+  for (int hueco = 1; hueco <= kHuecos; ++hueco) {
+    auto grupos = db_.consultar(
+        enHueco(u"SELECT CODGPO, OP@_T FROM GRUPOS WHERE OP@_C=? AND TIPO IN "_s + clases(hueco),
+                hueco),
+        codigo);
+    if (!grupos) return std::unexpected(grupos.error());
+    for (auto& g = **grupos; !g.Eof();) {
+      b.huecos.push_back({static_cast<int>(g.entero(0)), hueco, g.logico(1)});
+      TARVO_INTENTAR(g.MoveNext());
+    }
+  }
+  return b;
+}
+
+Resultado<std::vector<Operadores::Borrado>> Operadores::borrar(std::span<const int> codigos,
+                                                               const AlAvanzar& alAvanzar) {
   auto t = Transaccion::empezar(db_);
   if (!t) return std::unexpected(t.error());
+  std::vector<Borrado> borrados;
   int hechos = 0;
   for (const int codigo : codigos) {
+    auto b = leer(codigo);
+    if (!b) return std::unexpected(b.error());
+    if (*b) borrados.push_back(std::move(**b));
     TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM OPERS WHERE CODOPE=?", codigo));
     const std::array<dao::Valor, 1> valores{codigo};
     TARVO_INTENTAR(enHuecos(u"OP@_C=0, OP@_T=0", valores, [&] {
       if (alAvanzar) alAvanzar(++hechos, kHuecos * static_cast<int>(codigos.size()));
     }));
   }
-  return t->confirmar();
+  TARVO_INTENTAR(t->confirmar());
+  return borrados;
+}
+
+Resultado<int> Operadores::reponer(std::span<const Borrado> borrados) {
+  auto t = Transaccion::empezar(db_);
+  if (!t) return std::unexpected(t.error());
+  int fuera = 0;
+  for (const Borrado& b : borrados) {
+    TARVO_INTENTAR(anadir(b.codigo, b.nombre));
+    for (const Hueco& h : b.huecos) {
+      const auto n = db_.ejecutar(
+          enHueco(u"UPDATE GRUPOS SET OP@_C=?, OP@_T=? WHERE CODGPO=? AND OP@_C=0", h.numero),
+          b.codigo, h.turno, h.grupo);
+      if (!n) return std::unexpected(n.error());
+      if (*n == 0) ++fuera;
+    }
+  }
+  TARVO_INTENTAR(t->confirmar());
+  return fuera;
 }
 
 Resultado<int> Operadores::primeroLibre() {

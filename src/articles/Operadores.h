@@ -19,12 +19,26 @@ class Operadores {
   Resultado<> renombrar(int codigo, const QString& nombre);
   // The code changes in every slot that holds it too, all or nothing.
   Resultado<> cambiarCodigo(int codigo, int nuevo, const AlAvanzar& alAvanzar = {});
-  // Every slot that holds it is emptied, all or nothing.
-  Resultado<> borrar(std::span<const int> codigos, const AlAvanzar& alAvanzar = {});
+  struct Hueco {
+    int grupo = 0, numero = 0;
+    bool turno = false;  // OPnn_T
+  };
+  struct Borrado {
+    int codigo = 0;
+    QString nombre;
+    std::vector<Hueco> huecos;
+  };
+  // Every slot that holds it is emptied, all or nothing. What went, for reponer().
+  Resultado<std::vector<Borrado>> borrar(std::span<const int> codigos,
+                                         const AlAvanzar& alAvanzar = {});
+  // All or nothing: Duplicado when a code is another's now. Gives how many slots stay as they are,
+  // because somebody stands in them, or their group is gone.
+  Resultado<int> reponer(std::span<const Borrado> borrados);
   Resultado<int> primeroLibre();
 
  private:
   Resultado<> codigoBueno(int codigo) const;
+  Resultado<std::optional<Borrado>> leer(int codigo);
   Resultado<> enHuecos(QStringView cambio, std::span<const dao::Valor> valores,
                        const std::function<void()>& alAvanzar);
 

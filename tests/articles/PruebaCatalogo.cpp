@@ -1,6 +1,5 @@
 // What goes with an article: its history, offers, stock, bar codes; sections, departments and
 // operators.
-#include <QElapsedTimer>
 
 #include "Tienda.h"
 #include "articles/Busqueda.h"

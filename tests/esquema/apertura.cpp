@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -61,14 +60,11 @@ TEST_F(Apertura, UnaBaseAlDiaNoSeToca) {
   ASSERT_TRUE(f.open(QIODevice::ReadOnly));
   const QByteArray antes = f.readAll();
   f.seek(0);
-  QElapsedTimer t;
-  t.start();
   {
     const auto db = abrir();
     ASSERT_TRUE(db);
     EXPECT_EQ((*db)->cambios(), 0);
   }
-  EXPECT_LT(t.elapsed(), 200);
   EXPECT_EQ(f.readAll(), antes);
 }
 
@@ -142,11 +138,8 @@ TEST_F(Apertura, DosProgramasALaVez) {
   const auto uno = abrir();
   ASSERT_TRUE(uno);
   ASSERT_TRUE((*uno)->BeginTrans());
-  QElapsedTimer t;
-  t.start();
   const auto otro = abrir();
   ASSERT_TRUE(otro) << otro.error().texto.toStdString();
-  EXPECT_LT(t.elapsed(), 1000);
 }
 
 }  // namespace

@@ -120,6 +120,19 @@ TEST_F(ImpPLU_, SobreescribirYConservar) {
             u"10 0 0 9 500 ImpPLU | 10 2 7 8 0 ImpPLU"_s);
 }
 
+// A new article's history begins with the first price of its record, also when a later line of the
+// file overwrites it.
+TEST_F(ImpPLU_, LaHistoriaDeUnoNuevo) {
+  QByteArray sinBase = larga(1, 11, u"B"_s);
+  sinBase.replace(37, 6, "000000");
+  importar(larga(1, 10, u"A"_s) + "\n" + sinBase + "\n" + corta(1, 10, u"A"_s) + "\n");
+  EXPECT_EQ(leer(u"SELECT CODPLU, NIVEL, TARIFA, ANTES, AHORA, QUIEN, VENTANA FROM HistoriaPrecios "
+                 u"ORDER BY ID"_s),
+            u"10 0 0 0 150 Ana ImpPLU | 11 2 7 0 99 Ana ImpPLU | 10 0 0 150 500 Ana ImpPLU | "
+            u"10 2 7 99 0 Ana ImpPLU"_s);
+  EXPECT_EQ(leer(u"SELECT min(CUANDO)=max(CUANDO) FROM HistoriaPrecios"_s), u"1"_s);
+}
+
 TEST_F(ImpPLU_, LineasMalas) {
   const QByteArray bytes = larga(1, 10, u"A"_s) + "\n" + larga(1, 1, u"SISTEMA"_s) + "\n" +
                            larga(9, 11, u"SIN SECCION"_s) + "\n" + larga(1, 12, u"B"_s, "7") +

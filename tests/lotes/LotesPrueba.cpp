@@ -135,6 +135,43 @@ TEST_F(Lotes_, SinAcabarVuelveTodoYSinSeccionNada) {
   EXPECT_EQ(claves(bien(lotes.deshacer(lote, u"V"_s)).fuera), u"10 11 12 13"_s);
 }
 
+// Undone in slices: swapped bar codes, far apart, and what others did between two slices of the
+// work.
+TEST_F(Lotes_, EnTramos) {
+  for (int n = 1000; n < 1500; ++n)
+    sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, CodBarExt) VALUES (1, ?, 'X', 5, ?)"_s,
+        n, u"C%1"_s.arg(n));
+  const QString antes = articulos();
+  const qint64 lote = bien(lotes.empezar(u"V"_s));
+  bien(lotes.guardarDonde(lote, u"CODPLU>2"));
+  bien(lotes.guardar(lote, {1, 2000}));
+  sql(u"UPDATE PLUSES SET PRECIO_00=9, CodBarExt=NULL WHERE CODPLU>2"_s);
+  sql(u"UPDATE PLUSES SET CodBarExt='C1499' WHERE CODPLU=10"_s);
+  sql(u"UPDATE PLUSES SET CodBarExt='C1250' WHERE CODPLU=1499"_s);
+  sql(u"UPDATE PLUSES SET CodBarExt='B10' WHERE CODPLU=1250"_s);
+  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, CodBarExt) VALUES (1, 2000, 'N', 'C1300')"_s);
+  for (const qint64 n : {11, 12}) bien(lotes.anotar(lote, {1, n}));
+  sql(u"UPDATE PLUSES SET NOMPLU='OTRO' WHERE CODPLU=11"_s);  // while the work goes on
+  Lotes::Deshecho d;
+  EXPECT_TRUE(bien(lotes.deshacerTramo(lote, u"V"_s, d)));
+  const auto queda = bien(lotes.ultimo(u"V"_s));
+  ASSERT_TRUE(queda);
+  EXPECT_FALSE(queda->acabado);
+  EXPECT_EQ(queda->articulos, 505 - d.vistos);
+  EXPECT_EQ(
+      leer(u"SELECT CodBarExt FROM PLUSES WHERE CODPLU IN (10, 1250, 1499) ORDER BY CODPLU"_s),
+      u"B10 | C1250 | C1499"_s)
+      << "those that have each other's go back together";
+  while (bien(lotes.deshacerTramo(lote, u"V"_s, d))) continue;
+  EXPECT_EQ(claves(d.fuera), u"11"_s);
+  EXPECT_EQ(d.repuestos, 503);
+  EXPECT_EQ(d.quitados, 1);
+  EXPECT_EQ(articulos(), QString(antes).replace(u"11 A11 100 B11"_s, u"11 OTRO 9 -"_s));
+  EXPECT_FALSE(bien(lotes.ultimo(u"V"_s)));
+  EXPECT_EQ(leer(u"SELECT count(*) FROM LoteAntes"_s) + leer(u"SELECT count(*) FROM LoteDespues"_s),
+            u"00"_s);
+}
+
 TEST_F(Lotes_, SoloLosVeinteUltimos) {
   const qint64 primero = bien(lotes.empezar(u"V"_s));
   bien(lotes.guardar(primero, {1, 10}));

@@ -45,6 +45,12 @@ struct PruebaLote : testing::Test, prueba::Puesto {
                     .arg(static_cast<int>(l.desenlace));
     return salida.join(u" | ");
   }
+  CambioLote::Hecho aplicar(const std::vector<ClaveArticulo>& claves, const OrdenLote& orden) {
+    const auto marcha = lote.empezar(claves, orden, u"CambioLote"_s);
+    while (bien(marcha->paso())) continue;
+    bien(marcha->acabar());
+    return marcha->hecho();
+  }
   QString filas() { return leer(u"select CODPLU, PRECIO_00, PRECIO_27, DEPTO from PLUSES"_s); }
 };
 
@@ -66,9 +72,9 @@ TEST_F(PruebaLote, WhatWouldBecomeOfEach) {
 TEST_F(PruebaLote, AppliedWholeAndTakenBack) {
   sql(u"update PLUSES set PRECIO_00=999999 where CODPLU=11"_s);
   const QString antes = filas();
-  const std::array claves{ClaveArticulo{1, 10}, ClaveArticulo{1, 11}, ClaveArticulo{1, 99}};
+  const std::vector<ClaveArticulo> claves{{1, 10}, {1, 11}, {1, 99}};
   const OrdenLote diez = *SubePrecios::de(1000, 1, Redondeo::MasProximo, {}, {});
-  const auto hecho = bien(lote.aplicar(claves, diez, u"CambioLote"_s));
+  const auto hecho = aplicar(claves, diez);
   EXPECT_EQ(hecho.cambiados, 1);
   EXPECT_EQ(hecho.fuera, 2) << "one doesn't fit, one is gone";
   EXPECT_EQ(filas(), u"10 1100 0 1 | 11 999999 0 1 | 12 1200 0 1");
@@ -76,10 +82,10 @@ TEST_F(PruebaLote, AppliedWholeAndTakenBack) {
   EXPECT_EQ(loTienen(11), u"1 | 2");
   EXPECT_EQ(leer(u"select CODPLU, ANTES, AHORA, VENTANA from HistoriaPrecios"_s),
             u"10 1000 1100 CambioLote");
-  EXPECT_EQ(bien(lote.deshacer(hecho.lote, u"CambioLote"_s)).repuestos, 1);
+  EXPECT_EQ(bien(lotes.deshacer(hecho.lote, u"CambioLote"_s)).repuestos, 1);
   EXPECT_EQ(filas(), antes);
 
-  const auto nada = bien(lote.aplicar(claves, PoneDepartamento{1}, u"CambioLote"_s));
+  const auto nada = aplicar(claves, PoneDepartamento{1});
   EXPECT_EQ(nada.lote, 0);
   EXPECT_EQ(leer(u"select count(*) from LoteArticulos where LOTE>%1"_s.arg(hecho.lote)), u"0");
 }

@@ -49,11 +49,15 @@ bool esDeLaLinea(const Error& e) {
 // What a run needs of the store, made ready with its first line.
 struct ImpPLU::Escritura {
   qint64 lote = 0;
-  std::unique_ptr<dao::Sentencia> insertar, cambiar;
+  std::unique_ptr<dao::Sentencia> insertar, cambiar, historia;
 };
 
 ImpPLU::ImpPLU(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj, QByteArray bytes)
-    : db_(db), catalogo_(catalogo), lotes_(db, catalogo, reloj), lineas_(std::move(bytes)) {}
+    : db_(db),
+      catalogo_(catalogo),
+      reloj_(reloj),
+      lotes_(db, catalogo, reloj),
+      lineas_(std::move(bytes)) {}
 ImpPLU::~ImpPLU() = default;
 
 Resultado<std::unique_ptr<ImpPLU>> ImpPLU::abrir(dao::Database& db, articles::Catalogo& catalogo,
@@ -82,6 +86,15 @@ Resultado<> ImpPLU::empezar() {
   auto cambiar =
       db_.preparar(u"UPDATE PLUSES SET %1=? WHERE SECCION=? AND CODPLU=?"_s.arg(c.join(u"=?, ")));
   if (!cambiar) return std::unexpected(cambiar.error());
+  auto historia = db_.preparar(
+      u"INSERT INTO HistoriaPrecios (SECCION, CODPLU, NIVEL, TARIFA, AHORA, ANTES, CUANDO, QUIEN, "
+      u"VENTANA) VALUES (?, ?, ?, ?, ?, 0, ?, ?, ?)");
+  if (!historia) return std::unexpected(historia.error());
+  int comun = 5;  // the same for all of the run
+  for (const dao::Valor& v :
+       {dao::Valor(reloj_.ahora()), dao::Valor(catalogo_.quien()), dao::Valor(kVentanaPLU)})
+    (*historia)->ligar(comun++, v);
+  e->historia = std::move(*historia);
   e->insertar = std::move(*insertar);
   e->cambiar = std::move(*cambiar);
   e_ = std::move(e);
@@ -136,6 +149,7 @@ Resultado<> ImpPLU::escribir(const RegistroPLU& r, SiExiste siExiste) {
   if (!n) return std::unexpected(n.error());
   if (*n > 0) {
     TARVO_INTENTAR(lotes_.guardarNuevo(e_->lote, r.clave));
+    TARVO_INTENTAR(anotarLlegada(r));
     ++cuenta_.nuevos;
   } else if (siExiste == SiExiste::Conservarlo) {
     ++cuenta_.conservados;
@@ -145,6 +159,23 @@ Resultado<> ImpPLU::escribir(const RegistroPLU& r, SiExiste siExiste) {
     ++cuenta_.sobreescritos;
   }
   ultimo_ = r.nombre;
+  return {};
+}
+
+// The first price that isn't 0: by it the history of a new article says who brought it, when and
+// whence. A row for each of 24 prices would take longer to write than the article.
+Resultado<> ImpPLU::anotarLlegada(const RegistroPLU& r) {
+  for (size_t nivel = 0; nivel < kNiveles; ++nivel)
+    for (size_t tarifa = 0; tarifa < kTarifas; ++tarifa) {
+      const qint64 precio = r.precios[nivel][tarifa];
+      if (precio == 0) continue;
+      int i = 0;
+      for (const qint64 n : {qint64{r.clave.seccion}, r.clave.codigo, static_cast<qint64>(nivel),
+                             static_cast<qint64>(tarifa), precio})
+        e_->historia->ligar(i++, n);
+      TARVO_INTENTAR(e_->historia->ejecutar());
+      return {};
+    }
   return {};
 }
 

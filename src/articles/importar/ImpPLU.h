@@ -44,11 +44,13 @@ class ImpPLU {
   Resultado<> empezar();
   Resultado<bool> linea(SiExiste siExiste);
   Resultado<> escribir(const RegistroPLU& r, SiExiste siExiste);
+  Resultado<> anotarLlegada(const RegistroPLU& r);
   Resultado<> sobreescribir(const RegistroPLU& r);
   QString motivo(const FaltaPLU& falta) const;
 
   dao::Database& db_;
   articles::Catalogo& catalogo_;
+  Reloj& reloj_;
   articles::Lotes lotes_;
   Lineas lineas_;
   Cuenta cuenta_;

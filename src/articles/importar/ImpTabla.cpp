@@ -1,3 +1,4 @@
+// The dry run. Doing it stands in ImpTablaAplicar.cpp.
 #include "articles/importar/ImpTabla.h"
 
 #include "articles/importar/TextosImportar.h"
@@ -7,12 +8,6 @@ namespace tarvo::importar {
 using namespace Qt::StringLiterals;
 using articles::Articulo;
 using articles::ClaveArticulo;
-
-namespace {
-
-const QString kVentanaTabla = u"ImpTabla"_s;
-
-}  // namespace
 
 Signo averiguarSigno(const Tabla& tabla, const Plan& plan) {
   Escrutinio votos;
@@ -34,8 +29,7 @@ Plan planDe(const Tabla& tabla, const Textos& textos) {
 struct ImpTabla::Pase {
   std::unique_ptr<dao::Recordset> rs;
   articles::ColumnasArticulo columnas;
-  std::map<ClaveArticulo, int> vistas;            // line of each key
-  std::map<int, QHash<QString, qint64>> codigos;  // by section: bar code, article
+  std::map<ClaveArticulo, int> vistas;  // line of each key
   explicit Pase(std::unique_ptr<dao::Recordset> abierto) : rs(std::move(abierto)), columnas(*rs) {}
 
   Resultado<std::optional<Articulo>> buscar(ClaveArticulo clave) {
@@ -44,11 +38,6 @@ struct ImpTabla::Pase {
     if (!*hay) return std::nullopt;
     return columnas.leer(*rs);
   }
-};
-
-struct ImpTabla::Propuesto {
-  Propuesta propuesta;
-  std::optional<Articulo> articulo;  // to be written
 };
 
 ImpTabla::ImpTabla(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj,
@@ -91,71 +80,72 @@ Resultado<bool> ImpTabla::ensayar() {
   for (int i = 0; i < kFilasPorPaso && ensayadas() < filas(); ++i) {
     auto p = proponer(*ensayo_, plan_.primeraFila + ensayadas());
     if (!p) return std::unexpected(p.error());
-    ++cuantas_[static_cast<size_t>(p->propuesta.que)];
-    propuestas_.push_back(std::move(p->propuesta));
+    ++cuantas_[static_cast<size_t>(p->que)];
+    propuestas_.push_back(std::move(*p));
   }
-  return ensayadas() < filas();
+  if (ensayadas() < filas()) return true;
+  negarCodigos();
+  return false;
 }
 
-Resultado<ImpTabla::Propuesto> ImpTabla::proponer(Pase& pase, int fila) {
+Resultado<Propuesta> ImpTabla::proponer(Pase& pase, int fila) {
   const Textos& t = catalogo_.textos();
-  Propuesto p;
-  p.propuesta.linea = tabla_.linea(fila);
+  Propuesta p;
+  p.linea = tabla_.linea(fila);
   const auto rechazar = [&p](const QString& motivo) {
-    p.propuesta.motivo = motivo;
+    p.motivo = motivo;
     return p;
   };
   const auto clave = lector_.clave(fila);
   if (!clave) return rechazar(clave.error());
-  p.propuesta.clave = *clave;
-  const auto [otra, primera] = pase.vistas.emplace(*clave, p.propuesta.linea);
+  p.clave = *clave;
+  const auto [otra, primera] = pase.vistas.emplace(*clave, p.linea);
   if (!primera) return rechazar(t(kTxRepetido, {Ceros(clave->codigo, 7), otra->second}));
   const auto antes = pase.buscar(*clave);
   if (!antes) return std::unexpected(antes.error());
-  if (*antes) p.propuesta.nombre = (*antes)->nombre;
-  const auto leido = leer(pase, fila, *clave, *antes);
-  if (!leido) return std::unexpected(leido.error());
-  if (!*leido) return rechazar(leido->error());
-  const Articulo& ahora = **leido;
-  p.propuesta.nombre = ahora.nombre;
-  p.propuesta.que = !*antes ? Que::Nuevo : **antes == ahora ? Que::Igual : Que::Cambia;
-  if (p.propuesta.que == Que::Igual) return p;
-  p.propuesta.cambios = comparar(*antes, ahora);
-  p.articulo = ahora;
+  if (*antes) p.nombre = (*antes)->nombre;
+  const Leido ahora = leer(fila, *clave, *antes);
+  if (!ahora) return rechazar(ahora.error());
+  const auto ajeno = codigoAjeno(fila - plan_.primeraFila, *antes, *ahora);
+  if (!ajeno) return std::unexpected(ajeno.error());
+  if (*ajeno) return rechazar(**ajeno);
+  p.nombre = ahora->nombre;
+  p.que = !*antes ? Que::Nuevo : **antes == *ahora ? Que::Igual : Que::Cambia;
+  if (p.que != Que::Igual) p.cambios = comparar(*antes, *ahora);
   return p;
 }
 
-Resultado<std::expected<Articulo, QString>> ImpTabla::leer(Pase& pase, int fila,
-                                                           ClaveArticulo clave,
-                                                           const std::optional<Articulo>& antes) {
-  using Leido = std::expected<Articulo, QString>;
-  const Textos& t = catalogo_.textos();
+ImpTabla::Leido ImpTabla::leer(int fila, ClaveArticulo clave,
+                               const std::optional<Articulo>& antes) const {
   if (!antes && !plan_.crearNuevos)
-    return Leido(std::unexpected(t(kTxNoSeCrean, {Ceros(clave.codigo, 7)})));
+    return std::unexpected(catalogo_.textos()(kTxNoSeCrean, {Ceros(clave.codigo, 7)}));
   Articulo base = antes.value_or(Articulo{});
   base.clave = clave;
-  Leido ahora = lector_.aplicar(fila, std::move(base), !antes);
-  if (!ahora) return ahora;
+  return lector_.aplicar(fila, std::move(base), !antes);
+}
+
+Resultado<std::optional<QString>> ImpTabla::codigoAjeno(int fila,
+                                                        const std::optional<Articulo>& antes,
+                                                        const Articulo& ahora) {
   const auto viejo = antes ? antes->codBarExt : std::nullopt;
-  if (ahora->codBarExt == viejo) return ahora;
-  if (!pase.codigos.contains(clave.seccion)) {
-    auto rs = db_.consultar(
-        u"SELECT CodBarExt, CODPLU FROM PLUSES WHERE SECCION=? AND CodBarExt IS NOT NULL",
-        clave.seccion);
-    if (!rs) return std::unexpected(rs.error());
-    auto& suyos = pase.codigos[clave.seccion];
-    for (; !(*rs)->Eof();) {
-      suyos.insert((*rs)->texto(0), (*rs)->entero(1));
-      TARVO_INTENTAR((*rs)->MoveNext());
-    }
+  if (ahora.codBarExt == viejo || !ahora.codBarExt) return std::nullopt;
+  const auto otro = reparto_.pedir(db_, fila, ahora.clave, viejo, *ahora.codBarExt);
+  if (!otro) return std::unexpected(otro.error());
+  if (!*otro) return std::nullopt;
+  return catalogo_.textos()(kTxCodigoDeOtro, {*ahora.codBarExt, Ceros(**otro, 7)});
+}
+
+// What only shows when all rows are known: that a bar code stays where it is.
+void ImpTabla::negarCodigos() {
+  for (const auto& negado : reparto_.negados()) {
+    Propuesta& p = propuestas_[static_cast<size_t>(negado.fila)];
+    --cuantas_[static_cast<size_t>(p.que)];
+    ++cuantas_[static_cast<size_t>(Que::Rechazada)];
+    p.que = Que::Rechazada;
+    p.cambios.clear();
+    p.motivo = catalogo_.textos()(kTxCodigoDeOtro, {negado.codigo, Ceros(negado.dueno, 7)});
   }
-  auto& codigos = pase.codigos[clave.seccion];
-  const qint64 dueno = codigos.value(*ahora->codBarExt, clave.codigo);
-  if (dueno != clave.codigo)
-    return Leido(std::unexpected(t(kTxCodigoDeOtro, {*ahora->codBarExt, Ceros(dueno, 7)})));
-  if (viejo) codigos.remove(*viejo);
-  codigos.insert(*ahora->codBarExt, clave.codigo);
-  return ahora;
+  juntas_ = reparto_.juntas();
 }
 
 std::vector<Cambio> ImpTabla::comparar(const std::optional<Articulo>& antes,
@@ -169,46 +159,6 @@ std::vector<Cambio> ImpTabla::comparar(const std::optional<Articulo>& antes,
     if (nuevo != viejo) salida.push_back({*campo, viejo, nuevo});
   }
   return salida;
-}
-
-Resultado<> ImpTabla::escribir(qint64 lote, const Propuesto& p) {
-  const ClaveArticulo clave = p.propuesta.clave;
-  if (p.propuesta.que == Que::Nuevo) {
-    TARVO_INTENTAR(lotes_.guardarNuevo(lote, clave));
-    return catalogo_.crear(*p.articulo, kVentanaTabla);
-  }
-  TARVO_INTENTAR(lotes_.guardar(lote, clave));
-  return catalogo_.modificar(clave, *p.articulo, kVentanaTabla);
-}
-
-Resultado<ImpTabla::Hecho> ImpTabla::aplicar(const std::function<void(int)>& avance) {
-  auto t = dao::Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
-  auto pase = nuevoPase();
-  if (!pase) return std::unexpected(pase.error());
-  const auto lote = lotes_.empezar(kVentanaTabla);
-  if (!lote) return std::unexpected(lote.error());
-  Hecho hecho;
-  for (int f = plan_.primeraFila; f < tabla_.filas(); ++f) {
-    const auto p = proponer(**pase, f);
-    if (!p) return std::unexpected(p.error());
-    const Propuesta& que = p->propuesta;
-    if (que.que == Que::Rechazada)
-      hecho.malas.push_back({que.linea, que.motivo, tabla_.celda(f, 0).left(40)});
-    if (p->articulo) {
-      if (const auto r = escribir(*lote, *p); !r)
-        return fallo(r.error().clase,
-                     catalogo_.textos()(kTxNadaHecho, {que.linea, r.error().texto}));
-      ++(que.que == Que::Nuevo ? hecho.nuevos : hecho.cambiados);
-    }
-    if (avance) avance(f - plan_.primeraFila + 1);
-  }
-  if (hecho.nuevos + hecho.cambiados > 0)
-    TARVO_INTENTAR(lotes_.acabar(*lote));
-  else
-    TARVO_INTENTAR(lotes_.olvidar(*lote));
-  TARVO_INTENTAR(t->confirmar());
-  return hecho;
 }
 
 }  // namespace tarvo::importar

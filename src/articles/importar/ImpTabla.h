@@ -1,11 +1,12 @@
-// Articles from a table: first a dry run that says what would change, then all of it in one
-// transaction through the catalogue. The machines hear of each change, the history of prices too,
-// and the whole can be undone.
+// Articles from a table: first a dry run that says what would change, then all of it in slices
+// through the catalogue, as one batch that can be undone. The machines hear of each change, the
+// history of prices too.
 #pragma once
 
 #include "articles/Lotes.h"
 #include "articles/importar/FilaArticulo.h"
 #include "articles/importar/Lineas.h"
+#include "articles/importar/RepartoCodigos.h"
 
 namespace tarvo::importar {
 
@@ -31,7 +32,8 @@ Signo averiguarSigno(const Tabla& tabla, const Plan& plan);
 
 class ImpTabla {
  public:
-  static constexpr int kFilasPorPaso = 200;
+  static constexpr int kFilasPorPaso = 200;  // of the dry run
+  static constexpr int kEscritasPorPaso = 50;
 
   // REQUIRES that all references outlive it, and a plan with a column for Campo::Codigo.
   static Resultado<std::unique_ptr<ImpTabla>> crear(dao::Database& db, articles::Catalogo& catalogo,
@@ -50,23 +52,41 @@ class ImpTabla {
     int nuevos = 0, cambiados = 0;
     std::vector<LineaMala> malas;
   };
-  // Does it, row by row as they are now. An error leaves everything as it was, and names the line.
-  Resultado<Hecho> aplicar(const std::function<void(int hechas)>& avance = {});
+  // Does it: the next rows that the dry run let through, as the articles are now. Each step is a
+  // transaction of its own, between which others may write. True while there are more. Left before
+  // acabar(), or failed, it is half done: its batch is to be taken back. An error names the line.
+  // REQUIRES the whole dry run.
+  Resultado<bool> aplicar();
+  Resultado<> acabar();  // behind the last step
+  const Hecho& hecho() const { return hecho_; }
+  qint64 lote() const { return lote_; }  // 0 when nothing was written
+  int aplicadas() const { return aplicadas_; }
 
  private:
   struct Pase;
-  struct Propuesto;
   ImpTabla(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj, const Ajustes& ajustes,
            const Tabla& tabla, Plan plan, Departamentos deptos);
   Resultado<std::unique_ptr<Pase>> nuevoPase();
-  Resultado<Propuesto> proponer(Pase& pase, int fila);
+  Resultado<Propuesta> proponer(Pase& pase, int fila);
   // The row as an article; a reason in its stead is a refusal.
-  Resultado<std::expected<articles::Articulo, QString>> leer(
-      Pase& pase, int fila, articles::ClaveArticulo clave,
-      const std::optional<articles::Articulo>& antes);
+  using Leido = std::expected<articles::Articulo, QString>;
+  Leido leer(int fila, articles::ClaveArticulo clave,
+             const std::optional<articles::Articulo>& antes) const;
+  // Why it can't have its bar code, if that is known already.
+  Resultado<std::optional<QString>> codigoAjeno(int fila,
+                                                const std::optional<articles::Articulo>& antes,
+                                                const articles::Articulo& ahora);
+  void negarCodigos();
   std::vector<Cambio> comparar(const std::optional<articles::Articulo>& antes,
                                const articles::Articulo& ahora) const;
-  Resultado<> escribir(qint64 lote, const Propuesto& p);
+  Resultado<> aplicarUna(int cual);
+  Resultado<> aplicarJuntas();
+  Resultado<bool> juntasComoDebian();
+  Resultado<> guardar(const std::optional<articles::Articulo>& antes,
+                      articles::ClaveArticulo clave);
+  void rechazar(int cual, const QString& motivo);
+  Resultado<> escribir(const std::optional<articles::Articulo>& antes,
+                       const articles::Articulo& ahora);
 
   dao::Database& db_;
   articles::Catalogo& catalogo_;
@@ -77,8 +97,13 @@ class ImpTabla {
   const Departamentos deptos_;
   const Filas lector_;
   std::unique_ptr<Pase> ensayo_;
+  RepartoCodigos reparto_;  // its rows are those of propuestas_
   std::vector<Propuesta> propuestas_;
   std::array<int, 4> cuantas_{};
+  Hecho hecho_;
+  qint64 lote_ = 0;
+  int aplicadas_ = 0;
+  std::set<int> juntas_;
 };
 
 }  // namespace tarvo::importar

@@ -29,6 +29,7 @@ enum TextoImportar : int {
   kTxUnidades = 4724,      // to 4726
   kTxClasesBarras = 4727,  // to 4728
   kTxSiNo = 4729,          // to 4730
+  kTxCodigosMovidos = 4792,
 };
 
 }  // namespace tarvo::importar

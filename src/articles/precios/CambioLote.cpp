@@ -13,6 +13,7 @@ using articles::ClaveArticulo;
 namespace {
 
 constexpr qint64 kEntero = 10'000;  // hundredths of a per cent in one
+constexpr size_t kArticulosPorPaso = 50;
 
 // One value, into the line and, when it fits, into the article.
 template <class T>
@@ -145,32 +146,39 @@ Resultado<std::vector<LineaLote>> CambioLote::previa(const SeleccionLote& s,
   return lineas;
 }
 
-Resultado<CambioLote::Hecho> CambioLote::aplicar(std::span<const ClaveArticulo> claves,
-                                                 const OrdenLote& orden, const QString& ventana) {
-  if (!claves.empty()) TARVO_INTENTAR(comprobar(claves.front().seccion, orden));
-  auto t = dao::Transaccion::empezar(db_);
+Resultado<bool> CambioLote::Marcha::paso() {
+  auto t = dao::Transaccion::empezar(motor_.db_);
   if (!t) return std::unexpected(t.error());
-  const auto lote = lotes_.empezar(ventana);
-  if (!lote) return std::unexpected(lote.error());
-  Hecho hecho;
-  for (const ClaveArticulo& clave : claves) {
-    auto a = catalogo_.leer(clave);
-    if (!a) return std::unexpected(a.error());
-    const Desenlace d = *a ? cambiar(**a, orden).desenlace : Desenlace::NoCabe;
-    if (d == Desenlace::Igual) continue;
-    if (d != Desenlace::Cambia) {
-      ++hecho.fuera;
-      continue;
-    }
-    TARVO_INTENTAR(lotes_.guardar(*lote, clave));
-    TARVO_INTENTAR(catalogo_.modificar(clave, **a, ventana));
-    ++hecho.cambiados;
-  }
-  if (hecho.cambiados == 0) return hecho;  // the batch goes with the transaction
-  TARVO_INTENTAR(lotes_.acabar(*lote));
+  if (!claves_.empty()) TARVO_INTENTAR(motor_.comprobar(claves_.front().seccion, orden_));
+  Hecho hecho = hecho_;
+  const size_t hasta = std::min(vistos_ + kArticulosPorPaso, claves_.size());
+  for (size_t i = vistos_; i < hasta; ++i) TARVO_INTENTAR(uno(claves_[i], hecho));
   TARVO_INTENTAR(t->confirmar());
-  hecho.lote = *lote;
-  return hecho;
+  hecho_ = hecho;
+  vistos_ = hasta;
+  return vistos_ < claves_.size();
+}
+
+// The batch begins with the first article that changes.
+Resultado<> CambioLote::Marcha::uno(ClaveArticulo clave, Hecho& hecho) {
+  auto a = motor_.catalogo_.leer(clave);
+  if (!a) return std::unexpected(a.error());
+  const Desenlace d = *a ? cambiar(**a, orden_).desenlace : Desenlace::NoCabe;
+  if (d == Desenlace::Igual) return {};
+  if (d != Desenlace::Cambia) return ++hecho.fuera, Resultado<>{};
+  if (hecho.lote == 0) {
+    const auto lote = motor_.lotes_.empezar(ventana_);
+    if (!lote) return std::unexpected(lote.error());
+    hecho.lote = *lote;
+  }
+  ++hecho.cambiados;
+  TARVO_INTENTAR(motor_.lotes_.guardar(hecho.lote, clave));
+  TARVO_INTENTAR(motor_.catalogo_.modificar(clave, **a, ventana_));
+  return motor_.lotes_.anotar(hecho.lote, clave);
+}
+
+Resultado<> CambioLote::Marcha::acabar() {
+  return hecho_.lote > 0 ? motor_.lotes_.acabar(hecho_.lote) : Resultado<>{};
 }
 
 }  // namespace tarvo::precios

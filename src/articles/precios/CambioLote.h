@@ -1,6 +1,6 @@
 // One change for many articles of a section: prices by a percentage and rounded, another
-// department, another label format. First what would become of each, then all of it in one
-// transaction that can be taken back.
+// department, another label format. First what would become of each, then all of it in slices, as
+// one batch that can be taken back.
 #pragma once
 
 #include <optional>
@@ -73,11 +73,38 @@ class CambioLote {
     int cambiados = 0;
     int fuera = 0;  // that don't fit, would cost nothing, or are gone
   };
-  // Those of the articles that change and fit, all or none.
-  Resultado<Hecho> aplicar(std::span<const articles::ClaveArticulo> claves, const OrdenLote& orden,
-                           const QString& ventana);
-  Resultado<articles::Lotes::Deshecho> deshacer(qint64 lote, const QString& ventana) {
-    return lotes_.deshacer(lote, ventana);
+  // The change under way. Each step is a transaction of its own, between which others may write.
+  // Left before acabar(), or failed, it is half done: its batch is to be taken back.
+  class Marcha {
+   public:
+    // The next articles, as they are now: true while there are more.
+    Resultado<bool> paso();
+    Resultado<> acabar();  // behind the last step
+    const Hecho& hecho() const { return hecho_; }
+    qint64 vistos() const { return static_cast<qint64>(vistos_); }
+
+   private:
+    friend class CambioLote;
+    Marcha(CambioLote& motor, std::vector<articles::ClaveArticulo> claves, OrdenLote orden,
+           QString ventana)
+        : motor_(motor),
+          claves_(std::move(claves)),
+          orden_(std::move(orden)),
+          ventana_(std::move(ventana)) {}
+    Resultado<> uno(articles::ClaveArticulo clave, Hecho& hecho);
+
+    CambioLote& motor_;
+    std::vector<articles::ClaveArticulo> claves_;
+    OrdenLote orden_;
+    QString ventana_;
+    size_t vistos_ = 0;
+    Hecho hecho_;
+  };
+  // Those of the articles that change and fit, all of one section. Errors of its steps: those of
+  // previa(). REQUIRES that this object outlives what is given.
+  std::unique_ptr<Marcha> empezar(std::vector<articles::ClaveArticulo> claves,
+                                  const OrdenLote& orden, const QString& ventana) {
+    return std::unique_ptr<Marcha>(new Marcha(*this, std::move(claves), orden, ventana));
   }
 
  private:

@@ -23,6 +23,7 @@ void BrowOper::montar() {
   unir(ui_.Nuevo, u"anadir"_s, Qt::Key_Insert, [this] { anadir(); });
   unir(ui_.Modificar, u"modificar"_s, QKeySequence(), [this] { ui_.Grid->editarCelda(); });
   unir(ui_.Borro, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); });
+  unir(ui_.Deshacer, u"atras"_s, QKeySequence(QKeySequence::Undo), [this] { deshacer(); });
   unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F4, [this] { verVentas(); });
   ui_.Grid->preparar(contexto(), nombre(),
                      {{.titulo = kTxCodigo,
@@ -36,7 +37,7 @@ void BrowOper::montar() {
                        .editar = [this](qint64 f, const QString& s) { return ponerNombre(f, s); },
                        .largo = 50}});
   ui_.Grid->setVacia(t(kTxSinOperadores), ui_.Nuevo);
-  ui_.Grid->setAcciones({ui_.Nuevo, ui_.Modificar, ui_.Borro, ui_.VerXtrac});
+  ui_.Grid->setAcciones({ui_.Nuevo, ui_.Modificar, ui_.Borro, ui_.Deshacer, ui_.VerXtrac});
   connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
   connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this, &BrowOper::actualCambiada);
   // A changed code may stand elsewhere in the order.
@@ -70,6 +71,7 @@ void BrowOper::actualCambiada() {
   const bool hay = ui_.Grid->filas() > 0;
   ui_.Modificar->setEnabled(hay);
   ui_.Borro->setEnabled(hay);
+  ui_.Deshacer->setEnabled(!borrados_.empty());
   ui_.VerXtrac->setEnabled(hay && contexto().ventanas.conoce(u"VerFils"_s));
 }
 
@@ -113,11 +115,26 @@ void BrowOper::borrar() {
                                   t(kTxBorrarOperadores, static_cast<int>(codigos.size())),
                                   ventanas::kAceptoCancelo | ventanas::kExclamacion))
     return;
-  const auto hecho = motor_.borrar(codigos, progreso());
+  auto hecho = motor_.borrar(codigos, progreso());
   ui_.termo->hide();
+  if (hecho) borrados_.push_back(std::move(*hecho));
   ui_.Grid->limpiarSeleccion();
   refrescar(0);
-  if (haIdoBien(hecho)) decirBien(t(kTxOperadoresBorrados, static_cast<int>(codigos.size())));
+  if (haIdoBien(hecho))
+    decirBien(t(kTxOperadoresBorrados, static_cast<int>(codigos.size())) + u"  "_s +
+              t(kTxSePuedeDeshacer));
+}
+
+void BrowOper::deshacer() {
+  if (borrados_.empty() || ui_.Grid->editando()) return;
+  const auto& ultimos = borrados_.back();
+  const auto fuera = motor_.reponer(ultimos);
+  if (!fuera) return decirFallo(informe(*this, fuera.error()));
+  const QString bien = t(kTxOperadoresRepuestos, static_cast<int>(ultimos.size()));
+  const int uno = ultimos.empty() ? 0 : ultimos.front().codigo;
+  borrados_.pop_back();
+  refrescar(uno);
+  *fuera > 0 ? decirDuda(bien + u"  "_s + t(kTxHuecosOcupados, *fuera)) : decirBien(bien);
 }
 
 void BrowOper::verVentas() {

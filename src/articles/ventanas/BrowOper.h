@@ -1,4 +1,5 @@
 // The operators: BrowOper. A code that changes, or goes, changes in the slots of all groups too.
+// Those that were deleted come back, with their slots, until the window closes.
 #pragma once
 
 #include "articles/Operadores.h"
@@ -23,10 +24,12 @@ class BrowOper final : public ventanas::Ventana {
   int codigo(int fila) const;
   void anadir();
   void borrar();
+  void deshacer();
   void verVentas();
 
   Ui::BrowOper ui_;
   Operadores motor_;
+  std::vector<std::vector<Operadores::Borrado>> borrados_;  // the last at the back
 };
 
 }  // namespace tarvo::articles

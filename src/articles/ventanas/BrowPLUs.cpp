@@ -91,57 +91,77 @@ void BrowPLUs::prepararParrilla() {
       return {};
     });
   };
-  const auto precio = [this](qint64 fila, const QString& texto) {
-    return escribir(fila, false, [&](Articulo& a) -> Resultado<> {
-      const auto importe = leerImporte(*this, texto, contexto().ajustes.MonedaNativa);
-      if (!importe) return std::unexpected(importe.error());
-      a.precios[0][0] = *importe;
-      return {};
-    });
-  };
-  ui_.Grid->preparar(
-      contexto(), this->nombre(),
-      {{.titulo = kTxCodigo,
-        .campo = u"CODPLU"_s,
-        .clase = Clase::Codigo,
-        .cifras = 7,
-        .editar = [this](qint64 f, const QString& s) { return ponerCodigo(f, s); }},
-       {.titulo = kTxNombre,
-        .campo = u"NOMPLU"_s,
-        .ancho = 240,
-        .orden = dao::expresionOrden(u"NOMPLU"),
-        .editar = nombre},
-       {.titulo = kTxPrecio,
-        .campo = u"PRECIO_00"_s,
-        .clase = Clase::Importe,
-        .ancho = 90,
-        .editar = precio},
-       {.titulo = kTxUnidad, .campo = u"switch(CADA=0,'K',CADA=1,'g',true,'U')"_s, .ancho = 60},
-       {.titulo = kTxDepto,
-        .campo = u"DEPTO"_s,
-        .clase = Clase::Codigo,
-        .cifras = 2,
-        .ancho = 60,
-        .editar = entero(&Articulo::depto, 40, kTxDepartamento)},
-       {.titulo = kTxFormato,
-        .campo = u"FORMATO"_s,
-        .clase = Clase::Codigo,
-        .cifras = 2,
-        .ancho = 70,
-        .editar = entero(&Articulo::formato, 20, kTxFormatoEtiquetas)},
-       {.titulo = kTxCoste,
-        .campo = u"COSTE"_s,
-        .clase = Clase::Importe,
-        .ancho = 90,
-        .oculta = true},
-       {.titulo = kTxBarras,
-        .campo = u"iif(isnull(CodBarExt),PFX_BAR & format(CODPLU,'000000'),CodBarExt)"_s,
-        .ancho = 130,
-        .oculta = true}});
+  std::vector<ventanas::Columna> columnas{
+      {.titulo = kTxCodigo,
+       .campo = u"CODPLU"_s,
+       .clase = Clase::Codigo,
+       .cifras = 7,
+       .editar = [this](qint64 f, const QString& s) { return ponerCodigo(f, s); }},
+      {.titulo = kTxNombre,
+       .campo = u"NOMPLU"_s,
+       .ancho = 240,
+       .orden = dao::expresionOrden(u"NOMPLU"),
+       .editar = nombre},
+      {.titulo = kTxPrecio,
+       .campo = u"PRECIO_00"_s,
+       .clase = Clase::Importe,
+       .ancho = 90,
+       .editar = ponerPrecio(0, 0)},
+      {.titulo = kTxUnidad, .campo = u"switch(CADA=0,'K',CADA=1,'g',true,'U')"_s, .ancho = 60},
+      {.titulo = kTxDepto,
+       .campo = u"DEPTO"_s,
+       .clase = Clase::Codigo,
+       .cifras = 2,
+       .ancho = 60,
+       .editar = entero(&Articulo::depto, 40, kTxDepartamento)},
+      {.titulo = kTxFormato,
+       .campo = u"FORMATO"_s,
+       .clase = Clase::Codigo,
+       .cifras = 2,
+       .ancho = 70,
+       .editar = entero(&Articulo::formato, 20, kTxFormatoEtiquetas)},
+      {.titulo = kTxCoste,
+       .campo = u"COSTE"_s,
+       .clase = Clase::Importe,
+       .ancho = 90,
+       .oculta = true},
+      {.titulo = kTxBarras,
+       .campo = u"iif(isnull(CodBarExt),PFX_BAR & format(CODPLU,'000000'),CodBarExt)"_s,
+       .ancho = 130,
+       .oculta = true}};
+  anadirPrecios(columnas);
+  ui_.Grid->preparar(contexto(), this->nombre(), std::move(columnas));
   ui_.Grid->setMoneda(contexto().ajustes.MonedaNativa);
   ui_.Grid->setBusca(false);
   ui_.Grid->filtros()->addWidget(ui_.orden);
   ui_.Grid->setVacia(t(kTxListaVacia), ui_.Nuevo);
+}
+
+// A cell of a price, as the list writes it.
+std::function<Resultado<>(qint64, const QString&)> BrowPLUs::ponerPrecio(size_t nivel,
+                                                                         size_t tarifa) {
+  return [this, nivel, tarifa](qint64 fila, const QString& texto) {
+    return escribir(fila, false, [&](Articulo& a) -> Resultado<> {
+      const auto importe = leerImporte(*this, texto, contexto().ajustes.MonedaNativa);
+      if (!importe) return std::unexpected(importe.error());
+      a.precios[nivel][tarifa] = *importe;
+      return {};
+    });
+  };
+}
+
+// The other prices, for who wants them in the list.
+void BrowPLUs::anadirPrecios(std::vector<ventanas::Columna>& columnas) {
+  for (int i = 1; i < kNiveles * kTarifas; ++i) {
+    const int nivel = i / kTarifas, tarifa = i % kTarifas;
+    columnas.push_back(
+        {.titulo = kTxOtrosPrecios + i - 1,
+         .campo = columnaPrecio(nivel, tarifa),
+         .clase = Clase::Importe,
+         .ancho = 90,
+         .oculta = true,
+         .editar = ponerPrecio(static_cast<size_t>(nivel), static_cast<size_t>(tarifa))});
+  }
 }
 
 Resultado<> BrowPLUs::preparar(const ventanas::Argumentos& argumentos) {

@@ -54,6 +54,8 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   void montarMenus();
   void montarCampos();
   void prepararParrilla();
+  void anadirPrecios(std::vector<ventanas::Columna>& columnas);
+  std::function<Resultado<>(qint64, const QString&)> ponerPrecio(size_t nivel, size_t tarifa);
   void listar();
   QString filtro(std::vector<dao::Valor>& valores) const;
   void ordenar(bool porNombre);

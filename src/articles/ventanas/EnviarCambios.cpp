@@ -16,6 +16,35 @@ constexpr size_t kDeArticulos = 1;  // which of the two values
 constexpr int kNunca = 0, kPreguntar = 1, kSiempre = 2;
 constexpr int kTXPLUS = 1;
 
+// Says on the window from which the list was opened that the sending is over. What was given up
+// stays in the window of communications, which then doesn't end.
+class AvisoDeFin final : public QObject, public motor::Observador {
+ public:
+  AvisoDeFin(ventanas::Ventana& donde, motor::gestcomm& motor, int grupos)
+      : QObject(&donde), donde_(donde), motor_(motor), grupos_(grupos) {
+    const QString nombre = u"avisoDeFin"_s;  // one is enough: the queue ends once
+    delete donde.findChild<QObject*>(nombre, Qt::FindDirectChildrenOnly);
+    setObjectName(nombre);
+    motor_.observar(this);
+  }
+  ~AvisoDeFin() override { motor_.dejarDeObservar(this); }
+
+ private:
+  void acabado() override {
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+          donde_.decirBien(donde_.t(kTxEnvioAcabado, grupos_));
+          deleteLater();
+        },
+        Qt::QueuedConnection);
+  }
+
+  ventanas::Ventana& donde_;
+  motor::gestcomm& motor_;
+  int grupos_;
+};
+
 Resultado<std::vector<int>> gruposDe(dao::Database& db, const std::vector<int>& secciones) {
   std::vector<int> grupos;
   for (const int seccion : secciones) {
@@ -39,6 +68,10 @@ void enviar(ventanas::Ventana& quien, const std::vector<int>& secciones, motor::
       rechazados << Ceros(grupo, 4);
   if (!rechazados.isEmpty() && comunicaciones)
     comunicaciones->decirDuda(quien.t(kTxSinEncolar).arg(rechazados.join(u", "_s)));
+  if (!rechazados.isEmpty()) return;  // the window stays, for who reads it
+  if (auto* donde = qobject_cast<ventanas::Ventana*>(quien.dueno()))
+    new AvisoDeFin(*donde, motor, static_cast<int>(grupos->size()));
+  motor.TerminaCuandoPuedas();
 }
 
 Resultado<> guardar(Ajustes& ajustes, int valor) {

@@ -10,7 +10,7 @@
 namespace tarvo::articles {
 
 // By the second value of EnviarCambios: nothing, asks, or sends. The sections changed are
-// forgotten.
+// forgotten. The window of communications goes when all is sent, and the owner of `quien` says so.
 void enviarAlSalir(ventanas::Ventana& quien, Catalogo& catalogo, motor::gestcomm& motor);
 
 // The three marks of that value. What is chosen is written to the settings file at once.

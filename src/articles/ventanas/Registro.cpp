@@ -13,17 +13,7 @@
 namespace tarvo::articles {
 
 using namespace Qt::StringLiterals;
-using ventanas::Contexto;
-
-namespace {
-
-// A factory for a window that takes these engines.
-template <class V, class... Motores>
-ventanas::Ventanas::Fabrica fabrica(Motores&... motores) {
-  return [&motores...](Contexto& c, const QString& nombre) { return new V(c, nombre, motores...); };
-}
-
-}  // namespace
+using ventanas::fabrica;
 
 void registrarVentanasArticulos(ventanas::Ventanas& v, Catalogo& catalogo, motor::gestcomm& motor) {
   v.registrar(u"BrowGrupos"_s, fabrica<BrowGrupos>(catalogo, motor),

@@ -4,6 +4,7 @@
 namespace tarvo::articles {
 
 enum TextoArticulosVentanas : int {
+  kTxOtrosPrecios = 4020,  // to 4042
   kTxArticulos = 4135,
   kTxCopiarPLU = 4165,
   kTxCodigo = 4176,
@@ -44,7 +45,10 @@ enum TextoArticulosVentanas : int {
   kTxDesdeRapida = 4213,
   kTxDesdeCopia = 4214,
   kTxDesdeImportacion = 4215,
+  kTxOperadoresRepuestos = 4529,
   kTxDesdeLote = 4530,
+  kTxHuecosOcupados = 4569,
+  kTxEnvioAcabado = 4791,
   kTxSinArticulo = 4216,
   kTxGruposCerrado = 4217,
   kTxNumero = 4218,

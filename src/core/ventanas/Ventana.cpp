@@ -134,9 +134,8 @@ bool Ventana::ejecutar() {
   aceptada_ = false;
   setWindowModality(Qt::ApplicationModal);
   setWindowFlags(Qt::Dialog);  // the desktop puts it on its owner
+  setAttribute(Qt::WA_Moved, false);  // of what it remembers only the size counts
   winId();
-  // Where it stood is about its frame, which it has only now.
-  restoreGeometry(deTexto(c_.recuerdos.leer(sinInstancia(nombre_), u"sitio"_s)));
   if (dueno_) windowHandle()->setTransientParent(dueno_->windowHandle());
   mostrarSobre(dueno_);
   bool aceptada = false;

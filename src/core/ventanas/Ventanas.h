@@ -63,4 +63,10 @@ class Ventanas final : public QObject {
   std::vector<QPointer<Ventana>> idas_;  // unloaded, not yet deleted
 };
 
+// A factory for a window that takes these engines, which outlive it.
+template <class V, class... Motores>
+Ventanas::Fabrica fabrica(Motores&... motores) {
+  return [&motores...](Contexto& c, const QString& nombre) { return new V(c, nombre, motores...); };
+}
+
 }  // namespace tarvo::ventanas

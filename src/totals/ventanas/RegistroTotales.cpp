@@ -15,17 +15,7 @@
 namespace tarvo::totals {
 
 using namespace Qt::StringLiterals;
-using ventanas::Contexto;
-
-namespace {
-
-// A factory for a window that takes these engines.
-template <class V, class... Motores>
-ventanas::Ventanas::Fabrica fabrica(Motores&... motores) {
-  return [&motores...](Contexto& c, const QString& nombre) { return new V(c, nombre, motores...); };
-}
-
-}  // namespace
+using ventanas::fabrica;
 
 void registrarVentanasTotales(ventanas::Ventanas& v, Sesion& sesion, Periodos& periodos) {
   v.registrar(u"CerrSes"_s, fabrica<CerrSesVentana>(sesion, periodos));

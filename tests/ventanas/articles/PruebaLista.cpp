@@ -1,9 +1,7 @@
 // The list of articles: order, search, what is asked on leaving; the editor's checks; how fast.
-#include <QElapsedTimer>
 #include <QTabWidget>
 
 #include "Colmado.h"
-#include "articles/Busqueda.h"
 
 namespace tarvo::prueba {
 
@@ -104,6 +102,49 @@ TEST(ListaArticulos, EnviarAlSalir) {
   }
 }
 
+// All 24 prices and the cost can be shown; at first the base price of the first tarifa alone is.
+TEST(ListaArticulos, LosPreciosOcultos) {
+  Colmado t;
+  t.sql(u"update PLUSES set PRECIO_25=1234 where SECCION=1 and CODPLU=10"_s);
+  auto& grid = t.lista(t.abrir(u"BrowPLUs"_s));
+  QStringList vistos;
+  for (int nivel = 0; nivel < kNiveles; ++nivel)
+    for (int tarifa = 0; tarifa < kTarifas; ++tarifa)
+      if (!grid.vista()->isColumnHidden(grid.modelo()->columna(columnaPrecio(nivel, tarifa))))
+        vistos << columnaPrecio(nivel, tarifa);
+  EXPECT_EQ(vistos.join(u' '), u"PRECIO_00");
+  const int columna = grid.modelo()->columna(u"PRECIO_25");
+  EXPECT_EQ(grid.modelo()->headerData(columna, Qt::Horizontal, Qt::DisplayRole).toString(),
+            u"Hasta 2, tarifa 5");
+  EXPECT_EQ(grid.texto(grid.filaActual(), u"PRECIO_25"), u"12,34");
+  grid.vista()->setColumnHidden(columna, false);
+  t.abrirCelda(grid, u"PRECIO_25"_s);
+  t.escribir(u"9,5"_s);
+  t.tecla(Qt::Key_Return);
+  EXPECT_EQ(t.leer(u"select PRECIO_25, PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s),
+            u"950 100");
+  EXPECT_EQ(t.cruces(), u"20 1 0");
+}
+
+// The queue empties: the window from which the list was opened says so.
+TEST(ListaArticulos, ElFinDelEnvioSeDice) {
+  Colmado t;
+  t.ajustes.EnviarCambios[1] = 2;
+  auto* arbol = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
+  t.tecla(Qt::Key_F4);
+  t.cargada(u"BrowPLUs"_s);
+  bien(t.catalogo.ponerPrecios({1, 10}, Precios{}, u"BrowPLUs"_s));
+  t.tecla(Qt::Key_Escape);
+  ASSERT_TRUE(esperar([&] { return t.gestor->tareas().size() == 4; }));
+  EXPECT_EQ(t.escritorio.ventanas().cargada(u"BrowPLUs"_s), nullptr);
+  EXPECT_TRUE(arbol->tira().isHidden());
+  t.gestor->terminator();
+  ASSERT_TRUE(esperar([&] { return !arbol->tira().isHidden(); }));
+  EXPECT_EQ(arbol->tira().texto(), u"Ha acabado el envío de los cambios a 4 grupos.");
+  EXPECT_TRUE(esperar([&] { return arbol->findChild<QObject*>(u"avisoDeFin"_s) == nullptr; }))
+      << "who has said it looks on no more";
+}
+
 TEST(Editor, LaListaDeFaltasYLaPrimeraDelante) {
   Colmado t;
   auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
@@ -191,59 +232,6 @@ TEST(Editor, BarrasExistenciasYLoQueOtroCambio) {
   EXPECT_EQ(
       t.escritorio.ventanas().abrir(u"xEditPLU#1.99"_s, v, {{u"seccion"_s, 1}, {u"codigo"_s, 99}}),
       nullptr);
-}
-
-TEST(ListaArticulos, CienMilNoHacenEsperar) {
-  Colmado t;
-  t.sql(u"delete from PLUSES where CODPLU>2"_s);
-  bien(t.db->BeginTrans());
-  const QStringList nombres{u"TOMATE"_s, u"PERA"_s, u"MELÓN"_s, u"JAMÓN"_s, u"QUESO"_s, u"LIMÓN"_s};
-  for (int i = 3; i < 100'003; ++i)
-    t.sql(u"insert into PLUSES (SECCION, CODPLU, NOMPLU, DEPTO) values (1, ?, ?, ?)"_s, i,
-          nombres[i * 7 % 6] + u' ' + QString::number(i * 7919LL % 100'003), 1 + i % 9);
-  bien(t.db->CommitTrans());
-  const auto dura = [](auto hacer) {
-    QElapsedTimer reloj;
-    reloj.start();
-    hacer();
-    QApplication::processEvents();
-    return reloj.elapsed();
-  };
-  const auto medir = [&](const char* que, qint64 limite, qint64 ms) {
-    std::printf("%s: %lld ms (at most %lld)\n", que, static_cast<long long>(ms),
-                static_cast<long long>(limite));
-    EXPECT_LT(ms, limite) << que;
-  };
-  ventanas::Ventana* v = nullptr;
-  medir("open to first paint", 150,
-        dura([&] { v = t.escritorio.ventanas().abrir(u"BrowPLUs"_s); }));
-  ASSERT_NE(v, nullptr);
-  auto& grid = t.lista(v);
-  ASSERT_TRUE(esperar([&] { return !grid.contando() && grid.filas() == 100'002; }));
-  for (const char16_t* modo : {u"ModoNom", u"ModoCod"}) {
-    medir("order", 150, dura([&] { t.control<QAbstractButton>(v, modo)->click(); }));
-    ASSERT_TRUE(esperar([&] { return !grid.contando(); }));
-  }
-  // The better of some runs: other programs are busy on this computer too.
-  auto* filtro = t.control(v, u"Filtro");
-  for (const char* texto : {"j", "jamon", "jamon 777", "4242", "xyz"}) {
-    const Condicion condicion = condicionBusqueda(QString::fromLatin1(texto));
-    const QString sql =
-        u"select rowid from PLUSES where SECCION=1 and "_s + condicion.sql + u" order by CODPLU"_s;
-    qint64 desnuda = 10'000, lista = 10'000;
-    for (int vez = 0; vez < 4; ++vez) {
-      desnuda =
-          std::min(desnuda, dura([&] {
-                     for (auto rs = bien(t.db->OpenQuery(sql, condicion.valores)); !rs->Eof();)
-                       bien(rs->MoveNext());
-                   }));
-      lista = std::min(lista, dura([&] { filtro->setText(QString::fromLatin1(texto)); }));
-      ASSERT_TRUE(esperar([&] { return !grid.contando(); }));
-      filtro->clear();
-      ASSERT_TRUE(esperar([&] { return !grid.contando(); }));
-    }
-    medir(texto, desnuda + 50, lista);
-  }
 }
 
 }  // namespace tarvo::prueba

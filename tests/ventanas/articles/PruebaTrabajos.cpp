@@ -278,6 +278,22 @@ TEST(Trabajos, ElCodigoDeUnOperador) {
   t.responder(u"Acepto"_s);
   t.tecla(Qt::Key_Delete);
   EXPECT_EQ(t.leer(u"select OP01_C, OP01_T from GRUPOS"_s), u"0 0 | 0 0 | 0 0 | 0 0");
+  // Taken back, but for a slot that somebody has got since.
+  t.sql(u"update GRUPOS set OP01_C=6 where CODGPO=3"_s);
+  v->activateWindow();
+  ASSERT_TRUE(t.activa(v));
+  grid.vista()->setFocus();
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.leer(u"select CODOPE, NOMOPE from OPERS order by CODOPE"_s), u"6 Op | 77 Op");
+  EXPECT_EQ(t.leer(u"select TIPO, OP01_C, OP01_T, OP15_C from GRUPOS order by CODGPO"_s),
+            u"1 77 1 77 | 2 77 1 5 | 3 6 0 77 | 4 77 1 77");
+  EXPECT_EQ(v->tira().texto(),
+            u"1 operador vuelve, también a sus grupos.  En 1 hueco de los grupos ya hay otro, o el "
+            u"grupo no existe: se queda así.");
+  EXPECT_EQ(grid.texto(grid.filaActual(), u"CODOPE"), u"0077");
+  t.responder(u"Acepto"_s);
+  t.tecla(Qt::Key_Delete);
+  ASSERT_EQ(t.leer(u"select CODOPE from OPERS"_s), u"6");
   v->activateWindow();
   ASSERT_TRUE(t.activa(v));
   grid.vista()->setFocus();

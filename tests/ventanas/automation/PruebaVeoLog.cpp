@@ -1,6 +1,5 @@
 // A person reads a trace while it is written.
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QScrollBar>

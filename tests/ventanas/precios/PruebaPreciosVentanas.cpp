@@ -1,5 +1,6 @@
 #include "Mostrador.h"
 #include "capturas/Capturas.h"
+#include "core/ventanas/TiraTrabajo.h"
 
 namespace tarvo::prueba {
 
@@ -87,12 +88,61 @@ TEST(VentanaLote, SubeUnDepartamentoYSeDeshace) {
   m.responder(u"Acepto"_s);
   m.pulsar(Qt::Key_Return);
   EXPECT_TRUE(m.textoModal.startsWith(u"Va a cambiar 9 artículos: ¿Seguro?"));
+  auto* deshacer = v->findChild<QPushButton*>(u"Deshacer"_s);
+  ASSERT_TRUE(esperar([&] { return deshacer->isEnabled(); }));
   EXPECT_EQ(m.leer(u"select PRECIO_00 from PLUSES where CODPLU in (32, 33, 42) order by CODPLU"_s),
             u"3200 | 3650 | 990000");
   EXPECT_FALSE(aplicar->isEnabled()) << "a second Enter raises nothing";
   m.boton(v, u"Deshacer"_s);
-  EXPECT_EQ(m.leer(precios), antes);
+  ASSERT_TRUE(esperar([&] { return m.leer(precios) == antes && !v->trabajo().enMarcha(); }));
+  EXPECT_FALSE(deshacer->isEnabled());
+}
+
+// Stopped, or closed, in the middle: no price is another one. Undone and stopped: the rest waits.
+TEST(VentanaLote, ParadoNoDejaNada) {
+  Mostrador m;
+  auto muchos = dao::Transaccion::empezar(*m.db);
+  ASSERT_TRUE(muchos);
+  for (int i = 100; i < 1'600; ++i)
+    m.sql(
+        u"insert into PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00) values (1, ?, 'A', 1, 100)"_s,
+        i);
+  bien(muchos->confirmar());
+  const auto subidos = [&] {
+    return m.leer(u"select count(*) from PLUSES where CODPLU>=100 and PRECIO_00<>100"_s).toInt();
+  };
+  auto* v = m.abrir(u"CambioLote"_s, {{u"seccion"_s, 1}});
+  const auto lanzar = [&] {
+    escribir(v, u"txPc"_s, u"10"_s);
+    auto* aplicar = v->findChild<QPushButton*>(u"Aplicar"_s);
+    ASSERT_TRUE(esperar([&] { return aplicar->isEnabled(); }));
+    m.responder(u"Acepto"_s);
+    m.pulsar(Qt::Key_Return);
+  };
+  lanzar();
+  ASSERT_TRUE(esperar([&] { return subidos() > 100; }));
+  EXPECT_LT(subidos(), 1'400);
+  QTest::keyClick(v, Qt::Key_Escape);
+  ASSERT_TRUE(esperar([&] { return subidos() == 0 && !v->trabajo().enMarcha(); }));
+  EXPECT_EQ(v->tira().texto(), m.textos(4599));
   EXPECT_FALSE(v->findChild<QPushButton*>(u"Deshacer"_s)->isEnabled());
+
+  lanzar();
+  ASSERT_TRUE(esperar([&] { return subidos() == 1'500 && !v->trabajo().enMarcha(); }));
+  m.boton(v, u"Deshacer"_s);
+  ASSERT_TRUE(esperar([&] { return subidos() < 1'400; }));
+  QTest::keyClick(v, Qt::Key_Escape);
+  const int quedan = subidos();
+  EXPECT_GT(quedan, 0);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"%1 artículos de una operación a medias"_s.arg(quedan)))
+      << v->tira().texto().toStdString();
+  m.boton(v, u"Deshacer"_s);
+  ASSERT_TRUE(esperar([&] { return subidos() == 0 && !v->trabajo().enMarcha(); }));
+
+  lanzar();
+  ASSERT_TRUE(esperar([&] { return subidos() > 100; }));
+  EXPECT_TRUE(v->descargar());
+  EXPECT_EQ(subidos(), 0);
 }
 
 TEST(VentanaLote, LosArticulosElegidosCambianDeDepartamento) {
@@ -105,7 +155,9 @@ TEST(VentanaLote, LosArticulosElegidosCambianDeDepartamento) {
   ASSERT_TRUE(esperar([&] { return aplicar->isEnabled(); }));
   m.responder(u"Acepto"_s);
   m.boton(v, u"Aplicar"_s);
-  EXPECT_EQ(m.leer(u"select CODPLU from PLUSES where DEPTO=2 order by CODPLU"_s), u"7 | 9");
+  ASSERT_TRUE(esperar([&] {
+    return m.leer(u"select CODPLU from PLUSES where DEPTO=2 order by CODPLU"_s) == u"7 | 9";
+  }));
 }
 
 // All windows can be read, full and empty, in both faces, both sizes and all font scales.

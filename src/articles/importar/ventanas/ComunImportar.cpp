@@ -1,9 +1,8 @@
 #include "articles/importar/ventanas/ComunImportar.h"
 
-#include <QGuiApplication>
-
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
 #include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/TiraTrabajo.h"
 
 namespace tarvo::importar {
 
@@ -28,28 +27,69 @@ void ponerMalas(ventanas::Parrilla& lista, const std::vector<LineaMala>& malas) 
   lista.vivas().poner(std::move(filas));
 }
 
-bool hayQueDeshacer(const ventanas::Ventana& ventana, articles::Lotes& lotes) {
-  const auto ultimo = lotes.ultimo(ventana.nombre());
+bool Deshacedor::hayUltimo() const {
+  const auto ultimo = lotes_.ultimo(v_.nombre());
   return ultimo && *ultimo;
 }
 
-bool deshacerUltimo(ventanas::Ventana& v, articles::Lotes& lotes) {
-  const auto ultimo = lotes.ultimo(v.nombre());
-  if (!v.haIdoBien(ultimo) || !*ultimo) return false;
-  const auto& t = v.contexto().textos;
+void Deshacedor::avisar() {
+  const auto ultimo = lotes_.ultimo(v_.nombre());
+  if (ultimo && *ultimo && !(*ultimo)->acabado)
+    v_.decirDuda(v_.t(kTxAMedias, static_cast<int>((*ultimo)->articulos)));
+}
+
+void Deshacedor::deshacerUltimo(std::function<void()> alAcabar) {
+  const auto ultimo = lotes_.ultimo(v_.nombre());
+  if (!v_.haIdoBien(ultimo) || !*ultimo) return;
+  const auto& t = v_.contexto().textos;
   const QString pregunta =
       t(kTxConfirmarDeshacer, {(*ultimo)->cuando.general(), (*ultimo)->articulos});
-  if (!ventanas::MyMsgBox::Decide(&v, t, pregunta, ventanas::kAceptoCancelo)) return false;
-  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-  const auto hecho = lotes.deshacer((*ultimo)->numero, v.nombre());
-  QGuiApplication::restoreOverrideCursor();
-  if (!v.haIdoBien(hecho)) return false;
-  const QString dicho = t(kTxDeshecho, {hecho->repuestos, hecho->quitados});
-  if (hecho->fuera.empty()) return v.decirBien(dicho), true;
-  QStringList fuera;
-  for (const auto& c : hecho->fuera) fuera << Ceros(c.seccion, 3) + u"  "_s + Ceros(c.codigo, 7);
-  v.decirDuda(dicho + u' ' + t(kTxDeshechoFuera, {hecho->fuera.size()}), fuera.join(u'\n'));
-  return true;
+  if (!ventanas::MyMsgBox::Decide(&v_, t, pregunta, ventanas::kAceptoCancelo)) return;
+  empezar((*ultimo)->numero, (*ultimo)->articulos, [this, alAcabar = std::move(alAcabar)] {
+    alAcabar();
+    const auto& hecho = vuelta_->hecho();
+    decirHecho(v_.contexto().textos(kTxDeshecho, {hecho.repuestos, hecho.quitados}));
+  });
+}
+
+void Deshacedor::volver(qint64 lote, int articulos, const std::optional<Error>& error) {
+  const auto decir = [this, error] {
+    error ? v_.decirFallo(*error) : decirHecho(v_.t(kTxNadaImportado));
+  };
+  if (lote > 0) return empezar(lote, articulos, decir);
+  vuelta_.reset();
+  alCambiar_();
+  decir();
+}
+
+void Deshacedor::empezar(qint64 lote, qint64 articulos, std::function<void()> alAcabar) {
+  vuelta_ = std::make_unique<articles::Vuelta>(lotes_, lote, articulos, v_.nombre());
+  v_.trabajo().empezar(
+      v_.contexto().textos(kTxDeshaciendo), [this](Trabajo::Avance& a) { return vuelta_->paso(a); },
+      [this, alAcabar = std::move(alAcabar)](const Resultado<Trabajo::Fin>& fin) {
+        acabar(fin, alAcabar);
+      });
+  alCambiar_();
+}
+
+void Deshacedor::acabar(const Resultado<Trabajo::Fin>& fin, const std::function<void()>& alAcabar) {
+  alCambiar_();
+  if (!v_.haIdoBien(fin)) return;
+  if (*fin == Trabajo::Fin::Parado) return avisar();
+  alAcabar();
+}
+
+void Deshacedor::decirHecho(const QString& dicho) {
+  const auto fuera = vuelta_ ? vuelta_->hecho().fuera : std::vector<articles::ClaveArticulo>{};
+  if (fuera.empty()) return v_.decirBien(dicho);
+  QStringList cuales;
+  for (const auto& c : fuera) cuales << Ceros(c.seccion, 3) + u"  "_s + Ceros(c.codigo, 7);
+  v_.decirDuda(dicho + u' ' + v_.contexto().textos(kTxDeshechoFuera, {fuera.size()}),
+               cuales.join(u'\n'));
+}
+
+bool Deshacedor::acabarYa() {
+  return !vuelta_ || !v_.trabajo().enMarcha() || v_.haIdoBien(vuelta_->hastaElFinal());
 }
 
 }  // namespace tarvo::importar

@@ -1,7 +1,7 @@
 // What the windows of imports share: the list of bad lines and the step back.
 #pragma once
 
-#include "articles/Lotes.h"
+#include "articles/Vuelta.h"
 #include "articles/importar/Lineas.h"
 #include "core/ventanas/Parrilla.h"
 #include "core/ventanas/Ventana.h"
@@ -12,9 +12,33 @@ namespace tarvo::importar {
 void prepararMalas(ventanas::Parrilla& lista, ventanas::Contexto& contexto, const QString& ventana);
 void ponerMalas(ventanas::Parrilla& lista, const std::vector<LineaMala>& malas);
 
-// Asks, takes the last batch of the window back, and says on its strip what came of it. True when
-// it was done.
-bool deshacerUltimo(ventanas::Ventana& ventana, articles::Lotes& lotes);
-bool hayQueDeshacer(const ventanas::Ventana& ventana, articles::Lotes& lotes);
+// Takes batches of a window back, as its work in slices, and says on its strip what came of it.
+class Deshacedor {
+ public:
+  // `alCambiar`: at the beginning and at the end of the work.
+  Deshacedor(ventanas::Ventana& ventana, articles::Lotes& lotes, std::function<void()> alCambiar)
+      : v_(ventana), lotes_(lotes), alCambiar_(std::move(alCambiar)) {}
+
+  bool hayUltimo() const;
+  // Says so when the last run, or its undoing, was cut off.
+  void avisar();
+  // Asks, and takes the last batch back; `alAcabar` when all of it is.
+  void deshacerUltimo(std::function<void()> alAcabar);
+  // Takes back what a run left that failed or was stopped, and says so then.
+  void volver(qint64 lote, int articulos, const std::optional<Error>& error);
+  // For the window that goes: what is half taken back is taken back to its end. False on an error,
+  // which it says.
+  bool acabarYa();
+
+ private:
+  void empezar(qint64 lote, qint64 articulos, std::function<void()> alAcabar);
+  void acabar(const Resultado<Trabajo::Fin>& fin, const std::function<void()>& alAcabar);
+  void decirHecho(const QString& dicho);
+
+  ventanas::Ventana& v_;
+  articles::Lotes& lotes_;
+  std::function<void()> alCambiar_;
+  std::unique_ptr<articles::Vuelta> vuelta_;
+};
 
 }  // namespace tarvo::importar

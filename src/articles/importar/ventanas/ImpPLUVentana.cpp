@@ -2,7 +2,6 @@
 
 #include <QListWidget>
 
-#include "articles/importar/ventanas/ComunImportar.h"
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/TiraTrabajo.h"
@@ -16,7 +15,8 @@ ImpPLUVentana::ImpPLUVentana(ventanas::Contexto& contexto, const QString& nombre
                              articles::Catalogo& catalogo)
     : Ventana(contexto, nombre),
       catalogo_(catalogo),
-      lotes_(contexto.db, catalogo, contexto.reloj) {
+      lotes_(contexto.db, catalogo, contexto.reloj),
+      deshacedor_(*this, lotes_, [this] { ponerEstado(estado_); }) {
   ui_.setupUi(cuerpo());
   enlazar();
   montar();
@@ -32,7 +32,8 @@ void ImpPLUVentana::montar() {
   connect(ui_.ficheros, &PanelFicheros::escogido, this, &ImpPLUVentana::abrir);
   connect(ui_.Haz, &QPushButton::clicked, this, &ImpPLUVentana::Haz);
   connect(ui_.Alto, &QPushButton::clicked, this, &ImpPLUVentana::Alto);
-  connect(ui_.deshacer, &QPushButton::clicked, this, &ImpPLUVentana::deshacer);
+  connect(ui_.deshacer, &QPushButton::clicked, this,
+          [this] { deshacedor_.deshacerUltimo([this] { ponerEstado(kSinFichero); }); });
   connect(ui_.tabla, &QPushButton::clicked, this,
           [this] { contexto().ventanas.abrir(u"ImpTabla"_s, this, argumentos_); });
   connect(ui_.Cerrar, &QPushButton::clicked, this, &ImpPLUVentana::rechazar);
@@ -43,13 +44,14 @@ Resultado<> ImpPLUVentana::preparar(const ventanas::Argumentos& argumentos) {
   argumentos_ = argumentos;
   ui_.ficheros->setCarpeta(argumentos.value(u"carpeta"_s, contexto().ajustes.HomeDir).toString());
   ponerEstado(kSinFichero);
+  deshacedor_.avisar();
   return {};
 }
 
 // What was read so far stays, and can be undone.
 bool ImpPLUVentana::QueryUnload() {
-  trabajo().parar();
-  return false;
+  if (estado_ == kEnProceso) trabajo().parar();
+  return !deshacedor_.acabarYa();
 }
 
 void ImpPLUVentana::ponerEstado(Estado estado) {
@@ -58,12 +60,12 @@ void ImpPLUVentana::ponerEstado(Estado estado) {
                                kTxInterrumpido, kTxConExito, kTxNoReconocibles};
   ui_.mensaje->setText(t(kTextos.at(static_cast<size_t>(estado))));
   const bool elegir = estado == kSinFichero, moviendo = trabajo().enMarcha();
-  ui_.ficheros->setEnabled(elegir);
+  ui_.ficheros->setEnabled(elegir && !moviendo);
   ui_.marcoExiste->setEnabled(!moviendo);
   ui_.Haz->setEnabled(!elegir && !moviendo);
   ui_.Haz->setText(t(estado == kPreparado ? kTxLanzar : kTxOtroFichero));
-  ui_.Alto->setEnabled(estado == kPreparado || moviendo);
-  ui_.deshacer->setEnabled(!moviendo && hayQueDeshacer(*this, lotes_));
+  ui_.Alto->setEnabled(estado == kPreparado ? !moviendo : estado == kEnProceso);
+  ui_.deshacer->setEnabled(!moviendo && deshacedor_.hayUltimo());
   if (elegir) {
     motor_.reset();
     ui_.CodAct->clear();
@@ -134,11 +136,6 @@ void ImpPLUVentana::decirHecho() {
   if (c.parado) dicho = contexto().textos(kTxParadoEnLinea, {c.malas.back().numero}) + u' ' + dicho;
   if (c.malas.empty()) return decirBien(dicho);
   decirDuda(t(kTxNMalas, static_cast<int>(c.malas.size())) + u' ' + dicho);
-}
-
-void ImpPLUVentana::deshacer() {
-  if (!deshacerUltimo(*this, lotes_)) return;
-  ponerEstado(kSinFichero);
 }
 
 }  // namespace tarvo::importar

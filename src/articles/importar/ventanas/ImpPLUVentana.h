@@ -3,6 +3,7 @@
 #pragma once
 
 #include "articles/importar/ImpPLU.h"
+#include "articles/importar/ventanas/ComunImportar.h"
 #include "core/tiempo/Trabajo.h"
 #include "core/ventanas/Ventana.h"
 #include "ui_ImpPLU.h"
@@ -34,11 +35,11 @@ class ImpPLUVentana final : public ventanas::Ventana {
   void mostrarCuenta();
   void acabar(const Resultado<Trabajo::Fin>& fin);
   void decirHecho();
-  void deshacer();
 
   Ui::ImpPLU ui_;
   articles::Catalogo& catalogo_;
   articles::Lotes lotes_;
+  Deshacedor deshacedor_;
   std::unique_ptr<ImpPLU> motor_;
   ventanas::Argumentos argumentos_;
   Estado estado_ = kSinFichero;

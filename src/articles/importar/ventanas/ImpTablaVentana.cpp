@@ -1,9 +1,7 @@
 #include "articles/importar/ventanas/ImpTablaVentana.h"
 
-#include <QGuiApplication>
 #include <QListWidget>
 
-#include "articles/importar/ventanas/ComunImportar.h"
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/Tira.h"
@@ -32,6 +30,7 @@ ImpTablaVentana::ImpTablaVentana(ventanas::Contexto& contexto, const QString& no
     : Ventana(contexto, nombre),
       catalogo_(catalogo),
       lotes_(contexto.db, catalogo, contexto.reloj),
+      deshacedor_(*this, lotes_, [this] { botones(); }),
       aparte_(contexto, *this) {
   ui_.setupUi(cuerpo());
   enlazar();
@@ -42,7 +41,6 @@ ImpTablaVentana::ImpTablaVentana(ventanas::Contexto& contexto, const QString& no
 void ImpTablaVentana::montar() {
   ui_.ficheros->preparar(contexto().textos, {u"*.csv"_s, u"*.txt"_s, u"*.xlsx"_s, u"*.ods"_s});
   prepararMalas(*ui_.malas, contexto(), nombre());
-  ui_.progreso->hide();
   ui_.deshacer->setIcon(ventanas::icono(u"atras"_s));
   connect(ui_.ficheros, &PanelFicheros::escogido, this, &ImpTablaVentana::leer);
   connect(ui_.ficheros->lista(), &QListWidget::currentRowChanged, this, &ImpTablaVentana::botones);
@@ -52,9 +50,8 @@ void ImpTablaVentana::montar() {
   connect(ui_.atras, &QPushButton::clicked, this, &ImpTablaVentana::atras);
   connect(ui_.siguiente, &QPushButton::clicked, this, &ImpTablaVentana::siguiente);
   connect(ui_.Cerrar, &QPushButton::clicked, this, &ImpTablaVentana::rechazar);
-  connect(ui_.deshacer, &QPushButton::clicked, this, [this] {
-    if (deshacerUltimo(*this, lotes_)) irA(kFichero);
-  });
+  connect(ui_.deshacer, &QPushButton::clicked, this,
+          [this] { deshacedor_.deshacerUltimo([this] { irA(kFichero); }); });
 }
 
 Resultado<> ImpTablaVentana::preparar(const ventanas::Argumentos& argumentos) {
@@ -62,6 +59,7 @@ Resultado<> ImpTablaVentana::preparar(const ventanas::Argumentos& argumentos) {
   TARVO_INTENTAR(llenarSecciones(argumentos.value(u"seccion"_s, 0).toInt()));
   ui_.ficheros->setCarpeta(argumentos.value(u"carpeta"_s, contexto().ajustes.HomeDir).toString());
   irA(kFichero);
+  deshacedor_.avisar();
   if (const QString f = argumentos.value(u"fichero"_s).toString(); !f.isEmpty()) leer(f);
   return {};
 }
@@ -78,8 +76,10 @@ Resultado<> ImpTablaVentana::llenarSecciones(int elegida) {
   return {};
 }
 
+// What is half applied is taken back before the window goes.
 bool ImpTablaVentana::QueryUnload() {
-  trabajo().parar();
+  if (aplicando_) trabajo().parar();
+  if (!deshacedor_.acabarYa()) return true;
   aparte_.olvidar();
   return false;
 }
@@ -111,7 +111,7 @@ void ImpTablaVentana::botones() {
   ui_.atras->setEnabled((paso_ == kColumnas || paso_ == kPrevia) && !ocupada);
   ui_.paginas->setEnabled(!ocupada);
   ui_.paginas->setProperty("ocupada", ocupada);  // pictures wait for it
-  ui_.deshacer->setEnabled(!ocupada && hayQueDeshacer(*this, lotes_));
+  ui_.deshacer->setEnabled(!ocupada && deshacedor_.hayUltimo());
 }
 
 void ImpTablaVentana::atras() {
@@ -210,25 +210,38 @@ void ImpTablaVentana::ensayado(const Resultado<Trabajo::Fin>& fin) {
   mostrarPropuestas();
 }
 
-// One transaction, which nothing else may come into: the event loop waits, the bar goes on.
 void ImpTablaVentana::aplicar() {
-  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-  ui_.progreso->setRange(0, std::max(1, motor_->filas()));
-  ui_.progreso->show();
-  const int cada = std::max(1, motor_->filas() / 100);
-  auto hecho = motor_->aplicar([this, cada](int hechas) {
-    if (hechas % cada != 0) return;
-    ui_.progreso->setValue(hechas);
-    ui_.progreso->repaint();
-  });
-  ui_.progreso->hide();
-  QGuiApplication::restoreOverrideCursor();
-  if (!haIdoBien(hecho)) return;
+  aplicando_ = true;
+  trabajo().empezar(
+      t(kTxAplicando),
+      [this](Trabajo::Avance& a) {
+        auto hayMas = motor_->aplicar();
+        a.hechos = motor_->aplicadas();
+        a.total = motor_->filas();
+        return hayMas;
+      },
+      [this](const Resultado<Trabajo::Fin>& fin) { aplicado(fin); });
+  botones();
+}
+
+void ImpTablaVentana::aplicado(const Resultado<Trabajo::Fin>& fin) {
+  aplicando_ = false;
+  const ImpTabla::Hecho hecho = motor_->hecho();
+  const qint64 lote = motor_->lote();
+  const bool entero = fin && *fin == Trabajo::Fin::Acabado;
+  const auto cerrado = entero ? motor_->acabar() : Resultado<>{};
+  if (!entero || !cerrado) {
+    irA(kColumnas);  // a run is applied once
+    const std::optional<Error> error = !fin       ? std::optional(fin.error())
+                                       : !cerrado ? std::optional(cerrado.error())
+                                                  : std::nullopt;
+    return deshacedor_.volver(lote, hecho.nuevos + hecho.cambiados, error);
+  }
   irA(kResultado);
-  ui_.hecho->setText(contexto().textos(kTxHechoTabla, {hecho->nuevos, hecho->cambiados}));
-  ponerMalas(*ui_.malas, hecho->malas);
-  if (hecho->malas.empty()) return decirBien(ui_.hecho->text());
-  decirDuda(t(kTxNMalas, static_cast<int>(hecho->malas.size())));
+  ui_.hecho->setText(contexto().textos(kTxHechoTabla, {hecho.nuevos, hecho.cambiados}));
+  ponerMalas(*ui_.malas, hecho.malas);
+  if (hecho.malas.empty()) return decirBien(ui_.hecho->text());
+  decirDuda(t(kTxNMalas, static_cast<int>(hecho.malas.size())));
 }
 
 }  // namespace tarvo::importar

@@ -1,10 +1,12 @@
 // Articles from a CSV file or a spreadsheet, in four steps: file, columns, what would change, what
-// was done. Takes "carpeta", where it looks for files (the program's own without it), and
-// "seccion", for rows that don't say theirs; a "fichero" is read at once.
+// was done. A stop of the last takes back what it did so far. Takes "carpeta", where it looks for
+// files (the program's own without it), and "seccion", for rows that don't say theirs; a "fichero"
+// is read at once.
 #pragma once
 
 #include "articles/importar/ImpTabla.h"
 #include "articles/importar/LeerTabla.h"
+#include "articles/importar/ventanas/ComunImportar.h"
 #include "core/tiempo/Trabajo.h"
 #include "core/ventanas/Aparte.h"
 #include "core/ventanas/Ventana.h"
@@ -39,16 +41,18 @@ class ImpTablaVentana final : public ventanas::Ventana {
   void ensayado(const Resultado<Trabajo::Fin>& fin);
   void mostrarPropuestas();
   void aplicar();
+  void aplicado(const Resultado<Trabajo::Fin>& fin);
 
   Ui::ImpTabla ui_;
   articles::Catalogo& catalogo_;
   articles::Lotes lotes_;
+  Deshacedor deshacedor_;
   ventanas::Aparte aparte_;
   QString fichero_;
   std::unique_ptr<TablaLeida> leida_;
   std::unique_ptr<ImpTabla> motor_;
   Paso paso_ = kFichero;
-  bool leyendo_ = false, signoElegido_ = false;
+  bool leyendo_ = false, signoElegido_ = false, aplicando_ = false;
 };
 
 }  // namespace tarvo::importar

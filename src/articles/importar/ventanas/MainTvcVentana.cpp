@@ -2,7 +2,6 @@
 
 #include <QListWidget>
 
-#include "articles/importar/ventanas/ComunImportar.h"
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/MyMsgBox.h"
@@ -16,7 +15,8 @@ MainTvcVentana::MainTvcVentana(ventanas::Contexto& contexto, const QString& nomb
                                articles::Catalogo& catalogo)
     : Ventana(contexto, nombre),
       catalogo_(catalogo),
-      lotes_(contexto.db, catalogo, contexto.reloj) {
+      lotes_(contexto.db, catalogo, contexto.reloj),
+      deshacedor_(*this, lotes_, [this] { ponerEstado(estado_); }) {
   ui_.setupUi(cuerpo());
   enlazar();
   montar();
@@ -37,9 +37,8 @@ void MainTvcVentana::montar() {
   connect(ui_.AUnaSecc, &QRadioButton::toggled, this, &MainTvcVentana::mostrarDestino);
   connect(ui_.chksectfa, &QCheckBox::toggled, this, &MainTvcVentana::mostrarDestino);
   connect(ui_.inicioproceso, &QPushButton::clicked, this, &MainTvcVentana::inicioproceso);
-  connect(ui_.deshacer, &QPushButton::clicked, this, [this] {
-    if (deshacerUltimo(*this, lotes_)) ponerEstado(kSinFichero);
-  });
+  connect(ui_.deshacer, &QPushButton::clicked, this,
+          [this] { deshacedor_.deshacerUltimo([this] { ponerEstado(kSinFichero); }); });
   connect(ui_.Cerrar, &QPushButton::clicked, this, &MainTvcVentana::rechazar);
 }
 
@@ -48,10 +47,12 @@ Resultado<> MainTvcVentana::preparar(const ventanas::Argumentos& argumentos) {
   ui_.ficheros->setCarpeta(argumentos.value(u"carpeta"_s, contexto().ajustes.HomeDir).toString());
   mostrarDestino();
   ponerEstado(kSinFichero);
+  deshacedor_.avisar();
   return {};
 }
 
 bool MainTvcVentana::QueryUnload() {
+  if (estado_ != kProcesando) return !deshacedor_.acabarYa();
   return trabajo().enMarcha() && !interrumpir();
 }
 
@@ -71,10 +72,11 @@ void MainTvcVentana::ponerEstado(Estado estado) {
   const auto i = static_cast<size_t>(estado);
   ui_.Panel->setText(t(kTextos.at(i)));
   ui_.inicioproceso->setText(t(kBotones.at(i)));
-  ui_.inicioproceso->setEnabled(estado != kSinFichero);
-  ui_.ficheros->setEnabled(estado == kSinFichero || estado == kPreparado);
-  ui_.destino->setEnabled(estado != kProcesando);
-  ui_.deshacer->setEnabled(estado != kProcesando && hayQueDeshacer(*this, lotes_));
+  const bool ocupada = trabajo().enMarcha(), procesando = estado == kProcesando;
+  ui_.inicioproceso->setEnabled(procesando || (estado != kSinFichero && !ocupada));
+  ui_.ficheros->setEnabled((estado == kSinFichero || estado == kPreparado) && !ocupada);
+  ui_.destino->setEnabled(!procesando && !ocupada);
+  ui_.deshacer->setEnabled(!procesando && !ocupada && deshacedor_.hayUltimo());
   if (estado == kSinFichero) {
     motor_.reset();
     ponerMalas(*ui_.malas, {});

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "articles/importar/MainTvc.h"
+#include "articles/importar/ventanas/ComunImportar.h"
 #include "core/tiempo/Trabajo.h"
 #include "core/ventanas/Ventana.h"
 #include "ui_MainTvc.h"
@@ -31,6 +32,7 @@ class MainTvcVentana final : public ventanas::Ventana {
   Ui::MainTvc ui_;
   articles::Catalogo& catalogo_;
   articles::Lotes lotes_;
+  Deshacedor deshacedor_;
   std::unique_ptr<MainTvc> motor_;
   QString ruta_;
   Estado estado_ = kSinFichero;

@@ -39,6 +39,7 @@ enum TextoImportarVentanas : int {
   kTxHechoTvc = 4678,
   kTxConvirtiendo = 4679,
   kTxSeccionMala = 4680,
+  kTxAplicando = 4750,
   kTxSiguiente = 4753,
   kTxVerCambios = 4754,
   kTxAplicar = 4755,
@@ -67,6 +68,9 @@ enum TextoImportarVentanas : int {
   kTxValorCambia = 4784,
   kTxNada = 4785,
   kTxNadaDeEso = 4786,
+  kTxDeshaciendo = 4788,
+  kTxAMedias = 4789,
+  kTxNadaImportado = 4790,
 };
 
 }  // namespace tarvo::importar

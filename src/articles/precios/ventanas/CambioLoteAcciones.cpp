@@ -2,6 +2,7 @@
 #include "articles/precios/ventanas/CambioLoteVentana.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/TiraTrabajo.h"
 
 namespace tarvo::precios {
 
@@ -18,23 +19,53 @@ void CambioLoteVentana::aplicar() {
           t(kTxVaACambiar, static_cast<int>(claves.size())) + u'\n' + t(kTxSePuedeDeshacerLote),
           ventanas::kAceptoCancelo | ventanas::kExclamacion))
     return;
-  aplicarYa(claves, *que);
+  aplicarYa(std::move(claves), *que);
+}
+
+void CambioLoteVentana::aplicarYa(std::vector<ClaveArticulo> claves, const OrdenLote& orden) {
+  const auto total = static_cast<qint64>(claves.size());
+  marcha_ = motor_.empezar(std::move(claves), orden, nombre());
+  cuerpo()->setEnabled(false);
+  trabajo().empezar(
+      t(kTxCambiando),
+      [this, total](Trabajo::Avance& a) {
+        auto hayMas = marcha_->paso();
+        a.hechos = marcha_->vistos();
+        a.total = total;
+        return hayMas;
+      },
+      [this](const Resultado<Trabajo::Fin>& fin) { aplicado(fin); });
 }
 
 // The percentage goes, so that a second Enter doesn't raise the prices again.
-void CambioLoteVentana::aplicarYa(const std::vector<ClaveArticulo>& claves,
-                                  const OrdenLote& orden) {
-  QApplication::setOverrideCursor(Qt::WaitCursor);
-  const auto hecho = motor_.aplicar(claves, orden, nombre());
-  QApplication::restoreOverrideCursor();
-  if (!haIdoBien(hecho)) return;
+void CambioLoteVentana::aplicado(const Resultado<Trabajo::Fin>& fin) {
+  const CambioLote::Hecho hecho = marcha_->hecho();
+  const bool entero = fin && *fin == Trabajo::Fin::Acabado;
+  const auto cerrado = entero ? marcha_->acabar() : Resultado<>{};
+  marcha_.reset();
+  if (!entero || !cerrado) {
+    const auto alAcabar = [this, error = !fin       ? std::optional(fin.error())
+                                         : !cerrado ? std::optional(cerrado.error())
+                                                    : std::nullopt] {
+      if (error) return decirFallo(*error);
+      decirVuelta(t(kTxNadaCambiado));
+    };
+    return volver(hecho.lote, hecho.cambiados, alAcabar);
+  }
   ui_.txPc->clear();
+  libre();
+  const QString bien = t(kTxCambiados, hecho.cambiados);
+  if (hecho.fuera > 0) return decirDuda(t(kTxNoCambiaron, hecho.fuera), bien);
+  decirBien(bien);
+}
+
+// The window is the person's again.
+void CambioLoteVentana::libre() {
+  cuerpo()->setEnabled(true);
+  ui_.txPc->setFocus();
   mirar();
   pintarDeshacer();
   if (lista_) lista_->refrescar();
-  const QString bien = t(kTxCambiados, hecho->cambiados);
-  if (hecho->fuera > 0) return decirDuda(t(kTxNoCambiaron, hecho->fuera), bien);
-  decirBien(bien);
 }
 
 void CambioLoteVentana::pintarDeshacer() {
@@ -47,18 +78,39 @@ void CambioLoteVentana::pintarDeshacer() {
 void CambioLoteVentana::deshacer() {
   const auto ultimo = lotes_.ultimo(nombre());
   if (!haIdoBien(ultimo) || !*ultimo) return;
-  const auto hecho = motor_.deshacer((*ultimo)->numero, nombre());
-  if (!haIdoBien(hecho)) return;
-  mirar();
-  pintarDeshacer();
-  if (lista_) lista_->refrescar();
-  const QString bien = t(kTxRepuestos, hecho->repuestos);
-  const auto fuera = static_cast<int>(hecho->fuera.size());
-  if (fuera > 0) return decirDuda(t(kTxNoRepuestos, fuera), bien);
-  decirBien(bien);
+  volver((*ultimo)->numero, (*ultimo)->articulos,
+         [this] { decirVuelta(t(kTxRepuestos, vuelta_->hecho().repuestos)); });
 }
 
+void CambioLoteVentana::volver(qint64 lote, qint64 articulos,
+                               const std::function<void()>& alAcabar) {
+  vuelta_ = std::make_unique<articles::Vuelta>(lotes_, lote, articulos, nombre());
+  if (lote == 0) return vuelto(Trabajo::Fin::Acabado, alAcabar);
+  cuerpo()->setEnabled(false);
+  trabajo().empezar(
+      t(kTxDeshaciendo), [this](Trabajo::Avance& a) { return vuelta_->paso(a); },
+      [=, this](const Resultado<Trabajo::Fin>& fin) { vuelto(fin, alAcabar); });
+}
+
+void CambioLoteVentana::vuelto(const Resultado<Trabajo::Fin>& fin,
+                               const std::function<void()>& alAcabar) {
+  libre();
+  if (!haIdoBien(fin)) return;
+  if (*fin == Trabajo::Fin::Parado)
+    return decirDuda(t(kTxAMedias, static_cast<int>(vuelta_->quedan())));
+  alAcabar();
+}
+
+void CambioLoteVentana::decirVuelta(const QString& dicho) {
+  const auto fuera = static_cast<int>(vuelta_->hecho().fuera.size());
+  if (fuera > 0) return decirDuda(t(kTxNoRepuestos, fuera), dicho);
+  decirBien(dicho);
+}
+
+// A change that stands half done is taken back before the window goes.
 bool CambioLoteVentana::QueryUnload() {
+  if (marcha_) trabajo().parar();
+  if (trabajo().enMarcha() && vuelta_ && !haIdoBien(vuelta_->hastaElFinal())) return true;
   lista_.soltar();
   return false;
 }

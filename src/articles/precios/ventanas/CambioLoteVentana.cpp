@@ -7,6 +7,7 @@
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/Parrilla.h"
+#include "core/ventanas/TiraTrabajo.h"
 
 namespace tarvo::precios {
 
@@ -100,6 +101,7 @@ void CambioLoteVentana::prepararParrilla() {
 }
 
 Resultado<> CambioLoteVentana::preparar(const ventanas::Argumentos& argumentos) {
+  if (trabajo().enMarcha()) return {};
   lista_.unir(argumentos);
   codigos_.clear();
   for (const QVariant& codigo : argumentos.value(u"codigos"_s).toList())
@@ -119,6 +121,9 @@ Resultado<> CambioLoteVentana::preparar(const ventanas::Argumentos& argumentos) 
   pintarDeshacer();
   ui_.txPc->setFocus();
   mirar();
+  const auto ultimo = lotes_.ultimo(nombre());
+  if (ultimo && *ultimo && !(*ultimo)->acabado)
+    decirDuda(t(kTxAMedias, static_cast<int>((*ultimo)->articulos)));
   return {};
 }
 

@@ -1,8 +1,9 @@
 // One change for many articles: CambioLote. Takes "seccion", optionally "codigos" (a list), and
 // "lista", the window of the articles. What would become of each shows at once; it is done as a
-// whole and can be taken back, also later.
+// whole, a stop takes back what was done so far, and it can be taken back, also later.
 #pragma once
 
+#include "articles/Vuelta.h"
 #include "articles/precios/CambioLote.h"
 #include "articles/precios/ventanas/Comun.h"
 #include "core/ventanas/Ventana.h"
@@ -31,8 +32,13 @@ class CambioLoteVentana final : public ventanas::Ventana {
   void pintarLineas();
   QString valorEnTexto(const dao::Valor& valor) const;
   void aplicar();
-  void aplicarYa(const std::vector<articles::ClaveArticulo>& claves, const OrdenLote& orden);
+  void aplicarYa(std::vector<articles::ClaveArticulo> claves, const OrdenLote& orden);
+  void aplicado(const Resultado<Trabajo::Fin>& fin);
   void deshacer();
+  void volver(qint64 lote, qint64 articulos, const std::function<void()>& alAcabar);
+  void vuelto(const Resultado<Trabajo::Fin>& fin, const std::function<void()>& alAcabar);
+  void decirVuelta(const QString& dicho);
+  void libre();
   void pintarDeshacer();
 
   Ui::CambioLote ui_;
@@ -41,6 +47,8 @@ class CambioLoteVentana final : public ventanas::Ventana {
   DeLista lista_;
   std::vector<qint64> codigos_;
   std::vector<LineaLote> lineas_;
+  std::unique_ptr<CambioLote::Marcha> marcha_;
+  std::unique_ptr<articles::Vuelta> vuelta_;
   std::unique_ptr<Temporizador> luego_;
 };
 

@@ -13,17 +13,7 @@
 namespace tarvo::precios {
 
 using namespace Qt::StringLiterals;
-using ventanas::Contexto;
-
-namespace {
-
-// A factory for a window that takes these engines.
-template <class V, class... Motores>
-ventanas::Ventanas::Fabrica fabrica(Motores&... motores) {
-  return [&motores...](Contexto& c, const QString& nombre) { return new V(c, nombre, motores...); };
-}
-
-}  // namespace
+using ventanas::fabrica;
 
 void registrarVentanasPrecios(ventanas::Ventanas& v, articles::Catalogo& catalogo) {
   v.registrar(u"BrowOfer"_s, fabrica<BrowOfer>());

@@ -86,6 +86,10 @@ enum TextoPreciosVentanas : int {
   kTxNadaQueCambiar = 4595,
   kTxSePuedeDeshacerLote = 4597,
   kTxDuplicado = 4598,
+  kTxNadaCambiado = 4599,
+  kTxCambiando = 4787,
+  kTxDeshaciendo = 4788,
+  kTxAMedias = 4789,
 };
 
 }  // namespace tarvo::precios

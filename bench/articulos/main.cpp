@@ -1,0 +1,161 @@
+// tarvo-bench-articulos: the list of articles on a hundred thousand of them: its opening, another
+// order, and a search as one types beside the bare query. Prints a line for each, as
+// tarvo-bench --razones does.
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QTableView>
+
+#include "Pintado.h"
+#include "articles/Busqueda.h"
+#include "articles/TablasArticulos.h"
+#include "articles/ventanas/Registro.h"
+#include "comm/enlace/FabricaReal.h"
+#include "comm/tareas/Registro.h"
+#include "core/ventanas/Escritorio.h"
+#include "core/ventanas/Parrilla.h"
+
+using namespace tarvo;
+using namespace tarvo::banco;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kArticulos = 100'000, kVueltas = 9;
+constexpr double kAbrirMs = 150, kOrdenMs = 150, kBuscarMs = 50;
+// One that finds most, some, few, a number and nothing.
+const QStringList kBusquedas{u"j"_s, u"jamon"_s, u"jamon 777"_s, u"4242"_s, u"xyz"_s};
+
+std::unique_ptr<dao::Database> hacerCatalogo(const QString& ruta) {
+  auto db = hacerTienda(ruta, 4, kArticulos);
+  bien(articles::asegurarTablasArticulos(*db));
+  constexpr const char16_t* kNombres[] = {u"TOMATE", u"PERA",  u"MELÓN",
+                                          u"JAMÓN",  u"QUESO", u"LIMÓN"};
+  for (int i = 0; i < std::ssize(kNombres); ++i)
+    bien(
+        db->ejecutar(u"UPDATE PLUSES SET DEPTO=1+CODPLU mod 9, NOMPLU=? & ' ' & (CODPLU*7919 mod "
+                     u"100003) WHERE CODPLU>2 AND CODPLU mod 6=?",
+                     QString::fromUtf16(kNombres[i]), i));
+  return db;
+}
+
+class Banco {
+ public:
+  explicit Banco(QApplication& qt)
+      : db_(hacerCatalogo(carpeta_.filePath(u"TARVO.MDB"_s))),
+        ajustes_(carpeta_.path(), Idioma::Espanol),
+        textos_(bien(Textos::leer(u":/textos/es.txt"_s))),
+        catalogo_(*db_, textos_, reloj_, u"banco"_s),
+        sesion_(*db_, ajustes_, reloj_, textos_),
+        fabrica_(reloj_, ajustes_),
+        enlaces_(reloj_, ajustes_, fabrica_, azar_),
+        registro_(tareas::registro()),
+        motor_({*db_, ajustes_, reloj_, sesion_, textos_}, enlaces_, registro_),
+        escritorio_(qt, *db_, ajustes_, textos_, reloj_, ventanas::Cara::Clara, {}) {
+    articles::registrarVentanasArticulos(escritorio_.ventanas(), catalogo_, motor_);
+  }
+
+  // From the call to the first painting of the grid with its rows.
+  double abrir() {
+    std::vector<double> v;
+    for (int i = 0; i <= kVueltas; ++i) {
+      QElapsedTimer t;
+      t.start();
+      mostrar();
+      v.push_back(ms(t));
+      quitar();
+    }
+    v.erase(v.begin());  // what every program does once
+    return enElLugar(v, 0.5);
+  }
+  double orden() {
+    mostrar();
+    std::vector<double> v;
+    for (int i = 0; i < kVueltas; ++i)
+      v.push_back(hastaPintar([&] {
+        ventana_->findChild<QAbstractButton*>(i % 2 ? u"ModoCod"_s : u"ModoNom"_s)->click();
+      }));
+    quitar();
+    return enElLugar(v, 0.5);
+  }
+  // The worst of the searches: how much longer it takes than its bare query.
+  double buscar() {
+    mostrar();
+    auto* filtro = ventana_->findChild<QLineEdit*>(u"Filtro"_s);
+    double peor = 0;
+    for (const QString& texto : kBusquedas) {
+      std::vector<double> v;
+      for (int i = 0; i < kVueltas; ++i) {
+        const double cruda = consulta(texto);
+        v.push_back(hastaPintar([&] { filtro->setText(texto); }) - cruda);
+        hastaPintar([&] { filtro->clear(); });
+      }
+      peor = std::max(peor, enElLugar(v, 0.5));
+    }
+    quitar();
+    return peor;
+  }
+
+ private:
+  ventanas::Parrilla& lista() { return *ventana_->findChild<ventanas::Parrilla*>(u"Grid"_s); }
+  void mostrar() {
+    ventana_ = escritorio_.ventanas().abrir(u"BrowPLUs"_s);
+    if (!ventana_) morir(u"no se abre"_s);
+    ventana_->resize(1366, 720);
+    const Pintor p(lista().vista()->viewport());
+    esperar("el primer pintado", [&] { return p.pintadas > 0 && lista().filas() > 0; });
+  }
+  void quitar() {
+    ventana_->close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QApplication::processEvents();
+  }
+  double hastaPintar(const std::function<void()>& hacer) {
+    esperar("la cuenta", [&] { return !lista().contando(); });
+    Pintor p(lista().vista()->viewport());
+    QElapsedTimer t;
+    t.start();
+    hacer();
+    p.pintadas = 0;
+    lista().vista()->viewport()->update();
+    esperar("las filas", [&] { return p.pintadas > 0; });
+    return ms(t);
+  }
+  double consulta(const QString& texto) {
+    const auto condicion = articles::condicionBusqueda(texto);
+    QElapsedTimer t;
+    t.start();
+    auto rs = bien(db_->OpenQuery(
+        u"select rowid from PLUSES where SECCION=1 and "_s + condicion.sql + u" order by CODPLU"_s,
+        condicion.valores));
+    while (!rs->Eof()) bien(rs->MoveNext());
+    return ms(t);
+  }
+
+  QTemporaryDir carpeta_;
+  RelojReal reloj_;
+  Azar azar_{1};
+  std::unique_ptr<dao::Database> db_;
+  Ajustes ajustes_;
+  Textos textos_;
+  articles::Catalogo catalogo_;
+  totals::Sesion sesion_;
+  enlace::FabricaReal fabrica_;
+  enlace::Enlaces enlaces_;
+  motor::RegistroTareas registro_;
+  motor::gestcomm motor_;
+  ventanas::Escritorio escritorio_;
+  ventanas::Ventana* ventana_ = nullptr;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication qt(argc, argv);
+  qt.setQuitOnLastWindowClosed(false);
+  Banco b(qt);
+  bool todas = decir("articulos.abrir_100000", b.abrir(), kAbrirMs);
+  todas = decir("articulos.orden", b.orden(), kOrdenMs) && todas;
+  todas = decir("articulos.buscar_de_mas", b.buscar(), kBuscarMs) && todas;
+  return todas ? 0 : 1;
+}

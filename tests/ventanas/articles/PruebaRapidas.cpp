@@ -1,0 +1,122 @@
+// From the list into the fast windows and the calculator, by keys alone.
+#include "Colmado.h"
+#include "articles/precios/ventanas/Registro.h"
+
+namespace tarvo::prueba {
+
+namespace {
+
+// 40 articles that groups 1 and 4 hold, at 1,00 to 40,00.
+struct Mercado : Colmado {
+  Mercado() {
+    for (int c = 110; c <= 400; c += 10) articulo(1, c, u"Artículo %1"_s.arg(c));
+    sql(u"delete from [Cross]"_s);
+    for (const int grupo : {1, 4})
+      sql(u"insert into [Cross] (Secc, plu, Grupo, borra) select 1, CODPLU, ?, 0 from PLUSES where "
+          u"SECCION=1 and CODPLU>2"_s,
+          grupo);
+    precios::registrarVentanasPrecios(escritorio.ventanas(), catalogo);
+    lista_ = abrir(u"BrowPLUs"_s);
+  }
+
+  // The first entry of the menu that a key opens.
+  ventanas::Ventana* porMenu(Qt::Key k, const QString& nombre) {
+    tecla(k);
+    EXPECT_TRUE(esperar([] { return QApplication::activePopupWidget() != nullptr; }));
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+    return cargada(nombre);
+  }
+  // Tab until the control has the focus.
+  bool irA(const QString& nombre) {
+    for (int i = 0; i < 60; ++i) {
+      QWidget* foco = QApplication::focusWidget();
+      if (!foco) return false;
+      if (foco->objectName() == nombre) return true;
+      tecla(Qt::Key_Tab);
+    }
+    return false;
+  }
+  // Escape leads back to the list.
+  void salir(const QString& nombre) {
+    tecla(Qt::Key_Escape);
+    EXPECT_TRUE(esperar([&] { return escritorio.ventanas().cargada(nombre) == nullptr; }));
+    lista_->activateWindow();
+    EXPECT_TRUE(activa(lista_));
+  }
+  QString precios() {
+    return leer(
+        u"select CODPLU, PRECIO_00 from PLUSES where SECCION=1 and CODPLU>2 order by CODPLU"_s);
+  }
+
+  ventanas::Ventana* lista_ = nullptr;
+};
+
+}  // namespace
+
+TEST(RapidasDesdeLaLista, TreintaPrecios) {
+  Mercado t;
+  t.porMenu(Qt::Key_F3, u"FastModf"_s);
+  ASSERT_TRUE(t.irA(u"precio00"_s));
+  QStringList debe;
+  for (int i = 1; i <= 40; ++i) {
+    debe << u"%1 %2"_s.arg(10 * i).arg(i <= 30 ? 1000 + i : 100 * i);
+    if (i > 30) continue;
+    t.escribir(u"10,"_s + Ceros(i, 2));
+    t.tecla(Qt::Key_Return);
+  }
+  EXPECT_EQ(t.precios(), debe.join(u" | "));
+  EXPECT_EQ(t.leer(u"select min(plu), max(plu), count(*) from [Cross]"_s), u"310 400 20")
+      << "no group holds the thirty as they are";
+  EXPECT_EQ(t.leer(u"select count(*) from HistoriaPrecios where VENTANA='FastModf'"_s), u"30");
+  EXPECT_EQ(t.cambiadas(), std::vector<int>{1});
+  t.salir(u"FastModf"_s);
+  EXPECT_EQ(t.lista(t.lista_).texto(2, u"PRECIO_00"), u"10,01") << "the list reads them again";
+}
+
+TEST(RapidasDesdeLaLista, UnArticuloNuevo) {
+  Mercado t;
+  t.ajustes.NumPreciosAlta = t.ajustes.NumTarifasAlta = 1;
+  t.ajustes.ParrillaRapida = u"1,1,2,1,1,0,0,0,0,0,1,2,1,0,1,1,0,1,5,,0,0"_s;
+  auto* v = t.porMenu(Qt::Key_Insert, u"FastAlta"_s);
+  for (const QString& texto : {u"555"_s, u"Lomo"_s, u"12,5"_s}) {
+    t.escribir(texto);
+    t.tecla(Qt::Key_Return);
+  }
+  for (int i = 0; i < 5; ++i) t.tecla(Qt::Key_Return);  // the department is fixed
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), u"Alta");
+  t.responder(u"Si"_s);
+  t.tecla(Qt::Key_Return);
+  EXPECT_EQ(t.leer(u"select NOMPLU, PRECIO_00, DEPTO, FORMATO from PLUSES where CODPLU=555"_s),
+            u"Lomo 1250 1 5");
+  EXPECT_EQ(t.leer(u"select count(*) from [Cross] where plu=555"_s), u"0") << "due for all";
+  EXPECT_EQ(t.leer(u"select AHORA, VENTANA from HistoriaPrecios"_s), u"1250 FastAlta");
+  v->activateWindow();
+  ASSERT_TRUE(t.activa(v));
+  t.salir(u"FastAlta"_s);
+  EXPECT_EQ(t.lista(t.lista_).filas(), 43);
+}
+
+TEST(RapidasDesdeLaLista, UnPrecioCalculado) {
+  Mercado t;
+  t.sql(u"update PLUSES set COSTE=500 where SECCION=1"_s);
+  t.ajustes.calculoPrecios = {.a = true, .b = 5};
+  auto& grid = t.lista(t.lista_);
+  ASSERT_EQ(t.enMano(grid), 10);
+  t.tecla(Qt::Key_F11);
+  t.cargada(u"CalcPre"_s);
+  ASSERT_TRUE(t.irA(u"pcMarg"_s));
+  t.escribir(u"51,3"_s);  // 7,565
+  t.tecla(Qt::Key_PageDown);
+  EXPECT_EQ(t.enMano(grid), 20) << "the list goes along";
+  EXPECT_EQ(t.leer(u"select PRECIO_00, PRECIO_01 from PLUSES where SECCION=1 and CODPLU=10"_s),
+            u"760 0");
+  EXPECT_EQ(t.leer(u"select min(plu), count(*) from [Cross]"_s), u"20 78");
+  EXPECT_EQ(t.leer(u"select CODPLU, ANTES, AHORA, VENTANA from HistoriaPrecios"_s),
+            u"10 100 760 CalcPre");
+  t.salir(u"CalcPre"_s);
+  EXPECT_EQ(t.enMano(grid), 20);
+  EXPECT_EQ(grid.texto(2, u"PRECIO_00"), u"7,60");
+}
+
+}  // namespace tarvo::prueba
