@@ -78,6 +78,11 @@ class Sucesos {
   int valor(Averia averia, int omision) const;
   void poner(Averia averia, int valor = -1) { valor_[averia] = valor; }
   void quitar(Averia averia) { valor_.erase(averia); }
+  // Refused where the other was, and only there.
+  void negarComo(const Sucesos& otros) {
+    for (const Averia a : {Averia::Err, Averia::Rechazo, Averia::Nak})
+      otros.tiene(a) ? poner(a, otros.valor(a, -1)) : quitar(a);
+  }
 
  private:
   std::map<Averia, int> valor_;

@@ -85,6 +85,11 @@ void Maquina::procesar(const Peticion& peticion) {
     emisor_.cortar(sucesos.tiene(Averia::CierreLimpio));
     return;
   }
+  // A copy that came while it was busy fares as the question did.
+  if (reloj_.monotono() < lentaHasta_ && peticion.codigo == actual_.codigo &&
+      peticion.addr == actual_.addr && peticion.datos == actual_.datos)
+    sucesos.negarComo(negada_);
+  negada_ = sucesos;
   oidas_.push_back(peticion);
   if (oidas_.size() > kOidasMaximas) oidas_.pop_front();
   cola_.clear();

@@ -135,6 +135,7 @@ class Maquina {
   std::vector<QByteArray> tardias_;
   int vueltas_ = 0;  // answers that a list without end may still give
   qint64 oscuraHasta_ = -1;
+  Sucesos negada_;          // of the last question
   qint64 lentaHasta_ = -1;  // busy with what it has been asked
   std::unique_ptr<Temporizador> relojAck_;
 };
