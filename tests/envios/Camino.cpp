@@ -47,8 +47,7 @@ struct Caminante : Envios {
   }
   void lote(const precios::OrdenLote& orden) {
     precios::CambioLote cambio(*db, *catalogo, *lotes, textosDePrueba());
-    const ClaveArticulo claves[] = {{1, 10}};
-    const auto marcha = valor(cambio.empezar(claves, orden, kVentana));
+    const auto marcha = cambio.empezar({{1, 10}}, orden, kVentana);
     while (valor(marcha->paso())) continue;
     bien(marcha->acabar());
     ultimo = marcha->hecho().lote;
