@@ -155,6 +155,14 @@ void Mundo::percances(bool calma) {
       f.probabilidad[static_cast<std::size_t>(a)] =
           std::pow(10.0, -0.7 - z.entero(0, 20) / 10.0) / (rara ? 10 : 1);
     }
+    // What is slow is at its worst before a refusal, which its late answer may cover.
+    const bool lenta = !calma && z.ocurre(0.2);
+    if (lenta) {
+      f.probabilidad[static_cast<std::size_t>(z.ocurre(0.6) ? Averia::AckLento
+                                                            : Averia::RespuestaLenta)] = 0.1;
+      f.probabilidad[static_cast<std::size_t>(m.grupo->tipo == Tipo::Ebony ? Averia::Rechazo
+                                                                           : Averia::Err)] = 0.3;
+    }
     // A machine that obeys an order about another number than the one it was given can't be seen.
     f.probabilidad[static_cast<std::size_t>(Averia::OtroNumero)] = 0;
     // Refuses what it is sent, some of it or all: full, or out of sorts.
@@ -181,6 +189,7 @@ void Mundo::InformeAviso(int, const totals::Aviso& aviso) {
 
 void Mundo::enviar(const std::vector<const Grupo*>& grupos, Envio e) {
   ++v_.envios;
+  alaVez_ = false;
   avisos_.clear();
   problemas_.clear();
   auto& motor = programa_->aplicacion().gestcomm();
@@ -197,7 +206,13 @@ void Mundo::enviar(const std::vector<const Grupo*>& grupos, Envio e) {
     if ((r == 0) != vale)
       return fallar(u"grupo %1, clase %2: NuevaTarea da %3"_s.arg(g->codigo).arg(e.clase).arg(r));
   }
-  if (!correrCola(e)) {
+  const double dia = std::floor(t_.reloj.ahora().dias());
+  const bool entero = correrCola(e);
+  const bool todoDicho = entero && !alaVez_ && e.clase == kArticulos && e.todo && e.desde == 0 &&
+                         e.hasta == 9999999 && std::floor(t_.reloj.ahora().dias()) == dia;
+  for (const Grupo* g : grupos)
+    if (todoDicho && !problemas_.contains(g->codigo)) comprobarCompleto(*g);
+  if (!entero) {
     if (alTrazar_) alTrazar_(u"  !!! corte"_s);
     disco().cortado = true;
     programa_.reset();
@@ -214,8 +229,10 @@ bool Mundo::correrCola(const Envio& e) {
   for (qint64 evento = 0; !motor.tareas().empty(); ++evento) {
     if (d.cortado || evento == e.corteEvento) return false;
     // Somebody goes on working while the frames pass.
-    if (!e.calma && t_.azar.ocurre(0.002))
+    if (!e.calma && t_.azar.ocurre(0.002)) {
       traza(u"  usuario, a la vez: "_s + usuario_.algo(*programa_));
+      alaVez_ = true;
+    }
     if (!t_.reloj.siguiente() || t_.reloj.monotono() - inicio > kMaxEnvio) {
       fallar(u"el envío no acaba"_s);
       return true;
@@ -280,6 +297,16 @@ void Mundo::comprobarAfirmado() {
                 codigo));
         });
   }
+}
+
+// A complete sending that ended well: what it doesn't name is in the machines.
+void Mundo::comprobarCompleto(const Grupo& g) {
+  std::set<qint64> nombrados;
+  t_.base->filas("SELECT CODPLU FROM Retenidos WHERE GRUPO=" + QByteArray::number(g.codigo),
+                 [&](const auto& f) { nombrados.insert(f.entero(0)); });
+  const Esperado debe = esperado(*t_.base, g, t_.reloj.ahora().dias());
+  for (const auto& [codigo, ficha] : debe.caben)
+    if (!nombrados.contains(codigo)) comparar(g, debe, codigo, u"envío completo"_s);
 }
 
 void Mundo::comprobarTodo(const Grupo& g) {

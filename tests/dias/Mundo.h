@@ -41,13 +41,14 @@ class Mundo final : private motor::Vigilante {
   void finDelDia();
   void suceso();
   void enviar(const std::vector<const Grupo*>& grupos, Envio envio);
-  // False when the power went.
+  // False when the power went. Sets `alaVez_`.
   bool correrCola(const Envio& envio);
   void arrancar();
   void percances(bool calma);
   void memoriaVieja();
   void comprobarAfirmado();
   void comprobarTodo(const Grupo& grupo);
+  void comprobarCompleto(const Grupo& grupo);
   void comparar(const Grupo& grupo, const Esperado& debe, qint64 codigo, const QString& cuando);
   const simulador::Articulo* enMaquina(const MaquinaViva& m, const Esperado& debe,
                                        qint64 codigo) const;
@@ -64,6 +65,7 @@ class Mundo final : private motor::Vigilante {
       sobran_;  // by group of a kind that can't delete: what may be left there
   std::map<int, QStringList> avisos_;  // of the present sending, by group
   std::set<int> problemas_;            // groups with a task that was given up
+  bool alaVez_ = false;                // somebody worked while the present sending went on
   Veredicto v_;
   QByteArray huella_;
 };

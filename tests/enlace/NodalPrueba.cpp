@@ -79,7 +79,7 @@ TEST_F(MaquinaNodal, CadaMaquinaCuentaLasSuyas) {
 }
 
 TEST_F(MaquinaNodal, UnaOrdenUnicaNoSeRepite) {
-  abierto(kNodalMotor).Enviar(3, 71, {}, true);
+  abierto(kNodalMotor).Enviar(3, 71, {}, {.unaVez = true});
   reloj.avanzar(ajustes.TimeACK);
   EXPECT_EQ(motor.nuevo(), u"EnvioNDL 8");
   EXPECT_EQ(tramasEnviadas(), 1U);

@@ -350,7 +350,7 @@ TEST_F(MaquinaVEK, UnaOrdenUnicaNoSeRepite) {
       EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 10 SI");
     }
     const auto antes = tramasEnviadas();
-    e.Enviar(1, 910, {}, true);
+    e.Enviar(1, 910, {}, {.unaVez = true});
     if (repetida > 0) cable().entra(ack + vek(5, 10, "SI"));
     reloj.avanzar(60'000);
     EXPECT_EQ(motor.nuevo().left(11), repetida > 0 ? u"EnvioVEK 17" : u"EnvioVEK 16");

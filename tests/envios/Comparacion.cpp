@@ -74,6 +74,27 @@ TEST_F(Birch, UnaMemoriaMasVieja) {
   esCierto(4);
 }
 
+// They say that they delete, and delete nothing: now and then they are asked, and it is said.
+TEST_F(Birch, UnaBalanzaQueNoBorraNada) {
+  alta(5, 5);
+  for (int c = 100; c < 300; ++c) enBalanza(c);
+  auto& memoria = maquina(4).memoria();
+  const auto vieja = memoria.catalogo;
+  memoria.alCambiar = [&] { memoria.catalogo.insert(vieja.begin(), vieja.end()); };
+  const QString oido = enviar(4, kTxPlus, true);
+  EXPECT_EQ(oido.count(u"120 "), 16);
+  EXPECT_EQ(problemas.size(), 1);
+  EXPECT_TRUE(avisos.join(u'\n').contains(
+      u"Grupo 4: la máquina sigue teniendo el artículo 0000115 después de confirmar"));
+  EXPECT_TRUE(cruz(4).split(u' ').contains(u"115x"));
+  // One that deletes is asked no more often than before.
+  memoria.alCambiar = nullptr;
+  const QString bien = enviar(4, kTxPlus, true);
+  EXPECT_EQ(bien.count(u"120 "), 200);
+  EXPECT_EQ(bien.count(u"101 "), 202);
+  EXPECT_EQ(codigos(), QStringList{u"5"_s});
+}
+
 TEST_F(Birch, UnaFichaSola) {
   for (const int c : {5, 7}) alta(c, c);
   enviar(4);

@@ -97,14 +97,22 @@ void Envios::estorbos(int grupo, std::vector<simulador::Paso> guion, int addr) {
 }
 
 void Envios::esCierto(int grupo) {
-  const int tipo = static_cast<int>(maquina(grupo).opciones().tipo);
+  loTiene(grupo, 1, cruz(grupo));
+}
+
+void Envios::esProbado(int grupo, int addr) {
+  loTiene(grupo, addr, probados(grupo));
+}
+
+void Envios::loTiene(int grupo, int addr, const QString& codigos) {
+  const int tipo = static_cast<int>(maquina(grupo, addr).opciones().tipo);
   envios::Lector lector(*db, {grupo, 1, tipo, 0});
-  for (const QString& plu : cruz(grupo).split(u' ', Qt::SkipEmptyParts)) {
-    if (plu.endsWith(u'x')) continue;
+  for (const QString& plu : codigos.split(u' ', Qt::SkipEmptyParts)) {
+    if (plu.endsWith(u'x') || plu.endsWith(u'?')) continue;
     const qint64 codigo = plu.toLongLong();
     const auto p = valor(lector.leer({&codigo, 1}, reloj.ahora()));
     ASSERT_EQ(p.size(), 1U) << codigo;
-    const auto& catalogo = maquina(grupo).memoria().catalogo;
+    const auto& catalogo = maquina(grupo, addr).memoria().catalogo;
     const auto it = catalogo.find(static_cast<int>(codigo));
     ASSERT_NE(it, catalogo.end()) << codigo;
     EXPECT_EQ(it->second.ficha, *p.front().registro) << codigo;

@@ -41,6 +41,8 @@ struct Envios : Banco {
   QString retenidos(int grupo);  // "10/0 20/104"
   // Every article that Cross says is held is there, field by field, as it would be sent now.
   void esCierto(int grupo);
+  // The same of what Enviados says to be proved, for any kind.
+  void esProbado(int grupo, int addr = 1);
 
   // The faults of a machine from now on, its questions counted anew.
   void estorbos(int grupo, std::vector<simulador::Paso> guion, int addr = 1);
@@ -48,6 +50,7 @@ struct Envios : Banco {
   QString nuevas(int grupo, int addr = 1);
 
  private:
+  void loTiene(int grupo, int addr, const QString& codigos);
   std::map<std::pair<int, int>, qsizetype> vistas_;
 };
 

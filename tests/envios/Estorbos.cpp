@@ -130,6 +130,77 @@ TEST_F(Envios, UnaFichaALaQueContestanQueNoExiste) {
   }
 }
 
+// An article that the machine never answers, or with what nobody knows, doesn't keep the others
+// back: it goes behind them and is named.
+TEST_F(Envios, UnArticuloAlQueLaMaquinaNoContesta) {
+  grupo(2, 2, u"cable 2"_s);
+  grupo(4, 4, u"cable 4"_s);
+  struct Caso {
+    Averia averia;
+    int grupo, copias, valor, error;
+  };
+  const Caso casos[] = {{Averia::Nak, 1, 4, -1, 16}, {Averia::Nak, 4, 4, -1, 16},
+                        {Averia::Nak, 2, 4, -1, 8},  {Averia::Err, 1, 1, 99, 7},
+                        {Averia::Err, 4, 1, 99, 7},  {Averia::Err, 1, 1, 0, 7}};
+  for (const Caso& c : casos)
+    for (const bool completo : {true, false}) {
+      SCOPED_TRACE(
+          u"%1 %2 %3"_s.arg(nombreAveria(c.averia)).arg(c.grupo).arg(completo).toStdString());
+      for (const char16_t* t : {u"PLUSES", u"[Cross]", u"Enviados", u"Retenidos"})
+        valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+      maquina(c.grupo).memoria().catalogo.clear();
+      for (const qint64 n : {10, 20, 30, 40}) alta(n, n);
+      const int codigo = c.grupo == 2 ? 32 : 100;
+      std::vector<simulador::Paso> guion;
+      for (int n = 2; n < 2 + c.copias; ++n) guion.push_back({c.averia, n, codigo, 0, c.valor});
+      auto siempre = guion;
+      for (int n = 4 + c.copias; n < 60; ++n) siempre.push_back({c.averia, n, codigo, 0, c.valor});
+      // Never: the others are held, it is named. Without a single retry, too.
+      gestor->VigilaProcesos(0, true, this);
+      estorbos(c.grupo, siempre);
+      enviar(c.grupo, kTxPlus, completo);
+      EXPECT_EQ(tiene(c.grupo), u"10:Tomate/10 30:Tomate/30 40:Tomate/40");
+      EXPECT_EQ(problemas.size(), 1);
+      EXPECT_EQ(retenidos(c.grupo), u"20/%1"_s.arg(c.error));
+      EXPECT_TRUE(avisos.join(u'\n').contains(u"el artículo 0000020 no está al día"));
+      problemas.clear();
+      // Once only: it goes behind the others.
+      for (const qint64 n : {10, 20, 30, 40}) cambiar(n, u"PRECIO_00=5"_s);
+      valor(db->ejecutar(u"DELETE FROM Retenidos"));
+      estorbos(c.grupo, guion);
+      enviar(c.grupo, kTxPlus, completo);
+      EXPECT_TRUE(problemas.isEmpty());
+      EXPECT_EQ(probados(c.grupo), u"10 20 30 40");
+      EXPECT_EQ(retenidos(c.grupo), u"");
+      esProbado(c.grupo);
+    }
+}
+
+// A deletion that is refused keeps none of the others back.
+TEST_F(Envios, UnBorradoQueLaMaquinaNoQuiere) {
+  for (const qint64 c : {10, 20, 30, 40}) alta(c, c);
+  enviar(1);
+  for (const qint64 c : {10, 20, 30}) borrar(c);
+  gestor->VigilaProcesos(0, true, this);
+  for (const auto& [averia, copias] : {std::pair(Averia::Err, 1), std::pair(Averia::Nak, 4)}) {
+    std::vector<simulador::Paso> guion;
+    for (int n = 1; n <= copias; ++n) guion.push_back({averia, n, 120, 0, 1});
+    for (int n = copias + 3; n < 40; ++n) guion.push_back({averia, n, 120, 0, 1});
+    estorbos(1, guion);
+    enviar(1);
+    EXPECT_EQ(tiene(1), u"10:Tomate/10 40:Tomate/40");
+    EXPECT_EQ(cruz(1), u"10x 40");
+    EXPECT_EQ(problemas.size(), 1);
+    problemas.clear();
+    estorbos(1, {});
+    enviar(1);
+    EXPECT_EQ(tiene(1), u"40:Tomate/40");
+    for (const qint64 c : {10, 20, 30}) alta(c, c);
+    enviar(1);
+    for (const qint64 c : {10, 20, 30}) borrar(c);
+  }
+}
+
 TEST_F(Envios, OscuraEnMedio) {
   for (int c = 10; c < 40; ++c) alta(c, c);
   estorbos(1, {{Averia::Oscura, 12, 100, 0, 24 * 3600 * 1000}});

@@ -158,7 +158,7 @@ void Plan::noche(Azar& azar, std::size_t maquinas) {
   for (std::size_t m = 0; m < maquinas; ++m) {
     simulador::Fallos f;
     for (int k = mala ? azar.entero(0, 3) : 0; k > 0; --k) {
-      const auto averia = static_cast<Averia>(azar.entero(0, static_cast<int>(Averia::Total) - 1));
+      const auto averia = static_cast<Averia>(azar.entero(0, static_cast<int>(Averia::OtroCodigo)));
       // What no check of the wire can see is left out; one flipped bit is the line's own fault, see
       // Hilo.
       if (averia == Averia::BitsCambiados || averia == Averia::VentaEnMedio ||

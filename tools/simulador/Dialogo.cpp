@@ -40,6 +40,12 @@ void Maquina::mandar(const QByteArray& delante, const QByteArray& trama, const S
   }
   emisor_.enviar(delante);
   if (sucesos.tiene(Averia::RespuestaPerdida)) return;
+  if (sucesos.tiene(Averia::RespuestaLenta)) {
+    constexpr int kTimeOut = 10000;
+    lento_.enviar(trama, sucesos.valor(Averia::RespuestaLenta,
+                                       kTimeOut + percances_.azar().entero(1000, 9000)));
+    return;
+  }
   if (sucesos.tiene(Averia::RespuestaTardia)) {
     tardias_.push_back(trama);
     return;

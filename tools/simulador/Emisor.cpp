@@ -22,6 +22,10 @@ void Emisor::enviar(const QByteArray& bytes, int retrasoMs) {
   if (!bytes.isEmpty()) poner(Accion::Bytes, bytes, retrasoMs);
 }
 
+int Emisor::retrasoPendiente() const {
+  return envios_.empty() ? 0 : static_cast<int>(envios_.back().cuando - reloj_.monotono());
+}
+
 void Emisor::cortar(bool limpio, int retrasoMs) {
   poner(limpio ? Accion::CorteLimpio : Accion::Corte, {}, retrasoMs);
 }

@@ -25,6 +25,7 @@ class Emisor {
   // Behind all that waits, and not before `retrasoMs` have passed.
   void enviar(const QByteArray& bytes, int retrasoMs = 0);
   void cortar(bool limpio, int retrasoMs = 0);
+  int retrasoPendiente() const;  // ms until the last of what waits has gone; 0 for nothing
 
  private:
   enum class Accion { Bytes, CorteLimpio, Corte };

@@ -30,10 +30,13 @@ constexpr std::array<const char*, kAverias> kNombres{"ackPerdido",
                                                      "controlMalo",
                                                      "registroCorto",
                                                      "basura",
-                                                     "otroCodigo"};
+                                                     "otroCodigo",
+                                                     "respuestaLenta",
+                                                     "ackLento"};
 
 bool deRespuesta(const Paso& paso) {
-  return paso.averia > Averia::Corte || (paso.averia == Averia::Corte && paso.valor > 0);
+  return (paso.averia > Averia::Corte && paso.averia < Averia::AckLento) ||
+         (paso.averia == Averia::Corte && paso.valor > 0);
 }
 
 }  // namespace
@@ -76,6 +79,7 @@ Sucesos Percances::peticion(int codigo) {
   for (const Paso& paso : fallos_.guion)
     if (!deRespuesta(paso) && toca(paso)) sucesos.poner(paso.averia, paso.valor);
   sortear(sucesos, Averia::AckPerdido, Averia::CierreLimpio);
+  sortear(sucesos, Averia::AckLento, Averia::AckLento);
   return sucesos;
 }
 
@@ -84,7 +88,7 @@ Sucesos Percances::mensaje(int indice) {
   for (const Paso& paso : fallos_.guion)
     if (deRespuesta(paso) && paso.mensaje == indice && toca(paso))
       sucesos.poner(paso.averia, paso.valor);
-  sortear(sucesos, Averia::Corte, Averia::OtroCodigo);
+  sortear(sucesos, Averia::Corte, Averia::RespuestaLenta);
   if (sucesos.tiene(Averia::Corte))
     sucesos.poner(Averia::Corte, sucesos.valor(Averia::Corte, azar_.entero(1, 2)));
   return sucesos;

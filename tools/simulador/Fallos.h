@@ -42,6 +42,11 @@ enum class Averia {
   RegistroCorto,     // its data are cut to `valor` characters (default half); the frame is good
   Basura,            // `valor` bytes of noise (default 70000) in its place
   OtroCodigo,        // carries the code of another question
+  RespuestaLenta,    // comes `valor` ms later (default 1 to 9 s beyond TimeOut), others in between
+  // of a question
+  AckLento,  // nothing is said for `valor` ms (default 0.3 to 5.5 s beyond TimeACK): it is busy,
+             // and
+             // what it is asked meanwhile is done and answered behind, each up to 1 s later
   Total
 };
 inline constexpr std::size_t kAverias = static_cast<std::size_t>(Averia::Total);
@@ -73,6 +78,11 @@ class Sucesos {
   int valor(Averia averia, int omision) const;
   void poner(Averia averia, int valor = -1) { valor_[averia] = valor; }
   void quitar(Averia averia) { valor_.erase(averia); }
+  // Refused where the other was, and only there.
+  void negarComo(const Sucesos& otros) {
+    for (const Averia a : {Averia::Err, Averia::Rechazo, Averia::Nak})
+      otros.tiene(a) ? poner(a, otros.valor(a, -1)) : quitar(a);
+  }
 
  private:
   std::map<Averia, int> valor_;

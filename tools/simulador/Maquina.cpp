@@ -16,17 +16,20 @@ Maquina::Maquina(OpcionesMaquina opciones, Reloj& reloj)
       reloj_(reloj),
       percances_(opciones_.fallos, opciones_.semilla),
       emisor_(reloj),
+      lento_(reloj),
       relojAck_(reloj.temporizador([this] { alVencerAck(); })) {}
 
 Maquina::~Maquina() = default;
 
 void Maquina::conectar(Conexion conexion) {
   olvidarDialogo();
+  lento_.conectar(conexion);
   emisor_.conectar(std::move(conexion));
 }
 
 void Maquina::desconectar() {
   emisor_.desconectar();
+  lento_.desconectar();
   olvidarDialogo();
 }
 
@@ -82,6 +85,11 @@ void Maquina::procesar(const Peticion& peticion) {
     emisor_.cortar(sucesos.tiene(Averia::CierreLimpio));
     return;
   }
+  // A copy that came while it was busy fares as the question did.
+  if (reloj_.monotono() < lentaHasta_ && peticion.codigo == actual_.codigo &&
+      peticion.addr == actual_.addr && peticion.datos == actual_.datos)
+    sucesos.negarComo(negada_);
+  negada_ = sucesos;
   oidas_.push_back(peticion);
   if (oidas_.size() > kOidasMaximas) oidas_.pop_front();
   cola_.clear();
@@ -89,7 +97,7 @@ void Maquina::procesar(const Peticion& peticion) {
   relojAck_->parar();
   actual_ = peticion;
   if (sucesos.tiene(Averia::Nak)) {
-    emisor_.enviar(nak(peticion));
+    emisor_.enviar(nak(peticion), retrasoDelAck(sucesos));
     return;
   }
   contestar(peticion, decidir(peticion, sucesos), sucesos);
@@ -125,14 +133,30 @@ void Maquina::contestar(const Peticion& peticion, Respuesta respuesta, const Suc
   if (sucesos.tiene(Averia::Espera) && opciones_.tipo == Tipo::Ebony)
     anunciarEspera(sucesos.valor(Averia::Espera, 1));
   indice_ = 0;
-  if (tardias_.empty()) {
+  const int retraso = retrasoDelAck(sucesos);
+  if (tardias_.empty() && retraso == 0) {
     emitirSiguiente(delante);
     return;
   }
-  emisor_.enviar(delante);
+  emisor_.enviar(delante, retraso);
   for (const QByteArray& tardia : tardias_) emisor_.enviar(tardia);
   tardias_.clear();
   emitirSiguiente({});
+}
+
+// A machine does one thing after the other.
+int Maquina::retrasoDelAck(const Sucesos& sucesos) {
+  constexpr int kTimeACK = 2000;
+  int retraso = 0;
+  if (sucesos.tiene(Averia::AckLento))
+    retraso = sucesos.valor(Averia::AckLento, kTimeACK + percances_.azar().entero(300, 5500));
+  else if (reloj_.monotono() < lentaHasta_)
+    retraso = percances_.azar().entero(0, 1000);
+  else
+    return 0;
+  retraso += emisor_.retrasoPendiente();
+  lentaHasta_ = reloj_.monotono() + retraso;
+  return retraso;
 }
 
 void Maquina::anunciarEspera(int unidades) {

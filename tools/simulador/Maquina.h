@@ -65,6 +65,7 @@ class Maquina {
     percances_ = std::move(percances);
     vueltas_ = 0;
     oscuraHasta_ = -1;
+    lentaHasta_ = -1;
   }
   // Good questions heard, executed or not, latest last; the oldest are let go after some thousands.
   const std::deque<Peticion>& oidas() const { return oidas_; }
@@ -108,6 +109,7 @@ class Maquina {
   Respuesta decidir(const Peticion& peticion, Sucesos& sucesos);
   void contestar(const Peticion& peticion, Respuesta respuesta, const Sucesos& sucesos);
   void anunciarEspera(int unidades);
+  int retrasoDelAck(const Sucesos& sucesos);
   void emitirSiguiente(const QByteArray& delante);
   void emitir(const QByteArray& delante, Mensaje mensaje, const Sucesos& sucesos);
   void mandar(const QByteArray& delante, const QByteArray& trama, const Sucesos& sucesos,
@@ -122,6 +124,7 @@ class Maquina {
   Reloj& reloj_;
   Percances percances_;
   Emisor emisor_;
+  Emisor lento_;  // what comes late, whatever else is said meanwhile
   double desfase_ = 0;
   std::deque<Peticion> oidas_;
 
@@ -132,6 +135,8 @@ class Maquina {
   std::vector<QByteArray> tardias_;
   int vueltas_ = 0;  // answers that a list without end may still give
   qint64 oscuraHasta_ = -1;
+  Sucesos negada_;          // of the last question
+  qint64 lentaHasta_ = -1;  // busy with what it has been asked
   std::unique_ptr<Temporizador> relojAck_;
 };
 

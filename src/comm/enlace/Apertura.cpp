@@ -147,7 +147,7 @@ void comtvIP::Estado::dejar(bool motor) {
     paraAbierto = kVekAmbos;
   }
   sale(motor) = true;
-  if (motor) maquina.reposar();
+  if (motor) maquina.abandonar();
   aplazar([this, motor] { terminarSalida(motor); });
 }
 
@@ -175,7 +175,7 @@ void comtvIP::Estado::terminarSalida(bool motor) {
 
 void comtvIP::Estado::cerrarCable() {
   cerrando = true;
-  if (paraAbierto != kNada) maquina.reposar();
+  if (paraAbierto != kNada) maquina.abandonar();
   limite->unaVez(kLimiteCierre + esperaColgar);
   cable->cerrar();
 }

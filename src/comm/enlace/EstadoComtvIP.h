@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 
 #include "comm/enlace/Maquina.h"
 #include "comm/enlace/comtvIP.h"
@@ -17,6 +18,7 @@ struct Enlaces::Datos {
   FabricaEnlaces& fabrica;
   Azar& azar;
   AlPasar alPasar = {};
+  std::map<QString, Deudas> deudas = {};  // by wire
   std::vector<std::unique_ptr<comtvIP>> canales;
   struct Muerto {
     qint64 cuando;
@@ -94,6 +96,7 @@ struct comtvIP::Estado final : Maquina::Exterior {
   void escribir(const QByteArray& bytes) override;
   void vaciarCable() override;
   int para() const override { return paraAbierto; }
+  Deudas& deudas() override;
   bool encaja(int addr, int codigo, const QByteArray& datos) override;
   void envioVEK(int error, int addr, int codigo, const QByteArray& datos) override;
   void reciboVEK(int error, int addr, int codigo, const QByteArray& datos) override;

@@ -44,6 +44,12 @@ void comtvIP::Estado::vaciarCable() {
   if (cable && !acabado) cable->vaciarRecepcion();
 }
 
+Deudas& comtvIP::Estado::deudas() {
+  const QString linea = conector || device == 1 || device == 3 ? acceso.trimmed().toCaseFolded()
+                                                               : QString::number(canal);
+  return casa.deudas[QString::number(conector ? 4 : device) + u' ' + linea];
+}
+
 bool comtvIP::Estado::encaja(int addr, int codigo, const QByteArray& datos) {
   bool si = cliente != nullptr;
   avisar([&] { si = si && cliente->encaja(canal, addr, codigo, datos); });

@@ -25,6 +25,7 @@ const Maquina::Fila Maquina::kTabla[] = {
     {kRepetida,         &Maquina::datosRepetida,       &Maquina::venceRepetida},
     {kEsperaAckNodal,   &Maquina::datosAckNodal,       &Maquina::venceAckNodal},
     {kEsperaTramaNodal, &Maquina::datosTramaNodal,     &Maquina::venceTramaNodal},
+    {kCallando,         &Maquina::datosCallando,       &Maquina::venceCallando},
 };
 // clang-format on
 
@@ -49,13 +50,22 @@ void Maquina::empezar(int secuencia) {
   seguida_ = true;
 }
 
+// What was asked may still be answered.
+void Maquina::abandonar() {
+  if (enVuelo()) exterior_.deudas().callada(preguntada_, codigo_);
+  if (enVueloNodal()) exterior_.deudas().callada(estacion_, codigo_);
+  reposar();
+}
+
 void Maquina::reposar() {
   pararEspera();
+  pendiente_ = {};
   estado_ = kReposo;
 }
 
 void Maquina::parar() {
   pararEspera();
+  pendiente_ = {};
   relectura_->parar();
   entrada_.clear();
   estado_ = kDescargando;

@@ -8,9 +8,12 @@
 #pragma once
 
 #include <QByteArray>
+#include <functional>
 #include <memory>
 #include <optional>
 
+#include "comm/enlace/Deudas.h"
+#include "comm/enlace/ModoEnvio.h"
 #include "comm/tramas/Trama.h"
 #include "core/tiempo/Reloj.h"
 
@@ -25,6 +28,7 @@ enum EstadoEnlace : int {
   kEsperaAckNodal = 7,    // NODAL: sent, no acknowledgement yet
   kEsperaTramaNodal = 9,  // NODAL: waiting for a frame for RxNODAL
   kDescargando = 12,
+  kCallando = 13,  // a frame waits until nothing is owed any more
 };
 
 struct TiemposEnlace {
@@ -41,6 +45,7 @@ class Maquina {
     virtual void escribir(const QByteArray& bytes) = 0;
     virtual void vaciarCable() = 0;
     virtual int para() const = 0;
+    virtual Deudas& deudas() = 0;  // of the wire
     virtual bool encaja(int addr, int codigo, const QByteArray& datos) = 0;
     virtual void envioVEK(int error, int addr, int codigo, const QByteArray& datos) = 0;
     virtual void reciboVEK(int error, int addr, int codigo, const QByteArray& datos) = 0;
@@ -55,7 +60,7 @@ class Maquina {
   Maquina(Exterior& exterior, Reloj& reloj, TiemposEnlace tiempos, int tiempoRespuesta);
 
   void empezar(int secuencia);  // the link is open: at rest, nothing received yet
-  void reposar();               // gives up whatever was waited for
+  void abandonar();             // gives up whatever was waited for
   void parar();                 // for good: no event follows
   void recibir(QByteArray& nuevos);
 
@@ -64,11 +69,13 @@ class Maquina {
   void esperarVEK(int codigo);
   void esperarNODAL();
   void tiempoRespuesta(int ms) { tiempoRespuesta_ = ms; }
-  // Of the frames sent from now on: they go out once, whatever is heard.
-  void unaVez(bool si) { unaVez_ = si; }
+  // Of the frames sent from now on.
+  void modo(ModoEnvio modo) { modo_ = modo; }
   int estado() const { return estado_; }
   // Of the frame handed over last: its number follows that of the frame before it.
   bool seguida() const { return seguida_; }
+  // The present question went out more than once, and its copies may be answered too.
+  bool repetida() const { return repetida_; }
 
  private:
   struct Fila;
@@ -83,29 +90,41 @@ class Maquina {
   bool datosRepetida();
   bool datosAckNodal();
   bool datosTramaNodal();
+  bool datosCallando();
   void venceACK();
   void venceTrama();
   void venceRepetida();
   void venceAckNodal();
   void venceTramaNodal();
+  void venceCallando();
 
   enum class Leido { Nada, Transaccion, Pasada, Repetida, Aceptada };
   Leido leerTramas(bool aceptar);
   Leido atender(const tramas::TramaVEK& trama, bool aceptar);
   void entregarTransaccion(const tramas::TramaVEK& trama);
   bool enVuelo() const { return estado_ >= kEsperaACK && estado_ <= kRepetida; }
+  bool enVueloNodal() const { return estado_ == kEsperaAckNodal || estado_ == kEsperaTramaNodal; }
+  void reposar();
+  void lanzarVEK(int addr, int codigo, const QByteArray& datos, bool pedir);
   void acabarVEK(int error, int addr = -1, int codigo = 0, const QByteArray& datos = {});
   void emitirVEK();
   void preguntarOtraVez();
   bool puedeSerDeOtra() const;
   void quitarACKs();
 
+  void lanzarNODAL(int addr, int codigo, const QByteArray& datos);
   std::optional<tramas::TramaNODAL> leerLinea();  // a new frame from the node we speak with
   void acabarNodal(int error);
   void acabarReciboNodal(int error, const tramas::TramaNODAL& trama);
   void emitirNODAL();
   void esperarMas(const QByteArray& datos);
   void confirmar();
+
+  // What goes out when nothing is owed any more, and how it ends when the line is never quiet.
+  struct Pendiente {
+    std::function<void()> lanzar, rendirse;
+  };
+  void callar(Pendiente pendiente);
 
   void leer();
   void leerLuego();
@@ -131,8 +150,9 @@ class Maquina {
   bool dudada_ = false;   // it has gone again for a number that may be another machine's
   bool primera_ = false;  // nothing has answered the present question yet
   bool seguida_ = true;
-  int envios_ = 0;  // how often the present frame went out
-  bool unaVez_ = false;
+  int envios_ = 0;         // how often the present frame went out
+  bool repetida_ = false;  // more often than it had to
+  ModoEnvio modo_;
   int repetidas_ = 0;  // how often a repeated frame made us send it again
   int estacion_ = 0;
   int codigo_ = 0;
@@ -144,6 +164,8 @@ class Maquina {
   qint64 tope_ = 0;                 // the last end that it may get
   QByteArray entrada_;
   bool leyendo_ = false;
+  Pendiente pendiente_;
+  qint64 ruido_ = 0;  // when something was last heard while the line should be quiet
 };
 
 }  // namespace tarvo::enlace

@@ -13,11 +13,20 @@ constexpr int kEnviosNodalMax = 4;
 constexpr qint64 kEsperaNodalMax = 3600 * 1000;
 }  // namespace
 
+// An acknowledgement names no question: any answer that is owed may be taken for it.
 void Maquina::enviarNODAL(int addr, int codigo, const QByteArray& datos) {
+  abandonar();
+  if (!modo_.limpia || exterior_.deudas().ninguna()) return lanzarNODAL(addr, codigo, datos);
+  callar({[=, this] { lanzarNODAL(addr, codigo, datos); },
+          [this] { exterior_.envioNDL(kErrorNodalSinConfirmar); }});
+}
+
+void Maquina::lanzarNODAL(int addr, int codigo, const QByteArray& datos) {
   // What came before a frame goes out can't answer it. Nor is it acknowledged: an acknowledgement
   // names no frame, and the machine would take it for that of a record that never arrived.
   vaciar();
   envios_ = 1;
+  repetida_ = false;
   estado_ = kEsperaAckNodal;
   // Each machine of a wire counts its own frames.
   if (const int antes = std::exchange(estacion_, addr & 0xFF); antes != estacion_) ultima_ = -1;
@@ -76,16 +85,18 @@ bool Maquina::datosTramaNodal() {
 // ------------------------------------------------------------------------------------------
 
 void Maquina::venceAckNodal() {
-  if (unaVez_ || envios_ >= kEnviosNodalMax) {
+  if (modo_.unaVez || envios_ >= kEnviosNodalMax) {
     vaciar();
     return acabarNodal(kErrorNodalSinConfirmar);
   }
   ++envios_;
+  repetida_ = true;
   iniciarEspera(tiempos_.ack);
   emitirNODAL();
 }
 
 void Maquina::venceTramaNodal() {
+  exterior_.deudas().callada(estacion_, codigo_);
   exterior_.reciboNDL(kErrorTiempoRecepcion, 0, {});
 }
 
@@ -131,6 +142,7 @@ void Maquina::confirmar() {
 }
 
 void Maquina::acabarNodal(int error) {
+  if (repetida_ || error == kErrorNodalSinConfirmar) exterior_.deudas().callada(estacion_, codigo_);
   reposar();
   exterior_.envioNDL(error);
 }

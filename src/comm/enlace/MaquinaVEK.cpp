@@ -14,10 +14,18 @@ constexpr int kCodigoAncho = 999;  // above it the answer has the wide layout
 }  // namespace
 
 void Maquina::enviarVEK(int addr, int codigo, const QByteArray& datos, bool pedir) {
+  abandonar();
+  if (!modo_.limpia || !exterior_.deudas().debida(codigo))
+    return lanzarVEK(addr, codigo, datos, pedir);
+  callar({[=, this] { lanzarVEK(addr, codigo, datos, pedir); },
+          [this] { exterior_.envioVEK(kErrorSinACK, -1, 0, {}); }});
+}
+
+void Maquina::lanzarVEK(int addr, int codigo, const QByteArray& datos, bool pedir) {
   quitarACKs();  // what came before the frame can't acknowledge it
   pedir_ = pedir;
   primera_ = true;
-  separar_ = dudada_ = false;
+  separar_ = dudada_ = repetida_ = false;
   preguntada_ = addr;
   envios_ = 1;
   repetidas_ = 0;
@@ -54,7 +62,7 @@ void Maquina::preguntarOtraVez() {
 // the frame that another gave last: it may be that frame, sent again, or the answer. An order that
 // goes once, and a list, which would begin anew, wait for what a repeat waits for.
 bool Maquina::puedeSerDeOtra() const {
-  return estado_ == kEsperaRespuesta && preguntada_ != contestada_ && !unaVez_ && !dudada_;
+  return estado_ == kEsperaRespuesta && preguntada_ != contestada_ && !modo_.unaVez && !dudada_;
 }
 
 void Maquina::quitarACKs() {
@@ -114,7 +122,7 @@ bool Maquina::datosRepetida() {
 // ------------------------------------------------------------------------------------------
 
 void Maquina::venceACK() {
-  if (unaVez_ || envios_ >= kEnviosMax) {
+  if (modo_.unaVez || envios_ >= kEnviosMax) {
     vaciar();
     return acabarVEK(kErrorSinACK);
   }
@@ -124,6 +132,7 @@ void Maquina::venceACK() {
          entrada_.front() != tramas::kSTX)
     entrada_.remove(0, 1);
   ++envios_;
+  repetida_ = true;
   iniciarEspera(intervalo_);
   emitirVEK();
 }
@@ -134,8 +143,9 @@ void Maquina::venceTrama() {
 }
 
 void Maquina::venceRepetida() {
-  if (unaVez_ || ++repetidas_ > kRepetidasMax) return venceTrama();
+  if (modo_.unaVez || ++repetidas_ > kRepetidasMax) return venceTrama();
   envios_ = 1;
+  repetida_ = true;
   estado_ = kEsperaACK;
   iniciarEspera(kEsperaRepetida);
   emitirVEK();
@@ -185,6 +195,7 @@ Maquina::Leido Maquina::atender(const tramas::TramaVEK& trama, bool aceptar) {
     estado_ = kRepetida;
     return Leido::Repetida;
   }
+  if (estado_ == kCallando) ultima_ = trama.secuencia, contestada_ = -1;
   if (!aceptar || !enVuelo()) return Leido::Pasada;
   // After 99 comes 0, or 1 where a machine doesn't use 0. What answers a question first may be of
   // another machine of the wire than the frame before it.
@@ -209,6 +220,10 @@ Maquina::Leido Maquina::atender(const tramas::TramaVEK& trama, bool aceptar) {
 
 void Maquina::acabarVEK(int error, int addr, int codigo, const QByteArray& datos) {
   const bool recibo = error == 0 && (estado_ == kEsperaTrama || estado_ == kRepetida);
+  if (error == 0 && estado_ != kEsperaACK)
+    exterior_.deudas().contestada(preguntada_, codigo_, repetida_);
+  else
+    exterior_.deudas().callada(preguntada_, codigo_);
   reposar();
   recibo ? exterior_.reciboVEK(error, addr, codigo, datos)
          : exterior_.envioVEK(error, addr, codigo, datos);

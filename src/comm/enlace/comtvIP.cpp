@@ -19,9 +19,9 @@ bool comtvIP::EnlaceCerrado() const {
   return d->acabado || !d->cable || d->cable->estado() == 1;
 }
 
-int comtvIP::Enviar(int addr, int codigo, const QByteArray& datos, bool unaVez) {
+int comtvIP::Enviar(int addr, int codigo, const QByteArray& datos, ModoEnvio modo) {
   if (!d->listo() || d->saleMotor) return kErrorEnlaceCerrado;
-  d->maquina.unaVez(unaVez);
+  d->maquina.modo(modo);
   if (d->paraAbierto == kNodalMotor)
     d->maquina.enviarNODAL(addr, codigo, datos);
   else
@@ -31,7 +31,7 @@ int comtvIP::Enviar(int addr, int codigo, const QByteArray& datos, bool unaVez) 
 
 int comtvIP::Pedir(int addr, int codigo, const QByteArray& datos) {
   if (!d->listo() || !d->esVek() || d->saleMotor) return kErrorEnlaceCerrado;
-  d->maquina.unaVez(false);
+  d->maquina.modo({});
   d->maquina.enviarVEK(addr, codigo, datos, true);
   return 0;
 }
@@ -55,6 +55,10 @@ void comtvIP::TimeOut(int ms) {
 
 bool comtvIP::Seguida() const {
   return d->maquina.seguida();
+}
+
+bool comtvIP::Repetida() const {
+  return d->maquina.repetida();
 }
 
 bool comtvIP::Portadora() const {

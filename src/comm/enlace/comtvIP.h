@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "comm/enlace/LinkSocket.h"
+#include "comm/enlace/ModoEnvio.h"
 #include "core/tiempo/Reloj.h"
 
 namespace tarvo {
@@ -75,8 +76,7 @@ class comtvIP final : private LinkSocket::Oyente {
   // Each answers an error code at once, 0 for accepted. See Enlaces::abrir for opening.
   int CerrarEnlace(int para = kNada);
   bool EnlaceCerrado() const;
-  // `unaVez`: the link never repeats the frame, which the machine may have obeyed unheard.
-  int Enviar(int addr, int codigo, const QByteArray& datos, bool unaVez = false);
+  int Enviar(int addr, int codigo, const QByteArray& datos, ModoEnvio modo = {});
   int Pedir(int addr, int codigo, const QByteArray& datos);
   int RxNODAL(int addr);
   int RxVEK(int addr, int codigo);
@@ -85,6 +85,8 @@ class comtvIP final : private LinkSocket::Oyente {
   // Did the frame of the present event follow the machine's frame before it by its number? Only the
   // frames of a list are looked at.
   bool Seguida() const;
+  // Did the question of the present event go out more than once? Its copies may be answered too.
+  bool Repetida() const;
   QString Acceso() const;
   int AbiertoPara() const;
 

@@ -204,7 +204,7 @@ void gestcomm::Interior::siguienteTrama(int id) {
   t->Addr = s->addr;
   ponerCanal(c, kEnUso);
   const int timeOut = s->timeOut != 0 ? s->timeOut : entorno.ajustes.TimeOut;
-  vigilar(c, timeOut);
+  vigilar(c, s->modo.limpia ? 2 * timeOut : timeOut);
   cambio(*t);
   const int error = mandar(c, *t, *s);
   if (error != 0 && tarea(id)) falloTrama(id, error);
@@ -216,7 +216,7 @@ int gestcomm::Interior::mandar(int c, const TareaViva&, const Siguiente& s) {
   link->TimeOut(s.timeOut != 0 ? s.timeOut : entorno.ajustes.TimeOut);
   switch (s.que) {
     case Siguiente::Enviar:
-      return link->Enviar(s.addr, s.codigo, s.datos, s.unaVez);
+      return link->Enviar(s.addr, s.codigo, s.datos, s.modo);
     case Siguiente::Pedir:
       return link->Pedir(s.addr, s.codigo, s.datos);
     case Siguiente::EsperarVEK:

@@ -19,9 +19,9 @@ int errorDeMaquina(const QByteArray& datos, bool tolera5) {
   return n == 5 && tolera5 ? 0 : 100 + n;
 }
 
-// The machine heard the step and won't do it.
+// The machine heard the step and won't do it; a refusal may have lost its end.
 bool esRechazo(int error) {
-  return error == enlace::kErrorRechazo || (error > 100 && error <= 105);
+  return error == enlace::kErrorRechazo || error == kErrorTrama || (error > 100 && error <= 105);
 }
 
 }  // namespace
@@ -197,6 +197,7 @@ void gestcomm::Interior::respuesta(int c, int error, int addr, int codigo, const
   const int id = t->datos.Id;
   const bool callada = error != 0 && error != enlace::kErrorRechazo && !t->Retenida;
   if (callada && t->trabajo->sinRespuesta(error)) return siguienteTrama(id);
+  if (error == 0 && enlaces[c] && enlaces[c]->Repetida()) t->trabajo->repetida();
   if (error == 0) error = deLista ? 0 : errorDeMaquina(datos, t->clase->toleraErr5);
   if (esRechazo(error) && t->trabajo->rechazada(error)) return seguir(*t);
   if (error != 0) return falloTrama(id, error);

@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "comm/enlace/ModoEnvio.h"
 #include "core/ajustes/Ajustes.h"
 #include "core/dao/Database.h"
 #include "core/textos/Textos.h"
@@ -63,8 +64,8 @@ struct Siguiente {
   int addr = 0;
   int codigo = 0;
   QByteArray datos;
-  int timeOut = 0;      // ms to wait for the answer; 0 for the setting TimeOut
-  bool unaVez = false;  // of Enviar: an order that the link must not repeat by itself
+  int timeOut = 0;           // ms to wait for the answer; 0 for the setting TimeOut
+  enlace::ModoEnvio modo{};  // of Enviar
   static Siguiente fin() { return {}; }
 };
 
@@ -97,6 +98,8 @@ class TrabajoTarea {
   // The answer that comes next doesn't follow the one before it by its number: something of the
   // machine's may have been lost.
   virtual void salto() {}
+  // The question of the answer that comes next went out more than once.
+  virtual void repetida() {}
   // The task goes on after a failure or on a new link: a list that must start again forgets what it
   // had of the machine now served.
   virtual void reanudar() {}

@@ -31,7 +31,12 @@ class Borrado final : public motor::TrabajoTarea {
     if (t_.Tipo == 2 && paso_ == kPasos)
       return Siguiente{Siguiente::EsperarNODAL, t_.Addr, 0, {}, e_.ajustes.TimeCero};
     const maquinas::Peticion p = maquinas::borrarArticulos(t_.Tipo);
-    return Siguiente{Siguiente::Enviar, maquinas_[indice_], p.codigo, p.datos, 0, true};
+    return Siguiente{Siguiente::Enviar,
+                     maquinas_[indice_],
+                     p.codigo,
+                     p.datos,
+                     0,
+                     {.unaVez = true, .limpia = true}};
   }
   // Whatever an Ebony machine says behind the order is its answer.
   bool encaja(int addr, int codigo, const QByteArray&) const override {

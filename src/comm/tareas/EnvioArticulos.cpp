@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "comm/enlace/Errores.h"
 #include "comm/motor/gestcomm.h"
 #include "comm/tareas/TextosTareas.h"
 
@@ -28,12 +29,18 @@ void nombrar(std::vector<totals::Aviso>& avisos, const std::map<qint64, QString>
 
 }  // namespace
 
+bool esSilencio(int error) {
+  using namespace enlace;
+  return error == kErrorSinACK || error == kErrorSinRespuesta || error == kErrorNodalSinConfirmar;
+}
+
 envios::Destino destinoDe(const motor::DatosTarea& t) {
   return {t.Grupo, t.Seccion, t.Tipo, t.Tarifa};
 }
 
 QString motivoDeRechazo(int error, const Textos& textos) {
   if (error == kNoExiste) return textos(kTxNoLoTiene);
+  if (esSilencio(error)) return textos(kTxNoContesta);
   QString mensaje = motor::textosError(error, textos).mensaje.trimmed();
   mensaje.remove(u'\'');
   if (mensaje.isEmpty()) mensaje = textos(kTxErrorNumero, {error});
@@ -67,6 +74,11 @@ Resultado<motor::Siguiente> EnvioArticulos::fin() {
 
 bool EnvioArticulos::rechazarActual(int error) {
   return remesa_.rechazado(error, motivoDeRechazo(error, e_.textos));
+}
+
+Resultado<> EnvioArticulos::noContesto(int error) {
+  if (rechazarActual(error)) return {};
+  return tarvo::fallo(Fallo::Comunicacion, {}, error);
 }
 
 bool EnvioArticulos::zanjado(const QByteArray& registro, const QByteArray& suya) {

@@ -2,6 +2,8 @@
 // a family is talked to stands below it.
 #pragma once
 
+#include <utility>
+
 #include "comm/envios/Remesa.h"
 #include "comm/motor/Tarea.h"
 
@@ -9,6 +11,8 @@ namespace tarvo::tareas {
 
 inline constexpr int kNoExiste = 105;  // the machine hasn't the article
 
+// The machine said nothing to a frame, or never acknowledged it.
+bool esSilencio(int error);
 envios::Destino destinoDe(const motor::DatosTarea& t);
 // A refusal in words that stand behind the article's name.
 QString motivoDeRechazo(int error, const Textos& textos);
@@ -33,8 +37,24 @@ class EnvioArticulos : public motor::TrabajoTarea {
   Resultado<motor::Siguiente> fin();
   envios::Rango rango() const { return {t_.Desde, t_.Hasta}; }
   bool soloPrecios() const { return que_ == envios::Remesa::Que::Precios; }
+  // A frame whose answer proves something.
+  motor::Siguiente enviar(int addr, const maquinas::Peticion& p) {
+    codigo_ = p.codigo;
+    return {motor::Siguiente::Enviar, addr, p.codigo, p.datos, 0, {.limpia = true}};
+  }
+  int codigoEnviado() const { return codigo_; }
   // The present article was refused; what Remesa::rechazado answers.
   bool rechazarActual(int error);
+  // The same of an article that got no answer, `error`, from a machine that answers other frames.
+  // It fails where the refusal would.
+  Resultado<> noContesto(int error);
+  // The scales said nothing to this article and are asked for it.
+  void callo(qint64 codigo, int error) { callada_ = {codigo, error}; }
+  // The error of that silence, where it was about this article; 0 for none. Once.
+  int callado(qint64 codigo) {
+    const Callada c = std::exchange(callada_, {});
+    return c.codigo == codigo ? c.error : 0;
+  }
   // ERR05 is a good answer to the article that went as `registro`, and doesn't say that the scales
   // hold it: they are asked. What they tell settles it: true when the article is done with, be it
   // taken or not.
@@ -49,6 +69,11 @@ class EnvioArticulos : public motor::TrabajoTarea {
   std::vector<totals::Aviso> avisos() const;
 
   const envios::Remesa::Que que_;
+  struct Callada {
+    qint64 codigo = 0;
+    int error = 0;
+  } callada_;
+  int codigo_ = 0;  // of the frame that was sent last
   QByteArray porProbar_;
   bool preparada_ = false;
 };

@@ -29,7 +29,10 @@ class RecorridoDeFichas final : public motor::TrabajoTarea {
     abierta_ = true;
     if (siguiente_ <= hasta_) {
       const maquinas::Peticion p = maquinas::pedirArticulo(siguiente_);
-      return Siguiente{Siguiente::Enviar, 0, p.codigo, p.datos};
+      // Behind the first answer none of an earlier question fits: their numbers are lower.
+      return Siguiente{
+          Siguiente::Enviar, 0, p.codigo,
+          p.datos,           0, {.limpia = siguiente_ == std::max<qint64>(t_.Desde, 1)}};
     }
     TARVO_INTENTAR(remesa_.asentar());
     return Siguiente::fin();

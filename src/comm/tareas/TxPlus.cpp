@@ -1,5 +1,8 @@
 #include <algorithm>
+#include <set>
+#include <utility>
 
+#include "comm/enlace/Errores.h"
 #include "comm/maquinas/Articulo.h"
 #include "comm/tareas/EnvioArticulos.h"
 #include "comm/tareas/Fabricas.h"
@@ -13,19 +16,23 @@ using motor::Siguiente;
 
 // A list of articles, then what the scales must delete, then once more what was refused.
 //
-// Behind a silence the scales are first asked what they hold of the article: they may have taken it
-// unheard, and the answer, which bears a number, comes behind every late one, which bear none.
+// Behind a silence the scales are asked what they hold of the article: they may have taken it
+// unheard. Where they answer and haven't, it is the article that they don't answer to: it goes
+// behind the others. Behind a frame that went out more than once they are asked about the next
+// article, since that question has another code: its answer ends what they owe.
 class ListaDeArticulos : public EnvioArticulos {
  public:
   using EnvioArticulos::EnvioArticulos;
 
   bool encaja(int, int codigo, const QByteArray& datos) const override {
     if (t_.Protocolo == 2) return true;
-    if (codigo != codigo_) return false;
-    return !preguntando_ || maquinas::codigoDeFicha(datos).value_or(-1) >= numero_;
+    if (codigo != codigoEnviado()) return false;
+    const auto suyo = maquinas::codigoDeFicha(datos);
+    return preguntando_ ? suyo.value_or(-1) >= numero_ : !soloPrecios() || !suyo;
   }
+  void repetida() override { dudosa_ = dudosa_ || (conCross() && !soloPrecios()); }
   Resultado<> respuesta(int, int, const QByteArray& datos) override {
-    if (preguntando_) return contrastar(datos), Resultado<>{};
+    if (preguntando_) return contrastar(datos);
     // Whoever doesn't know an article has deleted it, but need not have taken it.
     if (fase_ == kBorrados || !datos.startsWith("ERR")) return tomada(), Resultado<>{};
     contestadoQueNoExiste(registro_);
@@ -33,16 +40,20 @@ class ListaDeArticulos : public EnvioArticulos {
     return {};
   }
   bool rechazada(int error) override {
-    if (preguntando_ && error == kNoExiste) return contrastar({}), true;
+    if (preguntando_ && error == kNoExiste) return contrastar({}).has_value();
     if (preguntando_) return false;
     if (fase_ != kBorrados) return negada(error);
     if (error == kNoExiste) return tomada(), true;
-    remesa_.borradoNegado();
-    return false;
+    return borradoNegado();
   }
-  bool sinRespuesta(int) override {
-    dudosa_ = conCross();
-    return false;
+  // Whether the machine is there at all is told by its answer to the question.
+  bool sinRespuesta(int error) override {
+    if (!esSilencio(error)) return false;
+    if (!conCross()) return !otraVezCallada(t_.Addr) && negada(error);
+    dudosa_ = true;
+    if (preguntando_) return false;
+    callo(numero_, error);
+    return true;
   }
 
  protected:
@@ -69,6 +80,7 @@ class ListaDeArticulos : public EnvioArticulos {
   }
   // The machine has taken the present article or deletion.
   virtual void tomada() {
+    oida(t_.Addr);
     if (fase_ == kBorrados)
       remesa_.borrado();
     else
@@ -78,10 +90,9 @@ class ListaDeArticulos : public EnvioArticulos {
     if (soloPrecios() && error == kNoExiste) remesa_.hueco(numero_, numero_);
     return rechazarActual(error);
   }
-  Siguiente enviar(int addr, const maquinas::Peticion& p) {
-    codigo_ = p.codigo;
-    return {Siguiente::Enviar, addr, p.codigo, p.datos};
-  }
+  // Of a machine that can't be asked: twice running it has said nothing, and so it isn't there.
+  bool otraVezCallada(int addr) { return std::exchange(muda_, addr) == addr; }
+  void oida(int addr) { muda_ = muda_ == addr ? -1 : muda_; }
 
  private:
   enum Fase { kLista = 1, kBorrados = 2, kRechazados = 3, kFin = 0 };
@@ -92,12 +103,26 @@ class ListaDeArticulos : public EnvioArticulos {
     return enviar(0, preguntando_ ? maquinas::pedirArticulo(numero) : p);
   }
   // What the scales hold, nothing for no such article: the step may be done already.
-  void contrastar(const QByteArray& datos) {
+  Resultado<> contrastar(const QByteArray& datos) {
     preguntando_ = dudosa_ = false;
-    if (fase_ != kBorrados && !soloPrecios()) return static_cast<void>(zanjado(registro_, datos));
+    const int callada = callado(numero_);
     const bool tienen = maquinas::codigoDeFicha(datos).value_or(-1) == numero_;
-    if (fase_ == kBorrados ? !tienen : tienen && maquinas::mismosPrecios(datos, registro_))
-      tomada();
+    if (fase_ == kBorrados) {
+      if (!tienen) return tomada(), Resultado<>{};
+      if (callada == 0 || borradoNegado()) return {};
+      return tarvo::fallo(Fallo::Comunicacion, {}, callada);
+    }
+    if (!soloPrecios()) {
+      if (zanjado(registro_, datos)) return {};
+    } else if (tienen && maquinas::mismosPrecios(datos, registro_)) {
+      return tomada(), Resultado<>{};
+    }
+    return callada == 0 ? Resultado<>{} : noContesto(callada);
+  }
+  // It goes behind the other deletions. False when it has been there.
+  bool borradoNegado() {
+    remesa_.borradoNegado();
+    return sinBorrar_.insert(numero_).second;
   }
   void siguienteFase() {
     if (fase_ == kLista)
@@ -107,10 +132,11 @@ class ListaDeArticulos : public EnvioArticulos {
   }
 
   int fase_ = kLista;
-  int codigo_ = 0;       // of the frame that was sent last
-  qint64 numero_ = 0;    // of the article that it was about
+  qint64 numero_ = 0;    // of the article that the last frame was about
   QByteArray registro_;  // what the article goes with
   bool dudosa_ = false, preguntando_ = false;
+  int muda_ = -1;               // address of the machine that was silent last
+  std::set<qint64> sinBorrar_;  // deletions that were refused
 };
 
 // Kind 3: each article to each register in turn.
@@ -123,10 +149,12 @@ class ListaDeCajas final : public ListaDeArticulos {
   bool encaja(int addr, int codigo, const QByteArray& datos) const override {
     return (addr < 0 || addr == caja()) && ListaDeArticulos::encaja(addr, codigo, datos);
   }
-  // A register heard the frame and says nothing: on its wire a refusal looks like that.
+  // A register heard the frame and says nothing: on its wire a refusal looks like that. One that
+  // doesn't even hear it may be out of order, or not there.
   bool sinRespuesta(int error) override {
-    constexpr int kSinRespuestaLogica = 17;
-    return error == kSinRespuestaLogica && rechazada(error);
+    if (!esSilencio(error)) return false;
+    if (error == enlace::kErrorSinRespuesta) return negada(error);
+    return !otraVezCallada(caja()) && rechazarEn(error);
   }
 
  protected:
@@ -140,16 +168,21 @@ class ListaDeCajas final : public ListaDeArticulos {
     return enviar(caja(), maquinas::enviarArticulo(t_.Tipo, sale.registro));
   }
   void tomada() override {
+    oida(caja());
     if (++indice_ < cajas_.size()) return;
     indice_ = 0;
     ListaDeArticulos::tomada();
   }
   bool negada(int error) override {
-    indice_ = 0;
-    return ListaDeArticulos::negada(error);
+    oida(caja());
+    return rechazarEn(error);
   }
 
  private:
+  bool rechazarEn(int error) {
+    indice_ = 0;
+    return ListaDeArticulos::negada(error);
+  }
   int caja() const { return cajas_[indice_]; }
   std::vector<int> cajas_;
   size_t indice_ = 0;

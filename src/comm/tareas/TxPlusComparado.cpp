@@ -2,6 +2,7 @@
 
 #include "comm/tareas/EnvioArticulos.h"
 #include "comm/tareas/Fabricas.h"
+#include "comm/tareas/TextosTareas.h"
 
 namespace tarvo::tareas {
 
@@ -17,23 +18,22 @@ class Comparacion final : public EnvioArticulos {
       : EnvioArticulos(t, e), desde_(std::max(t.Desde, maquinas::kPrimerArticulo)) {}
 
   bool encaja(int, int codigo, const QByteArray& datos) const override {
-    if (codigo != codigo_) return false;
+    if (codigo != codigoEnviado()) return false;
     const qint64 numero = maquinas::codigoDeFicha(datos).value_or(-1);
     return fase_ == kPreguntar ? numero >= desde_ : fase_ != kContrastar || numero >= nuestro_;
   }
   Resultado<> respuesta(int, int, const QByteArray& datos) override {
     const bool noExiste = datos.startsWith("ERR");
-    if (fase_ == kPreguntar) {
-      const qint64 suyo = noExiste ? kDetrasDeTodos : *maquinas::codigoDeFicha(datos);
-      remesa_.hueco(desde_, std::min(suyo - 1, t_.Hasta));
-      desde_ = suyo;
-      sabida_ = true;
-    } else if (fase_ == kBorrar) {
-      remesa_.borrado(desde_++);
+    if (fase_ == kPreguntar)
+      return tienen(noExiste ? kDetrasDeTodos : *maquinas::codigoDeFicha(datos));
+    if (fase_ == kBorrar) {
+      remesa_.borrado(desde_);
       sabida_ = false;
+      // It costs no frame: where it is gone, they tell what comes behind it.
+      mirando_ = ++borradosSinMirar_ == kBorradosSinMirar;
+      if (!mirando_) ++desde_;
     } else if (fase_ == kContrastar) {
-      dudosa_ = false;
-      if (zanjado(registro_, datos)) siguienteNuestro();
+      return contrastado(datos);
     } else if (noExiste) {
       contestadoQueNoExiste(registro_);
       dudosa_ = true;
@@ -42,10 +42,19 @@ class Comparacion final : public EnvioArticulos {
     }
     return {};
   }
-  // They may have taken it unheard: they are asked, and late answers, which bear no number, end.
-  bool sinRespuesta(int) override {
-    dudosa_ = dudosa_ || fase_ == kEnviar;
-    return false;
+  void repetida() override { dudosa_ = dudosa_ || fase_ == kEnviar; }
+  // They may have done it unheard, and are asked. Whether they are there at all is told by that.
+  bool sinRespuesta(int error) override {
+    if (!esSilencio(error)) return false;
+    if (fase_ == kEnviar) {
+      dudosa_ = true;
+      callo(nuestro_, error);
+      return true;
+    }
+    if (fase_ != kBorrar) return false;
+    if (std::exchange(borradoCallado_, desde_) == desde_) return rechazada(error);
+    sabida_ = false;
+    return true;
   }
   bool rechazada(int error) override {
     if (fase_ == kEnviar) {
@@ -59,7 +68,8 @@ class Comparacion final : public EnvioArticulos {
     return false;
   }
   qint64 codigoActual() const override {
-    return fase_ == kEnviar ? EnvioArticulos::codigoActual() : std::min(desde_, t_.Hasta);
+    return fase_ == kEnviar || fase_ == kContrastar ? EnvioArticulos::codigoActual()
+                                                    : std::min(desde_, t_.Hasta);
   }
 
  protected:
@@ -87,9 +97,29 @@ class Comparacion final : public EnvioArticulos {
  private:
   enum Fase { kPreguntar = 10, kEnviar = 11, kBorrar = 12, kContrastar = 13 };
   static constexpr qint64 kDetrasDeTodos = 10'000'000;
-  Siguiente enviar(const maquinas::Peticion& p) {
-    codigo_ = p.codigo;
-    return {Siguiente::Enviar, 0, p.codigo, p.datos};
+  // So many deletions are believed; then they are asked whether the last one is gone.
+  static constexpr int kBorradosSinMirar = 16;
+  Siguiente enviar(const maquinas::Peticion& p) { return EnvioArticulos::enviar(0, p); }
+  // Their first number at or behind the one that was asked for.
+  Resultado<> tienen(qint64 suyo) {
+    dudosa_ = false;
+    if (mirando_ && suyo == desde_) {
+      remesa_.borradoNegado(suyo, e_.textos(kTxSigueTeniendolo));
+      return tarvo::fallo(Fallo::Formato, e_.textos(kTxNoBorra, {t_.Grupo, Ceros(suyo, 7)}));
+    }
+    if (std::exchange(mirando_, false)) borradosSinMirar_ = 0;
+    remesa_.hueco(desde_, std::min(suyo - 1, t_.Hasta));
+    desde_ = suyo;
+    sabida_ = true;
+    return {};
+  }
+  Resultado<> contrastado(const QByteArray& datos) {
+    dudosa_ = false;
+    const int callada = callado(nuestro_);
+    if (zanjado(registro_, datos)) return siguienteNuestro(), Resultado<>{};
+    if (callada == 0) return {};
+    siguienteNuestro();
+    return noContesto(callada);
   }
   Siguiente enviarNuestro(const QByteArray& registro) {
     registro_ = registro;
@@ -107,12 +137,15 @@ class Comparacion final : public EnvioArticulos {
     sabida_ = false;
   }
 
-  int fase_ = kPreguntar, codigo_ = 0;
+  int fase_ = kPreguntar;
   qint64 desde_;         // the number of theirs that comes next, or from which to ask
   qint64 nuestro_ = 0;   // ours that comes next
   bool sabida_ = false;  // theirs is the one that they just told
   QByteArray registro_;  // of ours, as it goes
   bool final_ = false, dudosa_ = false;
+  qint64 borradoCallado_ = -1;  // the deletion that got no answer
+  int borradosSinMirar_ = 0;
+  bool mirando_ = false;  // the number asked for is one that they have deleted
 };
 
 }  // namespace
