@@ -46,6 +46,44 @@ TEST_F(Ebony, ElBorradoYSuNegativa) {
   EXPECT_TRUE(avisos.last().contains(u"ha borrado todos sus artículos"));
 }
 
+// A wipe that is tried again doesn't empty the machine behind the sending that was to follow it;
+// given up, it keeps nobody.
+TEST_F(Ebony, LoQueVaDetrasDeUnBorradoLoEspera) {
+  for (const qint64 c : {10, 20}) alta(c, c);
+  enviar(2, kTxPlus, true, 0, 9999999, 5);
+  const auto procesar = [&](bool conEspera) {
+    nuevas(2, 5);
+    if (!conEspera) gestor->VigilaProcesos(0, false, this);
+    encolar(2, kBorrPlu);
+    encolar(2, kTxPlus);
+    if (!conEspera) {
+      EXPECT_FALSE(correr(5));
+      gestor->VigilaProcesos(3, true, this);
+    }
+    EXPECT_TRUE(correr());
+    return nuevas(2, 5);
+  };
+  for (const bool conEspera : {true, false}) {
+    estorbos(2, {{Averia::Rechazo, 1, 73}}, 5);
+    EXPECT_EQ(procesar(conEspera), u"73 0,73 0,32 10,32 20") << conEspera;
+    EXPECT_EQ(tiene(2, 5), u"10:Tomate/10 20:Tomate/20");
+    EXPECT_EQ(probados(2), u"10 20");
+  }
+  estorbos(2, {{Averia::Rechazo, 0, 73}}, 5);
+  EXPECT_EQ(procesar(true), u"73 0,73 0,73 0,73 0,32 10,32 20");
+  EXPECT_EQ(tiene(2, 5), u"10:Tomate/10 20:Tomate/20");
+  // With nobody to watch, one that stays as failed keeps nobody either.
+  gestor->VigilaProcesos(0, false, nullptr);
+  ajustes->IntentosManual = 1;
+  const int borrado = encolar(2, kBorrPlu);
+  const int grupoDetras = encolar(2, kTxPlus);
+  correr(5);
+  ASSERT_TRUE(tarea(borrado) && tarea(grupoDetras));
+  gestor->EliminarTarea(borrado);
+  EXPECT_TRUE(correr(5));
+  EXPECT_EQ(tiene(2, 5), u"10:Tomate/10 20:Tomate/20");
+}
+
 // Between the order and its answer nobody knows what the machine holds, cut or no cut.
 TEST_F(Ebony, UnBorradoSinRespuesta) {
   for (const qint64 c : {10, 20}) alta(c, c);
