@@ -73,6 +73,43 @@ TEST_F(Envios, UnaMaquinaQueLoNiegaTodo) {
   EXPECT_LT(enviar(1).count(u','), 10);
 }
 
+// A full machine: more refusals running than would be the group's trouble, and what it must delete
+// stands behind them.
+TEST_F(Envios, UnaMaquinaLlenaHaceSitioPrimero) {
+  for (const int tipo : {1, 4}) {
+    SCOPED_TRACE(tipo);
+    const int g = tipo;
+    if (tipo == 4) grupo(4, 4, u"cable 2"_s);
+    for (const bool completo : {false, true}) {
+      for (int c = 100; c < 103; ++c) alta(c, c);
+      enviar(g);
+      for (int c = 100; c < 103; ++c) borrar(c);
+      for (int c = 10; c < 35; ++c) alta(c, c);
+      std::vector<simulador::Paso> llena;
+      for (int n = 1; n <= 20; ++n) llena.push_back({Averia::Err, n, 100, 0, 4});
+      estorbos(g, llena);
+      const QString oyo = enviar(g, kTxPlus, completo);
+      EXPECT_LT(oyo.indexOf(u"120 100"_s), oyo.indexOf(u"100 30"_s)) << oyo.toStdString();
+      EXPECT_EQ(oyo.count(u"120 "_s), 3) << oyo.toStdString();
+      EXPECT_EQ(maquina(g).memoria().catalogo.size(), 25U);
+      EXPECT_EQ(cruz(g).split(u' ').size(), 25);
+      EXPECT_EQ(retenidos(g), u"");
+      EXPECT_TRUE(problemas.isEmpty() && reintentos.isEmpty());
+      esCierto(g);
+      // Where that makes no room, the refusals are the group's trouble as ever.
+      for (int c = 10; c < 35; ++c) cambiar(c, u"PRECIO_00=7"_s);
+      borrar(34);
+      estorbos(g, {{Averia::Err, 0, 100, 0, 4}});
+      EXPECT_LT(enviar(g, kTxPlus, completo).count(u"100 "_s), 50);
+      EXPECT_FALSE(maquina(g).memoria().catalogo.contains(34));
+      problemas.clear(), reintentos.clear();
+      estorbos(g, {});
+      for (int c = 10; c < 34; ++c) borrar(c);
+      enviar(g);
+    }
+  }
+}
+
 TEST_F(Envios, UnSilencioSePreguntaAntesDeRepetir) {
   for (const qint64 c : {10, 20, 30}) alta(c, c);
   estorbos(1, {{Averia::RespuestaPerdida, 2, 100}});

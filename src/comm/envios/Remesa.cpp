@@ -1,6 +1,7 @@
 #include "comm/envios/Remesa.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "comm/envios/Motivos.h"
 
@@ -182,7 +183,15 @@ bool Remesa::rechazado(int error, const QString& motivo) {
   sinTomar(error, motivo);
   (final_ ? lista_ : negados_).push_back(codigo);
   ++negadasSeguidas_;
-  return !final_ && error != kSinRed && error != kRedInterna && negadasSeguidas_ < kNegadasSeguidas;
+  if (final_ || error == kSinRed || error == kRedInterna) return false;
+  faltaSitio_ = negadasSeguidas_ >= kNegadasSeguidas && hayQueHacerSitio();
+  return faltaSitio_ || negadasSeguidas_ < kNegadasSeguidas;
+}
+
+bool Remesa::hayQueHacerSitio() {
+  if (sitioHecho_ || !destino_.conCross()) return false;
+  const auto borrables = articulosPorBorrar(db_, destino_);
+  return borrables && !borrables->empty();
 }
 
 bool Remesa::empezarFinal() {
@@ -200,6 +209,10 @@ bool Remesa::empezarFinal() {
 
 Resultado<> Remesa::empezarBorrados() {
   TARVO_INTENTAR(asentar());
+  if (std::exchange(faltaSitio_, false)) {
+    sitioHecho_ = true;
+    negadasSeguidas_ = 0;
+  }
   auto codigos = articulosPorBorrar(db_, destino_);
   if (!codigos) return std::unexpected(codigos.error());
   borrados_ = std::move(*codigos);

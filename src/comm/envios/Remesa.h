@@ -51,6 +51,9 @@ class Remesa {
   bool rechazado(int error, const QString& motivo);
   // The group hasn't taken it though its answer was good: it stays due, and goes no more now.
   void sinTomar(int error, const QString& motivo);
+  // Refusals running have stopped the list while deletions are due, which may make room: these go
+  // now, and the list goes on behind them. Once in a sending.
+  bool faltaSitio() const { return faltaSitio_; }
   // After the list and the deletions: the refused ones, once more. False when there are none.
   bool empezarFinal();
 
@@ -90,6 +93,7 @@ class Remesa {
     QByteArray registro{};
     Huella huella{};
   };
+  bool hayQueHacerSitio();
   Resultado<> cargar();
   Resultado<bool> refrescar();
   maquinas::Cabe<QByteArray> registroDe(const Preparado& p) const;
@@ -117,6 +121,7 @@ class Remesa {
   size_t pos_ = 0;      // in lote_
   qint64 cambios_ = 0;  // of the database, when the lot was read
   bool final_ = false;
+  bool faltaSitio_ = false, sitioHecho_ = false;
   int negadasSeguidas_ = 0;
   std::vector<qint64> negados_, borrados_;
   size_t posBorrados_ = 0;

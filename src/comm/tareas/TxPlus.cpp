@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "comm/maquinas/Articulo.h"
 #include "comm/tareas/EnvioArticulos.h"
@@ -53,6 +54,11 @@ class ListaDeArticulos : public EnvioArticulos {
           return preguntarAntes(*codigo, maquinas::borrarArticulo(*codigo));
         continue;
       }
+      if (fase_ == kLista && remesa_.faltaSitio()) {
+        TARVO_INTENTAR(remesa_.empezarBorrados());
+        interrumpida_ = true;
+        continue;
+      }
       const auto sale = remesa_.actual();
       if (!sale) return std::unexpected(sale.error());
       if (*sale) return articulo(**sale);
@@ -102,6 +108,8 @@ class ListaDeArticulos : public EnvioArticulos {
   void siguienteFase() {
     if (fase_ == kLista)
       fase_ = kBorrados;
+    else if (fase_ == kBorrados && std::exchange(interrumpida_, false))
+      fase_ = kLista;
     else
       fase_ = fase_ == kBorrados && remesa_.empezarFinal() ? kRechazados : kFin;
   }
@@ -111,6 +119,7 @@ class ListaDeArticulos : public EnvioArticulos {
   qint64 numero_ = 0;    // of the article that it was about
   QByteArray registro_;  // what the article goes with
   bool dudosa_ = false, preguntando_ = false;
+  bool interrumpida_ = false;  // the list, by deletions that may make room
 };
 
 // Kind 3: each article to each register in turn.

@@ -28,6 +28,8 @@ class Comparacion final : public EnvioArticulos {
       remesa_.hueco(desde_, std::min(suyo - 1, t_.Hasta));
       desde_ = suyo;
       sabida_ = true;
+    } else if (fase_ == kHacerSitio) {
+      remesa_.borrado();
     } else if (fase_ == kBorrar) {
       remesa_.borrado(desde_++);
       sabida_ = false;
@@ -52,6 +54,7 @@ class Comparacion final : public EnvioArticulos {
       siguienteNuestro();
       return rechazarActual(error);
     }
+    if (fase_ == kHacerSitio) remesa_.borradoNegado();
     if (fase_ == kBorrar) {
       remesa_.borradoNegado(desde_++, motivoDeRechazo(error, e_.textos));
       sabida_ = false;
@@ -66,6 +69,14 @@ class Comparacion final : public EnvioArticulos {
   Resultado<> preparar() override { return remesa_.empezar(true, {desde_, t_.Hasta}, true); }
   Resultado<Siguiente> paso() override {
     for (;;) {
+      if (remesa_.faltaSitio()) {
+        TARVO_INTENTAR(remesa_.empezarBorrados());
+        sabida_ = false;
+      }
+      if (const auto codigo = remesa_.porBorrar()) {
+        fase_ = kHacerSitio;
+        return enviar(maquinas::borrarArticulo(*codigo));
+      }
       const auto sale = remesa_.actual(!final_);
       if (!sale) return std::unexpected(sale.error());
       if (!*sale && (final_ || desde_ > t_.Hasta)) {
@@ -85,7 +96,7 @@ class Comparacion final : public EnvioArticulos {
   }
 
  private:
-  enum Fase { kPreguntar = 10, kEnviar = 11, kBorrar = 12, kContrastar = 13 };
+  enum Fase { kPreguntar = 10, kEnviar = 11, kBorrar = 12, kContrastar = 13, kHacerSitio = 14 };
   static constexpr qint64 kDetrasDeTodos = 10'000'000;
   Siguiente enviar(const maquinas::Peticion& p) {
     codigo_ = p.codigo;
