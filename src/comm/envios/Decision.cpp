@@ -53,6 +53,15 @@ Resultado<std::vector<qint64>> articulosPorBorrar(dao::Database& db, const Desti
       d.grupo, d.seccion, d.grupo, d.seccion));
 }
 
+Resultado<qint64> articulosDeSobra(dao::Database& db, const Destino& d) {
+  const auto n = db.uno(
+      u"SELECT count(DISTINCT CODPLU) FROM Enviados E WHERE E.GRUPO=? AND NOT EXISTS (SELECT 1 "
+      u"FROM PLUSES P WHERE P.SECCION=? AND P.CODPLU=E.CODPLU)",
+      d.grupo, d.seccion);
+  if (!n) return std::unexpected(n.error());
+  return n->entero();
+}
+
 Resultado<> rechazadosAlFinal(dao::Database& db, const Destino& d, std::vector<qint64>& codigos) {
   const auto rechazados = codigosDe(
       db.consultar(u"SELECT CODPLU FROM Retenidos WHERE GRUPO=? AND SECCION=? AND ERROR<>0",

@@ -23,6 +23,9 @@ Resultado<std::vector<qint64>> SaltarSinCambios(dao::Database& db, const Destino
 // code its section doesn't have.
 Resultado<std::vector<qint64>> articulosPorBorrar(dao::Database& db, const Destino& destino);
 
+// How many articles a machine that can't delete one alone was given, and should have no more.
+Resultado<qint64> articulosDeSobra(dao::Database& db, const Destino& destino);
+
 // Puts those that the group refused before behind all others, in their order.
 Resultado<> rechazadosAlFinal(dao::Database& db, const Destino& destino,
                               std::vector<qint64>& codigos);

@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "comm/envios/Motivos.h"
+#include "comm/envios/TextosEnvios.h"
 
 namespace tarvo::envios {
 
@@ -161,7 +162,9 @@ Resultado<std::vector<EstadoArticulo>> estadoDeEnvio(dao::Database& db, const De
     for (const Preparado& p : *leidos) salida.push_back(juzgar(p, d, *sabido, textos));
     resto = resto.subspan(n);
   }
-  for (const qint64 c : sabido->sobrantes) salida.push_back({c, {}, Situacion::Sobra, {}, {}});
+  const QString porQueSobra = d.conCross() ? QString() : textos(kTxNoBorraUnoSolo);
+  for (const qint64 c : sabido->sobrantes)
+    salida.push_back({c, {}, Situacion::Sobra, {}, porQueSobra});
   std::ranges::stable_sort(salida, {}, &EstadoArticulo::codigo);
   return salida;
 }

@@ -255,6 +255,19 @@ void Remesa::hueco(qint64 desde, qint64 hasta) {
   if (desde <= hasta) anotar({Nota::Hueco, desde, hasta});
 }
 
+Resultado<Remesa::Restan> Remesa::restan() const {
+  Restan r;
+  const auto sinTurno = [&](qint64 codigo) { return !resumen_.rechazados.contains(codigo); };
+  for (const Enviable& e : std::span(lote_).subspan(pos_))
+    if (!e.saliente.retenido() && sinTurno(e.saliente.codigo)) ++r.articulos;
+  r.articulos += std::ranges::count_if(std::span(lista_).subspan(leidos_), sinTurno);
+  if (!destino_.conCross()) return r;
+  const auto borrables = articulosPorBorrar(db_, destino_);
+  if (!borrables) return std::unexpected(borrables.error());
+  r.borrados = std::ranges::count_if(*borrables, sinTurno);
+  return r;
+}
+
 // --- to disk
 // ---------------------------------------------------------------------------------------------
 

@@ -69,6 +69,12 @@ class Remesa {
   // It told what it holds under a number. REQUIRES a record that can be read.
   void leido(qint64 codigo, const QByteArray& registro);
 
+  // What hasn't had its turn: articles of the list, and deletions that are known to be due.
+  struct Restan {
+    qint64 articulos = 0, borrados = 0;
+  };
+  Resultado<Restan> restan() const;
+
   // What the group was confirmed to have or not to have goes to disk. When it fails it is kept.
   Resultado<> asentar();
 

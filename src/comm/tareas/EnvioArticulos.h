@@ -20,7 +20,7 @@ class EnvioArticulos : public motor::TrabajoTarea {
 
   Resultado<motor::Siguiente> siguiente() final;
   void reposo() final { static_cast<void>(remesa_.asentar()); }
-  Resultado<std::vector<totals::Aviso>> cerrar() final { return avisos(); }
+  Resultado<std::vector<totals::Aviso>> cerrar() final { return avisos(true); }
   std::vector<totals::Aviso> abandonar() final;
   QString MostrarTraza() const final;
   qint64 codigoActual() const override { return remesa_.codigoActual(); }
@@ -46,7 +46,7 @@ class EnvioArticulos : public motor::TrabajoTarea {
   envios::Remesa remesa_;
 
  private:
-  std::vector<totals::Aviso> avisos() const;
+  std::vector<totals::Aviso> avisos(bool acabada) const;
 
   const envios::Remesa::Que que_;
   QByteArray porProbar_;
