@@ -22,6 +22,21 @@ TEST_F(Ebony, VaTodoElRango) {
   EXPECT_EQ(cruz(2), u"");
 }
 
+// It can't be told to delete one, but not without a word.
+TEST_F(Ebony, LoBorradoSeQueda) {
+  for (const qint64 c : {10, 20}) alta(c, c);
+  enviar(2, kTxPlus, true, 0, 9999999, 5);
+  borrar(20);
+  enviar(2, kTxPlus, false, 0, 9999999, 5);
+  const QString dicho = u"artículos que ya no existen y la máquina conserva, 1."_s;
+  EXPECT_TRUE(avisos.join(u'\n').contains(dicho));
+  enviar(2, kBorrPlu, true, 0, 9999999, 5);
+  avisos.clear();
+  enviar(2, kTxPlus, true, 0, 9999999, 5);
+  EXPECT_FALSE(avisos.join(u'\n').contains(dicho));
+  EXPECT_EQ(tiene(2, 5), u"10:Tomate/10");
+}
+
 TEST_F(Ebony, UnaNegativaNoParaALosDemas) {
   for (const qint64 c : {10, 20, 30}) alta(c, c);
   estorbos(2, {{Averia::Rechazo, 1, 32}}, 5);
@@ -111,6 +126,26 @@ TEST_F(Cajas, CadaArticuloACadaCaja) {
   EXPECT_EQ(maquina(3, 9).memoria().catalogo.begin()->second.ficha,
             QByteArray("0000000000010Tomate              00000001000000001001"));
   EXPECT_EQ(probados(3), u"10 20");
+}
+
+// The code that somebody gave an article is another's, made of prefix and number: one record would
+// take the place of the other, and the one would be sold as the other.
+TEST_F(Cajas, DosArticulosConUnCodigoDeBarras) {
+  for (const qint64 c : {10, 20, 30}) alta(c, c);
+  enviar(3, kTxPlus, true, 0, 9999999, 4);
+  EXPECT_EQ(probados(3), u"10 20 30");
+  cambiar(10, u"PFX_BAR='2'"_s);
+  cambiar(20, u"CodBarExt='0000002000010'"_s);
+  enviar(3, kTxPlus, true, 0, 9999999, 4);
+  EXPECT_EQ(probados(3), u"10? 20 30");
+  EXPECT_EQ(retenidos(3), u"10/0");
+  EXPECT_TRUE(avisos.join(u'\n').contains(
+      u"el artículo 0000010 no se envía, porque el código de barras («0000002000010») es también "
+      u"el del artículo 0000020."));
+  cambiar(20, u"CodBarExt=NULL"_s);
+  enviar(3, kTxPlus, true, 0, 9999999, 4);
+  EXPECT_EQ(probados(3), u"10 20 30");
+  EXPECT_EQ(retenidos(3), u"");
 }
 
 // Both count from the same number, and every answer of the second looks like the one before it, of

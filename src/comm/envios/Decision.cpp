@@ -23,7 +23,7 @@ Resultado<std::vector<qint64>> todosLosArticulos(dao::Database& db, const Destin
   return codigosDe(
       db.consultar(u"SELECT CODPLU FROM PLUSES WHERE SECCION=? AND (CODPLU>=?) AND (CODPLU<=?) AND "
                    u"(CODPLU>2) ORDER BY CODPLU",
-                   d.seccion, r.desde, r.hasta));
+                   d.seccion, r.desde, r.tope()));
 }
 
 // An offer that isn't in force any more, or not yet, is due as long as its prices are there: its
@@ -38,7 +38,7 @@ Resultado<std::vector<qint64>> SaltarSinCambios(dao::Database& db, const Destino
       u"(OFERTAS.CODIGO IS NOT NULL AND (nz(borrado,0)<>0 OR (nz(enviado,0)<>0) <> ((FECHA_INI IS "
       u"NULL OR "
       u"?>=int(FECHA_INI)) AND (FECHA_FIN IS NULL OR ?<int(FECHA_FIN)+1))))) ORDER BY CODPLU",
-      d.grupo, d.grupo, d.seccion, r.desde, r.hasta, ahora, ahora));
+      d.grupo, d.grupo, d.seccion, r.desde, r.tope(), ahora, ahora));
 }
 
 // Marked for deletion, or simply gone by whatever way after the group had got it.

@@ -1,12 +1,18 @@
 // Which articles a sending carries. Each question is one query, however many articles there are.
 #pragma once
 
+#include <limits>
+
 #include "comm/envios/Lector.h"
 
 namespace tarvo::envios {
 
 struct Rango {
   qint64 desde = 0, hasta = 9'999'999;
+  // The whole range has those that no record takes, too, so that they are named.
+  qint64 tope() const {
+    return hasta < maquinas::kUltimoArticuloVek ? hasta : std::numeric_limits<qint64>::max();
+  }
   bool operator==(const Rango&) const = default;
 };
 

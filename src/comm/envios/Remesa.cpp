@@ -84,6 +84,8 @@ Resultado<Remesa::Enviable> Remesa::preparar(Preparado p) {
   } else {
     const QString motivo = motivoDe(registro.error(), textos_);
     TARVO_INTENTAR(tenencias_.AnotarRetenido(p.codigo, motivo, 0));
+    if (registro.error().motivo == maquinas::NoCabe::DeOtro)
+      TARVO_INTENTAR(tenencias_.anunciarOtro(p.codigo));
     resumen_.retenidos[p.codigo] = motivo;
   }
   e.preparado = std::move(p);

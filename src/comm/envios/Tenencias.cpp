@@ -179,6 +179,16 @@ Resultado<> Tenencias::AnotarRetenido(qint64 codigo, const QString& motivo, int 
       u"?, ?, ?, ?, ?) ON CONFLICT (GRUPO, SECCION, CODPLU) DO UPDATE SET MOTIVO=excluded.MOTIVO, "
       u"ERROR=excluded.ERROR, CUANDO=excluded.CUANDO",
       d_.grupo, d_.seccion, codigo, motivo, error, cuando, cuando));
+  if (error != 0 || !d_.conCross()) return {};
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=? AND borra=0",
+                              d_.seccion, codigo, d_.grupo));
+  return {};
+}
+
+Resultado<> Tenencias::anunciarOtro(qint64 codigo) {
+  TARVO_INTENTAR(db_.ejecutar(
+      u"UPDATE Enviados SET HUELLA=NULL, HUELLA_PRE=NULL WHERE GRUPO=? AND SECCION=? AND CODPLU=?",
+      d_.grupo, d_.seccion, codigo));
   return {};
 }
 

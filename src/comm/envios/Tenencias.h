@@ -42,8 +42,11 @@ class Tenencias {
   Resultado<> AnotarDistinto(qint64 codigo, const QByteArray& registro, bool existe);
   // It holds one that it should have deleted.
   Resultado<> AnotarSobrante(qint64 codigo) { return ponerCross(codigo, true); }
-  // It got no record of it: `error` is its refusal, 0 for a record that can't be made.
+  // It got no record of it: `error` is its refusal, 0 for a record that can't be made, which it
+  // therefore doesn't hold.
   Resultado<> AnotarRetenido(qint64 codigo, const QString& motivo, int error);
+  // Another article goes in its place: nobody knows what it holds of this one.
+  Resultado<> anunciarOtro(qint64 codigo);
 
   // A wipe: ordered, refused before it began, done.
   Resultado<> anunciarBorrado();

@@ -85,7 +85,7 @@ class Comparacion final : public EnvioArticulos {
         continue;
       }
       nuestro_ = *sale ? (*sale)->codigo : kDetrasDeTodos;
-      const bool suyaDelante = !final_ && desde_ < nuestro_;
+      const bool suyaDelante = !final_ && desde_ < std::min(nuestro_, kDetrasDeTodos);
       fase_ = !suyaDelante ? kEnviar : sabida_ ? kBorrar : kPreguntar;
       if (fase_ == kPreguntar) return enviar(maquinas::pedirArticulo(desde_));
       if (fase_ == kBorrar) return enviar(maquinas::borrarArticulo(desde_));
