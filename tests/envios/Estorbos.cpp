@@ -295,6 +295,25 @@ TEST_F(Envios, UnCorteEnCualquierMomento) {
   }
 }
 
+// A machine comes back with the memory of before a deletion: the complete sending of the range
+// deletes again, an optimised one doesn't repeat it.
+TEST_F(Envios, VuelveConUnaMemoriaMasVieja) {
+  for (const qint64 c : {10, 20, 30}) alta(c, c);
+  enviar(1);
+  const auto vieja = maquina(1).memoria().catalogo;
+  borrar(20);
+  borrar(30);
+  EXPECT_EQ(enviar(1), u"120 20,120 30");
+  maquina(1).memoria().catalogo = vieja;
+  EXPECT_EQ(enviar(1), u"");
+  EXPECT_EQ(enviar(1, kTxPlus, true, 5, 25), u"100 10,120 20");
+  alta(30, 33);  // the code is used again
+  EXPECT_EQ(enviar(1), u"100 30");
+  EXPECT_EQ(tiene(1), u"10:Tomate/10 30:Tomate/33");
+  EXPECT_EQ(filas(u"SELECT CODPLU FROM BorradosGrupo"_s), u"20");
+  EXPECT_EQ(enviar(1, kTxPlus, true), u"100 10,100 30,120 20");
+}
+
 TEST_F(Envios, SoloPrecios) {
   for (const qint64 c : {10, 20, 30}) alta(c, c);
   enviar(1);

@@ -219,6 +219,32 @@ TEST_F(Envios, UnGrupoQueCambiaDeSeccion) {
   EXPECT_EQ(tiene(1), u"10:Tomate/10 20:Tomate/20");
 }
 
+// The prices of another tarifa, and what another machine holds, are nobody's knowledge; what is due
+// shows before it goes.
+TEST_F(Envios, UnGrupoConOtraTarifaUOtraMaquina) {
+  for (const qint64 c : {10, 20}) alta(c, c);
+  enviar(1);
+  const auto debe = [&] {
+    EXPECT_EQ(enviar(1), u"100 10,100 20");
+    EXPECT_EQ(cruz(1), u"10 20");
+    EXPECT_TRUE(enviar(1).isEmpty());
+  };
+  for (const QString& cambio : {u"tarifa=3"_s, u"ADDR=7"_s, u"Baudios=19200"_s}) {
+    SCOPED_TRACE(cambio.toStdString());
+    valor(db->ejecutar(u"UPDATE GRUPOS SET "_s + cambio + u" WHERE CODGPO=1"_s));
+    if (cambio.startsWith(u"Baudios"_s))
+      EXPECT_TRUE(enviar(1).isEmpty());
+    else
+      debe();
+  }
+  EXPECT_EQ(maquina(1).memoria().catalogo.at(10).precio, 0);  // of tarifa 3
+  valor(db->ejecutar(u"UPDATE BZAS SET ADDR=9 WHERE SUGPO=1"));
+  debe();
+  // A store from before noted neither: it counts as unchanged.
+  valor(db->ejecutar(u"UPDATE EnviosGrupo SET TARIFA=NULL, MAQUINA=NULL"));
+  EXPECT_TRUE(enviar(1).isEmpty());
+}
+
 TEST_F(Envios, UnaTarifaQueNoExiste) {
   alta(10, 10);
   valor(db->ejecutar(u"UPDATE GRUPOS SET tarifa=8"));

@@ -53,6 +53,14 @@ Resultado<std::vector<qint64>> articulosPorBorrar(dao::Database& db, const Desti
       d.grupo, d.seccion, d.grupo, d.seccion));
 }
 
+Resultado<std::vector<qint64>> borradosAntes(dao::Database& db, const Destino& d, Rango r) {
+  if (d.tipo != 1) return std::vector<qint64>{};
+  return codigosDe(db.consultar(
+      u"SELECT B.CODPLU FROM BorradosGrupo B WHERE B.GRUPO=? AND B.CODPLU>=? AND B.CODPLU<=? AND "
+      u"NOT EXISTS (SELECT 1 FROM PLUSES P WHERE P.SECCION=? AND P.CODPLU=B.CODPLU) ORDER BY 1",
+      d.grupo, r.desde, r.tope(), d.seccion));
+}
+
 Resultado<qint64> articulosDeSobra(dao::Database& db, const Destino& d) {
   const auto n = db.uno(
       u"SELECT count(DISTINCT CODPLU) FROM Enviados E WHERE E.GRUPO=? AND NOT EXISTS (SELECT 1 "

@@ -29,6 +29,11 @@ Resultado<std::vector<qint64>> SaltarSinCambios(dao::Database& db, const Destino
 // code its section doesn't have.
 Resultado<std::vector<qint64>> articulosPorBorrar(dao::Database& db, const Destino& destino);
 
+// What a machine that can't be compared was once told to delete, and may have again: of the range,
+// those that the section doesn't have.
+Resultado<std::vector<qint64>> borradosAntes(dao::Database& db, const Destino& destino,
+                                             Rango rango);
+
 // How many articles a machine that can't delete one alone was given, and should have no more.
 Resultado<qint64> articulosDeSobra(dao::Database& db, const Destino& destino);
 

@@ -44,6 +44,7 @@ Resultado<> Remesa::empezar(bool todo, Rango rango, bool porNumero) {
                       : SaltarSinCambios(db_, destino_, rango, reloj_.ahora());
   if (!codigos) return std::unexpected(codigos.error());
   lista_ = std::move(*codigos);
+  if (todo && que_ == Que::Articulos) otraVez_ = rango;
   if (porNumero) return {};
   return rechazadosAlFinal(db_, destino_, lista_);
 }
@@ -192,8 +193,8 @@ bool Remesa::rechazado(int error, const QString& motivo) {
 
 bool Remesa::hayQueHacerSitio() {
   if (sitioHecho_ || !destino_.conCross()) return false;
-  const auto borrables = articulosPorBorrar(db_, destino_);
-  return borrables && !borrables->empty();
+  const auto codigos = borrables();
+  return codigos && !codigos->empty();
 }
 
 bool Remesa::empezarFinal() {
@@ -209,14 +210,25 @@ bool Remesa::empezarFinal() {
 // --- deletions
 // ---------------------------------------------------------------------------------------------
 
+Resultado<std::vector<qint64>> Remesa::borrables() const {
+  auto codigos = articulosPorBorrar(db_, destino_);
+  if (!codigos || !otraVez_) return codigos;
+  const auto antes = borradosAntes(db_, destino_, *otraVez_);
+  if (!antes) return std::unexpected(antes.error());
+  std::vector<qint64> todos;
+  std::ranges::set_union(*codigos, *antes, std::back_inserter(todos));
+  return todos;
+}
+
 Resultado<> Remesa::empezarBorrados() {
   TARVO_INTENTAR(asentar());
   if (std::exchange(faltaSitio_, false)) {
     sitioHecho_ = true;
     negadasSeguidas_ = 0;
   }
-  auto codigos = articulosPorBorrar(db_, destino_);
+  auto codigos = borrables();
   if (!codigos) return std::unexpected(codigos.error());
+  otraVez_.reset();
   borrados_ = std::move(*codigos);
   posBorrados_ = 0;
   return {};
@@ -239,7 +251,7 @@ void Remesa::borrado(qint64 codigo) {
   ++resumen_.borrados;
   ++hechos_;
   codigo_ = codigo;
-  hueco(codigo, codigo);
+  anotar({Nota::Borrado, codigo});
 }
 
 void Remesa::borradoNegado(qint64 codigo, const QString& motivo) {
@@ -264,9 +276,11 @@ Resultado<Remesa::Restan> Remesa::restan() const {
     if (!e.saliente.retenido() && sinTurno(e.saliente.codigo)) ++r.articulos;
   r.articulos += std::ranges::count_if(std::span(lista_).subspan(leidos_), sinTurno);
   if (!destino_.conCross()) return r;
-  const auto borrables = articulosPorBorrar(db_, destino_);
-  if (!borrables) return std::unexpected(borrables.error());
-  r.borrados = std::ranges::count_if(*borrables, sinTurno);
+  r.borrados = std::ssize(borrados_) - static_cast<qint64>(posBorrados_);
+  if (r.borrados > 0) return r;
+  const auto codigos = borrables();
+  if (!codigos) return std::unexpected(codigos.error());
+  r.borrados = std::ranges::count_if(*codigos, sinTurno);
   return r;
 }
 
@@ -337,6 +351,8 @@ Resultado<> Remesa::escribirNota(const Nota& n, const Preparado* p) {
     case Nota::Hueco:
       return n.codigo == n.hasta ? tenencias_.AnotarBorrado(n.codigo)
                                  : tenencias_.AnotarHueco(n.codigo, n.hasta);
+    case Nota::Borrado:
+      return tenencias_.AnotarOrdenBorrado(n.codigo);
     case Nota::Leido:
       return escribirLeido(n, p);
     case Nota::Sobra:

@@ -90,7 +90,7 @@ class Remesa {
     bool eraSuyo = false;
   };
   struct Nota {
-    enum Que { Enviado, Hueco, Rechazado, Leido, Sobra } que;
+    enum Que { Enviado, Hueco, Borrado, Rechazado, Leido, Sobra } que;
     qint64 codigo = 0, hasta = 0;
     Preparado preparado{};
     bool eraSuyo = false;
@@ -100,6 +100,7 @@ class Remesa {
     Huella huella{};
   };
   bool hayQueHacerSitio();
+  Resultado<std::vector<qint64>> borrables() const;
   Resultado<> cargar();
   Resultado<bool> refrescar();
   maquinas::Cabe<QByteArray> registroDe(const Preparado& p) const;
@@ -121,6 +122,7 @@ class Remesa {
   Tenencias tenencias_;
   std::unique_ptr<Temporizador> turno_;
 
+  std::optional<Rango> otraVez_;  // of it, what was deleted before is deleted once more
   std::vector<qint64> lista_;
   size_t leidos_ = 0;  // of lista_
   std::vector<Enviable> lote_;
