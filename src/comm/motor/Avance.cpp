@@ -253,7 +253,7 @@ void gestcomm::Interior::finTarea(int id) {
   const int c = t->Canal;
   t->Estado = kTerminado;
   t->Error = t->FallosTrama = 0;
-  t->textoError.clear();
+  t->textoError = t->trabajo->reparo();
   anotarBuena(*t);
   liberarCanal(c);
   soltarEnlace(c);

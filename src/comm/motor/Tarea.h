@@ -114,6 +114,8 @@ class TrabajoTarea {
   virtual Resultado<std::vector<totals::Aviso>> cerrar() = 0;
   // The task is given up; what there is to tell of it.
   virtual std::vector<totals::Aviso> abandonar() { return {}; }
+  // What it leaves out though it ends well, in a line for the grid; empty for nothing.
+  virtual QString reparo() const { return {}; }
   // What it is now at, for the grid ("P 0000123"), and the last code for reports.
   virtual QString MostrarTraza() const { return {}; }
   virtual qint64 codigoActual() const { return 0; }

@@ -103,22 +103,27 @@ std::vector<totals::Aviso> EnvioArticulos::avisos(bool acabada) const {
   const envios::Resumen& r = remesa_.resumen();
   std::vector<totals::Aviso> salida;
   nombrar(salida, r.retenidos, kTxArticuloRetenido, kTxRetenidosPorLoMismo, t_.Grupo, e_.textos);
-  nombrar(salida, r.rechazados, kTxArticuloRechazado, kTxRechazadosPorLoMismo, t_.Grupo,
-          e_.textos);
+  nombrar(salida, r.rechazados, kTxArticuloRechazado, kTxRechazadosPorLoMismo, t_.Grupo, e_.textos);
   if (const auto quedan = remesa_.restan(); !acabada && quedan)
     salida.push_back(
-        {t_.Grupo, e_.textos(kTxSinAcabar, {t_.Grupo, quedan->articulos, quedan->borrados}),
-         true});
+        {t_.Grupo, e_.textos(kTxSinAcabar, {t_.Grupo, quedan->articulos, quedan->borrados}), true});
   if (t_.Tipo == 2 || t_.Tipo == 3)
     if (const auto n = envios::articulosDeSobra(e_.db, destinoDe(t_)); n && *n > 0)
       salida.push_back({t_.Grupo, e_.textos(kTxGuardaBorrados, {t_.Grupo, *n}), false});
-  const bool nada = acabada && r.enviados + r.borrados == 0 && r.retenidos.empty() && r.rechazados.empty();
+  const bool nada =
+      acabada && r.enviados + r.borrados == 0 && r.retenidos.empty() && r.rechazados.empty();
   const QString cuenta =
       nada ? e_.textos(kTxSinArticulosQueEnviar, {t_.Grupo})
            : e_.textos(soloPrecios() ? kTxPreciosEnviados : kTxArticulosEnviados,
                        {t_.Grupo, r.enviados, r.borrados, r.retenidos.size(), r.rechazados.size()});
   salida.push_back({t_.Grupo, cuenta, false});
   return salida;
+}
+
+QString EnvioArticulos::reparo() const {
+  const envios::Resumen& r = remesa_.resumen();
+  if (r.retenidos.empty() && r.rechazados.empty()) return {};
+  return e_.textos(kTxReparo, {r.retenidos.size(), r.rechazados.size()});
 }
 
 QString EnvioArticulos::MostrarTraza() const {

@@ -22,6 +22,7 @@ class EnvioArticulos : public motor::TrabajoTarea {
   void reposo() final { static_cast<void>(remesa_.asentar()); }
   Resultado<std::vector<totals::Aviso>> cerrar() final { return avisos(true); }
   std::vector<totals::Aviso> abandonar() final;
+  QString reparo() const final;
   QString MostrarTraza() const final;
   qint64 codigoActual() const override { return remesa_.codigoActual(); }
   qint64 avance() const override { return remesa_.hechos(); }

@@ -21,6 +21,7 @@ enum TextoTareas : int {
   kTxRetenidosPorLoMismo = 2124,
   kTxRechazadosPorLoMismo = 2125,
   kTxGuardaBorrados = 2126,
+  kTxReparo = 2129,
   kTxEnGrupo = 2240,
   kTxGrupoBorrado = 2241,
   kTxListaVacia = 2242,
