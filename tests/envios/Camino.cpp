@@ -47,8 +47,10 @@ struct Caminante : Envios {
   }
   void lote(const precios::OrdenLote& orden) {
     precios::CambioLote cambio(*db, *catalogo, *lotes, textosDePrueba());
-    const ClaveArticulo claves[] = {{1, 10}};
-    ultimo = valor(cambio.aplicar(claves, orden, kVentana)).lote;
+    const auto marcha = cambio.empezar({{1, 10}}, orden, kVentana);
+    while (valor(marcha->paso())) continue;
+    bien(marcha->acabar());
+    ultimo = marcha->hecho().lote;
   }
   void ofrecer(qint64 precio, int desde, int hasta) {
     const Fecha hoy = reloj.ahora().dia();
