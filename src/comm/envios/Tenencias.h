@@ -18,7 +18,7 @@ struct Mudanza {
   bool borrando = false;  // a wipe has no answer
   bool seccion = false, tarifa = false, maquina = false;
   bool anotada = false;  // tarifa and machine stand there
-  QString suMaquina;  // which it is now
+  QString suMaquina;     // which it is now
   bool hay() const { return !conocido || seccion || tarifa || maquina; }
 };
 Resultado<Mudanza> mudanzaDe(dao::Database& db, const Destino& destino);

@@ -42,27 +42,27 @@ Estado formaDe(Situacion s) {
 
 std::vector<Columna> columnasEstado(const Textos& textos) {
   return {{.titulo = kTxCodigoArticulo, .campo = u"CODPLU"_s, .clase = Clase::Codigo, .cifras = 7},
-          {.titulo = kTxNombreArticulo, .campo = u"NOMPLU"_s, .ancho = 180},
+          {.titulo = kTxNombreArticulo, .campo = u"NOMPLU"_s, .ancho = 165},
           {.titulo = kTxSituacion,
            .campo = u"SITUACION"_s,
-           .ancho = 112,
+           .ancho = 140,
            .ver =
                [&textos](const dao::Valor& v) {
                  return textos(kTxSituaciones + static_cast<int>(v.entero()));
                },
            .estado = [](const dao::Valor& v) { return formaDe(Situacion(v.entero())); }},
           {.titulo = kTxDesdeCuando, .campo = u"DESDE"_s, .clase = Clase::Momento},
-          {.titulo = kTxMotivo, .campo = u"MOTIVO"_s, .ancho = 320}};
+          {.titulo = kTxMotivo, .campo = u"MOTIVO"_s, .ancho = 262}};
 }
 
 std::vector<Columna> columnasFicha(const Textos& textos) {
   const QString igual = textos(kTxIgual), distinto = textos(kTxDistinto);
-  return {{.titulo = kTxCampo, .campo = u"campo"_s, .ancho = 136},
-          {.titulo = kTxAqui, .campo = u"aqui"_s, .ancho = 132},
-          {.titulo = kTxEnBalanza, .campo = u"alli"_s, .ancho = 132},
+  return {{.titulo = kTxCampo, .campo = u"campo"_s, .ancho = 124},
+          {.titulo = kTxAqui, .campo = u"aqui"_s, .ancho = 120},
+          {.titulo = kTxEnBalanza, .campo = u"alli"_s, .ancho = 112},
           {.titulo = kTxSituacion,
            .campo = u"distinto"_s,
-           .ancho = 84,
+           .ancho = 104,
            .ver =
                [=](const dao::Valor& v) {
                  return v.nulo() ? QString() : v.logico() ? distinto : igual;
