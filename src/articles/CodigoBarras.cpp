@@ -27,10 +27,18 @@ std::optional<int> controlDebido(QStringView codigo) {
   return debido;
 }
 
+int cifrasDe(int barras) {
+  return barras == kEAN8 ? 8 : 13;
+}
+
+bool deSuTipo(const Articulo& a) {
+  return a.codBarExt->size() == cifrasDe(a.barras) && soloCifras(*a.codBarExt);
+}
+
 QString codigoImpreso(const Articulo& a) {
   QString codigo = a.codigoDeBarras();
   if (a.codBarExt) return codigo;
-  const qsizetype cifras = a.barras == kEAN8 ? 7 : 12;
+  const qsizetype cifras = cifrasDe(a.barras) - 1;
   if (codigo.size() > cifras || !soloCifras(codigo)) return {};
   if (a.barras == kEAN8 && codigo.size() != cifras) return {};
   codigo = codigo.leftJustified(cifras, u'0');

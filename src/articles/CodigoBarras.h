@@ -13,6 +13,11 @@ int digitoControl(QStringView cifras);
 // that is right, or of another kind.
 std::optional<int> controlDebido(QStringView codigo);
 
+// How many digits a kind has, the checking one among them.
+int cifrasDe(int barras);
+// Whether a predefined code has the digits of its kind, whatever the last one is. REQUIRES one.
+bool deSuTipo(const Articulo& articulo);
+
 // The whole number under the bars. A composed EAN13 has zeros where the scale prints weight or
 // amount. Empty when prefix and code don't fit the kind.
 QString codigoImpreso(const Articulo& articulo);

@@ -127,10 +127,18 @@ Resultado<> anotarPrecios(dao::Database& db, qint64 lote, const Firma& firma) {
       TARVO_INTENTAR(db.ejecutar(
           u"INSERT INTO HistoriaPrecios (SECCION, CODPLU, NIVEL, TARIFA, ANTES, AHORA, CUANDO, "
           u"QUIEN, VENTANA) SELECT L.SECCION, L.CODPLU, ?, ?, ifnull(P.%1, 0), L.%1, ?, ?, ? FROM "
-          u"LoteAntes L LEFT JOIN PLUSES P ON P.SECCION=L.SECCION AND P.CODPLU=L.CODPLU WHERE "
-          u"L.LOTE=? AND L.QUE IN (1, 4) AND ifnull(P.%1, 0)<>L.%1"_s.arg(
-              columnaPrecio(nivel, tarifa)),
+          u"LoteAntes L INNER JOIN PLUSES P ON P.SECCION=L.SECCION AND P.CODPLU=L.CODPLU WHERE "
+          u"L.LOTE=? AND L.QUE=1 AND ifnull(P.%1, 0)<>L.%1"_s.arg(columnaPrecio(nivel, tarifa)),
           nivel, tarifa, firma.cuando, firma.quien, firma.ventana, lote));
+  return {};
+}
+
+Resultado<> devolverHistoria(dao::Database& db, qint64 lote) {
+  TARVO_INTENTAR(db.ejecutar(
+      u"UPDATE HistoriaPrecios SET SECCION=V.SECCION FROM LoteAntes V INNER JOIN LoteAntes N ON "
+      u"N.LOTE=V.LOTE AND N.CODPLU=V.CODPLU AND N.SECCION<>V.SECCION WHERE V.LOTE=? AND V.QUE=4 "
+      u"AND N.QUE=2 AND HistoriaPrecios.SECCION=N.SECCION AND HistoriaPrecios.CODPLU=N.CODPLU",
+      lote));
   return {};
 }
 

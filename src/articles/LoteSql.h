@@ -30,8 +30,11 @@ struct Firma {
   Fecha cuando;
   QString quien, ventana;
 };
-// The prices that reponer() will change. REQUIRES that it didn't run yet.
+// The prices that reponer() will change. REQUIRES that it didn't run yet. An article that comes
+// back comes with its prices: nobody set them.
 Resultado<> anotarPrecios(dao::Database& db, qint64 lote, const Firma& firma);
+// The history of an article that was moved goes back with it.
+Resultado<> devolverHistoria(dao::Database& db, qint64 lote);
 // Takes the predefined bar codes off the articles that reponer() will write, so that two of them
 // can give each other theirs back.
 Resultado<> soltarCodigos(dao::Database& db, qint64 lote);

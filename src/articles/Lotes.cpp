@@ -192,6 +192,7 @@ Resultado<Lotes::Deshecho> Lotes::reponer(qint64 lote, const QString& ventana) {
   if (!fuera) return std::unexpected(fuera.error());
 
   TARVO_INTENTAR(lotesql::anotarPrecios(db_, lote, {reloj_.ahora(), catalogo_.quien(), ventana}));
+  TARVO_INTENTAR(lotesql::devolverHistoria(db_, lote));
   TARVO_INTENTAR(lotesql::soltarCodigos(db_, lote));
   const auto quitados = catalogo_.borrar(*nuevos);
   if (!quitados) return std::unexpected(quitados.error());

@@ -48,7 +48,7 @@ TEST_F(ImpTabla_, LosTitulosSeReconocen) {
       textosDePrueba()));
   const auto t = emparejar(leida.tabla, textosDePrueba());
   EXPECT_EQ(t.fila, 1);
-  const Emparejado debe{Campo::Codigo,    Campo::Nombre, campoPrecio(0, 0), campoPrecio(0, 3),
+  const Emparejado debe{Campo::Codigo,    Campo::Nombre, campoPrecio(0, 0), campoPrecio(0, 2),
                         Campo::CodBarExt, std::nullopt,  campoPrecio(1, 2)};
   EXPECT_EQ(t.columnas, debe);
   // "Artículo" may be the name or the code.
@@ -80,18 +80,18 @@ TEST_F(ImpTabla_, EnsayarNoCambiaNadaYDiceTodo) {
       u"18;Otro;-1;;;;\n"
       u"19;Otro;1;;;;200\n"_s);
   EXPECT_EQ(propuestas(),
-            u"2 C Precio, tarifa 0 1,50>1,75, Cantidad Hasta 1 0,000>1,500 | 3 I  | "
-            u"4 N Nombre >Pan de molde, Precio, tarifa 0 >1.234,50, Unidad de venta >unidad, "
+            u"2 C Precio, tarifa 1 1,50>1,75, Cantidad Hasta 1 0,000>1,500 | 3 I  | "
+            u"4 N Nombre >Pan de molde, Precio, tarifa 1 >1.234,50, Unidad de venta >unidad, "
             u"Departamento >2, Código de barras >8401, Cantidad Hasta 1 >3 | "
             u"5 R Código: «x» no vale. | "
             u"6 R El código 0000001 es del sistema y no se sobreescribe. | "
             u"7 R El artículo es nuevo y le falta el nombre. | "
-            u"8 R Precio, tarifa 0: «abc» no vale. | "
+            u"8 R Precio, tarifa 1: «abc» no vale. | "
             u"9 R El código 0000012 está también en la línea 8. | "
             u"10 R Unidad de venta: «litro» no vale. | "
             u"11 R No hay departamento «99» en la sección 001. | "
             u"12 R El código de barras 8400 ya es del artículo 0000011. | "
-            u"13 R Precio, tarifa 0: «-1» no vale. | "
+            u"13 R Precio, tarifa 1: «-1» no vale. | "
             u"14 R Cantidad Hasta 1: «200,000» no vale."_s);
   EXPECT_EQ(articulos(u"NOMPLU, PRECIO_00, DEPTO, CodBarExt"_s), antes);
 }

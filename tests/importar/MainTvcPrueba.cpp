@@ -79,6 +79,59 @@ TEST_F(MainTvc_, DosLineasDeUnArticulo) {
   EXPECT_EQ(articulos(), u""_s);
 }
 
+// What a run made goes with its undoing: sections in which nothing is, and only those.
+TEST_F(MainTvc_, LasSeccionesQueHizoSeVanAlDeshacer) {
+  const QString secciones = u"SELECT NMSECC FROM SECCS ORDER BY 1"_s;
+  SeccionesHechas hechas{*db, catalogo};
+  const auto deshacer = [&] {
+    const qint64 lote = bien(lotes.ultimo(u"MainTvc"_s))->numero;
+    bien(lotes.deshacer(lote, u"MainTvc"_s));
+    return bien(hechas.quitar(lote));
+  };
+  EXPECT_EQ(bien(hechas.quitar(99)), 0) << "no run was ever made";
+  const QByteArray lineas = vieja(2, 45, u"PAN"_s, '2', 100) + vieja(5, 46, u"SAL"_s, '2', 100) +
+                            vieja(6, 47, u"AJO"_s, '2', 100);
+  convertir(lineas, {});
+  EXPECT_EQ(leer(secciones), u"1 | 2 | 5 | 6"_s);
+  sql(u"INSERT INTO DEPTS (SECCION, NUMDEP, NomDep) VALUES (6, 1, 'De otro')"_s);
+  EXPECT_EQ(deshacer(), 1);
+  EXPECT_EQ(leer(secciones), u"1 | 2 | 6"_s) << "2 was there, 6 has a department now";
+  convertir(lineas, {});  // under the number that was forgotten
+  EXPECT_EQ(deshacer(), 1);
+  EXPECT_EQ(leer(secciones), u"1 | 2 | 6"_s);
+}
+
+// A line that isn't of this layout is named with its own reason, and makes nothing.
+TEST_F(MainTvc_, LineasQueNoSonDeArticulos) {
+  const QByteArray buena = vieja(1, 45, u"PAN"_s, '2', 100);
+  const QByteArray sinFin = buena.chopped(2);
+  const struct {
+    QByteArray linea;
+    const char16_t* motivo;
+  } casos[] = {
+      {QByteArray(193, '0'), u"Longitud 193: una línea de este formato tiene 76."},
+      {sinFin + "1", u"Longitud 77: una línea de este formato tiene 76."},
+      {sinFin.left(54), u"Longitud 54: una línea de este formato tiene 76."},
+      {"1", u"Longitud 1: una línea de este formato tiene 76."},
+      {"00" + sinFin.mid(2), u"Columnas 1 a 2: «00» no es una sección."},
+      {"x?" + sinFin.mid(2), u"Columnas 1 a 2: «x?» no es una sección."},
+      {"010000" + sinFin.mid(6), u"Columnas 3 a 6: «0000» no es un código de artículo."},
+      {"010002" + sinFin.mid(6), u"El código 0000002 es del sistema y no se sobreescribe."},
+  };
+  QByteArray todas = buena + sinFin.left(55) + "\n" + sinFin + "   \n";
+  for (const auto& c : casos) todas += c.linea + "\n";
+  const auto m = convertir(todas, {});
+  EXPECT_EQ(m->cuenta().nuevos + m->cuenta().cambiados, 3) << "short of stock, long by blanks";
+  ASSERT_EQ(m->cuenta().malas.size(), std::size(casos));
+  for (size_t i = 0; i < std::size(casos); ++i)
+    EXPECT_EQ(m->cuenta().malas[i].motivo, QString::fromUtf16(casos[i].motivo));
+  EXPECT_EQ(leer(u"SELECT count(*) FROM SECCS"_s), u"2"_s);
+  const auto otro =
+      MainTvc::abrir(*db, catalogo, reloj, fichero("\r\n" + QByteArray(193, '0') + "\r\n"));
+  ASSERT_FALSE(otro);
+  EXPECT_TRUE(otro.error().texto.startsWith(u"F.PLU es de otro formato, con líneas de 193"_s));
+}
+
 TEST_F(MainTvc_, SinAlmacenYFicherosVacios) {
   sql(u"DELETE FROM GRUPOS"_s);
   sql(u"DELETE FROM ALMACEN"_s);

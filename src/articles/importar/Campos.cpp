@@ -26,7 +26,8 @@ QStringList nombres(Campo campo, const Textos& textos) {
     return textos(kTxCampos + static_cast<int>(campo)).split(u'|', Qt::SkipEmptyParts);
   const int i = static_cast<int>(campo) - static_cast<int>(Campo::Precio);
   const int nivel = i / articles::kTarifas, tarifa = i % articles::kTarifas;
-  QStringList n = textos(kTxPreciosNivel + nivel, {tarifa}).split(u'|', Qt::SkipEmptyParts);
+  // The first tarifa is 1 to people, 0 in the names of the columns.
+  QStringList n = textos(kTxPreciosNivel + nivel, {tarifa + 1}).split(u'|', Qt::SkipEmptyParts);
   n << articles::columnaPrecio(nivel, tarifa);
   if (i == 0) n << textos(kTxPrecioSolo).split(u'|', Qt::SkipEmptyParts);
   return n;

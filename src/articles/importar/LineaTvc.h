@@ -8,6 +8,9 @@
 
 namespace tarvo::importar {
 
+// Characters of a line; without the opening stock and the bar code it is an article still.
+inline constexpr int kLineaTvc = 76, kLineaTvcMenor = 55;
+
 // What a line says. A field that isn't there, or is no number, is 0.
 struct RegistroTvc {
   int seccion = 0;

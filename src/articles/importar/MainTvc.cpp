@@ -1,5 +1,6 @@
 #include "articles/importar/MainTvc.h"
 
+#include "articles/importar/LineaPLU.h"
 #include "articles/importar/TextosImportar.h"
 
 namespace tarvo::importar {
@@ -21,10 +22,22 @@ void aplicar(const RegistroTvc& r, const SitioTvc& sitio, const QString& prefijo
   a.pfxBar = prefijo;
 }
 
+// Of the first line that isn't empty.
+qsizetype largoPrimera(const QByteArray& bytes) {
+  Lineas l(bytes);
+  while (l.siguiente())
+    if (!l.linea().trimmed().isEmpty()) return l.linea().size();
+  return 0;
+}
+
 }  // namespace
 
 MainTvc::MainTvc(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj, QByteArray bytes)
-    : db_(db), catalogo_(catalogo), lotes_(db, catalogo, reloj), lineas_(std::move(bytes)) {}
+    : db_(db),
+      catalogo_(catalogo),
+      lotes_(db, catalogo, reloj),
+      hechas_(db, catalogo),
+      lineas_(std::move(bytes)) {}
 
 Resultado<std::unique_ptr<MainTvc>> MainTvc::abrir(dao::Database& db, articles::Catalogo& catalogo,
                                                    Reloj& reloj, const QString& ruta) {
@@ -32,6 +45,9 @@ Resultado<std::unique_ptr<MainTvc>> MainTvc::abrir(dao::Database& db, articles::
   if (!bytes) return std::unexpected(bytes.error());
   if (bytes->trimmed().isEmpty())
     return fallo(Fallo::Formato, catalogo.textos()(kTxFicheroVacio, {NombreFichero(ruta)}));
+  if (largoPrimera(*bytes) == kLineaLarga)
+    return fallo(Fallo::Formato,
+                 catalogo.textos()(kTxOtroFormato, {NombreFichero(ruta), kLineaLarga}));
   return std::unique_ptr<MainTvc>(new MainTvc(db, catalogo, reloj, std::move(*bytes)));
 }
 
@@ -49,6 +65,7 @@ Resultado<bool> MainTvc::lineas(const DestinoTvc& destino) {
     const auto lote = lotes_.empezar(kVentanaTvc);
     if (!lote) return std::unexpected(lote.error());
     lote_ = *lote;
+    TARVO_INTENTAR(hechas_.empezar(lote_));
   }
   bool hayMas = true;
   for (int i = 0; hayMas && i < kLineasPorPaso; ++i) {
@@ -66,20 +83,34 @@ Resultado<bool> MainTvc::linea(const DestinoTvc& destino) {
   ++cuenta_.lineas;
   actual_ = lineas_.linea().mid(6, 25);
   const RegistroTvc r = leerLineaTvc(lineas_.linea());
-  const auto sitio = sitioDe(r, destino);
-  if (!sitio) return ++cuenta_.sinTarifa, true;
-  if (sitio->clave.deSistema()) {
-    cuenta_.malas.push_back(
-        lineas_.mala(catalogo_.textos()(kTxDelSistema, {Ceros(sitio->clave.codigo, 7)})));
+  if (const QString motivo = falta(r, destino); !motivo.isEmpty()) {
+    cuenta_.malas.push_back(lineas_.mala(motivo));
     return true;
   }
+  const auto sitio = sitioDe(r, destino);
+  if (!sitio) return ++cuenta_.sinTarifa, true;
   TARVO_INTENTAR(convertir(r, *sitio, prefijoDe(r.depto, destino)));
   return true;
 }
 
+QString MainTvc::falta(const RegistroTvc& r, const DestinoTvc& destino) const {
+  const Textos& t = catalogo_.textos();
+  const QStringView linea = lineas_.linea();
+  const qsizetype largo = linea.size() > kLineaTvc ? linea.trimmed().size() : linea.size();
+  if (largo < kLineaTvcMenor || largo > kLineaTvc) return t(kTxLargoTvc, {linea.size(), kLineaTvc});
+  const auto sitio = sitioDe(r, destino);
+  if (!sitio) return {};
+  const bool todas = destino.unaSeccion && !destino.seccionPorTarifa;
+  if (sitio->clave.seccion < 1) return t(kTxNoEsSeccion, {1, 2, linea.left(2).toString()});
+  if (sitio->clave.codigo < 1)
+    return t(kTxNoEsCodigo, {todas ? 1 : 3, 6, linea.mid(todas ? 0 : 2, todas ? 6 : 4).toString()});
+  if (sitio->clave.deSistema()) return t(kTxDelSistema, {Ceros(sitio->clave.codigo, 7)});
+  return {};
+}
+
 Resultado<> MainTvc::convertir(const RegistroTvc& r, const SitioTvc& sitio,
                                const QString& prefijo) {
-  TARVO_INTENTAR(asegurarSeccion(sitio.clave.seccion));
+  TARVO_INTENTAR(hechas_.asegurar(lote_, sitio.clave.seccion));
   const auto hay = catalogo_.leer(sitio.clave);
   if (!hay) return std::unexpected(hay.error());
   TARVO_INTENTAR(lotes_.guardar(lote_, sitio.clave));
@@ -89,13 +120,6 @@ Resultado<> MainTvc::convertir(const RegistroTvc& r, const SitioTvc& sitio,
   if (*hay) return catalogo_.modificar(sitio.clave, a, kVentanaTvc);
   TARVO_INTENTAR(catalogo_.crear(a, kVentanaTvc));
   return ponerInicial(sitio.clave, r.inicial);
-}
-
-Resultado<> MainTvc::asegurarSeccion(int seccion) {
-  TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (?, ?) ON CONFLICT (NMSECC) DO NOTHING", seccion,
-      catalogo_.textos()(kTxSeccionNueva, {seccion})));
-  return {};
 }
 
 // Into the first warehouse, in the order of their codes.

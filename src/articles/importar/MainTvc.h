@@ -1,10 +1,11 @@
 // The articles of the former system into the catalogue, in slices. The machines hear of each; the
-// whole run is one batch, which can be undone (sections that it made stay).
+// whole run is one batch, which can be undone; SeccionesHechas takes its sections away then.
 #pragma once
 
 #include "articles/Lotes.h"
 #include "articles/importar/LineaTvc.h"
 #include "articles/importar/Lineas.h"
+#include "articles/importar/SeccionesHechas.h"
 
 namespace tarvo::importar {
 
@@ -13,7 +14,7 @@ class MainTvc {
   static constexpr int kLineasPorPaso = 100;
 
   // REQUIRES that the references outlive it. Errors: those of leerFichero; Formato for a file
-  // without a line.
+  // without a line, and for one of the other layout of .PLU files.
   static Resultado<std::unique_ptr<MainTvc>> abrir(dao::Database& db, articles::Catalogo& catalogo,
                                                    Reloj& reloj, const QString& ruta);
 
@@ -37,12 +38,14 @@ class MainTvc {
   Resultado<bool> lineas(const DestinoTvc& destino);
   Resultado<bool> linea(const DestinoTvc& destino);
   Resultado<> convertir(const RegistroTvc& r, const SitioTvc& sitio, const QString& prefijo);
-  Resultado<> asegurarSeccion(int seccion);
+  // What keeps the line from being converted, in words; empty for none.
+  QString falta(const RegistroTvc& r, const DestinoTvc& destino) const;
   Resultado<> ponerInicial(articles::ClaveArticulo clave, qint64 inicial);
 
   dao::Database& db_;
   articles::Catalogo& catalogo_;
   articles::Lotes lotes_;
+  SeccionesHechas hechas_;
   Lineas lineas_;
   Cuenta cuenta_;
   QString actual_;

@@ -23,6 +23,10 @@ enum TextoImportar : int {
   kTxNoSeCrean = 4617,
   kTxCodigoDeOtro = 4618,
   kTxNadaHecho = 4619,
+  kTxLargoTvc = 4643,
+  kTxNoEsCodigo = 4644,
+  kTxNoEsSeccion = 4645,
+  kTxOtroFormato = 4646,
   kTxCampos = 4700,        // to 4719
   kTxPreciosNivel = 4720,  // to 4722
   kTxPrecioSolo = 4723,

@@ -1,7 +1,5 @@
 #include "articles/precios/CambioRapido.h"
 
-#include <algorithm>
-
 #include "articles/precios/Limites.h"
 #include "articles/precios/TextosPrecios.h"
 #include "core/dinero/Dinero.h"
@@ -12,8 +10,12 @@ using articles::Articulo;
 
 namespace {
 
-// False when the text is no value of that column.
-bool poner(Articulo& a, ColumnaRapida columna, const QString& texto, const Ajustes& ajustes) {
+bool esPrecio(ColumnaRapida columna) {
+  return columna >= ColumnaRapida::Precio1 && columna <= ColumnaRapida::Precio3;
+}
+
+// False when the text is no value of that column, which isn't a price.
+bool poner(Articulo& a, ColumnaRapida columna, const QString& texto) {
   const auto numero = [&](auto& donde, qint64 desde, qint64 hasta) {
     const auto n = numeroEntre(texto, desde, hasta);
     if (n) donde = static_cast<std::remove_reference_t<decltype(donde)>>(*n);
@@ -25,15 +27,6 @@ bool poner(Articulo& a, ColumnaRapida columna, const QString& texto, const Ajust
     case ColumnaRapida::Nombre:
       a.nombre = texto.trimmed().left(kNombreMayor);
       return !a.nombre.isEmpty();
-    case ColumnaRapida::Precio1:
-    case ColumnaRapida::Precio2:
-    case ColumnaRapida::Precio3: {
-      const auto nivel =
-          static_cast<std::size_t>(columna) - static_cast<std::size_t>(ColumnaRapida::Precio1);
-      const auto precio = comoPrecio(texto, ajustes);
-      if (precio) a.precios[nivel][0] = *precio;
-      return precio.has_value();
-    }
     case ColumnaRapida::Departamento:
       return numero(a.depto, 1, kUltimoDepartamento);
     case ColumnaRapida::CodBarras:
@@ -45,28 +38,49 @@ bool poner(Articulo& a, ColumnaRapida columna, const QString& texto, const Ajust
       return numero(a.numdias1, 0, kDiasMayor);
     case ColumnaRapida::Dias2:
       return numero(a.numdias2, 0, kDiasMayor);
+    default:
+      return false;
   }
-  return false;
 }
 
 }  // namespace
 
-std::optional<qint64> comoPrecio(const QString& texto, const Ajustes& ajustes) {
-  const QString t = texto.trimmed();
-  if (t.isEmpty()) return 0;
-  // An amount shown again tells a number from words, which count as 0.
-  const qint64 n = AImporte(ajustes, t, ajustes.MonedaNativa);
-  const bool cero =
-      std::ranges::all_of(t, [](QChar c) { return c == u'0' || c == u',' || c == u'.'; }) &&
-      t.contains(u'0');
-  if ((n == 0 && !cero) || n < 0 || n > kPrecioMayor) return std::nullopt;
-  return n;
+std::expected<qint64, FaltaPrecio> comoPrecio(const QString& texto, const Ajustes& ajustes) {
+  if (texto.trimmed().isEmpty()) return 0;
+  const auto n = LeerImporte(ajustes, texto, ajustes.MonedaNativa);
+  if (!n) return std::unexpected(FaltaPrecio::NoEsImporte);
+  if (*n < 0) return std::unexpected(FaltaPrecio::Negativo);
+  if (*n > kPrecioMayor) return std::unexpected(FaltaPrecio::Demasiado);
+  return *n;
+}
+
+Error errorDe(FaltaPrecio falta, const QString& texto, const Ajustes& ajustes,
+              const Textos& textos) {
+  const QString mayor = VerImporte(ajustes, kPrecioMayor, ajustes.MonedaNativa);
+  return {Fallo::Formato, 0,
+          textos(kTxPrecioNoVale + static_cast<int>(falta), {texto.trimmed(), mayor})};
+}
+
+std::optional<QString> avisoPrecio(qint64 precio, const Ajustes& ajustes, const Textos& textos) {
+  if (precio <= kPrecioDeBalanza) return std::nullopt;
+  const auto ver = [&](qint64 n) { return VerImporte(ajustes, n, ajustes.MonedaNativa); };
+  return textos(kTxPrecioAlto, {ver(precio), ver(kPrecioDeBalanza)});
 }
 
 Resultado<Articulo> conColumna(Articulo articulo, ColumnaRapida columna, const QString& texto,
                                const Ajustes& ajustes, const Textos& textos) {
-  if (poner(articulo, columna, texto, ajustes)) return articulo;
-  return fallo(Fallo::Restriccion, textos(kTxValorMalo + static_cast<int>(columna)));
+  const auto malo = fallo(Fallo::Restriccion, textos(kTxValorMalo + static_cast<int>(columna)));
+  if (esPrecio(columna)) {
+    const auto nivel =
+        static_cast<std::size_t>(columna) - static_cast<std::size_t>(ColumnaRapida::Precio1);
+    const auto precio = comoPrecio(texto, ajustes);
+    if (!precio && precio.error() == FaltaPrecio::NoEsImporte) return malo;
+    if (!precio) return std::unexpected(errorDe(precio.error(), texto, ajustes, textos));
+    articulo.precios[nivel][0] = *precio;
+    return articulo;
+  }
+  if (poner(articulo, columna, texto)) return articulo;
+  return malo;
 }
 
 }  // namespace tarvo::precios

@@ -8,7 +8,9 @@ enum TextoPrecios : int {
   kTxAcabanAntes = 4301,
   kTxFormatoMalo = 4309,
   kTxSinDepartamento = 4312,
-  kTxValorMalo = 4302,  // to 4311
+  kTxValorMalo = 4302,     // to 4311
+  kTxPrecioNoVale = 4313,  // to 4315
+  kTxPrecioAlto = 4316,
 };
 
 }  // namespace tarvo::precios

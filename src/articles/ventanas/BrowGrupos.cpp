@@ -172,17 +172,19 @@ void BrowGrupos::contar() {
       });
 }
 
+BrowGrupos::Nodo BrowGrupos::nodoDe(const QTreeWidgetItem& item) {
+  return {item.data(kNombre, kSeccion).toInt(), item.data(kNombre, kDepartamento).toInt()};
+}
+
 std::optional<BrowGrupos::Nodo> BrowGrupos::actual() const {
   const QTreeWidgetItem* item = ui_.Arbol->currentItem();
   if (!item) return std::nullopt;
-  return Nodo{item->data(kNombre, kSeccion).toInt(), item->data(kNombre, kDepartamento).toInt()};
+  return nodoDe(*item);
 }
 
 QTreeWidgetItem* BrowGrupos::buscar(Nodo nodo) const {
   for (QTreeWidgetItemIterator i(ui_.Arbol); *i; ++i)
-    if ((*i)->data(kNombre, kSeccion).toInt() == nodo.seccion &&
-        (*i)->data(kNombre, kDepartamento).toInt() == nodo.departamento)
-      return *i;
+    if (nodoDe(**i) == nodo) return *i;
   return nullptr;
 }
 

@@ -44,6 +44,8 @@ class BrowGrupos final : public ventanas::Ventana {
                           const QString& iva);
   void contar();
   std::optional<Nodo> actual() const;
+  static Nodo nodoDe(const QTreeWidgetItem& item);
+  Nodo vecinoDe(Nodo nodo) const;
   QTreeWidgetItem* buscar(Nodo nodo) const;
   void irA(Nodo nodo);
   void actualCambiado();

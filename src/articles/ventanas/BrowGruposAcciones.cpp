@@ -62,7 +62,7 @@ void BrowGrupos::borrarSeccion(int seccion) {
                   t(kTxBorraGrupos) + QString::number(cuentas->grupos)}
           .join(u'\n');
   if (!MyMsgBox::Decide(this, contexto().textos, pregunta,
-                        ventanas::kAceptoCancelo | ventanas::kExclamacion))
+                        ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente))
     return;
   if (!contexto().ventanas.descargar(u"BrowPLUs"_s)) return;
   const bool hecho = haIdoBien(secciones_.borrar(seccion));
@@ -79,10 +79,23 @@ void BrowGrupos::borrarDepartamento(Nodo nodo) {
   if (!MyMsgBox::Decide(this, contexto().textos, pregunta,
                         ventanas::kAceptoCancelo | ventanas::kExclamacion))
     return;
+  const Nodo vecino = vecinoDe(nodo);
   const auto borrado = borrarConLote(nodo);
   if (borrado) borrados_.push_back(*borrado);
   RefrescoArbol();
+  if (borrado) irA(vecino);
   if (haIdoBien(borrado)) decirBien(t(kTxDepartamentoBorrado).arg(borrado->nombre));
+}
+
+// The department behind it, else the one in front of it, else its section.
+BrowGrupos::Nodo BrowGrupos::vecinoDe(Nodo nodo) const {
+  QTreeWidgetItem* item = buscar(nodo);
+  if (!item || !item->parent()) return {nodo.seccion, 0};
+  const QTreeWidgetItem* seccion = item->parent();
+  const int sitio = seccion->indexOfChild(item);
+  const QTreeWidgetItem* otro = seccion->child(sitio + 1);
+  if (!otro) otro = seccion->child(sitio - 1);
+  return otro ? nodoDe(*otro) : Nodo{nodo.seccion, 0};
 }
 
 Resultado<BrowGrupos::Borrado> BrowGrupos::borrarConLote(Nodo nodo) {

@@ -30,7 +30,8 @@ void BrowOper::montar() {
                        .campo = u"CODOPE"_s,
                        .clase = Clase::Codigo,
                        .cifras = 4,
-                       .editar = [this](qint64 f, const QString& s) { return ponerCodigo(f, s); }},
+                       .editar = [this](qint64 f, const QString& s) { return ponerCodigo(f, s); },
+                       .largo = 9},
                       {.titulo = kTxNombre,
                        .campo = u"NOMOPE"_s,
                        .ancho = 320,
@@ -44,6 +45,8 @@ void BrowOper::montar() {
   connect(
       ui_.Grid, &ventanas::Parrilla::editada, this, [this](int fila) { refrescar(codigo(fila)); },
       Qt::QueuedConnection);
+  connect(ui_.Grid, &ventanas::Parrilla::dejada, this, &BrowOper::celdaDejada,
+          Qt::QueuedConnection);
 }
 
 Resultado<> BrowOper::preparar(const ventanas::Argumentos&) {
@@ -58,12 +61,18 @@ int BrowOper::codigo(int fila) const {
   return static_cast<int>(ui_.Grid->valor(fila, u"CODOPE").entero());
 }
 
+// -1 when it isn't in the list.
+int BrowOper::filaDe(int buscado) const {
+  int fila = ui_.Grid->filas() - 1;
+  while (fila >= 0 && codigo(fila) != buscado) --fila;
+  return fila;
+}
+
 // Leaves the pointer on an operator.
 void BrowOper::refrescar(int buscado) {
   if (ui_.Grid->editando()) return;
   if (!haIdoBien(ui_.Grid->refrescar())) return;
-  for (int fila = 0; fila < ui_.Grid->filas(); ++fila)
-    if (codigo(fila) == buscado) ui_.Grid->irA(fila);
+  ui_.Grid->irA(filaDe(buscado));
   actualCambiada();
 }
 
@@ -86,10 +95,14 @@ Operadores::AlAvanzar BrowOper::progreso() {
 }
 
 Resultado<> BrowOper::ponerCodigo(qint64 clave, const QString& texto) {
-  const auto hecho =
-      motor_.cambiarCodigo(codigo(ui_.Grid->filaDe(clave)), texto.toInt(), progreso());
+  const int viejo = codigo(ui_.Grid->filaDe(clave)), nuevo = texto.toInt();
+  const auto hecho = motor_.cambiarCodigo(viejo, nuevo, progreso());
   ui_.termo->hide();
   if (!hecho) return std::unexpected(informe(*this, hecho.error()));
+  if (viejo == nuevo_) {
+    nuevo_ = nuevo;
+    faltaNombre_ = true;
+  }
   return {};
 }
 
@@ -98,13 +111,42 @@ Resultado<> BrowOper::ponerNombre(qint64 clave, const QString& texto) {
 }
 
 void BrowOper::anadir() {
+  if (ui_.Grid->editando()) return;
   const auto libre = motor_.primeroLibre();
   if (!haIdoBien(libre)) return;
   if (!haIdoBien(motor_.anadir(*libre, {}))) return;
-  refrescar(*libre);
+  antes_ = codigo(ui_.Grid->filaActual());
+  nuevo_ = *libre;
+  refrescar(nuevo_);
+  pedirNombre();
+}
+
+void BrowOper::pedirNombre() {
   ui_.Grid->vista()->setCurrentIndex(
       ui_.Grid->modelo()->index(ui_.Grid->filaActual(), ui_.Grid->modelo()->columna(u"NOMOPE")));
   ui_.Grid->editarCelda();
+}
+
+// Behind the code of a new operator comes its name.
+void BrowOper::celdaDejada() {
+  if (nuevo_ == 0 || ui_.Grid->editando()) return;
+  std::exchange(faltaNombre_, false) ? pedirNombre() : descartarNuevo();
+}
+
+// A new operator that was left without a name is none.
+void BrowOper::descartarNuevo() {
+  const int nuevo = std::exchange(nuevo_, 0);
+  const int fila = nuevo > 0 ? filaDe(nuevo) : -1;
+  if (fila < 0 || !ui_.Grid->texto(fila, u"NOMOPE").isEmpty()) return;
+  const std::array<int, 1> codigos{nuevo};
+  const auto hecho = motor_.borrar(codigos);
+  refrescar(antes_);
+  if (haIdoBien(hecho)) decirDuda(t(kTxOperadorSinNombre));
+}
+
+bool BrowOper::QueryUnload() {
+  descartarNuevo();
+  return false;
 }
 
 void BrowOper::borrar() {
@@ -121,8 +163,8 @@ void BrowOper::borrar() {
   ui_.Grid->limpiarSeleccion();
   refrescar(0);
   if (haIdoBien(hecho))
-    decirBien(t(kTxOperadoresBorrados, static_cast<int>(codigos.size())) + u"  "_s +
-              t(kTxSePuedeDeshacer));
+    decirBien(
+        t(kTxSePuedeDeshacer).arg(t(kTxOperadoresBorrados, static_cast<int>(codigos.size()))));
 }
 
 void BrowOper::deshacer() {

@@ -13,6 +13,7 @@ class BrowOper final : public ventanas::Ventana {
  public:
   BrowOper(ventanas::Contexto& contexto, const QString& nombre);
   Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  bool QueryUnload() override;
 
  private:
   void montar();
@@ -22,13 +23,20 @@ class BrowOper final : public ventanas::Ventana {
   Resultado<> ponerCodigo(qint64 fila, const QString& texto);
   Resultado<> ponerNombre(qint64 fila, const QString& texto);
   int codigo(int fila) const;
+  int filaDe(int codigo) const;
   void anadir();
+  void pedirNombre();
+  void celdaDejada();
+  void descartarNuevo();
   void borrar();
   void deshacer();
   void verVentas();
 
   Ui::BrowOper ui_;
   Operadores motor_;
+  int nuevo_ = 0;             // code of one that was added and may have no name yet
+  bool faltaNombre_ = false;  // its code was written just now
+  int antes_ = 0;             // where the pointer stood before it
   std::vector<std::vector<Operadores::Borrado>> borrados_;  // the last at the back
 };
 

@@ -6,6 +6,7 @@
 #include <QTableView>
 
 #include "articles/Busqueda.h"
+#include "articles/Secciones.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "core/dao/Orden.h"
@@ -21,6 +22,7 @@ namespace {
 
 constexpr int kLargoCodigo = 7, kLargoNombre = 30;
 constexpr int kAnchoLado = 430;
+constexpr int kLargoNumero = 9;  // more than fits, so that it is refused and not cut
 constexpr int kPrimero = static_cast<int>(kPrimerCodigo) - 1;  // row, behind the system articles
 
 }  // namespace
@@ -64,6 +66,11 @@ void BrowPLUs::montar() {
 
 void BrowPLUs::montarCampos() {
   for (QLineEdit* campo : {ui_.EntBus, ui_.Filtro}) campo->installEventFilter(this);
+  QSizePolicy ancho(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  ancho.setHeightForWidth(true);
+  ui_.articulo->setSizePolicy(ancho);
+  ui_.articulo->setTextFormat(Qt::PlainText);
+  ui_.articulo->installEventFilter(this);
   ui_.Filtro->setClearButtonEnabled(true);
   ui_.Filtro->setPlaceholderText(t(kTxFiltroQue));
   ui_.Filtro->setMinimumWidth(ventanas::escalar(220));
@@ -96,7 +103,8 @@ void BrowPLUs::prepararParrilla() {
        .campo = u"CODPLU"_s,
        .clase = Clase::Codigo,
        .cifras = 7,
-       .editar = [this](qint64 f, const QString& s) { return ponerCodigo(f, s); }},
+       .editar = [this](qint64 f, const QString& s) { return ponerCodigo(f, s); },
+       .largo = kLargoNumero},
       {.titulo = kTxNombre,
        .campo = u"NOMPLU"_s,
        .ancho = 240,
@@ -105,7 +113,7 @@ void BrowPLUs::prepararParrilla() {
       {.titulo = kTxPrecio,
        .campo = u"PRECIO_00"_s,
        .clase = Clase::Importe,
-       .ancho = 90,
+       .ancho = kAnchoPrecio,
        .editar = ponerPrecio(0, 0)},
       {.titulo = kTxUnidad, .campo = u"switch(CADA=0,'K',CADA=1,'g',true,'U')"_s, .ancho = 60},
       {.titulo = kTxDepto,
@@ -113,17 +121,19 @@ void BrowPLUs::prepararParrilla() {
        .clase = Clase::Codigo,
        .cifras = 2,
        .ancho = 60,
-       .editar = entero(&Articulo::depto, 40, kTxDepartamento)},
+       .editar = entero(&Articulo::depto, kUltimoDepartamento, kTxDepartamento),
+       .largo = kLargoNumero},
       {.titulo = kTxFormato,
        .campo = u"FORMATO"_s,
        .clase = Clase::Codigo,
        .cifras = 2,
        .ancho = 70,
-       .editar = entero(&Articulo::formato, 20, kTxFormatoEtiquetas)},
+       .editar = entero(&Articulo::formato, 20, kTxFormatoEtiquetas),
+       .largo = kLargoNumero},
       {.titulo = kTxCoste,
        .campo = u"COSTE"_s,
        .clase = Clase::Importe,
-       .ancho = 90,
+       .ancho = kAnchoPrecio,
        .oculta = true},
       {.titulo = kTxBarras,
        .campo = u"iif(isnull(CodBarExt),PFX_BAR & format(CODPLU,'000000'),CodBarExt)"_s,
@@ -158,7 +168,7 @@ void BrowPLUs::anadirPrecios(std::vector<ventanas::Columna>& columnas) {
         {.titulo = kTxOtrosPrecios + i - 1,
          .campo = columnaPrecio(nivel, tarifa),
          .clase = Clase::Importe,
-         .ancho = 90,
+         .ancho = kAnchoPrecio,
          .oculta = true,
          .editar = ponerPrecio(static_cast<size_t>(nivel), static_cast<size_t>(tarifa))});
   }
@@ -307,18 +317,32 @@ void BrowPLUs::actualCambiada() {
 void BrowPLUs::pintarLado() {
   const auto articulo = catalogo_.leer(actual());
   if (!haIdoBien(articulo) || !*articulo) {
-    ui_.articulo->clear();
+    nombre_.clear();
+    pintarNombre();
     ui_.detalle->clear();
     return precios_->vaciar();
   }
   const Articulo& a = **articulo;
-  ui_.articulo->setText(verCodigo(a.clave.codigo) + u"  "_s + a.nombre);
+  nombre_ = verCodigo(a.clave.codigo) + u"  "_s + a.nombre;
+  pintarNombre();
   ui_.detalle->setText(
       t(kTxDetalle)
           .arg(a.codigoDeBarras(),
                VerImporte(contexto().ajustes, a.coste, contexto().ajustes.MonedaNativa),
                VerCantidad(a.hasta1, a.cada), VerCantidad(a.hasta2, a.cada)));
   precios_->poner(a.precios);
+}
+
+// A name takes as many lines as it has words for; a word that is too long is cut, the tip has it.
+void BrowPLUs::pintarNombre() {
+  ui_.articulo->ensurePolished();
+  const QFontMetrics letra = ui_.articulo->fontMetrics();
+  QStringList palabras = nombre_.split(u' ');
+  for (QString& p : palabras)
+    p = letra.elidedText(p, Qt::ElideRight, ui_.articulo->contentsRect().width());
+  const QString cabe = palabras.join(u' ');
+  ui_.articulo->setText(cabe);
+  ui_.articulo->setToolTip(cabe == nombre_ ? QString() : nombre_.toHtmlEscaped());
 }
 
 // What other windows did meanwhile shows when one comes back to this one.
@@ -331,6 +355,7 @@ bool BrowPLUs::event(QEvent* evento) {
 }
 
 bool BrowPLUs::eventFilter(QObject* objeto, QEvent* evento) {
+  if (objeto == ui_.articulo && evento->type() == QEvent::Resize) pintarNombre();
   if (evento->type() != QEvent::KeyPress) return Ventana::eventFilter(objeto, evento);
   const auto* tecla = static_cast<QKeyEvent*>(evento);
   const int k = tecla->key();

@@ -63,6 +63,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   void buscar();
   void actualCambiada();
   void pintarLado();
+  void pintarNombre();
   void habilitar();
   ClaveArticulo actual() const;
   std::vector<ClaveArticulo> elegidos();
@@ -73,6 +74,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
                           int nombre);
   void celdaEscrita(int columna);
   Error incorrecto(int nombre) const;
+  void avisarDepartamento(int departamento);
 
   void editarCompleto(bool nuevo);
   void abrirCon(const QString& ventana);
@@ -96,6 +98,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   int seccion_ = 0, departamento_ = 0, hijos_ = 0;
   Clave anterior_;  // told to those that follow the pointer
   std::vector<std::pair<QPointer<QObject>, std::function<void()>>> siguen_;
+  QString nombre_;  // of the article in hand
   std::vector<Deshecho> deshechos_;
   bool trabajando_ = false;
   qint64 cambios_ = 0;  // of the database when the list was read

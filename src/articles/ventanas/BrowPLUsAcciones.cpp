@@ -41,7 +41,8 @@ void BrowPLUs::montarAcciones() {
   permitir(*ui_.Import, contexto(), u"ImpPLU"_s, t(kTxSinEsa));
   permitir(*ui_.Varios, contexto(), u"CambioLote"_s, t(kTxSinEsa));
   ui_.Grid->setAcciones({ui_.Nuevo, ui_.Modificar, ui_.Borro, ui_.Deshacer, ui_.Copio, ui_.Muevo,
-                         ui_.Calculo, ui_.VerXtrac, ui_.VerPrecios});
+                         ui_.VerXtrac, ui_.VerPrecios, ui_.Calculo, ui_.Varios, ui_.Import,
+                         ui_.Imprimir, ui_.Envio});
 }
 
 void BrowPLUs::montarMenus() {
@@ -194,7 +195,7 @@ void BrowPLUs::borrar() {
     const QString que = t(kTxBorrados, static_cast<int>(hechos));
     anotarDeshacer(que, lote);
     ui_.Grid->irA(std::clamp(sitio, 0, std::max(0, ui_.Grid->filas() - 1)));
-    decirBien(que + u"  "_s + t(kTxSePuedeDeshacer));
+    decirBien(t(kTxSePuedeDeshacer).arg(que));
   });
 }
 
@@ -231,7 +232,7 @@ void BrowPLUs::trasladar(bool mover) {
              const int bien = static_cast<int>(hechos - fuera->size());
              const QString que = t(mover ? kTxMovidos : kTxCopiados, bien);
              if (bien > 0) anotarDeshacer(que, lote);
-             if (fuera->isEmpty()) return decirBien(que + u"  "_s + t(kTxSePuedeDeshacer));
+             if (fuera->isEmpty()) return decirBien(t(kTxSePuedeDeshacer).arg(que));
              decirDuda(t(kTxDuplicado), que + u'\n' + t(kTxNoTrasladados) + fuera->join(u", "_s));
            });
 }

@@ -3,6 +3,7 @@
 #include "articles/ventanas/BrowPLUs.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/ventanas/Tira.h"
 
 namespace tarvo::articles {
 
@@ -31,19 +32,33 @@ Resultado<> BrowPLUs::escribir(qint64 fila, bool callado, const Cambio& cambio) 
 Resultado<> BrowPLUs::ponerCodigo(qint64 fila, const QString& texto) {
   return escribir(fila, false, [&](Articulo& a) -> Resultado<> {
     a.clave.codigo = texto.toLongLong();
-    if (a.clave.deSistema()) return std::unexpected(incorrecto(kTxCodigoPLU));
+    if (a.clave.deSistema() || a.clave.codigo > kUltimoCodigo)
+      return std::unexpected(incorrecto(kTxCodigoPLU));
     return {};
   });
 }
 
 Resultado<> BrowPLUs::ponerEntero(qint64 fila, const QString& texto, int Articulo::* campo,
                                   int mayor, int nombre) {
-  return escribir(fila, campo == &Articulo::depto, [&](Articulo& a) -> Resultado<> {
-    const int n = texto.toInt();
+  const bool esDepto = campo == &Articulo::depto;
+  const int n = texto.toInt();
+  TARVO_INTENTAR(escribir(fila, esDepto, [&](Articulo& a) -> Resultado<> {
     if (n < 1 || n > mayor) return std::unexpected(incorrecto(nombre));
     a.*campo = n;
     return {};
-  });
+  }));
+  if (esDepto && ui_.Grid->valor(ui_.Grid->filaDe(fila), u"CODPLU").entero() >= kPrimerCodigo)
+    avisarDepartamento(n);
+  return {};
+}
+
+// Any number of the range is taken; one that the section lacks deserves a word.
+void BrowPLUs::avisarDepartamento(int departamento) {
+  const auto hay = contexto().db.uno(u"SELECT NUMDEP FROM DEPTS WHERE SECCION=? AND NUMDEP=?",
+                                     seccion_, departamento);
+  if (!haIdoBien(hay)) return;
+  if (hay->nulo()) return decirDuda(t(kTxSinEseDepartamento).arg(departamento));
+  if (tira().estado() == ventanas::Estado::Duda) tira().quitar();
 }
 
 // What stands in the order may stand elsewhere now; the pointer stays on its article.

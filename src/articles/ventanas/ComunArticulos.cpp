@@ -58,6 +58,12 @@ Error informe(const ventanas::Ventana& v, const Error& error) {
                                          : error;
 }
 
+void marcar(QWidget& campo, bool falta) {
+  if (campo.property("falta").toBool() == falta) return;
+  campo.setProperty("falta", falta);
+  campo.update();  // its frame is drawn by the property
+}
+
 Resultado<qint64> leerImporte(const ventanas::Ventana& v, const QString& texto, int moneda) {
   const qint64 importe = AImporte(v.contexto().ajustes, texto, moneda);
   const bool nada =

@@ -15,11 +15,17 @@ Resultado<> llenarSecciones(QComboBox& lista, ventanas::Contexto& c);
 Resultado<> llenarDepartamentos(QComboBox& lista, ventanas::Contexto& c, int seccion);
 bool elegirEn(QComboBox& lista, const QVariant& dato);  // false when it isn't in the list
 
+// The width of a column in which the largest price stands whole.
+inline constexpr int kAnchoPrecio = 112;
+
 // "0000012".
 QString verCodigo(qint64 codigo);
 
 // The words of an error as the windows of the catalogue say it.
 Error informe(const ventanas::Ventana& v, const Error& error);
+
+// Shows that what a field holds is wrong, or isn't any more.
+void marcar(QWidget& campo, bool falta);
 
 // What was typed as money of a currency, in stored units; as a quantity, in grams or units. A text
 // that is no number, or doesn't fit, is refused; an empty one is 0.

@@ -115,8 +115,9 @@ void EdIvaSeccs::guardar() {
 
 bool EdIvaSeccs::QueryUnload() {
   const bool igual = ivas_ == antes_ && departamentos_ == deptsAntes_;
-  return !igual && !ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxAbandonar),
-                                               ventanas::kAceptoCancelo | ventanas::kExclamacion);
+  return !igual && !ventanas::MyMsgBox::Decide(
+                       this, contexto().textos, t(kTxAbandonar),
+                       ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
 }
 
 }  // namespace tarvo::articles

@@ -22,13 +22,13 @@ RejillaPrecios::RejillaPrecios(ventanas::Ventana& v, ventanas::Parrilla& p, AlCa
   std::vector<ventanas::Columna> columnas{{.titulo = kTxTarifa,
                                            .campo = u"lbTfa"_s,
                                            .clase = Clase::Codigo,
-                                           .ancho = 56,
+                                           .ancho = 52,
                                            .ordenable = false}};
   for (int nivel = 0; nivel < kNiveles; ++nivel)
     columnas.push_back({.titulo = kTxPBase + nivel,
                         .campo = u"P%1"_s.arg(nivel),
                         .clase = Clase::Importe,
-                        .ancho = 84,
+                        .ancho = kAnchoPrecio,
                         .ordenable = false,
                         .editar = [this, nivel](qint64 fila, const QString& texto) {
                           return escribir(nivel, fila, texto);

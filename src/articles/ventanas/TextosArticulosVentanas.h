@@ -4,6 +4,10 @@
 namespace tarvo::articles {
 
 enum TextoArticulosVentanas : int {
+  kTxOperadorSinNombre = 4011,
+  kTxSinEseDepartamento = 4012,
+  kTxPredefinidoRaro = 4013,
+  kTxGuardadoConDuda = 4014,
   kTxOtrosPrecios = 4020,  // to 4042
   kTxArticulos = 4135,
   kTxCopiarPLU = 4165,

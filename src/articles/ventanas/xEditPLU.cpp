@@ -85,7 +85,7 @@ void XEditPLU::montarListas() {
   auto* cifras = new QRegularExpressionValidator(QRegularExpression(u"\\d*"_s), this);
   for (const auto& [campo, largo] : {std::pair{ui_.txCod, kCifrasCodigo},
                                      {ui_.txPfx, 6},
-                                     {ui_.txFormato, 2},
+                                     {ui_.txFormato, 4},
                                      {ui_.txDias1, 4},
                                      {ui_.txDias2, 4}}) {
     campo->setValidator(cifras);
@@ -95,6 +95,7 @@ void XEditPLU::montarListas() {
        {ui_.txFormato, ui_.txDias1, ui_.txDias2, ui_.txCoste, ui_.txStkMax, ui_.txStkMin})
     campo->setMaximumWidth(escalar(110));
   ui_.txBarExt->setMaxLength(20);
+  ui_.txTexto->setTabChangesFocus(true);
   connect(ui_.LstCada, &QComboBox::currentIndexChanged, this, &XEditPLU::unidadCambiada);
   connect(ui_.LstBarras, &QComboBox::currentIndexChanged, this, &XEditPLU::pintarBarras);
   for (QLineEdit* campo : {ui_.txCod, ui_.txPfx, ui_.txBarExt})
@@ -285,20 +286,26 @@ void XEditPLU::pintarBarras() {
   a.pfxBar = ui_.txPfx->text();
   const QString externo = ui_.txBarExt->text().trimmed();
   a.codBarExt = externo.isEmpty() ? std::optional<QString>() : externo;
-  const auto debido = controlDebido(externo);
-  const QString codigo = codigoImpreso(a);
-  const bool mal = debido || codigo.isEmpty();
-  ui_.txBarExt->setProperty("falta", debido.has_value());
-  ui_.txBarExt->style()->unpolish(ui_.txBarExt);
-  ui_.txBarExt->style()->polish(ui_.txBarExt);
-  ui_.Corregir->setVisible(debido.has_value());
-  ui_.control->setText(debido             ? t(kTxControlMalo).arg(*debido)
-                       : codigo.isEmpty() ? t(kTxNoCabeBarras)
-                                          : QString());
+  const bool control = controlDebido(externo).has_value();
+  const QString codigo = codigoImpreso(a), duda = dudaDeBarras(a);
+  const bool mal = !duda.isEmpty();
+  marcar(*ui_.txBarExt, mal && a.codBarExt);
+  ui_.Corregir->setVisible(control);
+  ui_.control->setText(duda);
   ui_.control->setVisible(mal);
   ui_.dibujo->setPixmap(mal ? QPixmap()
                             : dibujarBarras(codigo, escalar(kAnchoBarras), devicePixelRatioF()));
   ui_.deque->setText(mal ? QString() : t(a.codBarExt ? kTxPredefinido : kTxCompuesto));
+}
+
+// What keeps its bar code from being printed, and read; empty when nothing does.
+QString XEditPLU::dudaDeBarras(const Articulo& a) const {
+  if (a.codBarExt) {
+    if (const auto debido = controlDebido(*a.codBarExt)) return t(kTxControlMalo).arg(*debido);
+    if (deSuTipo(a)) return {};
+    return t(kTxPredefinidoRaro).arg(ui_.LstBarras->itemText(a.barras)).arg(cifrasDe(a.barras));
+  }
+  return codigoImpreso(a).isEmpty() ? t(kTxNoCabeBarras) : QString();
 }
 
 QWidget* XEditPLU::fichaDe(const QWidget* campo) const {

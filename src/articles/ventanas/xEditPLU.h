@@ -54,11 +54,14 @@ class XEditPLU final : public ventanas::Ventana {
   std::vector<Mala> leerCajas();
   void leerOtros();
   Mala mala(Falta falta) const;
+  void marcarMalas(const std::vector<Mala>& malas);
   void decirMalas(const std::vector<Mala>& malas);
   Resultado<> ponerContador(qint64 Existencia::* contador, qint64 almacen, const QString& texto);
   bool loCambioOtro();
   Resultado<> escribir();
   void guardar();
+  QString dudaDeBarras(const Articulo& articulo) const;
+  void decirDudaBarras();
   QWidget* fichaDe(const QWidget* campo) const;
   bool eventFilter(QObject* objeto, QEvent* evento) override;
 

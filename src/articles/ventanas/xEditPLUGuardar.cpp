@@ -10,17 +10,6 @@ namespace tarvo::articles {
 using namespace Qt::StringLiterals;
 using ventanas::MyMsgBox;
 
-namespace {
-
-void marcar(QWidget& campo, bool falta) {
-  if (campo.property("falta").toBool() == falta) return;
-  campo.setProperty("falta", falta);
-  campo.style()->unpolish(&campo);
-  campo.style()->polish(&campo);
-}
-
-}  // namespace
-
 // Amounts and quantities; what can't be read is given, and its number stays.
 std::vector<XEditPLU::Mala> XEditPLU::leerCajas() {
   std::vector<Mala> malas;
@@ -88,13 +77,18 @@ std::vector<XEditPLU::Mala> XEditPLU::leer() {
   return malas;
 }
 
+// These fields are wrong, and no other. The bar code has a mark of its own.
+void XEditPLU::marcarMalas(const std::vector<Mala>& malas) {
+  for (QWidget* campo : cuerpo()->findChildren<QWidget*>())
+    if (campo != ui_.txBarExt)
+      marcar(*campo, std::ranges::find(malas, campo, &Mala::campo) != malas.end());
+}
+
 // One name a line; the tab and the field of the first come up.
 void XEditPLU::decirMalas(const std::vector<Mala>& malas) {
+  marcarMalas(malas);
   QStringList nombres;
-  for (const Mala& m : malas) {
-    nombres << t(m.nombre);
-    marcar(*m.campo, true);
-  }
+  for (const Mala& m : malas) nombres << t(m.nombre);
   MyMsgBox::Decide(this, contexto().textos, t(kTxValorIncorrecto) + u":\n"_s + nombres.join(u'\n'),
                    ventanas::kSoloAcepto | ventanas::kCritico);
   if (malas.front().ficha) ui_.Fichas->setCurrentWidget(malas.front().ficha);
@@ -118,7 +112,7 @@ bool XEditPLU::loCambioOtro() {
   if (!haIdoBien(ahora)) return true;
   if (!*ahora || **ahora == antes_) return false;
   return !MyMsgBox::Decide(this, contexto().textos, t(kTxCambiadoPorOtro),
-                           ventanas::kAceptoCancelo | ventanas::kExclamacion);
+                           ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
 }
 
 Resultado<> XEditPLU::escribir() {
@@ -133,9 +127,9 @@ Resultado<> XEditPLU::escribir() {
 
 void XEditPLU::guardar() {
   if (ui_.GrdPre->editando() || ui_.GrdStk->editando()) return;
-  for (QWidget* campo : cuerpo()->findChildren<QWidget*>()) marcar(*campo, false);
   const auto malas = leer();
   if (!malas.empty()) return decirMalas(malas);
+  marcarMalas({});
   if (loCambioOtro()) return;
   if (const auto hecho = escribir(); !hecho) {
     MyMsgBox::Decide(this, contexto().textos, informe(*this, hecho.error()).texto,
@@ -144,15 +138,29 @@ void XEditPLU::guardar() {
   }
   if (auto* lista = dynamic_cast<ventanas::Recorrido*>(contexto().ventanas.cargada(padre_)))
     lista->refrescarEn({articulo_.clave.seccion, articulo_.clave.codigo});
+  decirDudaBarras();
   aceptar();
+}
+
+// Any bar code is kept; of one that was written here and no scale can print the list says it, for
+// this window goes.
+void XEditPLU::decirDudaBarras() {
+  const auto barras = [](const Articulo& a) {
+    return std::tuple(a.codBarExt, a.pfxBar, a.barras, a.clave.codigo);
+  };
+  const QString duda = dudaDeBarras(articulo_);
+  auto* lista = contexto().ventanas.cargada(padre_);
+  if (lista && !duda.isEmpty() && barras(articulo_) != barras(antes_))
+    lista->decirDuda(t(kTxGuardadoConDuda).arg(verCodigo(articulo_.clave.codigo), duda));
 }
 
 bool XEditPLU::QueryUnload() {
   const bool igual = leerCajas().empty() && (leerOtros(), articulo_ == antes_) &&
                      existencias_ == existenciasAntes_ && !ui_.GrdPre->editando() &&
                      !ui_.GrdStk->editando();
-  return !igual && !MyMsgBox::Decide(this, contexto().textos, t(kTxAbandonar),
-                                     ventanas::kAceptoCancelo | ventanas::kExclamacion);
+  return !igual &&
+         !MyMsgBox::Decide(this, contexto().textos, t(kTxAbandonar),
+                           ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
 }
 
 }  // namespace tarvo::articles

@@ -48,7 +48,9 @@ struct Columna {
   // Lets the person write into its cells: takes the row's key and the text, and writes it where it
   // belongs. On a failure the cell stays in edit and the list says why.
   std::function<Resultado<>(qint64 clave, const QString& texto)> editar = {};
-  int largo = 0;  // characters that may be typed, 0 for as many as its kind takes
+  // Characters that may be typed, 0 for as many as its kind takes. More than a code has lets
+  // `editar` refuse what doesn't fit, where it would be cut while it is typed.
+  int largo = 0;
 };
 
 bool esNumerica(Clase clase);  // right-aligned, tabular, its zeros pale

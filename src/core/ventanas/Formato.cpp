@@ -33,7 +33,7 @@ bool seTeclea(const Columna& columna, const QString& texto) {
   };
   switch (columna.clase) {
     case Clase::Codigo:
-      return de({}) && (columna.cifras == 0 || texto.size() <= columna.cifras);
+      return de({}) && (columna.largo > 0 || columna.cifras == 0 || texto.size() <= columna.cifras);
     case Clase::Entero:
       return de(u".");
     case Clase::Importe:

@@ -63,7 +63,7 @@ MyMsgBox::MyMsgBox(QWidget* dueno, const Textos& textos, const QString& texto, i
 
   auto* acepto = new QPushButton(textos(kTxAceptar), this);
   acepto->setObjectName(u"Acepto"_s);
-  acepto->setDefault(true);
+  QPushButton* intro = acepto;
   connect(acepto, &QPushButton::clicked, this, &QDialog::accept);
   auto* botones = new QHBoxLayout;
   botones->setObjectName(u"botones"_s);
@@ -75,6 +75,7 @@ MyMsgBox::MyMsgBox(QWidget* dueno, const Textos& textos, const QString& texto, i
     cancelo->setAutoDefault(false);
     connect(cancelo, &QPushButton::clicked, this, &QDialog::reject);
     botones->addWidget(cancelo);
+    if (estilo & kPrudente) intro = cancelo;
   } else {
     botones->addStretch();
   }
@@ -85,7 +86,8 @@ MyMsgBox::MyMsgBox(QWidget* dueno, const Textos& textos, const QString& texto, i
   todo->addLayout(arriba);
   todo->addLayout(botones);
   todo->setSizeConstraint(QLayout::SetFixedSize);
-  acepto->setFocus();
+  intro->setDefault(true);
+  intro->setFocus();
 }
 
 void MyMsgBox::ponerDetalle(const Textos& textos, const QString& remedio, const QString& detalle) {

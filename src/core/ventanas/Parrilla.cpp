@@ -78,9 +78,13 @@ Resultado<> Parrilla::filtrar(const QString& filtro, std::vector<dao::Valor> par
 }
 
 Resultado<> Parrilla::refrescar() {
-  if (sql_) return sql_->refrescar();
-  vista_->viewport()->update();
-  return {};
+  if (!sql_) {
+    vista_->viewport()->update();
+    return {};
+  }
+  const auto hecho = sql_->refrescar();
+  if (hecho && filas() > 0 && filaActual() < 0) irA(0);
+  return hecho;
 }
 
 ModeloVivo& Parrilla::vivas() {

@@ -104,6 +104,7 @@ class Parrilla final : public QWidget {
   void actualCambiada(int fila);        // -1 for none
   void editada(int fila, int columna);  // a cell was written
   void escrita(int fila);               // the same by Enter, which ends it
+  void dejada();                        // a cell in edit was closed, written or given up
   void seleccionCambiada();
   void fallo(const tarvo::Error& error);  // of work that the person began on the grid itself
   void resuelto();  // behind the refusal of a cell: another was written, or it was given up

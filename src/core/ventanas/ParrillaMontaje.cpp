@@ -93,6 +93,7 @@ void Parrilla::Interior::montar() {
   busca->installEventFilter(&yo);
   pila->addWidget(v, 1);
   yo.setFocusProxy(v);
+  yo.setFocusPolicy(v->focusPolicy());  // the letter of its label leads to it
 
   vacia = new QWidget(v->viewport());
   auto* centro = new QVBoxLayout(vacia);
@@ -132,6 +133,7 @@ void Parrilla::Interior::montar() {
   connect(delegado, &Delegado::acabada, &yo, [this](int pasos) { seguirEditando(pasos); });
   connect(delegado, &Delegado::closeEditor, &yo, [this](QWidget*, Delegado::EndEditHint como) {
     if (como == Delegado::RevertModelCache) resolver();
+    Q_EMIT yo.dejada();
   });
   connect(v, &QWidget::customContextMenuRequested, &yo,
           [this](const QPoint& p) { menuContexto(yo.vista_->viewport()->mapToGlobal(p)); });
@@ -262,18 +264,21 @@ void Parrilla::Interior::colocarColumnas() {
   colocando = false;
 }
 
-// Until the person sets widths, the first text column takes what room is left, up to a measure.
+// Until the person sets widths, the first text column takes what room is left, up to a measure
+// where others stand behind it.
 void Parrilla::Interior::estirar() {
   if (!elasticas || !yo.modelo()) return;
   QHeaderView* h = yo.vista_->horizontalHeader();
-  for (const int i : columnasVistas()) {
+  const auto vistas = columnasVistas();
+  for (const int i : vistas) {
     const Columna& col = columnas[static_cast<size_t>(i)];
     if (col.clase != Clase::Texto || col.estado) continue;
     const int base = anchoInicial(i);
     const int otras = h->length() - h->sectionSize(i);
+    const int libre = std::max(base, yo.vista_->viewport()->width() - otras);
     const QScopedValueRollback en(colocando, true);
-    h->resizeSection(i, std::clamp(yo.vista_->viewport()->width() - otras, base,
-                                   std::max(base, escalar(kAnchoElastica))));
+    h->resizeSection(
+        i, i == vistas.back() ? libre : std::min(libre, std::max(base, escalar(kAnchoElastica))));
     return;
   }
 }

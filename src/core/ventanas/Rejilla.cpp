@@ -1,6 +1,7 @@
 #include "core/ventanas/Rejilla.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 
 namespace tarvo::ventanas {
 
@@ -30,6 +31,17 @@ QModelIndex Rejilla::moveCursor(CursorAction accion, Qt::KeyboardModifiers mando
   if (ctrl && currentIndex().isValid() && (accion == MoveLeft || accion == MoveRight))
     return currentIndex().siblingAtColumn(columnaExtrema(fin));
   return QTableView::moveCursor(accion, mandos);
+}
+
+// The end to which one jumps is chosen too: the row in hand is the one that is lit.
+QItemSelectionModel::SelectionFlags Rejilla::selectionCommand(const QModelIndex& indice,
+                                                              const QEvent* evento) const {
+  const bool tecla = evento && evento->type() == QEvent::KeyPress;
+  const auto* e = tecla ? static_cast<const QKeyEvent*>(evento) : nullptr;
+  const bool extremo = e && (e->key() == Qt::Key_Home || e->key() == Qt::Key_End);
+  if (extremo && !(e->modifiers() & Qt::ShiftModifier))
+    return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+  return QTableView::selectionCommand(indice, evento);
 }
 
 }  // namespace tarvo::ventanas

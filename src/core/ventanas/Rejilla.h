@@ -1,6 +1,6 @@
 // The table of a grid with the keys that people expect of a list: Home and End go to the first and
 // last row, with Ctrl and the side arrows to the first and last column; Ctrl+Home and Ctrl+End to
-// the corners.
+// the corners. The row that they lead to is chosen.
 #pragma once
 
 #include <QTableView>
@@ -16,6 +16,8 @@ class Rejilla final : public QTableView {
 
  protected:
   QModelIndex moveCursor(CursorAction accion, Qt::KeyboardModifiers mandos) override;
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& indice,
+                                                       const QEvent* evento) const override;
 
  private:
   int columnaExtrema(bool ultima) const;

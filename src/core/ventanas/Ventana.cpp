@@ -7,7 +7,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QSplitter>
+#include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -76,6 +78,11 @@ void Ventana::enlazar() {
   for (QSplitter* s : cuerpo_->findChildren<QSplitter*>())
     s->restoreState(deTexto(c_.recuerdos.leer(memoria, s->objectName())));
   for (Parrilla* p : cuerpo_->findChildren<Parrilla*>()) atender(*p);
+  if (!cuerpo_->findChild<QTabWidget*>()) return;
+  for (const auto& [tecla, pasos] :
+       {std::pair{Qt::CTRL | Qt::Key_Tab, 1}, {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, -1}})
+    connect(new QShortcut(tecla, this), &QShortcut::activated, this,
+            [this, n = pasos] { pasarFicha(n); });
 }
 
 // What its cells refuse is said on the strip, until it is settled.
@@ -222,6 +229,15 @@ void Ventana::keyPressEvent(QKeyEvent* evento) {
   // Who presses it while work is under way wants that stopped; what was done can still be taken
   // back then.
   trabajo_->enMarcha() ? trabajo_->parar() : static_cast<void>(close());
+}
+
+// From anywhere in the window, not only from inside of the tabs.
+void Ventana::pasarFicha(int pasos) {
+  const auto todas = cuerpo_->findChildren<QTabWidget*>();
+  const auto fichas = std::ranges::find_if(todas, &QWidget::isVisible);
+  if (fichas == todas.end() || (*fichas)->count() == 0) return;
+  const int cuantas = (*fichas)->count();
+  (*fichas)->setCurrentIndex(((*fichas)->currentIndex() + cuantas + pasos) % cuantas);
 }
 
 // Asked of the control that has the focus before the key itself is.

@@ -101,6 +101,7 @@ class Ventana : public QWidget {
   bool cerrarLoDeEncima();
   void pulsarBoton(QKeyEvent& evento);
   void pedirMenu(QWidget& control);
+  void pasarFicha(int pasos);
   Parrilla* primeraLista() const;
 
   Contexto& c_;

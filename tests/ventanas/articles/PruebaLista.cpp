@@ -1,5 +1,6 @@
-// The list of articles: order, search, what is asked on leaving; the editor's checks; how fast.
-#include <QTabWidget>
+// The list of articles: order, search, what is asked on leaving.
+#include <QHeaderView>
+#include <QToolBar>
 
 #include "Colmado.h"
 
@@ -145,93 +146,63 @@ TEST(ListaArticulos, ElFinDelEnvioSeDice) {
       << "who has said it looks on no more";
 }
 
-TEST(Editor, LaListaDeFaltasYLaPrimeraDelante) {
+// Every command stands in the menu of the list, with its key.
+TEST(ListaArticulos, TodoEstaEnElMenu) {
   Colmado t;
-  auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
-  t.control(v, u"txFormato")->setText(u"21"_s);
-  t.control(v, u"txMinimo")->setText(u"99999,99"_s);
-  t.control(v, u"txHasta2")->setText(u"doce"_s);
-  t.responder(u"Acepto"_s);
-  t.control<QPushButton>(v, u"Guardar")->click();
-  EXPECT_EQ(t.textoModal,
-            u"El valor entrado es incorrecto:\nFormato Etiquetas\nPrecio mínimo\nValor Hasta2");
-  EXPECT_EQ(t.control<QTabWidget>(v, u"Fichas")->currentWidget()->objectName(), u"etq");
-  EXPECT_EQ(v->focusWidget(), t.control(v, u"txFormato"));
-  EXPECT_EQ(t.leer(u"select FORMATO, minimo, HASTA_2 from PLUSES where SECCION=1 and CODPLU=10"_s),
-            u"1 0 0");
-  EXPECT_EQ(t.cruces(), u"10 1 0 | 20 1 0");
-  // Leaving asks; a "No" stays.
-  t.responder(u"Cancelo"_s);
-  v->close();
-  EXPECT_EQ(t.textoModal, u"¿Abandonar los cambios realizados?");
-  EXPECT_TRUE(v->isVisible());
+  auto* v = t.abrir(u"BrowPLUs"_s);
+  QStringList menu;
+  QTimer::singleShot(100, v, [&] {
+    auto* m = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(m, nullptr);
+    for (const QAction* a : m->actions()) menu << a->objectName();
+    m->close();
+  });
+  t.tecla(Qt::Key_F10, Qt::ShiftModifier);
+  for (const char16_t* barra : {u"barra", u"barra2"})
+    for (const QAction* a : t.control<QToolBar>(v, barra)->actions()) {
+      if (a->isSeparator()) continue;
+      EXPECT_TRUE(menu.contains(a->objectName())) << a->objectName().toStdString();
+      EXPECT_TRUE(!a->shortcut().isEmpty() || a->objectName() == u"Imprimir" || a->menu())
+          << a->objectName().toStdString();
+    }
 }
 
-TEST(Editor, NiLaMonedaNiLaUnidadCambianNada) {
+// The row in hand is the one that is lit, whichever key led there.
+TEST(ListaArticulos, LoActualEsLoElegido) {
   Colmado t;
-  t.ajustes.Euro = 166.386F;
-  t.sql(
-      u"update PLUSES set COSTE=333, minimo=101, HASTA_1=1505, STK_MAX=2500 where SECCION=1 and CODPLU=10"_s);
-  auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
-  EXPECT_EQ(t.control(v, u"txCoste")->text(), u"3,33");
-  t.tecla(Qt::Key_M, Qt::ControlModifier);
-  EXPECT_EQ(t.control(v, u"txCoste")->text(), u"554");
-  QTest::mouseDClick(t.control<QWidget>(v, u"Moneda"), Qt::LeftButton);
-  EXPECT_EQ(t.control(v, u"txCoste")->text(), u"3,33");
-  t.tecla(Qt::Key_M, Qt::ControlModifier);
-  auto* unidad = t.control<QComboBox>(v, u"LstCada");
-  unidad->setCurrentIndex(2);
-  EXPECT_EQ(t.control(v, u"txHasta1")->text(), u"1.505");
-  EXPECT_EQ(t.control<QLabel>(v, u"lbUni")->text(), u"Uds.");
-  unidad->setCurrentIndex(0);
-  t.control(v, u"txNom")->setText(u"Otro"_s);
-  t.control<QPushButton>(v, u"Guardar")->click();
-  EXPECT_FALSE(v->isVisible());
-  EXPECT_EQ(
-      t.leer(
-          u"select NOMPLU, COSTE, minimo, HASTA_1, STK_MAX, CADA from PLUSES where SECCION=1 and CODPLU=10"_s),
-      u"Otro 333 101 1505 2500 0");
+  auto* v = t.abrir(u"BrowPLUs"_s);
+  auto& grid = t.lista(v);
+  for (const Qt::Key k : {Qt::Key_End, Qt::Key_Home})
+    for (const auto mandos : {Qt::NoModifier, Qt::ControlModifier}) {
+      grid.irA(4);
+      t.tecla(k, mandos);
+      EXPECT_EQ(grid.filaActual(), k == Qt::Key_Home ? 0 : 11);
+      EXPECT_EQ(grid.filasElegidas(), std::vector<int>{grid.filaActual()});
+    }
 }
 
-TEST(Editor, BarrasExistenciasYLoQueOtroCambio) {
+// The largest price and the longest name.
+TEST(ListaArticulos, NadaSeSaleDeSuSitio) {
   Colmado t;
-  auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
-  auto* dibujo = t.control<QLabel>(v, u"dibujo");
-  auto* corregir = t.control<QPushButton>(v, u"Corregir");
-  EXPECT_FALSE(dibujo->pixmap().isNull());
-  t.control(v, u"txBarExt")->setText(u"8412345678904"_s);
-  EXPECT_FALSE(corregir->isHidden());
-  EXPECT_TRUE(dibujo->pixmap().isNull());
-  corregir->click();
-  EXPECT_EQ(t.control(v, u"txBarExt")->text(), u"8412345678905");
-  EXPECT_FALSE(dibujo->pixmap().isNull());
-  t.control<QTabWidget>(v, u"Fichas")->setCurrentIndex(2);
-  auto& stock = t.lista(v, u"GrdStk");
-  t.abrirCelda(stock, u"Inicial"_s);
-  t.escribir(u"2,5"_s);
-  t.tecla(Qt::Key_Return);
-  EXPECT_EQ(stock.texto(0, u"actual"), u"2,500");
-  t.sql(u"update PLUSES set PRECIO_00=5 where SECCION=1 and CODPLU=10"_s);
-  t.responder(u"Cancelo"_s);
-  t.control<QPushButton>(v, u"Guardar")->click();
-  EXPECT_TRUE(t.textoModal.startsWith(u"Otra ventana ha cambiado"));
-  EXPECT_EQ(t.leer(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s), u"5");
-  t.responder(u"Acepto"_s);
-  t.control<QPushButton>(v, u"Guardar")->click();
-  EXPECT_EQ(t.leer(u"select PRECIO_00, CodBarExt from PLUSES where SECCION=1 and CODPLU=10"_s),
-            u"100 8412345678905");
-  EXPECT_EQ(t.leer(u"select CODIGO, Inicial, Venta from MovsAlm"_s), u"10 2500 0");
-  // The bar code stands in the section already.
-  v = t.abrir(u"xEditPLU#1.20"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 20}});
-  t.control(v, u"txBarExt")->setText(u"8412345678905"_s);
-  t.responder(u"Acepto"_s);
-  t.control<QPushButton>(v, u"Guardar")->click();
-  EXPECT_EQ(t.textoModal, u"El código de registro ya existe: No debe duplicarse");
-  EXPECT_TRUE(v->isVisible());
-  // What isn't there opens nothing.
-  EXPECT_EQ(
-      t.escritorio.ventanas().abrir(u"xEditPLU#1.99"_s, v, {{u"seccion"_s, 1}, {u"codigo"_s, 99}}),
-      nullptr);
+  const QString largo(50, u'N');
+  t.sql(u"update PLUSES set PRECIO_00=2000000000, PRECIO_27=2000000000, NOMPLU=? where CODPLU=10"_s,
+        largo);
+  auto* v = t.abrir(u"BrowPLUs"_s);
+  for (const auto& [lista, campo] : {std::pair{u"Grid", u"PRECIO_00"}, {u"GrdPre", u"P0"}}) {
+    auto& p = t.lista(v, lista);
+    const QModelIndex i = p.modelo()->index(p.filaActual(), p.modelo()->columna(campo));
+    EXPECT_LE(p.vista()->sizeHintForIndex(i).width(), p.vista()->columnWidth(i.column()))
+        << i.data().toString().toStdString();
+  }
+  auto& precios = t.lista(v, u"GrdPre");
+  EXPECT_LE(precios.vista()->horizontalHeader()->length(), precios.vista()->viewport()->width());
+  auto* nombre = t.control<QLabel>(v, u"articulo");
+  EXPECT_TRUE(nombre->toolTip().endsWith(largo));
+  for (const QString& palabra : nombre->text().split(u' '))
+    EXPECT_LE(nombre->fontMetrics().horizontalAdvance(palabra), nombre->width());
+  t.tecla(Qt::Key_Down);
+  EXPECT_EQ(nombre->text(), u"0000020  Artículo 20");
+  EXPECT_TRUE(nombre->toolTip().isEmpty());
 }
 
 }  // namespace tarvo::prueba

@@ -1,4 +1,7 @@
 // Jobs that a person does with the catalogue, by keys.
+#include <QHeaderView>
+#include <variant>
+
 #include "Colmado.h"
 
 namespace tarvo::prueba {
@@ -85,10 +88,15 @@ TEST(Trabajos, LasCeldasSeComprueban) {
                {u"PRECIO_00", u"1.5", "",
                 u"«1.5» no es un importe: escriba cifras, con coma para los decimales"},
                {u"DEPTO", u"41", "", u"El valor entrado es incorrecto: Departamento"},
-               {u"DEPTO", u"40", "Un nombre de mas de  235 40 1", u""},
+               {u"DEPTO", u"100", "", u"El valor entrado es incorrecto: Departamento"},
+               {u"DEPTO", u"40", "Un nombre de mas de  235 40 1",
+                u"La sección no tiene el departamento 40: créelo en el árbol o elija otro"},
+               {u"DEPTO", u"1", "Un nombre de mas de  235 1 1", u""},
                {u"FORMATO", u"0", "", u"El valor entrado es incorrecto: Formato Etiquetas"},
-               {u"FORMATO", u"20", "Un nombre de mas de  235 40 20", u""},
-               {u"CODPLU", u"2", "", u"El valor entrado es incorrecto: Código PLU"}};
+               {u"FORMATO", u"100", "", u"El valor entrado es incorrecto: Formato Etiquetas"},
+               {u"FORMATO", u"20", "Un nombre de mas de  235 1 20", u""},
+               {u"CODPLU", u"2", "", u"El valor entrado es incorrecto: Código PLU"},
+               {u"CODPLU", u"12345678", "", u"El valor entrado es incorrecto: Código PLU"}};
   for (const auto& c : casos) {
     v->tira().quitar();
     t.abrirCelda(grid, QString::fromUtf16(c.campo));
@@ -157,6 +165,7 @@ TEST(Trabajos, BorrarYDeshacer) {
   t.tecla(Qt::Key_Delete);
   ASSERT_TRUE(esperar([&] { return grid.filas() == 2; }));
   EXPECT_EQ(t.textoModal, u"Va a borrar 10 registro/s de PLU: ¿SEGURO?");
+  EXPECT_EQ(v->tira().texto(), u"10 artículos borrados. Ctrl+Z lo deshace.");
   EXPECT_EQ(t.leer(u"select count(*) from [Cross] where borra<>0"_s), u"20")
       << "groups of kinds 1 and 4";
   v->activateWindow();
@@ -165,6 +174,7 @@ TEST(Trabajos, BorrarYDeshacer) {
   ASSERT_TRUE(esperar([&] { return grid.filas() == 12; })) << v->tira().texto().toStdString();
   EXPECT_EQ(t.leer(filas), antes);
   EXPECT_EQ(t.leer(u"select Inicial from MovsAlm"_s), u"5000");
+  EXPECT_EQ(t.leer(u"select count(*) from HistoriaPrecios"_s), u"0") << "nobody set a price";
   // One goes, and the pointer to the next.
   grid.irA(grid.filaDe(
       bien(t.db->uno(u"select rowid from PLUSES where SECCION=1 and CODPLU=20"_s)).entero()));
@@ -205,8 +215,32 @@ TEST(Trabajos, CopiarMoverYDeshacer) {
   EXPECT_EQ(t.cruces(), u"10 1 1 | 20 1 0");
 }
 
+// The only article that is shown leaves, and comes back with the history of its prices.
+TEST(Trabajos, ElUnicoSeMueveYVuelve) {
+  Colmado t;
+  t.sql(u"delete from PLUSES where SECCION=1 and CODPLU>10"_s);
+  bien(t.catalogo.ponerPrecios({1, 10}, Precios{{{125}}}, u"xEditPLU"_s));
+  auto* v = t.abrir(u"BrowPLUs"_s, {{u"seccion"_s, 1}, {u"departamento"_s, 1}});
+  auto& grid = t.lista(v);
+  ASSERT_EQ(grid.filas(), 1);
+  t.responder(u"Acepto"_s);
+  t.tecla(Qt::Key_F7);
+  ASSERT_TRUE(esperar([&] { return grid.filas() == 0; }));
+  const QString historia = u"select SECCION, ANTES, AHORA from HistoriaPrecios"_s;
+  EXPECT_EQ(t.leer(historia), u"2 100 125");
+  v->activateWindow();
+  ASSERT_TRUE(t.activa(v));
+  grid.vista()->setFocus();
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  ASSERT_TRUE(esperar([&] { return grid.filas() == 1; })) << v->tira().texto().toStdString();
+  EXPECT_EQ(t.leer(historia), u"1 100 125");
+  EXPECT_EQ(t.enMano(grid), 10);
+  EXPECT_EQ(grid.filasElegidas(), std::vector<int>{0});
+}
+
 TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
   Colmado t;
+  t.sql(u"insert into DEPTS (SECCION, NUMDEP, NomDep) values (1, 2, 'Verdura')"_s);
   t.sql(u"update DEPTS set IVA=3"_s);
   auto* v = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
   auto* arbol = t.control<QTreeWidget>(v, u"Arbol");
@@ -214,14 +248,17 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
   t.responder(u"Acepto"_s);
   t.tecla(Qt::Key_Delete);
   EXPECT_EQ(t.textoModal, u"Va a borrar un departamento completo....\nBorrará también PLUs:  10");
-  EXPECT_EQ(t.leer(u"select count(*) from DEPTS"_s), u"0");
+  EXPECT_EQ(t.leer(u"select NomDep from DEPTS"_s), u"Verdura");
+  EXPECT_EQ(arbol->currentItem()->text(0), u"Verdura");
   EXPECT_EQ(t.leer(u"select count(*) from PLUSES where SECCION=1"_s), u"2");
   EXPECT_EQ(t.cruces(), u"10 1 1 | 20 1 1") << "only what groups hold";
   v->activateWindow();
   ASSERT_TRUE(t.activa(v));
   arbol->setFocus();
   t.tecla(Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(t.leer(u"select NUMDEP, NomDep, IVA from DEPTS"_s), u"1 Fruta 3");
+  EXPECT_EQ(t.leer(u"select NUMDEP, NomDep, IVA from DEPTS order by NUMDEP"_s),
+            u"1 Fruta 3 | 2 Verdura 3");
+  EXPECT_EQ(t.leer(u"select count(*) from HistoriaPrecios"_s), u"0") << "nobody set a price";
   EXPECT_EQ(t.leer(u"select count(*) from PLUSES where SECCION=1"_s), u"12");
   // A whole section asks with its counts; a "No" leaves all.
   arbol->setCurrentItem(arbol->topLevelItem(0));
@@ -229,7 +266,13 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
   t.tecla(Qt::Key_Delete);
   EXPECT_EQ(t.textoModal,
             u"Va a borrar una sección completa....\nBorrará también PLUs:  12\nBorrará también "
-            u"Deptos. :  1\nBorrará también Grupos :  4");
+            u"Deptos. :  2\nBorrará también Grupos :  4");
+  // Nor does Return take it: there is no way back.
+  v->activateWindow();
+  ASSERT_TRUE(t.activa(v));
+  arbol->setFocus();
+  t.alAbrirse([](QWidget* w) { QTest::keyClick(w->focusWidget(), Qt::Key_Return); });
+  t.tecla(Qt::Key_Delete);
   EXPECT_EQ(t.leer(u"select count(*) from SECCS"_s), u"2");
 }
 
@@ -261,6 +304,7 @@ TEST(Trabajos, ElCodigoDeUnOperador) {
   const struct {
     const char16_t *texto, *dice;
   } casos[] = {{u"0", u"Número de operador incorrecto"},
+               {u"10000", u"Número de operador incorrecto"},
                {u"6", u"El código de registro ya existe: No debe duplicarse"},
                {u"77", u""}};
   t.abrirCelda(grid, u"CODOPE"_s);
@@ -301,6 +345,59 @@ TEST(Trabajos, ElCodigoDeUnOperador) {
   t.escribir(u"Luis"_s);
   t.tecla(Qt::Key_Return);
   EXPECT_EQ(t.leer(u"select CODOPE, NOMOPE from OPERS order by CODOPE"_s), u"6 Op | 7 Luis");
+}
+
+// What is done with the cells of one that was just added, and the operators that are left.
+TEST(Trabajos, UnOperadorNuevoSinNombreSeVa) {
+  const struct {
+    std::vector<std::variant<Qt::Key, const char16_t*>> teclas;
+    const char16_t* quedan;
+    bool seDice;
+  } casos[] = {{{Qt::Key_Escape}, u"5 Ana", true},
+               {{Qt::Key_Return}, u"5 Ana", true},
+               {{u"Luis", Qt::Key_Escape}, u"5 Ana", true},
+               {{u"Luis", Qt::Key_Return}, u"5 Ana | 6 Luis", false},
+               {{Qt::Key_Backtab, u"50", Qt::Key_Return, u"Luis", Qt::Key_Return},
+                u"5 Ana | 50 Luis",
+                false},
+               {{Qt::Key_Backtab, u"50", Qt::Key_Return, Qt::Key_Escape}, u"5 Ana", true}};
+  for (const auto& c : casos) {
+    Colmado t;
+    t.sql(u"insert into OPERS (CODOPE, NOMOPE) values (5, 'Ana')"_s);
+    auto* v = t.abrir(u"BrowOper"_s);
+    auto& grid = t.lista(v);
+    t.tecla(Qt::Key_Insert);
+    for (const auto& tecla : c.teclas) {
+      if (const auto* k = std::get_if<Qt::Key>(&tecla)) {
+        t.tecla(*k);
+      } else {
+        t.escribir(QString::fromUtf16(std::get<const char16_t*>(tecla)));
+      }
+      QApplication::processEvents();
+    }
+    const QString operadores = u"select CODOPE, NOMOPE from OPERS order by CODOPE"_s;
+    EXPECT_EQ(t.leer(operadores).toStdString(), QString::fromUtf16(c.quedan).toStdString());
+    EXPECT_EQ(v->tira().isVisible(), c.seDice);
+    EXPECT_FALSE(grid.editando());
+    EXPECT_GE(grid.filaActual(), 0);
+    // Nor does one stay when the window goes.
+    t.tecla(Qt::Key_Insert);
+    v->close();
+    EXPECT_EQ(t.leer(operadores).toStdString(), QString::fromUtf16(c.quedan).toStdString());
+  }
+}
+
+// What is free of the width is the name's.
+TEST(Trabajos, ElNombreDelOperadorLlenaLaLista) {
+  Colmado t;
+  for (const char16_t* ventana : {u"BrowOper", u"SelOpe"}) {
+    auto* v = t.abrir(QString::fromUtf16(ventana));
+    v->resize(1100, 500);
+    auto* vista = t.lista(v).vista();
+    EXPECT_TRUE(esperar([&] {
+      return vista->horizontalHeader()->length() == vista->viewport()->width();
+    })) << QString::fromUtf16(ventana).toStdString();
+  }
 }
 
 }  // namespace tarvo::prueba

@@ -1,5 +1,7 @@
 // Imports as a person does them: with keys, with bad lines, and taken back.
 #include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -130,6 +132,19 @@ TEST(VentanaImpPLU, ConservarYParar) {
   EXPECT_EQ(rotulo(v, u"mensaje"), u"Seleccione (DbClick) un fichero de la lista"_s);
 }
 
+TEST(VentanaImpPLU, UnFicheroSinLineasSeDice) {
+  Importadora m;
+  m.fichero(u"A.PLU"_s, {});
+  auto* v = m.abrir(u"ImpPLU"_s);
+  tecla(Qt::Key_Return);
+  tecla(Qt::Key_Return);
+  ASSERT_TRUE(
+      esperar([&] { return rotulo(v, u"mensaje") == u"Importación realizada con éxito"_s; }));
+  EXPECT_EQ(v->tira().texto(), u"El fichero no tiene ninguna línea: no se ha importado nada."_s);
+  EXPECT_EQ(v->tira().estado(), ventanas::Estado::Duda);
+  EXPECT_EQ(rotulo(v, u"Conta"), u"Ninguna línea"_s);
+}
+
 TEST(VentanaMainTvc, AUnaSeccionConPrefijos) {
   Importadora m;
   m.fichero(u"viejo.PLU"_s, u"010045"_s + u"PAN"_s.leftJustified(30) + u"2000200000300----07"_s +
@@ -151,6 +166,46 @@ TEST(VentanaMainTvc, AUnaSeccionConPrefijos) {
   EXPECT_EQ(bien(m.db->uno(u"SELECT PFX_BAR FROM PLUSES WHERE CODPLU=10045")).texto(), u"27"_s);
 }
 
+// What isn't a file of the former system is told as none, and makes nothing.
+TEST(VentanaMainTvc, UnFicheroQueNoEs) {
+  const std::pair<QString, QString> casos[] = {
+      {larga(3, 1000, u"SISTEMA"_s), u"viejo.PLU es de otro formato"_s},
+      {u"basura\n1\n\x01\x02\n"_s, u"3 líneas sin incorporar: están en la lista."_s},
+      {u"basura\n"_s, u"1 línea sin incorporar: está en la lista."_s},
+      {u""_s, u"viejo.PLU está vacío."_s}};
+  for (const auto& [texto, dicho] : casos) {
+    Importadora m;
+    m.fichero(u"viejo.PLU"_s, texto);
+    auto* v = m.abrir(u"MainTvc"_s);
+    tecla(Qt::Key_Return);
+    tecla(Qt::Key_Return);
+    ASSERT_TRUE(esperar([&] {
+      return rotulo(v, u"Panel") == u"El fichero no se encuentra o no es válido"_s;
+    })) << texto.toStdString();
+    EXPECT_TRUE(v->tira().texto().startsWith(dicho)) << v->tira().texto().toStdString();
+    EXPECT_EQ(bien(m.db->uno(u"SELECT count(*) FROM SECCS")).entero(), 2);
+    EXPECT_FALSE(boton(v, u"deshacer").isEnabled());
+  }
+}
+
+TEST(VentanaMainTvc, DeshacerQuitaLaSeccionQueHizo) {
+  Importadora m;
+  m.fichero(u"viejo.PLU"_s, u"070045"_s + u"PAN"_s.leftJustified(30) + u"2000200000300----07"_s +
+                                QString(13, u'8') + u"00000000\r\n"_s);
+  auto* v = m.abrir(u"MainTvc"_s);
+  const auto hay = [&] {
+    return bien(m.db->uno(u"SELECT count(*) FROM SECCS WHERE NMSECC=7")).entero() == 1;
+  };
+  tecla(Qt::Key_Return);
+  tecla(Qt::Key_Return);
+  ASSERT_TRUE(esperar([&] { return rotulo(v, u"Panel") == u"Proceso Terminado correctamente"_s; }));
+  EXPECT_TRUE(hay());
+  m.aceptar();
+  QTest::keyClick(v, Qt::Key_D, Qt::AltModifier);
+  ASSERT_TRUE(esperar([&] { return !hay(); }));
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Importación deshecha."));
+}
+
 // File, columns, what would change, done, undone; without a mouse.
 TEST(VentanaImpTabla, DeUnaHojaDeCalculoConTeclas) {
   Importadora m;
@@ -160,13 +215,13 @@ TEST(VentanaImpTabla, DeUnaHojaDeCalculoConTeclas) {
   auto* v = m.abrir(u"ImpTabla"_s);
   tecla(Qt::Key_Return);
   ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"2."); }));
-  EXPECT_EQ(v->findChild<QComboBox*>(u"columna2"_s)->currentText(), u"Precio, tarifa 0"_s);
+  EXPECT_EQ(v->findChild<QComboBox*>(u"columna2"_s)->currentText(), u"Precio, tarifa 1"_s);
   tecla(Qt::Key_Return);
   ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"3."); }));
   auto& previa = lista(v, u"previa");
   ASSERT_EQ(previa.filas(), 3);
   EXPECT_EQ(previa.texto(0, u"detalle"), u"Nombre: VIEJO → PIÑA"_s);
-  EXPECT_EQ(previa.texto(1, u"detalle"), u"Precio, tarifa 0: 1.234,25"_s);
+  EXPECT_EQ(previa.texto(1, u"detalle"), u"Precio, tarifa 1: 1.234,25"_s);
   EXPECT_EQ(m.articulos(), antes) << "a dry run writes nothing";
   tecla(Qt::Key_Return);
   ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"4."); }));
@@ -190,7 +245,7 @@ TEST(VentanaImpTabla, LaPersonaCambiaLasColumnas) {
     caja->setCurrentIndex(caja->findText(campo));
   };
   elegir(u"columna0"_s, u"Código"_s);
-  elegir(u"columna2"_s, u"Precio, tarifa 0"_s);
+  elegir(u"columna2"_s, u"Precio, tarifa 1"_s);
   boton(v, u"siguiente").click();
   ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"3."); }));
   auto* ver = v->findChild<QComboBox*>(u"quever"_s);
@@ -255,14 +310,43 @@ TEST(VentanaImpTabla, LaQueQuedoAMediasSeDice) {
   ASSERT_TRUE(esperar([&] { return m.articulos() == u"10 VIEJO 150"_s; }));
 }
 
+// And the keys go on to the next file.
 TEST(VentanaImpTabla, UnaHojaRotaSeDice) {
   Importadora m;
   m.fichero(u"rota.ods"_s, u"esto no es una hoja"_s);
+  m.fichero(u"sana.csv"_s, u"Código;PVP\n10;2,50\n"_s);
   auto* v = m.abrir(u"ImpTabla"_s);
   tecla(Qt::Key_Return);
   ASSERT_TRUE(esperar([&] { return v->tira().texto().startsWith(u"rota.ods"); }));
   EXPECT_TRUE(rotulo(v, u"paso").startsWith(u"1."));
   EXPECT_TRUE(boton(v, u"siguiente").isEnabled());
+  ASSERT_EQ(QApplication::focusWidget(), v->findChild<QListWidget*>());
+  tecla(Qt::Key_Down);
+  tecla(Qt::Key_Return);
+  ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"2."); }));
+  EXPECT_FALSE(v->tira().isVisible()) << "that was another file";
+  EXPECT_TRUE(rotulo(v, u"como").endsWith(u"«;», 1 fila.")) << rotulo(v, u"como").toStdString();
+}
+
+// The folder from which somebody took a file is where every import looks the next time.
+TEST(VentanasImportar, LaCarpetaSeRecuerda) {
+  Importadora m;
+  QDir(m.carpeta.path()).mkdir(u"otra"_s);
+  m.fichero(u"otra/A.PLU"_s, larga(3, 11, u"A"_s));
+  auto* v = m.abrir(u"ImpPLU"_s);
+  EXPECT_EQ(rotulo(v, u"carpeta"), m.carpeta.path());
+  QTimer::singleShot(50, v, [&] {
+    auto* dialogo = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialogo, nullptr);
+    dialogo->findChild<QLineEdit*>()->setText(m.ruta(u"otra"_s));
+    QTest::keyClick(dialogo->findChild<QLineEdit*>(), Qt::Key_Return);
+  });
+  boton(v, u"otraCarpeta").click();
+  EXPECT_EQ(v->findChild<QListWidget*>()->count(), 1);
+  EXPECT_TRUE(v->descargar());
+  EXPECT_EQ(rotulo(m.abrir(u"MainTvc"_s), u"carpeta"), m.ruta(u"otra"_s));
+  QDir(m.ruta(u"otra"_s)).removeRecursively();
+  EXPECT_EQ(rotulo(m.abrir(u"ImpTabla"_s), u"carpeta"), m.carpeta.path()) << "that one is gone";
 }
 
 }  // namespace

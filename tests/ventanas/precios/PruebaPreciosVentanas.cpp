@@ -82,7 +82,7 @@ TEST(VentanaLote, SubeUnDepartamentoYSeDeshace) {
   ASSERT_EQ(grid.filas(), 10);
   EXPECT_EQ(grid.texto(0, u"antes") + u'>' + grid.texto(0, u"despues"), u"33,00>36,50");
   EXPECT_EQ(grid.texto(9, u"estado"), u"No cabe en las balanzas");
-  EXPECT_EQ(m.texto(v, u"resumen"_s), u"9 de 10 cambian; 1 no pueden");
+  EXPECT_EQ(m.texto(v, u"resumen"_s), u"9 de 10 cambian; no pueden: 1");
   const QString precios = u"select sum(PRECIO_00) from PLUSES"_s;
   const QString antes = m.leer(precios);
   m.responder(u"Acepto"_s);

@@ -42,8 +42,8 @@ void Deshacedor::deshacerUltimo(std::function<void()> alAcabar) {
   const auto ultimo = lotes_.ultimo(v_.nombre());
   if (!v_.haIdoBien(ultimo) || !*ultimo) return;
   const auto& t = v_.contexto().textos;
-  const QString pregunta =
-      t(kTxConfirmarDeshacer, {(*ultimo)->cuando.general(), (*ultimo)->articulos});
+  const QString pregunta = v_.t(kTxConfirmarDeshacer, static_cast<int>((*ultimo)->articulos))
+                               .arg((*ultimo)->cuando.general());
   if (!ventanas::MyMsgBox::Decide(&v_, t, pregunta, ventanas::kAceptoCancelo)) return;
   empezar((*ultimo)->numero, (*ultimo)->articulos, [this, alAcabar = std::move(alAcabar)] {
     alAcabar();
@@ -63,6 +63,7 @@ void Deshacedor::volver(qint64 lote, int articulos, const std::optional<Error>& 
 }
 
 void Deshacedor::empezar(qint64 lote, qint64 articulos, std::function<void()> alAcabar) {
+  lote_ = lote;
   vuelta_ = std::make_unique<articles::Vuelta>(lotes_, lote, articulos, v_.nombre());
   v_.trabajo().empezar(
       v_.contexto().textos(kTxDeshaciendo), [this](Trabajo::Avance& a) { return vuelta_->paso(a); },
@@ -76,7 +77,7 @@ void Deshacedor::acabar(const Resultado<Trabajo::Fin>& fin, const std::function<
   alCambiar_();
   if (!v_.haIdoBien(fin)) return;
   if (*fin == Trabajo::Fin::Parado) return avisar();
-  alAcabar();
+  if (v_.haIdoBien(alDeshacer_(lote_))) alAcabar();
 }
 
 void Deshacedor::decirHecho(const QString& dicho) {
@@ -84,12 +85,13 @@ void Deshacedor::decirHecho(const QString& dicho) {
   if (fuera.empty()) return v_.decirBien(dicho);
   QStringList cuales;
   for (const auto& c : fuera) cuales << Ceros(c.seccion, 3) + u"  "_s + Ceros(c.codigo, 7);
-  v_.decirDuda(dicho + u' ' + v_.contexto().textos(kTxDeshechoFuera, {fuera.size()}),
+  v_.decirDuda(dicho + u' ' + v_.t(kTxDeshechoFuera, static_cast<int>(fuera.size())),
                cuales.join(u'\n'));
 }
 
 bool Deshacedor::acabarYa() {
-  return !vuelta_ || !v_.trabajo().enMarcha() || v_.haIdoBien(vuelta_->hastaElFinal());
+  return !vuelta_ || !v_.trabajo().enMarcha() ||
+         (v_.haIdoBien(vuelta_->hastaElFinal()) && v_.haIdoBien(alDeshacer_(lote_)));
 }
 
 }  // namespace tarvo::importar

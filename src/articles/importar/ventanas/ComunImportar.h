@@ -15,9 +15,16 @@ void ponerMalas(ventanas::Parrilla& lista, const std::vector<LineaMala>& malas);
 // Takes batches of a window back, as its work in slices, and says on its strip what came of it.
 class Deshacedor {
  public:
-  // `alCambiar`: at the beginning and at the end of the work.
-  Deshacedor(ventanas::Ventana& ventana, articles::Lotes& lotes, std::function<void()> alCambiar)
-      : v_(ventana), lotes_(lotes), alCambiar_(std::move(alCambiar)) {}
+  using AlDeshacer = std::function<Resultado<>(qint64 lote)>;
+  // `alCambiar`: at the beginning and at the end of the work. `alDeshacer`: what else goes with a
+  // batch, once all of it is taken back.
+  Deshacedor(
+      ventanas::Ventana& ventana, articles::Lotes& lotes, std::function<void()> alCambiar,
+      AlDeshacer alDeshacer = [](qint64) { return Resultado<>(); })
+      : v_(ventana),
+        lotes_(lotes),
+        alCambiar_(std::move(alCambiar)),
+        alDeshacer_(std::move(alDeshacer)) {}
 
   bool hayUltimo() const;
   // Says so when the last run, or its undoing, was cut off.
@@ -38,6 +45,8 @@ class Deshacedor {
   ventanas::Ventana& v_;
   articles::Lotes& lotes_;
   std::function<void()> alCambiar_;
+  AlDeshacer alDeshacer_;
+  qint64 lote_ = 0;
   std::unique_ptr<articles::Vuelta> vuelta_;
 };
 

@@ -23,7 +23,7 @@ ImpPLUVentana::ImpPLUVentana(ventanas::Contexto& contexto, const QString& nombre
 }
 
 void ImpPLUVentana::montar() {
-  ui_.ficheros->preparar(contexto().textos, {u"*.PLU"_s});
+  ui_.ficheros->preparar(contexto(), {u"*.PLU"_s});
   prepararMalas(*ui_.malas, contexto(), nombre());
   ui_.BorrPrevio->setChecked(true);
   ui_.deshacer->setIcon(ventanas::icono(u"atras"_s));
@@ -42,7 +42,7 @@ void ImpPLUVentana::montar() {
 Resultado<> ImpPLUVentana::preparar(const ventanas::Argumentos& argumentos) {
   if (trabajo().enMarcha()) return {};
   argumentos_ = argumentos;
-  ui_.ficheros->setCarpeta(argumentos.value(u"carpeta"_s, contexto().ajustes.HomeDir).toString());
+  ui_.ficheros->empezar(argumentos);
   ponerEstado(kSinFichero);
   deshacedor_.avisar();
   return {};
@@ -110,7 +110,8 @@ void ImpPLUVentana::Alto() {
 
 void ImpPLUVentana::mostrarCuenta() {
   ui_.CodAct->setText(motor_->ultimo().trimmed());
-  ui_.Conta->setText(t(kTxNLineas, motor_->cuenta().lineas));
+  const int lineas = motor_->cuenta().lineas;
+  ui_.Conta->setText(lineas > 0 ? t(kTxNLineas, lineas) : t(kTxNingunaLinea));
 }
 
 void ImpPLUVentana::acabar(const Resultado<Trabajo::Fin>& fin) {
@@ -134,6 +135,8 @@ void ImpPLUVentana::decirHecho() {
   QString dicho = contexto().textos(kTxHechoPLU, {c.nuevos, c.sobreescritos, c.conservados});
   if (motor_->lote() > 0) dicho += u' ' + t(kTxTransmisionCompleta);
   if (c.parado) dicho = contexto().textos(kTxParadoEnLinea, {c.malas.back().numero}) + u' ' + dicho;
+  if (c.lineas == 0 && c.malas.empty() && estado_ == kRealizado)
+    return decirDuda(t(kTxFicheroSinLineas));
   if (c.malas.empty()) return decirBien(dicho);
   decirDuda(t(kTxNMalas, static_cast<int>(c.malas.size())) + u' ' + dicho);
 }

@@ -14,13 +14,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // How a text was understood, for the person to see.
-QString comoSeLeyo(const TablaLeida& l, const QString& fichero, const Textos& t) {
-  if (!l.hoja.isEmpty()) return t(kTxLeidaHoja, {fichero, l.hoja, l.tabla.filas()});
+QString comoSeLeyo(const TablaLeida& l, const QString& fichero, int filas, const Textos& t) {
+  const QString cuantas = Plural(t(kTxNFilas), std::max(0, filas));
+  if (!l.hoja.isEmpty()) return t(kTxLeidaHoja, {fichero, l.hoja, cuantas});
   constexpr std::array kNombres{"UTF-8", "Windows-1252", "UTF-16", "UTF-16"};
   const QString separador = l.separador == u'\t' ? t(kTxTabulador) : QString(l.separador);
   return t(kTxLeidoTexto,
            {fichero, QString::fromLatin1(kNombres.at(static_cast<size_t>(l.codificacion))),
-            separador, l.tabla.filas()});
+            separador, cuantas});
 }
 
 }  // namespace
@@ -39,7 +40,7 @@ ImpTablaVentana::ImpTablaVentana(ventanas::Contexto& contexto, const QString& no
 }
 
 void ImpTablaVentana::montar() {
-  ui_.ficheros->preparar(contexto().textos, {u"*.csv"_s, u"*.txt"_s, u"*.xlsx"_s, u"*.ods"_s});
+  ui_.ficheros->preparar(contexto(), {u"*.csv"_s, u"*.txt"_s, u"*.xlsx"_s, u"*.ods"_s});
   prepararMalas(*ui_.malas, contexto(), nombre());
   ui_.deshacer->setIcon(ventanas::icono(u"atras"_s));
   connect(ui_.ficheros, &PanelFicheros::escogido, this, &ImpTablaVentana::leer);
@@ -57,7 +58,7 @@ void ImpTablaVentana::montar() {
 Resultado<> ImpTablaVentana::preparar(const ventanas::Argumentos& argumentos) {
   if (trabajo().enMarcha() || leyendo_) return {};
   TARVO_INTENTAR(llenarSecciones(argumentos.value(u"seccion"_s, 0).toInt()));
-  ui_.ficheros->setCarpeta(argumentos.value(u"carpeta"_s, contexto().ajustes.HomeDir).toString());
+  ui_.ficheros->empezar(argumentos);
   irA(kFichero);
   deshacedor_.avisar();
   if (const QString f = argumentos.value(u"fichero"_s).toString(); !f.isEmpty()) leer(f);
@@ -92,11 +93,10 @@ void ImpTablaVentana::irA(Paso paso) {
   if (paso == kFichero) {
     motor_.reset();
     leida_.reset();
-    ui_.ficheros->setFocus();
   }
   if (paso < kPrevia) motor_.reset();
-  botones();
-  if (paso != kFichero) ui_.siguiente->setFocus();
+  botones();  // what is disabled takes no focus
+  paso == kFichero ? ui_.ficheros->setFocus() : ui_.siguiente->setFocus();
 }
 
 void ImpTablaVentana::botones() {
@@ -149,9 +149,9 @@ void ImpTablaVentana::leer(const QString& ruta) {
 void ImpTablaVentana::leido(Resultado<TablaLeida> tabla) {
   leyendo_ = false;
   if (!haIdoBien(tabla)) return irA(kFichero);
+  tira().quitar();  // what it says is of another file
   leida_ = std::make_unique<TablaLeida>(std::move(*tabla));
   const Plan p = planDe(leida_->tabla, contexto().textos);
-  ui_.como->setText(comoSeLeyo(*leida_, fichero_, contexto().textos));
   ui_.conTitulos->setChecked(p.primeraFila > 0);
   ui_.crearNuevos->setChecked(true);
   signoElegido_ = false;
@@ -167,6 +167,8 @@ void ImpTablaVentana::mostrarColumnas() {
     p.primeraFila = 1;
   ui_.conTitulos->setProperty("primera", p.primeraFila);
   ui_.columnas->mostrar(leida_->tabla, p, contexto().textos);
+  ui_.como->setText(
+      comoSeLeyo(*leida_, fichero_, leida_->tabla.filas() - p.primeraFila, contexto().textos));
   mirarSigno();
 }
 

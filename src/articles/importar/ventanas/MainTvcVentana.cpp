@@ -16,14 +16,20 @@ MainTvcVentana::MainTvcVentana(ventanas::Contexto& contexto, const QString& nomb
     : Ventana(contexto, nombre),
       catalogo_(catalogo),
       lotes_(contexto.db, catalogo, contexto.reloj),
-      deshacedor_(*this, lotes_, [this] { ponerEstado(estado_); }) {
+      hechas_(contexto.db, catalogo),
+      deshacedor_(
+          *this, lotes_, [this] { ponerEstado(estado_); },
+          [this](qint64 lote) -> Resultado<> {
+            TARVO_INTENTAR(hechas_.quitar(lote));
+            return {};
+          }) {
   ui_.setupUi(cuerpo());
   enlazar();
   montar();
 }
 
 void MainTvcVentana::montar() {
-  ui_.ficheros->preparar(contexto().textos, {u"*.PLU"_s});
+  ui_.ficheros->preparar(contexto(), {u"*.PLU"_s});
   prepararMalas(*ui_.malas, contexto(), nombre());
   ventanas::ponerLetra(*ui_.ayudaPfjo, ventanas::Letra::Secundaria);
   ui_.deshacer->setIcon(ventanas::icono(u"atras"_s));
@@ -44,7 +50,7 @@ void MainTvcVentana::montar() {
 
 Resultado<> MainTvcVentana::preparar(const ventanas::Argumentos& argumentos) {
   if (trabajo().enMarcha()) return {};
-  ui_.ficheros->setCarpeta(argumentos.value(u"carpeta"_s, contexto().ajustes.HomeDir).toString());
+  ui_.ficheros->empezar(argumentos);
   mostrarDestino();
   ponerEstado(kSinFichero);
   deshacedor_.avisar();
@@ -142,7 +148,8 @@ void MainTvcVentana::acabar(const Resultado<Trabajo::Fin>& fin) {
   const auto cerrado = motor_->acabar();
   const MainTvc::Cuenta c = motor_->cuenta();
   const bool entero = fin && *fin == Trabajo::Fin::Acabado;
-  ponerEstado(entero ? kTerminado : fin ? kSinFichero : kNoVale);
+  const bool nada = c.nuevos + c.cambiados == 0 && !c.malas.empty();
+  ponerEstado(!fin || (entero && nada) ? kNoVale : entero ? kTerminado : kSinFichero);
   ponerMalas(*ui_.malas, c.malas);
   if (!fin || !cerrado) return decirFallo(fin ? cerrado.error() : fin.error());
   const QString dicho = contexto().textos(kTxHechoTvc, {c.nuevos, c.cambiados, c.sinTarifa});

@@ -32,6 +32,7 @@ class MainTvcVentana final : public ventanas::Ventana {
   Ui::MainTvc ui_;
   articles::Catalogo& catalogo_;
   articles::Lotes lotes_;
+  SeccionesHechas hechas_;
   Deshacedor deshacedor_;
   std::unique_ptr<MainTvc> motor_;
   QString ruta_;

@@ -9,12 +9,19 @@
 
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
 #include "core/ventanas/Medidas.h"
+#include "core/ventanas/Recuerdos.h"
 #include "core/ventanas/Retenida.h"
 #include "core/ventanas/Tema.h"
 
 namespace tarvo::importar {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kMemoria = u"Importar"_s, kCarpeta = u"carpeta"_s;
+
+}  // namespace
 
 PanelFicheros::PanelFicheros(QWidget* padre)
     : QWidget(padre),
@@ -36,17 +43,30 @@ PanelFicheros::PanelFicheros(QWidget* padre)
   todo->addWidget(otra_);
   setFocusProxy(lista_);
   connect(lista_, &QListWidget::itemActivated, this, [this](const QListWidgetItem* i) {
+    recordar();
     Q_EMIT escogido(QDir(carpeta_).filePath(i->text()));
   });
   connect(otra_, &QPushButton::clicked, this, &PanelFicheros::escogerCarpeta);
 }
 
-void PanelFicheros::preparar(const Textos& textos, const QStringList& patrones) {
+void PanelFicheros::preparar(ventanas::Contexto& contexto, const QStringList& patrones) {
+  c_ = &contexto;
+  const Textos& textos = contexto.textos;
   patrones_ = patrones;
   otra_->setText(textos(kTxOtraCarpeta));
   otra_->setIcon(ventanas::icono(u"abrir"_s));
   lista_->setAccessibleName(textos(kTxListaFicheros));
   ninguno_->setText(textos(kTxSinFicheros, {patrones.join(u' ')}));
+}
+
+void PanelFicheros::empezar(const ventanas::Argumentos& argumentos) {
+  const QString ultima = c_->recuerdos.leer(kMemoria, kCarpeta);
+  const bool sirve = !ultima.isEmpty() && QDir(ultima).exists();
+  setCarpeta(argumentos.value(kCarpeta, sirve ? ultima : c_->ajustes.HomeDir).toString());
+}
+
+void PanelFicheros::recordar() {
+  c_->recuerdos.poner(kMemoria, kCarpeta, carpeta_);
 }
 
 void PanelFicheros::setCarpeta(const QString& carpeta) {
@@ -63,6 +83,7 @@ void PanelFicheros::escogerCarpeta() {
   const QString otra = QFileDialog::getExistingDirectory(this, window()->windowTitle(), carpeta_);
   if (otra.isEmpty()) return;
   setCarpeta(otra);
+  recordar();
   lista_->setFocus();
 }
 

@@ -1,9 +1,10 @@
-// The files of a folder to choose from: a double click or Return takes one.
+// The files of a folder to choose from: a double click or Return takes one. All imports share the
+// memory of the folder from which somebody took the last file.
 #pragma once
 
 #include <QWidget>
 
-#include "core/textos/Textos.h"
+#include "core/ventanas/Ventana.h"
 
 class QLabel;
 class QListWidget;
@@ -16,7 +17,9 @@ class PanelFicheros final : public QWidget {
  public:
   explicit PanelFicheros(QWidget* padre = nullptr);
   // `patrones`: "*.PLU", any case. The names of its list and its button come from the texts.
-  void preparar(const Textos& textos, const QStringList& patrones);
+  void preparar(ventanas::Contexto& contexto, const QStringList& patrones);
+  // The folder in the argument "carpeta"; else the last one, if it is there; else the program's.
+  void empezar(const ventanas::Argumentos& argumentos);
   void setCarpeta(const QString& carpeta);
   const QString& carpeta() const { return carpeta_; }
   QListWidget* lista() const { return lista_; }
@@ -26,7 +29,9 @@ class PanelFicheros final : public QWidget {
 
  private:
   void escogerCarpeta();
+  void recordar();
 
+  ventanas::Contexto* c_ = nullptr;
   QLabel* donde_;
   QListWidget* lista_;
   QLabel* ninguno_;

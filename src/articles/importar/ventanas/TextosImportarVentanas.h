@@ -27,6 +27,8 @@ enum TextoImportarVentanas : int {
   kTxParadoEnLinea = 4640,
   kTxOtraCarpeta = 4641,
   kTxListaFicheros = 4642,
+  kTxFicheroSinLineas = 4647,
+  kTxNingunaLinea = 4648,
   kTxIniciar = 4669,
   kTxSeleccioneTvc = 4670,
   kTxPuedeIniciar = 4671,
@@ -71,6 +73,7 @@ enum TextoImportarVentanas : int {
   kTxDeshaciendo = 4788,
   kTxAMedias = 4789,
   kTxNadaImportado = 4790,
+  kTxNFilas = 4805,
 };
 
 }  // namespace tarvo::importar

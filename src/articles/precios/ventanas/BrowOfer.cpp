@@ -34,7 +34,6 @@ void BrowOfer::montar() {
   connect(ui_.dbS, &QComboBox::activated, this, [this] { haIdoBien(seccionCambiada()); });
   connect(ui_.dbG, &QComboBox::activated, this, [this] { haIdoBien(abrirLista()); });
   connect(ui_.Grid, &ventanas::Parrilla::seleccionCambiada, this, &BrowOfer::actualizarAcciones);
-  connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
   for (const auto& [caja, filtro] : {std::pair{ui_.TxtF1, &desde_}, {ui_.TxtFf, &hasta_}}) {
     new ventanas::EscogeFecha(*caja, contexto());
     caja->setMaximumWidth(ventanas::escalar(kAnchoFecha));

@@ -1,5 +1,6 @@
 // What a person writes in the list, and what is done with the offers chosen.
 #include "articles/precios/CambioRapido.h"
+#include "articles/precios/TextosPrecios.h"
 #include "articles/precios/ventanas/BrowOfer.h"
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
@@ -17,9 +18,11 @@ constexpr int kPitidos = 20;  // before dates of all groups change
 }  // namespace
 
 Resultado<> BrowOfer::precioEscrito(qint64 fila, std::size_t nivel, const QString& texto) {
+  const Textos& textos = contexto().textos;
   const auto clave = claveDe(fila);
+  if (!clave) return fallo(Fallo::NoExiste, textos(kTxOfertaQueFalta));
   const auto precio = comoPrecio(texto, contexto().ajustes);
-  if (!clave || !precio) return fallo(Fallo::Formato, t(kTxPrecioMalo));
+  if (!precio) return std::unexpected(errorDe(precio.error(), texto, contexto().ajustes, textos));
   const auto oferta = motor_.leer(*clave);
   if (!oferta) return std::unexpected(oferta.error());
   PreciosOferta precios = *oferta ? (*oferta)->precios : PreciosOferta{};
@@ -27,6 +30,7 @@ Resultado<> BrowOfer::precioEscrito(qint64 fila, std::size_t nivel, const QStrin
   const auto otras = motor_.ponerPrecios(*clave, precios, ui_.Sincro->isChecked());
   if (!otras) return std::unexpected(otras.error());
   if (ui_.Sincro->isChecked()) decirBien(t(kTxPreciosCopiados, *otras));
+  if (const auto aviso = avisoPrecio(*precio, contexto().ajustes, textos)) decirDuda(*aviso);
   return {};
 }
 

@@ -1,4 +1,8 @@
 // The calculator from article to article: what is saved, and where the pointer goes.
+#include <algorithm>
+
+#include "articles/precios/CambioRapido.h"
+#include "articles/precios/Limites.h"
 #include "articles/precios/ventanas/CalcPreVentana.h"
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
@@ -66,13 +70,31 @@ void CalcPreVentana::reposicionado() {
   if (moviendo_ || !lista_ || lista_->clave().codigo == 0) return;
   const auto [seccion, codigo] = lista_->clave();
   if (ClaveArticulo{seccion, codigo} == articulo_.clave) return;
-  if (tocado_) guardar();
+  if (tocado_ && !guardar()) return;
   haIdoBien(cargar({seccion, codigo}));
+}
+
+std::optional<QString> CalcPreVentana::impedimento() const {
+  const auto ver = [this](qint64 n) { return precioEnTexto(contexto(), n); };
+  const Textos& textos = contexto().textos;
+  const qint64 coste = calc_.cifras().costeN;
+  if (coste < 0 && coste != articulo_.coste) return textos(kTxCosteNegativo, {ver(coste)});
+  for (std::size_t nivel = 0; nivel < articles::kNiveles; ++nivel)
+    for (std::size_t tarifa = 0; tarifa < articles::kTarifas; ++tarifa) {
+      const qint64 n = precios_[nivel][tarifa];
+      if (n == articulo_.precios[nivel][tarifa] || (n >= 0 && n <= kPrecioMayor)) continue;
+      return textos(n < 0 ? kTxPrecioNegativo : kTxPrecioSinSitio, {ver(n), ver(kPrecioMayor)});
+    }
+  return std::nullopt;
 }
 
 // What another window changed of the article meanwhile stays.
 bool CalcPreVentana::guardar() {
   if (articulo_.clave.deSistema()) return true;
+  if (const auto impide = impedimento()) {
+    decirFallo(*impide);
+    return false;
+  }
   const auto ahora = catalogo_.leer(articulo_.clave);
   if (!haIdoBien(ahora)) return false;
   if (!*ahora) {
@@ -85,15 +107,25 @@ bool CalcPreVentana::guardar() {
       if (precios_[nivel][tarifa] != articulo_.precios[nivel][tarifa])
         nuevo.precios[nivel][tarifa] = precios_[nivel][tarifa];
   if (calc_.cifras().costeN != articulo_.coste) nuevo.coste = calc_.cifras().costeN;
+  if (nuevo != **ahora && !haIdoBien(catalogo_.modificar(articulo_.clave, nuevo, nombre())))
+    return false;
   tocado_ = false;
   if (nuevo == **ahora) return true;
-  if (!haIdoBien(catalogo_.modificar(articulo_.clave, nuevo, nombre()))) return false;
   articulo_ = nuevo;
   precios_ = nuevo.precios;
   const bool ajeno = std::exchange(moviendo_, true);
   if (lista_) lista_->refrescar();
   moviendo_ = ajeno;
   return true;
+}
+
+void CalcPreVentana::salvar() {
+  if (!terminar() || !guardar()) return;
+  qint64 mayor = 0;
+  for (const auto& nivel : precios_) mayor = std::max(mayor, std::ranges::max(nivel));
+  if (const auto aviso = avisoPrecio(mayor, contexto().ajustes, contexto().textos))
+    return decirDuda(*aviso);
+  decirBien(t(kTxPrecioGuardado).arg(articulo_.nombre));
 }
 
 Resultado<ClaveArticulo> CalcPreVentana::vecino(int pasos) {
@@ -108,9 +140,7 @@ Resultado<ClaveArticulo> CalcPreVentana::vecino(int pasos) {
 }
 
 void CalcPreVentana::mover(int pasos) {
-  // The box that has the focus is checked first.
-  if (auto* caja = qobject_cast<QLineEdit*>(focusWidget())) Q_EMIT caja->editingFinished();
-  if (!guardar()) return;
+  if (!terminar() || !guardar()) return;
   if (lista_) {
     moviendo_ = true;
     const bool hay = lista_->saltar(pasos);

@@ -18,6 +18,7 @@ namespace {
 // The exact locked margin; the settings keep whole per cents.
 const QString kMargenFijo = u"margenFijo"_s;
 constexpr int kMargenMayor = 32'767;
+constexpr double kMenosDeUnaCifra = 0.006;  // what is shown in round figures
 
 }  // namespace
 
@@ -47,17 +48,16 @@ void CalcPreVentana::montar() {
   });
   connect(ui_.togg, &QPushButton::clicked, this, &CalcPreVentana::bloquear);
   connect(ui_.grdpre, &MatrizPrecios::entrada, this, &CalcPreVentana::entrar);
-  connect(ui_.grdpre, &MatrizPrecios::cambiada, this, [this](Celda celda) {
-    precio(celda) = ui_.grdpre->precios()[static_cast<std::size_t>(celda.nivel)]
-                                         [static_cast<std::size_t>(celda.tarifa)];
+  decirLoDe(*ui_.grdpre, *this);
+  ui_.grdpre->alEscribir([this](Celda celda, qint64 nuevo) -> Resultado<> {
+    precio(celda) = nuevo;
     tocado_ = true;
     if (celda == ui_.grdpre->actual()) entrar(celda);
+    return {};
   });
   connect(ui_.Arriba, &QPushButton::clicked, this, [this] { mover(-1); });
   connect(ui_.Abajo, &QPushButton::clicked, this, [this] { mover(1); });
-  connect(ui_.Salvar, &QPushButton::clicked, this, [this] {
-    if (guardar()) decirBien(t(kTxPrecioGuardado).arg(articulo_.nombre));
-  });
+  connect(ui_.Salvar, &QPushButton::clicked, this, &CalcPreVentana::salvar);
   connect(ui_.Salir, &QPushButton::clicked, this, &CalcPreVentana::descargar);
 }
 
@@ -78,12 +78,35 @@ void CalcPreVentana::alinear() {
 
 // Only what was typed counts: leaving a box takes nothing back from what it shows in round figures.
 void CalcPreVentana::unirCaja(QLineEdit& caja, const Hacer& hacer) {
-  connect(&caja, &QLineEdit::editingFinished, this, [this, &caja, hacer] {
-    if (!caja.isModified()) return;
-    hacer();
-    tocado_ = true;
-    pintar();
-  });
+  cajas_[&caja] = hacer;
+  connect(&caja, &QLineEdit::editingFinished, this, [this, &caja, hacer] { tomar(caja, hacer); });
+}
+
+bool CalcPreVentana::tomar(QLineEdit& caja, const Hacer& hacer) {
+  if (!caja.isModified()) return true;
+  const QString dicho = caja.text().trimmed();
+  hacer();
+  tocado_ = true;
+  pintar();
+  const auto escrito = numero(caja, dicho), queda = numero(caja, caja.text());
+  const bool igual =
+      dicho.isEmpty() || (escrito && queda && std::abs(*escrito - *queda) < kMenosDeUnaCifra);
+  const QString hay = caja.text().isEmpty() ? t(kTxNada) : caja.text();
+  if (!igual) decirDuda(contexto().textos(kTxQuedaOtro, {dicho, hay}));
+  return igual;
+}
+
+// As the box reads a text: an amount in whole units, or a plain number.
+std::optional<double> CalcPreVentana::numero(const QLineEdit& caja, const QString& texto) const {
+  if (&caja == ui_.pciva || &caja == ui_.pcMarg || &caja == ui_.redon) return numeroDe(texto);
+  const auto n = LeerImporte(contexto().ajustes, texto, contexto().ajustes.MonedaNativa);
+  return n ? std::optional(static_cast<double>(*n)) : std::nullopt;
+}
+
+bool CalcPreVentana::terminar() {
+  auto* caja = qobject_cast<QLineEdit*>(focusWidget());
+  const auto suya = cajas_.find(caja);
+  return (suya == cajas_.end() || tomar(*caja, suya->second)) && ui_.grdpre->terminar();
 }
 
 void CalcPreVentana::ponerAjustes() {

@@ -3,6 +3,8 @@
 // of the price to begin with. Without that window it walks the codes of "seccion" from "codigo" on.
 #pragma once
 
+#include <map>
+
 #include "articles/Catalogo.h"
 #include "articles/precios/CalcPre.h"
 #include "articles/precios/ParrillaRapida.h"
@@ -28,6 +30,11 @@ class CalcPreVentana final : public ventanas::Ventana {
   void montar();
   void alinear();
   void unirCaja(QLineEdit& caja, const Hacer& hacer);
+  // Takes what was typed in the box; false, and it is said, when another figure stands there now.
+  bool tomar(QLineEdit& caja, const Hacer& hacer);
+  std::optional<double> numero(const QLineEdit& caja, const QString& texto) const;
+  // Of the box or the cell that has the focus; false when a person should look first.
+  bool terminar();
   void ponerAjustes();
   void guardarAjustes();
 
@@ -41,7 +48,10 @@ class CalcPreVentana final : public ventanas::Ventana {
   qint64 importe(const QLineEdit& caja) const;
   qint64& precio(Celda celda);
 
+  // What can't be saved of the figures, in words.
+  std::optional<QString> impedimento() const;
   bool guardar();
+  void salvar();
   void mover(int pasos);
   Resultado<articles::ClaveArticulo> vecino(int pasos);
 
@@ -51,6 +61,7 @@ class CalcPreVentana final : public ventanas::Ventana {
   articles::Articulo articulo_;  // as it was read
   articles::Precios precios_{};
   DeLista lista_;
+  std::map<QLineEdit*, Hacer> cajas_;
   bool seguida_ = false, moviendo_ = false, tocado_ = false;
 };
 

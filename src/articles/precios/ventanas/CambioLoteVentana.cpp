@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "articles/precios/CambioRapido.h"
+#include "articles/precios/Limites.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/Parrilla.h"
@@ -155,7 +156,8 @@ SeleccionLote CambioLoteVentana::seleccion() const {
   return s;
 }
 
-std::optional<OrdenLote> CambioLoteVentana::ordenPrecios() {
+// Which of the two figures it is, and what it may be.
+std::expected<OrdenLote, QString> CambioLoteVentana::ordenPrecios() {
   const auto pc = numeroDe(ui_.txPc->text());
   const auto paso = comoPrecio(ui_.txPaso->text(), contexto().ajustes);
   const int centesimas = pc && std::abs(*pc) < 1e6 ? static_cast<int>(std::lround(*pc * 100))
@@ -164,19 +166,27 @@ std::optional<OrdenLote> CambioLoteVentana::ordenPrecios() {
                                      static_cast<Redondeo>(ui_.redondeo->currentIndex()),
                                      unoDe(*ui_.nivel), unoDe(*ui_.tarifa));
   const bool malPc = centesimas < SubePrecios::kMenor || centesimas > SubePrecios::kMayor;
-  marcarFalta(*ui_.txPc, malPc && !ui_.txPc->text().trimmed().isEmpty());
-  marcarFalta(*ui_.txPaso, paso.value_or(0) < 1);
-  return orden ? std::optional<OrdenLote>(*orden) : std::nullopt;
+  const bool malPaso = paso.value_or(0) < 1 || *paso > kPrecioDeBalanza;
+  const bool sinPc = ui_.txPc->text().trimmed().isEmpty();
+  marcarFalta(*ui_.txPc, malPc && !sinPc);
+  marcarFalta(*ui_.txPaso, malPaso);
+  if (orden) return *orden;
+  if (sinPc) return std::unexpected(t(kTxOrdenMala));
+  const Textos& textos = contexto().textos;
+  if (malPc)
+    return std::unexpected(textos(kTxSubidaMala, {conDosDecimales(SubePrecios::kMenor / 100.0),
+                                                  conDosDecimales(SubePrecios::kMayor / 100.0)}));
+  return std::unexpected(textos(
+      kTxPasoMalo, {precioEnTexto(contexto(), 1), precioEnTexto(contexto(), kPrecioDeBalanza)}));
 }
 
-// Nothing while it isn't whole.
-std::optional<OrdenLote> CambioLoteVentana::orden() {
+std::expected<OrdenLote, QString> CambioLoteVentana::orden() {
   switch (ui_.que->currentIndex()) {
     case kDepartamento:
-      if (ui_.depto->currentIndex() < 0) return std::nullopt;
+      if (ui_.depto->currentIndex() < 0) return std::unexpected(t(kTxSinDepartamentos));
       return PoneDepartamento{ui_.depto->currentData().toInt()};
     case kFormato:
-      if (ui_.txFormato->text().isEmpty()) return std::nullopt;
+      if (ui_.txFormato->text().isEmpty()) return std::unexpected(t(kTxSinFormato));
       return PoneFormato{ui_.txFormato->text().toInt()};
     default:
       return ordenPrecios();
@@ -192,7 +202,7 @@ void CambioLoteVentana::mirar() {
   luego_->parar();
   lineas_.clear();
   const auto que = orden();
-  ui_.Grid->setVacia(t(que ? kTxNadaQueCambiar : kTxOrdenMala));
+  ui_.Grid->setVacia(que ? t(kTxNadaQueCambiar) : que.error());
   if (que) {
     auto lineas = motor_.previa(seleccion(), *que);
     if (haIdoBien(lineas)) lineas_ = std::move(*lineas);

@@ -26,8 +26,8 @@ class CambioLoteVentana final : public ventanas::Ventana {
   void queCambiado();
   void luegoMirar();
   void mirar();
-  std::optional<OrdenLote> orden();
-  std::optional<OrdenLote> ordenPrecios();
+  std::expected<OrdenLote, QString> orden();
+  std::expected<OrdenLote, QString> ordenPrecios();
   SeleccionLote seleccion() const;
   void pintarLineas();
   QString valorEnTexto(const dao::Valor& valor) const;

@@ -34,6 +34,7 @@ void CfgFastPlu::editar(const ConfigCambio& config) {
   for (int i = 0; i < kColumnasRapidas; ++i)
     ui_.columnas->poner(i, static_cast<int>(config.vistas[static_cast<std::size_t>(i)]));
   ui_.lstModo->setCurrentIndex(static_cast<int>(config.modo));
+  ui_.columnas->enfocar(0);
 }
 
 void CfgFastPlu::salvar() {

@@ -1,5 +1,7 @@
 #include "articles/precios/ventanas/Comun.h"
 
+#include <QMessageBox>
+#include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QStyle>
 #include <cmath>
@@ -7,6 +9,7 @@
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/dinero/Dinero.h"
 #include "core/ventanas/Medidas.h"
+#include "core/ventanas/Retenida.h"
 #include "core/ventanas/Tema.h"
 
 namespace tarvo::precios {
@@ -88,6 +91,20 @@ QWidget* antesDe(QWidget& sitio) {
   while (antes != &sitio && !(antes->focusPolicy() & Qt::TabFocus))
     antes = antes->previousInFocusChain();
   return antes;
+}
+
+bool abandonar(ventanas::Ventana& ventana) {
+  const ventanas::Retenida mientras(&ventana);
+  QMessageBox caja(QMessageBox::Warning, ventana.windowTitle(), ventana.t(kTxAbandonar),
+                   QMessageBox::NoButton, &ventana);
+  QPushButton* dejar = caja.addButton(ventana.t(kTxDejar), QMessageBox::DestructiveRole);
+  QPushButton* seguir = caja.addButton(ventana.t(kTxSeguir), QMessageBox::RejectRole);
+  dejar->setObjectName(u"Acepto"_s);
+  seguir->setObjectName(u"Cancelo"_s);
+  caja.setDefaultButton(seguir);
+  caja.setEscapeButton(seguir);
+  caja.exec();
+  return caja.clickedButton() == dejar;
 }
 
 Error informe(const ventanas::Contexto& c, const Error& error) {

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "core/ventanas/Recorrido.h"
+#include "core/ventanas/Ventana.h"
 #include "core/ventanas/Ventanas.h"
 
 namespace tarvo::precios {
@@ -53,6 +54,9 @@ class DeLista {
   QString nombre_;
   bool unida_ = false;
 };
+
+// Asks whether to lose what was typed; Enter and Escape keep it.
+bool abandonar(ventanas::Ventana& ventana);
 
 // A code that is taken, in the words that people know it by.
 Error informe(const ventanas::Contexto& c, const Error& error);

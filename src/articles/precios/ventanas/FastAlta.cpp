@@ -23,6 +23,7 @@ void FastAlta::montar() {
   montarCampos();
   ui_.Grd->preparar(contexto(), motor_.forma().precios(), motor_.forma().tarifas());
   connect(ui_.Grd, &MatrizPrecios::intro, this, [this] { avanzar(); });
+  decirLoDe(*ui_.Grd, *this);
   connect(ui_.Alta, &QPushButton::clicked, this, &FastAlta::anadir);
   connect(ui_.Salir, &QPushButton::clicked, this, &FastAlta::descargar);
   connect(ui_.Configurar, &QPushButton::clicked, this, &FastAlta::configurar);
@@ -163,7 +164,14 @@ void FastAlta::pintarDepartamento() {
   ui_.lbDep->setText(haIdoBien(nombre) ? nombre->texto() : QString());
 }
 
+// The other fields may stay from the article before.
+bool FastAlta::hayAlgoEscrito() const {
+  return !ui_.txCod->text().isEmpty() || !ui_.txNom->text().trimmed().isEmpty() ||
+         !ui_.Grd->vacia();
+}
+
 bool FastAlta::QueryUnload() {
+  if (hayAlgoEscrito() && !abandonar(*this)) return true;
   if (lista_) lista_->refrescar();
   lista_.soltar();
   return false;

@@ -34,6 +34,7 @@ class FastAlta final : public ventanas::Ventana {
   // Marks the field where it isn't.
   bool vale(CampoAlta campo);
   bool puedeSalir();
+  bool hayAlgoEscrito() const;
   void avanzar();
 
   void codigoConFoco();

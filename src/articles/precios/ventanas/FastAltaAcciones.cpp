@@ -2,6 +2,9 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <algorithm>
+
+#include "articles/precios/CambioRapido.h"
 #include "articles/precios/ventanas/CfgFastA.h"
 #include "articles/precios/ventanas/FastAlta.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
@@ -59,6 +62,10 @@ void FastAlta::anadirYa() {
   ui_.lbUltimo->setText(t(kTxUltimo).arg(quien));
   if (lista_) lista_->refrescarEn({articulo->clave.seccion, articulo->clave.codigo});
   tira().quitar();
+  qint64 mayor = 0;
+  for (const auto& nivel : articulo->precios) mayor = std::max(mayor, std::ranges::max(nivel));
+  const auto aviso = avisoPrecio(mayor, contexto().ajustes, contexto().textos);
+  if (aviso) decirDuda(*aviso);
   vaciar();
 }
 

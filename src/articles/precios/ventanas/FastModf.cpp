@@ -53,25 +53,46 @@ void FastModf::montar() {
   unir(ui_.Configurar, u"ajustes"_s, Qt::Key_F9, [this] { configurar(); });
   ui_.Grd->filtros()->addWidget(ui_.filtros);
   ui_.GrdP->preparar(contexto());
+  ui_.GrdP->alEscribir(
+      [this](Celda celda, qint64 precio) { return escribirPrecio(celda, precio); });
+  setTabOrder(ui_.GrdP->ultimo(), ui_.Grd->campoBusca());
   ui_.lbModo->installEventFilter(this);
-  connect(ui_.dbS, &QComboBox::activated, this, [this] { haIdoBien(abrirLista()); });
+  connect(ui_.dbS, &QComboBox::activated, this, [this] { haIdoBien(seccionCambiada()); });
   connect(ui_.Grd, &ventanas::Parrilla::actualCambiada, this, &FastModf::articuloCambiado);
   connect(ui_.Grd, &ventanas::Parrilla::editada, this, &FastModf::articuloCambiado);
   connect(ui_.Grd, &ventanas::Parrilla::escrita, this, [this] { saltar(1); });
   connect(ui_.Grd, &ventanas::Parrilla::activada, this,
           [this] { ui_.GrdP->irA(ui_.GrdP->actual()); });
-  connect(ui_.Grd, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
-  connect(ui_.GrdP, &MatrizPrecios::cambiada, this, &FastModf::precioEscrito);
+  decirLoDe(*ui_.GrdP, *this);
+  connect(ui_.GrdP, &MatrizPrecios::fallo, this, &FastModf::volverAlPendiente,
+          Qt::QueuedConnection);
   connect(ui_.GrdP, &MatrizPrecios::intro, this, &FastModf::intro);
   pintarModo();
 }
 
 Resultado<> FastModf::preparar(const ventanas::Argumentos& argumentos) {
+  if (!ui_.GrdP->terminar()) return {};
   lista_.unir(argumentos);
   TARVO_INTENTAR(llenarSecciones(*ui_.dbS, contexto()));
   if (argumentos.contains(u"seccion"_s)) elegir(*ui_.dbS, argumentos.value(u"seccion"_s));
   TARVO_INTENTAR(abrirLista());
+  irAlDeLaLista();
   ui_.Grd->setFocus();
+  return {};
+}
+
+// The article on which the list of articles stands.
+void FastModf::irAlDeLaLista() {
+  if (!lista_ || lista_->clave().seccion != ui_.dbS->currentData().toInt()) return;
+  const auto fila = contexto().db.uno(u"SELECT rowid FROM PLUSES WHERE SECCION=? AND CODPLU=?",
+                                      lista_->clave().seccion, lista_->clave().codigo);
+  const int i = haIdoBien(fila) && !fila->nulo() ? ui_.Grd->filaDe(fila->entero()) : -1;
+  if (i >= 0) ui_.Grd->irA(i);
+}
+
+Resultado<> FastModf::seccionCambiada() {
+  if (ui_.GrdP->terminar()) return abrirLista();
+  elegir(*ui_.dbS, articulo_.clave.seccion);
   return {};
 }
 
@@ -117,12 +138,27 @@ articles::ClaveArticulo FastModf::claveDe(int fila) const {
   return {ui_.dbS->currentData().toInt(), ui_.Grd->valor(fila, kCodigo).entero()};
 }
 
+// A price that isn't written keeps its article.
 void FastModf::articuloCambiado() {
   const int fila = ui_.Grd->filaActual();
+  if (!ui_.GrdP->pendiente()) return leerArticulo(fila);
+  if (fila < 0 || ui_.Grd->clave(fila) != fila_)
+    QMetaObject::invokeMethod(this, &FastModf::volverAlPendiente, Qt::QueuedConnection);
+}
+
+void FastModf::volverAlPendiente() {
+  const auto celda = ui_.GrdP->pendiente();
+  if (!celda) return;
+  if (const int fila = ui_.Grd->filaDe(fila_); fila >= 0) ui_.Grd->irA(fila);
+  ui_.GrdP->irA(*celda);
+}
+
+void FastModf::leerArticulo(int fila) {
   const auto articulo = fila < 0 ? Resultado<std::optional<articles::Articulo>>(std::nullopt)
                                  : catalogo_.leer(claveDe(fila));
   const bool hay = haIdoBien(articulo) && articulo->has_value();
   articulo_ = hay ? **articulo : articles::Articulo();
+  fila_ = hay ? ui_.Grd->clave(fila) : 0;
   ui_.GrdP->setEnabled(hay);
   ui_.GrdP->poner(articulo_.precios);
   ui_.lbArticulo->setText(
@@ -141,24 +177,33 @@ Resultado<> FastModf::escribir(qint64 fila, ColumnaRapida columna, const QString
   if (*nuevo == **antes) return {};
   const auto hecho = catalogo_.modificar(clave, *nuevo, nombre());
   if (!hecho) return std::unexpected(informe(contexto(), hecho.error()));
+  for (std::size_t nivel = 0; nivel < articles::kNiveles; ++nivel)
+    if (nuevo->precios[nivel][0] != (*antes)->precios[nivel][0])
+      avisarSiEsAlto(nuevo->precios[nivel][0]);
   return {};
 }
 
-void FastModf::precioEscrito(Celda celda) {
+Resultado<> FastModf::escribirPrecio(Celda celda, qint64 precio) {
   articles::Precios precios = articulo_.precios;
-  const auto nivel = static_cast<std::size_t>(celda.nivel);
-  const auto tarifa = static_cast<std::size_t>(celda.tarifa);
-  precios[nivel][tarifa] = ui_.GrdP->precios()[nivel][tarifa];
-  if (!haIdoBien(catalogo_.ponerPrecios(articulo_.clave, precios, nombre())))
-    return articuloCambiado();
+  precios[static_cast<std::size_t>(celda.nivel)][static_cast<std::size_t>(celda.tarifa)] = precio;
+  TARVO_INTENTAR(catalogo_.ponerPrecios(articulo_.clave, precios, nombre()));
   articulo_.precios = precios;
+  avisarSiEsAlto(precio);
   haIdoBien(ui_.Grd->refrescar());
+  return {};
+}
+
+void FastModf::avisarSiEsAlto(qint64 precio) {
+  if (const auto aviso = avisoPrecio(precio, contexto().ajustes, contexto().textos))
+    decirDuda(*aviso);
 }
 
 // --- keys
 // ----------------------------------------------------------------------------------------
 
 bool FastModf::saltar(int pasos) {
+  // What stands in the field is a price too.
+  if (!ui_.GrdP->terminar()) return false;
   const int fila = ui_.Grd->filaActual() + pasos;
   if (fila < 0 || fila >= ui_.Grd->filas()) return false;
   const bool enPrecios = ui_.GrdP->tieneFoco();
@@ -178,8 +223,6 @@ void FastModf::keyPressEvent(QKeyEvent* evento) {
                                                         : 0;
   if (pasos == 0) return Ventana::keyPressEvent(evento);
   evento->accept();
-  // What stands in the field is a price too.
-  if (auto* campo = qobject_cast<QLineEdit*>(focusWidget())) Q_EMIT campo->editingFinished();
   saltar(pasos);
 }
 
@@ -214,6 +257,7 @@ void FastModf::ponerModo(ModoIntro modo) {
 }
 
 void FastModf::configurar() {
+  if (!ui_.GrdP->terminar()) return;
   const auto config = std::make_shared<ConfigCambio>(ConfigCambio::de(contexto().ajustes));
   if (!contexto().ventanas.abrirModal(u"CfgFastPlu"_s, this,
                                       {{u"salida"_s, QVariant::fromValue(config)}}))
@@ -228,6 +272,7 @@ void FastModf::configurar() {
 }
 
 bool FastModf::QueryUnload() {
+  if (!ui_.GrdP->terminar()) return true;
   if (lista_) lista_->refrescar();
   lista_.soltar();
   return false;

@@ -28,11 +28,17 @@ class FastModf final : public ventanas::Ventana {
   ventanas::Columna columna(ColumnaRapida cual);
   Resultado<> abrirLista();
   articles::ClaveArticulo claveDe(int fila) const;
+  Resultado<> seccionCambiada();
+  void irAlDeLaLista();
   void articuloCambiado();
+  void leerArticulo(int fila);
+  // Back to the price that isn't written, on its article.
+  void volverAlPendiente();
   Resultado<> escribir(qint64 fila, ColumnaRapida columna, const QString& texto);
-  void precioEscrito(Celda celda);
+  Resultado<> escribirPrecio(Celda celda, qint64 precio);
+  void avisarSiEsAlto(qint64 precio);
   void intro(Celda celda);
-  // False at the ends.
+  // False at the ends, and when a price stays.
   bool saltar(int pasos);
   void pintarModo();
   void ponerModo(ModoIntro modo);
@@ -41,7 +47,8 @@ class FastModf final : public ventanas::Ventana {
   Ui::FastModf ui_;
   articles::Catalogo& catalogo_;
   DeLista lista_;
-  articles::Articulo articulo_;
+  articles::Articulo articulo_;  // whose prices stand beside the list
+  qint64 fila_ = 0;              // its key in the list
   ModoIntro modo_;
 };
 

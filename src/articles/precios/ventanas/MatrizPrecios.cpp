@@ -10,6 +10,7 @@
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/Medidas.h"
+#include "core/ventanas/Tira.h"
 
 namespace tarvo::precios {
 
@@ -20,10 +21,6 @@ namespace {
 
 constexpr int kCifrasVistas = 7;
 
-std::size_t en(int n) {
-  return static_cast<std::size_t>(n);
-}
-
 }  // namespace
 
 MatrizPrecios::MatrizPrecios(QWidget* padre) : QWidget(padre) {}
@@ -33,8 +30,7 @@ void MatrizPrecios::preparar(ventanas::Contexto& contexto, int niveles, int tari
   niveles_ = niveles;
   tarifas_ = tarifas;
   actual_ = {};
-  puestos_ = {};
-  for (auto& nivel : campos_) nivel.fill(nullptr);
+  casillas_ = {};
   qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
   delete layout();
   ultimo_ = antesDe(*this);
@@ -62,83 +58,146 @@ void MatrizPrecios::hacerCampo(QGridLayout& rejilla, Celda celda) {
                            c_->textos(kTxTarifaN).arg(celda.tarifa + 1));
   campo->installEventFilter(this);
   connect(campo, &QLineEdit::editingFinished, this, [this, celda] { terminar(celda); });
-  campos_[en(celda.nivel)][en(celda.tarifa)] = campo;
+  connect(campo, &QLineEdit::textEdited, this, [campo] { marcarFalta(*campo, false); });
+  casilla(celda).campo = campo;
   rejilla.addWidget(campo, celda.tarifa + 1, celda.nivel + 1);
   // Made later than the form, it stands where the matrix does among its keys.
   setTabOrder(std::exchange(ultimo_, campo), campo);
 }
 
-QLineEdit* MatrizPrecios::campo(Celda c) const {
-  return campos_[en(c.nivel)][en(c.tarifa)];
+void MatrizPrecios::mostrar(Celda celda, qint64 precio, const QString& texto) {
+  Casilla& c = casilla(celda);
+  c.precio = precio;
+  c.texto = texto;
+  c.campo->setText(texto);
+  marcarFalta(*c.campo, false);
+  if (c.campo->hasFocus()) c.campo->selectAll();
 }
 
 void MatrizPrecios::poner(const articles::Precios& precios) {
-  for (int nivel = 0; nivel < niveles_; ++nivel)
-    for (int tarifa = 0; tarifa < tarifas_; ++tarifa)
-      poner({nivel, tarifa}, precios[en(nivel)][en(tarifa)]);
+  cadaCelda([&](Celda c) {
+    poner(c, precios[static_cast<size_t>(c.nivel)][static_cast<size_t>(c.tarifa)]);
+  });
 }
 
 void MatrizPrecios::poner(Celda celda, qint64 precio) {
-  puestos_[en(celda.nivel)][en(celda.tarifa)] = precio;
-  campo(celda)->setText(precioEnTexto(*c_, precio));
-  marcarFalta(*campo(celda), false);
-  if (campo(celda)->hasFocus()) campo(celda)->selectAll();
+  mostrar(celda, precio, precioEnTexto(*c_, precio));
 }
 
 void MatrizPrecios::limpiar() {
-  poner(articles::Precios{});
-  for (int nivel = 0; nivel < niveles_; ++nivel)
-    for (int tarifa = 0; tarifa < tarifas_; ++tarifa) campo({nivel, tarifa})->clear();
+  cadaCelda([this](Celda c) { mostrar(c, 0, {}); });
 }
 
 articles::Precios MatrizPrecios::precios() const {
   articles::Precios salida{};
-  for (int nivel = 0; nivel < niveles_; ++nivel)
-    for (int tarifa = 0; tarifa < tarifas_; ++tarifa)
-      salida[en(nivel)][en(tarifa)] =
-          comoPrecio(campo({nivel, tarifa})->text(), c_->ajustes).value_or(0);
+  cadaCelda([&](Celda c) {
+    salida[static_cast<size_t>(c.nivel)][static_cast<size_t>(c.tarifa)] =
+        comoPrecio(casilla(c).campo->text(), c_->ajustes).value_or(0);
+  });
   return salida;
 }
 
 bool MatrizPrecios::vale() const {
-  for (int nivel = 0; nivel < niveles_; ++nivel)
-    for (int tarifa = 0; tarifa < tarifas_; ++tarifa)
-      if (!comoPrecio(campo({nivel, tarifa})->text(), c_->ajustes)) return false;
-  return true;
+  bool todas = true;
+  cadaCelda([&](Celda c) {
+    todas = todas && comoPrecio(casilla(c).campo->text(), c_->ajustes).has_value();
+  });
+  return todas;
+}
+
+bool MatrizPrecios::vacia() const {
+  bool todas = true;
+  cadaCelda([&](Celda c) { todas = todas && casilla(c).campo->text().trimmed().isEmpty(); });
+  return todas;
+}
+
+std::optional<Celda> MatrizPrecios::pendiente() const {
+  std::optional<Celda> cual;
+  cadaCelda([&](Celda c) {
+    if (casilla(c).campo->isModified()) cual = c;
+  });
+  return cual;
 }
 
 void MatrizPrecios::irA(Celda celda) {
   if (celda.nivel >= niveles_ || celda.tarifa >= tarifas_) return;
-  campo(celda)->setFocus(Qt::OtherFocusReason);
-  campo(celda)->selectAll();
+  casilla(celda).campo->setFocus(Qt::OtherFocusReason);
+  casilla(celda).campo->selectAll();
 }
 
 bool MatrizPrecios::tieneFoco() const {
   return isAncestorOf(QApplication::focusWidget());
 }
 
-// A text that is no price stays, marked, and changes nothing.
-void MatrizPrecios::terminar(Celda celda) {
-  const auto precio = comoPrecio(campo(celda)->text(), c_->ajustes);
-  marcarFalta(*campo(celda), !precio);
-  if (!precio || *precio == puestos_[en(celda.nivel)][en(celda.tarifa)]) return;
-  poner(celda, *precio);
-  Q_EMIT cambiada(celda);
+bool MatrizPrecios::terminar() {
+  const auto cual = pendiente();
+  return !cual || terminar(*cual);
 }
 
+bool MatrizPrecios::terminar(Celda celda) {
+  Casilla& c = casilla(celda);
+  if (!c.campo->isModified()) return true;
+  const QString dicho = c.campo->text();
+  const auto precio = comoPrecio(dicho, c_->ajustes);
+  if (!precio) return queda(celda, dicho, errorDe(precio.error(), dicho, c_->ajustes, c_->textos));
+  const Casilla antes = c;
+  poner(celda, *precio);
+  const bool escribe = escribir_ && *precio != antes.precio;
+  if (const auto hecho = escribe ? escribir_(celda, *precio) : Resultado<>(); !hecho) {
+    c = antes;
+    return queda(celda, dicho, hecho.error());
+  }
+  resolver();
+  return true;
+}
+
+void MatrizPrecios::resolver() {
+  if (std::exchange(rechazado_, false)) Q_EMIT resuelto();
+}
+
+bool MatrizPrecios::queda(Celda celda, const QString& dicho, const Error& error) {
+  QLineEdit& campo = *casilla(celda).campo;
+  campo.setText(dicho);
+  campo.setModified(true);
+  marcarFalta(campo, true);
+  rechazado_ = true;
+  Q_EMIT fallo(celda, error);
+  return false;
+}
+
+bool MatrizPrecios::renunciar(Celda celda) {
+  const Casilla c = casilla(celda);
+  if (!c.campo->isModified()) return false;
+  mostrar(celda, c.precio, c.texto);
+  resolver();
+  return true;
+}
+
+// --- keys
+// ----------------------------------------------------------------------------------------
+
+bool MatrizPrecios::subirOBajar(Celda celda, int pasos) {
+  const int tarifa = celda.tarifa + pasos;
+  if (terminar(celda) && tarifa >= 0 && tarifa < tarifas_) irA({celda.nivel, tarifa});
+  return true;
+}
+
+// True for a key that goes no further. Who is stopped by a price that stays has Escape.
 bool MatrizPrecios::tecla(Celda celda, int tecla) {
   switch (tecla) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      terminar(celda);
-      if (!campo(celda)->property("falta").toBool()) Q_EMIT intro(celda);
+      if (terminar(celda)) Q_EMIT intro(celda);
       return true;
     case Qt::Key_Up:
-    case Qt::Key_Down: {
-      const int tarifa = celda.tarifa + (tecla == Qt::Key_Up ? -1 : 1);
-      if (tarifa >= 0 && tarifa < tarifas_) irA({celda.nivel, tarifa});
-      return true;
-    }
+      return subirOBajar(celda, -1);
+    case Qt::Key_Down:
+      return subirOBajar(celda, 1);
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+      return !terminar(celda);
+    case Qt::Key_Escape:
+      return renunciar(celda);
     default:
       return false;
   }
@@ -146,17 +205,24 @@ bool MatrizPrecios::tecla(Celda celda, int tecla) {
 
 bool MatrizPrecios::eventFilter(QObject* objeto, QEvent* evento) {
   if (evento->type() != QEvent::FocusIn && evento->type() != QEvent::KeyPress) return false;
-  for (int nivel = 0; nivel < niveles_; ++nivel)
-    for (int tarifa = 0; tarifa < tarifas_; ++tarifa) {
-      const Celda celda{nivel, tarifa};
-      if (campo(celda) != objeto) continue;
-      if (evento->type() == QEvent::KeyPress)
-        return tecla(celda, static_cast<QKeyEvent*>(evento)->key());
-      campo(celda)->selectAll();
-      if (celda != std::exchange(actual_, celda)) Q_EMIT entrada(celda);
-      return false;
-    }
+  std::optional<Celda> cual;
+  cadaCelda([&](Celda c) {
+    if (casilla(c).campo == objeto) cual = c;
+  });
+  if (!cual) return false;
+  if (evento->type() == QEvent::KeyPress)
+    return tecla(*cual, static_cast<QKeyEvent*>(evento)->key());
+  casilla(*cual).campo->selectAll();
+  if (*cual != std::exchange(actual_, *cual)) Q_EMIT entrada(*cual);
   return false;
+}
+
+void decirLoDe(MatrizPrecios& matriz, ventanas::Ventana& ventana) {
+  QObject::connect(&matriz, &MatrizPrecios::fallo, &ventana,
+                   [&ventana](Celda, const Error& e) { ventana.decirFallo(e); });
+  QObject::connect(&matriz, &MatrizPrecios::resuelto, &ventana, [&ventana] {
+    if (ventana.tira().estado() == ventanas::Estado::Mal) ventana.tira().quitar();
+  });
 }
 
 }  // namespace tarvo::precios

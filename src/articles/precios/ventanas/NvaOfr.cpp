@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "articles/precios/CambioRapido.h"
 #include "articles/precios/ventanas/BrowOfer.h"
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
@@ -128,9 +127,10 @@ void NvaOfr::keyPressEvent(QKeyEvent* evento) {
     focusNextChild();
     return;
   }
-  if (evento->key() == Qt::Key_Escape && foco == ui_.Entra && !ui_.Entra->text().isEmpty()) {
+  if (evento->key() == Qt::Key_Escape && foco == ui_.Entra) {
     evento->accept();
-    return ui_.Entra->clear();
+    if (!ui_.Entra->text().isEmpty()) return ui_.Entra->clear();
+    dejado_ = true;  // who stands there wants none of it
   }
   Ventana::keyPressEvent(evento);
 }
@@ -138,9 +138,8 @@ void NvaOfr::keyPressEvent(QKeyEvent* evento) {
 // --- saving
 // --------------------------------------------------------------------------------------
 
-void NvaOfr::mal(int texto, QLineEdit& campo) {
-  MyMsgBox::Decide(this, contexto().textos, t(texto),
-                   ventanas::kSoloAcepto | ventanas::kExclamacion);
+void NvaOfr::mal(const QString& texto, QLineEdit& campo) {
+  MyMsgBox::Decide(this, contexto().textos, texto, ventanas::kSoloAcepto | ventanas::kExclamacion);
   marcarFalta(campo, true);
   campo.setFocus();
   campo.selectAll();
@@ -154,21 +153,30 @@ std::optional<Vigencia> NvaOfr::leerVigencia() {
     if (const auto f = Fecha::leer(texto)) dias[i] = f->dia();
     if (dias[i]) cajas[i]->setText(dias[i]->corta());
     if (dias[i] || texto.isEmpty()) continue;
-    mal(kTxFechaMala, *cajas[i]);
+    mal(t(kTxFechaMala), *cajas[i]);
     return std::nullopt;
   }
   const auto vigencia = Vigencia::de(dias[0], dias[1]);
-  if (!vigencia) mal(kTxAcabaAntes, *ui_.Fecha_F);
+  if (!vigencia) mal(t(kTxAcabaAntes), *ui_.Fecha_F);
   return vigencia;
 }
 
+// For who wrote words in the first price none was entered; an amount that won't do is told why.
+QString NvaOfr::porQueNo(FaltaPrecio falta, std::size_t nivel, const QString& texto) const {
+  const bool conCifras = std::ranges::any_of(texto, [](QChar c) { return c.isDigit(); });
+  if (falta == FaltaPrecio::NoEsImporte && nivel == 0 && !conCifras) return t(kTxSinPrecio);
+  return errorDe(falta, texto, contexto().ajustes, contexto().textos).texto;
+}
+
 std::optional<OfertaNueva> NvaOfr::leerOferta() {
-  if (!articulo_) return mal(kTxSinCodigo, *ui_.Entra), std::nullopt;
+  if (!articulo_) return mal(t(kTxSinCodigo), *ui_.Entra), std::nullopt;
   OfertaNueva oferta{seccion_, articulo_->codigo, {}, {}};
   for (std::size_t nivel = 0; nivel < precios_.size(); ++nivel) {
-    const bool falta = nivel == 0 && precios_[0]->text().trimmed().isEmpty();
-    const auto precio = comoPrecio(precios_[nivel]->text(), contexto().ajustes);
-    if (falta || !precio) return mal(kTxSinPrecio, *precios_[nivel]), std::nullopt;
+    const QString texto = precios_[nivel]->text();
+    if (nivel == 0 && texto.trimmed().isEmpty())
+      return mal(t(kTxSinPrecio), *precios_[0]), std::nullopt;
+    const auto precio = comoPrecio(texto, contexto().ajustes);
+    if (!precio) return mal(porQueNo(precio.error(), nivel, texto), *precios_[nivel]), std::nullopt;
     oferta.precios[nivel] = *precio;
   }
   const auto vigencia = leerVigencia();
@@ -204,9 +212,26 @@ void NvaOfr::salvar() {
   if (auto* lista = qobject_cast<BrowOfer*>(contexto().ventanas.cargada(u"BrowOfer"_s)))
     lista->RefrescoRemoto();
   const QString nombre = articulo_->nombre;
+  fechas_ = {ui_.Fecha_1->text(), ui_.Fecha_F->text()};
   vaciar();
   if (grupos->empty()) return decirDuda(t(kTxOfertaEnNinguno));
-  decirBien(t(kTxOfertaGuardada, static_cast<int>(grupos->size())).arg(nombre));
+  const QString bien = t(kTxOfertaGuardada, static_cast<int>(grupos->size())).arg(nombre);
+  const auto aviso =
+      avisoPrecio(std::ranges::max(oferta->precios), contexto().ajustes, contexto().textos);
+  if (aviso) return decirDuda(bien + u' ' + *aviso);
+  decirBien(bien);
+}
+
+// The dates of the last offer stay, and are nobody's loss.
+bool NvaOfr::hayAlgoEscrito() const {
+  const std::array fechas{ui_.Fecha_1->text(), ui_.Fecha_F->text()};
+  return !ui_.Entra->text().trimmed().isEmpty() || fechas != fechas_ ||
+         std::ranges::any_of(precios_,
+                             [](const QLineEdit* p) { return !p->text().trimmed().isEmpty(); });
+}
+
+bool NvaOfr::QueryUnload() {
+  return !dejado_ && hayAlgoEscrito() && !abandonar(*this);
 }
 
 // The dates stay for the next one.

@@ -43,6 +43,10 @@ void TablaOpciones::poner(int fila, int opcion) {
     b->setChecked(true);
 }
 
+void TablaOpciones::enfocar(int fila) {
+  filas_[static_cast<std::size_t>(fila)]->checkedButton()->setFocus();
+}
+
 int TablaOpciones::valor(int fila) const {
   return filas_[static_cast<std::size_t>(fila)]->checkedId();
 }

@@ -19,6 +19,7 @@ class TablaOpciones final : public QWidget {
   void preparar(const Textos& textos, int nombres, int cuantas, int opciones);
   void poner(int fila, int opcion);
   int valor(int fila) const;  // 0 to 2
+  void enfocar(int fila);     // on its option that holds
 
  private:
   std::vector<QButtonGroup*> filas_;

@@ -17,7 +17,6 @@ enum TextoPreciosVentanas : int {
   kTxHastaCol = 4418,
   kTxNivel = 4420,  // to 4422
   kTxTarifaN = 4423,
-  kTxPrecioMalo = 4424,
   kTxPreciosCopiados = 4425,
   kTxCambiaDesde = 4426,
   kTxCambiaHasta = 4427,
@@ -43,9 +42,17 @@ enum TextoPreciosVentanas : int {
   kTxReescribirla = 4457,
   kTxOfertaGuardada = 4458,
   kTxOfertaEnNinguno = 4459,
+  kTxQuedaOtro = 4460,
+  kTxNada = 4461,
+  kTxCosteNegativo = 4462,
+  kTxPrecioNegativo = 4463,
+  kTxPrecioSinSitio = 4464,
   kTxPrecioGuardado = 4465,
   kTxSinArticulo = 4466,
   kTxNoHayMas = 4467,
+  kTxAbandonar = 4483,
+  kTxDejar = 4484,
+  kTxSeguir = 4485,
   kTxModo = 4507,         // to 4509
   kTxColumnas = 4510,     // to 4519
   kTxVistas = 4520,       // to 4522
@@ -87,6 +94,10 @@ enum TextoPreciosVentanas : int {
   kTxSePuedeDeshacerLote = 4597,
   kTxDuplicado = 4598,
   kTxNadaCambiado = 4599,
+  kTxSubidaMala = 4801,
+  kTxPasoMalo = 4802,
+  kTxSinFormato = 4803,
+  kTxSinDepartamentos = 4804,
   kTxCambiando = 4787,
   kTxDeshaciendo = 4788,
   kTxAMedias = 4789,

@@ -1,0 +1,228 @@
+// The complete editor: its checks and marks, its keys, its bar code.
+#include <QPlainTextEdit>
+#include <QTabWidget>
+
+#include "Colmado.h"
+
+namespace tarvo::prueba {
+
+TEST(Editor, LaListaDeFaltasYLaPrimeraDelante) {
+  Colmado t;
+  auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
+  t.control(v, u"txFormato")->setText(u"21"_s);
+  t.control(v, u"txMinimo")->setText(u"99999,99"_s);
+  t.control(v, u"txHasta2")->setText(u"doce"_s);
+  t.responder(u"Acepto"_s);
+  t.control<QPushButton>(v, u"Guardar")->click();
+  EXPECT_EQ(t.textoModal,
+            u"El valor entrado es incorrecto:\nFormato Etiquetas\nPrecio mínimo\nValor Hasta2");
+  EXPECT_EQ(t.control<QTabWidget>(v, u"Fichas")->currentWidget()->objectName(), u"etq");
+  EXPECT_EQ(v->focusWidget(), t.control(v, u"txFormato"));
+  EXPECT_EQ(t.leer(u"select FORMATO, minimo, HASTA_2 from PLUSES where SECCION=1 and CODPLU=10"_s),
+            u"1 0 0");
+  EXPECT_EQ(t.cruces(), u"10 1 0 | 20 1 0");
+  // Leaving asks; a "No" stays, and so does Return.
+  t.alAbrirse([](QWidget* w) { QTest::keyClick(w->focusWidget(), Qt::Key_Return); });
+  v->close();
+  EXPECT_EQ(t.textoModal, u"¿Abandonar los cambios realizados?");
+  EXPECT_TRUE(v->isVisible());
+}
+
+TEST(Editor, NiLaMonedaNiLaUnidadCambianNada) {
+  Colmado t;
+  t.ajustes.Euro = 166.386F;
+  t.sql(
+      u"update PLUSES set COSTE=333, minimo=101, HASTA_1=1505, STK_MAX=2500 where SECCION=1 and CODPLU=10"_s);
+  auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
+  EXPECT_EQ(t.control(v, u"txCoste")->text(), u"3,33");
+  t.tecla(Qt::Key_M, Qt::ControlModifier);
+  EXPECT_EQ(t.control(v, u"txCoste")->text(), u"554");
+  QTest::mouseDClick(t.control<QWidget>(v, u"Moneda"), Qt::LeftButton);
+  EXPECT_EQ(t.control(v, u"txCoste")->text(), u"3,33");
+  t.tecla(Qt::Key_M, Qt::ControlModifier);
+  auto* unidad = t.control<QComboBox>(v, u"LstCada");
+  unidad->setCurrentIndex(2);
+  EXPECT_EQ(t.control(v, u"txHasta1")->text(), u"1.505");
+  EXPECT_EQ(t.control<QLabel>(v, u"lbUni")->text(), u"Uds.");
+  unidad->setCurrentIndex(0);
+  t.control(v, u"txNom")->setText(u"Otro"_s);
+  t.control<QPushButton>(v, u"Guardar")->click();
+  EXPECT_FALSE(v->isVisible());
+  EXPECT_EQ(
+      t.leer(
+          u"select NOMPLU, COSTE, minimo, HASTA_1, STK_MAX, CADA from PLUSES where SECCION=1 and CODPLU=10"_s),
+      u"Otro 333 101 1505 2500 0");
+}
+
+TEST(Editor, BarrasExistenciasYLoQueOtroCambio) {
+  Colmado t;
+  auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
+  auto* dibujo = t.control<QLabel>(v, u"dibujo");
+  auto* corregir = t.control<QPushButton>(v, u"Corregir");
+  EXPECT_FALSE(dibujo->pixmap().isNull());
+  t.control(v, u"txBarExt")->setText(u"8412345678904"_s);
+  EXPECT_FALSE(corregir->isHidden());
+  EXPECT_TRUE(dibujo->pixmap().isNull());
+  corregir->click();
+  EXPECT_EQ(t.control(v, u"txBarExt")->text(), u"8412345678905");
+  EXPECT_FALSE(dibujo->pixmap().isNull());
+  t.control<QTabWidget>(v, u"Fichas")->setCurrentIndex(2);
+  auto& stock = t.lista(v, u"GrdStk");
+  t.abrirCelda(stock, u"Inicial"_s);
+  t.escribir(u"2,5"_s);
+  t.tecla(Qt::Key_Return);
+  EXPECT_EQ(stock.texto(0, u"actual"), u"2,500");
+  t.sql(u"update PLUSES set PRECIO_00=5 where SECCION=1 and CODPLU=10"_s);
+  t.alAbrirse([](QWidget* w) { QTest::keyClick(w->focusWidget(), Qt::Key_Return); });
+  t.control<QPushButton>(v, u"Guardar")->click();
+  EXPECT_TRUE(t.textoModal.startsWith(u"Otra ventana ha cambiado"));
+  EXPECT_EQ(t.leer(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s), u"5");
+  t.responder(u"Acepto"_s);
+  t.control<QPushButton>(v, u"Guardar")->click();
+  EXPECT_EQ(t.leer(u"select PRECIO_00, CodBarExt from PLUSES where SECCION=1 and CODPLU=10"_s),
+            u"100 8412345678905");
+  EXPECT_EQ(t.leer(u"select CODIGO, Inicial, Venta from MovsAlm"_s), u"10 2500 0");
+  // The bar code stands in the section already.
+  v = t.abrir(u"xEditPLU#1.20"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 20}});
+  t.control(v, u"txBarExt")->setText(u"8412345678905"_s);
+  t.responder(u"Acepto"_s);
+  t.control<QPushButton>(v, u"Guardar")->click();
+  EXPECT_EQ(t.textoModal, u"El código de registro ya existe: No debe duplicarse");
+  EXPECT_TRUE(v->isVisible());
+  // What isn't there opens nothing.
+  EXPECT_EQ(
+      t.escritorio.ventanas().abrir(u"xEditPLU#1.99"_s, v, {{u"seccion"_s, 1}, {u"codigo"_s, 99}}),
+      nullptr);
+}
+
+namespace {
+
+// Whether it was painted since.
+class Pintado final : public QObject {
+ public:
+  explicit Pintado(QWidget* w) : w_(w) { w->installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* e) override {
+    if (e->type() == QEvent::Paint) como_ = w_->property("falta").toBool();
+    return false;
+  }
+  std::optional<bool> como() const { return como_; }
+
+ private:
+  QWidget* w_;
+  std::optional<bool> como_;
+};
+
+}  // namespace
+
+// Each Guardar marks what is wrong now, all of it, on the screen.
+TEST(Editor, LosMarcosDicenLoDeAhora) {
+  Colmado t;
+  auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
+  const char16_t* campos[] = {u"txCod", u"txMinimo", u"txHasta1", u"txHasta2"};
+  const struct {
+    const char16_t* textos[4];
+    std::vector<bool> mal;
+  } casos[] = {{{u"1", u"-3", u"x", u"999999"}, {true, true, true, true}},
+               {{u"10", u"-3", u"1", u"999999"}, {false, true, false, true}},
+               {{u"10", u"3", u"x", u"1"}, {false, false, true, false}}};
+  std::vector<std::unique_ptr<Pintado>> pintados;
+  for (const char16_t* campo : campos)
+    pintados.push_back(std::make_unique<Pintado>(t.control(v, campo)));
+  for (const auto& c : casos) {
+    for (size_t i = 0; i < 4; ++i)
+      t.control(v, campos[i])->setText(QString::fromUtf16(c.textos[i]));
+    QApplication::processEvents();
+    t.responder(u"Acepto"_s);
+    t.control<QPushButton>(v, u"Guardar")->click();
+    for (size_t i = 0; i < 4; ++i)
+      EXPECT_TRUE(esperar([&] { return pintados[i]->como() == c.mal[i]; }, 5000))
+          << QString::fromUtf16(campos[i]).toStdString() << ' ' << c.mal[i];
+  }
+}
+
+// The tab in front, the control that has the focus, the key, and what follows.
+TEST(Editor, PorTodasPartesConElTeclado) {
+  const struct {
+    int ficha;
+    const char16_t* desde;
+    Qt::Key tecla;
+    Qt::KeyboardModifiers mandos;
+    const char16_t *delante, *foco;  // the tab, and the control, where it matters
+  } casos[] = {{0, u"txNom", Qt::Key_Tab, Qt::ControlModifier, u"otr", u""},
+               {0, u"LstCada", Qt::Key_Tab, Qt::ControlModifier, u"otr", u""},
+               {1, u"LstDep", Qt::Key_Tab, Qt::ControlModifier, u"stk", u""},
+               {3, u"txTexto", Qt::Key_Tab, Qt::ControlModifier, u"pre", u""},
+               {0, u"txNom", Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, u"etq", u""},
+               {0, u"txHasta2", Qt::Key_R, Qt::AltModifier, u"pre", u"GrdPre"},
+               {0, u"txHasta2", Qt::Key_H, Qt::AltModifier, u"pre", u"historia"},
+               {2, u"txCoste", Qt::Key_A, Qt::AltModifier, u"stk", u"GrdStk"},
+               {0, u"txNom", Qt::Key_Q, Qt::AltModifier, u"etq", u""},
+               {0, u"txNom", Qt::Key_B, Qt::AltModifier, u"otr", u""},
+               {0, u"txNom", Qt::Key_L, Qt::AltModifier, u"stk", u""},
+               {2, u"txNom", Qt::Key_E, Qt::AltModifier, u"pre", u""},
+               {3, u"txTexto", Qt::Key_Tab, Qt::NoModifier, u"etq", u"Guardar"}};
+  Colmado t;
+  auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
+  auto* fichas = t.control<QTabWidget>(v, u"Fichas");
+  for (const auto& c : casos) {
+    fichas->setCurrentIndex(c.ficha);
+    t.control<QWidget>(v, c.desde)->setFocus();
+    t.tecla(c.tecla, c.mandos);
+    const std::string donde =
+        QString(QString::fromUtf16(c.desde) + u' ' + QString::number(c.tecla)).toStdString();
+    EXPECT_EQ(fichas->currentWidget()->objectName(), QString::fromUtf16(c.delante)) << donde;
+    if (*c.foco) {
+      auto* control = t.control<QWidget>(v, c.foco);
+      EXPECT_TRUE(control->hasFocus() || control->isAncestorOf(QApplication::focusWidget()))
+          << donde;
+    }
+  }
+  EXPECT_EQ(t.control<QPlainTextEdit>(v, u"txTexto")->toPlainText(), u"");
+}
+
+// A bar code that no label can print is kept, and said: in the form, and behind it on the list.
+TEST(Editor, ElCodigoDeBarrasRaroSeDice) {
+  const struct {
+    const char16_t *predefinido, *prefijo;
+    int tipo;
+    const char* dice;
+  } casos[] = {
+      {u"8412345678905", u"0", 1, ""},
+      {u"96385074", u"0", 0, ""},
+      {u"ABC;'\"", u"0", 1,
+       "El código predefinido no es un EAN13 de 13 cifras: compruebe el código o su tipo"},
+      {u"8412345678905", u"0", 0,
+       "El código predefinido no es un EAN8 de 8 cifras: compruebe el código o su tipo"},
+      {u"8412345678904", u"0", 1, "El dígito de control debería ser 5: compruebe el código"},
+      {u"", u"12345", 0,
+       "El prefijo y el código no caben en un código de este tipo: acorte el prefijo"}};
+  for (const auto& c : casos) {
+    Colmado t;
+    auto* lista = t.abrir(u"BrowPLUs"_s);
+    t.tecla(Qt::Key_F4);
+    auto* v = t.cargada(u"xEditPLU#1.10"_s);
+    t.control(v, u"txBarExt")->setText(QString::fromUtf16(c.predefinido));
+    t.control(v, u"txPfx")->setText(QString::fromUtf16(c.prefijo));
+    t.control<QComboBox>(v, u"LstBarras")->setCurrentIndex(c.tipo);
+    EXPECT_EQ(t.control<QLabel>(v, u"control")->text().toStdString(), c.dice);
+    EXPECT_EQ(t.control<QLabel>(v, u"dibujo")->pixmap().isNull(), *c.dice != 0);
+    t.control<QPushButton>(v, u"Guardar")->click();
+    EXPECT_EQ(t.leer(u"select CodBarExt, PFX_BAR from PLUSES where SECCION=1 and CODPLU=10"_s),
+              QString(QString::fromUtf16(c.predefinido) + u' ' + QString::fromUtf16(c.prefijo)));
+    const std::string guardado = "0000010 está guardado. " + std::string(c.dice);
+    EXPECT_EQ(lista->tira().texto().toStdString(), *c.dice ? guardado : "") << c.dice;
+    if (!*c.dice) continue;
+    // Who changes something else needn't hear it again.
+    lista->tira().quitar();
+    lista->activateWindow();
+    ASSERT_TRUE(t.activa(lista));
+    t.lista(lista).vista()->setFocus();
+    t.tecla(Qt::Key_F4);
+    v = t.cargada(u"xEditPLU#1.10"_s);
+    t.control(v, u"txNom")->setText(u"Otro"_s);
+    t.control<QPushButton>(v, u"Guardar")->click();
+    EXPECT_TRUE(lista->tira().isHidden());
+  }
+}
+
+}  // namespace tarvo::prueba

@@ -1,0 +1,251 @@
+// What a person types and doesn't finish, or what can't be: nothing is written, nothing is lost,
+// and words say why.
+#include <QAction>
+#include <QMessageBox>
+
+#include "Mostrador.h"
+
+namespace tarvo::prueba {
+
+namespace {
+
+void escribir(QWidget* v, const QString& nombre, const QString& texto) {
+  QLineEdit& campo = Mostrador::campo(v, nombre);
+  campo.setFocus();
+  campo.selectAll();
+  QTest::keyClicks(&campo, texto);
+}
+
+struct Tecleado : Mostrador {
+  QString precio(int codigo) {
+    return leer(u"select PRECIO_00 from PLUSES where CODPLU=%1"_s.arg(codigo));
+  }
+  // Writes of articles fail, as under another program's lock, until permitir().
+  void impedir() {
+    sql(u"create trigger NO before update on PLUSES begin select raise(abort, 'no'); end"_s);
+  }
+  void permitir() { sql(u"drop trigger NO"_s); }
+};
+
+}  // namespace
+
+// Article 3 costs 5,00 and is sold for 3,00. What is typed, and Alt+G from within the box.
+TEST(VentanaCalculo, LoQueNoValeSeDiceYNoSeGuarda) {
+  const struct {
+    QString campo, texto, dicho;
+  } casos[] = {
+      {u"pcMarg"_s, u"-150"_s, u"El precio quedaría en -2,75, y no puede ser negativo"_s},
+      {u"pcMarg"_s, u"999999999"_s, u"«999999999» no vale aquí: ha quedado 99999,00."_s},
+      {u"pciva"_s, u"-5"_s, u"«-5» no vale aquí: ha quedado 0,00."_s},
+      {u"costeN"_s, u"abc"_s, u"«abc» no vale aquí: ha quedado 0,00."_s},
+      {u"costeN"_s, u"1.5"_s, u"«1.5» no vale aquí: ha quedado 0,00."_s},
+      {u"costeN"_s, u"-5"_s, u"El coste quedaría en -5,00, y no puede ser negativo"_s},
+      {u"Calcu"_s, u"99999999,99"_s, u"«99999999,99» no vale aquí"_s},
+      {u"Calcu"_s, u"10000000"_s, u"El precio quedaría en 10.000.000,00, y el mayor"_s},
+      {u"precio00"_s, u"1.5"_s, u"El precio «1.5» no es un importe"_s},
+  };
+  for (const auto& c : casos) {
+    Tecleado m;
+    m.ajustes.calculoPrecios = {.a = false, .b = 0};
+    auto* v = m.abrir(u"CalcPre"_s);
+    escribir(v, c.campo, c.texto);
+    QTest::keyClick(m.foco(), Qt::Key_G, Qt::AltModifier);
+    ASSERT_TRUE(esperar([&] { return v->tira().isVisible(); })) << c.texto.toStdString();
+    EXPECT_TRUE(v->tira().texto().startsWith(c.dicho))
+        << c.texto.toStdString() << ": " << v->tira().texto().toStdString();
+    EXPECT_EQ(m.leer(u"select PRECIO_00, COSTE from PLUSES where CODPLU=3"_s), u"300 500");
+  }
+}
+
+TEST(VentanaCalculo, NoPasaDeArticuloConUnPrecioQueNoVale) {
+  Tecleado m;
+  auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
+  auto* v = m.abrir(u"CalcPre"_s);
+  escribir(v, u"pcMarg"_s, u"-150"_s);
+  m.pulsar(Qt::Key_PageDown);
+  EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3");
+  lista->codigo = 9;
+  lista->movido();
+  EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3") << "the list moved by itself";
+  EXPECT_EQ(m.precio(3), u"300");
+  escribir(v, u"costeN"_s, u"abc"_s);
+  m.pulsar(Qt::Key_PageDown);
+  EXPECT_EQ(m.campo(v, u"costeN"_s).text(), u"0,00") << "text counts as 0, and is seen to";
+  escribir(v, u"costeN"_s, u"4"_s);
+  escribir(v, u"pcMarg"_s, u"50"_s);
+  m.boton(v, u"Salvar"_s);
+  EXPECT_EQ(m.leer(u"select PRECIO_00, COSTE from PLUSES where CODPLU=3"_s), u"660 400");
+}
+
+TEST(VentanaRapida, EscapeNoEscribeUnPrecioAMedias) {
+  Tecleado m;
+  auto* v = m.abrir(u"FastModf"_s);
+  for (const QString& texto : {u"1.5"_s, u"7,66"_s}) {
+    escribir(v, u"precio00"_s, texto);
+    if (texto == u"1.5") m.pulsar(Qt::Key_Return);
+    EXPECT_EQ(v->tira().isVisible(), texto == u"1.5");
+    m.pulsar(Qt::Key_Escape);
+    ASSERT_TRUE(v->isVisible());
+    EXPECT_FALSE(v->tira().isVisible()) << "it is given up";
+    EXPECT_EQ(m.campo(v, u"precio00"_s).text(), u"3,00");
+  }
+  m.pulsar(Qt::Key_Escape);
+  EXPECT_FALSE(v->isVisible());
+  EXPECT_EQ(m.precio(3), u"300");
+}
+
+// Whatever the person does next, the price stays in its field on its article, with words.
+TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
+  for (const bool ilegible : {true, false}) {
+    Tecleado m;
+    auto* v = m.abrir(u"FastModf"_s);
+    auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
+    auto& campo = m.campo(v, u"precio00"_s);
+    const QString dicho = ilegible ? u"1.5"_s : u"8,88"_s;
+    if (!ilegible) m.impedir();
+    escribir(v, u"precio00"_s, dicho);
+    const std::function<void()> intentos[] = {
+        [&] { m.pulsar(Qt::Key_Return); },
+        [&] { m.pulsar(Qt::Key_Tab); },
+        [&] { m.pulsar(Qt::Key_Down); },
+        [&] { m.pulsar(Qt::Key_PageDown); },
+        [&] { v->findChild<QAction*>(u"Siguiente"_s)->trigger(); },
+        [&] { grid.vista()->setFocus(), grid.irA(5); },
+        [&] { grid.refrescar(), grid.irA(7); },
+        [&] { EXPECT_FALSE(v->descargar()); },
+    };
+    int n = 0;
+    for (const auto& intento : intentos) {
+      v->tira().quitar();
+      intento();
+      QCoreApplication::processEvents();
+      EXPECT_EQ(campo.text(), dicho) << n;
+      EXPECT_EQ(m.foco(), &campo) << n;
+      EXPECT_TRUE(m.texto(v, u"lbArticulo"_s).startsWith(u"0000003")) << n;
+      EXPECT_EQ(grid.filaActual(), 0) << n;
+      EXPECT_TRUE(n == 6 || !v->tira().texto().isEmpty()) << n;
+      ++n;
+    }
+    EXPECT_EQ(m.precio(3), u"300");
+    if (ilegible)
+      escribir(v, u"precio00"_s, u"8,88"_s);
+    else
+      m.permitir();
+    m.pulsar(Qt::Key_Return);
+    EXPECT_EQ(m.precio(3), u"888");
+    EXPECT_EQ(grid.filaActual(), 1) << "and goes on";
+    EXPECT_FALSE(v->tira().isVisible()) << "nothing is wrong any more";
+  }
+}
+
+TEST(VentanaRapida, UnPrecioQueNoCabeEnLasBalanzasSeDice) {
+  Tecleado m;
+  m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (1, 1, 3, 700)"_s);
+  const QString aviso = u"El precio 12.000,00 pasa de 9.999,99: "_s;
+  auto* rapida = m.abrir(u"FastModf"_s);
+  escribir(rapida, u"precio00"_s, u"12000"_s);
+  m.pulsar(Qt::Key_Return);
+  EXPECT_TRUE(rapida->tira().texto().startsWith(aviso));
+  EXPECT_EQ(m.precio(3), u"1200000");
+  for (const auto& [ventana, parrilla, columna] :
+       {std::tuple{u"FastModf"_s, u"Grd"_s, u"PRECIO_00"_s},
+        {u"BrowOfer"_s, u"Grid"_s, u"PRECIO_0"_s}}) {
+    auto* v = m.abrir(ventana);
+    v->tira().quitar();
+    auto& grid = *v->findChild<ventanas::Parrilla*>(parrilla);
+    const int fila = grid.filas() - 1;
+    grid.vista()->setFocus();
+    grid.vista()->setCurrentIndex(grid.modelo()->index(fila, grid.modelo()->columna(columna)));
+    const std::pair<QString, QString> casos[] = {
+        {u"-1"_s, u"El precio no puede ser negativo, y se ha escrito «-1»."_s},
+        {u"10000000"_s, u"El precio «10000000» es demasiado alto"_s},
+        {u"12000"_s, aviso}};
+    ASSERT_TRUE(grid.editarCelda());
+    for (const auto& [texto, dicho] : casos) {
+      auto* celda = qobject_cast<QLineEdit*>(m.foco());
+      ASSERT_NE(celda, nullptr);
+      celda->setText(texto);
+      QTest::keyClick(celda, Qt::Key_Return);
+      EXPECT_TRUE(v->tira().texto().startsWith(dicho)) << v->tira().texto().toStdString();
+    }
+  }
+  EXPECT_EQ(m.leer(u"select PRECIO_0 from OFERTAS"_s), u"1200000");
+}
+
+TEST(VentanaRapida, EmpiezaDondeEstabaLaLista) {
+  Tecleado m;
+  auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
+  lista->codigo = 7;
+  auto* v = m.abrir(u"FastModf"_s, {{u"seccion"_s, 1}});
+  auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
+  EXPECT_EQ(grid.texto(grid.filaActual(), u"CODPLU"), u"0000007");
+  EXPECT_TRUE(m.texto(v, u"lbArticulo"_s).startsWith(u"0000007"));
+  m.pulsar(Qt::Key_Tab);
+  EXPECT_EQ(m.enFoco(), u"precio00") << "from the list to its prices";
+  m.campo(v, u"precio27"_s).setFocus();
+  m.pulsar(Qt::Key_Tab);
+  EXPECT_EQ(m.foco(), grid.campoBusca());
+  m.alAbrirse([&](QWidget* w) {
+    EXPECT_EQ(w->focusWidget()->objectName(), u"opcion0_1") << "the option that holds";
+    m.boton(w, u"Cancelo"_s);
+  });
+  QTest::keyClick(v, Qt::Key_F9);
+}
+
+// Enter on the question keeps what was typed; only its own button lets it go.
+TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
+  const struct {
+    QString ventana, campo, texto;
+  } casos[] = {{u"NvaOfr"_s, u"Precio_1"_s, u"1,11"_s},
+               {u"NvaOfr"_s, u"Fecha_1"_s, u"01/01/2030"_s},
+               {u"FastAlta"_s, u"txNom"_s, u"Lomo"_s},
+               {u"FastAlta"_s, u"precio00"_s, u"2"_s}};
+  for (const auto& c : casos) {
+    Tecleado m;
+    auto* v = m.abrir(c.ventana, {{u"seccion"_s, 1}, {u"grupo"_s, 1}});
+    const QPointer<QWidget> sigue = v;
+    escribir(v, c.campo, c.texto);
+    QString pregunta;
+    m.alAbrirse([&](QWidget* w) {
+      pregunta = qobject_cast<QMessageBox*>(w)->text();
+      QTest::keyClick(w, Qt::Key_Return);
+    });
+    v->descargar();
+    EXPECT_EQ(pregunta, u"¿Abandonar los cambios realizados?");
+    ASSERT_TRUE(v->isVisible()) << c.campo.toStdString();
+    EXPECT_TRUE(m.campo(v, c.campo).text().startsWith(c.texto));
+    m.responder(u"Acepto"_s);
+    EXPECT_TRUE(v->descargar());
+  }
+  Tecleado m;
+  auto* v = m.abrir(u"NvaOfr"_s, {{u"seccion"_s, 1}, {u"grupo"_s, 1}});
+  escribir(v, u"Precio_0"_s, u"1,11"_s);
+  m.campo(v, u"Entra"_s).setFocus();
+  m.pulsar(Qt::Key_Escape);
+  EXPECT_FALSE(v->isVisible()) << "in its empty box Escape closes";
+}
+
+TEST(VentanaLote, DiceQueCifraNoVale) {
+  Tecleado m;
+  auto* v = m.abrir(u"CambioLote"_s, {{u"seccion"_s, 1}});
+  const struct {
+    QString campo, texto, dicho;
+  } casos[] = {{u"txPc"_s, u"-100"_s, u"La subida debe ser un número de -99,99 a 999,99"_s},
+               {u"txPc"_s, u"abc"_s, u"La subida debe ser"_s},
+               {u"txPc"_s, u"5"_s, {}},
+               {u"txPaso"_s, u"0"_s, u"El redondeo debe ser un importe de 0,01 a 9.999,99"_s},
+               {u"txPaso"_s, u"10000"_s, u"El redondeo debe ser"_s}};
+  auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
+  for (const auto& c : casos) {
+    escribir(v, c.campo, c.texto);
+    const auto dicho = [&] {
+      return std::ranges::any_of(grid.findChildren<QLabel*>(), [&](const QLabel* l) {
+        return l->isVisible() && l->text().startsWith(c.dicho);
+      });
+    };
+    EXPECT_TRUE(esperar([&] { return c.dicho.isEmpty() ? grid.filas() > 0 : dicho(); }, 5'000))
+        << c.texto.toStdString();
+  }
+}
+
+}  // namespace tarvo::prueba
