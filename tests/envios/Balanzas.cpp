@@ -23,7 +23,7 @@ TEST_F(Envios, LoCambiadoYNadaMas) {
   EXPECT_EQ(probados(1), u"10 20");
   esCierto(1);
   // All of a range, whatever is known.
-  EXPECT_EQ(enviar(1, kTxPlus, true, 15, 99), u"100 20"_s);
+  EXPECT_EQ(enviar(1, kTxPlus, true, 15, 99), u"100 20,120 30"_s);
   EXPECT_TRUE(problemas.isEmpty() && reintentos.isEmpty());
 }
 

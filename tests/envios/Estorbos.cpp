@@ -23,6 +23,53 @@ TEST_F(Envios, LoQueNoCabeSeRetieneYLoDemasVa) {
   esCierto(1);
 }
 
+// What can't be read, or has too many digits for any machine, isn't 0 nor forgotten.
+TEST_F(Envios, PreciosQueNoSePuedenLeer) {
+  grupo(2, 2, u"cable 2"_s, {5});
+  for (const qint64 c : {10, 20, 30, 40}) alta(c, c);
+  alta(10'000'000, 5);
+  cambiar(20, u"PRECIO_10='1234,5'"_s);
+  cambiar(30, u"PRECIO_00=NULL"_s);
+  for (const bool completo : {true, false}) {
+    avisos.clear();
+    EXPECT_EQ(enviar(1, kTxPlus, completo), completo ? u"100 10,100 40"_s : u""_s);
+    EXPECT_EQ(cruz(1), u"10 40");
+    EXPECT_EQ(retenidos(1), u"20/0 30/0 10000000/0");
+    for (const char16_t* frase : {u"0000020 no se envía, porque el segundo precio no se puede leer "
+                                  u"(«1234,5»)",
+                                  u"0000030 no se envía, porque el precio base no se puede leer: "
+                                  u"está vacío",
+                                  u"10000000 no se envía, porque el código tiene más de 7 cifras"})
+      EXPECT_TRUE(avisos.join(u'\n').contains(QString::fromUtf16(frase)))
+          << avisos.join(u'\n').toStdString();
+  }
+  EXPECT_EQ(enviar(1, kTPreci, true), u"101 10,101 40");
+  // An Ebony machine has one price only.
+  EXPECT_EQ(enviar(2, kTxPlus, true, 0, 9999999, 5), u"32 10,32 20,32 40");
+  grupo(4, 4, u"cable 3"_s);
+  enviar(4, kTxPlus, true);
+  EXPECT_EQ(cruz(4), u"10 40");
+  EXPECT_EQ(retenidos(4), u"20/0 30/0 10000000/0");
+}
+
+// A machine that has the price of before doesn't hold the article as it stands.
+TEST_F(Envios, UnaOfertaQueNoCabe) {
+  alta(10, 10);
+  enviar(1);
+  oferta(1, 10, 12345678, 0, 1);
+  EXPECT_EQ(enviar(1), u"");
+  EXPECT_EQ(retenidos(1), u"10/0");
+  EXPECT_EQ(cruz(1), u"");
+}
+
+TEST_F(Envios, TodosLosQueNoVanSeNombran) {
+  for (int c = 10; c < 100; ++c) alta(c, 10'000'000);
+  enviar(1);
+  const QString dicho = avisos.join(u'\n');
+  for (int c = 10; c < 100; ++c) EXPECT_EQ(dicho.count(Ceros(c, 7)), 1) << c;
+  EXPECT_LT(avisos.size(), 25);
+}
+
 // Refused articles go last, and behind the deletions, which may make room for them.
 TEST_F(Envios, UnaNegativaNoParaALosDemas) {
   for (const qint64 c : {10, 20, 30, 40}) alta(c, c);
@@ -71,6 +118,43 @@ TEST_F(Envios, UnaMaquinaQueLoNiegaTodo) {
   estorbos(1, {});
   estorbos(1, {{Averia::Err, 0, 100, 0, 3}});  // its network is down
   EXPECT_LT(enviar(1).count(u','), 10);
+}
+
+// A full machine: more refusals running than would be the group's trouble, and what it must delete
+// stands behind them.
+TEST_F(Envios, UnaMaquinaLlenaHaceSitioPrimero) {
+  for (const int tipo : {1, 4}) {
+    SCOPED_TRACE(tipo);
+    const int g = tipo;
+    if (tipo == 4) grupo(4, 4, u"cable 2"_s);
+    for (const bool completo : {false, true}) {
+      for (int c = 100; c < 103; ++c) alta(c, c);
+      enviar(g);
+      for (int c = 100; c < 103; ++c) borrar(c);
+      for (int c = 10; c < 35; ++c) alta(c, c);
+      std::vector<simulador::Paso> llena;
+      for (int n = 1; n <= 20; ++n) llena.push_back({Averia::Err, n, 100, 0, 4});
+      estorbos(g, llena);
+      const QString oyo = enviar(g, kTxPlus, completo);
+      EXPECT_LT(oyo.indexOf(u"120 100"_s), oyo.indexOf(u"100 30"_s)) << oyo.toStdString();
+      EXPECT_EQ(oyo.count(u"120 "_s), 3) << oyo.toStdString();
+      EXPECT_EQ(maquina(g).memoria().catalogo.size(), 25U);
+      EXPECT_EQ(cruz(g).split(u' ').size(), 25);
+      EXPECT_EQ(retenidos(g), u"");
+      EXPECT_TRUE(problemas.isEmpty() && reintentos.isEmpty());
+      esCierto(g);
+      // Where that makes no room, the refusals are the group's trouble as ever.
+      for (int c = 10; c < 35; ++c) cambiar(c, u"PRECIO_00=7"_s);
+      borrar(34);
+      estorbos(g, {{Averia::Err, 0, 100, 0, 4}});
+      EXPECT_LT(enviar(g, kTxPlus, completo).count(u"100 "_s), 50);
+      EXPECT_FALSE(maquina(g).memoria().catalogo.contains(34));
+      problemas.clear(), reintentos.clear();
+      estorbos(g, {});
+      for (int c = 10; c < 34; ++c) borrar(c);
+      enviar(g);
+    }
+  }
 }
 
 TEST_F(Envios, UnSilencioSePreguntaAntesDeRepetir) {
@@ -202,19 +286,33 @@ TEST_F(Envios, UnBorradoQueLaMaquinaNoQuiere) {
 }
 
 TEST_F(Envios, OscuraEnMedio) {
+  alta(50, 5);
+  enviar(1);
+  borrar(50);
   for (int c = 10; c < 40; ++c) alta(c, c);
   estorbos(1, {{Averia::Oscura, 12, 100, 0, 24 * 3600 * 1000}});
   enviar(1);
   EXPECT_FALSE(problemas.isEmpty());
+  EXPECT_TRUE(
+      avisos.join(u'\n').contains(u"sin acabar; quedan artículos por enviar 19, por "
+                                  u"borrar 1."))
+      << avisos.join(u'\n').toStdString();
   // What it took counts, and what it took unheard is due.
-  EXPECT_EQ(maquina(1).memoria().catalogo.size(), 11U);
-  EXPECT_EQ(cruz(1).split(u' ').size(), 11);
+  EXPECT_EQ(maquina(1).memoria().catalogo.size(), 12U);
+  EXPECT_EQ(cruz(1).split(u' ').size(), 12);
   esCierto(1);
   reloj.avanzar(qint64{25} * 3600 * 1000);
   enviar(1);
   EXPECT_EQ(maquina(1).memoria().catalogo.size(), 30U);
   EXPECT_EQ(cruz(1).split(u' ').size(), 30);
   esCierto(1);
+  // Not a word gets through.
+  estorbos(1, {{Averia::Sorda, 0, -1}});
+  cambiar(10, u"PRECIO_00=5"_s);
+  avisos.clear();
+  enviar(1);
+  EXPECT_TRUE(avisos.join(u'\n').contains(u"por enviar 1, por borrar 0."));
+  EXPECT_FALSE(avisos.join(u'\n').contains(u"no había cambios"));
 }
 
 // An answer that comes to what an article was doesn't make it held as it is.
@@ -268,6 +366,25 @@ TEST_F(Envios, UnCorteEnCualquierMomento) {
     esCierto(1);
     if (HasFailure()) return;
   }
+}
+
+// A machine comes back with the memory of before a deletion: the complete sending of the range
+// deletes again, an optimised one doesn't repeat it.
+TEST_F(Envios, VuelveConUnaMemoriaMasVieja) {
+  for (const qint64 c : {10, 20, 30}) alta(c, c);
+  enviar(1);
+  const auto vieja = maquina(1).memoria().catalogo;
+  borrar(20);
+  borrar(30);
+  EXPECT_EQ(enviar(1), u"120 20,120 30");
+  maquina(1).memoria().catalogo = vieja;
+  EXPECT_EQ(enviar(1), u"");
+  EXPECT_EQ(enviar(1, kTxPlus, true, 5, 25), u"100 10,120 20");
+  alta(30, 33);  // the code is used again
+  EXPECT_EQ(enviar(1), u"100 30");
+  EXPECT_EQ(tiene(1), u"10:Tomate/10 30:Tomate/33");
+  EXPECT_EQ(filas(u"SELECT CODPLU FROM BorradosGrupo"_s), u"20");
+  EXPECT_EQ(enviar(1, kTxPlus, true), u"100 10,100 30,120 20");
 }
 
 TEST_F(Envios, SoloPrecios) {

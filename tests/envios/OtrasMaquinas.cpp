@@ -22,6 +22,21 @@ TEST_F(Ebony, VaTodoElRango) {
   EXPECT_EQ(cruz(2), u"");
 }
 
+// It can't be told to delete one, but not without a word.
+TEST_F(Ebony, LoBorradoSeQueda) {
+  for (const qint64 c : {10, 20}) alta(c, c);
+  enviar(2, kTxPlus, true, 0, 9999999, 5);
+  borrar(20);
+  enviar(2, kTxPlus, false, 0, 9999999, 5);
+  const QString dicho = u"artículos que ya no existen y la máquina conserva, 1."_s;
+  EXPECT_TRUE(avisos.join(u'\n').contains(dicho));
+  enviar(2, kBorrPlu, true, 0, 9999999, 5);
+  avisos.clear();
+  enviar(2, kTxPlus, true, 0, 9999999, 5);
+  EXPECT_FALSE(avisos.join(u'\n').contains(dicho));
+  EXPECT_EQ(tiene(2, 5), u"10:Tomate/10");
+}
+
 TEST_F(Ebony, UnaNegativaNoParaALosDemas) {
   for (const qint64 c : {10, 20, 30}) alta(c, c);
   estorbos(2, {{Averia::Rechazo, 1, 32}}, 5);
@@ -44,6 +59,44 @@ TEST_F(Ebony, ElBorradoYSuNegativa) {
   EXPECT_EQ(tiene(2, 5), u"");
   EXPECT_EQ(probados(2), u"");
   EXPECT_TRUE(avisos.last().contains(u"ha borrado todos sus artículos"));
+}
+
+// A wipe that is tried again doesn't empty the machine behind the sending that was to follow it;
+// given up, it keeps nobody.
+TEST_F(Ebony, LoQueVaDetrasDeUnBorradoLoEspera) {
+  for (const qint64 c : {10, 20}) alta(c, c);
+  enviar(2, kTxPlus, true, 0, 9999999, 5);
+  const auto procesar = [&](bool conEspera) {
+    nuevas(2, 5);
+    if (!conEspera) gestor->VigilaProcesos(0, false, this);
+    encolar(2, kBorrPlu);
+    encolar(2, kTxPlus);
+    if (!conEspera) {
+      EXPECT_FALSE(correr(5));
+      gestor->VigilaProcesos(3, true, this);
+    }
+    EXPECT_TRUE(correr());
+    return nuevas(2, 5);
+  };
+  for (const bool conEspera : {true, false}) {
+    estorbos(2, {{Averia::Rechazo, 1, 73}}, 5);
+    EXPECT_EQ(procesar(conEspera), u"73 0,73 0,32 10,32 20") << conEspera;
+    EXPECT_EQ(tiene(2, 5), u"10:Tomate/10 20:Tomate/20");
+    EXPECT_EQ(probados(2), u"10 20");
+  }
+  estorbos(2, {{Averia::Rechazo, 0, 73}}, 5);
+  EXPECT_EQ(procesar(true), u"73 0,73 0,73 0,73 0,32 10,32 20");
+  EXPECT_EQ(tiene(2, 5), u"10:Tomate/10 20:Tomate/20");
+  // With nobody to watch, one that stays as failed keeps nobody either.
+  gestor->VigilaProcesos(0, false, nullptr);
+  ajustes->IntentosManual = 1;
+  const int borrado = encolar(2, kBorrPlu);
+  const int grupoDetras = encolar(2, kTxPlus);
+  correr(5);
+  ASSERT_TRUE(tarea(borrado) && tarea(grupoDetras));
+  gestor->EliminarTarea(borrado);
+  EXPECT_TRUE(correr(5));
+  EXPECT_EQ(tiene(2, 5), u"10:Tomate/10 20:Tomate/20");
 }
 
 // Between the order and its answer nobody knows what the machine holds, cut or no cut.
@@ -73,6 +126,26 @@ TEST_F(Cajas, CadaArticuloACadaCaja) {
   EXPECT_EQ(maquina(3, 9).memoria().catalogo.begin()->second.ficha,
             QByteArray("0000000000010Tomate              00000001000000001001"));
   EXPECT_EQ(probados(3), u"10 20");
+}
+
+// The code that somebody gave an article is another's, made of prefix and number: one record would
+// take the place of the other, and the one would be sold as the other.
+TEST_F(Cajas, DosArticulosConUnCodigoDeBarras) {
+  for (const qint64 c : {10, 20, 30}) alta(c, c);
+  enviar(3, kTxPlus, true, 0, 9999999, 4);
+  EXPECT_EQ(probados(3), u"10 20 30");
+  cambiar(10, u"PFX_BAR='2'"_s);
+  cambiar(20, u"CodBarExt='0000002000010'"_s);
+  enviar(3, kTxPlus, true, 0, 9999999, 4);
+  EXPECT_EQ(probados(3), u"10? 20 30");
+  EXPECT_EQ(retenidos(3), u"10/0");
+  EXPECT_TRUE(avisos.join(u'\n').contains(
+      u"el artículo 0000010 no se envía, porque el código de barras («0000002000010») es también "
+      u"el del artículo 0000020."));
+  cambiar(20, u"CodBarExt=NULL"_s);
+  enviar(3, kTxPlus, true, 0, 9999999, 4);
+  EXPECT_EQ(probados(3), u"10 20 30");
+  EXPECT_EQ(retenidos(3), u"");
 }
 
 // Both count from the same number, and every answer of the second looks like the one before it, of
@@ -144,6 +217,32 @@ TEST_F(Envios, UnGrupoQueCambiaDeSeccion) {
   valor(db->ejecutar(u"UPDATE GRUPOS SET SECCION=1"));
   EXPECT_EQ(enviar(1), u"100 10,100 20");
   EXPECT_EQ(tiene(1), u"10:Tomate/10 20:Tomate/20");
+}
+
+// The prices of another tarifa, and what another machine holds, are nobody's knowledge; what is due
+// shows before it goes.
+TEST_F(Envios, UnGrupoConOtraTarifaUOtraMaquina) {
+  for (const qint64 c : {10, 20}) alta(c, c);
+  enviar(1);
+  const auto debe = [&] {
+    EXPECT_EQ(enviar(1), u"100 10,100 20");
+    EXPECT_EQ(cruz(1), u"10 20");
+    EXPECT_TRUE(enviar(1).isEmpty());
+  };
+  for (const QString& cambio : {u"tarifa=3"_s, u"ADDR=7"_s, u"Baudios=19200"_s}) {
+    SCOPED_TRACE(cambio.toStdString());
+    valor(db->ejecutar(u"UPDATE GRUPOS SET "_s + cambio + u" WHERE CODGPO=1"_s));
+    if (cambio.startsWith(u"Baudios"_s))
+      EXPECT_TRUE(enviar(1).isEmpty());
+    else
+      debe();
+  }
+  EXPECT_EQ(maquina(1).memoria().catalogo.at(10).precio, 0);  // of tarifa 3
+  valor(db->ejecutar(u"UPDATE BZAS SET ADDR=9 WHERE SUGPO=1"));
+  debe();
+  // A store from before noted neither: it counts as unchanged.
+  valor(db->ejecutar(u"UPDATE EnviosGrupo SET TARIFA=NULL, MAQUINA=NULL"));
+  EXPECT_TRUE(enviar(1).isEmpty());
 }
 
 TEST_F(Envios, UnaTarifaQueNoExiste) {

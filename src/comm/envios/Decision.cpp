@@ -23,7 +23,7 @@ Resultado<std::vector<qint64>> todosLosArticulos(dao::Database& db, const Destin
   return codigosDe(
       db.consultar(u"SELECT CODPLU FROM PLUSES WHERE SECCION=? AND (CODPLU>=?) AND (CODPLU<=?) AND "
                    u"(CODPLU>2) ORDER BY CODPLU",
-                   d.seccion, r.desde, r.hasta));
+                   d.seccion, r.desde, r.tope()));
 }
 
 // An offer that isn't in force any more, or not yet, is due as long as its prices are there: its
@@ -38,7 +38,7 @@ Resultado<std::vector<qint64>> SaltarSinCambios(dao::Database& db, const Destino
       u"(OFERTAS.CODIGO IS NOT NULL AND (nz(borrado,0)<>0 OR (nz(enviado,0)<>0) <> ((FECHA_INI IS "
       u"NULL OR "
       u"?>=int(FECHA_INI)) AND (FECHA_FIN IS NULL OR ?<int(FECHA_FIN)+1))))) ORDER BY CODPLU",
-      d.grupo, d.grupo, d.seccion, r.desde, r.hasta, ahora, ahora));
+      d.grupo, d.grupo, d.seccion, r.desde, r.tope(), ahora, ahora));
 }
 
 // Marked for deletion, or simply gone by whatever way after the group had got it.
@@ -51,6 +51,23 @@ Resultado<std::vector<qint64>> articulosPorBorrar(dao::Database& db, const Desti
       u"AND "
       u"P.CODPLU=E.CODPLU) ORDER BY 1",
       d.grupo, d.seccion, d.grupo, d.seccion));
+}
+
+Resultado<std::vector<qint64>> borradosAntes(dao::Database& db, const Destino& d, Rango r) {
+  if (d.tipo != 1) return std::vector<qint64>{};
+  return codigosDe(db.consultar(
+      u"SELECT B.CODPLU FROM BorradosGrupo B WHERE B.GRUPO=? AND B.CODPLU>=? AND B.CODPLU<=? AND "
+      u"NOT EXISTS (SELECT 1 FROM PLUSES P WHERE P.SECCION=? AND P.CODPLU=B.CODPLU) ORDER BY 1",
+      d.grupo, r.desde, r.tope(), d.seccion));
+}
+
+Resultado<qint64> articulosDeSobra(dao::Database& db, const Destino& d) {
+  const auto n = db.uno(
+      u"SELECT count(DISTINCT CODPLU) FROM Enviados E WHERE E.GRUPO=? AND NOT EXISTS (SELECT 1 "
+      u"FROM PLUSES P WHERE P.SECCION=? AND P.CODPLU=E.CODPLU)",
+      d.grupo, d.seccion);
+  if (!n) return std::unexpected(n.error());
+  return n->entero();
 }
 
 Resultado<> rechazadosAlFinal(dao::Database& db, const Destino& d, std::vector<qint64>& codigos) {

@@ -5,6 +5,8 @@
 #include <unordered_set>
 
 #include "comm/envios/Motivos.h"
+#include "comm/envios/Tenencias.h"
+#include "comm/envios/TextosEnvios.h"
 
 namespace tarvo::envios {
 
@@ -38,10 +40,8 @@ Resultado<> recorrer(Resultado<std::unique_ptr<dao::Recordset>> rs, const Tomar&
   return {};
 }
 
-// While a wipe has no answer nothing is proved.
-Resultado<> leerEnviados(dao::Database& db, const Destino& d, Sabido& s) {
-  const auto borrando = db.uno(u"SELECT BORRANDO FROM EnviosGrupo WHERE GRUPO=?", d.grupo);
-  if (!borrando) return std::unexpected(borrando.error());
+// While a wipe has no answer, or of another machine, nothing is proved.
+Resultado<> leerEnviados(dao::Database& db, const Destino& d, const Mudanza& m, Sabido& s) {
   return recorrer(
       db.consultar(u"SELECT CODPLU, HUELLA, HUELLA_PRE, CUANDO FROM Enviados WHERE GRUPO=? AND "
                    u"SECCION=?",
@@ -49,7 +49,7 @@ Resultado<> leerEnviados(dao::Database& db, const Destino& d, Sabido& s) {
       [&](const dao::Recordset& rs) {
         Confirmado& c = s.enviados[rs.entero(0)];
         c.cuando = rs.fecha(3);
-        if (!rs.nulo(1) && !rs.nulo(2) && !borrando->logico())
+        if (!rs.nulo(1) && !rs.nulo(2) && !m.borrando && !m.maquina)
           c.huella = Huella{rs.entero(1), rs.entero(2)};
       });
 }
@@ -72,7 +72,9 @@ Resultado<> leerSobrantes(dao::Database& db, const Destino& d, Sabido& s) {
 
 Resultado<Sabido> leerSabido(dao::Database& db, const Destino& d, Fecha ahora) {
   Sabido s;
-  TARVO_INTENTAR(leerEnviados(db, d, s));
+  const auto mudanza = mudanzaDe(db, d);
+  if (!mudanza) return std::unexpected(mudanza.error());
+  TARVO_INTENTAR(leerEnviados(db, d, *mudanza, s));
   TARVO_INTENTAR(leerSobrantes(db, d, s));
   TARVO_INTENTAR(recorrer(
       db.consultar(
@@ -82,7 +84,8 @@ Resultado<Sabido> leerSabido(dao::Database& db, const Destino& d, Fecha ahora) {
         s.retenidos[rs.entero(0)] = {rs.texto(1), static_cast<int>(rs.entero(2)), rs.fecha(3)};
       }));
   if (!d.conCross()) return s;
-  const auto pendientes = SaltarSinCambios(db, d, {}, ahora);
+  const auto pendientes = mudanza->tarifa || mudanza->maquina ? todosLosArticulos(db, d, {})
+                                                              : SaltarSinCambios(db, d, {}, ahora);
   if (!pendientes) return std::unexpected(pendientes.error());
   s.pendientes.insert(pendientes->begin(), pendientes->end());
   return s;
@@ -161,7 +164,9 @@ Resultado<std::vector<EstadoArticulo>> estadoDeEnvio(dao::Database& db, const De
     for (const Preparado& p : *leidos) salida.push_back(juzgar(p, d, *sabido, textos));
     resto = resto.subspan(n);
   }
-  for (const qint64 c : sabido->sobrantes) salida.push_back({c, {}, Situacion::Sobra, {}, {}});
+  const QString porQueSobra = d.conCross() ? QString() : textos(kTxNoBorraUnoSolo);
+  for (const qint64 c : sabido->sobrantes)
+    salida.push_back({c, {}, Situacion::Sobra, {}, porQueSobra});
   std::ranges::stable_sort(salida, {}, &EstadoArticulo::codigo);
   return salida;
 }

@@ -24,7 +24,7 @@ struct EstadoArticulo {
   QString nombre;
   Situacion situacion = Situacion::Pendiente;
   std::optional<Fecha> desde;  // held, held back or refused since then
-  QString motivo;              // of Retenido and Rechazado
+  QString motivo;              // of Retenido and Rechazado, and of what can't be deleted alone
 };
 
 // The group as a sending sees it; nothing when there is none of that number.

@@ -1,5 +1,8 @@
 #include "comm/envios/Lector.h"
 
+#include <map>
+#include <ranges>
+
 namespace tarvo::envios {
 
 namespace {
@@ -67,6 +70,25 @@ std::array<qint64, 3> LeerPrecios(const dao::Recordset& rs, const Oferta& oferta
   return {rs.entero(c), rs.entero(c + 1), rs.entero(c + 2)};
 }
 
+// A price that isn't a whole number never counts as 0. `cuantos`: so many of them go.
+std::optional<maquinas::NoCabe> precioIlegible(const dao::Recordset& rs, const Oferta& oferta,
+                                               int cuantos) {
+  using maquinas::CampoPLU, maquinas::NoCabe;
+  constexpr std::array kCampos{CampoPLU::Precio0, CampoPLU::Precio1, CampoPLU::Precio2};
+  const int columna = oferta.rige ? kPrecioOferta : kPrecio;
+  for (int i = 0; i < cuantos; ++i) {
+    const dao::Valor v = rs.valor(columna + i);
+    if (v.esEntero()) continue;
+    return NoCabe{kCampos[static_cast<size_t>(i)], v.nulo() ? NoCabe::Vacio : NoCabe::Ilegible, 0,
+                  v.texto().left(20)};
+  }
+  return {};
+}
+
+int preciosQueVan(int tipo) {
+  return tipo == 2 ? 1 : tipo == 3 ? 2 : 3;
+}
+
 maquinas::Articulo leerArticuloPlano(const dao::Recordset& rs) {
   maquinas::Articulo a;
   a.codigo = rs.entero(kCodPlu);
@@ -108,7 +130,9 @@ Lector::Lector(dao::Database& db, const Destino& destino)
       destino_(destino),
       uno_(sentencia(destino.tarifa, u"=?")),
       muchos_(sentencia(destino.tarifa,
-                        QString(u"IN ("_s + u"?,"_s.repeated(kLote).chopped(1) + u')'))) {}
+                        QString(u"IN ("_s + u"?,"_s.repeated(kLote).chopped(1) + u')'))),
+      barras_(u"SELECT CodBarExt, CODPLU FROM PLUSES WHERE SECCION=? AND CodBarExt IN ("_s +
+              u"?,"_s.repeated(kLote).chopped(1) + u')') {}
 
 Resultado<std::vector<Preparado>> Lector::leer(std::span<const qint64> codigos, Fecha ahora) {
   std::vector<Preparado> salida;
@@ -123,7 +147,37 @@ Resultado<std::vector<Preparado>> Lector::leer(std::span<const qint64> codigos, 
     salida.push_back(preparar(**rs, ahora));
     TARVO_INTENTAR((*rs)->MoveNext());
   }
+  if (destino_.tipo == 3) TARVO_INTENTAR(apartarRepetidos(salida));
   return salida;
+}
+
+// A code made of prefix and number may be the predefined one of another article: that one was given
+// it by somebody, so it goes. Codes that are made differ in the number.
+Resultado<> Lector::apartarRepetidos(std::vector<Preparado>& lote) {
+  constexpr qsizetype kAnchoCodigo = 13;
+  std::vector<dao::Valor> valores{destino_.seccion};
+  std::multimap<QString, Preparado*> hechos;
+  for (Preparado& p : lote) {
+    if (!p.registro) continue;
+    const QString codigo = QString::fromLatin1(p.registro->left(kAnchoCodigo)).trimmed();
+    hechos.emplace(codigo, &p);
+    valores.emplace_back(codigo);
+  }
+  if (hechos.empty()) return {};
+  valores.resize(kLote + 1, valores.back());
+  const auto rs = db_.OpenQuery(barras_, valores);
+  if (!rs) return std::unexpected(rs.error());
+  for (; !(*rs)->Eof();) {
+    const QString codigo = (*rs)->texto(0);
+    const qint64 dueno = (*rs)->entero(1);
+    const auto [primero, ultimo] = hechos.equal_range(codigo);
+    for (const auto& [suyo, p] : std::ranges::subrange(primero, ultimo))
+      if (p->codigo != dueno)
+        p->registro = std::unexpected(
+            maquinas::NoCabe{maquinas::CampoPLU::CodBarExt, maquinas::NoCabe::DeOtro, dueno, suyo});
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return {};
 }
 
 Resultado<std::optional<maquinas::Articulo>> Lector::articulo(qint64 codigo, Fecha ahora) {
@@ -143,6 +197,8 @@ Preparado Lector::preparar(const dao::Recordset& rs, Fecha ahora) const {
   p.oferta = leerOferta(rs, ahora);
   p.precios = a.precios = LeerPrecios(rs, p.oferta);
   p.registro = maquinas::TramaPLU(destino_.tipo, a);
+  p.ilegible = precioIlegible(rs, p.oferta, preciosQueVan(destino_.tipo));
+  if (p.ilegible) p.registro = std::unexpected(*p.ilegible);
   return p;
 }
 
@@ -157,6 +213,7 @@ qint64 huellaDePrecios(const QByteArray& registro) {
 }
 
 maquinas::Cabe<QByteArray> soloPreciosDe(const Preparado& p) {
+  if (p.ilegible) return std::unexpected(*p.ilegible);
   maquinas::Articulo a;
   a.codigo = p.codigo;
   a.precios = p.precios;

@@ -33,6 +33,7 @@ struct Preparado {
   maquinas::Cabe<QByteArray> registro;  // the whole article
   Oferta oferta;
   std::array<qint64, 3> precios{};
+  std::optional<maquinas::NoCabe> ilegible;  // the first price that can't be read
 };
 
 class Lector {
@@ -41,6 +42,8 @@ class Lector {
   Lector(dao::Database& db, const Destino& destino);
 
   // Those of the codes that the section has, in the order of their numbers. At most kLote codes.
+  // Where two articles give registers one bar code, only the one of which it is the predefined code
+  // has a record.
   static constexpr size_t kLote = 250;
   Resultado<std::vector<Preparado>> leer(std::span<const qint64> codigos, Fecha ahora);
   // One of them as it stands, whether or not a record can be made of it; nothing when it is gone.
@@ -48,10 +51,11 @@ class Lector {
 
  private:
   Preparado preparar(const dao::Recordset& rs, Fecha ahora) const;
+  Resultado<> apartarRepetidos(std::vector<Preparado>& lote);
 
   dao::Database& db_;
   const Destino destino_;
-  QString uno_, muchos_;  // statements
+  QString uno_, muchos_, barras_;  // statements
 };
 
 // What can be compared of a record: a hash of it without its prices, and one of the prices.

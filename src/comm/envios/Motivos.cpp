@@ -38,6 +38,12 @@ QString motivoDe(const NoCabe& n, const Textos& textos) {
       return textos(kTxLetraDesconocida, {campo, n.valor});
     case NoCabe::Control:
       return textos(kTxCaracterDeControl, {campo, n.valor, n.limite});
+    case NoCabe::Vacio:
+      return textos(kTxVacio, {campo});
+    case NoCabe::Ilegible:
+      return textos(kTxIlegible, {campo, n.valor});
+    case NoCabe::DeOtro:
+      return textos(kTxDeOtro, {campo, n.valor, Ceros(n.limite, 7)});
   }
   return {};
 }

@@ -1,6 +1,7 @@
 #include "comm/envios/Remesa.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "comm/envios/Motivos.h"
 
@@ -43,6 +44,7 @@ Resultado<> Remesa::empezar(bool todo, Rango rango, bool porNumero) {
                       : SaltarSinCambios(db_, destino_, rango, reloj_.ahora());
   if (!codigos) return std::unexpected(codigos.error());
   lista_ = std::move(*codigos);
+  if (todo && que_ == Que::Articulos) otraVez_ = rango;
   if (porNumero) return {};
   return rechazadosAlFinal(db_, destino_, lista_);
 }
@@ -83,6 +85,8 @@ Resultado<Remesa::Enviable> Remesa::preparar(Preparado p) {
   } else {
     const QString motivo = motivoDe(registro.error(), textos_);
     TARVO_INTENTAR(tenencias_.AnotarRetenido(p.codigo, motivo, 0));
+    if (registro.error().motivo == maquinas::NoCabe::DeOtro)
+      TARVO_INTENTAR(tenencias_.anunciarOtro(p.codigo));
     resumen_.retenidos[p.codigo] = motivo;
   }
   e.preparado = std::move(p);
@@ -182,7 +186,15 @@ bool Remesa::rechazado(int error, const QString& motivo) {
   sinTomar(error, motivo);
   (final_ ? lista_ : negados_).push_back(codigo);
   ++negadasSeguidas_;
-  return !final_ && error != kSinRed && error != kRedInterna && negadasSeguidas_ < kNegadasSeguidas;
+  if (final_ || error == kSinRed || error == kRedInterna) return false;
+  faltaSitio_ = negadasSeguidas_ >= kNegadasSeguidas && hayQueHacerSitio();
+  return faltaSitio_ || negadasSeguidas_ < kNegadasSeguidas;
+}
+
+bool Remesa::hayQueHacerSitio() {
+  if (sitioHecho_ || !destino_.conCross()) return false;
+  const auto codigos = borrables();
+  return codigos && !codigos->empty();
 }
 
 bool Remesa::empezarFinal() {
@@ -198,10 +210,25 @@ bool Remesa::empezarFinal() {
 // --- deletions
 // ---------------------------------------------------------------------------------------------
 
+Resultado<std::vector<qint64>> Remesa::borrables() const {
+  auto codigos = articulosPorBorrar(db_, destino_);
+  if (!codigos || !otraVez_) return codigos;
+  const auto antes = borradosAntes(db_, destino_, *otraVez_);
+  if (!antes) return std::unexpected(antes.error());
+  std::vector<qint64> todos;
+  std::ranges::set_union(*codigos, *antes, std::back_inserter(todos));
+  return todos;
+}
+
 Resultado<> Remesa::empezarBorrados() {
   TARVO_INTENTAR(asentar());
-  auto codigos = articulosPorBorrar(db_, destino_);
+  if (std::exchange(faltaSitio_, false)) {
+    sitioHecho_ = true;
+    negadasSeguidas_ = 0;
+  }
+  auto codigos = borrables();
   if (!codigos) return std::unexpected(codigos.error());
+  otraVez_.reset();
   borrados_ = std::move(*codigos);
   posBorrados_ = 0;
   return {};
@@ -224,7 +251,7 @@ void Remesa::borrado(qint64 codigo) {
   ++resumen_.borrados;
   ++hechos_;
   codigo_ = codigo;
-  hueco(codigo, codigo);
+  anotar({Nota::Borrado, codigo});
 }
 
 void Remesa::borradoNegado(qint64 codigo, const QString& motivo) {
@@ -240,6 +267,21 @@ void Remesa::leido(qint64 codigo, const QByteArray& registro) {
 
 void Remesa::hueco(qint64 desde, qint64 hasta) {
   if (desde <= hasta) anotar({Nota::Hueco, desde, hasta});
+}
+
+Resultado<Remesa::Restan> Remesa::restan() const {
+  Restan r;
+  const auto sinTurno = [&](qint64 codigo) { return !resumen_.rechazados.contains(codigo); };
+  for (const Enviable& e : std::span(lote_).subspan(pos_))
+    if (!e.saliente.retenido() && sinTurno(e.saliente.codigo)) ++r.articulos;
+  r.articulos += std::ranges::count_if(std::span(lista_).subspan(leidos_), sinTurno);
+  if (!destino_.conCross()) return r;
+  r.borrados = std::ssize(borrados_) - static_cast<qint64>(posBorrados_);
+  if (r.borrados > 0) return r;
+  const auto codigos = borrables();
+  if (!codigos) return std::unexpected(codigos.error());
+  r.borrados = std::ranges::count_if(*codigos, sinTurno);
+  return r;
 }
 
 // --- to disk
@@ -309,6 +351,8 @@ Resultado<> Remesa::escribirNota(const Nota& n, const Preparado* p) {
     case Nota::Hueco:
       return n.codigo == n.hasta ? tenencias_.AnotarBorrado(n.codigo)
                                  : tenencias_.AnotarHueco(n.codigo, n.hasta);
+    case Nota::Borrado:
+      return tenencias_.AnotarOrdenBorrado(n.codigo);
     case Nota::Leido:
       return escribirLeido(n, p);
     case Nota::Sobra:

@@ -51,6 +51,9 @@ class Remesa {
   bool rechazado(int error, const QString& motivo);
   // The group hasn't taken it though its answer was good: it stays due, and goes no more now.
   void sinTomar(int error, const QString& motivo);
+  // Refusals running have stopped the list while deletions are due, which may make room: these go
+  // now, and the list goes on behind them. Once in a sending.
+  bool faltaSitio() const { return faltaSitio_; }
   // After the list and the deletions: the refused ones, once more. False when there are none.
   bool empezarFinal();
 
@@ -65,6 +68,12 @@ class Remesa {
   void hueco(qint64 desde, qint64 hasta);
   // It told what it holds under a number. REQUIRES a record that can be read.
   void leido(qint64 codigo, const QByteArray& registro);
+
+  // What hasn't had its turn: articles of the list, and deletions that are known to be due.
+  struct Restan {
+    qint64 articulos = 0, borrados = 0;
+  };
+  Resultado<Restan> restan() const;
 
   // What the group was confirmed to have or not to have goes to disk. When it fails it is kept.
   Resultado<> asentar();
@@ -81,7 +90,7 @@ class Remesa {
     bool eraSuyo = false;
   };
   struct Nota {
-    enum Que { Enviado, Hueco, Rechazado, Leido, Sobra } que;
+    enum Que { Enviado, Hueco, Borrado, Rechazado, Leido, Sobra } que;
     qint64 codigo = 0, hasta = 0;
     Preparado preparado{};
     bool eraSuyo = false;
@@ -90,6 +99,8 @@ class Remesa {
     QByteArray registro{};
     Huella huella{};
   };
+  bool hayQueHacerSitio();
+  Resultado<std::vector<qint64>> borrables() const;
   Resultado<> cargar();
   Resultado<bool> refrescar();
   maquinas::Cabe<QByteArray> registroDe(const Preparado& p) const;
@@ -111,12 +122,14 @@ class Remesa {
   Tenencias tenencias_;
   std::unique_ptr<Temporizador> turno_;
 
+  std::optional<Rango> otraVez_;  // of it, what was deleted before is deleted once more
   std::vector<qint64> lista_;
   size_t leidos_ = 0;  // of lista_
   std::vector<Enviable> lote_;
   size_t pos_ = 0;      // in lote_
   qint64 cambios_ = 0;  // of the database, when the lot was read
   bool final_ = false;
+  bool faltaSitio_ = false, sitioHecho_ = false;
   int negadasSeguidas_ = 0;
   std::vector<qint64> negados_, borrados_;
   size_t posBorrados_ = 0;

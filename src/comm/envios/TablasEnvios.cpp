@@ -9,14 +9,18 @@ namespace tarvo::envios {
 // Retenidos: an article that a group didn't get, since DESDE. ERROR 0: it doesn't fit its record,
 // and MOTIVO says why; else the code with which the group refused it.
 //
-// EnviosGrupo: the section of the group's last sending, and BORRANDO 1 while a wipe was ordered and
-// not confirmed.
+// EnviosGrupo: the section and tarifa of the group's last sending, the machine that it went to (its
+// kind, access and addresses; Null where nobody noted it yet), and BORRANDO 1 while a wipe was
+// ordered and not confirmed.
+//
+// BorradosGrupo: articles that a machine which can't be compared was told to delete. It may come
+// back with an older memory.
 //
 // FichasPedidas: the last record that each group was asked for by itself, in hexadecimal; Null when
 // it doesn't hold the article.
 Resultado<> asegurarTablasEnvios(dao::Database& db) {
-  return db.ejecutarGuion(
-      uR"(
+  TARVO_INTENTAR(
+      db.ejecutarGuion(uR"(
 CREATE TABLE IF NOT EXISTS Enviados (
   GRUPO INTEGER NOT NULL REFERENCES GRUPOS (CODGPO) ON UPDATE CASCADE ON DELETE CASCADE,
   SECCION INTEGER NOT NULL, CODPLU INTEGER NOT NULL, HUELLA BIGINT, HUELLA_PRE BIGINT,
@@ -28,11 +32,18 @@ CREATE TABLE IF NOT EXISTS Retenidos (
 CREATE TABLE IF NOT EXISTS EnviosGrupo (
   GRUPO INTEGER PRIMARY KEY REFERENCES GRUPOS (CODGPO) ON UPDATE CASCADE ON DELETE CASCADE,
   SECCION INTEGER, BORRANDO INTEGER DEFAULT 0);
+CREATE TABLE IF NOT EXISTS BorradosGrupo (
+  GRUPO INTEGER NOT NULL REFERENCES GRUPOS (CODGPO) ON UPDATE CASCADE ON DELETE CASCADE,
+  CODPLU INTEGER NOT NULL, CUANDO DOUBLE PRECISION, PRIMARY KEY (GRUPO, CODPLU));
 CREATE TABLE IF NOT EXISTS FichasPedidas (
   GRUPO INTEGER NOT NULL REFERENCES GRUPOS (CODGPO) ON UPDATE CASCADE ON DELETE CASCADE,
   CODPLU INTEGER NOT NULL, FICHA TEXT, CUANDO DOUBLE PRECISION, PRIMARY KEY (GRUPO, CODPLU));
 CREATE INDEX IF NOT EXISTS Cross_Borra ON [Cross] (Grupo) WHERE borra<>0;
-)");
+)"));
+  if (db.existeColumna(u"EnviosGrupo", u"MAQUINA")) return {};
+  return db.ejecutarGuion(
+      u"ALTER TABLE EnviosGrupo ADD COLUMN TARIFA INTEGER;\n"
+      u"ALTER TABLE EnviosGrupo ADD COLUMN MAQUINA TEXT;\n");
 }
 
 }  // namespace tarvo::envios

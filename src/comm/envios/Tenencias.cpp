@@ -2,11 +2,32 @@
 
 namespace tarvo::envios {
 
+namespace {
+
+// What counts as another machine: another kind, way to it, or address.
+Resultado<QString> maquinaDe(dao::Database& db, int grupo) {
+  const auto g = db.uno(
+      u"SELECT nz(TIPO,0) & ' ' & nz(remoto,0) & ' ' & iif(remoto=2, nz(canal,0), nz(telef,'')) & "
+      u"' ' & nz(ADDR,0) FROM GRUPOS WHERE CODGPO=?",
+      grupo);
+  if (!g) return std::unexpected(g.error());
+  QString maquina = g->texto().simplified().toCaseFolded();
+  const auto rs = db.consultar(u"SELECT ADDR FROM BZAS WHERE SUGPO=? ORDER BY ADDR", grupo);
+  if (!rs) return std::unexpected(rs.error());
+  for (; !(*rs)->Eof();) {
+    maquina += u'/' + (*rs)->texto(0);
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return maquina;
+}
+
+}  // namespace
+
 Tenencias::Tenencias(dao::Database& db, Reloj& reloj, const Destino& destino)
     : db_(db), reloj_(reloj), d_(destino) {}
 
 Resultado<> Tenencias::empezar() {
-  TARVO_INTENTAR(mudarDeSeccion());
+  TARVO_INTENTAR(mudarse());
   const auto rs = db_.consultar(
       u"SELECT DISTINCT SECCION FROM Enviados WHERE GRUPO=? AND SECCION<>?", d_.grupo, d_.seccion);
   if (!rs) return std::unexpected(rs.error());
@@ -22,43 +43,65 @@ Resultado<> Tenencias::empezar() {
   const auto retenidos = db_.uno(u"SELECT count(*) FROM Retenidos WHERE GRUPO=?", d_.grupo);
   if (!retenidos) return std::unexpected(retenidos.error());
   hayRetenidos_ = retenidos->entero() > 0;
+  const auto ordenados = db_.uno(u"SELECT count(*) FROM BorradosGrupo WHERE GRUPO=?", d_.grupo);
+  if (!ordenados) return std::unexpected(ordenados.error());
+  hayOrdenados_ = ordenados->entero() > 0;
   return {};
 }
 
-// A group that moved to another section holds articles of the former one under the same numbers:
-// nothing of it counts as held any more, but it is remembered that it may be there.
-Resultado<> Tenencias::mudarDeSeccion() {
-  const auto antes =
-      db_.consultar(u"SELECT SECCION, BORRANDO FROM EnviosGrupo WHERE GRUPO=?", d_.grupo);
+Resultado<Mudanza> mudanzaDe(dao::Database& db, const Destino& d) {
+  Mudanza m;
+  auto maquina = maquinaDe(db, d.grupo);
+  if (!maquina) return std::unexpected(maquina.error());
+  m.suMaquina = std::move(*maquina);
+  const auto antes = db.consultar(
+      u"SELECT SECCION, BORRANDO, TARIFA, MAQUINA FROM EnviosGrupo WHERE GRUPO=?", d.grupo);
   if (!antes) return std::unexpected(antes.error());
-  const bool conocido = !(*antes)->Eof();
-  if (conocido && (*antes)->logico(1))
+  if ((*antes)->Eof()) return m;
+  m.conocido = true;
+  m.seccion = (*antes)->entero(0) != d.seccion;
+  m.borrando = (*antes)->logico(1);
+  m.anotada = !(*antes)->nulo(2) && !(*antes)->nulo(3);
+  m.tarifa = !(*antes)->nulo(2) && (*antes)->entero(2) != d.tarifa;
+  m.maquina = !(*antes)->nulo(3) && (*antes)->texto(3) != m.suMaquina;
+  return m;
+}
+
+// A group that moved to another section holds articles of the former one under the same numbers,
+// another tarifa has other prices, another machine holds nobody knows what: nothing of before
+// counts as held any more, but it is remembered that it may be there.
+Resultado<> Tenencias::mudarse() {
+  const auto m = mudanzaDe(db_, d_);
+  if (!m) return std::unexpected(m.error());
+  if (!m->hay() && !m->borrando && m->anotada) return {};
+  if (m->borrando || m->maquina)
     TARVO_INTENTAR(
         db_.ejecutar(u"UPDATE Enviados SET HUELLA=NULL, HUELLA_PRE=NULL WHERE GRUPO=?", d_.grupo));
-  if (conocido && (*antes)->entero(0) == d_.seccion && !(*antes)->logico(1)) return {};
-  TARVO_INTENTAR(soltarOtrasSecciones());
+  if (m->hay()) TARVO_INTENTAR(soltar(m->tarifa || m->maquina));
   TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO EnviosGrupo (GRUPO, SECCION, BORRANDO) VALUES (?, ?, 0) ON CONFLICT (GRUPO) DO "
-      u"UPDATE SET SECCION=excluded.SECCION, BORRANDO=0",
-      d_.grupo, d_.seccion));
+      u"INSERT INTO EnviosGrupo (GRUPO, SECCION, BORRANDO, TARIFA, MAQUINA) VALUES (?, ?, 0, ?, ?) "
+      u"ON CONFLICT (GRUPO) DO UPDATE SET SECCION=excluded.SECCION, BORRANDO=0, "
+      u"TARIFA=excluded.TARIFA, MAQUINA=excluded.MAQUINA",
+      d_.grupo, d_.seccion, d_.tarifa, m->suMaquina));
   return {};
 }
 
-Resultado<> Tenencias::soltarOtrasSecciones() {
+// Cross says no more that anything of the other sections is held, or `todo`: nor of this one.
+Resultado<> Tenencias::soltar(bool todo) {
   // The whole table is looked through, so only where there is something to find.
   const auto hay = db_.uno(
       u"SELECT EXISTS (SELECT 1 FROM [Cross] WHERE Secc<?) OR EXISTS (SELECT 1 FROM [Cross] WHERE "
       u"Secc>?)",
       d_.seccion, d_.seccion);
   if (!hay) return std::unexpected(hay.error());
-  if (!hay->logico()) return {};
+  if (!hay->logico() && !todo) return {};
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO Enviados (GRUPO, SECCION, CODPLU, CUANDO) SELECT Grupo, Secc, plu, "
-      u"? FROM [Cross] WHERE Grupo=? AND Secc<>? AND borra=0 ON CONFLICT (GRUPO, "
+      u"? FROM [Cross] WHERE Grupo=? AND (? OR Secc<>?) AND borra=0 ON CONFLICT (GRUPO, "
       u"SECCION, CODPLU) DO NOTHING",
-      laHora(), d_.grupo, d_.seccion));
-  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Grupo=? AND Secc<>? AND borra=0",
-                              d_.grupo, d_.seccion));
+      laHora(), d_.grupo, todo, d_.seccion));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Grupo=? AND (? OR Secc<>?) AND borra=0",
+                              d_.grupo, todo, d_.seccion));
   return {};
 }
 
@@ -156,6 +199,17 @@ Resultado<> Tenencias::AnotarBorrado(qint64 codigo) {
   return AnotarHueco(codigo, codigo);
 }
 
+Resultado<> Tenencias::AnotarOrdenBorrado(qint64 codigo) {
+  TARVO_INTENTAR(AnotarBorrado(codigo));
+  if (d_.tipo != 1) return {};
+  hayOrdenados_ = true;
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO BorradosGrupo (GRUPO, CODPLU, CUANDO) VALUES (?, ?, ?) ON CONFLICT (GRUPO, "
+      u"CODPLU) DO UPDATE SET CUANDO=excluded.CUANDO",
+      d_.grupo, codigo, laHora()));
+  return {};
+}
+
 Resultado<> Tenencias::AnotarHueco(qint64 desde, qint64 hasta) {
   if (desde > hasta) return {};
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu>=? AND plu<=? AND Grupo=?",
@@ -179,6 +233,16 @@ Resultado<> Tenencias::AnotarRetenido(qint64 codigo, const QString& motivo, int 
       u"?, ?, ?, ?, ?) ON CONFLICT (GRUPO, SECCION, CODPLU) DO UPDATE SET MOTIVO=excluded.MOTIVO, "
       u"ERROR=excluded.ERROR, CUANDO=excluded.CUANDO",
       d_.grupo, d_.seccion, codigo, motivo, error, cuando, cuando));
+  if (error != 0 || !d_.conCross()) return {};
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=? AND borra=0",
+                              d_.seccion, codigo, d_.grupo));
+  return {};
+}
+
+Resultado<> Tenencias::anunciarOtro(qint64 codigo) {
+  TARVO_INTENTAR(db_.ejecutar(
+      u"UPDATE Enviados SET HUELLA=NULL, HUELLA_PRE=NULL WHERE GRUPO=? AND SECCION=? AND CODPLU=?",
+      d_.grupo, d_.seccion, codigo));
   return {};
 }
 
@@ -194,6 +258,7 @@ Resultado<> Tenencias::borradoRechazado() {
 
 Resultado<> Tenencias::borradoHecho() {
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Enviados WHERE GRUPO=?", d_.grupo));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM BorradosGrupo WHERE GRUPO=?", d_.grupo));
   return borradoRechazado();
 }
 
@@ -227,6 +292,9 @@ Resultado<> Tenencias::ponerEnviado(qint64 codigo, const Huella& h) {
       u"?, ?, ?) ON CONFLICT (GRUPO, SECCION, CODPLU) DO UPDATE SET HUELLA=excluded.HUELLA, "
       u"HUELLA_PRE=excluded.HUELLA_PRE, CUANDO=excluded.CUANDO",
       d_.grupo, d_.seccion, codigo, h.resto, h.precios, laHora().dias()));
+  if (hayOrdenados_)
+    TARVO_INTENTAR(correr(kOrdenado, u"DELETE FROM BorradosGrupo WHERE GRUPO=? AND CODPLU=?",
+                          d_.grupo, codigo));
   return olvidarOtrasSecciones(codigo, codigo);
 }
 

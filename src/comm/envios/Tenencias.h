@@ -12,13 +12,24 @@
 
 namespace tarvo::envios {
 
+// How the group has changed since its last sending, so that nothing of before counts as held.
+struct Mudanza {
+  bool conocido = false;  // it had one
+  bool borrando = false;  // a wipe has no answer
+  bool seccion = false, tarifa = false, maquina = false;
+  bool anotada = false;  // tarifa and machine stand there
+  QString suMaquina;     // which it is now
+  bool hay() const { return !conocido || seccion || tarifa || maquina; }
+};
+Resultado<Mudanza> mudanzaDe(dao::Database& db, const Destino& destino);
+
 class Tenencias {
  public:
   // REQUIRES that database and clock outlive it.
   Tenencias(dao::Database& db, Reloj& reloj, const Destino& destino);
 
-  // Before anything is sent: what stands of a group that moved to another section, of a wipe that
-  // never got its answer, of articles that are gone.
+  // Before anything is sent: what stands of a group that moved to another section, tarifa or
+  // machine, of a wipe that never got its answer, of articles that are gone.
   Resultado<> empezar();
 
   // Before a record goes: as long as the group hasn't confirmed it, nobody knows what it holds.
@@ -35,15 +46,20 @@ class Tenencias {
   // The same for a record of prices, sent while the article stood as `entonces`. `eraSuyo`:
   // anunciarPrecios answered true for it.
   Resultado<> AnotarPrecios(const Preparado& entonces, const Preparado* ahora, bool eraSuyo);
-  // It has deleted the article, or hasn't any of these numbers.
+  // It has deleted the article, was told to (one that can't be compared may have it again some
+  // day), or hasn't any of these numbers.
   Resultado<> AnotarBorrado(qint64 codigo);
+  Resultado<> AnotarOrdenBorrado(qint64 codigo);
   Resultado<> AnotarHueco(qint64 desde, qint64 hasta);
   // It holds an article otherwise than it should, or one that is gone: `registro` as it gave it.
   Resultado<> AnotarDistinto(qint64 codigo, const QByteArray& registro, bool existe);
   // It holds one that it should have deleted.
   Resultado<> AnotarSobrante(qint64 codigo) { return ponerCross(codigo, true); }
-  // It got no record of it: `error` is its refusal, 0 for a record that can't be made.
+  // It got no record of it: `error` is its refusal, 0 for a record that can't be made, which it
+  // therefore doesn't hold.
   Resultado<> AnotarRetenido(qint64 codigo, const QString& motivo, int error);
+  // Another article goes in its place: nobody knows what it holds of this one.
+  Resultado<> anunciarOtro(qint64 codigo);
 
   // A wipe: ordered, refused before it began, done.
   Resultado<> anunciarBorrado();
@@ -54,8 +70,8 @@ class Tenencias {
   Resultado<> guardarFicha(qint64 codigo, const std::optional<QByteArray>& registro);
 
  private:
-  Resultado<> mudarDeSeccion();
-  Resultado<> soltarOtrasSecciones();
+  Resultado<> mudarse();
+  Resultado<> soltar(bool todo);
   Resultado<> ponerCross(qint64 codigo, bool borra);
   Resultado<> quitarCross(qint64 codigo);
   Resultado<> ponerEnviado(qint64 codigo, const Huella& huella);
@@ -65,7 +81,7 @@ class Tenencias {
   Fecha laHora();
 
   // Statements that run for each article.
-  enum Guardada { kDudar, kSoltar, kCruzar, kProbar, kCumplir, kGuardadas };
+  enum Guardada { kDudar, kSoltar, kCruzar, kProbar, kCumplir, kOrdenado, kGuardadas };
   template <class... P>
   Resultado<qint64> correr(Guardada cual, QStringView sql, const P&... parametros);
 
@@ -73,7 +89,7 @@ class Tenencias {
   Reloj& reloj_;
   const Destino d_;
   std::array<std::unique_ptr<dao::Sentencia>, kGuardadas> guardadas_;
-  bool hayRetenidos_ = true;  // as far as is known
+  bool hayRetenidos_ = true, hayOrdenados_ = true;  // as far as is known
   Fecha ahora_;
   qint64 vistaLaHora_ = -1;          // ms of the monotonic clock
   std::vector<int> otrasSecciones_;  // of which something stands in Enviados for this group

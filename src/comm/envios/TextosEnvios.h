@@ -13,6 +13,10 @@ enum TextoEnvios : int {
   kTxDemasiadoLargo = 2135,
   kTxLetraDesconocida = 2136,
   kTxCaracterDeControl = 2137,
+  kTxVacio = 2127,
+  kTxIlegible = 2128,
+  kTxDeOtro = 2138,
+  kTxNoBorraUnoSolo = 2139,
   kTxCampoPLU = 2140,   // to 2159: by field, within a sentence
   kTxTituloPLU = 2160,  // to 2179: by field, alone
 };

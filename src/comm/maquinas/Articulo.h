@@ -62,12 +62,15 @@ inline constexpr int kCamposPLU = 20;
 // Why an article can't go to a kind of machine.
 struct NoCabe {
   enum Motivo {
-    Grande,   // above `limite`
-    Pequeno,  // below `limite`
-    Cifras,   // it must be digits
-    Largo,    // a text of more than `limite` characters
-    Letra,    // a character that the machine lacks
-    Control   // a control character
+    Grande,    // above `limite`
+    Pequeno,   // below `limite`
+    Cifras,    // it must be digits
+    Largo,     // a text of more than `limite` characters
+    Letra,     // a character that the machine lacks
+    Control,   // a control character
+    Vacio,     // nothing, where a number must stand
+    Ilegible,  // no whole number
+    DeOtro     // a bar code that another article has: `limite` is its number
   };
   CampoPLU campo = CampoPLU::CodPLU;
   Motivo motivo = Grande;

@@ -54,8 +54,9 @@ void gestcomm::Interior::avanzar(int id) {
 // others.
 void gestcomm::Interior::empezar(int id) {
   TareaViva* t = tarea(id);
+  if (delante(borrados, *t)) return;
   if (t->clase->esOlvido) {
-    if (lecturaDelante(*t)) return;
+    if (delante(lecturas, *t)) return;
     if (grupoFallido(t->datos.Grupo))
       return suprimir(id, entorno.textos(kTxNoOlvidar, {t->datos.Grupo}));
   }
@@ -98,7 +99,7 @@ void gestcomm::Interior::suprimir(int id, const QString& motivo) {
   if (!(t = tarea(id))) return;
   t->textoError = motivo;
   cambio(*t);
-  if (!vigilante) return;
+  if (!vigilante) return dejarPaso(*t);
   problema(id);
   if (tarea(id)) quitar(id);
 }
@@ -252,7 +253,7 @@ void gestcomm::Interior::finTarea(int id) {
   const int c = t->Canal;
   t->Estado = kTerminado;
   t->Error = t->FallosTrama = 0;
-  t->textoError.clear();
+  t->textoError = t->trabajo->reparo();
   anotarBuena(*t);
   liberarCanal(c);
   soltarEnlace(c);

@@ -102,6 +102,7 @@ int gestcomm::Interior::nueva(int grupo, bool todo, qint64 desde, qint64 hasta, 
   t->clase = c;
   t->acceso = accesoDe(t->datos);
   if (c->esLectura) lecturas[grupo].insert(ultimoId);
+  if (c->esBorrado) borrados[grupo].insert(ultimoId);
   tareas.emplace(ultimoId, std::move(t));
   cambioCola();
   return 0;
@@ -127,22 +128,28 @@ void gestcomm::Interior::quitar(int id) {
     marcarFallida(*t);
     if (t->trabajo) avisos = t->trabajo->abandonar();
   }
-  lecturas[t->datos.Grupo].erase(id);
+  dejarPaso(*t);
   if (tareaDe(t->Canal) == t) liberarCanal(t->Canal);
   const auto nodo = tareas.extract(id);  // dies with this scope, behind the observer's call
   decirAvisos(clase, avisos);
   cambioCola();
 }
 
-bool gestcomm::Interior::lecturaDelante(const TareaViva& t) const {
-  const auto it = lecturas.find(t.datos.Grupo);
-  return it != lecturas.end() && !it->second.empty() && *it->second.begin() < t.datos.Id;
+bool gestcomm::Interior::delante(const PorGrupo& cuales, const TareaViva& t) {
+  const auto it = cuales.find(t.datos.Grupo);
+  return it != cuales.end() && !it->second.empty() && *it->second.begin() < t.datos.Id;
+}
+
+// Nothing waits any more for a task that is done or given up.
+void gestcomm::Interior::dejarPaso(const TareaViva& t) {
+  lecturas[t.datos.Grupo].erase(t.datos.Id);
+  borrados[t.datos.Grupo].erase(t.datos.Id);
 }
 
 void gestcomm::Interior::marcarFallida(TareaViva& t) {
+  dejarPaso(t);
   if (!t.clase->esLectura || t.fallida) return;
   t.fallida = true;
-  lecturas[t.datos.Grupo].erase(t.datos.Id);
   anotarFallido(t.datos.Grupo, t.datos.Clase);
   if (!t.clase->esTotal) return;
   if (auto r = entorno.sesion.lecturaFallida(t.datos.Grupo, t.datos.Clase); !r)
@@ -150,8 +157,8 @@ void gestcomm::Interior::marcarFallida(TareaViva& t) {
 }
 
 void gestcomm::Interior::anotarBuena(const TareaViva& t) {
+  dejarPaso(t);
   if (!t.clase->esLectura) return;
-  lecturas[t.datos.Grupo].erase(t.datos.Id);
   const auto it = clasesFallidas.find(t.datos.Grupo);
   if (it == clasesFallidas.end()) return;
   it->second.erase(t.datos.Clase);

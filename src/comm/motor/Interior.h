@@ -79,9 +79,11 @@ struct gestcomm::Interior {
   std::map<int, std::unique_ptr<TareaViva>> tareas;  // by id, which is queue order
   int ultimoId = 0;
   std::deque<CanalVivo> canales;
-  std::map<QString, int> conectores;      // channel of each connector name
-  std::map<Acceso, int> ocupados;         // channel that holds each access
-  std::map<int, std::set<int>> lecturas;  // unfinished readings of each group, by id
+  std::map<QString, int> conectores;  // channel of each connector name
+  std::map<Acceso, int> ocupados;     // channel that holds each access
+  // Unfinished readings and wipes of each group, by id: what others behind them wait for.
+  using PorGrupo = std::map<int, std::set<int>>;
+  PorGrupo lecturas, borrados;
   bool automatico = true;
   int reintentos = 0;
   bool borrarFallos = false;
@@ -100,7 +102,8 @@ struct gestcomm::Interior {
   TareaViva* tarea(int id);
   TareaViva* tareaDe(int canal);
   void quitar(int id);
-  bool lecturaDelante(const TareaViva& t) const;
+  static bool delante(const PorGrupo& cuales, const TareaViva& t);
+  void dejarPaso(const TareaViva& t);
   void marcarFallida(TareaViva& t);
   void anotarBuena(const TareaViva& t);
   bool grupoFallido(int grupo);

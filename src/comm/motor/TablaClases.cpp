@@ -46,6 +46,7 @@ std::vector<ClaseTarea> TablaClases() {
     c.esTotal = f.numero >= 16 && f.numero <= 21;
     c.esLectura = f.numero >= 16 && f.numero <= 23;
     c.esOlvido = f.numero == 6 || f.numero == 10;
+    c.esBorrado = f.numero == 10;
     c.toleraErr5 = f.numero == 1 || f.numero == 24;
     salida.push_back(std::move(c));
   }

@@ -117,6 +117,8 @@ class TrabajoTarea {
   virtual Resultado<std::vector<totals::Aviso>> cerrar() = 0;
   // The task is given up; what there is to tell of it.
   virtual std::vector<totals::Aviso> abandonar() { return {}; }
+  // What it leaves out though it ends well, in a line for the grid; empty for nothing.
+  virtual QString reparo() const { return {}; }
   // What it is now at, for the grid ("P 0000123"), and the last code for reports.
   virtual QString MostrarTraza() const { return {}; }
   virtual qint64 codigoActual() const { return 0; }
@@ -135,6 +137,7 @@ struct ClaseTarea {
   bool esTotal = false;     // 16 to 21
   bool esLectura = false;   // totals and documents: a zeroing of the group waits for it
   bool esOlvido = false;    // zeroing, wipe: waits until no reading of its group stands before it
+  bool esBorrado = false;   // wipe: what stands behind it for its group waits for it
   bool toleraErr5 = false;  // a refusal numbered 5 counts as a good answer
   // Null for a kind whose name is known and that has no sender: NuevaTarea answers 2 for it.
   std::unique_ptr<TrabajoTarea> (*crear)(const DatosTarea&, const Entorno&) = nullptr;

@@ -45,7 +45,8 @@ struct VistaTarea {
   int Estado = 0, Error = 0, Traza = -1, Canal = -1;
   int FallosEnlace = 0, FallosTrama = 0;
   bool Retenida = false;
-  QString textoError;  // the engine's own words when Error is not a code of the table
+  QString textoError;  // the engine's own words when Error is not a code of the table, or what a
+                       // task that ended well left out
   QString paso;
   int Addr = -1;  // of the machine that was spoken to last; -1 before the first frame
 };

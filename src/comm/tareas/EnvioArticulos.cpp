@@ -11,20 +11,33 @@ namespace tarvo::tareas {
 namespace {
 
 constexpr int kTarifas = 8;
-constexpr int kArticulosNombrados = 20;  // of each sort, in the words at the end
+// Of each sort, in the words at the end: with a sentence of its own, and behind them in one.
+constexpr int kArticulosNombrados = 20, kArticulosPorFrase = 50;
 
-// One sentence for each article, and one for all that are too many.
+// A sentence for each article; those that are too many share one for each reason.
 void nombrar(std::vector<totals::Aviso>& avisos, const std::map<qint64, QString>& cuales, int texto,
-             int grupo, const Textos& textos) {
+             int textoDeVarios, int grupo, const Textos& textos) {
   int n = 0;
+  std::map<QString, QStringList> demas;
+  const auto decirVarios = [&](const QString& motivo, QStringList& codigos) {
+    if (codigos.isEmpty()) return;
+    const QString lista = codigos.join(QStringLiteral(", "));
+    avisos.push_back({grupo,
+                      codigos.size() == 1 ? textos(texto, {grupo, lista, motivo})
+                                          : textos(textoDeVarios, {grupo, motivo, lista}),
+                      true});
+    codigos.clear();
+  };
   for (const auto& [codigo, motivo] : cuales) {
-    if (n++ == kArticulosNombrados) {
-      avisos.push_back(
-          {grupo, textos(kTxArticulosDeMas, {grupo, cuales.size() - kArticulosNombrados}), true});
-      return;
+    if (n++ < kArticulosNombrados) {
+      avisos.push_back({grupo, textos(texto, {grupo, Ceros(codigo, 7), motivo}), true});
+      continue;
     }
-    avisos.push_back({grupo, textos(texto, {grupo, Ceros(codigo, 7), motivo}), true});
+    QStringList& codigos = demas[motivo];
+    codigos << Ceros(codigo, 7);
+    if (codigos.size() == kArticulosPorFrase) decirVarios(motivo, codigos);
   }
+  for (auto& [motivo, codigos] : demas) decirVarios(motivo, codigos);
 }
 
 }  // namespace
@@ -95,21 +108,34 @@ bool EnvioArticulos::zanjado(const QByteArray& registro, const QByteArray& suya)
 
 std::vector<totals::Aviso> EnvioArticulos::abandonar() {
   reposo();
-  return preparada_ ? avisos() : std::vector<totals::Aviso>{};
+  return preparada_ ? avisos(false) : std::vector<totals::Aviso>{};
 }
 
-std::vector<totals::Aviso> EnvioArticulos::avisos() const {
+std::vector<totals::Aviso> EnvioArticulos::avisos(bool acabada) const {
   const envios::Resumen& r = remesa_.resumen();
   std::vector<totals::Aviso> salida;
-  nombrar(salida, r.retenidos, kTxArticuloRetenido, t_.Grupo, e_.textos);
-  nombrar(salida, r.rechazados, kTxArticuloRechazado, t_.Grupo, e_.textos);
-  const bool nada = r.enviados + r.borrados == 0 && r.retenidos.empty() && r.rechazados.empty();
+  nombrar(salida, r.retenidos, kTxArticuloRetenido, kTxRetenidosPorLoMismo, t_.Grupo, e_.textos);
+  nombrar(salida, r.rechazados, kTxArticuloRechazado, kTxRechazadosPorLoMismo, t_.Grupo, e_.textos);
+  if (const auto quedan = remesa_.restan(); !acabada && quedan)
+    salida.push_back(
+        {t_.Grupo, e_.textos(kTxSinAcabar, {t_.Grupo, quedan->articulos, quedan->borrados}), true});
+  if (t_.Tipo == 2 || t_.Tipo == 3)
+    if (const auto n = envios::articulosDeSobra(e_.db, destinoDe(t_)); n && *n > 0)
+      salida.push_back({t_.Grupo, e_.textos(kTxGuardaBorrados, {t_.Grupo, *n}), false});
+  const bool nada =
+      acabada && r.enviados + r.borrados == 0 && r.retenidos.empty() && r.rechazados.empty();
   const QString cuenta =
       nada ? e_.textos(kTxSinArticulosQueEnviar, {t_.Grupo})
            : e_.textos(soloPrecios() ? kTxPreciosEnviados : kTxArticulosEnviados,
                        {t_.Grupo, r.enviados, r.borrados, r.retenidos.size(), r.rechazados.size()});
   salida.push_back({t_.Grupo, cuenta, false});
   return salida;
+}
+
+QString EnvioArticulos::reparo() const {
+  const envios::Resumen& r = remesa_.resumen();
+  if (r.retenidos.empty() && r.rechazados.empty()) return {};
+  return e_.textos(kTxReparo, {r.retenidos.size(), r.rechazados.size()});
 }
 
 QString EnvioArticulos::MostrarTraza() const {

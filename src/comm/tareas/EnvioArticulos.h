@@ -24,8 +24,9 @@ class EnvioArticulos : public motor::TrabajoTarea {
 
   Resultado<motor::Siguiente> siguiente() final;
   void reposo() final { static_cast<void>(remesa_.asentar()); }
-  Resultado<std::vector<totals::Aviso>> cerrar() final { return avisos(); }
+  Resultado<std::vector<totals::Aviso>> cerrar() final { return avisos(true); }
   std::vector<totals::Aviso> abandonar() final;
+  QString reparo() const final;
   QString MostrarTraza() const final;
   qint64 codigoActual() const override { return remesa_.codigoActual(); }
   qint64 avance() const override { return remesa_.hechos(); }
@@ -66,7 +67,7 @@ class EnvioArticulos : public motor::TrabajoTarea {
   envios::Remesa remesa_;
 
  private:
-  std::vector<totals::Aviso> avisos() const;
+  std::vector<totals::Aviso> avisos(bool acabada) const;
 
   const envios::Remesa::Que que_;
   struct Callada {

@@ -64,6 +64,11 @@ class ListaDeArticulos : public EnvioArticulos {
           return preguntarAntes(*codigo, maquinas::borrarArticulo(*codigo));
         continue;
       }
+      if (fase_ == kLista && remesa_.faltaSitio()) {
+        TARVO_INTENTAR(remesa_.empezarBorrados());
+        interrumpida_ = true;
+        continue;
+      }
       const auto sale = remesa_.actual();
       if (!sale) return std::unexpected(sale.error());
       if (*sale) return articulo(**sale);
@@ -127,6 +132,8 @@ class ListaDeArticulos : public EnvioArticulos {
   void siguienteFase() {
     if (fase_ == kLista)
       fase_ = kBorrados;
+    else if (fase_ == kBorrados && std::exchange(interrumpida_, false))
+      fase_ = kLista;
     else
       fase_ = fase_ == kBorrados && remesa_.empezarFinal() ? kRechazados : kFin;
   }
@@ -137,6 +144,7 @@ class ListaDeArticulos : public EnvioArticulos {
   bool dudosa_ = false, preguntando_ = false;
   int muda_ = -1;               // address of the machine that was silent last
   std::set<qint64> sinBorrar_;  // deletions that were refused
+  bool interrumpida_ = false;   // the list, by deletions that may make room
 };
 
 // Kind 3: each article to each register in turn.

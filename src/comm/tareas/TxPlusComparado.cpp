@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "comm/tareas/EnvioArticulos.h"
 #include "comm/tareas/Fabricas.h"
@@ -26,7 +27,9 @@ class Comparacion final : public EnvioArticulos {
     const bool noExiste = datos.startsWith("ERR");
     if (fase_ == kPreguntar)
       return tienen(noExiste ? kDetrasDeTodos : *maquinas::codigoDeFicha(datos));
-    if (fase_ == kBorrar) {
+    if (fase_ == kHacerSitio) {
+      remesa_.borrado();
+    } else if (fase_ == kBorrar) {
       remesa_.borrado(desde_);
       sabida_ = false;
       // It costs no frame: where it is gone, they tell what comes behind it.
@@ -42,7 +45,11 @@ class Comparacion final : public EnvioArticulos {
     }
     return {};
   }
-  void repetida() override { dudosa_ = dudosa_ || fase_ == kEnviar; }
+  // An answer more may come: what goes next has another code, and its answer ends what they owe.
+  void repetida() override {
+    dudosa_ = dudosa_ || fase_ == kEnviar;
+    deben_ = deben_ || fase_ == kHacerSitio;
+  }
   // They may have done it unheard, and are asked. Whether they are there at all is told by that.
   bool sinRespuesta(int error) override {
     if (!esSilencio(error)) return false;
@@ -61,6 +68,7 @@ class Comparacion final : public EnvioArticulos {
       siguienteNuestro();
       return rechazarActual(error);
     }
+    if (fase_ == kHacerSitio) remesa_.borradoNegado();
     if (fase_ == kBorrar) {
       remesa_.borradoNegado(desde_++, motivoDeRechazo(error, e_.textos));
       sabida_ = false;
@@ -76,6 +84,16 @@ class Comparacion final : public EnvioArticulos {
   Resultado<> preparar() override { return remesa_.empezar(true, {desde_, t_.Hasta}, true); }
   Resultado<Siguiente> paso() override {
     for (;;) {
+      if (remesa_.faltaSitio()) {
+        TARVO_INTENTAR(remesa_.empezarBorrados());
+        sabida_ = false;
+      }
+      if (const auto codigo = remesa_.porBorrar()) {
+        fase_ = std::exchange(deben_, false) ? kPreguntar : kHacerSitio;
+        if (fase_ == kPreguntar)
+          return enviar(maquinas::pedirArticulo(std::min(desde_, kDetrasDeTodos - 1)));
+        return enviar(maquinas::borrarArticulo(*codigo));
+      }
       const auto sale = remesa_.actual(!final_);
       if (!sale) return std::unexpected(sale.error());
       if (!*sale && (final_ || desde_ > t_.Hasta)) {
@@ -84,7 +102,7 @@ class Comparacion final : public EnvioArticulos {
         continue;
       }
       nuestro_ = *sale ? (*sale)->codigo : kDetrasDeTodos;
-      const bool suyaDelante = !final_ && desde_ < nuestro_;
+      const bool suyaDelante = !final_ && desde_ < std::min(nuestro_, kDetrasDeTodos);
       fase_ = !suyaDelante ? kEnviar : sabida_ ? kBorrar : kPreguntar;
       if (fase_ == kPreguntar) return enviar(maquinas::pedirArticulo(desde_));
       if (fase_ == kBorrar) return enviar(maquinas::borrarArticulo(desde_));
@@ -95,7 +113,7 @@ class Comparacion final : public EnvioArticulos {
   }
 
  private:
-  enum Fase { kPreguntar = 10, kEnviar = 11, kBorrar = 12, kContrastar = 13 };
+  enum Fase { kPreguntar = 10, kEnviar = 11, kBorrar = 12, kContrastar = 13, kHacerSitio = 14 };
   static constexpr qint64 kDetrasDeTodos = 10'000'000;
   // So many deletions are believed; then they are asked whether the last one is gone.
   static constexpr int kBorradosSinMirar = 16;
@@ -142,7 +160,7 @@ class Comparacion final : public EnvioArticulos {
   qint64 nuestro_ = 0;   // ours that comes next
   bool sabida_ = false;  // theirs is the one that they just told
   QByteArray registro_;  // of ours, as it goes
-  bool final_ = false, dudosa_ = false;
+  bool final_ = false, dudosa_ = false, deben_ = false;
   qint64 borradoCallado_ = -1;  // the deletion that got no answer
   int borradosSinMirar_ = 0;
   bool mirando_ = false;  // the number asked for is one that they have deleted

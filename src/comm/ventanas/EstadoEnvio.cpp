@@ -5,6 +5,7 @@
 
 #include "comm/envios/Comparada.h"
 #include "comm/envios/TablaDeEstado.h"
+#include "comm/ventanas/ModeloTareas.h"
 #include "comm/ventanas/TextosCommVentanas.h"
 #include "core/ventanas/Medidas.h"
 #include "core/ventanas/Parrilla.h"
@@ -19,7 +20,12 @@ using envios::Situacion;
 namespace {
 
 constexpr int kTodos = -1, kPorArreglar = -2;  // entries of the list of states beside them
-constexpr int kReposoEstado = 100;
+constexpr int kReposoEstado = 100, kReintentoMs = 30000;
+
+bool fallada(const motor::VistaTarea& t) {
+  return (t.Estado == motor::kAperturaFallida && t.Error != motor::kErrorDetenido) ||
+         t.Estado == motor::kInterrumpido;
+}
 
 Estado formaDe(Situacion s) {
   switch (s) {
@@ -36,27 +42,27 @@ Estado formaDe(Situacion s) {
 
 std::vector<Columna> columnasEstado(const Textos& textos) {
   return {{.titulo = kTxCodigoArticulo, .campo = u"CODPLU"_s, .clase = Clase::Codigo, .cifras = 7},
-          {.titulo = kTxNombreArticulo, .campo = u"NOMPLU"_s, .ancho = 200},
+          {.titulo = kTxNombreArticulo, .campo = u"NOMPLU"_s, .ancho = 165},
           {.titulo = kTxSituacion,
            .campo = u"SITUACION"_s,
-           .ancho = 150,
+           .ancho = 140,
            .ver =
                [&textos](const dao::Valor& v) {
                  return textos(kTxSituaciones + static_cast<int>(v.entero()));
                },
            .estado = [](const dao::Valor& v) { return formaDe(Situacion(v.entero())); }},
           {.titulo = kTxDesdeCuando, .campo = u"DESDE"_s, .clase = Clase::Momento},
-          {.titulo = kTxMotivo, .campo = u"MOTIVO"_s, .ancho = 320}};
+          {.titulo = kTxMotivo, .campo = u"MOTIVO"_s, .ancho = 262}};
 }
 
 std::vector<Columna> columnasFicha(const Textos& textos) {
   const QString igual = textos(kTxIgual), distinto = textos(kTxDistinto);
-  return {{.titulo = kTxCampo, .campo = u"campo"_s, .ancho = 150},
+  return {{.titulo = kTxCampo, .campo = u"campo"_s, .ancho = 124},
           {.titulo = kTxAqui, .campo = u"aqui"_s, .ancho = 120},
-          {.titulo = kTxEnBalanza, .campo = u"alli"_s, .ancho = 120},
+          {.titulo = kTxEnBalanza, .campo = u"alli"_s, .ancho = 112},
           {.titulo = kTxSituacion,
            .campo = u"distinto"_s,
-           .ancho = 96,
+           .ancho = 104,
            .ver =
                [=](const dao::Valor& v) {
                  return v.nulo() ? QString() : v.logico() ? distinto : igual;
@@ -73,6 +79,8 @@ EstadoEnvio::EstadoEnvio(Contexto& c, const QString& nombre, const Servicios& s)
     : Ventana(c, nombre),
       s_(s),
       despues_(c.reloj.temporizador([this] { calcular(); })),
+      mirada_(c.reloj.temporizador([this] { mirarTareas(); })),
+      reintento_(c.reloj.temporizador([this] { probarDeNuevo(); })),
       pregunta_(c, *this) {
   ui_.setupUi(cuerpo());
   enlazar();
@@ -86,11 +94,12 @@ EstadoEnvio::~EstadoEnvio() {
 
 void EstadoEnvio::montar() {
   ui_.division->setStretchFactor(0, 1);
-  ui_.division->setSizes({escalar(680), escalar(520)});
+  ui_.division->setSizes({escalar(850), escalar(490)});
   ponerLetra(*ui_.LblCuenta, Letra::Secundaria);
   ponerLetra(*ui_.LblFicha, Letra::Secundaria);
   unir(ui_.Enviar, u"enviar"_s, Qt::Key_F6, [this] { enviar(); });
   unir(ui_.Pedir, u"recibir"_s, Qt::Key_F7, [this] { pedir(); });
+  unir(ui_.Parar, u"parar"_s, Qt::Key_F8, [this] { parar(); });
   unir(ui_.Recalcular, u"refrescar"_s, Qt::CTRL | Qt::Key_R, [this] { calcular(); });
   ui_.Ver->addItem(t(kTxPorArreglar), kPorArreglar);
   ui_.Ver->addItem(t(kTxTodosLosArticulos), kTodos);
@@ -98,12 +107,11 @@ void EstadoEnvio::montar() {
   ui_.lista->preparar(contexto(), nombre(), columnasEstado(contexto().textos));
   ui_.lista->filtros()->addWidget(ui_.filtros);
   ui_.lista->setVacia(t(kTxNingunoAsi));
-  ui_.lista->setAcciones({ui_.Enviar, ui_.Pedir, ui_.Recalcular});
+  ui_.lista->setAcciones({ui_.Enviar, ui_.Pedir, ui_.Parar, ui_.Recalcular});
   ui_.ficha->preparar(contexto(), nombre(), columnasFicha(contexto().textos));
   ui_.ficha->vivas();
   ui_.ficha->setBusca(false);
   ui_.ficha->setPie(false);
-  ui_.ficha->setVacia(t(kTxEligeArticulo));
   connect(ui_.Grupo, &QComboBox::activated, this, [this] { calcular(); });
   connect(ui_.Ver, &QComboBox::activated, this, [this] { filtrar(); });
   connect(ui_.lista, &Parrilla::actualCambiada, this, [this] { mostrarFicha(); });
@@ -145,8 +153,9 @@ void EstadoEnvio::calcular() {
   const auto d = envios::destinoDeGrupo(contexto().db, grupo());
   if (!haIdoBien(d) || !*d) return;
   destino_ = **d;
-  enMarcha_ = ocupado();
+  mirarTareas();
   ui_.Pedir->setEnabled(destino_->conCross());
+  ui_.ficha->setVacia(t(destino_->conCross() ? kTxEligeArticulo : kTxNoSePuedePedir));
   ui_.LblCuenta->setText(t(kTxCalculando));
   const Textos& textos = contexto().textos;
   const Fecha ahora = contexto().reloj.ahora();
@@ -257,19 +266,73 @@ void EstadoEnvio::pedir() {
   ui_.LblFicha->setText(t(kTxPidiendo));
 }
 
-bool EstadoEnvio::ocupado() const {
+// The group's tasks about its articles.
+std::vector<motor::VistaTarea> EstadoEnvio::suyas() const {
   constexpr int kDeArticulos[] = {1, 10, 11, 24};
-  const auto tareas = s_.motor.tareas();
-  return std::ranges::any_of(tareas, [&](const motor::VistaTarea& t) {
-    return t.datos.Grupo == grupo() &&
-           std::ranges::find(kDeArticulos, t.datos.Clase) != std::end(kDeArticulos);
+  auto tareas = s_.motor.tareas();
+  std::erase_if(tareas, [&](const motor::VistaTarea& t) {
+    return t.datos.Grupo != grupo() || t.Estado == motor::kTerminado ||
+           std::ranges::find(kDeArticulos, t.datos.Clase) == std::end(kDeArticulos);
   });
+  return tareas;
+}
+
+void EstadoEnvio::parar() {
+  for (const motor::VistaTarea& t : suyas()) {
+    parando_.insert(t.datos.Id);
+    s_.motor.DetenerTarea(t.datos.Id);
+    s_.motor.EliminarTarea(t.datos.Id);
+  }
+}
+
+// How the first of its tasks stands; one that failed is tried again as long as the window is there,
+// since the engine gives up and the machine may come back.
+void EstadoEnvio::mirarTareas() {
+  for (const int id : std::exchange(parando_, {})) {
+    const auto t = s_.motor.tarea(id);
+    if (!t || t->Estado == motor::kTerminado || t->Estado == motor::kDetenido) continue;
+    if (t->Estado == motor::kAbriendo) parando_.insert(id);
+    s_.motor.EliminarTarea(id);
+  }
+  const auto tareas = suyas();
+  const bool antes = std::exchange(enMarcha_, !tareas.empty());
+  if (antes && !enMarcha_) despues_->unaVez(kReposoEstado);
+  ui_.Parar->setEnabled(enMarcha_);
+  ui_.LblTarea->setHidden(!enMarcha_);
+  if (!enMarcha_) return reintento_->parar();
+  const auto mala = std::ranges::find_if(tareas, fallada);
+  const motor::VistaTarea& vista = mala == tareas.end() ? tareas.front() : *mala;
+  const auto* clase = s_.registro.porNumero(vista.datos.Clase);
+  const QString nombre = clase ? t(clase->nombre) : QString();
+  const Textos& textos = contexto().textos;
+  const QString problema = textoProblema(vista, textos);
+  const QString como = problema.isEmpty() ? motor::TextoEstado(vista.Estado, textos) : problema;
+  if (mala == tareas.end() || !s_.motor.ModoAutomatico() || s_.motor.Vigilando()) {
+    ui_.LblTarea->setText(t(kTxTareaEsta).arg(nombre, como));
+    return;
+  }
+  if (!reintento_->activo()) {
+    otraVez_ = contexto().reloj.ahora() + kReintentoMs / 86'400'000.0;
+    reintento_->unaVez(kReintentoMs);
+    mostrarFicha();
+  }
+  ui_.LblTarea->setText(t(kTxSeVuelveAProbar).arg(nombre, como, otraVez_.horaLarga()));
+}
+
+void EstadoEnvio::probarDeNuevo() {
+  if (!s_.motor.ModoAutomatico() || s_.motor.Vigilando()) return;
+  for (const motor::VistaTarea& t : suyas())
+    if (fallada(t)) s_.motor.AvanzarTarea(t.datos.Id);
+  mirada_->unaVez(kReposoEstado);
 }
 
 // What the group holds is looked up anew when its tasks are over.
 void EstadoEnvio::colaCambiada() {
-  const bool antes = std::exchange(enMarcha_, ocupado());
-  if (antes && !enMarcha_) despues_->unaVez(kReposoEstado);
+  if (!mirada_->activo()) mirada_->unaVez(kReposoEstado);
+}
+
+void EstadoEnvio::tareaCambiada(int) {
+  colaCambiada();
 }
 
 }  // namespace tarvo::comm

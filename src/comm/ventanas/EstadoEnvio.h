@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <set>
 
 #include "comm/envios/Estado.h"
 #include "comm/ventanas/Servicios.h"
@@ -31,15 +32,21 @@ class EstadoEnvio final : public ventanas::Ventana, private motor::Observador {
   void pedir();
   void mostrarFicha();
   std::vector<qint64> elegidos();
-  bool ocupado() const;
+  std::vector<motor::VistaTarea> suyas() const;
+  void parar();
+  void mirarTareas();
+  void probarDeNuevo();
   void colaCambiada() override;
+  void tareaCambiada(int id) override;
 
   Ui::FormaEstadoEnvio ui_;
   Servicios s_;
   std::optional<envios::Destino> destino_;
   bool enMarcha_ = false;  // a task of the group about its articles is queued
   bool llena_ = false;     // the list has its table
-  std::unique_ptr<Temporizador> despues_;
+  std::set<int> parando_;  // tasks that go as soon as their opening has ended
+  Fecha otraVez_;          // a task that failed is tried again then
+  std::unique_ptr<Temporizador> despues_, mirada_, reintento_;
   ventanas::Aparte pregunta_;
 };
 

@@ -168,6 +168,9 @@ enum TextoCommVentanas : int {
   kTxNoLaTiene = 2844,
   kTxComoLaTenia = 2845,
   kTxPidiendo = 2846,
+  kTxSeVuelveAProbar = 2847,
+  kTxTareaEsta = 2852,
+  kTxNoSePuedePedir = 2853,
 };
 
 }  // namespace tarvo::comm

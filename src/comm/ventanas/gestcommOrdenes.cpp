@@ -86,6 +86,10 @@ void gestcommVentana::ordenar(const std::set<int>& estados, void (gestcomm::*ord
   else if (tira().estado() == Estado::Duda)
     tira().quitar();  // it was about another command
   (s_.motor.*orden)(id);
+  if (tarea || orden != &gestcomm::EliminarTarea) return;
+  // It had ended, and was only shown still.
+  std::erase_if(reparos_, [&](const auto& r) { return r.second.datos.Id == id; });
+  colaCambiada();
 }
 
 // The buttons follow at once: the next key may be one of theirs.
@@ -103,7 +107,7 @@ void gestcommVentana::diagnosticar() {
 void gestcommVentana::verEstado() {
   Argumentos a;
   if (const int fila = ui_.s_espe->filaActual(); fila >= 0)
-    if (const auto tarea = s_.motor.tarea(static_cast<int>(ui_.s_espe->clave(fila))))
+    if (const auto tarea = tareaVista(static_cast<int>(ui_.s_espe->clave(fila))))
       a[u"grupo"_s] = tarea->datos.Grupo;
   contexto().ventanas.abrir(u"EstadoEnvio"_s, this, a);
 }

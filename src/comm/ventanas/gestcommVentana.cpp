@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QTableView>
+#include <algorithm>
 
 #include "comm/ventanas/Grupos.h"
 #include "comm/ventanas/ModeloTareas.h"
@@ -89,8 +90,16 @@ void gestcommVentana::colaCambiada() {
   ensuciar();
 }
 
+// A task that ended and left something out stays in sight until the group's next one.
 void gestcommVentana::tareaCambiada(int id) {
   sucias_.insert(id);
+  if (const auto tarea = s_.motor.tarea(id)) {
+    if (tarea->Estado == motor::kTerminado && !tarea->textoError.isEmpty())
+      reparos_.insert_or_assign(tarea->datos.Grupo, *tarea);
+    else if (const auto it = reparos_.find(tarea->datos.Grupo);
+             it != reparos_.end() && it->second.datos.Clase == tarea->datos.Clase)
+      reparos_.erase(it);
+  }
   ensuciar();
 }
 
@@ -99,8 +108,9 @@ void gestcommVentana::canalCambiado(int) {
   ensuciar();
 }
 
-// Whoever queued it wanted the window for no longer than that.
+// Whoever queued it wanted the window for no longer than that, unless there is something to tell.
 void gestcommVentana::acabado() {
+  if (!reparos_.empty()) return;
   QMetaObject::invokeMethod(this, [this] { descargar(); }, Qt::QueuedConnection);
 }
 
@@ -124,9 +134,24 @@ void gestcommVentana::ponerFila(const motor::VistaTarea& tarea) {
       filaTarea(tarea, s_.registro.porNumero(tarea.datos.Clase), contexto().textos));
 }
 
+// In the order of their numbers.
+std::vector<motor::VistaTarea> gestcommVentana::visibles() const {
+  auto tareas = s_.motor.tareas();
+  for (const auto& [grupo, tarea] : reparos_)
+    if (!s_.motor.tarea(tarea.datos.Id)) tareas.push_back(tarea);
+  std::ranges::sort(tareas, {}, [](const motor::VistaTarea& v) { return v.datos.Id; });
+  return tareas;
+}
+
+std::optional<motor::VistaTarea> gestcommVentana::tareaVista(int id) const {
+  for (const auto& [grupo, tarea] : reparos_)
+    if (tarea.datos.Id == id) return tarea;
+  return s_.motor.tarea(id);
+}
+
 void gestcommVentana::ponerCola() {
   std::vector<FilaViva> filas;
-  for (const motor::VistaTarea& tarea : s_.motor.tareas())
+  for (const motor::VistaTarea& tarea : visibles())
     filas.push_back(filaTarea(tarea, s_.registro.porNumero(tarea.datos.Clase), contexto().textos));
   const int ultima = filas.empty() ? 0 : static_cast<int>(filas.back().clave);
   ui_.s_espe->vivas().poner(std::move(filas));
@@ -157,7 +182,7 @@ int gestcommVentana::canalElegido() const {
 void gestcommVentana::ponerProblema() {
   const int fila = ui_.s_espe->filaActual();
   const auto tarea =
-      fila < 0 ? std::nullopt : s_.motor.tarea(static_cast<int>(ui_.s_espe->clave(fila)));
+      fila < 0 ? std::nullopt : tareaVista(static_cast<int>(ui_.s_espe->clave(fila)));
   const QString problema = tarea ? textoProblema(*tarea, contexto().textos) : QString();
   ui_.LblProblema->setText(problema.isEmpty()
                                ? QString()

@@ -2,6 +2,7 @@
 // It decides nothing: every command goes to the engine, and what it shows comes from there.
 #pragma once
 
+#include <map>
 #include <set>
 
 #include "comm/ventanas/MenusComm.h"
@@ -30,6 +31,8 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void refrescar();
   void ponerCola();
   void ponerFila(const motor::VistaTarea& tarea);
+  std::vector<motor::VistaTarea> visibles() const;
+  std::optional<motor::VistaTarea> tareaVista(int id) const;
   void ponerCanales();
   void ponerModo();
   void ponerProblema();
@@ -62,6 +65,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   Servicios s_;
   std::shared_ptr<enlace::Escucha> escucha_;  // kept so that what led to a failure can be looked at
   PanelesCanales* paneles_ = nullptr;
+  std::map<int, motor::VistaTarea> reparos_;  // ended well, but left something out; by group
   std::set<int> sucias_;
   bool colaSucia_ = true, canalesSucios_ = true;
   int ultimaVista_ = 0;  // the last task that has been shown

@@ -73,6 +73,55 @@ TEST_F(VentanaEstado, SePideUnArticuloALaBalanza) {
   EXPECT_EQ(ficha()->texto(2, u"aqui"), u"10.000,00");
 }
 
+// The machine is dead: it is said, tried again, and can be stopped; back, it goes on by itself.
+TEST_F(VentanaEstado, UnaMaquinaQueNoContesta) {
+  ajustes->IntentosManual = 1;
+  abrir(u"EstadoEnvio"_s, {{u"grupo"_s, 1}});
+  ASSERT_TRUE(lista(u"0000010 Pendiente,0000020 Pendiente,0000030 Pendiente,0000040 Retenido"_s));
+  auto* aviso = control<QLabel>(u"LblTarea"_s, u"EstadoEnvio"_s);
+  EXPECT_TRUE(aviso->isHidden());
+  maquina(1).percances().cambiar({.guion = {{simulador::Averia::Sorda, 0, -1}}});
+  lista()->irA(0);
+  tecla(Qt::Key_F6);
+  const auto dicho = [&](const QString& texto) {
+    return hasta([&] { return !aviso->isHidden() && aviso->text().contains(texto); });
+  };
+  ASSERT_TRUE(dicho(u"no ha tenido respuesta ACK. Se vuelve a probar a las "_s))
+      << aviso->text().toStdString();
+  pasar(60'000);
+  maquina(1).percances().cambiar({});
+  ASSERT_TRUE(lista(u"0000020 Pendiente,0000030 Pendiente,0000040 Retenido"_s))
+      << filasVistas().toStdString();
+  EXPECT_TRUE(aviso->isHidden());
+  maquina(1).percances().cambiar({.guion = {{simulador::Averia::Sorda, 0, -1}}});
+  tecla(Qt::Key_F7);
+  ASSERT_TRUE(dicho(u"Se vuelve a probar"_s));
+  tecla(Qt::Key_F8);
+  EXPECT_TRUE(hasta([&] { return aviso->isHidden() && gestor->CuantosQuedan().total == 0; }));
+}
+
+// What didn't go stays to be seen, and leads to the send state of its group.
+TEST_F(VentanaEstado, LoQueNoSeEnvioSeQuedaALaVista) {
+  grupo(2, 1, u"cable 2"_s);
+  abrir(u"gestcomm"_s);
+  gestor->TerminaCuandoPuedas();
+  gestor->NuevaTarea(2, true, 0, 9999999, kEnvio);
+  ASSERT_TRUE(correr());
+  pasar(3000);
+  ASSERT_EQ(cola()->filas(), 1);
+  EXPECT_EQ(celda(0, u"Problema"),
+            u"Artículos sin enviar: retenidos 1, rechazados 0. Vea el estado de envío (F12).");
+  cola()->irA(0);
+  QTest::keyClick(cola(), Qt::Key_F12);
+  EXPECT_EQ(control<QComboBox>(u"Grupo"_s, u"EstadoEnvio"_s)->currentData().toInt(), 2);
+  // Mended and sent again, there is nothing more to say.
+  valor(db->ejecutar(u"UPDATE PLUSES SET PRECIO_00=5 WHERE CODPLU=40"));
+  gestor->NuevaTarea(2, false, 0, 9999999, kEnvio);
+  ASSERT_TRUE(correr());
+  pasar(3000);
+  EXPECT_FALSE(escritorio.ventanas().cargada(u"gestcomm"_s) && cola()->filas() > 0);
+}
+
 TEST_F(VentanaEstado, DesdeLaVentanaDeComunicaciones) {
   grupo(2, 3, u"cable 2"_s, {4});
   abrir(u"gestcomm"_s);
