@@ -268,6 +268,7 @@ void XEditPLU::unidadCambiada() {
 
 void XEditPLU::pintarStock() {
   std::vector<ventanas::FilaViva> filas;
+  filas.reserve(existencias_.size());
   for (const Existencia& e : existencias_)
     filas.push_back({e.almacen,
                      {e.nombre.isEmpty() ? Ceros(e.almacen, 2) : e.nombre, e.inicial, e.compra,

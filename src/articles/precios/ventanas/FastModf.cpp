@@ -116,6 +116,7 @@ ventanas::Columna FastModf::columna(ColumnaRapida cual) {
 // Also with other columns, as they were chosen.
 Resultado<> FastModf::abrirLista() {
   std::vector<ventanas::Columna> columnas;
+  columnas.reserve(kColumnasRapidas);
   for (int i = 0; i < kColumnasRapidas; ++i)
     columnas.push_back(columna(static_cast<ColumnaRapida>(i)));
   ui_.Grd->preparar(contexto(), nombre(), std::move(columnas));
