@@ -61,7 +61,11 @@ Ventana::Ventana(Contexto& contexto, const QString& nombre)
   todo->addWidget(trabajo_);
 }
 
-Ventana::~Ventana() = default;
+Ventana::~Ventana() {
+  // What its controls say while they go (a field that loses the focus) is for a window that is
+  // whole.
+  for (QObject* o : findChildren<QObject*>()) o->disconnect(this);
+}
 
 Resultado<> Ventana::preparar(const Argumentos&) {
   return {};
