@@ -307,7 +307,7 @@ TEST(FichaDeArticulo, ComoLaDaLaBalanza) {
   QByteArray otra = kChorizo;
   otra.replace(53, 5, "     ");
   EXPECT_TRUE(diferencias(*f, *leerFicha(otra)).empty());
-  otra.replace(27, 6, "001251").replace(0, 3, "XXX").replace("Ajo", "ajo");
+  otra.replace(27, 6, "001251").replace(0, 3, "Fue").replace("Ajo", "ajo");
   EXPECT_EQ(diferencias(*f, *leerFicha(otra)),
             (std::vector{CampoPLU::NomPLU, CampoPLU::Precio0, CampoPLU::TEXTO_ETQ}));
   EXPECT_EQ(codigoDeFicha(kChorizo), 123);

@@ -111,6 +111,12 @@ struct Mostrador : Mesa {
   static QLineEdit& campo(QWidget* v, const QString& nombre) {
     return *v->findChild<QLineEdit*>(nombre);
   }
+  static void escribir(QWidget* v, const QString& nombre, const QString& texto) {
+    QLineEdit& c = campo(v, nombre);
+    c.setFocus();
+    c.selectAll();
+    QTest::keyClicks(&c, texto);
+  }
   static QString texto(QWidget* v, const QString& nombre) {
     return v->findChild<QLabel*>(nombre)->text();
   }

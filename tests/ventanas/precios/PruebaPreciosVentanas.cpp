@@ -4,17 +4,6 @@
 
 namespace tarvo::prueba {
 
-namespace {
-
-void escribir(QWidget* v, const QString& nombre, const QString& texto) {
-  QLineEdit& campo = Mostrador::campo(v, nombre);
-  campo.setFocus();
-  campo.selectAll();
-  QTest::keyClicks(&campo, texto);
-}
-
-}  // namespace
-
 // A margin of 50 % locked over articles that cost 5,00, 8,00 and 10,01.
 TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
   Mostrador m;
@@ -26,7 +15,7 @@ TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
   EXPECT_EQ(lista->hijos, 1);
   EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3");
   EXPECT_EQ(m.campo(v, u"pcMarg"_s).text(), u"-40,00") << "3,00 for what costs 5,00";
-  escribir(v, u"pcMarg"_s, u"50"_s);
+  Mostrador::escribir(v, u"pcMarg"_s, u"50"_s);
   m.pulsar(Qt::Key_Tab);
   EXPECT_EQ(m.texto(v, u"PVP"_s), u"7,50");
   EXPECT_EQ(m.campo(v, u"precio00"_s).text(), u"7,50");
@@ -62,7 +51,7 @@ TEST(VentanaCalculo, SinTocarNadaNoSeEscribeNada) {
   lista->codigo = 20;
   lista->movido();
   EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000020  Artículo 20") << "it follows the list";
-  escribir(v, u"costeN"_s, u"8"_s);
+  Mostrador::escribir(v, u"costeN"_s, u"8"_s);
   m.pulsar(Qt::Key_Escape);
   EXPECT_EQ(m.leer(u"select COSTE from PLUSES where CODPLU=20"_s), u"333")
       << "leaving isn't saving";
@@ -74,8 +63,8 @@ TEST(VentanaLote, SubeUnDepartamentoYSeDeshace) {
   m.sql(u"update PLUSES set PRECIO_00=990000 where CODPLU=42"_s);
   auto* v = m.abrir(u"CambioLote"_s, {{u"seccion"_s, 1}});
   v->findChild<QComboBox*>(u"dbD"_s)->setCurrentIndex(2);
-  escribir(v, u"txPc"_s, u"10"_s);
-  escribir(v, u"txPaso"_s, u"0,50"_s);
+  Mostrador::escribir(v, u"txPc"_s, u"10"_s);
+  Mostrador::escribir(v, u"txPaso"_s, u"0,50"_s);
   auto* aplicar = v->findChild<QPushButton*>(u"Aplicar"_s);
   ASSERT_TRUE(esperar([&] { return aplicar->isEnabled(); }));
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
@@ -113,7 +102,7 @@ TEST(VentanaLote, ParadoNoDejaNada) {
   };
   auto* v = m.abrir(u"CambioLote"_s, {{u"seccion"_s, 1}});
   const auto lanzar = [&] {
-    escribir(v, u"txPc"_s, u"10"_s);
+    Mostrador::escribir(v, u"txPc"_s, u"10"_s);
     auto* aplicar = v->findChild<QPushButton*>(u"Aplicar"_s);
     ASSERT_TRUE(esperar([&] { return aplicar->isEnabled(); }));
     m.responder(u"Acepto"_s);

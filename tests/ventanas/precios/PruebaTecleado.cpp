@@ -9,13 +9,6 @@ namespace tarvo::prueba {
 
 namespace {
 
-void escribir(QWidget* v, const QString& nombre, const QString& texto) {
-  QLineEdit& campo = Mostrador::campo(v, nombre);
-  campo.setFocus();
-  campo.selectAll();
-  QTest::keyClicks(&campo, texto);
-}
-
 struct Tecleado : Mostrador {
   QString precio(int codigo) {
     return leer(u"select PRECIO_00 from PLUSES where CODPLU=%1"_s.arg(codigo));
@@ -48,7 +41,7 @@ TEST(VentanaCalculo, LoQueNoValeSeDiceYNoSeGuarda) {
     Tecleado m;
     m.ajustes.calculoPrecios = {.a = false, .b = 0};
     auto* v = m.abrir(u"CalcPre"_s);
-    escribir(v, c.campo, c.texto);
+    Mostrador::escribir(v, c.campo, c.texto);
     QTest::keyClick(m.foco(), Qt::Key_G, Qt::AltModifier);
     ASSERT_TRUE(esperar([&] { return v->tira().isVisible(); })) << c.texto.toStdString();
     EXPECT_TRUE(v->tira().texto().startsWith(c.dicho))
@@ -61,18 +54,18 @@ TEST(VentanaCalculo, NoPasaDeArticuloConUnPrecioQueNoVale) {
   Tecleado m;
   auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
   auto* v = m.abrir(u"CalcPre"_s);
-  escribir(v, u"pcMarg"_s, u"-150"_s);
+  Mostrador::escribir(v, u"pcMarg"_s, u"-150"_s);
   m.pulsar(Qt::Key_PageDown);
   EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3");
   lista->codigo = 9;
   lista->movido();
   EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3") << "the list moved by itself";
   EXPECT_EQ(m.precio(3), u"300");
-  escribir(v, u"costeN"_s, u"abc"_s);
+  Mostrador::escribir(v, u"costeN"_s, u"abc"_s);
   m.pulsar(Qt::Key_PageDown);
   EXPECT_EQ(m.campo(v, u"costeN"_s).text(), u"0,00") << "text counts as 0, and is seen to";
-  escribir(v, u"costeN"_s, u"4"_s);
-  escribir(v, u"pcMarg"_s, u"50"_s);
+  Mostrador::escribir(v, u"costeN"_s, u"4"_s);
+  Mostrador::escribir(v, u"pcMarg"_s, u"50"_s);
   m.boton(v, u"Salvar"_s);
   EXPECT_EQ(m.leer(u"select PRECIO_00, COSTE from PLUSES where CODPLU=3"_s), u"660 400");
 }
@@ -81,7 +74,7 @@ TEST(VentanaRapida, EscapeNoEscribeUnPrecioAMedias) {
   Tecleado m;
   auto* v = m.abrir(u"FastModf"_s);
   for (const QString& texto : {u"1.5"_s, u"7,66"_s}) {
-    escribir(v, u"precio00"_s, texto);
+    Mostrador::escribir(v, u"precio00"_s, texto);
     if (texto == u"1.5") m.pulsar(Qt::Key_Return);
     EXPECT_EQ(v->tira().isVisible(), texto == u"1.5");
     m.pulsar(Qt::Key_Escape);
@@ -103,7 +96,7 @@ TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
     auto& campo = m.campo(v, u"precio00"_s);
     const QString dicho = ilegible ? u"1.5"_s : u"8,88"_s;
     if (!ilegible) m.impedir();
-    escribir(v, u"precio00"_s, dicho);
+    Mostrador::escribir(v, u"precio00"_s, dicho);
     const std::function<void()> intentos[] = {
         [&] { m.pulsar(Qt::Key_Return); },
         [&] { m.pulsar(Qt::Key_Tab); },
@@ -128,7 +121,7 @@ TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
     }
     EXPECT_EQ(m.precio(3), u"300");
     if (ilegible)
-      escribir(v, u"precio00"_s, u"8,88"_s);
+      Mostrador::escribir(v, u"precio00"_s, u"8,88"_s);
     else
       m.permitir();
     m.pulsar(Qt::Key_Return);
@@ -143,7 +136,7 @@ TEST(VentanaRapida, UnPrecioQueNoCabeEnLasBalanzasSeDice) {
   m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (1, 1, 3, 700)"_s);
   const QString aviso = u"El precio 12.000,00 pasa de 9.999,99: "_s;
   auto* rapida = m.abrir(u"FastModf"_s);
-  escribir(rapida, u"precio00"_s, u"12000"_s);
+  Mostrador::escribir(rapida, u"precio00"_s, u"12000"_s);
   m.pulsar(Qt::Key_Return);
   EXPECT_TRUE(rapida->tira().texto().startsWith(aviso));
   EXPECT_EQ(m.precio(3), u"1200000");
@@ -204,7 +197,7 @@ TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
     Tecleado m;
     auto* v = m.abrir(c.ventana, {{u"seccion"_s, 1}, {u"grupo"_s, 1}});
     const QPointer<QWidget> sigue = v;
-    escribir(v, c.campo, c.texto);
+    Mostrador::escribir(v, c.campo, c.texto);
     QString pregunta;
     m.alAbrirse([&](QWidget* w) {
       pregunta = qobject_cast<QMessageBox*>(w)->text();
@@ -219,7 +212,7 @@ TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
   }
   Tecleado m;
   auto* v = m.abrir(u"NvaOfr"_s, {{u"seccion"_s, 1}, {u"grupo"_s, 1}});
-  escribir(v, u"Precio_0"_s, u"1,11"_s);
+  Mostrador::escribir(v, u"Precio_0"_s, u"1,11"_s);
   m.campo(v, u"Entra"_s).setFocus();
   m.pulsar(Qt::Key_Escape);
   EXPECT_FALSE(v->isVisible()) << "in its empty box Escape closes";
@@ -237,7 +230,7 @@ TEST(VentanaLote, DiceQueCifraNoVale) {
                {u"txPaso"_s, u"10000"_s, u"El redondeo debe ser"_s}};
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
   for (const auto& c : casos) {
-    escribir(v, c.campo, c.texto);
+    Mostrador::escribir(v, c.campo, c.texto);
     const auto dicho = [&] {
       return std::ranges::any_of(grid.findChildren<QLabel*>(), [&](const QLabel* l) {
         return l->isVisible() && l->text().startsWith(c.dicho);

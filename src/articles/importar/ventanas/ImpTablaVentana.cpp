@@ -193,15 +193,21 @@ void ImpTablaVentana::ensayar() {
                                leida_->tabla, p);
   if (!haIdoBien(motor)) return;
   motor_ = std::move(*motor);
+  recorrer(kTxEnsayando, &ImpTabla::ensayar, &ImpTabla::ensayadas, &ImpTablaVentana::ensayado);
+}
+
+void ImpTablaVentana::recorrer(int texto, Resultado<bool> (ImpTabla::*paso)(),
+                               int (ImpTabla::*hechas)() const,
+                               void (ImpTablaVentana::*acabar)(const Resultado<Trabajo::Fin>&)) {
   trabajo().empezar(
-      t(kTxEnsayando),
-      [this](Trabajo::Avance& a) {
-        auto r = motor_->ensayar();
-        a.hechos = motor_->ensayadas();
+      t(texto),
+      [this, paso, hechas](Trabajo::Avance& a) {
+        auto hayMas = (*motor_.*paso)();
+        a.hechos = (*motor_.*hechas)();
         a.total = motor_->filas();
-        return r;
+        return hayMas;
       },
-      [this](const Resultado<Trabajo::Fin>& fin) { ensayado(fin); });
+      [this, acabar](const Resultado<Trabajo::Fin>& fin) { (this->*acabar)(fin); });
   botones();
 }
 
@@ -214,16 +220,7 @@ void ImpTablaVentana::ensayado(const Resultado<Trabajo::Fin>& fin) {
 
 void ImpTablaVentana::aplicar() {
   aplicando_ = true;
-  trabajo().empezar(
-      t(kTxAplicando),
-      [this](Trabajo::Avance& a) {
-        auto hayMas = motor_->aplicar();
-        a.hechos = motor_->aplicadas();
-        a.total = motor_->filas();
-        return hayMas;
-      },
-      [this](const Resultado<Trabajo::Fin>& fin) { aplicado(fin); });
-  botones();
+  recorrer(kTxAplicando, &ImpTabla::aplicar, &ImpTabla::aplicadas, &ImpTablaVentana::aplicado);
 }
 
 void ImpTablaVentana::aplicado(const Resultado<Trabajo::Fin>& fin) {

@@ -38,6 +38,9 @@ class ImpTablaVentana final : public ventanas::Ventana {
   void mirarSigno();
   Plan plan() const;
   void ensayar();
+  // One pass of the engine over all rows, in slices.
+  void recorrer(int texto, Resultado<bool> (ImpTabla::*paso)(), int (ImpTabla::*hechas)() const,
+                void (ImpTablaVentana::*acabar)(const Resultado<Trabajo::Fin>&));
   void ensayado(const Resultado<Trabajo::Fin>& fin);
   void mostrarPropuestas();
   void aplicar();
