@@ -2,8 +2,8 @@
 
 #include "comm/tareas/Registro.h"
 #include "core/esquema/Esquema.h"
-#include "totals/TablasLibros.h"
-#include "totals/TablasTotales.h"
+#include "totals/libros/TablasLibros.h"
+#include "totals/periodos/TablasTotales.h"
 
 namespace tarvo::banco {
 

@@ -5,7 +5,7 @@
 
 #include "Razones.h"
 #include "TcpLocal.h"
-#include "comm/enlace/FabricaReal.h"
+#include "comm/cables/FabricaReal.h"
 #include "core/ajustes/Ajustes.h"
 
 namespace tarvo::banco {

@@ -2,7 +2,7 @@
 // bare link, with no engine, no database and no article behind them.
 #include "Razones.h"
 #include "TcpLocal.h"
-#include "comm/enlace/FabricaReal.h"
+#include "comm/cables/FabricaReal.h"
 #include "comm/envios/TablasEnvios.h"
 #include "comm/motor/gestcomm.h"
 #include "comm/tareas/Registro.h"

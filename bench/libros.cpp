@@ -6,7 +6,7 @@
 #include "Razones.h"
 #include "comm/maquinas/Vek.h"
 #include "textos/TextosDePrueba.h"
-#include "totals/CerrSes.h"
+#include "totals/libros/CerrSes.h"
 
 namespace tarvo::banco {
 namespace {

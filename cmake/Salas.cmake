@@ -20,6 +20,37 @@ if(TARVO_FUZZ)
   target_link_options(tarvo_opciones INTERFACE -fsanitize=address,undefined)
 endif()
 
+# Headers compiled ahead, once for all that are built alike: rooms, windows, tests.
+function(tarvo_cabeceras nombre)
+  cmake_parse_arguments(S "" "" "LINKS;CABECERAS" ${ARGN})
+  file(WRITE ${CMAKE_BINARY_DIR}/cabeceras/${nombre}.cpp "")
+  add_library(${nombre} OBJECT ${CMAKE_BINARY_DIR}/cabeceras/${nombre}.cpp)
+  target_link_libraries(${nombre} PRIVATE tarvo_opciones ${S_LINKS})
+  target_precompile_headers(${nombre} PRIVATE ${S_CABECERAS})
+endfunction()
+set(comunes <QByteArray> <QString> <QStringList> <QVariant> <algorithm> <expected> <functional> <map> <memory> <optional>
+  <span> <utility> <variant> <vector>)
+tarvo_cabeceras(cabeceras_sala LINKS Qt6::Core CABECERAS ${comunes})
+if(TARVO_PRUEBAS)
+  find_package(GTest REQUIRED)
+  tarvo_cabeceras(cabeceras_prueba LINKS Qt6::Core GTest::gtest CABECERAS <gtest/gtest.h> ${comunes})
+endif()
+if(TARVO_VENTANAS)
+  tarvo_cabeceras(cabeceras_ventanas LINKS Qt6::Widgets CABECERAS <QtWidgets> ${comunes})
+endif()
+
+# The headers that name the texts are made from the table, before anything that uses them is compiled.
+set(TARVO_TABLA ${PROJECT_SOURCE_DIR}/datos/textos/es.txt)
+set(TARVO_GENERADO ${CMAKE_BINARY_DIR}/generado)
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+file(STRINGS ${TARVO_TABLA} salas_con_textos REGEX "^#!" ENCODING UTF-8)
+list(TRANSFORM salas_con_textos REPLACE "^#! [a-z_]+ ([^ ]+) .*" "${TARVO_GENERADO}/\\1")
+add_custom_command(OUTPUT ${salas_con_textos}
+  COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/tools/cabeceras-textos ${TARVO_TABLA} ${TARVO_GENERADO}
+  DEPENDS ${TARVO_TABLA} ${PROJECT_SOURCE_DIR}/tools/cabeceras-textos VERBATIM)
+add_custom_target(cabeceras_textos DEPENDS ${salas_con_textos})
+target_include_directories(tarvo_opciones INTERFACE ${TARVO_GENERADO})
+
 # tarvo_sala(name LINKS rooms-and-libraries... PRIVADO libraries...): the library of the current folder.
 function(tarvo_sala nombre)
   cmake_parse_arguments(S "" "" "LINKS;PRIVADO" ${ARGN})
@@ -34,24 +65,30 @@ function(tarvo_sala nombre)
   add_library(${nombre} STATIC ${fuentes})
   target_include_directories(${nombre} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${nombre} PUBLIC tarvo_opciones Qt6::Core ${S_LINKS} PRIVATE ${S_PRIVADO})
+  add_dependencies(${nombre} cabeceras_textos)
   set_target_properties(${nombre} PROPERTIES AUTOMOC OFF UNITY_BUILD ${TARVO_UNIDAD} UNITY_BUILD_BATCH_SIZE 6)
-  target_precompile_headers(${nombre} PRIVATE <QByteArray> <QString> <expected> <functional> <memory>
-    <optional> <span> <utility> <variant> <vector>)
+  target_precompile_headers(${nombre} REUSE_FROM cabeceras_sala)
   set_property(GLOBAL APPEND PROPERTY TARVO_SALAS ${nombre})
 endfunction()
 
 # tarvo_ventanas(name LINKS rooms... PRIVADO libraries...): a room of windows. It may show things: Qt Widgets, forms
 # (.ui) and signals of its own. Its headers are compiled ahead once, for all such rooms.
 function(tarvo_ventanas nombre)
-  cmake_parse_arguments(S "" "" "LINKS;PRIVADO" ${ARGN})
+  cmake_parse_arguments(S "" "" "LINKS;PRIVADO;CARPETAS" ${ARGN})
   file(GLOB fuentes CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
     ${CMAKE_CURRENT_SOURCE_DIR}/*.ui)
+  foreach(carpeta IN LISTS S_CARPETAS)
+    file(GLOB otras CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${carpeta}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/${carpeta}/*.h
+      ${CMAKE_CURRENT_SOURCE_DIR}/${carpeta}/*.ui)
+    list(APPEND fuentes ${otras})
+  endforeach()
   add_library(${nombre} STATIC ${fuentes})
   target_include_directories(${nombre} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${nombre} PUBLIC tarvo_opciones Qt6::Widgets ${S_LINKS} PRIVATE ${S_PRIVADO})
+  add_dependencies(${nombre} cabeceras_textos)
   set_target_properties(${nombre} PROPERTIES AUTOMOC ON AUTOUIC ON UNITY_BUILD ${TARVO_UNIDAD}
     UNITY_BUILD_BATCH_SIZE 8)
-  target_precompile_headers(${nombre} PRIVATE <QtWidgets> <expected> <functional> <memory> <optional> <variant> <vector>)
+  target_precompile_headers(${nombre} REUSE_FROM cabeceras_ventanas)
 endfunction()
 
 # The text tables go inside a program.
@@ -68,6 +105,6 @@ function(tarvo_prueba nombre)
   target_include_directories(${nombre} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/tools)
   target_link_libraries(${nombre} PRIVATE GTest::gtest_main ${S_LINKS})
   target_compile_definitions(${nombre} PRIVATE TARVO_DATOS="${PROJECT_SOURCE_DIR}/datos")
-  target_precompile_headers(${nombre} PRIVATE <gtest/gtest.h> <QByteArray> <QString> <memory> <vector>)
+  target_precompile_headers(${nombre} REUSE_FROM cabeceras_prueba)
   gtest_discover_tests(${nombre} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 endfunction()

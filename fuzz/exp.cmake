@@ -1,1 +1,1 @@
-tarvo_fuzz(exp LINKS totals esquema)
+tarvo_fuzz(exp LINKS intercambio esquema)

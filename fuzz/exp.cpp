@@ -7,8 +7,8 @@
 #include "core/esquema/Esquema.h"
 #include "core/tiempo/Reloj.h"
 #include "textos/TextosDePrueba.h"
-#include "totals/TablasTotales.h"
-#include "totals/XporTot.h"
+#include "totals/intercambio/XporTot.h"
+#include "totals/periodos/TablasTotales.h"
 
 using namespace tarvo;
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "automation/Proceso.h"
+#include "automation/lenguaje/Proceso.h"
 #include "core/ajustes/Ficheros.h"
 #include "textos/TextosDePrueba.h"
 

@@ -9,10 +9,10 @@
 #include "articles/Busqueda.h"
 #include "articles/TablasArticulos.h"
 #include "articles/ventanas/Registro.h"
-#include "comm/enlace/FabricaReal.h"
+#include "comm/cables/FabricaReal.h"
 #include "comm/tareas/Registro.h"
-#include "core/ventanas/Escritorio.h"
-#include "core/ventanas/Parrilla.h"
+#include "core/ventanas/marco/Escritorio.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 using namespace tarvo;
 using namespace tarvo::banco;

@@ -2,7 +2,7 @@
 #include <QMainWindow>
 
 #include "PrimerPintado.h"
-#include "core/ventanas/Tema.h"
+#include "core/ventanas/aspecto/Tema.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);

@@ -12,8 +12,8 @@
 #include "comm/tareas/Registro.h"
 #include "comm/tramas/Trama.h"
 #include "comm/ventanas/Registro.h"
-#include "core/ventanas/Escritorio.h"
-#include "core/ventanas/Parrilla.h"
+#include "core/ventanas/marco/Escritorio.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 using namespace tarvo;
 using namespace Qt::StringLiterals;

@@ -7,10 +7,10 @@
 #include <QTableView>
 
 #include "Pintado.h"
-#include "core/ventanas/Escritorio.h"
-#include "core/ventanas/Parrilla.h"
+#include "core/ventanas/marco/Escritorio.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 #include "stock/Almacenes.h"
-#include "totals/CerrSes.h"
+#include "totals/libros/CerrSes.h"
 #include "totals/ventanas/RegistroTotales.h"
 
 using namespace tarvo;

@@ -7,15 +7,15 @@
 #include "app/Carpeta.h"
 #include "articles/Catalogo.h"
 #include "automation/Cronos.h"
-#include "comm/enlace/LinkSocket.h"
+#include "comm/cables/LinkSocket.h"
 #include "comm/motor/gestcomm.h"
 #include "core/textos/Textos.h"
 #include "stock/Almacenes.h"
-#include "totals/CerrSes.h"
-#include "totals/Periodos.h"
-#include "totals/Sesion.h"
-#include "totals/VerTot.h"
-#include "totals/XporTot.h"
+#include "totals/intercambio/XporTot.h"
+#include "totals/libros/CerrSes.h"
+#include "totals/libros/Sesion.h"
+#include "totals/periodos/Periodos.h"
+#include "totals/periodos/VerTot.h"
 
 namespace tarvo::app {
 

@@ -35,12 +35,11 @@ Resultado<> Ejecucion::cargar(const QString& ruta) {
   const QFileInfo fichero(ruta);
   activado_ = fichero.suffix().compare(u"CRO", Qt::CaseInsensitive) == 0;
   if (activado_) return app_.cronos().ActivarCron(ruta);
-  auto leido = app_.lenguaje().LeerProceso(ruta);
-  if (!leido) return std::unexpected(leido.error());
-  activado_ = !leido->activaciones.empty();
+  TARVO_TOMAR(auto leido, app_.lenguaje().LeerProceso(ruta));
+  activado_ = !leido.activaciones.empty();
   if (activado_) return app_.cronos().ActivarCron(ruta);
-  app_.automat().PROCESO(std::move(leido->pasos), QString(), fichero.completeBaseName(),
-                         leido->omitidas);
+  app_.automat().PROCESO(std::move(leido.pasos), QString(), fichero.completeBaseName(),
+                         leido.omitidas);
   return {};
 }
 

@@ -4,13 +4,13 @@
 #include "app/Aplicacion.h"
 #include "app/TextosApp.h"
 #include "articles/TablasArticulos.h"
-#include "automation/Historial.h"
+#include "automation/historia/Historial.h"
 #include "comm/envios/TablasEnvios.h"
 #include "comm/tareas/Registro.h"
 #include "core/esquema/Esquema.h"
 #include "devices/PrimerGrupo.h"
-#include "totals/TablasLibros.h"
-#include "totals/TablasTotales.h"
+#include "totals/libros/TablasLibros.h"
+#include "totals/periodos/TablasTotales.h"
 
 namespace tarvo::app {
 

@@ -11,8 +11,8 @@
 #include "app/Datos.h"
 #include "app/Ejecucion.h"
 #include "app/TextosApp.h"
-#include "comm/enlace/FabricaReal.h"
-#include "totals/Cuadre.h"
+#include "comm/cables/FabricaReal.h"
+#include "totals/libros/Cuadre.h"
 
 namespace tarvo::app {
 

@@ -23,12 +23,10 @@ std::unexpected<Error> Catalogo::intocable() const {
 }
 
 Resultado<std::optional<Articulo>> Catalogo::leer(ClaveArticulo clave) {
-  auto rs = abrir(db_);
-  if (!rs) return std::unexpected(rs.error());
-  const auto hay = (*rs)->Seek(Busca::Igual, clave.seccion, clave.codigo);
-  if (!hay) return std::unexpected(hay.error());
-  if (!*hay) return std::nullopt;
-  return ColumnasArticulo(**rs).leer(**rs);
+  TARVO_TOMAR(auto rs, abrir(db_));
+  TARVO_TOMAR(const auto hay, rs->Seek(Busca::Igual, clave.seccion, clave.codigo));
+  if (!hay) return std::nullopt;
+  return ColumnasArticulo(*rs).leer(*rs);
 }
 
 // Offers of an article that was deleted stay, for who brings it back; another article under its
@@ -36,39 +34,34 @@ Resultado<std::optional<Articulo>> Catalogo::leer(ClaveArticulo clave) {
 Resultado<> Catalogo::crear(const Articulo& articulo, const QString& ventana) {
   const auto [seccion, codigo] = articulo.clave;
   if (articulo.clave.deSistema()) return intocable();
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
-  auto rs = abrir(db_);
-  if (!rs) return std::unexpected(rs.error());
-  (*rs)->AddNew();
-  ColumnasArticulo(**rs).poner(**rs, articulo);
-  TARVO_INTENTAR((*rs)->Update());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  TARVO_TOMAR(auto rs, abrir(db_));
+  rs->AddNew();
+  ColumnasArticulo(*rs).poner(*rs, articulo);
+  TARVO_INTENTAR(rs->Update());
   TARVO_INTENTAR(
       db_.ejecutar(u"DELETE FROM OFERTAS WHERE SECCION=? AND CODIGO=?", seccion, codigo));
   TARVO_INTENTAR(anotarPrecios(articulo.clave, {}, articulo.precios, ventana));
   TARVO_INTENTAR(cambios_.ArticuloCambiado(seccion, codigo));
-  return t->confirmar();
+  return t.confirmar();
 }
 
 Resultado<> Catalogo::modificar(ClaveArticulo clave, const Articulo& articulo,
                                 const QString& ventana) {
   if (clave.deSistema() || articulo.clave.deSistema()) return intocable();
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
-  auto rs = abrir(db_);
-  if (!rs) return std::unexpected(rs.error());
-  const auto hay = (*rs)->Seek(Busca::Igual, clave.seccion, clave.codigo);
-  if (!hay) return std::unexpected(hay.error());
-  if (!*hay) return fallo(Fallo::NoExiste, textos_(kTxArticuloBorrado));
-  const ColumnasArticulo columnas(**rs);
-  const Precios antes = columnas.leer(**rs).precios;
-  (*rs)->Edit();
-  columnas.poner(**rs, articulo);
-  TARVO_INTENTAR((*rs)->Update());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  TARVO_TOMAR(auto rs, abrir(db_));
+  TARVO_TOMAR(const auto hay, rs->Seek(Busca::Igual, clave.seccion, clave.codigo));
+  if (!hay) return fallo(Fallo::NoExiste, textos_(kTxArticuloBorrado));
+  const ColumnasArticulo columnas(*rs);
+  const Precios antes = columnas.leer(*rs).precios;
+  rs->Edit();
+  columnas.poner(*rs, articulo);
+  TARVO_INTENTAR(rs->Update());
   TARVO_INTENTAR(anotarPrecios(clave, antes, articulo.precios, ventana));
   TARVO_INTENTAR(cambios_.ArticuloCambiado(clave.seccion, articulo.clave.codigo));
   if (articulo.clave != clave) TARVO_INTENTAR(cambiarDeCodigo(clave, articulo.clave.codigo));
-  return t->confirmar();
+  return t.confirmar();
 }
 
 // What hangs from the old code. What hung from the new one belonged to an article that is no more.
@@ -88,29 +81,26 @@ Resultado<> Catalogo::cambiarDeCodigo(ClaveArticulo clave, qint64 nuevo) {
 
 Resultado<> Catalogo::ponerPrecios(ClaveArticulo clave, const Precios& precios,
                                    const QString& ventana) {
-  auto articulo = leer(clave);
-  if (!articulo) return std::unexpected(articulo.error());
-  if (!*articulo) return fallo(Fallo::NoExiste, textos_(kTxArticuloBorrado));
-  if ((*articulo)->precios == precios) return {};
-  (*articulo)->precios = precios;
-  return modificar(clave, **articulo, ventana);
+  TARVO_TOMAR(auto articulo, leer(clave));
+  if (!articulo) return fallo(Fallo::NoExiste, textos_(kTxArticuloBorrado));
+  if (articulo->precios == precios) return {};
+  articulo->precios = precios;
+  return modificar(clave, *articulo, ventana);
 }
 
 Resultado<int> Catalogo::borrar(std::span<const ClaveArticulo> claves) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   int borrados = 0;
   for (const ClaveArticulo& c : claves) {
     if (c.deSistema()) continue;
-    const auto n =
-        db_.ejecutar(u"DELETE FROM PLUSES WHERE SECCION=? AND CODPLU=?", c.seccion, c.codigo);
-    if (!n) return std::unexpected(n.error());
-    if (*n == 0) continue;
+    TARVO_TOMAR(const auto n, db_.ejecutar(u"DELETE FROM PLUSES WHERE SECCION=? AND CODPLU=?",
+                                           c.seccion, c.codigo));
+    if (n == 0) continue;
     TARVO_INTENTAR(cambios_.MarcarArticuloBorrado(c.seccion, c.codigo, true));
     cambios_.MarcarSeccion(c.seccion);
     ++borrados;
   }
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return borrados;
 }
 
@@ -127,31 +117,27 @@ Resultado<std::vector<ClaveArticulo>> Catalogo::mover(std::span<const ClaveArtic
 
 Resultado<std::vector<ClaveArticulo>> Catalogo::trasladar(std::span<const ClaveArticulo> claves,
                                                           int destino, const Trasladar& como) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   std::vector<ClaveArticulo> fuera;
   for (const ClaveArticulo& c : claves) {
-    const auto articulo = leer(c);
-    if (!articulo) return std::unexpected(articulo.error());
-    if (!*articulo) return fallo(Fallo::NoExiste, textos_(kTxArticuloBorrado));
-    const auto hay = leer({destino, c.codigo});
-    if (!hay) return std::unexpected(hay.error());
-    const auto hecho = *hay || c.deSistema() ? fallo(Fallo::Duplicado, {}) : como(**articulo);
+    TARVO_TOMAR(const auto articulo, leer(c));
+    if (!articulo) return fallo(Fallo::NoExiste, textos_(kTxArticuloBorrado));
+    TARVO_TOMAR(const auto hay, leer({destino, c.codigo}));
+    const auto hecho = hay || c.deSistema() ? fallo(Fallo::Duplicado, {}) : como(*articulo);
     if (hecho) continue;
     if (hecho.error().clase != Fallo::Duplicado) return std::unexpected(hecho.error());
     fuera.push_back(c);
   }
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return fuera;
 }
 
 Resultado<> Catalogo::copiarUno(Articulo articulo, int destino, const QString& ventana) {
-  auto rs = abrir(db_);
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(auto rs, abrir(db_));
   articulo.clave.seccion = destino;
-  (*rs)->AddNew();
-  ColumnasArticulo(**rs).poner(**rs, articulo);
-  TARVO_INTENTAR((*rs)->Update());
+  rs->AddNew();
+  ColumnasArticulo(*rs).poner(*rs, articulo);
+  TARVO_INTENTAR(rs->Update());
   TARVO_INTENTAR(cambios_.ArticuloLlega(destino, articulo.clave.codigo));
   return anotarPrecios(articulo.clave, {}, articulo.precios, ventana);
 }

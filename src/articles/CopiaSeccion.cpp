@@ -13,27 +13,23 @@ constexpr int kPorPaso = 1000;
 }  // namespace
 
 Resultado<bool> CopiaSeccion::empezar(qint64& total) {
-  const auto nombre = db_.uno(u"SELECT NOMSEC FROM SECCS WHERE NMSECC=?", origen_);
-  if (!nombre) return std::unexpected(nombre.error());
-  nombre_ = nombre->texto();
-  const auto cuentas = secciones_.cuentas(origen_);
-  if (!cuentas) return std::unexpected(cuentas.error());
-  total = cuentas->plus;
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
-  const auto numero = secciones_.nueva();
-  if (!numero) return std::unexpected(numero.error());
-  TARVO_INTENTAR(secciones_.renombrar(*numero, textos_(kTxCopiaSinAcabar, {nombre_})));
+  TARVO_TOMAR(const auto nombre, db_.uno(u"SELECT NOMSEC FROM SECCS WHERE NMSECC=?", origen_));
+  nombre_ = nombre.texto();
+  TARVO_TOMAR(const auto cuentas, secciones_.cuentas(origen_));
+  total = cuentas.plus;
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto numero, secciones_.nueva());
+  TARVO_INTENTAR(secciones_.renombrar(numero, textos_(kTxCopiaSinAcabar, {nombre_})));
   TARVO_INTENTAR(
       db_.ejecutar(u"UPDATE SECCS SET IVAs=(SELECT s.IVAs FROM SECCS AS s WHERE s.NMSECC=?) WHERE "
                    u"NMSECC=?",
-                   origen_, *numero));
+                   origen_, numero));
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO DEPTS (SECCION, NUMDEP, NomDep, IVA) SELECT ?, NUMDEP, NomDep, IVA "
       u"FROM DEPTS WHERE SECCION=?",
-      *numero, origen_));
-  TARVO_INTENTAR(t->confirmar());
-  destino_ = *numero;
+      numero, origen_));
+  TARVO_INTENTAR(t.confirmar());
+  destino_ = numero;
   return true;
 }
 
@@ -46,20 +42,19 @@ Resultado<bool> CopiaSeccion::acabar() {
 
 Resultado<bool> CopiaSeccion::paso(qint64& hechos, qint64& total) {
   if (destino_ == 0) return empezar(total);
-  const auto hasta = db_.uno(
-      u"SELECT max(CODPLU) FROM (SELECT CODPLU FROM PLUSES WHERE SECCION=? AND CODPLU>? ORDER BY "
-      u"CODPLU LIMIT ?)",
-      origen_, ultimo_, kPorPaso);
-  if (!hasta) return std::unexpected(hasta.error());
-  if (hasta->nulo()) return acabar();
+  TARVO_TOMAR(const auto hasta, db_.uno(u"SELECT max(CODPLU) FROM (SELECT CODPLU FROM PLUSES WHERE "
+                                        u"SECCION=? AND CODPLU>? ORDER BY "
+                                        u"CODPLU LIMIT ?)",
+                                        origen_, ultimo_, kPorPaso));
+  if (hasta.nulo()) return acabar();
   const QString demas = columnasArticulo().mid(1).join(u", "_s);
-  const auto copiados =
+  TARVO_TOMAR(
+      const auto copiados,
       db_.ejecutar(QString(u"INSERT INTO PLUSES (SECCION, "_s + demas + u") SELECT ?, "_s + demas +
                            u" FROM PLUSES WHERE SECCION=? AND CODPLU>? AND CODPLU<=?"_s),
-                   destino_, origen_, ultimo_, hasta->entero());
-  if (!copiados) return std::unexpected(copiados.error());
-  ultimo_ = hasta->entero();
-  hechos += *copiados;
+                   destino_, origen_, ultimo_, hasta.entero()));
+  ultimo_ = hasta.entero();
+  hechos += copiados;
   return true;
 }
 

@@ -17,20 +17,19 @@ constexpr std::array<std::pair<const char16_t*, qint64 Existencia::*>, 6> kConta
 
 Resultado<> ponerUna(dao::Database& db, ClaveArticulo clave, const Existencia& antes,
                      const Existencia& ahora) {
-  auto rs = db.OpenTable(u"MovsAlm", u"PLU");
-  if (!rs) return std::unexpected(rs.error());
-  const auto hay = (*rs)->Seek(dao::Busca::Igual, clave.seccion, clave.codigo, ahora.almacen);
-  if (!hay) return std::unexpected(hay.error());
-  *hay ? (*rs)->Edit() : (*rs)->AddNew();
-  if (!*hay) {
-    (*rs)->poner((*rs)->columna(u"CODALM"), ahora.almacen);
-    (*rs)->poner((*rs)->columna(u"SECCION"), clave.seccion);
-    (*rs)->poner((*rs)->columna(u"CODIGO"), clave.codigo);
+  TARVO_TOMAR(auto rs, db.OpenTable(u"MovsAlm", u"PLU"));
+  TARVO_TOMAR(const auto hay,
+              rs->Seek(dao::Busca::Igual, clave.seccion, clave.codigo, ahora.almacen));
+  hay ? rs->Edit() : rs->AddNew();
+  if (!hay) {
+    rs->poner(rs->columna(u"CODALM"), ahora.almacen);
+    rs->poner(rs->columna(u"SECCION"), clave.seccion);
+    rs->poner(rs->columna(u"CODIGO"), clave.codigo);
   }
   for (const auto& [columna, contador] : kContadores)
-    if (!*hay || antes.*contador != ahora.*contador)
-      (*rs)->poner((*rs)->columna(columna), ahora.*contador);
-  return (*rs)->Update();
+    if (!hay || antes.*contador != ahora.*contador)
+      rs->poner(rs->columna(columna), ahora.*contador);
+  return rs->Update();
 }
 
 }  // namespace
@@ -41,33 +40,34 @@ qint64 Existencia::valoracion(int cada, qint64 coste) const {
 }
 
 Resultado<std::vector<Existencia>> leerExistencias(dao::Database& db, ClaveArticulo clave) {
-  auto rs = db.consultar(
-      u"SELECT a.CODALM, a.NOMALM, m.Inicial, m.Compra, m.Venta, m.Entrada, m.Salida, m.Merma FROM "
-      u"ALMACEN AS a LEFT JOIN MovsAlm AS m ON (m.CODALM=a.CODALM) AND (m.SECCION=?) AND "
-      u"(m.CODIGO=?) ORDER BY a.CODALM",
-      clave.seccion, clave.codigo);
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(
+      auto rs,
+      db.consultar(
+          u"SELECT a.CODALM, a.NOMALM, m.Inicial, m.Compra, m.Venta, m.Entrada, m.Salida, m.Merma "
+          u"FROM "
+          u"ALMACEN AS a LEFT JOIN MovsAlm AS m ON (m.CODALM=a.CODALM) AND (m.SECCION=?) AND "
+          u"(m.CODIGO=?) ORDER BY a.CODALM",
+          clave.seccion, clave.codigo));
   std::vector<Existencia> lista;
-  while (!(*rs)->Eof()) {
-    Existencia e{.almacen = static_cast<int>((*rs)->entero(0)), .nombre = (*rs)->texto(1)};
+  while (!rs->Eof()) {
+    Existencia e{.almacen = static_cast<int>(rs->entero(0)), .nombre = rs->texto(1)};
     for (size_t i = 0; i < kContadores.size(); ++i)
-      e.*kContadores[i].second = (*rs)->entero(static_cast<int>(i) + 2);
+      e.*kContadores[i].second = rs->entero(static_cast<int>(i) + 2);
     lista.push_back(std::move(e));
-    TARVO_INTENTAR((*rs)->MoveNext());
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return lista;
 }
 
 Resultado<> ponerExistencias(dao::Database& db, ClaveArticulo clave,
                              std::span<const Existencia> antes, std::span<const Existencia> ahora) {
-  auto t = dao::Transaccion::empezar(db);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db));
   for (const Existencia& e : ahora) {
     const auto vieja = std::ranges::find(antes, e.almacen, &Existencia::almacen);
     const Existencia cero{.almacen = e.almacen, .nombre = e.nombre};
     TARVO_INTENTAR(ponerUna(db, clave, vieja == antes.end() ? cero : *vieja, e));
   }
-  return t->confirmar();
+  return t.confirmar();
 }
 
 }  // namespace tarvo::articles

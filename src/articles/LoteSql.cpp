@@ -43,15 +43,17 @@ Resultado<> apartarAjenos(dao::Database& db, qint64 lote) {
 // code of the next, so until none is found.
 Resultado<> apartarCodigosAjenos(dao::Database& db, qint64 lote) {
   for (;;) {
-    const auto n = db.ejecutar(
-        u"UPDATE LoteAntes SET QUE=3 WHERE LOTE=? AND QUE IN (1, 4) AND CodBarExt IS NOT NULL AND "
-        u"EXISTS (SELECT 1 FROM PLUSES P WHERE P.SECCION=LoteAntes.SECCION AND "
-        u"P.CodBarExt=LoteAntes.CodBarExt AND NOT EXISTS (SELECT 1 FROM LoteAntes O WHERE "
-        u"O.LOTE=LoteAntes.LOTE AND O.SECCION=P.SECCION AND O.CODPLU=P.CODPLU AND O.QUE IN (1, "
-        u"2)))",
-        lote);
-    if (!n) return std::unexpected(n.error());
-    if (*n == 0) return {};
+    TARVO_TOMAR(
+        const auto n,
+        db.ejecutar(
+            u"UPDATE LoteAntes SET QUE=3 WHERE LOTE=? AND QUE IN (1, 4) AND CodBarExt IS NOT NULL "
+            u"AND "
+            u"EXISTS (SELECT 1 FROM PLUSES P WHERE P.SECCION=LoteAntes.SECCION AND "
+            u"P.CodBarExt=LoteAntes.CodBarExt AND NOT EXISTS (SELECT 1 FROM LoteAntes O WHERE "
+            u"O.LOTE=LoteAntes.LOTE AND O.SECCION=P.SECCION AND O.CODPLU=P.CODPLU AND O.QUE IN (1, "
+            u"2)))",
+            lote));
+    if (n == 0) return {};
   }
 }
 
@@ -67,14 +69,14 @@ QStringList contadores() {
 }
 
 Resultado<qint64> apartarTramo(dao::Database& db, qint64 lote, qint64 aqui, int cuantos) {
-  auto ultima = db.consultar(
-      u"SELECT SECCION, CODPLU FROM (SELECT SECCION, CODPLU FROM LoteAntes WHERE LOTE=? ORDER BY "
-      u"SECCION, CODPLU LIMIT ?) ORDER BY SECCION DESC, CODPLU DESC LIMIT 1",
-      lote, cuantos);
-  if (!ultima) return std::unexpected(ultima.error());
-  if ((*ultima)->Eof()) return 0;
+  TARVO_TOMAR(auto ultima,
+              db.consultar(u"SELECT SECCION, CODPLU FROM (SELECT SECCION, CODPLU FROM LoteAntes "
+                           u"WHERE LOTE=? ORDER BY "
+                           u"SECCION, CODPLU LIMIT ?) ORDER BY SECCION DESC, CODPLU DESC LIMIT 1",
+                           lote, cuantos));
+  if (ultima->Eof()) return 0;
   auto van = db.ejecutar(u"UPDATE LoteAntes SET LOTE=? WHERE LOTE=? AND (SECCION, CODPLU)<=(?, ?)",
-                         aqui, lote, (*ultima)->entero(0), (*ultima)->entero(1));
+                         aqui, lote, ultima->entero(0), ultima->entero(1));
   qint64 total = 0;
   while (van && *van > 0) {
     total += *van;
@@ -109,12 +111,13 @@ Resultado<> clasificar(dao::Database& db, qint64 lote) {
 }
 
 Resultado<std::vector<ClaveArticulo>> claves(dao::Database& db, qint64 lote, Que que) {
-  auto rs = db.consultar(
-      u"SELECT SECCION, CODPLU FROM LoteAntes WHERE LOTE=? AND QUE=? ORDER BY SECCION, CODPLU",
-      lote, static_cast<int>(que));
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(
+      auto rs,
+      db.consultar(
+          u"SELECT SECCION, CODPLU FROM LoteAntes WHERE LOTE=? AND QUE=? ORDER BY SECCION, CODPLU",
+          lote, static_cast<int>(que)));
   std::vector<ClaveArticulo> salida;
-  for (auto& r = **rs; !r.Eof();) {
+  for (auto& r = *rs; !r.Eof();) {
     salida.push_back({static_cast<int>(r.entero(0)), r.entero(1)});
     TARVO_INTENTAR(r.MoveNext());
   }

@@ -44,17 +44,15 @@ Resultado<> guardarCon(dao::Database& db, const Guardado& como, qint64 lote,
 }  // namespace
 
 Resultado<qint64> Lotes::empezar(const QString& ventana) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
-  const auto ultimo = db_.uno(u"SELECT max(LOTE) FROM LoteArticulos");
-  if (!ultimo) return std::unexpected(ultimo.error());
-  const qint64 lote = ultimo->entero() + 1;
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto ultimo, db_.uno(u"SELECT max(LOTE) FROM LoteArticulos"));
+  const qint64 lote = ultimo.entero() + 1;
   TARVO_INTENTAR(db_.ejecutar(u"INSERT INTO LoteArticulos (LOTE, CUANDO, VENTANA) VALUES (?, ?, ?)",
                               lote, reloj_.ahora(), ventana));
   for (const QString& tabla : lotesql::tablas())
     TARVO_INTENTAR(
         db_.ejecutar(u"DELETE FROM %1 WHERE LOTE<=?"_s.arg(tabla), lote - kLotesGuardados));
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return lote;
 }
 
@@ -76,10 +74,9 @@ Resultado<> Lotes::guardarNuevo(qint64 lote, ClaveArticulo clave) {
 
 Resultado<> Lotes::guardarDonde(qint64 lote, QStringView condicion,
                                 std::span<const Valor> parametros) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   TARVO_INTENTAR(guardarCon(db_, guardadoDonde(condicion), lote, parametros));
-  return t->confirmar();
+  return t.confirmar();
 }
 
 namespace {
@@ -110,8 +107,7 @@ Resultado<> Lotes::anotar(qint64 lote, ClaveArticulo clave) {
 }
 
 Resultado<> Lotes::acabar(qint64 lote) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   const std::array<Valor, 1> valores{lote};
   TARVO_INTENTAR(
       anotarDonde(db_,
@@ -119,63 +115,58 @@ Resultado<> Lotes::acabar(qint64 lote) {
                   u"D.SECCION=L.SECCION AND D.CODPLU=L.CODPLU)",
                   valores));
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE LoteArticulos SET ACABADO=1 WHERE LOTE=?", lote));
-  return t->confirmar();
+  return t.confirmar();
 }
 
 Resultado<> Lotes::olvidar(qint64 lote) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   for (const QString& tabla : lotesql::tablas())
     TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM %1 WHERE LOTE=?"_s.arg(tabla), lote));
-  return t->confirmar();
+  return t.confirmar();
 }
 
 Resultado<std::optional<Lotes::Lote>> Lotes::ultimo(const QString& ventana) {
-  auto rs = db_.consultar(
-      u"SELECT A.LOTE, A.CUANDO, (SELECT count(*) FROM LoteAntes L WHERE L.LOTE=A.LOTE), "
-      u"A.ACABADO FROM LoteArticulos A WHERE A.VENTANA=? AND EXISTS (SELECT 1 FROM LoteAntes E "
-      u"WHERE "
-      u"E.LOTE=A.LOTE) ORDER BY A.LOTE DESC LIMIT 1",
-      ventana);
-  if (!rs) return std::unexpected(rs.error());
-  if ((*rs)->Eof()) return std::nullopt;
-  return Lote{(*rs)->entero(0), (*rs)->fecha(1), (*rs)->entero(2), (*rs)->logico(3)};
+  TARVO_TOMAR(
+      auto rs,
+      db_.consultar(
+          u"SELECT A.LOTE, A.CUANDO, (SELECT count(*) FROM LoteAntes L WHERE L.LOTE=A.LOTE), "
+          u"A.ACABADO FROM LoteArticulos A WHERE A.VENTANA=? AND EXISTS (SELECT 1 FROM LoteAntes E "
+          u"WHERE "
+          u"E.LOTE=A.LOTE) ORDER BY A.LOTE DESC LIMIT 1",
+          ventana));
+  if (rs->Eof()) return std::nullopt;
+  return Lote{rs->entero(0), rs->fecha(1), rs->entero(2), rs->logico(3)};
 }
 
 Resultado<> Lotes::hayLote(qint64 lote) {
-  const auto hay = db_.uno(u"SELECT LOTE FROM LoteArticulos WHERE LOTE=?", lote);
-  if (!hay) return std::unexpected(hay.error());
-  if (hay->nulo()) return fallo(Fallo::NoExiste, catalogo_.textos()(kTxLoteOlvidado));
+  TARVO_TOMAR(const auto hay, db_.uno(u"SELECT LOTE FROM LoteArticulos WHERE LOTE=?", lote));
+  if (hay.nulo()) return fallo(Fallo::NoExiste, catalogo_.textos()(kTxLoteOlvidado));
   return {};
 }
 
 Resultado<Lotes::Deshecho> Lotes::deshacer(qint64 lote, const QString& ventana) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   TARVO_INTENTAR(hayLote(lote));
   auto hecho = reponer(lote, ventana);
   if (!hecho) return hecho;
   TARVO_INTENTAR(olvidar(lote));
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return hecho;
 }
 
 Resultado<bool> Lotes::deshacerTramo(qint64 lote, const QString& ventana, Deshecho& hecho) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   TARVO_INTENTAR(hayLote(lote));
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE LoteArticulos SET ACABADO=0 WHERE LOTE=?", lote));
-  const auto van = lotesql::apartarTramo(db_, lote, kTramo, kPorTramo);
-  if (!van) return std::unexpected(van.error());
-  const auto esto = reponer(kTramo, ventana);
-  if (!esto) return std::unexpected(esto.error());
-  TARVO_INTENTAR(olvidar(*van > 0 ? kTramo : lote));
-  TARVO_INTENTAR(t->confirmar());
-  hecho.repuestos += esto->repuestos;
-  hecho.quitados += esto->quitados;
-  hecho.vistos += *van;
-  hecho.fuera.insert(hecho.fuera.end(), esto->fuera.begin(), esto->fuera.end());
-  return *van > 0;
+  TARVO_TOMAR(const auto van, lotesql::apartarTramo(db_, lote, kTramo, kPorTramo));
+  TARVO_TOMAR(const auto esto, reponer(kTramo, ventana));
+  TARVO_INTENTAR(olvidar(van > 0 ? kTramo : lote));
+  TARVO_INTENTAR(t.confirmar());
+  hecho.repuestos += esto.repuestos;
+  hecho.quitados += esto.quitados;
+  hecho.vistos += van;
+  hecho.fuera.insert(hecho.fuera.end(), esto.fuera.begin(), esto.fuera.end());
+  return van > 0;
 }
 
 // What hangs together in a batch stands in one transaction of the caller.
@@ -194,13 +185,12 @@ Resultado<Lotes::Deshecho> Lotes::reponer(qint64 lote, const QString& ventana) {
   TARVO_INTENTAR(lotesql::anotarPrecios(db_, lote, {reloj_.ahora(), catalogo_.quien(), ventana}));
   TARVO_INTENTAR(lotesql::devolverHistoria(db_, lote));
   TARVO_INTENTAR(lotesql::soltarCodigos(db_, lote));
-  const auto quitados = catalogo_.borrar(*nuevos);
-  if (!quitados) return std::unexpected(quitados.error());
+  TARVO_TOMAR(const auto quitados, catalogo_.borrar(*nuevos));
   TARVO_INTENTAR(lotesql::reponer(db_, lote));
   for (const auto* r : {&cambiados, &perdidos})
     for (const ClaveArticulo& c : **r)
       TARVO_INTENTAR(catalogo_.cambios().ArticuloCambiado(c.seccion, c.codigo));
-  return Deshecho{static_cast<int>(cambiados->size() + perdidos->size()), *quitados,
+  return Deshecho{static_cast<int>(cambiados->size() + perdidos->size()), quitados,
                   std::move(*fuera)};
 }
 

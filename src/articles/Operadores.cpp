@@ -60,30 +60,29 @@ Resultado<> Operadores::enHuecos(QStringView cambio, std::span<const dao::Valor>
 Resultado<> Operadores::cambiarCodigo(int codigo, int nuevo, const AlAvanzar& alAvanzar) {
   TARVO_INTENTAR(codigoBueno(nuevo));
   if (codigo == nuevo) return {};
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE OPERS SET CODOPE=? WHERE CODOPE=?", nuevo, codigo));
   int hechos = 0;
   const std::array<dao::Valor, 2> valores{nuevo, codigo};
   TARVO_INTENTAR(enHuecos(u"OP@_C=?", valores, [&] {
     if (alAvanzar) alAvanzar(++hechos, kHuecos);
   }));
-  return t->confirmar();
+  return t.confirmar();
 }
 
 // The operator and the slots that hold it.
 Resultado<std::optional<Operadores::Borrado>> Operadores::leer(int codigo) {
-  auto rs = db_.consultar(u"SELECT NOMOPE FROM OPERS WHERE CODOPE=?", codigo);
-  if (!rs) return std::unexpected(rs.error());
-  if ((*rs)->Eof()) return std::nullopt;
-  Borrado b{codigo, (*rs)->texto(0), {}};
+  TARVO_TOMAR(auto rs, db_.consultar(u"SELECT NOMOPE FROM OPERS WHERE CODOPE=?", codigo));
+  if (rs->Eof()) return std::nullopt;
+  Borrado b{codigo, rs->texto(0), {}};
   for (int hueco = 1; hueco <= kHuecos; ++hueco) {
-    auto grupos = db_.consultar(
-        enHueco(u"SELECT CODGPO, OP@_T FROM GRUPOS WHERE OP@_C=? AND TIPO IN "_s + clases(hueco),
-                hueco),
-        codigo);
-    if (!grupos) return std::unexpected(grupos.error());
-    for (auto& g = **grupos; !g.Eof();) {
+    TARVO_TOMAR(
+        auto grupos,
+        db_.consultar(enHueco(u"SELECT CODGPO, OP@_T FROM GRUPOS WHERE OP@_C=? AND TIPO IN "_s +
+                                  clases(hueco),
+                              hueco),
+                      codigo));
+    for (auto& g = *grupos; !g.Eof();) {
       b.huecos.push_back({static_cast<int>(g.entero(0)), hueco, g.logico(1)});
       TARVO_INTENTAR(g.MoveNext());
     }
@@ -93,50 +92,47 @@ Resultado<std::optional<Operadores::Borrado>> Operadores::leer(int codigo) {
 
 Resultado<std::vector<Operadores::Borrado>> Operadores::borrar(std::span<const int> codigos,
                                                                const AlAvanzar& alAvanzar) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   std::vector<Borrado> borrados;
   int hechos = 0;
   for (const int codigo : codigos) {
-    auto b = leer(codigo);
-    if (!b) return std::unexpected(b.error());
-    if (*b) borrados.push_back(std::move(**b));
+    TARVO_TOMAR(auto b, leer(codigo));
+    if (b) borrados.push_back(std::move(*b));
     TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM OPERS WHERE CODOPE=?", codigo));
     const std::array<dao::Valor, 1> valores{codigo};
     TARVO_INTENTAR(enHuecos(u"OP@_C=0, OP@_T=0", valores, [&] {
       if (alAvanzar) alAvanzar(++hechos, kHuecos * static_cast<int>(codigos.size()));
     }));
   }
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return borrados;
 }
 
 Resultado<int> Operadores::reponer(std::span<const Borrado> borrados) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   int fuera = 0;
   for (const Borrado& b : borrados) {
     TARVO_INTENTAR(anadir(b.codigo, b.nombre));
     for (const Hueco& h : b.huecos) {
-      const auto n = db_.ejecutar(
-          enHueco(u"UPDATE GRUPOS SET OP@_C=?, OP@_T=? WHERE CODGPO=? AND OP@_C=0", h.numero),
-          b.codigo, h.turno, h.grupo);
-      if (!n) return std::unexpected(n.error());
-      if (*n == 0) ++fuera;
+      TARVO_TOMAR(
+          const auto n,
+          db_.ejecutar(
+              enHueco(u"UPDATE GRUPOS SET OP@_C=?, OP@_T=? WHERE CODGPO=? AND OP@_C=0", h.numero),
+              b.codigo, h.turno, h.grupo));
+      if (n == 0) ++fuera;
     }
   }
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return fuera;
 }
 
 Resultado<int> Operadores::primeroLibre() {
-  const auto mayor = db_.uno(u"SELECT max(CODOPE) FROM OPERS");
-  if (!mayor) return std::unexpected(mayor.error());
-  if (mayor->entero() < kUltimo) return static_cast<int>(mayor->entero()) + 1;
-  const auto libre =
-      db_.uno(u"SELECT min(CODOPE)+1 FROM OPERS WHERE CODOPE+1 NOT IN (SELECT CODOPE FROM OPERS)");
-  if (!libre) return std::unexpected(libre.error());
-  return static_cast<int>(libre->entero());
+  TARVO_TOMAR(const auto mayor, db_.uno(u"SELECT max(CODOPE) FROM OPERS"));
+  if (mayor.entero() < kUltimo) return static_cast<int>(mayor.entero()) + 1;
+  TARVO_TOMAR(
+      const auto libre,
+      db_.uno(u"SELECT min(CODOPE)+1 FROM OPERS WHERE CODOPE+1 NOT IN (SELECT CODOPE FROM OPERS)"));
+  return static_cast<int>(libre.entero());
 }
 
 }  // namespace tarvo::articles

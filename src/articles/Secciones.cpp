@@ -30,14 +30,13 @@ QString escribirIvas(const Ivas& ivas) {
 
 // One behind the last; where that is beyond `ultimo`, the first that is free.
 Resultado<int> Secciones::numeroLibre(const QString& columna, const QString& donde, int ultimo) {
-  auto rs = db_.consultar(
-      QString(u"SELECT "_s + columna + u" FROM "_s + donde + u" ORDER BY "_s + columna));
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(auto rs, db_.consultar(QString(u"SELECT "_s + columna + u" FROM "_s + donde +
+                                             u" ORDER BY "_s + columna)));
   int mayor = 0, hueco = 1;
-  while (!(*rs)->Eof()) {
-    mayor = static_cast<int>((*rs)->entero(0));
+  while (!rs->Eof()) {
+    mayor = static_cast<int>(rs->entero(0));
     if (mayor == hueco) ++hueco;
-    TARVO_INTENTAR((*rs)->MoveNext());
+    TARVO_INTENTAR(rs->MoveNext());
   }
   if (mayor < ultimo) return std::max(mayor, 0) + 1;
   if (hueco <= ultimo) return hueco;
@@ -45,9 +44,8 @@ Resultado<int> Secciones::numeroLibre(const QString& columna, const QString& don
 }
 
 Resultado<int> Secciones::cuantos(const QString& que, std::span<const dao::Valor> valores) {
-  auto rs = db_.OpenQuery(QString(u"SELECT count(*) FROM "_s + que), valores);
-  if (!rs) return std::unexpected(rs.error());
-  return (*rs)->Eof() ? 0 : static_cast<int>((*rs)->entero(0));
+  TARVO_TOMAR(auto rs, db_.OpenQuery(QString(u"SELECT count(*) FROM "_s + que), valores));
+  return rs->Eof() ? 0 : static_cast<int>(rs->entero(0));
 }
 
 Resultado<int> Secciones::nueva() {
@@ -67,18 +65,14 @@ Resultado<> Secciones::renombrar(int seccion, const QString& nombre) {
 
 Resultado<Secciones::Cuentas> Secciones::cuentas(int seccion) {
   const std::array<dao::Valor, 1> clave{seccion};
-  const auto plus = cuantos(u"PLUSES WHERE SECCION=?"_s, clave);
-  if (!plus) return std::unexpected(plus.error());
-  const auto depts = cuantos(u"DEPTS WHERE SECCION=?"_s, clave);
-  if (!depts) return std::unexpected(depts.error());
-  const auto grupos = cuantos(u"GRUPOS WHERE SECCION=?"_s, clave);
-  if (!grupos) return std::unexpected(grupos.error());
-  return Cuentas{*plus, *depts, *grupos};
+  TARVO_TOMAR(const auto plus, cuantos(u"PLUSES WHERE SECCION=?"_s, clave));
+  TARVO_TOMAR(const auto depts, cuantos(u"DEPTS WHERE SECCION=?"_s, clave));
+  TARVO_TOMAR(const auto grupos, cuantos(u"GRUPOS WHERE SECCION=?"_s, clave));
+  return Cuentas{plus, depts, grupos};
 }
 
 Resultado<> Secciones::borrar(int seccion) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   const QString suyos = u" IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)"_s;
   for (const QString& orden :
        {u"DELETE FROM BZAS WHERE SUGPO"_s + suyos, u"DELETE FROM Sesiones WHERE CODGPO"_s + suyos,
@@ -86,7 +80,7 @@ Resultado<> Secciones::borrar(int seccion) {
         u"DELETE FROM [Cross] WHERE Secc=?"_s, u"DELETE FROM OFERTAS WHERE SECCION=?"_s,
         u"DELETE FROM HistoriaPrecios WHERE SECCION=?"_s, u"DELETE FROM SECCS WHERE NMSECC=?"_s})
     TARVO_INTENTAR(db_.ejecutar(orden, seccion));
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   cambios_.olvidarSeccion(seccion);
   return {};
 }
@@ -146,17 +140,15 @@ Resultado<> Secciones::reponerDepartamento(int seccion, int departamento, const 
 }
 
 Resultado<> Secciones::borrarDepartamento(int seccion, int departamento) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
-  const auto tenia = articulosDe(seccion, departamento);
-  if (!tenia) return std::unexpected(tenia.error());
-  if (*tenia > 0) TARVO_INTENTAR(cambios_.SaleDepartamento(seccion, departamento));
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto tenia, articulosDe(seccion, departamento));
+  if (tenia > 0) TARVO_INTENTAR(cambios_.SaleDepartamento(seccion, departamento));
   TARVO_INTENTAR(
       db_.ejecutar(u"DELETE FROM DEPTS WHERE SECCION=? AND NUMDEP=?", seccion, departamento));
   TARVO_INTENTAR(
       db_.ejecutar(u"DELETE ALL FROM PLUSES WHERE (SECCION = ?) AND (DEPTO = ?) AND CODPLU>=?",
                    seccion, departamento, kPrimerCodigo));
-  return t->confirmar();
+  return t.confirmar();
 }
 
 }  // namespace tarvo::articles

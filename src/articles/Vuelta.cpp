@@ -12,9 +12,8 @@ Resultado<bool> Vuelta::paso(Trabajo::Avance& avance) {
 Resultado<> Vuelta::hastaElFinal() {
   Trabajo::Avance avance;
   for (;;) {
-    const auto hayMas = paso(avance);
-    if (!hayMas) return std::unexpected(hayMas.error());
-    if (!*hayMas) return {};
+    TARVO_TOMAR(const auto hayMas, paso(avance));
+    if (!hayMas) return {};
   }
 }
 

@@ -5,11 +5,11 @@
 #include <functional>
 #include <memory>
 
-#include "automation/Proceso.h"
+#include "automation/lenguaje/Proceso.h"
 #include "comm/motor/gestcomm.h"
-#include "totals/CerrSes.h"
-#include "totals/VerTot.h"
-#include "totals/XporTot.h"
+#include "totals/intercambio/XporTot.h"
+#include "totals/libros/CerrSes.h"
+#include "totals/periodos/VerTot.h"
 
 namespace tarvo::automation {
 

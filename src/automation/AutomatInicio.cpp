@@ -89,12 +89,11 @@ Resultado<> Automat::Interior::prepararEjecucion() {
   e.lineas = lineas;
   e.inicio = e.latido = ahora;
   TARVO_INTENTAR(diario.asegurar());
-  auto vieja = diario.pendiente(e.nombre);
-  if (!vieja) return std::unexpected(vieja.error());
-  if (*vieja) {
-    const bool reciente = std::abs(ahora - (*vieja)->latido) < kDiasParaSeguir;
-    if (reciente && (*vieja)->lineas == lineas) return reanudar(std::move(**vieja));
-    TARVO_INTENTAR(liquidar(std::move(**vieja)));
+  TARVO_TOMAR(auto vieja, diario.pendiente(e.nombre));
+  if (vieja) {
+    const bool reciente = std::abs(ahora - vieja->latido) < kDiasParaSeguir;
+    if (reciente && vieja->lineas == lineas) return reanudar(std::move(*vieja));
+    TARVO_INTENTAR(liquidar(std::move(*vieja)));
   }
   t.verTot.ponerSeleccion({});
   e.ultimos = ultimos;
@@ -108,9 +107,8 @@ Resultado<> Automat::Interior::prepararEjecucion() {
 Resultado<std::vector<PasoProceso>> Automat::Interior::pasosDe(const Ejecucion& de) const {
   std::vector<PasoProceso> lista;
   for (const auto& linea : de.lineas) {
-    auto p = lenguaje.LeerPaso(linea);
-    if (!p) return std::unexpected(p.error());
-    lista.push_back(p->value_or(PasoProceso{}));
+    TARVO_TOMAR(auto p, lenguaje.LeerPaso(linea));
+    lista.push_back(p.value_or(PasoProceso{}));
   }
   for (const auto& r : de.respuestas) rellenar(lista, r);
   return lista;
@@ -121,8 +119,7 @@ Resultado<std::vector<PasoProceso>> Automat::Interior::pasosDe(const Ejecucion& 
 Resultado<> Automat::Interior::reanudar(Ejecucion vieja) {
   e = std::move(vieja);
   for (const auto& r : e.respuestas) rellenar(pasos, r);
-  const auto tareas = diario.tareasPorHacer(e.numero, trasUltimaEspera(pasos, e.paso));
-  if (!tareas) return std::unexpected(tareas.error());
+  TARVO_TOMAR(const auto tareas, diario.tareasPorHacer(e.numero, trasUltimaEspera(pasos, e.paso)));
   t.sesion.ponerEjecucion(e.numero, true);
   t.verTot.ponerSeleccion(e.seleccion);
   ultimos = e.ultimos;
@@ -130,7 +127,7 @@ Resultado<> Automat::Interior::reanudar(Ejecucion vieja) {
   for (const int g : e.fallidos) t.motor.anadirGrupoFallido(g);
   escribir({t.textos(kTxSeReanuda, {e.latido.general(), e.paso + 1})});
   recordar({0, t.textos(kTxSeReanuda, {e.latido.general(), e.paso + 1}), false});
-  encolarDeNuevo(*tareas);
+  encolarDeNuevo(tareas);
   for (size_t i = 0; i < std::min(vistas.size(), static_cast<size_t>(e.paso)); ++i)
     if (vistas[i].estado == EstadoPaso::Pendiente) vistas[i].estado = EstadoPaso::Hecho;
   indice = e.paso;

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "automation/Automat.h"
-#include "automation/Diario.h"
 #include "automation/Ejecutor.h"
 #include "automation/TextosAutomation.h"
-#include "automation/Traza.h"
+#include "automation/historia/Diario.h"
+#include "automation/historia/Traza.h"
 
 namespace tarvo::automation {
 

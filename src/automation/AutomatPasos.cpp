@@ -44,22 +44,19 @@ Resultado<bool> Automat::Interior::hacerPaso() {
 Resultado<bool> Automat::Interior::llevarACabo(const PasoProceso& p) {
   std::optional<Hecho> hecho;
   if (p.clase() == kExportar) {
-    auto h = ejecutor.hacer(p, e, vigilancia);
-    if (!h) return std::unexpected(h.error());
-    hecho = std::move(*h);
+    TARVO_TOMAR(auto h, ejecutor.hacer(p, e, vigilancia));
+    hecho = std::move(h);
   }
-  auto tr = dao::Transaccion::empezar(t.db);
-  if (!tr) return std::unexpected(tr.error());
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(t.db));
   if (!hecho) {
-    auto h = ejecutor.hacer(p, e, vigilancia);
-    if (!h) return std::unexpected(h.error());
-    hecho = std::move(*h);
+    TARVO_TOMAR(auto h, ejecutor.hacer(p, e, vigilancia));
+    hecho = std::move(h);
   }
   informar(*hecho);
   if (hecho->anotar) TARVO_INTENTAR(hecho->anotar());
   TARVO_INTENTAR(diario.historial().periodosHechos(e.numero, hecho->periodos));
   TARVO_INTENTAR(registrar());
-  TARVO_INTENTAR(tr->confirmar());
+  TARVO_INTENTAR(tr.confirmar());
   ultimos = e.ultimos;
   if (hecho->sesionMovida) sesionAlFichero();
   return true;
@@ -76,10 +73,9 @@ Resultado<bool> Automat::Interior::preguntar(const Parametro& parametro) {
   }
   rellenar(pasos, *respuesta);
   e.respuestas.push_back(std::move(*respuesta));
-  auto tr = dao::Transaccion::empezar(t.db);
-  if (!tr) return std::unexpected(tr.error());
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(t.db));
   TARVO_INTENTAR(registrar());
-  TARVO_INTENTAR(tr->confirmar());
+  TARVO_INTENTAR(tr.confirmar());
   return true;
 }
 

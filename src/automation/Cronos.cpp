@@ -83,12 +83,11 @@ struct Cronos::Interior {
 Resultado<> Cronos::Interior::cargar(const QString& nombre) {
   const QString fichero = conExtensionPorDefecto(nombre, u".CRO"_s);
   const QString ruta = Ajustes::ruta(fichero, ajustes.HomeDir);
-  const auto texto = lenguaje.leerTexto(ruta);
-  if (!texto) return std::unexpected(texto.error());
-  const auto lineas = lenguaje.leerCro(*texto, fichero.endsWith(u".AUT", Qt::CaseInsensitive));
-  if (!lineas) return std::unexpected(lineas.error());
+  TARVO_TOMAR(const auto texto, lenguaje.leerTexto(ruta));
+  TARVO_TOMAR(const auto lineas,
+              lenguaje.leerCro(texto, fichero.endsWith(u".AUT", Qt::CaseInsensitive)));
   std::vector<Entrada> nuevas;
-  for (const auto& l : *lineas) nuevas.push_back(entradaDe(l, ruta));
+  for (const auto& l : lineas) nuevas.push_back(entradaDe(l, ruta));
   entradas = std::move(nuevas);
   vencidos.assign(entradas.size(), {});
   horario = nombreBase(fichero);

@@ -61,11 +61,10 @@ Resultado<std::optional<std::vector<int>>> gruposDe(const PasoProceso& p, dao::D
     return std::vector{static_cast<int>(*n)};
   }
   if (p.texto(2) != u"ALL") return std::nullopt;
-  auto rs = db.consultar(u"SELECT CODGPO FROM GRUPOS ORDER BY CODGPO");
-  if (!rs) return std::unexpected(rs.error());
-  while (!(*rs)->Eof()) {
-    grupos.push_back(static_cast<int>((*rs)->entero(0)));
-    if (auto r = (*rs)->MoveNext(); !r) return std::unexpected(r.error());
+  TARVO_TOMAR(auto rs, db.consultar(u"SELECT CODGPO FROM GRUPOS ORDER BY CODGPO"));
+  while (!rs->Eof()) {
+    grupos.push_back(static_cast<int>(rs->entero(0)));
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return grupos;
 }
@@ -256,9 +255,9 @@ Resultado<bool> Ejecutor::operacion(const PasoProceso& p) {
     case kCrear: {
       const auto* i = std::get_if<Intervalo>(&p.c[2]);
       if (!i) return false;
-      const auto link = t_.verTot.CrearIntvalo({i->tipo, i->desde, i->hasta}, p.texto(3));
-      if (!link) return std::unexpected(link.error());
-      return *link >= 0;
+      TARVO_TOMAR(const auto link,
+                  t_.verTot.CrearIntvalo({i->tipo, i->desde, i->hasta}, p.texto(3)));
+      return link >= 0;
     }
     case kBorrar:
       return desde && hasta ? t_.verTot.BorrarIntvalo(tipo, *desde, *hasta) : false;

@@ -5,8 +5,8 @@
 #include <functional>
 
 #include "automation/Automat.h"
-#include "automation/Diario.h"
-#include "automation/Pendientes.h"
+#include "automation/historia/Diario.h"
+#include "automation/historia/Pendientes.h"
 
 namespace tarvo::automation {
 

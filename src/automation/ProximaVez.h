@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "automation/Proceso.h"
+#include "automation/lenguaje/Proceso.h"
 
 namespace tarvo::automation {
 

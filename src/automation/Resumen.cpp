@@ -6,9 +6,9 @@
 
 #include "automation/ProximaVez.h"
 #include "automation/TextosAutomation.h"
-#include "totals/Calendario.h"
-#include "totals/Cuadre.h"
-#include "totals/TablasLibros.h"
+#include "totals/libros/Cuadre.h"
+#include "totals/libros/TablasLibros.h"
+#include "totals/periodos/Calendario.h"
 
 namespace tarvo::automation {
 
@@ -59,9 +59,8 @@ Resultado<bool> LectorResumen::paso() {
 Resultado<Resumen> leerResumen(const FuentesResumen& fuentes) {
   LectorResumen lector(fuentes);
   for (;;) {
-    const auto sigue = lector.paso();
-    if (!sigue) return std::unexpected(sigue.error());
-    if (!*sigue) return std::move(lector.resumen());
+    TARVO_TOMAR(const auto sigue, lector.paso());
+    if (!sigue) return std::move(lector.resumen());
   }
 }
 
@@ -69,9 +68,8 @@ Resultado<Resumen> leerResumen(const FuentesResumen& fuentes) {
 
 Resultado<> LectorResumen::leerEjecuciones() {
   TARVO_INTENTAR(asegurarTablasHistorial(f_.db));
-  auto ultimas = Historial(f_.db).ultimas(kEjecucionesMiradas, f_.enMarcha);
-  if (!ultimas) return std::unexpected(ultimas.error());
-  for (auto& e : *ultimas)
+  TARVO_TOMAR(auto ultimas, Historial(f_.db).ultimas(kEjecucionesMiradas, f_.enMarcha));
+  for (auto& e : ultimas)
     if (r_.ejecuciones.empty() || f_.ahora - e.inicio < kNoche)
       r_.ejecuciones.push_back(std::move(e));
   // The earliest first, so that what came later stands.
@@ -85,17 +83,15 @@ Resultado<> LectorResumen::leerEjecuciones() {
 
 Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
   Historial historial(f_.db);
-  const auto tareas = historial.tareas(e.numero);
-  if (!tareas) return std::unexpected(tareas.error());
-  const auto avisos = historial.avisos(e.numero);
-  if (!avisos) return std::unexpected(avisos.error());
-  for (const auto& t : *tareas) {
+  TARVO_TOMAR(const auto tareas, historial.tareas(e.numero));
+  TARVO_TOMAR(const auto avisos, historial.avisos(e.numero));
+  for (const auto& t : tareas) {
     DeGrupo& d = porGrupo_[t.grupo];
     if (totals::clase(t.clase)) d.avisos.clear();  // read again: what was said before is over
     d.clases[t.clase] = {t, e.fin};
   }
   r_.avisos.clear();
-  for (const auto& a : *avisos) {
+  for (const auto& a : avisos) {
     if (!a.grave) continue;
     if (a.grupo == 0)
       r_.avisos.push_back(a);
@@ -106,16 +102,16 @@ Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
 }
 
 Resultado<> LectorResumen::leerGrupos() {
-  auto rs = f_.db.consultar(u"SELECT CODGPO, NOMGPO, REMOTO FROM GRUPOS ORDER BY CODGPO");
-  if (!rs) return std::unexpected(rs.error());
-  while (!(*rs)->Eof()) {
+  TARVO_TOMAR(auto rs,
+              f_.db.consultar(u"SELECT CODGPO, NOMGPO, REMOTO FROM GRUPOS ORDER BY CODGPO"));
+  while (!rs->Eof()) {
     GrupoResumen g;
-    g.grupo = static_cast<int>((*rs)->entero(0));
-    g.nombre = (*rs)->texto(1).trimmed();
-    juzgar(g, (*rs)->entero(2) != 0, porGrupo_[g.grupo]);
+    g.grupo = static_cast<int>(rs->entero(0));
+    g.nombre = rs->texto(1).trimmed();
+    juzgar(g, rs->entero(2) != 0, porGrupo_[g.grupo]);
     r_.grupos.push_back(std::move(g));
     anadir([this, i = r_.grupos.size() - 1] { return cuadrar(i); });
-    TARVO_INTENTAR((*rs)->MoveNext());
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return {};
 }
@@ -124,28 +120,28 @@ Resultado<> LectorResumen::leerGrupos() {
 
 Resultado<> LectorResumen::leerPeriodo(const PeriodoHecho& hecho) {
   const QString columnas = u"SELECT TIPO, FECHA1, FECHAF, DESCR, LINK FROM COLUMNA WHERE "_s;
-  auto rs = hecho.dias ? f_.db.consultar(columnas + u"TIPO=? AND FECHA1=? AND FECHAF=?"_s,
-                                         hecho.dias->tipo, hecho.dias->desde, hecho.dias->hasta)
-                       : f_.db.consultar(columnas + u"LINK=?"_s, hecho.link);
-  if (!rs) return std::unexpected(rs.error());
-  if ((*rs)->Eof()) {
+  TARVO_TOMAR(auto rs, hecho.dias
+                           ? f_.db.consultar(columnas + u"TIPO=? AND FECHA1=? AND FECHAF=?"_s,
+                                             hecho.dias->tipo, hecho.dias->desde, hecho.dias->hasta)
+                           : f_.db.consultar(columnas + u"LINK=?"_s, hecho.link));
+  if (rs->Eof()) {
     ++r_.perdidos;
     return {};
   }
-  const qint64 link = (*rs)->entero(4);
+  const qint64 link = rs->entero(4);
   const auto repetido = std::ranges::find(r_.periodos, link, &PeriodoResumen::link);
   if (repetido != r_.periodos.end()) return {};
-  const totals::Periodo p{static_cast<int>((*rs)->entero(0)), (*rs)->fecha(1), (*rs)->fecha(2)};
+  const totals::Periodo p{static_cast<int>(rs->entero(0)), rs->fecha(1), rs->fecha(2)};
   PeriodoResumen nuevo{.link = link,
                        .tipo = p.tipo,
                        .desde = p.desde,
                        .texto = totals::TextoPeriodo(p),
-                       .descripcion = (*rs)->texto(3).trimmed(),
+                       .descripcion = rs->texto(3).trimmed(),
                        .anteriores = {}};
-  auto suma = f_.db.consultar(u"SELECT SUM(IMP), SUM(CON) FROM TOTGRT WHERE LINK=?", link);
-  if (!suma) return std::unexpected(suma.error());
-  nuevo.importe = (*suma)->entero(0);
-  nuevo.operaciones = (*suma)->entero(1);
+  TARVO_TOMAR(auto suma,
+              f_.db.consultar(u"SELECT SUM(IMP), SUM(CON) FROM TOTGRT WHERE LINK=?", link));
+  nuevo.importe = suma->entero(0);
+  nuevo.operaciones = suma->entero(1);
   if (p.tipo == totals::kDiario) TARVO_INTENTAR(leerAnteriores(nuevo, p.desde));
   r_.periodos.push_back(std::move(nuevo));
   return {};
@@ -156,12 +152,14 @@ Resultado<> LectorResumen::leerAnteriores(PeriodoResumen& p, Fecha desde) {
   constexpr double kHolgura = 1e-4;
   for (int semana = 1; semana <= kSemanas; ++semana) {
     const Fecha dia = desde - 7.0 * semana;
-    const auto suma = f_.db.uno(
-        u"SELECT SUM(t.IMP) FROM COLUMNA c INNER JOIN TOTGRT t ON t.LINK=c.LINK WHERE c.TIPO=1 AND "
-        u"c.FECHA1 BETWEEN ? AND ? AND t.GRUPO IN (SELECT GRUPO FROM TOTGRT WHERE LINK=?)",
-        dia - kHolgura, dia + kHolgura, p.link);
-    if (!suma) return std::unexpected(suma.error());
-    p.anteriores.push_back(suma->nulo() ? std::nullopt : std::optional(suma->entero()));
+    TARVO_TOMAR(
+        const auto suma,
+        f_.db.uno(
+            u"SELECT SUM(t.IMP) FROM COLUMNA c INNER JOIN TOTGRT t ON t.LINK=c.LINK WHERE c.TIPO=1 "
+            u"AND "
+            u"c.FECHA1 BETWEEN ? AND ? AND t.GRUPO IN (SELECT GRUPO FROM TOTGRT WHERE LINK=?)",
+            dia - kHolgura, dia + kHolgura, p.link));
+    p.anteriores.push_back(suma.nulo() ? std::nullopt : std::optional(suma.entero()));
   }
   return {};
 }
@@ -172,17 +170,15 @@ Resultado<> LectorResumen::cuadrar(size_t cual) {
   if (g.estado == EstadoGrupo::SinIntentar) return {};
   qint64 link = 0;
   for (const PeriodoResumen& p : r_.periodos) {
-    const auto suma =
-        f_.db.uno(u"SELECT SUM(IMP) FROM TOTGRT WHERE LINK=? AND GRUPO=?", p.link, g.grupo);
-    if (!suma) return std::unexpected(suma.error());
-    if (suma->nulo()) continue;
-    g.importe = suma->entero();
+    TARVO_TOMAR(const auto suma, f_.db.uno(u"SELECT SUM(IMP) FROM TOTGRT WHERE LINK=? AND GRUPO=?",
+                                           p.link, g.grupo));
+    if (suma.nulo()) continue;
+    g.importe = suma.entero();
     link = p.link;
     break;
   }
-  const auto lista = totals::compararTotales(f_.db, f_.ajustes, link, g.grupo);
-  if (!lista) return std::unexpected(lista.error());
-  for (const auto& c : *lista) ++(c.cuadra() ? g.cuadran : g.difieren);
+  TARVO_TOMAR(const auto lista, totals::compararTotales(f_.db, f_.ajustes, link, g.grupo));
+  for (const auto& c : lista) ++(c.cuadra() ? g.cuadran : g.difieren);
   if (g.difieren > 0) g.motivos << Plural(f_.textos(kTxNoCuadran), g.difieren);
   if (g.difieren > 0 && g.estado == EstadoGrupo::Bien) {
     g.estado = EstadoGrupo::Dudoso;
@@ -197,9 +193,8 @@ Resultado<> LectorResumen::cuadrar(size_t cual) {
 // --- what waits and what comes ------------------------------------------------------------------
 
 Resultado<> LectorResumen::leerBandeja() {
-  const auto estado = totals::EstadoBase(f_.db).leer(u"SesionAbier"_s);
-  if (!estado) return std::unexpected(estado.error());
-  r_.sesion = estado->nulo() ? f_.ajustes.SesionAbier : static_cast<int>(estado->entero());
+  TARVO_TOMAR(const auto estado, totals::EstadoBase(f_.db).leer(u"SesionAbier"_s));
+  r_.sesion = estado.nulo() ? f_.ajustes.SesionAbier : static_cast<int>(estado.entero());
   if (r_.sesion == 0) return {};
   const auto clases = totals::enVigor(f_.ajustes);
   QStringList campos, marcas;
@@ -207,22 +202,23 @@ Resultado<> LectorResumen::leerBandeja() {
     campos << QString::fromUtf16(c.sesion) << QString::fromUtf16(c.hasta);
     marcas << QString::fromUtf16(c.sesion) + u"<>0"_s;
   }
-  auto rs = f_.db.consultar(
-      u"SELECT s.CODGPO, g.NOMGPO, %1 FROM Sesiones s LEFT JOIN GRUPOS g ON g.CODGPO=s.CODGPO WHERE %2 ORDER BY s.CODGPO"_s
-          .arg(campos.join(u','), marcas.join(u" OR "_s)));
-  if (!rs) return std::unexpected(rs.error());
-  while (!(*rs)->Eof()) {
-    EsperaResumen e{static_cast<int>((*rs)->entero(0)), (*rs)->texto(1).trimmed(), {}, f_.ahora};
+  TARVO_TOMAR(
+      auto rs,
+      f_.db.consultar(
+          u"SELECT s.CODGPO, g.NOMGPO, %1 FROM Sesiones s LEFT JOIN GRUPOS g ON g.CODGPO=s.CODGPO WHERE %2 ORDER BY s.CODGPO"_s
+              .arg(campos.join(u','), marcas.join(u" OR "_s))));
+  while (!rs->Eof()) {
+    EsperaResumen e{static_cast<int>(rs->entero(0)), rs->texto(1).trimmed(), {}, f_.ahora};
     int columna = 2;
     for (const auto& c : clases) {
-      if ((*rs)->logico(columna)) {
+      if (rs->logico(columna)) {
         e.clases.push_back(c.numero);
-        if (!(*rs)->nulo(columna + 1)) e.desde = std::min(e.desde, (*rs)->fecha(columna + 1));
+        if (!rs->nulo(columna + 1)) e.desde = std::min(e.desde, rs->fecha(columna + 1));
       }
       columna += 2;
     }
     r_.bandeja.push_back(std::move(e));
-    TARVO_INTENTAR((*rs)->MoveNext());
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return {};
 }

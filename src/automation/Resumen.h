@@ -7,8 +7,8 @@
 #include <set>
 
 #include "automation/Cronos.h"
-#include "automation/Historial.h"
-#include "automation/Proceso.h"
+#include "automation/historia/Historial.h"
+#include "automation/lenguaje/Proceso.h"
 
 namespace tarvo::automation {
 

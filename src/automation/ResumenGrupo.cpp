@@ -2,7 +2,7 @@
 #include "automation/Resumen.h"
 #include "automation/TextosAutomation.h"
 #include "comm/motor/TextosMotor.h"
-#include "totals/Clases.h"
+#include "totals/periodos/Clases.h"
 
 namespace tarvo::automation {
 

@@ -72,9 +72,8 @@ Resultado<> Grupo::leerOperadores(const dao::Recordset& fila) {
     OperadorGrupo& o = operadoresGrupo_[static_cast<size_t>(n - 1)];
     if (!leerColumna(fila, conNumero(u"OP", n, u"_C"), o.codigo)) break;
     if (!leerColumna(fila, conNumero(u"OP", n, u"_T"), o.training)) break;
-    const auto nombre = nombreOperador(o.codigo);
-    if (!nombre) return std::unexpected(nombre.error());
-    o.nombre = *nombre;
+    TARVO_TOMAR(const auto nombre, nombreOperador(o.codigo));
+    o.nombre = nombre;
   }
   return {};
 }
@@ -85,22 +84,20 @@ Resultado<> Grupo::leerDepartamentos(dao::Database& db, const dao::Recordset& fi
     if (c >= 0 && !fila.nulo(c))
       ivas_[static_cast<size_t>(n - 1)] = static_cast<float>(fila.real(c) / 100);
   }
-  const auto depts = db.OpenTable(u"DEPTS", u"PrimaryKey");
-  if (!depts) return std::unexpected(depts.error());
+  TARVO_TOMAR(const auto depts, db.OpenTable(u"DEPTS", u"PrimaryKey"));
   for (int n = 1; n <= MaxDepartamentos(tipo_); ++n) {
     const auto i = static_cast<size_t>(n - 1);
     if (!leerColumna(fila, conNumero(u"IVD", n), ivaDepartamentos_[i])) break;
-    const auto hallado = (*depts)->Seek(dao::Busca::Igual, seccion, n);
-    if (!hallado) return std::unexpected(hallado.error());
-    if (*hallado) nombresDepartamentos_[i] = (*depts)->texto((*depts)->columna(u"NomDep"));
+    TARVO_TOMAR(const auto hallado, depts->Seek(dao::Busca::Igual, seccion, n));
+    if (hallado) nombresDepartamentos_[i] = depts->texto(depts->columna(u"NomDep"));
   }
   return {};
 }
 
 Resultado<> Grupo::leerMiembros(dao::Database& db) {
-  const auto filas = db.consultar(u"select * from BZAS where SUGPO=? order by NMBZA", *codigo_);
-  if (!filas) return std::unexpected(filas.error());
-  for (dao::Recordset& fila = **filas; !fila.Eof();) {
+  TARVO_TOMAR(const auto filas,
+              db.consultar(u"select * from BZAS where SUGPO=? order by NMBZA", *codigo_));
+  for (dao::Recordset& fila = *filas; !fila.Eof();) {
     Miembro m =
         tipo_ == kGrupoRegistradoras ? Miembro(Registradora(idioma_)) : Miembro(Balanza(idioma_));
     const int numero = std::visit(

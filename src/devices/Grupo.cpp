@@ -40,18 +40,16 @@ Resultado<> Grupo::CodOperador(int n, int codigo) {
     *o = {};
     return {};
   }
-  const auto nombre = nombreOperador(codigo);
-  if (!nombre) return std::unexpected(nombre.error());
+  TARVO_TOMAR(const auto nombre, nombreOperador(codigo));
   o->codigo = codigo;
-  o->nombre = *nombre;
+  o->nombre = nombre;
   return {};
 }
 
 Resultado<QString> Grupo::nombreOperador(int codigo) const {
   if (!operadores_ || codigo == 0) return QString();
-  const auto hallado = operadores_->Seek(dao::Busca::Igual, codigo);
-  if (!hallado) return std::unexpected(hallado.error());
-  return *hallado ? operadores_->texto(operadores_->columna(u"NOMOPE")) : QString();
+  TARVO_TOMAR(const auto hallado, operadores_->Seek(dao::Busca::Igual, codigo));
+  return hallado ? operadores_->texto(operadores_->columna(u"NOMOPE")) : QString();
 }
 
 bool Grupo::Training(int n) const {
@@ -88,9 +86,8 @@ QString Grupo::NombreDepartamento(int n) const {
 
 Resultado<> Grupo::AbreOperadores(dao::Database& db) {
   if (operadores_) return {};
-  auto tabla = db.OpenTable(u"OPERS", u"CODOPE");
-  if (!tabla) return std::unexpected(tabla.error());
-  operadores_ = std::move(*tabla);
+  TARVO_TOMAR(auto tabla, db.OpenTable(u"OPERS", u"CODOPE"));
+  operadores_ = std::move(tabla);
   return {};
 }
 

@@ -67,7 +67,7 @@ class Grupo {
   QString E13_CU = QStringLiteral("CCCCCCKIIIII"), E08_CU = QStringLiteral("CCIIIII");
   int TOTE = 0, TOCO = 0;
   bool PITO = true, SALT = true, PRLI = true;
-  QString Horario;                     // as stored, see totals/Calendario.h; empty for none
+  QString Horario;  // as stored, see totals/periodos/Calendario.h; empty for none
   std::map<int, Miembro> LasBalanzas;  // by number
 
  private:

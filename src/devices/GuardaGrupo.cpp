@@ -14,40 +14,35 @@ dao::Valor siHay(const QString& texto) {
 }
 
 Resultado<> asegurarSesion(dao::Database& db, int codigo) {
-  const auto sesiones = db.OpenTable(u"Sesiones", u"CODGPO");
-  if (!sesiones) return std::unexpected(sesiones.error());
-  const auto hallada = (*sesiones)->Seek(dao::Busca::Igual, codigo);
-  if (!hallada) return std::unexpected(hallada.error());
-  if (*hallada) return {};
-  (*sesiones)->AddNew();
-  ponerColumna(**sesiones, u"CODGPO", codigo);
-  return (*sesiones)->Update();
+  TARVO_TOMAR(const auto sesiones, db.OpenTable(u"Sesiones", u"CODGPO"));
+  TARVO_TOMAR(const auto hallada, sesiones->Seek(dao::Busca::Igual, codigo));
+  if (hallada) return {};
+  sesiones->AddNew();
+  ponerColumna(*sesiones, u"CODGPO", codigo);
+  return sesiones->Update();
 }
 
 }  // namespace
 
 Resultado<> Grupo::SaveAs(dao::Database& db, int codigo, const QString& nombre) {
-  auto transaccion = dao::Transaccion::empezar(db);
-  if (!transaccion) return std::unexpected(transaccion.error());
+  TARVO_TOMAR(auto transaccion, dao::Transaccion::empezar(db));
   // The machines go first, so that a group that changes its code leaves none behind.
   if (codigo_) TARVO_INTENTAR(db.ejecutar(u"delete * from bzas where SUGPO=?", *codigo_));
   TARVO_INTENTAR(guardarFila(db, codigo, nombre));
   TARVO_INTENTAR(guardarMiembros(db, codigo));
   TARVO_INTENTAR(asegurarSesion(db, codigo));
-  TARVO_INTENTAR(transaccion->confirmar());
+  TARVO_INTENTAR(transaccion.confirmar());
   codigo_ = codigo;
   return {};
 }
 
 Resultado<> Grupo::guardarFila(dao::Database& db, int codigo, const QString& nombre) const {
-  const auto tabla = db.OpenTable(u"GRUPOS", u"CODGPO");
-  if (!tabla) return std::unexpected(tabla.error());
-  dao::Recordset& fila = **tabla;
+  TARVO_TOMAR(const auto tabla, db.OpenTable(u"GRUPOS", u"CODGPO"));
+  dao::Recordset& fila = *tabla;
   bool existe = false;
   if (codigo_) {
-    const auto hallado = fila.Seek(dao::Busca::Igual, *codigo_);
-    if (!hallado) return std::unexpected(hallado.error());
-    existe = *hallado;
+    TARVO_TOMAR(const auto hallado, fila.Seek(dao::Busca::Igual, *codigo_));
+    existe = hallado;
   }
   existe ? fila.Edit() : fila.AddNew();
   ponerColumna(fila, u"CODGPO", codigo);
@@ -112,9 +107,8 @@ void Grupo::ponerListas(dao::Recordset& fila) const {
 
 Resultado<> Grupo::guardarMiembros(dao::Database& db, int codigo) const {
   TARVO_INTENTAR(db.ejecutar(u"delete * from bzas where SUGPO=?", codigo));
-  const auto tabla = db.OpenTable(u"BZAS", u"PrimaryKey");
-  if (!tabla) return std::unexpected(tabla.error());
-  dao::Recordset& fila = **tabla;
+  TARVO_TOMAR(const auto tabla, db.OpenTable(u"BZAS", u"PrimaryKey"));
+  dao::Recordset& fila = *tabla;
   for (const auto& [numero, miembro] : LasBalanzas) {
     fila.AddNew();
     std::visit([&fila](const auto& maquina) { maquina.GetValues(fila); }, miembro);

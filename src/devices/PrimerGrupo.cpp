@@ -6,17 +6,15 @@
 namespace tarvo::devices {
 
 Resultado<> asegurarPrimerGrupo(dao::Database& db, const Ajustes& ajustes) {
-  const auto alguno = db.uno(u"SELECT CODGPO FROM GRUPOS");
-  if (!alguno) return std::unexpected(alguno.error());
-  if (!alguno->nulo()) return {};
-  const auto almacen = db.uno(u"SELECT CODALM FROM ALMACEN ORDER BY CODALM");
-  if (!almacen) return std::unexpected(almacen.error());
+  TARVO_TOMAR(const auto alguno, db.uno(u"SELECT CODGPO FROM GRUPOS"));
+  if (!alguno.nulo()) return {};
+  TARVO_TOMAR(const auto almacen, db.uno(u"SELECT CODALM FROM ALMACEN ORDER BY CODALM"));
 
   Balanza balanza(ajustes.idioma);
   balanza.tipo(kCedar);
   Grupo grupo(ajustes.idioma);
   grupo.tipo(balanza.TipoDeGrupo());
-  grupo.Almacen = static_cast<int>(almacen->entero());
+  grupo.Almacen = static_cast<int>(almacen.entero());
   balanza.Numero = 0;
   grupo.LasBalanzas.emplace(0, std::move(balanza));
   return grupo.SaveAs(db, 1, QStringLiteral("GRUPO"));

@@ -20,10 +20,9 @@ float tasaDe(const dao::Recordset& fila, int departamento) {
 }  // namespace
 
 Resultado<ivasDep> ivasDep::leer(dao::Database& db) {
-  const auto filas = db.OpenQuery(u"select * from Grupos");
-  if (!filas) return std::unexpected(filas.error());
+  TARVO_TOMAR(const auto filas, db.OpenQuery(u"select * from Grupos"));
   ivasDep tabla;
-  for (dao::Recordset& fila = **filas; !fila.Eof();) {
+  for (dao::Recordset& fila = *filas; !fila.Eof();) {
     Fila f;
     int tipo = 1;
     leerColumna(fila, u"CODGPO", f.grupo);

@@ -8,12 +8,11 @@ namespace tarvo::stock {
 namespace {
 
 Resultado<std::vector<int>> codigos(dao::Database& db, QStringView sql, int almacen) {
-  auto rs = db.consultar(sql, almacen);
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(auto rs, db.consultar(sql, almacen));
   std::vector<int> v;
-  while (!(*rs)->Eof()) {
-    v.push_back(static_cast<int>((*rs)->entero(0)));
-    TARVO_INTENTAR((*rs)->MoveNext());
+  while (!rs->Eof()) {
+    v.push_back(static_cast<int>(rs->entero(0)));
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return v;
 }
@@ -41,43 +40,40 @@ std::optional<Fecha> Almacen::FechaRegulacion() const {
 }
 
 Resultado<bool> Almacen::ponerCodigo(int c) {
-  const auto otro = Almacenes(*db_, *reloj_, *textos_).almacen(c);
-  if (!otro) return std::unexpected(otro.error());
-  if (*otro) {
-    fila_ = (*otro)->fila_;
+  TARVO_TOMAR(const auto otro, Almacenes(*db_, *reloj_, *textos_).almacen(c));
+  if (otro) {
+    fila_ = otro->fila_;
     return true;
   }
   if (fila_.CODALM <= 0) return false;
-  const auto n = db_->ejecutar(u"update ALMACEN set CODALM=? where CODALM=?", c, fila_.CODALM);
-  if (!n) return std::unexpected(n.error());
-  if (*n > 0) fila_.CODALM = c;
-  return *n > 0;
+  TARVO_TOMAR(const auto n,
+              db_->ejecutar(u"update ALMACEN set CODALM=? where CODALM=?", c, fila_.CODALM));
+  if (n > 0) fila_.CODALM = c;
+  return n > 0;
 }
 
 Resultado<bool> Almacen::ponerNombre(const QString& nombre) {
-  const auto dueno = Almacenes(*db_, *reloj_, *textos_).CodigoAlmacen(nombre);
-  if (!dueno) return std::unexpected(dueno.error());
-  if (*dueno && **dueno != fila_.CODALM) return false;
-  const auto n = db_->ejecutar(u"update ALMACEN set NOMALM=? where CODALM=?", nombre, fila_.CODALM);
-  if (!n) return std::unexpected(n.error());
-  if (*n > 0) fila_.NOMALM = nombre;
-  return *n > 0;
+  TARVO_TOMAR(const auto dueno, Almacenes(*db_, *reloj_, *textos_).CodigoAlmacen(nombre));
+  if (dueno && *dueno != fila_.CODALM) return false;
+  TARVO_TOMAR(const auto n,
+              db_->ejecutar(u"update ALMACEN set NOMALM=? where CODALM=?", nombre, fila_.CODALM));
+  if (n > 0) fila_.NOMALM = nombre;
+  return n > 0;
 }
 
 Resultado<bool> Almacen::ponerFechaInicio(std::optional<Fecha> f) {
-  const auto n = db_->ejecutar(u"update ALMACEN set FCHINI=?, FCHREG=Null where CODALM=?",
-                               valorDe(f), fila_.CODALM);
-  if (!n) return std::unexpected(n.error());
-  if (*n > 0) fila_.FCHINI = f, fila_.FCHREG.reset();
-  return *n > 0;
+  TARVO_TOMAR(const auto n,
+              db_->ejecutar(u"update ALMACEN set FCHINI=?, FCHREG=Null where CODALM=?", valorDe(f),
+                            fila_.CODALM));
+  if (n > 0) fila_.FCHINI = f, fila_.FCHREG.reset();
+  return n > 0;
 }
 
 Resultado<bool> Almacen::ponerFechaRegulacion(std::optional<Fecha> f) {
-  const auto n =
-      db_->ejecutar(u"update ALMACEN set FCHREG=? where CODALM=?", valorDe(f), fila_.CODALM);
-  if (!n) return std::unexpected(n.error());
-  if (*n > 0) fila_.FCHREG = f;
-  return *n > 0;
+  TARVO_TOMAR(const auto n, db_->ejecutar(u"update ALMACEN set FCHREG=? where CODALM=?", valorDe(f),
+                                          fila_.CODALM));
+  if (n > 0) fila_.FCHREG = f;
+  return n > 0;
 }
 
 Resultado<std::vector<int>> Almacen::GruposInvolucrados() {
@@ -94,24 +90,24 @@ Resultado<std::vector<int>> Almacen::AlbaranesInvolucrados() {
 
 Resultado<bool> Almacen::Inicializar(int modo) {
   if (modo != 1 && modo != 2) return false;
-  auto t = dao::Transaccion::empezar(*db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(*db_));
   QString inicial = QStringLiteral("0");
   if (modo == 1)
     inicial = QStringLiteral(
         "coalesce(Inicial, 0)+coalesce(Entrada, 0)+coalesce(Compra, 0)-coalesce(Salida, 0)"
         "-coalesce(Venta, 0)-coalesce(Merma, 0)");
-  const auto n = db_->ejecutar(
-      QStringLiteral("update MovsAlm set Inicial=%1, Entrada=0, Compra=0, Salida=0, Venta=0, "
-                     "Merma=0, tag=Null where CODALM=?")
-          .arg(inicial),
-      fila_.CODALM);
-  if (!n) return std::unexpected(n.error());
-  if (*n == 0) return false;
+  TARVO_TOMAR(
+      const auto n,
+      db_->ejecutar(
+          QStringLiteral("update MovsAlm set Inicial=%1, Entrada=0, Compra=0, Salida=0, Venta=0, "
+                         "Merma=0, tag=Null where CODALM=?")
+              .arg(inicial),
+          fila_.CODALM));
+  if (n == 0) return false;
   TARVO_INTENTAR(borrarCeros(*db_, fila_.CODALM));
   const Almacenes::Fila antes = fila_;
   TARVO_INTENTAR(ponerFechaInicio(reloj_->ahora().dia()));
-  if (const auto hecho = t->confirmar(); !hecho) {
+  if (const auto hecho = t.confirmar(); !hecho) {
     fila_ = antes;
     return std::unexpected(hecho.error());
   }

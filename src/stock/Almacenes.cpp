@@ -33,13 +33,14 @@ struct GrupoSuelto {
   QString nombre;
 };
 Resultado<std::vector<GrupoSuelto>> gruposSinAlmacen(dao::Database& db) {
-  auto rs = db.consultar(
-      u"select CODGPO, NOMGPO from GRUPOS where coalesce(Almacen, 0)=0 order by CODGPO");
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(
+      auto rs,
+      db.consultar(
+          u"select CODGPO, NOMGPO from GRUPOS where coalesce(Almacen, 0)=0 order by CODGPO"));
   std::vector<GrupoSuelto> v;
-  while (!(*rs)->Eof()) {
-    v.push_back({static_cast<int>((*rs)->entero(0)), (*rs)->texto(1)});
-    TARVO_INTENTAR((*rs)->MoveNext());
+  while (!rs->Eof()) {
+    v.push_back({static_cast<int>(rs->entero(0)), rs->texto(1)});
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return v;
 }
@@ -50,80 +51,68 @@ Almacenes::Almacenes(dao::Database& db, Reloj& reloj, const Textos& textos)
     : db_(db), reloj_(reloj), textos_(textos) {}
 
 Resultado<> Almacenes::asegurar() {
-  auto t = dao::Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
-  const auto filas = Lista();
-  if (!filas) return std::unexpected(filas.error());
-  if (filas->empty()) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto filas, Lista());
+  if (filas.empty()) {
     TARVO_INTENTAR(db_.ejecutar(u"insert into ALMACEN (CODALM, NOMALM) values (1, ?)",
                                 textos_(kTxAlmacenUnico)));
     TARVO_INTENTAR(db_.ejecutar(u"update GRUPOS set Almacen=1"));
-    return t->confirmar();
+    return t.confirmar();
   }
-  if (filas->size() > 1) TARVO_INTENTAR(renombrarUnico(db_, *filas, textos_));
-  const auto sueltos = gruposSinAlmacen(db_);
-  if (!sueltos) return std::unexpected(sueltos.error());
-  for (const GrupoSuelto& g : *sueltos) {
-    const auto codigo = Siguiente();
-    if (!codigo) return std::unexpected(codigo.error());
-    const auto nuevo = Nuevo(*codigo, textos_(kTxAlmacenDeGrupo, {g.nombre}));
-    if (!nuevo) return std::unexpected(nuevo.error());
-    if (*nuevo)
-      TARVO_INTENTAR(
-          db_.ejecutar(u"update GRUPOS set Almacen=? where CODGPO=?", *codigo, g.codigo));
+  if (filas.size() > 1) TARVO_INTENTAR(renombrarUnico(db_, filas, textos_));
+  TARVO_TOMAR(const auto sueltos, gruposSinAlmacen(db_));
+  for (const GrupoSuelto& g : sueltos) {
+    TARVO_TOMAR(const auto codigo, Siguiente());
+    TARVO_TOMAR(const auto nuevo, Nuevo(codigo, textos_(kTxAlmacenDeGrupo, {g.nombre})));
+    if (nuevo)
+      TARVO_INTENTAR(db_.ejecutar(u"update GRUPOS set Almacen=? where CODGPO=?", codigo, g.codigo));
   }
-  return t->confirmar();
+  return t.confirmar();
 }
 
 Resultado<std::vector<Almacenes::Fila>> Almacenes::Lista() {
-  auto rs = db_.consultar(u"select CODALM, NOMALM, FCHINI, FCHREG from ALMACEN order by CODALM");
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(auto rs,
+              db_.consultar(u"select CODALM, NOMALM, FCHINI, FCHREG from ALMACEN order by CODALM"));
   std::vector<Fila> v;
-  while (!(*rs)->Eof()) {
-    const dao::Recordset& r = **rs;
+  while (!rs->Eof()) {
+    const dao::Recordset& r = *rs;
     v.push_back({static_cast<int>(r.entero(0)), r.texto(1), fechaDe(r, 2), fechaDe(r, 3)});
-    TARVO_INTENTAR((*rs)->MoveNext());
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return v;
 }
 
 Resultado<std::optional<Almacen>> Almacenes::almacen(int codigo) {
-  auto filas = Lista();
-  if (!filas) return std::unexpected(filas.error());
-  for (Fila& f : *filas)
+  TARVO_TOMAR(auto filas, Lista());
+  for (Fila& f : filas)
     if (f.CODALM == codigo) return Almacen(db_, reloj_, textos_, std::move(f));
   return std::nullopt;
 }
 
 Resultado<int> Almacenes::Siguiente() {
-  const auto ultimo = db_.uno(u"select max(CODALM) from ALMACEN");
-  if (!ultimo) return std::unexpected(ultimo.error());
-  return ultimo->nulo() ? 1 : static_cast<int>(ultimo->entero()) + 1;
+  TARVO_TOMAR(const auto ultimo, db_.uno(u"select max(CODALM) from ALMACEN"));
+  return ultimo.nulo() ? 1 : static_cast<int>(ultimo.entero()) + 1;
 }
 
 Resultado<std::optional<Almacen>> Almacenes::Nuevo(int codigo, const QString& nombre) {
-  auto t = dao::Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
-  const auto filas = Lista();
-  if (!filas) return std::unexpected(filas.error());
-  for (const Fila& f : *filas)
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto filas, Lista());
+  for (const Fila& f : filas)
     if (f.CODALM == codigo || sinBlancos(f.NOMALM) == sinBlancos(nombre)) return std::nullopt;
   TARVO_INTENTAR(
       db_.ejecutar(u"insert into ALMACEN (CODALM, NOMALM) values (?, ?)", codigo, nombre));
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return Almacen(db_, reloj_, textos_, Fila{codigo, nombre, {}, {}});
 }
 
 Resultado<bool> Almacenes::Eliminar(int codigo) {
-  const auto filas = db_.ejecutar(u"delete from ALMACEN where CODALM=?", codigo);
-  if (!filas) return std::unexpected(filas.error());
-  return *filas > 0;
+  TARVO_TOMAR(const auto filas, db_.ejecutar(u"delete from ALMACEN where CODALM=?", codigo));
+  return filas > 0;
 }
 
 Resultado<std::optional<int>> Almacenes::CodigoAlmacen(const QString& nombre) {
-  const auto filas = Lista();
-  if (!filas) return std::unexpected(filas.error());
-  for (const Fila& f : *filas)
+  TARVO_TOMAR(const auto filas, Lista());
+  for (const Fila& f : filas)
     if (f.NOMALM.compare(nombre, Qt::CaseInsensitive) == 0) return f.CODALM;
   return std::nullopt;
 }

@@ -12,10 +12,10 @@ struct Nota {
   int stkADO = 0, almacen = 0, origen = 0;
 };
 Resultado<std::optional<Nota>> leerNota(dao::Database& db, qint64 numero) {
-  auto rs = db.consultar(u"select stkADO, Almacen, Origen from ALBA_CAB where NUMALB=?", numero);
-  if (!rs) return std::unexpected(rs.error());
-  if ((*rs)->Eof()) return std::nullopt;
-  const auto entero = [&](int i) { return static_cast<int>((*rs)->entero(i)); };
+  TARVO_TOMAR(auto rs,
+              db.consultar(u"select stkADO, Almacen, Origen from ALBA_CAB where NUMALB=?", numero));
+  if (rs->Eof()) return std::nullopt;
+  const auto entero = [&](int i) { return static_cast<int>(rs->entero(i)); };
   return Nota{entero(0), entero(1), entero(2)};
 }
 
@@ -25,19 +25,20 @@ struct Linea {
   std::optional<qint64> coste;
 };
 Resultado<std::vector<Linea>> leerLineas(dao::Database& db, qint64 numero) {
-  auto rs = db.consultar(
-      u"select ALBA_LIN.SECCION, ALBA_LIN.CODIGO, coalesce(UNIDS, 0)+coalesce(PESO, 0), STOCK, "
-      u"COSTE "
-      u"from ALBA_LIN left join STOCKPLU on ALBA_LIN.SECCION=STOCKPLU.SECCION and "
-      u"ALBA_LIN.CODIGO=STOCKPLU.CODIGO where NUMALB=?",
-      numero);
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(
+      auto rs,
+      db.consultar(
+          u"select ALBA_LIN.SECCION, ALBA_LIN.CODIGO, coalesce(UNIDS, 0)+coalesce(PESO, 0), STOCK, "
+          u"COSTE "
+          u"from ALBA_LIN left join STOCKPLU on ALBA_LIN.SECCION=STOCKPLU.SECCION and "
+          u"ALBA_LIN.CODIGO=STOCKPLU.CODIGO where NUMALB=?",
+          numero));
   std::vector<Linea> v;
-  while (!(*rs)->Eof()) {
-    const dao::Recordset& r = **rs;
+  while (!rs->Eof()) {
+    const dao::Recordset& r = *rs;
     v.push_back({static_cast<int>(r.entero(0)), r.entero(1), r.entero(2), r.entero(3),
                  r.nulo(4) ? std::nullopt : std::optional(r.entero(4))});
-    TARVO_INTENTAR((*rs)->MoveNext());
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return v;
 }
@@ -57,10 +58,10 @@ Resultado<> actualizarCoste(dao::Database& db, const Linea& l, int modo) {
   if (!l.coste || (modo != 1 && modo != 2)) return {};
   std::optional<qint64> nuevo = l.coste;
   if (modo == 2) {
-    const auto antes =
-        db.uno(u"select coste from PLUSES where (SECCION=?) and (CODPLU=?)", l.seccion, l.codigo);
-    if (!antes) return std::unexpected(antes.error());
-    nuevo = costeMedio(l, antes->entero());
+    TARVO_TOMAR(
+        const auto antes,
+        db.uno(u"select coste from PLUSES where (SECCION=?) and (CODPLU=?)", l.seccion, l.codigo));
+    nuevo = costeMedio(l, antes.entero());
   }
   if (!nuevo) return {};
   TARVO_INTENTAR(db.ejecutar(u"update PLUSES set coste=? where (SECCION=?) and (CODPLU=?)", *nuevo,
@@ -81,16 +82,13 @@ Resultado<> moverLinea(dao::Database& db, const Linea& l, int almacen, int orige
 }  // namespace
 
 Resultado<bool> Almacen::IncorporarAlbaran(qint64 numero, int modoCoste, bool quitar) {
-  auto t = dao::Transaccion::empezar(*db_);
-  if (!t) return std::unexpected(t.error());
-  const auto nota = leerNota(*db_, numero);
-  if (!nota) return std::unexpected(nota.error());
-  if (!*nota) return false;
-  const Nota& n = **nota;
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(*db_));
+  TARVO_TOMAR(const auto nota, leerNota(*db_, numero));
+  if (!nota) return false;
+  const Nota& n = *nota;
   if (n.stkADO != 0 && n.almacen != 0 && n.almacen != fila_.CODALM) return false;
-  auto lineas = leerLineas(*db_, numero);
-  if (!lineas) return std::unexpected(lineas.error());
-  for (Linea& l : *lineas) {
+  TARVO_TOMAR(auto lineas, leerLineas(*db_, numero));
+  for (Linea& l : lineas) {
     if (quitar) l.cantidad = -l.cantidad;
     TARVO_INTENTAR(moverLinea(*db_, l, fila_.CODALM, n.origen, modoCoste));
   }
@@ -99,7 +97,7 @@ Resultado<bool> Almacen::IncorporarAlbaran(qint64 numero, int modoCoste, bool qu
                                stk == 0 ? dao::Valor() : dao::Valor(fila_.CODALM), numero));
   TARVO_INTENTAR(borrarCeros(*db_, fila_.CODALM));
   if (n.origen != 0) TARVO_INTENTAR(borrarCeros(*db_, n.origen));
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return true;
 }
 

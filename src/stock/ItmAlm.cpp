@@ -5,18 +5,16 @@ namespace tarvo::stock {
 
 Resultado<> ItmAlm::Init(dao::Database& db, int almacen, int seccion, qint64 codigo) {
   db_ = &db, almacen_ = almacen, seccion_ = seccion, codigo_ = codigo;
-  const auto cada =
-      db.uno(u"select CADA from PLUSES where (SECCION=?) and (CODPLU=?)", seccion, codigo);
-  if (!cada) return std::unexpected(cada.error());
-  cada_ = static_cast<int>(cada->entero());
+  TARVO_TOMAR(const auto cada,
+              db.uno(u"select CADA from PLUSES where (SECCION=?) and (CODPLU=?)", seccion, codigo));
+  cada_ = static_cast<int>(cada.entero());
   c_ = {};
-  auto rs = db.consultar(
-      u"select Inicial, Entrada, Compra, Salida, Venta, Merma from MovsAlm "
-      u"where (CODALM=?) and (SECCION=?) and (CODIGO=?)",
-      almacen, seccion, codigo);
-  if (!rs) return std::unexpected(rs.error());
-  if (!(*rs)->Eof())
-    for (int i = 0; i < 6; ++i) c_[static_cast<size_t>(i)] = (*rs)->entero(i);
+  TARVO_TOMAR(auto rs,
+              db.consultar(u"select Inicial, Entrada, Compra, Salida, Venta, Merma from MovsAlm "
+                           u"where (CODALM=?) and (SECCION=?) and (CODIGO=?)",
+                           almacen, seccion, codigo));
+  if (!rs->Eof())
+    for (int i = 0; i < 6; ++i) c_[static_cast<size_t>(i)] = rs->entero(i);
   return {};
 }
 
@@ -25,9 +23,8 @@ qint64 ItmAlm::Stock() const {
 }
 
 Resultado<> ItmAlm::poner(Contador c, qint64 valor) {
-  const auto filas = fijarContador(*db_, {almacen_, seccion_, codigo_}, c, valor);
-  if (!filas) return std::unexpected(filas.error());
-  if (*filas > 0) c_[c] = valor;
+  TARVO_TOMAR(const auto filas, fijarContador(*db_, {almacen_, seccion_, codigo_}, c, valor));
+  if (filas > 0) c_[c] = valor;
   return {};
 }
 

@@ -44,12 +44,11 @@ Resultado<std::vector<Almacenes::FilaStock>> listarStock(dao::Database& db,
           .arg(almacen ? kDeUno : kDeTodos, condicion(como.vista),
                como.orden == 1 ? QStringLiteral("NOMPLU, PLUSES.SECCION, CODPLU")
                                : QStringLiteral("PLUSES.SECCION, CODPLU"));
-  auto rs = db.consultar(sql, almacen.value_or(-1), como.seccion, como.seccion);
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(auto rs, db.consultar(sql, almacen.value_or(-1), como.seccion, como.seccion));
   std::vector<Almacenes::FilaStock> v;
-  while (!(*rs)->Eof()) {
-    v.push_back(filaDe(**rs));
-    TARVO_INTENTAR((*rs)->MoveNext());
+  while (!rs->Eof()) {
+    v.push_back(filaDe(*rs));
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return v;
 }

@@ -8,8 +8,7 @@ namespace {
 Resultado<qint64> escribirContador(dao::Database& db, const Casilla& d, int contador, qint64 valor,
                                    const QString& cambio) {
   const QString campo = QString::fromUtf16(kContadores[static_cast<size_t>(contador)]);
-  auto t = dao::Transaccion::empezar(db);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db));
   auto filas = db.ejecutar(
       QStringLiteral("UPDATE MovsAlm SET %1=%2 WHERE CODALM=? AND SECCION=? AND CODIGO=?")
           .arg(campo, QString(cambio).replace(u'@', campo)),
@@ -26,7 +25,7 @@ Resultado<qint64> escribirContador(dao::Database& db, const Casilla& d, int cont
                         d.almacen, d.seccion, d.codigo, valor);
     if (!filas) return filas;
   }
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return filas;
 }
 

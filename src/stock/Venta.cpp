@@ -42,37 +42,34 @@ QString filasPropias(dao::Database& db, qint64 link) {
 }  // namespace
 
 Resultado<> Almacenes::descontarFilas(const QString& consulta, int veces) {
-  auto t = dao::Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   TARVO_INTENTAR(db_.ejecutar(kVentas.arg(consulta), veces));
   TARVO_INTENTAR(borrarCeros(db_));
-  return t->confirmar();
+  return t.confirmar();
 }
 
 Resultado<> Almacenes::puedeDescontar(qint64 link) {
-  const auto rs = db_.consultar(
-      u"SELECT DISTINCT g.CODGPO FROM TOTPLU t INNER JOIN GRUPOS g ON g.CODGPO=t.GRUPO WHERE "
-      u"t.LINK=? AND g.Almacen>0 AND (g.SECCION IS NULL OR NOT EXISTS (SELECT 1 FROM ALMACEN a "
-      u"WHERE a.CODALM=g.Almacen)) ORDER BY g.CODGPO",
-      link);
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(
+      const auto rs,
+      db_.consultar(
+          u"SELECT DISTINCT g.CODGPO FROM TOTPLU t INNER JOIN GRUPOS g ON g.CODGPO=t.GRUPO WHERE "
+          u"t.LINK=? AND g.Almacen>0 AND (g.SECCION IS NULL OR NOT EXISTS (SELECT 1 FROM ALMACEN a "
+          u"WHERE a.CODALM=g.Almacen)) ORDER BY g.CODGPO",
+          link));
   QStringList grupos;
-  for (; !(*rs)->Eof(); static_cast<void>((*rs)->MoveNext()))
-    grupos += QString::number((*rs)->entero(0));
+  for (; !rs->Eof(); static_cast<void>(rs->MoveNext())) grupos += QString::number(rs->entero(0));
   if (grupos.isEmpty()) return {};
   return fallo(Fallo::Restriccion, textos_(kTxGruposSinStock, {grupos.join(u", ")}));
 }
 
 Resultado<bool> Almacenes::DescontarVenta(qint64 link, int veces) {
-  auto t = dao::Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
-  const auto puede = db_.uno(u"select stkABLE from COLUMNA where LINK=?", link);
-  if (!puede) return std::unexpected(puede.error());
-  if (!puede->logico()) return false;
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto puede, db_.uno(u"select stkABLE from COLUMNA where LINK=?", link));
+  if (!puede.logico()) return false;
   TARVO_INTENTAR(descontarFilas(filasPropias(db_, link), veces));
   TARVO_INTENTAR(
       db_.ejecutar(u"update COLUMNA set stkADO=coalesce(stkADO, 0)+? where LINK=?", veces, link));
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return true;
 }
 

@@ -8,8 +8,8 @@
 #include "core/esquema/Esquema.h"
 #include "enlace/CableMemoria.h"
 #include "textos/TextosDePrueba.h"
-#include "totals/TablasLibros.h"
-#include "totals/TablasTotales.h"
+#include "totals/libros/TablasLibros.h"
+#include "totals/periodos/TablasTotales.h"
 
 namespace tarvo::automation {
 

@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 
 #include "Banco.h"
-#include "automation/Proceso.h"
+#include "automation/lenguaje/Proceso.h"
 #include "textos/TextosDePrueba.h"
 
 namespace tarvo::automation {

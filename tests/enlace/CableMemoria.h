@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-#include "comm/enlace/LinkSocket.h"
+#include "comm/cables/LinkSocket.h"
 #include "core/tiempo/Reloj.h"
 
 namespace tarvo::pruebas {

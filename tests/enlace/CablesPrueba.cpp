@@ -12,7 +12,7 @@
 #include <QTemporaryDir>
 #include <QThread>
 
-#include "comm/enlace/FabricaReal.h"
+#include "comm/cables/FabricaReal.h"
 #include "enlace/BancoEnlaces.h"
 
 using namespace tarvo;

@@ -1,6 +1,6 @@
 // Opening, sharing and ending of links, with wires in memory.
+#include "comm/cables/Parametros.h"
 #include "comm/enlace/Errores.h"
-#include "comm/enlace/Parametros.h"
 #include "enlace/BancoEnlaces.h"
 
 using namespace tarvo;

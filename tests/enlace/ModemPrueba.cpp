@@ -8,8 +8,8 @@
 #include <QSocketNotifier>
 #include <QThread>
 
-#include "comm/enlace/FabricaReal.h"
-#include "comm/enlace/Hayes.h"
+#include "comm/cables/FabricaReal.h"
+#include "comm/cables/Hayes.h"
 #include "enlace/BancoEnlaces.h"
 
 using namespace tarvo;

@@ -8,8 +8,8 @@
 #include <memory>
 
 #include "core/tiempo/Reloj.h"
-#include "totals/CerrSes.h"
-#include "totals/VerTot.h"
+#include "totals/libros/CerrSes.h"
+#include "totals/periodos/VerTot.h"
 
 namespace tarvo::prueba {
 

@@ -3,8 +3,8 @@
 #include "comm/envios/TablasEnvios.h"
 #include "core/esquema/Esquema.h"
 #include "textos/TextosDePrueba.h"
-#include "totals/TablasLibros.h"
-#include "totals/TablasTotales.h"
+#include "totals/libros/TablasLibros.h"
+#include "totals/periodos/TablasTotales.h"
 
 namespace tarvo::prueba {
 

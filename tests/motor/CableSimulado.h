@@ -5,7 +5,7 @@
 #include <map>
 #include <memory>
 
-#include "comm/enlace/LinkSocket.h"
+#include "comm/cables/LinkSocket.h"
 #include "core/tiempo/Reloj.h"
 #include "simulador/Cable.h"
 

@@ -4,7 +4,7 @@
 
 #include <map>
 
-#include "comm/enlace/LinkSocket.h"
+#include "comm/cables/LinkSocket.h"
 #include "noches/Plan.h"
 #include "simulador/Cable.h"
 

@@ -6,8 +6,8 @@
 #include "comm/tareas/Registro.h"
 #include "core/esquema/Esquema.h"
 #include "noches/Mundo.h"
-#include "totals/TablasLibros.h"
-#include "totals/TablasTotales.h"
+#include "totals/libros/TablasLibros.h"
+#include "totals/periodos/TablasTotales.h"
 
 namespace tarvo::noches {
 

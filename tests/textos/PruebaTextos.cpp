@@ -29,7 +29,8 @@ Resultado<Textos> tabla(const QByteArray& contenido) {
 
 TEST(Textos, LaTablaDaCadaTextoConSusBlancosFinales) {
   const auto t = tabla(
-      "\xEF\xBB\xBF# grupo\r\n\r\n0\tE\r\n7\tEl error es: '\r\n8\t 'No hay' '\n9\t\n10\ta\tb''");
+      "\xEF\xBB\xBF# grupo\r\n\r\n0\tE\r\n7\tEl error es: '\r\n8\t 'No hay' "
+      "'\n9\t\n10\tb''\tsala.kTxNombre\n12\tc\t+");
   ASSERT_TRUE(t) << t.error().texto.toStdString();
   const std::pair<int, const char*> casos[] = {{0, "E"}, {7, "El error es: "}, {8, " 'No hay' "},
                                                {9, ""},  {10, "a\tb'"},        {11, ""}};

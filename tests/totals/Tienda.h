@@ -5,9 +5,9 @@
 #include "core/tiempo/Reloj.h"
 #include "stock/BaseVacia.h"
 #include "textos/TextosDePrueba.h"
-#include "totals/TablasTotales.h"
-#include "totals/VerTot.h"
-#include "totals/XporTot.h"
+#include "totals/intercambio/XporTot.h"
+#include "totals/periodos/TablasTotales.h"
+#include "totals/periodos/VerTot.h"
 
 namespace tarvo::prueba {
 

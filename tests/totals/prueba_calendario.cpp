@@ -1,4 +1,4 @@
-#include "totals/Calendario.h"
+#include "totals/periodos/Calendario.h"
 
 using namespace tarvo;
 using namespace tarvo::totals;

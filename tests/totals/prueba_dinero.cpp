@@ -1,5 +1,5 @@
 #include "core/dinero/Dinero.h"
-#include "totals/Clases.h"
+#include "totals/periodos/Clases.h"
 
 using namespace tarvo;
 using namespace tarvo::totals;

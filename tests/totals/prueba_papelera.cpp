@@ -2,11 +2,11 @@
 // follow.
 #include <gtest/gtest.h>
 
-#include "totals/ConsultaFilas.h"
-#include "totals/Manuales.h"
-#include "totals/Papelera.h"
-#include "totals/TablasLibros.h"
 #include "totals/Tienda.h"
+#include "totals/libros/TablasLibros.h"
+#include "totals/periodos/ConsultaFilas.h"
+#include "totals/periodos/Manuales.h"
+#include "totals/periodos/Papelera.h"
 
 namespace tarvo::prueba {
 

@@ -9,8 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "core/ventanas/Escritorio.h"
-#include "core/ventanas/Parrilla.h"
+#include "core/ventanas/marco/Escritorio.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::prueba {
 

@@ -8,7 +8,7 @@
 #include <QTimer>
 
 #include "capturas/Cortes.h"
-#include "core/ventanas/Parrilla.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::capturas {
 

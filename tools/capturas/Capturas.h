@@ -3,7 +3,7 @@
 
 #include <QStringList>
 
-#include "core/ventanas/Escritorio.h"
+#include "core/ventanas/marco/Escritorio.h"
 
 namespace tarvo::capturas {
 

@@ -14,7 +14,7 @@
 #include <QTabBar>
 #include <QToolButton>
 
-#include "core/ventanas/Medidas.h"
+#include "core/ventanas/aspecto/Medidas.h"
 
 namespace tarvo::capturas {
 

@@ -96,9 +96,8 @@ Resultado<Fallos> fallosDeJson(const QJsonObject& json) {
     fallos.probabilidad[static_cast<std::size_t>(*averia)] = it.value().toDouble();
   }
   for (const auto& paso : json.value(QLatin1String("guion")).toArray()) {
-    auto leido = pasoDeJson(paso.toObject());
-    if (!leido) return std::unexpected(leido.error());
-    fallos.guion.push_back(*leido);
+    TARVO_TOMAR(auto leido, pasoDeJson(paso.toObject()));
+    fallos.guion.push_back(leido);
   }
   fallos.conexionesRechazadas = static_cast<int>(entero(json, "conexionesRechazadas"));
   fallos.oscuraMs = static_cast<int>(entero(json, "oscuraMs", fallos.oscuraMs));
@@ -189,9 +188,8 @@ QJsonObject estadoAJson(const Maquina& maquina, int diasVendidos) {
 Resultado<int> restaurarEstado(Maquina& maquina, const QJsonObject& json) {
   std::vector<Venta> libro;
   for (const auto& valor : json.value(QLatin1String("libro")).toArray()) {
-    auto venta = ventaDeJson(valor.toObject());
-    if (!venta) return std::unexpected(venta.error());
-    libro.push_back(*venta);
+    TARVO_TOMAR(auto venta, ventaDeJson(valor.toObject()));
+    libro.push_back(venta);
   }
   std::vector<PuestaACero> puestas;
   std::size_t leidas = 0;
@@ -210,9 +208,8 @@ Resultado<int> restaurarEstado(Maquina& maquina, const QJsonObject& json) {
   }
   Catalogo catalogo;
   for (const auto& valor : json.value(QLatin1String("articulos")).toArray()) {
-    auto articulo = articuloDeJson(valor.toObject());
-    if (!articulo) return std::unexpected(articulo.error());
-    catalogo[articulo->codigo] = *articulo;
+    TARVO_TOMAR(auto articulo, articuloDeJson(valor.toObject()));
+    catalogo[articulo.codigo] = articulo;
   }
   Memoria& memoria = maquina.memoria();
   memoria.catalogo = std::move(catalogo);

@@ -3,8 +3,8 @@
 #include <QDir>
 
 #include "app/ventanas/TextosPrincipal.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Tema.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
 
 namespace tarvo::app {
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/ajustes/Ajustes.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_ElemPerso.h"
 
 namespace tarvo::app {

@@ -3,7 +3,7 @@
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 
-#include "core/ventanas/Medidas.h"
+#include "core/ventanas/aspecto/Medidas.h"
 
 namespace tarvo::app {
 

@@ -10,9 +10,9 @@
 #include "app/ventanas/Manana.h"
 #include "app/ventanas/SysTray.h"
 #include "app/ventanas/TextosPrincipal.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Tira.h"
-#include "core/ventanas/Ventanas.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::app {
 

@@ -4,8 +4,8 @@
 #pragma once
 
 #include "app/Aplicacion.h"
-#include "core/ventanas/Captura.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Captura.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_MainTarvo.h"
 
 class QMenu;

@@ -6,9 +6,9 @@
 #include "app/ventanas/Entrada.h"
 #include "app/ventanas/MainTarvo.h"
 #include "app/ventanas/TextosPrincipal.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Retenida.h"
-#include "core/ventanas/Ventanas.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Retenida.h"
+#include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::app {
 

@@ -6,8 +6,8 @@
 
 #include "app/Aplicacion.h"
 #include "app/ventanas/TextosPrincipal.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Ventanas.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::app {
 

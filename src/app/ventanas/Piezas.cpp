@@ -6,7 +6,7 @@
 #include <QLabel>
 #include <QPainter>
 
-#include "core/ventanas/Medidas.h"
+#include "core/ventanas/aspecto/Medidas.h"
 
 namespace tarvo::app {
 

@@ -4,8 +4,8 @@
 
 #include "app/ventanas/Entrada.h"
 #include "app/ventanas/TextosPrincipal.h"
-#include "core/ventanas/Escritorio.h"
-#include "core/ventanas/Medidas.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Escritorio.h"
 
 namespace tarvo::app {
 

@@ -1,7 +1,7 @@
 // Configuration and utilities.
 #pragma once
 
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_PortalCnf.h"
 
 namespace tarvo::app {

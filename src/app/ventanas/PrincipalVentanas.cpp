@@ -9,9 +9,9 @@
 #include "app/TextosApp.h"
 #include "app/ventanas/PreguntasApp.h"
 #include "app/ventanas/Registro.h"
-#include "core/ventanas/Escritorio.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/Tema.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/Escritorio.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 
 namespace tarvo::app {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/Aplicacion.h"
-#include "core/ventanas/Ventanas.h"
+#include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::app {
 

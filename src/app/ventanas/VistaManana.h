@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "automation/Resumen.h"
-#include "core/ventanas/Columna.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/parrilla/Columna.h"
 
 namespace tarvo::app {
 

@@ -50,15 +50,13 @@ Campo campoDe(Falta f) {
 
 Resultado<Departamentos> Departamentos::leer(dao::Database& db) {
   Departamentos d;
-  auto secciones = db.consultar(u"SELECT NMSECC FROM SECCS");
-  if (!secciones) return std::unexpected(secciones.error());
-  for (auto& rs = **secciones; !rs.Eof();) {
+  TARVO_TOMAR(auto secciones, db.consultar(u"SELECT NMSECC FROM SECCS"));
+  for (auto& rs = *secciones; !rs.Eof();) {
     d.deptos_[static_cast<int>(rs.entero(0))];
     TARVO_INTENTAR(rs.MoveNext());
   }
-  auto deptos = db.consultar(u"SELECT SECCION, NUMDEP, NomDep FROM DEPTS");
-  if (!deptos) return std::unexpected(deptos.error());
-  for (auto& rs = **deptos; !rs.Eof();) {
+  TARVO_TOMAR(auto deptos, db.consultar(u"SELECT SECCION, NUMDEP, NomDep FROM DEPTS"));
+  for (auto& rs = *deptos; !rs.Eof();) {
     d.deptos_[static_cast<int>(rs.entero(0))][static_cast<int>(rs.entero(1))] =
         dao::claveOrden(rs.texto(2).simplified());
     TARVO_INTENTAR(rs.MoveNext());

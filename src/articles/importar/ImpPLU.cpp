@@ -62,9 +62,8 @@ ImpPLU::~ImpPLU() = default;
 
 Resultado<std::unique_ptr<ImpPLU>> ImpPLU::abrir(dao::Database& db, articles::Catalogo& catalogo,
                                                  Reloj& reloj, const QString& ruta) {
-  auto bytes = leerFichero(ruta, catalogo.textos());
-  if (!bytes) return std::unexpected(bytes.error());
-  return std::unique_ptr<ImpPLU>(new ImpPLU(db, catalogo, reloj, std::move(*bytes)));
+  TARVO_TOMAR(auto bytes, leerFichero(ruta, catalogo.textos()));
+  return std::unique_ptr<ImpPLU>(new ImpPLU(db, catalogo, reloj, std::move(bytes)));
 }
 
 qint64 ImpPLU::lote() const {
@@ -73,30 +72,27 @@ qint64 ImpPLU::lote() const {
 
 Resultado<> ImpPLU::empezar() {
   auto e = std::make_unique<Escritura>();
-  const auto lote = lotes_.empezar(kVentanaPLU);
-  if (!lote) return std::unexpected(lote.error());
-  e->lote = *lote;
+  TARVO_TOMAR(const auto lote, lotes_.empezar(kVentanaPLU));
+  e->lote = lote;
   const QStringList c = columnas();
   const QString marcas = QString(u"?, "_s).repeated(c.size() + 2).chopped(2);
-  auto insertar = db_.preparar(
-      u"INSERT INTO PLUSES (%1, SECCION, CODPLU, %2) VALUES (%3, %4) "
-      u"ON CONFLICT (SECCION, CODPLU) DO NOTHING"_s.arg(c.join(u", "), kDefectos.join(u", "),
-                                                        marcas, kValoresDefecto));
-  if (!insertar) return std::unexpected(insertar.error());
-  auto cambiar =
-      db_.preparar(u"UPDATE PLUSES SET %1=? WHERE SECCION=? AND CODPLU=?"_s.arg(c.join(u"=?, ")));
-  if (!cambiar) return std::unexpected(cambiar.error());
-  auto historia = db_.preparar(
-      u"INSERT INTO HistoriaPrecios (SECCION, CODPLU, NIVEL, TARIFA, AHORA, ANTES, CUANDO, QUIEN, "
-      u"VENTANA) VALUES (?, ?, ?, ?, ?, 0, ?, ?, ?)");
-  if (!historia) return std::unexpected(historia.error());
+  TARVO_TOMAR(auto insertar,
+              db_.preparar(u"INSERT INTO PLUSES (%1, SECCION, CODPLU, %2) VALUES (%3, %4) "
+                           u"ON CONFLICT (SECCION, CODPLU) DO NOTHING"_s.arg(
+                               c.join(u", "), kDefectos.join(u", "), marcas, kValoresDefecto)));
+  TARVO_TOMAR(
+      auto cambiar,
+      db_.preparar(u"UPDATE PLUSES SET %1=? WHERE SECCION=? AND CODPLU=?"_s.arg(c.join(u"=?, "))));
+  TARVO_TOMAR(auto historia, db_.preparar(u"INSERT INTO HistoriaPrecios (SECCION, CODPLU, NIVEL, "
+                                          u"TARIFA, AHORA, ANTES, CUANDO, QUIEN, "
+                                          u"VENTANA) VALUES (?, ?, ?, ?, ?, 0, ?, ?, ?)"));
   int comun = 5;  // the same for all of the run
   for (const dao::Valor& v :
        {dao::Valor(reloj_.ahora()), dao::Valor(catalogo_.quien()), dao::Valor(kVentanaPLU)})
-    (*historia)->ligar(comun++, v);
-  e->historia = std::move(*historia);
-  e->insertar = std::move(*insertar);
-  e->cambiar = std::move(*cambiar);
+    historia->ligar(comun++, v);
+  e->historia = std::move(historia);
+  e->insertar = std::move(insertar);
+  e->cambiar = std::move(cambiar);
   e_ = std::move(e);
   return {};
 }
@@ -104,8 +100,7 @@ Resultado<> ImpPLU::empezar() {
 Resultado<bool> ImpPLU::paso(SiExiste siExiste) {
   const Cuenta antes = cuenta_;
   auto hecho = [&]() -> Resultado<bool> {
-    auto t = dao::Transaccion::empezar(db_);
-    if (!t) return std::unexpected(t.error());
+    TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
     if (!e_) TARVO_INTENTAR(empezar());
     bool hayMas = true;
     for (int i = 0; hayMas && i < kLineasPorPaso; ++i) {
@@ -113,7 +108,7 @@ Resultado<bool> ImpPLU::paso(SiExiste siExiste) {
       if (!r) return r;
       hayMas = *r;
     }
-    TARVO_INTENTAR(t->confirmar());
+    TARVO_INTENTAR(t.confirmar());
     return hayMas;
   }();
   if (!hecho) cuenta_ = antes;
@@ -145,9 +140,8 @@ Resultado<bool> ImpPLU::linea(SiExiste siExiste) {
 
 Resultado<> ImpPLU::escribir(const RegistroPLU& r, SiExiste siExiste) {
   ligar(*e_->insertar, r);
-  const auto n = e_->insertar->ejecutar();
-  if (!n) return std::unexpected(n.error());
-  if (*n > 0) {
+  TARVO_TOMAR(const auto n, e_->insertar->ejecutar());
+  if (n > 0) {
     TARVO_INTENTAR(lotes_.guardarNuevo(e_->lote, r.clave));
     TARVO_INTENTAR(anotarLlegada(r));
     ++cuenta_.nuevos;
@@ -180,13 +174,12 @@ Resultado<> ImpPLU::anotarLlegada(const RegistroPLU& r) {
 }
 
 Resultado<> ImpPLU::sobreescribir(const RegistroPLU& r) {
-  const auto antes = catalogo_.leer(r.clave);
-  if (!antes) return std::unexpected(antes.error());
+  TARVO_TOMAR(const auto antes, catalogo_.leer(r.clave));
   TARVO_INTENTAR(lotes_.guardar(e_->lote, r.clave));
   ligar(*e_->cambiar, r);
   TARVO_INTENTAR(e_->cambiar->ejecutar());
-  if (!*antes) return {};
-  return catalogo_.anotarPrecios(r.clave, (*antes)->precios, r.precios, kVentanaPLU);
+  if (!antes) return {};
+  return catalogo_.anotarPrecios(r.clave, antes->precios, r.precios, kVentanaPLU);
 }
 
 Resultado<> ImpPLU::acabar() {

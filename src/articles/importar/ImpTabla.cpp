@@ -33,9 +33,8 @@ struct ImpTabla::Pase {
   explicit Pase(std::unique_ptr<dao::Recordset> abierto) : rs(std::move(abierto)), columnas(*rs) {}
 
   Resultado<std::optional<Articulo>> buscar(ClaveArticulo clave) {
-    const auto hay = rs->Seek(dao::Busca::Igual, clave.seccion, clave.codigo);
-    if (!hay) return std::unexpected(hay.error());
-    if (!*hay) return std::nullopt;
+    TARVO_TOMAR(const auto hay, rs->Seek(dao::Busca::Igual, clave.seccion, clave.codigo));
+    if (!hay) return std::nullopt;
     return columnas.leer(*rs);
   }
 };
@@ -56,13 +55,11 @@ Resultado<std::unique_ptr<ImpTabla>> ImpTabla::crear(dao::Database& db,
                                                      articles::Catalogo& catalogo, Reloj& reloj,
                                                      const Ajustes& ajustes, const Tabla& tabla,
                                                      const Plan& plan) {
-  auto deptos = Departamentos::leer(db);
-  if (!deptos) return std::unexpected(deptos.error());
+  TARVO_TOMAR(auto deptos, Departamentos::leer(db));
   std::unique_ptr<ImpTabla> i(
-      new ImpTabla(db, catalogo, reloj, ajustes, tabla, plan, std::move(*deptos)));
-  auto pase = i->nuevoPase();
-  if (!pase) return std::unexpected(pase.error());
-  i->ensayo_ = std::move(*pase);
+      new ImpTabla(db, catalogo, reloj, ajustes, tabla, plan, std::move(deptos)));
+  TARVO_TOMAR(auto pase, i->nuevoPase());
+  i->ensayo_ = std::move(pase);
   return i;
 }
 
@@ -71,17 +68,15 @@ int ImpTabla::filas() const {
 }
 
 Resultado<std::unique_ptr<ImpTabla::Pase>> ImpTabla::nuevoPase() {
-  auto rs = db_.OpenTable(u"PLUSES", u"PrimaryKey");
-  if (!rs) return std::unexpected(rs.error());
-  return std::make_unique<Pase>(std::move(*rs));
+  TARVO_TOMAR(auto rs, db_.OpenTable(u"PLUSES", u"PrimaryKey"));
+  return std::make_unique<Pase>(std::move(rs));
 }
 
 Resultado<bool> ImpTabla::ensayar() {
   for (int i = 0; i < kFilasPorPaso && ensayadas() < filas(); ++i) {
-    auto p = proponer(*ensayo_, plan_.primeraFila + ensayadas());
-    if (!p) return std::unexpected(p.error());
-    ++cuantas_[static_cast<size_t>(p->que)];
-    propuestas_.push_back(std::move(*p));
+    TARVO_TOMAR(auto p, proponer(*ensayo_, plan_.primeraFila + ensayadas()));
+    ++cuantas_[static_cast<size_t>(p.que)];
+    propuestas_.push_back(std::move(p));
   }
   if (ensayadas() < filas()) return true;
   negarCodigos();
@@ -101,17 +96,15 @@ Resultado<Propuesta> ImpTabla::proponer(Pase& pase, int fila) {
   p.clave = *clave;
   const auto [otra, primera] = pase.vistas.emplace(*clave, p.linea);
   if (!primera) return rechazar(t(kTxRepetido, {Ceros(clave->codigo, 7), otra->second}));
-  const auto antes = pase.buscar(*clave);
-  if (!antes) return std::unexpected(antes.error());
-  if (*antes) p.nombre = (*antes)->nombre;
-  const Leido ahora = leer(fila, *clave, *antes);
+  TARVO_TOMAR(const auto antes, pase.buscar(*clave));
+  if (antes) p.nombre = antes->nombre;
+  const Leido ahora = leer(fila, *clave, antes);
   if (!ahora) return rechazar(ahora.error());
-  const auto ajeno = codigoAjeno(fila - plan_.primeraFila, *antes, *ahora);
-  if (!ajeno) return std::unexpected(ajeno.error());
-  if (*ajeno) return rechazar(**ajeno);
+  TARVO_TOMAR(const auto ajeno, codigoAjeno(fila - plan_.primeraFila, antes, *ahora));
+  if (ajeno) return rechazar(*ajeno);
   p.nombre = ahora->nombre;
-  p.que = !*antes ? Que::Nuevo : **antes == *ahora ? Que::Igual : Que::Cambia;
-  if (p.que != Que::Igual) p.cambios = comparar(*antes, *ahora);
+  p.que = !antes ? Que::Nuevo : *antes == *ahora ? Que::Igual : Que::Cambia;
+  if (p.que != Que::Igual) p.cambios = comparar(antes, *ahora);
   return p;
 }
 
@@ -129,10 +122,9 @@ Resultado<std::optional<QString>> ImpTabla::codigoAjeno(int fila,
                                                         const Articulo& ahora) {
   const auto viejo = antes ? antes->codBarExt : std::nullopt;
   if (ahora.codBarExt == viejo || !ahora.codBarExt) return std::nullopt;
-  const auto otro = reparto_.pedir(db_, fila, ahora.clave, viejo, *ahora.codBarExt);
-  if (!otro) return std::unexpected(otro.error());
-  if (!*otro) return std::nullopt;
-  return catalogo_.textos()(kTxCodigoDeOtro, {*ahora.codBarExt, Ceros(**otro, 7)});
+  TARVO_TOMAR(const auto otro, reparto_.pedir(db_, fila, ahora.clave, viejo, *ahora.codBarExt));
+  if (!otro) return std::nullopt;
+  return catalogo_.textos()(kTxCodigoDeOtro, {*ahora.codBarExt, Ceros(*otro, 7)});
 }
 
 // What only shows when all rows are known: that a bar code stays where it is.

@@ -16,15 +16,14 @@ const QString kVentanaTabla = u"ImpTabla"_s;
 }  // namespace
 
 Resultado<bool> ImpTabla::aplicar() {
-  auto t = dao::Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   const auto antes = std::pair(lote_, hecho_);
   const int hasta = std::min(aplicadas_ + kEscritasPorPaso, ensayadas());
   auto hecho = [&]() -> Resultado<> {
     if (aplicadas_ == 0) TARVO_INTENTAR(aplicarJuntas());
     for (int i = aplicadas_; i < hasta; ++i)
       if (!juntas_.contains(i)) TARVO_INTENTAR(aplicarUna(i));
-    return t->confirmar();
+    return t.confirmar();
   }();
   if (!hecho) {
     std::tie(lote_, hecho_) = antes;
@@ -43,13 +42,12 @@ void ImpTabla::rechazar(int cual, const QString& motivo) {
 Resultado<> ImpTabla::aplicarUna(int cual) {
   const Propuesta& p = propuestas_[static_cast<size_t>(cual)];
   if (p.que == Que::Rechazada) return rechazar(cual, p.motivo), Resultado<>{};
-  const auto antes = catalogo_.leer(p.clave);
-  if (!antes) return std::unexpected(antes.error());
-  const Leido ahora = leer(plan_.primeraFila + cual, p.clave, *antes);
+  TARVO_TOMAR(const auto antes, catalogo_.leer(p.clave));
+  const Leido ahora = leer(plan_.primeraFila + cual, p.clave, antes);
   if (!ahora) return rechazar(cual, ahora.error()), Resultado<>{};
-  if (*antes && **antes == *ahora) return {};
-  const auto escrito = escribir(*antes, *ahora);
-  if (escrito) return ++(*antes ? hecho_.cambiados : hecho_.nuevos), Resultado<>{};
+  if (antes && *antes == *ahora) return {};
+  const auto escrito = escribir(antes, *ahora);
+  if (escrito) return ++(antes ? hecho_.cambiados : hecho_.nuevos), Resultado<>{};
   if (escrito.error().clase == Fallo::Duplicado)
     return rechazar(cual, escrito.error().texto), Resultado<>{};
   return fallo(escrito.error().clase,
@@ -59,16 +57,14 @@ Resultado<> ImpTabla::aplicarUna(int cual) {
 // Rows that pass bar codes on among themselves: all of them let go of theirs first, in one
 // transaction.
 Resultado<> ImpTabla::aplicarJuntas() {
-  const auto como = juntasComoDebian();
-  if (!como) return std::unexpected(como.error());
+  TARVO_TOMAR(const auto como, juntasComoDebian());
   for (const int cual : juntas_)
-    if (!*como) rechazar(cual, catalogo_.textos()(kTxCodigosMovidos));
-  if (!*como) return {};
+    if (!como) rechazar(cual, catalogo_.textos()(kTxCodigosMovidos));
+  if (!como) return {};
   for (const int cual : juntas_) {
     const auto clave = propuestas_[static_cast<size_t>(cual)].clave;
-    const auto antes = catalogo_.leer(clave);
-    if (!antes) return std::unexpected(antes.error());
-    TARVO_INTENTAR(guardar(*antes, clave));
+    TARVO_TOMAR(const auto antes, catalogo_.leer(clave));
+    TARVO_INTENTAR(guardar(antes, clave));
     TARVO_INTENTAR(
         db_.ejecutar(u"UPDATE PLUSES SET CodBarExt=NULL WHERE SECCION=? AND CODPLU=? AND CODPLU>2",
                      clave.seccion, clave.codigo));
@@ -81,19 +77,17 @@ Resultado<> ImpTabla::aplicarJuntas() {
 Resultado<bool> ImpTabla::juntasComoDebian() {
   for (const int cual : juntas_) {
     const auto clave = propuestas_[static_cast<size_t>(cual)].clave;
-    const auto antes = catalogo_.leer(clave);
-    if (!antes) return std::unexpected(antes.error());
-    const Leido ahora = leer(plan_.primeraFila + cual, clave, *antes);
-    if (!ahora || (*antes ? (*antes)->codBarExt : std::nullopt) != reparto_.tenia(cual))
-      return false;
-    const auto dueno = db_.uno(u"SELECT CODPLU FROM PLUSES WHERE SECCION=? AND CodBarExt=?",
-                               clave.seccion, *ahora->codBarExt);
-    if (!dueno) return std::unexpected(dueno.error());
+    TARVO_TOMAR(const auto antes, catalogo_.leer(clave));
+    const Leido ahora = leer(plan_.primeraFila + cual, clave, antes);
+    if (!ahora || (antes ? antes->codBarExt : std::nullopt) != reparto_.tenia(cual)) return false;
+    TARVO_TOMAR(const auto dueno,
+                db_.uno(u"SELECT CODPLU FROM PLUSES WHERE SECCION=? AND CodBarExt=?", clave.seccion,
+                        *ahora->codBarExt));
     const auto suya = [&](int otra) {
       return propuestas_[static_cast<size_t>(otra)].clave ==
-             articles::ClaveArticulo{clave.seccion, dueno->entero()};
+             articles::ClaveArticulo{clave.seccion, dueno.entero()};
     };
-    if (!dueno->nulo() && std::ranges::none_of(juntas_, suya)) return false;
+    if (!dueno.nulo() && std::ranges::none_of(juntas_, suya)) return false;
   }
   return true;
 }
@@ -101,9 +95,8 @@ Resultado<bool> ImpTabla::juntasComoDebian() {
 // How the article stands, into the batch, which begins with the first one.
 Resultado<> ImpTabla::guardar(const std::optional<Articulo>& antes, articles::ClaveArticulo clave) {
   if (lote_ == 0) {
-    const auto lote = lotes_.empezar(kVentanaTabla);
-    if (!lote) return std::unexpected(lote.error());
-    lote_ = *lote;
+    TARVO_TOMAR(const auto lote, lotes_.empezar(kVentanaTabla));
+    lote_ = lote;
   }
   return antes ? lotes_.guardar(lote_, clave) : lotes_.guardarNuevo(lote_, clave);
 }

@@ -31,17 +31,16 @@ TablaLeida leerTexto(const QByteArray& bytes) {
 }  // namespace
 
 Resultado<TablaLeida> leerTabla(const QString& ruta, const Textos& textos) {
-  const auto bytes = leerFichero(ruta, textos);
-  if (!bytes) return std::unexpected(bytes.error());
+  TARVO_TOMAR(const auto bytes, leerFichero(ruta, textos));
   const QString nombre = NombreFichero(ruta);
   TablaLeida t;
-  if (esHoja(ruta, *bytes)) {
-    auto hoja = acaba(ruta, u".ods") ? leerOds(*bytes) : leerXlsx(*bytes);
+  if (esHoja(ruta, bytes)) {
+    auto hoja = acaba(ruta, u".ods") ? leerOds(bytes) : leerXlsx(bytes);
     if (!hoja) return fallo(Fallo::Formato, textos(kTxHojaMala, {nombre}));
     t.tabla = std::move(hoja->tabla);
     t.hoja = std::move(hoja->nombre);
   } else {
-    t = leerTexto(*bytes);
+    t = leerTexto(bytes);
   }
   if (t.tabla.llena())
     return fallo(Fallo::Formato, textos(kTxDemasiadasCeldas, {nombre, Tabla::kCeldasMayor}));

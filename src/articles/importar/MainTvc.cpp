@@ -41,14 +41,13 @@ MainTvc::MainTvc(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj, 
 
 Resultado<std::unique_ptr<MainTvc>> MainTvc::abrir(dao::Database& db, articles::Catalogo& catalogo,
                                                    Reloj& reloj, const QString& ruta) {
-  auto bytes = leerFichero(ruta, catalogo.textos());
-  if (!bytes) return std::unexpected(bytes.error());
-  if (bytes->trimmed().isEmpty())
+  TARVO_TOMAR(auto bytes, leerFichero(ruta, catalogo.textos()));
+  if (bytes.trimmed().isEmpty())
     return fallo(Fallo::Formato, catalogo.textos()(kTxFicheroVacio, {NombreFichero(ruta)}));
-  if (largoPrimera(*bytes) == kLineaLarga)
+  if (largoPrimera(bytes) == kLineaLarga)
     return fallo(Fallo::Formato,
                  catalogo.textos()(kTxOtroFormato, {NombreFichero(ruta), kLineaLarga}));
-  return std::unique_ptr<MainTvc>(new MainTvc(db, catalogo, reloj, std::move(*bytes)));
+  return std::unique_ptr<MainTvc>(new MainTvc(db, catalogo, reloj, std::move(bytes)));
 }
 
 Resultado<bool> MainTvc::paso(const DestinoTvc& destino) {
@@ -59,12 +58,10 @@ Resultado<bool> MainTvc::paso(const DestinoTvc& destino) {
 }
 
 Resultado<bool> MainTvc::lineas(const DestinoTvc& destino) {
-  auto t = dao::Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   if (lote_ == 0) {
-    const auto lote = lotes_.empezar(kVentanaTvc);
-    if (!lote) return std::unexpected(lote.error());
-    lote_ = *lote;
+    TARVO_TOMAR(const auto lote, lotes_.empezar(kVentanaTvc));
+    lote_ = lote;
     TARVO_INTENTAR(hechas_.empezar(lote_));
   }
   bool hayMas = true;
@@ -73,7 +70,7 @@ Resultado<bool> MainTvc::lineas(const DestinoTvc& destino) {
     if (!r) return r;
     hayMas = *r;
   }
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return hayMas;
 }
 
@@ -111,13 +108,12 @@ QString MainTvc::falta(const RegistroTvc& r, const DestinoTvc& destino) const {
 Resultado<> MainTvc::convertir(const RegistroTvc& r, const SitioTvc& sitio,
                                const QString& prefijo) {
   TARVO_INTENTAR(hechas_.asegurar(lote_, sitio.clave.seccion));
-  const auto hay = catalogo_.leer(sitio.clave);
-  if (!hay) return std::unexpected(hay.error());
+  TARVO_TOMAR(const auto hay, catalogo_.leer(sitio.clave));
   TARVO_INTENTAR(lotes_.guardar(lote_, sitio.clave));
-  Articulo a = hay->value_or(Articulo{});
+  Articulo a = hay.value_or(Articulo{});
   aplicar(r, sitio, prefijo, a);
-  ++(*hay ? cuenta_.cambiados : cuenta_.nuevos);
-  if (*hay) return catalogo_.modificar(sitio.clave, a, kVentanaTvc);
+  ++(hay ? cuenta_.cambiados : cuenta_.nuevos);
+  if (hay) return catalogo_.modificar(sitio.clave, a, kVentanaTvc);
   TARVO_INTENTAR(catalogo_.crear(a, kVentanaTvc));
   return ponerInicial(sitio.clave, r.inicial);
 }

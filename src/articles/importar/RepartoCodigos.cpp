@@ -7,10 +7,11 @@ using articles::ClaveArticulo;
 Resultado<> RepartoCodigos::leer(dao::Database& db, int seccion) {
   const auto [suyos, falta] = ahora_.try_emplace(seccion);
   if (!falta) return {};
-  auto rs = db.consultar(
-      u"SELECT CodBarExt, CODPLU FROM PLUSES WHERE SECCION=? AND CodBarExt IS NOT NULL", seccion);
-  if (!rs) return std::unexpected(rs.error());
-  for (auto& r = **rs; !r.Eof();) {
+  TARVO_TOMAR(auto rs,
+              db.consultar(
+                  u"SELECT CodBarExt, CODPLU FROM PLUSES WHERE SECCION=? AND CodBarExt IS NOT NULL",
+                  seccion));
+  for (auto& r = *rs; !r.Eof();) {
     suyos->second.insert(r.texto(0), r.entero(1));
     TARVO_INTENTAR(r.MoveNext());
   }

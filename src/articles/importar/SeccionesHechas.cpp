@@ -22,45 +22,42 @@ Resultado<> SeccionesHechas::empezar(qint64 lote) {
 }
 
 Resultado<> SeccionesHechas::asegurar(qint64 lote, int seccion) {
-  const auto hechas = db_.ejecutar(
-      u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (?, ?) ON CONFLICT (NMSECC) DO NOTHING", seccion,
-      catalogo_.textos()(kTxSeccionNueva, {seccion}));
-  if (!hechas) return std::unexpected(hechas.error());
-  if (*hechas > 0)
+  TARVO_TOMAR(
+      const auto hechas,
+      db_.ejecutar(
+          u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (?, ?) ON CONFLICT (NMSECC) DO NOTHING",
+          seccion, catalogo_.textos()(kTxSeccionNueva, {seccion})));
+  if (hechas > 0)
     TARVO_INTENTAR(
         db_.ejecutar(u"INSERT INTO LoteSecciones (LOTE, SECCION) VALUES (?, ?)", lote, seccion));
   return {};
 }
 
 Resultado<int> SeccionesHechas::quitar(qint64 lote) {
-  auto t = dao::Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   TARVO_INTENTAR(db_.ejecutarGuion(kTabla));
   std::vector<int> suyas;
   {
-    auto rs = db_.consultar(u"SELECT SECCION FROM LoteSecciones WHERE LOTE=?", lote);
-    if (!rs) return std::unexpected(rs.error());
-    for (auto& r = **rs; !r.Eof();) {
+    TARVO_TOMAR(auto rs, db_.consultar(u"SELECT SECCION FROM LoteSecciones WHERE LOTE=?", lote));
+    for (auto& r = *rs; !r.Eof();) {
       suyas.push_back(static_cast<int>(r.entero(0)));
       TARVO_INTENTAR(r.MoveNext());
     }
   }
   int idas = 0;
   for (const int seccion : suyas) {
-    const auto ida = quitarSiVacia(seccion);
-    if (!ida) return std::unexpected(ida.error());
-    idas += *ida ? 1 : 0;
+    TARVO_TOMAR(const auto ida, quitarSiVacia(seccion));
+    idas += ida ? 1 : 0;
   }
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM LoteSecciones WHERE LOTE=?", lote));
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return idas;
 }
 
 Resultado<bool> SeccionesHechas::quitarSiVacia(int seccion) {
   articles::Secciones secciones(db_, catalogo_.textos(), catalogo_.cambios());
-  const auto hay = secciones.cuentas(seccion);
-  if (!hay) return std::unexpected(hay.error());
-  if (hay->plus + hay->depts + hay->grupos > 0) return false;
+  TARVO_TOMAR(const auto hay, secciones.cuentas(seccion));
+  if (hay.plus + hay.depts + hay.grupos > 0) return false;
   TARVO_INTENTAR(secciones.borrar(seccion));
   return true;
 }

@@ -39,10 +39,9 @@ Resultado<bool> AltaRapida::vale(CampoAlta campo, const EntradaAlta& e) {
     case CampoAlta::Departamento: {
       const auto depto = numeroEntre(e.departamento, 1, kUltimoDepartamento);
       if (!depto) return false;
-      const auto hay =
-          db_.uno(u"SELECT NUMDEP FROM DEPTS WHERE SECCION=? AND NUMDEP=?", e.seccion, *depto);
-      if (!hay) return std::unexpected(hay.error());
-      return !hay->nulo();
+      TARVO_TOMAR(const auto hay, db_.uno(u"SELECT NUMDEP FROM DEPTS WHERE SECCION=? AND NUMDEP=?",
+                                          e.seccion, *depto));
+      return !hay.nulo();
     }
     case CampoAlta::Formato:
       return numeroEntre(e.formato, 1, kUltimoFormato).has_value();
@@ -59,9 +58,8 @@ Resultado<bool> AltaRapida::vale(CampoAlta campo, const EntradaAlta& e) {
 
 Resultado<std::optional<CampoAlta>> AltaRapida::primeraFalta(const EntradaAlta& e) {
   for (int i = 0; i < kCamposAlta; ++i) {
-    const auto bien = vale(static_cast<CampoAlta>(i), e);
-    if (!bien) return std::unexpected(bien.error());
-    if (!*bien) return static_cast<CampoAlta>(i);
+    TARVO_TOMAR(const auto bien, vale(static_cast<CampoAlta>(i), e));
+    if (!bien) return static_cast<CampoAlta>(i);
   }
   return std::nullopt;
 }
@@ -84,14 +82,13 @@ Articulo AltaRapida::articuloDe(const EntradaAlta& e) const {
 
 Resultado<Articulo> AltaRapida::anadir(const EntradaAlta& e, const QString& ventana) {
   const Articulo a = articuloDe(e);
-  auto t = dao::Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   TARVO_INTENTAR(catalogo_.crear(a, ventana));
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Inicial, Entrada, Compra, Salida, Venta, "
       u"Merma) SELECT CODALM, ?, ?, 0, 0, 0, 0, 0, 0 FROM ALMACEN",
       a.clave.seccion, a.clave.codigo));
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return a;
 }
 

@@ -134,14 +134,15 @@ void CalcPre::redondear() {
 }
 
 Resultado<double> ivaDeDepartamento(dao::Database& db, int seccion, int departamento) {
-  auto rs = db.consultar(
-      u"SELECT SECCS.IVAs, DEPTS.IVA FROM DEPTS LEFT JOIN SECCS ON DEPTS.SECCION=SECCS.NMSECC "
-      u"WHERE (NMSECC=?) AND (NUMDEP=?)",
-      seccion, departamento);
-  if (!rs) return std::unexpected(rs.error());
-  if ((*rs)->Eof()) return 0.0;
-  const articles::Ivas tipos = articles::leerIvas((*rs)->texto(0));
-  const qint64 cual = (*rs)->entero(1);
+  TARVO_TOMAR(
+      auto rs,
+      db.consultar(
+          u"SELECT SECCS.IVAs, DEPTS.IVA FROM DEPTS LEFT JOIN SECCS ON DEPTS.SECCION=SECCS.NMSECC "
+          u"WHERE (NMSECC=?) AND (NUMDEP=?)",
+          seccion, departamento));
+  if (rs->Eof()) return 0.0;
+  const articles::Ivas tipos = articles::leerIvas(rs->texto(0));
+  const qint64 cual = rs->entero(1);
   if (cual < 1 || cual > articles::kTiposIva) return 0.0;
   return static_cast<double>(tipos[static_cast<std::size_t>(cual - 1)]) / 100;
 }

@@ -111,10 +111,9 @@ Resultado<> CambioLote::comprobar(int seccion, const OrdenLote& orden) {
       return fallo(Fallo::Restriccion, textos_(kTxFormatoMalo));
   const auto* d = std::get_if<PoneDepartamento>(&orden);
   if (!d) return {};
-  const auto hay =
-      db_.uno(u"SELECT NUMDEP FROM DEPTS WHERE SECCION=? AND NUMDEP=?", seccion, d->departamento);
-  if (!hay) return std::unexpected(hay.error());
-  if (hay->nulo()) return fallo(Fallo::Restriccion, textos_(kTxSinDepartamento, {d->departamento}));
+  TARVO_TOMAR(const auto hay, db_.uno(u"SELECT NUMDEP FROM DEPTS WHERE SECCION=? AND NUMDEP=?",
+                                      seccion, d->departamento));
+  if (hay.nulo()) return fallo(Fallo::Restriccion, textos_(kTxSinDepartamento, {d->departamento}));
   return {};
 }
 
@@ -131,29 +130,28 @@ Resultado<std::vector<LineaLote>> CambioLote::previa(const SeleccionLote& s,
     sql += QStringLiteral(" AND NOMPLU LIKE ?");
     parametros.emplace_back(comoParte(s.nombre.trimmed()));
   }
-  auto rs = db_.OpenQuery(QString(sql + QStringLiteral(" ORDER BY CODPLU")), parametros);
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(auto rs,
+              db_.OpenQuery(QString(sql + QStringLiteral(" ORDER BY CODPLU")), parametros));
   auto codigos = s.codigos;
   std::ranges::sort(codigos);
-  const articles::ColumnasArticulo columnas(**rs);
+  const articles::ColumnasArticulo columnas(*rs);
   std::vector<LineaLote> lineas;
-  while (!(*rs)->Eof()) {
-    Articulo a = columnas.leer(**rs);
+  while (!rs->Eof()) {
+    Articulo a = columnas.leer(*rs);
     if (codigos.empty() || std::ranges::binary_search(codigos, a.clave.codigo))
       lineas.push_back(cambiar(a, orden));
-    TARVO_INTENTAR((*rs)->MoveNext());
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return lineas;
 }
 
 Resultado<bool> CambioLote::Marcha::paso() {
-  auto t = dao::Transaccion::empezar(motor_.db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(motor_.db_));
   if (!claves_.empty()) TARVO_INTENTAR(motor_.comprobar(claves_.front().seccion, orden_));
   Hecho hecho = hecho_;
   const size_t hasta = std::min(vistos_ + kArticulosPorPaso, claves_.size());
   for (size_t i = vistos_; i < hasta; ++i) TARVO_INTENTAR(uno(claves_[i], hecho));
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   hecho_ = hecho;
   vistos_ = hasta;
   return vistos_ < claves_.size();
@@ -161,19 +159,17 @@ Resultado<bool> CambioLote::Marcha::paso() {
 
 // The batch begins with the first article that changes.
 Resultado<> CambioLote::Marcha::uno(ClaveArticulo clave, Hecho& hecho) {
-  auto a = motor_.catalogo_.leer(clave);
-  if (!a) return std::unexpected(a.error());
-  const Desenlace d = *a ? cambiar(**a, orden_).desenlace : Desenlace::NoCabe;
+  TARVO_TOMAR(auto a, motor_.catalogo_.leer(clave));
+  const Desenlace d = a ? cambiar(*a, orden_).desenlace : Desenlace::NoCabe;
   if (d == Desenlace::Igual) return {};
   if (d != Desenlace::Cambia) return ++hecho.fuera, Resultado<>{};
   if (hecho.lote == 0) {
-    const auto lote = motor_.lotes_.empezar(ventana_);
-    if (!lote) return std::unexpected(lote.error());
-    hecho.lote = *lote;
+    TARVO_TOMAR(const auto lote, motor_.lotes_.empezar(ventana_));
+    hecho.lote = lote;
   }
   ++hecho.cambiados;
   TARVO_INTENTAR(motor_.lotes_.guardar(hecho.lote, clave));
-  TARVO_INTENTAR(motor_.catalogo_.modificar(clave, **a, ventana_));
+  TARVO_INTENTAR(motor_.catalogo_.modificar(clave, *a, ventana_));
   return motor_.lotes_.anotar(hecho.lote, clave);
 }
 

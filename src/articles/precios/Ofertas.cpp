@@ -54,23 +54,23 @@ Condicion FiltroOfertas::condicion(bool todosLosGrupos) const {
 }
 
 Resultado<std::vector<int>> Ofertas::gruposDe(int seccion) {
-  auto rs = db_.consultar(u"SELECT CODGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO", seccion);
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(auto rs,
+              db_.consultar(u"SELECT CODGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO", seccion));
   std::vector<int> grupos;
-  while (!(*rs)->Eof()) {
-    grupos.push_back(static_cast<int>((*rs)->entero(0)));
-    TARVO_INTENTAR((*rs)->MoveNext());
+  while (!rs->Eof()) {
+    grupos.push_back(static_cast<int>(rs->entero(0)));
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return grupos;
 }
 
 Resultado<std::vector<Oferta>> Ofertas::leerVarias(const Condicion& condicion) {
-  auto rs = db_.OpenQuery(QString::fromUtf16(kColumnas) + condicion.sql, condicion.parametros);
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(auto rs,
+              db_.OpenQuery(QString::fromUtf16(kColumnas) + condicion.sql, condicion.parametros));
   std::vector<Oferta> ofertas;
-  while (!(*rs)->Eof()) {
-    ofertas.push_back(deFila(**rs));
-    TARVO_INTENTAR((*rs)->MoveNext());
+  while (!rs->Eof()) {
+    ofertas.push_back(deFila(*rs));
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return ofertas;
 }
@@ -97,18 +97,16 @@ Resultado<std::vector<int>> Ofertas::ocupados(int seccion, qint64 codigo,
                                               std::span<const int> grupos) {
   std::vector<int> salida;
   for (const int grupo : grupos) {
-    const auto hay = leer({grupo, seccion, codigo});
-    if (!hay) return std::unexpected(hay.error());
-    if (*hay) salida.push_back(grupo);
+    TARVO_TOMAR(const auto hay, leer({grupo, seccion, codigo}));
+    if (hay) salida.push_back(grupo);
   }
   return salida;
 }
 
 Resultado<> Ofertas::guardar(const OfertaNueva& oferta, std::span<const int> grupos) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   for (const int grupo : grupos) TARVO_INTENTAR(escribir(oferta, grupo));
-  return t->confirmar();
+  return t.confirmar();
 }
 
 // Over a row that waits to be taken off the scales too: it is seen again.
@@ -144,12 +142,10 @@ Resultado<> Ofertas::cambiar(const Oferta& antes, const PreciosOferta& precios, 
 
 Resultado<int> Ofertas::ponerPrecios(const ClaveOferta& clave, const PreciosOferta& precios,
                                      bool sincro) {
-  const auto antes = leer(clave);
-  if (!antes) return std::unexpected(antes.error());
-  if (!*antes) return fallo(Fallo::NoExiste, textos_(kTxOfertaQueFalta));
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
-  TARVO_INTENTAR(cambiar(**antes, precios, (*antes)->desde, (*antes)->hasta));
+  TARVO_TOMAR(const auto antes, leer(clave));
+  if (!antes) return fallo(Fallo::NoExiste, textos_(kTxOfertaQueFalta));
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  TARVO_INTENTAR(cambiar(*antes, precios, antes->desde, antes->hasta));
   int otras = 0;
   if (sincro) {
     const auto hermanas =
@@ -157,10 +153,10 @@ Resultado<int> Ofertas::ponerPrecios(const ClaveOferta& clave, const PreciosOfer
                     {clave.seccion, clave.codigo, clave.grupo}});
     if (!hermanas) return std::unexpected(hermanas.error());
     for (const Oferta& o : *hermanas)
-      TARVO_INTENTAR(cambiar(o, precios, (*antes)->desde, (*antes)->hasta));
+      TARVO_INTENTAR(cambiar(o, precios, antes->desde, antes->hasta));
     otras = static_cast<int>(hermanas->size());
   }
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return otras;
 }
 
@@ -168,9 +164,8 @@ Resultado<int> Ofertas::ponerPrecios(const ClaveOferta& clave, const PreciosOfer
 // ---------------------------------------------------------------------------------------
 
 Resultado<int> Ofertas::contar(const FiltroOfertas& filtro, bool todosLosGrupos) {
-  const auto ofertas = leerVarias(filtro.condicion(todosLosGrupos));
-  if (!ofertas) return std::unexpected(ofertas.error());
-  return static_cast<int>(ofertas->size());
+  TARVO_TOMAR(const auto ofertas, leerVarias(filtro.condicion(todosLosGrupos)));
+  return static_cast<int>(ofertas.size());
 }
 
 Resultado<> Ofertas::ponerFecha(const Oferta& antes, Extremo extremo, const Dia& dia) {
@@ -181,35 +176,31 @@ Resultado<> Ofertas::ponerFecha(const Oferta& antes, Extremo extremo, const Dia&
 Resultado<Ofertas::CambioFechas> Ofertas::cambiarFechas(const FiltroOfertas& filtro,
                                                         bool todosLosGrupos, Extremo extremo,
                                                         const Dia& dia) {
-  const auto ofertas = leerVarias(filtro.condicion(todosLosGrupos));
-  if (!ofertas) return std::unexpected(ofertas.error());
+  TARVO_TOMAR(const auto ofertas, leerVarias(filtro.condicion(todosLosGrupos)));
   const auto malas =
-      std::ranges::count_if(*ofertas, [&](const Oferta& o) { return !cabe(o, extremo, dia); });
+      std::ranges::count_if(ofertas, [&](const Oferta& o) { return !cabe(o, extremo, dia); });
   if (malas > 0)
     return fallo(Fallo::Restriccion, Plural(textos_(kTxAcabanAntes), static_cast<int>(malas)));
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   CambioFechas cambio{extremo, {}};
-  for (const Oferta& o : *ofertas) {
+  for (const Oferta& o : ofertas) {
     cambio.filas.push_back({o.clave, diaDe(o, extremo)});
     TARVO_INTENTAR(ponerFecha(o, extremo, dia));
   }
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return cambio;
 }
 
 Resultado<int> Ofertas::deshacer(const CambioFechas& cambio) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   int hechas = 0;
   for (const auto& [clave, fecha] : cambio.filas) {
-    const auto ahora = leer(clave);
-    if (!ahora) return std::unexpected(ahora.error());
-    if (!*ahora || !cabe(**ahora, cambio.extremo, fecha)) continue;
-    TARVO_INTENTAR(ponerFecha(**ahora, cambio.extremo, fecha));
+    TARVO_TOMAR(const auto ahora, leer(clave));
+    if (!ahora || !cabe(*ahora, cambio.extremo, fecha)) continue;
+    TARVO_INTENTAR(ponerFecha(*ahora, cambio.extremo, fecha));
     ++hechas;
   }
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return hechas;
 }
 
@@ -219,14 +210,13 @@ Resultado<int> Ofertas::deshacer(const CambioFechas& cambio) {
 Resultado<Condicion> Ofertas::iguales(const ClaveOferta& clave, bool todosLosGrupos) {
   if (!todosLosGrupos)
     return Condicion{QString::fromUtf16(kDeClave), {clave.grupo, clave.seccion, clave.codigo}};
-  const auto una = leer(clave);
-  if (!una) return std::unexpected(una.error());
+  TARVO_TOMAR(const auto una, leer(clave));
   Condicion c{QStringLiteral("borrado=0 AND SECCION=? AND CODIGO=?"),
               {clave.seccion, clave.codigo}};
-  if (!*una) c.sql += QStringLiteral(" AND 0=1");
+  if (!una) c.sql += QStringLiteral(" AND 0=1");
   for (const Extremo e : {Extremo::Desde, Extremo::Hasta}) {
-    if (!*una) break;
-    const Dia& dia = diaDe(**una, e);
+    if (!una) break;
+    const Dia& dia = diaDe(*una, e);
     const QString columna = QString::fromUtf16(columnaDe(e));
     c.sql += QStringLiteral(" AND ") +
              (dia ? QStringLiteral("%1=?") : QStringLiteral("isnull(%1)")).arg(columna);
@@ -238,31 +228,26 @@ Resultado<Condicion> Ofertas::iguales(const ClaveOferta& clave, bool todosLosGru
 Resultado<int> Ofertas::contarIguales(std::span<const ClaveOferta> claves) {
   int suma = 0;
   for (const ClaveOferta& clave : claves) {
-    const auto c = iguales(clave, true);
-    if (!c) return std::unexpected(c.error());
-    const auto filas = leerVarias(*c);
-    if (!filas) return std::unexpected(filas.error());
-    suma += static_cast<int>(filas->size());
+    TARVO_TOMAR(const auto c, iguales(clave, true));
+    TARVO_TOMAR(const auto filas, leerVarias(c));
+    suma += static_cast<int>(filas.size());
   }
   return suma;
 }
 
 Resultado<int> Ofertas::borrar(std::span<const ClaveOferta> claves, bool todosLosGrupos) {
-  auto t = Transaccion::empezar(db_);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   qint64 idas = 0;
   for (const ClaveOferta& clave : claves) {
-    const auto c = iguales(clave, todosLosGrupos);
-    if (!c) return std::unexpected(c.error());
+    TARVO_TOMAR(const auto c, iguales(clave, todosLosGrupos));
     for (const char16_t* orden :
          {u"DELETE FROM OFERTAS WHERE not enviado AND not borrado AND ",
           u"UPDATE OFERTAS SET borrado=1 WHERE enviado AND not borrado AND "}) {
-      const auto n = db_.Execute(QString::fromUtf16(orden) + c->sql, c->parametros);
-      if (!n) return std::unexpected(n.error());
-      idas += *n;
+      TARVO_TOMAR(const auto n, db_.Execute(QString::fromUtf16(orden) + c.sql, c.parametros));
+      idas += n;
     }
   }
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return static_cast<int>(idas);
 }
 

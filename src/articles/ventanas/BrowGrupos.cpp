@@ -8,9 +8,9 @@
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/EnviarCambios.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Tema.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 
 namespace tarvo::articles {
 
@@ -106,12 +106,11 @@ QTreeWidgetItem* BrowGrupos::anadir(QTreeWidgetItem* padre, Nodo nodo, const QSt
 
 // Opened nodes and the one in hand stay.
 Resultado<> BrowGrupos::llenar() {
-  auto secciones =
-      contexto().db.consultar(u"SELECT NMSECC, NOMSEC, IVAs FROM SECCS ORDER BY NMSECC");
-  if (!secciones) return std::unexpected(secciones.error());
-  auto depts = contexto().db.consultar(
-      u"SELECT SECCION, NUMDEP, NomDep, IVA FROM DEPTS ORDER BY SECCION, NUMDEP");
-  if (!depts) return std::unexpected(depts.error());
+  TARVO_TOMAR(auto secciones,
+              contexto().db.consultar(u"SELECT NMSECC, NOMSEC, IVAs FROM SECCS ORDER BY NMSECC"));
+  TARVO_TOMAR(auto depts,
+              contexto().db.consultar(
+                  u"SELECT SECCION, NUMDEP, NomDep, IVA FROM DEPTS ORDER BY SECCION, NUMDEP"));
   const auto en = actual();
   std::set<int> cerradas;
   for (int i = 0; i < ui_.Arbol->topLevelItemCount(); ++i)
@@ -120,18 +119,18 @@ Resultado<> BrowGrupos::llenar() {
   const QScopedValueRollback llenando(llenando_, true);
   ui_.Arbol->clear();
   std::map<int, std::pair<QTreeWidgetItem*, Ivas>> porNumero;
-  while (!(*secciones)->Eof()) {
-    const auto numero = static_cast<int>((*secciones)->entero(0));
-    porNumero[numero] = {anadir(nullptr, {numero, 0}, (*secciones)->texto(1), {}),
-                         leerIvas((*secciones)->texto(2))};
-    TARVO_INTENTAR((*secciones)->MoveNext());
+  while (!secciones->Eof()) {
+    const auto numero = static_cast<int>(secciones->entero(0));
+    porNumero[numero] = {anadir(nullptr, {numero, 0}, secciones->texto(1), {}),
+                         leerIvas(secciones->texto(2))};
+    TARVO_INTENTAR(secciones->MoveNext());
   }
-  while (!(*depts)->Eof()) {
-    const auto seccion = static_cast<int>((*depts)->entero(0));
+  while (!depts->Eof()) {
+    const auto seccion = static_cast<int>(depts->entero(0));
     if (const auto s = porNumero.find(seccion); s != porNumero.end())
-      anadir(s->second.first, {seccion, static_cast<int>((*depts)->entero(1))}, (*depts)->texto(2),
-             textoIva(s->second.second, static_cast<int>((*depts)->entero(3))));
-    TARVO_INTENTAR((*depts)->MoveNext());
+      anadir(s->second.first, {seccion, static_cast<int>(depts->entero(1))}, depts->texto(2),
+             textoIva(s->second.second, static_cast<int>(depts->entero(3))));
+    TARVO_INTENTAR(depts->MoveNext());
   }
   for (const auto& [numero, seccion] : porNumero)
     seccion.first->setExpanded(!cerradas.contains(numero));
@@ -148,16 +147,15 @@ void BrowGrupos::contar() {
   using Cuenta = std::map<std::pair<int, int>, qint64>;
   cuentas_.preguntar<Cuenta>(
       [](dao::Database& db) -> Resultado<Cuenta> {
-        auto rs = db.consultar(
-            u"SELECT SECCION, DEPTO, count(*) FROM PLUSES WHERE CODPLU>2 GROUP BY SECCION, DEPTO");
-        if (!rs) return std::unexpected(rs.error());
+        TARVO_TOMAR(auto rs, db.consultar(u"SELECT SECCION, DEPTO, count(*) FROM PLUSES WHERE "
+                                          u"CODPLU>2 GROUP BY SECCION, DEPTO"));
         Cuenta c;
-        while (!(*rs)->Eof()) {
-          const auto seccion = static_cast<int>((*rs)->entero(0));
-          const auto depto = static_cast<int>((*rs)->entero(1));
-          if (depto != 0) c[{seccion, depto}] = (*rs)->entero(2);
-          c[{seccion, 0}] += (*rs)->entero(2);
-          TARVO_INTENTAR((*rs)->MoveNext());
+        while (!rs->Eof()) {
+          const auto seccion = static_cast<int>(rs->entero(0));
+          const auto depto = static_cast<int>(rs->entero(1));
+          if (depto != 0) c[{seccion, depto}] = rs->entero(2);
+          c[{seccion, 0}] += rs->entero(2);
+          TARVO_INTENTAR(rs->MoveNext());
         }
         return c;
       },

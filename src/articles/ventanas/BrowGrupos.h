@@ -5,8 +5,8 @@
 #include "articles/Lotes.h"
 #include "articles/Secciones.h"
 #include "comm/motor/gestcomm.h"
-#include "core/ventanas/Aparte.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/parrilla/Aparte.h"
 #include "ui_BrowGrupos.h"
 
 class QToolButton;

@@ -2,8 +2,8 @@
 #include "articles/ventanas/BrowGrupos.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 
 namespace tarvo::articles {
 
@@ -99,21 +99,19 @@ BrowGrupos::Nodo BrowGrupos::vecinoDe(Nodo nodo) const {
 }
 
 Resultado<BrowGrupos::Borrado> BrowGrupos::borrarConLote(Nodo nodo) {
-  auto t = dao::Transaccion::empezar(contexto().db);
-  if (!t) return std::unexpected(t.error());
-  auto fila = contexto().db.consultar(u"SELECT NomDep, IVA FROM DEPTS WHERE SECCION=? AND NUMDEP=?",
-                                      nodo.seccion, nodo.departamento);
-  if (!fila) return std::unexpected(fila.error());
-  if ((*fila)->Eof()) return fallo(Fallo::NoExiste, this->t(kTxDepartamentoNoEsta));
-  Borrado b{nodo, (*fila)->texto(0), static_cast<int>((*fila)->entero(1)), 0};
-  const auto lote = lotes_.empezar(nombre());
-  if (!lote) return std::unexpected(lote.error());
-  b.lote = *lote;
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(contexto().db));
+  TARVO_TOMAR(auto fila,
+              contexto().db.consultar(u"SELECT NomDep, IVA FROM DEPTS WHERE SECCION=? AND NUMDEP=?",
+                                      nodo.seccion, nodo.departamento));
+  if (fila->Eof()) return fallo(Fallo::NoExiste, this->t(kTxDepartamentoNoEsta));
+  Borrado b{nodo, fila->texto(0), static_cast<int>(fila->entero(1)), 0};
+  TARVO_TOMAR(const auto lote, lotes_.empezar(nombre()));
+  b.lote = lote;
   const std::array<dao::Valor, 2> clave{nodo.seccion, nodo.departamento};
   TARVO_INTENTAR(lotes_.guardarDonde(b.lote, u"SECCION=? AND DEPTO=?", clave));
   TARVO_INTENTAR(secciones_.borrarDepartamento(nodo.seccion, nodo.departamento));
   TARVO_INTENTAR(lotes_.acabar(b.lote));
-  TARVO_INTENTAR(t->confirmar());
+  TARVO_INTENTAR(t.confirmar());
   return b;
 }
 
@@ -121,13 +119,12 @@ void BrowGrupos::deshacer() {
   if (borrados_.empty()) return;
   const Borrado b = borrados_.back();
   const auto reponer = [&]() -> Resultado<Lotes::Deshecho> {
-    auto t = dao::Transaccion::empezar(contexto().db);
-    if (!t) return std::unexpected(t.error());
+    TARVO_TOMAR(auto t, dao::Transaccion::empezar(contexto().db));
     TARVO_INTENTAR(
         secciones_.reponerDepartamento(b.nodo.seccion, b.nodo.departamento, b.nombre, b.iva));
     auto hecho = lotes_.deshacer(b.lote, nombre());
     if (!hecho) return hecho;
-    TARVO_INTENTAR(t->confirmar());
+    TARVO_INTENTAR(t.confirmar());
     return hecho;
   };
   const auto hecho = reponer();

@@ -2,9 +2,9 @@
 
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/Parrilla.h"
-#include "totals/Clases.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/parrilla/Parrilla.h"
+#include "totals/periodos/Clases.h"
 
 namespace tarvo::articles {
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "articles/Operadores.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_BrowOper.h"
 
 namespace tarvo::articles {

@@ -11,7 +11,7 @@
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "core/dao/Orden.h"
 #include "core/dinero/Dinero.h"
-#include "core/ventanas/Medidas.h"
+#include "core/ventanas/aspecto/Medidas.h"
 
 namespace tarvo::articles {
 
@@ -152,9 +152,8 @@ std::function<Resultado<>(qint64, const QString&)> BrowPLUs::ponerPrecio(size_t 
                                                                          size_t tarifa) {
   return [this, nivel, tarifa](qint64 fila, const QString& texto) {
     return escribir(fila, false, [&](Articulo& a) -> Resultado<> {
-      const auto importe = leerImporte(*this, texto, contexto().ajustes.MonedaNativa);
-      if (!importe) return std::unexpected(importe.error());
-      a.precios[nivel][tarifa] = *importe;
+      TARVO_TOMAR(const auto importe, leerImporte(*this, texto, contexto().ajustes.MonedaNativa));
+      a.precios[nivel][tarifa] = importe;
       return {};
     });
   };

@@ -6,8 +6,8 @@
 #include "articles/Lotes.h"
 #include "articles/ventanas/RejillaPrecios.h"
 #include "comm/motor/gestcomm.h"
-#include "core/ventanas/Recorrido.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/parrilla/Recorrido.h"
 #include "ui_BrowPLUs.h"
 
 class QMenu;

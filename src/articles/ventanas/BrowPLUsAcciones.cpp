@@ -9,9 +9,9 @@
 #include "articles/ventanas/EnviarCambios.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "articles/ventanas/xEditPLU.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/TiraTrabajo.h"
-#include "totals/Clases.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
+#include "totals/periodos/Clases.h"
 
 namespace tarvo::articles {
 
@@ -145,10 +145,9 @@ void BrowPLUs::porPasos(const QString& que, std::vector<ClaveArticulo> claves, c
     a.total = static_cast<qint64>(todas->size());
     const auto desde = static_cast<size_t>(*hechos);
     const auto tanda = std::span(*todas).subspan(desde, std::min(kPorPaso, todas->size() - desde));
-    auto t = dao::Transaccion::empezar(contexto().db);
-    if (!t) return std::unexpected(t.error());
+    TARVO_TOMAR(auto t, dao::Transaccion::empezar(contexto().db));
     TARVO_INTENTAR(paso(tanda));
-    TARVO_INTENTAR(t->confirmar());
+    TARVO_INTENTAR(t.confirmar());
     a.hechos = *hechos += static_cast<qint64>(tanda.size());
     return a.hechos < a.total;
   };
@@ -215,16 +214,14 @@ void BrowPLUs::trasladar(bool mover) {
   const auto fuera = std::make_shared<QStringList>();
   const auto paso = [=, this, lote = *lote](std::span<const ClaveArticulo> tanda) -> Resultado<> {
     for (const ClaveArticulo& c : tanda) {
-      const auto hay = catalogo_.leer({*destino, c.codigo});
-      if (!hay) return std::unexpected(hay.error());
-      if (*hay) continue;  // it is left out
+      TARVO_TOMAR(const auto hay, catalogo_.leer({*destino, c.codigo}));
+      if (hay) continue;  // it is left out
       if (mover) TARVO_INTENTAR(lotes_.guardar(lote, c));
       TARVO_INTENTAR(lotes_.guardar(lote, {*destino, c.codigo}));
     }
-    const auto quedan =
-        mover ? catalogo_.mover(tanda, *destino) : catalogo_.copiar(tanda, *destino, u"EntNmSc"_s);
-    if (!quedan) return std::unexpected(quedan.error());
-    for (const ClaveArticulo& c : *quedan) *fuera << verCodigo(c.codigo);
+    TARVO_TOMAR(const auto quedan, mover ? catalogo_.mover(tanda, *destino)
+                                         : catalogo_.copiar(tanda, *destino, u"EntNmSc"_s));
+    for (const ClaveArticulo& c : quedan) *fuera << verCodigo(c.codigo);
     return {};
   };
   porPasos(t(mover ? kTxMoviendo : kTxCopiandoPLUs), claves, paso,

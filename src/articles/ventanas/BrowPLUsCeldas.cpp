@@ -3,7 +3,7 @@
 #include "articles/ventanas/BrowPLUs.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
-#include "core/ventanas/Tira.h"
+#include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::articles {
 
@@ -20,11 +20,10 @@ Resultado<> BrowPLUs::escribir(qint64 fila, bool callado, const Cambio& cambio) 
     if (!callado) decirDuda(t(kTxIntocables));
     return {};
   }
-  auto articulo = catalogo_.leer(clave);
-  if (!articulo) return std::unexpected(articulo.error());
-  if (!*articulo) return fallo(Fallo::NoExiste, t(kTxArticuloBorrado));
-  TARVO_INTENTAR(cambio(**articulo));
-  const auto hecho = catalogo_.modificar(clave, **articulo, nombre());
+  TARVO_TOMAR(auto articulo, catalogo_.leer(clave));
+  if (!articulo) return fallo(Fallo::NoExiste, t(kTxArticuloBorrado));
+  TARVO_INTENTAR(cambio(*articulo));
+  const auto hecho = catalogo_.modificar(clave, *articulo, nombre());
   if (!hecho) return std::unexpected(informe(*this, hecho.error()));
   return {};
 }

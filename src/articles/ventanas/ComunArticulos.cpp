@@ -29,18 +29,17 @@ bool hayCifras(const QString& texto) {
 }  // namespace
 
 Resultado<> llenarSecciones(QComboBox& lista, ventanas::Contexto& c) {
-  auto rs = c.db.consultar(u"SELECT NMSECC, NOMSEC FROM SECCS ORDER BY NMSECC");
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(auto rs, c.db.consultar(u"SELECT NMSECC, NOMSEC FROM SECCS ORDER BY NMSECC"));
   lista.clear();
-  return llenar(lista, **rs, 3);
+  return llenar(lista, *rs, 3);
 }
 
 Resultado<> llenarDepartamentos(QComboBox& lista, ventanas::Contexto& c, int seccion) {
-  auto rs =
-      c.db.consultar(u"SELECT NUMDEP, NomDep FROM DEPTS WHERE SECCION=? ORDER BY NUMDEP", seccion);
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(
+      auto rs,
+      c.db.consultar(u"SELECT NUMDEP, NomDep FROM DEPTS WHERE SECCION=? ORDER BY NUMDEP", seccion));
   lista.clear();
-  return llenar(lista, **rs, 2);
+  return llenar(lista, *rs, 2);
 }
 
 bool elegirEn(QComboBox& lista, const QVariant& dato) {

@@ -5,7 +5,7 @@
 #include <QComboBox>
 
 #include "articles/Catalogo.h"
-#include "core/ventanas/Ventanas.h"
+#include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::articles {
 

@@ -4,8 +4,8 @@
 
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/Parrilla.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::articles {
 
@@ -47,20 +47,19 @@ EdIvaSeccs::EdIvaSeccs(ventanas::Contexto& contexto, const QString& nombre, Cata
 
 Resultado<> EdIvaSeccs::preparar(const ventanas::Argumentos& argumentos) {
   seccion_ = argumentos.value(u"seccion"_s, 1).toInt();
-  const auto nombre = contexto().db.uno(u"SELECT NOMSEC FROM SECCS WHERE NMSECC=?", seccion_);
-  if (!nombre) return std::unexpected(nombre.error());
-  ui_.seccion->setText(Ceros(seccion_, 3) + u"  "_s + nombre->texto());
-  const auto ivas = secciones_.ivas(seccion_);
-  if (!ivas) return std::unexpected(ivas.error());
-  ivas_ = antes_ = *ivas;
+  TARVO_TOMAR(const auto nombre,
+              contexto().db.uno(u"SELECT NOMSEC FROM SECCS WHERE NMSECC=?", seccion_));
+  ui_.seccion->setText(Ceros(seccion_, 3) + u"  "_s + nombre.texto());
+  TARVO_TOMAR(const auto ivas, secciones_.ivas(seccion_));
+  ivas_ = antes_ = ivas;
   departamentos_.clear();
-  auto rs = contexto().db.consultar(
-      u"SELECT NUMDEP, NomDep, IVA FROM DEPTS WHERE SECCION=? ORDER BY NUMDEP", seccion_);
-  if (!rs) return std::unexpected(rs.error());
-  while (!(*rs)->Eof()) {
+  TARVO_TOMAR(auto rs, contexto().db.consultar(
+                           u"SELECT NUMDEP, NomDep, IVA FROM DEPTS WHERE SECCION=? ORDER BY NUMDEP",
+                           seccion_));
+  while (!rs->Eof()) {
     departamentos_.push_back(
-        {static_cast<int>((*rs)->entero(0)), static_cast<int>((*rs)->entero(2)), (*rs)->texto(1)});
-    TARVO_INTENTAR((*rs)->MoveNext());
+        {static_cast<int>(rs->entero(0)), static_cast<int>(rs->entero(2)), rs->texto(1)});
+    TARVO_INTENTAR(rs->MoveNext());
   }
   deptsAntes_ = departamentos_;
   pintar();
@@ -101,12 +100,11 @@ Resultado<> EdIvaSeccs::ponerTipo(qint64 departamento, const QString& texto) {
 }
 
 Resultado<> EdIvaSeccs::escribir() {
-  auto tr = dao::Transaccion::empezar(contexto().db);
-  if (!tr) return std::unexpected(tr.error());
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(contexto().db));
   TARVO_INTENTAR(secciones_.ponerIvas(seccion_, ivas_));
   for (const Departamento& d : departamentos_)
     TARVO_INTENTAR(secciones_.ponerTipoIva(seccion_, d.numero, d.tipo));
-  return tr->confirmar();
+  return tr.confirmar();
 }
 
 void EdIvaSeccs::guardar() {

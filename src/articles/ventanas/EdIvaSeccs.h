@@ -3,7 +3,7 @@
 #pragma once
 
 #include "articles/Secciones.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_EdIvaSeccs.h"
 
 namespace tarvo::articles {

@@ -2,7 +2,7 @@
 // "seccion" (the one shown, which isn't offered), "cuantos", "salida" (takes the section).
 #pragma once
 
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_EntNmSc.h"
 
 namespace tarvo::articles {

@@ -48,11 +48,11 @@ class AvisoDeFin final : public QObject, public motor::Observador {
 Resultado<std::vector<int>> gruposDe(dao::Database& db, const std::vector<int>& secciones) {
   std::vector<int> grupos;
   for (const int seccion : secciones) {
-    auto rs = db.consultar(u"select CODGPO from GRUPOS where SECCION=? order by CODGPO", seccion);
-    if (!rs) return std::unexpected(rs.error());
-    while (!(*rs)->Eof()) {
-      grupos.push_back(static_cast<int>((*rs)->entero(0)));
-      TARVO_INTENTAR((*rs)->MoveNext());
+    TARVO_TOMAR(auto rs, db.consultar(u"select CODGPO from GRUPOS where SECCION=? order by CODGPO",
+                                      seccion));
+    while (!rs->Eof()) {
+      grupos.push_back(static_cast<int>(rs->entero(0)));
+      TARVO_INTENTAR(rs->MoveNext());
     }
   }
   return grupos;

@@ -2,7 +2,7 @@
 // "salida" takes the answer.
 #pragma once
 
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_QueHacemos.h"
 
 namespace tarvo::articles {

@@ -3,7 +3,7 @@
 
 #include "articles/Catalogo.h"
 #include "comm/motor/gestcomm.h"
-#include "core/ventanas/Ventanas.h"
+#include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::articles {
 

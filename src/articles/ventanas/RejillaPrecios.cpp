@@ -4,7 +4,7 @@
 
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
-#include "core/ventanas/Medidas.h"
+#include "core/ventanas/aspecto/Medidas.h"
 
 namespace tarvo::articles {
 
@@ -69,10 +69,9 @@ void RejillaPrecios::vaciar() {
 }
 
 Resultado<> RejillaPrecios::escribir(int nivel, qint64 fila, const QString& texto) {
-  const auto importe = leerImporte(v_, texto, moneda_);
-  if (!importe) return std::unexpected(importe.error());
+  TARVO_TOMAR(const auto importe, leerImporte(v_, texto, moneda_));
   Precios nuevos = precios_;
-  nuevos[static_cast<size_t>(nivel)][static_cast<size_t>(fila)] = *importe;
+  nuevos[static_cast<size_t>(nivel)][static_cast<size_t>(fila)] = importe;
   TARVO_INTENTAR(alCambiar_(nuevos));
   poner(nuevos);
   return {};

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "articles/Articulo.h"
-#include "core/ventanas/Parrilla.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::articles {
 

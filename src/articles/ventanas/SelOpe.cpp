@@ -2,7 +2,7 @@
 
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
-#include "core/ventanas/Parrilla.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::articles {
 

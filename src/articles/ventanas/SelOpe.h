@@ -1,7 +1,7 @@
 // Picks an operator: SelOpe. "salida" takes its code, 0 when nothing was picked.
 #pragma once
 
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_SelOpe.h"
 
 namespace tarvo::articles {

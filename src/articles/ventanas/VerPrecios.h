@@ -2,8 +2,8 @@
 // or of a whole section.
 #pragma once
 
-#include "core/ventanas/Columna.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/parrilla/Columna.h"
 #include "ui_VerPrecios.h"
 
 namespace tarvo::articles {

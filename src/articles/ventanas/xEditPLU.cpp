@@ -14,7 +14,7 @@
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "articles/ventanas/VerPrecios.h"
 #include "core/dinero/Dinero.h"
-#include "core/ventanas/Medidas.h"
+#include "core/ventanas/aspecto/Medidas.h"
 
 namespace tarvo::articles {
 
@@ -147,15 +147,13 @@ void XEditPLU::montarStock() {
 Resultado<> XEditPLU::preparar(const ventanas::Argumentos& argumentos) {
   int seccion = argumentos.value(u"seccion"_s, 0).toInt();
   if (seccion == 0) {
-    const auto primera = contexto().db.uno(u"SELECT min(NMSECC) FROM SECCS");
-    if (!primera) return std::unexpected(primera.error());
-    seccion = static_cast<int>(primera->entero());
+    TARVO_TOMAR(const auto primera, contexto().db.uno(u"SELECT min(NMSECC) FROM SECCS"));
+    seccion = static_cast<int>(primera.entero());
   }
   qint64 codigo = argumentos.value(u"codigo"_s, 0).toLongLong();
   if (!argumentos.contains(u"codigo"_s)) {
-    const auto hay = primero(seccion);
-    if (!hay) return std::unexpected(hay.error());
-    codigo = *hay;
+    TARVO_TOMAR(const auto hay, primero(seccion));
+    codigo = hay;
   }
   // A second opening of the same article finds it as it was left.
   if (isVisible() && (codigo == 0 || vieja_ == ClaveArticulo{seccion, codigo})) return {};
@@ -164,10 +162,10 @@ Resultado<> XEditPLU::preparar(const ventanas::Argumentos& argumentos) {
 }
 
 Resultado<qint64> XEditPLU::primero(int seccion) {
-  const auto codigo =
-      contexto().db.uno(u"SELECT min(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU>2", seccion);
-  if (!codigo) return std::unexpected(codigo.error());
-  return codigo->entero();
+  TARVO_TOMAR(
+      const auto codigo,
+      contexto().db.uno(u"SELECT min(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU>2", seccion));
+  return codigo.entero();
 }
 
 Resultado<> XEditPLU::editar(const QString& padre, int seccion, int departamento, qint64 codigo) {
@@ -176,10 +174,9 @@ Resultado<> XEditPLU::editar(const QString& padre, int seccion, int departamento
   articulo_ = {};
   articulo_.clave = {seccion, codigo};
   if (codigo > 0) {
-    const auto hay = catalogo_.leer(articulo_.clave);
-    if (!hay) return std::unexpected(hay.error());
-    if (!*hay) return fallo(Fallo::NoExiste, t(kTxArticuloBorrado));
-    articulo_ = **hay;
+    TARVO_TOMAR(const auto hay, catalogo_.leer(articulo_.clave));
+    if (!hay) return fallo(Fallo::NoExiste, t(kTxArticuloBorrado));
+    articulo_ = *hay;
     vieja_ = articulo_.clave;
   }
   TARVO_INTENTAR(llenarDepartamentos(*ui_.LstDep, contexto(), seccion));
@@ -187,9 +184,8 @@ Resultado<> XEditPLU::editar(const QString& padre, int seccion, int departamento
     const int primero = ui_.LstDep->count() > 0 ? ui_.LstDep->itemData(0).toInt() : 0;
     articulo_.depto = departamento > 0 ? departamento : primero;
   }
-  const auto existencias = leerExistencias(contexto().db, articulo_.clave);
-  if (!existencias) return std::unexpected(existencias.error());
-  existencias_ = existenciasAntes_ = *existencias;
+  TARVO_TOMAR(const auto existencias, leerExistencias(contexto().db, articulo_.clave));
+  existencias_ = existenciasAntes_ = existencias;
   TARVO_INTENTAR(ui_.historia->abrir({.desde = u"HistoriaPrecios"_s,
                                       .filtro = u"SECCION=? AND CODPLU=?"_s,
                                       .parametros = {seccion, codigo},

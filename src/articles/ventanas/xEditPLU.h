@@ -4,7 +4,7 @@
 #include "articles/Catalogo.h"
 #include "articles/Existencias.h"
 #include "articles/ventanas/RejillaPrecios.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_xEditPLU.h"
 
 namespace tarvo::articles {

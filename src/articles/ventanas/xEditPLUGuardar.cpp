@@ -2,8 +2,8 @@
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "articles/ventanas/xEditPLU.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/Recorrido.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/parrilla/Recorrido.h"
 
 namespace tarvo::articles {
 
@@ -97,10 +97,9 @@ void XEditPLU::decirMalas(const std::vector<Mala>& malas) {
 
 Resultado<> XEditPLU::ponerContador(qint64 Existencia::* contador, qint64 almacen,
                                     const QString& texto) {
-  const auto n = leerCantidad(*this, texto, articulo_.cada);
-  if (!n) return std::unexpected(n.error());
+  TARVO_TOMAR(const auto n, leerCantidad(*this, texto, articulo_.cada));
   const auto e = std::ranges::find(existencias_, static_cast<int>(almacen), &Existencia::almacen);
-  if (e != existencias_.end()) (*e).*contador = *n;
+  if (e != existencias_.end()) (*e).*contador = n;
   pintarStock();
   return {};
 }
@@ -117,12 +116,11 @@ bool XEditPLU::loCambioOtro() {
 
 Resultado<> XEditPLU::escribir() {
   const QString ventana = u"xEditPLU"_s;
-  auto t = dao::Transaccion::empezar(contexto().db);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(contexto().db));
   TARVO_INTENTAR(vieja_ ? catalogo_.modificar(*vieja_, articulo_, ventana)
                         : catalogo_.crear(articulo_, ventana));
   TARVO_INTENTAR(ponerExistencias(contexto().db, articulo_.clave, existenciasAntes_, existencias_));
-  return t->confirmar();
+  return t.confirmar();
 }
 
 void XEditPLU::guardar() {

@@ -4,7 +4,7 @@
 
 #include "automation/Automat.h"
 #include "comm/motor/gestcomm.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_Automat.h"
 
 namespace tarvo::automation {

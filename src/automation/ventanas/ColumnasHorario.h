@@ -1,8 +1,8 @@
 // What the grid of a timetable and that of its editor have in common.
 #pragma once
 
-#include "automation/Proceso.h"
-#include "core/ventanas/Columna.h"
+#include "automation/lenguaje/Proceso.h"
+#include "core/ventanas/parrilla/Columna.h"
 
 namespace tarvo::automation {
 

@@ -5,9 +5,9 @@
 
 #include "automation/ventanas/ColumnasHorario.h"
 #include "automation/ventanas/TextosAutomationVentanas.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Parrilla.h"
-#include "core/ventanas/Ventanas.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Ventanas.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::automation {
 

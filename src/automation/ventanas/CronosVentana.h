@@ -2,7 +2,7 @@
 #pragma once
 
 #include "automation/Cronos.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_Cronos.h"
 
 namespace tarvo::automation {

@@ -6,10 +6,10 @@
 
 #include "automation/ventanas/ColumnasHorario.h"
 #include "automation/ventanas/TextosAutomationVentanas.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/Parrilla.h"
-#include "core/ventanas/Tira.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::automation {
 
@@ -97,12 +97,10 @@ Resultado<> EdiCron::preparar(const Argumentos& argumentos) {
     pedirNombre();
     return {};
   }
-  const auto texto = lenguaje_.leerTexto(ruta);
-  if (!texto) return std::unexpected(texto.error());
-  auto leido = leerHorario(*texto, lenguaje_);
-  if (!leido) return std::unexpected(leido.error());
+  TARVO_TOMAR(const auto texto, lenguaje_.leerTexto(ruta));
+  TARVO_TOMAR(auto leido, leerHorario(texto, lenguaje_));
   ruta_ = ruta;
-  horario_ = std::move(*leido);
+  horario_ = std::move(leido);
   editar();
   return {};
 }

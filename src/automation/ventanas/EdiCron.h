@@ -1,8 +1,8 @@
 // The editor of a timetable. Works on a copy, which goes to the file at once when it is saved.
 #pragma once
 
-#include "automation/Horario.h"
-#include "core/ventanas/Ventana.h"
+#include "automation/lenguaje/Horario.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_EdiCron.h"
 
 namespace tarvo::automation {

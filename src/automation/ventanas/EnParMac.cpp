@@ -1,8 +1,8 @@
 #include "automation/ventanas/EnParMac.h"
 
 #include "automation/ventanas/TextosAutomationVentanas.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Tema.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
 
 namespace tarvo::automation {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "automation/ventanas/PreguntasVentana.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_EnParMac.h"
 
 namespace tarvo::automation {

@@ -3,8 +3,8 @@
 #include <QGuiApplication>
 #include <QPainter>
 
-#include "core/ventanas/EscogeFecha.h"
-#include "core/ventanas/Tema.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/EscogeFecha.h"
 
 namespace tarvo::automation {
 

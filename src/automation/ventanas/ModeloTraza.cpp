@@ -1,6 +1,6 @@
 #include "automation/ventanas/ModeloTraza.h"
 
-#include "core/ventanas/ModeloParrilla.h"
+#include "core/ventanas/parrilla/ModeloParrilla.h"
 
 namespace tarvo::automation {
 

@@ -4,7 +4,7 @@
 #include <variant>
 
 #include "automation/Automat.h"
-#include "core/ventanas/Ventanas.h"
+#include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::automation {
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "automation/Cronos.h"
-#include "core/ventanas/Ventanas.h"
+#include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::automation {
 

@@ -7,10 +7,10 @@
 #include <QScrollBar>
 
 #include "automation/ventanas/TextosAutomationVentanas.h"
-#include "core/ventanas/Delegado.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Tema.h"
-#include "core/ventanas/Tira.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/parrilla/Delegado.h"
 
 namespace tarvo::automation {
 

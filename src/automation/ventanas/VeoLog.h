@@ -2,7 +2,7 @@
 #pragma once
 
 #include "automation/ventanas/ModeloTraza.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_VeoLog.h"
 
 namespace tarvo::automation {

@@ -1,7 +1,7 @@
 // How a link opens, how a second client joins it, and how it ends.
+#include "comm/cables/Parametros.h"
 #include "comm/enlace/Errores.h"
 #include "comm/enlace/EstadoComtvIP.h"
-#include "comm/enlace/Parametros.h"
 #include "core/ajustes/Ajustes.h"
 
 namespace tarvo::enlace {

@@ -14,7 +14,7 @@
 #include <memory>
 #include <vector>
 
-#include "comm/enlace/LinkSocket.h"
+#include "comm/cables/LinkSocket.h"
 #include "comm/enlace/ModoEnvio.h"
 #include "core/tiempo/Reloj.h"
 

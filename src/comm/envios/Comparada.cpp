@@ -112,18 +112,17 @@ std::vector<CampoComparado> enParalelo(const Lado& aqui, const Lado& alli, const
 Resultado<FichaComparada> compararFicha(dao::Database& db, const Destino& d, qint64 codigo,
                                         const Ajustes& ajustes, const Textos& textos, Fecha ahora) {
   FichaComparada salida;
-  const auto rs = db.consultar(
-      u"SELECT FICHA, CUANDO FROM FichasPedidas WHERE GRUPO=? AND CODPLU=?", d.grupo, codigo);
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(const auto rs,
+              db.consultar(u"SELECT FICHA, CUANDO FROM FichasPedidas WHERE GRUPO=? AND CODPLU=?",
+                           d.grupo, codigo));
   Lado aqui, alli;
-  if (!(*rs)->Eof()) {
-    salida.cuando = (*rs)->fecha(1);
-    alli = ladoDe(d.tipo, QByteArray::fromHex((*rs)->texto(0).toLatin1()));
+  if (!rs->Eof()) {
+    salida.cuando = rs->fecha(1);
+    alli = ladoDe(d.tipo, QByteArray::fromHex(rs->texto(0).toLatin1()));
     salida.laTiene = alli.ficha.has_value();
   }
-  const auto articulo = Lector(db, d).articulo(codigo, ahora);
-  if (!articulo) return std::unexpected(articulo.error());
-  if (*articulo) aqui = ladoDe(d.tipo, **articulo);
+  TARVO_TOMAR(const auto articulo, Lector(db, d).articulo(codigo, ahora));
+  if (articulo) aqui = ladoDe(d.tipo, *articulo);
   salida.campos = enParalelo(aqui, alli, ajustes, textos);
   return salida;
 }

@@ -62,21 +62,22 @@ Resultado<std::vector<qint64>> borradosAntes(dao::Database& db, const Destino& d
 }
 
 Resultado<qint64> articulosDeSobra(dao::Database& db, const Destino& d) {
-  const auto n = db.uno(
-      u"SELECT count(DISTINCT CODPLU) FROM Enviados E WHERE E.GRUPO=? AND NOT EXISTS (SELECT 1 "
-      u"FROM PLUSES P WHERE P.SECCION=? AND P.CODPLU=E.CODPLU)",
-      d.grupo, d.seccion);
-  if (!n) return std::unexpected(n.error());
-  return n->entero();
+  TARVO_TOMAR(
+      const auto n,
+      db.uno(
+          u"SELECT count(DISTINCT CODPLU) FROM Enviados E WHERE E.GRUPO=? AND NOT EXISTS (SELECT 1 "
+          u"FROM PLUSES P WHERE P.SECCION=? AND P.CODPLU=E.CODPLU)",
+          d.grupo, d.seccion));
+  return n.entero();
 }
 
 Resultado<> rechazadosAlFinal(dao::Database& db, const Destino& d, std::vector<qint64>& codigos) {
-  const auto rechazados = codigosDe(
-      db.consultar(u"SELECT CODPLU FROM Retenidos WHERE GRUPO=? AND SECCION=? AND ERROR<>0",
-                   d.grupo, d.seccion));
-  if (!rechazados) return std::unexpected(rechazados.error());
-  if (rechazados->empty()) return {};
-  const std::unordered_set<qint64> cuales(rechazados->begin(), rechazados->end());
+  TARVO_TOMAR(const auto rechazados,
+              codigosDe(db.consultar(
+                  u"SELECT CODPLU FROM Retenidos WHERE GRUPO=? AND SECCION=? AND ERROR<>0", d.grupo,
+                  d.seccion)));
+  if (rechazados.empty()) return {};
+  const std::unordered_set<qint64> cuales(rechazados.begin(), rechazados.end());
   std::ranges::stable_partition(codigos, [&](qint64 c) { return !cuales.contains(c); });
   return {};
 }

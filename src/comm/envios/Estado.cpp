@@ -62,9 +62,8 @@ Resultado<> leerSobrantes(dao::Database& db, const Destino& d, Sabido& s) {
           u"PLUSES.CODPLU=Enviados.CODPLU)",
           d.grupo, d.seccion),
       [&](const dao::Recordset& rs) { s.sobrantes.push_back(rs.entero(0)); }));
-  auto marcados = articulosPorBorrar(db, d);
-  if (!marcados) return std::unexpected(marcados.error());
-  s.sobrantes.insert(s.sobrantes.end(), marcados->begin(), marcados->end());
+  TARVO_TOMAR(auto marcados, articulosPorBorrar(db, d));
+  s.sobrantes.insert(s.sobrantes.end(), marcados.begin(), marcados.end());
   std::ranges::sort(s.sobrantes);
   s.sobrantes.erase(std::ranges::unique(s.sobrantes).begin(), s.sobrantes.end());
   return {};
@@ -72,9 +71,8 @@ Resultado<> leerSobrantes(dao::Database& db, const Destino& d, Sabido& s) {
 
 Resultado<Sabido> leerSabido(dao::Database& db, const Destino& d, Fecha ahora) {
   Sabido s;
-  const auto mudanza = mudanzaDe(db, d);
-  if (!mudanza) return std::unexpected(mudanza.error());
-  TARVO_INTENTAR(leerEnviados(db, d, *mudanza, s));
+  TARVO_TOMAR(const auto mudanza, mudanzaDe(db, d));
+  TARVO_INTENTAR(leerEnviados(db, d, mudanza, s));
   TARVO_INTENTAR(leerSobrantes(db, d, s));
   TARVO_INTENTAR(recorrer(
       db.consultar(
@@ -84,10 +82,10 @@ Resultado<Sabido> leerSabido(dao::Database& db, const Destino& d, Fecha ahora) {
         s.retenidos[rs.entero(0)] = {rs.texto(1), static_cast<int>(rs.entero(2)), rs.fecha(3)};
       }));
   if (!d.conCross()) return s;
-  const auto pendientes = mudanza->tarifa || mudanza->maquina ? todosLosArticulos(db, d, {})
-                                                              : SaltarSinCambios(db, d, {}, ahora);
-  if (!pendientes) return std::unexpected(pendientes.error());
-  s.pendientes.insert(pendientes->begin(), pendientes->end());
+  TARVO_TOMAR(const auto pendientes, mudanza.tarifa || mudanza.maquina
+                                         ? todosLosArticulos(db, d, {})
+                                         : SaltarSinCambios(db, d, {}, ahora));
+  s.pendientes.insert(pendientes.begin(), pendientes.end());
   return s;
 }
 
@@ -121,11 +119,10 @@ constexpr size_t kEncargosMaximos = 20;
 // Runs of articles that stand next to one another in the catalogue.
 Resultado<std::vector<Encargo>> tramos(dao::Database& db, const Destino& d,
                                        std::span<const qint64> codigos) {
-  const auto todos = todosLosArticulos(db, d, {codigos.front(), codigos.back()});
-  if (!todos) return std::unexpected(todos.error());
+  TARVO_TOMAR(const auto todos, todosLosArticulos(db, d, {codigos.front(), codigos.back()}));
   std::vector<Encargo> salida;
   bool seguido = false;
-  for (const qint64 c : *todos) {
+  for (const qint64 c : todos) {
     const bool elegido = std::ranges::binary_search(codigos, c);
     if (elegido && seguido)
       salida.back().rango.hasta = c;
@@ -141,31 +138,28 @@ Resultado<std::vector<Encargo>> tramos(dao::Database& db, const Destino& d,
 }  // namespace
 
 Resultado<std::optional<Destino>> destinoDeGrupo(dao::Database& db, int grupo) {
-  const auto rs = db.consultar(u"SELECT SECCION, TIPO, tarifa FROM GRUPOS WHERE CODGPO=?", grupo);
-  if (!rs) return std::unexpected(rs.error());
-  if ((*rs)->Eof()) return std::nullopt;
-  const auto entero = [&](int c) { return static_cast<int>((*rs)->entero(c)); };
+  TARVO_TOMAR(const auto rs,
+              db.consultar(u"SELECT SECCION, TIPO, tarifa FROM GRUPOS WHERE CODGPO=?", grupo));
+  if (rs->Eof()) return std::nullopt;
+  const auto entero = [&](int c) { return static_cast<int>(rs->entero(c)); };
   return Destino{grupo, entero(0), entero(1), std::clamp(entero(2), 0, 7)};
 }
 
 Resultado<std::vector<EstadoArticulo>> estadoDeEnvio(dao::Database& db, const Destino& d,
                                                      const Textos& textos, Fecha ahora) {
-  const auto sabido = leerSabido(db, d, ahora);
-  if (!sabido) return std::unexpected(sabido.error());
-  const auto codigos = todosLosArticulos(db, d, {});
-  if (!codigos) return std::unexpected(codigos.error());
+  TARVO_TOMAR(const auto sabido, leerSabido(db, d, ahora));
+  TARVO_TOMAR(const auto codigos, todosLosArticulos(db, d, {}));
   Lector lector(db, d);
   std::vector<EstadoArticulo> salida;
-  salida.reserve(codigos->size() + sabido->sobrantes.size());
-  for (std::span<const qint64> resto(*codigos); !resto.empty();) {
+  salida.reserve(codigos.size() + sabido.sobrantes.size());
+  for (std::span<const qint64> resto(codigos); !resto.empty();) {
     const size_t n = std::min(resto.size(), Lector::kLote);
-    const auto leidos = lector.leer(resto.first(n), ahora);
-    if (!leidos) return std::unexpected(leidos.error());
-    for (const Preparado& p : *leidos) salida.push_back(juzgar(p, d, *sabido, textos));
+    TARVO_TOMAR(const auto leidos, lector.leer(resto.first(n), ahora));
+    for (const Preparado& p : leidos) salida.push_back(juzgar(p, d, sabido, textos));
     resto = resto.subspan(n);
   }
   const QString porQueSobra = d.conCross() ? QString() : textos(kTxNoBorraUnoSolo);
-  for (const qint64 c : sabido->sobrantes)
+  for (const qint64 c : sabido.sobrantes)
     salida.push_back({c, {}, Situacion::Sobra, {}, porQueSobra});
   std::ranges::stable_sort(salida, {}, &EstadoArticulo::codigo);
   return salida;
@@ -174,21 +168,18 @@ Resultado<std::vector<EstadoArticulo>> estadoDeEnvio(dao::Database& db, const De
 Resultado<Encargos> encargar(dao::Database& db, const Destino& d, std::span<const qint64> codigos) {
   Encargos salida;
   if (codigos.empty()) return salida;
-  const auto suyos = todosLosArticulos(db, d, {codigos.front(), codigos.back()});
-  if (!suyos) return std::unexpected(suyos.error());
+  TARVO_TOMAR(const auto suyos, todosLosArticulos(db, d, {codigos.front(), codigos.back()}));
   std::vector<qint64> nuestros;
   for (const qint64 c : codigos)
-    if (std::ranges::binary_search(*suyos, c)) nuestros.push_back(c);
+    if (std::ranges::binary_search(suyos, c)) nuestros.push_back(c);
   if (!d.conCross()) {
     salida.imposibles = static_cast<int>(codigos.size() - nuestros.size());
     if (nuestros.empty()) return salida;
-    auto t = tramos(db, d, nuestros);
-    if (!t) return std::unexpected(t.error());
-    salida.tareas = std::move(*t);
+    TARVO_TOMAR(auto t, tramos(db, d, nuestros));
+    salida.tareas = std::move(t);
     return salida;
   }
-  auto tr = dao::Transaccion::empezar(db);
-  if (!tr) return std::unexpected(tr.error());
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db));
   for (const qint64 c : codigos) {
     TARVO_INTENTAR(db.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=?", d.seccion,
                                c, d.grupo));
@@ -197,7 +188,7 @@ Resultado<Encargos> encargar(dao::Database& db, const Destino& d, std::span<cons
           db.ejecutar(u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) VALUES (?, ?, ?, 1)",
                       d.seccion, c, d.grupo));
   }
-  TARVO_INTENTAR(tr->confirmar());
+  TARVO_INTENTAR(tr.confirmar());
   salida.tareas.push_back({false, {codigos.front(), codigos.back()}});
   return salida;
 }

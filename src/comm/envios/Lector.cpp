@@ -140,12 +140,11 @@ Resultado<std::vector<Preparado>> Lector::leer(std::span<const qint64> codigos, 
   std::vector<dao::Valor> valores{destino_.grupo, destino_.seccion};
   valores.insert(valores.end(), codigos.begin(), codigos.end());
   if (codigos.size() > 1) valores.resize(kLote + 2, codigos.back());
-  const auto rs = db_.OpenQuery(codigos.size() > 1 ? muchos_ : uno_, valores);
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(const auto rs, db_.OpenQuery(codigos.size() > 1 ? muchos_ : uno_, valores));
   salida.reserve(codigos.size());
-  for (; !(*rs)->Eof();) {
-    salida.push_back(preparar(**rs, ahora));
-    TARVO_INTENTAR((*rs)->MoveNext());
+  for (; !rs->Eof();) {
+    salida.push_back(preparar(*rs, ahora));
+    TARVO_INTENTAR(rs->MoveNext());
   }
   if (destino_.tipo == 3) TARVO_INTENTAR(apartarRepetidos(salida));
   return salida;
@@ -165,27 +164,25 @@ Resultado<> Lector::apartarRepetidos(std::vector<Preparado>& lote) {
   }
   if (hechos.empty()) return {};
   valores.resize(kLote + 1, valores.back());
-  const auto rs = db_.OpenQuery(barras_, valores);
-  if (!rs) return std::unexpected(rs.error());
-  for (; !(*rs)->Eof();) {
-    const QString codigo = (*rs)->texto(0);
-    const qint64 dueno = (*rs)->entero(1);
+  TARVO_TOMAR(const auto rs, db_.OpenQuery(barras_, valores));
+  for (; !rs->Eof();) {
+    const QString codigo = rs->texto(0);
+    const qint64 dueno = rs->entero(1);
     const auto [primero, ultimo] = hechos.equal_range(codigo);
     for (const auto& [suyo, p] : std::ranges::subrange(primero, ultimo))
       if (p->codigo != dueno)
         p->registro = std::unexpected(
             maquinas::NoCabe{maquinas::CampoPLU::CodBarExt, maquinas::NoCabe::DeOtro, dueno, suyo});
-    TARVO_INTENTAR((*rs)->MoveNext());
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return {};
 }
 
 Resultado<std::optional<maquinas::Articulo>> Lector::articulo(qint64 codigo, Fecha ahora) {
-  const auto rs = db_.consultar(uno_, destino_.grupo, destino_.seccion, codigo);
-  if (!rs) return std::unexpected(rs.error());
-  if ((*rs)->Eof()) return std::nullopt;
-  maquinas::Articulo a = leerArticuloPlano(**rs);
-  a.precios = LeerPrecios(**rs, leerOferta(**rs, ahora));
+  TARVO_TOMAR(const auto rs, db_.consultar(uno_, destino_.grupo, destino_.seccion, codigo));
+  if (rs->Eof()) return std::nullopt;
+  maquinas::Articulo a = leerArticuloPlano(*rs);
+  a.precios = LeerPrecios(*rs, leerOferta(*rs, ahora));
   return a;
 }
 

@@ -32,18 +32,16 @@ Remesa::Remesa(dao::Database& db, Reloj& reloj, const Textos& textos, const Dest
 Remesa::~Remesa() = default;
 
 Resultado<> Remesa::abrir() {
-  auto tr = dao::Transaccion::empezar(db_);
-  if (!tr) return std::unexpected(tr.error());
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
   TARVO_INTENTAR(tenencias_.empezar());
-  return tr->confirmar();
+  return tr.confirmar();
 }
 
 Resultado<> Remesa::empezar(bool todo, Rango rango, bool porNumero) {
   TARVO_INTENTAR(abrir());
-  auto codigos = todo ? todosLosArticulos(db_, destino_, rango)
-                      : SaltarSinCambios(db_, destino_, rango, reloj_.ahora());
-  if (!codigos) return std::unexpected(codigos.error());
-  lista_ = std::move(*codigos);
+  TARVO_TOMAR(auto codigos, todo ? todosLosArticulos(db_, destino_, rango)
+                                 : SaltarSinCambios(db_, destino_, rango, reloj_.ahora()));
+  lista_ = std::move(codigos);
   if (todo && que_ == Que::Articulos) otraVez_ = rango;
   if (porNumero) return {};
   return rechazadosAlFinal(db_, destino_, lista_);
@@ -56,9 +54,8 @@ Resultado<const Remesa::Saliente*> Remesa::actual(bool conRetenidos) {
   for (;;) {
     while (pos_ == lote_.size() && leidos_ < lista_.size()) TARVO_INTENTAR(cargar());
     if (pos_ == lote_.size()) return nullptr;
-    const auto sigue = refrescar();
-    if (!sigue) return std::unexpected(sigue.error());
-    if (*sigue && (conRetenidos || !lote_[pos_].saliente.retenido())) break;
+    TARVO_TOMAR(const auto sigue, refrescar());
+    if (sigue && (conRetenidos || !lote_[pos_].saliente.retenido())) break;
     quitarPrimero();
   }
   codigo_ = lote_[pos_].saliente.codigo;
@@ -76,10 +73,10 @@ Resultado<Remesa::Enviable> Remesa::preparar(Preparado p) {
   const auto registro = registroDe(p);
   if (registro) {
     if (que_ == Que::Articulos) e.huella = huellaDe(destino_.tipo, *registro);
-    const auto eraSuyo = que_ == Que::Precios ? tenencias_.anunciarPrecios(p.codigo, *registro)
-                                              : tenencias_.anunciar(p.codigo, e.huella);
-    if (!eraSuyo) return std::unexpected(eraSuyo.error());
-    e.eraSuyo = *eraSuyo;
+    TARVO_TOMAR(const auto eraSuyo, que_ == Que::Precios
+                                        ? tenencias_.anunciarPrecios(p.codigo, *registro)
+                                        : tenencias_.anunciar(p.codigo, e.huella));
+    e.eraSuyo = eraSuyo;
     e.saliente.registro = *registro;
     resumen_.retenidos.erase(p.codigo);
   } else {
@@ -100,22 +97,19 @@ Resultado<> Remesa::cargar() {
       std::span(lista_).subspan(leidos_, std::min(Lector::kLote, lista_.size() - leidos_));
   // What was confirmed is judged by what has changed since its own lot was read.
   if (db_.cambios() != cambios_) TARVO_INTENTAR(asentar());
-  auto leidos = lector_.leer(trozo, reloj_.ahora());
-  if (!leidos) return std::unexpected(leidos.error());
+  TARVO_TOMAR(auto leidos, lector_.leer(trozo, reloj_.ahora()));
   std::vector<Enviable> nuevos;
-  auto tr = dao::Transaccion::empezar(db_);
-  if (!tr) return std::unexpected(tr.error());
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
   const qint64 antes = db_.cambios();
   for (const qint64 codigo : trozo) {
-    const auto it = std::ranges::lower_bound(*leidos, codigo, {}, &Preparado::codigo);
-    if (it == leidos->end() || it->codigo != codigo) continue;  // it is gone
-    auto e = preparar(*it);
-    if (!e) return std::unexpected(e.error());
-    nuevos.push_back(std::move(*e));
+    const auto it = std::ranges::lower_bound(leidos, codigo, {}, &Preparado::codigo);
+    if (it == leidos.end() || it->codigo != codigo) continue;  // it is gone
+    TARVO_TOMAR(auto e, preparar(*it));
+    nuevos.push_back(std::move(e));
   }
   const bool conNotas = db_.cambios() != antes || notas_.size() >= kNotasJuntas;
   if (conNotas) TARVO_INTENTAR(escribir(notas_, true));
-  TARVO_INTENTAR(tr->confirmar());
+  TARVO_INTENTAR(tr.confirmar());
   if (conNotas) olvidarNotas();
   leidos_ += trozo.size();
   lote_ = std::move(nuevos);
@@ -129,21 +123,18 @@ Resultado<bool> Remesa::refrescar() {
   if (db_.cambios() == cambios_) return true;
   Enviable& e = lote_[pos_];
   const qint64 codigo = e.saliente.codigo;
-  auto leido = lector_.leer({&codigo, 1}, reloj_.ahora());
-  if (!leido) return std::unexpected(leido.error());
-  if (leido->empty()) return false;
-  const auto registro = registroDe(leido->front());
+  TARVO_TOMAR(auto leido, lector_.leer({&codigo, 1}, reloj_.ahora()));
+  if (leido.empty()) return false;
+  const auto registro = registroDe(leido.front());
   if (registro && *registro == e.saliente.registro) {
-    e.preparado = std::move(leido->front());
+    e.preparado = std::move(leido.front());
     return true;
   }
   const bool eraSuyo = e.eraSuyo;
-  auto tr = dao::Transaccion::empezar(db_);
-  if (!tr) return std::unexpected(tr.error());
-  auto otro = preparar(std::move(leido->front()));
-  if (!otro) return std::unexpected(otro.error());
-  TARVO_INTENTAR(tr->confirmar());
-  e = std::move(*otro);
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(auto otro, preparar(std::move(leido.front())));
+  TARVO_INTENTAR(tr.confirmar());
+  e = std::move(otro);
   e.eraSuyo = e.eraSuyo || eraSuyo;
   return true;
 }
@@ -213,10 +204,9 @@ bool Remesa::empezarFinal() {
 Resultado<std::vector<qint64>> Remesa::borrables() const {
   auto codigos = articulosPorBorrar(db_, destino_);
   if (!codigos || !otraVez_) return codigos;
-  const auto antes = borradosAntes(db_, destino_, *otraVez_);
-  if (!antes) return std::unexpected(antes.error());
+  TARVO_TOMAR(const auto antes, borradosAntes(db_, destino_, *otraVez_));
   std::vector<qint64> todos;
-  std::ranges::set_union(*codigos, *antes, std::back_inserter(todos));
+  std::ranges::set_union(*codigos, antes, std::back_inserter(todos));
   return todos;
 }
 
@@ -226,10 +216,9 @@ Resultado<> Remesa::empezarBorrados() {
     sitioHecho_ = true;
     negadasSeguidas_ = 0;
   }
-  auto codigos = borrables();
-  if (!codigos) return std::unexpected(codigos.error());
+  TARVO_TOMAR(auto codigos, borrables());
   otraVez_.reset();
-  borrados_ = std::move(*codigos);
+  borrados_ = std::move(codigos);
   posBorrados_ = 0;
   return {};
 }
@@ -278,9 +267,8 @@ Resultado<Remesa::Restan> Remesa::restan() const {
   if (!destino_.conCross()) return r;
   r.borrados = std::ssize(borrados_) - static_cast<qint64>(posBorrados_);
   if (r.borrados > 0) return r;
-  const auto codigos = borrables();
-  if (!codigos) return std::unexpected(codigos.error());
-  r.borrados = std::ranges::count_if(*codigos, sinTurno);
+  TARVO_TOMAR(const auto codigos, borrables());
+  r.borrados = std::ranges::count_if(codigos, sinTurno);
   return r;
 }
 
@@ -295,10 +283,9 @@ void Remesa::anotar(Nota nota) {
 Resultado<> Remesa::asentar() {
   if (notas_.empty()) return {};
   const bool alDia = db_.cambios() == cambios_;
-  auto tr = dao::Transaccion::empezar(db_);
-  if (!tr) return std::unexpected(tr.error());
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
   TARVO_INTENTAR(escribir(notas_, alDia));
-  TARVO_INTENTAR(tr->confirmar());
+  TARVO_INTENTAR(tr.confirmar());
   olvidarNotas();
   if (alDia) cambios_ = db_.cambios();
   return {};
@@ -311,14 +298,13 @@ void Remesa::olvidarNotas() {
 
 // `alDia`: nothing but this sending has changed the store since the articles were read.
 Resultado<> Remesa::escribir(std::span<const Nota> notas, bool alDia) {
-  const auto ahora = comoEstan(notas, alDia);
-  if (!ahora) return std::unexpected(ahora.error());
+  TARVO_TOMAR(const auto ahora, comoEstan(notas, alDia));
   for (const Nota& n : notas) {
-    const auto it = ahora->find(n.codigo);
+    const auto it = ahora.find(n.codigo);
     const bool igualQueFue = alDia && n.que == Nota::Enviado;
-    TARVO_INTENTAR(escribirNota(n, igualQueFue          ? &n.preparado
-                                   : it == ahora->end() ? nullptr
-                                                        : &it->second));
+    TARVO_INTENTAR(escribirNota(n, igualQueFue         ? &n.preparado
+                                   : it == ahora.end() ? nullptr
+                                                       : &it->second));
   }
   return {};
 }
@@ -328,9 +314,8 @@ Resultado<std::map<qint64, Preparado>> Remesa::comoEstan(std::span<const Nota> n
   std::map<qint64, Preparado> salida;
   std::vector<qint64> codigos;
   const auto leer = [&]() -> Resultado<> {
-    auto leidos = lector_.leer(codigos, reloj_.ahora());
-    if (!leidos) return std::unexpected(leidos.error());
-    for (Preparado& p : *leidos) salida.insert_or_assign(p.codigo, std::move(p));
+    TARVO_TOMAR(auto leidos, lector_.leer(codigos, reloj_.ahora()));
+    for (Preparado& p : leidos) salida.insert_or_assign(p.codigo, std::move(p));
     codigos.clear();
     return {};
   };

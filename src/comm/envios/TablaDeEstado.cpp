@@ -13,8 +13,7 @@ Resultado<bool> TablaDeEstado::paso(Trabajo::Avance& avance) {
                      u"SITUACION INTEGER, DESDE REAL, MOTIVO TEXT)"));
     hecha_ = true;
   }
-  auto tr = dao::Transaccion::empezar(db_);
-  if (!tr) return std::unexpected(tr.error());
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
   const size_t fin = std::min(articulos_.size(), hechos_ + kFilasPorPaso);
   for (; hechos_ < fin; ++hechos_) {
     const EstadoArticulo& a = articulos_[hechos_];
@@ -24,7 +23,7 @@ Resultado<bool> TablaDeEstado::paso(Trabajo::Avance& avance) {
         a.codigo, a.nombre, static_cast<int>(a.situacion),
         a.desde ? dao::Valor(*a.desde) : dao::Valor(), a.motivo));
   }
-  TARVO_INTENTAR(tr->confirmar());
+  TARVO_INTENTAR(tr.confirmar());
   avance.hechos = static_cast<qint64>(hechos_);
   avance.total = static_cast<qint64>(articulos_.size());
   return hechos_ < articulos_.size();

@@ -6,17 +6,16 @@ namespace {
 
 // What counts as another machine: another kind, way to it, or address.
 Resultado<QString> maquinaDe(dao::Database& db, int grupo) {
-  const auto g = db.uno(
-      u"SELECT nz(TIPO,0) & ' ' & nz(remoto,0) & ' ' & iif(remoto=2, nz(canal,0), nz(telef,'')) & "
-      u"' ' & nz(ADDR,0) FROM GRUPOS WHERE CODGPO=?",
-      grupo);
-  if (!g) return std::unexpected(g.error());
-  QString maquina = g->texto().simplified().toCaseFolded();
-  const auto rs = db.consultar(u"SELECT ADDR FROM BZAS WHERE SUGPO=? ORDER BY ADDR", grupo);
-  if (!rs) return std::unexpected(rs.error());
-  for (; !(*rs)->Eof();) {
-    maquina += u'/' + (*rs)->texto(0);
-    TARVO_INTENTAR((*rs)->MoveNext());
+  TARVO_TOMAR(const auto g, db.uno(u"SELECT nz(TIPO,0) & ' ' & nz(remoto,0) & ' ' & iif(remoto=2, "
+                                   u"nz(canal,0), nz(telef,'')) & "
+                                   u"' ' & nz(ADDR,0) FROM GRUPOS WHERE CODGPO=?",
+                                   grupo));
+  QString maquina = g.texto().simplified().toCaseFolded();
+  TARVO_TOMAR(const auto rs,
+              db.consultar(u"SELECT ADDR FROM BZAS WHERE SUGPO=? ORDER BY ADDR", grupo));
+  for (; !rs->Eof();) {
+    maquina += u'/' + rs->texto(0);
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return maquina;
 }
@@ -28,42 +27,42 @@ Tenencias::Tenencias(dao::Database& db, Reloj& reloj, const Destino& destino)
 
 Resultado<> Tenencias::empezar() {
   TARVO_INTENTAR(mudarse());
-  const auto rs = db_.consultar(
-      u"SELECT DISTINCT SECCION FROM Enviados WHERE GRUPO=? AND SECCION<>?", d_.grupo, d_.seccion);
-  if (!rs) return std::unexpected(rs.error());
-  for (; !(*rs)->Eof();) {
-    otrasSecciones_.push_back(static_cast<int>((*rs)->entero(0)));
-    TARVO_INTENTAR((*rs)->MoveNext());
+  TARVO_TOMAR(const auto rs,
+              db_.consultar(u"SELECT DISTINCT SECCION FROM Enviados WHERE GRUPO=? AND SECCION<>?",
+                            d_.grupo, d_.seccion));
+  for (; !rs->Eof();) {
+    otrasSecciones_.push_back(static_cast<int>(rs->entero(0)));
+    TARVO_INTENTAR(rs->MoveNext());
   }
   TARVO_INTENTAR(
       db_.ejecutar(u"DELETE FROM Retenidos WHERE GRUPO=? AND (SECCION<>? OR NOT EXISTS (SELECT 1 "
                    u"FROM PLUSES WHERE PLUSES.SECCION=Retenidos.SECCION AND "
                    u"PLUSES.CODPLU=Retenidos.CODPLU))",
                    d_.grupo, d_.seccion));
-  const auto retenidos = db_.uno(u"SELECT count(*) FROM Retenidos WHERE GRUPO=?", d_.grupo);
-  if (!retenidos) return std::unexpected(retenidos.error());
-  hayRetenidos_ = retenidos->entero() > 0;
-  const auto ordenados = db_.uno(u"SELECT count(*) FROM BorradosGrupo WHERE GRUPO=?", d_.grupo);
-  if (!ordenados) return std::unexpected(ordenados.error());
-  hayOrdenados_ = ordenados->entero() > 0;
+  TARVO_TOMAR(const auto retenidos,
+              db_.uno(u"SELECT count(*) FROM Retenidos WHERE GRUPO=?", d_.grupo));
+  hayRetenidos_ = retenidos.entero() > 0;
+  TARVO_TOMAR(const auto ordenados,
+              db_.uno(u"SELECT count(*) FROM BorradosGrupo WHERE GRUPO=?", d_.grupo));
+  hayOrdenados_ = ordenados.entero() > 0;
   return {};
 }
 
 Resultado<Mudanza> mudanzaDe(dao::Database& db, const Destino& d) {
   Mudanza m;
-  auto maquina = maquinaDe(db, d.grupo);
-  if (!maquina) return std::unexpected(maquina.error());
-  m.suMaquina = std::move(*maquina);
-  const auto antes = db.consultar(
-      u"SELECT SECCION, BORRANDO, TARIFA, MAQUINA FROM EnviosGrupo WHERE GRUPO=?", d.grupo);
-  if (!antes) return std::unexpected(antes.error());
-  if ((*antes)->Eof()) return m;
+  TARVO_TOMAR(auto maquina, maquinaDe(db, d.grupo));
+  m.suMaquina = std::move(maquina);
+  TARVO_TOMAR(
+      const auto antes,
+      db.consultar(u"SELECT SECCION, BORRANDO, TARIFA, MAQUINA FROM EnviosGrupo WHERE GRUPO=?",
+                   d.grupo));
+  if (antes->Eof()) return m;
   m.conocido = true;
-  m.seccion = (*antes)->entero(0) != d.seccion;
-  m.borrando = (*antes)->logico(1);
-  m.anotada = !(*antes)->nulo(2) && !(*antes)->nulo(3);
-  m.tarifa = !(*antes)->nulo(2) && (*antes)->entero(2) != d.tarifa;
-  m.maquina = !(*antes)->nulo(3) && (*antes)->texto(3) != m.suMaquina;
+  m.seccion = antes->entero(0) != d.seccion;
+  m.borrando = antes->logico(1);
+  m.anotada = !antes->nulo(2) && !antes->nulo(3);
+  m.tarifa = !antes->nulo(2) && antes->entero(2) != d.tarifa;
+  m.maquina = !antes->nulo(3) && antes->texto(3) != m.suMaquina;
   return m;
 }
 
@@ -71,30 +70,28 @@ Resultado<Mudanza> mudanzaDe(dao::Database& db, const Destino& d) {
 // another tarifa has other prices, another machine holds nobody knows what: nothing of before
 // counts as held any more, but it is remembered that it may be there.
 Resultado<> Tenencias::mudarse() {
-  const auto m = mudanzaDe(db_, d_);
-  if (!m) return std::unexpected(m.error());
-  if (!m->hay() && !m->borrando && m->anotada) return {};
-  if (m->borrando || m->maquina)
+  TARVO_TOMAR(const auto m, mudanzaDe(db_, d_));
+  if (!m.hay() && !m.borrando && m.anotada) return {};
+  if (m.borrando || m.maquina)
     TARVO_INTENTAR(
         db_.ejecutar(u"UPDATE Enviados SET HUELLA=NULL, HUELLA_PRE=NULL WHERE GRUPO=?", d_.grupo));
-  if (m->hay()) TARVO_INTENTAR(soltar(m->tarifa || m->maquina));
+  if (m.hay()) TARVO_INTENTAR(soltar(m.tarifa || m.maquina));
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO EnviosGrupo (GRUPO, SECCION, BORRANDO, TARIFA, MAQUINA) VALUES (?, ?, 0, ?, ?) "
       u"ON CONFLICT (GRUPO) DO UPDATE SET SECCION=excluded.SECCION, BORRANDO=0, "
       u"TARIFA=excluded.TARIFA, MAQUINA=excluded.MAQUINA",
-      d_.grupo, d_.seccion, d_.tarifa, m->suMaquina));
+      d_.grupo, d_.seccion, d_.tarifa, m.suMaquina));
   return {};
 }
 
 // Cross says no more that anything of the other sections is held, or `todo`: nor of this one.
 Resultado<> Tenencias::soltar(bool todo) {
   // The whole table is looked through, so only where there is something to find.
-  const auto hay = db_.uno(
-      u"SELECT EXISTS (SELECT 1 FROM [Cross] WHERE Secc<?) OR EXISTS (SELECT 1 FROM [Cross] WHERE "
-      u"Secc>?)",
-      d_.seccion, d_.seccion);
-  if (!hay) return std::unexpected(hay.error());
-  if (!hay->logico() && !todo) return {};
+  TARVO_TOMAR(const auto hay, db_.uno(u"SELECT EXISTS (SELECT 1 FROM [Cross] WHERE Secc<?) OR "
+                                      u"EXISTS (SELECT 1 FROM [Cross] WHERE "
+                                      u"Secc>?)",
+                                      d_.seccion, d_.seccion));
+  if (!hay.logico() && !todo) return {};
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO Enviados (GRUPO, SECCION, CODPLU, CUANDO) SELECT Grupo, Secc, plu, "
       u"? FROM [Cross] WHERE Grupo=? AND (? OR Secc<>?) AND borra=0 ON CONFLICT (GRUPO, "
@@ -110,9 +107,8 @@ template <class... P>
 Resultado<qint64> Tenencias::correr(Guardada cual, QStringView sql, const P&... parametros) {
   auto& s = guardadas_[static_cast<size_t>(cual)];
   if (!s) {
-    auto nueva = db_.preparar(sql);
-    if (!nueva) return std::unexpected(nueva.error());
-    s = std::move(*nueva);
+    TARVO_TOMAR(auto nueva, db_.preparar(sql));
+    s = std::move(nueva);
   }
   int n = 0;
   const auto ligar = [&](auto valor) {
@@ -132,15 +128,16 @@ Resultado<bool> Tenencias::anunciar(qint64 codigo, const Huella& h) {
       u"AND (HUELLA<>? OR HUELLA_PRE<>?)",
       d_.grupo, d_.seccion, codigo, h.resto, h.precios));
   if (!d_.conCross()) return false;
-  const auto quitadas = correr(
-      kSoltar,
-      u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=? AND borra=0 AND NOT EXISTS (SELECT "
-      u"1 "
-      u"FROM Enviados WHERE Enviados.GRUPO=? AND SECCION=? AND CODPLU=? AND HUELLA=? AND "
-      u"HUELLA_PRE=?)",
-      d_.seccion, codigo, d_.grupo, d_.grupo, d_.seccion, codigo, h.resto, h.precios);
-  if (!quitadas) return std::unexpected(quitadas.error());
-  return *quitadas > 0;
+  TARVO_TOMAR(
+      const auto quitadas,
+      correr(kSoltar,
+             u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=? AND borra=0 AND NOT EXISTS "
+             u"(SELECT "
+             u"1 "
+             u"FROM Enviados WHERE Enviados.GRUPO=? AND SECCION=? AND CODPLU=? AND HUELLA=? AND "
+             u"HUELLA_PRE=?)",
+             d_.seccion, codigo, d_.grupo, d_.grupo, d_.seccion, codigo, h.resto, h.precios));
+  return quitadas > 0;
 }
 
 Resultado<bool> Tenencias::anunciarPrecios(qint64 codigo, const QByteArray& precios) {
@@ -149,13 +146,15 @@ Resultado<bool> Tenencias::anunciarPrecios(qint64 codigo, const QByteArray& prec
       u"UPDATE Enviados SET HUELLA_PRE=NULL WHERE GRUPO=? AND SECCION=? AND CODPLU=? AND "
       u"HUELLA_PRE<>?",
       d_.grupo, d_.seccion, codigo, h));
-  const auto quitadas = db_.ejecutar(
-      u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=? AND borra=0 AND NOT EXISTS (SELECT "
-      u"1 "
-      u"FROM Enviados WHERE Enviados.GRUPO=? AND SECCION=? AND CODPLU=? AND HUELLA_PRE=?)",
-      d_.seccion, codigo, d_.grupo, d_.grupo, d_.seccion, codigo, h);
-  if (!quitadas) return std::unexpected(quitadas.error());
-  return *quitadas > 0;
+  TARVO_TOMAR(
+      const auto quitadas,
+      db_.ejecutar(
+          u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=? AND borra=0 AND NOT EXISTS "
+          u"(SELECT "
+          u"1 "
+          u"FROM Enviados WHERE Enviados.GRUPO=? AND SECCION=? AND CODPLU=? AND HUELLA_PRE=?)",
+          d_.seccion, codigo, d_.grupo, d_.grupo, d_.seccion, codigo, h));
+  return quitadas > 0;
 }
 
 Resultado<> Tenencias::AnotarEnviado(qint64 codigo, const QByteArray& registro,
@@ -182,12 +181,10 @@ Resultado<> Tenencias::AnotarPrecios(const Preparado& entonces, const Preparado*
   if (!ahora) return ponerCross(codigo, true);
   if (ahora->precios == entonces.precios) TARVO_INTENTAR(asentarOferta(*ahora));
   if (!ahora->registro || ahora->registro != entonces.registro) return quitarCross(codigo);
-  const auto resto =
-      db_.uno(u"SELECT HUELLA FROM Enviados WHERE GRUPO=? AND SECCION=? AND CODPLU=?", d_.grupo,
-              d_.seccion, codigo);
-  if (!resto) return std::unexpected(resto.error());
-  const bool probado =
-      !resto->nulo() && resto->entero() == huellaDe(d_.tipo, *ahora->registro).resto;
+  TARVO_TOMAR(const auto resto,
+              db_.uno(u"SELECT HUELLA FROM Enviados WHERE GRUPO=? AND SECCION=? AND CODPLU=?",
+                      d_.grupo, d_.seccion, codigo));
+  const bool probado = !resto.nulo() && resto.entero() == huellaDe(d_.tipo, *ahora->registro).resto;
   if (!probado && !eraSuyo) return {};
   TARVO_INTENTAR(quitarRetenido(codigo));
   return ponerCross(codigo, false);

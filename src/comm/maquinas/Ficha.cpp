@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "comm/maquinas/Articulo.h"
+#include "core/valores/Resultado.h"
 
 namespace tarvo::maquinas {
 
@@ -87,12 +88,11 @@ Leido<qint64> codigoDeFicha(QByteArrayView registro) {
 }
 
 Leido<Ficha> leerFicha(QByteArrayView registro) {
-  const auto codigo = codigoDeFicha(registro);
-  if (!codigo) return std::unexpected(codigo.error());
+  TARVO_TOMAR(const auto codigo, codigoDeFicha(registro));
   const qsizetype fin = registro.size() > kAnchoFijo ? registro.indexOf(kFinFicha, kAnchoFijo) : -1;
   if (fin < 0) return std::unexpected(RegistroMalo{RegistroMalo::Corto, registro.size(), {}});
   Ficha f;
-  f.codigo = *codigo;
+  f.codigo = codigo;
   for (const Sitio& s : kSitios)
     f.campos[indice(s.campo)] = registro.sliced(s.inicio - 1, s.ancho).toByteArray();
   f.campos[indice(CampoPLU::TEXTO_ETQ)] =

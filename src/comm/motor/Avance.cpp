@@ -232,12 +232,11 @@ int gestcomm::Interior::mandar(int c, const TareaViva&, const Siguiente& s) {
 
 // Stores what was read and tells the watcher, both or neither.
 Resultado<std::vector<totals::Aviso>> gestcomm::Interior::cierre(TareaViva& t) {
-  auto tr = dao::Transaccion::empezar(entorno.db);
-  if (!tr) return std::unexpected(tr.error());
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(entorno.db));
   auto avisos = t.trabajo->cerrar();
   if (!avisos) return avisos;
   if (vigilante) TARVO_INTENTAR(vigilante->TareaHecha(t.datos));
-  TARVO_INTENTAR(tr->confirmar());
+  TARVO_INTENTAR(tr.confirmar());
   return avisos;
 }
 

@@ -7,16 +7,14 @@ namespace tarvo::motor {
 namespace {
 
 Resultado<std::vector<int>> leerDirecciones(dao::Database& db, int grupo) {
-  auto rs = db.OpenTable(u"BZAS", u"PrimaryKey");
-  if (!rs) return std::unexpected(rs.error());
-  const int cGrupo = (*rs)->columna(u"SUGPO");
-  const int cAddr = (*rs)->columna(u"ADDR");
+  TARVO_TOMAR(auto rs, db.OpenTable(u"BZAS", u"PrimaryKey"));
+  const int cGrupo = rs->columna(u"SUGPO");
+  const int cAddr = rs->columna(u"ADDR");
   std::vector<int> salida;
-  const auto hay = (*rs)->Seek(dao::Busca::MayorIgual, grupo);
-  if (!hay) return std::unexpected(hay.error());
-  while (!(*rs)->Eof() && (*rs)->entero(cGrupo) == grupo) {
-    salida.push_back(static_cast<int>((*rs)->entero(cAddr)));
-    TARVO_INTENTAR((*rs)->MoveNext());
+  TARVO_INTENTAR(rs->Seek(dao::Busca::MayorIgual, grupo));
+  while (!rs->Eof() && rs->entero(cGrupo) == grupo) {
+    salida.push_back(static_cast<int>(rs->entero(cAddr)));
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return salida;
 }
@@ -43,14 +41,12 @@ qint64 TareaViva::codigo() const {
 // The group's row as a task keeps it; nothing when there is no such group or it doesn't
 // communicate.
 Resultado<std::optional<DatosTarea>> gestcomm::Interior::leerGrupo(int grupo) {
-  auto rs = entorno.db.OpenTable(u"GRUPOS", u"CODGPO");
-  if (!rs) return std::unexpected(rs.error());
-  const auto hay = (*rs)->Seek(dao::Busca::Igual, grupo);
-  if (!hay) return std::unexpected(hay.error());
-  if (!*hay) return std::nullopt;
+  TARVO_TOMAR(auto rs, entorno.db.OpenTable(u"GRUPOS", u"CODGPO"));
+  TARVO_TOMAR(const auto hay, rs->Seek(dao::Busca::Igual, grupo));
+  if (!hay) return std::nullopt;
   const auto entero = [&](QStringView columna, int defecto) {
-    const int c = (*rs)->columna(columna);
-    return c < 0 || (*rs)->nulo(c) ? defecto : static_cast<int>((*rs)->entero(c));
+    const int c = rs->columna(columna);
+    return c < 0 || rs->nulo(c) ? defecto : static_cast<int>(rs->entero(c));
   };
   DatosTarea t;
   t.Grupo = grupo;
@@ -60,15 +56,14 @@ Resultado<std::optional<DatosTarea>> gestcomm::Interior::leerGrupo(int grupo) {
   if (t.Remoto == 2)
     t.CanalDirecto = entero(u"canal", 0) - 1;
   else
-    t.Telefono = (*rs)->texto((*rs)->columna(u"telef"));
+    t.Telefono = rs->texto(rs->columna(u"telef"));
   t.Seccion = entero(u"seccion", 1);
   t.Tarifa = entero(u"tarifa", 0);
   t.Tipo = entero(u"tipo", 0);
   t.Protocolo = t.Tipo == 2 ? 2 : 1;
   t.Addr = entero(u"ADDR", 0);
-  auto direcciones = leerDirecciones(entorno.db, grupo);
-  if (!direcciones) return std::unexpected(direcciones.error());
-  t.Direcciones = std::move(*direcciones);
+  TARVO_TOMAR(auto direcciones, leerDirecciones(entorno.db, grupo));
+  t.Direcciones = std::move(direcciones);
   return t;
 }
 

@@ -13,7 +13,7 @@
 #include "core/dao/Database.h"
 #include "core/textos/Textos.h"
 #include "core/tiempo/Reloj.h"
-#include "totals/Sesion.h"
+#include "totals/libros/Sesion.h"
 
 namespace tarvo::motor {
 

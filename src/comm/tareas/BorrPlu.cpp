@@ -83,10 +83,9 @@ class Borrado final : public motor::TrabajoTarea {
     return {};
   }
   Resultado<> enTransaccion(Resultado<> (envios::Tenencias::*que)()) {
-    auto tr = dao::Transaccion::empezar(e_.db);
-    if (!tr) return std::unexpected(tr.error());
+    TARVO_TOMAR(auto tr, dao::Transaccion::empezar(e_.db));
     TARVO_INTENTAR((tenencias_.*que)());
-    return tr->confirmar();
+    return tr.confirmar();
   }
 
   const motor::DatosTarea t_;

@@ -59,9 +59,9 @@ class DudaDeLista {
   // Before the first question; again it does nothing.
   Resultado<> empezar() {
     if (empezada_) return {};
-    const auto notas = e_.db.uno(u"SELECT count(*) FROM EstadoTarvo WHERE CLAVE=?", nota_);
-    if (!notas) return std::unexpected(notas.error());
-    if (notas->entero() > 0)
+    TARVO_TOMAR(const auto notas,
+                e_.db.uno(u"SELECT count(*) FROM EstadoTarvo WHERE CLAVE=?", nota_));
+    if (notas.entero() > 0)
       dudar();
     else
       TARVO_INTENTAR(

@@ -37,18 +37,17 @@ QString huella(const std::vector<Linea>& lineas, size_t cuantas) {
 
 Resultado<qint64> ListaRecibida::numeroNuevo() {
   const Nombres& n = nombres(que_);
-  const auto ultimo =
-      e_.db.uno(QString(u"SELECT MAX("_s + q(n.numero) + u") FROM "_s + q(n.cabecera)));
-  if (!ultimo) return std::unexpected(ultimo.error());
-  const auto guardado = e_.db.uno(u"SELECT VALOR FROM EstadoTarvo WHERE CLAVE=?"_s, n.contador);
-  if (!guardado) return std::unexpected(guardado.error());
+  TARVO_TOMAR(const auto ultimo,
+              e_.db.uno(QString(u"SELECT MAX("_s + q(n.numero) + u") FROM "_s + q(n.cabecera))));
+  TARVO_TOMAR(const auto guardado,
+              e_.db.uno(u"SELECT VALOR FROM EstadoTarvo WHERE CLAVE=?"_s, n.contador));
   const int ajuste =
       que_ == Documento::Pedido ? e_.ajustes.NumeroPedido : e_.ajustes.NumeroInventario;
-  const qint64 numero = std::max({ultimo->entero(), guardado->entero(), qint64{ajuste}}) + 1;
-  const auto cambiadas =
-      e_.db.ejecutar(u"UPDATE EstadoTarvo SET VALOR=? WHERE CLAVE=?"_s, numero, n.contador);
-  if (!cambiadas) return std::unexpected(cambiadas.error());
-  if (*cambiadas == 0)
+  const qint64 numero = std::max({ultimo.entero(), guardado.entero(), qint64{ajuste}}) + 1;
+  TARVO_TOMAR(
+      const auto cambiadas,
+      e_.db.ejecutar(u"UPDATE EstadoTarvo SET VALOR=? WHERE CLAVE=?"_s, numero, n.contador));
+  if (cambiadas == 0)
     TARVO_INTENTAR(e_.db.ejecutar(u"INSERT INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, ?)"_s,
                                   n.contador, numero));
   return numero;
@@ -57,16 +56,17 @@ Resultado<qint64> ListaRecibida::numeroNuevo() {
 Resultado<> ListaRecibida::escribirLineas(const std::vector<Linea>& lineas, size_t desde) {
   const Nombres& n = nombres(que_);
   const bool pedido = que_ == Documento::Pedido;
-  auto st = e_.db.preparar(QString(
-      u"INSERT INTO "_s + q(n.lineas) + u" ("_s + q(n.numero) +
-      (pedido ? u", SECCION, CODIGO, PESO, UNIDS, SERV_UNI, SERV_PES) VALUES (?,?,?,?,?,0,0)"_s
-              : u", SECCION, CODIGO, PESO, UNIDS) VALUES (?,?,?,?,?)"_s)));
-  if (!st) return std::unexpected(st.error());
+  TARVO_TOMAR(
+      auto st,
+      e_.db.preparar(QString(
+          u"INSERT INTO "_s + q(n.lineas) + u" ("_s + q(n.numero) +
+          (pedido ? u", SECCION, CODIGO, PESO, UNIDS, SERV_UNI, SERV_PES) VALUES (?,?,?,?,?,0,0)"_s
+                  : u", SECCION, CODIGO, PESO, UNIDS) VALUES (?,?,?,?,?)"_s))));
   for (size_t i = desde; i < lineas.size(); ++i) {
     const qint64 campos[] = {numero_, t_.Seccion, lineas[i].articulo, lineas[i].peso,
                              lineas[i].unidades};
-    for (int c = 0; c < 5; ++c) (*st)->ligar(c, campos[c]);
-    TARVO_INTENTAR((*st)->ejecutar());
+    for (int c = 0; c < 5; ++c) st->ligar(c, campos[c]);
+    TARVO_INTENTAR(st->ejecutar());
   }
   return {};
 }
@@ -74,16 +74,17 @@ Resultado<> ListaRecibida::escribirLineas(const std::vector<Linea>& lineas, size
 // Is this the list that was noted last and that the machine still holds? Then its document goes on.
 Resultado<bool> ListaRecibida::continuar(const std::vector<Linea>& lineas) {
   const Nombres& n = nombres(que_);
-  const auto rs = e_.db.consultar(
-      QString(u"SELECT NUMERO, HUELLA, LINEAS FROM ListasRecibidas, "_s + q(n.cabecera) +
-              u" WHERE ListasRecibidas.GRUPO=? AND CLASE=? AND OLVIDADA=0 AND "_s + q(n.numero) +
-              u"=NUMERO ORDER BY NUMERO DESC"_s),
-      t_.Grupo, t_.Clase);
-  if (!rs) return std::unexpected(rs.error());
-  if ((*rs)->Eof()) return false;
-  const auto conocidas = static_cast<size_t>((*rs)->entero(2));
-  if (conocidas > lineas.size() || huella(lineas, conocidas) != (*rs)->texto(1)) return false;
-  numero_ = (*rs)->entero(0);
+  TARVO_TOMAR(
+      const auto rs,
+      e_.db.consultar(
+          QString(u"SELECT NUMERO, HUELLA, LINEAS FROM ListasRecibidas, "_s + q(n.cabecera) +
+                  u" WHERE ListasRecibidas.GRUPO=? AND CLASE=? AND OLVIDADA=0 AND "_s +
+                  q(n.numero) + u"=NUMERO ORDER BY NUMERO DESC"_s),
+          t_.Grupo, t_.Clase));
+  if (rs->Eof()) return false;
+  const auto conocidas = static_cast<size_t>(rs->entero(2));
+  if (conocidas > lineas.size() || huella(lineas, conocidas) != rs->texto(1)) return false;
+  numero_ = rs->entero(0);
   TARVO_INTENTAR(escribirLineas(lineas, conocidas));
   TARVO_INTENTAR(e_.db.ejecutar(
       u"UPDATE ListasRecibidas SET HUELLA=?, LINEAS=? WHERE CLASE=? AND NUMERO=?"_s,
@@ -92,12 +93,10 @@ Resultado<bool> ListaRecibida::continuar(const std::vector<Linea>& lineas) {
 }
 
 Resultado<> ListaRecibida::guardar(const std::vector<Linea>& lineas) {
-  auto tr = dao::Transaccion::empezar(e_.db);
-  if (!tr) return std::unexpected(tr.error());
-  const auto sigue = continuar(lineas);
-  if (!sigue) return std::unexpected(sigue.error());
-  if (!*sigue) TARVO_INTENTAR(empezarDocumento(lineas));
-  TARVO_INTENTAR(tr->confirmar());
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(e_.db));
+  TARVO_TOMAR(const auto sigue, continuar(lineas));
+  if (!sigue) TARVO_INTENTAR(empezarDocumento(lineas));
+  TARVO_INTENTAR(tr.confirmar());
   return e_.db.asentar();
 }
 
@@ -106,9 +105,8 @@ Resultado<> ListaRecibida::empezarDocumento(const std::vector<Linea>& lineas) {
   // Another list: the machine has forgotten those before it.
   TARVO_INTENTAR(e_.db.ejecutar(
       u"UPDATE ListasRecibidas SET OLVIDADA=1 WHERE GRUPO=? AND CLASE=?"_s, t_.Grupo, t_.Clase));
-  const auto numero = numeroNuevo();
-  if (!numero) return std::unexpected(numero.error());
-  numero_ = *numero;
+  TARVO_TOMAR(const auto numero, numeroNuevo());
+  numero_ = numero;
   TARVO_INTENTAR(
       e_.db.ejecutar(QString(u"INSERT INTO "_s + q(n.cabecera) + u" ("_s + q(n.numero) +
                              u", FECHA, GRUPO, stkADO, OBSERVA) VALUES (?, ?, ?, 0, '')"_s),

@@ -23,9 +23,9 @@ class Lista : public motor::TrabajoTarea {
 
   Resultado<Siguiente> siguiente() final {
     if (!empezada_) {
-      const auto notas = e_.db.uno(u"SELECT count(*) FROM EstadoTarvo WHERE CLAVE=?", nota());
-      if (!notas) return std::unexpected(notas.error());
-      anotada_ = notas->entero() > 0;
+      TARVO_TOMAR(const auto notas,
+                  e_.db.uno(u"SELECT count(*) FROM EstadoTarvo WHERE CLAVE=?", nota()));
+      anotada_ = notas.entero() > 0;
       if (anotada_) dudar();
       empezada_ = true;
     }
@@ -176,9 +176,8 @@ class ListaVek final : public Lista {
     leidas_ = std::max(leidas_, lineas_.size());
     if (!r->fin) return {};
     ultima_.clear();
-    const auto bien = vale();
-    if (!bien) return std::unexpected(bien.error());
-    if (*bien) fase_ = yaOlvidada() ? 0 : 2;
+    TARVO_TOMAR(const auto bien, vale());
+    if (bien) fase_ = yaOlvidada() ? 0 : 2;
     return {};
   }
   qint64 avance() const override { return static_cast<qint64>(leidas_) + entera_; }
@@ -275,9 +274,8 @@ class ListaNodalPedido final : public Lista {
       return {};
     }
     if (vacia_ && !lineas_.empty()) dudar();  // it was asked twice, and may have come twice
-    const auto bien = vale();
-    if (!bien) return std::unexpected(bien.error());
-    fase_ = !*bien ? 1 : yaOlvidada() ? 0 : 3;
+    TARVO_TOMAR(const auto bien, vale());
+    fase_ = !bien ? 1 : yaOlvidada() ? 0 : 3;
     return {};
   }
   bool deOtra(int codigo) const {

@@ -20,15 +20,16 @@ bool rangoEntero(const motor::DatosTarea& t) {
 }
 
 Resultado<std::vector<qint64>> leerCodigos(dao::Database& db, const motor::DatosTarea& t) {
-  auto rs = db.consultar(
-      u"SELECT CODPLU FROM PLUSES WHERE (SECCION=?) AND (CODPLU>=?) AND (CODPLU<=?) ORDER BY "
-      u"CODPLU",
-      t.Seccion, t.Desde, t.Hasta);
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(
+      auto rs,
+      db.consultar(
+          u"SELECT CODPLU FROM PLUSES WHERE (SECCION=?) AND (CODPLU>=?) AND (CODPLU<=?) ORDER BY "
+          u"CODPLU",
+          t.Seccion, t.Desde, t.Hasta));
   std::vector<qint64> codigos;
-  for (; !(*rs)->Eof();) {
-    codigos.push_back((*rs)->entero(0));
-    TARVO_INTENTAR((*rs)->MoveNext());
+  for (; !rs->Eof();) {
+    codigos.push_back(rs->entero(0));
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return codigos;
 }
@@ -45,9 +46,8 @@ class ArticulosVek final : public PreguntasVek {
 
  protected:
   Resultado<> preparar() override {
-    auto r = leerCodigos(e_.db, t_);
-    if (!r) return std::unexpected(r.error());
-    codigos_ = std::move(*r);
+    TARVO_TOMAR(auto r, leerCodigos(e_.db, t_));
+    codigos_ = std::move(r);
     lectura_.entera = rangoEntero(t_);
     return {};
   }
@@ -134,15 +134,16 @@ class ArticulosCaja final : public ListasCaja {
  protected:
   Resultado<> preparar() override {
     lectura_.entera = rangoEntero(t_);
-    auto rs = e_.db.consultar(
-        u"SELECT CODPLU, Val(iif(isnull(CodBarExt), PFX_BAR & Format(CODPLU, '000000'), "
-        u"CodBarExt)) AS bar FROM PLUSES "
-        u"WHERE SECCION=? ORDER BY 2, 1",
-        t_.Seccion);
-    if (!rs) return std::unexpected(rs.error());
-    for (; !(*rs)->Eof();) {
-      barras_.push_back({static_cast<qint64>((*rs)->real(1)), (*rs)->entero(0)});
-      TARVO_INTENTAR((*rs)->MoveNext());
+    TARVO_TOMAR(
+        auto rs,
+        e_.db.consultar(
+            u"SELECT CODPLU, Val(iif(isnull(CodBarExt), PFX_BAR & Format(CODPLU, '000000'), "
+            u"CodBarExt)) AS bar FROM PLUSES "
+            u"WHERE SECCION=? ORDER BY 2, 1",
+            t_.Seccion));
+    for (; !rs->Eof();) {
+      barras_.push_back({static_cast<qint64>(rs->real(1)), rs->entero(0)});
+      TARVO_INTENTAR(rs->MoveNext());
     }
     return {};
   }

@@ -26,14 +26,12 @@ std::unexpected<Error> malRegistro(const maquinas::RegistroMalo& malo, const Tex
 
 Resultado<std::array<qint64, 21>> leerOperadores(const motor::Entorno& e, int grupo) {
   std::array<qint64, 21> salida{};
-  auto rs = e.db.OpenTable(u"GRUPOS", u"CODGPO");
-  if (!rs) return std::unexpected(rs.error());
-  const auto hay = (*rs)->Seek(dao::Busca::Igual, grupo);
-  if (!hay) return std::unexpected(hay.error());
-  if (!*hay) return tarvo::fallo(Fallo::NoExiste, e.textos(kTxGrupoBorrado, {grupo}));
+  TARVO_TOMAR(auto rs, e.db.OpenTable(u"GRUPOS", u"CODGPO"));
+  TARVO_TOMAR(const auto hay, rs->Seek(dao::Busca::Igual, grupo));
+  if (!hay) return tarvo::fallo(Fallo::NoExiste, e.textos(kTxGrupoBorrado, {grupo}));
   for (size_t n = 1; n < salida.size(); ++n) {
-    const int c = (*rs)->columna(QStringLiteral("OP%1_C").arg(n, 2, 10, QLatin1Char('0')));
-    salida[n] = c < 0 || (*rs)->nulo(c) ? 0 : (*rs)->entero(c);
+    const int c = rs->columna(QStringLiteral("OP%1_C").arg(n, 2, 10, QLatin1Char('0')));
+    salida[n] = c < 0 || rs->nulo(c) ? 0 : rs->entero(c);
   }
   return salida;
 }

@@ -142,9 +142,8 @@ class ConOperadores : public Lista {
 
  protected:
   Resultado<> preparar() override {
-    const auto r = leerOperadores(this->e_, this->t_.Grupo);
-    if (!r) return std::unexpected(r.error());
-    operadores_ = *r;
+    TARVO_TOMAR(const auto r, leerOperadores(this->e_, this->t_.Grupo));
+    operadores_ = r;
     return {};
   }
   bool esPosicion(qint64 n) const { return n >= 1 && n < static_cast<qint64>(operadores_.size()); }

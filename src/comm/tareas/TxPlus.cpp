@@ -69,9 +69,8 @@ class ListaDeArticulos : public EnvioArticulos {
         interrumpida_ = true;
         continue;
       }
-      const auto sale = remesa_.actual();
-      if (!sale) return std::unexpected(sale.error());
-      if (*sale) return articulo(**sale);
+      TARVO_TOMAR(const auto sale, remesa_.actual());
+      if (sale) return articulo(*sale);
       if (fase_ == kLista && conCross()) TARVO_INTENTAR(remesa_.empezarBorrados());
     }
     return fin();

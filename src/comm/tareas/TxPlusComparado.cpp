@@ -94,19 +94,18 @@ class Comparacion final : public EnvioArticulos {
           return enviar(maquinas::pedirArticulo(std::min(desde_, kDetrasDeTodos - 1)));
         return enviar(maquinas::borrarArticulo(*codigo));
       }
-      const auto sale = remesa_.actual(!final_);
-      if (!sale) return std::unexpected(sale.error());
-      if (!*sale && (final_ || desde_ > t_.Hasta)) {
+      TARVO_TOMAR(const auto sale, remesa_.actual(!final_));
+      if (!sale && (final_ || desde_ > t_.Hasta)) {
         if (final_ || !remesa_.empezarFinal()) return fin();
         final_ = true;
         continue;
       }
-      nuestro_ = *sale ? (*sale)->codigo : kDetrasDeTodos;
+      nuestro_ = sale ? sale->codigo : kDetrasDeTodos;
       const bool suyaDelante = !final_ && desde_ < std::min(nuestro_, kDetrasDeTodos);
       fase_ = !suyaDelante ? kEnviar : sabida_ ? kBorrar : kPreguntar;
       if (fase_ == kPreguntar) return enviar(maquinas::pedirArticulo(desde_));
       if (fase_ == kBorrar) return enviar(maquinas::borrarArticulo(desde_));
-      if (!(*sale)->retenido()) return enviarNuestro((*sale)->registro);
+      if (!sale->retenido()) return enviarNuestro(sale->registro);
       siguienteNuestro();
       remesa_.pasado();
     }

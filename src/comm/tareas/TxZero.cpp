@@ -83,10 +83,9 @@ class Cero final : public motor::TrabajoTarea {
 
 Resultado<> Cero::preparar() {
   if (preparada_) return {};
-  const auto permiso = e_.sesion.permisoCero(t_.Grupo);
-  if (!permiso) return std::unexpected(permiso.error());
-  if (!permiso->permitido) return suprimido(permiso->motivo);
-  comprobar_ = permiso->comprobar;
+  TARVO_TOMAR(const auto permiso, e_.sesion.permisoCero(t_.Grupo));
+  if (!permiso.permitido) return suprimido(permiso.motivo);
+  comprobar_ = permiso.comprobar;
   if (t_.Tipo == 3 && t_.Direcciones.empty())
     return suprimido(e_.textos(kTxSinCajasQueBorrar, {t_.Grupo}));
   std::vector<int> todas = t_.Tipo == 3 ? t_.Direcciones : std::vector<int>{0};
@@ -94,9 +93,8 @@ Resultado<> Cero::preparar() {
     if (std::ranges::find(pendientes_, a) != pendientes_.end()) continue;
     // Registers that forgot before a re-start are passed over; one machine alone is asked what it
     // holds.
-    const auto ya = e_.sesion.ceroYaHecho(t_.Grupo, a);
-    if (!ya) return std::unexpected(ya.error());
-    if (!*ya || (t_.Tipo != 3 && !comprobar_)) pendientes_.push_back(a);
+    TARVO_TOMAR(const auto ya, e_.sesion.ceroYaHecho(t_.Grupo, a));
+    if (!ya || (t_.Tipo != 3 && !comprobar_)) pendientes_.push_back(a);
   }
   preparada_ = true;
   return {};
@@ -112,9 +110,8 @@ Resultado<std::optional<Siguiente>> Cero::probar() {
     prueba_ = crearGranTotal(t, e_);
     prueba_->paraOtra();
   }
-  auto s = prueba_->siguiente();
-  if (!s) return std::unexpected(s.error());
-  if (s->que != Siguiente::Fin) return *s;
+  TARVO_TOMAR(auto s, prueba_->siguiente());
+  if (s.que != Siguiente::Fin) return s;
   totals::Contadores leido;
   for (const auto& [maquina, filas] : prueba_->lectura().maquinas)
     for (const auto& [clave, c] : filas) leido += c;
@@ -125,21 +122,20 @@ Resultado<std::optional<Siguiente>> Cero::probar() {
 // Takes the machine up where it was left, by the grand total that it has just told. Its own set is
 // the second.
 Resultado<> Cero::juzgar(const totals::Contadores& leido) {
-  const auto r = e_.sesion.compararGranTotal(t_.Grupo, addr(), leido);
-  if (!r) return std::unexpected(r.error());
+  TARVO_TOMAR(const auto r, e_.sesion.compararGranTotal(t_.Grupo, addr(), leido));
   prueba_.reset();
   using C = totals::Sesion::Comparacion;
-  const bool sinBase = *r == C::SinLectura || *r == C::OtrasClases;
+  const bool sinBase = r == C::SinLectura || r == C::OtrasClases;
   if (t_.Tipo == 3 && m_.paso == 3) {
     if (!leido.cero()) return hecha();
-  } else if (*r == C::OtrasClases && t_.Tipo != 3 && leido.cero()) {
+  } else if (r == C::OtrasClases && t_.Tipo != 3 && leido.cero()) {
     return hecha();
-  } else if (sinBase && !comprobar_ && (t_.Tipo == 3 || *r == C::SinLectura)) {
+  } else if (sinBase && !comprobar_ && (t_.Tipo == 3 || r == C::SinLectura)) {
     m_.anunciada = m_.anunciada && m_.paso == 1;
     m_.paso = 1;
-  } else if (*r == C::Mas || sinBase) {
+  } else if (r == C::Mas || sinBase) {
     return suprimido(e_.textos(kTxGuardaVentas, {t_.Grupo, addr()}));
-  } else if (*r == C::Cero) {
+  } else if (r == C::Cero) {
     if (t_.Tipo != 3 || m_.paso != 2 || !leido.cero()) return hecha();
     TARVO_INTENTAR(parteHecha());
   }
@@ -150,10 +146,9 @@ Resultado<> Cero::juzgar(const totals::Contadores& leido) {
 // Where the machine stands: a set that was confirmed is not cleared again.
 Resultado<> Cero::mirar() {
   if (m_.mirada || t_.Tipo != 3) return {};
-  const auto p = e_.sesion.partesHechas(t_.Grupo, addr());
-  if (!p) return std::unexpected(p.error());
-  m_.paso = std::min(p->siguiente, pasos());
-  m_.dudosa = m_.dudosa || p->empezada;
+  TARVO_TOMAR(const auto p, e_.sesion.partesHechas(t_.Grupo, addr()));
+  m_.paso = std::min(p.siguiente, pasos());
+  m_.dudosa = m_.dudosa || p.empezada;
   m_.mirada = true;
   return {};
 }
@@ -172,9 +167,8 @@ Resultado<Siguiente> Cero::siguiente() {
   while (maquina_ < pendientes_.size()) {
     TARVO_INTENTAR(mirar());
     if (debeProbar()) {
-      auto s = probar();
-      if (!s) return std::unexpected(s.error());
-      if (*s) return **s;
+      TARVO_TOMAR(auto s, probar());
+      if (s) return *s;
       continue;
     }
     if (!m_.anunciada)

@@ -1,7 +1,7 @@
 #include "comm/ventanas/ATModf.h"
 
 #include "comm/ventanas/TextosCommVentanas.h"
-#include "core/ventanas/Tema.h"
+#include "core/ventanas/aspecto/Tema.h"
 
 namespace tarvo::comm {
 

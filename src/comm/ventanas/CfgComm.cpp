@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "comm/ventanas/TextosCommVentanas.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/Tema.h"
-#include "core/ventanas/Ventanas.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::comm {
 

@@ -4,7 +4,7 @@
 
 #include "comm/ventanas/Servicios.h"
 #include "core/ajustes/Ajustes.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_FormaCfgComm.h"
 
 namespace tarvo::comm {

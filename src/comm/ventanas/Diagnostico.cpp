@@ -4,9 +4,9 @@
 #include <QGuiApplication>
 
 #include "comm/ventanas/TextosCommVentanas.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Tema.h"
-#include "core/ventanas/Ventanas.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::comm {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/ventanas/Servicios.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_FormaDiagnostico.h"
 
 namespace tarvo::comm {

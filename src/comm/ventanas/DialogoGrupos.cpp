@@ -6,7 +6,7 @@
 #include <QPushButton>
 
 #include "comm/ventanas/TextosCommVentanas.h"
-#include "core/ventanas/Medidas.h"
+#include "core/ventanas/aspecto/Medidas.h"
 
 namespace tarvo::comm {
 
@@ -46,11 +46,10 @@ Resultado<> DialogoGrupos::preparar(const Argumentos& a) {
   const motor::ClaseTarea* clase = s_.registro.porNumero(clase_);
   if (!clase) return fallo(Fallo::NoExiste, t(kTxSinGrupos));
   setWindowTitle(t(clase->titulo));
-  const auto grupos = gruposPara(contexto().db, *clase);
-  if (!grupos) return std::unexpected(grupos.error());
-  if (grupos->empty()) return fallo(Fallo::NoExiste, t(kTxSinGrupos));
+  TARVO_TOMAR(const auto grupos, gruposPara(contexto().db, *clase));
+  if (grupos.empty()) return fallo(Fallo::NoExiste, t(kTxSinGrupos));
   lista_->clear();
-  for (const GrupoElegible& g : *grupos) {
+  for (const GrupoElegible& g : grupos) {
     auto* fila = new QListWidgetItem(g.nombre, lista_);
     fila->setData(kCodigoGrupo, g.codigo);
     fila->setSizeHint(QSize(0, escalar(kAltoFila)));

@@ -4,7 +4,7 @@
 
 #include "comm/ventanas/Grupos.h"
 #include "comm/ventanas/Servicios.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 
 class QCheckBox;
 class QLineEdit;

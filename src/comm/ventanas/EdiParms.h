@@ -2,7 +2,7 @@
 
 #include "comm/ventanas/Servicios.h"
 #include "core/ajustes/Ajustes.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_FormaEdiParms.h"
 
 namespace tarvo::comm {

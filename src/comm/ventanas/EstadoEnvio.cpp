@@ -5,11 +5,11 @@
 
 #include "comm/envios/Comparada.h"
 #include "comm/envios/TablaDeEstado.h"
-#include "comm/ventanas/ModeloTareas.h"
 #include "comm/ventanas/TextosCommVentanas.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Parrilla.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "comm/ventanas/gestcomm/ModeloTareas.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::comm {
 
@@ -128,13 +128,14 @@ Resultado<> EstadoEnvio::preparar(const Argumentos& a) {
 }
 
 Resultado<> EstadoEnvio::llenarGrupos(int elegido) {
-  auto rs = contexto().db.consultar(
-      u"SELECT CODGPO, Format(CODGPO,'0000') & '  ' & NOMGPO FROM GRUPOS ORDER BY CODGPO");
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(
+      auto rs,
+      contexto().db.consultar(
+          u"SELECT CODGPO, Format(CODGPO,'0000') & '  ' & NOMGPO FROM GRUPOS ORDER BY CODGPO"));
   ui_.Grupo->clear();
-  for (; !(*rs)->Eof();) {
-    ui_.Grupo->addItem((*rs)->texto(1), (*rs)->entero(0));
-    TARVO_INTENTAR((*rs)->MoveNext());
+  for (; !rs->Eof();) {
+    ui_.Grupo->addItem(rs->texto(1), rs->entero(0));
+    TARVO_INTENTAR(rs->MoveNext());
   }
   ui_.Grupo->setCurrentIndex(std::max(0, ui_.Grupo->findData(elegido)));
   if (ui_.Grupo->count() == 0) decirDuda(t(kTxSinGruposQueVer));

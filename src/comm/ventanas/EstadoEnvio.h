@@ -5,8 +5,8 @@
 
 #include "comm/envios/Estado.h"
 #include "comm/ventanas/Servicios.h"
-#include "core/ventanas/Aparte.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/parrilla/Aparte.h"
 #include "ui_FormaEstadoEnvio.h"
 
 namespace tarvo::comm {

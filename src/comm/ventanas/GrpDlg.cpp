@@ -1,7 +1,7 @@
 #include "comm/ventanas/GrpDlg.h"
 
-#include "comm/ventanas/MenusComm.h"
 #include "comm/ventanas/TextosCommVentanas.h"
+#include "comm/ventanas/gestcomm/MenusComm.h"
 
 namespace tarvo::comm {
 

@@ -1,7 +1,7 @@
 #include "comm/ventanas/Grupos.h"
 
 #include "comm/ventanas/TextosCommVentanas.h"
-#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 
 namespace tarvo::comm {
 
@@ -11,25 +11,23 @@ Resultado<std::vector<GrupoElegible>> gruposPara(dao::Database& db,
                                                  const motor::ClaseTarea& clase) {
   QStringList terminos;
   for (const int tipo : clase.tipos) terminos << u"(TIPO=%1)"_s.arg(tipo);
-  auto rs = db.consultar(
-      u"select codgpo, Format(codgpo,'0000') & '  ' & NOMGPO as nom "
-      "from GRUPOS where %1 order by codgpo"_s.arg(terminos.join(u" or ")));
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(auto rs,
+              db.consultar(u"select codgpo, Format(codgpo,'0000') & '  ' & NOMGPO as nom "
+                           "from GRUPOS where %1 order by codgpo"_s.arg(terminos.join(u" or "))));
   std::vector<GrupoElegible> grupos;
-  while (!(*rs)->Eof()) {
-    grupos.push_back({static_cast<int>((*rs)->entero(0)), (*rs)->texto(1)});
-    TARVO_INTENTAR((*rs)->MoveNext());
+  while (!rs->Eof()) {
+    grupos.push_back({static_cast<int>(rs->entero(0)), rs->texto(1)});
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return grupos;
 }
 
 Resultado<std::set<int>> tiposDeGrupos(dao::Database& db) {
-  auto rs = db.consultar(u"select distinct TIPO from GRUPOS");
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(auto rs, db.consultar(u"select distinct TIPO from GRUPOS"));
   std::set<int> tipos;
-  while (!(*rs)->Eof()) {
-    tipos.insert(static_cast<int>((*rs)->entero(0)));
-    TARVO_INTENTAR((*rs)->MoveNext());
+  while (!rs->Eof()) {
+    tipos.insert(static_cast<int>(rs->entero(0)));
+    TARVO_INTENTAR(rs->MoveNext());
   }
   return tipos;
 }

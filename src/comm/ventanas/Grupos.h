@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "comm/motor/gestcomm.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 
 namespace tarvo::comm {
 

@@ -9,7 +9,7 @@
 #include "comm/ventanas/RxPLUDlg.h"
 #include "comm/ventanas/TxPLUdlg.h"
 #include "comm/ventanas/VerTramas.h"
-#include "comm/ventanas/gestcommVentana.h"
+#include "comm/ventanas/gestcomm/gestcommVentana.h"
 
 namespace tarvo::comm {
 

@@ -11,7 +11,7 @@
 #pragma once
 
 #include "comm/ventanas/Servicios.h"
-#include "core/ventanas/Ventanas.h"
+#include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::comm {
 

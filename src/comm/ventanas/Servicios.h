@@ -5,7 +5,7 @@
 
 #include "comm/enlace/Escucha.h"
 #include "comm/motor/gestcomm.h"
-#include "totals/Sesion.h"
+#include "totals/libros/Sesion.h"
 
 namespace tarvo::comm {
 

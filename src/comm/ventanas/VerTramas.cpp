@@ -10,8 +10,8 @@
 #include "comm/enlace/LecturaTrama.h"
 #include "comm/ventanas/NombresTramas.h"
 #include "comm/ventanas/TextosCommVentanas.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Parrilla.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::comm {
 

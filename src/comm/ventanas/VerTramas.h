@@ -3,7 +3,7 @@
 #include <map>
 
 #include "comm/ventanas/Servicios.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_FormaVerTramas.h"
 
 namespace tarvo::comm {

@@ -64,9 +64,8 @@ class Database {
   // The first column of the first row, or Null when there is no row.
   template <class... P>
   Resultado<Valor> uno(QStringView sql, const P&... p) {
-    auto rs = consultar(sql, p...);
-    if (!rs) return std::unexpected(rs.error());
-    return (*rs)->Eof() ? Valor() : (*rs)->valor(0);
+    TARVO_TOMAR(auto rs, consultar(sql, p...));
+    return rs->Eof() ? Valor() : rs->valor(0);
   }
 
   // --- transactions

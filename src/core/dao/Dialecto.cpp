@@ -235,9 +235,8 @@ class Traductor {
         continue;
       }
       if (j == inicio) break;
-      auto t = rango(inicio, j);
-      if (!t) return std::unexpected(t.error());
-      a.v.push_back(*t);
+      TARVO_TOMAR(auto t, rango(inicio, j));
+      a.v.push_back(t);
       inicio = j + 1;
     }
     i = fin + 1;
@@ -262,9 +261,8 @@ class Traductor {
       return grupo(i, nombre == e.texto ? nombre + u' ' : nombre);
     }
     ++i;
-    auto a = argumentos(i);
-    if (!a) return std::unexpected(a.error());
-    auto t = (this->**forma)(e.texto, *a);
+    TARVO_TOMAR(auto a, argumentos(i));
+    auto t = (this->**forma)(e.texto, a);
     if (t && t->size() > kLargo) return sinTraduccion(e.texto);
     return t;
   }
@@ -339,10 +337,9 @@ class Traductor {
 }  // namespace
 
 Resultado<QString> traducirJet(QStringView sql, const EsColumnaDeTexto& esTexto) {
-  auto elementos = cortar(sql);
-  if (!elementos) return std::unexpected(elementos.error());
-  if (elementos->empty()) return fallo(Fallo::Formato, QStringLiteral("La consulta está vacía."));
-  return Traductor(std::move(*elementos), esTexto).traducir();
+  TARVO_TOMAR(auto elementos, cortar(sql));
+  if (elementos.empty()) return fallo(Fallo::Formato, QStringLiteral("La consulta está vacía."));
+  return Traductor(std::move(elementos), esTexto).traducir();
 }
 
 std::vector<QString> partirGuion(QStringView guion) {

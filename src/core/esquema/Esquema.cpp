@@ -25,9 +25,8 @@ Resultado<> copiarPlantilla(const QString& ruta, const QStringList& carpetas) {
   if (plantilla.isEmpty())
     return fallo(Fallo::NoExiste,
                  QStringLiteral("No existe base de datos vacía: %1").arg(kPlantilla), 3024);
-  const auto vacia = dao::Database::OpenDatabase(plantilla, {.soloLeer = true});
-  if (!vacia) return std::unexpected(vacia.error());
-  auto copia = (*vacia)->copiarEn(ruta);
+  TARVO_TOMAR(const auto vacia, dao::Database::OpenDatabase(plantilla, {.soloLeer = true}));
+  auto copia = vacia->copiarEn(ruta);
   if (!copia) {
     Error e = copia.error();
     e.texto = QStringLiteral("No se encuentra la base de datos: %1\n%2").arg(ruta, e.texto);
@@ -50,11 +49,10 @@ Resultado<> rehacerQLink(dao::Database& db, const QString& condicion) {
 }  // namespace
 
 Resultado<> crearEsquema(dao::Database& db) {
-  auto t = dao::Transaccion::empezar(db);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db));
   for (const Guion& g : guiones())
     if (falta(db, g)) TARVO_INTENTAR(db.ejecutarGuion(g.sql));
-  return t->confirmar();
+  return t.confirmar();
 }
 
 bool esquemaCompleto(dao::Database& db) {
@@ -66,10 +64,9 @@ Resultado<> escribirPlantilla(const QString& ruta) {
   QFile::remove(taller);
   Resultado<> r;
   {
-    auto db = dao::Database::OpenDatabase(taller, {.crear = true});
-    if (!db) return std::unexpected(db.error());
-    r = crearEsquema(**db);
-    if (r) r = (*db)->copiarEn(ruta);
+    TARVO_TOMAR(auto db, dao::Database::OpenDatabase(taller, {.crear = true}));
+    r = crearEsquema(*db);
+    if (r) r = db->copiarEn(ruta);
   }
   QFile::remove(taller);
   return r;

@@ -62,16 +62,15 @@ Resultado<> comprobar(const std::optional<Version>& guardada, Version version) {
 
 Resultado<std::optional<Version>> versionGuardada(dao::Database& db) {
   if (!db.existeTabla(u"version")) return std::nullopt;
-  auto rs = db.consultar(u"select MAJOR, MINOR from version");
-  if (!rs) return std::unexpected(rs.error());
-  if ((*rs)->Eof()) return std::nullopt;
-  return Version{static_cast<int>((*rs)->entero(0)), static_cast<int>((*rs)->entero(1))};
+  TARVO_TOMAR(auto rs, db.consultar(u"select MAJOR, MINOR from version"));
+  if (rs->Eof()) return std::nullopt;
+  return Version{static_cast<int>(rs->entero(0)), static_cast<int>(rs->entero(1))};
 }
 
 Resultado<> guardarVersion(dao::Database& db, Version version) {
-  const auto n = db.ejecutar(u"update version set MAJOR=?, MINOR=?", version.mayor, version.menor);
-  if (!n) return std::unexpected(n.error());
-  if (*n > 0) return {};
+  TARVO_TOMAR(const auto n,
+              db.ejecutar(u"update version set MAJOR=?, MINOR=?", version.mayor, version.menor));
+  if (n > 0) return {};
   TARVO_INTENTAR(db.ejecutar(u"insert into version (MAJOR, MINOR) values (?, ?)", version.mayor,
                              version.menor));
   return {};
@@ -79,9 +78,8 @@ Resultado<> guardarVersion(dao::Database& db, Version version) {
 
 Resultado<bool> hayPendientes(dao::Database& db) {
   for (const Paso& p : pasos()) {
-    auto rs = db.consultar(p.hace_falta);
-    if (!rs) return std::unexpected(rs.error());
-    if (!(*rs)->Eof()) return true;
+    TARVO_TOMAR(auto rs, db.consultar(p.hace_falta));
+    if (!rs->Eof()) return true;
   }
   return false;
 }
@@ -96,20 +94,17 @@ Resultado<> darPasos(dao::Database& db, Fecha hoy) {
 }
 
 Resultado<> ponerAlDia(dao::Database& db, Fecha hoy, Version version) {
-  auto guardada = versionGuardada(db);
-  if (!guardada) return std::unexpected(guardada.error());
-  TARVO_INTENTAR(comprobar(*guardada, version));
-  if (esquemaCompleto(db) && *guardada == version) {
-    const auto pendientes = hayPendientes(db);
-    if (!pendientes) return std::unexpected(pendientes.error());
-    if (!*pendientes) return {};
+  TARVO_TOMAR(auto guardada, versionGuardada(db));
+  TARVO_INTENTAR(comprobar(guardada, version));
+  if (esquemaCompleto(db) && guardada == version) {
+    TARVO_TOMAR(const auto pendientes, hayPendientes(db));
+    if (!pendientes) return {};
   }
-  auto t = dao::Transaccion::empezar(db);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db));
   TARVO_INTENTAR(crearEsquema(db));
   TARVO_INTENTAR(guardarVersion(db, version));
   TARVO_INTENTAR(darPasos(db, hoy));
-  return t->confirmar();
+  return t.confirmar();
 }
 
 }  // namespace tarvo::esquema

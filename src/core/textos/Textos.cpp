@@ -16,7 +16,9 @@ bool anadir(QStringView linea, std::unordered_map<int, QString>& tabla) {
   bool bien = false;
   const int numero = tab < 0 ? -1 : linea.left(tab).toInt(&bien);
   if (!bien || numero < 0 || numero > kMayorNumero) return false;
-  return tabla.emplace(numero, linea.mid(tab + 1).toString()).second;
+  const QStringView resto = linea.mid(tab + 1);
+  const qsizetype fin = resto.indexOf(u'\t');
+  return tabla.emplace(numero, (fin < 0 ? resto : resto.left(fin)).toString()).second;
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // The numbered string table and the helpers that fill its texts. One file a language,
-// datos/textos/es.txt..., "number TAB text". How numbers are grouped: docs/textos.md.
+// datos/textos/es.txt..., "number TAB text TAB name". How numbers are grouped: docs/textos.md.
 #pragma once
 
 #include <QString>

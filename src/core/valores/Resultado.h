@@ -42,8 +42,21 @@ inline std::unexpected<Error> fallo(Fallo clase, QString texto, int numero = 0) 
 }  // namespace tarvo
 
 // Hands the error of an expression of type Resultado<...> on to the caller.
-#define TARVO_INTENTAR(expresion)                                          \
-  do {                                                                     \
-    if (auto tarvo_r_ = (expresion); !tarvo_r_)                            \
-      return std::unexpected<::tarvo::Error>(std::move(tarvo_r_).error()); \
+#define TARVO_INTENTAR(...)                                \
+  do {                                                     \
+    if (auto tarvo_r_ = (__VA_ARGS__); !tarvo_r_)          \
+      return std::unexpected(std::move(tarvo_r_).error()); \
   } while (false)
+
+// Declares something with the value of an expression of type Resultado<T>, or hands its error on to
+// the caller:
+//
+//   TARVO_TOMAR(const auto periodo, periodos.buscar(link));
+#define TARVO_TOMAR(declaracion, ...) \
+  TARVO_TOMAR_EN_(TARVO_UNIR_(tarvo_r_, __LINE__), declaracion, __VA_ARGS__)
+#define TARVO_TOMAR_EN_(r, declaracion, ...)            \
+  auto r = (__VA_ARGS__);                               \
+  if (!r) return std::unexpected(std::move(r).error()); \
+  declaracion = *std::move(r)
+#define TARVO_UNIR_(a, b) TARVO_UNIR_YA_(a, b)
+#define TARVO_UNIR_YA_(a, b) a##b

@@ -3,9 +3,9 @@
 #include <set>
 
 #include "core/textos/Textos.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/Tira.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/Tira.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/FormDetallesVentana.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"

@@ -3,8 +3,8 @@
 // taken back until then.
 #pragma once
 
-#include "core/ventanas/Ventana.h"
-#include "totals/CerrSes.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "totals/libros/CerrSes.h"
 #include "ui_CerrSes.h"
 
 namespace tarvo::totals {

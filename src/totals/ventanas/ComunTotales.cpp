@@ -49,12 +49,11 @@ Resultado<> llenarLista(QComboBox& lista, ventanas::Contexto& c, const QString& 
   const QVariant antes = lista.currentData();
   lista.clear();
   if (textoTodos > 0) lista.addItem(c.textos(textoTodos), kTodos);
-  auto rs = c.db.consultar(sql);
-  if (!rs) return std::unexpected(rs.error());
-  for (; !(*rs)->Eof();) {
-    const qint64 codigo = (*rs)->entero(0);
-    lista.addItem(Ceros(codigo, cifras) + u' ' + (*rs)->texto(1), codigo);
-    TARVO_INTENTAR((*rs)->MoveNext());
+  TARVO_TOMAR(auto rs, c.db.consultar(sql));
+  for (; !rs->Eof();) {
+    const qint64 codigo = rs->entero(0);
+    lista.addItem(Ceros(codigo, cifras) + u' ' + rs->texto(1), codigo);
+    TARVO_INTENTAR(rs->MoveNext());
   }
   elegirEn(lista, antes);
   return {};
@@ -130,23 +129,19 @@ QString textoResumen(const ventanas::Ventana& v, const Resumen& r) {
 
 Resultado<QString> textoProcedencia(ventanas::Ventana& v, Periodos& periodos, qint64 link,
                                     int grupo, int clase, qint64 codigo) {
-  const auto lecturas = procedencia(v.contexto().db, link, grupo, clase, codigo);
-  if (!lecturas) return std::unexpected(lecturas.error());
+  TARVO_TOMAR(const auto lecturas, procedencia(v.contexto().db, link, grupo, clase, codigo));
   QStringList lineas;
-  for (const Procedencia& p : *lecturas) lineas << lineaProcedencia(v, p);
+  for (const Procedencia& p : lecturas) lineas << lineaProcedencia(v, p);
   if (!lineas.isEmpty()) return lineas.join(u'\n');
-  const auto c = periodos.columna(link);
-  if (!c) return std::unexpected(c.error());
-  if (!*c) return QString();
-  const auto partes = sumandos(periodos, **c);
-  if (!partes) return std::unexpected(partes.error());
-  return lineaSumandos(v, *partes);
+  TARVO_TOMAR(const auto c, periodos.columna(link));
+  if (!c) return QString();
+  TARVO_TOMAR(const auto partes, sumandos(periodos, *c));
+  return lineaSumandos(v, partes);
 }
 
 Resultado<qint64> ultimoPeriodo(dao::Database& db) {
-  const auto link = db.uno(u"SELECT LINK FROM COLUMNA ORDER BY FECHA1 DESC, LINK DESC");
-  if (!link) return std::unexpected(link.error());
-  return link->entero();
+  TARVO_TOMAR(const auto link, db.uno(u"SELECT LINK FROM COLUMNA ORDER BY FECHA1 DESC, LINK DESC"));
+  return link.entero();
 }
 
 }  // namespace tarvo::totals

@@ -4,9 +4,9 @@
 
 #include <QComboBox>
 
-#include "core/ventanas/Tema.h"
-#include "core/ventanas/Ventanas.h"
-#include "totals/ConsultaFilas.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/Ventanas.h"
+#include "totals/periodos/ConsultaFilas.h"
 
 namespace tarvo::totals {
 

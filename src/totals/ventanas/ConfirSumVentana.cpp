@@ -1,6 +1,6 @@
 #include "totals/ventanas/ConfirSumVentana.h"
 
-#include "core/ventanas/Medidas.h"
+#include "core/ventanas/aspecto/Medidas.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 
@@ -22,21 +22,18 @@ Resultado<std::vector<qint64>> ConfirSumVentana::losLinks(const ventanas::Argume
   for (const QVariant& link : argumentos.value(u"links"_s).toList())
     links.push_back(link.toLongLong());
   if (!links.empty()) return links;
-  const auto todos = p_.lista();
-  if (!todos) return std::unexpected(todos.error());
-  for (auto c = todos->rbegin(); c != todos->rend() && links.size() < 2; ++c)
+  TARVO_TOMAR(const auto todos, p_.lista());
+  for (auto c = todos.rbegin(); c != todos.rend() && links.size() < 2; ++c)
     links.push_back(c->LINK);
   return links;
 }
 
 Resultado<> ConfirSumVentana::preparar(const ventanas::Argumentos& argumentos) {
-  const auto links = losLinks(argumentos);
-  if (!links) return std::unexpected(links.error());
-  motor_.ponerSeleccion(*links);
-  auto suma = motor_.destinoDeSuma();
-  if (!suma) return std::unexpected(suma.error());
-  if (!*suma) return fallo(Fallo::NoExiste, t(kTxSinSeleccion));
-  suma_ = std::move(**suma);
+  TARVO_TOMAR(const auto links, losLinks(argumentos));
+  motor_.ponerSeleccion(links);
+  TARVO_TOMAR(auto suma, motor_.destinoDeSuma());
+  if (!suma) return fallo(Fallo::NoExiste, t(kTxSinSeleccion));
+  suma_ = std::move(*suma);
   const Periodo& p = suma_.periodo;
   const bool existe = suma_.existente.has_value();
   ui_.tipo->setText(NombreTipoPeriodo(p.tipo));
@@ -47,9 +44,8 @@ Resultado<> ConfirSumVentana::preparar(const ventanas::Argumentos& argumentos) {
   ui_.Descrip->setText(existe ? suma_.existente->DESCR : QString());
   ui_.Descrip->setReadOnly(existe);
   ui_.Descrip->setFocus();
-  const auto r = resumir(contexto().db, contexto().ajustes, *links);
-  if (!r) return std::unexpected(r.error());
-  ui_.resumen->setText(t(kTxNPeriodos, r->periodos) + u": "_s + textoResumen(*this, *r));
+  TARVO_TOMAR(const auto r, resumir(contexto().db, contexto().ajustes, links));
+  ui_.resumen->setText(t(kTxNPeriodos, r.periodos) + u": "_s + textoResumen(*this, r));
   return {};
 }
 

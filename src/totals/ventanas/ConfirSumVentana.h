@@ -2,8 +2,8 @@
 // most recent. Accepted, the period that receives them exists.
 #pragma once
 
-#include "core/ventanas/Ventana.h"
-#include "totals/VerTot.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "totals/periodos/VerTot.h"
 #include "ui_ConfirSum.h"
 
 namespace tarvo::totals {

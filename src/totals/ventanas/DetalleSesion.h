@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "totals/CerrSes.h"
+#include "totals/libros/CerrSes.h"
 
 namespace tarvo::totals {
 

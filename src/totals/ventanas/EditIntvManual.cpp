@@ -3,9 +3,9 @@
 
 #include "core/dinero/Dinero.h"
 #include "core/textos/Textos.h"
-#include "core/ventanas/EscogeFecha.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/EscogeFecha.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/EditIntvVentana.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"

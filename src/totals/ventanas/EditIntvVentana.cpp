@@ -3,8 +3,8 @@
 
 #include <QLocale>
 
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 
@@ -35,10 +35,9 @@ Resultado<> EditIntvVentana::preparar(const ventanas::Argumentos& argumentos) {
   const Fecha hoy = contexto().reloj.ahora().dia();
   Periodo p{argumentos.value(u"tipo"_s, kDiario).toInt(), hoy, hoy + Fecha::kUltimoSegundo};
   if (!nuevo_) {
-    const auto c = p_.columna(link_);
-    if (!c) return std::unexpected(c.error());
-    if (!*c) return fallo(Fallo::NoExiste, t(kTxPeriodoQueFalta));
-    p = (*c)->periodo;
+    TARVO_TOMAR(const auto c, p_.columna(link_));
+    if (!c) return fallo(Fallo::NoExiste, t(kTxPeriodoQueFalta));
+    p = c->periodo;
   }
   elegirEn(*ui_.LstTipo, p.tipo);
   ui_.Fecha1->setText(enCampo(p.tipo, p.desde));
@@ -112,13 +111,11 @@ std::optional<Periodo> EditIntvVentana::leerPeriodo() {
 }
 
 Resultado<qint64> EditIntvVentana::guardarPeriodo(const Periodo& p) {
-  auto tr = dao::Transaccion::empezar(contexto().db);
-  if (!tr) return std::unexpected(tr.error());
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(contexto().db));
   qint64 link = link_;
   if (nuevo_) {
-    const auto hay = p_.BuscarPeriodo(p.tipo, p.desde, p.hasta);
-    if (!hay) return std::unexpected(hay.error());
-    if (*hay) return fallo(Fallo::Duplicado, t(kTxYaExiste).arg(TextoPeriodo(p)));
+    TARVO_TOMAR(const auto hay, p_.BuscarPeriodo(p.tipo, p.desde, p.hasta));
+    if (hay) return fallo(Fallo::Duplicado, t(kTxYaExiste).arg(TextoPeriodo(p)));
     const auto hecho = p_.CrearPeriodo(p.tipo, p.desde, p.hasta, false, {});
     if (!hecho) return hecho;
     link = *hecho;
@@ -126,7 +123,7 @@ Resultado<qint64> EditIntvVentana::guardarPeriodo(const Periodo& p) {
     TARVO_INTENTAR(p_.CambiarPeriodo(link, p.tipo, p.desde, p.hasta));
   }
   TARVO_INTENTAR(aplicarManuales(contexto().db, p_, link, entradas_));
-  TARVO_INTENTAR(tr->confirmar());
+  TARVO_INTENTAR(tr.confirmar());
   return link;
 }
 

@@ -3,8 +3,8 @@
 // list and goes in with the period, in one transaction.
 #pragma once
 
-#include "core/ventanas/Ventana.h"
-#include "totals/Manuales.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "totals/periodos/Manuales.h"
 #include "ui_EditIntv.h"
 
 namespace tarvo::totals {

@@ -1,6 +1,6 @@
 #include "totals/ventanas/FormDetallesVentana.h"
 
-#include "core/ventanas/Medidas.h"
+#include "core/ventanas/aspecto/Medidas.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 
@@ -52,12 +52,12 @@ Resultado<> FormDetallesVentana::preparar(const ventanas::Argumentos& argumentos
 Resultado<> FormDetallesVentana::llenar() {
   std::vector<ventanas::FilaViva> filas;
   for (const Recibido& r : d_->recibidos) {
-    const auto nombre = contexto().db.uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=?", r.CODGPO);
-    if (!nombre) return std::unexpected(nombre.error());
+    TARVO_TOMAR(const auto nombre,
+                contexto().db.uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=?", r.CODGPO));
     const Periodo& p = r.periodo;
     filas.push_back(
         {static_cast<qint64>(filas.size()) + 1,
-         {r.CODGPO, nombre->texto(), nombreClase(contexto().textos, r.clase),
+         {r.CODGPO, nombre.texto(), nombreClase(contexto().textos, r.clase),
           p.tipo == kOtros ? FormatoPeriodo(p.tipo, p.desde) : NombreTipoPeriodo(p.tipo),
           FormatoPeriodo(p.tipo, p.tipo == kOtros ? p.hasta : p.desde)}});
   }

@@ -2,7 +2,7 @@
 // "salida" a shared DetalleSesion, which it changes only when it is accepted.
 #pragma once
 
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "totals/ventanas/DetalleSesion.h"
 #include "ui_FormDetalles.h"
 

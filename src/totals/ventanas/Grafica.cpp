@@ -18,8 +18,8 @@
 #include <cmath>
 
 #include "core/dinero/Dinero.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Tema.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/NombresBarras.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"

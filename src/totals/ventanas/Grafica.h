@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "core/ventanas/Contexto.h"
+#include "core/ventanas/marco/Contexto.h"
 
 class QChart;
 class QChartView;

@@ -3,10 +3,10 @@
 #include <QDir>
 #include <QFileDialog>
 
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Retenida.h"
-#include "core/ventanas/Tira.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Retenida.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 
@@ -137,15 +137,14 @@ void ImpTotVentana::mostrarBloque() {
 
 // One block, and the header behind it.
 Resultado<bool> ImpTotVentana::incorporarUno() {
-  const auto hecho =
-      fichero_->incorporar(ui_.BorrPrevio->isChecked() ? SiExiste::Borrarlo : SiExiste::Acumularlo);
-  if (!hecho) return std::unexpected(hecho.error());
+  TARVO_TOMAR(const auto hecho,
+              fichero_->incorporar(ui_.BorrPrevio->isChecked() ? SiExiste::Borrarlo
+                                                               : SiExiste::Acumularlo));
   ++hechos_;
-  lineas_ += hecho->lineas;
+  lineas_ += hecho.lineas;
   ui_.Conta->setText(lineas_ > 0 ? t(kTxNTotales, static_cast<int>(lineas_)) : t(kTxSinTotales));
-  auto b = fichero_->siguiente();
-  if (!b) return std::unexpected(b.error());
-  bloque_ = std::move(*b);
+  TARVO_TOMAR(auto b, fichero_->siguiente());
+  bloque_ = std::move(b);
   if (bloque_) mostrarBloque();
   return bloque_.has_value();
 }

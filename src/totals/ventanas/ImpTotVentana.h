@@ -2,8 +2,8 @@
 // it. Each block is shown before it goes in, or all go in one after another.
 #pragma once
 
-#include "core/ventanas/Ventana.h"
-#include "totals/XporTot.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "totals/intercambio/XporTot.h"
 #include "ui_ImpTot.h"
 
 namespace tarvo::totals {

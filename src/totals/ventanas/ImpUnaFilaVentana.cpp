@@ -1,7 +1,7 @@
 #include "totals/ventanas/ImpUnaFilaVentana.h"
 
-#include "core/ventanas/Medidas.h"
-#include "totals/Calendario.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "totals/periodos/Calendario.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "core/valores/Fecha.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_ImpUnaFila.h"
 
 namespace tarvo::totals {

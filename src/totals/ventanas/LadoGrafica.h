@@ -4,7 +4,7 @@
 #include <QAction>
 #include <QSplitter>
 
-#include "core/ventanas/Recuerdos.h"
+#include "core/ventanas/marco/Recuerdos.h"
 
 namespace tarvo::totals {
 

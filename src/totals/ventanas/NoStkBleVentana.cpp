@@ -1,7 +1,7 @@
 #include "totals/ventanas/NoStkBleVentana.h"
 
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Tema.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
 
 namespace tarvo::totals {
 

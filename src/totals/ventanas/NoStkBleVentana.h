@@ -2,7 +2,7 @@
 // same.
 #pragma once
 
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_NoStkBle.h"
 
 namespace tarvo::totals {

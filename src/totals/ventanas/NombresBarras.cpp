@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Tema.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
 
 namespace tarvo::totals {
 

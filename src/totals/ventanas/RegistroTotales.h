@@ -1,9 +1,9 @@
 // The windows of the totals, by name.
 #pragma once
 
-#include "core/ventanas/Ventanas.h"
-#include "totals/Periodos.h"
-#include "totals/Sesion.h"
+#include "core/ventanas/marco/Ventanas.h"
+#include "totals/libros/Sesion.h"
+#include "totals/periodos/Periodos.h"
 
 namespace tarvo::totals {
 

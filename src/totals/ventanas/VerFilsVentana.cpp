@@ -1,7 +1,7 @@
 #include "totals/ventanas/VerFilsVentana.h"
 
-#include "core/ventanas/Medidas.h"
-#include "totals/Calendario.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "totals/periodos/Calendario.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/ImpUnaFilaVentana.h"
 #include "totals/ventanas/LadoGrafica.h"
@@ -98,9 +98,8 @@ Resultado<> VerFilsVentana::preparar(const ventanas::Argumentos& argumentos) {
   if (conSeccion(filtro_.clase)) filtro_.seccion = argumentos.value(u"seccion"_s, 0).toInt();
   moneda_ = argumentos.value(u"moneda"_s, moneda_).toInt();
   if (!argumentos.contains(u"codigo"_s)) TARVO_INTENTAR(elegirPrimero());
-  auto como = nombreCodigo();
-  if (!como) return std::unexpected(como.error());
-  nombre_ = *como;
+  TARVO_TOMAR(auto como, nombreCodigo());
+  nombre_ = como;
   TARVO_INTENTAR(llenarGrupos(*ui_.AllGrp, contexto(), kTxTodos));
   porGrupo_ = false;
   filtrar();
@@ -109,14 +108,14 @@ Resultado<> VerFilsVentana::preparar(const ventanas::Argumentos& argumentos) {
 }
 
 Resultado<> VerFilsVentana::elegirPrimero() {
-  auto rs = contexto().db.consultar(
-      u"SELECT GRUPOS.SECCION, t.CODI FROM TOTPLU AS t LEFT JOIN GRUPOS ON GRUPOS.CODGPO=t.GRUPO "
-      u"WHERE t.LINK=(SELECT LINK FROM COLUMNA WHERE TIPO=1 ORDER BY FECHA1 DESC LIMIT 1) ORDER BY "
-      u"t.IMP DESC LIMIT 1");
-  if (!rs) return std::unexpected(rs.error());
-  if ((*rs)->Eof()) return {};
-  filtro_.seccion = static_cast<int>((*rs)->entero(0));
-  filtro_.codigo = (*rs)->entero(1);
+  TARVO_TOMAR(auto rs, contexto().db.consultar(u"SELECT GRUPOS.SECCION, t.CODI FROM TOTPLU AS t "
+                                               u"LEFT JOIN GRUPOS ON GRUPOS.CODGPO=t.GRUPO "
+                                               u"WHERE t.LINK=(SELECT LINK FROM COLUMNA WHERE "
+                                               u"TIPO=1 ORDER BY FECHA1 DESC LIMIT 1) ORDER BY "
+                                               u"t.IMP DESC LIMIT 1"));
+  if (rs->Eof()) return {};
+  filtro_.seccion = static_cast<int>(rs->entero(0));
+  filtro_.codigo = rs->entero(1);
   return {};
 }
 

@@ -4,8 +4,8 @@
 // a viewer.
 #pragma once
 
-#include "core/ventanas/Ventana.h"
-#include "totals/ConsultaFilas.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "totals/periodos/ConsultaFilas.h"
 #include "ui_VerFils.h"
 
 namespace tarvo::totals {

@@ -3,10 +3,10 @@
 #include <QToolButton>
 
 #include "core/textos/Textos.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/Tira.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 #include "totals/ventanas/VerTotVentana.h"
 
@@ -130,9 +130,8 @@ void VerTotVentana::porPasos(const QString& que, std::vector<qint64> links, Paso
   const auto uno = [=](Trabajo::Avance& a) -> Resultado<bool> {
     a.total = static_cast<qint64>(pendientes->size());
     if (a.hechos >= a.total) return false;
-    const auto hecho = paso((*pendientes)[static_cast<size_t>(a.hechos)]);
-    if (!hecho) return std::unexpected(hecho.error());
-    ++(*hecho ? cuentas->bien : cuentas->mal);
+    TARVO_TOMAR(const auto hecho, paso((*pendientes)[static_cast<size_t>(a.hechos)]));
+    ++(hecho ? cuentas->bien : cuentas->mal);
     return ++a.hechos < a.total;
   };
   ocupar(true);
@@ -219,19 +218,17 @@ void VerTotVentana::borrar(bool soloFilas) {
 // -------------------------------------------------------------------------------------
 
 Resultado<bool> VerTotVentana::acumularUno(qint64 link, int tipo) {
-  const auto c = p_.columna(link);
-  if (!c) return std::unexpected(c.error());
-  if (!*c) return false;
-  const auto chequeo = motor_.ChequeoAcumulado(**c, tipo);
-  if (!chequeo) return std::unexpected(chequeo.error());
-  if (*chequeo == 2) {
+  TARVO_TOMAR(const auto c, p_.columna(link));
+  if (!c) return false;
+  TARVO_TOMAR(const auto chequeo, motor_.ChequeoAcumulado(*c, tipo));
+  if (chequeo == 2) {
     MyMsgBox::Decide(this, contexto().textos, t(kTxYaSeAcumulo), kSoloAcepto | kExclamacion);
     return false;
   }
-  if (*chequeo == 1 && !MyMsgBox::Decide(this, contexto().textos, t(kTxExisteRelacionado),
-                                         kAceptoCancelo | kExclamacion))
+  if (chequeo == 1 && !MyMsgBox::Decide(this, contexto().textos, t(kTxExisteRelacionado),
+                                        kAceptoCancelo | kExclamacion))
     return false;
-  return p_.AcumularPeriodo(tipo, **c);
+  return p_.AcumularPeriodo(tipo, *c);
 }
 
 void VerTotVentana::acumular(int tipo) {
@@ -248,10 +245,9 @@ void VerTotVentana::desacumular(int tipo) {
   porPasos(
       t(kTxDesacumulando), links,
       [=, this](qint64 link) -> Resultado<bool> {
-        const auto c = p_.columna(link);
-        if (!c) return std::unexpected(c.error());
-        if (!*c) return false;
-        return p_.DesacumularPeriodo(tipo, **c);
+        TARVO_TOMAR(const auto c, p_.columna(link));
+        if (!c) return false;
+        return p_.DesacumularPeriodo(tipo, *c);
       },
       [=, this](Cuentas c) { decirCuentas(kTxDesacumulados, kTxNoDesacumulados, c); });
 }
@@ -310,28 +306,25 @@ void VerTotVentana::descontar(bool deshacer) {
 
 // Periods that were deleted or replaced meanwhile are passed over; NoExiste when all were.
 Resultado<> VerTotVentana::desdescontar(const std::vector<qint64>& links, int veces) {
-  auto tr = dao::Transaccion::empezar(contexto().db);
-  if (!tr) return std::unexpected(tr.error());
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(contexto().db));
   bool alguno = false;
   for (const qint64 link : links) {
-    const auto c = p_.columna(link);
-    if (!c) return std::unexpected(c.error());
-    if (!*c) continue;
-    TARVO_INTENTAR(p_.DescontarPeriodo(**c, veces));
+    TARVO_TOMAR(const auto c, p_.columna(link));
+    if (!c) continue;
+    TARVO_INTENTAR(p_.DescontarPeriodo(*c, veces));
     alguno = true;
   }
   if (!alguno) return fallo(Fallo::NoExiste, t(kTxYaNoEstan));
-  return tr->confirmar();
+  return tr.confirmar();
 }
 
 Resultado<bool> VerTotVentana::descontarUno(qint64 link, bool deshacer,
                                             std::vector<qint64>& hechos) {
-  const auto c = p_.columna(link);
-  if (!c) return std::unexpected(c.error());
-  if (!*c) return false;
-  if (!(*c)->stkABLE && !contexto().ventanas.abrirModal(u"NoStkBle"_s, this)) return false;
-  if (!deshacer && (*c)->stkADO >= 1) return false;  // its sales are out of the stock already
-  const auto hecho = p_.DescontarPeriodo(**c, deshacer ? -1 : 1);
+  TARVO_TOMAR(const auto c, p_.columna(link));
+  if (!c) return false;
+  if (!c->stkABLE && !contexto().ventanas.abrirModal(u"NoStkBle"_s, this)) return false;
+  if (!deshacer && c->stkADO >= 1) return false;  // its sales are out of the stock already
+  const auto hecho = p_.DescontarPeriodo(*c, deshacer ? -1 : 1);
   if (hecho && *hecho) hechos.push_back(link);
   return hecho;
 }

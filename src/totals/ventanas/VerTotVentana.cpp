@@ -3,10 +3,10 @@
 
 #include <QMenu>
 
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Tira.h"
-#include "core/ventanas/TiraTrabajo.h"
-#include "totals/Cuadre.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
+#include "totals/libros/Cuadre.h"
 #include "totals/ventanas/LadoGrafica.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 #include "totals/ventanas/Visor.h"

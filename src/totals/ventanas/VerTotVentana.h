@@ -2,9 +2,9 @@
 // emptied here can be brought back, the last one first.
 #pragma once
 
-#include "core/ventanas/Ventana.h"
-#include "totals/Papelera.h"
-#include "totals/VerTot.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "totals/periodos/Papelera.h"
+#include "totals/periodos/VerTot.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "ui_VerTot.h"
 

@@ -2,8 +2,8 @@
 
 #include <QRegularExpressionValidator>
 
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Recuerdos.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Recuerdos.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/LadoGrafica.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
@@ -125,9 +125,8 @@ void Visor::montar() {
 Resultado<> Visor::preparar(const ventanas::Argumentos& argumentos) {
   qint64 link = argumentos.value(u"link"_s, 0).toLongLong();
   if (link == 0) {
-    const auto ultimo = ultimoPeriodo(contexto().db);
-    if (!ultimo) return std::unexpected(ultimo.error());
-    link = *ultimo;
+    TARVO_TOMAR(const auto ultimo, ultimoPeriodo(contexto().db));
+    link = ultimo;
   }
   filtro_.link = link;
   if (!porOperador_) filtro_.clase = argumentos.value(u"clase"_s, filtro_.clase).toInt();

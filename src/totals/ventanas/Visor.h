@@ -4,9 +4,9 @@
 // leaves, and where the row in hand came from.
 #pragma once
 
-#include "core/ventanas/Aparte.h"
-#include "core/ventanas/Ventana.h"
-#include "totals/ConsultaFilas.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/parrilla/Aparte.h"
+#include "totals/periodos/ConsultaFilas.h"
 #include "ui_Visor.h"
 
 namespace tarvo::totals {

@@ -2,9 +2,9 @@
 
 #include <QDir>
 
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 
@@ -39,9 +39,8 @@ Resultado<> XporTotVentana::preparar(const ventanas::Argumentos& argumentos) {
   for (const QVariant& link : argumentos.value(u"links"_s).toList())
     links.push_back(link.toLongLong());
   if (links.empty()) {
-    const auto ultimo = ultimoPeriodo(contexto().db);
-    if (!ultimo) return std::unexpected(ultimo.error());
-    if (*ultimo > 0) links.push_back(*ultimo);
+    TARVO_TOMAR(const auto ultimo, ultimoPeriodo(contexto().db));
+    if (ultimo > 0) links.push_back(ultimo);
   }
   LinkHandle(std::move(links));
   ui_.destino->setFocus();
@@ -103,10 +102,10 @@ void XporTotVentana::ocupar(bool si) {
 Resultado<bool> XporTotVentana::exportarUno() {
   if (cola_.empty()) return false;
   const OpcionesExport como{ui_.fmtTVC->isChecked(), ui_.borrar->isChecked()};
-  const auto hecho = motor_.XportRemoto({cola_.front()}, como, ui_.destino->currentText(), {});
-  if (!hecho) return std::unexpected(hecho.error());
+  TARVO_TOMAR(const auto hecho,
+              motor_.XportRemoto({cola_.front()}, como, ui_.destino->currentText(), {}));
   cola_.erase(cola_.begin());
-  hechos_ += *hecho ? 1 : 0;
+  hechos_ += hecho ? 1 : 0;
   mostrarPrimero();
   return !cola_.empty();
 }

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "core/tiempo/Trabajo.h"
-#include "core/ventanas/Ventana.h"
-#include "totals/XporTot.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "totals/intercambio/XporTot.h"
 #include "ui_XporTot.h"
 
 namespace tarvo::totals {

@@ -15,11 +15,11 @@
 #include "articles/TablasArticulos.h"
 #include "articles/ventanas/Registro.h"
 #include "core/esquema/Esquema.h"
-#include "core/ventanas/Recorrido.h"
-#include "core/ventanas/Tira.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/parrilla/Recorrido.h"
 #include "motor/CableSimulado.h"
-#include "totals/TablasLibros.h"
-#include "totals/TablasTotales.h"
+#include "totals/libros/TablasLibros.h"
+#include "totals/periodos/TablasTotales.h"
 #include "ventanas/Mesa.h"
 
 namespace tarvo::prueba {

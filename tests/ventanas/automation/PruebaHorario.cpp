@@ -8,8 +8,8 @@
 #include <QTimeEdit>
 
 #include "Sala.h"
-#include "automation/Horario.h"
-#include "core/ventanas/ModeloVivo.h"
+#include "automation/lenguaje/Horario.h"
+#include "core/ventanas/parrilla/ModeloVivo.h"
 
 namespace tarvo::automation {
 namespace {

@@ -10,9 +10,9 @@
 #include "automation/ventanas/PreguntasVentana.h"
 #include "automation/ventanas/Registro.h"
 #include "core/ajustes/Ficheros.h"
-#include "core/ventanas/Escritorio.h"
-#include "core/ventanas/Parrilla.h"
-#include "core/ventanas/Tira.h"
+#include "core/ventanas/marco/Escritorio.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 #include "textos/TextosDePrueba.h"
 
 namespace tarvo::automation {

@@ -18,9 +18,9 @@
 #include <QToolButton>
 
 #include "comm/ventanas/Registro.h"
-#include "core/ventanas/Escritorio.h"
-#include "core/ventanas/Parrilla.h"
-#include "core/ventanas/Tira.h"
+#include "core/ventanas/marco/Escritorio.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 #include "motor/Banco.h"
 
 namespace tarvo::prueba {

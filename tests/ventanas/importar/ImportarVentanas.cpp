@@ -13,8 +13,8 @@
 #include "articles/TablasArticulos.h"
 #include "articles/importar/ventanas/Registro.h"
 #include "core/esquema/Esquema.h"
-#include "core/ventanas/Tira.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 #include "ventanas/Mesa.h"
 
 namespace tarvo::prueba {

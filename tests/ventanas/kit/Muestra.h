@@ -1,8 +1,8 @@
 // A window like those of the program: a list of articles beside a list that lives.
 #pragma once
 
-#include "core/ventanas/Tira.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_Muestra.h"
 #include "ventanas/Mesa.h"
 

@@ -1,6 +1,6 @@
 #include <QRegularExpression>
 
-#include "core/ventanas/Medidas.h"
+#include "core/ventanas/aspecto/Medidas.h"
 #include "ventanas/Mesa.h"
 
 namespace tarvo::prueba {

@@ -8,7 +8,7 @@
 #include <QTabWidget>
 #include <QTableWidget>
 
-#include "core/ventanas/TraducirForm.h"
+#include "core/ventanas/aspecto/TraducirForm.h"
 #include "ventanas/Mesa.h"
 
 namespace tarvo::prueba {

@@ -9,8 +9,8 @@
 #include <QWindow>
 
 #include "Muestra.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 
 namespace tarvo::prueba {
 

@@ -7,9 +7,9 @@
 #include <span>
 
 #include "Muestra.h"
-#include "core/ventanas/EscogeFecha.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/marco/EscogeFecha.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 
 namespace tarvo::prueba {
 

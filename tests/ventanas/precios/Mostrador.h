@@ -14,8 +14,8 @@
 #include "articles/TablasArticulos.h"
 #include "articles/precios/ventanas/Registro.h"
 #include "core/esquema/Esquema.h"
-#include "core/ventanas/Recorrido.h"
-#include "core/ventanas/Tira.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/parrilla/Recorrido.h"
 #include "ventanas/Mesa.h"
 
 namespace tarvo::prueba {

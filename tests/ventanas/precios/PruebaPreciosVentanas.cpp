@@ -1,6 +1,6 @@
 #include "Mostrador.h"
 #include "capturas/Capturas.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 
 namespace tarvo::prueba {
 

@@ -1,6 +1,6 @@
 // The person's own entries: added, renamed, run and removed.
 #include "Tienda.h"
-#include "core/ventanas/Tira.h"
+#include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::prueba {
 

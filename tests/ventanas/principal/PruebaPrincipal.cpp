@@ -2,9 +2,9 @@
 #include <QStackedWidget>
 
 #include "Tienda.h"
-#include "automation/Historial.h"
-#include "core/ventanas/Captura.h"
-#include "core/ventanas/Tira.h"
+#include "automation/historia/Historial.h"
+#include "core/ventanas/marco/Captura.h"
+#include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::prueba {
 

@@ -13,7 +13,7 @@
 #include "app/ventanas/Manana.h"
 #include "app/ventanas/Registro.h"
 #include "app/ventanas/SysTray.h"
-#include "comm/enlace/FabricaReal.h"
+#include "comm/cables/FabricaReal.h"
 #include "ventanas/Mesa.h"
 
 namespace tarvo::prueba {

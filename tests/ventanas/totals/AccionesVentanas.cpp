@@ -2,7 +2,7 @@
 #include <QToolButton>
 
 #include "Trastienda.h"
-#include "core/ventanas/Tira.h"
+#include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::prueba {
 

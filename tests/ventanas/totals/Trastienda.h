@@ -11,9 +11,9 @@
 #include <QTimer>
 
 #include "core/esquema/Esquema.h"
-#include "totals/CerrSes.h"
-#include "totals/TablasLibros.h"
-#include "totals/TablasTotales.h"
+#include "totals/libros/CerrSes.h"
+#include "totals/libros/TablasLibros.h"
+#include "totals/periodos/TablasTotales.h"
 #include "totals/ventanas/RegistroTotales.h"
 #include "ventanas/Mesa.h"
 

@@ -62,9 +62,8 @@ Resultado<> recibir(app::Fondo& fondo, Sesion& sesion, int grupo, Fecha dia) {
 }  // namespace
 
 Resultado<> llenarBandeja(app::Fondo& fondo, app::Aplicacion& aplicacion, Fecha hoy) {
-  const auto periodos = fondo.db->uno(u"SELECT count(*) FROM COLUMNA");
-  if (!periodos) return std::unexpected(periodos.error());
-  if (periodos->entero() == 0) {
+  TARVO_TOMAR(const auto periodos, fondo.db->uno(u"SELECT count(*) FROM COLUMNA"));
+  if (periodos.entero() == 0) {
     for (const int grupo : {1, 2, 3})
       TARVO_INTENTAR(recibir(fondo, aplicacion.sesion(), grupo, hoy.dia()));
     std::vector<Aviso> avisos;
@@ -80,11 +79,10 @@ Resultado<> llenarBandeja(app::Fondo& fondo, app::Aplicacion& aplicacion, Fecha 
 Resultado<> dejarProceso(app::Aplicacion& aplicacion, const QString& carpeta) {
   const QString ruta = carpeta + u"/MUESTRA.AUT"_s;
   TARVO_INTENTAR(escribir(ruta, kProceso));
-  auto fichero = aplicacion.lenguaje().LeerProceso(ruta);
-  if (!fichero) return std::unexpected(fichero.error());
+  TARVO_TOMAR(auto fichero, aplicacion.lenguaje().LeerProceso(ruta));
   automation::Automat& a = aplicacion.automat();
   const auto detenido = [&a] { return a.fase() == automation::kDetenidoEnPaso; };
-  a.PROCESO(std::move(fichero->pasos), {}, u"MUESTRA"_s);
+  a.PROCESO(std::move(fichero.pasos), {}, u"MUESTRA"_s);
   a.retener();
   for (int i = 0; i < 4 && esperar(detenido); ++i) a.paso();
   if (!esperar(detenido)) return fallo(Fallo::Ocupado, ruta);

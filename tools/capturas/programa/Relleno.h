@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/Aplicacion.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 
 namespace tarvo::capturas {
 

@@ -7,7 +7,7 @@
 #include "app/ventanas/Registro.h"
 #include "capturas/Capturas.h"
 #include "capturas/programa/Relleno.h"
-#include "comm/enlace/FabricaReal.h"
+#include "comm/cables/FabricaReal.h"
 
 using namespace tarvo;
 

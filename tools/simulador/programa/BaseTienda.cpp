@@ -210,15 +210,12 @@ Resultado<std::map<int, GrupoTienda>> leerTienda(const QString& ruta) {
     return std::unexpected(error);
   }
   sqlite3_busy_timeout(cruda, 5000);
-  auto secciones = leerArticulos(cruda);
-  if (!secciones) return std::unexpected(secciones.error());
-  auto filas = leerFilasGrupo(cruda);
-  if (!filas) return std::unexpected(filas.error());
-  auto puestos = leerPuestos(cruda);
-  if (!puestos) return std::unexpected(puestos.error());
+  TARVO_TOMAR(auto secciones, leerArticulos(cruda));
+  TARVO_TOMAR(auto filas, leerFilasGrupo(cruda));
+  TARVO_TOMAR(auto puestos, leerPuestos(cruda));
   std::map<int, GrupoTienda> tienda;
-  for (const FilaGrupo& fila : *filas)
-    tienda[fila.codigo] = grupoDe(fila, (*secciones)[fila.seccion], (*puestos)[fila.codigo]);
+  for (const FilaGrupo& fila : filas)
+    tienda[fila.codigo] = grupoDe(fila, secciones[fila.seccion], puestos[fila.codigo]);
   return tienda;
 }
 

@@ -30,16 +30,14 @@ Resultado<> leerTransporte(const QJsonObject& json, Transporte& transporte) {
 
 Resultado<> leerMemoria(const QJsonObject& json, PlanMaquina& plan) {
   for (const auto& valor : json.value(QLatin1String("articulos")).toArray()) {
-    auto articulo = articuloDeJson(valor.toObject());
-    if (!articulo) return std::unexpected(articulo.error());
-    plan.catalogo[articulo->codigo] = *articulo;
+    TARVO_TOMAR(auto articulo, articuloDeJson(valor.toObject()));
+    plan.catalogo[articulo.codigo] = articulo;
   }
   for (const auto& valor : json.value(QLatin1String("operadores")).toArray())
     plan.operadores.push_back(valor.toInt());
   for (const auto& valor : json.value(QLatin1String("ventas")).toArray()) {
-    auto venta = ventaDeJson(valor.toObject());
-    if (!venta) return std::unexpected(venta.error());
-    plan.ventas.push_back(*venta);
+    TARVO_TOMAR(auto venta, ventaDeJson(valor.toObject()));
+    plan.ventas.push_back(venta);
   }
   for (const auto& valor : json.value(QLatin1String("pedidos")).toArray())
     plan.pedidos.push_back(lineaDeJson(valor.toObject()));
@@ -50,10 +48,9 @@ Resultado<> leerMemoria(const QJsonObject& json, PlanMaquina& plan) {
 
 // What a machine written out and a group of the database have in common.
 Resultado<> leerComun(const QJsonObject& json, PlanMaquina& plan) {
-  auto fallos = fallosDeJson(json.value(QLatin1String("fallos")).toObject());
-  if (!fallos) return std::unexpected(fallos.error());
+  TARVO_TOMAR(auto fallos, fallosDeJson(json.value(QLatin1String("fallos")).toObject()));
   OpcionesMaquina& opciones = plan.opciones;
-  opciones.fallos = *fallos;
+  opciones.fallos = fallos;
   opciones.estacion = json.value(QLatin1String("estacion")).toInt();
   opciones.registrosPorTrama = json.value(QLatin1String("registrosPorTrama")).toInt(8);
   opciones.pausaMs = json.value(QLatin1String("pausaMs")).toInt(20);
@@ -94,20 +91,19 @@ Resultado<> ponerGrupo(const QJsonObject& json, const GrupoTienda& grupo, Plan& 
 }
 
 Resultado<> leerGrupos(const QJsonObject& json, const QString& baseDatos, Plan& plan) {
-  auto tienda = leerTienda(baseDatos);
-  if (!tienda) return std::unexpected(tienda.error());
+  TARVO_TOMAR(auto tienda, leerTienda(baseDatos));
   const QJsonArray pedidos = json.value(QLatin1String("grupos")).toArray();
   for (const auto& valor : pedidos) {
     const QJsonObject pedido = valor.toObject();
     const int codigo = pedido.value(QLatin1String("grupo")).toInt();
-    const auto grupo = tienda->find(codigo);
-    if (grupo == tienda->end())
+    const auto grupo = tienda.find(codigo);
+    if (grupo == tienda.end())
       return fallo(Fallo::NoExiste,
                    QStringLiteral("La base de datos no tiene el grupo ") + QString::number(codigo));
     TARVO_INTENTAR(ponerGrupo(pedido, grupo->second, plan));
   }
   if (pedidos.isEmpty())
-    for (const auto& [codigo, grupo] : *tienda)
+    for (const auto& [codigo, grupo] : tienda)
       if (grupo.puerto > 0) TARVO_INTENTAR(ponerGrupo({}, grupo, plan));
   return {};
 }
@@ -138,13 +134,11 @@ Resultado<Plan> leerPlan(const QJsonObject& json, const QString& carpeta, const 
   const QDir base(carpeta);
   const QString estado = json.value(QLatin1String("estado")).toString();
   if (!estado.isEmpty()) plan.estado = base.absoluteFilePath(estado);
-  auto dia = leerDia(json, hoy);
-  if (!dia) return std::unexpected(dia.error());
-  plan.dia = *dia;
+  TARVO_TOMAR(auto dia, leerDia(json, hoy));
+  plan.dia = dia;
   for (const auto& valor : json.value(QLatin1String("maquinas")).toArray()) {
-    auto maquina = leerMaquina(valor.toObject());
-    if (!maquina) return std::unexpected(maquina.error());
-    plan.maquinas.push_back(std::move(*maquina));
+    TARVO_TOMAR(auto maquina, leerMaquina(valor.toObject()));
+    plan.maquinas.push_back(std::move(maquina));
   }
   const QString descrita = json.value(QLatin1String("baseDatos")).toString();
   if (!baseDatos.isEmpty())

@@ -62,9 +62,8 @@ Resultado<> Programa::restaurar(const QByteArray& estado) {
              opciones.nombre == json.value(QLatin1String("nombre")).toString();
     });
     if (suya == maquinas_.end()) continue;
-    auto dias = restaurarEstado(*suya->maquina, json);
-    if (!dias) return std::unexpected(dias.error());
-    suya->dias = *dias;
+    TARVO_TOMAR(auto dias, restaurarEstado(*suya->maquina, json));
+    suya->dias = dias;
   }
   return {};
 }

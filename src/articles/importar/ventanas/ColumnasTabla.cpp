@@ -5,7 +5,7 @@
 #include <QLabel>
 
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
-#include "core/ventanas/Medidas.h"
+#include "core/ventanas/aspecto/Medidas.h"
 
 namespace tarvo::importar {
 

@@ -1,8 +1,9 @@
 #include "articles/importar/ventanas/ComunImportar.h"
 
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 
 namespace tarvo::importar {
 
@@ -35,7 +36,7 @@ bool Deshacedor::hayUltimo() const {
 void Deshacedor::avisar() {
   const auto ultimo = lotes_.ultimo(v_.nombre());
   if (ultimo && *ultimo && !(*ultimo)->acabado)
-    v_.decirDuda(v_.t(kTxAMedias, static_cast<int>((*ultimo)->articulos)));
+    v_.decirDuda(v_.t(ventanas::kTxAMedias, static_cast<int>((*ultimo)->articulos)));
 }
 
 void Deshacedor::deshacerUltimo(std::function<void()> alAcabar) {
@@ -66,7 +67,8 @@ void Deshacedor::empezar(qint64 lote, qint64 articulos, std::function<void()> al
   lote_ = lote;
   vuelta_ = std::make_unique<articles::Vuelta>(lotes_, lote, articulos, v_.nombre());
   v_.trabajo().empezar(
-      v_.contexto().textos(kTxDeshaciendo), [this](Trabajo::Avance& a) { return vuelta_->paso(a); },
+      v_.contexto().textos(ventanas::kTxDeshaciendo),
+      [this](Trabajo::Avance& a) { return vuelta_->paso(a); },
       [this, alAcabar = std::move(alAcabar)](const Resultado<Trabajo::Fin>& fin) {
         acabar(fin, alAcabar);
       });

@@ -3,8 +3,8 @@
 
 #include "articles/Vuelta.h"
 #include "articles/importar/Lineas.h"
-#include "core/ventanas/Parrilla.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::importar {
 

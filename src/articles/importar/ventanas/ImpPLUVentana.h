@@ -5,7 +5,7 @@
 #include "articles/importar/ImpPLU.h"
 #include "articles/importar/ventanas/ComunImportar.h"
 #include "core/tiempo/Trabajo.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_ImpPLU.h"
 
 namespace tarvo::importar {

@@ -1,7 +1,7 @@
 // The dry run as it is shown.
 #include "articles/importar/ventanas/ImpTablaVentana.h"
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
-#include "core/ventanas/Parrilla.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::importar {
 

@@ -3,9 +3,9 @@
 #include <QListWidget>
 
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Tira.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 
 namespace tarvo::importar {
 
@@ -66,10 +66,10 @@ Resultado<> ImpTablaVentana::preparar(const ventanas::Argumentos& argumentos) {
 }
 
 Resultado<> ImpTablaVentana::llenarSecciones(int elegida) {
-  auto rs = contexto().db.consultar(u"SELECT NMSECC, NOMSEC FROM SECCS ORDER BY NMSECC");
-  if (!rs) return std::unexpected(rs.error());
+  TARVO_TOMAR(auto rs,
+              contexto().db.consultar(u"SELECT NMSECC, NOMSEC FROM SECCS ORDER BY NMSECC"));
   ui_.seccion->clear();
-  for (auto& r = **rs; !r.Eof();) {
+  for (auto& r = *rs; !r.Eof();) {
     ui_.seccion->addItem(Ceros(r.entero(0), 3) + u"  "_s + r.texto(1), r.entero(0));
     TARVO_INTENTAR(r.MoveNext());
   }

@@ -8,8 +8,8 @@
 #include "articles/importar/LeerTabla.h"
 #include "articles/importar/ventanas/ComunImportar.h"
 #include "core/tiempo/Trabajo.h"
-#include "core/ventanas/Aparte.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/parrilla/Aparte.h"
 #include "ui_ImpTabla.h"
 
 namespace tarvo::importar {

@@ -3,9 +3,9 @@
 #include <QListWidget>
 
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 
 namespace tarvo::importar {
 

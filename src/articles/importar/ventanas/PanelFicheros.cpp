@@ -8,10 +8,10 @@
 #include <QVBoxLayout>
 
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Recuerdos.h"
-#include "core/ventanas/Retenida.h"
-#include "core/ventanas/Tema.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/Recuerdos.h"
+#include "core/ventanas/marco/Retenida.h"
 
 namespace tarvo::importar {
 

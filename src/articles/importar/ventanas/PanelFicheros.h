@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 
 class QLabel;
 class QListWidget;

@@ -3,8 +3,8 @@
 
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
-#include "core/ventanas/EscogeFecha.h"
-#include "core/ventanas/Medidas.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/EscogeFecha.h"
 
 namespace tarvo::precios {
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "articles/precios/Ofertas.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_BrowOfer.h"
 
 namespace tarvo::precios {

@@ -4,7 +4,7 @@
 #include "articles/precios/ventanas/BrowOfer.h"
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
-#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 
 namespace tarvo::precios {
 
@@ -23,13 +23,11 @@ Resultado<> BrowOfer::precioEscrito(qint64 fila, std::size_t nivel, const QStrin
   if (!clave) return fallo(Fallo::NoExiste, textos(kTxOfertaQueFalta));
   const auto precio = comoPrecio(texto, contexto().ajustes);
   if (!precio) return std::unexpected(errorDe(precio.error(), texto, contexto().ajustes, textos));
-  const auto oferta = motor_.leer(*clave);
-  if (!oferta) return std::unexpected(oferta.error());
-  PreciosOferta precios = *oferta ? (*oferta)->precios : PreciosOferta{};
+  TARVO_TOMAR(const auto oferta, motor_.leer(*clave));
+  PreciosOferta precios = oferta ? oferta->precios : PreciosOferta{};
   precios[nivel] = *precio;
-  const auto otras = motor_.ponerPrecios(*clave, precios, ui_.Sincro->isChecked());
-  if (!otras) return std::unexpected(otras.error());
-  if (ui_.Sincro->isChecked()) decirBien(t(kTxPreciosCopiados, *otras));
+  TARVO_TOMAR(const auto otras, motor_.ponerPrecios(*clave, precios, ui_.Sincro->isChecked()));
+  if (ui_.Sincro->isChecked()) decirBien(t(kTxPreciosCopiados, otras));
   if (const auto aviso = avisoPrecio(*precio, contexto().ajustes, textos)) decirDuda(*aviso);
   return {};
 }

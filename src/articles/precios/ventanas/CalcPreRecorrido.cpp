@@ -48,18 +48,16 @@ void CalcPreVentana::vaciar() {
 }
 
 Resultado<> CalcPreVentana::cargar(ClaveArticulo clave) {
-  const auto articulo = catalogo_.leer(clave);
-  if (!articulo) return std::unexpected(articulo.error());
-  if (!*articulo) return fallo(Fallo::NoExiste, t(kTxSinArticulo));
-  const auto iva = ivaDeDepartamento(contexto().db, clave.seccion, (*articulo)->depto);
-  if (!iva) return std::unexpected(iva.error());
-  articulo_ = **articulo;
+  TARVO_TOMAR(const auto articulo, catalogo_.leer(clave));
+  if (!articulo) return fallo(Fallo::NoExiste, t(kTxSinArticulo));
+  TARVO_TOMAR(const auto iva, ivaDeDepartamento(contexto().db, clave.seccion, articulo->depto));
+  articulo_ = *articulo;
   precios_ = articulo_.precios;
   tocado_ = false;
   ui_.lbPLU->setText(Ceros(clave.codigo, 7) + u"  "_s + articulo_.nombre);
   ui_.Salvar->setEnabled(!clave.deSistema());
   ui_.grdpre->poner(precios_);
-  calc_.ponerIva(*iva);
+  calc_.ponerIva(iva);
   calc_.entrar(articulo_.coste, precio(ui_.grdpre->actual()));
   pintar();
   return {};
@@ -130,13 +128,14 @@ void CalcPreVentana::salvar() {
 
 Resultado<ClaveArticulo> CalcPreVentana::vecino(int pasos) {
   const auto [seccion, codigo] = articulo_.clave;
-  const auto v = contexto().db.uno(
-      pasos > 0 ? u"SELECT min(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU>? AND CODPLU>2"
-                : u"SELECT max(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU<? AND CODPLU>2",
-      seccion, codigo);
-  if (!v) return std::unexpected(v.error());
-  if (v->nulo()) return fallo(Fallo::NoExiste, t(kTxNoHayMas));
-  return ClaveArticulo{seccion, v->entero()};
+  TARVO_TOMAR(
+      const auto v,
+      contexto().db.uno(
+          pasos > 0 ? u"SELECT min(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU>? AND CODPLU>2"
+                    : u"SELECT max(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU<? AND CODPLU>2",
+          seccion, codigo));
+  if (v.nulo()) return fallo(Fallo::NoExiste, t(kTxNoHayMas));
+  return ClaveArticulo{seccion, v.entero()};
 }
 
 void CalcPreVentana::mover(int pasos) {

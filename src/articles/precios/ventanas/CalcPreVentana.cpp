@@ -7,7 +7,7 @@
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/dinero/Dinero.h"
-#include "core/ventanas/Recuerdos.h"
+#include "core/ventanas/marco/Recuerdos.h"
 
 namespace tarvo::precios {
 

@@ -9,7 +9,7 @@
 #include "articles/precios/CalcPre.h"
 #include "articles/precios/ParrillaRapida.h"
 #include "articles/precios/ventanas/Comun.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_CalcPre.h"
 
 namespace tarvo::precios {

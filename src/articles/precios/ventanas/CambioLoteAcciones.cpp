@@ -1,8 +1,9 @@
 // The change done, and taken back.
 #include "articles/precios/ventanas/CambioLoteVentana.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 
 namespace tarvo::precios {
 
@@ -88,7 +89,7 @@ void CambioLoteVentana::volver(qint64 lote, qint64 articulos,
   if (lote == 0) return vuelto(Trabajo::Fin::Acabado, alAcabar);
   cuerpo()->setEnabled(false);
   trabajo().empezar(
-      t(kTxDeshaciendo), [this](Trabajo::Avance& a) { return vuelta_->paso(a); },
+      t(ventanas::kTxDeshaciendo), [this](Trabajo::Avance& a) { return vuelta_->paso(a); },
       [=, this](const Resultado<Trabajo::Fin>& fin) { vuelto(fin, alAcabar); });
 }
 
@@ -97,7 +98,7 @@ void CambioLoteVentana::vuelto(const Resultado<Trabajo::Fin>& fin,
   libre();
   if (!haIdoBien(fin)) return;
   if (*fin == Trabajo::Fin::Parado)
-    return decirDuda(t(kTxAMedias, static_cast<int>(vuelta_->quedan())));
+    return decirDuda(t(ventanas::kTxAMedias, static_cast<int>(vuelta_->quedan())));
   alAcabar();
 }
 

@@ -6,9 +6,10 @@
 #include "articles/precios/CambioRapido.h"
 #include "articles/precios/Limites.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Parrilla.h"
-#include "core/ventanas/TiraTrabajo.h"
+#include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::precios {
 
@@ -124,7 +125,7 @@ Resultado<> CambioLoteVentana::preparar(const ventanas::Argumentos& argumentos) 
   mirar();
   const auto ultimo = lotes_.ultimo(nombre());
   if (ultimo && *ultimo && !(*ultimo)->acabado)
-    decirDuda(t(kTxAMedias, static_cast<int>((*ultimo)->articulos)));
+    decirDuda(t(ventanas::kTxAMedias, static_cast<int>((*ultimo)->articulos)));
   return {};
 }
 

@@ -6,7 +6,7 @@
 #include "articles/Vuelta.h"
 #include "articles/precios/CambioLote.h"
 #include "articles/precios/ventanas/Comun.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_CambioLote.h"
 
 namespace tarvo::precios {

@@ -2,7 +2,7 @@
 
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
-#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 
 namespace tarvo::precios {
 

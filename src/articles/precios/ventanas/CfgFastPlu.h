@@ -3,7 +3,7 @@
 #pragma once
 
 #include "articles/precios/ParrillaRapida.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_CfgFastPlu.h"
 
 namespace tarvo::precios {

@@ -8,9 +8,9 @@
 
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/dinero/Dinero.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Retenida.h"
-#include "core/ventanas/Tema.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/Retenida.h"
 
 namespace tarvo::precios {
 
@@ -21,12 +21,11 @@ Resultado<> llenar(QComboBox& lista, ventanas::Contexto& c, const QString& sql, 
   const QSignalBlocker callada(lista);
   const QVariant antes = lista.currentData();
   lista.clear();
-  auto rs = c.db.OpenQuery(sql, parametros);
-  if (!rs) return std::unexpected(rs.error());
-  while (!(*rs)->Eof()) {
-    const qint64 codigo = (*rs)->entero(0);
-    lista.addItem(Ceros(codigo, cifras) + u"  "_s + (*rs)->texto(1), codigo);
-    TARVO_INTENTAR((*rs)->MoveNext());
+  TARVO_TOMAR(auto rs, c.db.OpenQuery(sql, parametros));
+  while (!rs->Eof()) {
+    const qint64 codigo = rs->entero(0);
+    lista.addItem(Ceros(codigo, cifras) + u"  "_s + rs->texto(1), codigo);
+    TARVO_INTENTAR(rs->MoveNext());
   }
   elegir(lista, antes);
   return {};

@@ -5,9 +5,9 @@
 #include <QLineEdit>
 #include <memory>
 
-#include "core/ventanas/Recorrido.h"
-#include "core/ventanas/Ventana.h"
-#include "core/ventanas/Ventanas.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/marco/Ventanas.h"
+#include "core/ventanas/parrilla/Recorrido.h"
 
 namespace tarvo::precios {
 

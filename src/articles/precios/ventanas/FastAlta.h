@@ -4,7 +4,7 @@
 
 #include "articles/precios/AltaRapida.h"
 #include "articles/precios/ventanas/Comun.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_FastAlta.h"
 
 namespace tarvo::precios {

@@ -8,9 +8,9 @@
 #include "articles/precios/ventanas/CfgFastA.h"
 #include "articles/precios/ventanas/FastAlta.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
-#include "core/ventanas/MyMsgBox.h"
-#include "core/ventanas/Retenida.h"
-#include "core/ventanas/Tira.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/Retenida.h"
+#include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::precios {
 

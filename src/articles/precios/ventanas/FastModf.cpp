@@ -5,7 +5,7 @@
 #include "articles/precios/CambioRapido.h"
 #include "articles/precios/ventanas/CfgFastPlu.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
-#include "core/ventanas/Parrilla.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::precios {
 
@@ -170,17 +170,16 @@ Resultado<> FastModf::escribir(qint64 fila, ColumnaRapida columna, const QString
   const int i = ui_.Grd->filaDe(fila);
   if (i < 0) return fallo(Fallo::NoExiste, t(kTxSinArticulo));
   const auto clave = claveDe(i);
-  const auto antes = catalogo_.leer(clave);
-  if (!antes) return std::unexpected(antes.error());
-  if (!*antes) return fallo(Fallo::NoExiste, t(kTxSinArticulo));
-  const auto nuevo = conColumna(**antes, columna, texto, contexto().ajustes, contexto().textos);
-  if (!nuevo) return std::unexpected(nuevo.error());
-  if (*nuevo == **antes) return {};
-  const auto hecho = catalogo_.modificar(clave, *nuevo, nombre());
+  TARVO_TOMAR(const auto antes, catalogo_.leer(clave));
+  if (!antes) return fallo(Fallo::NoExiste, t(kTxSinArticulo));
+  TARVO_TOMAR(const auto nuevo,
+              conColumna(*antes, columna, texto, contexto().ajustes, contexto().textos));
+  if (nuevo == *antes) return {};
+  const auto hecho = catalogo_.modificar(clave, nuevo, nombre());
   if (!hecho) return std::unexpected(informe(contexto(), hecho.error()));
   for (std::size_t nivel = 0; nivel < articles::kNiveles; ++nivel)
-    if (nuevo->precios[nivel][0] != (*antes)->precios[nivel][0])
-      avisarSiEsAlto(nuevo->precios[nivel][0]);
+    if (nuevo.precios[nivel][0] != antes->precios[nivel][0])
+      avisarSiEsAlto(nuevo.precios[nivel][0]);
   return {};
 }
 

@@ -6,8 +6,8 @@
 #include "articles/Catalogo.h"
 #include "articles/precios/ParrillaRapida.h"
 #include "articles/precios/ventanas/Comun.h"
-#include "core/ventanas/Columna.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/parrilla/Columna.h"
 #include "ui_FastModf.h"
 
 namespace tarvo::precios {

@@ -9,8 +9,8 @@
 #include "articles/precios/CambioRapido.h"
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/Tira.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::precios {
 

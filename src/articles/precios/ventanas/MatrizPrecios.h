@@ -9,7 +9,7 @@
 #include <functional>
 
 #include "articles/precios/ParrillaRapida.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 
 class QGridLayout;
 class QLineEdit;

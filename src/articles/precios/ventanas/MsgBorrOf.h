@@ -2,7 +2,7 @@
 // "salida" (shared int) 0 for nothing, 1 for this group only, 2 for all groups.
 #pragma once
 
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_MsgBorrOf.h"
 
 namespace tarvo::precios {

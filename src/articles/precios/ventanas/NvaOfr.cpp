@@ -5,9 +5,9 @@
 #include "articles/precios/ventanas/BrowOfer.h"
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
-#include "core/ventanas/EscogeFecha.h"
-#include "core/ventanas/Medidas.h"
-#include "core/ventanas/MyMsgBox.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/EscogeFecha.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 
 namespace tarvo::precios {
 
@@ -40,11 +40,11 @@ Resultado<> NvaOfr::preparar(const ventanas::Argumentos& argumentos) {
   int seccion = argumentos.value(u"seccion"_s).toInt();
   int grupo = argumentos.value(u"grupo"_s).toInt();
   if (seccion == 0) {
-    auto rs = contexto().db.consultar(u"SELECT SECCION, CODGPO FROM GRUPOS ORDER BY CODGPO");
-    if (!rs) return std::unexpected(rs.error());
-    if ((*rs)->Eof()) return fallo(Fallo::NoExiste, t(kTxSinGrupos));
-    seccion = static_cast<int>((*rs)->entero(0));
-    grupo = static_cast<int>((*rs)->entero(1));
+    TARVO_TOMAR(auto rs,
+                contexto().db.consultar(u"SELECT SECCION, CODGPO FROM GRUPOS ORDER BY CODGPO"));
+    if (rs->Eof()) return fallo(Fallo::NoExiste, t(kTxSinGrupos));
+    seccion = static_cast<int>(rs->entero(0));
+    grupo = static_cast<int>(rs->entero(1));
   }
   WhoAmI(seccion, argumentos.value(u"nombre"_s).toString(), grupo);
   return {};
@@ -77,16 +77,14 @@ Resultado<std::optional<NvaOfr::Hallado>> NvaOfr::buscarArticulo(const QString& 
   bool esNumero = false;
   const qint64 codigo = texto.toLongLong(&esNumero);
   if (texto.isEmpty() || (porCodigo && !esNumero)) return std::nullopt;
-  auto rs = contexto().db.OpenTable(u"PLUSES", porCodigo ? u"PrimaryKey" : u"NOMBRE");
-  if (!rs) return std::unexpected(rs.error());
-  const auto hay = porCodigo ? (*rs)->Seek(dao::Busca::Igual, seccion_, codigo)
-                             : (*rs)->Seek(dao::Busca::MayorIgual, seccion_, texto);
-  if (!hay) return std::unexpected(hay.error());
-  const int deSeccion = (*rs)->columna(u"SECCION"), deCodigo = (*rs)->columna(u"CODPLU");
-  const auto sirve = [&] { return (*rs)->entero(deCodigo) >= articles::kPrimerCodigo; };
-  while (!porCodigo && !(*rs)->Eof() && !sirve()) TARVO_INTENTAR((*rs)->MoveNext());
-  if ((*rs)->Eof() || (*rs)->entero(deSeccion) != seccion_ || !sirve()) return std::nullopt;
-  return Hallado{(*rs)->entero(deCodigo), (*rs)->texto((*rs)->columna(u"NOMPLU"))};
+  TARVO_TOMAR(auto rs, contexto().db.OpenTable(u"PLUSES", porCodigo ? u"PrimaryKey" : u"NOMBRE"));
+  TARVO_INTENTAR(porCodigo ? rs->Seek(dao::Busca::Igual, seccion_, codigo)
+                           : rs->Seek(dao::Busca::MayorIgual, seccion_, texto));
+  const int deSeccion = rs->columna(u"SECCION"), deCodigo = rs->columna(u"CODPLU");
+  const auto sirve = [&] { return rs->entero(deCodigo) >= articles::kPrimerCodigo; };
+  while (!porCodigo && !rs->Eof() && !sirve()) TARVO_INTENTAR(rs->MoveNext());
+  if (rs->Eof() || rs->entero(deSeccion) != seccion_ || !sirve()) return std::nullopt;
+  return Hallado{rs->entero(deCodigo), rs->texto(rs->columna(u"NOMPLU"))};
 }
 
 void NvaOfr::buscar() {

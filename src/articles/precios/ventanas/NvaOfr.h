@@ -3,7 +3,7 @@
 
 #include "articles/precios/CambioRapido.h"
 #include "articles/precios/Ofertas.h"
-#include "core/ventanas/Ventana.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "ui_NvaOfr.h"
 
 namespace tarvo::precios {

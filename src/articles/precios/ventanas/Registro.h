@@ -2,7 +2,7 @@
 #pragma once
 
 #include "articles/Catalogo.h"
-#include "core/ventanas/Ventanas.h"
+#include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::precios {
 

@@ -6,7 +6,7 @@
 #include <QRadioButton>
 
 #include "articles/precios/ventanas/Comun.h"
-#include "core/ventanas/Medidas.h"
+#include "core/ventanas/aspecto/Medidas.h"
 
 namespace tarvo::precios {
 

@@ -57,13 +57,11 @@ Resultado<Con> conectar(const QString& ruta, int modo, bool inmutable) {
 
 // The first reading of the file: it tells a database from anything else.
 Resultado<QString> modoDiario(Conexion& con) {
-  auto p = con.preparar(QStringLiteral("PRAGMA journal_mode"));
-  if (!p) return std::unexpected(p.error());
-  const auto fila = p->paso();
-  if (!fila) return std::unexpected(fila.error());
+  TARVO_TOMAR(auto p, con.preparar(QStringLiteral("PRAGMA journal_mode")));
+  TARVO_INTENTAR(p.paso());
   const QString modo =
-      QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(p->cruda(), 0)));
-  p->reponer();
+      QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(p.cruda(), 0)));
+  p.reponer();
   TARVO_INTENTAR(con.ejecutar(QStringLiteral("SELECT 1 FROM sqlite_master LIMIT 1")));
   return modo;
 }
@@ -86,11 +84,10 @@ Resultado<> ajustar(Conexion& con, const Apertura& como) {
   sqlite3_db_config(con.cruda(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   if (const int rc = registrarFunciones(con.cruda()); rc != SQLITE_OK)
     return std::unexpected(con.error(rc));
-  const auto diario = modoDiario(con);
-  if (!diario) return std::unexpected(diario.error());
+  TARVO_TOMAR(const auto diario, modoDiario(con));
   if (!como.soloLeer) {
     TARVO_INTENTAR(probarEscritura(con, como.esperaOcupada));
-    if (*diario == u"delete")
+    if (diario == u"delete")
       TARVO_INTENTAR(con.ejecutar(QStringLiteral("PRAGMA journal_mode=WAL")));
   }
   TARVO_INTENTAR(con.ejecutar(QStringLiteral("PRAGMA synchronous=FULL")));

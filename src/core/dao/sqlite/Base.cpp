@@ -47,10 +47,9 @@ Resultado<Preparada*> Base::guardada(QStringView sql, std::span<const Valor> par
   const QString texto = sql.toString();
   auto hallada = guardadas_.find(texto);
   if (hallada == guardadas_.end()) {
-    auto p = traducida(sql);
-    if (!p) return std::unexpected(p.error());
+    TARVO_TOMAR(auto p, traducida(sql));
     if (guardadas_.size() >= kSentenciasGuardadas) guardadas_.clear();
-    hallada = guardadas_.emplace(texto, std::move(*p)).first;
+    hallada = guardadas_.emplace(texto, std::move(p)).first;
   }
   Preparada& p = hallada->second;
   if (sqlite3_bind_parameter_count(p.cruda()) != static_cast<int>(parametros.size()))
@@ -62,25 +61,22 @@ Resultado<Preparada*> Base::guardada(QStringView sql, std::span<const Valor> par
 }
 
 Resultado<std::unique_ptr<Recordset>> Base::OpenTable(QStringView tabla, QStringView indice) {
-  auto info = catalogo_->tabla(tabla);
-  if (!info) return std::unexpected(info.error());
-  auto t = std::make_unique<Tabla>(con_, catalogo_, *info);
+  TARVO_TOMAR(auto info, catalogo_->tabla(tabla));
+  auto t = std::make_unique<Tabla>(con_, catalogo_, info);
   TARVO_INTENTAR(t->Index(indice));
   return t;
 }
 
 Resultado<std::unique_ptr<Recordset>> Base::OpenQuery(QStringView sql,
                                                       std::span<const Valor> parametros) {
-  auto p = guardada(sql, parametros);
-  if (!p) return std::unexpected(p.error());
-  if (!sqlite3_stmt_readonly((*p)->cruda())) TARVO_INTENTAR(con_->puedeEscribir());
-  return Consulta::abrir(**p);
+  TARVO_TOMAR(auto p, guardada(sql, parametros));
+  if (!sqlite3_stmt_readonly(p->cruda())) TARVO_INTENTAR(con_->puedeEscribir());
+  return Consulta::abrir(*p);
 }
 
 Resultado<qint64> Base::Execute(QStringView sql, std::span<const Valor> parametros) {
-  auto p = guardada(sql, parametros);
-  if (!p) return std::unexpected(p.error());
-  auto n = ejecutarContando(*con_, **p);
+  TARVO_TOMAR(auto p, guardada(sql, parametros));
+  auto n = ejecutarContando(*con_, *p);
   if (n && cambiaEsquema(sql)) {
     con_->contarCambio();
     catalogo_->olvidar();
@@ -89,22 +85,19 @@ Resultado<qint64> Base::Execute(QStringView sql, std::span<const Valor> parametr
 }
 
 Resultado<std::unique_ptr<Sentencia>> Base::preparar(QStringView sql) {
-  auto p = traducida(sql);
-  if (!p) return std::unexpected(p.error());
-  return std::make_unique<SentenciaSqlite>(con_, std::move(*p));
+  TARVO_TOMAR(auto p, traducida(sql));
+  return std::make_unique<SentenciaSqlite>(con_, std::move(p));
 }
 
 Resultado<> Base::ejecutarGuion(QStringView guion) {
-  auto t = Transaccion::empezar(*this);
-  if (!t) return std::unexpected(t.error());
+  TARVO_TOMAR(auto t, Transaccion::empezar(*this));
   for (const QString& parte : partirGuion(guion)) {
-    auto p = traducida(parte);
-    if (!p) return std::unexpected(p.error());
-    TARVO_INTENTAR(p->ejecutar());
+    TARVO_TOMAR(auto p, traducida(parte));
+    TARVO_INTENTAR(p.ejecutar());
   }
   catalogo_->olvidar();
   con_->contarCambio();
-  return t->confirmar();
+  return t.confirmar();
 }
 
 void Base::Rollback() {

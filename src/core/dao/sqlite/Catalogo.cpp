@@ -40,10 +40,9 @@ std::vector<QString> partesDeIndice(const QString& sql) {
 
 // The expression of an index over a parameter in place of the column that stands in it.
 Resultado<QString> sobreParametro(const QString& expresion, const InfoTabla& tabla) {
-  auto elementos = cortar(expresion);
-  if (!elementos) return std::unexpected(elementos.error());
+  TARVO_TOMAR(auto elementos, cortar(expresion));
   QString salida;
-  for (const Elemento& e : *elementos) {
+  for (const Elemento& e : elementos) {
     if (e.clase == Elemento::Clase::Cadena)
       salida += u'\'' + e.texto + u'\'';
     else if (e.clase == Elemento::Clase::Palabra && tabla.numeros.contains(e.minusc))
@@ -68,20 +67,20 @@ QString entreComillasSql(const QString& nombre) {
 Resultado<std::shared_ptr<const InfoTabla>> Catalogo::tabla(QStringView nombre) {
   const QString clave = nombre.toString().toLower();
   if (const auto hallada = tablas_.value(clave)) return hallada;
-  auto p = con_.preparar(QStringLiteral(
-      "SELECT m.name, x.name, x.type FROM sqlite_master m, pragma_table_xinfo(m.name) x "
-      "WHERE m.type='table' AND m.name=? COLLATE NOCASE AND x.hidden=0 ORDER BY x.cid"));
-  if (!p) return std::unexpected(p.error());
-  p->ligar(0, nombre.toString());
+  TARVO_TOMAR(
+      auto p,
+      con_.preparar(QStringLiteral(
+          "SELECT m.name, x.name, x.type FROM sqlite_master m, pragma_table_xinfo(m.name) x "
+          "WHERE m.type='table' AND m.name=? COLLATE NOCASE AND x.hidden=0 ORDER BY x.cid")));
+  p.ligar(0, nombre.toString());
   auto info = std::make_shared<InfoTabla>();
   for (;;) {
-    const auto fila = p->paso();
-    if (!fila) return std::unexpected(fila.error());
-    if (!*fila) break;
-    info->nombre = textoDe(*p, 0);
-    info->numeros.insert(textoDe(*p, 1).toLower(), static_cast<int>(info->columnas.size()));
-    info->columnas.push_back(textoDe(*p, 1));
-    info->enteras.push_back(textoDe(*p, 2).contains(u"INT", Qt::CaseInsensitive));
+    TARVO_TOMAR(const auto fila, p.paso());
+    if (!fila) break;
+    info->nombre = textoDe(p, 0);
+    info->numeros.insert(textoDe(p, 1).toLower(), static_cast<int>(info->columnas.size()));
+    info->columnas.push_back(textoDe(p, 1));
+    info->enteras.push_back(textoDe(p, 2).contains(u"INT", Qt::CaseInsensitive));
   }
   if (info->columnas.empty()) return noExiste(u"la tabla", nombre);
   tablas_.insert(clave, info);
@@ -90,18 +89,18 @@ Resultado<std::shared_ptr<const InfoTabla>> Catalogo::tabla(QStringView nombre) 
 
 Resultado<std::vector<ParteClave>> Catalogo::indice(const InfoTabla& tabla, QStringView nombre,
                                                     QString& enFichero) {
-  auto p = con_.preparar(QStringLiteral(
-      "SELECT name, sql FROM sqlite_master WHERE type='index' AND tbl_name=? COLLATE NOCASE "
-      "AND name=? COLLATE NOCASE AND sql IS NOT NULL"));
-  if (!p) return std::unexpected(p.error());
-  p->ligar(0, tabla.nombre);
-  p->ligar(1, QString(tabla.nombre + u'.' + nombre.toString()));
-  const auto fila = p->paso();
-  if (!fila) return std::unexpected(fila.error());
-  if (!*fila) return noExiste(u"el índice", QString(tabla.nombre + u'.' + nombre.toString()));
-  enFichero = textoDe(*p, 0);
+  TARVO_TOMAR(
+      auto p,
+      con_.preparar(QStringLiteral(
+          "SELECT name, sql FROM sqlite_master WHERE type='index' AND tbl_name=? COLLATE NOCASE "
+          "AND name=? COLLATE NOCASE AND sql IS NOT NULL")));
+  p.ligar(0, tabla.nombre);
+  p.ligar(1, QString(tabla.nombre + u'.' + nombre.toString()));
+  TARVO_TOMAR(const auto fila, p.paso());
+  if (!fila) return noExiste(u"el índice", QString(tabla.nombre + u'.' + nombre.toString()));
+  enFichero = textoDe(p, 0);
   std::vector<ParteClave> claves;
-  for (const QString& parte : partesDeIndice(textoDe(*p, 1))) {
+  for (const QString& parte : partesDeIndice(textoDe(p, 1))) {
     const QString limpia = QString(parte).remove(u'"').remove(u'[').remove(u']');
     const int columna = tabla.numeros.value(limpia.toLower(), -1);
     if (columna >= 0) {
@@ -109,9 +108,8 @@ Resultado<std::vector<ParteClave>> Catalogo::indice(const InfoTabla& tabla, QStr
                         QStringLiteral("%1")});
       continue;
     }
-    auto conParametro = sobreParametro(parte, tabla);
-    if (!conParametro) return std::unexpected(conParametro.error());
-    claves.push_back({-1, parte, *conParametro});
+    TARVO_TOMAR(auto conParametro, sobreParametro(parte, tabla));
+    claves.push_back({-1, parte, conParametro});
   }
   return claves;
 }

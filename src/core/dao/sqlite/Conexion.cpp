@@ -68,9 +68,8 @@ void Preparada::reponer() {
 
 Resultado<> Preparada::ejecutar() {
   for (;;) {
-    const auto fila = paso();
-    if (!fila) return std::unexpected(fila.error());
-    if (!*fila) break;
+    TARVO_TOMAR(const auto fila, paso());
+    if (!fila) break;
   }
   // The engine may tell the failure of a commit only here.
   if (const int rc = sqlite3_reset(s_); rc != SQLITE_OK) return std::unexpected(con_->error(rc));
@@ -122,16 +121,14 @@ Resultado<Preparada> Conexion::preparar(const QString& sql) {
 }
 
 Resultado<> Conexion::ejecutar(const QString& sql) {
-  auto p = preparar(sql);
-  if (!p) return std::unexpected(p.error());
-  return p->ejecutar();
+  TARVO_TOMAR(auto p, preparar(sql));
+  return p.ejecutar();
 }
 
 Resultado<> Conexion::ejecutarGuardada(Preparada& p, const QString& sql) {
   if (!p) {
-    auto nueva = preparar(sql);
-    if (!nueva) return std::unexpected(nueva.error());
-    p = std::move(*nueva);
+    TARVO_TOMAR(auto nueva, preparar(sql));
+    p = std::move(nueva);
   }
   return p.ejecutar();
 }

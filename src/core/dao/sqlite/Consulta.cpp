@@ -17,14 +17,13 @@ Resultado<std::unique_ptr<Consulta>> Consulta::abrir(Preparada& p) {
   auto c = std::make_unique<Consulta>();
   bool primera = true;
   for (;;) {
-    const auto fila = p.paso();
-    if (!fila) return std::unexpected(fila.error());
+    TARVO_TOMAR(const auto fila, p.paso());
     // The first step may have prepared the statement anew after a change of the schema.
     if (std::exchange(primera, false)) {
       c->columnas_ = sqlite3_column_count(p.cruda());
       c->pagina_.vaciar(c->columnas_);
     }
-    if (!*fila) break;
+    if (!fila) break;
     c->pagina_.anadir(p.cruda());
   }
   for (int i = c->columnas_ - 1; i >= 0; --i)

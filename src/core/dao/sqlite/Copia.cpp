@@ -32,18 +32,16 @@ Resultado<Abierta> abrir(const QString& ruta, int modo) {
 }
 
 Resultado<> copiarPaginas(const QString& origen, const QString& destino) {
-  auto de = abrir(origen, SQLITE_OPEN_READONLY);
-  if (!de) return std::unexpected(de.error());
-  auto a = abrir(destino, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-  if (!a) return std::unexpected(a.error());
-  sqlite3_backup* copia = sqlite3_backup_init(a->get(), "main", de->get(), "main");
-  if (!copia) return std::unexpected(errorDe(a->get(), sqlite3_errcode(a->get()), destino));
+  TARVO_TOMAR(auto de, abrir(origen, SQLITE_OPEN_READONLY));
+  TARVO_TOMAR(auto a, abrir(destino, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE));
+  sqlite3_backup* copia = sqlite3_backup_init(a.get(), "main", de.get(), "main");
+  if (!copia) return std::unexpected(errorDe(a.get(), sqlite3_errcode(a.get()), destino));
   const int paso = sqlite3_backup_step(copia, -1);
   const int fin = sqlite3_backup_finish(copia);
   if (paso != SQLITE_DONE)
-    return std::unexpected(errorDe(a->get(), fin != SQLITE_OK ? fin : paso, destino));
-  const int rc = sqlite3_exec(a->get(), "PRAGMA journal_mode=DELETE", nullptr, nullptr, nullptr);
-  if (rc != SQLITE_OK) return std::unexpected(errorDe(a->get(), rc, destino));
+    return std::unexpected(errorDe(a.get(), fin != SQLITE_OK ? fin : paso, destino));
+  const int rc = sqlite3_exec(a.get(), "PRAGMA journal_mode=DELETE", nullptr, nullptr, nullptr);
+  if (rc != SQLITE_OK) return std::unexpected(errorDe(a.get(), rc, destino));
   return {};
 }
 

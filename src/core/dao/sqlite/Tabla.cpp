@@ -30,9 +30,8 @@ Resultado<> Tabla::Index(QStringView nombre) {
   QString enFichero;
   std::vector<ParteClave> claves;
   if (!nombre.isEmpty()) {
-    auto r = catalogo_->indice(*info_, nombre, enFichero);
-    if (!r) return std::unexpected(r.error());
-    claves = std::move(*r);
+    TARVO_TOMAR(auto r, catalogo_->indice(*info_, nombre, enFichero));
+    claves = std::move(r);
   }
   indice_ = enFichero;
   claves_ = std::move(claves);
@@ -78,9 +77,8 @@ QString Tabla::listaClaves(size_t partes) const {
 
 Resultado<Preparada*> Tabla::guardada(Preparada& p, const QString& sql) {
   if (p) return &p;
-  auto nueva = con_->preparar(sql);
-  if (!nueva) return std::unexpected(nueva.error());
-  p = std::move(*nueva);
+  TARVO_TOMAR(auto nueva, con_->preparar(sql));
+  p = std::move(nueva);
   return &p;
 }
 
@@ -119,9 +117,8 @@ Resultado<Preparada*> Tabla::detras() {
 
 Resultado<> Tabla::leer(Preparada& p, int maximo) {
   while (leida_.filas() < maximo) {
-    const auto fila = p.paso();
-    if (!fila) return std::unexpected(fila.error());
-    if (!*fila) break;
+    TARVO_TOMAR(const auto fila, p.paso());
+    if (!fila) break;
     leida_.anadir(p.cruda());
   }
   p.reponer();
@@ -133,11 +130,10 @@ Resultado<> Tabla::leer(Preparada& p, int maximo) {
 Resultado<> Tabla::leerDesde(std::span<const Valor> clave, std::optional<qint64> fila, int maximo) {
   leida_.vaciar(columnasLeidas_);
   if (tieneNulo(clave)) return leerPorNiveles(clave, fila, maximo);
-  auto p = fila ? detras() : desde(clave.size());
-  if (!p) return std::unexpected(p.error());
-  (*p)->ligar(clave);
-  if (fila) (*p)->ligar(static_cast<int>(clave.size()), *fila);
-  return leer(**p, maximo);
+  TARVO_TOMAR(auto p, fila ? detras() : desde(clave.size()));
+  p->ligar(clave);
+  if (fila) p->ligar(static_cast<int>(clave.size()), *fila);
+  return leer(*p, maximo);
 }
 
 Resultado<> Tabla::leerPorNiveles(std::span<const Valor> clave, std::optional<qint64> fila,
@@ -167,10 +163,9 @@ Resultado<> Tabla::leerNivel(std::span<const Valor> clave, size_t iguales,
     ligados.push_back(*fila);
     s += u" AND rowid>?%1"_s.arg(ligados.size());
   }
-  auto p = guardada(niveles_[s], seleccion() + s + orden(""));
-  if (!p) return std::unexpected(p.error());
-  (*p)->ligar(ligados);
-  return leer(**p, maximo);
+  TARVO_TOMAR(auto p, guardada(niveles_[s], seleccion() + s + orden("")));
+  p->ligar(ligados);
+  return leer(*p, maximo);
 }
 
 // Makes the page just read the current one, the cursor on its first row.
@@ -211,10 +206,9 @@ Resultado<> Tabla::MoveNext() {
 }
 
 Resultado<> Tabla::MoveLast() {
-  auto p = guardada(ultima_, seleccion() + orden(" DESC"));
-  if (!p) return std::unexpected(p.error());
+  TARVO_TOMAR(auto p, guardada(ultima_, seleccion() + orden(" DESC")));
   leida_.vaciar(columnasLeidas_);
-  TARVO_INTENTAR(leer(**p, 1));
+  TARVO_INTENTAR(leer(*p, 1));
   adoptar(1);
   completa_ = true;
   return {};
@@ -225,11 +219,10 @@ Resultado<bool> Tabla::Seek(Busca busca, std::span<const Valor> clave) {
     return fallo(Fallo::Interno,
                  QStringLiteral("La clave buscada no es del índice «%1».").arg(indice_));
   if (busca == Busca::Igual) {
-    auto p = igual(clave.size());
-    if (!p) return std::unexpected(p.error());
+    TARVO_TOMAR(auto p, igual(clave.size()));
     leida_.vaciar(columnasLeidas_);
-    (*p)->ligar(clave);
-    TARVO_INTENTAR(leer(**p, 1));
+    p->ligar(clave);
+    TARVO_INTENTAR(leer(*p, 1));
   } else {
     TARVO_INTENTAR(leerDesde(clave, std::nullopt, 1));
   }

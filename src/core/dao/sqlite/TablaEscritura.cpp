@@ -42,9 +42,8 @@ Resultado<Preparada*> Tabla::escritura() {
   else
     s = u"INSERT INTO "_s + entreComillasSql(info_->nombre) + u" ("_s + nombres.join(u',') +
         u") VALUES ("_s + parametros.join(u',') + u')';
-  auto p = con_->preparar(s);
-  if (!p) return std::unexpected(p.error());
-  escrituras_.push_back({modo_, puestas_, std::move(*p)});
+  TARVO_TOMAR(auto p, con_->preparar(s));
+  escrituras_.push_back({modo_, puestas_, std::move(p)});
   return &escrituras_.back().sentencia;
 }
 
@@ -60,14 +59,13 @@ Resultado<> Tabla::Update() {
     modo_ = Modo::Ninguno;
     return {};
   }
-  auto p = escritura();
-  if (!p) return std::unexpected(p.error());
+  TARVO_TOMAR(auto p, escritura());
   for (size_t i = 0; i < puestas_.size(); ++i)
-    (*p)->ligar(static_cast<int>(i), valores_[static_cast<size_t>(puestas_[i])]);
+    p->ligar(static_cast<int>(i), valores_[static_cast<size_t>(puestas_[i])]);
   if (modo_ == Modo::Nueva)
-    TARVO_INTENTAR((*p)->ejecutar());
+    TARVO_INTENTAR(p->ejecutar());
   else
-    TARVO_INTENTAR(cambiar(**p));
+    TARVO_INTENTAR(cambiar(*p));
   modo_ = Modo::Ninguno;
   return {};
 }
@@ -88,14 +86,13 @@ Resultado<> Tabla::cambiar(Preparada& p) {
   // A changed key moves the row; where it stands now is asked of the engine.
   for (size_t i = 0; i < claves_.size(); ++i) {
     if (claves_[i].columna >= 0) continue;
-    auto k = con_->preparar(u"SELECT "_s + claves_[i].sql + u" FROM "_s +
-                            entreComillasSql(info_->nombre) + u" WHERE rowid=?"_s);
-    if (!k) return std::unexpected(k.error());
-    k->ligar(0, filaActual());
-    if (k->paso().value_or(false)) {
+    TARVO_TOMAR(auto k, con_->preparar(u"SELECT "_s + claves_[i].sql + u" FROM "_s +
+                                       entreComillasSql(info_->nombre) + u" WHERE rowid=?"_s));
+    k.ligar(0, filaActual());
+    if (k.paso().value_or(false)) {
       Pagina una;
       una.vaciar(1);
-      una.anadir(k->cruda());
+      una.anadir(k.cruda());
       pagina_.poner(fila_, celdaClave_[i], una.valor(0, 0));
     }
   }
@@ -105,11 +102,10 @@ Resultado<> Tabla::cambiar(Preparada& p) {
 Resultado<> Tabla::Delete() {
   if (Eof()) return fallo(Fallo::Interno, QStringLiteral("Delete necesita un registro."));
   TARVO_INTENTAR(con_->puedeEscribir());
-  auto p =
-      guardada(borrar_, u"DELETE FROM "_s + entreComillasSql(info_->nombre) + u" WHERE rowid=?"_s);
-  if (!p) return std::unexpected(p.error());
-  (*p)->ligar(0, filaActual());
-  TARVO_INTENTAR((*p)->ejecutar());
+  TARVO_TOMAR(auto p, guardada(borrar_, u"DELETE FROM "_s + entreComillasSql(info_->nombre) +
+                                            u" WHERE rowid=?"_s));
+  p->ligar(0, filaActual());
+  TARVO_INTENTAR(p->ejecutar());
   if (sqlite3_changes64(con_->cruda()) == 0)
     return fallo(Fallo::NoExiste,
                  QStringLiteral("El registro ya no existe: lo ha borrado otro programa."), 3167);

@@ -1,0 +1,176 @@
+#include "automation/historia/Historial.h"
+
+#include <QLocale>
+#include <QStringList>
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kGuionHistorial =
+    uR"(
+CREATE TABLE IF NOT EXISTS ProcesoTareas (
+  EJECUCION INTEGER NOT NULL, PASO INTEGER NOT NULL, GRUPO INTEGER NOT NULL, HECHA INTEGER DEFAULT 0,
+  CLASE INTEGER DEFAULT 0, FALLO TEXT, PRIMARY KEY (EJECUCION, PASO, GRUPO));
+CREATE TABLE IF NOT EXISTS Ejecuciones (
+  EJECUCION INTEGER PRIMARY KEY, NOMBRE TEXT DEFAULT '', INICIO REAL, FIN REAL, RESULTADO INTEGER,
+  PERIODOS TEXT DEFAULT '', TRAZA TEXT DEFAULT '');
+CREATE TABLE IF NOT EXISTS EjecucionAvisos (
+  EJECUCION INTEGER NOT NULL, GRUPO INTEGER DEFAULT 0, TEXTO TEXT DEFAULT '', GRAVE INTEGER DEFAULT 1);
+CREATE INDEX IF NOT EXISTS EjecucionAvisos_Ejecucion ON EjecucionAvisos (EJECUCION);
+)";
+
+// Those of a version without a history.
+constexpr auto kGuionColumnas =
+    uR"(
+ALTER TABLE ProcesoTareas ADD COLUMN CLASE INTEGER DEFAULT 0;
+ALTER TABLE ProcesoTareas ADD COLUMN FALLO TEXT;
+)";
+
+// "number:kind:first:last", or the number alone.
+PeriodoHecho periodoDe(QStringView texto) {
+  const auto partes = texto.split(u':');
+  PeriodoHecho p{partes[0].toLongLong(), {}};
+  if (partes.size() == 4)
+    p.dias = {partes[1].toInt(), Fecha::deDias(partes[2].toDouble()),
+              Fecha::deDias(partes[3].toDouble())};
+  return p;
+}
+
+std::vector<PeriodoHecho> periodosDe(const QString& texto) {
+  std::vector<PeriodoHecho> periodos;
+  for (const QStringView parte : QStringView(texto).split(u',', Qt::SkipEmptyParts))
+    periodos.push_back(periodoDe(parte));
+  return periodos;
+}
+
+QString textoDe(const dao::Recordset& columna) {
+  const auto dia = [&](int campo) {
+    return QString::number(columna.valor(campo).real(), 'g', QLocale::FloatingPointShortest);
+  };
+  return u"%1:%2:%3:%4,"_s.arg(columna.entero(0)).arg(columna.entero(1)).arg(dia(2), dia(3));
+}
+
+FinEjecucion finDe(const dao::Valor& resultado, bool enMarcha) {
+  if (enMarcha) return FinEjecucion::EnMarcha;
+  if (resultado.nulo()) return FinEjecucion::Interrumpida;
+  return static_cast<FinEjecucion>(std::clamp<qint64>(resultado.entero(), 0, 3));
+}
+
+EjecucionHecha ejecucionDe(const dao::Recordset& rs, std::optional<qint64> enMarcha) {
+  EjecucionHecha e;
+  e.numero = rs.entero(0);
+  e.nombre = rs.texto(1);
+  e.inicio = rs.fecha(2);
+  if (!rs.nulo(3)) e.final = rs.fecha(3);
+  e.fin = finDe(rs.valor(4), e.numero == enMarcha);
+  e.periodos = periodosDe(rs.texto(5));
+  e.traza = rs.texto(6);
+  return e;
+}
+
+TareaHecha tareaDe(const dao::Recordset& rs) {
+  TareaHecha t{static_cast<int>(rs.entero(0)), static_cast<int>(rs.entero(1)),
+               TareaHecha::Estado::EnCola, rs.texto(3)};
+  if (rs.entero(2) == 1)
+    t.estado = TareaHecha::Estado::Hecha;
+  else if (!rs.nulo(3))
+    t.estado = TareaHecha::Estado::Fallida;
+  return t;
+}
+
+// All rows of a query, each made by `una`.
+template <class T, class F>
+Resultado<std::vector<T>> todas(Resultado<std::unique_ptr<dao::Recordset>> rs, F una) {
+  if (!rs) return std::unexpected(rs.error());
+  std::vector<T> lista;
+  while (!(*rs)->Eof()) {
+    lista.push_back(una(**rs));
+    TARVO_INTENTAR((*rs)->MoveNext());
+  }
+  return lista;
+}
+
+}  // namespace
+
+Resultado<> asegurarTablasHistorial(dao::Database& db) {
+  if (db.existeTabla(u"EjecucionAvisos")) return {};
+  if (db.existeTabla(u"ProcesoTareas") && !db.existeColumna(u"ProcesoTareas", u"FALLO"))
+    TARVO_INTENTAR(db.ejecutarGuion(kGuionColumnas));
+  return db.ejecutarGuion(kGuionHistorial);
+}
+
+Resultado<> Historial::empezar(qint64 numero, const QString& nombre, Fecha inicio,
+                               const QString& traza) {
+  for (const char16_t* tabla : {u"Ejecuciones", u"ProcesoTareas", u"EjecucionAvisos"})
+    TARVO_INTENTAR(db_.ejecutar(QStringLiteral("DELETE FROM %1 WHERE EJECUCION<=? AND EJECUCION "
+                                               "NOT IN (SELECT EJECUCION FROM Proceso)")
+                                    .arg(tabla),
+                                numero - kEjecucionesGuardadas));
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT OR REPLACE INTO Ejecuciones (EJECUCION, NOMBRE, INICIO, TRAZA) VALUES (?, ?, ?, ?)",
+      numero, nombre, inicio, traza));
+  return {};
+}
+
+Resultado<> Historial::acabar(qint64 numero, FinEjecucion fin, Fecha ahora) {
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE Ejecuciones SET FIN=?, RESULTADO=? WHERE EJECUCION=?", ahora,
+                              static_cast<int>(fin), numero));
+  return {};
+}
+
+Resultado<> Historial::periodosHechos(qint64 numero, const std::vector<qint64>& links) {
+  for (const qint64 link : links) {
+    TARVO_TOMAR(auto rs, db_.consultar(
+                             u"SELECT LINK, TIPO, FECHA1, FECHAF FROM COLUMNA WHERE LINK=?", link));
+    if (rs->Eof()) continue;
+    TARVO_INTENTAR(db_.ejecutar(u"UPDATE Ejecuciones SET PERIODOS=PERIODOS & ? WHERE EJECUCION=?",
+                                textoDe(*rs), numero));
+  }
+  return {};
+}
+
+Resultado<> Historial::aviso(qint64 numero, const AvisoHecho& aviso) {
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO EjecucionAvisos (EJECUCION, GRUPO, TEXTO, GRAVE) VALUES (?, ?, ?, ?)", numero,
+      aviso.grupo, aviso.texto, aviso.grave));
+  return {};
+}
+
+Resultado<> Historial::tareaFallida(qint64 numero, int grupo, int clase, const QString& motivo) {
+  TARVO_INTENTAR(db_.ejecutar(
+      u"UPDATE ProcesoTareas SET FALLO=? WHERE EJECUCION=? AND GRUPO=? AND CLASE=? AND HECHA=0",
+      motivo, numero, grupo, clase));
+  return {};
+}
+
+Resultado<std::vector<EjecucionHecha>> Historial::ultimas(int cuantas,
+                                                          std::optional<qint64> enMarcha) {
+  return todas<EjecucionHecha>(
+      db_.consultar(u"SELECT EJECUCION, NOMBRE, INICIO, FIN, RESULTADO, PERIODOS, TRAZA FROM "
+                    u"Ejecuciones ORDER BY EJECUCION DESC LIMIT ?",
+                    cuantas),
+      [&](const dao::Recordset& rs) { return ejecucionDe(rs, enMarcha); });
+}
+
+Resultado<std::vector<TareaHecha>> Historial::tareas(qint64 numero) {
+  return todas<TareaHecha>(
+      db_.consultar(u"SELECT GRUPO, CLASE, HECHA, FALLO FROM ProcesoTareas WHERE EJECUCION=? ORDER "
+                    u"BY PASO, GRUPO",
+                    numero),
+      tareaDe);
+}
+
+Resultado<std::vector<AvisoHecho>> Historial::avisos(qint64 numero) {
+  return todas<AvisoHecho>(
+      db_.consultar(u"SELECT GRUPO, TEXTO, GRAVE FROM EjecucionAvisos WHERE EJECUCION=? ORDER BY "
+                    u"rowid",
+                    numero),
+      [](const dao::Recordset& rs) {
+        return AvisoHecho{static_cast<int>(rs.entero(0)), rs.texto(1), rs.logico(2)};
+      });
+}
+
+}  // namespace tarvo::automation

@@ -1,0 +1,200 @@
+// Reader of files: a process, with or without a timetable of its own, and a timetable.
+#include "automation/TextosAutomation.h"
+#include "automation/lenguaje/Gramatica.h"
+#include "core/ajustes/Ficheros.h"
+#include "core/textos/Textos.h"
+
+namespace tarvo::automation {
+
+namespace {
+
+constexpr qint64 kTamanoMaximo = 4 * 1024 * 1024;
+
+std::vector<QStringView> lineasDe(const QString& texto) {
+  auto lineas = QStringView(texto).split(u'\n');
+  if (!lineas.empty() && lineas.back().isEmpty()) lineas.pop_back();
+  for (auto& l : lineas)
+    if (l.endsWith(u'\r')) l.chop(1);
+  return {lineas.begin(), lineas.end()};
+}
+
+std::unexpected<Error> falloEnLinea(size_t indice, const QString& texto, const Textos& textos) {
+  return fallo(Fallo::Formato, textos(kTxEnLinea, {indice + 1, texto}));
+}
+
+// "##:##:##;*,*,*,*,*,*,*;@"
+bool pareceActivacion(QStringView l) {
+  constexpr QStringView hora = u"##:##:##;";
+  if (l.size() < hora.size() || !l.endsWith(u";@")) return false;
+  for (qsizetype i = 0; i < hora.size(); ++i)
+    if (hora[i] == u'#' ? l[i] < u'0' || l[i] > u'9' : l[i] != hora[i]) return false;
+  return l.sliced(hora.size()).count(u',') >= 6;
+}
+
+// The head of a process file takes the words of days only as they are written.
+std::optional<bool> siNoExacto(QStringView campo, bool espanol) {
+  const auto valor = leerSiNo(campo, espanol);
+  const bool exacto = valor && (campo == siNo(*valor, espanol) || campo == u"Si");
+  return exacto ? valor : std::nullopt;
+}
+
+std::optional<Fecha> horaDelDia(QStringView campo) {
+  if (const auto h = Fecha::leerHora(campo)) return h;
+  if (const auto f = Fecha::leer(campo)) return Fecha::deDias(f->hora());
+  return std::nullopt;
+}
+
+using LectorSiNo = std::optional<bool> (*)(QStringView, bool);
+
+std::optional<LineaActivacion> activacionDe(QStringView linea, bool espanol, LectorSiNo leerDia) {
+  LineaActivacion a;
+  const auto hora = horaDelDia(cortar(linea, u';'));
+  if (!hora) return std::nullopt;
+  a.hora = *hora;
+  for (size_t i = 0; i < a.dias.size(); ++i) {
+    const auto dia = leerDia(cortar(linea, i + 1 < a.dias.size() ? u',' : u';'), espanol);
+    if (!dia) return std::nullopt;
+    a.dias[i] = *dia;
+  }
+  a.nombre = linea.trimmed().toString();
+  if (a.nombre.isEmpty()) return std::nullopt;
+  return a;
+}
+
+// A word, a colon: a comment has none.
+bool parecePaso(QStringView l) {
+  const QStringView palabra = l.first(std::max<qsizetype>(0, l.indexOf(u':'))).trimmed();
+  return !palabra.isEmpty() && std::ranges::all_of(palabra, [](QChar c) { return c.isLetter(); });
+}
+
+// The states of the file reader.
+enum class Zona { Comienzo, EnBatch, EnLlano, Acabado };
+
+class LectorFichero {
+ public:
+  LectorFichero(const Lenguaje& lenguaje, bool espanol) : lenguaje_(lenguaje), espanol_(espanol) {}
+
+  Resultado<> linea(QStringView l) {
+    ++numero_;
+    if (zona_ == Zona::Acabado) {
+      mirarResto(l);
+      return {};
+    }
+    const bool inicio = l.startsWith(kInicioBatch), final = l.startsWith(kFinalBatch);
+    if (inicio || final) return marca(inicio);
+    if (zona_ == Zona::Comienzo && pareceActivacion(l)) {
+      if (auto a = activacionDe(l, espanol_, siNoExacto))
+        f_.activaciones.push_back(std::move(*a));
+      else
+        omitir(numero_, kTxHoraOmitida);
+      return {};
+    }
+    TARVO_TOMAR(auto paso, lenguaje_.LeerPaso(l));
+    return paso ? conPaso(std::move(*paso)) : sinPaso(l);
+  }
+
+  Resultado<FicheroProceso> acabar() {
+    if (zona_ == Zona::EnBatch && !f_.pasos.empty())
+      return fallo(Fallo::Formato, lenguaje_.textos()(kTxFaltaFinal, {kFinalBatch}));
+    return std::move(f_);
+  }
+
+ private:
+  Resultado<> marca(bool inicio) {
+    if (inicio && zona_ == Zona::Comienzo)
+      zona_ = Zona::EnBatch;
+    else if (!inicio && zona_ == Zona::EnBatch)
+      zona_ = Zona::Acabado;
+    else
+      return fallo(Fallo::Formato,
+                   lenguaje_.textos()(kTxFueraDeSitio, {inicio ? kInicioBatch : kFinalBatch}));
+    return {};
+  }
+
+  Resultado<> conPaso(PasoProceso paso) {
+    f_.pasos.push_back(std::move(paso));
+    if (zona_ == Zona::Comienzo) zona_ = Zona::EnLlano;
+    return {};
+  }
+
+  Resultado<> sinPaso(QStringView l) {
+    if (zona_ == Zona::EnBatch) return fallo(Fallo::Formato, lenguaje_.textos()(kTxSinLetra));
+    if (parecePaso(l)) omitir(numero_, kTxLineaOmitida);
+    if (zona_ != Zona::EnLlano) return {};
+    zona_ = Zona::Acabado;
+    corte_ = numero_;
+    return {};
+  }
+
+  // Behind the closing mark anything may stand; behind a line that only isn't a step, steps were
+  // meant to be done.
+  void mirarResto(QStringView l) {
+    if (corte_ == 0 || l.trimmed().isEmpty()) return;
+    const auto paso = lenguaje_.LeerPaso(l);
+    if (!paso || !*paso) return;
+    omitir(std::exchange(corte_, 0), kTxRestoOmitido);
+  }
+
+  void omitir(size_t numero, int texto) {
+    const Textos& t = lenguaje_.textos();
+    f_.omitidas += t(kTxEnLinea, {numero, t(texto)});
+  }
+
+  const Lenguaje& lenguaje_;
+  bool espanol_;
+  Zona zona_ = Zona::Comienzo;
+  size_t numero_ = 0, corte_ = 0;  // of lines; where the steps of a plain file ended
+  FicheroProceso f_;
+};
+
+}  // namespace
+
+Lenguaje::Lenguaje(const motor::RegistroTareas& registro, const Ajustes& ajustes,
+                   const Textos& textos)
+    : r_(registro), a_(ajustes), t_(textos) {}
+
+Resultado<FicheroProceso> Lenguaje::leer(const QString& texto) const {
+  LectorFichero lector(*this, a_.EsEspanol());
+  const auto lineas = lineasDe(texto);
+  for (size_t i = 0; i < lineas.size(); ++i)
+    if (auto r = lector.linea(lineas[i]); !r) return falloEnLinea(i, r.error().texto, t_);
+  return lector.acabar();
+}
+
+Resultado<FicheroProceso> Lenguaje::LeerProceso(const QString& ruta) const {
+  TARVO_TOMAR(const auto texto, leerTexto(ruta));
+  return leer(texto);
+}
+
+std::optional<LineaActivacion> Lenguaje::leerActivacion(QStringView linea) const {
+  return activacionDe(linea, a_.EsEspanol(), leerSiNo);
+}
+
+Resultado<std::vector<LineaActivacion>> Lenguaje::leerCro(const QString& texto,
+                                                          bool proceso) const {
+  std::vector<LineaActivacion> entradas;
+  bool enBloque = false;
+  const auto lineas = lineasDe(texto);
+  for (size_t i = 0; i < lineas.size(); ++i) {
+    const auto l = lineas[i].trimmed();
+    if (enBloque) {
+      enBloque = !l.startsWith(kFinalBatch);
+      if (!enBloque && proceso) break;
+    } else if (l.startsWith(kInicioBatch)) {
+      enBloque = true;
+    } else if (!l.isEmpty()) {
+      auto entrada = leerActivacion(l);
+      if (!entrada) return falloEnLinea(i, t_(kTxNoEsActivacion), t_);
+      entradas.push_back(std::move(*entrada));
+    }
+  }
+  return entradas;
+}
+
+Resultado<QString> Lenguaje::leerTexto(const QString& ruta) const {
+  TARVO_TOMAR(auto bytes, ficheros::leerBytes(ruta, kTamanoMaximo));
+  if (bytes.contains('\0')) return fallo(Fallo::Formato, t_(kTxNoEsTexto, {ruta}));
+  return ficheros::descodificar(bytes);
+}
+
+}  // namespace tarvo::automation

@@ -1,0 +1,52 @@
+#include "comm/cables/FabricaReal.h"
+
+#include "comm/cables/CableLocal.h"
+#include "comm/cables/CableModem.h"
+#include "comm/cables/CableSerie.h"
+#include "comm/cables/CableTCP.h"
+#include "core/ajustes/Ajustes.h"
+
+namespace tarvo::enlace {
+
+namespace {
+
+constexpr int kPuertosSerie = 16;
+
+QString rutaDePuerto(const Ajustes& ajustes, int puerto) {
+  const auto propia = ajustes.RutaPuerto.find(puerto);
+  if (propia != ajustes.RutaPuerto.end() && !propia->second.isEmpty()) return propia->second;
+  if (puerto < 1 || puerto > kPuertosSerie) return {};
+  return QStringLiteral("/dev/ttyS%1").arg(puerto - 1);
+}
+
+}  // namespace
+
+FabricaReal::FabricaReal(Reloj& reloj, const Ajustes& ajustes)
+    : reloj_(reloj), ajustes_(ajustes), ocupados_(std::make_shared<Ocupados>()) {}
+
+std::unique_ptr<LinkSocket> FabricaReal::crear(int device) {
+  const auto rutaDe = [this](int puerto) { return rutaDePuerto(ajustes_, puerto); };
+  if (device == 1) return std::make_unique<CableModem>(reloj_, ocupados_, rutaDe);
+  if (device == 3) return std::make_unique<CableTCP>(reloj_, ocupados_);
+  return std::make_unique<CableSerie>(reloj_, ocupados_, rutaDe);
+}
+
+std::unique_ptr<LinkSocket> FabricaReal::crearConector(const QString& nombre, int& razon) {
+  const QString destino = ajustes_.conector(nombre).trimmed();
+  const QString clase = destino.section(u':', 0, 0).trimmed().toLower();
+  const QString resto = destino.section(u':', 1).trimmed();
+  razon = kBien;
+  if (clase == u"tcp") {
+    const qsizetype corte = resto.lastIndexOf(u':');
+    return std::make_unique<CableTCP>(reloj_, ocupados_, resto.left(corte).trimmed(),
+                                      resto.mid(corte + 1).trimmed().toInt());
+  }
+  if (clase == u"serie")
+    return std::make_unique<CableSerie>(reloj_, ocupados_, resto.section(u',', 0, 0).trimmed(),
+                                        resto.section(u',', 1));
+  if (clase == u"local") return std::make_unique<CableLocal>(reloj_, ocupados_, resto);
+  razon = kSinNombre;
+  return nullptr;
+}
+
+}  // namespace tarvo::enlace

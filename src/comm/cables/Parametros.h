@@ -1,0 +1,26 @@
+// From the settings of a channel and the access text of a group to the values that a wire is opened
+// with.
+#pragma once
+
+#include <QString>
+
+#include "comm/cables/LinkSocket.h"
+
+namespace tarvo {
+struct ParamCanal;
+}
+
+namespace tarvo::enlace {
+
+// `baudios` above 0 replaces the first field of the line settings. `acceso` is a phone number
+// (modem) or "host:port" and optionally ",n" (TCP/IP); a direct cable has none.
+ParametrosLinea parametrosDe(const ParamCanal& canal, int baudios, const QString& acceso);
+
+// The initialisation script: pieces between "|" that are in turn what is sent and what is expected.
+// See docs/protocolos.md.
+QString guionModem(const ParamCanal& canal);
+
+// A wait after dialling in ms: seconds up to 600, above that ms already.
+int esperaEnMs(int espera);
+
+}  // namespace tarvo::enlace

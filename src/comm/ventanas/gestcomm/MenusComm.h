@@ -1,0 +1,29 @@
+// The entries of the menus TxCosa and RxCosa: which kind of task each stands for, and how it asks.
+#pragma once
+
+#include <QAction>
+#include <set>
+#include <span>
+
+#include "comm/ventanas/Servicios.h"
+#include "core/ventanas/marco/Contexto.h"
+
+namespace tarvo::comm {
+
+// How GrpDlg asks: only groups; a scale too; the report of a zeroing too. Articles and their totals
+// have dialogs of their own.
+enum ModoPedir : int { kModoGrupos = 0, kModoBalanza = 1, kModoCero = 2, kModoTxPLU, kModoRxPLU };
+
+struct EntradaMenu {
+  const char16_t* nombre;  // of the action
+  int clase;
+  ModoPedir modo;
+};
+std::span<const EntradaMenu> entradasMenu();
+
+// Enables an entry when the kind of task has somebody who does it and some group that takes it;
+// else its tip says what is missing. A kind that the language hasn't is not shown.
+void habilitarEntrada(QAction& accion, const motor::ClaseTarea* clase, const std::set<int>& tipos,
+                      const ventanas::Contexto& c);
+
+}  // namespace tarvo::comm

@@ -1,0 +1,194 @@
+// The operator's commands, what the menus ask for, and the end of the window.
+#include <QTableView>
+
+#include "comm/ventanas/Grupos.h"
+#include "comm/ventanas/TextosCommVentanas.h"
+#include "comm/ventanas/gestcomm/gestcommVentana.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/marco/Ventanas.h"
+#include "core/ventanas/parrilla/Parrilla.h"
+
+namespace tarvo::comm {
+
+using namespace Qt::StringLiterals;
+using namespace ventanas;
+using motor::gestcomm;
+
+void gestcommVentana::conectarOrdenes() {
+  const std::pair<QAction*, const char16_t*> imagenes[] = {
+      {ui_.RunP, u"ejecutar"},         {ui_.PauseP, u"pausa"},      {ui_.StopP, u"parar"},
+      {ui_.TrashP, u"borrar"},         {ui_.Diagn, u"informacion"}, {ui_.AutoP, u"automatico"},
+      {ui_.ManuP, u"operador"},        {ui_.BotonTramas, u"linea"}, {ui_.BotonEstado, u"articulo"},
+      {ui_.MnAbrSs, u"sesionAbierta"}, {ui_.MnCerSs, u"sesion"},    {ui_.MnCanSs, u"cerrar"}};
+  const std::pair<QAction*, QKeySequence> teclas[] = {{ui_.RunP, Qt::Key_F6},
+                                                      {ui_.PauseP, Qt::Key_F7},
+                                                      {ui_.StopP, Qt::Key_F8},
+                                                      {ui_.TrashP, Qt::Key_Delete},
+                                                      {ui_.Diagn, Qt::Key_F9},
+                                                      {ui_.AutoP, Qt::CTRL | Qt::Key_U},
+                                                      {ui_.ManuP, Qt::CTRL | Qt::Key_M},
+                                                      {ui_.BotonTramas, Qt::CTRL | Qt::Key_T},
+                                                      {ui_.BotonEstado, Qt::Key_F12}};
+  for (const auto& [accion, tecla] : teclas) accion->setShortcut(tecla);
+  for (const auto& [accion, imagen] : imagenes) accion->setIcon(icono(QString::fromUtf16(imagen)));
+  ui_.btTramas->setDefaultAction(ui_.BotonTramas);
+  ui_.btEstado->setDefaultAction(ui_.BotonEstado);
+  ui_.s_espe->setAcciones(
+      {ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.BotonTramas, ui_.BotonEstado});
+  const auto al = [this](QAction* a, auto hacer) { connect(a, &QAction::triggered, this, hacer); };
+  al(ui_.RunP, [this] {
+    ordenar({motor::kEnEspera, motor::kAperturaFallida, motor::kInterrumpido, motor::kRetenido},
+            &gestcomm::AvanzarTarea);
+  });
+  al(ui_.PauseP, [this] { ordenar({motor::kTransfiriendo}, &gestcomm::PausarTarea); });
+  al(ui_.StopP, [this] {
+    ordenar({motor::kAbriendo, motor::kTransfiriendo, motor::kRetenido}, &gestcomm::DetenerTarea);
+  });
+  al(ui_.TrashP, [this] {
+    ordenar({motor::kEnEspera, motor::kAperturaFallida, motor::kTerminado, motor::kRechazado,
+             motor::kInterrumpido, motor::kDetenido},
+            &gestcomm::EliminarTarea);
+  });
+  al(ui_.Diagn, [this] { diagnosticar(); });
+  al(ui_.AutoP, [this] { cambiarModo(true); });
+  al(ui_.ManuP, [this] { cambiarModo(false); });
+  al(ui_.BotonTramas, [this] { verTramas(); });
+  al(ui_.BotonEstado, [this] { verEstado(); });
+  connect(ui_.s_espe, &Parrilla::activada, this, [this] { diagnosticar(); });
+  connect(ui_.s_espe, &Parrilla::exportado, this, [this](const QString& r) { decirBien(r); });
+  for (const EntradaMenu& e : entradasMenu())
+    if (auto* a = cuerpo()->findChild<QAction*>(QString::fromUtf16(e.nombre)))
+      al(a, [this, &e] { pedirGrupos(e); });
+  for (QMenu* m : {ui_.TxCosa, ui_.RxCosa})
+    connect(m, &QMenu::aboutToShow, this, [this] { ponerMenus(); });
+}
+
+// The id of the current row; 0, and said, when there is none.
+int gestcommVentana::tareaElegida() {
+  const int fila = ui_.s_espe->filaActual();
+  if (fila >= 0) return static_cast<int>(ui_.s_espe->clave(fila));
+  decirDuda(t(kTxSinSeleccion));
+  return 0;
+}
+
+// A row out of sight is shown first, so that nobody commands what he doesn't see.
+void gestcommVentana::ordenar(const std::set<int>& estados, void (gestcomm::*orden)(int)) {
+  const int id = tareaElegida();
+  if (id == 0) return;
+  const QTableView* vista = ui_.s_espe->vista();
+  if (!vista->viewport()->rect().intersects(vista->visualRect(vista->currentIndex())))
+    return ui_.s_espe->irA(ui_.s_espe->filaActual());
+  const auto tarea = s_.motor.tarea(id);
+  if (tarea && !estados.contains(tarea->Estado))
+    decirDuda(t(kTxNoSePuede).arg(motor::TextoEstado(tarea->Estado, contexto().textos)));
+  else if (tira().estado() == Estado::Duda)
+    tira().quitar();  // it was about another command
+  (s_.motor.*orden)(id);
+  if (tarea || orden != &gestcomm::EliminarTarea) return;
+  // It had ended, and was only shown still.
+  std::erase_if(reparos_, [&](const auto& r) { return r.second.datos.Id == id; });
+  colaCambiada();
+}
+
+// The buttons follow at once: the next key may be one of theirs.
+void gestcommVentana::cambiarModo(bool automatico) {
+  s_.motor.CambioAModo(automatico);
+  ponerModo();
+}
+
+void gestcommVentana::diagnosticar() {
+  if (const int id = tareaElegida(); id != 0)
+    contexto().ventanas.abrirModal(u"Diagnostico"_s, this, {{u"tarea"_s, id}});
+}
+
+// Of the group of the task chosen.
+void gestcommVentana::verEstado() {
+  Argumentos a;
+  if (const int fila = ui_.s_espe->filaActual(); fila >= 0)
+    if (const auto tarea = tareaVista(static_cast<int>(ui_.s_espe->clave(fila))))
+      a[u"grupo"_s] = tarea->datos.Grupo;
+  contexto().ventanas.abrir(u"EstadoEnvio"_s, this, a);
+}
+
+void gestcommVentana::verTramas() {
+  const int fila = ui_.s_espe->filaActual();
+  Argumentos a;
+  if (fila >= 0) a[u"tarea"_s] = static_cast<int>(ui_.s_espe->clave(fila));
+  contexto().ventanas.abrir(u"VerTramas"_s, this, a);
+}
+
+// One group and nothing else to ask: it is taken without a dialog.
+void gestcommVentana::pedirGrupos(const EntradaMenu& e) {
+  const motor::ClaseTarea* clase = s_.registro.porNumero(e.clase);
+  if (!clase) return;
+  const auto grupos = gruposPara(contexto().db, *clase);
+  if (!haIdoBien(grupos)) return;
+  const bool pideMas = e.modo == kModoBalanza || e.modo == kModoTxPLU || e.modo == kModoRxPLU ||
+                       (e.modo == kModoCero && contexto().ajustes.EsEspanol());
+  if (grupos->size() == 1 && !pideMas)
+    return encolarGrupos(*this, s_.motor, {grupos->front().codigo}, {.clase = e.clase});
+  const QString dialogo = e.modo == kModoTxPLU   ? u"TxPLUdlg"_s
+                          : e.modo == kModoRxPLU ? u"RxPLUDlg"_s
+                                                 : u"GrpDlg"_s;
+  contexto().ventanas.abrirModal(dialogo, this, {{u"clase"_s, e.clase}, {u"modo"_s, int{e.modo}}});
+}
+
+// --- the end
+// ------------------------------------------------------------------------------------------
+
+bool gestcommVentana::canalesOcupados() const {
+  static const std::set<int> kOcupados = {1, 2, 4, 5, 9, 10};
+  for (const motor::VistaCanal& c : s_.motor.canales())
+    if (kOcupados.contains(c.EstadoCanal)) return true;
+  return false;
+}
+
+bool gestcommVentana::QueryUnload() {
+  if (!terminarAlAcabar_ && !s_.motor.puedeCerrar()) {
+    MyMsgBox::Decide(this, contexto().textos, t(kTxProcesosEnCurso), kCritico);
+    return true;
+  }
+  if (canalesOcupados()) {
+    terminar();
+    return true;
+  }
+  const auto* quien = qobject_cast<const Ventana*>(dueno());
+  const bool deAutomat = quien && quien->nombre() == u"Automat";
+  if (s_.sesion.estado() == 2 && !deAutomat && contexto().ventanas.conoce(u"CerrSes"_s))
+    contexto().ventanas.abrirModal(u"CerrSes"_s, this);
+  s_.motor.CambioAModo(true);  // nothing waits for a button that nobody sees
+  return false;
+}
+
+// Hidden, it goes when the last channel is closed.
+void gestcommVentana::terminar() {
+  hide();
+  if (std::exchange(terminarAlAcabar_, true)) return;
+  const QPointer<gestcommVentana> yo(this);
+  s_.motor.cerrar([yo] {
+    if (yo)
+      QMetaObject::invokeMethod(
+          yo.data(),
+          [yo] {
+            if (yo->terminarAlAcabar_) yo->descargar();
+          },
+          Qt::QueuedConnection);
+  });
+}
+
+// While a process is watched over, Escape and Ctrl are meant for its window.
+void gestcommVentana::keyPressEvent(QKeyEvent* evento) {
+  const bool paraAutomat = evento->key() == Qt::Key_Escape || evento->key() == Qt::Key_Control;
+  Ventana* automat =
+      paraAutomat && s_.motor.Vigilando() ? contexto().ventanas.cargada(u"Automat"_s) : nullptr;
+  if (!automat) return Ventana::keyPressEvent(evento);
+  evento->accept();
+  automat->activateWindow();
+  automat->setFocus();
+  QKeyEvent copia(evento->type(), evento->key(), evento->modifiers(), evento->text());
+  QCoreApplication::sendEvent(automat, &copia);
+}
+
+}  // namespace tarvo::comm

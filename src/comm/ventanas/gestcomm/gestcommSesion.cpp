@@ -1,0 +1,55 @@
+// The session's menu and pictures.
+#include "comm/ventanas/TextosCommVentanas.h"
+#include "comm/ventanas/gestcomm/gestcommVentana.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/Ventanas.h"
+
+namespace tarvo::comm {
+
+using namespace Qt::StringLiterals;
+using namespace ventanas;
+
+void gestcommVentana::conectarSesion() {
+  ui_.ImgLlena->setIcon(icono(u"sesionAbierta"_s));
+  connect(ui_.MnAbrSs, &QAction::triggered, this, [this] { LaSesion(1); });
+  connect(ui_.MnCerSs, &QAction::triggered, this, [this] { cerrarSesion(); });
+  connect(ui_.MnCanSs, &QAction::triggered, this, [this] { cancelarSesion(); });
+  connect(ui_.ImgLlena, &QToolButton::clicked, this, [this] {
+    if (s_.motor.CuantosQuedan().total == 0) cerrarSesion();
+  });
+}
+
+void gestcommVentana::ponerSesion() {
+  const int estado = s_.sesion.estado();
+  const bool colaVacia = s_.motor.CuantosQuedan().total == 0;
+  ui_.MnSes->menuAction()->setEnabled(colaVacia);
+  ui_.MnAbrSs->setEnabled(estado == 0);
+  ui_.MnCerSs->setEnabled(estado == 2);
+  ui_.MnCanSs->setEnabled(estado == 1 || estado == 2);
+  ui_.ImgLlena->setVisible(estado == 2);
+  ui_.ImgLlena->setEnabled(colaVacia);
+  ui_.imgVacia->setVisible(estado != 2);
+  const QString texto = t(estado == 0 ? kTxSesionCerrada : kTxSesionVacia);
+  if (ui_.imgVacia->text() != texto) ui_.imgVacia->setText(texto);
+}
+
+void gestcommVentana::LaSesion(int nuevo) {
+  haIdoBien(s_.motor.LaSesion(nuevo));
+  ponerSesion();
+}
+
+void gestcommVentana::cancelarSesion() {
+  if (s_.sesion.estado() == 2 &&
+      !MyMsgBox::Decide(this, contexto().textos, t(kTxOlvidados), kAceptoCancelo | kExclamacion))
+    return;
+  LaSesion(0);
+}
+
+void gestcommVentana::cerrarSesion() {
+  if (s_.sesion.estado() == 1) return LaSesion(0);
+  if (s_.sesion.estado() == 2) contexto().ventanas.abrir(u"CerrSes"_s, this);
+}
+
+}  // namespace tarvo::comm

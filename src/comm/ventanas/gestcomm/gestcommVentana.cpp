@@ -1,0 +1,216 @@
+#include "comm/ventanas/gestcomm/gestcommVentana.h"
+
+#include <QHBoxLayout>
+#include <QTableView>
+#include <algorithm>
+
+#include "comm/ventanas/Grupos.h"
+#include "comm/ventanas/TextosCommVentanas.h"
+#include "comm/ventanas/gestcomm/ModeloTareas.h"
+#include "comm/ventanas/gestcomm/PanelesCanales.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/parrilla/Parrilla.h"
+
+namespace tarvo::comm {
+
+using namespace Qt::StringLiterals;
+using namespace ventanas;
+
+namespace {
+
+constexpr int kRefrescoMs = 100;
+constexpr int kParpadeoMs = 500;
+
+}  // namespace
+
+gestcommVentana::gestcommVentana(Contexto& c, const QString& nombre, const Servicios& s)
+    : Ventana(c, nombre),
+      s_(s),
+      escucha_(s.oido->tomar(s.enlaces, c.reloj)),
+      refresco_(c.reloj.temporizador([this] { refrescar(); })),
+      parpadeo_(c.reloj.temporizador([this] {
+        if (!paneles_->parpadear()) parpadeo_->parar();
+      })) {
+  ui_.setupUi(cuerpo());
+  ui_.division->setStretchFactor(0, 1);
+  ui_.division->setSizes({escalar(1040), PanelCanal::anchoPreferido() + escalar(kSeparacion)});
+  paneles_ = new PanelesCanales(c.textos, this);
+  ui_.zonaCanales->setWidget(paneles_);
+  ui_.zonaCanales->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  ui_.zonaCanales->setFrameShape(QFrame::NoFrame);
+  ui_.zonaCanales->setMinimumWidth(PanelCanal::anchoPreferido() + escalar(kSeparacion));
+  ponerLetra(*ui_.LblModo, Letra::Secundaria);
+  enlazar();
+  ui_.s_espe->preparar(c, nombre, columnasTareas(c.textos));
+  ui_.s_espe->vivas();
+  ui_.s_espe->filtros()->addWidget(ui_.LblModo);
+  ui_.s_espe->setUnaSola(true);
+  ui_.s_espe->setVacia(t(kTxColaVacia));
+  connect(ui_.s_espe, &Parrilla::actualCambiada, this, [this] {
+    ponerModo();
+    ponerProblema();
+  });
+  connect(&c.tema, &Tema::cambiado, this, [this] { ponerModo(); });
+  conectarOrdenes();
+  conectarSesion();
+  s_.motor.observar(this);
+}
+
+gestcommVentana::~gestcommVentana() {
+  s_.motor.dejarDeObservar(this);
+}
+
+Resultado<> gestcommVentana::preparar(const Argumentos&) {
+  terminarAlAcabar_ = false;  // it is wanted again
+  s_.motor.TerminaCuandoPuedas(false);
+  ponerMenus();
+  colaSucia_ = canalesSucios_ = true;
+  refrescar();
+  ui_.s_espe->setFocus();
+  return {};
+}
+
+void gestcommVentana::changeEvent(QEvent* evento) {
+  Ventana::changeEvent(evento);
+  if (evento->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+  ponerMenus();
+  ponerSesion();
+}
+
+// --- what the engine tells
+// --------------------------------------------------------------------------
+
+void gestcommVentana::ensuciar() {
+  if (!refresco_->activo()) refresco_->unaVez(kRefrescoMs);
+}
+
+void gestcommVentana::colaCambiada() {
+  colaSucia_ = true;
+  ensuciar();
+}
+
+// A task that ended and left something out stays in sight until the group's next one.
+void gestcommVentana::tareaCambiada(int id) {
+  sucias_.insert(id);
+  if (const auto tarea = s_.motor.tarea(id)) {
+    if (tarea->Estado == motor::kTerminado && !tarea->textoError.isEmpty())
+      reparos_.insert_or_assign(tarea->datos.Grupo, *tarea);
+    else if (const auto it = reparos_.find(tarea->datos.Grupo);
+             it != reparos_.end() && it->second.datos.Clase == tarea->datos.Clase)
+      reparos_.erase(it);
+  }
+  ensuciar();
+}
+
+void gestcommVentana::canalCambiado(int) {
+  canalesSucios_ = true;
+  ensuciar();
+}
+
+// Whoever queued it wanted the window for no longer than that, unless there is something to tell.
+void gestcommVentana::acabado() {
+  if (!reparos_.empty()) return;
+  QMetaObject::invokeMethod(this, [this] { descargar(); }, Qt::QueuedConnection);
+}
+
+void gestcommVentana::refrescar() {
+  const auto sucias = std::exchange(sucias_, {});
+  const bool cola = std::exchange(colaSucia_, false);
+  if (cola) {
+    ponerCola();
+  } else {
+    for (const int id : sucias)
+      if (const auto tarea = s_.motor.tarea(id)) ponerFila(*tarea);
+  }
+  if (std::exchange(canalesSucios_, false)) ponerCanales();
+  if (cola) ponerModo();
+  if (cola || !sucias.empty()) ponerProblema();
+  ponerSesion();
+}
+
+void gestcommVentana::ponerFila(const motor::VistaTarea& tarea) {
+  ui_.s_espe->vivas().poner(
+      filaTarea(tarea, s_.registro.porNumero(tarea.datos.Clase), contexto().textos));
+}
+
+// In the order of their numbers.
+std::vector<motor::VistaTarea> gestcommVentana::visibles() const {
+  auto tareas = s_.motor.tareas();
+  for (const auto& [grupo, tarea] : reparos_)
+    if (!s_.motor.tarea(tarea.datos.Id)) tareas.push_back(tarea);
+  std::ranges::sort(tareas, {}, [](const motor::VistaTarea& v) { return v.datos.Id; });
+  return tareas;
+}
+
+std::optional<motor::VistaTarea> gestcommVentana::tareaVista(int id) const {
+  for (const auto& [grupo, tarea] : reparos_)
+    if (tarea.datos.Id == id) return tarea;
+  return s_.motor.tarea(id);
+}
+
+void gestcommVentana::ponerCola() {
+  std::vector<FilaViva> filas;
+  for (const motor::VistaTarea& tarea : visibles())
+    filas.push_back(filaTarea(tarea, s_.registro.porNumero(tarea.datos.Clase), contexto().textos));
+  const int ultima = filas.empty() ? 0 : static_cast<int>(filas.back().clave);
+  ui_.s_espe->vivas().poner(std::move(filas));
+  if (ultima <= ultimaVista_) return;
+  ultimaVista_ = ultima;
+  if (s_.motor.ModoAutomatico() || ui_.s_espe->filaActual() < 0)
+    ui_.s_espe->irA(ui_.s_espe->filaDe(ultima));
+}
+
+void gestcommVentana::ponerCanales() {
+  paneles_->mostrar(s_.motor.canales(), canalElegido());
+  for (int c = 0; c < paneles_->cuantos(); ++c)
+    if (paneles_->panel(c)->parpadea() && !parpadeo_->activo()) parpadeo_->cada(kParpadeoMs);
+}
+
+// The channel of the task chosen, in manual mode.
+int gestcommVentana::canalElegido() const {
+  const int fila = ui_.s_espe->filaActual();
+  if (s_.motor.ModoAutomatico() || fila < 0) return -1;
+  const auto tarea = s_.motor.tarea(static_cast<int>(ui_.s_espe->clave(fila)));
+  if (!tarea || tarea->Canal < 0) return -1;
+  const auto canales = s_.motor.canales();
+  const auto c = static_cast<size_t>(tarea->Canal);
+  return canales[c].TareaCanal == tarea->datos.Id ? tarea->Canal : -1;
+}
+
+// What went wrong with the task chosen, whole: its cell may not have the room.
+void gestcommVentana::ponerProblema() {
+  const int fila = ui_.s_espe->filaActual();
+  const auto tarea =
+      fila < 0 ? std::nullopt : tareaVista(static_cast<int>(ui_.s_espe->clave(fila)));
+  const QString problema = tarea ? textoProblema(*tarea, contexto().textos) : QString();
+  ui_.LblProblema->setText(problema.isEmpty()
+                               ? QString()
+                               : t(kTxProblemaDeTarea).arg(Ceros(tarea->datos.Id, 3), problema));
+  ui_.LblProblema->setHidden(problema.isEmpty());
+}
+
+// In manual mode the task chosen is green.
+void gestcommVentana::ponerModo() {
+  const bool automatico = s_.motor.ModoAutomatico();
+  for (QAction* a : {ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.AutoP})
+    a->setEnabled(!automatico);
+  ui_.ManuP->setEnabled(automatico);
+  ui_.LblModo->setText(t(automatico ? kTxModoAutomatico : kTxModoManual));
+  const QString hoja =
+      automatico ? QString()
+                 : u"QTableView { selection-background-color: %1; selection-color: %2; }"_s.arg(
+                       colorDe(Tinte::FondoBien).name(), colorDe(Tinte::Texto).name());
+  if (ui_.s_espe->vista()->styleSheet() != hoja) ui_.s_espe->vista()->setStyleSheet(hoja);
+  ponerCanales();
+}
+
+void gestcommVentana::ponerMenus() {
+  const auto tipos = tiposDeGrupos(contexto().db);
+  if (!haIdoBien(tipos)) return;
+  for (const EntradaMenu& e : entradasMenu())
+    if (auto* a = cuerpo()->findChild<QAction*>(QString::fromUtf16(e.nombre)))
+      habilitarEntrada(*a, s_.registro.porNumero(e.clase), *tipos, contexto());
+}
+
+}  // namespace tarvo::comm

@@ -1,0 +1,76 @@
+// The window of communications: the queue, the channels, the menus that queue tasks, the session.
+// It decides nothing: every command goes to the engine, and what it shows comes from there.
+#pragma once
+
+#include <map>
+#include <set>
+
+#include "comm/ventanas/Servicios.h"
+#include "comm/ventanas/gestcomm/MenusComm.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "ui_FormaGestcomm.h"
+
+namespace tarvo::comm {
+
+class PanelesCanales;
+
+class gestcommVentana final : public ventanas::Ventana, private motor::Observador {
+ public:
+  gestcommVentana(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
+  ~gestcommVentana() override;
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  bool QueryUnload() override;
+
+ private:
+  // gestcommVentana.cpp: what it shows. Changes are gathered, and shown ten times a second at most.
+  void colaCambiada() override;
+  void tareaCambiada(int id) override;
+  void canalCambiado(int canal) override;
+  void acabado() override;
+  void ensuciar();
+  void refrescar();
+  void ponerCola();
+  void ponerFila(const motor::VistaTarea& tarea);
+  std::vector<motor::VistaTarea> visibles() const;
+  std::optional<motor::VistaTarea> tareaVista(int id) const;
+  void ponerCanales();
+  void ponerModo();
+  void ponerProblema();
+  void ponerMenus();
+  int canalElegido() const;
+
+  // gestcommOrdenes.cpp: the operator
+  void conectarOrdenes();
+  void ordenar(const std::set<int>& estados, void (motor::gestcomm::*orden)(int));
+  int tareaElegida();
+  void cambiarModo(bool automatico);
+  void diagnosticar();
+  void verTramas();
+  void verEstado();
+  void pedirGrupos(const EntradaMenu& entrada);
+  bool canalesOcupados() const;
+  void terminar();
+
+  // gestcommSesion.cpp
+  void conectarSesion();
+  void ponerSesion();
+  void LaSesion(int nuevo);
+  void cancelarSesion();
+  void cerrarSesion();
+
+  void changeEvent(QEvent* evento) override;
+  void keyPressEvent(QKeyEvent* evento) override;
+
+  Ui::FormaGestcomm ui_;
+  Servicios s_;
+  std::shared_ptr<enlace::Escucha> escucha_;  // kept so that what led to a failure can be looked at
+  PanelesCanales* paneles_ = nullptr;
+  std::map<int, motor::VistaTarea> reparos_;  // ended well, but left something out; by group
+  std::set<int> sucias_;
+  bool colaSucia_ = true, canalesSucios_ = true;
+  int ultimaVista_ = 0;  // the last task that has been shown
+  bool terminarAlAcabar_ = false;
+  std::unique_ptr<Temporizador> refresco_, parpadeo_;
+};
+
+}  // namespace tarvo::comm

@@ -1,0 +1,85 @@
+#include "core/ventanas/marco/EscogeFecha.h"
+
+#include <QAction>
+#include <QCalendarWidget>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QTextCharFormat>
+#include <QToolButton>
+
+#include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
+
+namespace tarvo::ventanas {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kAnchoMes = 340, kAltoMes = 240;
+
+}  // namespace
+
+void vestirMes(QCalendarWidget& mes) {
+  mes.setLocale(QLocale(QLocale::Spanish, QLocale::Spain));
+  mes.setFirstDayOfWeek(Qt::Monday);
+  mes.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  for (const auto dia : {Qt::Saturday, Qt::Sunday}) mes.setWeekdayTextFormat(dia, {});
+  if (auto* b = mes.findChild<QToolButton*>(u"qt_calendar_prevmonth"_s))
+    b->setIcon(icono(u"atras"_s));
+  if (auto* b = mes.findChild<QToolButton*>(u"qt_calendar_nextmonth"_s))
+    b->setIcon(icono(u"adelante"_s));
+}
+
+EscogeFecha::EscogeFecha(QLineEdit& campo, Contexto& contexto)
+    : QObject(&campo), campo_(campo), c_(contexto) {
+  QAction* a = campo.addAction(icono(u"calendario"_s), QLineEdit::TrailingPosition);
+  a->setText(c_.textos(kTxEscogerFecha));
+  a->setToolTip(a->text());
+  connect(a, &QAction::triggered, this, [this] { abrir(); });
+  campo.installEventFilter(this);
+}
+
+// A window of its own that goes with the choice, with Escape, or with a click beside it.
+void EscogeFecha::abrir() {
+  auto* mes = new QCalendarWidget(&campo_);
+  mes->setObjectName(u"calendario"_s);
+  mes->setWindowFlag(Qt::Popup);
+  mes->setAttribute(Qt::WA_DeleteOnClose);
+  mes->setAccessibleName(c_.textos(kTxEscogerFecha));
+  vestirMes(*mes);
+  mes->setFixedSize(escalar(kAnchoMes), escalar(kAltoMes));  // names of days whole
+  const auto escrita = Fecha::leer(campo_.text().trimmed());
+  mes->setSelectedDate((escrita ? *escrita : c_.reloj.ahora()).qdate());
+  // A click chooses; so does Return on a day, which is told as activated too.
+  for (const auto senal : {&QCalendarWidget::clicked, &QCalendarWidget::activated})
+    connect(mes, senal, this, [this, mes](QDate dia) {
+      if (!mes->isVisible()) return;
+      mes->close();
+      poner(dia);
+    });
+  mes->move(campo_.mapToGlobal(QPoint(0, campo_.height())));
+  mes->show();
+  mes->setFocus();
+}
+
+void EscogeFecha::poner(QDate dia) {
+  const auto escrita = Fecha::leer(campo_.text().trimmed());
+  const bool conHora = escrita && campo_.text().contains(u':');
+  const Fecha f = Fecha::de(dia) + (conHora ? escrita->hora() : 0);
+  campo_.setText(conHora ? f.general() : f.corta());
+  campo_.setFocus();
+  Q_EMIT campo_.textEdited(campo_.text());
+}
+
+bool EscogeFecha::eventFilter(QObject* objeto, QEvent* evento) {
+  if (evento->type() != QEvent::KeyPress) return QObject::eventFilter(objeto, evento);
+  const auto& tecla = static_cast<const QKeyEvent&>(*evento);
+  const bool suya = tecla.key() == Qt::Key_F4 ||
+                    (tecla.key() == Qt::Key_Down && tecla.modifiers().testFlag(Qt::AltModifier));
+  if (suya) abrir();
+  return suya;
+}
+
+}  // namespace tarvo::ventanas

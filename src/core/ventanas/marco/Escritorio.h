@@ -1,0 +1,40 @@
+// The kit's own objects, made and joined: what a program or a test needs to open windows.
+#pragma once
+
+#include <QThreadPool>
+#include <QTranslator>
+#include <optional>
+
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/Contexto.h"
+#include "core/ventanas/marco/Recuerdos.h"
+#include "core/ventanas/marco/Ventanas.h"
+
+namespace tarvo::ventanas {
+
+class Escritorio {
+ public:
+  // `cara`: for this run; without it the one that VENTANAS.INI names, else the desktop's.
+  // `rutaRecuerdos`: empty remembers nothing beyond this run. REQUIRES that all references outlive
+  // it.
+  Escritorio(QApplication& app, dao::Database& db, Ajustes& ajustes, const Textos& textos,
+             Reloj& reloj, std::optional<Cara> cara, const QString& rutaRecuerdos);
+  ~Escritorio();
+
+  Contexto& contexto() { return contexto_; }
+  Ventanas& ventanas() { return ventanas_; }
+  Tema& tema() { return tema_; }
+
+ private:
+  QTranslator delJuego_;  // the toolkit's own texts: menus of fields, the choice of a file
+  QThreadPool hilos_;     // outlives all that ask; at the end it is waited for
+  Recuerdos recuerdos_;
+  Tema tema_;
+  Contexto contexto_;  // outlives the windows that are handed it
+  Ventanas ventanas_;
+};
+
+// "claro" or "oscuro"; nothing for any other word.
+std::optional<Cara> leerCara(const QString& palabra);
+
+}  // namespace tarvo::ventanas

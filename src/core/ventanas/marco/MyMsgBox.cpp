@@ -1,0 +1,136 @@
+#include "core/ventanas/marco/MyMsgBox.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/Retenida.h"
+
+namespace tarvo::ventanas {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kAnchoTexto = 400;
+constexpr int kAltoDetalle = 120;
+
+QIcon imagenDe(int estilo) {
+  switch (estilo & 0xF0) {
+    case kCritico:
+      return iconoEstado(Estado::Mal);
+    case kExclamacion:
+      return iconoEstado(Estado::Duda);
+    default:
+      return icono(u"informacion"_s);
+  }
+}
+
+QLabel* parrafo(const QString& texto, QWidget* padre) {
+  auto* l = new QLabel(texto, padre);
+  l->setTextFormat(Qt::PlainText);
+  l->setWordWrap(true);
+  l->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  l->setMinimumWidth(escalar(kAnchoTexto));
+  return l;
+}
+
+}  // namespace
+
+MyMsgBox::MyMsgBox(QWidget* dueno, const Textos& textos, const QString& texto, int estilo)
+    : QDialog(dueno), todo_(texto) {
+  setObjectName(u"MyMsgBox"_s);
+  setWindowTitle(textos(kTxTitulo));
+  auto* imagen = new QLabel(this);
+  const int lado = escalar(2 * kIcono);
+  imagen->setPixmap(imagenDe(estilo).pixmap(lado, lado));
+  auto* mensaje = parrafo(texto, this);
+  mensaje->setObjectName(u"Mensaje"_s);
+  auto* arriba = new QHBoxLayout;
+  arriba->setSpacing(escalar(kSeparacion));
+  arriba->addWidget(imagen, 0, Qt::AlignTop);
+  auto* textosCaja = new QVBoxLayout;
+  textosCaja->setObjectName(u"textosCaja"_s);
+  textosCaja->addWidget(mensaje);
+  arriba->addLayout(textosCaja, 1);
+
+  auto* acepto = new QPushButton(textos(kTxAceptar), this);
+  acepto->setObjectName(u"Acepto"_s);
+  QPushButton* intro = acepto;
+  connect(acepto, &QPushButton::clicked, this, &QDialog::accept);
+  auto* botones = new QHBoxLayout;
+  botones->setObjectName(u"botones"_s);
+  botones->addStretch();
+  botones->addWidget(acepto);
+  if ((estilo & 0x0F) == kAceptoCancelo) {
+    auto* cancelo = new QPushButton(textos(kTxCancelar), this);
+    cancelo->setObjectName(u"Cancelo"_s);
+    cancelo->setAutoDefault(false);
+    connect(cancelo, &QPushButton::clicked, this, &QDialog::reject);
+    botones->addWidget(cancelo);
+    if (estilo & kPrudente) intro = cancelo;
+  } else {
+    botones->addStretch();
+  }
+  auto* todo = new QVBoxLayout(this);
+  todo->setContentsMargins(escalar(kSeparacion), escalar(kSeparacion), escalar(kSeparacion),
+                           escalar(kSeparacion));
+  todo->setSpacing(escalar(kSeparacion));
+  todo->addLayout(arriba);
+  todo->addLayout(botones);
+  todo->setSizeConstraint(QLayout::SetFixedSize);
+  intro->setDefault(true);
+  intro->setFocus();
+}
+
+void MyMsgBox::ponerDetalle(const Textos& textos, const QString& remedio, const QString& detalle) {
+  todo_ = QStringList{todo_, remedio, detalle}.join(u'\n').trimmed();
+  auto* caja = findChild<QVBoxLayout*>(u"textosCaja"_s);
+  if (!remedio.isEmpty()) caja->addWidget(parrafo(remedio, this));
+  auto* botones = findChild<QHBoxLayout*>(u"botones"_s);
+  auto* copiar = new QPushButton(textos(kTxCopiar), this);
+  copiar->setObjectName(u"Copiar"_s);
+  copiar->setAutoDefault(false);
+  connect(copiar, &QPushButton::clicked, this,
+          [this] { QApplication::clipboard()->setText(todo_); });
+  botones->insertWidget(0, copiar);
+  if (detalle.isEmpty()) return;
+  auto* texto = new QPlainTextEdit(detalle, this);
+  texto->setObjectName(u"Detalle"_s);
+  texto->setReadOnly(true);
+  texto->setAccessibleName(textos(kTxVerDetalle));
+  texto->setMinimumHeight(escalar(kAltoDetalle));
+  texto->hide();
+  caja->addWidget(texto);
+  auto* ver = new QPushButton(textos(kTxVerDetalle), this);
+  ver->setObjectName(u"VerDetalle"_s);
+  ver->setAutoDefault(false);
+  connect(ver, &QPushButton::clicked, this, [=, &textos] {
+    texto->setVisible(!texto->isVisible());
+    ver->setText(textos(texto->isVisible() ? kTxOcultarDetalle : kTxVerDetalle));
+  });
+  botones->insertWidget(0, ver);
+}
+
+bool MyMsgBox::Decide(QWidget* dueno, const Textos& textos, const QString& texto, int estilo) {
+  const Retenida mientras(dueno);
+  MyMsgBox caja(dueno, textos, texto, estilo);
+  return caja.exec() == QDialog::Accepted;
+}
+
+void MyMsgBox::mostrarFallo(QWidget* dueno, const Textos& textos, const QString& que,
+                            const QString& remedio, const QString& detalle) {
+  const Retenida mientras(dueno);
+  MyMsgBox caja(dueno, textos, que, kCritico);
+  caja.ponerDetalle(textos, remedio, detalle);
+  caja.exec();
+}
+
+}  // namespace tarvo::ventanas

@@ -1,0 +1,288 @@
+#include "core/ventanas/marco/Ventana.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QEventLoop>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/aspecto/TraducirForm.h"
+#include "core/ventanas/marco/Recuerdos.h"
+#include "core/ventanas/marco/Retenida.h"
+#include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
+#include "core/ventanas/marco/Ventanas.h"
+#include "core/ventanas/parrilla/Parrilla.h"
+
+namespace tarvo::ventanas {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The memory of "VerCols#12" is that of all its sisters.
+QString sinInstancia(const QString& nombre) {
+  return nombre.section(u'#', 0, 0);
+}
+
+QString enTexto(const QByteArray& bytes) {
+  return QString::fromLatin1(bytes.toBase64());
+}
+
+QByteArray deTexto(const QString& texto) {
+  return QByteArray::fromBase64(texto.toLatin1());
+}
+
+}  // namespace
+
+Ventana::Ventana(Contexto& contexto, const QString& nombre)
+    : QWidget(nullptr, Qt::Window),
+      c_(contexto),
+      nombre_(nombre),
+      cuerpo_(new QWidget(this)),
+      tira_(new Tira(contexto.textos, contexto.reloj, this)),
+      trabajo_(new TiraTrabajo(contexto.textos, contexto.reloj, this)) {
+  setObjectName(sinInstancia(nombre));
+  auto* todo = new QVBoxLayout(this);
+  todo->setContentsMargins(0, 0, 0, 0);
+  todo->setSpacing(0);
+  todo->addWidget(tira_);
+  todo->addWidget(cuerpo_, 1);
+  todo->addWidget(trabajo_);
+}
+
+Ventana::~Ventana() {
+  // What its controls say while they go (a field that loses the focus) is for a window that is
+  // whole.
+  for (QObject* o : findChildren<QObject*>()) o->disconnect(this);
+}
+
+Resultado<> Ventana::preparar(const Argumentos&) {
+  return {};
+}
+
+void Ventana::enlazar() {
+  TraducirForm(*cuerpo_, c_.textos, c_.ajustes.idioma);
+  connect(cuerpo_, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
+  setWindowTitle(cuerpo_->windowTitle());
+  resize(QSize(escalar(cuerpo_->width()), escalar(cuerpo_->height()))
+             .boundedTo(screen()->availableSize()));
+  const QString memoria = sinInstancia(nombre_);
+  restoreGeometry(deTexto(c_.recuerdos.leer(memoria, u"sitio"_s)));
+  for (QSplitter* s : cuerpo_->findChildren<QSplitter*>())
+    s->restoreState(deTexto(c_.recuerdos.leer(memoria, s->objectName())));
+  for (Parrilla* p : cuerpo_->findChildren<Parrilla*>()) atender(*p);
+  if (!cuerpo_->findChild<QTabWidget*>()) return;
+  for (const auto& [tecla, pasos] :
+       {std::pair{Qt::CTRL | Qt::Key_Tab, 1}, {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, -1}})
+    connect(new QShortcut(tecla, this), &QShortcut::activated, this,
+            [this, n = pasos] { pasarFicha(n); });
+}
+
+// What its cells refuse is said on the strip, until it is settled.
+void Ventana::atender(Parrilla& lista) {
+  connect(&lista, &Parrilla::fallo, this, [this](const Error& e) {
+    decirFallo(e);
+    deLista_ = e.texto;
+  });
+  connect(&lista, &Parrilla::resuelto, this, [this] {
+    if (tira_->estado() == Estado::Mal && tira_->texto() == deLista_) tira_->quitar();
+  });
+}
+
+void Ventana::crecer(const QSize& tamano) {
+  resize(tamano);
+  const QRect pantalla = screen()->availableGeometry();
+  const auto dentro = [](int donde, int largo, int desde, int cabe) {
+    return std::clamp(donde, desde, desde + std::max(0, cabe - largo));
+  };
+  const QRect marco = frameGeometry();
+  const QPoint sitio(dentro(marco.x(), marco.width(), pantalla.x(), pantalla.width()),
+                     dentro(marco.y(), marco.height(), pantalla.y(), pantalla.height()));
+  if (sitio != pos()) move(sitio);
+}
+
+void Ventana::unir(QAction* accion, const QString& dibujo, const QKeySequence& tecla,
+                   const std::function<void()>& hacer) {
+  accion->setIcon(icono(dibujo));
+  accion->setShortcut(tecla);
+  connect(accion, &QAction::triggered, this, hacer);
+}
+
+void Ventana::recordar() {
+  const QString memoria = sinInstancia(nombre_);
+  c_.recuerdos.poner(memoria, u"sitio"_s, enTexto(saveGeometry()));
+  for (const QSplitter* s : cuerpo_->findChildren<QSplitter*>())
+    c_.recuerdos.poner(memoria, s->objectName(), enTexto(s->saveState()));
+}
+
+void Ventana::mostrarSobre(QWidget* dueno) {
+  if (dueno && dueno != this) dueno_ = dueno->window();
+  isMinimized() ? showNormal() : show();
+  raise();
+  activateWindow();
+}
+
+bool Ventana::descargar() {
+  close();
+  return cerrada_;  // close() says yes also to who asks while it is asking
+}
+
+bool Ventana::ejecutar() {
+  QEventLoop bucle;
+  const Retenida mientras(dueno_);
+  modal_ = true;
+  aceptada_ = false;
+  setWindowModality(Qt::ApplicationModal);
+  setWindowFlags(Qt::Dialog);         // the desktop puts it on its owner
+  setAttribute(Qt::WA_Moved, false);  // of what it remembers only the size counts
+  winId();
+  if (dueno_) windowHandle()->setTransientParent(dueno_->windowHandle());
+  mostrarSobre(dueno_);
+  bool aceptada = false;
+  connect(this, &Ventana::descargada, &bucle, [&] {
+    aceptada = aceptada_;
+    bucle.quit();
+  });
+  bucle.exec();
+  return aceptada;
+}
+
+void Ventana::aceptar() {
+  terminar(true);
+}
+
+void Ventana::rechazar() {
+  terminar(false);
+}
+
+void Ventana::terminar(bool aceptada) {
+  aceptada_ = aceptada;
+  if (!close()) aceptada_ = false;
+}
+
+void Ventana::closeEvent(QCloseEvent* evento) {
+  if (cerrada_) return evento->accept();
+  if (!cerrarLoDeEncima()) return evento->ignore();
+  // Accepting is an answer: there is nothing left to be asked.
+  if (!aceptada_ && QueryUnload()) return evento->ignore();
+  cerrada_ = true;
+  trabajo_->parar();
+  recordar();
+  evento->accept();
+  hide();
+  Q_EMIT descargada(nombre_);
+  volverAlDueno();
+  if (retenida_ == 0) deleteLater();
+}
+
+Ventana* Ventana::modalEncima() const {
+  const auto todas = c_.ventanas.abiertas();
+  const auto suya = std::ranges::find_if(
+      todas, [this](const Ventana* v) { return v->modal_ && v->dueno_ == this; });
+  return suya == todas.end() ? nullptr : *suya;
+}
+
+// Modal windows of which this is the owner; boxes, menus and calendars, which are its children.
+bool Ventana::cerrarLoDeEncima() {
+  while (Ventana* v = modalEncima())
+    if (!v->descargar()) return false;
+  for (QWidget* w : findChildren<QWidget*>())
+    if (w->isWindow() && w->isVisible()) w->close();
+  return true;
+}
+
+void Ventana::volverAlDueno() {
+  if (!dueno_ || !dueno_->isVisible()) return;
+  dueno_->raise();
+  dueno_->activateWindow();
+}
+
+// The list that one reads first, of those that can be searched.
+Parrilla* Ventana::primeraLista() const {
+  Parrilla* primera = nullptr;
+  const auto sitio = [this](const Parrilla* p) {
+    const QPoint donde = p->mapTo(this, QPoint());
+    return std::pair(donde.x(), donde.y());
+  };
+  for (Parrilla* p : cuerpo_->findChildren<Parrilla*>())
+    if (p->campoBusca()->isVisible() && (!primera || sitio(p) < sitio(primera))) primera = p;
+  return primera;
+}
+
+void Ventana::keyPressEvent(QKeyEvent* evento) {
+  if (evento->matches(QKeySequence::Find)) {
+    if (Parrilla* p = primeraLista()) return p->irABuscar();
+  }
+  if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter)
+    return pulsarBoton(*evento);
+  if (evento->key() == Qt::Key_F10 && evento->modifiers() == Qt::ShiftModifier && focusWidget())
+    return pedirMenu(*focusWidget());
+  if (evento->key() != Qt::Key_Escape) return QWidget::keyPressEvent(evento);
+  evento->accept();
+  // Who presses it while work is under way wants that stopped; what was done can still be taken
+  // back then.
+  trabajo_->enMarcha() ? trabajo_->parar() : static_cast<void>(close());
+}
+
+// From anywhere in the window, not only from inside of the tabs.
+void Ventana::pasarFicha(int pasos) {
+  const auto todas = cuerpo_->findChildren<QTabWidget*>();
+  const auto fichas = std::ranges::find_if(todas, &QWidget::isVisible);
+  if (fichas == todas.end() || (*fichas)->count() == 0) return;
+  const int cuantas = (*fichas)->count();
+  (*fichas)->setCurrentIndex(((*fichas)->currentIndex() + cuantas + pasos) % cuantas);
+}
+
+// Asked of the control that has the focus before the key itself is.
+bool Ventana::event(QEvent* evento) {
+  if (evento->type() == QEvent::ShortcutOverride) teclea_ = focusWidget();
+  return QWidget::event(evento);
+}
+
+// The button that has the focus, else the one that the form calls its default. A key that a control
+// answered, so that the focus went on, is spent.
+void Ventana::pulsarBoton(QKeyEvent& evento) {
+  evento.accept();
+  if (cerrada_ || teclea_ != focusWidget()) return;
+  auto* boton = qobject_cast<QAbstractButton*>(focusWidget());
+  if (!qobject_cast<QPushButton*>(boton) && !qobject_cast<QToolButton*>(boton)) {
+    const auto todos = cuerpo_->findChildren<QPushButton*>();
+    const auto suyo = std::ranges::find_if(
+        todos, [](const QPushButton* b) { return b->isDefault() && b->isVisible(); });
+    boton = suyo == todos.end() ? nullptr : *suyo;
+  }
+  if (boton) boton->click();
+}
+
+// Keyboards without a menu key have Shift+F10 for it.
+void Ventana::pedirMenu(QWidget& control) {
+  const QPoint donde = control.inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+  QContextMenuEvent menu(QContextMenuEvent::Keyboard, donde, control.mapToGlobal(donde));
+  QApplication::sendEvent(&control, &menu);
+}
+
+void Ventana::decirBien(const QString& texto) {
+  tira_->decir(Estado::Bien, texto);
+}
+void Ventana::decirDuda(const QString& texto, const QString& detalle) {
+  tira_->decir(Estado::Duda, texto, detalle);
+}
+void Ventana::decirFallo(const QString& texto, const QString& detalle) {
+  tira_->decir(Estado::Mal, texto, detalle);
+}
+void Ventana::decirFallo(const Error& error) {
+  decirFallo(error.texto, error.numero == 0 ? QString() : QString::number(error.numero));
+}
+
+}  // namespace tarvo::ventanas

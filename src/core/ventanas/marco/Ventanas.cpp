@@ -1,0 +1,134 @@
+#include "core/ventanas/marco/Ventanas.h"
+
+#include <algorithm>
+#include <ranges>
+
+#include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/Recuerdos.h"
+#include "core/ventanas/marco/Retenida.h"
+
+namespace tarvo::ventanas {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString tipoDe(const QString& nombre) {
+  return nombre.section(u'#', 0, 0);
+}
+
+void decirSobre(QWidget* dueno, const Textos& t, const Error& error) {
+  if (auto* v = dueno ? qobject_cast<Ventana*>(dueno->window()) : nullptr)
+    v->decirFallo(error);
+  else
+    MyMsgBox::mostrarFallo(dueno, t, error.texto, {},
+                           error.numero ? QString::number(error.numero) : QString());
+}
+
+}  // namespace
+
+Ventanas::~Ventanas() {
+  // Those that wait for the event loop to let them go would outlive what they stand on.
+  for (const QPointer<Ventana>& v : idas_) delete v.data();
+  for (Ventana* v : std::exchange(abiertas_, {})) delete v;
+}
+
+void Ventanas::registrar(const QString& nombre, Fabrica fabrica, Argumentos muestra) {
+  registradas_[nombre] = {std::move(fabrica), std::move(muestra)};
+}
+
+bool Ventanas::conoce(const QString& nombre) const {
+  return registradas_.contains(tipoDe(nombre));
+}
+
+QStringList Ventanas::nombres() const {
+  QStringList lista;
+  for (const auto& [nombre, entrada] : registradas_) lista << nombre;
+  return lista;
+}
+
+const Argumentos& Ventanas::muestra(const QString& nombre) const {
+  static const Argumentos kNinguno;
+  const auto hallada = registradas_.find(tipoDe(nombre));
+  return hallada == registradas_.end() ? kNinguno : hallada->second.muestra;
+}
+
+Ventana* Ventanas::cargada(const QString& nombre) const {
+  const auto hallada = std::ranges::find(abiertas_, nombre, &Ventana::nombre);
+  return hallada == abiertas_.end() ? nullptr : *hallada;
+}
+
+std::vector<Ventana*> Ventanas::abiertas() const {
+  return abiertas_;
+}
+
+// The window, made and prepared; null when the failure has been said.
+Ventana* Ventanas::hacer(const QString& nombre, QWidget* dueno, const Argumentos& argumentos) {
+  const auto entrada = registradas_.find(tipoDe(nombre));
+  if (entrada == registradas_.end()) {
+    decirSobre(dueno, contexto_->textos,
+               {Fallo::NoExiste, 0, contexto_->textos(kTxSinVentana).arg(nombre)});
+    return nullptr;
+  }
+  Ventana* v = cargada(nombre);
+  const bool nueva = v == nullptr;
+  if (nueva) v = entrada->second.fabrica(*contexto_, nombre);
+  // Preparing may ask, and what asks lets windows go.
+  const Retenida mientras(dueno), ella(v);
+  if (const auto hecho = v->preparar(argumentos); !hecho) {
+    if (nueva) delete v;
+    decirSobre(nueva ? dueno : v, contexto_->textos, hecho.error());
+    return nullptr;
+  }
+  if (v->cerrada_) return nullptr;
+  if (nueva) {
+    abiertas_.push_back(v);
+    connect(v, &Ventana::descargada, this, &Ventanas::quitar);
+  }
+  return v;
+}
+
+Ventana* Ventanas::abrir(const QString& nombre, QWidget* dueno, const Argumentos& argumentos) {
+  Ventana* v = hacer(nombre, dueno, argumentos);
+  if (!v) return nullptr;
+  v->mostrarSobre(dueno);
+  Q_EMIT abierta(v);
+  return v;
+}
+
+bool Ventanas::abrirModal(const QString& nombre, QWidget* dueno, const Argumentos& argumentos) {
+  Ventana* v = hacer(nombre, dueno, argumentos);
+  if (!v) return false;
+  if (dueno) v->dueno_ = dueno->window();
+  Q_EMIT abierta(v);
+  return v->ejecutar();
+}
+
+void Ventanas::quitar(const QString& nombre) {
+  std::erase_if(idas_, [](const QPointer<Ventana>& v) { return v.isNull(); });
+  idas_.emplace_back(cargada(nombre));
+  std::erase_if(abiertas_, [&](const Ventana* v) { return v->nombre() == nombre; });
+  // What a window remembers is no reason to disturb anybody when it can't be written.
+  static_cast<void>(contexto_->recuerdos.guardar());
+  Q_EMIT descargada(nombre);
+  if (abiertas_.empty()) Q_EMIT vacio();
+}
+
+bool Ventanas::descargar(const QString& nombre) {
+  Ventana* v = cargada(nombre);
+  return !v || v->descargar();
+}
+
+bool Ventanas::DescargaTodo(const Ventana* menos) {
+  if (!descargar(u"gestcomm"_s)) return true;
+  // The last one first: one that stays keeps those that it was opened from.
+  const auto todas = abiertas();
+  for (Ventana* v : std::views::reverse(todas)) {
+    const bool sigue = std::ranges::find(abiertas_, v) != abiertas_.end();
+    if (sigue && v != menos && v->nombre() != u"Cronos" && !v->descargar()) return true;
+  }
+  return false;
+}
+
+}  // namespace tarvo::ventanas

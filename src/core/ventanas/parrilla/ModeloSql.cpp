@@ -1,0 +1,365 @@
+#include "core/ventanas/parrilla/ModeloSql.h"
+
+#include <algorithm>
+
+namespace tarvo::ventanas {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPrimeras = 2048;  // rows that show at once
+constexpr int kFilasPagina = 128;
+constexpr size_t kPaginas = 48;  // held at a time
+constexpr qint64 kTodas = std::numeric_limits<qint64>::max();
+
+QString entreParentesis(const QString& filtro) {
+  return filtro.isEmpty() ? QString() : u" WHERE ("_s + filtro + u')';
+}
+
+// The filter must not lead the search: a period has half a million rows, and the keys are few.
+QString conClaves(const Origen& o, const QString& que, const QString& clave, int cuantas) {
+  QString sql = u"SELECT "_s + que + u" FROM "_s + o.desde + u" WHERE "_s;
+  if (!o.filtro.isEmpty()) sql += u"iif("_s + o.filtro + u", 1, 0) AND "_s;
+  sql += clave + u" IN (?"_s;
+  for (int i = 1; i < cuantas; ++i) sql += u",?"_s;
+  return sql + u')';
+}
+
+Resultado<std::vector<ModeloParrilla::Clave>> leerClaves(dao::Database& db, const Origen& o,
+                                                         const QString& orden, qint64 cuantas) {
+  std::vector<dao::Valor> valores = o.parametros;
+  valores.emplace_back(cuantas);
+  TARVO_TOMAR(const auto rs, db.OpenQuery(u"SELECT "_s + o.clave + u" FROM "_s + o.desde +
+                                              entreParentesis(o.filtro) + orden + u" LIMIT ?"_s,
+                                          valores));
+  std::vector<ModeloParrilla::Clave> lista;
+  for (; !rs->Eof(); static_cast<void>(rs->MoveNext())) lista.push_back(rs->entero(0));
+  return lista;
+}
+
+}  // namespace
+
+struct ModeloSql::Pagina {
+  std::vector<std::vector<dao::Valor>> filas;  // empty where the row has gone meanwhile
+};
+
+ModeloSql::ModeloSql(std::vector<Columna> columnas, const Contexto& c, QObject* padre)
+    : ModeloParrilla(std::move(columnas), c.textos, Formato(c.ajustes), padre),
+      db_(c.db),
+      cuenta_(c, *this),
+      suma_(c, *this) {}
+
+ModeloSql::~ModeloSql() {
+  soltarCopia();
+}
+
+Resultado<> ModeloSql::abrir(Origen origen) {
+  return leer(std::move(origen), columnaOrden_, sentido_, false);
+}
+
+Resultado<> ModeloSql::refrescar() {
+  if (origen_.desde.isEmpty()) return {};
+  return leer(origen_, columnaOrden_, sentido_, rowCount() >= kPrimeras);
+}
+
+Resultado<> ModeloSql::ordenar(int columna, Qt::SortOrder sentido) {
+  if (origen_.desde.isEmpty()) return {};  // nothing is open yet
+  if (columna >= 0 && !columnas_[static_cast<size_t>(columna)].ordenable) return {};
+  return leer(origen_, columna, sentido, rowCount() >= kPrimeras);
+}
+
+// `todas`: at once, so that what is chosen and the row in view can be found among them.
+Resultado<> ModeloSql::leer(Origen nuevo, int columna, Qt::SortOrder sentido, bool todas) {
+  Q_EMIT vaARenovar();
+  auto hecho = releer(std::move(nuevo), columna, sentido, todas);
+  Q_EMIT renovado();
+  return hecho;
+}
+
+// Reads the first keys by the new origin; only when that worked does anything change.
+Resultado<> ModeloSql::releer(Origen nuevo, int columna, Qt::SortOrder sentido, bool todas) {
+  Lectura l{nuevo, {}, {}};
+  if (nuevo.clave.isEmpty()) {
+    TARVO_TOMAR(auto copia, copiar(nuevo));
+    l = std::move(copia);
+  }
+  l.orden = ordenDe(l, columna, sentido);
+  auto primeras = leerClaves(db_, l.origen, l.orden, todas ? kTodas : kPrimeras);
+  if (!primeras) {
+    static_cast<void>(soltar(l.tabla));
+    return std::unexpected(primeras.error());
+  }
+  beginResetModel();
+  soltarCopia();
+  origen_ = std::move(nuevo);
+  lectura_ = std::move(l);
+  columnaOrden_ = columna;
+  sentido_ = sentido;
+  claves_ = std::move(*primeras);
+  paginas_.clear();
+  recientes_.clear();
+  donde_.clear();
+  contando_ = !todas && static_cast<int>(claves_.size()) == kPrimeras;
+  endResetModel();
+  cuenta_.olvidar();
+  suma_.olvidar();
+  if (contando_) contarAparte();
+  Q_EMIT recuento();
+  return {};
+}
+
+// By the column, and by the key where that says nothing, so that no row stands twice or not at all.
+QString ModeloSql::ordenDe(const Lectura& l, int columna, Qt::SortOrder sentido) const {
+  QString orden = l.origen.orden;
+  if (columna >= 0) {
+    const Columna& c = columnas_[static_cast<size_t>(columna)];
+    const QString propia =
+        l.tabla.isEmpty() ? (c.orden.isEmpty() ? c.campo : c.orden) : campoDe(l, columna);
+    orden = propia + (sentido == Qt::DescendingOrder ? u" DESC"_s : QString());
+  }
+  if (!orden.isEmpty()) orden += u", "_s;
+  return u" ORDER BY "_s + orden + l.origen.clave;
+}
+
+QString ModeloSql::campoDe(const Lectura& l, int columna) const {
+  return l.tabla.isEmpty() ? columnas_[static_cast<size_t>(columna)].campo
+                           : u'c' + QString::number(columna);
+}
+
+QString ModeloSql::listaColumnas(const Lectura& l) const {
+  QString lista = l.origen.clave;
+  for (int c = 0; c < columnCount(); ++c) lista += u", "_s + campoDe(l, c);
+  return lista;
+}
+
+// Rows without a key of their own go to a table of this connection alone, in the order of the
+// origin.
+Resultado<ModeloSql::Lectura> ModeloSql::copiar(const Origen& o) {
+  const QString tabla =
+      u"parrilla_%1_%2"_s.arg(reinterpret_cast<quintptr>(this), 0, 36).arg(++serie_);
+  QString definicion = u"CREATE TEMP TABLE "_s + tabla + u" (k INTEGER PRIMARY KEY"_s;
+  QString destino, lista;
+  for (int c = 0; c < columnCount(); ++c) {
+    const QString nombre = u'c' + QString::number(c);
+    definicion += u", "_s + nombre;
+    if (columnas_[static_cast<size_t>(c)].clase == Clase::Texto)
+      definicion += u" COLLATE tarvo_orden"_s;
+    destino += (c ? u", "_s : QString()) + nombre;
+    lista += (c ? u", "_s : QString()) + columnas_[static_cast<size_t>(c)].campo;
+  }
+  TARVO_INTENTAR(db_.Execute(definicion + u", identidad)"_s));
+  QString sql = u"INSERT INTO "_s + tabla + u" ("_s + destino + u", identidad) SELECT "_s + lista +
+                u", "_s + (o.identidad.isEmpty() ? u"NULL"_s : o.identidad) + u" FROM "_s +
+                o.desde + entreParentesis(o.filtro);
+  if (!o.agrupado.isEmpty()) sql += u" GROUP BY "_s + o.agrupado;
+  if (!o.orden.isEmpty()) sql += u" ORDER BY "_s + o.orden;
+  if (const auto hecho = db_.Execute(sql, o.parametros); !hecho) {
+    static_cast<void>(soltar(tabla));
+    return std::unexpected(hecho.error());
+  }
+  Origen copia{.desde = tabla,
+               .filtro = {},
+               .parametros = {},
+               .clave = u"k"_s,
+               .agrupado = {},
+               .identidad = u"identidad"_s,
+               .orden = {}};
+  return Lectura{std::move(copia), tabla, {}};
+}
+
+Resultado<> ModeloSql::soltar(const QString& tabla) {
+  if (tabla.isEmpty()) return {};
+  TARVO_INTENTAR(db_.Execute(u"DROP TABLE "_s + tabla));
+  return {};
+}
+
+// A copy that stays goes with the connection.
+void ModeloSql::soltarCopia() {
+  static_cast<void>(soltar(lectura_.tabla));
+  lectura_.tabla.clear();
+}
+
+// Another connection sees neither a copy nor what isn't committed.
+bool ModeloSql::aparte() const {
+  return lectura_.tabla.isEmpty() && db_.profundidad() == 0;
+}
+
+void ModeloSql::contarAparte() {
+  const auto decir = [this](const Resultado<>& hecho) {
+    if (!hecho) Q_EMIT fallido(hecho.error());
+  };
+  if (!aparte()) {
+    QMetaObject::invokeMethod(this, [=, this] { decir(contarTodo()); }, Qt::QueuedConnection);
+    return;
+  }
+  cuenta_.preguntar<std::vector<Clave>>(
+      [o = lectura_.origen, orden = lectura_.orden](dao::Database& db) {
+        return leerClaves(db, o, orden, kTodas);
+      },
+      [=, this](Resultado<std::vector<Clave>> todas) { decir(contadas(std::move(todas))); });
+}
+
+// Behind the first ones come the others; all anew when something changed in between.
+Resultado<> ModeloSql::contadas(Resultado<std::vector<Clave>> todas) {
+  contando_ = false;
+  if (todas && (todas->size() < claves_.size() ||
+                !std::equal(claves_.begin(), claves_.end(), todas->begin())))
+    return leer(origen_, columnaOrden_, sentido_, true);
+  if (todas && todas->size() > claves_.size()) {
+    const int antes = rowCount();
+    beginInsertRows({}, antes, static_cast<int>(todas->size()) - 1);
+    claves_ = std::move(*todas);
+    paginas_.erase((antes - 1) / kFilasPagina);
+    std::erase(recientes_, (antes - 1) / kFilasPagina);
+    donde_.clear();
+    endInsertRows();
+  }
+  Q_EMIT recuento();
+  if (!todas) return std::unexpected(todas.error());
+  return {};
+}
+
+Resultado<> ModeloSql::contarTodo() {
+  if (!contando_) return {};
+  cuenta_.olvidar();
+  return contadas(leerClaves(db_, lectura_.origen, lectura_.orden, kTodas));
+}
+
+int ModeloSql::rowCount(const QModelIndex& padre) const {
+  return padre.isValid() ? 0 : static_cast<int>(claves_.size());
+}
+
+ModeloParrilla::Clave ModeloSql::clave(int fila) const {
+  return claves_[static_cast<size_t>(fila)];
+}
+
+int ModeloSql::filaDe(Clave clave) const {
+  if (donde_.empty()) {
+    donde_.reserve(claves_.size());
+    for (size_t i = 0; i < claves_.size(); ++i) donde_[claves_[i]] = static_cast<int>(i);
+  }
+  const auto hallada = donde_.find(clave);
+  return hallada == donde_.end() ? -1 : hallada->second;
+}
+
+dao::Valor ModeloSql::valor(int fila, int columna) const {
+  const Pagina& p = pagina(fila);
+  const auto& valores = p.filas[static_cast<size_t>(fila % kFilasPagina)];
+  return valores.empty() ? dao::Valor() : valores[static_cast<size_t>(columna)];
+}
+
+// The page of a row, read when it isn't held; the one that was looked at longest ago makes room.
+const ModeloSql::Pagina& ModeloSql::pagina(int fila) const {
+  const int numero = fila / kFilasPagina;
+  if (!recientes_.empty() && recientes_.back() == numero) return *paginas_[numero];
+  std::erase(recientes_, numero);
+  recientes_.push_back(numero);
+  auto& lugar = paginas_[numero];
+  if (lugar) return *lugar;
+  if (recientes_.size() > kPaginas) {
+    paginas_.erase(recientes_.front());
+    recientes_.erase(recientes_.begin());
+  }
+  lugar = std::make_unique<Pagina>(leerPagina(numero));
+  return *lugar;
+}
+
+void ModeloSql::releerFila(int fila) {
+  paginas_.erase(fila / kFilasPagina);
+  std::erase(recientes_, fila / kFilasPagina);
+}
+
+ModeloSql::Pagina ModeloSql::leerPagina(int numero) const {
+  const size_t desde = static_cast<size_t>(numero) * kFilasPagina;
+  const size_t hasta = std::min(claves_.size(), desde + kFilasPagina);
+  std::vector<dao::Valor> valores = lectura_.origen.parametros;
+  std::unordered_map<Clave, size_t> sitio;
+  for (size_t i = desde; i < hasta; ++i) {
+    sitio[claves_[i]] = i - desde;
+    valores.emplace_back(claves_[i]);
+  }
+  // The text is the same for every page, so that it is prepared once: the last key fills it up.
+  while (valores.size() < lectura_.origen.parametros.size() + kFilasPagina)
+    valores.push_back(valores.back());
+  Pagina p;
+  p.filas.resize(kFilasPagina);
+  const auto rs = db_.OpenQuery(
+      conClaves(lectura_.origen, listaColumnas(lectura_), lectura_.origen.clave, kFilasPagina),
+      valores);
+  if (!rs) {
+    Q_EMIT fallido(rs.error());
+    return p;
+  }
+  for (; !(*rs)->Eof(); static_cast<void>((*rs)->MoveNext())) {
+    auto& fila = p.filas[sitio[(*rs)->entero(0)]];
+    fila.reserve(columnas_.size());
+    for (int c = 0; c < columnCount(); ++c) fila.push_back((*rs)->valor(c + 1));
+  }
+  return p;
+}
+
+void ModeloSql::pedirSumas(std::function<void(Resultado<Sumas>)> respuesta) {
+  QStringList lista;
+  std::vector<size_t> sumadas;
+  for (size_t c = 0; c < columnas_.size(); ++c) {
+    if (!columnas_[c].suma) continue;
+    lista << u"sum("_s + campoDe(lectura_, static_cast<int>(c)) + u')';
+    sumadas.push_back(c);
+  }
+  const size_t cuantas = columnas_.size();
+  if (sumadas.empty() || lectura_.origen.desde.isEmpty()) return respuesta(Sumas(cuantas));
+  const auto sumar = [=,
+                      sql = u"SELECT "_s + lista.join(u", "_s) + u" FROM "_s +
+                            lectura_.origen.desde + entreParentesis(lectura_.origen.filtro),
+                      parametros =
+                          lectura_.origen.parametros](dao::Database& db) -> Resultado<Sumas> {
+    TARVO_TOMAR(const auto rs, db.OpenQuery(sql, parametros));
+    Sumas s(cuantas);
+    for (size_t i = 0; i < sumadas.size() && !rs->Eof(); ++i)
+      s[sumadas[i]] = rs->valor(static_cast<int>(i));
+    return s;
+  };
+  if (aparte()) return suma_.preguntar<Sumas>(sumar, std::move(respuesta));
+  suma_.olvidar();
+  respuesta(sumar(db_));
+}
+
+std::vector<dao::Valor> ModeloSql::identidades(const std::vector<int>& filas) const {
+  std::vector<dao::Valor> lista;
+  const QString identidad = lectura_.origen.identidad;
+  if (identidad.isEmpty()) {
+    for (const int f : filas) lista.emplace_back(clave(f));
+    return lista;
+  }
+  const QString sql = conClaves(lectura_.origen, identidad, lectura_.origen.clave, 1);
+  for (const int f : filas) {
+    std::vector<dao::Valor> valores = lectura_.origen.parametros;
+    valores.emplace_back(clave(f));
+    if (const auto rs = db_.OpenQuery(sql, valores); rs && !(*rs)->Eof())
+      lista.push_back((*rs)->valor(0));
+  }
+  return lista;
+}
+
+std::vector<int> ModeloSql::filasDe(const std::vector<dao::Valor>& identidades) const {
+  std::vector<int> filas;
+  const QString identidad = lectura_.origen.identidad;
+  const auto anadir = [&](Clave c) {
+    if (const int f = filaDe(c); f >= 0) filas.push_back(f);
+  };
+  const QString sql = conClaves(lectura_.origen, lectura_.origen.clave, identidad, 1);
+  for (const dao::Valor& v : identidades) {
+    if (identidad.isEmpty()) {
+      anadir(v.entero());
+      continue;
+    }
+    std::vector<dao::Valor> valores = lectura_.origen.parametros;
+    valores.push_back(v);
+    if (const auto rs = db_.OpenQuery(sql, valores); rs && !(*rs)->Eof()) anadir((*rs)->entero(0));
+  }
+  std::ranges::sort(filas);
+  return filas;
+}
+
+}  // namespace tarvo::ventanas

@@ -1,0 +1,95 @@
+// Writing into cells: which key opens one, what Enter and Tab lead to, and what happens to what was
+// refused.
+#include <QKeyEvent>
+#include <utility>
+
+#include "core/ventanas/parrilla/ParrillaInterior.h"
+
+namespace tarvo::ventanas {
+
+// Fields that were closed wait for the event loop to let them go.
+QLineEdit* Parrilla::Interior::campoAbierto() const {
+  const auto campos = yo.vista_->viewport()->findChildren<QLineEdit*>(QStringLiteral("celda"));
+  const auto abierto =
+      std::ranges::find_if(campos, [](const QLineEdit* campo) { return !campo->isHidden(); });
+  return abierto == campos.end() ? nullptr : *abierto;
+}
+
+bool Parrilla::Interior::editar(const QModelIndex& celda, std::optional<QString> texto) {
+  if (!celda.isValid() || !(celda.flags() & Qt::ItemIsEditable)) return false;
+  if (texto) delegado->empezarCon(*texto);
+  yo.vista_->setCurrentIndex(celda);
+  yo.vista_->edit(celda);
+  QLineEdit* campo = campoAbierto();
+  if (campo && texto) campo->end(false);  // the view has chosen it all
+  return campo != nullptr;
+}
+
+bool Parrilla::editarCelda() {
+  const QModelIndex actual = vista_->currentIndex();
+  if (d->editar(actual)) return true;
+  for (const int columna : d->columnasVistas())
+    if (actual.isValid() && d->editar(actual.siblingAtColumn(columna))) return true;
+  return false;
+}
+
+bool Parrilla::editando() const {
+  return d->campoAbierto() != nullptr;
+}
+
+void Parrilla::setEscribeAlTeclear(bool si) {
+  d->escribeAlTeclear = si;
+}
+
+bool Parrilla::Interior::teclaEdicion(const QKeyEvent& e) {
+  const QModelIndex celda = yo.vista_->currentIndex();
+  if (!celda.isValid() || !(celda.flags() & Qt::ItemIsEditable)) return false;
+  const bool intro = e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter;
+  if (e.key() == Qt::Key_F2 || (intro && !escribeAlTeclear)) return editar(celda);
+  const Columna& columna = columnas[static_cast<size_t>(celda.column())];
+  const bool letra = !(e.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) &&
+                     !e.text().isEmpty() && e.text()[0].isPrint();
+  if (!escribeAlTeclear || !letra || !seTeclea(columna, e.text())) return false;
+  return editar(celda, e.text());
+}
+
+// Tab goes on to the next cell that can be written into, in its row and then in the next one.
+void Parrilla::Interior::seguirEditando(int pasos) {
+  const QModelIndex actual = yo.vista_->currentIndex();
+  if (pasos == 0) {
+    Q_EMIT yo.escrita(actual.row());
+    return;
+  }
+  const auto vistas = columnasVistas();
+  const auto aqui = std::ranges::find(vistas, actual.column());
+  if (aqui == vistas.end()) return;
+  const auto cuantas = static_cast<int>(vistas.size());
+  int sitio = actual.row() * cuantas + static_cast<int>(aqui - vistas.begin());
+  for (int i = 0; i < cuantas; ++i) {
+    sitio += pasos;
+    if (sitio < 0 || sitio / cuantas >= yo.filas()) return;
+    if (editar(yo.modelo()->index(sitio / cuantas, vistas[static_cast<size_t>(sitio % cuantas)])))
+      return;
+  }
+}
+
+// The field stays, or opens again with what was typed when the focus had gone on already.
+void Parrilla::Interior::rechazar(const QModelIndex& celda, const QString& texto,
+                                  const Error& error) {
+  rechazado = true;
+  avisar(error);
+  QMetaObject::invokeMethod(
+      &yo,
+      [this, sitio = QPersistentModelIndex(celda), texto, de = escritas] {
+        const bool pendiente = de == escritas && !yo.editando();
+        if (pendiente && yo.isVisible() && sitio.isValid()) editar(sitio, texto);
+      },
+      Qt::QueuedConnection);
+}
+
+void Parrilla::Interior::resolver() {
+  decir({});
+  if (std::exchange(rechazado, false)) Q_EMIT yo.resuelto();
+}
+
+}  // namespace tarvo::ventanas

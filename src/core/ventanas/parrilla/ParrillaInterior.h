@@ -1,0 +1,95 @@
+// The inside of a grid, shared by the files that make it. Nobody else includes it.
+#pragma once
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QTableView>
+#include <QToolButton>
+
+#include "core/ventanas/marco/Contexto.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
+#include "core/ventanas/parrilla/Delegado.h"
+#include "core/ventanas/parrilla/Parrilla.h"
+#include "core/ventanas/parrilla/Pie.h"
+
+namespace tarvo::ventanas {
+
+struct Parrilla::Interior {
+  // What is kept over a change of all rows.
+  struct Guardado {
+    std::vector<dao::Valor> elegidas;
+    dao::Valor actual;
+    int columna = 0;
+    int desplazada = 0;
+    bool habia = false;
+  };
+
+  explicit Interior(Parrilla& p) : yo(p) {}
+
+  void montar();
+  void hacerAcciones();
+  void ponerModelo(ModeloParrilla* modelo);
+  int anchoInicial(int columna) const;
+  void colocarColumnas();
+  void leerColumnas();
+  void estirar();
+  QString nombreMemoria() const;
+  void guardar();
+  void reponer();
+  void contar();
+  void pintarPie();
+  void pintarVacia();
+  void menuContexto(const QPoint& donde);
+  void menuColumnas(const QPoint& global);
+  void alternarColumna(int columna, bool visible);
+  void moverColumna(int pasos);
+  bool tecla(QKeyEvent& evento);
+  void saltar(const QString& texto);
+  QLineEdit* campoAbierto() const;
+  bool editar(const QModelIndex& celda, std::optional<QString> texto = {});
+  bool teclaEdicion(const QKeyEvent& evento);
+  void seguirEditando(int pasos);
+  void resolver();
+  void ceder();
+  void rechazar(const QModelIndex& celda, const QString& texto, const Error& error);
+  void buscarDesde(const QString& texto, ModeloParrilla::Busca como,
+                   const std::vector<int>& columnas, int desde);
+  std::vector<int> columnasVistas() const;  // in the order shown
+  void decir(const QString& texto);
+  void avisar(Error error);
+  QString t(int numero) const { return c->textos(numero); }
+
+  Parrilla& yo;
+  Contexto* c = nullptr;
+  QString ventana;
+  std::vector<Columna> columnas;
+  std::optional<int> moneda;
+  QHBoxLayout* filtros = nullptr;
+  QWidget* arriba = nullptr;
+  QLineEdit* busca = nullptr;
+  Pie* pie = nullptr;
+  QLabel* cuenta = nullptr;
+  QLabel* aviso = nullptr;
+  QWidget* vacia = nullptr;
+  QLabel* vaciaTexto = nullptr;
+  QToolButton* vaciaBoton = nullptr;
+  TiraTrabajo* trabajo = nullptr;
+  QList<QAction*> acciones;
+  QAction *copiar = nullptr, *todo = nullptr, *refrescar = nullptr, *elegirColumnas = nullptr,
+          *exportar = nullptr, *buscarSiguiente = nullptr;
+  Guardado guardado;
+  Delegado* delegado = nullptr;
+  bool escribeAlTeclear = false;
+  int escritas = 0;        // cells written so far
+  bool rechazado = false;  // a refusal stands
+  QString tecleado;
+  qint64 ultimaTecla = 0;
+  bool conPie = true, conBusca = true, colocando = false;
+  bool exportando = false;
+  bool elasticas = true;                // the person has set no width, order or column yet
+  std::unique_ptr<Temporizador> sumar;  // sums wait for the list to be at rest
+};
+
+}  // namespace tarvo::ventanas

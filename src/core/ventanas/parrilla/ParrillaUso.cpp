@@ -1,0 +1,284 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QMenu>
+
+#include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Retenida.h"
+#include "core/ventanas/parrilla/Exportar.h"
+#include "core/ventanas/parrilla/ParrillaInterior.h"
+
+namespace tarvo::ventanas {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPausaTeclas = 1000;  // ms after which letters begin a new word
+constexpr int kFilasCopia = 20000;  // more go to a file
+constexpr int kReposoSumas = 60;    // ms without a change before sums are reckoned
+
+QString conPuntos(qint64 n) {
+  return QLocale(QLocale::Spanish).toString(n);
+}
+
+}  // namespace
+
+std::vector<int> Parrilla::Interior::columnasVistas() const {
+  std::vector<int> vistas;
+  const QHeaderView* h = yo.vista_->horizontalHeader();
+  for (int v = 0; v < h->count(); ++v)
+    if (!h->isSectionHidden(h->logicalIndex(v))) vistas.push_back(h->logicalIndex(v));
+  return vistas;
+}
+
+void Parrilla::Interior::decir(const QString& texto) {
+  aviso->setText(texto);
+  aviso->setToolTip(texto);
+}
+
+// The window says it.
+void Parrilla::Interior::avisar(Error error) {
+  decir({});
+  Q_EMIT yo.fallo(error);
+}
+
+void Parrilla::Interior::contar() {
+  if (!c) return;
+  QString texto = yo.filas() == 0 ? t(kTxNingunaFila) : Plural(t(kTxFilas), yo.filas());
+  texto.replace(QString::number(yo.filas()), conPuntos(yo.filas()));
+  if (yo.contando()) texto += u' ' + t(kTxContando);
+  qint64 elegidas = 0;
+  if (yo.modelo())
+    for (const QItemSelectionRange& r : yo.vista_->selectionModel()->selection())
+      elegidas += r.height();
+  if (elegidas > 1) texto += u"  ·  "_s + Plural(t(kTxElegidas), static_cast<int>(elegidas));
+  cuenta->setText(texto);
+  pintarVacia();
+  if (sumar && !yo.contando()) sumar->unaVez(kReposoSumas);
+}
+
+void Parrilla::Interior::pintarPie() {
+  if (!conPie || !yo.modelo() || yo.contando()) return pie->poner({}, c ? t(kTxSuma) : QString());
+  yo.modelo()->pedirSumas([this](const Resultado<ModeloParrilla::Sumas>& sumas) {
+    QStringList textos;
+    if (!sumas) avisar(sumas.error());
+    for (size_t i = 0; sumas && i < columnas.size(); ++i)
+      textos << (columnas[i].suma
+                     ? yo.modelo()->formato().ver(columnas[i],
+                                                  (*sumas)[i].nulo() ? dao::Valor(0) : (*sumas)[i],
+                                                  columnas[i].cada)
+                     : QString());
+    pie->poner(textos, t(kTxSuma));
+  });
+}
+
+void Parrilla::Interior::pintarVacia() {
+  vacia->setVisible(c && yo.modelo() && yo.filas() == 0);
+  vacia->setGeometry(yo.vista_->viewport()->rect());
+}
+
+void Parrilla::Interior::menuContexto(const QPoint& donde) {
+  const Retenida mientras(&yo);
+  QMenu menu(&yo);
+  menu.addActions(acciones);
+  if (!acciones.isEmpty()) menu.addSeparator();
+  menu.addActions({copiar, todo, refrescar, exportar});
+  menu.addSeparator();
+  menu.addAction(elegirColumnas);
+  menu.exec(donde);
+}
+
+// One entry a column; the last that is left can't be hidden.
+void Parrilla::Interior::menuColumnas(const QPoint& donde) {
+  const Retenida mientras(&yo);
+  QMenu menu(&yo);
+  menu.setObjectName(u"menuColumnas"_s);
+  QHeaderView* h = yo.vista_->horizontalHeader();
+  const size_t vistas = columnasVistas().size();
+  for (int v = 0; v < h->count(); ++v) {
+    const int i = h->logicalIndex(v);
+    if (columnas[static_cast<size_t>(i)].soloDato) continue;
+    QAction* a = menu.addAction(t(columnas[static_cast<size_t>(i)].titulo).trimmed());
+    a->setCheckable(true);
+    a->setChecked(!h->isSectionHidden(i));
+    a->setEnabled(vistas > 1 || h->isSectionHidden(i));
+    connect(a, &QAction::toggled, &yo, [this, i](bool si) { alternarColumna(i, si); });
+  }
+  menu.exec(donde);
+}
+
+void Parrilla::Interior::alternarColumna(int columna, bool visible) {
+  elasticas = false;
+  yo.vista_->horizontalHeader()->setSectionHidden(columna, !visible);
+  pie->update();
+}
+
+void Parrilla::elegirColumnas() {
+  if (modelo()) d->menuColumnas(vista_->horizontalHeader()->mapToGlobal(QPoint(0, 0)));
+}
+
+void Parrilla::Interior::moverColumna(int pasos) {
+  QHeaderView* h = yo.vista_->horizontalHeader();
+  const auto vistas = columnasVistas();
+  const auto donde = std::ranges::find(vistas, yo.vista_->currentIndex().column());
+  if (donde == vistas.end()) return;
+  const auto otra = (donde - vistas.begin()) + pasos;
+  if (otra < 0 || otra >= static_cast<ptrdiff_t>(vistas.size())) return;
+  elasticas = false;
+  h->moveSection(h->visualIndex(*donde), h->visualIndex(vistas[static_cast<size_t>(otra)]));
+}
+
+bool Parrilla::Interior::tecla(QKeyEvent& e) {
+  // The view would copy its current cell alone.
+  if (e.matches(QKeySequence::Copy)) {
+    yo.copiar();
+    return true;
+  }
+  if (e.key() == Qt::Key_Escape && trabajo->enMarcha()) {
+    trabajo->parar();
+    return true;
+  }
+  if (teclaEdicion(e)) return true;
+  const auto mandos = e.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+  if (e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter) {
+    if (yo.filaActual() >= 0) Q_EMIT yo.activada(yo.filaActual());
+    return true;
+  }
+  if (mandos == Qt::ControlModifier && (e.modifiers() & Qt::ShiftModifier) &&
+      (e.key() == Qt::Key_Left || e.key() == Qt::Key_Right)) {
+    moverColumna(e.key() == Qt::Key_Left ? -1 : 1);
+    return true;
+  }
+  const bool letra = mandos == Qt::NoModifier && !e.text().isEmpty() && e.text()[0].isPrint();
+  if (!letra || (e.text() == u" " && tecleado.isEmpty())) return false;
+  const qint64 ahora = c->reloj.monotono();
+  if (ahora - ultimaTecla > kPausaTeclas) tecleado.clear();
+  ultimaTecla = ahora;
+  tecleado += e.text();
+  saltar(tecleado);
+  return true;
+}
+
+// Letters typed on the list itself. The first looks behind the present row, so that the same letter
+// again goes on; more of them may find the present row still right.
+void Parrilla::Interior::saltar(const QString& texto) {
+  if (!yo.modelo() || yo.filas() == 0) return;
+  const auto vistas = columnasVistas();
+  if (vistas.empty()) return;
+  const int actual = yo.vista_->currentIndex().column();
+  const int columna = std::ranges::find(vistas, actual) != vistas.end() ? actual : vistas.front();
+  const int desde = yo.filaActual() + (texto.size() == 1 ? 1 : 0);
+  buscarDesde(texto, ModeloParrilla::Busca::Empieza, {columna}, std::max(0, desde));
+}
+
+void Parrilla::irABuscar() {
+  d->busca->setFocus();
+  d->busca->selectAll();
+}
+
+void Parrilla::buscar(const QString& texto) {
+  if (!modelo() || texto.isEmpty()) return;
+  d->buscarDesde(texto, ModeloParrilla::Busca::Contiene, d->columnasVistas(), filaActual() + 1);
+}
+
+// Forward to the end, and from the beginning back to where it started.
+void Parrilla::Interior::buscarDesde(const QString& texto, ModeloParrilla::Busca como,
+                                     const std::vector<int>& cuales, int desde) {
+  trabajo->parar();
+  if (yo.sql_ && !yo.sql_->contarTodo()) return;
+  decir({});
+  const int cuantas = yo.filas();
+  auto hallada = std::make_shared<int>(-1);
+  auto vistas = std::make_shared<int>(0);
+  const auto paso = [=, this](Trabajo::Avance& a) -> Resultado<bool> {
+    a.total = cuantas;
+    if (yo.filas() != cuantas || *vistas >= cuantas) return false;
+    const int fila = (desde + *vistas) % cuantas;
+    const auto h = yo.modelo()->buscar(texto, como, cuales, fila);
+    // Behind the starting row again: all has been seen.
+    *vistas += std::max(1, (h.fila >= 0 ? h.fila + 1 : h.siguiente) - fila);
+    a.hechos = std::min(*vistas, cuantas);
+    if (h.fila >= 0) *hallada = h.fila;
+    return h.fila < 0 && *vistas < cuantas;
+  };
+  trabajo->empezar(t(kTxBuscando).arg(texto), paso, [=, this](const Resultado<Trabajo::Fin>& fin) {
+    if (*hallada >= 0)
+      yo.irA(*hallada);
+    else if (fin && *fin == Trabajo::Fin::Acabado)
+      decir(t(kTxNoHallado).arg(texto));
+  });
+}
+
+void Parrilla::copiar() {
+  const auto filas = filasParaActuar();
+  if (filas.empty()) return;
+  if (static_cast<int>(filas.size()) > kFilasCopia)
+    return d->avisar({Fallo::Restriccion, 0, d->t(kTxDemasiadasFilas).arg(conPuntos(kFilasCopia))});
+  const auto columnas = d->columnasVistas();
+  QString texto;
+  for (const int fila : filas) {
+    QStringList celdas;
+    for (const int columna : columnas)
+      celdas << modelo()->texto(fila, columna).replace(u'\t', u' ').replace(u'\n', u' ');
+    texto += celdas.join(u'\t') + u'\n';
+  }
+  QApplication::clipboard()->setText(texto);
+}
+
+void Parrilla::exportar() {
+  if (!modelo()) return;
+  const Retenida mientras(this);
+  const QString ruta = QFileDialog::getSaveFileName(
+      window(), d->t(kTxExportar),
+      d->c->ajustes.carpeta + u'/' + d->ventana.section(u'#', 0, 0) + u".xlsx"_s,
+      d->t(kTxTiposExportar));
+  if (!ruta.isEmpty()) exportarEn(ruta);
+}
+
+void Parrilla::exportarEn(const QString& ruta) {
+  if (!modelo()) return;
+  d->trabajo->parar();
+  if (sql_)
+    if (const auto hecho = sql_->contarTodo(); !hecho) return d->avisar(hecho.error());
+  auto paso = ventanas::exportar({modelo(), d->columnasVistas(), ruta, window()->windowTitle()});
+  if (!paso) return d->avisar(paso.error());
+  d->exportando = true;
+  d->trabajo->empezar(d->t(kTxExportando), std::move(*paso),
+                      [this, ruta](const Resultado<Trabajo::Fin>& fin) {
+                        d->exportando = false;
+                        if (!fin) return d->avisar(fin.error());
+                        if (*fin == Trabajo::Fin::Parado) return d->decir(d->t(kTxParado));
+                        d->decir(d->t(kTxExportado).arg(ruta));
+                        Q_EMIT exportado(ruta);
+                      });
+}
+
+bool Parrilla::eventFilter(QObject* objeto, QEvent* evento) {
+  if (objeto == vista_->viewport() && evento->type() == QEvent::Resize) {
+    d->pintarVacia();
+    d->estirar();
+  }
+  if (evento->type() != QEvent::KeyPress || !d->c) return QWidget::eventFilter(objeto, evento);
+  auto& tecla = static_cast<QKeyEvent&>(*evento);
+  if (objeto == vista_) return d->tecla(tecla);
+  if (objeto != d->busca) return false;
+  // Return is for this field: the window's default button doesn't get it.
+  if (tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter) {
+    buscar(d->busca->text());
+    return true;
+  }
+  // Escape leaves the field before it leaves the window; the arrows lead to the list.
+  const bool deja = tecla.key() == Qt::Key_Escape || tecla.key() == Qt::Key_Down;
+  if (!deja) return false;
+  if (tecla.key() == Qt::Key_Escape) d->busca->clear();
+  vista_->setFocus();
+  return true;
+}
+
+}  // namespace tarvo::ventanas

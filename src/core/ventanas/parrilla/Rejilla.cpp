@@ -1,0 +1,47 @@
+#include "core/ventanas/parrilla/Rejilla.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+
+namespace tarvo::ventanas {
+
+Rejilla::Rejilla(QWidget* padre, std::function<void()> completar)
+    : QTableView(padre), completar_(std::move(completar)) {}
+
+// The first or last one shown, as they stand on the screen; -1 when none is.
+int Rejilla::columnaExtrema(bool ultima) const {
+  const QHeaderView& h = *horizontalHeader();
+  for (int v = 0; v < h.count(); ++v) {
+    const int columna = h.logicalIndex(ultima ? h.count() - 1 - v : v);
+    if (!h.isSectionHidden(columna)) return columna;
+  }
+  return -1;
+}
+
+QModelIndex Rejilla::moveCursor(CursorAction accion, Qt::KeyboardModifiers mandos) {
+  if (!model()) return {};
+  const bool ctrl = mandos & Qt::ControlModifier;
+  const bool fin = accion == MoveEnd || accion == MoveRight;
+  if (accion == MoveHome || accion == MoveEnd) {
+    if (fin) completar_();
+    const int columna =
+        ctrl || !currentIndex().isValid() ? columnaExtrema(fin) : currentIndex().column();
+    return model()->index(fin ? model()->rowCount() - 1 : 0, columna);
+  }
+  if (ctrl && currentIndex().isValid() && (accion == MoveLeft || accion == MoveRight))
+    return currentIndex().siblingAtColumn(columnaExtrema(fin));
+  return QTableView::moveCursor(accion, mandos);
+}
+
+// The end to which one jumps is chosen too: the row in hand is the one that is lit.
+QItemSelectionModel::SelectionFlags Rejilla::selectionCommand(const QModelIndex& indice,
+                                                              const QEvent* evento) const {
+  const bool tecla = evento && evento->type() == QEvent::KeyPress;
+  const auto* e = tecla ? static_cast<const QKeyEvent*>(evento) : nullptr;
+  const bool extremo = e && (e->key() == Qt::Key_Home || e->key() == Qt::Key_End);
+  if (extremo && !(e->modifiers() & Qt::ShiftModifier))
+    return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+  return QTableView::selectionCommand(indice, evento);
+}
+
+}  // namespace tarvo::ventanas

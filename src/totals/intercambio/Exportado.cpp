@@ -1,0 +1,145 @@
+#include "totals/intercambio/Exportado.h"
+
+#include <array>
+
+namespace tarvo::totals {
+
+namespace {
+
+constexpr qsizetype kLargo = 50, kCorto = 42, kAnchoFechas = 19;
+
+// Appends numbers filled with zeros to their columns, and remembers whether all of them fitted.
+class Escritor {
+ public:
+  explicit Escritor(const QString& codigo) : texto_(codigo) {}
+  Escritor& campo(qint64 n, int ancho) {
+    const QString cifras = QString::number(n).mid(n < 0 ? 1 : 0);
+    const int libre = ancho - (n < 0 ? 1 : 0);
+    cabe_ = cabe_ && cifras.size() <= libre;
+    if (n < 0) texto_ += u'-';
+    texto_ += cifras.rightJustified(libre, u'0');
+    return *this;
+  }
+  std::optional<QString> texto() const { return cabe_ ? std::optional(texto_) : std::nullopt; }
+
+ private:
+  QString texto_;
+  bool cabe_ = true;
+};
+
+void claveLarga(Escritor& e, const FilaExport& f) {
+  e.campo(f.GRUPO, 4).campo(f.SECCION, 3);
+  if (f.clase == kOperHora)
+    e.campo(f.CODI, 5).campo(f.HORA, 2);
+  else
+    e.campo(f.CODI, 7);
+}
+
+void claveCorta(Escritor& e, const FilaExport& f) {
+  switch (f.clase) {
+    case kGranTotal:
+      e.campo(f.GRUPO, 6);
+      break;
+    case kDepartamentos:
+      e.campo(f.GRUPO, 2).campo(f.SECCION, 2).campo(f.CODI, 2);
+      break;
+    case kHorario:
+      e.campo(f.GRUPO, 2).campo(0, 2).campo(f.CODI, 2);
+      break;
+    case kOperHora:
+      e.campo(f.GRUPO, 2).campo(f.CODI, 2).campo(f.HORA, 2);
+      break;
+    default:
+      e.campo(f.GRUPO, 2).campo(f.CODI, 4);
+  }
+}
+
+// The place of a number in a line, counted from 0; width 0 for one that isn't there and reads as 0.
+struct Lugar {
+  int desde = 0, ancho = 0;
+};
+struct Clave {
+  Lugar grupo, codi, hora;
+};
+Clave claveDe(int clase, bool corto) {
+  if (!corto)
+    return clase == kOperHora ? Clave{{2, 4}, {9, 5}, {14, 2}} : Clave{{2, 4}, {9, 7}, {}};
+  switch (clase) {
+    case kPLUs:
+      return {{2, 2}, {4, 4}, {}};
+    case kGranTotal:
+      return {{2, 6}, {}, {}};
+    case kHorario:
+      return {{2, 2}, {6, 2}, {}};
+    case kOperHora:
+      return {{2, 2}, {4, 2}, {6, 2}};
+    default:
+      return {{4, 2}, {6, 2}, {}};
+  }
+}
+
+// Digits, with a sign and blanks in front allowed.
+bool leerNumero(QStringView linea, Lugar lugar, qint64& n) {
+  n = 0;
+  if (lugar.ancho == 0) return true;
+  const QStringView t = linea.mid(lugar.desde, lugar.ancho).trimmed();
+  const QStringView cifras = t.startsWith(u'-') || t.startsWith(u'+') ? t.mid(1) : t;
+  for (const QChar c : cifras)
+    if (c < u'0' || c > u'9') return false;
+  bool ok = false;
+  n = t.toLongLong(&ok);
+  return ok;
+}
+
+const ClaseTotal* claseDeCodigo(QStringView codigo, const Ajustes& ajustes) {
+  for (const ClaseTotal& c : enVigor(ajustes))
+    if (codigo == QStringView(c.codigo)) return &c;
+  return nullptr;
+}
+
+}  // namespace
+
+std::optional<QString> lineaExport(const FilaExport& f, bool corto) {
+  Escritor e(CodigoTotales(f.clase));
+  corto ? claveCorta(e, f) : claveLarga(e, f);
+  return e.campo(f.c.IMP, 10).campo(f.c.SCO, 10).campo(f.c.PES, 8).campo(f.c.CON, 6).texto();
+}
+
+std::optional<FilaExport> leerLineaExport(QStringView linea, const Ajustes& ajustes) {
+  if (linea.size() != kLargo && linea.size() != kCorto) return std::nullopt;
+  const ClaseTotal* c = claseDeCodigo(linea.left(2), ajustes);
+  if (!c) return std::nullopt;
+  const bool corto = linea.size() == kCorto;
+  const Clave clave = claveDe(c->numero, corto);
+  const int x = corto ? 8 : 16;
+  FilaExport f;
+  f.clase = c->numero;
+  const bool bien =
+      leerNumero(linea, clave.grupo, f.GRUPO) && leerNumero(linea, clave.codi, f.CODI) &&
+      leerNumero(linea, clave.hora, f.HORA) && leerNumero(linea, {x, 10}, f.c.IMP) &&
+      leerNumero(linea, {x + 10, 10}, f.c.SCO) && leerNumero(linea, {x + 20, 8}, f.c.PES) &&
+      leerNumero(linea, {x + 28, 6}, f.c.CON);
+  return bien ? std::optional(f) : std::nullopt;
+}
+
+QString cabeceraComentario(const Periodo& p, QString descr) {
+  for (QChar& c : descr)
+    if (c == u'\r' || c == u'\n') c = u' ';
+  if (p.tipo == kOtros) return u'*' + descr;
+  return QStringLiteral("*%1-%2").arg(descr, FormatoPeriodo(p.tipo, p.desde));
+}
+
+QString cabeceraFechas(const Periodo& p) {
+  return QStringLiteral("*%1  %2").arg(p.desde.general(), p.hasta.general());
+}
+
+std::optional<std::pair<Fecha, Fecha>> leerFechas(QStringView linea) {
+  const QStringView cuerpo = linea.mid(1);
+  if (!linea.startsWith(u'*') || cuerpo.size() < kAnchoFechas) return std::nullopt;
+  const auto desde = Fecha::leer(cuerpo.left(kAnchoFechas));
+  const auto hasta = Fecha::leer(cuerpo.right(kAnchoFechas));
+  if (!desde || !hasta) return std::nullopt;
+  return std::pair(*desde, *hasta);
+}
+
+}  // namespace tarvo::totals

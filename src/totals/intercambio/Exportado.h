@@ -1,0 +1,29 @@
+// The layouts of the .EXP files as pure functions: a row to a line and a line to a row. Internal to
+// the room; the layouts are described in docs/formatos.md.
+#pragma once
+
+#include <optional>
+
+#include "totals/periodos/Calendario.h"
+#include "totals/periodos/Clases.h"
+
+namespace tarvo::totals {
+
+struct FilaExport {
+  int clase = 0;
+  qint64 GRUPO = 0, SECCION = 0, CODI = 0, HORA = 0;
+  Contadores c;
+};
+
+// The line without its end; nothing when a value doesn't fit its column. A negative value has its
+// sign in the first place of its column.
+std::optional<QString> lineaExport(const FilaExport& f, bool corto);
+// The row of a line of 50 or 42 characters; nothing when it isn't one. SECCION is not read.
+std::optional<FilaExport> leerLineaExport(QStringView linea, const Ajustes& ajustes);
+
+QString cabeceraComentario(const Periodo& p, QString descr);
+QString cabeceraFechas(const Periodo& p);
+// The two dates of a header line, read off its first and last 19 characters behind the star.
+std::optional<std::pair<Fecha, Fecha>> leerFechas(QStringView linea);
+
+}  // namespace tarvo::totals

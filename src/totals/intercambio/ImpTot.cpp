@@ -1,0 +1,227 @@
+#include <array>
+#include <cmath>
+
+#include "core/ajustes/Ficheros.h"
+#include "core/textos/Textos.h"
+#include "totals/TextosTotals.h"
+#include "totals/intercambio/Exportado.h"
+#include "totals/intercambio/XporTot.h"
+#include "totals/periodos/FilasTotales.h"
+
+namespace tarvo::totals {
+
+constexpr qsizetype kLineaMaxima = 1024;  // a longer one is no line of ours
+
+// The lines of a file, one at a time, numbered from 1.
+class Lector {
+ public:
+  explicit Lector(QByteArrayView bytes) : resto_(bytes) {
+    utf8_ = resto_.startsWith("\xEF\xBB\xBF");
+    if (utf8_) resto_ = resto_.sliced(3);
+    siguiente();
+  }
+  bool fin() const { return fin_; }
+  int numero() const { return numero_; }
+  qint64 leidos(qint64 tamano) const { return tamano - resto_.size(); }
+  const QString& linea() const { return linea_; }
+  bool demasiadoLarga() const { return larga_; }
+  bool esCabecera() const { return !fin_ && linea_.startsWith(u'*'); }
+  bool enBlanco() const { return linea_.trimmed().isEmpty() && !larga_; }
+  void siguiente() {
+    fin_ = resto_.isEmpty();
+    linea_.clear();
+    if (fin_) return;
+    ++numero_;
+    const qsizetype n = resto_.indexOf('\n');
+    QByteArrayView cruda = n < 0 ? resto_ : resto_.first(n);
+    resto_ = n < 0 ? QByteArrayView() : resto_.sliced(n + 1);
+    if (cruda.endsWith('\r')) cruda.chop(1);
+    larga_ = cruda.size() > kLineaMaxima;
+    if (!larga_)
+      linea_ = utf8_ ? QString::fromUtf8(cruda) : ficheros::descodificar1252(cruda.toByteArray());
+  }
+
+ private:
+  QByteArrayView resto_;
+  QString linea_;
+  int numero_ = 0;
+  bool utf8_ = false, larga_ = false, fin_ = false;
+};
+
+namespace {
+
+constexpr qint64 kLimiteImport = 256 * 1024 * 1024;
+
+struct Cabecera {
+  Fecha desde, hasta;
+  QString comentario;
+};
+// Two star lines at once, in either order. Nothing when they aren't there; the reader is then on
+// the line at fault. A comment may look like dates: what is written first is the comment.
+std::optional<Cabecera> leerCabecera(Lector& l) {
+  const auto fechas1 = leerFechas(l.linea());
+  const QString primera = l.linea().mid(1);
+  l.siguiente();
+  if (!l.esCabecera()) return std::nullopt;
+  const auto fechas2 = leerFechas(l.linea());
+  if (!fechas1 && !fechas2) return std::nullopt;
+  const auto& f = fechas2 ? *fechas2 : *fechas1;
+  const Cabecera c{f.first, f.second, fechas2 ? primera : l.linea().mid(1)};
+  l.siguiente();
+  return c;
+}
+
+std::unexpected<Error> noReconocible(const Lector& l, const QString& nombre, const Textos& textos) {
+  return fallo(Fallo::Formato, l.fin() ? textos(kTxFinNoReconocible, {nombre})
+                                       : textos(kTxLineaNoReconocible, {nombre, l.numero()}));
+}
+
+// Adds rows to one period, with a kept statement a kind.
+class Sumador {
+ public:
+  Sumador(dao::Database& db, qint64 link) : db_(db), link_(link) {}
+  Resultado<> sumar(const FilaExport& f) {
+    const ClaseTotal& c = *clase(f.clase);
+    auto& s = sentencias_[static_cast<size_t>(f.clase - kPLUs)];
+    if (!s) {
+      TARVO_TOMAR(auto nueva, prepararSuma(db_, c));
+      s = std::move(nueva);
+    }
+    int i = 0;
+    for (const qint64 x : {link_, f.GRUPO, f.CODI}) s->ligar(i++, x);
+    if (c.conHora) s->ligar(i++, f.HORA);
+    for (const qint64 x : {f.c.CON, f.c.PES, f.c.IMP, f.c.SCO}) s->ligar(i++, x);
+    TARVO_INTENTAR(s->ejecutar());
+    return {};
+  }
+  Resultado<> comprobar(const Textos& textos) {
+    for (size_t i = 0; i < sentencias_.size(); ++i)
+      if (sentencias_[i])
+        TARVO_INTENTAR(comprobarRango(db_, *clase(kPLUs + static_cast<int>(i)), link_, textos));
+    return {};
+  }
+
+ private:
+  dao::Database& db_;
+  qint64 link_;
+  std::array<std::unique_ptr<dao::Sentencia>, 6> sentencias_;
+};
+
+// The detail lines up to the next header. How many they were.
+Resultado<int> leerDetalle(Lector& l, Sumador& sumador, const Ajustes& a, const QString& nombre,
+                           const Textos& textos) {
+  int lineas = 0;
+  for (; !l.fin() && !l.esCabecera(); l.siguiente()) {
+    if (l.enBlanco()) continue;
+    const auto fila = l.demasiadoLarga() ? std::nullopt : leerLineaExport(l.linea(), a);
+    if (!fila) return noReconocible(l, nombre, textos);
+    TARVO_INTENTAR(sumador.sumar(*fila));
+    ++lineas;
+  }
+  return lineas;
+}
+
+}  // namespace
+
+ImpTot::ImpTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes)
+    : db_(db), p_(periodos), a_(ajustes) {}
+
+// The period of the general schedule. Dates that are a calendar period to the second are that one,
+// also where the shop was closed: it was exported as such.
+Periodo ImpTot::periodoDe(Fecha desde, Fecha hasta) const {
+  const Periodo p = Calendario(a_).DeterminarPeriodo(desde, hasta, std::nullopt);
+  if (p.tipo != kOtros) return p;
+  for (int tipo = kDiario; tipo <= kAnual; ++tipo) {
+    const Periodo entero = LimitesPeriodo(tipo, desde, hasta);
+    if (entero.desde == desde && std::abs(entero.hasta - hasta) < 0.5 / 86400) return entero;
+  }
+  return p;
+}
+
+// The period that the block goes to: emptied, made, or as it is.
+Resultado<qint64> ImpTot::destino(const Periodo& p, const QString& descr, SiExiste siExiste) {
+  TARVO_TOMAR(const auto hay, p_.BuscarPeriodo(p.tipo, p.desde, p.hasta));
+  if (!hay) return p_.CrearPeriodo(p.tipo, p.desde, p.hasta, true, descr);
+  if (siExiste == SiExiste::Acumularlo) return hay->LINK;
+  const auto nuevo = p_.sustituir(*hay, descr);
+  if (nuevo) TARVO_INTENTAR(p_.VaciarPeriodo(*nuevo));
+  return nuevo;
+}
+
+struct Importacion::Interior {
+  ImpTot& motor;
+  QByteArray bytes;
+  QString nombre;
+  Lector lector;
+  std::optional<Bloque> bloque = {};
+  bool empezado = false;
+};
+
+Importacion::Importacion(ImpTot& motor, QByteArray bytes, const QString& nombre)
+    : d(new Interior{motor, bytes, nombre, Lector(bytes)}) {}
+
+Importacion::~Importacion() = default;
+
+Resultado<std::unique_ptr<Importacion>> Importacion::abrir(ImpTot& motor, const QString& ruta) {
+  TARVO_TOMAR(auto bytes, ficheros::leerBytes(ruta, kLimiteImport));
+  return std::make_unique<Importacion>(motor, std::move(bytes), NombreFichero(ruta));
+}
+
+qint64 Importacion::leidos() const {
+  return d->lector.leidos(d->bytes.size());
+}
+
+qint64 Importacion::tamano() const {
+  return d->bytes.size();
+}
+
+Resultado<std::optional<Importacion::Bloque>> Importacion::siguiente() {
+  Lector& l = d->lector;
+  d->bloque.reset();
+  if (!std::exchange(d->empezado, true)) {
+    while (!l.fin() && !l.esCabecera()) l.siguiente();
+    if (l.fin()) return noReconocible(l, d->nombre, d->motor.p_.textos());
+  }
+  if (l.fin()) return std::nullopt;
+  const auto cabecera = leerCabecera(l);
+  if (!cabecera) return noReconocible(l, d->nombre, d->motor.p_.textos());
+  const Periodo p = d->motor.periodoDe(cabecera->desde, cabecera->hasta);
+  TARVO_TOMAR(auto hay, d->motor.p_.BuscarPeriodo(p.tipo, p.desde, p.hasta));
+  d->bloque = Bloque{p, cabecera->comentario, std::move(hay)};
+  return d->bloque;
+}
+
+Resultado<ImpTot::Hecho> Importacion::incorporar(SiExiste siExiste) {
+  ImpTot& m = d->motor;
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(m.db_));
+  const Periodo p = d->bloque->periodo;
+  const auto link = m.destino(p, d->bloque->comentario, siExiste);
+  if (!link)
+    return fallo(link.error().clase, m.p_.textos()(kTxPeriodoSinCrear, {link.error().texto}),
+                 link.error().numero);
+  TARVO_TOMAR(const auto marcas, m.p_.DesacumularTodo(*link));
+  Sumador sumador(m.db_, *link);
+  TARVO_TOMAR(const auto lineas, leerDetalle(d->lector, sumador, m.a_, d->nombre, m.p_.textos()));
+  TARVO_INTENTAR(sumador.comprobar(m.p_.textos()));
+  TARVO_INTENTAR(m.p_.ReacumularTodo(*link, marcas));
+  TARVO_INTENTAR(t.confirmar());
+  return ImpTot::Hecho{*link, p, lineas};
+}
+
+Resultado<> ImpTot::importarBytes(const QByteArray& bytes, const QString& nombre, SiExiste siExiste,
+                                  std::vector<Hecho>& hechos) {
+  Importacion fichero(*this, bytes, nombre);
+  while (true) {
+    TARVO_TOMAR(const auto bloque, fichero.siguiente());
+    if (!bloque) return {};
+    TARVO_TOMAR(auto hecho, fichero.incorporar(siExiste));
+    hechos.push_back(std::move(hecho));
+  }
+}
+
+Resultado<> ImpTot::importar(const QString& ruta, SiExiste siExiste, std::vector<Hecho>& hechos) {
+  TARVO_TOMAR(const auto bytes, ficheros::leerBytes(ruta, kLimiteImport));
+  return importarBytes(bytes, NombreFichero(ruta), siExiste, hechos);
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,109 @@
+// Periods to .EXP files and back. Layouts: docs/formatos.md. A block is in the file whole or not at
+// all: the new file is written beside the old one, flushed and renamed.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "totals/periodos/Periodos.h"
+
+namespace tarvo::totals {
+
+struct OpcionesExport {
+  bool corto = false;   // the 42-character layout
+  bool borrar = false;  // delete each period once its block is on disk
+};
+
+class XporTot {
+ public:
+  XporTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
+
+  // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a point),
+  // behind what the file holds; a file that is no export of periods (the database, a process) is an
+  // Error and stays as it is. False when the first period is not there. A value that can't fit
+  // its column stops the whole export with an Error that names the period and the row; nothing is
+  // written then. An export that was cut off between the file and the database is recognised (table
+  // Exportes, by `marca`) and not written twice; `marca` empty: no such check. REQUIRES that no
+  // transaction is open: what is noted must be on disk before the file changes.
+  Resultado<bool> XportRemoto(const std::vector<qint64>& periodos, const OpcionesExport& como,
+                              const QString& nombre, const QString& marca);
+  // The text of one block (Windows-1252 bytes are made by the caller): two header lines and the
+  // rows, CR LF ended.
+  Resultado<QString> bloque(const Columna& periodo, bool corto);
+  // Empty for a name that names no file.
+  QString rutaDestino(const QString& nombre) const;
+
+ private:
+  struct Avance {
+    bool escrito = false, terminado = false;
+  };
+  Resultado<Avance> avanceDe(const QString& marca);
+  Resultado<> lineasDe(const ClaseTotal& c, const Columna& periodo, bool corto, QString& texto);
+  Resultado<std::optional<QByteArray>> bloques(const std::vector<qint64>& links, bool corto);
+  Resultado<> escribir(const QString& ruta, const QByteArray& nuevo, const QString& marca);
+  Resultado<> terminar(const std::vector<qint64>& links, bool borrar, const QString& marca);
+
+  dao::Database& db_;
+  Periodos& p_;
+  const Ajustes& a_;
+};
+
+enum class SiExiste { Borrarlo, Acumularlo };
+
+// A file of blocks, read one block at a time, so that a person can look at each before it goes in.
+class Importacion;
+
+// Reads a file block by block. Each block is one transaction: a bad line undoes its block, and is
+// named with its number. A period that is there is emptied first (its marks go, as of a replaced
+// one) or added to, larger periods and stock with it.
+class ImpTot {
+ public:
+  ImpTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
+  struct Hecho {
+    qint64 link;
+    Periodo periodo;
+    int lineas;
+  };
+  // Blocks imported. On an Error those before the bad one stay imported (in `hechos`).
+  Resultado<> importar(const QString& ruta, SiExiste siExiste, std::vector<Hecho>& hechos);
+  // The same for bytes that are at hand; `nombre` stands in errors.
+  Resultado<> importarBytes(const QByteArray& bytes, const QString& nombre, SiExiste siExiste,
+                            std::vector<Hecho>& hechos);
+
+ private:
+  friend class Importacion;
+  Periodo periodoDe(Fecha desde, Fecha hasta) const;
+  Resultado<qint64> destino(const Periodo& p, const QString& descr, SiExiste siExiste);
+
+  dao::Database& db_;
+  Periodos& p_;
+  const Ajustes& a_;
+};
+
+class Importacion {
+ public:
+  // `nombre` stands in errors. REQUIRES that `motor` outlives it.
+  Importacion(ImpTot& motor, QByteArray bytes, const QString& nombre);
+  // Of a file; an error when it can't be read.
+  static Resultado<std::unique_ptr<Importacion>> abrir(ImpTot& motor, const QString& ruta);
+  ~Importacion();
+
+  struct Bloque {
+    Periodo periodo;
+    QString comentario;
+    std::optional<Columna> existente;  // the period of those dates, if there is one
+  };
+  // Reads the header of the next block; nothing at the end of the file.
+  Resultado<std::optional<Bloque>> siguiente();
+  // Takes in the block whose header was read, in one transaction.
+  Resultado<ImpTot::Hecho> incorporar(SiExiste siExiste);
+  qint64 leidos() const;  // bytes
+  qint64 tamano() const;
+
+ private:
+  struct Interior;
+  std::unique_ptr<Interior> d;
+};
+
+}  // namespace tarvo::totals

@@ -1,0 +1,221 @@
+#include "totals/libros/CerrSes.h"
+
+#include <algorithm>
+#include <map>
+
+#include "totals/TextosTotals.h"
+#include "totals/libros/Cuadre.h"
+#include "totals/libros/TablasLibros.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const Fecha kSinPuestaACero = Fecha::de(QDate(2000, 1, 1));
+
+QString columna(const char16_t* nombre) {
+  return QString::fromUtf16(nombre);
+}
+
+// The memorised part of a reading, if it has one that is still in the machine.
+struct Base {
+  qint64 link = 0;
+  Fecha desde, hasta;
+};
+
+Resultado<std::optional<Base>> leerBase(dao::Database& db, int grupo, int numero) {
+  TARVO_TOMAR(
+      auto rs,
+      db.consultar(
+          u"SELECT LINK, BASE_DESDE, BASE_HASTA FROM Lecturas WHERE GRUPO=? AND CLASE=? AND LINK IS "_s
+          u"NOT NULL AND APARTE=1"_s,
+          grupo, numero));
+  if (rs->Eof()) return std::nullopt;
+  return Base{rs->entero(0), rs->fecha(1), rs->fecha(2)};
+}
+
+// Counters that still hold what period `base.link` has: when the whole span since the zeroing makes
+// that very period, the new sales belong to it; otherwise they begin where that reading ended.
+Resultado<> situar(Recibido& r, const Base& base, const Calendario& calendario, Periodos& periodos,
+                   const std::optional<Horario>& horario) {
+  r.conBase = true;
+  r.linkBase = base.link;
+  const Periodo todo = calendario.DeterminarPeriodo(base.desde, r.hasta, horario);
+  TARVO_TOMAR(const auto vieja, periodos.columna(base.link));
+  if (vieja && vieja->periodo == todo) {
+    r.desde = r.baseDesde = base.desde;
+    r.periodo = todo;
+    return {};
+  }
+  r.desde = r.baseDesde = base.hasta;
+  r.periodo = calendario.DeterminarPeriodo(r.desde, r.hasta, horario);
+  return {};
+}
+
+Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const ClaseTotal& c,
+                                 Periodos& periodos, const Calendario& calendario) {
+  Recibido r;
+  r.CODGPO = static_cast<int>(rs.entero(rs.columna(u"CODGPO"_s)));
+  r.clase = c.numero;
+  r.hasta = rs.fecha(rs.columna(columna(c.hasta)));
+  // A date that can't be is as good as none; clocks are set back by an hour, not by days.
+  const int desde = rs.columna(columna(c.desde));
+  const bool vale =
+      !rs.nulo(desde) && rs.fecha(desde) > kSinPuestaACero && rs.fecha(desde) < r.hasta + 1.0;
+  r.desde = r.baseDesde = vale ? rs.fecha(desde) : kSinPuestaACero;
+  const auto horario = LeerHorario(rs.texto(rs.columna(u"HORARIO"_s)));
+  TARVO_TOMAR(const auto base, leerBase(db, r.CODGPO, c.numero));
+  if (base) {
+    TARVO_INTENTAR(situar(r, *base, calendario, periodos, horario));
+  } else {
+    r.periodo = calendario.DeterminarPeriodo(r.desde, r.hasta, horario);
+  }
+  return r;
+}
+
+void avisarDeBases(const std::vector<Recibido>& recibidos, const Textos& textos,
+                   std::vector<Aviso>& avisos) {
+  int ultimo = -1;
+  for (const Recibido& r : recibidos) {
+    if (r.desde > r.hasta)
+      avisos.push_back({r.CODGPO,
+                        textos(kTxIntervaloInvertido, {r.CODGPO, NombreTabla(r.clase),
+                                                       r.desde.general(), r.hasta.general()}),
+                        true});
+    if (!r.conBase || r.CODGPO == ultimo) continue;
+    ultimo = r.CODGPO;
+    avisos.push_back(
+        {r.CODGPO, textos(kTxSinConstanciaDeCero, {r.CODGPO, r.desde.general()}), true});
+  }
+}
+
+// What was memorised of a group whose totals don't foot may be more than its machines hold.
+Resultado<> anotarDudosas(dao::Database& db, const std::vector<Recibido>& recibidos, int grupo) {
+  TARVO_TOMAR(const auto mal,
+              db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=4"_s, grupo));
+  for (const Recibido& r : recibidos)
+    if (r.CODGPO == grupo)
+      TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET BASE_DUDOSA=? WHERE GRUPO=? AND CLASE=?"_s,
+                                 mal.entero() > 0, grupo, r.clase));
+  return {};
+}
+
+}  // namespace
+
+CerrSes::CerrSes(Sesion& sesion, Periodos& periodos) : s_(sesion), p_(periodos) {}
+
+Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
+  recibidos_.clear();
+  propuestos_.clear();
+  elegido_ = -1;
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(s_.base()));
+  TARVO_INTENTAR(resolverBases(s_.base(), s_.ajustes(), s_.textos(), avisos));
+  const Calendario calendario(s_.ajustes());
+  for (const ClaseTotal& c : enVigor(s_.ajustes())) {
+    TARVO_INTENTAR(s_.base().ejecutar(
+        QString(u"UPDATE Sesiones SET "_s + columna(c.desde) + u"=? WHERE "_s + columna(c.sesion) +
+                u" AND "_s + columna(c.desde) + u" IS NULL"_s),
+        kSinPuestaACero));
+  }
+  TARVO_TOMAR(
+      auto rs,
+      s_.base().consultar(
+          u"select Sesiones.*, HORARIO from Sesiones left join GRUPOS on Sesiones.CODGPO=GRUPOS.CODGPO "_s
+          u"order by Sesiones.CODGPO"_s));
+  for (; !rs->Eof();) {
+    for (const ClaseTotal& c : enVigor(s_.ajustes())) {
+      if (!rs->logico(rs->columna(columna(c.sesion)))) continue;
+      TARVO_TOMAR(auto r, leerRecibido(s_.base(), *rs, c, p_, calendario));
+      recibidos_.push_back(r);
+    }
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  std::ranges::stable_sort(recibidos_, {}, &Recibido::periodo);
+  for (const Recibido& r : recibidos_) {
+    if (propuestos_.empty() || propuestos_.back().periodo != r.periodo)
+      propuestos_.push_back({r.periodo, 0});
+    ++propuestos_.back().cuenta;
+  }
+  const auto mejor = std::ranges::max_element(propuestos_, {}, &Propuesto::cuenta);
+  const auto preferido = preferido_
+                             ? std::ranges::find(propuestos_, *preferido_, &Propuesto::periodo)
+                             : propuestos_.end();
+  const auto uno = preferido != propuestos_.end() ? preferido : mejor;
+  if (uno != propuestos_.end()) elegido_ = static_cast<int>(uno - propuestos_.begin());
+  return tr.confirmar();
+}
+
+void CerrSes::elegir(int indice) {
+  if (indice < 0 || indice >= static_cast<int>(propuestos_.size())) return;
+  elegido_ = indice;
+  preferido_ = propuestos_[static_cast<size_t>(indice)].periodo;
+}
+
+Resultado<bool> CerrSes::recuperar() {
+  if (s_.estado() != 0) return false;
+  std::vector<Aviso> avisos;
+  TARVO_INTENTAR(AnalizarScratch(avisos));
+  if (recibidos_.empty()) return false;
+  TARVO_INTENTAR(s_.ponerEstado(2));
+  return true;
+}
+
+Resultado<std::vector<qint64>> CerrSes::memorizar(std::vector<Aviso>& avisos) {
+  std::vector<qint64> links;
+  TARVO_INTENTAR(AnalizarScratch(avisos));
+  if (recibidos_.empty()) return links;
+  avisarDeBases(recibidos_, s_.textos(), avisos);
+  Memoria memoria(s_.base(), s_.ajustes(), p_, s_.ejecucion());
+  std::map<Periodo, std::vector<Recibido>> destinos;
+  for (const Recibido& r : recibidos_)
+    destinos[TodoAUno ? propuestos_[static_cast<size_t>(elegido_)].periodo : r.periodo].push_back(
+        r);
+  for (const auto& [periodo, lecturas] : destinos) {
+    TARVO_TOMAR(const auto link, memoria.incorporar(periodo, lecturas, OverWr, Descrip, avisos));
+    links.push_back(link);
+  }
+  std::vector<int> grupos;
+  grupos.reserve(recibidos_.size());
+  for (const Recibido& r : recibidos_) grupos.push_back(r.CODGPO);
+  std::ranges::sort(grupos);
+  grupos.erase(std::ranges::unique(grupos).begin(), grupos.end());
+  for (const int g : grupos) {
+    TARVO_INTENTAR(s_.base().ejecutar(
+        u"UPDATE Lecturas SET ESTADO=0 WHERE GRUPO=? AND ESTADO IN (1, 3) AND EJECUCION<?"_s, g,
+        s_.ejecucion()));
+    TARVO_INTENTAR(anotarCuadre(s_.base(), s_.ajustes(), s_.textos(), g, avisos));
+    TARVO_INTENTAR(anotarDudosas(s_.base(), recibidos_, g));
+  }
+  return links;
+}
+
+Resultado<std::vector<qint64>> CerrSes::LaSesion(bool guardar, int nuevo,
+                                                 std::vector<Aviso>& avisos) {
+  std::vector<qint64> links;
+  const int s = s_.estado();
+  if (nuevo == s || (s == 1 && nuevo == 2)) return links;
+  if (s == 0 && nuevo == 1) {
+    TARVO_INTENTAR(s_.AbrirSesion());
+    return links;
+  }
+  if (nuevo != 0) return links;
+  const auto cerrar = [&]() -> Resultado<> {
+    TARVO_TOMAR(auto tr, dao::Transaccion::empezar(s_.base()));
+    if (s == 2 && guardar) {
+      TARVO_TOMAR(auto hechos, memorizar(avisos));
+      links = std::move(hechos);
+    }
+    TARVO_INTENTAR(s_.ponerEstado(0));
+    return tr.confirmar();
+  };
+  if (auto r = cerrar(); !r) {
+    TARVO_INTENTAR(s_.cargar());
+    TARVO_INTENTAR(s_.anotarCierreFallido());
+    return std::unexpected(r.error());
+  }
+  return links;
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,33 @@
+// Cross-footing: the grand total's amount of a group against the sums by article, by department, by
+// operator and by hour. Which sums a kind of group makes comparable: docs/libros.md.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "totals/libros/Sesion.h"
+
+namespace tarvo::totals {
+
+struct Comparado {
+  int clase = 0;
+  qint64 granTotal = 0, suma = 0;  // stored money
+  bool cuadra() const { return granTotal == suma; }
+};
+
+// The comparisons of a group within a period, or within the inbox with LINK 0. Empty without a
+// grand total.
+Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajustes& ajustes,
+                                                  qint64 link, int grupo);
+
+// Compares what the open session received of a group. Each difference becomes an Aviso with both
+// numbers, and the group may not be zeroed until it is read again.
+Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, const Textos& textos, int grupo,
+                         std::vector<Aviso>& avisos);
+
+// The comparison for a period (the last one that was memorised when none is named), group by group,
+// with where each number came from.
+Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
+                                 std::optional<qint64> link);
+
+}  // namespace tarvo::totals

@@ -1,0 +1,58 @@
+// Moving the rows of the inbox into a period, each sale once. Runs inside the caller's transaction.
+#pragma once
+
+#include <vector>
+
+#include "totals/libros/Sesion.h"
+#include "totals/periodos/Periodos.h"
+
+namespace tarvo::totals {
+
+// A group and kind with data in the open session, and the period that its span makes.
+struct Recibido {
+  int CODGPO = 0;
+  int clase = 0;
+  Periodo periodo;
+  Fecha desde, hasta;    // the span of the sales that are to be moved
+  Fecha baseDesde;       // the span's start once this reading is memorised
+  bool conBase = false;  // a part of the counters is memorised already: only the difference moves
+  qint64 linkBase = 0;   // the period that holds that part
+};
+
+// Settles what the readings of the open session show of zeroings that were never confirmed: a
+// machine whose counters went down has forgotten what was memorised of it. Writes PZERO, the DD_
+// columns and the memorised rows accordingly.
+Resultado<> resolverBases(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
+                          std::vector<Aviso>& avisos);
+
+class Memoria {
+ public:
+  Memoria(dao::Database& db, const Ajustes& ajustes, Periodos& periodos, qint64 ejecucion)
+      : db_(db), a_(ajustes), p_(periodos), ejecucion_(ejecucion) {}
+
+  // Moves these readings into one period, which is made when it is missing. Its LINK.
+  Resultado<qint64> incorporar(Periodo destino, const std::vector<Recibido>& lecturas,
+                               bool sustituir, const QString& descr, std::vector<Aviso>& avisos);
+
+ private:
+  // How a reading goes into its period: Otras when what the period has of the group are other
+  // sales, so that nothing of it may be replaced.
+  enum class Modo { Nueva, Sumar, Poner, Otras };
+  static void sumarSiHayOtras(const std::vector<Recibido>& lecturas, std::vector<Modo>& modos);
+  Resultado<Modo> modoDe(const Recibido& r, qint64 link, bool sustituir,
+                         std::vector<Aviso>& avisos);
+  Resultado<> moverNuevas(int clase, const std::vector<int>& grupos, qint64 link);
+  Resultado<> mover(const Recibido& r, qint64 link, Modo modo);
+  Resultado<> quitarAusentes(const Recibido& r, qint64 link);
+  Resultado<std::optional<Columna>> destinoDe(Periodo& destino,
+                                              const std::vector<Recibido>& lecturas);
+  Resultado<> anotarBase(const Recibido& r, qint64 link);
+  Resultado<> anotarOrigen(const Recibido& r, qint64 link);
+
+  dao::Database& db_;
+  const Ajustes& a_;
+  Periodos& p_;
+  qint64 ejecucion_;
+};
+
+}  // namespace tarvo::totals

@@ -1,0 +1,115 @@
+#include "totals/libros/Sesion.h"
+
+#include "totals/libros/SesionInterior.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kClaveEstado = u"SesionAbier"_s;
+const QString kClaveHasta = u"SesionHasta"_s;
+const QString kClaveCero = u"SesionACero"_s;
+
+}  // namespace
+
+Sesion::Sesion(dao::Database& db, Ajustes& ajustes, Reloj& reloj, const Textos& textos)
+    : db_(db), ajustes_(ajustes), reloj_(reloj), textos_(textos), d(std::make_unique<Estado>(db)) {}
+
+Sesion::~Sesion() = default;
+
+int Sesion::estado() const {
+  return d->abierta;
+}
+
+qint64 Sesion::ejecucion() const {
+  return d->ejecucion;
+}
+
+void Sesion::ponerEjecucion(qint64 numero, bool reanuda) {
+  d->ejecucion = numero;
+  d->reanuda = reanuda;
+  d->leidosAhora.clear();
+}
+
+Resultado<> Sesion::cargar() {
+  d->abierta = ajustes_.SesionAbier;
+  d->hasta = ajustes_.SesionHasta;
+  d->aCero = ajustes_.SesionACero;
+  TARVO_TOMAR(const auto guardado, d->valores.leer(kClaveEstado));
+  if (guardado.nulo()) return {};
+  TARVO_TOMAR(const auto hasta, d->valores.leer(kClaveHasta));
+  TARVO_TOMAR(const auto aCero, d->valores.leer(kClaveCero));
+  d->abierta = static_cast<int>(guardado.entero());
+  d->hasta = hasta.fecha();
+  d->aCero = aCero.fecha();
+  return {};
+}
+
+Resultado<> Sesion::ponerEstado(int nuevo) {
+  TARVO_INTENTAR(d->valores.poner(kClaveEstado, nuevo));
+  TARVO_INTENTAR(d->valores.poner(kClaveHasta, d->hasta));
+  TARVO_INTENTAR(d->valores.poner(kClaveCero, d->aCero));
+  d->abierta = nuevo;
+  return {};
+}
+
+Resultado<bool> Sesion::AbrirSesion() {
+  if (d->abierta > 0) return false;
+  const Estado::Foto antes = d->foto();
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
+  QStringList campos;
+  for (const ClaseTotal& c : enVigor(ajustes_))
+    campos << QString::fromUtf16(c.sesion) + u"=FALSE"_s;
+  const auto abrir = [&]() -> Resultado<> {
+    TARVO_INTENTAR(db_.ejecutar(QString(u"UPDATE Sesiones SET "_s + campos.join(u", "_s))));
+    d->hasta = d->aCero = reloj_.ahora();
+    TARVO_INTENTAR(ponerEstado(1));
+    return tr.confirmar();
+  };
+  if (auto r = abrir(); !r) {
+    d->volver(antes);
+    return std::unexpected(r.error());
+  }
+  return true;
+}
+
+Resultado<> Sesion::reflejar() {
+  ajustes_.SesionAbier = d->abierta;
+  ajustes_.SesionHasta = d->hasta;
+  ajustes_.SesionACero = d->aCero;
+  return ajustes_.GuardarConfig();
+}
+
+Resultado<bool> Sesion::PuedeRecibir(int grupo, int numero) {
+  const ClaseTotal* c = clase(numero);
+  if (!c) return true;
+  TARVO_TOMAR(
+      const auto rs,
+      db_.consultar(QString(u"SELECT PZERO, "_s + QString::fromUtf16(c->hasta) + u", "_s +
+                            QString::fromUtf16(c->sesion) + u" FROM Sesiones WHERE CODGPO=?"_s),
+                    grupo));
+  if (rs->Eof() || d->abierta == 0 || !rs->logico(2)) return true;
+  // A zeroing that was begun behind this reading, confirmed or not: of the machine that it was sent
+  // to the reading is all that is left, though the others of the group wait for theirs.
+  TARVO_TOMAR(
+      const auto empezada,
+      db_.uno(
+          u"SELECT count(*) FROM Ceros, Lecturas WHERE Ceros.GRUPO=? AND Lecturas.GRUPO=Ceros.GRUPO "_s
+          u"AND Lecturas.CLASE=? AND SEC_INTENCION>SEC"_s,
+          grupo, numero));
+  if (empezada.entero() > 0) return false;
+  if (rs->nulo(0) || rs->nulo(1)) return true;
+  return rs->fecha(0) < rs->fecha(1);
+}
+
+Resultado<> Sesion::PrepararRecepcion(int grupo, int numero) {
+  return d->anotarLectura(grupo, numero, Estado::kEnCurso, reloj_.ahora());
+}
+
+Resultado<> Sesion::lecturaFallida(int grupo, int numero) {
+  return d->anotarLectura(grupo, numero, Estado::kFallida, reloj_.ahora());
+}
+
+}  // namespace tarvo::totals

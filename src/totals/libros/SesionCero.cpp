@@ -1,0 +1,202 @@
+// Telling a machine to forget: who may be told, the intention on disk before the frame goes, and
+// what is written when the machine has confirmed.
+#include "totals/TextosTotals.h"
+#include "totals/libros/Cuadre.h"
+#include "totals/libros/Partes.h"
+#include "totals/libros/SesionInterior.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using dao::Database;
+
+// Why the readings of a group forbid its zeroing, empty when they don't.
+Resultado<QString> motivoDeLecturas(Database& db, const Textos& textos, int grupo) {
+  TARVO_TOMAR(
+      auto rs,
+      db.consultar(
+          u"SELECT CLASE, ESTADO FROM Lecturas WHERE GRUPO=? AND ESTADO IN (1, 3, 4) ORDER BY CLASE"_s,
+          grupo));
+  if (rs->Eof()) return QString();
+  if (rs->entero(1) == 4) return textos(kTxNoCuadraSinCero, {grupo});
+  return textos(kTxFaltaLectura, {grupo, NombreTabla(static_cast<int>(rs->entero(0)))});
+}
+
+// The kinds of which the open session holds a reading that contains memorised sales. They are taken
+// off when it is memorised, whether or not the machine is zeroed meanwhile.
+Resultado<QString> clasesQueEsperan(Database& db, const Ajustes& ajustes, int grupo, int abierta) {
+  QStringList clases{u"0"_s};
+  for (const ClaseTotal& c : enVigor(ajustes)) {
+    if (abierta != 2) break;
+    TARVO_TOMAR(
+        const auto n,
+        db.uno(
+            QString(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND CODGPO=GRUPO AND "_s
+                    u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND "_s +
+                    QString::fromUtf16(c.sesion)),
+            grupo, c.numero));
+    if (n.entero() > 0) clases << QString::number(c.numero);
+  }
+  return clases.join(u',');
+}
+
+// Leaves as memorised only what the machines other than `addr` hold, for a group of several.
+Resultado<> quitarDeLaBase(Database& db, int grupo, int addr, const QString& menos) {
+  TARVO_TOMAR(
+      auto rs,
+      db.consultar(
+          u"SELECT CLASE FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND MAQUINAS>1 AND "_s
+          u"CLASE NOT IN (%1)"_s.arg(menos),
+          grupo));
+  std::vector<int> clases;
+  for (; !rs->Eof();) {
+    clases.push_back(static_cast<int>(rs->entero(0)));
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  for (const int c : clases) TARVO_INTENTAR(apartarBase(db, grupo, c));
+  TARVO_INTENTAR(db.ejecutar(
+      u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=? AND CLASE NOT IN (%1)"_s.arg(menos), grupo,
+      addr));
+  return {};
+}
+
+Resultado<> olvidarBase(Database& db, int grupo, const QString& menos) {
+  TARVO_INTENTAR(db.ejecutar(
+      u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE NOT IN (%1)"_s.arg(menos), grupo));
+  TARVO_INTENTAR(db.ejecutar(
+      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=? "_s
+      u"AND CLASE NOT IN (%1)"_s.arg(menos),
+      grupo));
+  return {};
+}
+
+Resultado<> marcarPuestaACero(Database& db, int grupo, Fecha cuando) {
+  TARVO_INTENTAR(
+      db.ejecutar(u"INSERT INTO Sesiones (CODGPO) SELECT ? WHERE NOT EXISTS (SELECT 1 FROM "_s
+                  u"Sesiones WHERE CODGPO=?)"_s,
+                  grupo, grupo));
+  TARVO_INTENTAR(db.ejecutar(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=?"_s, cuando, grupo));
+  return {};
+}
+
+}  // namespace
+
+Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
+  // A zeroing that comes before the memorisation: sales made while the group was read show here.
+  std::vector<Aviso> diferencias;
+  if (d->abierta == 2) TARVO_INTENTAR(resolverPartes(db_, ajustes_, textos_, grupo, diferencias));
+  if (d->abierta == 2) TARVO_INTENTAR(anotarCuadre(db_, ajustes_, textos_, grupo, diferencias));
+  TARVO_TOMAR(const auto motivo, motivoDeLecturas(db_, textos_, grupo));
+  if (!motivo.isEmpty()) return PermisoCero{false, false, motivo};
+  TARVO_TOMAR(const auto cierre, d->valores.leer(u"CierreFallido"_s));
+  if (!cierre.nulo() && d->abierta == 2) {
+    const auto espera =
+        db_.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND SEC>?"_s, grupo,
+                cierre.entero());
+    const auto dentro =
+        db_.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2"_s, grupo);
+    if (!espera || !dentro) return std::unexpected(espera ? dentro.error() : espera.error());
+    if (dentro->entero() > 0 && espera->entero() == 0)
+      return PermisoCero{false, false, textos_(kTxSinMemorizar, {grupo})};
+  }
+  return PermisoCero{true, d->reanuda && !d->leidosAhora.contains(grupo), {}};
+}
+
+Resultado<> Sesion::anotarCierreFallido() {
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
+  TARVO_INTENTAR(d->valores.poner(u"CierreFallido"_s, sec));
+  return tr.confirmar();
+}
+
+Resultado<> Sesion::anunciarCero(int grupo, int addr, int conjunto) {
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
+  TARVO_INTENTAR(
+      db_.ejecutar(u"INSERT INTO Ceros (GRUPO, ADDR, EJECUCION, INTENCION, SEC_INTENCION) VALUES "_s
+                   u"(?, ?, ?, ?, ?) "_s
+                   u"ON CONFLICT (GRUPO, ADDR) DO UPDATE SET EJECUCION=excluded.EJECUCION, "_s
+                   u"INTENCION=excluded.INTENCION, "_s
+                   u"SEC_INTENCION=excluded.SEC_INTENCION"_s,
+                   grupo, addr, d->ejecucion, reloj_.ahora(), sec));
+  // Whether its outcome can be written down is known now, not when the machine has forgotten.
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE Sesiones SET PZERO=PZERO WHERE CODGPO=?"_s, grupo));
+  if (conjunto > 0)
+    TARVO_INTENTAR(anunciarParte(db_, {grupo, addr, conjunto}, d->ejecucion, reloj_.ahora(), sec));
+  TARVO_INTENTAR(tr.confirmar());
+  return db_.asentar();
+}
+
+Resultado<> Sesion::parteHecha(int grupo, int addr, int conjunto) {
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
+  TARVO_INTENTAR(confirmarParte(db_, {grupo, addr, conjunto}, d->ejecucion,
+                                d->abierta > 0 ? d->aCero : reloj_.ahora(), sec));
+  TARVO_TOMAR(const auto esperan, clasesQueEsperan(db_, ajustes_, grupo, d->abierta));
+  TARVO_INTENTAR(olvidarParte(db_, {grupo, addr, conjunto}, esperan));
+  return tr.confirmar();
+}
+
+Resultado<Sesion::Partes> Sesion::partesHechas(int grupo, int addr) {
+  TARVO_TOMAR(
+      auto rs,
+      db_.consultar(
+          u"SELECT count(*), MAX(CASE WHEN SEC_HECHO>=SEC_INTENCION THEN CONJUNTO ELSE 0 END) FROM "_s
+          u"CerosParte WHERE GRUPO=? AND ADDR=? AND EJECUCION=? AND SEC_INTENCION>(SELECT "_s
+          u"COALESCE(MAX(SEC), 0) FROM Lecturas WHERE Lecturas.GRUPO=CerosParte.GRUPO)"_s,
+          grupo, addr, d->ejecucion));
+  return Partes{static_cast<int>(rs->entero(1)) + 1, rs->entero(0) > 0};
+}
+
+Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima) {
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
+  const Fecha ahora = reloj_.ahora();
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO Ceros (GRUPO, ADDR, EJECUCION, INTENCION, SEC_INTENCION, HECHO, SEC_HECHO) "_s
+      u"VALUES (?, ?, ?, ?, ?, ?, ?) ON CONFLICT (GRUPO, ADDR) DO UPDATE SET "_s
+      u"EJECUCION=excluded.EJECUCION, "_s
+      u"HECHO=excluded.HECHO, SEC_HECHO=excluded.SEC_HECHO"_s,
+      grupo, addr, d->ejecucion, ahora, sec, ahora, sec));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM CerosParte WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
+  TARVO_TOMAR(const auto esperan, clasesQueEsperan(db_, ajustes_, grupo, d->abierta));
+  if (ultima) {
+    TARVO_INTENTAR(olvidarBase(db_, grupo, esperan));
+    TARVO_INTENTAR(marcarPuestaACero(db_, grupo, d->abierta > 0 ? d->aCero : ahora));
+  } else {
+    TARVO_INTENTAR(quitarDeLaBase(db_, grupo, addr, esperan));
+  }
+  return tr.confirmar();
+}
+
+Resultado<bool> Sesion::ceroYaHecho(int grupo, int addr) {
+  TARVO_TOMAR(
+      const auto n,
+      db_.uno(
+          u"SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND EJECUCION=? AND "_s
+          u"SEC_HECHO>=SEC_INTENCION AND "_s
+          u"SEC_HECHO>(SELECT COALESCE(MAX(SEC), 0) FROM Lecturas WHERE Lecturas.GRUPO=Ceros.GRUPO)"_s,
+          grupo, addr, d->ejecucion));
+  return n.entero() > 0;
+}
+
+Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
+                                                         const Contadores& leido) {
+  TARVO_TOMAR(const auto base, granTotalLeido(db_, grupo, addr));
+  if (!base) {
+    TARVO_TOMAR(const auto otras,
+                db_.uno(QString(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND "_s +
+                                QString::fromUtf16(kTrasElCero)),
+                        grupo, addr));
+    return otras.entero() > 0 ? Comparacion::OtrasClases : Comparacion::SinLectura;
+  }
+  const qint64 con = base->CON, imp = base->IMP, pes = base->PES;
+  if (leido.CON == con && leido.IMP == imp && leido.PES == pes) return Comparacion::Igual;
+  if (leido.CON < con || (leido.CON == 0 && leido.IMP == 0)) return Comparacion::Cero;
+  return Comparacion::Mas;
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,45 @@
+// What Sesion keeps in memory, and the statements that its files share.
+#pragma once
+
+#include <set>
+
+#include "totals/libros/Sesion.h"
+#include "totals/libros/TablasLibros.h"
+
+namespace tarvo::totals {
+
+struct Sesion::Estado {
+  // ESTADO of a row of Lecturas.
+  enum Lectura : int { kNada = 0, kEnCurso = 1, kCompleta = 2, kFallida = 3, kNoCuadra = 4 };
+  struct Foto {
+    int abierta;
+    Fecha hasta, aCero;
+  };
+
+  explicit Estado(dao::Database& base) : db(base), valores(base) {}
+  Foto foto() const { return {abierta, hasta, aCero}; }
+  void volver(const Foto& f) { abierta = f.abierta, hasta = f.hasta, aCero = f.aCero; }
+
+  // Notes the state of a reading, keeping what is known of earlier ones.
+  Resultado<> anotarLectura(int grupo, int clase, Lectura estado, Fecha ahora);
+
+  dao::Database& db;
+  EstadoBase valores;
+  int abierta = 0;
+  Fecha hasta, aCero;
+  qint64 ejecucion = 0;
+  bool reanuda = false;
+  std::set<int> leidosAhora;  // groups read since this process started the run
+};
+
+// Of a row of Lecturas: read since the machine of an address (a parameter) last confirmed that it
+// forgot.
+inline constexpr auto kTrasElCero =
+    u"SEC>(SELECT COALESCE(MAX(SEC_HECHO), 0) FROM Ceros WHERE Ceros.GRUPO=Lecturas.GRUPO AND "
+    u"ADDR=?)";
+
+// Keeps the rows of a kind that are memorised, and not zeroed, apart from the inbox, which is about
+// to be refilled.
+Resultado<> apartarBase(dao::Database& db, int grupo, int clase);
+
+}  // namespace tarvo::totals

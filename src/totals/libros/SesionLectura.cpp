@@ -1,0 +1,182 @@
+// Storing what a task read: one transaction for the rows, the marks and the record of the reading.
+#include "totals/TextosTotals.h"
+#include "totals/libros/Partes.h"
+#include "totals/libros/SesionInterior.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using dao::Database;
+
+QString texto16(const char16_t* s) {
+  return QString::fromUtf16(s);
+}
+
+// The rows of a group over all its machines.
+Lectura::Filas sumaDeMaquinas(const Lectura& lectura) {
+  Lectura::Filas suma;
+  for (const auto& [addr, filas] : lectura.maquinas)
+    for (const auto& [clave, c] : filas) suma[clave] += c;
+  return suma;
+}
+
+Resultado<> escribirBandeja(Database& db, const ClaseTotal& c, int grupo,
+                            const Lectura::Filas& filas) {
+  const QString tabla = texto16(c.tabla);
+  TARVO_INTENTAR(db.ejecutar(
+      QString(u"DELETE ALL * FROM "_s + tabla + u" WHERE GRUPO=? AND LINK=0"_s), grupo));
+  TARVO_TOMAR(auto st,
+              db.preparar(c.conHora ? QString(u"INSERT INTO "_s + tabla +
+                                              u" (LINK, GRUPO, CODI, CON, PES, IMP, SCO, HORA) "_s
+                                              u"VALUES (0, ?, ?, ?, ?, ?, ?, ?)"_s)
+                                    : QString(u"INSERT INTO "_s + tabla +
+                                              u" (LINK, GRUPO, CODI, CON, PES, IMP, SCO) "_s
+                                              u"VALUES (0, ?, ?, ?, ?, ?, ?)"_s)));
+  for (const auto& [clave, v] : filas) {
+    qint64 campos[] = {grupo, clave.first, v.CON, v.PES, v.IMP, v.SCO, clave.second};
+    for (int i = 0; i < (c.conHora ? 7 : 6); ++i) st->ligar(i, campos[i]);
+    TARVO_INTENTAR(st->ejecutar());
+  }
+  return {};
+}
+
+// Several machines behind one group: each one's own rows, since a sum can't say later whose part
+// was zeroed.
+Resultado<> escribirPorMaquina(Database& db, int grupo, int numero, const Lectura& lectura) {
+  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s, grupo, numero));
+  if (lectura.maquinas.size() < 2) return {};
+  TARVO_TOMAR(
+      auto st,
+      db.preparar(
+          u"INSERT INTO LectFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, IMP, SCO) VALUES "_s
+          u"(?,?,?,?,?,?,?,?,?)"_s));
+  for (const auto& [addr, filas] : lectura.maquinas) {
+    for (const auto& [clave, v] : filas) {
+      const qint64 campos[] = {grupo, numero, addr,  clave.first, clave.second,
+                               v.CON, v.PES,  v.IMP, v.SCO};
+      for (int i = 0; i < 9; ++i) st->ligar(i, campos[i]);
+      TARVO_INTENTAR(st->ejecutar());
+    }
+  }
+  return {};
+}
+
+// The inbox holds a reading of the open session that no period has yet. When a counter of it went
+// down, the machine has forgotten it: that reading is all there is of those sales.
+Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
+                              const Lectura::Filas& nuevas, bool entera) {
+  TARVO_TOMAR(const auto viva,
+              db.uno(QString(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND "_s +
+                             texto16(c.sesion) +
+                             u" AND GRUPO=CODGPO AND CLASE=? AND (LINK IS NULL OR APARTE=1)"_s),
+                     grupo, c.numero));
+  if (viva.entero() == 0) return false;
+  TARVO_TOMAR(
+      auto rs,
+      db.consultar(QString(u"SELECT CODI, CON"_s + QString(c.conHora ? u", HORA"_s : u", 0"_s) +
+                           u" FROM "_s + texto16(c.tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
+                   grupo));
+  for (; !rs->Eof();) {
+    const auto it = nuevas.find(Lectura::Clave{rs->entero(0), static_cast<int>(rs->entero(2))});
+    const bool esta = it != nuevas.end();
+    if ((esta || entera) && (esta ? it->second.CON : 0) < rs->entero(1)) return true;
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  return false;
+}
+
+}  // namespace
+
+Resultado<> apartarBase(Database& db, int grupo, int numero) {
+  const ClaseTotal* c = clase(numero);
+  TARVO_TOMAR(
+      auto rs,
+      db.consultar(
+          u"SELECT MAQUINAS, ADDR FROM Lecturas WHERE GRUPO=? AND CLASE=? AND LINK IS NOT NULL AND "_s
+          u"APARTE=0"_s,
+          grupo, numero));
+  if (rs->Eof()) return {};
+  const bool varias = rs->entero(0) > 1;
+  const qint64 addr = rs->entero(1);
+  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, grupo, numero));
+  if (varias) {
+    TARVO_INTENTAR(
+        db.ejecutar(u"INSERT INTO BaseFilas SELECT * FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s,
+                    grupo, numero));
+  } else {
+    TARVO_INTENTAR(db.ejecutar(
+        QString(u"INSERT INTO BaseFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, "_s
+                u"IMP, SCO) SELECT GRUPO, ?, ?, CODI, "_s +
+                QString(c->conHora ? u"HORA"_s : u"0"_s) + u", CON, PES, IMP, SCO FROM "_s +
+                texto16(c->tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
+        numero, addr, grupo));
+  }
+  TARVO_INTENTAR(
+      db.ejecutar(u"UPDATE Lecturas SET APARTE=1 WHERE GRUPO=? AND CLASE=?"_s, grupo, numero));
+  return {};
+}
+
+Resultado<> Sesion::Estado::anotarLectura(int grupo, int numero, Lectura estado, Fecha ahora) {
+  TARVO_INTENTAR(db.ejecutar(
+      u"INSERT INTO Lecturas (GRUPO, CLASE, EJECUCION, ESTADO, INICIO) VALUES (?, ?, ?, ?, ?) "_s
+      u"ON CONFLICT (GRUPO, CLASE) DO UPDATE SET EJECUCION=excluded.EJECUCION, "_s
+      u"ESTADO=excluded.ESTADO, "_s
+      u"INICIO=excluded.INICIO"_s,
+      grupo, numero, ejecucion, int{estado}, ahora));
+  return {};
+}
+
+Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura,
+                                   std::vector<Aviso>& avisos) {
+  const ClaseTotal* c = clase(numero);
+  if (!c) return fallo(Fallo::Interno, textos_(kTxNoEsDeTotales, {numero}));
+  const Lectura::Filas suma = sumaDeMaquinas(lectura);
+  const Estado::Foto antes = d->foto();
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
+
+  const auto guardar = [&]() -> Resultado<> {
+    if (d->abierta > 0) {
+      TARVO_TOMAR(const auto pisa, pisariaVentas(db_, *c, grupo, suma, lectura.entera));
+      if (pisa) return fallo(Fallo::Restriccion, textos_(kTxMemoriceAntes, {grupo}));
+    }
+    TARVO_INTENTAR(AbrirSesion());
+    TARVO_INTENTAR(apartarBase(db_, grupo, numero));
+    TARVO_INTENTAR(escribirBandeja(db_, *c, grupo, suma));
+    TARVO_INTENTAR(escribirPorMaquina(db_, grupo, numero, lectura));
+    TARVO_INTENTAR(
+        db_.ejecutar(u"INSERT INTO Sesiones (CODGPO) SELECT ? WHERE NOT EXISTS (SELECT 1 FROM "_s
+                     u"Sesiones WHERE CODGPO=?)"_s,
+                     grupo, grupo));
+    TARVO_INTENTAR(db_.ejecutar(
+        QString(u"UPDATE Sesiones SET "_s + texto16(c->desde) + u"=PZERO, "_s + texto16(c->hasta) +
+                u"=?, "_s + texto16(c->sesion) + u"=TRUE WHERE CODGPO=?"_s),
+        d->hasta, grupo));
+    TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
+    TARVO_INTENTAR(d->anotarLectura(grupo, numero, Estado::kCompleta, reloj_.ahora()));
+    const int maquinas = static_cast<int>(lectura.maquinas.size());
+    TARVO_INTENTAR(db_.ejecutar(
+        u"UPDATE Lecturas SET SEC=?, FIN=?, ENTERA=?, MAQUINAS=?, ADDR=? WHERE GRUPO=? AND "_s
+        u"CLASE=?"_s,
+        sec, reloj_.ahora(), lectura.entera, maquinas,
+        maquinas == 1 ? lectura.maquinas.begin()->first : 0, grupo, numero));
+    TARVO_INTENTAR(anotarPartes(db_, grupo, *c, lectura));
+    TARVO_INTENTAR(ponerEstado(2));
+    return tr.confirmar();
+  };
+  if (auto r = guardar(); !r) {
+    d->volver(antes);
+    return std::unexpected(r.error());
+  }
+  d->leidosAhora.insert(grupo);
+  const auto tarde = db_.uno(QString(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND "_s +
+                                     texto16(c->desde) + u">"_s + texto16(c->hasta)),
+                             grupo);
+  if (tarde && tarde->entero() > 0)
+    avisos.push_back({grupo, textos_(kTxCeroPosterior, {grupo}), true});
+  return {};
+}
+
+}  // namespace tarvo::totals

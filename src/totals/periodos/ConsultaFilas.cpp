@@ -1,0 +1,229 @@
+#include "totals/periodos/ConsultaFilas.h"
+
+#include <map>
+#include <set>
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kHoras = 24;
+
+// The column that a chart of this kind goes along.
+QString ejeDe(int clase) {
+  return clase == kOperHora ? u"t.HORA"_s : u"t.CODI"_s;
+}
+
+bool porHoras(int clase) {
+  return clase == kHorario || clase == kOperHora;
+}
+
+Resultado<QString> nombreDePunto(dao::Database& db, int clase, qint64 seccion, qint64 codigo) {
+  const auto leer = [&](const auto& r) -> Resultado<QString> {
+    if (!r) return std::unexpected(r.error());
+    return r->texto();
+  };
+  switch (clase) {
+    case kPLUs:
+      return leer(
+          db.uno(u"SELECT NOMPLU FROM PLUSES WHERE SECCION=? AND CODPLU=?", seccion, codigo));
+    case kDepartamentos:
+      return leer(
+          db.uno(u"SELECT NomDep FROM DEPTS WHERE SECCION=? AND NUMDEP=?", seccion, codigo));
+    case kOperadores:
+      return leer(db.uno(u"SELECT NOMOPE FROM OPERS WHERE CODOPE=?", codigo));
+    case kGranTotal:
+      return leer(db.uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=?", codigo));
+    default:
+      return QString();
+  }
+}
+
+Resultado<std::pair<qint64, qint64>> cuenta(dao::Database& db, const ClaseTotal& c, qint64 link,
+                                            std::set<qint64>& grupos) {
+  TARVO_TOMAR(auto rs,
+              db.consultar(QString(u"SELECT GRUPO, count(*), sum([IMP]) FROM "_s +
+                                   QString::fromUtf16(c.tabla) + u" WHERE LINK=? GROUP BY GRUPO"_s),
+                           link));
+  std::pair<qint64, qint64> suma{0, 0};
+  for (; !rs->Eof();) {
+    grupos.insert(rs->entero(0));
+    suma.first += rs->entero(1);
+    suma.second += rs->entero(2);
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  return suma;
+}
+
+}  // namespace
+
+void Condicion::y(const QString& parte, std::vector<dao::Valor> suyos) {
+  sql += (sql.isEmpty() ? QString() : u" AND "_s) + parte;
+  valores.insert(valores.end(), suyos.begin(), suyos.end());
+}
+
+Condicion FiltroFilas::condicion() const {
+  Condicion c;
+  c.y(u"t.LINK=?"_s, {link});
+  if (grupo) c.y(u"t.GRUPO=?"_s, {*grupo});
+  if (seccion) c.y(u"t.GRUPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)"_s, {*seccion});
+  if (desde) c.y(u"t.CODI>=?"_s, {*desde});
+  if (hasta) c.y(u"t.CODI<=?"_s, {*hasta});
+  return c;
+}
+
+Condicion FiltroCodigo::condicion() const {
+  Condicion c;
+  c.y(u"COLUMNA.TIPO=? AND t.CODI=?"_s, {tipo, codigo});
+  if (grupo) c.y(u"t.GRUPO=?"_s, {*grupo});
+  if (seccion) c.y(u"t.GRUPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)"_s, {*seccion});
+  if (desde) c.y(u"COLUMNA.FECHA1>=?"_s, {*desde});
+  if (hasta) c.y(u"COLUMNA.FECHA1<?"_s, {hasta->dia() + 1.0});
+  return c;
+}
+
+bool conSeccion(int clase) {
+  return clase == kPLUs || clase == kDepartamentos;
+}
+
+QString fuenteFilas(int clase, bool conPeriodo) {
+  QString f = NombreTabla(clase) + u" AS t"_s;
+  if (conPeriodo) f += u" INNER JOIN COLUMNA ON t.LINK=COLUMNA.LINK"_s;
+  f += u" LEFT JOIN GRUPOS ON t.GRUPO=GRUPOS.CODGPO"_s;
+  if (clase == kPLUs)
+    f += u" LEFT JOIN PLUSES ON GRUPOS.SECCION=PLUSES.SECCION AND t.CODI=PLUSES.CODPLU"_s;
+  if (clase == kDepartamentos)
+    f += u" LEFT JOIN DEPTS ON GRUPOS.SECCION=DEPTS.SECCION AND t.CODI=DEPTS.NUMDEP"_s;
+  if (clase == kOperadores || clase == kOperHora) f += u" LEFT JOIN OPERS ON t.CODI=OPERS.CODOPE"_s;
+  return f;
+}
+
+QString nombreFilas(int clase) {
+  switch (clase) {
+    case kPLUs:
+      return u"PLUSES.NOMPLU"_s;
+    case kDepartamentos:
+      return u"DEPTS.NomDep"_s;
+    case kOperadores:
+    case kOperHora:
+      return u"OPERS.NOMOPE"_s;
+    default:
+      return u"GRUPOS.NOMGPO"_s;
+  }
+}
+
+Resultado<std::vector<Punto>> serie(dao::Database& db, const FiltroFilas& filtro, int cuantos) {
+  const Condicion c = filtro.condicion();
+  const bool horas = porHoras(filtro.clase);
+  const QString eje = ejeDe(filtro.clase);
+  const QString seccion = conSeccion(filtro.clase) ? u"GRUPOS.SECCION"_s : u"0"_s;
+  const QString grupos = conSeccion(filtro.clase) ? eje + u", GRUPOS.SECCION"_s : eje;
+  std::vector<dao::Valor> valores = c.valores;
+  valores.emplace_back(horas ? kHoras : cuantos);
+  TARVO_TOMAR(auto rs, db.OpenQuery(u"SELECT %1, %2, sum(t.[IMP]) FROM %3 AS t LEFT JOIN GRUPOS ON "
+                                    u"t.GRUPO=GRUPOS.CODGPO WHERE "
+                                    u"%4 "
+                                    u"GROUP BY %5 ORDER BY %6 LIMIT ?"_s.arg(
+                                        eje, seccion, NombreTabla(filtro.clase), c.sql, grupos,
+                                        horas ? u"1"_s : u"3 DESC, 1"_s),
+                                    valores));
+  std::vector<Punto> puntos;
+  for (; !rs->Eof();) {
+    TARVO_TOMAR(const auto nombre, nombreDePunto(db, filtro.clase, rs->entero(1), rs->entero(0)));
+    puntos.push_back({rs->entero(0), nombre, rs->entero(2)});
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  return puntos;
+}
+
+Resultado<std::vector<PuntoPeriodo>> evolucion(dao::Database& db, const FiltroCodigo& filtro) {
+  const Condicion c = filtro.condicion();
+  TARVO_TOMAR(auto rs,
+              db.OpenQuery(QString(u"SELECT COLUMNA.FECHA1, sum(t.[IMP]) FROM "_s +
+                                   NombreTabla(filtro.clase) +
+                                   u" AS t INNER JOIN COLUMNA ON t.LINK=COLUMNA.LINK WHERE "_s +
+                                   c.sql + u" GROUP BY COLUMNA.FECHA1 ORDER BY COLUMNA.FECHA1"_s),
+                           c.valores));
+  std::vector<PuntoPeriodo> puntos;
+  for (; !rs->Eof();) {
+    puntos.push_back({rs->fecha(0), rs->entero(1)});
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  return puntos;
+}
+
+Resultado<std::vector<Procedencia>> procedencia(dao::Database& db, qint64 link, int grupo,
+                                                int clase, qint64 codigo) {
+  TARVO_TOMAR(
+      auto rs,
+      db.consultar(
+          u"SELECT o.EJECUCION, o.LEIDO, o.DESDE, o.HASTA, o.MODO, GRUPOS.NOMGPO, l.FIN=o.LEIDO "
+          u"FROM "
+          u"(Origenes AS o LEFT JOIN GRUPOS ON GRUPOS.CODGPO=o.GRUPO) LEFT JOIN Lecturas AS l ON "
+          u"l.GRUPO=o.GRUPO AND l.CLASE=o.CLASE WHERE o.LINK=? AND o.GRUPO=? AND o.CLASE=? ORDER "
+          u"BY "
+          u"o.LEIDO",
+          link, grupo, clase));
+  std::vector<Procedencia> lista;
+  for (; !rs->Eof();) {
+    Procedencia p{grupo,
+                  rs->texto(5),
+                  rs->entero(0),
+                  {},
+                  rs->fecha(2),
+                  rs->fecha(3),
+                  rs->texto(4) == u"diferencia",
+                  {}};
+    if (!rs->nulo(1)) p.leido = rs->fecha(1);
+    if (rs->logico(6)) {
+      TARVO_TOMAR(auto m, db.consultar(u"SELECT ADDR, sum([IMP]) FROM LectFilas WHERE GRUPO=? AND "
+                                       u"CLASE=? AND CODI=? GROUP BY "
+                                       u"ADDR ORDER BY ADDR",
+                                       grupo, clase, codigo));
+      for (; !m->Eof();) {
+        p.maquinas.emplace_back(static_cast<int>(m->entero(0)), m->entero(1));
+        TARVO_INTENTAR(m->MoveNext());
+      }
+    }
+    lista.push_back(std::move(p));
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  return lista;
+}
+
+Resultado<std::vector<Columna>> sumandos(Periodos& periodos, const Columna& mayor) {
+  std::vector<Columna> partes;
+  if (mayor.periodo.tipo < kSemanal || mayor.periodo.tipo > kAnual) return partes;
+  TARVO_TOMAR(auto todos, periodos.lista());
+  for (Columna& c : todos)
+    if (c.acumulado(mayor.periodo.tipo) && c.periodo.desde >= mayor.periodo.desde &&
+        c.periodo.hasta <= mayor.periodo.hasta)
+      partes.push_back(std::move(c));
+  return partes;
+}
+
+Resultado<Resumen> resumir(dao::Database& db, const Ajustes& ajustes,
+                           const std::vector<qint64>& links) {
+  Resumen r;
+  std::set<qint64> grupos;
+  for (const qint64 link : links) {
+    ++r.periodos;
+    std::map<int, qint64> importes;
+    for (const ClaseTotal& c : enVigor(ajustes)) {
+      TARVO_TOMAR(const auto suma, cuenta(db, c, link, grupos));
+      r.filas += suma.first;
+      if (suma.first > 0) importes[c.numero] = suma.second;
+    }
+    for (const int numero : {kGranTotal, kPLUs, kDepartamentos, kOperadores, kHorario, kOperHora})
+      if (const auto i = importes.find(numero); i != importes.end()) {
+        r.importe += i->second;
+        break;
+      }
+  }
+  r.grupos = static_cast<int>(grupos.size());
+  return r;
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,57 @@
+#include "totals/periodos/FilasTotales.h"
+#include "totals/TextosTotals.h"
+
+namespace tarvo::totals {
+
+namespace {
+
+constexpr std::array<const char16_t*, 4> kContadores{u"CON", u"PES", u"[IMP]", u"SCO"};
+
+// INSERT of whole rows from `fuente`; a row that is there grows by the counters of the new one.
+QString sqlSuma(const ClaseTotal& c, const QString& fuente) {
+  const QString tabla = QString::fromUtf16(c.tabla);
+  QStringList cambios;
+  for (const char16_t* campo : kContadores)
+    cambios << QStringLiteral("%1=coalesce(%2.%1, 0)+excluded.%1").arg(campo, tabla);
+  return QStringLiteral(
+             "INSERT INTO %1 (LINK, %2, CON, PES, [IMP], SCO) %3 "
+             "ON CONFLICT (LINK, %2) DO UPDATE SET %4")
+      .arg(tabla, clavesDe(c), fuente, cambios.join(u", "));
+}
+
+}  // namespace
+
+QString clavesDe(const ClaseTotal& c) {
+  return c.conHora ? QStringLiteral("GRUPO, CODI, HORA") : QStringLiteral("GRUPO, CODI");
+}
+
+Resultado<> sumarFilas(dao::Database& db, const ClaseTotal& c, qint64 destino,
+                       const QString& origen, qint64 cual, int signo, const Textos& textos) {
+  QStringList valores;
+  for (const char16_t* campo : kContadores)
+    valores << QStringLiteral("%1coalesce(%2, 0)").arg(signo < 0 ? u"-" : u"", campo);
+  const QString filas = QStringLiteral("SELECT ?, %1, %2 FROM (%3) o WHERE 1=1")
+                            .arg(clavesDe(c), valores.join(u", "), origen);
+  TARVO_INTENTAR(db.ejecutar(sqlSuma(c, filas), destino, cual));
+  return comprobarRango(db, c, destino, textos);
+}
+
+Resultado<std::unique_ptr<dao::Sentencia>> prepararSuma(dao::Database& db, const ClaseTotal& c) {
+  return db.preparar(sqlSuma(c, c.conHora ? QStringLiteral("VALUES (?, ?, ?, ?, ?, ?, ?, ?)")
+                                          : QStringLiteral("VALUES (?, ?, ?, ?, ?, ?, ?)")));
+}
+
+Resultado<> comprobarRango(dao::Database& db, const ClaseTotal& c, qint64 link,
+                           const Textos& textos) {
+  QStringList fuera;
+  for (const char16_t* campo : kContadores)
+    fuera << QStringLiteral("abs(1.0*%1)>9.2e18").arg(campo);
+  TARVO_TOMAR(const auto malas,
+              db.uno(QStringLiteral("SELECT count(*) FROM %1 WHERE LINK=? AND (%2)")
+                         .arg(QString::fromUtf16(c.tabla), fuera.join(u" OR ")),
+                     link));
+  if (malas.entero() == 0) return {};
+  return fallo(Fallo::Restriccion, textos(kTxFueraDeRango, {QStringView(c.tabla)}));
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,37 @@
+#include "totals/periodos/Manuales.h"
+
+#include "totals/TextosTotals.h"
+#include "totals/periodos/FilasTotales.h"
+
+namespace tarvo::totals {
+
+namespace {
+
+Resultado<> sumarEntrada(dao::Database& db, const Textos& textos, qint64 link,
+                         const EntradaManual& e) {
+  const ClaseTotal* c = clase(e.clase);
+  if (!c) return fallo(Fallo::Interno, textos(kTxSinClaseDeTotal, {e.clase}));
+  TARVO_TOMAR(const auto s, prepararSuma(db, *c));
+  int i = 0;
+  for (const qint64 x : {link, qint64{e.grupo}, e.codi}) s->ligar(i++, x);
+  if (c->conHora) s->ligar(i++, qint64{e.hora});
+  for (const qint64 x : {e.c.CON, e.c.PES, e.c.IMP, e.c.SCO}) s->ligar(i++, x);
+  TARVO_INTENTAR(s->ejecutar());
+  return comprobarRango(db, *c, link, textos);
+}
+
+}  // namespace
+
+Resultado<> aplicarManuales(dao::Database& db, Periodos& periodos, qint64 link,
+                            const std::vector<EntradaManual>& entradas) {
+  if (entradas.empty()) return {};
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db));
+  TARVO_TOMAR(const auto marcas, periodos.DesacumularTodo(link));
+  for (const int numero : {kGranTotal, kPLUs, kOperadores, kDepartamentos, kHorario, kOperHora})
+    for (const EntradaManual& e : entradas)
+      if (e.clase == numero) TARVO_INTENTAR(sumarEntrada(db, periodos.textos(), link, e));
+  TARVO_INTENTAR(periodos.ReacumularTodo(link, marcas));
+  return t.confirmar();
+}
+
+}  // namespace tarvo::totals

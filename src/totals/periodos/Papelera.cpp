@@ -1,0 +1,202 @@
+#include "totals/periodos/Papelera.h"
+#include "totals/TextosTotals.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char16_t* kTablasPapelera[] = {u"PapeleraPer", u"PapeleraFilas", u"PapeleraOrig",
+                                               u"PapeleraSusti", u"PapeleraTotSusti"};
+const QString kColumnasOrigen =
+    u"LINK, GRUPO, CLASE, EJECUCION, LEIDO, DESDE, HASTA, MODO, FILAS, CON, IMP"_s;
+const QString kColumnasFila = u"GRUPO, CODI, HORA, CON, PES, [IMP], SCO"_s;
+
+// A fixed text with a table or column name in it; values are always bound.
+template <class... N>
+QString con(const char16_t* sql, const N&... nombres) {
+  return QString::fromUtf16(sql).arg(nombres...);
+}
+
+QString tablaDe(const ClaseTotal& c) {
+  return QString::fromUtf16(c.tabla);
+}
+
+QString marcaDe(int tipo) {
+  return u"ACUM"_s + QString::number(tipo);
+}
+
+struct Tirado {
+  Columna columna;
+  bool soloFilas;
+};
+
+Resultado<std::vector<Tirado>> leerLote(dao::Database& db, qint64 lote) {
+  TARVO_TOMAR(auto rs, db.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR, SOLOFILAS FROM "
+                                    u"PapeleraPer WHERE LOTE=? ORDER BY "
+                                    u"LINK",
+                                    lote));
+  std::vector<Tirado> v;
+  for (; !rs->Eof();) {
+    Tirado t{{}, rs->logico(5)};
+    t.columna.LINK = rs->entero(0);
+    t.columna.periodo = {static_cast<int>(rs->entero(1)), rs->fecha(2), rs->fecha(3)};
+    t.columna.DESCR = rs->texto(4);
+    v.push_back(std::move(t));
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  return v;
+}
+
+}  // namespace
+
+Resultado<qint64> Papelera::nuevoLote() {
+  TARVO_TOMAR(const auto ultimo, db_.uno(u"SELECT max(LOTE) FROM PapeleraPer"));
+  return ultimo.entero() + 1;
+}
+
+Resultado<bool> Papelera::tirar(qint64 lote, qint64 link) {
+  return mover(lote, link, false);
+}
+
+Resultado<bool> Papelera::vaciar(qint64 lote, qint64 link) {
+  return mover(lote, link, true);
+}
+
+Resultado<bool> Papelera::mover(qint64 lote, qint64 link, bool soloFilas) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto c, p_.columna(link));
+  if (!c) return false;
+  TARVO_INTENTAR(guardar(lote, *c, soloFilas));
+  TARVO_INTENTAR(soloFilas ? p_.VaciarPeriodo(link) : p_.BorrarPeriodo(link));
+  TARVO_INTENTAR(t.confirmar());
+  return true;
+}
+
+Resultado<> Papelera::guardar(qint64 lote, const Columna& c, bool soloFilas) {
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO PapeleraPer (LOTE, SOLOFILAS, LINK, TIPO, FECHA1, FECHAF, DESCR, ACUM2, ACUM3, "
+      u"ACUM4, stkABLE, stkADO) SELECT ?, ?, LINK, TIPO, FECHA1, FECHAF, DESCR, ACUM2, ACUM3, "
+      u"ACUM4, stkABLE, stkADO FROM COLUMNA WHERE LINK=?",
+      lote, soloFilas, c.LINK));
+  for (const ClaseTotal& k : enVigor(a_))
+    TARVO_INTENTAR(db_.ejecutar(
+        con(u"INSERT INTO PapeleraFilas (LOTE, LINK, CLASE, %1) SELECT ?, LINK, ?, GRUPO, CODI, "
+            u"%2, CON, PES, [IMP], SCO FROM %3 WHERE LINK=?",
+            kColumnasFila, k.conHora ? u"HORA"_s : u"0"_s, tablaDe(k)),
+        lote, k.numero, c.LINK));
+  if (db_.existeTabla(u"Origenes"))
+    TARVO_INTENTAR(db_.ejecutar(
+        con(u"INSERT INTO PapeleraOrig (LOTE, %1) SELECT ?, %1 FROM Origenes WHERE LINK=?",
+            kColumnasOrigen),
+        lote, c.LINK));
+  return guardarSustituidos(lote, c);
+}
+
+// What is remembered of replaced periods is forgotten with the larger period that holds it.
+Resultado<> Papelera::guardarSustituidos(qint64 lote, const Columna& c) {
+  const Periodo& p = c.periodo;
+  if (p.tipo < kSemanal || p.tipo > kAnual) return {};
+  const QString cuales =
+      con(u"FROM Sustituidos WHERE FECHA1>=? AND FECHAF<=? AND %1<>0", marcaDe(p.tipo));
+  TARVO_INTENTAR(db_.ejecutar(
+      QString(u"INSERT INTO PapeleraSusti (LOTE, LINK, ID, TIPO, FECHA1, FECHAF) SELECT ?, ?, ID, "
+              u"TIPO, FECHA1, FECHAF "_s +
+              cuales),
+      lote, c.LINK, p.desde, p.hasta));
+  TARVO_INTENTAR(db_.ejecutar(
+      con(u"INSERT INTO PapeleraTotSusti (LOTE, ID, CLASE, %1) SELECT ?, ID, CLASE, %1 FROM "
+          u"TotSusti WHERE ID IN (SELECT ID %2) AND ID NOT IN (SELECT ID FROM PapeleraTotSusti "
+          u"WHERE LOTE=?)",
+          kColumnasFila, cuales),
+      lote, p.desde, p.hasta, lote));
+  return {};
+}
+
+Resultado<int> Papelera::restaurar(qint64 lote) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto tirados, leerLote(db_, lote));
+  for (const Tirado& x : tirados) {
+    TARVO_INTENTAR(comprobarSitio(x.columna, x.soloFilas));
+    TARVO_INTENTAR(reponer(lote, x.columna, x.soloFilas));
+  }
+  TARVO_INTENTAR(olvidar(lote));
+  TARVO_INTENTAR(t.confirmar());
+  return static_cast<int>(tirados.size());
+}
+
+// A period goes back to an empty place, rows alone to a period that is there and empty.
+Resultado<> Papelera::comprobarSitio(const Columna& c, bool soloFilas) {
+  const Periodo& p = c.periodo;
+  TARVO_TOMAR(
+      const auto hay,
+      db_.uno(u"SELECT count(*) FROM COLUMNA WHERE LINK=? OR (TIPO=? AND FECHA1=? AND FECHAF=?)",
+              c.LINK, p.tipo, p.desde, p.hasta));
+  bool libre = (hay.entero() > 0) == soloFilas;
+  for (const ClaseTotal& k : enVigor(a_)) {
+    TARVO_TOMAR(const auto filas,
+                db_.uno(con(u"SELECT count(*) FROM %1 WHERE LINK=?", tablaDe(k)), c.LINK));
+    libre = libre && filas.entero() == 0;
+  }
+  if (libre) return {};
+  return fallo(Fallo::Duplicado, p_.textos()(kTxRecuperarOcupado, {TextoPeriodo(p)}));
+}
+
+Resultado<> Papelera::reponer(qint64 lote, const Columna& c, bool soloFilas) {
+  if (!soloFilas)
+    TARVO_INTENTAR(db_.ejecutar(
+        u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR, ACUM2, ACUM3, ACUM4, stkABLE, "
+        u"stkADO) SELECT LINK, TIPO, FECHA1, FECHAF, DESCR, ACUM2, ACUM3, ACUM4, stkABLE, stkADO "
+        u"FROM PapeleraPer WHERE LOTE=? AND LINK=?",
+        lote, c.LINK));
+  for (const ClaseTotal& k : enVigor(a_))
+    TARVO_INTENTAR(db_.ejecutar(
+        con(u"INSERT INTO %1 (LINK, GRUPO, CODI, %2CON, PES, [IMP], SCO) SELECT LINK, GRUPO, "
+            u"CODI, %2CON, PES, [IMP], SCO FROM PapeleraFilas WHERE LOTE=? AND LINK=? AND CLASE=?",
+            tablaDe(k), k.conHora ? u"HORA, "_s : QString()),
+        lote, c.LINK, k.numero));
+  if (db_.existeTabla(u"Origenes"))
+    TARVO_INTENTAR(db_.ejecutar(
+        con(u"INSERT INTO Origenes (%1) SELECT %1 FROM PapeleraOrig WHERE LOTE=? AND LINK=?",
+            kColumnasOrigen),
+        lote, c.LINK));
+  return reponerSustituidos(lote, c);
+}
+
+Resultado<> Papelera::reponerSustituidos(qint64 lote, const Columna& c) {
+  if (c.periodo.tipo < kSemanal || c.periodo.tipo > kAnual) return {};
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO TotSusti (ID, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) SELECT ID, "
+      u"CLASE, "
+      u"GRUPO, CODI, HORA, CON, PES, [IMP], SCO FROM PapeleraTotSusti WHERE LOTE=? AND ID IN "
+      u"(SELECT ID FROM PapeleraSusti WHERE LOTE=? AND LINK=?) AND ID NOT IN (SELECT ID FROM "
+      u"Sustituidos)",
+      lote, lote, c.LINK));
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO Sustituidos (ID, TIPO, FECHA1, FECHAF) SELECT ID, TIPO, FECHA1, FECHAF FROM "
+      u"PapeleraSusti WHERE LOTE=? AND LINK=? AND ID NOT IN (SELECT ID FROM Sustituidos)",
+      lote, c.LINK));
+  TARVO_INTENTAR(db_.ejecutar(
+      con(u"UPDATE Sustituidos SET %1=1 WHERE ID IN (SELECT ID FROM PapeleraSusti WHERE LOTE=? AND "
+          u"LINK=?)",
+          marcaDe(c.periodo.tipo)),
+      lote, c.LINK));
+  return {};
+}
+
+Resultado<> Papelera::olvidar(qint64 lote) {
+  for (const char16_t* tabla : kTablasPapelera)
+    TARVO_INTENTAR(
+        db_.ejecutar(con(u"DELETE FROM %1 WHERE LOTE=?", QString::fromUtf16(tabla)), lote));
+  return {};
+}
+
+Resultado<> Papelera::vaciarla() {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  for (const char16_t* tabla : kTablasPapelera)
+    TARVO_INTENTAR(db_.ejecutar(con(u"DELETE FROM %1", QString::fromUtf16(tabla))));
+  return t.confirmar();
+}
+
+}  // namespace tarvo::totals

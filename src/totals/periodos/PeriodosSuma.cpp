@@ -1,0 +1,92 @@
+// Adding periods into one another.
+#include "totals/TextosTotals.h"
+#include "totals/periodos/FilasTotales.h"
+#include "totals/periodos/Periodos.h"
+
+namespace tarvo::totals {
+
+namespace {
+
+QString campoAcum(int tipo) {
+  return QStringLiteral("ACUM%1").arg(tipo);
+}
+
+Resultado<> ponerMarca(dao::Database& db, qint64 link, int tipo, bool valor) {
+  TARVO_INTENTAR(db.ejecutar(
+      QStringLiteral("UPDATE COLUMNA SET %1=? WHERE LINK=?").arg(campoAcum(tipo)), valor, link));
+  return {};
+}
+
+std::unexpected<Error> sinPeriodo(qint64 link, const Textos& textos) {
+  return fallo(Fallo::NoExiste, textos(kTxSinPeriodo, {link}));
+}
+
+}  // namespace
+
+Resultado<> Periodos::SumarPeriodo(qint64 destino, qint64 origen, int signo) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  for (const ClaseTotal& c : enVigor(a_)) {
+    const QString filas = QStringLiteral("SELECT * FROM %1 WHERE LINK=?").arg(c.tabla);
+    TARVO_INTENTAR(sumarFilas(db_, c, destino, filas, origen, signo, textos_));
+  }
+  return t.confirmar();
+}
+
+// The one larger period of this kind that holds the whole of `origen`, made when it isn't there.
+Resultado<std::optional<qint64>> Periodos::destinoDe(int tipo, const Periodo& origen) {
+  if (tipo < kSemanal || tipo > kAnual || origen.tipo == tipo) return std::nullopt;
+  const Periodo mayor = LimitesPeriodo(tipo, origen.desde, origen.desde);
+  if (LimitesPeriodo(tipo, origen.hasta, origen.hasta) != mayor) return std::nullopt;
+  TARVO_TOMAR(const auto c, BuscarPeriodo(tipo, mayor.desde, mayor.hasta));
+  if (c) return c->LINK;
+  return CrearPeriodo(tipo, mayor.desde, mayor.hasta, false, QString());
+}
+
+Resultado<bool> Periodos::moverAcumulado(int tipo, const Columna& origen, int signo) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto destino, destinoDe(tipo, origen.periodo));
+  if (!destino) return false;
+  if (signo > 0) TARVO_INTENTAR(saldarAcumulado(tipo, origen));
+  TARVO_INTENTAR(SumarPeriodo(*destino, origen.LINK, signo));
+  TARVO_INTENTAR(ponerMarca(db_, origen.LINK, tipo, signo > 0));
+  TARVO_INTENTAR(t.confirmar());
+  return true;
+}
+
+Resultado<bool> Periodos::AcumularPeriodo(int tipo, const Columna& origen) {
+  return moverAcumulado(tipo, origen, 1);
+}
+
+Resultado<bool> Periodos::DesacumularPeriodo(int tipo, const Columna& origen) {
+  if (!origen.acumulado(tipo)) return false;
+  return moverAcumulado(tipo, origen, -1);
+}
+
+Resultado<Periodos::Marcas> Periodos::DesacumularTodo(qint64 link) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto c, columna(link));
+  if (!c) return sinPeriodo(link, textos_);
+  Marcas m;
+  for (const auto& [tipo, marca] :
+       {std::pair{kSemanal, &m.a2}, {kMensual, &m.a3}, {kAnual, &m.a4}}) {
+    TARVO_TOMAR(const auto hecho, DesacumularPeriodo(tipo, *c));
+    *marca = hecho;
+  }
+  m.stk = -c->stkADO;
+  if (m.stk != 0) TARVO_INTENTAR(almacenes_.DescontarVenta(link, m.stk));
+  TARVO_INTENTAR(t.confirmar());
+  return m;
+}
+
+Resultado<> Periodos::ReacumularTodo(qint64 link, const Marcas& marcas) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto c, columna(link));
+  if (!c) return sinPeriodo(link, textos_);
+  for (const auto& [tipo, marca] :
+       {std::pair{kSemanal, marcas.a2}, {kMensual, marcas.a3}, {kAnual, marcas.a4}})
+    if (marca) TARVO_INTENTAR(AcumularPeriodo(tipo, *c));
+  if (marcas.stk != 0) TARVO_INTENTAR(almacenes_.DescontarVenta(link, -marcas.stk));
+  return t.confirmar();
+}
+
+}  // namespace tarvo::totals

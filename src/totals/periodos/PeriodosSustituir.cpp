@@ -1,0 +1,150 @@
+// Replaced periods. The larger periods and the stock keep what they held of a period that is
+// replaced. Its rows and marks stay in two tables, so that they can be taken out again to the cent
+// when the new version is added there in turn.
+#include "totals/TextosTotals.h"
+#include "totals/periodos/FilasTotales.h"
+#include "totals/periodos/Periodos.h"
+
+namespace tarvo::totals {
+
+namespace {
+
+QString filasGuardadas(const ClaseTotal& c) {
+  return QStringLiteral("SELECT %1, CON, PES, [IMP], SCO FROM TotSusti WHERE ID=? AND CLASE=%2")
+      .arg(clavesDe(c))
+      .arg(c.numero);
+}
+
+QString marcaAcum(int tipo) {
+  return QStringLiteral("ACUM%1").arg(tipo);
+}
+
+Resultado<> guardarFilas(dao::Database& db, const ClaseTotal& c, qint64 id, qint64 link) {
+  const QString sql =
+      QStringLiteral(
+          "INSERT INTO TotSusti (ID, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) "
+          "SELECT ?, ?, GRUPO, CODI, %1, CON, PES, [IMP], SCO FROM %2 WHERE LINK=?")
+          .arg(c.conHora ? u"HORA" : u"0", QString::fromUtf16(c.tabla));
+  TARVO_INTENTAR(db.ejecutar(sql, id, c.numero, link));
+  return {};
+}
+
+}  // namespace
+
+Resultado<> Periodos::recordar(const Columna& vieja) {
+  if (!vieja.ACUM2 && !vieja.ACUM3 && !vieja.ACUM4 && vieja.stkADO == 0) return {};
+  TARVO_TOMAR(const auto ultimo, db_.uno(u"SELECT max(ID) FROM (SELECT ID FROM Sustituidos UNION "
+                                         u"ALL SELECT ID FROM PapeleraSusti) x"));
+  const qint64 id = ultimo.entero() + 1;
+  const Periodo& p = vieja.periodo;
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO Sustituidos (ID, TIPO, FECHA1, FECHAF, ACUM2, ACUM3, ACUM4, stkADO) "
+      u"VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
+      id, p.tipo, p.desde, p.hasta, vieja.ACUM2, vieja.ACUM3, vieja.ACUM4, vieja.stkADO));
+  for (const ClaseTotal& c : enVigor(a_)) TARVO_INTENTAR(guardarFilas(db_, c, id, vieja.LINK));
+  return {};
+}
+
+Resultado<qint64> Periodos::sustituir(const Columna& vieja, const QString& descr) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  const auto actual = columna(vieja.LINK);  // its marks as they are now
+  if (!actual) return std::unexpected(actual.error());
+  if (!*actual) return fallo(Fallo::NoExiste, textos_(kTxSinPeriodo, {vieja.LINK}));
+  const Columna& c = **actual;
+  TARVO_INTENTAR(recordar(c));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM COLUMNA WHERE LINK=?", c.LINK));
+  const auto nuevo = CrearPeriodo(c.periodo.tipo, c.periodo.desde, c.periodo.hasta, true, descr);
+  if (!nuevo) return nuevo;
+  if (*nuevo != c.LINK)
+    for (const ClaseTotal& k : enVigor(a_))
+      TARVO_INTENTAR(db_.ejecutar(
+          QStringLiteral("UPDATE %1 SET LINK=? WHERE LINK=?").arg(QString::fromUtf16(k.tabla)),
+          *nuevo, c.LINK));
+  TARVO_INTENTAR(t.confirmar());
+  return nuevo;
+}
+
+// The earlier versions of a period that still stand where `marca` says.
+Resultado<std::vector<Periodos::Sustituido>> Periodos::sustituidos(const Periodo& p,
+                                                                   const QString& marca) {
+  TARVO_TOMAR(
+      auto rs,
+      db_.consultar(QStringLiteral(
+                        "SELECT ID, stkADO FROM Sustituidos WHERE TIPO=? AND FECHA1=? AND FECHAF=? "
+                        "AND %1<>0 ORDER BY ID")
+                        .arg(marca),
+                    p.tipo, p.desde, p.hasta));
+  std::vector<Sustituido> v;
+  while (!rs->Eof()) {
+    v.push_back({rs->entero(0), p, static_cast<int>(rs->entero(1))});
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  return v;
+}
+
+Resultado<> Periodos::sacarSustituido(const Sustituido& s, int tipo) {
+  TARVO_TOMAR(const auto destino, destinoDe(tipo, s.periodo));
+  if (!destino) return {};
+  for (const ClaseTotal& c : enVigor(a_))
+    TARVO_INTENTAR(sumarFilas(db_, c, *destino, filasGuardadas(c), s.ID, -1, textos_));
+  return {};
+}
+
+Resultado<> Periodos::saldarAcumulado(int tipo, const Columna& nueva) {
+  if (tipo < kSemanal || tipo > kAnual) return {};
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto viejas, sustituidos(nueva.periodo, marcaAcum(tipo)));
+  for (const Sustituido& s : viejas) {
+    TARVO_INTENTAR(sacarSustituido(s, tipo));
+    TARVO_INTENTAR(db_.ejecutar(
+        QStringLiteral("UPDATE Sustituidos SET %1=0 WHERE ID=?").arg(marcaAcum(tipo)), s.ID));
+  }
+  if (!viejas.empty()) TARVO_INTENTAR(limpiarSustituidos());
+  return t.confirmar();
+}
+
+Resultado<> Periodos::saldarStock(const Columna& nueva) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto viejas, sustituidos(nueva.periodo, QStringLiteral("stkADO")));
+  for (const Sustituido& s : viejas) {
+    const QString filas =
+        QStringLiteral("SELECT GRUPO, CODI, CON, PES FROM TotSusti WHERE ID=%1 AND CLASE=%2")
+            .arg(s.ID)
+            .arg(kPLUs);
+    TARVO_INTENTAR(almacenes_.descontarFilas(filas, -s.stkADO));
+    TARVO_INTENTAR(db_.ejecutar(u"UPDATE Sustituidos SET stkADO=0 WHERE ID=?", s.ID));
+  }
+  if (!viejas.empty()) TARVO_INTENTAR(limpiarSustituidos());
+  return t.confirmar();
+}
+
+Resultado<bool> Periodos::DescontarPeriodo(const Columna& c, int veces) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  if (veces > 0 && c.stkABLE) {
+    TARVO_INTENTAR(almacenes_.puedeDescontar(c.LINK));
+    TARVO_INTENTAR(saldarStock(c));
+  }
+  auto hecho = almacenes_.DescontarVenta(c.LINK, veces);
+  if (!hecho) return hecho;
+  TARVO_INTENTAR(t.confirmar());
+  return hecho;
+}
+
+Resultado<> Periodos::olvidarSustituidosEn(const Periodo& mayor) {
+  if (mayor.tipo < kSemanal || mayor.tipo > kAnual) return {};
+  TARVO_INTENTAR(db_.ejecutar(
+      QStringLiteral("UPDATE Sustituidos SET %1=0 WHERE FECHA1>=? AND FECHAF<=? AND %1<>0")
+          .arg(marcaAcum(mayor.tipo)),
+      mayor.desde, mayor.hasta));
+  return limpiarSustituidos();
+}
+
+Resultado<> Periodos::limpiarSustituidos() {
+  TARVO_INTENTAR(
+      db_.ejecutar(u"DELETE FROM Sustituidos WHERE ACUM2=0 AND ACUM3=0 AND ACUM4=0 AND stkADO=0"));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"DELETE FROM TotSusti WHERE ID NOT IN (SELECT ID FROM Sustituidos)"));
+  return {};
+}
+
+}  // namespace tarvo::totals

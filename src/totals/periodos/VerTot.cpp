@@ -1,0 +1,162 @@
+#include "totals/periodos/VerTot.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarvo::totals {
+
+namespace {
+
+bool solapan(const Periodo& a, const Periodo& b) {
+  return (a.desde <= b.desde && a.hasta > b.desde) || (a.desde > b.desde && a.desde < b.hasta);
+}
+
+// The last date of a selection counts to its end, except where dates are taken as they are.
+Fecha hastaElFinal(int tipo, Fecha hasta) {
+  return tipo == kOtros ? hasta : hasta.dia() + Fecha::kUltimoSegundo;
+}
+
+}  // namespace
+
+VerTot::VerTot(Periodos& periodos, dao::Database& db, const Ajustes& ajustes)
+    : p_(periodos), db_(db), a_(ajustes) {}
+
+// One operation over the selection: every period once, all or (on an Error) none. The selection is
+// cleared in any case. Periods that are gone make the answer false.
+Resultado<bool> VerTot::conSeleccion(
+    const std::function<Resultado<bool>(const Columna&, bool antes)>& paso) {
+  const std::vector<qint64> links = std::exchange(seleccion_, {});
+  if (links.empty()) return false;
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  bool ok = true;
+  for (const qint64 link : links) {
+    TARVO_TOMAR(const auto c, p_.columna(link));
+    const Resultado<bool> hecho = c ? paso(*c, ok) : Resultado<bool>(false);
+    if (!hecho) return hecho;
+    ok = *hecho;
+  }
+  TARVO_INTENTAR(t.confirmar());
+  return ok;
+}
+
+Resultado<int> VerTot::ChequeoAcumulado(const Columna& c, int tipo) {
+  if (c.acumulado(tipo)) return 2;
+  const Periodo mayor = LimitesPeriodo(tipo, c.periodo.desde, c.periodo.desde);
+  TARVO_TOMAR(const auto todos, p_.lista());
+  for (const Columna& otro : todos) {
+    const int k = otro.periodo.tipo;
+    const bool seMira = (k >= kDiario && k < tipo) || k == kOtros;
+    if (seMira && otro.periodo.desde >= mayor.desde && otro.periodo.desde < mayor.hasta &&
+        otro.acumulado(tipo) && solapan(otro.periodo, c.periodo))
+      return otro.LINK == c.LINK ? 2 : 1;
+  }
+  return 0;
+}
+
+Resultado<bool> VerTot::AcumularEn(int tipo) {
+  return conSeleccion([&](const Columna& c, bool antes) -> Resultado<bool> {
+    TARVO_TOMAR(const auto chequeo, ChequeoAcumulado(c, tipo));
+    if (chequeo == 2) return antes;
+    const auto hecho = p_.AcumularPeriodo(tipo, c);
+    if (!hecho) return hecho;
+    return antes && *hecho;
+  });
+}
+
+Resultado<bool> VerTot::DesacumularDe(int tipo) {
+  return conSeleccion([&](const Columna& c, bool) { return p_.DesacumularPeriodo(tipo, c); });
+}
+
+Resultado<bool> VerTot::AcumularIntv(int tipo, int signo) {
+  if (signo == 0) return true;
+  return signo > 0 ? AcumularEn(tipo) : DesacumularDe(tipo);
+}
+
+Resultado<bool> VerTot::StockIntv(bool deshacer) {
+  return conSeleccion([&](const Columna& c, bool antes) -> Resultado<bool> {
+    if (!c.stkABLE) return false;
+    if (!deshacer && c.stkADO >= 1) return antes;  // its sales are out of the stock already
+    const auto hecho = p_.DescontarPeriodo(c, deshacer ? -1 : 1);
+    if (!hecho) return hecho;
+    return antes && *hecho;
+  });
+}
+
+Resultado<qint64> VerTot::CrearIntvalo(const Periodo& p, const QString& descr) {
+  return p_.CrearPeriodo(p.tipo, p.desde, p.hasta, true, descr);
+}
+
+Resultado<bool> VerTot::BorrarIntvalo(int tipo, Fecha desde, Fecha hasta) {
+  TARVO_TOMAR(const auto links, entreFechas(tipo, desde, hasta));
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  for (const qint64 link : links) TARVO_INTENTAR(p_.BorrarPeriodo(link));
+  TARVO_INTENTAR(t.confirmar());
+  for (const qint64 link : links) std::erase(seleccion_, link);
+  return !links.empty();
+}
+
+Resultado<std::vector<qint64>> VerTot::entreFechas(int tipo, Fecha desde, Fecha hasta) {
+  TARVO_TOMAR(const auto filas, p_.lista(tipo));
+  const Fecha fin = hastaElFinal(tipo, hasta);
+  std::vector<qint64> v;
+  for (const Columna& c : filas)
+    if (c.periodo.tipo == tipo && c.periodo.desde >= desde && c.periodo.hasta <= fin)
+      v.push_back(c.LINK);
+  return v;
+}
+
+bool VerTot::ClrSelec() {
+  seleccion_.clear();
+  return true;
+}
+
+void VerTot::anadir(qint64 link) {
+  if (std::find(seleccion_.begin(), seleccion_.end(), link) == seleccion_.end())
+    seleccion_.push_back(link);
+}
+
+Resultado<bool> VerTot::Seleccionar(int tipo, Fecha desde, Fecha hasta) {
+  TARVO_TOMAR(const auto links, entreFechas(tipo, desde, hasta));
+  for (const qint64 link : links) anadir(link);
+  return !links.empty();
+}
+
+Resultado<bool> VerTot::SelecHnd(qint64 link) {
+  TARVO_TOMAR(const auto c, p_.columna(link));
+  if (c) anadir(link);
+  return c.has_value();
+}
+
+void VerTot::ponerSeleccion(const std::vector<qint64>& links) {
+  seleccion_.clear();
+  for (const qint64 link : links) anadir(link);
+}
+
+Resultado<std::optional<VerTot::Suma>> VerTot::destinoDeSuma() {
+  std::optional<Periodo> todo;
+  for (const qint64 link : seleccion_) {
+    TARVO_TOMAR(const auto c, p_.columna(link));
+    if (!c) return std::nullopt;
+    const Periodo& p = c->periodo;
+    if (!todo) todo = p;
+    todo->desde = std::min(todo->desde, p.desde);
+    todo->hasta = std::max(todo->hasta, p.hasta);
+  }
+  if (!todo) return std::nullopt;
+  const Periodo p = Calendario(a_).DeterminarPeriodo(todo->desde, todo->hasta, std::nullopt);
+  TARVO_TOMAR(auto hay, p_.BuscarPeriodo(p.tipo, p.desde, p.hasta));
+  return Suma{p, std::move(hay)};
+}
+
+Resultado<bool> VerTot::SumarIntv() {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto destino, destinoDeSuma());
+  if (!destino || !destino->existente) return false;
+  const qint64 total = destino->existente->LINK;
+  for (const qint64 link : seleccion_)
+    if (link != total) TARVO_INTENTAR(p_.SumarPeriodo(total, link));
+  TARVO_INTENTAR(t.confirmar());
+  return true;
+}
+
+}  // namespace tarvo::totals

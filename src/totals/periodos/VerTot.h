@@ -1,0 +1,57 @@
+// The operations on periods that processes and the window share: a selection, and what is done with
+// it. A quiet call asks nothing and takes the safe answer. The selection holds each LINK once, in
+// the order selected.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "totals/periodos/Periodos.h"
+
+namespace tarvo::totals {
+
+class VerTot {
+ public:
+  VerTot(Periodos& periodos, dao::Database& db, const Ajustes& ajustes);
+
+  // Each answers whether it did what its step promises; an Error is a failure of the store,
+  // everything undone.
+  Resultado<bool> AcumularEn(int tipo);
+  Resultado<bool> DesacumularDe(int tipo);
+  Resultado<bool> AcumularIntv(int tipo, int signo);
+  Resultado<qint64> CrearIntvalo(const Periodo& p, const QString& descr);
+  Resultado<bool> BorrarIntvalo(int tipo, Fecha desde, Fecha hasta);
+  bool ClrSelec();
+  Resultado<bool> Seleccionar(int tipo, Fecha desde, Fecha hasta);
+  Resultado<bool> SelecHnd(qint64 link);
+  // A period that isn't stockable is passed over and makes it false; one that is discounted already
+  // is passed over.
+  Resultado<bool> StockIntv(bool deshacer = false);
+  // Where a sum of the selection goes: the period that holds all of it, and its row when it is
+  // there. Nothing when a selected period is gone or none is selected.
+  struct Suma {
+    Periodo periodo;
+    std::optional<Columna> existente;
+  };
+  Resultado<std::optional<Suma>> destinoDeSuma();
+  // Into the period that holds the whole selection, which must exist. The selection stays.
+  Resultado<bool> SumarIntv();
+  Resultado<std::optional<Columna>> columna(qint64 link) { return p_.columna(link); }
+  const std::vector<qint64>& LosSelec() const { return seleccion_; }
+  void ponerSeleccion(const std::vector<qint64>& links);
+  // 0 free, 1 a related period is accumulated there, 2 this very one is.
+  Resultado<int> ChequeoAcumulado(const Columna& c, int tipo);
+
+ private:
+  Resultado<bool> conSeleccion(
+      const std::function<Resultado<bool>(const Columna&, bool antes)>& paso);
+  Resultado<std::vector<qint64>> entreFechas(int tipo, Fecha desde, Fecha hasta);
+  void anadir(qint64 link);
+
+  Periodos& p_;
+  dao::Database& db_;
+  const Ajustes& a_;
+  std::vector<qint64> seleccion_;
+};
+
+}  // namespace tarvo::totals
