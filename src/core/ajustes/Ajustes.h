@@ -137,6 +137,12 @@ class Ajustes {
   void fijarTextosEtiquetas();  // slots 1 to 20, which follow MonedaNativa
 };
 
+// Of the five times of communications.
+constexpr Limites limitesDe(int Ajustes::* campo) {
+  if (campo == &Ajustes::IntentosManual) return kLimitesIntentos;
+  return campo == &Ajustes::FactorEsperaNDL ? kLimitesEspera : kLimitesRespuesta;
+}
+
 // The same on a text of such a file.
 QString buscarConector(const QString& texto, const QString& nombre);
 

@@ -36,7 +36,8 @@ template <Limites kLimites>
 bool limitado(QStringView v, int& campo) {
   int leido = 0;
   const bool bien = dentroDe(v, kLimites, leido);
-  if (kLimites.admite(ini::real(v)) && !v.isEmpty()) campo = leido;
+  const bool hayNumero = !v.isEmpty() && v.front().isDigit();
+  if (hayNumero && kLimites.admite(ini::real(v))) campo = leido;
   return bien;
 }
 
