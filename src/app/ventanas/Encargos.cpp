@@ -61,7 +61,7 @@ void Encargos::atender(const Peticion& p, const std::shared_ptr<Visita>& visita)
   }
   visita->alParar = [this, quien = visita.get()] { parar(quien); };
   visita->decir({});
-  cola_.push_back({p, visita});
+  cola_.push_back({p, visita, false});
   if (!mirada_->activo()) mirada_->unaVez(0);
 }
 
@@ -95,7 +95,11 @@ bool Encargos::libre() const {
 
 void Encargos::mirar() {
   if (actual_ || cola_.empty()) return;
-  libre() ? empezar() : mirada_->unaVez(kMiradaMs);
+  if (libre()) return empezar();
+  Encargo& primero = cola_.front();
+  if (!std::exchange(primero.avisado, true))
+    primero.visita->decir(aviso(fondo_.textos(kTxEsperaTurno, {app_.automat().nombre()})));
+  mirada_->unaVez(kMiradaMs);
 }
 
 Resultado<std::vector<automation::PasoProceso>> Encargos::pasosDe(const Peticion& p) const {

@@ -30,6 +30,7 @@ class Encargos final : private automation::ObservadorAutomat {
   struct Encargo {
     Peticion peticion;
     std::shared_ptr<Visita> visita;
+    bool avisado = false;  // that it has to wait
   };
   void atender(const Peticion& peticion, const std::shared_ptr<Visita>& visita);
   void alzar(const QString& ventana);
