@@ -1,5 +1,8 @@
 #include "app/Aplicacion.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
 #include <QSysInfo>
 
 #include "comm/tareas/Registro.h"
@@ -8,9 +11,12 @@ namespace tarvo::app {
 
 namespace {
 
-// Who sits here, as the computer knows them: user and machine.
+// Who sits here, as the computer knows them: user and machine. A service has no USER.
 QString personaDeAqui() {
-  const QString persona = qEnvironmentVariable("USER", qEnvironmentVariable("LOGNAME"));
+  QString persona = qEnvironmentVariable("USER", qEnvironmentVariable("LOGNAME"));
+  if (persona.isEmpty())
+    if (const passwd* suyo = ::getpwuid(::getuid()))
+      persona = QString::fromLocal8Bit(suyo->pw_name);
   return persona + QLatin1Char('@') + QSysInfo::machineHostName();
 }
 

@@ -79,7 +79,8 @@ Resultado<std::vector<int>> Almacen::PedidosInvolucrados() {
                  fila_.CODALM);
 }
 Resultado<std::vector<int>> Almacen::AlbaranesInvolucrados() {
-  return codigos(*db_, u"select NUMALB from ALBA_CAB where Almacen=? order by NUMALB",
+  // A transfer names two.
+  return codigos(*db_, u"select NUMALB from ALBA_CAB where ? in (Almacen, Origen) order by NUMALB",
                  fila_.CODALM);
 }
 

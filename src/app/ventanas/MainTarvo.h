@@ -35,6 +35,8 @@ class MainTarvo final : public ventanas::Ventana {
   void salir();
   void minimizar();
   void reaparecer();
+  void atenderBandeja();
+  bool atiendeEscape();
   bool esLaUnica() const;
   void moverFoco(int pasos);
   void changeEvent(QEvent* evento) override;
@@ -61,6 +63,7 @@ class MainTarvo final : public ventanas::Ventana {
   Manana* manana_;
   SysTray* tray_;
   bool suspendiendo_ = false;
+  qint64 hijaIda_ = -1;      // when another window closed last, on the clock that only goes forward
   bool enPersonal_ = false;  // a pop-up or the dialog of an own entry is up
   QPointer<QWidget> ultimaEntrada_;
 };

@@ -109,15 +109,17 @@ void CfgComm::editar(const QString& ventana, int n) {
   mostrarCanal(n);
 }
 
-// False when a field holds no whole number from 0; each such has its fault beside it.
+// False when a field holds no whole number within its limits; each such has its fault beside it.
 bool CfgComm::leerTiempos(std::array<int, 5>& valores) {
   QLineEdit* primero = nullptr;
   for (size_t i = 0; i < tiempos_.size(); ++i) {
     const Tiempo& tiempo = tiempos_[i];
     bool vale = false;
     valores[i] = tiempo.campo->text().trimmed().toInt(&vale);
-    vale = vale && valores[i] >= 0;
-    tiempo.falta->setText(vale ? QString() : t(kTxEscribeNumero));
+    const Limites limites = limitesDe(tiempo.ajuste);
+    vale = vale && limites.admite(valores[i]);
+    tiempo.falta->setText(vale ? QString()
+                               : t(kTxFueraDeLimites).arg(limites.menor).arg(limites.mayor));
     tiempo.campo->setProperty("falta", !vale);
     tiempo.campo->update();
     if (!vale && !primero) primero = tiempo.campo;

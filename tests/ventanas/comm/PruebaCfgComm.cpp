@@ -74,7 +74,7 @@ TEST_F(Configuracion, ElMotorSigueElUso) {
 }
 
 TEST_F(Configuracion, LoMaloNoSeGuarda) {
-  for (const char16_t* malo : {u"", u"diez", u"1,5", u"-3"}) {
+  for (const char16_t* malo : {u"", u"diez", u"1,5", u"-3", u"0", u"950400000"}) {
     abrir(u"CfgComm"_s);
     escribir(en<QLineEdit>(u"TimeACK"_s), u"x"_s);
     en<QLineEdit>(u"TimeACK"_s)->setText(QString::fromUtf16(malo));

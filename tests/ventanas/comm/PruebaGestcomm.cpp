@@ -187,6 +187,51 @@ TEST_F(Gestcomm, MenusSegunGruposYQuienSabe) {
   EXPECT_TRUE(accion(u"MnTxTec"_s)->isEnabled());
 }
 
+// A wipe and a zeroing say what goes and wait for a yes, by whatever way and with one group too.
+TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
+  grupo(1, 1, u"cable 1"_s);
+  vender(1, 10, 1500, 250);
+  articulo(10);
+  valor(db->ejecutar(u"INSERT INTO Enviados (GRUPO, SECCION, CODPLU) VALUES (1, 1, 10)"));
+  abrir(u"gestcomm"_s);
+  encolar(1, 17);
+  ASSERT_TRUE(hasta([&] { return cola()->filas() == 0 && sesion->estado() == 2; }));
+  gestor->CambioAModo(false);
+  const auto responder = [&](const QString& boton, const std::function<void()>& hacer) {
+    QString dicho;
+    luego([&](QWidget* w) {
+      auto* titulo = w->findChild<QLabel*>(u"Mensaje"_s);
+      if (titulo) dicho = titulo->text();
+      auto* cancelo = w->findChild<QPushButton*>(u"Cancelo"_s);
+      ASSERT_TRUE(cancelo);
+      EXPECT_TRUE(cancelo->isDefault());
+      if (boton.isEmpty()) return QTest::keyClick(w, Qt::Key_Return);
+      QTest::mouseClick(w->findChild<QPushButton*>(boton), Qt::LeftButton);
+    });
+    hacer();
+    return dicho;
+  };
+  const auto borrar = [&] { accion(u"MnBorr"_s)->trigger(); };
+  const QString alBorrar = responder({}, borrar);
+  EXPECT_TRUE(alBorrar.contains(u"0001 G: 1 artículo;")) << alBorrar.toStdString();
+  EXPECT_TRUE(alBorrar.contains(u"15,00")) << alBorrar.toStdString();
+  EXPECT_EQ(gestor->CuantosQuedan().total, 0);
+  responder(u"Acepto"_s, borrar);
+  EXPECT_EQ(gestor->CuantosQuedan().total, 1);
+  gestor->terminator();
+  // The same from the dialog, which stays when one thinks again.
+  auto* v = abrir(u"GrpDlg"_s, {{u"clase"_s, 6}, {u"modo"_s, 2}});
+  const auto cero = [&] {
+    QTest::keyClick(v->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
+    QCoreApplication::processEvents();
+  };
+  EXPECT_TRUE(responder({}, cero).contains(u"a cero"));
+  EXPECT_TRUE(v->isVisible());
+  EXPECT_EQ(gestor->CuantosQuedan().total, 0);
+  responder(u"Acepto"_s, cero);
+  EXPECT_EQ(gestor->CuantosQuedan().total, 1);
+}
+
 TEST_F(Gestcomm, LasSesiones) {
   dosGrupos();
   abrir(u"gestcomm"_s);

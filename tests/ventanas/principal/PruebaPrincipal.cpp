@@ -1,10 +1,12 @@
 // What a shop manager does in the main window in the morning.
+#include <QLabel>
 #include <QStackedWidget>
 
 #include "Tienda.h"
 #include "automation/historia/Historial.h"
 #include "core/ventanas/marco/Captura.h"
 #include "core/ventanas/marco/Tira.h"
+#include "totals/libros/TablasLibros.h"
 
 namespace tarvo::prueba {
 
@@ -93,14 +95,29 @@ TEST(Principal, PanelesYSalida) {
   EXPECT_EQ(panel(), u"PanelPrincipal");
   QTest::mouseClick(v->findChild<QToolButton*>(u"Avanzados"_s), Qt::LeftButton);
   EXPECT_EQ(panel(), u"PanelAvanzado");
-  // Another window in front hides the panels; coming back shows the main one.
+  // Another window in front leaves the panels where they are, paler; coming back shows the main
+  // one.
   QTest::mouseClick(v->findChild<QToolButton*>(u"Configuracion"_s), Qt::LeftButton);
   Ventana* otra = t.todas().cargada(u"PortalCnf"_s);
   ASSERT_TRUE(otra);
-  EXPECT_TRUE(esperar([&] { return !paneles->isVisible(); }));
+  EXPECT_TRUE(QTest::qWaitForWindowActive(otra));
+  const auto tinta = [&] {
+    const QImage foto = v->findChild<QToolButton*>(u"Almacen"_s)->grab().toImage();
+    int oscuro = 255;
+    for (int y = 0; y < foto.height(); ++y)
+      for (int x = 0; x < foto.width(); ++x) oscuro = std::min(oscuro, qGray(foto.pixel(x, y)));
+    return oscuro;
+  };
+  EXPECT_TRUE(paneles->isVisible());
+  paneles->setCurrentIndex(0);
+  const int detras = tinta();
   QTest::keyClick(otra, Qt::Key_Escape);
-  EXPECT_TRUE(esperar([&] { return paneles->isVisible(); }));
-  EXPECT_EQ(panel(), u"PanelPrincipal");
+  EXPECT_TRUE(esperar([&] { return v->isActiveWindow() && panel() == u"PanelPrincipal"; }));
+  EXPECT_LT(tinta(), detras);
+  // One key too many for the other window doesn't end the program.
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_TRUE(v->isVisible());
+  QTest::qWait(1050);
   // Escape unloads on any panel.
   QTest::mouseClick(v->findChild<QToolButton*>(u"Almacen"_s), Qt::LeftButton);
   bool vacio = false;
@@ -108,6 +125,41 @@ TEST(Principal, PanelesYSalida) {
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_TRUE(vacio);
   EXPECT_TRUE(QFile::exists(t.carpeta.filePath(u"TARVO.INI"_s))) << "the settings are written";
+}
+
+// A key never leaves a collection behind unasked, and the safe answer is the first.
+TEST(Principal, EscapePreguntaPorLaBandeja) {
+  Tienda t;
+  auto* v = t.principal();
+  bien(totals::EstadoBase(*t.fondo->db).poner(u"SesionAbier"_s, 2));
+  bien(t.aplicacion.sesion().cargar());
+  ASSERT_EQ(t.aplicacion.sesion().estado(), 2);
+  QString dicho;
+  const auto escape = [&](Qt::Key respuesta) {
+    QTimer::singleShot(0, v, [&, respuesta] {
+      QWidget* caja = QApplication::activeModalWidget();
+      ASSERT_TRUE(caja);
+      dicho = caja->findChild<QLabel*>(u"Mensaje"_s)->text();
+      respuesta == Qt::Key_Return
+          ? QTest::keyClick(caja, Qt::Key_Return)
+          : QTest::mouseClick(caja->findChild<QPushButton*>(u"Acepto"_s), Qt::LeftButton);
+    });
+    QTest::keyClick(v, Qt::Key_Escape);
+  };
+  escape(Qt::Key_Return);
+  EXPECT_TRUE(dicho.contains(u"bandeja de entrada")) << dicho.toStdString();
+  EXPECT_TRUE(v->isVisible());
+  escape(Qt::Key_unknown);
+  EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
+}
+
+// The board says what is wrong with the start itself before anything else.
+TEST(Principal, LaMananaDiceLoQueFallaAlEmpezar) {
+  const QTemporaryDir otra;
+  Tienda t({}, "TimeACK= 0\r\nBaseDatos= " + QFile::encodeName(otra.filePath(u"X.MDB"_s)) + "\r\n");
+  auto* v = t.conManana();
+  EXPECT_TRUE(pieza(*v, u"Los datos están fuera de la carpeta"_s));
+  EXPECT_TRUE(pieza(*v, u"«TimeACK= 0»; vale 2000"_s));
 }
 
 TEST(Principal, NoSeCierraMientrasTransfiere) {

@@ -119,7 +119,7 @@ void gestcommVentana::verTramas() {
   contexto().ventanas.abrir(u"VerTramas"_s, this, a);
 }
 
-// One group and nothing else to ask: it is taken without a dialog.
+// One group and nothing else to ask: it is taken without a dialog of groups.
 void gestcommVentana::pedirGrupos(const EntradaMenu& e) {
   const motor::ClaseTarea* clase = s_.registro.porNumero(e.clase);
   if (!clase) return;
@@ -127,8 +127,12 @@ void gestcommVentana::pedirGrupos(const EntradaMenu& e) {
   if (!haIdoBien(grupos)) return;
   const bool pideMas = e.modo == kModoBalanza || e.modo == kModoTxPLU || e.modo == kModoRxPLU ||
                        (e.modo == kModoCero && contexto().ajustes.EsEspanol());
-  if (grupos->size() == 1 && !pideMas)
-    return encolarGrupos(*this, s_.motor, {grupos->front().codigo}, {.clase = e.clase});
+  if (grupos->size() == 1 && !pideMas) {
+    const std::vector<int> suyo{grupos->front().codigo};
+    if (consientePerder(*this, e.clase, suyo))
+      encolarGrupos(*this, s_.motor, suyo, {.clase = e.clase});
+    return;
+  }
   const QString dialogo = e.modo == kModoTxPLU   ? u"TxPLUdlg"_s
                           : e.modo == kModoRxPLU ? u"RxPLUDlg"_s
                                                  : u"GrpDlg"_s;
