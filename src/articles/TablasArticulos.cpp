@@ -8,7 +8,8 @@ namespace tarvo::articles {
 // LoteArticulos: an operation that can be taken back; ACABADO 1 when it noted how it left things.
 // LoteAntes and LoteDespues hold how its articles stood before and after it: the columns of PLUSES,
 // and HABIA 0 for one that was not there. LoteMovs holds their rows of MovsAlm, ANTES 1 or 0.
-// LoteAntes.QUE belongs to the moment of undoing.
+// LoteAntes.QUE belongs to the moment of undoing. LoteOrden and LotePorHacer say what a batch does
+// and to which articles it has yet to be done, so that one that was cut off can be finished.
 Resultado<> asegurarTablasArticulos(dao::Database& db) {
   return db.ejecutarGuion(
       uR"(
@@ -26,6 +27,9 @@ CREATE TABLE IF NOT EXISTS LoteDespues AS
 CREATE UNIQUE INDEX IF NOT EXISTS LoteDespues_Clave ON LoteDespues (LOTE, SECCION, CODPLU);
 CREATE TABLE IF NOT EXISTS LoteMovs AS SELECT 0 AS LOTE, 0 AS ANTES, MovsAlm.* FROM MovsAlm WHERE 0;
 CREATE UNIQUE INDEX IF NOT EXISTS LoteMovs_Clave ON LoteMovs (LOTE, ANTES, SECCION, CODIGO, CODALM);
+CREATE TABLE IF NOT EXISTS LoteOrden (LOTE INTEGER PRIMARY KEY, ORDEN TEXT);
+CREATE TABLE IF NOT EXISTS LotePorHacer (LOTE INTEGER, SECCION INTEGER, CODPLU INTEGER);
+CREATE UNIQUE INDEX IF NOT EXISTS LotePorHacer_Clave ON LotePorHacer (LOTE, SECCION, CODPLU);
 )");
 }
 

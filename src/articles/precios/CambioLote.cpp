@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "articles/precios/Limites.h"
+#include "articles/precios/LineaLote.h"
 #include "articles/precios/TextosPrecios.h"
 
 namespace tarvo::precios {
@@ -13,7 +14,6 @@ using articles::ClaveArticulo;
 namespace {
 
 constexpr qint64 kEntero = 10'000;  // hundredths of a per cent in one
-constexpr size_t kArticulosPorPaso = 50;
 
 // One value, into the line and, when it fits, into the article.
 template <class T>
@@ -53,16 +53,6 @@ struct Hacer {
   }
 };
 
-// What becomes of an article, which is changed.
-LineaLote cambiar(Articulo& a, const OrdenLote& orden) {
-  LineaLote linea{a.clave, a.nombre};
-  linea.antes = linea.despues = std::holds_alternative<PoneDepartamento>(orden) ? a.depto
-                                : std::holds_alternative<PoneFormato>(orden)    ? a.formato
-                                                                                : a.precios[0][0];
-  std::visit(Hacer{a, linea}, orden);
-  return linea;
-}
-
 // The signs of a pattern as themselves.
 QString comoParte(const QString& texto) {
   QString patron;
@@ -74,6 +64,15 @@ QString comoParte(const QString& texto) {
 }
 
 }  // namespace
+
+LineaLote cambiarConOrden(Articulo& a, const OrdenLote& orden) {
+  LineaLote linea{a.clave, a.nombre};
+  linea.antes = linea.despues = std::holds_alternative<PoneDepartamento>(orden) ? a.depto
+                                : std::holds_alternative<PoneFormato>(orden)    ? a.formato
+                                                                                : a.precios[0][0];
+  std::visit(Hacer{a, linea}, orden);
+  return linea;
+}
 
 std::optional<SubePrecios> SubePrecios::de(int centesimas, qint64 paso, Redondeo redondeo,
                                            std::optional<int> nivel, std::optional<int> tarifa) {
@@ -139,42 +138,10 @@ Resultado<std::vector<LineaLote>> CambioLote::previa(const SeleccionLote& s,
   while (!rs->Eof()) {
     Articulo a = columnas.leer(*rs);
     if (codigos.empty() || std::ranges::binary_search(codigos, a.clave.codigo))
-      lineas.push_back(cambiar(a, orden));
+      lineas.push_back(cambiarConOrden(a, orden));
     TARVO_INTENTAR(rs->MoveNext());
   }
   return lineas;
-}
-
-Resultado<bool> CambioLote::Marcha::paso() {
-  TARVO_TOMAR(auto t, dao::Transaccion::empezar(motor_.db_));
-  if (!claves_.empty()) TARVO_INTENTAR(motor_.comprobar(claves_.front().seccion, orden_));
-  Hecho hecho = hecho_;
-  const size_t hasta = std::min(vistos_ + kArticulosPorPaso, claves_.size());
-  for (size_t i = vistos_; i < hasta; ++i) TARVO_INTENTAR(uno(claves_[i], hecho));
-  TARVO_INTENTAR(t.confirmar());
-  hecho_ = hecho;
-  vistos_ = hasta;
-  return vistos_ < claves_.size();
-}
-
-// The batch begins with the first article that changes.
-Resultado<> CambioLote::Marcha::uno(ClaveArticulo clave, Hecho& hecho) {
-  TARVO_TOMAR(auto a, motor_.catalogo_.leer(clave));
-  const Desenlace d = a ? cambiar(*a, orden_).desenlace : Desenlace::NoCabe;
-  if (d == Desenlace::Igual) return {};
-  if (d != Desenlace::Cambia) return ++hecho.fuera, Resultado<>{};
-  if (hecho.lote == 0) {
-    TARVO_TOMAR(const auto lote, motor_.lotes_.empezar(ventana_));
-    hecho.lote = lote;
-  }
-  ++hecho.cambiados;
-  TARVO_INTENTAR(motor_.lotes_.guardar(hecho.lote, clave));
-  TARVO_INTENTAR(motor_.catalogo_.modificar(clave, *a, ventana_));
-  return motor_.lotes_.anotar(hecho.lote, clave);
-}
-
-Resultado<> CambioLote::Marcha::acabar() {
-  return hecho_.lote > 0 ? motor_.lotes_.acabar(hecho_.lote) : Resultado<>{};
 }
 
 }  // namespace tarvo::precios
