@@ -77,9 +77,9 @@ class Desnudo {
   // Writes the articles that stand in K. `ademas`: other columns that change.
   void tramo(const QString& ademas) {
     const QString clave = u"P.SECCION=K.SECCION AND P.CODPLU=K.CODPLU"_s;
-    const QString dePlu = u" FROM K INNER JOIN PLUSES P ON "_s + clave;
+    const QString dePlu = u" FROM K CROSS JOIN PLUSES P ON "_s + clave;
     const QString deStock =
-        u" FROM K INNER JOIN MovsAlm M ON M.SECCION=K.SECCION AND M.CODIGO=K.CODPLU"_s;
+        u" FROM K CROSS JOIN MovsAlm M ON M.SECCION=K.SECCION AND M.CODIGO=K.CODPLU"_s;
     hacer(u"INSERT INTO LoteMovs SELECT 9, 1, M.*"_s + deStock);
     hacer(u"INSERT INTO LoteAntes SELECT 9, 1, 0, P.*"_s + dePlu);
     for (int p = 0; p < kPreciosLlenos; ++p)

@@ -5,12 +5,11 @@
 
 #include <QStringList>
 
+#include "articles/Limites.h"
+
 namespace tarvo::articles {
 
 namespace {
-
-constexpr qint64 kMinimoMayor = 999'999, kHastaMayor = 99'999;
-constexpr int kUltimoFormato = 20;
 
 // In the order in which ColumnasArticulo takes them; the prices stand behind.
 enum Columna {
@@ -80,6 +79,7 @@ std::vector<Falta> faltas(const Articulo& a) {
   si(a.minimo < 0 || a.minimo > kMinimoMayor, Falta::Minimo);
   si(a.hasta1 < 0 || a.hasta1 > kHastaMayor, Falta::Hasta1);
   si(a.hasta2 < 0 || a.hasta2 > kHastaMayor, Falta::Hasta2);
+  si(a.descto < 0 || a.descto > kDescuentoMayor, Falta::Descuento);
   return salida;
 }
 

@@ -58,7 +58,7 @@ struct Articulo {
 };
 
 // What is wrong with the values of an article, in the order in which an editor says it.
-enum class Falta { Codigo, Departamento, Formato, Minimo, Hasta1, Hasta2 };
+enum class Falta { Codigo, Departamento, Formato, Minimo, Hasta1, Hasta2, Descuento };
 std::vector<Falta> faltas(const Articulo& articulo);
 
 // Its values as the first parameters of a statement, in the order of columnasArticulo().

@@ -12,7 +12,8 @@ using dao::Valor;
 namespace {
 
 constexpr qint64 kLotesGuardados = 20;
-constexpr qint64 kTramo = 0;  // the batch of what is being put back just now; empty otherwise
+constexpr qint64 kTramo = 0;       // the batch of what is being put back just now; empty otherwise
+constexpr size_t kNombrados = 20;  // articles in a sentence
 constexpr int kPorTramo = 200, kPorBarrido = 1000;
 
 // Stock rows are found by the key of their article: a shop has tens of thousands.
@@ -27,7 +28,7 @@ Guardado guardadoDonde(QStringView condicion) {
   return {u"INSERT INTO LoteAntes (LOTE, HABIA, %1) SELECT ?, 1, %1%2"_s.arg(
               columnasArticulo().join(u", "), faltan),
           u"INSERT INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 1, M.%2 FROM (SELECT SECCION AS SEC, "
-          u"CODPLU AS COD%3) K INNER JOIN MovsAlm M ON M.SECCION=K.SEC AND M.CODIGO=K.COD"_s.arg(
+          u"CODPLU AS COD%3) K CROSS JOIN MovsAlm M ON M.SECCION=K.SEC AND M.CODIGO=K.COD"_s.arg(
               lotesql::contadores().join(u", "), lotesql::contadores().join(u", M."), faltan)};
 }
 
@@ -90,13 +91,13 @@ Resultado<> Lotes::guardarDonde(qint64 lote, QStringView condicion,
 
 Resultado<> Lotes::guardarTodos(qint64 lote, const QString& tabla) {
   const QString faltan =
-      u"FROM %1 T INNER JOIN PLUSES P ON P.SECCION=T.SECCION AND P.CODPLU=T.CODPLU WHERE T.HABIA=1 "
+      u"FROM %1 T CROSS JOIN PLUSES P ON P.SECCION=T.SECCION AND P.CODPLU=T.CODPLU WHERE T.HABIA=1 "
       u"AND NOT EXISTS (SELECT 1 FROM LoteAntes L WHERE L.LOTE=? AND L.SECCION=T.SECCION AND "
       u"L.CODPLU=T.CODPLU)"_s.arg(tabla);
   const QStringList articulo = columnasArticulo(), stock = lotesql::contadores();
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 1, M.%2 FROM (SELECT T.SECCION AS SEC, "
-      u"T.CODPLU AS COD %3) K INNER JOIN MovsAlm M ON M.SECCION=K.SEC AND M.CODIGO=K.COD"_s.arg(
+      u"T.CODPLU AS COD %3) K CROSS JOIN MovsAlm M ON M.SECCION=K.SEC AND M.CODIGO=K.COD"_s.arg(
           stock.join(u", "), stock.join(u", M."), faltan),
       lote, lote));
   TARVO_INTENTAR(db_.ejecutar(u"INSERT INTO LoteAntes (LOTE, HABIA, %1) SELECT ?, 1, P.%2 %3"_s.arg(
@@ -112,7 +113,7 @@ Resultado<> Lotes::guardarTodos(qint64 lote, const QString& tabla) {
 Resultado<> Lotes::anotarTodos(qint64 lote, const QString& tabla) {
   const QStringList articulo = columnasArticulo(), stock = lotesql::contadores();
   TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT OR REPLACE INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 0, M.%2 FROM %3 T INNER JOIN "
+      u"INSERT OR REPLACE INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 0, M.%2 FROM %3 T CROSS JOIN "
       u"MovsAlm M ON M.SECCION=T.SECCION AND M.CODIGO=T.CODPLU"_s.arg(stock.join(u", "),
                                                                       stock.join(u", M."), tabla),
       lote));
@@ -271,6 +272,24 @@ Resultado<bool> Lotes::deshacerTramo(qint64 lote, const QString& ventana, Deshec
   hecho.vistos += van;
   hecho.fuera.insert(hecho.fuera.end(), esto.fuera.begin(), esto.fuera.end());
   return van > 0;
+}
+
+Resultado<std::vector<ClaveArticulo>> Lotes::noVolverian(qint64 lote) {
+  TARVO_TOMAR(const auto t, Transaccion::empezar(db_));  // taken back
+  TARVO_INTENTAR(hayLote(lote));
+  TARVO_INTENTAR(lotesql::clasificar(db_, lote));
+  return lotesql::claves(db_, lote, lotesql::Que::Dejar);
+}
+
+Resultado<std::optional<QString>> Lotes::avisoDeVuelta(qint64 lote) {
+  TARVO_TOMAR(const auto fuera, noVolverian(lote));
+  if (fuera.empty()) return std::nullopt;
+  QStringList cuales;
+  for (const ClaveArticulo& c : std::span(fuera).first(std::min(fuera.size(), kNombrados)))
+    cuales << Ceros(c.seccion, 3) + u' ' + Ceros(c.codigo, 7);
+  if (fuera.size() > kNombrados) cuales << u"…"_s;
+  return Plural(catalogo_.textos()(kTxNoVolverian), static_cast<int>(fuera.size()))
+      .arg(cuales.join(u", "_s));
 }
 
 // What hangs together in a batch stands in one transaction of the caller.

@@ -52,6 +52,10 @@ class Lotes {
   // The same in slices, each a transaction of its own, added up in `hecho`: true while there is
   // more. What isn't yet put back is still a batch.
   Resultado<bool> deshacerTramo(qint64 lote, const QString& ventana, Deshecho& hecho);
+  // What deshacer() would leave alone now; it changes nothing.
+  Resultado<std::vector<ClaveArticulo>> noVolverian(qint64 lote);
+  // The same as a question to the person, with the first of them; nothing when all would come back.
+  Resultado<std::optional<QString>> avisoDeVuelta(qint64 lote);
   Resultado<> olvidar(qint64 lote);
   // Drops some of what is left of batches that are too old to be taken back.
   Resultado<> barrer();

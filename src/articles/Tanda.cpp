@@ -12,8 +12,9 @@ namespace {
 // The articles as they are to be, for the length of one escribir(). HABIA 1: one of that key is
 // there.
 const QString kTabla = u"TandaArticulos"_s;
+// CROSS: the few are looked up in the many, never the other way round.
 const QString kDeSuClave =
-    u"TandaArticulos T INNER JOIN PLUSES P ON P.SECCION=T.SECCION AND P.CODPLU=T.CODPLU"_s;
+    u"TandaArticulos T CROSS JOIN PLUSES P ON P.SECCION=T.SECCION AND P.CODPLU=T.CODPLU"_s;
 const QString kNuevas = u"SELECT SECCION, CODPLU FROM TandaArticulos WHERE HABIA=0"_s;
 
 // The first price that isn't 0 of a row of kTabla, and its level and tarifa.

@@ -1,5 +1,6 @@
 #include "articles/importar/ImpPLU.h"
 
+#include "articles/Limites.h"
 #include "articles/importar/TextosImportar.h"
 
 namespace tarvo::importar {
@@ -99,7 +100,8 @@ QString ImpPLU::falta(const RegistroPLU& r) const {
   const Textos& t = catalogo_.textos();
   if (r.clave.deSistema()) return t(kTxDelSistema, {Ceros(r.clave.codigo, 7)});
   if (!secciones_.contains(r.clave.seccion)) return t(kTxSinSeccion, {Ceros(r.clave.seccion, 3)});
-  return {};
+  if (const auto mal = articles::malDepartamento(r.depto, t)) return *mal;
+  return articles::malFormato(r.formato, t).value_or(QString());
 }
 
 Resultado<> ImpPLU::escribir(const Registros& registros, SiExiste siExiste) {

@@ -15,7 +15,7 @@ enum class SiExiste { Sobreescribirlo, Conservarlo };
 
 class ImpPLU {
  public:
-  static constexpr int kLineasPorPaso = 500;
+  static constexpr int kLineasPorPaso = 250;
 
   // REQUIRES that the references outlive it. Errors: those of leerFichero.
   static Resultado<std::unique_ptr<ImpPLU>> abrir(dao::Database& db, articles::Catalogo& catalogo,

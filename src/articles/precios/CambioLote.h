@@ -89,6 +89,7 @@ class CambioLote {
     Resultado<bool> paso();
     Resultado<> acabar();  // behind the last step
     const Hecho& hecho() const { return hecho_; }
+    qint64 faltan() const { return static_cast<qint64>(claves_.size() - vistos_); }
     qint64 vistos() const { return static_cast<qint64>(vistos_); }
 
    private:

@@ -24,7 +24,7 @@ using ventanas::escalar;
 
 namespace {
 
-constexpr int kCifrasCodigo = 7, kLargoNombre = 50, kAnchoBarras = 300;
+constexpr int kCifrasCodigo = 7, kAnchoBarras = 300;
 
 }  // namespace
 
@@ -81,7 +81,7 @@ void XEditPLU::montarListas() {
   ui_.LstBarras->addItems({u"EAN8"_s, u"EAN13"_s});
   ui_.txCod->setMaxLength(kCifrasCodigo);
   ui_.txCod->setMaximumWidth(escalar(100));
-  ui_.txNom->setMaxLength(kLargoNombre);
+  ui_.txNom->setMaxLength(kNombreMayor);
   auto* cifras = new QRegularExpressionValidator(QRegularExpression(u"\\d*"_s), this);
   for (const auto& [campo, largo] : {std::pair{ui_.txCod, kCifrasCodigo},
                                      {ui_.txPfx, 6},

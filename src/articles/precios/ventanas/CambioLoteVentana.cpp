@@ -73,6 +73,7 @@ void CambioLoteVentana::montar() {
   for (QLineEdit* e : {ui_.txNom, ui_.txPc, ui_.txPaso, ui_.txFormato})
     connect(e, &QLineEdit::textChanged, this, &CambioLoteVentana::luegoMirar);
   connect(ui_.Aplicar, &QPushButton::clicked, this, &CambioLoteVentana::aplicar);
+  connect(ui_.Terminar, &QPushButton::clicked, this, &CambioLoteVentana::terminar);
   connect(ui_.Deshacer, &QPushButton::clicked, this, &CambioLoteVentana::deshacer);
   connect(ui_.Salir, &QPushButton::clicked, this, &CambioLoteVentana::descargar);
 }

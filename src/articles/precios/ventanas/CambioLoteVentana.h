@@ -32,6 +32,8 @@ class CambioLoteVentana final : public ventanas::Ventana {
   void pintarLineas();
   QString valorEnTexto(const dao::Valor& valor) const;
   void aplicar();
+  void terminar();
+  void marchar(std::unique_ptr<CambioLote::Marcha> marcha, qint64 total);
   void aplicarYa(std::vector<articles::ClaveArticulo> claves, const OrdenLote& orden);
   void aplicado(const Resultado<Trabajo::Fin>& fin);
   void deshacer();
