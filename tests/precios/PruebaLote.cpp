@@ -98,6 +98,7 @@ TEST_F(PruebaLote, CutOffItIsGoneOnWith) {
   std::vector<ClaveArticulo> claves;
   for (int n = 0; n < kMuchos; ++n) claves.push_back({1, 1000 + n});
   const OrdenLote orden = *SubePrecios::de(1000, 1, Redondeo::MasProximo, {}, {});
+  EXPECT_EQ(bien(lote.previa({1}, orden)).size(), 1'203u);
   qint64 cortado = 0;
   {
     const auto marcha = lote.empezar(claves, orden, u"CambioLote"_s);

@@ -13,6 +13,7 @@ using articles::ClaveArticulo;
 
 namespace {
 
+constexpr int kMiradosPorPaso = 500;
 constexpr qint64 kEntero = 10'000;  // hundredths of a per cent in one
 
 // One value, into the line and, when it fits, into the article.
@@ -118,30 +119,46 @@ Resultado<> CambioLote::comprobar(int seccion, const OrdenLote& orden) {
 
 Resultado<std::vector<LineaLote>> CambioLote::previa(const SeleccionLote& s,
                                                      const OrdenLote& orden) {
-  TARVO_INTENTAR(comprobar(s.seccion, orden));
-  QString sql = QStringLiteral("SELECT * FROM PLUSES WHERE SECCION=? AND CODPLU>2");
-  std::vector<dao::Valor> parametros{s.seccion};
-  if (s.codigos.empty() && s.departamento) {
-    sql += QStringLiteral(" AND DEPTO=?");
-    parametros.emplace_back(*s.departamento);
+  const auto todas = mirar(s, orden);
+  for (;;) {
+    TARVO_TOMAR(const auto hayMas, todas->paso());
+    if (!hayMas) return todas->tomar();
   }
-  if (s.codigos.empty() && !s.nombre.trimmed().isEmpty()) {
-    sql += QStringLiteral(" AND NOMPLU LIKE ?");
-    parametros.emplace_back(comoParte(s.nombre.trimmed()));
+}
+
+CambioLote::Previa::Previa(CambioLote& motor, SeleccionLote seleccion, OrdenLote orden)
+    : motor_(motor), seleccion_(std::move(seleccion)), orden_(std::move(orden)) {
+  std::ranges::sort(seleccion_.codigos);
+  sql_ = QStringLiteral("SELECT * FROM PLUSES WHERE SECCION=?");
+  parametros_ = {seleccion_.seccion};
+  if (seleccion_.codigos.empty() && seleccion_.departamento) {
+    sql_ += QStringLiteral(" AND DEPTO=?");
+    parametros_.emplace_back(*seleccion_.departamento);
   }
-  TARVO_TOMAR(auto rs,
-              db_.OpenQuery(QString(sql + QStringLiteral(" ORDER BY CODPLU")), parametros));
-  auto codigos = s.codigos;
-  std::ranges::sort(codigos);
+  if (seleccion_.codigos.empty() && !seleccion_.nombre.trimmed().isEmpty()) {
+    sql_ += QStringLiteral(" AND NOMPLU LIKE ?");
+    parametros_.emplace_back(comoParte(seleccion_.nombre.trimmed()));
+  }
+  sql_ += QStringLiteral(" AND CODPLU>? ORDER BY CODPLU LIMIT %1").arg(kMiradosPorPaso);
+}
+
+Resultado<bool> CambioLote::Previa::paso() {
+  if (ultimo_ < articles::kPrimerCodigo)
+    TARVO_INTENTAR(motor_.comprobar(seleccion_.seccion, orden_));
+  auto parametros = parametros_;
+  parametros.emplace_back(ultimo_);
+  TARVO_TOMAR(auto rs, motor_.db_.OpenQuery(sql_, parametros));
   const articles::ColumnasArticulo columnas(*rs);
-  std::vector<LineaLote> lineas;
-  while (!rs->Eof()) {
+  int leidos = 0;
+  for (; !rs->Eof(); ++leidos) {
     Articulo a = columnas.leer(*rs);
-    if (codigos.empty() || std::ranges::binary_search(codigos, a.clave.codigo))
-      lineas.push_back(cambiarConOrden(a, orden));
+    ultimo_ = a.clave.codigo;
+    if (seleccion_.codigos.empty() ||
+        std::ranges::binary_search(seleccion_.codigos, a.clave.codigo))
+      lineas_.push_back(cambiarConOrden(a, orden_));
     TARVO_INTENTAR(rs->MoveNext());
   }
-  return lineas;
+  return leidos == kMiradosPorPaso;
 }
 
 }  // namespace tarvo::precios

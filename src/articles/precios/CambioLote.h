@@ -74,6 +74,28 @@ class CambioLote {
   // In the order of the codes, system articles left out. Restriccion for a department that the
   // section hasn't got, or a format that isn't 1 to 20.
   Resultado<std::vector<LineaLote>> previa(const SeleccionLote& seleccion, const OrdenLote& orden);
+  // The same some articles at a time, so that a window stays alive over a section of 100,000.
+  class Previa {
+   public:
+    Resultado<bool> paso();                                        // true while there are more
+    std::vector<LineaLote> tomar() { return std::move(lineas_); }  // behind the last step
+
+   private:
+    friend class CambioLote;
+    Previa(CambioLote& motor, SeleccionLote seleccion, OrdenLote orden);
+
+    CambioLote& motor_;
+    SeleccionLote seleccion_;
+    OrdenLote orden_;
+    QString sql_;
+    std::vector<dao::Valor> parametros_;
+    qint64 ultimo_ = articles::kPrimerCodigo - 1;
+    std::vector<LineaLote> lineas_;
+  };
+  // REQUIRES that this object outlives what is given.
+  std::unique_ptr<Previa> mirar(const SeleccionLote& seleccion, const OrdenLote& orden) {
+    return std::unique_ptr<Previa>(new Previa(*this, seleccion, orden));
+  }
 
   struct Hecho {
     qint64 lote = 0;  // to take it back by; 0 when nothing changed

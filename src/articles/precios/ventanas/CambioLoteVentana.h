@@ -26,6 +26,7 @@ class CambioLoteVentana final : public ventanas::Ventana {
   void queCambiado();
   void luegoMirar();
   void mirar();
+  void seguirMirando();
   std::expected<OrdenLote, QString> orden();
   std::expected<OrdenLote, QString> ordenPrecios();
   SeleccionLote seleccion() const;
@@ -49,6 +50,7 @@ class CambioLoteVentana final : public ventanas::Ventana {
   DeLista lista_;
   std::vector<qint64> codigos_;
   std::vector<LineaLote> lineas_;
+  std::unique_ptr<CambioLote::Previa> previa_;
   std::unique_ptr<CambioLote::Marcha> marcha_;
   std::unique_ptr<articles::Vuelta> vuelta_;
   std::unique_ptr<Temporizador> luego_;
