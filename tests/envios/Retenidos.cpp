@@ -2,6 +2,7 @@
 #include "articles/LotesAMedias.h"
 #include "articles/TablasArticulos.h"
 #include "envios/Envios.h"
+#include "textos/TextosDePrueba.h"
 
 namespace tarvo::prueba {
 

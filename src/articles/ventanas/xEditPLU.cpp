@@ -8,6 +8,7 @@
 #include <QShortcut>
 
 #include "articles/CodigoBarras.h"
+#include "articles/Limites.h"
 #include "articles/TextosArticles.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/DibujoBarras.h"

@@ -4,6 +4,7 @@
 
 #include "Colmado.h"
 #include "articles/Lotes.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 
 namespace tarvo::prueba {
 
