@@ -5,6 +5,7 @@
 
 #include <QSysInfo>
 
+#include "articles/LotesAMedias.h"
 #include "comm/tareas/Registro.h"
 
 namespace tarvo::app {
@@ -37,7 +38,11 @@ struct Aplicacion::Interior {
         registro(tareas::registro()),
         azar(semilla),
         enlaces(reloj, fondo.ajustes, fabrica, azar),
-        gestcomm({db, fondo.ajustes, reloj, sesion, fondo.textos}, enlaces, registro),
+        gestcomm({db, fondo.ajustes, reloj, sesion, fondo.textos,
+                  [&t = fondo.textos, &d = db](int seccion) {
+                    return articles::motivoDeEspera(d, t, seccion);
+                  }},
+                 enlaces, registro),
         lenguaje(registro, fondo.ajustes, fondo.textos),
         automat({db, fondo.ajustes, reloj, sesion, gestcomm, registro, cerrSes, verTot, xporTot,
                  fondo.textos},

@@ -1,5 +1,8 @@
 // Articles that don't fit their record: held back and named, and the rest goes.
+#include "articles/LotesAMedias.h"
+#include "articles/TablasArticulos.h"
 #include "envios/Envios.h"
+#include "textos/TextosDePrueba.h"
 
 namespace tarvo::prueba {
 
@@ -67,6 +70,31 @@ TEST_F(Envios, TodosLosQueNoVanSeNombran) {
   const QString dicho = avisos.join(u'\n');
   for (int c = 10; c < 100; ++c) EXPECT_EQ(dicho.count(Ceros(c, 7)), 1) << c;
   EXPECT_LT(avisos.size(), 25);
+}
+
+// Half of the articles have their new prices: nothing of the section goes until the change is
+// finished or taken back.
+TEST_F(Envios, UnCambioAMediasRetieneSuSeccion) {
+  enEspera = [this](int seccion) {
+    return articles::motivoDeEspera(*db, textosDePrueba(), seccion);
+  };
+  arrancar(false);
+  bien(articles::asegurarTablasArticulos(*db));
+  articles::Catalogo catalogo(*db, textosDePrueba(), reloj, u"Ana"_s);
+  articles::Lotes lotes(*db, catalogo, reloj);
+  for (const qint64 c : {10, 20}) alta(c, c);
+  const qint64 lote = valor(lotes.empezar(u"CambioLote"_s));
+  bien(lotes.guardar(lote, {1, 10}));
+  cambiar(10, u"PRECIO_00=11"_s);
+  for (const int clase : {kTxPlus, kTPreci}) {
+    EXPECT_EQ(enviar(1, clase, true), u"");
+    EXPECT_TRUE(avisos.last().contains(u"no se envían los artículos de su sección"))
+        << avisos.join(u'\n').toStdString();
+  }
+  EXPECT_EQ(cruz(1), u"");
+  valor(lotes.deshacer(lote, u"CambioLote"_s));
+  EXPECT_EQ(enviar(1), u"100 10,100 20");
+  EXPECT_EQ(tiene(1), u"10:Tomate/10 20:Tomate/20");
 }
 
 }  // namespace tarvo::prueba

@@ -320,6 +320,22 @@ QString cuandoFue(Fecha momento, Fecha ahora, const Textos& t) {
   }
 }
 
+void anteponerLotes(VistaManana& vista, std::span<const articles::LoteAMedias> lotes,
+                    const Textos& textos) {
+  if (lotes.empty()) return;
+  if (vista.noche.estado != Estado::Mal) vista.noche.estado = Estado::Duda;
+  vista.noche.titulo = textos(kTxCambioAMedias);
+  std::vector<Renglon> lineas;
+  for (const auto& l : lotes)
+    lineas.push_back({.estado = Estado::Mal,
+                      .palabra = textos(kTxVerAviso),
+                      .titulo = {},
+                      .texto = articles::decirAMedias(l, textos),
+                      .valor = {},
+                      .ventana = l.ventana});
+  vista.avisos.insert(vista.avisos.begin(), lineas.begin(), lineas.end());
+}
+
 VistaManana vistaDe(const Resumen& resumen, const Textos& textos, const Ajustes& ajustes) {
   const Redactor d(resumen, textos, ajustes);
   return {d.noche(), d.ventas(), d.bandeja(), d.proxima(), d.avisos(), d.grupos(), d.cuenta()};

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -76,6 +77,9 @@ struct Entorno {
   Reloj& reloj;
   totals::Sesion& sesion;
   const Textos& textos;
+  // Why nothing of a section's articles may be sent for now, in words; nothing when it may. Empty:
+  // always.
+  std::function<Resultado<std::optional<QString>>(int seccion)> enEspera = {};
 };
 
 // The run of one task, made at its first connection and kept over retries. Nothing here knows of

@@ -70,10 +70,20 @@ Resultado<motor::Siguiente> EnvioArticulos::siguiente() {
       return tarvo::fallo(Fallo::Restriccion,
                           e_.textos(kTxTarifaDesconocida, {t_.Grupo, t_.Tarifa}),
                           motor::kErrorSuprimido);
+    TARVO_INTENTAR(comprobarEspera());
     TARVO_INTENTAR(preparar());
     preparada_ = true;
   }
   return paso();
+}
+
+// Prices that are half old and half new must not go out.
+Resultado<> EnvioArticulos::comprobarEspera() const {
+  if (!e_.enEspera) return {};
+  TARVO_TOMAR(const auto motivo, e_.enEspera(t_.Seccion));
+  if (!motivo) return {};
+  return tarvo::fallo(Fallo::Restriccion, e_.textos(kTxSeccionEnEspera, {t_.Grupo, *motivo}),
+                      motor::kErrorSuprimido);
 }
 
 Resultado<> EnvioArticulos::preparar() {

@@ -67,6 +67,7 @@ class EnvioArticulos : public motor::TrabajoTarea {
   envios::Remesa remesa_;
 
  private:
+  Resultado<> comprobarEspera() const;
   std::vector<totals::Aviso> avisos(bool acabada) const;
 
   const envios::Remesa::Que que_;
