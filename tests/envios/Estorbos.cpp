@@ -273,6 +273,28 @@ TEST_F(Envios, UnCambioMientrasLlegaLaRespuesta) {
   esCierto(1);
 }
 
+// An article that has yet to go, changed behind the one that has just gone, goes as it stands now.
+TEST_F(Envios, UnCambioAntesDeSuTurno) {
+  for (const int clase : {kTxPlus, kTPreci}) {
+    for (const qint64 c : {10, 20, 30}) alta(c, c);
+    if (clase == kTPreci) enviar(1);
+    for (const qint64 c : {10, 20, 30}) cambiar(c, u"PRECIO_00=5"_s);
+    nuevas(1);
+    encolar(1, clase, false);
+    while (oidas(1).filter(u"0000010"_s).size() < (clase == kTPreci ? 2 : 1))
+      ASSERT_TRUE(reloj.siguiente());
+    cambiar(30, u"PRECIO_00=99"_s);
+    ASSERT_TRUE(correr());
+    const QString codigo = clase == kTPreci ? u"101"_s : u"100"_s;
+    EXPECT_EQ(nuevas(1), u"%1 10,%1 20,%1 30"_s.arg(codigo));
+    EXPECT_EQ(tiene(1), u"10:Tomate/5 20:Tomate/5 30:Tomate/99");
+    EXPECT_EQ(cruz(1), u"10 20 30");
+    esCierto(1);
+    for (const qint64 c : {10, 20, 30}) borrar(c);
+    enviar(1);
+  }
+}
+
 // Whatever the moment of the cut, what is believed to be held is held, and the next sending brings
 // the rest.
 TEST_F(Envios, UnCorteEnCualquierMomento) {
