@@ -73,6 +73,10 @@ Resultado<Remesa::Enviable> Remesa::preparar(Preparado p) {
   const auto registro = registroDe(p);
   if (registro) {
     if (que_ == Que::Articulos) e.huella = huellaDe(destino_.tipo, *registro);
+    if (que_ == Que::Articulos && !p.letrasQueFaltan.isEmpty()) {
+      TARVO_TOMAR(const auto probado, tenencias_.textoProbado(p.codigo, e.huella));
+      e.textoNuevo = !probado;
+    }
     TARVO_TOMAR(const auto eraSuyo, que_ == Que::Precios
                                         ? tenencias_.anunciarPrecios(p.codigo, *registro)
                                         : tenencias_.anunciar(p.codigo, e.huella));
@@ -149,6 +153,7 @@ void Remesa::enviado() {
   ++hechos_;
   negadasSeguidas_ = 0;
   resumen_.rechazados.erase(e.saliente.codigo);
+  if (e.textoNuevo) resumen_.conOtrasLetras[e.saliente.codigo] = e.preparado.letrasQueFaltan;
   anotar({Nota::Enviado,
           e.saliente.codigo,
           0,

@@ -19,6 +19,8 @@ struct Resumen {
   int iguales = 0, distintos = 0, sobrantes = 0;  // of what the group told, once it is on disk
   std::map<qint64, QString> retenidos;            // by code, with the reason
   std::map<qint64, QString> rechazados;           // those that the group hasn't taken since
+  // Texts that the group didn't hold before, with the characters for which others went.
+  std::map<qint64, QString> conOtrasLetras;
 };
 
 class Remesa {
@@ -87,7 +89,7 @@ class Remesa {
     Saliente saliente;
     Preparado preparado;
     Huella huella;  // of a whole record
-    bool eraSuyo = false;
+    bool eraSuyo = false, textoNuevo = false;
   };
   struct Nota {
     enum Que { Enviado, Hueco, Borrado, Rechazado, Leido, Sobra } que;

@@ -16,7 +16,7 @@ constexpr int kArticulosNombrados = 20, kArticulosPorFrase = 50;
 
 // A sentence for each article; those that are too many share one for each reason.
 void nombrar(std::vector<totals::Aviso>& avisos, const std::map<qint64, QString>& cuales, int texto,
-             int textoDeVarios, int grupo, const Textos& textos) {
+             int textoDeVarios, int grupo, const Textos& textos, bool grave = true) {
   int n = 0;
   std::map<QString, QStringList> demas;
   const auto decirVarios = [&](const QString& motivo, QStringList& codigos) {
@@ -25,12 +25,12 @@ void nombrar(std::vector<totals::Aviso>& avisos, const std::map<qint64, QString>
     avisos.push_back({grupo,
                       codigos.size() == 1 ? textos(texto, {grupo, lista, motivo})
                                           : textos(textoDeVarios, {grupo, motivo, lista}),
-                      true});
+                      grave});
     codigos.clear();
   };
   for (const auto& [codigo, motivo] : cuales) {
     if (n++ < kArticulosNombrados) {
-      avisos.push_back({grupo, textos(texto, {grupo, Ceros(codigo, 7), motivo}), true});
+      avisos.push_back({grupo, textos(texto, {grupo, Ceros(codigo, 7), motivo}), grave});
       continue;
     }
     QStringList& codigos = demas[motivo];
@@ -116,6 +116,8 @@ std::vector<totals::Aviso> EnvioArticulos::avisos(bool acabada) const {
   std::vector<totals::Aviso> salida;
   nombrar(salida, r.retenidos, kTxArticuloRetenido, kTxRetenidosPorLoMismo, t_.Grupo, e_.textos);
   nombrar(salida, r.rechazados, kTxArticuloRechazado, kTxRechazadosPorLoMismo, t_.Grupo, e_.textos);
+  nombrar(salida, r.conOtrasLetras, kTxOtrasLetras, kTxOtrasLetrasEnVarios, t_.Grupo, e_.textos,
+          false);
   if (const auto quedan = remesa_.restan(); !acabada && quedan)
     salida.push_back(
         {t_.Grupo, e_.textos(kTxSinAcabar, {t_.Grupo, quedan->articulos, quedan->borrados}), true});
