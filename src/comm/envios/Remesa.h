@@ -64,9 +64,16 @@ class Remesa {
   std::optional<qint64> porBorrar() const;
   void borrado();
   void borradoNegado();  // it goes behind the others
-  // The group deleted another one, or wouldn't; or it told that it has none of these numbers.
+  // The group deleted another one.
   void borrado(qint64 codigo);
-  void borradoNegado(qint64 codigo, const QString& motivo);
+  // It wouldn't: it is told once more by empezarNegados. False when its refusals aren't about the
+  // article.
+  bool borradoNegado(qint64 codigo, int error, const QString& motivo);
+  // It says that it did, and has it.
+  void sigueTeniendo(qint64 codigo, const QString& motivo);
+  // The deletions that it wouldn't do are due again, once. False when there are none.
+  bool empezarNegados();
+  // It told that it has none of these numbers.
   void hueco(qint64 desde, qint64 hasta);
   // It told what it holds under a number. REQUIRES a record that can be read.
   void leido(qint64 codigo, const QByteArray& registro);
@@ -132,8 +139,8 @@ class Remesa {
   qint64 cambios_ = 0;  // of the database, when the lot was read
   bool final_ = false;
   bool faltaSitio_ = false, sitioHecho_ = false;
-  int negadasSeguidas_ = 0;
-  std::vector<qint64> negados_, borrados_;
+  int negadasSeguidas_ = 0, borradosNegadosSeguidos_ = 0;
+  std::vector<qint64> negados_, borrados_, sinBorrar_;
   size_t posBorrados_ = 0;
   std::vector<Nota> notas_;
   Resumen resumen_;

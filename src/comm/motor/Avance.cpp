@@ -203,6 +203,7 @@ void gestcomm::Interior::siguienteTrama(int id) {
   if (s->que == Siguiente::Fin) return finTarea(id);
   const int c = t->Canal;
   t->Addr = s->addr;
+  t->olvido = s->modo.unaVez;
   ponerCanal(c, kEnUso);
   const int timeOut = s->timeOut != 0 ? s->timeOut : entorno.ajustes.TimeOut;
   vigilar(c, s->modo.limpia ? 2 * timeOut : timeOut);

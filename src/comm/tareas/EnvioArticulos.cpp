@@ -5,6 +5,7 @@
 #include "comm/enlace/Errores.h"
 #include "comm/motor/gestcomm.h"
 #include "comm/tareas/TextosTareas.h"
+#include "comm/tareas/Totales.h"
 
 namespace tarvo::tareas {
 
@@ -94,16 +95,22 @@ Resultado<> EnvioArticulos::noContesto(int error) {
   return tarvo::fallo(Fallo::Comunicacion, {}, error);
 }
 
-bool EnvioArticulos::zanjado(const QByteArray& registro, const QByteArray& suya) {
-  const bool porProbar = std::exchange(porProbar_, {}) == registro;
-  if (maquinas::mismaFicha(suya, registro)) return remesa_.enviado(), true;
-  if (!porProbar) return false;
-  const bool laTienen =
-      maquinas::codigoDeFicha(suya).value_or(-1) == *maquinas::codigoDeFicha(registro);
-  remesa_.sinTomar(kNoExiste,
-                   laTienen ? e_.textos(kTxRechazado, {e_.textos(kTxErrorNumero, {kNoExiste})})
-                            : motivoDeRechazo(kNoExiste, e_.textos));
+bool EnvioArticulos::zanjado(qint64 codigo, const QByteArray& registro, const QByteArray& suya) {
+  const PorProbar p = std::exchange(porProbar_, {});
+  const bool laTienen = maquinas::codigoDeFicha(suya).value_or(-1) == codigo;
+  const bool igual = soloPrecios() ? laTienen && maquinas::mismosPrecios(suya, registro)
+                                   : maquinas::mismaFicha(suya, registro);
+  if (igual) return remesa_.enviado(), true;
+  if (p.error == 0 || p.registro != registro) return false;
+  remesa_.sinTomar(p.error, laTienen
+                                ? e_.textos(kTxRechazado, {e_.textos(kTxErrorNumero, {p.error})})
+                                : motivoDeRechazo(p.error, e_.textos));
   return true;
+}
+
+Resultado<> EnvioArticulos::sinFicha(qint64 codigo, const QByteArray& datos) const {
+  return falloEn(malRegistro({maquinas::RegistroMalo::Corto, datos.size(), {}}, e_.textos).error(),
+                 t_.Grupo, e_.textos(kTxLugarArticulo, {Ceros(codigo, 7)}), e_.textos);
 }
 
 std::vector<totals::Aviso> EnvioArticulos::abandonar() {
