@@ -143,6 +143,34 @@ TEST_F(Reglas, LoQueNuncaVaBienSeAcabaYSeDice) {
   }
 }
 
+// A refusal is one under any code, and a question that goes on without an answer ends in time.
+TEST_F(Reglas, UnaNegativaConElCodigoDeOtraPregunta) {
+  tienda();
+  fallo(1, {Averia::Err, 1, 850, 0, 1});
+  fallo(1, {Averia::OtroCodigo, 1, 850});
+  encolar(1, 17);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(reintentos, QStringList{QStringLiteral("17 G1 E101")});
+  EXPECT_EQ(bandeja(1, 17), u"1:3/300/600/0");
+}
+
+// The scales of a shop that says so may answer under whatever code.
+TEST_F(Reglas, ContestarConOtroCodigo) {
+  tienda();
+  for (const bool acepta : {false, true}) {
+    ajustes->AceptaOtroCodigo = acepta;
+    problemas.clear();
+    maquina(1).percances() = simulador::Percances({.guion = {{Averia::OtroCodigo}}}, 1);
+    for (const int clase : {17, 6}) encolar(1, clase);
+    ASSERT_TRUE(correr());
+    EXPECT_EQ(problemas, acepta ? QStringList{}
+                                : (QStringList{QStringLiteral("17 G1 E17 (6)"),
+                                               QStringLiteral("6 G1 E22 (0)")}));
+    EXPECT_EQ(bandeja(1, 17), acepta ? u"1:3/300/600/0" : u"");
+    EXPECT_EQ(maquina(1).memoria().puestas().size(), acepta ? 1U : 0U);
+  }
+}
+
 TEST_F(Reglas, SiElVigiaOElAlmacenFallanNoSeGuardaNada) {
   tienda();
   hecha = tarvo::fallo(Fallo::DiscoLleno, QStringLiteral("No queda sitio en el disco."));
