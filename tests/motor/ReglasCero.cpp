@@ -207,6 +207,20 @@ TEST_F(Reglas, UnaNegativaCortadaEsNegativa) {
   EXPECT_EQ(filas(QStringLiteral("SELECT count(*) FROM ListasRecibidas WHERE OLVIDADA<>0")), u"0");
 }
 
+// What proves that a machine has forgotten is never a record that can't be read.
+TEST_F(Reglas, UnGranTotalIlegibleNoPruebaNada) {
+  tienda();
+  leida(1);
+  arrancar(true);
+  maquina(1).percances() =
+      simulador::Percances({.guion = {{Averia::RegistroCorto, 0, 850, 0, 9}}}, 1);
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(problemas, QStringList{QStringLiteral("6 G1 E7 (6)")});
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 0U);
+  EXPECT_EQ(filas(QStringLiteral("SELECT count(*) FROM Sesiones WHERE PZERO IS NOT NULL")), u"0");
+}
+
 // A grand total that was read before the machine last forgot says nothing of what it holds now.
 TEST_F(Reglas, UnGranTotalDeOtraNocheNoVale) {
   tienda();
