@@ -282,6 +282,11 @@ TEST(Registros, LineasDePedido) {
   EXPECT_EQ(*nodal::leerPedido("99" + n + "   "), (std::vector<Linea>{{17, 1500, 2}}));
   EXPECT_FALSE(nodal::leerPedido("99" + n + "0123456789"));  // a line that is cut
   EXPECT_EQ(*nodal::leerPedido("99" + n + f + n), (std::vector<Linea>{{17, 1500, 2}}));
+  EXPECT_EQ(*nodal::leerPedido("99"
+                               "0017"
+                               "00001500"
+                               "00000002"),
+            (std::vector<Linea>{{17, 2, 2, true}}));
   EXPECT_TRUE(nodal::leerPedido("99")->empty());
   EXPECT_FALSE(nodal::leerPedido("990017"));
 }

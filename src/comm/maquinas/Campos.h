@@ -40,7 +40,8 @@ struct Total {
 
 // One line of an order or of an inventory.
 struct Linea {
-  qint64 articulo = 0, peso = 0, unidades = 0;
+  qint64 articulo = 0, peso = 0, unidades = 0;  // grams
+  bool redondeado = false;                      // the machine gave no whole grams
   bool operator==(const Linea&) const = default;
 };
 

@@ -123,7 +123,7 @@ Leido<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos, Rigor rigor)
 }
 
 Leido<std::vector<Linea>> leerPedido(QByteArrayView datos, Rigor rigor) {
-  constexpr int kAncho = 20;
+  constexpr int kAncho = 20, kMilesimas = 1000;
   std::vector<Linea> lineas;
   QByteArrayView resto = datos.sliced(std::min<qsizetype>(kCabecera, datos.size()));
   if (datos.size() < kCabecera + kAncho && !resto.isEmpty())
@@ -133,7 +133,9 @@ Leido<std::vector<Linea>> leerPedido(QByteArrayView datos, Rigor rigor) {
     Linea linea;
     linea.articulo = l.clave(1, 4);
     if (!l.falta() && linea.articulo < 1) return lineas;
-    linea.peso = std::llround(static_cast<double>(l.numero(5, 8)) / 1000.0);
+    const qint64 milesimas = l.numero(5, 8);
+    linea.peso = std::llround(static_cast<double>(milesimas) / kMilesimas);
+    linea.redondeado = milesimas % kMilesimas != 0;
     linea.unidades = l.numero(13, 8);
     if (l.falta()) return std::unexpected(*l.falta());
     lineas.push_back(linea);

@@ -37,6 +37,10 @@ class Lista : public motor::TrabajoTarea {
     if (anotada_) TARVO_INTENTAR(e_.db.ejecutar(u"DELETE FROM EstadoTarvo WHERE CLAVE=?", nota()));
     std::vector<totals::Aviso> avisos;
     malos_.avisar(t_.Grupo, e_.textos, avisos);
+    if (const auto it = std::ranges::find(lineas_, true, &maquinas::Linea::redondeado);
+        it != lineas_.end())
+      avisos.push_back(
+          {t_.Grupo, e_.textos(kTxPesosDePedido, {t_.Grupo, Ceros(it->articulo, 7)}), true});
     return avisos;
   }
   // What it was still owed may come to the next list of the group.
