@@ -86,6 +86,8 @@ const Vuelta kVueltas[] = {
     {"HomeDir=/tienda", "HomeDir", "."},
     {"BaseDatos=/tienda/sub/../x.mdb", "BaseDatos", "x.mdb"},
     {"BaseDatos=/tienda2/x.mdb", "BaseDatos", "/tienda2/x.mdb"},
+    {"AceptaOtroCodigo=1", "AceptaOtroCodigo", "1"},
+    {"AceptaOtroCodigo=x", "AceptaOtroCodigo", "(no está)"},
     {"BaseDatos=/otra/Base.mdb", "BaseDatos", "/otra/Base.mdb"},
 };
 

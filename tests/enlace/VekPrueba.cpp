@@ -79,6 +79,31 @@ TEST_F(MaquinaVEK, RespuestasPorCaso) {
   }
 }
 
+// Under another code only a refusal answers, or any frame that fits where the client lets it; never
+// one of a code that is owed.
+TEST_F(MaquinaVEK, ConElCodigoDeOtraPregunta) {
+  for (const bool otroCodigo : {false, true}) {
+    auto& e = abierto(kVekMotor);
+    e.Enviar(0, 10, "A", {.otroCodigo = otroCodigo});
+    cable().entra(ack + vek(5, 11, "ERR01"));
+    EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 11 ERR01");
+    e.Enviar(0, 10, "B", {.otroCodigo = otroCodigo});
+    cable().entra(ack + vek(6, 12, "SI"));
+    EXPECT_EQ(motor.nuevo(), otroCodigo ? u"EnvioVEK 0 1 12 SI" : u"");
+    reloj.avanzar(60'000);
+    motor.nuevo();
+    e.Enviar(0, 13, "C");
+    reloj.avanzar(60'000);  // never answered, and owed from now on
+    motor.nuevo();
+    e.Enviar(0, 14, "D", {.otroCodigo = otroCodigo});
+    cable().entra(ack + vek(7, 13, "ERR05") + vek(8, 13, "SI"));
+    EXPECT_EQ(motor.nuevo(), u"");
+    cable().entra(vek(9, 14, "SI"));
+    EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 14 SI");
+    enlaces.abandonar(0);
+  }
+}
+
 TEST_F(MaquinaVEK, FormaAnchaSinDireccion) {
   auto& e = abierto(kVekMotor);
   e.Pedir(0, 2057, "");

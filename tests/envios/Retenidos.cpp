@@ -25,6 +25,44 @@ TEST_F(Envios, LoQueNoCabeSeRetieneYLoDemasVa) {
   esCierto(1);
 }
 
+// The price goes whatever the letters are; that others stand for them is told once, until the text
+// changes.
+TEST_F(Envios, LasLetrasQueFaltanNoRetienenNada) {
+  grupo(2, 2, u"cable 2"_s, {1});
+  grupo(4, 4, u"cable 4"_s);
+  alta(10, 10, u"MORTADEL·LA"_s);
+  cambiar(10, u"TEXTO_ETQ='Sal ½ %'"_s);
+  alta(20, 20, u"Ω"_s);
+  struct Caso {
+    int grupo;
+    QString nombre, dicho;
+  };
+  for (const Caso& c : {Caso{1, u"MORTADEL.LA"_s, u"·½"_s}, Caso{2, u"MORTADEL.LA"_s, u"·"_s}}) {
+    const QString frase =
+        u"Grupo %1: el artículo 0000010 lleva letras que esta máquina no tiene («%2»)"_s
+            .arg(c.grupo)
+            .arg(c.dicho);
+    const auto dicho = [&] { return avisos.join(u'\n').count(frase); };
+    enviar(c.grupo, kTxPlus, true);
+    EXPECT_EQ(tiene(c.grupo), u"10:%1/10 20:?/20"_s.arg(c.nombre));
+    EXPECT_EQ(retenidos(c.grupo), u"");
+    EXPECT_EQ(dicho(), 1) << avisos.join(u'\n').toStdString();
+    cambiar(10, u"PRECIO_00=11"_s);
+    enviar(c.grupo, kTxPlus, true);
+    EXPECT_EQ(tiene(c.grupo), u"10:%1/11 20:?/20"_s.arg(c.nombre));
+    EXPECT_EQ(dicho(), 1);
+    cambiar(10, u"NOMPLU='MORTADEL·LA 2', PRECIO_00=10"_s);
+    enviar(c.grupo, kTxPlus, true);
+    EXPECT_EQ(dicho(), 2);
+    cambiar(10, u"NOMPLU='MORTADEL·LA'"_s);
+  }
+  // Windows-1252 has them; what it lacks falls back too.
+  enviar(4, kTxPlus, true);
+  EXPECT_EQ(retenidos(4), u"");
+  EXPECT_FALSE(avisos.join(u'\n').contains(u"Grupo 4: el artículo 0000010"_s));
+  EXPECT_TRUE(avisos.join(u'\n').contains(u"Grupo 4: el artículo 0000020 lleva letras"_s));
+}
+
 // What can't be read, or has too many digits for any machine, isn't 0 nor forgotten.
 TEST_F(Envios, PreciosQueNoSePuedenLeer) {
   grupo(2, 2, u"cable 2"_s, {5});

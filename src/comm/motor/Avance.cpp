@@ -203,6 +203,8 @@ void gestcomm::Interior::siguienteTrama(int id) {
   if (s->que == Siguiente::Fin) return finTarea(id);
   const int c = t->Canal;
   t->Addr = s->addr;
+  t->pedido = s->que == Siguiente::Enviar && t->datos.Protocolo == 1 ? s->codigo : -1;
+  t->olvido = s->modo.unaVez;
   ponerCanal(c, kEnUso);
   const int timeOut = s->timeOut != 0 ? s->timeOut : entorno.ajustes.TimeOut;
   vigilar(c, s->modo.limpia ? 2 * timeOut : timeOut);
@@ -216,8 +218,11 @@ int gestcomm::Interior::mandar(int c, const TareaViva&, const Siguiente& s) {
   if (!link) return 15;
   link->TimeOut(s.timeOut != 0 ? s.timeOut : entorno.ajustes.TimeOut);
   switch (s.que) {
-    case Siguiente::Enviar:
-      return link->Enviar(s.addr, s.codigo, s.datos, s.modo);
+    case Siguiente::Enviar: {
+      enlace::ModoEnvio modo = s.modo;
+      modo.otroCodigo = entorno.ajustes.AceptaOtroCodigo;
+      return link->Enviar(s.addr, s.codigo, s.datos, modo);
+    }
     case Siguiente::Pedir:
       return link->Pedir(s.addr, s.codigo, s.datos);
     case Siguiente::EsperarVEK:

@@ -3,20 +3,21 @@
 
 #include "comm/enlace/Errores.h"
 #include "comm/motor/Interior.h"
+#include "comm/motor/Negativa.h"
 
 namespace tarvo::motor {
 
 namespace {
 
-// A refusal by the machine: "ERR" and a number from 1 to 5. 0 for an answer that is good. What is
-// left of a refusal that lost its end is no consent to an order.
-int errorDeMaquina(const QByteArray& datos, bool tolera5) {
-  constexpr QByteArrayView marca = "ERR";
-  const QByteArray comienzo = datos.left(marca.size());
-  if (comienzo.isEmpty() || !marca.startsWith(comienzo)) return 0;
-  const int n = datos.mid(marca.size(), 2).trimmed().toInt();
-  if (n < 1 || n > 5) return kErrorTrama;
-  return n == 5 && tolera5 ? 0 : 100 + n;
+// A refusal by the machine; 0 for an answer that is good. What is left of a refusal that lost its
+// end is no consent, and a number that refuses nothing is none to an order to forget.
+int errorDeMaquina(const QByteArray& datos, bool tolera5, bool olvido) {
+  const QByteArray comienzo = datos.left(kMarcaNegativa.size());
+  if (comienzo.isEmpty() || !kMarcaNegativa.startsWith(comienzo)) return 0;
+  const auto n = numeroDeNegativa(datos);
+  if (!n) return kErrorTrama;
+  if (*n < 1 || *n > kUltimaNegativa) return olvido ? kErrorTrama : 0;
+  return *n == kUltimaNegativa && tolera5 ? 0 : 100 + *n;
 }
 
 // The machine heard the step and won't do it; a refusal may have lost its end.
@@ -198,7 +199,7 @@ void gestcomm::Interior::respuesta(int c, int error, int addr, int codigo, const
   const bool callada = error != 0 && error != enlace::kErrorRechazo && !t->Retenida;
   if (callada && t->trabajo->sinRespuesta(error)) return siguienteTrama(id);
   if (error == 0 && enlaces[c] && enlaces[c]->Repetida()) t->trabajo->repetida();
-  if (error == 0) error = deLista ? 0 : errorDeMaquina(datos, t->clase->toleraErr5);
+  if (error == 0) error = deLista ? 0 : errorDeMaquina(datos, t->clase->toleraErr5, t->olvido);
   if (esRechazo(error) && t->trabajo->rechazada(error)) return seguir(*t);
   if (error != 0) return falloTrama(id, error);
   t->Estado = kTransfiriendo;

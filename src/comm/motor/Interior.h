@@ -44,6 +44,10 @@ struct TareaViva {
   const ClaseTarea* clase = nullptr;
   Acceso acceso;
   int Estado = kEnEspera, Error = 0, Traza = -1, Canal = -1, Addr = -1;
+  // The frame under way: its code where one answer is awaited, else -1; and whether it orders the
+  // machine to forget something.
+  int pedido = -1;
+  bool olvido = false;
   int FallosEnlace = 0, FallosTrama = 0, EsperaReintento = kPulsosReintento;
   bool Retenida = false;
   bool detenida = false;    // the operator stopped it while its link was being opened

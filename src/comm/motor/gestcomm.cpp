@@ -1,6 +1,7 @@
 #include "comm/motor/gestcomm.h"
 
 #include "comm/motor/Interior.h"
+#include "comm/motor/Negativa.h"
 
 namespace tarvo::motor {
 
@@ -228,10 +229,14 @@ void gestcomm::CD_Evento(int canal, bool) {
   d->cambioCanal(canal);
 }
 
+// Where the shop lets its scales answer under another code, such an answer counts as one under the
+// question's own. To an order to forget it must be empty: a record that comes late is no consent.
 bool gestcomm::encaja(int canal, int addr, int codigo, const QByteArray& datos) {
   const TareaViva* t = d->tareaDe(canal);
-  if (!t || !t->trabajo || datos.startsWith("ERR")) return true;
-  return t->trabajo->encaja(addr, codigo, datos);
+  if (!t || !t->trabajo || datos.startsWith(kMarcaNegativa)) return true;
+  const bool otro = d->entorno.ajustes.AceptaOtroCodigo && t->pedido >= 0 && codigo != t->pedido;
+  if (otro && t->olvido && !datos.isEmpty()) return false;
+  return t->trabajo->encaja(addr, otro ? t->pedido : codigo, datos);
 }
 
 }  // namespace tarvo::motor

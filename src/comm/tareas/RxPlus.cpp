@@ -71,7 +71,7 @@ class ArticulosVek final : public PreguntasVek {
       pos_ = codigos_.size();
       return {};
     }
-    const auto r = maquinas::vek::leerArticulo(datos);
+    const auto r = maquinas::vek::leerArticulo(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     const totals::Contadores c = contadores(*r);
     if (t_.Todo || !c.cero()) filasGrupo()[{r->numero, 0}] = c;
@@ -103,7 +103,7 @@ class ArticulosNodal final : public ListaNodal {
   }
   QString lugar() const override { return e_.textos(kTxLugarArticulo, {Ceros(desde_, 7)}); }
   Resultado<> registros(const QByteArray& datos) override {
-    const auto r = maquinas::nodal::leerArticulos(datos);
+    const auto r = maquinas::nodal::leerArticulos(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     for (const maquinas::Total& t : *r) {
       if (t.numero < desde_) enOrden_ = false;
@@ -150,7 +150,7 @@ class ArticulosCaja final : public ListasCaja {
   maquinas::Peticion pregunta() const override { return maquinas::caja::articulos(); }
   QString lugar() const override { return e_.textos(kTxLugarArticulos); }
   Resultado<> registro(const QByteArray& datos, totals::Lectura::Filas& filas) override {
-    const auto r = maquinas::caja::leerArticulo(datos);
+    const auto r = maquinas::caja::leerArticulo(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     if (!*r) return {};
     const auto it = std::ranges::lower_bound(barras_, (*r)->numero, {}, &Barra::bar);

@@ -128,6 +128,8 @@ class Ajustes {
   void ponerMonedaNativa(int moneda);  // with what follows from it
   // Our own: another device for a serial port, by port number.
   std::map<int, QString> RutaPuerto;
+  // Our own: scales may answer a question under another code than its own.
+  bool AceptaOtroCodigo = false;
 
   // CONECTORES.INI: what a connector name stands for ("tcp:host:port", "serie:dev,9600,O,7,1",
   // "local:/path"), or empty when there is no such name. Read afresh at each call.

@@ -311,6 +311,11 @@ struct Leida {
 };
 
 Leida leerSinIndice(Ajustes& a, const ini::Linea& linea) {
+  if (es(linea, u"AceptaOtroCodigo")) {
+    a.AceptaOtroCodigo = linea.valor == u"1";
+    const bool entera = a.AceptaOtroCodigo || linea.valor == u"0";
+    return {entera, a.AceptaOtroCodigo ? QStringLiteral("1") : QStringLiteral("0")};
+  }
   for (const std::span<const Clave> tabla : {std::span<const Clave>(kAntes), {kDespues}, {kAlta}})
     for (const Clave& c : tabla)
       if (c.nombre && es(linea, c.nombre)) return {c.leer(a, linea.valor), c.escribir(a)};
@@ -405,6 +410,7 @@ QString Ajustes::escribir() const {
   for (size_t i = 0; i < personal.size(); ++i)
     s.clave(u"Personal", static_cast<int>(i) + 1, personal[i].titulo + u'|' + personal[i].proceso);
   for (const auto& [puerto, dispositivo] : RutaPuerto) s.clave(u"RutaPuerto", puerto, dispositivo);
+  if (AceptaOtroCodigo) s.clave(QStringLiteral("AceptaOtroCodigo"), QStringLiteral("1"));
   return s.texto_;
 }
 
