@@ -13,13 +13,6 @@ constexpr qint64 kMayorGrupo = 32767, kMayorReintento = 32767;
 constexpr int kReintentosSinNadie = 100;
 constexpr int kUltimoMensaje = 14;
 
-Hecho deFallo(const Error& e, int codigo = 0) {
-  Hecho h;
-  h.error(codigo);
-  h.decir(e.texto);
-  return h;
-}
-
 void contar(const std::vector<totals::Aviso>& avisos, Hecho& h) {
   for (const auto& a : avisos) h.decir(a.texto, a.grave, a.grupo);
 }
@@ -70,6 +63,13 @@ Resultado<std::optional<std::vector<int>>> gruposDe(const PasoProceso& p, dao::D
 }
 
 }  // namespace
+
+Hecho deFallo(const Error& error, int codigo) {
+  Hecho h;
+  h.error(codigo);
+  h.decir(error.texto);
+  return h;
+}
 
 QString mensajePaso(int codigo, const Textos& textos) {
   return codigo > 0 && codigo <= kUltimoMensaje ? textos(kTxMensajePaso + codigo) : QString();

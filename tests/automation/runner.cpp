@@ -2,6 +2,7 @@
 #include <QDir>
 
 #include "Banco.h"
+#include "automation/historia/Pendientes.h"
 
 namespace tarvo::automation {
 namespace {
@@ -212,6 +213,74 @@ TEST_F(RunnerTest, LoQueNoSeExportoSeExportaLaNocheSiguiente) {
   EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*Ventas"_s), 3);
   EXPECT_TRUE(noche(u"OTRO"_s).filter(u"se ha hecho ahora"_s).isEmpty());
   EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*Ventas"_s), 4);
+}
+
+// Owed once however often it was tried, and by whichever step exports it into that file.
+TEST_F(RunnerTest, UnPeriodoSeDebeUnaSolaVez) {
+  for (const bool borrar : {false, true}) {
+    Tienda tienda;
+    const auto p = tienda.programa();
+    for (const char16_t* sql :
+         {u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (7, 5, 43000, 43001, "
+          u"'x')",
+          u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (8, 5, 43002, 43003, "
+          u"'y')",
+          u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON) VALUES (7, 1, 0, 10000000)"})
+      ASSERT_TRUE(p->db().ejecutar(QString::fromUtf16(sql)));
+    const QString proceso =
+        u"P:SELECCIONAR,5,01/01/2000,01/01/2100\r\nE:TOTALIZA,No,%1,VENTAS\r\n"_s.arg(
+            borrar ? u"Sí"_s : u"No"_s);
+    for (int vez = 0; vez < 3; ++vez) {
+      p->lineas.clear();
+      correr(vez < 2 ? proceso : proceso + u"N:editado\r\n"_s, *p);
+      EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
+      EXPECT_EQ(p->lineas.filter(u"Queda pendiente"_s).size(), vez == 0 ? 1 : 0);
+      EXPECT_EQ(p->lineas.filter(u"Sigue pendiente"_s).size(), vez == 0 ? 0 : 1);
+    }
+    p->correr(proceso, {}, u"OTRO"_s);
+    EXPECT_TRUE(p->hastaElFin());
+    ASSERT_TRUE(p->db().ejecutar(u"UPDATE TOTGRT SET CON=1"));
+    const auto antes = tienda.texto(u"VENTAS.EXP"_s);
+    EXPECT_FALSE(antes.contains(u"*x"_s));
+    EXPECT_EQ(antes.count(u"*y"_s), borrar ? 1 : 4) << "the other period is not held back";
+    for (int vez = 0; vez < 2; ++vez) {
+      p->lineas.clear();
+      correr(u"P:SELECCIONAR,5,01/01/2000,01/01/2100\r\nE:TOTALIZA,No,%1,VENTAS\r\n"_s.arg(
+                 borrar ? u"Sí"_s : u"No"_s),
+             *p);
+      if (vez == 0)
+        EXPECT_EQ(p->fin, ResultadoProceso::Bien) << p->lineas.join(u'\n').toStdString();
+      EXPECT_EQ(tienda.texto(u"VENTAS.EXP"_s).count(u"*x"_s), borrar ? 1 : 1 + vez);
+    }
+    EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM ExportesPendientes")->entero(), 0);
+  }
+}
+
+TEST_F(RunnerTest, LoQueNoPuedeHacerseLoOlvidaUnaPersona) {
+  const auto p = tienda_.programa();
+  for (const char16_t* sql :
+       {u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (7, 1, 43000, "
+        u"43000.999988425926, 'x')",
+        u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON) VALUES (7, 1, 0, 10000000)"})
+    ASSERT_TRUE(p->db().ejecutar(QString::fromUtf16(sql)));
+  correr(u"P:SELECCIONAR,1,22/09/2017,22/09/2017\r\nE:TOTALIZA,No,No,VENTAS\r\n"_s, *p);
+  Pendientes libro(p->db());
+  ASSERT_TRUE(libro.anotar({kAcumular, 2}, {7}));
+  auto todos = libro.todos();
+  ASSERT_TRUE(todos);
+  ASSERT_EQ(todos->size(), 2U);
+  EXPECT_EQ(todos->at(0).proceso, u"NOCHE");
+  EXPECT_EQ(todos->at(0).fichero, tienda_.dir.filePath(u"VENTAS.EXP"_s));
+  EXPECT_EQ(todos->at(1).que, Pendientes::Debido::Que::Acumular);
+  EXPECT_EQ(todos->at(1).mayor, 2);
+  for (const auto& debido : *todos) {
+    EXPECT_EQ(debido.descripcion, u"x");
+    EXPECT_TRUE(*libro.olvidar(debido));
+    EXPECT_FALSE(*libro.olvidar(debido));
+  }
+  p->lineas.clear();
+  correr(u"P:LIMPIAR\r\nE:TOTALIZA,No,No,VENTAS\r\nP:ACUMULAR,2\r\n"_s, *p);
+  EXPECT_TRUE(p->lineas.filter(u"pendiente"_s).isEmpty()) << p->lineas.join(u'\n').toStdString();
 }
 
 TEST_F(RunnerTest, UnaLineaQueNoEsPasoSeDiceCuandoLoParece) {

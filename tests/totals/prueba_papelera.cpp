@@ -141,7 +141,7 @@ TEST(Importacion, SeVeCadaBloqueAntesDeQueEntre) {
   ConPapelera t;
   const qint64 dia = t.crear(kDiario, "05/06/2018");
   t.plu(dia, 7, 3);
-  const QByteArray bytes = bien(t.xporTot.bloque(t.col(dia), false)).toLatin1();
+  const QByteArray bytes = t.bloque(dia).value();
   Importacion f(t.impTot, bytes + bytes, u"VENTAS.EXP"_s);
   const auto primero = bien(f.siguiente());
   ASSERT_TRUE(primero && primero->existente);

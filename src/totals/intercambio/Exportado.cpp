@@ -6,7 +6,7 @@ namespace tarvo::totals {
 
 namespace {
 
-constexpr qsizetype kLargo = 50, kCorto = 42, kAnchoFechas = 19;
+constexpr qsizetype kLargo = largoLinea(false), kCorto = largoLinea(true), kAnchoFechas = 19;
 
 // Appends numbers filled with zeros to their columns, and remembers whether all of them fitted.
 class Escritor {

@@ -15,6 +15,10 @@ struct FilaExport {
   Contadores c;
 };
 
+// Characters of a line, without its end.
+constexpr qsizetype largoLinea(bool corto) {
+  return corto ? 42 : 50;
+}
 // The line without its end; nothing when a value doesn't fit its column. A negative value has its
 // sign in the first place of its column.
 std::optional<QString> lineaExport(const FilaExport& f, bool corto);

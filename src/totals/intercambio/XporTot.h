@@ -1,7 +1,8 @@
 // Periods to .EXP files and back. Layouts: docs/formatos.md. A block is in the file whole or not at
-// all: the new file is written beside the old one, flushed and renamed.
+// all: it counts once it is on disk, and what a program that died left of one is cut off again.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -20,7 +21,7 @@ class XporTot {
   XporTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
 
   // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a point),
-  // behind what the file holds; a file that is no export of periods (the database, a process) is an
+  // after what the file holds; a file that is no export of periods (the database, a process) is an
   // Error and stays as it is. False when the first period is not there. A value that can't fit
   // its column stops the whole export with an Error that names the period and the row; nothing is
   // written then. An export that was cut off between the file and the database is recognised (table
@@ -28,9 +29,13 @@ class XporTot {
   // transaction is open: what is noted must be on disk before the file changes.
   Resultado<bool> XportRemoto(const std::vector<qint64>& periodos, const OpcionesExport& como,
                               const QString& nombre, const QString& marca);
-  // The text of one block (Windows-1252 bytes are made by the caller): two header lines and the
-  // rows, CR LF ended.
-  Resultado<QString> bloque(const Columna& periodo, bool corto);
+  // The bytes of one block, piece by piece: two header lines and the rows. What `recibe` answers
+  // with an Error ends it.
+  using Recibe = std::function<Resultado<>(const QByteArray&)>;
+  Resultado<> bloque(const Columna& periodo, bool corto, const Recibe& recibe);
+  // Cuts off what a program that died left half written, in whatever file. For the start; an export
+  // does so for its own.
+  Resultado<> recuperar();
   // Empty for a name that names no file.
   QString rutaDestino(const QString& nombre) const;
 
@@ -39,9 +44,12 @@ class XporTot {
     bool escrito = false, terminado = false;
   };
   Resultado<Avance> avanceDe(const QString& marca);
-  Resultado<> lineasDe(const ClaseTotal& c, const Columna& periodo, bool corto, QString& texto);
-  Resultado<std::optional<QByteArray>> bloques(const std::vector<qint64>& links, bool corto);
-  Resultado<> escribir(const QString& ruta, const QByteArray& nuevo, const QString& marca);
+  Resultado<> lineasDe(const ClaseTotal& c, const Columna& periodo, bool corto,
+                       const Recibe& recibe);
+  Resultado<qint64> largoDe(const Columna& periodo, bool corto);
+  Resultado<std::optional<std::vector<Columna>>> columnas(const std::vector<qint64>& links);
+  Resultado<> escribir(const QString& ruta, const std::vector<Columna>& periodos, bool corto,
+                       const QString& marca);
   Resultado<> terminar(const std::vector<qint64>& links, bool borrar, const QString& marca);
 
   dao::Database& db_;
