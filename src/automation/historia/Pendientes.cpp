@@ -4,44 +4,6 @@
 
 namespace tarvo::automation {
 
-namespace {
-
-// A number may be given again: the dates tell whether it is the same period.
-constexpr auto kGuionPendientes =
-    uR"(
-CREATE TABLE IF NOT EXISTS PeriodosPendientes (
-  LINK INTEGER NOT NULL, FECHA1 REAL, FECHAF REAL, VERBO INTEGER NOT NULL, TIPO INTEGER NOT NULL,
-  PRIMARY KEY (LINK, VERBO, TIPO));
-CREATE TABLE IF NOT EXISTS ExportesPendientes (
-  NUMERO INTEGER PRIMARY KEY, PROCESO TEXT NOT NULL, ORDEN INTEGER NOT NULL, MARCA TEXT NOT NULL,
-  LINK INTEGER NOT NULL, FECHA1 REAL, FECHAF REAL);
-)";
-
-// A debt is one of a step and a period. Of those noted several times the one that came as far as
-// the file stays, else the first.
-constexpr auto kGuionUnaVez =
-    uR"(
-ALTER TABLE ExportesPendientes ADD COLUMN RUTA TEXT DEFAULT '';
-DELETE FROM ExportesPendientes WHERE MARCA NOT IN (SELECT MARCA FROM Exportes) AND EXISTS (
-  SELECT 1 FROM ExportesPendientes o WHERE o.PROCESO=ExportesPendientes.PROCESO AND
-  o.ORDEN=ExportesPendientes.ORDEN AND o.LINK=ExportesPendientes.LINK AND
-  o.MARCA IN (SELECT MARCA FROM Exportes));
-DELETE FROM ExportesPendientes WHERE EXISTS (
-  SELECT 1 FROM ExportesPendientes o WHERE o.PROCESO=ExportesPendientes.PROCESO AND
-  o.ORDEN=ExportesPendientes.ORDEN AND o.LINK=ExportesPendientes.LINK AND
-  o.NUMERO<ExportesPendientes.NUMERO);
-CREATE UNIQUE INDEX ExportesPendientes_Una ON ExportesPendientes (PROCESO, ORDEN, LINK);
-)";
-
-}  // namespace
-
-Resultado<> asegurarTablaPendientes(dao::Database& db) {
-  TARVO_INTENTAR(db.ejecutarGuion(kGuionPendientes));
-  if (!db.existeColumna(u"ExportesPendientes", u"RUTA"))
-    TARVO_INTENTAR(db.ejecutarGuion(kGuionUnaVez));
-  return {};
-}
-
 Resultado<> Pendientes::anotar(const OrdenPeriodos& orden, const std::vector<qint64>& links) {
   for (const qint64 link : links)
     TARVO_INTENTAR(

@@ -4,14 +4,14 @@ namespace tarvo::totals {
 
 namespace {
 
-constexpr auto kGuionLibros =
+constexpr QStringView kGuionLibros =
     uR"(
 CREATE TABLE IF NOT EXISTS EstadoTarvo (CLAVE TEXT PRIMARY KEY, VALOR);
 CREATE TABLE IF NOT EXISTS Lecturas (
   GRUPO INTEGER NOT NULL, CLASE INTEGER NOT NULL, EJECUCION INTEGER DEFAULT 0, ESTADO INTEGER DEFAULT 0,
   SEC INTEGER DEFAULT 0, INICIO REAL, FIN REAL, ENTERA INTEGER DEFAULT 1, MAQUINAS INTEGER DEFAULT 1, ADDR INTEGER DEFAULT 0,
   LINK INTEGER, BASE_DESDE REAL, BASE_HASTA REAL, APARTE INTEGER DEFAULT 0,
-  BASE_DUDOSA INTEGER DEFAULT 0, AJUSTE INTEGER DEFAULT 0,
+  BASE_DUDOSA INTEGER DEFAULT 0,
   PRIMARY KEY (GRUPO, CLASE));
 CREATE TABLE IF NOT EXISTS LectFilas (
   GRUPO INTEGER NOT NULL, CLASE INTEGER NOT NULL, ADDR INTEGER NOT NULL, CODI INTEGER NOT NULL,
@@ -38,11 +38,16 @@ CREATE INDEX IF NOT EXISTS Origenes_Link ON Origenes (LINK, GRUPO, CLASE);
 
 }  // namespace
 
+dao::TablasDeSala tablasLibros() {
+  return {.sala = QStringLiteral("libros"),
+          .pasos = {{1, kGuionLibros.toString()},
+                    dao::columna(2, QStringLiteral("Lecturas"), QStringLiteral("AJUSTE"),
+                                 QStringLiteral("INTEGER DEFAULT 0"))},
+          .copias = {{QStringLiteral("BaseFilas"), QStringLiteral("LectFilas")}}};
+}
+
 Resultado<> asegurarTablasLibros(dao::Database& db) {
-  if (!db.existeTabla(u"Origenes") || !db.existeTabla(u"CerosParte"))
-    TARVO_INTENTAR(db.ejecutarGuion(kGuionLibros));
-  if (db.existeColumna(u"Lecturas", u"AJUSTE")) return {};
-  return db.ejecutarGuion(u"ALTER TABLE Lecturas ADD COLUMN AJUSTE INTEGER DEFAULT 0;\n");
+  return dao::darPasos(db, {tablasLibros()});
 }
 
 Resultado<dao::Valor> EstadoBase::leer(const QString& clave) {

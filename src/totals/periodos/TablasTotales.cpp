@@ -16,8 +16,6 @@ CREATE INDEX IF NOT EXISTS TotSusti_ID ON TotSusti (ID, CLASE);
 CREATE TABLE IF NOT EXISTS Exportes (
   MARCA TEXT PRIMARY KEY, RUTA TEXT, ANTES INTEGER, DESPUES INTEGER, HUELLA TEXT,
   HECHO INTEGER DEFAULT 0);
-CREATE TABLE IF NOT EXISTS ExportesAbiertos (
-  RUTA TEXT PRIMARY KEY, ANTES INTEGER, TOPE INTEGER, VECINDAD TEXT);
 CREATE TABLE IF NOT EXISTS PapeleraPer (
   LOTE INTEGER, SOLOFILAS INTEGER DEFAULT 0, LINK INTEGER, TIPO INTEGER, FECHA1 DOUBLE PRECISION,
   FECHAF DOUBLE PRECISION, DESCR TEXT, ACUM2 INTEGER, ACUM3 INTEGER, ACUM4 INTEGER,
@@ -38,10 +36,19 @@ CREATE TABLE IF NOT EXISTS PapeleraTotSusti (
   CON INTEGER, PES INTEGER, [IMP] INTEGER, SCO INTEGER);
 )");
 
+const QString kExportesAbiertos = QStringLiteral(R"(
+CREATE TABLE IF NOT EXISTS ExportesAbiertos (
+  RUTA TEXT PRIMARY KEY, ANTES INTEGER, TOPE INTEGER, VECINDAD TEXT, CABEZA TEXT);
+)");
+
 }  // namespace
 
+dao::TablasDeSala tablasTotales() {
+  return {.sala = QStringLiteral("periodos"), .pasos = {{1, kTablas}, {2, kExportesAbiertos}}, .copias = {}};
+}
+
 Resultado<> asegurarTablasTotales(dao::Database& db) {
-  return db.ejecutarGuion(kTablas);
+  return dao::darPasos(db, {tablasTotales()});
 }
 
 }  // namespace tarvo::totals
