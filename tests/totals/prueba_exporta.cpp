@@ -189,7 +189,7 @@ TEST_F(Exporta, AKillLeavesNoHalfBlock) {
     const pid_t hijo = fork();
     if (hijo == 0) {
       auto suya = dao::Database::OpenDatabase(ruta(QStringLiteral("TARVO.MDB")), {});
-      auto a = suya ? Anadidura::empezar(**suya, ruta(nombre), 200000, textosDePrueba())
+      auto a = suya ? Anadidura::empezar(**suya, ruta(nombre), 200000, "****", textosDePrueba())
                     : std::unexpected(suya.error());
       if (a && (*a)->escribir(QByteArray(bytes, '*'))) std::raise(SIGKILL);
       _exit(1);
@@ -215,11 +215,13 @@ TEST_F(Exporta, AKillLeavesNoHalfBlock) {
     }
   }
   // Somebody has put another file in its place.
-  morirEscribiendo(QStringLiteral("x.EXP"), 100000);
   const QByteArray otro = "*otro\r\n" + QByteArray(kLargo + kLargo);
-  escribir(QStringLiteral("x.EXP"), otro);
-  bien(xporTot.recuperar());
-  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), otro);
+  for (const char* nombre : {"x.EXP", "otro.EXP"}) {
+    morirEscribiendo(QString::fromUtf8(nombre), 100000);
+    escribir(QString::fromUtf8(nombre), otro);
+    bien(xporTot.recuperar());
+    EXPECT_EQ(fichero(QString::fromUtf8(nombre)), otro);
+  }
   EXPECT_EQ(leer(QStringLiteral("select count(*) from ExportesAbiertos")), QStringLiteral("0"));
 }
 
@@ -303,18 +305,69 @@ TEST_F(Exporta, ComesBackAsItWent) {
   EXPECT_EQ(col(hechos[0].link).DESCR, QStringLiteral("Semana, santa-5 junio 2018"));
 }
 
-TEST_F(Exporta, ReadsTheShortLayoutByItsOwnColumns) {
-  const qint64 link = importar(kCorto).at(0).link;
-  EXPECT_EQ(plus(link), QStringLiteral("1 1234 12 3456 7890 -50 | 2 7 3 0 450 0"));
-  const auto claves = [&](const char* tabla) {
-    return leer(QStringLiteral("select GRUPO, CODI from %1").arg(QString::fromUtf8(tabla)));
+// Of a file no more than a line is in memory, however much there is of it.
+TEST_F(Exporta, AnEndlessFileIsReadToItsEnd) {
+  QFile f(ruta(QStringLiteral("x.EXP")));
+  const qint64 grande = qint64{300} << 20;
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.resize(grande) && f.seek(grande) &&
+              f.write("\r\n" + kLargo) > 0);
+  f.close();
+  std::vector<ImpTot::Hecho> hechos;
+  bien(impTot.importar(f.fileName(), SiExiste::Borrarlo, hechos));
+  ASSERT_EQ(hechos.size(), 1U);
+  EXPECT_EQ(hechos[0].lineas, 7);
+}
+
+// What we wrote in the short layout comes back as it was, what another system wrote is read by its
+// columns, and a line that may be either is refused.
+TEST_F(Exporta, ReadsTheShortLayoutOfBothSystems) {
+  const qint64 dia = crear(1, "05/06/2018");
+  for (const char* tabla : {"TOTPLU", "TOTOPE", "TOTDEP"}) fila(tabla, dia, 1, 44, {1, 2, 3, 4});
+  fila("TOTGRT", dia, 2, 0, {1, 2, 3, 4});
+  fila("TOTOPE", dia, 2, 1234, {5, 6, 7, 8});
+  fila("TOTHOR", dia, 1, 23, {1, 2, 3, 4});
+  operHora(dia, 12, 8, 6);
+  const auto todo = [&] {
+    QStringList filas;
+    for (const ClaseTotal& c : todasLasClases())
+      filas << leer(QStringLiteral("select GRUPO, CODI, CON, PES, [IMP], SCO from %1 order by "
+                                   "GRUPO, CODI")
+                        .arg(QString::fromUtf16(c.tabla)));
+    return filas.join(u'\n');
   };
-  EXPECT_EQ(claves("TOTGRT"), QStringLiteral("1 0"));
-  EXPECT_EQ(claves("TOTOPE"), QStringLiteral("0 9"));
-  EXPECT_EQ(claves("TOTDEP"), QStringLiteral("0 4"));
-  EXPECT_EQ(claves("TOTHOR"), QStringLiteral("1 23"));
-  EXPECT_EQ(leer(QStringLiteral("select GRUPO, CODI, HORA from TOTOPHOR")),
-            QStringLiteral("1 12 8"));
+  const QString antes = todo();
+  EXPECT_TRUE(exportar(dia, "x", true, "", true));
+  importar(fichero(QStringLiteral("x.EXP")));
+  EXPECT_EQ(todo(), antes);
+
+  const QByteArray cabecera = "*uno\r\n*06/06/2018 00:00:00  06/06/2018 23:59:59\r\n";
+  const QByteArray resto = "0000000001000000000000000000000001\r\n";
+  struct Caso {
+    const char* cabeza;
+    const char* tabla;
+    const char* clave;  // null: refused
+  };
+  const Caso casos[] = {
+      {"03000209", "TOTOPE", "2 9"},   {"03990209", "TOTOPE", "2 9"},
+      {"03020009", "TOTOPE", "2 9"},   {"03010209", "TOTOPE", nullptr},
+      {"03998809", "TOTOPE", nullptr}, {"04990104", "TOTDEP", "1 4"},
+      {"04010304", "TOTDEP", "1 4"},   {"04010204", "TOTDEP", "2 4"},
+      {"02000002", "TOTGRT", "2 0"},
+  };
+  for (const Caso& c : casos) {
+    const QByteArray bytes = cabecera + c.cabeza + resto;
+    if (!c.clave) {
+      EXPECT_TRUE(errorDe(bytes).contains(QStringLiteral("línea 3: en el formato corto")))
+          << c.cabeza;
+      continue;
+    }
+    const qint64 link = importar(bytes).at(0).link;
+    EXPECT_EQ(leer(QStringLiteral("select GRUPO, CODI from %1 where LINK=%2")
+                       .arg(QString::fromUtf8(c.tabla))
+                       .arg(link)),
+              QString::fromUtf8(c.clave))
+        << c.cabeza;
+  }
 }
 
 TEST_F(Exporta, TwoBlocksOfOneDayAddUpOrReplace) {

@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 
 #include "totals/TextosTotals.h"
 
@@ -35,7 +36,14 @@ struct Abierto {
   QString ruta;
   qint64 antes, tope;
   QString vecindad;
+  QByteArray cabeza;
 };
+
+// Where the power failed, a disk may have kept the length of what was written and not the bytes.
+bool esPrincipio(QByteArrayView hallado, QByteArrayView cabeza) {
+  return std::ranges::equal(hallado, cabeza.first(hallado.size()),
+                            [](char h, char c) { return h == c || h == 0; });
+}
 
 // True when nothing of it needs to be remembered any more.
 bool cortar(const Abierto& a) {
@@ -49,6 +57,9 @@ bool cortar(const Abierto& a) {
   const auto v = vecindad(*f, antes);
   if (!v) return false;
   if (*v != a.vecindad) return true;
+  const auto nuestro = f->leer(antes, a.cabeza.size());
+  if (!nuestro) return false;
+  if (!esPrincipio(*nuestro, a.cabeza)) return true;
   if (*tamano > antes && !f->cortar(antes)) return false;
   return a.antes >= 0 || QFile::remove(a.ruta);
 }
@@ -67,10 +78,11 @@ Resultado<> Anadidura::recuperar(dao::Database& db, const std::optional<QString>
   std::vector<Abierto> abiertos;
   {
     TARVO_TOMAR(const auto rs,
-                db.consultar(u"SELECT RUTA, ANTES, TOPE, VECINDAD FROM ExportesAbiertos"));
+                db.consultar(u"SELECT RUTA, ANTES, TOPE, VECINDAD, CABEZA FROM ExportesAbiertos"));
     for (; !rs->Eof();) {
       if (!ruta || rs->texto(0) == *ruta)
-        abiertos.push_back({rs->texto(0), rs->entero(1), rs->entero(2), rs->texto(3)});
+        abiertos.push_back({rs->texto(0), rs->entero(1), rs->entero(2), rs->texto(3),
+                            QByteArray::fromHex(rs->texto(4).toLatin1())});
       TARVO_INTENTAR(rs->MoveNext());
     }
   }
@@ -81,7 +93,8 @@ Resultado<> Anadidura::recuperar(dao::Database& db, const std::optional<QString>
 }
 
 Resultado<std::unique_ptr<Anadidura>> Anadidura::empezar(dao::Database& db, const QString& ruta,
-                                                         qint64 largo, const Textos& textos) {
+                                                         qint64 largo, QByteArray cabeza,
+                                                         const Textos& textos) {
   TARVO_INTENTAR(recuperar(db, ruta));
   const bool habia = QFileInfo::exists(ruta);
   qint64 antes = -1;
@@ -103,9 +116,11 @@ Resultado<std::unique_ptr<Anadidura>> Anadidura::empezar(dao::Database& db, cons
   }
   const bool cortada = cola != "\n";  // its last line was cut off
   const qint64 tope = std::max<qint64>(antes, 0) + largo + (cortada ? 2 : 0);
+  if (cortada) cabeza.prepend("\r\n");
   TARVO_INTENTAR(db.ejecutar(
-      u"INSERT OR REPLACE INTO ExportesAbiertos (RUTA, ANTES, TOPE, VECINDAD) VALUES (?, ?, ?, ?)",
-      ruta, antes, tope, huella));
+      u"INSERT OR REPLACE INTO ExportesAbiertos (RUTA, ANTES, TOPE, VECINDAD, CABEZA) VALUES (?, "
+      u"?, ?, ?, ?)",
+      ruta, antes, tope, huella, QString::fromLatin1(cabeza.toHex())));
   auto f = Creciente::abrir(ruta, true);
   if (!f) {
     TARVO_INTENTAR(db.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", ruta));

@@ -15,10 +15,12 @@ namespace tarvo::totals {
 
 class Anadidura {
  public:
-  // `largo` bytes are to come. An Error when the file is there and is no export of periods, or
-  // can't be written; it stays as it is. REQUIRES that no transaction is open.
+  // `largo` bytes are to come, the first of them `cabeza`. An Error when the file is there and is
+  // no export of periods, or can't be written; it stays as it is. REQUIRES that no transaction is
+  // open.
   static Resultado<std::unique_ptr<Anadidura>> empezar(dao::Database& db, const QString& ruta,
-                                                       qint64 largo, const Textos& textos);
+                                                       qint64 largo, QByteArray cabeza,
+                                                       const Textos& textos);
   // Takes back what was added, unless it was counted.
   ~Anadidura();
   Anadidura(const Anadidura&) = delete;

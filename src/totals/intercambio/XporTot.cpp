@@ -117,7 +117,8 @@ Resultado<> XporTot::escribir(const QString& ruta, const std::vector<Columna>& p
     TARVO_TOMAR(const auto suyo, largoDe(c, corto));
     largo += suyo;
   }
-  TARVO_TOMAR(const auto fichero, Anadidura::empezar(db_, ruta, largo, p_.textos()));
+  TARVO_TOMAR(const auto fichero,
+              Anadidura::empezar(db_, ruta, largo, cabeceraDe(periodos.front()), p_.textos()));
   for (const Columna& c : periodos)
     TARVO_INTENTAR(
         bloque(c, corto, [&](const QByteArray& bytes) { return fichero->escribir(bytes); }));

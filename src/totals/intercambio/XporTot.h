@@ -2,6 +2,7 @@
 // all: it counts once it is on disk, and what a program that died left of one is cut off again.
 #pragma once
 
+#include <QIODevice>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -81,6 +82,7 @@ class ImpTot {
 
  private:
   friend class Importacion;
+  Resultado<> importarTodo(Importacion& fichero, SiExiste siExiste, std::vector<Hecho>& hechos);
   Periodo periodoDe(Fecha desde, Fecha hasta) const;
   Resultado<qint64> destino(const Periodo& p, const QString& descr, SiExiste siExiste);
 
@@ -91,8 +93,10 @@ class ImpTot {
 
 class Importacion {
  public:
-  // `nombre` stands in errors. REQUIRES that `motor` outlives it.
-  Importacion(ImpTot& motor, QByteArray bytes, const QString& nombre);
+  // `nombre` stands in errors. REQUIRES that `motor` outlives it, and that the device is open.
+  Importacion(ImpTot& motor, std::unique_ptr<QIODevice> fichero, const QString& nombre);
+  static std::unique_ptr<Importacion> deBytes(ImpTot& motor, const QByteArray& bytes,
+                                              const QString& nombre);
   // Of a file; an error when it can't be read.
   static Resultado<std::unique_ptr<Importacion>> abrir(ImpTot& motor, const QString& ruta);
   ~Importacion();
