@@ -57,11 +57,14 @@ class Ejecutor {
     QString nombre;
   };
   Resultado<Hecho> tarea(const PasoProceso& p, Ejecucion& e);
+  QString motivoRechazo(int codigo, int grupo, int clase) const;
   Hecho sesion(const PasoProceso& p, Ejecucion& e);
   void cerrar(const PasoProceso& p, Ejecucion& e, Hecho& h);
   void noMemorizado(Ejecucion& e, Hecho& h);
   Hecho control(const PasoProceso& p);
   Hecho periodos(const PasoProceso& p, const Ejecucion& e);
+  Hecho crear(const PasoProceso& p);
+  void decirSolapes(Hecho& h);
   Resultado<bool> operacion(const PasoProceso& p);
   void pendientes(const PasoProceso& p, const std::vector<qint64>& debidos, Hecho& h);
   Hecho selUltimo(const Ejecucion& e);

@@ -60,6 +60,7 @@ Resultado<qint64> Periodos::sustituir(const Columna& vieja, const QString& descr
       TARVO_INTENTAR(db_.ejecutar(
           QStringLiteral("UPDATE %1 SET LINK=? WHERE LINK=?").arg(QString::fromUtf16(k.tabla)),
           *nuevo, c.LINK));
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE Sumados SET LINK=? WHERE LINK=?", *nuevo, c.LINK));
   TARVO_INTENTAR(t.confirmar());
   return nuevo;
 }
