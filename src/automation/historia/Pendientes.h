@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "core/dao/Database.h"
-#include "core/valores/Fecha.h"
 
 namespace tarvo::automation {
 
