@@ -1,5 +1,6 @@
 // tarvo-bench: with --razones the measurements beside their limits (status 1 when one falls short),
-// with --noche one night that prints its cost, with anything else Google Benchmark.
+// with --noche one night that prints its cost, with --exporta an export that does, with anything
+// else Google Benchmark.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -8,6 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "Exporta.h"
 #include "Noche.h"
 #include "Razones.h"
 
@@ -82,6 +84,7 @@ int main(int argc, char** argv) {
     return tarvo::banco::razones(argc > 2 ? argv[2] : "");
   if (argc > 2 && std::strcmp(argv[1], "--noche") == 0)
     return tarvo::banco::noche(std::atoi(argv[2]));
+  if (argc > 1 && std::strcmp(argv[1], "--exporta") == 0) return tarvo::banco::exporta();
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 64;
   benchmark::RunSpecifiedBenchmarks();

@@ -141,14 +141,6 @@ double segundosCpu() {
   return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_nsec) * 1e-9;
 }
 
-long picoKiB() {
-  QFile f(QStringLiteral("/proc/self/status"));
-  if (!f.open(QIODevice::ReadOnly)) return 0;
-  for (const QByteArray& linea : f.readAll().split('\n'))
-    if (linea.startsWith("VmHWM:")) return linea.mid(6).trimmed().split(' ').first().toLong();
-  return 0;
-}
-
 struct Coste {
   double cpu = 0, pico = 0;
 };
@@ -183,6 +175,14 @@ const Registro kMedidasNoche[] = {
 };
 
 }  // namespace
+
+long picoKiB() {
+  QFile f(QStringLiteral("/proc/self/status"));
+  if (!f.open(QIODevice::ReadOnly)) return 0;
+  for (const QByteArray& linea : f.readAll().split('\n'))
+    if (linea.startsWith("VmHWM:")) return linea.mid(6).trimmed().split(' ').first().toLong();
+  return 0;
+}
 
 int noche(int grupos) {
   const QTemporaryDir carpeta;

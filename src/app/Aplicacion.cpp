@@ -74,6 +74,7 @@ Aplicacion::~Aplicacion() = default;
 
 Resultado<> Aplicacion::empezar() {
   TARVO_INTENTAR(d->almacenes.asegurar());
+  TARVO_INTENTAR(d->xporTot.recuperar());
   return d->sesion.cargar();
 }
 

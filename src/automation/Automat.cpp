@@ -1,6 +1,7 @@
 #include "automation/Automat.h"
 
 #include "automation/AutomatInterior.h"
+#include "automation/Relacion.h"
 
 namespace tarvo::automation {
 
@@ -10,6 +11,7 @@ namespace {
 
 constexpr int kTic = 500;
 constexpr qint64 kPacienciaAborto = 5 * 60 * 1000;
+const QString kSangria = QStringLiteral("    ");
 
 }  // namespace
 
@@ -83,6 +85,7 @@ bool Automat::Interior::avanzar() {
 void Automat::Interior::quedarEnPaso() {
   fase = kDetenidoEnPaso;
   reloj->parar();
+  t.motor.FijarModo(false);
   escribirMomento(kTxRetenida);
 }
 
@@ -128,6 +131,7 @@ void Automat::Interior::terminar(ResultadoProceso con, int faseFinal, int linea)
   indice = -1;
   interrumpirVistas();
   resultado = con;
+  contarLoHecho();
   escribirMomento(linea);
   fase = faseFinal;
   if (averiado || pasos.empty()) return;
@@ -137,6 +141,16 @@ void Automat::Interior::terminar(ResultadoProceso con, int faseFinal, int linea)
     escribir({r.error().texto});
     resultado = std::max(resultado, ResultadoProceso::Problemas);
   }
+}
+
+// What came of it group by group, as the last thing before the end.
+void Automat::Interior::contarLoHecho() {
+  if (averiado || pasos.empty()) return;
+  const auto relacion = relacionDe(t, e.numero);
+  if (!relacion) return escribir({kSangria + relacion.error().texto});
+  QStringList entrada;
+  for (const QString& hecho : *relacion) entrada += kSangria + hecho;
+  if (!entrada.isEmpty()) escribir(entrada);
 }
 
 // The last thing that a tick does: whoever hears it may destroy the runner.
@@ -178,7 +192,7 @@ void Automat::ejecutar() {
   d->resultado = ResultadoProceso::Bien;
   d->escribirMomento(kTxIniciada);
   if (nueva) d->empezar();
-  if (d->motorAbierto) d->t.motor.CambioAModo(true);
+  if (d->motorAbierto) d->t.motor.FijarModo(true);
   if (d->fase == kAcabado || d->fase == kAbortado) {
     d->cambio();
     return d->reloj->unaVez(0);
@@ -190,6 +204,7 @@ void Automat::ejecutar() {
 void Automat::retener() {
   if (d->fase != kEjecutando) return;
   d->fase = kPasoAPaso;
+  d->t.motor.FijarModo(false);
   d->cambio();
 }
 

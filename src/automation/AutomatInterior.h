@@ -22,6 +22,7 @@ struct Automat::Interior {
   void quedarEnPaso();
   bool terminarMal();  // aborted, or the record of the run failed
   void terminar(ResultadoProceso con, int faseFinal, int linea);
+  void contarLoHecho();
   void anunciarFin();
   void decirFin();
   void empezarAborto();

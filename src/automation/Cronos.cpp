@@ -6,6 +6,7 @@
 
 #include "automation/ProximaVez.h"
 #include "automation/TextosAutomation.h"
+#include "automation/historia/Traza.h"
 
 namespace tarvo::automation {
 
@@ -111,8 +112,13 @@ Entrada Cronos::Interior::entradaDe(const LineaActivacion& linea,
     return e;
   }
   e.estado = EstadoEntrada::Inutil;
-  avisar(lenguaje.textos()(kTxNoSeEjecutara,
-                           {e.proceso, linea.hora.horaLarga(), fichero.error().texto}));
+  const QString inutil = lenguaje.textos()(
+      kTxNoSeEjecutara, {e.proceso, linea.hora.horaLarga(), fichero.error().texto});
+  avisar(inutil);
+  // Who reads the trace of the night next morning finds why there is none of this process.
+  Traza traza(lenguaje.textos());
+  traza.empezar(ajustes, nombreBase(rutaHorario) + u".CRO"_s, e.proceso);
+  traza.escribir({inutil}, [](const QString&) {});
   return e;
 }
 

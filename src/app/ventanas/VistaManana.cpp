@@ -131,6 +131,13 @@ std::vector<Renglon> Redactor::deArranque() const {
 
 std::vector<Renglon> Redactor::avisos() const {
   std::vector<Renglon> lista = deArranque();
+  if (r_.debidos > 0)
+    lista.push_back({.estado = Estado::Duda,
+                     .palabra = t_(kTxVerDebidos),
+                     .titulo = {},
+                     .texto = Plural(t_(kTxQuedaPorHacer), r_.debidos),
+                     .valor = {},
+                     .ventana = u"Debidos"_s});
   const size_t hasta = lista.size() + kAvisosVistos;
   for (const auto& aviso : r_.avisos) {
     if (lista.size() == hasta) break;
@@ -259,7 +266,8 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
   } kModos[] = {{Estado::Bien, kTxGrupoBien},
                 {Estado::Duda, kTxGrupoDudoso},
                 {Estado::Mal, kTxGrupoFallido},
-                {Estado::Ninguno, kTxGrupoSinIntentar}};
+                {Estado::Ninguno, kTxGrupoSinIntentar},
+                {Estado::Ninguno, kTxGrupoEnMarcha}};
   const auto& modo = kModos[static_cast<size_t>(g.estado)];
   Renglon r{.estado = modo.estado,
             .palabra = t_(modo.palabra),
@@ -278,8 +286,8 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
 // What asks for a hand stands on top.
 std::vector<Renglon> Redactor::grupos() const {
   std::vector<Renglon> lista;
-  for (const auto estado :
-       {EstadoGrupo::Fallido, EstadoGrupo::Dudoso, EstadoGrupo::SinIntentar, EstadoGrupo::Bien})
+  for (const auto estado : {EstadoGrupo::Fallido, EstadoGrupo::Dudoso, EstadoGrupo::EnMarcha,
+                            EstadoGrupo::SinIntentar, EstadoGrupo::Bien})
     for (const auto& g : r_.grupos)
       if (g.estado == estado && lista.size() < kGruposVistos) lista.push_back(grupo(g));
   if (const auto mas = r_.grupos.size() - lista.size(); mas > 0)
@@ -299,6 +307,7 @@ QString Redactor::cuenta() const {
   };
   contar(EstadoGrupo::Fallido, kTxCuentaFallidos);
   contar(EstadoGrupo::Dudoso, kTxCuentaDudosos);
+  contar(EstadoGrupo::EnMarcha, kTxCuentaEnMarcha);
   contar(EstadoGrupo::SinIntentar, kTxCuentaSinIntentar);
   contar(EstadoGrupo::Bien, kTxCuentaBien);
   return partes.join(u", "_s);

@@ -89,6 +89,7 @@ struct gestcomm::Interior {
   using PorGrupo = std::map<int, std::set<int>>;
   PorGrupo lecturas, borrados;
   bool automatico = true;
+  bool modoFijo = false;
   int reintentos = 0;
   bool borrarFallos = false;
   Vigilante* vigilante = nullptr;

@@ -30,8 +30,17 @@ int gestcomm::NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, int c
 }
 
 void gestcomm::CambioAModo(bool automatico) {
-  d->automatico = automatico;
+  d->automatico = automatico || d->modoFijo;
   d->cambioCola();
+}
+
+void gestcomm::FijarModo(bool fijo) {
+  if (std::exchange(d->modoFijo, fijo) == fijo) return;
+  CambioAModo(fijo || d->automatico);
+}
+
+bool gestcomm::ModoFijado() const {
+  return d->modoFijo;
 }
 
 bool gestcomm::ModoAutomatico() const {

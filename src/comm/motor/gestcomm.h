@@ -65,7 +65,11 @@ class gestcomm final : private enlace::ClienteEnlace {
   // 0 queued; 1 refused by the session rule; 2 no such group, a kind not valid for it, or a group
   // that doesn't communicate. `paso`: the step of a process that asks.
   int NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, int clase, qint64 paso = -1);
+  // Without effect towards manual while the mode is fixed.
   void CambioAModo(bool automatico);
+  // A process moves the tasks on: nobody else may stop them by turning to manual.
+  void FijarModo(bool fijo);
+  bool ModoFijado() const;
   bool ModoAutomatico() const;
 
   void VigilaProcesos(int reintentos, bool borrarFallos, Vigilante* vigilante);

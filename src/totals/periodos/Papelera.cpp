@@ -9,8 +9,9 @@ using dao::conMarcas;
 
 namespace {
 
-constexpr const char16_t* kTablasPapelera[] = {u"PapeleraPer", u"PapeleraFilas", u"PapeleraOrig",
-                                               u"PapeleraSusti", u"PapeleraTotSusti"};
+constexpr const char16_t* kTablasPapelera[] = {u"PapeleraPer",      u"PapeleraFilas",
+                                               u"PapeleraOrig",     u"PapeleraSusti",
+                                               u"PapeleraTotSusti", u"PapeleraSuma"};
 const QString kColumnasOrigen =
     u"LINK, GRUPO, CLASE, EJECUCION, LEIDO, DESDE, HASTA, MODO, FILAS, CON, IMP"_s;
 const QString kColumnasFila = u"GRUPO, CODI, HORA, CON, PES, [IMP], SCO"_s;
@@ -45,7 +46,9 @@ Resultado<std::vector<Tirado>> leerLote(dao::Database& db, qint64 lote) {
 }  // namespace
 
 Resultado<qint64> Papelera::nuevoLote() {
-  TARVO_TOMAR(const auto ultimo, db_.uno(u"SELECT max(LOTE) FROM PapeleraPer"));
+  TARVO_TOMAR(const auto ultimo,
+              db_.uno(u"SELECT max(LOTE) FROM (SELECT LOTE FROM PapeleraPer UNION ALL "
+                      u"SELECT LOTE FROM Sumados) x"));
   return ultimo.entero() + 1;
 }
 

@@ -60,6 +60,7 @@ Resultado<qint64> Periodos::sustituir(const Columna& vieja, const QString& descr
       TARVO_INTENTAR(db_.ejecutar(dao::conMarcas(u"UPDATE {tabla} SET LINK=? WHERE LINK=?",
                                                  {{u"tabla", QString::fromUtf16(k.tabla)}}),
                                   *nuevo, c.LINK));
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE Sumados SET LINK=? WHERE LINK=?", *nuevo, c.LINK));
   TARVO_INTENTAR(t.confirmar());
   return nuevo;
 }

@@ -95,6 +95,7 @@ void gestcommVentana::ordenar(const std::set<int>& estados, void (gestcomm::*ord
 // The buttons follow at once: the next key may be one of theirs.
 void gestcommVentana::cambiarModo(bool automatico) {
   s_.motor.CambioAModo(automatico);
+  if (s_.motor.ModoAutomatico() != automatico) decirDuda(t(kTxModoFijado));
   ponerModo();
 }
 

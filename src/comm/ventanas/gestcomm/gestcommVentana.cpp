@@ -195,7 +195,7 @@ void gestcommVentana::ponerModo() {
   const bool automatico = s_.motor.ModoAutomatico();
   for (QAction* a : {ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.AutoP})
     a->setEnabled(!automatico);
-  ui_.ManuP->setEnabled(automatico);
+  ui_.ManuP->setEnabled(automatico && !s_.motor.ModoFijado());
   ui_.LblModo->setText(t(automatico ? kTxModoAutomatico : kTxModoManual));
   const QString hoja =
       automatico ? QString()
