@@ -26,6 +26,7 @@ class Totales : public motor::TrabajoTarea {
   Totales(const motor::DatosTarea& t, const motor::Entorno& e);
   Resultado<motor::Siguiente> siguiente() final;
   Resultado<std::vector<totals::Aviso>> cerrar() override;
+  QString trajo() const override;
   const totals::Lectura& lectura() const { return lectura_; }
   // A reading that another task makes for itself: the session isn't told.
   void paraOtra() { anunciada_ = true; }
