@@ -75,7 +75,7 @@ TEST_F(MaquinaVEK, RespuestasPorCaso) {
     for (const auto& b : cable().enviados)
       if (b == ack) acks += b;
     EXPECT_EQ(acks, caso.acks);
-    enlaces.abandonar(0);
+    enlaces.abandonar(0, &motor, &captura);
   }
 }
 
@@ -204,7 +204,7 @@ TEST_F(MaquinaVEK, TodaEsperaTieneFin) {
         reloj.avanzar(900);
       }
       EXPECT_EQ(motor.nuevo(), conAck ? u"EnvioVEK 17 -1 0" : u"EnvioVEK 16 -1 0");
-      enlaces.abandonar(0);
+      enlaces.abandonar(0, &motor, &captura);
     }
   }
 }
@@ -380,7 +380,7 @@ TEST_F(MaquinaVEK, UnaOrdenUnicaNoSeRepite) {
     reloj.avanzar(60'000);
     EXPECT_EQ(motor.nuevo().left(11), repetida > 0 ? u"EnvioVEK 17" : u"EnvioVEK 16");
     EXPECT_EQ(tramasEnviadas(), antes + 1);
-    enlaces.abandonar(0);
+    enlaces.abandonar(0, &motor, &captura);
   }
 }
 

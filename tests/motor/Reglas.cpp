@@ -32,7 +32,6 @@ TEST_F(Reglas, TerminaCuandoPuedas) {
   encolar(1, 17);
   encolar(1, 7);
   gestor->TerminaCuandoPuedas();
-  reloj.avanzar(400);
   EXPECT_EQ(mira.veces, 0);
   ASSERT_TRUE(correr());
   reloj.avanzar(5000);
@@ -123,8 +122,8 @@ TEST_F(Reglas, LoQueNuncaVaBienSeAcabaYSeDice) {
   };
   for (const Caso& c :
        {Caso{Averia::RegistroCorto, 1, 19, 7, 1}, Caso{Averia::RegistroCorto, 2, 16, 7, 4},
-        Caso{Averia::RegistroCorto, 1, 17, 7, 0}, Caso{Averia::Corte, 1, 17, 20},
-        Caso{Averia::CierreLimpio, 1, 16, 20}, Caso{Averia::CierreLimpio, 2, 16, 20},
+        Caso{Averia::RegistroCorto, 1, 17, 7, 0}, Caso{Averia::Corte, 1, 17, 32},
+        Caso{Averia::CierreLimpio, 1, 16, 32}, Caso{Averia::CierreLimpio, 2, 16, 32},
         Caso{Averia::ListaSinFin, 1, 21, 17}, Caso{Averia::RegistroCorto, 1, 22, 7},
         Caso{Averia::Err, 1, 17, 105}}) {
     problemas.clear(), avisos.clear();
@@ -352,7 +351,7 @@ TEST_F(Reglas, ElEnlacePerdidoVuelveMedioMinutoDespues) {
   reloj.avanzar(27000);
   EXPECT_EQ(oidas(1).size(), antes);
   ASSERT_TRUE(correr(2));
-  EXPECT_EQ(reintentos, QStringList{QStringLiteral("18 G1 E20")});
+  EXPECT_EQ(reintentos, QStringList{QStringLiteral("18 G1 E32")});
   EXPECT_EQ(oidas(1).count(QStringLiteral("800 01")), 1);  // it goes on where it stood
 }
 
@@ -370,7 +369,8 @@ TEST_F(Reglas, DetenerMientrasSeAbreNoSeReintenta) {
   fabrica.cables.clear();
   gestor->VigilaProcesos(5, false, nullptr);
   const int id = encolar(1, 17);
-  while (estado(id) != 1) reloj.avanzar(1);
+  reloj.avanzar(0);
+  ASSERT_EQ(estado(id), 1);
   gestor->DetenerTarea(id);
   reloj.avanzar(60000);
   ASSERT_TRUE(tarea(id));

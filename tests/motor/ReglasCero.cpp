@@ -304,4 +304,27 @@ TEST_F(Reglas, ElRegistroAMediasSigueDondeQuedo) {
     }
 }
 
+// A reading that went well says nothing of the group's other kinds.
+TEST_F(Reglas, UnaLecturaBuenaNoBorraElFalloDeOtra) {
+  tienda();
+  gestor->VigilaProcesos(0, true, this);
+  fallo(1, {Averia::Sorda, 0, 850});
+  encolar(1, 17);
+  ASSERT_TRUE(correr());
+  maquina(1).percances().cambiar({});
+  encolar(1, 18);
+  ASSERT_TRUE(correr());
+  EXPECT_TRUE(gestor->GruposFallidos().contains(1));
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(problemas.back(), QStringLiteral("6 G1 E22 (0)"));
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 0U);
+  encolar(1, 17);
+  ASSERT_TRUE(correr());
+  EXPECT_FALSE(gestor->GruposFallidos().contains(1));
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
+}
+
 }  // namespace tarvo::prueba

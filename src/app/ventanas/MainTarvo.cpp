@@ -11,6 +11,7 @@
 #include "app/ventanas/Manana.h"
 #include "app/ventanas/SysTray.h"
 #include "app/ventanas/TextosPrincipal.h"
+#include "comm/ventanas/Pendientes.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Tira.h"
@@ -241,8 +242,17 @@ void MainTarvo::suspenderCapturas() {
   if (!CapturasActivas().empty()) bucle.exec();
 }
 
+// The engine works on when its window is closed: with none to answer for it, it is asked here.
+bool MainTarvo::dejaElMotor() {
+  if (contexto().ventanas.cargada(u"gestcomm"_s)) return true;
+  if (app_.gestcomm().puedeCerrar())
+    return comm::consienteDejarlas(*this, app_.gestcomm(), app_.registro());
+  decirDuda(t(kTxSinCerrar));
+  return false;
+}
+
 bool MainTarvo::QueryUnload() {
-  if (suspendiendo_) return true;
+  if (suspendiendo_ || !dejaElMotor()) return true;
   suspenderCapturas();
   if (contexto().ventanas.DescargaTodo(this)) {
     if (contexto().ventanas.cargada(u"gestcomm"_s)) decirDuda(t(kTxSinCerrar));

@@ -57,6 +57,7 @@ class MainTarvo final : public ventanas::Ventana {
   // --- the windows that receive from a machine now: asked to stop, and waited for, before the end
   std::vector<ventanas::Captura*> CapturasActivas() const;
   void suspenderCapturas();
+  bool dejaElMotor();
 
   Aplicacion& app_;
   Ui::MainTarvo ui_;

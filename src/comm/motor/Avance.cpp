@@ -28,13 +28,11 @@ void gestcomm::Interior::avanzar(int id) {
       if (tareaDe(c) != t) return empezar(id);
       t->Estado = kTransfiriendo;
       cambio(*t);
-      const int estado = canales[static_cast<size_t>(c)].EstadoCanal;
-      if (estado == kPerdido || estado == kEsperaReapertura)
-        return;  // the channel opens again by itself
+      if (esperaReapertura(c)) return;  // the channel opens again by itself
       if (!enlaces[c]) return ponerCanal(c, kPerdido);
       if (!enlaces[c]->Portadora()) {
         vigilar(c, 0);
-        if (enlaces[c]->CerrarEnlace() != 0) enlaces.abandonar(c), ponerCanal(c, kPerdido);
+        if (enlaces[c]->CerrarEnlace() != 0) abandonarEnlace(c), ponerCanal(c, kPerdido);
         return;
       }
       return conectada(id, false);
@@ -43,7 +41,7 @@ void gestcomm::Interior::avanzar(int id) {
       t->Retenida = false;
       t->Estado = kTransfiriendo;
       cambio(*t);
-      if (!enlaces[c]) return enlacePerdido(id, kErrorCaida);
+      if (!enlaces[c]) return enlacePerdido(id, errorDeCaida(c));
       return siguienteTrama(id);
     default:
       return;
@@ -258,9 +256,12 @@ void gestcomm::Interior::finTarea(int id) {
   t->Estado = kTerminado;
   t->Error = t->FallosTrama = 0;
   t->textoError = t->trabajo->reparo();
+  t->trajo = t->trabajo->trajo();
+  if (t->trajo.isEmpty() && !avisos->empty()) t->trajo = avisos->front().texto;
   anotarBuena(*t);
   liberarCanal(c);
   soltarEnlace(c);
+  mirarPronto();
   cambio(*t);
   const int clase = t->datos.Clase;
   if (entorno.sesion.estado() != antes)

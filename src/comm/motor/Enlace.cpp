@@ -31,6 +31,7 @@ void gestcomm::Interior::ponerCanal(int c, int estado) {
   CanalVivo& canal = canales[static_cast<size_t>(c)];
   canal.EstadoCanal = estado;
   if (estado != kEnUso && estado != kCerrando && estado != kConFallo) canal.limite = 0;
+  if (estado == kLibreAbierto || estado == kParar || estado == kCerrado) mirarPronto();
   cambioCanal(c);
 }
 
@@ -71,8 +72,18 @@ void gestcomm::Interior::cerrarEnlace(int c) {
       c < kCanalesFijos ? entorno.ajustes.canales[static_cast<size_t>(c)].ATHang : 0;
   canales[static_cast<size_t>(c)].limite = ahora() + std::max<qint64>(colgar, 0) + 30000;
   if (enlaces[c]->CerrarEnlace() == 0) return;
-  enlaces.abandonar(c);
+  abandonarEnlace(c);
   cerrado(c, 0);
+}
+
+// Whoever shares it hears that it is gone.
+void gestcomm::Interior::abandonarEnlace(int c) {
+  enlaces.abandonar(c, &fuera);
+}
+
+int gestcomm::Interior::errorDeCaida(int c) const {
+  const int device = c < kCanalesFijos ? entorno.ajustes.canales[static_cast<size_t>(c)].Device : 0;
+  return device == 1 ? kErrorPortadora : device == 3 ? kErrorCaidaTcp : kErrorCaida;
 }
 
 // What becomes of the link of a task that has left the channel.
@@ -168,16 +179,16 @@ void gestcomm::Interior::cerrado(int c, int error) {
   }
   switch (t->Estado) {
     case kAbriendo:
-      return falloApertura(c, id, error != 0 ? error : kErrorCaida);
+      return falloApertura(c, id, errorDeCaida(c));
     case kAperturaFallida:
       return ponerCanal(c, error != 0 ? kCierreMalo : kAperturaMala);
     case kTransfiriendo:
       // A closing that was asked for because the carrier had gone was counted when its frame
       // failed.
       if (canal.EstadoCanal == kConFallo && error == 0) return ponerCanal(c, kPerdido);
-      return enlacePerdido(id, kErrorCaida);
+      [[fallthrough]];
     case kRetenido:
-      return enlacePerdido(id, kErrorCaida);
+      return enlacePerdido(id, errorDeCaida(c));
     case kInterrumpido:
       return ponerCanal(c, kPerdido);
     default:
@@ -208,6 +219,7 @@ void gestcomm::Interior::respuesta(int c, int error, int addr, int codigo, const
   if (const auto r = t->trabajo->respuesta(addr, codigo, datos); !r)
     return falloTarea(id, r.error());
   t->FallosTrama = 0;
+  t->descanso = kDescansoMin;
   t->Error = 0;
   t->textoError.clear();
   ++t->Traza;

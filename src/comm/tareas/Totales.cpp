@@ -6,6 +6,7 @@
 
 #include "comm/maquinas/Caja.h"
 #include "comm/maquinas/Nodal.h"
+#include "core/dinero/Dinero.h"
 
 namespace tarvo::tareas {
 
@@ -61,6 +62,17 @@ Resultado<std::vector<totals::Aviso>> Totales::cerrar() {
   malos_.avisar(t_.Grupo, e_.textos, avisos);
   TARVO_INTENTAR(e_.sesion.guardarLectura(t_.Grupo, t_.Clase, lectura_, avisos));
   return avisos;
+}
+
+QString Totales::trajo() const {
+  qint64 conVentas = 0, importe = 0;
+  for (const auto& [maquina, filas] : lectura_.maquinas)
+    for (const auto& [clave, c] : filas) {
+      conVentas += c.cero() ? 0 : 1;
+      importe += c.IMP;
+    }
+  return e_.textos(kTxTrajo,
+                   {conVentas, VerImporte(e_.ajustes, importe, e_.ajustes.MonedaPreferente)});
 }
 
 // --- kinds 1 and 4

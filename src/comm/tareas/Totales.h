@@ -27,6 +27,7 @@ class Totales : public motor::TrabajoTarea {
   Totales(const motor::DatosTarea& t, const motor::Entorno& e);
   Resultado<motor::Siguiente> siguiente() final;
   Resultado<std::vector<totals::Aviso>> cerrar() override;
+  QString trajo() const override;
   const totals::Lectura& lectura() const { return lectura_; }
   // A reading that another task makes for itself, as a proof: the session isn't told, and a record
   // that can't be read never counts.

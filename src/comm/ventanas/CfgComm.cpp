@@ -39,6 +39,9 @@ CfgComm::CfgComm(Contexto& c, const QString& nombre, const Servicios& s)
                {ui_.numero4, ui_.linea4, ui_.imagen4, ui_.Device4, ui_.RS232_4, ui_.Modem_4}}};
   for (const Tiempo& tiempo : tiempos_) tiempo.campo->setMaximumWidth(escalar(110));
   for (int n = 0; n < 4; ++n) conectarCanal(n);
+  connect(ui_.DeFabrica, &QPushButton::clicked, this, [this] {
+    mostrarTiempos(Ajustes(contexto().ajustes.carpeta, contexto().ajustes.idioma));
+  });
   connect(ui_.Acepto, &QPushButton::clicked, this, [this] { confirmar(); });
   connect(ui_.Cancelo, &QPushButton::clicked, this, [this] { rechazar(); });
 }
@@ -68,7 +71,7 @@ void CfgComm::conectarCanal(int n) {
 Resultado<> CfgComm::preparar(const Argumentos&) {
   const Ajustes& a = contexto().ajustes;
   copia_ = a.canales;
-  for (const Tiempo& tiempo : tiempos_) tiempo.campo->setText(QString::number(a.*tiempo.ajuste));
+  mostrarTiempos(a);
   for (int n = 0; n < 4; ++n) {
     const int uso = copia_[static_cast<size_t>(n)].Device;
     canales_[static_cast<size_t>(n)].uso->setCurrentIndex(uso >= 0 && uso < kUsos ? uso : 0);
@@ -77,6 +80,10 @@ Resultado<> CfgComm::preparar(const Argumentos&) {
   ui_.TimeOut->setFocus();
   ui_.TimeOut->selectAll();
   return {};
+}
+
+void CfgComm::mostrarTiempos(const Ajustes& de) {
+  for (const Tiempo& tiempo : tiempos_) tiempo.campo->setText(QString::number(de.*tiempo.ajuste));
 }
 
 void CfgComm::mostrarCanal(int n) {

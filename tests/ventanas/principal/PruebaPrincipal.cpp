@@ -1,6 +1,9 @@
 // What a shop manager does in the main window in the morning.
 #include <QLabel>
+#include <QPushButton>
 #include <QStackedWidget>
+#include <QTcpServer>
+#include <QTimer>
 
 #include "Tienda.h"
 #include "automation/historia/Historial.h"
@@ -181,6 +184,47 @@ TEST(Principal, NoSeCierraMientrasTransfiere) {
   EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
   EXPECT_TRUE(t.todas().cargada(u"Cronos"_s)) << "a timetable survives the windows around it";
   EXPECT_EQ(t.todas().abiertas().size(), 1U);
+}
+
+// The engine works on behind its closed window: it is asked, and what waits is named.
+TEST(Principal, PreguntaAlMotorQueSigueSinSuVentana) {
+  Tienda t;
+  QTcpServer muda;
+  ASSERT_TRUE(muda.listen(QHostAddress::LocalHost));
+  t.fondo->ajustes.canales[0].Device = 3;
+  auto& motor = t.aplicacion.gestcomm();
+  motor.cambiaronCanales();
+  t.sql(
+      u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ADDR, remoto, TELEF) VALUES (71, 'G', 1, 1, 1, 3, ?)"_s,
+      u"127.0.0.1:%1"_s.arg(muda.serverPort()));
+  auto* v = t.principal();
+  ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, 17), 0);
+  ASSERT_TRUE(esperar([&] { return !motor.puedeCerrar(); }));
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_TRUE(v->isVisible());
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Hay comunicaciones en curso"));
+  motor.terminator();
+  ASSERT_TRUE(esperar([&] {
+    motor.terminator();
+    return motor.tareas().empty();
+  }));
+  motor.CambioAModo(false);
+  ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, 17), 0);
+  const auto salir = [v](const QString& boton) {
+    QString dicho;
+    QTimer::singleShot(50, qApp, [&dicho, boton] {
+      QWidget* caja = QApplication::activeModalWidget();
+      ASSERT_TRUE(caja);
+      dicho = caja->findChild<QLabel*>(u"Mensaje"_s)->text();
+      QTest::mouseClick(caja->findChild<QPushButton*>(boton), Qt::LeftButton);
+    });
+    v->descargar();
+    return dicho;
+  };
+  EXPECT_TRUE(salir(u"Cancelo"_s).contains(u"Gran Total, grupo 0071: En espera de ser procesado"));
+  EXPECT_TRUE(v->isVisible());
+  salir(u"Acepto"_s);
+  EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
 }
 
 // Those that receive from a machine are asked to stop, once, and waited for; the rest only goes
