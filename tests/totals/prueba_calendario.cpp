@@ -139,6 +139,7 @@ TEST(Calendario, ReadsAndWritesHoursByItem) {
   EXPECT_EQ((*h)[5], (Jornada{7 / 24.0, 27000 / 86400.0}));
   EXPECT_EQ(LeerHorario(EscribirHorario(h)), h);
   EXPECT_EQ(LeerHorario(EscribirHorario(Horario{})), Horario{});
+  EXPECT_EQ(EscribirHorario(Horario{}), QString(u'|').repeated(14));  // each day ends its entry
   EXPECT_EQ(EscribirHorario(std::nullopt), QString());
 }
 

@@ -33,7 +33,7 @@ QString EscribirHorario(const std::optional<Horario>& horario) {
   QStringList items;
   for (const auto& j : *horario)
     items << (j ? textoHora(j->abre) + u'|' + textoHora(j->cierra) : QString());
-  return items.join(u"||");
+  return items.join(u"||") + QStringLiteral("||");
 }
 
 }  // namespace tarvo::totals
