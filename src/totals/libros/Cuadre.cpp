@@ -111,7 +111,7 @@ Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajust
     TARVO_TOMAR(const auto suma, sumaDe(db, c.numero, link, grupo));
     TARVO_TOMAR(const auto ajuste, ajusteDe(db, c.numero, grupo));
     if (!vale || (link != 0 && suma.first == 0)) continue;
-    if (link != 0 || conjuntoDe(c.numero) == conjuntoDe(kGranTotal))
+    if (link != 0)
       lista.push_back({c.numero, gran.second, suma.second});
     else if (ajusteGran && ajuste)
       lista.push_back({c.numero, gran.second + *ajusteGran, suma.second + *ajuste});

@@ -38,17 +38,46 @@ Resultado<bool> tieneAcumulados(dao::Database& db, const Columna& c) {
   return n.entero() > 0;
 }
 
+// Does the period have rows of groups and kinds other than those that are about to be replaced?
+Resultado<bool> tieneAjenas(dao::Database& db, const Ajustes& ajustes, qint64 link,
+                            const std::map<int, std::vector<int>>& sustituidos) {
+  for (const ClaseTotal& c : enVigor(ajustes)) {
+    const auto suyos = sustituidos.find(c.numero);
+    TARVO_TOMAR(
+        const auto n,
+        db.uno(QString(u"SELECT count(*) FROM "_s + u16(c.tabla) +
+                       u" WHERE LINK=? AND GRUPO NOT IN ("_s +
+                       (suyos == sustituidos.end() ? QString() : lista(suyos->second)) + u")"_s),
+               link));
+    if (n.entero() > 0) return true;
+  }
+  return false;
+}
+
 }  // namespace
+
+// A week, month or year that sums its days. One that lost them still has their sales.
+Resultado<bool> Memoria::soloSuma(const Columna& c) {
+  if (c.stkABLE || c.periodo.tipo < kSemanal || c.periodo.tipo > kAnual) return false;
+  TARVO_TOMAR(const auto acumulados, tieneAcumulados(db_, c));
+  if (acumulados) return true;
+  return tieneAjenas(db_, a_, c.LINK, {});
+}
 
 // A period that only sums others takes no reading: its sales would be in no day, and out of no
 // stock. They get a period of their own dates.
 Resultado<std::optional<Columna>> Memoria::destinoDe(Periodo& destino,
-                                                     const std::vector<Recibido>& lecturas) {
+                                                     const std::vector<Recibido>& lecturas,
+                                                     std::vector<Aviso>& avisos) {
   auto existe = p_.BuscarPeriodo(destino.tipo, destino.desde, destino.hasta);
-  if (!existe || !*existe || (*existe)->stkABLE) return existe;
+  if (!existe || !*existe) return existe;
+  TARVO_TOMAR(const auto suma, soloSuma(**existe));
+  if (!suma) return existe;
+  const QString queSuma = TextoPeriodo(destino);
   destino.tipo = kOtros;
   destino.desde = std::ranges::min(lecturas, {}, &Recibido::desde).desde;
   destino.hasta = std::ranges::max(lecturas, {}, &Recibido::hasta).hasta;
+  avisos.push_back({0, p_.textos()(kTxPeriodoSoloSuma, {queSuma, TextoPeriodo(destino)}), false});
   return p_.BuscarPeriodo(destino.tipo, destino.desde, destino.hasta);
 }
 
@@ -170,10 +199,8 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
   if (rs->entero(0) > 1) {
     TARVO_INTENTAR(db_.ejecutar(
         u"INSERT INTO BaseFilas SELECT * FROM LectFilas WHERE GRUPO=? AND CLASE=? AND "_s
-        u"ADDR NOT IN (SELECT ADDR FROM Ceros "_s
-        u"WHERE Ceros.GRUPO=LectFilas.GRUPO AND SEC_HECHO>? UNION SELECT ADDR FROM CerosParte p "_s
-        u"WHERE p.GRUPO=LectFilas.GRUPO AND CONJUNTO=? AND SEC_HECHO>?)"_s,
-        r.CODGPO, r.clase, sec, conjuntoDe(r.clase), sec));
+        u"ADDR NOT IN (SELECT ADDR FROM Ceros WHERE Ceros.GRUPO=LectFilas.GRUPO AND SEC_HECHO>?)"_s,
+        r.CODGPO, r.clase, sec));
     const auto todas =
         db_.uno(u"SELECT count(*) FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO, r.clase);
     const auto base =
@@ -183,12 +210,9 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
     aparte = queda;
   } else {
     const qint64 addr = rs->entero(2);
-    TARVO_TOMAR(
-        const auto hecho,
-        db_.uno(u"SELECT (SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO>?)+"_s
-                u"(SELECT count(*) FROM CerosParte WHERE GRUPO=? AND ADDR=? AND CONJUNTO=? AND "_s
-                u"SEC_HECHO>?)"_s,
-                r.CODGPO, addr, sec, r.CODGPO, addr, conjuntoDe(r.clase), sec));
+    TARVO_TOMAR(const auto hecho,
+                db_.uno(u"SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO>?"_s,
+                        r.CODGPO, addr, sec));
     queda = hecho.entero() == 0;
   }
   TARVO_INTENTAR(db_.ejecutar(
@@ -222,10 +246,25 @@ void Memoria::sumarSiHayOtras(const std::vector<Recibido>& lecturas, std::vector
       modos[i] = Modo::Sumar;
 }
 
+// A period that was made by hand leaves the stock alone. Replaced whole it is one like any other;
+// where it keeps rows that may be out of stock by another way, it stays what it was.
+Resultado<> Memoria::hacerDescontable(const Columna& antes, qint64 link, bool sustituir,
+                                      bool conAjenas, const std::vector<Recibido>& lecturas,
+                                      std::vector<Aviso>& avisos) {
+  if (antes.stkABLE) return {};
+  const bool descontable = sustituir && !conAjenas;
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE COLUMNA SET stkABLE=? WHERE LINK=?"_s, descontable, link));
+  if (!descontable)
+    avisos.push_back({lecturas.front().CODGPO,
+                      p_.textos()(kTxPeriodoAMano, {TextoPeriodo(antes.periodo)}), false});
+  return {};
+}
+
 Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibido>& lecturas,
                                       bool sustituir, const QString& descr,
                                       std::vector<Aviso>& avisos) {
-  TARVO_TOMAR(const auto existe, destinoDe(destino, lecturas));
+  TARVO_TOMAR(const auto existe, destinoDe(destino, lecturas, avisos));
+  const bool pedido = sustituir;
   if (existe) {
     TARVO_TOMAR(const auto acumulados, tieneAcumulados(db_, *existe));
     sustituir = sustituir && !acumulados;
@@ -238,6 +277,10 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
     modos.push_back(modo);
   }
   sumarSiHayOtras(lecturas, modos);
+  std::map<int, std::vector<int>> sustituidos;
+  for (size_t i = 0; i < lecturas.size(); ++i)
+    if (modos[i] == Modo::Poner) sustituidos[lecturas[i].clase].push_back(lecturas[i].CODGPO);
+  TARVO_TOMAR(const auto conAjenas, tieneAjenas(db_, a_, link, sustituidos));
   std::optional<Periodos::Marcas> marcas;
   if (link == 0) {
     TARVO_TOMAR(const auto nuevo,
@@ -265,6 +308,7 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
     TARVO_INTENTAR(anotarOrigen(r, link));
     TARVO_INTENTAR(anotarBase(r, link));
   }
+  if (existe) TARVO_INTENTAR(hacerDescontable(*existe, link, pedido, conAjenas, lecturas, avisos));
   if (marcas) TARVO_INTENTAR(p_.ReacumularTodo(link, *marcas));
   return link;
 }

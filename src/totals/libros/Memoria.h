@@ -17,6 +17,7 @@ struct Recibido {
   Fecha baseDesde;       // the span's start once this reading is memorised
   bool conBase = false;  // a part of the counters is memorised already: only the difference moves
   qint64 linkBase = 0;   // the period that holds that part
+  int jornadas = 0;      // working days in the span, where they are few enough to be counted
 };
 
 // Settles what the readings of the open session show of zeroings that were never confirmed: a
@@ -45,7 +46,11 @@ class Memoria {
   Resultado<> mover(const Recibido& r, qint64 link, Modo modo);
   Resultado<> quitarAusentes(const Recibido& r, qint64 link);
   Resultado<std::optional<Columna>> destinoDe(Periodo& destino,
-                                              const std::vector<Recibido>& lecturas);
+                                              const std::vector<Recibido>& lecturas,
+                                              std::vector<Aviso>& avisos);
+  Resultado<bool> soloSuma(const Columna& c);
+  Resultado<> hacerDescontable(const Columna& antes, qint64 link, bool sustituir, bool conAjenas,
+                               const std::vector<Recibido>& lecturas, std::vector<Aviso>& avisos);
   Resultado<> anotarBase(const Recibido& r, qint64 link);
   Resultado<> anotarOrigen(const Recibido& r, qint64 link);
 

@@ -2,6 +2,7 @@
 // what is written when the machine has confirmed.
 #include "totals/TextosTotals.h"
 #include "totals/libros/Cuadre.h"
+#include "totals/libros/Dudas.h"
 #include "totals/libros/Partes.h"
 #include "totals/libros/SesionInterior.h"
 
@@ -89,6 +90,8 @@ Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
   std::vector<Aviso> diferencias;
   if (d->abierta == 2) TARVO_INTENTAR(resolverPartes(db_, ajustes_, textos_, grupo, diferencias));
   if (d->abierta == 2) TARVO_INTENTAR(anotarCuadre(db_, ajustes_, textos_, grupo, diferencias));
+  TARVO_TOMAR(const auto enDuda, hayDudas(db_, grupo));
+  if (enDuda) return PermisoCero{false, false, textos_(kTxDudaSinCero, {grupo})};
   TARVO_TOMAR(const auto motivo, motivoDeLecturas(db_, textos_, grupo));
   if (!motivo.isEmpty()) return PermisoCero{false, false, motivo};
   TARVO_TOMAR(const auto cierre, d->valores.leer(u"CierreFallido"_s));
@@ -135,8 +138,6 @@ Resultado<> Sesion::parteHecha(int grupo, int addr, int conjunto) {
   TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
   TARVO_INTENTAR(confirmarParte(db_, {grupo, addr, conjunto}, d->ejecucion,
                                 d->abierta > 0 ? d->aCero : reloj_.ahora(), sec));
-  TARVO_TOMAR(const auto esperan, clasesQueEsperan(db_, ajustes_, grupo, d->abierta));
-  TARVO_INTENTAR(olvidarParte(db_, {grupo, addr, conjunto}, esperan));
   return tr.confirmar();
 }
 
@@ -161,7 +162,9 @@ Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima) {
       u"EJECUCION=excluded.EJECUCION, "_s
       u"HECHO=excluded.HECHO, SEC_HECHO=excluded.SEC_HECHO"_s,
       grupo, addr, d->ejecucion, ahora, sec, ahora, sec));
-  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM CerosParte WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
+  for (const QString& tabla : {u"CerosParte"_s, u"CerosClase"_s})
+    TARVO_INTENTAR(db_.ejecutar(QString(u"DELETE FROM "_s + tabla + u" WHERE GRUPO=? AND ADDR=?"_s),
+                                grupo, addr));
   TARVO_TOMAR(const auto esperan, clasesQueEsperan(db_, ajustes_, grupo, d->abierta));
   if (ultima) {
     TARVO_INTENTAR(olvidarBase(db_, grupo, esperan));

@@ -27,20 +27,38 @@ CREATE TABLE IF NOT EXISTS Ceros (
   PRIMARY KEY (GRUPO, ADDR));
 CREATE TABLE IF NOT EXISTS CerosParte (
   GRUPO INTEGER NOT NULL, ADDR INTEGER NOT NULL, CONJUNTO INTEGER NOT NULL, EJECUCION INTEGER DEFAULT 0,
-  INTENCION REAL, SEC_INTENCION INTEGER DEFAULT 0, TOTAL INTEGER,
-  HECHO REAL, SEC_HECHO INTEGER DEFAULT 0, QUITADO INTEGER,
+  INTENCION REAL, SEC_INTENCION INTEGER DEFAULT 0, HECHO REAL, SEC_HECHO INTEGER DEFAULT 0,
   PRIMARY KEY (GRUPO, ADDR, CONJUNTO));
+CREATE TABLE IF NOT EXISTS CerosClase (
+  GRUPO INTEGER NOT NULL, ADDR INTEGER NOT NULL, CLASE INTEGER NOT NULL, DUDA INTEGER DEFAULT 0, QUITADO INTEGER DEFAULT 0,
+  PRIMARY KEY (GRUPO, ADDR, CLASE));
+CREATE TABLE IF NOT EXISTS Dudas (
+  GRUPO INTEGER NOT NULL, ADDR INTEGER NOT NULL, CLASES TEXT, RESPUESTA INTEGER, PRIMARY KEY (GRUPO, ADDR));
 CREATE TABLE IF NOT EXISTS Origenes (
   LINK INTEGER NOT NULL, GRUPO INTEGER NOT NULL, CLASE INTEGER NOT NULL, EJECUCION INTEGER, LEIDO REAL,
   DESDE REAL, HASTA REAL, MODO TEXT, FILAS INTEGER, CON INTEGER, IMP INTEGER);
 CREATE INDEX IF NOT EXISTS Origenes_Link ON Origenes (LINK, GRUPO, CLASE);
 )";
 
+// What an earlier version knew of registers that are half zeroed: it took the articles for what the
+// first frame clears, the grand total and the departments for the second's.
+constexpr auto kGuionDeConjuntos =
+    uR"(
+INSERT INTO CerosClase (GRUPO, ADDR, CLASE, DUDA, QUITADO)
+  SELECT DISTINCT p.GRUPO, p.ADDR, l.CLASE, h.CONJUNTO IS NULL, h.QUITADO
+  FROM CerosParte p JOIN Lecturas l ON l.GRUPO=p.GRUPO LEFT JOIN CerosParte h ON h.GRUPO=p.GRUPO AND h.ADDR=p.ADDR
+    AND h.SEC_HECHO>0 AND h.CONJUNTO=CASE l.CLASE WHEN 16 THEN 1 WHEN 17 THEN 2 WHEN 19 THEN 2 ELSE 3 END;
+UPDATE CerosClase SET QUITADO=0 WHERE DUDA=1;
+)";
+
 }  // namespace
 
 Resultado<> asegurarTablasLibros(dao::Database& db) {
-  if (!db.existeTabla(u"Origenes") || !db.existeTabla(u"CerosParte"))
+  const bool deAntes =
+      db.existeColumna(u"CerosParte", u"QUITADO") && !db.existeTabla(u"CerosClase");
+  if (!db.existeTabla(u"Origenes") || !db.existeTabla(u"CerosClase") || !db.existeTabla(u"Dudas"))
     TARVO_INTENTAR(db.ejecutarGuion(kGuionLibros));
+  if (deAntes) TARVO_INTENTAR(db.ejecutarGuion(kGuionDeConjuntos));
   if (db.existeColumna(u"Lecturas", u"AJUSTE")) return {};
   return db.ejecutarGuion(u"ALTER TABLE Lecturas ADD COLUMN AJUSTE INTEGER DEFAULT 0;\n");
 }
