@@ -165,7 +165,9 @@ TEST_F(Reglas, UnaOrdenSinRespuestaNoSeRepiteACiegas) {
     if (c.vende) vender(g, 10, 300, 50);
     ASSERT_TRUE(correr());
     EXPECT_EQ(oidas(g).filter(orden).size(), c.ordenes) << oidas(g).join(u' ').toStdString();
-    EXPECT_EQ(problemas.isEmpty(), c.queda < 1000) << problemas.join(u' ').toStdString();
+    // What a register has sold since is in no reading: it is left, and said.
+    const bool dicho = c.queda >= 1000 || (c.tipo == 3 && c.vende);
+    EXPECT_EQ(problemas.isEmpty(), !dicho) << problemas.join(u' ').toStdString();
     // A wide answer begins with a digit: the refusal of a register is not heard as one.
     EXPECT_EQ(reintentos.isEmpty(), c.averia != niega || c.tipo == 3)
         << reintentos.join(u' ').toStdString();
@@ -241,7 +243,7 @@ TEST_F(Reglas, ElRegistroAMediasSigueDondeQuedo) {
   const Caso casos[] = {{3054, false, false, QStringLiteral("3054 3056 3058")},
                         {3054, true, false, QStringLiteral("3054 3056 3058")},
                         {3056, false, false, QStringLiteral("3056 3058")},
-                        {3056, true, false, QStringLiteral("3058")},
+                        {3056, true, false, QStringLiteral("3056 3058")},
                         {3058, false, false, QStringLiteral("3058")},
                         {3054, true, true, {}},
                         {3056, false, true, {}},

@@ -166,8 +166,15 @@ Resultado<> resolverGrupo(Database& db, const Ajustes& ajustes, const Textos& te
       avisos.push_back({grupo, textos(kTxBajaronSinCuadrar, {grupo}), true});
       return dejarFuera(db, ajustes, grupo);
     }
-    for (auto& [addr, t] : testimonios)
+    bool mudas = false;  // nothing reliable is left to testify of a machine
+    for (auto& [addr, t] : testimonios) {
       std::erase_if(t, [&](const auto& x) { return !fiables->contains(x.first); });
+      mudas = mudas || t.empty();
+    }
+    if (mudas) {
+      avisos.push_back({grupo, textos(kTxBajaronSinCuadrar, {grupo}), true});
+      return dejarFuera(db, ajustes, grupo);
+    }
   }
   TARVO_TOMAR(const auto s, sentenciar(db, lista, grupo, testimonios));
   for (const int addr : s.guardan)  // what was announced to it did not happen
@@ -210,7 +217,7 @@ Resultado<> resolverBases(Database& db, const Ajustes& ajustes, const Textos& te
   for (const int grupo : grupos)
     if (!fuera.contains(grupo))
       TARVO_INTENTAR(resolverGrupo(db, ajustes, textos, lista, grupo, avisos));
-  return {};
+  return cerrarDudasSinBase(db);
 }
 
 }  // namespace tarvo::totals

@@ -86,6 +86,13 @@ Resultado<> cerrarDudas(Database& db, int grupo) {
   return {};
 }
 
+Resultado<> cerrarDudasSinBase(Database& db) {
+  TARVO_INTENTAR(db.ejecutar(
+      u"DELETE FROM Dudas WHERE NOT EXISTS (SELECT 1 FROM Lecturas l WHERE l.GRUPO=Dudas.GRUPO AND "_s
+      u"l.LINK IS NOT NULL)"_s));
+  return {};
+}
+
 Resultado<bool> hayDudas(Database& db, int grupo) {
   TARVO_TOMAR(const auto n, db.uno(u"SELECT count(*) FROM Dudas WHERE GRUPO=?"_s, grupo));
   return n.entero() > 0;

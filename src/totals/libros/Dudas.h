@@ -24,6 +24,8 @@ Resultado<> abrirDudas(dao::Database& db, const Ajustes& ajustes, const Textos& 
 // What a person said of the machine: true, it forgot. Nothing when nobody has.
 Resultado<std::optional<bool>> respuestaDe(dao::Database& db, int grupo, int addr);
 Resultado<> cerrarDudas(dao::Database& db, int grupo);
+// Of groups of which nothing is memorised any more that their machines hold.
+Resultado<> cerrarDudasSinBase(dao::Database& db);
 Resultado<bool> hayDudas(dao::Database& db, int grupo);
 
 // A person's answer for one machine of the group. When none of the group is left in doubt its

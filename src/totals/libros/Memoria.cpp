@@ -280,7 +280,10 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
   std::map<int, std::vector<int>> sustituidos;
   for (size_t i = 0; i < lecturas.size(); ++i)
     if (modos[i] == Modo::Poner) sustituidos[lecturas[i].clase].push_back(lecturas[i].CODGPO);
-  TARVO_TOMAR(const auto conAjenas, tieneAjenas(db_, a_, link, sustituidos));
+  bool conAjenas = false;
+  if (existe && !existe->stkABLE) {
+    TARVO_TOMAR(conAjenas, tieneAjenas(db_, a_, link, sustituidos));
+  }
   std::optional<Periodos::Marcas> marcas;
   if (link == 0) {
     TARVO_TOMAR(const auto nuevo,

@@ -32,7 +32,8 @@ struct Caja {
 using Via = std::set<int>;  // the kinds that were cleared
 
 Resultado<Caja> leerCaja(Database& db, int grupo, int addr) {
-  Caja c{.grupo = grupo, .addr = addr};
+  Caja c;
+  c.grupo = grupo, c.addr = addr;
   TARVO_TOMAR(auto tramas,
               db.consultar(u"SELECT count(*), SUM(SEC_HECHO>=SEC_INTENCION), MAX(SEC_INTENCION), "_s
                            u"MAX(INTENCION) FROM CerosParte WHERE GRUPO=? AND ADDR=?"_s,
@@ -118,7 +119,9 @@ const Via& masLarga(const std::vector<Via>& vias) {
 // Nothing was cleared, or all: no single frame clears everything, so the frames that the machine
 // answered say which, but for the machine's own counters.
 std::optional<Via> nadaOTodo(const Caja& c, const std::vector<Via>& vias) {
-  const bool baja = algunaBaja(c.t), quietas = firmes(c.t);
+  const bool baja = algunaBaja(c.t);
+  const bool quietas =
+      firmes(c.t) || std::ranges::all_of(c.t, [](const auto& x) { return x.second.quieto(); });
   if (c.confirmadas >= 2) return quietas ? std::nullopt : std::optional(masLarga(vias));
   if (c.anunciadas >= 2 && baja && !quietas) return masLarga(vias);
   switch (juzgar(c.t, c.anunciadas >= 2, true)) {
