@@ -8,6 +8,7 @@
 #include "Comun.h"
 #include "Razones.h"
 #include "automation/Resumen.h"
+#include "automation/historia/TablasHistoria.h"
 #include "comm/tareas/Registro.h"
 #include "core/tiempo/Trabajo.h"
 #include "textos/TextosDePrueba.h"
@@ -41,7 +42,7 @@ struct TiendaGrande {
   TiendaGrande() {
     const auto db =
         hacerTienda(carpeta.filePath(QStringLiteral("TARVO.MDB")), 10, kArticulosTienda);
-    bien(automation::asegurarTablasHistorial(*db));
+    bien(automation::asegurarTablasHistoria(*db));
     bien(db->ejecutar(
         u"CREATE TABLE IF NOT EXISTS Proceso (NOMBRE TEXT PRIMARY KEY, EJECUCION INTEGER)"));
     bien(db->BeginTrans());

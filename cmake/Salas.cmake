@@ -9,6 +9,11 @@ target_compile_definitions(tarvo_opciones INTERFACE
 target_compile_options(tarvo_opciones INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
   $<$<BOOL:${TARVO_AVISOS_ERROR}>:-Werror>)
+# Some hundred programs are linked, most of them of the same archives.
+find_program(MOLD mold)
+if(MOLD)
+  target_link_options(tarvo_opciones INTERFACE -fuse-ld=mold)
+endif()
 if(TARVO_SANITIZAR)
   # The sanitizers' own code makes gcc see values that "may be used uninitialized" in std::variant.
   target_compile_options(tarvo_opciones INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer

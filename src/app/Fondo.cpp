@@ -2,15 +2,10 @@
 #include <QFileInfo>
 
 #include "app/Aplicacion.h"
+#include "app/Tablas.h"
 #include "app/TextosApp.h"
-#include "articles/TablasArticulos.h"
-#include "automation/historia/Historial.h"
-#include "comm/envios/TablasEnvios.h"
-#include "comm/tareas/Registro.h"
 #include "core/esquema/Esquema.h"
 #include "devices/PrimerGrupo.h"
-#include "totals/libros/TablasLibros.h"
-#include "totals/periodos/TablasTotales.h"
 
 namespace tarvo::app {
 
@@ -28,15 +23,10 @@ QString motivoCerrojo(const Error& error, const QString& carpeta, const Textos& 
 }
 
 Resultado<std::unique_ptr<dao::Database>> abrirBase(const Ajustes& ajustes, Fecha hoy) {
-  auto db = esquema::abrirBase(ajustes.BaseDatos, carpetasPlantilla(ajustes.carpeta), hoy);
+  auto db = esquema::abrirBase(ajustes.BaseDatos, carpetasPlantilla(ajustes.carpeta), hoy,
+                               tablasDeLasSalas());
   if (!db) return db;
   TARVO_INTENTAR(devices::asegurarPrimerGrupo(**db, ajustes));
-  TARVO_INTENTAR(articles::asegurarTablasArticulos(**db));
-  TARVO_INTENTAR(totals::asegurarTablasTotales(**db));
-  TARVO_INTENTAR(totals::asegurarTablasLibros(**db));
-  TARVO_INTENTAR(tareas::asegurarTablasTareas(**db));
-  TARVO_INTENTAR(envios::asegurarTablasEnvios(**db));
-  TARVO_INTENTAR(automation::asegurarTablasHistorial(**db));
   return db;
 }
 

@@ -2,6 +2,8 @@
 
 namespace tarvo::articles {
 
+namespace {
+
 // HistoriaPrecios: one row a price that changed. VENTANA is the name of the window or file by
 // which.
 //
@@ -9,9 +11,8 @@ namespace tarvo::articles {
 // LoteAntes and LoteDespues hold how its articles stood before and after it: the columns of PLUSES,
 // and HABIA 0 for one that was not there. LoteMovs holds their rows of MovsAlm, ANTES 1 or 0.
 // LoteAntes.QUE belongs to the moment of undoing.
-Resultado<> asegurarTablasArticulos(dao::Database& db) {
-  return db.ejecutarGuion(
-      uR"(
+constexpr QStringView kGuion =
+    uR"(
 CREATE TABLE IF NOT EXISTS HistoriaPrecios (
   ID INTEGER PRIMARY KEY, SECCION INTEGER, CODPLU INTEGER, NIVEL INTEGER, TARIFA INTEGER,
   ANTES INTEGER, AHORA INTEGER, CUANDO DOUBLE PRECISION, QUIEN TEXT, VENTANA TEXT);
@@ -26,7 +27,20 @@ CREATE TABLE IF NOT EXISTS LoteDespues AS
 CREATE UNIQUE INDEX IF NOT EXISTS LoteDespues_Clave ON LoteDespues (LOTE, SECCION, CODPLU);
 CREATE TABLE IF NOT EXISTS LoteMovs AS SELECT 0 AS LOTE, 0 AS ANTES, MovsAlm.* FROM MovsAlm WHERE 0;
 CREATE UNIQUE INDEX IF NOT EXISTS LoteMovs_Clave ON LoteMovs (LOTE, ANTES, SECCION, CODIGO, CODALM);
-)");
+)";
+
+}  // namespace
+
+dao::TablasDeSala tablasArticulos() {
+  return {.sala = QStringLiteral("articles"),
+          .pasos = {{1, kGuion.toString()}},
+          .copias = {{QStringLiteral("LoteAntes"), QStringLiteral("PLUSES")},
+                     {QStringLiteral("LoteDespues"), QStringLiteral("PLUSES")},
+                     {QStringLiteral("LoteMovs"), QStringLiteral("MovsAlm")}}};
+}
+
+Resultado<> asegurarTablasArticulos(dao::Database& db) {
+  return dao::darPasos(db, {tablasArticulos()});
 }
 
 }  // namespace tarvo::articles

@@ -1,11 +1,12 @@
 // The tables of our own that the catalogue keeps.
 #pragma once
 
-#include "core/dao/Database.h"
+#include "core/dao/Pasos.h"
 
 namespace tarvo::articles {
 
-// Makes those that are missing. Cheap when all are there.
+dao::TablasDeSala tablasArticulos();
+// Brings them alone, for who works with this room alone. REQUIRES those of the schema.
 Resultado<> asegurarTablasArticulos(dao::Database& db);
 
 }  // namespace tarvo::articles

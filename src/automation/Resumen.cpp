@@ -1,4 +1,5 @@
 #include "automation/Resumen.h"
+#include "automation/historia/TablasHistoria.h"
 
 #include <QDir>
 #include <algorithm>
@@ -67,7 +68,7 @@ Resultado<Resumen> leerResumen(const FuentesResumen& fuentes) {
 // --- the night ----------------------------------------------------------------------------------
 
 Resultado<> LectorResumen::leerEjecuciones() {
-  TARVO_INTENTAR(asegurarTablasHistorial(f_.db));
+  TARVO_INTENTAR(asegurarTablasHistoria(f_.db));
   TARVO_TOMAR(auto ultimas, Historial(f_.db).ultimas(kEjecucionesMiradas, f_.enMarcha));
   for (auto& e : ultimas)
     if (r_.ejecuciones.empty() || f_.ahora - e.inicio < kNoche)

@@ -3,6 +3,7 @@
 
 #include "Banco.h"
 #include "automation/ProximaVez.h"
+#include "automation/historia/TablasHistoria.h"
 #include "automation/Resumen.h"
 #include "textos/TextosDePrueba.h"
 
@@ -175,7 +176,7 @@ TEST(Historial, UnaBaseAntigua) {
   ejecutar(
       *p,
       u"CREATE TABLE ProcesoTareas (EJECUCION INTEGER NOT NULL, PASO INTEGER NOT NULL, GRUPO INTEGER NOT NULL, HECHA INTEGER DEFAULT 0, PRIMARY KEY (EJECUCION, PASO, GRUPO))"_s);
-  ASSERT_TRUE(asegurarTablasHistorial(p->db()));
+  ASSERT_TRUE(asegurarTablasHistoria(p->db()));
   EXPECT_EQ(leer(*p).grupos[0].motivo, u"Todavía no se ha ejecutado ningún proceso.");
   correr(*p);
   EXPECT_EQ(leer(*p).cuantos(EstadoGrupo::Bien), 2);

@@ -27,7 +27,7 @@ class Apertura : public testing::Test {
   Resultado<std::unique_ptr<dao::Database>> abrir(Version v = {2, 5}) {
     return abrirBase(base(),
                      {carpeta.filePath("no hay"), carpeta.path(), carpeta.filePath("instalado")},
-                     hoy(), v);
+                     hoy(), {}, v);
   }
   Fallo falla(Version v = {2, 5}) {
     const auto r = abrir(v);

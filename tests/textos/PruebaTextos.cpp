@@ -32,8 +32,8 @@ TEST(Textos, LaTablaDaCadaTextoConSusBlancosFinales) {
       "\xEF\xBB\xBF# grupo\r\n\r\n0\tE\r\n7\tEl error es: '\r\n8\t 'No hay' "
       "'\n9\t\n10\tb''\tsala.kTxNombre\n12\tc\t+");
   ASSERT_TRUE(t) << t.error().texto.toStdString();
-  const std::pair<int, const char*> casos[] = {{0, "E"}, {7, "El error es: "}, {8, " 'No hay' "},
-                                               {9, ""},  {10, "a\tb'"},        {11, ""}};
+  const std::pair<int, const char*> casos[] = {
+      {0, "E"}, {7, "El error es: "}, {8, " 'No hay' "}, {9, ""}, {10, "b'"}, {11, ""}, {12, "c"}};
   for (const auto& [n, texto] : casos) EXPECT_EQ((*t)(n), deUtf8(texto)) << n;
   EXPECT_TRUE(t->tiene(9));
   EXPECT_FALSE(t->tiene(11));

@@ -5,16 +5,16 @@
 
 namespace tarvo::importar {
 
-namespace {
-
-const QString kTabla =
-    QStringLiteral("CREATE TABLE IF NOT EXISTS LoteSecciones (LOTE INTEGER, SECCION INTEGER);");
-
-}  // namespace
+dao::TablasDeSala tablasImportar() {
+  return {.sala = QStringLiteral("importar"),
+          .pasos = {{1, QStringLiteral("CREATE TABLE IF NOT EXISTS LoteSecciones (LOTE INTEGER, "
+                                       "SECCION INTEGER);")}},
+          .copias = {}};
+}
 
 // Numbers of batches are given again once they are forgotten.
 Resultado<> SeccionesHechas::empezar(qint64 lote) {
-  TARVO_INTENTAR(db_.ejecutarGuion(kTabla));
+  TARVO_INTENTAR(dao::darPasos(db_, {tablasImportar()}));
   TARVO_INTENTAR(db_.ejecutar(
       u"DELETE FROM LoteSecciones WHERE LOTE=? OR LOTE NOT IN (SELECT LOTE FROM LoteArticulos)",
       lote));
@@ -35,7 +35,7 @@ Resultado<> SeccionesHechas::asegurar(qint64 lote, int seccion) {
 
 Resultado<int> SeccionesHechas::quitar(qint64 lote) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
-  TARVO_INTENTAR(db_.ejecutarGuion(kTabla));
+  TARVO_INTENTAR(dao::darPasos(db_, {tablasImportar()}));
   std::vector<int> suyas;
   {
     TARVO_TOMAR(auto rs, db_.consultar(u"SELECT SECCION FROM LoteSecciones WHERE LOTE=?", lote));

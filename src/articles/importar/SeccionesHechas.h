@@ -2,8 +2,11 @@
 #pragma once
 
 #include "articles/Catalogo.h"
+#include "core/dao/Pasos.h"
 
 namespace tarvo::importar {
+
+dao::TablasDeSala tablasImportar();
 
 class SeccionesHechas {
  public:

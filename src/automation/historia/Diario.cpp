@@ -1,23 +1,14 @@
 #include "automation/historia/Diario.h"
 
-#include "automation/historia/Pendientes.h"
-
 #include <QCryptographicHash>
 
 #include "automation/TextosAutomation.h"
+#include "automation/historia/TablasHistoria.h"
 #include "totals/libros/TablasLibros.h"
 
 namespace tarvo::automation {
 
 namespace {
-
-constexpr auto kGuionDiario =
-    uR"(
-CREATE TABLE IF NOT EXISTS Proceso (
-  NOMBRE TEXT PRIMARY KEY, HUELLA TEXT DEFAULT '', EJECUCION INTEGER DEFAULT 0, PASO INTEGER DEFAULT 0,
-  SELECCION TEXT DEFAULT '', ULTIMOS TEXT DEFAULT '', RESULTADO INTEGER DEFAULT 0, INICIO REAL, LATIDO REAL,
-  PARAMETROS TEXT DEFAULT '', PASOS TEXT DEFAULT '', FALLIDOS TEXT DEFAULT '');
-)";
 
 std::unexpected<Error> danado(const Textos& textos) {
   return fallo(Fallo::Formato, textos(kTxDiarioDanado));
@@ -63,9 +54,7 @@ QString Ejecucion::huella() const {
 }
 
 Resultado<> Diario::asegurar() {
-  if (!db_.existeTabla(u"Proceso")) TARVO_INTENTAR(db_.ejecutarGuion(kGuionDiario));
-  TARVO_INTENTAR(asegurarTablaPendientes(db_));
-  return asegurarTablasHistorial(db_);
+  return asegurarTablasHistoria(db_);
 }
 
 Resultado<std::optional<Ejecucion>> Diario::pendiente(const QString& nombre) {

@@ -9,26 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto kGuionHistorial =
-    uR"(
-CREATE TABLE IF NOT EXISTS ProcesoTareas (
-  EJECUCION INTEGER NOT NULL, PASO INTEGER NOT NULL, GRUPO INTEGER NOT NULL, HECHA INTEGER DEFAULT 0,
-  CLASE INTEGER DEFAULT 0, FALLO TEXT, PRIMARY KEY (EJECUCION, PASO, GRUPO));
-CREATE TABLE IF NOT EXISTS Ejecuciones (
-  EJECUCION INTEGER PRIMARY KEY, NOMBRE TEXT DEFAULT '', INICIO REAL, FIN REAL, RESULTADO INTEGER,
-  PERIODOS TEXT DEFAULT '', TRAZA TEXT DEFAULT '');
-CREATE TABLE IF NOT EXISTS EjecucionAvisos (
-  EJECUCION INTEGER NOT NULL, GRUPO INTEGER DEFAULT 0, TEXTO TEXT DEFAULT '', GRAVE INTEGER DEFAULT 1);
-CREATE INDEX IF NOT EXISTS EjecucionAvisos_Ejecucion ON EjecucionAvisos (EJECUCION);
-)";
-
-// Those of a version without a history.
-constexpr auto kGuionColumnas =
-    uR"(
-ALTER TABLE ProcesoTareas ADD COLUMN CLASE INTEGER DEFAULT 0;
-ALTER TABLE ProcesoTareas ADD COLUMN FALLO TEXT;
-)";
-
 // "number:kind:first:last", or the number alone.
 PeriodoHecho periodoDe(QStringView texto) {
   const auto partes = texto.split(u':');
@@ -94,13 +74,6 @@ Resultado<std::vector<T>> todas(Resultado<std::unique_ptr<dao::Recordset>> rs, F
 }
 
 }  // namespace
-
-Resultado<> asegurarTablasHistorial(dao::Database& db) {
-  if (db.existeTabla(u"EjecucionAvisos")) return {};
-  if (db.existeTabla(u"ProcesoTareas") && !db.existeColumna(u"ProcesoTareas", u"FALLO"))
-    TARVO_INTENTAR(db.ejecutarGuion(kGuionColumnas));
-  return db.ejecutarGuion(kGuionHistorial);
-}
 
 Resultado<> Historial::empezar(qint64 numero, const QString& nombre, Fecha inicio,
                                const QString& traza) {

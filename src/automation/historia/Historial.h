@@ -53,9 +53,6 @@ struct AvisoHecho {
   bool grave = true;
 };
 
-// Makes the tables and columns that are missing. Cheap when all are there.
-Resultado<> asegurarTablasHistorial(dao::Database& db);
-
 class Historial {
  public:
   explicit Historial(dao::Database& db) : db_(db) {}

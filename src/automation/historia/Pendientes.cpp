@@ -2,25 +2,6 @@
 
 namespace tarvo::automation {
 
-namespace {
-
-// A number may be given again: the dates tell whether it is the same period.
-constexpr auto kGuionPendientes =
-    uR"(
-CREATE TABLE IF NOT EXISTS PeriodosPendientes (
-  LINK INTEGER NOT NULL, FECHA1 REAL, FECHAF REAL, VERBO INTEGER NOT NULL, TIPO INTEGER NOT NULL,
-  PRIMARY KEY (LINK, VERBO, TIPO));
-CREATE TABLE IF NOT EXISTS ExportesPendientes (
-  NUMERO INTEGER PRIMARY KEY, PROCESO TEXT NOT NULL, ORDEN INTEGER NOT NULL, MARCA TEXT NOT NULL,
-  LINK INTEGER NOT NULL, FECHA1 REAL, FECHAF REAL);
-)";
-
-}  // namespace
-
-Resultado<> asegurarTablaPendientes(dao::Database& db) {
-  return db.ejecutarGuion(kGuionPendientes);
-}
-
 Resultado<> Pendientes::anotar(const OrdenPeriodos& orden, const std::vector<qint64>& links) {
   for (const qint64 link : links)
     TARVO_INTENTAR(

@@ -9,9 +9,6 @@
 
 namespace tarvo::automation {
 
-// The table, where it is missing. Run at every start.
-Resultado<> asegurarTablaPendientes(dao::Database& db);
-
 struct OrdenPeriodos {
   int verbo = 0;    // of class P
   qint64 tipo = 0;  // of the larger period, 0 for a verb without one

@@ -2,6 +2,8 @@
 
 namespace tarvo::envios {
 
+namespace {
+
 // Enviados: the record that a group confirmed last, as a hash of it without its prices and one of
 // its prices; Null where it may hold another. SECCION is the group's at that time: one that moved
 // keeps what it held.
@@ -18,9 +20,8 @@ namespace tarvo::envios {
 //
 // FichasPedidas: the last record that each group was asked for by itself, in hexadecimal; Null when
 // it doesn't hold the article.
-Resultado<> asegurarTablasEnvios(dao::Database& db) {
-  TARVO_INTENTAR(
-      db.ejecutarGuion(uR"(
+constexpr QStringView kGuion =
+    uR"(
 CREATE TABLE IF NOT EXISTS Enviados (
   GRUPO INTEGER NOT NULL REFERENCES GRUPOS (CODGPO) ON UPDATE CASCADE ON DELETE CASCADE,
   SECCION INTEGER NOT NULL, CODPLU INTEGER NOT NULL, HUELLA BIGINT, HUELLA_PRE BIGINT,
@@ -39,11 +40,21 @@ CREATE TABLE IF NOT EXISTS FichasPedidas (
   GRUPO INTEGER NOT NULL REFERENCES GRUPOS (CODGPO) ON UPDATE CASCADE ON DELETE CASCADE,
   CODPLU INTEGER NOT NULL, FICHA TEXT, CUANDO DOUBLE PRECISION, PRIMARY KEY (GRUPO, CODPLU));
 CREATE INDEX IF NOT EXISTS Cross_Borra ON [Cross] (Grupo) WHERE borra<>0;
-)"));
-  if (db.existeColumna(u"EnviosGrupo", u"MAQUINA")) return {};
-  return db.ejecutarGuion(
-      u"ALTER TABLE EnviosGrupo ADD COLUMN TARIFA INTEGER;\n"
-      u"ALTER TABLE EnviosGrupo ADD COLUMN MAQUINA TEXT;\n");
+)";
+
+}  // namespace
+
+dao::TablasDeSala tablasEnvios() {
+  const QString tabla = QStringLiteral("EnviosGrupo");
+  return {.sala = QStringLiteral("envios"),
+          .pasos = {{1, kGuion.toString()},
+                    dao::columna(2, tabla, QStringLiteral("TARIFA"), QStringLiteral("INTEGER")),
+                    dao::columna(3, tabla, QStringLiteral("MAQUINA"), QStringLiteral("TEXT"))},
+          .copias = {}};
+}
+
+Resultado<> asegurarTablasEnvios(dao::Database& db) {
+  return dao::darPasos(db, {tablasEnvios()});
 }
 
 }  // namespace tarvo::envios

@@ -23,15 +23,24 @@ motor::RegistroTareas registro() {
   return r;
 }
 
-Resultado<> asegurarTablasTareas(dao::Database& db) {
-  return db.ejecutarGuion(
-      uR"(
-CREATE TABLE IF NOT EXISTS EstadoTarvo (CLAVE TEXT PRIMARY KEY, VALOR);
+namespace {
+
+constexpr QStringView kGuion =
+    uR"(
 CREATE TABLE IF NOT EXISTS ListasRecibidas (
   GRUPO INTEGER NOT NULL, CLASE INTEGER NOT NULL, NUMERO INTEGER NOT NULL, HUELLA TEXT, LINEAS INTEGER DEFAULT 0,
   OLVIDADA INTEGER DEFAULT 0,
   PRIMARY KEY (CLASE, NUMERO));
-)");
+)";
+
+}  // namespace
+
+dao::TablasDeSala tablasTareas() {
+  return {.sala = QStringLiteral("tareas"), .pasos = {{1, kGuion.toString()}}, .copias = {}};
+}
+
+Resultado<> asegurarTablasTareas(dao::Database& db) {
+  return dao::darPasos(db, {tablasTareas()});
 }
 
 }  // namespace tarvo::tareas

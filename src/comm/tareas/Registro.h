@@ -3,6 +3,7 @@
 #pragma once
 
 #include "comm/motor/Tarea.h"
+#include "core/dao/Pasos.h"
 
 namespace tarvo::tareas {
 
@@ -10,7 +11,9 @@ namespace tarvo::tareas {
 // queued.
 motor::RegistroTareas registro();
 
-// Makes the tables of received lists that are missing. Cheap when all are there.
+// The lists received.
+dao::TablasDeSala tablasTareas();
+// Brings them alone, for who works with this room alone.
 Resultado<> asegurarTablasTareas(dao::Database& db);
 
 }  // namespace tarvo::tareas

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "core/dao/Recordset.h"
+#include "core/dao/Recorrido.h"
 
 namespace tarvo::dao {
 
@@ -80,6 +81,11 @@ class Database {
   // -------------------------------------------------------------------------------------
   virtual bool existeTabla(QStringView nombre) = 0;
   virtual bool existeColumna(QStringView tabla, QStringView columna) = 0;
+  // In their order; none when there is no such table.
+  virtual QStringList columnas(QStringView tabla) = 0;
+  // Gives the table `copia` a column of `origen`, of its kind; rows that are there take its
+  // default. NoExiste.
+  virtual Resultado<> copiarColumna(QStringView origen, QStringView columna, QStringView copia) = 0;
 
   // The file.
   virtual const QString& ruta() const = 0;

@@ -3,9 +3,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <algorithm>
 
-#include "core/esquema/Guiones.h"
+#include "core/esquema/Pasos.h"
 
 namespace tarvo::esquema {
 
@@ -35,10 +34,6 @@ Resultado<> copiarPlantilla(const QString& ruta, const QStringList& carpetas) {
   return {};
 }
 
-bool falta(dao::Database& db, const Guion& g) {
-  return !std::ranges::all_of(g.objetos, [&](const QString& o) { return db.existeTabla(o); });
-}
-
 Resultado<> rehacerQLink(dao::Database& db, const QString& condicion) {
   return db.ejecutarGuion(
       QStringLiteral(
@@ -48,15 +43,12 @@ Resultado<> rehacerQLink(dao::Database& db, const QString& condicion) {
 
 }  // namespace
 
-Resultado<> crearEsquema(dao::Database& db) {
-  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db));
-  for (const Guion& g : guiones())
-    if (falta(db, g)) TARVO_INTENTAR(db.ejecutarGuion(g.sql));
-  return t.confirmar();
+dao::TablasDeSala tablasComunes() {
+  return {.sala = QStringLiteral("esquema"), .pasos = pasos(), .copias = {}};
 }
 
-bool esquemaCompleto(dao::Database& db) {
-  return std::ranges::none_of(guiones(), [&](const Guion& g) { return falta(db, g); });
+Resultado<> crearEsquema(dao::Database& db) {
+  return dao::darPasos(db, {tablasComunes()});
 }
 
 Resultado<> escribirPlantilla(const QString& ruta) {
@@ -74,6 +66,7 @@ Resultado<> escribirPlantilla(const QString& ruta) {
 
 Resultado<std::unique_ptr<dao::Database>> abrirBase(const QString& ruta,
                                                     const QStringList& carpetasPlantilla, Fecha hoy,
+                                                    const std::vector<dao::TablasDeSala>& salas,
                                                     Version version) {
   // A new one is copied whole: nothing of ours leaves an empty file.
   if (const QFileInfo f(ruta); f.isFile() && f.size() == 0)
@@ -87,7 +80,7 @@ Resultado<std::unique_ptr<dao::Database>> abrirBase(const QString& ruta,
     db = dao::Database::OpenDatabase(ruta);
   }
   if (!db) return db;
-  TARVO_INTENTAR(ponerAlDia(**db, hoy, version));
+  TARVO_INTENTAR(ponerAlDia(**db, hoy, salas, version));
   return db;
 }
 

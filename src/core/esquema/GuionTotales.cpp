@@ -1,4 +1,4 @@
-#include "core/esquema/Guiones.h"
+#include "core/esquema/Pasos.h"
 
 namespace tarvo::esquema {
 

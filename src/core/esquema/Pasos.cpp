@@ -1,110 +1,40 @@
 #include "core/esquema/Pasos.h"
 
-#include <vector>
+#include <QRegularExpression>
+
+#include "core/dao/Orden.h"
 
 namespace tarvo::esquema {
 
 namespace {
 
-struct Paso {
-  QString hace_falta;  // a query with a row when there is work
-  QString orden;       // each "?" takes today
-};
-
-// An article that no user changes: the scales sell by it what has no code of its own.
-Paso articuloDeSistema(int codigo, const char* nombre, int cada) {
-  const QString faltan =
-      QStringLiteral(
-          "from SECCS where NMSECC is not null and not exists (select 1 from PLUSES where "
-          "PLUSES.SECCION=SECCS.NMSECC and PLUSES.CODPLU=%1)")
-          .arg(codigo);
-  return {QStringLiteral("select 1 ") + faltan,
-          QStringLiteral("insert into PLUSES (SECCION, CODPLU, NOMPLU, CADA, MDF_PRE, minimo, "
-                         "BARRAS, PFX_BAR, DESCTO, "
-                         "HASTA_1, HASTA_2, FORMATO, TEXTO_ETQ, STK_MAX, STK_MIN, COSTE) "
-                         "select NMSECC, %1, '%2', %3, 1, 0, 1, '0', 0, 0, 0, 1, '', 0, 0, 0 ")
-                  .arg(codigo)
-                  .arg(QLatin1String(nombre))
-                  .arg(cada) +
-              faltan};
+QString repetir(const QString& texto, int desde, int hasta) {
+  QStringList partes;
+  for (int i = desde; i <= hasta; ++i)
+    partes += QString(texto).replace(QStringLiteral("nn"),
+                                     QStringLiteral("%1").arg(i, 2, 10, QLatin1Char('0')));
+  return partes.join(QStringLiteral(", "));
 }
 
-Paso contadorSinNulos(const QString& campo) {
-  return {QStringLiteral("select 1 from MovsAlm where isnull(%1) limit 1").arg(campo),
-          QStringLiteral("update MovsAlm set %1=0 where isnull(%1)").arg(campo)};
-}
-
-// The first section comes before the system articles, so that it has them from the first start.
-std::vector<Paso> pasos() {
-  std::vector<Paso> p{
-      {QStringLiteral("select 1 where not exists (select 1 from ALMACEN)"),
-       QStringLiteral("insert into ALMACEN (CODALM, NOMALM, FCHINI, FCHREG) select 0, '', ?, ? "
-                      "where not exists (select 1 from ALMACEN)")},
-      {QStringLiteral("select 1 where not exists (select 1 from SECCS)"),
-       QStringLiteral("insert into SECCS (NMSECC, NOMSEC) select 1, 'SECCIÓN ÚNICA' "
-                      "where not exists (select 1 from SECCS)")},
-      articuloDeSistema(1, "VENTA LIBRE A PESO", 0),
-      articuloDeSistema(2, "VENTA LIBRE A CUERPO", 2)};
-  for (const char* campo : {"Inicial", "Entrada", "Compra", "Salida", "Venta", "Merma"})
-    p.push_back(contadorSinNulos(QLatin1String(campo)));
-  return p;
-}
-
-Resultado<> comprobar(const std::optional<Version>& guardada, Version version) {
-  if (!guardada || guardada->mayor == version.mayor) return {};
-  return fallo(Fallo::OtraVersion,
-               guardada->mayor < version.mayor
-                   ? QStringLiteral("Base de datos de versión anterior: Realizar conversión")
-                   : QStringLiteral("Base de datos de versión posterior"));
+// Replaces the marks of a script.
+QString expandir(QString guion) {
+  static const QRegularExpression lista(QStringLiteral("@lista\\{([^}]*?)\\s+(\\d+)-(\\d+)\\}"));
+  static const QRegularExpression orden(QStringLiteral("@orden\\((\\w+)\\)"));
+  for (auto m = lista.match(guion); m.hasMatch(); m = lista.match(guion))
+    guion.replace(m.capturedStart(), m.capturedLength(),
+                  repetir(m.captured(1), m.captured(2).toInt(), m.captured(3).toInt()));
+  for (auto m = orden.match(guion); m.hasMatch(); m = orden.match(guion))
+    guion.replace(m.capturedStart(), m.capturedLength(), dao::expresionOrden(m.captured(1)));
+  return guion;
 }
 
 }  // namespace
 
-Resultado<std::optional<Version>> versionGuardada(dao::Database& db) {
-  if (!db.existeTabla(u"version")) return std::nullopt;
-  TARVO_TOMAR(auto rs, db.consultar(u"select MAJOR, MINOR from version"));
-  if (rs->Eof()) return std::nullopt;
-  return Version{static_cast<int>(rs->entero(0)), static_cast<int>(rs->entero(1))};
-}
-
-Resultado<> guardarVersion(dao::Database& db, Version version) {
-  TARVO_TOMAR(const auto n,
-              db.ejecutar(u"update version set MAJOR=?, MINOR=?", version.mayor, version.menor));
-  if (n > 0) return {};
-  TARVO_INTENTAR(db.ejecutar(u"insert into version (MAJOR, MINOR) values (?, ?)", version.mayor,
-                             version.menor));
-  return {};
-}
-
-Resultado<bool> hayPendientes(dao::Database& db) {
-  for (const Paso& p : pasos()) {
-    TARVO_TOMAR(auto rs, db.consultar(p.hace_falta));
-    if (!rs->Eof()) return true;
-  }
-  return false;
-}
-
-Resultado<> darPasos(dao::Database& db, Fecha hoy) {
-  for (const Paso& p : pasos()) {
-    const std::vector<dao::Valor> fechas(static_cast<size_t>(p.orden.count(u'?')),
-                                         dao::Valor(hoy.dia()));
-    TARVO_INTENTAR(db.Execute(p.orden, fechas));
-  }
-  return {};
-}
-
-Resultado<> ponerAlDia(dao::Database& db, Fecha hoy, Version version) {
-  TARVO_TOMAR(auto guardada, versionGuardada(db));
-  TARVO_INTENTAR(comprobar(guardada, version));
-  if (esquemaCompleto(db) && guardada == version) {
-    TARVO_TOMAR(const auto pendientes, hayPendientes(db));
-    if (!pendientes) return {};
-  }
-  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db));
-  TARVO_INTENTAR(crearEsquema(db));
-  TARVO_INTENTAR(guardarVersion(db, version));
-  TARVO_INTENTAR(darPasos(db, hoy));
-  return t.confirmar();
+std::vector<dao::Paso> pasos() {
+  return {{1, expandir(guionArticulos())},   {2, expandir(guionGrupos())},
+          {3, expandir(guionEtiquetas())},   {4, expandir(guionTotales())},
+          {5, expandir(guionAlmacenes())},   {6, expandir(guionEnLinea())},
+          {7, expandir(guionFacturacion())}, {8, expandir(guionConsultas())}};
 }
 
 }  // namespace tarvo::esquema

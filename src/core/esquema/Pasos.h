@@ -1,19 +1,30 @@
-// The rows that every database has. Each step finds by itself whether there is work; all are plain
-// statements over sets, so that running them again changes nothing.
+// The steps of the tables and views that several rooms work with; the texts of the first ones are
+// those of a database's birth, one group of tables each.
+//
+// To change the schema add a step at the end of pasos(): "create table if not exists NAME (...);",
+// dao::columna(), dao::vista(). A database that hasn't had it gets it at its next start; the steps
+// before it stay as they are, for they made the databases that exist. The rules:
+//   - every column may be Null or has a default, so that an INSERT may name only some columns;
+//   - an index is called [TABLE.index], and a table recordset opens it as "index" of its table;
+//   - a statement ends with ";" at the end of a line; a trigger stands in one line;
+//   - @orden(COLUMN) is the key by which a name sorts; @lista{text nn first-last} repeats a text,
+//   separated by commas, for each two-digit number.
 #pragma once
 
-#include "core/esquema/Esquema.h"
+#include "core/dao/Pasos.h"
 
 namespace tarvo::esquema {
 
-bool esquemaCompleto(dao::Database& db);
+std::vector<dao::Paso> pasos();
 
-// The version the database was last opened with; nothing when the table or its row is missing.
-Resultado<std::optional<Version>> versionGuardada(dao::Database& db);
-Resultado<> guardarVersion(dao::Database& db, Version version);
-
-// Whether any of the steps below has something to do.
-Resultado<bool> hayPendientes(dao::Database& db);
-Resultado<> darPasos(dao::Database& db, Fecha hoy);
+// The raw texts, one a file of this folder.
+QString guionArticulos();
+QString guionGrupos();
+QString guionEtiquetas();
+QString guionTotales();
+QString guionAlmacenes();
+QString guionEnLinea();
+QString guionFacturacion();
+QString guionConsultas();
 
 }  // namespace tarvo::esquema

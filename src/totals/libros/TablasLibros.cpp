@@ -4,14 +4,14 @@ namespace tarvo::totals {
 
 namespace {
 
-constexpr auto kGuionLibros =
+constexpr QStringView kGuionLibros =
     uR"(
 CREATE TABLE IF NOT EXISTS EstadoTarvo (CLAVE TEXT PRIMARY KEY, VALOR);
 CREATE TABLE IF NOT EXISTS Lecturas (
   GRUPO INTEGER NOT NULL, CLASE INTEGER NOT NULL, EJECUCION INTEGER DEFAULT 0, ESTADO INTEGER DEFAULT 0,
   SEC INTEGER DEFAULT 0, INICIO REAL, FIN REAL, ENTERA INTEGER DEFAULT 1, MAQUINAS INTEGER DEFAULT 1, ADDR INTEGER DEFAULT 0,
   LINK INTEGER, BASE_DESDE REAL, BASE_HASTA REAL, APARTE INTEGER DEFAULT 0,
-  BASE_DUDOSA INTEGER DEFAULT 0, AJUSTE INTEGER DEFAULT 0,
+  BASE_DUDOSA INTEGER DEFAULT 0,
   PRIMARY KEY (GRUPO, CLASE));
 CREATE TABLE IF NOT EXISTS LectFilas (
   GRUPO INTEGER NOT NULL, CLASE INTEGER NOT NULL, ADDR INTEGER NOT NULL, CODI INTEGER NOT NULL,
@@ -27,40 +27,44 @@ CREATE TABLE IF NOT EXISTS Ceros (
   PRIMARY KEY (GRUPO, ADDR));
 CREATE TABLE IF NOT EXISTS CerosParte (
   GRUPO INTEGER NOT NULL, ADDR INTEGER NOT NULL, CONJUNTO INTEGER NOT NULL, EJECUCION INTEGER DEFAULT 0,
-  INTENCION REAL, SEC_INTENCION INTEGER DEFAULT 0, HECHO REAL, SEC_HECHO INTEGER DEFAULT 0,
+  INTENCION REAL, SEC_INTENCION INTEGER DEFAULT 0, TOTAL INTEGER,
+  HECHO REAL, SEC_HECHO INTEGER DEFAULT 0, QUITADO INTEGER,
   PRIMARY KEY (GRUPO, ADDR, CONJUNTO));
-CREATE TABLE IF NOT EXISTS CerosClase (
-  GRUPO INTEGER NOT NULL, ADDR INTEGER NOT NULL, CLASE INTEGER NOT NULL, DUDA INTEGER DEFAULT 0, QUITADO INTEGER DEFAULT 0,
-  PRIMARY KEY (GRUPO, ADDR, CLASE));
-CREATE TABLE IF NOT EXISTS Dudas (
-  GRUPO INTEGER NOT NULL, ADDR INTEGER NOT NULL, CLASES TEXT, RESPUESTA INTEGER, PRIMARY KEY (GRUPO, ADDR));
 CREATE TABLE IF NOT EXISTS Origenes (
   LINK INTEGER NOT NULL, GRUPO INTEGER NOT NULL, CLASE INTEGER NOT NULL, EJECUCION INTEGER, LEIDO REAL,
   DESDE REAL, HASTA REAL, MODO TEXT, FILAS INTEGER, CON INTEGER, IMP INTEGER);
 CREATE INDEX IF NOT EXISTS Origenes_Link ON Origenes (LINK, GRUPO, CLASE);
 )";
 
-// What an earlier version knew of registers that are half zeroed: it took the articles for what the
-// first frame clears, the grand total and the departments for the second's.
-constexpr auto kGuionDeConjuntos =
+// Each kind of a register that is half zeroed by itself, and machines in doubt. An earlier version
+// took the articles for what the first frame clears, the grand total and the departments for the
+// second's.
+constexpr QStringView kGuionDudas =
     uR"(
-INSERT INTO CerosClase (GRUPO, ADDR, CLASE, DUDA, QUITADO)
-  SELECT DISTINCT p.GRUPO, p.ADDR, l.CLASE, h.CONJUNTO IS NULL, h.QUITADO
+CREATE TABLE IF NOT EXISTS CerosClase (
+  GRUPO INTEGER NOT NULL, ADDR INTEGER NOT NULL, CLASE INTEGER NOT NULL, DUDA INTEGER DEFAULT 0, QUITADO INTEGER DEFAULT 0,
+  PRIMARY KEY (GRUPO, ADDR, CLASE));
+CREATE TABLE IF NOT EXISTS Dudas (
+  GRUPO INTEGER NOT NULL, ADDR INTEGER NOT NULL, CLASES TEXT, RESPUESTA INTEGER, PRIMARY KEY (GRUPO, ADDR));
+INSERT OR IGNORE INTO CerosClase (GRUPO, ADDR, CLASE, DUDA, QUITADO)
+  SELECT p.GRUPO, p.ADDR, l.CLASE, h.CONJUNTO IS NULL, CASE WHEN h.CONJUNTO IS NULL THEN 0 ELSE h.QUITADO END
   FROM CerosParte p JOIN Lecturas l ON l.GRUPO=p.GRUPO LEFT JOIN CerosParte h ON h.GRUPO=p.GRUPO AND h.ADDR=p.ADDR
     AND h.SEC_HECHO>0 AND h.CONJUNTO=CASE l.CLASE WHEN 16 THEN 1 WHEN 17 THEN 2 WHEN 19 THEN 2 ELSE 3 END;
-UPDATE CerosClase SET QUITADO=0 WHERE DUDA=1;
 )";
 
 }  // namespace
 
+dao::TablasDeSala tablasLibros() {
+  return {.sala = QStringLiteral("libros"),
+          .pasos = {{1, kGuionLibros.toString()},
+                    dao::columna(2, QStringLiteral("Lecturas"), QStringLiteral("AJUSTE"),
+                                 QStringLiteral("INTEGER DEFAULT 0")),
+                    {3, kGuionDudas.toString()}},
+          .copias = {{QStringLiteral("BaseFilas"), QStringLiteral("LectFilas")}}};
+}
+
 Resultado<> asegurarTablasLibros(dao::Database& db) {
-  const bool deAntes =
-      db.existeColumna(u"CerosParte", u"QUITADO") && !db.existeTabla(u"CerosClase");
-  if (!db.existeTabla(u"Origenes") || !db.existeTabla(u"CerosClase") || !db.existeTabla(u"Dudas"))
-    TARVO_INTENTAR(db.ejecutarGuion(kGuionLibros));
-  if (deAntes) TARVO_INTENTAR(db.ejecutarGuion(kGuionDeConjuntos));
-  if (db.existeColumna(u"Lecturas", u"AJUSTE")) return {};
-  return db.ejecutarGuion(u"ALTER TABLE Lecturas ADD COLUMN AJUSTE INTEGER DEFAULT 0;\n");
+  return dao::darPasos(db, {tablasLibros()});
 }
 
 Resultado<dao::Valor> EstadoBase::leer(const QString& clave) {

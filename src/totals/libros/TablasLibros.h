@@ -2,11 +2,12 @@
 // each number of a period came from. Columns and rules: docs/libros.md.
 #pragma once
 
-#include "core/dao/Database.h"
+#include "core/dao/Pasos.h"
 
 namespace tarvo::totals {
 
-// Makes the tables that are missing. Cheap when all are there.
+dao::TablasDeSala tablasLibros();
+// Brings them alone, for who works with this room alone.
 Resultado<> asegurarTablasLibros(dao::Database& db);
 
 // Small values that must agree with the rows, kept in the same database under a name (table

@@ -38,8 +38,12 @@ CREATE TABLE IF NOT EXISTS PapeleraTotSusti (
 
 }  // namespace
 
+dao::TablasDeSala tablasTotales() {
+  return {.sala = QStringLiteral("periodos"), .pasos = {{1, kTablas}}, .copias = {}};
+}
+
 Resultado<> asegurarTablasTotales(dao::Database& db) {
-  return db.ejecutarGuion(kTablas);
+  return dao::darPasos(db, {tablasTotales()});
 }
 
 }  // namespace tarvo::totals

@@ -3,11 +3,12 @@
 // brought back (Papelera...).
 #pragma once
 
-#include "core/dao/Database.h"
+#include "core/dao/Pasos.h"
 
 namespace tarvo::totals {
 
-// Makes them where they are missing. To be called at the start, before Periodos and XporTot work.
+dao::TablasDeSala tablasTotales();
+// Brings them alone, for who works with this room alone.
 Resultado<> asegurarTablasTotales(dao::Database& db);
 
 }  // namespace tarvo::totals

@@ -23,6 +23,8 @@ class Base final : public Database {
   int profundidad() const override { return con_->profundidad(); }
   bool existeTabla(QStringView nombre) override { return catalogo_->existe(nombre); }
   bool existeColumna(QStringView tabla, QStringView columna) override;
+  QStringList columnas(QStringView tabla) override;
+  Resultado<> copiarColumna(QStringView origen, QStringView columna, QStringView copia) override;
   const QString& ruta() const override { return con_->ruta; }
   Resultado<> copiarEn(const QString& ruta) override;
   Resultado<> asentar() override;

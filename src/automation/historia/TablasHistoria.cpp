@@ -1,0 +1,57 @@
+#include "automation/historia/TablasHistoria.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView kDiario =
+    uR"(
+CREATE TABLE IF NOT EXISTS Proceso (
+  NOMBRE TEXT PRIMARY KEY, HUELLA TEXT DEFAULT '', EJECUCION INTEGER DEFAULT 0, PASO INTEGER DEFAULT 0,
+  SELECCION TEXT DEFAULT '', ULTIMOS TEXT DEFAULT '', RESULTADO INTEGER DEFAULT 0, INICIO REAL, LATIDO REAL,
+  PARAMETROS TEXT DEFAULT '', PASOS TEXT DEFAULT '', FALLIDOS TEXT DEFAULT '');
+CREATE TABLE IF NOT EXISTS ProcesoTareas (
+  EJECUCION INTEGER NOT NULL, PASO INTEGER NOT NULL, GRUPO INTEGER NOT NULL, HECHA INTEGER DEFAULT 0,
+  PRIMARY KEY (EJECUCION, PASO, GRUPO));
+)";
+
+// A number of a period may be given again: the dates tell whether it is the same period.
+constexpr QStringView kPendientes =
+    uR"(
+CREATE TABLE IF NOT EXISTS PeriodosPendientes (
+  LINK INTEGER NOT NULL, FECHA1 REAL, FECHAF REAL, VERBO INTEGER NOT NULL, TIPO INTEGER NOT NULL,
+  PRIMARY KEY (LINK, VERBO, TIPO));
+CREATE TABLE IF NOT EXISTS ExportesPendientes (
+  NUMERO INTEGER PRIMARY KEY, PROCESO TEXT NOT NULL, ORDEN INTEGER NOT NULL, MARCA TEXT NOT NULL,
+  LINK INTEGER NOT NULL, FECHA1 REAL, FECHAF REAL);
+)";
+
+constexpr QStringView kHistorial =
+    uR"(
+CREATE TABLE IF NOT EXISTS Ejecuciones (
+  EJECUCION INTEGER PRIMARY KEY, NOMBRE TEXT DEFAULT '', INICIO REAL, FIN REAL, RESULTADO INTEGER,
+  PERIODOS TEXT DEFAULT '', TRAZA TEXT DEFAULT '');
+CREATE TABLE IF NOT EXISTS EjecucionAvisos (
+  EJECUCION INTEGER NOT NULL, GRUPO INTEGER DEFAULT 0, TEXTO TEXT DEFAULT '', GRAVE INTEGER DEFAULT 1);
+CREATE INDEX IF NOT EXISTS EjecucionAvisos_Ejecucion ON EjecucionAvisos (EJECUCION);
+)";
+
+}  // namespace
+
+dao::TablasDeSala tablasHistoria() {
+  return {.sala = u"historia"_s,
+          .pasos = {{1, kDiario.toString()},
+                    {2, kPendientes.toString()},
+                    {3, kHistorial.toString()},
+                    dao::columna(4, u"ProcesoTareas"_s, u"CLASE"_s, u"INTEGER DEFAULT 0"_s),
+                    dao::columna(5, u"ProcesoTareas"_s, u"FALLO"_s, u"TEXT"_s)},
+          .copias = {}};
+}
+
+Resultado<> asegurarTablasHistoria(dao::Database& db) {
+  return dao::darPasos(db, {tablasHistoria()});
+}
+
+}  // namespace tarvo::automation

@@ -1,0 +1,114 @@
+#include "core/esquema/Filas.h"
+
+#include <vector>
+
+namespace tarvo::esquema {
+
+namespace {
+
+struct Fija {
+  QString hace_falta;  // a query with a row when there is work
+  QString orden;       // each "?" takes today
+};
+
+// An article that no user changes: the scales sell by it what has no code of its own.
+Fija articuloDeSistema(int codigo, const char* nombre, int cada) {
+  const QString faltan =
+      QStringLiteral(
+          "from SECCS where NMSECC is not null and not exists (select 1 from PLUSES where "
+          "PLUSES.SECCION=SECCS.NMSECC and PLUSES.CODPLU=%1)")
+          .arg(codigo);
+  return {QStringLiteral("select 1 ") + faltan,
+          QStringLiteral("insert into PLUSES (SECCION, CODPLU, NOMPLU, CADA, MDF_PRE, minimo, "
+                         "BARRAS, PFX_BAR, DESCTO, "
+                         "HASTA_1, HASTA_2, FORMATO, TEXTO_ETQ, STK_MAX, STK_MIN, COSTE) "
+                         "select NMSECC, %1, '%2', %3, 1, 0, 1, '0', 0, 0, 0, 1, '', 0, 0, 0 ")
+                  .arg(codigo)
+                  .arg(QLatin1String(nombre))
+                  .arg(cada) +
+              faltan};
+}
+
+Fija contadorSinNulos(const QString& campo) {
+  return {QStringLiteral("select 1 from MovsAlm where isnull(%1) limit 1").arg(campo),
+          QStringLiteral("update MovsAlm set %1=0 where isnull(%1)").arg(campo)};
+}
+
+// The first section comes before the system articles, so that it has them from the first start.
+std::vector<Fija> fijas() {
+  std::vector<Fija> p{
+      {QStringLiteral("select 1 where not exists (select 1 from ALMACEN)"),
+       QStringLiteral("insert into ALMACEN (CODALM, NOMALM, FCHINI, FCHREG) select 0, '', ?, ? "
+                      "where not exists (select 1 from ALMACEN)")},
+      {QStringLiteral("select 1 where not exists (select 1 from SECCS)"),
+       QStringLiteral("insert into SECCS (NMSECC, NOMSEC) select 1, 'SECCIÓN ÚNICA' "
+                      "where not exists (select 1 from SECCS)")},
+      articuloDeSistema(1, "VENTA LIBRE A PESO", 0),
+      articuloDeSistema(2, "VENTA LIBRE A CUERPO", 2)};
+  for (const char* campo : {"Inicial", "Entrada", "Compra", "Salida", "Venta", "Merma"})
+    p.push_back(contadorSinNulos(QLatin1String(campo)));
+  return p;
+}
+
+Resultado<> comprobar(const std::optional<Version>& guardada, Version version) {
+  if (!guardada || guardada->mayor == version.mayor) return {};
+  return fallo(Fallo::OtraVersion,
+               guardada->mayor < version.mayor
+                   ? QStringLiteral("Base de datos de versión anterior: Realizar conversión")
+                   : QStringLiteral("Base de datos de versión posterior"));
+}
+
+}  // namespace
+
+Resultado<std::optional<Version>> versionGuardada(dao::Database& db) {
+  if (!db.existeTabla(u"version")) return std::nullopt;
+  TARVO_TOMAR(auto rs, db.consultar(u"select MAJOR, MINOR from version"));
+  if (rs->Eof()) return std::nullopt;
+  return Version{static_cast<int>(rs->entero(0)), static_cast<int>(rs->entero(1))};
+}
+
+Resultado<> guardarVersion(dao::Database& db, Version version) {
+  TARVO_TOMAR(const auto n,
+              db.ejecutar(u"update version set MAJOR=?, MINOR=?", version.mayor, version.menor));
+  if (n > 0) return {};
+  TARVO_INTENTAR(db.ejecutar(u"insert into version (MAJOR, MINOR) values (?, ?)", version.mayor,
+                             version.menor));
+  return {};
+}
+
+Resultado<bool> faltanFilas(dao::Database& db) {
+  for (const Fija& p : fijas()) {
+    TARVO_TOMAR(auto rs, db.consultar(p.hace_falta));
+    if (!rs->Eof()) return true;
+  }
+  return false;
+}
+
+Resultado<> ponerFilas(dao::Database& db, Fecha hoy) {
+  for (const Fija& p : fijas()) {
+    const std::vector<dao::Valor> fechas(static_cast<size_t>(p.orden.count(u'?')),
+                                         dao::Valor(hoy.dia()));
+    TARVO_INTENTAR(db.Execute(p.orden, fechas));
+  }
+  return {};
+}
+
+Resultado<> ponerAlDia(dao::Database& db, Fecha hoy, const std::vector<dao::TablasDeSala>& salas,
+                       Version version) {
+  TARVO_TOMAR(auto guardada, versionGuardada(db));
+  TARVO_INTENTAR(comprobar(guardada, version));
+  std::vector<dao::TablasDeSala> todas{tablasComunes()};
+  todas.insert(todas.end(), salas.begin(), salas.end());
+  TARVO_TOMAR(const bool alDia, dao::alDia(db, todas));
+  if (alDia && guardada == version) {
+    TARVO_TOMAR(const bool faltan, faltanFilas(db));
+    if (!faltan) return {};
+  }
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db));
+  TARVO_INTENTAR(dao::darPasos(db, todas));
+  TARVO_INTENTAR(guardarVersion(db, version));
+  TARVO_INTENTAR(ponerFilas(db, hoy));
+  return t.confirmar();
+}
+
+}  // namespace tarvo::esquema

@@ -1,0 +1,121 @@
+"""Plants a breach of each rule of ./check in a copy of the tree, one at a time, and wants it named.
+
+A rule that sees nothing wrong in the tree as it is, and names what was planted, works."""
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+
+RAIZ = pathlib.Path(__file__).resolve().parents[2]
+copia = None
+
+
+def orden(*palabras, **mas):
+    return subprocess.run(palabras, cwd=copia, text=True, capture_output=True, **mas)
+
+
+def copiar(adonde):
+    """The tree as it stands, with its history."""
+    subprocess.run(["git", "clone", "-q", "--shared", RAIZ, adonde], check=True)
+    for nombre in subprocess.run(["git", "ls-files", "-dmo", "--exclude-standard"], cwd=RAIZ, text=True,
+                                 capture_output=True, check=True).stdout.splitlines():
+        (adonde / nombre).unlink(missing_ok=True)
+        if (RAIZ / nombre).is_file():
+            (adonde / nombre).parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy2(RAIZ / nombre, adonde / nombre)
+
+
+def anade(nombre, texto):
+    def hacer():
+        camino = copia / nombre
+        camino.parent.mkdir(parents=True, exist_ok=True)
+        camino.write_text((camino.read_text() if camino.exists() else "") + texto)
+    return hacer
+
+
+def cambia(nombre, patron, por):
+    def hacer():
+        texto, veces = re.subn(patron, por, (copia / nombre).read_text(), count=1, flags=re.M)
+        assert veces, f"{nombre} has no {patron}"
+        (copia / nombre).write_text(texto)
+    return hacer
+
+
+def asunto():
+    orden("git", "-c", "user.name=x", "-c", "user.email=x", "commit", "-q", "--allow-empty", "-m", "Say " + "much " * 20)
+
+
+def archivo():
+    carpeta = copia / "build/src/x"
+    carpeta.mkdir(parents=True)
+    (carpeta / "x.cpp").write_text("struct QWidget { void show(); };\nvoid f(QWidget* w) { w->show(); }\n")
+    orden("c++", "-c", "build/src/x/x.cpp", "-o", "build/src/x/x.o", check=True)
+    orden("ar", "qc", "build/src/x/libx.a", "build/src/x/x.o", check=True)
+
+
+TABLA, TEXTOS = "docs/architecture.md", "datos/textos/es.txt"
+FORMA = "src/comm/ventanas/Prueba.ui"
+# Words that must not stand in the tree don't stand here either.
+CASOS = [
+    ("salas", anade("src/comm/tramas/Prueba.cpp", '#include "core/dao/Valor.h"\n'), r"Prueba.cpp:1: tramas includes dao"),
+    ("salas", cambia(TABLA, r"^\| `stock` \|", "| `stock` | `dinero`"), r"stock may include dinero, and nothing"),
+    ("salas", cambia("src/stock/CMakeLists.txt", r"LINKS", "LINKS dinero"), r"stock links dinero, unlike its row"),
+    ("salas", cambia("src/stock/CMakeLists.txt", r"LINKS \w+", "LINKS"), r"stock doesn't link \w+, unlike its row"),
+    ("salas", cambia(TABLA, r"^\| `stock` .*\n", ""), r"the room stock is missing"),
+    ("salas", cambia(TABLA, r"^\| `stock`", "| `nada` | | |\n| `stock`"), r"there is no room nada"),
+    ("ventanas", anade("src/articles/ventanas/Prueba.cpp", '#include "comm/ventanas/Grupos.h"\n'), r"a window of comm"),
+    ("ventanas", anade("src/stock/Prueba.cpp", '#include "core/ventanas/marco/Ventana.h"\n'), r"a window of core"),
+    ("ventanas", cambia("src/stock/CMakeLists.txt", r"LINKS", "LINKS core_ventanas"), r"stock: is an engine and links"),
+    ("ventanas", cambia("src/articles/ventanas/CMakeLists.txt", r"LINKS", "LINKS comm_ventanas"),
+     r"articles_ventanas: links the windows comm_ventanas"),
+    ("iconos", anade("src/stock/Prueba.cpp", 'auto i = icono(u"unicornio");\n'), r"no drawing .*unicornio"),
+    ("incluidos", anade("src/stock/Prueba.cpp", "#include <sqlite3.h>\n"), r"Prueba.cpp:1: only .* may know SQLite"),
+    ("incluidos", anade("src/stock/Prueba.cpp", "#include <QWidget>\n"), r"no widget in an engine"),
+    ("tiempo_y_azar", anade("src/stock/Prueba.cpp", "auto d = QDate::currentDate();\n"), r"time comes from Reloj"),
+    ("tamano", anade("src/stock/Prueba.cpp", "// line\n" * 501), r"501 lines, above 500"),
+    ("carpetas", lambda: [anade(f"src/stock/Prueba{n}.cpp", "\n")() for n in range(21)], r"src/stock: \d+ sources"),
+    ("asuntos", asunto, r"a subject of \d+ characters"),
+    ("textos", anade(TEXTOS, "99999\tNadie lo dice.\tapp.kTxNadieLoDice\n"), r"the name kTxNadieLoDice is used nowhere"),
+    ("textos", anade(TEXTOS, "99999\tNadie lo dice.\n"), r"number 99999 is used nowhere"),
+    ("textos", anade(FORMA, "<string>TXT99999</string>\n"), r"number 99999 is not in"),
+    ("textos", anade(FORMA, "<string>Una frase</string>\n"), r"a form shows keys only"),
+    ("frases", anade("src/stock/Prueba.cpp", 'auto s = u"No hay artículos";\n'), r"Prueba.cpp:1: a sentence"),
+    ("paquetes", anade("src/stock/Prueba.txt", "apt" + " install unicornio\n"), r"the only list of packages"),
+    ("palabras", anade("src/stock/Prueba.cpp", "// FIX" + "ME\n"), r"a word that must not stand"),
+    ("simbolos", archivo, r"libx.a: takes QWidget"),
+]
+
+
+def probar(regla, plantar, dice):
+    plantar()
+    fin = orden(sys.executable, "check", regla)
+    return None if fin.returncode == 1 and re.search(dice, fin.stdout) else fin.stdout + fin.stderr
+
+
+def main():
+    global copia
+    fallos = 0
+    with tempfile.TemporaryDirectory() as carpeta:
+        copia = pathlib.Path(carpeta) / "casa"
+        copiar(copia)
+        orden("git", "add", "-A", check=True)
+        orden("git", "-c", "user.name=x", "-c", "user.email=x", "commit", "-q", "--allow-empty", "-m", "Copy", check=True)
+        limpio = orden("git", "rev-parse", "HEAD", check=True).stdout.strip()
+        for regla, plantar, dice in CASOS:
+            salida = probar(regla, plantar, dice)
+            if salida is not None:
+                fallos += 1
+                print(f"{regla}: /{dice}/ wasn't named:\n{salida}")
+            orden("git", "reset", "-q", "--hard", limpio, check=True)
+            orden("git", "clean", "-fdxq", check=True)
+        reglas = set(re.findall(r"^def regla_(\w+)", (copia / "check").read_text(), re.M))
+        for regla in sorted(reglas - {caso[0] for caso in CASOS}):
+            fallos += 1
+            print(f"{regla}: nothing is planted for this rule")
+    print(f"{len(CASOS)} breaches planted, {fallos} not named")
+    return 1 if fallos else 0
+
+
+sys.exit(main())

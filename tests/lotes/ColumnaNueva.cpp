@@ -1,0 +1,60 @@
+// A later version gives the articles a column: what was kept for undoing before, and what is kept
+// after, can still be put back.
+#include "articles/Lotes.h"
+#include "articles/TablasArticulos.h"
+#include "core/esquema/Esquema.h"
+#include "stock/BaseVacia.h"
+#include "textos/TextosDePrueba.h"
+
+namespace tarvo::articles {
+namespace {
+
+using namespace Qt::StringLiterals;
+using prueba::bien;
+
+struct ColumnaNueva : testing::Test, prueba::BaseVacia {
+  RelojVirtual reloj{Fecha::de(QDate(2026, 3, 2), QTime(9, 0))};
+  Catalogo catalogo{*db, textosDePrueba(), reloj, u"Ana"_s};
+  Lotes lotes{*db, catalogo, reloj};
+
+  qint64 loteQueCambiaYBorra() {
+    const qint64 lote = bien(lotes.empezar(u"ImpPLU"_s));
+    for (const qint64 n : {10, 11}) bien(lotes.guardar(lote, {1, n}));
+    sql(u"UPDATE PLUSES SET PRECIO_00=150 WHERE CODPLU=10"_s);
+    sql(u"DELETE FROM PLUSES WHERE CODPLU=11"_s);
+    bien(lotes.acabar(lote));
+    return lote;
+  }
+};
+
+TEST_F(ColumnaNueva, NoImpideDeshacer) {
+  dao::TablasDeSala comunes = esquema::tablasComunes();
+  bien(dao::darPasos(*db, {comunes, tablasArticulos()}));
+  sql(u"INSERT INTO SECCS (NMSECC) VALUES (1)"_s);
+  sql(u"INSERT INTO ALMACEN (CODALM) VALUES (1)"_s);
+  for (const int n : {10, 11})
+    sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00) VALUES (1, ?, 'A', 100)"_s, n);
+  sql(u"INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Inicial) VALUES (1, 1, 11, 500)"_s);
+  const qint64 anterior = loteQueCambiaYBorra();
+
+  const int ultimo = comunes.pasos.back().numero;
+  comunes.pasos.push_back(
+      dao::columna(ultimo + 1, u"PLUSES"_s, u"ORIGEN"_s, u"TEXT DEFAULT 'ES'"_s));
+  comunes.pasos.push_back(
+      dao::columna(ultimo + 2, u"MovsAlm"_s, u"Rotura"_s, u"INTEGER DEFAULT 0"_s));
+  bien(dao::darPasos(*db, {comunes, tablasArticulos()}));
+  for (const QString& copia : {u"LoteAntes"_s, u"LoteDespues"_s})
+    EXPECT_TRUE(db->existeColumna(copia, u"ORIGEN")) << copia.toStdString();
+  EXPECT_TRUE(db->existeColumna(u"LoteMovs", u"Rotura"));
+
+  const QString articulos = u"SELECT CODPLU, PRECIO_00, ORIGEN FROM PLUSES ORDER BY CODPLU"_s;
+  EXPECT_EQ(bien(lotes.deshacer(anterior, u"ImpPLU"_s)).repuestos, 2);
+  EXPECT_EQ(leer(articulos), u"10 100 ES | 11 100 ES"_s);
+  const qint64 posterior = loteQueCambiaYBorra();
+  EXPECT_EQ(bien(lotes.deshacer(posterior, u"ImpPLU"_s)).repuestos, 2);
+  EXPECT_EQ(leer(articulos), u"10 100 ES | 11 100 ES"_s);
+  EXPECT_EQ(leer(u"SELECT CODIGO, Inicial, Rotura FROM MovsAlm"_s), u"11 500 0"_s);
+}
+
+}  // namespace
+}  // namespace tarvo::articles
