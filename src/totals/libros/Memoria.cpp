@@ -27,59 +27,7 @@ QString lista(const std::vector<int>& grupos) {
   return s.join(u',');
 }
 
-// Periods were added into this one: its rows are not of its own readings alone.
-Resultado<bool> tieneAcumulados(dao::Database& db, const Columna& c) {
-  if (c.periodo.tipo < kSemanal || c.periodo.tipo > kAnual) return false;
-  TARVO_TOMAR(
-      const auto n,
-      db.uno(u"SELECT count(*) FROM COLUMNA WHERE ACUM%1<>0 AND FECHA1>=? AND FECHAF<=?"_s.arg(
-                 c.periodo.tipo),
-             c.periodo.desde, c.periodo.hasta));
-  return n.entero() > 0;
-}
-
-// Does the period have rows of groups and kinds other than those that are about to be replaced?
-Resultado<bool> tieneAjenas(dao::Database& db, const Ajustes& ajustes, qint64 link,
-                            const std::map<int, std::vector<int>>& sustituidos) {
-  for (const ClaseTotal& c : enVigor(ajustes)) {
-    const auto suyos = sustituidos.find(c.numero);
-    TARVO_TOMAR(
-        const auto n,
-        db.uno(QString(u"SELECT count(*) FROM "_s + u16(c.tabla) +
-                       u" WHERE LINK=? AND GRUPO NOT IN ("_s +
-                       (suyos == sustituidos.end() ? QString() : lista(suyos->second)) + u")"_s),
-               link));
-    if (n.entero() > 0) return true;
-  }
-  return false;
-}
-
 }  // namespace
-
-// A week, month or year that sums its days. One that lost them still has their sales.
-Resultado<bool> Memoria::soloSuma(const Columna& c) {
-  if (c.stkABLE || c.periodo.tipo < kSemanal || c.periodo.tipo > kAnual) return false;
-  TARVO_TOMAR(const auto acumulados, tieneAcumulados(db_, c));
-  if (acumulados) return true;
-  return tieneAjenas(db_, a_, c.LINK, {});
-}
-
-// A period that only sums others takes no reading: its sales would be in no day, and out of no
-// stock. They get a period of their own dates.
-Resultado<std::optional<Columna>> Memoria::destinoDe(Periodo& destino,
-                                                     const std::vector<Recibido>& lecturas,
-                                                     std::vector<Aviso>& avisos) {
-  auto existe = p_.BuscarPeriodo(destino.tipo, destino.desde, destino.hasta);
-  if (!existe || !*existe) return existe;
-  TARVO_TOMAR(const auto suma, soloSuma(**existe));
-  if (!suma) return existe;
-  const QString queSuma = TextoPeriodo(destino);
-  destino.tipo = kOtros;
-  destino.desde = std::ranges::min(lecturas, {}, &Recibido::desde).desde;
-  destino.hasta = std::ranges::max(lecturas, {}, &Recibido::hasta).hasta;
-  avisos.push_back({0, p_.textos()(kTxPeriodoSoloSuma, {queSuma, TextoPeriodo(destino)}), false});
-  return p_.BuscarPeriodo(destino.tipo, destino.desde, destino.hasta);
-}
 
 Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool sustituir,
                                          std::vector<Aviso>& avisos) {
@@ -246,27 +194,13 @@ void Memoria::sumarSiHayOtras(const std::vector<Recibido>& lecturas, std::vector
       modos[i] = Modo::Sumar;
 }
 
-// A period that was made by hand leaves the stock alone. Replaced whole it is one like any other;
-// where it keeps rows that may be out of stock by another way, it stays what it was.
-Resultado<> Memoria::hacerDescontable(const Columna& antes, qint64 link, bool sustituir,
-                                      bool conAjenas, const std::vector<Recibido>& lecturas,
-                                      std::vector<Aviso>& avisos) {
-  if (antes.stkABLE) return {};
-  const bool descontable = sustituir && !conAjenas;
-  TARVO_INTENTAR(db_.ejecutar(u"UPDATE COLUMNA SET stkABLE=? WHERE LINK=?"_s, descontable, link));
-  if (!descontable)
-    avisos.push_back({lecturas.front().CODGPO,
-                      p_.textos()(kTxPeriodoAMano, {TextoPeriodo(antes.periodo)}), false});
-  return {};
-}
-
 Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibido>& lecturas,
                                       bool sustituir, const QString& descr,
                                       std::vector<Aviso>& avisos) {
   TARVO_TOMAR(const auto existe, destinoDe(destino, lecturas, avisos));
   const bool pedido = sustituir;
   if (existe) {
-    TARVO_TOMAR(const auto acumulados, tieneAcumulados(db_, *existe));
+    TARVO_TOMAR(const auto acumulados, tieneAcumulados(*existe));
     sustituir = sustituir && !acumulados;
   }
   qint64 link = existe ? existe->LINK : 0;
@@ -282,7 +216,7 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
     if (modos[i] == Modo::Poner) sustituidos[lecturas[i].clase].push_back(lecturas[i].CODGPO);
   bool conAjenas = false;
   if (existe && !existe->stkABLE) {
-    TARVO_TOMAR(conAjenas, tieneAjenas(db_, a_, link, sustituidos));
+    TARVO_TOMAR(conAjenas, tieneAjenas(link, sustituidos));
   }
   std::optional<Periodos::Marcas> marcas;
   if (link == 0) {

@@ -1,6 +1,8 @@
 // Moving the rows of the inbox into a period, each sale once. Runs inside the caller's transaction.
 #pragma once
 
+#include <map>
+#include <optional>
 #include <vector>
 
 #include "totals/libros/Sesion.h"
@@ -48,6 +50,9 @@ class Memoria {
   Resultado<std::optional<Columna>> destinoDe(Periodo& destino,
                                               const std::vector<Recibido>& lecturas,
                                               std::vector<Aviso>& avisos);
+  Resultado<bool> tieneAcumulados(const Columna& c);
+  // Groups by kind that are about to be replaced.
+  Resultado<bool> tieneAjenas(qint64 link, const std::map<int, std::vector<int>>& sustituidos);
   Resultado<bool> soloSuma(const Columna& c);
   Resultado<> hacerDescontable(const Columna& antes, qint64 link, bool sustituir, bool conAjenas,
                                const std::vector<Recibido>& lecturas, std::vector<Aviso>& avisos);
