@@ -33,7 +33,8 @@ void cuadran(Tienda& t, int grupo) {
 // Somebody looks at the tickets: with the whole reading the periods have all that was sold, or with
 // what it has more than before.
 void contestar(Tienda& t) {
-  for (const auto& d : *totals::dudasAbiertas(t.db())) {
+  const auto dudas = totals::dudasAbiertas(t.db());
+  for (const auto& d : *dudas) {
     const auto bandeja =
         t.db().uno(u"SELECT SUM(IMP) FROM TOTGRT WHERE LINK=0 AND GRUPO=?", d.grupo);
     t.responder(
