@@ -131,6 +131,22 @@ TEST_F(PartesTest, LaCajaSinVentasNoDejaDuda) {
     }
 }
 
+// Two frames were answered and the third was not: all was cleared, though a busy day hides it.
+TEST_F(PartesTest, TrasDosTramasContestadasTodoEstaBorrado) {
+  leidaYMemorizada(20);
+  for (int trama = 1; trama <= 3; ++trama) {
+    ASSERT_TRUE(t.sesion().anunciarCero(2, 1, trama).has_value());
+    if (trama < 3) ASSERT_TRUE(t.sesion().parteHecha(2, 1, trama).has_value());
+  }
+  t.grupos.at(2).at(1).ponerACero();
+  t.cortar();
+  t.avisos.clear();
+  leidaYMemorizada(40);
+  EXPECT_FALSE(t.textoAvisos().contains(u"--puesta-a-cero")) << t.textoAvisos().toStdString();
+  cuadra();
+  EXPECT_TRUE(t.ponerACero(2));
+}
+
 // Two nights running the order breaks off after the articles.
 TEST_F(PartesTest, DosVecesAMedias) {
   leidaYMemorizada(20);

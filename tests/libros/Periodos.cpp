@@ -126,7 +126,7 @@ TEST_F(PeriodosLibrosTest, UnPeriodoHechoAManoRecibeLaLectura) {
   const Caso casos[] = {
       {kDiario, true, false, true, true, nullptr},
       {kDiario, true, true, true, false, u"se hizo a mano y no se descuenta"},
-      {kDiario, false, false, true, false, u"se hizo a mano y no se descuenta"},
+      {kDiario, false, false, true, true, nullptr},
       {kOtros, true, false, true, true, nullptr},
       {kOtros, false, true, true, false, u"se hizo a mano"},
       {kSemanal, true, false, true, true, nullptr},

@@ -152,8 +152,7 @@ TEST_F(Reglas, UnaOrdenSinRespuestaNoSeRepiteACiegas) {
   for (int g = 1; const Caso& c : casos) {
     SCOPED_TRACE(g);
     grupo(g, c.tipo, QStringLiteral("toma %1").arg(g));
-    vender(g, 10, 500, 100);
-    vender(g, 10, 500, 100);
+    for (const int importe : {500, 300, 200}) vender(g, 10, importe, 100);
     encolar(g, c.clase);
     ASSERT_TRUE(correr());
     problemas.clear();

@@ -46,7 +46,8 @@ Veredicto Mundo::correr() {
     dia(n);
     noche(n);
     responder();
-    if (plan_.noches[static_cast<std::size_t>(n)].otraVez && oraculo_->diferencias.isEmpty()) {
+    if (plan_.noches[static_cast<std::size_t>(n)].otraVez && acabada_ &&
+        oraculo_->diferencias.isEmpty()) {
       vender(maquinas_.front(), {codigos_[static_cast<std::size_t>(n)]}, reloj_.ahora().qdate(), 0);
       noche(n);
       responder();
@@ -272,6 +273,7 @@ void Mundo::noche(int n) {
             .arg(enNoche_));
   v_.arranques += arranques;
   todoBien_ = resultado == 0;
+  acabada_ = resultado.has_value();
   v_.conProblemas += resultado != 0;
   // What earlier nights left may be said in the first calm one, and keep a group out of it; then
   // there is nothing left.

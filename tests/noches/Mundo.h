@@ -62,6 +62,7 @@ class Mundo {
   qint64 peso_ = 0, enNoche_ = 0, inicioNoche_ = 0;
   int hoy_ = 0;
   bool todoBien_ = false;   // the night before ended without a problem
+  bool acabada_ = false;    // it came to its end
   bool hayFallos_ = false;  // something went wrong in a night before
   Veredicto v_;
   QByteArray huella_;

@@ -121,7 +121,7 @@ TEST(Registros, CadaTramaBorreLoQueBorre) {
   const std::array<int, 3> mapas[] = {
       {kArticulos, kSoloGranTotal, kSoloDepartamentos | kPersonal},
       {kPersonal, kArticulos, kTotales},
-      {kSoloGranTotal, kSoloDepartamentos, kArticulos},
+      {kSoloGranTotal, kSoloDepartamentos, kArticulos | kPersonal},
       {kTotales, kPersonal, kArticulos},
       {kSoloDepartamentos, kArticulos | kPersonal, kSoloGranTotal},
   };

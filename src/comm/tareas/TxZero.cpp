@@ -46,7 +46,7 @@ class Cero final : public motor::TrabajoTarea {
     dudar();
     return true;
   }
-  Resultado<std::vector<totals::Aviso>> cerrar() override { return std::vector<totals::Aviso>{}; }
+  Resultado<std::vector<totals::Aviso>> cerrar() override { return std::move(avisos_); }
   qint64 avance() const override { return static_cast<qint64>(maquina_); }
 
  private:
@@ -75,6 +75,7 @@ class Cero final : public motor::TrabajoTarea {
   };
 
   bool toda_, preparada_ = false, comprobar_ = false;
+  std::vector<totals::Aviso> avisos_;
   std::vector<int> pendientes_;  // machines yet to forget, by address; 0 where the group is one
   size_t maquina_ = 0;
   Marcha m_;
@@ -86,6 +87,7 @@ Resultado<> Cero::preparar() {
   TARVO_TOMAR(const auto permiso, e_.sesion.permisoCero(t_.Grupo));
   if (!permiso.permitido) return suprimido(permiso.motivo);
   comprobar_ = permiso.comprobar;
+  avisos_ = permiso.avisos;
   if (t_.Tipo == 3 && t_.Direcciones.empty())
     return suprimido(e_.textos(kTxSinCajasQueBorrar, {t_.Grupo}));
   std::vector<int> todas = t_.Tipo == 3 ? t_.Direcciones : std::vector<int>{0};

@@ -203,6 +203,15 @@ Resultado<> darPorOlvidadas(Database& db, const Ajustes& ajustes, int grupo,
   return {};
 }
 
+Resultado<> resolverBasesDe(Database& db, const Ajustes& ajustes, const Textos& textos, int grupo,
+                            std::vector<Aviso>& avisos) {
+  TARVO_TOMAR(const auto sabido, resolverPartes(db, ajustes, textos, grupo, avisos));
+  if (!sabido) return {};
+  TARVO_TOMAR(const auto lista, releidas(db, ajustes));
+  if (std::ranges::find(lista, grupo, &Releida::grupo) == lista.end()) return {};
+  return resolverGrupo(db, ajustes, textos, lista, grupo, avisos);
+}
+
 Resultado<> resolverBases(Database& db, const Ajustes& ajustes, const Textos& textos,
                           std::vector<Aviso>& avisos) {
   TARVO_TOMAR(const auto aMedias, gruposAMedias(db));

@@ -33,7 +33,7 @@ Resultado<bool> comparable(dao::Database& db, int numero, qint64 link, int grupo
   return n.entero() > 0;
 }
 
-// What the inbox rows of a kind are behind, because their set of counters was cleared by itself.
+// What the inbox rows of a kind lack, because the kind was cleared by itself.
 // Nothing when nobody knows.
 Resultado<std::optional<qint64>> ajusteDe(dao::Database& db, int numero, int grupo) {
   TARVO_TOMAR(auto rs, db.consultar(u"SELECT AJUSTE FROM Lecturas WHERE GRUPO=? AND CLASE=?"_s,

@@ -198,7 +198,6 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
                                       bool sustituir, const QString& descr,
                                       std::vector<Aviso>& avisos) {
   TARVO_TOMAR(const auto existe, destinoDe(destino, lecturas, avisos));
-  const bool pedido = sustituir;
   if (existe) {
     TARVO_TOMAR(const auto acumulados, tieneAcumulados(*existe));
     sustituir = sustituir && !acumulados;
@@ -245,7 +244,7 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
     TARVO_INTENTAR(anotarOrigen(r, link));
     TARVO_INTENTAR(anotarBase(r, link));
   }
-  if (existe) TARVO_INTENTAR(hacerDescontable(*existe, link, pedido, conAjenas, lecturas, avisos));
+  if (existe) TARVO_INTENTAR(hacerDescontable(*existe, link, conAjenas, lecturas, avisos));
   if (marcas) TARVO_INTENTAR(p_.ReacumularTodo(link, *marcas));
   return link;
 }

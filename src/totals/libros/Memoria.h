@@ -28,6 +28,10 @@ struct Recibido {
 Resultado<> resolverBases(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
                           std::vector<Aviso>& avisos);
 
+// The same for one group, before it is told to forget: that would overwrite what shows it.
+Resultado<> resolverBasesDe(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
+                            int grupo, std::vector<Aviso>& avisos);
+
 class Memoria {
  public:
   Memoria(dao::Database& db, const Ajustes& ajustes, Periodos& periodos, qint64 ejecucion)
@@ -54,7 +58,7 @@ class Memoria {
   // Groups by kind that are about to be replaced.
   Resultado<bool> tieneAjenas(qint64 link, const std::map<int, std::vector<int>>& sustituidos);
   Resultado<bool> soloSuma(const Columna& c);
-  Resultado<> hacerDescontable(const Columna& antes, qint64 link, bool sustituir, bool conAjenas,
+  Resultado<> hacerDescontable(const Columna& antes, qint64 link, bool conAjenas,
                                const std::vector<Recibido>& lecturas, std::vector<Aviso>& avisos);
   Resultado<> anotarBase(const Recibido& r, qint64 link);
   Resultado<> anotarOrigen(const Recibido& r, qint64 link);

@@ -60,13 +60,14 @@ Resultado<std::optional<Columna>> Memoria::destinoDe(Periodo& destino,
   return p_.BuscarPeriodo(destino.tipo, destino.desde, destino.hasta);
 }
 
-// A period that was made by hand leaves the stock alone. Replaced whole it is one like any other;
-// where it keeps rows that may be out of stock by another way, it stays what it was.
-Resultado<> Memoria::hacerDescontable(const Columna& antes, qint64 link, bool sustituir,
-                                      bool conAjenas, const std::vector<Recibido>& lecturas,
+// A period that was made by hand leaves the stock alone. With nothing in it but what was read it is
+// one like any other; where it keeps rows that may be off the stock by another way, it stays what
+// it was.
+Resultado<> Memoria::hacerDescontable(const Columna& antes, qint64 link, bool conAjenas,
+                                      const std::vector<Recibido>& lecturas,
                                       std::vector<Aviso>& avisos) {
   if (antes.stkABLE) return {};
-  const bool descontable = sustituir && !conAjenas;
+  const bool descontable = !conAjenas;
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE COLUMNA SET stkABLE=? WHERE LINK=?"_s, descontable, link));
   if (!descontable)
     avisos.push_back({lecturas.front().CODGPO,

@@ -41,7 +41,7 @@ Resultado<> olvidarClase(Database& db, int grupo, int addr, int numero) {
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=? AND ADDR=?"_s, grupo,
                              numero, addr));
   TARVO_INTENTAR(db.ejecutar(
-      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=? "_s
+      u"UPDATE Lecturas SET LINK=NULL, APARTE=0 WHERE GRUPO=? "_s
       u"AND CLASE=? AND NOT EXISTS (SELECT 1 FROM BaseFilas WHERE BaseFilas.GRUPO=Lecturas.GRUPO AND "_s
       u"BaseFilas.CLASE=Lecturas.CLASE)"_s,
       grupo, numero));

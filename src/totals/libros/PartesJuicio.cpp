@@ -182,7 +182,7 @@ Resultado<> aplicar(Database& db, const Caja& c, const Via& borradas) {
     // What was never memorised shows nothing: how far it is behind the others nobody knows.
     TARVO_TOMAR(const auto base,
                 db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND CLASE=? "_s
-                       u"AND LINK IS NOT NULL"_s,
+                       u"AND (LINK IS NOT NULL OR BASE_HASTA IS NOT NULL)"_s,
                        c.grupo, k));
     const bool sabido = t != c.t.end() || base.entero() > 0;
     TARVO_INTENTAR(db.ejecutar(

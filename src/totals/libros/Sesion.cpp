@@ -1,5 +1,7 @@
 #include "totals/libros/Sesion.h"
 
+#include <cmath>
+
 #include "totals/libros/SesionInterior.h"
 
 namespace tarvo::totals {
@@ -85,7 +87,7 @@ Resultado<bool> Sesion::AbrirSesion() {
 
 void Sesion::Estado::renovar(Fecha ahora) {
   const double plazo = ejecucion == 0 || reanuda ? kSinContinuidad : kDeUnaVez;
-  if (de == ejecucion && ahora - hasta < plazo && hasta <= ahora) return;
+  if (de == ejecucion && std::abs(ahora - hasta) < plazo) return;
   hasta = aCero = ahora;
   de = ejecucion;
 }
