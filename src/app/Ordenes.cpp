@@ -8,6 +8,8 @@ namespace tarvo::app {
 
 namespace {
 
+constexpr int kEsperaMayor = 24 * 60;  // minutes
+
 std::optional<Idioma> idiomaDe(const QString& letras) {
   static constexpr std::pair<const char16_t*, Idioma> kIdiomas[] = {
       {u"es", Idioma::Espanol}, {u"it", Idioma::I},  {u"fr", Idioma::F},
@@ -45,6 +47,8 @@ class Lector {
       puestaACero(a);
     else if (a == u"--ventana")
       o_.ventana = valor(a);
+    else if (a == u"--espera")
+      espera(valor(a));
     else if (a == u"--tema")
       tema(valor(a));
     else if (a == u"--ayuda")
@@ -66,6 +70,14 @@ class Lector {
     const auto hallado = idiomaDe(letras);
     if (hallado) o_.idioma = *hallado;
     if (!hallado && fallo_.isEmpty()) fallo_ = t_(kTxIdiomaDesconocido).arg(letras);
+  }
+
+  void espera(const QString& minutos) {
+    bool numero = false;
+    const int n = minutos.toInt(&numero);
+    const bool bien = numero && n >= 0 && n <= kEsperaMayor;
+    if (bien) o_.espera = n;
+    if (!bien && fallo_.isEmpty()) fallo_ = t_(kTxEsperaMala).arg(minutos).arg(kEsperaMayor);
   }
 
   void tema(const QString& palabra) {
@@ -100,7 +112,7 @@ class Lector {
     bool bien = maquina.size() <= 2, bienAddr = true;
     if (bien) o_.grupo = maquina.first().toInt(&bien);
     if (bien && maquina.size() == 2) o_.direccion = maquina.last().toInt(&bienAddr);
-    o_.seBorro = dicho == u"sí" || dicho == u"si";
+    o_.seBorro = dicho.size() == 2 && dicho.startsWith(u's');
     if (!bien || !bienAddr || (!o_.seBorro && dicho != u"no"))
       if (fallo_.isEmpty()) fallo_ = t_(kTxPuestaMala);
   }

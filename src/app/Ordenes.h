@@ -31,8 +31,9 @@ struct Ordenes {
   // Of --puesta-a-cero: the machine, and whether it was zeroed.
   int grupo = 0, direccion = 0;
   bool seBorro = false;
-  QString ventana;  // the one to open alone; empty for the main window
-  QString tema;     // "claro", "oscuro", or empty for the one that is set
+  QString ventana;   // the one to open alone; empty for the main window
+  int espera = 120;  // minutes for another program without a screen to end
+  QString tema;      // "claro", "oscuro", or empty for the one that is set
 };
 
 // `argumentos` without the program's own name.

@@ -1,6 +1,7 @@
 #include "automation/Automat.h"
 
 #include "automation/AutomatInterior.h"
+#include "automation/Relacion.h"
 
 namespace tarvo::automation {
 
@@ -10,6 +11,7 @@ namespace {
 
 constexpr int kTic = 500;
 constexpr qint64 kPacienciaAborto = 5 * 60 * 1000;
+const QString kSangria = QStringLiteral("    ");
 
 }  // namespace
 
@@ -21,7 +23,10 @@ Automat::Interior::Interior(Automat& automat, const Taller& taller, Preguntas& q
       diario(t.db, t.textos),
       ejecutor(t, diario),
       fichero(t.textos),
-      reloj(t.reloj.temporizador([this] { vencer(); })) {
+      reloj(t.reloj.temporizador([this] { vencer(); })),
+      pronto(t.reloj.temporizador([this] {
+        if (reloj->activo()) vencer();
+      })) {
   vigilancia.vigilante = &automat;
 }
 
@@ -55,12 +60,16 @@ bool Automat::Interior::avanzar() {
   const auto total = static_cast<qint64>(pasos.size());
   if (indice < 0 || indice >= total) {
     fase = kAcabando;
+    mirarPronto();
     return false;
   }
   if (!pendiente) {
     ++indice;
     pendiente = true;
-    if (indice >= total) return false;
+    if (indice >= total) {
+      mirarPronto();
+      return false;
+    }
     if (fase == kPasoAPaso) {
       quedarEnPaso();
       return false;
@@ -76,13 +85,25 @@ bool Automat::Interior::avanzar() {
   else if (*hecho) {
     pendiente = false;
     marcar(EstadoPaso::Hecho);
+    mirarPronto();
   }
   return false;
+}
+
+// The tick is only the pace at which a wait is looked at. What follows a step that is done, or a
+// queue that became empty, has nothing to wait for.
+void Automat::Interior::mirarPronto() {
+  if (!pronto->activo()) pronto->unaVez(0);
+}
+
+void Automat::Interior::colaCambiada() {
+  if (reloj->activo() && t.motor.CuantosQuedan().total == 0) mirarPronto();
 }
 
 void Automat::Interior::quedarEnPaso() {
   fase = kDetenidoEnPaso;
   reloj->parar();
+  t.motor.FijarModo(false);
   escribirMomento(kTxRetenida);
 }
 
@@ -128,6 +149,7 @@ void Automat::Interior::terminar(ResultadoProceso con, int faseFinal, int linea)
   indice = -1;
   interrumpirVistas();
   resultado = con;
+  contarLoHecho();
   escribirMomento(linea);
   fase = faseFinal;
   if (averiado || pasos.empty()) return;
@@ -137,6 +159,16 @@ void Automat::Interior::terminar(ResultadoProceso con, int faseFinal, int linea)
     escribir({r.error().texto});
     resultado = std::max(resultado, ResultadoProceso::Problemas);
   }
+}
+
+// What came of it group by group, as the last thing before the end.
+void Automat::Interior::contarLoHecho() {
+  if (averiado || pasos.empty()) return;
+  const auto relacion = relacionDe(t, e.numero);
+  if (!relacion) return escribir({kSangria + relacion.error().texto});
+  QStringList entrada;
+  for (const QString& hecho : *relacion) entrada += kSangria + hecho;
+  if (!entrada.isEmpty()) escribir(entrada);
 }
 
 // The last thing that a tick does: whoever hears it may destroy the runner.
@@ -178,7 +210,7 @@ void Automat::ejecutar() {
   d->resultado = ResultadoProceso::Bien;
   d->escribirMomento(kTxIniciada);
   if (nueva) d->empezar();
-  if (d->motorAbierto) d->t.motor.CambioAModo(true);
+  if (d->motorAbierto) d->t.motor.FijarModo(true);
   if (d->fase == kAcabado || d->fase == kAbortado) {
     d->cambio();
     return d->reloj->unaVez(0);
@@ -190,6 +222,7 @@ void Automat::ejecutar() {
 void Automat::retener() {
   if (d->fase != kEjecutando) return;
   d->fase = kPasoAPaso;
+  d->t.motor.FijarModo(false);
   d->cambio();
 }
 

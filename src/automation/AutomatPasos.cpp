@@ -9,7 +9,7 @@ namespace {
 
 constexpr qint64 kLatido = 60 * 1000;
 constexpr qsizetype kLineasALaVista = 20'000;
-const QString kSangria = QStringLiteral("    ");
+const QString kMargen = QStringLiteral("    ");
 
 // The steps that make use of the engine, as a window that would have to be open.
 bool pideMotor(const PasoProceso& p) {
@@ -67,7 +67,7 @@ Resultado<bool> Automat::Interior::preguntar(const Parametro& parametro) {
   if (fase == kAbortando) return false;  // meanwhile: no step is under way any more
   if (!respuesta) {
     escribir({cabecera(),
-              kSangria + t.textos(kTxFaltaParametro, {parametro.nombre, parametro.pregunta})});
+              kMargen + t.textos(kTxFaltaParametro, {parametro.nombre, parametro.pregunta})});
     empezarAborto();
     return false;
   }
@@ -107,12 +107,15 @@ void Automat::Interior::abrirMotor() {
   if (std::exchange(motorAbierto, true)) return;
   vigilancia.reintentos = t.ajustes.IntentosManual;
   t.motor.VigilaProcesos(vigilancia.reintentos, false, vigilancia.vigilante);
-  t.motor.CambioAModo(true);
+  t.motor.FijarModo(true);
+  t.motor.observar(this);
 }
 
 void Automat::Interior::soltarMotor() {
-  if (std::exchange(motorAbierto, false))
-    t.motor.VigilaProcesos(t.ajustes.IntentosManual, false, nullptr);
+  if (!std::exchange(motorAbierto, false)) return;
+  t.motor.FijarModo(false);
+  t.motor.dejarDeObservar(this);
+  t.motor.VigilaProcesos(t.ajustes.IntentosManual, false, nullptr);
 }
 
 void Automat::Interior::sesionAlFichero() {
@@ -161,7 +164,7 @@ void Automat::Interior::informar(const Hecho& hecho) {
   if (hecho.problemas) problema();
   QStringList entrada;
   const auto decir = [&](const AvisoHecho& aviso) {
-    entrada += kSangria + aviso.texto;
+    entrada += kMargen + aviso.texto;
     recordar(aviso);
   };
   if (hecho.codigo != 0) decir({0, mensajePaso(hecho.codigo, t.textos), hecho.problemas});
@@ -200,7 +203,7 @@ void Automat::Interior::informarTarea(int clase, int grupo, int error, int estad
                       motor::TextoEstado(estado, t.textos) + u']'};
   const auto explicado = motor::textosError(error, t.textos);
   const QString explicacion = explicado.cabecera + explicado.mensaje;
-  if (!explicacion.isEmpty()) informe += kSangria + explicacion;
+  if (!explicacion.isEmpty()) informe += kMargen + explicacion;
   escribir(informe);
   escribir({tarea + u' ' + t.textos(fin)});
   if (fin == kTxSeAbandona)

@@ -1,6 +1,7 @@
 #include "automation/Ejecutor.h"
 
 #include "automation/TextosAutomation.h"
+#include "comm/motor/TextosMotor.h"
 
 namespace tarvo::automation {
 
@@ -12,13 +13,7 @@ constexpr qint64 kMayorGrupo = 32767, kMayorReintento = 32767;
 // Where nobody is there: a machine that doesn't answer must not cost the night.
 constexpr int kReintentosSinNadie = 100;
 constexpr int kUltimoMensaje = 14;
-
-Hecho deFallo(const Error& e, int codigo = 0) {
-  Hecho h;
-  h.error(codigo);
-  h.decir(e.texto);
-  return h;
-}
+constexpr int kErrorCrear = 7;
 
 void contar(const std::vector<totals::Aviso>& avisos, Hecho& h) {
   for (const auto& a : avisos) h.decir(a.texto, a.grave, a.grupo);
@@ -71,6 +66,13 @@ Resultado<std::optional<std::vector<int>>> gruposDe(const PasoProceso& p, dao::D
 
 }  // namespace
 
+Hecho deFallo(const Error& error, int codigo) {
+  Hecho h;
+  h.error(codigo);
+  h.decir(error.texto);
+  return h;
+}
+
 QString mensajePaso(int codigo, const Textos& textos) {
   return codigo > 0 && codigo <= kUltimoMensaje ? textos(kTxMensajePaso + codigo) : QString();
 }
@@ -106,7 +108,7 @@ Resultado<Hecho> Ejecutor::tarea(const PasoProceso& p, Ejecucion& e) {
     h.error(2);
     return h;
   }
-  QStringList rechazados;
+  QStringList rechazados, motivos;
   for (const int g : **grupos) {
     const int codigo =
         t_.motor.NuevaTarea(g, orden->todo, orden->desde, orden->hasta, orden->clase, e.paso);
@@ -114,18 +116,33 @@ Resultado<Hecho> Ejecutor::tarea(const PasoProceso& p, Ejecucion& e) {
       TARVO_INTENTAR(diario_.tareaEnCola(e.numero, e.paso, g, orden->clase));
       continue;
     }
-    h.error(codigo);
+    const QString motivo = motivoRechazo(codigo, g, orden->clase);
+    h.problemas = true;
+    if (!motivos.contains(motivo)) motivos += motivo;
     rechazados += Ceros(g, 4);
-    TARVO_INTENTAR(
-        diario_.tareaRechazada(e.numero, e.paso, g, orden->clase, mensajePaso(codigo, t_.textos)));
+    TARVO_INTENTAR(diario_.tareaRechazada(e.numero, e.paso, g, orden->clase, motivo));
     // What the group holds now isn't read in this run, so it must not be told to forget it.
     if (codigo == 1) {
       e.fallidos.insert(g);
       t_.motor.anadirGrupoFallido(g);
     }
   }
+  for (const QString& motivo : motivos) h.decir(motivo);
   if (!rechazados.isEmpty()) h.decir(t_.textos(kTxRechazados, {rechazados.join(u", ")}));
   return h;
+}
+
+// In words. The engine has one code for a group that isn't there and for a kind of task that it or
+// the group doesn't know.
+QString Ejecutor::motivoRechazo(int codigo, int grupo, int clase) const {
+  constexpr int kDestinoMalo = 2;
+  const auto* c = t_.registro.porNumero(clase);
+  const auto tipo = t_.db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo);
+  const bool hayGrupo = tipo && !tipo->nulo();
+  const bool nadie = !c || !c->crear;
+  const bool ajena = hayGrupo && c && !c->valePara(static_cast<int>(tipo->entero()));
+  return codigo == kDestinoMalo && (nadie || ajena) ? t_.textos(motor::kTxSinQuienEnvie)
+                                                    : mensajePaso(codigo, t_.textos);
 }
 
 int Ejecutor::repetir(const PasoProceso& p, const Diario::Tarea& tarea) {
@@ -210,15 +227,41 @@ Hecho Ejecutor::periodos(const PasoProceso& p, const Ejecucion& e) {
     h.decir(t_.textos(kTxOrdenNoExiste));
     return h;
   }
+  if (p.verbo() == kCrear) return crear(p);
+  if (p.verbo() == kSumar) decirSolapes(h);
   const std::vector<qint64> elegidos = t_.verTot.LosSelec();
   const auto r = operacion(p);
   if (!r)
-    h = deFallo(r.error(), p.verbo() == kCrear ? 7 : 0);
+    h = deFallo(r.error());
   else if (!*r)
     h.error(codigoPeriodos(p.verbo()));
   if (p.verbo() == kAcumular || p.verbo() == kStock)
     pendientes(p, r ? std::vector<qint64>{} : elegidos, h);
   return h;
+}
+
+Hecho Ejecutor::crear(const PasoProceso& p) {
+  Hecho h;
+  const auto* i = std::get_if<Intervalo>(&p.c[2]);
+  if (!i) {
+    h.error(kErrorCrear);
+    return h;
+  }
+  const totals::Periodo periodo{i->tipo, i->desde, i->hasta};
+  const auto creado = t_.verTot.CrearIntvalo(periodo, p.texto(3));
+  if (!creado) return deFallo(creado.error(), kErrorCrear);
+  if (creado->existia) h.decir(t_.textos(kTxYaExistia, {nombrePeriodo(creado->link)}), false);
+  return h;
+}
+
+// What its author asks for is done, and what it counts twice is named.
+void Ejecutor::decirSolapes(Hecho& h) {
+  const auto suma = t_.verTot.destinoDeSuma();
+  if (!suma || !*suma || !(*suma)->existente) return;
+  for (const auto& s : (*suma)->solapes)
+    h.decir(t_.textos(
+        s.yaDentro ? kTxSumaYaDentro : kTxSumaSolapa,
+        {totals::TextoPeriodo(s.uno).simplified(), totals::TextoPeriodo(s.otro).simplified()}));
 }
 
 QString Ejecutor::nombrePeriodo(qint64 link) const {
@@ -252,13 +295,6 @@ Resultado<bool> Ejecutor::operacion(const PasoProceso& p) {
   const auto* desde = std::get_if<Fecha>(&p.c[3]);
   const auto* hasta = std::get_if<Fecha>(&p.c[4]);
   switch (p.verbo()) {
-    case kCrear: {
-      const auto* i = std::get_if<Intervalo>(&p.c[2]);
-      if (!i) return false;
-      TARVO_TOMAR(const auto link,
-                  t_.verTot.CrearIntvalo({i->tipo, i->desde, i->hasta}, p.texto(3)));
-      return link >= 0;
-    }
     case kBorrar:
       return desde && hasta ? t_.verTot.BorrarIntvalo(tipo, *desde, *hasta) : false;
     case kLimpiar:

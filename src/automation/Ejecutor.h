@@ -29,6 +29,8 @@ struct Hecho {
 };
 
 QString mensajePaso(int codigo, const Textos& textos);
+// What became of a step that the store refused, with the message of the step that it failed.
+Hecho deFallo(const Error& error, int codigo = 0);
 
 // Under what rule the engine's tasks are watched.
 struct Vigilancia {
@@ -55,17 +57,23 @@ class Ejecutor {
     QString nombre;
   };
   Resultado<Hecho> tarea(const PasoProceso& p, Ejecucion& e);
+  QString motivoRechazo(int codigo, int grupo, int clase) const;
   Hecho sesion(const PasoProceso& p, Ejecucion& e);
   void cerrar(const PasoProceso& p, Ejecucion& e, Hecho& h);
   void noMemorizado(Ejecucion& e, Hecho& h);
   Hecho control(const PasoProceso& p);
   Hecho periodos(const PasoProceso& p, const Ejecucion& e);
+  Hecho crear(const PasoProceso& p);
+  void decirSolapes(Hecho& h);
   Resultado<bool> operacion(const PasoProceso& p);
   void pendientes(const PasoProceso& p, const std::vector<qint64>& debidos, Hecho& h);
   Hecho selUltimo(const Ejecucion& e);
   Hecho exportar(const PasoProceso& p, const Ejecucion& e);
   void exportarPendientes(const std::vector<Pendientes::Exporte>& viejos, const Exportacion& x,
-                          std::vector<qint64>& propios, QStringList& saldados, Hecho& h);
+                          std::vector<qint64>& propios, std::vector<qint64>& saldados, Hecho& h);
+  void exportarPropios(const std::vector<qint64>& propios, const Exportacion& x,
+                       const QString& marca, std::vector<qint64>& saldados,
+                       std::vector<Pendientes::Exporte>& debidos, Hecho& h);
   QString nombrePeriodo(qint64 link) const;
   QString nombrePeriodos(const std::vector<qint64>& links) const;
 

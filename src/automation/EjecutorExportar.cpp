@@ -28,22 +28,42 @@ QString Ejecutor::nombrePeriodos(const std::vector<qint64>& links) const {
   return nombres.join(u", "_s);
 }
 
-// Those that reach the file leave `propios`: a period that is selected again is not exported twice.
+// What was tried leaves `propios`: a period that is selected again is neither exported nor owed
+// twice.
 void Ejecutor::exportarPendientes(const std::vector<Pendientes::Exporte>& viejos,
                                   const Exportacion& x, std::vector<qint64>& propios,
-                                  QStringList& saldados, Hecho& h) {
+                                  std::vector<qint64>& saldados, Hecho& h) {
   for (const auto& viejo : viejos) {
     const QString periodos = nombrePeriodos(viejo.links);
     const auto r = t_.xporTot.XportRemoto(viejo.links, x.como, x.nombre, viejo.marca);
-    if (!r || !*r) {
-      h.decir(t_.textos(kTxSiguePendiente, {periodos, r ? QString() : r.error().texto}));
-      continue;
-    }
-    h.decir(t_.textos(kTxPendienteHecho, {periodos}), false);
-    saldados += viejo.marca;
-    std::erase_if(propios, [&viejo](qint64 link) {
+    const auto elegidos = std::erase_if(propios, [&viejo](qint64 link) {
       return std::ranges::find(viejo.links, link) != viejo.links.end();
     });
+    if (r && *r) {
+      h.decir(t_.textos(kTxPendienteHecho, {periodos}), false);
+      saldados.insert(saldados.end(), viejo.links.begin(), viejo.links.end());
+      continue;
+    }
+    if (elegidos > 0) h.error(kErrorExportar);
+    h.decir(t_.textos(kTxSiguePendiente, {periodos, r ? QString() : r.error().texto}));
+  }
+}
+
+// Each period under a mark of its own: one that can't be exported holds back no other.
+void Ejecutor::exportarPropios(const std::vector<qint64>& propios, const Exportacion& x,
+                               const QString& marca, std::vector<qint64>& saldados,
+                               std::vector<Pendientes::Exporte>& debidos, Hecho& h) {
+  for (const qint64 link : propios) {
+    const Pendientes::Exporte uno{u"%1.%2"_s.arg(marca).arg(link), {link}};
+    const auto r = t_.xporTot.XportRemoto(uno.links, x.como, x.nombre, uno.marca);
+    if (r && *r) {
+      saldados.push_back(link);
+      continue;
+    }
+    h.error(kErrorExportar);
+    debidos.push_back(uno);
+    if (!r) h.decir(r.error().texto);
+    h.decir(t_.textos(kTxQuedaPendiente, {nombrePeriodo(link)}));
   }
 }
 
@@ -58,29 +78,20 @@ Hecho Ejecutor::exportar(const PasoProceso& p, const Ejecucion& e) {
                       p.texto(4).isEmpty()
                           ? u"EX"_s + ahora.qdate().toString(QStringLiteral("yyMMdd"))
                           : ExpandirNombre(p.texto(4), ahora, t_.db)};
-  const int orden = ordenExporte(e);
-  std::vector<qint64> propios = t_.verTot.LosSelec();
-  const bool nadaElegido = propios.empty();
-  QStringList saldados;
-  if (const auto viejos = Pendientes(t_.db).exportes(e.nombre, orden))
-    exportarPendientes(*viejos, x, propios, saldados, h);
-  else
-    h.decir(viejos.error().texto);
+  const Pendientes::Destino destino{e.nombre, ordenExporte(e), t_.xporTot.rutaDestino(x.nombre)};
+  const auto viejos = Pendientes(t_.db).exportes(destino);
+  if (!viejos) return deFallo(viejos.error(), kErrorExportar);
 
-  Pendientes::Exporte debido{u"%1.%2"_s.arg(e.numero).arg(e.paso), {}};
-  if (nadaElegido || !propios.empty()) {
-    const auto r = t_.xporTot.XportRemoto(propios, x.como, x.nombre, debido.marca);
-    if (!r || !*r) {
-      h.error(kErrorExportar);
-      debido.links = propios;
-    }
-    if (!r) h.decir(r.error().texto);
-    if (!debido.links.empty()) h.decir(t_.textos(kTxQuedaPendiente, {nombrePeriodos(propios)}));
-  }
-  h.anotar = [this, saldados, debido, orden, proceso = e.nombre]() -> Resultado<> {
+  std::vector<qint64> propios = t_.verTot.LosSelec(), saldados;
+  std::vector<Pendientes::Exporte> debidos;
+  if (propios.empty()) h.error(kErrorExportar);
+  exportarPendientes(*viejos, x, propios, saldados, h);
+  exportarPropios(propios, x, u"%1.%2"_s.arg(e.numero).arg(e.paso), saldados, debidos, h);
+  h.anotar = [this, saldados, debidos, destino]() -> Resultado<> {
     Pendientes libro(t_.db);
-    for (const QString& marca : saldados) TARVO_INTENTAR(libro.saldarExporte(marca));
-    return debido.links.empty() ? Resultado<>() : libro.anotarExporte(proceso, orden, debido);
+    for (const qint64 link : saldados) TARVO_INTENTAR(libro.saldarExporte(destino, link));
+    for (const auto& debido : debidos) TARVO_INTENTAR(libro.anotarExporte(destino, debido));
+    return libro.limpiar();
   };
   return h;
 }

@@ -7,6 +7,7 @@
 
 #include "automation/ProximaVez.h"
 #include "automation/TextosAutomation.h"
+#include "automation/historia/Pendientes.h"
 #include "totals/libros/Cuadre.h"
 #include "totals/libros/TablasLibros.h"
 #include "totals/periodos/Calendario.h"
@@ -42,6 +43,7 @@ LectorResumen::LectorResumen(const FuentesResumen& fuentes) : f_(fuentes) {
   r_.ahora = f_.ahora;
   anadir([this] { return leerEjecuciones(); });
   anadir([this] { return leerBandeja(); });
+  anadir([this] { return leerDebidos(); });
   anadir([this]() -> Resultado<> {
     leerCronos();
     if (!r_.proxima) leerHorarios();
@@ -78,7 +80,8 @@ Resultado<> LectorResumen::leerEjecuciones() {
     anadir([this, i] { return leerEjecucion(r_.ejecuciones[i - 1]); });
   anadir([this] { return leerGrupos(); });
   for (const auto& e : r_.ejecuciones)
-    for (const PeriodoHecho& p : e.periodos) anadir([this, p] { return leerPeriodo(p); });
+    for (const PeriodoHecho& p : e.periodos)
+      anadir([this, p, n = e.numero] { return leerPeriodo(p, n); });
   return {};
 }
 
@@ -88,8 +91,13 @@ Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
   TARVO_TOMAR(const auto avisos, historial.avisos(e.numero));
   for (const auto& t : tareas) {
     DeGrupo& d = porGrupo_[t.grupo];
-    if (totals::clase(t.clase)) d.avisos.clear();  // read again: what was said before is over
-    d.clases[t.clase] = {t, e.fin};
+    if (totals::clase(t.clase)) {
+      // Read again: what was said before is over, and while it is being read, what was done is too.
+      if (e.fin == FinEjecucion::EnMarcha && d.recogida != e.numero) d.clases.clear();
+      d.avisos.clear();
+      d.recogida = e.numero;
+    }
+    d.clases[t.clase] = {t, e.fin, ++veces_};
   }
   r_.avisos.clear();
   for (const auto& a : avisos) {
@@ -119,7 +127,7 @@ Resultado<> LectorResumen::leerGrupos() {
 
 // --- what was made ------------------------------------------------------------------------------
 
-Resultado<> LectorResumen::leerPeriodo(const PeriodoHecho& hecho) {
+Resultado<> LectorResumen::leerPeriodo(const PeriodoHecho& hecho, qint64 ejecucion) {
   const QString columnas = u"SELECT TIPO, FECHA1, FECHAF, DESCR, LINK FROM COLUMNA WHERE "_s;
   TARVO_TOMAR(auto rs, hecho.dias
                            ? f_.db.consultar(columnas + u"TIPO=? AND FECHA1=? AND FECHAF=?"_s,
@@ -134,6 +142,7 @@ Resultado<> LectorResumen::leerPeriodo(const PeriodoHecho& hecho) {
   if (repetido != r_.periodos.end()) return {};
   const totals::Periodo p{static_cast<int>(rs->entero(0)), rs->fecha(1), rs->fecha(2)};
   PeriodoResumen nuevo{.link = link,
+                       .ejecucion = ejecucion,
                        .tipo = p.tipo,
                        .desde = p.desde,
                        .texto = totals::TextoPeriodo(p),
@@ -165,12 +174,14 @@ Resultado<> LectorResumen::leerAnteriores(PeriodoResumen& p, Fecha desde) {
   return {};
 }
 
-// The group's part of the night's period, and whether it foots; where no period has it, the inbox.
+// The group's part of the period that its last collection went into, and whether it foots; where no
+// period has it, the inbox. A period made before that collection says nothing of it.
 Resultado<> LectorResumen::cuadrar(size_t cual) {
   GrupoResumen& g = r_.grupos[cual];
-  if (g.estado == EstadoGrupo::SinIntentar) return {};
+  if (g.estado == EstadoGrupo::SinIntentar || g.estado == EstadoGrupo::EnMarcha) return {};
   qint64 link = 0;
   for (const PeriodoResumen& p : r_.periodos) {
+    if (p.ejecucion < porGrupo_[g.grupo].recogida) continue;
     TARVO_TOMAR(const auto suma, f_.db.uno(u"SELECT SUM(IMP) FROM TOTGRT WHERE LINK=? AND GRUPO=?",
                                            p.link, g.grupo));
     if (suma.nulo()) continue;
@@ -221,6 +232,12 @@ Resultado<> LectorResumen::leerBandeja() {
     r_.bandeja.push_back(std::move(e));
     TARVO_INTENTAR(rs->MoveNext());
   }
+  return {};
+}
+
+Resultado<> LectorResumen::leerDebidos() {
+  TARVO_TOMAR(const auto todos, Pendientes(f_.db).todos());
+  r_.debidos = static_cast<int>(todos.size());
   return {};
 }
 

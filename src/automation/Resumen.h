@@ -12,20 +12,22 @@
 
 namespace tarvo::automation {
 
-enum class EstadoGrupo { Bien, Dudoso, Fallido, SinIntentar };
+enum class EstadoGrupo { Bien, Dudoso, Fallido, SinIntentar, EnMarcha };
 
 struct GrupoResumen {
   int grupo = 0;
   QString nombre;
   EstadoGrupo estado = EstadoGrupo::SinIntentar;
-  QString motivo;                 // one sentence
-  QStringList motivos;            // all of them
-  std::optional<qint64> importe;  // of the night's period, stored money
+  QString motivo;       // one sentence
+  QStringList motivos;  // all of them
+  // What the period of its last collection has of it, stored money; nothing while there is none.
+  std::optional<qint64> importe;
   int cuadran = 0, difieren = 0;  // comparisons of its totals with one another
 };
 
 struct PeriodoResumen {
   qint64 link = 0;
+  qint64 ejecucion = 0;  // the last that memorised into it
   int tipo = 0;
   Fecha desde;
   QString texto, descripcion;  // its days; its name
@@ -56,6 +58,7 @@ struct Resumen {
   std::vector<GrupoResumen> grupos;
   std::vector<PeriodoResumen> periodos;  // made by the night, or what replaced them
   int perdidos = 0;                      // made by it, deleted or given other dates since
+  int debidos = 0;                       // left to do of periods by this and earlier nights
   int sesion = 0;                        // 0 closed, 1 open and empty, 2 open with data
   std::vector<EsperaResumen> bandeja;
   std::optional<ProximaResumen> proxima;
@@ -86,10 +89,12 @@ class LectorResumen {
   struct Asunto {  // what came last of a group and kind
     TareaHecha tarea;
     FinEjecucion fin = FinEjecucion::Bien;
+    int vez = 0;  // their order, over all runs
   };
   struct DeGrupo {
     std::map<int, Asunto> clases;
     QStringList avisos;
+    qint64 recogida = 0;  // the last run that was to read it
   };
 
   void anadir(std::function<Resultado<>()> paso) { pasos_.push_back(std::move(paso)); }
@@ -97,14 +102,16 @@ class LectorResumen {
   Resultado<> leerEjecucion(const EjecucionHecha& e);
   Resultado<> leerGrupos();
   Resultado<> cuadrar(size_t grupo);
-  Resultado<> leerPeriodo(const PeriodoHecho& hecho);
+  Resultado<> leerPeriodo(const PeriodoHecho& hecho, qint64 ejecucion);
   Resultado<> leerAnteriores(PeriodoResumen& p, Fecha desde);
   Resultado<> leerBandeja();
+  Resultado<> leerDebidos();
   void leerCronos();
   void leerHorarios();
   void leerHorario(const QString& fichero);
   void proponer(const LineaActivacion& linea, const QString& proceso, const QString& horario,
                 bool activo);
+  QString loRecogido(const DeGrupo& d) const;
   void juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) const;
   QString nombresDe(const std::vector<int>& clases) const;
 
@@ -113,6 +120,7 @@ class LectorResumen {
   std::vector<std::function<Resultado<>()>> pasos_;
   size_t siguiente_ = 0;
   std::map<int, DeGrupo> porGrupo_;
+  int veces_ = 0;
 };
 
 Resultado<Resumen> leerResumen(const FuentesResumen& fuentes);

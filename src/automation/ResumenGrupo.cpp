@@ -1,4 +1,6 @@
 // The judgement on a group: what came of its tasks, in one word and one sentence.
+#include <algorithm>
+
 #include "automation/Resumen.h"
 #include "automation/TextosAutomation.h"
 #include "comm/motor/TextosMotor.h"
@@ -25,6 +27,16 @@ QString LectorResumen::nombresDe(const std::vector<int>& clases) const {
   return nombres.join(u", "_s);
 }
 
+// A zeroing counts that came after all that was read.
+QString LectorResumen::loRecogido(const DeGrupo& d) const {
+  int leido = 0, aCero = 0;
+  for (const auto& [clase, asunto] : d.clases) {
+    if (totals::clase(clase)) leido = std::max(leido, asunto.vez);
+    if (clase == totals::kPuestaACero) aCero = asunto.vez;
+  }
+  return f_.textos(leido == 0 ? kTxHecho : aCero > leido ? kTxRecogidoYCero : kTxRecogido);
+}
+
 void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) const {
   const Textos& t = f_.textos;
   if (d.clases.empty() || !comunica) {
@@ -37,7 +49,7 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
   std::map<QString, std::vector<int>> sinLeer;  // by reason
   std::vector<int> cortadas, enCurso;
   QStringList fallos, dudas;
-  bool leido = false, aCero = false;
+  bool leido = false;
   for (const auto& [clase, asunto] : d.clases) {
     const bool lectura = totals::clase(clase) != nullptr;
     const QString motivo = sinPunto(asunto.tarea.motivo);
@@ -45,7 +57,6 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
       (asunto.fin == FinEjecucion::EnMarcha ? enCurso : cortadas).push_back(clase);
     } else if (asunto.tarea.estado == TareaHecha::Estado::Hecha) {
       leido = leido || lectura;
-      aCero = aCero || clase == totals::kPuestaACero;
     } else if (lectura) {
       sinLeer[motivo].push_back(clase);
     } else {
@@ -58,14 +69,18 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
                    ? t(kTxNoRecogido, {nombresDe(clases), motivo})
                    : t(kTxNadaRecogido, {motivo}));
   if (!cortadas.empty()) fallos << t(kTxCortado, {nombresDe(cortadas)});
-  if (!enCurso.empty()) dudas << t(kTxEnCurso, {nombresDe(enCurso)});
+  QStringList marcha;
+  if (!enCurso.empty()) marcha << t(kTxEnCurso, {nombresDe(enCurso)});
+  const bool sigue = std::ranges::any_of(
+      d.clases, [](const auto& c) { return c.second.fin == FinEjecucion::EnMarcha; });
+  if (sigue && marcha.isEmpty()) marcha << t(kTxProcesoSigue, {loRecogido(d)});
   dudas = d.avisos + dudas;  // what was said explains what wasn't done
-  g.estado = !fallos.isEmpty()  ? EstadoGrupo::Fallido
-             : !dudas.isEmpty() ? EstadoGrupo::Dudoso
-                                : EstadoGrupo::Bien;
-  g.motivos = fallos + dudas;
-  if (g.motivos.isEmpty())
-    g.motivos << t(!leido ? kTxHecho : aCero ? kTxRecogidoYCero : kTxRecogido);
+  g.estado = !fallos.isEmpty()   ? EstadoGrupo::Fallido
+             : !marcha.isEmpty() ? EstadoGrupo::EnMarcha
+             : !dudas.isEmpty()  ? EstadoGrupo::Dudoso
+                                 : EstadoGrupo::Bien;
+  g.motivos = fallos + marcha + dudas;
+  if (g.motivos.isEmpty()) g.motivos << loRecogido(d);
   g.motivo = g.motivos.first();
 }
 

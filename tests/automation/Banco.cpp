@@ -126,6 +126,9 @@ Maquinas& maquinasDePrueba() {
 motor::RegistroTareas registroDePrueba() {
   motor::RegistroTareas r;
   r.anadir(claseDePrueba(1, u"TXPLUS"));
+  auto sinNadie = claseDePrueba(2, u"TXTECLA");
+  sinNadie.crear = nullptr;
+  r.anadir(sinNadie);
   r.anadir(claseDePrueba(6, u"TX_ZERO"));
   r.anadir(claseDePrueba(7, u"TX_HORA"));
   r.anadir(claseDePrueba(16, u"RXPLUS"));

@@ -169,6 +169,8 @@ TEST_F(CronosTest, UnProcesoInutilNoParaElHorario) {
   ASSERT_EQ(avisos_.size(), 2);
   EXPECT_TRUE(avisos_[0].contains(u"ROTO") && avisos_[0].contains(u"Línea 1"))
       << avisos_[0].toStdString();
+  const QString traza = tienda_.texto(u"TIENDA.TZC"_s);
+  EXPECT_TRUE(traza.startsWith(u"ROTO:   "_s) && traza.contains(avisos_[1])) << traza.toStdString();
   pasar(60);
   EXPECT_EQ(estado(0), EstadoEntrada::Inutil);
   EXPECT_EQ(exitos(0) + fallos(0) + exitos(1) + fallos(1), 0);

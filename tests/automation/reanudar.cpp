@@ -212,6 +212,21 @@ INSTANTIATE_TEST_SUITE_P(Casos, ViejaTest,
                                          CasoVieja{"memorizada y antigua", 3, 1, false, true}),
                          [](const auto& c) { return std::to_string(c.index); });
 
+// An old run memorised once and was cut off in front of its second closing: what follows that one
+// is about periods that it never made.
+TEST_F(ReanudarTest, LoQueSigueASuSegundoCierreNoSeCompleta) {
+  const QString proceso =
+      u"T:RXGRTOT,ALL\r\nC:ESPERA,0,Sí\r\nS:CERRAR,x,Sí,Sí\r\nN:a\r\nP:LIMPIAR\r\nP:SEL. "
+      u"ULTIMO\r\nE:TOTALIZA,No,No,PRIMERA\r\nS:CERRAR,y,Sí,Sí\r\nP:SEL. "
+      u"ULTIMO\r\nE:TOTALIZA,No,No,SEGUNDA"_s;
+  matar(proceso, 3);
+  tienda_.reloj.saltarPared(1);
+  const auto p = tienda_.programa();
+  p->correr(u"N:x"_s);
+  EXPECT_EQ(tienda_.texto(u"PRIMERA.EXP"_s).count(u"*x"_s), 1);
+  EXPECT_TRUE(tienda_.texto(u"SEGUNDA.EXP"_s).isEmpty());
+}
+
 TEST_F(ReanudarTest, ALas12HorasSeEmpiezaDeNuevo) {
   for (const double horas : {11.0, 13.0, -11.0, -13.0}) {
     matar(u"N:a\r\nN:b\r\nN:c"_s, 2);

@@ -3,8 +3,8 @@
 
 #include "Banco.h"
 #include "automation/ProximaVez.h"
-#include "automation/historia/TablasHistoria.h"
 #include "automation/Resumen.h"
+#include "automation/historia/TablasHistoria.h"
 #include "textos/TextosDePrueba.h"
 
 namespace tarvo::automation {
@@ -139,6 +139,45 @@ TEST(Resumen, ArregladoPorLaManana) {
   EXPECT_EQ(leer(*p).ejecuciones.size(), 1U) << "the night before the last is over";
 }
 
+// The next night is under way: nothing of the one before is told of a group that it reads.
+TEST(Resumen, UnaNocheEnMarchaNoHablaDeLaAnterior) {
+  Tienda tienda;
+  maquinasDePrueba().mudas = {2};
+  const auto p = tienda.programa();
+  correr(*p);
+  EXPECT_EQ(leer(*p).grupos[0].motivo, u"Recogido y puesto a cero. 1 suma cuadra.");
+  tienda.reloj.avanzar(20 * 3600 * 1000);
+  maquinasDePrueba().porGrupo[1] = {1, 100, 300, 0};
+  p->correr(kNoche);
+  while (p->automat().pasoActual() < 2) tienda.reloj.siguiente();
+  tienda.reloj.avanzar(1000);
+  ASSERT_EQ(p->automat().pasoActual(), 2);
+  const Resumen r = leer(*p);
+  for (const GrupoResumen& g : r.grupos) {
+    EXPECT_EQ(g.estado, EstadoGrupo::EnMarcha) << g.motivos.join(u' ').toStdString();
+    EXPECT_EQ(g.motivos.size(), 1) << g.motivos.join(u' ').toStdString();
+    EXPECT_FALSE(g.importe) << "the period is another night's";
+  }
+}
+
+// Read again and not zeroed since: the zeroing of the night is older.
+TEST(Resumen, UnCeroAnteriorALaLecturaNoCuenta) {
+  Tienda tienda;
+  const auto p = tienda.programa();
+  correr(*p);
+  tienda.reloj.avanzar(10 * 3600 * 1000);
+  maquinasDePrueba().porGrupo[1] = {1, 100, 300, 0};
+  correr(*p, u"T:RXPLUS,1\r\nT:RXGRTOT,1\r\nC:ESPERA,1,No\r\n"_s);
+  Resumen r = leer(*p);
+  EXPECT_EQ(r.grupos[0].motivo, u"Recogido. 1 suma cuadra.");
+  EXPECT_FALSE(r.grupos[0].importe) << "what the night memorised is not what was read now";
+  EXPECT_EQ(r.grupos[1].motivo, u"Recogido y puesto a cero. 1 suma cuadra.");
+  EXPECT_EQ(r.grupos[1].importe, 1100);
+  correr(*p, u"S:CERRAR,x,Sí,Sí\r\n"_s);
+  r = leer(*p);
+  EXPECT_EQ(r.grupos[0].importe, 300);
+}
+
 TEST(Resumen, LoQueNoCuadra) {
   Tienda tienda;
   const auto p = tienda.programa();
@@ -156,7 +195,7 @@ TEST(Resumen, MuertaAMitad) {
     const auto p = tienda.programa();
     p->correr(kNoche);
     EXPECT_EQ(leer(*p).ejecuciones[0].fin, FinEjecucion::EnMarcha);
-    EXPECT_EQ(leer(*p).grupos[0].estado, EstadoGrupo::Dudoso) << "under way";
+    EXPECT_EQ(leer(*p).grupos[0].estado, EstadoGrupo::EnMarcha) << "under way";
   }
   const auto p = tienda.programa();
   const Resumen r = leer(*p);

@@ -1,42 +1,22 @@
 // The runner on the real rooms: steps, messages, trace, phases.
 #include <QDir>
 
-#include "Banco.h"
+#include "Runner.h"
 
 namespace tarvo::automation {
 namespace {
 
-using namespace Qt::StringLiterals;
-
-class RunnerTest : public testing::Test {
- protected:
-  // Lines without the moments, which the tests of the trace look at.
-  QStringList correr(const QString& proceso, Programa& p) {
-    p.correr(proceso);
-    EXPECT_TRUE(p.hastaElFin());
-    return p.lineas;
-  }
-  QStringList correr(const QString& proceso) {
-    const auto p = tienda_.programa();
-    const auto lineas = correr(proceso, *p);
-    fin_ = p->fin.value_or(ResultadoProceso::Abortado);
-    return lineas;
-  }
-  Tienda tienda_;
-  ResultadoProceso fin_ = ResultadoProceso::Abortado;
-};
-
-const QString kNoche =
-    u"T:RXPLUS,ALL\r\nT:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nS:CERRAR,Ventas "
-    u"#D,Sí,Sí\r\nT:TX_ZERO,ALL\r\nC:ESPERA,1,No\r\n"
-    u"P:LIMPIAR\r\nP:SEL. ULTIMO\r\nP:ACUMULAR,2\r\nP:SEL. ULTIMO\r\nP:STOCK\r\nP:SEL. ULTIMO\r\nE:TOTALIZA,No,No,VENTAS\r\nS:ABRIR\r\n"_s;
-
 TEST_F(RunnerTest, UnaNocheEntera) {
   const auto lineas = correr(kNoche);
   EXPECT_EQ(fin_, ResultadoProceso::Bien) << lineas.join(u'\n').toStdString();
-  ASSERT_EQ(lineas.size(), 2) << lineas.join(u'\n').toStdString();
+  ASSERT_EQ(lineas.size(), 5) << lineas.join(u'\n').toStdString();
   EXPECT_EQ(lineas[0], u"Ejecución iniciada: 04/03/2026 22:00:00");
-  EXPECT_TRUE(lineas[1].startsWith(u"Ejecución finalizada: 04/03/2026 22:0"));
+  EXPECT_EQ(
+      lineas[1],
+      u"    Grupo 0001 Tienda: recogido Totales por artículos, Gran Total; memorizado 25,00 en 4 "
+      u"marzo 2026 (DIARIO); puesto a cero");
+  EXPECT_EQ(lineas[3], u"    Exportado en VENTAS.EXP: 1 periodo");
+  EXPECT_TRUE(lineas[4].startsWith(u"Ejecución finalizada: 04/03/2026 22:0"));
   EXPECT_EQ(tienda_.texto(u"NOCHE.TZA"_s), lineas.join(u"\r\n") + u"\r\n"_s);
   EXPECT_EQ(maquinasDePrueba().ceros, 2);
   const auto libros = tienda_.libros();
@@ -97,6 +77,49 @@ INSTANTIATE_TEST_SUITE_P(
                  kMal},
         CasoPaso{u"N:un comentario", u"", kBien}));
 
+// A kind that nobody can send, or that the group doesn't take, is no fault of the group.
+TEST_F(RunnerTest, LoQueNadieSabeEnviarSeDiceComoEs) {
+  const auto p = tienda_.programa();
+  ASSERT_TRUE(p->db().ejecutar(u"UPDATE GRUPOS SET TIPO=9 WHERE CODGPO=1"));
+  const auto lineas = correr(u"T:TXTECLA,2\r\nT:RXGRTOT,1\r\nT:RXGRTOT,8\r\nC:ESPERA,0,No"_s, *p);
+  EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
+  const auto bajo = [&](const QString& cabecera) {
+    return lineas.value(static_cast<int>(lineas.indexOf(cabecera)) + 1);
+  };
+  EXPECT_EQ(bajo(u"001:TAREA"_s), u"    Esta versión todavía no lo sabe hacer.");
+  EXPECT_EQ(bajo(u"002:TAREA"_s), u"    Esta versión todavía no lo sabe hacer.");
+  EXPECT_EQ(bajo(u"003:TAREA"_s), u"    Grupo de destino no existe o destino mal configurado");
+}
+
+// Manual mode would stop the wait of a process for ever.
+TEST_F(RunnerTest, MientrasEsperaNadiePasaAManual) {
+  const auto p = tienda_.programa();
+  p->correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nN:a"_s);
+  p->motor().CambioAModo(false);
+  EXPECT_TRUE(p->motor().ModoAutomatico());
+  ASSERT_TRUE(p->hastaElFin(1));
+  EXPECT_EQ(p->fin, ResultadoProceso::Bien);
+  p->motor().CambioAModo(false);
+  EXPECT_FALSE(p->motor().ModoAutomatico());
+  // A run that is held leaves the tasks to the person.
+  p->correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nN:a"_s);
+  p->automat().retener();
+  p->motor().CambioAModo(false);
+  EXPECT_FALSE(p->motor().ModoAutomatico());
+  p->automat().ejecutar();
+  EXPECT_TRUE(p->motor().ModoAutomatico());
+  EXPECT_TRUE(p->hastaElFin(1));
+}
+
+TEST_F(RunnerTest, LoQueYaExisteNoSeCreaOtraVez) {
+  const auto p = tienda_.programa();
+  const QString crear = u"P:CREAR,5,02/03/2026,03/03/2026,x\r\n"_s;
+  const auto lineas = correr(crear + crear, *p);
+  EXPECT_EQ(p->fin, ResultadoProceso::Bien);
+  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM COLUMNA")->entero(), 1);
+  EXPECT_EQ(lineas.filter(u"ya existía y se toma como está"_s).size(), 1);
+}
+
 TEST_F(RunnerTest, UnProcesoSinPasosAcabaBien) {
   const auto lineas = correr(u""_s);
   EXPECT_EQ(fin_, ResultadoProceso::Bien);
@@ -107,11 +130,57 @@ TEST_F(RunnerTest, TodosLosGruposMenosLosRechazados) {
   const auto p = tienda_.programa();
   ASSERT_TRUE(p->db().ejecutar(u"UPDATE GRUPOS SET REMOTO=0 WHERE CODGPO=1"));
   const auto lineas = correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,0,No"_s, *p);
-  ASSERT_EQ(lineas.size(), 5) << lineas.join(u'\n').toStdString();
+  ASSERT_EQ(lineas.size(), 7) << lineas.join(u'\n').toStdString();
+  EXPECT_EQ(lineas[4], u"    Grupo 0001 Tienda: sin hacer Gran Total");
+  EXPECT_EQ(lineas[5], u"    Grupo 0002 Tienda: recogido Gran Total");
   EXPECT_EQ(lineas[1], u"001:TAREA");
   EXPECT_EQ(lineas[2], u"    Grupo de destino no existe o destino mal configurado");
   EXPECT_EQ(lineas[3], u"    Grupos rechazados: 0001");
   EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM TOTGRT WHERE LINK=0 AND GRUPO=2")->entero(), 1);
+}
+
+// What the session and the periods are after the step that says that all is well.
+TEST_F(RunnerTest, LosPasosHacenLoQueDicen) {
+  struct Caso {
+    const char16_t* proceso;
+    const char16_t* queda;
+  };
+  const QString dos =
+      u"P:CREAR,5,02/03/2026,03/03/2026,a\r\nP:CREAR,5,03/03/2026,04/03/2026,b\r\n"
+      u"P:CREAR,5,02/03/2026,04/03/2026,t\r\nP:SELECCIONAR,5,02/03/2026,04/03/2026\r\n"_s;
+  const Caso casos[] = {
+      {u"S:ABRIR", u"1 "},
+      {u"P:SUMAR", u"0 a5:1 b5:2 t5:6"},  // t is in the selection and has three already
+      {u"P:ACUMULAR,2", u"0 a5:1* b5:2* t5:3* 2:6"},
+      {u"P:ACUMULAR,2\r\nP:SELECCIONAR,5,02/03/2026,04/03/2026\r\nP:DESACUMULAR,2",
+       u"0 a5:1 b5:2 t5:3 2:0"},
+  };
+  for (const Caso& c : casos) {
+    Tienda tienda;
+    const auto p = tienda.programa();
+    const QString paso = QString::fromUtf16(c.proceso);
+    const bool periodos = paso.startsWith(u'P');
+    if (periodos) {
+      correr(dos, *p);
+      ASSERT_TRUE(p->db().ejecutar(
+          u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON) SELECT LINK, 1, 0, LINK FROM COLUMNA"));
+    }
+    correr(periodos ? u"P:SELECCIONAR,5,02/03/2026,04/03/2026\r\n"_s + paso : paso, *p);
+    QString queda = QString::number(p->sesion().estado()) + u' ';
+    const auto rs = p->db().consultar(
+        u"SELECT DESCR, TIPO, CON, ACUM2 FROM COLUMNA c INNER JOIN TOTGRT t ON t.LINK=c.LINK "
+        u"ORDER BY c.LINK");
+    ASSERT_TRUE(rs);
+    QStringList filas;
+    for (; !(*rs)->Eof();) {
+      filas << u"%1%2:%3%4"_s.arg((*rs)->texto(0))
+                   .arg((*rs)->entero(1))
+                   .arg((*rs)->entero(2))
+                   .arg((*rs)->logico(3) ? u"*"_s : QString());
+      ASSERT_TRUE((*rs)->MoveNext());
+    }
+    EXPECT_EQ(queda + filas.join(u' '), QString::fromUtf16(c.queda)) << paso.toStdString();
+  }
 }
 
 TEST_F(RunnerTest, AbrirConDatosDentro) {
@@ -164,54 +233,6 @@ TEST_F(RunnerTest, SinLasSesionesNadieOlvida) {
     EXPECT_EQ(p->fin, ResultadoProceso::Problemas) << lineas.join(u'\n').toStdString();
     EXPECT_EQ(maquinasDePrueba().ceros, 0) << lineas.join(u'\n').toStdString();
   }
-}
-
-// What the stock can't take tonight, because of one group, it takes when the group is mended.
-TEST_F(RunnerTest, LoQueNoSeDescontoSeDescuentaLaNocheSiguiente) {
-  const auto noche = [&](const QString& arreglo) {
-    const auto p = tienda_.programa();
-    EXPECT_TRUE(p->db().ejecutar(arreglo));
-    const auto lineas = correr(kNoche, *p);
-    fin_ = p->fin.value_or(ResultadoProceso::Abortado);
-    tienda_.reloj.avanzar(24LL * 3600 * 1000);
-    maquinasDePrueba().porGrupo[1] = {1, 100, 300, 0};
-    return lineas;
-  };
-  EXPECT_FALSE(noche(u"UPDATE GRUPOS SET SECCION=NULL WHERE CODGPO=2"_s)
-                   .filter(u"falta la sección o el almacén de estos grupos: 2."_s)
-                   .isEmpty());
-  EXPECT_EQ(fin_, ResultadoProceso::Problemas);
-  EXPECT_FALSE(noche(u"UPDATE GRUPOS SET NOMGPO='x'"_s).filter(u"Sigue pendiente"_s).isEmpty());
-  EXPECT_EQ(fin_, ResultadoProceso::Problemas);
-  EXPECT_TRUE(tienda_.libros().filter(u"MovsAlm"_s).isEmpty());
-  EXPECT_EQ(noche(u"UPDATE GRUPOS SET SECCION=1"_s).filter(u"se ha hecho ahora"_s).size(), 2);
-  EXPECT_EQ(fin_, ResultadoProceso::Bien);
-  EXPECT_TRUE(tienda_.libros().contains(u"MovsAlm: 1|7|1700"_s))
-      << tienda_.libros().join(u'\n').toStdString();
-  EXPECT_TRUE(noche(u"UPDATE GRUPOS SET NOMGPO='y'"_s).filter(u"se ha hecho ahora"_s).isEmpty());
-}
-
-// A file that can't be written tonight gets this night's block tomorrow, once, before tomorrow's.
-TEST_F(RunnerTest, LoQueNoSeExportoSeExportaLaNocheSiguiente) {
-  const QString exportado = tienda_.dir.filePath(u"VENTAS.EXP"_s);
-  const auto noche = [&](const QString& destino) {
-    const auto lineas = correr(QString(kNoche).replace(u"VENTAS"_s, destino));
-    tienda_.reloj.avanzar(24LL * 3600 * 1000);
-    maquinasDePrueba().porGrupo[1] = {1, 100, 300, 0};
-    return lineas;
-  };
-  ASSERT_TRUE(QDir().mkpath(exportado));
-  for (const int nueva : {0, 1}) {
-    EXPECT_EQ(noche(u"VENTAS"_s).filter(u"Sigue pendiente"_s).size(), nueva);
-    EXPECT_EQ(fin_, ResultadoProceso::Problemas);
-  }
-  ASSERT_TRUE(QDir(exportado).removeRecursively());
-  // Another name for the file is as good a mend.
-  EXPECT_EQ(noche(u"OTRO"_s).filter(u"se ha hecho ahora"_s).size(), 2);
-  EXPECT_EQ(fin_, ResultadoProceso::Bien);
-  EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*Ventas"_s), 3);
-  EXPECT_TRUE(noche(u"OTRO"_s).filter(u"se ha hecho ahora"_s).isEmpty());
-  EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*Ventas"_s), 4);
 }
 
 TEST_F(RunnerTest, UnaLineaQueNoEsPasoSeDiceCuandoLoParece) {

@@ -75,6 +75,7 @@ struct Plan {
        optimizada = false;
   int reintentos = 0;
   bool devuelveCuenta = false;  // a return lowers the count of its article
+  bool notas = true;            // who finds a list that was forgotten may note the next one at once
   std::vector<PlanNoche> noches;
 
  private:

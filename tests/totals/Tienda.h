@@ -50,6 +50,15 @@ struct Tienda : BaseVacia {
                        "values (?, 1, ?, ?, ?, 0, ?, 0)"),
         link, oper, hora, n, n);
   }
+  // The block of a period, or nothing when a value doesn't fit.
+  std::optional<QByteArray> bloque(qint64 link) {
+    QByteArray todo;
+    const auto hecho = xporTot.bloque(col(link), false, [&](const QByteArray& b) -> Resultado<> {
+      todo += b;
+      return {};
+    });
+    return hecho ? std::optional(todo) : std::nullopt;
+  }
   QString plus(qint64 link) {
     return leer(QStringLiteral("select GRUPO, CODI, CON, PES, [IMP], SCO from TOTPLU where LINK=%1 "
                                "order by GRUPO, CODI")

@@ -1,10 +1,13 @@
 #include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <csignal>
 
 #include "totals/Tienda.h"
+#include "totals/intercambio/Anadidura.h"
 
 using namespace tarvo;
 using namespace tarvo::totals;
@@ -119,7 +122,7 @@ TEST_F(Exporta, AValueThatDoesNotFitStopsAll) {
                                     {-99999, true},
                                     {-100000, false}}) {
     sql(QStringLiteral("update TOTPLU set CON=? where LINK=?"), valor, dia);
-    EXPECT_EQ(bool(xporTot.bloque(col(dia), false)), cabe) << valor;
+    EXPECT_EQ(bloque(dia).has_value(), cabe) << valor;
   }
 }
 
@@ -155,14 +158,17 @@ TEST_F(Exporta, WritesIntoNoFileThatIsNotAnExport) {
   EXPECT_EQ(fichero(QStringLiteral("VENTAS.TXT")), kLargo + QByteArray(kLargo));
 }
 
-// The disk takes no more than the old file's size.
+// The disk takes a hundred bytes more than the old file has, which is far above the database.
 TEST_F(Exporta, AFullDiskLeavesTheOldFile) {
   const qint64 dia = diaEntero();
-  escribir(QStringLiteral("x.EXP"), "antes\r\n");
+  const qint64 grande = qint64{64} << 20;
+  escribir(QStringLiteral("x.EXP"), "*antes\r\n");
+  QFile x(ruta(QStringLiteral("x.EXP")));
+  ASSERT_TRUE(x.resize(grande));
   rlimit normal{};
   getrlimit(RLIMIT_FSIZE, &normal);
   rlimit lleno = normal;
-  lleno.rlim_cur = 100;
+  lleno.rlim_cur = grande + 100;
   const auto anterior = std::signal(SIGXFSZ, SIG_IGN);
   setrlimit(RLIMIT_FSIZE, &lleno);
   const auto r = xporTot.XportRemoto({dia}, {false, true}, QStringLiteral("x"), QString());
@@ -170,12 +176,89 @@ TEST_F(Exporta, AFullDiskLeavesTheOldFile) {
   std::signal(SIGXFSZ, anterior);
   ASSERT_FALSE(r);
   EXPECT_EQ(r.error().clase, Fallo::DiscoLleno);
-  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "antes\r\n");
+  EXPECT_EQ(x.size(), grande);
   EXPECT_EQ(QDir(carpeta.path()).entryList({QStringLiteral("x.EXP?*")}, QDir::Files).size(), 0);
   EXPECT_EQ(bien(periodos.lista()).size(), 1U);
 }
 
-// The export was cut off behind the rename, or before it; other blocks may have come behind.
+// The program is killed in the middle of a block: what there is of it goes at the next start, or
+// when the file is written to again.
+TEST_F(Exporta, AKillLeavesNoHalfBlock) {
+  const qint64 dia = diaEntero();
+  const auto morirEscribiendo = [&](const QString& nombre, int bytes) {
+    const pid_t hijo = fork();
+    if (hijo == 0) {
+      auto suya = dao::Database::OpenDatabase(ruta(QStringLiteral("TARVO.MDB")), {});
+      auto a = suya ? Anadidura::empezar(**suya, ruta(nombre), 200000, "****", textosDePrueba())
+                    : std::unexpected(suya.error());
+      if (a && (*a)->escribir(QByteArray(bytes, '*'))) std::raise(SIGKILL);
+      _exit(1);
+    }
+    int estado = 0;
+    waitpid(hijo, &estado, 0);
+    ASSERT_TRUE(WIFSIGNALED(estado));
+  };
+  escribir(QStringLiteral("x.EXP"), "*antes\r\n");
+  for (const bool alEmpezar : {true, false}) {
+    morirEscribiendo(QStringLiteral("x.EXP"), 100000);
+    morirEscribiendo(QStringLiteral("nuevo.EXP"), 100000);
+    EXPECT_EQ(fichero(QStringLiteral("x.EXP")).size(), 100008);
+    if (alEmpezar) {
+      bien(xporTot.recuperar());
+      EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "*antes\r\n");
+      EXPECT_EQ(fichero(QStringLiteral("nuevo.EXP")), "(nada)");
+    } else {
+      EXPECT_TRUE(exportar(dia, "x"));
+      EXPECT_TRUE(exportar(dia, "nuevo"));
+      EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "*antes\r\n" + kLargo);
+      EXPECT_EQ(fichero(QStringLiteral("nuevo.EXP")), kLargo);
+    }
+  }
+  // Somebody has put another file in its place.
+  const QByteArray otro = "*otro\r\n" + QByteArray(kLargo + kLargo);
+  for (const char* nombre : {"x.EXP", "otro.EXP"}) {
+    morirEscribiendo(QString::fromUtf8(nombre), 100000);
+    escribir(QString::fromUtf8(nombre), otro);
+    bien(xporTot.recuperar());
+    EXPECT_EQ(fichero(QString::fromUtf8(nombre)), otro);
+  }
+  EXPECT_EQ(leer(QStringLiteral("select count(*) from ExportesAbiertos")), QStringLiteral("0"));
+}
+
+// A block is in the file and not in the database: it counts for nothing, and goes.
+TEST_F(Exporta, ABlockThatCannotBeCountedIsTakenBack) {
+  const qint64 dia = diaEntero();
+  escribir(QStringLiteral("x.EXP"), "*antes\r\n");
+  sql(
+      QStringLiteral("create trigger lleno before insert on Exportes begin select raise(abort, "
+                     "'disco lleno'); end"));
+  EXPECT_FALSE(
+      xporTot.XportRemoto({dia}, {false, true}, QStringLiteral("x"), QStringLiteral("17.3")));
+  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "*antes\r\n");
+  EXPECT_TRUE(bien(periodos.columna(dia)));
+  sql(QStringLiteral("drop trigger lleno"));
+  EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
+  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "*antes\r\n" + kLargo);
+}
+
+// What the file holds is neither read nor written again: a file with a hole of 3 GiB in it.
+TEST_F(Exporta, AFileAboveOneGibibyte) {
+  const qint64 dia = diaEntero();
+  const qint64 grande = qint64{3} << 30;
+  {
+    QFile f(ruta(QStringLiteral("x.EXP")));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write("*") == 1 && f.resize(grande - 2) &&
+                f.seek(grande - 2) && f.write("\r\n") == 2);
+  }
+  EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
+  sql(QStringLiteral("update Exportes set HECHO=0"));
+  EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
+  QFile f(ruta(QStringLiteral("x.EXP")));
+  ASSERT_TRUE(f.open(QIODevice::ReadOnly) && f.seek(grande));
+  EXPECT_EQ(f.readAll(), kLargo);
+}
+
+// The export was cut off after the block, or before it; other blocks may have come behind.
 TEST_F(Exporta, ABlockIsNotWrittenTwiceForOneMark) {
   const qint64 dia = diaEntero(), otro = crear(1, "06/06/2018");
   EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
@@ -222,18 +305,69 @@ TEST_F(Exporta, ComesBackAsItWent) {
   EXPECT_EQ(col(hechos[0].link).DESCR, QStringLiteral("Semana, santa-5 junio 2018"));
 }
 
-TEST_F(Exporta, ReadsTheShortLayoutByItsOwnColumns) {
-  const qint64 link = importar(kCorto).at(0).link;
-  EXPECT_EQ(plus(link), QStringLiteral("1 1234 12 3456 7890 -50 | 2 7 3 0 450 0"));
-  const auto claves = [&](const char* tabla) {
-    return leer(QStringLiteral("select GRUPO, CODI from %1").arg(QString::fromUtf8(tabla)));
+// Of a file no more than a line is in memory, however much there is of it.
+TEST_F(Exporta, AnEndlessFileIsReadToItsEnd) {
+  QFile f(ruta(QStringLiteral("x.EXP")));
+  const qint64 grande = qint64{300} << 20;
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.resize(grande) && f.seek(grande) &&
+              f.write("\r\n" + kLargo) > 0);
+  f.close();
+  std::vector<ImpTot::Hecho> hechos;
+  bien(impTot.importar(f.fileName(), SiExiste::Borrarlo, hechos));
+  ASSERT_EQ(hechos.size(), 1U);
+  EXPECT_EQ(hechos[0].lineas, 7);
+}
+
+// What we wrote in the short layout comes back as it was, what another system wrote is read by its
+// columns, and a line that may be either is refused.
+TEST_F(Exporta, ReadsTheShortLayoutOfBothSystems) {
+  const qint64 dia = crear(1, "05/06/2018");
+  for (const char* tabla : {"TOTPLU", "TOTOPE", "TOTDEP"}) fila(tabla, dia, 1, 44, {1, 2, 3, 4});
+  fila("TOTGRT", dia, 2, 0, {1, 2, 3, 4});
+  fila("TOTOPE", dia, 2, 1234, {5, 6, 7, 8});
+  fila("TOTHOR", dia, 1, 23, {1, 2, 3, 4});
+  operHora(dia, 12, 8, 6);
+  const auto todo = [&] {
+    QStringList filas;
+    for (const ClaseTotal& c : todasLasClases())
+      filas << leer(QStringLiteral("select GRUPO, CODI, CON, PES, [IMP], SCO from %1 order by "
+                                   "GRUPO, CODI")
+                        .arg(QString::fromUtf16(c.tabla)));
+    return filas.join(u'\n');
   };
-  EXPECT_EQ(claves("TOTGRT"), QStringLiteral("1 0"));
-  EXPECT_EQ(claves("TOTOPE"), QStringLiteral("0 9"));
-  EXPECT_EQ(claves("TOTDEP"), QStringLiteral("0 4"));
-  EXPECT_EQ(claves("TOTHOR"), QStringLiteral("1 23"));
-  EXPECT_EQ(leer(QStringLiteral("select GRUPO, CODI, HORA from TOTOPHOR")),
-            QStringLiteral("1 12 8"));
+  const QString antes = todo();
+  EXPECT_TRUE(exportar(dia, "x", true, "", true));
+  importar(fichero(QStringLiteral("x.EXP")));
+  EXPECT_EQ(todo(), antes);
+
+  const QByteArray cabecera = "*uno\r\n*06/06/2018 00:00:00  06/06/2018 23:59:59\r\n";
+  const QByteArray resto = "0000000001000000000000000000000001\r\n";
+  struct Caso {
+    const char* cabeza;
+    const char* tabla;
+    const char* clave;  // null: refused
+  };
+  const Caso casos[] = {
+      {"03000209", "TOTOPE", "2 9"},   {"03990209", "TOTOPE", "2 9"},
+      {"03020009", "TOTOPE", "2 9"},   {"03010209", "TOTOPE", nullptr},
+      {"03998809", "TOTOPE", nullptr}, {"04990104", "TOTDEP", "1 4"},
+      {"04010304", "TOTDEP", "1 4"},   {"04010204", "TOTDEP", "2 4"},
+      {"02000002", "TOTGRT", "2 0"},
+  };
+  for (const Caso& c : casos) {
+    const QByteArray bytes = cabecera + c.cabeza + resto;
+    if (!c.clave) {
+      EXPECT_TRUE(errorDe(bytes).contains(QStringLiteral("línea 3: en el formato corto")))
+          << c.cabeza;
+      continue;
+    }
+    const qint64 link = importar(bytes).at(0).link;
+    EXPECT_EQ(leer(QStringLiteral("select GRUPO, CODI from %1 where LINK=%2")
+                       .arg(QString::fromUtf8(c.tabla))
+                       .arg(link)),
+              QString::fromUtf8(c.clave))
+        << c.cabeza;
+  }
 }
 
 TEST_F(Exporta, TwoBlocksOfOneDayAddUpOrReplace) {

@@ -141,18 +141,18 @@ TEST(Importacion, SeVeCadaBloqueAntesDeQueEntre) {
   ConPapelera t;
   const qint64 dia = t.crear(kDiario, "05/06/2018");
   t.plu(dia, 7, 3);
-  const QByteArray bytes = bien(t.xporTot.bloque(t.col(dia), false)).toLatin1();
-  Importacion f(t.impTot, bytes + bytes, u"VENTAS.EXP"_s);
-  const auto primero = bien(f.siguiente());
+  const QByteArray bytes = t.bloque(dia).value();
+  const auto f = Importacion::deBytes(t.impTot, bytes + bytes, u"VENTAS.EXP"_s);
+  const auto primero = bien(f->siguiente());
   ASSERT_TRUE(primero && primero->existente);
   EXPECT_EQ(primero->existente->LINK, dia);
   EXPECT_EQ(t.plus(dia), u"1 7 3 30 300 3000");
-  EXPECT_EQ(bien(f.incorporar(SiExiste::Acumularlo)).lineas, 1);
+  EXPECT_EQ(bien(f->incorporar(SiExiste::Acumularlo)).lineas, 1);
   EXPECT_EQ(t.plus(dia), u"1 7 6 60 600 6000");
-  EXPECT_TRUE(bien(f.siguiente()));
-  bien(f.incorporar(SiExiste::Borrarlo));
-  EXPECT_FALSE(bien(f.siguiente()));
-  EXPECT_EQ(f.leidos(), f.tamano());
+  EXPECT_TRUE(bien(f->siguiente()));
+  bien(f->incorporar(SiExiste::Borrarlo));
+  EXPECT_FALSE(bien(f->siguiente()));
+  EXPECT_EQ(f->leidos(), f->tamano());
 }
 
 }  // namespace tarvo::prueba

@@ -1,4 +1,6 @@
 #include "totals/Tienda.h"
+#include "totals/periodos/Papelera.h"
+#include "totals/periodos/Sumas.h"
 
 using namespace tarvo;
 using namespace tarvo::totals;
@@ -108,6 +110,7 @@ TEST_F(PeriodosDe, AChangeIsFollowedByLargerPeriodsAndStock) {
 TEST_F(PeriodosDe, ADayInAWeekOfItsOwnIsDiscountedOnce) {
   const qint64 propia = crear(2, "04/06/2018"), dia = crear(1, "05/06/2018");
   plu(propia, 7, 5), plu(dia, 7, 2);
+  plu(propia, 1000001, 4), plu(dia, 1000001, 3);  // by weight
   for (const bool antes : {true, false}) {
     if (!antes) {
       EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(propia), 1)));
@@ -117,7 +120,7 @@ TEST_F(PeriodosDe, ADayInAWeekOfItsOwnIsDiscountedOnce) {
       EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(propia), 1)));
     }
     EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1)));
-    EXPECT_EQ(venta(), QStringLiteral("7 7"));
+    EXPECT_EQ(venta(), QStringLiteral("7 7 | 1000001 70"));
     EXPECT_TRUE(bien(periodos.DesacumularPeriodo(2, col(dia))));
     for (const qint64 link : {propia, dia})
       EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(link), -1)));
@@ -168,6 +171,17 @@ TEST_F(PeriodosDe, AReplacedDayCountsOnce) {
   EXPECT_EQ(venta(), QStringLiteral("7 107"));
 }
 
+// In no larger period: what the stock holds of the first version is known all the same.
+TEST_F(PeriodosDe, AReplacedDayThatIsOnlyDiscountedCountsOnce) {
+  qint64 dia = crear(1, "05/06/2018");
+  plu(dia, 7, 2), plu(dia, 1000001, 3);
+  EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1)));
+  dia = bien(periodos.sustituir(col(dia), QString()));
+  sql(QStringLiteral("update TOTPLU set CON=5, PES=50"));
+  EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1)));
+  EXPECT_EQ(venta(), QStringLiteral("7 5 | 1000001 50"));
+}
+
 TEST_F(PeriodosDe, ALargerPeriodThatIsMadeAnewOwesNothing) {
   qint64 dia = crear(1, "05/06/2018");
   plu(dia, 7, 2);
@@ -210,7 +224,14 @@ TEST_F(VerTotDe, SelectsEachPeriodOnce) {
   EXPECT_TRUE(verTot.LosSelec().empty());
   verTot.ponerSeleccion({a, a, c});
   EXPECT_EQ(verTot.LosSelec(), (std::vector{a, c}));
-  EXPECT_TRUE(col(bien(verTot.CrearIntvalo({3, momento("05/06/2018"), {}}, QString()))).stkABLE);
+  const auto mes = bien(verTot.CrearIntvalo({3, momento("05/06/2018"), {}}, QString()));
+  EXPECT_TRUE(col(mes.link).stkABLE);
+  EXPECT_FALSE(mes.existia);
+  // Asked for again it is the same one, as it is.
+  const auto otraVez = bien(verTot.CrearIntvalo({3, momento("09/06/2018"), {}}, QString("otro")));
+  EXPECT_TRUE(otraVez.existia);
+  EXPECT_EQ(otraVez.link, mes.link);
+  EXPECT_EQ(leer(QStringLiteral("select count(*) from COLUMNA where TIPO=3")), QStringLiteral("1"));
 }
 
 TEST_F(VerTotDe, AccumulatesAPeriodOnce) {
@@ -266,6 +287,91 @@ TEST_F(VerTotDe, DiscountsAPeriodOnce) {
   verTot.ponerSeleccion({dia, otro});
   EXPECT_TRUE(bien(verTot.StockIntv(true)));
   EXPECT_EQ(venta(), QString());
+}
+
+// Other dates may leave no place in the week for what the week holds: nobody loses it unasked.
+TEST_F(VerTotDe, NewDatesTakeNoSalesOutOfTheWeekUnasked) {
+  const qint64 tramo = crear(5, "05/06/2018 10:00", "06/06/2018 10:00");
+  plu(tramo, 7, 2);
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(tramo))));
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(3, col(tramo))));
+  const auto cambiar = [&](const char* hasta, bool aunque = false) {
+    return periodos.CambiarPeriodo(tramo, 5, momento("05/06/2018 10:00"), momento(hasta), aunque);
+  };
+  bien(cambiar("07/06/2018 10:00"));
+  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 2 20 200 2000"));
+  const auto mal = cambiar("12/06/2018 10:00");
+  ASSERT_FALSE(mal);
+  EXPECT_TRUE(mal.error().texto.contains(QStringLiteral("Semana 4 06 18")))
+      << mal.error().texto.toStdString();
+  EXPECT_EQ(col(tramo).periodo.hasta, momento("07/06/2018 10:00"));
+  EXPECT_TRUE(col(tramo).ACUM2);
+  EXPECT_EQ(bien(periodos.saldriaDe(tramo, 2, momento("05/06/2018"), {})).size(), 1U);
+  bien(cambiar("12/06/2018 10:00", true));
+  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 0 0 0 0"));
+  EXPECT_FALSE(col(tramo).ACUM2);
+  EXPECT_TRUE(col(tramo).ACUM3) << "the month has a place for it still";
+}
+
+TEST_F(VerTotDe, NamesWhatASumCountsTwiceAndTakesItBack) {
+  ajustes.FestivoSemanal[6] = true;
+  const qint64 lunes = crear(1, "04/06/2018"), jueves = crear(1, "07/06/2018");
+  plu(lunes, 7, 1), plu(lunes, 8, 5), plu(jueves, 7, 2), operHora(lunes, 1, 9, 1);
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(lunes))));
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(3, col(semana()))));
+  const qint64 mes = bien(periodos.BuscarPeriodo(3, momento("04/06/2018"), {}))->LINK;
+  const auto solapes = [&](std::vector<qint64> links) {
+    verTot.ponerSeleccion(links);
+    QStringList textos;
+    const auto suma = bien(verTot.destinoDeSuma());
+    for (const auto& s : suma->solapes)
+      textos << QStringLiteral("%1+%2%3")
+                    .arg(s.uno.tipo)
+                    .arg(s.otro.tipo)
+                    .arg(s.yaDentro ? QStringLiteral(" dentro") : QString());
+    return textos.join(u' ');
+  };
+  EXPECT_EQ(solapes({lunes, jueves}), QStringLiteral("1+2 dentro"));
+  EXPECT_EQ(solapes({semana(), lunes}), QStringLiteral("2+1"));
+  EXPECT_EQ(solapes({jueves}), QString());
+  EXPECT_EQ(bien(verTot.destinoDeSuma())->sumandos, 0) << "a day alone is its own sum";
+  EXPECT_TRUE(bien(verTot.SumarIntv()));
+  EXPECT_EQ(plus(jueves), QStringLiteral("1 7 2 20 200 2000"));
+
+  const QString antes = plus(semana());
+  verTot.ponerSeleccion({lunes, jueves});
+  Papelera papelera(*db, periodos, ajustes);
+  const qint64 lote = bien(papelera.nuevoLote());
+  EXPECT_TRUE(bien(verTot.SumarIntv(lote)));
+  EXPECT_NE(bien(papelera.nuevoLote()), lote);
+  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 4 40 400 4000 | 1 8 10 100 1000 10000"));
+  EXPECT_EQ(plus(mes), plus(semana())) << "larger periods follow";
+  Sumas sumas(*db, periodos, ajustes);
+  EXPECT_EQ(bien(sumas.repetidos(semana())).size(), 2U);
+  EXPECT_EQ(solapes({lunes, jueves}), QStringLiteral("1+2 dentro 1+2 dentro"));
+  plu(jueves, 9, 1);  // what comes into the parts afterwards isn't the sum's
+  bien(sumas.deshacer(semana(), lote));
+  EXPECT_EQ(plus(semana()), antes);
+  EXPECT_EQ(plus(mes), antes);
+  EXPECT_EQ(leer(QStringLiteral("select HORA, CON from TOTOPHOR where LINK=%1").arg(semana())),
+            QStringLiteral("9 1"));
+  EXPECT_TRUE(bien(sumas.repetidos(semana())).empty());
+  EXPECT_FALSE(sumas.deshacer(semana(), lote));
+}
+
+// A sum into a period that was made for it leaves nothing when it is taken back.
+TEST_F(VerTotDe, ASumIntoANewPeriodGoesWhole) {
+  const qint64 a = crear(1, "04/06/2018"), b = crear(1, "05/06/2018");
+  plu(a, 7, 1), plu(b, 8, 2);
+  verTot.ponerSeleccion({a, b});
+  const auto suma = bien(verTot.destinoDeSuma());
+  const qint64 total = bien(periodos.CrearPeriodo(suma->periodo.tipo, suma->periodo.desde,
+                                                  suma->periodo.hasta, false, {}));
+  EXPECT_TRUE(bien(verTot.SumarIntv(9)));
+  EXPECT_EQ(plus(total), QStringLiteral("1 7 1 10 100 1000 | 1 8 2 20 200 2000"));
+  bien(Sumas(*db, periodos, ajustes).deshacer(total, 9, true));
+  EXPECT_FALSE(bien(periodos.columna(total)));
+  EXPECT_EQ(leer(QStringLiteral("select count(*) from Sumados")), QStringLiteral("0"));
 }
 
 TEST_F(VerTotDe, SumsIntoAPeriodThatExists) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/Aplicacion.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "comm/motor/TextosMotor.h"
 
@@ -34,6 +35,7 @@ class Redactor {
   Renglon bandeja() const;
   Renglon proxima() const;
   Renglon grupo(const automation::GrupoResumen& g) const;
+  std::vector<Renglon> deArranque() const;
   std::vector<Renglon> avisos() const;
   std::vector<Renglon> grupos() const;
   QString cuenta() const;
@@ -107,10 +109,38 @@ Renglon Redactor::noche() const {
   return r;
 }
 
-std::vector<Renglon> Redactor::avisos() const {
+// What is wrong with the start itself comes first: all else rests on it.
+std::vector<Renglon> Redactor::deArranque() const {
   std::vector<Renglon> lista;
+  if (baseFuera(a_))
+    lista.push_back({.estado = Estado::Duda,
+                     .palabra = t_(kTxVerAjustes),
+                     .titulo = t_(kTxBaseFuera),
+                     .texto = t_(kTxBaseFueraQue, {a_.BaseDatos, a_.carpeta}),
+                     .valor = {},
+                     .ventana = {}});
+  for (const QString& duda : dudasDe(a_, t_).mid(0, kAvisosVistos))
+    lista.push_back({.estado = Estado::Duda,
+                     .palabra = t_(kTxVerAjustes),
+                     .titulo = {},
+                     .texto = duda,
+                     .valor = {},
+                     .ventana = u"PortalCnf"_s});
+  return lista;
+}
+
+std::vector<Renglon> Redactor::avisos() const {
+  std::vector<Renglon> lista = deArranque();
+  if (r_.debidos > 0)
+    lista.push_back({.estado = Estado::Duda,
+                     .palabra = t_(kTxVerDebidos),
+                     .titulo = {},
+                     .texto = Plural(t_(kTxQuedaPorHacer), r_.debidos),
+                     .valor = {},
+                     .ventana = u"Debidos"_s});
+  const size_t hasta = lista.size() + kAvisosVistos;
   for (const auto& aviso : r_.avisos) {
-    if (lista.size() == kAvisosVistos) break;
+    if (lista.size() == hasta) break;
     Renglon r{.estado = Estado::Duda,
               .palabra = t_(kTxVerAviso),
               .titulo = {},
@@ -236,7 +266,8 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
   } kModos[] = {{Estado::Bien, kTxGrupoBien},
                 {Estado::Duda, kTxGrupoDudoso},
                 {Estado::Mal, kTxGrupoFallido},
-                {Estado::Ninguno, kTxGrupoSinIntentar}};
+                {Estado::Ninguno, kTxGrupoSinIntentar},
+                {Estado::Ninguno, kTxGrupoEnMarcha}};
   const auto& modo = kModos[static_cast<size_t>(g.estado)];
   Renglon r{.estado = modo.estado,
             .palabra = t_(modo.palabra),
@@ -255,8 +286,8 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
 // What asks for a hand stands on top.
 std::vector<Renglon> Redactor::grupos() const {
   std::vector<Renglon> lista;
-  for (const auto estado :
-       {EstadoGrupo::Fallido, EstadoGrupo::Dudoso, EstadoGrupo::SinIntentar, EstadoGrupo::Bien})
+  for (const auto estado : {EstadoGrupo::Fallido, EstadoGrupo::Dudoso, EstadoGrupo::EnMarcha,
+                            EstadoGrupo::SinIntentar, EstadoGrupo::Bien})
     for (const auto& g : r_.grupos)
       if (g.estado == estado && lista.size() < kGruposVistos) lista.push_back(grupo(g));
   if (const auto mas = r_.grupos.size() - lista.size(); mas > 0)
@@ -276,6 +307,7 @@ QString Redactor::cuenta() const {
   };
   contar(EstadoGrupo::Fallido, kTxCuentaFallidos);
   contar(EstadoGrupo::Dudoso, kTxCuentaDudosos);
+  contar(EstadoGrupo::EnMarcha, kTxCuentaEnMarcha);
   contar(EstadoGrupo::SinIntentar, kTxCuentaSinIntentar);
   contar(EstadoGrupo::Bien, kTxCuentaBien);
   return partes.join(u", "_s);
@@ -295,6 +327,22 @@ QString cuandoFue(Fecha momento, Fecha ahora, const Textos& t) {
     default:
       return t(kTxDia, {momento.corta(), hora});
   }
+}
+
+void anteponerLotes(VistaManana& vista, std::span<const articles::LoteAMedias> lotes,
+                    const Textos& textos) {
+  if (lotes.empty()) return;
+  if (vista.noche.estado != Estado::Mal) vista.noche.estado = Estado::Duda;
+  vista.noche.titulo = textos(kTxCambioAMedias);
+  std::vector<Renglon> lineas;
+  for (const auto& l : lotes)
+    lineas.push_back({.estado = Estado::Mal,
+                      .palabra = textos(kTxVerAviso),
+                      .titulo = {},
+                      .texto = articles::decirAMedias(l, textos),
+                      .valor = {},
+                      .ventana = l.ventana});
+  vista.avisos.insert(vista.avisos.begin(), lineas.begin(), lineas.end());
 }
 
 VistaManana vistaDe(const Resumen& resumen, const Textos& textos, const Ajustes& ajustes) {

@@ -38,6 +38,29 @@ CREATE TABLE IF NOT EXISTS EjecucionAvisos (
 CREATE INDEX IF NOT EXISTS EjecucionAvisos_Ejecucion ON EjecucionAvisos (EJECUCION);
 )";
 
+// A debt is one of a step and a period. Of those noted several times one that came as far as the
+// file stays, else the first.
+constexpr QStringView kDelFichero =
+    uR"(
+DELETE FROM ExportesPendientes WHERE MARCA NOT IN (SELECT MARCA FROM Exportes) AND EXISTS (
+  SELECT 1 FROM ExportesPendientes o WHERE o.PROCESO=ExportesPendientes.PROCESO AND
+  o.ORDEN=ExportesPendientes.ORDEN AND o.LINK=ExportesPendientes.LINK AND
+  o.MARCA IN (SELECT MARCA FROM Exportes));
+)";
+constexpr QStringView kUnaVez =
+    uR"(
+DELETE FROM ExportesPendientes WHERE EXISTS (
+  SELECT 1 FROM ExportesPendientes o WHERE o.PROCESO=ExportesPendientes.PROCESO AND
+  o.ORDEN=ExportesPendientes.ORDEN AND o.LINK=ExportesPendientes.LINK AND
+  o.NUMERO<ExportesPendientes.NUMERO);
+CREATE UNIQUE INDEX IF NOT EXISTS ExportesPendientes_Una ON ExportesPendientes (PROCESO, ORDEN, LINK);
+)";
+
+Resultado<> debidosUnaVez(dao::Database& db) {
+  if (db.existeTabla(u"Exportes")) TARVO_INTENTAR(db.ejecutarGuion(kDelFichero));
+  return db.ejecutarGuion(kUnaVez);
+}
+
 }  // namespace
 
 dao::TablasDeSala tablasHistoria() {
@@ -46,7 +69,9 @@ dao::TablasDeSala tablasHistoria() {
                     {2, kPendientes.toString()},
                     {3, kHistorial.toString()},
                     dao::columna(4, u"ProcesoTareas"_s, u"CLASE"_s, u"INTEGER DEFAULT 0"_s),
-                    dao::columna(5, u"ProcesoTareas"_s, u"FALLO"_s, u"TEXT"_s)},
+                    dao::columna(5, u"ProcesoTareas"_s, u"FALLO"_s, u"TEXT"_s),
+                    dao::columna(6, u"ExportesPendientes"_s, u"RUTA"_s, u"TEXT DEFAULT ''"_s),
+                    {7, {}, debidosUnaVez}},
           .copias = {}};
 }
 

@@ -12,6 +12,17 @@ QString citado(QStringView campo) {
   return u'"' + campo.left(40).toString() + u'"';
 }
 
+// Written with slashes, or with dashes, the year first or last, as people do.
+std::optional<Fecha> leerFecha(QStringView campo) {
+  if (const auto f = Fecha::leer(campo)) return f;
+  const qsizetype blanco = campo.indexOf(u' ');
+  auto partes = campo.left(blanco < 0 ? campo.size() : blanco).split(u'-');
+  if (partes.size() != 3) return std::nullopt;
+  if (partes[0].size() == 4) std::swap(partes[0], partes[2]);
+  const QString hora = blanco < 0 ? QString() : campo.mid(blanco).toString();
+  return Fecha::leer(QStringLiteral("%1/%2/%3").arg(partes[0], partes[1], partes[2]) + hora);
+}
+
 // Takes field by field. The first fault stays, and the fields behind it are read in vain.
 class Campos {
  public:
@@ -44,13 +55,13 @@ class Campos {
 
   Fecha fecha() {
     const auto f = campo();
-    const auto valor = Fecha::leer(f);
+    const auto valor = leerFecha(f);
     if (!valor) fallo(kTxNoEsFecha, {citado(f)});
     return valor.value_or(Fecha());
   }
   Casilla fechaOTexto() {
     const auto f = campo();
-    if (const auto valor = Fecha::leer(f)) return *valor;
+    if (const auto valor = leerFecha(f)) return *valor;
     return f.toString();
   }
   // The leading digits of a field.

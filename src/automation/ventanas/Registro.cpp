@@ -2,6 +2,7 @@
 
 #include "automation/ventanas/AutomatVentana.h"
 #include "automation/ventanas/CronosVentana.h"
+#include "automation/ventanas/Debidos.h"
 #include "automation/ventanas/EdiCron.h"
 #include "automation/ventanas/EnParMac.h"
 #include "automation/ventanas/TextosAutomationVentanas.h"
@@ -24,6 +25,7 @@ void registrarVentanasAutomation(Ventanas& ventanas, Automat& automat, Cronos& c
       u"Cronos"_s, [&](Contexto& c, const QString& n) { return new CronosVentana(c, n, cronos); });
   ventanas.registrar(u"EdiCron"_s,
                      [&](Contexto& c, const QString& n) { return new EdiCron(c, n, lenguaje); });
+  ventanas.registrar(u"Debidos"_s, [](Contexto& c, const QString& n) { return new Debidos(c, n); });
   ventanas.registrar(
       u"VeoLog"_s, [](Contexto& c, const QString& n) { return new VeoLog(c, n); },
       Argumentos{{u"fichero"_s, u"NOCHE.TZA"_s}});

@@ -9,6 +9,8 @@
 #include <cerrno>
 #include <cstring>
 
+#include "core/ajustes/FallosDisco.h"
+
 namespace tarvo::ficheros {
 
 namespace {
@@ -65,13 +67,6 @@ QString razonDe(Fallo clase, int numero) {
   }
 }
 
-std::unexpected<Error> falloDe(const QString& verbo, const QString& ruta, int numero) {
-  const Fallo clase = claseDe(numero);
-  return fallo(clase,
-               QStringLiteral("No se puede %1 %2: %3").arg(verbo, ruta, razonDe(clase, numero)),
-               numero);
-}
-
 bool escribirTodo(int fd, const QByteArray& bytes) {
   for (qsizetype hecho = 0; hecho < bytes.size();) {
     const ssize_t n =
@@ -81,13 +76,6 @@ bool escribirTodo(int fd, const QByteArray& bytes) {
     hecho += n;
   }
   return true;
-}
-
-// The rename itself reaches the disk with its folder.
-void asegurarCarpeta(const QString& ruta) {
-  const QByteArray carpeta = QFile::encodeName(QFileInfo(ruta).path());
-  const Descriptor fd(::open(carpeta.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (fd.vale()) ::fsync(*fd);
 }
 
 // Writes a fresh file with the rights of the one that it will replace.
@@ -106,13 +94,26 @@ bool escribirNuevo(const QByteArray& nuevo, const QByteArray& viejo, const QByte
 
 }  // namespace
 
+std::unexpected<Error> falloDeDisco(const QString& verbo, const QString& ruta, int numero) {
+  const Fallo clase = claseDe(numero);
+  return fallo(clase,
+               QStringLiteral("No se puede %1 %2: %3").arg(verbo, ruta, razonDe(clase, numero)),
+               numero);
+}
+
+void asegurarCarpetaDe(const QString& ruta) {
+  const QByteArray carpeta = QFile::encodeName(QFileInfo(ruta).path());
+  const Descriptor fd(::open(carpeta.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (fd.vale()) ::fsync(*fd);
+}
+
 Resultado<QByteArray> leerBytes(const QString& ruta, qint64 limite) {
   const QString verbo = QStringLiteral("leer");
   const QByteArray nombre = QFile::encodeName(ruta);
   // Without O_NONBLOCK a pipe of that name would wait for ever.
   const Descriptor fd(::open(nombre.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   struct stat datos{};
-  if (!fd.vale() || ::fstat(*fd, &datos) != 0) return falloDe(verbo, ruta, errno);
+  if (!fd.vale() || ::fstat(*fd, &datos) != 0) return falloDeDisco(verbo, ruta, errno);
   if (!S_ISREG(datos.st_mode))
     return fallo(Fallo::Formato, QStringLiteral("No se puede leer %1: no es un fichero").arg(ruta));
   if (datos.st_size > limite)
@@ -123,7 +124,7 @@ Resultado<QByteArray> leerBytes(const QString& ruta, qint64 limite) {
   while (hecho < bytes.size()) {
     const ssize_t n = ::read(*fd, bytes.data() + hecho, static_cast<size_t>(bytes.size() - hecho));
     if (n < 0 && errno == EINTR) continue;
-    if (n < 0) return falloDe(verbo, ruta, errno);
+    if (n < 0) return falloDeDisco(verbo, ruta, errno);
     if (n == 0) break;
     hecho += n;
   }
@@ -140,9 +141,9 @@ Resultado<> escribirEntero(const QString& ruta, const QByteArray& bytes) {
   if (!escribirNuevo(nuevo, viejo, bytes) || ::rename(nuevo.constData(), viejo.constData()) != 0) {
     const int numero = errno;
     ::unlink(nuevo.constData());
-    return falloDe(QStringLiteral("escribir"), ruta, numero);
+    return falloDeDisco(QStringLiteral("escribir"), ruta, numero);
   }
-  asegurarCarpeta(destino);
+  asegurarCarpetaDe(destino);
   return {};
 }
 

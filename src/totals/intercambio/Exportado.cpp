@@ -6,7 +6,7 @@ namespace tarvo::totals {
 
 namespace {
 
-constexpr qsizetype kLargo = 50, kCorto = 42, kAnchoFechas = 19;
+constexpr qsizetype kLargo = largoLinea(false), kCorto = largoLinea(true), kAnchoFechas = 19;
 
 // Appends numbers filled with zeros to their columns, and remembers whether all of them fitted.
 class Escritor {
@@ -18,6 +18,10 @@ class Escritor {
     cabe_ = cabe_ && cifras.size() <= libre;
     if (n < 0) texto_ += u'-';
     texto_ += cifras.rightJustified(libre, u'0');
+    return *this;
+  }
+  Escritor& exigir(bool condicion) {
+    cabe_ = cabe_ && condicion;
     return *this;
   }
   std::optional<QString> texto() const { return cabe_ ? std::optional(texto_) : std::nullopt; }
@@ -38,7 +42,7 @@ void claveLarga(Escritor& e, const FilaExport& f) {
 void claveCorta(Escritor& e, const FilaExport& f) {
   switch (f.clase) {
     case kGranTotal:
-      e.campo(f.GRUPO, 6);
+      e.campo(f.GRUPO, 6).exigir(f.CODI == 0 || f.CODI == f.GRUPO);  // no place for another
       break;
     case kDepartamentos:
       e.campo(f.GRUPO, 2).campo(f.SECCION, 2).campo(f.CODI, 2);
@@ -91,6 +95,23 @@ bool leerNumero(QStringView linea, Lugar lugar, qint64& n) {
   return ok;
 }
 
+// Where a short line has its group. Ours has it in front, and then the code of an operator, or the
+// section and the code of a department; another system's has it where those begin.
+std::optional<Clave> claveCortaDe(int numero, QStringView linea, const Secciones& secciones) {
+  const Clave ajena = claveDe(numero, true);
+  if (numero != kOperadores && numero != kDepartamentos) return ajena;
+  qint64 delante = 0, detras = 0;
+  if (!leerNumero(linea, {2, 2}, delante) || !leerNumero(linea, ajena.grupo, detras)) return ajena;
+  if (delante == 0) return ajena;  // no group of ours
+  const auto grupo = secciones.find(delante);
+  const bool nuestra =
+      grupo != secciones.end() && (numero == kOperadores || grupo->second == detras);
+  const bool deOtro = secciones.contains(detras);
+  if (nuestra == deOtro) return std::nullopt;
+  if (deOtro) return ajena;
+  return numero == kOperadores ? Clave{{2, 2}, {4, 4}, {}} : Clave{{2, 2}, {6, 2}, {}};
+}
+
 const ClaseTotal* claseDeCodigo(QStringView codigo, const Ajustes& ajustes) {
   for (const ClaseTotal& c : enVigor(ajustes))
     if (codigo == QStringView(c.codigo)) return &c;
@@ -105,21 +126,25 @@ std::optional<QString> lineaExport(const FilaExport& f, bool corto) {
   return e.campo(f.c.IMP, 10).campo(f.c.SCO, 10).campo(f.c.PES, 8).campo(f.c.CON, 6).texto();
 }
 
-std::optional<FilaExport> leerLineaExport(QStringView linea, const Ajustes& ajustes) {
-  if (linea.size() != kLargo && linea.size() != kCorto) return std::nullopt;
+std::expected<FilaExport, LineaMala> leerLineaExport(QStringView linea, const Ajustes& ajustes,
+                                                     const Secciones& secciones) {
+  const std::unexpected noEs(LineaMala::NoReconocible);
+  if (linea.size() != kLargo && linea.size() != kCorto) return noEs;
   const ClaseTotal* c = claseDeCodigo(linea.left(2), ajustes);
-  if (!c) return std::nullopt;
+  if (!c) return noEs;
   const bool corto = linea.size() == kCorto;
-  const Clave clave = claveDe(c->numero, corto);
+  const auto clave = corto ? claveCortaDe(c->numero, linea, secciones) : claveDe(c->numero, false);
+  if (!clave) return std::unexpected(LineaMala::Dudosa);
   const int x = corto ? 8 : 16;
   FilaExport f;
   f.clase = c->numero;
   const bool bien =
-      leerNumero(linea, clave.grupo, f.GRUPO) && leerNumero(linea, clave.codi, f.CODI) &&
-      leerNumero(linea, clave.hora, f.HORA) && leerNumero(linea, {x, 10}, f.c.IMP) &&
+      leerNumero(linea, clave->grupo, f.GRUPO) && leerNumero(linea, clave->codi, f.CODI) &&
+      leerNumero(linea, clave->hora, f.HORA) && leerNumero(linea, {x, 10}, f.c.IMP) &&
       leerNumero(linea, {x + 10, 10}, f.c.SCO) && leerNumero(linea, {x + 20, 8}, f.c.PES) &&
       leerNumero(linea, {x + 28, 6}, f.c.CON);
-  return bien ? std::optional(f) : std::nullopt;
+  if (!bien) return noEs;
+  return f;
 }
 
 QString cabeceraComentario(const Periodo& p, QString descr) {

@@ -2,6 +2,8 @@
 // the room; the layouts are described in docs/formatos.md.
 #pragma once
 
+#include <expected>
+#include <map>
 #include <optional>
 
 #include "totals/periodos/Calendario.h"
@@ -15,11 +17,23 @@ struct FilaExport {
   Contadores c;
 };
 
+// Characters of a line, without its end.
+constexpr qsizetype largoLinea(bool corto) {
+  return corto ? 42 : 50;
+}
 // The line without its end; nothing when a value doesn't fit its column. A negative value has its
 // sign in the first place of its column.
 std::optional<QString> lineaExport(const FilaExport& f, bool corto);
-// The row of a line of 50 or 42 characters; nothing when it isn't one. SECCION is not read.
-std::optional<FilaExport> leerLineaExport(QStringView linea, const Ajustes& ajustes);
+// The section of each group of the shop.
+using Secciones = std::map<qint64, qint64>;
+enum class LineaMala {
+  NoReconocible,
+  Dudosa  // short, and the groups of the shop don't tell which columns hold the group
+};
+// The row of a line of 50 or 42 characters. SECCION is not read. Short lines of operators and
+// departments have their group in other columns when another system wrote them.
+std::expected<FilaExport, LineaMala> leerLineaExport(QStringView linea, const Ajustes& ajustes,
+                                                     const Secciones& secciones);
 
 QString cabeceraComentario(const Periodo& p, QString descr);
 QString cabeceraFechas(const Periodo& p);

@@ -1,3 +1,5 @@
+#include <QBuffer>
+#include <QFileInfo>
 #include <array>
 #include <cmath>
 
@@ -5,52 +7,13 @@
 #include "core/textos/Textos.h"
 #include "totals/TextosTotals.h"
 #include "totals/intercambio/Exportado.h"
+#include "totals/intercambio/Lector.h"
 #include "totals/intercambio/XporTot.h"
 #include "totals/periodos/FilasTotales.h"
 
 namespace tarvo::totals {
 
-constexpr qsizetype kLineaMaxima = 1024;  // a longer one is no line of ours
-
-// The lines of a file, one at a time, numbered from 1.
-class Lector {
- public:
-  explicit Lector(QByteArrayView bytes) : resto_(bytes) {
-    utf8_ = resto_.startsWith("\xEF\xBB\xBF");
-    if (utf8_) resto_ = resto_.sliced(3);
-    siguiente();
-  }
-  bool fin() const { return fin_; }
-  int numero() const { return numero_; }
-  qint64 leidos(qint64 tamano) const { return tamano - resto_.size(); }
-  const QString& linea() const { return linea_; }
-  bool demasiadoLarga() const { return larga_; }
-  bool esCabecera() const { return !fin_ && linea_.startsWith(u'*'); }
-  bool enBlanco() const { return linea_.trimmed().isEmpty() && !larga_; }
-  void siguiente() {
-    fin_ = resto_.isEmpty();
-    linea_.clear();
-    if (fin_) return;
-    ++numero_;
-    const qsizetype n = resto_.indexOf('\n');
-    QByteArrayView cruda = n < 0 ? resto_ : resto_.first(n);
-    resto_ = n < 0 ? QByteArrayView() : resto_.sliced(n + 1);
-    if (cruda.endsWith('\r')) cruda.chop(1);
-    larga_ = cruda.size() > kLineaMaxima;
-    if (!larga_)
-      linea_ = utf8_ ? QString::fromUtf8(cruda) : ficheros::descodificar1252(cruda.toByteArray());
-  }
-
- private:
-  QByteArrayView resto_;
-  QString linea_;
-  int numero_ = 0;
-  bool utf8_ = false, larga_ = false, fin_ = false;
-};
-
 namespace {
-
-constexpr qint64 kLimiteImport = 256 * 1024 * 1024;
 
 struct Cabecera {
   Fecha desde, hasta;
@@ -72,6 +35,8 @@ std::optional<Cabecera> leerCabecera(Lector& l) {
 }
 
 std::unexpected<Error> noReconocible(const Lector& l, const QString& nombre, const Textos& textos) {
+  if (const auto averia = l.averia())
+    return fallo(Fallo::Interno, textos(kTxSinLeerHastaElFinal, {nombre, *averia}));
   return fallo(Fallo::Formato, l.fin() ? textos(kTxFinNoReconocible, {nombre})
                                        : textos(kTxLineaNoReconocible, {nombre, l.numero()}));
 }
@@ -107,17 +72,32 @@ class Sumador {
   std::array<std::unique_ptr<dao::Sentencia>, 6> sentencias_;
 };
 
+Resultado<Secciones> leerSecciones(dao::Database& db) {
+  TARVO_TOMAR(const auto rs, db.consultar(u"SELECT CODGPO, SECCION FROM GRUPOS"));
+  Secciones s;
+  while (!rs->Eof()) {
+    s[rs->entero(0)] = rs->entero(1);
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  return s;
+}
+
 // The detail lines up to the next header. How many they were.
-Resultado<int> leerDetalle(Lector& l, Sumador& sumador, const Ajustes& a, const QString& nombre,
+Resultado<int> leerDetalle(Lector& l, Sumador& sumador, const Ajustes& a,
+                           const Secciones& secciones, const QString& nombre,
                            const Textos& textos) {
   int lineas = 0;
   for (; !l.fin() && !l.esCabecera(); l.siguiente()) {
     if (l.enBlanco()) continue;
-    const auto fila = l.demasiadoLarga() ? std::nullopt : leerLineaExport(l.linea(), a);
+    if (l.demasiadoLarga()) return noReconocible(l, nombre, textos);
+    const auto fila = leerLineaExport(l.linea(), a, secciones);
+    if (!fila && fila.error() == LineaMala::Dudosa)
+      return fallo(Fallo::Formato, textos(kTxLineaDudosa, {nombre, l.numero()}));
     if (!fila) return noReconocible(l, nombre, textos);
     TARVO_INTENTAR(sumador.sumar(*fila));
     ++lineas;
   }
+  if (l.averia()) return noReconocible(l, nombre, textos);
   return lineas;
 }
 
@@ -150,29 +130,41 @@ Resultado<qint64> ImpTot::destino(const Periodo& p, const QString& descr, SiExis
 
 struct Importacion::Interior {
   ImpTot& motor;
-  QByteArray bytes;
   QString nombre;
   Lector lector;
   std::optional<Bloque> bloque = {};
   bool empezado = false;
 };
 
-Importacion::Importacion(ImpTot& motor, QByteArray bytes, const QString& nombre)
-    : d(new Interior{motor, bytes, nombre, Lector(bytes)}) {}
+Importacion::Importacion(ImpTot& motor, std::unique_ptr<QIODevice> fichero, const QString& nombre)
+    : d(new Interior{motor, nombre, Lector(std::move(fichero))}) {}
 
 Importacion::~Importacion() = default;
 
 Resultado<std::unique_ptr<Importacion>> Importacion::abrir(ImpTot& motor, const QString& ruta) {
-  TARVO_TOMAR(auto bytes, ficheros::leerBytes(ruta, kLimiteImport));
-  return std::make_unique<Importacion>(motor, std::move(bytes), NombreFichero(ruta));
+  auto f = std::make_unique<QFile>(ruta);
+  if (QFileInfo::exists(ruta) && !QFileInfo(ruta).isFile())
+    return fallo(Fallo::Formato, motor.p_.textos()(kTxNoEsExportacion, {ruta}));
+  if (!f->open(QIODevice::ReadOnly))
+    return fallo(QFileInfo::exists(ruta) ? Fallo::SinPermiso : Fallo::NoExiste,
+                 motor.p_.textos()(kTxSinLeerHastaElFinal, {ruta, f->errorString()}));
+  return std::make_unique<Importacion>(motor, std::move(f), NombreFichero(ruta));
+}
+
+std::unique_ptr<Importacion> Importacion::deBytes(ImpTot& motor, const QByteArray& bytes,
+                                                  const QString& nombre) {
+  auto b = std::make_unique<QBuffer>();
+  b->setData(bytes);
+  b->open(QIODevice::ReadOnly);
+  return std::make_unique<Importacion>(motor, std::move(b), nombre);
 }
 
 qint64 Importacion::leidos() const {
-  return d->lector.leidos(d->bytes.size());
+  return d->lector.leidos();
 }
 
 qint64 Importacion::tamano() const {
-  return d->bytes.size();
+  return d->lector.tamano();
 }
 
 Resultado<std::optional<Importacion::Bloque>> Importacion::siguiente() {
@@ -201,16 +193,17 @@ Resultado<ImpTot::Hecho> Importacion::incorporar(SiExiste siExiste) {
                  link.error().numero);
   TARVO_TOMAR(const auto marcas, m.p_.DesacumularTodo(*link));
   Sumador sumador(m.db_, *link);
-  TARVO_TOMAR(const auto lineas, leerDetalle(d->lector, sumador, m.a_, d->nombre, m.p_.textos()));
+  TARVO_TOMAR(const auto secciones, leerSecciones(m.db_));
+  TARVO_TOMAR(const auto lineas,
+              leerDetalle(d->lector, sumador, m.a_, secciones, d->nombre, m.p_.textos()));
   TARVO_INTENTAR(sumador.comprobar(m.p_.textos()));
   TARVO_INTENTAR(m.p_.ReacumularTodo(*link, marcas));
   TARVO_INTENTAR(t.confirmar());
   return ImpTot::Hecho{*link, p, lineas};
 }
 
-Resultado<> ImpTot::importarBytes(const QByteArray& bytes, const QString& nombre, SiExiste siExiste,
-                                  std::vector<Hecho>& hechos) {
-  Importacion fichero(*this, bytes, nombre);
+Resultado<> ImpTot::importarTodo(Importacion& fichero, SiExiste siExiste,
+                                 std::vector<Hecho>& hechos) {
   while (true) {
     TARVO_TOMAR(const auto bloque, fichero.siguiente());
     if (!bloque) return {};
@@ -219,9 +212,14 @@ Resultado<> ImpTot::importarBytes(const QByteArray& bytes, const QString& nombre
   }
 }
 
+Resultado<> ImpTot::importarBytes(const QByteArray& bytes, const QString& nombre, SiExiste siExiste,
+                                  std::vector<Hecho>& hechos) {
+  return importarTodo(*Importacion::deBytes(*this, bytes, nombre), siExiste, hechos);
+}
+
 Resultado<> ImpTot::importar(const QString& ruta, SiExiste siExiste, std::vector<Hecho>& hechos) {
-  TARVO_TOMAR(const auto bytes, ficheros::leerBytes(ruta, kLimiteImport));
-  return importarBytes(bytes, NombreFichero(ruta), siExiste, hechos);
+  TARVO_TOMAR(const auto fichero, Importacion::abrir(*this, ruta));
+  return importarTodo(*fichero, siExiste, hechos);
 }
 
 }  // namespace tarvo::totals

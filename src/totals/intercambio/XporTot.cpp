@@ -1,18 +1,21 @@
 #include "totals/intercambio/XporTot.h"
 
-#include <QCryptographicHash>
-#include <QFileInfo>
-
 #include "core/ajustes/Ficheros.h"
 #include "core/textos/Textos.h"
 #include "totals/TextosTotals.h"
+#include "totals/intercambio/Anadidura.h"
 #include "totals/intercambio/Exportado.h"
 
 namespace tarvo::totals {
 
 namespace {
 
-constexpr qint64 kLimiteFichero = qint64{1} << 30;
+const QString kFinLinea = QStringLiteral("\r\n");
+
+QByteArray cabeceraDe(const Columna& c) {
+  return ficheros::codificar1252(cabeceraComentario(c.periodo, c.DESCR) + kFinLinea +
+                                 cabeceraFechas(c.periodo) + kFinLinea);
+}
 
 FilaExport filaDe(const ClaseTotal& c, const dao::Recordset& r) {
   FilaExport f{c.numero, r.entero(0), r.entero(1), r.entero(2), r.entero(3), {}};
@@ -24,25 +27,6 @@ std::unexpected<Error> noCabe(const Columna& periodo, const FilaExport& f, const
   return fallo(Fallo::Formato, textos(f.clase == kOperHora ? kTxNoCabeHora : kTxNoCabe,
                                       {periodo.LINK, TextoPeriodo(periodo.periodo),
                                        NombreTabla(f.clase), f.GRUPO, f.CODI, f.HORA}));
-}
-
-QString huellaDe(QByteArrayView bytes) {
-  QCryptographicHash h(QCryptographicHash::Sha256);
-  h.addData(bytes);
-  return QString::fromLatin1(h.result().toHex());
-}
-
-// Whether blocks may stand behind what a file holds. One with another name than .EXP may be the
-// database or a process.
-bool esDeExportacion(const QString& ruta, const QByteArray& bytes) {
-  return !QFileInfo::exists(ruta) || bytes.startsWith('*') ||
-         ruta.endsWith(QStringLiteral(".EXP"), Qt::CaseInsensitive);
-}
-
-// What the file holds; empty when there is none.
-Resultado<QByteArray> contenidoDe(const QString& ruta) {
-  if (!QFileInfo::exists(ruta)) return QByteArray();
-  return ficheros::leerBytes(ruta, kLimiteFichero);
 }
 
 }  // namespace
@@ -59,7 +43,7 @@ QString XporTot::rutaDestino(const QString& nombre) const {
 }
 
 Resultado<> XporTot::lineasDe(const ClaseTotal& c, const Columna& periodo, bool corto,
-                              QString& texto) {
+                              const Recibe& recibe) {
   const QString tabla = QString::fromUtf16(c.tabla);
   const QString hora = c.conHora ? QStringLiteral("HORA") : QStringLiteral("0");
   TARVO_TOMAR(
@@ -74,32 +58,41 @@ Resultado<> XporTot::lineasDe(const ClaseTotal& c, const Columna& periodo, bool 
     const FilaExport f = filaDe(c, *rs);
     const auto linea = lineaExport(f, corto);
     if (!linea) return noCabe(periodo, f, p_.textos());
-    texto += *linea + QStringLiteral("\r\n");
+    TARVO_INTENTAR(recibe((*linea + kFinLinea).toLatin1()));
     TARVO_INTENTAR(rs->MoveNext());
   }
   return {};
 }
 
-Resultado<QString> XporTot::bloque(const Columna& periodo, bool corto) {
-  QString texto =
-      QStringLiteral("%1\r\n%2\r\n")
-          .arg(cabeceraComentario(periodo.periodo, periodo.DESCR), cabeceraFechas(periodo.periodo));
-  for (const ClaseTotal& c : enVigor(a_)) TARVO_INTENTAR(lineasDe(c, periodo, corto, texto));
-  return texto;
+Resultado<> XporTot::bloque(const Columna& periodo, bool corto, const Recibe& recibe) {
+  TARVO_INTENTAR(recibe(cabeceraDe(periodo)));
+  for (const ClaseTotal& c : enVigor(a_)) TARVO_INTENTAR(lineasDe(c, periodo, corto, recibe));
+  return {};
 }
 
-// The blocks of all periods; nothing when the first of them isn't there.
-Resultado<std::optional<QByteArray>> XporTot::bloques(const std::vector<qint64>& links,
-                                                      bool corto) {
-  QString texto;
+Resultado<qint64> XporTot::largoDe(const Columna& periodo, bool corto) {
+  qint64 filas = 0;
+  for (const ClaseTotal& c : enVigor(a_)) {
+    TARVO_TOMAR(
+        const auto n,
+        db_.uno(
+            QStringLiteral("SELECT count(*) FROM %1 WHERE LINK=?").arg(QString::fromUtf16(c.tabla)),
+            periodo.LINK));
+    filas += n.entero();
+  }
+  return cabeceraDe(periodo).size() + filas * (largoLinea(corto) + kFinLinea.size());
+}
+
+// The periods to export; nothing when the first of them isn't there.
+Resultado<std::optional<std::vector<Columna>>> XporTot::columnas(const std::vector<qint64>& links) {
+  std::vector<Columna> v;
   for (const qint64 link : links) {
     TARVO_TOMAR(const auto c, p_.columna(link));
-    if (!c && link == links.front()) return std::nullopt;
+    if (!c && v.empty()) return std::nullopt;
     if (!c) return fallo(Fallo::NoExiste, p_.textos()(kTxNadaExportado, {link}));
-    TARVO_TOMAR(const auto b, bloque(*c, corto));
-    texto += b;
+    v.push_back(*c);
   }
-  return ficheros::codificar1252(texto);
+  return v;
 }
 
 // How far an export of this mark came, whatever its name was then: a name may hold the date.
@@ -107,30 +100,43 @@ Resultado<XporTot::Avance> XporTot::avanceDe(const QString& marca) {
   if (marca.isEmpty()) return Avance{};
   TARVO_TOMAR(
       auto rs,
-      db_.consultar(u"SELECT RUTA, DESPUES, HUELLA, HECHO FROM Exportes WHERE MARCA=?", marca));
+      db_.consultar(u"SELECT RUTA, ANTES, DESPUES, HUELLA, HECHO FROM Exportes WHERE MARCA=?",
+                    marca));
   if (rs->Eof()) return Avance{};
-  const qint64 largo = rs->entero(1);
-  TARVO_TOMAR(const auto hay, contenidoDe(rs->texto(0)));
-  const bool escrito = largo > 0 && hay.size() >= largo &&
-                       huellaDe(QByteArrayView(hay).first(largo)) == rs->texto(2);
-  return Avance{escrito, escrito && rs->logico(3)};
+  TARVO_TOMAR(const auto escrito,
+              Anadidura::estaEn(rs->texto(0), {rs->entero(1), rs->entero(2), rs->texto(3)}));
+  return Avance{escrito, escrito && rs->logico(4)};
 }
 
-Resultado<> XporTot::escribir(const QString& ruta, const QByteArray& nuevo, const QString& marca) {
-  TARVO_TOMAR(auto todo, contenidoDe(ruta));
-  if (!esDeExportacion(ruta, todo))
-    return fallo(Fallo::Formato, p_.textos()(kTxNoEsExportacion, {ruta}));
-  const qint64 antes = todo.size();
-  if (!todo.isEmpty() && !todo.endsWith('\n')) todo.append("\r\n");  // a line that was cut off
-  todo.append(nuevo);
-  if (!marca.isEmpty())  // on disk before the file changes
+// The blocks count from the moment at which the database says that they are in the file, which is
+// after they are on disk.
+Resultado<> XporTot::escribir(const QString& ruta, const std::vector<Columna>& periodos, bool corto,
+                              const QString& marca) {
+  qint64 largo = 0;
+  for (const Columna& c : periodos) {
+    TARVO_TOMAR(const auto suyo, largoDe(c, corto));
+    largo += suyo;
+  }
+  TARVO_TOMAR(const auto fichero,
+              Anadidura::empezar(db_, ruta, largo, cabeceraDe(periodos.front()), p_.textos()));
+  for (const Columna& c : periodos)
     TARVO_INTENTAR(
-        db_.ejecutar(u"INSERT INTO Exportes (MARCA, RUTA, ANTES, DESPUES, HUELLA, HECHO) VALUES "
-                     u"(?, ?, ?, ?, ?, 0) "
-                     u"ON CONFLICT (MARCA) DO UPDATE SET RUTA=excluded.RUTA, ANTES=excluded.ANTES, "
-                     u"DESPUES=excluded.DESPUES, HUELLA=excluded.HUELLA, HECHO=0",
-                     marca, ruta, antes, static_cast<qint64>(todo.size()), huellaDe(todo)));
-  return ficheros::escribirEntero(ruta, todo);
+        bloque(c, corto, [&](const QByteArray& bytes) { return fichero->escribir(bytes); }));
+  TARVO_TOMAR(const auto sitio, fichero->asegurar());
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_INTENTAR(fichero->contada());
+  if (!marca.isEmpty())
+    TARVO_INTENTAR(
+        db_.ejecutar(u"INSERT OR REPLACE INTO Exportes (MARCA, RUTA, ANTES, DESPUES, HUELLA, "
+                     u"HECHO) VALUES (?, ?, ?, ?, ?, 0)",
+                     marca, ruta, sitio.desde, sitio.hasta, sitio.huella));
+  TARVO_INTENTAR(t.confirmar());
+  fichero->confirmada();
+  return {};
+}
+
+Resultado<> XporTot::recuperar() {
+  return Anadidura::recuperar(db_);
 }
 
 Resultado<> XporTot::terminar(const std::vector<qint64>& links, bool borrar, const QString& marca) {
@@ -152,9 +158,9 @@ Resultado<bool> XporTot::XportRemoto(const std::vector<qint64>& periodos,
   TARVO_TOMAR(const auto avance, avanceDe(marca));
   if (avance.terminado) return true;
   if (!avance.escrito) {
-    TARVO_TOMAR(const auto nuevo, bloques(periodos, como.corto));
-    if (!nuevo) return false;
-    TARVO_INTENTAR(escribir(ruta, *nuevo, marca));
+    TARVO_TOMAR(const auto nuevos, columnas(periodos));
+    if (!nuevos) return false;
+    TARVO_INTENTAR(escribir(ruta, *nuevos, como.corto, marca));
   }
   TARVO_INTENTAR(terminar(periodos, como.borrar, marca));
   return true;

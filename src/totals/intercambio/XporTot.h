@@ -1,7 +1,9 @@
 // Periods to .EXP files and back. Layouts: docs/formatos.md. A block is in the file whole or not at
-// all: the new file is written beside the old one, flushed and renamed.
+// all: it counts once it is on disk, and what a program that died left of one is cut off again.
 #pragma once
 
+#include <QIODevice>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -20,7 +22,7 @@ class XporTot {
   XporTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
 
   // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a point),
-  // behind what the file holds; a file that is no export of periods (the database, a process) is an
+  // after what the file holds; a file that is no export of periods (the database, a process) is an
   // Error and stays as it is. False when the first period is not there. A value that can't fit
   // its column stops the whole export with an Error that names the period and the row; nothing is
   // written then. An export that was cut off between the file and the database is recognised (table
@@ -28,9 +30,13 @@ class XporTot {
   // transaction is open: what is noted must be on disk before the file changes.
   Resultado<bool> XportRemoto(const std::vector<qint64>& periodos, const OpcionesExport& como,
                               const QString& nombre, const QString& marca);
-  // The text of one block (Windows-1252 bytes are made by the caller): two header lines and the
-  // rows, CR LF ended.
-  Resultado<QString> bloque(const Columna& periodo, bool corto);
+  // The bytes of one block, piece by piece: two header lines and the rows. What `recibe` answers
+  // with an Error ends it.
+  using Recibe = std::function<Resultado<>(const QByteArray&)>;
+  Resultado<> bloque(const Columna& periodo, bool corto, const Recibe& recibe);
+  // Cuts off what a program that died left half written, in whatever file. For the start; an export
+  // does so for its own.
+  Resultado<> recuperar();
   // Empty for a name that names no file.
   QString rutaDestino(const QString& nombre) const;
 
@@ -39,9 +45,12 @@ class XporTot {
     bool escrito = false, terminado = false;
   };
   Resultado<Avance> avanceDe(const QString& marca);
-  Resultado<> lineasDe(const ClaseTotal& c, const Columna& periodo, bool corto, QString& texto);
-  Resultado<std::optional<QByteArray>> bloques(const std::vector<qint64>& links, bool corto);
-  Resultado<> escribir(const QString& ruta, const QByteArray& nuevo, const QString& marca);
+  Resultado<> lineasDe(const ClaseTotal& c, const Columna& periodo, bool corto,
+                       const Recibe& recibe);
+  Resultado<qint64> largoDe(const Columna& periodo, bool corto);
+  Resultado<std::optional<std::vector<Columna>>> columnas(const std::vector<qint64>& links);
+  Resultado<> escribir(const QString& ruta, const std::vector<Columna>& periodos, bool corto,
+                       const QString& marca);
   Resultado<> terminar(const std::vector<qint64>& links, bool borrar, const QString& marca);
 
   dao::Database& db_;
@@ -73,6 +82,7 @@ class ImpTot {
 
  private:
   friend class Importacion;
+  Resultado<> importarTodo(Importacion& fichero, SiExiste siExiste, std::vector<Hecho>& hechos);
   Periodo periodoDe(Fecha desde, Fecha hasta) const;
   Resultado<qint64> destino(const Periodo& p, const QString& descr, SiExiste siExiste);
 
@@ -83,8 +93,10 @@ class ImpTot {
 
 class Importacion {
  public:
-  // `nombre` stands in errors. REQUIRES that `motor` outlives it.
-  Importacion(ImpTot& motor, QByteArray bytes, const QString& nombre);
+  // `nombre` stands in errors. REQUIRES that `motor` outlives it, and that the device is open.
+  Importacion(ImpTot& motor, std::unique_ptr<QIODevice> fichero, const QString& nombre);
+  static std::unique_ptr<Importacion> deBytes(ImpTot& motor, const QByteArray& bytes,
+                                              const QString& nombre);
   // Of a file; an error when it can't be read.
   static Resultado<std::unique_ptr<Importacion>> abrir(ImpTot& motor, const QString& ruta);
   ~Importacion();

@@ -29,6 +29,9 @@ struct Periodo {
   Fecha desde, hasta;
   bool operator==(const Periodo&) const = default;
   auto operator<=>(const Periodo&) const = default;
+  bool solapa(const Periodo& otro) const {
+    return desde <= otro.desde ? hasta > otro.desde : desde < otro.hasta;
+  }
 };
 
 // Full limits of the period of a calendar kind that holds `desde`; for any other kind the dates
@@ -56,5 +59,6 @@ class Calendario {
 QString NombreTipoPeriodo(int tipo);
 QString FormatoPeriodo(int tipo, Fecha fecha);  // the date as a period of this kind shows it
 QString TextoPeriodo(const Periodo& p);
+QString TextoPeriodos(const std::vector<Periodo>& periodos);  // parted by commas
 
 }  // namespace tarvo::totals

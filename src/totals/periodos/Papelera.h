@@ -1,6 +1,6 @@
 // Deleted periods can be brought back for a while: they lie in tables of their own, by batch, with
 // their rows, marks and origins, and with what was remembered of replaced periods on their account.
-// While they lie there nobody else is given their number.
+// The rows of a sum lie there too (Sumas). While they lie there nobody else is given their number.
 #pragma once
 
 #include <optional>

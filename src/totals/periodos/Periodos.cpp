@@ -9,8 +9,9 @@ namespace tarvo::totals {
 
 namespace {
 
-const QString kColumnas = QStringLiteral(
-    "SELECT LINK, TIPO, FECHA1, FECHAF, DESCR, ACUM2, ACUM3, ACUM4, stkABLE, stkADO FROM COLUMNA ");
+constexpr QStringView kColumnas =
+    u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR, ACUM2, ACUM3, ACUM4, stkABLE, stkADO FROM COLUMNA "
+    u"{condicion}";
 
 Columna columnaDe(const dao::Recordset& r) {
   Columna c;
@@ -25,13 +26,8 @@ Columna columnaDe(const dao::Recordset& r) {
 template <class... P>
 Resultado<std::vector<Columna>> columnas(dao::Database& db, const QString& condicion,
                                          const P&... p) {
-  TARVO_TOMAR(auto rs, db.consultar(QString(kColumnas + condicion), p...));
-  std::vector<Columna> v;
-  while (!rs->Eof()) {
-    v.push_back(columnaDe(*rs));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return v;
+  return dao::reunir(db.consultar(dao::conMarcas(kColumnas, {{u"condicion", condicion}}), p...),
+                     columnaDe);
 }
 
 template <class... P>
@@ -79,8 +75,9 @@ Resultado<qint64> Periodos::CrearPeriodo(int tipo, Fecha desde, Fecha hasta, boo
 Resultado<> Periodos::borrarFilas(qint64 link, int clase) {
   for (const ClaseTotal& k : enVigor(a_))
     if (clase < 1 || clase == k.numero)
-      TARVO_INTENTAR(db_.ejecutar(
-          QStringLiteral("DELETE FROM %1 WHERE LINK=?").arg(QString::fromUtf16(k.tabla)), link));
+      TARVO_INTENTAR(db_.ejecutar(dao::conMarcas(u"DELETE FROM {tabla} WHERE LINK=?",
+                                                 {{u"tabla", QString::fromUtf16(k.tabla)}}),
+                                  link));
   // Where the rows came from goes with them: the number may be another period's some day.
   if (db_.existeTabla(u"Origenes"))
     TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Origenes WHERE LINK=? AND (CLASE=? OR ?<1)", link,
@@ -93,16 +90,34 @@ Resultado<> Periodos::VaciarPeriodo(qint64 link) {
   TARVO_TOMAR(const auto c, columna(link));
   if (c) TARVO_INTENTAR(olvidarSustituidosEn(c->periodo));
   TARVO_INTENTAR(borrarFilas(link, 0));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Sumados WHERE LINK=?", link));
   return t.confirmar();
 }
 
-Resultado<> Periodos::CambiarPeriodo(qint64 link, int tipo, Fecha desde, Fecha hasta) {
+Resultado<std::vector<Periodo>> Periodos::saldriaDe(qint64 link, int tipo, Fecha desde,
+                                                    Fecha hasta) {
+  TARVO_TOMAR(const auto c, columna(link));
+  std::vector<Periodo> v;
+  if (!c) return v;
+  const Periodo nuevo = LimitesPeriodo(tipo, desde, hasta);
+  for (int mayor = kSemanal; mayor <= kAnual; ++mayor)
+    if (c->acumulado(mayor) && !mayorDe(mayor, nuevo))
+      v.push_back(mayorDe(mayor, c->periodo).value_or(Periodo{mayor, c->periodo.desde, {}}));
+  return v;
+}
+
+Resultado<> Periodos::CambiarPeriodo(qint64 link, int tipo, Fecha desde, Fecha hasta,
+                                     bool aunqueSalga) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   const Periodo p = LimitesPeriodo(tipo, desde, hasta);
   TARVO_TOMAR(const auto otro, BuscarPeriodo(p.tipo, p.desde, p.hasta));
   if (otro && otro->LINK == link) return t.confirmar();
   if (otro) return fallo(Fallo::Duplicado, textos_(kTxPeriodoRepetido, {TextoPeriodo(p)}));
-  TARVO_TOMAR(const auto marcas, DesacumularTodo(link));
+  TARVO_TOMAR(const auto salen, saldriaDe(link, tipo, desde, hasta));
+  if (!salen.empty() && !aunqueSalga)
+    return fallo(Fallo::Restriccion, textos_(kTxSaldriaDe, {TextoPeriodos(salen)}));
+  TARVO_TOMAR(auto marcas, DesacumularTodo(link));
+  for (const Periodo& mayor : salen) marcas.de(mayor.tipo) = false;
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE COLUMNA SET TIPO=?, FECHA1=?, FECHAF=? WHERE LINK=?", p.tipo,
                               p.desde, p.hasta, link));
   TARVO_INTENTAR(ReacumularTodo(link, marcas));

@@ -36,8 +36,13 @@ class Periodos {
                                  const QString& descr);
   Resultado<std::optional<Columna>> BuscarPeriodo(int tipo, Fecha desde, Fecha hasta);
   // Gives a period another kind or other dates. The larger periods and the stock follow. Duplicado
-  // when there is such a period already.
-  Resultado<> CambiarPeriodo(qint64 link, int tipo, Fecha desde, Fecha hasta);
+  // when there is such a period already; Restriccion when larger ones would lose its sales, which
+  // with `aunqueSalga` they do.
+  Resultado<> CambiarPeriodo(qint64 link, int tipo, Fecha desde, Fecha hasta,
+                             bool aunqueSalga = false);
+  // The larger periods that hold the sales of this one and have no place for them with that kind
+  // and those dates.
+  Resultado<std::vector<Periodo>> saldriaDe(qint64 link, int tipo, Fecha desde, Fecha hasta);
   // The period and its rows. With a kind of 1 or more only the rows of that kind go, and the period
   // stays.
   Resultado<> BorrarPeriodo(qint64 link, int clase = 0);
@@ -58,8 +63,10 @@ class Periodos {
   struct Marcas {
     bool a2 = false, a3 = false, a4 = false;
     int stk = 0;
+    bool& de(int tipo) { return tipo == kSemanal ? a2 : tipo == kMensual ? a3 : a4; }
   };
   Resultado<Marcas> DesacumularTodo(qint64 link);
+  // Restriccion when a larger period has no place for it any more.
   Resultado<> ReacumularTodo(qint64 link, const Marcas& marcas);
 
   // Replacing a period: its row goes and comes back with clear marks and a new LINK, keeping the
@@ -84,6 +91,7 @@ class Periodos {
     int stkADO = 0;
   };
   Resultado<> borrarFilas(qint64 link, int clase);
+  static std::optional<Periodo> mayorDe(int tipo, const Periodo& origen);
   Resultado<std::optional<qint64>> destinoDe(int tipo, const Periodo& origen);
   Resultado<bool> moverAcumulado(int tipo, const Columna& origen, int signo);
   Resultado<> recordar(const Columna& vieja);

@@ -13,7 +13,8 @@ QString campoAcum(int tipo) {
 
 Resultado<> ponerMarca(dao::Database& db, qint64 link, int tipo, bool valor) {
   TARVO_INTENTAR(db.ejecutar(
-      QStringLiteral("UPDATE COLUMNA SET %1=? WHERE LINK=?").arg(campoAcum(tipo)), valor, link));
+      dao::conMarcas(u"UPDATE COLUMNA SET {marca}=? WHERE LINK=?", {{u"marca", campoAcum(tipo)}}),
+      valor, link));
   return {};
 }
 
@@ -26,20 +27,28 @@ std::unexpected<Error> sinPeriodo(qint64 link, const Textos& textos) {
 Resultado<> Periodos::SumarPeriodo(qint64 destino, qint64 origen, int signo) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   for (const ClaseTotal& c : enVigor(a_)) {
-    const QString filas = QStringLiteral("SELECT * FROM %1 WHERE LINK=?").arg(c.tabla);
+    const QString filas = dao::conMarcas(u"SELECT * FROM {tabla} WHERE LINK=?",
+                                         {{u"tabla", QString::fromUtf16(c.tabla)}});
     TARVO_INTENTAR(sumarFilas(db_, c, destino, filas, origen, signo, textos_));
   }
   return t.confirmar();
 }
 
-// The one larger period of this kind that holds the whole of `origen`, made when it isn't there.
-Resultado<std::optional<qint64>> Periodos::destinoDe(int tipo, const Periodo& origen) {
+// The one larger period of this kind that holds the whole of `origen`.
+std::optional<Periodo> Periodos::mayorDe(int tipo, const Periodo& origen) {
   if (tipo < kSemanal || tipo > kAnual || origen.tipo == tipo) return std::nullopt;
   const Periodo mayor = LimitesPeriodo(tipo, origen.desde, origen.desde);
   if (LimitesPeriodo(tipo, origen.hasta, origen.hasta) != mayor) return std::nullopt;
-  TARVO_TOMAR(const auto c, BuscarPeriodo(tipo, mayor.desde, mayor.hasta));
+  return mayor;
+}
+
+// Its number; it is made when it isn't there.
+Resultado<std::optional<qint64>> Periodos::destinoDe(int tipo, const Periodo& origen) {
+  const auto mayor = mayorDe(tipo, origen);
+  if (!mayor) return std::nullopt;
+  TARVO_TOMAR(const auto c, BuscarPeriodo(tipo, mayor->desde, mayor->hasta));
   if (c) return c->LINK;
-  return CrearPeriodo(tipo, mayor.desde, mayor.hasta, false, QString());
+  return CrearPeriodo(tipo, mayor->desde, mayor->hasta, false, QString());
 }
 
 Resultado<bool> Periodos::moverAcumulado(int tipo, const Columna& origen, int signo) {
@@ -83,8 +92,13 @@ Resultado<> Periodos::ReacumularTodo(qint64 link, const Marcas& marcas) {
   TARVO_TOMAR(const auto c, columna(link));
   if (!c) return sinPeriodo(link, textos_);
   for (const auto& [tipo, marca] :
-       {std::pair{kSemanal, marcas.a2}, {kMensual, marcas.a3}, {kAnual, marcas.a4}})
-    if (marca) TARVO_INTENTAR(AcumularPeriodo(tipo, *c));
+       {std::pair{kSemanal, marcas.a2}, {kMensual, marcas.a3}, {kAnual, marcas.a4}}) {
+    if (!marca) continue;
+    TARVO_TOMAR(const auto cabe, AcumularPeriodo(tipo, *c));
+    if (!cabe)
+      return fallo(Fallo::Restriccion,
+                   textos_(kTxSinMayor, {TextoPeriodo(c->periodo), NombreTipoPeriodo(tipo)}));
+  }
   if (marcas.stk != 0) TARVO_INTENTAR(almacenes_.DescontarVenta(link, -marcas.stk));
   return t.confirmar();
 }

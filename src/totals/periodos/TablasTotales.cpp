@@ -36,10 +36,27 @@ CREATE TABLE IF NOT EXISTS PapeleraTotSusti (
   CON INTEGER, PES INTEGER, [IMP] INTEGER, SCO INTEGER);
 )");
 
+const QString kExportesAbiertos = QStringLiteral(R"(
+CREATE TABLE IF NOT EXISTS ExportesAbiertos (
+  RUTA TEXT PRIMARY KEY, ANTES INTEGER, TOPE INTEGER, VECINDAD TEXT, CABEZA TEXT);
+)");
+
+const QString kSumas = QStringLiteral(R"(
+CREATE TABLE IF NOT EXISTS Sumados (
+  LINK INTEGER, LOTE INTEGER DEFAULT 0, TIPO INTEGER, FECHA1 DOUBLE PRECISION,
+  FECHAF DOUBLE PRECISION, SOLAPA INTEGER DEFAULT 0);
+CREATE INDEX IF NOT EXISTS Sumados_Link ON Sumados (LINK);
+CREATE TABLE IF NOT EXISTS PapeleraSuma (
+  LOTE INTEGER, CLASE INTEGER, GRUPO INTEGER, CODI INTEGER, HORA INTEGER,
+  CON INTEGER, PES INTEGER, [IMP] INTEGER, SCO INTEGER);
+)");
+
 }  // namespace
 
 dao::TablasDeSala tablasTotales() {
-  return {.sala = QStringLiteral("periodos"), .pasos = {{1, kTablas}}, .copias = {}};
+  return {.sala = QStringLiteral("periodos"),
+          .pasos = {{1, kTablas}, {2, kExportesAbiertos}, {3, kSumas}},
+          .copias = {}};
 }
 
 Resultado<> asegurarTablasTotales(dao::Database& db) {

@@ -53,4 +53,10 @@ QString TextoPeriodo(const Periodo& p) {
   return QStringLiteral("%1    (%2)").arg(fechas, NombreTipoPeriodo(p.tipo));
 }
 
+QString TextoPeriodos(const std::vector<Periodo>& periodos) {
+  QStringList textos;
+  for (const Periodo& p : periodos) textos << TextoPeriodo(p).simplified();
+  return textos.join(QStringLiteral(", "));
+}
+
 }  // namespace tarvo::totals

@@ -7,10 +7,6 @@ namespace tarvo::totals {
 
 namespace {
 
-bool solapan(const Periodo& a, const Periodo& b) {
-  return (a.desde <= b.desde && a.hasta > b.desde) || (a.desde > b.desde && a.desde < b.hasta);
-}
-
 // The last date of a selection counts to its end, except where dates are taken as they are.
 Fecha hastaElFinal(int tipo, Fecha hasta) {
   return tipo == kOtros ? hasta : hasta.dia() + Fecha::kUltimoSegundo;
@@ -47,7 +43,7 @@ Resultado<int> VerTot::ChequeoAcumulado(const Columna& c, int tipo) {
     const int k = otro.periodo.tipo;
     const bool seMira = (k >= kDiario && k < tipo) || k == kOtros;
     if (seMira && otro.periodo.desde >= mayor.desde && otro.periodo.desde < mayor.hasta &&
-        otro.acumulado(tipo) && solapan(otro.periodo, c.periodo))
+        otro.acumulado(tipo) && otro.periodo.solapa(c.periodo))
       return otro.LINK == c.LINK ? 2 : 1;
   }
   return 0;
@@ -82,8 +78,11 @@ Resultado<bool> VerTot::StockIntv(bool deshacer) {
   });
 }
 
-Resultado<qint64> VerTot::CrearIntvalo(const Periodo& p, const QString& descr) {
-  return p_.CrearPeriodo(p.tipo, p.desde, p.hasta, true, descr);
+Resultado<VerTot::Creado> VerTot::CrearIntvalo(const Periodo& p, const QString& descr) {
+  TARVO_TOMAR(const auto hay, p_.BuscarPeriodo(p.tipo, p.desde, p.hasta));
+  if (hay) return Creado{hay->LINK, true};
+  TARVO_TOMAR(const auto link, p_.CrearPeriodo(p.tipo, p.desde, p.hasta, true, descr));
+  return Creado{link, false};
 }
 
 Resultado<bool> VerTot::BorrarIntvalo(int tipo, Fecha desde, Fecha hasta) {
@@ -130,33 +129,6 @@ Resultado<bool> VerTot::SelecHnd(qint64 link) {
 void VerTot::ponerSeleccion(const std::vector<qint64>& links) {
   seleccion_.clear();
   for (const qint64 link : links) anadir(link);
-}
-
-Resultado<std::optional<VerTot::Suma>> VerTot::destinoDeSuma() {
-  std::optional<Periodo> todo;
-  for (const qint64 link : seleccion_) {
-    TARVO_TOMAR(const auto c, p_.columna(link));
-    if (!c) return std::nullopt;
-    const Periodo& p = c->periodo;
-    if (!todo) todo = p;
-    todo->desde = std::min(todo->desde, p.desde);
-    todo->hasta = std::max(todo->hasta, p.hasta);
-  }
-  if (!todo) return std::nullopt;
-  const Periodo p = Calendario(a_).DeterminarPeriodo(todo->desde, todo->hasta, std::nullopt);
-  TARVO_TOMAR(auto hay, p_.BuscarPeriodo(p.tipo, p.desde, p.hasta));
-  return Suma{p, std::move(hay)};
-}
-
-Resultado<bool> VerTot::SumarIntv() {
-  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
-  TARVO_TOMAR(const auto destino, destinoDeSuma());
-  if (!destino || !destino->existente) return false;
-  const qint64 total = destino->existente->LINK;
-  for (const qint64 link : seleccion_)
-    if (link != total) TARVO_INTENTAR(p_.SumarPeriodo(total, link));
-  TARVO_INTENTAR(t.confirmar());
-  return true;
 }
 
 }  // namespace tarvo::totals

@@ -19,7 +19,12 @@ class VerTot {
   Resultado<bool> AcumularEn(int tipo);
   Resultado<bool> DesacumularDe(int tipo);
   Resultado<bool> AcumularIntv(int tipo, int signo);
-  Resultado<qint64> CrearIntvalo(const Periodo& p, const QString& descr);
+  // A period of these dates that is there already is taken as it is.
+  struct Creado {
+    qint64 link = 0;
+    bool existia = false;
+  };
+  Resultado<Creado> CrearIntvalo(const Periodo& p, const QString& descr);
   Resultado<bool> BorrarIntvalo(int tipo, Fecha desde, Fecha hasta);
   bool ClrSelec();
   Resultado<bool> Seleccionar(int tipo, Fecha desde, Fecha hasta);
@@ -27,15 +32,23 @@ class VerTot {
   // A period that isn't stockable is passed over and makes it false; one that is discounted already
   // is passed over.
   Resultado<bool> StockIntv(bool deshacer = false);
+  // Sales that a sum would count twice.
+  struct Solape {
+    Periodo uno, otro;
+    bool yaDentro = false;  // `otro`, where the sum goes, holds `uno` already
+  };
   // Where a sum of the selection goes: the period that holds all of it, and its row when it is
   // there. Nothing when a selected period is gone or none is selected.
   struct Suma {
     Periodo periodo;
     std::optional<Columna> existente;
+    int sumandos = 0;  // periods to add; 0 where the only one is the sum itself
+    std::vector<Solape> solapes;
   };
   Resultado<std::optional<Suma>> destinoDeSuma();
-  // Into the period that holds the whole selection, which must exist. The selection stays.
-  Resultado<bool> SumarIntv();
+  // Into the period that holds the whole selection, which must exist; larger periods and stock
+  // follow. The selection stays. With a batch of the Papelera it can be taken back.
+  Resultado<bool> SumarIntv(qint64 lote = 0);
   Resultado<std::optional<Columna>> columna(qint64 link) { return p_.columna(link); }
   const std::vector<qint64>& LosSelec() const { return seleccion_; }
   void ponerSeleccion(const std::vector<qint64>& links);
@@ -47,6 +60,9 @@ class VerTot {
       const std::function<Resultado<bool>(const Columna&, bool antes)>& paso);
   Resultado<std::vector<qint64>> entreFechas(int tipo, Fecha desde, Fecha hasta);
   void anadir(qint64 link);
+  Resultado<std::vector<Columna>> elegidas();
+  Resultado<std::vector<Solape>> solapesDe(const std::vector<Columna>& elegidas,
+                                           const std::optional<Columna>& destino);
 
   Periodos& p_;
   dao::Database& db_;

@@ -1,5 +1,7 @@
 #include "totals/ventanas/ConfirSumVentana.h"
 
+#include <ranges>
+
 #include "core/ventanas/aspecto/Medidas.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
@@ -7,6 +9,10 @@
 namespace tarvo::totals {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int kSolapesALaVista = 4;
+}
 
 ConfirSumVentana::ConfirSumVentana(ventanas::Contexto& contexto, const QString& nombre,
                                    Periodos& periodos)
@@ -46,7 +52,25 @@ Resultado<> ConfirSumVentana::preparar(const ventanas::Argumentos& argumentos) {
   ui_.Descrip->setFocus();
   TARVO_TOMAR(const auto r, resumir(contexto().db, contexto().ajustes, links));
   ui_.resumen->setText(t(kTxNPeriodos, r.periodos) + u": "_s + textoResumen(*this, r));
+  mostrarSolapes();
   return {};
+}
+
+// What would be counted twice is named, and not done by a mere Return.
+void ConfirSumVentana::mostrarSolapes() {
+  const auto& solapes = suma_.solapes;
+  ui_.solapes->setVisible(!solapes.empty());
+  if (solapes.empty()) return;
+  QStringList lineas{t(kTxSeContaranDosVeces)};
+  for (const auto& s : solapes | std::views::take(kSolapesALaVista))
+    lineas << t(s.yaDentro ? kTxYaSumadoEn : kTxEnComun)
+                  .arg(TextoPeriodo(s.uno).simplified(), TextoPeriodo(s.otro).simplified());
+  const int otras = static_cast<int>(solapes.size()) - kSolapesALaVista;
+  if (otras > 0) lineas << t(kTxYOtrasCoincidencias, otras);
+  ui_.solapes->setText(lineas.join(u'\n'));
+  ui_.Hacerlo->setDefault(false);
+  ui_.Cancelar->setDefault(true);
+  ui_.Cancelar->setFocus();
 }
 
 void ConfirSumVentana::hacerlo() {

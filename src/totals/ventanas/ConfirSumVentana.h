@@ -17,6 +17,7 @@ class ConfirSumVentana final : public ventanas::Ventana {
  private:
   Resultado<std::vector<qint64>> losLinks(const ventanas::Argumentos& argumentos);
   void hacerlo();
+  void mostrarSolapes();
 
   Ui::ConfirSum ui_;
   Periodos& p_;

@@ -110,7 +110,7 @@ std::optional<qint64> EditIntvVentana::leerCodigo(EntradaManual& e) {
   const QVariant oper = ui_.LstOper->currentData(), hora = ui_.LstHora->currentData();
   switch (e.clase) {
     case kGranTotal:
-      return e.grupo;
+      return 0;
     case kPLUs: {
       const qint64 plu = ui_.txPLU->text().trimmed().toLongLong();
       const auto hay = contexto().db.uno(

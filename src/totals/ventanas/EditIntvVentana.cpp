@@ -120,16 +120,27 @@ Resultado<qint64> EditIntvVentana::guardarPeriodo(const Periodo& p) {
     if (!hecho) return hecho;
     link = *hecho;
   } else {
-    TARVO_INTENTAR(p_.CambiarPeriodo(link, p.tipo, p.desde, p.hasta));
+    TARVO_INTENTAR(p_.CambiarPeriodo(link, p.tipo, p.desde, p.hasta, true));
   }
   TARVO_INTENTAR(aplicarManuales(contexto().db, p_, link, entradas_));
   TARVO_INTENTAR(tr.confirmar());
   return link;
 }
 
+// Sales that the larger periods would lose leave them only when somebody says so.
+bool EditIntvVentana::aceptaQueSalga(const Periodo& p) {
+  if (nuevo_) return true;
+  const auto salen = p_.saldriaDe(link_, p.tipo, p.desde, p.hasta);
+  if (!haIdoBien(salen)) return false;
+  return salen->empty() ||
+         ventanas::MyMsgBox::Decide(
+             this, contexto().textos, t(kTxSaldranDe).arg(TextoPeriodos(*salen)),
+             ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
+}
+
 void EditIntvVentana::salvar() {
   const auto p = leerPeriodo();
-  if (!p) return;
+  if (!p || !aceptaQueSalga(*p)) return;
   const auto link = guardarPeriodo(*p);
   if (!link) {
     const bool deNuevo = nuevo_ && link.error().clase != Fallo::Duplicado;

@@ -25,6 +25,7 @@ class EditIntvVentana final : public ventanas::Ventana {
   void mesCambiado();
   void pintarLimites();
   std::optional<Periodo> leerPeriodo();
+  bool aceptaQueSalga(const Periodo& p);
   void salvar();
   Resultado<qint64> guardarPeriodo(const Periodo& p);
 

@@ -7,6 +7,7 @@
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
+#include "totals/periodos/Sumas.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 #include "totals/ventanas/VerTotVentana.h"
 
@@ -258,20 +259,35 @@ void VerTotVentana::sumar() {
     MyMsgBox::Decide(this, contexto().textos, t(kTxSinSeleccion), kSoloAcepto);
     return;
   }
+  motor_.ponerSeleccion(links);
+  const auto suma = motor_.destinoDeSuma();
+  motor_.ClrSelec();
+  if (!haIdoBien(suma)) return;
+  if (*suma && (*suma)->sumandos == 0) return decirDuda(t(kTxNadaQueSumar));
   QVariantList lista;
   for (const qint64 link : links) lista << link;
   if (!contexto().ventanas.abrirModal(u"ConfirSum"_s, this, {{u"links"_s, lista}})) return;
+  sumarEn(links, !*suma || !(*suma)->existente);
+}
+
+void VerTotVentana::sumarEn(const std::vector<qint64>& links, bool nuevo) {
+  const auto lote = papelera_.nuevoLote();
+  if (!haIdoBien(lote)) return;
   QApplication::setOverrideCursor(Qt::WaitCursor);
   motor_.ponerSeleccion(links);
-  const auto hecho = motor_.SumarIntv();
+  const auto suma = motor_.destinoDeSuma();
+  const auto hecho = motor_.SumarIntv(*lote);
   motor_.ClrSelec();
   QApplication::restoreOverrideCursor();
   refrescar();
-  if (!haIdoBien(hecho)) return;
-  if (*hecho)
-    decirBien(t(kTxSumados, static_cast<int>(links.size())));
-  else
-    decirDuda(t(kTxNoSumados));
+  if (!haIdoBien(suma) || !haIdoBien(hecho)) return;
+  if (!*hecho || !*suma || !(*suma)->existente) return decirDuda(t(kTxNoSumados));
+  const qint64 total = (*suma)->existente->LINK;
+  ponerDeshacer(t(kTxQueSumar, (*suma)->sumandos), [this, total, nuevo, n = *lote] {
+    return Sumas(contexto().db, p_, contexto().ajustes).deshacer(total, n, nuevo);
+  });
+  ui_.Grid->irA(ui_.Grid->filaDe(total));
+  decirBien(t(kTxSumados, (*suma)->sumandos));
 }
 
 // --- stock

@@ -7,6 +7,7 @@
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "totals/libros/Cuadre.h"
+#include "totals/periodos/Sumas.h"
 #include "totals/ventanas/LadoGrafica.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 #include "totals/ventanas/Visor.h"
@@ -198,6 +199,9 @@ QString VerTotVentana::textoCuadre(const Columna& c) {
       malos << QString::number(grupo);
     if (!haIdoBien((*rs)->MoveNext())) return {};
   }
+  const auto repetidos = Sumas(contexto().db, p_, contexto().ajustes).repetidos(c.LINK);
+  if (!haIdoBien(repetidos)) return {};
+  if (!repetidos->empty()) return t(kTxSumadasDosVeces).arg(TextoPeriodos(*repetidos));
   if (!hay) return t(kTxSinCuadre);
   return malos.isEmpty() ? t(kTxCuadra) : t(kTxNoCuadra).arg(malos.join(u", "_s));
 }

@@ -60,6 +60,7 @@ class VerTotVentana final : public ventanas::Ventana {
   Resultado<bool> acumularUno(qint64 link, int tipo);
   void desacumular(int tipo);
   void sumar();
+  void sumarEn(const std::vector<qint64>& links, bool nuevo);
   void descontar(bool deshacer);
   Resultado<bool> descontarUno(qint64 link, bool deshacer, std::vector<qint64>& hechos);
   Resultado<> desdescontar(const std::vector<qint64>& links, int veces);

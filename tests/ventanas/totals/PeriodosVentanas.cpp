@@ -92,6 +92,33 @@ TEST(VentanaPeriodos, SumaDosDiasEnUnoNuevo) {
   QTest::keyClick(grid.vista(), Qt::Key_F7);
   EXPECT_EQ(t.leer(u"select DESCR, stkABLE from COLUMNA where LINK=3"_s), u"Dos dias 0");
   EXPECT_EQ(t.leer(u"select sum([IMP]) from TOTPLU where LINK=3"_s), u"279000");
+  EXPECT_EQ(v->tira().texto(), u"2 periodos sumados");
+  QTest::keyClick(grid.vista(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 2; }));
+  EXPECT_EQ(t.cuenta(u"TOTPLU where LINK=3"_s), 0);
+}
+
+// One period is its own sum; a day and the week that has it are two, and are not added unasked.
+TEST(VentanaPeriodos, DiceLoQueUnaSumaContariaDosVeces) {
+  Trastienda t;
+  const qint64 lunes = t.dia("04/06/2018");
+  bien(t.periodos.AcumularPeriodo(2, *bien(t.periodos.columna(lunes))));
+  auto* v = t.abrir(u"VerTot"_s);
+  auto& grid = t.lista(v);
+  grid.elegir({lunes});
+  QTest::keyClick(grid.vista(), Qt::Key_F7);
+  EXPECT_EQ(v->tira().texto(), u"No hay nada que sumar: elija al menos dos periodos.");
+  grid.elegir({lunes, 2});
+  QString dicho;
+  t.alAbrirse([&](QWidget* w) {
+    dicho = w->findChild<QLabel*>(u"solapes"_s)->text();
+    QTest::keyClick(w->focusWidget(), Qt::Key_Return);
+  });
+  QTest::keyClick(grid.vista(), Qt::Key_F7);
+  EXPECT_EQ(dicho,
+            u"ATENCIÓN: se contarán dos veces las ventas que tienen en común:\n4 junio 2018 "
+            u"(DIARIO) y Semana 4 06 18 (SEMANAL)");
+  EXPECT_EQ(t.cuenta(u"Sumados"_s), 0) << "Return is no";
 }
 
 TEST(VentanaPeriodos, AcumulaYAvisaDeLoRepetido) {
@@ -192,7 +219,7 @@ TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
   EXPECT_EQ(t.textoModal, u"¿Desechar también los totales manuales entrados?");
   QTest::mouseClick(v->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);
   EXPECT_EQ(t.leer(u"select GRUPO, CODI, CON, PES, [IMP], SCO from TOTGRT"_s),
-            u"2 2 -3 -1250 -1234 0");
+            u"2 0 -3 -1250 -1234 0");
   EXPECT_EQ(t.leer(u"select TIPO, FECHA1, stkABLE from COLUMNA"_s), u"1 43255 0");
 }
 

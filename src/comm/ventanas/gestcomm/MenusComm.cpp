@@ -1,4 +1,5 @@
 #include "comm/ventanas/gestcomm/MenusComm.h"
+#include "comm/motor/TextosMotor.h"
 
 #include <algorithm>
 
@@ -33,7 +34,7 @@ void habilitarEntrada(QAction& accion, const motor::ClaseTarea* clase, const std
       clase && std::ranges::any_of(tipos, [&](int tipo) { return clase->valePara(tipo); });
   accion.setVisible(clase && c.ajustes.clases.tiene(clase->numero));
   accion.setEnabled(seSabe && hayGrupo);
-  accion.setToolTip(!seSabe     ? c.textos(kTxSinQuienEnvie)
+  accion.setToolTip(!seSabe     ? c.textos(motor::kTxSinQuienEnvie)
                     : !hayGrupo ? c.textos(kTxSinGrupoParaClase)
                                 : QString());
 }

@@ -1,0 +1,101 @@
+#include "automation/Relacion.h"
+
+#include <map>
+
+#include "automation/TextosAutomation.h"
+#include "automation/historia/Historial.h"
+#include "comm/motor/TextosMotor.h"
+#include "core/dinero/Dinero.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct DeGrupo {
+  QStringList recogido, hecho, sinHacer;
+  std::map<qint64, std::pair<int, qint64>> memorizado;  // by period: kind of total and amount
+  bool aCero = false;
+};
+using PorGrupo = std::map<int, DeGrupo>;
+
+void anotarTarea(const TareaHecha& t, const Textos& textos, DeGrupo& g) {
+  const QString nombre = textos(motor::kTxMensajeClase + t.clase);
+  if (t.estado != TareaHecha::Estado::Hecha)
+    g.sinHacer << nombre;
+  else if (t.clase == totals::kPuestaACero)
+    g.aCero = true;
+  else
+    (totals::clase(t.clase) ? g.recogido : g.hecho) << nombre;
+}
+
+// The amount that each group brought into each period: of its grand total where it has one.
+Resultado<> leerMemorizado(dao::Database& db, qint64 ejecucion, PorGrupo& grupos) {
+  TARVO_TOMAR(const auto rs, db.consultar(u"SELECT GRUPO, LINK, CLASE, [IMP] FROM Origenes WHERE "
+                                          u"EJECUCION=? ORDER BY GRUPO, LINK, CLASE",
+                                          ejecucion));
+  while (!rs->Eof()) {
+    auto& suyos = grupos[static_cast<int>(rs->entero(0))].memorizado;
+    const auto clase = static_cast<int>(rs->entero(2));
+    if (clase == totals::kGranTotal || !suyos.contains(rs->entero(1)))
+      suyos[rs->entero(1)] = {clase, rs->entero(3)};
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  return {};
+}
+
+Resultado<QString> lineaDe(const Taller& t, int grupo, const DeGrupo& g) {
+  TARVO_TOMAR(const auto nombre, t.db.uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=?", grupo));
+  const auto lista = [&](int texto, const QStringList& cuales) {
+    return cuales.isEmpty() ? QStringList() : QStringList(t.textos(texto, {cuales.join(u", ")}));
+  };
+  QStringList partes = lista(kTxRelacionRecogido, g.recogido);
+  for (const auto& [link, suma] : g.memorizado) {
+    TARVO_TOMAR(const auto c, t.verTot.columna(link));
+    if (!c) continue;
+    partes +=
+        t.textos(kTxRelacionMemorizado, {VerImporte(t.ajustes, suma.second, t.ajustes.MonedaNativa),
+                                         totals::TextoPeriodo(c->periodo).simplified()});
+  }
+  if (g.aCero) partes += t.textos(kTxRelacionACero);
+  partes += lista(kTxRelacionHecho, g.hecho);
+  partes += lista(kTxRelacionSinHacer, g.sinHacer);
+  return t.textos(kTxRelacionGrupo,
+                  {Ceros(grupo, 4), nombre.texto().trimmed(), partes.join(u"; ")});
+}
+
+// Each export of the run bears a mark that begins with its number.
+Resultado<QStringList> exportado(const Taller& t, qint64 ejecucion) {
+  const QString marca = QString::number(ejecucion) + u'.';
+  TARVO_TOMAR(const auto rs,
+              t.db.consultar(u"SELECT RUTA, count(*) FROM Exportes WHERE left(MARCA, ?)=? AND "
+                             u"HECHO<>0 GROUP BY RUTA ORDER BY RUTA",
+                             static_cast<qint64>(marca.size()), marca));
+  QStringList lineas;
+  while (!rs->Eof()) {
+    lineas += t.textos(kTxRelacionExportado,
+                       {NombreFichero(rs->texto(0)),
+                        Plural(t.textos(kTxRelacionPeriodos), static_cast<int>(rs->entero(1)))});
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  return lineas;
+}
+
+}  // namespace
+
+Resultado<QStringList> relacionDe(const Taller& taller, qint64 ejecucion) {
+  PorGrupo grupos;
+  TARVO_TOMAR(const auto tareas, Historial(taller.db).tareas(ejecucion));
+  for (const TareaHecha& t : tareas) anotarTarea(t, taller.textos, grupos[t.grupo]);
+  TARVO_INTENTAR(leerMemorizado(taller.db, ejecucion, grupos));
+  QStringList lineas;
+  for (const auto& [grupo, g] : grupos) {
+    TARVO_TOMAR(const auto linea, lineaDe(taller, grupo, g));
+    lineas += linea;
+  }
+  TARVO_TOMAR(const auto ficheros, exportado(taller, ejecucion));
+  return lineas + ficheros;
+}
+
+}  // namespace tarvo::automation

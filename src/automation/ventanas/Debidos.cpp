@@ -1,0 +1,81 @@
+#include "automation/ventanas/Debidos.h"
+
+#include "automation/historia/TablasHistoria.h"
+#include "automation/ventanas/TextosAutomationVentanas.h"
+#include "core/ajustes/Ajustes.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "totals/periodos/Calendario.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+using namespace ventanas;
+
+Debidos::Debidos(Contexto& c, const QString& nombre) : Ventana(c, nombre), libro_(c.db) {
+  ui_.setupUi(cuerpo());
+  enlazar();
+  ui_.Lista->preparar(
+      c, nombre,
+      {{.titulo = kTxColPeriodo, .campo = u"periodo"_s, .ancho = 300, .ordenable = false},
+       {.titulo = kTxColQueFalta, .campo = u"que"_s, .ancho = 400, .ordenable = false}});
+  ui_.Lista->vivas();
+  ui_.Lista->setUnaSola(true);
+  ui_.Lista->setBusca(false);
+  ui_.Lista->setVacia(t(kTxNadaDebido));
+  ui_.Lista->vista()->setAccessibleName(t(kTxDebidos));
+  setWindowIcon(icono(u"esperando"_s));
+  connect(ui_.Olvidar, &QPushButton::clicked, this, [this] { olvidar(); });
+  connect(ui_.Salida, &QPushButton::clicked, this, [this] { close(); });
+}
+
+Resultado<> Debidos::preparar(const Argumentos&) {
+  return refrescar();
+}
+
+Resultado<> Debidos::refrescar() {
+  TARVO_INTENTAR(asegurarTablasHistoria(contexto().db));
+  TARVO_TOMAR(auto todos, libro_.todos());
+  todos_ = std::move(todos);
+  std::vector<FilaViva> filas;
+  for (size_t i = 0; i < todos_.size(); ++i)
+    filas.push_back({static_cast<qint64>(i), {periodoDe(todos_[i]), queFalta(todos_[i])}});
+  ui_.Lista->vivas().poner(std::move(filas));
+  ui_.Olvidar->setEnabled(!todos_.empty());
+  return {};
+}
+
+QString Debidos::periodoDe(const Pendientes::Debido& d) const {
+  const QString dias = totals::TextoPeriodo({d.clase, d.desde, d.hasta}).simplified();
+  return d.descripcion.isEmpty() ? dias : d.descripcion + u", "_s + dias;
+}
+
+QString Debidos::queFalta(const Pendientes::Debido& d) const {
+  const Textos& textos = contexto().textos;
+  switch (d.que) {
+    case Pendientes::Debido::Que::Exportar:
+      return textos(kTxFaltaExportar, {NombreFichero(d.fichero), d.proceso});
+    case Pendientes::Debido::Que::Acumular:
+      return textos(kTxFaltaAcumular, {totals::NombreTipoPeriodo(d.mayor)});
+    case Pendientes::Debido::Que::Descontar:
+      return textos(kTxFaltaDescontar);
+  }
+  return {};
+}
+
+void Debidos::olvidar() {
+  const int fila = ui_.Lista->filaActual();
+  if (fila < 0) return decirDuda(t(kTxElijaDebido));
+  const Pendientes::Debido d = todos_[static_cast<size_t>(ui_.Lista->clave(fila))];
+  const Textos& textos = contexto().textos;
+  if (!MyMsgBox::Decide(
+          this, textos,
+          textos(kTxOlvidarDe, {periodoDe(d)}) + u'\n' + textos(kTxNoSeIntentara, {queFalta(d)}),
+          kAceptoCancelo | kExclamacion | kPrudente))
+    return;
+  const auto hecho = libro_.olvidar(d);
+  if (!haIdoBien(hecho) || !haIdoBien(refrescar())) return;
+  decirBien(textos(kTxOlvidado, {periodoDe(d)}));
+}
+
+}  // namespace tarvo::automation

@@ -1,0 +1,27 @@
+// What earlier runs still owe of a period, and the way to drop it, one by one and by name.
+#pragma once
+
+#include "automation/historia/Pendientes.h"
+#include "core/ventanas/marco/Ventana.h"
+#include "ui_Debidos.h"
+
+namespace tarvo::automation {
+
+class Debidos final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  Debidos(ventanas::Contexto& c, const QString& nombre);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+
+ private:
+  Resultado<> refrescar();
+  void olvidar();
+  QString periodoDe(const Pendientes::Debido& d) const;
+  QString queFalta(const Pendientes::Debido& d) const;
+
+  Ui::FormaDebidos ui_;
+  Pendientes libro_;
+  std::vector<Pendientes::Debido> todos_;
+};
+
+}  // namespace tarvo::automation

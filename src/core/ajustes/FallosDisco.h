@@ -1,0 +1,15 @@
+// How a failure of the disk is told. Internal to the room.
+#pragma once
+
+#include <QString>
+
+#include "core/valores/Resultado.h"
+
+namespace tarvo::ficheros {
+
+// "No se puede escribir RUTA: el disco está lleno"; `numero` is errno.
+std::unexpected<Error> falloDeDisco(const QString& verbo, const QString& ruta, int numero);
+// A name that was made or changed reaches the disk with its folder.
+void asegurarCarpetaDe(const QString& ruta);
+
+}  // namespace tarvo::ficheros

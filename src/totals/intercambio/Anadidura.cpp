@@ -1,0 +1,184 @@
+#include "totals/intercambio/Anadidura.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+
+#include "totals/TextosTotals.h"
+
+namespace tarvo::totals {
+
+using ficheros::Creciente;
+
+namespace {
+
+constexpr qint64 kTrozo = 64 * 1024;
+constexpr qint64 kVecindad = 4 * 1024;  // bytes before the end by which a file is known again
+const QString kDeBloque = QStringLiteral("b:");
+
+QString hex(const QCryptographicHash& h) {
+  return QString::fromLatin1(h.result().toHex());
+}
+
+Resultado<QString> vecindad(const Creciente& f, qint64 fin) {
+  const qint64 ancho = std::min(fin, kVecindad);
+  TARVO_TOMAR(const auto bytes, f.leer(fin - ancho, ancho));
+  return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
+}
+
+// Blocks may follow what a file holds. One with another name than .EXP may be the database or a
+// process.
+bool esDeExportacion(const QString& ruta, const QByteArray& principio) {
+  return principio.startsWith('*') || ruta.endsWith(QStringLiteral(".EXP"), Qt::CaseInsensitive);
+}
+
+struct Abierto {
+  QString ruta;
+  qint64 antes, tope;
+  QString vecindad;
+  QByteArray cabeza;
+};
+
+// Where the power failed, a disk may have kept the length of what was written and not the bytes.
+bool esPrincipio(QByteArrayView hallado, QByteArrayView cabeza) {
+  return std::ranges::equal(hallado, cabeza.first(hallado.size()),
+                            [](char h, char c) { return h == c || h == 0; });
+}
+
+// True when nothing of it needs to be remembered any more.
+bool cortar(const Abierto& a) {
+  if (!QFileInfo::exists(a.ruta)) return false;
+  auto f = Creciente::abrir(a.ruta, false);
+  if (!f) return false;
+  const auto tamano = f->tamano();
+  if (!tamano) return false;
+  const qint64 antes = std::max<qint64>(a.antes, 0);
+  if (*tamano < antes || *tamano > a.tope) return true;  // somebody else has changed it
+  const auto v = vecindad(*f, antes);
+  if (!v) return false;
+  if (*v != a.vecindad) return true;
+  const auto nuestro = f->leer(antes, a.cabeza.size());
+  if (!nuestro) return false;
+  if (!esPrincipio(*nuestro, a.cabeza)) return true;
+  if (*tamano > antes && !f->cortar(antes)) return false;
+  return a.antes >= 0 || QFile::remove(a.ruta);
+}
+
+}  // namespace
+
+Anadidura::Anadidura(dao::Database& db, const QString& ruta, Creciente fichero, qint64 antes,
+                     qint64 tope)
+    : db_(db), ruta_(ruta), fichero_(std::move(fichero)), antes_(antes), tope_(tope) {}
+
+Anadidura::~Anadidura() {
+  if (!cuenta_) deshacer();
+}
+
+Resultado<> Anadidura::recuperar(dao::Database& db, const std::optional<QString>& ruta) {
+  std::vector<Abierto> abiertos;
+  {
+    TARVO_TOMAR(const auto rs,
+                db.consultar(u"SELECT RUTA, ANTES, TOPE, VECINDAD, CABEZA FROM ExportesAbiertos"));
+    for (; !rs->Eof();) {
+      if (!ruta || rs->texto(0) == *ruta)
+        abiertos.push_back({rs->texto(0), rs->entero(1), rs->entero(2), rs->texto(3),
+                            QByteArray::fromHex(rs->texto(4).toLatin1())});
+      TARVO_INTENTAR(rs->MoveNext());
+    }
+  }
+  for (const Abierto& a : abiertos)
+    if (cortar(a))
+      TARVO_INTENTAR(db.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", a.ruta));
+  return {};
+}
+
+Resultado<std::unique_ptr<Anadidura>> Anadidura::empezar(dao::Database& db, const QString& ruta,
+                                                         qint64 largo, QByteArray cabeza,
+                                                         const Textos& textos) {
+  TARVO_INTENTAR(recuperar(db, ruta));
+  const bool habia = QFileInfo::exists(ruta);
+  qint64 antes = -1;
+  QString huella = hex(QCryptographicHash(QCryptographicHash::Sha256));
+  QByteArray cola("\n");
+  if (habia) {
+    TARVO_TOMAR(const auto f, Creciente::abrir(ruta, false));
+    TARVO_TOMAR(const auto tamano, f.tamano());
+    TARVO_TOMAR(const auto principio, f.leer(0, 1));
+    if (!esDeExportacion(ruta, principio))
+      return fallo(Fallo::Formato, textos(kTxNoEsExportacion, {ruta}));
+    TARVO_TOMAR(const auto v, vecindad(f, tamano));
+    if (tamano > 0) {
+      TARVO_TOMAR(const auto ultimo, f.leer(tamano - 1, 1));
+      cola = ultimo;
+    }
+    antes = tamano;
+    huella = v;
+  }
+  const bool cortada = cola != "\n";  // its last line was cut off
+  const qint64 tope = std::max<qint64>(antes, 0) + largo + (cortada ? 2 : 0);
+  if (cortada) cabeza.prepend("\r\n");
+  TARVO_INTENTAR(db.ejecutar(
+      u"INSERT OR REPLACE INTO ExportesAbiertos (RUTA, ANTES, TOPE, VECINDAD, CABEZA) VALUES (?, "
+      u"?, ?, ?, ?)",
+      ruta, antes, tope, huella, QString::fromLatin1(cabeza.toHex())));
+  auto f = Creciente::abrir(ruta, true);
+  if (!f) {
+    TARVO_INTENTAR(db.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", ruta));
+    return std::unexpected(f.error());
+  }
+  std::unique_ptr<Anadidura> nueva(new Anadidura(db, ruta, std::move(*f), antes, tope));
+  if (cortada) TARVO_INTENTAR(nueva->escribir("\r\n"));
+  return nueva;
+}
+
+Resultado<> Anadidura::escribir(QByteArrayView bytes) {
+  espera_.append(bytes);
+  return espera_.size() < kTrozo ? Resultado<>() : volcar();
+}
+
+Resultado<> Anadidura::volcar() {
+  huella_.addData(espera_);
+  TARVO_INTENTAR(fichero_.anadir(espera_));
+  escrito_ += espera_.size();
+  espera_.resize(0);
+  return {};
+}
+
+Resultado<Anadidura::Sitio> Anadidura::asegurar() {
+  TARVO_INTENTAR(volcar());
+  TARVO_INTENTAR(fichero_.asegurar());
+  const qint64 desde = std::max<qint64>(antes_, 0);
+  return Sitio{desde, desde + escrito_, kDeBloque + hex(huella_)};
+}
+
+Resultado<> Anadidura::contada() {
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", ruta_));
+  return {};
+}
+
+// Where this fails the note stays, and the next export into the file or the next start cuts it.
+void Anadidura::deshacer() {
+  const bool fuera = antes_ < 0 ? QFile::remove(ruta_) : fichero_.cortar(antes_).has_value();
+  if (fuera) static_cast<void>(db_.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", ruta_));
+}
+
+// A print without its mark is one of the whole file up to there.
+Resultado<bool> Anadidura::estaEn(const QString& ruta, const Sitio& sitio) {
+  QFile f(ruta);
+  if (!QFileInfo::exists(ruta) || sitio.hasta <= 0) return false;
+  if (!f.open(QIODevice::ReadOnly))
+    return fallo(Fallo::SinPermiso, QStringLiteral("%1: %2").arg(ruta, f.errorString()));
+  const bool deBloque = sitio.huella.startsWith(kDeBloque);
+  qint64 queda = sitio.hasta - (deBloque ? sitio.desde : 0);
+  if (f.size() < sitio.hasta || !f.seek(sitio.hasta - queda)) return false;
+  QCryptographicHash h(QCryptographicHash::Sha256);
+  while (queda > 0) {
+    const QByteArray trozo = f.read(std::min(queda, kTrozo));
+    if (trozo.isEmpty()) return false;
+    h.addData(trozo);
+    queda -= trozo.size();
+  }
+  return hex(h) == (deBloque ? sitio.huella.mid(kDeBloque.size()) : sitio.huella);
+}
+
+}  // namespace tarvo::totals

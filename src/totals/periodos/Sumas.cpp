@@ -1,0 +1,111 @@
+#include "totals/periodos/Sumas.h"
+
+#include "totals/TextosTotals.h"
+#include "totals/periodos/FilasTotales.h"
+
+namespace tarvo::totals {
+
+namespace {
+
+QString horaDe(const ClaseTotal& c) {
+  return c.conHora ? QStringLiteral("HORA") : QStringLiteral("0");
+}
+
+}  // namespace
+
+Resultado<> Sumas::guardar(qint64 origen, qint64 lote) {
+  for (const ClaseTotal& c : enVigor(a_))
+    TARVO_INTENTAR(db_.ejecutar(
+        QStringLiteral("INSERT INTO PapeleraSuma (LOTE, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], "
+                       "SCO) SELECT ?, ?, GRUPO, CODI, %1, CON, PES, [IMP], SCO FROM %2 WHERE "
+                       "LINK=?")
+            .arg(horaDe(c), QString::fromUtf16(c.tabla)),
+        lote, c.numero, origen));
+  return {};
+}
+
+Resultado<> Sumas::sumar(qint64 destino, const std::vector<Columna>& cuales, bool solapan,
+                         qint64 lote) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto marcas, p_.DesacumularTodo(destino));
+  for (const Columna& c : cuales) {
+    if (c.LINK == destino) continue;
+    if (lote > 0) TARVO_INTENTAR(guardar(c.LINK, lote));
+    TARVO_INTENTAR(p_.SumarPeriodo(destino, c.LINK));
+    TARVO_INTENTAR(db_.ejecutar(
+        u"INSERT INTO Sumados (LINK, LOTE, TIPO, FECHA1, FECHAF, SOLAPA) VALUES (?, ?, ?, ?, ?, ?)",
+        destino, lote, c.periodo.tipo, c.periodo.desde, c.periodo.hasta, solapan));
+  }
+  TARVO_INTENTAR(p_.ReacumularTodo(destino, marcas));
+  return t.confirmar();
+}
+
+// Rows that the sum made go; one that is all zeros tells nothing.
+Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
+  for (const ClaseTotal& c : enVigor(a_)) {
+    const QString claves = clavesDe(c);
+    const QString filas =
+        QStringLiteral(
+            "SELECT %1, sum(CON) AS CON, sum(PES) AS PES, sum([IMP]) AS [IMP], sum(SCO) "
+            "AS SCO FROM PapeleraSuma WHERE LOTE=? AND CLASE=%2 GROUP BY %1")
+            .arg(claves)
+            .arg(c.numero);
+    TARVO_INTENTAR(sumarFilas(db_, c, destino, filas, lote, -1, p_.textos()));
+    TARVO_INTENTAR(db_.ejecutar(
+        QStringLiteral("DELETE FROM %1 WHERE LINK=? AND CON=0 AND PES=0 AND [IMP]=0 AND SCO=0 AND "
+                       "EXISTS (SELECT 1 FROM PapeleraSuma s WHERE s.LOTE=? AND s.CLASE=? AND "
+                       "s.GRUPO=%1.GRUPO AND s.CODI=%1.CODI%2)")
+            .arg(QString::fromUtf16(c.tabla),
+                 c.conHora ? QStringLiteral(" AND s.HORA=%1.HORA").arg(c.tabla) : QString()),
+        destino, lote, c.numero));
+  }
+  return {};
+}
+
+Resultado<bool> Sumas::vacio(qint64 link) {
+  for (const ClaseTotal& c : enVigor(a_)) {
+    TARVO_TOMAR(
+        const auto n,
+        db_.uno(
+            QStringLiteral("SELECT count(*) FROM %1 WHERE LINK=?").arg(QString::fromUtf16(c.tabla)),
+            link));
+    if (n.entero() > 0) return false;
+  }
+  return true;
+}
+
+Resultado<> Sumas::deshacer(qint64 destino, qint64 lote, bool nuevo) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto hay,
+              db_.uno(u"SELECT count(*) FROM Sumados WHERE LINK=? AND LOTE=?", destino, lote));
+  if (hay.entero() == 0) return fallo(Fallo::NoExiste, p_.textos()(kTxSumaYaNoEsta));
+  TARVO_TOMAR(const auto marcas, p_.DesacumularTodo(destino));
+  TARVO_INTENTAR(quitarFilas(destino, lote));
+  TARVO_INTENTAR(p_.ReacumularTodo(destino, marcas));
+  for (const char16_t* tabla : {u"Sumados", u"PapeleraSuma"})
+    TARVO_INTENTAR(db_.ejecutar(QStringLiteral("DELETE FROM %1 WHERE LOTE=?").arg(tabla), lote));
+  TARVO_TOMAR(const auto sobra, vacio(destino));
+  if (nuevo && sobra) TARVO_INTENTAR(p_.BorrarPeriodo(destino));
+  return t.confirmar();
+}
+
+Resultado<bool> Sumas::tiene(qint64 destino, const Periodo& p) {
+  TARVO_TOMAR(const auto n, db_.uno(u"SELECT count(*) FROM Sumados WHERE LINK=? AND TIPO=? AND "
+                                    u"FECHA1=? AND FECHAF=?",
+                                    destino, p.tipo, p.desde, p.hasta));
+  return n.entero() > 0;
+}
+
+Resultado<std::vector<Periodo>> Sumas::repetidos(qint64 destino) {
+  TARVO_TOMAR(const auto rs, db_.consultar(u"SELECT TIPO, FECHA1, FECHAF FROM Sumados WHERE LINK=? "
+                                           u"AND SOLAPA<>0 ORDER BY FECHA1, FECHAF",
+                                           destino));
+  std::vector<Periodo> v;
+  while (!rs->Eof()) {
+    v.push_back({static_cast<int>(rs->entero(0)), rs->fecha(1), rs->fecha(2)});
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  return v;
+}
+
+}  // namespace tarvo::totals

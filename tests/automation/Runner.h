@@ -1,0 +1,33 @@
+// A run of the runner on the shop of the tests.
+#pragma once
+
+#include "Banco.h"
+
+namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
+
+class RunnerTest : public testing::Test {
+ protected:
+  // Lines without the moments, which the tests of the trace look at.
+  QStringList correr(const QString& proceso, Programa& p) {
+    p.correr(proceso);
+    EXPECT_TRUE(p.hastaElFin());
+    return p.lineas;
+  }
+  QStringList correr(const QString& proceso) {
+    const auto p = tienda_.programa();
+    const auto lineas = correr(proceso, *p);
+    fin_ = p->fin.value_or(ResultadoProceso::Abortado);
+    return lineas;
+  }
+  Tienda tienda_;
+  ResultadoProceso fin_ = ResultadoProceso::Abortado;
+};
+
+inline const QString kNoche =
+    u"T:RXPLUS,ALL\r\nT:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nS:CERRAR,Ventas "
+    u"#D,Sí,Sí\r\nT:TX_ZERO,ALL\r\nC:ESPERA,1,No\r\n"
+    u"P:LIMPIAR\r\nP:SEL. ULTIMO\r\nP:ACUMULAR,2\r\nP:SEL. ULTIMO\r\nP:STOCK\r\nP:SEL. ULTIMO\r\nE:TOTALIZA,No,No,VENTAS\r\nS:ABRIR\r\n"_s;
+
+}  // namespace tarvo::automation

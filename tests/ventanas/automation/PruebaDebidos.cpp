@@ -1,0 +1,47 @@
+// A person drops by name what the nights owe and can never do.
+#include <QLabel>
+#include <QPushButton>
+
+#include "Sala.h"
+#include "automation/historia/Pendientes.h"
+#include "automation/historia/TablasHistoria.h"
+
+namespace tarvo::automation {
+namespace {
+
+TEST(Debidos, SeOlvidaPorSuNombreYConCancelarPorDelante) {
+  Sala s;
+  ASSERT_TRUE(asegurarTablasHistoria(s.p.db()));
+  ASSERT_TRUE(s.p.db().ejecutar(
+      u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (7, 1, 43000, "
+      u"43000.999988425926, 'Ventas')"));
+  Pendientes libro(s.p.db());
+  ASSERT_TRUE(libro.anotarExporte({u"NOCHE"_s, 1, s.ruta(u"X.EXP"_s)}, {u"1.1"_s, {7}}));
+  ASSERT_TRUE(libro.anotar({kAcumular, 2}, {7}));
+  QWidget* v = s.todas().abrir(u"Debidos"_s);
+  ASSERT_TRUE(v);
+  auto* lista = pieza<ventanas::Parrilla>(v, u"Lista"_s);
+  ASSERT_EQ(lista->filas(), 2);
+  EXPECT_EQ(lista->texto(0, u"que"_s), u"Exportarlo a X.EXP (proceso NOCHE)");
+  EXPECT_EQ(lista->texto(1, u"que"_s), u"Acumularlo en el periodo SEMANAL");
+  for (const bool si : {false, true}) {
+    lista->irA(0);
+    QString pregunta;
+    cuandoHayaCaja([&](QWidget& caja) {
+      for (const auto* l : caja.findChildren<QLabel*>()) pregunta += l->text();
+      if (si)
+        QTest::mouseClick(pieza<QPushButton>(&caja, u"Acepto"_s), Qt::LeftButton);
+      else
+        QTest::keyClick(&caja, Qt::Key_Return);
+    });
+    QTest::mouseClick(pieza<QPushButton>(v, u"Olvidar"_s), Qt::LeftButton);
+    EXPECT_TRUE(pregunta.contains(u"Ventas, 22 septiembre 2017 (DIARIO)"_s))
+        << pregunta.toStdString();
+    EXPECT_EQ(libro.todos()->size(), si ? 1U : 2U);
+    EXPECT_EQ(lista->filas(), si ? 1 : 2);
+  }
+  v->close();
+}
+
+}  // namespace
+}  // namespace tarvo::automation
