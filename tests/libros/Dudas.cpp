@@ -112,6 +112,16 @@ TEST_F(DudasTest, LaDevolucionQueSumaCuentaTampoco) {
   cuadra();
 }
 
+// One article, one piece: a day on which nothing at all moved is no question.
+TEST_F(DudasTest, UnDiaCerradoNoPreguntaNada) {
+  noche({{11, 1}});
+  EXPECT_TRUE(t.ponerACero(1, false, false));
+  noche({});
+  EXPECT_FALSE(preguntado()) << t.textoAvisos().toStdString();
+  cuadra();
+  EXPECT_TRUE(t.ponerACero(1));
+}
+
 TEST_F(DudasTest, LaDudaEsperaCuantasNochesHagaFalta) {
   noche({{11, 5}});
   EXPECT_TRUE(t.ponerACero(1, false, false));
