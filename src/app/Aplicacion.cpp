@@ -7,6 +7,7 @@
 
 #include "articles/LotesAMedias.h"
 #include "comm/tareas/Registro.h"
+#include "totals/libros/Grupos.h"
 
 namespace tarvo::app {
 
@@ -47,7 +48,12 @@ struct Aplicacion::Interior {
         automat({db, fondo.ajustes, reloj, sesion, gestcomm, registro, cerrSes, verTot, xporTot,
                  fondo.textos},
                 preguntas),
-        cronos(automat, lenguaje, fondo.ajustes, reloj) {}
+        cronos(automat, lenguaje, fondo.ajustes, reloj) {
+    articles::Cambios::DeOtraSala libros{
+        [this](int grupo) { return totals::olvidarGrupo(db, grupo); }, {}};
+    for (const auto& t : totals::tablasDeGrupo()) libros.tablas.push_back({t.tabla, t.donde});
+    catalogo.cambios().guardaPorGrupo(std::move(libros));
+  }
 
   dao::Database& db;
   articles::Catalogo catalogo;

@@ -43,6 +43,8 @@ class Lector {
       dato(valor(a));
     else if (a == u"--cuadre")
       cuadre();
+    else if (a == u"--puesta-a-cero")
+      puestaACero(a);
     else if (a == u"--ventana")
       o_.ventana = valor(a);
     else if (a == u"--espera")
@@ -102,6 +104,19 @@ class Lector {
     resto_.removeFirst();
   }
 
+  // "7 sí", or "7:11 no" for the register of that address.
+  void puestaACero(const QString& opcion) {
+    o_.que = Ordenes::Que::PuestaACero;
+    const QStringList maquina = valor(opcion).split(u':');
+    const QString dicho = valor(opcion).toLower();
+    bool bien = maquina.size() <= 2, bienAddr = true;
+    if (bien) o_.grupo = maquina.first().toInt(&bien);
+    if (bien && maquina.size() == 2) o_.direccion = maquina.last().toInt(&bienAddr);
+    o_.seBorro = dicho.size() == 2 && dicho.startsWith(u's');
+    if (!bien || !bienAddr || (!o_.seBorro && dicho != u"no"))
+      if (fallo_.isEmpty()) fallo_ = t_(kTxPuestaMala);
+  }
+
   void proceso(const QString& a) {
     if (conProceso_) fallo_ = t_(kTxSobraArgumento).arg(a);
     conProceso_ = true;
@@ -112,6 +127,10 @@ class Lector {
     if (o_.que == Ordenes::Que::Ayuda || o_.que == Ordenes::Que::Version) return;
     if (o_.que == Ordenes::Que::Cuadre) {
       if (sinVentana_ || conProceso_) fallo_ = t_(kTxCuadreSolo);
+      return;
+    }
+    if (o_.que == Ordenes::Que::PuestaACero) {
+      if ((sinVentana_ || conProceso_) && fallo_.isEmpty()) fallo_ = t_(kTxPuestaMala);
       return;
     }
     if (!o_.ventana.isEmpty() && (sinVentana_ || conProceso_)) fallo_ = t_(kTxVentanaSola);

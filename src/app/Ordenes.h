@@ -22,15 +22,18 @@ enum Salida : int {
 };
 
 struct Ordenes {
-  enum class Que { Ventanas, Ayuda, Version, Cuadre, Proceso } que = Que::Ventanas;
+  enum class Que { Ventanas, Ayuda, Version, Cuadre, PuestaACero, Proceso } que = Que::Ventanas;
   QString carpeta;  // empty when none was given
   Idioma idioma = Idioma::Espanol;
   std::map<QString, QString> datos;  // "%1" to its value
   QString proceso;                   // as given
   std::optional<qint64> link;        // of --cuadre
-  QString ventana;                   // the one to open alone; empty for the main window
-  int espera = 120;                  // minutes for another program without a screen to end
-  QString tema;                      // "claro", "oscuro", or empty for the one that is set
+  // Of --puesta-a-cero: the machine, and whether it was zeroed.
+  int grupo = 0, direccion = 0;
+  bool seBorro = false;
+  QString ventana;   // the one to open alone; empty for the main window
+  int espera = 120;  // minutes for another program without a screen to end
+  QString tema;      // "claro", "oscuro", or empty for the one that is set
 };
 
 // `argumentos` without the program's own name.

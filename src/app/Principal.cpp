@@ -5,9 +5,11 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <algorithm>
 #include <random>
 
 #include "app/Consola.h"
+#include "app/Datos.h"
 #include "app/Ejecucion.h"
 #include "app/TextosApp.h"
 #include "comm/cables/FabricaReal.h"
@@ -26,6 +28,23 @@ int hacerCuadre(const Ordenes& o, Fondo& fondo, const Textos& t) {
   const auto informe = totals::informeCuadre(*fondo.db, fondo.ajustes, t, o.link);
   informe ? decir(*informe) : avisar(t(kTxCuadreFallido).arg(informe.error().texto));
   return informe ? kBien : kProblemas;
+}
+
+// What a person knows of a machine that may have been zeroed or not.
+int responderPuesta(const Ordenes& o, Fondo& fondo, const Textos& t, Reloj& reloj) {
+  Datos datos({}, t);
+  return conAplicacion(fondo, reloj, datos, avisar, [&](Aplicacion& aplicacion) -> int {
+    std::vector<totals::Aviso> avisos;
+    const auto links = aplicacion.cerrSes().responder(o.grupo, o.direccion, o.seBorro, avisos);
+    for (const auto& a : avisos) decir(a.texto);
+    if (!links) {
+      avisar(links.error().texto);
+      return kProblemas;
+    }
+    decir(links->empty() ? t(kTxPuestaAnotada) : t(kTxPuestaMemorizada));
+    const bool guardado = aplicacion.sesion().reflejar().has_value();
+    return guardado && std::ranges::none_of(avisos, &totals::Aviso::grave) ? kBien : kProblemas;
+  });
 }
 
 int decirSinCarpeta(const Error& e, const Textos& t, const Avisar& avisar) {
@@ -71,7 +90,10 @@ int sinVentanas(const Ordenes& o, const Textos& t) {
       return kBien;
     default:
       if (o.que == Ordenes::Que::Proceso) return correrProceso(o, t);
-      return conFondo(o, t, avisar, [&](Fondo& fondo, Reloj&) { return hacerCuadre(o, fondo, t); });
+      return conFondo(o, t, avisar, [&](Fondo& fondo, Reloj& reloj) {
+        return o.que == Ordenes::Que::Cuadre ? hacerCuadre(o, fondo, t)
+                                             : responderPuesta(o, fondo, t, reloj);
+      });
   }
 }
 

@@ -31,8 +31,19 @@ constexpr std::array<Parte, 10> kPartes{
       u"SECCION, CODPLU, NIVEL, TARIFA, ANTES, AHORA, CUANDO, QUIEN, VENTANA"},
      {u"Cross", u"Secc=?", u"*"}}};
 
+QString guardada(QStringView tabla, int seccion) {
+  return u"Ida%1_%2"_s.arg(seccion).arg(tabla);
+}
 QString guardada(const Parte& p, int seccion) {
-  return u"Ida%1_%2"_s.arg(seccion).arg(QStringView(p.tabla));
+  return guardada(QStringView(p.tabla), seccion);
+}
+
+// All tables of other rooms, one after the other.
+template <class Hacer>
+Resultado<> conAjenas(const Cambios& cambios, const Hacer& hacer) {
+  for (const auto& sala : cambios.salas())
+    for (const auto& tabla : sala.tablas) TARVO_INTENTAR(hacer(tabla));
+  return {};
 }
 
 }  // namespace
@@ -66,13 +77,22 @@ Resultado<> BorradoSeccion::guardar() {
                                     guardada(p, seccion_), QStringView(p.columnas),
                                     QStringView(p.tabla), QStringView(p.donde)),
                                 seccion_));
-  return {};
+  return conAjenas(secciones_.cambios(), [&](const Cambios::TablaAjena& a) -> Resultado<> {
+    TARVO_INTENTAR(db_.ejecutar(
+        u"CREATE TEMP TABLE %1 AS SELECT * FROM [%2] WHERE %3GRUPO IN (SELECT CODGPO "
+        "FROM GRUPOS WHERE SECCION=?)"_s.arg(guardada(a.tabla, seccion_), a.tabla, a.donde),
+        seccion_));
+    return {};
+  });
 }
 
 Resultado<> BorradoSeccion::soltar() {
   for (const Parte& p : kPartes)
     TARVO_INTENTAR(db_.ejecutar(u"DROP TABLE IF EXISTS "_s + guardada(p, seccion_)));
-  return {};
+  return conAjenas(secciones_.cambios(), [&](const Cambios::TablaAjena& a) -> Resultado<> {
+    TARVO_INTENTAR(db_.ejecutar(u"DROP TABLE IF EXISTS "_s + guardada(a.tabla, seccion_)));
+    return {};
+  });
 }
 
 Resultado<> BorradoSeccion::reponer() {
@@ -86,6 +106,11 @@ Resultado<> BorradoSeccion::reponer() {
       return fallo(Fallo::Duplicado, textos_(kTxSeccionNoVuelve, {seccion_}));
     if (!hecho) return std::unexpected(hecho.error());
   }
+  TARVO_INTENTAR(conAjenas(secciones_.cambios(), [&](const Cambios::TablaAjena& a) -> Resultado<> {
+    TARVO_INTENTAR(db_.ejecutar(
+        u"INSERT INTO [%1] SELECT * FROM %2"_s.arg(a.tabla, guardada(a.tabla, seccion_))));
+    return {};
+  }));
   return t.confirmar();
 }
 

@@ -1,6 +1,5 @@
 // A section deleted with all that hangs from it, which comes back as it was as long as this object
-// lives. What other rooms keep by the numbers of its groups they forget: a group that comes back is
-// read and sent as one that nobody knows.
+// lives, with what other rooms keep by the numbers of its groups.
 #pragma once
 
 #include "articles/Secciones.h"

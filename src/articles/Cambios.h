@@ -3,6 +3,7 @@
 // it. Which path of a change marks what: docs/decisiones.md.
 #pragma once
 
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -40,9 +41,23 @@ class Cambios {
   void olvidarSecciones() { secciones_.clear(); }
   void olvidarSeccion(int seccion) { std::erase(secciones_, seccion); }
 
+  // What another room keeps by the number of a group: how it forgets a group that goes, in the
+  // transaction that deletes it, and the rows to put back where the group comes back (`donde` names
+  // them, before "GRUPO IN ...").
+  struct TablaAjena {
+    QString tabla, donde;
+  };
+  struct DeOtraSala {
+    std::function<Resultado<>(int grupo)> olvidar;
+    std::vector<TablaAjena> tablas;
+  };
+  void guardaPorGrupo(DeOtraSala sala) { salas_.push_back(std::move(sala)); }
+  const std::vector<DeOtraSala>& salas() const { return salas_; }
+
  private:
   dao::Database& db_;
   std::vector<int> secciones_;
+  std::vector<DeOtraSala> salas_;
 };
 
 }  // namespace tarvo::articles

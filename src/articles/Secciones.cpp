@@ -103,7 +103,8 @@ Resultado<> Secciones::borrarGrupos(int seccion) {
   TARVO_TOMAR(auto grupos,
               db_.consultar(u"SELECT CODGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO", seccion));
   for (; !grupos->Eof();) {
-    if (alIrse_) TARVO_INTENTAR(alIrse_(static_cast<int>(grupos->entero(0))));
+    for (const auto& sala : cambios_.salas())
+      TARVO_INTENTAR(sala.olvidar(static_cast<int>(grupos->entero(0))));
     TARVO_INTENTAR(grupos->MoveNext());
   }
   const QString suyos = u" IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)"_s;

@@ -44,9 +44,7 @@ class Secciones {
   // With its articles, departments and groups, and what is kept of them by number, which another
   // section of that number must not inherit.
   Resultado<> borrar(int seccion);
-  // Called with each group that goes with its section, in the transaction that deletes it: other
-  // rooms keep things by its number.
-  void alIrseUnGrupo(std::function<Resultado<>(int grupo)> aviso) { alIrse_ = std::move(aviso); }
+  const Cambios& cambios() const { return cambios_; }
   Resultado<Ivas> ivas(int seccion);
   Resultado<> ponerIvas(int seccion, const Ivas& ivas);
 
@@ -69,7 +67,6 @@ class Secciones {
   dao::Database& db_;
   const Textos& textos_;
   Cambios& cambios_;
-  std::function<Resultado<>(int grupo)> alIrse_;
 };
 
 // A copy of a section with its departments and articles, under a name that says that it isn't whole

@@ -202,20 +202,27 @@ TEST(Secciones, UnaBorradaVuelveEntera) {
             std::tuple(3, 2, 4, 1, 1, 1, 1));
   EXPECT_FALSE(va.vacia());
   QStringList idos;
-  t.secciones.alIrseUnGrupo([&](int grupo) -> Resultado<> {
-    idos << QString::number(grupo) + t.leer(u"select count(*) from GRUPOS"_s);
-    return {};
-  });
+  t.sql(u"create table DeOtra (GRUPO, LINK, X)"_s);
+  t.sql(u"insert into DeOtra values (1, 0, 10), (1, 5, 11), (8, 0, 12)"_s);
+  t.catalogo.cambios().guardaPorGrupo(
+      {[&](int grupo) -> Resultado<> {
+         idos << QString::number(grupo) + t.leer(u"select count(*) from GRUPOS"_s);
+         t.sql(u"delete from DeOtra where LINK=0 and GRUPO=%1"_s.arg(grupo));
+         return {};
+       },
+       {{u"DeOtra"_s, u"LINK=0 AND "_s}}});
   const std::string antes = todo();
   BorradoSeccion ida(*t.db, t.secciones, t.textos, 3);
   const QString copia = bien(ida.borrar(t.carpeta.path(), t.reloj.ahora()));
   EXPECT_EQ(idos.join(u' '), u"15 25 35 45") << "each, while it is still there";
   EXPECT_EQ(t.leer(u"select NMSECC from SECCS"_s), u"7");
+  EXPECT_EQ(t.leer(u"select X from DeOtra order by X"_s), u"11 | 12");
   EXPECT_EQ(
       bien(bien(dao::Database::OpenDatabase(copia))->uno(u"select count(*) from SECCS")).entero(),
       2);
   bien(ida.reponer());
   EXPECT_EQ(todo(), antes);
+  EXPECT_EQ(t.leer(u"select X from DeOtra order by X"_s), u"10 | 11 | 12");
 
   bien(ida.borrar(t.carpeta.path(), t.reloj.ahora() + 1));
   t.sql(u"insert into SECCS (NMSECC, NOMSEC) values (9, 'OTRA')"_s);

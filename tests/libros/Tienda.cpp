@@ -64,14 +64,19 @@ void Tienda::grupo(int numero, std::vector<int> direcciones, int tipo) {
 }
 
 void Tienda::leerSolo(int numero, int clase) {
+  leerSin(numero, clase, {});
+}
+
+void Tienda::leerSin(int numero, int clase, const std::set<qint64>& perdidos) {
   totals::Lectura lectura;
   for (const auto& [addr, maquina] : grupos.at(numero)) {
     auto& filas = lectura.maquinas[addr];
     for (const auto& [codigo, c] : clase == kPLUs ? maquina.articulos : maquina.totales) {
+      if (perdidos.contains(codigo)) continue;
       const qint64 clave = clase == kPLUs ? codigo : clase == kGranTotal ? numero : codigo % 3;
       filas[{clave, 0}] += c;
     }
-    if (clase == kGranTotal) filas[{numero, 0}];
+    if (clase == kGranTotal && perdidos.empty()) filas[{numero, 0}];
   }
   bien(p_->sesion.PrepararRecepcion(numero, clase));
   bien(p_->sesion.guardarLectura(numero, clase, lectura, avisos));
@@ -101,12 +106,13 @@ bool Tienda::ponerACero(int numero, bool llega, bool confirma) {
   return true;
 }
 
-qint64 Tienda::enPeriodos(int numero, int clase) const {
-  return valor(p_->db->uno(QString(u"SELECT SUM(IMP) FROM "_s + totals::NombreTabla(clase) +
-                                   u", COLUMNA WHERE "_s + totals::NombreTabla(clase) +
-                                   u".LINK=COLUMNA.LINK AND GRUPO=? AND stkABLE"_s),
-                           numero))
-      .entero();
+totals::Contadores Tienda::enPeriodos(int numero, int clase) const {
+  const QString tabla = totals::NombreTabla(clase);
+  const auto rs = valor(p_->db->consultar(
+      QString(u"SELECT SUM(CON), SUM(PES), SUM(IMP) FROM "_s + tabla + u", COLUMNA WHERE "_s +
+              tabla + u".LINK=COLUMNA.LINK AND GRUPO=? AND (stkABLE OR TIPO IN (1, 5))"_s),
+      numero));
+  return {.CON = rs->entero(0), .PES = rs->entero(1), .IMP = rs->entero(2)};
 }
 
 qint64 Tienda::enPeriodo(qint64 link, int clase) const {
@@ -116,10 +122,14 @@ qint64 Tienda::enPeriodo(qint64 link, int clase) const {
       .entero();
 }
 
-qint64 Tienda::vendido(int numero) const {
-  qint64 suma = 0;
-  for (const auto& [addr, maquina] : grupos.at(numero)) suma += maquina.vendido;
+totals::Contadores Tienda::vendido(int numero) const {
+  totals::Contadores suma;
+  for (const auto& [addr, maquina] : grupos.at(numero)) suma += maquina.libro;
   return suma;
+}
+
+std::vector<qint64> Tienda::responder(int numero, int addr, bool olvido) {
+  return valor(p_->cierre.responder(numero, addr, olvido, avisos));
 }
 
 QString Tienda::textoAvisos() const {

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <map>
 #include <memory>
+#include <set>
 
 #include "core/tiempo/Reloj.h"
 #include "totals/libros/CerrSes.h"
@@ -18,10 +19,12 @@ namespace tarvo::prueba {
 struct MaquinaContable {
   using Cuentas = std::map<qint64, totals::Contadores>;
   Cuentas articulos, totales;
-  qint64 vendido = 0;  // amount of all sales ever, zeroed or not
-  void vender(qint64 articulo, qint64 importe, qint64 gramos) {
-    for (auto* c : {&articulos, &totales}) (*c)[articulo] += {1, gramos, importe, 0};
-    vendido += importe;
+  totals::Contadores libro;  // all sales ever, zeroed or not
+  // Of a return the count may go down with the amount.
+  void vender(qint64 articulo, qint64 importe, qint64 gramos, qint64 cuenta = 1) {
+    const totals::Contadores v{cuenta, gramos, importe, 0};
+    for (auto* c : {&articulos, &totales}) (*c)[articulo] += v;
+    libro += v;
   }
   void ponerACero() { articulos.clear(), totales.clear(); }
 };
@@ -36,15 +39,18 @@ class Tienda {
   // Reads articles, grand total and departments of a group, as three tasks do.
   void leer(int numero);
   void leerSolo(int numero, int clase);
+  // A reading in which the records of these codes were lost.
+  void leerSin(int numero, int clase, const std::set<qint64>& perdidos);
   std::vector<qint64> memorizar(bool sustituir = true, bool aUno = true);
   // Asks for leave, announces, empties the machines and confirms. False when the group may not be
   // zeroed.
   bool ponerACero(int numero, bool llega = true, bool confirma = true);
 
-  // Amounts of a kind over all periods of a group, of the kinds of period that receptions make.
-  qint64 enPeriodos(int numero, int clase) const;
+  // A kind over all periods of a group but those that only sum others.
+  totals::Contadores enPeriodos(int numero, int clase) const;
   qint64 enPeriodo(qint64 link, int clase) const;
-  qint64 vendido(int numero) const;
+  totals::Contadores vendido(int numero) const;
+  std::vector<qint64> responder(int numero, int addr, bool olvido);
   QString textoAvisos() const;
 
   dao::Database& db() { return *p_->db; }

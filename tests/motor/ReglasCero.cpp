@@ -152,8 +152,7 @@ TEST_F(Reglas, UnaOrdenSinRespuestaNoSeRepiteACiegas) {
   for (int g = 1; const Caso& c : casos) {
     SCOPED_TRACE(g);
     grupo(g, c.tipo, QStringLiteral("toma %1").arg(g));
-    vender(g, 10, 500, 100);
-    vender(g, 10, 500, 100);
+    for (const int importe : {500, 300, 200}) vender(g, 10, importe, 100);
     encolar(g, c.clase);
     ASSERT_TRUE(correr());
     problemas.clear();
@@ -165,7 +164,9 @@ TEST_F(Reglas, UnaOrdenSinRespuestaNoSeRepiteACiegas) {
     if (c.vende) vender(g, 10, 300, 50);
     ASSERT_TRUE(correr());
     EXPECT_EQ(oidas(g).filter(orden).size(), c.ordenes) << oidas(g).join(u' ').toStdString();
-    EXPECT_EQ(problemas.isEmpty(), c.queda < 1000) << problemas.join(u' ').toStdString();
+    // What a register has sold since is in no reading: it is left, and said.
+    const bool dicho = c.queda >= 1000 || (c.tipo == 3 && c.vende);
+    EXPECT_EQ(problemas.isEmpty(), !dicho) << problemas.join(u' ').toStdString();
     // A wide answer begins with a digit: the refusal of a register is not heard as one.
     EXPECT_EQ(reintentos.isEmpty(), c.averia != niega || c.tipo == 3)
         << reintentos.join(u' ').toStdString();
@@ -265,7 +266,7 @@ TEST_F(Reglas, ElRegistroAMediasSigueDondeQuedo) {
   const Caso casos[] = {{3054, false, false, QStringLiteral("3054 3056 3058")},
                         {3054, true, false, QStringLiteral("3054 3056 3058")},
                         {3056, false, false, QStringLiteral("3056 3058")},
-                        {3056, true, false, QStringLiteral("3058")},
+                        {3056, true, false, QStringLiteral("3056 3058")},
                         {3058, false, false, QStringLiteral("3058")},
                         {3054, true, true, {}},
                         {3056, false, true, {}},

@@ -20,6 +20,7 @@ int alConfirmar(void* p) {
   auto& d = *static_cast<Disco*>(p);
   if (d.cortado) return 1;
   if (++d.confirmaciones == d.cortarEn) d.cortado = true;
+  if (d.confirmaciones == d.fallarEn) return 1;
   return 0;
 }
 
@@ -54,7 +55,7 @@ void Disco::vaciar() {
 void Disco::soltar() {
   conexion = nullptr;
   cortado = false;
-  cortarEn = -1;
+  cortarEn = fallarEn = -1;
 }
 
 Lector::Lector(const QString& ruta) {

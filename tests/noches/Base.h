@@ -47,6 +47,7 @@ class Lector {
 struct Disco {
   qint64 confirmaciones = 0;  // commits so far
   qint64 cortarEn = -1;       // the commit of this number is the last thing that the program does
+  qint64 fallarEn = -1;       // the commit of this number fails, and nothing else
   bool cortado = false;       // nothing gets through any more, on wires neither
   sqlite3* conexion = nullptr;
   void llenar();  // no page may be added

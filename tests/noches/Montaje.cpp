@@ -111,7 +111,8 @@ Mundo::Mundo(const Plan& plan, std::function<void(const QString&)> alTrazar)
       reloj_(Fecha::de(plan.primerDia)),
       hilos_(reloj_, plan.semilla + 1),
       azar_(plan.semilla + 2),
-      notas_(plan.semilla + 3) {
+      notas_(plan.semilla + 3),
+      gente_(plan.semilla + 4) {
   for (const auto& [codigo, a] : plan_.articulos) codigos_.push_back(codigo);
   montar();
 }
@@ -149,6 +150,7 @@ void Mundo::montarMaquina(const PlanGrupo& g, int direccion) {
   o.grupo = g.codigo;
   o.direccion = direccion;
   o.balanzas = {1};
+  o.borra = g.borra;
   o.registrosPorTrama = azar_.entero(1, 8);
   MaquinaViva m;
   m.grupo = &g;

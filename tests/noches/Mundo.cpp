@@ -34,8 +34,9 @@ QString nombreAveria(const simulador::Paso& p) {
 
 }  // namespace
 
-Veredicto correrSemilla(quint64 semilla, std::function<void(const QString&)> alTrazar) {
-  const Plan plan(semilla);
+Veredicto correrSemilla(quint64 semilla, std::function<void(const QString&)> alTrazar,
+                        bool conCostumbres) {
+  const Plan plan(semilla, conCostumbres);
   return Mundo(plan, std::move(alTrazar)).correr();
 }
 
@@ -44,6 +45,13 @@ Veredicto Mundo::correr() {
        ++n) {
     dia(n);
     noche(n);
+    responder();
+    if (plan_.noches[static_cast<std::size_t>(n)].otraVez && acabada_ &&
+        oraculo_->diferencias.isEmpty()) {
+      vender(maquinas_.front(), {codigos_[static_cast<std::size_t>(n)]}, reloj_.ahora().qdate(), 0);
+      noche(n);
+      responder();
+    }
     ++v_.noches;
   }
   programa_.reset();
@@ -72,9 +80,76 @@ void Mundo::vender(MaquinaViva& m, const std::vector<int>& articulos, QDate dia,
   memoria.vender(v);
   if (!azar_.ocurre(devoluciones)) return;
   v.importe = -v.importe, v.peso = -v.peso, v.descuento = -v.descuento;
+  if (plan_.devuelveCuenta && m.grupo->tipo != Tipo::Registradora) v.cuenta = -v.cuenta;
   // A register passes over a department whose returns have taken back its very amount.
   if (m.grupo->tipo == Tipo::Registradora) v.importe += 1;
   memoria.vender(v);
+}
+
+// A piece that was sold on some day comes back. What no decoder could tell is left out: a weight
+// and an amount of different signs, and what a register passes over.
+void Mundo::devolver(MaquinaViva& m, QDate dia) {
+  const auto& memoria = m.maquina->memoria();
+  if (memoria.libro().empty()) return;
+  Venta v = memoria.libro()[static_cast<std::size_t>(
+      gente_.entero(0, static_cast<int>(memoria.libro().size()) - 1))];
+  const auto& c = memoria.contadores();
+  const auto cabe = [&](const auto& cuentas, const auto& clave) {
+    const auto it = cuentas.find(clave);
+    return it != cuentas.end() && it->second.imp > v.importe && it->second.con > v.cuenta &&
+           it->second.pes >= v.peso && it->second.sco >= v.descuento;
+  };
+  const bool porHoras = plan_.leidas.contains({m.grupo->codigo, kOperHora});
+  const bool registradora = m.grupo->tipo == Tipo::Registradora;
+  if (v.importe <= 0 || v.cuenta <= 0) return;
+  if ((v.peso != 0 || registradora) && !cabe(c.articulos, v.articulo)) return;
+  if (registradora && !cabe(c.departamentos, v.departamento)) return;
+  if (porHoras && !cabe(c.operHora, std::pair(v.operador, v.hora))) return;
+  v.cuando = Fecha::de(dia, QTime(v.hora, 30));
+  v.importe = -v.importe, v.peso = -v.peso, v.descuento = -v.descuento;
+  if (plan_.devuelveCuenta) v.cuenta = -v.cuenta;
+  m.maquina->memoria().vender(v);
+}
+
+// What a machine held is in the books; another one takes its place.
+void Mundo::cambiarMaquinas() {
+  for (auto& m : maquinas_)
+    if (gente_.ocurre(0.5) && m.maquina->memoria().libro().size() == m.alEmpezar) {
+      m.maquina->memoria().ponerACero(reloj_.ahora(), 0, simulador::kTodos);
+      if (alTrazar_)
+        alTrazar_(QStringLiteral("  se cambia una máquina del grupo %1").arg(m.grupo->codigo));
+    }
+}
+
+void Mundo::hacerDia(QDate fecha) {
+  const QByteArray d = QByteArray::number(Fecha::de(fecha).dias(), 'f', 1);
+  oraculo_->base().filas(
+      "INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR, stkABLE, stkADO, ACUM2, ACUM3, "
+      "ACUM4) "
+      "SELECT (SELECT COALESCE(MAX(LINK), 0)+1 FROM COLUMNA), 1, " +
+      d + ", " + d +
+      "+0.999988425925926, 'A mano', 0, 0, 0, 0, 0 WHERE NOT EXISTS (SELECT 1 FROM COLUMNA WHERE "
+      "TIPO=1 AND FECHA1=" +
+      d + ")");
+}
+
+void Mundo::responder() {
+  std::vector<std::pair<int, int>> dudas;
+  oraculo_->base().filas(
+      "SELECT GRUPO, ADDR FROM Dudas WHERE RESPUESTA IS NULL",
+      [&](const Lector::Fila& f) { dudas.emplace_back(f.entero(0), f.entero(1)); });
+  for (const auto& [grupo, addr] : dudas) {
+    const bool si = oraculo_->seBorro(grupo);
+    if (alTrazar_)
+      alTrazar_(QStringLiteral("  alguien dice del grupo %1:%2: %3")
+                    .arg(grupo)
+                    .arg(addr)
+                    .arg(si ? u"sí" : u"no"));
+    const auto r = Programa::responder(carpeta_.path(), reloj_, hilos_, grupo, addr, si,
+                                       [this](const QString& l) { traza(l); });
+    disco().soltar();
+    if (!r) fallar(QStringLiteral("la respuesta se rechaza: ") + r.error().texto);
+  }
 }
 
 void Mundo::apuntar(MaquinaViva& m) {
@@ -97,13 +172,18 @@ void Mundo::apuntar(MaquinaViva& m, Lista lista, int lineas, Azar& azar) {
 void Mundo::dia(int n) {
   hoy_ = n;
   const QDate fecha = plan_.primerDia.addDays(n);
+  const PlanNoche& p = plan_.noches[static_cast<std::size_t>(n)];
+  if (p.cambio && todoBien_) cambiarMaquinas();
   std::vector<int> pueden(codigos_.begin() + static_cast<std::ptrdiff_t>(plan_.noches.size()),
                           codigos_.end());
   for (auto& m : maquinas_) {
+    if (m.grupo->tipo == Tipo::Registradora && gente_.ocurre(p.sinVentas)) continue;
     vender(m, {codigos_[static_cast<std::size_t>(n)]}, fecha);
     for (int k = azar_.entero(2, 25); k > 0; --k) vender(m, pueden, fecha);
+    if (gente_.ocurre(p.devueltas)) devolver(m, fecha);
     apuntar(m);
   }
+  if (p.diaAMano) hacerDia(fecha);
   const double falta = Fecha::de(fecha, QTime(0, 0)) +
                        plan_.noches[static_cast<std::size_t>(n)].minuto / 1440.0 - reloj_.ahora();
   falta > 0 ? reloj_.avanzar(qRound64(falta * 86400) * 1000) : reloj_.saltarPared(falta);
@@ -192,6 +272,8 @@ void Mundo::noche(int n) {
             .arg(arranques)
             .arg(enNoche_));
   v_.arranques += arranques;
+  todoBien_ = resultado == 0;
+  acabada_ = resultado.has_value();
   v_.conProblemas += resultado != 0;
   // What earlier nights left may be said in the first calm one, and keep a group out of it; then
   // there is nothing left.
@@ -206,6 +288,7 @@ void Mundo::noche(int n) {
 std::optional<int> Mundo::arranque(const PlanNoche& n, const Corte* corte) {
   auto& d = disco();
   d.soltar();
+  if (n.fallaConfirmacion > 0 && enNoche_ == 0) d.fallarEn = d.confirmaciones + n.fallaConfirmacion;
   if (corte && corte->confirmacion > 0) d.cortarEn = d.confirmaciones + corte->confirmacion;
   auto p = Programa::arrancar(carpeta_.path(), plan_.proceso, reloj_, hilos_, azar_.siguiente(),
                               [this](const QString& l) { traza(l); });

@@ -17,7 +17,8 @@ struct Veredicto {
 };
 
 // `alTrazar` gets each line of the programs' traces and of what the world did.
-Veredicto correrSemilla(quint64 semilla, std::function<void(const QString&)> alTrazar = {});
+Veredicto correrSemilla(quint64 semilla, std::function<void(const QString&)> alTrazar = {},
+                        bool conCostumbres = true);
 
 class Mundo {
  public:
@@ -36,6 +37,11 @@ class Mundo {
               double devoluciones = 0.05);
   void apuntar(MaquinaViva& m);
   void apuntar(MaquinaViva& m, simulador::Lista lista, int lineas, Azar& azar);
+  void devolver(MaquinaViva& m, QDate cuando);
+  void cambiarMaquinas();
+  void hacerDia(QDate fecha);
+  // Somebody answers what the program asks in the morning.
+  void responder();
   void empezarNoche(const PlanNoche& n);
   void noche(int n);
   // One start of the program, to its end, its cut or its limit. The exit status; nothing when it
@@ -52,13 +58,15 @@ class Mundo {
   QTemporaryDir carpeta_;
   RelojVirtual reloj_;
   Hilos hilos_;
-  Azar azar_, notas_;
+  Azar azar_, notas_, gente_;
   std::vector<MaquinaViva> maquinas_;
   std::unique_ptr<Oraculo> oraculo_;
   std::unique_ptr<Programa> programa_;
   std::vector<int> codigos_;  // of the articles
   qint64 peso_ = 0, enNoche_ = 0, inicioNoche_ = 0;
   int hoy_ = 0;
+  bool todoBien_ = false;   // the night before ended without a problem
+  bool acabada_ = false;    // it came to its end
   bool hayFallos_ = false;  // something went wrong in a night before
   Veredicto v_;
   QByteArray huella_;

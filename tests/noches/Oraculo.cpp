@@ -15,12 +15,14 @@ struct Tabla {
   int conjunto;
   bool hora;
 };
-constexpr Tabla kTablas[] = {{kPLUs, "TOTPLU", "SS_PLU", simulador::kArticulos, false},
-                             {kGranTotal, "TOTGRT", "SS_GRT", simulador::kTotales, false},
-                             {kOperadores, "TOTOPE", "SS_OPE", simulador::kPersonal, false},
-                             {kDepartamentos, "TOTDEP", "SS_DEP", simulador::kTotales, false},
-                             {kHorario, "TOTHOR", "SS_HOR", simulador::kPersonal, false},
-                             {kOperHora, "TOTOPHOR", "SS_OPH", simulador::kPersonal, true}};
+constexpr Tabla kTablas[] = {
+    {kPLUs, "TOTPLU", "SS_PLU", simulador::kArticulos, false},
+    {kGranTotal, "TOTGRT", "SS_GRT", simulador::kTotales | simulador::kSoloGranTotal, false},
+    {kOperadores, "TOTOPE", "SS_OPE", simulador::kPersonal, false},
+    {kDepartamentos, "TOTDEP", "SS_DEP", simulador::kTotales | simulador::kSoloDepartamentos,
+     false},
+    {kHorario, "TOTHOR", "SS_HOR", simulador::kPersonal, false},
+    {kOperHora, "TOTOPHOR", "SS_OPH", simulador::kPersonal, true}};
 
 const Tabla& tabla(int clase) {
   return kTablas[clase - kPLUs];
@@ -46,7 +48,7 @@ std::pair<qint64, qint64> clave(const PlanGrupo& g, int clase, const Venta& v) {
     case kPLUs:
       return {v.articulo, 0};
     case kGranTotal:
-      return {0, 0};
+      return {g.codigo, 0};
     case kOperadores:
       return {operador(), 0};
     case kDepartamentos:
@@ -98,7 +100,7 @@ Oraculo::Oraculo(const Plan& plan, const std::vector<MaquinaViva>& maquinas, con
 // of versions that were replaced.
 Sumas Oraculo::enPeriodos(int clase, const char* cuales) {
   const Tabla& t = tabla(clase);
-  const QByteArray codigo = clase == kGranTotal ? "0" : "CODI", hora = t.hora ? "HORA" : "0";
+  const QByteArray codigo = "CODI", hora = t.hora ? "HORA" : "0";
   const QByteArray que = ", SUM(CON), SUM(PES), SUM(IMP), SUM(SCO) FROM ",
                    porGrupo = " GROUP BY 1, 2, 3";
   Sumas s;
@@ -128,7 +130,7 @@ Sumas Oraculo::enPeriodos(int clase, const char* cuales) {
 
 Oraculo::Bandeja Oraculo::enBandeja(int clase) {
   const Tabla& t = tabla(clase);
-  const QByteArray codigo = clase == kGranTotal ? "0" : "t.CODI", hora = t.hora ? "t.HORA" : "0";
+  const QByteArray codigo = "t.CODI", hora = t.hora ? "t.HORA" : "0";
   Bandeja b;
   base_.filas(
       QByteArray(
@@ -278,10 +280,10 @@ void Oraculo::documentos(const QString& cuando) {
     }
 }
 
-// A period that only sums others holds nothing of its own.
+// A week that only sums its days holds nothing of its own.
 void Oraculo::semanas() {
   for (const Tabla& t : kTablas)
-    for (const auto& [k, v] : enPeriodos(t.clase, "p.stkABLE=0"))
+    for (const auto& [k, v] : enPeriodos(t.clase, "p.stkABLE=0 AND p.TIPO IN (2, 3, 4)"))
       if (v != Suma{}) {
         anotar(QStringLiteral("semana: %1 grupo %2 código %3: sobra %4")
                    .arg(QLatin1String(t.nombre))
@@ -323,6 +325,26 @@ void Oraculo::stock() {
                            .arg(f.entero(0))
                            .arg(f.entero(1)));
               });
+}
+
+// What a person sees who adds up the tickets: with the reading that waits for an answer, or with
+// what it has more than the one that was memorised, the periods hold all that the group has sold.
+bool Oraculo::seBorro(int grupo) {
+  qint64 vendido = 0, hay = 0, base = 0;
+  for (const auto& m : maquinas_)
+    if (m.grupo->codigo == grupo)
+      for (std::size_t i = 0; i < m.alEmpezar; ++i)
+        vendido += m.maquina->memoria().libro()[i].importe;
+  const auto suma = [&](const Sumas& s) {
+    qint64 n = 0;
+    for (const auto& [k, v] : s) n += k[0] == grupo ? v[2] : 0;
+    return n;
+  };
+  hay = suma(enPeriodos(kGranTotal));
+  const Bandeja b = enBandeja(kGranTotal);
+  hay += suma(b.filas);
+  for (const auto& [addr, filas] : b.base) base += suma(filas);
+  return std::abs(hay - vendido) < std::abs(hay - base - vendido);
 }
 
 void Oraculo::finDeNoche(std::optional<int> resultado, bool calma, int arranques) {

@@ -39,6 +39,8 @@ class Oraculo {
   void listaOlvidada(std::size_t maquina);
   // The program has ended. `resultado` its exit status, or nothing when it was cut off for good.
   void finDeNoche(std::optional<int> resultado, bool calma, int arranques);
+  // Whether the machines of a group that is in doubt have forgotten what is memorised of them.
+  bool seBorro(int grupo);
   Lector& base() { return base_; }
   QStringList diferencias;
 

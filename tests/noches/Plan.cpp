@@ -30,7 +30,7 @@ QString siNo(bool b) {
 
 }  // namespace
 
-Plan::Plan(quint64 s) : semilla(s) {
+Plan::Plan(quint64 s, bool conCostumbres) : semilla(s) {
   Azar azar(s * 2654435761U + 17);
   primerDia = QDate(2026, 1, 1).addDays(azar.entero(0, 360));
   tienda(azar);
@@ -44,6 +44,30 @@ Plan::Plan(quint64 s) : semilla(s) {
     noches.emplace_back().calma = true;
     noches.back().minuto = azar.entero(21 * 60 + 10, 23 * 60);
     noches.back().fallos.resize(maquinas);
+  }
+  if (conCostumbres) costumbres();
+}
+
+// What people do in a shop, with faults or without.
+void Plan::costumbres() {
+  using namespace simulador;
+  Azar azar(semilla * 40503 + 5);
+  devuelveCuenta = azar.ocurre(0.5);
+  for (auto& g : grupos)
+    g.borra = uno<std::array<int, 3>>(
+        azar, {g.borra,
+               g.borra,
+               {kPersonal, kArticulos, kTotales},
+               {kSoloGranTotal, kArticulos | kPersonal, kSoloDepartamentos},
+               {kArticulos, kSoloGranTotal, kSoloDepartamentos | kPersonal}});
+  for (auto& n : noches) {
+    if (azar.ocurre(0.3)) n.sinVentas = 0.5;
+    if (azar.ocurre(0.5)) n.devueltas = 0.4;
+    n.diaAMano = azar.ocurre(0.1);
+    if (n.calma) continue;
+    if (azar.ocurre(0.1)) n.fallaConfirmacion = azar.entero(1, 80);
+    n.otraVez = azar.ocurre(0.15);
+    n.cambio = azar.ocurre(0.15);
   }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QStringList>
+#include <array>
 #include <map>
 #include <set>
 #include <vector>
@@ -24,6 +25,8 @@ struct PlanGrupo {
   std::vector<int> direcciones;  // of its machines
   std::vector<int> operadores;   // code of each position
   int almacen = 0;
+  // A register: what its three orders to forget clear, which nobody told the program.
+  std::array<int, 3> borra{simulador::kArticulos, simulador::kTotales, simulador::kPersonal};
   QString linea() const { return remoto == 2 ? QStringLiteral("COM%1").arg(canal) : acceso; }
 };
 
@@ -47,11 +50,19 @@ struct PlanNoche {
   std::vector<Corte> cortes;
   qint64 llenoDesde = -1, llenoEventos = 0;
   qint64 saltoEn = -1;
-  double salto = 0;  // days
+  double salto = 0;               // days
+  qint64 fallaConfirmacion = -1;  // of the first start
+  double sinVentas = 0;           // how likely a register sells nothing that day
+  double devueltas = 0;           // how likely a piece of an earlier day comes back to a machine
+  bool diaAMano = false;          // somebody has made the day's period before
+  bool otraVez = false;           // the process runs once more the same evening, after a sale
+  bool cambio = false;            // machines that hold nothing unread are exchanged before
 };
 
 struct Plan {
-  explicit Plan(quint64 semilla);
+  // `conCostumbres`: also what people do, see costumbres(). Seeds that were kept from before do
+  // without.
+  explicit Plan(quint64 semilla, bool conCostumbres = true);
 
   quint64 semilla;
   QDate primerDia;
@@ -63,7 +74,8 @@ struct Plan {
   bool aUno = true, acumula = false, descuenta = false, exporta = false, corto = false,
        optimizada = false;
   int reintentos = 0;
-  bool notas = true;  // who finds a list that was forgotten may note the next one at once
+  bool devuelveCuenta = false;  // a return lowers the count of its article
+  bool notas = true;            // who finds a list that was forgotten may note the next one at once
   std::vector<PlanNoche> noches;
 
  private:
@@ -72,6 +84,7 @@ struct Plan {
   void pasos(Azar& azar);
   void tareas(Azar& azar, const QString& clave, int clase, const QString& cola = {});
   void noche(Azar& azar, std::size_t maquinas);
+  void costumbres();
 };
 
 }  // namespace tarvo::noches

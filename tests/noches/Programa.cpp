@@ -49,6 +49,19 @@ Resultado<std::unique_ptr<Programa>> Programa::arrancar(
   return p;
 }
 
+Resultado<> Programa::responder(const QString& carpeta, Reloj& reloj, Hilos& hilos, int grupo,
+                                int addr, bool olvido,
+                                const std::function<void(const QString&)>& alEscribir) {
+  auto fondo = app::Fondo::abrir(carpeta, Idioma::Espanol, textosDePrueba(), reloj);
+  if (!fondo) return std::unexpected(fondo.error());
+  Interior i(std::move(*fondo), reloj, hilos, 1);
+  TARVO_INTENTAR(i.aplicacion.empezar());
+  std::vector<totals::Aviso> avisos;
+  TARVO_INTENTAR(i.aplicacion.cerrSes().responder(grupo, addr, olvido, avisos));
+  for (const auto& a : avisos) alEscribir(a.texto);
+  return i.aplicacion.sesion().reflejar();
+}
+
 Resultado<> Programa::guardarAjustes() const {
   return d->fondo->ajustes.GuardarConfig();
 }

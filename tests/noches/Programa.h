@@ -15,6 +15,10 @@ class Programa {
   static Resultado<std::unique_ptr<Programa>> arrancar(
       const QString& carpeta, const QStringList& proceso, Reloj& reloj, Hilos& hilos,
       quint64 semilla, std::function<void(const QString&)> alEscribir);
+  // Starts, and says of a machine in doubt whether it was zeroed.
+  static Resultado<> responder(const QString& carpeta, Reloj& reloj, Hilos& hilos, int grupo,
+                               int addr, bool olvido,
+                               const std::function<void(const QString&)>& alEscribir);
   ~Programa();
   // Nothing while the run goes on; then its exit status.
   std::optional<int> resultado() const { return resultado_; }

@@ -14,7 +14,7 @@ constexpr int kCeros[] = {3054, 3056, 3058}, kOchoHoras = 8 * 3600 * 1000;
 
 // A shop of one group of registers: a good night, one that goes wrong, and three undisturbed ones.
 Plan planDe(quint64 semilla, int cajas, bool antes, bool departamentos) {
-  Plan p(semilla);
+  Plan p(semilla, false);
   p.grupos.resize(1);
   PlanGrupo& g = p.grupos[0];
   g.tipo = Tipo::Registradora;
@@ -54,10 +54,15 @@ struct Noches {
                           if (noche >= 3 && l.contains(u"no cuadra")) mal << l;
                           const auto partes = l.split(u' ', Qt::SkipEmptyParts);
                           if (!l.startsWith(u"    ") && l.contains(u" puesta a cero ("))
-                            borrado[{noche, partes[1].toInt()}] |= partes[5].mid(1, 1).toInt();
+                            borrado[{noche, partes[1].toInt()}] |= conjuntos(partes[5]);
                         }).correr();
     mal << v.diferencias;
     eventos = v.eventos;
+  }
+  // The two halves of the second set count as the set.
+  static int conjuntos(QString entreParentesis) {
+    const int c = entreParentesis.remove(u'(').remove(u')').remove(u',').toInt();
+    return (c & simulador::kTodos) | (c & ~simulador::kTodos ? simulador::kTotales : 0);
   }
   QString texto() const { return mal.join(QStringLiteral("\n  ")); }
   QStringList mal;
@@ -108,6 +113,40 @@ TEST(Registros, ElSilencioEntreTramasSeCuraEnLaNocheSiguiente) {
               bien(n, cajas);
               if (testing::Test::HasFailure()) return;
             }
+}
+
+// Nobody knows which of its orders clears what: the books hold whichever it is.
+TEST(Registros, CadaTramaBorreLoQueBorre) {
+  using namespace simulador;
+  const std::array<int, 3> mapas[] = {
+      {kArticulos, kSoloGranTotal, kSoloDepartamentos | kPersonal},
+      {kPersonal, kArticulos, kTotales},
+      {kSoloGranTotal, kSoloDepartamentos, kArticulos | kPersonal},
+      {kTotales, kPersonal, kArticulos},
+      {kSoloDepartamentos, kArticulos | kPersonal, kSoloGranTotal},
+  };
+  int mapa = 0;
+  for (const auto& borra : mapas) {
+    ++mapa;
+    for (const int cajas : {1, 2})
+      for (const int trama : kCeros)
+        for (const bool oida : {false, true})
+          for (const bool corte : {false, true})
+            for (quint64 semilla = 1; semilla <= kSemillas; ++semilla) {
+              SCOPED_TRACE(testing::Message()
+                           << "mapa " << mapa << ", " << cajas << " cajas, trama " << trama
+                           << (oida ? " oída" : " sin oír") << corte << ", semilla " << semilla);
+              Plan p = planDe(semilla, cajas, false, true);
+              p.grupos[0].borra = borra;
+              auto& guion = p.noches[1].fallos[0].guion;
+              if (oida) guion.push_back({Averia::CeroSinRespuesta, 1, trama});
+              guion.push_back(
+                  {Averia::Oscura, oida ? 2 : 1, trama, 0, corte ? 60'000 : kOchoHoras});
+              Noches n(p);
+              bien(n, cajas, 5);
+              if (testing::Test::HasFailure()) return;
+            }
+  }
 }
 
 // The power goes at any event of the night; somebody starts the program again the same evening,

@@ -21,10 +21,8 @@ void Contadores::sumar(const Venta& venta) {
 
 void Contadores::borrar(int conjuntos) {
   if (conjuntos & kArticulos) articulos.clear();
-  if (conjuntos & kTotales) {
-    departamentos.clear();
-    granTotal = ventas = devoluciones = {};
-  }
+  if (conjuntos & (kTotales | kSoloDepartamentos)) departamentos.clear();
+  if (conjuntos & (kTotales | kSoloGranTotal)) granTotal = ventas = devoluciones = {};
   if (conjuntos & kPersonal) {
     operadores.clear();
     horas.clear();

@@ -22,6 +22,8 @@ enum Conjunto : int {
   kTotales = 2,    // grand total, its two parts, and departments
   kPersonal = 4,   // operators, hours, operators by hour
   kTodos = 7,
+  kSoloGranTotal = 8,  // kTotales is these two together
+  kSoloDepartamentos = 16,
 };
 
 struct Contadores {

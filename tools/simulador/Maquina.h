@@ -3,6 +3,7 @@
 // behind a socket. Everything happens on one thread. `salida` may be called from within recibir().
 #pragma once
 
+#include <array>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -25,6 +26,8 @@ struct OpcionesMaquina {
   int direccion = 0;  // node of an Ebony, address of a register; the others answer to all addresses
   int estacion = 0;   // VEK station, 0 to 15
   std::vector<int> balanzas;  // numbers of the scales of the group; empty: any
+  // A register: what each of its three orders to forget clears.
+  std::array<int, 3> borra{kArticulos, kTotales, kPersonal};
   int registrosPorTrama = 8;  // in list frames
   int pausaMs = 20;           // NODAL: between the acknowledgement and what follows
   int repeticiones = -1;      // of an answer nobody acknowledges; -1: 3 on NODAL, none on VEK

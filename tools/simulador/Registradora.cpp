@@ -6,9 +6,7 @@ namespace tarvo::simulador {
 namespace {
 
 constexpr int kMal = 1;
-// What each zeroing clears: first the articles, then the grand total and the departments, last the
-// rest.
-constexpr int kCeroArticulos = 3054, kCeroTotales = 3056, kCeroResto = 3058;
+constexpr int kCero1 = 3054, kCero2 = 3056, kCero3 = 3058;
 constexpr int kVentasTotal = 12, kDevolucionesTotal = 17, kDepartamento = 1;
 // Records that hold other figures of the register and belong to no total.
 constexpr int kTiquesTotal = 2, kCajonTotal = 20;
@@ -28,7 +26,7 @@ bool Registradora::esParaMi(const Peticion& peticion) const {
 }
 
 bool Registradora::esCero(int codigo) const {
-  return codigo == kCeroArticulos || codigo == kCeroTotales || codigo == kCeroResto;
+  return codigo == kCero1 || codigo == kCero2 || codigo == kCero3;
 }
 
 // Answers begin with a digit: the frame's shape wants one behind the four of the code.
@@ -38,14 +36,11 @@ Respuesta Registradora::atender(const Peticion& peticion) {
       return articulos(peticion.datos);
     case 2060:
       return totales();
-    case kCeroArticulos:
-      cero(peticion.codigo, kArticulos);
-      return con("00");
-    case kCeroTotales:
-      cero(peticion.codigo, kTotales);
-      return con("00");
-    case kCeroResto:
-      cero(peticion.codigo, kPersonal);
+    case kCero1:
+    case kCero2:
+    case kCero3:
+      cero(peticion.codigo,
+           opciones().borra[static_cast<std::size_t>(peticion.codigo - kCero1) / 2]);
       return con("00");
     case 4003:
       return guardarArticulo(peticion.datos);

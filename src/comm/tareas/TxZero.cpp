@@ -46,7 +46,7 @@ class Cero final : public motor::TrabajoTarea {
     dudar();
     return true;
   }
-  Resultado<std::vector<totals::Aviso>> cerrar() override { return std::vector<totals::Aviso>{}; }
+  Resultado<std::vector<totals::Aviso>> cerrar() override { return std::move(avisos_); }
   qint64 avance() const override { return static_cast<qint64>(maquina_); }
 
  private:
@@ -75,6 +75,7 @@ class Cero final : public motor::TrabajoTarea {
   };
 
   bool toda_, preparada_ = false, comprobar_ = false;
+  std::vector<totals::Aviso> avisos_;
   std::vector<int> pendientes_;  // machines yet to forget, by address; 0 where the group is one
   size_t maquina_ = 0;
   Marcha m_;
@@ -86,6 +87,7 @@ Resultado<> Cero::preparar() {
   TARVO_TOMAR(const auto permiso, e_.sesion.permisoCero(t_.Grupo));
   if (!permiso.permitido) return suprimido(permiso.motivo);
   comprobar_ = permiso.comprobar;
+  avisos_ = permiso.avisos;
   if (t_.Tipo == 3 && t_.Direcciones.empty())
     return suprimido(e_.textos(kTxSinCajasQueBorrar, {t_.Grupo}));
   std::vector<int> todas = t_.Tipo == 3 ? t_.Direcciones : std::vector<int>{0};
@@ -119,25 +121,26 @@ Resultado<std::optional<Siguiente>> Cero::probar() {
   return std::nullopt;
 }
 
-// Takes the machine up where it was left, by the grand total that it has just told. Its own set is
-// the second.
+// Takes the machine up where it was left, by the grand total that it has just told. Of a register
+// nobody knows which frame clears what: it is told on only when it has sold nothing since it was
+// read, or since its grand total was cleared.
 Resultado<> Cero::juzgar(const totals::Contadores& leido) {
   TARVO_TOMAR(const auto r, e_.sesion.compararGranTotal(t_.Grupo, addr(), leido));
   prueba_.reset();
   using C = totals::Sesion::Comparacion;
   const bool sinBase = r == C::SinLectura || r == C::OtrasClases;
-  if (t_.Tipo == 3 && m_.paso == 3) {
-    if (!leido.cero()) return hecha();
-  } else if (r == C::OtrasClases && t_.Tipo != 3 && leido.cero()) {
+  if (r == C::OtrasClases && t_.Tipo != 3 && leido.cero()) {
     return hecha();
   } else if (sinBase && !comprobar_ && (t_.Tipo == 3 || r == C::SinLectura)) {
     m_.anunciada = m_.anunciada && m_.paso == 1;
     m_.paso = 1;
-  } else if (r == C::Mas || sinBase) {
+  } else if (t_.Tipo == 3 && (leido.cero() || r == C::Igual)) {
+    m_.probada = true;
+    return {};
+  } else if (r == C::Mas || sinBase || t_.Tipo == 3) {
     return suprimido(e_.textos(kTxGuardaVentas, {t_.Grupo, addr()}));
   } else if (r == C::Cero) {
-    if (t_.Tipo != 3 || m_.paso != 2 || !leido.cero()) return hecha();
-    TARVO_INTENTAR(parteHecha());
+    return hecha();
   }
   m_.probada = true;
   return {};

@@ -1,12 +1,12 @@
-// What the readings of a session show of zeroings that nobody wrote down. A counter only goes down
-// when its machine forgets: a machine of which some count of sales is lower than the one memorised
-// has been zeroed, in all its kinds of total.
+// What the readings of a session show of zeroings that nobody wrote down, and of orders to forget
+// of which nobody knows if they were heard: machine by machine, by all its counters.
 #include <algorithm>
 #include <map>
 #include <set>
 
 #include "totals/TextosTotals.h"
 #include "totals/libros/BasesInterior.h"
+#include "totals/libros/Dudas.h"
 #include "totals/libros/Memoria.h"
 #include "totals/libros/Partes.h"
 #include "totals/libros/SesionInterior.h"
@@ -22,53 +22,6 @@ using dao::Database;
 QString textoDe(const char16_t* s) {
   return QString::fromUtf16(s);
 }
-
-}  // namespace
-
-Resultado<std::vector<Releida>> releidas(Database& db, const Ajustes& ajustes) {
-  std::vector<Releida> lista;
-  for (const ClaseTotal& c : enVigor(ajustes)) {
-    TARVO_TOMAR(
-        auto rs,
-        db.consultar(
-            QString(
-                u"SELECT GRUPO, MAQUINAS, ENTERA, ADDR, SEC FROM Lecturas, Sesiones WHERE CODGPO=GRUPO AND "_s
-                u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND BASE_DUDOSA=0 AND "_s +
-                textoDe(c.sesion) + u" ORDER BY GRUPO"_s),
-            c.numero));
-    for (; !rs->Eof();) {
-      lista.push_back({static_cast<int>(rs->entero(0)), &c, rs->entero(1) > 1, rs->logico(2),
-                       rs->entero(3), rs->entero(4)});
-      TARVO_INTENTAR(rs->MoveNext());
-    }
-  }
-  return lista;
-}
-
-Resultado<std::set<int>> bajaron(Database& db, const Releida& r) {
-  const QString hora = r.varias           ? u"n.HORA=b.HORA"_s
-                       : r.clase->conHora ? u"n.HORA=b.HORA"_s
-                                          : u"1=1"_s;
-  const QString nuevas = r.varias
-                             ? u"LectFilas n ON n.GRUPO=b.GRUPO AND n.CLASE=b.CLASE AND "_s
-                               u"n.ADDR=b.ADDR AND n.CODI=b.CODI "_s
-                               u"AND "_s
-                             : textoDe(r.clase->tabla) +
-                                   u" n ON n.LINK=0 AND n.GRUPO=b.GRUPO AND n.CODI=b.CODI AND "_s;
-  QString sql = u"SELECT DISTINCT b.ADDR FROM BaseFilas b LEFT JOIN "_s + nuevas + hora +
-                u" WHERE b.GRUPO=? AND b.CLASE=? AND COALESCE(n.CON,0)<b.CON"_s;
-  if (!r.entera) sql += u" AND n.CON IS NOT NULL"_s;
-  if (!r.varias) sql += u" AND b.ADDR="_s + QString::number(r.addr);
-  TARVO_TOMAR(auto rs, db.consultar(sql, r.grupo, r.clase->numero));
-  std::set<int> addrs;
-  for (; !rs->Eof();) {
-    addrs.insert(static_cast<int>(rs->entero(0)));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return addrs;
-}
-
-namespace {
 
 // What stands in the session can only show a zeroing that was begun before it was read.
 const QString kSinConfirmar =
@@ -120,30 +73,56 @@ Resultado<> fecharCero(Database& db, const Ajustes& ajustes, int grupo, Fecha cu
   return {};
 }
 
-// The kinds that the open session received of a group, with the sum of their amounts.
+// The kinds that the open session received of a group, with the sum of their amounts; what was
+// cleared by itself is added.
 Resultado<std::multimap<qint64, int>> sumasRecibidas(Database& db, const Ajustes& ajustes,
                                                      int grupo) {
   std::multimap<qint64, int> sumas;
   for (const ClaseTotal& c : enVigor(ajustes)) {
-    TARVO_TOMAR(auto rs,
-                db.consultar(QString(u"SELECT COALESCE(SUM(IMP),0) FROM Sesiones LEFT JOIN "_s +
-                                     textoDe(c.tabla) +
-                                     u" t ON t.GRUPO=CODGPO AND t.LINK=0 WHERE CODGPO=? AND "_s +
-                                     textoDe(c.sesion) + u" GROUP BY CODGPO"_s),
-                             grupo));
+    TARVO_TOMAR(
+        auto rs,
+        db.consultar(
+            QString(u"SELECT COALESCE(SUM(IMP),0)+COALESCE((SELECT AJUSTE FROM Lecturas "_s
+                    u"WHERE Lecturas.GRUPO=CODGPO AND CLASE=?),0) FROM Sesiones LEFT JOIN "_s +
+                    textoDe(c.tabla) + u" t ON t.GRUPO=CODGPO AND t.LINK=0 WHERE CODGPO=? AND "_s +
+                    textoDe(c.sesion) + u" GROUP BY CODGPO"_s),
+            c.numero, grupo));
     if (!rs->Eof()) sumas.emplace(rs->entero(0), c.numero);
   }
   return sumas;
 }
 
-// Behind an order that nobody confirmed, counts that did not go down prove that the machine still
-// holds what is memorised only when all kinds that are memorised were read again: one article that
-// was sold before and not since tells, a grand total may have caught up.
-Resultado<bool> seSabe(Database& db, int grupo, const std::vector<Releida>& lista) {
+// A reading that went wrong may be lower than it should be. So a kind testifies only when another
+// kind of the same session has the same amount, or when no other was ever memorised. Nothing when
+// no two agree: nobody can tell then.
+Resultado<std::optional<std::set<int>>> clasesFiables(Database& db, const Ajustes& ajustes,
+                                                      int grupo) {
+  TARVO_TOMAR(const auto sumas, sumasRecibidas(db, ajustes, grupo));
+  TARVO_TOMAR(const auto memorizadas,
+              db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL"_s, grupo));
+  const bool sola = sumas.size() < 2 && memorizadas.entero() < 2;
+  std::set<int> fiables;
+  for (const auto& [suma, clase] : sumas)
+    if (sola || sumas.count(suma) > 1) fiables.insert(clase);
+  return fiables.empty() ? std::nullopt : std::optional(fiables);
+}
+
+// Which machines of the group were told to forget before they were read, and nobody knows if they
+// heard it.
+Resultado<std::set<int>> conSospecha(Database& db, int grupo) {
   TARVO_TOMAR(
-      const auto dudas,
-      db.uno(QString(u"SELECT count(*) FROM Ceros WHERE GRUPO=? AND "_s + kSinConfirmar), grupo));
-  if (dudas.entero() == 0) return true;
+      auto rs,
+      db.consultar(QString(u"SELECT ADDR FROM Ceros WHERE GRUPO=? AND "_s + kSinConfirmar), grupo));
+  std::set<int> addrs;
+  for (; !rs->Eof();) {
+    addrs.insert(static_cast<int>(rs->entero(0)));
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  return addrs;
+}
+
+// Is every kind that is memorised of the group in the session?
+Resultado<bool> todasReleidas(Database& db, const std::vector<Releida>& lista, int grupo) {
   TARVO_TOMAR(
       const auto memorizadas,
       db.uno(
@@ -152,16 +131,64 @@ Resultado<bool> seSabe(Database& db, int grupo, const std::vector<Releida>& list
   return std::ranges::count(lista, grupo, &Releida::grupo) >= memorizadas.entero();
 }
 
-}  // namespace
+struct Sentencia {
+  std::set<int> olvidadas, guardan;
+  std::map<int, Testimonios> dudosas;
+  bool todas = true;
+};
 
-Resultado<> dejarFuera(Database& db, const Ajustes& ajustes, int grupo) {
-  for (const ClaseTotal& c : enVigor(ajustes))
-    TARVO_INTENTAR(db.ejecutar(
-        QString(u"UPDATE Sesiones SET "_s + textoDe(c.sesion) + u"=FALSE WHERE CODGPO=?"_s),
-        grupo));
-  TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET ESTADO=4 WHERE GRUPO=? AND ESTADO=2"_s, grupo));
-  return {};
+// The machines of a group, but for those that were told a part.
+Resultado<Sentencia> sentenciar(Database& db, const std::vector<Releida>& lista, int grupo,
+                                const std::map<int, Testimonios>& testimonios) {
+  TARVO_TOMAR(const auto aparte, maquinasAMedias(db, grupo));
+  TARVO_TOMAR(const auto sospechosas, conSospecha(db, grupo));
+  Sentencia s;
+  TARVO_TOMAR(s.todas, todasReleidas(db, lista, grupo));
+  for (const auto& [addr, t] : testimonios) {
+    if (aparte.contains(addr)) continue;
+    TARVO_TOMAR(const auto dicho, respuestaDe(db, grupo, addr));
+    const Veredicto v = dicho ? (*dicho ? Veredicto::Olvido : Veredicto::Guarda)
+                              : juzgar(t, sospechosas.contains(addr), s.todas);
+    if (v == Veredicto::Olvido) s.olvidadas.insert(addr);
+    if (v == Veredicto::Guarda) s.guardan.insert(addr);
+    if (v == Veredicto::Duda) s.dudosas[addr] = t;
+  }
+  return s;
 }
+
+Resultado<> resolverGrupo(Database& db, const Ajustes& ajustes, const Textos& textos,
+                          const std::vector<Releida>& lista, int grupo,
+                          std::vector<Aviso>& avisos) {
+  TARVO_TOMAR(auto testimonios, testimoniosDeGrupo(db, lista, grupo));
+  if (std::ranges::any_of(testimonios, [](const auto& m) { return algunaBaja(m.second); })) {
+    TARVO_TOMAR(const auto fiables, clasesFiables(db, ajustes, grupo));
+    if (!fiables) {
+      avisos.push_back({grupo, textos(kTxBajaronSinCuadrar, {grupo}), true});
+      return dejarFuera(db, ajustes, grupo);
+    }
+    bool mudas = false;  // nothing reliable is left to testify of a machine
+    for (auto& [addr, t] : testimonios) {
+      std::erase_if(t, [&](const auto& x) { return !fiables->contains(x.first); });
+      mudas = mudas || t.empty();
+    }
+    if (mudas) {
+      avisos.push_back({grupo, textos(kTxBajaronSinCuadrar, {grupo}), true});
+      return dejarFuera(db, ajustes, grupo);
+    }
+  }
+  TARVO_TOMAR(const auto s, sentenciar(db, lista, grupo, testimonios));
+  for (const int addr : s.guardan)  // what was announced to it did not happen
+    TARVO_INTENTAR(
+        db.ejecutar(QString(u"DELETE FROM Ceros WHERE GRUPO=? AND ADDR=? AND "_s + kSinConfirmar),
+                    grupo, addr));
+  TARVO_INTENTAR(darPorOlvidadas(db, ajustes, grupo, s.olvidadas, textos, avisos));
+  if (s.dudosas.empty()) return cerrarDudas(db, grupo);
+  if (s.todas) return abrirDudas(db, ajustes, textos, grupo, s.dudosas, avisos);
+  avisos.push_back({grupo, textos(kTxCeroSinSaber, {grupo}), true});
+  return dejarFuera(db, ajustes, grupo);
+}
+
+}  // namespace
 
 Resultado<> darPorOlvidadas(Database& db, const Ajustes& ajustes, int grupo,
                             const std::set<int>& addrs, const Textos& textos,
@@ -176,61 +203,30 @@ Resultado<> darPorOlvidadas(Database& db, const Ajustes& ajustes, int grupo,
   return {};
 }
 
-// A reading that went wrong may be lower than it should be. So a kind that went down counts only
-// when another kind of the same session has the same amount, or when no other was ever memorised;
-// without any two that agree nobody can tell.
+Resultado<> resolverBasesDe(Database& db, const Ajustes& ajustes, const Textos& textos, int grupo,
+                            std::vector<Aviso>& avisos) {
+  TARVO_TOMAR(const auto sabido, resolverPartes(db, ajustes, textos, grupo, avisos));
+  if (!sabido) return {};
+  TARVO_TOMAR(const auto lista, releidas(db, ajustes));
+  if (std::ranges::find(lista, grupo, &Releida::grupo) == lista.end()) return {};
+  return resolverGrupo(db, ajustes, textos, lista, grupo, avisos);
+}
+
 Resultado<> resolverBases(Database& db, const Ajustes& ajustes, const Textos& textos,
                           std::vector<Aviso>& avisos) {
-  TARVO_TOMAR(const auto lista, releidas(db, ajustes));
   TARVO_TOMAR(const auto aMedias, gruposAMedias(db));
-  std::map<int, std::map<int, std::set<int>>> bajadas;  // group, kind, addresses
-  for (const Releida& r : lista) {
-    if (aMedias.contains(r.grupo)) continue;
-    TARVO_TOMAR(const auto addrs, bajaron(db, r));
-    if (!addrs.empty()) bajadas[r.grupo][r.clase->numero] = addrs;
-  }
-  std::set<int> ceros;
+  std::set<int> fuera;
   for (const int grupo : aMedias) {
     TARVO_TOMAR(const auto sabido, resolverPartes(db, ajustes, textos, grupo, avisos));
-    if (!sabido) ceros.insert(grupo);
+    if (!sabido) fuera.insert(grupo);
   }
-  for (const auto& [grupo, clases] : bajadas) {
-    TARVO_TOMAR(const auto sumas, sumasRecibidas(db, ajustes, grupo));
-    TARVO_TOMAR(
-        const auto memorizadas,
-        db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL"_s, grupo));
-    const bool sola = sumas.size() < 2 && memorizadas.entero() < 2;
-    bool algunAcuerdo = sola;
-    std::set<int> addrs;
-    for (const auto& [suma, clase] : sumas) {
-      const bool deAcuerdo = sola || sumas.count(suma) > 1;
-      algunAcuerdo = algunAcuerdo || deAcuerdo;
-      const auto it = clases.find(clase);
-      if (deAcuerdo && it != clases.end()) addrs.insert(it->second.begin(), it->second.end());
-    }
-    if (!algunAcuerdo) {
-      TARVO_INTENTAR(dejarFuera(db, ajustes, grupo));
-      avisos.push_back({grupo, textos(kTxBajaronSinCuadrar, {grupo}), true});
-      ceros.insert(grupo);
-    }
-    if (!algunAcuerdo || addrs.empty()) continue;
-    TARVO_INTENTAR(darPorOlvidadas(db, ajustes, grupo, addrs, textos, avisos));
-    ceros.insert(grupo);
-  }
-  for (const Releida& r : lista) {
-    if (ceros.contains(r.grupo) || aMedias.contains(r.grupo)) continue;
-    TARVO_TOMAR(const auto sabido, seSabe(db, r.grupo, lista));
-    if (sabido) continue;
-    TARVO_INTENTAR(dejarFuera(db, ajustes, r.grupo));
-    avisos.push_back({r.grupo, textos(kTxCeroSinSaber, {r.grupo}), true});
-    ceros.insert(r.grupo);
-  }
-  // An unconfirmed zeroing of a machine that still holds what was memorised did not happen.
-  for (const Releida& r : lista)
-    if (!ceros.contains(r.grupo))
-      TARVO_INTENTAR(
-          db.ejecutar(QString(u"DELETE FROM Ceros WHERE GRUPO=? AND "_s + kSinConfirmar), r.grupo));
-  return {};
+  TARVO_TOMAR(const auto lista, releidas(db, ajustes));
+  std::set<int> grupos;
+  for (const Releida& r : lista) grupos.insert(r.grupo);
+  for (const int grupo : grupos)
+    if (!fuera.contains(grupo))
+      TARVO_INTENTAR(resolverGrupo(db, ajustes, textos, lista, grupo, avisos));
+  return cerrarDudasSinBase(db);
 }
 
 }  // namespace tarvo::totals

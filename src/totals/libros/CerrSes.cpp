@@ -5,6 +5,7 @@
 
 #include "totals/TextosTotals.h"
 #include "totals/libros/Cuadre.h"
+#include "totals/libros/Dudas.h"
 #include "totals/libros/TablasLibros.h"
 
 namespace tarvo::totals {
@@ -13,6 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr double kDiasQueSeCuentan = 32;
 const Fecha kSinPuestaACero = Fecha::de(QDate(2000, 1, 1));
 
 QString columna(const char16_t* nombre) {
@@ -72,7 +74,24 @@ Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const Cl
   } else {
     r.periodo = calendario.DeterminarPeriodo(r.desde, r.hasta, horario);
   }
+  if (r.hasta - r.desde < kDiasQueSeCuentan)
+    r.jornadas = calendario.Jornadas(r.desde, r.hasta, horario);
   return r;
+}
+
+// Sales of several days in one day, or between two dates: somebody looks for them elsewhere.
+void avisarDeVariosDias(const std::vector<Recibido>& lecturas, const Periodo& destino,
+                        const Textos& textos, std::vector<Aviso>& avisos) {
+  if (destino.tipo != kDiario && destino.tipo != kOtros) return;
+  int ultimo = -1;
+  for (const Recibido& r : lecturas) {
+    if (r.jornadas < 2 || r.CODGPO == ultimo) continue;
+    ultimo = r.CODGPO;
+    avisos.push_back({r.CODGPO,
+                      textos(kTxVariosDias, {r.CODGPO, r.jornadas, r.desde.general(),
+                                             r.hasta.general(), TextoPeriodo(destino)}),
+                      destino.tipo == kDiario});
+  }
 }
 
 void avisarDeBases(const std::vector<Recibido>& recibidos, const Textos& textos,
@@ -162,6 +181,29 @@ Resultado<bool> CerrSes::recuperar() {
   return true;
 }
 
+Resultado<std::vector<qint64>> CerrSes::responder(int grupo, int addr, bool olvido,
+                                                  std::vector<Aviso>& avisos) {
+  const int antes = s_.estado();
+  const auto anotar = [&]() -> Resultado<bool> {
+    TARVO_TOMAR(auto tr, dao::Transaccion::empezar(s_.base()));
+    // What a session that was closed left marked is no longer waiting.
+    if (antes == 0)
+      for (const ClaseTotal& c : enVigor(s_.ajustes()))
+        TARVO_INTENTAR(s_.base().ejecutar(
+            QString(u"UPDATE Sesiones SET "_s + columna(c.sesion) + u"=FALSE"_s)));
+    TARVO_TOMAR(const auto lista, anotarRespuesta(s_.base(), s_.textos(), {grupo, addr}, olvido));
+    if (lista) TARVO_INTENTAR(s_.ponerEstado(2));
+    TARVO_INTENTAR(tr.confirmar());
+    return lista;
+  };
+  const auto lista = anotar();
+  if (!lista) {
+    TARVO_INTENTAR(s_.cargar());
+    return std::unexpected(lista.error());
+  }
+  return *lista && antes == 0 ? LaSesion(true, 0, avisos) : std::vector<qint64>{};
+}
+
 Resultado<std::vector<qint64>> CerrSes::memorizar(std::vector<Aviso>& avisos) {
   std::vector<qint64> links;
   TARVO_INTENTAR(AnalizarScratch(avisos));
@@ -175,6 +217,7 @@ Resultado<std::vector<qint64>> CerrSes::memorizar(std::vector<Aviso>& avisos) {
   for (const auto& [periodo, lecturas] : destinos) {
     TARVO_TOMAR(const auto link, memoria.incorporar(periodo, lecturas, OverWr, Descrip, avisos));
     links.push_back(link);
+    avisarDeVariosDias(lecturas, periodo, s_.textos(), avisos);
   }
   std::vector<int> grupos;
   grupos.reserve(recibidos_.size());

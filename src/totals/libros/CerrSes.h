@@ -37,6 +37,11 @@ class CerrSes {
   // Opens again a session that was closed without memorising. False when nothing of it is left or
   // another one has begun.
   Resultado<bool> recuperar();
+  // A person says of a machine that was left out in doubt (Dudas.h) whether it forgot. When nothing
+  // of its group is in doubt any more its reading is memorised, unless a session is open, which
+  // then holds it. The links as of LaSesion.
+  Resultado<std::vector<qint64>> responder(int grupo, int addr, bool olvido,
+                                           std::vector<Aviso>& avisos);
 
   // Moves the session to `nuevo`, memorising first when asked. The links of the periods made; empty
   // when nothing was memorised. The avisos hold what a manager must know, the cross-footing

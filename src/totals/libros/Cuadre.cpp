@@ -33,7 +33,7 @@ Resultado<bool> comparable(dao::Database& db, int numero, qint64 link, int grupo
   return n.entero() > 0;
 }
 
-// What the inbox rows of a kind are behind, because their set of counters was cleared by itself.
+// What the inbox rows of a kind lack, because the kind was cleared by itself.
 // Nothing when nobody knows.
 Resultado<std::optional<qint64>> ajusteDe(dao::Database& db, int numero, int grupo) {
   TARVO_TOMAR(auto rs, db.consultar(u"SELECT AJUSTE FROM Lecturas WHERE GRUPO=? AND CLASE=?"_s,
@@ -111,7 +111,7 @@ Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajust
     TARVO_TOMAR(const auto suma, sumaDe(db, c.numero, link, grupo));
     TARVO_TOMAR(const auto ajuste, ajusteDe(db, c.numero, grupo));
     if (!vale || (link != 0 && suma.first == 0)) continue;
-    if (link != 0 || conjuntoDe(c.numero) == conjuntoDe(kGranTotal))
+    if (link != 0)
       lista.push_back({c.numero, gran.second, suma.second});
     else if (ajusteGran && ajuste)
       lista.push_back({c.numero, gran.second + *ajusteGran, suma.second + *ajuste});

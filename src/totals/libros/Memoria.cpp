@@ -27,30 +27,7 @@ QString lista(const std::vector<int>& grupos) {
   return s.join(u',');
 }
 
-// Periods were added into this one: its rows are not of its own readings alone.
-Resultado<bool> tieneAcumulados(dao::Database& db, const Columna& c) {
-  if (c.periodo.tipo < kSemanal || c.periodo.tipo > kAnual) return false;
-  TARVO_TOMAR(
-      const auto n,
-      db.uno(u"SELECT count(*) FROM COLUMNA WHERE ACUM%1<>0 AND FECHA1>=? AND FECHAF<=?"_s.arg(
-                 c.periodo.tipo),
-             c.periodo.desde, c.periodo.hasta));
-  return n.entero() > 0;
-}
-
 }  // namespace
-
-// A period that only sums others takes no reading: its sales would be in no day, and out of no
-// stock. They get a period of their own dates.
-Resultado<std::optional<Columna>> Memoria::destinoDe(Periodo& destino,
-                                                     const std::vector<Recibido>& lecturas) {
-  auto existe = p_.BuscarPeriodo(destino.tipo, destino.desde, destino.hasta);
-  if (!existe || !*existe || (*existe)->stkABLE) return existe;
-  destino.tipo = kOtros;
-  destino.desde = std::ranges::min(lecturas, {}, &Recibido::desde).desde;
-  destino.hasta = std::ranges::max(lecturas, {}, &Recibido::hasta).hasta;
-  return p_.BuscarPeriodo(destino.tipo, destino.desde, destino.hasta);
-}
 
 Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool sustituir,
                                          std::vector<Aviso>& avisos) {
@@ -170,10 +147,8 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
   if (rs->entero(0) > 1) {
     TARVO_INTENTAR(db_.ejecutar(
         u"INSERT INTO BaseFilas SELECT * FROM LectFilas WHERE GRUPO=? AND CLASE=? AND "_s
-        u"ADDR NOT IN (SELECT ADDR FROM Ceros "_s
-        u"WHERE Ceros.GRUPO=LectFilas.GRUPO AND SEC_HECHO>? UNION SELECT ADDR FROM CerosParte p "_s
-        u"WHERE p.GRUPO=LectFilas.GRUPO AND CONJUNTO=? AND SEC_HECHO>?)"_s,
-        r.CODGPO, r.clase, sec, conjuntoDe(r.clase), sec));
+        u"ADDR NOT IN (SELECT ADDR FROM Ceros WHERE Ceros.GRUPO=LectFilas.GRUPO AND SEC_HECHO>?)"_s,
+        r.CODGPO, r.clase, sec));
     const auto todas =
         db_.uno(u"SELECT count(*) FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO, r.clase);
     const auto base =
@@ -183,12 +158,9 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
     aparte = queda;
   } else {
     const qint64 addr = rs->entero(2);
-    TARVO_TOMAR(
-        const auto hecho,
-        db_.uno(u"SELECT (SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO>?)+"_s
-                u"(SELECT count(*) FROM CerosParte WHERE GRUPO=? AND ADDR=? AND CONJUNTO=? AND "_s
-                u"SEC_HECHO>?)"_s,
-                r.CODGPO, addr, sec, r.CODGPO, addr, conjuntoDe(r.clase), sec));
+    TARVO_TOMAR(const auto hecho,
+                db_.uno(u"SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO>?"_s,
+                        r.CODGPO, addr, sec));
     queda = hecho.entero() == 0;
   }
   TARVO_INTENTAR(db_.ejecutar(
@@ -225,9 +197,9 @@ void Memoria::sumarSiHayOtras(const std::vector<Recibido>& lecturas, std::vector
 Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibido>& lecturas,
                                       bool sustituir, const QString& descr,
                                       std::vector<Aviso>& avisos) {
-  TARVO_TOMAR(const auto existe, destinoDe(destino, lecturas));
+  TARVO_TOMAR(const auto existe, destinoDe(destino, lecturas, avisos));
   if (existe) {
-    TARVO_TOMAR(const auto acumulados, tieneAcumulados(db_, *existe));
+    TARVO_TOMAR(const auto acumulados, tieneAcumulados(*existe));
     sustituir = sustituir && !acumulados;
   }
   qint64 link = existe ? existe->LINK : 0;
@@ -238,6 +210,13 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
     modos.push_back(modo);
   }
   sumarSiHayOtras(lecturas, modos);
+  std::map<int, std::vector<int>> sustituidos;
+  for (size_t i = 0; i < lecturas.size(); ++i)
+    if (modos[i] == Modo::Poner) sustituidos[lecturas[i].clase].push_back(lecturas[i].CODGPO);
+  bool conAjenas = false;
+  if (existe && !existe->stkABLE) {
+    TARVO_TOMAR(conAjenas, tieneAjenas(link, sustituidos));
+  }
   std::optional<Periodos::Marcas> marcas;
   if (link == 0) {
     TARVO_TOMAR(const auto nuevo,
@@ -265,6 +244,7 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
     TARVO_INTENTAR(anotarOrigen(r, link));
     TARVO_INTENTAR(anotarBase(r, link));
   }
+  if (existe) TARVO_INTENTAR(hacerDescontable(*existe, link, conAjenas, lecturas, avisos));
   if (marcas) TARVO_INTENTAR(p_.ReacumularTodo(link, *marcas));
   return link;
 }

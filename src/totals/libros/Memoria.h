@@ -1,6 +1,8 @@
 // Moving the rows of the inbox into a period, each sale once. Runs inside the caller's transaction.
 #pragma once
 
+#include <map>
+#include <optional>
 #include <vector>
 
 #include "totals/libros/Sesion.h"
@@ -17,6 +19,7 @@ struct Recibido {
   Fecha baseDesde;       // the span's start once this reading is memorised
   bool conBase = false;  // a part of the counters is memorised already: only the difference moves
   qint64 linkBase = 0;   // the period that holds that part
+  int jornadas = 0;      // working days in the span, where they are few enough to be counted
 };
 
 // Settles what the readings of the open session show of zeroings that were never confirmed: a
@@ -24,6 +27,10 @@ struct Recibido {
 // columns and the memorised rows accordingly.
 Resultado<> resolverBases(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
                           std::vector<Aviso>& avisos);
+
+// The same for one group, before it is told to forget: that would overwrite what shows it.
+Resultado<> resolverBasesDe(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
+                            int grupo, std::vector<Aviso>& avisos);
 
 class Memoria {
  public:
@@ -45,7 +52,14 @@ class Memoria {
   Resultado<> mover(const Recibido& r, qint64 link, Modo modo);
   Resultado<> quitarAusentes(const Recibido& r, qint64 link);
   Resultado<std::optional<Columna>> destinoDe(Periodo& destino,
-                                              const std::vector<Recibido>& lecturas);
+                                              const std::vector<Recibido>& lecturas,
+                                              std::vector<Aviso>& avisos);
+  Resultado<bool> tieneAcumulados(const Columna& c);
+  // Groups by kind that are about to be replaced.
+  Resultado<bool> tieneAjenas(qint64 link, const std::map<int, std::vector<int>>& sustituidos);
+  Resultado<bool> soloSuma(const Columna& c);
+  Resultado<> hacerDescontable(const Columna& antes, qint64 link, bool conAjenas,
+                               const std::vector<Recibido>& lecturas, std::vector<Aviso>& avisos);
   Resultado<> anotarBase(const Recibido& r, qint64 link);
   Resultado<> anotarOrigen(const Recibido& r, qint64 link);
 

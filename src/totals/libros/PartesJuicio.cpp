@@ -1,13 +1,13 @@
-// A zeroing that broke off between two frames: what the readings behind it show of each announced
-// set. All that may have happened is tried against them; what counts is the one way in which no
-// kept counter went down and all sums foot.
+// A zeroing that broke off between two frames: what the readings after it show of each kind of
+// total. All that may have happened is tried against them; what counts is the one way in which all
+// sums foot, and where several do, what the counters testify.
 #include <algorithm>
 #include <array>
 #include <map>
 
 #include "totals/TextosTotals.h"
 #include "totals/libros/BasesInterior.h"
-#include "totals/libros/Cuadre.h"
+#include "totals/libros/Dudas.h"
 #include "totals/libros/Partes.h"
 
 namespace tarvo::totals {
@@ -18,246 +18,259 @@ namespace {
 
 using dao::Database;
 
-constexpr size_t kMaxVias = 4096;
-
-struct Nota {
-  qint64 intencion = 0, hecho = 0;
-  Fecha anunciada;
-  std::optional<qint64> total;
-  qint64 quitado = 0;
-  bool pendiente() const { return intencion > hecho; }
+// What is known of one machine.
+struct Caja {
+  int grupo = 0, addr = 0;
+  qint64 ultimaTrama = 0;  // its place in the order of events
+  qint64 confirmadas = 0, anunciadas = 0;
+  Fecha cuando;
+  std::map<int, qint64> quitado;  // by kind; without it nobody knows
+  std::set<int> dudosas;          // kinds that may have been cleared
+  Testimonios t;                  // of the kinds that were read since, with something memorised
+  std::set<int> leidas;           // kinds that were read since, at all
 };
-using Notas = std::map<int, std::map<int, Nota>>;  // by address and set
+using Via = std::set<int>;  // the kinds that were cleared
 
-// What the readings show of one machine, by set.
-struct Indicio {
-  std::set<int> bases;    // something memorised was still in the machine
-  std::set<int> dudosos;  // announced, not confirmed, read since, and with something memorised
-  std::set<int> bajos;    // some count went down
-};
-
-// A way in which a machine may have come through.
-struct Salida {
-  int addr = 0;
-  std::set<int> olvidados;
-  bool todo = false;                               // all of it forgot at one time
-  std::array<qint64, kConjuntos + 1> cambio = {};  // what each set falls behind by it
-};
-using Via = std::vector<Salida>;  // one way for each machine
-
-Resultado<Notas> leerNotas(Database& db, int grupo) {
+Resultado<Caja> leerCaja(Database& db, int grupo, int addr) {
+  Caja c;
+  c.grupo = grupo, c.addr = addr;
+  TARVO_TOMAR(auto tramas,
+              db.consultar(u"SELECT count(*), SUM(SEC_HECHO>=SEC_INTENCION), MAX(SEC_INTENCION), "_s
+                           u"MAX(INTENCION) FROM CerosParte WHERE GRUPO=? AND ADDR=?"_s,
+                           grupo, addr));
+  c.anunciadas = tramas->entero(0), c.confirmadas = tramas->entero(1);
+  c.ultimaTrama = tramas->entero(2), c.cuando = tramas->fecha(3);
   TARVO_TOMAR(
       auto rs,
-      db.consultar(
-          u"SELECT ADDR, CONJUNTO, SEC_INTENCION, SEC_HECHO, INTENCION, TOTAL, QUITADO FROM CerosParte "_s
-          u"WHERE GRUPO=?"_s,
-          grupo));
-  Notas notas;
+      db.consultar(u"SELECT CLASE, DUDA, QUITADO FROM CerosClase WHERE GRUPO=? AND ADDR=?"_s, grupo,
+                   addr));
   for (; !rs->Eof();) {
-    Nota& n = notas[static_cast<int>(rs->entero(0))][static_cast<int>(rs->entero(1))];
-    n = {rs->entero(2), rs->entero(3), rs->fecha(4), {}, rs->entero(6)};
-    if (!rs->nulo(5)) n.total = rs->entero(5);
+    const int clase = static_cast<int>(rs->entero(0));
+    if (rs->logico(1)) c.dudosas.insert(clase);
+    if (!rs->nulo(2)) c.quitado[clase] = rs->entero(2);
     TARVO_INTENTAR(rs->MoveNext());
   }
-  return notas;
+  return c;
 }
 
-Resultado<std::set<int>> conBase(Database& db, const Releida& r) {
-  TARVO_TOMAR(auto rs,
-              db.consultar(u"SELECT DISTINCT ADDR FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s,
-                           r.grupo, r.clase->numero));
-  std::set<int> addrs;
-  for (; !rs->Eof();) {
-    if (r.varias || rs->entero(0) == r.addr) addrs.insert(static_cast<int>(rs->entero(0)));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return addrs;
-}
-
-Resultado<std::map<int, Indicio>> leerIndicios(Database& db, const Ajustes& ajustes, int grupo,
-                                               Notas& notas) {
-  TARVO_TOMAR(const auto lista, releidas(db, ajustes));
-  std::map<int, Indicio> indicios;
-  for (const Releida& r : lista) {
-    if (r.grupo != grupo) continue;
-    const int conjunto = conjuntoDe(r.clase->numero);
-    const auto bajos = bajaron(db, r);
-    const auto base = conBase(db, r);
-    if (!bajos || !base) return std::unexpected(bajos ? base.error() : bajos.error());
-    for (const int addr : *bajos) indicios[addr].bajos.insert(conjunto);
-    for (const int addr : *base) {
-      indicios[addr].bases.insert(conjunto);
-      if (const Nota& n = notas[addr][conjunto]; n.pendiente() && r.sec > n.intencion)
-        indicios[addr].dudosos.insert(conjunto);
-    }
-  }
-  std::erase_if(indicios,
-                [](const auto& i) { return i.second.dudosos.empty() && i.second.bajos.empty(); });
-  return indicios;
-}
-
-// The ways of one machine. Without a number for what a set fell behind nothing can be shown.
-std::vector<Salida> salidasDe(int addr, const Indicio& x, std::map<int, Nota>& notas) {
-  std::vector<Salida> salidas;
-  std::vector<int> libres;
-  std::ranges::set_difference(x.dudosos, x.bajos, std::back_inserter(libres));
-  for (unsigned m = 0; std::ranges::includes(x.dudosos, x.bajos) && m < 1U << libres.size(); ++m) {
-    Salida s{addr, x.bajos};
-    for (size_t i = 0; i < libres.size(); ++i)
-      if (m >> i & 1U) s.olvidados.insert(libres[i]);
-    bool sabido = true;
-    for (const int c : s.olvidados) {
-      sabido = sabido && notas[c].total;
-      s.cambio[static_cast<size_t>(c)] = notas[c].total.value_or(0) - notas[c].quitado;
-    }
-    if (sabido) salidas.push_back(s);
-  }
-  // To have forgotten every set that held something is to have forgotten all.
-  const auto todo = [&](const Salida& s) { return s.olvidados == x.bases; };
-  if (x.bajos.empty() || std::ranges::any_of(salidas, todo)) return salidas;
-  salidas.push_back({addr, {}, true});
-  for (const auto& [c, n] : notas) salidas.back().cambio[static_cast<size_t>(c)] = -n.quitado;
-  return salidas;
-}
-
-bool cuadran(const std::vector<Comparado>& sumas, const Via& via) {
-  std::array<qint64, kConjuntos + 1> cambio{};
-  for (const Salida& s : via)
-    for (size_t c = 0; c < cambio.size(); ++c) cambio[c] += s.cambio[c];
-  return std::ranges::all_of(sumas, [&](const Comparado& k) {
-    return k.suma + cambio[static_cast<size_t>(conjuntoDe(k.clase))] ==
-           k.granTotal + cambio[static_cast<size_t>(conjuntoDe(kGranTotal))];
-  });
-}
-
-// The only way that foots, if there is just one.
-std::optional<Via> laUnica(const std::vector<std::vector<Salida>>& salidas,
-                           const std::vector<Comparado>& sumas) {
-  std::vector<Via> vias{{}};
-  for (const auto& deUna : salidas) {
-    std::vector<Via> mas;
-    for (const Via& v : vias)
-      for (const Salida& s : deUna) (mas.emplace_back(v)).push_back(s);
-    if (mas.size() > kMaxVias) return std::nullopt;
-    vias = std::move(mas);
-  }
-  std::erase_if(vias, [&](const Via& v) { return !cuadran(sumas, v); });
-  return vias.size() == 1 ? std::optional(vias.front()) : std::nullopt;
-}
-
-// Where one kind is all that is ever read of the group its counts alone decide.
-Resultado<std::optional<Via>> decidir(Database& db, const Ajustes& ajustes, int grupo,
-                                      const std::map<int, Indicio>& indicios, Notas& notas) {
-  TARVO_TOMAR(const auto leidas,
-              db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND SEC>0"_s, grupo));
-  if (leidas.entero() < 2) {
-    Via via;
-    via.reserve(indicios.size());
-    for (const auto& [addr, x] : indicios) via.push_back({addr, x.bajos});
-    return via;
-  }
-  TARVO_TOMAR(const auto sumas, compararTotales(db, ajustes, 0, grupo));
-  const bool cruzan = std::ranges::any_of(
-      sumas, [](const Comparado& k) { return conjuntoDe(k.clase) != conjuntoDe(kGranTotal); });
-  if (!cruzan) return std::nullopt;
-  std::vector<std::vector<Salida>> salidas;
-  salidas.reserve(indicios.size());
-  for (const auto& [addr, x] : indicios) salidas.push_back(salidasDe(addr, x, notas[addr]));
-  return laUnica(salidas, sumas);
-}
-
-// The readings of the open session, of the kinds of a set, are from behind its clearing.
-Resultado<> corregirLecturas(Database& db, const Ajustes& ajustes, int grupo, int conjunto,
-                             const dao::Valor& cambio, const std::optional<Fecha>& desde) {
+// The kinds that the open session has of the group, read whole or not, after the last frame.
+Resultado<std::set<int>> leidasTras(Database& db, const Ajustes& ajustes, int grupo, qint64 sec) {
+  std::set<int> clases;
   for (const ClaseTotal& c : enVigor(ajustes)) {
-    if (conjuntoDe(c.numero) != conjunto) continue;
-    const QString marca = CampoSesion(c.numero), dd = CampoDesde(c.numero);
-    TARVO_INTENTAR(db.ejecutar(
-        QString(
-            u"UPDATE Lecturas SET AJUSTE=AJUSTE+? WHERE GRUPO=? AND CLASE=? AND EXISTS (SELECT "_s
-            u"1 FROM Sesiones WHERE CODGPO=GRUPO AND "_s +
-            marca + u")"_s),
-        cambio, grupo, c.numero));
-    if (!desde) continue;
-    TARVO_INTENTAR(db.ejecutar(
-        QString(u"UPDATE Sesiones SET "_s + dd + u"=? WHERE CODGPO=? AND "_s + marca + u" AND ("_s +
-                dd + u" IS NULL OR "_s + dd +
-                u"<?) AND EXISTS (SELECT 1 FROM Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND LINK "_s
-                u"IS NULL)"_s),
-        *desde, grupo, *desde, c.numero));
+    TARVO_TOMAR(const auto n,
+                db.uno(QString(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND "_s
+                               u"CODGPO=GRUPO AND CLASE=? AND SEC>? AND "_s +
+                               QString::fromUtf16(c.sesion)),
+                       grupo, c.numero, sec));
+    if (n.entero() > 0) clases.insert(c.numero);
   }
-  return {};
+  return clases;
 }
 
-Resultado<> darPorBorrada(Database& db, const Ajustes& ajustes, const Parte& p, const Nota& n,
-                          qint64 cambio) {
-  TARVO_INTENTAR(olvidarParte(db, p, u"0"_s));
+// Kinds with something memorised of the machine that were not read since.
+Resultado<bool> todasReleidas(Database& db, const Caja& c) {
+  QStringList leidas;
+  for (const int k : c.leidas) leidas << QString::number(k);
+  TARVO_TOMAR(
+      const auto n,
+      db.uno(QString(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND "_s
+                     u"CLASE NOT IN ("_s +
+                     leidas.join(u',') + u")"_s),
+             c.grupo));
+  return n.entero() == 0;
+}
+
+// The frames clear kinds that are in doubt; whoever clears the machine by hand clears all.
+bool puede(const Caja& c, const Via& via) {
+  return via.size() == c.t.size() ||
+         std::ranges::all_of(via, [&](int k) { return c.dudosas.contains(k); });
+}
+
+// All ways in which the sums of all kinds foot. A kind of which nobody knows how far it is behind
+// can't be summed.
+std::vector<Via> viasQueCuadran(const Caja& c) {
+  std::vector<int> clases;
+  for (const auto& [k, t] : c.t) clases.push_back(k);
+  std::vector<Via> vias;
+  for (unsigned m = 0; m < 1U << clases.size(); ++m) {
+    Via via;
+    std::set<qint64> sumas;
+    for (size_t i = 0; i < clases.size(); ++i) {
+      const int k = clases[i];
+      const bool borrada = (m >> i & 1U) != 0;
+      if (borrada) via.insert(k);
+      const auto q = c.quitado.find(k);
+      if (q == c.quitado.end()) continue;
+      const Testimonio& t = c.t.at(k);
+      sumas.insert(t.impAhora + q->second + (borrada ? t.impAntes : 0));
+    }
+    if (sumas.size() < 2 && puede(c, via)) vias.push_back(via);
+  }
+  return vias;
+}
+
+const Via& masCorta(const std::vector<Via>& vias) {
+  return *std::ranges::min_element(vias, {}, &Via::size);
+}
+const Via& masLarga(const std::vector<Via>& vias) {
+  return *std::ranges::max_element(vias, {}, &Via::size);
+}
+
+// Nothing was cleared, or all: no single frame clears everything, so the frames that the machine
+// answered say which, but for the machine's own counters.
+std::optional<Via> nadaOTodo(const Caja& c, const std::vector<Via>& vias) {
+  const bool baja = algunaBaja(c.t);
+  const bool quietas =
+      firmes(c.t) || std::ranges::all_of(c.t, [](const auto& x) { return x.second.quieto(); });
+  if (c.confirmadas >= 2) return quietas ? std::nullopt : std::optional(masLarga(vias));
+  if (c.anunciadas >= 2 && baja && !quietas) return masLarga(vias);
+  switch (juzgar(c.t, c.anunciadas >= 2, true)) {
+    case Veredicto::Guarda:
+      return masCorta(vias);
+    case Veredicto::Olvido:
+      return masLarga(vias);
+    case Veredicto::Duda:
+      break;
+  }
+  return std::nullopt;
+}
+
+// Kind by kind, where the sums don't say: what was sold came to nothing, or one kind is all there
+// is.
+std::optional<Via> claseAClase(const Caja& c, const std::vector<Via>& vias) {
+  Via via;
+  for (const auto& [k, t] : c.t) {
+    const Veredicto v = juzgar({{k, t}}, c.dudosas.contains(k), true);
+    if (v == Veredicto::Duda) return std::nullopt;
+    if (v == Veredicto::Olvido) via.insert(k);
+  }
+  return std::ranges::find(vias, via) == vias.end() ? std::nullopt : std::optional(via);
+}
+
+std::optional<Via> decidir(const Caja& c, const std::vector<Via>& vias, bool todas) {
+  if (vias.empty()) return std::nullopt;
+  if (c.t.size() > 1 && vias.size() == 1) return vias.front();
+  const bool nadaOToda = vias.size() == 2 && masCorta(vias).empty() &&
+                         masLarga(vias).size() == c.t.size() && c.t.size() > 1;
+  if (nadaOToda && todas) return nadaOTodo(c, vias);
+  return claseAClase(c, vias);
+}
+
+// The reading of the open session of this kind is from after the clearing.
+Resultado<> corregirLectura(Database& db, const Caja& c, int clase, qint64 cambio) {
+  const QString dd = CampoDesde(clase);
+  TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET AJUSTE=AJUSTE+? WHERE GRUPO=? AND CLASE=?"_s,
+                             cambio, c.grupo, clase));
   TARVO_INTENTAR(db.ejecutar(
-      u"UPDATE CerosParte SET HECHO=INTENCION, SEC_HECHO=SEC_INTENCION, QUITADO=TOTAL WHERE GRUPO=? "_s
-      u"AND ADDR=? AND CONJUNTO=? AND SEC_HECHO<SEC_INTENCION"_s,
-      p.grupo, p.addr, p.conjunto));
-  return corregirLecturas(db, ajustes, p.grupo, p.conjunto,
-                          n.total ? dao::Valor(cambio) : dao::Valor(),
-                          n.pendiente() ? std::optional(n.anunciada) : std::nullopt);
+      QString(
+          u"UPDATE Sesiones SET "_s + dd + u"=? WHERE CODGPO=? AND ("_s + dd + u" IS NULL OR "_s +
+          dd +
+          u"<?) AND EXISTS (SELECT 1 FROM Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND LINK IS "_s
+          u"NULL)"_s),
+      c.cuando, c.grupo, c.cuando, clase));
+  return {};
 }
 
-Resultado<> aplicar(Database& db, const Ajustes& ajustes, const Textos& textos, int grupo,
-                    const Salida& s, std::map<int, Nota>& notas, const std::set<int>& dudosos,
-                    std::vector<Aviso>& avisos) {
-  if (s.todo) {
-    TARVO_INTENTAR(darPorOlvidadas(db, ajustes, grupo, {s.addr}, textos, avisos));
-    for (int c = 1; c <= kConjuntos; ++c)
+Resultado<> aplicar(Database& db, const Caja& c, const Via& borradas) {
+  for (const int k : c.leidas) {
+    if (!c.dudosas.contains(k)) continue;
+    const auto t = c.t.find(k);
+    if (borradas.contains(k)) {
+      TARVO_INTENTAR(olvidarClase(db, c.grupo, c.addr, k));
+      TARVO_INTENTAR(corregirLectura(db, c, k, t->second.impAntes));
+    }
+    // What was never memorised shows nothing: how far it is behind the others nobody knows.
+    TARVO_TOMAR(const auto base,
+                db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND CLASE=? "_s
+                       u"AND (LINK IS NOT NULL OR BASE_HASTA IS NOT NULL)"_s,
+                       c.grupo, k));
+    const bool sabido = t != c.t.end() || base.entero() > 0;
+    TARVO_INTENTAR(db.ejecutar(
+        u"UPDATE CerosClase SET DUDA=0, QUITADO=CASE WHEN ? THEN QUITADO+? END WHERE GRUPO=? AND "_s
+        u"ADDR=? AND CLASE=?"_s,
+        sabido, borradas.contains(k) ? t->second.impAntes : 0, c.grupo, c.addr, k));
+    if (!sabido)
       TARVO_INTENTAR(
-          corregirLecturas(db, ajustes, grupo, c, s.cambio[static_cast<size_t>(c)], std::nullopt));
-    TARVO_INTENTAR(
-        db.ejecutar(u"DELETE FROM CerosParte WHERE GRUPO=? AND ADDR=?"_s, grupo, s.addr));
-    return {};
-  }
-  for (const int c : s.olvidados)
-    TARVO_INTENTAR(
-        darPorBorrada(db, ajustes, {grupo, s.addr, c}, notas[c], s.cambio[static_cast<size_t>(c)]));
-  for (const int c : dudosos) {
-    if (s.olvidados.contains(c)) continue;
-    TARVO_INTENTAR(db.ejecutar(
-        u"DELETE FROM CerosParte WHERE GRUPO=? AND ADDR=? AND CONJUNTO=? AND SEC_HECHO=0"_s, grupo,
-        s.addr, c));
-    TARVO_INTENTAR(db.ejecutar(
-        u"UPDATE CerosParte SET SEC_INTENCION=SEC_HECHO WHERE GRUPO=? AND ADDR=? AND CONJUNTO=?"_s,
-        grupo, s.addr, c));
+          db.ejecutar(u"UPDATE Lecturas SET AJUSTE=NULL WHERE GRUPO=? AND CLASE=?"_s, c.grupo, k));
   }
   return {};
 }
 
-void decir(int grupo, const Textos& textos, TextoTotals cual, bool grave,
-           std::vector<Aviso>& avisos) {
-  avisos.push_back({grupo, textos(cual, {grupo}), grave});
+// All that was read of it has forgotten: it counts afresh, as after a whole zeroing.
+Resultado<> aplicarTodo(Database& db, const Ajustes& ajustes, const Textos& textos, const Caja& c,
+                        std::vector<Aviso>& avisos) {
+  TARVO_INTENTAR(darPorOlvidadas(db, ajustes, c.grupo, {c.addr}, textos, avisos));
+  for (const auto& [k, q] : c.quitado)
+    if (c.leidas.contains(k))
+      TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET AJUSTE=AJUSTE-? WHERE GRUPO=? AND CLASE=?"_s,
+                                 q, c.grupo, k));
+  for (const QString& tabla : {u"CerosParte"_s, u"CerosClase"_s})
+    TARVO_INTENTAR(db.ejecutar(QString(u"DELETE FROM "_s + tabla + u" WHERE GRUPO=? AND ADDR=?"_s),
+                               c.grupo, c.addr));
+  return {};
+}
+
+enum class Estado { Resuelta, Preguntar, SinSaber };
+
+Resultado<Estado> resolverCaja(Database& db, const Ajustes& ajustes, const Textos& textos, Caja& c,
+                               bool& borrado, std::vector<Aviso>& avisos) {
+  TARVO_TOMAR(const auto todas, todasReleidas(db, c));
+  const auto vias = viasQueCuadran(c);
+  TARVO_TOMAR(const auto respuesta, respuestaDe(db, c.grupo, c.addr));
+  std::optional<Via> via = c.t.empty() ? Via{} : decidir(c, vias, todas);
+  if (respuesta && !vias.empty()) via = *respuesta ? masLarga(vias) : masCorta(vias);
+  if (!via) return todas && vias.size() > 1 ? Estado::Preguntar : Estado::SinSaber;
+  const bool todo = !c.t.empty() && todas && via->size() == c.t.size();
+  borrado = borrado || (!todo && !via->empty());
+  if (todo)
+    TARVO_INTENTAR(aplicarTodo(db, ajustes, textos, c, avisos));
+  else
+    TARVO_INTENTAR(aplicar(db, c, *via));
+  return Estado::Resuelta;
+}
+
+Resultado<std::vector<Caja>> cajasQueJuzgar(Database& db, const Ajustes& ajustes, int grupo) {
+  TARVO_TOMAR(const auto addrs, maquinasAMedias(db, grupo));
+  TARVO_TOMAR(const auto lista, releidas(db, ajustes));
+  TARVO_TOMAR(auto testimonios, testimoniosDeGrupo(db, lista, grupo));
+  std::vector<Caja> cajas;
+  for (const int addr : addrs) {
+    TARVO_TOMAR(auto c, leerCaja(db, grupo, addr));
+    TARVO_TOMAR(c.leidas, leidasTras(db, ajustes, grupo, c.ultimaTrama));
+    for (const auto& [k, t] : testimonios[addr])
+      if (c.leidas.contains(k)) c.t[k] = t;
+    // The sum of a range of codes foots with nothing.
+    for (const Releida& r : lista)
+      if (r.grupo == grupo && !r.entera) c.quitado.erase(r.clase->numero);
+    const bool alguna = std::ranges::any_of(c.leidas, [&](int k) { return c.dudosas.contains(k); });
+    if (!alguna) c.anunciadas = c.confirmadas = 0;
+    if (alguna || algunaBaja(c.t)) cajas.push_back(std::move(c));
+  }
+  return cajas;
 }
 
 }  // namespace
 
 Resultado<bool> resolverPartes(Database& db, const Ajustes& ajustes, const Textos& textos,
                                int grupo, std::vector<Aviso>& avisos) {
-  TARVO_TOMAR(auto notas, leerNotas(db, grupo));
-  if (notas.empty()) return true;
-  TARVO_TOMAR(const auto indicios, leerIndicios(db, ajustes, grupo, notas));
-  if (indicios.empty()) return true;
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db));
-  TARVO_TOMAR(const auto via, decidir(db, ajustes, grupo, indicios, notas));
-  if (!via) {
-    TARVO_INTENTAR(dejarFuera(db, ajustes, grupo));
-    TARVO_INTENTAR(tr.confirmar());
-    decir(grupo, textos, kTxCeroSinSaber, true, avisos);
-    return false;
+  TARVO_TOMAR(auto cajas, cajasQueJuzgar(db, ajustes, grupo));
+  bool borrado = false, sinSaber = false;
+  std::map<int, Testimonios> preguntas;
+  for (Caja& c : cajas) {
+    TARVO_TOMAR(const auto estado, resolverCaja(db, ajustes, textos, c, borrado, avisos));
+    if (estado == Estado::Preguntar) preguntas[c.addr] = c.t;
+    sinSaber = sinSaber || estado == Estado::SinSaber;
   }
-  bool borrado = false;
-  for (const Salida& s : *via) {
-    TARVO_INTENTAR(
-        aplicar(db, ajustes, textos, grupo, s, notas[s.addr], indicios.at(s.addr).dudosos, avisos));
-    borrado = borrado || !s.olvidados.empty();
+  if (sinSaber) {
+    TARVO_INTENTAR(dejarFuera(db, ajustes, grupo));
+    avisos.push_back({grupo, textos(kTxCeroSinSaber, {grupo}), true});
+  } else if (!preguntas.empty()) {
+    TARVO_INTENTAR(abrirDudas(db, ajustes, textos, grupo, preguntas, avisos));
   }
   TARVO_INTENTAR(tr.confirmar());
-  if (borrado) decir(grupo, textos, kTxCeroAMedias, false, avisos);
-  return true;
+  if (borrado) avisos.push_back({grupo, textos(kTxCeroAMedias, {grupo}), false});
+  return !sinSaber && preguntas.empty();
 }
 
 }  // namespace tarvo::totals

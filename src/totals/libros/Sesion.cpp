@@ -1,5 +1,7 @@
 #include "totals/libros/Sesion.h"
 
+#include <cmath>
+
 #include "totals/libros/SesionInterior.h"
 
 namespace tarvo::totals {
@@ -11,6 +13,10 @@ namespace {
 const QString kClaveEstado = u"SesionAbier"_s;
 const QString kClaveHasta = u"SesionHasta"_s;
 const QString kClaveCero = u"SesionACero"_s;
+const QString kClaveDe = u"SesionDe"_s;
+// How long one collection may last, in days: the readings of a run end together, so that they make
+// one period. Without a run, or in one that goes on, somebody may have sold in between.
+constexpr double kDeUnaVez = 0.5, kSinContinuidad = 1.0 / 24;
 
 }  // namespace
 
@@ -44,6 +50,8 @@ Resultado<> Sesion::cargar() {
   d->abierta = static_cast<int>(guardado.entero());
   d->hasta = hasta.fecha();
   d->aCero = aCero.fecha();
+  TARVO_TOMAR(const auto de, d->valores.leer(kClaveDe));
+  d->de = de.entero();
   return {};
 }
 
@@ -51,6 +59,7 @@ Resultado<> Sesion::ponerEstado(int nuevo) {
   TARVO_INTENTAR(d->valores.poner(kClaveEstado, nuevo));
   TARVO_INTENTAR(d->valores.poner(kClaveHasta, d->hasta));
   TARVO_INTENTAR(d->valores.poner(kClaveCero, d->aCero));
+  TARVO_INTENTAR(d->valores.poner(kClaveDe, d->de));
   d->abierta = nuevo;
   return {};
 }
@@ -65,6 +74,7 @@ Resultado<bool> Sesion::AbrirSesion() {
   const auto abrir = [&]() -> Resultado<> {
     TARVO_INTENTAR(db_.ejecutar(QString(u"UPDATE Sesiones SET "_s + campos.join(u", "_s))));
     d->hasta = d->aCero = reloj_.ahora();
+    d->de = d->ejecucion;
     TARVO_INTENTAR(ponerEstado(1));
     return tr.confirmar();
   };
@@ -73,6 +83,13 @@ Resultado<bool> Sesion::AbrirSesion() {
     return std::unexpected(r.error());
   }
   return true;
+}
+
+void Sesion::Estado::renovar(Fecha ahora) {
+  const double plazo = ejecucion == 0 || reanuda ? kSinContinuidad : kDeUnaVez;
+  if (de == ejecucion && std::abs(ahora - hasta) < plazo) return;
+  hasta = aCero = ahora;
+  de = ejecucion;
 }
 
 Resultado<> Sesion::reflejar() {

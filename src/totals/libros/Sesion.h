@@ -41,6 +41,7 @@ struct PermisoCero {
   // that was cut off, so the machine may have sold since it was read.
   bool comprobar = false;
   QString motivo;
+  std::vector<Aviso> avisos = {};  // what was settled to answer this
 };
 
 class Sesion {
@@ -85,11 +86,11 @@ class Sesion {
   // ------------------------------------------------------------------------------------
   Resultado<PermisoCero> permisoCero(int grupo);
   // On disk before the frame goes: this machine is about to be told to forget. A machine that
-  // forgets in several frames is announced before each, with the set of counters that it clears.
+  // forgets in several frames is announced before each, by its number, from 1.
   Resultado<> anunciarCero(int grupo, int addr, int conjunto = 0);
-  // A set of counters was confirmed as cleared, others of the machine are yet to follow.
+  // One of several frames was confirmed, others of the machine are yet to follow.
   Resultado<> parteHecha(int grupo, int addr, int conjunto);
-  // What this run has told a machine since its group was last read: the set that comes next, and
+  // What this run has told a machine since its group was last read: the frame that comes next, and
   // whether any was announced.
   struct Partes {
     int siguiente = 1;
@@ -102,8 +103,8 @@ class Sesion {
   // The addresses of the group whose zeroing was confirmed in this run already.
   Resultado<bool> ceroYaHecho(int grupo, int addr);
   // Compares a grand total just read with what was read of that machine since it last forgot.
-  // Igual: nothing was sold since, zero it. Cero: it has forgotten already. Mas: it holds something
-  // not memorised. OtrasClases: only other kinds were read. SinLectura: nothing was.
+  // Igual: nothing was sold since, zero it. Cero: it has forgotten already. Mas: it may hold
+  // something not memorised. OtrasClases: only other kinds were read. SinLectura: nothing was.
   enum class Comparacion { Igual, Cero, Mas, OtrasClases, SinLectura };
   Resultado<Comparacion> compararGranTotal(int grupo, int addr, const Contadores& leido);
 

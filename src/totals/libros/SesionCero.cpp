@@ -2,6 +2,8 @@
 // what is written when the machine has confirmed.
 #include "totals/TextosTotals.h"
 #include "totals/libros/Cuadre.h"
+#include "totals/libros/Dudas.h"
+#include "totals/libros/Memoria.h"
 #include "totals/libros/Partes.h"
 #include "totals/libros/SesionInterior.h"
 
@@ -85,10 +87,19 @@ Resultado<> marcarPuestaACero(Database& db, int grupo, Fecha cuando) {
 }  // namespace
 
 Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
-  // A zeroing that comes before the memorisation: sales made while the group was read show here.
-  std::vector<Aviso> diferencias;
-  if (d->abierta == 2) TARVO_INTENTAR(resolverPartes(db_, ajustes_, textos_, grupo, diferencias));
-  if (d->abierta == 2) TARVO_INTENTAR(anotarCuadre(db_, ajustes_, textos_, grupo, diferencias));
+  TARVO_TOMAR(const auto enDuda, hayDudas(db_, grupo));
+  if (enDuda) return PermisoCero{false, false, textos_(kTxDudaSinCero, {grupo})};
+  // A zeroing that comes before the memorisation: it would hide whether an earlier one was heard,
+  // and sales made while the group was read show here.
+  std::vector<Aviso> resuelto, diferencias;
+  if (d->abierta == 2) {
+    TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
+    TARVO_INTENTAR(resolverBasesDe(db_, ajustes_, textos_, grupo, resuelto));
+    TARVO_INTENTAR(anotarCuadre(db_, ajustes_, textos_, grupo, diferencias));
+    TARVO_INTENTAR(tr.confirmar());
+    TARVO_TOMAR(const auto preguntada, hayDudas(db_, grupo));
+    if (preguntada) return PermisoCero{false, false, resuelto.back().texto};
+  }
   TARVO_TOMAR(const auto motivo, motivoDeLecturas(db_, textos_, grupo));
   if (!motivo.isEmpty()) return PermisoCero{false, false, motivo};
   TARVO_TOMAR(const auto cierre, d->valores.leer(u"CierreFallido"_s));
@@ -102,7 +113,7 @@ Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
     if (dentro->entero() > 0 && espera->entero() == 0)
       return PermisoCero{false, false, textos_(kTxSinMemorizar, {grupo})};
   }
-  return PermisoCero{true, d->reanuda && !d->leidosAhora.contains(grupo), {}};
+  return PermisoCero{true, d->reanuda && !d->leidosAhora.contains(grupo), {}, resuelto};
 }
 
 Resultado<> Sesion::anotarCierreFallido() {
@@ -135,8 +146,6 @@ Resultado<> Sesion::parteHecha(int grupo, int addr, int conjunto) {
   TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
   TARVO_INTENTAR(confirmarParte(db_, {grupo, addr, conjunto}, d->ejecucion,
                                 d->abierta > 0 ? d->aCero : reloj_.ahora(), sec));
-  TARVO_TOMAR(const auto esperan, clasesQueEsperan(db_, ajustes_, grupo, d->abierta));
-  TARVO_INTENTAR(olvidarParte(db_, {grupo, addr, conjunto}, esperan));
   return tr.confirmar();
 }
 
@@ -161,7 +170,9 @@ Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima) {
       u"EJECUCION=excluded.EJECUCION, "_s
       u"HECHO=excluded.HECHO, SEC_HECHO=excluded.SEC_HECHO"_s,
       grupo, addr, d->ejecucion, ahora, sec, ahora, sec));
-  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM CerosParte WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
+  for (const QString& tabla : {u"CerosParte"_s, u"CerosClase"_s})
+    TARVO_INTENTAR(db_.ejecutar(QString(u"DELETE FROM "_s + tabla + u" WHERE GRUPO=? AND ADDR=?"_s),
+                                grupo, addr));
   TARVO_TOMAR(const auto esperan, clasesQueEsperan(db_, ajustes_, grupo, d->abierta));
   if (ultima) {
     TARVO_INTENTAR(olvidarBase(db_, grupo, esperan));
@@ -195,7 +206,8 @@ Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
   }
   const qint64 con = base->CON, imp = base->IMP, pes = base->PES;
   if (leido.CON == con && leido.IMP == imp && leido.PES == pes) return Comparacion::Igual;
-  if (leido.CON < con || (leido.CON == 0 && leido.IMP == 0)) return Comparacion::Cero;
+  // A piece brought back may lower the count; it doesn't halve it.
+  if (2 * leido.CON < con || (leido.CON == 0 && leido.IMP == 0)) return Comparacion::Cero;
   return Comparacion::Mas;
 }
 

@@ -14,11 +14,14 @@ struct Sesion::Estado {
   struct Foto {
     int abierta;
     Fecha hasta, aCero;
+    qint64 de;
   };
 
   explicit Estado(dao::Database& base) : db(base), valores(base) {}
-  Foto foto() const { return {abierta, hasta, aCero}; }
-  void volver(const Foto& f) { abierta = f.abierta, hasta = f.hasta, aCero = f.aCero; }
+  Foto foto() const { return {abierta, hasta, aCero, de}; }
+  void volver(const Foto& f) { abierta = f.abierta, hasta = f.hasta, aCero = f.aCero, de = f.de; }
+  // A session that an earlier run left open: what is read from now on ends now.
+  void renovar(Fecha ahora);
 
   // Notes the state of a reading, keeping what is known of earlier ones.
   Resultado<> anotarLectura(int grupo, int clase, Lectura estado, Fecha ahora);
@@ -27,7 +30,7 @@ struct Sesion::Estado {
   EstadoBase valores;
   int abierta = 0;
   Fecha hasta, aCero;
-  qint64 ejecucion = 0;
+  qint64 ejecucion = 0, de = 0;  // the present run, and the one whose moment `hasta` is
   bool reanuda = false;
   std::set<int> leidosAhora;  // groups read since this process started the run
 };

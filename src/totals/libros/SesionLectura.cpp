@@ -1,5 +1,6 @@
 // Storing what a task read: one transaction for the rows, the marks and the record of the reading.
 #include "totals/TextosTotals.h"
+#include "totals/libros/Dudas.h"
 #include "totals/libros/Partes.h"
 #include "totals/libros/SesionInterior.h"
 
@@ -64,16 +65,18 @@ Resultado<> escribirPorMaquina(Database& db, int grupo, int numero, const Lectur
   return {};
 }
 
-// The inbox holds a reading of the open session that no period has yet. When a counter of it went
-// down, the machine has forgotten it: that reading is all there is of those sales.
+// The inbox holds a reading that no period has yet: of the open session, or one that waits for a
+// person's answer. When a counter of it went down, the machine may have forgotten it: that reading
+// is all there is of those sales.
 Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
-                              const Lectura::Filas& nuevas, bool entera) {
+                              const Lectura::Filas& nuevas, bool entera, bool abierta) {
   TARVO_TOMAR(const auto viva,
               db.uno(QString(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND "_s +
                              texto16(c.sesion) +
                              u" AND GRUPO=CODGPO AND CLASE=? AND (LINK IS NULL OR APARTE=1)"_s),
                      grupo, c.numero));
-  if (viva.entero() == 0) return false;
+  TARVO_TOMAR(const auto espera, hayDudas(db, grupo));
+  if ((!abierta || viva.entero() == 0) && !espera) return false;
   TARVO_TOMAR(
       auto rs,
       db.consultar(QString(u"SELECT CODI, CON"_s + QString(c.conHora ? u", HORA"_s : u", 0"_s) +
@@ -138,11 +141,11 @@ Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
 
   const auto guardar = [&]() -> Resultado<> {
-    if (d->abierta > 0) {
-      TARVO_TOMAR(const auto pisa, pisariaVentas(db_, *c, grupo, suma, lectura.entera));
-      if (pisa) return fallo(Fallo::Restriccion, textos_(kTxMemoriceAntes, {grupo}));
-    }
-    TARVO_INTENTAR(AbrirSesion());
+    TARVO_TOMAR(const auto pisa,
+                pisariaVentas(db_, *c, grupo, suma, lectura.entera, d->abierta > 0));
+    if (pisa) return fallo(Fallo::Restriccion, textos_(kTxMemoriceAntes, {grupo}));
+    TARVO_TOMAR(const auto abierta, AbrirSesion());
+    if (!abierta) d->renovar(reloj_.ahora());
     TARVO_INTENTAR(apartarBase(db_, grupo, numero));
     TARVO_INTENTAR(escribirBandeja(db_, *c, grupo, suma));
     TARVO_INTENTAR(escribirPorMaquina(db_, grupo, numero, lectura));

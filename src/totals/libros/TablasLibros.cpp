@@ -36,13 +36,30 @@ CREATE TABLE IF NOT EXISTS Origenes (
 CREATE INDEX IF NOT EXISTS Origenes_Link ON Origenes (LINK, GRUPO, CLASE);
 )";
 
+// Each kind of a register that is half zeroed by itself, and machines in doubt. An earlier version
+// took the articles for what the first frame clears, the grand total and the departments for the
+// second's.
+constexpr QStringView kGuionDudas =
+    uR"(
+CREATE TABLE IF NOT EXISTS CerosClase (
+  GRUPO INTEGER NOT NULL, ADDR INTEGER NOT NULL, CLASE INTEGER NOT NULL, DUDA INTEGER DEFAULT 0, QUITADO INTEGER DEFAULT 0,
+  PRIMARY KEY (GRUPO, ADDR, CLASE));
+CREATE TABLE IF NOT EXISTS Dudas (
+  GRUPO INTEGER NOT NULL, ADDR INTEGER NOT NULL, CLASES TEXT, RESPUESTA INTEGER, PRIMARY KEY (GRUPO, ADDR));
+INSERT OR IGNORE INTO CerosClase (GRUPO, ADDR, CLASE, DUDA, QUITADO)
+  SELECT p.GRUPO, p.ADDR, l.CLASE, h.CONJUNTO IS NULL, CASE WHEN h.CONJUNTO IS NULL THEN 0 ELSE h.QUITADO END
+  FROM CerosParte p JOIN Lecturas l ON l.GRUPO=p.GRUPO LEFT JOIN CerosParte h ON h.GRUPO=p.GRUPO AND h.ADDR=p.ADDR
+    AND h.SEC_HECHO>0 AND h.CONJUNTO=CASE l.CLASE WHEN 16 THEN 1 WHEN 17 THEN 2 WHEN 19 THEN 2 ELSE 3 END;
+)";
+
 }  // namespace
 
 dao::TablasDeSala tablasLibros() {
   return {.sala = QStringLiteral("libros"),
           .pasos = {{1, kGuionLibros.toString()},
                     dao::columna(2, QStringLiteral("Lecturas"), QStringLiteral("AJUSTE"),
-                                 QStringLiteral("INTEGER DEFAULT 0"))},
+                                 QStringLiteral("INTEGER DEFAULT 0")),
+                    {3, kGuionDudas.toString()}},
           .copias = {{QStringLiteral("BaseFilas"), QStringLiteral("LectFilas")}}};
 }
 

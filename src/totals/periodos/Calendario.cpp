@@ -111,6 +111,17 @@ std::optional<Fecha> Calendario::IntervaloDominante(int tipo, Fecha desde, Fecha
   return inicio;
 }
 
+int Calendario::Jornadas(Fecha desde, Fecha hasta, const std::optional<Horario>& horario) const {
+  int n = 0;
+  bool antesDentro = false;
+  for (int k = 1; antes((desde + k / 48.0).dias(), hasta.dias()); ++k) {
+    const bool dentro = EnHorario(desde + k / 48.0, horario);
+    n += dentro && !antesDentro;
+    antesDentro = dentro;
+  }
+  return n;
+}
+
 Periodo Calendario::DeterminarPeriodo(Fecha desde, Fecha hasta,
                                       const std::optional<Horario>& horario) const {
   for (int tipo = kDiario; tipo <= kAnual; ++tipo)

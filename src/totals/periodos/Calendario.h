@@ -48,6 +48,8 @@ class Calendario {
   // one.
   std::optional<Fecha> IntervaloDominante(int tipo, Fecha desde, Fecha hasta,
                                           const std::optional<Horario>& horario) const;
+  // How many stretches of working time the span holds, wholly or in part.
+  int Jornadas(Fecha desde, Fecha hasta, const std::optional<Horario>& horario) const;
   Periodo DeterminarPeriodo(Fecha desde, Fecha hasta, const std::optional<Horario>& horario) const;
 
  private:

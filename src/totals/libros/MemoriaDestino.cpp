@@ -1,0 +1,78 @@
+// Into which period a reading goes, and what becomes of one that somebody made by hand.
+#include <algorithm>
+
+#include "totals/TextosTotals.h"
+#include "totals/libros/Memoria.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+// Periods were added into this one: its rows are not of its own readings alone.
+Resultado<bool> Memoria::tieneAcumulados(const Columna& c) {
+  if (c.periodo.tipo < kSemanal || c.periodo.tipo > kAnual) return false;
+  TARVO_TOMAR(
+      const auto n,
+      db_.uno(u"SELECT count(*) FROM COLUMNA WHERE ACUM%1<>0 AND FECHA1>=? AND FECHAF<=?"_s.arg(
+                  c.periodo.tipo),
+              c.periodo.desde, c.periodo.hasta));
+  return n.entero() > 0;
+}
+
+// Does the period have rows of groups and kinds other than those that are about to be replaced?
+Resultado<bool> Memoria::tieneAjenas(qint64 link,
+                                     const std::map<int, std::vector<int>>& sustituidos) {
+  for (const ClaseTotal& c : enVigor(a_)) {
+    QStringList grupos;
+    if (const auto suyos = sustituidos.find(c.numero); suyos != sustituidos.end())
+      for (const int g : suyos->second) grupos << QString::number(g);
+    TARVO_TOMAR(const auto n,
+                db_.uno(QString(u"SELECT count(*) FROM "_s + QString::fromUtf16(c.tabla) +
+                                u" WHERE LINK=? AND GRUPO NOT IN ("_s + grupos.join(u',') + u")"_s),
+                        link));
+    if (n.entero() > 0) return true;
+  }
+  return false;
+}
+
+// A week, month or year that sums its days. One that lost them still has their sales.
+Resultado<bool> Memoria::soloSuma(const Columna& c) {
+  if (c.stkABLE || c.periodo.tipo < kSemanal || c.periodo.tipo > kAnual) return false;
+  TARVO_TOMAR(const auto acumulados, tieneAcumulados(c));
+  if (acumulados) return true;
+  return tieneAjenas(c.LINK, {});
+}
+
+// A period that only sums others takes no reading: its sales would be in no day, and out of no
+// stock. They get a period of their own dates.
+Resultado<std::optional<Columna>> Memoria::destinoDe(Periodo& destino,
+                                                     const std::vector<Recibido>& lecturas,
+                                                     std::vector<Aviso>& avisos) {
+  auto existe = p_.BuscarPeriodo(destino.tipo, destino.desde, destino.hasta);
+  if (!existe || !*existe) return existe;
+  TARVO_TOMAR(const auto suma, soloSuma(**existe));
+  if (!suma) return existe;
+  const QString queSuma = TextoPeriodo(destino);
+  destino.tipo = kOtros;
+  destino.desde = std::ranges::min(lecturas, {}, &Recibido::desde).desde;
+  destino.hasta = std::ranges::max(lecturas, {}, &Recibido::hasta).hasta;
+  avisos.push_back({0, p_.textos()(kTxPeriodoSoloSuma, {queSuma, TextoPeriodo(destino)}), false});
+  return p_.BuscarPeriodo(destino.tipo, destino.desde, destino.hasta);
+}
+
+// A period that was made by hand leaves the stock alone. With nothing in it but what was read it is
+// one like any other; where it keeps rows that may be off the stock by another way, it stays what
+// it was.
+Resultado<> Memoria::hacerDescontable(const Columna& antes, qint64 link, bool conAjenas,
+                                      const std::vector<Recibido>& lecturas,
+                                      std::vector<Aviso>& avisos) {
+  if (antes.stkABLE) return {};
+  const bool descontable = !conAjenas;
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE COLUMNA SET stkABLE=? WHERE LINK=?"_s, descontable, link));
+  if (!descontable)
+    avisos.push_back({lecturas.front().CODGPO,
+                      p_.textos()(kTxPeriodoAMano, {TextoPeriodo(antes.periodo)}), false});
+  return {};
+}
+
+}  // namespace tarvo::totals

@@ -1,0 +1,266 @@
+// Machines of which a count went down, or may have: what the books take for sure, and what they
+// leave to a person. Nothing is lost or counted twice either way.
+#include <gtest/gtest.h>
+
+#include "libros/Tienda.h"
+#include "totals/libros/Grupos.h"
+
+namespace tarvo::prueba {
+
+using totals::kDepartamentos, totals::kGranTotal, totals::kPLUs;
+
+namespace {
+
+constexpr qint64 kUnDia = 24 * 3600 * 1000LL;
+
+struct Cuenta {
+  int articulo;
+  int piezas;
+};
+
+class DudasTest : public testing::Test {
+ protected:
+  DudasTest() : t(Fecha::de(QDate(2026, 11, 23), QTime(21, 0))) {
+    t.grupo(1);
+    t.leer(1);
+    t.memorizar();
+    EXPECT_TRUE(t.ponerACero(1));
+  }
+  MaquinaContable& m() { return t.grupos.at(1).begin()->second; }
+  // A day of sales and returns, each of its own piece.
+  void vender(const std::vector<Cuenta>& ventas, bool bajaCuenta = true) {
+    t.reloj.avanzar(kUnDia);
+    t.sesion().ponerEjecucion(++t.ejecucion, false);
+    t.avisos.clear();
+    for (const auto& [articulo, piezas] : ventas)
+      for (int n = 0; n < std::abs(piezas); ++n)
+        m().vender(articulo, piezas > 0 ? articulo * 10 : -articulo * 10, 0,
+                   piezas < 0 && bajaCuenta ? -1 : 1);
+  }
+  void noche(const std::vector<Cuenta>& ventas, bool bajaCuenta = true) {
+    vender(ventas, bajaCuenta);
+    t.leer(1);
+    t.memorizar();
+  }
+  void cuadra() {
+    for (const int clase : {kPLUs, kGranTotal, kDepartamentos})
+      EXPECT_TRUE(t.enPeriodos(1, clase) == t.vendido(1))
+          << clase << ": " << t.enPeriodos(1, clase).IMP << " y no " << t.vendido(1).IMP << "; "
+          << t.enPeriodos(1, clase).CON << " y no " << t.vendido(1).CON << "\n"
+          << t.textoAvisos().toStdString();
+  }
+  bool preguntado() const { return t.textoAvisos().contains(u"--puesta-a-cero"); }
+  Tienda t;
+};
+
+const std::vector<Cuenta> kLunes{{11, 3}, {12, 2}, {13, 4}, {14, 1}, {15, 2}};
+
+}  // namespace
+
+// What each day says of the one before, with an order to forget that nobody confirmed or without.
+TEST_F(DudasTest, UnaCuentaQueBajaNoPruebaNada) {
+  struct Caso {
+    const char* que;
+    bool orden, obedecida;
+    std::vector<Cuenta> martes;
+    bool pregunta;
+  };
+  const Caso casos[] = {
+      {"una pieza devuelta, lo demás quieto", false, false, {{16, 2}, {11, -1}}, false},
+      {"lo mismo tras una orden que nadie oyó", true, false, {{16, 2}, {11, -1}}, false},
+      {"día sin ventas", true, false, {}, false},
+      {"sólo una devolución", true, false, {{13, -1}}, false},
+      {"se vendió otra vez de todo, y una vuelve",
+       true,
+       false,
+       {{11, -1}, {12, 1}, {13, 1}, {14, 1}, {15, 1}},
+       true},
+      {"se vendió más de todo", true, false, {{11, 1}, {12, 1}, {13, 1}, {14, 1}, {15, 1}}, true},
+      {"orden obedecida y un día flojo", true, true, {{12, 1}, {16, 1}}, false},
+      {"orden obedecida y un día mayor", true, true, {{12, 1}, {16, 30}}, true},
+      {"borrada a mano y un día flojo", false, true, {{12, 1}, {16, 1}}, false},
+      {"borrada a mano y un día mayor", false, true, {{12, 1}, {16, 30}}, true},
+      {"borrada y lo mismo otra vez, más",
+       true,
+       true,
+       {{11, 4}, {12, 3}, {13, 5}, {14, 2}, {15, 3}},
+       true},
+  };
+  for (const Caso& c : casos) {
+    SCOPED_TRACE(c.que);
+    noche(kLunes);
+    if (c.orden) EXPECT_TRUE(t.ponerACero(1, c.obedecida, false));
+    if (!c.orden && c.obedecida) m().ponerACero();
+    t.cortar();
+    noche(c.martes);
+    EXPECT_EQ(preguntado(), c.pregunta) << t.textoAvisos().toStdString();
+    if (c.pregunta) {
+      EXPECT_FALSE(t.ponerACero(1));
+      EXPECT_EQ(t.responder(1, 0, c.obedecida).size(), 1U);
+    }
+    cuadra();
+    EXPECT_TRUE(t.ponerACero(1));
+  }
+}
+
+// A count that goes up with a return is no less a return.
+TEST_F(DudasTest, LaDevolucionQueSumaCuentaTampoco) {
+  noche(kLunes);
+  EXPECT_TRUE(t.ponerACero(1, false, false));
+  noche({{16, 2}, {11, -1}}, false);
+  EXPECT_FALSE(preguntado());
+  cuadra();
+}
+
+// One article, one piece: a day on which nothing at all moved is no question.
+TEST_F(DudasTest, UnDiaCerradoNoPreguntaNada) {
+  noche({{11, 1}});
+  EXPECT_TRUE(t.ponerACero(1, false, false));
+  noche({});
+  EXPECT_FALSE(preguntado()) << t.textoAvisos().toStdString();
+  cuadra();
+  EXPECT_TRUE(t.ponerACero(1));
+}
+
+TEST_F(DudasTest, LaDudaEsperaCuantasNochesHagaFalta) {
+  noche({{11, 5}});
+  EXPECT_TRUE(t.ponerACero(1, false, false));
+  for (int n = 0; n < 3; ++n) {
+    noche({{11, n == 0 ? -1 : 1}, {12, 1}});
+    EXPECT_TRUE(preguntado());
+    EXPECT_FALSE(t.ponerACero(1));
+    t.cortar();
+  }
+  EXPECT_EQ(t.responder(1, 0, false).size(), 1U);
+  cuadra();
+  EXPECT_TRUE(t.ponerACero(1));
+  EXPECT_FALSE(t.cierre().responder(1, 0, true, t.avisos).has_value());  // nobody asks any more
+  noche({{11, 1}});
+  cuadra();
+}
+
+// The next order goes before the memorisation: it must not cover up the one that nobody confirmed.
+TEST_F(DudasTest, UnCeroAntesDeMemorizarNoTapaAlAnterior) {
+  noche({{11, 2}});
+  EXPECT_TRUE(t.ponerACero(1, true, false));
+  vender({{11, 5}});
+  t.leer(1);
+  const auto permiso = t.sesion().permisoCero(1);
+  EXPECT_FALSE(permiso->permitido);
+  EXPECT_TRUE(permiso->motivo.contains(u"--puesta-a-cero 1")) << permiso->motivo.toStdString();
+  t.memorizar();
+  EXPECT_EQ(t.responder(1, 0, true).size(), 1U);
+  cuadra();
+  EXPECT_TRUE(t.ponerACero(1));
+  noche({{11, 5}});
+  EXPECT_TRUE(t.ponerACero(1, true, false));
+  vender({{11, 1}});
+  t.leer(1);
+  ASSERT_TRUE(t.ponerACero(1));
+  t.memorizar();
+  cuadra();
+}
+
+// Whoever clears the machine in place of answering loses nothing: what was read of it stays.
+TEST_F(DudasTest, QuienLaBorraAManoEnPlenaDudaNoPierdeNada) {
+  noche({{11, 5}});
+  EXPECT_TRUE(t.ponerACero(1, false, false));
+  noche({{11, -1}, {12, 1}});
+  EXPECT_TRUE(preguntado());
+  m().ponerACero();
+  t.reloj.avanzar(kUnDia);
+  t.sesion().ponerEjecucion(++t.ejecucion, false);
+  m().vender(12, 200, 0);
+  const totals::Lectura lectura{{{0, {{{12, 0}, {1, 0, 200, 0}}}}}};
+  EXPECT_FALSE(t.sesion().guardarLectura(1, kPLUs, lectura, t.avisos).has_value());
+  EXPECT_EQ(t.responder(1, 0, false).size(), 1U);
+  t.avisos.clear();
+  t.leer(1);
+  t.memorizar();
+  EXPECT_TRUE(t.textoAvisos().contains(u"se da por puesto a cero"));
+  cuadra();
+}
+
+// Records that were lost look like a zeroing; sums that agree tell which kinds to believe.
+TEST_F(DudasTest, UnaLecturaConRegistrosDeMenosNoEsUnaPuestaACero) {
+  for (const bool todas : {false, true}) {
+    SCOPED_TRACE(todas);
+    noche(kLunes);
+    vender({{16, 1}});
+    t.leerSin(1, kPLUs, {11, 12, 13, 14});
+    t.leerSin(1, kGranTotal, todas ? std::set<qint64>{11, 12} : std::set<qint64>{});
+    t.leerSin(1, kDepartamentos, todas ? std::set<qint64>{13} : std::set<qint64>{});
+    t.memorizar();
+    EXPECT_FALSE(t.textoAvisos().contains(u"se da por puesto a cero"));
+    EXPECT_TRUE(t.textoAvisos().contains(todas ? u"no cuadran entre sí" : u"no cuadra con"))
+        << t.textoAvisos().toStdString();
+    EXPECT_FALSE(t.ponerACero(1));
+    noche({{17, 1}});
+    cuadra();
+    EXPECT_TRUE(t.ponerACero(1));
+  }
+}
+
+// The record of the grand total is lost, and the rest foots with itself.
+TEST_F(DudasTest, UnGranTotalQueNoVieneSeDice) {
+  vender(kLunes);
+  t.leerSolo(1, kPLUs);
+  t.leerSin(1, kGranTotal, {11, 12, 13, 14, 15});
+  t.memorizar();
+  EXPECT_TRUE(t.textoAvisos().contains(u"el Gran Total (0,00) no cuadra"))
+      << t.textoAvisos().toStdString();
+  EXPECT_FALSE(t.ponerACero(1));
+}
+
+TEST_F(DudasTest, ElMismoNumeroDeVentasConOtroImporteNoEsIgual) {
+  vender(kLunes);
+  t.leer(1);
+  using C = totals::Sesion::Comparacion;
+  const totals::Contadores leido = t.vendido(1);
+  const struct {
+    totals::Contadores ahora;
+    C es;
+  } casos[] = {{leido, C::Igual},          {{12, 0, 1500, 0}, C::Mas},
+               {{12, 5, 1530, 0}, C::Mas}, {{13, 0, 1530, 0}, C::Mas},
+               {{11, 0, 1400, 0}, C::Mas},  // a piece came back
+               {{5, 0, 600, 0}, C::Cero},  {{}, C::Cero}};
+  for (const auto& c : casos)
+    EXPECT_EQ(*t.sesion().compararGranTotal(1, 0, c.ahora), c.es) << c.ahora.IMP;
+}
+
+// A group goes: whoever gets its code begins with nothing.
+TEST_F(DudasTest, UnGrupoBorradoNoDejaNadaAlQueLleveSuCodigo) {
+  t.grupo(2, {1, 2}, 3);
+  noche(kLunes);
+  for (const int n : {10, 11}) t.grupos.at(2).at(1).vender(n, 100, 0);
+  t.leer(2);
+  t.memorizar();
+  ASSERT_TRUE(t.sesion().anunciarCero(2, 1, 1).has_value());
+  t.leer(2);
+  const auto filas = [&](int grupo) {
+    qint64 n = 0;
+    for (const char16_t* tabla : {u"Lecturas", u"LectFilas", u"BaseFilas", u"Ceros", u"CerosParte",
+                                  u"CerosClase", u"TOTPLU"})
+      n += t.db()
+               .uno(QString(QStringLiteral("SELECT count(*) FROM ") + QString::fromUtf16(tabla) +
+                            QStringLiteral(" WHERE GRUPO=?") +
+                            (tabla == QStringLiteral("TOTPLU") ? QStringLiteral(" AND LINK=0")
+                                                               : QString())),
+                    grupo)
+               ->entero();
+    return n;
+  };
+  const qint64 delOtro = filas(1);
+  EXPECT_GT(filas(2), 10);
+  ASSERT_TRUE(totals::olvidarGrupo(t.db(), 2).has_value());
+  EXPECT_EQ(filas(2), 0);
+  EXPECT_EQ(filas(1), delOtro);
+  for (auto& [addr, caja] : t.grupos.at(2)) caja = {};
+  t.grupos.at(2).at(1).vender(10, 50, 0);
+  t.leer(2);
+  t.memorizar();
+  EXPECT_TRUE(t.textoAvisos().isEmpty() || !t.textoAvisos().contains(u"Grupo 2: sus contadores"));
+  EXPECT_EQ(t.enPeriodos(2, kPLUs).IMP, 250);  // what the former one had stays in its periods
+}
+
+}  // namespace tarvo::prueba

@@ -1,0 +1,278 @@
+// Into which period a reading goes, and what becomes of the week and the stock.
+#include <gtest/gtest.h>
+
+#include "libros/Tienda.h"
+
+namespace tarvo::prueba {
+
+using totals::kDiario, totals::kOtros, totals::kSemanal;
+using totals::kPLUs;
+
+namespace {
+
+constexpr qint64 kUnDia = 24 * 3600 * 1000LL;
+
+class PeriodosLibrosTest : public testing::Test {
+ protected:
+  PeriodosLibrosTest() : t(Fecha::de(QDate(2026, 11, 20), QTime(21, 0))) {  // a Friday
+    t.grupo(1);
+    t.grupo(2);
+    for (const int g : {1, 2}) t.leer(g);
+    t.memorizar();
+    for (const int g : {1, 2}) EXPECT_TRUE(t.ponerACero(g));
+  }
+  void dia(qint64 importe = 500) {
+    t.reloj.avanzar(kUnDia);
+    t.sesion().ponerEjecucion(++t.ejecucion, false);
+    t.avisos.clear();
+    for (const int g : {1, 2}) t.grupos.at(g).at(0).vender(11, importe, 0);
+  }
+  void leerTodo() {
+    for (const int g : {1, 2}) t.leer(g);
+  }
+  totals::Columna columna(qint64 link) { return **t.periodos().columna(link); }
+  Fecha hoy() const { return t.reloj.ahora(); }
+  qint64 crear(int tipo, Fecha desde, Fecha hasta) {
+    return *t.periodos().CrearPeriodo(tipo, desde, hasta, false, QStringLiteral("a mano"));
+  }
+  qint64 semana() { return t.db().uno(u"SELECT LINK FROM COLUMNA WHERE TIPO=2")->entero(); }
+  Tienda t;
+};
+
+}  // namespace
+
+// A collection that was cut off on Sunday, with a part of it read, and forgotten until Monday
+// night.
+TEST_F(PeriodosLibrosTest, LoQueSeLeeDeNuevoTerminaCuandoSeLee) {
+  dia();
+  leerTodo();
+  t.memorizar();
+  for (const int g : {1, 2}) EXPECT_TRUE(t.ponerACero(g));
+  dia();
+  t.leer(1);
+  t.cortar();
+  dia();
+  leerTodo();
+  const auto links = t.memorizar();
+  ASSERT_EQ(links.size(), 1U);
+  const auto p = columna(links[0]).periodo;
+  EXPECT_EQ(p.tipo, kOtros);
+  EXPECT_EQ(p.desde.qdate(), QDate(2026, 11, 21));
+  EXPECT_EQ(p.hasta, hoy());
+  EXPECT_TRUE(t.textoAvisos().contains(u"son de 2 días")) << t.textoAvisos().toStdString();
+  for (const int g : {1, 2}) EXPECT_TRUE(t.ponerACero(g));
+  dia();
+  leerTodo();
+  const auto martes = columna(t.memorizar().at(0)).periodo;
+  EXPECT_EQ(martes.tipo, kDiario);
+  EXPECT_EQ(martes.desde.qdate(), QDate(2026, 11, 24));
+}
+
+// One machine was out of reach yesterday; the others make the day.
+TEST_F(PeriodosLibrosTest, DosDiasEnUnoSeDicen) {
+  t.grupo(3);
+  t.grupos[3][0].vender(11, 100, 0);
+  dia();
+  t.leer(1);
+  t.memorizar();
+  EXPECT_TRUE(t.ponerACero(1));
+  ASSERT_TRUE(
+      t.db()
+          .ejecutar(
+              u"INSERT INTO Sesiones (CODGPO, PZERO) SELECT 3, PZERO FROM Sesiones WHERE CODGPO=1")
+          .has_value());
+  dia();
+  for (const int g : {1, 2, 3}) t.leer(g);
+  const auto links = t.memorizar();
+  EXPECT_EQ(columna(links.at(0)).periodo.tipo, kDiario);
+  EXPECT_TRUE(t.textoAvisos().contains(u"Grupo 2: sus totales son de 2 días"));
+  EXPECT_FALSE(t.textoAvisos().contains(u"Grupo 1: sus totales son"));
+  EXPECT_EQ(std::ranges::count_if(t.avisos, &totals::Aviso::grave), 1);
+}
+
+// The readings of one collection end together, however long it lasts; a session that nobody closed
+// ends anew.
+TEST_F(PeriodosLibrosTest, LasLecturasDeUnaRecogidaTerminanALaVez) {
+  struct Caso {
+    qint64 minutos;
+    bool otra, suelta, juntas;
+  };
+  for (const Caso& c :
+       {Caso{120, false, false, true}, Caso{10, true, false, false}, Caso{30, false, true, true},
+        Caso{90, false, true, false}, Caso{13 * 60, false, false, false}}) {
+    SCOPED_TRACE(c.minutos);
+    dia();
+    if (c.suelta) t.sesion().ponerEjecucion(t.ejecucion = 0, false);
+    t.leer(1);
+    t.reloj.avanzar(c.minutos * 60'000);
+    if (c.otra) t.sesion().ponerEjecucion(++t.ejecucion, false);
+    t.leer(2);
+    EXPECT_EQ(t.db().uno(u"SELECT count(DISTINCT HT_PLU) FROM Sesiones")->entero(),
+              c.juntas ? 1 : 2);
+    t.memorizar();
+    for (const int g : {1, 2}) EXPECT_TRUE(t.ponerACero(g));
+    t.reloj.avanzar((24 * 60 - c.minutos) * 60'000);
+    t.ejecucion += 10;
+  }
+}
+
+// A period that somebody made by hand takes what is read of its days.
+TEST_F(PeriodosLibrosTest, UnPeriodoHechoAManoRecibeLaLectura) {
+  struct Caso {
+    int tipo;
+    bool sustituir, conFilas, recibe, descontable;
+    const char16_t* dicho;
+  };
+  const Caso casos[] = {
+      {kDiario, true, false, true, true, nullptr},
+      {kDiario, true, true, true, false, u"se hizo a mano y no se descuenta"},
+      {kDiario, false, false, true, true, nullptr},
+      {kOtros, true, false, true, true, nullptr},
+      {kOtros, false, true, true, false, u"se hizo a mano"},
+      {kSemanal, true, false, true, true, nullptr},
+      {kSemanal, true, true, false, false, u"sólo suma otros"},
+  };
+  for (const Caso& c : casos) {
+    SCOPED_TRACE(testing::Message() << c.tipo << c.sustituir << c.conFilas);
+    Tienda otra(Fecha::de(QDate(2026, 11, 29), QTime(21, 0)));  // a Sunday
+    otra.grupo(1);
+    otra.leer(1);
+    otra.memorizar();
+    EXPECT_TRUE(otra.ponerACero(1));
+    const Fecha cero = otra.reloj.ahora();
+    otra.reloj.avanzar(c.tipo == kSemanal ? 5 * kUnDia : c.tipo == kOtros ? kUnDia * 2 : kUnDia);
+    otra.grupos.at(1).at(0).vender(11, 500, 0);
+    const Fecha fin = otra.reloj.ahora();
+    const Fecha dentro = fin - 0.5;
+    const qint64 link = *otra.periodos().CrearPeriodo(c.tipo, c.tipo == kOtros ? cero : dentro,
+                                                      c.tipo == kOtros ? fin : dentro, false, {});
+    if (c.conFilas)
+      ASSERT_TRUE(otra.db()
+                      .ejecutar(u"INSERT INTO TOTPLU (LINK, GRUPO, CODI, CON, PES, IMP, SCO) "
+                                u"VALUES (?, 9, 11, 1, 0, 70, 0)",
+                                link)
+                      .has_value());
+    otra.avisos.clear();
+    otra.leer(1);
+    const auto links = otra.memorizar(c.sustituir);
+    ASSERT_EQ(links.size(), 1U);
+    EXPECT_EQ(links[0] == link, c.recibe) << otra.textoAvisos().toStdString();
+    EXPECT_EQ(otra.enPeriodo(links[0], kPLUs), c.recibe && c.conFilas ? 570 : 500);
+    EXPECT_EQ((*otra.periodos().columna(link))->stkABLE, c.descontable);
+    EXPECT_TRUE(c.dicho ? otra.textoAvisos().contains(QString::fromUtf16(c.dicho))
+                        : !otra.textoAvisos().contains(u"a mano"))
+        << otra.textoAvisos().toStdString();
+  }
+}
+
+// A day of which nobody knows where its rows came from: replaced by as many sales or more.
+TEST_F(PeriodosLibrosTest, LoDeOrigenDesconocidoSeSustituyeSiNoSonMenos) {
+  struct Caso {
+    bool sustituir;
+    int antes, ahora;
+    bool sustituye;
+  };
+  for (const Caso& c : {Caso{true, 1, 1, true}, Caso{true, 1, 2, true}, Caso{true, 2, 1, false},
+                        Caso{false, 1, 1, false}}) {
+    SCOPED_TRACE(testing::Message() << c.sustituir << c.antes << c.ahora);
+    dia();
+    for (int n = 1; n < c.ahora; ++n) t.grupos.at(1).at(0).vender(11, 500, 0);
+    const qint64 link = *t.periodos().CrearPeriodo(kDiario, hoy(), hoy(), true, {});
+    ASSERT_TRUE(t.db()
+                    .ejecutar(u"INSERT INTO TOTPLU (LINK, GRUPO, CODI, CON, PES, IMP, SCO) "
+                              u"VALUES (?, 1, 11, ?, 0, 70, 0)",
+                              link, c.antes)
+                    .has_value());
+    t.leerSolo(1, kPLUs);
+    const auto links = t.memorizar(c.sustituir);
+    EXPECT_EQ(t.enPeriodo(links.at(0), kPLUs), 500 * c.ahora + (c.sustituye ? 0 : 70));
+    EXPECT_TRUE(t.ponerACero(1));
+    for (auto& [addr, m] : t.grupos.at(2)) m.ponerACero();
+  }
+}
+
+// What is added to a day goes into its week and out of stock at once.
+TEST_F(PeriodosLibrosTest, LaSemanaYElStockSiguenALoQueSeSumaAUnDia) {
+  ASSERT_TRUE(
+      t.db()
+          .ejecutarGuion(
+              u"INSERT OR IGNORE INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'A');\n"
+              u"UPDATE GRUPOS SET ALMACEN=1;\n"
+              u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, CADA) VALUES (1, 11, 'A', 2);\n")
+          .has_value());
+  dia();
+  leerTodo();
+  const auto link = t.memorizar();
+  ASSERT_TRUE(*t.verTot().SelecHnd(link[0]));
+  ASSERT_TRUE(*t.verTot().AcumularEn(kSemanal));
+  ASSERT_TRUE(*t.periodos().DescontarPeriodo(columna(link[0]), 1));
+  const auto vendidas = [&] { return t.db().uno(u"SELECT SUM(Venta) FROM MovsAlm")->entero(); };
+  EXPECT_EQ(vendidas(), 2);
+  t.grupos.at(1).at(0).vender(11, 450, 0);
+  t.leer(1);
+  EXPECT_EQ(t.memorizar(false), link);
+  EXPECT_EQ(t.enPeriodo(semana(), kPLUs), t.enPeriodo(link[0], kPLUs));
+  EXPECT_EQ(vendidas(), 3);
+}
+
+// Only the stock has a day that is replaced: it leaves it once.
+TEST_F(PeriodosLibrosTest, UnDiaSoloDescontadoQueSeSustituyeSaleDelStockUnaVez) {
+  ASSERT_TRUE(
+      t.db()
+          .ejecutarGuion(
+              u"INSERT OR IGNORE INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'A');\n"
+              u"UPDATE GRUPOS SET ALMACEN=1;\n"
+              u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, CADA) VALUES (1, 11, 'A', 2);\n")
+          .has_value());
+  dia();
+  const qint64 link = *t.periodos().CrearPeriodo(kDiario, hoy(), hoy(), true, {});
+  ASSERT_TRUE(t.db()
+                  .ejecutar(u"INSERT INTO TOTPLU (LINK, GRUPO, CODI, CON, PES, IMP, SCO) VALUES "
+                            u"(?, 1, 11, 1, 0, 70, 0)",
+                            link)
+                  .has_value());
+  ASSERT_TRUE(*t.periodos().DescontarPeriodo(columna(link), 1));
+  leerTodo();
+  const auto links = t.memorizar();
+  EXPECT_EQ(columna(links.at(0)).stkADO, 0);
+  ASSERT_TRUE(*t.periodos().DescontarPeriodo(columna(links[0]), 1));
+  EXPECT_EQ(t.db().uno(u"SELECT SUM(Venta) FROM MovsAlm")->entero(), 2);
+}
+
+// Each group and kind in its own period: what a machine that was not zeroed has sold since belongs
+// to the day on which it sold it.
+TEST_F(PeriodosLibrosTest, LaDiferenciaVaASuPropioDia) {
+  for (const qint64 importe : {500, 300, 200}) {
+    dia(importe);
+    leerTodo();
+    const auto links = t.memorizar(true, false);
+    ASSERT_FALSE(links.empty());
+    for (const qint64 l : links) {
+      EXPECT_EQ(columna(l).periodo.desde.qdate(), hoy().qdate());
+      EXPECT_EQ(t.enPeriodo(l, kPLUs), 2 * importe);
+    }
+    EXPECT_TRUE(t.ponerACero(2));
+  }
+}
+
+// The disk is full at the very end: nothing of the memorisation stands, the session in memory
+// neither.
+TEST_F(PeriodosLibrosTest, SiSoloFallaLaConfirmacionNadaSeHaMemorizado) {
+  dia();
+  leerTodo();
+  ASSERT_TRUE(
+      t.db()
+          .ejecutarGuion(
+              u"CREATE TABLE Lleno (X INTEGER REFERENCES SECCS (NMSECC) DEFERRABLE INITIALLY "
+              u"DEFERRED);\nCREATE TRIGGER lleno AFTER INSERT ON COLUMNA BEGIN INSERT INTO "
+              u"Lleno VALUES (77777); END;\n")
+          .has_value());
+  EXPECT_FALSE(t.cierre().LaSesion(true, 0, t.avisos).has_value());
+  EXPECT_EQ(t.sesion().estado(), 2);
+  EXPECT_FALSE(t.ponerACero(1));
+  ASSERT_TRUE(t.db().ejecutarGuion(u"DROP TRIGGER lleno;\n").has_value());
+  t.memorizar();
+  for (const int g : {1, 2}) EXPECT_TRUE(t.enPeriodos(g, kPLUs) == t.vendido(g));
+}
+
+}  // namespace tarvo::prueba
