@@ -9,6 +9,7 @@
 #include <QTcpSocket>
 #include <QThread>
 #include <atomic>
+#include <functional>
 #include <memory>
 
 #include "Comun.h"
@@ -17,11 +18,15 @@
 
 namespace tarvo::banco {
 
-// A thread that answers each frame, which it knows by its end sign, without looking into it.
+// A thread that answers each frame, which it knows by its end sign.
 class LadoLejano final : public QThread {
  public:
-  // `cuerpo`: of every answer.
-  explicit LadoLejano(QByteArray cuerpo) : cuerpo_(std::move(cuerpo)) {}
+  // The body of the answer to a frame.
+  using Responder = std::function<QByteArray(QByteArrayView trama)>;
+  explicit LadoLejano(Responder responder) : responder_(std::move(responder)) {}
+  // The same to every frame, without looking into it.
+  explicit LadoLejano(QByteArray cuerpo)
+      : LadoLejano([cuerpo = std::move(cuerpo)](QByteArrayView) { return cuerpo; }) {}
   ~LadoLejano() override {
     quit();
     wait();
@@ -48,12 +53,16 @@ class LadoLejano final : public QThread {
   void atender(QTcpSocket* s) const {
     s->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     auto turno = std::make_shared<int>(0);
-    QObject::connect(s, &QTcpSocket::readyRead, s, [s, turno, cuerpo = cuerpo_] {
-      if (s->readAll().contains(tramas::kETX))
-        s->write(tramas::kACK + tramas::construirVEK(++*turno % 2, cuerpo));
+    QObject::connect(s, &QTcpSocket::readyRead, s, [s, turno, this] {
+      const QByteArray bytes = s->readAll();
+      const qsizetype trama = bytes.indexOf(tramas::kSTX);
+      if (trama >= 0 && bytes.endsWith(tramas::kETX))
+        s->write(tramas::kACK + tramas::construirVEK(
+                                    ++*turno % 2, responder_(QByteArrayView(bytes).sliced(trama))));
     });
+    QObject::connect(s, &QTcpSocket::disconnected, s, &QObject::deleteLater);
   }
-  const QByteArray cuerpo_;
+  const Responder responder_;
   std::atomic<quint16> puerto_ = 0;
 };
 

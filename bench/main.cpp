@@ -1,6 +1,6 @@
 // tarvo-bench: with --razones the measurements beside their limits (status 1 when one falls short),
-// with --noche one night that prints its cost, with --exporta an export that does, with anything
-// else Google Benchmark.
+// with --noche or --noche-pared one night that prints its cost, with --exporta an export that does,
+// with anything else Google Benchmark.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -85,6 +85,9 @@ int main(int argc, char** argv) {
   if (argc > 2 && std::strcmp(argv[1], "--noche") == 0)
     return tarvo::banco::noche(std::atoi(argv[2]));
   if (argc > 1 && std::strcmp(argv[1], "--exporta") == 0) return tarvo::banco::exporta();
+  if (argc > 4 && std::strcmp(argv[1], "--noche-pared") == 0)
+    return tarvo::banco::nochePared(std::atoi(argv[2]), std::atoi(argv[3]),
+                                    std::strcmp(argv[4], "tcp") == 0);
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 64;
   benchmark::RunSpecifiedBenchmarks();

@@ -6,6 +6,7 @@
 
 #include "comm/maquinas/Articulo.h"
 #include "comm/maquinas/Caja.h"
+#include "comm/maquinas/Letras.h"
 #include "comm/maquinas/Nodal.h"
 #include "comm/maquinas/Vek.h"
 
@@ -26,21 +27,23 @@ void usar(const Leido<T>& r) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t tamano) {
   const QByteArrayView d(bytes, static_cast<qsizetype>(tamano));
-  usar(vek::leerArticulo(d));
-  usar(vek::leerGranTotal(d, 1));
-  usar(vek::leerGranTotal(d, 4));
-  usar(vek::leerOperador(d));
-  usar(vek::leerDepartamento(d));
-  usar(vek::leerOperadorHora(d));
-  usar(nodal::leerArticulos(d));
-  usar(nodal::leerGranTotal(d));
-  usar(nodal::leerOperadores(d));
-  usar(nodal::leerDepartamentos(d));
-  usar(nodal::leerOperadoresHoras(d));
-  usar(nodal::leerPedido(d));
-  usar(caja::leerArticulo(d));
-  usar(caja::leerGranTotal(d));
-  usar(caja::leerDepartamento(d));
+  for (const Rigor rigor : {Rigor::Estricto, Rigor::Tolerante}) {
+    usar(vek::leerArticulo(d, rigor));
+    usar(vek::leerGranTotal(d, 1, rigor));
+    usar(vek::leerGranTotal(d, 4, rigor));
+    usar(vek::leerOperador(d, rigor));
+    usar(vek::leerDepartamento(d, rigor));
+    usar(vek::leerOperadorHora(d, rigor));
+    usar(nodal::leerArticulos(d, rigor));
+    usar(nodal::leerGranTotal(d, rigor));
+    usar(nodal::leerOperadores(d, rigor));
+    usar(nodal::leerDepartamentos(d, rigor));
+    usar(nodal::leerOperadoresHoras(d, rigor));
+    usar(nodal::leerPedido(d, rigor));
+    usar(caja::leerArticulo(d, rigor));
+    usar(caja::leerGranTotal(d, rigor));
+    usar(caja::leerDepartamento(d, rigor));
+  }
   caja::finDeLista(caja::kArticulos, d);
   caja::finDeLista(caja::kTotales, d);
   const auto ficha = leerFicha(d);
@@ -50,10 +53,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t tamano) {
   mismosPrecios(d, d.first(std::min<qsizetype>(d.size(), 25)));
   // Whatever it says can be shown.
   for (int tipo = 1; tipo <= 4; ++tipo) exigir(textoDeBalanza(tipo, d).size() == d.size());
-  const auto lineas = vek::leerLineas(d);
-  usar(lineas);
-  // Whoever asks again must have got somewhere.
-  if (lineas) exigir(lineas->fin || !lineas->lineas.empty());
+  const QString texto = QString::fromUtf8(d);
+  for (int tipo = 1; tipo <= 4; ++tipo) exigir(escribirLetras(tipo, texto, 20).bytes.size() <= 20);
+  for (const Rigor rigor : {Rigor::Estricto, Rigor::Tolerante}) {
+    const auto lineas = vek::leerLineas(d, rigor);
+    usar(lineas);
+    // Whoever asks again must have got somewhere.
+    if (lineas) exigir(lineas->fin || !lineas->lineas.empty());
+  }
   for (int inicio = -1; inicio < 4; ++inicio)
     CampoNumerico(d, inicio, static_cast<int>(tamano) - inicio);
   return 0;

@@ -1,16 +1,23 @@
 #include "app/Aplicacion.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
 #include <QSysInfo>
 
+#include "articles/LotesAMedias.h"
 #include "comm/tareas/Registro.h"
 
 namespace tarvo::app {
 
 namespace {
 
-// Who sits here, as the computer knows them: user and machine.
+// Who sits here, as the computer knows them: user and machine. A service has no USER.
 QString personaDeAqui() {
-  const QString persona = qEnvironmentVariable("USER", qEnvironmentVariable("LOGNAME"));
+  QString persona = qEnvironmentVariable("USER", qEnvironmentVariable("LOGNAME"));
+  if (persona.isEmpty())
+    if (const passwd* suyo = ::getpwuid(::getuid()))
+      persona = QString::fromLocal8Bit(suyo->pw_name);
   return persona + QLatin1Char('@') + QSysInfo::machineHostName();
 }
 
@@ -31,7 +38,11 @@ struct Aplicacion::Interior {
         registro(tareas::registro()),
         azar(semilla),
         enlaces(reloj, fondo.ajustes, fabrica, azar),
-        gestcomm({db, fondo.ajustes, reloj, sesion, fondo.textos}, enlaces, registro),
+        gestcomm({db, fondo.ajustes, reloj, sesion, fondo.textos,
+                  [&t = fondo.textos, &d = db](int seccion) {
+                    return articles::motivoDeEspera(d, t, seccion);
+                  }},
+                 enlaces, registro),
         lenguaje(registro, fondo.ajustes, fondo.textos),
         automat({db, fondo.ajustes, reloj, sesion, gestcomm, registro, cerrSes, verTot, xporTot,
                  fondo.textos},

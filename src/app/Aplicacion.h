@@ -19,21 +19,34 @@
 
 namespace tarvo::app {
 
+// What of TARVO.INI wasn't understood, a sentence each.
+QStringList dudasDe(const Ajustes& ajustes, const Textos& textos);
+// The database is not in the program's folder.
+bool baseFuera(const Ajustes& ajustes);
+
 // What every use of the program needs: its folder, texts, settings and database.
 class Fondo {
  public:
-  // Takes the folder, reads the settings, opens the database (made from nothing in a new folder)
-  // and brings it to this version. The error's text is a whole sentence for the user. REQUIRES that
-  // the texts outlive it.
+  // Reads the settings, takes the database for itself, opens it (made from nothing in a new folder)
+  // and brings it to this version. The error's text is a whole sentence for the user; Ocupado:
+  // another program has it. REQUIRES that the texts outlive it.
   static Resultado<std::unique_ptr<Fondo>> abrir(const QString& carpeta, Idioma idioma,
                                                  const Textos& textos, Reloj& reloj);
+  // The settings of a folder as they are now, without touching the database. The same errors.
+  static Resultado<Ajustes> leerAjustes(const QString& carpeta, Idioma idioma, const Textos& textos,
+                                        Reloj& reloj);
+
   const Textos& textos;
+
+ private:
+  Cerrojo cerrojo_;  // let go of last
+
+ public:
   Ajustes ajustes;
   std::unique_ptr<dao::Database> db;
 
  private:
-  Fondo(Cerrojo cerrojo, const QString& carpeta, Idioma idioma, const Textos& textos, Fecha ahora);
-  Cerrojo cerrojo_;
+  Fondo(Cerrojo cerrojo, Ajustes losAjustes, const Textos& textos);
 };
 
 class Aplicacion {

@@ -16,6 +16,10 @@ namespace tarvo::app {
 
 namespace {
 
+constexpr int kEnlacesSeguidos = 20;
+// Far from the bytes that the store locks for itself.
+constexpr off_t kTrozoCerrojo = off_t{1} << 62;
+
 bool esDePrograma(const QString& carpeta) {
   for (const char16_t* nombre : {u"TARVO.INI", u"TARVO.MDB"})
     if (QFileInfo(Ajustes::ruta(QString::fromUtf16(nombre), carpeta)).isFile()) return true;
@@ -46,18 +50,47 @@ Resultado<QString> carpetaPrograma(const QString& pedida) {
   return info.canonicalFilePath();
 }
 
-Resultado<Cerrojo> Cerrojo::tomar(const QString& carpeta) {
-  const QByteArray ruta = QFile::encodeName(carpeta + QStringLiteral("/TARVO.LCK"));
-  const int fd = ::open(ruta.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
-  if (fd < 0) return fallo(Fallo::SinPermiso, QString::fromLocal8Bit(std::strerror(errno)));
+QString ficheroReal(const QString& ruta) {
+  QFileInfo info(ruta);
+  // A link to a file that isn't there is where that file will be.
+  for (int n = 0; n < kEnlacesSeguidos && !info.exists() && info.isSymLink(); ++n)
+    info.setFile(info.symLinkTarget());
+  if (info.exists()) return info.canonicalFilePath();
+  const QString carpeta = QFileInfo(info.path()).canonicalFilePath();
+  return carpeta.isEmpty() ? info.absoluteFilePath() : QDir(carpeta).filePath(info.fileName());
+}
+
+Resultado<Cerrojo> Cerrojo::tomar(const QString& base) {
+  const QFileInfo real(ficheroReal(base));
+  const QString lck = real.path() + u'/' + real.completeBaseName() + QStringLiteral(".LCK");
+  const int fd = ::open(QFile::encodeName(lck).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+  if (fd < 0)
+    return fallo(QFileInfo(real.path()).isDir() ? Fallo::SinPermiso : Fallo::NoExiste,
+                 QString::fromLocal8Bit(std::strerror(errno)));
   Cerrojo cerrojo(fd);
   if (::flock(fd, LOCK_EX | LOCK_NB) == 0) return cerrojo;
   return fallo(errno == EWOULDBLOCK ? Fallo::Ocupado : Fallo::SinPermiso,
                QString::fromLocal8Bit(std::strerror(errno)));
 }
 
+Resultado<> Cerrojo::tomarFichero(const QString& base) {
+  const int fd = ::open(QFile::encodeName(base).constData(), O_RDWR | O_CLOEXEC);
+  if (fd < 0) return fallo(Fallo::SinPermiso, QString::fromLocal8Bit(std::strerror(errno)));
+  fichero_ = fd;
+  struct flock trozo{};
+  trozo.l_type = F_WRLCK;
+  trozo.l_whence = SEEK_SET;
+  trozo.l_start = kTrozoCerrojo;
+  trozo.l_len = 1;
+  if (::fcntl(fd, F_OFD_SETLK, &trozo) == 0) return {};
+  // Where files can't be locked so, the lock on the name has to do.
+  if (errno != EAGAIN && errno != EACCES) return {};
+  return fallo(Fallo::Ocupado, QString::fromLocal8Bit(std::strerror(errno)));
+}
+
 Cerrojo::~Cerrojo() {
-  if (fd_ >= 0) ::close(fd_);
+  for (const int fd : {fichero_, fd_})
+    if (fd >= 0) ::close(fd);
 }
 
 }  // namespace tarvo::app

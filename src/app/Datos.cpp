@@ -5,10 +5,14 @@
 
 namespace tarvo::app {
 
+Datos::Datos(std::map<QString, QString> valores, const Textos& textos,
+             std::function<void(const QString&)> decir)
+    : valores_(std::move(valores)), t_(textos), decir_(decir ? std::move(decir) : avisar) {}
+
 std::optional<QString> Datos::PromptStr(const QString& nombre, const QString& pregunta) {
   const auto hallado = valores_.find(nombre);
   if (hallado != valores_.end()) return hallado->second;
-  avisar(t_(kTxFaltaDato).arg(nombre, pregunta));
+  decir_(t_(kTxFaltaDato).arg(nombre, pregunta));
   return std::nullopt;
 }
 
@@ -18,7 +22,7 @@ std::optional<qint64> Datos::PromptNum(const QString& nombre, const QString& pre
   bool bien = false;
   const int numero = texto->trimmed().toInt(&bien);
   if (bien) return numero;
-  avisar(t_(kTxDatoMaloParaPregunta).arg(nombre, *texto, pregunta));
+  decir_(t_(kTxDatoMaloParaPregunta).arg(nombre, *texto, pregunta));
   return std::nullopt;
 }
 
@@ -27,7 +31,7 @@ std::optional<std::pair<Fecha, Fecha>> Datos::PromptFch(const QString& nombre,
   const auto texto = PromptStr(nombre, pregunta);
   if (!texto) return std::nullopt;
   const auto rango = leerRango(*texto);
-  if (!rango) avisar(t_(kTxDatoMaloParaPregunta).arg(nombre, *texto, pregunta));
+  if (!rango) decir_(t_(kTxDatoMaloParaPregunta).arg(nombre, *texto, pregunta));
   return rango;
 }
 

@@ -11,8 +11,9 @@ namespace tarvo::app {
 
 class Datos final : public automation::Preguntas {
  public:
-  Datos(std::map<QString, QString> valores, const Textos& textos)
-      : valores_(std::move(valores)), t_(textos) {}
+  // `decir`: where it says so; standard error when there is none.
+  Datos(std::map<QString, QString> valores, const Textos& textos,
+        std::function<void(const QString&)> decir = {});
   std::optional<qint64> PromptNum(const QString& nombre, const QString& pregunta) override;
   std::optional<QString> PromptStr(const QString& nombre, const QString& pregunta) override;
   // "dd/mm/yyyy", "dd/mm/yyyy-dd/mm/yyyy", or "mm/yyyy" for a whole month.
@@ -22,6 +23,7 @@ class Datos final : public automation::Preguntas {
  private:
   std::map<QString, QString> valores_;
   const Textos& t_;
+  std::function<void(const QString&)> decir_;
 };
 
 // The range of days that a text names; nothing when it names none, or one that ends before it

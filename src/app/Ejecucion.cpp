@@ -4,66 +4,93 @@
 #include <QFileInfo>
 
 #include "app/Consola.h"
-#include "app/Senales.h"
 #include "app/TextosApp.h"
+#include "comm/tareas/Registro.h"
 
 namespace tarvo::app {
 
-Ejecucion::Ejecucion(Fondo& fondo, Aplicacion& aplicacion, const Textos& textos)
-    : fondo_(fondo), app_(aplicacion), t_(textos) {}
+namespace {
+
+automation::ResultadoProceso resultadoDe(int estado) {
+  if (estado == kBien) return automation::ResultadoProceso::Bien;
+  return estado == kAbortado ? automation::ResultadoProceso::Abortado
+                             : automation::ResultadoProceso::Problemas;
+}
+
+}  // namespace
+
+Ejecucion::Ejecucion(const Puesto& puesto, Ajustes ajustes, std::unique_ptr<Fondo> fondo)
+    : puesto_(puesto),
+      ajustes_(std::move(ajustes)),
+      registro_(tareas::registro()),
+      lenguaje_(registro_, ajustes_, puesto.textos),
+      cronos_({.ocupado = [this] { return noche_ != nullptr; },
+               .correr =
+                   [this](const automation::Entrada& e, const QString& traza) {
+                     const QStringList dudas = std::exchange(dudas_, {});
+                     empezar({e.proceso, traza, e.pasos, dudas + e.omitidas}, nullptr);
+                   }},
+              lenguaje_, ajustes_, puesto.reloj),
+      fondo_(std::move(fondo)) {}
+
+Ejecucion::~Ejecucion() = default;
 
 int Ejecucion::ejecutar(const QString& rutaProceso) {
   // Signals are caught from here on, so that none can fall between the start and the event loop.
   const Senales senales([this] { pedirFin(); });
-  app_.automat().desatendido = true;
-  app_.automat().alEscribir = decir;
-  app_.automat().alTerminar = [this](automation::ResultadoProceso r) {
-    estado_ = std::max(estado_, static_cast<int>(r));
-    if (!activado_ || pidenFin_) QCoreApplication::exit(estado_);
-  };
-  app_.cronos().alAvisar = decir;
+  cronos_.alAvisar = decir;
   if (const auto cargado = cargar(rutaProceso); !cargado) {
-    QString mensaje = t_(kTxProcesoNoCargado);
+    QString mensaje = puesto_.textos(kTxProcesoNoCargado);
     CambiaTexto(QStringLiteral("#"), rutaProceso, mensaje);
     avisar(mensaje + QStringLiteral(". ") + cargado.error().texto);
-    return guardarAjustes(fondo_, kSinProceso);
+    return fondo_ ? guardarAjustes(*fondo_, kSinProceso) : int{kSinProceso};
   }
-  return guardarAjustes(fondo_, correr());
+  const int estado = QCoreApplication::exec();
+  noche_.reset();
+  return std::max(estado, estado_);
 }
 
 Resultado<> Ejecucion::cargar(const QString& ruta) {
   const QFileInfo fichero(ruta);
-  activado_ = fichero.suffix().compare(u"CRO", Qt::CaseInsensitive) == 0;
-  if (activado_) return app_.cronos().ActivarCron(ruta);
-  TARVO_TOMAR(auto leido, app_.lenguaje().LeerProceso(ruta));
-  activado_ = !leido.activaciones.empty();
-  if (activado_) return app_.cronos().ActivarCron(ruta);
-  app_.automat().PROCESO(std::move(leido.pasos), QString(), fichero.completeBaseName(),
-                         leido.omitidas);
+  if (fichero.suffix().compare(u"CRO", Qt::CaseInsensitive) == 0) return activar(ruta);
+  TARVO_TOMAR(auto leido, lenguaje_.LeerProceso(ruta));
+  if (!leido.activaciones.empty()) return activar(ruta);
+  empezar({fichero.completeBaseName(), {}, std::move(leido.pasos), leido.omitidas},
+          std::move(fondo_));
   return {};
 }
 
-int Ejecucion::correr() {
-  if (activado_) decir(t_(kTxActivado).arg(fondo_.ajustes.HomeDir));
-  return QCoreApplication::exec();
+Resultado<> Ejecucion::activar(const QString& ruta) {
+  TARVO_INTENTAR(cronos_.ActivarCron(ruta));
+  activado_ = true;
+  if (fondo_) {
+    // The file is written anew now; the first run says them in its trace.
+    dudas_ = dudasDe(fondo_->ajustes, puesto_.textos);
+    estado_ = guardarAjustes(*fondo_, kBien);
+    fondo_.reset();
+  }
+  decir(puesto_.textos(kTxActivado).arg(ajustes_.HomeDir));
+  return {};
 }
 
-// The ordinary way of stopping: the queue is emptied, links are closed, the trace says so.
+void Ejecucion::empezar(Noche::Encargo encargo, std::unique_ptr<Fondo> fondo) {
+  noche_ = std::make_unique<Noche>(puesto_, std::move(encargo), std::move(fondo),
+                                   [this](int estado) { acabada(estado); });
+}
+
+void Ejecucion::acabada(int estado) {
+  estado_ = std::max(estado_, estado);
+  noche_.reset();
+  if (!activado_ || pidenFin_) return QCoreApplication::exit(estado_);
+  cronos_.FinDeMacro(resultadoDe(estado));
+}
+
 void Ejecucion::pedirFin() {
   pidenFin_ = true;
-  estado_ = kAbortado;
-  avisar(t_(kTxInterrumpiendo));
-  const bool enMarcha = !activado_ || app_.cronos().hayProcesoEnMarcha();
-  app_.cronos().parar();
-  app_.automat().conservarAlAbortar = true;
-  enMarcha ? app_.automat().abortar() : QCoreApplication::exit(estado_);
-}
-
-int guardarAjustes(const Fondo& fondo, int estado) {
-  const auto guardado = fondo.ajustes.GuardarConfig();
-  if (guardado) return estado;
-  avisar(fondo.textos(kTxAjustesNoGuardados).arg(guardado.error().texto));
-  return std::max<int>(estado, kProblemas);
+  if (activado_) estado_ = std::max<int>(estado_, kAbortado);
+  avisar(puesto_.textos(kTxInterrumpiendo));
+  cronos_.parar();
+  noche_ ? noche_->parar() : QCoreApplication::exit(kAbortado);
 }
 
 }  // namespace tarvo::app

@@ -1,29 +1,38 @@
 // A run without a screen: one process, or a timetable until told to stop. Gives the exit status.
 #pragma once
 
-#include "app/Aplicacion.h"
+#include "app/Noche.h"
 #include "app/Ordenes.h"
+#include "app/Senales.h"
+#include "automation/Cronos.h"
 
 namespace tarvo::app {
 
-// Writes the settings; a failure is said, and makes the status "problems" at least.
-int guardarAjustes(const Fondo& fondo, int estado);
-
 class Ejecucion {
  public:
-  Ejecucion(Fondo& fondo, Aplicacion& aplicacion, const Textos& textos);
+  // `fondo`: the database, or nothing when another program has it.
+  Ejecucion(const Puesto& puesto, Ajustes ajustes, std::unique_ptr<Fondo> fondo);
+  ~Ejecucion();
 
-  // Runs the file to its end on the present event loop. Writes the settings at the end.
+  // Runs the file to its end on the present event loop.
   int ejecutar(const QString& rutaProceso);
 
  private:
+  // Nothing of the database is held while a timetable waits for its hours.
   Resultado<> cargar(const QString& ruta);
-  int correr();
+  Resultado<> activar(const QString& ruta);
+  void empezar(Noche::Encargo encargo, std::unique_ptr<Fondo> fondo);
+  void acabada(int estado);
   void pedirFin();
 
-  Fondo& fondo_;
-  Aplicacion& app_;
-  const Textos& t_;
+  const Puesto puesto_;
+  const Ajustes ajustes_;
+  const motor::RegistroTareas registro_;
+  const automation::Lenguaje lenguaje_;
+  automation::Cronos cronos_;
+  std::unique_ptr<Fondo> fondo_;
+  std::unique_ptr<Noche> noche_;
+  QStringList dudas_;      // of the settings, until a run has told them
   bool activado_ = false;  // a timetable runs
   bool pidenFin_ = false;
   int estado_ = kBien;

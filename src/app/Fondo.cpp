@@ -6,6 +6,7 @@
 #include "app/TextosApp.h"
 #include "core/esquema/Esquema.h"
 #include "devices/PrimerGrupo.h"
+#include "totals/libros/TablasLibros.h"
 
 namespace tarvo::app {
 
@@ -17,9 +18,15 @@ QStringList carpetasPlantilla(const QString& carpeta) {
   return {carpeta, ejecutable, QDir::cleanPath(ejecutable + QStringLiteral("/../share/tarvo"))};
 }
 
-QString motivoCerrojo(const Error& error, const QString& carpeta, const Textos& t) {
-  return error.clase == Fallo::Ocupado ? t(kTxCarpetaOcupada).arg(carpeta)
-                                       : t(kTxCarpetaSinPermiso).arg(carpeta, error.texto);
+QString motivoCerrojo(const Error& error, const QString& base, const Textos& t) {
+  switch (error.clase) {
+    case Fallo::Ocupado:
+      return t(kTxBaseOcupada).arg(base);
+    case Fallo::NoExiste:
+      return t(kTxBaseNoAbierta).arg(base, t(kTxSinSuCarpeta));
+    default:
+      return t(kTxCarpetaSinPermiso).arg(QFileInfo(base).path(), error.texto);
+  }
 }
 
 Resultado<std::unique_ptr<dao::Database>> abrirBase(const Ajustes& ajustes, Fecha hoy) {
@@ -30,26 +37,67 @@ Resultado<std::unique_ptr<dao::Database>> abrirBase(const Ajustes& ajustes, Fech
   return db;
 }
 
+// All stored money is in it. Settings that don't say it, or not so that it can be read, must not
+// turn the prices of a shop into a hundredth.
+Resultado<> recordarMoneda(dao::Database& db, Ajustes& ajustes) {
+  const QString clave = QStringLiteral("MonedaNativa");
+  totals::EstadoBase estado(db);
+  TARVO_TOMAR(const auto ultima, estado.leer(clave));
+  if (!ultima.nulo() && !ajustes.monedaLeida)
+    ajustes.ponerMonedaNativa(static_cast<int>(ultima.entero()));
+  if (!ultima.nulo() && ultima.entero() == ajustes.MonedaNativa) return {};
+  return estado.poner(clave, ajustes.MonedaNativa);
+}
+
 }  // namespace
 
-Fondo::Fondo(Cerrojo cerrojo, const QString& carpeta, Idioma idioma, const Textos& losTextos,
-             Fecha ahora)
-    : textos(losTextos), ajustes(carpeta, idioma, ahora), cerrojo_(std::move(cerrojo)) {}
+Fondo::Fondo(Cerrojo cerrojo, Ajustes losAjustes, const Textos& losTextos)
+    : textos(losTextos), cerrojo_(std::move(cerrojo)), ajustes(std::move(losAjustes)) {}
+
+Resultado<Ajustes> Fondo::leerAjustes(const QString& carpeta, Idioma idioma, const Textos& textos,
+                                      Reloj& reloj) {
+  Ajustes ajustes(carpeta, idioma, reloj.ahora());
+  if (const auto leidos = ajustes.LeerConfig(); !leidos)
+    return fallo(leidos.error().clase, textos(kTxAjustesIlegibles).arg(leidos.error().texto));
+  return ajustes;
+}
+
+QStringList dudasDe(const Ajustes& ajustes, const Textos& textos) {
+  QStringList frases;
+  for (const Ajustes::Duda& d : ajustes.dudas)
+    frases << (d.vale.isEmpty() ? textos(kTxLineaPasada, {d.linea})
+                                : textos(kTxLineaDudosa, {d.linea, d.vale}));
+  return frases;
+}
+
+bool baseFuera(const Ajustes& ajustes) {
+  const QString carpeta = QFileInfo(ajustes.carpeta).canonicalFilePath() + u'/';
+  return !ficheroReal(ajustes.BaseDatos).startsWith(carpeta);
+}
 
 Resultado<std::unique_ptr<Fondo>> Fondo::abrir(const QString& carpeta, Idioma idioma,
                                                const Textos& textos, Reloj& reloj) {
-  auto cerrojo = Cerrojo::tomar(carpeta);
-  if (!cerrojo)
-    return fallo(cerrojo.error().clase, motivoCerrojo(cerrojo.error(), carpeta, textos));
-  std::unique_ptr<Fondo> fondo(
-      new Fondo(std::move(*cerrojo), carpeta, idioma, textos, reloj.ahora()));
-  if (const auto leidos = fondo->ajustes.LeerConfig(); !leidos)
-    return fallo(leidos.error().clase, textos(kTxAjustesIlegibles).arg(leidos.error().texto));
+  // The settings say which database to hold; what else is in them counts once it is held, for
+  // whoever had it may have written them meanwhile.
+  TARVO_TOMAR(const auto antes, leerAjustes(carpeta, idioma, textos, reloj));
+  const auto conMotivo = [&](const Error& e) {
+    return fallo(e.clase, motivoCerrojo(e, antes.BaseDatos, textos));
+  };
+  auto cerrojo = Cerrojo::tomar(antes.BaseDatos);
+  if (!cerrojo) return conMotivo(cerrojo.error());
+  TARVO_TOMAR(auto ajustes, leerAjustes(carpeta, idioma, textos, reloj));
+  if (ficheroReal(ajustes.BaseDatos) != ficheroReal(antes.BaseDatos))
+    return conMotivo({Fallo::Ocupado, 0, {}});
+  std::unique_ptr<Fondo> fondo(new Fondo(std::move(*cerrojo), std::move(ajustes), textos));
   auto db = abrirBase(fondo->ajustes, reloj.ahora().dia());
   if (!db)
     return fallo(db.error().clase,
                  textos(kTxBaseNoAbierta).arg(fondo->ajustes.BaseDatos, db.error().texto));
   fondo->db = std::move(*db);
+  if (const auto suyo = fondo->cerrojo_.tomarFichero(fondo->ajustes.BaseDatos); !suyo)
+    return conMotivo(suyo.error());
+  if (const auto hecho = recordarMoneda(*fondo->db, fondo->ajustes); !hecho)
+    return fallo(hecho.error().clase, textos(kTxSinArranque).arg(hecho.error().texto));
   return fondo;
 }
 

@@ -8,6 +8,8 @@ namespace tarvo::app {
 
 namespace {
 
+constexpr int kEsperaMayor = 24 * 60;  // minutes
+
 std::optional<Idioma> idiomaDe(const QString& letras) {
   static constexpr std::pair<const char16_t*, Idioma> kIdiomas[] = {
       {u"es", Idioma::Espanol}, {u"it", Idioma::I},  {u"fr", Idioma::F},
@@ -43,6 +45,8 @@ class Lector {
       cuadre();
     else if (a == u"--ventana")
       o_.ventana = valor(a);
+    else if (a == u"--espera")
+      espera(valor(a));
     else if (a == u"--tema")
       tema(valor(a));
     else if (a == u"--ayuda")
@@ -64,6 +68,14 @@ class Lector {
     const auto hallado = idiomaDe(letras);
     if (hallado) o_.idioma = *hallado;
     if (!hallado && fallo_.isEmpty()) fallo_ = t_(kTxIdiomaDesconocido).arg(letras);
+  }
+
+  void espera(const QString& minutos) {
+    bool numero = false;
+    const int n = minutos.toInt(&numero);
+    const bool bien = numero && n >= 0 && n <= kEsperaMayor;
+    if (bien) o_.espera = n;
+    if (!bien && fallo_.isEmpty()) fallo_ = t_(kTxEsperaMala).arg(minutos).arg(kEsperaMayor);
   }
 
   void tema(const QString& palabra) {

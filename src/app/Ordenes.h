@@ -29,6 +29,7 @@ struct Ordenes {
   QString proceso;                   // as given
   std::optional<qint64> link;        // of --cuadre
   QString ventana;                   // the one to open alone; empty for the main window
+  int espera = 120;                  // minutes for another program without a screen to end
   QString tema;                      // "claro", "oscuro", or empty for the one that is set
 };
 

@@ -8,7 +8,6 @@
 #include <random>
 
 #include "app/Consola.h"
-#include "app/Datos.h"
 #include "app/Ejecucion.h"
 #include "app/TextosApp.h"
 #include "comm/cables/FabricaReal.h"
@@ -29,11 +28,29 @@ int hacerCuadre(const Ordenes& o, Fondo& fondo, const Textos& t) {
   return informe ? kBien : kProblemas;
 }
 
-int correrProceso(const Ordenes& o, Fondo& fondo, const Textos& t, Reloj& reloj) {
-  Datos datos(o.datos, t);
-  return conAplicacion(fondo, reloj, datos, avisar, [&](Aplicacion& aplicacion) {
-    return Ejecucion(fondo, aplicacion, t).ejecutar(rutaProceso(o.proceso, fondo.ajustes));
-  });
+int decirSinCarpeta(const Error& e, const Textos& t, const Avisar& avisar) {
+  avisar(t(kTxCarpetaNoExiste).arg(e.texto));
+  return kSinBase;
+}
+
+// Without the database, when another program has it: that one may run the process.
+int correrProceso(const Ordenes& o, const Textos& t) {
+  const auto carpeta = carpetaPrograma(o.carpeta);
+  if (!carpeta) return decirSinCarpeta(carpeta.error(), t, avisar);
+  RelojReal reloj;
+  auto fondo = Fondo::abrir(*carpeta, o.idioma, t, reloj);
+  if (!fondo && fondo.error().clase != Fallo::Ocupado) {
+    avisar(fondo.error().texto);
+    return kSinBase;
+  }
+  const auto ajustes = Fondo::leerAjustes(*carpeta, o.idioma, t, reloj);
+  if (!ajustes) {
+    avisar(ajustes.error().texto);
+    return kSinBase;
+  }
+  const Puesto puesto{*carpeta, o.idioma, t, reloj, o.datos, o.espera * 60 * 1000};
+  return Ejecucion(puesto, *ajustes, fondo ? std::move(*fondo) : nullptr)
+      .ejecutar(rutaProceso(o.proceso, *ajustes));
 }
 
 // The program with windows stands beside this one and takes its place.
@@ -53,29 +70,30 @@ int sinVentanas(const Ordenes& o, const Textos& t) {
       decir(t(kTxVersion).arg(QStringLiteral(TARVO_VERSION)));
       return kBien;
     default:
-      return conFondo(o, t, avisar, [&](Fondo& fondo, Reloj& reloj) {
-        return o.que == Ordenes::Que::Cuadre ? hacerCuadre(o, fondo, t)
-                                             : correrProceso(o, fondo, t, reloj);
-      });
+      if (o.que == Ordenes::Que::Proceso) return correrProceso(o, t);
+      return conFondo(o, t, avisar, [&](Fondo& fondo, Reloj&) { return hacerCuadre(o, fondo, t); });
   }
 }
 
 }  // namespace
 
 int conFondo(const Ordenes& o, const Textos& t, const Avisar& avisar,
-             const std::function<int(Fondo& fondo, Reloj& reloj)>& hacer) {
+             const std::function<int(Fondo& fondo, Reloj& reloj)>& hacer,
+             const SiOcupada& siOcupada) {
   const auto carpeta = carpetaPrograma(o.carpeta);
-  if (!carpeta) {
-    avisar(t(kTxCarpetaNoExiste).arg(carpeta.error().texto));
-    return kSinBase;
-  }
+  if (!carpeta) return decirSinCarpeta(carpeta.error(), t, avisar);
   RelojReal reloj;
-  const auto fondo = Fondo::abrir(*carpeta, o.idioma, t, reloj);
-  if (!fondo) {
+  while (true) {
+    const auto fondo = Fondo::abrir(*carpeta, o.idioma, t, reloj);
+    if (fondo) return hacer(**fondo, reloj);
+    if (fondo.error().clase == Fallo::Ocupado && siOcupada) {
+      const auto estado = siOcupada(*carpeta, fondo.error(), reloj);
+      if (!estado) continue;
+      return *estado;
+    }
     avisar(fondo.error().texto);
     return kSinBase;
   }
-  return hacer(**fondo, reloj);
 }
 
 int conAplicacion(Fondo& fondo, Reloj& reloj, automation::Preguntas& preguntas,

@@ -5,12 +5,11 @@
 
 #include <QStringList>
 
+#include "articles/Limites.h"
+
 namespace tarvo::articles {
 
 namespace {
-
-constexpr qint64 kMinimoMayor = 999'999, kHastaMayor = 99'999;
-constexpr int kUltimoFormato = 20;
 
 // In the order in which ColumnasArticulo takes them; the prices stand behind.
 enum Columna {
@@ -80,6 +79,7 @@ std::vector<Falta> faltas(const Articulo& a) {
   si(a.minimo < 0 || a.minimo > kMinimoMayor, Falta::Minimo);
   si(a.hasta1 < 0 || a.hasta1 > kHastaMayor, Falta::Hasta1);
   si(a.hasta2 < 0 || a.hasta2 > kHastaMayor, Falta::Hasta2);
+  si(a.descto < 0 || a.descto > kDescuentoMayor, Falta::Descuento);
   return salida;
 }
 
@@ -117,32 +117,47 @@ Articulo ColumnasArticulo::leer(const dao::Recordset& rs) const {
   return a;
 }
 
-void ColumnasArticulo::poner(dao::Recordset& rs, const Articulo& a) const {
-  const auto& c = columnas_;
-  rs.poner(c[kSeccion], a.clave.seccion);
-  rs.poner(c[kCodigo], a.clave.codigo);
-  rs.poner(c[kNombre], a.nombre);
-  rs.poner(c[kCada], a.cada);
-  rs.poner(c[kModificable], a.modificable);
-  rs.poner(c[kMinimo], a.minimo);
-  rs.poner(c[kHasta1], a.hasta1);
-  rs.poner(c[kHasta2], a.hasta2);
-  rs.poner(c[kDepto], a.depto);
-  rs.poner(c[kBarras], a.barras);
-  rs.poner(c[kPfxBar], a.pfxBar);
-  rs.poner(c[kCodBarExt], a.codBarExt ? dao::Valor(*a.codBarExt) : dao::Valor());
-  rs.poner(c[kDescto], a.descto);
-  rs.poner(c[kFormato], a.formato);
-  rs.poner(c[kTextoEtq], a.textoEtq);
-  rs.poner(c[kTara], a.tara);
-  rs.poner(c[kNumdias1], a.numdias1);
-  rs.poner(c[kNumdias2], a.numdias2);
-  rs.poner(c[kStkMax], a.stkMax);
-  rs.poner(c[kStkMin], a.stkMin);
-  rs.poner(c[kCoste], a.coste);
+namespace {
+
+// Hands over the value of every column, by its number.
+template <class Poner>
+void recorrer(const Articulo& a, const Poner& poner) {
+  poner(kSeccion, a.clave.seccion);
+  poner(kCodigo, a.clave.codigo);
+  poner(kNombre, a.nombre);
+  poner(kCada, a.cada);
+  poner(kModificable, a.modificable);
+  poner(kMinimo, a.minimo);
+  poner(kHasta1, a.hasta1);
+  poner(kHasta2, a.hasta2);
+  poner(kDepto, a.depto);
+  poner(kBarras, a.barras);
+  poner(kPfxBar, a.pfxBar);
+  poner(kCodBarExt, a.codBarExt ? dao::Valor(*a.codBarExt) : dao::Valor());
+  poner(kDescto, a.descto);
+  poner(kFormato, a.formato);
+  poner(kTextoEtq, a.textoEtq);
+  poner(kTara, a.tara);
+  poner(kNumdias1, a.numdias1);
+  poner(kNumdias2, a.numdias2);
+  poner(kStkMax, a.stkMax);
+  poner(kStkMin, a.stkMin);
+  poner(kCoste, a.coste);
   for (std::size_t nivel = 0; nivel < kNiveles; ++nivel)
     for (std::size_t tarifa = 0; tarifa < kTarifas; ++tarifa)
-      rs.poner(c[columnaDePrecio(nivel, tarifa)], a.precios[nivel][tarifa]);
+      poner(columnaDePrecio(nivel, tarifa), a.precios[nivel][tarifa]);
+}
+
+}  // namespace
+
+void ColumnasArticulo::poner(dao::Recordset& rs, const Articulo& a) const {
+  recorrer(a, [&](std::size_t columna, const auto& valor) { rs.poner(columnas_[columna], valor); });
+}
+
+void ligarArticulo(dao::Sentencia& s, const Articulo& a) {
+  recorrer(a, [&](std::size_t columna, const auto& valor) {
+    s.ligar(static_cast<int>(columna), dao::Valor(valor));
+  });
 }
 
 }  // namespace tarvo::articles

@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-#include "core/dao/Recordset.h"
+#include "core/dao/Database.h"
 
 namespace tarvo::articles {
 
@@ -58,8 +58,11 @@ struct Articulo {
 };
 
 // What is wrong with the values of an article, in the order in which an editor says it.
-enum class Falta { Codigo, Departamento, Formato, Minimo, Hasta1, Hasta2 };
+enum class Falta { Codigo, Departamento, Formato, Minimo, Hasta1, Hasta2, Descuento };
 std::vector<Falta> faltas(const Articulo& articulo);
+
+// Its values as the first parameters of a statement, in the order of columnasArticulo().
+void ligarArticulo(dao::Sentencia& sentencia, const Articulo& articulo);
 
 // The columns of PLUSES in one recordset, resolved once.
 class ColumnasArticulo {

@@ -1,6 +1,7 @@
 #include "articles/Cambios.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tarvo::articles {
 
@@ -29,8 +30,17 @@ Resultado<> Cambios::ArticuloSale(int seccion, qint64 codigo) {
   return {};
 }
 
-Resultado<> Cambios::ArticuloLlega(int seccion, qint64 codigo) {
-  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu=?", seccion, codigo));
+Resultado<> Cambios::ArticuloLlega(ClaveArticulo clave) {
+  const std::array<dao::Valor, 2> valores{clave.seccion, clave.codigo};
+  return ArticulosLlegan(u"SELECT ?, ?", valores);
+}
+
+Resultado<> Cambios::ArticulosLlegan(QStringView claves, std::span<const dao::Valor> parametros) {
+  for (const char16_t* suyo :
+       {u"OFERTAS WHERE (SECCION, CODIGO)", u"HistoriaPrecios WHERE (SECCION, CODPLU)",
+        u"[Cross] WHERE (Secc, plu)"})
+    TARVO_INTENTAR(db_.Execute(
+        QStringLiteral("DELETE FROM %1 IN (%2)").arg(QStringView(suyo), claves), parametros));
   return {};
 }
 

@@ -24,9 +24,12 @@ class Cambios {
   // The same for an article that leaves its section by a way that writes no row of its own: groups
   // that are known to hold it must delete it.
   Resultado<> ArticuloSale(int seccion, qint64 codigo);
-  // An article has come into a section from another one: whatever was noted there under its code
-  // was of another article.
-  Resultado<> ArticuloLlega(int seccion, qint64 codigo);
+  // A code gets an article that it didn't have: whatever hung from it (offers, the history of its
+  // prices, what groups were noted to hold) was of another article, and goes. Every way by which an
+  // article comes under a code calls it, before the new one's own is written.
+  Resultado<> ArticuloLlega(ClaveArticulo clave);
+  // The same for many: `claves` is a query that gives SECCION, CODPLU.
+  Resultado<> ArticulosLlegan(QStringView claves, std::span<const dao::Valor> parametros = {});
   // As ArticuloSale, for all articles of a department; the section joins the modified ones.
   Resultado<> SaleDepartamento(int seccion, int departamento);
 

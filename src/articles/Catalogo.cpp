@@ -13,6 +13,16 @@ Resultado<std::unique_ptr<dao::Recordset>> abrir(dao::Database& db) {
   return db.OpenTable(u"PLUSES", u"PrimaryKey");
 }
 
+constexpr size_t kPorLectura = 250;  // codes of one query
+
+const QString& leerVariosSql() {
+  static const QString sql =
+      QStringLiteral("SELECT %1 FROM PLUSES WHERE SECCION=? AND CODPLU IN (%2) ORDER BY CODPLU")
+          .arg(columnasArticulo().join(QStringLiteral(", ")),
+               QStringLiteral("?, ").repeated(kPorLectura).chopped(2));
+  return sql;
+}
+
 }  // namespace
 
 Catalogo::Catalogo(dao::Database& db, const Textos& textos, Reloj& reloj, QString quien)
@@ -29,20 +39,35 @@ Resultado<std::optional<Articulo>> Catalogo::leer(ClaveArticulo clave) {
   return ColumnasArticulo(*rs).leer(*rs);
 }
 
-// Offers of an article that was deleted stay, for who brings it back; another article under its
-// code must not inherit them.
+Resultado<std::vector<Articulo>> Catalogo::leerVarios(std::span<const ClaveArticulo> claves) {
+  std::vector<Articulo> salida;
+  for (size_t i = 0; i < claves.size();) {
+    const int seccion = claves[i].seccion;
+    std::vector<dao::Valor> valores{seccion};
+    for (; i < claves.size() && claves[i].seccion == seccion && valores.size() <= kPorLectura; ++i)
+      valores.emplace_back(claves[i].codigo);
+    valores.resize(kPorLectura + 1, valores.back());
+    TARVO_TOMAR(auto rs, db_.OpenQuery(leerVariosSql(), valores));
+    const ColumnasArticulo columnas(*rs);
+    while (!rs->Eof()) {
+      salida.push_back(columnas.leer(*rs));
+      TARVO_INTENTAR(rs->MoveNext());
+    }
+  }
+  return salida;
+}
+
+// Offers of an article that was deleted stay, for who brings it back.
 Resultado<> Catalogo::crear(const Articulo& articulo, const QString& ventana) {
-  const auto [seccion, codigo] = articulo.clave;
   if (articulo.clave.deSistema()) return intocable();
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   TARVO_TOMAR(auto rs, abrir(db_));
   rs->AddNew();
   ColumnasArticulo(*rs).poner(*rs, articulo);
   TARVO_INTENTAR(rs->Update());
-  TARVO_INTENTAR(
-      db_.ejecutar(u"DELETE FROM OFERTAS WHERE SECCION=? AND CODIGO=?", seccion, codigo));
+  TARVO_INTENTAR(cambios_.ArticuloLlega(articulo.clave));
   TARVO_INTENTAR(anotarPrecios(articulo.clave, {}, articulo.precios, ventana));
-  TARVO_INTENTAR(cambios_.ArticuloCambiado(seccion, codigo));
+  cambios_.MarcarSeccion(articulo.clave.seccion);
   return t.confirmar();
 }
 
@@ -64,13 +89,10 @@ Resultado<> Catalogo::modificar(ClaveArticulo clave, const Articulo& articulo,
   return t.confirmar();
 }
 
-// What hangs from the old code. What hung from the new one belonged to an article that is no more.
+// What hangs from the old code follows.
 Resultado<> Catalogo::cambiarDeCodigo(ClaveArticulo clave, qint64 nuevo) {
   const auto [seccion, codigo] = clave;
-  for (const QString& borrar :
-       {QStringLiteral("DELETE FROM OFERTAS WHERE SECCION=? AND CODIGO=?"),
-        QStringLiteral("DELETE FROM HistoriaPrecios WHERE SECCION=? AND CODPLU=?")})
-    TARVO_INTENTAR(db_.ejecutar(borrar, seccion, nuevo));
+  TARVO_INTENTAR(cambios_.ArticuloLlega({seccion, nuevo}));
   TARVO_INTENTAR(
       db_.ejecutar(u"UPDATE OFERTAS SET CODIGO=?, enviado=0 WHERE SECCION=? AND CODIGO=?", nuevo,
                    seccion, codigo));
@@ -138,7 +160,7 @@ Resultado<> Catalogo::copiarUno(Articulo articulo, int destino, const QString& v
   rs->AddNew();
   ColumnasArticulo(*rs).poner(*rs, articulo);
   TARVO_INTENTAR(rs->Update());
-  TARVO_INTENTAR(cambios_.ArticuloLlega(destino, articulo.clave.codigo));
+  TARVO_INTENTAR(cambios_.ArticuloLlega(articulo.clave));
   return anotarPrecios(articulo.clave, {}, articulo.precios, ventana);
 }
 
@@ -147,9 +169,9 @@ Resultado<> Catalogo::moverUno(ClaveArticulo origen, int destino) {
   const auto [seccion, codigo] = origen;
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE PLUSES SET SECCION=? WHERE SECCION=? AND CODPLU=?", destino,
                               seccion, codigo));
+  TARVO_INTENTAR(cambios_.ArticuloLlega({destino, codigo}));
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE HistoriaPrecios SET SECCION=? WHERE SECCION=? AND CODPLU=?",
                               destino, seccion, codigo));
-  TARVO_INTENTAR(cambios_.ArticuloLlega(destino, codigo));
   return cambios_.ArticuloSale(seccion, codigo);
 }
 

@@ -17,6 +17,9 @@ class Catalogo {
   // The article; nothing when there is none of that key.
   Resultado<std::optional<Articulo>> leer(ClaveArticulo clave);
 
+  // Those of the keys that are there, in their order. REQUIRES keys in ascending order.
+  Resultado<std::vector<Articulo>> leerVarios(std::span<const ClaveArticulo> claves);
+
   // `ventana` names the window that asks. Errors: Duplicado (3022) for a code or a bar code that
   // the section has already; Restriccion for a system article; NoExiste for one that is gone.
   Resultado<> crear(const Articulo& articulo, const QString& ventana);
@@ -39,6 +42,7 @@ class Catalogo {
   // The history of a price that was written by somebody else's statement, inside its transaction.
   Resultado<> anotarPrecios(ClaveArticulo clave, const Precios& antes, const Precios& ahora,
                             const QString& ventana);
+  Reloj& reloj() { return reloj_; }
   const QString& quien() const { return quien_; }
   const Textos& textos() const { return textos_; }
 

@@ -60,7 +60,8 @@ Resultado<> apartarCodigosAjenos(dao::Database& db, qint64 lote) {
 }  // namespace
 
 QStringList tablas() {
-  return {u"LoteArticulos"_s, u"LoteAntes"_s, u"LoteDespues"_s, u"LoteMovs"_s};
+  return {u"LoteArticulos"_s, u"LoteAntes"_s,    u"LoteDespues"_s,
+          u"LoteMovs"_s,      u"LotePorHacer"_s, u"LoteOrden"_s};
 }
 
 QStringList contadores() {

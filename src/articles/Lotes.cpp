@@ -12,10 +12,11 @@ using dao::Valor;
 namespace {
 
 constexpr qint64 kLotesGuardados = 20;
-constexpr qint64 kTramo = 0;  // the batch of what is being put back just now; empty otherwise
-constexpr int kPorTramo = 200;
+constexpr qint64 kTramo = 0;       // the batch of what is being put back just now; empty otherwise
+constexpr size_t kNombrados = 20;  // articles in a sentence
+constexpr int kPorTramo = 200, kPorBarrido = 1000;
 
-// One article at a time is the busiest use: its statements are built once.
+// Stock rows are found by the key of their article: a shop has tens of thousands.
 struct Guardado {
   QString articulos, movimientos;
 };
@@ -26,8 +27,8 @@ Guardado guardadoDonde(QStringView condicion) {
           .arg(condicion);
   return {u"INSERT INTO LoteAntes (LOTE, HABIA, %1) SELECT ?, 1, %1%2"_s.arg(
               columnasArticulo().join(u", "), faltan),
-          u"INSERT INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 1, M.%2 FROM MovsAlm M WHERE EXISTS "
-          u"(SELECT 1%3 AND PLUSES.SECCION=M.SECCION AND PLUSES.CODPLU=M.CODIGO)"_s.arg(
+          u"INSERT INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 1, M.%2 FROM (SELECT SECCION AS SEC, "
+          u"CODPLU AS COD%3) K CROSS JOIN MovsAlm M ON M.SECCION=K.SEC AND M.CODIGO=K.COD"_s.arg(
               lotesql::contadores().join(u", "), lotesql::contadores().join(u", M."), faltan)};
 }
 
@@ -49,11 +50,20 @@ Resultado<qint64> Lotes::empezar(const QString& ventana) {
   const qint64 lote = ultimo.entero() + 1;
   TARVO_INTENTAR(db_.ejecutar(u"INSERT INTO LoteArticulos (LOTE, CUANDO, VENTANA) VALUES (?, ?, ?)",
                               lote, reloj_.ahora(), ventana));
-  for (const QString& tabla : lotesql::tablas())
-    TARVO_INTENTAR(
-        db_.ejecutar(u"DELETE FROM %1 WHERE LOTE<=?"_s.arg(tabla), lote - kLotesGuardados));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM LoteArticulos WHERE LOTE<=?", lote - kLotesGuardados));
+  TARVO_INTENTAR(barrer());
   TARVO_INTENTAR(t.confirmar());
   return lote;
+}
+
+// A batch may hold 100,000 articles: what is left of those that are forgotten goes bit by bit.
+Resultado<> Lotes::barrer() {
+  for (const QString& tabla : lotesql::tablas())
+    TARVO_INTENTAR(
+        db_.ejecutar(u"DELETE FROM %1 WHERE rowid IN (SELECT rowid FROM %1 WHERE LOTE<=(SELECT "
+                     u"max(LOTE) FROM LoteArticulos)-? LIMIT ?)"_s.arg(tabla),
+                     kLotesGuardados, kPorBarrido));
+  return {};
 }
 
 Resultado<> Lotes::guardar(qint64 lote, ClaveArticulo clave) {
@@ -77,6 +87,41 @@ Resultado<> Lotes::guardarDonde(qint64 lote, QStringView condicion,
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   TARVO_INTENTAR(guardarCon(db_, guardadoDonde(condicion), lote, parametros));
   return t.confirmar();
+}
+
+Resultado<> Lotes::guardarTodos(qint64 lote, const QString& tabla) {
+  const QString faltan =
+      u"FROM %1 T CROSS JOIN PLUSES P ON P.SECCION=T.SECCION AND P.CODPLU=T.CODPLU WHERE T.HABIA=1 "
+      u"AND NOT EXISTS (SELECT 1 FROM LoteAntes L WHERE L.LOTE=? AND L.SECCION=T.SECCION AND "
+      u"L.CODPLU=T.CODPLU)"_s.arg(tabla);
+  const QStringList articulo = columnasArticulo(), stock = lotesql::contadores();
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 1, M.%2 FROM (SELECT T.SECCION AS SEC, "
+      u"T.CODPLU AS COD %3) K CROSS JOIN MovsAlm M ON M.SECCION=K.SEC AND M.CODIGO=K.COD"_s.arg(
+          stock.join(u", "), stock.join(u", M."), faltan),
+      lote, lote));
+  TARVO_INTENTAR(db_.ejecutar(u"INSERT INTO LoteAntes (LOTE, HABIA, %1) SELECT ?, 1, P.%2 %3"_s.arg(
+                                  articulo.join(u", "), articulo.join(u", P."), faltan),
+                              lote, lote));
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO LoteAntes (LOTE, HABIA, SECCION, CODPLU) SELECT ?, 0, SECCION, "
+      u"CODPLU FROM %1 WHERE HABIA=0 ON CONFLICT (LOTE, SECCION, CODPLU) DO NOTHING"_s.arg(tabla),
+      lote));
+  return {};
+}
+
+Resultado<> Lotes::anotarTodos(qint64 lote, const QString& tabla) {
+  const QStringList articulo = columnasArticulo(), stock = lotesql::contadores();
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT OR REPLACE INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 0, M.%2 FROM %3 T CROSS JOIN "
+      u"MovsAlm M ON M.SECCION=T.SECCION AND M.CODIGO=T.CODPLU"_s.arg(stock.join(u", "),
+                                                                      stock.join(u", M."), tabla),
+      lote));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"INSERT OR REPLACE INTO LoteDespues (LOTE, HABIA, %1) SELECT ?, 1, %1 FROM "
+                   u"%2"_s.arg(articulo.join(u", "), tabla),
+                   lote));
+  return {};
 }
 
 namespace {
@@ -109,11 +154,17 @@ Resultado<> Lotes::anotar(qint64 lote, ClaveArticulo clave) {
 Resultado<> Lotes::acabar(qint64 lote) {
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   const std::array<Valor, 1> valores{lote};
-  TARVO_INTENTAR(
-      anotarDonde(db_,
-                  u"L.LOTE=? AND NOT EXISTS (SELECT 1 FROM LoteDespues D WHERE D.LOTE=L.LOTE AND "
-                  u"D.SECCION=L.SECCION AND D.CODPLU=L.CODPLU)",
-                  valores));
+  TARVO_TOMAR(const auto faltan,
+              db_.uno(u"SELECT (SELECT count(*) FROM LoteAntes WHERE LOTE=?)-(SELECT count(*) FROM "
+                      u"LoteDespues WHERE LOTE=?)",
+                      lote, lote));
+  if (faltan.entero() > 0)
+    TARVO_INTENTAR(
+        anotarDonde(db_,
+                    u"L.LOTE=? AND NOT EXISTS (SELECT 1 FROM LoteDespues D WHERE D.LOTE=L.LOTE AND "
+                    u"D.SECCION=L.SECCION AND D.CODPLU=L.CODPLU)",
+                    valores));
+  TARVO_INTENTAR(dejarDeHacer(lote));
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE LoteArticulos SET ACABADO=1 WHERE LOTE=?", lote));
   return t.confirmar();
 }
@@ -138,6 +189,59 @@ Resultado<std::optional<Lotes::Lote>> Lotes::ultimo(const QString& ventana) {
   return Lote{rs->entero(0), rs->fecha(1), rs->entero(2), rs->logico(3)};
 }
 
+Resultado<> Lotes::apuntar(qint64 lote, const QString& orden,
+                           std::span<const ClaveArticulo> claves) {
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO LoteOrden (LOTE, ORDEN) VALUES (?, ?) ON CONFLICT (LOTE) DO UPDATE "
+      u"SET ORDEN=excluded.ORDEN",
+      lote, orden));
+  TARVO_TOMAR(auto uno,
+              db_.preparar(u"INSERT INTO LotePorHacer (LOTE, SECCION, CODPLU) VALUES (?, ?, ?)"));
+  uno->ligar(0, lote);
+  for (const ClaveArticulo& c : claves) {
+    uno->ligar(1, qint64{c.seccion});
+    uno->ligar(2, c.codigo);
+    TARVO_INTENTAR(uno->ejecutar());
+  }
+  return t.confirmar();
+}
+
+Resultado<> Lotes::tachar(qint64 lote, ClaveArticulo clave) {
+  TARVO_INTENTAR(
+      db_.ejecutar(u"DELETE FROM LotePorHacer WHERE LOTE=? AND (SECCION, CODPLU)<=(?, ?)", lote,
+                   clave.seccion, clave.codigo));
+  return {};
+}
+
+Resultado<std::optional<Lotes::PorHacer>> Lotes::porHacer(qint64 lote) {
+  TARVO_TOMAR(const auto orden, db_.uno(u"SELECT O.ORDEN FROM LoteOrden O INNER JOIN LoteArticulos "
+                                        u"A ON A.LOTE=O.LOTE WHERE O.LOTE=? AND A.ACABADO=0",
+                                        lote));
+  if (orden.nulo()) return std::nullopt;
+  TARVO_TOMAR(auto rs, db_.consultar(u"SELECT SECCION, CODPLU FROM LotePorHacer WHERE LOTE=? ORDER "
+                                     u"BY SECCION, CODPLU",
+                                     lote));
+  PorHacer salida{orden.texto(), {}};
+  while (!rs->Eof()) {
+    salida.claves.push_back({static_cast<int>(rs->entero(0)), rs->entero(1)});
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  return salida;
+}
+
+Resultado<> Lotes::darPorHecho(qint64 lote) {
+  TARVO_INTENTAR(hayLote(lote));
+  return acabar(lote);
+}
+
+// What was still to be done of a batch won't be.
+Resultado<> Lotes::dejarDeHacer(qint64 lote) {
+  for (const QString& tabla : {u"LotePorHacer"_s, u"LoteOrden"_s})
+    TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM %1 WHERE LOTE=?"_s.arg(tabla), lote));
+  return {};
+}
+
 Resultado<> Lotes::hayLote(qint64 lote) {
   TARVO_TOMAR(const auto hay, db_.uno(u"SELECT LOTE FROM LoteArticulos WHERE LOTE=?", lote));
   if (hay.nulo()) return fallo(Fallo::NoExiste, catalogo_.textos()(kTxLoteOlvidado));
@@ -158,6 +262,7 @@ Resultado<bool> Lotes::deshacerTramo(qint64 lote, const QString& ventana, Deshec
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   TARVO_INTENTAR(hayLote(lote));
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE LoteArticulos SET ACABADO=0 WHERE LOTE=?", lote));
+  TARVO_INTENTAR(dejarDeHacer(lote));
   TARVO_TOMAR(const auto van, lotesql::apartarTramo(db_, lote, kTramo, kPorTramo));
   TARVO_TOMAR(const auto esto, reponer(kTramo, ventana));
   TARVO_INTENTAR(olvidar(van > 0 ? kTramo : lote));
@@ -167,6 +272,24 @@ Resultado<bool> Lotes::deshacerTramo(qint64 lote, const QString& ventana, Deshec
   hecho.vistos += van;
   hecho.fuera.insert(hecho.fuera.end(), esto.fuera.begin(), esto.fuera.end());
   return van > 0;
+}
+
+Resultado<std::vector<ClaveArticulo>> Lotes::noVolverian(qint64 lote) {
+  TARVO_TOMAR(const auto t, Transaccion::empezar(db_));  // taken back
+  TARVO_INTENTAR(hayLote(lote));
+  TARVO_INTENTAR(lotesql::clasificar(db_, lote));
+  return lotesql::claves(db_, lote, lotesql::Que::Dejar);
+}
+
+Resultado<std::optional<QString>> Lotes::avisoDeVuelta(qint64 lote) {
+  TARVO_TOMAR(const auto fuera, noVolverian(lote));
+  if (fuera.empty()) return std::nullopt;
+  QStringList cuales;
+  for (const ClaveArticulo& c : std::span(fuera).first(std::min(fuera.size(), kNombrados)))
+    cuales << Ceros(c.seccion, 3) + u' ' + Ceros(c.codigo, 7);
+  if (fuera.size() > kNombrados) cuales << u"…"_s;
+  return Plural(catalogo_.textos()(kTxNoVolverian), static_cast<int>(fuera.size()))
+      .arg(cuales.join(u", "_s));
 }
 
 // What hangs together in a batch stands in one transaction of the caller.

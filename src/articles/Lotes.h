@@ -28,6 +28,11 @@ class Lotes {
   // The same for all articles of a condition on PLUSES, as one statement.
   Resultado<> guardarDonde(qint64 lote, QStringView condicion,
                            std::span<const dao::Valor> parametros = {});
+  // The same for all articles of a table of the moment, which has the columns of PLUSES and HABIA,
+  // 0 for those that there are none of.
+  Resultado<> guardarTodos(qint64 lote, const QString& tabla);
+  // Notes how the batch left them: as the table has them. Again, the last word holds.
+  Resultado<> anotarTodos(qint64 lote, const QString& tabla);
   // Notes how the batch left an article, in the transaction that changed it, for the last time.
   Resultado<> anotar(qint64 lote, ClaveArticulo clave);
   // Notes it of all others, when the batch is done. Of an article of which nothing was noted,
@@ -47,7 +52,13 @@ class Lotes {
   // The same in slices, each a transaction of its own, added up in `hecho`: true while there is
   // more. What isn't yet put back is still a batch.
   Resultado<bool> deshacerTramo(qint64 lote, const QString& ventana, Deshecho& hecho);
+  // What deshacer() would leave alone now; it changes nothing.
+  Resultado<std::vector<ClaveArticulo>> noVolverian(qint64 lote);
+  // The same as a question to the person, with the first of them; nothing when all would come back.
+  Resultado<std::optional<QString>> avisoDeVuelta(qint64 lote);
   Resultado<> olvidar(qint64 lote);
+  // Drops some of what is left of batches that are too old to be taken back.
+  Resultado<> barrer();
 
   struct Lote {
     qint64 numero = 0;
@@ -58,8 +69,23 @@ class Lotes {
   // The last batch of a window that can still be taken back.
   Resultado<std::optional<Lote>> ultimo(const QString& ventana);
 
+  // Work that can be gone on with when it is cut off: what it does, in words of its own, and the
+  // articles, as they come. REQUIRES a batch that isn't done.
+  Resultado<> apuntar(qint64 lote, const QString& orden, std::span<const ClaveArticulo> claves);
+  // Up to `clave` it is done.
+  Resultado<> tachar(qint64 lote, ClaveArticulo clave);
+  struct PorHacer {
+    QString orden;
+    std::vector<ClaveArticulo> claves;
+  };
+  // Nothing when the batch can't be gone on with: it wasn't noted, or its undoing has begun.
+  Resultado<std::optional<PorHacer>> porHacer(qint64 lote);
+  // Takes the batch as it stands.
+  Resultado<> darPorHecho(qint64 lote);
+
  private:
   Resultado<> hayLote(qint64 lote);
+  Resultado<> dejarDeHacer(qint64 lote);
   Resultado<Deshecho> reponer(qint64 lote, const QString& ventana);
 
   dao::Database& db_;

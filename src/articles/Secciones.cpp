@@ -71,17 +71,47 @@ Resultado<Secciones::Cuentas> Secciones::cuentas(int seccion) {
   return Cuentas{plus, depts, grupos};
 }
 
+Resultado<Secciones::LoQueSeVa> Secciones::loQueSeVa(int seccion) {
+  LoQueSeVa v;
+  TARVO_TOMAR(v.cuentas, cuentas(seccion));
+  const std::array<dao::Valor, 2> propios{seccion, kPrimerCodigo};
+  TARVO_TOMAR(v.cuentas.plus, cuantos(u"PLUSES WHERE SECCION=? AND CODPLU>=?"_s, propios));
+  const std::array<dao::Valor, 1> clave{seccion};
+  TARVO_TOMAR(v.maquinas,
+              cuantos(u"BZAS WHERE SUGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)"_s, clave));
+  TARVO_TOMAR(v.ofertas, cuantos(u"OFERTAS WHERE SECCION=?"_s, clave));
+  TARVO_TOMAR(v.existencias,
+              cuantos(u"(SELECT DISTINCT CODIGO FROM MovsAlm WHERE SECCION=?)"_s, clave));
+  TARVO_TOMAR(v.historia, cuantos(u"HistoriaPrecios WHERE SECCION=?"_s, clave));
+  return v;
+}
+
 Resultado<> Secciones::borrar(int seccion) {
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
-  const QString suyos = u" IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)"_s;
+  TARVO_INTENTAR(borrarGrupos(seccion));
   for (const QString& orden :
-       {u"DELETE FROM BZAS WHERE SUGPO"_s + suyos, u"DELETE FROM Sesiones WHERE CODGPO"_s + suyos,
-        u"DELETE FROM [Cross] WHERE Grupo"_s + suyos, u"DELETE FROM OFERTAS WHERE GRUPO"_s + suyos,
-        u"DELETE FROM [Cross] WHERE Secc=?"_s, u"DELETE FROM OFERTAS WHERE SECCION=?"_s,
+       {u"DELETE FROM [Cross] WHERE Secc=?"_s, u"DELETE FROM OFERTAS WHERE SECCION=?"_s,
         u"DELETE FROM HistoriaPrecios WHERE SECCION=?"_s, u"DELETE FROM SECCS WHERE NMSECC=?"_s})
     TARVO_INTENTAR(db_.ejecutar(orden, seccion));
   TARVO_INTENTAR(t.confirmar());
   cambios_.olvidarSeccion(seccion);
+  return {};
+}
+
+// The one place where groups go with their section, and all that is kept by their numbers.
+Resultado<> Secciones::borrarGrupos(int seccion) {
+  TARVO_TOMAR(auto grupos,
+              db_.consultar(u"SELECT CODGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO", seccion));
+  for (; !grupos->Eof();) {
+    if (alIrse_) TARVO_INTENTAR(alIrse_(static_cast<int>(grupos->entero(0))));
+    TARVO_INTENTAR(grupos->MoveNext());
+  }
+  const QString suyos = u" IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)"_s;
+  for (const QString& orden :
+       {u"DELETE FROM BZAS WHERE SUGPO"_s + suyos, u"DELETE FROM Sesiones WHERE CODGPO"_s + suyos,
+        u"DELETE FROM [Cross] WHERE Grupo"_s + suyos, u"DELETE FROM OFERTAS WHERE GRUPO"_s + suyos,
+        u"DELETE FROM GRUPOS WHERE SECCION=?"_s})
+    TARVO_INTENTAR(db_.ejecutar(orden, seccion));
   return {};
 }
 

@@ -2,12 +2,14 @@
 #pragma once
 
 #include <array>
+#include <functional>
 
 #include "articles/Catalogo.h"
+#include "articles/Limites.h"
 
 namespace tarvo::articles {
 
-inline constexpr int kUltimaSeccion = 255, kUltimoDepartamento = 40;
+inline constexpr int kUltimaSeccion = 255;
 
 // The VAT rates of a section in hundredths of a per cent; a department names one by its place, from
 // 1 on.
@@ -31,9 +33,20 @@ class Secciones {
     int plus = 0, depts = 0, grupos = 0;
   };
   Resultado<Cuentas> cuentas(int seccion);
+  // All that goes with it.
+  struct LoQueSeVa {
+    Cuentas cuentas;
+    int maquinas = 0, ofertas = 0, existencias = 0, historia = 0;
+    bool vacia() const { return cuentas.plus + cuentas.depts + cuentas.grupos == 0; }
+  };
+  // Articles are counted without the system's own.
+  Resultado<LoQueSeVa> loQueSeVa(int seccion);
   // With its articles, departments and groups, and what is kept of them by number, which another
   // section of that number must not inherit.
   Resultado<> borrar(int seccion);
+  // Called with each group that goes with its section, in the transaction that deletes it: other
+  // rooms keep things by its number.
+  void alIrseUnGrupo(std::function<Resultado<>(int grupo)> aviso) { alIrse_ = std::move(aviso); }
   Resultado<Ivas> ivas(int seccion);
   Resultado<> ponerIvas(int seccion, const Ivas& ivas);
 
@@ -50,11 +63,13 @@ class Secciones {
 
  private:
   Resultado<int> numeroLibre(const QString& columna, const QString& donde, int ultimo);
+  Resultado<> borrarGrupos(int seccion);
   Resultado<int> cuantos(const QString& que, std::span<const dao::Valor> valores);
 
   dao::Database& db_;
   const Textos& textos_;
   Cambios& cambios_;
+  std::function<Resultado<>(int grupo)> alIrse_;
 };
 
 // A copy of a section with its departments and articles, under a name that says that it isn't whole

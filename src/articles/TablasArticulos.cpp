@@ -29,11 +29,20 @@ CREATE TABLE IF NOT EXISTS LoteMovs AS SELECT 0 AS LOTE, 0 AS ANTES, MovsAlm.* F
 CREATE UNIQUE INDEX IF NOT EXISTS LoteMovs_Clave ON LoteMovs (LOTE, ANTES, SECCION, CODIGO, CODALM);
 )";
 
+// What a batch does, and to which articles it has yet to be done, so that one that was cut off can
+// be finished.
+constexpr QStringView kGuionPorHacer =
+    uR"(
+CREATE TABLE IF NOT EXISTS LoteOrden (LOTE INTEGER PRIMARY KEY, ORDEN TEXT);
+CREATE TABLE IF NOT EXISTS LotePorHacer (LOTE INTEGER, SECCION INTEGER, CODPLU INTEGER);
+CREATE UNIQUE INDEX IF NOT EXISTS LotePorHacer_Clave ON LotePorHacer (LOTE, SECCION, CODPLU);
+)";
+
 }  // namespace
 
 dao::TablasDeSala tablasArticulos() {
   return {.sala = QStringLiteral("articles"),
-          .pasos = {{1, kGuion.toString()}},
+          .pasos = {{1, kGuion.toString()}, {2, kGuionPorHacer.toString()}},
           .copias = {{QStringLiteral("LoteAntes"), QStringLiteral("PLUSES")},
                      {QStringLiteral("LoteDespues"), QStringLiteral("PLUSES")},
                      {QStringLiteral("LoteMovs"), QStringLiteral("MovsAlm")}}};

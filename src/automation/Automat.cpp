@@ -23,7 +23,10 @@ Automat::Interior::Interior(Automat& automat, const Taller& taller, Preguntas& q
       diario(t.db, t.textos),
       ejecutor(t, diario),
       fichero(t.textos),
-      reloj(t.reloj.temporizador([this] { vencer(); })) {
+      reloj(t.reloj.temporizador([this] { vencer(); })),
+      pronto(t.reloj.temporizador([this] {
+        if (reloj->activo()) vencer();
+      })) {
   vigilancia.vigilante = &automat;
 }
 
@@ -57,12 +60,16 @@ bool Automat::Interior::avanzar() {
   const auto total = static_cast<qint64>(pasos.size());
   if (indice < 0 || indice >= total) {
     fase = kAcabando;
+    mirarPronto();
     return false;
   }
   if (!pendiente) {
     ++indice;
     pendiente = true;
-    if (indice >= total) return false;
+    if (indice >= total) {
+      mirarPronto();
+      return false;
+    }
     if (fase == kPasoAPaso) {
       quedarEnPaso();
       return false;
@@ -78,8 +85,19 @@ bool Automat::Interior::avanzar() {
   else if (*hecho) {
     pendiente = false;
     marcar(EstadoPaso::Hecho);
+    mirarPronto();
   }
   return false;
+}
+
+// The tick is only the pace at which a wait is looked at. What follows a step that is done, or a
+// queue that became empty, has nothing to wait for.
+void Automat::Interior::mirarPronto() {
+  if (!pronto->activo()) pronto->unaVez(0);
+}
+
+void Automat::Interior::colaCambiada() {
+  if (reloj->activo() && t.motor.CuantosQuedan().total == 0) mirarPronto();
 }
 
 void Automat::Interior::quedarEnPaso() {

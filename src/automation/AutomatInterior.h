@@ -10,7 +10,7 @@
 
 namespace tarvo::automation {
 
-struct Automat::Interior {
+struct Automat::Interior final : motor::Observador {
   Interior(Automat& automat, const Taller& taller, Preguntas& quienResponde);
 
   // --- phases (Automat.cpp)
@@ -26,6 +26,8 @@ struct Automat::Interior {
   void anunciarFin();
   void decirFin();
   void empezarAborto();
+  void mirarPronto();
+  void colaCambiada() override;  // of the engine
   bool conReloj() const { return reloj->activo(); }
 
   // --- steps (AutomatPasos.cpp)
@@ -76,7 +78,7 @@ struct Automat::Interior {
   Diario diario;
   Ejecutor ejecutor;
   Traza fichero;
-  std::unique_ptr<Temporizador> reloj;
+  std::unique_ptr<Temporizador> reloj, pronto;
 
   std::vector<PasoProceso> originales, pasos;  // as loaded, and with parameters filled in
   QStringList omitidas;

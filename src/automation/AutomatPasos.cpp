@@ -108,11 +108,13 @@ void Automat::Interior::abrirMotor() {
   vigilancia.reintentos = t.ajustes.IntentosManual;
   t.motor.VigilaProcesos(vigilancia.reintentos, false, vigilancia.vigilante);
   t.motor.FijarModo(true);
+  t.motor.observar(this);
 }
 
 void Automat::Interior::soltarMotor() {
   if (!std::exchange(motorAbierto, false)) return;
   t.motor.FijarModo(false);
+  t.motor.dejarDeObservar(this);
   t.motor.VigilaProcesos(t.ajustes.IntentosManual, false, nullptr);
 }
 

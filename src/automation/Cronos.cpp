@@ -42,10 +42,10 @@ QString nombreBase(const QString& nombre) {
 struct Cronos::Interior {
   enum class Marcha { Parada = 0, EnCurso = 1, Bien = 2, Abortada = 3, Problemas = 4 };
 
-  Interior(Cronos& cronos, Automat& elAutomat, const Lenguaje& elLenguaje,
+  Interior(Cronos& cronos, Corredor elCorredor, const Lenguaje& elLenguaje,
            const Ajustes& losAjustes, Reloj& elReloj)
       : yo(cronos),
-        automat(elAutomat),
+        corredor(std::move(elCorredor)),
         lenguaje(elLenguaje),
         ajustes(losAjustes),
         reloj(elReloj),
@@ -65,7 +65,8 @@ struct Cronos::Interior {
   }
 
   Cronos& yo;
-  Automat& automat;
+  Corredor corredor;
+  Automat* automat = nullptr;  // that tells its ends by itself
   const Lenguaje& lenguaje;
   const Ajustes& ajustes;
   Reloj& reloj;
@@ -142,7 +143,7 @@ void Cronos::Interior::pasada(Fecha desde, Fecha ahora) {
         break;
       case EstadoEntrada::Vencida:
         // A process that a person runs is waited for too.
-        if (marcha == Marcha::Parada && !automat.enMarcha()) arrancar(e);
+        if (marcha == Marcha::Parada && !corredor.ocupado()) arrancar(e);
         break;
       case EstadoEntrada::Iniciada:
         if (marcha == Marcha::EnCurso) break;
@@ -187,7 +188,7 @@ void Cronos::Interior::arrancar(Entrada& e) {
   marcha = Marcha::EnCurso;
   e.estado = EstadoEntrada::Iniciada;
   if (yo.alArrancar) yo.alArrancar(e);
-  automat.PROCESO(e.pasos, horario + u".CRO"_s, e.proceso, e.omitidas);
+  corredor.correr(e, horario + u".CRO"_s);
 }
 
 // The first of the file whose hour is still to come today, or the first of all.
@@ -215,12 +216,21 @@ std::optional<Cronos::Proxima> Cronos::Interior::proximoInicio(Fecha ahora) cons
 // --- the outside --------------------------------------------------------------------------------
 
 Cronos::Cronos(Automat& automat, const Lenguaje& lenguaje, const Ajustes& ajustes, Reloj& reloj)
-    : d(std::make_unique<Interior>(*this, automat, lenguaje, ajustes, reloj)) {
+    : Cronos({.ocupado = [&automat] { return automat.enMarcha(); },
+              .correr =
+                  [&automat](const Entrada& e, const QString& traza) {
+                    automat.PROCESO(e.pasos, traza, e.proceso, e.omitidas);
+                  }},
+             lenguaje, ajustes, reloj) {
+  d->automat = &automat;
   automat.alTerminarDiferida = [this](ResultadoProceso r) { FinDeMacro(r); };
 }
 
+Cronos::Cronos(Corredor corredor, const Lenguaje& lenguaje, const Ajustes& ajustes, Reloj& reloj)
+    : d(std::make_unique<Interior>(*this, std::move(corredor), lenguaje, ajustes, reloj)) {}
+
 Cronos::~Cronos() {
-  d->automat.alTerminarDiferida = nullptr;
+  if (d->automat) d->automat->alTerminarDiferida = nullptr;
 }
 
 Resultado<> Cronos::ActivarCron(const QString& nombre) {

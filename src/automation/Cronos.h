@@ -27,9 +27,18 @@ struct Entrada {
   QStringList omitidas;  // see FicheroProceso
 };
 
+// Who runs the processes of a timetable.
+struct Corredor {
+  std::function<bool()> ocupado;  // one runs that the timetable didn't start
+  // Starts one; Cronos::FinDeMacro is called when it has ended, never from within.
+  std::function<void(const Entrada& entrada, const QString& traza)> correr;
+};
+
 class Cronos {
  public:
   Cronos(Automat& automat, const Lenguaje& lenguaje, const Ajustes& ajustes, Reloj& reloj);
+  // Without an engine of its own.
+  Cronos(Corredor corredor, const Lenguaje& lenguaje, const Ajustes& ajustes, Reloj& reloj);
   ~Cronos();
 
   // Loads the timetable of a .CRO, or of the head of an .AUT, and starts its clock.

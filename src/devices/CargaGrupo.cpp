@@ -95,21 +95,18 @@ Resultado<> Grupo::leerDepartamentos(dao::Database& db, const dao::Recordset& fi
 }
 
 Resultado<> Grupo::leerMiembros(dao::Database& db) {
-  TARVO_TOMAR(const auto filas,
-              db.consultar(u"select * from BZAS where SUGPO=? order by NMBZA", *codigo_));
-  for (dao::Recordset& fila = *filas; !fila.Eof();) {
-    Miembro m =
-        tipo_ == kGrupoRegistradoras ? Miembro(Registradora(idioma_)) : Miembro(Balanza(idioma_));
-    const int numero = std::visit(
-        [&fila](auto& maquina) {
-          maquina.LetValues(fila);
-          return maquina.Numero.value_or(0);
-        },
-        m);
-    LasBalanzas.insert_or_assign(numero, std::move(m));
-    TARVO_INTENTAR(fila.MoveNext());
-  }
-  return {};
+  return dao::recorrer(db.consultar(u"select * from BZAS where SUGPO=? order by NMBZA", *codigo_),
+                       [this](const dao::Recordset& fila) {
+                         Miembro m = tipo_ == kGrupoRegistradoras ? Miembro(Registradora(idioma_))
+                                                                  : Miembro(Balanza(idioma_));
+                         const int numero = std::visit(
+                             [&fila](auto& maquina) {
+                               maquina.LetValues(fila);
+                               return maquina.Numero.value_or(0);
+                             },
+                             m);
+                         LasBalanzas.insert_or_assign(numero, std::move(m));
+                       });
 }
 
 }  // namespace tarvo::devices

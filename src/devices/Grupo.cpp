@@ -40,9 +40,12 @@ Resultado<> Grupo::CodOperador(int n, int codigo) {
     *o = {};
     return {};
   }
-  TARVO_TOMAR(const auto nombre, nombreOperador(codigo));
+  // Without the table nothing is known of the name, and the one that is there stays.
+  if (operadores_) {
+    TARVO_TOMAR(auto nombre, nombreOperador(codigo));
+    o->nombre = std::move(nombre);
+  }
   o->codigo = codigo;
-  o->nombre = nombre;
   return {};
 }
 

@@ -20,18 +20,17 @@ float tasaDe(const dao::Recordset& fila, int departamento) {
 }  // namespace
 
 Resultado<ivasDep> ivasDep::leer(dao::Database& db) {
-  TARVO_TOMAR(const auto filas, db.OpenQuery(u"select * from Grupos"));
   ivasDep tabla;
-  for (dao::Recordset& fila = *filas; !fila.Eof();) {
-    Fila f;
-    int tipo = 1;
-    leerColumna(fila, u"CODGPO", f.grupo);
-    leerColumna(fila, u"tipo", tipo);
-    const int ultimo = std::min(MaxDepartamentos(tipo), kDepartamentos);
-    for (int n = 1; n <= ultimo; ++n) f.tasas[static_cast<size_t>(n - 1)] = tasaDe(fila, n);
-    tabla.grupos_.push_back(f);
-    TARVO_INTENTAR(fila.MoveNext());
-  }
+  TARVO_INTENTAR(
+      dao::recorrer(db.consultar(u"select * from Grupos"), [&tabla](const dao::Recordset& fila) {
+        Fila f;
+        int tipo = 1;
+        leerColumna(fila, u"CODGPO", f.grupo);
+        leerColumna(fila, u"tipo", tipo);
+        const int ultimo = std::min(MaxDepartamentos(tipo), kDepartamentos);
+        for (int n = 1; n <= ultimo; ++n) f.tasas[static_cast<size_t>(n - 1)] = tasaDe(fila, n);
+        tabla.grupos_.push_back(f);
+      }));
   return tabla;
 }
 

@@ -8,13 +8,8 @@ namespace tarvo::stock {
 namespace {
 
 Resultado<std::vector<int>> codigos(dao::Database& db, QStringView sql, int almacen) {
-  TARVO_TOMAR(auto rs, db.consultar(sql, almacen));
-  std::vector<int> v;
-  while (!rs->Eof()) {
-    v.push_back(static_cast<int>(rs->entero(0)));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return v;
+  return dao::reunir(db.consultar(sql, almacen),
+                     [](const dao::Recordset& fila) { return static_cast<int>(fila.entero(0)); });
 }
 
 dao::Valor valorDe(std::optional<Fecha> f) {
@@ -84,7 +79,8 @@ Resultado<std::vector<int>> Almacen::PedidosInvolucrados() {
                  fila_.CODALM);
 }
 Resultado<std::vector<int>> Almacen::AlbaranesInvolucrados() {
-  return codigos(*db_, u"select NUMALB from ALBA_CAB where Almacen=? order by NUMALB",
+  // A transfer names two.
+  return codigos(*db_, u"select NUMALB from ALBA_CAB where ? in (Almacen, Origen) order by NUMALB",
                  fila_.CODALM);
 }
 
@@ -99,9 +95,9 @@ Resultado<bool> Almacen::Inicializar(int modo) {
   TARVO_TOMAR(
       const auto n,
       db_->ejecutar(
-          QStringLiteral("update MovsAlm set Inicial=%1, Entrada=0, Compra=0, Salida=0, Venta=0, "
-                         "Merma=0, tag=Null where CODALM=?")
-              .arg(inicial),
+          dao::conMarcas(u"update MovsAlm set Inicial={inicial}, Entrada=0, Compra=0, Salida=0, "
+                         u"Venta=0, Merma=0, tag=Null where CODALM=?",
+                         {{u"inicial", inicial}}),
           fila_.CODALM));
   if (n == 0) return false;
   TARVO_INTENTAR(borrarCeros(*db_, fila_.CODALM));

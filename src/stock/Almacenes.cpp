@@ -33,16 +33,12 @@ struct GrupoSuelto {
   QString nombre;
 };
 Resultado<std::vector<GrupoSuelto>> gruposSinAlmacen(dao::Database& db) {
-  TARVO_TOMAR(
-      auto rs,
+  return dao::reunir(
       db.consultar(
-          u"select CODGPO, NOMGPO from GRUPOS where coalesce(Almacen, 0)=0 order by CODGPO"));
-  std::vector<GrupoSuelto> v;
-  while (!rs->Eof()) {
-    v.push_back({static_cast<int>(rs->entero(0)), rs->texto(1)});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return v;
+          u"select CODGPO, NOMGPO from GRUPOS where coalesce(Almacen, 0)=0 order by CODGPO"),
+      [](const dao::Recordset& fila) {
+        return GrupoSuelto{static_cast<int>(fila.entero(0)), fila.texto(1)};
+      });
 }
 
 }  // namespace
@@ -71,15 +67,11 @@ Resultado<> Almacenes::asegurar() {
 }
 
 Resultado<std::vector<Almacenes::Fila>> Almacenes::Lista() {
-  TARVO_TOMAR(auto rs,
-              db_.consultar(u"select CODALM, NOMALM, FCHINI, FCHREG from ALMACEN order by CODALM"));
-  std::vector<Fila> v;
-  while (!rs->Eof()) {
-    const dao::Recordset& r = *rs;
-    v.push_back({static_cast<int>(r.entero(0)), r.texto(1), fechaDe(r, 2), fechaDe(r, 3)});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return v;
+  return dao::reunir(
+      db_.consultar(u"select CODALM, NOMALM, FCHINI, FCHREG from ALMACEN order by CODALM"),
+      [](const dao::Recordset& r) {
+        return Fila{static_cast<int>(r.entero(0)), r.texto(1), fechaDe(r, 2), fechaDe(r, 3)};
+      });
 }
 
 Resultado<std::optional<Almacen>> Almacenes::almacen(int codigo) {

@@ -25,22 +25,16 @@ struct Linea {
   std::optional<qint64> coste;
 };
 Resultado<std::vector<Linea>> leerLineas(dao::Database& db, qint64 numero) {
-  TARVO_TOMAR(
-      auto rs,
-      db.consultar(
-          u"select ALBA_LIN.SECCION, ALBA_LIN.CODIGO, coalesce(UNIDS, 0)+coalesce(PESO, 0), STOCK, "
-          u"COSTE "
-          u"from ALBA_LIN left join STOCKPLU on ALBA_LIN.SECCION=STOCKPLU.SECCION and "
-          u"ALBA_LIN.CODIGO=STOCKPLU.CODIGO where NUMALB=?",
-          numero));
-  std::vector<Linea> v;
-  while (!rs->Eof()) {
-    const dao::Recordset& r = *rs;
-    v.push_back({static_cast<int>(r.entero(0)), r.entero(1), r.entero(2), r.entero(3),
-                 r.nulo(4) ? std::nullopt : std::optional(r.entero(4))});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return v;
+  return dao::reunir(
+      db.consultar(u"select ALBA_LIN.SECCION, ALBA_LIN.CODIGO, coalesce(UNIDS, 0)+coalesce(PESO, "
+                   u"0), STOCK, COSTE from ALBA_LIN left join STOCKPLU on "
+                   u"ALBA_LIN.SECCION=STOCKPLU.SECCION and ALBA_LIN.CODIGO=STOCKPLU.CODIGO where "
+                   u"NUMALB=?",
+                   numero),
+      [](const dao::Recordset& r) {
+        return Linea{static_cast<int>(r.entero(0)), r.entero(1), r.entero(2), r.entero(3),
+                     r.nulo(4) ? std::nullopt : std::optional(r.entero(4))};
+      });
 }
 
 // The mean of what is there and what comes; nothing where there is nothing to divide by, and a mean

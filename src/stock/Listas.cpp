@@ -14,11 +14,11 @@ const QString kDeTodos = QStringLiteral(
 QString condicion(int vista) {
   switch (vista) {
     case 1:
-      return QStringLiteral(" and coalesce(c0+c1+c2-c3-c4-c5, 0)<>0");
+      return QStringLiteral("coalesce(c0+c1+c2-c3-c4-c5, 0)<>0");
     case 2:
-      return QStringLiteral(" and (c0<>0 or c1<>0 or c2<>0 or c3<>0 or c4<>0 or c5<>0)");
+      return QStringLiteral("(c0<>0 or c1<>0 or c2<>0 or c3<>0 or c4<>0 or c5<>0)");
     default:
-      return {};
+      return QStringLiteral("1=1");
   }
 }
 
@@ -36,21 +36,15 @@ Almacenes::FilaStock filaDe(const dao::Recordset& r) {
 Resultado<std::vector<Almacenes::FilaStock>> listarStock(dao::Database& db,
                                                          std::optional<int> almacen,
                                                          const Vista& como) {
-  const QString sql =
-      QStringLiteral(
-          "select PLUSES.SECCION, CODPLU, NOMPLU, CADA, c0, c1, c2, c3, c4, c5 "
-          "from PLUSES left join (%1) m on PLUSES.SECCION=m.S and PLUSES.CODPLU=m.C "
-          "where (?<=0 or PLUSES.SECCION=?)%2 order by %3")
-          .arg(almacen ? kDeUno : kDeTodos, condicion(como.vista),
-               como.orden == 1 ? QStringLiteral("NOMPLU, PLUSES.SECCION, CODPLU")
-                               : QStringLiteral("PLUSES.SECCION, CODPLU"));
-  TARVO_TOMAR(auto rs, db.consultar(sql, almacen.value_or(-1), como.seccion, como.seccion));
-  std::vector<Almacenes::FilaStock> v;
-  while (!rs->Eof()) {
-    v.push_back(filaDe(*rs));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return v;
+  const QString sql = dao::conMarcas(
+      u"select PLUSES.SECCION, CODPLU, NOMPLU, CADA, c0, c1, c2, c3, c4, c5 "
+      u"from PLUSES left join ({existencias}) m on PLUSES.SECCION=m.S and PLUSES.CODPLU=m.C "
+      u"where (?<=0 or PLUSES.SECCION=?) and {vista} order by {orden}",
+      {{u"existencias", almacen ? kDeUno : kDeTodos},
+       {u"vista", condicion(como.vista)},
+       {u"orden", como.orden == 1 ? QStringLiteral("NOMPLU, PLUSES.SECCION, CODPLU")
+                                  : QStringLiteral("PLUSES.SECCION, CODPLU")}});
+  return dao::reunir(db.consultar(sql, almacen.value_or(-1), como.seccion, como.seccion), filaDe);
 }
 
 }  // namespace tarvo::stock

@@ -4,25 +4,26 @@ namespace tarvo::stock {
 
 namespace {
 
-// `cambio` is what becomes of a counter that is there, @ being the counter and ? the value.
+// `cambio` is what becomes of a counter that is there, {campo} being the counter and ? the value.
 Resultado<qint64> escribirContador(dao::Database& db, const Casilla& d, int contador, qint64 valor,
-                                   const QString& cambio) {
+                                   QStringView cambio) {
   const QString campo = QString::fromUtf16(kContadores[static_cast<size_t>(contador)]);
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db));
   auto filas = db.ejecutar(
-      QStringLiteral("UPDATE MovsAlm SET %1=%2 WHERE CODALM=? AND SECCION=? AND CODIGO=?")
-          .arg(campo, QString(cambio).replace(u'@', campo)),
+      dao::conMarcas(
+          u"UPDATE MovsAlm SET {campo}={cambio} WHERE CODALM=? AND SECCION=? AND CODIGO=?",
+          {{u"campo", campo}, {u"cambio", dao::conMarcas(cambio, {{u"campo", campo}})}}),
       valor, d.almacen, d.seccion, d.codigo);
   if (!filas) return filas;
   if (*filas == 0) {
     QStringList ceros;
     for (int i = 0; i < 6; ++i)
       ceros << (i == contador ? QStringLiteral("?") : QStringLiteral("0"));
-    filas = db.ejecutar(QStringLiteral("INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Inicial, "
-                                       "Entrada, Compra, Salida, Venta, Merma) "
-                                       "VALUES (?, ?, ?, %1)")
-                            .arg(ceros.join(u", ")),
-                        d.almacen, d.seccion, d.codigo, valor);
+    filas = db.ejecutar(
+        dao::conMarcas(u"INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Inicial, Entrada, Compra, "
+                       u"Salida, Venta, Merma) VALUES (?, ?, ?, {contadores})",
+                       {{u"contadores", ceros.join(u", ")}}),
+        d.almacen, d.seccion, d.codigo, valor);
     if (!filas) return filas;
   }
   TARVO_INTENTAR(t.confirmar());
@@ -32,22 +33,22 @@ Resultado<qint64> escribirContador(dao::Database& db, const Casilla& d, int cont
 }  // namespace
 
 Resultado<> moverContador(dao::Database& db, const Casilla& donde, int contador, qint64 cantidad) {
-  TARVO_INTENTAR(
-      escribirContador(db, donde, contador, cantidad, QStringLiteral("coalesce(@, 0)+?")));
+  TARVO_INTENTAR(escribirContador(db, donde, contador, cantidad, u"coalesce({campo}, 0)+?"));
   return {};
 }
 
 Resultado<qint64> fijarContador(dao::Database& db, const Casilla& donde, int contador,
                                 qint64 valor) {
-  return escribirContador(db, donde, contador, valor, QStringLiteral("?"));
+  return escribirContador(db, donde, contador, valor, u"?");
 }
 
 Resultado<> borrarCeros(dao::Database& db, int almacen) {
   QStringList ceros;
   for (const char16_t* c : kContadores) ceros << QStringLiteral("coalesce(%1, 0)=0").arg(c);
-  TARVO_INTENTAR(db.ejecutar(QStringLiteral("DELETE FROM MovsAlm WHERE (?<0 OR CODALM=?) AND %1")
-                                 .arg(ceros.join(u" AND ")),
-                             almacen, almacen));
+  TARVO_INTENTAR(
+      db.ejecutar(dao::conMarcas(u"DELETE FROM MovsAlm WHERE (?<0 OR CODALM=?) AND {ceros}",
+                                 {{u"ceros", ceros.join(u" AND ")}}),
+                  almacen, almacen));
   return {};
 }
 

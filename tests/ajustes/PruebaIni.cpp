@@ -36,8 +36,16 @@ struct Vuelta {
 const Vuelta kVueltas[] = {
     {"  tImEoUt  =  500  ", "TimeOut", "500"},
     {"TimeOut= 12abc", "TimeOut", "12"},
-    {"TimeOut= -5", "TimeOut", "0"},
-    {"TimeOut= 99999999999", "TimeOut", "600000"},
+    {"TimeOut= -5", "TimeOut", "10000"},
+    {"TimeOut= 99999999999", "TimeOut", "10000"},
+    {"TimeACK= 0", "TimeACK", "2000"},
+    {"FactorEsperaNDL= 0", "FactorEsperaNDL", "0"},
+    {"TimeCero= 950400000", "TimeCero", "150000"},
+    {"IntentosManual= 9999999", "IntentosManual", "0"},
+    {"Intentos(1)= 9999999", "Intentos(1)", "4"},
+    {"ATHang(1)= -1", "ATHang(1)", "10000"},
+    {"MonedaNativa= pepe", "MonedaNativa", "1"},
+    {"PrefijoCódigos= a1", "PrefijoCódigos", "A1"},
     {"WhoAmI= nada", "WhoAmI", "0"},
     {"WhoAmI= 99999", "WhoAmI", "32767"},
     {"NúMEROPEDIDO=7", "NúmeroPedido", "7"},
@@ -73,8 +81,13 @@ const Vuelta kVueltas[] = {
     {"Personal(2000000000)=Uno|UNO", "Personal(1)", "(no está)"},
     {"RutaPuerto(2)=/dev/ttyUSB0", "RutaPuerto(2)", "/dev/ttyUSB0"},
     {"RutaPuerto(17)=/dev/ttyUSB0", "RutaPuerto(17)", "(no está)"},
-    {"HomeDir=", "HomeDir", "/tienda"},
-    {"HomeDir=Datos\\Noche", "HomeDir", "/tienda/Datos/Noche"},
+    {"HomeDir=", "HomeDir", "."},
+    {"HomeDir=Datos\\Noche", "HomeDir", "Datos/Noche"},
+    {"HomeDir=/tienda", "HomeDir", "."},
+    {"BaseDatos=/tienda/sub/../x.mdb", "BaseDatos", "x.mdb"},
+    {"BaseDatos=/tienda2/x.mdb", "BaseDatos", "/tienda2/x.mdb"},
+    {"AceptaOtroCodigo=1", "AceptaOtroCodigo", "1"},
+    {"AceptaOtroCodigo=x", "AceptaOtroCodigo", "(no está)"},
     {"BaseDatos=/otra/Base.mdb", "BaseDatos", "/otra/Base.mdb"},
 };
 
@@ -85,6 +98,31 @@ TEST(Ini, CadaClaveVuelveComoDebe) {
     EXPECT_EQ(linea(leidos(QString::fromUtf8(v.entra)), QString::fromUtf8(v.clave)),
               QString::fromUtf8(v.sale))
         << v.entra;
+}
+
+// What isn't understood is named, with what counts instead; all that the file may hold is not.
+TEST(Ini, LoQueNoSeEntiendeSeNombra) {
+  const std::pair<const char*, const char*> dudosas[] = {
+      {"TimeOut= 12abc", "12"},    {"TimeACK= 0", "2000"},     {"MonedaNativa= pepe", "1"},
+      {"MonedaNativa= 300", "1"},  {"WhoAmI= 99999", "32767"}, {"InicioHorario= 25:00", "08:00"},
+      {"Espera(1)= mucho", "40"},  {"Euro= caro", "0.000000"}, {"CalculoPrecios= quizá|5", "No|5"},
+      {"EnviarCambios= 1", "1|0"}, {"Monedero= 3", ""},        {"TimeOut 500", ""},
+      {"Puerto(x)= 3", ""},        {"Puerto(9)= 3", ""},       {"; una nota", ""},
+  };
+  for (const auto& [entra, vale] : dudosas) {
+    const Ajustes a = leidos(QString::fromUtf8(entra));
+    ASSERT_EQ(a.dudas.size(), 1U) << entra;
+    EXPECT_EQ(a.dudas[0].linea, QString::fromUtf8(entra));
+    EXPECT_EQ(a.dudas[0].vale, QString::fromUtf8(vale)) << entra;
+  }
+  for (const Idioma idioma : {Idioma::Espanol, Idioma::F, Idioma::P}) {
+    Ajustes propio(kCarpeta, idioma, *Fecha::leer(u"05/03/2005 21:30:00"));
+    propio.personal = {{QStringLiteral("La noche"), QStringLiteral("NOCHE")}};
+    propio.RutaPuerto[2] = QStringLiteral("/dev/ttyUSB0");
+    const Ajustes otra = leidos(propio.escribir(), idioma);
+    for (const auto& d : otra.dudas) ADD_FAILURE() << d.linea.toStdString();
+    EXPECT_TRUE(otra.monedaLeida);
+  }
 }
 
 TEST(Ini, LasClavesVanEnSuOrdenConSusLineasEnBlanco) {

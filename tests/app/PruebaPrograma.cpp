@@ -1,4 +1,6 @@
 // What the program answers to its command line: the exit status, and a word of what it says.
+#include <unistd.h>
+
 #include "app/Ordenes.h"
 #include "app/Programa.h"
 #include "core/esquema/Esquema.h"
@@ -19,6 +21,9 @@ struct Caso {
 // A process that never ends by itself: the question of a task that no channel can serve.
 const QByteArray kEsperaSinFin =
     "00:00:00;No,No,No,No,No,No,No;@\r\n@INICIO BATCH\r\nN:x\r\n@FINAL BATCH\r\n";
+
+// One that takes a long while, half a second a step.
+const QByteArray kLargo = QByteArray("P:LIMPIAR\r\n").repeated(500);
 
 }  // namespace
 
@@ -46,6 +51,8 @@ TEST_F(Programa, TablaDeLineasDeOrdenes) {
       {{kSinVentana, "VACIO", "--idioma"}, 64, u"--idioma"},
       {{kSinVentana, "VACIO", "--idioma", "xx"}, 64, u"xx"},
       {{kSinVentana, "VACIO", "--dato", "%1"}, 64, u"%1"},
+      {{kSinVentana, "VACIO", "--espera", "mucho"}, 64, u"mucho"},
+      {{kSinVentana, "VACIO", "--espera", "-1"}, 64, u"-1"},
       {{kSinVentana, "VACIO", "--dato", "x1=3"}, 64, u"x1=3"},
       {{kSinVentana, "--cuadre"}, 64, u"--cuadre"},
       {{kSinVentana, "--carpeta", "no/hay", "VACIO"}, 4, u"no/hay"},
@@ -141,19 +148,95 @@ TEST_F(Programa, LoQueNoSePuedeAbrirEsCuatro) {
   espera(u"escribir");
 }
 
-TEST_F(Programa, UnaSegundaNoEntraHastaQueMuereLaPrimera) {
-  poner(QStringLiteral("C.AUT"), kEsperaSinFin);
+// Two processes at once, from wherever one looks at the database: the second waits its turn, and
+// gives up when it was told not to wait.
+TEST_F(Programa, UnaBaseEsDeUnSoloProceso) {
+  poner(QStringLiteral("L.AUT"), kLargo);
   poner(QStringLiteral("V.AUT"), "");
+  ASSERT_EQ(correrAqui({kSinVentana, "V"}).estado, 0);
+  QDir(dir.path()).mkpath(QStringLiteral("otra"));
+  QDir(dir.path()).mkpath(QStringLiteral("enlazada"));
+  QDir(dir.path()).mkpath(QStringLiteral("dura"));
+  poner(QStringLiteral("otra/TARVO.INI"), "BaseDatos= ../TARVO.MDB\r\n");
+  QFile::link(en(QStringLiteral("TARVO.MDB")), en(QStringLiteral("enlazada/TARVO.MDB")));
+  ASSERT_EQ(::link(QFile::encodeName(en(QStringLiteral("TARVO.MDB"))).constData(),
+                   QFile::encodeName(en(QStringLiteral("dura/TARVO.MDB"))).constData()),
+            0);
   QProcess primera;
   QByteArray salida;
-  arrancar(primera, {QStringLiteral("--carpeta"), dir.path(), kSinVentana, QStringLiteral("C")});
-  ASSERT_TRUE(esperar(primera, "en marcha", salida)) << salida.toStdString();
-  const Fin segunda = correrAqui({kSinVentana, "V"});
-  EXPECT_EQ(segunda.estado, 4);
-  EXPECT_TRUE(segunda.errores.contains(u"Otro TARVO"));
+  arrancar(primera, {QStringLiteral("--carpeta"), dir.path(), kSinVentana, QStringLiteral("L")});
+  ASSERT_TRUE(esperar(primera, "iniciada", salida)) << salida.toStdString();
+  for (const char16_t* desde : {u"", u"otra", u"enlazada", u"dura"}) {
+    const QString carpeta = en(QString::fromUtf16(desde));
+    poner(QDir(dir.path()).relativeFilePath(carpeta + QStringLiteral("/V.AUT")), "");
+    const Fin fin = correr({"--carpeta", carpeta, kSinVentana, "--espera", "0", "V"});
+    EXPECT_EQ(fin.estado, 4) << carpeta.toStdString();
+    EXPECT_TRUE(fin.errores.contains(u"Otro TARVO")) << fin.errores.toStdString();
+  }
+  QProcess segunda;
+  QByteArray suya;
+  arrancar(segunda, {QStringLiteral("--carpeta"), en(QStringLiteral("otra")), kSinVentana,
+                     QStringLiteral("V")});
+  EXPECT_FALSE(segunda.waitForFinished(1500));
   primera.kill();
   primera.waitForFinished();
-  EXPECT_EQ(correrAqui({kSinVentana, "V"}).estado, 0);
+  EXPECT_EQ(acabar(segunda).estado, 0);
+}
+
+// A folder takes its database along wherever it is copied.
+TEST_F(Programa, UnaCopiaDeLaCarpetaTieneSuBase) {
+  poner(QStringLiteral("V.AUT"), "");
+  ASSERT_EQ(correrAqui({kSinVentana, "V"}).estado, 0);
+  QDir(dir.path()).mkpath(QStringLiteral("copia"));
+  for (const QString& nombre : {QStringLiteral("TARVO.INI"), QStringLiteral("V.AUT")})
+    QFile::copy(en(nombre), en(QStringLiteral("copia/") + nombre));
+  ASSERT_EQ(correr({"--carpeta", en(QStringLiteral("copia")), kSinVentana, "V"}).estado, 0);
+  EXPECT_TRUE(QFile::exists(en(QStringLiteral("copia/TARVO.MDB"))));
+  EXPECT_TRUE(QFile::exists(en(QStringLiteral("copia/V.TZA"))));
+}
+
+// A timetable holds nothing while it waits for its hours.
+TEST_F(Programa, UnHorarioNoEstorbaMientrasEspera) {
+  poner(QStringLiteral("C.AUT"), kEsperaSinFin);
+  poner(QStringLiteral("V.AUT"), "");
+  QProcess horario;
+  QByteArray salida;
+  arrancar(horario, {QStringLiteral("--carpeta"), dir.path(), kSinVentana, QStringLiteral("C")});
+  ASSERT_TRUE(esperar(horario, "en marcha", salida)) << salida.toStdString();
+  EXPECT_EQ(correrAqui({kSinVentana, "--espera", "0", "V"}).estado, 0);
+}
+
+// What of the settings wasn't understood is a problem of the night, and its value counts for
+// nothing where it would change the books.
+TEST_F(Programa, LosAjustesQueNoSeEntiendenSeDicen) {
+  struct Mala {
+    QByteArray antes, ahora;
+    const char16_t* dice;  // nothing: a good one
+    QByteArray queda;
+  };
+  const Mala casos[] = {
+      {"MonedaNativa= 0", "MonedaNativa= pepe", u"«MonedaNativa= pepe»; vale 0", "MonedaNativa= 0"},
+      {"MonedaNativa= 0", "", nullptr, "MonedaNativa= 0"},
+      {"MonedaNativa= 0", "MonedaNativa= 1", nullptr, "MonedaNativa= 1"},
+      {"", "MonedaNativa= pepe", u"«MonedaNativa= pepe»; vale 1", "MonedaNativa= 1"},
+      {"", "TimeCero= 999999999", u"«TimeCero= 999999999»; vale 150000", "TimeCero= 150000"},
+      {"", "Monedero= 3", u"«Monedero= 3»; no se tiene en cuenta", "MonedaNativa= 1"},
+  };
+  poner(QStringLiteral("V.AUT"), "N:nada\r\n");
+  for (const Mala& c : casos) {
+    QFile::remove(en(QStringLiteral("TARVO.MDB")));
+    for (const QByteArray& ini : {c.antes, c.ahora}) {
+      poner(QStringLiteral("TARVO.INI"), ini + "\r\n");
+      QFile::remove(en(QStringLiteral("V.TZA")));
+      const Fin fin = correrAqui({kSinVentana, "V"});
+      const bool mala = ini == c.ahora && c.dice;
+      EXPECT_EQ(fin.estado, mala ? 1 : 0) << ini.toStdString() << fin.salida.toStdString();
+      EXPECT_TRUE(!mala || fin.salida.contains(QStringView(c.dice))) << fin.salida.toStdString();
+      EXPECT_EQ(ver(QStringLiteral("V.TZA")).contains("no se entiende"), mala);
+    }
+    EXPECT_TRUE(ver(QStringLiteral("TARVO.INI")).contains("\r\n" + c.queda + "\r\n"))
+        << c.ahora.toStdString();
+  }
 }
 
 TEST_F(Programa, UnaSenalParaEnOrden) {
@@ -171,9 +254,7 @@ TEST_F(Programa, UnaSenalParaEnOrden) {
 }
 
 TEST_F(Programa, UnaSenalAbortaElProcesoEnMarcha) {
-  QByteArray largo;
-  for (int i = 0; i < 500; ++i) largo += "P:LIMPIAR\r\n";
-  poner(QStringLiteral("LARGO.AUT"), largo);
+  poner(QStringLiteral("LARGO.AUT"), kLargo);
   QProcess p;
   QByteArray salida;
   arrancar(p, {QStringLiteral("--carpeta"), dir.path(), kSinVentana, QStringLiteral("LARGO")});

@@ -2,6 +2,7 @@
 // operators.
 
 #include "Tienda.h"
+#include "articles/BorradoSeccion.h"
 #include "articles/Busqueda.h"
 #include "articles/CodigoBarras.h"
 #include "articles/Existencias.h"
@@ -173,6 +174,58 @@ TEST(Secciones, LaCopiaYLaBorrada) {
       t.leer(
           u"select (select count(*) from Sesiones), (select count(*) from OFERTAS), (select count(*) from PLUSES), (select count(*) from GRUPOS)"_s),
       u"0 0 3 1");
+}
+
+// Deleted with a copy of all beside it, and brought back as it was; what is another's now stays so.
+TEST(Secciones, UnaBorradaVuelveEntera) {
+  Tienda t;
+  t.sql(u"insert into BZAS (SUGPO, NMBZA) values (1, 0)"_s);
+  t.sql(u"insert into Sesiones (CODGPO) values (4)"_s);
+  t.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (1, 3, 10, 7)"_s);
+  t.sql(u"insert into MovsAlm (CODALM, SECCION, CODIGO, Inicial) values (0, 3, 10, 500)"_s);
+  Precios p = t.articulo(3, 10).precios;
+  p[0][0] = 1;
+  bien(t.catalogo.ponerPrecios({3, 10}, p, u"V"_s));
+  const auto todo = [&] {
+    QString s;
+    for (const char* que :
+         {"* from SECCS order by 1", "* from DEPTS order by 1, 2", "* from PLUSES order by 1, 2",
+          "* from GRUPOS order by CODGPO", "* from BZAS", "* from Sesiones", "* from OFERTAS",
+          "* from MovsAlm", "SECCION, CODPLU, AHORA, QUIEN from HistoriaPrecios",
+          "* from [Cross] order by 1, 2, 3"})
+      s += t.leer(u"select "_s + QString::fromLatin1(que)) + u'\n';
+    return s.toStdString();
+  };
+  const auto va = bien(t.secciones.loQueSeVa(3));
+  EXPECT_EQ(std::tuple(va.cuentas.plus, va.cuentas.depts, va.cuentas.grupos, va.maquinas,
+                       va.ofertas, va.existencias, va.historia),
+            std::tuple(3, 2, 4, 1, 1, 1, 1));
+  EXPECT_FALSE(va.vacia());
+  QStringList idos;
+  t.secciones.alIrseUnGrupo([&](int grupo) -> Resultado<> {
+    idos << QString::number(grupo) + t.leer(u"select count(*) from GRUPOS"_s);
+    return {};
+  });
+  const std::string antes = todo();
+  BorradoSeccion ida(*t.db, t.secciones, t.textos, 3);
+  const QString copia = bien(ida.borrar(t.carpeta.path(), t.reloj.ahora()));
+  EXPECT_EQ(idos.join(u' '), u"15 25 35 45") << "each, while it is still there";
+  EXPECT_EQ(t.leer(u"select NMSECC from SECCS"_s), u"7");
+  EXPECT_EQ(
+      bien(bien(dao::Database::OpenDatabase(copia))->uno(u"select count(*) from SECCS")).entero(),
+      2);
+  bien(ida.reponer());
+  EXPECT_EQ(todo(), antes);
+
+  bien(ida.borrar(t.carpeta.path(), t.reloj.ahora() + 1));
+  t.sql(u"insert into SECCS (NMSECC, NOMSEC) values (9, 'OTRA')"_s);
+  t.sql(u"insert into GRUPOS (CODGPO, SECCION, TIPO) values (4, 9, 1)"_s);
+  EXPECT_EQ(ida.reponer().error().clase, Fallo::Duplicado);
+  EXPECT_EQ(t.leer(u"select NMSECC from SECCS order by 1"_s), u"7 | 9") << "nothing by halves";
+  // Without its copy nothing goes.
+  BorradoSeccion otra(*t.db, t.secciones, t.textos, 7);
+  EXPECT_FALSE(otra.borrar(t.ruta(u"no/hay"_s), t.reloj.ahora()));
+  EXPECT_EQ(t.leer(u"select NMSECC from SECCS order by 1"_s), u"7 | 9");
 }
 
 TEST(Secciones, NumerosYNombres) {

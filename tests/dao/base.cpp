@@ -210,8 +210,14 @@ TEST_F(BasePrueba, TrasPerderLaTransaccionNadaSeEscribeFueraDeElla) {
 TEST_F(BasePrueba, CopiaLoConfirmadoEnteroOnada) {
   const Puntero db = nueva(ruta("t.mdb"));
   ASSERT_TRUE(db->Execute(u"insert into T (n) values (1)"));
-  escribir("copia.mdb", "vieja");
-  escribir("copia.mdb-wal", "vieja");
+  {
+    // An older copy whose program died: what its journal holds is none of the new one's.
+    const Puntero vieja = nueva(ruta("copia.mdb"));
+    for (int n = 0; n < 5; ++n) ASSERT_TRUE(vieja->Execute(u"insert into T (n) values (9)"));
+    ASSERT_TRUE(QFile::copy(ruta("copia.mdb-wal"), ruta("diario")));
+  }
+  QFile::remove(ruta("copia.mdb-wal"));
+  ASSERT_TRUE(QFile::rename(ruta("diario"), ruta("copia.mdb-wal")));
   ASSERT_TRUE(db->BeginTrans());
   ASSERT_TRUE(db->Execute(u"insert into T (n) values (2)"));
   const auto r = db->copiarEn(ruta("copia.mdb"));
@@ -222,6 +228,13 @@ TEST_F(BasePrueba, CopiaLoConfirmadoEnteroOnada) {
   EXPECT_EQ(filas(**copia), 1);
   EXPECT_FALSE(db->copiarEn(ruta("no/hay/copia.mdb")));
   EXPECT_EQ(QDir(carpeta.path()).entryList({"*.nueva*"}).size(), 0);
+}
+
+// What is confirmed is on the disk, not on its way there.
+TEST_F(BasePrueba, LoConfirmadoLlegaAlDisco) {
+  constexpr qint64 kEntero = 2;
+  const Puntero db = nueva(ruta("t.mdb"));
+  EXPECT_EQ(db->uno(u"SELECT synchronous FROM pragma_synchronous").value_or(-1).entero(), kEntero);
 }
 
 TEST_F(BasePrueba, UnaSentenciaSeGuardaYLigaSusValores) {

@@ -76,8 +76,11 @@ TEST_F(BaseGrupos, LoGuardadoVuelveIgual) {
   EXPECT_EQ(g.Operador(1), u"Ana");
   const auto guardado = g.SaveAs(*db, 5, QStringLiteral("Cinco"));
   ASSERT_TRUE(guardado) << guardado.error().texto.toStdString();
-  const Grupo v = leer(5);
+  Grupo v = leer(5);
   EXPECT_EQ(v.Telefono, g.Telefono);
+  EXPECT_EQ(v.Operador(1), u"Ana");
+  // Without the table of operators a name is neither found nor lost.
+  ASSERT_TRUE(v.CodOperador(1, 12));
   EXPECT_EQ(v.Operador(1), u"Ana");
   EXPECT_EQ(v.CodOperador(2), 99);
   EXPECT_EQ(v.Operador(2), u"");

@@ -49,6 +49,25 @@ TEST_F(Deudas, OtraPreguntaContestadaLasSalda) {
   EXPECT_EQ(tramasEnviadas(), 4U);
 }
 
+// So does one that goes out again since the machine said its last frame once more.
+TEST_F(Deudas, TrasUnaTramaRepetidaTambienSeDebe) {
+  auto& e = abierto(kVekMotor);
+  e.Enviar(0, 10, "UNO");
+  cable().entra(ack + vek(5, 10, "SI"));
+  e.Enviar(0, 100, "A", kLimpia);
+  cable().entra(ack + vek(5, 10, "SI"));
+  reloj.avanzar(15000);
+  EXPECT_EQ(tramasEnviadas(), 3U);
+  motor.nuevo();
+  cable().entra(ack + vek(6, 100));
+  EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 100");
+  EXPECT_TRUE(e.Repetida());
+  e.Enviar(0, 100, "B", kLimpia);
+  EXPECT_EQ(tramasEnviadas(), 3U);
+  reloj.avanzar(ajustes.TimeOut);
+  EXPECT_EQ(tramasEnviadas(), 4U);
+}
+
 // Its answer may come whenever it likes, also behind that of another question.
 TEST_F(Deudas, UnSilencioSoloLoSaldaLaLineaCallada) {
   auto& e = abierto(kVekMotor);

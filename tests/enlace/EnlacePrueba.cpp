@@ -253,7 +253,7 @@ TEST_F(Enlace, LosCrucesDentroDeLos10ms) {
     EXPECT_EQ(motor.nuevo(), caso.motor);
     EXPECT_EQ(captura.nuevo(), caso.captura);
     EXPECT_EQ((enlaces[0] ? enlaces[0]->AbiertoPara() : 0), caso.quedaPara);
-    enlaces.abandonar(0);
+    enlaces.abandonar(0, &motor, &captura);
   }
 }
 
@@ -265,7 +265,7 @@ TEST_F(Enlace, ElSegundoLlegaMientrasElPrimeroAbre) {
     reloj.avanzar(20);
     EXPECT_EQ(motor.nuevo(), QStringView(razon ? u"Abrir 4" : u"Abrir 0"));
     EXPECT_EQ(captura.nuevo(), QStringView(razon ? u"Abrir 4" : u"Abrir 0"));
-    enlaces.abandonar(0);
+    enlaces.abandonar(0, &motor, &captura);
   }
 }
 
@@ -279,20 +279,49 @@ TEST_F(Enlace, UnaCaidaLaOyenLosDos) {
   EXPECT_EQ(captura.nuevo(), u"Cerrar 20");
 }
 
+TEST_F(Enlace, LoQueUnoSueltaLoOyeElOtro) {
+  const std::tuple<const enlace::ClienteEnlace*, const enlace::ClienteLinea*, QStringView,
+                   QStringView>
+      casos[] = {{&motor, nullptr, u"", u"Cerrar 20"},
+                 {nullptr, &captura, u"Cerrar 20", u""},
+                 {nullptr, nullptr, u"Cerrar 20", u"Cerrar 20"}};
+  for (const auto& [deMotor, deCaptura, alMotor, aLaCaptura] : casos) {
+    abierto(kVekCaptura);
+    enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor);
+    reloj.avanzar(10);
+    motor.nuevo();
+    enlaces.abandonar(0, deMotor, deCaptura);
+    EXPECT_EQ(enlaces[0], nullptr);
+    EXPECT_EQ(motor.nuevo(), alMotor);
+    EXPECT_EQ(captura.nuevo(), aLaCaptura);
+  }
+}
+
+TEST_F(Enlace, NadieCierraElEnlaceDeOtro) {
+  auto& e = abierto(kVekCaptura);
+  EXPECT_EQ(e.CerrarEnlace(kVekMotor), 15);
+  reloj.avanzar(30);
+  EXPECT_EQ(captura.nuevo(), u"");
+  EXPECT_EQ(e.AbiertoPara(), kVekCaptura);
+  EXPECT_EQ(e.CerrarEnlace(), 0);
+  reloj.avanzar(30);
+  EXPECT_EQ(captura.nuevo(), u"Cerrar 0");
+}
+
 // --- clients that act inside their events
 // ----------------------------------------------------------
 
 TEST_F(Enlace, UnClientePuedeHacerDeTodoDentroDeUnEvento) {
   const std::vector<std::function<void()>> acciones{
-      [this] { enlaces.abandonar(0); },
+      [this] { enlaces.abandonar(0, &motor, &captura); },
       [this] { enlaces[0]->CerrarEnlace(); },
       [this] { enlaces[0]->Enviar(0, 11, "OTRA"); },
       [this] {
-        enlaces.abandonar(0);
+        enlaces.abandonar(0, &motor, &captura);
         enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor);
       },
       [this] {  // a box with its own event loop
-        enlaces.abandonar(0);
+        enlaces.abandonar(0, &motor, &captura);
         reloj.avanzar(100);
       },
       [this] { enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor); },
@@ -312,7 +341,7 @@ TEST_F(Enlace, UnClientePuedeHacerDeTodoDentroDeUnEvento) {
       if (enlaces[0] && cable().oyente) cable().cae(14);
       reloj.avanzar(5000);
       motor.alOir = nullptr;
-      enlaces.abandonar(0);
+      enlaces.abandonar(0, &motor, &captura);
       reloj.avanzar(50);
       motor.nuevo();
     }

@@ -50,7 +50,7 @@ TEST_F(MaquinaNodal, ConfirmacionesPorCaso) {
       EXPECT_EQ(leida(cable().ultimo()),
                 (tramas::TramaNODAL{0, 3, (nuestra.secuencia + 1) & 0xFF, 6, ""}));
     }
-    enlaces.abandonar(0);
+    enlaces.abandonar(0, &motor, &captura);
   }
 }
 
@@ -127,7 +127,7 @@ TEST_F(MaquinaNodal, TramasDeEspera) {
     EXPECT_EQ(motor.nuevo(), u"");
     reloj.avanzar(1);
     EXPECT_EQ(motor.nuevo(), u"ReciboNDL 6 0");
-    enlaces.abandonar(0);
+    enlaces.abandonar(0, &motor, &captura);
   }
 }
 

@@ -75,6 +75,31 @@ TEST_F(MaquinaVEK, RespuestasPorCaso) {
     for (const auto& b : cable().enviados)
       if (b == ack) acks += b;
     EXPECT_EQ(acks, caso.acks);
+    enlaces.abandonar(0, &motor, &captura);
+  }
+}
+
+// Under another code only a refusal answers, or any frame that fits where the client lets it; never
+// one of a code that is owed.
+TEST_F(MaquinaVEK, ConElCodigoDeOtraPregunta) {
+  for (const bool otroCodigo : {false, true}) {
+    auto& e = abierto(kVekMotor);
+    e.Enviar(0, 10, "A", {.otroCodigo = otroCodigo});
+    cable().entra(ack + vek(5, 11, "ERR01"));
+    EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 11 ERR01");
+    e.Enviar(0, 10, "B", {.otroCodigo = otroCodigo});
+    cable().entra(ack + vek(6, 12, "SI"));
+    EXPECT_EQ(motor.nuevo(), otroCodigo ? u"EnvioVEK 0 1 12 SI" : u"");
+    reloj.avanzar(60'000);
+    motor.nuevo();
+    e.Enviar(0, 13, "C");
+    reloj.avanzar(60'000);  // never answered, and owed from now on
+    motor.nuevo();
+    e.Enviar(0, 14, "D", {.otroCodigo = otroCodigo});
+    cable().entra(ack + vek(7, 13, "ERR05") + vek(8, 13, "SI"));
+    EXPECT_EQ(motor.nuevo(), u"");
+    cable().entra(vek(9, 14, "SI"));
+    EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 14 SI");
     enlaces.abandonar(0);
   }
 }
@@ -179,7 +204,7 @@ TEST_F(MaquinaVEK, TodaEsperaTieneFin) {
         reloj.avanzar(900);
       }
       EXPECT_EQ(motor.nuevo(), conAck ? u"EnvioVEK 17 -1 0" : u"EnvioVEK 16 -1 0");
-      enlaces.abandonar(0);
+      enlaces.abandonar(0, &motor, &captura);
     }
   }
 }
@@ -355,7 +380,7 @@ TEST_F(MaquinaVEK, UnaOrdenUnicaNoSeRepite) {
     reloj.avanzar(60'000);
     EXPECT_EQ(motor.nuevo().left(11), repetida > 0 ? u"EnvioVEK 17" : u"EnvioVEK 16");
     EXPECT_EQ(tramasEnviadas(), antes + 1);
-    enlaces.abandonar(0);
+    enlaces.abandonar(0, &motor, &captura);
   }
 }
 

@@ -95,6 +95,37 @@ TEST_F(Birch, UnaBalanzaQueNoBorraNada) {
   EXPECT_EQ(codigos(), QStringList{u"5"_s});
 }
 
+// A deletion that is refused goes behind all that follows it, and no failure is told where it then
+// succeeds. Where it doesn't, the article is named.
+TEST_F(Birch, UnBorradoNegadoVaDetrasDeLosDemas) {
+  struct Caso {
+    int hasta;  // the third deletion and those up to it are refused like the first
+    QString otraVez, queda, debe;
+    int problemas, reintentos;
+  };
+  const Caso casos[] = {{0, u"120 7"_s, u"5"_s, u"5"_s, 0, 0},
+                        {3, u"120 7,120 7"_s, u"5"_s, u"5"_s, 0, 1},
+                        {9, u"120 7,120 7,120 7,120 7"_s, u"5 7"_s, u"5 7x"_s, 1, 3}};
+  for (const Caso& c : casos) {
+    for (const char16_t* t : {u"PLUSES", u"[Cross]", u"Enviados", u"Retenidos"})
+      valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+    maquina(4).memoria().catalogo.clear();
+    problemas.clear(), reintentos.clear(), avisos.clear();
+    alta(5, 5);
+    for (const int n : {7, 8}) enBalanza(n);
+    std::vector<simulador::Paso> guion{{Averia::Err, 1, 120, 0, 1}};
+    for (int n = 3; n <= c.hasta; ++n) guion.push_back({Averia::Err, n, 120, 0, 1});
+    estorbos(4, guion);
+    EXPECT_EQ(enviar(4, kTxPlus, true),
+              u"101 3,100 5,101 7,120 7,101 8,120 8,101 9,"_s + c.otraVez);
+    EXPECT_EQ(codigos().join(u' '), c.queda);
+    EXPECT_EQ(cruz(4), c.debe);
+    EXPECT_EQ(problemas.size(), c.problemas) << qPrintable(problemas.join(u' '));
+    EXPECT_EQ(reintentos.size(), c.reintentos) << qPrintable(reintentos.join(u' '));
+    EXPECT_EQ(avisos.join(u' ').contains(u"0000007 no está al día"_s), c.problemas > 0);
+  }
+}
+
 TEST_F(Birch, UnaFichaSola) {
   for (const int c : {5, 7}) alta(c, c);
   enviar(4);

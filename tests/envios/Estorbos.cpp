@@ -110,15 +110,30 @@ TEST_F(Envios, UnSilencioSePreguntaAntesDeRepetir) {
   EXPECT_EQ(cruz(1), u"10 30");
 }
 
-// "No such article" for an article that was sent is no refusal: the rest goes, nothing is repeated
-// and nothing failed. What the scales then tell decides what they hold.
-TEST_F(Envios, UnaFichaALaQueContestanQueNoExiste) {
-  for (const bool completo : {false, true}) {
+// "No such article", or a number that refuses nothing, for an article that was sent is no refusal:
+// the rest goes, nothing is repeated and nothing failed. What the scales then tell decides what
+// they hold.
+TEST_F(Envios, UnaFichaALaQueContestanConUnNumero) {
+  grupo(4, 4, u"cable 2"_s);
+  struct Caso {
+    bool completo;
+    int numero;
+    QString dicho;
+  };
+  const Caso casos[] = {{false, 5, u"que dice que no lo tiene"_s},
+                        {true, 5, u"que dice que no lo tiene"_s},
+                        {false, 99, u"que lo ha rechazado: error 199"_s},
+                        {true, 6, u"que lo ha rechazado: error 106"_s},
+                        {false, 0, u"que lo ha rechazado: error 100"_s}};
+  for (const auto& [completo, numero, frase] : casos) {
+    SCOPED_TRACE(numero);
     const int g = completo ? 4 : 1;  // kind 4: beside their own list
-    if (completo) grupo(4, 4, u"cable 2"_s);
+    avisos.clear();
     for (const qint64 c : {10, 20, 30}) alta(c, c);
-    if (completo) valor(db->ejecutar(u"DELETE FROM [Cross]"));
-    estorbos(g, {{Averia::Err, 1, 100, 0, 5}, {Averia::Err, 2, 100, 0, 5}});
+    for (const char16_t* t : {u"[Cross]", u"Enviados", u"Retenidos"})
+      valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+    maquina(g).memoria().catalogo.clear();
+    estorbos(g, {{Averia::Err, 1, 100, 0, numero}, {Averia::Err, 2, 100, 0, numero}});
     const QString oido = enviar(g, kTxPlus, completo);
     EXPECT_TRUE(oido.contains(u"100 10,101 10") && oido.contains(u"100 20,101 20"))
         << oido.toStdString();
@@ -127,25 +142,47 @@ TEST_F(Envios, UnaFichaALaQueContestanQueNoExiste) {
     EXPECT_EQ(tiene(g), u"30:Tomate/30");
     EXPECT_EQ(cruz(g), u"30");
     EXPECT_EQ(probados(g), u"30");
-    EXPECT_EQ(retenidos(g), u"10/105 20/105");
+    EXPECT_EQ(retenidos(g), u"10/%1 20/%1"_s.arg(100 + numero));
     EXPECT_TRUE(avisos.join(u'\n').contains(
-        u"el artículo 0000010 no está al día en la máquina, que dice que no lo tiene"));
+        u"el artículo 0000010 no está al día en la máquina, "_s + frase))
+        << avisos.join(u'\n').toStdString();
     // The next sending brings them; said of one that they hold as it went, it counts.
     estorbos(g, {});
     enviar(g);
     EXPECT_EQ(cruz(g), u"10 20 30");
     EXPECT_EQ(retenidos(g), u"");
     cambiar(20, u"PRECIO_00=99"_s);
-    estorbos(g, {{Averia::Err, 0, 100, 0, 5}});
+    estorbos(g, {{Averia::Err, 0, 100, 0, numero}});
     enviar(g, kTxPlus, true);
     EXPECT_EQ(cruz(g), u"10 30");
-    EXPECT_EQ(retenidos(g), u"20/105");
-    EXPECT_TRUE(
-        avisos.join(u'\n').contains(u"0000020 no está al día en la máquina, que lo ha "
-                                    u"rechazado: error 105"));
+    EXPECT_EQ(retenidos(g), u"20/%1"_s.arg(100 + numero));
+    EXPECT_TRUE(avisos.join(u'\n').contains(
+        u"0000020 no está al día en la máquina, que lo ha rechazado: error %1"_s.arg(100 +
+                                                                                     numero)));
     esCierto(g);
     for (const qint64 c : {10, 20, 30}) borrar(c);
   }
+}
+
+// The same of what else they may say so to: prices, a deletion, a question. Only "no such article"
+// tells what they hold.
+TEST_F(Envios, UnNumeroQueNoNiegaNada) {
+  alta(10, 10);
+  alta(20, 20);
+  enviar(1);
+  cambiar(10, u"PRECIO_00=11"_s);
+  estorbos(1, {{Averia::Err, 1, 101, 0, 99}});
+  EXPECT_EQ(enviar(1, kTPreci), u"101 10,101 10"_s);
+  EXPECT_EQ(retenidos(1), u"10/199");
+  EXPECT_TRUE(problemas.isEmpty() && reintentos.isEmpty());
+  estorbos(1, {{Averia::Err, 2, 101, 0, 99}});
+  EXPECT_EQ(enviar(1, kRxDatPlu), u"101 1,101 11,101 11,101 21"_s);
+  EXPECT_EQ(reintentos.size(), 1);
+  EXPECT_EQ(cruz(1), u"20");
+  borrar(20);
+  estorbos(1, {{Averia::Err, 1, 120, 0, 99}});
+  EXPECT_EQ(enviar(1), u"100 10,120 20"_s);
+  EXPECT_EQ(cruz(1), u"10");
 }
 
 // An article that the machine never answers, or with what nobody knows, doesn't keep the others
@@ -157,9 +194,8 @@ TEST_F(Envios, UnArticuloAlQueLaMaquinaNoContesta) {
     Averia averia;
     int grupo, copias, valor, error;
   };
-  const Caso casos[] = {{Averia::Nak, 1, 4, -1, 16}, {Averia::Nak, 4, 4, -1, 16},
-                        {Averia::Nak, 2, 4, -1, 8},  {Averia::Err, 1, 1, 99, 7},
-                        {Averia::Err, 4, 1, 99, 7},  {Averia::Err, 1, 1, 0, 7}};
+  const Caso casos[] = {
+      {Averia::Nak, 1, 4, -1, 16}, {Averia::Nak, 4, 4, -1, 16}, {Averia::Nak, 2, 4, -1, 8}};
   for (const Caso& c : casos)
     for (const bool completo : {true, false}) {
       SCOPED_TRACE(
@@ -271,6 +307,28 @@ TEST_F(Envios, UnCambioMientrasLlegaLaRespuesta) {
   EXPECT_EQ(tiene(1), u"10:Tomate/1 20:Pera/20");
   EXPECT_EQ(cruz(1), u"10 20");
   esCierto(1);
+}
+
+// An article that has yet to go, changed behind the one that has just gone, goes as it stands now.
+TEST_F(Envios, UnCambioAntesDeSuTurno) {
+  for (const int clase : {kTxPlus, kTPreci}) {
+    for (const qint64 c : {10, 20, 30}) alta(c, c);
+    if (clase == kTPreci) enviar(1);
+    for (const qint64 c : {10, 20, 30}) cambiar(c, u"PRECIO_00=5"_s);
+    nuevas(1);
+    encolar(1, clase, false);
+    while (oidas(1).filter(u"0000010"_s).size() < (clase == kTPreci ? 2 : 1))
+      ASSERT_TRUE(reloj.siguiente());
+    cambiar(30, u"PRECIO_00=99"_s);
+    ASSERT_TRUE(correr());
+    const QString codigo = clase == kTPreci ? u"101"_s : u"100"_s;
+    EXPECT_EQ(nuevas(1), u"%1 10,%1 20,%1 30"_s.arg(codigo));
+    EXPECT_EQ(tiene(1), u"10:Tomate/5 20:Tomate/5 30:Tomate/99");
+    EXPECT_EQ(cruz(1), u"10 20 30");
+    esCierto(1);
+    for (const qint64 c : {10, 20, 30}) borrar(c);
+    enviar(1);
+  }
 }
 
 // Whatever the moment of the cut, what is believed to be held is held, and the next sending brings

@@ -245,6 +245,20 @@ TEST_F(Envios, UnGrupoConOtraTarifaUOtraMaquina) {
   EXPECT_TRUE(enviar(1).isEmpty());
 }
 
+// Another machine takes the prices of articles that it holds in another form: it still must get
+// them.
+TEST_F(Envios, SoloPreciosAOtraMaquina) {
+  for (const qint64 c : {10, 20}) alta(c, c);
+  enviar(1);
+  valor(db->ejecutar(u"UPDATE GRUPOS SET ADDR=7 WHERE CODGPO=1"));
+  for (auto& [codigo, suyo] : maquina(1).memoria().catalogo) suyo.ficha.replace(0, 6, "Cebolla");
+  EXPECT_EQ(enviar(1, kTPreci, true), u"101 10,101 20");
+  EXPECT_EQ(cruz(1), u"");
+  EXPECT_EQ(enviar(1), u"100 10,100 20");
+  EXPECT_EQ(cruz(1), u"10 20");
+  esCierto(1);
+}
+
 TEST_F(Envios, UnaTarifaQueNoExiste) {
   alta(10, 10);
   valor(db->ejecutar(u"UPDATE GRUPOS SET tarifa=8"));

@@ -1,5 +1,8 @@
 // Articles that don't fit their record: held back and named, and the rest goes.
+#include "articles/LotesAMedias.h"
+#include "articles/TablasArticulos.h"
 #include "envios/Envios.h"
+#include "textos/TextosDePrueba.h"
 
 namespace tarvo::prueba {
 
@@ -20,6 +23,44 @@ TEST_F(Envios, LoQueNoCabeSeRetieneYLoDemasVa) {
   EXPECT_EQ(enviar(1), u"100 20"_s);
   EXPECT_EQ(retenidos(1), u"");
   esCierto(1);
+}
+
+// The price goes whatever the letters are; that others stand for them is told once, until the text
+// changes.
+TEST_F(Envios, LasLetrasQueFaltanNoRetienenNada) {
+  grupo(2, 2, u"cable 2"_s, {1});
+  grupo(4, 4, u"cable 4"_s);
+  alta(10, 10, u"MORTADEL·LA"_s);
+  cambiar(10, u"TEXTO_ETQ='Sal ½ %'"_s);
+  alta(20, 20, u"Ω"_s);
+  struct Caso {
+    int grupo;
+    QString nombre, dicho;
+  };
+  for (const Caso& c : {Caso{1, u"MORTADEL.LA"_s, u"·½"_s}, Caso{2, u"MORTADEL.LA"_s, u"·"_s}}) {
+    const QString frase =
+        u"Grupo %1: el artículo 0000010 lleva letras que esta máquina no tiene («%2»)"_s
+            .arg(c.grupo)
+            .arg(c.dicho);
+    const auto dicho = [&] { return avisos.join(u'\n').count(frase); };
+    enviar(c.grupo, kTxPlus, true);
+    EXPECT_EQ(tiene(c.grupo), u"10:%1/10 20:?/20"_s.arg(c.nombre));
+    EXPECT_EQ(retenidos(c.grupo), u"");
+    EXPECT_EQ(dicho(), 1) << avisos.join(u'\n').toStdString();
+    cambiar(10, u"PRECIO_00=11"_s);
+    enviar(c.grupo, kTxPlus, true);
+    EXPECT_EQ(tiene(c.grupo), u"10:%1/11 20:?/20"_s.arg(c.nombre));
+    EXPECT_EQ(dicho(), 1);
+    cambiar(10, u"NOMPLU='MORTADEL·LA 2', PRECIO_00=10"_s);
+    enviar(c.grupo, kTxPlus, true);
+    EXPECT_EQ(dicho(), 2);
+    cambiar(10, u"NOMPLU='MORTADEL·LA'"_s);
+  }
+  // Windows-1252 has them; what it lacks falls back too.
+  enviar(4, kTxPlus, true);
+  EXPECT_EQ(retenidos(4), u"");
+  EXPECT_FALSE(avisos.join(u'\n').contains(u"Grupo 4: el artículo 0000010"_s));
+  EXPECT_TRUE(avisos.join(u'\n').contains(u"Grupo 4: el artículo 0000020 lleva letras"_s));
 }
 
 // What can't be read, or has too many digits for any machine, isn't 0 nor forgotten.
@@ -67,6 +108,31 @@ TEST_F(Envios, TodosLosQueNoVanSeNombran) {
   const QString dicho = avisos.join(u'\n');
   for (int c = 10; c < 100; ++c) EXPECT_EQ(dicho.count(Ceros(c, 7)), 1) << c;
   EXPECT_LT(avisos.size(), 25);
+}
+
+// Half of the articles have their new prices: nothing of the section goes until the change is
+// finished or taken back.
+TEST_F(Envios, UnCambioAMediasRetieneSuSeccion) {
+  enEspera = [this](int seccion) {
+    return articles::motivoDeEspera(*db, textosDePrueba(), seccion);
+  };
+  arrancar(false);
+  bien(articles::asegurarTablasArticulos(*db));
+  articles::Catalogo catalogo(*db, textosDePrueba(), reloj, u"Ana"_s);
+  articles::Lotes lotes(*db, catalogo, reloj);
+  for (const qint64 c : {10, 20}) alta(c, c);
+  const qint64 lote = valor(lotes.empezar(u"CambioLote"_s));
+  bien(lotes.guardar(lote, {1, 10}));
+  cambiar(10, u"PRECIO_00=11"_s);
+  for (const int clase : {kTxPlus, kTPreci}) {
+    EXPECT_EQ(enviar(1, clase, true), u"");
+    EXPECT_TRUE(avisos.last().contains(u"no se envían los artículos de su sección"))
+        << avisos.join(u'\n').toStdString();
+  }
+  EXPECT_EQ(cruz(1), u"");
+  valor(lotes.deshacer(lote, u"CambioLote"_s));
+  EXPECT_EQ(enviar(1), u"100 10,100 20");
+  EXPECT_EQ(tiene(1), u"10:Tomate/10 20:Tomate/20");
 }
 
 }  // namespace tarvo::prueba

@@ -148,6 +148,18 @@ TEST_F(ImpPLU_, LineasMalas) {
   EXPECT_EQ(leer(u"SELECT NOMPLU FROM PLUSES WHERE CODPLU=1"_s), u"VENTA LIBRE"_s);
 }
 
+TEST_F(ImpPLU_, LosLimitesDelCatalogo) {
+  const auto con = [](int codigo, const char* deptoYFormato) {
+    return larga(1, codigo, u"A"_s).replace(181, 4, deptoYFormato) + "\n";
+  };
+  const auto i = importar(con(10, "0001") + con(11, "4101") + con(12, "4020") + con(13, "0121"));
+  EXPECT_EQ(malas(*i),
+            u"1: El departamento va del 1 al 40, y se ha dado el 0. | "
+            u"2: El departamento va del 1 al 40, y se ha dado el 41. | "
+            u"4: El formato de etiqueta va del 1 al 20, y se ha dado el 21."_s);
+  EXPECT_EQ(articulos(u"DEPTO, FORMATO"_s), u"1 12 40 20"_s);
+}
+
 TEST_F(ImpPLU_, UnaLongitudMalaParaYLoHechoSeQueda) {
   QByteArray bytes;
   for (int n = 0; n < 1000; ++n) bytes += larga(1, 100 + n, u"A"_s) + "\n";

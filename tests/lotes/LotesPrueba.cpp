@@ -173,6 +173,29 @@ TEST_F(Lotes_, EnTramos) {
             u"00"_s);
 }
 
+// Out of order: what the first undoing would leave behind is told before, and nothing is lost by
+// asking.
+TEST_F(Lotes_, AntesDeDeshacerSeSabeLoQueNoVolveria) {
+  const auto cambiar = [&](const QString& ventana, const QString& sql) {
+    const qint64 lote = bien(lotes.empezar(ventana));
+    bien(lotes.guardarDonde(lote, u"CODPLU>2"));
+    this->sql(sql);
+    bien(lotes.acabar(lote));
+    return lote;
+  };
+  const qint64 importado =
+      cambiar(u"ImpPLU"_s, u"UPDATE PLUSES SET PRECIO_00=200 WHERE CODPLU<13"_s);
+  const qint64 subido =
+      cambiar(u"CambioLote"_s, u"UPDATE PLUSES SET PRECIO_00=210 WHERE CODPLU<12"_s);
+  EXPECT_EQ(claves(bien(lotes.noVolverian(importado))), u"10 11");
+  EXPECT_TRUE(bien(lotes.avisoDeVuelta(importado))->contains(u"001 0000010, 001 0000011"_s));
+  EXPECT_FALSE(bien(lotes.avisoDeVuelta(subido)));
+  EXPECT_EQ(bien(lotes.deshacer(subido, u"CambioLote"_s)).repuestos, 2);
+  EXPECT_FALSE(bien(lotes.avisoDeVuelta(importado)));
+  EXPECT_EQ(bien(lotes.deshacer(importado, u"ImpPLU"_s)).repuestos, 3);
+  EXPECT_EQ(articulos(), kAntes);
+}
+
 TEST_F(Lotes_, SoloLosVeinteUltimos) {
   const qint64 primero = bien(lotes.empezar(u"V"_s));
   bien(lotes.guardar(primero, {1, 10}));

@@ -34,7 +34,8 @@ void Banco::arrancar(bool reanuda) {
   sesion->ponerEjecucion(1, reanuda);
   enlaces = std::make_unique<enlace::Enlaces>(reloj, *ajustes, fabrica, azar);
   gestor = std::make_unique<motor::gestcomm>(
-      motor::Entorno{*db, *ajustes, reloj, *sesion, textosDePrueba()}, *enlaces, registro);
+      motor::Entorno{*db, *ajustes, reloj, *sesion, textosDePrueba(), enEspera}, *enlaces,
+      registro);
   gestor->VigilaProcesos(3, true, this);
   ultima_ = 0;
 }

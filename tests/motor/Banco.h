@@ -66,6 +66,7 @@ class Banco : public testing::Test, protected motor::Vigilante {
   std::unique_ptr<totals::Sesion> sesion;
   std::unique_ptr<enlace::Enlaces> enlaces;
   motor::RegistroTareas registro = tareas::registro();
+  decltype(motor::Entorno::enEspera) enEspera;  // before montar()
   std::unique_ptr<motor::gestcomm> gestor;
   QStringList problemas, reintentos, avisos, hechas;
   Resultado<> hecha;  // what TareaHecha answers

@@ -150,6 +150,30 @@ TEST_F(Lecturas, DeCajas) {
   EXPECT_EQ(bandeja(3, 16), u"10:2/0/1000/0");
 }
 
+// Blanks around a code or its prefix don't go to the register, so its sales come without them.
+TEST_F(Lecturas, DeCajasConBlancosEnElCodigo) {
+  grupo(3, 3, QStringLiteral("cable 3"), {4});
+  struct Caso {
+    int codigo;
+    const char16_t *prefijo, *fijo;
+    const char* barras;
+  };
+  const Caso casos[] = {{10, u" 21 ", nullptr, "21000010"},
+                        {20, u"21", u"  ", "21000020"},
+                        {30, u"21", u" 8412345678905 ", "8412345678905"},
+                        {40, nullptr, nullptr, "40"}};
+  for (const Caso& c : casos) {
+    articulo(c.codigo);
+    valor(db->ejecutar(u"UPDATE PLUSES SET PFX_BAR=?, CodBarExt=? WHERE CODPLU=?",
+                       c.prefijo ? dao::Valor(QString::fromUtf16(c.prefijo)) : dao::Valor(),
+                       c.fijo ? dao::Valor(QString::fromUtf16(c.fijo)) : dao::Valor(), c.codigo));
+    maquina(3, 4).memoria().catalogo[c.codigo].barras = c.barras;
+    vender(3, c.codigo, c.codigo, 0, 1, 4);
+  }
+  leer(3, 16);
+  EXPECT_EQ(bandeja(3, 16), u"10:1/0/10/0 20:1/0/20/0 30:1/0/30/0 40:1/0/40/0");
+}
+
 TEST_F(Lecturas, PedidosEInventarios) {
   ajustes->NumeroPedido = 40;
   for (const int tipo : {1, 4, 2}) {

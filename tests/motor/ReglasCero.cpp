@@ -185,15 +185,39 @@ TEST(Contraste, LoQueSeRompeNoVaSeguido) {
   EXPECT_TRUE(valor(c.vale(1, textos)));
 }
 
-// What is left of "ERR01" is still no consent.
+// What is left of "ERR01" is still no consent, nor is a number that refuses nothing.
 TEST_F(Reglas, UnaNegativaCortadaEsNegativa) {
   tienda();
   leida(1);
-  maquina(1).percances().cambiar(
-      {.guion = {{Averia::Err, 0, 910}, {Averia::RegistroCorto, 0, 910, 0, 2}}});
-  encolar(1, 6, false);
+  for (int i = 1; i <= 4; ++i) maquina(1).memoria().apuntar(simulador::Lista::Pedidos, {i, i, i});
+  const auto negar = [&](int codigo, int numero) {
+    std::vector<simulador::Paso> guion{{Averia::Err, 0, codigo, 0, numero}};
+    if (numero == 1) guion.push_back({Averia::RegistroCorto, 0, codigo, 0, 2});
+    maquina(1).percances().cambiar({.guion = guion});
+  };
+  for (const auto& [clase, orden] : {std::pair{6, 910}, {22, 880}})
+    for (const int numero : {1, 99}) {
+      problemas.clear();
+      negar(orden, numero);
+      encolar(1, clase, false);
+      ASSERT_TRUE(correr());
+      EXPECT_EQ(problemas, QStringList{QStringLiteral("%1 G1 E7 (6)").arg(clase)});
+    }
+  EXPECT_EQ(filas(QStringLiteral("SELECT count(*) FROM Sesiones WHERE PZERO IS NOT NULL")), u"0");
+  EXPECT_EQ(filas(QStringLiteral("SELECT count(*) FROM ListasRecibidas WHERE OLVIDADA<>0")), u"0");
+}
+
+// What proves that a machine has forgotten is never a record that can't be read.
+TEST_F(Reglas, UnGranTotalIlegibleNoPruebaNada) {
+  tienda();
+  leida(1);
+  arrancar(true);
+  maquina(1).percances() =
+      simulador::Percances({.guion = {{Averia::RegistroCorto, 0, 850, 0, 9}}}, 1);
+  encolar(1, 6);
   ASSERT_TRUE(correr());
   EXPECT_EQ(problemas, QStringList{QStringLiteral("6 G1 E7 (6)")});
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 0U);
   EXPECT_EQ(filas(QStringLiteral("SELECT count(*) FROM Sesiones WHERE PZERO IS NOT NULL")), u"0");
 }
 
@@ -278,6 +302,29 @@ TEST_F(Reglas, ElRegistroAMediasSigueDondeQuedo) {
       bien(sesion->ceroHecho(3, 4, true));
       bien(sesion->ponerEstado(0));
     }
+}
+
+// A reading that went well says nothing of the group's other kinds.
+TEST_F(Reglas, UnaLecturaBuenaNoBorraElFalloDeOtra) {
+  tienda();
+  gestor->VigilaProcesos(0, true, this);
+  fallo(1, {Averia::Sorda, 0, 850});
+  encolar(1, 17);
+  ASSERT_TRUE(correr());
+  maquina(1).percances().cambiar({});
+  encolar(1, 18);
+  ASSERT_TRUE(correr());
+  EXPECT_TRUE(gestor->GruposFallidos().contains(1));
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(problemas.back(), QStringLiteral("6 G1 E22 (0)"));
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 0U);
+  encolar(1, 17);
+  ASSERT_TRUE(correr());
+  EXPECT_FALSE(gestor->GruposFallidos().contains(1));
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
 }
 
 }  // namespace tarvo::prueba

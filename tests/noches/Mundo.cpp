@@ -267,7 +267,7 @@ void Mundo::vigilar() {
         olvidos.insert(l.lista);
       }
     if (!olvidos.empty()) oraculo_->listaOlvidada(i);
-    // Whoever finds it empty may note the next one at once.
+    if (!plan_.notas) continue;
     for (const Lista lista : olvidos)
       if (notas_.ocurre(0.4)) apuntar(m, lista, notas_.entero(1, 9), notas_);
   }

@@ -63,6 +63,7 @@ struct Plan {
   bool aUno = true, acumula = false, descuenta = false, exporta = false, corto = false,
        optimizada = false;
   int reintentos = 0;
+  bool notas = true;  // who finds a list that was forgotten may note the next one at once
   std::vector<PlanNoche> noches;
 
  private:

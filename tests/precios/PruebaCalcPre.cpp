@@ -127,4 +127,14 @@ TEST(CalcPre, RatesOfDepartments) {
   EXPECT_EQ(bien(ivaDeDepartamento(*p.db, 1, 7)), 0) << "no such department";
 }
 
+// What the setting couldn't keep isn't taken either: the box shows what is.
+TEST(CalcPre, StepWithinItsSetting) {
+  CalcPre c;
+  const std::pair<qint64, qint64> casos[] = {{-1, 0}, {5, 5}, {32'767, 32'767}, {999'999, 32'767}};
+  for (const auto& [paso, queda] : casos) {
+    c.ponerRedondeo(paso);
+    EXPECT_EQ(c.redondeo(), queda);
+  }
+}
+
 }  // namespace

@@ -90,4 +90,43 @@ TEST_F(PruebaLote, AppliedWholeAndTakenBack) {
   EXPECT_EQ(leer(u"select count(*) from LoteArticulos where LOTE>%1"_s.arg(hecho.lote)), u"0");
 }
 
+TEST_F(PruebaLote, CutOffItIsGoneOnWith) {
+  const int kMuchos = 1200;
+  for (int n = 0; n < kMuchos; ++n)
+    sql(u"insert into PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00) values (1, ?, 'X', 1, 100)"_s,
+        1000 + n);
+  std::vector<ClaveArticulo> claves;
+  for (int n = 0; n < kMuchos; ++n) claves.push_back({1, 1000 + n});
+  const OrdenLote orden = *SubePrecios::de(1000, 1, Redondeo::MasProximo, {}, {});
+  EXPECT_EQ(bien(lote.previa({1}, orden)).size(), 1'203u);
+  qint64 cortado = 0;
+  {
+    const auto marcha = lote.empezar(claves, orden, u"CambioLote"_s);
+    while (marcha->hecho().cambiados == 0) ASSERT_TRUE(bien(marcha->paso()));
+    cortado = marcha->hecho().lote;
+  }
+  const auto subidos = [&] { return leer(u"select count(*) from PLUSES where PRECIO_00=110"_s); };
+  EXPECT_EQ(subidos(), u"500");
+  // One was deleted meanwhile.
+  sql(u"delete from PLUSES where CODPLU=2199"_s);
+  const auto resto = bien(lote.seguir(cortado, u"CambioLote"_s));
+  while (bien(resto->paso())) continue;
+  bien(resto->acabar());
+  EXPECT_EQ(resto->hecho().cambiados, 699);
+  EXPECT_EQ(resto->hecho().fuera, 1);
+  EXPECT_EQ(subidos(), u"1199") << "none of them twice";
+  EXPECT_EQ(lote.seguir(cortado, u"CambioLote"_s).error().clase, Fallo::NoExiste);
+  EXPECT_EQ(bien(lotes.deshacer(cortado, u"CambioLote"_s)).repuestos, 1199);
+  EXPECT_EQ(subidos(), u"0");
+}
+
+TEST(OrdenLote, ComesBackFromItsText) {
+  const OrdenLote ordenes[] = {*SubePrecios::de(-350, 5, Redondeo::HaciaAbajo, {}, 0),
+                               *SubePrecios::de(99'999, 999'999, Redondeo::MasProximo, 2, {}),
+                               PoneDepartamento{40}, PoneFormato{20}};
+  for (const OrdenLote& o : ordenes) EXPECT_EQ(leerOrden(escribirOrden(o)), o);
+  for (const char16_t* malo : {u"", u"P", u"P 5", u"P 5 0 0", u"P 5 1 7", u"D", u"D x", u"Z 1"})
+    EXPECT_FALSE(leerOrden(malo)) << QString::fromUtf16(malo).toStdString();
+}
+
 }  // namespace

@@ -134,7 +134,7 @@ TEST_F(PruebaAlta, AFastChangeTakesWhatTheColumnHolds) {
     bool vale;
   } casos[] = {
       {Codigo, u"3", true},        {Codigo, u"2", false},        {Codigo, u"10000000", false},
-      {Nombre, u" ", false},       {Precio1, u"1.234,56", true}, {Precio1, u"", true},
+      {Nombre, u" ", false},       {Precio1, u"1.234,56", true}, {Precio1, u"", false},
       {Precio1, u"0,00", true},    {Precio1, u"doce", false},    {Precio1, u"-1", false},
       {Departamento, u"40", true}, {Departamento, u"41", false}, {CodBarras, u"2x", false},
       {CodBarras, u"", false},     {Etiqueta, u"20", true},      {Etiqueta, u"21", false},

@@ -126,6 +126,11 @@ TEST_F(Stock, WarehousesAreNamedOnce) {
   bien(bien(b.Item(1, 10)).poner(ItmAlm::Inicial, 5));
   EXPECT_TRUE(bien(b.ponerCodigo(20)));
   EXPECT_EQ(bien(b.GruposInvolucrados()), std::vector<int>{3});
+  // A transfer counts for both of its warehouses.
+  sql(QStringLiteral("insert into ALBA_CAB (NUMALB, Almacen, Origen) values (901, 1, 20)"));
+  EXPECT_EQ(bien(b.AlbaranesInvolucrados()), std::vector<int>{901});
+  EXPECT_EQ(bien(almacen(1).AlbaranesInvolucrados()), std::vector<int>{901});
+  sql(QStringLiteral("delete from ALBA_CAB where NUMALB=901"));
   EXPECT_EQ(bien(b.Item(1, 10)).Stock(), 5);
   EXPECT_TRUE(bien(b.ponerCodigo(1)));
   EXPECT_EQ(b.Nombre(), QStringLiteral("Tienda"));

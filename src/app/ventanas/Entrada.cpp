@@ -9,6 +9,10 @@ namespace tarvo::app {
 
 using ventanas::escalar;
 
+namespace {
+constexpr double kDetras = 0.65;
+}
+
 Entrada::Entrada(QWidget* padre) : QToolButton(padre) {
   setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -24,6 +28,8 @@ QSize Entrada::sizeHint() const {
 
 void Entrada::paintEvent(QPaintEvent*) {
   QStylePainter p(this);
+  // Behind another window it is still there to be read.
+  if (!isActiveWindow()) p.setOpacity(kDetras);
   QStyleOptionToolButton o;
   initStyleOption(&o);
   o.text.clear();

@@ -2,6 +2,7 @@
 
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <QShortcut>
 #include <QToolButton>
@@ -10,7 +11,9 @@
 #include "app/ventanas/Manana.h"
 #include "app/ventanas/SysTray.h"
 #include "app/ventanas/TextosPrincipal.h"
+#include "comm/ventanas/Pendientes.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/Ventanas.h"
 
@@ -20,6 +23,9 @@ using namespace Qt::StringLiterals;
 using ventanas::escalar;
 
 namespace {
+
+constexpr qint64 kTrasHijaMs = 1000;
+constexpr int kSesionConDatos = 2;
 
 struct EntradaMenu {
   Entrada* Ui::MainTarvo::* boton;
@@ -72,19 +78,11 @@ MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplica
   ui_.Columna->setAutoFillBackground(true);
   ventanas::ponerLetra(*ui_.Titulo, ventanas::Letra::Titulo);
   ventanas::ponerLetra(*ui_.Version, ventanas::Letra::Secundaria);
-  // The board keeps its place while the panels are hidden.
-  QSizePolicy politica = ui_.Paneles->sizePolicy();
-  politica.setRetainSizeWhenHidden(true);
-  ui_.Paneles->setSizePolicy(politica);
   refrescarPersonal();
   mostrarPanel(kPrincipal);
-  connect(tray_, &SysTray::DblClick, this, [this](int boton) {
-    if (boton == 1) reaparecer();
-  });
-  // The desktop is asked for a place for the icon once the window is on the screen.
-  connect(
-      manana_, &Manana::renovada, tray_, [this] { tray_->IniSysTray(windowIcon(), windowTitle()); },
-      Qt::SingleShotConnection);
+  atenderBandeja();
+  connect(&contexto.ventanas, &ventanas::Ventanas::descargada, this,
+          [this] { hijaIda_ = this->contexto().reloj.monotono(); });
   connect(manana_, &Manana::elegida, this, &MainTarvo::abrir);
   connect(manana_, &Manana::fallo, this, [this](const Error& e) { decirFallo(e); });
 }
@@ -123,7 +121,6 @@ void MainTarvo::abrir(const QString& ventana, const ventanas::Argumentos& argume
 void MainTarvo::mostrarPanel(Panel panel) {
   const bool cambia = ui_.Paneles->currentIndex() != panel;
   ui_.Paneles->setCurrentIndex(panel);
-  ui_.Paneles->setVisible(true);
   ui_.Salir->setText(t(panel == kPrincipal ? kTxSalir : kTxVolver));
   ui_.Salir->setIcon(ventanas::icono(panel == kPrincipal ? u"cerrar"_s : u"atras"_s));
   if (!cambia || !isActiveWindow()) return;
@@ -144,6 +141,7 @@ void MainTarvo::moverFoco(int pasos) {
 }
 
 void MainTarvo::keyPressEvent(QKeyEvent* evento) {
+  if (evento->key() == Qt::Key_Escape && !atiendeEscape()) return evento->accept();
   const bool enColumna = ui_.Columna->isAncestorOf(focusWidget());
   if (enColumna && (evento->key() == Qt::Key_Down || evento->key() == Qt::Key_Up))
     return moverFoco(evento->key() == Qt::Key_Down ? 1 : -1);
@@ -151,6 +149,21 @@ void MainTarvo::keyPressEvent(QKeyEvent* evento) {
     if (auto* b = qobject_cast<QToolButton*>(focusWidget())) return b->click();
   }
   Ventana::keyPressEvent(evento);
+}
+
+// One that comes right behind a child window's end was meant for that; and nobody leaves by a slip
+// what a night or a collection needs.
+bool MainTarvo::atiendeEscape() {
+  if (hijaIda_ >= 0 && contexto().reloj.monotono() - hijaIda_ < kTrasHijaMs) return false;
+  QStringList quedan;
+  if (app_.automat().enMarcha())
+    quedan << contexto().textos(kTxQuedaProceso, {app_.automat().nombre()});
+  if (app_.sesion().estado() == kSesionConDatos) quedan << t(kTxQuedaBandeja);
+  if (quedan.isEmpty()) return true;
+  quedan << t(kTxSalirAsi);
+  return ventanas::MyMsgBox::Decide(
+      this, contexto().textos, quedan.join(u'\n'),
+      ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
 }
 
 // --- coming and going ---------------------------------------------------------------------------
@@ -167,8 +180,29 @@ void MainTarvo::changeEvent(QEvent* evento) {
     if (ultimaEntrada_ && ultimaEntrada_->isVisible()) ultimaEntrada_->setFocus();
   } else {
     ultimaEntrada_ = focusWidget();
-    ui_.Paneles->hide();
   }
+  for (auto* b : ui_.Columna->findChildren<Entrada*>()) b->update();
+}
+
+// One click brings the window back, and so does the menu.
+void MainTarvo::atenderBandeja() {
+  connect(tray_, &SysTray::MouseUp, this, [this](int boton) {
+    if (boton == 1) reaparecer();
+  });
+  auto* menu = new QMenu(this);
+  connect(menu->addAction(t(kTxMostrarTarvo)), &QAction::triggered, this, [this] { reaparecer(); });
+  connect(menu->addAction(t(kTxSalir)), &QAction::triggered, this, [this] {
+    reaparecer();  // what refuses or asks does so in sight
+    close();
+  });
+  // The desktop is asked for a place for the icon once the window is on the screen.
+  connect(
+      manana_, &Manana::renovada, tray_,
+      [this, menu] {
+        tray_->IniSysTray(windowIcon(), windowTitle());
+        tray_->MenuSysTray(menu);
+      },
+      Qt::SingleShotConnection);
 }
 
 void MainTarvo::salir() {
@@ -208,8 +242,17 @@ void MainTarvo::suspenderCapturas() {
   if (!CapturasActivas().empty()) bucle.exec();
 }
 
+// The engine works on when its window is closed: with none to answer for it, it is asked here.
+bool MainTarvo::dejaElMotor() {
+  if (contexto().ventanas.cargada(u"gestcomm"_s)) return true;
+  if (app_.gestcomm().puedeCerrar())
+    return comm::consienteDejarlas(*this, app_.gestcomm(), app_.registro());
+  decirDuda(t(kTxSinCerrar));
+  return false;
+}
+
 bool MainTarvo::QueryUnload() {
-  if (suspendiendo_) return true;
+  if (suspendiendo_ || !dejaElMotor()) return true;
   suspenderCapturas();
   if (contexto().ventanas.DescargaTodo(this)) {
     if (contexto().ventanas.cargada(u"gestcomm"_s)) decirDuda(t(kTxSinCerrar));

@@ -35,6 +35,8 @@ class MainTarvo final : public ventanas::Ventana {
   void salir();
   void minimizar();
   void reaparecer();
+  void atenderBandeja();
+  bool atiendeEscape();
   bool esLaUnica() const;
   void moverFoco(int pasos);
   void changeEvent(QEvent* evento) override;
@@ -55,12 +57,14 @@ class MainTarvo final : public ventanas::Ventana {
   // --- the windows that receive from a machine now: asked to stop, and waited for, before the end
   std::vector<ventanas::Captura*> CapturasActivas() const;
   void suspenderCapturas();
+  bool dejaElMotor();
 
   Aplicacion& app_;
   Ui::MainTarvo ui_;
   Manana* manana_;
   SysTray* tray_;
   bool suspendiendo_ = false;
+  qint64 hijaIda_ = -1;      // when another window closed last, on the clock that only goes forward
   bool enPersonal_ = false;  // a pop-up or the dialog of an own entry is up
   QPointer<QWidget> ultimaEntrada_;
 };

@@ -109,7 +109,6 @@ void MainTarvo::menuPersonal(QWidget* sobre, const QPoint& donde, std::optional<
   anadirAccion(menu, kTxEliminarElemento, [this](size_t i) { eliminarPersonal(i); }, cual);
   menu.exec(sobre->mapToGlobal(donde));
   enPersonal_ = false;
-  if (isActiveWindow()) ui_.Paneles->setVisible(true);
 }
 
 // An action on the entry under the pointer; where there is none of several, it asks which.

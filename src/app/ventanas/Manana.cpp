@@ -146,7 +146,12 @@ void Manana::acabar(const Resultado<Trabajo::Fin>& fin) {
   if (!fin) {
     Q_EMIT fallo(fin.error());
   } else if (*fin == Trabajo::Fin::Acabado) {
-    mostrar(vistaDe(lector_->resumen(), c_.textos, c_.ajustes));
+    VistaManana vista = vistaDe(lector_->resumen(), c_.textos, c_.ajustes);
+    if (const auto lotes = articles::lotesAMedias(c_.db))
+      anteponerLotes(vista, *lotes, c_.textos);
+    else
+      Q_EMIT fallo(lotes.error());
+    mostrar(vista);
   }
   Q_EMIT renovada();
 }

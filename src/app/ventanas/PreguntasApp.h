@@ -1,4 +1,5 @@
-// What a process asks: answered by --dato where the command line has it, else by a window.
+// What a process asks: answered by --dato where the command line has it, else by a window. A
+// process that another program gave asks nobody here.
 #pragma once
 
 #include "app/Datos.h"
@@ -9,9 +10,15 @@ namespace tarvo::app {
 class PreguntasApp final : public automation::Preguntas {
  public:
   PreguntasApp(const std::map<QString, QString>& dados, const Textos& textos)
-      : dados_(dados), datos_(dados, textos) {}
+      : t_(textos), dados_(dados), datos_(dados, textos) {}
   void poner(ventanas::Ventanas* ventanas) { ventana_.poner(ventanas); }
   void retirar() { ventana_.retirar(); }
+  // From now on what that program gave answers, and `decir` hears what lacks.
+  void encargo(const std::map<QString, QString>& datos,
+               const std::function<void(const QString&)>& decir) {
+    encargo_.emplace(datos, t_, decir);
+  }
+  void sinEncargo() { encargo_.reset(); }
 
   std::optional<qint64> PromptNum(const QString& nombre, const QString& pregunta) override {
     return quien(nombre).PromptNum(nombre, pregunta);
@@ -26,11 +33,14 @@ class PreguntasApp final : public automation::Preguntas {
 
  private:
   automation::Preguntas& quien(const QString& nombre) {
+    if (encargo_) return *encargo_;
     if (dados_.contains(nombre)) return datos_;
     return ventana_;
   }
 
+  const Textos& t_;
   std::map<QString, QString> dados_;
+  std::optional<Datos> encargo_;
   Datos datos_;
   automation::PreguntasVentana ventana_;
 };

@@ -1,14 +1,19 @@
 #include "app/ventanas/PrincipalVentanas.h"
 
 #include <QApplication>
+#include <QEventLoop>
+#include <QFileInfo>
 
 #include "app/Consola.h"
 #include "app/Ejecucion.h"
 #include "app/Principal.h"
 #include "app/Senales.h"
 #include "app/TextosApp.h"
+#include "app/ventanas/Encargos.h"
 #include "app/ventanas/PreguntasApp.h"
 #include "app/ventanas/Registro.h"
+#include "app/ventanas/TextosPrincipal.h"
+#include "comm/tareas/Registro.h"
 #include "core/ventanas/aspecto/Tema.h"
 #include "core/ventanas/marco/Escritorio.h"
 #include "core/ventanas/marco/MyMsgBox.h"
@@ -66,13 +71,14 @@ Resultado<> olvidarTiquesViejos(dao::Database& db, Fecha hoy) {
 // it open for the same process to go on with; what the process asks goes unanswered.
 class Final {
  public:
-  Final(Aplicacion& app, PreguntasApp& preguntas, std::function<void()> cerrar)
+  Final(Aplicacion& app, PreguntasApp& preguntas, Encargos& encargos, std::function<void()> cerrar)
       : app_(app),
         preguntas_(preguntas),
+        encargos_(encargos),
         cerrar_(std::move(cerrar)),
         senales_([this] { pedirFin(); }) {
     app_.automat().alTerminar = [this](automation::ResultadoProceso r) {
-      estado_ = std::max(estado_, static_cast<int>(r));
+      if (!encargos_.terminado(r)) estado_ = std::max(estado_, static_cast<int>(r));
       if (pedido_) cerrar_();
     };
   }
@@ -86,6 +92,7 @@ class Final {
   void pedirFin() {
     pedido_ = true;
     app_.cronos().parar();
+    encargos_.dejar();
     if (!app_.automat().enMarcha()) return cerrar_();
     app_.automat().conservarAlAbortar = true;
     app_.automat().abortar();
@@ -94,6 +101,7 @@ class Final {
 
   Aplicacion& app_;
   PreguntasApp& preguntas_;
+  Encargos& encargos_;
   std::function<void()> cerrar_;
   int estado_ = kBien;
   bool pedido_ = false;
@@ -121,13 +129,71 @@ int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, Reloj& reloj,
   QApplication::setWindowIcon(ventanas::icono(u"tarvo"_s));
   qt.setQuitOnLastWindowClosed(false);
   QObject::connect(&ventanas, &ventanas::Ventanas::vacio, &qt, &QApplication::quit);
-  Final final(aplicacion, preguntas, [&] {
+  Encargos encargos(fondo, aplicacion, preguntas, ventanas, reloj);
+  Final final(aplicacion, preguntas, encargos, [&] {
     if (!ventanas.DescargaTodo()) qt.quit();
   });
   if (!ventanas.abrir(primera->ventana, nullptr, primera->argumentos))
     return guardarAjustes(fondo, o.proceso.isEmpty() ? kProblemas : kSinProceso);
+  if (const auto oye = encargos.escuchar(); !oye) {
+    const QString frase = t(kTxSinPuerta).arg(oye.error().texto);
+    avisar(frase);
+    if (auto* v = ventanas.cargada(primera->ventana)) v->decirDuda(frase);
+  }
   const int estado = qt.exec();
   return guardarAjustes(fondo, o.proceso.isEmpty() ? estado : std::max(estado, final.estado()));
+}
+
+// --- another program has the database -----------------------------------------------------------
+
+// The process that the command line names, as a request; nothing when it can't be read or holds a
+// timetable, which needs this program itself.
+std::optional<Peticion> peticionDe(const Ordenes& o, const Ajustes& ajustes, const Textos& t) {
+  Peticion p;
+  p.ventana = o.ventana;
+  if (o.proceso.trimmed().isEmpty()) return p;
+  const motor::RegistroTareas registro = tareas::registro();
+  const automation::Lenguaje lenguaje(registro, ajustes, t);
+  const QString ruta = rutaProceso(o.proceso, ajustes);
+  const auto leido = lenguaje.LeerProceso(ruta);
+  if (!leido || !leido->activaciones.empty()) return std::nullopt;
+  p.que = Peticion::Que::Proceso;
+  p.nombre = QFileInfo(ruta).completeBaseName();
+  p.omitidas = leido->omitidas;
+  p.datos = o.datos;
+  for (const auto& paso : leido->pasos) p.pasos += lenguaje.EscribirPaso(paso);
+  return p;
+}
+
+// Its windows come to the front, or it runs the process; nothing when nobody answers there.
+std::optional<int> pedirAlOtro(const Peticion& peticion, const Ajustes& ajustes, Reloj& reloj) {
+  std::optional<int> estado;
+  QEventLoop bucle;
+  const Entrega entrega(ajustes.BaseDatos, peticion,
+                        {.decir = decir,
+                         .avisar = avisar,
+                         .alAcabar =
+                             [&](int fin) {
+                               estado = fin;
+                               bucle.quit();
+                             },
+                         .alCortarse = [&] { bucle.quit(); }},
+                        reloj);
+  bucle.exec();
+  return estado;
+}
+
+std::optional<int> siOcupada(const Ordenes& o, const Textos& t, const QString& carpeta,
+                             const Error& error, Reloj& reloj) {
+  const auto ajustes = Fondo::leerAjustes(carpeta, o.idioma, t, reloj);
+  const auto peticion = ajustes ? peticionDe(o, *ajustes, t) : std::nullopt;
+  if (peticion)
+    if (const auto estado = pedirAlOtro(*peticion, *ajustes, reloj)) return estado;
+  avisar(error.texto);
+  const QString frase = ajustes ? t(kTxReintentar).arg(ajustes->BaseDatos) : error.texto;
+  const bool otraVez = ventanas::MyMsgBox::Decide(
+      nullptr, t, frase, ventanas::kAceptoCancelo | ventanas::kExclamacion);
+  return otraVez ? std::nullopt : std::optional<int>(kSinBase);
 }
 
 }  // namespace
@@ -148,12 +214,16 @@ int principalVentanas(int argc, char** argv) {
       avisar(texto);
       ventanas::MyMsgBox::Decide(nullptr, t, texto, ventanas::kCritico);
     };
-    return conFondo(o, t, decirFallo, [&](Fondo& fondo, Reloj& reloj) {
+    const auto trabajar = [&](Fondo& fondo, Reloj& reloj) {
       PreguntasApp preguntas(o.datos, t);
       return conAplicacion(fondo, reloj, preguntas, decirFallo, [&](Aplicacion& aplicacion) {
         return conVentanas(qt, o, fondo, reloj, aplicacion, preguntas);
       });
-    });
+    };
+    return conFondo(o, t, decirFallo, trabajar,
+                    [&](const QString& carpeta, const Error& error, Reloj& reloj) {
+                      return siOcupada(o, t, carpeta, error, reloj);
+                    });
   });
 }
 

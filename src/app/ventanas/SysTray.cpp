@@ -40,6 +40,10 @@ void SysTray::TipSysTray(const QString& tip) {
   if (bandeja_) bandeja_->setToolTip(tip.left(kTipMayor));
 }
 
+void SysTray::MenuSysTray(QMenu* menu) {
+  if (bandeja_) bandeja_->setContextMenu(menu);
+}
+
 void SysTray::FinSysTray() {
   if (bandeja_) bandeja_.release()->deleteLater();
 }

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <memory>
 
+class QMenu;
 class QSystemTrayIcon;
 
 namespace tarvo::app {
@@ -19,6 +20,7 @@ class SysTray final : public QObject {
   void IniSysTray(const QIcon& icono, const QString& tip);
   void IconSysTray(const QIcon& icono);
   void TipSysTray(const QString& tip);  // 63 characters at most
+  void MenuSysTray(QMenu* menu);        // of the right button; it stays its owner's
   void FinSysTray();
   // A person can reach the program by it.
   bool hay() const;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/Aplicacion.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "comm/motor/TextosMotor.h"
 
@@ -34,6 +35,7 @@ class Redactor {
   Renglon bandeja() const;
   Renglon proxima() const;
   Renglon grupo(const automation::GrupoResumen& g) const;
+  std::vector<Renglon> deArranque() const;
   std::vector<Renglon> avisos() const;
   std::vector<Renglon> grupos() const;
   QString cuenta() const;
@@ -107,8 +109,28 @@ Renglon Redactor::noche() const {
   return r;
 }
 
-std::vector<Renglon> Redactor::avisos() const {
+// What is wrong with the start itself comes first: all else rests on it.
+std::vector<Renglon> Redactor::deArranque() const {
   std::vector<Renglon> lista;
+  if (baseFuera(a_))
+    lista.push_back({.estado = Estado::Duda,
+                     .palabra = t_(kTxVerAjustes),
+                     .titulo = t_(kTxBaseFuera),
+                     .texto = t_(kTxBaseFueraQue, {a_.BaseDatos, a_.carpeta}),
+                     .valor = {},
+                     .ventana = {}});
+  for (const QString& duda : dudasDe(a_, t_).mid(0, kAvisosVistos))
+    lista.push_back({.estado = Estado::Duda,
+                     .palabra = t_(kTxVerAjustes),
+                     .titulo = {},
+                     .texto = duda,
+                     .valor = {},
+                     .ventana = u"PortalCnf"_s});
+  return lista;
+}
+
+std::vector<Renglon> Redactor::avisos() const {
+  std::vector<Renglon> lista = deArranque();
   if (r_.debidos > 0)
     lista.push_back({.estado = Estado::Duda,
                      .palabra = t_(kTxVerDebidos),
@@ -116,8 +138,9 @@ std::vector<Renglon> Redactor::avisos() const {
                      .texto = Plural(t_(kTxQuedaPorHacer), r_.debidos),
                      .valor = {},
                      .ventana = u"Debidos"_s});
+  const size_t hasta = lista.size() + kAvisosVistos;
   for (const auto& aviso : r_.avisos) {
-    if (lista.size() == kAvisosVistos) break;
+    if (lista.size() == hasta) break;
     Renglon r{.estado = Estado::Duda,
               .palabra = t_(kTxVerAviso),
               .titulo = {},
@@ -304,6 +327,22 @@ QString cuandoFue(Fecha momento, Fecha ahora, const Textos& t) {
     default:
       return t(kTxDia, {momento.corta(), hora});
   }
+}
+
+void anteponerLotes(VistaManana& vista, std::span<const articles::LoteAMedias> lotes,
+                    const Textos& textos) {
+  if (lotes.empty()) return;
+  if (vista.noche.estado != Estado::Mal) vista.noche.estado = Estado::Duda;
+  vista.noche.titulo = textos(kTxCambioAMedias);
+  std::vector<Renglon> lineas;
+  for (const auto& l : lotes)
+    lineas.push_back({.estado = Estado::Mal,
+                      .palabra = textos(kTxVerAviso),
+                      .titulo = {},
+                      .texto = articles::decirAMedias(l, textos),
+                      .valor = {},
+                      .ventana = l.ventana});
+  vista.avisos.insert(vista.avisos.begin(), lineas.begin(), lineas.end());
 }
 
 VistaManana vistaDe(const Resumen& resumen, const Textos& textos, const Ajustes& ajustes) {

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "articles/LotesAMedias.h"
 #include "automation/Resumen.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "core/ventanas/parrilla/Columna.h"
@@ -30,6 +31,10 @@ struct VistaManana {
 
 VistaManana vistaDe(const automation::Resumen& resumen, const Textos& textos,
                     const Ajustes& ajustes);
+
+// Changes of articles that were cut off come before all else: what the night sends depends on them.
+void anteponerLotes(VistaManana& vista, std::span<const articles::LoteAMedias> lotes,
+                    const Textos& textos);
 
 // "hoy a las 22:00", "ayer a las...", or the day of the week and the date.
 QString cuandoFue(Fecha momento, Fecha ahora, const Textos& textos);

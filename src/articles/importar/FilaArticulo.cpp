@@ -1,5 +1,6 @@
 #include "articles/importar/FilaArticulo.h"
 
+#include "articles/Limites.h"
 #include "articles/importar/TextosImportar.h"
 #include "core/dao/Orden.h"
 #include "core/dinero/Dinero.h"
@@ -12,9 +13,7 @@ using Motivo = Filas::Motivo;
 
 namespace {
 
-constexpr int kDiasMayor = 9999, kFormatoMayor = 99;
-constexpr qint64 kImporteMayor = 99'999'999, kCantidadMayor = 999'999'999;
-constexpr int kDescuentoMayor = 9999;
+constexpr qint64 kCantidadMayor = 999'999'999;
 
 int nativa(const Ajustes& a) {
   return a.MonedaNativa != 0 ? 1 : 0;
@@ -41,6 +40,8 @@ Campo campoDe(Falta f) {
       return Campo::Hasta1;
     case Falta::Hasta2:
       return Campo::Hasta2;
+    case Falta::Descuento:
+      return Campo::Descto;
     default:
       return Campo::Codigo;
   }
@@ -154,7 +155,7 @@ std::optional<Motivo> Filas::poner(Articulo& a, Campo campo, const QString& text
       return std::nullopt;  // the key is read apart
     case Campo::Nombre:
       a.nombre = texto.simplified();
-      return std::nullopt;
+      return articles::malNombre(a.nombre, t_);
     case Campo::TextoEtq:
       a.textoEtq = texto;
       return std::nullopt;
@@ -181,11 +182,11 @@ std::optional<Motivo> Filas::poner(Articulo& a, Campo campo, const QString& text
     case Campo::Descto:
       return ponerDescuento(a.descto, texto);
     case Campo::Formato:
-      return ponerEntero(a.formato, campo, texto, 0, kFormatoMayor);
+      return ponerFormato(a.formato, texto);
     case Campo::Numdias1:
-      return ponerEntero(a.numdias1, campo, texto, 0, kDiasMayor);
+      return ponerEntero(a.numdias1, campo, texto, 0, articles::kDiasMayor);
     case Campo::Numdias2:
-      return ponerEntero(a.numdias2, campo, texto, 0, kDiasMayor);
+      return ponerEntero(a.numdias2, campo, texto, 0, articles::kDiasMayor);
     case Campo::Hasta1:
       return ponerCantidad(a.hasta1, campo, texto, a.cada);
     case Campo::Hasta2:
@@ -213,13 +214,21 @@ std::optional<Motivo> Filas::ponerEntero(int& donde, Campo campo, const QString&
   return std::nullopt;
 }
 
+std::optional<Motivo> Filas::ponerFormato(int& donde, const QString& texto) const {
+  const auto n = leerEntero(texto);
+  if (!n) return noVale(Campo::Formato, texto);
+  donde = static_cast<int>(std::min<qint64>(*n, 9999));
+  return articles::malFormato(donde, t_);
+}
+
+// By the limits of all prices, after the sign of this table is made the language's.
 std::optional<Motivo> Filas::ponerImporte(qint64& donde, Campo campo, const QString& texto) const {
   auto n = leerDecimal(texto, plan_.signo);
   if (!n || n->startsWith(u'-')) return noVale(campo, texto);
   if (ajustes_.idioma != Idioma::UK) n->replace(u'.', u',');
-  const qint64 importe = AImporte(ajustes_, *n, nativa(ajustes_));
-  if (importe > kImporteMayor) return noVale(campo, texto);
-  donde = importe;
+  const auto importe = articles::comoPrecio(*n, ajustes_, nativa(ajustes_));
+  if (!importe) return articles::errorDe(importe.error(), texto, ajustes_, t_).texto;
+  donde = *importe;
   return std::nullopt;
 }
 
@@ -236,7 +245,7 @@ std::optional<Motivo> Filas::ponerCantidad(qint64& donde, Campo campo, const QSt
 std::optional<Motivo> Filas::ponerDescuento(int& donde, const QString& texto) const {
   const auto n = leerDecimal(texto, plan_.signo);
   const double x = n ? n->toDouble() : -1;
-  if (x < 0 || x * 100 > kDescuentoMayor) return noVale(Campo::Descto, texto);
+  if (x < 0 || x * 100 > articles::kDescuentoMayor) return noVale(Campo::Descto, texto);
   donde = qRound(x * 100);
   return std::nullopt;
 }

@@ -55,6 +55,7 @@ class Filas {
   std::optional<Motivo> ponerImporte(qint64& donde, Campo campo, const QString& texto) const;
   std::optional<Motivo> ponerCantidad(qint64& donde, Campo campo, const QString& texto,
                                       int cada) const;
+  std::optional<Motivo> ponerFormato(int& donde, const QString& texto) const;
   std::optional<Motivo> ponerDescuento(int& donde, const QString& texto) const;
   std::optional<Motivo> ponerDepto(articles::Articulo& a, const QString& texto) const;
   std::optional<Motivo> ponerPalabra(int& donde, Campo campo, const QString& texto, int palabras,

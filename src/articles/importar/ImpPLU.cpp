@@ -1,62 +1,36 @@
 #include "articles/importar/ImpPLU.h"
 
+#include "articles/Limites.h"
 #include "articles/importar/TextosImportar.h"
 
 namespace tarvo::importar {
 
 using namespace Qt::StringLiterals;
-using articles::columnaPrecio;
-using articles::kNiveles;
-using articles::kTarifas;
+using articles::Articulo;
+using articles::ClaveArticulo;
 
 namespace {
 
 const QString kVentanaPLU = u"ImpPLU"_s;
 
-// The columns that a record says, in the order in which ligar() binds them; the key stands behind.
-QStringList columnas() {
-  QStringList c{u"NOMPLU"_s, u"CADA"_s, u"COSTE"_s, u"DEPTO"_s, u"FORMATO"_s};
-  for (int nivel = 0; nivel < kNiveles; ++nivel)
-    for (int tarifa = 0; tarifa < kTarifas; ++tarifa) c << columnaPrecio(nivel, tarifa);
-  return c;
-}
-
-void ligar(dao::Sentencia& s, const RegistroPLU& r) {
-  int i = 0;
-  s.ligar(i++, dao::Valor(r.nombre));
-  for (const qint64 n : {qint64{r.cada}, r.coste, qint64{r.depto}, qint64{r.formato}})
-    s.ligar(i++, n);
-  for (const auto& nivel : r.precios)
-    for (const qint64 precio : nivel) s.ligar(i++, precio);
-  s.ligar(i++, qint64{r.clave.seccion});
-  s.ligar(i, r.clave.codigo);
-}
-
-// What a new article has besides its record: columns and values.
-const QStringList kDefectos{u"MDF_PRE"_s,  u"minimo"_s,    u"BARRAS"_s,  u"PFX_BAR"_s,
-                            u"DESCTO"_s,   u"HASTA_1"_s,   u"HASTA_2"_s, u"STK_MAX"_s,
-                            u"STK_MIN"_s,  u"TEXTO_ETQ"_s, u"Tara"_s,    u"NUMDIAS_1"_s,
-                            u"NUMDIAS_2"_s};
-const QString kValoresDefecto = u"1, 0, 1, '0', 0, 0, 0, 0, 0, '', 1, 0, 0"_s;
-
-// Whether an error of the store is a matter of this line alone.
-bool esDeLaLinea(const Error& e) {
-  return e.clase == Fallo::Restriccion || e.clase == Fallo::Duplicado;
+// The fields of the record; the rest of the article stays.
+void aplicar(const RegistroPLU& r, Articulo& a) {
+  a.clave = r.clave;
+  a.nombre = r.nombre;
+  a.cada = r.cada;
+  a.coste = r.coste;
+  a.depto = r.depto;
+  a.formato = r.formato;
+  a.precios = r.precios;
 }
 
 }  // namespace
 
-// What a run needs of the store, made ready with its first line.
-struct ImpPLU::Escritura {
-  qint64 lote = 0;
-  std::unique_ptr<dao::Sentencia> insertar, cambiar, historia;
-};
-
 ImpPLU::ImpPLU(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj, QByteArray bytes)
     : db_(db),
       catalogo_(catalogo),
-      reloj_(reloj),
       lotes_(db, catalogo, reloj),
+      tanda_(db, catalogo, lotes_, kVentanaPLU, articles::Tanda::Oyen::Nadie),
       lineas_(std::move(bytes)) {}
 ImpPLU::~ImpPLU() = default;
 
@@ -67,55 +41,42 @@ Resultado<std::unique_ptr<ImpPLU>> ImpPLU::abrir(dao::Database& db, articles::Ca
 }
 
 qint64 ImpPLU::lote() const {
-  return e_ && cuenta_.nuevos + cuenta_.sobreescritos > 0 ? e_->lote : 0;
+  return cuenta_.nuevos + cuenta_.sobreescritos > 0 ? lote_ : 0;
 }
 
-Resultado<> ImpPLU::empezar() {
-  auto e = std::make_unique<Escritura>();
-  TARVO_TOMAR(const auto lote, lotes_.empezar(kVentanaPLU));
-  e->lote = lote;
-  const QStringList c = columnas();
-  const QString marcas = QString(u"?, "_s).repeated(c.size() + 2).chopped(2);
-  TARVO_TOMAR(auto insertar,
-              db_.preparar(u"INSERT INTO PLUSES (%1, SECCION, CODPLU, %2) VALUES (%3, %4) "
-                           u"ON CONFLICT (SECCION, CODPLU) DO NOTHING"_s.arg(
-                               c.join(u", "), kDefectos.join(u", "), marcas, kValoresDefecto)));
-  TARVO_TOMAR(
-      auto cambiar,
-      db_.preparar(u"UPDATE PLUSES SET %1=? WHERE SECCION=? AND CODPLU=?"_s.arg(c.join(u"=?, "))));
-  TARVO_TOMAR(auto historia, db_.preparar(u"INSERT INTO HistoriaPrecios (SECCION, CODPLU, NIVEL, "
-                                          u"TARIFA, AHORA, ANTES, CUANDO, QUIEN, "
-                                          u"VENTANA) VALUES (?, ?, ?, ?, ?, 0, ?, ?, ?)"));
-  int comun = 5;  // the same for all of the run
-  for (const dao::Valor& v :
-       {dao::Valor(reloj_.ahora()), dao::Valor(catalogo_.quien()), dao::Valor(kVentanaPLU)})
-    historia->ligar(comun++, v);
-  e->historia = std::move(historia);
-  e->insertar = std::move(insertar);
-  e->cambiar = std::move(cambiar);
-  e_ = std::move(e);
+Resultado<> ImpPLU::leerSecciones() {
+  secciones_.clear();
+  TARVO_TOMAR(auto rs, db_.consultar(u"SELECT NMSECC FROM SECCS"));
+  while (!rs->Eof()) {
+    secciones_.insert(static_cast<int>(rs->entero(0)));
+    TARVO_INTENTAR(rs->MoveNext());
+  }
   return {};
 }
 
 Resultado<bool> ImpPLU::paso(SiExiste siExiste) {
-  const Cuenta antes = cuenta_;
+  const auto antes = std::pair(cuenta_, lote_);
   auto hecho = [&]() -> Resultado<bool> {
     TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
-    if (!e_) TARVO_INTENTAR(empezar());
-    bool hayMas = true;
-    for (int i = 0; hayMas && i < kLineasPorPaso; ++i) {
-      auto r = linea(siExiste);
-      if (!r) return r;
-      hayMas = *r;
+    TARVO_INTENTAR(leerSecciones());
+    if (lote_ == 0) {
+      TARVO_TOMAR(lote_, lotes_.empezar(kVentanaPLU));
     }
+    bool hayMas = true;
+    Registros registros;
+    for (int i = 0; hayMas && i < kLineasPorPaso; ++i) {
+      TARVO_TOMAR(hayMas, linea(siExiste, registros));
+    }
+    TARVO_INTENTAR(escribir(registros, siExiste));
     TARVO_INTENTAR(t.confirmar());
     return hayMas;
   }();
-  if (!hecho) cuenta_ = antes;
+  if (!hecho) std::tie(cuenta_, lote_) = antes;
   return hecho;
 }
 
-Resultado<bool> ImpPLU::linea(SiExiste siExiste) {
+// A second line of a code comes upon what the first one made.
+Resultado<bool> ImpPLU::linea(SiExiste siExiste, Registros& registros) {
   if (!lineas_.siguiente()) return false;
   if (lineas_.linea().isEmpty()) return true;
   const auto r = leerLineaPLU(lineas_.linea());
@@ -125,66 +86,47 @@ Resultado<bool> ImpPLU::linea(SiExiste siExiste) {
     return false;
   }
   ++cuenta_.lineas;
-  if (!r) {
-    cuenta_.malas.push_back(lineas_.mala(motivo(r.error())));
-  } else if (r->clave.deSistema()) {
-    cuenta_.malas.push_back(
-        lineas_.mala(catalogo_.textos()(kTxDelSistema, {Ceros(r->clave.codigo, 7)})));
-  } else if (const auto escrito = escribir(*r, siExiste); !escrito) {
-    if (!esDeLaLinea(escrito.error())) return std::unexpected(escrito.error());
-    cuenta_.malas.push_back(
-        lineas_.mala(catalogo_.textos()(kTxSinSeccion, {Ceros(r->clave.seccion, 3)})));
+  const QString mal = r ? falta(*r) : motivo(r.error());
+  if (!mal.isEmpty()) return cuenta_.malas.push_back(lineas_.mala(mal)), true;
+  if (registros.contains(r->clave)) {
+    TARVO_INTENTAR(escribir(registros, siExiste));
+    registros.clear();
   }
+  registros.emplace(r->clave, *r);
   return true;
 }
 
-Resultado<> ImpPLU::escribir(const RegistroPLU& r, SiExiste siExiste) {
-  ligar(*e_->insertar, r);
-  TARVO_TOMAR(const auto n, e_->insertar->ejecutar());
-  if (n > 0) {
-    TARVO_INTENTAR(lotes_.guardarNuevo(e_->lote, r.clave));
-    TARVO_INTENTAR(anotarLlegada(r));
-    ++cuenta_.nuevos;
-  } else if (siExiste == SiExiste::Conservarlo) {
-    ++cuenta_.conservados;
-    return {};
-  } else {
-    TARVO_INTENTAR(sobreescribir(r));
-    ++cuenta_.sobreescritos;
+QString ImpPLU::falta(const RegistroPLU& r) const {
+  const Textos& t = catalogo_.textos();
+  if (r.clave.deSistema()) return t(kTxDelSistema, {Ceros(r.clave.codigo, 7)});
+  if (!secciones_.contains(r.clave.seccion)) return t(kTxSinSeccion, {Ceros(r.clave.seccion, 3)});
+  if (const auto mal = articles::malDepartamento(r.depto, t)) return *mal;
+  return articles::malFormato(r.formato, t).value_or(QString());
+}
+
+Resultado<> ImpPLU::escribir(const Registros& registros, SiExiste siExiste) {
+  std::vector<ClaveArticulo> claves;
+  for (const auto& [clave, r] : registros) claves.push_back(clave);
+  TARVO_TOMAR(const auto hay, catalogo_.leerVarios(claves));
+  std::vector<Articulo> nuevas;
+  auto suyo = hay.begin();
+  for (const auto& [clave, r] : registros) {
+    const bool esta = suyo != hay.end() && suyo->clave == clave;
+    Articulo a = esta ? *suyo++ : Articulo{};
+    ++(!esta                               ? cuenta_.nuevos
+       : siExiste == SiExiste::Conservarlo ? cuenta_.conservados
+                                           : cuenta_.sobreescritos);
+    if (esta && siExiste == SiExiste::Conservarlo) continue;
+    aplicar(r, a);
+    ultimo_ = a.nombre;
+    nuevas.push_back(std::move(a));
   }
-  ultimo_ = r.nombre;
-  return {};
-}
-
-// The first price that isn't 0: by it the history of a new article says who brought it, when and
-// whence. A row for each of 24 prices would take longer to write than the article.
-Resultado<> ImpPLU::anotarLlegada(const RegistroPLU& r) {
-  for (size_t nivel = 0; nivel < kNiveles; ++nivel)
-    for (size_t tarifa = 0; tarifa < kTarifas; ++tarifa) {
-      const qint64 precio = r.precios[nivel][tarifa];
-      if (precio == 0) continue;
-      int i = 0;
-      for (const qint64 n : {qint64{r.clave.seccion}, r.clave.codigo, static_cast<qint64>(nivel),
-                             static_cast<qint64>(tarifa), precio})
-        e_->historia->ligar(i++, n);
-      TARVO_INTENTAR(e_->historia->ejecutar());
-      return {};
-    }
-  return {};
-}
-
-Resultado<> ImpPLU::sobreescribir(const RegistroPLU& r) {
-  TARVO_TOMAR(const auto antes, catalogo_.leer(r.clave));
-  TARVO_INTENTAR(lotes_.guardar(e_->lote, r.clave));
-  ligar(*e_->cambiar, r);
-  TARVO_INTENTAR(e_->cambiar->ejecutar());
-  if (!antes) return {};
-  return catalogo_.anotarPrecios(r.clave, antes->precios, r.precios, kVentanaPLU);
+  return tanda_.escribir(lote_, nuevas);
 }
 
 Resultado<> ImpPLU::acabar() {
-  if (!e_) return {};
-  return lote() > 0 ? lotes_.acabar(e_->lote) : lotes_.olvidar(e_->lote);
+  if (lote_ == 0) return {};
+  return lote() > 0 ? lotes_.acabar(lote_) : lotes_.olvidar(lote_);
 }
 
 QString ImpPLU::motivo(const FaltaPLU& f) const {

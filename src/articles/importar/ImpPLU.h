@@ -2,7 +2,10 @@
 // them by a complete transmission. The whole run is one batch, which can be undone.
 #pragma once
 
-#include "articles/Lotes.h"
+#include <map>
+#include <set>
+
+#include "articles/Tanda.h"
 #include "articles/importar/LineaPLU.h"
 #include "articles/importar/Lineas.h"
 
@@ -12,7 +15,7 @@ enum class SiExiste { Sobreescribirlo, Conservarlo };
 
 class ImpPLU {
  public:
-  static constexpr int kLineasPorPaso = 800;
+  static constexpr int kLineasPorPaso = 250;
 
   // REQUIRES that the references outlive it. Errors: those of leerFichero.
   static Resultado<std::unique_ptr<ImpPLU>> abrir(dao::Database& db, articles::Catalogo& catalogo,
@@ -39,23 +42,24 @@ class ImpPLU {
   qint64 tamano() const { return lineas_.tamano(); }
 
  private:
-  struct Escritura;
   ImpPLU(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj, QByteArray bytes);
-  Resultado<> empezar();
-  Resultado<bool> linea(SiExiste siExiste);
-  Resultado<> escribir(const RegistroPLU& r, SiExiste siExiste);
-  Resultado<> anotarLlegada(const RegistroPLU& r);
-  Resultado<> sobreescribir(const RegistroPLU& r);
+  using Registros = std::map<articles::ClaveArticulo, RegistroPLU>;
+  Resultado<bool> linea(SiExiste siExiste, Registros& registros);
+  Resultado<> escribir(const Registros& registros, SiExiste siExiste);
+  Resultado<> leerSecciones();
+  // What keeps a record out, in words; empty for none.
+  QString falta(const RegistroPLU& r) const;
   QString motivo(const FaltaPLU& falta) const;
 
   dao::Database& db_;
   articles::Catalogo& catalogo_;
-  Reloj& reloj_;
   articles::Lotes lotes_;
+  articles::Tanda tanda_;
   Lineas lineas_;
+  std::set<int> secciones_;
   Cuenta cuenta_;
   QString ultimo_;
-  std::unique_ptr<Escritura> e_;
+  qint64 lote_ = 0;
 };
 
 }  // namespace tarvo::importar

@@ -67,7 +67,7 @@ Resultado<std::optional<CampoAlta>> AltaRapida::primeraFalta(const EntradaAlta& 
 Articulo AltaRapida::articuloDe(const EntradaAlta& e) const {
   Articulo a;
   a.clave = {e.seccion, codigoDe(e.codigo).value_or(0)};
-  a.nombre = e.nombre.trimmed().left(kNombreMayor);
+  a.nombre = e.nombre.trimmed().left(articles::kNombreDeRejilla);
   a.cada = e.cada;
   a.depto = enteroDe(e.departamento);
   a.formato = enteroDe(e.formato);

@@ -90,7 +90,7 @@ void CalcPre::ponerCalculado(qint64 calcu) {
 }
 
 void CalcPre::ponerRedondeo(qint64 paso) {
-  redondeo_ = std::max<qint64>(0, acotado(paso));
+  redondeo_ = std::clamp<qint64>(paso, 0, kRedondeoMayor);
   redondear();
 }
 

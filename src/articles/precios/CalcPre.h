@@ -14,6 +14,9 @@ qint64 Parte(double p, qint64 x);
 // The next multiple of `paso` at or above `n`, also for a negative `n`; `n` itself with no step.
 qint64 haciaArriba(qint64 n, qint64 paso);
 
+// The greatest rounding step, which the setting still holds.
+inline constexpr qint64 kRedondeoMayor = 32'767;
+
 // Incluido: prices are understood with the VAT inside, and no figure of it is used.
 enum class ModoIva { Incluido, Detallado };
 
@@ -47,7 +50,7 @@ class CalcPre {
   void ponerMargen(qint64 margen);
   void ponerVenta(qint64 ventaN);
   void ponerCalculado(qint64 calcu);
-  void ponerRedondeo(qint64 paso);  // of the present figure; below 1 is none
+  void ponerRedondeo(qint64 paso);  // of the present figure; 0 to kRedondeoMayor, 0 is none
   void ponerModo(ModoIva modo);     // the price stays
 
   // From now on this margin, with the two decimals that are shown.

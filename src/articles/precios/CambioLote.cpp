@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "articles/precios/Limites.h"
+#include "articles/precios/LineaLote.h"
 #include "articles/precios/TextosPrecios.h"
 
 namespace tarvo::precios {
@@ -12,8 +13,8 @@ using articles::ClaveArticulo;
 
 namespace {
 
+constexpr int kMiradosPorPaso = 500;
 constexpr qint64 kEntero = 10'000;  // hundredths of a per cent in one
-constexpr size_t kArticulosPorPaso = 50;
 
 // One value, into the line and, when it fits, into the article.
 template <class T>
@@ -53,16 +54,6 @@ struct Hacer {
   }
 };
 
-// What becomes of an article, which is changed.
-LineaLote cambiar(Articulo& a, const OrdenLote& orden) {
-  LineaLote linea{a.clave, a.nombre};
-  linea.antes = linea.despues = std::holds_alternative<PoneDepartamento>(orden) ? a.depto
-                                : std::holds_alternative<PoneFormato>(orden)    ? a.formato
-                                                                                : a.precios[0][0];
-  std::visit(Hacer{a, linea}, orden);
-  return linea;
-}
-
 // The signs of a pattern as themselves.
 QString comoParte(const QString& texto) {
   QString patron;
@@ -74,6 +65,15 @@ QString comoParte(const QString& texto) {
 }
 
 }  // namespace
+
+LineaLote cambiarConOrden(Articulo& a, const OrdenLote& orden) {
+  LineaLote linea{a.clave, a.nombre};
+  linea.antes = linea.despues = std::holds_alternative<PoneDepartamento>(orden) ? a.depto
+                                : std::holds_alternative<PoneFormato>(orden)    ? a.formato
+                                                                                : a.precios[0][0];
+  std::visit(Hacer{a, linea}, orden);
+  return linea;
+}
 
 std::optional<SubePrecios> SubePrecios::de(int centesimas, qint64 paso, Redondeo redondeo,
                                            std::optional<int> nivel, std::optional<int> tarifa) {
@@ -119,62 +119,46 @@ Resultado<> CambioLote::comprobar(int seccion, const OrdenLote& orden) {
 
 Resultado<std::vector<LineaLote>> CambioLote::previa(const SeleccionLote& s,
                                                      const OrdenLote& orden) {
-  TARVO_INTENTAR(comprobar(s.seccion, orden));
-  QString sql = QStringLiteral("SELECT * FROM PLUSES WHERE SECCION=? AND CODPLU>2");
-  std::vector<dao::Valor> parametros{s.seccion};
-  if (s.codigos.empty() && s.departamento) {
-    sql += QStringLiteral(" AND DEPTO=?");
-    parametros.emplace_back(*s.departamento);
+  const auto todas = mirar(s, orden);
+  for (;;) {
+    TARVO_TOMAR(const auto hayMas, todas->paso());
+    if (!hayMas) return todas->tomar();
   }
-  if (s.codigos.empty() && !s.nombre.trimmed().isEmpty()) {
-    sql += QStringLiteral(" AND NOMPLU LIKE ?");
-    parametros.emplace_back(comoParte(s.nombre.trimmed()));
+}
+
+CambioLote::Previa::Previa(CambioLote& motor, SeleccionLote seleccion, OrdenLote orden)
+    : motor_(motor), seleccion_(std::move(seleccion)), orden_(std::move(orden)) {
+  std::ranges::sort(seleccion_.codigos);
+  sql_ = QStringLiteral("SELECT * FROM PLUSES WHERE SECCION=?");
+  parametros_ = {seleccion_.seccion};
+  if (seleccion_.codigos.empty() && seleccion_.departamento) {
+    sql_ += QStringLiteral(" AND DEPTO=?");
+    parametros_.emplace_back(*seleccion_.departamento);
   }
-  TARVO_TOMAR(auto rs,
-              db_.OpenQuery(QString(sql + QStringLiteral(" ORDER BY CODPLU")), parametros));
-  auto codigos = s.codigos;
-  std::ranges::sort(codigos);
+  if (seleccion_.codigos.empty() && !seleccion_.nombre.trimmed().isEmpty()) {
+    sql_ += QStringLiteral(" AND NOMPLU LIKE ?");
+    parametros_.emplace_back(comoParte(seleccion_.nombre.trimmed()));
+  }
+  sql_ += QStringLiteral(" AND CODPLU>? ORDER BY CODPLU LIMIT %1").arg(kMiradosPorPaso);
+}
+
+Resultado<bool> CambioLote::Previa::paso() {
+  if (ultimo_ < articles::kPrimerCodigo)
+    TARVO_INTENTAR(motor_.comprobar(seleccion_.seccion, orden_));
+  auto parametros = parametros_;
+  parametros.emplace_back(ultimo_);
+  TARVO_TOMAR(auto rs, motor_.db_.OpenQuery(sql_, parametros));
   const articles::ColumnasArticulo columnas(*rs);
-  std::vector<LineaLote> lineas;
-  while (!rs->Eof()) {
+  int leidos = 0;
+  for (; !rs->Eof(); ++leidos) {
     Articulo a = columnas.leer(*rs);
-    if (codigos.empty() || std::ranges::binary_search(codigos, a.clave.codigo))
-      lineas.push_back(cambiar(a, orden));
+    ultimo_ = a.clave.codigo;
+    if (seleccion_.codigos.empty() ||
+        std::ranges::binary_search(seleccion_.codigos, a.clave.codigo))
+      lineas_.push_back(cambiarConOrden(a, orden_));
     TARVO_INTENTAR(rs->MoveNext());
   }
-  return lineas;
-}
-
-Resultado<bool> CambioLote::Marcha::paso() {
-  TARVO_TOMAR(auto t, dao::Transaccion::empezar(motor_.db_));
-  if (!claves_.empty()) TARVO_INTENTAR(motor_.comprobar(claves_.front().seccion, orden_));
-  Hecho hecho = hecho_;
-  const size_t hasta = std::min(vistos_ + kArticulosPorPaso, claves_.size());
-  for (size_t i = vistos_; i < hasta; ++i) TARVO_INTENTAR(uno(claves_[i], hecho));
-  TARVO_INTENTAR(t.confirmar());
-  hecho_ = hecho;
-  vistos_ = hasta;
-  return vistos_ < claves_.size();
-}
-
-// The batch begins with the first article that changes.
-Resultado<> CambioLote::Marcha::uno(ClaveArticulo clave, Hecho& hecho) {
-  TARVO_TOMAR(auto a, motor_.catalogo_.leer(clave));
-  const Desenlace d = a ? cambiar(*a, orden_).desenlace : Desenlace::NoCabe;
-  if (d == Desenlace::Igual) return {};
-  if (d != Desenlace::Cambia) return ++hecho.fuera, Resultado<>{};
-  if (hecho.lote == 0) {
-    TARVO_TOMAR(const auto lote, motor_.lotes_.empezar(ventana_));
-    hecho.lote = lote;
-  }
-  ++hecho.cambiados;
-  TARVO_INTENTAR(motor_.lotes_.guardar(hecho.lote, clave));
-  TARVO_INTENTAR(motor_.catalogo_.modificar(clave, *a, ventana_));
-  return motor_.lotes_.anotar(hecho.lote, clave);
-}
-
-Resultado<> CambioLote::Marcha::acabar() {
-  return hecho_.lote > 0 ? motor_.lotes_.acabar(hecho_.lote) : Resultado<>{};
+  return leidos == kMiradosPorPaso;
 }
 
 }  // namespace tarvo::precios

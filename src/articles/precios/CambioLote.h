@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-#include "articles/Lotes.h"
+#include "articles/Tanda.h"
 
 namespace tarvo::precios {
 
@@ -24,6 +24,8 @@ class SubePrecios {
                                        std::optional<int> nivel, std::optional<int> tarifa);
   qint64 aplicar(qint64 precio) const;
   bool toca(int nivel, int tarifa) const;
+  QString escribir() const;  // for escribirOrden()
+  bool operator==(const SubePrecios&) const = default;
 
  private:
   SubePrecios() = default;
@@ -34,11 +36,16 @@ class SubePrecios {
 };
 struct PoneDepartamento {
   int departamento = 0;
+  bool operator==(const PoneDepartamento&) const = default;
 };
 struct PoneFormato {
   int formato = 0;
+  bool operator==(const PoneFormato&) const = default;
 };
 using OrdenLote = std::variant<SubePrecios, PoneDepartamento, PoneFormato>;
+// As a batch keeps it; nothing for a text that is none.
+QString escribirOrden(const OrdenLote& orden);
+std::optional<OrdenLote> leerOrden(QStringView texto);
 
 // The articles of a section: those of `codigos`, or when there are none those of the filter.
 struct SeleccionLote {
@@ -67,37 +74,60 @@ class CambioLote {
   // In the order of the codes, system articles left out. Restriccion for a department that the
   // section hasn't got, or a format that isn't 1 to 20.
   Resultado<std::vector<LineaLote>> previa(const SeleccionLote& seleccion, const OrdenLote& orden);
+  // The same some articles at a time, so that a window stays alive over a section of 100,000.
+  class Previa {
+   public:
+    Resultado<bool> paso();                                        // true while there are more
+    std::vector<LineaLote> tomar() { return std::move(lineas_); }  // behind the last step
+
+   private:
+    friend class CambioLote;
+    Previa(CambioLote& motor, SeleccionLote seleccion, OrdenLote orden);
+
+    CambioLote& motor_;
+    SeleccionLote seleccion_;
+    OrdenLote orden_;
+    QString sql_;
+    std::vector<dao::Valor> parametros_;
+    qint64 ultimo_ = articles::kPrimerCodigo - 1;
+    std::vector<LineaLote> lineas_;
+  };
+  // REQUIRES that this object outlives what is given.
+  std::unique_ptr<Previa> mirar(const SeleccionLote& seleccion, const OrdenLote& orden) {
+    return std::unique_ptr<Previa>(new Previa(*this, seleccion, orden));
+  }
 
   struct Hecho {
     qint64 lote = 0;  // to take it back by; 0 when nothing changed
     int cambiados = 0;
     int fuera = 0;  // that don't fit, would cost nothing, or are gone
   };
-  // The change under way. Each step is a transaction of its own, between which others may write.
-  // Left before acabar(), or failed, it is half done: its batch is to be taken back.
+  // The change under way. Its first steps note what is to be done; each of the others changes some
+  // articles, a transaction of its own, between which others may write. Left before acabar(), or
+  // failed, it is half done: its batch is to be taken back, or gone on with.
   class Marcha {
    public:
     // The next articles, as they are now: true while there are more.
     Resultado<bool> paso();
     Resultado<> acabar();  // behind the last step
     const Hecho& hecho() const { return hecho_; }
+    qint64 faltan() const { return static_cast<qint64>(claves_.size() - vistos_); }
     qint64 vistos() const { return static_cast<qint64>(vistos_); }
 
    private:
     friend class CambioLote;
     Marcha(CambioLote& motor, std::vector<articles::ClaveArticulo> claves, OrdenLote orden,
-           QString ventana)
-        : motor_(motor),
-          claves_(std::move(claves)),
-          orden_(std::move(orden)),
-          ventana_(std::move(ventana)) {}
-    Resultado<> uno(articles::ClaveArticulo clave, Hecho& hecho);
+           const QString& ventana);
+    Resultado<bool> apuntar();
+    Resultado<> cambiar(std::span<const articles::ClaveArticulo> claves, Hecho& hecho);
 
     CambioLote& motor_;
     std::vector<articles::ClaveArticulo> claves_;
     OrdenLote orden_;
     QString ventana_;
-    size_t vistos_ = 0;
+    articles::Tanda tanda_;
+    qint64 lote_ = 0;
+    size_t apuntados_ = 0, vistos_ = 0;
     Hecho hecho_;
   };
   // Those of the articles that change and fit, all of one section. Errors of its steps: those of
@@ -106,6 +136,9 @@ class CambioLote {
                                   const OrdenLote& orden, const QString& ventana) {
     return std::unique_ptr<Marcha>(new Marcha(*this, std::move(claves), orden, ventana));
   }
+  // The rest of a batch that was cut off, into the same batch. NoExiste when it can't be gone on
+  // with.
+  Resultado<std::unique_ptr<Marcha>> seguir(qint64 lote, const QString& ventana);
 
  private:
   Resultado<> comprobar(int seccion, const OrdenLote& orden);

@@ -1,8 +1,6 @@
 #include "articles/precios/CambioRapido.h"
 
-#include "articles/precios/Limites.h"
 #include "articles/precios/TextosPrecios.h"
-#include "core/dinero/Dinero.h"
 
 namespace tarvo::precios {
 
@@ -25,7 +23,7 @@ bool poner(Articulo& a, ColumnaRapida columna, const QString& texto) {
     case ColumnaRapida::Codigo:
       return numero(a.clave.codigo, articles::kPrimerCodigo, articles::kUltimoCodigo);
     case ColumnaRapida::Nombre:
-      a.nombre = texto.trimmed().left(kNombreMayor);
+      a.nombre = texto.trimmed().left(articles::kNombreDeRejilla);
       return !a.nombre.isEmpty();
     case ColumnaRapida::Departamento:
       return numero(a.depto, 1, kUltimoDepartamento);
@@ -44,28 +42,6 @@ bool poner(Articulo& a, ColumnaRapida columna, const QString& texto) {
 }
 
 }  // namespace
-
-std::expected<qint64, FaltaPrecio> comoPrecio(const QString& texto, const Ajustes& ajustes) {
-  if (texto.trimmed().isEmpty()) return 0;
-  const auto n = LeerImporte(ajustes, texto, ajustes.MonedaNativa);
-  if (!n) return std::unexpected(FaltaPrecio::NoEsImporte);
-  if (*n < 0) return std::unexpected(FaltaPrecio::Negativo);
-  if (*n > kPrecioMayor) return std::unexpected(FaltaPrecio::Demasiado);
-  return *n;
-}
-
-Error errorDe(FaltaPrecio falta, const QString& texto, const Ajustes& ajustes,
-              const Textos& textos) {
-  const QString mayor = VerImporte(ajustes, kPrecioMayor, ajustes.MonedaNativa);
-  return {Fallo::Formato, 0,
-          textos(kTxPrecioNoVale + static_cast<int>(falta), {texto.trimmed(), mayor})};
-}
-
-std::optional<QString> avisoPrecio(qint64 precio, const Ajustes& ajustes, const Textos& textos) {
-  if (precio <= kPrecioDeBalanza) return std::nullopt;
-  const auto ver = [&](qint64 n) { return VerImporte(ajustes, n, ajustes.MonedaNativa); };
-  return textos(kTxPrecioAlto, {ver(precio), ver(kPrecioDeBalanza)});
-}
 
 Resultado<Articulo> conColumna(Articulo articulo, ColumnaRapida columna, const QString& texto,
                                const Ajustes& ajustes, const Textos& textos) {

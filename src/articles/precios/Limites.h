@@ -1,19 +1,23 @@
-// What the fields of an article take from a person, and how typed numbers are read.
+// The limits of the catalogue, and how whole numbers are read.
 #pragma once
 
 #include <QStringView>
 #include <algorithm>
 #include <optional>
 
-#include "articles/Secciones.h"
+#include "articles/Limites.h"
 
 namespace tarvo::precios {
 
-inline constexpr int kNombreMayor = 20, kUltimoFormato = 20;
+using articles::avisoPrecio;
+using articles::comoPrecio;
+using articles::errorDe;
+using articles::FaltaPrecio;
+using articles::kDiasMayor;
+using articles::kPrecioDeBalanza;
+using articles::kPrecioMayor;
 using articles::kUltimoDepartamento;
-inline constexpr int kDiasMayor = 9999;
-inline constexpr qint64 kPrecioDeBalanza = 999'999;  // the highest that a scale can show
-inline constexpr qint64 kPrecioMayor = 999'999'999;  // the highest that a person may key
+using articles::kUltimoFormato;
 
 inline bool sonCifras(QStringView s) {
   return std::ranges::all_of(s, [](QChar c) { return c >= u'0' && c <= u'9'; });

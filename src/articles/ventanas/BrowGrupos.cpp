@@ -229,7 +229,8 @@ bool BrowGrupos::event(QEvent* evento) {
 
 bool BrowGrupos::QueryUnload() {
   trabajo().parar();
-  for (const Borrado& b : borrados_) haIdoBien(lotes_.olvidar(b.lote));
+  for (const Borrado& b : borrados_)
+    if (!b.seccion) haIdoBien(lotes_.olvidar(b.lote));
   borrados_.clear();
   if (!contexto().ventanas.cargada(u"BrowPLUs"_s)) enviarAlSalir(*this, catalogo_, motor_);
   return false;

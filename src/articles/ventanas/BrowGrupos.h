@@ -2,6 +2,7 @@
 // says that groups can't be kept from here.
 #pragma once
 
+#include "articles/BorradoSeccion.h"
 #include "articles/Lotes.h"
 #include "articles/Secciones.h"
 #include "comm/motor/gestcomm.h"
@@ -30,12 +31,13 @@ class BrowGrupos final : public ventanas::Ventana {
     int seccion = 0, departamento = 0;
     bool operator==(const Nodo&) const = default;
   };
-  // A department that was deleted, until the window closes.
+  // A department or a section that was deleted, until the window closes.
   struct Borrado {
     Nodo nodo;
     QString nombre;
     int iva = 1;
     qint64 lote = 0;
+    std::shared_ptr<BorradoSeccion> seccion = {};
   };
 
   void montar();
@@ -57,6 +59,8 @@ class BrowGrupos final : public ventanas::Ventana {
   void copiar();
   void borrar();
   void borrarSeccion(int seccion);
+  bool confirmarSeccion(int seccion, const QString& nombre, const Secciones::LoQueSeVa& va);
+  void reponerSeccion(const Borrado& b);
   void borrarDepartamento(Nodo nodo);
   Resultado<Borrado> borrarConLote(Nodo nodo);
   void deshacer();

@@ -1,8 +1,12 @@
 // What is done with sections and departments, and how a deleted department comes back.
+#include <QInputDialog>
+
 #include "articles/ventanas/BrowGrupos.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/Retenida.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 
 namespace tarvo::articles {
@@ -53,31 +57,69 @@ void BrowGrupos::borrar() {
   en->departamento == 0 ? borrarSeccion(en->seccion) : borrarDepartamento(*en);
 }
 
+// Whoever deletes a section that isn't empty writes its number.
+bool BrowGrupos::confirmarSeccion(int seccion, const QString& nombre,
+                                  const Secciones::LoQueSeVa& va) {
+  const Textos& textos = contexto().textos;
+  QStringList lineas{t(kTxBorraSeccion), textos(kTxBorraCual, {Ceros(seccion, 3), nombre}),
+                     t(kTxBorraPLUs) + QString::number(va.cuentas.plus),
+                     t(kTxBorraDepts) + QString::number(va.cuentas.depts),
+                     t(kTxBorraGrupos) + QString::number(va.cuentas.grupos)};
+  if (va.vacia())
+    return MyMsgBox::Decide(
+        this, textos, lineas.join(u'\n'),
+        ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
+  lineas << textos(kTxBorraDemas, {va.maquinas, va.ofertas, va.existencias, va.historia})
+         << t(kTxEscribaNumero);
+  const ventanas::Retenida mientras(this);
+  QInputDialog caja(this);
+  caja.setWindowTitle(windowTitle());
+  caja.setLabelText(lineas.join(u'\n'));
+  caja.setOkButtonText(t(ventanas::kTxAceptar));
+  caja.setCancelButtonText(t(ventanas::kTxCancelar));
+  if (caja.exec() != QDialog::Accepted) return false;
+  const QString escrito = caja.textValue();
+  bool numero = false;
+  if (escrito.trimmed().toInt(&numero) == seccion && numero) return true;
+  decirDuda(textos(kTxNumeroNoCoincide, {escrito.trimmed(), Ceros(seccion, 3)}));
+  return false;
+}
+
 void BrowGrupos::borrarSeccion(int seccion) {
-  const auto cuentas = secciones_.cuentas(seccion);
-  if (!haIdoBien(cuentas)) return;
-  const QString pregunta =
-      QStringList{t(kTxBorraSeccion), t(kTxBorraPLUs) + QString::number(cuentas->plus),
-                  t(kTxBorraDepts) + QString::number(cuentas->depts),
-                  t(kTxBorraGrupos) + QString::number(cuentas->grupos)}
-          .join(u'\n');
-  if (!MyMsgBox::Decide(this, contexto().textos, pregunta,
-                        ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente))
-    return;
+  const auto va = secciones_.loQueSeVa(seccion);
+  if (!haIdoBien(va)) return;
+  const QString nombre = buscar({seccion, 0}) ? buscar({seccion, 0})->text(0) : QString();
+  if (!confirmarSeccion(seccion, nombre, *va)) return;
   if (!contexto().ventanas.descargar(u"BrowPLUs"_s)) return;
-  const bool hecho = haIdoBien(secciones_.borrar(seccion));
-  std::erase_if(borrados_, [&](const Borrado& b) { return b.nodo.seccion == seccion; });
+  auto ida =
+      std::make_shared<BorradoSeccion>(contexto().db, secciones_, contexto().textos, seccion);
+  const auto copia = ida->borrar(contexto().ajustes.HomeDir, contexto().reloj.ahora());
+  if (copia) borrados_.push_back({{seccion, 0}, nombre, 0, 0, std::move(ida)});
   RefrescoArbol();
-  if (hecho) decirBien(t(kTxSeccionBorrada));
+  if (haIdoBien(copia)) decirBien(t(kTxSeccionBorradaConCopia).arg(NombreFichero(*copia)));
+}
+
+void BrowGrupos::reponerSeccion(const Borrado& b) {
+  const auto hecho = b.seccion->reponer();
+  if (hecho) borrados_.pop_back();
+  RefrescoArbol();
+  irA(b.nodo);
+  if (!haIdoBien(hecho)) return;
+  const auto cuentas = secciones_.loQueSeVa(b.nodo.seccion);
+  if (haIdoBien(cuentas))
+    decirBien(t(kTxSeccionRepuesta, cuentas->cuentas.plus).arg(Ceros(b.nodo.seccion, 3)));
 }
 
 void BrowGrupos::borrarDepartamento(Nodo nodo) {
   const auto cuantos = secciones_.articulosDe(nodo.seccion, nodo.departamento);
   if (!haIdoBien(cuantos)) return;
+  const QString nombre = buscar(nodo) ? buscar(nodo)->text(0) : QString();
   const QString pregunta =
-      t(kTxBorraDepartamento) + u'\n' + t(kTxBorraPLUs) + QString::number(*cuantos);
+      t(kTxBorraDepartamento) + u'\n' +
+      contexto().textos(kTxBorraCualDepto, {Ceros(nodo.departamento, 2), nombre}) + u'\n' +
+      t(kTxBorraPLUs) + QString::number(*cuantos);
   if (!MyMsgBox::Decide(this, contexto().textos, pregunta,
-                        ventanas::kAceptoCancelo | ventanas::kExclamacion))
+                        ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente))
     return;
   const Nodo vecino = vecinoDe(nodo);
   const auto borrado = borrarConLote(nodo);
@@ -118,6 +160,12 @@ Resultado<BrowGrupos::Borrado> BrowGrupos::borrarConLote(Nodo nodo) {
 void BrowGrupos::deshacer() {
   if (borrados_.empty()) return;
   const Borrado b = borrados_.back();
+  if (b.seccion) return reponerSeccion(b);
+  const auto aviso = lotes_.avisoDeVuelta(b.lote);
+  if (aviso && *aviso &&
+      !MyMsgBox::Decide(this, contexto().textos, **aviso,
+                        ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente))
+    return;
   const auto reponer = [&]() -> Resultado<Lotes::Deshecho> {
     TARVO_TOMAR(auto t, dao::Transaccion::empezar(contexto().db));
     TARVO_INTENTAR(

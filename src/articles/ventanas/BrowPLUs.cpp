@@ -94,7 +94,7 @@ void BrowPLUs::prepararParrilla() {
   };
   const auto nombre = [this](qint64 fila, const QString& texto) {
     return escribir(fila, false, [&](Articulo& a) -> Resultado<> {
-      a.nombre = texto.left(20);
+      a.nombre = texto.left(kNombreDeRejilla);
       return {};
     });
   };
@@ -128,7 +128,7 @@ void BrowPLUs::prepararParrilla() {
        .clase = Clase::Codigo,
        .cifras = 2,
        .ancho = 70,
-       .editar = entero(&Articulo::formato, 20, kTxFormatoEtiquetas),
+       .editar = entero(&Articulo::formato, kUltimoFormato, kTxFormatoEtiquetas),
        .largo = kLargoNumero},
       {.titulo = kTxCoste,
        .campo = u"COSTE"_s,
@@ -150,12 +150,16 @@ void BrowPLUs::prepararParrilla() {
 // A cell of a price, as the list writes it.
 std::function<Resultado<>(qint64, const QString&)> BrowPLUs::ponerPrecio(size_t nivel,
                                                                          size_t tarifa) {
-  return [this, nivel, tarifa](qint64 fila, const QString& texto) {
-    return escribir(fila, false, [&](Articulo& a) -> Resultado<> {
-      TARVO_TOMAR(const auto importe, leerImporte(*this, texto, contexto().ajustes.MonedaNativa));
-      a.precios[nivel][tarifa] = importe;
+  return [this, nivel, tarifa](qint64 fila, const QString& texto) -> Resultado<> {
+    std::optional<QString> aviso;
+    TARVO_INTENTAR(escribir(fila, false, [&](Articulo& a) -> Resultado<> {
+      TARVO_TOMAR(const auto precio, leerPrecio(*this, texto, contexto().ajustes.MonedaNativa));
+      a.precios[nivel][tarifa] = precio;
+      aviso = avisoPrecio(precio, contexto().ajustes, contexto().textos);
       return {};
-    });
+    }));
+    if (aviso) decirDuda(*aviso);
+    return {};
   };
 }
 
@@ -182,7 +186,8 @@ Resultado<> BrowPLUs::preparar(const ventanas::Argumentos& argumentos) {
   LetSeccion(seccion);
   if (const int depto = argumentos.value(u"departamento"_s, 0).toInt(); depto > 0) LetDept(depto);
   // The first that may be changed.
-  if (nueva && ui_.Grid->filas() > kPrimero) ui_.Grid->irA(kPrimero);
+  if (nueva && departamento_ == 0 && ui_.Grid->filas() > kPrimero) ui_.Grid->irA(kPrimero);
+  if (nueva && departamento_ > 0 && ui_.Grid->filas() > 0) ui_.Grid->irA(0);
   if (nueva) ui_.Grid->setFocus();
   return {};
 }
@@ -195,6 +200,7 @@ void BrowPLUs::LetSeccion(int seccion) {
   ui_.LstDep->insertItem(0, t(kTxTodos), 0);
   ui_.LstDep->setCurrentIndex(0);
   listar();
+  mirarLotes();
 }
 
 void BrowPLUs::LetDept(int departamento) {

@@ -47,6 +47,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   struct Deshecho {
     QString que;
     qint64 lote = 0;
+    qint64 cortado = 0;  // its articles, when it was cut off: it stays when the window goes
   };
 
   void montar();
@@ -84,6 +85,10 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
                 const std::function<void(qint64 hechos)>& alFinal);
   void anotarDeshacer(const QString& que, qint64 lote);
   void deshacerUltimo();
+  void mirarLotes();
+  void resolverCortado(const Deshecho& d);
+  void volverDeCortado(const Deshecho& d);
+  void decirVuelta(const QString& bien, const Lotes::Deshecho& hecho);
   bool cerrarHijos();
 
   bool event(QEvent* evento) override;

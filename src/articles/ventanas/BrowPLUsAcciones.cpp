@@ -166,11 +166,6 @@ void BrowPLUs::porPasos(const QString& que, std::vector<ClaveArticulo> claves, c
   });
 }
 
-void BrowPLUs::anotarDeshacer(const QString& que, qint64 lote) {
-  if (haIdoBien(lotes_.acabar(lote))) deshechos_.push_back({que, lote});
-  cambios_ = contexto().db.cambios();
-}
-
 void BrowPLUs::borrar() {
   const auto claves = elegidos();
   if (claves.empty()) {
@@ -234,19 +229,6 @@ void BrowPLUs::trasladar(bool mover) {
            });
 }
 
-void BrowPLUs::deshacerUltimo() {
-  if (deshechos_.empty() || trabajando_) return;
-  const Deshecho d = deshechos_.back();
-  const auto hecho = lotes_.deshacer(d.lote, nombre());
-  if (hecho || hecho.error().clase == Fallo::NoExiste) deshechos_.pop_back();
-  refrescar();
-  habilitar();
-  if (!haIdoBien(hecho)) return;
-  const QString bien = t(kTxDeshecho).arg(d.que);
-  hecho->fuera.empty() ? decirBien(bien)
-                       : decirDuda(t(kTxNoRepuestos, static_cast<int>(hecho->fuera.size())), bien);
-}
-
 // --- the end ------------------------------------------------------------------------------------
 
 // False when one of them stays.
@@ -262,7 +244,8 @@ bool BrowPLUs::QueryUnload() {
   if (!cerrarHijos()) return true;
   trabajo().parar();
   if (!trabajando_)
-    for (const Deshecho& d : deshechos_) haIdoBien(lotes_.olvidar(d.lote));
+    for (const Deshecho& d : deshechos_)
+      if (d.cortado == 0) haIdoBien(lotes_.olvidar(d.lote));
   deshechos_.clear();
   enviarAlSalir(*this, catalogo_, motor_);
   return false;

@@ -2,6 +2,7 @@
 
 #include <QAction>
 
+#include "articles/Limites.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "core/dinero/Dinero.h"
 
@@ -11,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kImporteMayor = 2'000'000'000, kCantidadMayor = 2'000'000'000;
+constexpr qint64 kImporteMayor = kPrecioMayor, kCantidadMayor = 2'000'000'000;
 
 Resultado<> llenar(QComboBox& lista, dao::Recordset& rs, int cifras) {
   while (!rs.Eof()) {
@@ -70,6 +71,21 @@ Resultado<qint64> leerImporte(const ventanas::Ventana& v, const QString& texto, 
   if (nada || importe < 0 || importe > kImporteMayor)
     return fallo(Fallo::Formato, v.t(kTxImporteMalo).arg(texto));
   return importe;
+}
+
+Resultado<qint64> leerPrecio(const ventanas::Ventana& v, const QString& texto, int moneda) {
+  const auto& c = v.contexto();
+  const auto precio = comoPrecio(texto, c.ajustes, moneda);
+  if (!precio) return std::unexpected(errorDe(precio.error(), texto, c.ajustes, c.textos));
+  return *precio;
+}
+
+int leerDescuento(const QString& texto) {
+  QString t = texto.trimmed();
+  if (t.isEmpty()) return 0;
+  bool numero = false;
+  const double n = t.replace(u',', u'.').toDouble(&numero) * 100;
+  return numero && n >= 0 && n <= kDescuentoMayor ? qRound(n) : -1;
 }
 
 Resultado<qint64> leerCantidad(const ventanas::Ventana& v, const QString& texto, int cada) {

@@ -30,6 +30,10 @@ void marcar(QWidget& campo, bool falta);
 // What was typed as money of a currency, in stored units; as a quantity, in grams or units. A text
 // that is no number, or doesn't fit, is refused; an empty one is 0.
 Resultado<qint64> leerImporte(const ventanas::Ventana& v, const QString& texto, int moneda);
+// The same for a price, by the limits of the catalogue: an empty one is refused.
+Resultado<qint64> leerPrecio(const ventanas::Ventana& v, const QString& texto, int moneda);
+// Hundredths of a per cent; empty is 0, what is no number is -1, which no article takes.
+int leerDescuento(const QString& texto);
 Resultado<qint64> leerCantidad(const ventanas::Ventana& v, const QString& texto, int cada);
 
 // The entry of a menu or bar that opens a window of another room: only while the registry knows it.

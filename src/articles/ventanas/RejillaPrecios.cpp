@@ -2,6 +2,7 @@
 
 #include <QTableView>
 
+#include "articles/Limites.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
@@ -69,11 +70,13 @@ void RejillaPrecios::vaciar() {
 }
 
 Resultado<> RejillaPrecios::escribir(int nivel, qint64 fila, const QString& texto) {
-  TARVO_TOMAR(const auto importe, leerImporte(v_, texto, moneda_));
+  TARVO_TOMAR(const auto importe, leerPrecio(v_, texto, moneda_));
   Precios nuevos = precios_;
   nuevos[static_cast<size_t>(nivel)][static_cast<size_t>(fila)] = importe;
   TARVO_INTENTAR(alCambiar_(nuevos));
   poner(nuevos);
+  if (const auto aviso = avisoPrecio(importe, v_.contexto().ajustes, v_.contexto().textos))
+    v_.decirDuda(*aviso);
   return {};
 }
 

@@ -18,7 +18,9 @@ QString nombreVentana(const ventanas::Ventana& v, const QString& nombre) {
       {u"BrowPLUs"_s, kTxDesdeLista},     {u"xEditPLU"_s, kTxDesdeEditor},
       {u"CalcPre"_s, kTxDesdeCalculo},    {u"FastAlta"_s, kTxDesdeAltaRapida},
       {u"FastModf"_s, kTxDesdeRapida},    {u"EntNmSc"_s, kTxDesdeCopia},
-      {u"ImpPLU"_s, kTxDesdeImportacion}, {u"CambioLote"_s, kTxDesdeLote}};
+      {u"ImpPLU"_s, kTxDesdeImportacion}, {u"CambioLote"_s, kTxDesdeLote},
+      {u"ImpTabla"_s, kTxDesdeTabla},     {u"MainTvc"_s, kTxDesdeConversion},
+      {u"BrowGrupos"_s, kTxDesdeArbol}};
   const auto hallada = kConocidas.find(nombre);
   return hallada == kConocidas.end() ? nombre : v.t(hallada->second);
 }

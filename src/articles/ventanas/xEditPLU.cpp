@@ -8,6 +8,7 @@
 #include <QShortcut>
 
 #include "articles/CodigoBarras.h"
+#include "articles/Limites.h"
 #include "articles/TextosArticles.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/DibujoBarras.h"
@@ -24,7 +25,7 @@ using ventanas::escalar;
 
 namespace {
 
-constexpr int kCifrasCodigo = 7, kLargoNombre = 50, kAnchoBarras = 300;
+constexpr int kCifrasCodigo = 7, kAnchoBarras = 300;
 
 }  // namespace
 
@@ -81,7 +82,7 @@ void XEditPLU::montarListas() {
   ui_.LstBarras->addItems({u"EAN8"_s, u"EAN13"_s});
   ui_.txCod->setMaxLength(kCifrasCodigo);
   ui_.txCod->setMaximumWidth(escalar(100));
-  ui_.txNom->setMaxLength(kLargoNombre);
+  ui_.txNom->setMaxLength(kNombreMayor);
   auto* cifras = new QRegularExpressionValidator(QRegularExpression(u"\\d*"_s), this);
   for (const auto& [campo, largo] : {std::pair{ui_.txCod, kCifrasCodigo},
                                      {ui_.txPfx, 6},

@@ -39,9 +39,7 @@ void XEditPLU::leerOtros() {
   a.pfxBar = ui_.txPfx->text();
   const QString externo = ui_.txBarExt->text().trimmed();
   a.codBarExt = externo.isEmpty() ? std::optional<QString>() : externo;
-  bool numero = false;
-  const double descto = ui_.txDescto->text().trimmed().replace(u',', u'.').toDouble(&numero);
-  a.descto = numero && descto >= 0 && descto <= 100 ? qRound(descto * 100) : 0;
+  a.descto = leerDescuento(ui_.txDescto->text());
   a.formato = ui_.txFormato->text().toInt();
   a.textoEtq = ui_.txTexto->toPlainText();
   a.tara = 1;
@@ -61,6 +59,8 @@ XEditPLU::Mala XEditPLU::mala(Falta falta) const {
       return {kTxPrecioMinimo, ui_.pre, ui_.txMinimo};
     case Falta::Hasta1:
       return {kTxValorHasta1, ui_.pre, ui_.txHasta1};
+    case Falta::Descuento:
+      return {kTxDescuento, ui_.otr, ui_.txDescto};
     case Falta::Hasta2:
       break;
   }

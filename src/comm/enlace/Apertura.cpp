@@ -206,8 +206,8 @@ void comtvIP::Estado::abandonar() {
   if (dentro == 0) cable.reset();
 }
 
-// Another opening takes the channel: whoever was on it and isn't the one who opens hears that it is
-// closed.
+// Another opening takes the channel, or somebody drops the link: whoever was on it and isn't the
+// one who did it hears that it is closed.
 void comtvIP::Estado::desalojar(const ClienteEnlace* nuevo, const ClienteLinea* nuevaLinea) {
   ClienteEnlace* const motor = cliente != nuevo ? cliente : nullptr;
   ClienteLinea* const captura = clienteLinea != nuevaLinea ? clienteLinea : nullptr;

@@ -48,7 +48,7 @@ Enlaces::Enlaces(Reloj& reloj, const Ajustes& ajustes, FabricaEnlaces& fabrica, 
 }
 
 Enlaces::~Enlaces() {
-  for (int canal = 0; canal < tamano(); ++canal) abandonar(canal);
+  for (int canal = 0; canal < tamano(); ++canal) d->soltar(canal);
 }
 
 comtvIP* Enlaces::operator[](int canal) const {
@@ -63,11 +63,19 @@ void Enlaces::escuchar(AlPasar alPasar) {
   d->alPasar = std::move(alPasar);
 }
 
-void Enlaces::abandonar(int canal) {
+void Enlaces::abandonar(int canal, const ClienteEnlace* motor, const ClienteLinea* linea) {
   comtvIP* const enlace = d->en(canal);
   if (!enlace) return;
-  enlace->d->abandonar();
   d->retirar(enlace);
+  enlace->d->desalojar(motor, linea);
+}
+
+// With no event: nobody is left to hear it.
+void Enlaces::Datos::soltar(int canal) {
+  comtvIP* const enlace = en(canal);
+  if (!enlace) return;
+  enlace->d->abandonar();
+  retirar(enlace);
 }
 
 int Enlaces::AbrirEnlace(int para, int canal, int baudios, const QString& acceso,
@@ -90,7 +98,7 @@ int Enlaces::AbrirEnlace(int para, int canal, int baudios, const QString& acceso
   hueco = std::make_unique<comtvIP>(*this, canal);
   (para == kVekCaptura ? void(hueco->d->clienteLinea = linea) : void(hueco->d->cliente = cliente));
   const int error = hueco->d->abrir(para, baudios, acceso);
-  if (error != 0) abandonar(canal);
+  if (error != 0) d->soltar(canal);
   return error;
 }
 

@@ -29,6 +29,7 @@ struct Enlaces::Datos {
 
   comtvIP* en(int canal) const;
   void retirar(comtvIP* enlace);  // empties its slot, if it is in one
+  void soltar(int canal);
   void enterrar();
   bool enUso(const QString& acceso, int canal) const;
 };

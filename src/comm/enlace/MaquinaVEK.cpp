@@ -205,8 +205,11 @@ Maquina::Leido Maquina::atender(const tramas::TramaVEK& trama, bool aceptar) {
              (tras == 0 && trama.secuencia == 1);
   ultima_ = trama.secuencia;
   contestada_ = preguntada_;
-  // A list's client hears of every code: what it doesn't expect may be one of its records.
-  const bool posible = deLista || trama.codigo == codigo_;
+  // A list's client hears of every code: what it doesn't expect may be one of its records. A
+  // refusal is one under any code, unless it may be what an earlier question is owed.
+  const bool deEsta = modo_.otroCodigo || trama.datos.startsWith("ERR");
+  const bool posible =
+      deLista || trama.codigo == codigo_ || (deEsta && !exterior_.deudas().debida(trama.codigo));
   if (!posible || !exterior_.encaja(trama.addr, trama.codigo, trama.datos)) return Leido::Pasada;
   // One number more than it owes parts its count from the other machine's for good: counts that
   // went on side by side would meet at every question.

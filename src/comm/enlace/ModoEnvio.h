@@ -8,6 +8,9 @@ struct ModoEnvio {
   // Its answer proves something, and must not be an earlier question's: while one of its code is
   // owed, it waits until the line has been quiet for the answer time.
   bool limpia = false;
+  // VEK: an answer under another code counts too, where that code isn't owed and the client says
+  // that it fits.
+  bool otroCodigo = false;
 };
 
 }  // namespace tarvo::enlace

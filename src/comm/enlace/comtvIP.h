@@ -73,7 +73,9 @@ class comtvIP final : private LinkSocket::Oyente {
   comtvIP(const comtvIP&) = delete;
   comtvIP& operator=(const comtvIP&) = delete;
 
-  // Each answers an error code at once, 0 for accepted. See Enlaces::abrir for opening.
+  // Each answers an error code at once, 0 for accepted. See Enlaces::abrir for opening. A link that
+  // is open for one client is closed by that one's `para`, or by kNada; any other answers 15 and
+  // leaves it open.
   int CerrarEnlace(int para = kNada);
   bool EnlaceCerrado() const;
   int Enviar(int addr, int codigo, const QByteArray& datos, ModoEnvio modo = {});
@@ -114,9 +116,10 @@ class Enlaces {
                   ClienteLinea* linea = nullptr);
   comtvIP* operator[](int canal) const;  // null while closed
   int tamano() const;
-  // Drops a link whatever it is doing, with no event; for one that answers nothing any more and for
-  // the end.
-  void abandonar(int canal);
+  // Drops a link whatever it is doing; for one that answers nothing any more. Whoever is on it and
+  // isn't named here gets Cerrar_Evento with 20 before this returns.
+  void abandonar(int canal, const ClienteEnlace* motor = nullptr,
+                 const ClienteLinea* linea = nullptr);
   // Null for nobody.
   void escuchar(AlPasar alPasar);
 

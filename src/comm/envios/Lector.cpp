@@ -194,6 +194,7 @@ Preparado Lector::preparar(const dao::Recordset& rs, Fecha ahora) const {
   p.oferta = leerOferta(rs, ahora);
   p.precios = a.precios = LeerPrecios(rs, p.oferta);
   p.registro = maquinas::TramaPLU(destino_.tipo, a);
+  p.letrasQueFaltan = maquinas::letrasQueFaltan(destino_.tipo, a);
   p.ilegible = precioIlegible(rs, p.oferta, preciosQueVan(destino_.tipo));
   if (p.ilegible) p.registro = std::unexpected(*p.ilegible);
   return p;

@@ -31,6 +31,7 @@ struct Preparado {
   qint64 codigo = 0;
   QString nombre;
   maquinas::Cabe<QByteArray> registro;  // the whole article
+  QString letrasQueFaltan;              // characters that the machine lacks: others go for them
   Oferta oferta;
   std::array<qint64, 3> precios{};
   std::optional<maquinas::NoCabe> ilegible;  // the first price that can't be read

@@ -34,10 +34,6 @@ QString motivoDe(const NoCabe& n, const Textos& textos) {
       return textos(kTxSoloCifras, {campo, n.valor});
     case NoCabe::Largo:
       return textos(kTxDemasiadoLargo, {campo, n.limite});
-    case NoCabe::Letra:
-      return textos(kTxLetraDesconocida, {campo, n.valor});
-    case NoCabe::Control:
-      return textos(kTxCaracterDeControl, {campo, n.valor, n.limite});
     case NoCabe::Vacio:
       return textos(kTxVacio, {campo});
     case NoCabe::Ilegible:

@@ -13,7 +13,11 @@ constexpr int kEsperaDeNotas = 1000;  // ms
 constexpr size_t kNotasJuntas = 5000;
 // So many refusals running have a reason of their own, whatever their code.
 constexpr int kNegadasSeguidas = 20;
-constexpr int kSinRed = 102, kRedInterna = 103;
+
+bool esDeLaRed(int error) {
+  constexpr int kSinRed = 102, kRedInterna = 103;
+  return error == kSinRed || error == kRedInterna;
+}
 
 }  // namespace
 
@@ -73,6 +77,10 @@ Resultado<Remesa::Enviable> Remesa::preparar(Preparado p) {
   const auto registro = registroDe(p);
   if (registro) {
     if (que_ == Que::Articulos) e.huella = huellaDe(destino_.tipo, *registro);
+    if (que_ == Que::Articulos && !p.letrasQueFaltan.isEmpty()) {
+      TARVO_TOMAR(const auto probado, tenencias_.textoProbado(p.codigo, e.huella));
+      e.textoNuevo = !probado;
+    }
     TARVO_TOMAR(const auto eraSuyo, que_ == Que::Precios
                                         ? tenencias_.anunciarPrecios(p.codigo, *registro)
                                         : tenencias_.anunciar(p.codigo, e.huella));
@@ -149,6 +157,7 @@ void Remesa::enviado() {
   ++hechos_;
   negadasSeguidas_ = 0;
   resumen_.rechazados.erase(e.saliente.codigo);
+  if (e.textoNuevo) resumen_.conOtrasLetras[e.saliente.codigo] = e.preparado.letrasQueFaltan;
   anotar({Nota::Enviado,
           e.saliente.codigo,
           0,
@@ -177,7 +186,7 @@ bool Remesa::rechazado(int error, const QString& motivo) {
   sinTomar(error, motivo);
   (final_ ? lista_ : negados_).push_back(codigo);
   ++negadasSeguidas_;
-  if (final_ || error == kSinRed || error == kRedInterna) return false;
+  if (final_ || esDeLaRed(error)) return false;
   faltaSitio_ = negadasSeguidas_ >= kNegadasSeguidas && hayQueHacerSitio();
   return faltaSitio_ || negadasSeguidas_ < kNegadasSeguidas;
 }
@@ -240,12 +249,28 @@ void Remesa::borrado(qint64 codigo) {
   ++resumen_.borrados;
   ++hechos_;
   codigo_ = codigo;
+  borradosNegadosSeguidos_ = 0;
+  resumen_.rechazados.erase(codigo);
+  std::erase(sinBorrar_, codigo);
   anotar({Nota::Borrado, codigo});
 }
 
-void Remesa::borradoNegado(qint64 codigo, const QString& motivo) {
+bool Remesa::borradoNegado(qint64 codigo, int error, const QString& motivo) {
+  sigueTeniendo(codigo, motivo);
+  sinBorrar_.push_back(codigo);
+  return !esDeLaRed(error) && ++borradosNegadosSeguidos_ < kNegadasSeguidas;
+}
+
+void Remesa::sigueTeniendo(qint64 codigo, const QString& motivo) {
   resumen_.rechazados[codigo] = motivo;
   anotar({Nota::Sobra, codigo});
+}
+
+bool Remesa::empezarNegados() {
+  if (sinBorrar_.empty()) return false;
+  borrados_ = std::exchange(sinBorrar_, {});
+  posBorrados_ = 0;
+  return true;
 }
 
 void Remesa::leido(qint64 codigo, const QByteArray& registro) {
@@ -265,7 +290,7 @@ Resultado<Remesa::Restan> Remesa::restan() const {
     if (!e.saliente.retenido() && sinTurno(e.saliente.codigo)) ++r.articulos;
   r.articulos += std::ranges::count_if(std::span(lista_).subspan(leidos_), sinTurno);
   if (!destino_.conCross()) return r;
-  r.borrados = std::ssize(borrados_) - static_cast<qint64>(posBorrados_);
+  r.borrados = std::ranges::count_if(std::span(borrados_).subspan(posBorrados_), sinTurno);
   if (r.borrados > 0) return r;
   TARVO_TOMAR(const auto codigos, borrables());
   r.borrados = std::ranges::count_if(codigos, sinTurno);

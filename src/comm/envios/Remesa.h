@@ -19,6 +19,8 @@ struct Resumen {
   int iguales = 0, distintos = 0, sobrantes = 0;  // of what the group told, once it is on disk
   std::map<qint64, QString> retenidos;            // by code, with the reason
   std::map<qint64, QString> rechazados;           // those that the group hasn't taken since
+  // Texts that the group didn't hold before, with the characters for which others went.
+  std::map<qint64, QString> conOtrasLetras;
 };
 
 class Remesa {
@@ -62,9 +64,16 @@ class Remesa {
   std::optional<qint64> porBorrar() const;
   void borrado();
   void borradoNegado();  // it goes behind the others
-  // The group deleted another one, or wouldn't; or it told that it has none of these numbers.
+  // The group deleted another one.
   void borrado(qint64 codigo);
-  void borradoNegado(qint64 codigo, const QString& motivo);
+  // It wouldn't: it is told once more by empezarNegados. False when its refusals aren't about the
+  // article.
+  bool borradoNegado(qint64 codigo, int error, const QString& motivo);
+  // It says that it did, and has it.
+  void sigueTeniendo(qint64 codigo, const QString& motivo);
+  // The deletions that it wouldn't do are due again, once. False when there are none.
+  bool empezarNegados();
+  // It told that it has none of these numbers.
   void hueco(qint64 desde, qint64 hasta);
   // It told what it holds under a number. REQUIRES a record that can be read.
   void leido(qint64 codigo, const QByteArray& registro);
@@ -87,7 +96,7 @@ class Remesa {
     Saliente saliente;
     Preparado preparado;
     Huella huella;  // of a whole record
-    bool eraSuyo = false;
+    bool eraSuyo = false, textoNuevo = false;
   };
   struct Nota {
     enum Que { Enviado, Hueco, Borrado, Rechazado, Leido, Sobra } que;
@@ -130,8 +139,8 @@ class Remesa {
   qint64 cambios_ = 0;  // of the database, when the lot was read
   bool final_ = false;
   bool faltaSitio_ = false, sitioHecho_ = false;
-  int negadasSeguidas_ = 0;
-  std::vector<qint64> negados_, borrados_;
+  int negadasSeguidas_ = 0, borradosNegadosSeguidos_ = 0;
+  std::vector<qint64> negados_, borrados_, sinBorrar_;
   size_t posBorrados_ = 0;
   std::vector<Nota> notas_;
   Resumen resumen_;

@@ -157,6 +157,13 @@ Resultado<bool> Tenencias::anunciarPrecios(qint64 codigo, const QByteArray& prec
   return quitadas > 0;
 }
 
+Resultado<bool> Tenencias::textoProbado(qint64 codigo, const Huella& h) {
+  TARVO_TOMAR(const auto resto,
+              db_.uno(u"SELECT HUELLA FROM Enviados WHERE GRUPO=? AND SECCION=? AND CODPLU=?",
+                      d_.grupo, d_.seccion, codigo));
+  return !resto.nulo() && resto.entero() == h.resto;
+}
+
 Resultado<> Tenencias::AnotarEnviado(qint64 codigo, const QByteArray& registro,
                                      const Huella& huella, const Preparado* ahora) {
   TARVO_INTENTAR(ponerEnviado(codigo, huella));
@@ -181,10 +188,7 @@ Resultado<> Tenencias::AnotarPrecios(const Preparado& entonces, const Preparado*
   if (!ahora) return ponerCross(codigo, true);
   if (ahora->precios == entonces.precios) TARVO_INTENTAR(asentarOferta(*ahora));
   if (!ahora->registro || ahora->registro != entonces.registro) return quitarCross(codigo);
-  TARVO_TOMAR(const auto resto,
-              db_.uno(u"SELECT HUELLA FROM Enviados WHERE GRUPO=? AND SECCION=? AND CODPLU=?",
-                      d_.grupo, d_.seccion, codigo));
-  const bool probado = !resto.nulo() && resto.entero() == huellaDe(d_.tipo, *ahora->registro).resto;
+  TARVO_TOMAR(const auto probado, textoProbado(codigo, huellaDe(d_.tipo, *ahora->registro)));
   if (!probado && !eraSuyo) return {};
   TARVO_INTENTAR(quitarRetenido(codigo));
   return ponerCross(codigo, false);

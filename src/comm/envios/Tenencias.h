@@ -38,6 +38,9 @@ class Tenencias {
   Resultado<bool> anunciar(qint64 codigo, const Huella& huella);
   Resultado<bool> anunciarPrecios(qint64 codigo, const QByteArray& precios);
 
+  // Is it proved to hold the article with the texts of that record?
+  Resultado<bool> textoProbado(qint64 codigo, const Huella& huella);
+
   // AnotarEnviado: the group has confirmed a record. `ahora` is the article as it stands now, null
   // when it is gone; the group holds it as it stands if that is what it got.
   // `huella`: of `registro`.

@@ -24,8 +24,14 @@ bool soloCifras(QStringView texto) {
   return true;
 }
 
-bool esControl(QChar c) {
-  return c < u' ' || (c >= QChar(0x7F) && c < QChar(0xA0));
+int anchoNombre(int tipo) {
+  return tipo == 2 ? 16 : 20;
+}
+
+// Lines end in one CR.
+Escrito escribirParrafo(int tipo, QString texto, qsizetype ancho) {
+  texto.replace(QStringLiteral("\r\n"), QStringLiteral("\r"));
+  return escribirLetras(tipo, texto.replace(u'\n', u'\r'), ancho, true);
 }
 
 // Puts field behind field; the first that doesn't fit stays as the reason.
@@ -47,18 +53,15 @@ class Escritor {
     return n >= minimo && n <= maximo;
   }
   // What stands behind the width is left out, as on any display.
-  void nombre(CampoPLU campo, const QString& texto, int ancho) {
-    const qsizetype antes = registro_.size();
-    letras(campo, QString(texto).replace(u'\t', u' '), ancho);
-    registro_.append(qMax<qsizetype>(0, antes + ancho - registro_.size()), ' ');
+  void nombre(const QString& texto, int ancho) {
+    const QByteArray letras = escribirLetras(tipo_, texto, ancho).bytes;
+    registro_.append(letras).append(ancho - letras.size(), ' ');
   }
-  // Lines end in one CR.
-  void parrafo(CampoPLU campo, QString texto) {
-    texto.replace(QStringLiteral("\r\n"), QStringLiteral("\r"));
-    texto.replace(u'\n', u'\r').replace(u'\t', u' ');
-    if (const qint64 sitio = kMaximoRegistro - registro_.size() - 1; texto.size() > sitio)
-      return negar({campo, NoCabe::Largo, sitio, texto.left(20)});
-    letras(campo, texto, texto.size());
+  void parrafo(CampoPLU campo, const QString& texto) {
+    const qint64 sitio = kMaximoRegistro - registro_.size() - 1;
+    const QByteArray letras = escribirParrafo(tipo_, texto, sitio + 1).bytes;
+    if (letras.size() > sitio) return negar({campo, NoCabe::Largo, sitio, texto.left(20)});
+    registro_.append(letras);
   }
   void negar(NoCabe motivo) {
     if (!falta_) falta_ = std::move(motivo);
@@ -69,22 +72,6 @@ class Escritor {
   }
 
  private:
-  void letras(CampoPLU campo, const QString& texto, qsizetype cuantas) {
-    const QString letras = letrasCompuestas(texto);
-    cuantas = qMin(cuantas, letras.size());
-    for (qsizetype i = 0; i < cuantas; ++i) {
-      const QChar c = letras[i];
-      const bool finDeLinea = c == u'\r' && campo == CampoPLU::TEXTO_ETQ;
-      if (esControl(c) && !finDeLinea)
-        return negar({campo, NoCabe::Control, i + 1,
-                      QString::number(c.unicode(), 16).rightJustified(2, u'0')});
-      const int b = finDeLinea ? '\r' : byteDeBalanza(tipo_, letraDeBalanza(tipo_, c.unicode()));
-      if (b < 0)
-        return negar({campo, NoCabe::Letra, i + 1, letras.mid(i, c.isSurrogate() ? 2 : 1)});
-      registro_ += static_cast<char>(b);
-    }
-  }
-
   // A list of articles is made of little else.
   void cifras(qint64 n, int ancho) {
     registro_.resize(registro_.size() + ancho);
@@ -107,7 +94,7 @@ void prefijo(Escritor& e, const QString& pfx) {
 
 Cabe<QByteArray> deBalanza(int tipo, const Articulo& a) {
   Escritor e(tipo, 90 + a.textoEtq.size());
-  e.nombre(CampoPLU::NomPLU, a.nombre, 20);
+  e.nombre(a.nombre, anchoNombre(tipo));
   e.numero(CampoPLU::CodPLU, a.codigo, 7, 1);
   e.numero(CampoPLU::Precio0, a.precios[0], 6);
   e.hastaTope(CampoPLU::cada, a.cada, 1, 0, 2);
@@ -137,7 +124,7 @@ Cabe<QByteArray> deEbony(const Articulo& a) {
   Escritor e(2, 32);
   e.fijo("99");
   e.numero(CampoPLU::CodPLU, a.codigo, 4, 1);
-  e.nombre(CampoPLU::NomPLU, a.nombre, 16);
+  e.nombre(a.nombre, anchoNombre(2));
   // Weighed articles have their price by the kilogram there.
   const qint64 veces = a.cada == kPor100g ? 10 : 1;
   if (e.entre(CampoPLU::Precio0, a.precios[0], 0, tope(8) / veces))
@@ -165,7 +152,7 @@ void codigoDeBarras(Escritor& e, const Articulo& a) {
 Cabe<QByteArray> deCaja(const Articulo& a) {
   Escritor e(3, 53);
   codigoDeBarras(e, a);
-  e.nombre(CampoPLU::NomPLU, a.nombre, 20);
+  e.nombre(a.nombre, anchoNombre(3));
   e.numero(CampoPLU::Precio0, a.precios[0], 9);
   e.numero(CampoPLU::Precio1, a.precios[1], 9);
   e.numero(CampoPLU::Depto, a.depto, 2);
@@ -183,6 +170,14 @@ Cabe<QByteArray> TramaPLU(int tipo, const Articulo& articulo) {
     default:
       return deBalanza(tipo, articulo);
   }
+}
+
+QString letrasQueFaltan(int tipo, const Articulo& a) {
+  QString faltan = escribirLetras(tipo, a.nombre, anchoNombre(tipo)).cambiadas;
+  if (tipo == 2 || tipo == 3) return faltan;
+  for (const QChar c : escribirParrafo(tipo, a.textoEtq, kMaximoRegistro).cambiadas)
+    if (c.isSurrogate() || !faltan.contains(c)) faltan += c;
+  return faltan;
 }
 
 Cabe<QByteArray> TramaPrecios(const Articulo& a) {

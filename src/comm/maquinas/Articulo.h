@@ -1,6 +1,7 @@
 // Article records as the machines take them, one layout for each family, from a plain record of the
-// article. Money and quantities are whole numbers as the database keeps them. A value that doesn't
-// fit its field is named; no record is ever made of it.
+// article. Money and quantities are whole numbers as the database keeps them. A number that doesn't
+// fit its field is named; no record is ever made of it. A text always goes: letters that the
+// machine lacks go as others that look like them.
 #pragma once
 
 #include <QString>
@@ -66,8 +67,6 @@ struct NoCabe {
     Pequeno,   // below `limite`
     Cifras,    // it must be digits
     Largo,     // a text of more than `limite` characters
-    Letra,     // a character that the machine lacks
-    Control,   // a control character
     Vacio,     // nothing, where a number must stand
     Ilegible,  // no whole number
     DeOtro     // a bar code that another article has: `limite` is its number
@@ -75,7 +74,7 @@ struct NoCabe {
   CampoPLU campo = CampoPLU::CodPLU;
   Motivo motivo = Grande;
   qint64 limite = 0;
-  QString valor;  // what doesn't fit: the number, the text or the character
+  QString valor;  // what doesn't fit: the number or the text
   bool operator==(const NoCabe&) const = default;
 };
 template <class T>
@@ -88,6 +87,8 @@ QString textoDeBalanza(int tipo, QByteArrayView bytes);
 
 // The full article record of a kind of group, 1 to 4.
 Cabe<QByteArray> TramaPLU(int tipo, const Articulo& articulo);
+// The characters of what goes that the machine lacks, each once, for a person to be told.
+QString letrasQueFaltan(int tipo, const Articulo& articulo);
 // Code and prices alone (kinds 1 and 4).
 Cabe<QByteArray> TramaPrecios(const Articulo& articulo);
 

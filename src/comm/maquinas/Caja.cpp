@@ -36,10 +36,10 @@ QByteArray clave(int codigo, const QByteArray& registro) {
   return codigo == kArticulos ? registro.mid(2, 13) : registro.left(6);
 }
 
-Leido<std::optional<Total>> leerArticulo(QByteArrayView registro) {
-  Lector l(registro);
+Leido<std::optional<Total>> leerArticulo(QByteArrayView registro, Rigor rigor) {
+  Lector l(registro, rigor);
   Total t;
-  t.numero = l.numero(3, 13);
+  t.numero = l.clave(3, 13);
   t.con = std::abs(deMilesimas(l.numero(16, 10)));
   t.imp = l.numero(26, 10);
   if (l.falta()) return std::unexpected(*l.falta());
@@ -47,10 +47,10 @@ Leido<std::optional<Total>> leerArticulo(QByteArrayView registro) {
   return t;
 }
 
-Leido<std::optional<Total>> leerGranTotal(QByteArrayView registro) {
-  Lector l(registro);
+Leido<std::optional<Total>> leerGranTotal(QByteArrayView registro, Rigor rigor) {
+  Lector l(registro, rigor);
   Total t;
-  t.numero = l.numero(1, 4);
+  t.numero = l.clave(1, 4);
   if (!l.falta() && t.numero != kTipoGranTotal && t.numero != kTipoGranTotalBis)
     return std::nullopt;
   t.con = l.numero(7, 10);
@@ -58,12 +58,12 @@ Leido<std::optional<Total>> leerGranTotal(QByteArrayView registro) {
   return l.comprobado(t);
 }
 
-Leido<std::optional<Total>> leerDepartamento(QByteArrayView registro) {
-  Lector l(registro);
+Leido<std::optional<Total>> leerDepartamento(QByteArrayView registro, Rigor rigor) {
+  Lector l(registro, rigor);
   Total t;
-  const qint64 tipo = l.numero(1, 4);
+  const qint64 tipo = l.clave(1, 4);
   if (!l.falta() && tipo != kTipoDepartamento) return std::nullopt;
-  t.numero = l.numero(5, 2);
+  t.numero = l.clave(5, 2);
   t.con = deMilesimas(l.numero(7, 10));
   t.imp = l.numero(17, 10);
   if (l.falta()) return std::unexpected(*l.falta());

@@ -19,10 +19,11 @@ bool finDeLista(int codigo, QByteArrayView registro);
 QByteArray clave(int codigo, const QByteArray& registro);
 
 // A sale by bar code: `numero` is the code as a number. Nothing where the record holds no sale.
-Leido<std::optional<Total>> leerArticulo(QByteArrayView registro);
+Leido<std::optional<Total>> leerArticulo(QByteArrayView registro, Rigor rigor = Rigor::Estricto);
 // The part of a totals record that counts for the grand total; nothing for any other record of the
 // list.
-Leido<std::optional<Total>> leerGranTotal(QByteArrayView registro);
-Leido<std::optional<Total>> leerDepartamento(QByteArrayView registro);
+Leido<std::optional<Total>> leerGranTotal(QByteArrayView registro, Rigor rigor = Rigor::Estricto);
+Leido<std::optional<Total>> leerDepartamento(QByteArrayView registro,
+                                             Rigor rigor = Rigor::Estricto);
 
 }  // namespace tarvo::maquinas::caja

@@ -71,6 +71,13 @@ int MaxDepartamentos(int tipo) {
 }
 
 qint64 Lector::numero(int inicio, int ancho) {
+  if (rigor_ == Rigor::Estricto) return clave(inicio, ancho);
+  // What is left of a number that lost its end is another number.
+  const qsizetype hay = trozo(registro_, inicio, ancho).size();
+  return hay > 0 && hay < ancho ? clave(inicio, ancho) : CampoNumerico(registro_, inicio, ancho);
+}
+
+qint64 Lector::clave(int inicio, int ancho) {
   const QByteArrayView campo = trozo(registro_, inicio, ancho);
   const auto n = valorDeCampo(campo);
   if (!falta_ && campo.size() < ancho)

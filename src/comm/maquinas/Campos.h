@@ -40,7 +40,8 @@ struct Total {
 
 // One line of an order or of an inventory.
 struct Linea {
-  qint64 articulo = 0, peso = 0, unidades = 0;
+  qint64 articulo = 0, peso = 0, unidades = 0;  // grams
+  bool redondeado = false;                      // the machine gave no whole grams
   bool operator==(const Linea&) const = default;
 };
 
@@ -54,13 +55,20 @@ struct RegistroMalo {
 template <class T>
 using Leido = std::expected<T, RegistroMalo>;
 
+// What becomes of a record with a counter that isn't there or is no number: it is bad, or the
+// counter is 0. A counter that lost its end always makes it bad.
+enum class Rigor { Estricto, Tolerante };
+
 // Reads the fields of a record and notes whether each was whole and a number, so that a cut or
 // garbled record isn't taken for zeros.
 class Lector {
  public:
-  explicit Lector(QByteArrayView registro) : registro_(registro) {}
-  // CampoNumerico; a field that is cut or no number makes the record bad.
+  explicit Lector(QByteArrayView registro, Rigor rigor = Rigor::Estricto)
+      : registro_(registro), rigor_(rigor) {}
+  // CampoNumerico of a counter, by the rigour.
   qint64 numero(int inicio, int ancho);
+  // The same of what says which record it is: cut or no number, it always makes the record bad.
+  qint64 clave(int inicio, int ancho);
   // The first field that was bad; nothing when all that were read were good.
   const std::optional<RegistroMalo>& falta() const { return falta_; }
   // A value made of the fields read, where they were good.
@@ -72,6 +80,7 @@ class Lector {
 
  private:
   QByteArrayView registro_;
+  Rigor rigor_;
   std::optional<RegistroMalo> falta_;
 };
 

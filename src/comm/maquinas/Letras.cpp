@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 #include <span>
+#include <string_view>
 
 #include "comm/maquinas/Articulo.h"
 #include "core/valores/Codigo1252.h"
@@ -46,6 +47,21 @@ constexpr Cambio kComunes[] = {
     {u'Ò', u'O'},           {u'Ö', u'O'}, {u'Ú', u'U'}, {u'Ù', u'U'}, {u'Ü', u'U'}, {u'¡', u'!'},
     {u'€', kEuroDeBalanza}, {0xA0, u' '}};
 
+// What stands for a character that a machine lacks.
+struct Parecida {
+  char16_t de;
+  std::string_view a;
+};
+constexpr Parecida kParecidas[] = {
+    {u'æ', "ae"},  {u'Æ', "AE"},  {u'œ', "oe"},  {u'Œ', "OE"}, {u'ß', "ss"}, {u'ø', "o"},
+    {u'Ø', "O"},   {u'đ', "d"},   {u'Đ', "D"},   {u'ð', "d"},  {u'ł', "l"},  {u'Ł', "L"},
+    {u'ı', "i"},   {u'ŀ', "l."},  {u'Ŀ', "L."},  {u'·', "."},  {u'•', "-"},  {u'…', "..."},
+    {u'½', "1/2"}, {u'¼', "1/4"}, {u'¾', "3/4"}, {u'⁄', "/"},  {u'÷', "/"},  {u'×', "x"},
+    {u'−', "-"},   {u'°', "o"},   {u'µ', "u"},   {u'‘', "'"},  {u'’', "'"},  {u'‚', "'"},
+    {u'‛', "'"},   {u'ʼ', "'"},   {u'′', "'"},   {u'‹', "'"},  {u'›', "'"},  {u'“', "\""},
+    {u'”', "\""},  {u'„', "\""},  {u'‟', "\""},  {u'″', "\""}, {u'«', "\""}, {u'»', "\""},
+};
+
 std::optional<char16_t> cambiada(std::span<const Cambio> cambios, char16_t c) {
   const auto it = std::ranges::find(cambios, c, &Cambio::de);
   if (it == cambios.end()) return {};
@@ -58,17 +74,53 @@ bool esAscii(QStringView texto) {
   return true;
 }
 
-}  // namespace
+bool esControl(QChar c) {
+  return c < u' ' || (c >= QChar(0x7F) && c < QChar(0xA0));
+}
 
+// An accent that stands behind its letter becomes part of it.
 QString letrasCompuestas(const QString& texto) {
   return esAscii(texto) ? texto : texto.normalized(QString::NormalizationForm_C);
 }
 
+// One character in the characters of a kind of machine; itself where it has no place there.
 char16_t letraDeBalanza(int tipo, char16_t c) {
+  if (c < 0x80) return c == u'`' ? u' ' : c;
   if (const auto propia = cambiada(propios(tipo), c)) return *propia;
-  if (c < 0x80 && c != u'`') return c;
   return cambiada(kComunes, c).value_or(c);
 }
+
+// The byte of what letraDeBalanza gave; -1 where the machine lacks it.
+int byteDeBalanza(int tipo, char16_t c) {
+  if (c <= kEuroDeBalanza) return c;
+  return tipo == 3 || tipo == 4 ? byte1252(c) : -1;
+}
+
+// ASCII, which every machine has; the second half of a pair goes with the first.
+std::string_view loMasParecido(QChar c) {
+  if (c.isMark() || c.isLowSurrogate() || c.category() == QChar::Other_Format) return "";
+  if (c.isSpace() || esControl(c)) return " ";
+  if (c.category() == QChar::Punctuation_Dash) return "-";
+  const QChar base = QString(c).normalized(QString::NormalizationForm_D).front();
+  if (const auto it = std::ranges::find(kParecidas, base.unicode(), &Parecida::de);
+      it != std::end(kParecidas))
+    return it->a;
+  static constexpr std::string_view kAscii =
+      " !\"#$%&'()*+,-./"
+      "0123456789:;<=>?@ABCDEFGHIJKLMNOPQRSTUVWXYZ[\\]^_`abcdefghijklmnopqrstuvwxyz";
+  const size_t lugar = base.unicode() - size_t{0x20};
+  return lugar < kAscii.size() ? kAscii.substr(lugar, 1) : "?";
+}
+
+bool seVe(std::string_view parecido) {
+  return !parecido.empty() && parecido != " ";
+}
+
+bool acabaEnCifra(const QByteArray& bytes) {
+  return !bytes.isEmpty() && bytes.back() >= '0' && bytes.back() <= '9';
+}
+
+}  // namespace
 
 // No replacement gives a character that another one takes, so each stands for itself.
 QString CaracteresBalanza(int tipo, const QString& texto) {
@@ -93,10 +145,29 @@ QString textoDeBalanza(int tipo, QByteArrayView bytes) {
   return salida;
 }
 
-int byteDeBalanza(int tipo, char16_t c) {
-  if (c < 0x20) return -1;
-  if (c <= kEuroDeBalanza) return c;
-  return tipo == 3 || tipo == 4 ? byte1252(c) : -1;
+Escrito escribirLetras(int tipo, const QString& texto, qsizetype ancho, bool conLineas) {
+  Escrito e;
+  const QString letras = letrasCompuestas(texto);
+  e.bytes.reserve(std::min(ancho, letras.size()));
+  for (qsizetype i = 0; i < letras.size() && e.bytes.size() < ancho; ++i) {
+    const QChar c = letras[i];
+    const bool finDeLinea = conLineas && c == u'\r';
+    const int b = finDeLinea     ? '\r'
+                  : esControl(c) ? -1
+                                 : byteDeBalanza(tipo, letraDeBalanza(tipo, c.unicode()));
+    if (b >= 0) {
+      e.bytes += static_cast<char>(b);
+      continue;
+    }
+    const std::string_view parecido = loMasParecido(c);
+    // "1½" isn't "11/2".
+    if (parecido.size() > 1 && parecido[1] == '/' && acabaEnCifra(e.bytes)) e.bytes += ' ';
+    e.bytes.append(parecido.data(), static_cast<qsizetype>(parecido.size()));
+    const QString letra = letras.mid(i, c.isHighSurrogate() ? 2 : 1);
+    if (seVe(parecido) && !e.cambiadas.contains(letra)) e.cambiadas += letra;
+  }
+  e.bytes.truncate(ancho);
+  return e;
 }
 
 }  // namespace tarvo::maquinas

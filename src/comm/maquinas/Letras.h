@@ -1,16 +1,21 @@
 // The letters that each family of machines has.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 namespace tarvo::maquinas {
 
-// An accent that stands behind its letter becomes part of it.
-QString letrasCompuestas(const QString& texto);
-// One character of such a text in the characters of a kind of machine.
-char16_t letraDeBalanza(int tipo, char16_t caracter);
-// The byte of what letraDeBalanza gave; -1 where the machine lacks it.
+// A text as a kind of machine takes it.
+struct Escrito {
+  QByteArray bytes;
+  QString cambiadas;  // the characters that the machine lacks, each once, in their order
+};
+
+// At most `ancho` bytes of it. A character that the machine lacks goes as the one that is most like
+// it (its base letter, a plain quotation mark, a dash, a blank), "?" where there is none; one that
+// nobody sees goes as a blank or not at all, and isn't among `cambiadas`. `conLineas`: a CR stays.
 // Kinds 1 and 2 have seven bits, 3 and 4 Windows-1252.
-int byteDeBalanza(int tipo, char16_t caracter);
+Escrito escribirLetras(int tipo, const QString& texto, qsizetype ancho, bool conLineas = false);
 
 }  // namespace tarvo::maquinas

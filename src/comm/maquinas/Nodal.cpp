@@ -10,17 +10,21 @@ namespace {
 
 constexpr int kCabecera = 2;  // characters in front of the records of a frame
 
-// Cuts a frame's records and reads each with `leer`.
+// Cuts a frame's records and reads each with `leer`. What is left over behind whole ones is a
+// record without its end, or blanks.
 template <class Leer>
-Leido<std::vector<Total>> registros(QByteArrayView datos, int ancho, Leer leer) {
+Leido<std::vector<Total>> registros(QByteArrayView datos, int ancho, Rigor rigor, Leer leer) {
   std::vector<Total> salida;
   QByteArrayView resto = datos.sliced(std::min<qsizetype>(kCabecera, datos.size()));
-  if (datos.size() < kCabecera || resto.size() % ancho != 0)
+  const bool entera = datos.size() >= kCabecera && resto.size() % ancho == 0;
+  if (!entera && (rigor == Rigor::Estricto || resto.isEmpty()))
     return std::unexpected(RegistroMalo{RegistroMalo::Corto, resto.size() % ancho, {}});
-  for (; !resto.isEmpty(); resto = resto.sliced(ancho)) {
-    Lector l(resto.first(ancho));
+  while (!resto.isEmpty() && (entera || !resto.trimmed().isEmpty())) {
+    const QByteArrayView registro = resto.first(std::min<qsizetype>(ancho, resto.size()));
+    Lector l(registro, rigor);
     salida.push_back(leer(l));
     if (l.falta()) return std::unexpected(*l.falta());
+    resto = resto.sliced(registro.size());
   }
   return salida;
 }
@@ -28,7 +32,7 @@ Leido<std::vector<Total>> registros(QByteArrayView datos, int ancho, Leer leer) 
 // Position, imp, sco, pes, con, as operators and departments have them.
 Total posicionYCuentas(Lector& l) {
   Total t;
-  t.numero = l.numero(1, 2) + 1;
+  t.numero = l.clave(1, 2) + 1;
   t.imp = l.numero(3, 10);
   t.sco = l.numero(13, 10);
   t.pes = l.numero(23, 8);
@@ -75,10 +79,10 @@ bool esDePeticion(int codigo) {
   return std::ranges::find(kPeticiones, codigo) != std::end(kPeticiones);
 }
 
-Leido<std::vector<Total>> leerArticulos(QByteArrayView datos) {
-  return registros(datos, 26, [](Lector& l) {
+Leido<std::vector<Total>> leerArticulos(QByteArrayView datos, Rigor rigor) {
+  return registros(datos, 26, rigor, [](Lector& l) {
     Total t;
-    t.numero = l.numero(1, 4);
+    t.numero = l.clave(1, 4);
     t.imp = l.numero(5, 8);
     const qint64 peso = std::abs(l.numero(13, 8));
     t.pes = t.imp < 0 ? -peso : peso;
@@ -87,8 +91,8 @@ Leido<std::vector<Total>> leerArticulos(QByteArrayView datos) {
   });
 }
 
-Leido<Total> leerGranTotal(QByteArrayView datos) {
-  Lector l(datos);
+Leido<Total> leerGranTotal(QByteArrayView datos, Rigor rigor) {
+  Lector l(datos, rigor);
   Total t;
   t.imp = l.numero(19, 10);
   t.sco = l.numero(29, 10);
@@ -97,18 +101,18 @@ Leido<Total> leerGranTotal(QByteArrayView datos) {
   return l.comprobado(t);
 }
 
-Leido<std::vector<Total>> leerOperadores(QByteArrayView datos) {
-  return registros(datos, 36, posicionYCuentas);
+Leido<std::vector<Total>> leerOperadores(QByteArrayView datos, Rigor rigor) {
+  return registros(datos, 36, rigor, posicionYCuentas);
 }
 
-Leido<std::vector<Total>> leerDepartamentos(QByteArrayView datos) {
-  return registros(datos, 36, posicionYCuentas);
+Leido<std::vector<Total>> leerDepartamentos(QByteArrayView datos, Rigor rigor) {
+  return registros(datos, 36, rigor, posicionYCuentas);
 }
 
-Leido<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos) {
-  return registros(datos, 38, [](Lector& l) {
+Leido<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos, Rigor rigor) {
+  return registros(datos, 38, rigor, [](Lector& l) {
     Total t;
-    const qint64 x = l.numero(1, 4);
+    const qint64 x = l.clave(1, 4);
     t.numero = x / 100 + 1;
     t.hora = static_cast<int>(x % 100);
     t.imp = l.numero(5, 10);
@@ -118,24 +122,26 @@ Leido<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos) {
   });
 }
 
-Leido<std::vector<Linea>> leerPedido(QByteArrayView datos) {
-  constexpr int kAncho = 20;
+Leido<std::vector<Linea>> leerPedido(QByteArrayView datos, Rigor rigor) {
+  constexpr int kAncho = 20, kMilesimas = 1000;
   std::vector<Linea> lineas;
   QByteArrayView resto = datos.sliced(std::min<qsizetype>(kCabecera, datos.size()));
   if (datos.size() < kCabecera + kAncho && !resto.isEmpty())
     return std::unexpected(RegistroMalo{RegistroMalo::Corto, resto.size(), {}});
   for (; resto.size() >= kAncho; resto = resto.sliced(kAncho)) {
-    Lector l(resto.first(kAncho));
+    Lector l(resto.first(kAncho), rigor);
     Linea linea;
-    linea.articulo = l.numero(1, 4);
+    linea.articulo = l.clave(1, 4);
     if (!l.falta() && linea.articulo < 1) return lineas;
-    linea.peso = std::llround(static_cast<double>(l.numero(5, 8)) / 1000.0);
+    const qint64 milesimas = l.numero(5, 8);
+    linea.peso = std::llround(static_cast<double>(milesimas) / kMilesimas);
+    linea.redondeado = milesimas % kMilesimas != 0;
     linea.unidades = l.numero(13, 8);
     if (l.falta()) return std::unexpected(*l.falta());
     lineas.push_back(linea);
   }
   // The list is not asked again from here, so a line that is cut would be lost.
-  if (!resto.trimmed().isEmpty())
+  if (rigor == Rigor::Estricto && !resto.trimmed().isEmpty())
     return std::unexpected(RegistroMalo{RegistroMalo::Corto, resto.size(), {}});
   return lineas;
 }

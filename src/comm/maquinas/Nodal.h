@@ -29,12 +29,12 @@ bool esDePeticion(int codigo);
 // Each reads the records of one frame. A record that is cut or not numeric is a Formato error, and
 // so are characters left over behind whole records of totals. Positions and departments count
 // from 1.
-Leido<std::vector<Total>> leerArticulos(QByteArrayView datos);
-Leido<Total> leerGranTotal(QByteArrayView datos);
-Leido<std::vector<Total>> leerOperadores(QByteArrayView datos);
-Leido<std::vector<Total>> leerDepartamentos(QByteArrayView datos);
-Leido<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos);
-// Lines up to the first article below 1; characters left over are passed over.
-Leido<std::vector<Linea>> leerPedido(QByteArrayView datos);
+Leido<std::vector<Total>> leerArticulos(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
+Leido<Total> leerGranTotal(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
+Leido<std::vector<Total>> leerOperadores(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
+Leido<std::vector<Total>> leerDepartamentos(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
+Leido<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
+// Lines up to the first article below 1, their weights in thousandths of a gram; characters left over are passed over.
+Leido<std::vector<Linea>> leerPedido(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
 
 }  // namespace tarvo::maquinas::nodal

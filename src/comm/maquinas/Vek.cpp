@@ -58,10 +58,10 @@ std::optional<qint64> cabeza(QByteArrayView registro, int inicio, int ancho) {
   return n;
 }
 
-Leido<Total> leerArticulo(QByteArrayView registro) {
-  Lector l(registro);
+Leido<Total> leerArticulo(QByteArrayView registro, Rigor rigor) {
+  Lector l(registro, rigor);
   Total t;
-  t.numero = l.numero(1, 7);
+  t.numero = l.clave(1, 7);
   t.imp = l.numero(8, 9);
   const qint64 peso = std::abs(l.numero(17, 9));
   t.pes = t.imp < 0 ? -peso : peso;  // a return's weight goes the way of its amount
@@ -70,8 +70,8 @@ Leido<Total> leerArticulo(QByteArrayView registro) {
   return l.comprobado(t);
 }
 
-Leido<Total> leerGranTotal(QByteArrayView registro, int tipo) {
-  Lector l(registro);
+Leido<Total> leerGranTotal(QByteArrayView registro, int tipo, Rigor rigor) {
+  Lector l(registro, rigor);
   Total t;
   t.imp = l.numero(1, 9);
   t.pes = l.numero(10, 9);
@@ -80,8 +80,8 @@ Leido<Total> leerGranTotal(QByteArrayView registro, int tipo) {
   return l.comprobado(t);
 }
 
-Leido<Total> leerOperador(QByteArrayView registro) {
-  Lector l(registro);
+Leido<Total> leerOperador(QByteArrayView registro, Rigor rigor) {
+  Lector l(registro, rigor);
   Total t;
   t.imp = l.numero(3, 9);
   t.con = l.numero(12, 5);
@@ -89,37 +89,37 @@ Leido<Total> leerOperador(QByteArrayView registro) {
   return l.comprobado(t);
 }
 
-Leido<Total> leerDepartamento(QByteArrayView registro) {
-  Lector l(registro);
-  const qint64 numero = l.numero(1, 2);
+Leido<Total> leerDepartamento(QByteArrayView registro, Rigor rigor) {
+  Lector l(registro, rigor);
+  const qint64 numero = l.clave(1, 2);
   Total t = importePesoCuenta(l, 3);
   t.numero = numero;
   return l.comprobado(t);
 }
 
-Leido<Total> leerHora(QByteArrayView registro) {
-  return leerDepartamento(registro);
+Leido<Total> leerHora(QByteArrayView registro, Rigor rigor) {
+  return leerDepartamento(registro, rigor);
 }
 
-Leido<Total> leerOperadorHora(QByteArrayView registro) {
-  Lector l(registro);
-  const qint64 numero = l.numero(1, 2);
-  const qint64 h = l.numero(3, 2);
+Leido<Total> leerOperadorHora(QByteArrayView registro, Rigor rigor) {
+  Lector l(registro, rigor);
+  const qint64 numero = l.clave(1, 2);
+  const qint64 h = l.clave(3, 2);
   Total t = importePesoCuenta(l, 5);
   t.numero = numero;
   t.hora = static_cast<int>(h);
   return l.comprobado(t);
 }
 
-Leido<TrozoLista> leerLineas(QByteArrayView datos) {
+Leido<TrozoLista> leerLineas(QByteArrayView datos, Rigor rigor) {
   constexpr int kAncho = 23;
   TrozoLista trozo;
   QByteArrayView resto = datos.isEmpty() ? datos : datos.sliced(1);
   const qsizetype total = resto.size();
   for (; resto.size() >= kAncho; resto = resto.sliced(kAncho)) {
-    Lector l(resto.first(kAncho));
+    Lector l(resto.first(kAncho), rigor);
     Linea linea;
-    linea.articulo = l.numero(1, 7);
+    linea.articulo = l.clave(1, 7);
     if (!l.falta() && linea.articulo <= 0) {
       trozo.fin = true;
       return trozo;

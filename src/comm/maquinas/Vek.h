@@ -29,18 +29,18 @@ Peticion olvidarLista(bool inventario);
 std::optional<qint64> cabeza(QByteArrayView registro, int inicio, int ancho);
 
 // Each reads one record. A record that is cut or not numeric where it must be is a Formato error.
-Leido<Total> leerArticulo(QByteArrayView registro);
-Leido<Total> leerGranTotal(QByteArrayView registro, int tipo);
-Leido<Total> leerOperador(QByteArrayView registro);
-Leido<Total> leerDepartamento(QByteArrayView registro);
-Leido<Total> leerHora(QByteArrayView registro);
-Leido<Total> leerOperadorHora(QByteArrayView registro);
+Leido<Total> leerArticulo(QByteArrayView registro, Rigor rigor = Rigor::Estricto);
+Leido<Total> leerGranTotal(QByteArrayView registro, int tipo, Rigor rigor = Rigor::Estricto);
+Leido<Total> leerOperador(QByteArrayView registro, Rigor rigor = Rigor::Estricto);
+Leido<Total> leerDepartamento(QByteArrayView registro, Rigor rigor = Rigor::Estricto);
+Leido<Total> leerHora(QByteArrayView registro, Rigor rigor = Rigor::Estricto);
+Leido<Total> leerOperadorHora(QByteArrayView registro, Rigor rigor = Rigor::Estricto);
 
 struct TrozoLista {
   std::vector<Linea> lineas;
   bool fin = false;  // an article number of 0 or below ended the list
   bool operator==(const TrozoLista&) const = default;
 };
-Leido<TrozoLista> leerLineas(QByteArrayView datos);
+Leido<TrozoLista> leerLineas(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
 
 }  // namespace tarvo::maquinas::vek

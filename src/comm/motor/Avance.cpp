@@ -28,13 +28,11 @@ void gestcomm::Interior::avanzar(int id) {
       if (tareaDe(c) != t) return empezar(id);
       t->Estado = kTransfiriendo;
       cambio(*t);
-      const int estado = canales[static_cast<size_t>(c)].EstadoCanal;
-      if (estado == kPerdido || estado == kEsperaReapertura)
-        return;  // the channel opens again by itself
+      if (esperaReapertura(c)) return;  // the channel opens again by itself
       if (!enlaces[c]) return ponerCanal(c, kPerdido);
       if (!enlaces[c]->Portadora()) {
         vigilar(c, 0);
-        if (enlaces[c]->CerrarEnlace() != 0) enlaces.abandonar(c), ponerCanal(c, kPerdido);
+        if (enlaces[c]->CerrarEnlace() != 0) abandonarEnlace(c), ponerCanal(c, kPerdido);
         return;
       }
       return conectada(id, false);
@@ -43,7 +41,7 @@ void gestcomm::Interior::avanzar(int id) {
       t->Retenida = false;
       t->Estado = kTransfiriendo;
       cambio(*t);
-      if (!enlaces[c]) return enlacePerdido(id, kErrorCaida);
+      if (!enlaces[c]) return enlacePerdido(id, errorDeCaida(c));
       return siguienteTrama(id);
     default:
       return;
@@ -203,6 +201,8 @@ void gestcomm::Interior::siguienteTrama(int id) {
   if (s->que == Siguiente::Fin) return finTarea(id);
   const int c = t->Canal;
   t->Addr = s->addr;
+  t->pedido = s->que == Siguiente::Enviar && t->datos.Protocolo == 1 ? s->codigo : -1;
+  t->olvido = s->modo.unaVez;
   ponerCanal(c, kEnUso);
   const int timeOut = s->timeOut != 0 ? s->timeOut : entorno.ajustes.TimeOut;
   vigilar(c, s->modo.limpia ? 2 * timeOut : timeOut);
@@ -216,8 +216,11 @@ int gestcomm::Interior::mandar(int c, const TareaViva&, const Siguiente& s) {
   if (!link) return 15;
   link->TimeOut(s.timeOut != 0 ? s.timeOut : entorno.ajustes.TimeOut);
   switch (s.que) {
-    case Siguiente::Enviar:
-      return link->Enviar(s.addr, s.codigo, s.datos, s.modo);
+    case Siguiente::Enviar: {
+      enlace::ModoEnvio modo = s.modo;
+      modo.otroCodigo = entorno.ajustes.AceptaOtroCodigo;
+      return link->Enviar(s.addr, s.codigo, s.datos, modo);
+    }
     case Siguiente::Pedir:
       return link->Pedir(s.addr, s.codigo, s.datos);
     case Siguiente::EsperarVEK:
@@ -253,9 +256,12 @@ void gestcomm::Interior::finTarea(int id) {
   t->Estado = kTerminado;
   t->Error = t->FallosTrama = 0;
   t->textoError = t->trabajo->reparo();
+  t->trajo = t->trabajo->trajo();
+  if (t->trajo.isEmpty() && !avisos->empty()) t->trajo = avisos->front().texto;
   anotarBuena(*t);
   liberarCanal(c);
   soltarEnlace(c);
+  mirarPronto();
   cambio(*t);
   const int clase = t->datos.Clase;
   if (entorno.sesion.estado() != antes)

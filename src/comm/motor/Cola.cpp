@@ -34,6 +34,12 @@ void TareaViva::contarFallo(int TareaViva::* seguidos, int TareaViva::* sinAvanc
   ++(this->*sinAvance);
 }
 
+void TareaViva::olvidarFallos() {
+  FallosEnlace = FallosTrama = enlaceSinAvance = tramaSinAvance = 0;
+  EsperaReintento = kPulsosReintento;
+  otraVez = 0;
+}
+
 qint64 TareaViva::codigo() const {
   return trabajo ? trabajo->codigoActual() : datos.Desde;
 }
@@ -67,8 +73,8 @@ Resultado<std::optional<DatosTarea>> gestcomm::Interior::leerGrupo(int grupo) {
   return t;
 }
 
-int gestcomm::Interior::nueva(int grupo, bool todo, qint64 desde, qint64 hasta, int clase,
-                              qint64 paso) {
+int gestcomm::Interior::nueva(const DatosTarea& que) {
+  const int clase = que.Clase, grupo = que.Grupo;
   const ClaseTarea* c = registro.porNumero(clase);
   const LimitesClases& l = entorno.ajustes.clases;
   // A build lacks kinds by their keyword; the one without is in all of them.
@@ -88,17 +94,18 @@ int gestcomm::Interior::nueva(int grupo, bool todo, qint64 desde, qint64 hasta, 
   if (!datos || !*datos || !c->valePara((*datos)->Tipo)) return 2;
   auto t = std::make_unique<TareaViva>();
   t->datos = std::move(**datos);
-  t->datos.Id = ++ultimoId;
+  t->datos.Id = que.Id != 0 ? que.Id : ++ultimoId;
   t->datos.Clase = clase;
-  t->datos.Todo = todo;
-  t->datos.Desde = desde;
-  t->datos.Hasta = hasta;
-  t->datos.paso = paso;
+  t->datos.Todo = que.Todo;
+  t->datos.Desde = que.Desde;
+  t->datos.Hasta = que.Hasta;
+  t->datos.paso = que.paso;
   t->clase = c;
   t->acceso = accesoDe(t->datos);
-  if (c->esLectura) lecturas[grupo].insert(ultimoId);
-  if (c->esBorrado) borrados[grupo].insert(ultimoId);
-  tareas.emplace(ultimoId, std::move(t));
+  hacerEsperar(*t);
+  const int id = t->datos.Id;
+  tareas.emplace(id, std::move(t));
+  mirarPronto();
   cambioCola();
   return 0;
 }
@@ -135,10 +142,16 @@ bool gestcomm::Interior::delante(const PorGrupo& cuales, const TareaViva& t) {
   return it != cuales.end() && !it->second.empty() && *it->second.begin() < t.datos.Id;
 }
 
+// Those that must come after it wait for it.
+void gestcomm::Interior::hacerEsperar(const TareaViva& t) {
+  if (t.clase->esLectura) lecturas[t.datos.Grupo].insert(t.datos.Id);
+  if (t.clase->esBorrado) borrados[t.datos.Grupo].insert(t.datos.Id);
+}
+
 // Nothing waits any more for a task that is done or given up.
 void gestcomm::Interior::dejarPaso(const TareaViva& t) {
-  lecturas[t.datos.Grupo].erase(t.datos.Id);
-  borrados[t.datos.Grupo].erase(t.datos.Id);
+  const auto antes = lecturas[t.datos.Grupo].erase(t.datos.Id);
+  if (antes + borrados[t.datos.Grupo].erase(t.datos.Id) > 0) mirarPronto();
 }
 
 void gestcomm::Interior::marcarFallida(TareaViva& t) {

@@ -3,20 +3,21 @@
 
 #include "comm/enlace/Errores.h"
 #include "comm/motor/Interior.h"
+#include "comm/motor/Negativa.h"
 
 namespace tarvo::motor {
 
 namespace {
 
-// A refusal by the machine: "ERR" and a number from 1 to 5. 0 for an answer that is good. What is
-// left of a refusal that lost its end is no consent to an order.
-int errorDeMaquina(const QByteArray& datos, bool tolera5) {
-  constexpr QByteArrayView marca = "ERR";
-  const QByteArray comienzo = datos.left(marca.size());
-  if (comienzo.isEmpty() || !marca.startsWith(comienzo)) return 0;
-  const int n = datos.mid(marca.size(), 2).trimmed().toInt();
-  if (n < 1 || n > 5) return kErrorTrama;
-  return n == 5 && tolera5 ? 0 : 100 + n;
+// A refusal by the machine; 0 for an answer that is good. What is left of a refusal that lost its
+// end is no consent, and a number that refuses nothing is none to an order to forget.
+int errorDeMaquina(const QByteArray& datos, bool tolera5, bool olvido) {
+  const QByteArray comienzo = datos.left(kMarcaNegativa.size());
+  if (comienzo.isEmpty() || !kMarcaNegativa.startsWith(comienzo)) return 0;
+  const auto n = numeroDeNegativa(datos);
+  if (!n) return kErrorTrama;
+  if (*n < 1 || *n > kUltimaNegativa) return olvido ? kErrorTrama : 0;
+  return *n == kUltimaNegativa && tolera5 ? 0 : 100 + *n;
 }
 
 // The machine heard the step and won't do it; a refusal may have lost its end.
@@ -30,6 +31,7 @@ void gestcomm::Interior::ponerCanal(int c, int estado) {
   CanalVivo& canal = canales[static_cast<size_t>(c)];
   canal.EstadoCanal = estado;
   if (estado != kEnUso && estado != kCerrando && estado != kConFallo) canal.limite = 0;
+  if (estado == kLibreAbierto || estado == kParar || estado == kCerrado) mirarPronto();
   cambioCanal(c);
 }
 
@@ -70,8 +72,18 @@ void gestcomm::Interior::cerrarEnlace(int c) {
       c < kCanalesFijos ? entorno.ajustes.canales[static_cast<size_t>(c)].ATHang : 0;
   canales[static_cast<size_t>(c)].limite = ahora() + std::max<qint64>(colgar, 0) + 30000;
   if (enlaces[c]->CerrarEnlace() == 0) return;
-  enlaces.abandonar(c);
+  abandonarEnlace(c);
   cerrado(c, 0);
+}
+
+// Whoever shares it hears that it is gone.
+void gestcomm::Interior::abandonarEnlace(int c) {
+  enlaces.abandonar(c, &fuera);
+}
+
+int gestcomm::Interior::errorDeCaida(int c) const {
+  const int device = c < kCanalesFijos ? entorno.ajustes.canales[static_cast<size_t>(c)].Device : 0;
+  return device == 1 ? kErrorPortadora : device == 3 ? kErrorCaidaTcp : kErrorCaida;
 }
 
 // What becomes of the link of a task that has left the channel.
@@ -167,16 +179,16 @@ void gestcomm::Interior::cerrado(int c, int error) {
   }
   switch (t->Estado) {
     case kAbriendo:
-      return falloApertura(c, id, error != 0 ? error : kErrorCaida);
+      return falloApertura(c, id, errorDeCaida(c));
     case kAperturaFallida:
       return ponerCanal(c, error != 0 ? kCierreMalo : kAperturaMala);
     case kTransfiriendo:
       // A closing that was asked for because the carrier had gone was counted when its frame
       // failed.
       if (canal.EstadoCanal == kConFallo && error == 0) return ponerCanal(c, kPerdido);
-      return enlacePerdido(id, kErrorCaida);
+      [[fallthrough]];
     case kRetenido:
-      return enlacePerdido(id, kErrorCaida);
+      return enlacePerdido(id, errorDeCaida(c));
     case kInterrumpido:
       return ponerCanal(c, kPerdido);
     default:
@@ -198,7 +210,7 @@ void gestcomm::Interior::respuesta(int c, int error, int addr, int codigo, const
   const bool callada = error != 0 && error != enlace::kErrorRechazo && !t->Retenida;
   if (callada && t->trabajo->sinRespuesta(error)) return siguienteTrama(id);
   if (error == 0 && enlaces[c] && enlaces[c]->Repetida()) t->trabajo->repetida();
-  if (error == 0) error = deLista ? 0 : errorDeMaquina(datos, t->clase->toleraErr5);
+  if (error == 0) error = deLista ? 0 : errorDeMaquina(datos, t->clase->toleraErr5, t->olvido);
   if (esRechazo(error) && t->trabajo->rechazada(error)) return seguir(*t);
   if (error != 0) return falloTrama(id, error);
   t->Estado = kTransfiriendo;
@@ -207,6 +219,7 @@ void gestcomm::Interior::respuesta(int c, int error, int addr, int codigo, const
   if (const auto r = t->trabajo->respuesta(addr, codigo, datos); !r)
     return falloTarea(id, r.error());
   t->FallosTrama = 0;
+  t->descanso = kDescansoMin;
   t->Error = 0;
   t->textoError.clear();
   ++t->Traza;

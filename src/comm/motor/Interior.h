@@ -33,6 +33,10 @@ inline constexpr int kPulsoMs = 500;
 inline constexpr int kReaperturaMs = 30000;
 inline constexpr int kIntentosCierre = 5;
 inline constexpr int kPulsosReintento = 3;
+// How long a task that was given up rests before it is tried again while nobody watches, ms: the
+// first time, and at most.
+inline constexpr qint64 kDescansoMin = 30'000, kDescansoMax = 15 * 60'000;
+inline constexpr size_t kQuitadasMax = 100;  // removed tasks that can be put back
 inline constexpr int kCanalesFijos = 4;
 
 // How a group is reached: Remoto, and the number, host or name compared without blanks around it
@@ -44,6 +48,10 @@ struct TareaViva {
   const ClaseTarea* clase = nullptr;
   Acceso acceso;
   int Estado = kEnEspera, Error = 0, Traza = -1, Canal = -1, Addr = -1;
+  // The frame under way: its code where one answer is awaited, else -1; and whether it orders the
+  // machine to forget something.
+  int pedido = -1;
+  bool olvido = false;
   int FallosEnlace = 0, FallosTrama = 0, EsperaReintento = kPulsosReintento;
   bool Retenida = false;
   bool detenida = false;    // the operator stopped it while its link was being opened
@@ -52,10 +60,19 @@ struct TareaViva {
   // Failures since `avance` last moved: what ends a task that fails again and again at one place.
   qint64 avance = 0;
   int enlaceSinAvance = 0, tramaSinAvance = 0;
-  QString textoError, dicho;
+  qint64 otraVez = 0;  // the end of its rest (monotonic ms); 0 while it doesn't rest
+  qint64 descanso = kDescansoMin;
+  QString textoError, dicho, trajo;
   std::unique_ptr<TrabajoTarea> trabajo;
 
   void contarFallo(int TareaViva::* seguidos, int TareaViva::* sinAvance);
+  void olvidarFallos();  // its attempts are counted anew
+  bool suprimida() const { return Estado == kEnEspera && Error == kErrorSuprimido; }
+  // It has failed, and could be tried again.
+  bool reintentable() const {
+    return Estado == kAperturaFallida || Estado == kRechazado || Estado == kInterrumpido ||
+           suprimida();
+  }
   qint64 codigo() const;
 };
 
@@ -90,15 +107,18 @@ struct gestcomm::Interior {
   bool borrarFallos = false;
   Vigilante* vigilante = nullptr;
   std::vector<Observador*> observadores;
+  std::vector<DatosTarea> quitadas;  // by the operator, the latest last
   std::set<int> gruposFallidos;
   std::map<int, std::set<int>> clasesFallidas;  // 0: noted from outside
   qint64 ejecucionFallidos = 0;
   std::function<void()> alCerrar;
   bool terminarAlAcabar = false;
-  std::unique_ptr<Temporizador> pulso, alFin;
+  std::unique_ptr<Temporizador> pulso, pronto, alFin;
 
   // Cola.cpp: the queue
-  int nueva(int grupo, bool todo, qint64 desde, qint64 hasta, int clase, qint64 paso);
+  // What is asked of a group; `Id` 0 for a new task, else the place in the queue that it had.
+  int nueva(const DatosTarea& que);
+  void hacerEsperar(const TareaViva& t);
   Resultado<std::optional<DatosTarea>> leerGrupo(int grupo);
   TareaViva* tarea(int id);
   TareaViva* tareaDe(int canal);
@@ -111,14 +131,22 @@ struct gestcomm::Interior {
   void anotarFallido(int grupo, int clase);
 
   // Pulso.cpp: the tick and the retry rule
+  enum class Mirada { Pulso, Pronta };
   void latido();
-  void pasarTareas();
-  void pasarCanales();
-  void atender(int id);
-  void atenderCanal(int canal);
+  void mirarPronto();
+  void mirar(Mirada mirada);
+  void pasarTareas(Mirada mirada);
+  void pasarCanales(Mirada mirada);
+  void atender(int id, Mirada mirada);
+  void atenderFallo(const TareaViva& t);
+  void atenderCanal(int canal, Mirada mirada);
+  void atenderPerdido(int canal);
+  void reabrir(TareaViva& t);
   void vigilarCanal(int canal);
   void reglaReintento(int id);
   void rendir(int id);
+  void descansar(TareaViva& t);
+  void cederCanal(const TareaViva& t);
   bool esperaCierre(const TareaViva& t) const;
 
   // Avance.cpp: what a task does next
@@ -142,6 +170,8 @@ struct gestcomm::Interior {
   void falloTrama(int id, int error, const QString& texto = {});
   void falloTarea(int id, const Error& error);
   void enlacePerdido(int id, int error);
+  int errorDeCaida(int canal) const;
+  void abandonarEnlace(int canal);
   void cerrarEnlace(int canal);
   void canalCerrado(int canal);
   void liberarCanal(int canal);
@@ -155,6 +185,10 @@ struct gestcomm::Interior {
   void seguir(TareaViva& t);
 
   // Ordenes.cpp: the operator
+  void seguirTarea(int id);
+  void reintentar(TareaViva& t);
+  int reponer();
+  bool esperaReapertura(int canal) const;
   void detener(int id);
   void eliminar(int id);
   bool todosInactivos() const;

@@ -3,6 +3,44 @@
 
 namespace tarvo::motor {
 
+// The operator doesn't wait until a lost link's time is over.
+void gestcomm::Interior::seguirTarea(int id) {
+  TareaViva* t = tarea(id);
+  if (!t || alCerrar) return;
+  t->otraVez = 0;
+  if (tareaDe(t->Canal) == t && esperaReapertura(t->Canal)) return reabrir(*t);
+  avanzar(id);
+}
+
+// The operator wants it now, whatever it did before.
+void gestcomm::Interior::reintentar(TareaViva& t) {
+  t.olvidarFallos();
+  t.descanso = kDescansoMin;
+  t.detenida = false;
+  hacerEsperar(t);
+  if (t.Estado == kRechazado || t.suprimida()) {
+    t.Estado = kEnEspera;
+    t.Error = 0;
+    t.textoError.clear();
+  }
+  cambio(t);
+  seguirTarea(t.datos.Id);
+}
+
+// The latest removal is taken back: the task is asked for anew, in its old place of the queue.
+int gestcomm::Interior::reponer() {
+  if (quitadas.empty()) return -1;
+  const DatosTarea que = std::move(quitadas.back());
+  quitadas.pop_back();
+  return nueva(que);
+}
+
+bool gestcomm::Interior::esperaReapertura(int canal) const {
+  if (canal < 0) return false;
+  const int estado = canales[static_cast<size_t>(canal)].EstadoCanal;
+  return estado == kPerdido || estado == kEsperaReapertura;
+}
+
 void gestcomm::Interior::detener(int id) {
   TareaViva* t = tarea(id);
   if (!t) return;

@@ -1,40 +1,49 @@
-// The 500 ms tick: first the tasks in queue order, then the channels; and the rule of retries.
+// The 500 ms tick: first the tasks in queue order, then the channels; what is looked at sooner;
+// and the rule of retries.
 #include "comm/motor/Interior.h"
 
 namespace tarvo::motor {
 
 void gestcomm::Interior::latido() {
   for (int c = 0; c < static_cast<int>(canales.size()); ++c) vigilarCanal(c);
-  if (automatico) pasarTareas();
-  if (automatico || alCerrar) pasarCanales();
+  mirar(Mirada::Pulso);
+}
+
+// Something has changed that may let a task begin or a channel close: it is looked at as soon as
+// the present event is over, and not at the next tick.
+void gestcomm::Interior::mirarPronto() {
+  if (!pronto->activo()) pronto->unaVez(0);
+}
+
+void gestcomm::Interior::mirar(Mirada mirada) {
+  if (automatico) pasarTareas(mirada);
+  if (automatico || alCerrar) pasarCanales(mirada);
   if (alCerrar) comprobarFin();
   comprobarAcabado();
 }
 
-// A call may queue or remove tasks: the pass goes on behind the number it has reached, up to the
+// A call may queue or remove tasks: the pass goes on after the number it has reached, up to the
 // last of its start.
-void gestcomm::Interior::pasarTareas() {
+void gestcomm::Interior::pasarTareas(Mirada mirada) {
   const int ultimo = ultimoId;
   for (auto it = tareas.begin(); it != tareas.end() && it->first <= ultimo;) {
     const int id = it->first;
-    atender(id);
+    atender(id, mirada);
     it = tareas.upper_bound(id);
   }
 }
 
-void gestcomm::Interior::pasarCanales() {
-  for (int c = 0; c < static_cast<int>(canales.size()); ++c) atenderCanal(c);
+void gestcomm::Interior::pasarCanales(Mirada mirada) {
+  for (int c = 0; c < static_cast<int>(canales.size()); ++c) atenderCanal(c, mirada);
 }
 
-void gestcomm::Interior::atender(int id) {
+// Retries keep the pace of the tick: it is the time that a machine gets to come to itself.
+void gestcomm::Interior::atender(int id, Mirada mirada) {
   TareaViva& t = *tarea(id);
   switch (t.Estado) {
     case kAperturaFallida:
     case kInterrumpido:
-      if (t.Error != kErrorDetenido)
-        reglaReintento(id);
-      else if (vigilante && borrarFallos)
-        rendir(id);
+      if (mirada == Mirada::Pulso) atenderFallo(t);
       break;
     case kTerminado:
     case kDetenido:
@@ -55,26 +64,26 @@ void gestcomm::Interior::atender(int id) {
   }
 }
 
-void gestcomm::Interior::atenderCanal(int c) {
-  CanalVivo& canal = canales[static_cast<size_t>(c)];
+void gestcomm::Interior::atenderFallo(const TareaViva& t) {
+  if (t.Error != kErrorDetenido)
+    reglaReintento(t.datos.Id);
+  else if (vigilante && borrarFallos)
+    rendir(t.datos.Id);
+}
+
+void gestcomm::Interior::atenderCanal(int c, Mirada mirada) {
+  const CanalVivo& canal = canales[static_cast<size_t>(c)];
   switch (canal.EstadoCanal) {
     case kLibreAbierto:
     case kParar:
       cerrarEnlace(c);
       break;
     case kPerdido:
-      if (canal.TareaCanal < 0) return canalCerrado(c);
-      canal.reapertura = ahora() + kReaperturaMs;
-      ponerCanal(c, kEsperaReapertura);
-      break;
     case kEsperaReapertura:
-      if (ahora() < canal.reapertura) return;
-      if (const TareaViva* t = tareaDe(c); !t)
-        canalCerrado(c);
-      else if (t->Estado == kTransfiriendo)  // else the rule of retries has yet to agree
-        abrir(t->datos.Id, c);
+      if (mirada == Mirada::Pulso) atenderPerdido(c);
       break;
     case kCierreMalo:
+      if (mirada != Mirada::Pulso) break;
       if (canal.FallosCierre < kIntentosCierre && enlaces[c])
         cerrarEnlace(c);
       else
@@ -85,12 +94,30 @@ void gestcomm::Interior::atenderCanal(int c) {
   }
 }
 
+// The line that was lost is tried again for its task when its time is over, whether or not the rule
+// of retries has given the task up.
+void gestcomm::Interior::atenderPerdido(int c) {
+  CanalVivo& canal = canales[static_cast<size_t>(c)];
+  TareaViva* t = tareaDe(c);
+  if (!t) return canalCerrado(c);
+  if (canal.EstadoCanal == kPerdido) {
+    canal.reapertura = ahora() + kReaperturaMs;
+    return ponerCanal(c, kEsperaReapertura);
+  }
+  if (ahora() >= canal.reapertura) reabrir(*t);
+}
+
+void gestcomm::Interior::reabrir(TareaViva& t) {
+  t.Estado = kTransfiriendo;
+  abrir(t.datos.Id, t.Canal);
+}
+
 // A link that gives no event is dropped, and what it was doing has failed.
 void gestcomm::Interior::vigilarCanal(int c) {
   CanalVivo& canal = canales[static_cast<size_t>(c)];
   if (canal.limite == 0 || ahora() < canal.limite) return;
   canal.limite = 0;
-  enlaces.abandonar(c);
+  abandonarEnlace(c);
   TareaViva* t = tareaDe(c);
   if (!t || canal.EstadoCanal == kCerrando || canal.EstadoCanal == kCierreMalo)
     return canalCerrado(c);
@@ -126,21 +153,42 @@ void gestcomm::Interior::reglaReintento(int id) {
   if (ya) avanzar(id);
 }
 
-// No further attempt: the task goes, or stays. Under a watcher it may yet get other retries with
-// the next wait: it gives its channel to the tasks behind it, and a zeroing behind it still waits.
+// No further attempt for now: the task goes, or stays and gives its channel to those behind it.
+// Under a watcher it may yet get other retries with the next wait, and a zeroing behind it still
+// waits.
 void gestcomm::Interior::rendir(int id) {
   TareaViva* t = tarea(id);
   if (!borrarFallos) {
-    if (!vigilante) return marcarFallida(*t);
-    if (const int c = t->Canal; tareaDe(c) == t && !esperaCierre(*t)) {
-      liberarCanal(c);
-      soltarEnlace(c);
-    }
-    return;
+    if (vigilante) return cederCanal(*t);
+    marcarFallida(*t);
+    return descansar(*t);
   }
   problema(id);
   if ((t = tarea(id))) marcarFallida(*t);
   eliminar(id);
+}
+
+// With nobody who watches, the queue goes on by itself: a task that was given up is tried again,
+// less and less often. One that makes a machine forget waits for the operator, since others of its
+// group have passed it meanwhile.
+void gestcomm::Interior::descansar(TareaViva& t) {
+  if (!esperaReapertura(t.Canal)) cederCanal(t);
+  if (t.clase->esOlvido) return;
+  if (t.otraVez == 0) {
+    t.otraVez = ahora() + t.descanso;
+    t.descanso = std::min(2 * t.descanso, kDescansoMax);
+    return cambio(t);
+  }
+  if (ahora() < t.otraVez) return;
+  t.olvidarFallos();
+  avanzar(t.datos.Id);
+}
+
+void gestcomm::Interior::cederCanal(const TareaViva& t) {
+  const int c = t.Canal;
+  if (tareaDe(c) != &t || esperaCierre(t)) return;
+  liberarCanal(c);
+  soltarEnlace(c);
 }
 
 }  // namespace tarvo::motor

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -33,9 +34,11 @@ QString TextoEstado(int estado, const Textos& textos);
 // Error codes that the engine itself gives, beside those of the links.
 inline constexpr int kErrorTiempo = 6;  // the link gave no event within any time that it may take
 inline constexpr int kErrorTrama = 7;   // a record that can't be read
-inline constexpr int kErrorDetenido = 13;   // the operator stopped the opening: never retried
-inline constexpr int kErrorCanal = 14;      // the channel isn't what the group needs
-inline constexpr int kErrorCaida = 20;      // the link went away while it was in use
+inline constexpr int kErrorDetenido = 13;  // the operator stopped the opening: never retried
+inline constexpr int kErrorCanal = 14;     // the channel isn't what the group needs
+// The link went away while it was in use: a modem's carrier, a TCP connection, a cable or
+// connector.
+inline constexpr int kErrorPortadora = 29, kErrorCaidaTcp = 30, kErrorCaida = 32;
 inline constexpr int kErrorSuprimido = 22;  // not sent, so that no sale is lost: never retried
 inline constexpr int kErrorAlmacen = 99;    // the store failed; the words are in textoError
 
@@ -76,6 +79,9 @@ struct Entorno {
   Reloj& reloj;
   totals::Sesion& sesion;
   const Textos& textos;
+  // Why nothing of a section's articles may be sent for now, in words; nothing when it may. Empty:
+  // always.
+  std::function<Resultado<std::optional<QString>>(int seccion)> enEspera = {};
 };
 
 // The run of one task, made at its first connection and kept over retries. Nothing here knows of
@@ -117,6 +123,9 @@ class TrabajoTarea {
   virtual Resultado<std::vector<totals::Aviso>> cerrar() = 0;
   // The task is given up; what there is to tell of it.
   virtual std::vector<totals::Aviso> abandonar() { return {}; }
+  // What it read, wrote or left in the machine, in a line for the grid, once it has ended well;
+  // empty where the first of its notices says it.
+  virtual QString trajo() const { return {}; }
   // What it leaves out though it ends well, in a line for the grid; empty for nothing.
   virtual QString reparo() const { return {}; }
   // What it is now at, for the grid ("P 0000123"), and the last code for reports.

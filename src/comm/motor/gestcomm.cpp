@@ -1,6 +1,9 @@
 #include "comm/motor/gestcomm.h"
 
+#include <algorithm>
+
 #include "comm/motor/Interior.h"
+#include "comm/motor/Negativa.h"
 
 namespace tarvo::motor {
 
@@ -11,12 +14,13 @@ gestcomm::Interior::Interior(gestcomm& dueno, Entorno e, enlace::Enlaces& en,
     canales.emplace_back().EstadoCanal = p.Device == 0 ? kSinUso : kCerrado;
   pulso = e.reloj.temporizador([this] { latido(); });
   pulso->cada(kPulsoMs);
+  pronto = e.reloj.temporizador([this] { mirar(Mirada::Pronta); });
   alFin = e.reloj.temporizador([this] { comprobarFin(); });
 }
 
 gestcomm::Interior::~Interior() {
   for (int c = 0; c < static_cast<int>(canales.size()); ++c)
-    if (canales[static_cast<size_t>(c)].acceso && enlaces[c]) enlaces.abandonar(c);
+    if (canales[static_cast<size_t>(c)].acceso && enlaces[c]) enlaces.abandonar(c, &fuera);
 }
 
 gestcomm::gestcomm(Entorno entorno, enlace::Enlaces& enlaces, const RegistroTareas& registro)
@@ -25,11 +29,19 @@ gestcomm::gestcomm(Entorno entorno, enlace::Enlaces& enlaces, const RegistroTare
 gestcomm::~gestcomm() = default;
 
 int gestcomm::NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, int clase, qint64 paso) {
-  return d->nueva(grupo, todo, desde, hasta, clase, paso);
+  DatosTarea que;
+  que.Grupo = grupo;
+  que.Clase = clase;
+  que.Todo = todo;
+  que.Desde = desde;
+  que.Hasta = hasta;
+  que.paso = paso;
+  return d->nueva(que);
 }
 
 void gestcomm::CambioAModo(bool automatico) {
   d->automatico = automatico || d->modoFijo;
+  d->mirarPronto();
   d->cambioCola();
 }
 
@@ -50,6 +62,7 @@ void gestcomm::VigilaProcesos(int reintentos, bool borrarFallos, Vigilante* vigi
   d->reintentos = reintentos;
   d->borrarFallos = borrarFallos;
   d->vigilante = vigilante;
+  d->mirarPronto();
 }
 
 bool gestcomm::Vigilando() const {
@@ -59,10 +72,9 @@ bool gestcomm::Vigilando() const {
 gestcomm::Cuenta gestcomm::CuantosQuedan() const {
   Cuenta n;
   for (const auto& [id, t] : d->tareas) {
-    const bool suprimida = t->Estado == kEnEspera && t->Error == kErrorSuprimido;
     const bool enCurso = t->Estado == kEnEspera || t->Estado == kAbriendo ||
                          t->Estado == kTransfiriendo || t->Estado == kTerminado;
-    ++(enCurso && !suprimida ? n.enCurso : n.fallidas);
+    ++(enCurso && !t->suprimida() ? n.enCurso : n.fallidas);
     ++n.total;
   }
   return n;
@@ -93,7 +105,7 @@ Resultado<bool> gestcomm::LaSesion(int nuevo) {
 }
 
 void gestcomm::AvanzarTarea(int id) {
-  d->avanzar(id);
+  d->seguirTarea(id);
 }
 
 void gestcomm::PausarTarea(int id) {
@@ -108,7 +120,35 @@ void gestcomm::DetenerTarea(int id) {
 }
 
 void gestcomm::EliminarTarea(int id) {
+  const TareaViva* t = d->tarea(id);
+  std::optional<DatosTarea> que;
+  if (t && t->Estado != kTerminado) que = t->datos;
   d->eliminar(id);
+  if (!que || d->tarea(id)) return;
+  if (d->quitadas.size() == kQuitadasMax) d->quitadas.erase(d->quitadas.begin());
+  d->quitadas.push_back(std::move(*que));
+  d->cambioCola();
+}
+
+int gestcomm::ReponerTarea() {
+  return d->reponer();
+}
+
+bool gestcomm::hayQuitadas() const {
+  return !d->quitadas.empty();
+}
+
+int gestcomm::ReintentarTodo() {
+  std::vector<int> ids;
+  for (const auto& [id, t] : d->tareas)
+    if (t->reintentable()) ids.push_back(id);
+  for (const int id : ids)
+    if (TareaViva* t = d->tarea(id)) d->reintentar(*t);
+  return static_cast<int>(ids.size());
+}
+
+bool gestcomm::hayReintentables() const {
+  return std::ranges::any_of(d->tareas, [](const auto& t) { return t.second->reintentable(); });
 }
 
 void gestcomm::terminator() {
@@ -157,6 +197,13 @@ bool gestcomm::puedeCerrar() const {
   return true;
 }
 
+std::vector<VistaTarea> gestcomm::pendientes() const {
+  std::vector<VistaTarea> salida;
+  for (const auto& [id, t] : d->tareas)
+    if (t->Estado != kTerminado && t->Estado != kDetenido) salida.push_back(d->vista(*t));
+  return salida;
+}
+
 std::vector<VistaTarea> gestcomm::tareas() const {
   std::vector<VistaTarea> salida;
   salida.reserve(d->tareas.size());
@@ -170,7 +217,8 @@ VistaTarea gestcomm::Interior::vista(const TareaViva& t) const {
           t.Canal,       t.FallosEnlace,
           t.FallosTrama, t.Retenida,
           t.textoError,  t.trabajo ? t.trabajo->MostrarTraza() : QString(),
-          t.Addr};
+          t.Addr,        t.trajo,
+          t.otraVez != 0};
 }
 
 std::optional<VistaTarea> gestcomm::tarea(int id) const {
@@ -237,10 +285,14 @@ void gestcomm::CD_Evento(int canal, bool) {
   d->cambioCanal(canal);
 }
 
+// Where the shop lets its scales answer under another code, such an answer counts as one under the
+// question's own. To an order to forget it must be empty: a record that comes late is no consent.
 bool gestcomm::encaja(int canal, int addr, int codigo, const QByteArray& datos) {
   const TareaViva* t = d->tareaDe(canal);
-  if (!t || !t->trabajo || datos.startsWith("ERR")) return true;
-  return t->trabajo->encaja(addr, codigo, datos);
+  if (!t || !t->trabajo || datos.startsWith(kMarcaNegativa)) return true;
+  const bool otro = d->entorno.ajustes.AceptaOtroCodigo && t->pedido >= 0 && codigo != t->pedido;
+  if (otro && t->olvido && !datos.isEmpty()) return false;
+  return t->trabajo->encaja(addr, otro ? t->pedido : codigo, datos);
 }
 
 }  // namespace tarvo::motor

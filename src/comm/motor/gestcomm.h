@@ -48,7 +48,9 @@ struct VistaTarea {
   QString textoError;  // the engine's own words when Error is not a code of the table, or what a
                        // task that ended well left out
   QString paso;
-  int Addr = -1;  // of the machine that was spoken to last; -1 before the first frame
+  int Addr = -1;          // of the machine that was spoken to last; -1 before the first frame
+  QString trajo;          // what a task that ended well read or left in the machine
+  bool descansa = false;  // given up, and to be tried again by itself
 };
 struct VistaCanal {
   int EstadoCanal = 0, TareaCanal = -1, FallosCierre = 0;
@@ -90,6 +92,14 @@ class gestcomm final : private enlace::ClienteEnlace {
   void PausarTarea(int id);
   void DetenerTarea(int id);
   void EliminarTarea(int id);
+  // Takes back the latest EliminarTarea that hasn't been taken back: the task is asked for anew, in
+  // its old place. As NuevaTarea; -1 when there is none.
+  int ReponerTarea();
+  bool hayQuitadas() const;
+  // Tries all that failed, were rejected, stopped while opening or not sent once more, now, with
+  // their attempts counted anew. How many there were.
+  int ReintentarTodo();
+  bool hayReintentables() const;
   // Stops and empties the queue; repeated until it is empty.
   void terminator();
   // Asks all links to close. alCerrar() runs once every channel is idle; a link that answers
@@ -101,6 +111,8 @@ class gestcomm final : private enlace::ClienteEnlace {
   bool puedeCerrar() const;  // no task opening, transferring or held
 
   std::vector<VistaTarea> tareas() const;
+  // Those that would be lost with the program: they are under way, wait, or failed.
+  std::vector<VistaTarea> pendientes() const;
   std::optional<VistaTarea> tarea(int id) const;
   std::vector<VistaCanal> canales() const;
   // The use of channels was changed in the settings: those that are closed follow it now, the

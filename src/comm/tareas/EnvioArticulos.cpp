@@ -5,6 +5,7 @@
 #include "comm/enlace/Errores.h"
 #include "comm/motor/gestcomm.h"
 #include "comm/tareas/TextosTareas.h"
+#include "comm/tareas/Totales.h"
 
 namespace tarvo::tareas {
 
@@ -16,7 +17,7 @@ constexpr int kArticulosNombrados = 20, kArticulosPorFrase = 50;
 
 // A sentence for each article; those that are too many share one for each reason.
 void nombrar(std::vector<totals::Aviso>& avisos, const std::map<qint64, QString>& cuales, int texto,
-             int textoDeVarios, int grupo, const Textos& textos) {
+             int textoDeVarios, int grupo, const Textos& textos, bool grave = true) {
   int n = 0;
   std::map<QString, QStringList> demas;
   const auto decirVarios = [&](const QString& motivo, QStringList& codigos) {
@@ -25,12 +26,12 @@ void nombrar(std::vector<totals::Aviso>& avisos, const std::map<qint64, QString>
     avisos.push_back({grupo,
                       codigos.size() == 1 ? textos(texto, {grupo, lista, motivo})
                                           : textos(textoDeVarios, {grupo, motivo, lista}),
-                      true});
+                      grave});
     codigos.clear();
   };
   for (const auto& [codigo, motivo] : cuales) {
     if (n++ < kArticulosNombrados) {
-      avisos.push_back({grupo, textos(texto, {grupo, Ceros(codigo, 7), motivo}), true});
+      avisos.push_back({grupo, textos(texto, {grupo, Ceros(codigo, 7), motivo}), grave});
       continue;
     }
     QStringList& codigos = demas[motivo];
@@ -70,10 +71,20 @@ Resultado<motor::Siguiente> EnvioArticulos::siguiente() {
       return tarvo::fallo(Fallo::Restriccion,
                           e_.textos(kTxTarifaDesconocida, {t_.Grupo, t_.Tarifa}),
                           motor::kErrorSuprimido);
+    TARVO_INTENTAR(comprobarEspera());
     TARVO_INTENTAR(preparar());
     preparada_ = true;
   }
   return paso();
+}
+
+// Prices that are half old and half new must not go out.
+Resultado<> EnvioArticulos::comprobarEspera() const {
+  if (!e_.enEspera) return {};
+  TARVO_TOMAR(const auto motivo, e_.enEspera(t_.Seccion));
+  if (!motivo) return {};
+  return tarvo::fallo(Fallo::Restriccion, e_.textos(kTxSeccionEnEspera, {t_.Grupo, *motivo}),
+                      motor::kErrorSuprimido);
 }
 
 Resultado<> EnvioArticulos::preparar() {
@@ -94,16 +105,22 @@ Resultado<> EnvioArticulos::noContesto(int error) {
   return tarvo::fallo(Fallo::Comunicacion, {}, error);
 }
 
-bool EnvioArticulos::zanjado(const QByteArray& registro, const QByteArray& suya) {
-  const bool porProbar = std::exchange(porProbar_, {}) == registro;
-  if (maquinas::mismaFicha(suya, registro)) return remesa_.enviado(), true;
-  if (!porProbar) return false;
-  const bool laTienen =
-      maquinas::codigoDeFicha(suya).value_or(-1) == *maquinas::codigoDeFicha(registro);
-  remesa_.sinTomar(kNoExiste,
-                   laTienen ? e_.textos(kTxRechazado, {e_.textos(kTxErrorNumero, {kNoExiste})})
-                            : motivoDeRechazo(kNoExiste, e_.textos));
+bool EnvioArticulos::zanjado(qint64 codigo, const QByteArray& registro, const QByteArray& suya) {
+  const PorProbar p = std::exchange(porProbar_, {});
+  const bool laTienen = maquinas::codigoDeFicha(suya).value_or(-1) == codigo;
+  const bool igual = soloPrecios() ? laTienen && maquinas::mismosPrecios(suya, registro)
+                                   : maquinas::mismaFicha(suya, registro);
+  if (igual) return remesa_.enviado(), true;
+  if (p.error == 0 || p.registro != registro) return false;
+  remesa_.sinTomar(p.error, laTienen
+                                ? e_.textos(kTxRechazado, {e_.textos(kTxErrorNumero, {p.error})})
+                                : motivoDeRechazo(p.error, e_.textos));
   return true;
+}
+
+Resultado<> EnvioArticulos::sinFicha(qint64 codigo, const QByteArray& datos) const {
+  return falloEn(malRegistro({maquinas::RegistroMalo::Corto, datos.size(), {}}, e_.textos).error(),
+                 t_.Grupo, e_.textos(kTxLugarArticulo, {Ceros(codigo, 7)}), e_.textos);
 }
 
 std::vector<totals::Aviso> EnvioArticulos::abandonar() {
@@ -116,6 +133,8 @@ std::vector<totals::Aviso> EnvioArticulos::avisos(bool acabada) const {
   std::vector<totals::Aviso> salida;
   nombrar(salida, r.retenidos, kTxArticuloRetenido, kTxRetenidosPorLoMismo, t_.Grupo, e_.textos);
   nombrar(salida, r.rechazados, kTxArticuloRechazado, kTxRechazadosPorLoMismo, t_.Grupo, e_.textos);
+  nombrar(salida, r.conOtrasLetras, kTxOtrasLetras, kTxOtrasLetrasEnVarios, t_.Grupo, e_.textos,
+          false);
   if (const auto quedan = remesa_.restan(); !acabada && quedan)
     salida.push_back(
         {t_.Grupo, e_.textos(kTxSinAcabar, {t_.Grupo, quedan->articulos, quedan->borrados}), true});

@@ -10,6 +10,7 @@
 namespace tarvo::tareas {
 
 inline constexpr int kNoExiste = 105;  // the machine hasn't the article
+inline constexpr int kNumeroNoExiste = 5;
 
 // The machine said nothing to a frame, or never acknowledged it.
 bool esSilencio(int error);
@@ -56,17 +57,22 @@ class EnvioArticulos : public motor::TrabajoTarea {
     const Callada c = std::exchange(callada_, {});
     return c.codigo == codigo ? c.error : 0;
   }
-  // ERR05 is a good answer to the article that went as `registro`, and doesn't say that the scales
-  // hold it: they are asked. What they tell settles it: true when the article is done with, be it
-  // taken or not.
-  void contestadoQueNoExiste(const QByteArray& registro) { porProbar_ = registro; }
-  bool zanjado(const QByteArray& registro, const QByteArray& suya);
+  // A number that refuses nothing is a good answer to the article that went as `registro`, and
+  // doesn't say that the scales hold it: they are asked. What they tell settles it: true when the
+  // article is done with, be it taken or not.
+  void contestadoConNumero(const QByteArray& registro, int numero) {
+    porProbar_ = {registro, 100 + numero};
+  }
+  bool zanjado(qint64 codigo, const QByteArray& registro, const QByteArray& suya);
+  // Their answer to a question about an article is neither its record nor that they haven't it.
+  Resultado<> sinFicha(qint64 codigo, const QByteArray& datos) const;
 
   const motor::DatosTarea t_;
   const motor::Entorno e_;
   envios::Remesa remesa_;
 
  private:
+  Resultado<> comprobarEspera() const;
   std::vector<totals::Aviso> avisos(bool acabada) const;
 
   const envios::Remesa::Que que_;
@@ -75,7 +81,10 @@ class EnvioArticulos : public motor::TrabajoTarea {
     int error = 0;
   } callada_;
   int codigo_ = 0;  // of the frame that was sent last
-  QByteArray porProbar_;
+  struct PorProbar {
+    QByteArray registro;
+    int error = 0;
+  } porProbar_;
   bool preparada_ = false;
 };
 

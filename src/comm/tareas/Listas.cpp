@@ -35,7 +35,13 @@ class Lista : public motor::TrabajoTarea {
   Resultado<std::vector<totals::Aviso>> cerrar() final {
     TARVO_INTENTAR(disco_.olvidada());
     if (anotada_) TARVO_INTENTAR(e_.db.ejecutar(u"DELETE FROM EstadoTarvo WHERE CLAVE=?", nota()));
-    return std::vector<totals::Aviso>{};
+    std::vector<totals::Aviso> avisos;
+    malos_.avisar(t_.Grupo, e_.textos, avisos);
+    if (const auto it = std::ranges::find(lineas_, true, &maquinas::Linea::redondeado);
+        it != lineas_.end())
+      avisos.push_back(
+          {t_.Grupo, e_.textos(kTxPesosDePedido, {t_.Grupo, Ceros(it->articulo, 7)}), true});
+    return avisos;
   }
   // What it was still owed may come to the next list of the group.
   std::vector<totals::Aviso> abandonar() final {
@@ -113,6 +119,7 @@ class Lista : public motor::TrabajoTarea {
   QByteArray ultima_;     // frame of lines of the present reading
   int repeticiones_ = 0;  // frames of the present reading like its first or the one before
   bool entera_ = false;   // a list has stood
+  Malos malos_;
 
  private:
   QString nota() const { return QStringLiteral("ListaAbandonada%1").arg(t_.Grupo); }
@@ -168,8 +175,14 @@ class ListaVek final : public Lista {
       fase_ = 0;
       return {};
     }
-    const auto r = maquinas::vek::leerLineas(datos);
-    if (!r) return falloEn(malRegistro(r.error(), e_.textos).error(), t_.Grupo, lugar(), e_.textos);
+    const maquinas::Peticion p = peticion();
+    const maquinas::Rigor rigor = malos_.rigor(p.codigo, p.datos, datos);
+    const auto r = maquinas::vek::leerLineas(datos, rigor);
+    if (!r) {
+      malos_.anotar(p.codigo, p.datos, datos);
+      return falloEn(malRegistro(r.error(), e_.textos).error(), t_.Grupo, lugar(), e_.textos);
+    }
+    if (rigor == maquinas::Rigor::Tolerante) malos_.tomado(p.codigo, p.datos, datos, lugar());
     anotarTrama(datos);
     lineas_.insert(lineas_.end(), r->lineas.begin(), r->lineas.end());
     preguntada_ = 0;
@@ -232,9 +245,17 @@ class ListaNodalPedido final : public Lista {
       if (deOtra(codigo))
         return falloEn({Fallo::Formato, 7, e_.textos(kTxTramaDeOtra, {codigo})}, t_.Grupo, lugar(),
                        e_.textos);
-      const auto r = maquinas::nodal::leerPedido(datos);
-      if (!r)
-        return falloEn(malRegistro(r.error(), e_.textos).error(), t_.Grupo, lugar(), e_.textos);
+      const int preguntado = maquinas::nodal::pedido().codigo;
+      const maquinas::Rigor rigor = malos_.rigor(preguntado, {}, datos);
+      const auto r = maquinas::nodal::leerPedido(datos, rigor);
+      if (!r) {
+        malos_.anotar(preguntado, {}, datos);
+        if (!malo_)
+          malo_ = falloEn(malRegistro(r.error(), e_.textos).error(), t_.Grupo, lugar(), e_.textos)
+                      .error();
+        return {};
+      }
+      if (rigor == maquinas::Rigor::Tolerante) malos_.tomado(preguntado, {}, datos, lugar());
       const bool otraVez = !r->empty() && datos == ultima_;
       if (otraVez && !std::exchange(repetida_, true))
         return falloEn({Fallo::Formato, 7, e_.textos(kTxTramaRepetida)}, t_.Grupo, lugar(),
@@ -247,6 +268,7 @@ class ListaNodalPedido final : public Lista {
   // A list that broke off starts again.
   void reanudar() override {
     Lista::reanudar();
+    malo_.reset();
     if (fase_ != 2) return;
     fase_ = 1;
     lineas_.clear();
@@ -268,6 +290,12 @@ class ListaNodalPedido final : public Lista {
       return {};
     }
     ultima_.clear();
+    if (malo_) {
+      fase_ = 1;
+      lineas_.clear();
+      repeticiones_ = 0;
+      return std::unexpected(*std::exchange(malo_, {}));
+    }
     // An end that comes alone may be a late one of another list: it must come twice.
     if (lineas_.empty() && !std::exchange(vacia_, true)) {
       fase_ = 1;
@@ -289,8 +317,9 @@ class ListaNodalPedido final : public Lista {
   // A frame like the one before it may be that one sent twice, or lines that are alike: the list is
   // asked again until it comes twice alike without such frames, or four times with the same ones.
   bool repetida_ = false;
-  bool vacia_ = false;  // the list ended at once when it was asked first
-  int fase_ = 1;        // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
+  std::optional<Error> malo_;  // the first frame of lines that can't be read
+  bool vacia_ = false;         // the list ended at once when it was asked first
+  int fase_ = 1;               // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
 };
 
 }  // namespace

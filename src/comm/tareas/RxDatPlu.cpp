@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "comm/envios/Remesa.h"
+#include "comm/motor/Negativa.h"
 #include "comm/tareas/EnvioArticulos.h"
 #include "comm/tareas/Fabricas.h"
 #include "comm/tareas/TextosTareas.h"
@@ -42,7 +43,7 @@ class RecorridoDeFichas final : public motor::TrabajoTarea {
            maquinas::codigoDeFicha(datos).value_or(-1) >= siguiente_;
   }
   Resultado<> respuesta(int, int, const QByteArray& datos) override {
-    if (datos.startsWith("ERR")) return hasta(kDetrasDeTodos, {});
+    if (motor::numeroDeNegativa(datos) == kNumeroNoExiste) return hasta(kDetrasDeTodos, {});
     const auto ficha = maquinas::leerFicha(datos);
     if (!ficha)
       return falloEn(malRegistro(ficha.error(), e_.textos).error(), t_.Grupo,

@@ -24,7 +24,7 @@ class DepartamentosVek final : public PreguntasVek {
   }
   QString lugar() const override { return e_.textos(kTxLugarDepartamento, {n_}); }
   Resultado<> registro(const QByteArray& datos) override {
-    const auto r = maquinas::vek::leerDepartamento(datos);
+    const auto r = maquinas::vek::leerDepartamento(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     filasGrupo()[{r->numero, 0}] = contadores(*r);
     ++n_;
@@ -43,7 +43,7 @@ class DepartamentosNodal final : public ListaNodal {
   maquinas::Peticion pregunta() const override { return maquinas::nodal::departamentos(); }
   QString lugar() const override { return e_.textos(kTxLugarDepartamentos); }
   Resultado<> registros(const QByteArray& datos) override {
-    const auto r = maquinas::nodal::leerDepartamentos(datos);
+    const auto r = maquinas::nodal::leerDepartamentos(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     for (const maquinas::Total& t : *r) anotar(t, {t.numero, 0});
     return {};
@@ -58,7 +58,7 @@ class DepartamentosCaja final : public ListasCaja {
   maquinas::Peticion pregunta() const override { return maquinas::caja::totales(); }
   QString lugar() const override { return e_.textos(kTxLugarDepartamentos); }
   Resultado<> registro(const QByteArray& datos, totals::Lectura::Filas& filas) override {
-    const auto r = maquinas::caja::leerDepartamento(datos);
+    const auto r = maquinas::caja::leerDepartamento(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     if (*r) filas[{(*r)->numero, 0}] += contadores(**r);
     return {};

@@ -19,7 +19,7 @@ class GranTotalVek final : public PreguntasVek {
   bool responde(const QByteArray&) const override { return true; }
   QString lugar() const override { return e_.textos(kTxLugarGranTotal); }
   Resultado<> registro(const QByteArray& datos) override {
-    const auto r = maquinas::vek::leerGranTotal(datos, t_.Tipo);
+    const auto r = maquinas::vek::leerGranTotal(datos, t_.Tipo, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     filasGrupo()[{t_.Grupo, 0}] = contadores(*r);
     hecha_ = true;
@@ -38,7 +38,7 @@ class GranTotalNodal final : public ListaNodal {
   maquinas::Peticion pregunta() const override { return maquinas::nodal::granTotal(); }
   QString lugar() const override { return e_.textos(kTxLugarGranTotal); }
   Resultado<> registros(const QByteArray& datos) override {
-    const auto r = maquinas::nodal::leerGranTotal(datos);
+    const auto r = maquinas::nodal::leerGranTotal(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     anotar(*r, {t_.Grupo, 0});
     return {};
@@ -54,7 +54,7 @@ class GranTotalCaja final : public ListasCaja {
   maquinas::Peticion pregunta() const override { return maquinas::caja::totales(); }
   QString lugar() const override { return e_.textos(kTxLugarGranTotal); }
   Resultado<> registro(const QByteArray& datos, totals::Lectura::Filas& filas) override {
-    const auto r = maquinas::caja::leerGranTotal(datos);
+    const auto r = maquinas::caja::leerGranTotal(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     if (*r) filas[{t_.Grupo, 0}] += contadores(**r);
     return {};

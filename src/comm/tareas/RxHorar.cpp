@@ -22,7 +22,7 @@ class Horas final : public PreguntasVek {
   }
   QString lugar() const override { return e_.textos(kTxLugarHora, {h_}); }
   Resultado<> registro(const QByteArray& datos) override {
-    const auto r = maquinas::vek::leerHora(datos);
+    const auto r = maquinas::vek::leerHora(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     filasGrupo()[{r->numero, 0}] = contadores(*r);
     ++h_;

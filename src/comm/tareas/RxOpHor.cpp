@@ -31,7 +31,7 @@ class CruzadoVek final : public ConOperadores<PreguntasVek> {
       n_ = maquinas::MaxOperadores(t_.Tipo) + 1;
       return {};
     }
-    const auto r = maquinas::vek::leerOperadorHora(datos);
+    const auto r = maquinas::vek::leerOperadorHora(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     if (r->numero > maquinas::MaxOperadores(t_.Tipo) || r->numero < 1 || r->hora < 0 ||
         r->hora > 23)
@@ -56,7 +56,7 @@ class CruzadoNodal final : public ConOperadores<ListaNodal> {
   maquinas::Peticion pregunta() const override { return maquinas::nodal::operadoresHoras(); }
   QString lugar() const override { return e_.textos(kTxLugarOperadoresHoras); }
   Resultado<> registros(const QByteArray& datos) override {
-    const auto r = maquinas::nodal::leerOperadoresHoras(datos);
+    const auto r = maquinas::nodal::leerOperadoresHoras(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     for (const maquinas::Total& t : *r)
       if (!esPosicion(t.numero) || t.hora > 23)

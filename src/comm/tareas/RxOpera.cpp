@@ -25,7 +25,7 @@ class OperadoresVek final : public ConOperadores<PreguntasVek> {
   }
   QString lugar() const override { return e_.textos(kTxLugarOperador, {n_}); }
   Resultado<> registro(const QByteArray& datos) override {
-    const auto r = maquinas::vek::leerOperador(datos);
+    const auto r = maquinas::vek::leerOperador(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     filasGrupo()[{operador(n_), 0}] += contadores(*r);
     ++n_;
@@ -44,7 +44,7 @@ class OperadoresNodal final : public ConOperadores<ListaNodal> {
   maquinas::Peticion pregunta() const override { return maquinas::nodal::operadores(); }
   QString lugar() const override { return e_.textos(kTxLugarOperadores); }
   Resultado<> registros(const QByteArray& datos) override {
-    const auto r = maquinas::nodal::leerOperadores(datos);
+    const auto r = maquinas::nodal::leerOperadores(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     for (const maquinas::Total& t : *r)
       if (!esPosicion(t.numero))

@@ -71,7 +71,7 @@ class ArticulosVek final : public PreguntasVek {
       pos_ = codigos_.size();
       return {};
     }
-    const auto r = maquinas::vek::leerArticulo(datos);
+    const auto r = maquinas::vek::leerArticulo(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     const totals::Contadores c = contadores(*r);
     if (t_.Todo || !c.cero()) filasGrupo()[{r->numero, 0}] = c;
@@ -103,7 +103,7 @@ class ArticulosNodal final : public ListaNodal {
   }
   QString lugar() const override { return e_.textos(kTxLugarArticulo, {Ceros(desde_, 7)}); }
   Resultado<> registros(const QByteArray& datos) override {
-    const auto r = maquinas::nodal::leerArticulos(datos);
+    const auto r = maquinas::nodal::leerArticulos(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     for (const maquinas::Total& t : *r) {
       if (t.numero < desde_) enOrden_ = false;
@@ -126,7 +126,9 @@ class ArticulosNodal final : public ListaNodal {
   bool enOrden_ = true;
 };
 
-// Kind 3: sales come by bar code. A code that nobody knows counts for one system article.
+// Kind 3: sales come by bar code, which is read here as it is sent: without blanks around its
+// parts, and made of prefix and number where there is none. A code that nobody knows counts for one
+// system article.
 class ArticulosCaja final : public ListasCaja {
  public:
   using ListasCaja::ListasCaja;
@@ -134,13 +136,11 @@ class ArticulosCaja final : public ListasCaja {
  protected:
   Resultado<> preparar() override {
     lectura_.entera = rangoEntero(t_);
-    TARVO_TOMAR(
-        auto rs,
-        e_.db.consultar(
-            u"SELECT CODPLU, Val(iif(isnull(CodBarExt), PFX_BAR & Format(CODPLU, '000000'), "
-            u"CodBarExt)) AS bar FROM PLUSES "
-            u"WHERE SECCION=? ORDER BY 2, 1",
-            t_.Seccion));
+    TARVO_TOMAR(auto rs,
+                e_.db.consultar(u"SELECT CODPLU, Val(iif(trim(CodBarExt)<>'', trim(CodBarExt), "
+                                u"trim(PFX_BAR) & Format(CODPLU, '000000'))) AS bar FROM PLUSES "
+                                u"WHERE SECCION=? ORDER BY 2, 1",
+                                t_.Seccion));
     for (; !rs->Eof();) {
       barras_.push_back({static_cast<qint64>(rs->real(1)), rs->entero(0)});
       TARVO_INTENTAR(rs->MoveNext());
@@ -150,7 +150,7 @@ class ArticulosCaja final : public ListasCaja {
   maquinas::Peticion pregunta() const override { return maquinas::caja::articulos(); }
   QString lugar() const override { return e_.textos(kTxLugarArticulos); }
   Resultado<> registro(const QByteArray& datos, totals::Lectura::Filas& filas) override {
-    const auto r = maquinas::caja::leerArticulo(datos);
+    const auto r = maquinas::caja::leerArticulo(datos, rigor_);
     if (!r) return malRegistro(r.error(), e_.textos);
     if (!*r) return {};
     const auto it = std::ranges::lower_bound(barras_, (*r)->numero, {}, &Barra::bar);

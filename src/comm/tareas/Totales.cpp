@@ -6,6 +6,7 @@
 
 #include "comm/maquinas/Caja.h"
 #include "comm/maquinas/Nodal.h"
+#include "core/dinero/Dinero.h"
 
 namespace tarvo::tareas {
 
@@ -55,8 +56,23 @@ Resultado<Siguiente> Totales::siguiente() {
 
 Resultado<std::vector<totals::Aviso>> Totales::cerrar() {
   std::vector<totals::Aviso> avisos;
+  if (const auto donde = malos_.desmentido())
+    return falloEn({Fallo::Formato, motor::kErrorTrama, e_.textos(kTxUnosEnterosYOtrosNo)},
+                   t_.Grupo, *donde, e_.textos);
+  malos_.avisar(t_.Grupo, e_.textos, avisos);
   TARVO_INTENTAR(e_.sesion.guardarLectura(t_.Grupo, t_.Clase, lectura_, avisos));
   return avisos;
+}
+
+QString Totales::trajo() const {
+  qint64 conVentas = 0, importe = 0;
+  for (const auto& [maquina, filas] : lectura_.maquinas)
+    for (const auto& [clave, c] : filas) {
+      conVentas += c.cero() ? 0 : 1;
+      importe += c.IMP;
+    }
+  return e_.textos(kTxTrajo,
+                   {conVentas, VerImporte(e_.ajustes, importe, e_.ajustes.MonedaPreferente)});
 }
 
 // --- kinds 1 and 4
@@ -75,7 +91,16 @@ bool PreguntasVek::encaja(int, int codigo, const QByteArray& datos) const {
 
 Resultado<> PreguntasVek::respuesta(int, int, const QByteArray& datos) {
   const QString donde = lugar();
-  if (const auto r = registro(datos); !r) return falloEn(r.error(), t_.Grupo, donde, e_.textos);
+  const maquinas::Peticion p = pregunta();
+  rigor_ = malos_.rigor(p.codigo, p.datos, datos);
+  if (const auto r = registro(datos); !r) {
+    malos_.anotar(p.codigo, p.datos, datos);
+    return falloEn(r.error(), t_.Grupo, donde, e_.textos);
+  }
+  if (rigor_ == maquinas::Rigor::Tolerante)
+    malos_.tomado(p.codigo, p.datos, datos, donde);
+  else
+    malos_.entero(p.codigo, datos);
   ++hechas_;
   return {};
 }
@@ -104,6 +129,11 @@ Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
   if (fase_ == 1) {
     fase_ = 2;
   } else if (codigo == maquinas::nodal::kFinDeLista) {
+    if (malo_) {
+      fase_ = 1;
+      deNuevo();
+      return std::unexpected(*std::exchange(malo_, {}));
+    }
     if (recibidos_.empty() && !puedeVenirVacia())
       return falloEn({Fallo::Formato, 7, e_.textos(kTxListaVacia)}, t_.Grupo, lugar(), e_.textos);
     const auto vale = duda_.vale(recibidos_);
@@ -121,17 +151,32 @@ Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
   } else if (codigo != pregunta().codigo && maquinas::nodal::esDePeticion(codigo)) {
     return falloEn({Fallo::Formato, 7, e_.textos(kTxTramaDeOtra, {codigo})}, t_.Grupo, lugar(),
                    e_.textos);
-  } else if (const auto r = registros(datos); !r) {
-    return falloEn(r.error(), t_.Grupo, lugar(), e_.textos);
+  } else {
+    tomar(datos);
   }
   return {};
+}
+
+void ListaNodal::tomar(const QByteArray& datos) {
+  const int preguntado = pregunta().codigo;
+  rigor_ = malos_.rigor(preguntado, {}, datos);
+  const bool tolerado = rigor_ == maquinas::Rigor::Tolerante;
+  const QString donde = tolerado ? lugar() : QString();
+  const auto r = registros(datos);
+  if (r && tolerado) return malos_.tomado(preguntado, {}, datos, donde);
+  if (r) return malos_.entero(preguntado, datos);
+  if (!malo_) malo_ = falloEn(r.error(), t_.Grupo, lugar(), e_.textos).error();
+  malos_.anotar(preguntado, {}, datos);
 }
 
 void ListaNodal::reanudar() {
   duda_.romper();
   if (fase_ != 2) return;
   fase_ = 1;
-  otraVez();
+  if (std::exchange(malo_, {}))
+    deNuevo();
+  else
+    otraVez();
 }
 
 // --- kind 3
@@ -164,11 +209,17 @@ bool ListasCaja::encaja(int addr, int, const QByteArray&) const {
 }
 
 Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
+  const auto donde = [&] { return e_.textos(kTxLugarCaja, {direccion(), lugar()}); };
+  const QByteArray caja = QByteArray::number(direccion());
   const auto leer = [&](const QByteArray& registroLeido,
                         totals::Lectura::Filas& filas) -> Resultado<> {
+    rigor_ = malos_.rigor(codigo, caja, registroLeido);
     if (const auto r = registro(registroLeido, filas); !r)
-      return falloEn(r.error(), t_.Grupo, e_.textos(kTxLugarCaja, {direccion(), lugar()}),
-                     e_.textos);
+      return falloEn(r.error(), t_.Grupo, donde(), e_.textos);
+    if (rigor_ == maquinas::Rigor::Tolerante)
+      malos_.tomado(codigo, caja, registroLeido, donde());
+    else
+      malos_.entero(codigo, registroLeido);
     return {};
   };
   if (codigo != pregunta().codigo)
@@ -176,12 +227,15 @@ Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
                    e_.textos);
   if (!maquinas::caja::finDeLista(codigo, datos)) {
     totals::Lectura::Filas prueba;
-    TARVO_INTENTAR(leer(datos, prueba));
-    lista_[maquinas::caja::clave(codigo, datos)] = datos;
     fase_ = 2;
+    const auto r = leer(datos, prueba);
+    if (r) return lista_[maquinas::caja::clave(codigo, datos)] = datos, Resultado<>{};
+    if (!malo_) malo_ = r.error();
+    malos_.anotar(codigo, caja, datos);
     return {};
   }
   fase_ = 1;
+  if (malo_) return std::unexpected(*std::exchange(malo_, {}));
   const auto vale = duda_.vale(lista_);
   if (!vale) return falloEn(vale.error(), t_.Grupo, lugar(), e_.textos);
   if (!*vale) return {};
@@ -194,6 +248,7 @@ Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
 
 void ListasCaja::reanudar() {
   fase_ = 1;
+  malo_.reset();
   duda_.romper();
 }
 

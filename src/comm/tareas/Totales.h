@@ -8,6 +8,7 @@
 #include "comm/maquinas/Campos.h"
 #include "comm/motor/Tarea.h"
 #include "comm/tareas/Duda.h"
+#include "comm/tareas/Malos.h"
 
 namespace tarvo::tareas {
 
@@ -26,9 +27,14 @@ class Totales : public motor::TrabajoTarea {
   Totales(const motor::DatosTarea& t, const motor::Entorno& e);
   Resultado<motor::Siguiente> siguiente() final;
   Resultado<std::vector<totals::Aviso>> cerrar() override;
+  QString trajo() const override;
   const totals::Lectura& lectura() const { return lectura_; }
-  // A reading that another task makes for itself: the session isn't told.
-  void paraOtra() { anunciada_ = true; }
+  // A reading that another task makes for itself, as a proof: the session isn't told, and a record
+  // that can't be read never counts.
+  void paraOtra() {
+    anunciada_ = true;
+    malos_.sinTolerancia();
+  }
 
  protected:
   // Opens the data, once.
@@ -43,6 +49,8 @@ class Totales : public motor::TrabajoTarea {
   motor::DatosTarea t_;
   const motor::Entorno e_;
   totals::Lectura lectura_;
+  maquinas::Rigor rigor_ = maquinas::Rigor::Estricto;  // how the present record is read
+  Malos malos_;
 
  private:
   bool preparada_ = false, anunciada_ = false;
@@ -73,7 +81,8 @@ class PreguntasVek : public Totales {
 };
 
 // Kind 2: one request, then frames until the end of the list. Broken off, it starts again from
-// nothing. A record that comes again takes the place of the earlier; rows are made at the end.
+// nothing. A record that comes again takes the place of the earlier; rows are made at the end. A
+// list with records that can't be read fails at its end, so that the next reading knows them all.
 class ListaNodal : public Totales {
  public:
   ListaNodal(const motor::DatosTarea& t, const motor::Entorno& e);
@@ -99,11 +108,13 @@ class ListaNodal : public Totales {
 
  private:
   Resultado<motor::Siguiente> paso() final;
+  void tomar(const QByteArray& datos);
   using Recibidos =
       std::map<totals::Lectura::Clave, std::pair<totals::Lectura::Clave, totals::Contadores>>;
   Recibidos recibidos_;
   DudaDeLista<Recibidos> duda_;
-  int fase_ = 1;  // 1 ask, 2 wait for frames, 0 done
+  std::optional<Error> malo_;  // the first record of the list that can't be read
+  int fase_ = 1;               // 1 ask, 2 wait for frames, 0 done
 };
 
 // Kind 3: a list from each register in turn; the registers stay apart. A list holds each of its
@@ -132,6 +143,7 @@ class ListasCaja : public Totales {
   using Registros = std::map<QByteArray, QByteArray>;
   Registros lista_;  // records of the present list by what they are about
   DudaDeLista<Registros> duda_;
+  std::optional<Error> malo_;  // the first record of the list that can't be read
 };
 
 // A reading by position, whose rows bear the operator that holds it.

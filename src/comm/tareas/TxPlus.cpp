@@ -4,6 +4,7 @@
 
 #include "comm/enlace/Errores.h"
 #include "comm/maquinas/Articulo.h"
+#include "comm/motor/Negativa.h"
 #include "comm/tareas/EnvioArticulos.h"
 #include "comm/tareas/Fabricas.h"
 #include "comm/tareas/TextosTareas.h"
@@ -32,10 +33,12 @@ class ListaDeArticulos : public EnvioArticulos {
   }
   void repetida() override { dudosa_ = dudosa_ || (conCross() && !soloPrecios()); }
   Resultado<> respuesta(int, int, const QByteArray& datos) override {
+    const auto numero = motor::numeroDeNegativa(datos);
+    if (preguntando_ && numero && *numero != kNumeroNoExiste) return sinFicha(numero_, datos);
     if (preguntando_) return contrastar(datos);
     // Whoever doesn't know an article has deleted it, but need not have taken it.
-    if (fase_ == kBorrados || !datos.startsWith("ERR")) return tomada(), Resultado<>{};
-    contestadoQueNoExiste(registro_);
+    if (fase_ == kBorrados || !numero) return tomada(), Resultado<>{};
+    contestadoConNumero(registro_, *numero);
     dudosa_ = true;
     return {};
   }
@@ -116,11 +119,7 @@ class ListaDeArticulos : public EnvioArticulos {
       if (callada == 0 || borradoNegado()) return {};
       return tarvo::fallo(Fallo::Comunicacion, {}, callada);
     }
-    if (!soloPrecios()) {
-      if (zanjado(registro_, datos)) return {};
-    } else if (tienen && maquinas::mismosPrecios(datos, registro_)) {
-      return tomada(), Resultado<>{};
-    }
+    if (zanjado(numero_, registro_, datos)) return {};
     return callada == 0 ? Resultado<>{} : noContesto(callada);
   }
   // It goes behind the other deletions. False when it has been there.

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "comm/motor/Negativa.h"
 #include "comm/tareas/EnvioArticulos.h"
 #include "comm/tareas/Fabricas.h"
 #include "comm/tareas/TextosTareas.h"
@@ -24,9 +25,12 @@ class Comparacion final : public EnvioArticulos {
     return fase_ == kPreguntar ? numero >= desde_ : fase_ != kContrastar || numero >= nuestro_;
   }
   Resultado<> respuesta(int, int, const QByteArray& datos) override {
-    const bool noExiste = datos.startsWith("ERR");
+    const auto numero = motor::numeroDeNegativa(datos);
+    const bool preguntado = fase_ == kPreguntar || fase_ == kContrastar;
+    if (preguntado && numero && *numero != kNumeroNoExiste)
+      return sinFicha(fase_ == kPreguntar ? desde_ : nuestro_, datos);
     if (fase_ == kPreguntar)
-      return tienen(noExiste ? kDetrasDeTodos : *maquinas::codigoDeFicha(datos));
+      return tienen(numero ? kDetrasDeTodos : *maquinas::codigoDeFicha(datos));
     if (fase_ == kHacerSitio) {
       remesa_.borrado();
     } else if (fase_ == kBorrar) {
@@ -37,8 +41,8 @@ class Comparacion final : public EnvioArticulos {
       if (!mirando_) ++desde_;
     } else if (fase_ == kContrastar) {
       return contrastado(datos);
-    } else if (noExiste) {
-      contestadoQueNoExiste(registro_);
+    } else if (numero) {
+      contestadoConNumero(registro_, *numero);
       dudosa_ = true;
     } else {
       tomado();
@@ -69,11 +73,9 @@ class Comparacion final : public EnvioArticulos {
       return rechazarActual(error);
     }
     if (fase_ == kHacerSitio) remesa_.borradoNegado();
-    if (fase_ == kBorrar) {
-      remesa_.borradoNegado(desde_++, motivoDeRechazo(error, e_.textos));
-      sabida_ = false;
-    }
-    return false;
+    if (fase_ != kBorrar) return false;
+    sabida_ = false;
+    return remesa_.borradoNegado(desde_++, error, motivoDeRechazo(error, e_.textos));
   }
   qint64 codigoActual() const override {
     return fase_ == kEnviar || fase_ == kContrastar ? EnvioArticulos::codigoActual()
@@ -96,6 +98,7 @@ class Comparacion final : public EnvioArticulos {
       }
       TARVO_TOMAR(const auto sale, remesa_.actual(!final_));
       if (!sale && (final_ || desde_ > t_.Hasta)) {
+        if (!final_ && remesa_.empezarNegados()) continue;
         if (final_ || !remesa_.empezarFinal()) return fin();
         final_ = true;
         continue;
@@ -121,7 +124,7 @@ class Comparacion final : public EnvioArticulos {
   Resultado<> tienen(qint64 suyo) {
     dudosa_ = false;
     if (mirando_ && suyo == desde_) {
-      remesa_.borradoNegado(suyo, e_.textos(kTxSigueTeniendolo));
+      remesa_.sigueTeniendo(suyo, e_.textos(kTxSigueTeniendolo));
       return tarvo::fallo(Fallo::Formato, e_.textos(kTxNoBorra, {t_.Grupo, Ceros(suyo, 7)}));
     }
     if (std::exchange(mirando_, false)) borradosSinMirar_ = 0;
@@ -133,7 +136,7 @@ class Comparacion final : public EnvioArticulos {
   Resultado<> contrastado(const QByteArray& datos) {
     dudosa_ = false;
     const int callada = callado(nuestro_);
-    if (zanjado(registro_, datos)) return siguienteNuestro(), Resultado<>{};
+    if (zanjado(nuestro_, registro_, datos)) return siguienteNuestro(), Resultado<>{};
     if (callada == 0) return {};
     siguienteNuestro();
     return noContesto(callada);

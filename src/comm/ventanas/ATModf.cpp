@@ -87,12 +87,12 @@ void ATModf::mover(int pasos) {
   habilitar();
 }
 
-// A whole number that isn't negative; its fault stands beside the field.
-std::optional<int> ATModf::leer(QLineEdit& campo, QLabel& falta) {
+// A whole number within its limits; its fault stands beside the field.
+std::optional<int> ATModf::leer(QLineEdit& campo, QLabel& falta, const Limites& limites) {
   bool vale = false;
   const int n = campo.text().trimmed().toInt(&vale);
-  vale = vale && n >= 0;
-  falta.setText(vale ? QString() : t(kTxEscribeNumero));
+  vale = vale && limites.admite(n);
+  falta.setText(vale ? QString() : t(kTxFueraDeLimites).arg(limites.menor).arg(limites.mayor));
   campo.setProperty("falta", !vale);
   campo.update();
   if (vale) return n;
@@ -101,9 +101,9 @@ std::optional<int> ATModf::leer(QLineEdit& campo, QLabel& falta) {
 }
 
 void ATModf::confirmar() {
-  const auto intentos = leer(*ui_.Intentos, *ui_.faltaIntentos);
-  const auto espera = leer(*ui_.Espera, *ui_.faltaEspera);
-  const auto colgar = leer(*ui_.ATHang, *ui_.faltaATHang);
+  const auto intentos = leer(*ui_.Intentos, *ui_.faltaIntentos, kLimitesIntentos);
+  const auto espera = leer(*ui_.Espera, *ui_.faltaEspera, kLimitesEspera);
+  const auto colgar = leer(*ui_.ATHang, *ui_.faltaATHang, kLimitesEspera);
   if (!intentos || !espera || !colgar) return;
   if (destino_) {
     destino_->IniMdm0 = conAT(ui_.IniMdm0->text());

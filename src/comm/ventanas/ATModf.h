@@ -18,7 +18,7 @@ class ATModf final : public ventanas::Ventana {
   void anadir();
   void mover(int pasos);
   void habilitar();
-  std::optional<int> leer(QLineEdit& campo, QLabel& falta);
+  std::optional<int> leer(QLineEdit& campo, QLabel& falta, const Limites& limites);
   void confirmar();
 
   Ui::FormaATModf ui_;

@@ -39,6 +39,9 @@ CfgComm::CfgComm(Contexto& c, const QString& nombre, const Servicios& s)
                {ui_.numero4, ui_.linea4, ui_.imagen4, ui_.Device4, ui_.RS232_4, ui_.Modem_4}}};
   for (const Tiempo& tiempo : tiempos_) tiempo.campo->setMaximumWidth(escalar(110));
   for (int n = 0; n < 4; ++n) conectarCanal(n);
+  connect(ui_.DeFabrica, &QPushButton::clicked, this, [this] {
+    mostrarTiempos(Ajustes(contexto().ajustes.carpeta, contexto().ajustes.idioma));
+  });
   connect(ui_.Acepto, &QPushButton::clicked, this, [this] { confirmar(); });
   connect(ui_.Cancelo, &QPushButton::clicked, this, [this] { rechazar(); });
 }
@@ -68,7 +71,7 @@ void CfgComm::conectarCanal(int n) {
 Resultado<> CfgComm::preparar(const Argumentos&) {
   const Ajustes& a = contexto().ajustes;
   copia_ = a.canales;
-  for (const Tiempo& tiempo : tiempos_) tiempo.campo->setText(QString::number(a.*tiempo.ajuste));
+  mostrarTiempos(a);
   for (int n = 0; n < 4; ++n) {
     const int uso = copia_[static_cast<size_t>(n)].Device;
     canales_[static_cast<size_t>(n)].uso->setCurrentIndex(uso >= 0 && uso < kUsos ? uso : 0);
@@ -77,6 +80,10 @@ Resultado<> CfgComm::preparar(const Argumentos&) {
   ui_.TimeOut->setFocus();
   ui_.TimeOut->selectAll();
   return {};
+}
+
+void CfgComm::mostrarTiempos(const Ajustes& de) {
+  for (const Tiempo& tiempo : tiempos_) tiempo.campo->setText(QString::number(de.*tiempo.ajuste));
 }
 
 void CfgComm::mostrarCanal(int n) {
@@ -109,15 +116,17 @@ void CfgComm::editar(const QString& ventana, int n) {
   mostrarCanal(n);
 }
 
-// False when a field holds no whole number from 0; each such has its fault beside it.
+// False when a field holds no whole number within its limits; each such has its fault beside it.
 bool CfgComm::leerTiempos(std::array<int, 5>& valores) {
   QLineEdit* primero = nullptr;
   for (size_t i = 0; i < tiempos_.size(); ++i) {
     const Tiempo& tiempo = tiempos_[i];
     bool vale = false;
     valores[i] = tiempo.campo->text().trimmed().toInt(&vale);
-    vale = vale && valores[i] >= 0;
-    tiempo.falta->setText(vale ? QString() : t(kTxEscribeNumero));
+    const Limites limites = limitesDe(tiempo.ajuste);
+    vale = vale && limites.admite(valores[i]);
+    tiempo.falta->setText(vale ? QString()
+                               : t(kTxFueraDeLimites).arg(limites.menor).arg(limites.mayor));
     tiempo.campo->setProperty("falta", !vale);
     tiempo.campo->update();
     if (!vale && !primero) primero = tiempo.campo;

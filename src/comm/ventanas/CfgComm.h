@@ -29,6 +29,7 @@ class CfgComm final : public ventanas::Ventana {
     QPushButton *rs232, *modem;
   };
   void conectarCanal(int n);
+  void mostrarTiempos(const Ajustes& de);
   void mostrarCanal(int n);
   void editar(const QString& ventana, int n);
   bool leerTiempos(std::array<int, 5>& valores);

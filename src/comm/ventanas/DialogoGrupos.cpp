@@ -94,7 +94,7 @@ void DialogoGrupos::encolar() {
     return decirDuda(t(kTxEligeGrupo));
   }
   const auto que = leerCampos();
-  if (!que) return;
+  if (!que || !consientePerder(*this, clase_, grupos)) return;
   auto* quien = qobject_cast<Ventana*>(dueno());
   encolarGrupos(quien ? *quien : *this, s_.motor, grupos, *que);
   aceptar();

@@ -16,8 +16,11 @@ void llenarNumeros(QComboBox& lista, std::initializer_list<int> numeros) {
   for (const int n : numeros) lista.addItem(QString::number(n));
 }
 
-void elegirTexto(QComboBox& lista, int valor) {
-  lista.setCurrentIndex(std::max(0, lista.findText(QString::number(valor))));
+// A value that isn't offered was set by hand in the file, and stays what it is.
+void elegirNumero(QComboBox& lista, int valor) {
+  const QString texto = QString::number(valor);
+  if (lista.findText(texto) < 0) lista.addItem(texto);
+  lista.setCurrentText(texto);
 }
 
 }  // namespace
@@ -70,10 +73,10 @@ Resultado<> EdiParms::preparar(const Argumentos& a) {
 void EdiParms::llenar(const ParamCanal& canal) {
   const LineaSerie l = LineaSerie::leer(canal.RS232);
   ui_.Puerto->setText(QString::number(canal.Puerto));
-  elegirTexto(*ui_.Baudios, l.baudios);
+  elegirNumero(*ui_.Baudios, l.baudios);
   ui_.Paridad->setCurrentIndex(static_cast<int>(kParidades.indexOf(l.paridad)));
-  elegirTexto(*ui_.BitsDatos, l.bits);
-  elegirTexto(*ui_.BitsParada, l.parada);
+  elegirNumero(*ui_.BitsDatos, l.bits);
+  elegirNumero(*ui_.BitsParada, l.parada);
   ui_.CTS->setChecked(canal.ControlLinea & 1);
   ui_.DSR->setChecked(canal.ControlLinea & 2);
 }

@@ -267,13 +267,17 @@ void EstadoEnvio::pedir() {
   ui_.LblFicha->setText(t(kTxPidiendo));
 }
 
-// The group's tasks about its articles.
-std::vector<motor::VistaTarea> EstadoEnvio::suyas() const {
+// One of the group's tasks about its articles.
+bool EstadoEnvio::esSuya(const motor::VistaTarea& t) const {
   constexpr int kDeArticulos[] = {1, 10, 11, 24};
+  return t.datos.Grupo == grupo() &&
+         std::ranges::find(kDeArticulos, t.datos.Clase) != std::end(kDeArticulos);
+}
+
+std::vector<motor::VistaTarea> EstadoEnvio::suyas() const {
   auto tareas = s_.motor.tareas();
   std::erase_if(tareas, [&](const motor::VistaTarea& t) {
-    return t.datos.Grupo != grupo() || t.Estado == motor::kTerminado ||
-           std::ranges::find(kDeArticulos, t.datos.Clase) == std::end(kDeArticulos);
+    return t.Estado == motor::kTerminado || !esSuya(t);
   });
   return tareas;
 }
@@ -296,7 +300,8 @@ void EstadoEnvio::mirarTareas() {
     s_.motor.EliminarTarea(id);
   }
   const auto tareas = suyas();
-  const bool antes = std::exchange(enMarcha_, !tareas.empty());
+  const bool algo = std::exchange(huboTarea_, false);  // it may be over by now
+  const bool antes = std::exchange(enMarcha_, !tareas.empty()) || algo;
   if (antes && !enMarcha_) despues_->unaVez(kReposoEstado);
   ui_.Parar->setEnabled(enMarcha_);
   ui_.LblTarea->setHidden(!enMarcha_);
@@ -332,7 +337,8 @@ void EstadoEnvio::colaCambiada() {
   if (!mirada_->activo()) mirada_->unaVez(kReposoEstado);
 }
 
-void EstadoEnvio::tareaCambiada(int) {
+void EstadoEnvio::tareaCambiada(int id) {
+  if (const auto t = s_.motor.tarea(id); t && esSuya(*t)) huboTarea_ = true;
   colaCambiada();
 }
 

@@ -32,6 +32,7 @@ class EstadoEnvio final : public ventanas::Ventana, private motor::Observador {
   void pedir();
   void mostrarFicha();
   std::vector<qint64> elegidos();
+  bool esSuya(const motor::VistaTarea& t) const;
   std::vector<motor::VistaTarea> suyas() const;
   void parar();
   void mirarTareas();
@@ -42,10 +43,10 @@ class EstadoEnvio final : public ventanas::Ventana, private motor::Observador {
   Ui::FormaEstadoEnvio ui_;
   Servicios s_;
   std::optional<envios::Destino> destino_;
-  bool enMarcha_ = false;  // a task of the group about its articles is queued
-  bool llena_ = false;     // the list has its table
-  std::set<int> parando_;  // tasks that go as soon as their opening has ended
-  Fecha otraVez_;          // a task that failed is tried again then
+  bool enMarcha_ = false, huboTarea_ = false;  // a task of the group about its articles is queued
+  bool llena_ = false;                         // the list has its table
+  std::set<int> parando_;                      // tasks that go as soon as their opening has ended
+  Fecha otraVez_;                              // a task that failed is tried again then
   std::unique_ptr<Temporizador> despues_, mirada_, reintento_;
   ventanas::Aparte pregunta_;
 };

@@ -1,11 +1,52 @@
 #include "comm/ventanas/Grupos.h"
 
+#include <ranges>
+
+#include "comm/envios/Perdidas.h"
 #include "comm/ventanas/TextosCommVentanas.h"
+#include "core/dinero/Dinero.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 
 namespace tarvo::comm {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPuestaACero = 6, kBorrado = 10;
+constexpr size_t kGruposNombrados = 12;
+
+// "0001 Name: 24 articles; sales of 12,50 that no period has".
+QString loQueTiene(const envios::Perdida& p, const ventanas::Ventana& quien) {
+  const Ajustes& a = quien.contexto().ajustes;
+  const bool sabido = p.articulos > 0;
+  const QString articulos = quien.t(sabido ? kTxPerdidaArticulos : kTxPerdidaSinSaber,
+                                    static_cast<int>(sabido ? p.articulos : p.deSeccion));
+  const QString ventas =
+      !p.hayVentas ? quien.t(kTxPerdidaSinVentas)
+                   : quien.t(kTxPerdidaVentas)
+                         .arg(VerImporte(a, p.ventas, a.MonedaPreferente),
+                              a.MonedaLogo[static_cast<size_t>(a.MonedaPreferente != 0)].trimmed());
+  const QString cero = p.cero ? quien.t(kTxPerdidaCero).arg(p.cero->general()) : QString();
+  return u"%1 %2: %3; %4%5"_s.arg(Ceros(p.grupo, 4), p.nombre, articulos, ventas, cero);
+}
+
+}  // namespace
+
+bool consientePerder(ventanas::Ventana& quien, int clase, const std::vector<int>& grupos) {
+  if (clase != kPuestaACero && clase != kBorrado) return true;
+  const auto perdidas = envios::loQueSePierde(quien.contexto().db, grupos);
+  if (!quien.haIdoBien(perdidas)) return false;
+  QStringList lineas{quien.t(clase == kBorrado ? kTxPreguntaBorrado : kTxPreguntaCero,
+                             static_cast<int>(perdidas->size()))};
+  for (const auto& p : *perdidas | std::views::take(kGruposNombrados))
+    lineas << loQueTiene(p, quien);
+  if (perdidas->size() > kGruposNombrados)
+    lineas << quien.t(kTxPerdidaYMas, static_cast<int>(perdidas->size() - kGruposNombrados));
+  using namespace ventanas;
+  return MyMsgBox::Decide(&quien, quien.contexto().textos, lineas.join(u'\n'),
+                          kAceptoCancelo | kExclamacion | kPrudente);
+}
 
 Resultado<std::vector<GrupoElegible>> gruposPara(dao::Database& db,
                                                  const motor::ClaseTarea& clase) {

@@ -16,6 +16,15 @@ namespace tarvo {
 
 enum class Idioma { Espanol = 0, I = 1, F = 2, UK = 3, PL = 4, P = 5 };
 
+// What a number of the settings may be, where it is read and where it is typed.
+struct Limites {
+  int menor, mayor;
+  constexpr bool admite(double n) const { return n >= menor && n <= mayor; }
+};
+inline constexpr Limites kLimitesRespuesta{1, 10 * 60 * 1000};  // ms to wait for an answer
+inline constexpr Limites kLimitesEspera{0, 10 * 60 * 1000};     // ms that may be none
+inline constexpr Limites kLimitesIntentos{0, 999};              // repeats
+
 // Settings of one of the four configured channels.
 struct ParamCanal {
   int Puerto = 1;
@@ -72,7 +81,8 @@ class Ajustes {
   const Idioma idioma;
   const LimitesClases clases;
 
-  // Absolute paths of this system once read; CopiaSeguridad may be empty.
+  // Absolute paths of this system once read, written relative where they are inside the folder;
+  // CopiaSeguridad may be empty.
   QString HomeDir, BaseDatos, CopiaSeguridad;
   int WhoAmI = 0;
   int TimeOut = 10000, TimeCero = 150000, IntentosManual = 0, TimeACK = 2000,
@@ -108,8 +118,18 @@ class Ajustes {
     QString titulo, proceso;
   };
   std::vector<Personal> personal;
+  // A line of the file that wasn't understood, or not all of it, and what counts instead of its
+  // value; empty where the line counts for nothing.
+  struct Duda {
+    QString linea, vale, clave;
+  };
+  std::vector<Duda> dudas;
+  bool monedaLeida = false;            // MonedaNativa was in the file, and could be read
+  void ponerMonedaNativa(int moneda);  // with what follows from it
   // Our own: another device for a serial port, by port number.
   std::map<int, QString> RutaPuerto;
+  // Our own: scales may answer a question under another code than its own.
+  bool AceptaOtroCodigo = false;
 
   // CONECTORES.INI: what a connector name stands for ("tcp:host:port", "serie:dev,9600,O,7,1",
   // "local:/path"), or empty when there is no such name. Read afresh at each call.
@@ -118,6 +138,12 @@ class Ajustes {
  private:
   void fijarTextosEtiquetas();  // slots 1 to 20, which follow MonedaNativa
 };
+
+// Of the five times of communications.
+constexpr Limites limitesDe(int Ajustes::* campo) {
+  if (campo == &Ajustes::IntentosManual) return kLimitesIntentos;
+  return campo == &Ajustes::FactorEsperaNDL ? kLimitesEspera : kLimitesRespuesta;
+}
 
 // The same on a text of such a file.
 QString buscarConector(const QString& texto, const QString& nombre);

@@ -1,4 +1,5 @@
 // The keys of TARVO.INI: one table says their order, how each is read and how it is written.
+#include <QFileInfo>
 #include <algorithm>
 #include <limits>
 
@@ -11,20 +12,33 @@ namespace {
 
 constexpr int kMaxI16 = std::numeric_limits<qint16>::max();
 constexpr int kMaxI32 = std::numeric_limits<qint32>::max();
-constexpr int kMaxEspera = 10 * 60 * 1000;  // ms
-constexpr int kPersonales = 200;            // custom menu entries
+constexpr size_t kDudas = 100;
+constexpr qsizetype kLargoDuda = 80;
+constexpr Limites kUnByte{0, 255};
+constexpr int kPersonales = 200;  // custom menu entries
 constexpr qsizetype kCadenasModem = 8;
 constexpr qsizetype kPeriodos = 10000;  // of ÚltimosPeriodos
 
-int i16(QStringView v) {
-  return ini::entero(v, -kMaxI16 - 1, kMaxI16);
+// All that reads a value takes what it can of it, and gives false where that isn't all.
+bool dentroDe(QStringView v, Limites limites, int& campo) {
+  campo = ini::entero(v, limites.menor, limites.mayor);
+  return ini::esEntero(v) && limites.admite(ini::real(v));
 }
-int i32(QStringView v) {
-  return ini::entero(v, -kMaxI32 - 1, kMaxI32);
+bool i16(QStringView v, int& campo) {
+  return dentroDe(v, {-kMaxI16 - 1, kMaxI16}, campo);
 }
-// A wait that nobody would live to see is a slip.
-int milisegundos(QStringView v) {
-  return ini::entero(v, 0, kMaxEspera);
+bool i32(QStringView v, int& campo) {
+  return dentroDe(v, {-kMaxI32 - 1, kMaxI32}, campo);
+}
+// A wait that nobody would live to see, or that is over before it begins, is a slip: what was there
+// stays.
+template <Limites kLimites>
+bool limitado(QStringView v, int& campo) {
+  int leido = 0;
+  const bool bien = dentroDe(v, kLimites, leido);
+  const bool hayNumero = !v.isEmpty() && v.front().isDigit();
+  if (hayNumero && kLimites.admite(ini::real(v))) campo = leido;
+  return bien;
 }
 
 QString booleano(const Ajustes& a, bool b) {
@@ -32,11 +46,14 @@ QString booleano(const Ajustes& a, bool b) {
   return b ? QStringLiteral("Yes") : QStringLiteral("No");
 }
 
-bool leerBooleano(QStringView v) {
+bool leerBooleano(QStringView v, bool& campo) {
   const QString palabra = v.trimmed().toString().toUpper();
-  for (const char16_t* cierta : {u"SÍ", u"SI", u"YES", u"TRUE", u"VERDADERO"})
-    if (palabra == QStringView(cierta)) return true;
-  return ini::real(v) != 0;
+  const auto es = [&](std::initializer_list<const char16_t*> palabras) {
+    return std::ranges::any_of(palabras, [&](const auto* p) { return palabra == QStringView(p); });
+  };
+  const bool cierta = es({u"SÍ", u"SI", u"YES", u"TRUE", u"VERDADERO"});
+  campo = cierta || ini::real(v) != 0;
+  return cierta || es({u"NO", u"FALSE", u"FALSO"}) || ini::esReal(v);
 }
 
 // The n-th part of a list, empty when there are fewer.
@@ -49,24 +66,46 @@ QString par(int a, int b) {
   return QStringLiteral("%1|%2").arg(a).arg(b);
 }
 
+// Relative where it is inside the program's folder, by whatever name: a folder that is copied or
+// moved takes all its files along.
+QString rutaGuardada(const Ajustes& a, const QString& ruta) {
+  const auto real = [](const QString& carpeta) {
+    const QString canonica = QFileInfo(carpeta).canonicalFilePath();
+    return canonica.isEmpty() ? carpeta : canonica;
+  };
+  const QString carpeta = real(a.carpeta);
+  if (ruta.isEmpty()) return ruta;
+  if (real(ruta) == carpeta) return QStringLiteral(".");
+  const QFileInfo info(ruta);
+  const QString dentro = real(info.path()) + u'/' + info.fileName();
+  return dentro.startsWith(carpeta + u'/') ? dentro.mid(carpeta.size() + 1) : ruta;
+}
+
 QString rutaDada(const Ajustes& a, const QString& v, const QString& siVacia) {
   return v.isEmpty() ? siVacia : Ajustes::ruta(v, a.carpeta);
 }
 
-void leerFecha(const QString& v, Fecha& f) {
-  f = Fecha::leer(v).value_or(f);
+bool leerFecha(const QString& v, Fecha& f) {
+  const auto leida = Fecha::leer(v);
+  f = leida.value_or(f);
+  return leida.has_value();
 }
-void leerHora(const QString& v, Fecha& f) {
-  f = Fecha::leerHora(v).value_or(f);
+bool leerHora(const QString& v, Fecha& f) {
+  const auto leida = Fecha::leerHora(v);
+  f = leida.value_or(f);
+  return leida.has_value();
 }
 
-void leerCalculo(Ajustes& a, const QString& v) {
+bool leerCalculo(Ajustes& a, const QString& v) {
   auto& c = a.calculoPrecios;
-  c.a = leerBooleano(parte(v, u'|', 0));
-  c.b = i16(parte(v, u'|', 1));
+  bool bien = leerBooleano(parte(v, u'|', 0), c.a);
+  bien &= i16(parte(v, u'|', 1), c.b);
   c.conSegundo = v.count(u'|') >= 3;
-  c.c = c.conSegundo && leerBooleano(parte(v, u'|', 2));
-  c.d = c.conSegundo ? i16(parte(v, u'|', 3)) : 0;
+  c.c = false;
+  c.d = 0;
+  if (!c.conSegundo) return bien;
+  bien &= leerBooleano(parte(v, u'|', 2), c.c);
+  return i16(parte(v, u'|', 3), c.d) && bien;
 }
 
 QString escribirCalculo(const Ajustes& a) {
@@ -76,10 +115,12 @@ QString escribirCalculo(const Ajustes& a) {
                       : primero;
 }
 
-void leerPeriodos(Ajustes& a, const QString& v) {
+bool leerPeriodos(Ajustes& a, const QString& v) {
   a.UltimosPeriodos.clear();
+  bool bien = true;
   for (const QStringView p : QStringView(v).split(u'|', Qt::SkipEmptyParts).mid(0, kPeriodos))
-    a.UltimosPeriodos.push_back(i32(p));
+    bien &= i32(p, a.UltimosPeriodos.emplace_back());
+  return bien;
 }
 
 QString escribirPeriodos(const Ajustes& a) {
@@ -88,9 +129,10 @@ QString escribirPeriodos(const Ajustes& a) {
   return partes.join(u'|');
 }
 
-void leerLogos(Ajustes& a, const QString& v) {
+bool leerLogos(Ajustes& a, const QString& v) {
   for (int i = 0; i < 2; ++i)
     a.MonedaLogo[static_cast<size_t>(i)] = parte(v, u',', i).left(3).toString();
+  return true;
 }
 
 // A single has seven good digits; what lies behind them is noise of its binary form.
@@ -98,9 +140,32 @@ QString escribirEuro(const Ajustes& a) {
   return QString::number(QString::number(a.Euro, 'g', 7).toDouble(), 'f', 6);
 }
 
-void leerFestivos(Ajustes& a, const QString& v) {
-  for (size_t i = 0; i < 7; ++i)
-    a.FestivoSemanal[i] = ini::real(parte(v, u',', static_cast<qsizetype>(i))) != 0;
+bool leerFestivos(Ajustes& a, const QString& v) {
+  bool bien = true;
+  for (size_t i = 0; i < 7; ++i) {
+    const QStringView dia = parte(v, u',', static_cast<qsizetype>(i));
+    a.FestivoSemanal[i] = ini::real(dia) != 0;
+    bien &= ini::esReal(dia);
+  }
+  return bien;
+}
+
+// The books are in the money that the database was last used with, not in one that was guessed.
+bool leerNativa(Ajustes& a, const QString& v) {
+  int leida = a.MonedaNativa;
+  a.monedaLeida = dentroDe(v, kUnByte, leida);
+  if (a.monedaLeida) a.MonedaNativa = leida;
+  return a.monedaLeida;
+}
+
+bool leerReal(const QString& v, float& campo) {
+  campo = static_cast<float>(ini::real(v));
+  return ini::esReal(v);
+}
+
+bool leerTexto(const QString& v, QString& campo) {
+  campo = v;
+  return true;
 }
 
 QString escribirFestivos(const Ajustes& a) {
@@ -110,13 +175,15 @@ QString escribirFestivos(const Ajustes& a) {
 }
 
 template <size_t N>
-void leerPar(const QString& v, std::array<int, N>& par2) {
-  for (size_t i = 0; i < N; ++i) par2[i] = i16(parte(v, u'|', static_cast<qsizetype>(i)));
+bool leerPar(const QString& v, std::array<int, N>& par2) {
+  bool bien = true;
+  for (size_t i = 0; i < N; ++i) bien &= i16(parte(v, u'|', static_cast<qsizetype>(i)), par2[i]);
+  return bien;
 }
 
 struct Clave {
-  const char16_t* nombre;  // as written; nothing for a blank line
-  void (*leer)(Ajustes&, const QString&);
+  const char16_t* nombre;                  // as written; nothing for a blank line
+  bool (*leer)(Ajustes&, const QString&);  // false: not all of the value was understood
   QString (*escribir)(const Ajustes&);
 };
 
@@ -124,26 +191,32 @@ QString n(int numero) {
   return QString::number(numero);
 }
 
-#define CLAVE_ENTERA(nombre, campo, lector)                           \
-  {nombre, [](Ajustes& a, const QString& v) { a.campo = lector(v); }, \
+#define CLAVE_ENTERA(nombre, campo, lector)                                 \
+  {nombre, [](Ajustes& a, const QString& v) { return lector(v, a.campo); }, \
    [](const Ajustes& a) { return n(a.campo); }}
 #define BLANCO {nullptr, nullptr, nullptr}
 
 const Clave kAntes[] = {
-    {u"HomeDir", [](Ajustes& a, const QString& v) { a.HomeDir = rutaDada(a, v, a.HomeDir); },
-     [](const Ajustes& a) { return a.HomeDir; }},
-    {u"BaseDatos", [](Ajustes& a, const QString& v) { a.BaseDatos = rutaDada(a, v, a.BaseDatos); },
-     [](const Ajustes& a) { return a.BaseDatos; }},
+    {u"HomeDir",
+     [](Ajustes& a, const QString& v) { return leerTexto(rutaDada(a, v, a.HomeDir), a.HomeDir); },
+     [](const Ajustes& a) { return rutaGuardada(a, a.HomeDir); }},
+    {u"BaseDatos",
+     [](Ajustes& a, const QString& v) {
+       return leerTexto(rutaDada(a, v, a.BaseDatos), a.BaseDatos);
+     },
+     [](const Ajustes& a) { return rutaGuardada(a, a.BaseDatos); }},
     {u"CopiaSeguridad",
-     [](Ajustes& a, const QString& v) { a.CopiaSeguridad = rutaDada(a, v, QString()); },
-     [](const Ajustes& a) { return a.CopiaSeguridad; }},
+     [](Ajustes& a, const QString& v) {
+       return leerTexto(rutaDada(a, v, QString()), a.CopiaSeguridad);
+     },
+     [](const Ajustes& a) { return rutaGuardada(a, a.CopiaSeguridad); }},
     BLANCO,
     CLAVE_ENTERA(u"WhoAmI", WhoAmI, i16),
-    CLAVE_ENTERA(u"TimeOut", TimeOut, milisegundos),
-    CLAVE_ENTERA(u"TimeCero", TimeCero, milisegundos),
-    CLAVE_ENTERA(u"IntentosManual", IntentosManual, i16),
-    CLAVE_ENTERA(u"TimeACK", TimeACK, milisegundos),
-    CLAVE_ENTERA(u"FactorEsperaNDL", FactorEsperaNDL, milisegundos),
+    CLAVE_ENTERA(u"TimeOut", TimeOut, limitado<kLimitesRespuesta>),
+    CLAVE_ENTERA(u"TimeCero", TimeCero, limitado<kLimitesRespuesta>),
+    CLAVE_ENTERA(u"IntentosManual", IntentosManual, limitado<kLimitesIntentos>),
+    CLAVE_ENTERA(u"TimeACK", TimeACK, limitado<kLimitesRespuesta>),
+    CLAVE_ENTERA(u"FactorEsperaNDL", FactorEsperaNDL, limitado<kLimitesEspera>),
     BLANCO,
     {u"CalculoPrecios", leerCalculo, escribirCalculo},
 };
@@ -151,62 +224,61 @@ const Clave kAntes[] = {
 const Clave kDespues[] = {
     BLANCO,
     CLAVE_ENTERA(u"SesiónAbier", SesionAbier, i16),
-    {u"SesiónHasta", [](Ajustes& a, const QString& v) { leerFecha(v, a.SesionHasta); },
+    {u"SesiónHasta", [](Ajustes& a, const QString& v) { return leerFecha(v, a.SesionHasta); },
      [](const Ajustes& a) { return a.SesionHasta.general(); }},
-    {u"SesiónACero", [](Ajustes& a, const QString& v) { leerFecha(v, a.SesionACero); },
+    {u"SesiónACero", [](Ajustes& a, const QString& v) { return leerFecha(v, a.SesionACero); },
      [](const Ajustes& a) { return a.SesionACero.general(); }},
     {u"ÚltimosPeriodos", leerPeriodos, escribirPeriodos},
-    {u"InicioHorario", [](Ajustes& a, const QString& v) { leerHora(v, a.InicioHorario); },
+    {u"InicioHorario", [](Ajustes& a, const QString& v) { return leerHora(v, a.InicioHorario); },
      [](const Ajustes& a) { return a.InicioHorario.horaLarga().left(5); }},
-    {u"FinalHorario", [](Ajustes& a, const QString& v) { leerHora(v, a.FinalHorario); },
+    {u"FinalHorario", [](Ajustes& a, const QString& v) { return leerHora(v, a.FinalHorario); },
      [](const Ajustes& a) { return a.FinalHorario.horaLarga().left(5); }},
-    {u"ToleranciaHora",
-     [](Ajustes& a, const QString& v) { a.ToleranciaHora = static_cast<float>(ini::real(v)); },
+    {u"ToleranciaHora", [](Ajustes& a, const QString& v) { return leerReal(v, a.ToleranciaHora); },
      [](const Ajustes& a) { return QString::number(a.ToleranciaHora, 'f', 2); }},
     BLANCO,
-    {u"MonedaNativa", [](Ajustes& a, const QString& v) { a.MonedaNativa = ini::entero(v, 0, 255); },
-     [](const Ajustes& a) { return n(a.MonedaNativa); }},
+    {u"MonedaNativa", leerNativa, [](const Ajustes& a) { return n(a.MonedaNativa); }},
     {u"MonedaPreferente",
-     [](Ajustes& a, const QString& v) { a.MonedaPreferente = ini::entero(v, 0, 255); },
+     [](Ajustes& a, const QString& v) { return dentroDe(v, kUnByte, a.MonedaPreferente); },
      [](const Ajustes& a) { return n(a.MonedaPreferente); }},
     {u"MonedaLogo", leerLogos,
      [](const Ajustes& a) { return a.MonedaLogo[0] + u',' + a.MonedaLogo[1]; }},
-    {u"Euro", [](Ajustes& a, const QString& v) { a.Euro = static_cast<float>(ini::real(v)); },
-     escribirEuro},
+    {u"Euro", [](Ajustes& a, const QString& v) { return leerReal(v, a.Euro); }, escribirEuro},
     {u"FestivoSemanal", leerFestivos, escribirFestivos},
     CLAVE_ENTERA(u"NúmeroPedido", NumeroPedido, i32),
     CLAVE_ENTERA(u"NúmeroInventario", NumeroInventario, i32),
-    {u"EnviarCambios", [](Ajustes& a, const QString& v) { leerPar(v, a.EnviarCambios); },
+    {u"EnviarCambios", [](Ajustes& a, const QString& v) { return leerPar(v, a.EnviarCambios); },
      [](const Ajustes& a) { return par(a.EnviarCambios[0], a.EnviarCambios[1]); }},
     {u"OpcionesStockCompras",
-     [](Ajustes& a, const QString& v) { leerPar(v, a.OpcionesStockCompras); },
+     [](Ajustes& a, const QString& v) { return leerPar(v, a.OpcionesStockCompras); },
      [](const Ajustes& a) { return par(a.OpcionesStockCompras[0], a.OpcionesStockCompras[1]); }},
     BLANCO,
     CLAVE_ENTERA(u"ModoIntroRápido", ModoIntroRapido, i16),
-    {u"ParrillaRápida", [](Ajustes& a, const QString& v) { a.ParrillaRapida = v; },
+    {u"ParrillaRápida",
+     [](Ajustes& a, const QString& v) { return leerTexto(v.toUpper(), a.ParrillaRapida); },
      [](const Ajustes& a) { return a.ParrillaRapida; }},
     BLANCO,
 };
 
 const Clave kAlta[] = {
     BLANCO,
-    {u"PrefijoCódigos", [](Ajustes& a, const QString& v) { a.PrefijoCodigos = v; },
+    {u"PrefijoCódigos",
+     [](Ajustes& a, const QString& v) { return leerTexto(v.toUpper(), a.PrefijoCodigos); },
      [](const Ajustes& a) { return a.PrefijoCodigos; }},
     CLAVE_ENTERA(u"NúmPreciosAlta", NumPreciosAlta, i16),
     CLAVE_ENTERA(u"NúmTarifasAlta", NumTarifasAlta, i16),
     BLANCO,
 };
 
-#define CLAVE_CANAL(nombre, campo, lector)                               \
-  {nombre, [](ParamCanal& c, const QString& v) { c.campo = lector(v); }, \
+#define CLAVE_CANAL(nombre, campo, lector)                                     \
+  {nombre, [](ParamCanal& c, const QString& v) { return lector(v, c.campo); }, \
    [](const ParamCanal& c) { return n(c.campo); }}
-#define CLAVE_CADENA(nombre, campo)                                        \
-  {nombre, [](ParamCanal& c, const QString& v) { c.campo = v.toUpper(); }, \
+#define CLAVE_CADENA(nombre, campo)                                                         \
+  {nombre, [](ParamCanal& c, const QString& v) { return leerTexto(v.toUpper(), c.campo); }, \
    [](const ParamCanal& c) { return c.campo; }}
 
 struct ClaveCanal {
   const char16_t* nombre;
-  void (*leer)(ParamCanal&, const QString&);
+  bool (*leer)(ParamCanal&, const QString&);
   QString (*escribir)(const ParamCanal&);
 };
 
@@ -218,12 +290,13 @@ const ClaveCanal kCanal[] = {
     {u"IniMdmX",
      [](ParamCanal& c, const QString& v) {
        c.IniMdmX = v.isEmpty() ? QStringList() : v.toUpper().split(u';').mid(0, kCadenasModem);
+       return true;
      },
      [](const ParamCanal& c) { return c.IniMdmX.join(u';'); }},
     CLAVE_CADENA(u"PfxDial", PfxDial),
-    CLAVE_CANAL(u"Intentos", Intentos, i16),
-    CLAVE_CANAL(u"Espera", Espera, i32),
-    CLAVE_CANAL(u"ATHang", ATHang, i32),
+    CLAVE_CANAL(u"Intentos", Intentos, limitado<kLimitesIntentos>),
+    CLAVE_CANAL(u"Espera", Espera, limitado<kLimitesEspera>),
+    CLAVE_CANAL(u"ATHang", ATHang, limitado<kLimitesEspera>),
     CLAVE_CANAL(u"ControlLinea", ControlLinea, i16),
 };
 
@@ -231,31 +304,52 @@ bool es(const ini::Linea& linea, const char16_t* nombre) {
   return linea.clave == QString::fromUtf16(nombre).toUpper();
 }
 
-void leerSinIndice(Ajustes& a, const ini::Linea& linea) {
+// What of a line counts: all of it, or the value as it is written now; nothing for no such key.
+struct Leida {
+  bool entera = false;
+  QString vale;
+};
+
+Leida leerSinIndice(Ajustes& a, const ini::Linea& linea) {
+  if (es(linea, u"AceptaOtroCodigo")) {
+    a.AceptaOtroCodigo = linea.valor == u"1";
+    const bool entera = a.AceptaOtroCodigo || linea.valor == u"0";
+    return {entera, a.AceptaOtroCodigo ? QStringLiteral("1") : QStringLiteral("0")};
+  }
   for (const std::span<const Clave> tabla : {std::span<const Clave>(kAntes), {kDespues}, {kAlta}})
     for (const Clave& c : tabla)
-      if (c.nombre && es(linea, c.nombre)) return c.leer(a, linea.valor);
+      if (c.nombre && es(linea, c.nombre)) return {c.leer(a, linea.valor), c.escribir(a)};
+  return {};
 }
 
-void leerPersonal(Ajustes& a, size_t indice, const QString& v) {
+bool leerPersonal(Ajustes& a, size_t indice, const QString& v) {
   if (a.personal.size() < indice) a.personal.resize(indice);
   const qsizetype barra = v.indexOf(u'|');
   a.personal[indice - 1] =
       barra < 0 ? Ajustes::Personal{v, {}} : Ajustes::Personal{v.left(barra), v.mid(barra + 1)};
+  return true;
 }
 
-void leerConIndice(Ajustes& a, const ini::Linea& linea) {
+Leida leerConIndice(Ajustes& a, const ini::Linea& linea) {
   const auto dentro = [&](int desde, int hasta) {
     return linea.indice >= desde && linea.indice <= hasta;
   };
   const auto indice = static_cast<size_t>(linea.indice);
-  if (es(linea, u"TextoEtiquetas") && dentro(21, 40)) a.TextoEtiquetas[indice] = linea.valor;
-  if (es(linea, u"Personal") && dentro(1, kPersonales)) leerPersonal(a, indice, linea.valor);
-  if (es(linea, u"RutaPuerto") && dentro(1, 16) && !linea.valor.isEmpty())
-    a.RutaPuerto[linea.indice] = linea.valor;
-  if (!dentro(1, static_cast<int>(a.canales.size()))) return;
+  if (es(linea, u"TextoEtiquetas") && dentro(21, 40))
+    return {leerTexto(linea.valor, a.TextoEtiquetas[indice]), {}};
+  if (es(linea, u"Personal") && dentro(1, kPersonales))
+    return {leerPersonal(a, indice, linea.valor), {}};
+  if (es(linea, u"RutaPuerto") && dentro(1, 16)) {
+    if (!linea.valor.isEmpty()) a.RutaPuerto[linea.indice] = linea.valor;
+    return {true, {}};
+  }
+  if (!dentro(1, static_cast<int>(a.canales.size()))) return {};
   for (const ClaveCanal& c : kCanal)
-    if (es(linea, c.nombre)) c.leer(a.canales[indice - 1], linea.valor);
+    if (es(linea, c.nombre)) {
+      const bool entera = c.leer(a.canales[indice - 1], linea.valor);
+      return {entera, c.escribir(a.canales[indice - 1])};
+    }
+  return {};
 }
 
 // The lines of the file as they are made.
@@ -280,11 +374,24 @@ class Salida {
 void Ajustes::leer(const QString& texto) {
   personal.clear();
   RutaPuerto.clear();
+  dudas.clear();
+  monedaLeida = false;
   ini::recorrer(texto, [this](const ini::Linea& linea) {
-    linea.indice < 0 ? leerSinIndice(*this, linea) : leerConIndice(*this, linea);
+    const Leida l = linea.clave.isEmpty() ? Leida{}
+                    : linea.indice < 0    ? leerSinIndice(*this, linea)
+                                          : leerConIndice(*this, linea);
+    if (!l.entera && dudas.size() < kDudas)
+      dudas.push_back({linea.entera.left(kLargoDuda), l.vale, linea.clave});
   });
   std::erase_if(personal,
                 [](const Personal& p) { return p.titulo.isEmpty() && p.proceso.isEmpty(); });
+  fijarTextosEtiquetas();
+}
+
+void Ajustes::ponerMonedaNativa(int moneda) {
+  MonedaNativa = moneda;
+  for (Duda& d : dudas)
+    if (d.clave == u"MONEDANATIVA") d.vale = n(moneda);
   fijarTextosEtiquetas();
 }
 
@@ -303,6 +410,7 @@ QString Ajustes::escribir() const {
   for (size_t i = 0; i < personal.size(); ++i)
     s.clave(u"Personal", static_cast<int>(i) + 1, personal[i].titulo + u'|' + personal[i].proceso);
   for (const auto& [puerto, dispositivo] : RutaPuerto) s.clave(u"RutaPuerto", puerto, dispositivo);
+  if (AceptaOtroCodigo) s.clave(QStringLiteral("AceptaOtroCodigo"), QStringLiteral("1"));
   return s.texto_;
 }
 

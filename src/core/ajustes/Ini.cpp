@@ -39,14 +39,20 @@ void recorrer(QStringView texto, const std::function<void(const Linea&)>& recibe
     texto = fin < 0 ? QStringView() : texto.mid(fin + 1);
     const qsizetype igual = renglon.indexOf(u'=');
     Linea linea;
-    if (igual < 0 || !partirIndice(renglon.left(igual).trimmed(), linea)) continue;
-    linea.valor = renglon.mid(igual + 1).trimmed().toString();
+    linea.entera = renglon.trimmed().toString();
+    if (linea.entera.isEmpty()) continue;
+    if (igual >= 0 && partirIndice(renglon.left(igual).trimmed(), linea))
+      linea.valor = renglon.mid(igual + 1).trimmed().toString();
+    else
+      linea.clave.clear();
     recibe(linea);
   }
 }
 
-double real(QStringView texto) {
-  texto = texto.trimmed();
+namespace {
+
+// Where the longest leading number of a text ends.
+qsizetype finDelNumero(QStringView texto) {
   qsizetype i = !texto.isEmpty() && (texto[0] == u'-' || texto[0] == u'+') ? 1 : 0;
   i = trasCifras(texto, i);
   if (i < texto.size() && (texto[i] == u'.' || texto[i] == u',')) i = trasCifras(texto, i + 1);
@@ -55,8 +61,26 @@ double real(QStringView texto) {
     if (j < texto.size() && (texto[j] == u'-' || texto[j] == u'+')) ++j;
     if (trasCifras(texto, j) > j) i = trasCifras(texto, j);
   }
+  return i;
+}
+
+}  // namespace
+
+bool esReal(QStringView texto) {
+  texto = texto.trimmed();
   bool bien = false;
-  const double x = texto.left(i).toString().replace(u',', u'.').toDouble(&bien);
+  const double x = texto.toString().replace(u',', u'.').toDouble(&bien);
+  return bien && std::isfinite(x) && finDelNumero(texto) == texto.size();
+}
+
+bool esEntero(QStringView texto) {
+  return esReal(texto) && std::trunc(real(texto)) == real(texto);
+}
+
+double real(QStringView texto) {
+  texto = texto.trimmed();
+  bool bien = false;
+  const double x = texto.left(finDelNumero(texto)).toString().replace(u',', u'.').toDouble(&bien);
   return bien && std::isfinite(x) ? x : 0;
 }
 

@@ -11,16 +11,20 @@ struct Linea {
   QString clave;    // in capitals, without its index
   int indice = -1;  // what stood in brackets, -1 for none
   QString valor;
+  QString entera;  // as it is in the file
 };
 
-// Hands every line that has a "=" to `recibe`, in order. A key whose bracket holds no number is
-// passed over.
+// Hands every line that isn't blank to `recibe`, in order. One without a "=", or whose bracket
+// holds no number, has no key.
 void recorrer(QStringView texto, const std::function<void(const Linea&)>& recibe);
 
 // The longest leading number of a text, 0 when there is none. The decimal mark is "." or ",".
 double real(QStringView texto);
 // The same for whole numbers, held within the limits.
 int entero(QStringView texto, int minimo, int maximo);
+// The text is a number from its first character to its last.
+bool esReal(QStringView texto);
+bool esEntero(QStringView texto);
 // A value on one line: whatever would end the line becomes a blank.
 QString enUnaLinea(QString valor);
 

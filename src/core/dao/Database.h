@@ -11,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+#include "core/dao/Marcas.h"
 #include "core/dao/Recordset.h"
 #include "core/dao/Recorrido.h"
 

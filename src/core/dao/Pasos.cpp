@@ -84,16 +84,18 @@ QStringList queFaltan(Database& db, const Copia& c) {
 }  // namespace
 
 Paso columna(int numero, const QString& tabla, const QString& nombre, const QString& tipo) {
-  return {
-      numero, {}, [=](Database& db) -> Resultado<> {
-        if (db.existeColumna(tabla, nombre)) return {};
-        return db.ejecutarGuion(u"ALTER TABLE [%1] ADD COLUMN %2 %3;"_s.arg(tabla, nombre, tipo));
-      }};
+  return {numero, {}, [=](Database& db) -> Resultado<> {
+            if (db.existeColumna(tabla, nombre)) return {};
+            return db.ejecutarGuion(
+                conMarcas(u"ALTER TABLE [{tabla}] ADD COLUMN {nombre} {tipo};",
+                          {{u"tabla", tabla}, {u"nombre", nombre}, {u"tipo", tipo}}));
+          }};
 }
 
 Paso vista(int numero, const QString& nombre, const QString& consulta) {
-  return {numero, u"drop view if exists %1;\ncreate view if not exists %1 as %2;\n"_s.arg(
-                      nombre, consulta)};
+  return {numero, conMarcas(u"drop view if exists {nombre};\n"
+                            u"create view {nombre} as {consulta};\n",
+                            {{u"nombre", nombre}, {u"consulta", consulta}})};
 }
 
 Resultado<bool> alDia(Database& db, const std::vector<TablasDeSala>& salas) {

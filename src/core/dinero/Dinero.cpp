@@ -81,9 +81,14 @@ QString conSignos(qint64 n, int decimales, Signos s) {
   return n < 0 ? u'-' + t : t;
 }
 
+// The value of its 15 digits: 1.005 times 100 is 100.5, not a little less.
+double comoSeLee(double x) {
+  return QString::number(x, 'g', 15).toDouble();
+}
+
 // A value in units of 10^-decimales, rounded half away from zero as its 15 digits read.
 qint64 redondeado(double x) {
-  const double t = std::round(QString::number(x, 'g', 15).toDouble());
+  const double t = std::round(comoSeLee(x));
   if (std::isnan(t)) return 0;
   return std::abs(t) < 9.2e18 ? static_cast<qint64>(t)
                               : std::numeric_limits<qint64>::max() * (t < 0 ? -1 : 1);
@@ -107,7 +112,7 @@ double FactorMoneda(const Ajustes& a, int moneda) {
 
 std::optional<qint64> LeerImporte(const Ajustes& a, const QString& texto, int moneda) {
   const auto x = numero(texto, signosDe(a.idioma));
-  return x ? entero(*x * FactorMoneda(a, moneda) + 0.5, 9e18) : std::nullopt;
+  return x ? entero(comoSeLee(*x * FactorMoneda(a, moneda)) + 0.5, 9e18) : std::nullopt;
 }
 
 qint64 AImporte(const Ajustes& a, const QString& texto, int moneda) {
@@ -132,7 +137,7 @@ std::optional<qint64> LeerCantidad(const QString& texto, int cada) {
   constexpr double kLargo = std::numeric_limits<int>::max();  // quantities are 32-bit columns
   const auto x = numero(texto, signosDe(Idioma::Espanol));
   if (!x) return std::nullopt;
-  return cada == 0 || cada == 1 ? entero(1000 * *x + 0.5, kLargo) : entero(*x, kLargo);
+  return cada == 0 || cada == 1 ? entero(comoSeLee(1000 * *x) + 0.5, kLargo) : entero(*x, kLargo);
 }
 
 qint64 ACantidad(const QString& texto, int cada) {

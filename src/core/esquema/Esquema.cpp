@@ -36,9 +36,9 @@ Resultado<> copiarPlantilla(const QString& ruta, const QStringList& carpetas) {
 
 Resultado<> rehacerQLink(dao::Database& db, const QString& condicion) {
   return db.ejecutarGuion(
-      QStringLiteral(
-          "drop view if exists QLINK;\ncreate view QLINK as SELECT * FROM TOTPLU WHERE %1;\n")
-          .arg(condicion));
+      dao::conMarcas(u"drop view if exists QLINK;\n"
+                     u"create view QLINK as SELECT * FROM TOTPLU WHERE {condicion};\n",
+                     {{u"condicion", condicion}}));
 }
 
 }  // namespace
@@ -85,11 +85,12 @@ Resultado<std::unique_ptr<dao::Database>> abrirBase(const QString& ruta,
 }
 
 Resultado<> QLinkDePeriodo(dao::Database& db, qint64 link) {
-  return rehacerQLink(db, QStringLiteral("LINK=%1").arg(link));
+  return rehacerQLink(db, dao::conMarcas(u"LINK={link}", {{u"link", QString::number(link)}}));
 }
 
 Resultado<> QLinkDeArticulo(dao::Database& db, qint64 codigo) {
-  return rehacerQLink(db, QStringLiteral("(LINK>0) and (CODI=%1)").arg(codigo));
+  return rehacerQLink(
+      db, dao::conMarcas(u"(LINK>0) and (CODI={codigo})", {{u"codigo", QString::number(codigo)}}));
 }
 
 }  // namespace tarvo::esquema

@@ -13,25 +13,26 @@ struct Fija {
 
 // An article that no user changes: the scales sell by it what has no code of its own.
 Fija articuloDeSistema(int codigo, const char* nombre, int cada) {
-  const QString faltan =
-      QStringLiteral(
-          "from SECCS where NMSECC is not null and not exists (select 1 from PLUSES where "
-          "PLUSES.SECCION=SECCS.NMSECC and PLUSES.CODPLU=%1)")
-          .arg(codigo);
-  return {QStringLiteral("select 1 ") + faltan,
-          QStringLiteral("insert into PLUSES (SECCION, CODPLU, NOMPLU, CADA, MDF_PRE, minimo, "
-                         "BARRAS, PFX_BAR, DESCTO, "
-                         "HASTA_1, HASTA_2, FORMATO, TEXTO_ETQ, STK_MAX, STK_MIN, COSTE) "
-                         "select NMSECC, %1, '%2', %3, 1, 0, 1, '0', 0, 0, 0, 1, '', 0, 0, 0 ")
-                  .arg(codigo)
-                  .arg(QLatin1String(nombre))
-                  .arg(cada) +
-              faltan};
+  const QString cual = QString::number(codigo);
+  return {dao::conMarcas(
+              u"select 1 from SECCS where NMSECC is not null and not exists (select 1 from PLUSES "
+              u"where PLUSES.SECCION=SECCS.NMSECC and PLUSES.CODPLU={codigo})",
+              {{u"codigo", cual}}),
+          dao::conMarcas(
+              u"insert into PLUSES (SECCION, CODPLU, NOMPLU, CADA, MDF_PRE, minimo, BARRAS, "
+              u"PFX_BAR, DESCTO, HASTA_1, HASTA_2, FORMATO, TEXTO_ETQ, STK_MAX, STK_MIN, COSTE) "
+              u"select NMSECC, {codigo}, '{nombre}', {cada}, 1, 0, 1, '0', 0, 0, 0, 1, '', 0, 0, 0 "
+              u"from SECCS where NMSECC is not null and not exists (select 1 from PLUSES "
+              u"where PLUSES.SECCION=SECCS.NMSECC and PLUSES.CODPLU={codigo})",
+              {{u"codigo", cual},
+               {u"nombre", QString::fromLatin1(nombre)},
+               {u"cada", QString::number(cada)}})};
 }
 
 Fija contadorSinNulos(const QString& campo) {
-  return {QStringLiteral("select 1 from MovsAlm where isnull(%1) limit 1").arg(campo),
-          QStringLiteral("update MovsAlm set %1=0 where isnull(%1)").arg(campo)};
+  return {
+      dao::conMarcas(u"select 1 from MovsAlm where isnull({campo}) limit 1", {{u"campo", campo}}),
+      dao::conMarcas(u"update MovsAlm set {campo}=0 where isnull({campo})", {{u"campo", campo}})};
 }
 
 // The first section comes before the system articles, so that it has them from the first start.

@@ -9,37 +9,36 @@ namespace {
 QString vistasDeTotales(const QString& clase, const QString& nombre, const QString& union_,
                         bool porCodigo = true) {
   QString g = QStringLiteral(R"sql(
-create view if not exists QNT$K as
-select t.LINK as LINK, GRUPOS.SECCION as SECCION, t.GRUPO as GRUPO, t.CODI as CODI, $N as NOMBRE,
+create view if not exists QNT{clase} as
+select t.LINK as LINK, GRUPOS.SECCION as SECCION, t.GRUPO as GRUPO, t.CODI as CODI, {nombre} as NOMBRE,
   t.CON as CON, t.PES as PES, t.IMP as IMP, t.SCO as SCO
-from (TOT$K as t left join GRUPOS on t.GRUPO=GRUPOS.CODGPO) $J;
+from (TOT{clase} as t left join GRUPOS on t.GRUPO=GRUPOS.CODGPO) {union};
 )sql");
   if (porCodigo)
     g += QStringLiteral(R"sql(
-create view if not exists QNF$K as
-select COLUMNA.FECHA1 as DIA1, COLUMNA.FECHAF as DIAF, $N as NOMBRE, t.GRUPO as GRUPO,
+create view if not exists QNF{clase} as
+select COLUMNA.FECHA1 as DIA1, COLUMNA.FECHAF as DIAF, {nombre} as NOMBRE, t.GRUPO as GRUPO,
   t.CON as CON, t.PES as PES, t.IMP as IMP, t.SCO as SCO, COLUMNA.TIPO as TIPO, GRUPOS.SECCION as SECCION, t.CODI as CODI
-from ((TOT$K as t inner join COLUMNA on t.LINK=COLUMNA.LINK) left join GRUPOS on t.GRUPO=GRUPOS.CODGPO) $J;
+from ((TOT{clase} as t inner join COLUMNA on t.LINK=COLUMNA.LINK) left join GRUPOS on t.GRUPO=GRUPOS.CODGPO) {union};
 )sql");
-  return g.replace(QStringLiteral("$K"), clase)
-      .replace(QStringLiteral("$N"), nombre)
-      .replace(QStringLiteral("$J"), union_);
+  return dao::conMarcas(g, {{u"clase", clase}, {u"nombre", nombre}, {u"union", union_}});
 }
 
 // The lines of a document with the article's name and what they are worth.
 QString vistaDeLineas(const QString& vista, const QString& tabla, const QString& numero,
                       const QString& columnas, const QString& coste) {
-  return QStringLiteral(R"sql(
-create view if not exists $V as
-select $NUM, $T.SECCION as SECCION, CODIGO, NOMPLU, UNIDS, PESO, $COLS
-  $COSTE * switch(CADA=0,PESO/1000,CADA=1,PESO/100,TRUE,UNIDS) as IMPORTE, CADA
-from $T left join PLUSES on ($T.CODIGO=PLUSES.CODPLU) and ($T.SECCION=PLUSES.SECCION);
-)sql")
-      .replace(QStringLiteral("$V"), vista)
-      .replace(QStringLiteral("$T"), tabla)
-      .replace(QStringLiteral("$NUM"), numero)
-      .replace(QStringLiteral("$COLS"), columnas)
-      .replace(QStringLiteral("$COSTE"), coste);
+  return dao::conMarcas(
+      uR"sql(
+create view if not exists {vista} as
+select {numero}, {tabla}.SECCION as SECCION, CODIGO, NOMPLU, UNIDS, PESO, {columnas}
+  {coste} * switch(CADA=0,PESO/1000,CADA=1,PESO/100,TRUE,UNIDS) as IMPORTE, CADA
+from {tabla} left join PLUSES on ({tabla}.CODIGO=PLUSES.CODPLU) and ({tabla}.SECCION=PLUSES.SECCION);
+)sql",
+      {{u"vista", vista},
+       {u"tabla", tabla},
+       {u"numero", numero},
+       {u"columnas", columnas},
+       {u"coste", coste}});
 }
 
 }  // namespace
@@ -57,13 +56,14 @@ QString guionConsultas() {
       s("left join DEPTS on (GRUPOS.SECCION=DEPTS.SECCION) and (t.CODI=DEPTS.NUMDEP)"));
   g += vistasDeTotales(s("HOR"), s("GRUPOS.NOMGPO"), {}, false);
   for (const char* vista : {"QNTOPH", "QTOPH"})
-    g += QStringLiteral(R"sql(
-create view if not exists $V as
+    g += dao::conMarcas(
+        uR"sql(
+create view if not exists {vista} as
 select t.LINK as LINK, GRUPOS.SECCION as SECCION, t.GRUPO as GRUPO, t.CODI as CODI, t.HORA as HORA,
   OPERS.NOMOPE as NOMBRE, t.CON as CON, t.PES as PES, t.IMP as IMP, t.SCO as SCO
 from (TOTOPHOR as t left join GRUPOS on t.GRUPO=GRUPOS.CODGPO) left join OPERS on t.CODI=OPERS.CODOPE;
-)sql")
-             .replace(QStringLiteral("$V"), s(vista));
+)sql",
+        {{u"vista", s(vista)}});
   g += vistaDeLineas(s("QLINPED"), s("PEDI_LIN"), s("NUMPED"), s("SERV_UNI, SERV_PES,"),
                      s("PLUSES.COSTE"));
   g += vistaDeLineas(s("QLINALB"), s("ALBA_LIN"), s("NUMALB"), s("ALBA_LIN.COSTE as COSTE,"),

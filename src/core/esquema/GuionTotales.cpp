@@ -5,14 +5,15 @@ namespace tarvo::esquema {
 namespace {
 
 QString tablaDeTotales(const QString& nombre) {
-  return QStringLiteral(R"sql(
-create table if not exists $T (
+  return dao::conMarcas(
+      uR"sql(
+create table if not exists {tabla} (
   LINK INTEGER DEFAULT 0, GRUPO INTEGER DEFAULT 0, CODI INTEGER DEFAULT 0,
   CON INTEGER DEFAULT 0, PES INTEGER DEFAULT 0, IMP INTEGER DEFAULT 0, SCO INTEGER DEFAULT 0);
-create unique index if not exists [$T.Cols] on $T (LINK, GRUPO, CODI);
-create index if not exists [$T.Filas] on $T (GRUPO, CODI, LINK);
-)sql")
-      .replace(QStringLiteral("$T"), nombre);
+create unique index if not exists [{tabla}.Cols] on {tabla} (LINK, GRUPO, CODI);
+create index if not exists [{tabla}.Filas] on {tabla} (GRUPO, CODI, LINK);
+)sql",
+      {{u"tabla", nombre}});
 }
 
 }  // namespace

@@ -43,17 +43,18 @@ Resultado<QString> nombreDePunto(dao::Database& db, int clase, qint64 seccion, q
 
 Resultado<std::pair<qint64, qint64>> cuenta(dao::Database& db, const ClaseTotal& c, qint64 link,
                                             std::set<qint64>& grupos) {
-  TARVO_TOMAR(auto rs,
-              db.consultar(QString(u"SELECT GRUPO, count(*), sum([IMP]) FROM "_s +
-                                   QString::fromUtf16(c.tabla) + u" WHERE LINK=? GROUP BY GRUPO"_s),
-                           link));
   std::pair<qint64, qint64> suma{0, 0};
-  for (; !rs->Eof();) {
-    grupos.insert(rs->entero(0));
-    suma.first += rs->entero(1);
-    suma.second += rs->entero(2);
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(
+          dao::conMarcas(
+              u"SELECT GRUPO, count(*), sum([IMP]) FROM {tabla} WHERE LINK=? GROUP BY GRUPO",
+              {{u"tabla", QString::fromUtf16(c.tabla)}}),
+          link),
+      [&](const dao::Recordset& fila) {
+        grupos.insert(fila.entero(0));
+        suma.first += fila.entero(1);
+        suma.second += fila.entero(2);
+      }));
   return suma;
 }
 
@@ -122,74 +123,71 @@ Resultado<std::vector<Punto>> serie(dao::Database& db, const FiltroFilas& filtro
   const QString grupos = conSeccion(filtro.clase) ? eje + u", GRUPOS.SECCION"_s : eje;
   std::vector<dao::Valor> valores = c.valores;
   valores.emplace_back(horas ? kHoras : cuantos);
-  TARVO_TOMAR(auto rs, db.OpenQuery(u"SELECT %1, %2, sum(t.[IMP]) FROM %3 AS t LEFT JOIN GRUPOS ON "
-                                    u"t.GRUPO=GRUPOS.CODGPO WHERE "
-                                    u"%4 "
-                                    u"GROUP BY %5 ORDER BY %6 LIMIT ?"_s.arg(
-                                        eje, seccion, NombreTabla(filtro.clase), c.sql, grupos,
-                                        horas ? u"1"_s : u"3 DESC, 1"_s),
-                                    valores));
+  const QString sql = dao::conMarcas(
+      u"SELECT {eje}, {seccion}, sum(t.[IMP]) FROM {tabla} AS t "
+      u"LEFT JOIN GRUPOS ON t.GRUPO=GRUPOS.CODGPO WHERE {condicion} "
+      u"GROUP BY {grupos} ORDER BY {orden} LIMIT ?",
+      {{u"eje", eje},
+       {u"seccion", seccion},
+       {u"tabla", NombreTabla(filtro.clase)},
+       {u"condicion", c.sql},
+       {u"grupos", grupos},
+       {u"orden", horas ? u"1"_s : u"3 DESC, 1"_s}});
   std::vector<Punto> puntos;
-  for (; !rs->Eof();) {
-    TARVO_TOMAR(const auto nombre, nombreDePunto(db, filtro.clase, rs->entero(1), rs->entero(0)));
-    puntos.push_back({rs->entero(0), nombre, rs->entero(2)});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(
+      dao::recorrer(db.OpenQuery(sql, valores), [&](const dao::Recordset& fila) -> Resultado<> {
+        TARVO_TOMAR(const auto nombre,
+                    nombreDePunto(db, filtro.clase, fila.entero(1), fila.entero(0)));
+        puntos.push_back({fila.entero(0), nombre, fila.entero(2)});
+        return {};
+      }));
   return puntos;
 }
 
 Resultado<std::vector<PuntoPeriodo>> evolucion(dao::Database& db, const FiltroCodigo& filtro) {
   const Condicion c = filtro.condicion();
-  TARVO_TOMAR(auto rs,
-              db.OpenQuery(QString(u"SELECT COLUMNA.FECHA1, sum(t.[IMP]) FROM "_s +
-                                   NombreTabla(filtro.clase) +
-                                   u" AS t INNER JOIN COLUMNA ON t.LINK=COLUMNA.LINK WHERE "_s +
-                                   c.sql + u" GROUP BY COLUMNA.FECHA1 ORDER BY COLUMNA.FECHA1"_s),
-                           c.valores));
-  std::vector<PuntoPeriodo> puntos;
-  for (; !rs->Eof();) {
-    puntos.push_back({rs->fecha(0), rs->entero(1)});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return puntos;
+  const QString sql = dao::conMarcas(
+      u"SELECT COLUMNA.FECHA1, sum(t.[IMP]) FROM {tabla} AS t "
+      u"INNER JOIN COLUMNA ON t.LINK=COLUMNA.LINK WHERE {condicion} "
+      u"GROUP BY COLUMNA.FECHA1 ORDER BY COLUMNA.FECHA1",
+      {{u"tabla", NombreTabla(filtro.clase)}, {u"condicion", c.sql}});
+  return dao::reunir(db.OpenQuery(sql, c.valores), [](const dao::Recordset& fila) {
+    return PuntoPeriodo{fila.fecha(0), fila.entero(1)};
+  });
 }
 
 Resultado<std::vector<Procedencia>> procedencia(dao::Database& db, qint64 link, int grupo,
                                                 int clase, qint64 codigo) {
-  TARVO_TOMAR(
-      auto rs,
+  std::vector<Procedencia> lista;
+  const auto una = [&](const dao::Recordset& fila) -> Resultado<> {
+    Procedencia p{grupo,
+                  fila.texto(5),
+                  fila.entero(0),
+                  {},
+                  fila.fecha(2),
+                  fila.fecha(3),
+                  fila.texto(4) == u"diferencia",
+                  {}};
+    if (!fila.nulo(1)) p.leido = fila.fecha(1);
+    if (fila.logico(6))
+      TARVO_INTENTAR(dao::recorrer(
+          db.consultar(u"SELECT ADDR, sum([IMP]) FROM LectFilas WHERE GRUPO=? AND CLASE=? AND "
+                       u"CODI=? GROUP BY ADDR ORDER BY ADDR",
+                       grupo, clase, codigo),
+          [&p](const dao::Recordset& m) {
+            p.maquinas.emplace_back(static_cast<int>(m.entero(0)), m.entero(1));
+          }));
+    lista.push_back(std::move(p));
+    return {};
+  };
+  TARVO_INTENTAR(dao::recorrer(
       db.consultar(
           u"SELECT o.EJECUCION, o.LEIDO, o.DESDE, o.HASTA, o.MODO, GRUPOS.NOMGPO, l.FIN=o.LEIDO "
-          u"FROM "
-          u"(Origenes AS o LEFT JOIN GRUPOS ON GRUPOS.CODGPO=o.GRUPO) LEFT JOIN Lecturas AS l ON "
-          u"l.GRUPO=o.GRUPO AND l.CLASE=o.CLASE WHERE o.LINK=? AND o.GRUPO=? AND o.CLASE=? ORDER "
-          u"BY "
-          u"o.LEIDO",
-          link, grupo, clase));
-  std::vector<Procedencia> lista;
-  for (; !rs->Eof();) {
-    Procedencia p{grupo,
-                  rs->texto(5),
-                  rs->entero(0),
-                  {},
-                  rs->fecha(2),
-                  rs->fecha(3),
-                  rs->texto(4) == u"diferencia",
-                  {}};
-    if (!rs->nulo(1)) p.leido = rs->fecha(1);
-    if (rs->logico(6)) {
-      TARVO_TOMAR(auto m, db.consultar(u"SELECT ADDR, sum([IMP]) FROM LectFilas WHERE GRUPO=? AND "
-                                       u"CLASE=? AND CODI=? GROUP BY "
-                                       u"ADDR ORDER BY ADDR",
-                                       grupo, clase, codigo));
-      for (; !m->Eof();) {
-        p.maquinas.emplace_back(static_cast<int>(m->entero(0)), m->entero(1));
-        TARVO_INTENTAR(m->MoveNext());
-      }
-    }
-    lista.push_back(std::move(p));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+          u"FROM (Origenes AS o LEFT JOIN GRUPOS ON GRUPOS.CODGPO=o.GRUPO) LEFT JOIN Lecturas AS l "
+          u"ON l.GRUPO=o.GRUPO AND l.CLASE=o.CLASE WHERE o.LINK=? AND o.GRUPO=? AND o.CLASE=? "
+          u"ORDER BY o.LEIDO",
+          link, grupo, clase),
+      una));
   return lista;
 }
 

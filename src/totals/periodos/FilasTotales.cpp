@@ -12,11 +12,15 @@ QString sqlSuma(const ClaseTotal& c, const QString& fuente) {
   const QString tabla = QString::fromUtf16(c.tabla);
   QStringList cambios;
   for (const char16_t* campo : kContadores)
-    cambios << QStringLiteral("%1=coalesce(%2.%1, 0)+excluded.%1").arg(campo, tabla);
-  return QStringLiteral(
-             "INSERT INTO %1 (LINK, %2, CON, PES, [IMP], SCO) %3 "
-             "ON CONFLICT (LINK, %2) DO UPDATE SET %4")
-      .arg(tabla, clavesDe(c), fuente, cambios.join(u", "));
+    cambios << dao::conMarcas(u"{campo}=coalesce({tabla}.{campo}, 0)+excluded.{campo}",
+                              {{u"campo", QString::fromUtf16(campo)}, {u"tabla", tabla}});
+  return dao::conMarcas(
+      u"INSERT INTO {tabla} (LINK, {claves}, CON, PES, [IMP], SCO) {fuente} "
+      u"ON CONFLICT (LINK, {claves}) DO UPDATE SET {cambios}",
+      {{u"tabla", tabla},
+       {u"claves", clavesDe(c)},
+       {u"fuente", fuente},
+       {u"cambios", cambios.join(u", ")}});
 }
 
 }  // namespace
@@ -30,8 +34,9 @@ Resultado<> sumarFilas(dao::Database& db, const ClaseTotal& c, qint64 destino,
   QStringList valores;
   for (const char16_t* campo : kContadores)
     valores << QStringLiteral("%1coalesce(%2, 0)").arg(signo < 0 ? u"-" : u"", campo);
-  const QString filas = QStringLiteral("SELECT ?, %1, %2 FROM (%3) o WHERE 1=1")
-                            .arg(clavesDe(c), valores.join(u", "), origen);
+  const QString filas = dao::conMarcas(
+      u"SELECT ?, {claves}, {valores} FROM ({origen}) o WHERE 1=1",
+      {{u"claves", clavesDe(c)}, {u"valores", valores.join(u", ")}, {u"origen", origen}});
   TARVO_INTENTAR(db.ejecutar(sqlSuma(c, filas), destino, cual));
   return comprobarRango(db, c, destino, textos);
 }
@@ -47,8 +52,9 @@ Resultado<> comprobarRango(dao::Database& db, const ClaseTotal& c, qint64 link,
   for (const char16_t* campo : kContadores)
     fuera << QStringLiteral("abs(1.0*%1)>9.2e18").arg(campo);
   TARVO_TOMAR(const auto malas,
-              db.uno(QStringLiteral("SELECT count(*) FROM %1 WHERE LINK=? AND (%2)")
-                         .arg(QString::fromUtf16(c.tabla), fuera.join(u" OR ")),
+              db.uno(dao::conMarcas(u"SELECT count(*) FROM {tabla} WHERE LINK=? AND ({fuera})",
+                                    {{u"tabla", QString::fromUtf16(c.tabla)},
+                                     {u"fuera", fuera.join(u" OR ")}}),
                      link));
   if (malas.entero() == 0) return {};
   return fallo(Fallo::Restriccion, textos(kTxFueraDeRango, {QStringView(c.tabla)}));

@@ -1,9 +1,11 @@
 #include "totals/periodos/Papelera.h"
 #include "totals/TextosTotals.h"
+#include "totals/periodos/FilasTotales.h"
 
 namespace tarvo::totals {
 
 using namespace Qt::StringLiterals;
+using dao::conMarcas;
 
 namespace {
 
@@ -13,12 +15,6 @@ constexpr const char16_t* kTablasPapelera[] = {u"PapeleraPer",      u"PapeleraFi
 const QString kColumnasOrigen =
     u"LINK, GRUPO, CLASE, EJECUCION, LEIDO, DESDE, HASTA, MODO, FILAS, CON, IMP"_s;
 const QString kColumnasFila = u"GRUPO, CODI, HORA, CON, PES, [IMP], SCO"_s;
-
-// A fixed text with a table or column name in it; values are always bound.
-template <class... N>
-QString con(const char16_t* sql, const N&... nombres) {
-  return QString::fromUtf16(sql).arg(nombres...);
-}
 
 QString tablaDe(const ClaseTotal& c) {
   return QString::fromUtf16(c.tabla);
@@ -34,20 +30,17 @@ struct Tirado {
 };
 
 Resultado<std::vector<Tirado>> leerLote(dao::Database& db, qint64 lote) {
-  TARVO_TOMAR(auto rs, db.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR, SOLOFILAS FROM "
-                                    u"PapeleraPer WHERE LOTE=? ORDER BY "
-                                    u"LINK",
-                                    lote));
-  std::vector<Tirado> v;
-  for (; !rs->Eof();) {
-    Tirado t{{}, rs->logico(5)};
-    t.columna.LINK = rs->entero(0);
-    t.columna.periodo = {static_cast<int>(rs->entero(1)), rs->fecha(2), rs->fecha(3)};
-    t.columna.DESCR = rs->texto(4);
-    v.push_back(std::move(t));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return v;
+  return dao::reunir(db.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR, SOLOFILAS FROM "
+                                  u"PapeleraPer WHERE LOTE=? ORDER BY LINK",
+                                  lote),
+                     [](const dao::Recordset& fila) {
+                       Tirado t{{}, fila.logico(5)};
+                       t.columna.LINK = fila.entero(0);
+                       t.columna.periodo = {static_cast<int>(fila.entero(1)), fila.fecha(2),
+                                            fila.fecha(3)};
+                       t.columna.DESCR = fila.texto(4);
+                       return t;
+                     });
 }
 
 }  // namespace
@@ -85,14 +78,17 @@ Resultado<> Papelera::guardar(qint64 lote, const Columna& c, bool soloFilas) {
       lote, soloFilas, c.LINK));
   for (const ClaseTotal& k : enVigor(a_))
     TARVO_INTENTAR(db_.ejecutar(
-        con(u"INSERT INTO PapeleraFilas (LOTE, LINK, CLASE, %1) SELECT ?, LINK, ?, GRUPO, CODI, "
-            u"%2, CON, PES, [IMP], SCO FROM %3 WHERE LINK=?",
-            kColumnasFila, k.conHora ? u"HORA"_s : u"0"_s, tablaDe(k)),
+        conMarcas(u"INSERT INTO PapeleraFilas (LOTE, LINK, CLASE, {fila}) SELECT ?, LINK, ?, "
+                  u"GRUPO, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} WHERE LINK=?",
+                  {{u"fila", kColumnasFila},
+                   {u"hora", k.conHora ? u"HORA"_s : u"0"_s},
+                   {u"tabla", tablaDe(k)}}),
         lote, k.numero, c.LINK));
   if (db_.existeTabla(u"Origenes"))
     TARVO_INTENTAR(db_.ejecutar(
-        con(u"INSERT INTO PapeleraOrig (LOTE, %1) SELECT ?, %1 FROM Origenes WHERE LINK=?",
-            kColumnasOrigen),
+        conMarcas(u"INSERT INTO PapeleraOrig (LOTE, {origen}) SELECT ?, {origen} FROM Origenes "
+                  u"WHERE LINK=?",
+                  {{u"origen", kColumnasOrigen}}),
         lote, c.LINK));
   return guardarSustituidos(lote, c);
 }
@@ -101,18 +97,19 @@ Resultado<> Papelera::guardar(qint64 lote, const Columna& c, bool soloFilas) {
 Resultado<> Papelera::guardarSustituidos(qint64 lote, const Columna& c) {
   const Periodo& p = c.periodo;
   if (p.tipo < kSemanal || p.tipo > kAnual) return {};
-  const QString cuales =
-      con(u"FROM Sustituidos WHERE FECHA1>=? AND FECHAF<=? AND %1<>0", marcaDe(p.tipo));
+  const QString marca = marcaDe(p.tipo);
   TARVO_INTENTAR(db_.ejecutar(
-      QString(u"INSERT INTO PapeleraSusti (LOTE, LINK, ID, TIPO, FECHA1, FECHAF) SELECT ?, ?, ID, "
-              u"TIPO, FECHA1, FECHAF "_s +
-              cuales),
+      conMarcas(u"INSERT INTO PapeleraSusti (LOTE, LINK, ID, TIPO, FECHA1, FECHAF) SELECT ?, ?, "
+                u"ID, TIPO, FECHA1, FECHAF FROM Sustituidos WHERE FECHA1>=? AND FECHAF<=? AND "
+                u"{marca}<>0",
+                {{u"marca", marca}}),
       lote, c.LINK, p.desde, p.hasta));
   TARVO_INTENTAR(db_.ejecutar(
-      con(u"INSERT INTO PapeleraTotSusti (LOTE, ID, CLASE, %1) SELECT ?, ID, CLASE, %1 FROM "
-          u"TotSusti WHERE ID IN (SELECT ID %2) AND ID NOT IN (SELECT ID FROM PapeleraTotSusti "
-          u"WHERE LOTE=?)",
-          kColumnasFila, cuales),
+      conMarcas(u"INSERT INTO PapeleraTotSusti (LOTE, ID, CLASE, {fila}) SELECT ?, ID, CLASE, "
+                u"{fila} FROM TotSusti WHERE ID IN (SELECT ID FROM Sustituidos WHERE FECHA1>=? AND "
+                u"FECHAF<=? AND {marca}<>0) AND ID NOT IN (SELECT ID FROM PapeleraTotSusti WHERE "
+                u"LOTE=?)",
+                {{u"fila", kColumnasFila}, {u"marca", marca}}),
       lote, p.desde, p.hasta, lote));
   return {};
 }
@@ -138,8 +135,9 @@ Resultado<> Papelera::comprobarSitio(const Columna& c, bool soloFilas) {
               c.LINK, p.tipo, p.desde, p.hasta));
   bool libre = (hay.entero() > 0) == soloFilas;
   for (const ClaseTotal& k : enVigor(a_)) {
-    TARVO_TOMAR(const auto filas,
-                db_.uno(con(u"SELECT count(*) FROM %1 WHERE LINK=?", tablaDe(k)), c.LINK));
+    TARVO_TOMAR(const auto filas, db_.uno(conMarcas(u"SELECT count(*) FROM {tabla} WHERE LINK=?",
+                                                    {{u"tabla", tablaDe(k)}}),
+                                          c.LINK));
     libre = libre && filas.entero() == 0;
   }
   if (libre) return {};
@@ -155,14 +153,16 @@ Resultado<> Papelera::reponer(qint64 lote, const Columna& c, bool soloFilas) {
         lote, c.LINK));
   for (const ClaseTotal& k : enVigor(a_))
     TARVO_INTENTAR(db_.ejecutar(
-        con(u"INSERT INTO %1 (LINK, GRUPO, CODI, %2CON, PES, [IMP], SCO) SELECT LINK, GRUPO, "
-            u"CODI, %2CON, PES, [IMP], SCO FROM PapeleraFilas WHERE LOTE=? AND LINK=? AND CLASE=?",
-            tablaDe(k), k.conHora ? u"HORA, "_s : QString()),
+        conMarcas(u"INSERT INTO {tabla} (LINK, {claves}, CON, PES, [IMP], SCO) SELECT LINK, "
+                  u"{claves}, CON, PES, [IMP], SCO FROM PapeleraFilas WHERE LOTE=? AND LINK=? AND "
+                  u"CLASE=?",
+                  {{u"tabla", tablaDe(k)}, {u"claves", clavesDe(k)}}),
         lote, c.LINK, k.numero));
   if (db_.existeTabla(u"Origenes"))
     TARVO_INTENTAR(db_.ejecutar(
-        con(u"INSERT INTO Origenes (%1) SELECT %1 FROM PapeleraOrig WHERE LOTE=? AND LINK=?",
-            kColumnasOrigen),
+        conMarcas(u"INSERT INTO Origenes ({origen}) SELECT {origen} FROM PapeleraOrig WHERE "
+                  u"LOTE=? AND LINK=?",
+                  {{u"origen", kColumnasOrigen}}),
         lote, c.LINK));
   return reponerSustituidos(lote, c);
 }
@@ -181,24 +181,26 @@ Resultado<> Papelera::reponerSustituidos(qint64 lote, const Columna& c) {
       u"PapeleraSusti WHERE LOTE=? AND LINK=? AND ID NOT IN (SELECT ID FROM Sustituidos)",
       lote, c.LINK));
   TARVO_INTENTAR(db_.ejecutar(
-      con(u"UPDATE Sustituidos SET %1=1 WHERE ID IN (SELECT ID FROM PapeleraSusti WHERE LOTE=? AND "
-          u"LINK=?)",
-          marcaDe(c.periodo.tipo)),
+      conMarcas(u"UPDATE Sustituidos SET {marca}=1 WHERE ID IN (SELECT ID FROM PapeleraSusti "
+                u"WHERE LOTE=? AND LINK=?)",
+                {{u"marca", marcaDe(c.periodo.tipo)}}),
       lote, c.LINK));
   return {};
 }
 
 Resultado<> Papelera::olvidar(qint64 lote) {
   for (const char16_t* tabla : kTablasPapelera)
-    TARVO_INTENTAR(
-        db_.ejecutar(con(u"DELETE FROM %1 WHERE LOTE=?", QString::fromUtf16(tabla)), lote));
+    TARVO_INTENTAR(db_.ejecutar(
+        conMarcas(u"DELETE FROM {tabla} WHERE LOTE=?", {{u"tabla", QString::fromUtf16(tabla)}}),
+        lote));
   return {};
 }
 
 Resultado<> Papelera::vaciarla() {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   for (const char16_t* tabla : kTablasPapelera)
-    TARVO_INTENTAR(db_.ejecutar(con(u"DELETE FROM %1", QString::fromUtf16(tabla))));
+    TARVO_INTENTAR(
+        db_.ejecutar(conMarcas(u"DELETE FROM {tabla}", {{u"tabla", QString::fromUtf16(tabla)}})));
   return t.confirmar();
 }
 

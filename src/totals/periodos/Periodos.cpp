@@ -9,8 +9,9 @@ namespace tarvo::totals {
 
 namespace {
 
-const QString kColumnas = QStringLiteral(
-    "SELECT LINK, TIPO, FECHA1, FECHAF, DESCR, ACUM2, ACUM3, ACUM4, stkABLE, stkADO FROM COLUMNA ");
+constexpr QStringView kColumnas =
+    u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR, ACUM2, ACUM3, ACUM4, stkABLE, stkADO FROM COLUMNA "
+    u"{condicion}";
 
 Columna columnaDe(const dao::Recordset& r) {
   Columna c;
@@ -25,13 +26,8 @@ Columna columnaDe(const dao::Recordset& r) {
 template <class... P>
 Resultado<std::vector<Columna>> columnas(dao::Database& db, const QString& condicion,
                                          const P&... p) {
-  TARVO_TOMAR(auto rs, db.consultar(QString(kColumnas + condicion), p...));
-  std::vector<Columna> v;
-  while (!rs->Eof()) {
-    v.push_back(columnaDe(*rs));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return v;
+  return dao::reunir(db.consultar(dao::conMarcas(kColumnas, {{u"condicion", condicion}}), p...),
+                     columnaDe);
 }
 
 template <class... P>
@@ -79,8 +75,9 @@ Resultado<qint64> Periodos::CrearPeriodo(int tipo, Fecha desde, Fecha hasta, boo
 Resultado<> Periodos::borrarFilas(qint64 link, int clase) {
   for (const ClaseTotal& k : enVigor(a_))
     if (clase < 1 || clase == k.numero)
-      TARVO_INTENTAR(db_.ejecutar(
-          QStringLiteral("DELETE FROM %1 WHERE LINK=?").arg(QString::fromUtf16(k.tabla)), link));
+      TARVO_INTENTAR(db_.ejecutar(dao::conMarcas(u"DELETE FROM {tabla} WHERE LINK=?",
+                                                 {{u"tabla", QString::fromUtf16(k.tabla)}}),
+                                  link));
   // Where the rows came from goes with them: the number may be another period's some day.
   if (db_.existeTabla(u"Origenes"))
     TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Origenes WHERE LINK=? AND (CLASE=? OR ?<1)", link,

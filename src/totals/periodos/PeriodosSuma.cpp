@@ -13,7 +13,8 @@ QString campoAcum(int tipo) {
 
 Resultado<> ponerMarca(dao::Database& db, qint64 link, int tipo, bool valor) {
   TARVO_INTENTAR(db.ejecutar(
-      QStringLiteral("UPDATE COLUMNA SET %1=? WHERE LINK=?").arg(campoAcum(tipo)), valor, link));
+      dao::conMarcas(u"UPDATE COLUMNA SET {marca}=? WHERE LINK=?", {{u"marca", campoAcum(tipo)}}),
+      valor, link));
   return {};
 }
 
@@ -26,7 +27,8 @@ std::unexpected<Error> sinPeriodo(qint64 link, const Textos& textos) {
 Resultado<> Periodos::SumarPeriodo(qint64 destino, qint64 origen, int signo) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   for (const ClaseTotal& c : enVigor(a_)) {
-    const QString filas = QStringLiteral("SELECT * FROM %1 WHERE LINK=?").arg(c.tabla);
+    const QString filas = dao::conMarcas(u"SELECT * FROM {tabla} WHERE LINK=?",
+                                         {{u"tabla", QString::fromUtf16(c.tabla)}});
     TARVO_INTENTAR(sumarFilas(db_, c, destino, filas, origen, signo, textos_));
   }
   return t.confirmar();

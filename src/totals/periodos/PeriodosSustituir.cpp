@@ -10,9 +10,9 @@ namespace tarvo::totals {
 namespace {
 
 QString filasGuardadas(const ClaseTotal& c) {
-  return QStringLiteral("SELECT %1, CON, PES, [IMP], SCO FROM TotSusti WHERE ID=? AND CLASE=%2")
-      .arg(clavesDe(c))
-      .arg(c.numero);
+  return dao::conMarcas(
+      u"SELECT {claves}, CON, PES, [IMP], SCO FROM TotSusti WHERE ID=? AND CLASE={clase}",
+      {{u"claves", clavesDe(c)}, {u"clase", QString::number(c.numero)}});
 }
 
 QString marcaAcum(int tipo) {
@@ -20,11 +20,11 @@ QString marcaAcum(int tipo) {
 }
 
 Resultado<> guardarFilas(dao::Database& db, const ClaseTotal& c, qint64 id, qint64 link) {
-  const QString sql =
-      QStringLiteral(
-          "INSERT INTO TotSusti (ID, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) "
-          "SELECT ?, ?, GRUPO, CODI, %1, CON, PES, [IMP], SCO FROM %2 WHERE LINK=?")
-          .arg(c.conHora ? u"HORA" : u"0", QString::fromUtf16(c.tabla));
+  const QString sql = dao::conMarcas(
+      u"INSERT INTO TotSusti (ID, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) "
+      u"SELECT ?, ?, GRUPO, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} WHERE LINK=?",
+      {{u"hora", c.conHora ? QStringLiteral("HORA") : QStringLiteral("0")},
+       {u"tabla", QString::fromUtf16(c.tabla)}});
   TARVO_INTENTAR(db.ejecutar(sql, id, c.numero, link));
   return {};
 }
@@ -57,9 +57,9 @@ Resultado<qint64> Periodos::sustituir(const Columna& vieja, const QString& descr
   if (!nuevo) return nuevo;
   if (*nuevo != c.LINK)
     for (const ClaseTotal& k : enVigor(a_))
-      TARVO_INTENTAR(db_.ejecutar(
-          QStringLiteral("UPDATE %1 SET LINK=? WHERE LINK=?").arg(QString::fromUtf16(k.tabla)),
-          *nuevo, c.LINK));
+      TARVO_INTENTAR(db_.ejecutar(dao::conMarcas(u"UPDATE {tabla} SET LINK=? WHERE LINK=?",
+                                                 {{u"tabla", QString::fromUtf16(k.tabla)}}),
+                                  *nuevo, c.LINK));
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE Sumados SET LINK=? WHERE LINK=?", *nuevo, c.LINK));
   TARVO_INTENTAR(t.confirmar());
   return nuevo;
@@ -68,19 +68,14 @@ Resultado<qint64> Periodos::sustituir(const Columna& vieja, const QString& descr
 // The earlier versions of a period that still stand where `marca` says.
 Resultado<std::vector<Periodos::Sustituido>> Periodos::sustituidos(const Periodo& p,
                                                                    const QString& marca) {
-  TARVO_TOMAR(
-      auto rs,
-      db_.consultar(QStringLiteral(
-                        "SELECT ID, stkADO FROM Sustituidos WHERE TIPO=? AND FECHA1=? AND FECHAF=? "
-                        "AND %1<>0 ORDER BY ID")
-                        .arg(marca),
-                    p.tipo, p.desde, p.hasta));
-  std::vector<Sustituido> v;
-  while (!rs->Eof()) {
-    v.push_back({rs->entero(0), p, static_cast<int>(rs->entero(1))});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return v;
+  return dao::reunir(
+      db_.consultar(dao::conMarcas(u"SELECT ID, stkADO FROM Sustituidos WHERE TIPO=? AND FECHA1=? "
+                                   u"AND FECHAF=? AND {marca}<>0 ORDER BY ID",
+                                   {{u"marca", marca}}),
+                    p.tipo, p.desde, p.hasta),
+      [&p](const dao::Recordset& fila) {
+        return Sustituido{fila.entero(0), p, static_cast<int>(fila.entero(1))};
+      });
 }
 
 Resultado<> Periodos::sacarSustituido(const Sustituido& s, int tipo) {
@@ -97,8 +92,9 @@ Resultado<> Periodos::saldarAcumulado(int tipo, const Columna& nueva) {
   TARVO_TOMAR(const auto viejas, sustituidos(nueva.periodo, marcaAcum(tipo)));
   for (const Sustituido& s : viejas) {
     TARVO_INTENTAR(sacarSustituido(s, tipo));
-    TARVO_INTENTAR(db_.ejecutar(
-        QStringLiteral("UPDATE Sustituidos SET %1=0 WHERE ID=?").arg(marcaAcum(tipo)), s.ID));
+    TARVO_INTENTAR(db_.ejecutar(dao::conMarcas(u"UPDATE Sustituidos SET {marca}=0 WHERE ID=?",
+                                               {{u"marca", marcaAcum(tipo)}}),
+                                s.ID));
   }
   if (!viejas.empty()) TARVO_INTENTAR(limpiarSustituidos());
   return t.confirmar();
@@ -108,10 +104,9 @@ Resultado<> Periodos::saldarStock(const Columna& nueva) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   TARVO_TOMAR(const auto viejas, sustituidos(nueva.periodo, QStringLiteral("stkADO")));
   for (const Sustituido& s : viejas) {
-    const QString filas =
-        QStringLiteral("SELECT GRUPO, CODI, CON, PES FROM TotSusti WHERE ID=%1 AND CLASE=%2")
-            .arg(s.ID)
-            .arg(kPLUs);
+    const QString filas = dao::conMarcas(
+        u"SELECT GRUPO, CODI, CON, PES FROM TotSusti WHERE ID={id} AND CLASE={clase}",
+        {{u"id", QString::number(s.ID)}, {u"clase", QString::number(kPLUs)}});
     TARVO_INTENTAR(almacenes_.descontarFilas(filas, -s.stkADO));
     TARVO_INTENTAR(db_.ejecutar(u"UPDATE Sustituidos SET stkADO=0 WHERE ID=?", s.ID));
   }
@@ -134,8 +129,9 @@ Resultado<bool> Periodos::DescontarPeriodo(const Columna& c, int veces) {
 Resultado<> Periodos::olvidarSustituidosEn(const Periodo& mayor) {
   if (mayor.tipo < kSemanal || mayor.tipo > kAnual) return {};
   TARVO_INTENTAR(db_.ejecutar(
-      QStringLiteral("UPDATE Sustituidos SET %1=0 WHERE FECHA1>=? AND FECHAF<=? AND %1<>0")
-          .arg(marcaAcum(mayor.tipo)),
+      dao::conMarcas(
+          u"UPDATE Sustituidos SET {marca}=0 WHERE FECHA1>=? AND FECHAF<=? AND {marca}<>0",
+          {{u"marca", marcaAcum(mayor.tipo)}}),
       mayor.desde, mayor.hasta));
   return limpiarSustituidos();
 }

@@ -1,9 +1,30 @@
-// tarvo-noches: simulated nights by seed.
+// tarvo-noches: simulated nights by seed. With --trafico A..B [--averias] a line for each seed that
+// tells two builds apart.
+#include <QCoreApplication>
+#include <cstdio>
+
 #include "noches/Mundo.h"
 #include "noches/Semillero.h"
+#include "noches/Trafico.h"
+
+namespace {
+
+using namespace tarvo::noches;
+
+int comparar(int argc, char** argv) {
+  const QCoreApplication app(argc, argv);
+  const QStringList args = QCoreApplication::arguments();
+  const QStringList rango = args.value(2).split(QStringLiteral(".."));
+  const bool averias = args.contains(QStringLiteral("--averias"));
+  for (quint64 s = rango.first().toULongLong(); s <= rango.last().toULongLong(); ++s)
+    std::puts(qPrintable(trafico(s, averias)));
+  return 0;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
-  using namespace tarvo::noches;
+  if (argc > 2 && QByteArrayView(argv[1]) == "--trafico") return comparar(argc, argv);
   return semillero(argc, argv, [](quint64 semilla, std::function<void(const QString&)> alTrazar) {
     const Veredicto v = correrSemilla(semilla, std::move(alTrazar));
     return Cosecha{v.diferencias, v.huella,

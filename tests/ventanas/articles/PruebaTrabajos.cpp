@@ -1,6 +1,10 @@
 // Jobs that a person does with the catalogue, by keys.
 
+#include <QDir>
+
 #include "Colmado.h"
+#include "articles/Lotes.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 
 namespace tarvo::prueba {
 
@@ -245,7 +249,9 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
   t.tecla(Qt::Key_Down);  // from the section to its department
   t.responder(u"Acepto"_s);
   t.tecla(Qt::Key_Delete);
-  EXPECT_EQ(t.textoModal, u"Va a borrar un departamento completo....\nBorrará también PLUs:  10");
+  EXPECT_EQ(t.textoModal,
+            u"Va a borrar un departamento completo....\nDepartamento 01  Fruta\nBorrará también "
+            u"PLUs:  10");
   EXPECT_EQ(t.leer(u"select NomDep from DEPTS"_s), u"Verdura");
   EXPECT_EQ(arbol->currentItem()->text(0), u"Verdura");
   EXPECT_EQ(t.leer(u"select count(*) from PLUSES where SECCION=1"_s), u"2");
@@ -260,18 +266,67 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
   EXPECT_EQ(t.leer(u"select count(*) from PLUSES where SECCION=1"_s), u"12");
   // A whole section asks with its counts; a "No" leaves all.
   arbol->setCurrentItem(arbol->topLevelItem(0));
-  t.responder(u"Cancelo"_s);
-  t.tecla(Qt::Key_Delete);
-  EXPECT_EQ(t.textoModal,
-            u"Va a borrar una sección completa....\nBorrará también PLUs:  12\nBorrará también "
-            u"Deptos. :  2\nBorrará también Grupos :  4");
-  // Nor does Return take it: there is no way back.
+  QString dicho;
+  const auto escribirNumero = [&](const QString& numero) {
+    v->activateWindow();
+    ASSERT_TRUE(t.activa(v));
+    arbol->setFocus();
+    t.alAbrirse([&dicho, numero](QWidget* w) {
+      dicho = w->findChild<QLabel*>()->text();
+      auto* campo = w->findChild<QLineEdit*>();
+      campo->setText(numero);
+      QTest::keyClick(campo, Qt::Key_Return);
+    });
+    t.tecla(Qt::Key_Delete);
+  };
+  escribirNumero({});  // as Return alone does
+  EXPECT_EQ(dicho,
+            u"Va a borrar una sección completa....\nSección 001  SECCIÓN ÚNICA\nBorrará también "
+            u"PLUs:  10\nBorrará también Deptos. :  2\nBorrará también Grupos :  4\nAdemás: 0 "
+            u"máquinas, 0 ofertas, existencias de 0 artículos y 0 cambios de precio "
+            u"guardados.\nPara borrarla, escriba el número de la sección:");
+  escribirNumero(u"2"_s);
+  EXPECT_EQ(t.leer(u"select count(*) from SECCS"_s), u"2");
+  // The right number takes it, with a copy of all; it comes back whole.
+  escribirNumero(u"1"_s);
+  EXPECT_EQ(t.leer(u"select NMSECC from SECCS"_s), u"2");
+  const QDir carpeta(t.ajustes.HomeDir);
+  EXPECT_EQ(carpeta.entryList({u"ANTES-DE-BORRAR-SECCION-001-*.MDB"_s}).size(), 1);
   v->activateWindow();
   ASSERT_TRUE(t.activa(v));
   arbol->setFocus();
-  t.alAbrirse([](QWidget* w) { QTest::keyClick(w->focusWidget(), Qt::Key_Return); });
-  t.tecla(Qt::Key_Delete);
-  EXPECT_EQ(t.leer(u"select count(*) from SECCS"_s), u"2");
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.leer(u"select NMSECC from SECCS order by 1"_s), u"1 | 2");
+  EXPECT_EQ(t.leer(u"select count(*) from PLUSES where SECCION=1"_s), u"12");
+  EXPECT_EQ(t.leer(u"select CODGPO from GRUPOS order by 1"_s), u"1 | 2 | 3 | 4");
+}
+
+// Work of another window that was cut off: the list says it first, and takes it back or takes it as
+// it stands; until then it stays, whoever closes the list.
+TEST(Trabajos, LoQueSeCortoSeDiceYSeResuelve) {
+  for (const bool deshacer : {true, false}) {
+    Colmado t;
+    articles::Lotes lotes(*t.db, t.catalogo, t.reloj);
+    const qint64 lote = bien(lotes.empezar(u"ImpPLU"_s));
+    bien(lotes.guardar(lote, {1, 10}));
+    t.sql(u"update PLUSES set PRECIO_00=1 where SECCION=1 and CODPLU=10"_s);
+    const auto amedias = [&] { return t.leer(u"select ACABADO from LoteArticulos"_s); };
+    auto* v = t.abrir(u"BrowPLUs"_s, {{u"seccion"_s, 1}});
+    EXPECT_TRUE(v->tira().texto().contains(u"se cortó")) << v->tira().texto().toStdString();
+    EXPECT_TRUE(v->descargar());
+    EXPECT_EQ(amedias(), u"0");
+    v = t.abrir(u"BrowPLUs"_s, {{u"seccion"_s, 1}});
+    t.alAbrirse([&t, deshacer](QWidget* w) {
+      if (!deshacer) t.responder(u"Acepto"_s);  // to the second question
+      w->findChild<QPushButton*>(deshacer ? u"Acepto"_s : u"Cancelo"_s)->click();
+    });
+    t.lista(v).setFocus();
+    t.tecla(Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_TRUE(esperar([&] { return !v->trabajo().enMarcha(); }));
+    EXPECT_EQ(t.leer(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s),
+              deshacer ? u"100" : u"1");
+    EXPECT_EQ(amedias(), deshacer ? u"" : u"1");
+  }
 }
 
 TEST(Trabajos, UnaSeccionCopiadaYSuNombre) {

@@ -37,7 +37,9 @@ TEST_F(CapturasComm, Llenas) {
   for (int n = 0; n < 40; ++n) gestor->NuevaTarea(1 + n % 12, true, 0, 9999999, 17 + n % 4);
   pasar(30000);
   ASSERT_GT(gestor->CuantosQuedan().fallidas, 3);
-  // With the channels closed the window can go between two pictures.
+  // With the channels closed, and somebody who answers for what waits, the window can go between
+  // two pictures.
+  gestor->VigilaProcesos(0, false, this);
   gestor->CambioAModo(false);
   gestor->cerrar([] {});
   pasar(2000);

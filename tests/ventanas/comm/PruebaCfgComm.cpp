@@ -60,6 +60,30 @@ TEST_F(Configuracion, LineaDeUnCanal) {
   EXPECT_EQ(enFichero(u"Device(2)"_s), u"2");
 }
 
+// A speed set by hand in the file, which the list doesn't offer, is shown and kept.
+TEST_F(Configuracion, UnaVelocidadFueraDeLaListaSeConserva) {
+  ajustes->canales[1].RS232 = u"38400,N,8,1"_s;
+  abrir(u"CfgComm"_s);
+  luego([&](QWidget* d) {
+    EXPECT_EQ(d->findChild<QComboBox*>(u"Baudios"_s)->currentText(), u"38400");
+    QTest::keyClick(d->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
+  });
+  pulsar(u"RS232_2"_s);
+  EXPECT_EQ(en<QLabel>(u"linea2"_s)->text(), u"38400,N,8,1");
+}
+
+TEST_F(Configuracion, ValoresDeFabrica) {
+  ajustes->TimeOut = 1;
+  ajustes->IntentosManual = 99;
+  abrir(u"CfgComm"_s);
+  pulsar(u"DeFabrica"_s);
+  EXPECT_EQ(en<QLineEdit>(u"TimeOut"_s)->text(), u"10000");
+  EXPECT_EQ(ajustes->TimeOut, 1);  // not before it is accepted
+  pulsar(u"Acepto"_s);
+  EXPECT_EQ(ajustes->TimeOut, 10000);
+  EXPECT_EQ(ajustes->IntentosManual, 0);
+}
+
 // A channel that is put to use works at once; one that is taken out of it stops.
 TEST_F(Configuracion, ElMotorSigueElUso) {
   abrir(u"CfgComm"_s);
@@ -74,7 +98,7 @@ TEST_F(Configuracion, ElMotorSigueElUso) {
 }
 
 TEST_F(Configuracion, LoMaloNoSeGuarda) {
-  for (const char16_t* malo : {u"", u"diez", u"1,5", u"-3"}) {
+  for (const char16_t* malo : {u"", u"diez", u"1,5", u"-3", u"0", u"950400000"}) {
     abrir(u"CfgComm"_s);
     escribir(en<QLineEdit>(u"TimeACK"_s), u"x"_s);
     en<QLineEdit>(u"TimeACK"_s)->setText(QString::fromUtf16(malo));

@@ -119,7 +119,10 @@ TEST_F(VentanaEstado, LoQueNoSeEnvioSeQuedaALaVista) {
   gestor->NuevaTarea(2, false, 0, 9999999, kEnvio);
   ASSERT_TRUE(correr());
   pasar(3000);
-  EXPECT_FALSE(escritorio.ventanas().cargada(u"gestcomm"_s) && cola()->filas() > 0);
+  ASSERT_EQ(cola()->filas(), 2);
+  EXPECT_TRUE(celda(1, u"Problema").startsWith(u"Grupo 2: artículos enviados"));
+  gestor->TerminaCuandoPuedas();
+  EXPECT_TRUE(hasta([&] { return !escritorio.ventanas().cargada(u"gestcomm"_s); }, 5));
 }
 
 TEST_F(VentanaEstado, DesdeLaVentanaDeComunicaciones) {

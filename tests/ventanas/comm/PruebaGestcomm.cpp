@@ -41,12 +41,16 @@ TEST_F(Gestcomm, RecibeTotalesDeDosGrupos) {
   ASSERT_EQ(cola()->filas(), 2);
   EXPECT_EQ(celda(0, u"Tarea"), u"001");
   EXPECT_EQ(celda(1, u"Destino"), u"Gran Total, grupo 0002");
-  EXPECT_EQ(celda(1, u"Estado"), u"En espera de ser procesado");
+  EXPECT_EQ(celda(1, u"Estado"), u"Terminado");
   EXPECT_FALSE(control<QMenu>(u"MnSes"_s)->menuAction()->isEnabled());
   ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Transfiriendo datos"; }));
   auto* panel = control<QFrame>(u"PanelCanal1"_s);
   EXPECT_EQ(panel->findChild<QLabel*>(u"lbtar"_s)->text(), u"001");
-  ASSERT_TRUE(hasta([&] { return cola()->filas() == 0; }));
+  ASSERT_TRUE(hasta([&] { return gestor->CuantosQuedan().total == 0; }));
+  pasar(150);
+  // What is done stays in sight, with what it brought.
+  EXPECT_EQ(celda(0, u"Estado"), u"Terminado");
+  EXPECT_EQ(celda(0, u"Problema"), u"Con ventas: 1. Importe: 5,00.");
   EXPECT_EQ(bandeja(1, 17), u"1:1/250/500/0");
   EXPECT_EQ(bandeja(2, 17), u"2:1/250/1000/0");
   pasar(1500);
@@ -61,9 +65,9 @@ TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   auto* v = abrir(u"gestcomm"_s);
   for (const int g : {1, 2}) gestor->NuevaTarea(g, true, 0, 9999999, 17);
   ASSERT_TRUE(hasta([&] {
-    return cola()->filas() == 1 && celda(0, u"Estado") == u"Interrumpido por algún problema";
+    return cola()->filas() == 2 && celda(1, u"Estado") == u"Interrumpido por algún problema";
   }));
-  EXPECT_EQ(celda(0, u"Problema"), u"Una trama VEK no ha tenido respuesta ACK");
+  EXPECT_EQ(celda(1, u"Problema"), u"Una trama VEK no ha tenido respuesta ACK");
   EXPECT_EQ(control<QLabel>(u"LblProblema"_s)->text(),
             u"Tarea 002: Una trama VEK no ha tenido respuesta ACK");
   EXPECT_FALSE(accion(u"RunP"_s)->isEnabled());
@@ -86,16 +90,65 @@ TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   const auto antes = oidas(2).size();
   QTest::keyClick(v, Qt::Key_F6);
   pasar(150);
-  EXPECT_EQ(celda(0, u"Estado"), u"Transfiriendo datos");
-  ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Interrumpido por algún problema"; }));
+  EXPECT_EQ(celda(1, u"Estado"), u"Transfiriendo datos");
+  ASSERT_TRUE(hasta([&] { return celda(1, u"Estado") == u"Interrumpido por algún problema"; }));
   EXPECT_EQ(gestor->tareas().front().FallosTrama, 2);
   EXPECT_EQ(oidas(2).size(), antes);
   QTest::keyClick(v, Qt::Key_Delete);
   pasar(150);
-  EXPECT_EQ(cola()->filas(), 0);
+  EXPECT_EQ(cola()->filas(), 1);
+  EXPECT_EQ(v->tira().texto(), u"Tarea 002 quitada. Ctrl+Z la devuelve a la cola.");
+  EXPECT_FALSE(accion(u"TodoP"_s)->isEnabled());
   EXPECT_EQ(bandeja(2, 17), u"");
+  QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
+  pasar(150);
+  ASSERT_EQ(cola()->filas(), 2);
+  EXPECT_EQ(celda(1, u"Tarea"), u"002");
+  EXPECT_FALSE(accion(u"ReponP"_s)->isEnabled());
   QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier);
   EXPECT_TRUE(gestor->ModoAutomatico());
+  ASSERT_TRUE(hasta([&] { return accion(u"TodoP"_s)->isEnabled(); }));
+  maquina(2).percances().cambiar({});
+  QTest::keyClick(v, Qt::Key_R, Qt::ControlModifier);
+  EXPECT_EQ(v->tira().texto(), u"1 tarea se intenta de nuevo.");
+  ASSERT_TRUE(hasta([&] { return gestor->CuantosQuedan().total == 0; }, 5));
+  EXPECT_NE(bandeja(2, 17), u"");
+}
+
+// What waits or has failed goes on behind a closed window, and is lost with the program: it is
+// named.
+TEST_F(Gestcomm, AlCerrarSeNombraLoQueQueda) {
+  dosGrupos();
+  auto* v = abrir(u"gestcomm"_s);
+  gestor->CambioAModo(false);
+  encolar(1, 17);
+  encolar(2, 18);
+  const auto cerrar = [&] { v->descargar(); };
+  EXPECT_EQ(caja(cerrar, u"Cancelo"_s),
+            u"Quedan 2 tareas sin hacer:\n001  Gran Total, grupo 0001: En espera de ser procesado\n"
+            u"002  Tot. Operadores, grupo 0002: En espera de ser procesado\n\n"
+            u"Si cierra sólo esta ventana siguen su curso; si sale del programa se pierden. "
+            u"¿Cierra de todos modos?");
+  EXPECT_TRUE(v->isVisible());
+  caja(cerrar);
+  EXPECT_FALSE(escritorio.ventanas().cargada(u"gestcomm"_s));
+  ASSERT_TRUE(correr(1));
+  EXPECT_NE(bandeja(1, 17), u"");
+}
+
+// A lost link with nobody watching: the command that the window names opens it at once.
+TEST_F(Gestcomm, SeguirAbreElEnlacePerdido) {
+  dosGrupos();
+  ajustes->IntentosManual = 0;
+  fallo(1, {.averia = Averia::CierreLimpio, .trama = 3});
+  auto* v = abrir(u"gestcomm"_s);
+  encolar(1, 18);
+  ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Interrumpido por algún problema"; }, 5));
+  EXPECT_EQ(celda(0, u"Problema"), u"Se ha cortado la línea mientras se usaba");
+  QTest::keyClick(v, Qt::Key_M, Qt::ControlModifier);
+  QTest::keyClick(v, Qt::Key_F6);
+  EXPECT_FALSE(v->tira().isVisible());
+  ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Terminado"; }, 5));
 }
 
 TEST_F(Gestcomm, RetenerSoltarYPararEnManual) {
@@ -134,7 +187,7 @@ TEST_F(Gestcomm, CerrarEnMitadSeNiegaYNoMolesta) {
   EXPECT_EQ(dicho, u"No podrá cerrar esta ventana mientras haya procesos en curso");
   EXPECT_TRUE(v->isVisible());
   EXPECT_EQ(gestor->tareas().front().Estado, 3);
-  ASSERT_TRUE(hasta([&] { return cola()->filas() == 0; }));
+  ASSERT_TRUE(hasta([&] { return gestor->CuantosQuedan().total == 0; }));
   EXPECT_TRUE(bandeja(1, 18).startsWith(u"1:1/0/500/0 2:0/"));
   EXPECT_EQ(filas(u"SELECT COUNT(*) FROM GRUPOS"_s), u"2");
 }
@@ -143,11 +196,11 @@ TEST_F(Gestcomm, CerrarEnMitadSeNiegaYNoMolesta) {
 TEST_F(Gestcomm, SeVaCuandoCierraElUltimoCanal) {
   dosGrupos();
   auto* v = abrir(u"gestcomm"_s);
+  lenta(1, 1);
   gestor->NuevaTarea(1, true, 0, 9999999, 17);
-  ASSERT_TRUE(hasta([&] {
-    const auto c = gestor->canales().front().EstadoCanal;
-    return gestor->puedeCerrar() && c != 3;
-  }));
+  ASSERT_TRUE(hasta([&] { return !gestor->puedeCerrar(); }));
+  fabrica.mudos = true;  // its closing takes its time
+  ASSERT_TRUE(hasta([&] { return gestor->puedeCerrar(); }));
   EXPECT_FALSE(v->descargar());
   EXPECT_FALSE(v->isVisible());
   ASSERT_TRUE(hasta([&] { return !escritorio.ventanas().cargada(u"gestcomm"_s); }));
@@ -187,6 +240,51 @@ TEST_F(Gestcomm, MenusSegunGruposYQuienSabe) {
   EXPECT_TRUE(accion(u"MnTxTec"_s)->isEnabled());
 }
 
+// A wipe and a zeroing say what goes and wait for a yes, by whatever way and with one group too.
+TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
+  grupo(1, 1, u"cable 1"_s);
+  vender(1, 10, 1500, 250);
+  articulo(10);
+  valor(db->ejecutar(u"INSERT INTO Enviados (GRUPO, SECCION, CODPLU) VALUES (1, 1, 10)"));
+  abrir(u"gestcomm"_s);
+  encolar(1, 17);
+  ASSERT_TRUE(hasta([&] { return cola()->filas() == 0 && sesion->estado() == 2; }));
+  gestor->CambioAModo(false);
+  const auto responder = [&](const QString& boton, const std::function<void()>& hacer) {
+    QString dicho;
+    luego([&](QWidget* w) {
+      auto* titulo = w->findChild<QLabel*>(u"Mensaje"_s);
+      if (titulo) dicho = titulo->text();
+      auto* cancelo = w->findChild<QPushButton*>(u"Cancelo"_s);
+      ASSERT_TRUE(cancelo);
+      EXPECT_TRUE(cancelo->isDefault());
+      if (boton.isEmpty()) return QTest::keyClick(w, Qt::Key_Return);
+      QTest::mouseClick(w->findChild<QPushButton*>(boton), Qt::LeftButton);
+    });
+    hacer();
+    return dicho;
+  };
+  const auto borrar = [&] { accion(u"MnBorr"_s)->trigger(); };
+  const QString alBorrar = responder({}, borrar);
+  EXPECT_TRUE(alBorrar.contains(u"0001 G: 1 artículo;")) << alBorrar.toStdString();
+  EXPECT_TRUE(alBorrar.contains(u"15,00")) << alBorrar.toStdString();
+  EXPECT_EQ(gestor->CuantosQuedan().total, 0);
+  responder(u"Acepto"_s, borrar);
+  EXPECT_EQ(gestor->CuantosQuedan().total, 1);
+  gestor->terminator();
+  // The same from the dialog, which stays when one thinks again.
+  auto* v = abrir(u"GrpDlg"_s, {{u"clase"_s, 6}, {u"modo"_s, 2}});
+  const auto cero = [&] {
+    QTest::keyClick(v->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
+    QCoreApplication::processEvents();
+  };
+  EXPECT_TRUE(responder({}, cero).contains(u"a cero"));
+  EXPECT_TRUE(v->isVisible());
+  EXPECT_EQ(gestor->CuantosQuedan().total, 0);
+  responder(u"Acepto"_s, cero);
+  EXPECT_EQ(gestor->CuantosQuedan().total, 1);
+}
+
 TEST_F(Gestcomm, LasSesiones) {
   dosGrupos();
   abrir(u"gestcomm"_s);
@@ -196,8 +294,18 @@ TEST_F(Gestcomm, LasSesiones) {
   accion(u"MnCanSs"_s)->trigger();
   EXPECT_EQ(sesion->estado(), 0);
   encolar(1, 17);
-  ASSERT_TRUE(hasta([&] { return cola()->filas() == 0 && sesion->estado() == 2; }));
+  ASSERT_TRUE(hasta([&] { return gestor->CuantosQuedan().total == 0 && sesion->estado() == 2; }));
   pasar(200);
+  // The picture closes it by a double click, not by one that went astray.
+  escritorio.ventanas().registrar(u"CerrSes"_s, [](ventanas::Contexto& c, const QString& n) {
+    return new ventanas::Ventana(c, n);
+  });
+  auto* llena = control<QToolButton>(u"ImgLlena"_s);
+  QTest::mouseClick(llena, Qt::LeftButton);
+  EXPECT_EQ(abiertas.back(), u"gestcomm");
+  QTest::mouseDClick(llena, Qt::LeftButton);
+  EXPECT_EQ(abiertas.back(), u"CerrSes");
+  escritorio.ventanas().descargar(u"CerrSes"_s);
   const auto olvidar = [&] { accion(u"MnCanSs"_s)->trigger(); };
   EXPECT_EQ(caja(olvidar, u"Cancelo"_s), u"Los datos recibidos serán DEFINITIVAMENTE olvidados");
   EXPECT_EQ(sesion->estado(), 2);

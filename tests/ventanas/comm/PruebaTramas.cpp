@@ -3,6 +3,7 @@
 #include "Puesto.h"
 #include "comm/enlace/LecturaTrama.h"
 #include "comm/tramas/Trama.h"
+#include "comm/ventanas/NombresTramas.h"
 
 namespace tarvo::prueba {
 
@@ -19,6 +20,12 @@ struct Tramas : Puesto {
     return campos.join(u'|');
   }
 };
+
+TEST_F(Tramas, TodasLasPreguntasTienenNombre) {
+  for (const int codigo : {300, 400, 410, 420, 440, 570})
+    EXPECT_NE(comm::nombreTrama(false, codigo), 0);
+  EXPECT_EQ(textos(comm::nombreTrama(true, 72)), u"Balanzas conectadas");
+}
 
 TEST_F(Tramas, SigueUnaTareaCopiaYDescansa) {
   for (const int g : {1, 2}) {
@@ -45,6 +52,7 @@ TEST_F(Tramas, SigueUnaTareaCopiaYDescansa) {
   auto* que = control<QComboBox>(u"Que"_s, u"VerTramas"_s);
   que->setCurrentIndex(que->findData(1));
   Q_EMIT que->activated(que->currentIndex());
+  encolar(2, 17);
   ASSERT_TRUE(hasta([&] { return lista()->filas() >= 4; }));
   EXPECT_TRUE(fila(0).startsWith(u"Sale|NODAL||64|Gran total||Bien")) << fila(0).toStdString();
   auto* pausa = control<QAction>(u"Pausa"_s, u"VerTramas"_s);

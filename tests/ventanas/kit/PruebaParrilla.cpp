@@ -334,4 +334,35 @@ TEST(Parrilla, LasFilasVivasCambianSolas) {
   EXPECT_TRUE(l.p.filasElegidas().empty());
 }
 
+// A filter that leaves few of many rows, and takes them all back: what is chosen stays, and the
+// view hears of it in a handful of steps, each of which makes it count all rows.
+TEST(Parrilla, MuchasFilasVivasVanYVienen) {
+  Lista l(0);
+  l.p.preparar(l.contexto(), u"Vivas"_s,
+               {{.titulo = 9916, .campo = u"ID"_s, .clase = Clase::Codigo, .cifras = 3}});
+  ModeloVivo& m = l.p.vivas();
+  const auto cada = [](int paso, int valor) {
+    std::vector<FilaViva> filas;
+    for (int i = 0; i < 20'000; i += paso) filas.push_back({i, {dao::Valor(i + valor)}});
+    return filas;
+  };
+  m.poner(cada(1, 0));
+  l.p.elegir({7, 14});
+  int pasos = 0;
+  const auto contar = [&] { ++pasos; };
+  QObject::connect(&m, &QAbstractItemModel::rowsRemoved, contar);
+  QObject::connect(&m, &QAbstractItemModel::rowsInserted, contar);
+  QObject::connect(&m, &QAbstractItemModel::dataChanged, contar);
+  QObject::connect(&m, &ModeloParrilla::recuento, contar);
+  m.poner(cada(7, 1));
+  EXPECT_EQ(l.p.filas(), 2858);
+  EXPECT_EQ(l.p.filasElegidas(), (std::vector<int>{1, 2}));
+  EXPECT_EQ(l.p.valor(1, u"ID"), dao::Valor(8));
+  m.poner(cada(1, 0));
+  EXPECT_EQ(l.p.filas(), 20'000);
+  EXPECT_EQ(l.p.filasElegidas(), (std::vector<int>{7, 14}));
+  EXPECT_EQ(m.filaDe(13), 13);
+  EXPECT_LE(pasos, 6);
+}
+
 }  // namespace tarvo::prueba

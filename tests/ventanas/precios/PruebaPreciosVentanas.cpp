@@ -1,4 +1,5 @@
 #include "Mostrador.h"
+#include "articles/precios/CambioLote.h"
 #include "capturas/Capturas.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 
@@ -92,7 +93,7 @@ TEST(VentanaLote, ParadoNoDejaNada) {
   Mostrador m;
   auto muchos = dao::Transaccion::empezar(*m.db);
   ASSERT_TRUE(muchos);
-  for (int i = 100; i < 1'600; ++i)
+  for (int i = 100; i < 6'100; ++i)
     m.sql(
         u"insert into PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00) values (1, ?, 'A', 1, 100)"_s,
         i);
@@ -110,16 +111,16 @@ TEST(VentanaLote, ParadoNoDejaNada) {
   };
   lanzar();
   ASSERT_TRUE(esperar([&] { return subidos() > 100; }));
-  EXPECT_LT(subidos(), 1'400);
+  EXPECT_LT(subidos(), 5'900);
   QTest::keyClick(v, Qt::Key_Escape);
   ASSERT_TRUE(esperar([&] { return subidos() == 0 && !v->trabajo().enMarcha(); }));
   EXPECT_EQ(v->tira().texto(), m.textos(4599));
   EXPECT_FALSE(v->findChild<QPushButton*>(u"Deshacer"_s)->isEnabled());
 
   lanzar();
-  ASSERT_TRUE(esperar([&] { return subidos() == 1'500 && !v->trabajo().enMarcha(); }));
+  ASSERT_TRUE(esperar([&] { return subidos() == 6'000 && !v->trabajo().enMarcha(); }));
   m.boton(v, u"Deshacer"_s);
-  ASSERT_TRUE(esperar([&] { return subidos() < 1'400; }));
+  ASSERT_TRUE(esperar([&] { return subidos() < 5'900; }));
   QTest::keyClick(v, Qt::Key_Escape);
   const int quedan = subidos();
   EXPECT_GT(quedan, 0);
@@ -130,8 +131,40 @@ TEST(VentanaLote, ParadoNoDejaNada) {
 
   lanzar();
   ASSERT_TRUE(esperar([&] { return subidos() > 100; }));
+  // Whoever closes it is asked, and stays unless he says so.
+  m.responder(u"Cancelo"_s);
+  EXPECT_FALSE(v->descargar());
+  EXPECT_EQ(m.textoModal, m.textos(12010));
+  ASSERT_TRUE(v->trabajo().enMarcha());
+  m.responder(u"Acepto"_s);
   EXPECT_TRUE(v->descargar());
   EXPECT_EQ(subidos(), 0);
+}
+
+// A change that was cut off is said, and finished from here.
+TEST(VentanaLote, LoQueSeCortoSeTermina) {
+  Mostrador m;
+  for (int i = 100; i < 800; ++i)
+    m.sql(
+        u"insert into PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00) values (1, ?, 'A', 1, 100)"_s,
+        i);
+  articles::Lotes lotes(*m.db, m.catalogo, m.reloj);
+  precios::CambioLote motor(*m.db, m.catalogo, lotes, m.textos);
+  std::vector<articles::ClaveArticulo> claves;
+  for (int i = 100; i < 800; ++i) claves.push_back({1, i});
+  const auto cortada = motor.empezar(
+      claves, *precios::SubePrecios::de(1000, 1, precios::Redondeo::MasProximo, {}, {}),
+      u"CambioLote"_s);
+  while (cortada->hecho().cambiados == 0) ASSERT_TRUE(bien(cortada->paso()));
+  auto* v = m.abrir(u"CambioLote"_s, {{u"seccion"_s, 1}});
+  EXPECT_TRUE(v->tira().texto().contains(u"a medias")) << v->tira().texto().toStdString();
+  auto* terminar = v->findChild<QPushButton*>(u"Terminar"_s);
+  ASSERT_TRUE(terminar->isVisible());
+  terminar->click();
+  ASSERT_TRUE(esperar([&] { return !v->trabajo().enMarcha(); }));
+  EXPECT_EQ(m.leer(u"select count(*) from PLUSES where PRECIO_00=110"_s), u"700");
+  EXPECT_FALSE(terminar->isVisible());
+  EXPECT_EQ(m.leer(u"select ACABADO from LoteArticulos"_s), u"1");
 }
 
 TEST(VentanaLote, LosArticulosElegidosCambianDeDepartamento) {

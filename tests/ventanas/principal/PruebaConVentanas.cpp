@@ -1,4 +1,7 @@
 // The program with windows as a process, on a screen that isn't there.
+#include <QTest>
+#include <functional>
+
 #include "app/Programa.h"
 #include "core/dao/Database.h"
 
@@ -78,6 +81,132 @@ TEST_F(ConVentanas, UnaSenalCierraLaPreguntaAbierta) {
   ASSERT_TRUE(avisar(p, SIGTERM));
   const Fin fin = acabar(p);
   EXPECT_EQ(fin.estado, 2) << fin.errores.toStdString();
+}
+
+// --- a night and windows on one database ---------------------------------------------------------
+
+// The window that is open, as a process.
+struct Abierta {
+  QProcess p;
+  ~Abierta() {
+    if (p.state() == QProcess::NotRunning) return;
+    p.kill();
+    p.waitForFinished();
+  }
+};
+
+class Juntos : public ConVentanas {
+ protected:
+  void abrirVentanas(QProcess& p) {
+    arrancar(p, {u"--carpeta"_s, dir.path()});
+    ASSERT_TRUE(hasta([&] { return QFile::exists(en(u"TARVO.SCK"_s)); }));
+  }
+  static bool hasta(const std::function<bool()>& condicion, int ms = 20'000) {
+    QElapsedTimer desde;
+    desde.start();
+    while (!condicion() && desde.elapsed() < ms) QTest::qWait(20);
+    return condicion();
+  }
+  qint64 ejecuciones() const { return base()->uno(u"SELECT count(*) FROM Ejecuciones")->entero(); }
+};
+
+// A night of cron while a window was left open runs in it: its lines, its result and its exit
+// status come back to who started it.
+TEST_F(Juntos, LaNocheCorreEnLaVentanaAbierta) {
+  poner(u"BIEN.AUT"_s, "N:nada\r\n");
+  poner(u"MAL.AUT"_s, "N:%1,Grupo\r\nT:RXGRTOT,%1\r\n");
+  Abierta abierta;
+  abrirVentanas(abierta.p);
+  const Fin bien = correrAqui({u"--sin-ventana"_s, u"BIEN"_s});
+  EXPECT_EQ(bien.estado, 0) << bien.errores.toStdString();
+  EXPECT_TRUE(bien.salida.contains(u"Ejecución finalizada")) << bien.salida.toStdString();
+  EXPECT_TRUE(ver(u"BIEN.TZA"_s).contains("finalizada"));
+  const Fin mal = correrAqui({u"--sin-ventana"_s, u"--dato"_s, u"%1=99"_s, u"MAL"_s});
+  EXPECT_EQ(mal.estado, 1) << mal.errores.toStdString();
+  EXPECT_TRUE(mal.salida.contains(u"Grupo de destino no existe")) << mal.salida.toStdString();
+  // Nobody is asked there what the command line should have answered.
+  const Fin sinDato = correrAqui({u"--sin-ventana"_s, u"MAL"_s});
+  EXPECT_EQ(sinDato.estado, 2);
+  EXPECT_TRUE(sinDato.errores.contains(u"%1")) << sinDato.errores.toStdString();
+  EXPECT_EQ(correrAqui({u"BIEN"_s}).estado, 0);
+  EXPECT_EQ(ejecuciones(), 4);
+  EXPECT_EQ(abierta.p.state(), QProcess::Running);
+}
+
+// Stopping it there stops it here; what dies in the window is gone on with outside.
+TEST_F(Juntos, LaNochePasaDeUnoAOtro) {
+  poner(u"LARGO.AUT"_s, QByteArray("P:LIMPIAR\r\n").repeated(12));
+  Abierta abierta;
+  abrirVentanas(abierta.p);
+  {
+    QProcess noche;
+    QByteArray salida;
+    arrancar(noche, {u"--carpeta"_s, dir.path(), u"--sin-ventana"_s, u"LARGO"_s});
+    ASSERT_TRUE(esperar(noche, "iniciada", salida));
+    ASSERT_TRUE(avisar(noche, SIGTERM));
+    EXPECT_EQ(acabar(noche).estado, 2);
+    EXPECT_TRUE(ver(u"LARGO.TZA"_s).contains("interrumpida"));
+  }
+  QProcess noche;
+  QByteArray salida;
+  arrancar(noche, {u"--carpeta"_s, dir.path(), u"--sin-ventana"_s, u"LARGO"_s});
+  ASSERT_TRUE(esperar(noche, "Se reanuda", salida));
+  abierta.p.kill();
+  abierta.p.waitForFinished();
+  const Fin fin = acabar(noche);
+  EXPECT_EQ(fin.estado, 0) << fin.errores.toStdString();
+  EXPECT_TRUE(fin.salida.contains(u"finalizada"));
+  EXPECT_EQ(ver(u"LARGO.TZA"_s).count("Se reanuda"), 2);
+  EXPECT_EQ(ejecuciones(), 1);
+}
+
+// With a timetable at work windows open; what comes due meanwhile runs in them, in its own trace.
+TEST_F(Juntos, ElHorarioCorreEnLaVentanaAbierta) {
+  const QByteArray hora = QTime::currentTime().addSecs(8).toString(u"hh:mm:ss"_s).toLatin1();
+  poner(u"TIENDA.CRO"_s, hora + ";Sí,Sí,Sí,Sí,Sí,Sí,Sí;NOCHE\r\n");
+  poner(u"NOCHE.AUT"_s, "N:nada\r\n");
+  QProcess horario;
+  QByteArray salida;
+  arrancar(horario, {u"--carpeta"_s, dir.path(), u"--sin-ventana"_s, u"TIENDA.CRO"_s});
+  ASSERT_TRUE(esperar(horario, "en marcha", salida));
+  Abierta abierta;
+  abrirVentanas(abierta.p);
+  EXPECT_TRUE(esperar(horario, "finalizada", salida)) << salida.toStdString();
+  EXPECT_TRUE(ver(u"TIENDA.TZC"_s).contains("finalizada"));
+  EXPECT_EQ(ejecuciones(), 1);
+  ASSERT_TRUE(avisar(horario, SIGTERM));
+  EXPECT_EQ(acabar(horario).estado, 2);
+}
+
+// Without windows the timetable has the database only while something runs.
+TEST_F(Juntos, ElHorarioTomaLaBaseCuandoLeToca) {
+  const QByteArray hora = QTime::currentTime().addSecs(4).toString(u"hh:mm:ss"_s).toLatin1();
+  poner(u"TIENDA.CRO"_s, hora + ";Sí,Sí,Sí,Sí,Sí,Sí,Sí;LARGO\r\n");
+  poner(u"LARGO.AUT"_s, QByteArray("P:LIMPIAR\r\n").repeated(8));
+  QProcess horario;
+  QByteArray salida;
+  arrancar(horario, {u"--carpeta"_s, dir.path(), u"--sin-ventana"_s, u"TIENDA.CRO"_s});
+  ASSERT_TRUE(esperar(horario, "iniciada", salida)) << salida.toStdString();
+  const Fin cuadre = correrAqui({u"--cuadre"_s});
+  EXPECT_EQ(cuadre.estado, 4);
+  EXPECT_TRUE(esperar(horario, "finalizada", salida));
+  poner(u"V.AUT"_s, {});
+  EXPECT_TRUE(hasta(
+      [&] { return correrAqui({u"--sin-ventana"_s, u"--espera"_s, u"0"_s, u"V"_s}).estado == 0; }));
+  ASSERT_TRUE(avisar(horario, SIGTERM));
+  EXPECT_EQ(acabar(horario).estado, 2);
+}
+
+// A second start shows the first, and leaves.
+TEST_F(Juntos, UnSegundoInicioAlzaElPrimero) {
+  Abierta abierta;
+  abrirVentanas(abierta.p);
+  EXPECT_EQ(correrAqui({}).estado, 0);
+  EXPECT_EQ(correrAqui({u"--ventana"_s, u"PortalCnf"_s}).estado, 0);
+  EXPECT_EQ(abierta.p.state(), QProcess::Running);
+  ASSERT_TRUE(avisar(abierta.p, SIGTERM));
+  EXPECT_EQ(acabar(abierta.p).estado, 0);
+  EXPECT_FALSE(QFile::exists(en(u"TARVO.SCK"_s)));
 }
 
 }  // namespace

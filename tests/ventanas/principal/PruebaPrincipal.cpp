@@ -1,10 +1,15 @@
 // What a shop manager does in the main window in the morning.
+#include <QLabel>
+#include <QPushButton>
 #include <QStackedWidget>
+#include <QTcpServer>
+#include <QTimer>
 
 #include "Tienda.h"
 #include "automation/historia/Historial.h"
 #include "core/ventanas/marco/Captura.h"
 #include "core/ventanas/marco/Tira.h"
+#include "totals/libros/TablasLibros.h"
 
 namespace tarvo::prueba {
 
@@ -93,14 +98,29 @@ TEST(Principal, PanelesYSalida) {
   EXPECT_EQ(panel(), u"PanelPrincipal");
   QTest::mouseClick(v->findChild<QToolButton*>(u"Avanzados"_s), Qt::LeftButton);
   EXPECT_EQ(panel(), u"PanelAvanzado");
-  // Another window in front hides the panels; coming back shows the main one.
+  // Another window in front leaves the panels where they are, paler; coming back shows the main
+  // one.
   QTest::mouseClick(v->findChild<QToolButton*>(u"Configuracion"_s), Qt::LeftButton);
   Ventana* otra = t.todas().cargada(u"PortalCnf"_s);
   ASSERT_TRUE(otra);
-  EXPECT_TRUE(esperar([&] { return !paneles->isVisible(); }));
+  EXPECT_TRUE(QTest::qWaitForWindowActive(otra));
+  const auto tinta = [&] {
+    const QImage foto = v->findChild<QToolButton*>(u"Almacen"_s)->grab().toImage();
+    int oscuro = 255;
+    for (int y = 0; y < foto.height(); ++y)
+      for (int x = 0; x < foto.width(); ++x) oscuro = std::min(oscuro, qGray(foto.pixel(x, y)));
+    return oscuro;
+  };
+  EXPECT_TRUE(paneles->isVisible());
+  paneles->setCurrentIndex(0);
+  const int detras = tinta();
   QTest::keyClick(otra, Qt::Key_Escape);
-  EXPECT_TRUE(esperar([&] { return paneles->isVisible(); }));
-  EXPECT_EQ(panel(), u"PanelPrincipal");
+  EXPECT_TRUE(esperar([&] { return v->isActiveWindow() && panel() == u"PanelPrincipal"; }));
+  EXPECT_LT(tinta(), detras);
+  // One key too many for the other window doesn't end the program.
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_TRUE(v->isVisible());
+  QTest::qWait(1050);
   // Escape unloads on any panel.
   QTest::mouseClick(v->findChild<QToolButton*>(u"Almacen"_s), Qt::LeftButton);
   bool vacio = false;
@@ -108,6 +128,41 @@ TEST(Principal, PanelesYSalida) {
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_TRUE(vacio);
   EXPECT_TRUE(QFile::exists(t.carpeta.filePath(u"TARVO.INI"_s))) << "the settings are written";
+}
+
+// A key never leaves a collection behind unasked, and the safe answer is the first.
+TEST(Principal, EscapePreguntaPorLaBandeja) {
+  Tienda t;
+  auto* v = t.principal();
+  bien(totals::EstadoBase(*t.fondo->db).poner(u"SesionAbier"_s, 2));
+  bien(t.aplicacion.sesion().cargar());
+  ASSERT_EQ(t.aplicacion.sesion().estado(), 2);
+  QString dicho;
+  const auto escape = [&](Qt::Key respuesta) {
+    QTimer::singleShot(0, v, [&, respuesta] {
+      QWidget* caja = QApplication::activeModalWidget();
+      ASSERT_TRUE(caja);
+      dicho = caja->findChild<QLabel*>(u"Mensaje"_s)->text();
+      respuesta == Qt::Key_Return
+          ? QTest::keyClick(caja, Qt::Key_Return)
+          : QTest::mouseClick(caja->findChild<QPushButton*>(u"Acepto"_s), Qt::LeftButton);
+    });
+    QTest::keyClick(v, Qt::Key_Escape);
+  };
+  escape(Qt::Key_Return);
+  EXPECT_TRUE(dicho.contains(u"bandeja de entrada")) << dicho.toStdString();
+  EXPECT_TRUE(v->isVisible());
+  escape(Qt::Key_unknown);
+  EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
+}
+
+// The board says what is wrong with the start itself before anything else.
+TEST(Principal, LaMananaDiceLoQueFallaAlEmpezar) {
+  const QTemporaryDir otra;
+  Tienda t({}, "TimeACK= 0\r\nBaseDatos= " + QFile::encodeName(otra.filePath(u"X.MDB"_s)) + "\r\n");
+  auto* v = t.conManana();
+  EXPECT_TRUE(pieza(*v, u"Los datos están fuera de la carpeta"_s));
+  EXPECT_TRUE(pieza(*v, u"«TimeACK= 0»; vale 2000"_s));
 }
 
 TEST(Principal, NoSeCierraMientrasTransfiere) {
@@ -129,6 +184,47 @@ TEST(Principal, NoSeCierraMientrasTransfiere) {
   EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
   EXPECT_TRUE(t.todas().cargada(u"Cronos"_s)) << "a timetable survives the windows around it";
   EXPECT_EQ(t.todas().abiertas().size(), 1U);
+}
+
+// The engine works on behind its closed window: it is asked, and what waits is named.
+TEST(Principal, PreguntaAlMotorQueSigueSinSuVentana) {
+  Tienda t;
+  QTcpServer muda;
+  ASSERT_TRUE(muda.listen(QHostAddress::LocalHost));
+  t.fondo->ajustes.canales[0].Device = 3;
+  auto& motor = t.aplicacion.gestcomm();
+  motor.cambiaronCanales();
+  t.sql(
+      u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ADDR, remoto, TELEF) VALUES (71, 'G', 1, 1, 1, 3, ?)"_s,
+      u"127.0.0.1:%1"_s.arg(muda.serverPort()));
+  auto* v = t.principal();
+  ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, 17), 0);
+  ASSERT_TRUE(esperar([&] { return !motor.puedeCerrar(); }));
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_TRUE(v->isVisible());
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Hay comunicaciones en curso"));
+  motor.terminator();
+  ASSERT_TRUE(esperar([&] {
+    motor.terminator();
+    return motor.tareas().empty();
+  }));
+  motor.CambioAModo(false);
+  ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, 17), 0);
+  const auto salir = [v](const QString& boton) {
+    QString dicho;
+    QTimer::singleShot(50, qApp, [&dicho, boton] {
+      QWidget* caja = QApplication::activeModalWidget();
+      ASSERT_TRUE(caja);
+      dicho = caja->findChild<QLabel*>(u"Mensaje"_s)->text();
+      QTest::mouseClick(caja->findChild<QPushButton*>(boton), Qt::LeftButton);
+    });
+    v->descargar();
+    return dicho;
+  };
+  EXPECT_TRUE(salir(u"Cancelo"_s).contains(u"Gran Total, grupo 0071: En espera de ser procesado"));
+  EXPECT_TRUE(v->isVisible());
+  salir(u"Acepto"_s);
+  EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
 }
 
 // Those that receive from a machine are asked to stop, once, and waited for; the rest only goes

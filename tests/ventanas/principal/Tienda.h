@@ -33,7 +33,9 @@ class Suplente final : public ventanas::Ventana {
 
 struct Tienda {
   explicit Tienda(const QStringList& suplentes = {u"gestcomm"_s, u"VerTot"_s, u"CerrSes"_s,
-                                                  u"Automat"_s, u"Cronos"_s, u"VeoLog"_s}) {
+                                                  u"Automat"_s, u"Cronos"_s, u"VeoLog"_s},
+                  const QByteArray& susAjustes = {})
+      : ajustes(susAjustes) {
     bien(aplicacion.empezar());
     app::registrarVentanasPrincipal(todas(), aplicacion);
     for (const QString& nombre : suplentes)
@@ -69,11 +71,17 @@ struct Tienda {
   // A night that read group 1 and not group 2.
   void nocheMala();
 
+  QString carpetaConAjustes() {
+    if (!ajustes.isEmpty()) fichero(u"TARVO.INI"_s, ajustes);
+    return carpeta.path();
+  }
+
+  const QByteArray ajustes;
   QTemporaryDir carpeta;
   Textos textos = bien(Textos::leer(QStringLiteral(TARVO_DATOS "/textos/es.txt")));
   RelojReal reloj;
   std::unique_ptr<app::Fondo> fondo =
-      bien(app::Fondo::abrir(carpeta.path(), Idioma::Espanol, textos, reloj));
+      bien(app::Fondo::abrir(carpetaConAjustes(), Idioma::Espanol, textos, reloj));
   app::Datos datos{{}, textos};
   enlace::FabricaReal fabrica{reloj, fondo->ajustes};
   app::Aplicacion aplicacion{*fondo, reloj, fabrica, 1, datos};

@@ -28,6 +28,12 @@ void ponerMalas(ventanas::Parrilla& lista, const std::vector<LineaMala>& malas) 
   lista.vivas().poner(std::move(filas));
 }
 
+bool seguroDeCerrar(ventanas::Ventana& ventana, int texto) {
+  return ventanas::MyMsgBox::Decide(
+      &ventana, ventana.contexto().textos, ventana.t(texto),
+      ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
+}
+
 bool Deshacedor::hayUltimo() const {
   const auto ultimo = lotes_.ultimo(v_.nombre());
   return ultimo && *ultimo;
@@ -45,7 +51,13 @@ void Deshacedor::deshacerUltimo(std::function<void()> alAcabar) {
   const auto& t = v_.contexto().textos;
   const QString pregunta = v_.t(kTxConfirmarDeshacer, static_cast<int>((*ultimo)->articulos))
                                .arg((*ultimo)->cuando.general());
-  if (!ventanas::MyMsgBox::Decide(&v_, t, pregunta, ventanas::kAceptoCancelo)) return;
+  const auto aviso = lotes_.avisoDeVuelta((*ultimo)->numero);
+  if (!v_.haIdoBien(aviso)) return;
+  if (!ventanas::MyMsgBox::Decide(
+          &v_, t, *aviso ? **aviso : pregunta,
+          *aviso ? ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente
+                 : ventanas::kAceptoCancelo))
+    return;
   empezar((*ultimo)->numero, (*ultimo)->articulos, [this, alAcabar = std::move(alAcabar)] {
     alAcabar();
     const auto& hecho = vuelta_->hecho();

@@ -13,6 +13,9 @@ void prepararMalas(ventanas::Parrilla& lista, ventanas::Contexto& contexto, cons
 void ponerMalas(ventanas::Parrilla& lista, const std::vector<LineaMala>& malas);
 
 // Takes batches of a window back, as its work in slices, and says on its strip what came of it.
+// Asks before a window goes in the middle of its work; Cancelar is the answer that loses nothing.
+bool seguroDeCerrar(ventanas::Ventana& ventana, int texto);
+
 class Deshacedor {
  public:
   using AlDeshacer = std::function<Resultado<>(qint64 lote)>;

@@ -50,6 +50,7 @@ Resultado<> ImpPLUVentana::preparar(const ventanas::Argumentos& argumentos) {
 
 // What was read so far stays, and can be undone.
 bool ImpPLUVentana::QueryUnload() {
+  if (estado_ == kEnProceso && !seguroDeCerrar(*this, kTxCerrarYDejar)) return true;
   if (estado_ == kEnProceso) trabajo().parar();
   return !deshacedor_.acabarYa();
 }

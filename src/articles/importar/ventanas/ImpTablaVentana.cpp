@@ -79,6 +79,7 @@ Resultado<> ImpTablaVentana::llenarSecciones(int elegida) {
 
 // What is half applied is taken back before the window goes.
 bool ImpTablaVentana::QueryUnload() {
+  if (aplicando_ && !seguroDeCerrar(*this, kTxCerrarYVolver)) return true;
   if (aplicando_) trabajo().parar();
   if (!deshacedor_.acabarYa()) return true;
   aparte_.olvidar();

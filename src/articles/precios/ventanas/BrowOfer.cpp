@@ -129,11 +129,13 @@ Resultado<> BrowOfer::abrirLista() {
   return {};
 }
 
-// What is no date stays in its box, marked, and filters nothing.
+// What is no date stays in its box, marked, and the list stays as it was filtered.
 void BrowOfer::fechaCambiada(QLineEdit& caja, Dia& filtro) {
   const QString texto = caja.text().trimmed();
   const auto fecha = Fecha::leer(texto);
-  marcarFalta(caja, !fecha && !texto.isEmpty());
+  const bool mala = !fecha && !texto.isEmpty();
+  marcarFalta(caja, mala);
+  if (mala) return decirDuda(t(kTxFechaSinFiltrar).arg(texto));
   if (fecha) caja.setText(fecha->corta());
   const Dia dia = fecha ? Dia(fecha->dia()) : Dia();
   if (dia == std::exchange(filtro, dia)) return;

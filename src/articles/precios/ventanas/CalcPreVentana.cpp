@@ -126,7 +126,7 @@ void CalcPreVentana::ponerAjustes() {
 void CalcPreVentana::guardarAjustes() {
   auto& a = contexto().ajustes.calculoPrecios;
   a.a = calc_.modo() == ModoIva::Incluido;
-  a.b = static_cast<int>(std::min<qint64>(calc_.redondeo(), kMargenMayor));
+  a.b = static_cast<int>(calc_.redondeo());
   a.conSegundo = a.c = calc_.bloqueado().has_value();
   a.d = 0;
   if (calc_.bloqueado()) {

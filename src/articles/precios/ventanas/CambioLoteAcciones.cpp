@@ -25,7 +25,21 @@ void CambioLoteVentana::aplicar() {
 
 void CambioLoteVentana::aplicarYa(std::vector<ClaveArticulo> claves, const OrdenLote& orden) {
   const auto total = static_cast<qint64>(claves.size());
-  marcha_ = motor_.empezar(std::move(claves), orden, nombre());
+  marchar(motor_.empezar(std::move(claves), orden, nombre()), total);
+}
+
+// A change that was cut off, gone on with.
+void CambioLoteVentana::terminar() {
+  const auto ultimo = lotes_.ultimo(nombre());
+  if (!haIdoBien(ultimo) || !*ultimo) return;
+  auto resto = motor_.seguir((*ultimo)->numero, nombre());
+  if (!haIdoBien(resto)) return;
+  const qint64 faltan = (*resto)->faltan();
+  marchar(std::move(*resto), faltan);
+}
+
+void CambioLoteVentana::marchar(std::unique_ptr<CambioLote::Marcha> marcha, qint64 total) {
+  marcha_ = std::move(marcha);
   cuerpo()->setEnabled(false);
   trabajo().empezar(
       t(kTxCambiando),
@@ -73,12 +87,22 @@ void CambioLoteVentana::pintarDeshacer() {
   const auto ultimo = lotes_.ultimo(nombre());
   const bool hay = haIdoBien(ultimo) && ultimo->has_value();
   ui_.Deshacer->setEnabled(hay);
+  const auto queda = hay && !(*ultimo)->acabado
+                         ? lotes_.porHacer((*ultimo)->numero)
+                         : Resultado<std::optional<articles::Lotes::PorHacer>>{};
+  ui_.Terminar->setVisible(haIdoBien(queda) && queda->has_value());
   ui_.Deshacer->setToolTip(hay ? t(kTxDeshacerLote).arg((*ultimo)->cuando.general()) : QString());
 }
 
 void CambioLoteVentana::deshacer() {
   const auto ultimo = lotes_.ultimo(nombre());
   if (!haIdoBien(ultimo) || !*ultimo) return;
+  const auto aviso = lotes_.avisoDeVuelta((*ultimo)->numero);
+  if (!haIdoBien(aviso)) return;
+  if (*aviso && !ventanas::MyMsgBox::Decide(
+                    this, contexto().textos, **aviso,
+                    ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente))
+    return;
   volver((*ultimo)->numero, (*ultimo)->articulos,
          [this] { decirVuelta(t(kTxRepuestos, vuelta_->hecho().repuestos)); });
 }
@@ -108,8 +132,12 @@ void CambioLoteVentana::decirVuelta(const QString& dicho) {
   decirBien(dicho);
 }
 
-// A change that stands half done is taken back before the window goes.
+// A change that stands half done is taken back before the window goes; the person is asked.
 bool CambioLoteVentana::QueryUnload() {
+  if (marcha_ && !ventanas::MyMsgBox::Decide(
+                     this, contexto().textos, t(kTxCerrarCambiando),
+                     ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente))
+    return true;
   if (marcha_) trabajo().parar();
   if (trabajo().enMarcha() && vuelta_ && !haIdoBien(vuelta_->hastaElFinal())) return true;
   lista_.soltar();

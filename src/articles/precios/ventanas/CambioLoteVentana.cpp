@@ -20,6 +20,7 @@ using ventanas::Estado;
 namespace {
 
 constexpr int kReposo = 150;  // ms without a change before the list is reckoned anew
+constexpr int kMirada = 30;   // ms of reckoning at a stretch
 constexpr int kTodosLosDeptos = -1;
 enum Que { kPrecios, kDepartamento, kFormato };
 
@@ -47,7 +48,7 @@ CambioLoteVentana::CambioLoteVentana(ventanas::Contexto& contexto, const QString
       lotes_(contexto.db, catalogo, contexto.reloj),
       motor_(contexto.db, catalogo, lotes_, contexto.textos),
       lista_(contexto),
-      luego_(contexto.reloj.temporizador([this] { mirar(); })) {
+      luego_(contexto.reloj.temporizador([this] { previa_ ? seguirMirando() : mirar(); })) {
   ui_.setupUi(cuerpo());
   enlazar();
   montar();
@@ -73,6 +74,7 @@ void CambioLoteVentana::montar() {
   for (QLineEdit* e : {ui_.txNom, ui_.txPc, ui_.txPaso, ui_.txFormato})
     connect(e, &QLineEdit::textChanged, this, &CambioLoteVentana::luegoMirar);
   connect(ui_.Aplicar, &QPushButton::clicked, this, &CambioLoteVentana::aplicar);
+  connect(ui_.Terminar, &QPushButton::clicked, this, &CambioLoteVentana::terminar);
   connect(ui_.Deshacer, &QPushButton::clicked, this, &CambioLoteVentana::deshacer);
   connect(ui_.Salir, &QPushButton::clicked, this, &CambioLoteVentana::descargar);
 }
@@ -196,19 +198,35 @@ std::expected<OrdenLote, QString> CambioLoteVentana::orden() {
 
 void CambioLoteVentana::luegoMirar() {
   ui_.Aplicar->setEnabled(false);
+  previa_.reset();
   luego_->unaVez(kReposo);
 }
 
 void CambioLoteVentana::mirar() {
   luego_->parar();
+  ui_.Aplicar->setEnabled(false);
   lineas_.clear();
+  previa_.reset();
   const auto que = orden();
   ui_.Grid->setVacia(que ? t(kTxNadaQueCambiar) : que.error());
-  if (que) {
-    auto lineas = motor_.previa(seleccion(), *que);
-    if (haIdoBien(lineas)) lineas_ = std::move(*lineas);
+  if (!que) return pintarLineas();
+  previa_ = motor_.mirar(seleccion(), *que);
+  seguirMirando();
+}
+
+// A short list at once, a long one between what the person types.
+void CambioLoteVentana::seguirMirando() {
+  const qint64 hasta = contexto().reloj.monotono() + kMirada;
+  for (;;) {
+    const auto hayMas = previa_->paso();
+    if (haIdoBien(hayMas) && *hayMas) {
+      if (contexto().reloj.monotono() < hasta) continue;
+      return luego_->unaVez(1);
+    }
+    if (hayMas) lineas_ = previa_->tomar();
+    previa_.reset();
+    return pintarLineas();
   }
-  pintarLineas();
 }
 
 QString CambioLoteVentana::valorEnTexto(const dao::Valor& valor) const {

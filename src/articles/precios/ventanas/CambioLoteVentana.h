@@ -26,12 +26,15 @@ class CambioLoteVentana final : public ventanas::Ventana {
   void queCambiado();
   void luegoMirar();
   void mirar();
+  void seguirMirando();
   std::expected<OrdenLote, QString> orden();
   std::expected<OrdenLote, QString> ordenPrecios();
   SeleccionLote seleccion() const;
   void pintarLineas();
   QString valorEnTexto(const dao::Valor& valor) const;
   void aplicar();
+  void terminar();
+  void marchar(std::unique_ptr<CambioLote::Marcha> marcha, qint64 total);
   void aplicarYa(std::vector<articles::ClaveArticulo> claves, const OrdenLote& orden);
   void aplicado(const Resultado<Trabajo::Fin>& fin);
   void deshacer();
@@ -47,6 +50,7 @@ class CambioLoteVentana final : public ventanas::Ventana {
   DeLista lista_;
   std::vector<qint64> codigos_;
   std::vector<LineaLote> lineas_;
+  std::unique_ptr<CambioLote::Previa> previa_;
   std::unique_ptr<CambioLote::Marcha> marcha_;
   std::unique_ptr<articles::Vuelta> vuelta_;
   std::unique_ptr<Temporizador> luego_;

@@ -43,7 +43,8 @@ void FastAlta::montarCampos() {
 
 Resultado<> FastAlta::preparar(const ventanas::Argumentos& argumentos) {
   lista_.unir(argumentos);
-  TARVO_INTENTAR(llenarSecciones(*ui_.dbS, contexto()));
+  TARVO_INTENTAR(llenar(*ui_.dbS, contexto(),
+                        u"SELECT NMSECC, NOMSEC FROM SECCS ORDER BY NOMSEC, NMSECC"_s, 3));
   if (ui_.dbS->count() == 0) return fallo(Fallo::NoExiste, t(kTxSinSecciones));
   if (argumentos.contains(u"seccion"_s)) elegir(*ui_.dbS, argumentos.value(u"seccion"_s));
   ponerValores();

@@ -88,20 +88,24 @@ void MatrizPrecios::limpiar() {
   cadaCelda([this](Celda c) { mostrar(c, 0, {}); });
 }
 
+// A cell that is left empty has no price, unless each is written as it is left.
+std::expected<qint64, FaltaPrecio> MatrizPrecios::leer(const QString& texto) const {
+  if (!escribir_ && texto.trimmed().isEmpty()) return 0;
+  return comoPrecio(texto, c_->ajustes);
+}
+
 articles::Precios MatrizPrecios::precios() const {
   articles::Precios salida{};
   cadaCelda([&](Celda c) {
     salida[static_cast<size_t>(c.nivel)][static_cast<size_t>(c.tarifa)] =
-        comoPrecio(casilla(c).campo->text(), c_->ajustes).value_or(0);
+        leer(casilla(c).campo->text()).value_or(0);
   });
   return salida;
 }
 
 bool MatrizPrecios::vale() const {
   bool todas = true;
-  cadaCelda([&](Celda c) {
-    todas = todas && comoPrecio(casilla(c).campo->text(), c_->ajustes).has_value();
-  });
+  cadaCelda([&](Celda c) { todas = todas && leer(casilla(c).campo->text()).has_value(); });
   return todas;
 }
 
@@ -138,7 +142,7 @@ bool MatrizPrecios::terminar(Celda celda) {
   Casilla& c = casilla(celda);
   if (!c.campo->isModified()) return true;
   const QString dicho = c.campo->text();
-  const auto precio = comoPrecio(dicho, c_->ajustes);
+  const auto precio = leer(dicho);
   if (!precio) return queda(celda, dicho, errorDe(precio.error(), dicho, c_->ajustes, c_->textos));
   const Casilla antes = c;
   poner(celda, *precio);

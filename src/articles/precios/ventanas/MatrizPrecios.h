@@ -8,6 +8,7 @@
 #include <array>
 #include <functional>
 
+#include "articles/precios/Limites.h"
 #include "articles/precios/ParrillaRapida.h"
 #include "core/ventanas/marco/Ventana.h"
 
@@ -53,6 +54,7 @@ class MatrizPrecios final : public QWidget {
   void resuelto();  // behind it: another price was typed, or it was given up
 
  private:
+  std::expected<qint64, FaltaPrecio> leer(const QString& texto) const;
   struct Casilla {
     QLineEdit* campo = nullptr;
     qint64 precio = 0;

@@ -173,6 +173,7 @@ std::optional<OfertaNueva> NvaOfr::leerOferta() {
     const QString texto = precios_[nivel]->text();
     if (nivel == 0 && texto.trimmed().isEmpty())
       return mal(t(kTxSinPrecio), *precios_[0]), std::nullopt;
+    if (texto.trimmed().isEmpty()) continue;  // none at this level
     const auto precio = comoPrecio(texto, contexto().ajustes);
     if (!precio) return mal(porQueNo(precio.error(), nivel, texto), *precios_[nivel]), std::nullopt;
     oferta.precios[nivel] = *precio;

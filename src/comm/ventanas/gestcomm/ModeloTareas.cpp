@@ -41,7 +41,7 @@ Estado tonoDeEstado(int estado) {
 
 QString textoProblema(const motor::VistaTarea& t, const Textos& textos) {
   if (!t.textoError.isEmpty()) return t.textoError;
-  if (t.Error == 0) return {};
+  if (t.Error == 0) return t.trajo;
   const auto e = motor::textosError(t.Error, textos);
   return (e.mensaje.isEmpty() ? e.cabecera : e.mensaje).trimmed();
 }

@@ -1,7 +1,10 @@
 // The operator's commands, what the menus ask for, and the end of the window.
 #include <QTableView>
+#include <QToolBar>
+#include <QToolButton>
 
 #include "comm/ventanas/Grupos.h"
+#include "comm/ventanas/Pendientes.h"
 #include "comm/ventanas/TextosCommVentanas.h"
 #include "comm/ventanas/gestcomm/gestcommVentana.h"
 #include "core/ventanas/aspecto/Tema.h"
@@ -18,28 +21,36 @@ using motor::gestcomm;
 
 void gestcommVentana::conectarOrdenes() {
   const std::pair<QAction*, const char16_t*> imagenes[] = {
-      {ui_.RunP, u"ejecutar"},         {ui_.PauseP, u"pausa"},      {ui_.StopP, u"parar"},
-      {ui_.TrashP, u"borrar"},         {ui_.Diagn, u"informacion"}, {ui_.AutoP, u"automatico"},
-      {ui_.ManuP, u"operador"},        {ui_.BotonTramas, u"linea"}, {ui_.BotonEstado, u"articulo"},
-      {ui_.MnAbrSs, u"sesionAbierta"}, {ui_.MnCerSs, u"sesion"},    {ui_.MnCanSs, u"cerrar"}};
+      {ui_.RunP, u"ejecutar"},     {ui_.PauseP, u"pausa"},         {ui_.StopP, u"parar"},
+      {ui_.TrashP, u"borrar"},     {ui_.Diagn, u"informacion"},    {ui_.AutoP, u"automatico"},
+      {ui_.TodoP, u"refrescar"},   {ui_.ReponP, u"atras"},         {ui_.ManuP, u"operador"},
+      {ui_.BotonTramas, u"linea"}, {ui_.BotonEstado, u"articulo"}, {ui_.MnAbrSs, u"sesionAbierta"},
+      {ui_.MnCerSs, u"sesion"},    {ui_.MnCanSs, u"cerrar"}};
   const std::pair<QAction*, QKeySequence> teclas[] = {{ui_.RunP, Qt::Key_F6},
                                                       {ui_.PauseP, Qt::Key_F7},
                                                       {ui_.StopP, Qt::Key_F8},
                                                       {ui_.TrashP, Qt::Key_Delete},
                                                       {ui_.Diagn, Qt::Key_F9},
+                                                      {ui_.TodoP, Qt::CTRL | Qt::Key_R},
+                                                      {ui_.ReponP, QKeySequence::Undo},
                                                       {ui_.AutoP, Qt::CTRL | Qt::Key_U},
                                                       {ui_.ManuP, Qt::CTRL | Qt::Key_M},
                                                       {ui_.BotonTramas, Qt::CTRL | Qt::Key_T},
                                                       {ui_.BotonEstado, Qt::Key_F12}};
   for (const auto& [accion, tecla] : teclas) accion->setShortcut(tecla);
   for (const auto& [accion, imagen] : imagenes) accion->setIcon(icono(QString::fromUtf16(imagen)));
+  // There is no room for their words beside those of the others.
+  for (QAction* a : {ui_.TodoP, ui_.ReponP})
+    qobject_cast<QToolButton*>(ui_.barra->widgetForAction(a))
+        ->setToolButtonStyle(Qt::ToolButtonIconOnly);
   ui_.btTramas->setDefaultAction(ui_.BotonTramas);
   ui_.btEstado->setDefaultAction(ui_.BotonEstado);
-  ui_.s_espe->setAcciones(
-      {ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.BotonTramas, ui_.BotonEstado});
+  ui_.s_espe->setAcciones({ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.TodoP,
+                           ui_.ReponP, ui_.BotonTramas, ui_.BotonEstado});
   const auto al = [this](QAction* a, auto hacer) { connect(a, &QAction::triggered, this, hacer); };
   al(ui_.RunP, [this] {
-    ordenar({motor::kEnEspera, motor::kAperturaFallida, motor::kInterrumpido, motor::kRetenido},
+    ordenar({motor::kEnEspera, motor::kAperturaFallida, motor::kTransfiriendo, motor::kInterrumpido,
+             motor::kRetenido},
             &gestcomm::AvanzarTarea);
   });
   al(ui_.PauseP, [this] { ordenar({motor::kTransfiriendo}, &gestcomm::PausarTarea); });
@@ -51,6 +62,8 @@ void gestcommVentana::conectarOrdenes() {
              motor::kInterrumpido, motor::kDetenido},
             &gestcomm::EliminarTarea);
   });
+  al(ui_.TodoP, [this] { reintentarTodo(); });
+  al(ui_.ReponP, [this] { reponer(); });
   al(ui_.Diagn, [this] { diagnosticar(); });
   al(ui_.AutoP, [this] { cambiarModo(true); });
   al(ui_.ManuP, [this] { cambiarModo(false); });
@@ -86,9 +99,24 @@ void gestcommVentana::ordenar(const std::set<int>& estados, void (gestcomm::*ord
   else if (tira().estado() == Estado::Duda)
     tira().quitar();  // it was about another command
   (s_.motor.*orden)(id);
-  if (tarea || orden != &gestcomm::EliminarTarea) return;
-  // It had ended, and was only shown still.
-  std::erase_if(reparos_, [&](const auto& r) { return r.second.datos.Id == id; });
+  if (orden != &gestcomm::EliminarTarea || s_.motor.tarea(id)) return;
+  // One that had ended was only shown still.
+  if (acabadas_.erase(id) == 0) decirBien(t(kTxTareaQuitada).arg(Ceros(id, 3)));
+  colaCambiada();
+}
+
+void gestcommVentana::reintentarTodo() {
+  const int cuantas = s_.motor.ReintentarTodo();
+  decirBien(Plural(t(kTxReintentadas), cuantas));
+  colaCambiada();
+}
+
+void gestcommVentana::reponer() {
+  const int r = s_.motor.ReponerTarea();
+  if (r == 0)
+    decirBien(t(kTxTareaRepuesta));
+  else
+    decirDuda(t(r == 1 ? kTxNoRepuestaSesion : kTxNoRepuesta));
   colaCambiada();
 }
 
@@ -120,7 +148,7 @@ void gestcommVentana::verTramas() {
   contexto().ventanas.abrir(u"VerTramas"_s, this, a);
 }
 
-// One group and nothing else to ask: it is taken without a dialog.
+// One group and nothing else to ask: it is taken without a dialog of groups.
 void gestcommVentana::pedirGrupos(const EntradaMenu& e) {
   const motor::ClaseTarea* clase = s_.registro.porNumero(e.clase);
   if (!clase) return;
@@ -128,8 +156,12 @@ void gestcommVentana::pedirGrupos(const EntradaMenu& e) {
   if (!haIdoBien(grupos)) return;
   const bool pideMas = e.modo == kModoBalanza || e.modo == kModoTxPLU || e.modo == kModoRxPLU ||
                        (e.modo == kModoCero && contexto().ajustes.EsEspanol());
-  if (grupos->size() == 1 && !pideMas)
-    return encolarGrupos(*this, s_.motor, {grupos->front().codigo}, {.clase = e.clase});
+  if (grupos->size() == 1 && !pideMas) {
+    const std::vector<int> suyo{grupos->front().codigo};
+    if (consientePerder(*this, e.clase, suyo))
+      encolarGrupos(*this, s_.motor, suyo, {.clase = e.clase});
+    return;
+  }
   const QString dialogo = e.modo == kModoTxPLU   ? u"TxPLUdlg"_s
                           : e.modo == kModoRxPLU ? u"RxPLUDlg"_s
                                                  : u"GrpDlg"_s;
@@ -151,6 +183,7 @@ bool gestcommVentana::QueryUnload() {
     MyMsgBox::Decide(this, contexto().textos, t(kTxProcesosEnCurso), kCritico);
     return true;
   }
+  if (!terminarAlAcabar_ && !consienteDejarlas(*this, s_.motor, s_.registro)) return true;
   if (canalesOcupados()) {
     terminar();
     return true;

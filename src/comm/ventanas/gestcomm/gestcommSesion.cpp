@@ -16,9 +16,21 @@ void gestcommVentana::conectarSesion() {
   connect(ui_.MnAbrSs, &QAction::triggered, this, [this] { LaSesion(1); });
   connect(ui_.MnCerSs, &QAction::triggered, this, [this] { cerrarSesion(); });
   connect(ui_.MnCanSs, &QAction::triggered, this, [this] { cancelarSesion(); });
-  connect(ui_.ImgLlena, &QToolButton::clicked, this, [this] {
-    if (s_.motor.CuantosQuedan().total == 0) cerrarSesion();
-  });
+  ui_.ImgLlena->installEventFilter(this);
+}
+
+// A double click on the picture of a session with data closes it, and so does a key on it; a click
+// that went astray doesn't.
+bool gestcommVentana::eventFilter(QObject* objeto, QEvent* evento) {
+  const auto tecla = [&] {
+    const int cual = static_cast<QKeyEvent*>(evento)->key();
+    return cual == Qt::Key_Space || cual == Qt::Key_Return || cual == Qt::Key_Enter;
+  };
+  const bool cierra = objeto == ui_.ImgLlena && (evento->type() == QEvent::MouseButtonDblClick ||
+                                                 (evento->type() == QEvent::KeyPress && tecla()));
+  if (!cierra) return Ventana::eventFilter(objeto, evento);
+  if (s_.motor.CuantosQuedan().total == 0) cerrarSesion();
+  return true;
 }
 
 void gestcommVentana::ponerSesion() {

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kRefrescoMs = 100;
 constexpr int kParpadeoMs = 500;
+constexpr size_t kAcabadasMax = 500;  // tasks that ended and stay in sight
 
 }  // namespace
 
@@ -90,15 +91,12 @@ void gestcommVentana::colaCambiada() {
   ensuciar();
 }
 
-// A task that ended and left something out stays in sight until the group's next one.
+// A task that ended stays in sight, with what it brought, until the window closes.
 void gestcommVentana::tareaCambiada(int id) {
   sucias_.insert(id);
-  if (const auto tarea = s_.motor.tarea(id)) {
-    if (tarea->Estado == motor::kTerminado && !tarea->textoError.isEmpty())
-      reparos_.insert_or_assign(tarea->datos.Grupo, *tarea);
-    else if (const auto it = reparos_.find(tarea->datos.Grupo);
-             it != reparos_.end() && it->second.datos.Clase == tarea->datos.Clase)
-      reparos_.erase(it);
+  if (auto tarea = s_.motor.tarea(id); tarea && tarea->Estado == motor::kTerminado) {
+    acabadas_.insert_or_assign(id, std::move(*tarea));
+    if (acabadas_.size() > kAcabadasMax) acabadas_.erase(acabadas_.begin());
   }
   ensuciar();
 }
@@ -110,7 +108,10 @@ void gestcommVentana::canalCambiado(int) {
 
 // Whoever queued it wanted the window for no longer than that, unless there is something to tell.
 void gestcommVentana::acabado() {
-  if (!reparos_.empty()) return;
+  std::map<std::pair<int, int>, bool> reparos;  // the latest of each group and kind is what counts
+  for (const auto& [id, tarea] : acabadas_)
+    reparos[{tarea.datos.Grupo, tarea.datos.Clase}] = !tarea.textoError.isEmpty();
+  if (std::ranges::any_of(reparos, [](const auto& r) { return r.second; })) return;
   QMetaObject::invokeMethod(this, [this] { descargar(); }, Qt::QueuedConnection);
 }
 
@@ -125,7 +126,10 @@ void gestcommVentana::refrescar() {
   }
   if (std::exchange(canalesSucios_, false)) ponerCanales();
   if (cola) ponerModo();
-  if (cola || !sucias.empty()) ponerProblema();
+  if (cola || !sucias.empty()) {
+    ponerProblema();
+    ponerOrdenes();
+  }
   ponerSesion();
 }
 
@@ -137,16 +141,15 @@ void gestcommVentana::ponerFila(const motor::VistaTarea& tarea) {
 // In the order of their numbers.
 std::vector<motor::VistaTarea> gestcommVentana::visibles() const {
   auto tareas = s_.motor.tareas();
-  for (const auto& [grupo, tarea] : reparos_)
-    if (!s_.motor.tarea(tarea.datos.Id)) tareas.push_back(tarea);
+  for (const auto& [id, tarea] : acabadas_)
+    if (!s_.motor.tarea(id)) tareas.push_back(tarea);
   std::ranges::sort(tareas, {}, [](const motor::VistaTarea& v) { return v.datos.Id; });
   return tareas;
 }
 
 std::optional<motor::VistaTarea> gestcommVentana::tareaVista(int id) const {
-  for (const auto& [grupo, tarea] : reparos_)
-    if (tarea.datos.Id == id) return tarea;
-  return s_.motor.tarea(id);
+  const auto it = acabadas_.find(id);
+  return it != acabadas_.end() ? std::optional(it->second) : s_.motor.tarea(id);
 }
 
 void gestcommVentana::ponerCola() {
@@ -188,6 +191,11 @@ void gestcommVentana::ponerProblema() {
                                ? QString()
                                : t(kTxProblemaDeTarea).arg(Ceros(tarea->datos.Id, 3), problema));
   ui_.LblProblema->setHidden(problema.isEmpty());
+}
+
+void gestcommVentana::ponerOrdenes() {
+  ui_.TodoP->setEnabled(s_.motor.hayReintentables());
+  ui_.ReponP->setEnabled(s_.motor.hayQuitadas());
 }
 
 // In manual mode the task chosen is green.

@@ -36,6 +36,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void ponerCanales();
   void ponerModo();
   void ponerProblema();
+  void ponerOrdenes();
   void ponerMenus();
   int canalElegido() const;
 
@@ -44,6 +45,8 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void ordenar(const std::set<int>& estados, void (motor::gestcomm::*orden)(int));
   int tareaElegida();
   void cambiarModo(bool automatico);
+  void reintentarTodo();
+  void reponer();
   void diagnosticar();
   void verTramas();
   void verEstado();
@@ -57,6 +60,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void LaSesion(int nuevo);
   void cancelarSesion();
   void cerrarSesion();
+  bool eventFilter(QObject* objeto, QEvent* evento) override;
 
   void changeEvent(QEvent* evento) override;
   void keyPressEvent(QKeyEvent* evento) override;
@@ -65,7 +69,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   Servicios s_;
   std::shared_ptr<enlace::Escucha> escucha_;  // kept so that what led to a failure can be looked at
   PanelesCanales* paneles_ = nullptr;
-  std::map<int, motor::VistaTarea> reparos_;  // ended well, but left something out; by group
+  std::map<int, motor::VistaTarea> acabadas_;  // ended well, with what they brought; by number
   std::set<int> sucias_;
   bool colaSucia_ = true, canalesSucios_ = true;
   int ultimaVista_ = 0;  // the last task that has been shown

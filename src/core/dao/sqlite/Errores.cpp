@@ -45,9 +45,8 @@ Error deRegla(int extendido, const QString& motor) {
     case SQLITE_CONSTRAINT_UNIQUE:
     case SQLITE_CONSTRAINT_PRIMARYKEY:
     case SQLITE_CONSTRAINT_ROWID:
-      return {
-          Fallo::Duplicado, kJetDuplicado,
-          QStringLiteral("El código de registro ya existe: No debe duplicarse (%1)").arg(motor)};
+      return {Fallo::Duplicado, kJetDuplicado,
+              QStringLiteral("El código de registro ya existe: No debe duplicarse")};
     case SQLITE_CONSTRAINT_FOREIGNKEY:
       return {Fallo::Restriccion, extendido,
               QStringLiteral(

@@ -30,12 +30,14 @@ Resultado<std::vector<ModeloParrilla::Clave>> leerClaves(dao::Database& db, cons
                                                          const QString& orden, qint64 cuantas) {
   std::vector<dao::Valor> valores = o.parametros;
   valores.emplace_back(cuantas);
-  TARVO_TOMAR(const auto rs, db.OpenQuery(u"SELECT "_s + o.clave + u" FROM "_s + o.desde +
-                                              entreParentesis(o.filtro) + orden + u" LIMIT ?"_s,
-                                          valores));
-  std::vector<ModeloParrilla::Clave> lista;
-  for (; !rs->Eof(); static_cast<void>(rs->MoveNext())) lista.push_back(rs->entero(0));
-  return lista;
+  return dao::reunir(
+      db.OpenQuery(dao::conMarcas(u"SELECT {clave} FROM {desde}{filtro}{orden} LIMIT ?",
+                                  {{u"clave", o.clave},
+                                   {u"desde", o.desde},
+                                   {u"filtro", entreParentesis(o.filtro)},
+                                   {u"orden", orden}}),
+                   valores),
+      [](const dao::Recordset& fila) -> ModeloParrilla::Clave { return fila.entero(0); });
 }
 
 }  // namespace
@@ -284,18 +286,16 @@ ModeloSql::Pagina ModeloSql::leerPagina(int numero) const {
     valores.push_back(valores.back());
   Pagina p;
   p.filas.resize(kFilasPagina);
-  const auto rs = db_.OpenQuery(
-      conClaves(lectura_.origen, listaColumnas(lectura_), lectura_.origen.clave, kFilasPagina),
-      valores);
-  if (!rs) {
-    Q_EMIT fallido(rs.error());
-    return p;
-  }
-  for (; !(*rs)->Eof(); static_cast<void>((*rs)->MoveNext())) {
-    auto& fila = p.filas[sitio[(*rs)->entero(0)]];
-    fila.reserve(columnas_.size());
-    for (int c = 0; c < columnCount(); ++c) fila.push_back((*rs)->valor(c + 1));
-  }
+  const auto leidas = dao::recorrer(
+      db_.OpenQuery(
+          conClaves(lectura_.origen, listaColumnas(lectura_), lectura_.origen.clave, kFilasPagina),
+          valores),
+      [&](const dao::Recordset& leida) {
+        auto& fila = p.filas[sitio[leida.entero(0)]];
+        fila.reserve(columnas_.size());
+        for (int c = 0; c < columnCount(); ++c) fila.push_back(leida.valor(c + 1));
+      });
+  if (!leidas) Q_EMIT fallido(leidas.error());
   return p;
 }
 

@@ -1,12 +1,15 @@
 #include "core/ventanas/parrilla/ModeloVivo.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "core/dao/Orden.h"
 
 namespace tarvo::ventanas {
 
 namespace {
+
+constexpr size_t kUnaAUna = 100;  // rows changed: more are told as one stretch
 
 // Null first, numbers next, texts as names sort.
 int comparar(const dao::Valor& a, const dao::Valor& b) {
@@ -41,26 +44,25 @@ void ModeloVivo::indexar(size_t desde) {
   for (size_t i = desde; i < filas_.size(); ++i) donde_[filas_[i].clave] = static_cast<int>(i);
 }
 
-void ModeloVivo::cambiar(int fila, FilaViva nueva) {
+ModeloVivo::Columnas ModeloVivo::cambiar(int fila, FilaViva nueva) {
   FilaViva& vieja = filas_[static_cast<size_t>(fila)];
-  int primera = -1, ultima = -1;
-  for (int c = 0; c < columnCount(); ++c) {
-    const auto i = static_cast<size_t>(c);
+  Columnas c;
+  for (int columna = 0; columna < columnCount(); ++columna) {
+    const auto i = static_cast<size_t>(columna);
     const bool igual = i < vieja.valores.size() && i < nueva.valores.size() &&
                        vieja.valores[i] == nueva.valores[i];
-    if (igual) continue;
-    if (primera < 0) primera = c;
-    ultima = c;
+    if (!igual) c.unir({columna, columna});
   }
-  if (primera < 0) return;
-  vieja = std::move(nueva);
-  Q_EMIT dataChanged(index(fila, primera), index(fila, ultima));
-  Q_EMIT recuento();
+  if (c.hay()) vieja = std::move(nueva);
+  return c;
 }
 
 void ModeloVivo::poner(FilaViva fila) {
   if (const int i = filaDe(fila.clave); i >= 0) {
-    cambiar(i, std::move(fila));
+    if (const Columnas c = cambiar(i, std::move(fila)); c.hay()) {
+      Q_EMIT dataChanged(index(i, c.primera), index(i, c.ultima));
+      Q_EMIT recuento();
+    }
   } else {
     const int fin = rowCount();
     beginInsertRows({}, fin, fin);
@@ -83,32 +85,71 @@ void ModeloVivo::quitar(Clave clave) {
   Q_EMIT recuento();
 }
 
+// In few steps, however many rows come and go: each step makes the view count all of them.
 void ModeloVivo::poner(std::vector<FilaViva> filas) {
   std::unordered_map<Clave, int> nuevas;
   for (size_t i = 0; i < filas.size(); ++i) nuevas[filas[i].clave] = static_cast<int>(i);
-  for (int i = rowCount() - 1; i >= 0; --i)
-    if (const Clave c = clave(i); !nuevas.contains(c)) quitar(c);
+  bool otras = quitarLasDemas(nuevas);
+  std::vector<FilaViva> llegan;
+  std::vector<std::pair<int, Columnas>> cambiadas;
   for (FilaViva& f : filas) {
-    const Clave c = f.clave;
-    const int i = filaDe(c);
-    if (i >= 0) {
-      cambiar(i, std::move(f));
-      continue;
-    }
-    const int fin = rowCount();
-    beginInsertRows({}, fin, fin);
-    filas_.push_back(std::move(f));
-    donde_[c] = fin;
-    endInsertRows();
-    Q_EMIT recuento();
+    const int i = filaDe(f.clave);
+    if (i < 0)
+      llegan.push_back(std::move(f));
+    else if (const Columnas c = cambiar(i, std::move(f)); c.hay())
+      cambiadas.emplace_back(i, c);
   }
+  decirCambiadas(cambiadas);
+  otras = otras || !llegan.empty() || !cambiadas.empty();
+  if (!llegan.empty()) {
+    const int fin = rowCount();
+    beginInsertRows({}, fin, fin + static_cast<int>(llegan.size()) - 1);
+    std::ranges::move(llegan, std::back_inserter(filas_));
+    indexar(static_cast<size_t>(fin));
+    endInsertRows();
+  }
+  if (otras) Q_EMIT recuento();
   if (columnaOrden_ >= 0) return reordenar();
   // As they were put.
-  const auto bien = [&](size_t i) { return nuevas[filas_[i].clave] == static_cast<int>(i); };
   size_t i = 0;
-  while (i < filas_.size() && bien(i)) ++i;
+  while (i < filas_.size() && nuevas.at(filas_[i].clave) == static_cast<int>(i)) ++i;
   if (i == filas_.size()) return;
-  permutar([&](const FilaViva& a, const FilaViva& b) { return nuevas[a.clave] < nuevas[b.clave]; });
+  permutar([&] {
+    std::vector<FilaViva> puestas(filas_.size());
+    for (FilaViva& f : filas_) puestas[static_cast<size_t>(nuevas.at(f.clave))] = std::move(f);
+    filas_ = std::move(puestas);
+  });
+}
+
+// The rows that go move to the end first, so that they go at once. True when there were any.
+bool ModeloVivo::quitarLasDemas(const std::unordered_map<Clave, int>& quedan) {
+  const auto queda = [&](const FilaViva& f) { return quedan.contains(f.clave); };
+  const auto cuantas = std::ranges::count_if(filas_, queda);
+  if (cuantas == std::ssize(filas_)) return false;
+  if (!std::ranges::is_partitioned(filas_, queda))
+    permutar([&] { std::ranges::stable_partition(filas_, queda); });
+  const auto primera = static_cast<int>(cuantas);
+  beginRemoveRows({}, primera, rowCount() - 1);
+  for (auto f = filas_.begin() + cuantas; f != filas_.end(); ++f) donde_.erase(f->clave);
+  filas_.erase(filas_.begin() + cuantas, filas_.end());
+  endRemoveRows();
+  return true;
+}
+
+void ModeloVivo::decirCambiadas(const std::vector<std::pair<int, Columnas>>& cambiadas) {
+  if (cambiadas.size() <= kUnaAUna) {
+    for (const auto& [fila, c] : cambiadas)
+      Q_EMIT dataChanged(index(fila, c.primera), index(fila, c.ultima));
+    return;
+  }
+  Columnas todas;
+  int primera = rowCount(), ultima = 0;
+  for (const auto& [fila, c] : cambiadas) {
+    todas.unir(c);
+    primera = std::min(primera, fila);
+    ultima = std::max(ultima, fila);
+  }
+  Q_EMIT dataChanged(index(primera, todas.primera), index(ultima, todas.ultima));
 }
 
 void ModeloVivo::ordenar(int columna, Qt::SortOrder sentido) {
@@ -124,17 +165,18 @@ void ModeloVivo::reordenar() {
     const int r = comparar(a.valores[c], b.valores[c]);
     return sentido_ == Qt::AscendingOrder ? r < 0 : r > 0;
   };
-  if (!std::is_sorted(filas_.begin(), filas_.end(), antes)) permutar(antes);
+  if (!std::is_sorted(filas_.begin(), filas_.end(), antes))
+    permutar([&] { std::ranges::stable_sort(filas_, antes); });
 }
 
 // Moves rows with all that stands on them: selection, current row, scroll.
-void ModeloVivo::permutar(const std::function<bool(const FilaViva&, const FilaViva&)>& antes) {
+void ModeloVivo::permutar(const std::function<void()>& mover) {
   Q_EMIT layoutAboutToBeChanged();
   const QModelIndexList viejos = persistentIndexList();
   std::vector<Clave> claves;
   claves.reserve(static_cast<size_t>(viejos.size()));
   for (const QModelIndex& i : viejos) claves.push_back(clave(i.row()));
-  std::ranges::stable_sort(filas_, antes);
+  mover();
   indexar(0);
   QModelIndexList nuevos;
   for (qsizetype i = 0; i < viejos.size(); ++i)

@@ -2,6 +2,7 @@
 // sessions. Only cells that really changed are painted anew; selection and scroll stay.
 #pragma once
 
+#include <algorithm>
 #include <unordered_map>
 
 #include "core/ventanas/parrilla/ModeloParrilla.h"
@@ -34,8 +35,19 @@ class ModeloVivo final : public ModeloParrilla {
   void pedirSumas(std::function<void(Resultado<Sumas>)> respuesta) override;
 
  private:
-  void cambiar(int fila, FilaViva nueva);
-  void permutar(const std::function<bool(const FilaViva&, const FilaViva&)>& antes);
+  // The columns of a row that differ, from the first to the last.
+  struct Columnas {
+    int primera = -1, ultima = -1;
+    bool hay() const { return primera >= 0; }
+    void unir(Columnas otras) {
+      primera = hay() ? std::min(primera, otras.primera) : otras.primera;
+      ultima = std::max(ultima, otras.ultima);
+    }
+  };
+  Columnas cambiar(int fila, FilaViva nueva);
+  bool quitarLasDemas(const std::unordered_map<Clave, int>& quedan);
+  void decirCambiadas(const std::vector<std::pair<int, Columnas>>& cambiadas);
+  void permutar(const std::function<void()>& mover);
   void reordenar();
   void indexar(size_t desde);
 

@@ -1,0 +1,89 @@
+// A night by the wall clock: real sockets on this computer to scales in a thread of their own, over
+// connectors (a link for each group at a time) and over the four TCP channels (four at a time).
+#include <QProcess>
+#include <array>
+#include <chrono>
+
+#include "MotorNoche.h"
+#include "Noche.h"
+#include "Razones.h"
+#include "TcpLocal.h"
+#include "comm/cables/FabricaReal.h"
+
+namespace tarvo::banco {
+namespace {
+
+constexpr double kMemoriaMiB = 80;
+constexpr double kUnaHora = 1 / 24.0;  // in days
+
+// What a night of that size may take, in seconds.
+constexpr double kCorta = 1.5, kConectores = 8, kCanales = 15;
+
+void porCanales(dao::Database& db, Ajustes& ajustes, quint16 puerto) {
+  for (auto& canal : ajustes.canales) canal.Device = 3;
+  // One computer has many addresses, so that each group is an access of its own.
+  bien(
+      db.ejecutar(u"UPDATE GRUPOS SET remoto=3, TELEF='127.0.' & (CODGPO \\ 200) & '.' & (CODGPO "
+                  u"MOD 200 + 1) & ':' & ?",
+                  puerto));
+}
+
+struct Coste {
+  double segundos = 0, pico = 0;
+};
+
+Coste aparte(int grupos, int articulos, const QString& enlaces) {
+  QProcess hijo;
+  hijo.start(QStringLiteral("/proc/self/exe"),
+             {QStringLiteral("--noche-pared"), QString::number(grupos), QString::number(articulos),
+              enlaces});
+  if (!hijo.waitForFinished(300'000) || hijo.exitCode() != 0)
+    morir(QString::fromLocal8Bit(hijo.readAllStandardError()));
+  const QByteArrayList salida = hijo.readAllStandardOutput().trimmed().split(' ');
+  return {salida.value(0).toDouble(), salida.value(1).toDouble()};
+}
+
+double mediana(int grupos, int articulos, const QString& enlaces) {
+  std::array<double, 3> veces;
+  for (double& s : veces) s = aparte(grupos, articulos, enlaces).segundos;
+  std::ranges::sort(veces);
+  return veces[1];
+}
+
+const QString kPorConectores = QStringLiteral("conectores"), kPorCanales = QStringLiteral("tcp");
+
+const Registro kMedidas[] = {
+    {"noche.pared.corta", 1.0, [] { return kCorta / mediana(10, 200, kPorConectores); }},
+    {"noche.pared.conectores", 1.0,
+     [] { return kConectores / mediana(100, 2000, kPorConectores); }},
+    {"noche.pared.canales", 1.0, [] { return kCanales / mediana(100, 2000, kPorCanales); }},
+    {"noche.memoria", 1.0,
+     [] { return kMemoriaMiB * 1024 / aparte(100, 2000, kPorConectores).pico; }},
+};
+
+}  // namespace
+
+int nochePared(int grupos, int articulos, bool canales) {
+  const Bucle bucle;
+  LadoLejano balanzas(
+      [articulos](QByteArrayView trama) { return cuerpoBalanza(trama, articulos); });
+  const quint16 puerto = balanzas.arrancar();
+  const QTemporaryDir carpeta;
+  const auto db = hacerTienda(carpeta.filePath(QStringLiteral("TARVO.MDB")), grupos, articulos);
+  escribirConectores(carpeta, u'G', grupos, puerto);
+  Ajustes ajustes(carpeta.path(), Idioma::Espanol);
+  if (canales) porCanales(*db, ajustes, puerto);
+  RelojReal reloj;
+  bien(db->ejecutar(u"UPDATE Sesiones SET PZERO=?", Fecha::deDias(reloj.ahora().dias() - kUnaHora)));
+  enlace::FabricaReal fabrica(reloj, ajustes);
+  Motor m(ajustes, *db, reloj, fabrica);
+  const auto inicio = std::chrono::steady_clock::now();
+  m.empezar();
+  esperarTcp([&] { return m.fin.has_value(); });
+  const std::chrono::duration<double> tardado = std::chrono::steady_clock::now() - inicio;
+  m.comprobar(grupos * articulos);
+  std::printf("%.3f %ld\n", tardado.count(), picoKiB());
+  return 0;
+}
+
+}  // namespace tarvo::banco

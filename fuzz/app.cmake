@@ -1,0 +1,1 @@
+tarvo_fuzz(recado LINKS app)

@@ -1,0 +1,180 @@
+#include "app/ventanas/Encargos.h"
+
+#include <QApplication>
+#include <algorithm>
+
+#include "app/Ordenes.h"
+#include "app/ventanas/TextosPrincipal.h"
+
+namespace tarvo::app {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kMiradaMs = 500;
+constexpr int kLatidoMs = 20'000;
+
+Respuesta aviso(const QString& texto) {
+  return {Respuesta::Que::Aviso, texto};
+}
+
+void traerDelante(QWidget& w) {
+  w.isMinimized() ? w.showNormal() : w.show();
+  w.raise();
+  w.activateWindow();
+}
+
+}  // namespace
+
+Encargos::Encargos(Fondo& fondo, Aplicacion& app, PreguntasApp& preguntas,
+                   ventanas::Ventanas& ventanas, Reloj& reloj)
+    : fondo_(fondo),
+      app_(app),
+      preguntas_(preguntas),
+      ventanas_(ventanas),
+      mirada_(reloj.temporizador([this] { mirar(); })),
+      latido_(reloj.temporizador([this] {
+        for (const Encargo& e : cola_) e.visita->decir({});
+        if (actual_) actual_->visita->decir({});
+      })) {}
+
+Encargos::~Encargos() {
+  dejar();
+}
+
+Resultado<> Encargos::escuchar() {
+  latido_->cada(kLatidoMs);
+  return portero_.abrir(
+      fondo_.ajustes.BaseDatos,
+      [this](const Peticion& p, const std::shared_ptr<Visita>& v) { atender(p, v); });
+}
+
+void Encargos::atender(const Peticion& p, const std::shared_ptr<Visita>& visita) {
+  if (p.que == Peticion::Que::Alzar) {
+    alzar(p.ventana);
+    return visita->acabar(kBien);
+  }
+  if (loLlevaElHorario(p)) {
+    visita->decir(aviso(fondo_.textos(kTxYaLoLleva, {app_.cronos().nombre(), p.nombre})));
+    return visita->acabar(kBien);
+  }
+  visita->alParar = [this, quien = visita.get()] { parar(quien); };
+  visita->decir({});
+  cola_.push_back({p, visita, false});
+  if (!mirada_->activo()) mirada_->unaVez(0);
+}
+
+// --- showing itself -----------------------------------------------------------------------------
+
+void Encargos::alzar(const QString& ventana) {
+  if (ventanas_.conoce(ventana)) {
+    ventanas_.abrir(ventana, nullptr, ventanas_.muestra(ventana));
+    return;
+  }
+  const auto abiertas = ventanas_.abiertas();
+  if (abiertas.empty()) return;
+  ventanas::Ventana* principal = ventanas_.cargada(u"MainTarvo"_s);
+  traerDelante(*(principal ? principal : abiertas.front()));
+  // What waits for an answer is in front of it.
+  if (QWidget* modal = QApplication::activeModalWidget()) traerDelante(*modal);
+}
+
+// --- processes ----------------------------------------------------------------------------------
+
+// The same timetable, outside and here: one of them is enough.
+bool Encargos::loLlevaElHorario(const Peticion& p) const {
+  return !p.traza.isEmpty() && app_.cronos().activo() &&
+         p.traza.compare(app_.cronos().nombre() + u".CRO"_s, Qt::CaseInsensitive) == 0;
+}
+
+// A run of a person, and a change that a window is in the middle of, are waited for.
+bool Encargos::libre() const {
+  return !app_.automat().enMarcha() && fondo_.db->profundidad() == 0;
+}
+
+void Encargos::mirar() {
+  if (actual_ || cola_.empty()) return;
+  if (libre()) return empezar();
+  Encargo& primero = cola_.front();
+  if (!std::exchange(primero.avisado, true))
+    primero.visita->decir(aviso(fondo_.textos(kTxEsperaTurno, {app_.automat().nombre()})));
+  mirada_->unaVez(kMiradaMs);
+}
+
+Resultado<std::vector<automation::PasoProceso>> Encargos::pasosDe(const Peticion& p) const {
+  std::vector<automation::PasoProceso> pasos;
+  for (const QString& linea : p.pasos) {
+    TARVO_TOMAR(auto paso, app_.lenguaje().LeerPaso(linea));
+    if (paso) pasos.push_back(std::move(*paso));
+  }
+  return pasos;
+}
+
+void Encargos::empezar() {
+  actual_ = std::move(cola_.front());
+  cola_.pop_front();
+  auto pasos = pasosDe(actual_->peticion);
+  if (pasos) return correr(std::move(*pasos));
+  actual_->visita->decir(aviso(pasos.error().texto));
+  actual_->visita->acabar(kSinProceso);
+  actual_.reset();
+  mirada_->unaVez(0);
+}
+
+void Encargos::correr(std::vector<automation::PasoProceso> pasos) {
+  automation::Automat& automat = app_.automat();
+  preguntas_.encargo(actual_->peticion.datos,
+                     [v = actual_->visita](const QString& texto) { v->decir(aviso(texto)); });
+  automat.desatendido = true;
+  automat.observar(*this);
+  const Peticion p = actual_->peticion;
+  // It is seen while it runs, and can be stopped.
+  ventanas_.abrir(u"Automat"_s);
+  automat.PROCESO(std::move(pasos), p.traza, p.nombre, p.omitidas);
+}
+
+void Encargos::lineaEscrita(const QString& linea) {
+  if (actual_) actual_->visita->decir({Respuesta::Que::Linea, linea});
+}
+
+bool Encargos::terminado(automation::ResultadoProceso resultado) {
+  if (!actual_) return false;
+  const auto visita = actual_->visita;
+  soltar();
+  visita->acabar(static_cast<int>(resultado));
+  mirada_->unaVez(kMiradaMs);
+  return true;
+}
+
+void Encargos::soltar() {
+  if (!actual_) return;
+  actual_.reset();
+  app_.automat().dejarDeObservar(*this);
+  app_.automat().desatendido = false;
+  app_.automat().conservarAlAbortar = false;
+  preguntas_.sinEncargo();
+}
+
+void Encargos::parar(const Visita* quien) {
+  if (actual_ && actual_->visita.get() == quien) {
+    app_.automat().conservarAlAbortar = true;
+    return app_.automat().abortar();
+  }
+  const auto suyo =
+      std::ranges::find_if(cola_, [&](const Encargo& e) { return e.visita.get() == quien; });
+  if (suyo == cola_.end()) return;
+  const auto visita = suyo->visita;
+  cola_.erase(suyo);
+  visita->acabar(kAbortado);
+}
+
+void Encargos::dejar() {
+  mirada_->parar();
+  for (const Encargo& e : std::exchange(cola_, {})) e.visita->cortar();
+  if (!actual_) return;
+  actual_->visita->cortar();
+  soltar();
+}
+
+}  // namespace tarvo::app

@@ -1,0 +1,57 @@
+// What other programs ask of this one, which has the database and windows: to show itself, and to
+// run a process of theirs as if nobody were here.
+#pragma once
+
+#include <deque>
+
+#include "app/Aplicacion.h"
+#include "app/Portero.h"
+#include "app/ventanas/PreguntasApp.h"
+
+namespace tarvo::app {
+
+class Encargos final : private automation::ObservadorAutomat {
+ public:
+  // REQUIRES that all references outlive it.
+  Encargos(Fondo& fondo, Aplicacion& app, PreguntasApp& preguntas, ventanas::Ventanas& ventanas,
+           Reloj& reloj);
+  ~Encargos();
+  Encargos(const Encargos&) = delete;
+  Encargos& operator=(const Encargos&) = delete;
+
+  // Listens from now on. Errors: the system's reason why it can't.
+  Resultado<> escuchar();
+  // The run that was under way has ended; true when it was one of these.
+  bool terminado(automation::ResultadoProceso resultado);
+  // This program goes: who asked finds another way.
+  void dejar();
+
+ private:
+  struct Encargo {
+    Peticion peticion;
+    std::shared_ptr<Visita> visita;
+    bool avisado = false;  // that it has to wait
+  };
+  void atender(const Peticion& peticion, const std::shared_ptr<Visita>& visita);
+  void alzar(const QString& ventana);
+  bool loLlevaElHorario(const Peticion& p) const;
+  void mirar();
+  bool libre() const;
+  void empezar();
+  void correr(std::vector<automation::PasoProceso> pasos);
+  Resultado<std::vector<automation::PasoProceso>> pasosDe(const Peticion& p) const;
+  void parar(const Visita* quien);
+  void soltar();
+  void lineaEscrita(const QString& linea) override;
+
+  Fondo& fondo_;
+  Aplicacion& app_;
+  PreguntasApp& preguntas_;
+  ventanas::Ventanas& ventanas_;
+  std::deque<Encargo> cola_;
+  std::optional<Encargo> actual_;
+  std::unique_ptr<Temporizador> mirada_, latido_;
+  Portero portero_;
+};
+
+}  // namespace tarvo::app

@@ -1,0 +1,92 @@
+#include "articles/BorradoSeccion.h"
+
+#include <QDir>
+
+#include "articles/TextosArticles.h"
+
+namespace tarvo::articles {
+
+using namespace Qt::StringLiterals;
+using dao::Transaccion;
+
+namespace {
+
+struct Parte {
+  const char16_t* tabla;
+  const char16_t* donde;     // with the section's number once
+  const char16_t* columnas;  // that come back
+};
+// In the order in which they can come back: what others refer to first. A row of the history takes
+// a new number.
+constexpr std::array<Parte, 10> kPartes{
+    {{u"SECCS", u"NMSECC=?", u"*"},
+     {u"DEPTS", u"SECCION=?", u"*"},
+     {u"PLUSES", u"SECCION=?", u"*"},
+     {u"GRUPOS", u"SECCION=?", u"*"},
+     {u"BZAS", u"SUGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)", u"*"},
+     {u"Sesiones", u"CODGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)", u"*"},
+     {u"MovsAlm", u"SECCION=?", u"*"},
+     {u"OFERTAS", u"SECCION=?", u"*"},
+     {u"HistoriaPrecios", u"SECCION=?",
+      u"SECCION, CODPLU, NIVEL, TARIFA, ANTES, AHORA, CUANDO, QUIEN, VENTANA"},
+     {u"Cross", u"Secc=?", u"*"}}};
+
+QString guardada(const Parte& p, int seccion) {
+  return u"Ida%1_%2"_s.arg(seccion).arg(QStringView(p.tabla));
+}
+
+}  // namespace
+
+BorradoSeccion::~BorradoSeccion() {
+  static_cast<void>(soltar());  // tables of the moment: they go with the program anyway
+}
+
+Resultado<QString> BorradoSeccion::copiarTodo(const QString& carpeta, Fecha ahora) {
+  const QString ruta = QDir(carpeta).filePath(u"ANTES-DE-BORRAR-SECCION-%1-%2.MDB"_s.arg(
+      Ceros(seccion_, 3),
+      ahora.qdate().toString(u"yyyyMMdd"_s) + ahora.qtime().toString(u"-hhmmss"_s)));
+  const auto hecha = db_.copiarEn(ruta);
+  if (!hecha) return fallo(hecha.error().clase, textos_(kTxSinCopiaPrevia, {hecha.error().texto}));
+  return ruta;
+}
+
+Resultado<QString> BorradoSeccion::borrar(const QString& carpeta, Fecha ahora) {
+  TARVO_TOMAR(const auto copia, copiarTodo(carpeta, ahora));
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  TARVO_INTENTAR(soltar());
+  TARVO_INTENTAR(guardar());
+  TARVO_INTENTAR(secciones_.borrar(seccion_));
+  TARVO_INTENTAR(t.confirmar());
+  return copia;
+}
+
+Resultado<> BorradoSeccion::guardar() {
+  for (const Parte& p : kPartes)
+    TARVO_INTENTAR(db_.ejecutar(u"CREATE TEMP TABLE %1 AS SELECT %2 FROM [%3] WHERE %4"_s.arg(
+                                    guardada(p, seccion_), QStringView(p.columnas),
+                                    QStringView(p.tabla), QStringView(p.donde)),
+                                seccion_));
+  return {};
+}
+
+Resultado<> BorradoSeccion::soltar() {
+  for (const Parte& p : kPartes)
+    TARVO_INTENTAR(db_.ejecutar(u"DROP TABLE IF EXISTS "_s + guardada(p, seccion_)));
+  return {};
+}
+
+Resultado<> BorradoSeccion::reponer() {
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  for (const Parte& p : kPartes) {
+    const QString columnas =
+        QStringView(p.columnas) == u"*" ? QString() : u" (%1)"_s.arg(QStringView(p.columnas));
+    const auto hecho = db_.ejecutar(u"INSERT INTO [%1]%2 SELECT * FROM %3"_s.arg(
+        QStringView(p.tabla), columnas, guardada(p, seccion_)));
+    if (!hecho && hecho.error().clase == Fallo::Duplicado)
+      return fallo(Fallo::Duplicado, textos_(kTxSeccionNoVuelve, {seccion_}));
+    if (!hecho) return std::unexpected(hecho.error());
+  }
+  return t.confirmar();
+}
+
+}  // namespace tarvo::articles

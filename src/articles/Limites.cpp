@@ -1,0 +1,47 @@
+#include "articles/Limites.h"
+
+#include "articles/TextosArticles.h"
+#include "core/dinero/Dinero.h"
+
+namespace tarvo::articles {
+
+std::expected<qint64, FaltaPrecio> comoPrecio(const QString& texto, const Ajustes& ajustes,
+                                              std::optional<int> moneda) {
+  if (texto.trimmed().isEmpty()) return std::unexpected(FaltaPrecio::Vacio);
+  const auto n = LeerImporte(ajustes, texto, moneda.value_or(ajustes.MonedaNativa));
+  if (!n) return std::unexpected(FaltaPrecio::NoEsImporte);
+  if (*n < 0) return std::unexpected(FaltaPrecio::Negativo);
+  if (*n > kPrecioMayor) return std::unexpected(FaltaPrecio::Demasiado);
+  return *n;
+}
+
+Error errorDe(FaltaPrecio falta, const QString& texto, const Ajustes& ajustes,
+              const Textos& textos) {
+  if (falta == FaltaPrecio::Vacio) return {Fallo::Formato, 0, textos(kTxPrecioVacio)};
+  const QString mayor = VerImporte(ajustes, kPrecioMayor, ajustes.MonedaNativa);
+  return {Fallo::Formato, 0,
+          textos(kTxPrecioNoVale + static_cast<int>(falta), {texto.trimmed(), mayor})};
+}
+
+std::optional<QString> avisoPrecio(qint64 precio, const Ajustes& ajustes, const Textos& textos) {
+  if (precio <= kPrecioDeBalanza) return std::nullopt;
+  const auto ver = [&](qint64 n) { return VerImporte(ajustes, n, ajustes.MonedaNativa); };
+  return textos(kTxPrecioAlto, {ver(precio), ver(kPrecioDeBalanza)});
+}
+
+std::optional<QString> malNombre(const QString& nombre, const Textos& textos) {
+  if (nombre.size() <= kNombreMayor) return std::nullopt;
+  return textos(kTxLimiteNombre, {nombre.size(), kNombreMayor});
+}
+
+std::optional<QString> malDepartamento(qint64 departamento, const Textos& textos) {
+  if (departamento >= 1 && departamento <= kUltimoDepartamento) return std::nullopt;
+  return textos(kTxLimiteDepartamento, {departamento, kUltimoDepartamento});
+}
+
+std::optional<QString> malFormato(qint64 formato, const Textos& textos) {
+  if (formato >= 1 && formato <= kUltimoFormato) return std::nullopt;
+  return textos(kTxLimiteFormato, {formato, kUltimoFormato});
+}
+
+}  // namespace tarvo::articles

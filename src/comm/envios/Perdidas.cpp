@@ -1,0 +1,51 @@
+#include "comm/envios/Perdidas.h"
+
+namespace tarvo::envios {
+
+namespace {
+
+// The system's own articles 1 and 2 are in no machine.
+constexpr auto kDeUnGrupo =
+    uR"(
+SELECT g.NOMGPO,
+  (SELECT count(*) FROM Enviados e WHERE e.GRUPO=g.CODGPO),
+  (SELECT count(*) FROM PLUSES p WHERE p.SECCION=g.SECCION AND p.CODPLU>2),
+  (SELECT PZERO FROM Sesiones s WHERE s.CODGPO=g.CODGPO)
+FROM GRUPOS g WHERE g.CODGPO=?)";
+
+// Rows of no period are those of the inbox. A reading of any kind that adds up all that was sold
+// tells the amount; the largest is the one that lacks least.
+Resultado<> contarVentas(dao::Database& db, Perdida& p) {
+  for (const QStringView tabla : {u"TOTGRT", u"TOTPLU", u"TOTDEP"}) {
+    TARVO_TOMAR(const auto rs,
+                db.consultar(QStringLiteral("SELECT count(*), sum(IMP) FROM %1 WHERE "
+                                            "LINK=0 AND GRUPO=?")
+                                 .arg(tabla),
+                             p.grupo));
+    if (rs->entero(0) == 0) continue;
+    p.ventas = p.hayVentas ? std::max(p.ventas, rs->entero(1)) : rs->entero(1);
+    p.hayVentas = true;
+  }
+  return {};
+}
+
+}  // namespace
+
+Resultado<std::vector<Perdida>> loQueSePierde(dao::Database& db, std::span<const int> grupos) {
+  std::vector<Perdida> todas;
+  for (const int grupo : grupos) {
+    TARVO_TOMAR(const auto rs, db.consultar(QStringView(kDeUnGrupo), grupo));
+    if (rs->Eof()) continue;
+    Perdida p;
+    p.grupo = grupo;
+    p.nombre = rs->texto(0).trimmed();
+    p.articulos = rs->entero(1);
+    p.deSeccion = rs->entero(2);
+    if (!rs->nulo(3) && rs->fecha(3).dias() > 0) p.cero = rs->fecha(3);
+    TARVO_INTENTAR(contarVentas(db, p));
+    todas.push_back(std::move(p));
+  }
+  return todas;
+}
+
+}  // namespace tarvo::envios

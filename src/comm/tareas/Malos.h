@@ -1,0 +1,69 @@
+// Records that can't be read whole. Each spoils the reading in which it comes first. One that comes
+// again in the same bytes is how the machine says it, and would spoil every reading: it is taken
+// with 0 for what isn't there, and that is told. A machine that gives longer records to the same
+// question doesn't always say it so, and the short one stays bad.
+#pragma once
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <tuple>
+
+#include "comm/maquinas/Campos.h"
+#include "comm/motor/Tarea.h"
+#include "comm/tareas/TextosTareas.h"
+
+namespace tarvo::tareas {
+
+class Malos {
+ public:
+  // `codigo` and `pregunta`: what the record answers, of which machine.
+  maquinas::Rigor rigor(int codigo, const QByteArray& pregunta, const QByteArray& datos) const {
+    const bool visto = vistos_.contains({codigo, pregunta, datos});
+    return visto && datos.size() >= enteroDe(codigo) ? maquinas::Rigor::Tolerante
+                                                     : maquinas::Rigor::Estricto;
+  }
+  // Every one stays bad: what is read is a proof.
+  void sinTolerancia() { siempre_ = true; }
+  // It was read whole.
+  void entero(int codigo, const QByteArray& datos) {
+    qsizetype& mayor = enteros_[codigo];
+    mayor = std::max(mayor, datos.size());
+  }
+  // It couldn't be read. A refusal, or nothing, never counts as a record.
+  void anotar(int codigo, const QByteArray& pregunta, const QByteArray& datos) {
+    if (!siempre_ && !datos.isEmpty() && !datos.startsWith("ERR"))
+      vistos_.emplace(codigo, pregunta, datos);
+  }
+  // It came again, and is taken, at that place of the reading.
+  void tomado(int codigo, const QByteArray& pregunta, const QByteArray& datos,
+              const QString& lugar) {
+    if (tomados_.empty()) primero_ = lugar;
+    tomados_.emplace(codigo, pregunta, datos);
+  }
+  // A longer one has come since: where the first of those that were taken stands.
+  std::optional<QString> desmentido() const {
+    const bool alguno = std::ranges::any_of(tomados_, [&](const Registro& r) {
+      return std::get<2>(r).size() < enteroDe(std::get<0>(r));
+    });
+    return alguno ? std::optional(primero_) : std::nullopt;
+  }
+  void avisar(int grupo, const Textos& textos, std::vector<totals::Aviso>& avisos) const {
+    if (!tomados_.empty())
+      avisos.push_back(
+          {grupo, textos(kTxRegistrosIncompletos, {grupo, tomados_.size(), primero_}), true});
+  }
+
+ private:
+  using Registro = std::tuple<int, QByteArray, QByteArray>;
+  qsizetype enteroDe(int codigo) const {
+    const auto it = enteros_.find(codigo);
+    return it == enteros_.end() ? 0 : it->second;
+  }
+  std::set<Registro> vistos_, tomados_;
+  std::map<int, qsizetype> enteros_;  // the longest of each code
+  QString primero_;
+  bool siempre_ = false;
+};
+
+}  // namespace tarvo::tareas

@@ -1,0 +1,39 @@
+#include "comm/ventanas/Pendientes.h"
+
+#include "comm/ventanas/TextosCommVentanas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+
+namespace tarvo::comm {
+
+namespace {
+
+constexpr qsizetype kALaVista = 8;
+
+QString linea(const motor::VistaTarea& v, const motor::RegistroTareas& registro,
+              const ventanas::Ventana& quien) {
+  const motor::ClaseTarea* clase = registro.porNumero(v.datos.Clase);
+  const QString que =
+      quien.t(kTxDestino).arg(clase ? quien.t(clase->nombre) : QString(), Ceros(v.datos.Grupo, 4));
+  return quien.t(kTxPendiente)
+      .arg(Ceros(v.datos.Id, 3), que, motor::TextoEstado(v.Estado, quien.contexto().textos));
+}
+
+}  // namespace
+
+bool consienteDejarlas(ventanas::Ventana& quien, const motor::gestcomm& motor,
+                       const motor::RegistroTareas& registro) {
+  const auto tareas = motor.pendientes();
+  if (tareas.empty() || motor.Vigilando()) return true;
+  QStringList lineas{Plural(quien.t(kTxQuedanTareas), static_cast<int>(tareas.size()))};
+  for (const motor::VistaTarea& v : tareas) {
+    if (lineas.size() > kALaVista) break;
+    lineas << linea(v, registro, quien);
+  }
+  const auto resto = std::ssize(tareas) - kALaVista;
+  if (resto > 0) lineas << Plural(quien.t(kTxYMas), static_cast<int>(resto));
+  lineas << QString() << quien.t(kTxSePierden);
+  return ventanas::MyMsgBox::Decide(&quien, quien.contexto().textos, lineas.join(u'\n'),
+                                    ventanas::kAceptoCancelo | ventanas::kExclamacion);
+}
+
+}  // namespace tarvo::comm

@@ -1,0 +1,101 @@
+// Every way by which an article comes under a code: what hung from an article of that code that is
+// no more is not its own.
+#include "articles/importar/ImpPLU.h"
+#include "importar/Tienda.h"
+
+namespace tarvo::importar {
+namespace {
+
+using articles::Articulo;
+using articles::ClaveArticulo;
+
+struct Llegadas : Tienda {
+  void SetUp() override {
+    Tienda::SetUp();
+    sql(u"INSERT INTO GRUPOS (CODGPO, TIPO, SECCION) VALUES (8, 1, 2)"_s);
+    for (const int codigo : {10, 11}) articulo(1, codigo);
+    articulo(2, 11);
+  }
+  void articulo(int seccion, int codigo) {
+    sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00) VALUES (?, ?, 'A', 1, 300)"_s,
+        seccion, codigo);
+  }
+  // An article with an offer on the scales, a history and a group that holds it, deleted.
+  void queHubo(int seccion, int codigo) {
+    articulo(seccion, codigo);
+    sql(u"INSERT INTO OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, enviado) VALUES (?, ?, ?, 99, 1)"_s,
+        seccion + 6, seccion, codigo);
+    sql(u"INSERT INTO HistoriaPrecios (SECCION, CODPLU, NIVEL, TARIFA, ANTES, AHORA) VALUES (?, ?, "
+        u"0, 0, 0, 111)"_s,
+        seccion, codigo);
+    bien(catalogo.borrar(std::vector<ClaveArticulo>{{seccion, codigo}}));
+  }
+};
+
+TEST_F(Llegadas, NadaSeHeredaDeUnCodigo) {
+  const auto nuevo = [&](int codigo) {
+    Articulo a;
+    a.clave = {1, codigo};
+    a.depto = 1;
+    a.precios[0][0] = 500;
+    return a;
+  };
+  const struct {
+    const char* camino;
+    ClaveArticulo llega;
+    std::function<void()> andar;
+  } caminos[] = {
+      {"new", {1, 50}, [&] { bien(catalogo.crear(nuevo(50), u"V"_s)); }},
+      {"another code",
+       {1, 51},
+       [&] {
+         Articulo a = *bien(catalogo.leer({1, 10}));
+         a.clave.codigo = 51;
+         bien(catalogo.modificar({1, 10}, a, u"V"_s));
+       }},
+      {"copied",
+       {2, 51},
+       [&] { bien(catalogo.copiar(std::vector<ClaveArticulo>{{1, 51}}, 2, u"V"_s)); }},
+      {"moved", {2, 50}, [&] { bien(catalogo.mover(std::vector<ClaveArticulo>{{1, 50}}, 2)); }},
+      {".PLU",
+       {1, 52},
+       [&] {
+         const QString r = u"0010000052"_s + u"PAN"_s.leftJustified(20) + u"0000321"_s +
+                           u"000500"_s + QString(23 * 6, u'0') + u"0101"_s + QString(8, u' ');
+         auto i = bien(ImpPLU::abrir(*db, catalogo, reloj, fichero(r.toLatin1())));
+         while (bien(i->paso(SiExiste::Sobreescribirlo))) continue;
+         bien(i->acabar());
+       }},
+  };
+  for (const auto& c : caminos) {
+    SCOPED_TRACE(c.camino);
+    queHubo(c.llega.seccion, static_cast<int>(c.llega.codigo));
+    c.andar();
+    const auto suyo = [&](const QString& que, const QString& codigo) {
+      return leer(u"SELECT %1 AND SECCION=%2 AND %3=%4"_s.arg(que)
+                      .arg(c.llega.seccion)
+                      .arg(codigo)
+                      .arg(c.llega.codigo));
+    };
+    EXPECT_EQ(suyo(u"count(*) FROM PLUSES WHERE 1=1"_s, u"CODPLU"_s), u"1");
+    EXPECT_EQ(suyo(u"count(*) FROM OFERTAS WHERE 1=1"_s, u"CODIGO"_s), u"0")
+        << "it would sell at the offer of the article that was deleted";
+    EXPECT_EQ(suyo(u"count(*) FROM HistoriaPrecios WHERE AHORA=111"_s, u"CODPLU"_s), u"0");
+    EXPECT_EQ(leer(u"SELECT count(*) FROM [Cross] WHERE Secc=%1 AND plu=%2"_s.arg(c.llega.seccion)
+                       .arg(c.llega.codigo)),
+              u"0");
+  }
+}
+
+TEST_F(Llegadas, SusOfertasVuelvenConElQueSeDevuelve) {
+  sql(u"INSERT INTO OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) VALUES (7, 1, 10, 99)"_s);
+  const qint64 lote = bien(lotes.empezar(u"V"_s));
+  bien(lotes.guardar(lote, {1, 10}));
+  bien(catalogo.borrar(std::vector<ClaveArticulo>{{1, 10}}));
+  bien(lotes.acabar(lote));
+  bien(lotes.deshacer(lote, u"V"_s));
+  EXPECT_EQ(leer(u"SELECT CODIGO, PRECIO_0 FROM OFERTAS"_s), u"10 99");
+}
+
+}  // namespace
+}  // namespace tarvo::importar
