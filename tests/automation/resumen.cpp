@@ -142,7 +142,6 @@ TEST(Resumen, ArregladoPorLaManana) {
 // The next night is under way: nothing of the one before is told of a group that it reads.
 TEST(Resumen, UnaNocheEnMarchaNoHablaDeLaAnterior) {
   Tienda tienda;
-  maquinasDePrueba().mudas = {2};
   const auto p = tienda.programa();
   correr(*p);
   EXPECT_EQ(leer(*p).grupos[0].motivo, u"Recogido y puesto a cero. 1 suma cuadra.");
