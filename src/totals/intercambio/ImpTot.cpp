@@ -178,8 +178,9 @@ Resultado<std::optional<Importacion::Bloque>> Importacion::siguiente() {
   const auto cabecera = leerCabecera(l);
   if (!cabecera) return noReconocible(l, d->nombre, d->motor.p_.textos());
   const Periodo p = d->motor.periodoDe(cabecera->desde, cabecera->hasta);
-  TARVO_TOMAR(auto hay, d->motor.p_.BuscarPeriodo(p.tipo, p.desde, p.hasta));
-  d->bloque = Bloque{p, cabecera->comentario, std::move(hay)};
+  auto hay = d->motor.p_.BuscarPeriodo(p.tipo, p.desde, p.hasta);
+  if (!hay) return std::unexpected(std::move(hay).error());
+  d->bloque = Bloque{p, cabecera->comentario, *std::move(hay)};
   return d->bloque;
 }
 

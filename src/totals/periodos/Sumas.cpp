@@ -1,5 +1,7 @@
 #include "totals/periodos/Sumas.h"
 
+#include "core/dao/Marcas.h"
+#include "core/dao/Recorrido.h"
 #include "totals/TextosTotals.h"
 #include "totals/periodos/FilasTotales.h"
 
@@ -11,15 +13,21 @@ QString horaDe(const ClaseTotal& c) {
   return c.conHora ? QStringLiteral("HORA") : QStringLiteral("0");
 }
 
+// The same in a condition on the table itself.
+QString horaEn(const ClaseTotal& c) {
+  return c.conHora ? QString::fromUtf16(c.tabla) + QStringLiteral(".HORA") : QStringLiteral("0");
+}
+
 }  // namespace
 
 Resultado<> Sumas::guardar(qint64 origen, qint64 lote) {
   for (const ClaseTotal& c : enVigor(a_))
     TARVO_INTENTAR(db_.ejecutar(
-        QStringLiteral("INSERT INTO PapeleraSuma (LOTE, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], "
-                       "SCO) SELECT ?, ?, GRUPO, CODI, %1, CON, PES, [IMP], SCO FROM %2 WHERE "
-                       "LINK=?")
-            .arg(horaDe(c), QString::fromUtf16(c.tabla)),
+        dao::conMarcas(
+            u"INSERT INTO PapeleraSuma (LOTE, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], "
+            u"SCO) SELECT ?, ?, GRUPO, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} "
+            u"WHERE LINK=?",
+            {{u"hora", horaDe(c)}, {u"tabla", QString::fromUtf16(c.tabla)}}),
         lote, c.numero, origen));
   return {};
 }
@@ -43,20 +51,17 @@ Resultado<> Sumas::sumar(qint64 destino, const std::vector<Columna>& cuales, boo
 // Rows that the sum made go; one that is all zeros tells nothing.
 Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
   for (const ClaseTotal& c : enVigor(a_)) {
-    const QString claves = clavesDe(c);
-    const QString filas =
-        QStringLiteral(
-            "SELECT %1, sum(CON) AS CON, sum(PES) AS PES, sum([IMP]) AS [IMP], sum(SCO) "
-            "AS SCO FROM PapeleraSuma WHERE LOTE=? AND CLASE=%2 GROUP BY %1")
-            .arg(claves)
-            .arg(c.numero);
+    const QString filas = dao::conMarcas(
+        u"SELECT {claves}, sum(CON) AS CON, sum(PES) AS PES, sum([IMP]) AS [IMP], sum(SCO) AS SCO "
+        u"FROM PapeleraSuma WHERE LOTE=? AND CLASE={clase} GROUP BY {claves}",
+        {{u"claves", clavesDe(c)}, {u"clase", QString::number(c.numero)}});
     TARVO_INTENTAR(sumarFilas(db_, c, destino, filas, lote, -1, p_.textos()));
     TARVO_INTENTAR(db_.ejecutar(
-        QStringLiteral("DELETE FROM %1 WHERE LINK=? AND CON=0 AND PES=0 AND [IMP]=0 AND SCO=0 AND "
-                       "EXISTS (SELECT 1 FROM PapeleraSuma s WHERE s.LOTE=? AND s.CLASE=? AND "
-                       "s.GRUPO=%1.GRUPO AND s.CODI=%1.CODI%2)")
-            .arg(QString::fromUtf16(c.tabla),
-                 c.conHora ? QStringLiteral(" AND s.HORA=%1.HORA").arg(c.tabla) : QString()),
+        dao::conMarcas(
+            u"DELETE FROM {tabla} WHERE LINK=? AND CON=0 AND PES=0 AND [IMP]=0 AND SCO=0 "
+            u"AND EXISTS (SELECT 1 FROM PapeleraSuma s WHERE s.LOTE=? AND s.CLASE=? AND "
+            u"s.GRUPO={tabla}.GRUPO AND s.CODI={tabla}.CODI AND s.HORA={hora})",
+            {{u"tabla", QString::fromUtf16(c.tabla)}, {u"hora", horaEn(c)}}),
         destino, lote, c.numero));
   }
   return {};
@@ -64,11 +69,9 @@ Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
 
 Resultado<bool> Sumas::vacio(qint64 link) {
   for (const ClaseTotal& c : enVigor(a_)) {
-    TARVO_TOMAR(
-        const auto n,
-        db_.uno(
-            QStringLiteral("SELECT count(*) FROM %1 WHERE LINK=?").arg(QString::fromUtf16(c.tabla)),
-            link));
+    TARVO_TOMAR(const auto n, db_.uno(dao::conMarcas(u"SELECT count(*) FROM {tabla} WHERE LINK=?",
+                                                     {{u"tabla", QString::fromUtf16(c.tabla)}}),
+                                      link));
     if (n.entero() > 0) return false;
   }
   return true;
@@ -83,7 +86,9 @@ Resultado<> Sumas::deshacer(qint64 destino, qint64 lote, bool nuevo) {
   TARVO_INTENTAR(quitarFilas(destino, lote));
   TARVO_INTENTAR(p_.ReacumularTodo(destino, marcas));
   for (const char16_t* tabla : {u"Sumados", u"PapeleraSuma"})
-    TARVO_INTENTAR(db_.ejecutar(QStringLiteral("DELETE FROM %1 WHERE LOTE=?").arg(tabla), lote));
+    TARVO_INTENTAR(db_.ejecutar(dao::conMarcas(u"DELETE FROM {tabla} WHERE LOTE=?",
+                                               {{u"tabla", QString::fromUtf16(tabla)}}),
+                                lote));
   TARVO_TOMAR(const auto sobra, vacio(destino));
   if (nuevo && sobra) TARVO_INTENTAR(p_.BorrarPeriodo(destino));
   return t.confirmar();
@@ -97,15 +102,13 @@ Resultado<bool> Sumas::tiene(qint64 destino, const Periodo& p) {
 }
 
 Resultado<std::vector<Periodo>> Sumas::repetidos(qint64 destino) {
-  TARVO_TOMAR(const auto rs, db_.consultar(u"SELECT TIPO, FECHA1, FECHAF FROM Sumados WHERE LINK=? "
-                                           u"AND SOLAPA<>0 ORDER BY FECHA1, FECHAF",
-                                           destino));
-  std::vector<Periodo> v;
-  while (!rs->Eof()) {
-    v.push_back({static_cast<int>(rs->entero(0)), rs->fecha(1), rs->fecha(2)});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return v;
+  return dao::reunir(db_.consultar(u"SELECT TIPO, FECHA1, FECHAF FROM Sumados WHERE LINK=? "
+                                   u"AND SOLAPA<>0 ORDER BY FECHA1, FECHAF",
+                                   destino),
+                     [](const dao::Recordset& fila) {
+                       return Periodo{static_cast<int>(fila.entero(0)), fila.fecha(1),
+                                      fila.fecha(2)};
+                     });
 }
 
 }  // namespace tarvo::totals
