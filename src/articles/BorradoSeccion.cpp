@@ -106,11 +106,12 @@ Resultado<> BorradoSeccion::reponer() {
       return fallo(Fallo::Duplicado, textos_(kTxSeccionNoVuelve, {seccion_}));
     if (!hecho) return std::unexpected(hecho.error());
   }
-  TARVO_INTENTAR(conAjenas(secciones_.cambios(), [&](const Cambios::TablaAjena& a) -> Resultado<> {
+  const auto reponer = [&](const Cambios::TablaAjena& a) -> Resultado<> {
     TARVO_INTENTAR(db_.ejecutar(
         u"INSERT INTO [%1] SELECT * FROM %2"_s.arg(a.tabla, guardada(a.tabla, seccion_))));
     return {};
-  }));
+  };
+  TARVO_INTENTAR(conAjenas(secciones_.cambios(), reponer));
   return t.confirmar();
 }
 
