@@ -1,5 +1,6 @@
-// The runner of a process: steps through a list on a 500 ms tick, drives engine, session, periods
-// and export, writes the trace, keeps on disk how far it got. Phases and rules: docs/procesos.md.
+// The runner of a process: steps through a list, looks at a wait on a 500 ms tick, drives engine,
+// session, periods and export, writes the trace, keeps on disk how far it got. Phases and rules:
+// docs/procesos.md.
 #pragma once
 
 #include <functional>

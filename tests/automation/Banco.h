@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QTemporaryDir>
+#include <functional>
 #include <map>
 #include <set>
 
@@ -58,11 +59,13 @@ class SinRespuestas final : public Preguntas {
   std::map<QString, QString> textos;
   std::map<QString, std::pair<Fecha, Fecha>> fechas;
   int preguntas = 0;
+  std::function<void()> mientras;  // what goes on while a question is on the screen
 
  private:
   template <class T>
   std::optional<T> de(const std::map<QString, T>& valores, const QString& nombre) {
     ++preguntas;
+    if (mientras) mientras();
     const auto it = valores.find(nombre);
     return it == valores.end() ? std::nullopt : std::optional(it->second);
   }

@@ -61,14 +61,16 @@ QByteArray Mundo::filas() {
   return lineas.join(u'\n').toUtf8();
 }
 
-QString trafico(quint64 semilla, bool averias) {
+QString trafico(quint64 semilla, bool averias, bool entero) {
   const Plan plan = sinTropiezos(semilla, averias);
   Mundo mundo(plan, {});
   const Veredicto v = mundo.correr();
-  return QStringLiteral("%1 %2 %3 %4")
-      .arg(semilla)
-      .arg(QString::fromLatin1(suma(mundo.oido())), QString::fromLatin1(suma(mundo.filas())))
-      .arg(v.diferencias.size());
+  const QByteArray oido = mundo.oido(), filas = mundo.filas();
+  return QString::fromUtf8(entero ? oido + filas + '\n' : QByteArray()) +
+         QStringLiteral("%1 %2 %3 %4")
+             .arg(semilla)
+             .arg(QString::fromLatin1(suma(oido)), QString::fromLatin1(suma(filas)))
+             .arg(v.diferencias.size());
 }
 
 }  // namespace tarvo::noches

@@ -150,11 +150,24 @@ VerTramas::VerTramas(Contexto& c, const QString& nombre, const Servicios& s)
     ui_.Hexa->clear();
   });
   pulso_->cada(kPulsoTramas);
+  s_.motor.observar(this);
+}
+
+VerTramas::~VerTramas() {
+  s_.motor.dejarDeObservar(this);
+}
+
+// A short task is over before the list is filled again.
+void VerTramas::tareaCambiada(int id) {
+  if (id != tarea_) return;
+  if (const auto tarea = s_.motor.tarea(id); tarea && tarea->Canal >= 0) canalVisto_ = tarea->Canal;
 }
 
 Resultado<> VerTramas::preparar(const Argumentos& a) {
   tarea_ = a.value(u"tarea"_s).toInt();
+  const auto tarea = s_.motor.tarea(tarea_);
   canalTarea_ = -2;
+  canalVisto_ = tarea && tarea->Canal >= 0 ? tarea->Canal : a.value(u"canal"_s, -2).toInt();
   canales_ = -1;
   llenarLineas();
   const int quiere = tarea_ > 0 ? kDeTarea : a.value(u"canal"_s, kTodas).toInt();
@@ -198,10 +211,8 @@ void VerTramas::empezar() {
 void VerTramas::seguir() {
   llenarLineas();
   if (ui_.Que->currentData().toInt() == kDeTarea) {
-    const auto tarea = s_.motor.tarea(tarea_);
-    const int ahora = tarea && tarea->Canal >= 0 ? tarea->Canal : canalTarea_;
-    if (ahora != canalTarea_) {
-      canalTarea_ = ahora;
+    if (canalVisto_ != canalTarea_) {
+      canalTarea_ = canalVisto_;
       return empezar();
     }
     if (canalTarea_ < 0) return;  // it has had none yet

@@ -1,5 +1,5 @@
-// tarvo-noches: simulated nights by seed. With --trafico A..B [--averias] a line for each seed that
-// tells two builds apart.
+// tarvo-noches: simulated nights by seed. With --trafico A..B [--averias] [--entero] a line
+// for each seed that tells two builds apart.
 #include <QCoreApplication>
 #include <cstdio>
 
@@ -16,8 +16,9 @@ int comparar(int argc, char** argv) {
   const QStringList args = QCoreApplication::arguments();
   const QStringList rango = args.value(2).split(QStringLiteral(".."));
   const bool averias = args.contains(QStringLiteral("--averias"));
+  const bool entero = args.contains(QStringLiteral("--entero"));
   for (quint64 s = rango.first().toULongLong(); s <= rango.last().toULongLong(); ++s)
-    std::puts(qPrintable(trafico(s, averias)));
+    std::puts(qPrintable(trafico(s, averias, entero)));
   return 0;
 }
 

@@ -144,7 +144,11 @@ void gestcommVentana::verEstado() {
 void gestcommVentana::verTramas() {
   const int fila = ui_.s_espe->filaActual();
   Argumentos a;
-  if (fila >= 0) a[u"tarea"_s] = static_cast<int>(ui_.s_espe->clave(fila));
+  if (fila >= 0) {
+    const int id = static_cast<int>(ui_.s_espe->clave(fila));
+    a[u"tarea"_s] = id;
+    if (const auto tarea = tareaVista(id); tarea && tarea->Canal >= 0) a[u"canal"_s] = tarea->Canal;
+  }
   contexto().ventanas.abrir(u"VerTramas"_s, this, a);
 }
 
