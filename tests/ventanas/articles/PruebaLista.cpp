@@ -116,7 +116,7 @@ TEST(ListaArticulos, LosPreciosOcultos) {
   EXPECT_EQ(vistos.join(u' '), u"PRECIO_00");
   const int columna = grid.modelo()->columna(u"PRECIO_25");
   EXPECT_EQ(grid.modelo()->headerData(columna, Qt::Horizontal, Qt::DisplayRole).toString(),
-            u"Hasta 2, tarifa 5");
+            u"Hasta 2, tarifa 6");
   EXPECT_EQ(grid.texto(grid.filaActual(), u"PRECIO_25"), u"12,34");
   grid.vista()->setColumnHidden(columna, false);
   t.abrirCelda(grid, u"PRECIO_25"_s);

@@ -85,20 +85,20 @@ TEST(Trabajos, LasCeldasSeComprueban) {
     const char16_t *campo, *texto;
     const char* queda;     // of the row; empty: still in edit
     const char16_t* dice;  // the strip
-  } casos[] = {{u"NOMPLU", u"Un nombre de mas de veinte", "Un nombre de mas de  100 1 1", u""},
-               {u"PRECIO_00", u"2,35", "Un nombre de mas de  235 1 1", u""},
-               {u"PRECIO_00", u"1.5", "",
-                u"«1.5» no es un importe: escriba cifras, con coma para los decimales"},
-               {u"DEPTO", u"41", "", u"El valor entrado es incorrecto: Departamento"},
-               {u"DEPTO", u"100", "", u"El valor entrado es incorrecto: Departamento"},
-               {u"DEPTO", u"40", "Un nombre de mas de  235 40 1",
-                u"La sección no tiene el departamento 40: créelo en el árbol o elija otro"},
-               {u"DEPTO", u"1", "Un nombre de mas de  235 1 1", u""},
-               {u"FORMATO", u"0", "", u"El valor entrado es incorrecto: Formato Etiquetas"},
-               {u"FORMATO", u"100", "", u"El valor entrado es incorrecto: Formato Etiquetas"},
-               {u"FORMATO", u"20", "Un nombre de mas de  235 1 20", u""},
-               {u"CODPLU", u"2", "", u"El valor entrado es incorrecto: Código PLU"},
-               {u"CODPLU", u"12345678", "", u"El valor entrado es incorrecto: Código PLU"}};
+  } casos[] = {
+      {u"NOMPLU", u"Un nombre de mas de veinte", "Un nombre de mas de  100 1 1", u""},
+      {u"PRECIO_00", u"2,35", "Un nombre de mas de  235 1 1", u""},
+      {u"PRECIO_00", u"1.5", "", u"El precio «1.5» no es un importe: escriba, por ejemplo, 12,50."},
+      {u"DEPTO", u"41", "", u"El valor entrado es incorrecto: Departamento"},
+      {u"DEPTO", u"100", "", u"El valor entrado es incorrecto: Departamento"},
+      {u"DEPTO", u"40", "Un nombre de mas de  235 40 1",
+       u"La sección no tiene el departamento 40: créelo en el árbol o elija otro"},
+      {u"DEPTO", u"1", "Un nombre de mas de  235 1 1", u""},
+      {u"FORMATO", u"0", "", u"El valor entrado es incorrecto: Formato Etiquetas"},
+      {u"FORMATO", u"100", "", u"El valor entrado es incorrecto: Formato Etiquetas"},
+      {u"FORMATO", u"20", "Un nombre de mas de  235 1 20", u""},
+      {u"CODPLU", u"2", "", u"El valor entrado es incorrecto: Código PLU"},
+      {u"CODPLU", u"12345678", "", u"El valor entrado es incorrecto: Código PLU"}};
   for (const auto& c : casos) {
     v->tira().quitar();
     t.abrirCelda(grid, QString::fromUtf16(c.campo));
