@@ -119,7 +119,9 @@ TEST_F(PartesTest, LaCajaSinVentasNoDejaDuda) {
       t.memorizar();
       for (int c = 1; c <= trama; ++c) {
         ASSERT_TRUE(t.sesion().anunciarCero(2, 1, c).has_value());
-        if (c < trama) ASSERT_TRUE(t.sesion().parteHecha(2, 1, c).has_value());
+        if (c < trama) {
+          ASSERT_TRUE(t.sesion().parteHecha(2, 1, c).has_value());
+        }
       }
       t.cortar();
       t.avisos.clear();
@@ -136,7 +138,9 @@ TEST_F(PartesTest, TrasDosTramasContestadasTodoEstaBorrado) {
   leidaYMemorizada(20);
   for (int trama = 1; trama <= 3; ++trama) {
     ASSERT_TRUE(t.sesion().anunciarCero(2, 1, trama).has_value());
-    if (trama < 3) ASSERT_TRUE(t.sesion().parteHecha(2, 1, trama).has_value());
+    if (trama < 3) {
+      ASSERT_TRUE(t.sesion().parteHecha(2, 1, trama).has_value());
+    }
   }
   t.grupos.at(2).at(1).ponerACero();
   t.cortar();

@@ -146,12 +146,13 @@ TEST_F(PeriodosLibrosTest, UnPeriodoHechoAManoRecibeLaLectura) {
     const Fecha dentro = fin - 0.5;
     const qint64 link = *otra.periodos().CrearPeriodo(c.tipo, c.tipo == kOtros ? cero : dentro,
                                                       c.tipo == kOtros ? fin : dentro, false, {});
-    if (c.conFilas)
+    if (c.conFilas) {
       ASSERT_TRUE(otra.db()
                       .ejecutar(u"INSERT INTO TOTPLU (LINK, GRUPO, CODI, CON, PES, IMP, SCO) "
                                 u"VALUES (?, 9, 11, 1, 0, 70, 0)",
                                 link)
                       .has_value());
+    }
     otra.avisos.clear();
     otra.leer(1);
     const auto links = otra.memorizar(c.sustituir);
