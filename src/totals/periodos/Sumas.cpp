@@ -1,5 +1,7 @@
 #include "totals/periodos/Sumas.h"
 
+#include "core/dao/Marcas.h"
+#include "core/dao/Recorrido.h"
 #include "totals/TextosTotals.h"
 #include "totals/periodos/FilasTotales.h"
 
@@ -11,15 +13,19 @@ QString horaDe(const ClaseTotal& c) {
   return c.conHora ? QStringLiteral("HORA") : QStringLiteral("0");
 }
 
+QString tablaDe(const ClaseTotal& c) {
+  return QString::fromUtf16(c.tabla);
+}
+
 }  // namespace
 
 Resultado<> Sumas::guardar(qint64 origen, qint64 lote) {
   for (const ClaseTotal& c : enVigor(a_))
     TARVO_INTENTAR(db_.ejecutar(
-        QStringLiteral("INSERT INTO PapeleraSuma (LOTE, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], "
-                       "SCO) SELECT ?, ?, GRUPO, CODI, %1, CON, PES, [IMP], SCO FROM %2 WHERE "
-                       "LINK=?")
-            .arg(horaDe(c), QString::fromUtf16(c.tabla)),
+        dao::conMarcas(
+            u"INSERT INTO PapeleraSuma (LOTE, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) "
+            u"SELECT ?, ?, GRUPO, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} WHERE LINK=?",
+            {{u"hora", horaDe(c)}, {u"tabla", tablaDe(c)}}),
         lote, c.numero, origen));
   return {};
 }
@@ -43,20 +49,18 @@ Resultado<> Sumas::sumar(qint64 destino, const std::vector<Columna>& cuales, boo
 // Rows that the sum made go; one that is all zeros tells nothing.
 Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
   for (const ClaseTotal& c : enVigor(a_)) {
-    const QString claves = clavesDe(c);
-    const QString filas =
-        QStringLiteral(
-            "SELECT %1, sum(CON) AS CON, sum(PES) AS PES, sum([IMP]) AS [IMP], sum(SCO) "
-            "AS SCO FROM PapeleraSuma WHERE LOTE=? AND CLASE=%2 GROUP BY %1")
-            .arg(claves)
-            .arg(c.numero);
+    const QString filas = dao::conMarcas(
+        u"SELECT {claves}, sum(CON) AS CON, sum(PES) AS PES, sum([IMP]) AS [IMP], sum(SCO) AS SCO "
+        u"FROM PapeleraSuma WHERE LOTE=? AND CLASE={clase} GROUP BY {claves}",
+        {{u"claves", clavesDe(c)}, {u"clase", QString::number(c.numero)}});
     TARVO_INTENTAR(sumarFilas(db_, c, destino, filas, lote, -1, p_.textos()));
     TARVO_INTENTAR(db_.ejecutar(
-        QStringLiteral("DELETE FROM %1 WHERE LINK=? AND CON=0 AND PES=0 AND [IMP]=0 AND SCO=0 AND "
-                       "EXISTS (SELECT 1 FROM PapeleraSuma s WHERE s.LOTE=? AND s.CLASE=? AND "
-                       "s.GRUPO=%1.GRUPO AND s.CODI=%1.CODI%2)")
-            .arg(QString::fromUtf16(c.tabla),
-                 c.conHora ? QStringLiteral(" AND s.HORA=%1.HORA").arg(c.tabla) : QString()),
+        dao::conMarcas(
+            u"DELETE FROM {tabla} WHERE LINK=? AND CON=0 AND PES=0 AND [IMP]=0 AND SCO=0 AND "
+            u"EXISTS (SELECT 1 FROM PapeleraSuma s WHERE s.LOTE=? AND s.CLASE=? AND "
+            u"s.GRUPO={tabla}.GRUPO AND s.CODI={tabla}.CODI AND s.HORA={hora})",
+            {{u"tabla", tablaDe(c)},
+             {u"hora", c.conHora ? tablaDe(c) + QStringLiteral(".HORA") : horaDe(c)}}),
         destino, lote, c.numero));
   }
   return {};
@@ -64,11 +68,9 @@ Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
 
 Resultado<bool> Sumas::vacio(qint64 link) {
   for (const ClaseTotal& c : enVigor(a_)) {
-    TARVO_TOMAR(
-        const auto n,
-        db_.uno(
-            QStringLiteral("SELECT count(*) FROM %1 WHERE LINK=?").arg(QString::fromUtf16(c.tabla)),
-            link));
+    TARVO_TOMAR(const auto n, db_.uno(dao::conMarcas(u"SELECT count(*) FROM {tabla} WHERE LINK=?",
+                                                     {{u"tabla", tablaDe(c)}}),
+                                      link));
     if (n.entero() > 0) return false;
   }
   return true;
@@ -82,8 +84,9 @@ Resultado<> Sumas::deshacer(qint64 destino, qint64 lote, bool nuevo) {
   TARVO_TOMAR(const auto marcas, p_.DesacumularTodo(destino));
   TARVO_INTENTAR(quitarFilas(destino, lote));
   TARVO_INTENTAR(p_.ReacumularTodo(destino, marcas));
-  for (const char16_t* tabla : {u"Sumados", u"PapeleraSuma"})
-    TARVO_INTENTAR(db_.ejecutar(QStringLiteral("DELETE FROM %1 WHERE LOTE=?").arg(tabla), lote));
+  for (const QString& tabla : {QStringLiteral("Sumados"), QStringLiteral("PapeleraSuma")})
+    TARVO_INTENTAR(db_.ejecutar(
+        dao::conMarcas(u"DELETE FROM {tabla} WHERE LOTE=?", {{u"tabla", tabla}}), lote));
   TARVO_TOMAR(const auto sobra, vacio(destino));
   if (nuevo && sobra) TARVO_INTENTAR(p_.BorrarPeriodo(destino));
   return t.confirmar();
@@ -97,15 +100,12 @@ Resultado<bool> Sumas::tiene(qint64 destino, const Periodo& p) {
 }
 
 Resultado<std::vector<Periodo>> Sumas::repetidos(qint64 destino) {
-  TARVO_TOMAR(const auto rs, db_.consultar(u"SELECT TIPO, FECHA1, FECHAF FROM Sumados WHERE LINK=? "
-                                           u"AND SOLAPA<>0 ORDER BY FECHA1, FECHAF",
-                                           destino));
-  std::vector<Periodo> v;
-  while (!rs->Eof()) {
-    v.push_back({static_cast<int>(rs->entero(0)), rs->fecha(1), rs->fecha(2)});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return v;
+  return dao::reunir(db_.consultar(u"SELECT TIPO, FECHA1, FECHAF FROM Sumados WHERE LINK=? AND "
+                                   u"SOLAPA<>0 ORDER BY FECHA1, FECHAF",
+                                   destino),
+                     [](const dao::Recordset& f) {
+                       return Periodo{static_cast<int>(f.entero(0)), f.fecha(1), f.fecha(2)};
+                     });
 }
 
 }  // namespace tarvo::totals
