@@ -13,7 +13,7 @@ QString horaDe(const ClaseTotal& c) {
   return c.conHora ? QStringLiteral("HORA") : QStringLiteral("0");
 }
 
-QString tablaDe(const ClaseTotal& c) {
+QString tablaDeSuma(const ClaseTotal& c) {
   return QString::fromUtf16(c.tabla);
 }
 
@@ -25,7 +25,7 @@ Resultado<> Sumas::guardar(qint64 origen, qint64 lote) {
         dao::conMarcas(
             u"INSERT INTO PapeleraSuma (LOTE, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) "
             u"SELECT ?, ?, GRUPO, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} WHERE LINK=?",
-            {{u"hora", horaDe(c)}, {u"tabla", tablaDe(c)}}),
+            {{u"hora", horaDe(c)}, {u"tabla", tablaDeSuma(c)}}),
         lote, c.numero, origen));
   return {};
 }
@@ -59,8 +59,8 @@ Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
             u"DELETE FROM {tabla} WHERE LINK=? AND CON=0 AND PES=0 AND [IMP]=0 AND SCO=0 AND "
             u"EXISTS (SELECT 1 FROM PapeleraSuma s WHERE s.LOTE=? AND s.CLASE=? AND "
             u"s.GRUPO={tabla}.GRUPO AND s.CODI={tabla}.CODI AND s.HORA={hora})",
-            {{u"tabla", tablaDe(c)},
-             {u"hora", c.conHora ? tablaDe(c) + QStringLiteral(".HORA") : horaDe(c)}}),
+            {{u"tabla", tablaDeSuma(c)},
+             {u"hora", c.conHora ? tablaDeSuma(c) + QStringLiteral(".HORA") : horaDe(c)}}),
         destino, lote, c.numero));
   }
   return {};
@@ -69,7 +69,7 @@ Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
 Resultado<bool> Sumas::vacio(qint64 link) {
   for (const ClaseTotal& c : enVigor(a_)) {
     TARVO_TOMAR(const auto n, db_.uno(dao::conMarcas(u"SELECT count(*) FROM {tabla} WHERE LINK=?",
-                                                     {{u"tabla", tablaDe(c)}}),
+                                                     {{u"tabla", tablaDeSuma(c)}}),
                                       link));
     if (n.entero() > 0) return false;
   }
