@@ -1,5 +1,5 @@
-// The most memory that an export takes whose file holds a gigabyte of old blocks already, in a
-// process of its own.
+// The most memory that an export takes, in a process of its own: as much into a new file as into
+// one that holds a gigabyte of old blocks already.
 #include "Exporta.h"
 
 #include <QFile>
@@ -17,31 +17,31 @@ namespace tarvo::banco {
 
 namespace {
 
-constexpr double kMemoriaMiB = 48;
 constexpr int kGrupos = 200, kArticulos = 2000;
-constexpr qint64 kFichero = qint64{1} << 30;
+constexpr int kFicheroMiB = 1024;
 
 // Old blocks, as far as an export looks at them.
-void ficheroGrande(const QString& ruta) {
+void hacerFichero(const QString& ruta, qint64 largo) {
   QFile f(ruta);
-  if (!f.open(QIODevice::WriteOnly) || f.write("*") != 1 || !f.resize(kFichero - 2) ||
-      !f.seek(kFichero - 2) || f.write("\r\n") != 2)
+  if (!f.open(QIODevice::WriteOnly) || f.write("*") != 1 || !f.resize(largo - 2) ||
+      !f.seek(largo - 2) || f.write("\r\n") != 2)
     morir(f.errorString());
 }
 
-double picoAparte() {
+double picoAparte(int mib) {
   QProcess hijo;
-  hijo.start(QStringLiteral("/proc/self/exe"), {QStringLiteral("--exporta")});
+  hijo.start(QStringLiteral("/proc/self/exe"), {QStringLiteral("--exporta"), QString::number(mib)});
   if (!hijo.waitForFinished(120'000) || hijo.exitCode() != 0)
     morir(QString::fromLocal8Bit(hijo.readAllStandardError()));
   return hijo.readAllStandardOutput().trimmed().toDouble();
 }
 
-const Registro kMedida("exporta.memoria", 1.0, [] { return kMemoriaMiB * 1024 / picoAparte(); });
+const Registro kMedida("exporta.memoria", 0.95,
+                       [] { return picoAparte(0) / picoAparte(kFicheroMiB); });
 
 }  // namespace
 
-int exporta() {
+int exporta(int mib) {
   const QTemporaryDir carpeta;
   const auto db = hacerTienda(carpeta.filePath(QStringLiteral("TARVO.MDB")), kGrupos, kArticulos);
   Ajustes ajustes(carpeta.path(), Idioma::Espanol);
@@ -55,11 +55,12 @@ int exporta() {
       db->ejecutar(u"INSERT INTO TOTPLU (LINK, GRUPO, CODI, CON, PES, [IMP], SCO) SELECT ?, "
                    u"g.CODGPO, p.CODPLU, 3, 1500, 4550, 0 FROM GRUPOS g, PLUSES p",
                    link));
-  ficheroGrande(carpeta.filePath(QStringLiteral("VENTAS.EXP")));
+  const qint64 antes = qint64{mib} << 20;
+  if (mib > 0) hacerFichero(carpeta.filePath(QStringLiteral("VENTAS.EXP")), antes);
   totals::XporTot xporTot(*db, periodos, ajustes);
   if (!bien(xporTot.XportRemoto({link}, {}, QStringLiteral("VENTAS"), QStringLiteral("1.1"))))
     morir(QStringLiteral("nada exportado"));
-  const qint64 largo = QFile(carpeta.filePath(QStringLiteral("VENTAS.EXP"))).size() - kFichero;
+  const qint64 largo = QFile(carpeta.filePath(QStringLiteral("VENTAS.EXP"))).size() - antes;
   if (largo < qint64{kGrupos} * kArticulos * 52) morir(QString::number(largo));
   std::printf("%ld\n", picoKiB());
   return 0;

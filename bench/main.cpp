@@ -84,7 +84,8 @@ int main(int argc, char** argv) {
     return tarvo::banco::razones(argc > 2 ? argv[2] : "");
   if (argc > 2 && std::strcmp(argv[1], "--noche") == 0)
     return tarvo::banco::noche(std::atoi(argv[2]));
-  if (argc > 1 && std::strcmp(argv[1], "--exporta") == 0) return tarvo::banco::exporta();
+  if (argc > 2 && std::strcmp(argv[1], "--exporta") == 0)
+    return tarvo::banco::exporta(std::atoi(argv[2]));
   if (argc > 4 && std::strcmp(argv[1], "--noche-pared") == 0)
     return tarvo::banco::nochePared(std::atoi(argv[2]), std::atoi(argv[3]),
                                     std::strcmp(argv[4], "tcp") == 0);

@@ -13,9 +13,8 @@ QString horaDe(const ClaseTotal& c) {
   return c.conHora ? QStringLiteral("HORA") : QStringLiteral("0");
 }
 
-// The same in a condition on the table itself.
-QString horaEn(const ClaseTotal& c) {
-  return c.conHora ? QString::fromUtf16(c.tabla) + QStringLiteral(".HORA") : QStringLiteral("0");
+QString tablaDeSuma(const ClaseTotal& c) {
+  return QString::fromUtf16(c.tabla);
 }
 
 }  // namespace
@@ -24,10 +23,9 @@ Resultado<> Sumas::guardar(qint64 origen, qint64 lote) {
   for (const ClaseTotal& c : enVigor(a_))
     TARVO_INTENTAR(db_.ejecutar(
         dao::conMarcas(
-            u"INSERT INTO PapeleraSuma (LOTE, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], "
-            u"SCO) SELECT ?, ?, GRUPO, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} "
-            u"WHERE LINK=?",
-            {{u"hora", horaDe(c)}, {u"tabla", QString::fromUtf16(c.tabla)}}),
+            u"INSERT INTO PapeleraSuma (LOTE, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) "
+            u"SELECT ?, ?, GRUPO, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} WHERE LINK=?",
+            {{u"hora", horaDe(c)}, {u"tabla", tablaDeSuma(c)}}),
         lote, c.numero, origen));
   return {};
 }
@@ -58,10 +56,11 @@ Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
     TARVO_INTENTAR(sumarFilas(db_, c, destino, filas, lote, -1, p_.textos()));
     TARVO_INTENTAR(db_.ejecutar(
         dao::conMarcas(
-            u"DELETE FROM {tabla} WHERE LINK=? AND CON=0 AND PES=0 AND [IMP]=0 AND SCO=0 "
-            u"AND EXISTS (SELECT 1 FROM PapeleraSuma s WHERE s.LOTE=? AND s.CLASE=? AND "
+            u"DELETE FROM {tabla} WHERE LINK=? AND CON=0 AND PES=0 AND [IMP]=0 AND SCO=0 AND "
+            u"EXISTS (SELECT 1 FROM PapeleraSuma s WHERE s.LOTE=? AND s.CLASE=? AND "
             u"s.GRUPO={tabla}.GRUPO AND s.CODI={tabla}.CODI AND s.HORA={hora})",
-            {{u"tabla", QString::fromUtf16(c.tabla)}, {u"hora", horaEn(c)}}),
+            {{u"tabla", tablaDeSuma(c)},
+             {u"hora", c.conHora ? tablaDeSuma(c) + QStringLiteral(".HORA") : horaDe(c)}}),
         destino, lote, c.numero));
   }
   return {};
@@ -70,7 +69,7 @@ Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
 Resultado<bool> Sumas::vacio(qint64 link) {
   for (const ClaseTotal& c : enVigor(a_)) {
     TARVO_TOMAR(const auto n, db_.uno(dao::conMarcas(u"SELECT count(*) FROM {tabla} WHERE LINK=?",
-                                                     {{u"tabla", QString::fromUtf16(c.tabla)}}),
+                                                     {{u"tabla", tablaDeSuma(c)}}),
                                       link));
     if (n.entero() > 0) return false;
   }
@@ -85,10 +84,9 @@ Resultado<> Sumas::deshacer(qint64 destino, qint64 lote, bool nuevo) {
   TARVO_TOMAR(const auto marcas, p_.DesacumularTodo(destino));
   TARVO_INTENTAR(quitarFilas(destino, lote));
   TARVO_INTENTAR(p_.ReacumularTodo(destino, marcas));
-  for (const char16_t* tabla : {u"Sumados", u"PapeleraSuma"})
-    TARVO_INTENTAR(db_.ejecutar(dao::conMarcas(u"DELETE FROM {tabla} WHERE LOTE=?",
-                                               {{u"tabla", QString::fromUtf16(tabla)}}),
-                                lote));
+  for (const QString& tabla : {QStringLiteral("Sumados"), QStringLiteral("PapeleraSuma")})
+    TARVO_INTENTAR(db_.ejecutar(
+        dao::conMarcas(u"DELETE FROM {tabla} WHERE LOTE=?", {{u"tabla", tabla}}), lote));
   TARVO_TOMAR(const auto sobra, vacio(destino));
   if (nuevo && sobra) TARVO_INTENTAR(p_.BorrarPeriodo(destino));
   return t.confirmar();
@@ -102,12 +100,11 @@ Resultado<bool> Sumas::tiene(qint64 destino, const Periodo& p) {
 }
 
 Resultado<std::vector<Periodo>> Sumas::repetidos(qint64 destino) {
-  return dao::reunir(db_.consultar(u"SELECT TIPO, FECHA1, FECHAF FROM Sumados WHERE LINK=? "
-                                   u"AND SOLAPA<>0 ORDER BY FECHA1, FECHAF",
+  return dao::reunir(db_.consultar(u"SELECT TIPO, FECHA1, FECHAF FROM Sumados WHERE LINK=? AND "
+                                   u"SOLAPA<>0 ORDER BY FECHA1, FECHAF",
                                    destino),
-                     [](const dao::Recordset& fila) {
-                       return Periodo{static_cast<int>(fila.entero(0)), fila.fecha(1),
-                                      fila.fecha(2)};
+                     [](const dao::Recordset& f) {
+                       return Periodo{static_cast<int>(f.entero(0)), f.fecha(1), f.fecha(2)};
                      });
 }
 
