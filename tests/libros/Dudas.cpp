@@ -89,7 +89,9 @@ TEST_F(DudasTest, UnaCuentaQueBajaNoPruebaNada) {
   for (const Caso& c : casos) {
     SCOPED_TRACE(c.que);
     noche(kLunes);
-    if (c.orden) EXPECT_TRUE(t.ponerACero(1, c.obedecida, false));
+    if (c.orden) {
+      EXPECT_TRUE(t.ponerACero(1, c.obedecida, false));
+    }
     if (!c.orden && c.obedecida) m().ponerACero();
     t.cortar();
     noche(c.martes);
