@@ -86,12 +86,4 @@ struct Motor {
   std::optional<automation::ResultadoProceso> fin;
 };
 
-inline long picoKiB() {
-  QFile f(QStringLiteral("/proc/self/status"));
-  if (!f.open(QIODevice::ReadOnly)) return 0;
-  for (const QByteArray& linea : f.readAll().split('\n'))
-    if (linea.startsWith("VmHWM:")) return linea.mid(6).trimmed().split(' ').first().toLong();
-  return 0;
-}
-
 }  // namespace tarvo::banco
