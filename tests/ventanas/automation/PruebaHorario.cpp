@@ -207,12 +207,15 @@ TEST(Automat, UnProcesoConHorarioVaAlCronos) {
 TEST(Cronos, EsperaAlProcesoDeLaPersona) {
   Horarios s;
   s.fichero(u"T.CRO"_s, u"22:00:05;"_s + kSiempre + u";BIEN\r\n"_s);
-  s.correr(Horarios::preguntarEnVano(2));
+  QWidget* v = s.correr(Horarios::preguntarEnVano(1000));
   Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"T.CRO"_s)}});
   auto* filas = pieza<Parrilla>(c, u"ListaCron"_s);
   s.pasar(20);
   EXPECT_EQ(filas->texto(0, u"estado"), u"Vencida");
-  s.pasar(600);
+  s.automat().abortar();
+  s.pasar(1);
+  v->close();
+  s.pasar(60);
   EXPECT_EQ(filas->texto(0, u"ok"), u"1");
 }
 
