@@ -9,6 +9,7 @@
 #include "automation/TextosAutomation.h"
 #include "automation/historia/Pendientes.h"
 #include "totals/libros/Cuadre.h"
+#include "totals/libros/Dudas.h"
 #include "totals/libros/TablasLibros.h"
 #include "totals/periodos/Calendario.h"
 
@@ -238,6 +239,8 @@ Resultado<> LectorResumen::leerBandeja() {
 Resultado<> LectorResumen::leerDebidos() {
   TARVO_TOMAR(const auto todos, Pendientes(f_.db).todos());
   r_.debidos = static_cast<int>(todos.size());
+  TARVO_TOMAR(const auto dudas, totals::dudasAbiertas(f_.db));
+  r_.dudasCero = static_cast<int>(dudas.size());
   return {};
 }
 

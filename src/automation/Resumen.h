@@ -59,6 +59,7 @@ struct Resumen {
   std::vector<PeriodoResumen> periodos;  // made by the night, or what replaced them
   int perdidos = 0;                      // made by it, deleted or given other dates since
   int debidos = 0;                       // left to do of periods by this and earlier nights
+  int dudasCero = 0;                     // machines of which nobody knows whether they were zeroed
   int sesion = 0;                        // 0 closed, 1 open and empty, 2 open with data
   std::vector<EsperaResumen> bandeja;
   std::optional<ProximaResumen> proxima;

@@ -131,6 +131,13 @@ std::vector<Renglon> Redactor::deArranque() const {
 
 std::vector<Renglon> Redactor::avisos() const {
   std::vector<Renglon> lista = deArranque();
+  if (r_.dudasCero > 0)
+    lista.push_back({.estado = Estado::Duda,
+                     .palabra = t_(kTxVerDudasCero),
+                     .titulo = {},
+                     .texto = Plural(t_(kTxHayDudasCero), r_.dudasCero),
+                     .valor = {},
+                     .ventana = u"DudasCero"_s});
   if (r_.debidos > 0)
     lista.push_back({.estado = Estado::Duda,
                      .palabra = t_(kTxVerDebidos),

@@ -181,6 +181,10 @@ Resultado<bool> CerrSes::recuperar() {
   return true;
 }
 
+Resultado<std::vector<DudaAbierta>> CerrSes::dudas() {
+  return dudasAbiertas(s_.base());
+}
+
 Resultado<std::vector<qint64>> CerrSes::responder(int grupo, int addr, bool olvido,
                                                   std::vector<Aviso>& avisos) {
   const int antes = s_.estado();

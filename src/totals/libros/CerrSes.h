@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "totals/libros/Dudas.h"
 #include "totals/libros/Memoria.h"
 #include "totals/libros/Sesion.h"
 #include "totals/periodos/Periodos.h"
@@ -37,6 +38,8 @@ class CerrSes {
   // Opens again a session that was closed without memorising. False when nothing of it is left or
   // another one has begun.
   Resultado<bool> recuperar();
+  // Machines of which a person must say whether they were zeroed.
+  Resultado<std::vector<DudaAbierta>> dudas();
   // A person says of a machine that was left out in doubt (Dudas.h) whether it forgot. When nothing
   // of its group is in doubt any more its reading is memorised, unless a session is open, which
   // then holds it. The links as of LaSesion.

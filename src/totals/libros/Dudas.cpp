@@ -1,5 +1,6 @@
 #include "totals/libros/Dudas.h"
 
+#include "core/dao/Recorrido.h"
 #include "core/dinero/Dinero.h"
 #include "totals/TextosTotals.h"
 
@@ -31,15 +32,19 @@ QString importe(const Ajustes& a, qint64 n) {
 }  // namespace
 
 Resultado<std::vector<DudaAbierta>> dudasAbiertas(Database& db) {
-  TARVO_TOMAR(auto rs,
-              db.consultar(u"SELECT GRUPO, ADDR FROM Dudas WHERE RESPUESTA IS NULL ORDER "_s
-                           u"BY GRUPO, ADDR"_s));
-  std::vector<DudaAbierta> lista;
-  for (; !rs->Eof();) {
-    lista.push_back({static_cast<int>(rs->entero(0)), static_cast<int>(rs->entero(1))});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return lista;
+  return dao::reunir(
+      db.consultar(
+          u"SELECT d.GRUPO, d.ADDR, g.NOMGPO, d.DESDE, d.IMP_SI, d.IMP_NO FROM Dudas d LEFT "_s
+          u"JOIN GRUPOS g ON g.CODGPO=d.GRUPO WHERE d.RESPUESTA IS NULL ORDER BY d.GRUPO, "_s
+          u"d.ADDR"_s),
+      [](const dao::Recordset& f) {
+        return DudaAbierta{.grupo = static_cast<int>(f.entero(0)),
+                           .addr = static_cast<int>(f.entero(1)),
+                           .nombre = f.texto(2),
+                           .desde = f.fecha(3),
+                           .siOlvido = f.entero(4),
+                           .siNo = f.entero(5)};
+      });
 }
 
 Resultado<> dejarFuera(Database& db, const Ajustes& ajustes, int grupo) {
@@ -58,12 +63,13 @@ Resultado<> abrirDudas(Database& db, const Ajustes& ajustes, const Textos& texto
   TARVO_TOMAR(const auto desde,
               db.uno(u"SELECT MAX(BASE_HASTA) FROM Lecturas WHERE GRUPO=?"_s, grupo));
   for (const auto& [addr, t] : maquinas) {
-    TARVO_INTENTAR(db.ejecutar(u"INSERT INTO Dudas (GRUPO, ADDR, CLASES) VALUES (?, ?, ?)"_s, grupo,
-                               addr, clases));
     const auto gran = t.find(kGranTotal);
     const Testimonio g = gran != t.end() ? gran->second
                          : t.empty()     ? Testimonio{}
                                          : t.begin()->second;
+    TARVO_INTENTAR(db.ejecutar(
+        u"INSERT INTO Dudas (GRUPO, ADDR, CLASES, DESDE, IMP_SI, IMP_NO) VALUES (?, ?, ?, ?, ?, ?)"_s,
+        grupo, addr, clases, desde.fecha(), g.impAhora, g.impAhora - g.impAntes));
     const QString cual = addr == 0 ? QString::number(grupo) : u"%1:%2"_s.arg(grupo).arg(addr);
     avisos.push_back(
         {grupo,

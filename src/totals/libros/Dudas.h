@@ -11,8 +11,13 @@
 namespace tarvo::totals {
 
 struct DudaAbierta {
-  int grupo = 0, addr = 0;
+  int grupo = 0, addr = 0;  // 0: the one machine of the group
+  QString nombre = {};      // of the group
+  Fecha desde = {};         // when it was read last for the books
+  // What it would have sold since, in stored money: if it was zeroed, and if it wasn't.
+  qint64 siOlvido = 0, siNo = 0;
 };
+// In the order of groups and machines.
 Resultado<std::vector<DudaAbierta>> dudasAbiertas(dao::Database& db);
 
 // Inside the caller's transaction, as all that follows. The group leaves the open session, and

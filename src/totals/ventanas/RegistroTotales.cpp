@@ -2,6 +2,7 @@
 
 #include "totals/ventanas/CerrSesVentana.h"
 #include "totals/ventanas/ConfirSumVentana.h"
+#include "totals/ventanas/DudasCero.h"
 #include "totals/ventanas/EditIntvVentana.h"
 #include "totals/ventanas/FormDetallesVentana.h"
 #include "totals/ventanas/ImpTotVentana.h"
@@ -19,6 +20,7 @@ using ventanas::fabrica;
 
 void registrarVentanasTotales(ventanas::Ventanas& v, Sesion& sesion, Periodos& periodos) {
   v.registrar(u"CerrSes"_s, fabrica<CerrSesVentana>(sesion, periodos));
+  v.registrar(u"DudasCero"_s, fabrica<DudasCero>(sesion, periodos));
   v.registrar(u"FormDetalles"_s, fabrica<FormDetallesVentana>());
   v.registrar(u"VerTot"_s, fabrica<VerTotVentana>(periodos));
   v.registrar(u"EditIntv"_s, fabrica<EditIntvVentana>(periodos));

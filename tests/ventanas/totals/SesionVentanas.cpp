@@ -2,6 +2,7 @@
 #include <QListWidget>
 
 #include "Trastienda.h"
+#include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::prueba {
 
@@ -60,6 +61,32 @@ TEST(VentanaSesion, CadaUnoASuPeriodo) {
   QTest::mouseClick(v->findChild<QPushButton*>(u"Guardar"_s), Qt::LeftButton);
   EXPECT_EQ(t.leer(u"select LINK, sum([IMP]) from TOTGRT where LINK>0 group by LINK"_s),
             u"1 1500 | 2 1500");
+}
+
+// A machine in doubt: what each answer means is shown, nothing happens by Return alone, and the
+// answer lets the reading that waits into the books.
+TEST(VentanaSesion, UnaDudaSeRespondePorSuNombre) {
+  Trastienda t;
+  recibir(t, 1, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
+  t.sql(u"update Sesiones set SS_GRT=false"_s);
+  t.sql(u"update Lecturas set ESTADO=4"_s);
+  bien(t.sesion.ponerEstado(0));
+  t.sql(
+      u"insert into Dudas (GRUPO, ADDR, CLASES, DESDE, IMP_SI, IMP_NO) values (1, 0, '17', ?, 1500, 300)"_s,
+      momento("03/06/2018 21:00:00"));
+  auto* v = t.abrir(u"DudasCero"_s);
+  auto* lista = v->findChild<ventanas::Parrilla*>(u"Lista"_s);
+  ASSERT_EQ(lista->filas(), 1);
+  EXPECT_EQ(lista->texto(0, u"maquina"), u"0001  Mostrador 1");
+  t.alAbrirse([](QWidget* w) { QTest::keyClick(w, Qt::Key_Return); });
+  QTest::keyClick(v->findChild<QPushButton*>(u"No"_s), Qt::Key_Space);
+  EXPECT_TRUE(t.textoModal.contains(lista->texto(0, u"no"))) << t.textoModal.toStdString();
+  EXPECT_EQ(lista->filas(), 1);
+  t.responder(u"Acepto"_s);
+  QTest::keyClick(v->findChild<QPushButton*>(u"Si"_s), Qt::Key_Space);
+  EXPECT_EQ(lista->filas(), 0);
+  EXPECT_EQ(t.leer(u"select sum([IMP]) from TOTGRT where LINK>0"_s), u"1500");
+  EXPECT_TRUE(v->tira().texto().contains(u"memorizados")) << v->tira().texto().toStdString();
 }
 
 TEST(VentanaSesion, OlvidaYRecupera) {

@@ -1,0 +1,29 @@
+// Machines of which nobody can tell whether they were zeroed: their totals wait in the inbox until
+// a person says it, here, one by one and by name.
+#pragma once
+
+#include "core/ventanas/marco/Ventana.h"
+#include "totals/libros/CerrSes.h"
+#include "ui_DudasCero.h"
+
+namespace tarvo::totals {
+
+class DudasCero final : public ventanas::Ventana {
+  Q_OBJECT
+ public:
+  DudasCero(ventanas::Contexto& contexto, const QString& nombre, Sesion& sesion,
+            Periodos& periodos);
+  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+
+ private:
+  Resultado<> refrescar();
+  void responder(bool olvido);
+  QString nombreDe(const DudaAbierta& duda) const;
+  QString dinero(qint64 importe) const;
+
+  Ui::FormaDudasCero ui_;
+  CerrSes motor_;
+  std::vector<DudaAbierta> todas_;
+};
+
+}  // namespace tarvo::totals
