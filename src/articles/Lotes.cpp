@@ -94,7 +94,8 @@ Resultado<> Lotes::guardarTodos(qint64 lote, const QString& tabla) {
       u"FROM %1 T CROSS JOIN PLUSES P ON P.SECCION=T.SECCION AND P.CODPLU=T.CODPLU WHERE T.HABIA=1 "
       u"AND NOT EXISTS (SELECT 1 FROM LoteAntes L WHERE L.LOTE=? AND L.SECCION=T.SECCION AND "
       u"L.CODPLU=T.CODPLU)"_s.arg(tabla);
-  const QStringList articulo = columnasArticulo(), stock = lotesql::contadores();
+  const QStringList& articulo = columnasArticulo();
+  const QStringList stock = lotesql::contadores();
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 1, M.%2 FROM (SELECT T.SECCION AS SEC, "
       u"T.CODPLU AS COD %3) K CROSS JOIN MovsAlm M ON M.SECCION=K.SEC AND M.CODIGO=K.COD"_s.arg(
@@ -111,7 +112,8 @@ Resultado<> Lotes::guardarTodos(qint64 lote, const QString& tabla) {
 }
 
 Resultado<> Lotes::anotarTodos(qint64 lote, const QString& tabla) {
-  const QStringList articulo = columnasArticulo(), stock = lotesql::contadores();
+  const QStringList& articulo = columnasArticulo();
+  const QStringList stock = lotesql::contadores();
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT OR REPLACE INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 0, M.%2 FROM %3 T CROSS JOIN "
       u"MovsAlm M ON M.SECCION=T.SECCION AND M.CODIGO=T.CODPLU"_s.arg(stock.join(u", "),

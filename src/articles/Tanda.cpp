@@ -56,7 +56,7 @@ Resultado<> Tanda::escribir(qint64 lote, std::span<const Articulo> articulos) {
 }
 
 Resultado<> Tanda::tender(std::span<const Articulo> articulos) {
-  const QStringList columnas = columnasArticulo();
+  const QStringList& columnas = columnasArticulo();
   if (!poner_) {
     TARVO_INTENTAR(db_.ejecutar(
         u"CREATE TEMP TABLE IF NOT EXISTS %1 (%2, HABIA, PRIMARY KEY (SECCION, CODPLU))"_s.arg(

@@ -89,6 +89,7 @@ Resultado<> Cronos::Interior::cargar(const QString& nombre) {
   TARVO_TOMAR(const auto lineas,
               lenguaje.leerCro(texto, fichero.endsWith(u".AUT", Qt::CaseInsensitive)));
   std::vector<Entrada> nuevas;
+  nuevas.reserve(lineas.size());
   for (const auto& l : lineas) nuevas.push_back(entradaDe(l, ruta));
   entradas = std::move(nuevas);
   vencidos.assign(entradas.size(), {});

@@ -101,6 +101,7 @@ TEST_F(MaquinaVEK, ConElCodigoDeOtraPregunta) {
     cable().entra(vek(9, 14, "SI"));
     EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 14 SI");
     enlaces.abandonar(0);
+    motor.nuevo();
   }
 }
 

@@ -9,7 +9,6 @@
 namespace tarvo::precios {
 
 using articles::Articulo;
-using articles::ClaveArticulo;
 
 namespace {
 

@@ -18,9 +18,14 @@ using ventanas::Parrilla;
 using ventanas::Ventana;
 
 struct Horarios : Sala {
-  Horarios() {
+  // Asks a group that doesn't answer so many times, and reports it.
+  static QString preguntarEnVano(int veces) {
+    return u"T:RXGRTOT,1\r\nC:ESPERA,%1,No\r\n"_s.arg(veces);
+  }
+
+  Horarios() : Sala({1}) {
     fichero(u"BIEN.AUT"_s, u"N:a\r\n"_s);
-    fichero(u"mal.aut"_s, u"S:CERRAR,x,Sí,Sí\r\n"_s);
+    fichero(u"mal.aut"_s, preguntarEnVano(2));
     todas().registrar(u"MainTarvo"_s,
                       [](ventanas::Contexto& c, const QString& n) { return new Ventana(c, n); });
   }
@@ -86,7 +91,7 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   EXPECT_TRUE(c->isMinimized());
   EXPECT_EQ(filas->texto(0, u"estado"), u"En marcha");
   EXPECT_EQ(filas->texto(1, u"estado"), u"Vencida");
-  s.pasar(20);
+  s.pasar(120);
   EXPECT_FALSE(s.abierta(u"Automat"_s));
   EXPECT_FALSE(c->isMinimized());
   EXPECT_EQ(filas->texto(0, u"ko"), u"1");
@@ -175,7 +180,7 @@ TEST(Cronos, ADesactivarYAManoYUnoQueNoSeLee) {
 // The next one waits for whoever reads why the first was stopped, but not all night.
 TEST(Cronos, UnProcesoParadoNoRetieneLaNoche) {
   Horarios s;
-  s.fichero(u"LARGO.AUT"_s, u"N:a\r\n"_s.repeated(100));
+  s.fichero(u"LARGO.AUT"_s, Horarios::preguntarEnVano(1000));
   s.fichero(u"T.CRO"_s,
             u"22:05:00;"_s + kSiempre + u";LARGO\r\n22:05:30;"_s + kSiempre + u";BIEN\r\n"_s);
   Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"T.CRO"_s)}});
@@ -202,11 +207,14 @@ TEST(Automat, UnProcesoConHorarioVaAlCronos) {
 TEST(Cronos, EsperaAlProcesoDeLaPersona) {
   Horarios s;
   s.fichero(u"T.CRO"_s, u"22:00:05;"_s + kSiempre + u";BIEN\r\n"_s);
-  s.correr(u"N:a\r\n"_s.repeated(100));
+  QWidget* v = s.correr(Horarios::preguntarEnVano(1000));
   Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"T.CRO"_s)}});
   auto* filas = pieza<Parrilla>(c, u"ListaCron"_s);
   s.pasar(20);
   EXPECT_EQ(filas->texto(0, u"estado"), u"Vencida");
+  s.automat().abortar();
+  s.pasar(1);
+  v->close();
   s.pasar(60);
   EXPECT_EQ(filas->texto(0, u"ok"), u"1");
 }

@@ -242,7 +242,7 @@ TEST_F(Gestcomm, MenusSegunGruposYQuienSabe) {
 
 // A wipe and a zeroing say what goes and wait for a yes, by whatever way and with one group too.
 TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
-  grupo(1, 1, u"cable 1"_s);
+  grupo(1, 2, u"cable 1"_s);
   vender(1, 10, 1500, 250);
   articulo(10);
   valor(db->ejecutar(u"INSERT INTO Enviados (GRUPO, SECCION, CODPLU) VALUES (1, 1, 10)"));
