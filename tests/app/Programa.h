@@ -10,6 +10,9 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include "app/MaquinaMuda.h"
+#include "core/dao/Database.h"
+
 namespace tarvo::prueba {
 
 struct Fin {
@@ -58,6 +61,20 @@ class Programa : public ::testing::Test {
   Fin correrAqui(QStringList argumentos) const {
     argumentos = QStringList{QStringLiteral("--carpeta"), dir.path()} + argumentos;
     return correr(argumentos);
+  }
+  // A process that stays under way until its machine hangs up, however fast its steps are; then it
+  // ends with a problem.
+  void ponerProcesoQueEspera(const QString& nombre, const MaquinaMuda& muda) const {
+    ASSERT_GT(muda.puerto(), 0);
+    poner(QStringLiteral("TARVO.INI"), "TimeOut= 600000\r\nTimeACK= 600000\r\n");
+    poner(QStringLiteral("CONECTORES.INI"),
+          "MUDA= tcp:127.0.0.1:" + QByteArray::number(muda.puerto()) + "\r\n");
+    poner(QStringLiteral("VACIO.AUT"), {});
+    ASSERT_EQ(correrAqui({QStringLiteral("--sin-ventana"), QStringLiteral("VACIO")}).estado, 0);
+    const auto db = dao::Database::OpenDatabase(en(QStringLiteral("TARVO.MDB")));
+    ASSERT_TRUE(db && (*db)->ejecutar(u"UPDATE GRUPOS SET TIPO=1, ADDR=1, REMOTO=4, TELEF='MUDA' "
+                                      u"WHERE CODGPO=1"));
+    poner(nombre, "T:TX_HORA,1\r\nC:ESPERA,0,Si\r\n");
   }
   // Waits until the trace of a running program holds a text.
   static bool esperar(QProcess& p, const QByteArray& texto, QByteArray& salida) {

@@ -22,9 +22,6 @@ struct Caso {
 const QByteArray kEsperaSinFin =
     "00:00:00;No,No,No,No,No,No,No;@\r\n@INICIO BATCH\r\nN:x\r\n@FINAL BATCH\r\n";
 
-// One that takes a long while, half a second a step.
-const QByteArray kLargo = QByteArray("P:LIMPIAR\r\n").repeated(500);
-
 }  // namespace
 
 TEST_F(Programa, TablaDeLineasDeOrdenes) {
@@ -157,9 +154,9 @@ TEST_F(Programa, LoQueNoSePuedeAbrirEsCuatro) {
 // Two processes at once, from wherever one looks at the database: the second waits its turn, and
 // gives up when it was told not to wait.
 TEST_F(Programa, UnaBaseEsDeUnSoloProceso) {
-  poner(QStringLiteral("L.AUT"), kLargo);
+  const MaquinaMuda muda;
+  ponerProcesoQueEspera(QStringLiteral("L.AUT"), muda);
   poner(QStringLiteral("V.AUT"), "");
-  ASSERT_EQ(correrAqui({kSinVentana, "V"}).estado, 0);
   QDir(dir.path()).mkpath(QStringLiteral("otra"));
   QDir(dir.path()).mkpath(QStringLiteral("enlazada"));
   QDir(dir.path()).mkpath(QStringLiteral("dura"));
@@ -260,7 +257,8 @@ TEST_F(Programa, UnaSenalParaEnOrden) {
 }
 
 TEST_F(Programa, UnaSenalAbortaElProcesoEnMarcha) {
-  poner(QStringLiteral("LARGO.AUT"), kLargo);
+  const MaquinaMuda muda;
+  ponerProcesoQueEspera(QStringLiteral("LARGO.AUT"), muda);
   QProcess p;
   QByteArray salida;
   arrancar(p, {QStringLiteral("--carpeta"), dir.path(), kSinVentana, QStringLiteral("LARGO")});

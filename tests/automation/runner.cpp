@@ -26,6 +26,20 @@ TEST_F(RunnerTest, UnaNocheEntera) {
   EXPECT_TRUE(libros.contains(u"MovsAlm: 1|7|1500"_s)) << libros.join(u'\n').toStdString();
 }
 
+// Whoever is told a line, another program among them, finds it in the file.
+TEST_F(RunnerTest, LoQueSeDiceEstaYaEnElFichero) {
+  const auto p = tienda_.programa();
+  QStringList faltan;
+  int dichas = 0;
+  p->automat().alEscribir = [&](const QString& l) {
+    ++dichas;
+    if (!tienda_.texto(u"NOCHE.TZA"_s).contains(l + u"\r\n"_s)) faltan += l;
+  };
+  correr(kNoche, *p);
+  EXPECT_EQ(dichas, 5);
+  EXPECT_TRUE(faltan.isEmpty()) << faltan.join(u'\n').toStdString();
+}
+
 struct CasoPaso {
   const char16_t* proceso;
   const char16_t* mensaje;  // under the header of the first step; empty for none

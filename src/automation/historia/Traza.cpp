@@ -35,13 +35,12 @@ void Traza::empezar(const Ajustes& ajustes, const QString& traza, const QString&
 
 bool Traza::escribir(const QStringList& lineas, const std::function<void(const QString&)>& salida) {
   QString texto;
-  for (const auto& l : lineas) {
-    if (salida) salida(campo_ + l);
-    texto += campo_ + l + u"\r\n"_s;
-  }
-  if (anadir(ruta_, ficheros::codificar1252(texto))) return true;
-  if (!std::exchange(avisado_, true) && salida) salida(textos_(kTxTrazaSinEscribir, {ruta_}));
-  return false;
+  for (const auto& l : lineas) texto += campo_ + l + u"\r\n"_s;
+  const bool escrito = anadir(ruta_, ficheros::codificar1252(texto));
+  if (!salida) return escrito;
+  for (const auto& l : lineas) salida(campo_ + l);
+  if (!escrito && !std::exchange(avisado_, true)) salida(textos_(kTxTrazaSinEscribir, {ruta_}));
+  return escrito;
 }
 
 }  // namespace tarvo::automation

@@ -16,8 +16,8 @@ class Traza {
   // Direct run: HomeDir/NOMBRE.TZA. Delayed one: `traza` with the extension .TZC, the name of the
   // process in front of each line, in a field of 8.
   void empezar(const Ajustes& ajustes, const QString& traza, const QString& nombre);
-  // False when the file can't be written, and the lines have gone to `salida` alone; that is told
-  // once there.
+  // The lines are in the file before `salida` hears them. False when the file can't be written, and
+  // they have gone to `salida` alone; that is told once there.
   bool escribir(const QStringList& lineas, const std::function<void(const QString&)>& salida);
   const QString& ruta() const { return ruta_; }
 

@@ -48,9 +48,8 @@ TEST_F(ConVentanas, LaPrincipalEmpiezaYAcaba) {
 
 // What a computer that is shut down leaves of a run with its window, the next start goes on with.
 TEST_F(ConVentanas, UnaSenalDejaElProcesoParaSeguir) {
-  QByteArray largo;
-  for (int i = 0; i < 500; ++i) largo += "P:LIMPIAR\r\n";
-  poner(u"LARGO.AUT"_s, largo);
+  const MaquinaMuda muda;
+  ponerProcesoQueEspera(u"LARGO.AUT"_s, muda);
   const auto hastaQue = [&](QProcess& p, const QByteArray& dice) {
     QElapsedTimer desde;
     desde.start();
@@ -58,14 +57,13 @@ TEST_F(ConVentanas, UnaSenalDejaElProcesoParaSeguir) {
     return ver(u"LARGO.TZA"_s).contains(dice);
   };
   const QByteArrayList dichos{"iniciada", "Se reanuda"};
-  for (const QByteArray& dice : dichos) {
+  for (int vez = 0; const QByteArray& dice : dichos) {
     QProcess p;
     arrancar(p, {u"--carpeta"_s, dir.path(), u"LARGO"_s});
     ASSERT_TRUE(hastaQue(p, dice)) << ver(u"LARGO.TZA"_s).toStdString();
-    p.waitForReadyRead(700);
     ASSERT_TRUE(avisar(p, SIGTERM));
     EXPECT_EQ(acabar(p).estado, 2);
-    EXPECT_TRUE(ver(u"LARGO.TZA"_s).contains("interrumpida"));
+    EXPECT_EQ(ver(u"LARGO.TZA"_s).count("Ejecuci\xF3n interrumpida"), ++vez);
   }
 }
 
@@ -135,7 +133,8 @@ TEST_F(Juntos, LaNocheCorreEnLaVentanaAbierta) {
 
 // Stopping it there stops it here; what dies in the window is gone on with outside.
 TEST_F(Juntos, LaNochePasaDeUnoAOtro) {
-  poner(u"LARGO.AUT"_s, QByteArray("P:LIMPIAR\r\n").repeated(12));
+  MaquinaMuda muda;
+  ponerProcesoQueEspera(u"LARGO.AUT"_s, muda);
   Abierta abierta;
   abrirVentanas(abierta.p);
   {
@@ -153,8 +152,11 @@ TEST_F(Juntos, LaNochePasaDeUnoAOtro) {
   ASSERT_TRUE(esperar(noche, "Se reanuda", salida));
   abierta.p.kill();
   abierta.p.waitForFinished();
+  EXPECT_TRUE(hasta([&] { return ver(u"LARGO.TZA"_s).count("Se reanuda") == 2; }));
+  muda.colgar();
   const Fin fin = acabar(noche);
-  EXPECT_EQ(fin.estado, 0) << fin.errores.toStdString();
+  EXPECT_EQ(fin.estado, 1) << fin.errores.toStdString();
+  EXPECT_TRUE(fin.salida.contains(u"Se abandona la tarea")) << fin.salida.toStdString();
   EXPECT_TRUE(fin.salida.contains(u"finalizada"));
   EXPECT_EQ(ver(u"LARGO.TZA"_s).count("Se reanuda"), 2);
   EXPECT_EQ(ejecuciones(), 1);
@@ -172,7 +174,8 @@ TEST_F(Juntos, ElHorarioCorreEnLaVentanaAbierta) {
   Abierta abierta;
   abrirVentanas(abierta.p);
   EXPECT_TRUE(esperar(horario, "finalizada", salida)) << salida.toStdString();
-  EXPECT_TRUE(ver(u"TIENDA.TZC"_s).contains("finalizada"));
+  const QByteArray suya = ver(u"TIENDA.TZC"_s);
+  EXPECT_TRUE(suya.contains("finalizada")) << suya.toStdString();
   EXPECT_EQ(ejecuciones(), 1);
   ASSERT_TRUE(avisar(horario, SIGTERM));
   EXPECT_EQ(acabar(horario).estado, 2);
@@ -180,16 +183,18 @@ TEST_F(Juntos, ElHorarioCorreEnLaVentanaAbierta) {
 
 // Without windows the timetable has the database only while something runs.
 TEST_F(Juntos, ElHorarioTomaLaBaseCuandoLeToca) {
+  MaquinaMuda muda;
+  ponerProcesoQueEspera(u"LARGO.AUT"_s, muda);
   const QByteArray hora = QTime::currentTime().addSecs(4).toString(u"hh:mm:ss"_s).toLatin1();
   poner(u"TIENDA.CRO"_s, hora + ";Sí,Sí,Sí,Sí,Sí,Sí,Sí;LARGO\r\n");
-  poner(u"LARGO.AUT"_s, QByteArray("P:LIMPIAR\r\n").repeated(8));
   QProcess horario;
   QByteArray salida;
   arrancar(horario, {u"--carpeta"_s, dir.path(), u"--sin-ventana"_s, u"TIENDA.CRO"_s});
   ASSERT_TRUE(esperar(horario, "iniciada", salida)) << salida.toStdString();
   const Fin cuadre = correrAqui({u"--cuadre"_s});
   EXPECT_EQ(cuadre.estado, 4);
-  EXPECT_TRUE(esperar(horario, "finalizada", salida));
+  muda.colgar();
+  EXPECT_TRUE(esperar(horario, "finalizada", salida)) << salida.toStdString();
   poner(u"V.AUT"_s, {});
   EXPECT_TRUE(hasta(
       [&] { return correrAqui({u"--sin-ventana"_s, u"--espera"_s, u"0"_s, u"V"_s}).estado == 0; }));

@@ -1,0 +1,40 @@
+// A machine that takes every call and never answers.
+#pragma once
+
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace tarvo::prueba {
+
+// Listens from its making on. Nobody accepts: the system connects the callers by itself, without an
+// event loop here.
+class MaquinaMuda {
+ public:
+  MaquinaMuda() : zocalo_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_in donde{};
+    donde.sin_family = AF_INET;
+    donde.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t largo = sizeof donde;
+    auto* suya = reinterpret_cast<sockaddr*>(&donde);
+    if (::bind(zocalo_, suya, largo) == 0 && ::listen(zocalo_, 16) == 0 &&
+        ::getsockname(zocalo_, suya, &largo) == 0)
+      puerto_ = ntohs(donde.sin_port);
+  }
+  ~MaquinaMuda() { colgar(); }
+  MaquinaMuda(const MaquinaMuda&) = delete;
+  MaquinaMuda& operator=(const MaquinaMuda&) = delete;
+
+  int puerto() const { return puerto_; }  // 0: it doesn't listen
+  // Cuts every caller off, and takes no more calls.
+  void colgar() {
+    if (zocalo_ >= 0) ::close(zocalo_);
+    zocalo_ = -1;
+  }
+
+ private:
+  int zocalo_ = -1;
+  int puerto_ = 0;
+};
+
+}  // namespace tarvo::prueba
