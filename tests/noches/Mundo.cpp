@@ -149,6 +149,7 @@ void Mundo::responder() {
                                        [this](const QString& l) { traza(l); });
     disco().soltar();
     if (!r) fallar(QStringLiteral("la respuesta se rechaza: ") + r.error().texto);
+    sinCero_ = sinCero_ || !si;
   }
 }
 
@@ -280,8 +281,10 @@ void Mundo::noche(int n) {
   const bool ultima = n + 1 == static_cast<int>(plan_.noches.size());
   oraculo_->finDeNoche(resultado, p.calma && (ultima || !hayFallos_), arranques);
   const bool todosACero = plan_.aCero.size() == plan_.grupos.size();
-  if (p.calma && resultado != 0 && todosACero && (ultima || !hayFallos_))
+  // Of a machine that wasn't zeroed since it was in doubt this night has to say so.
+  if (p.calma && resultado != 0 && todosACero && (ultima || !hayFallos_) && !sinCero_)
     fallar(QStringLiteral("noche en calma con resultado %1").arg(resultado.value_or(-1)));
+  sinCero_ = false;
   hayFallos_ = hayFallos_ || !p.calma;
 }
 

@@ -68,6 +68,7 @@ class Mundo {
   bool todoBien_ = false;   // the night before ended without a problem
   bool acabada_ = false;    // it came to its end
   bool hayFallos_ = false;  // something went wrong in a night before
+  bool sinCero_ = false;    // somebody said since the last night that a machine wasn't zeroed
   Veredicto v_;
   QByteArray huella_;
 };
