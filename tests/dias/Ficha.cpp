@@ -13,8 +13,8 @@ QByteArray numero(qint64 n, int ancho) {
 }
 
 // The letters that the shop of a seed uses and the machines write in their own way; a letter that
-// is in neither list, and is no plain one, can't be shown.
-std::optional<QByteArray> letras(const QString& texto, Tipo tipo, bool lineas = false) {
+// a machine lacks goes as what looks most like it.
+QByteArray letras(const QString& texto, Tipo tipo, bool lineas = false) {
   static const QString llanas = QStringLiteral("áÁàéÉíóÓúüÜªº¡´");
   static const char* const aLlanas = "aAaeEioOuuUao! ";
   QByteArray salida;
@@ -35,7 +35,7 @@ std::optional<QByteArray> letras(const QString& texto, Tipo tipo, bool lineas = 
     } else if ((tipo == Tipo::Birch || tipo == Tipo::Registradora) && u >= 0xA0 && u < 256) {
       salida += static_cast<char>(u);
     } else {
-      return std::nullopt;
+      salida += u == 0xE2 ? 'a' : u == 0xB7 ? '.' : '?';
     }
   }
   return salida;
@@ -63,9 +63,8 @@ struct Lista {
     if (!cabe(n, ancho)) return mal(nombre);
     campos[nombre] = numero(n, ancho);
   }
-  void texto(const char* nombre, const std::optional<QByteArray>& t, int ancho) {
-    if (!t) return mal(nombre);
-    campos[nombre] = ancho < 0 ? *t : t->leftJustified(ancho, ' ', true);
+  void texto(const char* nombre, const QByteArray& t, int ancho) {
+    campos[nombre] = ancho < 0 ? t : t.leftJustified(ancho, ' ', true);
   }
   void mal(const char* nombre) {
     if (malo.isEmpty()) malo = nombre;

@@ -26,7 +26,7 @@ std::optional<Usuario::C> Usuario::uno() {
   return hay[static_cast<std::size_t>(t_.azar.entero(0, static_cast<int>(hay.size()) - 1))];
 }
 
-// Most names can be shown by every machine.
+// Most names have only letters that every machine has.
 QString Usuario::nombre() {
   static const QStringList palabras{u"MANZANA"_s, u"PIÑA"_s,
                                     u"Jamón"_s,   u"CAÑA de lomo"_s,
@@ -34,7 +34,8 @@ QString Usuario::nombre() {
                                     u"¿Queso?"_s, u"GÜISQUI 10€"_s,
                                     u"pan"_s,     u"lomo añejo muy largo de nombre"_s};
   QString s = palabras[t_.azar.entero(0, static_cast<int>(palabras.size()) - 1)];
-  if (t_.azar.ocurre(0.03)) s += QChar(0x0416);
+  if (t_.azar.ocurre(0.03))
+    s.prepend(QChar(std::array{0x0416, 0xE2, 0xB7}[static_cast<size_t>(t_.azar.entero(0, 2))]));
   return s;
 }
 
