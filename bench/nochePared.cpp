@@ -74,7 +74,8 @@ int nochePared(int grupos, int articulos, bool canales) {
   Ajustes ajustes(carpeta.path(), Idioma::Espanol);
   if (canales) porCanales(*db, ajustes, puerto);
   RelojReal reloj;
-  bien(db->ejecutar(u"UPDATE Sesiones SET PZERO=?", Fecha::deDias(reloj.ahora().dias() - kUnaHora)));
+  bien(
+      db->ejecutar(u"UPDATE Sesiones SET PZERO=?", Fecha::deDias(reloj.ahora().dias() - kUnaHora)));
   enlace::FabricaReal fabrica(reloj, ajustes);
   Motor m(ajustes, *db, reloj, fabrica);
   const auto inicio = std::chrono::steady_clock::now();

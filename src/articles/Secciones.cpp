@@ -130,6 +130,27 @@ Resultado<> Secciones::ponerIvas(int seccion, const Ivas& ivas) {
   return {};
 }
 
+Resultado<IvasSeccion> Secciones::ivasDe(int seccion) {
+  IvasSeccion todo;
+  TARVO_TOMAR(todo.tasas, ivas(seccion));
+  TARVO_TOMAR(auto rs, db_.consultar(u"SELECT NUMDEP, NomDep, IVA FROM DEPTS WHERE SECCION=? "
+                                     u"ORDER BY NUMDEP",
+                                     seccion));
+  while (!rs->Eof()) {
+    todo.departamentos.push_back(
+        {static_cast<int>(rs->entero(0)), static_cast<int>(rs->entero(2)), rs->texto(1)});
+    TARVO_INTENTAR(rs->MoveNext());
+  }
+  return todo;
+}
+
+Resultado<> Secciones::ponerIvasDe(int seccion, const IvasSeccion& todo) {
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
+  TARVO_INTENTAR(ponerIvas(seccion, todo.tasas));
+  for (const auto& d : todo.departamentos) TARVO_INTENTAR(ponerTipoIva(seccion, d.numero, d.tipo));
+  return tr.confirmar();
+}
+
 // --- departments --------------------------------------------------------------------------------
 
 Resultado<int> Secciones::nuevoDepartamento(int seccion) {

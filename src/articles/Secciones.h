@@ -19,6 +19,18 @@ using Ivas = std::array<int, kTiposIva>;
 Ivas leerIvas(const QString& texto);
 QString escribirIvas(const Ivas& ivas);
 
+// What a section charges: its rates, and which of them each department has.
+struct IvasSeccion {
+  struct Departamento {
+    int numero = 0, tipo = 1;
+    QString nombre;
+    bool operator==(const Departamento&) const = default;
+  };
+  Ivas tasas{};
+  std::vector<Departamento> departamentos;
+  bool operator==(const IvasSeccion&) const = default;
+};
+
 class Secciones {
  public:
   // REQUIRES that all references outlive it.
@@ -47,6 +59,9 @@ class Secciones {
   const Cambios& cambios() const { return cambios_; }
   Resultado<Ivas> ivas(int seccion);
   Resultado<> ponerIvas(int seccion, const Ivas& ivas);
+  Resultado<IvasSeccion> ivasDe(int seccion);
+  // Rates and departments, in one transaction.
+  Resultado<> ponerIvasDe(int seccion, const IvasSeccion& ivas);
 
   Resultado<int> nuevoDepartamento(int seccion);
   Resultado<> renombrarDepartamento(int seccion, int departamento, const QString& nombre);

@@ -1,6 +1,8 @@
 #include "app/ventanas/ElemPerso.h"
 
 #include <QDir>
+#include <QLineEdit>
+#include <QPushButton>
 
 #include "app/ventanas/TextosPrincipal.h"
 #include "core/ventanas/aspecto/Medidas.h"
@@ -37,97 +39,96 @@ void elegirFichero(QListWidget& lista, const QString& nombre) {
 }  // namespace
 
 ElemPerso::ElemPerso(ventanas::Contexto& contexto, const QString& nombre)
-    : Ventana(contexto, nombre) {
-  ui_.setupUi(cuerpo());
-  enlazar();
-  ui_.Lista->setSelectionMode(QAbstractItemView::NoSelection);
-  ui_.Lista->setFocusPolicy(Qt::NoFocus);
-  connect(ui_.Titulo, &QLineEdit::textChanged, this, [this] { mostrarLista(); });
-  connect(ui_.Subir, &QPushButton::clicked, this, [this] { mover(-1); });
-  connect(ui_.Bajar, &QPushButton::clicked, this, [this] { mover(1); });
-  connect(ui_.Acepto, &QPushButton::clicked, this, [this] { confirmar(); });
-  connect(ui_.Cancelo, &QPushButton::clicked, this, [this] { rechazar(); });
-  for (const QListWidget* lista : {ui_.Procesos, ui_.Diferidos})
-    connect(lista, &QListWidget::itemDoubleClicked, this, [this] { confirmar(); });
+    : FichaDe(contexto, nombre) {
+  auto f = formulario(kTxElementoPersonal);
+  titulo_ = &f.fila(kTxTituloElemento, u"Titulo"_s, texto(r.este.titulo, 40));
+  auto columnas = f.columnas(3);
+  lista_ = columnas[0].ancho(new QListWidget, u"Lista"_s, kTxLugarEnLista, 1);
+  procesos_ = columnas[1].ancho(new QListWidget, u"Procesos"_s, kTxElementoProceso, 1);
+  diferidos_ = columnas[2].ancho(new QListWidget, u"Diferidos"_s, kTxElementoDiferido, 1);
+  subir_ = f.boton(kTxSubirElemento, u"Subir"_s, [this] { mover(-1); });
+  bajar_ = f.boton(kTxBajarElemento, u"Bajar"_s, [this] { mover(1); });
+  f.enLinea({subir_, bajar_, nullptr});
+  setFrase(0, false);
+  acabar({640, 420});
+  lista_->setSelectionMode(QAbstractItemView::NoSelection);
+  lista_->setFocusPolicy(Qt::NoFocus);
+  connect(qobject_cast<QLineEdit*>(&titulo_->control()), &QLineEdit::textChanged, this,
+          &ElemPerso::mostrarLista);
   // One of the two.
-  const auto excluir = [](QListWidget* este, QListWidget* otro) {
-    connect(este, &QListWidget::itemSelectionChanged, otro, [este, otro] {
+  for (const auto& [este, otro] : {std::pair{procesos_, diferidos_}, {diferidos_, procesos_}}) {
+    connect(este, &QListWidget::itemDoubleClicked, this, &ElemPerso::confirmar);
+    connect(este, &QListWidget::itemSelectionChanged, this, [this, este, otro] {
       if (!este->selectedItems().isEmpty()) otro->clearSelection();
+      r.este.proceso = elegido();
     });
-  };
-  excluir(ui_.Procesos, ui_.Diferidos);
-  excluir(ui_.Diferidos, ui_.Procesos);
+  }
 }
 
-Resultado<> ElemPerso::preparar(const ventanas::Argumentos& argumentos) {
+Resultado<> ElemPerso::entrar(const PuertaElemPerso& puerta) {
   const Ajustes& a = contexto().ajustes;
   otros_ = a.personal;
-  sitio_ = otros_.size();
-  llenarFicheros(*ui_.Procesos, a.HomeDir, u"*.aut"_s, t(kTxSinFicheros));
-  llenarFicheros(*ui_.Diferidos, a.HomeDir, u"*.cro"_s, t(kTxSinFicheros));
-  Ajustes::Personal este;
-  const auto cual = static_cast<size_t>(argumentos.value(u"elemento"_s, -1).toInt());
-  if (cual < otros_.size()) {
-    este = otros_[cual];
-    otros_.erase(otros_.begin() + static_cast<std::ptrdiff_t>(cual));
-    sitio_ = cual;
+  Elemento e{.este = {}, .sitio = otros_.size()};
+  llenarFicheros(*procesos_, a.HomeDir, u"*.aut"_s, t(kTxSinFicheros));
+  llenarFicheros(*diferidos_, a.HomeDir, u"*.cro"_s, t(kTxSinFicheros));
+  if (puerta.cual && *puerta.cual < otros_.size()) {
+    e = {otros_[*puerta.cual], *puerta.cual};
+    otros_.erase(otros_.begin() + static_cast<std::ptrdiff_t>(*puerta.cual));
   }
-  elegirFichero(*ui_.Procesos, este.proceso);
-  if (ui_.Procesos->selectedItems().isEmpty()) elegirFichero(*ui_.Diferidos, este.proceso);
-  ui_.Titulo->setText(este.titulo);
+  elegirFichero(*procesos_, e.este.proceso);
+  if (procesos_->selectedItems().isEmpty()) elegirFichero(*diferidos_, e.este.proceso);
+  e.este.proceso = elegido();
+  TARVO_INTENTAR(editar(e));
   mostrarLista();
-  ui_.Titulo->setFocus();
   return {};
 }
 
 void ElemPerso::mostrarLista() {
-  ui_.Lista->clear();
+  lista_->clear();
+  const QString titulo = qobject_cast<QLineEdit*>(&titulo_->control())->text().trimmed();
   for (size_t i = 0; i <= otros_.size(); ++i) {
-    const bool nuevo = i == sitio_;
-    auto* linea = renglon(
-        *ui_.Lista, nuevo ? ui_.Titulo->text().trimmed() : otros_[i - (i > sitio_ ? 1 : 0)].titulo);
+    const bool nuevo = i == r.sitio;
+    auto* linea = renglon(*lista_, nuevo ? titulo : otros_[i - (i > r.sitio ? 1 : 0)].titulo);
     if (!nuevo) continue;
     linea->setIcon(ventanas::icono(u"adelante"_s));
     QFont f = linea->font();
     f.setBold(true);
     linea->setFont(f);
-    ui_.Lista->scrollToItem(linea);
+    lista_->scrollToItem(linea);
   }
-  ui_.Subir->setEnabled(sitio_ > 0);
-  ui_.Bajar->setEnabled(sitio_ < otros_.size());
+  subir_->setEnabled(r.sitio > 0);
+  bajar_->setEnabled(r.sitio < otros_.size());
 }
 
 void ElemPerso::mover(int pasos) {
-  pasos < 0 ? --sitio_ : ++sitio_;
+  pasos < 0 ? --r.sitio : ++r.sitio;
   mostrarLista();
 }
 
 QString ElemPerso::elegido() const {
-  for (const QListWidget* lista : {ui_.Procesos, ui_.Diferidos})
+  for (const QListWidget* lista : {procesos_, diferidos_})
     if (const auto elegidos = lista->selectedItems(); !elegidos.isEmpty())
       return elegidos.first()->text();
   return {};
 }
 
-int ElemPerso::falta() const {
-  const QString titulo = ui_.Titulo->text().trimmed();
-  if (titulo.isEmpty()) return kTxFaltaTitulo;
-  if (titulo.contains(u'|')) return kTxTituloConBarra;  // parts title and process in the file
-  for (const auto& otro : otros_)
-    if (otro.titulo == titulo) return kTxTituloRepetido;
-  return elegido().isEmpty() ? kTxFaltaEleccion : 0;
+std::vector<ElemPerso::FaltaCampo> ElemPerso::comprobar() {
+  const QString titulo = r.este.titulo.trimmed();
+  if (titulo.isEmpty()) return {{titulo_, t(kTxFaltaTitulo)}};
+  // It parts title and process in the file.
+  if (titulo.contains(u'|')) return {{titulo_, t(kTxTituloConBarra)}};
+  if (std::ranges::find(otros_, titulo, &Ajustes::Personal::titulo) != otros_.end())
+    return {{titulo_, t(kTxTituloRepetido)}};
+  if (!r.este.proceso.isEmpty()) return {};
+  procesos_->setFocus();
+  return {{nullptr, t(kTxFaltaEleccion)}};
 }
 
-void ElemPerso::confirmar() {
-  if (const int frase = falta(); frase != 0) {
-    decirDuda(t(frase));
-    const bool delTitulo = frase != kTxFaltaEleccion;
-    return delTitulo ? ui_.Titulo->setFocus() : ui_.Procesos->setFocus();
-  }
-  otros_.insert(otros_.begin() + static_cast<std::ptrdiff_t>(sitio_),
-                {ui_.Titulo->text().trimmed(), elegido()});
+Resultado<> ElemPerso::aplicar() {
+  otros_.insert(otros_.begin() + static_cast<std::ptrdiff_t>(r.sitio),
+                {r.este.titulo.trimmed(), r.este.proceso});
   contexto().ajustes.personal = otros_;
-  aceptar();
+  return {};
 }
 
 }  // namespace tarvo::app

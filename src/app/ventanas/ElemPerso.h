@@ -1,28 +1,36 @@
-// Asks for one of the person's own entries: its title, its place in the list and what it runs.
-//   "elemento": the one to change; without it a new one. The list is changed on accepting, once.
+// An entry of the person's own: its words, its place, and the process or timetable that it starts.
 #pragma once
 
+#include <QListWidget>
+
+#include "app/ventanas/Puertas.h"
 #include "core/ajustes/Ajustes.h"
-#include "core/ventanas/marco/Ventana.h"
-#include "ui_ElemPerso.h"
+#include "core/ventanas/edicion/Ficha.h"
 
 namespace tarvo::app {
 
-class ElemPerso final : public ventanas::Ventana {
+struct Elemento {
+  Ajustes::Personal este;
+  std::size_t sitio = 0;
+  bool operator==(const Elemento&) const = default;
+};
+
+class ElemPerso final : public ventanas::FichaDe<Elemento> {
  public:
   ElemPerso(ventanas::Contexto& contexto, const QString& nombre);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaElemPerso& puerta);
 
  private:
   void mostrarLista();
   void mover(int pasos);
   QString elegido() const;  // base name of the file, empty for none
-  void confirmar();
-  int falta() const;  // number of the sentence that says what is missing, 0 for nothing
+  std::vector<FaltaCampo> comprobar() override;
+  Resultado<> aplicar() override;
 
-  Ui::ElemPerso ui_;
+  ventanas::Campo* titulo_;
+  QListWidget *lista_, *procesos_, *diferidos_;
+  QPushButton *subir_, *bajar_;
   std::vector<Ajustes::Personal> otros_;  // without the one that is edited
-  size_t sitio_ = 0;
 };
 
 }  // namespace tarvo::app

@@ -1,4 +1,5 @@
 #include "app/ventanas/MainTarvo.h"
+#include "automation/ventanas/Puertas.h"
 
 #include <QEventLoop>
 #include <QKeyEvent>
@@ -115,7 +116,12 @@ void MainTarvo::ponerEntradas() {
 
 void MainTarvo::abrir(const QString& ventana, const ventanas::Argumentos& argumentos) {
   if (!contexto().ventanas.conoce(ventana)) return decirDuda(t(kTxSinEstaVentana));
-  contexto().ventanas.abrir(ventana, this, argumentos);
+  // The board knows what it leads to by name.
+  if (ventana == automation::PuertaEdiCron::kNombre)
+    ventanas::Ventana::abrir(
+        automation::PuertaEdiCron{argumentos.value(QStringLiteral("horario")).toString()});
+  else
+    contexto().ventanas.abrir(ventana, this, argumentos);
 }
 
 void MainTarvo::mostrarPanel(Panel panel) {
@@ -228,7 +234,7 @@ void MainTarvo::reaparecer() {
 std::vector<ventanas::Captura*> MainTarvo::CapturasActivas() const {
   std::vector<ventanas::Captura*> activas;
   for (Ventana* v : contexto().ventanas.abiertas())
-    if (auto* c = dynamic_cast<ventanas::Captura*>(v)) activas.push_back(c);
+    if (auto* c = v->captura()) activas.push_back(c);
   return activas;
 }
 

@@ -5,6 +5,7 @@
 
 #include "app/ventanas/Entrada.h"
 #include "app/ventanas/MainTarvo.h"
+#include "app/ventanas/Puertas.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Retenida.h"
@@ -128,10 +129,8 @@ void MainTarvo::anadirAccion(QMenu& menu, int texto, const std::function<void(si
 }
 
 void MainTarvo::editarPersonal(std::optional<size_t> cual) {
-  ventanas::Argumentos a;
-  if (cual) a[u"elemento"_s] = static_cast<int>(*cual);
   enPersonal_ = true;
-  const bool aceptado = contexto().ventanas.abrirModal(u"ElemPerso"_s, this, a);
+  const bool aceptado = preguntar(PuertaElemPerso{cual});
   enPersonal_ = false;
   if (aceptado) refrescarPersonal();
 }

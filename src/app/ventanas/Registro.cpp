@@ -19,8 +19,7 @@ void registrarVentanasPrincipal(ventanas::Ventanas& ventanas, Aplicacion& aplica
   });
   ventanas.registrar(QStringLiteral("PortalCnf"),
                      [](Contexto& c, const QString& n) { return new PortalCnf(c, n); });
-  ventanas.registrar(QStringLiteral("ElemPerso"),
-                     [](Contexto& c, const QString& n) { return new ElemPerso(c, n); });
+  ventanas.registrar<PuertaElemPerso, ElemPerso>();
 }
 
 // One line a room.

@@ -63,6 +63,20 @@ class Ofertas {
       : db_(db), textos_(textos), reloj_(reloj) {}
 
   Resultado<std::vector<int>> gruposDe(int seccion);
+  // The group with the lowest code and its section; nothing when there is none.
+  struct GrupoDe {
+    int grupo = 0, seccion = 0;
+  };
+  Resultado<std::optional<GrupoDe>> primerGrupo();
+  // An article that an offer can be made of: by its code, or the first whose name begins so, or
+  // follows. Nothing when there is none.
+  struct Hallado {
+    qint64 codigo = 0;
+    QString nombre;
+  };
+  Resultado<std::optional<Hallado>> buscar(int seccion, const QString& texto, bool porCodigo);
+  // What a group sells an article for without its offer.
+  Resultado<std::optional<PreciosOferta>> normales(int grupo, int seccion, qint64 codigo);
   // The offer that a person sees; nothing when there is none of that key.
   Resultado<std::optional<Oferta>> leer(const ClaveOferta& clave);
 

@@ -1,6 +1,7 @@
 // The tree itself: what it shows, and names written into it. What is done with its nodes stands in
 // BrowGruposAcciones.cpp.
 #include "articles/ventanas/BrowGrupos.h"
+#include "articles/ventanas/Puertas.h"
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
@@ -51,7 +52,9 @@ void BrowGrupos::montar() {
   });
   unir(ui_.Copia, u"copiar"_s, Qt::Key_F6, [this] { copiar(); });
   unir(ui_.Borro, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); });
-  unir(ui_.Iva, u"sumar"_s, Qt::Key_F7, [this] { abrirDe(u"EdIvaSeccs"_s); });
+  unir(ui_.Iva, u"sumar"_s, Qt::Key_F7, [this] {
+    if (const auto en = actual()) abrir(PuertaEdIvaSeccs{en->seccion});
+  });
   unir(ui_.VerPrecios, u"reloj"_s, Qt::Key_F8, [this] { abrirDe(u"VerPrecios"_s); });
   unir(ui_.Deshacer, u"atras"_s, QKeySequence(QKeySequence::Undo), [this] { deshacer(); });
   ui_.Arbol->setColumnCount(kColumnas);

@@ -23,7 +23,10 @@ void BrowOper::montar() {
   unir(ui_.Nuevo, u"anadir"_s, Qt::Key_Insert, [this] { anadir(); });
   unir(ui_.Modificar, u"modificar"_s, QKeySequence(), [this] { ui_.Grid->editarCelda(); });
   unir(ui_.Borro, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); });
-  unir(ui_.Deshacer, u"atras"_s, QKeySequence(QKeySequence::Undo), [this] { deshacer(); });
+  deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
+  // One that is being made is given up as a whole.
+  deshacer_->seguirCeldas(*ui_.Grid, [this](int) { return nuevo_ == 0; });
+  connect(deshacer_, &ventanas::Deshacer::deshecho, this, &BrowOper::actualCambiada);
   unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F4, [this] { verVentas(); });
   ui_.Grid->preparar(contexto(), nombre(),
                      {{.titulo = kTxCodigo,
@@ -39,7 +42,6 @@ void BrowOper::montar() {
                        .largo = 50}});
   ui_.Grid->setVacia(t(kTxSinOperadores), ui_.Nuevo);
   ui_.Grid->setAcciones({ui_.Nuevo, ui_.Modificar, ui_.Borro, ui_.Deshacer, ui_.VerXtrac});
-  connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
   connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this, &BrowOper::actualCambiada);
   // A changed code may stand elsewhere in the order.
   connect(
@@ -80,7 +82,6 @@ void BrowOper::actualCambiada() {
   const bool hay = ui_.Grid->filas() > 0;
   ui_.Modificar->setEnabled(hay);
   ui_.Borro->setEnabled(hay);
-  ui_.Deshacer->setEnabled(!borrados_.empty());
   ui_.VerXtrac->setEnabled(hay && contexto().ventanas.conoce(u"VerFils"_s));
 }
 
@@ -159,24 +160,22 @@ void BrowOper::borrar() {
     return;
   auto hecho = motor_.borrar(codigos, progreso());
   ui_.termo->hide();
-  if (hecho) borrados_.push_back(std::move(*hecho));
   ui_.Grid->limpiarSeleccion();
   refrescar(0);
-  if (haIdoBien(hecho))
-    decirBien(
-        t(kTxSePuedeDeshacer).arg(t(kTxOperadoresBorrados, static_cast<int>(codigos.size()))));
+  if (!haIdoBien(hecho)) return;
+  const QString que = t(kTxOperadoresBorrados, static_cast<int>(codigos.size()));
+  deshacer_->apuntar(que, [this, idos = std::move(*hecho)] { return reponer(idos); });
+  decirBien(t(kTxSePuedeDeshacer).arg(que));
 }
 
-void BrowOper::deshacer() {
-  if (borrados_.empty() || ui_.Grid->editando()) return;
-  const auto& ultimos = borrados_.back();
-  const auto fuera = motor_.reponer(ultimos);
-  if (!fuera) return decirFallo(informe(*this, fuera.error()));
-  const QString bien = t(kTxOperadoresRepuestos, static_cast<int>(ultimos.size()));
-  const int uno = ultimos.empty() ? 0 : ultimos.front().codigo;
-  borrados_.pop_back();
-  refrescar(uno);
-  *fuera > 0 ? decirDuda(bien + u"  "_s + t(kTxHuecosOcupados, *fuera)) : decirBien(bien);
+Resultado<ventanas::Deshacer::Vuelto> BrowOper::reponer(
+    const std::vector<Operadores::Borrado>& idos) {
+  const auto fuera = motor_.reponer(idos);
+  if (!fuera) return std::unexpected(informe(*this, fuera.error()));
+  refrescar(idos.empty() ? 0 : idos.front().codigo);
+  const QString bien = t(kTxOperadoresRepuestos, static_cast<int>(idos.size()));
+  if (*fuera == 0) return ventanas::Deshacer::Vuelto{bien};
+  return ventanas::Deshacer::Vuelto{bien + u"  "_s + t(kTxHuecosOcupados, *fuera), true};
 }
 
 void BrowOper::verVentas() {

@@ -1,8 +1,9 @@
 // The operators: BrowOper. A code that changes, or goes, changes in the slots of all groups too.
-// Those that were deleted come back, with their slots, until the window closes.
+// Those that were deleted come back, with their slots, and so do cells, until the window closes.
 #pragma once
 
 #include "articles/Operadores.h"
+#include "core/ventanas/edicion/Deshacer.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_BrowOper.h"
 
@@ -29,7 +30,7 @@ class BrowOper final : public ventanas::Ventana {
   void celdaDejada();
   void descartarNuevo();
   void borrar();
-  void deshacer();
+  Resultado<ventanas::Deshacer::Vuelto> reponer(const std::vector<Operadores::Borrado>& idos);
   void verVentas();
 
   Ui::BrowOper ui_;
@@ -37,7 +38,7 @@ class BrowOper final : public ventanas::Ventana {
   int nuevo_ = 0;             // code of one that was added and may have no name yet
   bool faltaNombre_ = false;  // its code was written just now
   int antes_ = 0;             // where the pointer stood before it
-  std::vector<std::vector<Operadores::Borrado>> borrados_;  // the last at the back
+  ventanas::Deshacer* deshacer_ = nullptr;
 };
 
 }  // namespace tarvo::articles

@@ -178,7 +178,7 @@ void BrowPLUs::anadirPrecios(std::vector<ventanas::Columna>& columnas) {
 }
 
 Resultado<> BrowPLUs::preparar(const ventanas::Argumentos& argumentos) {
-  TARVO_INTENTAR(llenarSecciones(*ui_.LstSec, contexto()));
+  TARVO_INTENTAR(ventanas::llenar(*ui_.LstSec, contexto().nombres.secciones(), 3));
   if (ui_.LstSec->count() == 0) return fallo(Fallo::NoExiste, t(kTxSinSecciones));
   int seccion = argumentos.value(u"seccion"_s, seccion_).toInt();
   if (ui_.LstSec->findData(seccion) < 0) seccion = ui_.LstSec->itemData(0).toInt();
@@ -196,7 +196,7 @@ void BrowPLUs::LetSeccion(int seccion) {
   seccion_ = seccion;
   departamento_ = 0;
   elegirEn(*ui_.LstSec, seccion);
-  haIdoBien(llenarDepartamentos(*ui_.LstDep, contexto(), seccion));
+  haIdoBien(ventanas::llenar(*ui_.LstDep, contexto().nombres.departamentos(seccion), 2));
   ui_.LstDep->insertItem(0, t(kTxTodos), 0);
   ui_.LstDep->setCurrentIndex(0);
   listar();
@@ -388,7 +388,6 @@ bool BrowPLUs::eventFilter(QObject* objeto, QEvent* evento) {
 }
 
 void BrowPLUs::keyPressEvent(QKeyEvent* evento) {
-  if (evento->matches(QKeySequence::Find)) return ui_.Filtro->setFocus();
   if (evento->key() == Qt::Key_PageUp || evento->key() == Qt::Key_PageDown) {
     saltar(evento->key() == Qt::Key_PageUp ? -1 : 1);
     return;

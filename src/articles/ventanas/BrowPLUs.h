@@ -6,8 +6,8 @@
 #include "articles/Lotes.h"
 #include "articles/ventanas/RejillaPrecios.h"
 #include "comm/motor/gestcomm.h"
+#include "core/ventanas/marco/Recorrido.h"
 #include "core/ventanas/marco/Ventana.h"
-#include "core/ventanas/parrilla/Recorrido.h"
 #include "ui_BrowPLUs.h"
 
 class QMenu;
@@ -23,6 +23,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   // "seccion", else the first; "departamento", 0 for all.
   Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
   bool QueryUnload() override;
+  ventanas::Recorrido* recorrido() override { return this; }
 
   void LetSeccion(int seccion);
   int GetSeccion() const { return seccion_; }
@@ -94,6 +95,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   bool event(QEvent* evento) override;
   bool eventFilter(QObject* objeto, QEvent* evento) override;
   void keyPressEvent(QKeyEvent* evento) override;
+  void irABuscar() override { ui_.Filtro->setFocus(); }
 
   Ui::BrowPLUs ui_;
   Catalogo& catalogo_;

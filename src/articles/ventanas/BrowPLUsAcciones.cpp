@@ -7,6 +7,7 @@
 #include "articles/ventanas/BrowPLUs.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/EnviarCambios.h"
+#include "articles/ventanas/Puertas.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "articles/ventanas/xEditPLU.h"
 #include "core/ventanas/marco/MyMsgBox.h"
@@ -196,14 +197,9 @@ void BrowPLUs::borrar() {
 void BrowPLUs::trasladar(bool mover) {
   const auto claves = elegidos();
   if (claves.empty()) return;
-  const auto destino = std::make_shared<int>(0);
-  const bool aceptada =
-      contexto().ventanas.abrirModal(u"EntNmSc"_s, this,
-                                     {{u"mover"_s, mover},
-                                      {u"seccion"_s, seccion_},
-                                      {u"cuantos"_s, static_cast<int>(claves.size())},
-                                      {u"salida"_s, comoSalida(destino)}});
-  if (!aceptada || *destino == 0) return;
+  const auto destino = preguntar(PuertaEntNmSc{
+      .mover = mover, .seccion = seccion_, .cuantos = static_cast<int>(claves.size())});
+  if (!destino || *destino == 0) return;
   const auto lote = lotes_.empezar(nombre());
   if (!haIdoBien(lote)) return;
   const auto fuera = std::make_shared<QStringList>();

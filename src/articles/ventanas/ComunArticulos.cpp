@@ -14,34 +14,11 @@ namespace {
 
 constexpr qint64 kImporteMayor = kPrecioMayor, kCantidadMayor = 2'000'000'000;
 
-Resultado<> llenar(QComboBox& lista, dao::Recordset& rs, int cifras) {
-  while (!rs.Eof()) {
-    const auto numero = static_cast<int>(rs.entero(0));
-    lista.addItem(Ceros(numero, cifras) + u"  "_s + rs.texto(1), numero);
-    TARVO_INTENTAR(rs.MoveNext());
-  }
-  return {};
-}
-
 bool hayCifras(const QString& texto) {
   return std::ranges::any_of(texto, [](QChar c) { return c >= u'1' && c <= u'9'; });
 }
 
 }  // namespace
-
-Resultado<> llenarSecciones(QComboBox& lista, ventanas::Contexto& c) {
-  TARVO_TOMAR(auto rs, c.db.consultar(u"SELECT NMSECC, NOMSEC FROM SECCS ORDER BY NMSECC"));
-  lista.clear();
-  return llenar(lista, *rs, 3);
-}
-
-Resultado<> llenarDepartamentos(QComboBox& lista, ventanas::Contexto& c, int seccion) {
-  TARVO_TOMAR(
-      auto rs,
-      c.db.consultar(u"SELECT NUMDEP, NomDep FROM DEPTS WHERE SECCION=? ORDER BY NUMDEP", seccion));
-  lista.clear();
-  return llenar(lista, *rs, 2);
-}
 
 bool elegirEn(QComboBox& lista, const QVariant& dato) {
   const int sitio = lista.findData(dato);

@@ -5,14 +5,11 @@
 #include <QComboBox>
 
 #include "articles/Catalogo.h"
+#include "core/ventanas/edicion/Opciones.h"
 #include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::articles {
 
-// "001  SECCIÓN ÚNICA", by number.
-Resultado<> llenarSecciones(QComboBox& lista, ventanas::Contexto& c);
-// The departments of a section, by number.
-Resultado<> llenarDepartamentos(QComboBox& lista, ventanas::Contexto& c, int seccion);
 bool elegirEn(QComboBox& lista, const QVariant& dato);  // false when it isn't in the list
 
 // The width of a column in which the largest price stands whole.
@@ -39,15 +36,5 @@ Resultado<qint64> leerCantidad(const ventanas::Ventana& v, const QString& texto,
 // The entry of a menu or bar that opens a window of another room: only while the registry knows it.
 void permitir(QAction& accion, const ventanas::Contexto& c, const QString& ventana,
               const QString& siFalta);
-
-// What a dialog hands back: the opener keeps a share of it.
-template <class T>
-std::shared_ptr<T> salidaDe(const ventanas::Argumentos& argumentos) {
-  return argumentos.value(QStringLiteral("salida")).value<std::shared_ptr<T>>();
-}
-template <class T>
-QVariant comoSalida(const std::shared_ptr<T>& salida) {
-  return QVariant::fromValue(salida);
-}
 
 }  // namespace tarvo::articles

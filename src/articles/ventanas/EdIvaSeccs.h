@@ -1,38 +1,27 @@
-// The VAT rates of a section, and which of them each department has: EdIvaSeccs. Argument:
-// "seccion".
+// The VAT rates of a section, and which of them each department has: EdIvaSeccs.
 #pragma once
 
 #include "articles/Secciones.h"
-#include "core/ventanas/marco/Ventana.h"
-#include "ui_EdIvaSeccs.h"
+#include "articles/ventanas/Puertas.h"
+#include "core/ventanas/edicion/Ficha.h"
 
 namespace tarvo::articles {
 
-class EdIvaSeccs final : public ventanas::Ventana {
-  Q_OBJECT
+class EdIvaSeccs final : public ventanas::FichaDe<IvasSeccion> {
  public:
   EdIvaSeccs(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
-  bool QueryUnload() override;
+  Resultado<> entrar(const PuertaEdIvaSeccs& puerta);
 
  private:
-  struct Departamento {
-    int numero = 0, tipo = 1;
-    QString nombre;
-    bool operator==(const Departamento&) const = default;
-  };
-
   void pintar();
   Resultado<> ponerTasa(qint64 tipo, const QString& texto);
   Resultado<> ponerTipo(qint64 departamento, const QString& texto);
-  Resultado<> escribir();
-  void guardar();
+  Resultado<> aplicar() override { return secciones_.ponerIvasDe(seccion_, r); }
 
-  Ui::EdIvaSeccs ui_;
   Secciones secciones_;
+  QLabel* titulo_;
+  ventanas::Parrilla *tipos_, *depts_;
   int seccion_ = 1;
-  Ivas ivas_{}, antes_{};
-  std::vector<Departamento> departamentos_, deptsAntes_;
 };
 
 }  // namespace tarvo::articles

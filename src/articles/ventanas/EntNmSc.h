@@ -1,7 +1,7 @@
-// Asks for the section into which articles are copied or moved: EntNmSc. Arguments: "mover",
-// "seccion" (the one shown, which isn't offered), "cuantos", "salida" (takes the section).
+// Asks for the section into which articles are copied or moved: EntNmSc.
 #pragma once
 
+#include "articles/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_EntNmSc.h"
 
@@ -11,13 +11,10 @@ class EntNmSc final : public ventanas::Ventana {
   Q_OBJECT
  public:
   EntNmSc(ventanas::Contexto& contexto, const QString& nombre);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaEntNmSc& puerta);
 
  private:
-  void elegida();
-
   Ui::EntNmSc ui_;
-  std::shared_ptr<int> salida_;
 };
 
 }  // namespace tarvo::articles

@@ -80,13 +80,9 @@ Resultado<> guardar(Ajustes& ajustes, int valor) {
 }
 
 bool preguntar(ventanas::Ventana& quien) {
-  const auto respuesta = std::make_shared<RespuestaEnvio>();
-  quien.contexto().ventanas.abrirModal(
-      u"QueHacemos"_s, &quien,
-      {{u"que"_s, quien.t(kTxCambiosHechos)}, {u"salida"_s, comoSalida(respuesta)}});
-  if (respuesta->noMas)
-    quien.haIdoBien(guardar(quien.contexto().ajustes, respuesta->si ? kSiempre : kNunca));
-  return respuesta->si;
+  const auto r = quien.preguntar(PuertaQueHacemos{}).value_or(RespuestaEnvio());
+  if (r.noMas) quien.haIdoBien(guardar(quien.contexto().ajustes, r.si ? kSiempre : kNunca));
+  return r.si;
 }
 
 }  // namespace

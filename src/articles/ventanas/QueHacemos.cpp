@@ -16,17 +16,15 @@ QueHacemos::QueHacemos(ventanas::Contexto& contexto, const QString& nombre)
   connect(ui_.No, &QPushButton::clicked, this, [this] { responder(false); });
 }
 
-Resultado<> QueHacemos::preparar(const ventanas::Argumentos& argumentos) {
-  salida_ = salidaDe<RespuestaEnvio>(argumentos);
-  ui_.que->setText(argumentos.value(u"que"_s, t(kTxCambiosHechos)).toString());
+Resultado<> QueHacemos::entrar(const PuertaQueHacemos& puerta) {
+  ui_.que->setText(puerta.que.isEmpty() ? t(kTxCambiosHechos) : puerta.que);
   ui_.NoMas->setChecked(false);
   ui_.Si->setFocus();
   return {};
 }
 
 void QueHacemos::responder(bool si) {
-  if (salida_) *salida_ = {.si = si, .noMas = ui_.NoMas->isChecked()};
-  si ? aceptar() : rechazar();
+  entregar(RespuestaEnvio{.si = si, .noMas = ui_.NoMas->isChecked()}, si);
 }
 
 }  // namespace tarvo::articles

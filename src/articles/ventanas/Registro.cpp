@@ -18,13 +18,13 @@ using ventanas::fabrica;
 void registrarVentanasArticulos(ventanas::Ventanas& v, Catalogo& catalogo, motor::gestcomm& motor) {
   v.registrar(u"BrowGrupos"_s, fabrica<BrowGrupos>(catalogo, motor),
               {{u"Grupos"_s, false}, {u"Depts"_s, true}});
-  v.registrar(u"EdIvaSeccs"_s, fabrica<EdIvaSeccs>(catalogo));
+  v.registrar<PuertaEdIvaSeccs, EdIvaSeccs>(catalogo);
   v.registrar(u"BrowPLUs"_s, fabrica<BrowPLUs>(catalogo, motor));
   v.registrar(u"xEditPLU"_s, fabrica<XEditPLU>(catalogo));
-  v.registrar(u"EntNmSc"_s, fabrica<EntNmSc>());
+  v.registrar<PuertaEntNmSc, EntNmSc>();
   v.registrar(u"BrowOper"_s, fabrica<BrowOper>());
-  v.registrar(u"SelOpe"_s, fabrica<SelOpe>());
-  v.registrar(u"QueHacemos"_s, fabrica<QueHacemos>());
+  v.registrar<PuertaSelOpe, SelOpe>();
+  v.registrar<PuertaQueHacemos, QueHacemos>();
   v.registrar(u"VerPrecios"_s, fabrica<VerPrecios>());
 }
 

@@ -19,14 +19,11 @@ SelOpe::SelOpe(ventanas::Contexto& contexto, const QString& nombre) : Ventana(co
   ui_.Grid->setUnaSola(true);
   ui_.Grid->setVacia(t(kTxSinOperadores));
   connect(ui_.Grid, &ventanas::Parrilla::activada, this, &SelOpe::elegir);
-  connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
   connect(ui_.Acepto, &QPushButton::clicked, this, &SelOpe::elegir);
   connect(ui_.Cancelo, &QPushButton::clicked, this, [this] { rechazar(); });
 }
 
-Resultado<> SelOpe::preparar(const ventanas::Argumentos& argumentos) {
-  salida_ = salidaDe<int>(argumentos);
-  seleccion_ = 0;
+Resultado<> SelOpe::entrar(const PuertaSelOpe&) {
   TARVO_INTENTAR(
       ui_.Grid->abrir({.desde = u"OPERS"_s, .clave = u"OPERS.rowid"_s, .orden = u"CODOPE"_s}));
   ui_.Acepto->setEnabled(ui_.Grid->filas() > 0);
@@ -37,9 +34,7 @@ Resultado<> SelOpe::preparar(const ventanas::Argumentos& argumentos) {
 void SelOpe::elegir() {
   const int fila = ui_.Grid->filaActual();
   if (fila < 0) return;
-  seleccion_ = static_cast<int>(ui_.Grid->valor(fila, u"CODOPE").entero());
-  if (salida_) *salida_ = seleccion_;
-  aceptar();
+  entregar(static_cast<int>(ui_.Grid->valor(fila, u"CODOPE").entero()));
 }
 
 }  // namespace tarvo::articles

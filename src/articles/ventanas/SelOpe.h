@@ -1,6 +1,7 @@
-// Picks an operator: SelOpe. "salida" takes its code, 0 when nothing was picked.
+// Picks an operator: SelOpe.
 #pragma once
 
+#include "articles/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_SelOpe.h"
 
@@ -10,16 +11,12 @@ class SelOpe final : public ventanas::Ventana {
   Q_OBJECT
  public:
   SelOpe(ventanas::Contexto& contexto, const QString& nombre);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
-
-  int Seleccion() const { return seleccion_; }
+  Resultado<> entrar(const PuertaSelOpe& puerta);
 
  private:
   void elegir();
 
   Ui::SelOpe ui_;
-  int seleccion_ = 0;
-  std::shared_ptr<int> salida_;
 };
 
 }  // namespace tarvo::articles

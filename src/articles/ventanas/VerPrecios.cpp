@@ -71,7 +71,7 @@ VerPrecios::VerPrecios(ventanas::Contexto& contexto, const QString& nombre)
 }
 
 Resultado<> VerPrecios::preparar(const ventanas::Argumentos& argumentos) {
-  TARVO_INTENTAR(llenarSecciones(*ui_.LstSec, contexto()));
+  TARVO_INTENTAR(ventanas::llenar(*ui_.LstSec, contexto().nombres.secciones(), 3));
   elegirEn(*ui_.LstSec, argumentos.value(u"seccion"_s));
   const qint64 codigo = argumentos.value(u"codigo"_s, 0).toLongLong();
   ui_.txCod->setText(codigo > 0 ? verCodigo(codigo) : QString());

@@ -180,7 +180,7 @@ Resultado<> XEditPLU::editar(const QString& padre, int seccion, int departamento
     articulo_ = *hay;
     vieja_ = articulo_.clave;
   }
-  TARVO_INTENTAR(llenarDepartamentos(*ui_.LstDep, contexto(), seccion));
+  TARVO_INTENTAR(ventanas::llenar(*ui_.LstDep, contexto().nombres.departamentos(seccion), 2));
   if (codigo == 0) {
     const int primero = ui_.LstDep->count() > 0 ? ui_.LstDep->itemData(0).toInt() : 0;
     articulo_.depto = departamento > 0 ? departamento : primero;

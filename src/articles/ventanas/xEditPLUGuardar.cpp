@@ -2,8 +2,9 @@
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "articles/ventanas/xEditPLU.h"
+#include "core/ventanas/edicion/Ficha.h"
 #include "core/ventanas/marco/MyMsgBox.h"
-#include "core/ventanas/parrilla/Recorrido.h"
+#include "core/ventanas/marco/Recorrido.h"
 
 namespace tarvo::articles {
 
@@ -134,7 +135,7 @@ void XEditPLU::guardar() {
                      ventanas::kSoloAcepto | ventanas::kCritico);
     return ui_.txCod->setFocus();
   }
-  if (auto* lista = dynamic_cast<ventanas::Recorrido*>(contexto().ventanas.cargada(padre_)))
+  if (auto* lista = contexto().ventanas.recorrido(padre_))
     lista->refrescarEn({articulo_.clave.seccion, articulo_.clave.codigo});
   decirDudaBarras();
   aceptar();
@@ -156,9 +157,7 @@ bool XEditPLU::QueryUnload() {
   const bool igual = leerCajas().empty() && (leerOtros(), articulo_ == antes_) &&
                      existencias_ == existenciasAntes_ && !ui_.GrdPre->editando() &&
                      !ui_.GrdStk->editando();
-  return !igual &&
-         !MyMsgBox::Decide(this, contexto().textos, t(kTxAbandonar),
-                           ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
+  return !igual && !ventanas::preguntarAbandono(*this);
 }
 
 }  // namespace tarvo::articles

@@ -42,11 +42,10 @@ FilaViva filaNueva(size_t i, const QString& texto) {
 }  // namespace
 
 EdiCron::EdiCron(Contexto& c, const QString& nombre, const Lenguaje& lenguaje)
-    : Ventana(c, nombre), lenguaje_(lenguaje) {
+    : FichaDe(c, nombre), lenguaje_(lenguaje) {
   ui_.setupUi(cuerpo());
   dias_ = {ui_.dia_0, ui_.dia_1, ui_.dia_2, ui_.dia_3, ui_.dia_4, ui_.dia_5, ui_.dia_6};
   ponerLetra(*ui_.lblNom, Letra::Titulo);
-  ui_.Hora->setDisplayFormat(u"HH:mm:ss"_s);
   ui_.NomCron->setValidator(
       new QRegularExpressionValidator(QRegularExpression(uR"([^:.\\/?"|]*)"_s), this));
   enlazar();
@@ -79,20 +78,24 @@ void EdiCron::conectar() {
 }
 
 void EdiCron::conectarLinea() {
-  connect(ui_.Hora, &QTimeEdit::timeChanged, this, [this] { tocada(); });
-  for (QCheckBox* dia : dias_) connect(dia, &QCheckBox::toggled, this, [this] { tocada(); });
-  connect(ui_.NomMacro, &QComboBox::currentIndexChanged, this, [this] { tocada(); });
-  connect(ui_.Aplicar, &QPushButton::clicked, this, [this] { aplicar(); });
+  std::vector<Campo*> campos{&enlazarCampo(*ui_.Hora, hora(linea_.hora)),
+                             &enlazarTexto(*ui_.NomMacro, linea_.nombre)};
+  for (size_t d = 0; d < 7; ++d) campos.push_back(&enlazarCampo(*dias_[d], linea_.dias[d]));
+  for (const Campo* c : campos)
+    connect(c, &Campo::cambiado, this, [this] {
+      tocada_ = true;
+      pintarLinea();
+    });
+  connect(ui_.Aplicar, &QPushButton::clicked, this, [this] { aplicarLinea(); });
   connect(ui_.Cancelar, &QPushButton::clicked, this, [this] { ponerLinea(); });
 }
 
 // --- opening ------------------------------------------------------------------------------------
 
-Resultado<> EdiCron::preparar(const Argumentos& argumentos) {
-  const QString ruta = argumentos.value(u"horario"_s).toString();
+Resultado<> EdiCron::entrar(const PuertaEdiCron& puerta) {
+  const QString& ruta = puerta.fichero;
   if (!ruta_.isEmpty() && (ruta == ruta_ || ruta.isEmpty())) return {};
-  if (!ruta_.isEmpty() && (tocada_ || horario_ != guardado_))
-    return fallo(Fallo::Ocupado, t(kTxGuardeAntes));
+  if (!ruta_.isEmpty() && cambiada()) return fallo(Fallo::Ocupado, t(kTxGuardeAntes));
   if (ruta.isEmpty()) {
     pedirNombre();
     return {};
@@ -100,8 +103,7 @@ Resultado<> EdiCron::preparar(const Argumentos& argumentos) {
   TARVO_TOMAR(const auto texto, lenguaje_.leerTexto(ruta));
   TARVO_TOMAR(auto leido, leerHorario(texto, lenguaje_));
   ruta_ = ruta;
-  horario_ = std::move(leido);
-  editar();
+  editarHorario(std::move(leido));
   return {};
 }
 
@@ -119,21 +121,21 @@ void EdiCron::aceptarNombre() {
   const QString ruta = Ajustes::ruta(nombre + u".CRO"_s, contexto().ajustes.HomeDir);
   if (QFileInfo::exists(ruta)) return decirFallo(contexto().textos(kTxYaHayProgramacion, {nombre}));
   ruta_ = ruta;
-  horario_ = {};
-  editar();
+  editarHorario({});
 }
 
-void EdiCron::editar() {
-  guardado_ = horario_;
+void EdiCron::editarHorario(Horario horario) {
+  static_cast<void>(editar(std::move(horario)));
   ui_.pnlNombre->hide();
   ui_.pnlEdicion->show();
   if (tamano_.isValid()) crecer(std::exchange(tamano_, QSize()));
   const QString nombre = QFileInfo(ruta_).completeBaseName().toUpper();
   ui_.lblNom->setText(contexto().textos(kTxProgramacion, {nombre}));
-  poniendo_ = true;
-  ui_.NomMacro->clear();
-  ui_.NomMacro->addItems(procesosDe(contexto().ajustes.HomeDir));
-  poniendo_ = false;
+  {
+    const QSignalBlocker callada(ui_.NomMacro);
+    ui_.NomMacro->clear();
+    ui_.NomMacro->addItems(procesosDe(contexto().ajustes.HomeDir));
+  }
   ponerLista(0);
   ui_.ListaBat->vista()->setFocus();
 }
@@ -142,9 +144,8 @@ void EdiCron::editar() {
 
 void EdiCron::ponerLista(int actual) {
   std::vector<FilaViva> filas;
-  filas.reserve(horario_.lineas.size() + 1);
-  for (size_t i = 0; i < horario_.lineas.size(); ++i)
-    filas.push_back(filaBat(i, horario_.lineas[i]));
+  filas.reserve(r.lineas.size() + 1);
+  for (size_t i = 0; i < r.lineas.size(); ++i) filas.push_back(filaBat(i, r.lineas[i]));
   filas.push_back(filaNueva(filas.size(), t(kTxLineaNueva)));
   const int ultima = static_cast<int>(filas.size()) - 1;
   ui_.ListaBat->vivas().poner(std::move(filas));
@@ -155,47 +156,28 @@ void EdiCron::ponerLista(int actual) {
 // From the list to the controls; what was being changed in them is dropped.
 void EdiCron::ponerLinea() {
   const auto fila = static_cast<size_t>(std::max(0, ui_.ListaBat->filaActual()));
-  const bool hay = fila < horario_.lineas.size();
-  const LineaActivacion l = hay ? horario_.lineas[fila] : LineaActivacion{};
-  poniendo_ = true;
-  ui_.Hora->setTime(l.hora.qtime());
-  for (size_t d = 0; d < 7; ++d) dias_[d]->setChecked(l.dias[d]);
-  if (!l.nombre.isEmpty() && ui_.NomMacro->findText(l.nombre) < 0) ui_.NomMacro->addItem(l.nombre);
-  ui_.NomMacro->setCurrentIndex(ui_.NomMacro->findText(l.nombre));
-  poniendo_ = false;
-  dejarLinea();
+  const bool hay = fila < r.lineas.size();
+  linea_ = hay ? r.lineas[fila] : LineaActivacion{};
+  mostrar();
+  tocada_ = false;
+  pintarLinea();
   ui_.borrar->setEnabled(hay);
 }
 
-LineaActivacion EdiCron::enPantalla() const {
-  LineaActivacion l;
-  l.hora = Fecha::deDias(ui_.Hora->time().msecsSinceStartOfDay() / 86'400'000.0);
-  for (size_t d = 0; d < 7; ++d) l.dias[d] = dias_[d]->isChecked();
-  l.nombre = ui_.NomMacro->currentText();
-  return l;
+// While a line is being changed there is nothing else to be done than to take it or leave it.
+void EdiCron::pintarLinea() {
+  const bool si = tocada();
+  ui_.ListaBat->setEnabled(!si);
+  ui_.insertar->setEnabled(!si);
+  if (si) ui_.borrar->setEnabled(false);
+  ui_.Aplicar->setVisible(si);
+  ui_.Cancelar->setVisible(si);
 }
 
-void EdiCron::tocada() {
-  if (poniendo_) return;
-  tocada_ = true;
-  ui_.ListaBat->setEnabled(false);
-  ui_.insertar->setEnabled(false);
-  ui_.borrar->setEnabled(false);
-  ui_.Aplicar->setVisible(true);
-  ui_.Cancelar->setVisible(true);
-}
-
-void EdiCron::dejarLinea() {
-  tocada_ = false;
-  ui_.ListaBat->setEnabled(true);
-  ui_.insertar->setEnabled(true);
-  ui_.Aplicar->setVisible(false);
-  ui_.Cancelar->setVisible(false);
-}
-
-bool EdiCron::aplicar() {
-  if (!tocada_) return true;
-  const LineaActivacion l = enPantalla();
+bool EdiCron::aplicarLinea() {
+  if (!tocada()) return true;
+  if (!leer()) return false;
+  const LineaActivacion l = linea_;
   if (l.nombre.isEmpty()) {
     QApplication::beep();
     decirFallo(t(kTxElijaProceso));
@@ -205,63 +187,59 @@ bool EdiCron::aplicar() {
   tira().quitar();
   if (l.dias == decltype(l.dias){}) decirDuda(t(kTxSinNingunDia));
   const auto fila = static_cast<size_t>(std::max(0, ui_.ListaBat->filaActual()));
-  if (fila < horario_.lineas.size())
-    horario_.lineas[fila] = l;
+  if (fila < r.lineas.size())
+    r.lineas[fila] = l;
   else
-    horario_.lineas.push_back(l);
-  dejarLinea();
+    r.lineas.push_back(l);
   ponerLista(static_cast<int>(fila));
   ui_.ListaBat->vista()->setFocus();
   return true;
 }
 
 void EdiCron::insertar() {
-  if (tocada_) return;
-  const auto fila =
-      std::clamp<qsizetype>(ui_.ListaBat->filaActual(), 0, std::ssize(horario_.lineas));
-  horario_.lineas.insert(horario_.lineas.begin() + fila, LineaActivacion{});
+  if (tocada()) return;
+  const auto fila = std::clamp<qsizetype>(ui_.ListaBat->filaActual(), 0, std::ssize(r.lineas));
+  r.lineas.insert(r.lineas.begin() + fila, LineaActivacion{});
   ponerLista(static_cast<int>(fila));
   ui_.Hora->setFocus();
 }
 
 void EdiCron::borrar() {
   const int fila = ui_.ListaBat->filaActual();
-  if (tocada_ || fila < 0 || fila >= std::ssize(horario_.lineas)) return;
-  horario_.lineas.erase(horario_.lineas.begin() + fila);
+  if (tocada() || fila < 0 || fila >= std::ssize(r.lineas)) return;
+  r.lineas.erase(r.lineas.begin() + fila);
   ponerLista(fila);
 }
 
 // --- leaving ------------------------------------------------------------------------------------
 
 void EdiCron::guardar() {
-  if (ruta_.isEmpty() || !aplicar()) return;
-  const auto sin = std::ranges::find(horario_.lineas, QString(), &LineaActivacion::nombre);
-  if (sin != horario_.lineas.end()) {
-    const auto fila = sin - horario_.lineas.begin();
+  if (ruta_.isEmpty() || !aplicarLinea()) return;
+  const auto sin = std::ranges::find(r.lineas, QString(), &LineaActivacion::nombre);
+  if (sin != r.lineas.end()) {
+    const auto fila = sin - r.lineas.begin();
     ui_.ListaBat->irA(static_cast<int>(fila));
     return decirFallo(contexto().textos(kTxLineaSinProceso, {fila + 1}));
   }
-  if (!haIdoBien(guardarHorario(ruta_, horario_, lenguaje_))) return;
-  guardado_ = horario_;
+  if (!haIdoBien(guardarHorario(ruta_, r, lenguaje_))) return;
+  guardada();
   aceptar();
 }
 
 bool EdiCron::QueryUnload() {
   if (tamano_.isValid())
     resize(tamano_);  // what is remembered is the editor's size, not the question's
-  if (ruta_.isEmpty() || (!tocada_ && horario_ == guardado_)) return false;
-  return !MyMsgBox::Decide(this, contexto().textos, t(kTxCambiosSinGuardar),
-                           kAceptoCancelo | kExclamacion);
+  return FichaDe::QueryUnload();
 }
 
 void EdiCron::keyPressEvent(QKeyEvent* evento) {
   const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
-  if (tocada_ && intro)
-    aplicar();
-  else if (tocada_ && evento->key() == Qt::Key_Escape)
+  if (tocada() && intro)
+    aplicarLinea();
+  else if (tocada() && evento->key() == Qt::Key_Escape)
     ponerLinea();
   else
-    Ventana::keyPressEvent(evento);
+    FichaDe::keyPressEvent(evento);
 }
 
 bool EdiCron::eventFilter(QObject* objeto, QEvent* evento) {
@@ -271,7 +249,7 @@ bool EdiCron::eventFilter(QObject* objeto, QEvent* evento) {
     if (tecla == Qt::Key_Delete) borrar();
     if (tecla == Qt::Key_Insert || tecla == Qt::Key_Delete) return true;
   }
-  return Ventana::eventFilter(objeto, evento);
+  return FichaDe::eventFilter(objeto, evento);
 }
 
 }  // namespace tarvo::automation

@@ -2,17 +2,17 @@
 #pragma once
 
 #include "automation/lenguaje/Horario.h"
-#include "core/ventanas/marco/Ventana.h"
+#include "automation/ventanas/Puertas.h"
+#include "core/ventanas/edicion/Ficha.h"
 #include "ui_EdiCron.h"
 
 namespace tarvo::automation {
 
-class EdiCron final : public ventanas::Ventana {
+class EdiCron final : public ventanas::FichaDe<Horario> {
   Q_OBJECT
  public:
   EdiCron(ventanas::Contexto& c, const QString& nombre, const Lenguaje& lenguaje);
-  // "horario": the file; without it the name of a new one is asked for.
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaEdiCron& puerta);
   bool QueryUnload() override;
 
  private:
@@ -23,13 +23,13 @@ class EdiCron final : public ventanas::Ventana {
 
   void pedirNombre();
   void aceptarNombre();
-  void editar();
+  void editarHorario(Horario horario);
   void ponerLista(int actual);
   void ponerLinea();
-  LineaActivacion enPantalla() const;
-  void tocada();
-  void dejarLinea();
-  bool aplicar();
+  bool tocada() const { return tocada_; }  // the line in the controls
+  bool cambiada() const override { return !ruta_.isEmpty() && (tocada_ || !(r == antes())); }
+  void pintarLinea();
+  bool aplicarLinea();
   void insertar();
   void borrar();
   void guardar();
@@ -38,9 +38,9 @@ class EdiCron final : public ventanas::Ventana {
   Ui::FormaEdiCron ui_;
   std::array<QCheckBox*, 7> dias_{};
   QString ruta_;
-  Horario horario_, guardado_;
+  LineaActivacion linea_;  // in the controls
+  bool tocada_ = false;
   QSize tamano_;  // of the window, while it only asks for a name
-  bool tocada_ = false, poniendo_ = false;
 };
 
 }  // namespace tarvo::automation

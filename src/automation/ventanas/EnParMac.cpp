@@ -1,8 +1,12 @@
 #include "automation/ventanas/EnParMac.h"
 
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+
+#include "automation/ventanas/MesRango.h"
 #include "automation/ventanas/TextosAutomationVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
-#include "core/ventanas/aspecto/Tema.h"
 
 namespace tarvo::automation {
 
@@ -15,102 +19,92 @@ constexpr qint64 kMenor = -32768, kMayor = 32767;
 
 }  // namespace
 
-EnParMac::EnParMac(Contexto& c, const QString& nombre) : Ventana(c, nombre) {
-  ui_.setupUi(cuerpo());
-  ponerLetra(*ui_.lblAviso, Letra::Secundaria);
-  ui_.lblFalta->hide();
-  for (QDateEdit* fecha : {ui_.Desde, ui_.Hasta}) {
-    fecha->setDisplayFormat(u"dd/MM/yyyy"_s);
-    fecha->setCalendarPopup(true);
-    fecha->setDate(c.reloj.ahora().qdate());
-  }
-  enlazar();
-  conectar();
+EnParMac::EnParMac(Contexto& c, const QString& nombre) : FichaDe(c, nombre) {
+  auto f = formulario(kTxParametro);
+  pregunta_ = f.nota(u"lblPregunta"_s);
+  // One field for a number and for a text: which it is, the parameter says.
+  const Modo deNumero = numero(r.numero, kMenor, kMayor).con(t(kTxNumeroMalo));
+  valor_ = &f.fila(0, u"Valor"_s,
+                   {.ver = [] { return QString(); },
+                    .poner = [this, deNumero](const QString& s) -> Resultado<> {
+                      escrito_ = true;
+                      if (clase_ == u'%') return deNumero.poner(s);
+                      r.texto = s;
+                      return {};
+                    }});
+  fechas_ = f.ancho(new QWidget, u"fechas"_s);
+  auto* pila = new QVBoxLayout(fechas_);
+  pila->setContentsMargins(0, 0, 0, 0);
+  montarRango({*this, *pila});
+  f.muelle();
+  ponerLetra(*f.nota(u"lblAviso"_s, kTxSiCancela), Letra::Secundaria);
+  setFrase(0, false);
+  acabar({460, 200});
 }
 
-void EnParMac::conectar() {
-  connect(ui_.Acepto, &QPushButton::clicked, this, [this] { responder(); });
-  connect(ui_.Cancelo, &QPushButton::clicked, this, [this] { rechazar(); });
-  connect(ui_.Valor, &QLineEdit::textEdited, ui_.lblFalta, &QLabel::hide);
-  for (QRadioButton* opcion : {ui_.TodoElMes, ui_.LosDias, ui_.OtrasFechas})
-    connect(opcion, &QRadioButton::toggled, this, [this] { ponerRango(); });
-  for (QDateEdit* fecha : {ui_.Desde, ui_.Hasta})
-    connect(fecha, &QDateEdit::dateChanged, this, [this] { ponerRango(); });
-  connect(ui_.Mes, &MesRango::rangoCambiado, this, [this] {
-    const QString texto = contexto().textos(
-        kTxDelAl, {Fecha::de(ui_.Mes->desde()).corta(), Fecha::de(ui_.Mes->hasta()).corta()});
-    ui_.lblRango->setText(texto);
+void EnParMac::montarRango(Formulario f) {
+  todo_ = f.ancho(new QRadioButton(t(kTxTodoElMes)), u"TodoElMes"_s);
+  dias_ = f.ancho(new QRadioButton(t(kTxLosDias)), u"LosDias"_s);
+  mes_ = f.ancho(new MesRango, u"Mes"_s);
+  otras_ = f.ancho(new QRadioButton(t(kTxOtrasFechas)), u"OtrasFechas"_s);
+  desde_ = &f.fila(kTxDesdeFecha, u"Desde"_s, fecha(r.desde));
+  hasta_ = &f.fila(kTxHastaFecha, u"Hasta"_s, fecha(r.hasta));
+  rango_ = f.nota(u"lblRango"_s);
+  for (QWidget* w : {static_cast<QWidget*>(dias_), static_cast<QWidget*>(mes_)})
+    w->setToolTip(t(kTxElijaDias));
+  todo_->setChecked(true);
+  for (QRadioButton* opcion : {todo_, dias_, otras_})
+    connect(opcion, &QRadioButton::toggled, this, &EnParMac::ponerRango);
+  connect(mes_, &MesRango::rangoCambiado, this, [this] {
+    rango_->setText(contexto().textos(
+        kTxDelAl, {Fecha::de(mes_->desde()).corta(), Fecha::de(mes_->hasta()).corta()}));
   });
-  connect(ui_.Mes, &MesRango::diaElegido, this, [this] { ui_.LosDias->setChecked(true); });
+  connect(mes_, &MesRango::diaElegido, this, [this] { dias_->setChecked(true); });
 }
 
-Resultado<> EnParMac::preparar(const Argumentos& argumentos) {
-  const QString nombre = argumentos.value(u"nombre"_s).toString();
-  clase_ = nombre.isEmpty() ? QChar(u'%') : nombre[0];
-  respuesta_ = argumentos.value(u"respuesta"_s).value<std::shared_ptr<Contestacion>>();
-  ui_.lblPregunta->setText(argumentos.value(u"pregunta"_s).toString());
+Resultado<> EnParMac::entrar(const PuertaEnParMac& p) {
+  escrito_ = false;
+  clase_ = p.nombre.isEmpty() ? QChar(u'%') : p.nombre[0];
+  const Fecha hoy = contexto().reloj.ahora().dia();
+  TARVO_INTENTAR(editar({.numero = 0, .texto = {}, .desde = hoy, .hasta = hoy}));
+  pregunta_->setText(p.pregunta.isEmpty() ? t(kTxMuestraPregunta) : p.pregunta);
   const bool deFechas = clase_ == u'#';
-  ui_.Valor->setVisible(!deFechas);
-  ui_.Valor->setAccessibleName(ui_.lblPregunta->text());
-  ui_.fechas->setVisible(deFechas);
-  if (deFechas) {
-    ui_.Mes->irAlMes(contexto().reloj.ahora().qdate());
-    ponerRango();
+  valor_->control().setVisible(!deFechas);
+  valor_->control().setAccessibleName(pregunta_->text());
+  fechas_->setVisible(deFechas);
+  if (!deFechas) {
+    valor_->enfocar();
+    return {};
   }
-  QWidget* primero = deFechas ? static_cast<QWidget*>(ui_.TodoElMes) : ui_.Valor;
-  primero->setFocus();
+  mes_->irAlMes(hoy.qdate());
+  ponerRango();
+  todo_->setFocus();
   return {};
 }
 
 void EnParMac::ponerRango() {
-  const bool otras = ui_.OtrasFechas->isChecked();
-  ui_.Mes->setEnabled(!otras);
-  for (QWidget* w : {static_cast<QWidget*>(ui_.rotDesde), static_cast<QWidget*>(ui_.Desde),
-                     static_cast<QWidget*>(ui_.rotHasta), static_cast<QWidget*>(ui_.Hasta)})
-    w->setEnabled(otras);
-  ui_.lblRango->setVisible(!otras);
-  ui_.lblFalta->hide();
-  ui_.Mes->setTodo(ui_.TodoElMes->isChecked());
+  const bool otras = otras_->isChecked();
+  mes_->setEnabled(!otras);
+  for (const Campo* c : {desde_, hasta_}) c->control().setEnabled(otras);
+  rango_->setVisible(!otras);
+  mes_->setTodo(todo_->isChecked());
 }
 
-// --- the answer ---------------------------------------------------------------------------------
-
-void EnParMac::responder() {
-  auto dado = valor();
-  if (!dado) return;
-  if (respuesta_) *respuesta_ = std::move(*dado);
-  aceptar();
+std::vector<EnParMac::FaltaCampo> EnParMac::comprobar() {
+  if (clase_ == u'%' && !escrito_) return {{valor_, t(kTxNumeroMalo)}};
+  if (clase_ != u'#') return {};
+  if (!otras_->isChecked()) {
+    r.desde = Fecha::de(mes_->desde());
+    r.hasta = Fecha::de(mes_->hasta());
+  }
+  if (*r.desde > *r.hasta) return {{hasta_, t(kTxFechasAlReves)}};
+  return {};
 }
 
-std::optional<Contestacion> EnParMac::valor() {
-  if (clase_ == u'%') return numero();
-  if (clase_ == u'#') return rango();
-  return Contestacion(ui_.Valor->text());
-}
-
-std::optional<Contestacion> EnParMac::numero() {
-  bool esNumero = false;
-  const qint64 n = ui_.Valor->text().trimmed().toLongLong(&esNumero);
-  if (esNumero && n >= kMenor && n <= kMayor) return Contestacion(n);
-  rehusar(kTxNumeroMalo, ui_.Valor);
-  ui_.Valor->selectAll();
-  return std::nullopt;
-}
-
-std::optional<Contestacion> EnParMac::rango() {
-  const bool otras = ui_.OtrasFechas->isChecked();
-  const QDate desde = otras ? ui_.Desde->date() : ui_.Mes->desde();
-  const QDate hasta = otras ? ui_.Hasta->date() : ui_.Mes->hasta();
-  if (desde <= hasta) return Contestacion(std::pair(Fecha::de(desde), Fecha::de(hasta)));
-  rehusar(kTxFechasAlReves, ui_.Hasta);
-  return std::nullopt;
-}
-
-void EnParMac::rehusar(int texto, QWidget* campo) {
-  ui_.lblFalta->setText(t(texto));
-  ui_.lblFalta->setStyleSheet(u"color:"_s + colorDe(Tinte::Mal).name());
-  ui_.lblFalta->show();
-  campo->setFocus();
+void EnParMac::aplicada() {
+  if (clase_ == u'%') return entregar(Contestacion(r.numero));
+  if (clase_ == u'#') return entregar(Contestacion(std::pair(*r.desde, *r.hasta)));
+  entregar(Contestacion(r.texto));
 }
 
 }  // namespace tarvo::automation

@@ -1,32 +1,42 @@
 // Asks for the value of a parameter while a process runs: a number, a text or a range of days.
 #pragma once
 
-#include "automation/ventanas/PreguntasVentana.h"
-#include "core/ventanas/marco/Ventana.h"
-#include "ui_EnParMac.h"
+#include "automation/ventanas/Puertas.h"
+#include "core/ventanas/edicion/Ficha.h"
+
+class QRadioButton;
 
 namespace tarvo::automation {
 
-// Arguments: "nombre" ("%1", "$a", "#x"), "pregunta", and "respuesta", a
-// std::shared_ptr<Contestacion> that is filled when it is accepted.
-class EnParMac final : public ventanas::Ventana {
-  Q_OBJECT
+class MesRango;
+
+// A value of each kind; which one is asked for is the parameter's.
+struct ValorParametro {
+  qint64 numero = 0;
+  QString texto;
+  std::optional<Fecha> desde, hasta;
+  bool operator==(const ValorParametro&) const = default;
+};
+
+class EnParMac final : public ventanas::FichaDe<ValorParametro> {
  public:
   EnParMac(ventanas::Contexto& c, const QString& nombre);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaEnParMac& puerta);
+  bool QueryUnload() override { return false; }  // cancelling is an answer
 
  private:
-  void conectar();
-  void responder();
-  std::optional<Contestacion> valor();
-  std::optional<Contestacion> numero();
-  std::optional<Contestacion> rango();
+  void montarRango(ventanas::Formulario f);
   void ponerRango();
-  void rehusar(int texto, QWidget* campo);
+  std::vector<FaltaCampo> comprobar() override;
+  void aplicada() override;
 
-  Ui::FormaEnParMac ui_;
   QChar clase_ = u'%';
-  std::shared_ptr<Contestacion> respuesta_;
+  bool escrito_ = false;  // something, in the field of a number or text
+  QLabel *pregunta_, *rango_;
+  ventanas::Campo *valor_, *desde_, *hasta_;
+  QWidget* fechas_;
+  QRadioButton *todo_, *dias_, *otras_;
+  MesRango* mes_;
 };
 
 }  // namespace tarvo::automation

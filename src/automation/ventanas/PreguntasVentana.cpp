@@ -16,12 +16,10 @@ std::optional<T> comoEs(const Contestacion& c) {
 
 Contestacion PreguntasVentana::preguntar(const QString& nombre, const QString& pregunta) {
   if (!ventanas_) return {};
-  const auto respuesta = std::make_shared<Contestacion>();
-  ventanas_->abrirModal(u"EnParMac"_s, ventanas_->cargada(u"Automat"_s),
-                        {{u"nombre"_s, nombre},
-                         {u"pregunta"_s, pregunta},
-                         {u"respuesta"_s, QVariant::fromValue(respuesta)}});
-  return *respuesta;
+  return ventanas_
+      ->preguntar(PuertaEnParMac{.nombre = nombre, .pregunta = pregunta},
+                  ventanas_->cargada(u"Automat"_s))
+      .value_or(Contestacion());
 }
 
 void PreguntasVentana::retirar() {

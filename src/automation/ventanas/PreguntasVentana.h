@@ -1,15 +1,11 @@
 // The questions of a process, asked by the window "EnParMac".
 #pragma once
 
-#include <variant>
-
 #include "automation/Automat.h"
+#include "automation/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::automation {
-
-// What the person answered; nothing when he cancelled.
-using Contestacion = std::variant<std::monostate, qint64, QString, std::pair<Fecha, Fecha>>;
 
 // Answers the parameter steps of a run by that window. Before poner() nothing has an answer.
 class PreguntasVentana final : public Preguntas {

@@ -18,13 +18,10 @@ void registrarVentanasAutomation(Ventanas& ventanas, Automat& automat, Cronos& c
   ventanas.registrar(u"Automat"_s, [&](Contexto& c, const QString& n) {
     return new AutomatVentana(c, n, automat, lenguaje, motor);
   });
-  ventanas.registrar(
-      u"EnParMac"_s, [](Contexto& c, const QString& n) { return new EnParMac(c, n); },
-      Argumentos{{u"nombre"_s, u"#x"_s}, {u"pregunta"_s, lenguaje.textos()(kTxMuestraPregunta)}});
+  ventanas.registrar<PuertaEnParMac, EnParMac>();
   ventanas.registrar(
       u"Cronos"_s, [&](Contexto& c, const QString& n) { return new CronosVentana(c, n, cronos); });
-  ventanas.registrar(u"EdiCron"_s,
-                     [&](Contexto& c, const QString& n) { return new EdiCron(c, n, lenguaje); });
+  ventanas.registrar<PuertaEdiCron, EdiCron>(lenguaje);
   ventanas.registrar(u"Debidos"_s, [](Contexto& c, const QString& n) { return new Debidos(c, n); });
   ventanas.registrar(
       u"VeoLog"_s, [](Contexto& c, const QString& n) { return new VeoLog(c, n); },

@@ -53,10 +53,6 @@ void VeoLog::conectar() {
   unir(ui_.copiar, u"copiar"_s, QKeySequence::Copy, [this] { copiar(); });
   unir(ui_.alFinal, u"adelante"_s, Qt::CTRL | Qt::Key_End, [this] { alFinal(); });
   unir(ui_.salir, u"cerrar"_s, {}, [this] { close(); });
-  auto* aBuscar = new QAction(this);
-  aBuscar->setShortcut(QKeySequence::Find);
-  addAction(aBuscar);
-  connect(aBuscar, &QAction::triggered, this, [this] { ui_.Buscar->setFocus(); });
   connect(ui_.Buscar, &QLineEdit::returnPressed, this, [this] { buscar(false); });
 }
 

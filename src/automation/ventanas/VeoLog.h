@@ -13,6 +13,9 @@ class VeoLog final : public ventanas::Ventana {
   VeoLog(ventanas::Contexto& c, const QString& nombre);
   Resultado<> preparar(const ventanas::Argumentos& argumentos) override;  // "fichero": its path
 
+ protected:
+  void irABuscar() override { ui_.Buscar->setFocus(); }
+
  private:
   void conectar();
   void mirar();

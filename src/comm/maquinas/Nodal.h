@@ -34,7 +34,8 @@ Leido<Total> leerGranTotal(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
 Leido<std::vector<Total>> leerOperadores(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
 Leido<std::vector<Total>> leerDepartamentos(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
 Leido<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
-// Lines up to the first article below 1, their weights in thousandths of a gram; characters left over are passed over.
+// Lines up to the first article below 1, their weights in thousandths of a gram; characters left
+// over are passed over.
 Leido<std::vector<Linea>> leerPedido(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
 
 }  // namespace tarvo::maquinas::nodal

@@ -1,5 +1,9 @@
 #include "comm/ventanas/ATModf.h"
 
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
 #include "comm/ventanas/TextosCommVentanas.h"
 #include "core/ventanas/aspecto/Tema.h"
 
@@ -20,102 +24,80 @@ QString conAT(const QString& orden) {
   return o.isEmpty() || o.startsWith(u"AT") ? o : u"AT"_s + o;
 }
 
-ATModf::ATModf(Contexto& c, const QString& nombre, const Servicios&) : Ventana(c, nombre) {
-  ui_.setupUi(cuerpo());
-  enlazar();
-  ui_.Sube->setIcon(icono(u"subir"_s));
-  ui_.Baja->setIcon(icono(u"bajar"_s));
-  connect(ui_.Pon, &QPushButton::clicked, this, [this] { anadir(); });
-  connect(ui_.Quita, &QPushButton::clicked, this, [this] {
-    delete ui_.IniMdmX->takeItem(ui_.IniMdmX->currentRow());
-    habilitar();
-  });
-  connect(ui_.Sube, &QToolButton::clicked, this, [this] { mover(-1); });
-  connect(ui_.Baja, &QToolButton::clicked, this, [this] { mover(1); });
-  connect(ui_.IniMdmX, &QListWidget::currentRowChanged, this, [this] { habilitar(); });
-  connect(ui_.Nueva, &QLineEdit::textChanged, this, [this] { habilitar(); });
-  connect(ui_.Acepto, &QPushButton::clicked, this, [this] { confirmar(); });
-  connect(ui_.Cancelo, &QPushButton::clicked, this, [this] { rechazar(); });
+ATModf::ATModf(Contexto& c, const QString& nombre) : FichaDe(c, nombre) {
+  auto f = formulario(kTxATModf);
+  f.fila(kTxPrimeraOrden, u"IniMdm0"_s, texto(r.IniMdm0));
+  montarOrdenes(f);
+  f.fila(kTxPrefijoMarcar, u"PfxDial"_s, texto(r.PfxDial));
+  f.fila(kTxIntentosMarcado, u"Intentos"_s,
+         numero(r.Intentos, kLimitesIntentos.menor, kLimitesIntentos.mayor));
+  f.fila(kTxEsperaMarcado, u"Espera"_s,
+         numero(r.Espera, kLimitesEspera.menor, kLimitesEspera.mayor))
+      .setPista(t(kTxSegundosHasta));
+  f.fila(kTxRespuestaATH, u"ATHang"_s,
+         numero(r.ATHang, kLimitesEspera.menor, kLimitesEspera.mayor));
+  acabar({560, 480});
 }
 
-Resultado<> ATModf::preparar(const Argumentos& a) {
-  destino_ = a.value(u"canal"_s).value<ParamCanal*>();
-  const int numero = a.value(u"numero"_s, 1).toInt();
-  setWindowTitle(u"%1. %2"_s.arg(t(kTxATModf), t(kTxCanal).arg(numero)));
-  llenar(destino_ ? *destino_ : contexto().ajustes.canales.at(static_cast<size_t>(numero - 1)));
-  ui_.IniMdm0->setFocus();
+void ATModf::montarOrdenes(Formulario f) {
+  lista_ = f.ancho(new QListWidget, u"IniMdmX"_s, kTxMasOrdenes, 1);
+  sube_ = f.icono(u"subir"_s, kTxSubirOrden, u"Sube"_s, [this] { mover(-1); });
+  baja_ = f.icono(u"bajar"_s, kTxBajarOrden, u"Baja"_s, [this] { mover(1); });
+  quita_ = f.boton(kTxQuitarOrden, u"Quita"_s, [this] {
+    r.IniMdmX.removeAt(lista_->currentRow());
+    ponerOrdenes(lista_->currentRow());
+  });
+  f.enLinea({sube_, baja_, quita_, nullptr});
+  nueva_ = new QLineEdit;
+  nueva_->setObjectName(u"Nueva"_s);
+  auto* rotulo = new QLabel(t(kTxOrdenNueva));
+  rotulo->setBuddy(nueva_);
+  pon_ = f.boton(kTxAnadirOrden, u"Pon"_s, [this] {
+    r.IniMdmX << conAT(nueva_->text());
+    nueva_->clear();
+    nueva_->setFocus();
+    ponerOrdenes(static_cast<int>(r.IniMdmX.size()) - 1);
+  });
+  f.enLinea({rotulo, nueva_, pon_});
+  aviso_ = f.nota(u"faltaLista"_s, kTxOchoOrdenes);
+  connect(lista_, &QListWidget::currentRowChanged, this, [this] { habilitar(); });
+  connect(nueva_, &QLineEdit::textChanged, this, [this] { habilitar(); });
+}
+
+Resultado<> ATModf::entrar(const PuertaATModf& p) {
+  setWindowTitle(u"%1. %2"_s.arg(t(kTxATModf), t(kTxCanal).arg(p.numero)));
+  TARVO_INTENTAR(editar(p.canal));
+  ponerOrdenes(0);
   return {};
 }
 
-void ATModf::llenar(const ParamCanal& canal) {
-  ui_.IniMdm0->setText(canal.IniMdm0);
-  ui_.IniMdmX->clear();
-  ui_.IniMdmX->addItems(canal.IniMdmX);
-  ui_.IniMdmX->setCurrentRow(0);
-  ui_.PfxDial->setText(canal.PfxDial);
-  ui_.Intentos->setText(QString::number(canal.Intentos));
-  ui_.Espera->setText(QString::number(canal.Espera));
-  ui_.ATHang->setText(QString::number(canal.ATHang));
+void ATModf::ponerOrdenes(int fila) {
+  lista_->clear();
+  lista_->addItems(r.IniMdmX);
+  lista_->setCurrentRow(std::min(fila, lista_->count() - 1));
   habilitar();
 }
 
 void ATModf::habilitar() {
-  const int fila = ui_.IniMdmX->currentRow(), cuantas = ui_.IniMdmX->count();
+  const int fila = lista_->currentRow(), cuantas = lista_->count();
   const bool caben = cuantas < kOrdenesMax;
-  ui_.Pon->setEnabled(caben && !ui_.Nueva->text().trimmed().isEmpty());
-  ui_.faltaLista->setText(caben ? QString() : t(kTxOchoOrdenes));
-  ui_.Quita->setEnabled(fila >= 0);
-  ui_.Sube->setEnabled(fila > 0);
-  ui_.Baja->setEnabled(fila >= 0 && fila < cuantas - 1);
-}
-
-void ATModf::anadir() {
-  const QString orden = conAT(ui_.Nueva->text());
-  if (orden.isEmpty() || ui_.IniMdmX->count() >= kOrdenesMax) return;
-  ui_.IniMdmX->addItem(orden);
-  ui_.IniMdmX->setCurrentRow(ui_.IniMdmX->count() - 1);
-  ui_.Nueva->clear();
-  ui_.Nueva->setFocus();
-  habilitar();
+  pon_->setEnabled(caben && !conAT(nueva_->text()).isEmpty());
+  aviso_->setVisible(!caben);
+  quita_->setEnabled(fila >= 0);
+  sube_->setEnabled(fila > 0);
+  baja_->setEnabled(fila >= 0 && fila < cuantas - 1);
 }
 
 void ATModf::mover(int pasos) {
-  const int fila = ui_.IniMdmX->currentRow();
-  QListWidgetItem* orden = ui_.IniMdmX->takeItem(fila);
-  ui_.IniMdmX->insertItem(fila + pasos, orden);
-  ui_.IniMdmX->setCurrentRow(fila + pasos);
-  habilitar();
+  const int fila = lista_->currentRow();
+  r.IniMdmX.move(fila, fila + pasos);
+  ponerOrdenes(fila + pasos);
 }
 
-// A whole number within its limits; its fault stands beside the field.
-std::optional<int> ATModf::leer(QLineEdit& campo, QLabel& falta, const Limites& limites) {
-  bool vale = false;
-  const int n = campo.text().trimmed().toInt(&vale);
-  vale = vale && limites.admite(n);
-  falta.setText(vale ? QString() : t(kTxFueraDeLimites).arg(limites.menor).arg(limites.mayor));
-  campo.setProperty("falta", !vale);
-  campo.update();
-  if (vale) return n;
-  campo.setFocus();
-  return std::nullopt;
-}
-
-void ATModf::confirmar() {
-  const auto intentos = leer(*ui_.Intentos, *ui_.faltaIntentos, kLimitesIntentos);
-  const auto espera = leer(*ui_.Espera, *ui_.faltaEspera, kLimitesEspera);
-  const auto colgar = leer(*ui_.ATHang, *ui_.faltaATHang, kLimitesEspera);
-  if (!intentos || !espera || !colgar) return;
-  if (destino_) {
-    destino_->IniMdm0 = conAT(ui_.IniMdm0->text());
-    destino_->IniMdmX.clear();
-    for (int i = 0; i < ui_.IniMdmX->count(); ++i)
-      destino_->IniMdmX << ui_.IniMdmX->item(i)->text();
-    destino_->PfxDial = ui_.PfxDial->text().trimmed().toUpper();
-    destino_->Intentos = *intentos;
-    destino_->Espera = *espera;
-    destino_->ATHang = *colgar;
-  }
-  aceptar();
+void ATModf::aplicada() {
+  r.IniMdm0 = conAT(r.IniMdm0);
+  r.PfxDial = r.PfxDial.trimmed().toUpper();
+  entregar(r);
 }
 
 }  // namespace tarvo::comm

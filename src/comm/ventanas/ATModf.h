@@ -1,28 +1,31 @@
 #pragma once
 
-#include "comm/ventanas/Servicios.h"
-#include "core/ajustes/Ajustes.h"
-#include "core/ventanas/marco/Ventana.h"
-#include "ui_FormaATModf.h"
+#include <QListWidget>
+#include <QToolButton>
+
+#include "comm/ventanas/Puertas.h"
+#include "core/ventanas/edicion/Ficha.h"
 
 namespace tarvo::comm {
 
 // What the modem of one channel is told.
-class ATModf final : public ventanas::Ventana {
+class ATModf final : public ventanas::FichaDe<ParamCanal> {
  public:
-  ATModf(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  ATModf(ventanas::Contexto& c, const QString& nombre);
+  Resultado<> entrar(const PuertaATModf& puerta);
 
  private:
-  void llenar(const ParamCanal& canal);
-  void anadir();
+  void montarOrdenes(ventanas::Formulario f);
+  void ponerOrdenes(int fila);
   void mover(int pasos);
   void habilitar();
-  std::optional<int> leer(QLineEdit& campo, QLabel& falta, const Limites& limites);
-  void confirmar();
+  void aplicada() override;
 
-  Ui::FormaATModf ui_;
-  ParamCanal* destino_ = nullptr;  // written once, on accepting
+  QListWidget* lista_;
+  QLineEdit* nueva_;
+  QLabel* aviso_;
+  QPushButton *pon_, *quita_;
+  QToolButton *sube_, *baja_;
 };
 
 // An order for a modem begins with "AT".

@@ -1,12 +1,12 @@
 #include "comm/ventanas/CfgComm.h"
 
-#include <algorithm>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
 
 #include "comm/ventanas/TextosCommVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
-#include "core/ventanas/marco/MyMsgBox.h"
-#include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::comm {
 
@@ -16,80 +16,93 @@ using namespace ventanas;
 namespace {
 
 constexpr int kUsos = 4;
+const QString kImagenes[kUsos] = {u"quitar"_s, u"modem"_s, u"conectado"_s, u"linea"_s};
 
-QString imagenDeUso(int device) {
-  static const QString kUsosImagen[] = {u"quitar"_s, u"modem"_s, u"conectado"_s, u"linea"_s};
-  return device >= 0 && device < kUsos ? kUsosImagen[device] : QString();
-}
+struct Tiempo {
+  int rotulo;
+  QString nombre;
+  int Ajustes::* ajuste;
+  int unidad;
+};
+const Tiempo kTiempos[] = {
+    {kTxTiempoGeneral, u"TimeOut"_s, &Ajustes::TimeOut, kTxMilisegundos},
+    {kTxTiempoCero, u"TimeCero"_s, &Ajustes::TimeCero, kTxMilisegundos},
+    {kTxReintentos, u"IntentosManual"_s, &Ajustes::IntentosManual, kTxVeces},
+    {kTxTiempoACK, u"TimeACK"_s, &Ajustes::TimeACK, kTxMilisegundos},
+    {kTxFactorEspera, u"FactorEspera"_s, &Ajustes::FactorEsperaNDL, kTxMilisegundos}};
 
 }  // namespace
 
-CfgComm::CfgComm(Contexto& c, const QString& nombre, const Servicios& s)
-    : Ventana(c, nombre), s_(s) {
-  ui_.setupUi(cuerpo());
-  enlazar();
-  tiempos_ = {{{ui_.TimeOut, ui_.faltaTimeOut, &Ajustes::TimeOut},
-               {ui_.TimeCero, ui_.faltaTimeCero, &Ajustes::TimeCero},
-               {ui_.TimeACK, ui_.faltaTimeACK, &Ajustes::TimeACK},
-               {ui_.IntentosManual, ui_.faltaIntentosManual, &Ajustes::IntentosManual},
-               {ui_.FactorEspera, ui_.faltaFactorEspera, &Ajustes::FactorEsperaNDL}}};
-  canales_ = {{{ui_.numero1, ui_.linea1, ui_.imagen1, ui_.Device1, ui_.RS232_1, ui_.Modem_1},
-               {ui_.numero2, ui_.linea2, ui_.imagen2, ui_.Device2, ui_.RS232_2, ui_.Modem_2},
-               {ui_.numero3, ui_.linea3, ui_.imagen3, ui_.Device3, ui_.RS232_3, ui_.Modem_3},
-               {ui_.numero4, ui_.linea4, ui_.imagen4, ui_.Device4, ui_.RS232_4, ui_.Modem_4}}};
-  for (const Tiempo& tiempo : tiempos_) tiempo.campo->setMaximumWidth(escalar(110));
-  for (int n = 0; n < 4; ++n) conectarCanal(n);
-  connect(ui_.DeFabrica, &QPushButton::clicked, this, [this] {
-    mostrarTiempos(Ajustes(contexto().ajustes.carpeta, contexto().ajustes.idioma));
+CfgComm::CfgComm(Contexto& c, const QString& nombre, motor::gestcomm& motor)
+    : FichaDe(c, nombre), motor_(motor) {
+  auto f = formulario(kTxCfgComm);
+  auto tiempos = f.grupo(kTxProtocolo, u"cajaTiempos"_s);
+  for (size_t i = 0; i < r.tiempos.size(); ++i) {
+    const Tiempo& tiempo = kTiempos[i];
+    const Limites limites = limitesDe(tiempo.ajuste);
+    tiempos.fila(tiempo.rotulo, tiempo.nombre, numero(r.tiempos[i], limites.menor, limites.mayor),
+                 tiempo.unidad);
+  }
+  auto* caja = f.ancho(new QGroupBox(t(kTxCanales)), u"cajaCanales"_s);
+  auto* reja = new QGridLayout(caja);
+  for (int n = 0; n < 4; ++n) canales_[static_cast<size_t>(n)] = montarCanal(*reja, caja, n);
+  f.muelle();
+  auto* deFabrica = f.boton(kTxDeFabrica, u"DeFabrica"_s, [this] {
+    if (!leerCallada()) mostrar();  // what can't be read gives way
+    tomarTiempos(Ajustes(contexto().ajustes.carpeta, contexto().ajustes.idioma));
+    mostrar();
   });
-  connect(ui_.Acepto, &QPushButton::clicked, this, [this] { confirmar(); });
-  connect(ui_.Cancelo, &QPushButton::clicked, this, [this] { rechazar(); });
+  deFabrica->setToolTip(t(kTxDeFabricaTip));
+  setFrase(kTxValoresMalos, false);
+  acabar({640, 480}, {.otro = deFabrica});
 }
 
-void CfgComm::conectarCanal(int n) {
-  const Canal& canal = canales_[static_cast<size_t>(n)];
-  const int numero = n + 1;
-  canal.numero->setText(t(kTxCanal).arg(numero));
-  const std::tuple<QWidget*, int> pistas[] = {{canal.imagen, kTxImagenTip},
-                                              {canal.uso, kTxUsoTip},
-                                              {canal.rs232, kTxRS232Tip},
-                                              {canal.modem, kTxModemTip}};
-  for (const auto& [control, texto] : pistas) {
-    control->setToolTip(t(texto).arg(numero));
-    control->setAccessibleName(t(texto).arg(numero));
-  }
+CfgComm::Canal CfgComm::montarCanal(QGridLayout& reja, QWidget* caja, int n) {
+  const auto sitio = static_cast<size_t>(n);
+  auto con = [&, columna = 1]<class W>(W* control, const QString& nombre, int pista) mutable {
+    control->setObjectName(nombre.arg(n + 1));
+    if (pista > 0) control->setToolTip(t(pista).arg(n + 1));
+    reja.addWidget(control, n, columna++);
+    return control;
+  };
+  auto* rotulo = new QLabel(t(kTxCanal).arg(n + 1), caja);
+  reja.addWidget(rotulo, n, 0);
+  Canal canal{con(new QToolButton(caja), u"imagen%1"_s, kTxImagenTip),
+              con(new QComboBox(caja), u"Device%1"_s, kTxUsoTip),
+              con(new QLabel(caja), u"linea%1"_s, 0),
+              con(new QPushButton(t(kTxRS232), caja), u"RS232_%1"_s, kTxRS232Tip),
+              con(new QPushButton(t(kTxModem), caja), u"Modem_%1"_s, kTxModemTip)};
+  rotulo->setBuddy(canal.uso);  // here a combo box has its name from its label alone
+  for (QPushButton* boton : {canal.rs232, canal.modem}) boton->setAccessibleName(boton->toolTip());
   canal.imagen->setIconSize(QSize(escalar(kIconoGrande), escalar(kIconoGrande)));
   canal.imagen->installEventFilter(this);
-  connect(canal.uso, &QComboBox::currentIndexChanged, this, [this, n](int uso) {
-    copia_[static_cast<size_t>(n)].Device = uso;
-    mostrarCanal(n);
-  });
-  connect(canal.rs232, &QPushButton::clicked, this, [this, n] { editar(u"EdiParms"_s, n); });
-  connect(canal.modem, &QPushButton::clicked, this, [this, n] { editar(u"ATModf"_s, n); });
+  for (int uso = 0; uso < kUsos; ++uso) canal.uso->addItem(t(kTxUso + uso), uso);
+  connect(&enlazarCampo(*canal.uso, r.canales[sitio].Device), &Campo::cambiado, this,
+          [this, sitio] { mostrarCanal(sitio); });
+  connect(canal.rs232, &QPushButton::clicked, this,
+          [this, sitio] { editarCanal<PuertaEdiParms>(sitio); });
+  connect(canal.modem, &QPushButton::clicked, this,
+          [this, sitio] { editarCanal<PuertaATModf>(sitio); });
+  return canal;
 }
 
-Resultado<> CfgComm::preparar(const Argumentos&) {
+Resultado<> CfgComm::entrar(const PuertaCfgComm&) {
   const Ajustes& a = contexto().ajustes;
-  copia_ = a.canales;
-  mostrarTiempos(a);
-  for (int n = 0; n < 4; ++n) {
-    const int uso = copia_[static_cast<size_t>(n)].Device;
-    canales_[static_cast<size_t>(n)].uso->setCurrentIndex(uso >= 0 && uso < kUsos ? uso : 0);
-    mostrarCanal(n);
-  }
-  ui_.TimeOut->setFocus();
-  ui_.TimeOut->selectAll();
+  AjustesComm de{.tiempos = {}, .canales = a.canales};
+  for (size_t i = 0; i < de.tiempos.size(); ++i) de.tiempos[i] = a.*kTiempos[i].ajuste;
+  TARVO_INTENTAR(editar(de));
+  for (size_t n = 0; n < canales_.size(); ++n) mostrarCanal(n);
   return {};
 }
 
-void CfgComm::mostrarTiempos(const Ajustes& de) {
-  for (const Tiempo& tiempo : tiempos_) tiempo.campo->setText(QString::number(de.*tiempo.ajuste));
+void CfgComm::tomarTiempos(const Ajustes& de) {
+  for (size_t i = 0; i < r.tiempos.size(); ++i) r.tiempos[i] = de.*kTiempos[i].ajuste;
 }
 
-void CfgComm::mostrarCanal(int n) {
-  const Canal& canal = canales_[static_cast<size_t>(n)];
-  const ParamCanal& p = copia_[static_cast<size_t>(n)];
-  canal.imagen->setIcon(icono(imagenDeUso(p.Device)));
+void CfgComm::mostrarCanal(size_t n) {
+  const Canal& canal = canales_[n];
+  const ParamCanal& p = r.canales[n];
+  canal.imagen->setIcon(icono(p.Device >= 0 && p.Device < kUsos ? kImagenes[p.Device] : QString()));
   canal.linea->setText(p.RS232);
   canal.linea->setEnabled(p.Device != 0);
   canal.rs232->setEnabled(p.Device != 0);
@@ -106,49 +119,32 @@ bool CfgComm::eventFilter(QObject* objeto, QEvent* evento) {
     n->uso->setCurrentIndex((n->uso->currentIndex() + 1) % kUsos);
     return true;
   }
-  return Ventana::eventFilter(objeto, evento);
+  return FichaDe::eventFilter(objeto, evento);
 }
 
-void CfgComm::editar(const QString& ventana, int n) {
-  ParamCanal& p = copia_[static_cast<size_t>(n)];
-  contexto().ventanas.abrirModal(ventana, this,
-                                 {{u"canal"_s, QVariant::fromValue(&p)}, {u"numero"_s, n + 1}});
+template <class P>
+void CfgComm::editarCanal(size_t n) {
+  const auto canal = preguntar(P{.numero = static_cast<int>(n) + 1, .canal = r.canales[n]});
+  if (canal) r.canales[n] = *canal;
   mostrarCanal(n);
 }
 
-// False when a field holds no whole number within its limits; each such has its fault beside it.
-bool CfgComm::leerTiempos(std::array<int, 5>& valores) {
-  QLineEdit* primero = nullptr;
-  for (size_t i = 0; i < tiempos_.size(); ++i) {
-    const Tiempo& tiempo = tiempos_[i];
-    bool vale = false;
-    valores[i] = tiempo.campo->text().trimmed().toInt(&vale);
-    const Limites limites = limitesDe(tiempo.ajuste);
-    vale = vale && limites.admite(valores[i]);
-    tiempo.falta->setText(vale ? QString()
-                               : t(kTxFueraDeLimites).arg(limites.menor).arg(limites.mayor));
-    tiempo.campo->setProperty("falta", !vale);
-    tiempo.campo->update();
-    if (!vale && !primero) primero = tiempo.campo;
-  }
-  if (!primero) return true;
-  MyMsgBox::Decide(this, contexto().textos, t(kTxValoresMalos), kCritico);
-  primero->setFocus();
-  primero->selectAll();
-  return false;
-}
-
-void CfgComm::confirmar() {
-  std::array<int, 5> valores{};
-  if (!leerTiempos(valores)) return;
+Resultado<> CfgComm::aplicar() {
   Ajustes& a = contexto().ajustes;
+  AjustesComm otros = r;
   const auto cambiar = [&] {  // the settings and the copy change places
-    for (size_t i = 0; i < tiempos_.size(); ++i) std::swap(a.*tiempos_[i].ajuste, valores[i]);
-    std::swap(a.canales, copia_);
+    for (size_t i = 0; i < otros.tiempos.size(); ++i)
+      std::swap(a.*kTiempos[i].ajuste, otros.tiempos[i]);
+    std::swap(a.canales, otros.canales);
   };
   cambiar();
-  if (const auto hecho = a.GuardarConfig(); !haIdoBien(hecho)) return cambiar();
-  s_.motor.cambiaronCanales();
+  auto hecho = a.GuardarConfig();
+  if (!hecho) cambiar();
+  return hecho;
+}
+
+void CfgComm::aplicada() {
+  motor_.cambiaronCanales();
   if (auto* quien = qobject_cast<Ventana*>(dueno())) quien->decirBien(t(kTxGuardado));
   aceptar();
 }

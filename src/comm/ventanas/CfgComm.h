@@ -1,46 +1,46 @@
 #pragma once
 
+#include <QToolButton>
 #include <array>
 
+#include "comm/ventanas/Puertas.h"
 #include "comm/ventanas/Servicios.h"
-#include "core/ajustes/Ajustes.h"
-#include "core/ventanas/marco/Ventana.h"
-#include "ui_FormaCfgComm.h"
+#include "core/ventanas/edicion/Ficha.h"
 
 namespace tarvo::comm {
 
-// The protocol's times and the four channels: the only editor of the keys of communications. It
-// works on copies; all go to the settings and to the file together.
-class CfgComm final : public ventanas::Ventana {
+// What of the settings is edited here.
+struct AjustesComm {
+  std::array<int, 5> tiempos{};
+  std::array<ParamCanal, 4> canales;
+  bool operator==(const AjustesComm&) const = default;
+};
+
+// The protocol's times and the four channels: the only editor of the keys of communications. All go
+// to the settings and to the file together.
+class CfgComm final : public ventanas::FichaDe<AjustesComm> {
  public:
-  CfgComm(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  CfgComm(ventanas::Contexto& c, const QString& nombre, motor::gestcomm& motor);
+  Resultado<> entrar(const PuertaCfgComm& puerta);
 
  private:
-  struct Tiempo {
-    QLineEdit* campo;
-    QLabel* falta;
-    int Ajustes::* ajuste;
-  };
   struct Canal {
-    QLabel *numero, *linea;
     QToolButton* imagen;
     QComboBox* uso;
+    QLabel* linea;
     QPushButton *rs232, *modem;
   };
-  void conectarCanal(int n);
-  void mostrarTiempos(const Ajustes& de);
-  void mostrarCanal(int n);
-  void editar(const QString& ventana, int n);
-  bool leerTiempos(std::array<int, 5>& valores);
-  void confirmar();
+  Canal montarCanal(QGridLayout& reja, QWidget* caja, int n);
+  void tomarTiempos(const Ajustes& de);
+  void mostrarCanal(size_t n);
+  template <class P>
+  void editarCanal(size_t n);
+  Resultado<> aplicar() override;
+  void aplicada() override;
   bool eventFilter(QObject* objeto, QEvent* evento) override;
 
-  Ui::FormaCfgComm ui_;
-  Servicios s_;
-  std::array<Tiempo, 5> tiempos_;
+  motor::gestcomm& motor_;
   std::array<Canal, 4> canales_;
-  std::array<ParamCanal, 4> copia_;
 };
 
 }  // namespace tarvo::comm

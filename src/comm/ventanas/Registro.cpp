@@ -30,9 +30,9 @@ void registrarVentanasComm(ventanas::Ventanas& v, const Servicios& s) {
       {{u"estado"_s, int{motor::kInterrumpido}}, {u"error"_s, 18}});
   con(std::type_identity<VerTramas>(), u"VerTramas"_s);
   con(std::type_identity<EstadoEnvio>(), u"EstadoEnvio"_s);
-  con(std::type_identity<CfgComm>(), u"CfgComm"_s);
-  con(std::type_identity<EdiParms>(), u"EdiParms"_s, {{u"numero"_s, 1}});
-  con(std::type_identity<ATModf>(), u"ATModf"_s, {{u"numero"_s, 1}});
+  v.registrar<PuertaCfgComm, CfgComm>(s.motor);
+  v.registrar<PuertaEdiParms, EdiParms>();
+  v.registrar<PuertaATModf, ATModf>();
 }
 
 }  // namespace tarvo::comm

@@ -6,8 +6,7 @@
 //   Diagnostico: "tarea", an id; or "estado" and "error", with "textoError" at will.
 //   VerTramas: "tarea", an id whose line is followed; or "canal", from 0; or nothing for all.
 //   EstadoEnvio: "grupo", the number of the group to begin with.
-//   EdiParms, ATModf: "canal", a ParamCanal* that is written once, on accepting, and "numero" of
-//     the channel, from 1.
+//   CfgComm, EdiParms, ATModf: by their doors, see Puertas.h.
 #pragma once
 
 #include "comm/ventanas/Servicios.h"

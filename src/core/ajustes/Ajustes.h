@@ -37,6 +37,7 @@ struct ParamCanal {
   int Espera = 40;
   int ATHang = 10000;
   int ControlLinea = 1;
+  bool operator==(const ParamCanal&) const = default;
 };
 
 // Which kinds of task the language has.
@@ -116,6 +117,7 @@ class Ajustes {
   int NumPreciosAlta = 3, NumTarifasAlta = 8;
   struct Personal {
     QString titulo, proceso;
+    bool operator==(const Personal&) const = default;
   };
   std::vector<Personal> personal;
   // A line of the file that wasn't understood, or not all of it, and what counts instead of its

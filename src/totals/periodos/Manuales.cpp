@@ -1,6 +1,7 @@
 #include "totals/periodos/Manuales.h"
 
 #include "totals/TextosTotals.h"
+#include "totals/periodos/Calendario.h"
 #include "totals/periodos/FilasTotales.h"
 
 namespace tarvo::totals {
@@ -32,6 +33,21 @@ Resultado<> aplicarManuales(dao::Database& db, Periodos& periodos, qint64 link,
       if (e.clase == numero) TARVO_INTENTAR(sumarEntrada(db, periodos.textos(), link, e));
   TARVO_INTENTAR(periodos.ReacumularTodo(link, marcas));
   return t.confirmar();
+}
+
+Resultado<qint64> guardarConManuales(dao::Database& db, Periodos& periodos, qint64 link,
+                                     const Periodo& p, const std::vector<EntradaManual>& entradas) {
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db));
+  if (link == 0) {
+    TARVO_TOMAR(const auto hay, periodos.BuscarPeriodo(p.tipo, p.desde, p.hasta));
+    if (hay) return fallo(Fallo::Duplicado, TextoPeriodo(p));
+    TARVO_TOMAR(link, periodos.CrearPeriodo(p.tipo, p.desde, p.hasta, false, {}));
+  } else {
+    TARVO_INTENTAR(periodos.CambiarPeriodo(link, p.tipo, p.desde, p.hasta, true));
+  }
+  TARVO_INTENTAR(aplicarManuales(db, periodos, link, entradas));
+  TARVO_INTENTAR(tr.confirmar());
+  return link;
 }
 
 }  // namespace tarvo::totals

@@ -20,4 +20,11 @@ struct EntradaManual {
 Resultado<> aplicarManuales(dao::Database& db, Periodos& periodos, qint64 link,
                             const std::vector<EntradaManual>& entradas);
 
+// A period, new when `link` is 0, with what was keyed in for it, in one transaction; its LINK.
+// Duplicado when there is one of that kind and those dates already. Sales may leave larger periods
+// (see Periodos::saldriaDe).
+Resultado<qint64> guardarConManuales(dao::Database& db, Periodos& periodos, qint64 link,
+                                     const Periodo& periodo,
+                                     const std::vector<EntradaManual>& entradas);
+
 }  // namespace tarvo::totals

@@ -1,4 +1,5 @@
 #include "totals/ventanas/CerrSesVentana.h"
+#include "totals/ventanas/Puertas.h"
 
 #include <set>
 
@@ -144,17 +145,17 @@ void CerrSesVentana::recuperar() {
 }
 
 void CerrSesVentana::detalles() {
-  const auto d = std::make_shared<DetalleSesion>();
-  d->recibidos = motor_.recibidos();
-  d->propuestos = motor_.propuestos();
-  d->sustituir = motor_.OverWr;
-  d->elegido = motor_.TodoAUno ? motor_.elegido() : -1;
-  if (!contexto().ventanas.abrirModal(u"FormDetalles"_s, this, {{u"salida"_s, comoSalida(d)}}))
-    return;
+  const auto d =
+      preguntar(PuertaFormDetalles{{.recibidos = motor_.recibidos(),
+                                    .propuestos = motor_.propuestos(),
+                                    .sustituir = motor_.OverWr,
+                                    .elegido = motor_.TodoAUno ? motor_.elegido() : -1}});
+  if (!d) return;
   motor_.OverWr = d->sustituir;
   motor_.TodoAUno = d->elegido >= 0;
   motor_.elegir(d->elegido);
   pintarPeriodo();
+  guardar();
 }
 
 void CerrSesVentana::empezarCuenta() {

@@ -43,35 +43,13 @@ QString lineaSumandos(ventanas::Ventana& v, const std::vector<Columna>& partes) 
 
 }  // namespace
 
-Resultado<> llenarLista(QComboBox& lista, ventanas::Contexto& c, const QString& sql, int cifras,
-                        int textoTodos) {
-  const QSignalBlocker callada(lista);
-  const QVariant antes = lista.currentData();
-  lista.clear();
-  if (textoTodos > 0) lista.addItem(c.textos(textoTodos), kTodos);
-  TARVO_TOMAR(auto rs, c.db.consultar(sql));
-  for (; !rs->Eof();) {
-    const qint64 codigo = rs->entero(0);
-    lista.addItem(Ceros(codigo, cifras) + u' ' + rs->texto(1), codigo);
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  elegirEn(lista, antes);
+Resultado<> llenarLista(QComboBox& lista, ventanas::Contexto& c, const Nombres::Lista& nombres,
+                        int cifras, int textoTodos) {
+  TARVO_TOMAR(const auto filas, nombres);
+  auto opciones = ventanas::conCodigo(filas, cifras);
+  if (textoTodos > 0) opciones.insert(opciones.begin(), {kTodos, c.textos(textoTodos)});
+  ventanas::llenar(lista, opciones);
   return {};
-}
-
-Resultado<> llenarGrupos(QComboBox& lista, ventanas::Contexto& c, int textoTodos) {
-  return llenarLista(lista, c, u"SELECT CODGPO, NOMGPO FROM GRUPOS ORDER BY CODGPO"_s, 4,
-                     textoTodos);
-}
-
-Resultado<> llenarSecciones(QComboBox& lista, ventanas::Contexto& c, int textoTodos) {
-  return llenarLista(lista, c, u"SELECT NMSECC, NOMSEC FROM SECCS ORDER BY NMSECC"_s, 2,
-                     textoTodos);
-}
-
-Resultado<> llenarOperadores(QComboBox& lista, ventanas::Contexto& c, int textoTodos) {
-  return llenarLista(lista, c, u"SELECT CODOPE, NOMOPE FROM OPERS ORDER BY CODOPE"_s, 4,
-                     textoTodos);
 }
 
 std::optional<int> elegidoEn(const QComboBox& lista) {

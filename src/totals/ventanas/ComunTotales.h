@@ -5,6 +5,7 @@
 #include <QComboBox>
 
 #include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/edicion/Opciones.h"
 #include "core/ventanas/marco/Ventanas.h"
 #include "totals/periodos/ConsultaFilas.h"
 
@@ -12,12 +13,9 @@ namespace tarvo::totals {
 
 inline constexpr int kTodos = -1;  // the data of the first entry of such a list
 
-// "<<TODOS>>" and then each row of the query: code and name.
-Resultado<> llenarLista(QComboBox& lista, ventanas::Contexto& c, const QString& sql, int cifras,
-                        int textoTodos);
-Resultado<> llenarGrupos(QComboBox& lista, ventanas::Contexto& c, int textoTodos);
-Resultado<> llenarSecciones(QComboBox& lista, ventanas::Contexto& c, int textoTodos);
-Resultado<> llenarOperadores(QComboBox& lista, ventanas::Contexto& c, int textoTodos);
+// Codes and names, with "<<TODOS>>" in front where `textoTodos` isn't 0.
+Resultado<> llenarLista(QComboBox& lista, ventanas::Contexto& c, const Nombres::Lista& nombres,
+                        int cifras, int textoTodos = 0);
 // What is chosen; nothing for the first entry.
 std::optional<int> elegidoEn(const QComboBox& lista);
 void elegirEn(QComboBox& lista, const QVariant& dato);
@@ -36,15 +34,5 @@ Resultado<QString> textoProcedencia(ventanas::Ventana& v, Periodos& periodos, qi
 
 // The period with the most recent dates, for a window that was opened without one; 0 for none.
 Resultado<qint64> ultimoPeriodo(dao::Database& db);
-
-// What a dialog hands back: the opener keeps a share of it.
-template <class T>
-std::shared_ptr<T> salidaDe(const ventanas::Argumentos& argumentos) {
-  return argumentos.value(QStringLiteral("salida")).value<std::shared_ptr<T>>();
-}
-template <class T>
-QVariant comoSalida(const std::shared_ptr<T>& salida) {
-  return QVariant::fromValue(salida);
-}
 
 }  // namespace tarvo::totals

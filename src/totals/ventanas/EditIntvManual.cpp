@@ -79,17 +79,13 @@ void EditIntvVentana::claseCambiada() {
 }
 
 int EditIntvVentana::seccionDelGrupo() {
-  const auto s = contexto().db.uno(u"SELECT SECCION FROM GRUPOS WHERE CODGPO=?",
-                                   ui_.LstGrupos->currentData().toInt());
-  return haIdoBien(s) ? static_cast<int>(s->entero()) : 0;
+  const auto s = contexto().nombres.seccionDe(ui_.LstGrupos->currentData().toInt());
+  return haIdoBien(s) ? *s : 0;
 }
 
 void EditIntvVentana::grupoCambiado() {
   if (ui_.LstDep->isHidden()) return;
-  haIdoBien(llenarLista(
-      *ui_.LstDep, contexto(),
-      u"SELECT NUMDEP, NomDep FROM DEPTS WHERE SECCION=%1 ORDER BY NUMDEP"_s.arg(seccionDelGrupo()),
-      2, 0));
+  haIdoBien(ventanas::llenar(*ui_.LstDep, contexto().nombres.departamentos(seccionDelGrupo()), 2));
   ui_.LstDep->setCurrentIndex(-1);
 }
 
@@ -113,10 +109,9 @@ std::optional<qint64> EditIntvVentana::leerCodigo(EntradaManual& e) {
       return 0;
     case kPLUs: {
       const qint64 plu = ui_.txPLU->text().trimmed().toLongLong();
-      const auto hay = contexto().db.uno(
-          u"SELECT count(*) FROM PLUSES WHERE SECCION=? AND CODPLU=?", seccionDelGrupo(), plu);
+      const auto hay = contexto().nombres.articulo(seccionDelGrupo(), plu);
       if (!haIdoBien(hay)) return std::nullopt;
-      return plu > 0 && hay->entero() > 0 ? std::optional(plu) : falta(kTxFaltaPLU, *ui_.txPLU);
+      return plu > 0 && hay->has_value() ? std::optional(plu) : falta(kTxFaltaPLU, *ui_.txPLU);
     }
     case kOperadores:
       return oper.isValid() ? std::optional(oper.toLongLong())
@@ -176,14 +171,23 @@ std::optional<Contadores> EditIntvVentana::leerNumeros() {
   return std::nullopt;
 }
 
-void EditIntvVentana::anadir() {
+bool EditIntvVentana::hayEscrito() const {
+  return std::ranges::any_of(std::array{ui_.txPLU, ui_.txCon, ui_.txPes, ui_.txImp, ui_.txDct},
+                             [](const QLineEdit* c) { return !c->text().trimmed().isEmpty(); });
+}
+
+bool EditIntvVentana::anadir() {
   const auto e = leerEntrada();
-  if (!e) return;
-  if (e->c.cero()) return decirDuda(t(kTxTodoCeros));
+  if (!e) return false;
+  if (e->c.cero()) {
+    decirDuda(t(kTxTodoCeros));
+    return false;
+  }
   entradas_.push_back(*e);
   for (QLineEdit* campo : {ui_.txPLU, ui_.txCon, ui_.txPes, ui_.txImp, ui_.txDct}) campo->clear();
   pintarEntradas();
   (ui_.txPLU->isVisible() ? ui_.txPLU : ui_.txCon)->setFocus();
+  return true;
 }
 
 void EditIntvVentana::quitar() {

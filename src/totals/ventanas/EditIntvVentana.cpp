@@ -28,12 +28,11 @@ EditIntvVentana::EditIntvVentana(ventanas::Contexto& contexto, const QString& no
   montar();
 }
 
-Resultado<> EditIntvVentana::preparar(const ventanas::Argumentos& argumentos) {
-  salida_ = salidaDe<qint64>(argumentos);
-  nuevo_ = argumentos.value(u"EsNuevo"_s, true).toBool();
-  link_ = argumentos.value(u"link"_s, 0).toLongLong();
+Resultado<> EditIntvVentana::entrar(const PuertaEditIntv& puerta) {
+  nuevo_ = !puerta.link;
+  link_ = puerta.link.value_or(0);
   const Fecha hoy = contexto().reloj.ahora().dia();
-  Periodo p{argumentos.value(u"tipo"_s, kDiario).toInt(), hoy, hoy + Fecha::kUltimoSegundo};
+  Periodo p{puerta.tipo, hoy, hoy + Fecha::kUltimoSegundo};
   if (!nuevo_) {
     TARVO_TOMAR(const auto c, p_.columna(link_));
     if (!c) return fallo(Fallo::NoExiste, t(kTxPeriodoQueFalta));
@@ -42,9 +41,9 @@ Resultado<> EditIntvVentana::preparar(const ventanas::Argumentos& argumentos) {
   elegirEn(*ui_.LstTipo, p.tipo);
   ui_.Fecha1->setText(enCampo(p.tipo, p.desde));
   ui_.FechaF->setText(enCampo(kOtros, p.hasta));
-  TARVO_INTENTAR(llenarGrupos(*ui_.LstGrupos, contexto(), 0));
+  TARVO_INTENTAR(llenarLista(*ui_.LstGrupos, contexto(), contexto().nombres.grupos(), 4, 0));
   ui_.LstGrupos->setCurrentIndex(-1);
-  TARVO_INTENTAR(llenarOperadores(*ui_.LstOper, contexto(), 0));
+  TARVO_INTENTAR(llenarLista(*ui_.LstOper, contexto(), contexto().nombres.operadores(), 4, 0));
   ui_.LstOper->setCurrentIndex(-1);
   tipoCambiado();
   claseCambiada();
@@ -110,23 +109,6 @@ std::optional<Periodo> EditIntvVentana::leerPeriodo() {
   return Periodo{tipo, *desde, *hasta};
 }
 
-Resultado<qint64> EditIntvVentana::guardarPeriodo(const Periodo& p) {
-  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(contexto().db));
-  qint64 link = link_;
-  if (nuevo_) {
-    TARVO_TOMAR(const auto hay, p_.BuscarPeriodo(p.tipo, p.desde, p.hasta));
-    if (hay) return fallo(Fallo::Duplicado, t(kTxYaExiste).arg(TextoPeriodo(p)));
-    const auto hecho = p_.CrearPeriodo(p.tipo, p.desde, p.hasta, false, {});
-    if (!hecho) return hecho;
-    link = *hecho;
-  } else {
-    TARVO_INTENTAR(p_.CambiarPeriodo(link, p.tipo, p.desde, p.hasta, true));
-  }
-  TARVO_INTENTAR(aplicarManuales(contexto().db, p_, link, entradas_));
-  TARVO_INTENTAR(tr.confirmar());
-  return link;
-}
-
 // Sales that the larger periods would lose leave them only when somebody says so.
 bool EditIntvVentana::aceptaQueSalga(const Periodo& p) {
   if (nuevo_) return true;
@@ -140,15 +122,16 @@ bool EditIntvVentana::aceptaQueSalga(const Periodo& p) {
 
 void EditIntvVentana::salvar() {
   const auto p = leerPeriodo();
-  if (!p || !aceptaQueSalga(*p)) return;
-  const auto link = guardarPeriodo(*p);
+  // What is written is meant, also where its button wasn't pressed.
+  if (!p || (hayEscrito() && !anadir()) || !aceptaQueSalga(*p)) return;
+  const auto link = guardarConManuales(contexto().db, p_, nuevo_ ? 0 : link_, *p, entradas_);
   if (!link) {
-    const bool deNuevo = nuevo_ && link.error().clase != Fallo::Duplicado;
-    return decirFallo(deNuevo ? t(kTxErrorAlCrear) : link.error().texto,
-                      deNuevo ? link.error().texto : QString());
+    const Error& e = link.error();
+    if (!nuevo_) return decirFallo(e.texto);
+    if (e.clase == Fallo::Duplicado) return decirFallo(t(kTxYaExiste).arg(TextoPeriodo(*p)));
+    return decirFallo(t(kTxErrorAlCrear), e.texto);
   }
-  if (salida_) *salida_ = *link;
-  aceptar();
+  entregar(*link);
 }
 
 // Among the totals keyed in by hand Return adds what is written.
@@ -162,7 +145,7 @@ void EditIntvVentana::keyPressEvent(QKeyEvent* evento) {
 }
 
 bool EditIntvVentana::QueryUnload() {
-  return !entradas_.empty() &&
+  return (!entradas_.empty() || hayEscrito()) &&
          !ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxDesecharManuales),
                                      ventanas::kAceptoCancelo | ventanas::kExclamacion);
 }

@@ -1,10 +1,10 @@
-// One period, new or changed, and totals keyed in by hand: EditIntv. Takes "EsNuevo", "link" of the
-// one to change, "tipo" to begin with; hands the LINK back in "salida". What is keyed waits in a
-// list and goes in with the period, in one transaction.
+// One period, new or changed, and totals keyed in by hand: EditIntv. What
+// is keyed waits in a list and goes in with the period, in one transaction.
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"
 #include "totals/periodos/Manuales.h"
+#include "totals/ventanas/Puertas.h"
 #include "ui_EditIntv.h"
 
 namespace tarvo::totals {
@@ -13,7 +13,7 @@ class EditIntvVentana final : public ventanas::Ventana {
   Q_OBJECT
  public:
   EditIntvVentana(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaEditIntv& puerta);
   bool QueryUnload() override;
 
  protected:
@@ -27,7 +27,6 @@ class EditIntvVentana final : public ventanas::Ventana {
   std::optional<Periodo> leerPeriodo();
   bool aceptaQueSalga(const Periodo& p);
   void salvar();
-  Resultado<qint64> guardarPeriodo(const Periodo& p);
 
   void claseCambiada();
   void grupoCambiado();
@@ -35,14 +34,14 @@ class EditIntvVentana final : public ventanas::Ventana {
   std::optional<EntradaManual> leerEntrada();
   std::optional<Contadores> leerNumeros();
   std::optional<qint64> leerCodigo(EntradaManual& e);
-  void anadir();
+  bool anadir();            // false, and it has been said, when it isn't in the list
+  bool hayEscrito() const;  // numbers that were not added yet
   void quitar();
   void pintarEntradas();
   std::optional<EntradaManual> faltaEntrada(int texto, QWidget& control);
 
   Ui::EditIntv ui_;
   Periodos& p_;
-  std::shared_ptr<qint64> salida_;
   bool nuevo_ = true;
   qint64 link_ = 0;
   std::vector<EntradaManual> entradas_;

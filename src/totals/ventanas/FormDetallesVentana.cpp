@@ -33,31 +33,29 @@ void FormDetallesVentana::montar() {
   connect(ui_.Cancelar, &QPushButton::clicked, this, &FormDetallesVentana::rechazar);
 }
 
-Resultado<> FormDetallesVentana::preparar(const ventanas::Argumentos& argumentos) {
-  d_ = salidaDe<DetalleSesion>(argumentos);
-  if (!d_) d_ = std::make_shared<DetalleSesion>();
+Resultado<> FormDetallesVentana::entrar(const PuertaFormDetalles& puerta) {
+  d_ = puerta.detalle;
   TARVO_INTENTAR(llenar());
   ui_.LstPer->clear();
-  for (const Propuesto& p : d_->propuestos)
+  for (const Propuesto& p : d_.propuestos)
     ui_.LstPer->addItem(t(kTxPeriodoCuenta).arg(TextoPeriodo(p.periodo)).arg(p.cuenta));
-  ui_.LstPer->setCurrentRow(d_->elegido);
-  ui_.marcoPeriodo->setVisible(d_->propuestos.size() > 1);
-  (d_->elegido >= 0 ? ui_.TodoAUno : ui_.CadaUno)->setChecked(true);
-  ui_.LstPer->setVisible(d_->elegido >= 0);
-  (d_->sustituir ? ui_.Sustituir : ui_.Acumular)->setChecked(true);
+  ui_.LstPer->setCurrentRow(d_.elegido);
+  ui_.marcoPeriodo->setVisible(d_.propuestos.size() > 1);
+  (d_.elegido >= 0 ? ui_.TodoAUno : ui_.CadaUno)->setChecked(true);
+  ui_.LstPer->setVisible(d_.elegido >= 0);
+  (d_.sustituir ? ui_.Sustituir : ui_.Acumular)->setChecked(true);
   ui_.Grid->setFocus();
   return {};
 }
 
 Resultado<> FormDetallesVentana::llenar() {
   std::vector<ventanas::FilaViva> filas;
-  for (const Recibido& r : d_->recibidos) {
-    TARVO_TOMAR(const auto nombre,
-                contexto().db.uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=?", r.CODGPO));
+  for (const Recibido& r : d_.recibidos) {
+    TARVO_TOMAR(const auto nombre, contexto().nombres.grupo(r.CODGPO));
     const Periodo& p = r.periodo;
     filas.push_back(
         {static_cast<qint64>(filas.size()) + 1,
-         {r.CODGPO, nombre.texto(), nombreClase(contexto().textos, r.clase),
+         {r.CODGPO, nombre, nombreClase(contexto().textos, r.clase),
           p.tipo == kOtros ? FormatoPeriodo(p.tipo, p.desde) : NombreTipoPeriodo(p.tipo),
           FormatoPeriodo(p.tipo, p.tipo == kOtros ? p.hasta : p.desde)}});
   }
@@ -67,9 +65,9 @@ Resultado<> FormDetallesVentana::llenar() {
 
 void FormDetallesVentana::aplicar() {
   const bool aUno = ui_.TodoAUno->isChecked();
-  d_->elegido = !aUno ? -1 : ui_.LstPer->currentRow() >= 0 ? ui_.LstPer->currentRow() : 0;
-  d_->sustituir = ui_.Sustituir->isChecked();
-  aceptar();
+  d_.elegido = !aUno ? -1 : ui_.LstPer->currentRow() >= 0 ? ui_.LstPer->currentRow() : 0;
+  d_.sustituir = ui_.Sustituir->isChecked();
+  entregar(d_);
 }
 
 }  // namespace tarvo::totals

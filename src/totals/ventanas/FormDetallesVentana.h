@@ -1,9 +1,8 @@
-// What was received, group by group and kind by kind, and where it is to go: FormDetalles. Takes in
-// "salida" a shared DetalleSesion, which it changes only when it is accepted.
+// What was received, group by group and kind by kind, and where it is to go: FormDetalles.
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"
-#include "totals/ventanas/DetalleSesion.h"
+#include "totals/ventanas/Puertas.h"
 #include "ui_FormDetalles.h"
 
 namespace tarvo::totals {
@@ -12,7 +11,7 @@ class FormDetallesVentana final : public ventanas::Ventana {
   Q_OBJECT
  public:
   FormDetallesVentana(ventanas::Contexto& contexto, const QString& nombre);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaFormDetalles& puerta);
 
  private:
   void montar();
@@ -20,7 +19,7 @@ class FormDetallesVentana final : public ventanas::Ventana {
   void aplicar();
 
   Ui::FormDetalles ui_;
-  std::shared_ptr<DetalleSesion> d_;
+  DetalleSesion d_;
 };
 
 }  // namespace tarvo::totals

@@ -1,8 +1,9 @@
 #include "totals/ventanas/ImpUnaFilaVentana.h"
 
-#include "core/ventanas/aspecto/Medidas.h"
+#include <QLabel>
+#include <QLocale>
+
 #include "totals/periodos/Calendario.h"
-#include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 
 namespace tarvo::totals {
@@ -10,52 +11,58 @@ namespace tarvo::totals {
 using namespace Qt::StringLiterals;
 
 ImpUnaFilaVentana::ImpUnaFilaVentana(ventanas::Contexto& contexto, const QString& nombre)
-    : Ventana(contexto, nombre) {
-  ui_.setupUi(cuerpo());
-  enlazar();
-  connect(ui_.ckDesde, &QCheckBox::toggled, ui_.desde, &QWidget::setEnabled);
-  connect(ui_.ckHasta, &QCheckBox::toggled, ui_.hasta, &QWidget::setEnabled);
-  connect(ui_.Acepto, &QPushButton::clicked, this, &ImpUnaFilaVentana::aplicar);
-  connect(ui_.Cancelo, &QPushButton::clicked, this, &ImpUnaFilaVentana::rechazar);
+    : Ficha(contexto, nombre) {
+  auto f = formulario(kTxIntervaloTiempo);
+  titulo_ = f.titulo(u"titulo"_s);
+  const auto extremo = [&](int rotulo, int ayuda, const QString& si, const QString& fecha) {
+    Extremo e{new QCheckBox(t(rotulo)), new QDateEdit};
+    e.si->setObjectName(si);
+    e.fecha->setObjectName(fecha);
+    e.fecha->setAccessibleName(t(ayuda));
+    e.fecha->setLocale(QLocale(QLocale::Spanish));
+    e.fecha->setEnabled(false);
+    connect(e.si, &QCheckBox::toggled, e.fecha, &QWidget::setEnabled);
+    f.enLinea({e.si, e.fecha, nullptr});
+    return e;
+  };
+  desde_ = extremo(kTxIntervaloDesde, kTxDesdeCuando, u"ckDesde"_s, u"desde"_s);
+  hasta_ = extremo(kTxIntervaloHasta, kTxHastaCuando, u"ckHasta"_s, u"hasta"_s);
+  const int ancho = std::max(desde_.si->sizeHint().width(), hasta_.si->sizeHint().width());
+  for (const Extremo& e : {desde_, hasta_}) e.si->setMinimumWidth(ancho);
+  f.muelle();
+  acabar({380, 180}, {.textoAcepto = kTxIntervaloAceptar, .textoCancelo = kTxIntervaloCancelar});
 }
 
-Resultado<> ImpUnaFilaVentana::preparar(const ventanas::Argumentos& argumentos) {
-  salida_ = salidaDe<IntervaloFila>(argumentos);
-  mision_ = argumentos.value(u"mision"_s, kDiario).toInt();
-  ui_.titulo->setText(argumentos.value(u"titulo"_s).toString());
+Resultado<> ImpUnaFilaVentana::entrar(const PuertaImpUnaFila& puerta) {
+  mision_ = puerta.mision;
+  titulo_->setText(puerta.titulo);
   const QDate hoy = contexto().reloj.ahora().qdate();
-  // Months and years are stepped through; days are picked.
-  const QString formato = mision_ == kMensual ? u"MMMM yyyy"_s
-                          : mision_ == kAnual ? u"yyyy"_s
-                                              : u"dd/MM/yyyy"_s;
-  for (QDateEdit* f : {ui_.desde, ui_.hasta}) {
-    f->setLocale(QLocale(QLocale::Spanish));
-    f->setDisplayFormat(formato);
-    f->setCalendarPopup(mision_ != kMensual && mision_ != kAnual);
+  for (const Extremo& e : {desde_, hasta_}) {
+    e.fecha->setDisplayFormat(mision_ == kMensual ? u"MMMM yyyy"_s
+                              : mision_ == kAnual ? u"yyyy"_s
+                                                  : u"dd/MM/yyyy"_s);
+    e.fecha->setCalendarPopup(mision_ != kMensual && mision_ != kAnual);
   }
-  ui_.desde->setDate(hoy.addYears(mision_ == kAnual ? -5 : -1));
-  ui_.hasta->setDate(hoy);
-  ui_.ckDesde->setFocus();
+  desde_.fecha->setDate(hoy.addYears(mision_ == kAnual ? -5 : -1));
+  hasta_.fecha->setDate(hoy);
+  desde_.si->setFocus();
   return {};
 }
 
 // The first day of what was picked: of the month, of the year.
-std::optional<Fecha> ImpUnaFilaVentana::fechaDe(const QCheckBox& si, const QDateEdit& fecha) const {
-  if (!si.isChecked()) return std::nullopt;
-  QDate d = fecha.date();
+std::optional<Fecha> ImpUnaFilaVentana::fechaDe(const Extremo& e) const {
+  if (!e.si->isChecked()) return std::nullopt;
+  QDate d = e.fecha->date();
   if (mision_ == kMensual) d = QDate(d.year(), d.month(), 1);
   if (mision_ == kAnual) d = QDate(d.year(), 1, 1);
   return Fecha::de(d);
 }
 
-void ImpUnaFilaVentana::aplicar() {
-  const auto desde = fechaDe(*ui_.ckDesde, *ui_.desde), hasta = fechaDe(*ui_.ckHasta, *ui_.hasta);
-  if (desde && hasta && *desde > *hasta) {
-    decirFallo(t(kTxIntervaloNoValido));
-    return ui_.desde->setFocus();
-  }
-  if (salida_) *salida_ = {desde, hasta};
-  aceptar();
+Resultado<> ImpUnaFilaVentana::aplicar() {
+  const auto desde = fechaDe(desde_), hasta = fechaDe(hasta_);
+  if (!desde || !hasta || *desde <= *hasta) return {};
+  desde_.fecha->setFocus();
+  return fallo(Fallo::Formato, t(kTxIntervaloNoValido));
 }
 
 }  // namespace tarvo::totals

@@ -1,31 +1,31 @@
-// An interval of time for one code: ImpUnaFila. Takes "mision", a kind of period, "titulo", and in
-// "salida" a shared IntervaloFila, which it fills when it is accepted.
+// Asks for the span of the rows that VerFils shows: ImpUnaFila.
 #pragma once
 
-#include <optional>
+#include <QCheckBox>
+#include <QDateEdit>
 
-#include "core/valores/Fecha.h"
-#include "core/ventanas/marco/Ventana.h"
-#include "ui_ImpUnaFila.h"
+#include "core/ventanas/edicion/Ficha.h"
+#include "totals/ventanas/Puertas.h"
 
 namespace tarvo::totals {
 
-struct IntervaloFila {
-  std::optional<Fecha> desde, hasta;  // nothing for an open end
-};
-
-class ImpUnaFilaVentana final : public ventanas::Ventana {
-  Q_OBJECT
+// A reading, which nobody misses when it is left: it asks nothing at its closing.
+class ImpUnaFilaVentana final : public ventanas::Ficha {
  public:
   ImpUnaFilaVentana(ventanas::Contexto& contexto, const QString& nombre);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaImpUnaFila& puerta);
 
  private:
-  std::optional<Fecha> fechaDe(const QCheckBox& si, const QDateEdit& fecha) const;
-  void aplicar();
+  struct Extremo {
+    QCheckBox* si;
+    QDateEdit* fecha;
+  };
+  std::optional<Fecha> fechaDe(const Extremo& extremo) const;
+  Resultado<> aplicar() override;
+  void aplicada() override { entregar(IntervaloFila{fechaDe(desde_), fechaDe(hasta_)}); }
 
-  Ui::ImpUnaFila ui_;
-  std::shared_ptr<IntervaloFila> salida_;
+  QLabel* titulo_;
+  Extremo desde_, hasta_;
   int mision_ = 1;
 };
 

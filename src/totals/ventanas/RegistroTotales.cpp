@@ -20,10 +20,10 @@ using ventanas::fabrica;
 
 void registrarVentanasTotales(ventanas::Ventanas& v, Sesion& sesion, Periodos& periodos) {
   v.registrar(u"CerrSes"_s, fabrica<CerrSesVentana>(sesion, periodos));
+  v.registrar<PuertaFormDetalles, FormDetallesVentana>();
   v.registrar(u"DudasCero"_s, fabrica<DudasCero>(sesion, periodos));
-  v.registrar(u"FormDetalles"_s, fabrica<FormDetallesVentana>());
   v.registrar(u"VerTot"_s, fabrica<VerTotVentana>(periodos));
-  v.registrar(u"EditIntv"_s, fabrica<EditIntvVentana>(periodos));
+  v.registrar<PuertaEditIntv, EditIntvVentana>(periodos);
   v.registrar(u"ConfirSum"_s, fabrica<ConfirSumVentana>(periodos));
   v.registrar(u"NoStkBle"_s, fabrica<NoStkBleVentana>());
   v.registrar(u"VerCols"_s, fabrica<Visor>(periodos), {{u"clase"_s, kPLUs}});
@@ -31,7 +31,7 @@ void registrarVentanasTotales(ventanas::Ventanas& v, Sesion& sesion, Periodos& p
   v.registrar(u"VerFils"_s, fabrica<VerFilsVentana>());
   v.registrar(u"XporTot"_s, fabrica<XporTotVentana>(periodos));
   v.registrar(u"ImpTot"_s, fabrica<ImpTotVentana>(periodos));
-  v.registrar(u"ImpUnaFila"_s, fabrica<ImpUnaFilaVentana>());
+  v.registrar<PuertaImpUnaFila, ImpUnaFilaVentana>();
 }
 
 }  // namespace tarvo::totals

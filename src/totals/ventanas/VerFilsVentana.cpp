@@ -100,7 +100,7 @@ Resultado<> VerFilsVentana::preparar(const ventanas::Argumentos& argumentos) {
   if (!argumentos.contains(u"codigo"_s)) TARVO_INTENTAR(elegirPrimero());
   TARVO_TOMAR(auto como, nombreCodigo());
   nombre_ = como;
-  TARVO_INTENTAR(llenarGrupos(*ui_.AllGrp, contexto(), kTxTodos));
+  TARVO_INTENTAR(llenarLista(*ui_.AllGrp, contexto(), contexto().nombres.grupos(), 4, kTxTodos));
   porGrupo_ = false;
   filtrar();
   ui_.Grid->setFocus();
@@ -194,12 +194,9 @@ void VerFilsVentana::usarMoneda(int moneda) {
 }
 
 void VerFilsVentana::pedirIntervalo() {
-  const auto salida = std::make_shared<IntervaloFila>();
-  if (!contexto().ventanas.abrirModal(u"ImpUnaFila"_s, this,
-                                      {{u"mision"_s, filtro_.tipo},
-                                       {u"titulo"_s, ui_.titulo->text()},
-                                       {u"salida"_s, comoSalida(salida)}}))
-    return;
+  const auto salida =
+      preguntar(PuertaImpUnaFila{.mision = filtro_.tipo, .titulo = ui_.titulo->text()});
+  if (!salida) return;
   filtro_.desde = salida->desde;
   filtro_.hasta = salida->hasta;
   filtrar();

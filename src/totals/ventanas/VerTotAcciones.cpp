@@ -4,10 +4,12 @@
 
 #include "core/textos/Textos.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Alcance.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "totals/periodos/Sumas.h"
+#include "totals/ventanas/Puertas.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 #include "totals/ventanas/VerTotVentana.h"
 
@@ -95,7 +97,7 @@ void VerTotVentana::montarAcciones() {
                          ui_.Deshacer});
   botonDeshacer_ = new QToolButton(this);
   botonDeshacer_->setObjectName(u"deshacer"_s);
-  botonDeshacer_->setDefaultAction(ui_.Deshacer);
+  ventanas::seguirAccion(*botonDeshacer_, *ui_.Deshacer);
   botonDeshacer_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   tira().ponerBoton(botonDeshacer_);
   mostrarDeshacer();
@@ -351,11 +353,11 @@ Resultado<bool> VerTotVentana::descontarUno(qint64 link, bool deshacer,
 void VerTotVentana::editar(bool nuevo) {
   const int fila = ui_.Grid->filaActual();
   if (!nuevo && fila < 0) return;
-  const auto salida = std::make_shared<qint64>(0);
-  ventanas::Argumentos a{{u"EsNuevo"_s, nuevo}, {u"salida"_s, comoSalida(salida)}};
-  if (!nuevo) a[u"link"_s] = ui_.Grid->clave(fila);
-  if (nuevo && tipo_ > 0) a[u"tipo"_s] = tipo_;
-  if (!contexto().ventanas.abrirModal(u"EditIntv"_s, this, a)) return;
+  PuertaEditIntv puerta;
+  if (!nuevo) puerta.link = ui_.Grid->clave(fila);
+  if (nuevo && tipo_ > 0) puerta.tipo = tipo_;
+  const auto salida = preguntar(puerta);
+  if (!salida) return;
   const auto c = p_.columna(*salida);
   if (!haIdoBien(c)) return;
   // The list goes to the kind of the period, where it can be seen.

@@ -140,9 +140,9 @@ Resultado<> Visor::preparar(const ventanas::Argumentos& argumentos) {
 }
 
 Resultado<> Visor::llenarFiltros() {
-  TARVO_INTENTAR(llenarSecciones(*ui_.AllSec, contexto(), kTxTodas));
-  TARVO_INTENTAR(llenarGrupos(*ui_.AllGrp, contexto(), kTxTodos));
-  return llenarOperadores(*ui_.LstOper, contexto(), kTxTodos);
+  TARVO_INTENTAR(llenarLista(*ui_.AllSec, contexto(), contexto().nombres.secciones(), 2, kTxTodas));
+  TARVO_INTENTAR(llenarLista(*ui_.AllGrp, contexto(), contexto().nombres.grupos(), 4, kTxTodos));
+  return llenarLista(*ui_.LstOper, contexto(), contexto().nombres.operadores(), 4, kTxTodos);
 }
 
 void Visor::prepararParrilla() {

@@ -132,8 +132,12 @@ TEST(EnParMac, SePreguntaSeRehusaYSeContesta) {
     pregunta = pieza<QLabel>(&v, u"lblPregunta"_s)->text();
     auto* valor = pieza<QLineEdit>(&v, u"Valor"_s);
     QTest::keyClicks(valor, u"40000"_s);
+    cuandoHayaCaja([&](QWidget& caja) {
+      rehusado = pieza<QLabel>(&caja, u"Mensaje"_s)->text();
+      QTest::keyClick(&caja, Qt::Key_Return);
+    });
     QTest::keyClick(valor, Qt::Key_Return);
-    rehusado = pieza<QLabel>(&v, u"lblFalta"_s)->text();
+    EXPECT_EQ(pieza<QLabel>(&v, u"faltaValor"_s)->text(), rehusado);
     QTest::keyClicks(valor, u"2"_s);
     QTest::keyClick(valor, Qt::Key_Return);
   });
@@ -167,14 +171,23 @@ TEST(EnParMac, LasTresFormasDeDarFechas) {
     Sala s;
     QString falta;
     cuandoHayaCaja([&](QWidget& v) {
+      QTest::keyClick(pieza<QRadioButton>(&v, u"OtrasFechas"_s), Qt::Key_Space);
+      QTest::keyClicks(pieza<QLineEdit>(&v, u"Desde"_s), u"x"_s);  // of no account elsewhere
       QTest::keyClick(pieza<QRadioButton>(&v, QString::fromLatin1(c.opcion)), Qt::Key_Space);
-      pieza<QDateEdit>(&v, u"Hasta"_s)->setDate(QDate(2026, 2, 1));
-      pieza<QDateEdit>(&v, u"Desde"_s)->setDate(QDate(2026, 2, 27));
+      if (c.opcion != std::string("OtrasFechas")) {
+        QTest::mouseClick(pieza<QPushButton>(&v, u"Acepto"_s), Qt::LeftButton);
+        return;
+      }
+      pieza<QLineEdit>(&v, u"Hasta"_s)->setText(u"01/02/2026"_s);
+      pieza<QLineEdit>(&v, u"Desde"_s)->setText(u"27/02/2026"_s);
       auto* acepto = pieza<QPushButton>(&v, u"Acepto"_s);
+      cuandoHayaCaja([&](QWidget& caja) {
+        falta = pieza<QLabel>(&caja, u"Mensaje"_s)->text();
+        QTest::keyClick(&caja, Qt::Key_Return);
+      });
       QTest::mouseClick(acepto, Qt::LeftButton);
-      falta = v.isVisible() ? pieza<QLabel>(&v, u"lblFalta"_s)->text() : QString();
-      pieza<QDateEdit>(&v, u"Hasta"_s)->setDate(QDate(2026, 3, 4));
-      if (v.isVisible()) QTest::mouseClick(acepto, Qt::LeftButton);
+      pieza<QLineEdit>(&v, u"Hasta"_s)->setText(u"04/03/2026"_s);
+      QTest::mouseClick(acepto, Qt::LeftButton);
     });
     const auto dado = s.preguntas.PromptFch(u"#x"_s, u"¿Qué días?"_s);
     ASSERT_TRUE(dado) << c.opcion;

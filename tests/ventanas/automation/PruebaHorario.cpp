@@ -5,10 +5,10 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
-#include <QTimeEdit>
 
 #include "Sala.h"
 #include "automation/lenguaje/Horario.h"
+#include "automation/ventanas/Puertas.h"
 #include "core/ventanas/parrilla/ModeloVivo.h"
 
 namespace tarvo::automation {
@@ -30,16 +30,14 @@ struct Horarios : Sala {
                       [](ventanas::Contexto& c, const QString& n) { return new Ventana(c, n); });
   }
   Ventana* editar(const QString& nombre = {}) {
-    ventanas::Argumentos a;
-    if (!nombre.isEmpty()) a[u"horario"_s] = ruta(nombre);
-    return todas().abrir(u"EdiCron"_s, nullptr, a);
+    return todas().abrir(PuertaEdiCron{nombre.isEmpty() ? QString() : ruta(nombre)});
   }
   // Fills the line that is chosen, by keys; the process is the first or the last one there is.
   static void llenar(Ventana* v, const QString& hora, Qt::Key proceso) {
-    auto* campo = pieza<QTimeEdit>(v, u"Hora"_s);
+    auto* campo = pieza<QLineEdit>(v, u"Hora"_s);
     campo->setFocus();
-    campo->setSelectedSection(QDateTimeEdit::HourSection);
-    QTest::keyClicks(campo, QString(hora).remove(u':'));
+    campo->selectAll();
+    QTest::keyClicks(campo, hora);
     for (int d = 0; d < 7; ++d)
       QTest::keyClick(pieza<QCheckBox>(v, u"dia_%1"_s.arg(d)), Qt::Key_Space);
     QTest::keyClick(pieza<QComboBox>(v, u"NomMacro"_s), proceso);
@@ -151,6 +149,30 @@ TEST(Horarios, AbandonarNoTocaElFichero) {
   salir(u"Acepto"_s);
   EXPECT_FALSE(s.abierta(u"EdiCron"_s));
   EXPECT_EQ(s.texto(u"T.CRO"_s), antes);
+}
+
+// What is typed is what is kept, whatever stood there before; what is no hour is refused.
+TEST(Horarios, LaHoraEsLaQueSeEscribe) {
+  Horarios s;
+  s.fichero(u"T.CRO"_s, u"22:05:30;"_s + kSiempre + u";BIEN\r\n"_s);
+  Ventana* e = s.editar(u"T.CRO"_s);
+  auto* hora = pieza<QLineEdit>(e, u"Hora"_s);
+  const auto escribir = [&](const QString& texto) {
+    hora->setFocus();
+    QTest::keyClick(hora, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(hora, texto);
+  };
+  escribir(u"25:00"_s);
+  EXPECT_EQ(hora->text(), u"25:00") << "no key is dropped";
+  cuandoHayaCaja([](QWidget& caja) {
+    QTest::keyClick(caja.findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
+  });
+  QTest::keyClick(hora, Qt::Key_Return);
+  EXPECT_FALSE(pieza<QLabel>(e, u"faltaHora"_s)->text().isEmpty());
+  escribir(u"07:45"_s);
+  QTest::keyClick(hora, Qt::Key_Return);
+  pieza<QAction>(e, u"guardar"_s)->trigger();
+  EXPECT_EQ(s.lineas(u"T.CRO"_s), QStringList(u"07:45:00;"_s + kSiempre + u";BIEN"_s));
 }
 
 TEST(Cronos, ADesactivarYAManoYUnoQueNoSeLee) {

@@ -38,7 +38,9 @@ TEST_F(Configuracion, LineaDeUnCanal) {
   luego([&](QWidget* d) {
     auto* puerto = d->findChild<QLineEdit*>(u"Puerto"_s);
     escribir(puerto, u"17"_s);
-    QTest::keyClick(d->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
+    EXPECT_EQ(
+        caja([&] { QTest::keyClick(d->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space); }),
+        u"Hay valores que corregir:\nPuerto (1 a 16): Escriba un número entero de 1 a 16.");
     EXPECT_TRUE(d->isVisible());  // no such port: nothing happens but the fault beside it
     EXPECT_FALSE(d->findChild<QLabel*>(u"faltaPuerto"_s)->text().isEmpty());
     escribir(puerto, u"16"_s);
@@ -107,7 +109,7 @@ TEST_F(Configuracion, LoMaloNoSeGuarda) {
     EXPECT_EQ(dicho, u"Valores de configuración incorrectos");
     EXPECT_FALSE(en<QLabel>(u"faltaTimeACK"_s)->text().isEmpty());
     EXPECT_EQ(ajustes->TimeACK, 2000);
-    pulsar(u"Cancelo"_s);
+    EXPECT_EQ(caja([&] { pulsar(u"Cancelo"_s); }), u"¿Abandonar los cambios realizados?");
     QCoreApplication::processEvents();
     EXPECT_EQ(ajustes->canales[0].Device, 2);
     EXPECT_FALSE(QFile::exists(ajustes->rutaConfig()));

@@ -14,8 +14,8 @@
 #include "articles/TablasArticulos.h"
 #include "articles/precios/ventanas/Registro.h"
 #include "core/esquema/Esquema.h"
+#include "core/ventanas/marco/Recorrido.h"
 #include "core/ventanas/marco/Tira.h"
-#include "core/ventanas/parrilla/Recorrido.h"
 #include "ventanas/Mesa.h"
 
 namespace tarvo::prueba {
@@ -23,6 +23,7 @@ namespace tarvo::prueba {
 // The pointer over the codes of section 1.
 class ListaDeArticulos final : public ventanas::Ventana, public ventanas::Recorrido {
  public:
+  ventanas::Recorrido* recorrido() override { return this; }
   ListaDeArticulos(ventanas::Contexto& c, const QString& nombre) : Ventana(c, nombre) {
     resize(300, 200);
     setFocusPolicy(Qt::StrongFocus);
@@ -87,6 +88,13 @@ struct Mostrador : Mesa {
     auto* v = dynamic_cast<V*>(escritorio.ventanas().abrir(nombre, nullptr, a));
     EXPECT_NE(v, nullptr) << nombre.toStdString();
     EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));  // keys go to the active one
+    return v;
+  }
+  template <ventanas::EsPuerta P>
+  ventanas::Ventana* abrir(const P& puerta) {
+    auto* v = escritorio.ventanas().abrir(puerta);
+    EXPECT_NE(v, nullptr);
+    EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));
     return v;
   }
   // Does `hacer` once a modal window is on top, as soon as it is there.

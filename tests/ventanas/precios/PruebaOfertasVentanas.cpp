@@ -1,4 +1,5 @@
 #include "Mostrador.h"
+#include "articles/precios/ventanas/Puertas.h"
 
 namespace tarvo::prueba {
 
@@ -59,7 +60,7 @@ TEST(VentanaOfertas, UnaOfertaParaDosGruposHastaElDomingo) {
 
 TEST(VentanaOfertas, LoQueFaltaSeDiceYNoSeGuarda) {
   Mostrador m;
-  auto* v = m.abrir(u"NvaOfr"_s, {{u"seccion"_s, 1}, {u"grupo"_s, 1}});
+  auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
   const struct {
     QString articulo, precio, desde, hasta;
     const char16_t *aviso, *foco;
@@ -115,7 +116,7 @@ TEST(VentanaOfertas, PreguntaAntesDeReescribir) {
   Mostrador m;
   m.sql(
       u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, enviado) values (1, 1, 12, 700, 1)"_s);
-  auto* v = m.abrir(u"NvaOfr"_s, {{u"seccion"_s, 1}, {u"grupo"_s, 1}});
+  auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
   for (const QString& boton : {u"Cancelo"_s, u"Acepto"_s}) {
     m.campo(v, u"Entra"_s).setText(u"12"_s);
     m.campo(v, u"Precio_0"_s).setText(u"6"_s);

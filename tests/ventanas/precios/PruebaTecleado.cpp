@@ -4,6 +4,7 @@
 #include <QMessageBox>
 
 #include "Mostrador.h"
+#include "articles/precios/ventanas/Puertas.h"
 
 namespace tarvo::prueba {
 
@@ -200,7 +201,7 @@ TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
     Mostrador::escribir(v, c.campo, c.texto);
     QString pregunta;
     m.alAbrirse([&](QWidget* w) {
-      pregunta = qobject_cast<QMessageBox*>(w)->text();
+      pregunta = m.textoModal;
       QTest::keyClick(w, Qt::Key_Return);
     });
     v->descargar();
@@ -211,7 +212,7 @@ TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
     EXPECT_TRUE(v->descargar());
   }
   Tecleado m;
-  auto* v = m.abrir(u"NvaOfr"_s, {{u"seccion"_s, 1}, {u"grupo"_s, 1}});
+  auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
   Mostrador::escribir(v, u"Precio_0"_s, u"1,11"_s);
   m.campo(v, u"Entra"_s).setFocus();
   m.pulsar(Qt::Key_Escape);

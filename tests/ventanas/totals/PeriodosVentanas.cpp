@@ -7,6 +7,7 @@
 #include "Trastienda.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
+#include "totals/ventanas/Puertas.h"
 
 namespace tarvo::prueba {
 
@@ -186,7 +187,7 @@ TEST(VentanaPeriodos, UnFicheroMaloSeDiceConSuLinea) {
 
 TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
   Trastienda t;
-  auto* v = t.abrir(u"EditIntv"_s, {{u"EsNuevo"_s, true}});
+  auto* v = t.abrir(totals::PuertaEditIntv{});
   const auto campo = [v](const char16_t* n) {
     return v->findChild<QLineEdit*>(QString::fromUtf16(n));
   };
@@ -223,6 +224,29 @@ TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
   EXPECT_EQ(t.leer(u"select TIPO, FECHA1, stkABLE from COLUMNA"_s), u"1 43255 0");
 }
 
+// Numbers that were written and not added are meant: "Salvar" takes them, or says why it can't.
+TEST(VentanaPeriodos, SalvarTomaLoEscritoAMano) {
+  Trastienda t;
+  auto* v = t.abrir(totals::PuertaEditIntv{});
+  const auto campo = [v](const char16_t* n) {
+    return v->findChild<QLineEdit*>(QString::fromUtf16(n));
+  };
+  campo(u"Fecha1")->setText(u"04/06/2018"_s);
+  v->findChild<QComboBox*>(u"LstGrupos"_s)->setCurrentIndex(1);
+  campo(u"txImp")->setText(u"1x75"_s);
+  QTest::mouseClick(v->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Eso no es un número"_s));
+  ASSERT_TRUE(v->isVisible());
+  EXPECT_EQ(t.leer(u"select count(*) from COLUMNA"_s), u"0");
+  campo(u"txCon")->setText(u"1"_s);
+  campo(u"txImp")->setText(u"1,75"_s);
+  t.responder(u"Cancelo"_s);
+  QTest::keyClick(v, Qt::Key_Escape);
+  ASSERT_TRUE(v->isVisible()) << "it asks before they are lost";
+  QTest::mouseClick(v->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);
+  EXPECT_EQ(t.leer(u"select CON, [IMP] from TOTGRT"_s), u"1 175");
+}
+
 // The form shows the dates that the period has, of each kind, and leaves them when nothing is
 // typed.
 TEST(VentanaPeriodos, ModificarEmpiezaPorLoQueHay) {
@@ -234,12 +258,12 @@ TEST(VentanaPeriodos, ModificarEmpiezaPorLoQueHay) {
                                                  momento("15/06/2018 10:00:00"), true, {})));
   const QString antes = t.leer(fechas);
   for (const qint64 link : links) {
-    auto* v = t.abrir(u"EditIntv"_s, {{u"EsNuevo"_s, false}, {u"link"_s, link}});
+    auto* v = t.abrir(totals::PuertaEditIntv{.link = link});
     QTest::keyClick(v->findChild<QComboBox*>(u"LstTipo"_s), Qt::Key_Return);
     ASSERT_FALSE(v->isVisible()) << v->tira().texto().toStdString();
   }
   EXPECT_EQ(t.leer(fechas), antes);
-  const auto* v = t.abrir(u"EditIntv"_s, {{u"EsNuevo"_s, true}});
+  const auto* v = t.abrir(totals::PuertaEditIntv{});
   EXPECT_EQ(v->findChild<QLineEdit*>(u"Fecha1"_s)->text(), t.reloj.ahora().corta());
 }
 
@@ -269,7 +293,7 @@ TEST(VentanaPeriodos, LaFechaSeEscogeEnUnCalendario) {
                {kOtros, "30/06/2018 09:30:00", "01/07/2018 09:30:00"},
                {kDiario, "28/02/2020", "29/02/2020"}};
   for (const auto& c : casos) {
-    auto* v = t.abrir(u"EditIntv"_s, {{u"EsNuevo"_s, true}, {u"tipo"_s, c.tipo}});
+    auto* v = t.abrir(totals::PuertaEditIntv{.tipo = c.tipo});
     auto* fecha = v->findChild<QLineEdit*>(u"Fecha1"_s);
     fecha->setText(QString::fromLatin1(c.escrita));
     QTest::keyClick(fecha, Qt::Key_F4);

@@ -88,6 +88,13 @@ struct Trastienda : Mesa {
     EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));  // keys go to the active one
     return v;
   }
+  template <ventanas::EsPuerta P>
+  ventanas::Ventana* abrir(const P& puerta) {
+    auto* v = escritorio.ventanas().abrir(puerta);
+    EXPECT_NE(v, nullptr);
+    EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));
+    return v;
+  }
   // Does `hacer` once a modal window is on top, as soon as it is there.
   template <class F>
   void alAbrirse(F hacer) {

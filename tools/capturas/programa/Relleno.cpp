@@ -4,8 +4,9 @@
 #include <QElapsedTimer>
 #include <QFile>
 
-#include "totals/ventanas/ComunTotales.h"
-#include "totals/ventanas/DetalleSesion.h"
+#include "automation/ventanas/Puertas.h"
+#include "core/ventanas/marco/Ventanas.h"
+#include "totals/ventanas/Puertas.h"
 
 namespace tarvo::capturas {
 
@@ -91,7 +92,8 @@ Resultado<> dejarProceso(app::Aplicacion& aplicacion, const QString& carpeta) {
   return {};
 }
 
-Resultado<std::map<QString, ventanas::Argumentos>> argumentosLlenos(app::Aplicacion& aplicacion,
+Resultado<std::map<QString, ventanas::Argumentos>> argumentosLlenos(ventanas::Ventanas& ventanas,
+                                                                    app::Aplicacion& aplicacion,
                                                                     const QString& carpeta) {
   const QString horario = carpeta + u"/NOCHES.CRO"_s;
   const QString tarifa = carpeta + u"/TARIFA.csv"_s;
@@ -101,12 +103,9 @@ Resultado<std::map<QString, ventanas::Argumentos>> argumentosLlenos(app::Aplicac
   std::vector<Aviso> avisos;
   CerrSes& c = aplicacion.cerrSes();
   TARVO_INTENTAR(c.AnalizarScratch(avisos));
-  const auto d = std::make_shared<DetalleSesion>(
-      DetalleSesion{c.recibidos(), c.propuestos(), c.OverWr, c.elegido()});
-  return std::map<QString, ventanas::Argumentos>{
-      {u"EdiCron"_s, {{u"horario"_s, horario}}},
-      {u"FormDetalles"_s, {{u"salida"_s, comoSalida(d)}}},
-      {u"ImpTabla"_s, {{u"fichero"_s, tarifa}}}};
+  ventanas.setMuestra(PuertaFormDetalles{{c.recibidos(), c.propuestos(), c.OverWr, c.elegido()}});
+  ventanas.setMuestra(automation::PuertaEdiCron{horario});
+  return std::map<QString, tarvo::ventanas::Argumentos>{{u"ImpTabla"_s, {{u"fichero"_s, tarifa}}}};
 }
 
 }  // namespace tarvo::capturas

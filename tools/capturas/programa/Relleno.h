@@ -12,7 +12,8 @@ Resultado<> llenarBandeja(app::Fondo& fondo, app::Aplicacion& aplicacion, Fecha 
 // A process that a person held, took a step further and gave up. REQUIRES an event loop.
 Resultado<> dejarProceso(app::Aplicacion& aplicacion, const QString& carpeta);
 // What the detail of the inbox, and the editor of timetables, open with.
-Resultado<std::map<QString, ventanas::Argumentos>> argumentosLlenos(app::Aplicacion& aplicacion,
+Resultado<std::map<QString, ventanas::Argumentos>> argumentosLlenos(ventanas::Ventanas& ventanas,
+                                                                    app::Aplicacion& aplicacion,
                                                                     const QString& carpeta);
 
 }  // namespace tarvo::capturas

@@ -41,7 +41,7 @@ int capturarCarpeta(QApplication& qt, const QStringList& a) {
   if (llena) {
     if (const auto hecho = capturas::llenarBandeja(**fondo, aplicacion, reloj.ahora()); !hecho)
       return morir(hecho.error().texto);
-    auto argumentos = capturas::argumentosLlenos(aplicacion, a[1]);
+    auto argumentos = capturas::argumentosLlenos(escritorio.ventanas(), aplicacion, a[1]);
     if (!argumentos) return morir(argumentos.error().texto);
     encargo.argumentos = std::move(*argumentos);
   }

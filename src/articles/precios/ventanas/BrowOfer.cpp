@@ -27,7 +27,12 @@ BrowOfer::BrowOfer(ventanas::Contexto& contexto, const QString& nombre)
 void BrowOfer::montar() {
   unir(ui_.NuevaOf, u"anadir"_s, Qt::Key_Insert, [this] { nueva(); });
   unir(ui_.Borro, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); });
-  unir(ui_.Deshacer, u"atras"_s, QKeySequence::Undo, [this] { deshacer(); });
+  deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
+  // Prices; dates go to many rows, and what is copied to other groups isn't known by one cell.
+  deshacer_->seguirCeldas(*ui_.Grid, [this](int columna) {
+    const auto clase = ui_.Grid->modelo()->columnas()[static_cast<std::size_t>(columna)].clase;
+    return clase == ventanas::Clase::Importe && !ui_.Sincro->isChecked();
+  });
   ui_.Grid->filtros()->addWidget(ui_.filtros);
   ui_.Grid->setVacia(t(kTxSinOfertas), ui_.NuevaOf);
   ui_.Grid->setAcciones({ui_.NuevaOf, ui_.Borro, ui_.Deshacer});
@@ -43,7 +48,7 @@ void BrowOfer::montar() {
 }
 
 Resultado<> BrowOfer::preparar(const ventanas::Argumentos& argumentos) {
-  TARVO_INTENTAR(llenarSecciones(*ui_.dbS, contexto()));
+  TARVO_INTENTAR(ventanas::llenar(*ui_.dbS, contexto().nombres.secciones(), 3));
   if (argumentos.contains(u"seccion"_s)) elegir(*ui_.dbS, argumentos.value(u"seccion"_s));
   if (!ui_.Grid->consulta()) prepararParrilla();
   TARVO_INTENTAR(seccionCambiada());
@@ -106,9 +111,8 @@ void BrowOfer::prepararParrilla() {
 }
 
 Resultado<> BrowOfer::seccionCambiada() {
-  TARVO_INTENTAR(llenar(*ui_.dbG, contexto(),
-                        u"SELECT CODGPO, NOMGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO"_s, 4,
-                        {ui_.dbS->currentData().toInt()}));
+  const int seccion = ui_.dbS->currentData().toInt();
+  TARVO_INTENTAR(ventanas::llenar(*ui_.dbG, contexto().nombres.gruposDe(seccion), 4));
   return abrirLista();
 }
 
@@ -146,7 +150,6 @@ void BrowOfer::actualizarAcciones() {
   const bool hayGrupo = ui_.dbG->currentIndex() >= 0;
   ui_.NuevaOf->setEnabled(hayGrupo);
   ui_.Borro->setEnabled(ui_.Grid->filas() > 0);
-  ui_.Deshacer->setEnabled(!deshechos_.empty());
   if (!hayGrupo)
     ui_.Grid->setVacia(t(kTxSinGrupos));
   else

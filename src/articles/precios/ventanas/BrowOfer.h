@@ -3,6 +3,7 @@
 #pragma once
 
 #include "articles/precios/Ofertas.h"
+#include "core/ventanas/edicion/Deshacer.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_BrowOfer.h"
 
@@ -33,12 +34,11 @@ class BrowOfer final : public ventanas::Ventana {
   QString avisoFechas(Extremo extremo, const Dia& dia, int cuantas) const;
   void nueva();
   void borrar();
-  void deshacer();
 
   Ui::BrowOfer ui_;
   Ofertas motor_;
   Dia desde_, hasta_;
-  std::vector<Ofertas::CambioFechas> deshechos_;
+  ventanas::Deshacer* deshacer_ = nullptr;
 };
 
 }  // namespace tarvo::precios

@@ -3,6 +3,7 @@
 #include "articles/precios/TextosPrecios.h"
 #include "articles/precios/ventanas/BrowOfer.h"
 #include "articles/precios/ventanas/Comun.h"
+#include "articles/precios/ventanas/Puertas.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 
@@ -61,26 +62,21 @@ void BrowOfer::cambiarFechas(Extremo extremo, const Dia& dia) {
   auto cambio = motor_.cambiarFechas(filtro(), todos, extremo, dia);
   if (!haIdoBien(cambio)) return;
   const auto hechas = static_cast<int>(cambio->filas.size());
-  deshechos_.push_back(std::move(*cambio));
+  const QString que = t(kTxFechasCambiadas, hechas).chopped(1);
+  deshacer_->apuntar(que,
+                     [this, c = std::move(*cambio)]() -> Resultado<ventanas::Deshacer::Vuelto> {
+                       TARVO_TOMAR(const auto devueltas, motor_.deshacer(c));
+                       RefrescoRemoto();
+                       return ventanas::Deshacer::Vuelto{t(kTxFechasDevueltas, devueltas)};
+                     });
   RefrescoRemoto();
   decirBien(t(kTxFechasCambiadas, hechas));
 }
 
-void BrowOfer::deshacer() {
-  if (deshechos_.empty()) return;
-  const auto hechas = motor_.deshacer(deshechos_.back());
-  if (!haIdoBien(hechas)) return;
-  deshechos_.pop_back();
-  RefrescoRemoto();
-  decirBien(t(kTxFechasDevueltas, *hechas));
-}
-
 void BrowOfer::nueva() {
   if (ui_.dbG->currentIndex() < 0) return;
-  contexto().ventanas.abrir(u"NvaOfr"_s, this,
-                            {{u"seccion"_s, ui_.dbS->currentData()},
-                             {u"nombre"_s, ui_.dbS->currentText()},
-                             {u"grupo"_s, ui_.dbG->currentData()}});
+  abrir(PuertaNvaOfr{.seccion = ui_.dbS->currentData().toInt(),
+                     .grupo = ui_.dbG->currentData().toInt()});
 }
 
 void BrowOfer::borrar() {
@@ -90,13 +86,10 @@ void BrowOfer::borrar() {
   if (claves.empty()) return;
   const auto todas = motor_.contarIguales(claves);
   if (!haIdoBien(todas)) return;
-  const auto respuesta = std::make_shared<int>(0);
-  contexto().ventanas.abrirModal(u"MsgBorrOf"_s, this,
-                                 {{u"seleccionadas"_s, static_cast<int>(claves.size())},
-                                  {u"todas"_s, *todas},
-                                  {u"salida"_s, QVariant::fromValue(respuesta)}});
-  if (*respuesta == 0) return;
-  const auto idas = motor_.borrar(claves, *respuesta == 2);
+  const auto cuanto =
+      preguntar(PuertaMsgBorrOf{.seleccionadas = static_cast<int>(claves.size()), .todas = *todas});
+  if (!cuanto) return;
+  const auto idas = motor_.borrar(claves, *cuanto == Borrar::Todos);
   if (!haIdoBien(idas)) return;
   ui_.Grid->limpiarSeleccion();
   RefrescoRemoto();

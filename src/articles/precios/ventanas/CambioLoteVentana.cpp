@@ -110,7 +110,7 @@ Resultado<> CambioLoteVentana::preparar(const ventanas::Argumentos& argumentos) 
   codigos_.clear();
   for (const QVariant& codigo : argumentos.value(u"codigos"_s).toList())
     codigos_.push_back(codigo.toLongLong());
-  TARVO_INTENTAR(llenarSecciones(*ui_.dbS, contexto()));
+  TARVO_INTENTAR(ventanas::llenar(*ui_.dbS, contexto().nombres.secciones(), 3));
   if (argumentos.contains(u"seccion"_s)) elegir(*ui_.dbS, argumentos.value(u"seccion"_s));
   const bool elegidos = !codigos_.empty();
   ui_.elegidos->setText(t(kTxElegidos, static_cast<int>(codigos_.size())));
@@ -132,10 +132,9 @@ Resultado<> CambioLoteVentana::preparar(const ventanas::Argumentos& argumentos) 
 }
 
 Resultado<> CambioLoteVentana::seccionCambiada() {
-  const QString sql = u"SELECT NUMDEP, NomDep FROM DEPTS WHERE SECCION=? ORDER BY NUMDEP"_s;
   const int seccion = ui_.dbS->currentData().toInt();
-  TARVO_INTENTAR(llenar(*ui_.depto, contexto(), sql, 2, {seccion}));
-  TARVO_INTENTAR(llenar(*ui_.dbD, contexto(), sql, 2, {seccion}));
+  TARVO_INTENTAR(ventanas::llenar(*ui_.depto, contexto().nombres.departamentos(seccion), 2));
+  TARVO_INTENTAR(ventanas::llenar(*ui_.dbD, contexto().nombres.departamentos(seccion), 2));
   ui_.dbD->insertItem(0, t(kTxTodos), kTodosLosDeptos);
   ui_.dbD->setCurrentIndex(0);
   luegoMirar();

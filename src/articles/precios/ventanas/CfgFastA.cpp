@@ -1,66 +1,43 @@
 #include "articles/precios/ventanas/CfgFastA.h"
 
-#include "articles/precios/ventanas/Comun.h"
+#include "articles/precios/ventanas/TablaOpciones.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
-#include "core/ventanas/marco/MyMsgBox.h"
 
 namespace tarvo::precios {
 
 using namespace Qt::StringLiterals;
 
 CfgFastA::CfgFastA(ventanas::Contexto& contexto, const QString& nombre)
-    : Ventana(contexto, nombre) {
-  ui_.setupUi(cuerpo());
-  ui_.politicas->preparar(contexto.textos, kTxCamposFijos, kCamposFijos, kTxPoliticas);
-  enlazar();
-  for (QLineEdit* caja : {ui_.txPrefijo, ui_.txPrecios, ui_.txTarifas}) {
-    estrechar(*caja, caja->maxLength());
-    connect(caja, &QLineEdit::textEdited, this, [caja] { marcarFalta(*caja, false); });
-  }
-  connect(ui_.Acepto, &QPushButton::clicked, this, &CfgFastA::salvar);
-  connect(ui_.Cancelo, &QPushButton::clicked, this, &CfgFastA::rechazar);
+    : FichaDe(contexto, nombre) {
+  auto f = formulario(kTxConfigurarAlta);
+  auto* politicas = f.ancho(new TablaOpciones, u"politicas"_s);
+  politicas->preparar(contexto.textos, kTxCamposFijos, kCamposFijos, kTxPoliticas);
+  prefijo_ = &f.fila(kTxPrefijoCodigos, u"txPrefijo"_s, texto(r.prefijo));
+  precios_ = &f.fila(kTxPreciosPorTarifa, u"txPrecios"_s,
+                     numero(r.precios, 1, articles::kNiveles).con(t(kTxPreciosIncorrectos)));
+  tarifas_ = &f.fila(kTxTarifas, u"txTarifas"_s,
+                     numero(r.tarifas, 1, articles::kTarifas).con(t(kTxTarifasIncorrectas)));
+  anadir(politicas->campo(r.politicas));
+  f.muelle();
+  setFrase(0, false);
+  acabar({560, 400}, {.textoAcepto = kTxAceptarCfg, .textoCancelo = kTxCancelarCfg});
 }
 
-Resultado<> CfgFastA::preparar(const ventanas::Argumentos& argumentos) {
-  salida_ = salidaDe<ConfigAlta>(argumentos);
-  editar(salida_ ? *salida_ : ConfigAlta{{}, FormaAlta::leer(contexto().ajustes)});
-  return {};
-}
-
-void CfgFastA::editar(const ConfigAlta& config) {
-  for (int i = 0; i < kCamposFijos; ++i)
-    ui_.politicas->poner(i, static_cast<int>(config.politicas[static_cast<std::size_t>(i)]));
-  ui_.txPrefijo->setText(config.forma.prefijo());
-  ui_.txPrecios->setText(QString::number(config.forma.precios()));
-  ui_.txTarifas->setText(QString::number(config.forma.tarifas()));
-  ui_.txPrefijo->setFocus();
-}
-
-void CfgFastA::mal(FormaAlta::Mal que) {
+std::vector<CfgFastA::FaltaCampo> CfgFastA::comprobar() {
   using enum FormaAlta::Mal;
-  const int texto = que == PrefijoNoNumerico ? kTxPrefijoNoNumerico
-                    : que == PrefijoLargo    ? kTxPrefijoLargo
-                    : que == Precios         ? kTxPreciosIncorrectos
-                                             : kTxTarifasIncorrectas;
-  QLineEdit* caja = que == Precios ? ui_.txPrecios : que == Tarifas ? ui_.txTarifas : ui_.txPrefijo;
-  ventanas::MyMsgBox::Decide(this, contexto().textos, t(texto),
-                             ventanas::kSoloAcepto | ventanas::kCritico);
-  marcarFalta(*caja, true);
-  caja->setFocus();
-  caja->selectAll();
-}
-
-void CfgFastA::salvar() {
-  const auto forma = FormaAlta::de(ui_.txPrefijo->text(), ui_.txPrecios->text().toInt(),
-                                   ui_.txTarifas->text().toInt());
-  if (!forma) return mal(forma.error());
-  if (salida_) {
-    salida_->forma = *forma;
-    for (int i = 0; i < kCamposFijos; ++i)
-      salida_->politicas[static_cast<std::size_t>(i)] =
-          static_cast<Politica>(ui_.politicas->valor(i));
+  const auto forma = FormaAlta::de(r.prefijo, r.precios, r.tarifas);
+  if (forma) return {};
+  switch (forma.error()) {
+    case PrefijoNoNumerico:
+      return {{prefijo_, t(kTxPrefijoNoNumerico)}};
+    case PrefijoLargo:
+      return {{prefijo_, t(kTxPrefijoLargo)}};
+    case Precios:
+      return {{precios_, t(kTxPreciosIncorrectos)}};
+    case Tarifas:
+      break;
   }
-  aceptar();
+  return {{tarifas_, t(kTxTarifasIncorrectas)}};
 }
 
 }  // namespace tarvo::precios

@@ -1,31 +1,21 @@
-// The choices of the fast entry: CfgFastA. Edits the shared ConfigAlta in "salida", which changes
-// when the person accepts.
+// The choices of the fast entry: CfgFastA.
 #pragma once
 
-#include "articles/precios/ParrillaRapida.h"
-#include "core/ventanas/marco/Ventana.h"
-#include "ui_CfgFastA.h"
+#include "articles/precios/ventanas/Puertas.h"
+#include "core/ventanas/edicion/Ficha.h"
 
 namespace tarvo::precios {
 
-struct ConfigAlta {
-  std::array<Politica, kCamposFijos> politicas{};
-  FormaAlta forma;
-};
-
-class CfgFastA final : public ventanas::Ventana {
-  Q_OBJECT
+class CfgFastA final : public ventanas::FichaDe<ConfigAlta> {
  public:
   CfgFastA(ventanas::Contexto& contexto, const QString& nombre);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaCfgFastA& puerta) { return editar(puerta.config); }
 
  private:
-  void editar(const ConfigAlta& config);
-  void salvar();
-  void mal(FormaAlta::Mal que);
+  std::vector<FaltaCampo> comprobar() override;
+  void aplicada() override { entregar(r); }
 
-  Ui::CfgFastA ui_;
-  std::shared_ptr<ConfigAlta> salida_;
+  ventanas::Campo *prefijo_, *precios_, *tarifas_;
 };
 
 }  // namespace tarvo::precios

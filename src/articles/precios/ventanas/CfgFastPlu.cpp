@@ -1,9 +1,11 @@
 #include "articles/precios/ventanas/CfgFastPlu.h"
 
-#include "articles/precios/ventanas/Comun.h"
+#include "articles/precios/ventanas/TablaOpciones.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 
 namespace tarvo::precios {
+
+using namespace Qt::StringLiterals;
 
 ConfigCambio ConfigCambio::de(const Ajustes& ajustes) {
   const ParrillaRapida todas = ParrillaRapida::leer(ajustes.ParrillaRapida);
@@ -15,35 +17,21 @@ ConfigCambio ConfigCambio::de(const Ajustes& ajustes) {
 }
 
 CfgFastPlu::CfgFastPlu(ventanas::Contexto& contexto, const QString& nombre)
-    : Ventana(contexto, nombre) {
-  ui_.setupUi(cuerpo());
-  ui_.columnas->preparar(contexto.textos, kTxColumnas, kColumnasRapidas, kTxVistas);
-  enlazar();
-  for (int i = 0; i < 3; ++i) ui_.lstModo->addItem(t(kTxModo + i));
-  connect(ui_.Acepto, &QPushButton::clicked, this, &CfgFastPlu::salvar);
-  connect(ui_.Cancelo, &QPushButton::clicked, this, &CfgFastPlu::rechazar);
+    : FichaDe(contexto, nombre) {
+  auto f = formulario(kTxConfigurarCambio);
+  columnas_ = f.ancho(new TablaOpciones, u"columnas"_s);
+  columnas_->preparar(contexto.textos, kTxColumnas, kColumnasRapidas, kTxVistas);
+  anadir(columnas_->campo(r.vistas));
+  f.fila(kTxAccionIntro, u"lstModo"_s, r.modo,
+         {{0, t(kTxModo)}, {1, t(kTxModo + 1)}, {2, t(kTxModo + 2)}});
+  f.muelle();
+  acabar({500, 430}, {.textoAcepto = kTxAceptarCfg, .textoCancelo = kTxCancelarCfg});
 }
 
-Resultado<> CfgFastPlu::preparar(const ventanas::Argumentos& argumentos) {
-  salida_ = salidaDe<ConfigCambio>(argumentos);
-  editar(salida_ ? *salida_ : ConfigCambio::de(contexto().ajustes));
+Resultado<> CfgFastPlu::entrar(const PuertaCfgFastPlu& puerta) {
+  TARVO_INTENTAR(editar(puerta.config));
+  columnas_->enfocar(0);
   return {};
-}
-
-void CfgFastPlu::editar(const ConfigCambio& config) {
-  for (int i = 0; i < kColumnasRapidas; ++i)
-    ui_.columnas->poner(i, static_cast<int>(config.vistas[static_cast<std::size_t>(i)]));
-  ui_.lstModo->setCurrentIndex(static_cast<int>(config.modo));
-  ui_.columnas->enfocar(0);
-}
-
-void CfgFastPlu::salvar() {
-  if (salida_) {
-    for (int i = 0; i < kColumnasRapidas; ++i)
-      salida_->vistas[static_cast<std::size_t>(i)] = static_cast<Vista>(ui_.columnas->valor(i));
-    salida_->modo = leerModoIntro(ui_.lstModo->currentIndex());
-  }
-  aceptar();
 }
 
 }  // namespace tarvo::precios

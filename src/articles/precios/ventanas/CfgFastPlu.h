@@ -1,31 +1,21 @@
-// The choices of the fast change: CfgFastPlu. Edits the shared ConfigCambio in "salida", which
-// changes when the person accepts.
+// The choices of the fast change: CfgFastPlu.
 #pragma once
 
-#include "articles/precios/ParrillaRapida.h"
-#include "core/ventanas/marco/Ventana.h"
-#include "ui_CfgFastPlu.h"
+#include "articles/precios/ventanas/Puertas.h"
+#include "core/ventanas/edicion/Ficha.h"
 
 namespace tarvo::precios {
 
-struct ConfigCambio {
-  std::array<Vista, kColumnasRapidas> vistas{};
-  ModoIntro modo = ModoIntro::PLU;
-  static ConfigCambio de(const Ajustes& ajustes);
-};
+class TablaOpciones;
 
-class CfgFastPlu final : public ventanas::Ventana {
-  Q_OBJECT
+class CfgFastPlu final : public ventanas::FichaDe<ConfigCambio> {
  public:
   CfgFastPlu(ventanas::Contexto& contexto, const QString& nombre);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaCfgFastPlu& puerta);
 
  private:
-  void editar(const ConfigCambio& config);
-  void salvar();
-
-  Ui::CfgFastPlu ui_;
-  std::shared_ptr<ConfigCambio> salida_;
+  void aplicada() override { entregar(r); }
+  TablaOpciones* columnas_;
 };
 
 }  // namespace tarvo::precios

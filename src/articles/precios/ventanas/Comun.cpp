@@ -1,7 +1,5 @@
 #include "articles/precios/ventanas/Comun.h"
 
-#include <QMessageBox>
-#include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QStyle>
 #include <cmath>
@@ -10,30 +8,10 @@
 #include "core/dinero/Dinero.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
-#include "core/ventanas/marco/Retenida.h"
 
 namespace tarvo::precios {
 
 using namespace Qt::StringLiterals;
-
-Resultado<> llenar(QComboBox& lista, ventanas::Contexto& c, const QString& sql, int cifras,
-                   const std::vector<dao::Valor>& parametros) {
-  const QSignalBlocker callada(lista);
-  const QVariant antes = lista.currentData();
-  lista.clear();
-  TARVO_TOMAR(auto rs, c.db.OpenQuery(sql, parametros));
-  while (!rs->Eof()) {
-    const qint64 codigo = rs->entero(0);
-    lista.addItem(Ceros(codigo, cifras) + u"  "_s + rs->texto(1), codigo);
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  elegir(lista, antes);
-  return {};
-}
-
-Resultado<> llenarSecciones(QComboBox& lista, ventanas::Contexto& c) {
-  return llenar(lista, c, u"SELECT NMSECC, NOMSEC FROM SECCS ORDER BY NMSECC"_s, 3);
-}
 
 void elegir(QComboBox& lista, const QVariant& dato) {
   const int i = dato.isValid() ? lista.findData(dato) : -1;
@@ -92,20 +70,6 @@ QWidget* antesDe(QWidget& sitio) {
   return antes;
 }
 
-bool abandonar(ventanas::Ventana& ventana) {
-  const ventanas::Retenida mientras(&ventana);
-  QMessageBox caja(QMessageBox::Warning, ventana.windowTitle(), ventana.t(kTxAbandonar),
-                   QMessageBox::NoButton, &ventana);
-  QPushButton* dejar = caja.addButton(ventana.t(kTxDejar), QMessageBox::DestructiveRole);
-  QPushButton* seguir = caja.addButton(ventana.t(kTxSeguir), QMessageBox::RejectRole);
-  dejar->setObjectName(u"Acepto"_s);
-  seguir->setObjectName(u"Cancelo"_s);
-  caja.setDefaultButton(seguir);
-  caja.setEscapeButton(seguir);
-  caja.exec();
-  return caja.clickedButton() == dejar;
-}
-
 Error informe(const ventanas::Contexto& c, const Error& error) {
   if (error.clase != Fallo::Duplicado) return error;
   return {error.clase, error.numero, c.textos(kTxDuplicado)};
@@ -123,7 +87,7 @@ void DeLista::soltar() {
 }
 
 ventanas::Recorrido* DeLista::lista() const {
-  return dynamic_cast<ventanas::Recorrido*>(c_.ventanas.cargada(nombre_));
+  return c_.ventanas.recorrido(nombre_);
 }
 
 }  // namespace tarvo::precios

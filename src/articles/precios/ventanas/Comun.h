@@ -5,17 +5,13 @@
 #include <QLineEdit>
 #include <memory>
 
+#include "core/ventanas/edicion/Opciones.h"
+#include "core/ventanas/marco/Recorrido.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "core/ventanas/marco/Ventanas.h"
-#include "core/ventanas/parrilla/Recorrido.h"
 
 namespace tarvo::precios {
 
-// The rows of a query, code and name, `cifras` digits of code; the code is the datum. What was
-// chosen stays chosen.
-Resultado<> llenar(QComboBox& lista, ventanas::Contexto& c, const QString& sql, int cifras,
-                   const std::vector<dao::Valor>& parametros = {});
-Resultado<> llenarSecciones(QComboBox& lista, ventanas::Contexto& c);
 // The entry with that datum, else the first one.
 void elegir(QComboBox& lista, const QVariant& dato);
 
@@ -55,16 +51,7 @@ class DeLista {
   bool unida_ = false;
 };
 
-// Asks whether to lose what was typed; Enter and Escape keep it.
-bool abandonar(ventanas::Ventana& ventana);
-
 // A code that is taken, in the words that people know it by.
 Error informe(const ventanas::Contexto& c, const Error& error);
-
-// What a dialog hands back: the opener keeps a share of it.
-template <class T>
-std::shared_ptr<T> salidaDe(const ventanas::Argumentos& argumentos) {
-  return argumentos.value(QStringLiteral("salida")).value<std::shared_ptr<T>>();
-}
 
 }  // namespace tarvo::precios

@@ -2,6 +2,7 @@
 #include "articles/precios/ventanas/FastAlta.h"
 
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/edicion/Ficha.h"
 
 namespace tarvo::precios {
 
@@ -43,8 +44,7 @@ void FastAlta::montarCampos() {
 
 Resultado<> FastAlta::preparar(const ventanas::Argumentos& argumentos) {
   lista_.unir(argumentos);
-  TARVO_INTENTAR(llenar(*ui_.dbS, contexto(),
-                        u"SELECT NMSECC, NOMSEC FROM SECCS ORDER BY NOMSEC, NMSECC"_s, 3));
+  TARVO_INTENTAR(ventanas::llenar(*ui_.dbS, contexto().nombres.seccionesPorNombre(), 3));
   if (ui_.dbS->count() == 0) return fallo(Fallo::NoExiste, t(kTxSinSecciones));
   if (argumentos.contains(u"seccion"_s)) elegir(*ui_.dbS, argumentos.value(u"seccion"_s));
   ponerValores();
@@ -172,7 +172,7 @@ bool FastAlta::hayAlgoEscrito() const {
 }
 
 bool FastAlta::QueryUnload() {
-  if (hayAlgoEscrito() && !abandonar(*this)) return true;
+  if (hayAlgoEscrito() && !ventanas::preguntarAbandono(*this)) return true;
   if (lista_) lista_->refrescar();
   lista_.soltar();
   return false;

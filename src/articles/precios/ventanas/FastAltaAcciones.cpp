@@ -95,17 +95,19 @@ void FastAlta::vaciar() {
 }
 
 void FastAlta::configurar() {
-  const auto config = std::make_shared<ConfigAlta>();
-  config->forma = motor_.forma();
+  PuertaCfgFastA puerta{.config = {.prefijo = motor_.forma().prefijo(),
+                                   .precios = motor_.forma().precios(),
+                                   .tarifas = motor_.forma().tarifas()}};
   for (std::size_t i = 0; i < kCamposFijos; ++i)
-    config->politicas[i] = politicas_.politica(static_cast<CampoFijo>(i));
-  if (!contexto().ventanas.abrirModal(u"CfgFastA"_s, this,
-                                      {{u"salida"_s, QVariant::fromValue(config)}}))
-    return;
+    puerta.config.politicas[i] = politicas_.politica(static_cast<CampoFijo>(i));
+  const auto config = this->ventanas::Ventana::preguntar(puerta);
+  if (!config) return;
+  const auto forma = FormaAlta::de(config->prefijo, config->precios, config->tarifas);
+  if (!forma) return;
   for (std::size_t i = 0; i < kCamposFijos; ++i)
     politicas_.poner(static_cast<CampoFijo>(i), config->politicas[i]);
-  motor_.ponerForma(config->forma);
-  ui_.Grd->preparar(contexto(), config->forma.precios(), config->forma.tarifas());
+  motor_.ponerForma(*forma);
+  ui_.Grd->preparar(contexto(), forma->precios(), forma->tarifas());
   vaciar();
   ponerValores();
   ui_.txCod->setFocus();

@@ -73,7 +73,7 @@ void FastModf::montar() {
 Resultado<> FastModf::preparar(const ventanas::Argumentos& argumentos) {
   if (!ui_.GrdP->terminar()) return {};
   lista_.unir(argumentos);
-  TARVO_INTENTAR(llenarSecciones(*ui_.dbS, contexto()));
+  TARVO_INTENTAR(ventanas::llenar(*ui_.dbS, contexto().nombres.secciones(), 3));
   if (argumentos.contains(u"seccion"_s)) elegir(*ui_.dbS, argumentos.value(u"seccion"_s));
   TARVO_INTENTAR(abrirLista());
   irAlDeLaLista();
@@ -258,10 +258,8 @@ void FastModf::ponerModo(ModoIntro modo) {
 
 void FastModf::configurar() {
   if (!ui_.GrdP->terminar()) return;
-  const auto config = std::make_shared<ConfigCambio>(ConfigCambio::de(contexto().ajustes));
-  if (!contexto().ventanas.abrirModal(u"CfgFastPlu"_s, this,
-                                      {{u"salida"_s, QVariant::fromValue(config)}}))
-    return;
+  const auto config = preguntar(PuertaCfgFastPlu{ConfigCambio::de(contexto().ajustes)});
+  if (!config) return;
   ParrillaRapida todas = ParrillaRapida::leer(contexto().ajustes.ParrillaRapida);
   for (std::size_t i = 0; i < kColumnasRapidas; ++i)
     todas.poner(static_cast<ColumnaRapida>(i), config->vistas[i]);

@@ -1,6 +1,9 @@
 #include "articles/precios/ventanas/MsgBorrOf.h"
 
-#include "articles/precios/ventanas/Comun.h"
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 
 namespace tarvo::precios {
@@ -8,25 +11,25 @@ namespace tarvo::precios {
 using namespace Qt::StringLiterals;
 
 MsgBorrOf::MsgBorrOf(ventanas::Contexto& contexto, const QString& nombre)
-    : Ventana(contexto, nombre) {
-  ui_.setupUi(cuerpo());
-  enlazar();
-  connect(ui_.opSolo, &QRadioButton::toggled, this, &MsgBorrOf::pintar);
-  connect(ui_.Cancelo, &QPushButton::clicked, this, &MsgBorrOf::rechazar);
-  connect(ui_.Acepto, &QPushButton::clicked, this, [this] {
-    if (salida_) *salida_ = ui_.opTodo->isChecked() ? 2 : 1;
-    aceptar();
-  });
+    : FichaDe(contexto, nombre) {
+  auto f = formulario(kTxBorrandoOfertas);
+  seleccion_ = f.nota(u"Seleccion"_s);
+  solo_ = f.ancho(new QRadioButton(t(kTxSoloEsteGrupo)), u"opSolo"_s);
+  todo_ = f.ancho(new QRadioButton(t(kTxTodosLosGrupos)), u"opTodo"_s);
+  pregunta_ = f.nota(u"Pregunta"_s);
+  f.muelle();
+  acabar({380, 180},
+         {.textoAcepto = kTxAceptarBorrar, .textoCancelo = kTxCancelarBorrar, .destruye = true});
+  connect(solo_, &QRadioButton::toggled, this, &MsgBorrOf::pintar);
 }
 
-Resultado<> MsgBorrOf::preparar(const ventanas::Argumentos& argumentos) {
-  salida_ = salidaDe<int>(argumentos);
-  seleccionadas_ = argumentos.value(u"seleccionadas"_s, 1).toInt();
-  todas_ = argumentos.value(u"todas"_s, 1).toInt();
-  ui_.opSolo->setChecked(true);
-  for (QWidget* w : {ui_.opSolo, ui_.opTodo}) w->setVisible(todas_ != seleccionadas_);
+Resultado<> MsgBorrOf::entrar(const PuertaMsgBorrOf& puerta) {
+  TARVO_INTENTAR(editar(puerta));
+  solo_->setChecked(true);
+  const bool hayMas = r.todas != r.seleccionadas;
+  for (QWidget* w : {solo_, todo_}) w->setVisible(hayMas);
   pintar();
-  (todas_ != seleccionadas_ ? static_cast<QWidget*>(ui_.opSolo) : ui_.Acepto)->setFocus();
+  (hayMas ? static_cast<QWidget*>(solo_) : cancelo())->setFocus();
   return {};
 }
 
@@ -36,9 +39,13 @@ void MsgBorrOf::pintar() {
     CambiaTexto(u"$N"_s, QString::number(n), texto);
     return texto;
   };
-  const int van = ui_.opTodo->isChecked() ? todas_ : seleccionadas_;
-  ui_.Seleccion->setText(con(kTxUnaSeleccionada, kTxVariasSeleccionadas, seleccionadas_));
-  ui_.Pregunta->setText(con(kTxVaAEliminarUna, kTxVaAEliminarVarias, van));
+  const int van = todo_->isChecked() ? r.todas : r.seleccionadas;
+  seleccion_->setText(con(kTxUnaSeleccionada, kTxVariasSeleccionadas, r.seleccionadas));
+  pregunta_->setText(con(kTxVaAEliminarUna, kTxVaAEliminarVarias, van));
+}
+
+void MsgBorrOf::aplicada() {
+  entregar(todo_->isChecked() ? Borrar::Todos : Borrar::EsteGrupo);
 }
 
 }  // namespace tarvo::precios

@@ -1,24 +1,24 @@
-// How wide a deletion of offers goes: MsgBorrOf. Takes "seleccionadas" and "todas", hands into
-// "salida" (shared int) 0 for nothing, 1 for this group only, 2 for all groups.
+// How wide a deletion of offers goes: MsgBorrOf.
 #pragma once
 
-#include "core/ventanas/marco/Ventana.h"
-#include "ui_MsgBorrOf.h"
+#include "articles/precios/ventanas/Puertas.h"
+#include "core/ventanas/edicion/Ficha.h"
+
+class QRadioButton;
 
 namespace tarvo::precios {
 
-class MsgBorrOf final : public ventanas::Ventana {
-  Q_OBJECT
+class MsgBorrOf final : public ventanas::FichaDe<PuertaMsgBorrOf> {
  public:
   MsgBorrOf(ventanas::Contexto& contexto, const QString& nombre);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaMsgBorrOf& puerta);
 
  private:
   void pintar();
+  void aplicada() override;
 
-  Ui::MsgBorrOf ui_;
-  std::shared_ptr<int> salida_;
-  int seleccionadas_ = 0, todas_ = 0;
+  QLabel *seleccion_, *pregunta_;
+  QRadioButton *solo_, *todo_;
 };
 
 }  // namespace tarvo::precios

@@ -1,243 +1,188 @@
 #include "articles/precios/ventanas/NvaOfr.h"
 
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
 #include <algorithm>
 
+#include "articles/precios/CambioRapido.h"
 #include "articles/precios/ventanas/BrowOfer.h"
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
-#include "core/ventanas/marco/EscogeFecha.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 
 namespace tarvo::precios {
 
 using namespace Qt::StringLiterals;
-using ventanas::MyMsgBox;
 
 NvaOfr::NvaOfr(ventanas::Contexto& contexto, const QString& nombre)
-    : Ventana(contexto, nombre), motor_(contexto.db, contexto.textos, contexto.reloj) {
-  ui_.setupUi(cuerpo());
-  precios_ = {ui_.Precio_0, ui_.Precio_1, ui_.Precio_2};
-  enlazar();
+    : FichaDe(contexto, nombre), motor_(contexto.db, contexto.textos, contexto.reloj) {
   montar();
+  connect(qobject_cast<QLineEdit*>(&entra_->control()), &QLineEdit::textChanged, this,
+          &NvaOfr::buscar);
+  connect(porCodigo_, &QRadioButton::toggled, this, &NvaOfr::buscar);
+  connect(todos_, &QCheckBox::toggled, this, &NvaOfr::pintarGrupo);
 }
 
 void NvaOfr::montar() {
-  for (QLineEdit* fecha : {ui_.Fecha_1, ui_.Fecha_F}) new ventanas::EscogeFecha(*fecha, contexto());
-  for (QLineEdit* campo :
-       {ui_.Entra, ui_.Precio_0, ui_.Precio_1, ui_.Precio_2, ui_.Fecha_1, ui_.Fecha_F}) {
-    if (campo != ui_.Entra) campo->setMaximumWidth(ventanas::escalar(160));
-    connect(campo, &QLineEdit::textEdited, this, [campo] { marcarFalta(*campo, false); });
-  }
-  connect(ui_.Entra, &QLineEdit::textChanged, this, &NvaOfr::buscar);
-  connect(ui_.PorCod, &QRadioButton::toggled, this, &NvaOfr::buscar);
-  connect(ui_.Todos, &QCheckBox::toggled, this, &NvaOfr::pintarGrupo);
-  connect(ui_.SalvBoton, &QPushButton::clicked, this, &NvaOfr::salvar);
-  connect(ui_.Salir, &QPushButton::clicked, this, &NvaOfr::descargar);
+  auto f = formulario(kTxNuevasOfertas);
+  grupo_ = f.titulo(u"LblGrp"_s);
+  entra_ = &f.fila(kTxArticuloDeOferta, u"Entra"_s, texto(r.articulo));
+  porCodigo_ = new QRadioButton(t(kTxPorCodigo));
+  auto* porNombre = new QRadioButton(t(kTxPorNombre));
+  porCodigo_->setObjectName(u"PorCod"_s);
+  porNombre->setObjectName(u"PorNom"_s);
+  porCodigo_->setChecked(true);
+  f.enLinea({porCodigo_, porNombre, nullptr});
+  codigo_ = f.titulo(u"Codigox"_s);
+  nombre_ = f.titulo(u"Nombrex"_s);
+  normal_ = f.nota(u"Normal"_s);
+  ponerLetra(*normal_, ventanas::Letra::Secundaria);
+  for (std::size_t n = 0; n < precios_.size(); ++n)
+    precios_[n] = &f.fila(kTxPrecioNivel + static_cast<int>(n), u"Precio_%1"_s.arg(n), precio(n));
+  f.fila(kTxDesdeOferta, u"Fecha_1"_s, fecha(r.desde, false).con(t(kTxFechaMala)));
+  hasta_ = &f.fila(kTxHastaOferta, u"Fecha_F"_s, fecha(r.hasta, false).con(t(kTxFechaMala)));
+  todos_ = f.ancho(new QCheckBox(t(kTxTodosGrupos)), u"Todos"_s);
+  todos_->setToolTip(t(kTxTodosTip));
+  f.muelle();
+  setFrase(0, false);
+  acabar({600, 480}, {u"SalvBoton"_s, u"Salir"_s, kTxGuardarOferta, kTxSalirOferta});
 }
 
-Resultado<> NvaOfr::preparar(const ventanas::Argumentos& argumentos) {
-  int seccion = argumentos.value(u"seccion"_s).toInt();
-  int grupo = argumentos.value(u"grupo"_s).toInt();
-  if (seccion == 0) {
-    TARVO_TOMAR(auto rs,
-                contexto().db.consultar(u"SELECT SECCION, CODGPO FROM GRUPOS ORDER BY CODGPO"));
-    if (rs->Eof()) return fallo(Fallo::NoExiste, t(kTxSinGrupos));
-    seccion = static_cast<int>(rs->entero(0));
-    grupo = static_cast<int>(rs->entero(1));
+// For who wrote words in the first price none was entered; an amount that won't do is told why.
+ventanas::Modo NvaOfr::precio(std::size_t nivel) {
+  const Ajustes& a = contexto().ajustes;
+  return {.ver =
+              [this, nivel] {
+                return r.precios[nivel] ? precioEnTexto(contexto(), *r.precios[nivel]) : QString();
+              },
+          .poner = [this, &a, nivel](const QString& s) -> Resultado<> {
+            r.precios[nivel].reset();
+            if (s.trimmed().isEmpty()) return {};  // that one is missing is seen by comprobar()
+            const auto precio = comoPrecio(s, a);
+            const bool conCifras = std::ranges::any_of(s, [](QChar c) { return c.isDigit(); });
+            if (precio) {
+              r.precios[nivel] = *precio;
+              return {};
+            }
+            if (precio.error() == FaltaPrecio::NoEsImporte && nivel == 0 && !conCifras)
+              return fallo(Fallo::Formato, t(kTxSinPrecio));
+            return std::unexpected(errorDe(precio.error(), s, a, contexto().textos));
+          },
+          .letras = 12};
+}
+
+Resultado<> NvaOfr::entrar(const PuertaNvaOfr& puerta) {
+  de_ = puerta;
+  if (de_.seccion == 0) {
+    TARVO_TOMAR(const auto primero, motor_.primerGrupo());
+    if (!primero) return fallo(Fallo::NoExiste, t(kTxSinGrupos));
+    de_.seccion = primero->seccion;
+    de_.grupo = primero->grupo;
   }
-  WhoAmI(seccion, argumentos.value(u"nombre"_s).toString(), grupo);
+  if (!isVisible()) TARVO_INTENTAR(editar({}));
+  pintarGrupo();
+  buscar();
+  entra_->enfocar();
   return {};
 }
 
-void NvaOfr::WhoAmI(int seccion, const QString& nombre, int grupo) {
-  seccion_ = seccion;
-  grupo_ = grupo;
-  nombreSeccion_ = nombre;
-  pintarGrupo();
-  buscar();
-  ui_.Entra->setFocus();
-}
-
 void NvaOfr::pintarGrupo() {
-  QString texto = nombreSeccion_;
-  if (!ui_.Todos->isChecked()) {
-    const auto n = contexto().db.uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=?", grupo_);
-    if (!haIdoBien(n)) return;
-    texto = Ceros(grupo_, 4) + u"  "_s + n->texto();
-  }
-  ui_.LblGrp->setText(ui_.Todos->isChecked() ? QString() : texto);
+  const auto nombre = contexto().nombres.grupo(de_.grupo);
+  if (!haIdoBien(nombre)) return;
+  grupo_->setText(todos_->isChecked() ? QString() : Ceros(de_.grupo, 4) + u"  "_s + *nombre);
 }
 
 // --- the article
 // ---------------------------------------------------------------------------------
 
-Resultado<std::optional<NvaOfr::Hallado>> NvaOfr::buscarArticulo(const QString& texto) const {
-  const bool porCodigo = ui_.PorCod->isChecked();
-  bool esNumero = false;
-  const qint64 codigo = texto.toLongLong(&esNumero);
-  if (texto.isEmpty() || (porCodigo && !esNumero)) return std::nullopt;
-  TARVO_TOMAR(auto rs, contexto().db.OpenTable(u"PLUSES", porCodigo ? u"PrimaryKey" : u"NOMBRE"));
-  TARVO_INTENTAR(porCodigo ? rs->Seek(dao::Busca::Igual, seccion_, codigo)
-                           : rs->Seek(dao::Busca::MayorIgual, seccion_, texto));
-  const int deSeccion = rs->columna(u"SECCION"), deCodigo = rs->columna(u"CODPLU");
-  const auto sirve = [&] { return rs->entero(deCodigo) >= articles::kPrimerCodigo; };
-  while (!porCodigo && !rs->Eof() && !sirve()) TARVO_INTENTAR(rs->MoveNext());
-  if (rs->Eof() || rs->entero(deSeccion) != seccion_ || !sirve()) return std::nullopt;
-  return Hallado{rs->entero(deCodigo), rs->texto(rs->columna(u"NOMPLU"))};
-}
-
 void NvaOfr::buscar() {
-  ui_.Entra->setMaxLength(ui_.PorCod->isChecked() ? 7 : 30);
-  const auto hallado = buscarArticulo(ui_.Entra->text().trimmed());
+  const QString texto = qobject_cast<QLineEdit*>(&entra_->control())->text().trimmed();
+  const auto hallado = motor_.buscar(de_.seccion, texto, porCodigo_->isChecked());
   articulo_ = haIdoBien(hallado) ? *hallado : std::nullopt;
-  ui_.Codigox->setText(articulo_ ? Ceros(articulo_->codigo, 7) : QString());
-  ui_.Nombrex->setText(articulo_ ? articulo_->nombre : QString());
-  ui_.Normal->setText(articulo_                               ? preciosNormales(articulo_->codigo)
-                      : ui_.Entra->text().trimmed().isEmpty() ? QString()
-                                                              : t(kTxArticuloNoHallado));
+  codigo_->setText(articulo_ ? Ceros(articulo_->codigo, 7) : QString());
+  nombre_->setText(articulo_ ? articulo_->nombre : QString());
+  normal_->setText(articulo_         ? preciosNormales(articulo_->codigo)
+                   : texto.isEmpty() ? QString()
+                                     : t(kTxArticuloNoHallado));
 }
 
-// What the group sells it for without the offer.
 QString NvaOfr::preciosNormales(qint64 codigo) {
-  const auto tarifa = contexto().db.uno(u"SELECT tarifa FROM GRUPOS WHERE CODGPO=?", grupo_);
-  if (!haIdoBien(tarifa)) return {};
-  const int cual = std::clamp(static_cast<int>(tarifa->entero()), 0, articles::kTarifas - 1);
-  auto rs = contexto().db.OpenTable(u"PLUSES", u"PrimaryKey");
-  if (!haIdoBien(rs)) return {};
-  const auto hay = (*rs)->Seek(dao::Busca::Igual, seccion_, codigo);
-  if (!haIdoBien(hay) || !*hay) return {};
+  const auto normales = motor_.normales(de_.grupo, de_.seccion, codigo);
+  if (!haIdoBien(normales) || !*normales) return {};
   QStringList precios;
-  for (int nivel = 0; nivel < articles::kNiveles; ++nivel)
-    precios << precioEnTexto(contexto(),
-                             (*rs)->entero((*rs)->columna(articles::columnaPrecio(nivel, cual))));
+  for (const qint64 precio : **normales) precios << precioEnTexto(contexto(), precio);
   return t(kTxPreciosNormales).arg(precios.join(u"   "_s));
 }
 
 // Enter goes on from field to field, Escape empties the box of the article before it closes.
 void NvaOfr::keyPressEvent(QKeyEvent* evento) {
-  const QWidget* foco = focusWidget();
+  auto* foco = qobject_cast<QLineEdit*>(focusWidget());
   const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
-  if (intro && qobject_cast<const QLineEdit*>(foco)) {
+  if (intro && foco) {
     evento->accept();
-    if (foco == ui_.Entra) return ui_.Precio_0->setFocus(Qt::TabFocusReason);
-    if (foco == ui_.Fecha_F) return ui_.SalvBoton->setFocus(Qt::TabFocusReason);
+    if (foco == &entra_->control()) return precios_[0]->control().setFocus(Qt::TabFocusReason);
+    if (foco == &hasta_->control()) return acepto()->setFocus(Qt::TabFocusReason);
     focusNextChild();
     return;
   }
-  if (evento->key() == Qt::Key_Escape && foco == ui_.Entra) {
+  if (evento->key() == Qt::Key_Escape && foco == &entra_->control()) {
     evento->accept();
-    if (!ui_.Entra->text().isEmpty()) return ui_.Entra->clear();
+    if (!foco->text().isEmpty()) return foco->clear();
     dejado_ = true;  // who stands there wants none of it
   }
-  Ventana::keyPressEvent(evento);
+  FichaDe::keyPressEvent(evento);
 }
 
 // --- saving
 // --------------------------------------------------------------------------------------
 
-void NvaOfr::mal(const QString& texto, QLineEdit& campo) {
-  MyMsgBox::Decide(this, contexto().textos, texto, ventanas::kSoloAcepto | ventanas::kExclamacion);
-  marcarFalta(campo, true);
-  campo.setFocus();
-  campo.selectAll();
+std::vector<NvaOfr::FaltaCampo> NvaOfr::comprobar() {
+  if (!articulo_) return {{entra_, t(kTxSinCodigo)}};
+  if (!r.precios[0]) return {{precios_[0], t(kTxSinPrecio)}};
+  const auto vigencia = Vigencia::de(r.desde, r.hasta);
+  if (!vigencia) return {{hasta_, t(kTxAcabaAntes)}};
+  oferta_ = {de_.seccion, articulo_->codigo, {}, *vigencia};
+  for (std::size_t n = 0; n < precios_.size(); ++n) oferta_.precios[n] = r.precios[n].value_or(0);
+  return {};
 }
 
-std::optional<Vigencia> NvaOfr::leerVigencia() {
-  std::array<Dia, 2> dias;
-  const std::array cajas{ui_.Fecha_1, ui_.Fecha_F};
-  for (std::size_t i = 0; i < cajas.size(); ++i) {
-    const QString texto = cajas[i]->text().trimmed();
-    if (const auto f = Fecha::leer(texto)) dias[i] = f->dia();
-    if (dias[i]) cajas[i]->setText(dias[i]->corta());
-    if (dias[i] || texto.isEmpty()) continue;
-    mal(t(kTxFechaMala), *cajas[i]);
-    return std::nullopt;
-  }
-  const auto vigencia = Vigencia::de(dias[0], dias[1]);
-  if (!vigencia) mal(t(kTxAcabaAntes), *ui_.Fecha_F);
-  return vigencia;
-}
-
-// For who wrote words in the first price none was entered; an amount that won't do is told why.
-QString NvaOfr::porQueNo(FaltaPrecio falta, std::size_t nivel, const QString& texto) const {
-  const bool conCifras = std::ranges::any_of(texto, [](QChar c) { return c.isDigit(); });
-  if (falta == FaltaPrecio::NoEsImporte && nivel == 0 && !conCifras) return t(kTxSinPrecio);
-  return errorDe(falta, texto, contexto().ajustes, contexto().textos).texto;
-}
-
-std::optional<OfertaNueva> NvaOfr::leerOferta() {
-  if (!articulo_) return mal(t(kTxSinCodigo), *ui_.Entra), std::nullopt;
-  OfertaNueva oferta{seccion_, articulo_->codigo, {}, {}};
-  for (std::size_t nivel = 0; nivel < precios_.size(); ++nivel) {
-    const QString texto = precios_[nivel]->text();
-    if (nivel == 0 && texto.trimmed().isEmpty())
-      return mal(t(kTxSinPrecio), *precios_[0]), std::nullopt;
-    if (texto.trimmed().isEmpty()) continue;  // none at this level
-    const auto precio = comoPrecio(texto, contexto().ajustes);
-    if (!precio) return mal(porQueNo(precio.error(), nivel, texto), *precios_[nivel]), std::nullopt;
-    oferta.precios[nivel] = *precio;
-  }
-  const auto vigencia = leerVigencia();
-  if (!vigencia) return std::nullopt;
-  oferta.vigencia = *vigencia;
-  return oferta;
-}
-
-Resultado<std::vector<int>> NvaOfr::destino() {
-  if (ui_.Todos->isChecked()) return motor_.gruposDe(seccion_);
-  return std::vector{grupo_};
-}
-
-bool NvaOfr::preguntarPorLas(const OfertaNueva& oferta, std::vector<int>& grupos) {
-  const auto ocupados = motor_.ocupados(oferta.seccion, oferta.codigo, grupos);
-  if (!haIdoBien(ocupados)) return false;
-  for (const int grupo : *ocupados) {
+Resultado<std::vector<int>> NvaOfr::preguntarPorLas(std::vector<int> grupos) {
+  TARVO_TOMAR(const auto ocupados, motor_.ocupados(oferta_.seccion, oferta_.codigo, grupos));
+  for (const int grupo : ocupados) {
     QString texto = t(kTxYaHayOferta) + u'\n' + t(kTxReescribirla);
     CambiaTexto(u"$G"_s, QString::number(grupo), texto);
-    if (!MyMsgBox::Decide(this, contexto().textos, texto,
-                          ventanas::kAceptoCancelo | ventanas::kExclamacion))
+    if (!ventanas::MyMsgBox::Decide(this, contexto().textos, texto,
+                                    ventanas::kAceptoCancelo | ventanas::kExclamacion))
       std::erase(grupos, grupo);
   }
-  return true;
+  return grupos;
 }
 
-void NvaOfr::salvar() {
-  const auto oferta = leerOferta();
-  if (!oferta) return;
-  auto grupos = destino();
-  if (!haIdoBien(grupos) || !preguntarPorLas(*oferta, *grupos)) return;
-  if (!haIdoBien(motor_.guardar(*oferta, *grupos))) return;
-  if (auto* lista = qobject_cast<BrowOfer*>(contexto().ventanas.cargada(u"BrowOfer"_s)))
-    lista->RefrescoRemoto();
-  const QString nombre = articulo_->nombre;
-  fechas_ = {ui_.Fecha_1->text(), ui_.Fecha_F->text()};
-  vaciar();
-  if (grupos->empty()) return decirDuda(t(kTxOfertaEnNinguno));
-  const QString bien = t(kTxOfertaGuardada, static_cast<int>(grupos->size())).arg(nombre);
-  const auto aviso =
-      avisoPrecio(std::ranges::max(oferta->precios), contexto().ajustes, contexto().textos);
-  if (aviso) return decirDuda(bien + u' ' + *aviso);
-  decirBien(bien);
-}
-
-// The dates of the last offer stay, and are nobody's loss.
-bool NvaOfr::hayAlgoEscrito() const {
-  const std::array fechas{ui_.Fecha_1->text(), ui_.Fecha_F->text()};
-  return !ui_.Entra->text().trimmed().isEmpty() || fechas != fechas_ ||
-         std::ranges::any_of(precios_,
-                             [](const QLineEdit* p) { return !p->text().trimmed().isEmpty(); });
-}
-
-bool NvaOfr::QueryUnload() {
-  return !dejado_ && hayAlgoEscrito() && !abandonar(*this);
+Resultado<> NvaOfr::aplicar() {
+  std::vector grupos{de_.grupo};
+  if (todos_->isChecked()) {
+    TARVO_TOMAR(grupos, motor_.gruposDe(de_.seccion));
+  }
+  TARVO_TOMAR(escritos_, preguntarPorLas(grupos));
+  TARVO_INTENTAR(motor_.guardar(oferta_, escritos_));
+  return {};
 }
 
 // The dates stay for the next one.
-void NvaOfr::vaciar() {
-  ui_.Entra->clear();
-  for (QLineEdit* precio : precios_) precio->clear();
-  ui_.Entra->setFocus();
+void NvaOfr::aplicada() {
+  if (auto* lista = qobject_cast<BrowOfer*>(contexto().ventanas.cargada(u"BrowOfer"_s)))
+    lista->RefrescoRemoto();
+  const QString nombre = articulo_->nombre;
+  haIdoBien(editar({.articulo = {}, .precios = {}, .desde = r.desde, .hasta = r.hasta}));
+  if (escritos_.empty()) return decirDuda(t(kTxOfertaEnNinguno));
+  const QString bien = t(kTxOfertaGuardada, static_cast<int>(escritos_.size())).arg(nombre);
+  const auto aviso =
+      avisoPrecio(std::ranges::max(oferta_.precios), contexto().ajustes, contexto().textos);
+  aviso ? decirDuda(bien + u' ' + *aviso) : decirBien(bien);
 }
 
 }  // namespace tarvo::precios

@@ -1,54 +1,52 @@
-// New offers, one after another: NvaOfr. Takes "seccion", "nombre" of it and "grupo".
+// New offers, one after another: NvaOfr.
 #pragma once
 
-#include "articles/precios/CambioRapido.h"
 #include "articles/precios/Ofertas.h"
-#include "core/ventanas/marco/Ventana.h"
-#include "ui_NvaOfr.h"
+#include "articles/precios/ventanas/Puertas.h"
+#include "core/ventanas/edicion/Ficha.h"
+
+class QRadioButton;
 
 namespace tarvo::precios {
 
-class NvaOfr final : public ventanas::Ventana {
-  Q_OBJECT
+// As it stands in the fields; the dates stay for the next one.
+struct OfertaEscrita {
+  QString articulo;
+  std::array<std::optional<qint64>, articles::kNiveles> precios{};
+  Dia desde, hasta;
+  bool operator==(const OfertaEscrita&) const = default;
+};
+
+class NvaOfr final : public ventanas::FichaDe<OfertaEscrita> {
  public:
   NvaOfr(ventanas::Contexto& contexto, const QString& nombre);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
-  bool QueryUnload() override;
-
- protected:
-  void keyPressEvent(QKeyEvent* evento) override;
+  Resultado<> entrar(const PuertaNvaOfr& puerta);
+  bool QueryUnload() override { return !dejado_ && FichaDe::QueryUnload(); }
 
  private:
-  struct Hallado {
-    qint64 codigo = 0;
-    QString nombre;
-  };
-
+  void keyPressEvent(QKeyEvent* evento) override;
   void montar();
-  void WhoAmI(int seccion, const QString& nombre, int grupo);
+  ventanas::Modo precio(std::size_t nivel);
   void pintarGrupo();
   void buscar();
-  Resultado<std::optional<Hallado>> buscarArticulo(const QString& texto) const;
   QString preciosNormales(qint64 codigo);
-  Resultado<std::vector<int>> destino();
-  void salvar();
-  std::optional<OfertaNueva> leerOferta();
-  std::optional<Vigencia> leerVigencia();
-  QString porQueNo(FaltaPrecio falta, std::size_t nivel, const QString& texto) const;
-  // Takes out the groups whose offer a person doesn't want written over.
-  bool preguntarPorLas(const OfertaNueva& oferta, std::vector<int>& grupos);
-  void vaciar();
-  void mal(const QString& texto, QLineEdit& campo);
-  bool hayAlgoEscrito() const;
+  std::vector<FaltaCampo> comprobar() override;
+  Resultado<> aplicar() override;
+  void aplicada() override;
+  // Those of `grupos` whose offer a person lets be written over, and those that have none.
+  Resultado<std::vector<int>> preguntarPorLas(std::vector<int> grupos);
 
-  Ui::NvaOfr ui_;
   Ofertas motor_;
-  std::array<QLineEdit*, articles::kNiveles> precios_{};
-  std::optional<Hallado> articulo_;
-  int seccion_ = 0, grupo_ = 0;
-  bool dejado_ = false;  // by Escape in the empty box
-  QString nombreSeccion_;
-  std::array<QString, 2> fechas_;  // those of the offer saved last
+  QLabel *grupo_, *codigo_, *nombre_, *normal_;
+  QRadioButton* porCodigo_;
+  QCheckBox* todos_;
+  ventanas::Campo *entra_, *hasta_;
+  std::array<ventanas::Campo*, articles::kNiveles> precios_{};
+  std::optional<Ofertas::Hallado> articulo_;
+  PuertaNvaOfr de_;
+  OfertaNueva oferta_;
+  std::vector<int> escritos_;  // groups that the last one went to
+  bool dejado_ = false;        // by Escape in the empty box
 };
 
 }  // namespace tarvo::precios

@@ -17,13 +17,13 @@ using ventanas::fabrica;
 
 void registrarVentanasPrecios(ventanas::Ventanas& v, articles::Catalogo& catalogo) {
   v.registrar(u"BrowOfer"_s, fabrica<BrowOfer>());
-  v.registrar(u"NvaOfr"_s, fabrica<NvaOfr>());
-  v.registrar(u"MsgBorrOf"_s, fabrica<MsgBorrOf>(), {{u"seleccionadas"_s, 2}, {u"todas"_s, 5}});
+  v.registrar<PuertaNvaOfr, NvaOfr>();
+  v.registrar<PuertaMsgBorrOf, MsgBorrOf>();
   v.registrar(u"CalcPre"_s, fabrica<CalcPreVentana>(catalogo), {{u"seccion"_s, 1}});
   v.registrar(u"FastAlta"_s, fabrica<FastAlta>(catalogo));
-  v.registrar(u"CfgFastA"_s, fabrica<CfgFastA>());
+  v.registrar<PuertaCfgFastA, CfgFastA>();
   v.registrar(u"FastModf"_s, fabrica<FastModf>(catalogo));
-  v.registrar(u"CfgFastPlu"_s, fabrica<CfgFastPlu>());
+  v.registrar<PuertaCfgFastPlu, CfgFastPlu>();
   v.registrar(u"CambioLote"_s, fabrica<CambioLoteVentana>(catalogo), {{u"subida"_s, u"5"_s}});
 }
 

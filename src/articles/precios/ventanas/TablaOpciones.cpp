@@ -34,6 +34,10 @@ void TablaOpciones::preparar(const Textos& t, int nombres, int cuantas, int opci
       setTabOrder(std::exchange(ultimo, boton), boton);
     }
     grupo->button(0)->setChecked(true);
+    if (!primero_) primero_ = grupo->button(0);
+    connect(grupo, &QButtonGroup::idToggled, this, [this](int, bool si) {
+      if (si) Q_EMIT cambiada();
+    });
     filas_.push_back(grupo);
   }
 }

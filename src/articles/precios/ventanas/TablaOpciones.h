@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/textos/Textos.h"
+#include "core/ventanas/edicion/Campo.h"
 
 class QButtonGroup;
 
@@ -20,9 +21,40 @@ class TablaOpciones final : public QWidget {
   void poner(int fila, int opcion);
   int valor(int fila) const;  // 0 to 2
   void enfocar(int fila);     // on its option that holds
+  int filas() const { return static_cast<int>(filas_.size()); }
+
+  // A field of a sheet over it; `donde` has a value for each row.
+  template <class T, std::size_t N>
+  ventanas::Campo* campo(std::array<T, N>& donde) {
+    auto* c = new ventanas::CampoVivo(*this, nullptr,
+                                      {.estado =
+                                           [this] {
+                                             QString todas;
+                                             for (int i = 0; i < filas(); ++i)
+                                               todas += QString::number(valor(i));
+                                             return todas;
+                                           },
+                                       .aControl =
+                                           [this, &donde] {
+                                             for (int i = 0; i < filas(); ++i)
+                                               poner(i, static_cast<int>(donde[std::size_t(i)]));
+                                           },
+                                       .aMiembro =
+                                           [this, &donde] {
+                                             for (int i = 0; i < filas(); ++i)
+                                               donde[std::size_t(i)] = static_cast<T>(valor(i));
+                                           }});
+    connect(this, &TablaOpciones::cambiada, c, &ventanas::CampoVivo::haCambiado);
+    setFocusProxy(primero_);
+    return c;
+  }
+
+ Q_SIGNALS:
+  void cambiada();
 
  private:
   std::vector<QButtonGroup*> filas_;
+  QWidget* primero_ = nullptr;
 };
 
 }  // namespace tarvo::precios

@@ -4,6 +4,7 @@
 
 #include "core/ajustes/Ajustes.h"
 #include "core/dao/Database.h"
+#include "core/nombres/Nombres.h"
 #include "core/textos/Textos.h"
 #include "core/tiempo/Reloj.h"
 
@@ -17,6 +18,7 @@ class Ventanas;
 
 struct Contexto {
   dao::Database& db;
+  const Nombres& nombres;  // what combo boxes choose from
   Ajustes& ajustes;
   const Textos& textos;
   Reloj& reloj;

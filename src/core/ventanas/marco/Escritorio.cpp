@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QLibraryInfo>
 
+#include "core/ventanas/marco/Accesible.h"
+
 namespace tarvo::ventanas {
 
 using namespace Qt::StringLiterals;
@@ -37,10 +39,12 @@ QString juegoDe(Idioma idioma) {
 
 Escritorio::Escritorio(QApplication& app, dao::Database& db, Ajustes& ajustes, const Textos& textos,
                        Reloj& reloj, std::optional<Cara> cara, const QString& rutaRecuerdos)
-    : recuerdos_(rutaRecuerdos),
+    : nombres_(db),
+      recuerdos_(rutaRecuerdos),
       tema_(app, cara ? cara : leerCara(recuerdos_.leer(u"Tema"_s, u"cara"_s))),
-      contexto_{db, ajustes, textos, reloj, ventanas_, recuerdos_, tema_, hilos_} {
+      contexto_{db, nombres_, ajustes, textos, reloj, ventanas_, recuerdos_, tema_, hilos_} {
   ventanas_.setContexto(contexto_);
+  prepararAccesible();
   // In the program's language, whatever the desktop's is.
   if (delJuego_.load(juegoDe(ajustes.idioma), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     QApplication::installTranslator(&delJuego_);

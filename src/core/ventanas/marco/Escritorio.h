@@ -28,6 +28,7 @@ class Escritorio {
  private:
   QTranslator delJuego_;  // the toolkit's own texts: menus of fields, the choice of a file
   QThreadPool hilos_;     // outlives all that ask; at the end it is waited for
+  Nombres nombres_;
   Recuerdos recuerdos_;
   Tema tema_;
   Contexto contexto_;  // outlives the windows that are handed it

@@ -75,7 +75,7 @@ MyMsgBox::MyMsgBox(QWidget* dueno, const Textos& textos, const QString& texto, i
     cancelo->setAutoDefault(false);
     connect(cancelo, &QPushButton::clicked, this, &QDialog::reject);
     botones->addWidget(cancelo);
-    if (estilo & kPrudente) intro = cancelo;
+    if (estilo & (kPrudente | kExclamacion)) intro = cancelo;
   } else {
     botones->addStretch();
   }

@@ -15,7 +15,8 @@ inline constexpr int kSoloAcepto = 0;
 inline constexpr int kAceptoCancelo = 1;
 inline constexpr int kCritico = 16;
 inline constexpr int kExclamacion = 48;
-inline constexpr int kPrudente = 256;  // Return is `Cancelo`, where `Acepto` loses something
+// Return is `Cancelo`, where `Acepto` loses something; with kExclamacion it always is.
+inline constexpr int kPrudente = 256;
 
 class MyMsgBox final : public QDialog {
   Q_OBJECT

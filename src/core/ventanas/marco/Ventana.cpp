@@ -17,12 +17,13 @@
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
 #include "core/ventanas/aspecto/TraducirForm.h"
+#include "core/ventanas/marco/Alcance.h"
+#include "core/ventanas/marco/Buscable.h"
 #include "core/ventanas/marco/Recuerdos.h"
 #include "core/ventanas/marco/Retenida.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "core/ventanas/marco/Ventanas.h"
-#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::ventanas {
 
@@ -59,6 +60,9 @@ Ventana::Ventana(Contexto& contexto, const QString& nombre)
   todo->addWidget(tira_);
   todo->addWidget(cuerpo_, 1);
   todo->addWidget(trabajo_);
+  // A shortcut: controls that take letters would keep the key to themselves.
+  connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this,
+          &Ventana::irABuscar);
 }
 
 Ventana::~Ventana() {
@@ -81,7 +85,6 @@ void Ventana::enlazar() {
   restoreGeometry(deTexto(c_.recuerdos.leer(memoria, u"sitio"_s)));
   for (QSplitter* s : cuerpo_->findChildren<QSplitter*>())
     s->restoreState(deTexto(c_.recuerdos.leer(memoria, s->objectName())));
-  for (Parrilla* p : cuerpo_->findChildren<Parrilla*>()) atender(*p);
   if (!cuerpo_->findChild<QTabWidget*>()) return;
   for (const auto& [tecla, pasos] :
        {std::pair{Qt::CTRL | Qt::Key_Tab, 1}, {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, -1}})
@@ -89,15 +92,20 @@ void Ventana::enlazar() {
             [this, n = pasos] { pasarFicha(n); });
 }
 
-// What its cells refuse is said on the strip, until it is settled.
-void Ventana::atender(Parrilla& lista) {
-  connect(&lista, &Parrilla::fallo, this, [this](const Error& e) {
-    decirFallo(e);
-    deLista_ = e.texto;
-  });
-  connect(&lista, &Parrilla::resuelto, this, [this] {
-    if (tira_->estado() == Estado::Mal && tira_->texto() == deLista_) tira_->quitar();
-  });
+void Ventana::decirPendiente(const Error& error) {
+  decirFallo(error);
+  pendiente_ = error.texto;
+}
+
+void Ventana::resuelto() {
+  if (tira_->estado() == Estado::Mal && tira_->texto() == pendiente_) tira_->quitar();
+}
+
+void Ventana::acoger(Buscable& lista) {
+  if (std::ranges::find(listas_, &lista) != listas_.end()) return;
+  listas_.push_back(&lista);
+  connect(&lista.control(), &QObject::destroyed, this,
+          [this, cual = &lista] { std::erase(listas_, cual); });
 }
 
 void Ventana::crecer(const QSize& tamano) {
@@ -128,6 +136,7 @@ void Ventana::recordar() {
 
 void Ventana::mostrarSobre(QWidget* dueno) {
   if (dueno && dueno != this) dueno_ = dueno->window();
+  if (!std::exchange(alcanzada_, true)) ponerAlAlcance(*cuerpo_);
   isMinimized() ? showNormal() : show();
   raise();
   activateWindow();
@@ -208,22 +217,19 @@ void Ventana::volverAlDueno() {
   dueno_->activateWindow();
 }
 
-// The list that one reads first, of those that can be searched.
-Parrilla* Ventana::primeraLista() const {
-  Parrilla* primera = nullptr;
-  const auto sitio = [this](const Parrilla* p) {
-    const QPoint donde = p->mapTo(this, QPoint());
-    return std::pair(donde.x(), donde.y());
+// The list that has the focus, else the one that one reads first, of those that can be searched.
+void Ventana::irABuscar() {
+  Buscable* primera = nullptr;
+  const auto sitio = [this](Buscable* p) {
+    const QPoint donde = p->control().mapTo(this, QPoint());
+    return std::tuple(!p->control().isAncestorOf(focusWidget()), donde.x(), donde.y());
   };
-  for (Parrilla* p : cuerpo_->findChildren<Parrilla*>())
-    if (p->campoBusca()->isVisible() && (!primera || sitio(p) < sitio(primera))) primera = p;
-  return primera;
+  for (Buscable* p : listas_)
+    if (p->seBusca() && (!primera || sitio(p) < sitio(primera))) primera = p;
+  if (primera) primera->irABuscar();
 }
 
 void Ventana::keyPressEvent(QKeyEvent* evento) {
-  if (evento->matches(QKeySequence::Find)) {
-    if (Parrilla* p = primeraLista()) return p->irABuscar();
-  }
   if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter)
     return pulsarBoton(*evento);
   if (evento->key() == Qt::Key_F10 && evento->modifiers() == Qt::ShiftModifier && focusWidget())

@@ -15,12 +15,15 @@
 #include <QPointer>
 #include <QVariantMap>
 #include <QWidget>
+#include <any>
 
 #include "core/ventanas/marco/Contexto.h"
 
 namespace tarvo::ventanas {
 
-class Parrilla;
+class Buscable;
+class Captura;
+class Recorrido;
 class Tira;
 class TiraTrabajo;
 
@@ -43,6 +46,16 @@ class Ventana : public QWidget {
   virtual Resultado<> preparar(const Argumentos& argumentos);
   // True refuses the unloading. It asks whatever has to be asked.
   virtual bool QueryUnload() { return false; }
+  // For a window that receives as long as it is open.
+  virtual Captura* captura() { return nullptr; }
+  // For a list that its children follow.
+  virtual Recorrido* recorrido() { return nullptr; }
+
+  // Opens the window of a door, in front of this one; see Ventanas::abrir and Ventanas::preguntar.
+  template <class P>
+  Ventana* abrir(const P& puerta);
+  template <class P>
+  auto preguntar(const P& puerta);
 
   // False when QueryUnload refused, or is still asking. What stands on the window (a modal one, a
   // box, a menu) is closed first, as with Escape; when that stays, the window does too. The object
@@ -65,6 +78,11 @@ class Ventana : public QWidget {
     return r.has_value();
   }
   Tira& tira() { return *tira_; }
+  // A refusal that stands until it is settled: what a cell of a list didn't take.
+  void decirPendiente(const Error& error);
+  void resuelto();
+  // A list of this window, which takes part in its search key as long as it lives.
+  void acoger(Buscable& lista);
   // The strip for work in slices, hidden while there is none.
   TiraTrabajo& trabajo() { return *trabajo_; }
 
@@ -81,9 +99,18 @@ class Ventana : public QWidget {
   void enlazar();
   // Another size; the window moves where a part of it would leave the screen.
   void crecer(const QSize& tamano);
+  // Ctrl+F, whatever has the focus: to the search of the list that has it, else of the first one.
+  virtual void irABuscar();
   // The picture and the key of an action of the form, and what it does.
   void unir(QAction* accion, const QString& dibujo, const QKeySequence& tecla,
             const std::function<void()>& hacer);
+  // Ends it with what its door hands back. REQUIRES the type that the door names.
+  template <class S>
+  void entregar(S salida, bool aceptada = true) {
+    salida_ = std::move(salida);
+    terminar(aceptada);
+    if (!cerrada_) salida_.reset();
+  }
 
   void closeEvent(QCloseEvent* evento) override;
   void keyPressEvent(QKeyEvent* evento) override;
@@ -94,7 +121,6 @@ class Ventana : public QWidget {
   friend class Retenida;
   void mostrarSobre(QWidget* dueno);
   void recordar();
-  void atender(Parrilla& lista);
   void volverAlDueno();
   void terminar(bool aceptada);
   Ventana* modalEncima() const;
@@ -102,7 +128,6 @@ class Ventana : public QWidget {
   void pulsarBoton(QKeyEvent& evento);
   void pedirMenu(QWidget& control);
   void pasarFicha(int pasos);
-  Parrilla* primeraLista() const;
 
   Contexto& c_;
   QString nombre_;
@@ -110,9 +135,11 @@ class Ventana : public QWidget {
   Tira* tira_;
   TiraTrabajo* trabajo_;
   QPointer<QWidget> dueno_, teclea_;
-  QString deLista_;   // what a list of it refused last
+  std::vector<Buscable*> listas_;
+  QString pendiente_;  // what decirPendiente said last
+  std::any salida_;
   int retenida_ = 0;  // event loops that run in functions of this window
-  bool modal_ = false, aceptada_ = false, cerrada_ = false;
+  bool modal_ = false, aceptada_ = false, cerrada_ = false, alcanzada_ = false;
 };
 
 }  // namespace tarvo::ventanas

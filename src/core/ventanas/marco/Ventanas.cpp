@@ -35,7 +35,7 @@ Ventanas::~Ventanas() {
 }
 
 void Ventanas::registrar(const QString& nombre, Fabrica fabrica, Argumentos muestra) {
-  registradas_[nombre] = {std::move(fabrica), std::move(muestra)};
+  registradas_[nombre] = {std::move(fabrica), std::move(muestra), {}, {}};
 }
 
 bool Ventanas::conoce(const QString& nombre) const {
@@ -64,7 +64,8 @@ std::vector<Ventana*> Ventanas::abiertas() const {
 }
 
 // The window, made and prepared; null when the failure has been said.
-Ventana* Ventanas::hacer(const QString& nombre, QWidget* dueno, const Argumentos& argumentos) {
+Ventana* Ventanas::hacer(const QString& nombre, QWidget* dueno, const Argumentos& argumentos,
+                         const std::any& puerta) {
   const auto entrada = registradas_.find(tipoDe(nombre));
   if (entrada == registradas_.end()) {
     decirSobre(dueno, contexto_->textos,
@@ -76,7 +77,10 @@ Ventana* Ventanas::hacer(const QString& nombre, QWidget* dueno, const Argumentos
   if (nueva) v = entrada->second.fabrica(*contexto_, nombre);
   // Preparing may ask, and what asks lets windows go.
   const Retenida mientras(dueno), ella(v);
-  if (const auto hecho = v->preparar(argumentos); !hecho) {
+  const Entrada& e = entrada->second;
+  const auto hecho =
+      e.entrar ? e.entrar(*v, puerta.has_value() ? puerta : e.puerta) : v->preparar(argumentos);
+  if (!hecho) {
     if (nueva) delete v;
     decirSobre(nueva ? dueno : v, contexto_->textos, hecho.error());
     return nullptr;
@@ -90,7 +94,12 @@ Ventana* Ventanas::hacer(const QString& nombre, QWidget* dueno, const Argumentos
 }
 
 Ventana* Ventanas::abrir(const QString& nombre, QWidget* dueno, const Argumentos& argumentos) {
-  Ventana* v = hacer(nombre, dueno, argumentos);
+  return mostrar(nombre, dueno, argumentos, {});
+}
+
+Ventana* Ventanas::mostrar(const QString& nombre, QWidget* dueno, const Argumentos& argumentos,
+                           const std::any& puerta) {
+  Ventana* v = hacer(nombre, dueno, argumentos, puerta);
   if (!v) return nullptr;
   v->mostrarSobre(dueno);
   Q_EMIT abierta(v);
@@ -98,11 +107,20 @@ Ventana* Ventanas::abrir(const QString& nombre, QWidget* dueno, const Argumentos
 }
 
 bool Ventanas::abrirModal(const QString& nombre, QWidget* dueno, const Argumentos& argumentos) {
-  Ventana* v = hacer(nombre, dueno, argumentos);
+  return correr(nombre, dueno, argumentos, {}, nullptr);
+}
+
+bool Ventanas::correr(const QString& nombre, QWidget* dueno, const Argumentos& argumentos,
+                      const std::any& puerta, std::any* salida) {
+  Ventana* v = hacer(nombre, dueno, argumentos, puerta);
   if (!v) return false;
   if (dueno) v->dueno_ = dueno->window();
+  v->salida_.reset();
   Q_EMIT abierta(v);
-  return v->ejecutar();
+  const Retenida ella(v);  // what it hands back is read when it has gone from the screen
+  const bool aceptada = v->ejecutar();
+  if (salida) *salida = std::move(v->salida_);
+  return aceptada;
 }
 
 void Ventanas::quitar(const QString& nombre) {

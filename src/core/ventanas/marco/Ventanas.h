@@ -8,6 +8,7 @@
 #include <map>
 #include <vector>
 
+#include "core/ventanas/marco/Puerta.h"
 #include "core/ventanas/marco/Ventana.h"
 
 namespace tarvo::ventanas {
@@ -24,7 +25,32 @@ class Ventanas final : public QObject {
   // `muestra`: arguments with which ./capturas opens it; a window that needs others can't be opened
   // by name alone.
   void registrar(const QString& nombre, Fabrica fabrica, Argumentos muestra = {});
+  // The window V of a door P, which takes these engines: lvalues outlive it, others are kept. V has
+  // `Resultado<> entrar(const P&)`, called at every opening; on a failure it isn't opened.
+  template <EsPuerta P, class V, class... Motores>
+  void registrar(Motores&&... motores) {
+    registradas_[QStringView(P::kNombre).toString()] = {
+        [dados = std::tuple<Motores...>(std::forward<Motores>(motores)...)](
+            Contexto& c, const QString& nombre) -> Ventana* {
+          return std::apply([&](auto&... m) { return new V(c, nombre, m...); }, dados);
+        },
+        {},
+        [](Ventana& v, const std::any& puerta) {
+          const P* dada = std::any_cast<P>(&puerta);
+          return static_cast<V&>(v).entrar(dada ? *dada : P());
+        },
+        {}};
+  }
+  // The door with which its window is opened by name alone, in place of one made by default.
+  template <EsPuerta P>
+  void setMuestra(const P& puerta) {
+    registradas_[QStringView(P::kNombre).toString()].puerta = puerta;
+  }
   bool conoce(const QString& nombre) const;
+  template <EsPuerta P>
+  bool conoce() const {
+    return conoce(QStringView(P::kNombre).toString());
+  }
   QStringList nombres() const;  // all registered, sorted
   const Argumentos& muestra(const QString& nombre) const;
 
@@ -33,11 +59,38 @@ class Ventanas final : public QObject {
   // box.
   Ventana* abrir(const QString& nombre, QWidget* dueno = nullptr,
                  const Argumentos& argumentos = {});
-  // The same, modal; true when it was accepted.
+  // The window of a door, made at its first naming. Null as above.
+  template <EsPuerta P>
+  Ventana* abrir(const P& puerta, QWidget* dueno = nullptr) {
+    return mostrar(nombreDe(puerta), dueno, {}, puerta);
+  }
+  // The same, modal: what it hands back, nothing when it was left without. Of a door that hands
+  // nothing back, whether it was accepted.
+  template <EsPuerta P>
+  auto preguntar(const P& puerta, QWidget* dueno) {
+    std::any salida;
+    const bool aceptada = correr(nombreDe(puerta), dueno, {}, puerta, &salida);
+    if constexpr (ConSalida<P>) {
+      auto* dada = std::any_cast<typename P::Salida>(&salida);
+      return dada ? std::optional(std::move(*dada)) : std::nullopt;
+    } else {
+      return aceptada;
+    }
+  }
+  // By name alone, modal; true when it was accepted.
   bool abrirModal(const QString& nombre, QWidget* dueno, const Argumentos& argumentos = {});
 
   Ventana* cargada(const QString& nombre) const;  // null when it isn't loaded
-  std::vector<Ventana*> abiertas() const;         // in the order of their making
+  // The list of that window; null when it isn't loaded, or is none.
+  Recorrido* recorrido(const QString& nombre) const {
+    Ventana* v = cargada(nombre);
+    return v ? v->recorrido() : nullptr;
+  }
+  template <EsPuerta P>
+  Ventana* cargada(const P& puerta = {}) const {
+    return cargada(nombreDe(puerta));
+  }
+  std::vector<Ventana*> abiertas() const;  // in the order of their making
   // False when it refused; true when it went or wasn't loaded.
   bool descargar(const QString& nombre);
   // Unloads "gestcomm" first, then every other window but "Cronos" and `menos`. True refuses the
@@ -50,18 +103,35 @@ class Ventanas final : public QObject {
   void vacio();  // the last window has gone
 
  private:
-  Ventana* hacer(const QString& nombre, QWidget* dueno, const Argumentos& argumentos);
+  Ventana* hacer(const QString& nombre, QWidget* dueno, const Argumentos& argumentos,
+                 const std::any& puerta);
+  Ventana* mostrar(const QString& nombre, QWidget* dueno, const Argumentos& argumentos,
+                   const std::any& puerta);
+  bool correr(const QString& nombre, QWidget* dueno, const Argumentos& argumentos,
+              const std::any& puerta, std::any* salida);
   void quitar(const QString& nombre);
 
   struct Entrada {
     Fabrica fabrica;
     Argumentos muestra;
+    std::function<Resultado<>(Ventana&, const std::any&)> entrar;  // of a door
+    std::any puerta = {};                                          // its sample
   };
   Contexto* contexto_ = nullptr;
   std::map<QString, Entrada> registradas_;
   std::vector<Ventana*> abiertas_;
   std::vector<QPointer<Ventana>> idas_;  // unloaded, not yet deleted
 };
+
+template <class P>
+Ventana* Ventana::abrir(const P& puerta) {
+  return c_.ventanas.abrir(puerta, this);
+}
+
+template <class P>
+auto Ventana::preguntar(const P& puerta) {
+  return c_.ventanas.preguntar(puerta, this);
+}
 
 // A factory for a window that takes these engines, which outlive it.
 template <class V, class... Motores>

@@ -84,13 +84,16 @@ bool ModeloParrilla::setData(const QModelIndex& indice, const QVariant& valor, i
   const Columna& c = columnas_[static_cast<size_t>(indice.column())];
   if (papel != Qt::EditRole || !c.editar) return false;
   const QString escrito = valor.toString();
-  if (escrito == texto(indice.row(), indice.column())) return true;
+  const QString antes = texto(indice.row(), indice.column());
+  if (escrito == antes) return true;
   const QPersistentModelIndex sitio = indice;
   const Clave suya = clave(indice.row());
+  const int columna = indice.column();
   if (const auto hecho = c.editar(suya, escrito); !hecho) {
     Q_EMIT rechazada(indice, escrito, hecho.error());
     return false;
   }
+  Q_EMIT celdaEscrita(suya, columna, antes);
   if (const int fila = sitio.isValid() ? sitio.row() : filaDe(suya); fila >= 0) {
     releer(fila);
     Q_EMIT editada(index(fila, indice.column()));

@@ -68,6 +68,7 @@ class ModeloParrilla : public QAbstractTableModel {
   void fallido(const tarvo::Error& error) const;  // rows that should show can't be read
   void recuento();                                // the number of rows known or the sums changed
   void editada(const QModelIndex& indice);        // a cell was written
+  void celdaEscrita(qint64 clave, int columna, const QString& antes);
   void rechazada(const QModelIndex& indice, const QString& texto, const tarvo::Error& error);
 
  protected:

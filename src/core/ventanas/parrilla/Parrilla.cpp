@@ -5,6 +5,7 @@
 #include <QItemSelectionModel>
 #include <QScrollBar>
 
+#include "core/ventanas/marco/Alcance.h"
 #include "core/ventanas/parrilla/ParrillaInterior.h"
 #include "core/ventanas/parrilla/Rejilla.h"
 
@@ -22,6 +23,9 @@ Parrilla::Parrilla(QWidget* padre)
 
 void Parrilla::showEvent(QShowEvent* evento) {
   d->ceder();
+  // By the label that leads to it, else by the window's title.
+  const QString suyo = accessibleName();
+  if (d->c) vista_->setAccessibleName(suyo.isEmpty() ? window()->windowTitle() : suyo);
   QWidget::showEvent(evento);
 }
 
@@ -40,6 +44,7 @@ void Parrilla::preparar(Contexto& contexto, const QString& nombre, std::vector<C
   d->ventana = nombre;
   d->columnas = std::move(columnas);
   d->hacerAcciones();
+  d->presentarse();
   vista_->setModel(nullptr);
   delete std::exchange(sql_, nullptr);
   delete std::exchange(vivo_, nullptr);
@@ -181,8 +186,13 @@ void Parrilla::setUnaSola(bool unaSola) {
 
 void Parrilla::setVacia(const QString& texto, QAction* remedio) {
   d->vaciaTexto->setText(texto);
-  d->vaciaBoton->setDefaultAction(remedio);
   d->vaciaBoton->setVisible(remedio != nullptr);
+  if (d->remedio) {
+    d->remedio->disconnect(d->vaciaBoton);
+    d->vaciaBoton->disconnect(d->remedio);
+  }
+  d->remedio = remedio;
+  if (remedio) seguirAccion(*d->vaciaBoton, *remedio);
   d->pintarVacia();
 }
 
@@ -217,6 +227,10 @@ Resultado<> Parrilla::ordenar(int columna, Qt::SortOrder sentido) {
 
 QLineEdit* Parrilla::campoBusca() const {
   return d->busca;
+}
+
+bool Parrilla::seBusca() const {
+  return d->busca->isVisible();
 }
 
 QLabel* Parrilla::pie() const {

@@ -10,12 +10,14 @@
 // Ctrl+C copies; Ctrl+A selects all; F5 refreshes; Ctrl+Shift+C chooses columns; Enter is a double
 // click; the menu key is the context menu. A cell whose column has `editar` is written into: F2,
 // Enter or a double click opens it, Enter and Tab keep what was typed (Tab goes on to the next such
-// cell), Escape gives it up.
+// cell), Escape gives it up. So does a letter that its kind takes: what is typed on a cell that can
+// be written begins to write it, elsewhere it searches.
 #pragma once
 
 #include <QWidget>
 #include <memory>
 
+#include "core/ventanas/marco/Buscable.h"
 #include "core/ventanas/parrilla/ModeloSql.h"
 #include "core/ventanas/parrilla/ModeloVivo.h"
 
@@ -29,7 +31,7 @@ namespace tarvo::ventanas {
 
 struct Contexto;
 
-class Parrilla final : public QWidget {
+class Parrilla final : public QWidget, private Buscable {
   Q_OBJECT
  public:
   explicit Parrilla(QWidget* padre = nullptr);
@@ -67,8 +69,7 @@ class Parrilla final : public QWidget {
   void elegir(const std::vector<ModeloParrilla::Clave>& claves, bool anadir = false);
   void limpiarSeleccion();
   void setUnaSola(bool unaSola);  // one row at most
-  // Lets a sheet of numbers be filled quickly: a letter typed on a cell begins to write into it,
-  // and Enter only activates the row.
+  // Lets a sheet of numbers be filled quickly: Enter only activates the row.
   void setEscribeAlTeclear(bool si);
   // Opens the current cell, or its row's first that can be written into. False when there is none.
   bool editarCelda();
@@ -85,7 +86,7 @@ class Parrilla final : public QWidget {
   Resultado<> ordenar(int columna, Qt::SortOrder sentido);
 
   // --- what the grid does by itself
-  void irABuscar();                   // the focus goes to the search field
+  void irABuscar() override;          // the focus goes to the search field
   void buscar(const QString& texto);  // from the row behind the current one, round the end
   void copiar();
   void elegirColumnas();
@@ -103,8 +104,10 @@ class Parrilla final : public QWidget {
   void activada(int fila);              // Enter or double click
   void actualCambiada(int fila);        // -1 for none
   void editada(int fila, int columna);  // a cell was written
-  void escrita(int fila);               // the same by Enter, which ends it
-  void dejada();                        // a cell in edit was closed, written or given up
+  // In front of that: the cell, and what stood in it.
+  void celdaEscrita(qint64 clave, int columna, const QString& antes);
+  void escrita(int fila);  // the same by Enter, which ends it
+  void dejada();           // a cell in edit was closed, written or given up
   void seleccionCambiada();
   void fallo(const tarvo::Error& error);  // of work that the person began on the grid itself
   void resuelto();  // behind the refusal of a cell: another was written, or it was given up
@@ -113,6 +116,8 @@ class Parrilla final : public QWidget {
  private:
   struct Interior;
   void recordar();
+  QWidget& control() override { return *this; }
+  bool seBusca() const override;
   bool eventFilter(QObject* objeto, QEvent* evento) override;
   void showEvent(QShowEvent* evento) override;
 

@@ -49,7 +49,7 @@ bool Parrilla::Interior::teclaEdicion(const QKeyEvent& e) {
   const Columna& columna = columnas[static_cast<size_t>(celda.column())];
   const bool letra = !(e.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) &&
                      !e.text().isEmpty() && e.text()[0].isPrint();
-  if (!escribeAlTeclear || !letra || !seTeclea(columna, e.text())) return false;
+  if (!letra || !seTeclea(columna, e.text())) return false;
   return editar(celda, e.text());
 }
 

@@ -30,6 +30,7 @@ struct Parrilla::Interior {
 
   void montar();
   void hacerAcciones();
+  void presentarse();
   void ponerModelo(ModeloParrilla* modelo);
   int anchoInicial(int columna) const;
   void colocarColumnas();
@@ -75,6 +76,7 @@ struct Parrilla::Interior {
   QWidget* vacia = nullptr;
   QLabel* vaciaTexto = nullptr;
   QToolButton* vaciaBoton = nullptr;
+  QPointer<QAction> remedio;  // what that button does
   TiraTrabajo* trabajo = nullptr;
   QList<QAction*> acciones;
   QAction *copiar = nullptr, *todo = nullptr, *refrescar = nullptr, *elegirColumnas = nullptr,
@@ -87,7 +89,7 @@ struct Parrilla::Interior {
   QString tecleado;
   qint64 ultimaTecla = 0;
   bool conPie = true, conBusca = true, colocando = false;
-  bool exportando = false;
+  bool exportando = false, presentada = false;
   bool elasticas = true;                // the person has set no width, order or column yet
   std::unique_ptr<Temporizador> sumar;  // sums wait for the list to be at rest
 };

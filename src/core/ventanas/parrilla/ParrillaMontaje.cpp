@@ -9,6 +9,7 @@
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Recuerdos.h"
+#include "core/ventanas/marco/Ventana.h"
 #include "core/ventanas/parrilla/Delegado.h"
 #include "core/ventanas/parrilla/ParrillaInterior.h"
 
@@ -179,19 +180,23 @@ void Parrilla::Interior::hacerAcciones() {
              [this] { yo.elegirColumnas(); });
   exportar = accion(u"exportar"_s, kTxExportar, QKeySequence(Qt::CTRL | Qt::Key_E),
                     [this] { yo.exportar(); });
-  auto* ir = new QAction(&yo);
-  ir->setShortcut(QKeySequence::Find);
-  ir->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-  connect(ir, &QAction::triggered, &yo, &Parrilla::irABuscar);
-  yo.addAction(ir);
   busca->setPlaceholderText(t(kTxBuscar));
   busca->setAccessibleName(t(kTxBuscar));
   busca->addAction(icono(u"buscar"_s), QLineEdit::LeadingPosition);
-  yo.vista_->setAccessibleName(t(kTxLista));
   if (vaciaTexto->text().isEmpty()) vaciaTexto->setText(t(kTxVacia));
   trabajo = new TiraTrabajo(c->textos, c->reloj, &yo);
   qobject_cast<QVBoxLayout*>(yo.layout())->addWidget(trabajo);
   sumar = c->reloj.temporizador([this] { pintarPie(); });
+}
+
+// To the window that it is in: what its cells refuse is said on that one's strip, until it is
+// settled; Ctrl+F leads here.
+void Parrilla::Interior::presentarse() {
+  auto* v = qobject_cast<Ventana*>(yo.window());
+  if (!v || std::exchange(presentada, true)) return;
+  v->acoger(yo);
+  connect(&yo, &Parrilla::fallo, v, &Ventana::decirPendiente);
+  connect(&yo, &Parrilla::resuelto, v, &Ventana::resuelto);
 }
 
 void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
@@ -205,6 +210,7 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
   });
   connect(m, &ModeloParrilla::renovado, &yo, [this] { reponer(); });
   connect(m, &ModeloParrilla::recuento, &yo, [this] { contar(); });
+  connect(m, &ModeloParrilla::celdaEscrita, &yo, &Parrilla::celdaEscrita);
   connect(m, &ModeloParrilla::editada, &yo, [this](const QModelIndex& celda) {
     resolver();
     ++escritas;

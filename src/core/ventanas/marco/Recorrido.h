@@ -1,7 +1,7 @@
 // A window that walks the articles of a section, as its children see it: they follow its pointer,
-// move it, and say when they have written. Reached by name and dynamic_cast:
+// move it, and say when they have written. Reached through the window that is one:
 //
-//   auto* lista = dynamic_cast<Recorrido*>(contexto().ventanas.cargada(u"BrowPLUs"_s));
+//   Recorrido* lista = contexto().ventanas.recorrido(u"BrowPLUs"_s);
 //
 // REQUIRES to be asked for each time: the window may have gone meanwhile.
 #pragma once

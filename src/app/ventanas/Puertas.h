@@ -1,0 +1,17 @@
+// The doors of the program's own windows.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+
+#include "core/ventanas/marco/Puerta.h"
+
+namespace tarvo::app {
+
+// An entry of the person's own: one of the settings by its place, or a new one.
+struct PuertaElemPerso {
+  static constexpr QStringView kNombre = u"ElemPerso";
+  std::optional<std::size_t> cual = {};
+};
+
+}  // namespace tarvo::app

@@ -1,0 +1,115 @@
+#include "core/ventanas/edicion/Campo.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScopedValueRollback>
+#include <QTabWidget>
+
+#include "core/ventanas/aspecto/Medidas.h"
+
+namespace tarvo::ventanas {
+
+Campo::Campo(QWidget& control, QLabel* falta)
+    : QObject(&control), control_(control), falta_(falta) {
+  if (!falta_) return;
+  falta_->setWordWrap(true);
+  ponerLetra(*falta_, Letra::Secundaria);
+}
+
+void Campo::setNombre(const QString& nombre) {
+  nombre_ = nombre;
+  nombre_.remove(u'&');
+  while (nombre_.endsWith(u':') || nombre_.endsWith(u' ')) nombre_.chop(1);
+  if (control_.accessibleName().isEmpty()) control_.setAccessibleName(nombre_);
+}
+
+void Campo::setPista(const QString& pista) {
+  control_.setToolTip(pista);
+  control_.setAccessibleDescription(pista);
+}
+
+void Campo::mostrar() {
+  aControl();
+  visto_ = estado();
+  marcar({});
+}
+
+Resultado<> Campo::leer() {
+  if (!control_.isEnabled()) {
+    marcar({});
+    return {};
+  }
+  if (!tocado() && !conFalta()) return {};
+  const auto hecho = aMiembro();
+  if (hecho) visto_ = estado();  // back to what it was shown with is a change again
+  marcar(hecho ? QString() : hecho.error().texto);
+  return hecho;
+}
+
+void Campo::marcar(const QString& falta) {
+  if (falta_) {
+    falta_->setText(falta);
+    falta_->setVisible(!falta.isEmpty());
+  }
+  control_.setAccessibleDescription(falta.isEmpty() ? control_.toolTip() : falta);
+  if (conFalta() == !falta.isEmpty()) return;
+  control_.setProperty("falta", !falta.isEmpty());
+  control_.update();  // its frame is drawn by the property
+}
+
+bool Campo::conFalta() const {
+  return control_.property("falta").toBool();
+}
+
+void Campo::enfocar() {
+  for (QWidget* w = &control_; QWidget* padre = w->parentWidget(); w = padre)
+    if (auto* fichas = qobject_cast<QTabWidget*>(padre->parentWidget());
+        fichas && fichas->indexOf(w) >= 0)
+      fichas->setCurrentWidget(w);
+  control_.setFocus();
+  if (auto* linea = qobject_cast<QLineEdit*>(&control_)) linea->selectAll();
+}
+
+void Campo::tocar() {
+  marcar({});
+  Q_EMIT cambiado();
+}
+
+CampoLinea::CampoLinea(QLineEdit& linea, QLabel* falta, Modo modo)
+    : Campo(linea, falta), linea_(linea), modo_(std::move(modo)) {
+  setPista(modo_.limites);
+  if (modo_.letras > 0)
+    linea.setMaximumWidth(linea.fontMetrics().horizontalAdvance(QString(modo_.letras + 3, u'0')) +
+                          escalar(2 * kHueco));
+  connect(&linea, &QLineEdit::textEdited, this, &CampoLinea::tocar);
+  connect(&linea, &QLineEdit::editingFinished, this, &Campo::dejado);
+}
+
+QString CampoLinea::estado() const {
+  return linea_.text();
+}
+
+void CampoLinea::aControl() {
+  linea_.setText(modo_.ver());
+}
+
+Resultado<> CampoLinea::aMiembro() {
+  return modo_.poner(linea_.text());
+}
+
+CampoVivo::CampoVivo(QWidget& control, QLabel* falta, Enlace enlace)
+    : Campo(control, falta), enlace_(std::move(enlace)) {
+  enlace_.aControl = [this, poner = std::move(enlace_.aControl)] {
+    const QScopedValueRollback en(poniendo_, true);
+    poner();
+  };
+}
+
+void CampoVivo::haCambiado() {
+  if (poniendo_) return;
+  enlace_.aMiembro();
+  tocar();
+}
+
+}  // namespace tarvo::ventanas

@@ -1,0 +1,72 @@
+#include "core/ventanas/edicion/Deshacer.h"
+
+#include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/parrilla/Parrilla.h"
+
+namespace tarvo::ventanas {
+
+using namespace Qt::StringLiterals;
+
+Deshacer::Deshacer(Ventana& ventana, QAction* accion)
+    : QObject(&ventana), v_(ventana), accion_(accion ? accion : new QAction(&ventana)) {
+  if (!accion) {
+    accion_->setObjectName(u"Deshacer"_s);
+    accion_->setText(v_.t(kTxDeshacer));
+    v_.addAction(accion_);
+  }
+  accion_->setIcon(icono(u"atras"_s));
+  accion_->setShortcut(QKeySequence(QKeySequence::Undo));
+  connect(accion_, &QAction::triggered, this, &Deshacer::deshacer);
+  pintar();
+}
+
+void Deshacer::apuntar(const QString& que, Vuelta vuelta) {
+  pila_.push_back({que, std::move(vuelta)});
+  pintar();
+}
+
+void Deshacer::seguirCeldas(Parrilla& lista, std::function<bool(int)> cuando) {
+  connect(
+      &lista, &Parrilla::celdaEscrita, this,
+      [this, &lista, cuando = std::move(cuando)](qint64 clave, int columna, const QString& antes) {
+        if (cuando && !cuando(columna)) return;
+        const Columna& c = lista.modelo()->columnas()[static_cast<size_t>(columna)];
+        const QString que = v_.t(kTxCeldaDe).arg(v_.t(c.titulo).trimmed(), antes);
+        apuntar(que, [&lista, clave, antes, editar = c.editar, columna]() -> Resultado<Vuelto> {
+          TARVO_INTENTAR(editar(clave, antes));
+          TARVO_INTENTAR(lista.refrescar());
+          if (const int fila = lista.filaDe(clave); fila >= 0)
+            lista.vista()->setCurrentIndex(lista.modelo()->index(fila, columna));
+          return Vuelto();
+        });
+      });
+}
+
+void Deshacer::deshacer() {
+  if (pila_.empty()) return;
+  const Cambio cambio = pila_.back();
+  const auto hecho = cambio.vuelta();
+  const bool puedePasar = !hecho && (hecho.error().clase == Fallo::Ocupado ||
+                                     hecho.error().clase == Fallo::SoloLectura ||
+                                     hecho.error().clase == Fallo::DiscoLleno);
+  if (!puedePasar) pila_.pop_back();
+  pintar();
+  if (!v_.haIdoBien(hecho)) return;
+  const QString texto = hecho->texto.isEmpty() ? v_.t(kTxDeshecho).arg(cambio.que) : hecho->texto;
+  hecho->duda ? v_.decirDuda(texto) : v_.decirBien(texto);
+  Q_EMIT deshecho();
+}
+
+void Deshacer::olvidar() {
+  pila_.clear();
+  pintar();
+}
+
+void Deshacer::pintar() {
+  accion_->setEnabled(!pila_.empty());
+  accion_->setToolTip(pila_.empty() ? v_.t(kTxNadaQueDeshacer)
+                                    : v_.t(kTxDeshacerQue).arg(pila_.back().que));
+}
+
+}  // namespace tarvo::ventanas

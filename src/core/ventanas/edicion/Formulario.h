@@ -1,0 +1,76 @@
+// A form written row by row: caption, field, unit, and room for its fault. Controls bear the
+// domain's names; captions are texts, and their letters lead to the fields. The order of Tab is
+// that of writing. It is a handle: copies write into the same place.
+#pragma once
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <functional>
+
+#include "core/ventanas/edicion/Campo.h"
+#include "core/ventanas/edicion/Opciones.h"
+
+class QCheckBox;
+class QPushButton;
+class QTabWidget;
+class QToolButton;
+
+namespace tarvo::ventanas {
+
+class Ficha;
+class Parrilla;
+
+class Formulario {
+ public:
+  Formulario(Ficha& ficha, QBoxLayout& sitio) : ficha_(&ficha), sitio_(&sitio) {}
+
+  // --- rows; `rotulo` and `unidad` are texts, 0 for none
+  Campo& fila(int rotulo, const QString& nombre, Modo modo, int unidad = 0);
+  template <class T>
+  Campo& fila(int rotulo, const QString& nombre, T& donde, const Opciones& opciones) {
+    return lista(
+        rotulo, nombre, [&donde] { return static_cast<qint64>(donde); },
+        [&donde](qint64 n) { donde = static_cast<T>(n); }, opciones);
+  }
+  Campo& casilla(int rotulo, const QString& nombre, bool& donde);
+  Campo& parrafo(int rotulo, const QString& nombre, QString& donde, int alto);
+  // A control of the window's own with its caption.
+  void fila(int rotulo, QWidget* control, const QString& nombre);
+  // Whatever stands in a row of its own, as wide as the form, below its caption; `crece`: it takes
+  // the room left.
+  template <class W>
+  W* ancho(W* control, const QString& nombre, int rotulo = 0, int crece = 0) {
+    poner(control, nombre, rotulo, crece);
+    return control;
+  }
+  Parrilla* parrilla(int rotulo, const QString& nombre, int crece = 1);
+  QLabel* nota(const QString& nombre, int texto = 0);
+  QLabel* titulo(const QString& nombre);
+  // Buttons or other small controls side by side.
+  void enLinea(std::initializer_list<QWidget*> controles);
+  QPushButton* boton(int texto, const QString& nombre, const std::function<void()>& hacer);
+  QToolButton* icono(const QString& dibujo, int pista, const QString& nombre,
+                     const std::function<void()>& hacer);
+  void muelle();
+
+  // --- places
+  Formulario grupo(int titulo, const QString& nombre);
+  QTabWidget* fichas(const QString& nombre);
+  Formulario ficha(QTabWidget* fichas, int titulo, const QString& nombre);
+  std::vector<Formulario> columnas(int cuantas);
+
+ private:
+  Campo& lista(int rotulo, const QString& nombre, std::function<qint64()> ver,
+               std::function<void(qint64)> poner, const Opciones& opciones);
+  QString t(int numero) const;
+  QGridLayout& reja();  // the grid under way, so that rows stand in line
+  QLabel* rotular(QGridLayout& reja, int linea, int rotulo, QWidget* control);
+  QLabel* faltaDe(QGridLayout& reja, int linea, const QString& nombre);
+  void poner(QWidget* control, const QString& nombre, int rotulo, int crece);
+  QWidget* donde() const;
+
+  Ficha* ficha_;
+  QBoxLayout* sitio_;
+};
+
+}  // namespace tarvo::ventanas

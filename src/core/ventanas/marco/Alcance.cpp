@@ -1,0 +1,96 @@
+#include "core/ventanas/marco/Alcance.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenuBar>
+#include <QTabWidget>
+#include <QToolBar>
+#include <QToolButton>
+#include <utility>
+
+namespace tarvo::ventanas {
+
+namespace {
+
+// The letter that a text marks; null when it marks none.
+QChar letraDe(const QString& texto) {
+  for (qsizetype i = 0; i + 1 < texto.size(); ++i) {
+    if (texto[i] != u'&') continue;
+    if (texto[i + 1] != u'&') return texto[i + 1].toUpper();
+    ++i;
+  }
+  return {};
+}
+
+void apuntar(const QString& texto, QSet<QChar>& usadas) {
+  if (const QChar letra = letraDe(texto); !letra.isNull()) usadas << letra;
+}
+
+}  // namespace
+
+QSet<QChar> letrasUsadas(const QWidget& cuerpo) {
+  QSet<QChar> usadas;
+  for (const QLabel* r : cuerpo.findChildren<QLabel*>())
+    if (r->buddy()) apuntar(r->text(), usadas);
+  for (const QAbstractButton* b : cuerpo.findChildren<QAbstractButton*>())
+    apuntar(b->text(), usadas);
+  for (const QGroupBox* g : cuerpo.findChildren<QGroupBox*>()) apuntar(g->title(), usadas);
+  for (const QTabBar* t : cuerpo.findChildren<QTabBar*>())
+    for (int i = 0; i < t->count(); ++i) apuntar(t->tabText(i), usadas);
+  for (const QMenuBar* m : cuerpo.findChildren<QMenuBar*>())
+    for (const QAction* a : m->actions()) apuntar(a->text(), usadas);
+  return usadas;
+}
+
+QString conLetra(const QString& texto, QSet<QChar>& usadas) {
+  QString hecho = texto;
+  const QChar propia = letraDe(texto);
+  if (!propia.isNull() && !usadas.contains(propia)) {
+    usadas << propia;
+    return texto;
+  }
+  if (!propia.isNull()) hecho.remove(texto.indexOf(u'&'), 1);
+  for (qsizetype i = 0; i < hecho.size(); ++i) {
+    const QChar letra = hecho[i].toUpper();
+    if (!letra.isLetterOrNumber() || letra.unicode() > 0x7f || usadas.contains(letra)) continue;
+    usadas << letra;
+    return hecho.insert(i, u'&');
+  }
+  return hecho;
+}
+
+void seguirAccion(QToolButton& boton, QAction& accion) {
+  const auto seguir = [&boton, &accion] {
+    boton.setText(accion.text().remove(u'&'));
+    boton.setIcon(accion.icon());
+    boton.setToolTip(accion.toolTip());
+    boton.setEnabled(accion.isEnabled());
+  };
+  QObject::connect(&accion, &QAction::changed, &boton, seguir);
+  QObject::connect(&boton, &QToolButton::clicked, &accion, &QAction::trigger);
+  seguir();
+}
+
+void ponerAlAlcance(QWidget& cuerpo) {
+  QSet<QChar> usadas = letrasUsadas(cuerpo);
+  for (QToolBar* barra : cuerpo.findChildren<QToolBar*>()) {
+    // Where the bar itself is; its buttons were made behind all that the form has.
+    const Qt::FocusPolicy suya = barra->focusPolicy();
+    barra->setFocusPolicy(Qt::TabFocus);
+    QWidget* antes = barra;
+    for (QAction* accion : barra->actions()) {
+      auto* boton = qobject_cast<QToolButton*>(barra->widgetForAction(accion));
+      if (!boton) continue;
+      boton->setFocusPolicy(Qt::TabFocus);
+      QWidget::setTabOrder(std::exchange(antes, boton), boton);
+      const bool conPalabras = boton->toolButtonStyle() != Qt::ToolButtonIconOnly;
+      if (conPalabras && !accion->text().isEmpty())
+        accion->setIconText(conLetra(accion->text(), usadas));
+    }
+    barra->setFocusPolicy(suya);
+  }
+}
+
+}  // namespace tarvo::ventanas

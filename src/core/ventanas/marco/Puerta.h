@@ -1,0 +1,36 @@
+// Doors: what a window is opened with, and what it hands back, as plain structs that any room of
+// windows may include without linking the window. They stand in the Puertas.h of its room.
+//
+//   struct PuertaEdiParms {
+//     static constexpr QStringView kNombre = u"EdiParms";  // for the command line and the registry
+//     using Salida = ParamCanal;  // what is handed back; left out where nothing is
+//     int numero = 1;
+//     ParamCanal canal;
+//   };
+//
+// As it is made by default a door opens its window from the command line and for pictures. One of
+// many windows has `QString instancia() const`; each instance has one window.
+#pragma once
+
+#include <QString>
+#include <concepts>
+
+namespace tarvo::ventanas {
+
+template <class P>
+concept EsPuerta = std::default_initializable<P> && std::copyable<P> && requires {
+  { P::kNombre } -> std::convertible_to<QStringView>;
+};
+
+template <class P>
+concept ConSalida = EsPuerta<P> && requires { typename P::Salida; };
+
+template <EsPuerta P>
+QString nombreDe(const P& puerta) {
+  QString nombre = QStringView(P::kNombre).toString();
+  if constexpr (requires { puerta.instancia(); })
+    if (const QString cual = puerta.instancia(); !cual.isEmpty()) nombre += u'#' + cual;
+  return nombre;
+}
+
+}  // namespace tarvo::ventanas
