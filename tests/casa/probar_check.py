@@ -84,6 +84,7 @@ CASOS = [
     ("frases", anade("src/stock/Prueba.cpp", 'auto s = u"No hay artículos";\n'), r"Prueba.cpp:1: a sentence"),
     ("sql", anade("src/stock/Prueba.cpp", "r = rs->MoveNext();\n"), r"Prueba.cpp:1: rows are walked by"),
     ("sql", anade("src/stock/Prueba.cpp", 'auto s = u"DELETE FROM %1 WHERE LINK=?";\n'), r"marks have no names"),
+    ("datos", anade("src/comm/ventanas/Prueba.cpp", '#include "core/dao/Database.h"\n'), r"data work in a window"),
     ("paquetes", anade("src/stock/Prueba.txt", "apt" + " install unicornio\n"), r"the only list of packages"),
     ("palabras", anade("src/stock/Prueba.cpp", "// FIX" + "ME\n"), r"a word that must not stand"),
     ("simbolos", archivo, r"libx.a: takes QWidget"),

@@ -94,6 +94,7 @@ TEST(VentanaPeriodos, SumaDosDiasEnUnoNuevo) {
   EXPECT_EQ(t.leer(u"select DESCR, stkABLE from COLUMNA where LINK=3"_s), u"Dos dias 0");
   EXPECT_EQ(t.leer(u"select sum([IMP]) from TOTPLU where LINK=3"_s), u"279000");
   EXPECT_EQ(v->tira().texto(), u"2 periodos sumados");
+  ASSERT_TRUE(esperar([v] { return v->isActiveWindow(); })) << "keys go to the active one";
   QTest::keyClick(grid.vista(), Qt::Key_Z, Qt::ControlModifier);
   EXPECT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 2; }));
   EXPECT_EQ(t.cuenta(u"TOTPLU where LINK=3"_s), 0);
