@@ -46,16 +46,16 @@ class Noche:
         """Waits until the moment of the kill, or until the run ends by itself."""
         modo = self.azar.choice(("momento", "paso", "paso", "escrito", "escrito"))
         if modo == "momento":
-            esperar(lambda: not vivo(), self.azar.uniform(0, 8))
+            esperar(lambda: not vivo(), self.azar.uniform(0, 1))
         elif modo == "paso":
             hechos = self.paso() or 0
             por_hacer = [i for i, p in enumerate(self.pasos) if i >= hechos and p.startswith(DELICADOS)]
             if por_hacer:
                 cual = self.azar.choice(por_hacer)
-                esperar(lambda: not vivo() or self.paso() == cual, 30)
-                time.sleep(self.azar.choice((0.49, 0.99)) + self.azar.uniform(-0.01, 0.04))
+                esperar(lambda: not vivo() or self.paso() == cual, 30, 0.001)
+                time.sleep(self.azar.uniform(0, 0.03))
         else:
-            esperar(lambda: not vivo(), self.azar.uniform(0, 8))
+            esperar(lambda: not vivo(), self.azar.uniform(0, 1))
             antes = self.escrito()
             esperar(lambda: not vivo() or self.escrito() != antes, 5, 0.001)
             time.sleep(self.azar.uniform(0, 0.03))
