@@ -38,6 +38,7 @@ Resultado<> Debidos::refrescar() {
   TARVO_TOMAR(auto todos, libro_.todos());
   todos_ = std::move(todos);
   std::vector<FilaViva> filas;
+  filas.reserve(todos_.size());
   for (size_t i = 0; i < todos_.size(); ++i)
     filas.push_back({static_cast<qint64>(i), {periodoDe(todos_[i]), queFalta(todos_[i])}});
   ui_.Lista->vivas().poner(std::move(filas));
