@@ -6,8 +6,11 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QLabel>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include "core/ventanas/marco/Escritorio.h"
 #include "core/ventanas/parrilla/Parrilla.h"
@@ -23,6 +26,13 @@ T bien(Resultado<T> r) {
   if constexpr (!std::is_void_v<T>) return r ? std::move(*r) : T{};
 }
 
+// Runs the event loop until it holds; false when it never does. Builds that watch themselves, on a
+// busy machine, take their time.
+template <class F>
+bool esperar(F condicion, int ms = 60'000) {
+  return QTest::qWaitFor(condicion, ms);
+}
+
 struct Mesa {
   // `propios`: lines "number TAB text" on top of the program's table.
   explicit Mesa(const QString& propios = {}) : textos(leerTextos(propios)) {}
@@ -34,6 +44,41 @@ struct Mesa {
   }
   ventanas::Contexto& contexto() { return escritorio.contexto(); }
 
+  template <class V = ventanas::Ventana>
+  V* abrir(const QString& nombre, const ventanas::Argumentos& a = {}) {
+    auto* v = dynamic_cast<V*>(escritorio.ventanas().abrir(nombre, nullptr, a));
+    EXPECT_NE(v, nullptr) << nombre.toStdString();
+    EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));  // keys go to the active one
+    return v;
+  }
+  template <ventanas::EsPuerta P>
+  ventanas::Ventana* abrir(const P& puerta) {
+    auto* v = escritorio.ventanas().abrir(puerta);
+    EXPECT_NE(v, nullptr);
+    EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));
+    return v;
+  }
+  // Does `hacer` once a modal window is on top, as soon as it is there.
+  template <class F>
+  void alAbrirse(F hacer) {
+    QTimer::singleShot(30, &escritorio.ventanas(), [this, hacer] {
+      QWidget* w = QApplication::activeModalWidget();
+      if (!w) return alAbrirse(hacer);
+      const auto* mensaje = w->findChild<QLabel*>(u"Mensaje"_s);
+      textoModal = mensaje ? mensaje->text() : QString();
+      hacer(w);
+    });
+  }
+  // Presses a button of the next modal window.
+  void responder(const QString& boton) {
+    alAbrirse([boton](QWidget* w) {
+      auto* b = w->findChild<QPushButton*>(boton);
+      ASSERT_NE(b, nullptr) << boton.toStdString();
+      QTest::mouseClick(b, Qt::LeftButton);
+    });
+  }
+
+  QString textoModal;  // of the box that alAbrirse() saw last
   QTemporaryDir carpeta;
   Ajustes ajustes{carpeta.path(), Idioma::Espanol};
   std::unique_ptr<dao::Database> db =
@@ -54,12 +99,5 @@ struct Mesa {
     return bien(Textos::leer(junta.fileName()));
   }
 };
-
-// Runs the event loop until it holds; false when it never does. Builds that watch themselves, on a
-// busy machine, take their time.
-template <class F>
-bool esperar(F condicion, int ms = 60'000) {
-  return QTest::qWaitFor(condicion, ms);
-}
 
 }  // namespace tarvo::prueba

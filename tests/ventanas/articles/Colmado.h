@@ -67,13 +67,6 @@ struct Colmado : Mesa {
   QString cruces() { return leer(u"select plu, Grupo, borra from [Cross] order by plu, Grupo"_s); }
   std::vector<int> cambiadas() { return catalogo.cambios().SeccionesModificadas(); }
 
-  template <class V = ventanas::Ventana>
-  V* abrir(const QString& nombre, const ventanas::Argumentos& a = {}) {
-    auto* v = dynamic_cast<V*>(escritorio.ventanas().abrir(nombre, nullptr, a));
-    EXPECT_NE(v, nullptr) << nombre.toStdString();
-    EXPECT_TRUE(activa(v));
-    return v;
-  }
   bool activa(QWidget* v) {
     return esperar([v] { return v && v->isActiveWindow(); });
   }
@@ -114,28 +107,8 @@ struct Colmado : Mesa {
     ASSERT_TRUE(p.editando()) << campo.toStdString();
     qobject_cast<QLineEdit*>(QApplication::focusWidget())->selectAll();
   }
-  // Does `hacer` once a modal window is on top, as soon as it is there.
-  template <class F>
-  void alAbrirse(F hacer) {
-    QTimer::singleShot(30, &escritorio.ventanas(), [this, hacer] {
-      QWidget* w = QApplication::activeModalWidget();
-      if (!w) return alAbrirse(hacer);
-      auto* mensaje = w->findChild<QLabel*>(u"Mensaje"_s);
-      textoModal = mensaje ? mensaje->text() : QString();
-      hacer(w);
-    });
-  }
-  // Presses a button of the next modal window.
-  void responder(const QString& boton) {
-    alAbrirse([boton](QWidget* w) {
-      auto* b = w->findChild<QPushButton*>(boton);
-      ASSERT_NE(b, nullptr) << boton.toStdString();
-      b->click();
-    });
-  }
   qint64 enMano(ventanas::Parrilla& p) { return p.valor(p.filaActual(), u"CODPLU").entero(); }
 
-  QString textoModal;
   Catalogo catalogo{*db, textos, reloj, u"ana@caja"_s};
   totals::Sesion sesion{*db, ajustes, reloj, textos};
   FabricaSimulada fabrica{reloj};

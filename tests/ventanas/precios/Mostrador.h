@@ -83,39 +83,6 @@ struct Mostrador : Mesa {
     }
     return filas.join(u" | ");
   }
-  template <class V = ventanas::Ventana>
-  V* abrir(const QString& nombre, const ventanas::Argumentos& a = {}) {
-    auto* v = dynamic_cast<V*>(escritorio.ventanas().abrir(nombre, nullptr, a));
-    EXPECT_NE(v, nullptr) << nombre.toStdString();
-    EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));  // keys go to the active one
-    return v;
-  }
-  template <ventanas::EsPuerta P>
-  ventanas::Ventana* abrir(const P& puerta) {
-    auto* v = escritorio.ventanas().abrir(puerta);
-    EXPECT_NE(v, nullptr);
-    EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));
-    return v;
-  }
-  // Does `hacer` once a modal window is on top, as soon as it is there.
-  template <class F>
-  void alAbrirse(F hacer) {
-    QTimer::singleShot(20, &escritorio.ventanas(), [this, hacer] {
-      QWidget* w = QApplication::activeModalWidget();
-      if (!w) return alAbrirse(hacer);
-      const auto* mensaje = w->findChild<QLabel*>(u"Mensaje"_s);
-      textoModal = mensaje ? mensaje->text() : QString();
-      hacer(w);
-    });
-  }
-  // Presses a button of the next modal window.
-  void responder(const QString& boton) {
-    alAbrirse([boton](QWidget* w) {
-      auto* b = w->findChild<QPushButton*>(boton);
-      ASSERT_NE(b, nullptr) << boton.toStdString();
-      b->click();
-    });
-  }
   static QLineEdit& campo(QWidget* v, const QString& nombre) {
     return *v->findChild<QLineEdit*>(nombre);
   }
@@ -141,7 +108,6 @@ struct Mostrador : Mesa {
     QTest::mouseClick(v->findChild<QPushButton*>(nombre), Qt::LeftButton);
   }
 
-  QString textoModal;
   articles::Catalogo catalogo{*db, textos, reloj, u"Ana"_s};
 };
 

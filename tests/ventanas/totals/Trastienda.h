@@ -81,39 +81,6 @@ struct Trastienda : Mesa {
     return bien(db->uno(QString(u"select count(*) from "_s + tabla))).entero();
   }
 
-  template <class V = ventanas::Ventana>
-  V* abrir(const QString& nombre, const ventanas::Argumentos& a = {}) {
-    auto* v = qobject_cast<V*>(escritorio.ventanas().abrir(nombre, nullptr, a));
-    EXPECT_NE(v, nullptr) << nombre.toStdString();
-    EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));  // keys go to the active one
-    return v;
-  }
-  template <ventanas::EsPuerta P>
-  ventanas::Ventana* abrir(const P& puerta) {
-    auto* v = escritorio.ventanas().abrir(puerta);
-    EXPECT_NE(v, nullptr);
-    EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));
-    return v;
-  }
-  // Does `hacer` once a modal window is on top, as soon as it is there.
-  template <class F>
-  void alAbrirse(F hacer) {
-    QTimer::singleShot(50, &escritorio.ventanas(), [this, hacer] {
-      QWidget* w = QApplication::activeModalWidget();
-      if (!w) return alAbrirse(hacer);
-      textoModal = w->findChild<QLabel*>(u"Mensaje"_s) ? w->findChild<QLabel*>(u"Mensaje"_s)->text()
-                                                       : QString();
-      hacer(w);
-    });
-  }
-  // Presses a button of the next modal window.
-  void responder(const QString& boton) {
-    alAbrirse([boton](QWidget* w) {
-      auto* b = w->findChild<QPushButton*>(boton);
-      ASSERT_NE(b, nullptr) << boton.toStdString();
-      QTest::mouseClick(b, Qt::LeftButton);
-    });
-  }
   static ventanas::Parrilla& lista(QWidget* v) {
     return *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
   }
@@ -123,7 +90,6 @@ struct Trastienda : Mesa {
     a->trigger();
   }
 
-  QString textoModal;
   stock::Almacenes almacenes{*db, reloj, textos};
   totals::Periodos periodos{*db, ajustes, almacenes, textos};
   totals::Sesion sesion{*db, ajustes, reloj, textos};
