@@ -30,6 +30,16 @@ class PeriodosLibrosTest : public testing::Test {
   void leerTodo() {
     for (const int g : {1, 2}) t.leer(g);
   }
+  // A warehouse for the groups, and the article that they sell.
+  void conAlmacen() {
+    ASSERT_TRUE(
+        t.db()
+            .ejecutarGuion(
+                u"INSERT OR IGNORE INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'A');\n"
+                u"UPDATE GRUPOS SET ALMACEN=1;\n"
+                u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, CADA) VALUES (1, 11, 'A', 2);\n")
+            .has_value());
+  }
   totals::Columna columna(qint64 link) { return **t.periodos().columna(link); }
   Fecha hoy() const { return t.reloj.ahora(); }
   qint64 crear(int tipo, Fecha desde, Fecha hasta) {
@@ -194,13 +204,7 @@ TEST_F(PeriodosLibrosTest, LoDeOrigenDesconocidoSeSustituyeSiNoSonMenos) {
 
 // What is added to a day goes into its week and out of stock at once.
 TEST_F(PeriodosLibrosTest, LaSemanaYElStockSiguenALoQueSeSumaAUnDia) {
-  ASSERT_TRUE(
-      t.db()
-          .ejecutarGuion(
-              u"INSERT OR IGNORE INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'A');\n"
-              u"UPDATE GRUPOS SET ALMACEN=1;\n"
-              u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, CADA) VALUES (1, 11, 'A', 2);\n")
-          .has_value());
+  conAlmacen();
   dia();
   leerTodo();
   const auto link = t.memorizar();
@@ -218,13 +222,7 @@ TEST_F(PeriodosLibrosTest, LaSemanaYElStockSiguenALoQueSeSumaAUnDia) {
 
 // Only the stock has a day that is replaced: it leaves it once.
 TEST_F(PeriodosLibrosTest, UnDiaSoloDescontadoQueSeSustituyeSaleDelStockUnaVez) {
-  ASSERT_TRUE(
-      t.db()
-          .ejecutarGuion(
-              u"INSERT OR IGNORE INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'A');\n"
-              u"UPDATE GRUPOS SET ALMACEN=1;\n"
-              u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, CADA) VALUES (1, 11, 'A', 2);\n")
-          .has_value());
+  conAlmacen();
   dia();
   const qint64 link = *t.periodos().CrearPeriodo(kDiario, hoy(), hoy(), true, {});
   ASSERT_TRUE(t.db()
