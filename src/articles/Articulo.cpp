@@ -11,7 +11,7 @@ namespace tarvo::articles {
 
 namespace {
 
-// In the order in which ColumnasArticulo takes them; the prices stand behind.
+// In the order in which ColumnasArticulo takes them; the prices come after.
 enum Columna {
   kSeccion,
   kCodigo,

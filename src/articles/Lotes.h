@@ -3,7 +3,7 @@
 //
 //   lote = empezar(window); guardar(lote, key) before each change; ...; acabar(lote)
 //
-// Work in slices, between which others write, says anotar(lote, key) behind each change too.
+// Work in slices, between which others write, says anotar(lote, key) after each change too.
 // System articles are left out of all of it.
 #pragma once
 

@@ -28,7 +28,7 @@ QString escribirIvas(const Ivas& ivas) {
   return partes.join(u'@');
 }
 
-// One behind the last; where that is beyond `ultimo`, the first that is free.
+// One after the last; where that is beyond `ultimo`, the first that is free.
 Resultado<int> Secciones::numeroLibre(const QString& columna, const QString& donde, int ultimo) {
   TARVO_TOMAR(auto rs, db_.consultar(QString(u"SELECT "_s + columna + u" FROM "_s + donde +
                                              u" ORDER BY "_s + columna)));

@@ -1,4 +1,4 @@
-// How a run begins: afresh, where an earlier one was cut off, or behind what an old one left to be
+// How a run begins: afresh, where an earlier one was cut off, or after what an old one left to be
 // noted down.
 #include "automation/AutomatInterior.h"
 
@@ -24,7 +24,7 @@ bool esAnotacion(const PasoProceso& p) {
   return v == kAcumular || v == kStock || v == kSelUltimo || v == kSeleccionar || v == kLimpiar;
 }
 
-// The first step behind the last point at which the queue was known to be empty.
+// The first step after the last point at which the queue was known to be empty.
 qint64 trasUltimaEspera(const std::vector<PasoProceso>& pasos, qint64 hechos) {
   for (qint64 i = hechos; i > 0; --i)
     if (pasos[static_cast<size_t>(i - 1)].clase() == kControl) return i;
@@ -186,7 +186,7 @@ Resultado<> Automat::Interior::completarAnotaciones() {
   for (indice = e.paso; indice < static_cast<qint64>(pasos.size()); ++indice) {
     const PasoProceso p = pasos[static_cast<size_t>(indice)];
     if (p.clase() == kSesion && p.verbo() == kCerrar)
-      break;  // what stands behind belongs to that one
+      break;  // what comes after belongs to that one
     if (!esAnotacion(p)) continue;
     e.paso = indice;
     TARVO_INTENTAR(llevarACabo(p));

@@ -62,7 +62,7 @@ class Cronos {
     Fecha cuando;
   };
   std::optional<Proxima> proximoInicio() const;
-  // Each tick of the clock, behind its pass.
+  // Each tick of the clock, after its pass.
   std::function<void()> alCambiar;
   // The process of an entry is about to be started.
   std::function<void(const Entrada&)> alArrancar;

@@ -7,7 +7,7 @@
 
 namespace tarvo::automation {
 
-// The first moment behind `desde` that a line names; nothing when it names no day.
+// The first moment after `desde` that a line names; nothing when it names no day.
 std::optional<Fecha> proximaVez(const LineaActivacion& linea, Fecha desde);
 
 }  // namespace tarvo::automation

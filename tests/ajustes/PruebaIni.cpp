@@ -26,7 +26,7 @@ QString linea(const Ajustes& a, const QString& clave) {
   return QStringLiteral("(no está)");
 }
 
-// What stands behind a key once a line was read and the file written again.
+// What comes after a key once a line was read and the file written again.
 struct Vuelta {
   const char* entra;
   const char* clave;

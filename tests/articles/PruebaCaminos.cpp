@@ -8,7 +8,7 @@ namespace {
 struct Camino {
   const char* nombre;
   std::function<void(Tienda&)> andar;
-  const char* cruces;       // behind it
+  const char* cruces;       // after it
   const char* modificadas;  // sections
 };
 

@@ -96,7 +96,7 @@ TEST_F(TablaPrueba, UnRecorridoVeLasFilasQueSeAnadenDelante) {
   for (; !rs->Eof(); avanzar(*rs), ++filas) {
     const qint64 codi = rs->entero(2);
     if (codi == 100) anadir(1, 1, 101);  // next
-    if (codi == 598) anadir(2, 1, 1);    // behind what was the last
+    if (codi == 598) anadir(2, 1, 1);    // after what was the last
     if (codi == 50) {
       EXPECT_TRUE(db->Execute(u"delete from T where CODI in (52, 54)").has_value());
     }

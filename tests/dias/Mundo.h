@@ -1,6 +1,6 @@
 // One seed from its first day to its last: a user who changes the catalogue, sendings by every way,
 // machines that fail, power that goes. At any moment what the program says that a group holds must
-// be so; and behind a day's last sending, without faults, every machine holds what it should, field
+// be so; and after a day's last sending, without faults, every machine holds what it should, field
 // by field.
 #pragma once
 

@@ -68,7 +68,7 @@ TEST_F(Deudas, TrasUnaTramaRepetidaTambienSeDebe) {
   EXPECT_EQ(tramasEnviadas(), 4U);
 }
 
-// Its answer may come whenever it likes, also behind that of another question.
+// Its answer may come whenever it likes, also after that of another question.
 TEST_F(Deudas, UnSilencioSoloLoSaldaLaLineaCallada) {
   auto& e = abierto(kVekMotor);
   e.Enviar(0, 100, "A", kLimpia);

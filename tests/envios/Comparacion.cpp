@@ -95,7 +95,7 @@ TEST_F(Birch, UnaBalanzaQueNoBorraNada) {
   EXPECT_EQ(codigos(), QStringList{u"5"_s});
 }
 
-// A deletion that is refused goes behind all that follows it, and no failure is told where it then
+// A deletion that is refused goes after all that follows it, and no failure is told where it then
 // succeeds. Where it doesn't, the article is named.
 TEST_F(Birch, UnBorradoNegadoVaDetrasDeLosDemas) {
   struct Caso {

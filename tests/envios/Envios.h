@@ -1,4 +1,4 @@
-// A shop whose articles are sent to machine models, and what stands on either side behind it.
+// A shop whose articles are sent to machine models, and what stands on either side after it.
 #pragma once
 
 #include "articles/Cambios.h"
@@ -36,7 +36,7 @@ struct Envios : Banco {
   QString tiene(int grupo, int addr = 1);
   // Cross of the group: "10 20x", x marked for deletion.
   QString cruz(int grupo);
-  // Enviados of the group: numbers, "?" behind one of which nobody knows what is held.
+  // Enviados of the group: numbers, "?" after one of which nobody knows what is held.
   QString probados(int grupo);
   QString retenidos(int grupo);  // "10/0 20/104"
   // Every article that Cross says is held is there, field by field, as it would be sent now.

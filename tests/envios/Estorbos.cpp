@@ -4,7 +4,7 @@
 
 namespace tarvo::prueba {
 
-// Refused articles go last, and behind the deletions, which may make room for them.
+// Refused articles go last, and after the deletions, which may make room for them.
 TEST_F(Envios, UnaNegativaNoParaALosDemas) {
   for (const qint64 c : {10, 20, 30, 40}) alta(c, c);
   enviar(1);
@@ -36,7 +36,7 @@ TEST_F(Envios, UnArticuloQueLaMaquinaNuncaQuiere) {
   EXPECT_TRUE(
       avisos.join(u'\n').contains(u"el artículo 0000020 no está al día en la máquina, que lo "
                                   u"ha rechazado: La trama recibida contiene datos erróneos."));
-  // The next time it goes behind the others.
+  // The next time it goes after the others.
   estorbos(1, {});
   alta(40, 40);
   EXPECT_EQ(enviar(1), u"100 40,100 20"_s);
@@ -55,7 +55,7 @@ TEST_F(Envios, UnaMaquinaQueLoNiegaTodo) {
 }
 
 // A full machine: more refusals running than would be the group's trouble, and what it must delete
-// stands behind them.
+// comes after them.
 TEST_F(Envios, UnaMaquinaLlenaHaceSitioPrimero) {
   for (const int tipo : {1, 4}) {
     SCOPED_TRACE(tipo);
@@ -97,7 +97,7 @@ TEST_F(Envios, UnSilencioSePreguntaAntesDeRepetir) {
   EXPECT_EQ(enviar(1), u"100 10,100 20,101 20,100 30"_s);
   EXPECT_EQ(cruz(1), u"10 20 30");
   for (const qint64 c : {10, 20, 30}) cambiar(c, u"PRECIO_00=5"_s);
-  // Its answer comes behind the next question, which it must not answer.
+  // Its answer comes after the next question, which it must not answer.
   estorbos(1, {});
   estorbos(1, {{Averia::RespuestaTardia, 1, 100}});
   enviar(1);
@@ -186,7 +186,7 @@ TEST_F(Envios, UnNumeroQueNoNiegaNada) {
 }
 
 // An article that the machine never answers, or with what nobody knows, doesn't keep the others
-// back: it goes behind them and is named.
+// back: it goes after them and is named.
 TEST_F(Envios, UnArticuloAlQueLaMaquinaNoContesta) {
   grupo(2, 2, u"cable 2"_s);
   grupo(4, 4, u"cable 4"_s);
@@ -218,7 +218,7 @@ TEST_F(Envios, UnArticuloAlQueLaMaquinaNoContesta) {
       EXPECT_EQ(retenidos(c.grupo), u"20/%1"_s.arg(c.error));
       EXPECT_TRUE(avisos.join(u'\n').contains(u"el artículo 0000020 no está al día"));
       problemas.clear();
-      // Once only: it goes behind the others.
+      // Once only: it goes after the others.
       for (const qint64 n : {10, 20, 30, 40}) cambiar(n, u"PRECIO_00=5"_s);
       valor(db->ejecutar(u"DELETE FROM Retenidos"));
       estorbos(c.grupo, guion);
@@ -309,7 +309,7 @@ TEST_F(Envios, UnCambioMientrasLlegaLaRespuesta) {
   esCierto(1);
 }
 
-// An article that has yet to go, changed behind the one that has just gone, goes as it stands now.
+// An article that has yet to go, changed after the one that has just gone, goes as it stands now.
 TEST_F(Envios, UnCambioAntesDeSuTurno) {
   for (const int clase : {kTxPlus, kTPreci}) {
     for (const qint64 c : {10, 20, 30}) alta(c, c);

@@ -61,7 +61,7 @@ TEST_F(Ebony, ElBorradoYSuNegativa) {
   EXPECT_TRUE(avisos.last().contains(u"ha borrado todos sus artículos"));
 }
 
-// A wipe that is tried again doesn't empty the machine behind the sending that was to follow it;
+// A wipe that is tried again doesn't empty the machine after the sending that was to follow it;
 // given up, it keeps nobody.
 TEST_F(Ebony, LoQueVaDetrasDeUnBorradoLoEspera) {
   for (const qint64 c : {10, 20}) alta(c, c);

@@ -24,7 +24,7 @@ struct Tardanzas : Envios {
   }
 };
 
-// The machine answers the first article, also its copies, and refuses all behind it. Only the first
+// The machine answers the first article, also its copies, and refuses all after it. Only the first
 // counts as held.
 TEST_F(Tardanzas, LaRespuestaDeUnoNoValeParaElSiguiente) {
   struct Caso {
@@ -108,7 +108,7 @@ TEST_F(Tardanzas, DeUnaTareaALaSiguiente) {
   }
 }
 
-// Behind a copy the scales are asked about the next article, and nobody waits.
+// After a copy the scales are asked about the next article, and nobody waits.
 TEST_F(Tardanzas, UnaCopiaCuestaUnaPregunta) {
   for (const qint64 n : {10, 20, 30}) alta(n, n);
   estorbos(1, {{Averia::AckLento, 1, 100, 0, 2500}});

@@ -164,7 +164,7 @@ TEST_F(ImpTabla_, CodigosDeBarrasQueSePasan) {
     EXPECT_EQ(leer(u"SELECT CODPLU, CodBarExt FROM PLUSES WHERE CODPLU>2 ORDER BY CODPLU"_s),
               u"10 7 | 11 8 | 12 9 | 13 -"_s);
   }
-  // Somebody changes one of them behind the dry run: none of them moves, the others do.
+  // Somebody changes one of them after the dry run: none of them moves, the others do.
   ensayar(u"Código;EAN;PVP\n10;8;\n11;7;\n13;;2\n"_s);
   sql(u"UPDATE PLUSES SET CodBarExt='5' WHERE CODPLU=11"_s);
   EXPECT_EQ(aplicar().malas.size(), 2U);

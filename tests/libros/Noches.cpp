@@ -162,7 +162,7 @@ TEST_F(LibrosTest, ReleerElMismoDiaDejaElDiaEnteroUnaVez) {
   }
 }
 
-// More sales behind the zeroing than before it look like a longer reading of the same. Group 1,
+// More sales after the zeroing than before it look like a longer reading of the same. Group 1,
 // which wasn't zeroed, makes it the same day again.
 TEST_F(LibrosTest, LoVendidoTrasElCeroSeSumaAlMismoDia) {
   dia();
@@ -273,7 +273,7 @@ TEST_F(LibrosTest, LaSesionQueNoSePuedeMemorizarQuedaComoEstaba) {
   EXPECT_TRUE(t.ponerACero(1));
 }
 
-// Days drawn by a seed: readings that fail, zeroings lost before or behind the machine, power cuts,
+// Days drawn by a seed: readings that fail, zeroings lost before or after the machine, power cuts,
 // days read twice.
 TEST(LibrosAlAzar, CadaVentaEstaUnaVez) {
   for (int semilla = 1; semilla <= 60; ++semilla) {

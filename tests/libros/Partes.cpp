@@ -1,4 +1,4 @@
-// A register whose zeroing broke off between its frames, where the readings behind it are not all
+// A register whose zeroing broke off between its frames, where the readings after it are not all
 // that a night gives.
 #include <gtest/gtest.h>
 

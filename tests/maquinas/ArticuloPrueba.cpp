@@ -117,7 +117,7 @@ TEST(FichaDeArticulo, LasLetrasDeCadaMaquina) {
       {QStringLiteral("ÁÀÄÉÈËÍÌÏÓÒÖÚÙÜ"),
        {"AAAEEEIIIOOOUUU", "AAAEEEIIIOOOUUU", "AAAEEEIIIOOOUUU", "AAAEEEIIIOOOUUU"}},
       {QStringLiteral("´`¨ªº¡€"), {"   ao!\x7F", "   ao!\x7F", "   ao!\x7F", "   ao!\x7F"}},
-      // An accent of its own behind the letter, and a blank that doesn't break.
+      // An accent of its own after the letter, and a blank that doesn't break.
       {QStringLiteral("Cano\u0301n\u0303\u00A0€"), {"Cano| \x7F", "", "", ""}},
   };
   for (const Caso& c : casos)
@@ -183,7 +183,7 @@ TEST(FichaDeArticulo, LasLetrasQueFaltan) {
   EXPECT_EQ(bueno(TramaPLU(1, a)).mid(89), QByteArray("Ajo1/2\r1/2  OE") + char(19));
   EXPECT_EQ(letrasQueFaltan(1, a), QStringLiteral("½Œ"));
   EXPECT_EQ(letrasQueFaltan(2, a), QString());
-  // What stands behind the width isn't missed, and a wide letter is cut at it.
+  // What comes after the width isn't missed, and a wide letter is cut at it.
   a.nombre = QString(20, u'x') + QStringLiteral("Ω");
   EXPECT_EQ(letrasQueFaltan(4, a), QString());
   a.nombre = QString(19, u'x') + QStringLiteral("Æ");

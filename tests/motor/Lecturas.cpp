@@ -256,7 +256,7 @@ TEST_F(Lecturas, UnaRespuestaDelPedidoLlegaAlInventario) {
 }
 
 // The order to forget got no answer. Whether it was heard, and whether somebody noted a new list
-// behind it, shows when the list is asked for again: no line is lost, and none is there twice.
+// after it, shows when the list is asked for again: no line is lost, and none is there twice.
 TEST_F(Lecturas, LaOrdenDeOlvidarSinRespuesta) {
   using simulador::Averia, simulador::Lista;
   gestor->VigilaProcesos(0, true, this);

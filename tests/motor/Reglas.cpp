@@ -183,7 +183,7 @@ TEST_F(Reglas, UnRegistroQueSiempreVieneAsi) {
 }
 
 // A machine that also gives whole records doesn't always say it so: where the short one came first,
-// and where it came behind.
+// and where it came after.
 TEST_F(Reglas, UnRegistroCortoEntreOtrosEnteros) {
   tienda();
   for (const int malo : {1, 2}) {

@@ -254,14 +254,14 @@ TEST_F(Reglas, LoQueSeOlvidaEstaEnElFicheroMismo) {
   EXPECT_EQ(valor(sola->uno(u"SELECT IMP FROM TOTGRT WHERE LINK=0 AND GRUPO=1")).entero(), 600);
 }
 
-// The register is silent at one frame and behind it, and the zeroing is asked for again without a
+// The register is silent at one frame and after it, and the zeroing is asked for again without a
 // new reading.
 TEST_F(Reglas, ElRegistroAMediasSigueDondeQuedo) {
   struct Caso {
     int calla;      // deaf for this frame
     bool borra;     // ... but it obeys the first time
     bool vende;     // before the second try
-    QString luego;  // what the second try sends behind the grand total
+    QString luego;  // what the second try sends after the grand total
   };
   const Caso casos[] = {{3054, false, false, QStringLiteral("3054 3056 3058")},
                         {3054, true, false, QStringLiteral("3054 3056 3058")},

@@ -86,7 +86,7 @@ TEST_F(Reglas, ReintentarTodoEsTodo) {
   EXPECT_EQ(estado(sorda), 6);
   EXPECT_EQ(estado(otra), 5);
   EXPECT_EQ(estado(parada), 2);
-  // The zeroing waits behind the reading that failed, and goes when that one has gone well.
+  // The zeroing waits after the reading that failed, and goes when that one has gone well.
   EXPECT_EQ(gestor->pendientes().size(), 4U);
   maquina(1).percances().cambiar({});
   ajustes->canales[1].Device = 2;

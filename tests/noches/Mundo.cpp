@@ -363,7 +363,7 @@ void Mundo::caido(const Corte& corte) {
   if (alTrazar_) alTrazar_(QStringLiteral("  !!! corte; vuelve a los %1 s").arg(corte.segundos));
   reloj_.avanzar(corte.segundos * 1000LL);
   // No returns: amounts that come to nothing don't show when a group is read half before and half
-  // behind a cut.
+  // after a cut.
   for (int n = 0; n < corte.ventas; ++n)
     vender(maquinas_[static_cast<std::size_t>(
                azar_.entero(0, static_cast<int>(maquinas_.size()) - 1))],

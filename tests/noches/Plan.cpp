@@ -133,7 +133,7 @@ void Plan::pasos(Azar& azar) {
     if (alguno && !azar.ocurre(0.1)) aCero.insert(g.codigo);
   aUno = azar.ocurre(0.6);
   const int cuando = azar.entero(
-      0, 2);  // zeroing: 0 behind the memorisation, 1 before it, 2 queued with the readings
+      0, 2);  // zeroing: 0 after the memorisation, 1 before it, 2 queued with the readings
 
   struct Lectura {
     const char16_t* clave;
@@ -149,7 +149,7 @@ void Plan::pasos(Azar& azar) {
     if (azar.ocurre(l.clase >= kPedidos ? 0.3 : l.clase == kDepartamentos ? 0.5 : 0.25))
       lecturas.push_back(l);
   // A sale made while articles are read shows as long as the grand total is asked before the first
-  // or behind the last.
+  // or after the last.
   tareas(azar, QStringLiteral("RXGRTOT"), kGranTotal);
   optimizada = !azar.ocurre(0.6);
   tareas(azar, QStringLiteral("RXPLUS"), kPLUs,
@@ -199,7 +199,7 @@ void Plan::noche(Azar& azar, std::size_t maquinas) {
     if (mala && azar.ocurre(0.1))
       f.guion.push_back({Averia::Oscura, azar.entero(1, 60), -1, 0, azar.entero(5, 7200) * 1000});
     if (mala && azar.ocurre(0.1)) f.conexionesRechazadas = azar.entero(1, 6);
-    // An order to forget that wasn't answered well, and a customer behind it.
+    // An order to forget that wasn't answered well, and a customer after it.
     if (mala && azar.ocurre(0.1)) {
       f.guion.push_back({Averia::VentaDetras, 1, -2, 0, articulos.rbegin()->first});
       f.guion.push_back({uno(azar, {Averia::CeroSinRespuesta, Averia::CeroRechazado}), 1, -2});

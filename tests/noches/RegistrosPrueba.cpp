@@ -1,5 +1,5 @@
 // Registers forget in three frames. Nights that break off between them, and the undisturbed nights
-// behind: each sale once, no word of sums that don't foot, and every register empty at the end.
+// after: each sale once, no word of sums that don't foot, and every register empty at the end.
 #include <gtest/gtest.h>
 
 #include "noches/Mundo.h"
@@ -90,7 +90,7 @@ void bien(Noches& n, int cajas, int desde = 3) {
 
 }  // namespace
 
-// The line goes silent at one of the frames, before the register heard it or behind its clearing.
+// The line goes silent at one of the frames, before the register heard it or after its clearing.
 TEST(Registros, ElSilencioEntreTramasSeCuraEnLaNocheSiguiente) {
   for (const bool antes : {false, true})
     for (const int cajas : {1, 2})

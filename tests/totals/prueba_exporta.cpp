@@ -90,7 +90,7 @@ TEST_F(Exporta, WritesBothLayouts) {
   EXPECT_TRUE(exportar(dia, "corto.txt", false, "", true));
   EXPECT_EQ(fichero(QStringLiteral("largo.EXP")), kLargo);
   EXPECT_EQ(fichero(QStringLiteral("corto.txt")), kCorto);
-  EXPECT_TRUE(exportar(dia, "LARGO.exp"));  // behind what is there
+  EXPECT_TRUE(exportar(dia, "LARGO.exp"));  // after what is there
   EXPECT_EQ(fichero(QStringLiteral("largo.EXP")), kLargo + kLargo);
 }
 
@@ -258,7 +258,7 @@ TEST_F(Exporta, AFileAboveOneGibibyte) {
   EXPECT_EQ(f.readAll(), kLargo);
 }
 
-// The export was cut off after the block, or before it; other blocks may have come behind.
+// The export was cut off after the block, or before it; other blocks may have come after.
 TEST_F(Exporta, ABlockIsNotWrittenTwiceForOneMark) {
   const qint64 dia = diaEntero(), otro = crear(1, "06/06/2018");
   EXPECT_TRUE(exportar(dia, "x", false, "17.3"));

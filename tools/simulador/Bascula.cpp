@@ -92,7 +92,7 @@ Respuesta Bascula::articuloConVentas(qint64 desde) {
                                       : registroArticulo(sitio->first, sitio->second));
 }
 
-// The first operator and hour with sales at or behind those asked for; zeros when there are none.
+// The first operator and hour with sales at or after those asked for; zeros when there are none.
 Respuesta Bascula::operadorHora(const Peticion& peticion) {
   const qint64 operador = leerCampo(peticion.datos, 0, 2), hora = leerCampo(peticion.datos, 2, 2);
   if (operador < 0 || hora < 0) return negar(kDatosMalos);

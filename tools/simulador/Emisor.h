@@ -22,7 +22,7 @@ class Emisor {
   void conectar(Conexion conexion);
   void desconectar();  // forgets what waits
   bool conectado() const { return conexion_.salida != nullptr; }
-  // Behind all that waits, and not before `retrasoMs` have passed.
+  // After all that waits, and not before `retrasoMs` have passed.
   void enviar(const QByteArray& bytes, int retrasoMs = 0);
   void cortar(bool limpio, int retrasoMs = 0);
   int retrasoPendiente() const;  // ms until the last of what waits has gone; 0 for nothing

@@ -21,7 +21,7 @@ enum class Averia {
   Rechazo,           // NODAL: rejection (code 7), not executed
   Espera,            // NODAL: a wait frame of `valor` units before what follows
   VentaEnMedio,      // a sale is made just before the answer
-  VentaDetras,       // a sale (of article `valor`) right behind the answer, even a lost one
+  VentaDetras,       // a sale (of article `valor`) right after the answer, even a lost one
   Oscura,            // from here on nothing is heard for `valor` ms (default oscuraMs)
   OtroNumero,        // answers the question about the next number
   CeroSinRespuesta,  // zeroed, but nobody is told
@@ -46,7 +46,7 @@ enum class Averia {
   // of a question
   AckLento,  // nothing is said for `valor` ms (default 0.3 to 5.5 s beyond TimeACK): it is busy,
              // and
-             // what it is asked meanwhile is done and answered behind, each up to 1 s later
+             // what it is asked meanwhile is done and answered after, each up to 1 s later
   Total
 };
 inline constexpr std::size_t kAverias = static_cast<std::size_t>(Averia::Total);

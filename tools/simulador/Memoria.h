@@ -11,7 +11,7 @@
 namespace tarvo::simulador {
 
 // A zeroing as it took effect: what stood in all counters just before, and how much of the ledger
-// was behind it.
+// was after it.
 struct PuestaACero {
   Fecha cuando;
   int codigo = 0;     // the frame code that asked for it

@@ -60,7 +60,7 @@ void Modem::ejecutar(QByteArray orden) {
   if (!orden.startsWith("AT") || !aplicar(orden.mid(2))) decir(Resultado::Error);
 }
 
-// Letters with an optional "&", "%" or "\" before and digits behind. False when one isn't known.
+// Letters with an optional "&", "%" or "\" before and digits after. False when one isn't known.
 bool Modem::aplicar(const QByteArray& orden) {
   for (qsizetype i = 0; i < orden.size();) {
     char prefijo = 0;

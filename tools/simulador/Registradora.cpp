@@ -29,7 +29,7 @@ bool Registradora::esCero(int codigo) const {
   return codigo == kCero1 || codigo == kCero2 || codigo == kCero3;
 }
 
-// Answers begin with a digit: the frame's shape wants one behind the four of the code.
+// Answers begin with a digit: the frame's shape wants one after the four of the code.
 Respuesta Registradora::atender(const Peticion& peticion) {
   switch (peticion.codigo) {
     case 2057:

@@ -157,7 +157,7 @@ void MainTarvo::keyPressEvent(QKeyEvent* evento) {
   Ventana::keyPressEvent(evento);
 }
 
-// One that comes right behind a child window's end was meant for that; and nobody leaves by a slip
+// One that comes right after a child window's end was meant for that; and nobody leaves by a slip
 // what a night or a collection needs.
 bool MainTarvo::atiendeEscape() {
   if (hijaIda_ >= 0 && contexto().reloj.monotono() - hijaIda_ < kTrasHijaMs) return false;

@@ -69,7 +69,7 @@ Manana::Manana(ventanas::Contexto& contexto, Aplicacion& aplicacion, QWidget* pa
   mirada_ = c_.reloj.temporizador([this] { mirar(); });
 }
 
-// What has nothing to show before the first reading is made behind it.
+// What has nothing to show before the first reading is made after it.
 void Manana::completar() {
   auto* dentro = widget();
   auto* todo = static_cast<QVBoxLayout*>(dentro->layout());

@@ -1,4 +1,4 @@
-// The board beside the entries: the morning at a glance. It reads in slices behind the first paint,
+// The board beside the entries: the morning at a glance. It reads in slices after the first paint,
 // and again when a run ends or rows change.
 #pragma once
 

@@ -283,7 +283,7 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
             .valor = g.importe ? ver(Clase::Importe, *g.importe) : QString(),
             .ventana = g.estado == EstadoGrupo::Bien ? u"VerTot"_s : u"gestcomm"_s,
             .argumentos = {{u"grupo"_s, g.grupo}}};
-  // What failed draws the rest behind it; doubts stand each for itself.
+  // What failed draws the rest after it; doubts stand each for itself.
   if (g.estado == EstadoGrupo::Dudoso) r.texto = g.motivos.mid(0, kDudasVistas).join(u'\n');
   if (g.estado == EstadoGrupo::Bien && !r_.periodos.empty())
     r.argumentos[u"link"_s] = r_.periodos.front().link;

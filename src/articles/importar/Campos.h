@@ -32,7 +32,7 @@ enum class Campo {
   StkMax,
   StkMin,
   Coste,
-  Precio  // and those behind it: level by level, tarifa within a level
+  Precio  // and those after it: level by level, tarifa within a level
 };
 inline constexpr int kCampos =
     static_cast<int>(Campo::Precio) + articles::kNiveles * articles::kTarifas;

@@ -61,7 +61,7 @@ class Partidor {
     while (!enFin()) ++i_;
     return salida.append(t_.sliced(desde, i_ - desde));
   }
-  // Behind the closing quote; nothing moves when there is none near enough.
+  // After the closing quote; nothing moves when there is none near enough.
   void entreComillas(QString& salida) {
     const qsizetype tope = std::min(t_.size(), i_ + kCeldaMayor);
     int lineas = 0;

@@ -57,7 +57,7 @@ class ImpTabla {
   // acabar(), or failed, it is half done: its batch is to be taken back. An error names the line.
   // REQUIRES the whole dry run.
   Resultado<bool> aplicar();
-  Resultado<> acabar();  // behind the last step
+  Resultado<> acabar();  // after the last step
   const Hecho& hecho() const { return hecho_; }
   qint64 lote() const { return lote_; }  // 0 when nothing was written
   int aplicadas() const { return aplicadas_; }

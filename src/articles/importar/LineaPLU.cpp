@@ -13,7 +13,7 @@ struct Campo {
   int columna, ancho;  // columns count from 1
 };
 
-// Where the fields stand in each of the two layouts; `precios` of width 6 one behind the other.
+// Where the fields stand in each of the two layouts; `precios` of width 6 one after the other.
 struct Formato {
   Campo seccion, codigo, nombre, cada, coste, precios;
   int cuantosPrecios;

@@ -21,7 +21,7 @@ bool soloCifras(QStringView t) {
   return std::ranges::all_of(t, [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 
-// Digits, or groups of three behind a first of one to three.
+// Digits, or groups of three after a first of one to three.
 std::optional<QString> parteEntera(QStringView t, QChar millar) {
   const auto grupos = t.split(millar);
   for (qsizetype i = 0; i < grupos.size(); ++i) {

@@ -22,7 +22,7 @@ int repetida(const QXmlStreamReader& xml, QStringView nombre) {
 }
 
 // What stands in a cell as text, paragraphs parted by line ends, notes left out. Leaves the cell
-// behind.
+// after.
 QString textoDeCelda(QXmlStreamReader& xml) {
   QString salida;
   int dentro = 0, parrafos = 0;  // elements open, texts begun

@@ -23,9 +23,9 @@ class RepartoCodigos {
     QString codigo;
     qint64 dueno = 0;  // who keeps it
   };
-  // Behind the last row: those that can't have theirs.
+  // After the last row: those that can't have theirs.
   std::vector<Negado> negados();
-  // Behind negados(): rows that can only be written together.
+  // After negados(): rows that can only be written together.
   std::set<int> juntas() const;
   // What the article of a row that asked had.
   const std::optional<QString>& tenia(int fila) const { return peticiones_.at(fila).tiene; }

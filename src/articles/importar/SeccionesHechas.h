@@ -17,7 +17,7 @@ class SeccionesHechas {
   Resultado<> empezar(qint64 lote);
   // Makes the section, named by its number, when there is none.
   Resultado<> asegurar(qint64 lote, int seccion);
-  // Behind the undoing of the batch: deletes those in which nothing is. How many went.
+  // After the undoing of the batch: deletes those in which nothing is. How many went.
   Resultado<int> quitar(qint64 lote);
 
  private:

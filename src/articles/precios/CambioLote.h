@@ -78,7 +78,7 @@ class CambioLote {
   class Previa {
    public:
     Resultado<bool> paso();                                        // true while there are more
-    std::vector<LineaLote> tomar() { return std::move(lineas_); }  // behind the last step
+    std::vector<LineaLote> tomar() { return std::move(lineas_); }  // after the last step
 
    private:
     friend class CambioLote;
@@ -109,7 +109,7 @@ class CambioLote {
    public:
     // The next articles, as they are now: true while there are more.
     Resultado<bool> paso();
-    Resultado<> acabar();  // behind the last step
+    Resultado<> acabar();  // after the last step
     const Hecho& hecho() const { return hecho_; }
     qint64 faltan() const { return static_cast<qint64>(claves_.size() - vistos_); }
     qint64 vistos() const { return static_cast<qint64>(vistos_); }

@@ -217,7 +217,7 @@ void BrowGrupos::rotulado(QTreeWidgetItem* item, int columna) {
                          ? secciones_.renombrar(seccion, nombre)
                          : secciones_.renombrarDepartamento(seccion, departamento, nombre);
   haIdoBien(hecho);
-  // Behind the tree's own handling of what was written.
+  // After the tree's own handling of what was written.
   QMetaObject::invokeMethod(this, [this] { RefrescoArbol(); }, Qt::QueuedConnection);
 }
 

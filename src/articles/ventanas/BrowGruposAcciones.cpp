@@ -129,7 +129,7 @@ void BrowGrupos::borrarDepartamento(Nodo nodo) {
   if (haIdoBien(borrado)) decirBien(t(kTxDepartamentoBorrado).arg(borrado->nombre));
 }
 
-// The department behind it, else the one in front of it, else its section.
+// The department after it, else the one in front of it, else its section.
 BrowGrupos::Nodo BrowGrupos::vecinoDe(Nodo nodo) const {
   QTreeWidgetItem* item = buscar(nodo);
   if (!item || !item->parent()) return {nodo.seccion, 0};

@@ -128,7 +128,7 @@ void BrowOper::pedirNombre() {
   ui_.Grid->editarCelda();
 }
 
-// Behind the code of a new operator comes its name.
+// After the code of a new operator comes its name.
 void BrowOper::celdaDejada() {
   if (nuevo_ == 0 || ui_.Grid->editando()) return;
   std::exchange(faltaNombre_, false) ? pedirNombre() : descartarNuevo();

@@ -23,7 +23,7 @@ namespace {
 constexpr int kLargoCodigo = 7, kLargoNombre = 30;
 constexpr int kAnchoLado = 430;
 constexpr int kLargoNumero = 9;  // more than fits, so that it is refused and not cut
-constexpr int kPrimero = static_cast<int>(kPrimerCodigo) - 1;  // row, behind the system articles
+constexpr int kPrimero = static_cast<int>(kPrimerCodigo) - 1;  // row, after the system articles
 
 }  // namespace
 
@@ -266,7 +266,7 @@ void BrowPLUs::ordenCambiado() {
   if (ui_.Grid->filaActual() >= 0) ui_.Grid->vista()->scrollTo(ui_.Grid->vista()->currentIndex());
 }
 
-// The first article at or behind what was typed.
+// The first article at or after what was typed.
 void BrowPLUs::buscar() {
   const QString texto = ui_.EntBus->text().trimmed();
   if (texto.isEmpty()) return ui_.Grid->setFocus();

@@ -178,7 +178,7 @@ void BrowPLUs::borrar() {
     return;
   const auto lote = lotes_.empezar(nombre());
   if (!haIdoBien(lote)) return;
-  // Behind the last one that goes, or in front of the end.
+  // After the last one that goes, or in front of the end.
   const int ultima = ui_.Grid->filasElegidas().back();
   const int sitio = ultima + 1 - static_cast<int>(claves.size());
   const auto paso = [this, lote = *lote](std::span<const ClaveArticulo> tanda) -> Resultado<> {

@@ -54,7 +54,7 @@ class Diario {
     qint64 paso = 0;
     int grupo = 0;
   };
-  // What was queued at or behind a step and isn't done, in the order in which it was queued.
+  // What was queued at or after a step and isn't done, in the order in which it was queued.
   Resultado<std::vector<Tarea>> tareasPorHacer(qint64 ejecucion, qint64 desdePaso);
 
   Historial& historial() { return historial_; }

@@ -23,7 +23,7 @@ std::optional<Fecha> leerFecha(QStringView campo) {
   return Fecha::leer(QStringLiteral("%1/%2/%3").arg(partes[0], partes[1], partes[2]) + hora);
 }
 
-// Takes field by field. The first fault stays, and the fields behind it are read in vain.
+// Takes field by field. The first fault stays, and the fields after it are read in vain.
 class Campos {
  public:
   Campos(QStringView resto, bool espanol, const Textos& textos)

@@ -126,7 +126,7 @@ class LectorFichero {
     return {};
   }
 
-  // Behind the closing mark anything may stand; behind a line that only isn't a step, steps were
+  // After the closing mark anything may stand; after a line that only isn't a step, steps were
   // meant to be done.
   void mirarResto(QStringView l) {
     if (corte_ == 0 || l.trimmed().isEmpty()) return;

@@ -91,7 +91,7 @@ class Lenguaje {
   std::optional<LineaActivacion> leerActivacion(QStringView linea) const;
   QString escribirActivacion(const LineaActivacion& l) const;
   // A .CRO file: its entries; a block of steps is passed over. The first bad line is an error that
-  // names it. With `proceso` the text is a process file: nothing counts behind its block.
+  // names it. With `proceso` the text is a process file: nothing counts after its block.
   Resultado<std::vector<LineaActivacion>> leerCro(const QString& texto, bool proceso = false) const;
   // Reads a text file of the domain: Windows-1252, or UTF-8 with its mark. Above 4 MiB, or with a
   // NUL in it, it is no text.

@@ -16,7 +16,7 @@ class Deudas {
     return std::ranges::find(debidas_, codigo, &Deuda::codigo) != debidas_.end();
   }
   bool ninguna() const { return debidas_.empty(); }
-  // A question was answered. A machine answers in the order in which it was asked: behind an
+  // A question was answered. A machine answers in the order in which it was asked: after an
   // answer that can't be an earlier one's, its copies of earlier questions have been answered too.
   void contestada(int addr, int codigo, bool repetida) {
     if (!debida(codigo))

@@ -38,7 +38,7 @@ Escucha::~Escucha() {
   enlaces_.escuchar(nullptr);
 }
 
-// The wall clock gives whole seconds; what stands behind them comes from the other one.
+// The wall clock gives whole seconds; what comes after them comes from the other one.
 int Escucha::hora() {
   const qint64 pared = reloj_.ahora().qtime().msecsSinceStartOfDay();
   const qint64 mono = reloj_.monotono();

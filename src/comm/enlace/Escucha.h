@@ -31,7 +31,7 @@ class Escucha {
   Escucha(const Escucha&) = delete;
 
   qint64 ultimo() const { return ultimo_; }
-  // Those behind number `desde`, oldest first; `canal` -1 for all. REQUIRES that `cada` keeps none.
+  // Those after number `desde`, oldest first; `canal` -1 for all. REQUIRES that `cada` keeps none.
   void recorrer(qint64 desde, int canal, const std::function<void(const Paso&)>& cada) const;
   void olvidar();
 

@@ -77,7 +77,7 @@ void Maquina::recibir(QByteArray& nuevos) {
   leer();
 }
 
-// Reads as long as a step takes something off: what stands behind an acknowledgement is read by the
+// Reads as long as a step takes something off: what comes after an acknowledgement is read by the
 // state that the acknowledgement led to. A handler that comes back in here leaves the rest to the
 // loop that is already running.
 void Maquina::leer() {

@@ -127,7 +127,7 @@ std::optional<tramas::TramaNODAL> Maquina::leerLinea() {
   if (datos && estado_ == kEsperaAckNodal && trama->codigo != tramas::kNodalRechazo)
     return std::nullopt;
   if (datos) confirmar();
-  // A frame that is sent again may come behind acknowledgements, which have numbers too.
+  // A frame that is sent again may come after acknowledgements, which have numbers too.
   if (trama->secuencia == ultima_ || (datos && *trama == ultimaNodal_)) return std::nullopt;
   seguida_ = ultima_ < 0 || trama->secuencia == ((ultima_ + 1) & 0xFF);
   ultima_ = trama->secuencia;

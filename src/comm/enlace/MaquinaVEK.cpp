@@ -111,7 +111,7 @@ bool Maquina::datosTrama() {
 
 bool Maquina::datosRepetida() {
   quitarACKs();
-  // A list goes on behind a frame that was sent again: its next one has been acknowledged and won't
+  // A list goes on after a frame that was sent again: its next one has been acknowledged and won't
   // come a second time.
   leerTramas(pedir_ && !primera_);
   if (estado_ == kRepetida) prorrogar(intervalo_);
@@ -127,7 +127,7 @@ void Maquina::venceACK() {
     return acabarVEK(kErrorSinACK);
   }
   // What stands first in the buffer and is neither an acknowledgement nor a frame would hide those
-  // behind it.
+  // after it.
   while (!entrada_.isEmpty() && entrada_.front() != tramas::kACK &&
          entrada_.front() != tramas::kSTX)
     entrada_.remove(0, 1);

@@ -37,7 +37,7 @@ Resultado<std::vector<qint64>> borradosAntes(dao::Database& db, const Destino& d
 // How many articles a machine that can't delete one alone was given, and should have no more.
 Resultado<qint64> articulosDeSobra(dao::Database& db, const Destino& destino);
 
-// Puts those that the group refused before behind all others, in their order.
+// Moves those that the group has refused already to the end, in their order.
 Resultado<> rechazadosAlFinal(dao::Database& db, const Destino& destino,
                               std::vector<qint64>& codigos);
 

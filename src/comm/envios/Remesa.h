@@ -34,7 +34,7 @@ class Remesa {
   // Brings what is known of the group up to date with what became of the group itself. Once.
   Resultado<> abrir();
   // The same, and decides what goes: all of the range, or what the group doesn't hold as it stands;
-  // by number, with those that it refused before behind the others unless `porNumero`.
+  // by number, those that it has refused already last unless `porNumero`.
   Resultado<> empezar(bool todo, Rango rango, bool porNumero = false);
 
   struct Saliente {
@@ -54,7 +54,7 @@ class Remesa {
   // The group hasn't taken it though its answer was good: it stays due, and goes no more now.
   void sinTomar(int error, const QString& motivo);
   // Refusals running have stopped the list while deletions are due, which may make room: these go
-  // now, and the list goes on behind them. Once in a sending.
+  // now, and the list goes on after them. Once in a sending.
   bool faltaSitio() const { return faltaSitio_; }
   // After the list and the deletions: the refused ones, once more. False when there are none.
   bool empezarFinal();
@@ -63,7 +63,7 @@ class Remesa {
   Resultado<> empezarBorrados();
   std::optional<qint64> porBorrar() const;
   void borrado();
-  void borradoNegado();  // it goes behind the others
+  void borradoNegado();  // it goes after the others
   // The group deleted another one.
   void borrado(qint64 codigo);
   // It wouldn't: it is told once more by empezarNegados. False when its refusals aren't about the

@@ -34,7 +34,7 @@ Escrito escribirParrafo(int tipo, QString texto, qsizetype ancho) {
   return escribirLetras(tipo, texto.replace(u'\n', u'\r'), ancho, true);
 }
 
-// Puts field behind field; the first that doesn't fit stays as the reason.
+// Puts field after field; the first that doesn't fit stays as the reason.
 class Escritor {
  public:
   Escritor(int tipo, qsizetype tamano) : tipo_(tipo) { registro_.reserve(tamano); }
@@ -52,7 +52,7 @@ class Escritor {
     if (n > maximo) negar({campo, NoCabe::Grande, maximo, QString::number(n)});
     return n >= minimo && n <= maximo;
   }
-  // What stands behind the width is left out, as on any display.
+  // What comes after the width is left out, as on any display.
   void nombre(const QString& texto, int ancho) {
     const QByteArray letras = escribirLetras(tipo_, texto, ancho).bytes;
     registro_.append(letras).append(ancho - letras.size(), ' ');

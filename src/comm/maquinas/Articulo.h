@@ -101,7 +101,7 @@ QByteArray sinPrecios(int tipo, QByteArray registro);
 Peticion enviarArticulo(int tipo, const QByteArray& registro);
 Peticion enviarPrecios(const QByteArray& registro);
 Peticion borrarArticulo(qint64 codigo);  // kinds 1 and 4
-Peticion pedirArticulo(qint64 desde);    // kinds 1 and 4: the first at or behind that number
+Peticion pedirArticulo(qint64 desde);    // kinds 1 and 4: the first at or after that number
 Peticion borrarArticulos(int tipo);      // kinds 2 and 3: all of them
 
 // A record of kinds 1 and 4 as a machine gives it.
@@ -112,10 +112,10 @@ struct Ficha {
 };
 // The number alone.
 Leido<qint64> codigoDeFicha(QByteArrayView registro);
-// All of it. What stands behind the end mark is passed over.
+// All of it. What comes after the end mark is passed over.
 Leido<Ficha> leerFicha(QByteArrayView registro);
 // The fields in which two records say different things; numbers compare by value, blanks being 0,
-// texts without the blanks behind them.
+// texts without the blanks after them.
 std::vector<CampoPLU> diferencias(const Ficha& una, const Ficha& otra);
 // Do two records say the same, or the same prices? False where one can't be read.
 bool mismaFicha(QByteArrayView una, QByteArrayView otra);

@@ -15,7 +15,7 @@ QByteArray Ceros(qint64 n, int ancho);
 QByteArray Campo(const QByteArray& texto, int ancho);
 
 // The number in `ancho` characters from position `inicio` (from 1), read leniently: "000-123" is
-// -123, a "-" behind anything but zeros gives 0, and so does whatever is no number, or isn't there.
+// -123, a "-" after anything but zeros gives 0, and so does whatever is no number, or isn't there.
 qint64 CampoNumerico(QByteArrayView registro, int inicio, int ancho);
 
 // Sizes of a kind of group: 0 for a kind that doesn't exist.

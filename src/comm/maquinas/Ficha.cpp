@@ -16,7 +16,7 @@ struct Sitio {
   bool numero;
 };
 
-// Kinds 1 and 4; TEXTO_ETQ stands behind, up to the end mark.
+// Kinds 1 and 4; TEXTO_ETQ comes after, up to the end mark.
 constexpr Sitio kSitios[] = {
     {CampoPLU::NomPLU, 1, 20, false},   {CampoPLU::CodPLU, 21, 7, true},
     {CampoPLU::Precio0, 28, 6, true},   {CampoPLU::cada, 34, 1, true},

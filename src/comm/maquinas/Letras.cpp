@@ -78,7 +78,7 @@ bool esControl(QChar c) {
   return c < u' ' || (c >= QChar(0x7F) && c < QChar(0xA0));
 }
 
-// An accent that stands behind its letter becomes part of it.
+// An accent that comes after its letter becomes part of it.
 QString letrasCompuestas(const QString& texto) {
   return esAscii(texto) ? texto : texto.normalized(QString::NormalizationForm_C);
 }

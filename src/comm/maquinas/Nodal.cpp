@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kCabecera = 2;  // characters in front of the records of a frame
 
-// Cuts a frame's records and reads each with `leer`. What is left over behind whole ones is a
+// Cuts a frame's records and reads each with `leer`. What is left over after whole ones is a
 // record without its end, or blanks.
 template <class Leer>
 Leido<std::vector<Total>> registros(QByteArrayView datos, int ancho, Rigor rigor, Leer leer) {

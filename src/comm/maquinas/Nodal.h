@@ -27,7 +27,7 @@ Peticion olvidarPedido();
 bool esDePeticion(int codigo);
 
 // Each reads the records of one frame. A record that is cut or not numeric is a Formato error, and
-// so are characters left over behind whole records of totals. Positions and departments count
+// so are characters left over after whole records of totals. Positions and departments count
 // from 1.
 Leido<std::vector<Total>> leerArticulos(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
 Leido<Total> leerGranTotal(QByteArrayView datos, Rigor rigor = Rigor::Estricto);

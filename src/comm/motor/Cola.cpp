@@ -132,7 +132,7 @@ void gestcomm::Interior::quitar(int id) {
   }
   dejarPaso(*t);
   if (tareaDe(t->Canal) == t) liberarCanal(t->Canal);
-  const auto nodo = tareas.extract(id);  // dies with this scope, behind the observer's call
+  const auto nodo = tareas.extract(id);  // dies with this scope, after the observer's call
   decirAvisos(clase, avisos);
   cambioCola();
 }

@@ -98,7 +98,7 @@ struct gestcomm::Interior {
   std::deque<CanalVivo> canales;
   std::map<QString, int> conectores;  // channel of each connector name
   std::map<Acceso, int> ocupados;     // channel that holds each access
-  // Unfinished readings and wipes of each group, by id: what others behind them wait for.
+  // Unfinished readings and wipes of each group, by id: what others after them wait for.
   using PorGrupo = std::map<int, std::set<int>>;
   PorGrupo lecturas, borrados;
   bool automatico = true;

@@ -153,8 +153,8 @@ void gestcomm::Interior::reglaReintento(int id) {
   if (ya) avanzar(id);
 }
 
-// No further attempt for now: the task goes, or stays and gives its channel to those behind it.
-// Under a watcher it may yet get other retries with the next wait, and a zeroing behind it still
+// No further attempt for now: the task goes, or stays and gives its channel to those after it.
+// Under a watcher it may yet get other retries with the next wait, and a zeroing after it still
 // waits.
 void gestcomm::Interior::rendir(int id) {
   TareaViva* t = tarea(id);

@@ -146,7 +146,7 @@ struct ClaseTarea {
   bool esTotal = false;     // 16 to 21
   bool esLectura = false;   // totals and documents: a zeroing of the group waits for it
   bool esOlvido = false;    // zeroing, wipe: waits until no reading of its group stands before it
-  bool esBorrado = false;   // wipe: what stands behind it for its group waits for it
+  bool esBorrado = false;   // wipe: what comes after it for its group waits for it
   bool toleraErr5 = false;  // a refusal numbered 5 counts as a good answer
   // Null for a kind whose name is known and that has no sender: NuevaTarea answers 2 for it.
   std::unique_ptr<TrabajoTarea> (*crear)(const DatosTarea&, const Entorno&) = nullptr;

@@ -14,7 +14,7 @@ using motor::Siguiente;
 
 // Wipes the articles of machines that can't delete one alone. It loses no sales: an Ebony machine
 // that has any refuses it, and registers keep theirs. The link never repeats the order, since a
-// repeat that came late would wipe what was sent behind it; while it is under way nothing counts as
+// repeat that came late would wipe what was sent after it; while it is under way nothing counts as
 // proved to be held.
 class Borrado final : public motor::TrabajoTarea {
  public:
@@ -38,7 +38,7 @@ class Borrado final : public motor::TrabajoTarea {
                      0,
                      {.unaVez = true, .limpia = true}};
   }
-  // Whatever an Ebony machine says behind the order is its answer.
+  // Whatever an Ebony machine says after the order is its answer.
   bool encaja(int addr, int codigo, const QByteArray&) const override {
     if (t_.Tipo == 2) return true;
     return codigo == maquinas::borrarArticulos(t_.Tipo).codigo &&

@@ -21,7 +21,7 @@ class Contraste {
   explicit Contraste(int vueltas) : maximo_(vueltas) {}
 
   void dudar() { dudosa_ = true; }
-  // A list broke off: what came before it and what comes behind are not running.
+  // A list broke off: what came before it and what comes after are not running.
   void romper() {
     dudosa_ = true;
     leida_.reset();

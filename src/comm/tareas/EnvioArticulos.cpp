@@ -12,7 +12,7 @@ namespace tarvo::tareas {
 namespace {
 
 constexpr int kTarifas = 8;
-// Of each sort, in the words at the end: with a sentence of its own, and behind them in one.
+// Of each sort, in the words at the end: with a sentence of its own, and after them in one.
 constexpr int kArticulosNombrados = 20, kArticulosPorFrase = 50;
 
 // A sentence for each article; those that are too many share one for each reason.

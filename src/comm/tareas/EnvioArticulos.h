@@ -15,7 +15,7 @@ inline constexpr int kNumeroNoExiste = 5;
 // The machine said nothing to a frame, or never acknowledged it.
 bool esSilencio(int error);
 envios::Destino destinoDe(const motor::DatosTarea& t);
-// A refusal in words that stand behind the article's name.
+// A refusal in words that come after the article's name.
 QString motivoDeRechazo(int error, const Textos& textos);
 
 class EnvioArticulos : public motor::TrabajoTarea {

@@ -30,7 +30,7 @@ class RecorridoDeFichas final : public motor::TrabajoTarea {
     abierta_ = true;
     if (siguiente_ <= hasta_) {
       const maquinas::Peticion p = maquinas::pedirArticulo(siguiente_);
-      // Behind the first answer none of an earlier question fits: their numbers are lower.
+      // After the first answer none of an earlier question fits: their numbers are lower.
       return Siguiente{
           Siguiente::Enviar, 0, p.codigo,
           p.datos,           0, {.limpia = siguiente_ == std::max<qint64>(t_.Desde, 1)}};

@@ -8,7 +8,7 @@ namespace tarvo::tareas {
 
 namespace {
 
-// The scale skips what has no sales: an answer stands at the question or behind it, and the walk
+// The scale skips what has no sales: an answer stands at the question or after it, and the walk
 // goes on from there.
 class CruzadoVek final : public ConOperadores<PreguntasVek> {
  public:

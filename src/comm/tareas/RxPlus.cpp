@@ -35,7 +35,7 @@ Resultado<std::vector<qint64>> leerCodigos(dao::Database& db, const motor::Datos
 }
 
 // Kinds 1 and 4: whole, one question for each article of the section; or optimised, in which the
-// scale answers the next article with sales at or behind the one asked.
+// scale answers the next article with sales at or after the one asked.
 class ArticulosVek final : public PreguntasVek {
  public:
   using PreguntasVek::PreguntasVek;
@@ -84,7 +84,7 @@ class ArticulosVek final : public PreguntasVek {
   size_t pos_ = 0;
 };
 
-// Kind 2. Broken off, it goes on behind the last article that came, as long as they came in order.
+// Kind 2. Broken off, it goes on after the last article that came, as long as they came in order.
 class ArticulosNodal final : public ListaNodal {
  public:
   ArticulosNodal(const motor::DatosTarea& t, const motor::Entorno& e)

@@ -17,9 +17,9 @@ using motor::Siguiente;
 
 // A list of articles, then what the scales must delete, then once more what was refused.
 //
-// Behind a silence the scales are asked what they hold of the article: they may have taken it
+// After a silence the scales are asked what they hold of the article: they may have taken it
 // unheard. Where they answer and haven't, it is the article that they don't answer to: it goes
-// behind the others. Behind a frame that went out more than once they are asked about the next
+// after the others. After a frame that went out more than once they are asked about the next
 // article, since that question has another code: its answer ends what they owe.
 class ListaDeArticulos : public EnvioArticulos {
  public:
@@ -122,7 +122,7 @@ class ListaDeArticulos : public EnvioArticulos {
     if (zanjado(numero_, registro_, datos)) return {};
     return callada == 0 ? Resultado<>{} : noContesto(callada);
   }
-  // It goes behind the other deletions. False when it has been there.
+  // It goes after the other deletions. False when it has been there.
   bool borradoNegado() {
     remesa_.borradoNegado();
     return sinBorrar_.insert(numero_).second;

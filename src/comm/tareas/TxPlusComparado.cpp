@@ -36,7 +36,7 @@ class Comparacion final : public EnvioArticulos {
     } else if (fase_ == kBorrar) {
       remesa_.borrado(desde_);
       sabida_ = false;
-      // It costs no frame: where it is gone, they tell what comes behind it.
+      // It costs no frame: where it is gone, they tell what comes after it.
       mirando_ = ++borradosSinMirar_ == kBorradosSinMirar;
       if (!mirando_) ++desde_;
     } else if (fase_ == kContrastar) {
@@ -120,7 +120,7 @@ class Comparacion final : public EnvioArticulos {
   // So many deletions are believed; then they are asked whether the last one is gone.
   static constexpr int kBorradosSinMirar = 16;
   Siguiente enviar(const maquinas::Peticion& p) { return EnvioArticulos::enviar(0, p); }
-  // Their first number at or behind the one that was asked for.
+  // Their first number at or after the one that was asked for.
   Resultado<> tienen(qint64 suyo) {
     dudosa_ = false;
     if (mirando_ && suyo == desde_) {

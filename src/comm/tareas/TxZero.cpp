@@ -19,7 +19,7 @@ std::unexpected<Error> suprimido(const QString& texto) {
 }
 
 // Tells each machine of a group to forget its counters. The intention is on disk before a machine's
-// first frame, the outcome right behind its answer; a register, which clears one set of counters a
+// first frame, the outcome right after its answer; a register, which clears one set of counters a
 // frame, is noted set by set. Where the run goes on from one that was cut off, the machine was left
 // half cleared, or an order got no answer, it must first show that it holds what was read of it.
 class Cero final : public motor::TrabajoTarea {
@@ -196,7 +196,7 @@ Siguiente Cero::trama() const {
 
 bool Cero::encaja(int addrTrama, int codigo, const QByteArray& datos) const {
   if (prueba_) return prueba_->encaja(addrTrama, codigo, datos);
-  // Whatever an Ebony machine says behind the order is its answer.
+  // Whatever an Ebony machine says after the order is its answer.
   return t_.Tipo == 2 || (maquina_ < pendientes_.size() && codigo == trama().codigo);
 }
 

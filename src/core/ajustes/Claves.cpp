@@ -135,7 +135,7 @@ bool leerLogos(Ajustes& a, const QString& v) {
   return true;
 }
 
-// A single has seven good digits; what lies behind them is noise of its binary form.
+// A single has seven good digits; what lies after them is noise of its binary form.
 QString escribirEuro(const Ajustes& a) {
   return QString::number(QString::number(a.Euro, 'g', 7).toDouble(), 'f', 6);
 }

@@ -125,7 +125,7 @@ class Traductor {
     return salida;
   }
 
-  // A boundary word or sign, and the words of Jet that stand behind some of them.
+  // A boundary word or sign, and the words of Jet that come after some of them.
   Resultado<> frontera(int& i, int fin, QString& salida) {
     unir(salida, e_[i].texto);
     const bool seleccion = es(i, u"select");
@@ -184,7 +184,7 @@ class Traductor {
     return salida;
   }
 
-  // One element, or a group or a function with its parentheses; moves i behind it.
+  // One element, or a group or a function with its parentheses; moves i after it.
   Texto pieza(int& i) {
     const Elemento& e = e_[i];
     if (es(i, u"(")) return grupo(i, QString());

@@ -13,7 +13,7 @@ struct Letra {
   const char* clave;
 };
 
-// "N~" sorts behind every "N" followed by another letter or digit. The letters of Spanish and
+// "N~" sorts after every "N" followed by another letter or digit. The letters of Spanish and
 // Catalan: each takes two levels of the expression, and engines bound its depth (about thirty).
 constexpr Letra kLetras[] = {{u'Á', u'á', "A"}, {u'À', u'à', "A"}, {u'É', u'é', "E"},
                              {u'È', u'è', "E"}, {u'Í', u'í', "I"}, {u'Ï', u'ï', "I"},
@@ -61,7 +61,7 @@ QChar plegar(QChar c) {
   return l->mayuscula == u'Ñ' ? QChar(u'Ñ') : QChar(QLatin1Char(l->clave[0]));
 }
 
-// Reads the list behind "[" and moves `patron` behind its "]". Nothing when the list is not closed.
+// Reads the list after "[" and moves `patron` after its "]". Nothing when the list is not closed.
 std::optional<bool> casaLista(QStringView& patron, QChar c) {
   qsizetype i = 0;
   const bool negada = patron.startsWith(u'!');

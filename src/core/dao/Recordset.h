@@ -69,7 +69,7 @@ class Recordset {
   virtual void Edit() = 0;
   virtual void poner(int columna, const Valor& valor) = 0;
   virtual Resultado<> Update() = 0;
-  virtual Resultado<> Delete() = 0;  // the row goes; the position is the one behind it
+  virtual Resultado<> Delete() = 0;  // the row goes; the position is the one after it
 };
 
 }  // namespace tarvo::dao

@@ -37,7 +37,7 @@ bool cifras(QStringView s) {
   return std::all_of(s.begin(), s.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 
-// "1234", "1.234": digits, or groups of three behind a first of one to three.
+// "1234", "1.234": digits, or groups of three after a first of one to three.
 std::optional<QString> parteEntera(QStringView s, QChar millar) {
   const auto grupos = s.split(millar);
   for (qsizetype i = 0; i < grupos.size(); ++i) {

@@ -46,14 +46,14 @@ class Textos {
 // "#" becomes the number; "+es", "+s", "+n" stay as "es", "s", "n" with n of 2 or more, else
 // vanish.
 QString Plural(QString texto, int n);
-// Replaces every occurrence, left to right, going on behind each replacement.
+// Replaces every occurrence, left to right, going on after each replacement.
 void CambiaTexto(const QString& busca, const QString& pone, QString& texto);
 // Number of the week of a date, 1 for the week that holds the first Sunday of the year.
 int Semana(Fecha fecha);
 // "#Gn" the name of group n, "#Sn" of section n, "#D" day, "#M" month, "#A" year, "#H" week of
 // `fecha`. A code without a row, or without digits, gives nothing.
 QString ExpandirNombre(const QString& texto, Fecha fecha, dao::Database& db);
-QString NombreFichero(const QString& ruta);  // what stands behind the last "\" or "/"
+QString NombreFichero(const QString& ruta);  // what comes after the last "\" or "/"
 QString Ceros(qint64 n, int ancho);          // zeros on the left; the sign stands in front of them
 QString siNo(bool valor, bool espanol);      // "Sí"/"No", "Yes"/"No"
 // The yes word or the no word exactly; nothing for any other. "Si" without accent is read too.

@@ -17,7 +17,7 @@ void Trabajo::empezar() {
 void Trabajo::parar() {
   if (!enMarcha_) return;
   if (enPaso_)
-    pidenParar_ = true;  // asked from within a step: it ends behind that step
+    pidenParar_ = true;  // asked from within a step: it ends after that step
   else
     acabar(Fin::Parado);
 }

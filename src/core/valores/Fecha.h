@@ -22,7 +22,7 @@ class Fecha {
   static constexpr Fecha deDias(double dias) { return Fecha(dias); }
   static Fecha de(QDate dia, QTime hora = QTime(0, 0));
   static Fecha de(const QDateTime& momento);
-  // "dd/mm/yyyy" with an optional "hh:nn[:ss]" behind a blank; nothing when it is no date.
+  // "dd/mm/yyyy" with an optional "hh:nn[:ss]" after a blank; nothing when it is no date.
   static std::optional<Fecha> leer(QStringView texto);
   // A time of day alone, "hh:nn[:ss]", as a fraction; nothing when it is none.
   static std::optional<Fecha> leerHora(QStringView texto);

@@ -37,7 +37,7 @@ std::expected<FilaExport, LineaMala> leerLineaExport(QStringView linea, const Aj
 
 QString cabeceraComentario(const Periodo& p, QString descr);
 QString cabeceraFechas(const Periodo& p);
-// The two dates of a header line, read off its first and last 19 characters behind the star.
+// The two dates of a header line, read off its first and last 19 characters after the star.
 std::optional<std::pair<Fecha, Fecha>> leerFechas(QStringView linea);
 
 }  // namespace tarvo::totals

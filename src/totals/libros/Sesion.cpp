@@ -108,7 +108,7 @@ Resultado<bool> Sesion::PuedeRecibir(int grupo, int numero) {
                             QString::fromUtf16(c->sesion) + u" FROM Sesiones WHERE CODGPO=?"_s),
                     grupo));
   if (rs->Eof() || d->abierta == 0 || !rs->logico(2)) return true;
-  // A zeroing that was begun behind this reading, confirmed or not: of the machine that it was sent
+  // A zeroing that was begun after this reading, confirmed or not: of the machine that it was sent
   // to the reading is all that is left, though the others of the group wait for theirs.
   TARVO_TOMAR(
       const auto empezada,

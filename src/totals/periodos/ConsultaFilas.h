@@ -37,7 +37,7 @@ struct FiltroCodigo {
   Condicion condicion() const;
 };
 
-// What stands behind FROM: the rows as "t", their period as COLUMNA when `conPeriodo`, their group,
+// What comes after FROM: the rows as "t", their period as COLUMNA when `conPeriodo`, their group,
 // and what has their name. `nombreFilas` is the expression of that name.
 QString fuenteFilas(int clase, bool conPeriodo);
 QString nombreFilas(int clase);

@@ -1,4 +1,4 @@
-// Memorising the inbox: CerrSes. Two faces, by whether the tray holds anything. Behind `Guardar` or
+// Memorising the inbox: CerrSes. Two faces, by whether the tray holds anything. After `Guardar` or
 // `Olvidar` it says what was done and closes by itself after a while; what was forgotten can be
 // taken back until then.
 #pragma once

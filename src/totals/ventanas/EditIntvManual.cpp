@@ -96,7 +96,7 @@ std::optional<EntradaManual> EditIntvVentana::faltaEntrada(int texto, QWidget& c
   return std::nullopt;
 }
 
-// The code, and the hour where the kind has one; nothing behind the sentence that says what is
+// The code, and the hour where the kind has one; nothing after the sentence that says what is
 // missing.
 std::optional<qint64> EditIntvVentana::leerCodigo(EntradaManual& e) {
   const auto falta = [this](int texto, QWidget& control) -> std::optional<qint64> {

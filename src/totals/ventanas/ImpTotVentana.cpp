@@ -135,7 +135,7 @@ void ImpTotVentana::mostrarBloque() {
   ui_.existe->setText(t(bloque_->existente ? kTxEsePeriodoExiste : kTxEsePeriodoEsNuevo));
 }
 
-// One block, and the header behind it.
+// One block, and the header after it.
 Resultado<bool> ImpTotVentana::incorporarUno() {
   TARVO_TOMAR(const auto hecho,
               fichero_->incorporar(ui_.BorrPrevio->isChecked() ? SiExiste::Borrarlo

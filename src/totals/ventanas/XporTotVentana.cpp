@@ -141,7 +141,7 @@ void XporTotVentana::acabar(const Resultado<Trabajo::Fin>& fin) {
   ui_.Cancelar->setFocus();
 }
 
-// While it writes: holds it. Else: leaves this period out, and closes behind the last.
+// While it writes: holds it. Else: leaves this period out, and closes after the last.
 void XporTotVentana::saltar() {
   if (trabajo().enMarcha()) return trabajo().parar();
   if (!cola_.empty()) cola_.erase(cola_.begin());

@@ -180,7 +180,7 @@ TEST(Editor, PorTodasPartesConElTeclado) {
   EXPECT_EQ(t.control<QPlainTextEdit>(v, u"txTexto")->toPlainText(), u"");
 }
 
-// A bar code that no label can print is kept, and said: in the form, and behind it on the list.
+// A bar code that no label can print is kept, and said: in the form, and after it on the list.
 TEST(Editor, ElCodigoDeBarrasRaroSeDice) {
   const struct {
     const char16_t *predefinido, *prefijo;

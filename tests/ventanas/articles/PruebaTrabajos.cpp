@@ -69,7 +69,7 @@ TEST(Trabajos, UnCodigoCambiadoEnLaLista) {
   t.tecla(Qt::Key_Return);
   EXPECT_TRUE(grid.editando());
   EXPECT_EQ(v->tira().texto(), u"El código de registro ya existe: No debe duplicarse");
-  t.escribir(u"9"_s);  // behind it: 209
+  t.escribir(u"9"_s);  // after it: 209
   t.tecla(Qt::Key_Return);
   ASSERT_TRUE(
       esperar([&] { return t.enMano(grid) == 209 && grid.filaActual() == grid.filas() - 1; }));

@@ -50,7 +50,7 @@ struct Horarios : Sala {
 
 const QString kSiempre = u"Sí,Sí,Sí,Sí,Sí,Sí,Sí"_s;
 
-// Two lines at one hour, in the order in which they were written; both run, one behind the other.
+// Two lines at one hour, in the order in which they were written; both run, one after the other.
 TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   Horarios s;
   Ventana* e = s.editar();

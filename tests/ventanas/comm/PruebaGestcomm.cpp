@@ -115,7 +115,7 @@ TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   EXPECT_NE(bandeja(2, 17), u"");
 }
 
-// What waits or has failed goes on behind a closed window, and is lost with the program: it is
+// What waits or has failed goes on after a closed window, and is lost with the program: it is
 // named.
 TEST_F(Gestcomm, AlCerrarSeNombraLoQueQueda) {
   dosGrupos();
@@ -313,7 +313,7 @@ TEST_F(Gestcomm, LasSesiones) {
   EXPECT_EQ(sesion->estado(), 0);
 }
 
-// Read, zeroed behind it, asked again: the repeat would lose what waits in the inbox.
+// Read, zeroed after it, asked again: the repeat would lose what waits in the inbox.
 TEST_F(Gestcomm, RepetirTrasLaPuestaACeroSeNiega) {
   dosGrupos();
   abrir(u"gestcomm"_s);

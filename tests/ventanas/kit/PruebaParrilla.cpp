@@ -136,7 +136,7 @@ TEST(Parrilla, OrdenaPorLaCabeceraEnLosDosSentidos) {
                       QPoint(h->sectionViewportPosition(columna) + 20, h->height() / 2));
   };
   pulsar(1);
-  // Accents and case don't count, and Ñ stands behind N.
+  // Accents and case don't count, and Ñ comes after N.
   EXPECT_EQ(l.p.texto(0, u"NOMBRE"), u"Árbol 000002");
   EXPECT_EQ(l.p.texto(l.p.filas() - 1, u"NOMBRE"), u"Ñora 001000");
   // What was chosen is the same row, wherever it stands now.

@@ -173,7 +173,7 @@ TEST(Ventanas, ModalAceptaYRechaza) {
   }
 }
 
-// The ring shows where the keys go, also behind a window that went with it.
+// The ring shows where the keys go, also after a window that went with it.
 TEST(Ventanas, ElFocoSeVeEnCadaVentana) {
   Puesto p;
   Muestra* dueno = p.abrir(u"MainTarvo"_s);

@@ -95,7 +95,7 @@ struct Mostrador : Mesa {
   static QString texto(QWidget* v, const QString& nombre) {
     return v->findChild<QLabel*>(nombre)->text();
   }
-  // The control that has the focus. Behind a box this screen gives it back to nobody.
+  // The control that has the focus. After a box this screen gives it back to nobody.
   QWidget* foco() {
     if (!QApplication::focusWidget()) escritorio.ventanas().abiertas().back()->activateWindow();
     EXPECT_TRUE(esperar([] { return QApplication::focusWidget() != nullptr; }));

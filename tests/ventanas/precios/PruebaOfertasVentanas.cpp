@@ -9,7 +9,7 @@ Fecha hoy(const Mostrador& m) {
   return m.reloj.ahora().dia();
 }
 
-// The next Sunday behind tomorrow.
+// The next Sunday after tomorrow.
 Fecha domingo(Fecha manana) {
   return manana + (7 - manana.diaSemana());
 }

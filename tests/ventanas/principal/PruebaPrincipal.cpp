@@ -186,7 +186,7 @@ TEST(Principal, NoSeCierraMientrasTransfiere) {
   EXPECT_EQ(t.todas().abiertas().size(), 1U);
 }
 
-// The engine works on behind its closed window: it is asked, and what waits is named.
+// The engine works on after its closed window: it is asked, and what waits is named.
 TEST(Principal, PreguntaAlMotorQueSigueSinSuVentana) {
   Tienda t;
   QTcpServer muda;

@@ -48,7 +48,7 @@ int capturarCarpeta(QApplication& qt, const QStringList& a) {
   if (!llena) encargo.solo.removeOne(QStringLiteral("ConfirSum"));  // refuses to sum nothing
   QStringList faltas;
   if (!encargo.solo.isEmpty()) faltas = capturas::capturar(escritorio, encargo);
-  // Behind all others: the board of the main window shows the last run.
+  // After all others: the board of the main window shows the last run.
   if (conProceso) {
     if (const auto hecho = capturas::dejarProceso(aplicacion, a[1]); !hecho)
       return morir(hecho.error().texto);

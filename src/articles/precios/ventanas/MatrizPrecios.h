@@ -51,7 +51,7 @@ class MatrizPrecios final : public QWidget {
   void entrada(tarvo::precios::Celda celda);  // the focus came to another cell
   void intro(tarvo::precios::Celda celda);    // Enter, once the price is written
   void fallo(tarvo::precios::Celda celda, const tarvo::Error& error);
-  void resuelto();  // behind it: another price was typed, or it was given up
+  void resuelto();  // after it: another price was typed, or it was given up
 
  private:
   std::expected<qint64, FaltaPrecio> leer(const QString& texto) const;

@@ -12,7 +12,7 @@ namespace {
 
 // The number of a task and its state share a cell: the picture stands before the number.
 constexpr qint64 kEstados = 16;
-constexpr int kReteniendo = 32;  // over the state: it will be held behind the present frame
+constexpr int kReteniendo = 32;  // over the state: it will be held after the present frame
 
 }  // namespace
 

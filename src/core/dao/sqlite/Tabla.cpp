@@ -125,7 +125,7 @@ Resultado<> Tabla::leer(Preparada& p, int maximo) {
   return {};
 }
 
-// Fills leida_ with the rows at or past a key or, given a row's number, behind that row of that
+// Fills leida_ with the rows at or past a key or, given a row's number, after that row of that
 // key.
 Resultado<> Tabla::leerDesde(std::span<const Valor> clave, std::optional<qint64> fila, int maximo) {
   leida_.vaciar(columnasLeidas_);
@@ -144,7 +144,7 @@ Resultado<> Tabla::leerPorNiveles(std::span<const Valor> clave, std::optional<qi
 }
 
 // The rows whose first parts equal the key's and whose next part is greater; with all parts equal,
-// all of them or those behind the row.
+// all of them or those after the row.
 Resultado<> Tabla::leerNivel(std::span<const Valor> clave, size_t iguales,
                              std::optional<qint64> fila, int maximo) {
   QString s = u" WHERE 1"_s;

@@ -30,14 +30,14 @@ class Deshacer final : public QObject {
 
   void apuntar(const QString& que, Vuelta vuelta);
   // Cells that are written into are kept, each with what stood there. The list reads its rows again
-  // behind a cell that comes back. `cuando` false leaves a cell of that column out.
+  // after a cell that comes back. `cuando` false leaves a cell of that column out.
   void seguirCeldas(Parrilla& lista, std::function<bool(int columna)> cuando = {});
   void deshacer();
   bool vacia() const { return pila_.empty(); }
   void olvidar();
 
  Q_SIGNALS:
-  void deshecho();  // behind one that went well
+  void deshecho();  // after one that went well
 
  private:
   struct Cambio {

@@ -105,7 +105,7 @@ class Ficha : public Ventana {
   void setFrase(int texto, bool conLineas = true);
   // Applies the copy: one operation of an engine. On a failure nothing is applied, and it is said.
   virtual Resultado<> aplicar() { return {}; }
-  // Behind a good aplicar(): closes, or hands back.
+  // After a good aplicar(): closes, or hands back.
   virtual void aplicada() { aceptar(); }
 
   // --- what it does

@@ -76,7 +76,7 @@ void seguirAccion(QToolButton& boton, QAction& accion) {
 void ponerAlAlcance(QWidget& cuerpo) {
   QSet<QChar> usadas = letrasUsadas(cuerpo);
   for (QToolBar* barra : cuerpo.findChildren<QToolBar*>()) {
-    // Where the bar itself is; its buttons were made behind all that the form has.
+    // Where the bar itself is; its buttons were made after all that the form has.
     const Qt::FocusPolicy suya = barra->focusPolicy();
     barra->setFocusPolicy(Qt::TabFocus);
     QWidget* antes = barra;

@@ -4,7 +4,7 @@
 //   const Retenida mientras(this);
 //   menu.exec(donde);
 //
-// A window that is unloaded meanwhile closes what stands on it, and is deleted behind the last of
+// A window that is unloaded meanwhile closes what stands on it, and is deleted after the last of
 // those functions.
 #pragma once
 

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kCaducaBien = 8000;  // ms
-constexpr int kColumnaBoton = 5;   // behind picture, word, text, detail and copy
+constexpr int kColumnaBoton = 5;   // after picture, word, text, detail and copy
 
 // Without its letter, which some control of the window may have too: two of one letter would both
 // be dead.

@@ -59,7 +59,7 @@ class Ventana : public QWidget {
 
   // False when QueryUnload refused, or is still asking. What stands on the window (a modal one, a
   // box, a menu) is closed first, as with Escape; when that stays, the window does too. The object
-  // goes with the next turn of the event loop, or behind those that keep it (see Retenida).
+  // goes with the next turn of the event loop, or after those that keep it (see Retenida).
   bool descargar();
   // Modal until aceptar() or rechazar() (Escape, the closing button); true for aceptar().
   bool ejecutar();
@@ -94,7 +94,7 @@ class Ventana : public QWidget {
  protected:
   // Where the form goes: ui_.setupUi(cuerpo()).
   QWidget* cuerpo() const { return cuerpo_; }
-  // Once, behind setupUi and before anything is filled: texts, names for assistive tools, size and
+  // Once, after setupUi and before anything is filled: texts, names for assistive tools, size and
   // splitters as they were left.
   void enlazar();
   // Another size; the window moves where a part of it would leave the screen.

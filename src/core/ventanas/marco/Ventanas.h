@@ -1,4 +1,4 @@
-// The registry: how windows are made and reached, by name. A name may carry an instance behind "#"
+// The registry: how windows are made and reached, by name. A name may carry an instance after "#"
 // ("VerCols#12"): the factory is that of the part in front, and each whole name has one window.
 #pragma once
 

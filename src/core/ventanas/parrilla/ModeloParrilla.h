@@ -62,7 +62,7 @@ class ModeloParrilla : public QAbstractTableModel {
   virtual bool contando() const { return false; }  // rows are still being counted
 
  Q_SIGNALS:
-  // Before and behind a change of all rows: what is selected is kept by key in between.
+  // Before and after a change of all rows: what is selected is kept by key in between.
   void vaARenovar();
   void renovado();
   void fallido(const tarvo::Error& error) const;  // rows that should show can't be read

@@ -202,7 +202,7 @@ void ModeloSql::contarAparte() {
       [=, this](Resultado<std::vector<Clave>> todas) { decir(contadas(std::move(todas))); });
 }
 
-// Behind the first ones come the others; all anew when something changed in between.
+// After the first ones come the others; all anew when something changed in between.
 Resultado<> ModeloSql::contadas(Resultado<std::vector<Clave>> todas) {
   contando_ = false;
   if (todas && (todas->size() < claves_.size() ||

@@ -87,7 +87,7 @@ class Parrilla final : public QWidget, private Buscable {
 
   // --- what the grid does by itself
   void irABuscar() override;          // the focus goes to the search field
-  void buscar(const QString& texto);  // from the row behind the current one, round the end
+  void buscar(const QString& texto);  // from the row after the current one, round the end
   void copiar();
   void elegirColumnas();
   void exportar();                       // asks for the file
@@ -110,7 +110,7 @@ class Parrilla final : public QWidget, private Buscable {
   void dejada();           // a cell in edit was closed, written or given up
   void seleccionCambiada();
   void fallo(const tarvo::Error& error);  // of work that the person began on the grid itself
-  void resuelto();  // behind the refusal of a cell: another was written, or it was given up
+  void resuelto();  // after the refusal of a cell: another was written, or it was given up
   void exportado(const QString& ruta);
 
  private:

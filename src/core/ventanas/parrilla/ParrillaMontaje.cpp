@@ -220,7 +220,7 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
           [this](const QModelIndex& celda, const QString& texto, const Error& error) {
             rechazar(celda, texto, error);
           });
-  // Rows are read while they are painted: it is said behind that.
+  // Rows are read while they are painted: it is said after that.
   connect(m, &ModeloParrilla::fallido, &yo, [this](const Error& error) {
     QMetaObject::invokeMethod(&yo, [this, error] { avisar(error); }, Qt::QueuedConnection);
   });
@@ -271,7 +271,7 @@ void Parrilla::Interior::colocarColumnas() {
 }
 
 // Until the person sets widths, the first text column takes what room is left, up to a measure
-// where others stand behind it.
+// where others come after it.
 void Parrilla::Interior::estirar() {
   if (!elasticas || !yo.modelo()) return;
   QHeaderView* h = yo.vista_->horizontalHeader();

@@ -165,7 +165,7 @@ bool Parrilla::Interior::tecla(QKeyEvent& e) {
   return true;
 }
 
-// Letters typed on the list itself. The first looks behind the present row, so that the same letter
+// Letters typed on the list itself. The first looks after the present row, so that the same letter
 // again goes on; more of them may find the present row still right.
 void Parrilla::Interior::saltar(const QString& texto) {
   if (!yo.modelo() || yo.filas() == 0) return;
@@ -201,7 +201,7 @@ void Parrilla::Interior::buscarDesde(const QString& texto, ModeloParrilla::Busca
     if (yo.filas() != cuantas || *vistas >= cuantas) return false;
     const int fila = (desde + *vistas) % cuantas;
     const auto h = yo.modelo()->buscar(texto, como, cuales, fila);
-    // Behind the starting row again: all has been seen.
+    // After the starting row again: all has been seen.
     *vistas += std::max(1, (h.fila >= 0 ? h.fila + 1 : h.siguiente) - fila);
     a.hechos = std::min(*vistas, cuantas);
     if (h.fila >= 0) *hallada = h.fila;
