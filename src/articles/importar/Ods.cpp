@@ -21,8 +21,8 @@ int repetida(const QXmlStreamReader& xml, QStringView nombre) {
   return std::max(1, atributo(xml, nombre).toInt());
 }
 
-// What stands in a cell as text, paragraphs parted by line ends, notes left out. Leaves the cell
-// after.
+// What stands in a cell as text, paragraphs parted by line ends, notes left out. Reads past the
+// cell.
 QString textoDeCelda(QXmlStreamReader& xml) {
   QString salida;
   int dentro = 0, parrafos = 0;  // elements open, texts begun

@@ -58,7 +58,7 @@ std::optional<std::vector<Hoja>> hojas(Zip& zip) {
   return salida;
 }
 
-// All texts within the element, readings of foreign scripts left out. Leaves it behind.
+// All texts within the element, readings of foreign scripts left out. Reads past it.
 QString textos(QXmlStreamReader& xml) {
   const QString fin = xml.name().toString();
   QString salida;
