@@ -24,7 +24,7 @@ QString personaDeAqui() {
 
 }  // namespace
 
-// In the order of the start; what stands below rests on what stands above, and goes first.
+// In the order of the start; what is below rests on what is above, and goes first.
 struct Aplicacion::Interior {
   Interior(Fondo& fondo, Reloj& reloj, enlace::FabricaEnlaces& fabrica, quint64 semilla,
            automation::Preguntas& preguntas)

@@ -14,7 +14,7 @@ namespace tarvo::app {
 // and isn't there.
 Resultado<QString> carpetaPrograma(const QString& pedida);
 
-// Where the executable stands; needs no QCoreApplication.
+// Where the executable is; needs no QCoreApplication.
 QString carpetaEjecutable();
 
 // The file that a path means, links followed, as every program that means it names it. A file that

@@ -1,4 +1,4 @@
-// Whole tasks against machine models: what the machines hold before and after, and what stands in
+// Whole tasks against machine models: what the machines hold before and after, and what is in
 // the database.
 #include "motor/Banco.h"
 

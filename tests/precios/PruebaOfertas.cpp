@@ -38,7 +38,7 @@ TEST_F(PruebaOfertas, NoOfferEndsBeforeItBegins) {
   EXPECT_TRUE(Vigencia::de({}, dia("05/06/2018")));
 }
 
-// What becomes of what stands in the group's place, and whether the scales must hear of the
+// What becomes of what is in the group's place, and whether the scales must hear of the
 // article.
 TEST_F(PruebaOfertas, SavingOverWhatIsThere) {
   const struct {

@@ -1,4 +1,4 @@
-// The dry run. Doing it stands in ImpTablaAplicar.cpp.
+// The dry run. Doing it is in ImpTablaAplicar.cpp.
 #include "articles/importar/ImpTabla.h"
 
 #include "articles/importar/TextosImportar.h"

@@ -21,7 +21,7 @@ int repetida(const QXmlStreamReader& xml, QStringView nombre) {
   return std::max(1, atributo(xml, nombre).toInt());
 }
 
-// What stands in a cell as text, paragraphs parted by line ends, notes left out. Reads past the
+// What is in a cell as text, paragraphs parted by line ends, notes left out. Reads past the
 // cell.
 QString textoDeCelda(QXmlStreamReader& xml) {
   QString salida;

@@ -1,4 +1,4 @@
-// The offers of the groups: what stands in OFERTAS, and what the machines must hear of it. An offer
+// The offers of the groups: what is in OFERTAS, and what the machines must hear of it. An offer
 // that a group has received (`enviado`) and that is deleted stays, unseen (`borrado`), until the
 // normal prices have gone out.
 //

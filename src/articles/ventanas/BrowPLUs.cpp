@@ -1,4 +1,4 @@
-// The list: which articles, in which order, where the pointer stands.
+// The list: which articles, in which order, where the pointer is.
 #include "articles/ventanas/BrowPLUs.h"
 
 #include <QHeaderView>

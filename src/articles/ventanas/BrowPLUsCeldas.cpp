@@ -60,7 +60,7 @@ void BrowPLUs::avisarDepartamento(int departamento) {
   if (tira().estado() == ventanas::Estado::Duda) tira().quitar();
 }
 
-// What stands in the order may stand elsewhere now; the pointer stays on its article.
+// Its row may be elsewhere in the order now; the pointer stays on its article.
 void BrowPLUs::celdaEscrita(int columna) {
   const auto* modelo = ui_.Grid->modelo();
   const bool ordena = columna == modelo->columna(ui_.ModoNom->isChecked() ? u"NOMPLU" : u"CODPLU");

@@ -24,7 +24,7 @@ class CableModem final : public CableReal {
   void vencePlazo() override;
 
  private:
-  // Where the dialogue stands. Those from CuelgaDTR on belong to the hang-up.
+  // Where the dialogue is. Those from CuelgaDTR on belong to the hang-up.
   enum class Paso {
     Senales,
     Guion,

@@ -13,7 +13,7 @@ constexpr qsizetype kRestoMax = 1024;  // of bytes that end in no frame
 constexpr int kDesvio = 1500;          // ms that the two clocks may differ before one is set anew
 constexpr qint64 kMsDia = 24LL * 3600 * 1000;
 
-// Length of the first piece of `b`: an acknowledgement, a frame, or what stands before one. 0 while
+// Length of the first piece of `b`: an acknowledgement, a frame, or what is before one. 0 while
 // it isn't whole.
 qsizetype primera(const QByteArray& b, bool nodal) {
   if (b.front() == tramas::kACK || b.front() == tramas::kNAK) return 1;

@@ -126,7 +126,7 @@ void Maquina::venceACK() {
     vaciar();
     return acabarVEK(kErrorSinACK);
   }
-  // What stands first in the buffer and is neither an acknowledgement nor a frame would hide those
+  // What is first in the buffer and is neither an acknowledgement nor a frame would hide those
   // after it.
   while (!entrada_.isEmpty() && entrada_.front() != tramas::kACK &&
          entrada_.front() != tramas::kSTX)

@@ -22,7 +22,7 @@ struct NoEnviado {
   Fecha desde;
 };
 
-// What stands in the tables of one group.
+// What is in the tables of one group.
 struct Sabido {
   std::unordered_map<qint64, Confirmado> enviados;
   std::unordered_map<qint64, NoEnviado> retenidos;

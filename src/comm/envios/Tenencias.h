@@ -28,7 +28,7 @@ class Tenencias {
   // REQUIRES that database and clock outlive it.
   Tenencias(dao::Database& db, Reloj& reloj, const Destino& destino);
 
-  // Before anything is sent: what stands of a group that moved to another section, tarifa or
+  // Before anything is sent: what is known of a group that moved to another section, tarifa or
   // machine, of a wipe that never got its answer, of articles that are gone.
   Resultado<> empezar();
 

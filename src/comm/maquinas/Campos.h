@@ -50,7 +50,7 @@ struct Linea {
 struct RegistroMalo {
   enum Que { Corto, SinNumero } que = Corto;
   qint64 donde = 0;  // the record's length, or the position (from 1) of the field
-  QByteArray campo;  // what stands there
+  QByteArray campo;  // what is there
 };
 template <class T>
 using Leido = std::expected<T, RegistroMalo>;

@@ -1,9 +1,9 @@
 // When a list can be trusted. A machine whose list broke off may go on with it at the next
 // acknowledgement, whoever that is meant for, and its late frames look like those of the next list;
 // registers that share a wire even answer under one number. So a list under way is noted on disk,
-// by where it comes from. Where the note of an earlier one still stands (it failed, or the program
-// was cut off), after a failure, or when a frame's number doesn't follow the one before it, a list
-// has to come alike twice running.
+// by where it comes from. Where the note of an earlier one is still there (it failed, or the
+// program was cut off), after a failure, or when a frame's number doesn't follow the one before it,
+// a list has to come alike twice running.
 #pragma once
 
 #include <optional>

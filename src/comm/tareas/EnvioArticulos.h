@@ -1,5 +1,5 @@
 // What all sendings of articles share: the list, the words at the end, and what a refusal does. How
-// a family is talked to stands below it.
+// a family is talked to is below it.
 #pragma once
 
 #include <utility>

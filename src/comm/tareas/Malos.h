@@ -41,7 +41,7 @@ class Malos {
     if (tomados_.empty()) primero_ = lugar;
     tomados_.emplace(codigo, pregunta, datos);
   }
-  // A longer one has come since: where the first of those that were taken stands.
+  // A longer one has come since: where the first of those that were taken is.
   std::optional<QString> desmentido() const {
     const bool alguno = std::ranges::any_of(tomados_, [&](const Registro& r) {
       return std::get<2>(r).size() < enteroDe(std::get<0>(r));

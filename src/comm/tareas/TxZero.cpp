@@ -64,7 +64,7 @@ class Cero final : public motor::TrabajoTarea {
 
   const motor::DatosTarea t_;
   const motor::Entorno e_;
-  // Where the present machine stands.
+  // Where the present machine is.
   struct Marcha {
     int paso = 1;
     bool mirada = false;     // what this run told it before was looked up
@@ -146,7 +146,7 @@ Resultado<> Cero::juzgar(const totals::Contadores& leido) {
   return {};
 }
 
-// Where the machine stands: a set that was confirmed is not cleared again.
+// Where the machine is: a set that was confirmed is not cleared again.
 Resultado<> Cero::mirar() {
   if (m_.mirada || t_.Tipo != 3) return {};
   TARVO_TOMAR(const auto p, e_.sesion.partesHechas(t_.Grupo, addr()));

@@ -16,7 +16,7 @@ qsizetype trasCifras(QStringView texto, qsizetype i) {
   return i;
 }
 
-// Parts "Puerto(2)" into its name and its index; false when what stands in the brackets is no
+// Parts "Puerto(2)" into its name and its index; false when what is in the brackets is no
 // number.
 bool partirIndice(QStringView clave, Linea& linea) {
   const qsizetype abre = clave.indexOf(u'(');

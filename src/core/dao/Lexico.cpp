@@ -77,7 +77,7 @@ class Cortador {
     return anadir(Clase::Numero, n);
   }
 
-  // What stands between two marks; a doubled closing mark is one of the text's own.
+  // What is between two marks; a doubled closing mark is one of the text's own.
   Resultado<> entre(Clase clase, QChar cierre, bool doblado) {
     const qsizetype inicio = i_++;
     QString texto;

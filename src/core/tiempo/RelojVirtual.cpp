@@ -7,7 +7,7 @@
 namespace tarvo {
 
 // Running timers by due time and start order. A timer is known by its number, so that one which its
-// own handler destroys is simply no longer here; where it stands is found without a search, since a
+// own handler destroys is simply no longer here; its place is found without a search, since a
 // busy night has a timer or two for each link.
 struct RelojVirtual::Agenda {
   struct Cita {

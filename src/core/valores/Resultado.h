@@ -20,7 +20,7 @@ enum class Fallo {
   DiscoLleno,     // no room for what had to be written
   NoEsBaseDatos,  // the file is no database, or it is damaged
   OtraVersion,    // a database of an earlier or a later version
-  Duplicado,      // a key that must not stand twice
+  Duplicado,      // a key that must not exist twice
   Restriccion,    // another rule of the data broken
   Formato,        // bytes from outside that cannot be read
   Comunicacion,   // a link or a machine; `numero` is the code of docs/protocolos.md

@@ -23,7 +23,7 @@ QString textoDe(const char16_t* s) {
   return QString::fromUtf16(s);
 }
 
-// What stands in the session can only show a zeroing that was begun before it was read.
+// What is in the session can only show a zeroing that was begun before it was read.
 const QString kSinConfirmar =
     u"SEC_HECHO<SEC_INTENCION AND SEC_INTENCION<(SELECT MAX(SEC) FROM Lecturas WHERE "_s
     u"Lecturas.GRUPO=Ceros.GRUPO)"_s;

@@ -1,4 +1,4 @@
-// The period. What is keyed in by hand stands in EditIntvManual.cpp.
+// The period. What is keyed in by hand is in EditIntvManual.cpp.
 #include "totals/ventanas/EditIntvVentana.h"
 
 #include <QLocale>

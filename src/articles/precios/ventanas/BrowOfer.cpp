@@ -1,4 +1,4 @@
-// The list: its filters and columns. What is written in it stands in BrowOferAcciones.cpp.
+// The list: its filters and columns. What is written in it is in BrowOferAcciones.cpp.
 #include "articles/precios/ventanas/BrowOfer.h"
 
 #include "articles/precios/ventanas/Comun.h"

@@ -1,4 +1,4 @@
-// The figures. Walking and saving stand in CalcPreRecorrido.cpp.
+// The figures. Walking and saving is in CalcPreRecorrido.cpp.
 #include "articles/precios/ventanas/CalcPreVentana.h"
 
 #include <algorithm>

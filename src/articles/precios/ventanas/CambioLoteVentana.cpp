@@ -1,4 +1,4 @@
-// What is chosen and what would become of it. Doing it stands in CambioLoteAcciones.cpp.
+// What is chosen and what would become of it. Doing it is in CambioLoteAcciones.cpp.
 #include "articles/precios/ventanas/CambioLoteVentana.h"
 
 #include <cmath>

@@ -1,4 +1,4 @@
-// The fields: what they take, how the keys walk them. The addition stands in FastAltaAcciones.cpp.
+// The fields: what they take, how the keys walk them. The addition is in FastAltaAcciones.cpp.
 #include "articles/precios/ventanas/FastAlta.h"
 
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"

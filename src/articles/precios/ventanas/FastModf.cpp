@@ -202,7 +202,7 @@ void FastModf::avisarSiEsAlto(qint64 precio) {
 // ----------------------------------------------------------------------------------------
 
 bool FastModf::saltar(int pasos) {
-  // What stands in the field is a price too.
+  // What is in the field is a price too.
   if (!ui_.GrdP->terminar()) return false;
   const int fila = ui_.Grd->filaActual() + pasos;
   if (fila < 0 || fila >= ui_.Grd->filas()) return false;

@@ -60,7 +60,7 @@ class Tabla final : public Filas {
   std::shared_ptr<const InfoTabla> info_;
   QString indice_;  // its name in the file; empty: the order of the row numbers
   std::vector<ParteClave> claves_;
-  std::vector<int> celdaClave_;  // where each key part stands in a page
+  std::vector<int> celdaClave_;  // where each key part is in a page
   int columnasLeidas_ = 0;       // columns, expressions of the key, the row's number
 
   std::vector<Preparada> iguales_, desdes_;

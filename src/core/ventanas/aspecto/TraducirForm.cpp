@@ -58,7 +58,7 @@ std::optional<Rotulo> conTitulo(QObject& o) {
   return Rotulo{[c] { return c->title(); }, [c](const QString& s) { c->setTitle(s); }};
 }
 
-// A box is as wide as its title asks, whatever stands in it.
+// A box is as wide as its title asks, whatever is in it.
 std::optional<Rotulo> conMarco(QObject& o) {
   auto* g = qobject_cast<QGroupBox*>(&o);
   if (!g) return std::nullopt;

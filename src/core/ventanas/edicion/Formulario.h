@@ -36,7 +36,7 @@ class Formulario {
   Campo& parrafo(int rotulo, const QString& nombre, QString& donde, int alto);
   // A control of the window's own with its caption.
   void fila(int rotulo, QWidget* control, const QString& nombre);
-  // Whatever stands in a row of its own, as wide as the form, below its caption; `crece`: it takes
+  // Whatever is in a row of its own, as wide as the form, below its caption; `crece`: it takes
   // the room left.
   template <class W>
   W* ancho(W* control, const QString& nombre, int rotulo = 0, int crece = 0) {
