@@ -283,7 +283,7 @@ void Automat::InformeRetry(TipoTarea clase, int grupo, int error, int estado, qi
   if (d->vigila()) d->informarTarea(clase, grupo, error, estado, codigo, kTxSeReintenta);
 }
 
-void Automat::InformeAviso(TipoTarea, const totals::Aviso& aviso) {
+void Automat::InformeAviso(const totals::Aviso& aviso) {
   if (!d->vigila()) return;
   if (aviso.grave) {
     d->problema();

@@ -125,7 +125,7 @@ class Automat final : private motor::Vigilante {
  private:
   void InformeProblema(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) override;
   void InformeRetry(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) override;
-  void InformeAviso(TipoTarea clase, const totals::Aviso& aviso) override;
+  void InformeAviso(const totals::Aviso& aviso) override;
   Resultado<> TareaHecha(const motor::DatosTarea& tarea) override;
   struct Interior;
   std::unique_ptr<Interior> d;

@@ -221,8 +221,8 @@ TEST(Conector, SeBuscaPorNombreSinMirarMayusculas) {
 TEST(Idiomas, UnaVersionExtranjeraTieneMenosClasesDeTarea) {
   const auto clases = [](Idioma idioma) {
     QList<int> lista;
-    for (int n = 0; n <= 25; ++n)
-      if (LimitesClases::de(idioma).tiene(n)) lista << n;
+    for (const TipoTarea t : todosLos<TipoTarea>())
+      if (LimitesClases::de(idioma).tiene(t)) lista << numeroDe(t);
     return lista;
   };
   EXPECT_EQ(clases(Idioma::Espanol),

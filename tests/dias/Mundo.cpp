@@ -183,7 +183,7 @@ void Mundo::InformeProblema(TipoTarea clase, int grupo, int error, int, qint64 c
             .arg(codigo));
 }
 
-void Mundo::InformeAviso(TipoTarea, const totals::Aviso& aviso) {
+void Mundo::InformeAviso(const totals::Aviso& aviso) {
   avisos_[aviso.grupo] += aviso.texto;
   traza(u"  aviso grupo %1%2: %3"_s.arg(aviso.grupo)
             .arg(aviso.grave ? u" (!)"_s : QString())

@@ -34,7 +34,7 @@ class Mundo final : private motor::Vigilante {
 
   void InformeProblema(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) override;
   void InformeRetry(TipoTarea, int, int, int, qint64) override {}
-  void InformeAviso(TipoTarea clase, const totals::Aviso& aviso) override;
+  void InformeAviso(const totals::Aviso& aviso) override;
   Resultado<> TareaHecha(const motor::DatosTarea&) override { return {}; }
 
   void dia(int n);

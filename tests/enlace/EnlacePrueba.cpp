@@ -83,7 +83,7 @@ TEST_F(Enlace, LoQueSeNiegaAlMomentoNoDaEvento) {
   EXPECT_EQ(enlaces.AbrirEnlace(Para::VekMotor, 4, 0, QStringLiteral("NADIE"), &motor), 24);
   EXPECT_EQ(enlaces.AbrirEnlace(Para::VekMotor, 4, 0, QStringLiteral("OTRO"), &motor), 27);
   EXPECT_EQ(enlaces.AbrirEnlace(Para::VekMotor, -1, 0, {}, &motor), 14);
-  EXPECT_EQ(enlaces.AbrirEnlace(9, 0, 0, {}, &motor), 14);
+  EXPECT_EQ(enlaces.AbrirEnlace(Para::VekAmbos, 0, 0, {}, &motor), 14);
   fabrica.preparar = nullptr;
   EXPECT_EQ(enlaces.AbrirEnlace(Para::VekMotor, 7, 0, QStringLiteral("TIENDA"), &motor), 0);
   EXPECT_EQ(enlaces.AbrirEnlace(Para::VekMotor, 5, 0, QStringLiteral("tienda"), &motor), 27);
@@ -233,7 +233,7 @@ TEST_F(Enlace, LosCrucesDentroDeLos10ms) {
     const char* nombre;
     std::function<void(comtvIP&)> hacer;  // while the engine is joining a capture
     QStringView motor, captura;
-    int quedaPara;
+    Para quedaPara;
   };
   const std::vector<Caso> casos{
       {"joins and leaves", [](comtvIP& e) { e.CerrarEnlace(Para::VekMotor); }, u"Cerrar 0", u"",
@@ -242,8 +242,9 @@ TEST_F(Enlace, LosCrucesDentroDeLos10ms) {
        u"Cerrar 0", Para::VekMotor},
       {"both leave",
        [](comtvIP& e) { e.CerrarEnlace(Para::VekMotor), e.CerrarEnlace(Para::VekCaptura); },
-       u"Cerrar 0", u"Cerrar 0", 0},
-      {"the line drops", [this](comtvIP&) { cable().cae(14); }, u"Abrir 15", u"Cerrar 20", 0},
+       u"Cerrar 0", u"Cerrar 0", Para::Nada},
+      {"the line drops", [this](comtvIP&) { cable().cae(14); }, u"Abrir 15", u"Cerrar 20",
+       Para::Nada},
   };
   for (const auto& caso : casos) {
     SCOPED_TRACE(caso.nombre);
@@ -254,7 +255,7 @@ TEST_F(Enlace, LosCrucesDentroDeLos10ms) {
     reloj.avanzar(30);
     EXPECT_EQ(motor.nuevo(), caso.motor);
     EXPECT_EQ(captura.nuevo(), caso.captura);
-    EXPECT_EQ((enlaces[0] ? enlaces[0]->AbiertoPara() : 0), caso.quedaPara);
+    EXPECT_EQ((enlaces[0] ? enlaces[0]->AbiertoPara() : Para::Nada), caso.quedaPara);
     enlaces.abandonar(0, &motor, &captura);
   }
 }

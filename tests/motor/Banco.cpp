@@ -156,7 +156,7 @@ void Banco::InformeRetry(TipoTarea clase, int grupo, int error, int, qint64) {
   reintentos << QStringLiteral("%1 G%2 E%3").arg(numeroDe(clase)).arg(grupo).arg(error);
 }
 
-void Banco::InformeAviso(TipoTarea, const totals::Aviso& aviso) {
+void Banco::InformeAviso(const totals::Aviso& aviso) {
   avisos << aviso.texto;
 }
 

@@ -53,7 +53,7 @@ class Banco : public testing::Test, protected motor::Vigilante {
 
   void InformeProblema(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) override;
   void InformeRetry(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) override;
-  void InformeAviso(TipoTarea clase, const totals::Aviso& aviso) override;
+  void InformeAviso(const totals::Aviso& aviso) override;
   Resultado<> TareaHecha(const motor::DatosTarea& tarea) override;
 
   QTemporaryDir carpeta_;

@@ -264,11 +264,10 @@ void gestcomm::Interior::finTarea(int id) {
   soltarEnlace(c);
   mirarPronto();
   cambio(*t);
-  const TipoTarea clase = t->datos.Clase;
   if (entorno.sesion.estado() != antes)
     if (auto r = entorno.sesion.reflejar(); !r)
       avisos->push_back({t->datos.Grupo, r.error().texto, false});
-  decirAvisos(clase, *avisos);
+  decirAvisos(*avisos);
 }
 
 }  // namespace tarvo::motor

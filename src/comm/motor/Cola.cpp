@@ -126,7 +126,6 @@ TareaViva* gestcomm::Interior::tareaDe(int canal) {
 void gestcomm::Interior::quitar(int id) {
   TareaViva* t = tarea(id);
   if (!t) return;
-  const TipoTarea clase = t->datos.Clase;
   std::vector<totals::Aviso> avisos;
   if (t->Estado != kTerminado) {
     marcarFallida(*t);
@@ -135,7 +134,7 @@ void gestcomm::Interior::quitar(int id) {
   dejarPaso(*t);
   if (tareaDe(t->Canal) == t) liberarCanal(t->Canal);
   const auto nodo = tareas.extract(id);  // dies with this scope, after the observer's call
-  decirAvisos(clase, avisos);
+  decirAvisos(avisos);
   cambioCola();
 }
 

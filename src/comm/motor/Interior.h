@@ -204,7 +204,7 @@ struct gestcomm::Interior {
   VistaTarea vista(const TareaViva& t) const;
   void cambioCola();
   void decir(const TareaViva& t, const QString& texto);
-  void decirAvisos(TipoTarea clase, const std::vector<totals::Aviso>& avisos);
+  void decirAvisos(const std::vector<totals::Aviso>& avisos);
   void problema(int id);
   qint64 ahora() const { return entorno.reloj.monotono(); }
 };

@@ -101,7 +101,7 @@ Resultado<bool> gestcomm::LaSesion(int nuevo) {
   } else {
     return false;
   }
-  if (auto r = s.reflejar(); !r) d->decirAvisos(0, {{0, r.error().texto, false}});
+  if (auto r = s.reflejar(); !r) d->decirAvisos({{0, r.error().texto, false}});
   return true;
 }
 

@@ -20,7 +20,7 @@ class Vigilante {
   virtual void InformeRetry(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) = 0;
   // A sentence about a group that isn't an error of a frame: a record too short, counters that went
   // down...
-  virtual void InformeAviso(TipoTarea clase, const totals::Aviso& aviso) = 0;
+  virtual void InformeAviso(const totals::Aviso& aviso) = 0;
   // A task has ended well, inside the transaction that stored what it read (so that the runner's
   // record agrees with it).
   virtual Resultado<> TareaHecha(const DatosTarea& tarea) = 0;

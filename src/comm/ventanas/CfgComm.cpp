@@ -102,7 +102,7 @@ void CfgComm::tomarTiempos(const Ajustes& de) {
 void CfgComm::mostrarCanal(size_t n) {
   const Canal& canal = canales_[n];
   const ParamCanal& p = r.canales[n];
-  canal.imagen->setIcon(icono(kImagenes[numeroDe(p.Device)]));
+  canal.imagen->setIcon(icono(kImagenes[tarvo::numeroDe(p.Device)]));
   canal.linea->setText(p.RS232);
   canal.linea->setEnabled(p.Device != TipoAcceso::Ninguno);
   canal.rs232->setEnabled(p.Device != TipoAcceso::Ninguno);
