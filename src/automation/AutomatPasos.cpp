@@ -13,9 +13,12 @@ const QString kMargen = QStringLiteral("    ");
 
 // The steps that make use of the engine, as a window that would have to be open.
 bool pideMotor(const PasoProceso& p) {
-  if (p.clase() == kTarea) return true;
-  if (p.clase() == kSesion) return p.verbo() == kAbrir;
-  return p.clase() == kControl;
+  return std::visit(
+      SegunPaso{[](std::monostate) { return false; }, [](const PasoTarea&) { return true; },
+                [](const PasoSesion& s) { return s.verbo == VerboSesion::Abrir; },
+                [](const PasoControl&) { return true; }, [](const PasoPeriodos&) { return false; },
+                [](const PasoExportar&) { return false; }, [](const PasoNoper&) { return false; }},
+      p);
 }
 
 }  // namespace
@@ -29,7 +32,8 @@ Resultado<bool> Automat::Interior::hacerPaso() {
   e.paso = indice;
   if (const auto parametro = parametroDe(p)) return preguntar(*parametro);
   if (pideMotor(p)) abrirMotor();
-  if (p.clase() == kControl && !ejecutor.colaVacia(p, vigilancia)) {
+  const auto* espera = std::get_if<PasoControl>(&p);
+  if (espera && !ejecutor.colaVacia(*espera, vigilancia)) {
     const qint64 ahora = t.reloj.monotono();
     // Only shows that the run is alive; a step that can't be recorded is what counts.
     if (ahora - ultimoLatido >= kLatido && diario.latir(e.numero, t.reloj.ahora()))
@@ -43,7 +47,7 @@ Resultado<bool> Automat::Interior::hacerPaso() {
 // else is done and noted as done at one stroke.
 Resultado<bool> Automat::Interior::llevarACabo(const PasoProceso& p) {
   std::optional<Hecho> hecho;
-  if (p.clase() == kExportar) {
+  if (std::holds_alternative<PasoExportar>(p)) {
     TARVO_TOMAR(auto h, ejecutor.hacer(p, e, vigilancia));
     hecho = std::move(h);
   }
@@ -156,8 +160,8 @@ void Automat::Interior::escribirMomento(int texto) {
 QString Automat::Interior::cabecera() const {
   const auto ultimo = static_cast<qint64>(pasos.size()) - 1;
   const qint64 n = std::clamp<qint64>(indice, 0, std::max<qint64>(ultimo, 0));
-  const int clase = ultimo < 0 ? 0 : pasos[static_cast<size_t>(n)].clase();
-  return Ceros(n + 1, 3) + u':' + palabraClase(clase);
+  const PasoProceso paso = ultimo < 0 ? PasoProceso() : pasos[static_cast<size_t>(n)];
+  return Ceros(n + 1, 3) + u':' + palabraClase(paso);
 }
 
 void Automat::Interior::informar(const Hecho& hecho) {

@@ -1,7 +1,5 @@
 #include "automation/historia/Pendientes.h"
 
-#include "automation/lenguaje/Proceso.h"
-
 namespace tarvo::automation {
 
 Resultado<> Pendientes::anotar(const OrdenPeriodos& orden, const std::vector<qint64>& links) {
@@ -100,10 +98,10 @@ Resultado<std::vector<Pendientes::Debido>> Pendientes::todos() {
     d.desde = rs->fecha(2);
     d.hasta = rs->fecha(3);
     d.descripcion = rs->texto(4).trimmed();
-    const auto verbo = static_cast<int>(rs->entero(5));
-    d.que = verbo == 0           ? Debido::Que::Exportar
-            : verbo == kAcumular ? Debido::Que::Acumular
-                                 : Debido::Que::Descontar;
+    const auto verbo = deNumero<VerboPeriodos>(rs->entero(5));
+    d.que = !verbo                              ? Debido::Que::Exportar
+            : *verbo == VerboPeriodos::Acumular ? Debido::Que::Acumular
+                                                : Debido::Que::Descontar;
     d.mayor = static_cast<int>(rs->entero(6));
     d.proceso = rs->texto(7);
     d.fichero = rs->texto(8);
@@ -122,9 +120,11 @@ Resultado<bool> Pendientes::olvidar(const Debido& d) {
                      d.link, d.proceso, d.orden));
     return filas > 0;
   }
-  TARVO_TOMAR(const auto filas,
-              db_.ejecutar(u"DELETE FROM PeriodosPendientes WHERE LINK=? AND VERBO=? AND TIPO=?",
-                           d.link, d.que == Debido::Que::Acumular ? kAcumular : kStock, d.mayor));
+  TARVO_TOMAR(
+      const auto filas,
+      db_.ejecutar(u"DELETE FROM PeriodosPendientes WHERE LINK=? AND VERBO=? AND TIPO=?", d.link,
+                   d.que == Debido::Que::Acumular ? VerboPeriodos::Acumular : VerboPeriodos::Stock,
+                   d.mayor));
   return filas > 0;
 }
 
