@@ -43,7 +43,7 @@ void rellenarFechas(PasoProceso& paso, const QString& nombre,
   if (!p) return;
   rellenarReferencia(p->desde, nombre, fechas.first);
   rellenarReferencia(p->hasta, nombre, fechas.second);
-  if (p->descripcion == nombre) p->descripcion = fechas.first.general();
+  if (p->descripcion == nombre) p->descripcion = fechas.first.corta();
 }
 
 QJsonValue aJson(const Respuesta& r) {
