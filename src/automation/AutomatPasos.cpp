@@ -182,7 +182,7 @@ void Automat::Interior::recordar(const AvisoHecho& aviso) {
   if (e.numero > 0) static_cast<void>(diario.historial().aviso(e.numero, aviso));
 }
 
-void Automat::Interior::recordarFallo(int clase, int grupo, int error) {
+void Automat::Interior::recordarFallo(TipoTarea clase, int grupo, int error) {
   const auto explicado = motor::textosError(error, t.textos);
   const QString palabras = QString(explicado.cabecera + u' ' + explicado.mensaje).simplified();
   const QString motivo = palabras.isEmpty() ? t.textos(kTxErrorSinTexto, {error}) : palabras;
@@ -193,10 +193,10 @@ void Automat::Interior::cabeceraUnaVez() {
   if (std::exchange(conCabecera, indice) != indice) escribir({cabecera()});
 }
 
-void Automat::Interior::informarTarea(int clase, int grupo, int error, int estado, qint64 codigo,
-                                      int fin) {
+void Automat::Interior::informarTarea(TipoTarea clase, int grupo, int error, int estado,
+                                      qint64 codigo, int fin) {
   cabeceraUnaVez();
-  const auto* c = t.registro.porNumero(clase);
+  const auto* c = t.registro.de(clase);
   const QString tarea =
       u"   "_s + (c ? t.textos(c->nombre) : QString()) + u":G"_s + Ceros(grupo, 4) + u"  "_s;
   QStringList informe{tarea + u'E' + Ceros(error, 2) + u"  C"_s + Ceros(codigo, 9) + u"  ["_s +

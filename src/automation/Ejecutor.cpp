@@ -34,17 +34,19 @@ int reintentosDe(const PasoProceso& p) {
 
 // What a task step asks of the engine; nothing while a reference in it has no value.
 struct Orden {
-  int clase = 0;
+  TipoTarea clase = TipoTarea::TxHora;
   bool todo = true;
   qint64 desde = 0, hasta = 0;
 };
 
 std::optional<Orden> ordenDe(const PasoProceso& p) {
   const auto esNumero = [&p](size_t i) { return std::holds_alternative<qint64>(p.c[i]); };
-  if (std::holds_alternative<std::monostate>(p.c[3])) return Orden{p.verbo(), true, 0, 0};
-  if (std::holds_alternative<std::monostate>(p.c[4])) return Orden{p.verbo(), p.logico(3), 0, 0};
+  const auto tarea = deNumero<TipoTarea>(p.verbo());
+  if (!tarea) return std::nullopt;
+  if (std::holds_alternative<std::monostate>(p.c[3])) return Orden{*tarea, true, 0, 0};
+  if (std::holds_alternative<std::monostate>(p.c[4])) return Orden{*tarea, p.logico(3), 0, 0};
   if (!esNumero(4) || !esNumero(5)) return std::nullopt;
-  return Orden{p.verbo(), p.logico(3), p.numero(4), p.numero(5)};
+  return Orden{*tarea, p.logico(3), p.numero(4), p.numero(5)};
 }
 
 // The groups that a task step names; nothing for a reference without a value or a number that is no
@@ -134,13 +136,13 @@ Resultado<Hecho> Ejecutor::tarea(const PasoProceso& p, Ejecucion& e) {
 
 // In words. The engine has one code for a group that isn't there and for a kind of task that it or
 // the group doesn't know.
-QString Ejecutor::motivoRechazo(int codigo, int grupo, int clase) const {
+QString Ejecutor::motivoRechazo(int codigo, int grupo, TipoTarea clase) const {
   constexpr int kDestinoMalo = 2;
-  const auto* c = t_.registro.porNumero(clase);
-  const auto tipo = t_.db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo);
-  const bool hayGrupo = tipo && !tipo->nulo();
+  const auto* c = t_.registro.de(clase);
+  const auto numero = t_.db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo);
+  const auto tipo = numero ? deNumero<TipoGrupo>(numero->entero()) : std::nullopt;
   const bool nadie = !c || !c->crear;
-  const bool ajena = hayGrupo && c && !c->valePara(static_cast<int>(tipo->entero()));
+  const bool ajena = tipo && c && !c->valePara(*tipo);
   return codigo == kDestinoMalo && (nadie || ajena) ? t_.textos(motor::kTxSinQuienEnvie)
                                                     : mensajePaso(codigo, t_.textos);
 }

@@ -57,7 +57,7 @@ class Ejecutor {
     QString nombre;
   };
   Resultado<Hecho> tarea(const PasoProceso& p, Ejecucion& e);
-  QString motivoRechazo(int codigo, int grupo, int clase) const;
+  QString motivoRechazo(int codigo, int grupo, TipoTarea clase) const;
   Hecho sesion(const PasoProceso& p, Ejecucion& e);
   void cerrar(const PasoProceso& p, Ejecucion& e, Hecho& h);
   void noMemorizado(Ejecucion& e, Hecho& h);

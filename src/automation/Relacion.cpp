@@ -21,13 +21,13 @@ struct DeGrupo {
 using PorGrupo = std::map<int, DeGrupo>;
 
 void anotarTarea(const TareaHecha& t, const Textos& textos, DeGrupo& g) {
-  const QString nombre = textos(motor::kTxMensajeClase + t.clase);
+  const QString nombre = textos(motor::kTxMensajeClase + numeroDe(t.clase));
   if (t.estado != TareaHecha::Estado::Hecha)
     g.sinHacer << nombre;
-  else if (t.clase == totals::kPuestaACero)
+  else if (t.clase == TipoTarea::TxZero)
     g.aCero = true;
   else
-    (totals::clase(t.clase) ? g.recogido : g.hecho) << nombre;
+    (esDeTotales(t.clase) ? g.recogido : g.hecho) << nombre;
 }
 
 // The amount that each group brought into each period: of its grand total where it has one.
@@ -86,7 +86,7 @@ Resultado<QStringList> exportado(const Taller& t, qint64 ejecucion) {
 
 Resultado<QStringList> relacionDe(const Taller& taller, qint64 ejecucion) {
   PorGrupo grupos;
-  TARVO_TOMAR(const auto tareas, Historial(taller.db).tareas(ejecucion));
+  TARVO_TOMAR(const auto tareas, Historial(taller.db, taller.textos).tareas(ejecucion));
   for (const TareaHecha& t : tareas) anotarTarea(t, taller.textos, grupos[t.grupo]);
   TARVO_INTENTAR(leerMemorizado(taller.db, ejecucion, grupos));
   QStringList lineas;

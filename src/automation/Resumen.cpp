@@ -72,7 +72,7 @@ Resultado<Resumen> leerResumen(const FuentesResumen& fuentes) {
 
 Resultado<> LectorResumen::leerEjecuciones() {
   TARVO_INTENTAR(asegurarTablasHistoria(f_.db));
-  TARVO_TOMAR(auto ultimas, Historial(f_.db).ultimas(kEjecucionesMiradas, f_.enMarcha));
+  TARVO_TOMAR(auto ultimas, Historial(f_.db, f_.textos).ultimas(kEjecucionesMiradas, f_.enMarcha));
   for (auto& e : ultimas)
     if (r_.ejecuciones.empty() || f_.ahora - e.inicio < kNoche)
       r_.ejecuciones.push_back(std::move(e));
@@ -87,12 +87,12 @@ Resultado<> LectorResumen::leerEjecuciones() {
 }
 
 Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
-  Historial historial(f_.db);
+  Historial historial(f_.db, f_.textos);
   TARVO_TOMAR(const auto tareas, historial.tareas(e.numero));
   TARVO_TOMAR(const auto avisos, historial.avisos(e.numero));
   for (const auto& t : tareas) {
     DeGrupo& d = porGrupo_[t.grupo];
-    if (totals::clase(t.clase)) {
+    if (esDeTotales(t.clase)) {
       // Read again: what was said before is over, and while it is being read, what was done is too.
       if (e.fin == FinEjecucion::EnMarcha && d.recogida != e.numero) d.clases.clear();
       d.avisos.clear();

@@ -121,17 +121,17 @@ namespace {
 constexpr int kPorHacer = 0, kRechazada = 2;
 }  // namespace
 
-Resultado<> Diario::tareaEnCola(qint64 ejecucion, qint64 paso, int grupo, int clase) {
+Resultado<> Diario::tareaEnCola(qint64 ejecucion, qint64 paso, int grupo, TipoTarea clase) {
   return anadirTarea(ejecucion, paso, grupo, clase, kPorHacer, {});
 }
 
-Resultado<> Diario::tareaRechazada(qint64 ejecucion, qint64 paso, int grupo, int clase,
+Resultado<> Diario::tareaRechazada(qint64 ejecucion, qint64 paso, int grupo, TipoTarea clase,
                                    const QString& motivo) {
   return anadirTarea(ejecucion, paso, grupo, clase, kRechazada, motivo);
 }
 
-Resultado<> Diario::anadirTarea(qint64 ejecucion, qint64 paso, int grupo, int clase, int hecha,
-                                const dao::Valor& motivo) {
+Resultado<> Diario::anadirTarea(qint64 ejecucion, qint64 paso, int grupo, TipoTarea clase,
+                                int hecha, const dao::Valor& motivo) {
   TARVO_INTENTAR(
       db_.ejecutar(u"INSERT INTO ProcesoTareas (EJECUCION, PASO, GRUPO, CLASE, HECHA, FALLO) "
                    u"VALUES (?, ?, ?, ?, ?, ?) ON CONFLICT (EJECUCION, PASO, GRUPO) DO NOTHING",

@@ -3,6 +3,9 @@
 #include <QLocale>
 #include <QStringList>
 
+#include "automation/TextosAutomation.h"
+#include "core/dao/Recorrido.h"
+
 namespace tarvo::automation {
 
 using namespace Qt::StringLiterals;
@@ -51,9 +54,8 @@ EjecucionHecha ejecucionDe(const dao::Recordset& rs, std::optional<qint64> enMar
   return e;
 }
 
-TareaHecha tareaDe(const dao::Recordset& rs) {
-  TareaHecha t{static_cast<int>(rs.entero(0)), static_cast<int>(rs.entero(1)),
-               TareaHecha::Estado::EnCola, rs.texto(3)};
+TareaHecha tareaDe(const dao::Recordset& rs, TipoTarea clase) {
+  TareaHecha t{static_cast<int>(rs.entero(0)), clase, TareaHecha::Estado::EnCola, rs.texto(3)};
   if (rs.entero(2) == 1)
     t.estado = TareaHecha::Estado::Hecha;
   else if (!rs.nulo(3))
@@ -112,7 +114,8 @@ Resultado<> Historial::aviso(qint64 numero, const AvisoHecho& aviso) {
   return {};
 }
 
-Resultado<> Historial::tareaFallida(qint64 numero, int grupo, int clase, const QString& motivo) {
+Resultado<> Historial::tareaFallida(qint64 numero, int grupo, TipoTarea clase,
+                                    const QString& motivo) {
   TARVO_INTENTAR(db_.ejecutar(
       u"UPDATE ProcesoTareas SET FALLO=? WHERE EJECUCION=? AND GRUPO=? AND CLASE=? AND HECHA=0",
       motivo, numero, grupo, clase));
@@ -129,11 +132,18 @@ Resultado<std::vector<EjecucionHecha>> Historial::ultimas(int cuantas,
 }
 
 Resultado<std::vector<TareaHecha>> Historial::tareas(qint64 numero) {
-  return todas<TareaHecha>(
+  std::vector<TareaHecha> lista;
+  TARVO_INTENTAR(dao::recorrer(
       db_.consultar(u"SELECT GRUPO, CLASE, HECHA, FALLO FROM ProcesoTareas WHERE EJECUCION=? ORDER "
                     u"BY PASO, GRUPO",
                     numero),
-      tareaDe);
+      [&](const dao::Recordset& rs) -> Resultado<> {
+        const auto clase = deNumero<TipoTarea>(rs.entero(1));
+        if (!clase) return fallo(Fallo::Formato, textos_(kTxTareaDesconocida, {rs.entero(1)}));
+        lista.push_back(tareaDe(rs, *clase));
+        return {};
+      }));
+  return lista;
 }
 
 Resultado<std::vector<AvisoHecho>> Historial::avisos(qint64 numero) {

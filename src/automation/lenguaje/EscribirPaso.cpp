@@ -66,7 +66,8 @@ class Escritor {
   }
 
   QString tarea() const {
-    const auto* clase = registro_.porNumero(p_.verbo());
+    const auto cual = deNumero<TipoTarea>(p_.verbo());
+    const auto* clase = cual ? registro_.de(*cual) : nullptr;
     const QString cabeza =
         (clase ? QString::fromUtf16(clase->clave) : QString()) + u',' + conAncho(p_.c[2], 4);
     if (llevaInforme(p_.verbo())) return cabeza + u", "_s + siNoDe(3);

@@ -88,13 +88,13 @@ void leerTarea(Campos& f, const motor::RegistroTareas& registro, PasoProceso& p)
   const auto clave = f.campo();
   const auto* tarea = clave.isEmpty() ? nullptr : registro.porClave(clave);
   if (!tarea) return f.fallo(kTxNoEsTarea, {citado(clave)});
-  p.c[1] = qint64{tarea->numero};
+  p.c[1] = qint64{numeroDe(tarea->tarea)};
   p.c[2] = f.referencia();
-  if (llevaRango(tarea->numero)) {
+  if (llevaRango(numeroDe(tarea->tarea))) {
     p.c[3] = f.logico(true);
     p.c[4] = f.codigo(kPrimerCodigo);
     p.c[5] = f.codigo(kUltimoCodigo);
-  } else if (llevaInforme(tarea->numero)) {
+  } else if (llevaInforme(numeroDe(tarea->tarea))) {
     p.c[3] = f.logico(true);
   }
 }

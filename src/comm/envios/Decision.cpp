@@ -54,7 +54,7 @@ Resultado<std::vector<qint64>> articulosPorBorrar(dao::Database& db, const Desti
 }
 
 Resultado<std::vector<qint64>> borradosAntes(dao::Database& db, const Destino& d, Rango r) {
-  if (d.tipo != 1) return std::vector<qint64>{};
+  if (d.tipo != TipoGrupo::Balanzas) return std::vector<qint64>{};
   return codigosDe(db.consultar(
       u"SELECT B.CODPLU FROM BorradosGrupo B WHERE B.GRUPO=? AND B.CODPLU>=? AND B.CODPLU<=? AND "
       u"NOT EXISTS (SELECT 1 FROM PLUSES P WHERE P.SECCION=? AND P.CODPLU=B.CODPLU) ORDER BY 1",

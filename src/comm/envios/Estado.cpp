@@ -142,7 +142,9 @@ Resultado<std::optional<Destino>> destinoDeGrupo(dao::Database& db, int grupo) {
               db.consultar(u"SELECT SECCION, TIPO, tarifa FROM GRUPOS WHERE CODGPO=?", grupo));
   if (rs->Eof()) return std::nullopt;
   const auto entero = [&](int c) { return static_cast<int>(rs->entero(c)); };
-  return Destino{grupo, entero(0), entero(1), std::clamp(entero(2), 0, 7)};
+  const auto tipo = deNumero<TipoGrupo>(rs->entero(1));
+  if (!tipo) return std::nullopt;
+  return Destino{grupo, entero(0), *tipo, std::clamp(entero(2), 0, 7)};
 }
 
 Resultado<std::vector<EstadoArticulo>> estadoDeEnvio(dao::Database& db, const Destino& d,

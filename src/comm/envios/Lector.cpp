@@ -2,6 +2,7 @@
 
 #include <map>
 #include <ranges>
+#include <utility>
 
 namespace tarvo::envios {
 
@@ -85,8 +86,17 @@ std::optional<maquinas::NoCabe> precioIlegible(const dao::Recordset& rs, const O
   return {};
 }
 
-int preciosQueVan(int tipo) {
-  return tipo == 2 ? 1 : tipo == 3 ? 2 : 3;
+int preciosQueVan(TipoGrupo tipo) {
+  switch (tipo) {
+    case TipoGrupo::Ebony:
+      return 1;
+    case TipoGrupo::Registradoras:
+      return 2;
+    case TipoGrupo::Balanzas:
+    case TipoGrupo::Birch:
+      return 3;
+  }
+  std::unreachable();
 }
 
 maquinas::Articulo leerArticuloPlano(const dao::Recordset& rs) {
@@ -146,7 +156,7 @@ Resultado<std::vector<Preparado>> Lector::leer(std::span<const qint64> codigos, 
     salida.push_back(preparar(*rs, ahora));
     TARVO_INTENTAR(rs->MoveNext());
   }
-  if (destino_.tipo == 3) TARVO_INTENTAR(apartarRepetidos(salida));
+  if (destino_.tipo == TipoGrupo::Registradoras) TARVO_INTENTAR(apartarRepetidos(salida));
   return salida;
 }
 
@@ -200,7 +210,7 @@ Preparado Lector::preparar(const dao::Recordset& rs, Fecha ahora) const {
   return p;
 }
 
-Huella huellaDe(int tipo, const QByteArray& registro) {
+Huella huellaDe(TipoGrupo tipo, const QByteArray& registro) {
   return {resumen(maquinas::sinPrecios(tipo, registro)),
           resumen(maquinas::preciosDe(tipo, registro))};
 }

@@ -202,7 +202,7 @@ Resultado<> Tenencias::AnotarBorrado(qint64 codigo) {
 
 Resultado<> Tenencias::AnotarOrdenBorrado(qint64 codigo) {
   TARVO_INTENTAR(AnotarBorrado(codigo));
-  if (d_.tipo != 1) return {};
+  if (d_.tipo != TipoGrupo::Balanzas) return {};
   hayOrdenados_ = true;
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO BorradosGrupo (GRUPO, CODPLU, CUANDO) VALUES (?, ?, ?) ON CONFLICT (GRUPO, "

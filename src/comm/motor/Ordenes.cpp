@@ -135,7 +135,7 @@ void gestcomm::Interior::decir(const TareaViva& t, const QString& texto) {
   if (vigilante) vigilante->InformeAviso(t.datos.Clase, {t.datos.Grupo, texto, true});
 }
 
-void gestcomm::Interior::decirAvisos(int clase, const std::vector<totals::Aviso>& avisos) {
+void gestcomm::Interior::decirAvisos(TipoTarea clase, const std::vector<totals::Aviso>& avisos) {
   for (const totals::Aviso& a : avisos)
     if (vigilante) vigilante->InformeAviso(clase, a);
 }

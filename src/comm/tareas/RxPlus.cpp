@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "comm/maquinas/Caja.h"
 #include "comm/maquinas/Nodal.h"
@@ -172,13 +173,15 @@ class ArticulosCaja final : public ListasCaja {
 
 Trabajo crearRxPlus(const motor::DatosTarea& t, const motor::Entorno& e) {
   switch (t.Tipo) {
-    case 2:
+    case TipoGrupo::Ebony:
       return std::make_unique<ArticulosNodal>(t, e);
-    case 3:
+    case TipoGrupo::Registradoras:
       return std::make_unique<ArticulosCaja>(t, e);
-    default:
+    case TipoGrupo::Balanzas:
+    case TipoGrupo::Birch:
       return std::make_unique<ArticulosVek>(t, e);
   }
+  std::unreachable();
 }
 
 }  // namespace tarvo::tareas
