@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <initializer_list>
 #include <utility>
 #include <vector>
 
@@ -15,6 +16,11 @@ class FilasLeidas {
   using Clave = std::pair<qint64, int>;  // CODI and HORA (0 where the kind has none)
   using Fila = std::pair<Clave, Contadores>;
   using const_iterator = std::vector<Fila>::const_iterator;
+
+  FilasLeidas() = default;
+  FilasLeidas(std::initializer_list<Fila> filas) {
+    for (const auto& [clave, c] : filas) (*this)[clave] = c;
+  }
 
   // The counters of a key, zeros for one not seen before. The reference holds until the next call.
   Contadores& operator[](const Clave& clave) {
