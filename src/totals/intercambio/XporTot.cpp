@@ -1,6 +1,8 @@
 #include "totals/intercambio/XporTot.h"
 
 #include "core/ajustes/Ficheros.h"
+#include "core/dao/Marcas.h"
+#include "core/dao/Recorrido.h"
 #include "core/textos/Textos.h"
 #include "totals/TextosTotals.h"
 #include "totals/intercambio/Anadidura.h"
@@ -44,24 +46,19 @@ QString XporTot::rutaDestino(const QString& nombre) const {
 
 Resultado<> XporTot::lineasDe(const ClaseTotal& c, const Columna& periodo, bool corto,
                               const Recibe& recibe) {
-  const QString tabla = QString::fromUtf16(c.tabla);
-  const QString hora = c.conHora ? QStringLiteral("HORA") : QStringLiteral("0");
-  TARVO_TOMAR(
-      auto rs,
-      db_.consultar(
-          QStringLiteral(
-              "SELECT GRUPO, GRUPOS.SECCION, CODI, %1, CON, PES, [IMP], SCO FROM %2 LEFT JOIN "
-              "GRUPOS ON GRUPOS.CODGPO=%2.GRUPO WHERE LINK=? ORDER BY GRUPO, CODI%3")
-              .arg(hora, tabla, c.conHora ? QStringLiteral(", HORA") : QString()),
-          periodo.LINK));
-  while (!rs->Eof()) {
-    const FilaExport f = filaDe(c, *rs);
-    const auto linea = lineaExport(f, corto);
-    if (!linea) return noCabe(periodo, f, p_.textos());
-    TARVO_INTENTAR(recibe((*linea + kFinLinea).toLatin1()));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return {};
+  const QString sql = dao::conMarcas(
+      u"SELECT GRUPO, GRUPOS.SECCION, CODI, {hora}, CON, PES, [IMP], SCO FROM {totales} LEFT JOIN "
+      u"GRUPOS ON GRUPOS.CODGPO={totales}.GRUPO WHERE LINK=? ORDER BY GRUPO, {orden}",
+      {{u"totales", QString::fromUtf16(c.tabla)},
+       {u"hora", c.conHora ? QStringLiteral("HORA") : QStringLiteral("0")},
+       {u"orden", c.conHora ? QStringLiteral("CODI, HORA") : QStringLiteral("CODI")}});
+  return dao::recorrer(db_.consultar(sql, periodo.LINK),
+                       [&](const dao::Recordset& rs) -> Resultado<> {
+                         const FilaExport f = filaDe(c, rs);
+                         const auto linea = lineaExport(f, corto);
+                         if (!linea) return noCabe(periodo, f, p_.textos());
+                         return recibe((*linea + kFinLinea).toLatin1());
+                       });
 }
 
 Resultado<> XporTot::bloque(const Columna& periodo, bool corto, const Recibe& recibe) {
@@ -73,11 +70,9 @@ Resultado<> XporTot::bloque(const Columna& periodo, bool corto, const Recibe& re
 Resultado<qint64> XporTot::largoDe(const Columna& periodo, bool corto) {
   qint64 filas = 0;
   for (const ClaseTotal& c : enVigor(a_)) {
-    TARVO_TOMAR(
-        const auto n,
-        db_.uno(
-            QStringLiteral("SELECT count(*) FROM %1 WHERE LINK=?").arg(QString::fromUtf16(c.tabla)),
-            periodo.LINK));
+    TARVO_TOMAR(const auto n, db_.uno(dao::conMarcas(u"SELECT count(*) FROM {totales} WHERE LINK=?",
+                                                     {{u"totales", QString::fromUtf16(c.tabla)}}),
+                                      periodo.LINK));
     filas += n.entero();
   }
   return cabeceraDe(periodo).size() + filas * (largoLinea(corto) + kFinLinea.size());
