@@ -147,9 +147,10 @@ QString Ejecutor::motivoRechazo(int codigo, int grupo, TipoTarea clase) const {
   constexpr int kDestinoMalo = 2;
   const auto* c = t_.registro.de(clase);
   const auto numero = t_.db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo);
-  const auto tipo = numero ? deNumero<TipoGrupo>(numero->entero()) : std::nullopt;
+  const bool hayGrupo = numero && !numero->nulo();
+  const auto tipo = hayGrupo ? deNumero<TipoGrupo>(numero->entero()) : std::nullopt;
   const bool nadie = !c || !c->crear;
-  const bool ajena = tipo && c && !c->valePara(*tipo);
+  const bool ajena = hayGrupo && c && (!tipo || !c->valePara(*tipo));
   return codigo == kDestinoMalo && (nadie || ajena) ? t_.textos(motor::kTxSinQuienEnvie)
                                                     : mensajePaso(codigo, t_.textos);
 }

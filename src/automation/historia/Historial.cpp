@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include "automation/TextosAutomation.h"
+#include "core/dao/Marcas.h"
 #include "core/dao/Recorrido.h"
 
 namespace tarvo::automation {
@@ -63,27 +64,16 @@ TareaHecha tareaDe(const dao::Recordset& rs, TipoTarea clase) {
   return t;
 }
 
-// All rows of a query, each made by `una`.
-template <class T, class F>
-Resultado<std::vector<T>> todas(Resultado<std::unique_ptr<dao::Recordset>> rs, F una) {
-  if (!rs) return std::unexpected(rs.error());
-  std::vector<T> lista;
-  while (!(*rs)->Eof()) {
-    lista.push_back(una(**rs));
-    TARVO_INTENTAR((*rs)->MoveNext());
-  }
-  return lista;
-}
-
 }  // namespace
 
 Resultado<> Historial::empezar(qint64 numero, const QString& nombre, Fecha inicio,
                                const QString& traza) {
-  for (const char16_t* tabla : {u"Ejecuciones", u"ProcesoTareas", u"EjecucionAvisos"})
-    TARVO_INTENTAR(db_.ejecutar(QStringLiteral("DELETE FROM %1 WHERE EJECUCION<=? AND EJECUCION "
-                                               "NOT IN (SELECT EJECUCION FROM Proceso)")
-                                    .arg(tabla),
-                                numero - kEjecucionesGuardadas));
+  for (const QString& tabla : {u"Ejecuciones"_s, u"ProcesoTareas"_s, u"EjecucionAvisos"_s})
+    TARVO_INTENTAR(db_.ejecutar(
+        dao::conMarcas(u"DELETE FROM {tabla} WHERE EJECUCION<=? AND EJECUCION NOT IN (SELECT "
+                       u"EJECUCION FROM Proceso)",
+                       {{u"tabla", tabla}}),
+        numero - kEjecucionesGuardadas));
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT OR REPLACE INTO Ejecuciones (EJECUCION, NOMBRE, INICIO, TRAZA) VALUES (?, ?, ?, ?)",
       numero, nombre, inicio, traza));
@@ -124,7 +114,7 @@ Resultado<> Historial::tareaFallida(qint64 numero, int grupo, TipoTarea clase,
 
 Resultado<std::vector<EjecucionHecha>> Historial::ultimas(int cuantas,
                                                           std::optional<qint64> enMarcha) {
-  return todas<EjecucionHecha>(
+  return dao::reunir(
       db_.consultar(u"SELECT EJECUCION, NOMBRE, INICIO, FIN, RESULTADO, PERIODOS, TRAZA FROM "
                     u"Ejecuciones ORDER BY EJECUCION DESC LIMIT ?",
                     cuantas),
@@ -147,7 +137,7 @@ Resultado<std::vector<TareaHecha>> Historial::tareas(qint64 numero) {
 }
 
 Resultado<std::vector<AvisoHecho>> Historial::avisos(qint64 numero) {
-  return todas<AvisoHecho>(
+  return dao::reunir(
       db_.consultar(u"SELECT GRUPO, TEXTO, GRAVE FROM EjecucionAvisos WHERE EJECUCION=? ORDER BY "
                     u"rowid",
                     numero),

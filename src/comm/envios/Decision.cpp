@@ -3,18 +3,14 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "core/dao/Recorrido.h"
+
 namespace tarvo::envios {
 
 namespace {
 
-Resultado<std::vector<qint64>> codigosDe(Resultado<std::unique_ptr<dao::Recordset>> rs) {
-  if (!rs) return std::unexpected(rs.error());
-  std::vector<qint64> salida;
-  for (; !(*rs)->Eof();) {
-    salida.push_back((*rs)->entero(0));
-    TARVO_INTENTAR((*rs)->MoveNext());
-  }
-  return salida;
+Resultado<std::vector<qint64>> codigosDe(dao::Abierta filas) {
+  return dao::reunir(std::move(filas), [](const dao::Recordset& rs) { return rs.entero(0); });
 }
 
 }  // namespace

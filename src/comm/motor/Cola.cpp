@@ -1,6 +1,7 @@
 // The queue: tasks come in, are looked up and go; and which groups have a reading that failed.
 #include "comm/motor/Interior.h"
 #include "comm/motor/TextosMotor.h"
+#include "core/dao/Recorrido.h"
 
 namespace tarvo::motor {
 
@@ -12,10 +13,11 @@ Resultado<std::vector<int>> leerDirecciones(dao::Database& db, int grupo) {
   const int cAddr = rs->columna(u"ADDR");
   std::vector<int> salida;
   TARVO_INTENTAR(rs->Seek(dao::Busca::MayorIgual, grupo));
-  while (!rs->Eof() && rs->entero(cGrupo) == grupo) {
-    salida.push_back(static_cast<int>(rs->entero(cAddr)));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(*rs, [&](const dao::Recordset& fila) {
+    const bool suya = fila.entero(cGrupo) == grupo;
+    if (suya) salida.push_back(static_cast<int>(fila.entero(cAddr)));
+    return suya;
+  }));
   return salida;
 }
 

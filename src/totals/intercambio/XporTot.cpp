@@ -56,10 +56,10 @@ Resultado<> XporTot::lineasDe(const ClaseTotal& c, const Columna& periodo, bool 
                           [](const dao::Recordset& fila) { return fila.entero(0); }));
   const QString filas = dao::conMarcas(
       u"SELECT GRUPO, GRUPOS.SECCION, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} LEFT JOIN "
-      u"GRUPOS ON GRUPOS.CODGPO={tabla}.GRUPO WHERE LINK=? AND GRUPO=? ORDER BY CODI{orden}",
+      u"GRUPOS ON GRUPOS.CODGPO={tabla}.GRUPO WHERE LINK=? AND GRUPO=? ORDER BY {orden}",
       {{u"tabla", tabla},
        {u"hora", c.conHora ? QStringLiteral("HORA") : QStringLiteral("0")},
-       {u"orden", c.conHora ? QStringLiteral(", HORA") : QString()}});
+       {u"orden", c.conHora ? QStringLiteral("CODI, HORA") : QStringLiteral("CODI")}});
   const auto una = [&](const dao::Recordset& fila) -> Resultado<> {
     const FilaExport f = filaDe(c, fila);
     const auto linea = lineaExport(f, corto);
@@ -80,11 +80,9 @@ Resultado<> XporTot::bloque(const Columna& periodo, bool corto, const Recibe& re
 Resultado<qint64> XporTot::largoDe(const Columna& periodo, bool corto) {
   qint64 filas = 0;
   for (const ClaseTotal& c : enVigor(a_)) {
-    TARVO_TOMAR(
-        const auto n,
-        db_.uno(
-            QStringLiteral("SELECT count(*) FROM %1 WHERE LINK=?").arg(QString::fromUtf16(c.tabla)),
-            periodo.LINK));
+    TARVO_TOMAR(const auto n, db_.uno(dao::conMarcas(u"SELECT count(*) FROM {totales} WHERE LINK=?",
+                                                     {{u"totales", QString::fromUtf16(c.tabla)}}),
+                                      periodo.LINK));
     filas += n.entero();
   }
   return cabeceraDe(periodo).size() + filas * (largoLinea(corto) + kFinLinea.size());
