@@ -3,7 +3,7 @@
 
 #include <QFile>
 
-#include "Banco.h"
+#include "automation/TiendaDeProcesos.h"
 #include "core/ajustes/Ficheros.h"
 
 namespace tarvo::automation {
@@ -43,7 +43,7 @@ class CronosTest : public testing::Test {
   int fallos(size_t i = 0) const { return c_.entradas()[i].fallos; }
   EstadoEntrada estado(size_t i) const { return c_.entradas()[i].estado; }
 
-  Tienda tienda_;  // Wednesday 4 March 2026, 22:00
+  TiendaDeProcesos tienda_;  // Wednesday 4 March 2026, 22:00
   std::unique_ptr<Programa> p_;
   Cronos c_;
   QStringList avisos_;

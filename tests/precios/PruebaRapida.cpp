@@ -1,6 +1,6 @@
-#include "Puesto.h"
 #include "articles/precios/AltaRapida.h"
 #include "articles/precios/CambioRapido.h"
+#include "precios/TiendaDePrecios.h"
 
 using namespace tarvo;
 using namespace tarvo::precios;
@@ -72,7 +72,7 @@ TEST(FormaAlta, TheCodeBehindAPrefix) {
   EXPECT_EQ(FormaAlta::de({}, 1, 0).error(), Tarifas);
 }
 
-struct PruebaAlta : testing::Test, prueba::Puesto {
+struct PruebaAlta : testing::Test, prueba::TiendaDePrecios {
   AltaRapida alta{*db, catalogo, *FormaAlta::de(u"12"_s, 2, 1)};
   EntradaAlta buena() {
     EntradaAlta e;

@@ -2,12 +2,12 @@
 #include <QPlainTextEdit>
 #include <QTabWidget>
 
-#include "Colmado.h"
+#include "MesaDeArticulos.h"
 
 namespace tarvo::prueba {
 
 TEST(Editor, LaListaDeFaltasYLaPrimeraDelante) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
   t.control(v, u"txFormato")->setText(u"21"_s);
   t.control(v, u"txMinimo")->setText(u"99999,99"_s);
@@ -29,7 +29,7 @@ TEST(Editor, LaListaDeFaltasYLaPrimeraDelante) {
 }
 
 TEST(Editor, NiLaMonedaNiLaUnidadCambianNada) {
-  Colmado t;
+  MesaDeArticulos t;
   t.ajustes.Euro = 166.386F;
   t.sql(
       u"update PLUSES set COSTE=333, minimo=101, HASTA_1=1505, STK_MAX=2500 where SECCION=1 and CODPLU=10"_s);
@@ -55,7 +55,7 @@ TEST(Editor, NiLaMonedaNiLaUnidadCambianNada) {
 }
 
 TEST(Editor, BarrasExistenciasYLoQueOtroCambio) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
   auto* dibujo = t.control<QLabel>(v, u"dibujo");
   auto* corregir = t.control<QPushButton>(v, u"Corregir");
@@ -116,7 +116,7 @@ class Pintado final : public QObject {
 
 // Each Guardar marks what is wrong now, all of it, on the screen.
 TEST(Editor, LosMarcosDicenLoDeAhora) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
   const char16_t* campos[] = {u"txCod", u"txMinimo", u"txHasta1", u"txHasta2"};
   const struct {
@@ -161,7 +161,7 @@ TEST(Editor, PorTodasPartesConElTeclado) {
                {0, u"txNom", Qt::Key_L, Qt::AltModifier, u"stk", u""},
                {2, u"txNom", Qt::Key_E, Qt::AltModifier, u"pre", u""},
                {3, u"txTexto", Qt::Key_Tab, Qt::NoModifier, u"etq", u"Guardar"}};
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
   auto* fichas = t.control<QTabWidget>(v, u"Fichas");
   for (const auto& c : casos) {
@@ -197,7 +197,7 @@ TEST(Editor, ElCodigoDeBarrasRaroSeDice) {
       {u"", u"12345", 0,
        "El prefijo y el código no caben en un código de este tipo: acorte el prefijo"}};
   for (const auto& c : casos) {
-    Colmado t;
+    MesaDeArticulos t;
     auto* lista = t.abrir(u"BrowPLUs"_s);
     t.tecla(Qt::Key_F4);
     auto* v = t.cargada(u"xEditPLU#1.10"_s);

@@ -2,7 +2,7 @@
 
 #include <QDir>
 
-#include "Colmado.h"
+#include "MesaDeArticulos.h"
 #include "articles/Lotes.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 
@@ -20,7 +20,7 @@ void ponerTexto(QLineEdit* campo, const QString& texto) {
 
 // From the tree: a department, its name, its list, the complete editor, a price.
 TEST(Trabajos, UnArticuloNuevoDesdeNada) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* arbol = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
   t.tecla(Qt::Key_Insert);
   t.escribir(u"Setas"_s);
@@ -60,7 +60,7 @@ TEST(Trabajos, UnArticuloNuevoDesdeNada) {
 }
 
 TEST(Trabajos, UnCodigoCambiadoEnLaLista) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
   auto& grid = t.lista(v);
   ASSERT_EQ(t.enMano(grid), 10);
@@ -78,7 +78,7 @@ TEST(Trabajos, UnCodigoCambiadoEnLaLista) {
 
 // Each cell, what is typed, and what comes of it.
 TEST(Trabajos, LasCeldasSeComprueban) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
   auto& grid = t.lista(v);
   const struct {
@@ -131,7 +131,7 @@ TEST(Trabajos, LasCeldasSeComprueban) {
 }
 
 TEST(Trabajos, LosPreciosDeLaRejilla) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
   auto& grid = t.lista(v);
   auto& precios = t.lista(v, u"GrdPre");
@@ -155,8 +155,8 @@ TEST(Trabajos, LosPreciosDeLaRejilla) {
 }
 
 TEST(Trabajos, BorrarYDeshacer) {
-  Colmado t;
-  t.sql(u"insert into MovsAlm (CODALM, SECCION, CODIGO, Inicial) values (0, 1, 20, 5000)"_s);
+  MesaDeArticulos t;
+  t.existencias({.codigo = 20, .inicial = 5000});
   auto* v = t.abrir(u"BrowPLUs"_s);
   auto& grid = t.lista(v);
   const QString filas = u"select * from PLUSES order by SECCION, CODPLU"_s;
@@ -187,7 +187,7 @@ TEST(Trabajos, BorrarYDeshacer) {
 }
 
 TEST(Trabajos, CopiarMoverYDeshacer) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
   auto& grid = t.lista(v);
   const auto rowid = [&](int codigo) {
@@ -219,7 +219,7 @@ TEST(Trabajos, CopiarMoverYDeshacer) {
 
 // The only article that is shown leaves, and comes back with the history of its prices.
 TEST(Trabajos, ElUnicoSeMueveYVuelve) {
-  Colmado t;
+  MesaDeArticulos t;
   t.sql(u"delete from PLUSES where SECCION=1 and CODPLU>10"_s);
   bien(t.catalogo.ponerPrecios({1, 10}, Precios{{{125}}}, u"xEditPLU"_s));
   auto* v = t.abrir(u"BrowPLUs"_s, {{u"seccion"_s, 1}, {u"departamento"_s, 1}});
@@ -241,8 +241,8 @@ TEST(Trabajos, ElUnicoSeMueveYVuelve) {
 }
 
 TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
-  Colmado t;
-  t.sql(u"insert into DEPTS (SECCION, NUMDEP, NomDep) values (1, 2, 'Verdura')"_s);
+  MesaDeArticulos t;
+  t.departamento(2, u"Verdura");
   t.sql(u"update DEPTS set IVA=3"_s);
   auto* v = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
   auto* arbol = t.control<QTreeWidget>(v, u"Arbol");
@@ -305,7 +305,7 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
 // it stands; until then it stays, whoever closes the list.
 TEST(Trabajos, LoQueSeCortoSeDiceYSeResuelve) {
   for (const bool deshacer : {true, false}) {
-    Colmado t;
+    MesaDeArticulos t;
     articles::Lotes lotes(*t.db, t.catalogo, t.reloj);
     const qint64 lote = bien(lotes.empezar(u"ImpPLU"_s));
     bien(lotes.guardar(lote, {1, 10}));
@@ -330,7 +330,7 @@ TEST(Trabajos, LoQueSeCortoSeDiceYSeResuelve) {
 }
 
 TEST(Trabajos, UnaSeccionCopiadaYSuNombre) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
   t.tecla(Qt::Key_F6);
   ASSERT_TRUE(esperar([&] {

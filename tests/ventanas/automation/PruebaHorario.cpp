@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QTableView>
 
-#include "Sala.h"
+#include "MesaDeProcesos.h"
 #include "automation/lenguaje/Horario.h"
 #include "automation/ventanas/Puertas.h"
 #include "core/ventanas/parrilla/ModeloVivo.h"
@@ -17,13 +17,13 @@ namespace {
 using ventanas::Parrilla;
 using ventanas::Ventana;
 
-struct Horarios : Sala {
+struct Horarios : MesaDeProcesos {
   // Asks a group that doesn't answer so many times, and reports it.
   static QString preguntarEnVano(int veces) {
     return u"T:RXGRTOT,1\r\nC:ESPERA,%1,No\r\n"_s.arg(veces);
   }
 
-  Horarios() : Sala({1}) {
+  Horarios() : MesaDeProcesos({1}) {
     fichero(u"BIEN.AUT"_s, u"N:a\r\n"_s);
     fichero(u"mal.aut"_s, preguntarEnVano(2));
     todas().registrar(u"MainTarvo"_s,

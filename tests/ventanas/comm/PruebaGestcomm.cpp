@@ -1,12 +1,14 @@
 // The jobs of the operator: receive, see what failed, try again, give up, close.
 
-#include "Puesto.h"
+#include "MesaDeComm.h"
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 using simulador::Averia;
 
-struct Gestcomm : Puesto {
+struct Gestcomm : MesaDeComm {
   void dosGrupos() {
     for (const int g : {1, 2}) {
       grupo(g, 1, u"cable %1"_s.arg(g));
@@ -245,7 +247,7 @@ TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
   grupo(1, 2, u"cable 1"_s);
   vender(1, 10, 1500, 250);
   articulo(10);
-  valor(db->ejecutar(u"INSERT INTO Enviados (GRUPO, SECCION, CODPLU) VALUES (1, 1, 10)"));
+  fila(u"Enviados", {{u"GRUPO", 1}, {u"SECCION", 1}, {u"CODPLU", 10}});
   abrir(u"gestcomm"_s);
   encolar(1, 17);
   ASSERT_TRUE(hasta([&] { return cola()->filas() == 0 && sesion->estado() == 2; }));
@@ -320,7 +322,7 @@ TEST_F(Gestcomm, RepetirTrasLaPuestaACeroSeNiega) {
   encolar(1, 17);
   ASSERT_TRUE(correr());
   reloj.avanzar(60000);
-  valor(db->ejecutar(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=1", reloj.ahora()));
+  sql(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=1"_s, reloj.ahora());
   QString dicho;
   luego([&](QWidget* d) {
     dicho = caja([d] { QTest::keyClick(d->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space); });

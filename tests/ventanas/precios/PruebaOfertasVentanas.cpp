@@ -1,11 +1,11 @@
-#include "Mostrador.h"
+#include "MesaDePrecios.h"
 #include "articles/precios/ventanas/Puertas.h"
 
 namespace tarvo::prueba {
 
 namespace {
 
-Fecha hoy(const Mostrador& m) {
+Fecha hoy(const MesaDePrecios& m) {
   return m.reloj.ahora().dia();
 }
 
@@ -21,7 +21,7 @@ const QString kOfertas =
 
 // The whole of it by keys: an offer for both groups that begins tomorrow and ends on Sunday.
 TEST(VentanaOfertas, UnaOfertaParaDosGruposHastaElDomingo) {
-  Mostrador m;
+  MesaDePrecios m;
   auto* lista = m.abrir(u"BrowOfer"_s);
   QTest::keyClick(lista, Qt::Key_Insert);
   ventanas::Ventana* nueva = m.escritorio.ventanas().cargada(u"NvaOfr"_s);
@@ -59,7 +59,7 @@ TEST(VentanaOfertas, UnaOfertaParaDosGruposHastaElDomingo) {
 }
 
 TEST(VentanaOfertas, LoQueFaltaSeDiceYNoSeGuarda) {
-  Mostrador m;
+  MesaDePrecios m;
   auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
   const struct {
     QString articulo, precio, desde, hasta;
@@ -113,9 +113,8 @@ TEST(VentanaOfertas, LoQueFaltaSeDiceYNoSeGuarda) {
 }
 
 TEST(VentanaOfertas, PreguntaAntesDeReescribir) {
-  Mostrador m;
-  m.sql(
-      u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, enviado) values (1, 1, 12, 700, 1)"_s);
+  MesaDePrecios m;
+  m.oferta({.grupo = 1, .codigo = 12, .precio = 700, .enviado = 1});
   auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
   for (const QString& boton : {u"Cancelo"_s, u"Acepto"_s}) {
     m.campo(v, u"Entra"_s).setText(u"12"_s);
@@ -130,13 +129,10 @@ TEST(VentanaOfertas, PreguntaAntesDeReescribir) {
 
 // A date written in one row goes to all that are shown, and comes back.
 TEST(VentanaOfertas, UnaFechaVaATodasYSeDeshace) {
-  Mostrador m;
+  MesaDePrecios m;
   for (const int codigo : {10, 11})
-    m.sql(
-        u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, FECHA_INI) values (1, 1, ?, 700, "
-        "43000)"_s,
-        codigo);
-  m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (2, 1, 10, 700)"_s);
+    m.oferta({.grupo = 1, .codigo = codigo, .precio = 700, .desde = 43000});
+  m.oferta({.grupo = 2, .codigo = 10, .precio = 700});
   const QString antes = m.leer(kOfertas);
   auto* v = m.abrir(u"BrowOfer"_s);
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
@@ -169,11 +165,9 @@ TEST(VentanaOfertas, UnaFechaVaATodasYSeDeshace) {
 }
 
 TEST(VentanaOfertas, BorrarAquiOEnTodosLosGrupos) {
-  Mostrador m;
-  for (const int grupo : {1, 2})
-    m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (?, 1, 10, 700)"_s,
-          grupo);
-  m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (1, 1, 11, 700)"_s);
+  MesaDePrecios m;
+  for (const int grupo : {1, 2}) m.oferta({.grupo = grupo, .codigo = 10, .precio = 700});
+  m.oferta({.grupo = 1, .codigo = 11, .precio = 700});
   auto* v = m.abrir(u"BrowOfer"_s);
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
   grid.irA(0);

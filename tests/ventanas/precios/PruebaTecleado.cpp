@@ -3,14 +3,14 @@
 #include <QAction>
 #include <QMessageBox>
 
-#include "Mostrador.h"
+#include "MesaDePrecios.h"
 #include "articles/precios/ventanas/Puertas.h"
 
 namespace tarvo::prueba {
 
 namespace {
 
-struct Tecleado : Mostrador {
+struct Tecleado : MesaDePrecios {
   QString precio(int codigo) {
     return leer(u"select PRECIO_00 from PLUSES where CODPLU=%1"_s.arg(codigo));
   }
@@ -42,7 +42,7 @@ TEST(VentanaCalculo, LoQueNoValeSeDiceYNoSeGuarda) {
     Tecleado m;
     m.ajustes.calculoPrecios = {.a = false, .b = 0};
     auto* v = m.abrir(u"CalcPre"_s);
-    Mostrador::escribir(v, c.campo, c.texto);
+    MesaDePrecios::escribir(v, c.campo, c.texto);
     QTest::keyClick(m.foco(), Qt::Key_G, Qt::AltModifier);
     ASSERT_TRUE(esperar([&] { return v->tira().isVisible(); })) << c.texto.toStdString();
     EXPECT_TRUE(v->tira().texto().startsWith(c.dicho))
@@ -55,18 +55,18 @@ TEST(VentanaCalculo, NoPasaDeArticuloConUnPrecioQueNoVale) {
   Tecleado m;
   auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
   auto* v = m.abrir(u"CalcPre"_s);
-  Mostrador::escribir(v, u"pcMarg"_s, u"-150"_s);
+  MesaDePrecios::escribir(v, u"pcMarg"_s, u"-150"_s);
   m.pulsar(Qt::Key_PageDown);
   EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3");
   lista->codigo = 9;
   lista->movido();
   EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3") << "the list moved by itself";
   EXPECT_EQ(m.precio(3), u"300");
-  Mostrador::escribir(v, u"costeN"_s, u"abc"_s);
+  MesaDePrecios::escribir(v, u"costeN"_s, u"abc"_s);
   m.pulsar(Qt::Key_PageDown);
   EXPECT_EQ(m.campo(v, u"costeN"_s).text(), u"0,00") << "text counts as 0, and is seen to";
-  Mostrador::escribir(v, u"costeN"_s, u"4"_s);
-  Mostrador::escribir(v, u"pcMarg"_s, u"50"_s);
+  MesaDePrecios::escribir(v, u"costeN"_s, u"4"_s);
+  MesaDePrecios::escribir(v, u"pcMarg"_s, u"50"_s);
   m.boton(v, u"Salvar"_s);
   EXPECT_EQ(m.leer(u"select PRECIO_00, COSTE from PLUSES where CODPLU=3"_s), u"660 400");
 }
@@ -75,7 +75,7 @@ TEST(VentanaRapida, EscapeNoEscribeUnPrecioAMedias) {
   Tecleado m;
   auto* v = m.abrir(u"FastModf"_s);
   for (const QString& texto : {u"1.5"_s, u"7,66"_s}) {
-    Mostrador::escribir(v, u"precio00"_s, texto);
+    MesaDePrecios::escribir(v, u"precio00"_s, texto);
     if (texto == u"1.5") m.pulsar(Qt::Key_Return);
     EXPECT_EQ(v->tira().isVisible(), texto == u"1.5");
     m.pulsar(Qt::Key_Escape);
@@ -97,7 +97,7 @@ TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
     auto& campo = m.campo(v, u"precio00"_s);
     const QString dicho = ilegible ? u"1.5"_s : u"8,88"_s;
     if (!ilegible) m.impedir();
-    Mostrador::escribir(v, u"precio00"_s, dicho);
+    MesaDePrecios::escribir(v, u"precio00"_s, dicho);
     const std::function<void()> intentos[] = {
         [&] { m.pulsar(Qt::Key_Return); },
         [&] { m.pulsar(Qt::Key_Tab); },
@@ -122,7 +122,7 @@ TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
     }
     EXPECT_EQ(m.precio(3), u"300");
     if (ilegible)
-      Mostrador::escribir(v, u"precio00"_s, u"8,88"_s);
+      MesaDePrecios::escribir(v, u"precio00"_s, u"8,88"_s);
     else
       m.permitir();
     m.pulsar(Qt::Key_Return);
@@ -134,10 +134,10 @@ TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
 
 TEST(VentanaRapida, UnPrecioQueNoCabeEnLasBalanzasSeDice) {
   Tecleado m;
-  m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (1, 1, 3, 700)"_s);
+  m.oferta({.grupo = 1, .codigo = 3, .precio = 700});
   const QString aviso = u"El precio 12.000,00 pasa de 9.999,99: "_s;
   auto* rapida = m.abrir(u"FastModf"_s);
-  Mostrador::escribir(rapida, u"precio00"_s, u"12000"_s);
+  MesaDePrecios::escribir(rapida, u"precio00"_s, u"12000"_s);
   m.pulsar(Qt::Key_Return);
   EXPECT_TRUE(rapida->tira().texto().startsWith(aviso));
   EXPECT_EQ(m.precio(3), u"1200000");
@@ -198,7 +198,7 @@ TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
     Tecleado m;
     auto* v = m.abrir(c.ventana, {{u"seccion"_s, 1}, {u"grupo"_s, 1}});
     const QPointer<QWidget> sigue = v;
-    Mostrador::escribir(v, c.campo, c.texto);
+    MesaDePrecios::escribir(v, c.campo, c.texto);
     QString pregunta;
     m.alAbrirse([&](QWidget* w) {
       pregunta = m.textoModal;
@@ -213,7 +213,7 @@ TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
   }
   Tecleado m;
   auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
-  Mostrador::escribir(v, u"Precio_0"_s, u"1,11"_s);
+  MesaDePrecios::escribir(v, u"Precio_0"_s, u"1,11"_s);
   m.campo(v, u"Entra"_s).setFocus();
   m.pulsar(Qt::Key_Escape);
   EXPECT_FALSE(v->isVisible()) << "in its empty box Escape closes";
@@ -231,7 +231,7 @@ TEST(VentanaLote, DiceQueCifraNoVale) {
                {u"txPaso"_s, u"10000"_s, u"El redondeo debe ser"_s}};
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
   for (const auto& c : casos) {
-    Mostrador::escribir(v, c.campo, c.texto);
+    MesaDePrecios::escribir(v, c.campo, c.texto);
     const auto dicho = [&] {
       return std::ranges::any_of(grid.findChildren<QLabel*>(), [&](const QLabel* l) {
         return l->isVisible() && l->text().startsWith(c.dicho);

@@ -1,5 +1,5 @@
 // The person's own entries: added, renamed, run and removed.
-#include "Tienda.h"
+#include "MesaPrincipal.h"
 #include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::prueba {
@@ -47,7 +47,7 @@ void rellenarElemento(QWidget& d, const QString& titulo, const QString& proceso)
 }  // namespace
 
 TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
-  Tienda t;
+  MesaPrincipal t;
   t.fichero(u"PEDIDO.AUT"_s, "@INICIO BATCH\r\nS:ABRIR\r\n@FINAL BATCH\r\n");
   auto* v = t.principal();
   auto* entrada = v->findChild<QToolButton*>(u"Personalizado"_s);
@@ -90,7 +90,7 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
 
 // What is wrong with a process is said, not that there is no timetable of its name.
 TEST(Personal, ElProcesoQueNoSeLeeDiceSuLinea) {
-  Tienda t;
+  MesaPrincipal t;
   t.fichero(u"PEDIDO.AUT"_s, "@INICIO BATCH\r\nS:ABRIR\r\nT:NADA,ALL\r\n@FINAL BATCH\r\n");
   t.fondo->ajustes.personal = {{u"Pedido"_s, u"PEDIDO"_s}};
   auto* v = t.principal();
@@ -102,7 +102,7 @@ TEST(Personal, ElProcesoQueNoSeLeeDiceSuLinea) {
 // Two open a panel, in the order of the list; a delayed program takes over and the main window
 // goes.
 TEST(Personal, DosAbrenUnPanel) {
-  Tienda t;
+  MesaPrincipal t;
   t.fichero(u"HORARIO.CRO"_s, "22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,S\xED;NOCHE\r\n");
   t.fondo->ajustes.personal = {{u"Uno"_s, u"PEDIDO"_s}};
   auto* v = t.principal();

@@ -1,7 +1,7 @@
 // Jobs on the tray: memorising with a choice of periods, forgetting and taking back.
 #include <QListWidget>
 
-#include "Trastienda.h"
+#include "MesaDeTotales.h"
 #include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::prueba {
@@ -11,8 +11,8 @@ using namespace totals;
 namespace {
 
 // One group's reading, with its own span of sales.
-void recibir(Trastienda& t, int grupo, const char* desde, const char* hasta) {
-  t.sql(u"insert into Sesiones (CODGPO, PZERO) values (?, ?)"_s, grupo, momento(desde));
+void recibir(MesaDeTotales& t, int grupo, const char* desde, const char* hasta) {
+  t.fila(u"Sesiones", {{u"CODGPO", grupo}, {u"PZERO", momento(desde)}});
   std::vector<Aviso> avisos;
   Lectura l;
   l.maquinas[0][{grupo, 0}] = {3, 1000, 1500, 0};
@@ -22,7 +22,7 @@ void recibir(Trastienda& t, int grupo, const char* desde, const char* hasta) {
         grupo);
 }
 
-void recibirDosDias(Trastienda& t) {
+void recibirDosDias(MesaDeTotales& t) {
   recibir(t, 1, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
   recibir(t, 2, "04/06/2018 21:00:00", "05/06/2018 21:30:00");
 }
@@ -30,7 +30,7 @@ void recibirDosDias(Trastienda& t) {
 }  // namespace
 
 TEST(VentanaSesion, MemorizaEnElPeriodoQueSeElige) {
-  Trastienda t;
+  MesaDeTotales t;
   recibirDosDias(t);
   auto* v = t.abrir(u"CerrSes"_s);
   auto* periodo = v->findChild<QLabel*>(u"lbPerio"_s);
@@ -48,7 +48,7 @@ TEST(VentanaSesion, MemorizaEnElPeriodoQueSeElige) {
 }
 
 TEST(VentanaSesion, CadaUnoASuPeriodo) {
-  Trastienda t;
+  MesaDeTotales t;
   recibirDosDias(t);
   auto* v = t.abrir(u"CerrSes"_s);
   t.alAbrirse([](QWidget* w) {
@@ -63,14 +63,17 @@ TEST(VentanaSesion, CadaUnoASuPeriodo) {
 // A machine in doubt: what each answer means is shown, nothing happens by Return alone, and the
 // answer lets the reading that waits into the books.
 TEST(VentanaSesion, UnaDudaSeRespondePorSuNombre) {
-  Trastienda t;
+  MesaDeTotales t;
   recibir(t, 1, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
   t.sql(u"update Sesiones set SS_GRT=false"_s);
   t.sql(u"update Lecturas set ESTADO=4"_s);
   bien(t.sesion.ponerEstado(0));
-  t.sql(
-      u"insert into Dudas (GRUPO, ADDR, CLASES, DESDE, IMP_SI, IMP_NO) values (1, 0, '17', ?, 1500, 300)"_s,
-      momento("03/06/2018 21:00:00"));
+  t.fila(u"Dudas", {{u"GRUPO", 1},
+                    {u"ADDR", 0},
+                    {u"CLASES", u"17"},
+                    {u"DESDE", momento("03/06/2018 21:00:00")},
+                    {u"IMP_SI", 1500},
+                    {u"IMP_NO", 300}});
   auto* v = t.abrir(u"DudasCero"_s);
   auto* lista = v->findChild<ventanas::Parrilla*>(u"Lista"_s);
   ASSERT_EQ(lista->filas(), 1);
@@ -87,7 +90,7 @@ TEST(VentanaSesion, UnaDudaSeRespondePorSuNombre) {
 }
 
 TEST(VentanaSesion, OlvidaYRecupera) {
-  Trastienda t;
+  MesaDeTotales t;
   recibirDosDias(t);
   auto* v = t.abrir(u"CerrSes"_s);
   t.alAbrirse([](QWidget* w) { QTest::keyClick(w->focusWidget(), Qt::Key_Return); });
@@ -104,7 +107,7 @@ TEST(VentanaSesion, OlvidaYRecupera) {
 }
 
 TEST(VentanaSesion, BandejaVacia) {
-  Trastienda t;
+  MesaDeTotales t;
   auto* v = t.abrir(u"CerrSes"_s);
   for (const char16_t* b : {u"Guardar", u"Olvidar", u"detalles"})
     EXPECT_FALSE(v->findChild<QPushButton*>(QString::fromUtf16(b))->isEnabled());

@@ -11,27 +11,20 @@
 #include "comm/motor/gestcomm.h"
 #include "comm/tareas/Registro.h"
 #include "motor/CableSimulado.h"
+#include "tienda/Tienda.h"
 
 namespace tarvo::prueba {
 
-template <class T>
-T valor(Resultado<T> r) {
-  EXPECT_TRUE(r.has_value()) << r.error().texto.toStdString();
-  return r ? std::move(*r) : T{};
-}
-inline void bien(const Resultado<>& r) {
-  EXPECT_TRUE(r.has_value()) << r.error().texto.toStdString();
-}
-
-class Banco : public testing::Test, protected motor::Vigilante {
+class TiendaDeMotor : public testing::Test, protected Tienda, protected motor::Vigilante {
  protected:
-  Banco();
+  TiendaDeMotor();
   // Throws the process's state away and opens the database again.
   void arrancar(bool reanuda = false);
 
   // A group of that kind behind an access: "cable 1" to "cable 4" a direct cable, "tel:..." a
   // modem, "tcp:host" TCP/IP, any other text a connector. Makes one machine, or one for each
   // address of a group of registers.
+  using Tienda::articulo, Tienda::grupo;
   void grupo(int numero, int tipo, const QString& acceso, std::vector<int> direcciones = {1});
   void articulo(int codigo, const QString& barras = {});
   simulador::Maquina& maquina(int grupo, int addr = 1) { return *maquinas_.at({grupo, addr}); }
@@ -73,6 +66,7 @@ class Banco : public testing::Test, protected motor::Vigilante {
   std::function<void()> alHacer;
 
  private:
+  dao::Database& base() override { return *db; }
   std::vector<motor::VistaTarea> vista_;
   int ultima_ = 0;
 };

@@ -9,6 +9,7 @@
 #include <set>
 
 #include "core/tiempo/Reloj.h"
+#include "tienda/Tienda.h"
 #include "totals/libros/CerrSes.h"
 #include "totals/periodos/VerTot.h"
 
@@ -29,12 +30,13 @@ struct MaquinaContable {
   void ponerACero() { articulos.clear(), totales.clear(); }
 };
 
-class Tienda {
+class TiendaDeLibros : public Tienda {
  public:
-  explicit Tienda(Fecha inicio);
+  explicit TiendaDeLibros(Fecha inicio);
 
   // Throws the process's state away and opens the database again, as after a power cut.
   void cortar();
+  using Tienda::grupo, Tienda::leer;
   void grupo(int numero, std::vector<int> direcciones = {0}, int tipo = 1);
   // Reads articles, grand total and departments of a group, as three tasks do.
   void leer(int numero);
@@ -52,6 +54,15 @@ class Tienda {
   totals::Contadores vendido(int numero) const;
   std::vector<qint64> responder(int numero, int addr, bool olvido);
   QString textoAvisos() const;
+  // The next day, of a new run.
+  void amanecer(int dias = 1);
+  // From here on the periods hold what is sold: nothing is in the machines.
+  void desdeCero();
+  // While the disk is full, a trigger (what follows its name), nothing is memorised and group 1 is
+  // not zeroed; after that nothing is missing.
+  void nadaSeMemoriza(const QString& disparador);
+  // The periods hold what the group sold, of all kinds.
+  void cuadra(int numero) const;
 
   dao::Database& db() { return *p_->db; }
   totals::Periodos& periodos() { return p_->periodos; }
@@ -66,6 +77,7 @@ class Tienda {
   bool reanuda = false;
 
  private:
+  dao::Database& base() override { return db(); }
   struct Proceso {
     Proceso(const QString& carpeta, Reloj& reloj);
     std::unique_ptr<dao::Database> db;

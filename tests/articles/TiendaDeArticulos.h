@@ -5,8 +5,8 @@
 #include "articles/Operadores.h"
 #include "articles/Secciones.h"
 #include "articles/TablasArticulos.h"
-#include "stock/BaseVacia.h"
 #include "textos/TextosDePrueba.h"
+#include "tienda/TiendaVacia.h"
 
 namespace tarvo::prueba {
 
@@ -16,32 +16,33 @@ using namespace articles;
 // Section 3 has departments 1 and 2, articles 10 and 11 of 1 and 20 of 2; section 7 has article 11.
 // Groups 1, 2, 3, 4 of kinds 1, 2, 3, 4 are of section 3, group 5 of kind 1 of section 7. Groups 1
 // and 4 hold article 10.
-struct Tienda : BaseVacia {
-  Tienda() {
-    bien(asegurarTablasArticulos(*db));
-    sql(u"insert into ALMACEN (CODALM, NOMALM) values (0, 'Central')"_s);
-    for (const int s : {3, 7}) {
-      sql(u"insert into SECCS (NMSECC, NOMSEC) values (?, ?)"_s, s, u"Sección %1"_s.arg(s));
-      for (const int c : {1, 2})
-        sql(u"insert into PLUSES (SECCION, CODPLU, NOMPLU) values (?, ?, 'VENTA LIBRE')"_s, s, c);
-    }
-    for (const int d : {1, 2})
-      sql(u"insert into DEPTS (SECCION, NUMDEP, NomDep) values (3, ?, 'Dep')"_s, d);
-    for (int g = 1; g <= 5; ++g)
-      sql(u"insert into GRUPOS (CODGPO, NOMGPO, SECCION, TIPO) values (?, 'G', ?, ?)"_s, g,
-          g == 5 ? 7 : 3, g == 5 ? 1 : g);
-    for (const auto& [seccion, codigo, depto] :
-         {std::tuple{3, 10, 1}, {3, 11, 1}, {3, 20, 2}, {7, 11, 1}})
-      sql(u"insert into PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00) values (?, ?, ?, ?, 100)"_s,
-          seccion, codigo, u"Artículo %1"_s.arg(codigo), depto);
-    for (const int g : {1, 4})
-      sql(u"insert into [Cross] (Secc, plu, Grupo, borra) values (3, 10, ?, 0)"_s, g);
+struct TiendaDeArticulos : TiendaVacia {
+  TiendaDeArticulos() : TiendaVacia({tablasArticulos()}) {
+    almacen(0, u"Central"_s);
+    for (const int s : {7, 3})
+      seccion(s, u"Sección %1"_s.arg(s))
+          .articulo({.codigo = 1, .nombre = u"VENTA LIBRE"})
+          .articulo({.codigo = 2, .nombre = u"VENTA LIBRE"});
+    departamento(1).departamento(2);
+    for (const int g : {1, 2, 3, 4}) grupo({.codigo = g, .tipo = g});
+    for (const int c : {10, 11, 20}) enVenta(c);
+    cruce(1, {10}).cruce(4, {10});
+    en(7).grupo({.codigo = 5});
+    enVenta(11);
+    en(3);
   }
 
+  using Tienda::articulo;
   Articulo articulo(int seccion, qint64 codigo) {
     const auto a = bien(catalogo.leer({seccion, codigo}));
     EXPECT_TRUE(a.has_value()) << seccion << ' ' << codigo;
     return a.value_or(Articulo{});
+  }
+  void enVenta(int codigo) {
+    articulo({.codigo = codigo,
+              .nombre = u"Artículo %1"_s.arg(codigo),
+              .depto = codigo / 10,
+              .precio = 100});
   }
   // "3 10 1 0 | ...": section, article, group, to be deleted.
   QString cruces() {

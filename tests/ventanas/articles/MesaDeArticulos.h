@@ -28,41 +28,27 @@ using namespace articles;
 
 // Section 1 has department 1 "Fruta" with articles 10, 20, ... 100 at 1,00 to 10,00, and groups 1
 // to 4 of kinds 1 to 4; section 2 has article 20 alone. Group 1 holds articles 10 and 20.
-struct Colmado : Mesa {
-  Colmado() {
+struct MesaDeArticulos : Mesa {
+  MesaDeArticulos() {
     sql(u"create table if not exists nada (n)"_s);
     bien(esquema::ponerAlDia(*db, *Fecha::leer(u"01/01/2018"_s)));
     bien(totals::asegurarTablasLibros(*db));
     bien(totals::asegurarTablasTotales(*db));
     bien(asegurarTablasArticulos(*db));
     sql(u"delete from GRUPOS"_s);
-    sql(u"insert into SECCS (NMSECC, NOMSEC) values (2, 'Carne')"_s);
-    sql(u"insert into DEPTS (SECCION, NUMDEP, NomDep) values (1, 1, 'Fruta')"_s);
-    for (int g = 1; g <= 4; ++g)
-      sql(u"insert into GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, remoto) values (?, 'G', 1, ?, 2)"_s,
-          g, g);
+    en(1).departamento(1, u"Fruta");
+    for (int g = 1; g <= 4; ++g) grupo({.codigo = g, .tipo = g, .remoto = 2});
     for (int c = 10; c <= 100; c += 10) articulo(1, c, u"Artículo %1"_s.arg(c));
+    seccion(2);
     articulo(2, 20, u"Lomo"_s);
-    for (const int c : {10, 20})
-      sql(u"insert into [Cross] (Secc, plu, Grupo, borra) values (1, ?, 1, 0)"_s, c);
+    en(1).cruce(1, {10, 20});
     bien(sesion.cargar());
     registrarVentanasArticulos(escritorio.ventanas(), catalogo, *gestor);
   }
 
+  using Tienda::articulo;
   void articulo(int seccion, int codigo, const QString& nombre) {
-    sql(u"insert into PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00) values (?, ?, ?, 1, ?)"_s,
-        seccion, codigo, nombre, codigo * 10);
-  }
-  // All values of a query, rows parted by " | ".
-  QString leer(const QString& texto) {
-    auto rs = bien(db->consultar(texto));
-    QStringList filas;
-    for (; !rs->Eof(); static_cast<void>(rs->MoveNext())) {
-      QStringList fila;
-      for (int i = 0; i < rs->numColumnas(); ++i) fila << rs->texto(i);
-      filas << fila.join(u' ');
-    }
-    return filas.join(u" | ");
+    en(seccion).articulo({.codigo = codigo, .nombre = nombre, .depto = 1, .precio = codigo * 10});
   }
   QString cruces() { return leer(u"select plu, Grupo, borra from [Cross] order by plu, Grupo"_s); }
   std::vector<int> cambiadas() { return catalogo.cambios().SeccionesModificadas(); }

@@ -1,13 +1,13 @@
-#include "Banco.h"
+#include "automation/TiendaDeProcesos.h"
 
 #include <QDir>
 #include <QFile>
 
 #include "comm/motor/TextosMotor.h"
 #include "core/ajustes/Ficheros.h"
-#include "core/esquema/Esquema.h"
 #include "enlace/CableMemoria.h"
 #include "textos/TextosDePrueba.h"
+#include "tienda/TiendaVacia.h"
 #include "totals/libros/TablasLibros.h"
 #include "totals/periodos/TablasTotales.h"
 
@@ -43,7 +43,7 @@ class TrabajoDePrueba final : public motor::TrabajoTarea {
   Resultado<> leer(std::vector<totals::Aviso>& avisos) {
     TARVO_INTENTAR(en_.sesion.PrepararRecepcion(d_.Grupo, numeroDe(d_.Clase)));
     totals::Lectura l;
-    const qint64 codigo = d_.Clase == TipoTarea::RxGrTot ? 0 : 7;
+    const qint64 codigo = d_.Clase == TipoTarea::RxGrTot ? d_.Grupo : 7;
     l.maquinas[0][{codigo, 0}] = maquinasDePrueba().porGrupo[d_.Grupo];
     return en_.sesion.guardarLectura(d_.Grupo, numeroDe(d_.Clase), l, avisos);
   }
@@ -90,30 +90,20 @@ motor::ClaseTarea claseDePrueba(TipoTarea tarea, const char16_t* clave) {
 }
 
 std::unique_ptr<dao::Database> abrirBase(const QString& carpeta) {
-  dao::Apertura como;
-  como.crear = true;
-  auto db = dao::Database::OpenDatabase(carpeta + u"/TARVO.MDB"_s, como);
-  EXPECT_TRUE(db) << (db ? "" : db.error().texto.toStdString());
-  return std::move(*db);
+  return prueba::bien(dao::Database::OpenDatabase(carpeta + u"/TARVO.MDB"_s, {.crear = true}));
 }
 
 // Two groups behind connectors, last reset this morning, one article.
-void prepararBase(const QString& carpeta) {
-  const auto db = abrirBase(carpeta);
-  const auto hacer = [&db](const QString& sql) {
-    EXPECT_TRUE(db->ejecutar(sql)) << sql.toStdString();
-  };
-  EXPECT_TRUE(esquema::crearEsquema(*db));
-  hacer(
-      u"INSERT INTO SECCS (NMSECC) SELECT 1 WHERE NOT EXISTS (SELECT 1 FROM SECCS WHERE NMSECC=1)"_s);
-  hacer(
-      u"INSERT INTO ALMACEN (CODALM, NOMALM) SELECT 1, 'UNO' WHERE NOT EXISTS (SELECT 1 FROM ALMACEN WHERE CODALM=1)"_s);
+void llenar(prueba::Tienda& tienda) {
+  tienda.seccion(1).almacen(1, u"UNO").articulo({.codigo = 7, .cada = 0});
   for (const int g : {1, 2})
-    hacer(
-        u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, REMOTO, TELEF, ALMACEN) VALUES (%1, 'Tienda', 1, 1, 4, 'grupo%1', 1)"_s
-            .arg(g));
-  hacer(u"INSERT INTO Sesiones (CODGPO, PZERO) SELECT CODGPO, #3/4/2026 7:00:00# FROM GRUPOS"_s);
-  hacer(u"INSERT INTO PLUSES (SECCION, CODPLU, CADA) VALUES (1, 7, 0)"_s);
+    tienda
+        .grupo({.codigo = g,
+                .nombre = u"Tienda",
+                .almacen = 1,
+                .remoto = 4,
+                .acceso = u"grupo%1"_s.arg(g)})
+        .fila(u"Sesiones", {{u"CODGPO", g}, {u"PZERO", Fecha::de(QDate(2026, 3, 4), QTime(7, 0))}});
 }
 
 }  // namespace
@@ -224,23 +214,24 @@ namespace {
 // The database of a shop, made once.
 const QByteArray& baseDeTienda() {
   static const QByteArray bytes = [] {
-    QTemporaryDir dir;
-    prepararBase(dir.path());
-    return *ficheros::leerBytes(dir.filePath(u"TARVO.MDB"_s));
+    prueba::TiendaVacia tienda;
+    llenar(tienda);
+    tienda.db.reset();
+    return *ficheros::leerBytes(tienda.ruta(u"TARVO.MDB"_s));
   }();
   return bytes;
 }
 
 }  // namespace
 
-Tienda::Tienda() {
+TiendaDeProcesos::TiendaDeProcesos() {
   EXPECT_TRUE(ficheros::escribirEntero(dir.filePath(u"TARVO.MDB"_s), baseDeTienda()));
   maquinasDePrueba() = {};
   maquinasDePrueba().porGrupo[1] = {10, 1000, 2500, 0};
   maquinasDePrueba().porGrupo[2] = {5, 500, 1100, 0};
 }
 
-QStringList Tienda::libros() {
+QStringList TiendaDeProcesos::libros() {
   QStringList filas;
   const auto db = abrirBase(dir.path());
   const auto volcar = [&](const QString& tabla, const QString& sql) {
@@ -267,7 +258,7 @@ QStringList Tienda::libros() {
   return filas;
 }
 
-QString Tienda::texto(const QString& fichero) const {
+QString TiendaDeProcesos::texto(const QString& fichero) const {
   const auto bytes = ficheros::leerBytes(dir.filePath(fichero));
   return bytes ? ficheros::descodificar(*bytes) : QString();
 }

@@ -1,4 +1,4 @@
-#include "motor/Banco.h"
+#include "motor/TiendaDeMotor.h"
 
 #include "comm/envios/TablasEnvios.h"
 #include "core/esquema/Esquema.h"
@@ -8,7 +8,7 @@
 
 namespace tarvo::prueba {
 
-Banco::Banco() {
+TiendaDeMotor::TiendaDeMotor() {
   ajustes = std::make_unique<Ajustes>(carpeta_.path(), Idioma::Espanol);
   for (size_t c = 0; c < 4; ++c)
     ajustes->canales[c].Puerto = static_cast<int>(c) + 1,
@@ -19,16 +19,15 @@ Banco::Banco() {
   bien(totals::asegurarTablasTotales(*db));
   bien(tareas::asegurarTablasTareas(*db));
   bien(envios::asegurarTablasEnvios(*db));
-  valor(db->ejecutar(u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (1, 'Carne')"));
-  valor(db->ejecutar(u"INSERT INTO ALMACEN (CODALM, NOMALM) VALUES (0, 'Tienda')"));
+  seccion(1).almacen(0);
 }
 
-void Banco::arrancar(bool reanuda) {
+void TiendaDeMotor::arrancar(bool reanuda) {
   gestor.reset();
   enlaces.reset();
   sesion.reset();
   db.reset();
-  db = valor(
+  db = bien(
       dao::Database::OpenDatabase(carpeta_.path() + QStringLiteral("/TARVO.MDB"), {.crear = true}));
   sesion = std::make_unique<totals::Sesion>(*db, *ajustes, reloj, textosDePrueba());
   if (db->existeTabla(u"EstadoTarvo")) bien(sesion->cargar());
@@ -41,26 +40,31 @@ void Banco::arrancar(bool reanuda) {
   ultima_ = 0;
 }
 
-void Banco::grupo(int numero, int tipo, const QString& acceso, std::vector<int> direcciones) {
+void TiendaDeMotor::grupo(int numero, int tipo, const QString& acceso,
+                          std::vector<int> direcciones) {
   const bool cable = acceso.startsWith(u"cable ");
   const bool tel = acceso.startsWith(u"tel:"), tcp = acceso.startsWith(u"tcp:");
   const int remoto = cable ? 2 : tel ? 1 : tcp ? 3 : 4;
   const QString nombre = tel || tcp ? acceso.mid(4) : acceso;
-  valor(db->ejecutar(
-      u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ALMACEN, ADDR, remoto, telef, canal) "
-      u"VALUES (?, 'G', 1, ?, 0, ?, ?, ?, ?)",
-      numero, tipo, direcciones.front(), remoto,
-      cable ? dao::Valor() : dao::Valor(tcp ? QString(nombre + QStringLiteral(":4000")) : nombre),
-      cable ? dao::Valor(acceso.mid(6).toInt()) : dao::Valor()));
-  valor(db->ejecutar(u"INSERT INTO Sesiones (CODGPO) VALUES (?)", numero));
+  Tienda::grupo(
+      {.codigo = numero,
+       .tipo = tipo,
+       .almacen = 0,
+       .remoto = remoto,
+       .acceso = cable ? V() : V(tcp ? QString(nombre + QStringLiteral(":4000")) : nombre),
+       .addr = direcciones.front(),
+       .mas = {{u"canal", cable ? V(acceso.mid(6).toInt()) : V()}}})
+      .fila(u"Sesiones", {{u"CODGPO", numero}});
   for (int n = 1; n <= 20; ++n)
-    valor(db->ejecutar(QStringLiteral("UPDATE GRUPOS SET OP%1_C=%2 WHERE CODGPO=?")
-                           .arg(n, 2, 10, QLatin1Char('0'))
-                           .arg(n),
-                       numero));
+    sql(QStringLiteral("UPDATE GRUPOS SET OP%1_C=%2 WHERE CODGPO=?")
+            .arg(n, 2, 10, QLatin1Char('0'))
+            .arg(n),
+        numero);
   for (size_t i = 0; i < direcciones.size(); ++i) {
-    valor(db->ejecutar(u"INSERT INTO BZAS (SUGPO, NMBZA, ADDR, TIPO) VALUES (?, ?, ?, 1)", numero,
-                       static_cast<int>(i), direcciones[i]));
+    fila(u"BZAS", {{u"SUGPO", numero},
+                   {u"NMBZA", static_cast<int>(i)},
+                   {u"ADDR", direcciones[i]},
+                   {u"TIPO", 1}});
     if (tipo != 3 && i > 0) continue;
     simulador::OpcionesMaquina o;
     o.tipo = static_cast<simulador::Tipo>(tipo);
@@ -72,20 +76,21 @@ void Banco::grupo(int numero, int tipo, const QString& acceso, std::vector<int> 
   }
 }
 
-void Banco::articulo(int codigo, const QString& barras) {
-  valor(
-      db->ejecutar(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, CADA, PFX_BAR, CodBarExt) VALUES "
-                   u"(1, ?, 'A', 0, '21', ?)",
-                   codigo, barras.isEmpty() ? dao::Valor() : dao::Valor(barras)));
+void TiendaDeMotor::articulo(int codigo, const QString& barras) {
+  Tienda::articulo({.codigo = codigo,
+                    .cada = 0,
+                    .barras = barras.isEmpty() ? V() : V(barras),
+                    .mas = {{u"PFX_BAR", u"21"}}});
 }
 
-void Banco::fallo(int grupo, simulador::Paso paso, int addr) {
+void TiendaDeMotor::fallo(int grupo, simulador::Paso paso, int addr) {
   simulador::Fallos f = maquina(grupo, addr).percances().fallos();
   f.guion.push_back(paso);
   maquina(grupo, addr).percances().cambiar(f);
 }
 
-void Banco::vender(int grupo, int articulo, qint64 importe, qint64 gramos, int operador, int addr) {
+void TiendaDeMotor::vender(int grupo, int articulo, qint64 importe, qint64 gramos, int operador,
+                           int addr) {
   simulador::Venta v;
   v.articulo = articulo;
   v.importe = importe;
@@ -95,13 +100,13 @@ void Banco::vender(int grupo, int articulo, qint64 importe, qint64 gramos, int o
   maquina(grupo, addr).sell(v);
 }
 
-int Banco::encolar(int grupo, int clase, bool todo, qint64 desde, qint64 hasta) {
+int TiendaDeMotor::encolar(int grupo, int clase, bool todo, qint64 desde, qint64 hasta) {
   const int r = gestor->NuevaTarea(grupo, todo, desde, hasta, *deNumero<TipoTarea>(clase));
   EXPECT_EQ(r, 0);
   return r == 0 ? ++ultima_ : -1;
 }
 
-bool Banco::correr(int minutos) {
+bool TiendaDeMotor::correr(int minutos) {
   for (int i = 0; i < minutos * 120; ++i) {
     if (gestor->CuantosQuedan().total == 0) return true;
     reloj.avanzar(500);
@@ -109,15 +114,15 @@ bool Banco::correr(int minutos) {
   return gestor->CuantosQuedan().total == 0;
 }
 
-const motor::VistaTarea* Banco::tarea(int id) {
+const motor::VistaTarea* TiendaDeMotor::tarea(int id) {
   vista_ = gestor->tareas();
   for (const auto& t : vista_)
     if (t.datos.Id == id) return &t;
   return nullptr;
 }
 
-QString Banco::filas(const QString& sql) {
-  auto rs = valor(db->consultar(sql));
+QString TiendaDeMotor::filas(const QString& sql) {
+  auto rs = bien(db->consultar(sql));
   QStringList salida;
   while (rs && !rs->Eof()) {
     QStringList fila;
@@ -128,7 +133,7 @@ QString Banco::filas(const QString& sql) {
   return salida.join(QLatin1Char(';'));
 }
 
-QString Banco::bandeja(int grupo, int clase) {
+QString TiendaDeMotor::bandeja(int grupo, int clase) {
   const totals::ClaseTotal* c = totals::clase(clase);
   return filas(QStringLiteral("SELECT CODI%1 & ':' & CON & '/' & PES & '/' & IMP & '/' & SCO FROM "
                               "%2 WHERE LINK=0 AND "
@@ -140,27 +145,27 @@ QString Banco::bandeja(int grupo, int clase) {
       .replace(QLatin1Char(';'), QLatin1Char(' '));
 }
 
-QStringList Banco::oidas(int grupo, int addr) {
+QStringList TiendaDeMotor::oidas(int grupo, int addr) {
   QStringList salida;
   for (const auto& p : maquina(grupo, addr).oidas())
     salida << QStringLiteral("%1 %2").arg(p.codigo).arg(QString::fromLatin1(p.datos)).trimmed();
   return salida;
 }
 
-void Banco::InformeProblema(TipoTarea clase, int grupo, int error, int estado, qint64) {
+void TiendaDeMotor::InformeProblema(TipoTarea clase, int grupo, int error, int estado, qint64) {
   problemas
       << QStringLiteral("%1 G%2 E%3 (%4)").arg(numeroDe(clase)).arg(grupo).arg(error).arg(estado);
 }
 
-void Banco::InformeRetry(TipoTarea clase, int grupo, int error, int, qint64) {
+void TiendaDeMotor::InformeRetry(TipoTarea clase, int grupo, int error, int, qint64) {
   reintentos << QStringLiteral("%1 G%2 E%3").arg(numeroDe(clase)).arg(grupo).arg(error);
 }
 
-void Banco::InformeAviso(const totals::Aviso& aviso) {
+void TiendaDeMotor::InformeAviso(const totals::Aviso& aviso) {
   avisos << aviso.texto;
 }
 
-Resultado<> Banco::TareaHecha(const motor::DatosTarea& tarea) {
+Resultado<> TiendaDeMotor::TareaHecha(const motor::DatosTarea& tarea) {
   if (alHacer) alHacer();
   if (hecha) hechas << QStringLiteral("%1 G%2").arg(numeroDe(tarea.Clase)).arg(tarea.Grupo);
   return hecha;

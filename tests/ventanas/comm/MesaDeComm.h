@@ -21,14 +21,14 @@
 #include "core/ventanas/marco/Escritorio.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/parrilla/Parrilla.h"
-#include "motor/Banco.h"
+#include "motor/TiendaDeMotor.h"
 
 namespace tarvo::prueba {
 
 using namespace Qt::StringLiterals;
 
-struct Puesto : Banco {
-  Puesto() {
+struct MesaDeComm : TiendaDeMotor {
+  MesaDeComm() {
     gestor->VigilaProcesos(0, false, nullptr);
     comm::registrarVentanasComm(escritorio.ventanas(), {*gestor, *enlaces, *sesion, registro});
     QObject::connect(&escritorio.ventanas(), &ventanas::Ventanas::abierta, qApp,
@@ -98,7 +98,7 @@ struct Puesto : Banco {
   }
   QString celda(int fila, QStringView campo) { return cola()->texto(fila, campo); }
 
-  Textos textos = valor(Textos::leer(QStringLiteral(TARVO_DATOS "/textos/es.txt")));
+  Textos textos = bien(Textos::leer(QStringLiteral(TARVO_DATOS "/textos/es.txt")));
   ventanas::Escritorio escritorio{*qApp, *db, *ajustes, textos, reloj, ventanas::Cara::Clara, {}};
   QStringList abiertas;
 };

@@ -6,7 +6,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include "automation/Banco.h"
+#include "automation/TiendaDeProcesos.h"
 #include "automation/ventanas/PreguntasVentana.h"
 #include "automation/ventanas/Registro.h"
 #include "core/ajustes/Ficheros.h"
@@ -19,9 +19,9 @@ namespace tarvo::automation {
 
 using namespace Qt::StringLiterals;
 
-struct Sala : Tienda {
+struct MesaDeProcesos : TiendaDeProcesos {
   // `mudas`: groups that don't answer.
-  explicit Sala(const std::set<int>& mudas = {})
+  explicit MesaDeProcesos(const std::set<int>& mudas = {})
       : p((maquinasDePrueba().mudas = mudas, dir.path()), reloj, preguntas) {
     p.automat().desatendido = false;
     registrarVentanasAutomation(todas(), p.automat(), cronos, p.lenguaje(), p.motor());
@@ -29,7 +29,7 @@ struct Sala : Tienda {
   }
 
   // Windows that were closed go before the clock does.
-  ~Sala() { asentar(); }
+  ~MesaDeProcesos() { asentar(); }
 
   ventanas::Ventanas& todas() { return escritorio.ventanas(); }
   void fichero(const QString& nombre, const QString& texto) const {

@@ -31,10 +31,10 @@ class Suplente final : public ventanas::Ventana {
   bool seNiega = false;
 };
 
-struct Tienda {
-  explicit Tienda(const QStringList& suplentes = {u"gestcomm"_s, u"VerTot"_s, u"CerrSes"_s,
-                                                  u"Automat"_s, u"Cronos"_s, u"VeoLog"_s},
-                  const QByteArray& susAjustes = {})
+struct MesaPrincipal : Tienda {
+  explicit MesaPrincipal(const QStringList& suplentes = {u"gestcomm"_s, u"VerTot"_s, u"CerrSes"_s,
+                                                         u"Automat"_s, u"Cronos"_s, u"VeoLog"_s},
+                         const QByteArray& susAjustes = {})
       : ajustes(susAjustes) {
     bien(aplicacion.empezar());
     app::registrarVentanasPrincipal(todas(), aplicacion);
@@ -59,10 +59,6 @@ struct Tienda {
     QTest::qWait(20);  // laid out
     return v;
   }
-  template <class... P>
-  void sql(const QString& texto, const P&... p) {
-    bien(fondo->db->ejecutar(texto, p...));
-  }
   void fichero(const QString& nombre, const QByteArray& bytes) {
     QFile f(carpeta.filePath(nombre));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
@@ -75,6 +71,8 @@ struct Tienda {
     if (!ajustes.isEmpty()) fichero(u"TARVO.INI"_s, ajustes);
     return carpeta.path();
   }
+
+  dao::Database& base() override { return *fondo->db; }
 
   const QByteArray ajustes;
   QTemporaryDir carpeta;

@@ -46,43 +46,29 @@ class ListaDeArticulos final : public ventanas::Ventana, public ventanas::Recorr
   std::function<void()> movido = [] {};
 };
 
-struct Mostrador : Mesa {
-  Mostrador() {
+struct MesaDePrecios : Mesa {
+  MesaDePrecios() {
     bien(esquema::ponerAlDia(*db, *Fecha::leer(u"01/01/2018")));
     bien(articles::asegurarTablasArticulos(*db));
-    sql(u"update SECCS set NOMSEC='Carne', IVAs='4@10@21@0@0'"_s);
-    for (const int d : {1, 2})
-      sql(u"insert into DEPTS (SECCION, NUMDEP, NomDep, IVA) values (1, ?, ?, 2)"_s, d,
-          u"Departamento %1"_s.arg(d));
-    for (const auto& [almacen, nombre] : {std::pair{1, u"Tienda"_s}, {2, u"Cámara"_s}})
-      sql(u"insert into ALMACEN (CODALM, NOMALM) values (?, ?)"_s, almacen, nombre);
+    seccion(1, u"Carne", u"4@10@21@0@0");
+    departamento(1, u"Departamento 1", 2).departamento(2, u"Departamento 2", 2);
+    almacen(1).almacen(2, u"Cámara");
     for (const int g : {1, 2})
-      sql(u"insert into GRUPOS (CODGPO, NOMGPO, SECCION, Almacen, TIPO) values (?, ?, 1, 1, 1)"_s,
-          g, u"Mostrador %1"_s.arg(g));
-    for (int i = 3; i <= 42; ++i) {
-      sql(u"insert into PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00, COSTE) values (1, ?, ?, "
-          "1, ?, 500)"_s,
-          i, u"Artículo %1"_s.arg(i), 100 * i);
-      for (const int g : {1, 2})
-        sql(u"insert into [Cross] (Secc, plu, Grupo) values (1, ?, ?)"_s, i, g);
-    }
+      grupo({.codigo = g, .nombre = u"Mostrador %1"_s.arg(g), .almacen = 1});
+    for (int i = 3; i <= 42; ++i)
+      articulo({.codigo = i,
+                .nombre = u"Artículo %1"_s.arg(i),
+                .depto = 1,
+                .precio = 100 * i,
+                .coste = 500})
+          .cruce(1, {i})
+          .cruce(2, {i});
     precios::registrarVentanasPrecios(escritorio.ventanas(), catalogo);
     escritorio.ventanas().registrar(u"BrowPLUs"_s, [](ventanas::Contexto& c, const QString& n) {
       return new ListaDeArticulos(c, n);
     });
   }
 
-  // All values of a query, rows parted by " | "; "-" is Null.
-  QString leer(const QString& texto) {
-    auto rs = bien(db->consultar(texto));
-    QStringList filas;
-    for (; !rs->Eof(); static_cast<void>(rs->MoveNext())) {
-      QStringList fila;
-      for (int i = 0; i < rs->numColumnas(); ++i) fila << (rs->nulo(i) ? u"-"_s : rs->texto(i));
-      filas << fila.join(u' ');
-    }
-    return filas.join(u" | ");
-  }
   static QLineEdit& campo(QWidget* v, const QString& nombre) {
     return *v->findChild<QLineEdit*>(nombre);
   }

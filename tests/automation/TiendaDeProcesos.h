@@ -9,6 +9,7 @@
 #include <set>
 
 #include "automation/Automat.h"
+#include "tienda/Tienda.h"
 
 namespace tarvo::automation {
 
@@ -72,10 +73,10 @@ class SinRespuestas final : public Preguntas {
 };
 
 // One life of the program on the shop's folder.
-class Programa {
+class Programa : public prueba::Tienda {
  public:
   Programa(const QString& carpeta, RelojVirtual& reloj, Preguntas& respuestas, int corteEn = 0);
-  ~Programa();
+  ~Programa() override;
 
   void correr(const QString& proceso, const QString& traza = {},
               const QString& nombre = QStringLiteral("NOCHE"));
@@ -96,12 +97,13 @@ class Programa {
   Reloj& reloj();
 
  private:
+  dao::Database& base() override { return db(); }
   RelojVirtual& virtual_;
 };
 
 // The shop: a folder with its database, two groups that answer and the clock.
-struct Tienda {
-  Tienda();
+struct TiendaDeProcesos {
+  TiendaDeProcesos();
   QTemporaryDir dir;
   RelojVirtual reloj{Fecha::de(QDate(2026, 3, 4), QTime(22, 0))};
   SinRespuestas respuestas;
