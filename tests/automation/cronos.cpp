@@ -113,6 +113,19 @@ TEST_F(CronosTest, VariasALaVezEnElOrdenDelFichero) {
   for (const size_t i : {0u, 1u, 2u}) EXPECT_EQ(exitos(i), 1) << i;
 }
 
+// The hour that comes while a person runs a process is not lost.
+TEST_F(CronosTest, EsperaALoQueCorreUnaPersona) {
+  horario({linea(u"22:05:00"_s, u"BIEN"_s)});
+  tienda_.respuestas.mientras = [this] {
+    pasar(10);
+    EXPECT_EQ(estado(0), EstadoEntrada::Vencida);
+  };
+  p_->correr(u"N:%2,Cuánto\r\n"_s);
+  pasar(20);
+  EXPECT_EQ(tienda_.respuestas.preguntas, 1);
+  EXPECT_EQ(exitos(0), 1);
+}
+
 // Each case: the wall clock is moved at 22:00 by some hours, or at 22:10, and how often the entry
 // has run by the end.
 struct CasoReloj {

@@ -95,6 +95,20 @@ TEST_F(DeudasTest, UnPeriodoSeDebeUnaSolaVez) {
   }
 }
 
+// A period that is selected again is tried once.
+TEST_F(DeudasTest, LoElegidoDeNuevoSeIntentaUnaVez) {
+  const auto p = tienda_.programa();
+  p->periodo({.link = 7, .tipo = 5, .desde = 43000, .hasta = 43001, .stkABLE = 1})
+      .total(u"TOTPLU", {.link = 7, .codi = 7, .con = 1, .pes = 1});
+  p->sql(u"UPDATE GRUPOS SET SECCION=NULL WHERE CODGPO=1"_s);
+  for (int vez = 0; vez < 2; ++vez) {
+    p->lineas.clear();
+    correr(u"P:SELECCIONAR,5,01/01/2000,01/01/2100\r\nP:STOCK\r\n"_s, *p);
+    EXPECT_EQ(p->lineas.filter(u"Queda pendiente"_s).size(), 1);
+    EXPECT_EQ(p->lineas.filter(u"Sigue pendiente"_s).size(), 0);
+  }
+}
+
 // The number of a period that is gone was given to another one, which owes nothing.
 TEST_F(DeudasTest, UnNumeroDadoDeNuevoNoHeredaDeudas) {
   const auto p = tienda_.programa();

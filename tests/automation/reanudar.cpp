@@ -159,6 +159,16 @@ TEST_F(ReanudarTest, SeDiceYNoSePreguntaOtraVez) {
     EXPECT_EQ(paso.estado, EstadoPaso::Hecho) << "also those of the life before";
 }
 
+// A task that was refused has been told; it isn't tried again.
+TEST_F(ReanudarTest, LoRechazadoNoSeRepite) {
+  const QString proceso = u"T:RXGRTOT,ALL\r\nN:a\r\nC:ESPERA,0,No"_s;
+  tienda_.programa()->sql(u"UPDATE GRUPOS SET REMOTO=0 WHERE CODGPO=1"_s);
+  matar(proceso, 2);
+  const auto p = seguir(proceso);
+  EXPECT_EQ(p->lineas.filter(u"recogido Gran Total"_s).size(), 1);
+  EXPECT_TRUE(p->lineas.filter(u"al reanudar"_s).isEmpty()) << p->lineas.join(u'\n').toStdString();
+}
+
 TEST_F(ReanudarTest, LosGruposSinMemorizarSiguenSinPonerseACero) {
   {
     const auto p = tienda_.programa();

@@ -237,6 +237,19 @@ TEST_F(RunnerTest, LoQueNoSeMemorizaNoSePoneACero) {
   EXPECT_EQ(p->sesion().estado(), 2);
 }
 
+// A reading that waits for its memorisation keeps out the next one: what has been sold since is in
+// the machine alone.
+TEST_F(RunnerTest, LoQueNoSePudoLeerNoSePoneACero) {
+  const auto p = tienda_.programa();
+  correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nT:TX_ZERO,1\r\nC:ESPERA,0,No"_s, *p);
+  ASSERT_EQ(maquinasDePrueba().ceros, 1);
+  maquinasDePrueba().porGrupo[1] = {3, 0, 900, 0};
+  correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nS:CERRAR,x,Sí,Sí\r\nT:TX_ZERO,1\r\nC:ESPERA,0,No"_s, *p);
+  EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
+  EXPECT_EQ(maquinasDePrueba().ceros, 1);
+  EXPECT_EQ(maquinasDePrueba().porGrupo[1].IMP, 900);
+}
+
 // Neither the readings nor the memorisation can be: who has read nothing lets nothing be forgotten.
 TEST_F(RunnerTest, SinLasSesionesNadieOlvida) {
   const auto p = tienda_.programa();

@@ -34,6 +34,19 @@ TEST_F(Reglas, NiPorOtroCanalAdelantaLaPuestaACero) {
             (QStringList{QStringLiteral("17 G1 E24 (2)"), QStringLiteral("6 G1 E22 (0)")}));
 }
 
+// What is sent after a wipe would go with it.
+TEST_F(Reglas, LoQueSigueAUnBorradoLoEspera) {
+  grupo(3, 3, QStringLiteral("b"), {9});
+  leida(3);
+  sql(QStringLiteral("UPDATE GRUPOS SET telef='a'"));  // a connector that isn't there
+  encolar(3, 10);
+  sql(QStringLiteral("UPDATE GRUPOS SET telef='b'"));
+  encolar(3, 17);
+  alHacer = [this] { EXPECT_EQ(problemas.size(), 1) << "the wipe is given up by now"; };
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(hechas.back(), QStringLiteral("17 G3"));
+}
+
 TEST_F(Reglas, TrasUnaLecturaFallidaNoHayPuestaACero) {
   tienda();
   leida(1);
@@ -325,6 +338,22 @@ TEST_F(Reglas, UnaLecturaBuenaNoBorraElFalloDeOtra) {
   encolar(1, 17);
   ASSERT_TRUE(correr());
   EXPECT_FALSE(gestor->GruposFallidos().contains(1));
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
+}
+
+// A failure holds for the run in which it happened.
+TEST_F(Reglas, ElFalloDeOtraNocheNoImpideElCero) {
+  tienda();
+  gestor->VigilaProcesos(0, true, this);
+  maquina(1).percances().cambiar({.guion = {{Averia::Sorda, 0, -1}}});
+  encolar(1, 23);
+  ASSERT_TRUE(correr());
+  EXPECT_TRUE(gestor->GruposFallidos().contains(1));
+  maquina(1).percances().cambiar({});
+  sesion->ponerEjecucion(2, false);
+  leida(1);
   encolar(1, 6);
   ASSERT_TRUE(correr());
   EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
