@@ -126,12 +126,12 @@ class LineaLenta final : public enlace::LinkSocket {
 
 struct FabricaLenta final : enlace::FabricaEnlaces {
   explicit FabricaLenta(Reloj& elReloj) : reloj(elReloj) {}
-  std::unique_ptr<enlace::LinkSocket> crear(int) override {
+  std::unique_ptr<enlace::LinkSocket> crear(TipoAcceso) override {
     return std::make_unique<LineaLenta>(reloj, ocupada);
   }
   std::unique_ptr<enlace::LinkSocket> crearConector(const QString&, int& razon) override {
     razon = 0;
-    return crear(0);
+    return crear(TipoAcceso::TcpIp);
   }
   Reloj& reloj;
   double ocupada = 0;  // ms that the bytes took

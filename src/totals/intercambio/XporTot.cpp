@@ -44,21 +44,31 @@ QString XporTot::rutaDestino(const QString& nombre) const {
   return Ajustes::ruta(n, a_.HomeDir);
 }
 
+// A query gives all its rows at once, and a period may have millions: one group after the other.
 Resultado<> XporTot::lineasDe(const ClaseTotal& c, const Columna& periodo, bool corto,
                               const Recibe& recibe) {
-  const QString sql = dao::conMarcas(
-      u"SELECT GRUPO, GRUPOS.SECCION, CODI, {hora}, CON, PES, [IMP], SCO FROM {totales} LEFT JOIN "
-      u"GRUPOS ON GRUPOS.CODGPO={totales}.GRUPO WHERE LINK=? ORDER BY GRUPO, {orden}",
-      {{u"totales", QString::fromUtf16(c.tabla)},
+  const QString tabla = QString::fromUtf16(c.tabla);
+  TARVO_TOMAR(const auto grupos,
+              dao::reunir(db_.consultar(dao::conMarcas(u"SELECT DISTINCT GRUPO FROM {tabla} WHERE "
+                                                       u"LINK=? ORDER BY GRUPO",
+                                                       {{u"tabla", tabla}}),
+                                        periodo.LINK),
+                          [](const dao::Recordset& fila) { return fila.entero(0); }));
+  const QString filas = dao::conMarcas(
+      u"SELECT GRUPO, GRUPOS.SECCION, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} LEFT JOIN "
+      u"GRUPOS ON GRUPOS.CODGPO={tabla}.GRUPO WHERE LINK=? AND GRUPO=? ORDER BY {orden}",
+      {{u"tabla", tabla},
        {u"hora", c.conHora ? QStringLiteral("HORA") : QStringLiteral("0")},
        {u"orden", c.conHora ? QStringLiteral("CODI, HORA") : QStringLiteral("CODI")}});
-  return dao::recorrer(db_.consultar(sql, periodo.LINK),
-                       [&](const dao::Recordset& rs) -> Resultado<> {
-                         const FilaExport f = filaDe(c, rs);
-                         const auto linea = lineaExport(f, corto);
-                         if (!linea) return noCabe(periodo, f, p_.textos());
-                         return recibe((*linea + kFinLinea).toLatin1());
-                       });
+  const auto una = [&](const dao::Recordset& fila) -> Resultado<> {
+    const FilaExport f = filaDe(c, fila);
+    const auto linea = lineaExport(f, corto);
+    if (!linea) return noCabe(periodo, f, p_.textos());
+    return recibe((*linea + kFinLinea).toLatin1());
+  };
+  for (const qint64 grupo : grupos)
+    TARVO_INTENTAR(dao::recorrer(db_.consultar(filas, periodo.LINK, grupo), una));
+  return {};
 }
 
 Resultado<> XporTot::bloque(const Columna& periodo, bool corto, const Recibe& recibe) {
