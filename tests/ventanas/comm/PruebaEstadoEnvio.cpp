@@ -5,7 +5,7 @@
 namespace tarvo::prueba {
 
 struct VentanaEstado : Puesto {
-  static constexpr int kEnvio = 1;
+  static constexpr TipoTarea kEnvio = TipoTarea::TxPlus;
   void SetUp() override {
     grupo(1, 1, u"cable 1"_s);
     for (const int c : {10, 20, 30}) poner(c, 100 * c, 1);
