@@ -187,7 +187,7 @@ TEST(DeshacerCeldas, TeclearEscribeDondeSePuede) {
         grid.filaActual(), grid.modelo()->columna(QString::fromUtf16(c.campo))));
     t.escribir(QString::fromUtf16(c.tecla));
     EXPECT_EQ(grid.editando(), c.escribe);
-    EXPECT_EQ(t.enMano(grid), c.escribe ? 10 : 50);
+    EXPECT_TRUE(esperar([&] { return t.enMano(grid) == (c.escribe ? 10 : 50); }, 5'000));
   }
 }
 
@@ -223,15 +223,16 @@ TEST(DeshacerCeldas, UnPrecioRaroSeDice) {
 
 namespace {
 
+const QString kNombres = u"select NOMSEC from SECCS union all select NomDep from DEPTS"_s;
+
 void renombrar(Colmado& t, ventanas::Ventana* v, const QString& nombre) {
   t.control<QTreeWidget>(v, u"Arbol")->setFocus();
   t.tecla(Qt::Key_F2);
   t.escribir(nombre);
   t.tecla(Qt::Key_Return);
-  QApplication::processEvents();
+  ASSERT_TRUE(esperar([&] { return t.leer(kNombres).contains(nombre); }));
+  for (int i = 0; i < 3; ++i) QApplication::processEvents();  // the tree is read again
 }
-
-const QString kNombres = u"select NOMSEC from SECCS union all select NomDep from DEPTS"_s;
 
 }  // namespace
 

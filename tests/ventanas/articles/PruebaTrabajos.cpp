@@ -87,7 +87,7 @@ TEST(Trabajos, LasCeldasSeComprueban) {
     const char16_t* dice;  // the strip
   } casos[] = {
       {u"NOMPLU", u"Un nombre de mas de veinte", "Un nombre de mas de veinte 100 1 1", u""},
-      {u"NOMPLU", u"Más de cincuenta letras no caben en el nombre de un PLU", "",
+      {u"NOMPLU", u"Mas de cincuenta letras no caben en el nombre de un PLU", "",
        u"El nombre tiene 55 letras, y caben 50."},
       {u"PRECIO_00", u"2,35", "Un nombre de mas de veinte 235 1 1", u""},
       {u"PRECIO_00", u"1.5", "", u"El precio «1.5» no es un importe: escriba, por ejemplo, 12,50."},

@@ -95,7 +95,7 @@ TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
     auto* v = m.abrir(u"FastModf"_s);
     auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
     auto& campo = m.campo(v, u"precio00"_s);
-    const QString dicho = ilegible ? u"1.5"_s : u"8,88"_s;
+    const QString dicho = ilegible ? u"1.5"_s : u"4,44"_s;
     if (!ilegible) m.impedir();
     Mostrador::escribir(v, u"precio00"_s, dicho);
     const std::function<void()> intentos[] = {
@@ -122,11 +122,11 @@ TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
     }
     EXPECT_EQ(m.precio(3), u"300");
     if (ilegible)
-      Mostrador::escribir(v, u"precio00"_s, u"8,88"_s);
+      Mostrador::escribir(v, u"precio00"_s, u"4,44"_s);
     else
       m.permitir();
     m.pulsar(Qt::Key_Return);
-    EXPECT_EQ(m.precio(3), u"888");
+    EXPECT_EQ(m.precio(3), u"444");
     EXPECT_EQ(grid.filaActual(), 1) << "and goes on";
     EXPECT_FALSE(v->tira().isVisible()) << "nothing is wrong any more";
   }
@@ -227,7 +227,7 @@ TEST(VentanaAlta, DicePorQueNoSeSale) {
                {u"txCod", u"2", u"Código: un número de 3 a 9999999."},
                {u"txCod", u"1a", u"Código: un número de 3 a 9999999."},
                {u"txNom", u"", u"Nombre: no puede quedar vacío."},
-               {u"txNom", u"Más de cincuenta letras no caben en el nombre de un PLU",
+               {u"txNom", u"Mas de cincuenta letras no caben en el nombre de un PLU",
                 u"El nombre tiene 55 letras, y caben 50."},
                {u"txdep", u"41", u"El valor entrado es incorrecto: Departamento, de 1 a 40"},
                {u"txdep", u"9", u"La sección no tiene el departamento 9: elija otro de la lista."},
