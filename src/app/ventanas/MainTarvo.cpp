@@ -1,4 +1,5 @@
 #include "app/ventanas/MainTarvo.h"
+#include "articles/ventanas/Puertas.h"
 #include "automation/ventanas/Puertas.h"
 
 #include <QEventLoop>
@@ -120,6 +121,9 @@ void MainTarvo::abrir(const QString& ventana, const ventanas::Argumentos& argume
   if (ventana == automation::PuertaEdiCron::kNombre)
     ventanas::Ventana::abrir(
         automation::PuertaEdiCron{argumentos.value(QStringLiteral("horario")).toString()});
+  else if (ventana == articles::PuertaBrowGrupos::kNombre)
+    ventanas::Ventana::abrir(
+        articles::PuertaBrowGrupos{argumentos.value(QStringLiteral("Grupos")).toBool()});
   else
     contexto().ventanas.abrir(ventana, this, argumentos);
 }

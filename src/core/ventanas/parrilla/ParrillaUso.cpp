@@ -140,6 +140,14 @@ bool Parrilla::Interior::tecla(QKeyEvent& e) {
     yo.copiar();
     return true;
   }
+  if (e.matches(QKeySequence::Paste)) {
+    yo.pegar();
+    return true;
+  }
+  if (e.key() == Qt::Key_D && e.modifiers() == Qt::ControlModifier) {
+    yo.rellenar();
+    return true;
+  }
   if (e.key() == Qt::Key_Escape && trabajo->enMarcha()) {
     trabajo->parar();
     return true;
