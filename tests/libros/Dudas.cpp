@@ -179,7 +179,7 @@ TEST_F(DudasTest, QuienLaBorraAManoEnPlenaDudaNoPierdeNada) {
   t.avisos.clear();
   t.leer(1);
   t.memorizar();
-  EXPECT_TRUE(t.textoAvisos().contains(u"se da por puesto a cero"));
+  EXPECT_TRUE(t.textoAvisos().contains(u"se entiende que se puso a cero"));
   cuadra();
 }
 
