@@ -239,7 +239,7 @@ void XEditPLU::pintarMoneda() {
   precios_->setMoneda(moneda_);
   ui_.historia->setMoneda(moneda_);
   ui_.GrdStk->setMoneda(moneda_);
-  ui_.Moneda->setText(contexto().ajustes.MonedaLogo[static_cast<size_t>(moneda_)]);
+  ui_.Moneda->setText(contexto().ajustes.MonedaLogo[static_cast<size_t>(moneda_)].trimmed());
   mostrarCajas();
   pintarStock();
 }
