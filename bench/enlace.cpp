@@ -40,7 +40,7 @@ class PorEnlace {
     cliente_.enlaces = &enlaces_;
     cliente_.abiertos = cuantos;
     for (int i = 0; i < cuantos; ++i)
-      enlaces_.AbrirEnlace(enlace::kVekMotor, 4 + i, 0, QStringLiteral("B%1").arg(i + 1),
+      enlaces_.AbrirEnlace(enlace::Para::VekMotor, 4 + i, 0, QStringLiteral("B%1").arg(i + 1),
                            &cliente_);
     esperarTcp([&] { return cliente_.abiertos <= 0; });
   }

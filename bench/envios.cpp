@@ -51,7 +51,7 @@ double decidir() {
   llenarCross(*db);
   Crudo crudo(ruta);
   sqlite3_stmt* s = crudo.preparar(kUnion);
-  const envios::Destino destino{7, 1, 1, 0};
+  const envios::Destino destino{7, 1, TipoGrupo::Balanzas, 0};
   const Fecha ahora = Fecha::deDias(46000);
   const auto contar = [](size_t n) {
     if (n != kCambiados) morir(QStringLiteral("%1 artículos").arg(n));
@@ -126,12 +126,12 @@ class LineaLenta final : public enlace::LinkSocket {
 
 struct FabricaLenta final : enlace::FabricaEnlaces {
   explicit FabricaLenta(Reloj& elReloj) : reloj(elReloj) {}
-  std::unique_ptr<enlace::LinkSocket> crear(int) override {
+  std::unique_ptr<enlace::LinkSocket> crear(TipoAcceso) override {
     return std::make_unique<LineaLenta>(reloj, ocupada);
   }
   std::unique_ptr<enlace::LinkSocket> crearConector(const QString&, int& razon) override {
     razon = 0;
-    return crear(0);
+    return crear(TipoAcceso::TcpIp);
   }
   Reloj& reloj;
   double ocupada = 0;  // ms that the bytes took
@@ -158,7 +158,8 @@ double lineaLenta() {
   const auto registro = tareas::registro();
   enlace::Enlaces enlaces(reloj, ajustes, fabrica, azar);
   motor::gestcomm motor({*db, ajustes, reloj, sesion, textosDePrueba()}, enlaces, registro);
-  if (motor.NuevaTarea(1, true, 0, 9'999'999, 1) != 0) morir(QStringLiteral("sin tarea"));
+  if (motor.NuevaTarea(1, true, 0, 9'999'999, TipoTarea::TxPlus) != 0)
+    morir(QStringLiteral("sin tarea"));
   while (motor.tareas().front().Traza < 0 && reloj.siguiente()) {
   }
   const qint64 inicio = reloj.monotono();

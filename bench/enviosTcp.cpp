@@ -37,14 +37,15 @@ class Mesa {
     bien(sesion_.cargar());
     cliente_.enlaces = &enlaces_;
     cliente_.registro = QByteArray(90, '7');
-    enlaces_.AbrirEnlace(enlace::kVekMotor, kCanalDesnudo, 0, QStringLiteral("G2"), &cliente_);
+    enlaces_.AbrirEnlace(enlace::Para::VekMotor, kCanalDesnudo, 0, QStringLiteral("G2"), &cliente_);
     esperarTcp([&] { return cliente_.abierto; });
   }
   // Every article, to a group that has none yet; opening and closing aren't timed.
   void enviar(const Cronometro& medir) {
     for (const char16_t* t : {u"DELETE FROM [Cross]", u"DELETE FROM Enviados"})
       bien(db_->ejecutar(t));
-    if (motor_.NuevaTarea(1, true, 0, 9'999'999, 1) != 0) morir(QStringLiteral("sin tarea"));
+    if (motor_.NuevaTarea(1, true, 0, 9'999'999, TipoTarea::TxPlus) != 0)
+      morir(QStringLiteral("sin tarea"));
     const auto tarea = [&] { return motor_.tareas().front(); };
     esperarTcp([&] { return tarea().Traza >= 0; });
     medir([&] { esperarTcp([&] { return motor_.puedeCerrar(); }); });

@@ -59,7 +59,7 @@ class Balanza final : public enlace::LinkSocket {
 class FabricaBalanzas final : public enlace::FabricaEnlaces {
  public:
   explicit FabricaBalanzas(Reloj& reloj) : reloj_(reloj) {}
-  std::unique_ptr<enlace::LinkSocket> crear(int) override {
+  std::unique_ptr<enlace::LinkSocket> crear(TipoAcceso) override {
     return std::make_unique<Balanza>(reloj_);
   }
   std::unique_ptr<enlace::LinkSocket> crearConector(const QString&, int& razon) override {

@@ -20,7 +20,7 @@ constexpr double kUnaHora = 1 / 24.0;  // in days
 constexpr double kCorta = 1.5, kConectores = 8, kCanales = 15;
 
 void porCanales(dao::Database& db, Ajustes& ajustes, quint16 puerto) {
-  for (auto& canal : ajustes.canales) canal.Device = 3;
+  for (auto& canal : ajustes.canales) canal.Device = TipoAcceso::TcpIp;
   // One computer has many addresses, so that each group is an access of its own.
   bien(
       db.ejecutar(u"UPDATE GRUPOS SET remoto=3, TELEF='127.0.' & (CODGPO \\ 200) & '.' & (CODGPO "

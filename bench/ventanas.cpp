@@ -59,7 +59,7 @@ struct TiendaGrande {
     bien(
         db->ejecutar(u"insert into TOTGRT (LINK, GRUPO, CODI, CON, [IMP]) select c.LINK, CODGPO, "
                      u"0, 600, 50000 from GRUPOS, COLUMNA c"));
-    automation::Historial historial(*db);
+    automation::Historial historial(*db, textosDePrueba());
     const Fecha ayer = RelojReal().ahora() - 0.4;
     bien(historial.empezar(1, QStringLiteral("NOCHE"), ayer, QStringLiteral("NOCHE.TZA")));
     bien(

@@ -29,8 +29,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t tamano) {
   const QByteArrayView d(bytes, static_cast<qsizetype>(tamano));
   for (const Rigor rigor : {Rigor::Estricto, Rigor::Tolerante}) {
     usar(vek::leerArticulo(d, rigor));
-    usar(vek::leerGranTotal(d, 1, rigor));
-    usar(vek::leerGranTotal(d, 4, rigor));
+    usar(vek::leerGranTotal(d, TipoGrupo::Balanzas, rigor));
+    usar(vek::leerGranTotal(d, TipoGrupo::Birch, rigor));
     usar(vek::leerOperador(d, rigor));
     usar(vek::leerDepartamento(d, rigor));
     usar(vek::leerOperadorHora(d, rigor));
@@ -52,9 +52,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t tamano) {
   exigir(mismaFicha(d, d) == ficha.has_value());
   mismosPrecios(d, d.first(std::min<qsizetype>(d.size(), 25)));
   // Whatever it says can be shown.
-  for (int tipo = 1; tipo <= 4; ++tipo) exigir(textoDeBalanza(tipo, d).size() == d.size());
+  for (const TipoGrupo tipo : todosLos<TipoGrupo>())
+    exigir(textoDeBalanza(tipo, d).size() == d.size());
   const QString texto = QString::fromUtf8(d);
-  for (int tipo = 1; tipo <= 4; ++tipo) exigir(escribirLetras(tipo, texto, 20).bytes.size() <= 20);
+  for (const TipoGrupo tipo : todosLos<TipoGrupo>())
+    exigir(escribirLetras(tipo, texto, 20).bytes.size() <= 20);
   for (const Rigor rigor : {Rigor::Estricto, Rigor::Tolerante}) {
     const auto lineas = vek::leerLineas(d, rigor);
     usar(lineas);

@@ -14,16 +14,16 @@ using namespace tarvo;
 // One kind of each form that a task line has.
 motor::RegistroTareas tareasDeCadaForma() {
   motor::RegistroTareas r;
-  const auto anadir = [&r](int numero, const char16_t* clave) {
+  const auto anadir = [&r](TipoTarea tarea, const char16_t* clave) {
     motor::ClaseTarea c;
-    c.numero = numero;
+    c.tarea = tarea;
     c.clave = clave;
     r.anadir(c);
   };
-  anadir(1, u"TXPLUS");
-  anadir(6, u"TX_ZERO");
-  anadir(16, u"RXPLUS");
-  anadir(17, u"RXGRTOT");
+  anadir(TipoTarea::TxPlus, u"TXPLUS");
+  anadir(TipoTarea::TxZero, u"TX_ZERO");
+  anadir(TipoTarea::RxPlus, u"RXPLUS");
+  anadir(TipoTarea::RxGrTot, u"RXGRTOT");
   return r;
 }
 

@@ -125,7 +125,7 @@ int main(int argc, char** argv) {
   ventanas::Escritorio escritorio(qt, *db, ajustes, textos, reloj, ventanas::Cara::Clara, {});
   comm::registrarVentanasComm(escritorio.ventanas(), {motor, enlaces, sesion, registro});
   for (int i = 0; i < kTareas; ++i)
-    if (motor.NuevaTarea(1 + i % kGrupos, true, 0, 9999999, 16) != 0)
+    if (motor.NuevaTarea(1 + i % kGrupos, true, 0, 9999999, TipoTarea::RxPlus) != 0)
       banco::morir(u"a task couldn't be queued"_s);
   const double sin = parte();
   ventanas::Ventana* v = escritorio.ventanas().abrir(u"gestcomm"_s);

@@ -271,7 +271,7 @@ int Automat::pasoActual() const {
 
 // --- reports of the engine ----------------------------------------------------------------------
 
-void Automat::InformeProblema(int clase, int grupo, int error, int estado, qint64 codigo) {
+void Automat::InformeProblema(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) {
   if (!d->vigila()) return;
   d->problema();
   d->recordarFallo(clase, grupo, error);
@@ -279,11 +279,11 @@ void Automat::InformeProblema(int clase, int grupo, int error, int estado, qint6
   d->cambio();
 }
 
-void Automat::InformeRetry(int clase, int grupo, int error, int estado, qint64 codigo) {
+void Automat::InformeRetry(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) {
   if (d->vigila()) d->informarTarea(clase, grupo, error, estado, codigo, kTxSeReintenta);
 }
 
-void Automat::InformeAviso(int, const totals::Aviso& aviso) {
+void Automat::InformeAviso(const totals::Aviso& aviso) {
   if (!d->vigila()) return;
   if (aviso.grave) {
     d->problema();

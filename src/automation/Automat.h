@@ -123,9 +123,9 @@ class Automat final : private motor::Vigilante {
   void dejarDeObservar(ObservadorAutomat& quien);
 
  private:
-  void InformeProblema(int clase, int grupo, int error, int estado, qint64 codigo) override;
-  void InformeRetry(int clase, int grupo, int error, int estado, qint64 codigo) override;
-  void InformeAviso(int clase, const totals::Aviso& aviso) override;
+  void InformeProblema(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) override;
+  void InformeRetry(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) override;
+  void InformeAviso(const totals::Aviso& aviso) override;
   Resultado<> TareaHecha(const motor::DatosTarea& tarea) override;
   struct Interior;
   std::unique_ptr<Interior> d;

@@ -1,5 +1,7 @@
 // How a run begins: afresh, where an earlier one was cut off, or after what an old one left to be
 // noted down.
+#include <utility>
+
 #include "automation/AutomatInterior.h"
 
 namespace tarvo::automation {
@@ -10,24 +12,35 @@ constexpr double kDiasParaSeguir = 0.5;  // 12 hours
 
 bool memorizo(const std::vector<PasoProceso>& pasos, const Ejecucion& e) {
   const auto hasta = pasos.begin() + std::min<qint64>(e.paso, static_cast<qint64>(pasos.size()));
-  return !e.ultimos.empty() && std::any_of(pasos.begin(), hasta, [](const PasoProceso& p) {
-    return p.clase() == kSesion && p.verbo() == kCerrar;
-  });
+  return !e.ultimos.empty() && std::any_of(pasos.begin(), hasta, memoriza);
 }
 
 // What only writes down in the books what was memorised: it calls no machine and takes nothing
 // away.
 bool esAnotacion(const PasoProceso& p) {
-  if (p.clase() == kExportar) return true;
-  if (p.clase() != kPeriodos) return false;
-  const int v = p.verbo();
-  return v == kAcumular || v == kStock || v == kSelUltimo || v == kSeleccionar || v == kLimpiar;
+  if (std::holds_alternative<PasoExportar>(p)) return true;
+  const auto* periodos = std::get_if<PasoPeriodos>(&p);
+  if (!periodos || !periodos->verbo) return false;
+  switch (*periodos->verbo) {
+    case VerboPeriodos::Acumular:
+    case VerboPeriodos::Stock:
+    case VerboPeriodos::SelUltimo:
+    case VerboPeriodos::Seleccionar:
+    case VerboPeriodos::Limpiar:
+      return true;
+    case VerboPeriodos::Crear:
+    case VerboPeriodos::Borrar:
+    case VerboPeriodos::Sumar:
+    case VerboPeriodos::Desacumular:
+      return false;
+  }
+  std::unreachable();
 }
 
 // The first step after the last point at which the queue was known to be empty.
 qint64 trasUltimaEspera(const std::vector<PasoProceso>& pasos, qint64 hechos) {
   for (qint64 i = hechos; i > 0; --i)
-    if (pasos[static_cast<size_t>(i - 1)].clase() == kControl) return i;
+    if (std::holds_alternative<PasoControl>(pasos[static_cast<size_t>(i - 1)])) return i;
   return 0;
 }
 
@@ -37,7 +50,7 @@ void Automat::Interior::cargar(std::vector<PasoProceso> lista, const QString& tr
                                const QString& proceso) {
   if (vigila() || fase == kAbortando) return;
   decirFin();
-  std::erase_if(lista, [](const PasoProceso& p) { return p.clase() == 0; });
+  std::erase_if(lista, enBlanco);
   originales = std::move(lista);
   lineas.clear();
   for (const auto& p : originales) lineas += lenguaje.EscribirPaso(p);
@@ -185,8 +198,7 @@ Resultado<> Automat::Interior::completarAnotaciones() {
   t.verTot.ponerSeleccion(e.seleccion);
   for (indice = e.paso; indice < static_cast<qint64>(pasos.size()); ++indice) {
     const PasoProceso p = pasos[static_cast<size_t>(indice)];
-    if (p.clase() == kSesion && p.verbo() == kCerrar)
-      break;  // what comes after belongs to that one
+    if (memoriza(p)) break;  // what comes after belongs to that one
     if (!esAnotacion(p)) continue;
     e.paso = indice;
     TARVO_INTENTAR(llevarACabo(p));

@@ -52,11 +52,11 @@ struct Automat::Interior final : motor::Observador {
   void escribirMomento(int texto);
   QString cabecera() const;
   void informar(const Hecho& hecho);
-  void informarTarea(int clase, int grupo, int error, int estado, qint64 codigo, int fin);
+  void informarTarea(TipoTarea clase, int grupo, int error, int estado, qint64 codigo, int fin);
   void cabeceraUnaVez();
   // --- the history of the run
   void recordar(const AvisoHecho& aviso);
-  void recordarFallo(int clase, int grupo, int error);
+  void recordarFallo(TipoTarea clase, int grupo, int error);
   void problema();
   bool vigila() const;  // reports of the engine count
 

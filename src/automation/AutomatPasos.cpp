@@ -13,9 +13,12 @@ const QString kMargen = QStringLiteral("    ");
 
 // The steps that make use of the engine, as a window that would have to be open.
 bool pideMotor(const PasoProceso& p) {
-  if (p.clase() == kTarea) return true;
-  if (p.clase() == kSesion) return p.verbo() == kAbrir;
-  return p.clase() == kControl;
+  return std::visit(
+      SegunPaso{[](std::monostate) { return false; }, [](const PasoTarea&) { return true; },
+                [](const PasoSesion& s) { return s.verbo == VerboSesion::Abrir; },
+                [](const PasoControl&) { return true; }, [](const PasoPeriodos&) { return false; },
+                [](const PasoExportar&) { return false; }, [](const PasoNoper&) { return false; }},
+      p);
 }
 
 }  // namespace
@@ -29,7 +32,8 @@ Resultado<bool> Automat::Interior::hacerPaso() {
   e.paso = indice;
   if (const auto parametro = parametroDe(p)) return preguntar(*parametro);
   if (pideMotor(p)) abrirMotor();
-  if (p.clase() == kControl && !ejecutor.colaVacia(p, vigilancia)) {
+  const auto* espera = std::get_if<PasoControl>(&p);
+  if (espera && !ejecutor.colaVacia(*espera, vigilancia)) {
     const qint64 ahora = t.reloj.monotono();
     // Only shows that the run is alive; a step that can't be recorded is what counts.
     if (ahora - ultimoLatido >= kLatido && diario.latir(e.numero, t.reloj.ahora()))
@@ -43,7 +47,7 @@ Resultado<bool> Automat::Interior::hacerPaso() {
 // else is done and noted as done at one stroke.
 Resultado<bool> Automat::Interior::llevarACabo(const PasoProceso& p) {
   std::optional<Hecho> hecho;
-  if (p.clase() == kExportar) {
+  if (std::holds_alternative<PasoExportar>(p)) {
     TARVO_TOMAR(auto h, ejecutor.hacer(p, e, vigilancia));
     hecho = std::move(h);
   }
@@ -156,8 +160,8 @@ void Automat::Interior::escribirMomento(int texto) {
 QString Automat::Interior::cabecera() const {
   const auto ultimo = static_cast<qint64>(pasos.size()) - 1;
   const qint64 n = std::clamp<qint64>(indice, 0, std::max<qint64>(ultimo, 0));
-  const int clase = ultimo < 0 ? 0 : pasos[static_cast<size_t>(n)].clase();
-  return Ceros(n + 1, 3) + u':' + palabraClase(clase);
+  const PasoProceso paso = ultimo < 0 ? PasoProceso() : pasos[static_cast<size_t>(n)];
+  return Ceros(n + 1, 3) + u':' + palabraClase(paso);
 }
 
 void Automat::Interior::informar(const Hecho& hecho) {
@@ -182,7 +186,7 @@ void Automat::Interior::recordar(const AvisoHecho& aviso) {
   if (e.numero > 0) static_cast<void>(diario.historial().aviso(e.numero, aviso));
 }
 
-void Automat::Interior::recordarFallo(int clase, int grupo, int error) {
+void Automat::Interior::recordarFallo(TipoTarea clase, int grupo, int error) {
   const auto explicado = motor::textosError(error, t.textos);
   const QString palabras = QString(explicado.cabecera + u' ' + explicado.mensaje).simplified();
   const QString motivo = palabras.isEmpty() ? t.textos(kTxErrorSinTexto, {error}) : palabras;
@@ -193,10 +197,10 @@ void Automat::Interior::cabeceraUnaVez() {
   if (std::exchange(conCabecera, indice) != indice) escribir({cabecera()});
 }
 
-void Automat::Interior::informarTarea(int clase, int grupo, int error, int estado, qint64 codigo,
-                                      int fin) {
+void Automat::Interior::informarTarea(TipoTarea clase, int grupo, int error, int estado,
+                                      qint64 codigo, int fin) {
   cabeceraUnaVez();
-  const auto* c = t.registro.porNumero(clase);
+  const auto* c = t.registro.de(clase);
   const QString tarea =
       u"   "_s + (c ? t.textos(c->nombre) : QString()) + u":G"_s + Ceros(grupo, 4) + u"  "_s;
   QStringList informe{tarea + u'E' + Ceros(error, 2) + u"  C"_s + Ceros(codigo, 9) + u"  ["_s +

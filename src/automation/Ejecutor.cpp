@@ -1,7 +1,10 @@
 #include "automation/Ejecutor.h"
 
+#include <utility>
+
 #include "automation/TextosAutomation.h"
 #include "comm/motor/TextosMotor.h"
+#include "core/dao/Recorrido.h"
 
 namespace tarvo::automation {
 
@@ -13,55 +16,65 @@ constexpr qint64 kMayorGrupo = 32767, kMayorReintento = 32767;
 // Where nobody is there: a machine that doesn't answer must not cost the night.
 constexpr int kReintentosSinNadie = 100;
 constexpr int kUltimoMensaje = 14;
-constexpr int kErrorCrear = 7;
+constexpr int kErrorCrear = 7, kErrorSeleccionar = 10;
 
 void contar(const std::vector<totals::Aviso>& avisos, Hecho& h) {
   for (const auto& a : avisos) h.decir(a.texto, a.grave, a.grupo);
 }
 
 // The code with which a verb of P answers that it did not do what it promises.
-int codigoPeriodos(int verbo) {
-  constexpr std::array codigos{0, 7, 8, 9, 10, 10, 11, 12, 13, 11};
-  return verbo >= 0 && verbo < static_cast<int>(codigos.size())
-             ? codigos[static_cast<size_t>(verbo)]
-             : 0;
+int codigoPeriodos(VerboPeriodos verbo) {
+  switch (verbo) {
+    case VerboPeriodos::Crear:
+      return kErrorCrear;
+    case VerboPeriodos::Borrar:
+      return 8;
+    case VerboPeriodos::Limpiar:
+      return 9;
+    case VerboPeriodos::Seleccionar:
+    case VerboPeriodos::SelUltimo:
+      return kErrorSeleccionar;
+    case VerboPeriodos::Acumular:
+    case VerboPeriodos::Desacumular:
+      return 11;
+    case VerboPeriodos::Stock:
+      return 12;
+    case VerboPeriodos::Sumar:
+      return 13;
+  }
+  std::unreachable();
 }
 
 // A field of retries that is no number counts as none.
-int reintentosDe(const PasoProceso& p) {
-  return static_cast<int>(std::clamp<qint64>(p.numero(2), 0, kMayorReintento));
+int reintentosDe(const PasoControl& p) {
+  const auto* n = std::get_if<qint64>(&p.reintentos);
+  return n ? static_cast<int>(std::clamp<qint64>(*n, 0, kMayorReintento)) : 0;
 }
 
 // What a task step asks of the engine; nothing while a reference in it has no value.
 struct Orden {
-  int clase = 0;
   bool todo = true;
   qint64 desde = 0, hasta = 0;
 };
 
-std::optional<Orden> ordenDe(const PasoProceso& p) {
-  const auto esNumero = [&p](size_t i) { return std::holds_alternative<qint64>(p.c[i]); };
-  if (std::holds_alternative<std::monostate>(p.c[3])) return Orden{p.verbo(), true, 0, 0};
-  if (std::holds_alternative<std::monostate>(p.c[4])) return Orden{p.verbo(), p.logico(3), 0, 0};
-  if (!esNumero(4) || !esNumero(5)) return std::nullopt;
-  return Orden{p.verbo(), p.logico(3), p.numero(4), p.numero(5)};
+std::optional<Orden> ordenDe(const PasoTarea& p) {
+  if (!p.rango) return Orden{p.todo.value_or(true), 0, 0};
+  const auto* desde = std::get_if<qint64>(&p.rango->desde);
+  const auto* hasta = std::get_if<qint64>(&p.rango->hasta);
+  if (!desde || !hasta) return std::nullopt;
+  return Orden{p.todo.value_or(true), *desde, *hasta};
 }
 
 // The groups that a task step names; nothing for a reference without a value or a number that is no
 // group's.
-Resultado<std::optional<std::vector<int>>> gruposDe(const PasoProceso& p, dao::Database& db) {
-  std::vector<int> grupos;
-  if (const auto* n = std::get_if<qint64>(&p.c[2])) {
+Resultado<std::optional<std::vector<int>>> gruposDe(const PasoTarea& p, dao::Database& db) {
+  if (const auto* n = std::get_if<qint64>(&p.grupo)) {
     if (*n < 0 || *n > kMayorGrupo) return std::nullopt;
     return std::vector{static_cast<int>(*n)};
   }
-  if (p.texto(2) != u"ALL") return std::nullopt;
-  TARVO_TOMAR(auto rs, db.consultar(u"SELECT CODGPO FROM GRUPOS ORDER BY CODGPO"));
-  while (!rs->Eof()) {
-    grupos.push_back(static_cast<int>(rs->entero(0)));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return grupos;
+  if (std::get<QString>(p.grupo) != u"ALL") return std::nullopt;
+  return dao::reunir(db.consultar(u"SELECT CODGPO FROM GRUPOS ORDER BY CODGPO"),
+                     [](const dao::Recordset& rs) { return static_cast<int>(rs.entero(0)); });
 }
 
 }  // namespace
@@ -78,28 +91,24 @@ QString mensajePaso(int codigo, const Textos& textos) {
 }
 
 Resultado<Hecho> Ejecutor::hacer(const PasoProceso& p, Ejecucion& e, Vigilancia& vigilancia) {
-  switch (p.clase()) {
-    case kTarea:
-      return tarea(p, e);
-    case kSesion:
-      return sesion(p, e);
-    case kControl: {
-      Hecho h = control(p);
-      h.completo = colaVacia(p, vigilancia);
-      return h;
-    }
-    case kPeriodos:
-      return periodos(p, e);
-    case kExportar:
-      return exportar(p, e);
-    default:
-      return Hecho{};
-  }
+  using R = Resultado<Hecho>;
+  return std::visit(SegunPaso{[](std::monostate) -> R { return Hecho{}; },
+                              [&](const PasoTarea& paso) { return tarea(paso, e); },
+                              [&](const PasoSesion& paso) -> R { return sesion(paso, e); },
+                              [&](const PasoControl& paso) -> R {
+                                Hecho h = control(paso);
+                                h.completo = colaVacia(paso, vigilancia);
+                                return h;
+                              },
+                              [&](const PasoPeriodos& paso) -> R { return periodos(paso, e); },
+                              [&](const PasoExportar& paso) -> R { return exportar(paso, e); },
+                              [](const PasoNoper&) -> R { return Hecho{}; }},
+                    p);
 }
 
 // --- tasks --------------------------------------------------------------------------------------
 
-Resultado<Hecho> Ejecutor::tarea(const PasoProceso& p, Ejecucion& e) {
+Resultado<Hecho> Ejecutor::tarea(const PasoTarea& p, Ejecucion& e) {
   Hecho h;
   const auto orden = ordenDe(p);
   const auto grupos = gruposDe(p, t_.db);
@@ -111,16 +120,16 @@ Resultado<Hecho> Ejecutor::tarea(const PasoProceso& p, Ejecucion& e) {
   QStringList rechazados, motivos;
   for (const int g : **grupos) {
     const int codigo =
-        t_.motor.NuevaTarea(g, orden->todo, orden->desde, orden->hasta, orden->clase, e.paso);
+        t_.motor.NuevaTarea(g, orden->todo, orden->desde, orden->hasta, p.tarea, e.paso);
     if (codigo == 0) {
-      TARVO_INTENTAR(diario_.tareaEnCola(e.numero, e.paso, g, orden->clase));
+      TARVO_INTENTAR(diario_.tareaEnCola(e.numero, e.paso, g, p.tarea));
       continue;
     }
-    const QString motivo = motivoRechazo(codigo, g, orden->clase);
+    const QString motivo = motivoRechazo(codigo, g, p.tarea);
     h.problemas = true;
     if (!motivos.contains(motivo)) motivos += motivo;
     rechazados += Ceros(g, 4);
-    TARVO_INTENTAR(diario_.tareaRechazada(e.numero, e.paso, g, orden->clase, motivo));
+    TARVO_INTENTAR(diario_.tareaRechazada(e.numero, e.paso, g, p.tarea, motivo));
     // What the group holds now isn't read in this run, so it must not be told to forget it.
     if (codigo == 1) {
       e.fallidos.insert(g);
@@ -134,53 +143,56 @@ Resultado<Hecho> Ejecutor::tarea(const PasoProceso& p, Ejecucion& e) {
 
 // In words. The engine has one code for a group that isn't there and for a kind of task that it or
 // the group doesn't know.
-QString Ejecutor::motivoRechazo(int codigo, int grupo, int clase) const {
+QString Ejecutor::motivoRechazo(int codigo, int grupo, TipoTarea clase) const {
   constexpr int kDestinoMalo = 2;
-  const auto* c = t_.registro.porNumero(clase);
-  const auto tipo = t_.db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo);
-  const bool hayGrupo = tipo && !tipo->nulo();
+  const auto* c = t_.registro.de(clase);
+  const auto numero = t_.db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo);
+  const bool hayGrupo = numero && !numero->nulo();
+  const auto tipo = hayGrupo ? deNumero<TipoGrupo>(numero->entero()) : std::nullopt;
   const bool nadie = !c || !c->crear;
-  const bool ajena = hayGrupo && c && !c->valePara(static_cast<int>(tipo->entero()));
+  const bool ajena = hayGrupo && c && (!tipo || !c->valePara(*tipo));
   return codigo == kDestinoMalo && (nadie || ajena) ? t_.textos(motor::kTxSinQuienEnvie)
                                                     : mensajePaso(codigo, t_.textos);
 }
 
 int Ejecutor::repetir(const PasoProceso& p, const Diario::Tarea& tarea) {
-  const auto orden = p.clase() == kTarea ? ordenDe(p) : std::nullopt;
+  const auto* paso = std::get_if<PasoTarea>(&p);
+  const auto orden = paso ? ordenDe(*paso) : std::nullopt;
   if (!orden) return 2;
-  return t_.motor.NuevaTarea(tarea.grupo, orden->todo, orden->desde, orden->hasta, orden->clase,
+  return t_.motor.NuevaTarea(tarea.grupo, orden->todo, orden->desde, orden->hasta, paso->tarea,
                              tarea.paso);
 }
 
 // --- session ------------------------------------------------------------------------------------
 
-Hecho Ejecutor::sesion(const PasoProceso& p, Ejecucion& e) {
+Hecho Ejecutor::sesion(const PasoSesion& p, Ejecucion& e) {
   Hecho h;
   h.sesionMovida = true;
   const int estado = t_.sesion.estado();
-  if (p.verbo() == kAbrir) {
+  const bool cierra = p.verbo == VerboSesion::Cerrar;
+  if (p.verbo == VerboSesion::Abrir) {
     if (estado == 2)
       h.error(4);
     else if (auto r = t_.motor.LaSesion(1); !r)
       h.decir(r.error().texto);
-  } else if (p.verbo() == kCerrar && estado == 0) {
+  } else if (cierra && estado == 0) {
     h.error(5);
-  } else if (p.verbo() == kCerrar && estado == 2) {
+  } else if (cierra && estado == 2) {
     cerrar(p, e, h);
   } else {
     std::vector<totals::Aviso> avisos;
-    const auto r = t_.cerrSes.LaSesion(p.verbo() == kCerrar, 0, avisos);
+    const auto r = t_.cerrSes.LaSesion(cierra, 0, avisos);
     contar(avisos, h);
     if (!r) h.decir(r.error().texto);
   }
   return h;
 }
 
-void Ejecutor::cerrar(const PasoProceso& p, Ejecucion& e, Hecho& h) {
+void Ejecutor::cerrar(const PasoSesion& p, Ejecucion& e, Hecho& h) {
   e.ultimos.clear();
-  t_.cerrSes.Descrip = ExpandirNombre(p.texto(2), t_.reloj.ahora(), t_.db);
-  t_.cerrSes.TodoAUno = p.logico(3);
-  t_.cerrSes.OverWr = p.logico(4);
+  t_.cerrSes.Descrip = ExpandirNombre(p.descripcion, t_.reloj.ahora(), t_.db);
+  t_.cerrSes.TodoAUno = p.todoAUno;
+  t_.cerrSes.OverWr = p.sustituir;
   std::vector<totals::Aviso> avisos;
   auto links = t_.cerrSes.LaSesion(true, 0, avisos);
   contar(avisos, h);
@@ -202,53 +214,51 @@ void Ejecutor::noMemorizado(Ejecucion& e, Hecho& h) {
 
 // --- control ------------------------------------------------------------------------------------
 
-Hecho Ejecutor::control(const PasoProceso& p) {
+Hecho Ejecutor::control(const PasoControl& p) {
   Hecho h;
-  if (!std::holds_alternative<qint64>(p.c[2])) h.decir(t_.textos(kTxReintentosMalos, {p.texto(2)}));
+  if (const auto* texto = std::get_if<QString>(&p.reintentos))
+    h.decir(t_.textos(kTxReintentosMalos, {*texto}));
   return h;
 }
 
-bool Ejecutor::colaVacia(const PasoProceso& espera, Vigilancia& vigilancia) {
+bool Ejecutor::colaVacia(const PasoControl& espera, Vigilancia& vigilancia) {
   vigilancia.reintentos = reintentosDe(espera);
   if (vigilancia.borrarSiempre)
     vigilancia.reintentos = std::min(vigilancia.reintentos, kReintentosSinNadie);
   if (t_.motor.CuantosQuedan().total == 0) return true;
-  t_.motor.VigilaProcesos(vigilancia.reintentos, espera.logico(3) || vigilancia.borrarSiempre,
+  t_.motor.VigilaProcesos(vigilancia.reintentos, espera.borrarFallos || vigilancia.borrarSiempre,
                           vigilancia.vigilante);
   return false;
 }
 
 // --- periods ------------------------------------------------------------------------------------
 
-Hecho Ejecutor::periodos(const PasoProceso& p, const Ejecucion& e) {
+Hecho Ejecutor::periodos(const PasoPeriodos& p, const Ejecucion& e) {
   Hecho h;
-  if (p.verbo() == kSelUltimo) return selUltimo(e);
-  if (p.verbo() == 0) {
+  if (!p.verbo) {
     h.decir(t_.textos(kTxOrdenNoExiste));
     return h;
   }
-  if (p.verbo() == kCrear) return crear(p);
-  if (p.verbo() == kSumar) decirSolapes(h);
+  const VerboPeriodos verbo = *p.verbo;
+  if (verbo == VerboPeriodos::SelUltimo) return selUltimo(e);
+  if (verbo == VerboPeriodos::Crear) return crear(p);
+  if (verbo == VerboPeriodos::Sumar) decirSolapes(h);
   const std::vector<qint64> elegidos = t_.verTot.LosSelec();
   const auto r = operacion(p);
   if (!r)
     h = deFallo(r.error());
   else if (!*r)
-    h.error(codigoPeriodos(p.verbo()));
-  if (p.verbo() == kAcumular || p.verbo() == kStock)
+    h.error(codigoPeriodos(verbo));
+  if (verbo == VerboPeriodos::Acumular || verbo == VerboPeriodos::Stock)
     pendientes(p, r ? std::vector<qint64>{} : elegidos, h);
   return h;
 }
 
-Hecho Ejecutor::crear(const PasoProceso& p) {
+Hecho Ejecutor::crear(const PasoPeriodos& p) {
   Hecho h;
-  const auto* i = std::get_if<Intervalo>(&p.c[2]);
-  if (!i) {
-    h.error(kErrorCrear);
-    return h;
-  }
-  const totals::Periodo periodo{i->tipo, i->desde, i->hasta};
-  const auto creado = t_.verTot.CrearIntvalo(periodo, p.texto(3));
+  const Intervalo& i = p.intervalo;
+  const auto creado =
+      t_.verTot.CrearIntvalo(totals::Periodo{i.tipo, i.desde, i.hasta}, p.descripcion);
   if (!creado) return deFallo(creado.error(), kErrorCrear);
   if (creado->existia) h.decir(t_.textos(kTxYaExistia, {nombrePeriodo(creado->link)}), false);
   return h;
@@ -270,8 +280,8 @@ QString Ejecutor::nombrePeriodo(qint64 link) const {
 }
 
 // Does what earlier runs still owe of this verb, and notes what this one owes from now on.
-void Ejecutor::pendientes(const PasoProceso& p, const std::vector<qint64>& debidos, Hecho& h) {
-  const OrdenPeriodos orden{p.verbo(), p.verbo() == kAcumular ? p.numero(2) : 0};
+void Ejecutor::pendientes(const PasoPeriodos& p, const std::vector<qint64>& debidos, Hecho& h) {
+  const OrdenPeriodos orden{*p.verbo, *p.verbo == VerboPeriodos::Acumular ? p.tipo : 0};
   Pendientes libro(t_.db);
   const auto viejos = libro.de(orden);
   if (!viejos) return h.decir(viejos.error().texto);
@@ -290,26 +300,30 @@ void Ejecutor::pendientes(const PasoProceso& p, const std::vector<qint64>& debid
   for (const qint64 link : debidos) h.decir(t_.textos(kTxQuedaPendiente, {nombrePeriodo(link)}));
 }
 
-Resultado<bool> Ejecutor::operacion(const PasoProceso& p) {
-  const auto tipo = static_cast<int>(p.numero(2));
-  const auto* desde = std::get_if<Fecha>(&p.c[3]);
-  const auto* hasta = std::get_if<Fecha>(&p.c[4]);
-  switch (p.verbo()) {
-    case kBorrar:
+Resultado<bool> Ejecutor::operacion(const PasoPeriodos& p) {
+  const auto tipo = static_cast<int>(p.tipo);
+  const auto* desde = std::get_if<Fecha>(&p.desde);
+  const auto* hasta = std::get_if<Fecha>(&p.hasta);
+  switch (*p.verbo) {
+    case VerboPeriodos::Borrar:
       return desde && hasta ? t_.verTot.BorrarIntvalo(tipo, *desde, *hasta) : false;
-    case kLimpiar:
+    case VerboPeriodos::Limpiar:
       return t_.verTot.ClrSelec();
-    case kSeleccionar:
+    case VerboPeriodos::Seleccionar:
       return desde && hasta ? t_.verTot.Seleccionar(tipo, *desde, *hasta) : false;
-    case kAcumular:
+    case VerboPeriodos::Acumular:
       return t_.verTot.AcumularIntv(tipo, 1);
-    case kDesacumular:
+    case VerboPeriodos::Desacumular:
       return t_.verTot.AcumularIntv(tipo, -1);
-    case kStock:
+    case VerboPeriodos::Stock:
       return t_.verTot.StockIntv();
-    default:
+    case VerboPeriodos::Sumar:
       return t_.verTot.SumarIntv();
+    case VerboPeriodos::Crear:
+    case VerboPeriodos::SelUltimo:
+      break;  // they act on no selection
   }
+  std::unreachable();
 }
 
 Hecho Ejecutor::selUltimo(const Ejecucion& e) {
@@ -319,7 +333,7 @@ Hecho Ejecutor::selUltimo(const Ejecucion& e) {
     if (!r)
       h.decir(r.error().texto);
     else if (!*r)
-      h.error(10);
+      h.error(kErrorSeleccionar);
   }
   return h;
 }

@@ -49,26 +49,27 @@ class Ejecutor {
   // error.
   int repetir(const PasoProceso& p, const Diario::Tarea& tarea);
   // True once the queue is empty; otherwise sets the rule under which the rest is watched.
-  bool colaVacia(const PasoProceso& espera, Vigilancia& vigilancia);
+  bool colaVacia(const PasoControl& espera, Vigilancia& vigilancia);
 
  private:
   struct Exportacion {
     totals::OpcionesExport como;
     QString nombre;
   };
-  Resultado<Hecho> tarea(const PasoProceso& p, Ejecucion& e);
-  QString motivoRechazo(int codigo, int grupo, int clase) const;
-  Hecho sesion(const PasoProceso& p, Ejecucion& e);
-  void cerrar(const PasoProceso& p, Ejecucion& e, Hecho& h);
+  Resultado<Hecho> tarea(const PasoTarea& p, Ejecucion& e);
+  QString motivoRechazo(int codigo, int grupo, TipoTarea clase) const;
+  Hecho sesion(const PasoSesion& p, Ejecucion& e);
+  void cerrar(const PasoSesion& p, Ejecucion& e, Hecho& h);
   void noMemorizado(Ejecucion& e, Hecho& h);
-  Hecho control(const PasoProceso& p);
-  Hecho periodos(const PasoProceso& p, const Ejecucion& e);
-  Hecho crear(const PasoProceso& p);
+  Hecho control(const PasoControl& p);
+  Hecho periodos(const PasoPeriodos& p, const Ejecucion& e);
+  Hecho crear(const PasoPeriodos& p);
   void decirSolapes(Hecho& h);
-  Resultado<bool> operacion(const PasoProceso& p);
-  void pendientes(const PasoProceso& p, const std::vector<qint64>& debidos, Hecho& h);
+  // REQUIRES a verb that acts on the selection, or names its periods.
+  Resultado<bool> operacion(const PasoPeriodos& p);
+  void pendientes(const PasoPeriodos& p, const std::vector<qint64>& debidos, Hecho& h);
   Hecho selUltimo(const Ejecucion& e);
-  Hecho exportar(const PasoProceso& p, const Ejecucion& e);
+  Hecho exportar(const PasoExportar& p, const Ejecucion& e);
   void exportarPendientes(const std::vector<Pendientes::Exporte>& viejos, const Exportacion& x,
                           std::vector<qint64>& propios, std::vector<qint64>& saldados, Hecho& h);
   void exportarPropios(const std::vector<qint64>& propios, const Exportacion& x,

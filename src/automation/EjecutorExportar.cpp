@@ -67,17 +67,17 @@ void Ejecutor::exportarPropios(const std::vector<qint64>& propios, const Exporta
   }
 }
 
-Hecho Ejecutor::exportar(const PasoProceso& p, const Ejecucion& e) {
+Hecho Ejecutor::exportar(const PasoExportar& p, const Ejecucion& e) {
   Hecho h;
-  if (p.verbo() != kTotaliza) {
+  if (!p.totaliza) {
     h.decir(t_.textos(kTxOrdenNoExiste));
     return h;
   }
   const Fecha ahora = t_.reloj.ahora();
-  const Exportacion x{{p.logico(2), p.logico(3)},
-                      p.texto(4).isEmpty()
+  const Exportacion x{{p.corto, p.borrar},
+                      p.fichero.isEmpty()
                           ? u"EX"_s + ahora.qdate().toString(QStringLiteral("yyMMdd"))
-                          : ExpandirNombre(p.texto(4), ahora, t_.db)};
+                          : ExpandirNombre(p.fichero, ahora, t_.db)};
   const Pendientes::Destino destino{e.nombre, ordenExporte(e), t_.xporTot.rutaDestino(x.nombre)};
   const auto viejos = Pendientes(t_.db).exportes(destino);
   if (!viejos) return deFallo(viejos.error(), kErrorExportar);

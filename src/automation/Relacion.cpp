@@ -5,6 +5,7 @@
 #include "automation/TextosAutomation.h"
 #include "automation/historia/Historial.h"
 #include "comm/motor/TextosMotor.h"
+#include "core/dao/Recorrido.h"
 #include "core/dinero/Dinero.h"
 
 namespace tarvo::automation {
@@ -21,28 +22,27 @@ struct DeGrupo {
 using PorGrupo = std::map<int, DeGrupo>;
 
 void anotarTarea(const TareaHecha& t, const Textos& textos, DeGrupo& g) {
-  const QString nombre = textos(motor::kTxMensajeClase + t.clase);
+  const QString nombre = textos(motor::kTxMensajeClase + numeroDe(t.clase));
   if (t.estado != TareaHecha::Estado::Hecha)
     g.sinHacer << nombre;
-  else if (t.clase == totals::kPuestaACero)
+  else if (t.clase == TipoTarea::TxZero)
     g.aCero = true;
   else
-    (totals::clase(t.clase) ? g.recogido : g.hecho) << nombre;
+    (esDeTotales(t.clase) ? g.recogido : g.hecho) << nombre;
 }
 
 // The amount that each group brought into each period: of its grand total where it has one.
 Resultado<> leerMemorizado(dao::Database& db, qint64 ejecucion, PorGrupo& grupos) {
-  TARVO_TOMAR(const auto rs, db.consultar(u"SELECT GRUPO, LINK, CLASE, [IMP] FROM Origenes WHERE "
-                                          u"EJECUCION=? ORDER BY GRUPO, LINK, CLASE",
-                                          ejecucion));
-  while (!rs->Eof()) {
-    auto& suyos = grupos[static_cast<int>(rs->entero(0))].memorizado;
-    const auto clase = static_cast<int>(rs->entero(2));
-    if (clase == totals::kGranTotal || !suyos.contains(rs->entero(1)))
-      suyos[rs->entero(1)] = {clase, rs->entero(3)};
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return {};
+  return dao::recorrer(
+      db.consultar(u"SELECT GRUPO, LINK, CLASE, [IMP] FROM Origenes WHERE EJECUCION=? ORDER BY "
+                   u"GRUPO, LINK, CLASE",
+                   ejecucion),
+      [&](const dao::Recordset& rs) {
+        auto& suyos = grupos[static_cast<int>(rs.entero(0))].memorizado;
+        const auto clase = static_cast<int>(rs.entero(2));
+        if (clase == totals::kGranTotal || !suyos.contains(rs.entero(1)))
+          suyos[rs.entero(1)] = {clase, rs.entero(3)};
+      });
 }
 
 Resultado<QString> lineaDe(const Taller& t, int grupo, const DeGrupo& g) {
@@ -68,17 +68,16 @@ Resultado<QString> lineaDe(const Taller& t, int grupo, const DeGrupo& g) {
 // Each export of the run bears a mark that begins with its number.
 Resultado<QStringList> exportado(const Taller& t, qint64 ejecucion) {
   const QString marca = QString::number(ejecucion) + u'.';
-  TARVO_TOMAR(const auto rs,
-              t.db.consultar(u"SELECT RUTA, count(*) FROM Exportes WHERE left(MARCA, ?)=? AND "
-                             u"HECHO<>0 GROUP BY RUTA ORDER BY RUTA",
-                             static_cast<qint64>(marca.size()), marca));
   QStringList lineas;
-  while (!rs->Eof()) {
-    lineas += t.textos(kTxRelacionExportado,
-                       {NombreFichero(rs->texto(0)),
-                        Plural(t.textos(kTxRelacionPeriodos), static_cast<int>(rs->entero(1)))});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(
+      t.db.consultar(u"SELECT RUTA, count(*) FROM Exportes WHERE left(MARCA, ?)=? AND HECHO<>0 "
+                     u"GROUP BY RUTA ORDER BY RUTA",
+                     static_cast<qint64>(marca.size()), marca),
+      [&](const dao::Recordset& rs) {
+        lineas += t.textos(kTxRelacionExportado,
+                           {NombreFichero(rs.texto(0)),
+                            Plural(t.textos(kTxRelacionPeriodos), static_cast<int>(rs.entero(1)))});
+      }));
   return lineas;
 }
 
@@ -86,7 +85,7 @@ Resultado<QStringList> exportado(const Taller& t, qint64 ejecucion) {
 
 Resultado<QStringList> relacionDe(const Taller& taller, qint64 ejecucion) {
   PorGrupo grupos;
-  TARVO_TOMAR(const auto tareas, Historial(taller.db).tareas(ejecucion));
+  TARVO_TOMAR(const auto tareas, Historial(taller.db, taller.textos).tareas(ejecucion));
   for (const TareaHecha& t : tareas) anotarTarea(t, taller.textos, grupos[t.grupo]);
   TARVO_INTENTAR(leerMemorizado(taller.db, ejecucion, grupos));
   QStringList lineas;

@@ -8,6 +8,8 @@
 #include "automation/ProximaVez.h"
 #include "automation/TextosAutomation.h"
 #include "automation/historia/Pendientes.h"
+#include "core/dao/Marcas.h"
+#include "core/dao/Recorrido.h"
 #include "totals/libros/Cuadre.h"
 #include "totals/libros/Dudas.h"
 #include "totals/libros/TablasLibros.h"
@@ -75,7 +77,7 @@ Resultado<Resumen> leerResumen(const FuentesResumen& fuentes) {
 
 Resultado<> LectorResumen::leerEjecuciones() {
   TARVO_INTENTAR(asegurarTablasHistoria(f_.db));
-  TARVO_TOMAR(auto ultimas, Historial(f_.db).ultimas(kEjecucionesMiradas, f_.enMarcha));
+  TARVO_TOMAR(auto ultimas, Historial(f_.db, f_.textos).ultimas(kEjecucionesMiradas, f_.enMarcha));
   for (const auto& e : ultimas) ultimas_.try_emplace(e.nombre, e.inicio);  // the latest first
   for (auto& e : ultimas)
     if (r_.ejecuciones.empty() || f_.ahora - e.inicio < kNoche)
@@ -91,12 +93,12 @@ Resultado<> LectorResumen::leerEjecuciones() {
 }
 
 Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
-  Historial historial(f_.db);
+  Historial historial(f_.db, f_.textos);
   TARVO_TOMAR(const auto tareas, historial.tareas(e.numero));
   TARVO_TOMAR(const auto avisos, historial.avisos(e.numero));
   for (const auto& t : tareas) {
     DeGrupo& d = porGrupo_[t.grupo];
-    if (totals::clase(t.clase)) {
+    if (esDeTotales(t.clase)) {
       // Read again: what was said before is over, and while it is being read, what was done is too.
       if (e.fin == FinEjecucion::EnMarcha && d.recogida != e.numero) d.clases.clear();
       d.avisos.clear();
@@ -116,17 +118,16 @@ Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
 }
 
 Resultado<> LectorResumen::leerGrupos() {
-  TARVO_TOMAR(auto rs,
-              f_.db.consultar(u"SELECT CODGPO, NOMGPO, REMOTO FROM GRUPOS ORDER BY CODGPO"));
-  while (!rs->Eof()) {
-    GrupoResumen g;
-    g.grupo = static_cast<int>(rs->entero(0));
-    g.nombre = rs->texto(1).trimmed();
-    juzgar(g, rs->entero(2) != 0, porGrupo_[g.grupo]);
-    r_.grupos.push_back(std::move(g));
-    anadir([this, i = r_.grupos.size() - 1] { return cuadrar(i); });
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(
+      dao::recorrer(f_.db.consultar(u"SELECT CODGPO, NOMGPO, REMOTO FROM GRUPOS ORDER BY CODGPO"),
+                    [this](const dao::Recordset& rs) {
+                      GrupoResumen g;
+                      g.grupo = static_cast<int>(rs.entero(0));
+                      g.nombre = rs.texto(1).trimmed();
+                      juzgar(g, rs.entero(2) != 0, porGrupo_[g.grupo]);
+                      r_.grupos.push_back(std::move(g));
+                      anadir([this, i = r_.grupos.size() - 1] { return cuadrar(i); });
+                    }));
   anadir([this] { return mirarVentas(); });
   return {};
 }
@@ -145,11 +146,14 @@ Resultado<> LectorResumen::mirarVentas() {
 // --- what was made ------------------------------------------------------------------------------
 
 Resultado<> LectorResumen::leerPeriodo(const PeriodoHecho& hecho, qint64 ejecucion) {
-  const QString columnas = u"SELECT TIPO, FECHA1, FECHAF, DESCR, LINK FROM COLUMNA WHERE "_s;
-  TARVO_TOMAR(auto rs, hecho.dias
-                           ? f_.db.consultar(columnas + u"TIPO=? AND FECHA1=? AND FECHAF=?"_s,
-                                             hecho.dias->tipo, hecho.dias->desde, hecho.dias->hasta)
-                           : f_.db.consultar(columnas + u"LINK=?"_s, hecho.link));
+  TARVO_TOMAR(auto rs,
+              hecho.dias
+                  ? f_.db.consultar(u"SELECT TIPO, FECHA1, FECHAF, DESCR, LINK FROM COLUMNA WHERE "
+                                    u"TIPO=? AND FECHA1=? AND FECHAF=?",
+                                    hecho.dias->tipo, hecho.dias->desde, hecho.dias->hasta)
+                  : f_.db.consultar(u"SELECT TIPO, FECHA1, FECHAF, DESCR, LINK FROM COLUMNA WHERE "
+                                    u"LINK=?",
+                                    hecho.link));
   if (rs->Eof()) {
     ++r_.perdidos;
     return {};
@@ -231,25 +235,22 @@ Resultado<> LectorResumen::leerBandeja() {
     campos << QString::fromUtf16(c.sesion) << QString::fromUtf16(c.hasta);
     marcas << QString::fromUtf16(c.sesion) + u"<>0"_s;
   }
-  TARVO_TOMAR(
-      auto rs,
-      f_.db.consultar(
-          u"SELECT s.CODGPO, g.NOMGPO, %1 FROM Sesiones s LEFT JOIN GRUPOS g ON g.CODGPO=s.CODGPO WHERE %2 ORDER BY s.CODGPO"_s
-              .arg(campos.join(u','), marcas.join(u" OR "_s))));
-  while (!rs->Eof()) {
-    EsperaResumen e{static_cast<int>(rs->entero(0)), rs->texto(1).trimmed(), {}, f_.ahora};
+  const QString sql = dao::conMarcas(
+      u"SELECT s.CODGPO, g.NOMGPO, {campos} FROM Sesiones s LEFT JOIN GRUPOS g ON "
+      u"g.CODGPO=s.CODGPO WHERE {alguna} ORDER BY s.CODGPO",
+      {{u"campos", campos.join(u',')}, {u"alguna", marcas.join(u" OR "_s)}});
+  return dao::recorrer(f_.db.consultar(sql), [&](const dao::Recordset& rs) {
+    EsperaResumen e{static_cast<int>(rs.entero(0)), rs.texto(1).trimmed(), {}, f_.ahora};
     int columna = 2;
     for (const auto& c : clases) {
-      if (rs->logico(columna)) {
+      if (rs.logico(columna)) {
         e.clases.push_back(c.numero);
-        if (!rs->nulo(columna + 1)) e.desde = std::min(e.desde, rs->fecha(columna + 1));
+        if (!rs.nulo(columna + 1)) e.desde = std::min(e.desde, rs.fecha(columna + 1));
       }
       columna += 2;
     }
     r_.bandeja.push_back(std::move(e));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return {};
+  });
 }
 
 Resultado<> LectorResumen::leerDebidos() {

@@ -94,7 +94,7 @@ class LectorResumen {
     int vez = 0;  // their order, over all runs
   };
   struct DeGrupo {
-    std::map<int, Asunto> clases;
+    std::map<TipoTarea, Asunto> clases;
     QStringList avisos;
     qint64 recogida = 0;  // the last run that was to read it
   };
@@ -117,7 +117,7 @@ class LectorResumen {
                 bool activo);
   QString loRecogido(const DeGrupo& d) const;
   void juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) const;
-  QString nombresDe(const std::vector<int>& clases) const;
+  QString nombresDe(const std::vector<TipoTarea>& clases) const;
 
   FuentesResumen f_;
   Resumen r_;

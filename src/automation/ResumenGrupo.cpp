@@ -21,9 +21,9 @@ QString sinPunto(QString texto) {
 
 }  // namespace
 
-QString LectorResumen::nombresDe(const std::vector<int>& clases) const {
+QString LectorResumen::nombresDe(const std::vector<TipoTarea>& clases) const {
   QStringList nombres;
-  for (const int c : clases) nombres << f_.textos(motor::kTxMensajeClase + c);
+  for (const TipoTarea c : clases) nombres << f_.textos(motor::kTxMensajeClase + numeroDe(c));
   return nombres.join(u", "_s);
 }
 
@@ -31,8 +31,8 @@ QString LectorResumen::nombresDe(const std::vector<int>& clases) const {
 QString LectorResumen::loRecogido(const DeGrupo& d) const {
   int leido = 0, aCero = 0;
   for (const auto& [clase, asunto] : d.clases) {
-    if (totals::clase(clase)) leido = std::max(leido, asunto.vez);
-    if (clase == totals::kPuestaACero) aCero = asunto.vez;
+    if (esDeTotales(clase)) leido = std::max(leido, asunto.vez);
+    if (clase == TipoTarea::TxZero) aCero = asunto.vez;
   }
   return f_.textos(leido == 0 ? kTxHecho : aCero > leido ? kTxRecogidoYCero : kTxRecogido);
 }
@@ -46,12 +46,12 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
     g.motivo = g.motivos.first();
     return;
   }
-  std::map<QString, std::vector<int>> sinLeer;  // by reason
-  std::vector<int> cortadas, enCurso;
+  std::map<QString, std::vector<TipoTarea>> sinLeer;  // by reason
+  std::vector<TipoTarea> cortadas, enCurso;
   QStringList fallos, dudas;
   bool leido = false;
   for (const auto& [clase, asunto] : d.clases) {
-    const bool lectura = totals::clase(clase) != nullptr;
+    const bool lectura = esDeTotales(clase);
     const QString motivo = sinPunto(asunto.tarea.motivo);
     if (asunto.tarea.estado == TareaHecha::Estado::EnCola) {
       (asunto.fin == FinEjecucion::EnMarcha ? enCurso : cortadas).push_back(clase);
@@ -60,8 +60,8 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
     } else if (lectura) {
       sinLeer[motivo].push_back(clase);
     } else {
-      dudas << (clase == totals::kPuestaACero ? t(kTxSinCero, {motivo})
-                                              : t(kTxNoHecho, {nombresDe({clase}), motivo}));
+      dudas << (clase == TipoTarea::TxZero ? t(kTxSinCero, {motivo})
+                                           : t(kTxNoHecho, {nombresDe({clase}), motivo}));
     }
   }
   for (const auto& [motivo, clases] : sinLeer)

@@ -19,7 +19,8 @@ Resultado<> Grupo::LetValues(dao::Database& db, const dao::Recordset& fila) {
 }
 
 void Grupo::leerFila(const dao::Recordset& fila) {
-  int codigoLeido = 0, tipoLeido = 1;
+  int codigoLeido = 0;
+  std::optional<TipoGrupo> tipoLeido = TipoGrupo::Balanzas;
   leerColumna(fila, u"CODGPO", codigoLeido);
   leerColumna(fila, u"tipo", tipoLeido);
   codigo_ = codigoLeido;
@@ -46,9 +47,11 @@ void Grupo::leerFila(const dao::Recordset& fila) {
 
 void Grupo::leerAcceso(const dao::Recordset& fila) {
   leerColumna(fila, u"remoto", Acceso);
-  if (Acceso == kModem || Acceso == kTcpIp || Acceso == kConector)
+  if (!Acceso || Acceso == TipoAcceso::Ninguno) return;
+  if (Acceso == TipoAcceso::Directo)
+    leerColumna(fila, u"canal", Canal);
+  else
     leerColumna(fila, u"telef", Telefono);
-  if (Acceso == kDirecto) leerColumna(fila, u"canal", Canal);
 }
 
 void Grupo::leerTicket(const dao::Recordset& fila) {
@@ -97,8 +100,9 @@ Resultado<> Grupo::leerDepartamentos(dao::Database& db, const dao::Recordset& fi
 Resultado<> Grupo::leerMiembros(dao::Database& db) {
   return dao::recorrer(db.consultar(u"select * from BZAS where SUGPO=? order by NMBZA", *codigo_),
                        [this](const dao::Recordset& fila) {
-                         Miembro m = tipo_ == kGrupoRegistradoras ? Miembro(Registradora(idioma_))
-                                                                  : Miembro(Balanza(idioma_));
+                         Miembro m = tipo_ == TipoGrupo::Registradoras
+                                         ? Miembro(Registradora(idioma_))
+                                         : Miembro(Balanza(idioma_));
                          const int numero = std::visit(
                              [&fila](auto& maquina) {
                                maquina.LetValues(fila);

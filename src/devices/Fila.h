@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "core/dao/Recordset.h"
+#include "core/valores/Tipos.h"
 
 namespace tarvo::devices {
 
@@ -26,6 +27,13 @@ bool leerColumna(const dao::Recordset& fila, QStringView nombre, T& campo) {
   else
     campo = static_cast<T>(fila.entero(c));
   return true;
+}
+// Nothing for a number that none of them has.
+template <TipoNumerado T>
+bool leerColumna(const dao::Recordset& fila, QStringView nombre, std::optional<T>& campo) {
+  const int c = fila.columna(nombre);
+  if (c >= 0 && !fila.nulo(c)) campo = deNumero<T>(fila.entero(c));
+  return c >= 0;
 }
 
 inline bool ponerColumna(dao::Recordset& fila, QStringView nombre, const dao::Valor& valor) {

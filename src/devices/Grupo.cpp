@@ -15,8 +15,8 @@ auto* posicion(L& lista, int n) {
 
 }  // namespace
 
-void Grupo::tipo(int tipoGrupo) {
-  tipo_ = tipoGrupo;
+void Grupo::tipo(std::optional<TipoGrupo> nuevo) {
+  tipo_ = nuevo;
   const auto departamentos = static_cast<size_t>(MaxDepartamentos(tipo_));
   operadoresGrupo_.resize(static_cast<size_t>(MaxOperadores(tipo_)));
   ivaDepartamentos_.resize(departamentos, 1);

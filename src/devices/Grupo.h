@@ -10,11 +10,10 @@
 #include <vector>
 
 #include "core/dao/Database.h"
+#include "core/valores/Tipos.h"
 #include "devices/Maquina.h"
 
 namespace tarvo::devices {
-
-enum AccesoGrupo : int { kNoComunica = 0, kModem = 1, kDirecto = 2, kTcpIp = 3, kConector = 4 };
 
 using Miembro = std::variant<Balanza, Registradora>;
 
@@ -22,9 +21,11 @@ class Grupo {
  public:
   explicit Grupo(Idioma idioma = Idioma::Espanol) : idioma_(idioma) {}
 
-  bool SonCes() const { return tipo_ == 2; }
-  int tipo() const { return tipo_; }
-  void tipo(int tipoGrupo);  // also sizes the tables of operators and departments
+  bool SonCes() const { return tipo_ == TipoGrupo::Ebony; }
+  // Nothing while it has none: a new group, or one whose row has a number that is no kind, which
+  // the row then keeps.
+  std::optional<TipoGrupo> tipo() const { return tipo_; }
+  void tipo(std::optional<TipoGrupo> nuevo);  // also sizes the tables of operators and departments
 
   // Positions count from 1 to MaxOperadores. Outside it reading gives "", 0, False and writing does
   // nothing.
@@ -54,7 +55,8 @@ class Grupo {
   std::optional<int> codigo() const { return codigo_; }
 
   int seccion = 1, tarifa = 0, Almacen = 0;
-  int Acceso = kNoComunica;
+  // Nothing where the row has a number that is no access, which it then keeps.
+  std::optional<TipoAcceso> Acceso = TipoAcceso::Ninguno;
   QString Telefono;  // Dirección of the accesses 1, 3 and 4
   int Canal = 1;     // Dirección of the direct cable
   int Baudios = 0, NumGpo = 0;
@@ -91,7 +93,7 @@ class Grupo {
 
   Idioma idioma_;
   std::optional<int> codigo_;
-  int tipo_ = 0;
+  std::optional<TipoGrupo> tipo_;
   std::vector<OperadorGrupo> operadoresGrupo_;
   std::array<float, 5> ivas_{};
   std::vector<int> ivaDepartamentos_;

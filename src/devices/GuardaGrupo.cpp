@@ -47,6 +47,7 @@ Resultado<> Grupo::guardarFila(dao::Database& db, int codigo, const QString& nom
   existe ? fila.Edit() : fila.AddNew();
   ponerColumna(fila, u"CODGPO", codigo);
   ponerColumna(fila, u"NOMGPO", nombre);
+  if (tipo_ || !existe) ponerColumna(fila, u"tipo", numeroDe(tipo_, 0));
   ponerFila(fila);
   ponerAcceso(fila);
   ponerListas(fila);
@@ -62,7 +63,6 @@ void Grupo::ponerFila(dao::Recordset& fila) const {
       {u"tarifa", tarifa},
       {u"Almacen", Almacen < 1 ? dao::Valor() : dao::Valor(Almacen)},
       {u"Addr", NumGpo},
-      {u"tipo", tipo_},
       {u"Baudios", Baudios},
       {u"EnLinea", EnLinea},
       {u"TK_FLAGS", flags},
@@ -82,10 +82,10 @@ void Grupo::ponerFila(dao::Recordset& fila) const {
 }
 
 void Grupo::ponerAcceso(dao::Recordset& fila) const {
-  ponerColumna(fila, u"remoto", Acceso);
-  if (Acceso < kNoComunica || Acceso > kConector) return;
-  const bool directo = Acceso == kDirecto;
-  const bool conTexto = !directo && Acceso != kNoComunica;
+  if (!Acceso) return;
+  ponerColumna(fila, u"remoto", numeroDe(*Acceso));
+  const bool directo = Acceso == TipoAcceso::Directo;
+  const bool conTexto = !directo && Acceso != TipoAcceso::Ninguno;
   ponerColumna(fila, u"telef", conTexto ? dao::Valor(Telefono) : dao::Valor());
   ponerColumna(fila, u"canal", directo ? dao::Valor(Canal) : dao::Valor());
 }

@@ -73,7 +73,7 @@ void Maquina::ponerComunes(dao::Recordset& fila) const {
   ponerColumna(fila, u"FIJO_PLU", PL_pFija ? dao::Valor(*PL_pFija) : dao::Valor());
 }
 
-int Balanza::TipoDeGrupo() const {
+std::optional<TipoGrupo> Balanza::TipoDeGrupo() const {
   return devices::TipoDeGrupo(tipo());
 }
 

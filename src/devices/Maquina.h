@@ -72,7 +72,7 @@ class Maquina {
 class Balanza final : public Maquina {
  public:
   explicit Balanza(Idioma idioma = Idioma::Espanol) : Maquina(idioma) {}
-  int TipoDeGrupo() const;
+  std::optional<TipoGrupo> TipoDeGrupo() const;
   // REQUIRES n from 11 to 20.
   QString Formato(int n) const { return formatos_.at(static_cast<size_t>(n - 11)); }
   void Formato(int n, const QString& formato) {

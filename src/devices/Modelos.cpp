@@ -1,6 +1,7 @@
 #include "devices/Modelos.h"
 
 #include <array>
+#include <utility>
 
 namespace tarvo::devices {
 
@@ -9,21 +10,35 @@ namespace {
 struct Tamanos {
   int operadores, departamentos;
 };
-constexpr std::array<Tamanos, 5> kTamanos = {{{0, 0}, {20, 10}, {10, 10}, {20, 40}, {20, 20}}};
+
+constexpr Tamanos tamanosDe(TipoGrupo tipo) {
+  switch (tipo) {
+    case TipoGrupo::Balanzas:
+      return {20, 10};
+    case TipoGrupo::Ebony:
+      return {10, 10};
+    case TipoGrupo::Registradoras:
+      return {20, 40};
+    case TipoGrupo::Birch:
+      return {20, 20};
+  }
+  std::unreachable();
+}
 
 struct Modelo {
   const char16_t* nombre;
-  int tipoGrupo, teclas;
+  std::optional<TipoGrupo> tipoGrupo;
+  int teclas;
 };
-constexpr std::array<Modelo, 9> kModelos = {{{u"", 0, 0},
-                                             {u"Rowan", kGrupoBalanzas, 125},
-                                             {u"Maple", kGrupoBalanzas, 96},
-                                             {u"Cedar", kGrupoBalanzas, 80},
-                                             {u"Aspen", kGrupoBalanzas, 110},
-                                             {u"Hazel", kGrupoBalanzas, 84},
-                                             {u"Larch", kGrupoBalanzas, 84},
-                                             {u"Ebony", kGrupoEbony, 28},
-                                             {u"Birch", kGrupoBirch, 66}}};
+constexpr std::array<Modelo, 9> kModelos = {{{u"", std::nullopt, 0},
+                                             {u"Rowan", TipoGrupo::Balanzas, 125},
+                                             {u"Maple", TipoGrupo::Balanzas, 96},
+                                             {u"Cedar", TipoGrupo::Balanzas, 80},
+                                             {u"Aspen", TipoGrupo::Balanzas, 110},
+                                             {u"Hazel", TipoGrupo::Balanzas, 84},
+                                             {u"Larch", TipoGrupo::Balanzas, 84},
+                                             {u"Ebony", TipoGrupo::Ebony, 28},
+                                             {u"Birch", TipoGrupo::Birch, 66}}};
 
 // The entry of a number, the first (empty) one for a number out of range.
 template <class T, size_t N>
@@ -33,16 +48,16 @@ const T& deTabla(const std::array<T, N>& tabla, int n) {
 
 }  // namespace
 
-int MaxOperadores(int tipoGrupo) {
-  return deTabla(kTamanos, tipoGrupo).operadores;
+int MaxOperadores(std::optional<TipoGrupo> tipo) {
+  return tipo ? tamanosDe(*tipo).operadores : 0;
 }
-int MaxDepartamentos(int tipoGrupo) {
-  return deTabla(kTamanos, tipoGrupo).departamentos;
+int MaxDepartamentos(std::optional<TipoGrupo> tipo) {
+  return tipo ? tamanosDe(*tipo).departamentos : 0;
 }
 int MaxTeclas(int modelo) {
   return deTabla(kModelos, modelo).teclas;
 }
-int TipoDeGrupo(int modelo) {
+std::optional<TipoGrupo> TipoDeGrupo(int modelo) {
   return deTabla(kModelos, modelo).tipoGrupo;
 }
 QString NombreModelo(int modelo) {

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <QString>
+#include <optional>
+
+#include "core/valores/Tipos.h"
 
 namespace tarvo::devices {
 
@@ -16,20 +19,14 @@ enum ModeloBalanza : int {
   kEbony = 7,
   kBirch = 8,
 };
-enum TipoGrupo : int {
-  kGrupoBalanzas = 1,
-  kGrupoEbony = 2,
-  kGrupoRegistradoras = 3,
-  kGrupoBirch = 4
-};
 
-// Sizes of a group's tables by its kind; 0 for any other number.
-int MaxOperadores(int tipoGrupo);
-int MaxDepartamentos(int tipoGrupo);
+// Sizes of a group's tables by its kind; 0 while it has none.
+int MaxOperadores(std::optional<TipoGrupo> tipo);
+int MaxDepartamentos(std::optional<TipoGrupo> tipo);
 
-// By the model of a scale; 0 (or an empty name) for any other number.
+// By the model of a scale; 0, nothing or an empty name for any other number.
 int MaxTeclas(int modelo);
-int TipoDeGrupo(int modelo);
+std::optional<TipoGrupo> TipoDeGrupo(int modelo);
 QString NombreModelo(int modelo);
 
 }  // namespace tarvo::devices

@@ -24,7 +24,7 @@ Resultado<ivasDep> ivasDep::leer(dao::Database& db) {
   TARVO_INTENTAR(
       dao::recorrer(db.consultar(u"select * from Grupos"), [&tabla](const dao::Recordset& fila) {
         Fila f;
-        int tipo = 1;
+        std::optional<TipoGrupo> tipo = TipoGrupo::Balanzas;
         leerColumna(fila, u"CODGPO", f.grupo);
         leerColumna(fila, u"tipo", tipo);
         const int ultimo = std::min(MaxDepartamentos(tipo), kDepartamentos);

@@ -108,6 +108,7 @@ TEST(Ini, LoQueNoSeEntiendeSeNombra) {
       {"MonedaNativa= 300", "1"},  {"WhoAmI= 99999", "32767"}, {"InicioHorario= 25:00", "08:00"},
       {"Espera(1)= mucho", "40"},  {"Euro= caro", "0.000000"}, {"CalculoPrecios= quizá|5", "No|5"},
       {"EnviarCambios= 1", "1|0"}, {"Monedero= 3", ""},        {"TimeOut 500", ""},
+      {"Device(2)= 4", "0"},       {"Device(2)= 7", "0"},      {"Device(2)= -1", "0"},
       {"Puerto(x)= 3", ""},        {"Puerto(9)= 3", ""},       {"; una nota", ""},
   };
   for (const auto& [entra, vale] : dudosas) {
@@ -221,8 +222,8 @@ TEST(Conector, SeBuscaPorNombreSinMirarMayusculas) {
 TEST(Idiomas, UnaVersionExtranjeraTieneMenosClasesDeTarea) {
   const auto clases = [](Idioma idioma) {
     QList<int> lista;
-    for (int n = 0; n <= 25; ++n)
-      if (LimitesClases::de(idioma).tiene(n)) lista << n;
+    for (const TipoTarea t : todosLos<TipoTarea>())
+      if (LimitesClases::de(idioma).tiene(t)) lista << numeroDe(t);
     return lista;
   };
   EXPECT_EQ(clases(Idioma::Espanol),

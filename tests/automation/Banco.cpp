@@ -24,7 +24,7 @@ class TrabajoDePrueba final : public motor::TrabajoTarea {
   TrabajoDePrueba(const motor::DatosTarea& datos, const motor::Entorno& entorno)
       : d_(datos), en_(entorno) {}
   Resultado<motor::Siguiente> siguiente() override {
-    if (d_.Clase == totals::kPuestaACero) TARVO_INTENTAR(olvidar());
+    if (d_.Clase == TipoTarea::TxZero) TARVO_INTENTAR(olvidar());
     return motor::Siguiente::fin();
   }
   bool encaja(int, int, const QByteArray&) const override { return false; }
@@ -32,20 +32,20 @@ class TrabajoDePrueba final : public motor::TrabajoTarea {
   qint64 avance() const override { return 0; }
   Resultado<std::vector<totals::Aviso>> cerrar() override {
     std::vector<totals::Aviso> avisos;
-    if (d_.Clase == totals::kPuestaACero)
+    if (d_.Clase == TipoTarea::TxZero)
       TARVO_INTENTAR(en_.sesion.ceroHecho(d_.Grupo, 0, true));
-    else if (d_.Clase >= totals::kPLUs)
+    else if (esDeTotales(d_.Clase))
       TARVO_INTENTAR(leer(avisos));
     return avisos;
   }
 
  private:
   Resultado<> leer(std::vector<totals::Aviso>& avisos) {
-    TARVO_INTENTAR(en_.sesion.PrepararRecepcion(d_.Grupo, d_.Clase));
+    TARVO_INTENTAR(en_.sesion.PrepararRecepcion(d_.Grupo, numeroDe(d_.Clase)));
     totals::Lectura l;
-    const qint64 codigo = d_.Clase == totals::kGranTotal ? 0 : 7;
+    const qint64 codigo = d_.Clase == TipoTarea::RxGrTot ? 0 : 7;
     l.maquinas[0][{codigo, 0}] = maquinasDePrueba().porGrupo[d_.Grupo];
-    return en_.sesion.guardarLectura(d_.Grupo, d_.Clase, l, avisos);
+    return en_.sesion.guardarLectura(d_.Grupo, numeroDe(d_.Clase), l, avisos);
   }
 
   Resultado<> olvidar() {
@@ -77,14 +77,14 @@ std::unique_ptr<motor::TrabajoTarea> hacerTrabajo(const motor::DatosTarea& d,
   return std::make_unique<TrabajoDePrueba>(d, e);
 }
 
-motor::ClaseTarea claseDePrueba(int numero, const char16_t* clave) {
+motor::ClaseTarea claseDePrueba(TipoTarea tarea, const char16_t* clave) {
   motor::ClaseTarea c;
-  c.numero = numero;
+  c.tarea = tarea;
   c.clave = clave;
-  c.nombre = motor::kTxNombreClase + numero;
-  c.tipos = {1, 2, 3, 4};
-  c.esTotal = c.esLectura = numero >= 16;
-  c.esOlvido = numero == 6;
+  c.nombre = motor::kTxNombreClase + numeroDe(tarea);
+  c.tipos = todosLos<TipoGrupo>();
+  c.esTotal = c.esLectura = esDeTotales(tarea);
+  c.esOlvido = tarea == TipoTarea::TxZero;
   c.crear = hacerTrabajo;
   return c;
 }
@@ -125,14 +125,14 @@ Maquinas& maquinasDePrueba() {
 
 motor::RegistroTareas registroDePrueba() {
   motor::RegistroTareas r;
-  r.anadir(claseDePrueba(1, u"TXPLUS"));
-  auto sinNadie = claseDePrueba(2, u"TXTECLA");
+  r.anadir(claseDePrueba(TipoTarea::TxPlus, u"TXPLUS"));
+  auto sinNadie = claseDePrueba(TipoTarea::TxTecla, u"TXTECLA");
   sinNadie.crear = nullptr;
   r.anadir(sinNadie);
-  r.anadir(claseDePrueba(6, u"TX_ZERO"));
-  r.anadir(claseDePrueba(7, u"TX_HORA"));
-  r.anadir(claseDePrueba(16, u"RXPLUS"));
-  r.anadir(claseDePrueba(17, u"RXGRTOT"));
+  r.anadir(claseDePrueba(TipoTarea::TxZero, u"TX_ZERO"));
+  r.anadir(claseDePrueba(TipoTarea::TxHora, u"TX_HORA"));
+  r.anadir(claseDePrueba(TipoTarea::RxPlus, u"RXPLUS"));
+  r.anadir(claseDePrueba(TipoTarea::RxGrTot, u"RXGRTOT"));
   return r;
 }
 

@@ -114,7 +114,7 @@ TEST_F(DeudasTest, UnNumeroDadoDeNuevoNoHeredaDeudas) {
       p->db().ejecutar(u"INSERT INTO TOTPLU (LINK, GRUPO, CODI, CON, PES) VALUES (7, 1, 7, "
                        u"1, 1)"));
   Pendientes libro(p->db());
-  ASSERT_TRUE(libro.anotar({kStock, 0}, {7}));
+  ASSERT_TRUE(libro.anotar({VerboPeriodos::Stock, 0}, {7}));
   ASSERT_TRUE(libro.anotarExporte({u"NOCHE"_s, 1, u"x"_s}, {u"1.1.7"_s, {7}}));
   periodo(43001);
   EXPECT_TRUE(libro.todos()->empty());
@@ -134,7 +134,7 @@ TEST_F(DeudasTest, LoQueNoPuedeHacerseLoOlvidaUnaPersona) {
     ASSERT_TRUE(p->db().ejecutar(QString::fromUtf16(sql)));
   correr(u"P:SELECCIONAR,1,22/09/2017,22/09/2017\r\nE:TOTALIZA,No,No,VENTAS\r\n"_s, *p);
   Pendientes libro(p->db());
-  ASSERT_TRUE(libro.anotar({kAcumular, 2}, {7}));
+  ASSERT_TRUE(libro.anotar({VerboPeriodos::Acumular, 2}, {7}));
   auto todos = libro.todos();
   ASSERT_TRUE(todos);
   ASSERT_EQ(todos->size(), 2U);

@@ -93,9 +93,9 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(LenguajeTest, CrearLlevaLosLimitesDelPeriodo) {
   const auto p = l_.LeerPaso(u"P:CREAR,3,15/03/2005,16/03/2005,x");
-  const auto* i = std::get_if<Intervalo>(&(*p)->c[2]);
-  ASSERT_NE(i, nullptr);
-  EXPECT_EQ(i->hasta.dias(), Fecha::de(QDate(2005, 3, 31)).dias() + Fecha::kUltimoSegundo);
+  ASSERT_TRUE(p && *p);
+  EXPECT_EQ(std::get<PasoPeriodos>(**p).intervalo.hasta.dias(),
+            Fecha::de(QDate(2005, 3, 31)).dias() + Fecha::kUltimoSegundo);
 }
 
 TEST_F(LenguajeTest, OtrosIdiomasDicenYesYNo) {
@@ -109,7 +109,7 @@ TEST_F(LenguajeTest, OtrosIdiomasDicenYesYNo) {
 
 TEST_F(LenguajeTest, UnTextoConComasNoParteLaLinea) {
   auto p = *l_.LeerPaso(u"S:CERRAR,x,Sí,No");
-  p->c[2] = u"uno,dos\r\ntres"_s;
+  std::get<PasoSesion>(*p).descripcion = u"uno,dos\r\ntres"_s;
   EXPECT_EQ(l_.EscribirPaso(*p), u"S:CERRAR, uno dos  tres, Sí, No");
 }
 
@@ -212,10 +212,11 @@ TEST_F(LenguajeTest, FicherosDeTexto) {
     EXPECT_TRUE(f.open(QIODevice::WriteOnly));
     f.write(bytes);
   };
+  const PasoSesion conAno{VerboSesion::Cerrar, u"Año"_s, true, false};
   conBytes("S:CERRAR,A\xF1o,S\xED,No\r\n");
-  EXPECT_EQ(l_.LeerProceso(ruta)->pasos[0].texto(2), u"Año");
+  EXPECT_EQ(l_.LeerProceso(ruta)->pasos[0], PasoProceso(conAno));
   conBytes("\xEF\xBB\xBFS:CERRAR,A\xC3\xB1o,S\xC3\xAD,No\r\n");
-  EXPECT_EQ(l_.LeerProceso(ruta)->pasos[0].texto(2), u"Año");
+  EXPECT_EQ(l_.LeerProceso(ruta)->pasos[0], PasoProceso(conAno));
   conBytes(QByteArray("S:ABRIR\0", 8));
   EXPECT_FALSE(l_.LeerProceso(ruta));
   conBytes(QByteArray(5 << 20, '\n'));

@@ -267,10 +267,22 @@ TEST(Historial, GuardaLasUltimasCien) {
     EXPECT_EQ(
         p->db().uno(QString(u"SELECT count(*) FROM "_s + QString::fromUtf16(tabla)))->entero(),
         kEjecucionesGuardadas);
-  const auto avisos = Historial(p->db()).avisos(kEjecucionesGuardadas);
+  const auto avisos = Historial(p->db(), textosDePrueba()).avisos(kEjecucionesGuardadas);
   ASSERT_TRUE(avisos);
   ASSERT_EQ(avisos->size(), 2U);
   EXPECT_EQ((*avisos)[1].texto, u"Grupos rechazados: 0009");
+}
+
+// A newer program may have run here: what it did is not told as something else.
+TEST(Historial, UnaClaseDeTareaDesconocidaSeDice) {
+  Tienda tienda;
+  const auto p = tienda.programa();
+  correr(*p, u"T:RXGRTOT,9\r\nC:ESPERA,0,No\r\n"_s);
+  EXPECT_TRUE(Historial(p->db(), textosDePrueba()).tareas(1));
+  ASSERT_TRUE(p->db().ejecutar(u"UPDATE ProcesoTareas SET CLASE=99"));
+  const auto tareas = Historial(p->db(), textosDePrueba()).tareas(1);
+  ASSERT_FALSE(tareas);
+  EXPECT_TRUE(tareas.error().texto.contains(u"99"));
 }
 
 TEST(Horario, LaProximaVez) {

@@ -326,10 +326,12 @@ TEST_F(RunnerTest, LosParametrosRellenanElProceso) {
   correr(
       u"N:%1,Grupo\r\nN:$t,Texto\r\nN:#f,Fechas\r\nT:RXGRTOT,%1\r\nC:ESPERA,0,Sí\r\nS:CERRAR,%1 "
       u"$t,Sí,Sí\r\n"
-      u"P:SELECCIONAR,1,#f,#f\r\nE:TOTALIZA,No,No,$t.EXP"_s,
+      u"P:SELECCIONAR,1,#f,#f\r\nE:TOTALIZA,No,No,$t.EXP\r\nP:CREAR,1,01/02/2026,,#f"_s,
       *p);
   EXPECT_EQ(p->fin, ResultadoProceso::Bien) << p->lineas.join(u'\n').toStdString();
-  EXPECT_EQ(p->db().uno(u"SELECT DESCR FROM COLUMNA")->texto(), u"0001 hoy");
+  const auto descripciones = p->db().uno(
+      u"SELECT group_concat(trim(DESCR), '|') FROM (SELECT DESCR FROM COLUMNA ORDER BY LINK)");
+  EXPECT_EQ(descripciones->texto(), u"0001 hoy|01/03/2026");
   EXPECT_FALSE(tienda_.texto(u"hoy.EXP"_s).isEmpty());
 }
 

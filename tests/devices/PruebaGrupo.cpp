@@ -43,9 +43,9 @@ class BaseGrupos : public ::testing::Test {
 
 Grupo grupoCompleto() {
   Grupo g;
-  g.tipo(kGrupoBalanzas);
+  g.tipo(TipoGrupo::Balanzas);
   g.seccion = 1;
-  g.Acceso = kTcpIp;
+  g.Acceso = TipoAcceso::TcpIp;
   g.Telefono = QStringLiteral("10.0.0.5:3001");
   g.TipoIVA(2, 4.5F);
   g.IVADepartam(3, 2);
@@ -100,7 +100,7 @@ TEST_F(BaseGrupos, GuardarOtraVezCambiaLaMismaFila) {
   ASSERT_TRUE(g.SaveAs(*db, 5, QStringLiteral("Cinco")));
   g.LasBalanzas.erase(0);
   g.Copia = false;
-  g.Acceso = kDirecto;
+  g.Acceso = TipoAcceso::Directo;
   g.Canal = 2;
   ASSERT_TRUE(g.SaveAs(*db, 5, QStringLiteral("Otro")));
   EXPECT_EQ(uno(u"SELECT count(*) FROM BZAS WHERE SUGPO=5").entero(), 1);
@@ -132,7 +132,7 @@ TEST_F(BaseGrupos, LosNulosSeLeenPorSuRegla) {
   const Grupo g = leer(7);
   EXPECT_EQ(g.seccion, 1);
   EXPECT_EQ(g.NumGpo, 1);
-  EXPECT_EQ(g.tipo(), 1);
+  EXPECT_EQ(g.tipo(), TipoGrupo::Balanzas);
   EXPECT_EQ(g.Canal, 1);
   EXPECT_TRUE(g.PITO);
   EXPECT_FALSE(g.EnLinea);
@@ -145,9 +145,29 @@ TEST_F(BaseGrupos, LosNulosSeLeenPorSuRegla) {
   }
 }
 
+// What nobody knows stays in the row for whoever does; a kind that a person chooses takes its
+// place.
+TEST_F(BaseGrupos, UnTipoOUnAccesoDesconocidoNoSePierde) {
+  sql(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, remoto, telef) VALUES (7, 'x', 1, 9, "
+      u"12, "
+      u"'alli')");
+  Grupo g = leer(7);
+  EXPECT_EQ(g.tipo(), std::nullopt);
+  EXPECT_EQ(g.Acceso, std::nullopt);
+  const auto guardado = [&] {
+    EXPECT_TRUE(g.SaveAs(*db, 7, QStringLiteral("y")));
+    return uno(u"SELECT TIPO & '/' & remoto & '/' & telef FROM GRUPOS").texto();
+  };
+  EXPECT_EQ(guardado(), u"9/12/alli");
+  g.tipo(TipoGrupo::Birch);
+  g.Acceso = TipoAcceso::TcpIp;
+  g.Telefono = QStringLiteral("host");
+  EXPECT_EQ(guardado(), u"4/3/host");
+}
+
 TEST_F(BaseGrupos, UnaTablaSinTodasLasColumnasSeLee) {
   Grupo g;
-  g.tipo(kGrupoRegistradoras);
+  g.tipo(TipoGrupo::Registradoras);
   Registradora r;
   r.Numero = 1;
   r.Direccion = 9;
@@ -170,7 +190,7 @@ TEST_F(BaseGrupos, UnaTablaSinTodasLasColumnasSeLee) {
 
 TEST_F(BaseGrupos, FueraDeRangoNoSeLeeNiSeEscribe) {
   Grupo g;
-  g.tipo(kGrupoEbony);
+  g.tipo(TipoGrupo::Ebony);
   ASSERT_TRUE(g.CodOperador(11, 5));
   EXPECT_EQ(g.CodOperador(11), 0);
   ASSERT_TRUE(g.CodOperador(10, 5));
@@ -193,7 +213,7 @@ TEST_F(BaseGrupos, ElPrimerGrupoSeHaceUnaVez) {
   }
   const Grupo g = leer(1);
   EXPECT_EQ(uno(u"SELECT NOMGPO FROM GRUPOS").texto(), u"GRUPO");
-  EXPECT_EQ(g.tipo(), kGrupoBalanzas);
+  EXPECT_EQ(g.tipo(), TipoGrupo::Balanzas);
   ASSERT_EQ(g.LasBalanzas.size(), 1U);
   EXPECT_EQ(std::get<Balanza>(g.LasBalanzas.at(0)).tipo(), kCedar);
 }

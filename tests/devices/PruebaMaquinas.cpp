@@ -65,12 +65,12 @@ TEST(Teclados, NumeroDeLineasYTamanosPorModelo) {
   for (int m = 0; m < 10; ++m) {
     EXPECT_EQ(TecladoDefecto(m, Idioma::Espanol).count(u'\n'), lineas[m]) << m;
     EXPECT_EQ(MaxTeclas(m), teclas[m]) << m;
-    EXPECT_EQ(TipoDeGrupo(m), tipos[m]) << m;
+    EXPECT_EQ(numeroDe(TipoDeGrupo(m), 0), tipos[m]) << m;
   }
   const int operadores[] = {0, 20, 10, 20, 20, 0}, departamentos[] = {0, 10, 10, 40, 20, 0};
   for (int t = 0; t < 6; ++t) {
-    EXPECT_EQ(MaxOperadores(t), operadores[t]) << t;
-    EXPECT_EQ(MaxDepartamentos(t), departamentos[t]) << t;
+    EXPECT_EQ(MaxOperadores(deNumero<TipoGrupo>(t)), operadores[t]) << t;
+    EXPECT_EQ(MaxDepartamentos(deNumero<TipoGrupo>(t)), departamentos[t]) << t;
   }
   EXPECT_TRUE(HardPluDefecto().startsWith(u"001:0000071\r\n002:0000072\r\n003:0000003\r\n"));
   EXPECT_TRUE(HardPluDefecto().endsWith(u"110:0000110\r\n"));

@@ -175,12 +175,15 @@ void Mundo::percances(bool calma) {
 
 // --- sending ------------------------------------------------------------------------------------
 
-void Mundo::InformeProblema(int clase, int grupo, int error, int, qint64 codigo) {
+void Mundo::InformeProblema(TipoTarea clase, int grupo, int error, int, qint64 codigo) {
   problemas_.insert(grupo);
-  traza(u"  clase %1 grupo %2: error %3, %4"_s.arg(clase).arg(grupo).arg(error).arg(codigo));
+  traza(u"  clase %1 grupo %2: error %3, %4"_s.arg(numeroDe(clase))
+            .arg(grupo)
+            .arg(error)
+            .arg(codigo));
 }
 
-void Mundo::InformeAviso(int, const totals::Aviso& aviso) {
+void Mundo::InformeAviso(const totals::Aviso& aviso) {
   avisos_[aviso.grupo] += aviso.texto;
   traza(u"  aviso grupo %1%2: %3"_s.arg(aviso.grupo)
             .arg(aviso.grave ? u" (!)"_s : QString())
@@ -201,7 +204,8 @@ void Mundo::enviar(const std::vector<const Grupo*>& grupos, Envio e) {
                   .arg(e.hasta)
                   .arg(e.calma ? u" en calma"_s : QString()));
   for (const Grupo* g : grupos) {
-    const int r = motor.NuevaTarea(g->codigo, e.todo, e.desde, e.hasta, e.clase);
+    const int r =
+        motor.NuevaTarea(g->codigo, e.todo, e.desde, e.hasta, *deNumero<TipoTarea>(e.clase));
     const bool vale = e.clase == kArticulos || (e.clase == kBorrar ? !g->vek() : g->vek());
     if ((r == 0) != vale)
       return fallar(u"grupo %1, clase %2: NuevaTarea da %3"_s.arg(g->codigo).arg(e.clase).arg(r));

@@ -32,9 +32,9 @@ class Mundo final : private motor::Vigilante {
     qint64 corteEvento = -1, corteConfirmacion = -1;
   };
 
-  void InformeProblema(int clase, int grupo, int error, int estado, qint64 codigo) override;
-  void InformeRetry(int, int, int, int, qint64) override {}
-  void InformeAviso(int clase, const totals::Aviso& aviso) override;
+  void InformeProblema(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) override;
+  void InformeRetry(TipoTarea, int, int, int, qint64) override {}
+  void InformeAviso(const totals::Aviso& aviso) override;
   Resultado<> TareaHecha(const motor::DatosTarea&) override { return {}; }
 
   void dia(int n);

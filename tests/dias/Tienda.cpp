@@ -65,7 +65,7 @@ Tienda::Tienda(quint64 semilla, QDate primerDia)
   const QString ruta = carpeta_.filePath(QStringLiteral("TARVO.MDB"));
   if (!QFile::copy(plantilla(), ruta)) qFatal("no se puede copiar la base de datos");
   Ajustes a(carpeta_.path(), Idioma::Espanol, reloj.ahora());
-  for (auto& canal : a.canales) canal.Device = 3;
+  for (auto& canal : a.canales) canal.Device = TipoAcceso::TcpIp;
   a.IntentosManual = azar.entero(0, 4);
   if (const auto r = a.GuardarConfig(); !r) qFatal("%s", qPrintable(r.error().texto));
   base = std::make_unique<noches::Lector>(ruta);

@@ -94,10 +94,10 @@ struct BancoEnlaces : testing::Test {
 
   MandoCable& cable() { return fabrica.cable(); }
   // Opens channel 0 and forgets what was said about it.
-  enlace::comtvIP& abierto(int para, int canal = 0, const QString& acceso = {}) {
+  enlace::comtvIP& abierto(enlace::Para para, int canal = 0, const QString& acceso = {}) {
     EXPECT_EQ(enlaces.AbrirEnlace(para, canal, 0, acceso, &motor, &captura), 0);
     reloj.avanzar(5);
-    EXPECT_EQ((para == enlace::kVekCaptura ? captura.nuevo() : motor.nuevo()), u"Abrir 0");
+    EXPECT_EQ((para == enlace::Para::VekCaptura ? captura.nuevo() : motor.nuevo()), u"Abrir 0");
     return *enlaces[canal];
   }
   // How many frames (acknowledgements aside) went out since the opening.

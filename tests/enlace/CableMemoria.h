@@ -24,7 +24,7 @@ struct MandoCable {
   std::function<void(const QByteArray&)> alEnviar;  // a machine at the far end
 
   // What it sees.
-  int device = 0;
+  TipoAcceso device = TipoAcceso::Ninguno;
   QString nombre;
   enlace::ParametrosLinea parametros;
   std::vector<QByteArray> enviados;
@@ -98,7 +98,7 @@ class CableMemoria final : public enlace::LinkSocket {
 class FabricaMemoria final : public enlace::FabricaEnlaces {
  public:
   explicit FabricaMemoria(Reloj& reloj) : reloj_(reloj) {}
-  std::unique_ptr<enlace::LinkSocket> crear(int device) override {
+  std::unique_ptr<enlace::LinkSocket> crear(TipoAcceso device) override {
     auto mando = nuevo();
     mando->device = device;
     return std::make_unique<CableMemoria>(reloj_, mando);

@@ -46,7 +46,7 @@ struct Cables : testing::Test {
     return motor.nuevo();
   }
   QString abre(int canal, const QString& acceso = {}) {
-    const int error = enlaces.AbrirEnlace(kVekMotor, canal, 0, acceso, &motor);
+    const int error = enlaces.AbrirEnlace(Para::VekMotor, canal, 0, acceso, &motor);
     return error ? QStringLiteral("error %1").arg(error) : oye();
   }
   QString cierra(int canal) {
@@ -88,7 +88,7 @@ struct MaquinaTCP {
 
 TEST_F(Cables, TCPAbreEnviaYCierra) {
   MaquinaTCP maquina;
-  ajustes.canales[0].Device = 3;
+  ajustes.canales[0].Device = TipoAcceso::TcpIp;
   EXPECT_EQ(abre(0, maquina.acceso()), u"Abrir 0");
   enlaces[0]->Enviar(0, 10, "HOLA");
   EXPECT_EQ(oye(), u"EnvioVEK 0 1 10 HOLA");
@@ -103,7 +103,7 @@ TEST_F(Cables, TCPDiceQueFalla) {
   ocupa.listen(QHostAddress::LocalHost);
   const int puerto = ocupa.serverPort();
   ocupa.close();
-  ajustes.canales[0].Device = ajustes.canales[1].Device = 3;
+  ajustes.canales[0].Device = ajustes.canales[1].Device = TipoAcceso::TcpIp;
   EXPECT_EQ(abre(0, QStringLiteral("127.0.0.1:%1").arg(puerto)), u"Abrir 23");
   EXPECT_EQ(abre(0, QStringLiteral("nadie.invalid:9100")), u"Abrir 26");
   EXPECT_EQ(abre(0, QStringLiteral(":9100")), u"Abrir 26");
@@ -125,7 +125,8 @@ TEST_F(Cables, CienConectoresALaVez) {
   }
   conectores(texto);
   for (int i = 0; i < kCuantos; ++i)
-    EXPECT_EQ(enlaces.AbrirEnlace(kVekMotor, 4 + i, 0, QStringLiteral("B%1").arg(i), &motor), 0);
+    EXPECT_EQ(enlaces.AbrirEnlace(Para::VekMotor, 4 + i, 0, QStringLiteral("B%1").arg(i), &motor),
+              0);
   EXPECT_TRUE(hasta([&] { return motor.oido.size() >= kCuantos; }));
   EXPECT_EQ(motor.oido.count(QStringLiteral("Abrir 0")), kCuantos);
   motor.nuevo();
@@ -173,7 +174,7 @@ TEST_F(Cables, SeriePorUnParDePseudoterminales) {
   QSerialPort maquina(pareja.b);
   ASSERT_TRUE(maquina.open(QIODevice::ReadWrite));
   responder(maquina);
-  ajustes.canales[0].Device = ajustes.canales[1].Device = 2;
+  ajustes.canales[0].Device = ajustes.canales[1].Device = TipoAcceso::Directo;
   ajustes.canales[0].ControlLinea = 3;  // lines that a pseudo-terminal doesn't have count as up
   ajustes.RutaPuerto[1] = pareja.a;
   ajustes.canales[1].Puerto = 1;

@@ -21,7 +21,7 @@ struct Deudas : BancoEnlaces {
 };
 
 TEST_F(Deudas, LaMismaPreguntaEsperaUnaLineaCallada) {
-  auto& e = repetida(abierto(kVekMotor));
+  auto& e = repetida(abierto(Para::VekMotor));
   e.Enviar(0, 100, "B", kLimpia);
   EXPECT_EQ(tramasEnviadas(), 2U);
   reloj.avanzar(1000);
@@ -40,7 +40,7 @@ TEST_F(Deudas, LaMismaPreguntaEsperaUnaLineaCallada) {
 }
 
 TEST_F(Deudas, OtraPreguntaContestadaLasSalda) {
-  auto& e = repetida(abierto(kVekMotor));
+  auto& e = repetida(abierto(Para::VekMotor));
   e.Enviar(0, 101, "A", kLimpia);
   EXPECT_EQ(tramasEnviadas(), 3U);
   cable().entra(ack + vek(2, 100) + ack + vek(3, 101, "SI"));
@@ -51,7 +51,7 @@ TEST_F(Deudas, OtraPreguntaContestadaLasSalda) {
 
 // So does one that goes out again since the machine said its last frame once more.
 TEST_F(Deudas, TrasUnaTramaRepetidaTambienSeDebe) {
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   e.Enviar(0, 10, "UNO");
   cable().entra(ack + vek(5, 10, "SI"));
   e.Enviar(0, 100, "A", kLimpia);
@@ -70,7 +70,7 @@ TEST_F(Deudas, TrasUnaTramaRepetidaTambienSeDebe) {
 
 // Its answer may come whenever it likes, also after that of another question.
 TEST_F(Deudas, UnSilencioSoloLoSaldaLaLineaCallada) {
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   e.Enviar(0, 100, "A", kLimpia);
   cable().entra(ack);
   reloj.avanzar(ajustes.TimeOut);
@@ -88,7 +88,7 @@ TEST_F(Deudas, UnSilencioSoloLoSaldaLaLineaCallada) {
 
 // A shop that sells is no noise. A line that is never quiet ends the wait, and nothing was sent.
 TEST_F(Deudas, LaEsperaAcaba) {
-  auto& e = repetida(abierto(kVekMotor));
+  auto& e = repetida(abierto(Para::VekMotor));
   e.Enviar(0, 100, "B", kLimpia);
   for (int s = 0; s < 9; ++s) {
     cable().entra(vek(10 + s, 995, "VENTA"));
@@ -108,21 +108,21 @@ TEST_F(Deudas, LaEsperaAcaba) {
 // Neither the closing of the link nor a task that goes away ends what the wire owes; another wire
 // owes nothing.
 TEST_F(Deudas, SonDelHiloYNoDelEnlace) {
-  repetida(abierto(kVekMotor)).CerrarEnlace();
+  repetida(abierto(Para::VekMotor)).CerrarEnlace();
   reloj.avanzar(100);
   motor.nuevo();
-  auto& otra = abierto(kVekMotor);
+  auto& otra = abierto(Para::VekMotor);
   otra.Enviar(0, 100, "B", kLimpia);
   EXPECT_EQ(tramasEnviadas(), 0U);
   reloj.avanzar(ajustes.TimeOut);
   EXPECT_EQ(tramasEnviadas(), 1U);
-  abierto(kVekMotor, 1).Enviar(0, 100, "B", kLimpia);
+  abierto(Para::VekMotor, 1).Enviar(0, 100, "B", kLimpia);
   EXPECT_EQ(tramasEnviadas(), 1U);
 }
 
 // An acknowledgement of NODAL names nothing: after any copy the line has to be quiet.
 TEST_F(Deudas, DeUnNodo) {
-  auto& e = abierto(kNodalMotor);
+  auto& e = abierto(Para::NodalMotor);
   const auto ndl = [&](int secuencia, int codigo) {
     return tramas::construirNODAL({3, ajustes.WhoAmI, secuencia, codigo, {}});
   };

@@ -14,13 +14,13 @@ using Enlace = BancoEnlaces;
 TEST(Parametros, PorDeviceYGrupo) {
   ParamCanal canal;
   canal.Puerto = 2;
-  canal.Device = 2;
+  canal.Device = TipoAcceso::Directo;
   EXPECT_EQ(parametrosDe(canal, 0, QStringLiteral("912")).rs232, u"9600,O,7,1");
   EXPECT_EQ(parametrosDe(canal, 19200, {}).rs232, u"19200,O,7,1");
   EXPECT_EQ(parametrosDe(canal, 0, QStringLiteral("912")).telefono, u"");
-  canal.Device = 1;
+  canal.Device = TipoAcceso::Modem;
   EXPECT_EQ(parametrosDe(canal, 0, QStringLiteral("912")).telefono, u"912");
-  canal.Device = 3;
+  canal.Device = TipoAcceso::TcpIp;
   struct Caso {
     QStringView acceso;
     QStringView host;
@@ -55,7 +55,7 @@ TEST_F(Enlace, RazonesDeAperturaYDeCierre) {
       {15, 28}, {16, 24}, {17, 27}, {18, 25}, {19, 200}, {-1, 200}};
   for (const auto& [razon, error] : razones) {
     fabrica.preparar = [r = razon](MandoCable& c) { c.razonApertura = r; };
-    EXPECT_EQ(enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor), 0);
+    EXPECT_EQ(enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor), 0);
     reloj.avanzar(5);
     EXPECT_EQ(motor.nuevo(), QStringLiteral("Abrir %1").arg(error));
     EXPECT_EQ(enlaces[0], nullptr);
@@ -65,28 +65,28 @@ TEST_F(Enlace, RazonesDeAperturaYDeCierre) {
 }
 
 TEST_F(Enlace, LosValoresDelCanalLleganAlCable) {
-  ajustes.canales[1].Device = 1;
+  ajustes.canales[1].Device = TipoAcceso::Modem;
   ajustes.canales[1].Espera = 55;
-  enlaces.AbrirEnlace(kVekMotor, 1, 2400, QStringLiteral("912345678"), &motor);
-  EXPECT_EQ(cable().device, 1);
+  enlaces.AbrirEnlace(Para::VekMotor, 1, 2400, QStringLiteral("912345678"), &motor);
+  EXPECT_EQ(cable().device, TipoAcceso::Modem);
   EXPECT_EQ(cable().parametros.telefono, u"912345678");
   EXPECT_EQ(cable().parametros.rs232, u"2400,O,7,1");
   EXPECT_EQ(cable().parametros.espera, 55);
   EXPECT_EQ(enlaces[1]->Acceso(), u"912345678");
-  EXPECT_EQ(enlaces[1]->AbiertoPara(), kVekMotor);
+  EXPECT_EQ(enlaces[1]->AbiertoPara(), Para::VekMotor);
 }
 
 TEST_F(Enlace, LoQueSeNiegaAlMomentoNoDaEvento) {
   fabrica.preparar = [](MandoCable& c) { c.seConfigura = false; };
   fabrica.razones = {{QStringLiteral("NADIE"), kSinNombre}, {QStringLiteral("OTRO"), kEnUso}};
-  EXPECT_EQ(enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor), 4);
-  EXPECT_EQ(enlaces.AbrirEnlace(kVekMotor, 4, 0, QStringLiteral("NADIE"), &motor), 24);
-  EXPECT_EQ(enlaces.AbrirEnlace(kVekMotor, 4, 0, QStringLiteral("OTRO"), &motor), 27);
-  EXPECT_EQ(enlaces.AbrirEnlace(kVekMotor, -1, 0, {}, &motor), 14);
-  EXPECT_EQ(enlaces.AbrirEnlace(9, 0, 0, {}, &motor), 14);
+  EXPECT_EQ(enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor), 4);
+  EXPECT_EQ(enlaces.AbrirEnlace(Para::VekMotor, 4, 0, QStringLiteral("NADIE"), &motor), 24);
+  EXPECT_EQ(enlaces.AbrirEnlace(Para::VekMotor, 4, 0, QStringLiteral("OTRO"), &motor), 27);
+  EXPECT_EQ(enlaces.AbrirEnlace(Para::VekMotor, -1, 0, {}, &motor), 14);
+  EXPECT_EQ(enlaces.AbrirEnlace(Para::VekAmbos, 0, 0, {}, &motor), 14);
   fabrica.preparar = nullptr;
-  EXPECT_EQ(enlaces.AbrirEnlace(kVekMotor, 7, 0, QStringLiteral("TIENDA"), &motor), 0);
-  EXPECT_EQ(enlaces.AbrirEnlace(kVekMotor, 5, 0, QStringLiteral("tienda"), &motor), 27);
+  EXPECT_EQ(enlaces.AbrirEnlace(Para::VekMotor, 7, 0, QStringLiteral("TIENDA"), &motor), 0);
+  EXPECT_EQ(enlaces.AbrirEnlace(Para::VekMotor, 5, 0, QStringLiteral("tienda"), &motor), 27);
   EXPECT_EQ(enlaces.tamano(), 8);
   reloj.avanzar(100);
   EXPECT_EQ(motor.nuevo(), u"Abrir 0");
@@ -94,7 +94,7 @@ TEST_F(Enlace, LoQueSeNiegaAlMomentoNoDaEvento) {
 }
 
 TEST_F(Enlace, CerradoNoEnvia) {
-  enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor);
+  enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor);
   auto& e = *enlaces[0];
   EXPECT_EQ(e.Enviar(0, 10, ""), 15);
   EXPECT_EQ(e.Pedir(0, 10, ""), 15);
@@ -105,7 +105,7 @@ TEST_F(Enlace, CerradoNoEnvia) {
   EXPECT_EQ(e.Enviar(0, 10, ""), 15);
   reloj.avanzar(20);
   motor.nuevo();
-  auto& n = abierto(kNodalMotor, 1);
+  auto& n = abierto(Para::NodalMotor, 1);
   EXPECT_EQ(n.Pedir(0, 10, ""), 15);
   EXPECT_EQ(n.RxVEK(0, 10), 15);
 }
@@ -119,7 +119,7 @@ TEST_F(Enlace, CierrePedidoYCaidas) {
   for (const Caso& c : {Caso{"asked for", 0, 0, u"Cerrar 0"}, Caso{"badly", 0, 3, u"Cerrar 20"},
                         Caso{"connector, negative", 4, -1, u"Cerrar 0"}}) {
     SCOPED_TRACE(c.nombre);
-    auto& e = abierto(kVekMotor, c.canal, QStringLiteral("X"));
+    auto& e = abierto(Para::VekMotor, c.canal, QStringLiteral("X"));
     cable().razonCierre = c.razon;
     e.Enviar(0, 10, "");
     e.CerrarEnlace();
@@ -132,7 +132,7 @@ TEST_F(Enlace, CierrePedidoYCaidas) {
     reloj.avanzar(60000);
     EXPECT_EQ(motor.nuevo(), u"");
   }
-  abierto(kVekMotor);
+  abierto(Para::VekMotor);
   cable().cae(0);  // by itself and with no error: it is said all the same
   EXPECT_EQ(motor.nuevo(), u"Cerrar 0");
 }
@@ -140,7 +140,7 @@ TEST_F(Enlace, CierrePedidoYCaidas) {
 TEST_F(Enlace, CerrarMientrasAbreAcabaEn13) {
   for (const bool cumple : {true, false}) {
     fabrica.preparar = [=](MandoCable& c) { c.abreSolo = false, c.cierraSolo = cumple; };
-    enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor);
+    enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor);
     enlaces[0]->CerrarEnlace();
     reloj.avanzar(cumple ? 5 : 60000);
     EXPECT_EQ(motor.nuevo(), u"Abrir 13");
@@ -150,27 +150,27 @@ TEST_F(Enlace, CerrarMientrasAbreAcabaEn13) {
 
 TEST_F(Enlace, UnCableQueNoDiceNadaTambienAcaba) {
   fabrica.preparar = [](MandoCable& c) { c.abreSolo = false; };
-  enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor);
+  enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor);
   reloj.avanzar(61000);
   EXPECT_EQ(motor.nuevo(), u"Abrir 5");
   fabrica.preparar = [](MandoCable& c) { c.cierraSolo = false; };
-  abierto(kVekMotor).CerrarEnlace();
+  abierto(Para::VekMotor).CerrarEnlace();
   reloj.avanzar(60000);
   EXPECT_EQ(motor.nuevo(), u"Cerrar 20");
   EXPECT_TRUE(cable().destruido);
 }
 
 TEST_F(Enlace, Portadora) {
-  ajustes.canales[0].Device = 1;
-  ajustes.canales[1].Device = 2;
-  auto& e = abierto(kVekMotor, 0, QStringLiteral("912"));
+  ajustes.canales[0].Device = TipoAcceso::Modem;
+  ajustes.canales[1].Device = TipoAcceso::Directo;
+  auto& e = abierto(Para::VekMotor, 0, QStringLiteral("912"));
   EXPECT_TRUE(e.Portadora());
   cable().oyente->linea(6);
   EXPECT_FALSE(e.Portadora());
   cable().oyente->linea(5);
   EXPECT_TRUE(e.Portadora());
   EXPECT_EQ(motor.nuevo(), u"CD 0; CD 1");
-  auto& directo = abierto(kVekMotor, 1);
+  auto& directo = abierto(Para::VekMotor, 1);
   cable().oyente->linea(6);
   EXPECT_TRUE(directo.Portadora());
   EXPECT_EQ(motor.nuevo(), u"");
@@ -181,15 +181,15 @@ TEST_F(Enlace, Portadora) {
 // -----------------------------------------------------------------------
 
 TEST_F(Enlace, SeComparteSinReabrirYSinPerderLoEnVuelo) {
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   e.Enviar(0, 10, "D");
   cable().entra(ack);
-  EXPECT_EQ(enlaces.AbrirEnlace(kVekCaptura, 0, 0, {}, nullptr, &captura), 0);
+  EXPECT_EQ(enlaces.AbrirEnlace(Para::VekCaptura, 0, 0, {}, nullptr, &captura), 0);
   EXPECT_EQ(captura.nuevo(), u"");
   reloj.avanzar(10);
   EXPECT_EQ(captura.nuevo(), u"Abrir 0");
   EXPECT_EQ(fabrica.cables.size(), 1U);
-  EXPECT_EQ(e.AbiertoPara(), kVekAmbos);
+  EXPECT_EQ(e.AbiertoPara(), Para::VekAmbos);
   reloj.avanzar(9989);
   EXPECT_EQ(motor.nuevo(), u"");
   reloj.avanzar(1);
@@ -198,18 +198,18 @@ TEST_F(Enlace, SeComparteSinReabrirYSinPerderLoEnVuelo) {
 
 TEST_F(Enlace, CadaUnoSeVaPorSuLado) {
   for (const bool primeroMotor : {true, false}) {
-    auto& e = abierto(kVekCaptura);
-    enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor);
+    auto& e = abierto(Para::VekCaptura);
+    enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor);
     reloj.avanzar(10);
     EXPECT_EQ(motor.nuevo(), u"Abrir 0");
-    e.CerrarEnlace(primeroMotor ? kVekMotor : kVekCaptura);
+    e.CerrarEnlace(primeroMotor ? Para::VekMotor : Para::VekCaptura);
     reloj.avanzar(10);
     EXPECT_EQ(motor.nuevo(), QStringView(primeroMotor ? u"Cerrar 0" : u""));
     EXPECT_EQ(captura.nuevo(), QStringView(primeroMotor ? u"" : u"Cerrar 0"));
-    EXPECT_EQ(e.AbiertoPara(), primeroMotor ? kVekCaptura : kVekMotor);
+    EXPECT_EQ(e.AbiertoPara(), primeroMotor ? Para::VekCaptura : Para::VekMotor);
     cable().entra(vek(1, 995, "V"));
     EXPECT_EQ(captura.nuevo(), QStringView(primeroMotor ? u"Tx 1 V" : u""));
-    e.CerrarEnlace(primeroMotor ? kVekCaptura : kVekMotor);
+    e.CerrarEnlace(primeroMotor ? Para::VekCaptura : Para::VekMotor);
     reloj.avanzar(20);
     EXPECT_EQ((primeroMotor ? captura.nuevo() : motor.nuevo()), u"Cerrar 0");
     EXPECT_EQ(enlaces[0], nullptr);
@@ -217,9 +217,10 @@ TEST_F(Enlace, CadaUnoSeVaPorSuLado) {
 }
 
 TEST_F(Enlace, ConOtroAccesoSeAbreDeNuevo) {
-  ajustes.canales[0].Device = 3;
-  abierto(kVekMotor, 0, QStringLiteral("a:1"));
-  EXPECT_EQ(enlaces.AbrirEnlace(kVekCaptura, 0, 0, QStringLiteral("b:1"), nullptr, &captura), 0);
+  ajustes.canales[0].Device = TipoAcceso::TcpIp;
+  abierto(Para::VekMotor, 0, QStringLiteral("a:1"));
+  EXPECT_EQ(enlaces.AbrirEnlace(Para::VekCaptura, 0, 0, QStringLiteral("b:1"), nullptr, &captura),
+            0);
   reloj.avanzar(5);
   EXPECT_EQ(motor.nuevo(), u"Cerrar 20");  // nobody is left waiting on a link that is gone
   EXPECT_EQ(captura.nuevo(), u"Abrir 0");
@@ -232,27 +233,29 @@ TEST_F(Enlace, LosCrucesDentroDeLos10ms) {
     const char* nombre;
     std::function<void(comtvIP&)> hacer;  // while the engine is joining a capture
     QStringView motor, captura;
-    int quedaPara;
+    Para quedaPara;
   };
   const std::vector<Caso> casos{
-      {"joins and leaves", [](comtvIP& e) { e.CerrarEnlace(kVekMotor); }, u"Cerrar 0", u"",
-       kVekCaptura},
-      {"the other leaves", [](comtvIP& e) { e.CerrarEnlace(kVekCaptura); }, u"Abrir 0", u"Cerrar 0",
-       kVekMotor},
-      {"both leave", [](comtvIP& e) { e.CerrarEnlace(kVekMotor), e.CerrarEnlace(kVekCaptura); },
-       u"Cerrar 0", u"Cerrar 0", 0},
-      {"the line drops", [this](comtvIP&) { cable().cae(14); }, u"Abrir 15", u"Cerrar 20", 0},
+      {"joins and leaves", [](comtvIP& e) { e.CerrarEnlace(Para::VekMotor); }, u"Cerrar 0", u"",
+       Para::VekCaptura},
+      {"the other leaves", [](comtvIP& e) { e.CerrarEnlace(Para::VekCaptura); }, u"Abrir 0",
+       u"Cerrar 0", Para::VekMotor},
+      {"both leave",
+       [](comtvIP& e) { e.CerrarEnlace(Para::VekMotor), e.CerrarEnlace(Para::VekCaptura); },
+       u"Cerrar 0", u"Cerrar 0", Para::Nada},
+      {"the line drops", [this](comtvIP&) { cable().cae(14); }, u"Abrir 15", u"Cerrar 20",
+       Para::Nada},
   };
   for (const auto& caso : casos) {
     SCOPED_TRACE(caso.nombre);
-    auto& e = abierto(kVekCaptura);
-    enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor);
+    auto& e = abierto(Para::VekCaptura);
+    enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor);
     reloj.avanzar(5);
     caso.hacer(e);
     reloj.avanzar(30);
     EXPECT_EQ(motor.nuevo(), caso.motor);
     EXPECT_EQ(captura.nuevo(), caso.captura);
-    EXPECT_EQ((enlaces[0] ? enlaces[0]->AbiertoPara() : 0), caso.quedaPara);
+    EXPECT_EQ((enlaces[0] ? enlaces[0]->AbiertoPara() : Para::Nada), caso.quedaPara);
     enlaces.abandonar(0, &motor, &captura);
   }
 }
@@ -260,8 +263,8 @@ TEST_F(Enlace, LosCrucesDentroDeLos10ms) {
 TEST_F(Enlace, ElSegundoLlegaMientrasElPrimeroAbre) {
   for (const int razon : {0, 1}) {
     fabrica.preparar = [=](MandoCable& c) { c.razonApertura = razon; };
-    enlaces.AbrirEnlace(kVekCaptura, 0, 0, {}, nullptr, &captura);
-    enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor);
+    enlaces.AbrirEnlace(Para::VekCaptura, 0, 0, {}, nullptr, &captura);
+    enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor);
     reloj.avanzar(20);
     EXPECT_EQ(motor.nuevo(), QStringView(razon ? u"Abrir 4" : u"Abrir 0"));
     EXPECT_EQ(captura.nuevo(), QStringView(razon ? u"Abrir 4" : u"Abrir 0"));
@@ -270,8 +273,8 @@ TEST_F(Enlace, ElSegundoLlegaMientrasElPrimeroAbre) {
 }
 
 TEST_F(Enlace, UnaCaidaLaOyenLosDos) {
-  abierto(kVekCaptura);
-  enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor);
+  abierto(Para::VekCaptura);
+  enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor);
   reloj.avanzar(10);
   motor.nuevo();
   cable().cae(14);
@@ -286,8 +289,8 @@ TEST_F(Enlace, LoQueUnoSueltaLoOyeElOtro) {
                  {nullptr, &captura, u"Cerrar 20", u""},
                  {nullptr, nullptr, u"Cerrar 20", u"Cerrar 20"}};
   for (const auto& [deMotor, deCaptura, alMotor, aLaCaptura] : casos) {
-    abierto(kVekCaptura);
-    enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor);
+    abierto(Para::VekCaptura);
+    enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor);
     reloj.avanzar(10);
     motor.nuevo();
     enlaces.abandonar(0, deMotor, deCaptura);
@@ -298,11 +301,11 @@ TEST_F(Enlace, LoQueUnoSueltaLoOyeElOtro) {
 }
 
 TEST_F(Enlace, NadieCierraElEnlaceDeOtro) {
-  auto& e = abierto(kVekCaptura);
-  EXPECT_EQ(e.CerrarEnlace(kVekMotor), 15);
+  auto& e = abierto(Para::VekCaptura);
+  EXPECT_EQ(e.CerrarEnlace(Para::VekMotor), 15);
   reloj.avanzar(30);
   EXPECT_EQ(captura.nuevo(), u"");
-  EXPECT_EQ(e.AbiertoPara(), kVekCaptura);
+  EXPECT_EQ(e.AbiertoPara(), Para::VekCaptura);
   EXPECT_EQ(e.CerrarEnlace(), 0);
   reloj.avanzar(30);
   EXPECT_EQ(captura.nuevo(), u"Cerrar 0");
@@ -318,13 +321,13 @@ TEST_F(Enlace, UnClientePuedeHacerDeTodoDentroDeUnEvento) {
       [this] { enlaces[0]->Enviar(0, 11, "OTRA"); },
       [this] {
         enlaces.abandonar(0, &motor, &captura);
-        enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor);
+        enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor);
       },
       [this] {  // a box with its own event loop
         enlaces.abandonar(0, &motor, &captura);
         reloj.avanzar(100);
       },
-      [this] { enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor); },
+      [this] { enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor); },
   };
   const std::vector<QStringView> momentos{u"Abrir", u"Cerrar", u"EnvioVEK"};
   for (const auto& accion : acciones) {
@@ -333,7 +336,7 @@ TEST_F(Enlace, UnClientePuedeHacerDeTodoDentroDeUnEvento) {
       motor.alOir = [&](const QString& texto) {
         if (texto.startsWith(momento) && enlaces[0] && veces++ == 0) accion();
       };
-      enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor);
+      enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor);
       reloj.avanzar(50);
       if (enlaces[0]) enlaces[0]->Enviar(0, 10, "D");
       if (cable().oyente) cable().entra(ack + vek(5, 10, "SI") + ack);
@@ -350,9 +353,9 @@ TEST_F(Enlace, UnClientePuedeHacerDeTodoDentroDeUnEvento) {
 }
 
 TEST_F(Enlace, AlReabrirDentroDelCierreHayUnEnlaceNuevo) {
-  comtvIP* const viejo = &abierto(kVekMotor);
+  comtvIP* const viejo = &abierto(Para::VekMotor);
   motor.alOir = [&](const QString& texto) {
-    if (texto.startsWith(u"Cerrar")) enlaces.AbrirEnlace(kVekMotor, 0, 0, {}, &motor);
+    if (texto.startsWith(u"Cerrar")) enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor);
   };
   cable().cae(14);
   EXPECT_NE(enlaces[0], nullptr);
@@ -362,7 +365,7 @@ TEST_F(Enlace, AlReabrirDentroDelCierreHayUnEnlaceNuevo) {
 }
 
 TEST_F(Enlace, LoQueEntraEnReposoTieneUnLimite) {
-  abierto(kVekMotor);
+  abierto(Para::VekMotor);
   for (int i = 0; i < 1000; ++i) cable().entra(QByteArray(1000, 'x'));
   enlaces[0]->Enviar(0, 10, "D");
   cable().entra(ack + vek(5, 10, "SI"));

@@ -117,7 +117,7 @@ struct Modem : testing::Test {
 
   void SetUp() override {
     auto& canal = ajustes.canales[0];
-    canal.Device = 1;
+    canal.Device = TipoAcceso::Modem;
     canal.IniMdm0 = QStringLiteral("ATE0V0");
     canal.IniMdmX = {QStringLiteral("AT&D2")};
     canal.Espera = 1500;  // ms, since it is above 600
@@ -141,7 +141,7 @@ struct Modem : testing::Test {
     return motor.nuevo();
   }
   QString llama() {
-    EXPECT_EQ(enlaces.AbrirEnlace(kVekMotor, 0, 0, QStringLiteral("912345678"), &motor), 0);
+    EXPECT_EQ(enlaces.AbrirEnlace(Para::VekMotor, 0, 0, QStringLiteral("912345678"), &motor), 0);
     return oyeHasta(QStringLiteral("Abrir"));
   }
 };
@@ -208,7 +208,7 @@ TEST_F(Modem, FallosDeApertura) {
 TEST_F(Modem, AlCerrarMientrasMarcaSeCallaYDa13) {
   modem.reglas = {{"ATE0V0", "0\r"}, {"AT&D2", "0\r"}};
   ajustes.canales[0].Espera = 60;
-  enlaces.AbrirEnlace(kVekMotor, 0, 0, QStringLiteral("912345678"), &motor);
+  enlaces.AbrirEnlace(Para::VekMotor, 0, 0, QStringLiteral("912345678"), &motor);
   EXPECT_TRUE(hasta([&] { return modem.oido.endsWith("ATDT912345678\r"); }, 5000));
   enlaces[0]->CerrarEnlace();
   EXPECT_EQ(oyeHasta(QStringLiteral("Abrir")), u"Abrir 13");

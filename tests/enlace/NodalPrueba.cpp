@@ -39,7 +39,7 @@ TEST_F(MaquinaNodal, ConfirmacionesPorCaso) {
   };
   for (const auto& caso : casos) {
     SCOPED_TRACE(caso.nombre);
-    auto& e = abierto(kNodalMotor);
+    auto& e = abierto(Para::NodalMotor);
     EXPECT_EQ(e.Enviar(3, 36, "DATOS"), 0);
     const auto nuestra = leida(cable().ultimo());
     EXPECT_EQ(nuestra, (tramas::TramaNODAL{0, 3, nuestra.secuencia, 36, "DATOS"}));
@@ -55,7 +55,7 @@ TEST_F(MaquinaNodal, ConfirmacionesPorCaso) {
 }
 
 TEST_F(MaquinaNodal, CuatroEnviosYLuego8) {
-  abierto(kNodalMotor).Enviar(3, 36, "D");
+  abierto(Para::NodalMotor).Enviar(3, 36, "D");
   const int vaciados = cable().vaciados;
   const int primera = leida(cable().ultimo()).secuencia;
   cable().entra(ndl(200, 21));  // a NAK repeats nothing by itself
@@ -70,7 +70,7 @@ TEST_F(MaquinaNodal, CuatroEnviosYLuego8) {
 
 // The number that one machine used last is no repeat when another one uses it.
 TEST_F(MaquinaNodal, CadaMaquinaCuentaLasSuyas) {
-  auto& e = abierto(kNodalMotor);
+  auto& e = abierto(Para::NodalMotor);
   for (const int nodo : {3, 4, 3}) {
     e.Enviar(nodo, 36, "D");
     cable().entra(ndl(9, 6, {}, nodo));
@@ -79,7 +79,7 @@ TEST_F(MaquinaNodal, CadaMaquinaCuentaLasSuyas) {
 }
 
 TEST_F(MaquinaNodal, UnaOrdenUnicaNoSeRepite) {
-  abierto(kNodalMotor).Enviar(3, 71, {}, {.unaVez = true});
+  abierto(Para::NodalMotor).Enviar(3, 71, {}, {.unaVez = true});
   reloj.avanzar(ajustes.TimeACK);
   EXPECT_EQ(motor.nuevo(), u"EnvioNDL 8");
   EXPECT_EQ(tramasEnviadas(), 1U);
@@ -87,7 +87,7 @@ TEST_F(MaquinaNodal, UnaOrdenUnicaNoSeRepite) {
 
 // Acknowledgement and list in one piece: each step is read by the state that the one before led to.
 TEST_F(MaquinaNodal, AckYListaPegados) {
-  auto& e = abierto(kNodalMotor);
+  auto& e = abierto(Para::NodalMotor);
   motor.alOir = [&](const QString& texto) {
     if (!texto.contains(u" 26")) e.RxNODAL(3);
   };
@@ -99,7 +99,7 @@ TEST_F(MaquinaNodal, AckYListaPegados) {
 }
 
 TEST_F(MaquinaNodal, LoQueYaLlegoSeLeeAlEsperar) {
-  auto& e = abierto(kNodalMotor);
+  auto& e = abierto(Para::NodalMotor);
   e.Enviar(3, 64, "");
   cable().entra(ndl(1, 6) + ndl(2, 65, "A"));
   EXPECT_EQ(motor.nuevo(), u"EnvioNDL 0");
@@ -117,7 +117,7 @@ TEST_F(MaquinaNodal, TramasDeEspera) {
   for (const Caso& caso :
        {Caso{"", 1}, Caso{"0", 1}, Caso{"1", 1}, Caso{"30", 30}, Caso{" 4x", 4}}) {
     SCOPED_TRACE(caso.datos);
-    auto& e = abierto(kNodalMotor);
+    auto& e = abierto(Para::NodalMotor);
     e.Enviar(3, 64, "");
     cable().entra(ndl(1, 6));
     e.RxNODAL(3);
@@ -133,7 +133,7 @@ TEST_F(MaquinaNodal, TramasDeEspera) {
 
 // Noise and a wait frame sent again must not bring the end of a long wait nearer.
 TEST_F(MaquinaNodal, ElRuidoNoAcortaUnaEsperaPedida) {
-  auto& e = abierto(kNodalMotor);
+  auto& e = abierto(Para::NodalMotor);
   e.Enviar(3, 64, "");
   cable().entra(ndl(1, 6));
   e.RxNODAL(3);
@@ -147,7 +147,7 @@ TEST_F(MaquinaNodal, ElRuidoNoAcortaUnaEsperaPedida) {
 }
 
 TEST_F(MaquinaNodal, QuienSoloPideEsperaAcaba) {
-  auto& e = abierto(kNodalMotor);
+  auto& e = abierto(Para::NodalMotor);
   e.Enviar(3, 64, "");
   cable().entra(ndl(1, 6));
   e.RxNODAL(3);
@@ -160,7 +160,7 @@ TEST_F(MaquinaNodal, QuienSoloPideEsperaAcaba) {
 }
 
 TEST_F(MaquinaNodal, SinTrama6YLuegoCalla) {
-  auto& e = abierto(kNodalMotor);
+  auto& e = abierto(Para::NodalMotor);
   e.Enviar(3, 64, "");
   cable().entra(ndl(1, 6));
   e.RxNODAL(3);
@@ -179,7 +179,7 @@ TEST_F(MaquinaNodal, LoQueNoEncajaSeConfirmaYPasa) {
   motor.regla = [](int addr, int codigo, const QByteArray& datos) {
     return addr == 3 && codigo == 65 && datos == "6";
   };
-  auto& e = abierto(kNodalMotor);
+  auto& e = abierto(Para::NodalMotor);
   motor.alOir = [&](const QString& texto) {
     if (texto == u"EnvioNDL 0") e.RxNODAL(3);
   };
@@ -197,7 +197,7 @@ TEST_F(MaquinaNodal, LoQueNoEncajaSeConfirmaYPasa) {
 }
 
 TEST_F(MaquinaNodal, UnaConfirmacionDeAntesNoVale) {
-  auto& e = abierto(kNodalMotor);
+  auto& e = abierto(Para::NodalMotor);
   motor.alOir = [&](const QString& texto) {
     if (texto == u"EnvioNDL 0" && motor.oido.size() == 1) e.Enviar(3, 37, "SEIS");
   };

@@ -64,7 +64,7 @@ TEST_F(MaquinaVEK, RespuestasPorCaso) {
   };
   for (const auto& caso : casos) {
     SCOPED_TRACE(caso.nombre);
-    abierto(kVekMotor).TimeOut(caso.timeOut);
+    abierto(Para::VekMotor).TimeOut(caso.timeOut);
     auto& e = *enlaces[0];
     EXPECT_EQ((caso.pedir ? e.Pedir(0, caso.codigo, "D") : e.Enviar(0, caso.codigo, "D")), 0);
     for (const auto& [entra, oye] : caso.pasos) {
@@ -83,7 +83,7 @@ TEST_F(MaquinaVEK, RespuestasPorCaso) {
 // one of a code that is owed.
 TEST_F(MaquinaVEK, ConElCodigoDeOtraPregunta) {
   for (const bool otroCodigo : {false, true}) {
-    auto& e = abierto(kVekMotor);
+    auto& e = abierto(Para::VekMotor);
     e.Enviar(0, 10, "A", {.otroCodigo = otroCodigo});
     cable().entra(ack + vek(5, 11, "ERR01"));
     EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 11 ERR01");
@@ -106,14 +106,14 @@ TEST_F(MaquinaVEK, ConElCodigoDeOtraPregunta) {
 }
 
 TEST_F(MaquinaVEK, FormaAnchaSinDireccion) {
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   e.Pedir(0, 2057, "");
   cable().entra(ack + tramas::construirVEK(5, "20571X"));
   EXPECT_EQ(motor.nuevo(), u"ReciboVEK 0 -1 2057 1X");
 }
 
 TEST_F(MaquinaVEK, CuatroEnviosConNumeroNuevoYLuego16) {
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   e.Enviar(0, 10, "D");
   const int primera = secuenciaDe(cable().ultimo());
   for (int i = 1; i <= 3; ++i) {
@@ -133,7 +133,7 @@ TEST_F(MaquinaVEK, CuatroEnviosConNumeroNuevoYLuego16) {
 }
 
 TEST_F(MaquinaVEK, ElNumeroVaDe99A0) {
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   std::vector<int> vistos;
   for (int i = 0; i < 120; ++i) {
     e.Enviar(0, 10, "");
@@ -143,7 +143,7 @@ TEST_F(MaquinaVEK, ElNumeroVaDe99A0) {
 }
 
 TEST_F(MaquinaVEK, LoQueNoEsAckNoTapaElAckQueViene) {
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   e.Enviar(0, 10, "D");
   cable().entra(QByteArray(1, tramas::kNAK));
   reloj.avanzar(ajustes.TimeACK);
@@ -152,7 +152,7 @@ TEST_F(MaquinaVEK, LoQueNoEsAckNoTapaElAckQueViene) {
 }
 
 TEST_F(MaquinaVEK, SinRespuesta17DespuesDeTodoSuTiempo) {
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   e.TimeOut(150000);  // beyond the step of the timer
   e.Pedir(0, 10, "D");
   cable().entra(ack);
@@ -166,7 +166,7 @@ TEST_F(MaquinaVEK, SinRespuesta17DespuesDeTodoSuTiempo) {
 // A frame that answers another question takes no time from the clock, however often it comes.
 TEST_F(MaquinaVEK, LasTramasAjenasNoAlarganLaEspera) {
   motor.regla = [](int, int, const QByteArray& datos) { return datos == "6"; };
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   e.Enviar(0, 10, "6");
   cable().entra(ack);
   for (int i = 0; i < 9; ++i) {
@@ -182,7 +182,7 @@ TEST_F(MaquinaVEK, LasTramasAjenasNoAlarganLaEspera) {
 
 TEST_F(MaquinaVEK, LaRespuestaTardiaNoValePorLaSiguiente) {
   motor.regla = [](int, int, const QByteArray& datos) { return datos == "6"; };
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   e.Enviar(0, 10, "6");
   cable().entra(ack + vek(20, 10, "5"));
   cable().entra(vek(21, 10, "6"));
@@ -197,7 +197,7 @@ TEST_F(MaquinaVEK, TodaEsperaTieneFin) {
                                        vek(1, 995, "T"), "z"};
   for (const QByteArray& riada : riadas) {
     for (const bool conAck : {false, true}) {
-      auto& e = abierto(kVekMotor);
+      auto& e = abierto(Para::VekMotor);
       e.Enviar(0, 10, "D");
       if (conAck) cable().entra(ack);
       for (int i = 0; i < 100 && motor.oido.isEmpty(); ++i) {
@@ -211,8 +211,8 @@ TEST_F(MaquinaVEK, TodaEsperaTieneFin) {
 }
 
 TEST_F(MaquinaVEK, UnaTransaccionEnMedioDaTiempoNuevo) {
-  abierto(kVekMotor);
-  EXPECT_EQ(enlaces.AbrirEnlace(kVekCaptura, 0, 0, {}, nullptr, &captura), 0);
+  abierto(Para::VekMotor);
+  EXPECT_EQ(enlaces.AbrirEnlace(Para::VekCaptura, 0, 0, {}, nullptr, &captura), 0);
   reloj.avanzar(10);
   captura.nuevo();
   enlaces[0]->Enviar(0, 10, "D");
@@ -228,8 +228,8 @@ TEST_F(MaquinaVEK, UnaTransaccionEnMedioDaTiempoNuevo) {
 
 // Sales: each one once, whatever it comes glued to and however the answer is laid out.
 TEST_F(MaquinaVEK, TransaccionesTodasYUnaSolaVez) {
-  abierto(kVekMotor);
-  enlaces.AbrirEnlace(kVekCaptura, 0, 0, {}, nullptr, &captura);
+  abierto(Para::VekMotor);
+  enlaces.AbrirEnlace(Para::VekCaptura, 0, 0, {}, nullptr, &captura);
   reloj.avanzar(10);
   captura.nuevo();
   cable().entra(vek(1, 995, "A") + vek(2, 995, "B"));
@@ -245,7 +245,7 @@ TEST_F(MaquinaVEK, TransaccionesTodasYUnaSolaVez) {
 }
 
 TEST_F(MaquinaVEK, TramaRepetidaEspera15sYVuelveAEnviar) {
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   e.Enviar(0, 10, "UNO");
   cable().entra(ack + vek(5, 10, "SI"));
   motor.nuevo();
@@ -267,7 +267,7 @@ TEST_F(MaquinaVEK, TramaRepetidaEspera15sYVuelveAEnviar) {
 // sent again by the first, so that its question goes out until a number proves it; with one frame
 // more they don't meet again.
 TEST_F(MaquinaVEK, OtraMaquinaConElMismoNumero) {
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   const auto ancha = [](int secuencia) { return tramas::construirVEK(secuencia, "400300"); };
   const QString bien = QStringLiteral("EnvioVEK 0 -1 4003 00");
   e.Enviar(4, 4003, "UNO");
@@ -292,7 +292,7 @@ TEST_F(MaquinaVEK, OtraMaquinaConElMismoNumero) {
 
 // It was the first one after all: its frame answers nothing, however often it comes.
 TEST_F(MaquinaVEK, LaPrimeraQueSeRepiteNoContestaPorLaSegunda) {
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   const auto ancha = [](int secuencia) { return tramas::construirVEK(secuencia, "400300"); };
   e.Enviar(4, 4003, "UNO");
   cable().entra(ack + ancha(1));
@@ -310,7 +310,7 @@ TEST_F(MaquinaVEK, LaPrimeraQueSeRepiteNoContestaPorLaSegunda) {
 }
 
 TEST_F(MaquinaVEK, QuienSoloSeRepiteAcabaEn17) {
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   e.Enviar(0, 10, "UNO");
   cable().entra(ack + vek(5, 10, "SI"));
   motor.nuevo();
@@ -324,8 +324,8 @@ TEST_F(MaquinaVEK, QuienSoloSeRepiteAcabaEn17) {
 
 // At rest nothing was asked: a frame sent again must not send a command again.
 TEST_F(MaquinaVEK, EnReposoSoloPasanTransacciones) {
-  abierto(kVekMotor);
-  enlaces.AbrirEnlace(kVekCaptura, 0, 0, {}, nullptr, &captura);
+  abierto(Para::VekMotor);
+  enlaces.AbrirEnlace(Para::VekCaptura, 0, 0, {}, nullptr, &captura);
   reloj.avanzar(10);
   enlaces[0]->Enviar(0, 10, "CERO");
   cable().entra(ack + vek(5, 10, "SI"));
@@ -338,7 +338,7 @@ TEST_F(MaquinaVEK, EnReposoSoloPasanTransacciones) {
 }
 
 TEST_F(MaquinaVEK, RxVEKEsperaSuCodigoSinEnviarNada) {
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   motor.regla = [](int, int codigo, const QByteArray&) { return codigo == 57; };
   motor.alOir = [&](const QString& texto) {
     if (texto.endsWith(u"UNO")) e.RxVEK(1, 57);
@@ -355,7 +355,7 @@ TEST_F(MaquinaVEK, RxVEKEsperaSuCodigoSinEnviarNada) {
 }
 
 TEST_F(MaquinaVEK, UnAckDeAntesNoVale) {
-  auto& e = abierto(kVekMotor);
+  auto& e = abierto(Para::VekMotor);
   cable().entra(ack);
   e.TimeOut(-1);
   e.Enviar(0, 10, "");
@@ -369,7 +369,7 @@ TEST_F(MaquinaVEK, UnAckDeAntesNoVale) {
 // another, sends it once more.
 TEST_F(MaquinaVEK, UnaOrdenUnicaNoSeRepite) {
   for (const int repetida : {0, 1, 2}) {
-    auto& e = abierto(kVekMotor);
+    auto& e = abierto(Para::VekMotor);
     if (repetida > 0) {
       e.Enviar(repetida, 10, {});
       cable().entra(ack + vek(5, 10, "SI"));

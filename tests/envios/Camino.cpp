@@ -81,7 +81,8 @@ struct Caminante : Envios {
     for (const int n : {2, 3}) {
       enviar(n);
       const qint64 codigo = 10;
-      const auto p = valor(envios::Lector(*db, {n, 1, n, 0}).leer({&codigo, 1}, reloj.ahora()));
+      const auto p = valor(envios::Lector(*db, {n, 1, *deNumero<TipoGrupo>(n), 0})
+                               .leer({&codigo, 1}, reloj.ahora()));
       if (!p.empty()) {
         EXPECT_EQ(maquina(n).memoria().catalogo.at(10).ficha, *p.front().registro) << n;
       }

@@ -105,7 +105,7 @@ void Envios::esProbado(int grupo, int addr) {
 }
 
 void Envios::loTiene(int grupo, int addr, const QString& codigos) {
-  const int tipo = static_cast<int>(maquina(grupo, addr).opciones().tipo);
+  const auto tipo = *deNumero<TipoGrupo>(static_cast<int>(maquina(grupo, addr).opciones().tipo));
   envios::Lector lector(*db, {grupo, 1, tipo, 0});
   for (const QString& plu : codigos.split(u' ', Qt::SkipEmptyParts)) {
     if (plu.endsWith(u'x') || plu.endsWith(u'?')) continue;

@@ -165,8 +165,10 @@ TEST_F(PeriodosLibrosTest, UnPeriodoHechoAManoRecibeLaLectura) {
     }
     otra.avisos.clear();
     otra.leer(1);
+    otra.cierre().Descrip = QStringLiteral("Cierre");
     const auto links = otra.memorizar(c.sustituir);
     ASSERT_EQ(links.size(), 1U);
+    EXPECT_EQ((*otra.periodos().columna(links[0]))->DESCR == u"Cierre", c.sustituir || !c.recibe);
     EXPECT_EQ(links[0] == link, c.recibe) << otra.textoAvisos().toStdString();
     EXPECT_EQ(otra.enPeriodo(links[0], kPLUs), c.recibe && c.conFilas ? 570 : 500);
     EXPECT_EQ((*otra.periodos().columna(link))->stkABLE, c.descontable);

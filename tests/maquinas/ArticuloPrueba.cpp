@@ -59,8 +59,8 @@ QByteArray bueno(const Cabe<QByteArray>& r) {
 }  // namespace
 
 TEST(FichaDeArticulo, DeBalanzas) {
-  EXPECT_EQ(bueno(TramaPLU(1, chorizo())), kChorizo);
-  EXPECT_EQ(bueno(TramaPLU(4, chorizo())), kChorizo);
+  EXPECT_EQ(bueno(TramaPLU(TipoGrupo::Balanzas, chorizo())), kChorizo);
+  EXPECT_EQ(bueno(TramaPLU(TipoGrupo::Birch, chorizo())), kChorizo);
   EXPECT_EQ(bueno(TramaPrecios(chorizo())), "0000123001250001150001050");
   Articulo a = chorizo();
   a.tara = 12;
@@ -69,7 +69,7 @@ TEST(FichaDeArticulo, DeBalanzas) {
   a.modificable = false;
   a.textoEtq.clear();
   a.nombre = QStringLiteral("Un nombre de más de veinte letras");
-  const QByteArray r = bueno(TramaPLU(4, a));
+  const QByteArray r = bueno(TramaPLU(TipoGrupo::Birch, a));
   EXPECT_EQ(r.size(), 90);
   EXPECT_EQ(r.left(20), "Un nombre de mas de ");
   EXPECT_EQ(r.mid(36, 12),
@@ -80,7 +80,7 @@ TEST(FichaDeArticulo, DeBalanzas) {
 
 TEST(FichaDeArticulo, DeEbony) {
   Articulo a = chorizo();
-  EXPECT_EQ(bueno(TramaPLU(2, a)), "990123Chorizo de Leon 0000125036");
+  EXPECT_EQ(bueno(TramaPLU(TipoGrupo::Ebony, a)), "990123Chorizo de Leon 0000125036");
   struct Caso {
     qint64 cada;
     bool modificable;
@@ -91,18 +91,18 @@ TEST(FichaDeArticulo, DeEbony) {
         Caso{2, true, "0000125046"}, Caso{2, false, "0000125026"}}) {
     a.cada = c.cada;
     a.modificable = c.modificable;
-    EXPECT_EQ(bueno(TramaPLU(2, a)).mid(22), c.cola) << c.cada;
+    EXPECT_EQ(bueno(TramaPLU(TipoGrupo::Ebony, a)).mid(22), c.cola) << c.cada;
   }
 }
 
 TEST(FichaDeArticulo, DeRegistradoras) {
   Articulo a = chorizo();
-  EXPECT_EQ(bueno(TramaPLU(3, a)),
+  EXPECT_EQ(bueno(TramaPLU(TipoGrupo::Registradoras, a)),
             QByteArray("0000021000123Chorizo de Leon     00000125000000115007"));
   a.codBarExt = QStringLiteral("84123456");
-  EXPECT_EQ(bueno(TramaPLU(3, a)).left(14), "84123456     C");
+  EXPECT_EQ(bueno(TramaPLU(TipoGrupo::Registradoras, a)).left(14), "84123456     C");
   a.codBarExt = QStringLiteral("8412345678905");
-  EXPECT_EQ(bueno(TramaPLU(3, a)).left(14), "8412345678905C");
+  EXPECT_EQ(bueno(TramaPLU(TipoGrupo::Registradoras, a)).left(14), "8412345678905C");
 }
 
 TEST(FichaDeArticulo, LasLetrasDeCadaMaquina) {
@@ -121,19 +121,20 @@ TEST(FichaDeArticulo, LasLetrasDeCadaMaquina) {
       {QStringLiteral("Cano\u0301n\u0303\u00A0€"), {"Cano| \x7F", "", "", ""}},
   };
   for (const Caso& c : casos)
-    for (int tipo = 1; tipo <= 4; ++tipo) {
-      if (c.bytes[static_cast<size_t>(tipo - 1)].isEmpty()) continue;
+    for (const TipoGrupo tipo : todosLos<TipoGrupo>()) {
+      if (c.bytes[static_cast<size_t>(numeroDe(tipo) - 1)].isEmpty()) continue;
       Articulo a = chorizo();
       a.nombre = c.texto;
       const QByteArray r = bueno(TramaPLU(tipo, a));
-      const int inicio = tipo == 2 ? 6 : tipo == 3 ? 13 : 0;
-      EXPECT_EQ(r.mid(inicio, c.bytes[static_cast<size_t>(tipo - 1)].size()),
-                c.bytes[static_cast<size_t>(tipo - 1)])
-          << tipo << qPrintable(c.texto);
+      const int inicio = tipo == TipoGrupo::Ebony ? 6 : tipo == TipoGrupo::Registradoras ? 13 : 0;
+      EXPECT_EQ(r.mid(inicio, c.bytes[static_cast<size_t>(numeroDe(tipo) - 1)].size()),
+                c.bytes[static_cast<size_t>(numeroDe(tipo) - 1)])
+          << numeroDe(tipo) << qPrintable(c.texto);
     }
-  EXPECT_EQ(CaracteresBalanza(1, QStringLiteral("Jamón ÑÇ¿")), QStringLiteral("Jamon \\}]"));
-  EXPECT_EQ(textoDeBalanza(1, "PI\\A ]|\x7F"), QStringLiteral("PIÑA ¿ñ€"));
-  EXPECT_EQ(textoDeBalanza(4,
+  EXPECT_EQ(CaracteresBalanza(TipoGrupo::Balanzas, QStringLiteral("Jamón ÑÇ¿")),
+            QStringLiteral("Jamon \\}]"));
+  EXPECT_EQ(textoDeBalanza(TipoGrupo::Balanzas, "PI\\A ]|\x7F"), QStringLiteral("PIÑA ¿ñ€"));
+  EXPECT_EQ(textoDeBalanza(TipoGrupo::Birch,
                            "PI\xD1"
                            "A \\"),
             QStringLiteral("PIÑA \\"));
@@ -165,29 +166,30 @@ TEST(FichaDeArticulo, LasLetrasQueFaltan) {
        {}},
   };
   for (const Caso& c : casos)
-    for (const int tipo : {1, 2, 3, 4}) {
+    for (const TipoGrupo tipo : todosLos<TipoGrupo>()) {
       Articulo a = chorizo();
       a.nombre = c.texto;
-      const bool siete = tipo <= 2;
+      const bool siete = numeroDe(tipo) <= 2;
       const QByteArray& espera = siete ? c.sieteBits : c.ochoBits;
-      const int inicio = tipo == 2 ? 6 : tipo == 3 ? 13 : 0;
-      EXPECT_EQ(bueno(TramaPLU(tipo, a)).mid(inicio, tipo == 2 ? 16 : 20),
-                Campo(espera, tipo == 2 ? 16 : 20))
-          << tipo << qPrintable(c.texto);
+      const int inicio = tipo == TipoGrupo::Ebony ? 6 : tipo == TipoGrupo::Registradoras ? 13 : 0;
+      EXPECT_EQ(bueno(TramaPLU(tipo, a)).mid(inicio, tipo == TipoGrupo::Ebony ? 16 : 20),
+                Campo(espera, tipo == TipoGrupo::Ebony ? 16 : 20))
+          << numeroDe(tipo) << qPrintable(c.texto);
       if (siete) {
         EXPECT_EQ(letrasQueFaltan(tipo, a), c.faltanEnSiete) << qPrintable(c.texto);
       }
     }
   Articulo a = chorizo();
   a.textoEtq = QStringLiteral("Ajo½\r\n½\u0003\u0013Œ");
-  EXPECT_EQ(bueno(TramaPLU(1, a)).mid(89), QByteArray("Ajo1/2\r1/2  OE") + char(19));
-  EXPECT_EQ(letrasQueFaltan(1, a), QStringLiteral("½Œ"));
-  EXPECT_EQ(letrasQueFaltan(2, a), QString());
+  EXPECT_EQ(bueno(TramaPLU(TipoGrupo::Balanzas, a)).mid(89),
+            QByteArray("Ajo1/2\r1/2  OE") + char(19));
+  EXPECT_EQ(letrasQueFaltan(TipoGrupo::Balanzas, a), QStringLiteral("½Œ"));
+  EXPECT_EQ(letrasQueFaltan(TipoGrupo::Ebony, a), QString());
   // What comes after the width isn't missed, and a wide letter is cut at it.
   a.nombre = QString(20, u'x') + QStringLiteral("Ω");
-  EXPECT_EQ(letrasQueFaltan(4, a), QString());
+  EXPECT_EQ(letrasQueFaltan(TipoGrupo::Birch, a), QString());
   a.nombre = QString(19, u'x') + QStringLiteral("Æ");
-  EXPECT_EQ(bueno(TramaPLU(1, a)).mid(18, 9), "xA0000123");
+  EXPECT_EQ(bueno(TramaPLU(TipoGrupo::Balanzas, a)).mid(18, 9), "xA0000123");
 }
 
 // Whatever doesn't fit is named, and nothing is made of it.
@@ -274,13 +276,14 @@ TEST(FichaDeArticulo, LoQueNoCabe) {
        M::Largo},
   };
   for (const Caso& c : casos)
-    for (const int tipo : c.tipos) {
+    for (const int n : c.tipos) {
+      const TipoGrupo tipo = *deNumero<TipoGrupo>(n);
       Articulo a = chorizo();
       c.cambiar(a);
       const auto r = TramaPLU(tipo, a);
-      ASSERT_FALSE(r.has_value()) << c.nombre << " " << tipo;
-      EXPECT_EQ(r.error().campo, c.campo) << c.nombre << " " << tipo;
-      EXPECT_EQ(r.error().motivo, c.motivo) << c.nombre << " " << tipo;
+      ASSERT_FALSE(r.has_value()) << c.nombre << " " << numeroDe(tipo);
+      EXPECT_EQ(r.error().campo, c.campo) << c.nombre << " " << numeroDe(tipo);
+      EXPECT_EQ(r.error().motivo, c.motivo) << c.nombre << " " << numeroDe(tipo);
     }
   Articulo a = chorizo();
   // Prices alone need only prices.
@@ -291,17 +294,17 @@ TEST(FichaDeArticulo, LoQueNoCabe) {
 }
 
 TEST(FichaDeArticulo, PreciosAparte) {
-  for (int tipo = 1; tipo <= 4; ++tipo) {
+  for (const TipoGrupo tipo : todosLos<TipoGrupo>()) {
     Articulo a = chorizo(), b = chorizo();
     b.precios = {7, 8, 9};
     const QByteArray ra = bueno(TramaPLU(tipo, a)), rb = bueno(TramaPLU(tipo, b));
-    EXPECT_EQ(sinPrecios(tipo, ra), sinPrecios(tipo, rb)) << tipo;
-    EXPECT_NE(preciosDe(tipo, ra), preciosDe(tipo, rb)) << tipo;
+    EXPECT_EQ(sinPrecios(tipo, ra), sinPrecios(tipo, rb)) << numeroDe(tipo);
+    EXPECT_NE(preciosDe(tipo, ra), preciosDe(tipo, rb)) << numeroDe(tipo);
     b = chorizo();
     b.depto = 8;
-    EXPECT_NE(sinPrecios(tipo, ra), sinPrecios(tipo, bueno(TramaPLU(tipo, b)))) << tipo;
+    EXPECT_NE(sinPrecios(tipo, ra), sinPrecios(tipo, bueno(TramaPLU(tipo, b)))) << numeroDe(tipo);
   }
-  EXPECT_EQ(preciosDe(1, kChorizo), bueno(TramaPrecios(chorizo())).mid(7));
+  EXPECT_EQ(preciosDe(TipoGrupo::Balanzas, kChorizo), bueno(TramaPrecios(chorizo())).mid(7));
 }
 
 TEST(FichaDeArticulo, ComoLaDaLaBalanza) {
@@ -325,15 +328,15 @@ TEST(FichaDeArticulo, ComoLaDaLaBalanza) {
 }
 
 TEST(Peticiones, DeArticulos) {
-  EXPECT_EQ(enviarArticulo(1, "r"), (Peticion{100, "r"}));
-  EXPECT_EQ(enviarArticulo(4, "r"), (Peticion{100, "r"}));
-  EXPECT_EQ(enviarArticulo(2, "r"), (Peticion{32, "r"}));
-  EXPECT_EQ(enviarArticulo(3, "r"), (Peticion{4003, "r"}));
+  EXPECT_EQ(enviarArticulo(TipoGrupo::Balanzas, "r"), (Peticion{100, "r"}));
+  EXPECT_EQ(enviarArticulo(TipoGrupo::Birch, "r"), (Peticion{100, "r"}));
+  EXPECT_EQ(enviarArticulo(TipoGrupo::Ebony, "r"), (Peticion{32, "r"}));
+  EXPECT_EQ(enviarArticulo(TipoGrupo::Registradoras, "r"), (Peticion{4003, "r"}));
   EXPECT_EQ(enviarPrecios("r"), (Peticion{101, "r"}));
   EXPECT_EQ(borrarArticulo(9), (Peticion{120, "0000009"}));
   EXPECT_EQ(pedirArticulo(3), (Peticion{101, "0000003"}));
-  EXPECT_EQ(borrarArticulos(2), (Peticion{73, ""}));
-  EXPECT_EQ(borrarArticulos(3), (Peticion{4098, "00"}));
+  EXPECT_EQ(borrarArticulos(TipoGrupo::Ebony), (Peticion{73, ""}));
+  EXPECT_EQ(borrarArticulos(TipoGrupo::Registradoras), (Peticion{4098, "00"}));
 }
 
 }  // namespace tarvo::maquinas

@@ -54,14 +54,14 @@ std::vector<Caso> casos() {
        "000000000",
        {17, 0, 1, -250, -500, 0}},
       {"gran total 1",
-       [](auto r, Rigor g) { return vek::leerGranTotal(r, 1, g); },
+       [](auto r, Rigor g) { return vek::leerGranTotal(r, TipoGrupo::Balanzas, g); },
        "000012345"
        "000006000"
        "99999"
        "00042",
        {0, 0, 42, 6000, 12345, 0}},
       {"gran total 4",
-       [](auto r, Rigor g) { return vek::leerGranTotal(r, 4, g); },
+       [](auto r, Rigor g) { return vek::leerGranTotal(r, TipoGrupo::Birch, g); },
        "000012345"
        "000006000"
        "99999"

@@ -11,7 +11,8 @@ namespace tarvo::prueba {
 Banco::Banco() {
   ajustes = std::make_unique<Ajustes>(carpeta_.path(), Idioma::Espanol);
   for (size_t c = 0; c < 4; ++c)
-    ajustes->canales[c].Puerto = static_cast<int>(c) + 1, ajustes->canales[c].Device = 2;
+    ajustes->canales[c].Puerto = static_cast<int>(c) + 1,
+    ajustes->canales[c].Device = TipoAcceso::Directo;
   arrancar();
   bien(esquema::crearEsquema(*db));
   bien(totals::asegurarTablasLibros(*db));
@@ -95,7 +96,7 @@ void Banco::vender(int grupo, int articulo, qint64 importe, qint64 gramos, int o
 }
 
 int Banco::encolar(int grupo, int clase, bool todo, qint64 desde, qint64 hasta) {
-  const int r = gestor->NuevaTarea(grupo, todo, desde, hasta, clase);
+  const int r = gestor->NuevaTarea(grupo, todo, desde, hasta, *deNumero<TipoTarea>(clase));
   EXPECT_EQ(r, 0);
   return r == 0 ? ++ultima_ : -1;
 }
@@ -146,21 +147,22 @@ QStringList Banco::oidas(int grupo, int addr) {
   return salida;
 }
 
-void Banco::InformeProblema(int clase, int grupo, int error, int estado, qint64) {
-  problemas << QStringLiteral("%1 G%2 E%3 (%4)").arg(clase).arg(grupo).arg(error).arg(estado);
+void Banco::InformeProblema(TipoTarea clase, int grupo, int error, int estado, qint64) {
+  problemas
+      << QStringLiteral("%1 G%2 E%3 (%4)").arg(numeroDe(clase)).arg(grupo).arg(error).arg(estado);
 }
 
-void Banco::InformeRetry(int clase, int grupo, int error, int, qint64) {
-  reintentos << QStringLiteral("%1 G%2 E%3").arg(clase).arg(grupo).arg(error);
+void Banco::InformeRetry(TipoTarea clase, int grupo, int error, int, qint64) {
+  reintentos << QStringLiteral("%1 G%2 E%3").arg(numeroDe(clase)).arg(grupo).arg(error);
 }
 
-void Banco::InformeAviso(int, const totals::Aviso& aviso) {
+void Banco::InformeAviso(const totals::Aviso& aviso) {
   avisos << aviso.texto;
 }
 
 Resultado<> Banco::TareaHecha(const motor::DatosTarea& tarea) {
   if (alHacer) alHacer();
-  if (hecha) hechas << QStringLiteral("%1 G%2").arg(tarea.Clase).arg(tarea.Grupo);
+  if (hecha) hechas << QStringLiteral("%1 G%2").arg(numeroDe(tarea.Clase)).arg(tarea.Grupo);
   return hecha;
 }
 

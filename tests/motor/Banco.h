@@ -51,9 +51,9 @@ class Banco : public testing::Test, protected motor::Vigilante {
   // Data of the questions that the machine heard: "830 0000017".
   QStringList oidas(int grupo, int addr = 1);
 
-  void InformeProblema(int clase, int grupo, int error, int estado, qint64 codigo) override;
-  void InformeRetry(int clase, int grupo, int error, int estado, qint64 codigo) override;
-  void InformeAviso(int clase, const totals::Aviso& aviso) override;
+  void InformeProblema(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) override;
+  void InformeRetry(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) override;
+  void InformeAviso(const totals::Aviso& aviso) override;
   Resultado<> TareaHecha(const motor::DatosTarea& tarea) override;
 
   QTemporaryDir carpeta_;

@@ -14,7 +14,8 @@ namespace tarvo::prueba {
 class CableSimulado final : public enlace::LinkSocket {
  public:
   using Cables = std::map<QString, simulador::Cable>;
-  CableSimulado(Reloj& reloj, Cables& cables, const bool& mudo, int device, QString nombre = {})
+  CableSimulado(Reloj& reloj, Cables& cables, const bool& mudo, TipoAcceso device,
+                QString nombre = {})
       : reloj_(reloj),
         cables_(cables),
         mudo_(mudo),
@@ -24,9 +25,9 @@ class CableSimulado final : public enlace::LinkSocket {
 
   bool configurar(const enlace::ParametrosLinea& p) override {
     if (nombre_.isEmpty())
-      nombre_ = device_ == 1   ? p.telefono
-                : device_ == 3 ? p.host
-                               : QStringLiteral("cable %1").arg(p.puerto);
+      nombre_ = device_ == TipoAcceso::Modem   ? p.telefono
+                : device_ == TipoAcceso::TcpIp ? p.host
+                                               : QStringLiteral("cable %1").arg(p.puerto);
     return true;
   }
   void abrir(Oyente& oyente) override {
@@ -76,7 +77,7 @@ class CableSimulado final : public enlace::LinkSocket {
       return oyente_->finApertura(enlace::kSinRespuesta);
     }
     estado_ = 5;
-    if (device_ == 1) oyente_->linea(5);
+    if (device_ == TipoAcceso::Modem) oyente_->linea(5);
     oyente_->finApertura(0);
   }
   void soltar() {
@@ -88,7 +89,7 @@ class CableSimulado final : public enlace::LinkSocket {
   Reloj& reloj_;
   Cables& cables_;
   const bool& mudo_;
-  int device_;
+  TipoAcceso device_;
   QString nombre_;
   std::unique_ptr<Temporizador> timer_;
   std::function<void()> que_;
@@ -101,14 +102,16 @@ class CableSimulado final : public enlace::LinkSocket {
 class FabricaSimulada final : public enlace::FabricaEnlaces {
  public:
   explicit FabricaSimulada(Reloj& reloj) : reloj_(reloj) {}
-  std::unique_ptr<enlace::LinkSocket> crear(int device) override {
+  std::unique_ptr<enlace::LinkSocket> crear(TipoAcceso device) override {
     ++aperturas;
     return std::make_unique<CableSimulado>(reloj_, cables, mudos, device);
   }
   std::unique_ptr<enlace::LinkSocket> crearConector(const QString& nombre, int& razon) override {
     ++aperturas;
     razon = cables.contains(nombre) ? 0 : int{enlace::kSinNombre};
-    return razon != 0 ? nullptr : std::make_unique<CableSimulado>(reloj_, cables, mudos, 4, nombre);
+    return razon != 0 ? nullptr
+                      : std::make_unique<CableSimulado>(reloj_, cables, mudos, TipoAcceso::Conector,
+                                                        nombre);
   }
   CableSimulado::Cables cables;
   int aperturas = 0;

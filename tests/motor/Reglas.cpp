@@ -9,15 +9,17 @@ TEST_F(Reglas, LoQueNoSePuedeEncolar) {
   grupo(3, 3, QStringLiteral("cable 3"));
   valor(
       db->ejecutar(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ALMACEN, remoto) VALUES "
-                   u"(9, 'N', 1, 1, 0, 0)"));
-  EXPECT_EQ(gestor->NuevaTarea(99, true, 0, 1, 7), 2);
-  EXPECT_EQ(gestor->NuevaTarea(9, true, 0, 1, 7), 2);
-  EXPECT_EQ(gestor->NuevaTarea(3, true, 0, 1, 7), 2);   // no clock in a register
-  EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, 2), 2);   // a kind with a name and no sender
-  EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, 12), 2);  // no kind
+                   u"(9, 'N', 1, 1, 0, 0), (10, 'Q', 1, 7, 0, 3), (11, 'Z', 1, 1, 0, 9)"));
+  EXPECT_EQ(gestor->NuevaTarea(99, true, 0, 1, TipoTarea::TxHora), 2);
+  EXPECT_EQ(gestor->NuevaTarea(9, true, 0, 1, TipoTarea::TxHora), 2);
+  for (const int g : {10, 11})  // of no kind, and with no access, that anybody knows
+    EXPECT_EQ(gestor->NuevaTarea(g, true, 0, 9999999, TipoTarea::RxGrTot), 2) << g;
+  EXPECT_EQ(gestor->NuevaTarea(3, true, 0, 1, TipoTarea::TxHora), 2);  // no clock in a register
+  EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, TipoTarea::TxTecla),
+            2);  // a kind with a name and no sender
   EXPECT_EQ(gestor->CuantosQuedan().total, 0);
-  EXPECT_EQ(registro.porClave(u"TXPLUS")->numero, 1);
-  EXPECT_FALSE(registro.porNumero(2)->crear);
+  EXPECT_EQ(registro.porClave(u"TXPLUS")->tarea, TipoTarea::TxPlus);
+  EXPECT_FALSE(registro.de(TipoTarea::TxTecla)->crear);
   EXPECT_EQ(registro.porClave(u""), nullptr);
 }
 
@@ -50,7 +52,7 @@ TEST_F(Reglas, TerminaCuandoPuedas) {
 }
 
 TEST_F(Reglas, UnAccesoSirveAUnaTareaCadaVez) {
-  ajustes->canales[0].Device = ajustes->canales[1].Device = 3;
+  ajustes->canales[0].Device = ajustes->canales[1].Device = TipoAcceso::TcpIp;
   arrancar();
   tienda(1, QStringLiteral("tcp:sur"));
   valor(db->ejecutar(u"UPDATE GRUPOS SET telef=' SUR:4000 ' WHERE CODGPO=1"));
@@ -281,7 +283,7 @@ TEST_F(Reglas, LoQueFallaAntesDeLaEsperaTieneSusReintentos) {
 TEST_F(Reglas, SinCanalDeSuClaseLaTareaNoEspera) {
   tienda(1, QStringLiteral("tcp:tienda"));
   tienda(2, QStringLiteral("tel:555"));
-  for (auto& c : ajustes->canales) c.Device = 2;
+  for (auto& c : ajustes->canales) c.Device = TipoAcceso::Directo;
   arrancar();
   encolar(1, 17);
   encolar(2, 17);
@@ -386,7 +388,7 @@ TEST_F(Reglas, DetenerMientrasSeAbreNoSeReintenta) {
 
 TEST_F(Reglas, ElCableQueNoEsDeLaTareaLaRechaza) {
   tienda();
-  ajustes->canales[0].Device = 1;
+  ajustes->canales[0].Device = TipoAcceso::Modem;
   arrancar();
   encolar(1, 17);
   encolar(1, 6);

@@ -37,7 +37,7 @@ TEST_F(Reglas, ElEnlacePerdidoVuelveAunqueNadieMire) {
 TEST_F(Reglas, EnAutomaticoLoFallidoSeIntentaDeNuevo) {
   for (const int g : {1, 2}) tienda(g, QStringLiteral("tcp:casa%1").arg(g));
   ajustes->IntentosManual = 0;
-  ajustes->canales[0].Device = 3;
+  ajustes->canales[0].Device = TipoAcceso::TcpIp;
   arrancar();
   gestor->VigilaProcesos(0, false, nullptr);
   fallo(1, {Averia::Sorda, 0, -1});
@@ -72,7 +72,7 @@ TEST_F(Reglas, EnAutomaticoLoFallidoSeIntentaDeNuevo) {
 
 TEST_F(Reglas, ReintentarTodoEsTodo) {
   for (const int g : {1, 2, 3}) tienda(g, QStringLiteral("cable %1").arg(g));
-  ajustes->canales[1].Device = 3;
+  ajustes->canales[1].Device = TipoAcceso::TcpIp;
   gestor->VigilaProcesos(0, false, nullptr);
   gestor->CambioAModo(false);
   EXPECT_FALSE(gestor->hayReintentables());
@@ -89,7 +89,7 @@ TEST_F(Reglas, ReintentarTodoEsTodo) {
   // The zeroing waits after the reading that failed, and goes when that one has gone well.
   EXPECT_EQ(gestor->pendientes().size(), 4U);
   maquina(1).percances().cambiar({});
-  ajustes->canales[1].Device = 2;
+  ajustes->canales[1].Device = TipoAcceso::Directo;
   EXPECT_EQ(gestor->ReintentarTodo(), 3);
   gestor->CambioAModo(true);
   ASSERT_TRUE(correr(1));
@@ -111,7 +111,7 @@ TEST_F(Reglas, LoQuitadoVuelveASuSitio) {
   EXPECT_EQ(gestor->ReponerTarea(), 0);
   EXPECT_FALSE(gestor->hayQuitadas());
   ASSERT_EQ(gestor->tareas().size(), 2U);
-  EXPECT_EQ(gestor->tareas().front().datos.Clase, 17);
+  EXPECT_EQ(gestor->tareas().front().datos.Clase, TipoTarea::RxGrTot);
   gestor->CambioAModo(true);
   ASSERT_TRUE(correr(1));
   EXPECT_EQ(bandeja(1, 17), u"1:3/300/600/0");

@@ -7,15 +7,15 @@ namespace tarvo::noches {
 // Outcomes come by a timer, never from inside a call.
 class Hilo final : public enlace::LinkSocket {
  public:
-  Hilo(Hilos& casa, int device, QString linea)
+  Hilo(Hilos& casa, TipoAcceso device, QString linea)
       : casa_(casa),
         device_(device),
         linea_(std::move(linea)),
         timer_(casa.reloj_.temporizador([this] { vencer(); })) {}
 
   bool configurar(const enlace::ParametrosLinea& p) override {
-    if (device_ == 2) linea_ = QStringLiteral("COM%1").arg(p.puerto);
-    if (device_ == 3) linea_ = QStringLiteral("%1:%2").arg(p.host).arg(p.puertoTcp);
+    if (device_ == TipoAcceso::Directo) linea_ = QStringLiteral("COM%1").arg(p.puerto);
+    if (device_ == TipoAcceso::TcpIp) linea_ = QStringLiteral("%1:%2").arg(p.host).arg(p.puertoTcp);
     return true;
   }
   void abrir(Oyente& oyente) override {
@@ -55,13 +55,13 @@ class Hilo final : public enlace::LinkSocket {
     const auto cable = casa_.cables.find(linea_);
     if (cable == casa_.cables.end()) return enlace::kSinHost;
     if (casa_.azar_.ocurre(casa_.averias.ocupada))
-      return device_ == 2 ? enlace::kPuertoOcupado : enlace::kSinRespuesta;
+      return device_ == TipoAcceso::Directo ? enlace::kPuertoOcupado : enlace::kSinRespuesta;
     if (casa_.azar_.ocurre(casa_.averias.rechazo)) return enlace::kPuertoTcpCerrado;
     tubo_ = std::make_unique<simulador::Tubo>(cable->second, casa_.reloj_);
     if (!tubo_->abrir([this](const QByteArray& b) { recibir(b); },
                       [this](bool limpio) { caer(limpio); })) {
       tubo_.reset();
-      return device_ == 2 ? enlace::kPuertoOcupado : enlace::kPuertoTcpCerrado;
+      return device_ == TipoAcceso::Directo ? enlace::kPuertoOcupado : enlace::kPuertoTcpCerrado;
     }
     estado_ = 5;
     return enlace::kBien;
@@ -70,7 +70,7 @@ class Hilo final : public enlace::LinkSocket {
   void caer(bool limpio) {
     if (cita_ == Cerrando) return;
     limpia_ = limpio;
-    device_ == 2 ? citar(Reconexion, 1000) : citar(Caida, 1);
+    device_ == TipoAcceso::Directo ? citar(Reconexion, 1000) : citar(Caida, 1);
   }
   void recibir(const QByteArray& bytes) {
     if (disco().cortado) return;
@@ -94,7 +94,7 @@ class Hilo final : public enlace::LinkSocket {
   }
 
   Hilos& casa_;
-  int device_;
+  TipoAcceso device_;
   QString linea_;
   Oyente* oyente_ = nullptr;
   int estado_ = 1;
@@ -106,13 +106,13 @@ class Hilo final : public enlace::LinkSocket {
   std::unique_ptr<Temporizador> timer_;
 };
 
-std::unique_ptr<enlace::LinkSocket> Hilos::crear(int device) {
+std::unique_ptr<enlace::LinkSocket> Hilos::crear(TipoAcceso device) {
   return std::make_unique<Hilo>(*this, device, QString());
 }
 
 std::unique_ptr<enlace::LinkSocket> Hilos::crearConector(const QString& nombre, int& razon) {
   razon = cables.contains(nombre) ? 0 : enlace::kSinNombre;
-  return razon == 0 ? std::make_unique<Hilo>(*this, 4, nombre) : nullptr;
+  return razon == 0 ? std::make_unique<Hilo>(*this, TipoAcceso::Conector, nombre) : nullptr;
 }
 
 }  // namespace tarvo::noches

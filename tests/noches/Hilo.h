@@ -13,7 +13,7 @@ namespace tarvo::noches {
 class Hilos final : public enlace::FabricaEnlaces {
  public:
   Hilos(Reloj& reloj, quint64 semilla) : reloj_(reloj), azar_(semilla) {}
-  std::unique_ptr<enlace::LinkSocket> crear(int device) override;
+  std::unique_ptr<enlace::LinkSocket> crear(TipoAcceso device) override;
   std::unique_ptr<enlace::LinkSocket> crearConector(const QString& nombre, int& razon) override;
 
   std::map<QString, simulador::Cable> cables;  // by PlanGrupo::linea

@@ -95,7 +95,7 @@ void insertarTienda(const Plan& plan, const QString& ruta) {
 Resultado<> escribirAjustes(const Plan& plan, const QString& carpeta) {
   Ajustes a(carpeta, Idioma::Espanol, Fecha::de(plan.primerDia));
   for (int i = 0; i < 4; ++i) {
-    a.canales[static_cast<std::size_t>(i)].Device = i < 2 ? 2 : 3;
+    a.canales[static_cast<std::size_t>(i)].Device = i < 2 ? TipoAcceso::Directo : TipoAcceso::TcpIp;
     a.canales[static_cast<std::size_t>(i)].Puerto = i + 1;
   }
   a.IntentosManual = plan.reintentos;

@@ -14,7 +14,6 @@ namespace {
 
 constexpr size_t kDeArticulos = 1;  // which of the two values
 constexpr int kNunca = 0, kPreguntar = 1, kSiempre = 2;
-constexpr int kTXPLUS = 1;
 
 // Says on the window from which the list was opened that the sending is over. What was given up
 // stays in the window of communications, which then doesn't end.
@@ -64,7 +63,7 @@ void enviar(ventanas::Ventana& quien, const std::vector<int>& secciones, motor::
   ventanas::Ventana* comunicaciones = quien.contexto().ventanas.abrir(u"gestcomm"_s, &quien);
   QStringList rechazados;
   for (const int grupo : *grupos)
-    if (motor.NuevaTarea(grupo, false, 0, kUltimoCodigo, kTXPLUS) != 0)
+    if (motor.NuevaTarea(grupo, false, 0, kUltimoCodigo, TipoTarea::TxPlus) != 0)
       rechazados << Ceros(grupo, 4);
   if (!rechazados.isEmpty() && comunicaciones)
     comunicaciones->decirDuda(quien.t(kTxSinEncolar).arg(rechazados.join(u", "_s)));

@@ -4,6 +4,7 @@
 
 #include "automation/TextosAutomation.h"
 #include "automation/historia/TablasHistoria.h"
+#include "core/dao/Recorrido.h"
 #include "totals/libros/TablasLibros.h"
 
 namespace tarvo::automation {
@@ -121,17 +122,17 @@ namespace {
 constexpr int kPorHacer = 0, kRechazada = 2;
 }  // namespace
 
-Resultado<> Diario::tareaEnCola(qint64 ejecucion, qint64 paso, int grupo, int clase) {
+Resultado<> Diario::tareaEnCola(qint64 ejecucion, qint64 paso, int grupo, TipoTarea clase) {
   return anadirTarea(ejecucion, paso, grupo, clase, kPorHacer, {});
 }
 
-Resultado<> Diario::tareaRechazada(qint64 ejecucion, qint64 paso, int grupo, int clase,
+Resultado<> Diario::tareaRechazada(qint64 ejecucion, qint64 paso, int grupo, TipoTarea clase,
                                    const QString& motivo) {
   return anadirTarea(ejecucion, paso, grupo, clase, kRechazada, motivo);
 }
 
-Resultado<> Diario::anadirTarea(qint64 ejecucion, qint64 paso, int grupo, int clase, int hecha,
-                                const dao::Valor& motivo) {
+Resultado<> Diario::anadirTarea(qint64 ejecucion, qint64 paso, int grupo, TipoTarea clase,
+                                int hecha, const dao::Valor& motivo) {
   TARVO_INTENTAR(
       db_.ejecutar(u"INSERT INTO ProcesoTareas (EJECUCION, PASO, GRUPO, CLASE, HECHA, FALLO) "
                    u"VALUES (?, ?, ?, ?, ?, ?) ON CONFLICT (EJECUCION, PASO, GRUPO) DO NOTHING",
@@ -147,16 +148,11 @@ Resultado<> Diario::tareaHecha(qint64 ejecucion, qint64 paso, int grupo, Fecha a
 }
 
 Resultado<std::vector<Diario::Tarea>> Diario::tareasPorHacer(qint64 ejecucion, qint64 desdePaso) {
-  TARVO_TOMAR(auto rs, db_.consultar(u"SELECT PASO, GRUPO FROM ProcesoTareas WHERE EJECUCION=? AND "
-                                     u"PASO>=? AND HECHA=0 ORDER BY "
-                                     u"PASO, GRUPO",
-                                     ejecucion, desdePaso));
-  std::vector<Tarea> tareas;
-  while (!rs->Eof()) {
-    tareas.push_back({rs->entero(0), static_cast<int>(rs->entero(1))});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return tareas;
+  return dao::reunir(
+      db_.consultar(u"SELECT PASO, GRUPO FROM ProcesoTareas WHERE EJECUCION=? AND PASO>=? AND "
+                    u"HECHA=0 ORDER BY PASO, GRUPO",
+                    ejecucion, desdePaso),
+      [](const dao::Recordset& rs) { return Tarea{rs.entero(0), static_cast<int>(rs.entero(1))}; });
 }
 
 }  // namespace tarvo::automation

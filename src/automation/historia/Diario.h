@@ -32,7 +32,8 @@ struct Ejecucion {
 
 class Diario {
  public:
-  Diario(dao::Database& db, const Textos& textos) : db_(db), textos_(textos), historial_(db) {}
+  Diario(dao::Database& db, const Textos& textos)
+      : db_(db), textos_(textos), historial_(db, textos) {}
 
   // Makes the tables when they are missing.
   Resultado<> asegurar();
@@ -45,9 +46,9 @@ class Diario {
   Resultado<> conProblemas(qint64 ejecucion);
   Resultado<> cerrar(qint64 ejecucion, FinEjecucion fin, Fecha ahora);
 
-  Resultado<> tareaEnCola(qint64 ejecucion, qint64 paso, int grupo, int clase);
+  Resultado<> tareaEnCola(qint64 ejecucion, qint64 paso, int grupo, TipoTarea clase);
   // It was never queued, and isn't when the run is gone on with.
-  Resultado<> tareaRechazada(qint64 ejecucion, qint64 paso, int grupo, int clase,
+  Resultado<> tareaRechazada(qint64 ejecucion, qint64 paso, int grupo, TipoTarea clase,
                              const QString& motivo);
   Resultado<> tareaHecha(qint64 ejecucion, qint64 paso, int grupo, Fecha ahora);
   struct Tarea {
@@ -60,7 +61,7 @@ class Diario {
   Historial& historial() { return historial_; }
 
  private:
-  Resultado<> anadirTarea(qint64 ejecucion, qint64 paso, int grupo, int clase, int hecha,
+  Resultado<> anadirTarea(qint64 ejecucion, qint64 paso, int grupo, TipoTarea clase, int hecha,
                           const dao::Valor& motivo);
 
   dao::Database& db_;

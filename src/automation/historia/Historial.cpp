@@ -3,6 +3,10 @@
 #include <QLocale>
 #include <QStringList>
 
+#include "automation/TextosAutomation.h"
+#include "core/dao/Marcas.h"
+#include "core/dao/Recorrido.h"
+
 namespace tarvo::automation {
 
 using namespace Qt::StringLiterals;
@@ -51,9 +55,8 @@ EjecucionHecha ejecucionDe(const dao::Recordset& rs, std::optional<qint64> enMar
   return e;
 }
 
-TareaHecha tareaDe(const dao::Recordset& rs) {
-  TareaHecha t{static_cast<int>(rs.entero(0)), static_cast<int>(rs.entero(1)),
-               TareaHecha::Estado::EnCola, rs.texto(3)};
+TareaHecha tareaDe(const dao::Recordset& rs, TipoTarea clase) {
+  TareaHecha t{static_cast<int>(rs.entero(0)), clase, TareaHecha::Estado::EnCola, rs.texto(3)};
   if (rs.entero(2) == 1)
     t.estado = TareaHecha::Estado::Hecha;
   else if (!rs.nulo(3))
@@ -61,27 +64,16 @@ TareaHecha tareaDe(const dao::Recordset& rs) {
   return t;
 }
 
-// All rows of a query, each made by `una`.
-template <class T, class F>
-Resultado<std::vector<T>> todas(Resultado<std::unique_ptr<dao::Recordset>> rs, F una) {
-  if (!rs) return std::unexpected(rs.error());
-  std::vector<T> lista;
-  while (!(*rs)->Eof()) {
-    lista.push_back(una(**rs));
-    TARVO_INTENTAR((*rs)->MoveNext());
-  }
-  return lista;
-}
-
 }  // namespace
 
 Resultado<> Historial::empezar(qint64 numero, const QString& nombre, Fecha inicio,
                                const QString& traza) {
-  for (const char16_t* tabla : {u"Ejecuciones", u"ProcesoTareas", u"EjecucionAvisos"})
-    TARVO_INTENTAR(db_.ejecutar(QStringLiteral("DELETE FROM %1 WHERE EJECUCION<=? AND EJECUCION "
-                                               "NOT IN (SELECT EJECUCION FROM Proceso)")
-                                    .arg(tabla),
-                                numero - kEjecucionesGuardadas));
+  for (const QString& tabla : {u"Ejecuciones"_s, u"ProcesoTareas"_s, u"EjecucionAvisos"_s})
+    TARVO_INTENTAR(db_.ejecutar(
+        dao::conMarcas(u"DELETE FROM {tabla} WHERE EJECUCION<=? AND EJECUCION NOT IN (SELECT "
+                       u"EJECUCION FROM Proceso)",
+                       {{u"tabla", tabla}}),
+        numero - kEjecucionesGuardadas));
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT OR REPLACE INTO Ejecuciones (EJECUCION, NOMBRE, INICIO, TRAZA) VALUES (?, ?, ?, ?)",
       numero, nombre, inicio, traza));
@@ -112,7 +104,8 @@ Resultado<> Historial::aviso(qint64 numero, const AvisoHecho& aviso) {
   return {};
 }
 
-Resultado<> Historial::tareaFallida(qint64 numero, int grupo, int clase, const QString& motivo) {
+Resultado<> Historial::tareaFallida(qint64 numero, int grupo, TipoTarea clase,
+                                    const QString& motivo) {
   TARVO_INTENTAR(db_.ejecutar(
       u"UPDATE ProcesoTareas SET FALLO=? WHERE EJECUCION=? AND GRUPO=? AND CLASE=? AND HECHA=0",
       motivo, numero, grupo, clase));
@@ -121,7 +114,7 @@ Resultado<> Historial::tareaFallida(qint64 numero, int grupo, int clase, const Q
 
 Resultado<std::vector<EjecucionHecha>> Historial::ultimas(int cuantas,
                                                           std::optional<qint64> enMarcha) {
-  return todas<EjecucionHecha>(
+  return dao::reunir(
       db_.consultar(u"SELECT EJECUCION, NOMBRE, INICIO, FIN, RESULTADO, PERIODOS, TRAZA FROM "
                     u"Ejecuciones ORDER BY EJECUCION DESC LIMIT ?",
                     cuantas),
@@ -129,15 +122,22 @@ Resultado<std::vector<EjecucionHecha>> Historial::ultimas(int cuantas,
 }
 
 Resultado<std::vector<TareaHecha>> Historial::tareas(qint64 numero) {
-  return todas<TareaHecha>(
+  std::vector<TareaHecha> lista;
+  TARVO_INTENTAR(dao::recorrer(
       db_.consultar(u"SELECT GRUPO, CLASE, HECHA, FALLO FROM ProcesoTareas WHERE EJECUCION=? ORDER "
                     u"BY PASO, GRUPO",
                     numero),
-      tareaDe);
+      [&](const dao::Recordset& rs) -> Resultado<> {
+        const auto clase = deNumero<TipoTarea>(rs.entero(1));
+        if (!clase) return fallo(Fallo::Formato, textos_(kTxTareaDesconocida, {rs.entero(1)}));
+        lista.push_back(tareaDe(rs, *clase));
+        return {};
+      }));
+  return lista;
 }
 
 Resultado<std::vector<AvisoHecho>> Historial::avisos(qint64 numero) {
-  return todas<AvisoHecho>(
+  return dao::reunir(
       db_.consultar(u"SELECT GRUPO, TEXTO, GRAVE FROM EjecucionAvisos WHERE EJECUCION=? ORDER BY "
                     u"rowid",
                     numero),

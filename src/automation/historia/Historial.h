@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/dao/Database.h"
+#include "core/textos/Textos.h"
 
 namespace tarvo::automation {
 
@@ -42,7 +43,8 @@ struct EjecucionHecha {
 };
 
 struct TareaHecha {
-  int grupo = 0, clase = 0;
+  int grupo = 0;
+  TipoTarea clase = TipoTarea::TxHora;
   enum class Estado { EnCola, Hecha, Fallida } estado = Estado::EnCola;
   QString motivo;  // of a failure, in words
 };
@@ -55,7 +57,7 @@ struct AvisoHecho {
 
 class Historial {
  public:
-  explicit Historial(dao::Database& db) : db_(db) {}
+  Historial(dao::Database& db, const Textos& textos) : db_(db), textos_(textos) {}
 
   // --- written by the runner, in the transactions of what they tell of
   // A run begins; runs beyond those that are kept go. REQUIRES a transaction.
@@ -64,18 +66,19 @@ class Historial {
   // REQUIRES that the periods are there.
   Resultado<> periodosHechos(qint64 numero, const std::vector<qint64>& links);
   Resultado<> aviso(qint64 numero, const AvisoHecho& aviso);
-  Resultado<> tareaFallida(qint64 numero, int grupo, int clase, const QString& motivo);
+  Resultado<> tareaFallida(qint64 numero, int grupo, TipoTarea clase, const QString& motivo);
 
   // --- read by whoever shows it
   // The last runs, the latest first. `enMarcha`: the number of the one that is under way now; any
   // other without an end was cut off.
   Resultado<std::vector<EjecucionHecha>> ultimas(int cuantas, std::optional<qint64> enMarcha = {});
-  // In the order of its steps.
+  // In the order of its steps. Formato when one is of a kind that this program doesn't know.
   Resultado<std::vector<TareaHecha>> tareas(qint64 numero);
   Resultado<std::vector<AvisoHecho>> avisos(qint64 numero);
 
  private:
   dao::Database& db_;
+  const Textos& textos_;
 };
 
 }  // namespace tarvo::automation

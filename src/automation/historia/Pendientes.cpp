@@ -1,8 +1,11 @@
 #include "automation/historia/Pendientes.h"
 
-#include "automation/lenguaje/Proceso.h"
+#include "core/dao/Marcas.h"
+#include "core/dao/Recorrido.h"
 
 namespace tarvo::automation {
+
+using namespace Qt::StringLiterals;
 
 Resultado<> Pendientes::anotar(const OrdenPeriodos& orden, const std::vector<qint64>& links) {
   for (const qint64 link : links)
@@ -14,18 +17,12 @@ Resultado<> Pendientes::anotar(const OrdenPeriodos& orden, const std::vector<qin
 }
 
 Resultado<std::vector<qint64>> Pendientes::de(const OrdenPeriodos& orden) {
-  TARVO_TOMAR(
-      const auto rs,
+  return dao::reunir(
       db_.consultar(u"SELECT p.LINK FROM PeriodosPendientes p INNER JOIN COLUMNA c ON "
                     u"c.LINK=p.LINK AND c.FECHA1=p.FECHA1 AND c.FECHAF=p.FECHAF WHERE VERBO=? AND "
                     u"p.TIPO=? ORDER BY p.LINK",
-                    orden.verbo, orden.tipo));
-  std::vector<qint64> links;
-  while (!rs->Eof()) {
-    links.push_back(rs->entero(0));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return links;
+                    orden.verbo, orden.tipo),
+      [](const dao::Recordset& rs) { return rs.entero(0); });
 }
 
 Resultado<> Pendientes::saldar(const OrdenPeriodos& orden, qint64 link) {
@@ -49,18 +46,17 @@ Resultado<> Pendientes::anotarExporte(const Destino& destino, const Exporte& exp
 }
 
 Resultado<std::vector<Pendientes::Exporte>> Pendientes::exportes(const Destino& destino) {
-  TARVO_TOMAR(const auto rs, db_.consultar(u"SELECT e.MARCA, e.LINK FROM ExportesPendientes e "
-                                           u"INNER JOIN COLUMNA c ON c.LINK=e.LINK AND "
-                                           u"c.FECHA1=e.FECHA1 AND c.FECHAF=e.FECHAF WHERE "
-                                           u"e.PROCESO=? AND e.ORDEN=? ORDER BY e.NUMERO",
-                                           destino.proceso, destino.orden));
   std::vector<Exporte> todos;
-  for (; !rs->Eof();) {
-    const QString marca = rs->texto(0);
-    if (todos.empty() || todos.back().marca != marca) todos.push_back({marca, {}});
-    todos.back().links.push_back(rs->entero(1));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(
+      db_.consultar(u"SELECT e.MARCA, e.LINK FROM ExportesPendientes e INNER JOIN COLUMNA c ON "
+                    u"c.LINK=e.LINK AND c.FECHA1=e.FECHA1 AND c.FECHAF=e.FECHAF WHERE e.PROCESO=? "
+                    u"AND e.ORDEN=? ORDER BY e.NUMERO",
+                    destino.proceso, destino.orden),
+      [&](const dao::Recordset& rs) {
+        const QString marca = rs.texto(0);
+        if (todos.empty() || todos.back().marca != marca) todos.push_back({marca, {}});
+        todos.back().links.push_back(rs.entero(1));
+      }));
   return todos;
 }
 
@@ -72,46 +68,52 @@ Resultado<> Pendientes::saldarExporte(const Destino& destino, qint64 link) {
 }
 
 Resultado<> Pendientes::limpiar() {
-  for (const char16_t* tabla : {u"PeriodosPendientes", u"ExportesPendientes"})
+  for (const QString& tabla : {u"PeriodosPendientes"_s, u"ExportesPendientes"_s})
     TARVO_INTENTAR(db_.ejecutar(
-        QStringLiteral("DELETE FROM %1 WHERE NOT EXISTS (SELECT 1 FROM COLUMNA c WHERE "
-                       "c.LINK=%1.LINK AND c.FECHA1=%1.FECHA1 AND c.FECHAF=%1.FECHAF)")
-            .arg(tabla)));
+        dao::conMarcas(u"DELETE FROM {tabla} WHERE NOT EXISTS (SELECT 1 FROM COLUMNA c WHERE "
+                       u"c.LINK={tabla}.LINK AND c.FECHA1={tabla}.FECHA1 AND "
+                       u"c.FECHAF={tabla}.FECHAF)",
+                       {{u"tabla", tabla}})));
   return {};
 }
 
 // --- for a person -------------------------------------------------------------------------------
 
+namespace {
+
+Pendientes::Debido debidoDe(const dao::Recordset& rs) {
+  using Debido = Pendientes::Debido;
+  Debido d;
+  d.link = rs.entero(0);
+  d.clase = static_cast<int>(rs.entero(1));
+  d.desde = rs.fecha(2);
+  d.hasta = rs.fecha(3);
+  d.descripcion = rs.texto(4).trimmed();
+  const qint64 verbo = rs.entero(5);
+  const bool acumular = deNumero<VerboPeriodos>(verbo) == VerboPeriodos::Acumular;
+  d.que = verbo == 0 ? Debido::Que::Exportar
+          : acumular ? Debido::Que::Acumular
+                     : Debido::Que::Descontar;
+  d.mayor = static_cast<int>(rs.entero(6));
+  d.proceso = rs.texto(7);
+  d.fichero = rs.texto(8);
+  d.orden = static_cast<int>(rs.entero(9));
+  return d;
+}
+
+}  // namespace
+
 Resultado<std::vector<Pendientes::Debido>> Pendientes::todos() {
-  TARVO_TOMAR(const auto rs,
-              db_.consultar(u"SELECT c.LINK, c.TIPO, c.FECHA1, c.FECHAF, c.DESCR, 0 AS VERBO, 0 AS "
-                            u"MAYOR, e.PROCESO, e.RUTA, e.ORDEN, e.NUMERO AS VEZ FROM "
-                            u"ExportesPendientes e INNER JOIN COLUMNA c ON c.LINK=e.LINK AND "
-                            u"c.FECHA1=e.FECHA1 AND c.FECHAF=e.FECHAF UNION ALL SELECT c.LINK, "
-                            u"c.TIPO, c.FECHA1, c.FECHAF, c.DESCR, p.VERBO, p.TIPO, '', '', 0, "
-                            u"c.LINK FROM PeriodosPendientes p INNER JOIN COLUMNA c ON "
-                            u"c.LINK=p.LINK AND c.FECHA1=p.FECHA1 AND c.FECHAF=p.FECHAF ORDER BY "
-                            u"VERBO, VEZ"));
-  std::vector<Debido> lista;
-  while (!rs->Eof()) {
-    Debido d;
-    d.link = rs->entero(0);
-    d.clase = static_cast<int>(rs->entero(1));
-    d.desde = rs->fecha(2);
-    d.hasta = rs->fecha(3);
-    d.descripcion = rs->texto(4).trimmed();
-    const auto verbo = static_cast<int>(rs->entero(5));
-    d.que = verbo == 0           ? Debido::Que::Exportar
-            : verbo == kAcumular ? Debido::Que::Acumular
-                                 : Debido::Que::Descontar;
-    d.mayor = static_cast<int>(rs->entero(6));
-    d.proceso = rs->texto(7);
-    d.fichero = rs->texto(8);
-    d.orden = static_cast<int>(rs->entero(9));
-    lista.push_back(std::move(d));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return lista;
+  return dao::reunir(
+      db_.consultar(u"SELECT c.LINK, c.TIPO, c.FECHA1, c.FECHAF, c.DESCR, 0 AS VERBO, 0 AS "
+                    u"MAYOR, e.PROCESO, e.RUTA, e.ORDEN, e.NUMERO AS VEZ FROM "
+                    u"ExportesPendientes e INNER JOIN COLUMNA c ON c.LINK=e.LINK AND "
+                    u"c.FECHA1=e.FECHA1 AND c.FECHAF=e.FECHAF UNION ALL SELECT c.LINK, "
+                    u"c.TIPO, c.FECHA1, c.FECHAF, c.DESCR, p.VERBO, p.TIPO, '', '', 0, "
+                    u"c.LINK FROM PeriodosPendientes p INNER JOIN COLUMNA c ON "
+                    u"c.LINK=p.LINK AND c.FECHA1=p.FECHA1 AND c.FECHAF=p.FECHAF ORDER BY "
+                    u"VERBO, VEZ"),
+      debidoDe);
 }
 
 Resultado<bool> Pendientes::olvidar(const Debido& d) {
@@ -122,9 +124,11 @@ Resultado<bool> Pendientes::olvidar(const Debido& d) {
                      d.link, d.proceso, d.orden));
     return filas > 0;
   }
-  TARVO_TOMAR(const auto filas,
-              db_.ejecutar(u"DELETE FROM PeriodosPendientes WHERE LINK=? AND VERBO=? AND TIPO=?",
-                           d.link, d.que == Debido::Que::Acumular ? kAcumular : kStock, d.mayor));
+  TARVO_TOMAR(
+      const auto filas,
+      db_.ejecutar(u"DELETE FROM PeriodosPendientes WHERE LINK=? AND VERBO=? AND TIPO=?", d.link,
+                   d.que == Debido::Que::Acumular ? VerboPeriodos::Acumular : VerboPeriodos::Stock,
+                   d.mayor));
   return filas > 0;
 }
 

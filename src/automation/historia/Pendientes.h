@@ -5,12 +5,13 @@
 #include <QString>
 #include <vector>
 
+#include "automation/lenguaje/Proceso.h"
 #include "core/dao/Database.h"
 
 namespace tarvo::automation {
 
 struct OrdenPeriodos {
-  int verbo = 0;    // of class P
+  VerboPeriodos verbo = VerboPeriodos::Acumular;
   qint64 tipo = 0;  // of the larger period, 0 for a verb without one
 };
 

@@ -1,4 +1,6 @@
 // Writer of one step line.
+#include <utility>
+
 #include "automation/lenguaje/Gramatica.h"
 #include "core/textos/Textos.h"
 #include "totals/periodos/Calendario.h"
@@ -20,95 +22,91 @@ QString fechaEscrita(Fecha f) {
   return f == f.dia() ? f.corta() : f.general();
 }
 
-QString conAncho(const Casilla& c, int ancho) {
-  if (const auto* n = std::get_if<qint64>(&c)) return Ceros(*n, ancho);
-  const auto* t = std::get_if<QString>(&c);
-  return t ? *t : QString();
+QString conAncho(const Referencia& r, int ancho) {
+  const auto* n = std::get_if<qint64>(&r);
+  return n ? Ceros(*n, ancho) : std::get<QString>(r);
 }
 
-QString fechaOTexto(const Casilla& c) {
-  if (const auto* f = std::get_if<Fecha>(&c)) return fechaEscrita(*f);
-  const auto* t = std::get_if<QString>(&c);
-  return t ? sinCortes(*t) : QString();
+QString fechaOTexto(const Momento& m) {
+  const auto* f = std::get_if<Fecha>(&m);
+  return f ? fechaEscrita(*f) : sinCortes(std::get<QString>(m));
 }
 
+// What comes after the letter of each kind of step.
 class Escritor {
  public:
-  Escritor(const PasoProceso& paso, const motor::RegistroTareas& registro, bool espanol)
-      : p_(paso), registro_(registro), espanol_(espanol) {}
+  Escritor(const motor::RegistroTareas& registro, bool espanol)
+      : registro_(registro), espanol_(espanol) {}
 
-  QString linea() const {
-    switch (p_.clase()) {
-      case kTarea:
-        return u"T:"_s + tarea();
-      case kSesion:
-        return u"S:"_s + verbo() + (p_.verbo() == kCerrar ? cerrar() : QString());
-      case kControl:
-        return u"C:"_s + verbo() + u", "_s + conAncho(p_.c[2], 1) + u", "_s + siNoDe(3);
-      case kPeriodos:
-        return u"P:"_s + verbo() + periodos();
-      case kExportar:
-        return u"E:"_s + verbo() + (p_.verbo() == kTotaliza ? totaliza() : QString());
-      case kNoper:
-        return u"N:"_s + p_.texto(1);
-      default:
-        return {};
+  QString campos(const PasoTarea& p) const {
+    const auto* clase = registro_.de(p.tarea);
+    const QString cabeza =
+        (clase ? QString::fromUtf16(clase->clave) : QString()) + u',' + conAncho(p.grupo, 4);
+    switch (colaDe(p.tarea)) {
+      case ColaTarea::Nada:
+        return cabeza;
+      case ColaTarea::Informe:
+        return cabeza + u", "_s + siNoDe(p.todo.value_or(false));
+      case ColaTarea::Rango:
+        break;
     }
+    const PasoTarea::Rango rango = p.rango.value_or(PasoTarea::Rango{});
+    return cabeza + u", "_s + siNoDe(p.todo.value_or(false)) + u", "_s + conAncho(rango.desde, 7) +
+           u", "_s + conAncho(rango.hasta, 7);
   }
+
+  QString campos(const PasoSesion& p) const {
+    const QString verbo = palabraDe(p.verbo).toString();
+    if (p.verbo != VerboSesion::Cerrar) return verbo;
+    return verbo + u", "_s + sinCortes(p.descripcion) + u", "_s + siNoDe(p.todoAUno) + u", "_s +
+           siNoDe(p.sustituir);
+  }
+
+  QString campos(const PasoControl& p) const {
+    return p.kVerbo.toString() + u", "_s + conAncho(p.reintentos, 1) + u", "_s +
+           siNoDe(p.borrarFallos);
+  }
+
+  QString campos(const PasoPeriodos& p) const {
+    if (!p.verbo) return {};
+    const QString verbo = palabraDe(*p.verbo).toString(), tipo = u',' + Ceros(p.tipo, 1);
+    switch (*p.verbo) {
+      case VerboPeriodos::Crear:
+        return verbo + crear(p);
+      case VerboPeriodos::Borrar:
+      case VerboPeriodos::Seleccionar:
+        return verbo + tipo + u',' + fechaOTexto(p.desde) + u',' + fechaOTexto(p.hasta);
+      case VerboPeriodos::Acumular:
+      case VerboPeriodos::Desacumular:
+        return verbo + tipo;
+      case VerboPeriodos::Limpiar:
+      case VerboPeriodos::SelUltimo:
+      case VerboPeriodos::Stock:
+      case VerboPeriodos::Sumar:
+        return verbo;
+    }
+    std::unreachable();
+  }
+
+  QString campos(const PasoExportar& p) const {
+    if (!p.totaliza) return {};
+    return p.kVerbo.toString() + u", "_s + siNoDe(p.corto) + u", "_s + siNoDe(p.borrar) + u',' +
+           sinCortes(p.fichero);
+  }
+
+  QString campos(const PasoNoper& p) const { return p.texto; }
 
  private:
-  QString siNoDe(int casilla) const { return siNo(p_.logico(casilla), espanol_); }
+  QString siNoDe(bool si) const { return siNo(si, espanol_); }
 
-  QString verbo() const {
-    const auto verbos = verbosDe(p_.clase());
-    const auto n = static_cast<size_t>(p_.verbo());
-    return n >= 1 && n <= verbos.size() ? verbos[n - 1].toString() : QString();
-  }
-
-  QString tarea() const {
-    const auto* clase = registro_.porNumero(p_.verbo());
-    const QString cabeza =
-        (clase ? QString::fromUtf16(clase->clave) : QString()) + u',' + conAncho(p_.c[2], 4);
-    if (llevaInforme(p_.verbo())) return cabeza + u", "_s + siNoDe(3);
-    if (!llevaRango(p_.verbo())) return cabeza;
-    return cabeza + u", "_s + siNoDe(3) + u", "_s + conAncho(p_.c[4], 7) + u", "_s +
-           conAncho(p_.c[5], 7);
-  }
-
-  QString cerrar() const {
-    return u", "_s + sinCortes(p_.texto(2)) + u", "_s + siNoDe(3) + u", "_s + siNoDe(4);
-  }
-
-  QString periodos() const {
-    switch (p_.verbo()) {
-      case kCrear:
-        return crear();
-      case kBorrar:
-      case kSeleccionar:
-        return u',' + conAncho(p_.c[2], 1) + u',' + fechaOTexto(p_.c[3]) + u',' +
-               fechaOTexto(p_.c[4]);
-      case kAcumular:
-      case kDesacumular:
-        return u',' + conAncho(p_.c[2], 1);
-      default:
-        return {};
-    }
-  }
-
-  QString crear() const {
-    const auto* i = std::get_if<Intervalo>(&p_.c[2]);
-    const Intervalo iv = i ? *i : Intervalo{};
+  static QString crear(const PasoPeriodos& p) {
+    const Intervalo& iv = p.intervalo;
     const bool libre = iv.tipo == totals::kOtros;  // the others' limits follow from the day
     return u',' + QString::number(iv.tipo) + u',' +
            (libre ? fechaEscrita(iv.desde) : iv.desde.corta()) + u',' +
-           (libre ? fechaEscrita(iv.hasta) : iv.hasta.corta()) + u',' + sinCortes(p_.texto(3));
+           (libre ? fechaEscrita(iv.hasta) : iv.hasta.corta()) + u',' + sinCortes(p.descripcion);
   }
 
-  QString totaliza() const {
-    return u", "_s + siNoDe(2) + u", "_s + siNoDe(3) + u',' + sinCortes(p_.texto(4));
-  }
-
-  const PasoProceso& p_;
   const motor::RegistroTareas& registro_;
   bool espanol_;
 };
@@ -116,12 +114,18 @@ class Escritor {
 }  // namespace
 
 QString Lenguaje::EscribirPaso(const PasoProceso& paso) const {
-  return Escritor(paso, r_, a_.EsEspanol()).linea();
+  const Escritor escritor(r_, a_.EsEspanol());
+  return std::visit(
+      SegunPaso{[](std::monostate) { return QString(); },
+                [&]<class P>(const P& p) {
+                  return QString(QChar(P::kLetra) + (u':' + escritor.campos(p)));
+                }},
+      paso);
 }
 
 QString Lenguaje::escribir(const FicheroProceso& f) const {
   auto fin = f.pasos.end();
-  while (fin != f.pasos.begin() && std::prev(fin)->clase() == 0) --fin;
+  while (fin != f.pasos.begin() && enBlanco(*std::prev(fin))) --fin;
   QString pasos;
   for (auto p = f.pasos.begin(); p != fin; ++p) pasos += EscribirPaso(*p) + u"\r\n"_s;
   if (f.activaciones.empty()) return pasos;

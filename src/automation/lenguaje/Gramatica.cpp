@@ -1,46 +1,91 @@
 #include "automation/lenguaje/Gramatica.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace tarvo::automation {
 
 namespace {
 
-constexpr std::array<QStringView, 3> kVerbosSesion{u"ABRIR", u"OLVIDAR", u"CERRAR"};
-constexpr std::array<QStringView, 1> kVerbosControl{u"ESPERA"};
-constexpr std::array<QStringView, 9> kVerbosPeriodos{
-    u"CREAR",    u"BORRAR", u"LIMPIAR", u"SELECCIONAR", u"SEL. ULTIMO",
-    u"ACUMULAR", u"STOCK",  u"SUMAR",   u"DESACUMULAR"};
-constexpr std::array<QStringView, 1> kVerbosExportar{u"TOTALIZA"};
+constexpr VerboSesion kVerbosSesion[] = {VerboSesion::Abrir, VerboSesion::Olvidar,
+                                         VerboSesion::Cerrar};
 
 }  // namespace
 
-std::span<const QStringView> verbosDe(int clase) {
-  switch (clase) {
-    case kSesion:
-      return kVerbosSesion;
-    case kControl:
-      return kVerbosControl;
-    case kPeriodos:
-      return kVerbosPeriodos;
-    case kExportar:
-      return kVerbosExportar;
-    default:
-      return {};
+QStringView palabraDe(VerboSesion verbo) {
+  switch (verbo) {
+    case VerboSesion::Abrir:
+      return u"ABRIR";
+    case VerboSesion::Olvidar:
+      return u"OLVIDAR";
+    case VerboSesion::Cerrar:
+      return u"CERRAR";
   }
+  std::unreachable();
 }
 
-int numeroVerbo(int clase, QStringView verbo) {
-  const auto verbos = verbosDe(clase);
-  const auto it = std::ranges::find(verbos, verbo);
-  return it == verbos.end() ? 0 : static_cast<int>(it - verbos.begin()) + 1;
+QStringView palabraDe(VerboPeriodos verbo) {
+  switch (verbo) {
+    case VerboPeriodos::Crear:
+      return u"CREAR";
+    case VerboPeriodos::Borrar:
+      return u"BORRAR";
+    case VerboPeriodos::Limpiar:
+      return u"LIMPIAR";
+    case VerboPeriodos::Seleccionar:
+      return u"SELECCIONAR";
+    case VerboPeriodos::SelUltimo:
+      return u"SEL. ULTIMO";
+    case VerboPeriodos::Acumular:
+      return u"ACUMULAR";
+    case VerboPeriodos::Stock:
+      return u"STOCK";
+    case VerboPeriodos::Sumar:
+      return u"SUMAR";
+    case VerboPeriodos::Desacumular:
+      return u"DESACUMULAR";
+  }
+  std::unreachable();
 }
 
-bool llevaRango(int tarea) {
-  return tarea == 1 || tarea == 11 || tarea == 16;
+std::optional<VerboSesion> verboSesion(QStringView palabra) {
+  for (const VerboSesion v : kVerbosSesion)
+    if (palabraDe(v) == palabra) return v;
+  return std::nullopt;
 }
-bool llevaInforme(int tarea) {
-  return tarea == 6;
+
+std::optional<VerboPeriodos> verboPeriodos(QStringView palabra) {
+  for (const VerboPeriodos v : todosLos<VerboPeriodos>())
+    if (palabraDe(v) == palabra) return v;
+  return std::nullopt;
+}
+
+ColaTarea colaDe(TipoTarea tarea) {
+  switch (tarea) {
+    case TipoTarea::TxPlus:
+    case TipoTarea::TPreci:
+    case TipoTarea::RxPlus:
+      return ColaTarea::Rango;
+    case TipoTarea::TxZero:
+      return ColaTarea::Informe;
+    case TipoTarea::TxTecla:
+    case TipoTarea::TxTick:
+    case TipoTarea::TxCnfig:
+    case TipoTarea::TxCfBal:
+    case TipoTarea::TxHora:
+    case TipoTarea::TxEtiq:
+    case TipoTarea::TxCerr:
+    case TipoTarea::BorrPlu:
+    case TipoTarea::RxGrTot:
+    case TipoTarea::RxOpera:
+    case TipoTarea::RxDepar:
+    case TipoTarea::RxHorar:
+    case TipoTarea::RxOpHor:
+    case TipoTarea::RxPedid:
+    case TipoTarea::RxInven:
+    case TipoTarea::RxDatPlu:
+      return ColaTarea::Nada;
+  }
+  std::unreachable();
 }
 
 QStringView cortar(QStringView& resto, QChar corte) {
@@ -50,32 +95,24 @@ QStringView cortar(QStringView& resto, QChar corte) {
   return campo.trimmed();
 }
 
-QString palabraClase(int clase) {
-  static constexpr std::array<QStringView, 7> palabras{
-      u"", u"TAREA", u"SESIÓN", u"CONTROL", u"PERIODOS", u"EXPORTAR", u"NOPER"};
-  return clase > 0 && clase < 7 ? palabras[static_cast<size_t>(clase)].toString() : QString();
+QString palabraClase(const PasoProceso& paso) {
+  return std::visit(
+      [](const auto& p) {
+        if constexpr (std::is_same_v<decltype(p), const std::monostate&>)
+          return QString();
+        else
+          return p.kPalabra.toString();
+      },
+      paso);
 }
 
-int PasoProceso::clase() const {
-  return static_cast<int>(numero(0));
-}
-int PasoProceso::verbo() const {
-  return static_cast<int>(numero(1));
+bool enBlanco(const PasoProceso& paso) {
+  return std::holds_alternative<std::monostate>(paso);
 }
 
-qint64 PasoProceso::numero(int casilla) const {
-  const auto* n = std::get_if<qint64>(&c[static_cast<size_t>(casilla)]);
-  return n ? *n : 0;
-}
-
-bool PasoProceso::logico(int casilla) const {
-  const auto* b = std::get_if<bool>(&c[static_cast<size_t>(casilla)]);
-  return b && *b;
-}
-
-QString PasoProceso::texto(int casilla) const {
-  const auto* t = std::get_if<QString>(&c[static_cast<size_t>(casilla)]);
-  return t ? *t : QString();
+bool memoriza(const PasoProceso& paso) {
+  const auto* sesion = std::get_if<PasoSesion>(&paso);
+  return sesion && sesion->verbo == VerboSesion::Cerrar;
 }
 
 }  // namespace tarvo::automation

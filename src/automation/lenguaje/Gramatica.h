@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QStringView>
-#include <span>
 
 #include "automation/lenguaje/Proceso.h"
 
@@ -11,13 +10,15 @@ namespace tarvo::automation {
 inline constexpr QStringView kInicioBatch = u"@INICIO BATCH", kFinalBatch = u"@FINAL BATCH";
 inline constexpr qint64 kPrimerCodigo = 0, kUltimoCodigo = 9999999;
 
-// Verbs of a class in the order of their numbers, from 1.
-std::span<const QStringView> verbosDe(int clase);
-// Number of a verb, 0 when the class has none so called.
-int numeroVerbo(int clase, QStringView verbo);
-// The task kinds whose line goes on: with a flag and a range of codes, or with a flag alone.
-bool llevaRango(int tarea);
-bool llevaInforme(int tarea);
+QStringView palabraDe(VerboSesion verbo);
+QStringView palabraDe(VerboPeriodos verbo);
+// Nothing for a word that is no verb of theirs.
+std::optional<VerboSesion> verboSesion(QStringView palabra);
+std::optional<VerboPeriodos> verboPeriodos(QStringView palabra);
+
+// How the line of a task goes on after its group.
+enum class ColaTarea { Nada, Informe, Rango };
+ColaTarea colaDe(TipoTarea tarea);
 
 // Takes the text before the first `corte` off `resto`, both trimmed; without one, all of it.
 QStringView cortar(QStringView& resto, QChar corte);

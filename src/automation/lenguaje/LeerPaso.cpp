@@ -34,7 +34,7 @@ class Campos {
   QString texto() { return campo().toString(); }
 
   // A number, a reference to be filled at run time, or the word for all groups.
-  Casilla referencia() {
+  Referencia referencia() {
     const auto f = campo();
     bool es = false;
     const qint64 n = f.toLongLong(&es);
@@ -43,9 +43,11 @@ class Campos {
     if (!referencia && f != u"ALL") fallo(kTxNoEsNumero, {citado(f)});
     return f.toString();
   }
-  Casilla codigo(qint64 defecto) { return resto_.isEmpty() ? Casilla(defecto) : referencia(); }
+  Referencia codigo(qint64 defecto) {
+    return resto_.isEmpty() ? Referencia(defecto) : referencia();
+  }
 
-  Casilla logico(bool defecto) {
+  bool logico(bool defecto) {
     const auto f = campo();
     if (f.isEmpty()) return defecto;
     const auto valor = leerSiNo(f, espanol_);
@@ -59,7 +61,7 @@ class Campos {
     if (!valor) fallo(kTxNoEsFecha, {citado(f)});
     return valor.value_or(Fecha());
   }
-  Casilla fechaOTexto() {
+  Momento fechaOTexto() {
     const auto f = campo();
     if (const auto valor = leerFecha(f)) return *valor;
     return f.toString();
@@ -84,31 +86,50 @@ class Campos {
   QString error_;
 };
 
-void leerTarea(Campos& f, const motor::RegistroTareas& registro, PasoProceso& p) {
+PasoProceso leerTarea(Campos& f, const motor::RegistroTareas& registro) {
   const auto clave = f.campo();
-  const auto* tarea = clave.isEmpty() ? nullptr : registro.porClave(clave);
-  if (!tarea) return f.fallo(kTxNoEsTarea, {citado(clave)});
-  p.c[1] = qint64{tarea->numero};
-  p.c[2] = f.referencia();
-  if (llevaRango(tarea->numero)) {
-    p.c[3] = f.logico(true);
-    p.c[4] = f.codigo(kPrimerCodigo);
-    p.c[5] = f.codigo(kUltimoCodigo);
-  } else if (llevaInforme(tarea->numero)) {
-    p.c[3] = f.logico(true);
+  const auto* clase = clave.isEmpty() ? nullptr : registro.porClave(clave);
+  if (!clase) {
+    f.fallo(kTxNoEsTarea, {citado(clave)});
+    return {};
   }
+  PasoTarea p{.tarea = clase->tarea, .grupo = f.referencia(), .todo = {}, .rango = {}};
+  switch (colaDe(p.tarea)) {
+    case ColaTarea::Nada:
+      break;
+    case ColaTarea::Informe:
+      p.todo = f.logico(true);
+      break;
+    case ColaTarea::Rango:
+      p.todo = f.logico(true);
+      p.rango.emplace().desde = f.codigo(kPrimerCodigo);
+      p.rango->hasta = f.codigo(kUltimoCodigo);
+      break;
+  }
+  return p;
 }
 
-void leerSesion(Campos& f, int verbo, PasoProceso& p) {
-  if (verbo != kCerrar) return;
-  p.c[2] = f.texto();
-  p.c[3] = f.logico(true);
-  p.c[4] = f.logico(true);
+PasoProceso leerSesion(Campos& f) {
+  const auto palabra = f.campo();
+  const auto verbo = verboSesion(palabra);
+  if (!verbo) f.fallo(kTxNoEsOrden, {citado(palabra), PasoSesion::kPalabra});
+  PasoSesion p;
+  p.verbo = verbo.value_or(VerboSesion::Abrir);
+  if (p.verbo != VerboSesion::Cerrar) return p;
+  p.descripcion = f.texto();
+  p.todoAUno = f.logico(true);
+  p.sustituir = f.logico(true);
+  return p;
 }
 
-void leerControl(Campos& f, PasoProceso& p) {
-  p.c[2] = f.referencia();
-  p.c[3] = f.logico(false);
+PasoProceso leerControl(Campos& f) {
+  const auto palabra = f.campo();
+  if (palabra != PasoControl::kVerbo)
+    f.fallo(kTxNoEsOrden, {citado(palabra), PasoControl::kPalabra});
+  PasoControl p;
+  p.reintentos = f.referencia();
+  p.borrarFallos = f.logico(false);
+  return p;
 }
 
 Intervalo leerIntervalo(Campos& f) {
@@ -122,75 +143,75 @@ Intervalo leerIntervalo(Campos& f) {
   return {tipo, lleno.desde, lleno.hasta};
 }
 
-void leerPeriodos(Campos& f, int verbo, PasoProceso& p) {
-  switch (verbo) {
-    case kCrear:
-      p.c[2] = leerIntervalo(f);
-      p.c[3] = f.texto();
+PasoProceso leerPeriodos(Campos& f) {
+  PasoPeriodos p;
+  p.verbo = verboPeriodos(f.campo());
+  if (!p.verbo) return p;
+  switch (*p.verbo) {
+    case VerboPeriodos::Crear:
+      p.intervalo = leerIntervalo(f);
+      p.descripcion = f.texto();
       break;
-    case kBorrar:
-    case kSeleccionar:
-      p.c[2] = f.clasePeriodo();
-      p.c[3] = f.fechaOTexto();
-      p.c[4] = f.fechaOTexto();
+    case VerboPeriodos::Borrar:
+    case VerboPeriodos::Seleccionar:
+      p.tipo = f.clasePeriodo();
+      p.desde = f.fechaOTexto();
+      p.hasta = f.fechaOTexto();
       break;
-    case kAcumular:
-    case kDesacumular:
-      p.c[2] = f.clasePeriodo();
+    case VerboPeriodos::Acumular:
+    case VerboPeriodos::Desacumular:
+      p.tipo = f.clasePeriodo();
       break;
+    case VerboPeriodos::Limpiar:
+    case VerboPeriodos::SelUltimo:
+    case VerboPeriodos::Stock:
+    case VerboPeriodos::Sumar:
+      break;
+  }
+  return p;
+}
+
+PasoProceso leerExportar(Campos& f) {
+  PasoExportar p;
+  p.totaliza = f.campo() == PasoExportar::kVerbo;
+  if (!p.totaliza) return p;
+  p.corto = f.logico(false);
+  p.borrar = f.logico(false);
+  p.fichero = f.texto();
+  return p;
+}
+
+// Nothing for a line that begins like no kind of step.
+std::optional<PasoProceso> leerCampos(QStringView palabra, Campos& f,
+                                      const motor::RegistroTareas& registro) {
+  if (palabra.isEmpty()) return std::nullopt;
+  switch (palabra.front().unicode()) {
+    case PasoTarea::kLetra:
+      return leerTarea(f, registro);
+    case PasoSesion::kLetra:
+      return leerSesion(f);
+    case PasoControl::kLetra:
+      return leerControl(f);
+    case PasoPeriodos::kLetra:
+      return leerPeriodos(f);
+    case PasoExportar::kLetra:
+      return leerExportar(f);
+    case PasoNoper::kLetra:
+      return PasoNoper{f.todo().toString()};
     default:
-      break;
+      return std::nullopt;
   }
-}
-
-void leerExportar(Campos& f, PasoProceso& p) {
-  p.c[2] = f.logico(false);
-  p.c[3] = f.logico(false);
-  p.c[4] = f.texto();
-}
-
-int claseDe(QStringView palabra) {
-  constexpr QStringView letras = u"TSCPEN";
-  return palabra.isEmpty() ? 0 : static_cast<int>(letras.indexOf(palabra.front())) + 1;
-}
-
-// The verb of a class whose verbs are words. Only periods and exports keep an unknown one, as a
-// step that does nothing.
-int leerVerbo(Campos& f, int clase, PasoProceso& p) {
-  const auto palabra = f.campo();
-  const int verbo = numeroVerbo(clase, palabra);
-  if (verbo == 0 && (clase == kSesion || clase == kControl))
-    f.fallo(kTxNoEsOrden, {citado(palabra), palabraClase(clase)});
-  p.c[1] = qint64{verbo};
-  return verbo;
-}
-
-void leerCampos(Campos& f, int clase, const motor::RegistroTareas& registro, PasoProceso& p) {
-  if (clase == kTarea) return leerTarea(f, registro, p);
-  if (clase == kNoper) {
-    p.c[1] = f.todo().toString();
-    return;
-  }
-  const int verbo = leerVerbo(f, clase, p);
-  if (verbo == 0) return;
-  if (clase == kSesion) leerSesion(f, verbo, p);
-  if (clase == kControl) leerControl(f, p);
-  if (clase == kPeriodos) leerPeriodos(f, verbo, p);
-  if (clase == kExportar) leerExportar(f, p);
 }
 
 }  // namespace
 
 Resultado<std::optional<PasoProceso>> Lenguaje::LeerPaso(QStringView linea) const {
   if (linea.trimmed().isEmpty()) return PasoProceso{};
-  const int clase = claseDe(cortar(linea, u':'));
-  if (clase == 0) return std::nullopt;
-  PasoProceso p;
-  p.c[0] = qint64{clase};
+  const QStringView palabra = cortar(linea, u':');
   Campos f(linea, a_.EsEspanol(), t_);
-  leerCampos(f, clase, r_, p);
+  auto paso = leerCampos(palabra, f, r_);
   if (!f.error().isEmpty()) return fallo(Fallo::Formato, f.error());
-  return p;
+  return paso;
 }
 
 }  // namespace tarvo::automation

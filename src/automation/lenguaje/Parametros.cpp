@@ -11,32 +11,39 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Steps whose free text may bear names, and the slot that it stands in.
-int casillaDeTexto(const PasoProceso& p) {
-  if (p.clase() == kSesion && p.verbo() == kCerrar) return 2;
-  return p.clase() == kExportar ? 4 : 0;
+// The free text of a step that may bear names; null for a step without one.
+QString* textoConNombres(PasoProceso& paso) {
+  if (memoriza(paso)) return &std::get<PasoSesion>(paso).descripcion;
+  auto* exportar = std::get_if<PasoExportar>(&paso);
+  return exportar ? &exportar->fichero : nullptr;
 }
 
-void cambiarEnTexto(PasoProceso& p, int casilla, const QString& nombre, const QString& valor) {
-  if (auto* t = std::get_if<QString>(&p.c[static_cast<size_t>(casilla)]))
-    CambiaTexto(nombre, valor, *t);
+template <class R, class V>
+void rellenarReferencia(R& referencia, const QString& nombre, const V& valor) {
+  if (referencia == R(nombre)) referencia = valor;
 }
 
-void rellenarNumero(PasoProceso& p, const QString& nombre, qint64 n) {
-  if (p.clase() == kTarea)
-    for (size_t i = 1; i < p.c.size(); ++i)
-      if (p.c[i] == Casilla(nombre)) p.c[i] = n;
-  if (p.clase() == kSesion && p.verbo() == kCerrar) cambiarEnTexto(p, 2, nombre, Ceros(n, 4));
+void rellenarNumero(PasoProceso& paso, const QString& nombre, qint64 n) {
+  if (memoriza(paso)) CambiaTexto(nombre, Ceros(n, 4), std::get<PasoSesion>(paso).descripcion);
+  auto* p = std::get_if<PasoTarea>(&paso);
+  if (!p) return;
+  rellenarReferencia(p->grupo, nombre, n);
+  if (!p->rango) return;
+  rellenarReferencia(p->rango->desde, nombre, n);
+  rellenarReferencia(p->rango->hasta, nombre, n);
 }
 
-void rellenarTexto(PasoProceso& p, const QString& nombre, const QString& texto) {
-  if (const int casilla = casillaDeTexto(p)) cambiarEnTexto(p, casilla, nombre, texto);
+void rellenarTexto(PasoProceso& paso, const QString& nombre, const QString& texto) {
+  if (QString* donde = textoConNombres(paso)) CambiaTexto(nombre, texto, *donde);
 }
 
-void rellenarFechas(PasoProceso& p, const QString& nombre, const std::pair<Fecha, Fecha>& fechas) {
-  if (p.clase() != kSesion && p.clase() != kPeriodos) return;
-  if (p.c[3] == Casilla(nombre)) p.c[3] = fechas.first;
-  if (p.c[4] == Casilla(nombre)) p.c[4] = fechas.second;
+void rellenarFechas(PasoProceso& paso, const QString& nombre,
+                    const std::pair<Fecha, Fecha>& fechas) {
+  auto* p = std::get_if<PasoPeriodos>(&paso);
+  if (!p) return;
+  rellenarReferencia(p->desde, nombre, fechas.first);
+  rellenarReferencia(p->hasta, nombre, fechas.second);
+  if (p->descripcion == nombre) p->descripcion = fechas.first.corta();
 }
 
 QJsonValue aJson(const Respuesta& r) {
@@ -61,8 +68,9 @@ std::optional<Respuesta> deJson(const QJsonObject& o) {
 }  // namespace
 
 std::optional<Parametro> parametroDe(const PasoProceso& paso) {
-  if (paso.clase() != kNoper) return std::nullopt;
-  const QString t = paso.texto(1);
+  const auto* noper = std::get_if<PasoNoper>(&paso);
+  if (!noper) return std::nullopt;
+  const QString& t = noper->texto;
   if (t.size() < 3 || !QStringView(u"%$#").contains(t[0]) || t[2] != u',') return std::nullopt;
   return Parametro{t.left(2), t.mid(3).trimmed()};
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 #include <array>
 #include <optional>
 #include <variant>
@@ -11,52 +12,132 @@
 #include "comm/motor/Tarea.h"
 #include "core/ajustes/Ajustes.h"
 #include "core/valores/Resultado.h"
+#include "core/valores/Tipos.h"
 
 namespace tarvo::automation {
 
-enum ClasePaso : int {
-  kTarea = 1,
-  kSesion = 2,
-  kControl = 3,
-  kPeriodos = 4,
-  kExportar = 5,
-  kNoper = 6
+enum class VerboSesion : int { Abrir = 1, Olvidar = 2, Cerrar = 3 };
+enum class VerboPeriodos : int {
+  Crear = 1,
+  Borrar = 2,
+  Limpiar = 3,
+  Seleccionar = 4,
+  SelUltimo = 5,
+  Acumular = 6,
+  Stock = 7,
+  Sumar = 8,
+  Desacumular = 9,
 };
-enum VerboSesion : int { kAbrir = 1, kOlvidar = 2, kCerrar = 3 };
-enum VerboControl : int { kEspera = 1 };
-enum VerboPeriodos : int {
-  kCrear = 1,
-  kBorrar = 2,
-  kLimpiar = 3,
-  kSeleccionar = 4,
-  kSelUltimo = 5,
-  kAcumular = 6,
-  kStock = 7,
-  kSumar = 8,
-  kDesacumular = 9,
-};
-enum VerboExportar : int { kTotaliza = 1 };
+constexpr bool existe(VerboPeriodos v) {
+  switch (v) {
+    case VerboPeriodos::Crear:
+    case VerboPeriodos::Borrar:
+    case VerboPeriodos::Limpiar:
+    case VerboPeriodos::Seleccionar:
+    case VerboPeriodos::SelUltimo:
+    case VerboPeriodos::Acumular:
+    case VerboPeriodos::Stock:
+    case VerboPeriodos::Sumar:
+    case VerboPeriodos::Desacumular:
+      return true;
+  }
+  return false;
+}
 
-// The triple of P "CREAR".
+// A number, or the text that stands for it: a reference ("%x") until a parameter fills it, or
+// "ALL".
+using Referencia = std::variant<qint64, QString>;
+// A moment, or the reference ("#x") that stands for it.
+using Momento = std::variant<Fecha, QString>;
+
+// --- the six kinds of step; kLetra begins its line, kPalabra stands in headers of the trace
+
+// Asks something of a group, or of all.
+struct PasoTarea {
+  static constexpr char16_t kLetra = u'T';
+  static constexpr QStringView kPalabra = u"TAREA";
+  struct Rango {
+    Referencia desde, hasta;
+    bool operator==(const Rango&) const = default;
+  };
+  TipoTarea tarea = TipoTarea::TxHora;
+  Referencia grupo;
+  std::optional<bool> todo;    // of kinds that have a flag
+  std::optional<Rango> rango;  // of kinds that have a range of codes
+  bool operator==(const PasoTarea&) const = default;
+};
+
+struct PasoSesion {
+  static constexpr char16_t kLetra = u'S';
+  static constexpr QStringView kPalabra = u"SESIÓN";
+  VerboSesion verbo = VerboSesion::Abrir;
+  // Of CERRAR alone.
+  QString descripcion;
+  bool todoAUno = true, sustituir = true;
+  bool operator==(const PasoSesion&) const = default;
+};
+
+// Waits until the queue is empty.
+struct PasoControl {
+  static constexpr char16_t kLetra = u'C';
+  static constexpr QStringView kPalabra = u"CONTROL";
+  static constexpr QStringView kVerbo = u"ESPERA";
+  Referencia reintentos;
+  bool borrarFallos = false;
+  bool operator==(const PasoControl&) const = default;
+};
+
+// The triple of CREAR.
 struct Intervalo {
   int tipo = 5;
   Fecha desde, hasta;
   bool operator==(const Intervalo&) const = default;
 };
-// A slot: nothing, a number, a truth value, a moment, a text or a triple.
-using Casilla = std::variant<std::monostate, qint64, bool, Fecha, QString, Intervalo>;
 
-// One step: slot 0 its class, slot 1 the verb, the others by class.
-struct PasoProceso {
-  std::array<Casilla, 7> c;
-  int clase() const;  // 0 for a blank step
-  int verbo() const;  // task kind for a task, 0 for an unknown verb and for a comment
-  // A slot of the wrong kind reads as 0, false or empty.
-  qint64 numero(int casilla) const;
-  bool logico(int casilla) const;
-  QString texto(int casilla) const;
-  bool operator==(const PasoProceso&) const = default;
+struct PasoPeriodos {
+  static constexpr char16_t kLetra = u'P';
+  static constexpr QStringView kPalabra = u"PERIODOS";
+  std::optional<VerboPeriodos> verbo;  // nothing for a word that is none: the step does nothing
+  Intervalo intervalo;                 // CREAR
+  QString descripcion;                 // CREAR
+  qint64 tipo = 0;                     // BORRAR, SELECCIONAR, ACUMULAR, DESACUMULAR
+  Momento desde, hasta;                // BORRAR, SELECCIONAR
+  bool operator==(const PasoPeriodos&) const = default;
 };
+
+struct PasoExportar {
+  static constexpr char16_t kLetra = u'E';
+  static constexpr QStringView kPalabra = u"EXPORTAR";
+  static constexpr QStringView kVerbo = u"TOTALIZA";
+  bool totaliza = false;  // false for a word that is none: the step does nothing
+  bool corto = false, borrar = false;
+  QString fichero;
+  bool operator==(const PasoExportar&) const = default;
+};
+
+// A comment, or what asks for a parameter.
+struct PasoNoper {
+  static constexpr char16_t kLetra = u'N';
+  static constexpr QStringView kPalabra = u"NOPER";
+  QString texto;
+  bool operator==(const PasoNoper&) const = default;
+};
+
+// Nothing for a blank line.
+using PasoProceso = std::variant<std::monostate, PasoTarea, PasoSesion, PasoControl, PasoPeriodos,
+                                 PasoExportar, PasoNoper>;
+
+bool enBlanco(const PasoProceso& paso);
+// S:CERRAR.
+bool memoriza(const PasoProceso& paso);
+
+// One function for each kind, for std::visit.
+template <class... F>
+struct SegunPaso : F... {
+  using F::operator()...;
+};
+template <class... F>
+SegunPaso(F...) -> SegunPaso<F...>;
 
 // An activation line of a timetable.
 struct LineaActivacion {
@@ -74,7 +155,7 @@ struct FicheroProceso {
 };
 
 // "TAREA", "SESIÓN"... as trace headers show it; empty for a blank step.
-QString palabraClase(int clase);
+QString palabraClase(const PasoProceso& paso);
 
 class Lenguaje {
  public:

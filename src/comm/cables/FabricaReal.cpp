@@ -1,5 +1,7 @@
 #include "comm/cables/FabricaReal.h"
 
+#include <utility>
+
 #include "comm/cables/CableLocal.h"
 #include "comm/cables/CableModem.h"
 #include "comm/cables/CableSerie.h"
@@ -24,11 +26,19 @@ QString rutaDePuerto(const Ajustes& ajustes, int puerto) {
 FabricaReal::FabricaReal(Reloj& reloj, const Ajustes& ajustes)
     : reloj_(reloj), ajustes_(ajustes), ocupados_(std::make_shared<Ocupados>()) {}
 
-std::unique_ptr<LinkSocket> FabricaReal::crear(int device) {
+std::unique_ptr<LinkSocket> FabricaReal::crear(TipoAcceso device) {
   const auto rutaDe = [this](int puerto) { return rutaDePuerto(ajustes_, puerto); };
-  if (device == 1) return std::make_unique<CableModem>(reloj_, ocupados_, rutaDe);
-  if (device == 3) return std::make_unique<CableTCP>(reloj_, ocupados_);
-  return std::make_unique<CableSerie>(reloj_, ocupados_, rutaDe);
+  switch (device) {
+    case TipoAcceso::Modem:
+      return std::make_unique<CableModem>(reloj_, ocupados_, rutaDe);
+    case TipoAcceso::TcpIp:
+      return std::make_unique<CableTCP>(reloj_, ocupados_);
+    case TipoAcceso::Ninguno:
+    case TipoAcceso::Directo:
+    case TipoAcceso::Conector:
+      return std::make_unique<CableSerie>(reloj_, ocupados_, rutaDe);
+  }
+  std::unreachable();
 }
 
 std::unique_ptr<LinkSocket> FabricaReal::crearConector(const QString& nombre, int& razon) {

@@ -17,7 +17,7 @@ class Ocupados;
 class FabricaReal final : public FabricaEnlaces {
  public:
   FabricaReal(Reloj& reloj, const Ajustes& ajustes);
-  std::unique_ptr<LinkSocket> crear(int device) override;
+  std::unique_ptr<LinkSocket> crear(TipoAcceso device) override;
   std::unique_ptr<LinkSocket> crearConector(const QString& nombre, int& razon) override;
 
  private:

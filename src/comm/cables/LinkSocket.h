@@ -10,11 +10,13 @@
 #include <QString>
 #include <memory>
 
+#include "core/valores/Tipos.h"
+
 namespace tarvo::enlace {
 
 // The values of one opening, as the configuration and the group give them.
 struct ParametrosLinea {
-  int device = 0;        // 0, 2 direct cable, 1 telephone modem, 3 TCP/IP
+  TipoAcceso device = TipoAcceso::Ninguno;
   int puerto = 0;        // serial port 1 to 16; for TCP/IP the second number of the access text
   int controlLinea = 0;  // bit 0 watch CTS, bit 1 watch DSR
   QString rs232;         // "9600,O,7,1"
@@ -72,7 +74,7 @@ class FabricaEnlaces {
  public:
   virtual ~FabricaEnlaces() = default;
   // For the four configured channels.
-  virtual std::unique_ptr<LinkSocket> crear(int device) = 0;
+  virtual std::unique_ptr<LinkSocket> crear(TipoAcceso device) = 0;
   // For a named connector. The name is looked up at once: nothing and `razon` when there is none.
   virtual std::unique_ptr<LinkSocket> crearConector(const QString& nombre, int& razon) = 0;
 };

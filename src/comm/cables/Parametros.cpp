@@ -46,8 +46,8 @@ ParametrosLinea parametrosDe(const ParamCanal& canal, int baudios, const QString
   p.puerto = canal.Puerto;
   p.controlLinea = canal.ControlLinea;
   p.rs232 = conBaudios(canal.RS232, baudios);
-  if (canal.Device == 3) ponerAccesoTcp(p, acceso);
-  if (canal.Device == 1) p.telefono = acceso;
+  if (canal.Device == TipoAcceso::TcpIp) ponerAccesoTcp(p, acceso);
+  if (canal.Device == TipoAcceso::Modem) p.telefono = acceso;
   p.guion = guionModem(canal);
   p.prefijo = canal.PfxDial;
   p.intentos = canal.Intentos;

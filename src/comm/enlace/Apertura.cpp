@@ -15,7 +15,7 @@ constexpr int kLimiteApertura = 60000,
 
 // No wire may take longer than this to say how its opening ended.
 int limiteApertura(const ParametrosLinea& p) {
-  if (p.device != 1) return kLimiteApertura;
+  if (p.device != TipoAcceso::Modem) return kLimiteApertura;
   const int vuelta = esperaEnMs(p.espera) + kLimiteApertura / 2;
   return 2 * kLimiteApertura + std::clamp(p.intentos, 1, 100) * std::min(vuelta, 3600 * 1000 / 2);
 }
@@ -38,10 +38,10 @@ comtvIP::Estado::Estado(Enlaces::Datos& laCasa, comtvIP& elDueno, int elCanal)
 
 // A direct cable has no access text, whatever the client gave.
 QString comtvIP::Estado::normalizado(const QString& texto) const {
-  return conector || device == 1 || device == 3 ? texto : QString();
+  return conector || device == TipoAcceso::Modem || device == TipoAcceso::TcpIp ? texto : QString();
 }
 
-int comtvIP::Estado::abrir(int para, int baudios, const QString& texto) {
+int comtvIP::Estado::abrir(Para para, int baudios, const QString& texto) {
   paraPendiente = para;
   acceso = normalizado(texto);
   return conector ? abrirConector() : abrirConfigurado(baudios);
@@ -70,19 +70,19 @@ int comtvIP::Estado::abrirConector() {
 }
 
 void comtvIP::Estado::venceLimite() {
-  if (paraAbierto == kNada)
+  if (paraAbierto == Para::Nada)
     terminarApertura(cerrando ? kErrorInterrumpido : kErrorTiempoApertura);
   else if (cerrando)
     terminarCierre(kErrorDesconexion);
 }
 
 void comtvIP::Estado::terminarApertura(int error) {
-  const bool motor = paraPendiente != kVekCaptura;
-  const bool captura = paraPendiente == kVekCaptura || paraPendiente == kVekAmbos;
+  const bool motor = paraPendiente != Para::VekCaptura;
+  const bool captura = paraPendiente == Para::VekCaptura || paraPendiente == Para::VekAmbos;
   limite->parar();
   if (error == 0) {
     paraAbierto = paraPendiente;
-    paraPendiente = kNada;
+    paraPendiente = Para::Nada;
     portadora = portadora || cable->estado() == 5;
     maquina.empezar(casa.azar.entero(0, kMaxSecuencia));
   } else {
@@ -96,20 +96,20 @@ void comtvIP::Estado::terminarApertura(int error) {
 // --- sharing
 // ---------------------------------------------------------------------------------------
 
-bool comtvIP::Estado::puedeUnirse(int para, const QString& texto) const {
+bool comtvIP::Estado::puedeUnirse(Para para, const QString& texto) const {
   if (acabado || cerrando || normalizado(texto) != acceso) return false;
-  const int abierta = paraPendiente != kNada ? paraPendiente : paraAbierto;
-  if (abierta == kVekAmbos) return para == kVekMotor || para == kVekCaptura;
-  return (abierta == kVekCaptura && para == kVekMotor) ||
-         (abierta == kVekMotor && para == kVekCaptura);
+  const Para abierta = paraPendiente != Para::Nada ? paraPendiente : paraAbierto;
+  if (abierta == Para::VekAmbos) return para == Para::VekMotor || para == Para::VekCaptura;
+  return (abierta == Para::VekCaptura && para == Para::VekMotor) ||
+         (abierta == Para::VekMotor && para == Para::VekCaptura);
 }
 
 // On a link that is still opening the second client waits with the first one.
-void comtvIP::Estado::unir(int para) {
-  const bool motor = para == kVekMotor;
-  paraPendiente = kVekAmbos;
+void comtvIP::Estado::unir(Para para) {
+  const bool motor = para == Para::VekMotor;
+  paraPendiente = Para::VekAmbos;
   sale(motor) = false;
-  if (paraAbierto == kNada) return;
+  if (paraAbierto == Para::Nada) return;
   uniendo = true;
   aplazar([this, motor] { terminarUnion(motor); });
 }
@@ -117,20 +117,21 @@ void comtvIP::Estado::unir(int para) {
 void comtvIP::Estado::terminarUnion(bool motor) {
   if (!uniendo) return;
   uniendo = false;
-  paraAbierto = kVekAmbos;
-  paraPendiente = kNada;
+  paraAbierto = Para::VekAmbos;
+  paraPendiente = Para::Nada;
   avisarApertura(motor, 0);
 }
 
 // --- closing
 // ---------------------------------------------------------------------------------------
 
-int comtvIP::Estado::cerrar(int para) {
-  const int abierta = paraPendiente != kNada ? paraPendiente : paraAbierto;
+int comtvIP::Estado::cerrar(Para para) {
+  const Para abierta = paraPendiente != Para::Nada ? paraPendiente : paraAbierto;
   if (acabado) return kErrorEnlaceCerrado;
-  if (para != kNada && abierta != kVekAmbos && para != abierta) return kErrorEnlaceCerrado;
-  if (abierta == kVekAmbos)
-    dejar(para != kVekCaptura);
+  if (para != Para::Nada && abierta != Para::VekAmbos && para != abierta)
+    return kErrorEnlaceCerrado;
+  if (abierta == Para::VekAmbos)
+    dejar(para != Para::VekCaptura);
   else if (!cerrando)
     cerrarCable();
   return 0;
@@ -139,12 +140,12 @@ int comtvIP::Estado::cerrar(int para) {
 // One of two clients goes. The link stays for the other, unless that one is leaving too.
 void comtvIP::Estado::dejar(bool motor) {
   if (sale(motor)) return;
-  if (paraAbierto == kNada) return cancelarApertura(motor);
-  const bool erasSolo = uniendo && paraAbierto == (motor ? kVekCaptura : kVekMotor);
+  if (paraAbierto == Para::Nada) return cancelarApertura(motor);
+  const bool erasSolo = uniendo && paraAbierto == (motor ? Para::VekCaptura : Para::VekMotor);
   if (erasSolo) {  // it was only joining
     uniendo = false;
-    paraPendiente = kNada;
-    paraAbierto = kVekAmbos;
+    paraPendiente = Para::Nada;
+    paraAbierto = Para::VekAmbos;
   }
   sale(motor) = true;
   if (motor) maquina.abandonar();
@@ -153,7 +154,7 @@ void comtvIP::Estado::dejar(bool motor) {
 
 // The opening goes on for the other client.
 void comtvIP::Estado::cancelarApertura(bool motor) {
-  paraPendiente = motor ? kVekCaptura : kVekMotor;
+  paraPendiente = motor ? Para::VekCaptura : Para::VekMotor;
   sale(motor) = true;
   aplazar([this, motor] {
     if (std::exchange(sale(motor), false)) avisarApertura(motor, kErrorInterrumpido);
@@ -163,8 +164,8 @@ void comtvIP::Estado::cancelarApertura(bool motor) {
 void comtvIP::Estado::terminarSalida(bool motor) {
   if (!sale(motor)) return;  // it came back
   sale(motor) = false;
-  if (paraAbierto != kVekAmbos) return cerrarCable();
-  paraAbierto = motor ? kVekCaptura : kVekMotor;
+  if (paraAbierto != Para::VekAmbos) return cerrarCable();
+  paraAbierto = motor ? Para::VekCaptura : Para::VekMotor;
   ClienteEnlace* const elMotor = motor ? std::exchange(cliente, nullptr) : nullptr;
   ClienteLinea* const laCaptura = motor ? nullptr : std::exchange(clienteLinea, nullptr);
   avisar([&] {
@@ -175,7 +176,7 @@ void comtvIP::Estado::terminarSalida(bool motor) {
 
 void comtvIP::Estado::cerrarCable() {
   cerrando = true;
-  if (paraAbierto != kNada) maquina.abandonar();
+  if (paraAbierto != Para::Nada) maquina.abandonar();
   limite->unaVez(kLimiteCierre + esperaColgar);
   cable->cerrar();
 }
@@ -183,15 +184,16 @@ void comtvIP::Estado::cerrarCable() {
 // The link is gone. Whoever is on it hears of it; one who was only joining hears that it didn't
 // open.
 void comtvIP::Estado::terminarCierre(int error) {
-  const int era = std::exchange(paraAbierto, int{kNada});
+  const Para era = std::exchange(paraAbierto, Para::Nada);
   const bool entraba = std::exchange(uniendo, false);
-  paraPendiente = kNada;
+  paraPendiente = Para::Nada;
   portadora = false;
   acabado = true;
   maquina.parar();
-  if (era != kVekCaptura) avisarCierre(true, error);
-  if (era == kVekCaptura || era == kVekAmbos) avisarCierre(false, error);
-  if (entraba && era != kVekAmbos) avisarApertura(era == kVekCaptura, kErrorEnlaceCerrado);
+  if (era != Para::VekCaptura) avisarCierre(true, error);
+  if (era == Para::VekCaptura || era == Para::VekAmbos) avisarCierre(false, error);
+  if (entraba && era != Para::VekAmbos)
+    avisarApertura(era == Para::VekCaptura, kErrorEnlaceCerrado);
   casa.retirar(&dueno);
 }
 

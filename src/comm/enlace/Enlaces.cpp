@@ -78,16 +78,16 @@ void Enlaces::Datos::soltar(int canal) {
   retirar(enlace);
 }
 
-int Enlaces::AbrirEnlace(int para, int canal, int baudios, const QString& acceso,
+int Enlaces::AbrirEnlace(Para para, int canal, int baudios, const QString& acceso,
                          ClienteEnlace* cliente, ClienteLinea* linea) {
-  if (canal < 0 || canal >= kCanalesMax || para < kVekMotor || para > kVekCaptura)
+  if (canal < 0 || canal >= kCanalesMax || para == Para::Nada || para == Para::VekAmbos)
     return kErrorSinCanal;
   if (canal >= tamano()) d->canales.resize(static_cast<size_t>(canal) + 1);
   comtvIP* const actual = d->en(canal);
   const bool vivo = actual && !actual->d->acabado;
   if (vivo && actual->d->puedeUnirse(para, acceso)) {
-    (para == kVekCaptura ? void(actual->d->clienteLinea = linea)
-                         : void(actual->d->cliente = cliente));
+    (para == Para::VekCaptura ? void(actual->d->clienteLinea = linea)
+                              : void(actual->d->cliente = cliente));
     actual->d->unir(para);
     return 0;
   }
@@ -96,7 +96,8 @@ int Enlaces::AbrirEnlace(int para, int canal, int baudios, const QString& acceso
   if (d->en(canal)) return kErrorEnUso;  // the one who had to leave has taken it again
   auto& hueco = d->canales[static_cast<size_t>(canal)];
   hueco = std::make_unique<comtvIP>(*this, canal);
-  (para == kVekCaptura ? void(hueco->d->clienteLinea = linea) : void(hueco->d->cliente = cliente));
+  (para == Para::VekCaptura ? void(hueco->d->clienteLinea = linea)
+                            : void(hueco->d->cliente = cliente));
   const int error = hueco->d->abrir(para, baudios, acceso);
   if (error != 0) d->soltar(canal);
   return error;

@@ -43,8 +43,8 @@ struct comtvIP::Estado final : Maquina::Exterior {
   std::unique_ptr<LinkSocket> cable;
   ClienteEnlace* cliente = nullptr;
   ClienteLinea* clienteLinea = nullptr;
-  int paraPendiente = kNada, paraAbierto = kNada;
-  int device = 0;
+  Para paraPendiente = Para::Nada, paraAbierto = Para::Nada;
+  TipoAcceso device = TipoAcceso::Ninguno;
   QString acceso;
   bool conector = false;
   bool portadora = false;
@@ -59,14 +59,14 @@ struct comtvIP::Estado final : Maquina::Exterior {
   Maquina maquina;
 
   // Opening and closing.
-  int abrir(int para, int baudios, const QString& texto);
+  int abrir(Para para, int baudios, const QString& texto);
   int abrirConector();
   int abrirConfigurado(int baudios);
-  bool puedeUnirse(int para, const QString& texto) const;
-  void unir(int para);
+  bool puedeUnirse(Para para, const QString& texto) const;
+  void unir(Para para);
   void terminarUnion(bool motor);
   void terminarApertura(int error);
-  int cerrar(int para);
+  int cerrar(Para para);
   void dejar(bool motor);
   void cancelarApertura(bool motor);
   void terminarSalida(bool motor);
@@ -79,8 +79,8 @@ struct comtvIP::Estado final : Maquina::Exterior {
   // Small things.
   QString normalizado(const QString& texto) const;
   bool& sale(bool motor) { return motor ? saleMotor : saleCaptura; }
-  bool listo() const { return paraAbierto != kNada && !cerrando && !acabado; }
-  bool esVek() const { return paraAbierto != kNada && paraAbierto != kNodalMotor; }
+  bool listo() const { return paraAbierto != Para::Nada && !cerrando && !acabado; }
+  bool esVek() const { return paraAbierto != Para::Nada && paraAbierto != Para::NodalMotor; }
   void pasan(Sentido sentido, const QByteArray& bytes) const;
   void aplazar(std::function<void()> accion);
   void soltar();
@@ -96,7 +96,7 @@ struct comtvIP::Estado final : Maquina::Exterior {
   // What the frame machine sees.
   void escribir(const QByteArray& bytes) override;
   void vaciarCable() override;
-  int para() const override { return paraAbierto; }
+  Para para() const override { return paraAbierto; }
   Deudas& deudas() override;
   bool encaja(int addr, int codigo, const QByteArray& datos) override;
   void envioVEK(int error, int addr, int codigo, const QByteArray& datos) override;

@@ -31,7 +31,7 @@ void comtvIP::Estado::avisarCierre(bool motor, int error) {
 }
 
 void comtvIP::Estado::pasan(Sentido sentido, const QByteArray& bytes) const {
-  if (casa.alPasar) casa.alPasar(canal, sentido, paraAbierto == kNodalMotor, bytes);
+  if (casa.alPasar) casa.alPasar(canal, sentido, paraAbierto == Para::NodalMotor, bytes);
 }
 
 void comtvIP::Estado::escribir(const QByteArray& bytes) {
@@ -45,9 +45,11 @@ void comtvIP::Estado::vaciarCable() {
 }
 
 Deudas& comtvIP::Estado::deudas() {
-  const QString linea = conector || device == 1 || device == 3 ? acceso.trimmed().toCaseFolded()
-                                                               : QString::number(canal);
-  return casa.deudas[QString::number(conector ? 4 : device) + u' ' + linea];
+  const QString linea = conector || device == TipoAcceso::Modem || device == TipoAcceso::TcpIp
+                            ? acceso.trimmed().toCaseFolded()
+                            : QString::number(canal);
+  return casa
+      .deudas[QString::number(numeroDe(conector ? TipoAcceso::Conector : device)) + u' ' + linea];
 }
 
 bool comtvIP::Estado::encaja(int addr, int codigo, const QByteArray& datos) {

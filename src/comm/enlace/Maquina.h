@@ -14,6 +14,7 @@
 
 #include "comm/enlace/Deudas.h"
 #include "comm/enlace/ModoEnvio.h"
+#include "comm/enlace/Para.h"
 #include "comm/tramas/Trama.h"
 #include "core/tiempo/Reloj.h"
 
@@ -44,7 +45,7 @@ class Maquina {
    public:
     virtual void escribir(const QByteArray& bytes) = 0;
     virtual void vaciarCable() = 0;
-    virtual int para() const = 0;
+    virtual Para para() const = 0;
     virtual Deudas& deudas() = 0;  // of the wire
     virtual bool encaja(int addr, int codigo, const QByteArray& datos) = 0;
     virtual void envioVEK(int error, int addr, int codigo, const QByteArray& datos) = 0;

@@ -19,7 +19,7 @@ void Maquina::callar(Pendiente pendiente) {
 // A NODAL frame isn't acknowledged: the machine would take that for the acknowledgement of another.
 // Transactions are no noise, since a shop sells all day.
 bool Maquina::datosCallando() {
-  if (exterior_.para() == kNodalMotor) {
+  if (exterior_.para() == Para::NodalMotor) {
     vaciar();
   } else {
     const qsizetype antes = entrada_.size();

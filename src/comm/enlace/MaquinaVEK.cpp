@@ -76,8 +76,8 @@ void Maquina::quitarACKs() {
 
 // Nothing was asked: a transaction is handed over, any other frame is only acknowledged.
 bool Maquina::datosReposo() {
-  const int para = exterior_.para();
-  if (para != kVekCaptura && para != kVekAmbos) return false;
+  const Para para = exterior_.para();
+  if (para != Para::VekCaptura && para != Para::VekAmbos) return false;
   quitarACKs();
   leerTramas(false);
   return true;
@@ -184,8 +184,8 @@ void Maquina::entregarTransaccion(const tramas::TramaVEK& trama) {
 
 Maquina::Leido Maquina::atender(const tramas::TramaVEK& trama, bool aceptar) {
   if (trama.secuencia == ultima_) {
-    const int para = exterior_.para();
-    if (!enVuelo() || para == kVekCaptura) return Leido::Repetida;
+    const Para para = exterior_.para();
+    if (!enVuelo() || para == Para::VekCaptura) return Leido::Repetida;
     if (puedeSerDeOtra()) {
       separar_ = dudada_ = true;
       preguntarOtraVez();

@@ -11,7 +11,7 @@ comtvIP::comtvIP(Enlaces& enlaces, int canal)
 
 comtvIP::~comtvIP() = default;
 
-int comtvIP::CerrarEnlace(int para) {
+int comtvIP::CerrarEnlace(Para para) {
   return d->cerrar(para);
 }
 
@@ -22,7 +22,7 @@ bool comtvIP::EnlaceCerrado() const {
 int comtvIP::Enviar(int addr, int codigo, const QByteArray& datos, ModoEnvio modo) {
   if (!d->listo() || d->saleMotor) return kErrorEnlaceCerrado;
   d->maquina.modo(modo);
-  if (d->paraAbierto == kNodalMotor)
+  if (d->paraAbierto == Para::NodalMotor)
     d->maquina.enviarNODAL(addr, codigo, datos);
   else
     d->maquina.enviarVEK(addr, codigo, datos, false);
@@ -38,7 +38,7 @@ int comtvIP::Pedir(int addr, int codigo, const QByteArray& datos) {
 
 // The node that is listened to is the one that the last frame went to.
 int comtvIP::RxNODAL(int) {
-  if (!d->listo() || d->paraAbierto != kNodalMotor) return kErrorEnlaceCerrado;
+  if (!d->listo() || d->paraAbierto != Para::NodalMotor) return kErrorEnlaceCerrado;
   d->maquina.esperarNODAL();
   return 0;
 }
@@ -62,25 +62,25 @@ bool comtvIP::Repetida() const {
 }
 
 bool comtvIP::Portadora() const {
-  return d->conector || d->device != 1 || d->portadora;
+  return d->conector || d->device != TipoAcceso::Modem || d->portadora;
 }
 
 QString comtvIP::Acceso() const {
   return d->acceso.isEmpty() ? QString::number(d->canal + 1) : d->acceso;
 }
 
-int comtvIP::AbiertoPara() const {
-  return d->paraAbierto != kNada ? d->paraAbierto : d->paraPendiente;
+Para comtvIP::AbiertoPara() const {
+  return d->paraAbierto != Para::Nada ? d->paraAbierto : d->paraPendiente;
 }
 
 void comtvIP::finApertura(int razon) {
-  if (!d->acabado && d->paraAbierto == kNada)
+  if (!d->acabado && d->paraAbierto == Para::Nada)
     d->terminarApertura(d->cerrando ? int{kErrorInterrumpido} : errorDeApertura(razon));
 }
 
 void comtvIP::cierre(int razon) {
   if (d->acabado) return;
-  if (d->paraAbierto == kNada)
+  if (d->paraAbierto == Para::Nada)
     finApertura(razon != 0 ? razon : kAbandonado);
   else
     d->terminarCierre(errorDeCierre(razon, d->conector));
@@ -88,7 +88,9 @@ void comtvIP::cierre(int razon) {
 
 void comtvIP::linea(int numero) {
   constexpr int kSube = 5, kBaja = 6;
-  if (d->acabado || d->conector || d->device != 1 || (numero != kSube && numero != kBaja)) return;
+  if (d->acabado || d->conector || d->device != TipoAcceso::Modem ||
+      (numero != kSube && numero != kBaja))
+    return;
   d->portadora = numero == kSube;
   d->avisar([this] {
     if (d->cliente) d->cliente->CD_Evento(d->canal, d->portadora);
@@ -96,7 +98,7 @@ void comtvIP::linea(int numero) {
 }
 
 void comtvIP::recepcion(QByteArray& buffer) {
-  if (d->paraAbierto == kNada) return;
+  if (d->paraAbierto == Para::Nada) return;
   d->pasan(Sentido::Llega, buffer);
   d->maquina.recibir(buffer);
 }

@@ -16,6 +16,7 @@
 
 #include "comm/cables/LinkSocket.h"
 #include "comm/enlace/ModoEnvio.h"
+#include "comm/enlace/Para.h"
 #include "core/tiempo/Reloj.h"
 
 namespace tarvo {
@@ -29,8 +30,6 @@ enum class Sentido : char { Sale, Llega };
 // Hears the bytes of every link as they pass. REQUIRES that it touches no link.
 using AlPasar =
     std::function<void(int canal, Sentido sentido, bool nodal, const QByteArray& bytes)>;
-
-enum Para : int { kNada = 0, kVekMotor = 1, kNodalMotor = 2, kVekCaptura = 3, kVekAmbos = 4 };
 
 // Who gets the events of a link. `canal` counts from 0; `error` is a code of the table in
 // docs/protocolos.md, 0 good.
@@ -74,9 +73,9 @@ class comtvIP final : private LinkSocket::Oyente {
   comtvIP& operator=(const comtvIP&) = delete;
 
   // Each answers an error code at once, 0 for accepted. See Enlaces::abrir for opening. A link that
-  // is open for one client is closed by that one's `para`, or by kNada; any other answers 15 and
-  // leaves it open.
-  int CerrarEnlace(int para = kNada);
+  // is open for one client is closed by that one's `para`, or by Para::Nada; any other answers 15
+  // and leaves it open.
+  int CerrarEnlace(Para para = Para::Nada);
   bool EnlaceCerrado() const;
   int Enviar(int addr, int codigo, const QByteArray& datos, ModoEnvio modo = {});
   int Pedir(int addr, int codigo, const QByteArray& datos);
@@ -90,7 +89,7 @@ class comtvIP final : private LinkSocket::Oyente {
   // Did the question of the present event go out more than once? Its copies may be answered too.
   bool Repetida() const;
   QString Acceso() const;
-  int AbiertoPara() const;
+  Para AbiertoPara() const;
 
  private:
   friend class Enlaces;
@@ -110,9 +109,9 @@ class Enlaces {
   ~Enlaces();
 
   // AbrirEnlace: opens a link on a channel, or joins the one that is open there for the other
-  // client. An error code other than 0 means that no event will follow. `cliente` for Para 1 and 2,
-  // `linea` for Para 3.
-  int AbrirEnlace(int para, int canal, int baudios, const QString& acceso, ClienteEnlace* cliente,
+  // client. An error code other than 0 means that no event will follow. `linea` for
+  // VekCaptura, `cliente` for the two of the engine; nothing else can be asked for.
+  int AbrirEnlace(Para para, int canal, int baudios, const QString& acceso, ClienteEnlace* cliente,
                   ClienteLinea* linea = nullptr);
   comtvIP* operator[](int canal) const;  // null while closed
   int tamano() const;

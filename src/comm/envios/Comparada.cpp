@@ -18,7 +18,7 @@ size_t indice(CampoPLU campo) {
   return static_cast<size_t>(campo);
 }
 
-Campos deFicha(int tipo, const maquinas::Ficha& f) {
+Campos deFicha(TipoGrupo tipo, const maquinas::Ficha& f) {
   Campos campos;
   for (size_t i = 0; i < campos.size(); ++i) {
     QString t = maquinas::textoDeBalanza(tipo, f.campos[i]);
@@ -78,13 +78,13 @@ struct Lado {
   }
 };
 
-Lado ladoDe(int tipo, const QByteArray& registro) {
+Lado ladoDe(TipoGrupo tipo, const QByteArray& registro) {
   const auto ficha = maquinas::leerFicha(registro);
   if (!ficha) return {};
   return {*ficha, deFicha(tipo, *ficha)};
 }
 
-Lado ladoDe(int tipo, const maquinas::Articulo& articulo) {
+Lado ladoDe(TipoGrupo tipo, const maquinas::Articulo& articulo) {
   if (const auto registro = maquinas::TramaPLU(tipo, articulo)) return ladoDe(tipo, *registro);
   return {std::nullopt, deArticulo(articulo)};
 }

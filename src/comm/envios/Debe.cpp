@@ -1,6 +1,7 @@
 #include "comm/envios/Debe.h"
 
 #include "comm/envios/Estado.h"
+#include "core/dao/Recorrido.h"
 
 namespace tarvo::envios {
 
@@ -18,21 +19,20 @@ FROM GRUPOS g INNER JOIN EnviosGrupo s ON s.GRUPO=g.CODGPO WHERE g.REMOTO<>0 ORD
 
 Resultado<std::vector<Debe>> loQueSeDebe(dao::Database& db, Fecha ahora) {
   std::vector<Debe> todos;
-  TARVO_TOMAR(const auto rs, db.consultar(QStringView(kConocidos)));
-  for (; !rs->Eof();) {
+  const auto contar = [&](const dao::Recordset& rs) -> Resultado<> {
     Debe d;
-    d.grupo = static_cast<int>(rs->entero(0));
-    d.nombre = rs->texto(1).trimmed();
+    d.grupo = static_cast<int>(rs.entero(0));
+    d.nombre = rs.texto(1).trimmed();
     TARVO_TOMAR(const auto destino, destinoDeGrupo(db, d.grupo));
-    if (destino && destino->conCross()) {
-      TARVO_TOMAR(const auto van, SaltarSinCambios(db, *destino, {}, ahora));
-      TARVO_TOMAR(const auto sobran, articulosPorBorrar(db, *destino));
-      d.articulos = static_cast<qint64>(van.size() + sobran.size());
-      d.vacio = !van.empty() && rs->entero(2) == 0 && rs->entero(3) == 0;
-      if (d.articulos > 0) todos.push_back(std::move(d));
-    }
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+    if (!destino || !destino->conCross()) return {};
+    TARVO_TOMAR(const auto van, SaltarSinCambios(db, *destino, {}, ahora));
+    TARVO_TOMAR(const auto sobran, articulosPorBorrar(db, *destino));
+    d.articulos = static_cast<qint64>(van.size() + sobran.size());
+    d.vacio = !van.empty() && rs.entero(2) == 0 && rs.entero(3) == 0;
+    if (d.articulos > 0) todos.push_back(std::move(d));
+    return {};
+  };
+  TARVO_INTENTAR(dao::recorrer(db.consultar(QStringView(kConocidos)), contar));
   return todos;
 }
 

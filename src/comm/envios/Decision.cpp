@@ -3,18 +3,14 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "core/dao/Recorrido.h"
+
 namespace tarvo::envios {
 
 namespace {
 
-Resultado<std::vector<qint64>> codigosDe(Resultado<std::unique_ptr<dao::Recordset>> rs) {
-  if (!rs) return std::unexpected(rs.error());
-  std::vector<qint64> salida;
-  for (; !(*rs)->Eof();) {
-    salida.push_back((*rs)->entero(0));
-    TARVO_INTENTAR((*rs)->MoveNext());
-  }
-  return salida;
+Resultado<std::vector<qint64>> codigosDe(dao::Abierta filas) {
+  return dao::reunir(std::move(filas), [](const dao::Recordset& rs) { return rs.entero(0); });
 }
 
 }  // namespace
@@ -54,7 +50,7 @@ Resultado<std::vector<qint64>> articulosPorBorrar(dao::Database& db, const Desti
 }
 
 Resultado<std::vector<qint64>> borradosAntes(dao::Database& db, const Destino& d, Rango r) {
-  if (d.tipo != 1) return std::vector<qint64>{};
+  if (d.tipo != TipoGrupo::Balanzas) return std::vector<qint64>{};
   return codigosDe(db.consultar(
       u"SELECT B.CODPLU FROM BorradosGrupo B WHERE B.GRUPO=? AND B.CODPLU>=? AND B.CODPLU<=? AND "
       u"NOT EXISTS (SELECT 1 FROM PLUSES P WHERE P.SECCION=? AND P.CODPLU=B.CODPLU) ORDER BY 1",

@@ -7,6 +7,7 @@
 #include "comm/envios/Motivos.h"
 #include "comm/envios/Tenencias.h"
 #include "comm/envios/TextosEnvios.h"
+#include "core/dao/Recorrido.h"
 
 namespace tarvo::envios {
 
@@ -30,19 +31,9 @@ struct Sabido {
   std::vector<qint64> sobrantes;
 };
 
-template <class Tomar>
-Resultado<> recorrer(Resultado<std::unique_ptr<dao::Recordset>> rs, const Tomar& tomar) {
-  if (!rs) return std::unexpected(rs.error());
-  for (; !(*rs)->Eof();) {
-    tomar(**rs);
-    TARVO_INTENTAR((*rs)->MoveNext());
-  }
-  return {};
-}
-
 // While a wipe has no answer, or of another machine, nothing is proved.
 Resultado<> leerEnviados(dao::Database& db, const Destino& d, const Mudanza& m, Sabido& s) {
-  return recorrer(
+  return dao::recorrer(
       db.consultar(u"SELECT CODPLU, HUELLA, HUELLA_PRE, CUANDO FROM Enviados WHERE GRUPO=? AND "
                    u"SECCION=?",
                    d.grupo, d.seccion),
@@ -55,7 +46,7 @@ Resultado<> leerEnviados(dao::Database& db, const Destino& d, const Mudanza& m, 
 }
 
 Resultado<> leerSobrantes(dao::Database& db, const Destino& d, Sabido& s) {
-  TARVO_INTENTAR(recorrer(
+  TARVO_INTENTAR(dao::recorrer(
       db.consultar(
           u"SELECT DISTINCT CODPLU FROM Enviados WHERE GRUPO=? AND CODPLU>2 AND NOT EXISTS "
           u"(SELECT 1 FROM PLUSES WHERE PLUSES.SECCION=? AND "
@@ -74,7 +65,7 @@ Resultado<Sabido> leerSabido(dao::Database& db, const Destino& d, Fecha ahora) {
   TARVO_TOMAR(const auto mudanza, mudanzaDe(db, d));
   TARVO_INTENTAR(leerEnviados(db, d, mudanza, s));
   TARVO_INTENTAR(leerSobrantes(db, d, s));
-  TARVO_INTENTAR(recorrer(
+  TARVO_INTENTAR(dao::recorrer(
       db.consultar(
           u"SELECT CODPLU, MOTIVO, ERROR, DESDE FROM Retenidos WHERE GRUPO=? AND SECCION=?",
           d.grupo, d.seccion),
@@ -142,7 +133,9 @@ Resultado<std::optional<Destino>> destinoDeGrupo(dao::Database& db, int grupo) {
               db.consultar(u"SELECT SECCION, TIPO, tarifa FROM GRUPOS WHERE CODGPO=?", grupo));
   if (rs->Eof()) return std::nullopt;
   const auto entero = [&](int c) { return static_cast<int>(rs->entero(c)); };
-  return Destino{grupo, entero(0), entero(1), std::clamp(entero(2), 0, 7)};
+  const auto tipo = deNumero<TipoGrupo>(rs->entero(1));
+  if (!tipo) return std::nullopt;
+  return Destino{grupo, entero(0), *tipo, std::clamp(entero(2), 0, 7)};
 }
 
 Resultado<std::vector<EstadoArticulo>> estadoDeEnvio(dao::Database& db, const Destino& d,

@@ -2,6 +2,10 @@
 
 #include <map>
 #include <ranges>
+#include <utility>
+
+#include "core/dao/Marcas.h"
+#include "core/dao/Recorrido.h"
 
 namespace tarvo::envios {
 
@@ -38,15 +42,15 @@ enum Columna : int {
 };
 
 QString sentencia(int tarifa, QStringView condicion) {
-  return u"SELECT CODPLU, NOMPLU, CADA, PRECIO_0%1, PRECIO_1%1, PRECIO_2%1, FORMATO, BARRAS, "
-         u"PFX_BAR, CodBarExt, DEPTO, Tara, NUMDIAS_1, NUMDIAS_2, MDF_PRE, minimo, DESCTO, "
-         u"HASTA_1, "
-         u"HASTA_2, TEXTO_ETQ, OFERTAS.CODIGO, OFERTAS.PRECIO_0, OFERTAS.PRECIO_1, "
-         u"OFERTAS.PRECIO_2, FECHA_INI, FECHA_FIN, enviado, borrado FROM PLUSES LEFT JOIN OFERTAS "
-         u"ON OFERTAS.GRUPO=? AND OFERTAS.SECCION=PLUSES.SECCION AND "
-         u"OFERTAS.CODIGO=PLUSES.CODPLU WHERE PLUSES.SECCION=? AND CODPLU %2 ORDER BY CODPLU"_s
-             .arg(tarifa)
-             .arg(condicion);
+  return dao::conMarcas(
+      u"SELECT CODPLU, NOMPLU, CADA, PRECIO_0{tarifa}, PRECIO_1{tarifa}, PRECIO_2{tarifa}, "
+      u"FORMATO, "
+      u"BARRAS, PFX_BAR, CodBarExt, DEPTO, Tara, NUMDIAS_1, NUMDIAS_2, MDF_PRE, minimo, DESCTO, "
+      u"HASTA_1, HASTA_2, TEXTO_ETQ, OFERTAS.CODIGO, OFERTAS.PRECIO_0, OFERTAS.PRECIO_1, "
+      u"OFERTAS.PRECIO_2, FECHA_INI, FECHA_FIN, enviado, borrado FROM PLUSES LEFT JOIN OFERTAS ON "
+      u"OFERTAS.GRUPO=? AND OFERTAS.SECCION=PLUSES.SECCION AND OFERTAS.CODIGO=PLUSES.CODPLU WHERE "
+      u"PLUSES.SECCION=? AND CODPLU {cuales} ORDER BY CODPLU",
+      {{u"tarifa", QString::number(tarifa)}, {u"cuales", condicion.toString()}});
 }
 
 std::optional<Fecha> fechaDe(const dao::Recordset& rs, int columna) {
@@ -85,8 +89,17 @@ std::optional<maquinas::NoCabe> precioIlegible(const dao::Recordset& rs, const O
   return {};
 }
 
-int preciosQueVan(int tipo) {
-  return tipo == 2 ? 1 : tipo == 3 ? 2 : 3;
+int preciosQueVan(TipoGrupo tipo) {
+  switch (tipo) {
+    case TipoGrupo::Ebony:
+      return 1;
+    case TipoGrupo::Registradoras:
+      return 2;
+    case TipoGrupo::Balanzas:
+    case TipoGrupo::Birch:
+      return 3;
+  }
+  std::unreachable();
 }
 
 maquinas::Articulo leerArticuloPlano(const dao::Recordset& rs) {
@@ -131,8 +144,9 @@ Lector::Lector(dao::Database& db, const Destino& destino)
       uno_(sentencia(destino.tarifa, u"=?")),
       muchos_(sentencia(destino.tarifa,
                         QString(u"IN ("_s + u"?,"_s.repeated(kLote).chopped(1) + u')'))),
-      barras_(u"SELECT CodBarExt, CODPLU FROM PLUSES WHERE SECCION=? AND CodBarExt IN ("_s +
-              u"?,"_s.repeated(kLote).chopped(1) + u')') {}
+      barras_(dao::conMarcas(
+          u"SELECT CodBarExt, CODPLU FROM PLUSES WHERE SECCION=? AND CodBarExt IN ({cuales})",
+          {{u"cuales", u"?,"_s.repeated(kLote).chopped(1)}})) {}
 
 Resultado<std::vector<Preparado>> Lector::leer(std::span<const qint64> codigos, Fecha ahora) {
   std::vector<Preparado> salida;
@@ -140,13 +154,11 @@ Resultado<std::vector<Preparado>> Lector::leer(std::span<const qint64> codigos, 
   std::vector<dao::Valor> valores{destino_.grupo, destino_.seccion};
   valores.insert(valores.end(), codigos.begin(), codigos.end());
   if (codigos.size() > 1) valores.resize(kLote + 2, codigos.back());
-  TARVO_TOMAR(const auto rs, db_.OpenQuery(codigos.size() > 1 ? muchos_ : uno_, valores));
   salida.reserve(codigos.size());
-  for (; !rs->Eof();) {
-    salida.push_back(preparar(*rs, ahora));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  if (destino_.tipo == 3) TARVO_INTENTAR(apartarRepetidos(salida));
+  TARVO_INTENTAR(
+      dao::recorrer(db_.OpenQuery(codigos.size() > 1 ? muchos_ : uno_, valores),
+                    [&](const dao::Recordset& rs) { salida.push_back(preparar(rs, ahora)); }));
+  if (destino_.tipo == TipoGrupo::Registradoras) TARVO_INTENTAR(apartarRepetidos(salida));
   return salida;
 }
 
@@ -164,18 +176,14 @@ Resultado<> Lector::apartarRepetidos(std::vector<Preparado>& lote) {
   }
   if (hechos.empty()) return {};
   valores.resize(kLote + 1, valores.back());
-  TARVO_TOMAR(const auto rs, db_.OpenQuery(barras_, valores));
-  for (; !rs->Eof();) {
-    const QString codigo = rs->texto(0);
-    const qint64 dueno = rs->entero(1);
-    const auto [primero, ultimo] = hechos.equal_range(codigo);
+  return dao::recorrer(db_.OpenQuery(barras_, valores), [&](const dao::Recordset& rs) {
+    const qint64 dueno = rs.entero(1);
+    const auto [primero, ultimo] = hechos.equal_range(rs.texto(0));
     for (const auto& [suyo, p] : std::ranges::subrange(primero, ultimo))
       if (p->codigo != dueno)
         p->registro = std::unexpected(
             maquinas::NoCabe{maquinas::CampoPLU::CodBarExt, maquinas::NoCabe::DeOtro, dueno, suyo});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return {};
+  });
 }
 
 Resultado<std::optional<maquinas::Articulo>> Lector::articulo(qint64 codigo, Fecha ahora) {
@@ -200,7 +208,7 @@ Preparado Lector::preparar(const dao::Recordset& rs, Fecha ahora) const {
   return p;
 }
 
-Huella huellaDe(int tipo, const QByteArray& registro) {
+Huella huellaDe(TipoGrupo tipo, const QByteArray& registro) {
   return {resumen(maquinas::sinPrecios(tipo, registro)),
           resumen(maquinas::preciosDe(tipo, registro))};
 }

@@ -13,9 +13,9 @@ namespace tarvo::envios {
 // Whom a sending is for.
 struct Destino {
   int grupo = 0, seccion = 1;
-  int tipo = 1;    // kind of group, 1 to 4
+  TipoGrupo tipo = TipoGrupo::Balanzas;
   int tarifa = 0;  // 0 to 7
-  bool conCross() const { return tipo == 1 || tipo == 4; }
+  bool conCross() const { return tipo == TipoGrupo::Balanzas || tipo == TipoGrupo::Birch; }
 };
 
 // -1 not begun, 0 in force, 1 over. The last day counts whole; no date is an open end.
@@ -64,7 +64,7 @@ struct Huella {
   qint64 resto = 0, precios = 0;
   bool operator==(const Huella&) const = default;
 };
-Huella huellaDe(int tipo, const QByteArray& registro);
+Huella huellaDe(TipoGrupo tipo, const QByteArray& registro);
 // Of the record that holds the prices alone.
 qint64 huellaDePrecios(const QByteArray& registro);
 // That record.

@@ -1,5 +1,7 @@
 #include "comm/envios/Perdidas.h"
 
+#include "core/dao/Marcas.h"
+
 namespace tarvo::envios {
 
 namespace {
@@ -18,9 +20,9 @@ FROM GRUPOS g WHERE g.CODGPO=?)";
 Resultado<> contarVentas(dao::Database& db, Perdida& p) {
   for (const QStringView tabla : {u"TOTGRT", u"TOTPLU", u"TOTDEP"}) {
     TARVO_TOMAR(const auto rs,
-                db.consultar(QStringLiteral("SELECT count(*), sum(IMP) FROM %1 WHERE "
-                                            "LINK=0 AND GRUPO=?")
-                                 .arg(tabla),
+                db.consultar(dao::conMarcas(u"SELECT count(*), sum(IMP) FROM {totales} WHERE "
+                                            u"LINK=0 AND GRUPO=?",
+                                            {{u"totales", tabla.toString()}}),
                              p.grupo));
     if (rs->entero(0) == 0) continue;
     p.ventas = p.hayVentas ? std::max(p.ventas, rs->entero(1)) : rs->entero(1);

@@ -1,5 +1,7 @@
 #include "comm/envios/Tenencias.h"
 
+#include "core/dao/Recorrido.h"
+
 namespace tarvo::envios {
 
 namespace {
@@ -11,12 +13,9 @@ Resultado<QString> maquinaDe(dao::Database& db, int grupo) {
                                    u"' ' & nz(ADDR,0) FROM GRUPOS WHERE CODGPO=?",
                                    grupo));
   QString maquina = g.texto().simplified().toCaseFolded();
-  TARVO_TOMAR(const auto rs,
-              db.consultar(u"SELECT ADDR FROM BZAS WHERE SUGPO=? ORDER BY ADDR", grupo));
-  for (; !rs->Eof();) {
-    maquina += u'/' + rs->texto(0);
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(
+      dao::recorrer(db.consultar(u"SELECT ADDR FROM BZAS WHERE SUGPO=? ORDER BY ADDR", grupo),
+                    [&](const dao::Recordset& rs) { maquina += u'/' + rs.texto(0); }));
   return maquina;
 }
 
@@ -27,13 +26,12 @@ Tenencias::Tenencias(dao::Database& db, Reloj& reloj, const Destino& destino)
 
 Resultado<> Tenencias::empezar() {
   TARVO_INTENTAR(mudarse());
-  TARVO_TOMAR(const auto rs,
-              db_.consultar(u"SELECT DISTINCT SECCION FROM Enviados WHERE GRUPO=? AND SECCION<>?",
-                            d_.grupo, d_.seccion));
-  for (; !rs->Eof();) {
-    otrasSecciones_.push_back(static_cast<int>(rs->entero(0)));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(
+      db_.consultar(u"SELECT DISTINCT SECCION FROM Enviados WHERE GRUPO=? AND SECCION<>?", d_.grupo,
+                    d_.seccion),
+      [this](const dao::Recordset& rs) {
+        otrasSecciones_.push_back(static_cast<int>(rs.entero(0)));
+      }));
   TARVO_INTENTAR(
       db_.ejecutar(u"DELETE FROM Retenidos WHERE GRUPO=? AND (SECCION<>? OR NOT EXISTS (SELECT 1 "
                    u"FROM PLUSES WHERE PLUSES.SECCION=Retenidos.SECCION AND "
@@ -202,7 +200,7 @@ Resultado<> Tenencias::AnotarBorrado(qint64 codigo) {
 
 Resultado<> Tenencias::AnotarOrdenBorrado(qint64 codigo) {
   TARVO_INTENTAR(AnotarBorrado(codigo));
-  if (d_.tipo != 1) return {};
+  if (d_.tipo != TipoGrupo::Balanzas) return {};
   hayOrdenados_ = true;
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO BorradosGrupo (GRUPO, CODPLU, CUANDO) VALUES (?, ?, ?) ON CONFLICT (GRUPO, "

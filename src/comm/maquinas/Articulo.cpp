@@ -1,5 +1,7 @@
 #include "comm/maquinas/Articulo.h"
 
+#include <utility>
+
 #include "comm/maquinas/Letras.h"
 
 namespace tarvo::maquinas {
@@ -24,12 +26,12 @@ bool soloCifras(QStringView texto) {
   return true;
 }
 
-int anchoNombre(int tipo) {
-  return tipo == 2 ? 16 : 20;
+int anchoNombre(TipoGrupo tipo) {
+  return tipo == TipoGrupo::Ebony ? 16 : 20;
 }
 
 // Lines end in one CR.
-Escrito escribirParrafo(int tipo, QString texto, qsizetype ancho) {
+Escrito escribirParrafo(TipoGrupo tipo, QString texto, qsizetype ancho) {
   texto.replace(QStringLiteral("\r\n"), QStringLiteral("\r"));
   return escribirLetras(tipo, texto.replace(u'\n', u'\r'), ancho, true);
 }
@@ -37,7 +39,7 @@ Escrito escribirParrafo(int tipo, QString texto, qsizetype ancho) {
 // Puts field after field; the first that doesn't fit stays as the reason.
 class Escritor {
  public:
-  Escritor(int tipo, qsizetype tamano) : tipo_(tipo) { registro_.reserve(tamano); }
+  Escritor(TipoGrupo tipo, qsizetype tamano) : tipo_(tipo) { registro_.reserve(tamano); }
 
   void fijo(QByteArrayView bytes) { registro_.append(bytes); }
   void numero(CampoPLU campo, qint64 n, int ancho, qint64 minimo = 0) {
@@ -79,7 +81,7 @@ class Escritor {
       *--p = static_cast<char>('0' + n % 10);
   }
 
-  const int tipo_;
+  const TipoGrupo tipo_;
   QByteArray registro_;
   std::optional<NoCabe> falta_;
 };
@@ -92,7 +94,7 @@ void prefijo(Escritor& e, const QString& pfx) {
   e.fijo(t.toLatin1().rightJustified(kAnchoPrefijo, '0'));
 }
 
-Cabe<QByteArray> deBalanza(int tipo, const Articulo& a) {
+Cabe<QByteArray> deBalanza(TipoGrupo tipo, const Articulo& a) {
   Escritor e(tipo, 90 + a.textoEtq.size());
   e.nombre(a.nombre, anchoNombre(tipo));
   e.numero(CampoPLU::CodPLU, a.codigo, 7, 1);
@@ -121,10 +123,10 @@ Cabe<QByteArray> deBalanza(int tipo, const Articulo& a) {
 
 Cabe<QByteArray> deEbony(const Articulo& a) {
   constexpr qint64 kDepartamentos = 10, kPor100g = 1, kPorUnidad = 2;
-  Escritor e(2, 32);
+  Escritor e(TipoGrupo::Ebony, 32);
   e.fijo("99");
   e.numero(CampoPLU::CodPLU, a.codigo, 4, 1);
-  e.nombre(a.nombre, anchoNombre(2));
+  e.nombre(a.nombre, anchoNombre(TipoGrupo::Ebony));
   // Weighed articles have their price by the kilogram there.
   const qint64 veces = a.cada == kPor100g ? 10 : 1;
   if (e.entre(CampoPLU::Precio0, a.precios[0], 0, tope(8) / veces))
@@ -150,9 +152,9 @@ void codigoDeBarras(Escritor& e, const Articulo& a) {
 }
 
 Cabe<QByteArray> deCaja(const Articulo& a) {
-  Escritor e(3, 53);
+  Escritor e(TipoGrupo::Registradoras, 53);
   codigoDeBarras(e, a);
-  e.nombre(a.nombre, anchoNombre(3));
+  e.nombre(a.nombre, anchoNombre(TipoGrupo::Registradoras));
   e.numero(CampoPLU::Precio0, a.precios[0], 9);
   e.numero(CampoPLU::Precio1, a.precios[1], 9);
   e.numero(CampoPLU::Depto, a.depto, 2);
@@ -161,27 +163,29 @@ Cabe<QByteArray> deCaja(const Articulo& a) {
 
 }  // namespace
 
-Cabe<QByteArray> TramaPLU(int tipo, const Articulo& articulo) {
+Cabe<QByteArray> TramaPLU(TipoGrupo tipo, const Articulo& articulo) {
   switch (tipo) {
-    case 2:
+    case TipoGrupo::Ebony:
       return deEbony(articulo);
-    case 3:
+    case TipoGrupo::Registradoras:
       return deCaja(articulo);
-    default:
+    case TipoGrupo::Balanzas:
+    case TipoGrupo::Birch:
       return deBalanza(tipo, articulo);
   }
+  std::unreachable();
 }
 
-QString letrasQueFaltan(int tipo, const Articulo& a) {
+QString letrasQueFaltan(TipoGrupo tipo, const Articulo& a) {
   QString faltan = escribirLetras(tipo, a.nombre, anchoNombre(tipo)).cambiadas;
-  if (tipo == 2 || tipo == 3) return faltan;
+  if (tipo == TipoGrupo::Ebony || tipo == TipoGrupo::Registradoras) return faltan;
   for (const QChar c : escribirParrafo(tipo, a.textoEtq, kMaximoRegistro).cambiadas)
     if (c.isSurrogate() || !faltan.contains(c)) faltan += c;
   return faltan;
 }
 
 Cabe<QByteArray> TramaPrecios(const Articulo& a) {
-  Escritor e(1, 25);
+  Escritor e(TipoGrupo::Balanzas, 25);
   e.numero(CampoPLU::CodPLU, a.codigo, 7, 1);
   e.numero(CampoPLU::Precio0, a.precios[0], 6);
   e.numero(CampoPLU::Precio1, a.precios[1], 6);
@@ -189,8 +193,17 @@ Cabe<QByteArray> TramaPrecios(const Articulo& a) {
   return e.fin();
 }
 
-Peticion enviarArticulo(int tipo, const QByteArray& registro) {
-  return {tipo == 2 ? 32 : tipo == 3 ? 4003 : 100, registro};
+Peticion enviarArticulo(TipoGrupo tipo, const QByteArray& registro) {
+  switch (tipo) {
+    case TipoGrupo::Ebony:
+      return {32, registro};
+    case TipoGrupo::Registradoras:
+      return {4003, registro};
+    case TipoGrupo::Balanzas:
+    case TipoGrupo::Birch:
+      return {100, registro};
+  }
+  std::unreachable();
 }
 Peticion enviarPrecios(const QByteArray& registro) {
   return {101, registro};
@@ -201,8 +214,8 @@ Peticion borrarArticulo(qint64 codigo) {
 Peticion pedirArticulo(qint64 desde) {
   return {101, Ceros(desde, 7)};
 }
-Peticion borrarArticulos(int tipo) {
-  return tipo == 3 ? Peticion{4098, "00"} : Peticion{73, {}};
+Peticion borrarArticulos(TipoGrupo tipo) {
+  return tipo == TipoGrupo::Registradoras ? Peticion{4098, "00"} : Peticion{73, {}};
 }
 
 }  // namespace tarvo::maquinas

@@ -81,28 +81,28 @@ template <class T>
 using Cabe = std::expected<T, NoCabe>;
 
 // A text in the characters of a kind of machine. What has no place there stays as it is.
-QString CaracteresBalanza(int tipo, const QString& texto);
+QString CaracteresBalanza(TipoGrupo tipo, const QString& texto);
 // The other way about, as far as it can be told, for a person to read.
-QString textoDeBalanza(int tipo, QByteArrayView bytes);
+QString textoDeBalanza(TipoGrupo tipo, QByteArrayView bytes);
 
-// The full article record of a kind of group, 1 to 4.
-Cabe<QByteArray> TramaPLU(int tipo, const Articulo& articulo);
+// The full article record of a kind of group.
+Cabe<QByteArray> TramaPLU(TipoGrupo tipo, const Articulo& articulo);
 // The characters of what goes that the machine lacks, each once, for a person to be told.
-QString letrasQueFaltan(int tipo, const Articulo& articulo);
+QString letrasQueFaltan(TipoGrupo tipo, const Articulo& articulo);
 // Code and prices alone (kinds 1 and 4).
 Cabe<QByteArray> TramaPrecios(const Articulo& articulo);
 
 // The price fields of a full record, joined, and the record with blanks in their place. REQUIRES a
 // record of that kind, whole.
-QByteArray preciosDe(int tipo, const QByteArray& registro);
-QByteArray sinPrecios(int tipo, QByteArray registro);
+QByteArray preciosDe(TipoGrupo tipo, const QByteArray& registro);
+QByteArray sinPrecios(TipoGrupo tipo, QByteArray registro);
 
 // The requests. Number fields take what has their width. REQUIRES a code within it.
-Peticion enviarArticulo(int tipo, const QByteArray& registro);
+Peticion enviarArticulo(TipoGrupo tipo, const QByteArray& registro);
 Peticion enviarPrecios(const QByteArray& registro);
-Peticion borrarArticulo(qint64 codigo);  // kinds 1 and 4
-Peticion pedirArticulo(qint64 desde);    // kinds 1 and 4: the first at or after that number
-Peticion borrarArticulos(int tipo);      // kinds 2 and 3: all of them
+Peticion borrarArticulo(qint64 codigo);    // kinds 1 and 4
+Peticion pedirArticulo(qint64 desde);      // kinds 1 and 4: the first at or after that number
+Peticion borrarArticulos(TipoGrupo tipo);  // kinds 2 and 3: all of them
 
 // A record of kinds 1 and 4 as a machine gives it.
 struct Ficha {

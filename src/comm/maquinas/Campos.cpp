@@ -1,6 +1,7 @@
 #include "comm/maquinas/Campos.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvo::maquinas {
 
@@ -52,22 +53,21 @@ qint64 CampoNumerico(QByteArrayView registro, int inicio, int ancho) {
   return valorDeCampo(trozo(registro, inicio, ancho)).value_or(0);
 }
 
-int MaxOperadores(int tipo) {
-  return tipo == 2 ? 10 : tipo >= 1 && tipo <= 4 ? 20 : 0;
+int MaxOperadores(TipoGrupo tipo) {
+  return tipo == TipoGrupo::Ebony ? 10 : 20;
 }
 
-int MaxDepartamentos(int tipo) {
+int MaxDepartamentos(TipoGrupo tipo) {
   switch (tipo) {
-    case 1:
-    case 2:
+    case TipoGrupo::Balanzas:
+    case TipoGrupo::Ebony:
       return 10;
-    case 3:
+    case TipoGrupo::Registradoras:
       return 40;
-    case 4:
+    case TipoGrupo::Birch:
       return 20;
-    default:
-      return 0;
   }
+  std::unreachable();
 }
 
 qint64 Lector::numero(int inicio, int ancho) {

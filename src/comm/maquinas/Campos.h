@@ -7,6 +7,8 @@
 #include <expected>
 #include <optional>
 
+#include "core/valores/Tipos.h"
+
 namespace tarvo::maquinas {
 
 // A number filled with zeros on the left to `ancho`; wider when it doesn't fit.
@@ -18,9 +20,9 @@ QByteArray Campo(const QByteArray& texto, int ancho);
 // -123, a "-" after anything but zeros gives 0, and so does whatever is no number, or isn't there.
 qint64 CampoNumerico(QByteArrayView registro, int inicio, int ancho);
 
-// Sizes of a kind of group: 0 for a kind that doesn't exist.
-int MaxOperadores(int tipo);
-int MaxDepartamentos(int tipo);
+// Sizes of a kind of group.
+int MaxOperadores(TipoGrupo tipo);
+int MaxDepartamentos(TipoGrupo tipo);
 
 // What a frame asks.
 struct Peticion {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "comm/maquinas/Articulo.h"
 #include "core/valores/Resultado.h"
@@ -34,10 +35,17 @@ constexpr std::pair<int, int> kPreciosBalanza[] = {{28, 6}, {73, 6}, {84, 6}};
 constexpr std::pair<int, int> kPreciosEbony[] = {{23, 8}};
 constexpr std::pair<int, int> kPreciosCaja[] = {{34, 9}, {43, 9}};
 
-constexpr std::span<const std::pair<int, int>> sitiosDePrecio(int tipo) {
-  if (tipo == 2) return kPreciosEbony;
-  if (tipo == 3) return kPreciosCaja;
-  return kPreciosBalanza;
+constexpr std::span<const std::pair<int, int>> sitiosDePrecio(TipoGrupo tipo) {
+  switch (tipo) {
+    case TipoGrupo::Ebony:
+      return kPreciosEbony;
+    case TipoGrupo::Registradoras:
+      return kPreciosCaja;
+    case TipoGrupo::Balanzas:
+    case TipoGrupo::Birch:
+      return kPreciosBalanza;
+  }
+  std::unreachable();
 }
 
 size_t indice(CampoPLU campo) {
@@ -69,14 +77,14 @@ bool igualCampo(const Sitio& s, const QByteArray& una, const QByteArray& otra) {
 
 }  // namespace
 
-QByteArray preciosDe(int tipo, const QByteArray& registro) {
+QByteArray preciosDe(TipoGrupo tipo, const QByteArray& registro) {
   QByteArray precios;
   for (const auto& [inicio, ancho] : sitiosDePrecio(tipo))
     precios += registro.mid(inicio - 1, ancho);
   return precios;
 }
 
-QByteArray sinPrecios(int tipo, QByteArray registro) {
+QByteArray sinPrecios(TipoGrupo tipo, QByteArray registro) {
   for (const auto& [inicio, ancho] : sitiosDePrecio(tipo))
     std::fill_n(registro.begin() + inicio - 1, ancho, ' ');
   return registro;

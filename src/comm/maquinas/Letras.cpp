@@ -4,6 +4,7 @@
 #include <optional>
 #include <span>
 #include <string_view>
+#include <utility>
 
 #include "comm/maquinas/Articulo.h"
 #include "core/valores/Codigo1252.h"
@@ -24,17 +25,18 @@ constexpr Cambio kBalanzas[] = {
 constexpr Cambio kEbony[] = {{u'Ñ', u'['}, {u'ñ', u'['}, {u'Ç', u'C'}, {u'ç', u'c'}, {u'¿', u'?'}};
 constexpr Cambio kBirch[] = {{u'¿', u'?'}};
 
-constexpr std::span<const Cambio> propios(int tipo) {
+constexpr std::span<const Cambio> propios(TipoGrupo tipo) {
   switch (tipo) {
-    case 1:
+    case TipoGrupo::Balanzas:
       return kBalanzas;
-    case 2:
+    case TipoGrupo::Ebony:
       return kEbony;
-    case 4:
-      return kBirch;
-    default:
+    case TipoGrupo::Registradoras:
       return {};
+    case TipoGrupo::Birch:
+      return kBirch;
   }
+  std::unreachable();
 }
 
 // For every family. The last is a blank that doesn't break, which nobody sees.
@@ -84,16 +86,16 @@ QString letrasCompuestas(const QString& texto) {
 }
 
 // One character in the characters of a kind of machine; itself where it has no place there.
-char16_t letraDeBalanza(int tipo, char16_t c) {
+char16_t letraDeBalanza(TipoGrupo tipo, char16_t c) {
   if (c < 0x80) return c == u'`' ? u' ' : c;
   if (const auto propia = cambiada(propios(tipo), c)) return *propia;
   return cambiada(kComunes, c).value_or(c);
 }
 
 // The byte of what letraDeBalanza gave; -1 where the machine lacks it.
-int byteDeBalanza(int tipo, char16_t c) {
+int byteDeBalanza(TipoGrupo tipo, char16_t c) {
   if (c <= kEuroDeBalanza) return c;
-  return tipo == 3 || tipo == 4 ? byte1252(c) : -1;
+  return tipo == TipoGrupo::Registradoras || tipo == TipoGrupo::Birch ? byte1252(c) : -1;
 }
 
 // ASCII, which every machine has; the second half of a pair goes with the first.
@@ -123,18 +125,18 @@ bool acabaEnCifra(const QByteArray& bytes) {
 }  // namespace
 
 // No replacement gives a character that another one takes, so each stands for itself.
-QString CaracteresBalanza(int tipo, const QString& texto) {
+QString CaracteresBalanza(TipoGrupo tipo, const QString& texto) {
   QString salida = letrasCompuestas(texto);
   for (QChar& c : salida) c = QChar(letraDeBalanza(tipo, c.unicode()));
   return salida;
 }
 
-QString textoDeBalanza(int tipo, QByteArrayView bytes) {
+QString textoDeBalanza(TipoGrupo tipo, QByteArrayView bytes) {
   QString salida;
   salida.reserve(bytes.size());
   for (const char b : bytes) {
     char16_t c = caracter1252(static_cast<unsigned char>(b));
-    if (tipo == 1 || tipo == 2)
+    if (tipo == TipoGrupo::Balanzas || tipo == TipoGrupo::Ebony)
       for (const Cambio& k : propios(tipo))
         if (c == k.a && k.a != u'C' && k.a != u'c' && k.a != u'?') {
           c = k.de;
@@ -145,7 +147,7 @@ QString textoDeBalanza(int tipo, QByteArrayView bytes) {
   return salida;
 }
 
-Escrito escribirLetras(int tipo, const QString& texto, qsizetype ancho, bool conLineas) {
+Escrito escribirLetras(TipoGrupo tipo, const QString& texto, qsizetype ancho, bool conLineas) {
   Escrito e;
   const QString letras = letrasCompuestas(texto);
   e.bytes.reserve(std::min(ancho, letras.size()));

@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include "core/valores/Tipos.h"
+
 namespace tarvo::maquinas {
 
 // A text as a kind of machine takes it.
@@ -16,6 +18,7 @@ struct Escrito {
 // it (its base letter, a plain quotation mark, a dash, a blank), "?" where there is none; one that
 // nobody sees goes as a blank or not at all, and isn't among `cambiadas`. `conLineas`: a CR stays.
 // Kinds 1 and 2 have seven bits, 3 and 4 Windows-1252.
-Escrito escribirLetras(int tipo, const QString& texto, qsizetype ancho, bool conLineas = false);
+Escrito escribirLetras(TipoGrupo tipo, const QString& texto, qsizetype ancho,
+                       bool conLineas = false);
 
 }  // namespace tarvo::maquinas

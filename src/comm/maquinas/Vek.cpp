@@ -29,8 +29,8 @@ Peticion articulo(qint64 codigo) {
 Peticion siguienteArticulo(qint64 codigo) {
   return {835, Ceros(codigo, 7) + Ceros(300, 4)};
 }
-Peticion granTotal(int tipo) {
-  return {tipo == 4 ? 860 : 850, {}};
+Peticion granTotal(TipoGrupo tipo) {
+  return {tipo == TipoGrupo::Birch ? 860 : 850, {}};
 }
 Peticion operador(int posicion) {
   return {800, Ceros(posicion, 2)};
@@ -70,13 +70,13 @@ Leido<Total> leerArticulo(QByteArrayView registro, Rigor rigor) {
   return l.comprobado(t);
 }
 
-Leido<Total> leerGranTotal(QByteArrayView registro, int tipo, Rigor rigor) {
+Leido<Total> leerGranTotal(QByteArrayView registro, TipoGrupo tipo, Rigor rigor) {
   Lector l(registro, rigor);
   Total t;
   t.imp = l.numero(1, 9);
   t.pes = l.numero(10, 9);
   t.con = l.numero(24, 5);
-  if (tipo == 4) t.sco = l.numero(57, 9) + l.numero(71, 9);
+  if (tipo == TipoGrupo::Birch) t.sco = l.numero(57, 9) + l.numero(71, 9);
   return l.comprobado(t);
 }
 

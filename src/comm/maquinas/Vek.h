@@ -15,7 +15,7 @@ Peticion puestaACero(bool toda);
 Peticion articulo(qint64 codigo);
 // The next article with sales from `codigo` on.
 Peticion siguienteArticulo(qint64 codigo);
-Peticion granTotal(int tipo);
+Peticion granTotal(TipoGrupo tipo);
 Peticion operador(int posicion);
 Peticion departamento(int numero);
 Peticion hora(int hora);
@@ -30,7 +30,7 @@ std::optional<qint64> cabeza(QByteArrayView registro, int inicio, int ancho);
 
 // Each reads one record. A record that is cut or not numeric where it must be is a Formato error.
 Leido<Total> leerArticulo(QByteArrayView registro, Rigor rigor = Rigor::Estricto);
-Leido<Total> leerGranTotal(QByteArrayView registro, int tipo, Rigor rigor = Rigor::Estricto);
+Leido<Total> leerGranTotal(QByteArrayView registro, TipoGrupo tipo, Rigor rigor = Rigor::Estricto);
 Leido<Total> leerOperador(QByteArrayView registro, Rigor rigor = Rigor::Estricto);
 Leido<Total> leerDepartamento(QByteArrayView registro, Rigor rigor = Rigor::Estricto);
 Leido<Total> leerHora(QByteArrayView registro, Rigor rigor = Rigor::Estricto);

@@ -105,10 +105,10 @@ void gestcomm::Interior::suprimir(int id, const QString& motivo) {
 // A channel for a waiting task: the one that holds its access, if idle, else the first that fits.
 int gestcomm::Interior::elegirCanal(TareaViva& t) {
   const int directo = t.datos.CanalDirecto;
-  if (t.datos.Remoto == 2) {
+  if (t.datos.Remoto == TipoAcceso::Directo) {
     if (directo < 0 || directo >= kCanalesFijos) return kNoVale;
     const auto& canal = canales[static_cast<size_t>(directo)];
-    if (entorno.ajustes.canales[static_cast<size_t>(directo)].Device != 2 ||
+    if (entorno.ajustes.canales[static_cast<size_t>(directo)].Device != TipoAcceso::Directo ||
         canal.EstadoCanal == kSinUso)
       return kNoVale;
   }
@@ -117,8 +117,8 @@ int gestcomm::Interior::elegirCanal(TareaViva& t) {
   const auto cerrado = [&](int c) {
     return canales[static_cast<size_t>(c)].EstadoCanal == kCerrado;
   };
-  if (t.datos.Remoto == 2) return cerrado(directo) ? directo : kEsperar;
-  if (t.datos.Remoto == 4) {
+  if (t.datos.Remoto == TipoAcceso::Directo) return cerrado(directo) ? directo : kEsperar;
+  if (t.datos.Remoto == TipoAcceso::Conector) {
     const int c = canalConector(t.datos.Telefono);
     return cerrado(c) ? c : kEsperar;
   }
@@ -135,7 +135,7 @@ int gestcomm::Interior::elegirCanal(TareaViva& t) {
 bool gestcomm::Interior::reutilizable(int c, const TareaViva& t) const {
   const CanalVivo& canal = canales[static_cast<size_t>(c)];
   // A link speaks one protocol at one speed from its opening to its closing.
-  return canal.EstadoCanal == kLibreAbierto && canal.protocolo == t.datos.Protocolo &&
+  return canal.EstadoCanal == kLibreAbierto && canal.protocolo == t.datos.protocolo &&
          canal.baudios == t.datos.Baudios;
 }
 
@@ -157,7 +157,7 @@ void gestcomm::Interior::asignarCanal(TareaViva& t, int c) {
   canal.TareaCanal = t.datos.Id;
   canal.etiqueta = t.datos.Telefono;
   canal.acceso = t.acceso;
-  canal.protocolo = t.datos.Protocolo;
+  canal.protocolo = t.datos.protocolo;
   canal.baudios = t.datos.Baudios;
   ocupados[t.acceso] = c;
   ponerCanal(c, kEnUso);
@@ -170,8 +170,9 @@ void gestcomm::Interior::abrir(int id, int c) {
   vigilar(c, 0);
   cambio(*t);
   const int error = enlaces.AbrirEnlace(
-      t->datos.Protocolo == 2 ? enlace::kNodalMotor : enlace::kVekMotor, c, t->datos.Baudios,
-      t->datos.Remoto == 2 ? QString() : t->datos.Telefono, &fuera);
+      t->datos.protocolo == Protocolo::Nodal ? enlace::Para::NodalMotor : enlace::Para::VekMotor, c,
+      t->datos.Baudios, t->datos.Remoto == TipoAcceso::Directo ? QString() : t->datos.Telefono,
+      &fuera);
   if (error != 0 && tarea(id)) falloApertura(c, id, error);
 }
 
@@ -201,7 +202,7 @@ void gestcomm::Interior::siguienteTrama(int id) {
   if (s->que == Siguiente::Fin) return finTarea(id);
   const int c = t->Canal;
   t->Addr = s->addr;
-  t->pedido = s->que == Siguiente::Enviar && t->datos.Protocolo == 1 ? s->codigo : -1;
+  t->pedido = s->que == Siguiente::Enviar && t->datos.protocolo == Protocolo::Vek ? s->codigo : -1;
   t->olvido = s->modo.unaVez;
   ponerCanal(c, kEnUso);
   const int timeOut = s->timeOut != 0 ? s->timeOut : entorno.ajustes.TimeOut;
@@ -263,11 +264,10 @@ void gestcomm::Interior::finTarea(int id) {
   soltarEnlace(c);
   mirarPronto();
   cambio(*t);
-  const int clase = t->datos.Clase;
   if (entorno.sesion.estado() != antes)
     if (auto r = entorno.sesion.reflejar(); !r)
       avisos->push_back({t->datos.Grupo, r.error().texto, false});
-  decirAvisos(clase, *avisos);
+  decirAvisos(*avisos);
 }
 
 }  // namespace tarvo::motor

@@ -1,6 +1,7 @@
 // The queue: tasks come in, are looked up and go; and which groups have a reading that failed.
 #include "comm/motor/Interior.h"
 #include "comm/motor/TextosMotor.h"
+#include "core/dao/Recorrido.h"
 
 namespace tarvo::motor {
 
@@ -12,15 +13,16 @@ Resultado<std::vector<int>> leerDirecciones(dao::Database& db, int grupo) {
   const int cAddr = rs->columna(u"ADDR");
   std::vector<int> salida;
   TARVO_INTENTAR(rs->Seek(dao::Busca::MayorIgual, grupo));
-  while (!rs->Eof() && rs->entero(cGrupo) == grupo) {
-    salida.push_back(static_cast<int>(rs->entero(cAddr)));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(*rs, [&](const dao::Recordset& fila) {
+    const bool suya = fila.entero(cGrupo) == grupo;
+    if (suya) salida.push_back(static_cast<int>(fila.entero(cAddr)));
+    return suya;
+  }));
   return salida;
 }
 
 Acceso accesoDe(const DatosTarea& t) {
-  if (t.Remoto == 2) return {2, QString::number(t.CanalDirecto)};
+  if (t.Remoto == TipoAcceso::Directo) return {t.Remoto, QString::number(t.CanalDirecto)};
   return {t.Remoto, t.Telefono.trimmed().toCaseFolded()};
 }
 
@@ -44,8 +46,8 @@ qint64 TareaViva::codigo() const {
   return trabajo ? trabajo->codigoActual() : datos.Desde;
 }
 
-// The group's row as a task keeps it; nothing when there is no such group or it doesn't
-// communicate.
+// The group's row as a task keeps it; nothing when there is no such group, it is of no kind, or it
+// doesn't communicate.
 Resultado<std::optional<DatosTarea>> gestcomm::Interior::leerGrupo(int grupo) {
   TARVO_TOMAR(auto rs, entorno.db.OpenTable(u"GRUPOS", u"CODGPO"));
   TARVO_TOMAR(const auto hay, rs->Seek(dao::Busca::Igual, grupo));
@@ -56,17 +58,19 @@ Resultado<std::optional<DatosTarea>> gestcomm::Interior::leerGrupo(int grupo) {
   };
   DatosTarea t;
   t.Grupo = grupo;
-  t.Remoto = entero(u"remoto", 0);
-  if (t.Remoto < 1 || t.Remoto > 4) return std::nullopt;
+  const auto remoto = deNumero<TipoAcceso>(entero(u"remoto", 0));
+  const auto tipo = deNumero<TipoGrupo>(entero(u"tipo", 0));
+  if (!tipo || remoto.value_or(TipoAcceso::Ninguno) == TipoAcceso::Ninguno) return std::nullopt;
+  t.Remoto = *remoto;
   t.Baudios = entero(u"Baudios", 0);
-  if (t.Remoto == 2)
+  if (t.Remoto == TipoAcceso::Directo)
     t.CanalDirecto = entero(u"canal", 0) - 1;
   else
     t.Telefono = rs->texto(rs->columna(u"telef"));
   t.Seccion = entero(u"seccion", 1);
   t.Tarifa = entero(u"tarifa", 0);
-  t.Tipo = entero(u"tipo", 0);
-  t.Protocolo = t.Tipo == 2 ? 2 : 1;
+  t.Tipo = *tipo;
+  t.protocolo = protocoloDe(*tipo);
   t.Addr = entero(u"ADDR", 0);
   TARVO_TOMAR(auto direcciones, leerDirecciones(entorno.db, grupo));
   t.Direcciones = std::move(direcciones);
@@ -74,18 +78,18 @@ Resultado<std::optional<DatosTarea>> gestcomm::Interior::leerGrupo(int grupo) {
 }
 
 int gestcomm::Interior::nueva(const DatosTarea& que) {
-  const int clase = que.Clase, grupo = que.Grupo;
-  const ClaseTarea* c = registro.porNumero(clase);
-  const LimitesClases& l = entorno.ajustes.clases;
+  const TipoTarea clase = que.Clase;
+  const int grupo = que.Grupo;
+  const ClaseTarea* c = registro.de(clase);
   // A build lacks kinds by their keyword; the one without is in all of them.
-  const bool tiene = c && (*c->clave == 0 || l.tiene(clase));
+  const bool tiene = c && (*c->clave == 0 || entorno.ajustes.clases.tiene(clase));
   if (!tiene || !c->crear) return 2;
-  if (clase >= l.ClaseRxMin && clase <= l.ClaseRxMax) {
-    const auto puede = entorno.sesion.PuedeRecibir(grupo, clase);
+  if (c->esTotal) {
+    const auto puede = entorno.sesion.PuedeRecibir(grupo, numeroDe(clase));
     if (!puede) {
       // Not read, and the machine must not be told to forget: where that can't be noted either, the
       // zeroing can't ask for leave.
-      static_cast<void>(entorno.sesion.lecturaFallida(grupo, clase));
+      static_cast<void>(entorno.sesion.lecturaFallida(grupo, numeroDe(clase)));
       return 2;
     }
     if (!*puede) return 1;
@@ -124,7 +128,6 @@ TareaViva* gestcomm::Interior::tareaDe(int canal) {
 void gestcomm::Interior::quitar(int id) {
   TareaViva* t = tarea(id);
   if (!t) return;
-  const int clase = t->datos.Clase;
   std::vector<totals::Aviso> avisos;
   if (t->Estado != kTerminado) {
     marcarFallida(*t);
@@ -133,7 +136,7 @@ void gestcomm::Interior::quitar(int id) {
   dejarPaso(*t);
   if (tareaDe(t->Canal) == t) liberarCanal(t->Canal);
   const auto nodo = tareas.extract(id);  // dies with this scope, after the observer's call
-  decirAvisos(clase, avisos);
+  decirAvisos(avisos);
   cambioCola();
 }
 
@@ -160,7 +163,7 @@ void gestcomm::Interior::marcarFallida(TareaViva& t) {
   t.fallida = true;
   anotarFallido(t.datos.Grupo, t.datos.Clase);
   if (!t.clase->esTotal) return;
-  if (auto r = entorno.sesion.lecturaFallida(t.datos.Grupo, t.datos.Clase); !r)
+  if (auto r = entorno.sesion.lecturaFallida(t.datos.Grupo, numeroDe(t.datos.Clase)); !r)
     decir(t, entorno.textos(kTxFalloSinAnotar, {t.datos.Grupo, r.error().texto}));
 }
 
@@ -176,7 +179,7 @@ void gestcomm::Interior::anotarBuena(const TareaViva& t) {
 }
 
 // Failures hold for the run in which they happened; the session keeps what must outlive it.
-void gestcomm::Interior::anotarFallido(int grupo, int clase) {
+void gestcomm::Interior::anotarFallido(int grupo, std::optional<TipoTarea> clase) {
   grupoFallido(grupo);
   clasesFallidas[grupo].insert(clase);
   gruposFallidos.insert(grupo);

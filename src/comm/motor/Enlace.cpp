@@ -1,5 +1,6 @@
 // Channels and links: what their events and failures do to the tasks on them.
 #include <algorithm>
+#include <utility>
 
 #include "comm/enlace/Errores.h"
 #include "comm/motor/Interior.h"
@@ -60,8 +61,8 @@ void gestcomm::Interior::canalCerrado(int c) {
     ocupados.erase(*canal.acceso);
     canal.acceso.reset();
   }
-  const bool sinUso =
-      c < kCanalesFijos && entorno.ajustes.canales[static_cast<size_t>(c)].Device == 0;
+  const bool sinUso = c < kCanalesFijos &&
+                      entorno.ajustes.canales[static_cast<size_t>(c)].Device == TipoAcceso::Ninguno;
   ponerCanal(c, sinUso ? kSinUso : kCerrado);
 }
 
@@ -82,8 +83,18 @@ void gestcomm::Interior::abandonarEnlace(int c) {
 }
 
 int gestcomm::Interior::errorDeCaida(int c) const {
-  const int device = c < kCanalesFijos ? entorno.ajustes.canales[static_cast<size_t>(c)].Device : 0;
-  return device == 1 ? kErrorPortadora : device == 3 ? kErrorCaidaTcp : kErrorCaida;
+  if (c >= kCanalesFijos) return kErrorCaida;
+  switch (entorno.ajustes.canales[static_cast<size_t>(c)].Device) {
+    case TipoAcceso::Modem:
+      return kErrorPortadora;
+    case TipoAcceso::TcpIp:
+      return kErrorCaidaTcp;
+    case TipoAcceso::Ninguno:
+    case TipoAcceso::Directo:
+    case TipoAcceso::Conector:
+      return kErrorCaida;
+  }
+  std::unreachable();
 }
 
 // What becomes of the link of a task that has left the channel.

@@ -41,7 +41,7 @@ inline constexpr int kCanalesFijos = 4;
 
 // How a group is reached: Remoto, and the number, host or name compared without blanks around it
 // and without case, or the channel of a direct cable.
-using Acceso = std::pair<int, QString>;
+using Acceso = std::pair<TipoAcceso, QString>;
 
 struct TareaViva {
   DatosTarea datos;
@@ -79,10 +79,12 @@ struct TareaViva {
 struct CanalVivo {
   int EstadoCanal = kCerrado, TareaCanal = -1, FallosCierre = 0;
   QString NombreEnlace, etiqueta;
-  std::optional<Acceso> acceso;    // of the link that is open, opening or closing here
-  int protocolo = 0, baudios = 0;  // it was opened with
-  qint64 reapertura = 0;           // when it opens again (monotonic ms)
-  qint64 limite = 0;               // when a link that gives no event is dropped; 0 for no watch
+  std::optional<Acceso> acceso;  // of the link that is open, opening or closing here
+  // It was opened with.
+  std::optional<Protocolo> protocolo;
+  int baudios = 0;
+  qint64 reapertura = 0;  // when it opens again (monotonic ms)
+  qint64 limite = 0;      // when a link that gives no event is dropped; 0 for no watch
 };
 
 struct gestcomm::Interior {
@@ -109,7 +111,8 @@ struct gestcomm::Interior {
   std::vector<Observador*> observadores;
   std::vector<DatosTarea> quitadas;  // by the operator, the latest last
   std::set<int> gruposFallidos;
-  std::map<int, std::set<int>> clasesFallidas;  // 0: noted from outside
+  // Of each group; nothing for what was noted from outside.
+  std::map<int, std::set<std::optional<TipoTarea>>> clasesFallidas;
   qint64 ejecucionFallidos = 0;
   std::function<void()> alCerrar;
   bool terminarAlAcabar = false;
@@ -128,7 +131,7 @@ struct gestcomm::Interior {
   void marcarFallida(TareaViva& t);
   void anotarBuena(const TareaViva& t);
   bool grupoFallido(int grupo);
-  void anotarFallido(int grupo, int clase);
+  void anotarFallido(int grupo, std::optional<TipoTarea> clase);
 
   // Pulso.cpp: the tick and the retry rule
   enum class Mirada { Pulso, Pronta };
@@ -201,7 +204,7 @@ struct gestcomm::Interior {
   VistaTarea vista(const TareaViva& t) const;
   void cambioCola();
   void decir(const TareaViva& t, const QString& texto);
-  void decirAvisos(int clase, const std::vector<totals::Aviso>& avisos);
+  void decirAvisos(const std::vector<totals::Aviso>& avisos);
   void problema(int id);
   qint64 ahora() const { return entorno.reloj.monotono(); }
 };

@@ -132,12 +132,12 @@ void gestcomm::Interior::decir(const TareaViva& t, const QString& texto) {
   if (texto == t.dicho || texto.isEmpty()) return;
   const int id = t.datos.Id;
   if (TareaViva* viva = tarea(id)) viva->dicho = texto;
-  if (vigilante) vigilante->InformeAviso(t.datos.Clase, {t.datos.Grupo, texto, true});
+  if (vigilante) vigilante->InformeAviso({t.datos.Grupo, texto, true});
 }
 
-void gestcomm::Interior::decirAvisos(int clase, const std::vector<totals::Aviso>& avisos) {
+void gestcomm::Interior::decirAvisos(const std::vector<totals::Aviso>& avisos) {
   for (const totals::Aviso& a : avisos)
-    if (vigilante) vigilante->InformeAviso(clase, a);
+    if (vigilante) vigilante->InformeAviso(a);
 }
 
 void gestcomm::Interior::problema(int id) {

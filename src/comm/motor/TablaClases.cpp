@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "comm/motor/Tarea.h"
 #include "comm/motor/TextosMotor.h"
@@ -10,21 +11,90 @@ namespace {
 constexpr int kUltimoEstado = 8;
 
 struct FilaClase {
-  int numero;
   const char16_t* clave;
-  std::vector<int> tipos;
+  std::vector<TipoGrupo> tipos;
 };
 
-std::vector<FilaClase> filasClases() {
-  return {
-      {1, u"TXPLUS", {1, 2, 3, 4}},   {2, u"TXTECLA", {1, 2, 4}},  {3, u"TXTICK", {1, 2, 4}},
-      {4, u"TXCNFIG", {1, 4}},        {5, u"TXCFBAL", {1, 4}},     {6, u"TX_ZERO", {1, 2, 3, 4}},
-      {7, u"TX_HORA", {1, 2, 4}},     {8, u"TX_ETIQ", {1, 4}},     {9, u"TX_CERR", {2}},
-      {10, u"BORRPLU", {2, 3}},       {11, u"T_PRECI", {1, 4}},    {16, u"RXPLUS", {1, 2, 3, 4}},
-      {17, u"RXGRTOT", {1, 2, 3, 4}}, {18, u"RXOPERA", {1, 2, 4}}, {19, u"RXDEPAR", {1, 2, 3, 4}},
-      {20, u"RXHORAR", {1, 4}},       {21, u"RXOPHOR", {1, 2, 4}}, {22, u"RXPEDID", {1, 2, 4}},
-      {23, u"RXINVEN", {1, 4}},       {24, u"", {1, 4}},
-  };
+FilaClase filaDe(TipoTarea tarea) {
+  using enum TipoGrupo;
+  switch (tarea) {
+    case TipoTarea::TxPlus:
+      return {u"TXPLUS", {Balanzas, Ebony, Registradoras, Birch}};
+    case TipoTarea::TxTecla:
+      return {u"TXTECLA", {Balanzas, Ebony, Birch}};
+    case TipoTarea::TxTick:
+      return {u"TXTICK", {Balanzas, Ebony, Birch}};
+    case TipoTarea::TxCnfig:
+      return {u"TXCNFIG", {Balanzas, Birch}};
+    case TipoTarea::TxCfBal:
+      return {u"TXCFBAL", {Balanzas, Birch}};
+    case TipoTarea::TxZero:
+      return {u"TX_ZERO", {Balanzas, Ebony, Registradoras, Birch}};
+    case TipoTarea::TxHora:
+      return {u"TX_HORA", {Balanzas, Ebony, Birch}};
+    case TipoTarea::TxEtiq:
+      return {u"TX_ETIQ", {Balanzas, Birch}};
+    case TipoTarea::TxCerr:
+      return {u"TX_CERR", {Ebony}};
+    case TipoTarea::BorrPlu:
+      return {u"BORRPLU", {Ebony, Registradoras}};
+    case TipoTarea::TPreci:
+      return {u"T_PRECI", {Balanzas, Birch}};
+    case TipoTarea::RxPlus:
+      return {u"RXPLUS", {Balanzas, Ebony, Registradoras, Birch}};
+    case TipoTarea::RxGrTot:
+      return {u"RXGRTOT", {Balanzas, Ebony, Registradoras, Birch}};
+    case TipoTarea::RxOpera:
+      return {u"RXOPERA", {Balanzas, Ebony, Birch}};
+    case TipoTarea::RxDepar:
+      return {u"RXDEPAR", {Balanzas, Ebony, Registradoras, Birch}};
+    case TipoTarea::RxHorar:
+      return {u"RXHORAR", {Balanzas, Birch}};
+    case TipoTarea::RxOpHor:
+      return {u"RXOPHOR", {Balanzas, Ebony, Birch}};
+    case TipoTarea::RxPedid:
+      return {u"RXPEDID", {Balanzas, Ebony, Birch}};
+    case TipoTarea::RxInven:
+      return {u"RXINVEN", {Balanzas, Birch}};
+    case TipoTarea::RxDatPlu:
+      return {u"", {Balanzas, Birch}};
+  }
+  std::unreachable();
+}
+
+void ponerRasgos(ClaseTarea& c) {
+  c.esTotal = c.esLectura = esDeTotales(c.tarea);
+  switch (c.tarea) {
+    case TipoTarea::RxPedid:
+    case TipoTarea::RxInven:
+      c.esLectura = true;
+      return;
+    case TipoTarea::BorrPlu:
+      c.esOlvido = c.esBorrado = true;
+      return;
+    case TipoTarea::TxZero:
+      c.esOlvido = true;
+      return;
+    case TipoTarea::TxPlus:
+    case TipoTarea::RxDatPlu:
+      c.toleraErr5 = true;
+      return;
+    case TipoTarea::TxTecla:
+    case TipoTarea::TxTick:
+    case TipoTarea::TxCnfig:
+    case TipoTarea::TxCfBal:
+    case TipoTarea::TxHora:
+    case TipoTarea::TxEtiq:
+    case TipoTarea::TxCerr:
+    case TipoTarea::TPreci:
+    case TipoTarea::RxPlus:
+    case TipoTarea::RxGrTot:
+    case TipoTarea::RxOpera:
+    case TipoTarea::RxDepar:
+    case TipoTarea::RxHorar:
+    case TipoTarea::RxOpHor:
+      return;
+  }
 }
 
 }  // namespace
@@ -35,38 +105,34 @@ QString TextoEstado(int estado, const Textos& textos) {
 
 std::vector<ClaseTarea> TablaClases() {
   std::vector<ClaseTarea> salida;
-  for (FilaClase& f : filasClases()) {
-    ClaseTarea c;
-    c.numero = f.numero;
+  for (const TipoTarea tarea : todosLos<TipoTarea>()) {
+    FilaClase f = filaDe(tarea);
+    ClaseTarea& c = salida.emplace_back();
+    c.tarea = tarea;
     c.clave = f.clave;
-    c.nombre = kTxNombreClase + f.numero;
-    c.mensaje = kTxMensajeClase + f.numero;
-    c.titulo = kTxTituloClase + f.numero;
+    c.nombre = kTxNombreClase + numeroDe(tarea);
+    c.mensaje = kTxMensajeClase + numeroDe(tarea);
+    c.titulo = kTxTituloClase + numeroDe(tarea);
     c.tipos = std::move(f.tipos);
-    c.esTotal = f.numero >= 16 && f.numero <= 21;
-    c.esLectura = f.numero >= 16 && f.numero <= 23;
-    c.esOlvido = f.numero == 6 || f.numero == 10;
-    c.esBorrado = f.numero == 10;
-    c.toleraErr5 = f.numero == 1 || f.numero == 24;
-    salida.push_back(std::move(c));
+    ponerRasgos(c);
   }
   return salida;
 }
 
-bool ClaseTarea::valePara(int tipo) const {
+bool ClaseTarea::valePara(TipoGrupo tipo) const {
   return std::ranges::find(tipos, tipo) != tipos.end();
 }
 
 void RegistroTareas::anadir(ClaseTarea clase) {
-  const auto it = std::ranges::find(clases_, clase.numero, &ClaseTarea::numero);
+  const auto it = std::ranges::find(clases_, clase.tarea, &ClaseTarea::tarea);
   if (it != clases_.end())
     *it = std::move(clase);
   else
     clases_.push_back(std::move(clase));
 }
 
-const ClaseTarea* RegistroTareas::porNumero(int numero) const {
-  const auto it = std::ranges::find(clases_, numero, &ClaseTarea::numero);
+const ClaseTarea* RegistroTareas::de(TipoTarea tarea) const {
+  const auto it = std::ranges::find(clases_, tarea, &ClaseTarea::tarea);
   return it == clases_.end() ? nullptr : &*it;
 }
 

@@ -14,6 +14,7 @@
 #include "core/dao/Database.h"
 #include "core/textos/Textos.h"
 #include "core/tiempo/Reloj.h"
+#include "core/valores/Tipos.h"
 #include "totals/libros/Sesion.h"
 
 namespace tarvo::motor {
@@ -45,15 +46,15 @@ inline constexpr int kErrorAlmacen = 99;    // the store failed; the words are i
 // Group and request of a task; filled by the engine from GRUPOS and BZAS when it is queued.
 struct DatosTarea {
   int Id = 0;
-  int Clase = 0;
+  TipoTarea Clase = TipoTarea::TxHora;
   int Grupo = 0;
   int Baudios = 0;
-  int Remoto = 0;        // 1 modem, 2 direct cable, 3 TCP/IP, 4 connector
-  int CanalDirecto = 0;  // Remoto 2
+  TipoAcceso Remoto = TipoAcceso::Ninguno;
+  int CanalDirecto = 0;  // of a direct cable
   QString Telefono;      // phone number, host text or link name
   int Seccion = 1, Tarifa = 0;
-  int Tipo = 1;       // kind of group, 1 to 4
-  int Protocolo = 1;  // 2 NODAL where Tipo is 2, else 1 VEK
+  TipoGrupo Tipo = TipoGrupo::Balanzas;
+  Protocolo protocolo = Protocolo::Vek;
   int Addr = 0;
   std::vector<int> Direcciones;  // Addr of each BZAS row, in key order
   bool Todo = true;
@@ -138,30 +139,30 @@ class TrabajoTarea {
 
 // A kind of task. One constant object a file.
 struct ClaseTarea {
-  int numero = 0;
+  TipoTarea tarea = TipoTarea::TxHora;
   const char16_t* clave = u"";  // keyword of the process language, empty for none
   // Numbers of its texts: the grid's name, the name for messages, the title of its dialog.
   int nombre = -1, mensaje = -1, titulo = -1;
-  std::vector<int> tipos;   // kinds of group that take it
-  bool esTotal = false;     // 16 to 21
-  bool esLectura = false;   // totals and documents: a zeroing of the group waits for it
+  std::vector<TipoGrupo> tipos;  // of group that take it
+  bool esTotal = false;          // a reading of totals
+  bool esLectura = false;        // totals and documents: a zeroing of the group waits for it
   bool esOlvido = false;    // zeroing, wipe: waits until no reading of its group stands before it
   bool esBorrado = false;   // wipe: what comes after it for its group waits for it
   bool toleraErr5 = false;  // a refusal numbered 5 counts as a good answer
   // Null for a kind whose name is known and that has no sender: NuevaTarea answers 2 for it.
   std::unique_ptr<TrabajoTarea> (*crear)(const DatosTarea&, const Entorno&) = nullptr;
-  bool valePara(int tipo) const;
+  bool valePara(TipoGrupo tipo) const;
 };
 
 // The names, kinds of group and flags of all kinds of task, with no sender.
 std::vector<ClaseTarea> TablaClases();
 
-// The kinds, by number. Made in one place (comm/tareas/Registro) and handed to the engine.
+// The kinds. Made in one place (comm/tareas/Registro) and handed to the engine.
 class RegistroTareas {
  public:
-  // Adds a kind, or takes the place of the one of that number.
+  // Adds a kind, or takes the place of the one that there is.
   void anadir(ClaseTarea clase);
-  const ClaseTarea* porNumero(int numero) const;
+  const ClaseTarea* de(TipoTarea tarea) const;  // null for one that isn't known here
   const ClaseTarea* porClave(QStringView clave) const;
   const std::vector<ClaseTarea>& todas() const { return clases_; }
 

@@ -11,7 +11,7 @@ gestcomm::Interior::Interior(gestcomm& dueno, Entorno e, enlace::Enlaces& en,
                              const RegistroTareas& r)
     : fuera(dueno), entorno(e), enlaces(en), registro(r) {
   for (const ParamCanal& p : e.ajustes.canales)
-    canales.emplace_back().EstadoCanal = p.Device == 0 ? kSinUso : kCerrado;
+    canales.emplace_back().EstadoCanal = p.Device == TipoAcceso::Ninguno ? kSinUso : kCerrado;
   pulso = e.reloj.temporizador([this] { latido(); });
   pulso->cada(kPulsoMs);
   pronto = e.reloj.temporizador([this] { mirar(Mirada::Pronta); });
@@ -28,7 +28,8 @@ gestcomm::gestcomm(Entorno entorno, enlace::Enlaces& enlaces, const RegistroTare
 
 gestcomm::~gestcomm() = default;
 
-int gestcomm::NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, int clase, qint64 paso) {
+int gestcomm::NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, TipoTarea clase,
+                         qint64 paso) {
   DatosTarea que;
   que.Grupo = grupo;
   que.Clase = clase;
@@ -86,7 +87,7 @@ const std::set<int>& gestcomm::GruposFallidos() const {
 }
 
 void gestcomm::anadirGrupoFallido(int grupo) {
-  d->anotarFallido(grupo, 0);
+  d->anotarFallido(grupo, std::nullopt);
 }
 
 Resultado<bool> gestcomm::LaSesion(int nuevo) {
@@ -100,7 +101,7 @@ Resultado<bool> gestcomm::LaSesion(int nuevo) {
   } else {
     return false;
   }
-  if (auto r = s.reflejar(); !r) d->decirAvisos(0, {{0, r.error().texto, false}});
+  if (auto r = s.reflejar(); !r) d->decirAvisos({{0, r.error().texto, false}});
   return true;
 }
 
@@ -231,7 +232,8 @@ std::vector<VistaCanal> gestcomm::canales() const {
   for (int i = 0; i < static_cast<int>(d->canales.size()); ++i) {
     const CanalVivo& c = d->canales[static_cast<size_t>(i)];
     const bool modem =
-        i < kCanalesFijos && d->entorno.ajustes.canales[static_cast<size_t>(i)].Device == 1;
+        i < kCanalesFijos &&
+        d->entorno.ajustes.canales[static_cast<size_t>(i)].Device == TipoAcceso::Modem;
     salida.push_back({c.EstadoCanal, c.TareaCanal, c.FallosCierre, c.NombreEnlace, c.etiqueta,
                       modem && d->enlaces[i] && d->enlaces[i]->Portadora()});
   }
@@ -242,7 +244,8 @@ void gestcomm::cambiaronCanales() {
   for (int c = 0; c < kCanalesFijos; ++c) {
     const int estado = d->canales[static_cast<size_t>(c)].EstadoCanal;
     if (estado != kSinUso && estado != kCerrado) continue;
-    const bool sinUso = d->entorno.ajustes.canales[static_cast<size_t>(c)].Device == 0;
+    const bool sinUso =
+        d->entorno.ajustes.canales[static_cast<size_t>(c)].Device == TipoAcceso::Ninguno;
     d->ponerCanal(c, sinUso ? kSinUso : kCerrado);
   }
 }

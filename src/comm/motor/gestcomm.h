@@ -15,11 +15,12 @@ namespace tarvo::motor {
 // Who watches over the tasks: the runner of processes.
 class Vigilante {
  public:
-  virtual void InformeProblema(int clase, int grupo, int error, int estado, qint64 codigo) = 0;
-  virtual void InformeRetry(int clase, int grupo, int error, int estado, qint64 codigo) = 0;
+  virtual void InformeProblema(TipoTarea clase, int grupo, int error, int estado,
+                               qint64 codigo) = 0;
+  virtual void InformeRetry(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) = 0;
   // A sentence about a group that isn't an error of a frame: a record too short, counters that went
   // down...
-  virtual void InformeAviso(int clase, const totals::Aviso& aviso) = 0;
+  virtual void InformeAviso(const totals::Aviso& aviso) = 0;
   // A task has ended well, inside the transaction that stored what it read (so that the runner's
   // record agrees with it).
   virtual Resultado<> TareaHecha(const DatosTarea& tarea) = 0;
@@ -66,7 +67,8 @@ class gestcomm final : private enlace::ClienteEnlace {
 
   // 0 queued; 1 refused by the session rule; 2 no such group, a kind not valid for it, or a group
   // that doesn't communicate. `paso`: the step of a process that asks.
-  int NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, int clase, qint64 paso = -1);
+  int NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, TipoTarea clase,
+                 qint64 paso = -1);
   // Without effect towards manual while the mode is fixed.
   void CambioAModo(bool automatico);
   // A process moves the tasks on: nobody else may stop them by turning to manual.

@@ -21,14 +21,14 @@ class Borrado final : public motor::TrabajoTarea {
   Borrado(const motor::DatosTarea& t, const motor::Entorno& e)
       : t_(t), e_(e), tenencias_(e.db, e.reloj, destinoDe(t)) {
     const std::vector<int> una{t.Addr};
-    for (const int addr : t.Tipo == 3 ? t.Direcciones : una)
+    for (const int addr : t.Tipo == TipoGrupo::Registradoras ? t.Direcciones : una)
       if (std::ranges::find(maquinas_, addr) == maquinas_.end()) maquinas_.push_back(addr);
   }
 
   Resultado<Siguiente> siguiente() override {
     if (paso_ > kPasos) return Siguiente::fin();
     TARVO_INTENTAR(anunciar());
-    if (t_.Tipo == 2 && paso_ == kPasos)
+    if (t_.Tipo == TipoGrupo::Ebony && paso_ == kPasos)
       return Siguiente{Siguiente::EsperarNODAL, t_.Addr, 0, {}, e_.ajustes.TimeCero};
     const maquinas::Peticion p = maquinas::borrarArticulos(t_.Tipo);
     return Siguiente{Siguiente::Enviar,
@@ -40,7 +40,7 @@ class Borrado final : public motor::TrabajoTarea {
   }
   // Whatever an Ebony machine says after the order is its answer.
   bool encaja(int addr, int codigo, const QByteArray&) const override {
-    if (t_.Tipo == 2) return true;
+    if (t_.Tipo == TipoGrupo::Ebony) return true;
     return codigo == maquinas::borrarArticulos(t_.Tipo).codigo &&
            (addr < 0 || addr == maquinas_[indice_]);
   }
@@ -48,7 +48,8 @@ class Borrado final : public motor::TrabajoTarea {
   // quiet by now.
   bool sinRespuesta(int error) override {
     constexpr int kSinRespuestaLogica = 17;
-    return t_.Tipo == 3 && error == kSinRespuestaLogica && !std::exchange(insistida_, true);
+    return t_.Tipo == TipoGrupo::Registradoras && error == kSinRespuestaLogica &&
+           !std::exchange(insistida_, true);
   }
   Resultado<> respuesta(int, int, const QByteArray&) override {
     insistida_ = false;
@@ -58,11 +59,12 @@ class Borrado final : public motor::TrabajoTarea {
   }
   // Nothing was wiped.
   bool rechazada(int) override {
-    if (t_.Tipo == 2 && enTransaccion(&envios::Tenencias::borradoRechazado)) anunciada_ = false;
+    if (t_.Tipo == TipoGrupo::Ebony && enTransaccion(&envios::Tenencias::borradoRechazado))
+      anunciada_ = false;
     return false;
   }
   void reanudar() override {
-    if (t_.Tipo == 2) paso_ = 1;
+    if (t_.Tipo == TipoGrupo::Ebony) paso_ = 1;
   }
   Resultado<std::vector<totals::Aviso>> cerrar() override {
     return std::vector<totals::Aviso>{

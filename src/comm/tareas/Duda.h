@@ -87,8 +87,9 @@ class DudaDeLista {
 
 // The wire that a task's machines are on.
 inline QString lineaDe(const motor::DatosTarea& t) {
-  return QStringLiteral("%1 %2").arg(t.Remoto).arg(t.Remoto == 2 ? QString::number(t.CanalDirecto)
-                                                                 : t.Telefono);
+  return QStringLiteral("%1 %2")
+      .arg(numeroDe(t.Remoto))
+      .arg(t.Remoto == TipoAcceso::Directo ? QString::number(t.CanalDirecto) : t.Telefono);
 }
 
 }  // namespace tarvo::tareas

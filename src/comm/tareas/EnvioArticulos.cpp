@@ -138,7 +138,7 @@ std::vector<totals::Aviso> EnvioArticulos::avisos(bool acabada) const {
   if (const auto quedan = remesa_.restan(); !acabada && quedan)
     salida.push_back(
         {t_.Grupo, e_.textos(kTxSinAcabar, {t_.Grupo, quedan->articulos, quedan->borrados}), true});
-  if (t_.Tipo == 2 || t_.Tipo == 3)
+  if (t_.Tipo == TipoGrupo::Ebony || t_.Tipo == TipoGrupo::Registradoras)
     if (const auto n = envios::articulosDeSobra(e_.db, destinoDe(t_)); n && *n > 0)
       salida.push_back({t_.Grupo, e_.textos(kTxGuardaBorrados, {t_.Grupo, *n}), false});
   const bool nada =

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "comm/tareas/Listas.h"
+#include "core/dao/Marcas.h"
 
 namespace tarvo::tareas {
 
@@ -37,8 +38,9 @@ QString huella(const std::vector<Linea>& lineas, size_t cuantas) {
 
 Resultado<qint64> ListaRecibida::numeroNuevo() {
   const Nombres& n = nombres(que_);
-  TARVO_TOMAR(const auto ultimo,
-              e_.db.uno(QString(u"SELECT MAX("_s + q(n.numero) + u") FROM "_s + q(n.cabecera))));
+  TARVO_TOMAR(const auto ultimo, e_.db.uno(dao::conMarcas(
+                                     u"SELECT MAX({numero}) FROM {documentos}",
+                                     {{u"numero", q(n.numero)}, {u"documentos", q(n.cabecera)}})));
   TARVO_TOMAR(const auto guardado,
               e_.db.uno(u"SELECT VALOR FROM EstadoTarvo WHERE CLAVE=?"_s, n.contador));
   const int ajuste =
@@ -58,10 +60,12 @@ Resultado<> ListaRecibida::escribirLineas(const std::vector<Linea>& lineas, size
   const bool pedido = que_ == Documento::Pedido;
   TARVO_TOMAR(
       auto st,
-      e_.db.preparar(QString(
-          u"INSERT INTO "_s + q(n.lineas) + u" ("_s + q(n.numero) +
-          (pedido ? u", SECCION, CODIGO, PESO, UNIDS, SERV_UNI, SERV_PES) VALUES (?,?,?,?,?,0,0)"_s
-                  : u", SECCION, CODIGO, PESO, UNIDS) VALUES (?,?,?,?,?)"_s))));
+      e_.db.preparar(dao::conMarcas(
+          pedido ? QStringView(u"INSERT INTO {lineas} ({numero}, SECCION, CODIGO, PESO, UNIDS, "
+                               u"SERV_UNI, SERV_PES) VALUES (?,?,?,?,?,0,0)")
+                 : QStringView(u"INSERT INTO {lineas} ({numero}, SECCION, CODIGO, PESO, UNIDS) "
+                               u"VALUES (?,?,?,?,?)"),
+          {{u"lineas", q(n.lineas)}, {u"numero", q(n.numero)}})));
   for (size_t i = desde; i < lineas.size(); ++i) {
     const qint64 campos[] = {numero_, t_.Seccion, lineas[i].articulo, lineas[i].peso,
                              lineas[i].unidades};
@@ -77,9 +81,10 @@ Resultado<bool> ListaRecibida::continuar(const std::vector<Linea>& lineas) {
   TARVO_TOMAR(
       const auto rs,
       e_.db.consultar(
-          QString(u"SELECT NUMERO, HUELLA, LINEAS FROM ListasRecibidas, "_s + q(n.cabecera) +
-                  u" WHERE ListasRecibidas.GRUPO=? AND CLASE=? AND OLVIDADA=0 AND "_s +
-                  q(n.numero) + u"=NUMERO ORDER BY NUMERO DESC"_s),
+          dao::conMarcas(u"SELECT NUMERO, HUELLA, LINEAS FROM ListasRecibidas, {documentos} WHERE "
+                         u"ListasRecibidas.GRUPO=? AND CLASE=? AND OLVIDADA=0 AND "
+                         u"{numero}=NUMERO ORDER BY NUMERO DESC",
+                         {{u"documentos", q(n.cabecera)}, {u"numero", q(n.numero)}}),
           t_.Grupo, t_.Clase));
   if (rs->Eof()) return false;
   const auto conocidas = static_cast<size_t>(rs->entero(2));
@@ -108,8 +113,9 @@ Resultado<> ListaRecibida::empezarDocumento(const std::vector<Linea>& lineas) {
   TARVO_TOMAR(const auto numero, numeroNuevo());
   numero_ = numero;
   TARVO_INTENTAR(
-      e_.db.ejecutar(QString(u"INSERT INTO "_s + q(n.cabecera) + u" ("_s + q(n.numero) +
-                             u", FECHA, GRUPO, stkADO, OBSERVA) VALUES (?, ?, ?, 0, '')"_s),
+      e_.db.ejecutar(dao::conMarcas(u"INSERT INTO {documentos} ({numero}, FECHA, GRUPO, stkADO, "
+                                    u"OBSERVA) VALUES (?, ?, ?, 0, '')",
+                                    {{u"documentos", q(n.cabecera)}, {u"numero", q(n.numero)}}),
                      numero_, e_.reloj.ahora(), t_.Grupo));
   TARVO_INTENTAR(escribirLineas(lineas, 0));
   TARVO_INTENTAR(

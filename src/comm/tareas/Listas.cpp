@@ -325,7 +325,7 @@ class ListaNodalPedido final : public Lista {
 }  // namespace
 
 Trabajo crearLista(const motor::DatosTarea& t, const motor::Entorno& e, Documento que) {
-  if (t.Tipo == 2) return std::make_unique<ListaNodalPedido>(t, e, que);
+  if (t.Tipo == TipoGrupo::Ebony) return std::make_unique<ListaNodalPedido>(t, e, que);
   return std::make_unique<ListaVek>(t, e, que);
 }
 

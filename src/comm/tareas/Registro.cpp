@@ -1,23 +1,64 @@
 #include "comm/tareas/Registro.h"
 
+#include <utility>
+
 #include "comm/tareas/Fabricas.h"
 
 namespace tarvo::tareas {
 
+namespace {
+
+using Fabrica = Trabajo (*)(const motor::DatosTarea&, const motor::Entorno&);
+
+// Null for a kind that nobody can carry out yet.
+Fabrica fabricaDe(TipoTarea tarea) {
+  switch (tarea) {
+    case TipoTarea::TxPlus:
+      return crearTxPlus;
+    case TipoTarea::TxZero:
+      return crearTxZero;
+    case TipoTarea::TxHora:
+      return crearTxHora;
+    case TipoTarea::TxCerr:
+      return crearTxCerr;
+    case TipoTarea::BorrPlu:
+      return crearBorrPlu;
+    case TipoTarea::TPreci:
+      return crearTPreci;
+    case TipoTarea::RxPlus:
+      return crearRxPlus;
+    case TipoTarea::RxGrTot:
+      return crearRxGrTot;
+    case TipoTarea::RxOpera:
+      return crearRxOpera;
+    case TipoTarea::RxDepar:
+      return crearRxDepar;
+    case TipoTarea::RxHorar:
+      return crearRxHorar;
+    case TipoTarea::RxOpHor:
+      return crearRxOpHor;
+    case TipoTarea::RxPedid:
+      return crearRxPedid;
+    case TipoTarea::RxInven:
+      return crearRxInven;
+    case TipoTarea::RxDatPlu:
+      return crearRxDatPlu;
+    case TipoTarea::TxTecla:
+    case TipoTarea::TxTick:
+    case TipoTarea::TxCnfig:
+    case TipoTarea::TxCfBal:
+    case TipoTarea::TxEtiq:
+      return nullptr;
+  }
+  std::unreachable();
+}
+
+}  // namespace
+
 motor::RegistroTareas registro() {
-  struct Fabrica {
-    int numero;
-    Trabajo (*crear)(const motor::DatosTarea&, const motor::Entorno&);
-  };
-  constexpr Fabrica kFabricas[] = {{1, crearTxPlus},    {10, crearBorrPlu}, {11, crearTPreci},
-                                   {24, crearRxDatPlu}, {6, crearTxZero},   {7, crearTxHora},
-                                   {9, crearTxCerr},    {16, crearRxPlus},  {17, crearRxGrTot},
-                                   {18, crearRxOpera},  {19, crearRxDepar}, {20, crearRxHorar},
-                                   {21, crearRxOpHor},  {22, crearRxPedid}, {23, crearRxInven}};
   motor::RegistroTareas r;
   for (motor::ClaseTarea& c : motor::TablaClases()) {
-    for (const Fabrica& f : kFabricas)
-      if (f.numero == c.numero) c.crear = f.crear;
+    c.crear = fabricaDe(c.tarea);
     r.anadir(std::move(c));
   }
   return r;

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "comm/maquinas/Caja.h"
 #include "comm/maquinas/Nodal.h"
 #include "comm/maquinas/Vek.h"
@@ -69,13 +71,15 @@ class DepartamentosCaja final : public ListasCaja {
 
 Trabajo crearRxDepar(const motor::DatosTarea& t, const motor::Entorno& e) {
   switch (t.Tipo) {
-    case 2:
+    case TipoGrupo::Ebony:
       return std::make_unique<DepartamentosNodal>(t, e);
-    case 3:
+    case TipoGrupo::Registradoras:
       return std::make_unique<DepartamentosCaja>(t, e);
-    default:
+    case TipoGrupo::Balanzas:
+    case TipoGrupo::Birch:
       return std::make_unique<DepartamentosVek>(t, e);
   }
+  std::unreachable();
 }
 
 }  // namespace tarvo::tareas

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "comm/maquinas/Caja.h"
 #include "comm/maquinas/Nodal.h"
 #include "comm/maquinas/Vek.h"
@@ -65,13 +67,15 @@ class GranTotalCaja final : public ListasCaja {
 
 std::unique_ptr<Totales> crearGranTotal(const motor::DatosTarea& t, const motor::Entorno& e) {
   switch (t.Tipo) {
-    case 2:
+    case TipoGrupo::Ebony:
       return std::make_unique<GranTotalNodal>(t, e);
-    case 3:
+    case TipoGrupo::Registradoras:
       return std::make_unique<GranTotalCaja>(t, e);
-    default:
+    case TipoGrupo::Balanzas:
+    case TipoGrupo::Birch:
       return std::make_unique<GranTotalVek>(t, e);
   }
+  std::unreachable();
 }
 
 Trabajo crearRxGrTot(const motor::DatosTarea& t, const motor::Entorno& e) {

@@ -57,7 +57,7 @@ class OperadoresNodal final : public ConOperadores<ListaNodal> {
 }  // namespace
 
 Trabajo crearRxOpera(const motor::DatosTarea& t, const motor::Entorno& e) {
-  if (t.Tipo == 2) return std::make_unique<OperadoresNodal>(t, e);
+  if (t.Tipo == TipoGrupo::Ebony) return std::make_unique<OperadoresNodal>(t, e);
   return std::make_unique<OperadoresVek>(t, e);
 }
 

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "comm/maquinas/Caja.h"
 #include "comm/maquinas/Nodal.h"
@@ -6,6 +7,7 @@
 #include "comm/tareas/Fabricas.h"
 #include "comm/tareas/TextosTareas.h"
 #include "comm/tareas/Totales.h"
+#include "core/dao/Recorrido.h"
 
 namespace tarvo::tareas {
 
@@ -20,18 +22,12 @@ bool rangoEntero(const motor::DatosTarea& t) {
 }
 
 Resultado<std::vector<qint64>> leerCodigos(dao::Database& db, const motor::DatosTarea& t) {
-  TARVO_TOMAR(
-      auto rs,
+  return dao::reunir(
       db.consultar(
           u"SELECT CODPLU FROM PLUSES WHERE (SECCION=?) AND (CODPLU>=?) AND (CODPLU<=?) ORDER BY "
           u"CODPLU",
-          t.Seccion, t.Desde, t.Hasta));
-  std::vector<qint64> codigos;
-  for (; !rs->Eof();) {
-    codigos.push_back(rs->entero(0));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return codigos;
+          t.Seccion, t.Desde, t.Hasta),
+      [](const dao::Recordset& rs) { return rs.entero(0); });
 }
 
 // Kinds 1 and 4: whole, one question for each article of the section; or optimised, in which the
@@ -136,15 +132,16 @@ class ArticulosCaja final : public ListasCaja {
  protected:
   Resultado<> preparar() override {
     lectura_.entera = rangoEntero(t_);
-    TARVO_TOMAR(auto rs,
-                e_.db.consultar(u"SELECT CODPLU, Val(iif(trim(CodBarExt)<>'', trim(CodBarExt), "
+    TARVO_TOMAR(auto barras,
+                dao::reunir(e_.db.consultar(
+                                u"SELECT CODPLU, Val(iif(trim(CodBarExt)<>'', trim(CodBarExt), "
                                 u"trim(PFX_BAR) & Format(CODPLU, '000000'))) AS bar FROM PLUSES "
                                 u"WHERE SECCION=? ORDER BY 2, 1",
-                                t_.Seccion));
-    for (; !rs->Eof();) {
-      barras_.push_back({static_cast<qint64>(rs->real(1)), rs->entero(0)});
-      TARVO_INTENTAR(rs->MoveNext());
-    }
+                                t_.Seccion),
+                            [](const dao::Recordset& rs) {
+                              return Barra{static_cast<qint64>(rs.real(1)), rs.entero(0)};
+                            }));
+    barras_ = std::move(barras);
     return {};
   }
   maquinas::Peticion pregunta() const override { return maquinas::caja::articulos(); }
@@ -172,13 +169,15 @@ class ArticulosCaja final : public ListasCaja {
 
 Trabajo crearRxPlus(const motor::DatosTarea& t, const motor::Entorno& e) {
   switch (t.Tipo) {
-    case 2:
+    case TipoGrupo::Ebony:
       return std::make_unique<ArticulosNodal>(t, e);
-    case 3:
+    case TipoGrupo::Registradoras:
       return std::make_unique<ArticulosCaja>(t, e);
-    default:
+    case TipoGrupo::Balanzas:
+    case TipoGrupo::Birch:
       return std::make_unique<ArticulosVek>(t, e);
   }
+  std::unreachable();
 }
 
 }  // namespace tarvo::tareas

@@ -26,7 +26,7 @@ class ListaDeArticulos : public EnvioArticulos {
   using EnvioArticulos::EnvioArticulos;
 
   bool encaja(int, int codigo, const QByteArray& datos) const override {
-    if (t_.Protocolo == 2) return true;
+    if (t_.protocolo == Protocolo::Nodal) return true;
     if (codigo != codigoEnviado()) return false;
     const auto suyo = maquinas::codigoDeFicha(datos);
     return preguntando_ ? suyo.value_or(-1) >= numero_ : !soloPrecios() || !suyo;
@@ -80,7 +80,8 @@ class ListaDeArticulos : public EnvioArticulos {
   }
   virtual Siguiente articulo(const envios::Remesa::Saliente& sale) {
     registro_ = sale.registro;
-    if (t_.Tipo == 2) return enviar(t_.Addr, maquinas::enviarArticulo(2, registro_));
+    if (t_.Tipo == TipoGrupo::Ebony)
+      return enviar(t_.Addr, maquinas::enviarArticulo(t_.Tipo, registro_));
     return preguntarAntes(sale.codigo, soloPrecios()
                                            ? maquinas::enviarPrecios(registro_)
                                            : maquinas::enviarArticulo(t_.Tipo, registro_));
@@ -103,7 +104,7 @@ class ListaDeArticulos : public EnvioArticulos {
 
  private:
   enum Fase { kLista = 1, kBorrados = 2, kRechazados = 3, kFin = 0 };
-  bool conCross() const { return t_.Tipo == 1 || t_.Tipo == 4; }
+  bool conCross() const { return t_.Tipo == TipoGrupo::Balanzas || t_.Tipo == TipoGrupo::Birch; }
   Siguiente preguntarAntes(qint64 numero, const maquinas::Peticion& p) {
     numero_ = numero;
     preguntando_ = dudosa_;
@@ -197,8 +198,8 @@ class ListaDeCajas final : public ListaDeArticulos {
 }  // namespace
 
 Trabajo crearTxPlus(const motor::DatosTarea& t, const motor::Entorno& e) {
-  if (t.Tipo == 3) return std::make_unique<ListaDeCajas>(t, e);
-  if (t.Tipo == 4 && t.Todo) return crearComparacion(t, e);
+  if (t.Tipo == TipoGrupo::Registradoras) return std::make_unique<ListaDeCajas>(t, e);
+  if (t.Tipo == TipoGrupo::Birch && t.Todo) return crearComparacion(t, e);
   return std::make_unique<ListaDeArticulos>(t, e);
 }
 

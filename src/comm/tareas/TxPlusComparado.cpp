@@ -143,7 +143,7 @@ class Comparacion final : public EnvioArticulos {
   }
   Siguiente enviarNuestro(const QByteArray& registro) {
     registro_ = registro;
-    if (!dudosa_) return enviar(maquinas::enviarArticulo(4, registro));
+    if (!dudosa_) return enviar(maquinas::enviarArticulo(t_.Tipo, registro));
     fase_ = kContrastar;
     return enviar(maquinas::pedirArticulo(nuestro_));
   }

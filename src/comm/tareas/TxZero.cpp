@@ -35,7 +35,7 @@ class Cero final : public motor::TrabajoTarea {
       dudar();
   }
   void fallo() override {
-    if (t_.Tipo == 4) toda_ = false;
+    if (t_.Tipo == TipoGrupo::Birch) toda_ = false;
     m_.insistida = false;
     if (!prueba_) dudar();
   }
@@ -59,7 +59,11 @@ class Cero final : public motor::TrabajoTarea {
   Resultado<> parteHecha();
   Resultado<> hecha();
   Siguiente trama() const;
-  int pasos() const { return t_.Tipo == 3 ? maquinas::caja::kPasosCero : t_.Tipo == 2 ? 2 : 1; }
+  int pasos() const {
+    return t_.Tipo == TipoGrupo::Registradoras ? maquinas::caja::kPasosCero
+           : t_.Tipo == TipoGrupo::Ebony       ? 2
+                                               : 1;
+  }
   int addr() const { return pendientes_[maquina_]; }
 
   const motor::DatosTarea t_;
@@ -88,15 +92,16 @@ Resultado<> Cero::preparar() {
   if (!permiso.permitido) return suprimido(permiso.motivo);
   comprobar_ = permiso.comprobar;
   avisos_ = permiso.avisos;
-  if (t_.Tipo == 3 && t_.Direcciones.empty())
+  if (t_.Tipo == TipoGrupo::Registradoras && t_.Direcciones.empty())
     return suprimido(e_.textos(kTxSinCajasQueBorrar, {t_.Grupo}));
-  std::vector<int> todas = t_.Tipo == 3 ? t_.Direcciones : std::vector<int>{0};
+  std::vector<int> todas =
+      t_.Tipo == TipoGrupo::Registradoras ? t_.Direcciones : std::vector<int>{0};
   for (const int a : todas) {
     if (std::ranges::find(pendientes_, a) != pendientes_.end()) continue;
     // Registers that forgot before a re-start are passed over; one machine alone is asked what it
     // holds.
     TARVO_TOMAR(const auto ya, e_.sesion.ceroYaHecho(t_.Grupo, a));
-    if (!ya || (t_.Tipo != 3 && !comprobar_)) pendientes_.push_back(a);
+    if (!ya || (t_.Tipo != TipoGrupo::Registradoras && !comprobar_)) pendientes_.push_back(a);
   }
   preparada_ = true;
   return {};
@@ -107,7 +112,7 @@ Resultado<> Cero::preparar() {
 Resultado<std::optional<Siguiente>> Cero::probar() {
   if (!prueba_) {
     motor::DatosTarea t = t_;
-    t.Clase = totals::kGranTotal;
+    t.Clase = TipoTarea::RxGrTot;
     t.Direcciones = {addr()};
     prueba_ = crearGranTotal(t, e_);
     prueba_->paraOtra();
@@ -129,15 +134,16 @@ Resultado<> Cero::juzgar(const totals::Contadores& leido) {
   prueba_.reset();
   using C = totals::Sesion::Comparacion;
   const bool sinBase = r == C::SinLectura || r == C::OtrasClases;
-  if (r == C::OtrasClases && t_.Tipo != 3 && leido.cero()) {
+  if (r == C::OtrasClases && t_.Tipo != TipoGrupo::Registradoras && leido.cero()) {
     return hecha();
-  } else if (sinBase && !comprobar_ && (t_.Tipo == 3 || r == C::SinLectura)) {
+  } else if (sinBase && !comprobar_ &&
+             (t_.Tipo == TipoGrupo::Registradoras || r == C::SinLectura)) {
     m_.anunciada = m_.anunciada && m_.paso == 1;
     m_.paso = 1;
-  } else if (t_.Tipo == 3 && (leido.cero() || r == C::Igual)) {
+  } else if (t_.Tipo == TipoGrupo::Registradoras && (leido.cero() || r == C::Igual)) {
     m_.probada = true;
     return {};
-  } else if (r == C::Mas || sinBase || t_.Tipo == 3) {
+  } else if (r == C::Mas || sinBase || t_.Tipo == TipoGrupo::Registradoras) {
     return suprimido(e_.textos(kTxGuardaVentas, {t_.Grupo, addr()}));
   } else if (r == C::Cero) {
     return hecha();
@@ -148,7 +154,7 @@ Resultado<> Cero::juzgar(const totals::Contadores& leido) {
 
 // Where the machine is: a set that was confirmed is not cleared again.
 Resultado<> Cero::mirar() {
-  if (m_.mirada || t_.Tipo != 3) return {};
+  if (m_.mirada || t_.Tipo != TipoGrupo::Registradoras) return {};
   TARVO_TOMAR(const auto p, e_.sesion.partesHechas(t_.Grupo, addr()));
   m_.paso = std::min(p.siguiente, pasos());
   m_.dudosa = m_.dudosa || p.empezada;
@@ -160,7 +166,7 @@ Resultado<> Cero::mirar() {
 // sent again on trust.
 void Cero::dudar() {
   if (!m_.anunciada) return;
-  if (t_.Tipo == 2) m_.paso = 1;
+  if (t_.Tipo == TipoGrupo::Ebony) m_.paso = 1;
   m_.dudosa = true;
   m_.probada = m_.mirada = false;
 }
@@ -175,7 +181,8 @@ Resultado<Siguiente> Cero::siguiente() {
       continue;
     }
     if (!m_.anunciada)
-      TARVO_INTENTAR(e_.sesion.anunciarCero(t_.Grupo, addr(), t_.Tipo == 3 ? m_.paso : 0));
+      TARVO_INTENTAR(e_.sesion.anunciarCero(t_.Grupo, addr(),
+                                            t_.Tipo == TipoGrupo::Registradoras ? m_.paso : 0));
     m_.anunciada = true;
     return trama();
   }
@@ -184,10 +191,10 @@ Resultado<Siguiente> Cero::siguiente() {
 
 Siguiente Cero::trama() const {
   constexpr bool kUnaVez = true;
-  if (t_.Tipo == 3)
+  if (t_.Tipo == TipoGrupo::Registradoras)
     return {Siguiente::Enviar, addr(), maquinas::caja::puestaACero(m_.paso).codigo, {}, 0, kUnaVez};
   const int cero = e_.ajustes.TimeCero;
-  if (t_.Tipo != 2)
+  if (t_.Tipo != TipoGrupo::Ebony)
     return {Siguiente::Enviar, 0, maquinas::vek::puestaACero(toda_).codigo, {}, cero, kUnaVez};
   if (m_.paso == 1)
     return {Siguiente::Enviar, t_.Addr, maquinas::nodal::puestaACero().codigo, {}, 0, kUnaVez};
@@ -197,14 +204,14 @@ Siguiente Cero::trama() const {
 bool Cero::encaja(int addrTrama, int codigo, const QByteArray& datos) const {
   if (prueba_) return prueba_->encaja(addrTrama, codigo, datos);
   // Whatever an Ebony machine says after the order is its answer.
-  return t_.Tipo == 2 || (maquina_ < pendientes_.size() && codigo == trama().codigo);
+  return t_.Tipo == TipoGrupo::Ebony || (maquina_ < pendientes_.size() && codigo == trama().codigo);
 }
 
 Resultado<> Cero::respuesta(int addrTrama, int codigo, const QByteArray& datos) {
   if (prueba_) return prueba_->respuesta(addrTrama, codigo, datos);
   if (maquina_ >= pendientes_.size()) return {};
   if (m_.paso == pasos()) return hecha();
-  if (t_.Tipo == 3) return parteHecha();
+  if (t_.Tipo == TipoGrupo::Registradoras) return parteHecha();
   ++m_.paso;
   return {};
 }

@@ -27,7 +27,7 @@ class UnaTrama : public motor::TrabajoTarea {
 
  protected:
   virtual maquinas::Peticion peticion() const = 0;
-  bool nodal() const { return t_.Protocolo == 2; }
+  bool nodal() const { return t_.protocolo == Protocolo::Nodal; }
   const motor::Entorno& entorno() const { return e_; }
 
  private:

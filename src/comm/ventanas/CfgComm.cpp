@@ -102,11 +102,11 @@ void CfgComm::tomarTiempos(const Ajustes& de) {
 void CfgComm::mostrarCanal(size_t n) {
   const Canal& canal = canales_[n];
   const ParamCanal& p = r.canales[n];
-  canal.imagen->setIcon(icono(p.Device >= 0 && p.Device < kUsos ? kImagenes[p.Device] : QString()));
+  canal.imagen->setIcon(icono(kImagenes[tarvo::numeroDe(p.Device)]));
   canal.linea->setText(p.RS232);
-  canal.linea->setEnabled(p.Device != 0);
-  canal.rs232->setEnabled(p.Device != 0);
-  canal.modem->setEnabled(p.Device == 1);
+  canal.linea->setEnabled(p.Device != TipoAcceso::Ninguno);
+  canal.rs232->setEnabled(p.Device != TipoAcceso::Ninguno);
+  canal.modem->setEnabled(p.Device == TipoAcceso::Modem);
 }
 
 // A double click on the picture, or a key on it, moves the use round its cycle.

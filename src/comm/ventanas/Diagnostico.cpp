@@ -55,7 +55,7 @@ Resultado<> Diagnostico::preparar(const Argumentos& a) {
           a.value(u"textoError"_s).toString());
     return {};
   }
-  const motor::ClaseTarea* clase = s_.registro.porNumero(tarea->datos.Clase);
+  const motor::ClaseTarea* clase = s_.registro.de(tarea->datos.Clase);
   ui_.LblTarea->setText(
       t(kTxDeTarea)
           .arg(Ceros(tarea->datos.Id, 3),

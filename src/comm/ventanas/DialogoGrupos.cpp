@@ -42,9 +42,10 @@ void DialogoGrupos::usar(QListWidget* lista, QCheckBox* todas, QPushButton* acep
 }
 
 Resultado<> DialogoGrupos::preparar(const Argumentos& a) {
-  clase_ = a.value(u"clase"_s).toInt();
-  const motor::ClaseTarea* clase = s_.registro.porNumero(clase_);
+  const auto tarea = deNumero<TipoTarea>(a.value(u"clase"_s).toInt());
+  const motor::ClaseTarea* clase = tarea ? s_.registro.de(*tarea) : nullptr;
   if (!clase) return fallo(Fallo::NoExiste, t(kTxSinGrupos));
+  clase_ = *tarea;
   setWindowTitle(t(clase->titulo));
   TARVO_TOMAR(const auto grupos, gruposPara(contexto().db, *clase));
   if (grupos.empty()) return fallo(Fallo::NoExiste, t(kTxSinGrupos));

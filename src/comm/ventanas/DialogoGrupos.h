@@ -35,7 +35,7 @@ class DialogoGrupos : public ventanas::Ventana {
   void usar(QListWidget* lista, QCheckBox* todas, QPushButton* acepto, QPushButton* cancelo);
   // The request as the fields say; nothing when a field is wrong, which is said.
   virtual std::optional<PeticionTarea> leerCampos() = 0;
-  int clase() const { return clase_; }
+  TipoTarea clase() const { return clase_; }
   // Says a fault beside its field.
   void falta(QLineEdit& campo, const QString& texto);
   // False when the codes run backwards, which is said.
@@ -46,7 +46,7 @@ class DialogoGrupos : public ventanas::Ventana {
   void encolar();
 
   Servicios s_;
-  int clase_ = 0;
+  TipoTarea clase_ = TipoTarea::TxHora;
   QListWidget* lista_ = nullptr;
   QCheckBox* todas_ = nullptr;
 };

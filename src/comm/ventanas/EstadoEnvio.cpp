@@ -243,11 +243,10 @@ void EstadoEnvio::enviar() {
   if (codigos.empty() || !destino_) return;
   const auto e = envios::encargar(contexto().db, *destino_, codigos);
   if (!haIdoBien(e)) return;
-  constexpr int kTxArticulosClase = 1;
   int encoladas = 0;
   for (const envios::Encargo& tarea : e->tareas)
     if (s_.motor.NuevaTarea(destino_->grupo, tarea.todo, tarea.rango.desde, tarea.rango.hasta,
-                            kTxArticulosClase) == 0)
+                            TipoTarea::TxPlus) == 0)
       ++encoladas;
   if (encoladas < static_cast<int>(e->tareas.size())) return decirFallo(t(kTxGrupoNoComunica));
   if (e->imposibles > 0)
@@ -257,19 +256,19 @@ void EstadoEnvio::enviar() {
 }
 
 void EstadoEnvio::pedir() {
-  constexpr int kRxFichaClase = 24;
   const int fila = ui_.lista->filaActual();
   if (!destino_ || !destino_->conCross()) return;
   if (fila < 0) return decirDuda(t(kTxEligeArticulo));
   const qint64 codigo = ui_.lista->valor(fila, u"CODPLU").entero();
-  if (s_.motor.NuevaTarea(destino_->grupo, true, codigo, codigo, kRxFichaClase) != 0)
+  if (s_.motor.NuevaTarea(destino_->grupo, true, codigo, codigo, TipoTarea::RxDatPlu) != 0)
     return decirFallo(t(kTxGrupoNoComunica));
   ui_.LblFicha->setText(t(kTxPidiendo));
 }
 
 // One of the group's tasks about its articles.
 bool EstadoEnvio::esSuya(const motor::VistaTarea& t) const {
-  constexpr int kDeArticulos[] = {1, 10, 11, 24};
+  constexpr TipoTarea kDeArticulos[] = {TipoTarea::TxPlus, TipoTarea::BorrPlu, TipoTarea::TPreci,
+                                        TipoTarea::RxDatPlu};
   return t.datos.Grupo == grupo() &&
          std::ranges::find(kDeArticulos, t.datos.Clase) != std::end(kDeArticulos);
 }
@@ -308,7 +307,7 @@ void EstadoEnvio::mirarTareas() {
   if (!enMarcha_) return reintento_->parar();
   const auto mala = std::ranges::find_if(tareas, fallada);
   const motor::VistaTarea& vista = mala == tareas.end() ? tareas.front() : *mala;
-  const auto* clase = s_.registro.porNumero(vista.datos.Clase);
+  const auto* clase = s_.registro.de(vista.datos.Clase);
   const QString nombre = clase ? t(clase->nombre) : QString();
   const Textos& textos = contexto().textos;
   const QString problema = textoProblema(vista, textos);

@@ -13,7 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPuestaACero = 6, kBorrado = 10;
 constexpr size_t kGruposNombrados = 12;
 
 // "0001 Name: 24 articles; sales of 12,50 that no period has".
@@ -33,11 +32,11 @@ QString loQueTiene(const envios::Perdida& p, const ventanas::Ventana& quien) {
 
 }  // namespace
 
-bool consientePerder(ventanas::Ventana& quien, int clase, const std::vector<int>& grupos) {
-  if (clase != kPuestaACero && clase != kBorrado) return true;
+bool consientePerder(ventanas::Ventana& quien, TipoTarea clase, const std::vector<int>& grupos) {
+  if (clase != TipoTarea::TxZero && clase != TipoTarea::BorrPlu) return true;
   const auto perdidas = envios::loQueSePierde(quien.contexto().db, grupos);
   if (!quien.haIdoBien(perdidas)) return false;
-  QStringList lineas{quien.t(clase == kBorrado ? kTxPreguntaBorrado : kTxPreguntaCero,
+  QStringList lineas{quien.t(clase == TipoTarea::BorrPlu ? kTxPreguntaBorrado : kTxPreguntaCero,
                              static_cast<int>(perdidas->size()))};
   for (const auto& p : *perdidas | std::views::take(kGruposNombrados))
     lineas << loQueTiene(p, quien);
@@ -51,7 +50,7 @@ bool consientePerder(ventanas::Ventana& quien, int clase, const std::vector<int>
 Resultado<std::vector<GrupoElegible>> gruposPara(dao::Database& db,
                                                  const motor::ClaseTarea& clase) {
   QStringList terminos;
-  for (const int tipo : clase.tipos) terminos << u"(TIPO=%1)"_s.arg(tipo);
+  for (const TipoGrupo tipo : clase.tipos) terminos << u"(TIPO=%1)"_s.arg(numeroDe(tipo));
   TARVO_TOMAR(auto rs,
               db.consultar(u"select codgpo, Format(codgpo,'0000') & '  ' & NOMGPO as nom "
                            "from GRUPOS where %1 order by codgpo"_s.arg(terminos.join(u" or "))));
@@ -63,11 +62,11 @@ Resultado<std::vector<GrupoElegible>> gruposPara(dao::Database& db,
   return grupos;
 }
 
-Resultado<std::set<int>> tiposDeGrupos(dao::Database& db) {
+Resultado<std::set<TipoGrupo>> tiposDeGrupos(dao::Database& db) {
   TARVO_TOMAR(auto rs, db.consultar(u"select distinct TIPO from GRUPOS"));
-  std::set<int> tipos;
+  std::set<TipoGrupo> tipos;
   while (!rs->Eof()) {
-    tipos.insert(static_cast<int>(rs->entero(0)));
+    if (const auto tipo = deNumero<TipoGrupo>(rs->entero(0))) tipos.insert(*tipo);
     TARVO_INTENTAR(rs->MoveNext());
   }
   return tipos;

@@ -11,7 +11,7 @@ constexpr qsizetype kALaVista = 8;
 
 QString linea(const motor::VistaTarea& v, const motor::RegistroTareas& registro,
               const ventanas::Ventana& quien) {
-  const motor::ClaseTarea* clase = registro.porNumero(v.datos.Clase);
+  const motor::ClaseTarea* clase = registro.de(v.datos.Clase);
   const QString que =
       quien.t(kTxDestino).arg(clase ? quien.t(clase->nombre) : QString(), Ceros(v.datos.Grupo, 4));
   return quien.t(kTxPendiente)

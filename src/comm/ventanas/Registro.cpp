@@ -23,9 +23,10 @@ void registrarVentanasComm(ventanas::Ventanas& v, const Servicios& s) {
         std::move(muestra));
   };
   con(std::type_identity<gestcommVentana>(), u"gestcomm"_s);
-  con(std::type_identity<GrpDlg>(), u"GrpDlg"_s, {{u"clase"_s, 6}, {u"modo"_s, kModoCero}});
-  con(std::type_identity<TxPLUdlg>(), u"TxPLUdlg"_s, {{u"clase"_s, 1}});
-  con(std::type_identity<RxPLUDlg>(), u"RxPLUDlg"_s, {{u"clase"_s, 16}});
+  con(std::type_identity<GrpDlg>(), u"GrpDlg"_s,
+      {{u"clase"_s, numeroDe(TipoTarea::TxZero)}, {u"modo"_s, kModoCero}});
+  con(std::type_identity<TxPLUdlg>(), u"TxPLUdlg"_s, {{u"clase"_s, numeroDe(TipoTarea::TxPlus)}});
+  con(std::type_identity<RxPLUDlg>(), u"RxPLUDlg"_s, {{u"clase"_s, numeroDe(TipoTarea::RxPlus)}});
   con(std::type_identity<Diagnostico>(), u"Diagnostico"_s,
       {{u"estado"_s, int{motor::kInterrumpido}}, {u"error"_s, 18}});
   con(std::type_identity<VerTramas>(), u"VerTramas"_s);

@@ -11,6 +11,7 @@
 
 #include "core/valores/Fecha.h"
 #include "core/valores/Resultado.h"
+#include "core/valores/Tipos.h"
 
 namespace tarvo {
 
@@ -28,7 +29,7 @@ inline constexpr Limites kLimitesIntentos{0, 999};              // repeats
 // Settings of one of the four configured channels.
 struct ParamCanal {
   int Puerto = 1;
-  int Device = 0;  // 0 not in use, 1 modem, 2 direct cable, 3 TCP/IP
+  TipoAcceso Device = TipoAcceso::Ninguno;  // a connector needs no channel
   QString RS232 = QStringLiteral("9600,O,7,1");
   QString IniMdm0 = QStringLiteral("AT&FE0V0Q0Y1L3");
   QStringList IniMdmX{QStringLiteral("AT&C1"), QStringLiteral("AT&D2"), QStringLiteral("AT&A0")};
@@ -46,7 +47,8 @@ struct LimitesClases {
   int ClaseRxMin = 16, ClaseRxMax = 21;
   int ClaseDocMin = 22, ClaseDocMax = 23;
   static LimitesClases de(Idioma idioma);
-  bool tiene(int clase) const {
+  bool tiene(TipoTarea tarea) const {
+    const int clase = numeroDe(tarea);
     return (clase >= ClaseTxMin && clase <= ClaseTxMax) ||
            (clase >= ClaseRxMin && clase <= ClaseRxMax) ||
            (clase >= ClaseDocMin && clase <= ClaseDocMax);

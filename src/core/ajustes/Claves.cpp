@@ -41,6 +41,16 @@ bool limitado(QStringView v, int& campo) {
   return bien;
 }
 
+// A number that is no use of a channel leaves it as it is.
+bool leerUso(QStringView v, TipoAcceso& campo) {
+  int leido = 0;
+  const bool entero = i16(v, leido);
+  const auto uso = deNumero<TipoAcceso>(leido);
+  if (!uso || *uso == TipoAcceso::Conector) return false;
+  campo = *uso;
+  return entero;
+}
+
 QString booleano(const Ajustes& a, bool b) {
   if (a.EsEspanol()) return b ? QStringLiteral("Sí") : QStringLiteral("No");
   return b ? QStringLiteral("Yes") : QStringLiteral("No");
@@ -289,7 +299,8 @@ struct ClaveCanal {
 
 const ClaveCanal kCanal[] = {
     CLAVE_CANAL(u"Puerto", Puerto, i16),
-    CLAVE_CANAL(u"Device", Device, i16),
+    {u"Device", [](ParamCanal& c, const QString& v) { return leerUso(v, c.Device); },
+     [](const ParamCanal& c) { return n(numeroDe(c.Device)); }},
     CLAVE_CADENA(u"RS232", RS232),
     CLAVE_CADENA(u"IniMdm0", IniMdm0),
     {u"IniMdmX",

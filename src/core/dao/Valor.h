@@ -1,11 +1,12 @@
 // One value of a column or a parameter: nothing (Null), a whole number, a real number or a text.
-// A truth value is the whole number 1 or 0. A moment is its number of days.
+// A truth value is the whole number 1 or 0, a kind its number. A moment is its number of days.
 #pragma once
 
 #include <QString>
 #include <variant>
 
 #include "core/valores/Fecha.h"
+#include "core/valores/Tipos.h"
 
 namespace tarvo::dao {
 
@@ -17,6 +18,8 @@ class Valor {
   Valor(int n) : v_(qint64{n}) {}
   Valor(qint64 n) : v_(n) {}
   Valor(long n) : v_(qint64{n}) {}
+  template <TipoNumerado E>
+  Valor(E e) : v_(qint64{numeroDe(e)}) {}
   Valor(double x) : v_(x) {}
   Valor(Fecha f) : v_(f.dias()) {}
   Valor(QString s) : v_(std::move(s)) {}

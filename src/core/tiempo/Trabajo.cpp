@@ -22,8 +22,17 @@ void Trabajo::parar() {
     acabar(Fin::Parado);
 }
 
+void Trabajo::pausar() {
+  enPausa_ = true;
+}
+
+void Trabajo::seguir() {
+  if (std::exchange(enPausa_, false) && enMarcha_ && !enPaso_) turno_->unaVez(0);
+}
+
 // A step or a listener may destroy this object; `vivo` tells.
 void Trabajo::rebanada() {
+  if (enPausa_) return;
   const std::weak_ptr<bool> vivo = vivo_;
   const qint64 hasta = reloj_.monotono() + kRebanada;
   do {
@@ -34,9 +43,9 @@ void Trabajo::rebanada() {
     if (!hayMas) return acabar(std::unexpected(hayMas.error()));
     if (!*hayMas) return acabar(Fin::Acabado);
     if (pidenParar_) return acabar(Fin::Parado);
-  } while (reloj_.monotono() < hasta);
+  } while (!enPausa_ && reloj_.monotono() < hasta);
   if (alAvanzar_) alAvanzar_(avance_);
-  if (!vivo.expired() && enMarcha_) turno_->unaVez(0);
+  if (!vivo.expired() && enMarcha_ && !enPausa_) turno_->unaVez(0);
 }
 
 void Trabajo::acabar(Resultado<Fin> fin) {

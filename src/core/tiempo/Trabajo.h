@@ -32,6 +32,10 @@ class Trabajo {
   void empezar();  // once
   // Ends it between two steps: AlAcabar gets Parado before this returns.
   void parar();
+  // Between the two no step runs, for a question about what the steps do; it still counts as under
+  // way, and can be stopped.
+  void pausar();
+  void seguir();
   bool enMarcha() const { return enMarcha_; }
 
  private:
@@ -43,7 +47,7 @@ class Trabajo {
   AlAvanzar alAvanzar_;
   AlAcabar alAcabar_;
   Avance avance_;
-  bool enMarcha_ = false, enPaso_ = false, pidenParar_ = false;
+  bool enMarcha_ = false, enPaso_ = false, pidenParar_ = false, enPausa_ = false;
   std::shared_ptr<bool> vivo_ = std::make_shared<bool>(true);
   std::unique_ptr<Temporizador> turno_;
 };

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <algorithm>
 
+#include "core/dao/Recorrido.h"
 #include "totals/TextosTotals.h"
 
 namespace tarvo::totals {
@@ -76,16 +77,13 @@ Anadidura::~Anadidura() {
 
 Resultado<> Anadidura::recuperar(dao::Database& db, const std::optional<QString>& ruta) {
   std::vector<Abierto> abiertos;
-  {
-    TARVO_TOMAR(const auto rs,
-                db.consultar(u"SELECT RUTA, ANTES, TOPE, VECINDAD, CABEZA FROM ExportesAbiertos"));
-    for (; !rs->Eof();) {
-      if (!ruta || rs->texto(0) == *ruta)
-        abiertos.push_back({rs->texto(0), rs->entero(1), rs->entero(2), rs->texto(3),
-                            QByteArray::fromHex(rs->texto(4).toLatin1())});
-      TARVO_INTENTAR(rs->MoveNext());
-    }
-  }
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(u"SELECT RUTA, ANTES, TOPE, VECINDAD, CABEZA FROM ExportesAbiertos"),
+      [&](const dao::Recordset& rs) {
+        if (!ruta || rs.texto(0) == *ruta)
+          abiertos.push_back({rs.texto(0), rs.entero(1), rs.entero(2), rs.texto(3),
+                              QByteArray::fromHex(rs.texto(4).toLatin1())});
+      }));
   for (const Abierto& a : abiertos)
     if (cortar(a))
       TARVO_INTENTAR(db.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", a.ruta));

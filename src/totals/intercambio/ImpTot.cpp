@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/ajustes/Ficheros.h"
+#include "core/dao/Recorrido.h"
 #include "core/textos/Textos.h"
 #include "totals/TextosTotals.h"
 #include "totals/intercambio/Exportado.h"
@@ -73,12 +74,9 @@ class Sumador {
 };
 
 Resultado<Secciones> leerSecciones(dao::Database& db) {
-  TARVO_TOMAR(const auto rs, db.consultar(u"SELECT CODGPO, SECCION FROM GRUPOS"));
   Secciones s;
-  while (!rs->Eof()) {
-    s[rs->entero(0)] = rs->entero(1);
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(db.consultar(u"SELECT CODGPO, SECCION FROM GRUPOS"),
+                               [&](const dao::Recordset& rs) { s[rs.entero(0)] = rs.entero(1); }));
   return s;
 }
 

@@ -1,6 +1,8 @@
 #include "totals/intercambio/XporTot.h"
 
 #include "core/ajustes/Ficheros.h"
+#include "core/dao/Marcas.h"
+#include "core/dao/Recorrido.h"
 #include "core/textos/Textos.h"
 #include "totals/TextosTotals.h"
 #include "totals/intercambio/Anadidura.h"
@@ -42,25 +44,30 @@ QString XporTot::rutaDestino(const QString& nombre) const {
   return Ajustes::ruta(n, a_.HomeDir);
 }
 
+// A query gives all its rows at once, and a period may have millions: one group after the other.
 Resultado<> XporTot::lineasDe(const ClaseTotal& c, const Columna& periodo, bool corto,
                               const Recibe& recibe) {
   const QString tabla = QString::fromUtf16(c.tabla);
-  const QString hora = c.conHora ? QStringLiteral("HORA") : QStringLiteral("0");
-  TARVO_TOMAR(
-      auto rs,
-      db_.consultar(
-          QStringLiteral(
-              "SELECT GRUPO, GRUPOS.SECCION, CODI, %1, CON, PES, [IMP], SCO FROM %2 LEFT JOIN "
-              "GRUPOS ON GRUPOS.CODGPO=%2.GRUPO WHERE LINK=? ORDER BY GRUPO, CODI%3")
-              .arg(hora, tabla, c.conHora ? QStringLiteral(", HORA") : QString()),
-          periodo.LINK));
-  while (!rs->Eof()) {
-    const FilaExport f = filaDe(c, *rs);
+  TARVO_TOMAR(const auto grupos,
+              dao::reunir(db_.consultar(dao::conMarcas(u"SELECT DISTINCT GRUPO FROM {tabla} WHERE "
+                                                       u"LINK=? ORDER BY GRUPO",
+                                                       {{u"tabla", tabla}}),
+                                        periodo.LINK),
+                          [](const dao::Recordset& fila) { return fila.entero(0); }));
+  const QString filas = dao::conMarcas(
+      u"SELECT GRUPO, GRUPOS.SECCION, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} LEFT JOIN "
+      u"GRUPOS ON GRUPOS.CODGPO={tabla}.GRUPO WHERE LINK=? AND GRUPO=? ORDER BY {orden}",
+      {{u"tabla", tabla},
+       {u"hora", c.conHora ? QStringLiteral("HORA") : QStringLiteral("0")},
+       {u"orden", c.conHora ? QStringLiteral("CODI, HORA") : QStringLiteral("CODI")}});
+  const auto una = [&](const dao::Recordset& fila) -> Resultado<> {
+    const FilaExport f = filaDe(c, fila);
     const auto linea = lineaExport(f, corto);
     if (!linea) return noCabe(periodo, f, p_.textos());
-    TARVO_INTENTAR(recibe((*linea + kFinLinea).toLatin1()));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+    return recibe((*linea + kFinLinea).toLatin1());
+  };
+  for (const qint64 grupo : grupos)
+    TARVO_INTENTAR(dao::recorrer(db_.consultar(filas, periodo.LINK, grupo), una));
   return {};
 }
 
@@ -73,11 +80,9 @@ Resultado<> XporTot::bloque(const Columna& periodo, bool corto, const Recibe& re
 Resultado<qint64> XporTot::largoDe(const Columna& periodo, bool corto) {
   qint64 filas = 0;
   for (const ClaseTotal& c : enVigor(a_)) {
-    TARVO_TOMAR(
-        const auto n,
-        db_.uno(
-            QStringLiteral("SELECT count(*) FROM %1 WHERE LINK=?").arg(QString::fromUtf16(c.tabla)),
-            periodo.LINK));
+    TARVO_TOMAR(const auto n, db_.uno(dao::conMarcas(u"SELECT count(*) FROM {totales} WHERE LINK=?",
+                                                     {{u"totales", QString::fromUtf16(c.tabla)}}),
+                                      periodo.LINK));
     filas += n.entero();
   }
   return cabeceraDe(periodo).size() + filas * (largoLinea(corto) + kFinLinea.size());

@@ -230,6 +230,8 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
   } else {
     TARVO_TOMAR(auto m, p_.DesacumularTodo(link));
     marcas = m;
+    if (sustituir && !descr.isEmpty())
+      TARVO_INTENTAR(db_.ejecutar(u"UPDATE COLUMNA SET DESCR=? WHERE LINK=?"_s, descr, link));
   }
   std::map<int, std::vector<int>> nuevas;
   for (size_t i = 0; i < lecturas.size(); ++i) {

@@ -13,15 +13,15 @@
 #include "core/dao/Database.h"
 #include "core/textos/Textos.h"
 #include "core/tiempo/Reloj.h"
-#include "totals/periodos/Clases.h"
+#include "totals/libros/FilasLeidas.h"
 
 namespace tarvo::totals {
 
 // What a task read of one kind, machine by machine. Rows of one address add up under one key only
 // as the task says.
 struct Lectura {
-  using Clave = std::pair<qint64, int>;  // CODI and HORA (0 where the kind has none)
-  using Filas = std::map<Clave, Contadores>;
+  using Filas = FilasLeidas;
+  using Clave = Filas::Clave;
   std::map<int, Filas>
       maquinas;        // by address; one entry, 0, where the group answers as one machine
   bool entera = true;  // the whole range of codes was asked for

@@ -16,9 +16,9 @@ QString texto16(const char16_t* s) {
   return QString::fromUtf16(s);
 }
 
-// The rows of a group over all its machines.
-Lectura::Filas sumaDeMaquinas(const Lectura& lectura) {
-  Lectura::Filas suma;
+// The rows of a group over all its machines; those of the only one are not copied.
+const Lectura::Filas& sumaDeMaquinas(const Lectura& lectura, Lectura::Filas& suma) {
+  if (lectura.maquinas.size() == 1) return lectura.maquinas.begin()->second;
   for (const auto& [addr, filas] : lectura.maquinas)
     for (const auto& [clave, c] : filas) suma[clave] += c;
   return suma;
@@ -136,7 +136,8 @@ Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura
                                    std::vector<Aviso>& avisos) {
   const ClaseTotal* c = clase(numero);
   if (!c) return fallo(Fallo::Interno, textos_(kTxNoEsDeTotales, {numero}));
-  const Lectura::Filas suma = sumaDeMaquinas(lectura);
+  Lectura::Filas deVarias;
+  const Lectura::Filas& suma = sumaDeMaquinas(lectura, deVarias);
   const Estado::Foto antes = d->foto();
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
 

@@ -11,7 +11,6 @@ namespace tarvo::totals {
 
 inline constexpr int kPLUs = 16, kGranTotal = 17, kOperadores = 18, kDepartamentos = 19,
                      kHorario = 20, kOperHora = 21;
-inline constexpr int kPuestaACero = 6;  // the task that resets the counters, in MarcarSesion
 
 struct ClaseTotal {
   int numero;

@@ -95,7 +95,7 @@ TEST(ListaArticulos, EnviarAlSalir) {
     EXPECT_EQ(static_cast<int>(t.gestor->tareas().size()), c.tareas)
         << c.valor << c.cambia << c.noMas;
     for (const auto& tarea : t.gestor->tareas()) {
-      EXPECT_EQ(tarea.datos.Clase, 1);
+      EXPECT_EQ(tarea.datos.Clase, TipoTarea::TxPlus);
       EXPECT_FALSE(tarea.datos.Todo);
     }
     EXPECT_EQ(t.ajustes.EnviarCambios[1], c.queda);

@@ -25,7 +25,7 @@ struct Configuracion : Puesto {
 };
 
 TEST_F(Configuracion, LineaDeUnCanal) {
-  ajustes->canales[1].Device = 0;
+  ajustes->canales[1].Device = TipoAcceso::Ninguno;
   abrir(u"CfgComm"_s);
   auto* rs232 = en<QPushButton>(u"RS232_2"_s);
   auto* imagen = en<QToolButton>(u"imagen2"_s);
@@ -111,13 +111,13 @@ TEST_F(Configuracion, LoMaloNoSeGuarda) {
     EXPECT_EQ(ajustes->TimeACK, 2000);
     EXPECT_EQ(caja([&] { pulsar(u"Cancelo"_s); }), u"¿Abandonar los cambios realizados?");
     QCoreApplication::processEvents();
-    EXPECT_EQ(ajustes->canales[0].Device, 2);
+    EXPECT_EQ(ajustes->canales[0].Device, TipoAcceso::Directo);
     EXPECT_FALSE(QFile::exists(ajustes->rutaConfig()));
   }
 }
 
 TEST_F(Configuracion, OrdenesDelModem) {
-  ajustes->canales[0].Device = 1;
+  ajustes->canales[0].Device = TipoAcceso::Modem;
   abrir(u"CfgComm"_s);
   luego([&](QWidget* d) {
     const auto pulsa = [d](const QString& boton) {

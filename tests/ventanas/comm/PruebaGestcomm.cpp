@@ -78,7 +78,7 @@ TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   dosGrupos();
   fallo(2, {.averia = Averia::Sorda});
   auto* v = abrir(u"gestcomm"_s);
-  for (const int g : {1, 2}) gestor->NuevaTarea(g, true, 0, 9999999, 17);
+  for (const int g : {1, 2}) gestor->NuevaTarea(g, true, 0, 9999999, TipoTarea::RxGrTot);
   ASSERT_TRUE(hasta([&] {
     return cola()->filas() == 2 && celda(1, u"Estado") == u"Interrumpido por algún problema";
   }));
@@ -171,7 +171,7 @@ TEST_F(Gestcomm, RetenerSoltarYPararEnManual) {
   lenta(1, 5);
   lenta(1, 10);
   auto* v = abrir(u"gestcomm"_s);
-  gestor->NuevaTarea(1, true, 0, 9999999, 18);
+  gestor->NuevaTarea(1, true, 0, 9999999, TipoTarea::RxOpera);
   ASSERT_TRUE(
       hasta([&] { return cola()->filas() == 1 && cola()->valor(0, u"cont").entero() > 1; }));
   QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
@@ -196,7 +196,7 @@ TEST_F(Gestcomm, CerrarEnMitadSeNiegaYNoMolesta) {
   dosGrupos();
   lenta(1, 1);
   auto* v = abrir(u"gestcomm"_s);
-  gestor->NuevaTarea(1, true, 0, 9999999, 18);
+  gestor->NuevaTarea(1, true, 0, 9999999, TipoTarea::RxOpera);
   ASSERT_TRUE(hasta([&] { return gestor->tareas().front().Estado == 3; }));
   const QString dicho = caja([&] { QTest::keyClick(v, Qt::Key_Escape); });
   EXPECT_EQ(dicho, u"No podrá cerrar esta ventana mientras haya procesos en curso");
@@ -212,7 +212,7 @@ TEST_F(Gestcomm, SeVaCuandoCierraElUltimoCanal) {
   dosGrupos();
   auto* v = abrir(u"gestcomm"_s);
   lenta(1, 1);
-  gestor->NuevaTarea(1, true, 0, 9999999, 17);
+  gestor->NuevaTarea(1, true, 0, 9999999, TipoTarea::RxGrTot);
   ASSERT_TRUE(hasta([&] { return !gestor->puedeCerrar(); }));
   fabrica.mudos = true;  // its closing takes its time
   ASSERT_TRUE(hasta([&] { return gestor->puedeCerrar(); }));
@@ -248,8 +248,8 @@ TEST_F(Gestcomm, MenusSegunGruposYQuienSabe) {
   EXPECT_EQ(gestor->CuantosQuedan().total, 1);
   // A sender that comes later enables its entry.
   grupo(1, 1, u"cable 1"_s);
-  motor::ClaseTarea teclados = *registro.porNumero(2);
-  teclados.crear = registro.porNumero(17)->crear;
+  motor::ClaseTarea teclados = *registro.de(TipoTarea::TxTecla);
+  teclados.crear = registro.de(TipoTarea::RxGrTot)->crear;
   registro.anadir(teclados);
   escritorio.ventanas().abrir(u"gestcomm"_s);
   EXPECT_TRUE(accion(u"MnTxTec"_s)->isEnabled());

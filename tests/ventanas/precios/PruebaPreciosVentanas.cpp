@@ -131,8 +131,13 @@ TEST(VentanaLote, ParadoNoDejaNada) {
 
   lanzar();
   ASSERT_TRUE(esperar([&] { return subidos() > 100; }));
-  // Whoever closes it is asked, and stays unless he says so.
-  m.responder(u"Cancelo"_s);
+  // Whoever closes it is asked, and stays unless he says so; the work waits for the answer.
+  m.alAbrirse([&](QWidget* w) {
+    const int antes = subidos();
+    for (int i = 0; i < 50; ++i) QCoreApplication::processEvents();
+    EXPECT_EQ(subidos(), antes);
+    w->findChild<QPushButton*>(u"Cancelo"_s)->click();
+  });
   EXPECT_FALSE(v->descargar());
   EXPECT_EQ(m.textoModal, m.textos(12010));
   ASSERT_TRUE(v->trabajo().enMarcha());

@@ -24,13 +24,13 @@ void Tienda::nocheMala() {
   sql(u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (7, 1, ?, ?, 'Noche')"_s,
       ahora.dia() - 1.0, ahora.dia() - 1.0 + Fecha::kUltimoSegundo);
   sql(u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON, [IMP]) VALUES (7, 1, 0, 9, 123456)"_s);
-  automation::Historial historial(*fondo->db);
+  automation::Historial historial(*fondo->db, fondo->textos);
   sql(u"CREATE TABLE IF NOT EXISTS Proceso (NOMBRE TEXT PRIMARY KEY, EJECUCION INTEGER)"_s);
   bien(historial.empezar(1, u"NOCHE"_s, ahora - 0.3, u"NOCHE.TZA"_s));
   for (const int g : {1, 2})
     sql(u"INSERT INTO ProcesoTareas (EJECUCION, PASO, GRUPO, CLASE, HECHA) VALUES (1, 0, ?, 17, ?)"_s,
         g, g == 1 ? 1 : 0);
-  bien(historial.tareaFallida(1, 2, 17, u"No se encuentra el HOST especificado"_s));
+  bien(historial.tareaFallida(1, 2, TipoTarea::RxGrTot, u"No se encuentra el HOST especificado"_s));
   bien(historial.periodosHechos(1, {7}));
   bien(historial.acabar(1, automation::FinEjecucion::Problemas, ahora - 0.29));
 }
@@ -80,7 +80,7 @@ TEST(Principal, LaMananaNoMezcla) {
   t.sql(u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (8, 5, ?, ?, '')"_s,
         dia - 0.9, dia - 0.1);
   t.sql(u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON, [IMP]) VALUES (8, 2, 0, 1, 4321)"_s);
-  automation::Historial historial(*t.fondo->db);
+  automation::Historial historial(*t.fondo->db, t.fondo->textos);
   bien(historial.periodosHechos(1, {7, 8}));
   t.sql(u"UPDATE ProcesoTareas SET HECHA=1"_s);
   for (const char* porque : {"Uno.", "Dos.", "Tres."})
@@ -263,14 +263,14 @@ TEST(Principal, PreguntaAlMotorQueSigueSinSuVentana) {
   Tienda t;
   QTcpServer muda;
   ASSERT_TRUE(muda.listen(QHostAddress::LocalHost));
-  t.fondo->ajustes.canales[0].Device = 3;
+  t.fondo->ajustes.canales[0].Device = TipoAcceso::TcpIp;
   auto& motor = t.aplicacion.gestcomm();
   motor.cambiaronCanales();
   t.sql(
       u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ADDR, remoto, TELEF) VALUES (71, 'G', 1, 1, 1, 3, ?)"_s,
       u"127.0.0.1:%1"_s.arg(muda.serverPort()));
   auto* v = t.principal();
-  ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, 17), 0);
+  ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, TipoTarea::RxGrTot), 0);
   ASSERT_TRUE(esperar([&] { return !motor.puedeCerrar(); }));
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_TRUE(v->isVisible());
@@ -281,7 +281,7 @@ TEST(Principal, PreguntaAlMotorQueSigueSinSuVentana) {
     return motor.tareas().empty();
   }));
   motor.CambioAModo(false);
-  ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, 17), 0);
+  ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, TipoTarea::RxGrTot), 0);
   const auto salir = [v](const QString& boton) {
     QString dicho;
     QTimer::singleShot(50, qApp, [&dicho, boton] {

@@ -138,6 +138,7 @@ void MainTvcVentana::empezar() {
 }
 
 bool MainTvcVentana::interrumpir() {
+  const ventanas::TiraTrabajo::Pausa pausa(trabajo());
   const bool seguro = ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxSeguroInterrumpir),
                                                  ventanas::kAceptoCancelo);
   if (seguro) trabajo().parar();

@@ -16,14 +16,14 @@ enum ModoPedir : int { kModoGrupos = 0, kModoBalanza = 1, kModoCero = 2, kModoTx
 
 struct EntradaMenu {
   const char16_t* nombre;  // of the action
-  int clase;
+  TipoTarea clase;
   ModoPedir modo;
 };
 std::span<const EntradaMenu> entradasMenu();
 
 // Enables an entry when the kind of task has somebody who does it and some group that takes it;
 // else its tip says what is missing. A kind that the language hasn't is not shown.
-void habilitarEntrada(QAction& accion, const motor::ClaseTarea* clase, const std::set<int>& tipos,
-                      const ventanas::Contexto& c);
+void habilitarEntrada(QAction& accion, const motor::ClaseTarea* clase,
+                      const std::set<TipoGrupo>& tipos, const ventanas::Contexto& c);
 
 }  // namespace tarvo::comm

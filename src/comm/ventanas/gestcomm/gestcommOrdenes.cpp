@@ -154,7 +154,7 @@ void gestcommVentana::verTramas() {
 
 // One group and nothing else to ask: it is taken without a dialog of groups.
 void gestcommVentana::pedirGrupos(const EntradaMenu& e) {
-  const motor::ClaseTarea* clase = s_.registro.porNumero(e.clase);
+  const motor::ClaseTarea* clase = s_.registro.de(e.clase);
   if (!clase) return;
   const auto grupos = gruposPara(contexto().db, *clase);
   if (!haIdoBien(grupos)) return;
@@ -169,7 +169,8 @@ void gestcommVentana::pedirGrupos(const EntradaMenu& e) {
   const QString dialogo = e.modo == kModoTxPLU   ? u"TxPLUdlg"_s
                           : e.modo == kModoRxPLU ? u"RxPLUDlg"_s
                                                  : u"GrpDlg"_s;
-  contexto().ventanas.abrirModal(dialogo, this, {{u"clase"_s, e.clase}, {u"modo"_s, int{e.modo}}});
+  contexto().ventanas.abrirModal(dialogo, this,
+                                 {{u"clase"_s, numeroDe(e.clase)}, {u"modo"_s, int{e.modo}}});
 }
 
 // --- the end

@@ -118,7 +118,8 @@ void gestcommVentana::canalCambiado(int) {
 
 // Whoever queued it wanted the window for no longer than that, unless there is something to tell.
 void gestcommVentana::acabado() {
-  std::map<std::pair<int, int>, bool> reparos;  // the latest of each group and kind is what counts
+  std::map<std::pair<int, TipoTarea>, bool>
+      reparos;  // the latest of each group and kind is what counts
   for (const auto& [id, tarea] : acabadas_)
     reparos[{tarea.datos.Grupo, tarea.datos.Clase}] = !tarea.textoError.isEmpty();
   if (std::ranges::any_of(reparos, [](const auto& r) { return r.second; })) return;
@@ -144,8 +145,7 @@ void gestcommVentana::refrescar() {
 }
 
 void gestcommVentana::ponerFila(const motor::VistaTarea& tarea) {
-  ui_.s_espe->vivas().poner(
-      filaTarea(tarea, s_.registro.porNumero(tarea.datos.Clase), contexto().textos));
+  ui_.s_espe->vivas().poner(filaTarea(tarea, s_.registro.de(tarea.datos.Clase), contexto().textos));
 }
 
 // In the order of their numbers.
@@ -165,7 +165,7 @@ std::optional<motor::VistaTarea> gestcommVentana::tareaVista(int id) const {
 void gestcommVentana::ponerCola() {
   std::vector<FilaViva> filas;
   for (const motor::VistaTarea& tarea : visibles())
-    filas.push_back(filaTarea(tarea, s_.registro.porNumero(tarea.datos.Clase), contexto().textos));
+    filas.push_back(filaTarea(tarea, s_.registro.de(tarea.datos.Clase), contexto().textos));
   const int ultima = filas.empty() ? 0 : static_cast<int>(filas.back().clave);
   ui_.s_espe->vivas().poner(std::move(filas));
   if (ultima <= ultimaVista_) return;
@@ -228,7 +228,7 @@ void gestcommVentana::ponerMenus() {
   if (!haIdoBien(tipos)) return;
   for (const EntradaMenu& e : entradasMenu())
     if (auto* a = cuerpo()->findChild<QAction*>(QString::fromUtf16(e.nombre)))
-      habilitarEntrada(*a, s_.registro.porNumero(e.clase), *tipos, contexto());
+      habilitarEntrada(*a, s_.registro.de(e.clase), *tipos, contexto());
 }
 
 }  // namespace tarvo::comm

@@ -66,12 +66,21 @@ bool TiraTrabajo::empezar(const QString& que, Trabajo::Paso paso, Trabajo::AlAca
         hide();
         if (alAcabar) alAcabar(fin);
       });
+  if (pausas_ > 0) trabajo_->pausar();
   trabajo_->empezar();
   return true;
 }
 
 void TiraTrabajo::parar() {
   if (trabajo_) trabajo_->parar();
+}
+
+TiraTrabajo::Pausa::Pausa(TiraTrabajo& tira) : tira_(&tira) {
+  if (++tira.pausas_ == 1 && tira.trabajo_) tira.trabajo_->pausar();
+}
+
+TiraTrabajo::Pausa::~Pausa() {
+  if (tira_ && --tira_->pausas_ == 0 && tira_->trabajo_) tira_->trabajo_->seguir();
 }
 
 void TiraTrabajo::avanzar(const Trabajo::Avance& a) {

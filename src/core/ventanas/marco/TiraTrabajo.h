@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QFrame>
+#include <QPointer>
 #include <memory>
 
 #include "core/textos/Textos.h"
@@ -24,6 +25,18 @@ class TiraTrabajo final : public QFrame {
   // second.
   bool empezar(const QString& que, Trabajo::Paso paso, Trabajo::AlAcabar alAcabar);
   void parar();
+  // While it lives no step runs, so that what a question says about the work stays true until it
+  // is answered. May outlive the strip.
+  class [[nodiscard]] Pausa {
+   public:
+    explicit Pausa(TiraTrabajo& tira);
+    ~Pausa();
+    Pausa(const Pausa&) = delete;
+    Pausa& operator=(const Pausa&) = delete;
+
+   private:
+    QPointer<TiraTrabajo> tira_;
+  };
   bool enMarcha() const;
 
  private:
@@ -36,6 +49,7 @@ class TiraTrabajo final : public QFrame {
   QProgressBar* barra_;
   QPushButton* parar_;
   qint64 desde_ = 0;
+  int pausas_ = 0;
   std::unique_ptr<Trabajo> trabajo_;
 };
 

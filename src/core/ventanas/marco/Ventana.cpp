@@ -200,7 +200,10 @@ void Ventana::closeEvent(QCloseEvent* evento) {
   if (cerrada_) return evento->accept();
   if (!cerrarLoDeEncima()) return evento->ignore();
   // Accepting is an answer: there is nothing left to be asked.
-  if (!aceptada_ && QueryUnload()) return evento->ignore();
+  {
+    const TiraTrabajo::Pausa pausa(*trabajo_);  // what is asked about waits for the answer
+    if (!aceptada_ && QueryUnload()) return evento->ignore();
+  }
   cerrada_ = true;
   trabajo_->parar();
   recordar();

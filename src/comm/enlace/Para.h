@@ -1,0 +1,8 @@
+// For whom a link is open, and with which protocol.
+#pragma once
+
+namespace tarvo::enlace {
+
+enum class Para { Nada, VekMotor, NodalMotor, VekCaptura, VekAmbos };
+
+}  // namespace tarvo::enlace

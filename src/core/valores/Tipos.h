@@ -1,0 +1,165 @@
+// What the numbers of the database, of files and of frames stand for. A number comes in by
+// deNumero() and goes out by numeroDe(); between the two there is the type. Each `existe` names all
+// of its kind, so that the compiler points at every switch in which a new one was forgotten.
+#pragma once
+
+#include <QtGlobal>
+#include <concepts>
+#include <optional>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace tarvo {
+
+// What a group is made of: GRUPOS.TIPO.
+enum class TipoGrupo : int { Balanzas = 1, Ebony = 2, Registradoras = 3, Birch = 4 };
+
+// How a group is reached (GRUPOS.remoto) and what a channel is used for (Device of TARVO.INI).
+// Ninguno: the group doesn't communicate, the channel isn't in use.
+enum class TipoAcceso : int { Ninguno = 0, Modem = 1, Directo = 2, TcpIp = 3, Conector = 4 };
+
+// How frames are made.
+enum class Protocolo : int { Vek = 1, Nodal = 2 };
+
+// The kinds of task, by their keywords in the process language.
+enum class TipoTarea : int {
+  TxPlus = 1,
+  TxTecla = 2,
+  TxTick = 3,
+  TxCnfig = 4,
+  TxCfBal = 5,
+  TxZero = 6,
+  TxHora = 7,
+  TxEtiq = 8,
+  TxCerr = 9,
+  BorrPlu = 10,
+  TPreci = 11,
+  RxPlus = 16,
+  RxGrTot = 17,
+  RxOpera = 18,
+  RxDepar = 19,
+  RxHorar = 20,
+  RxOpHor = 21,
+  RxPedid = 22,
+  RxInven = 23,
+  RxDatPlu = 24,  // no keyword: only a person asks for it
+};
+
+constexpr bool existe(TipoGrupo t) {
+  switch (t) {
+    case TipoGrupo::Balanzas:
+    case TipoGrupo::Ebony:
+    case TipoGrupo::Registradoras:
+    case TipoGrupo::Birch:
+      return true;
+  }
+  return false;
+}
+constexpr bool existe(TipoAcceso t) {
+  switch (t) {
+    case TipoAcceso::Ninguno:
+    case TipoAcceso::Modem:
+    case TipoAcceso::Directo:
+    case TipoAcceso::TcpIp:
+    case TipoAcceso::Conector:
+      return true;
+  }
+  return false;
+}
+constexpr bool existe(TipoTarea t) {
+  switch (t) {
+    case TipoTarea::TxPlus:
+    case TipoTarea::TxTecla:
+    case TipoTarea::TxTick:
+    case TipoTarea::TxCnfig:
+    case TipoTarea::TxCfBal:
+    case TipoTarea::TxZero:
+    case TipoTarea::TxHora:
+    case TipoTarea::TxEtiq:
+    case TipoTarea::TxCerr:
+    case TipoTarea::BorrPlu:
+    case TipoTarea::TPreci:
+    case TipoTarea::RxPlus:
+    case TipoTarea::RxGrTot:
+    case TipoTarea::RxOpera:
+    case TipoTarea::RxDepar:
+    case TipoTarea::RxHorar:
+    case TipoTarea::RxOpHor:
+    case TipoTarea::RxPedid:
+    case TipoTarea::RxInven:
+    case TipoTarea::RxDatPlu:
+      return true;
+  }
+  return false;
+}
+
+// The readings of totals, one for each kind of total.
+constexpr bool esDeTotales(TipoTarea t) {
+  switch (t) {
+    case TipoTarea::RxPlus:
+    case TipoTarea::RxGrTot:
+    case TipoTarea::RxOpera:
+    case TipoTarea::RxDepar:
+    case TipoTarea::RxHorar:
+    case TipoTarea::RxOpHor:
+      return true;
+    case TipoTarea::TxPlus:
+    case TipoTarea::TxTecla:
+    case TipoTarea::TxTick:
+    case TipoTarea::TxCnfig:
+    case TipoTarea::TxCfBal:
+    case TipoTarea::TxZero:
+    case TipoTarea::TxHora:
+    case TipoTarea::TxEtiq:
+    case TipoTarea::TxCerr:
+    case TipoTarea::BorrPlu:
+    case TipoTarea::TPreci:
+    case TipoTarea::RxPedid:
+    case TipoTarea::RxInven:
+    case TipoTarea::RxDatPlu:
+      return false;
+  }
+  return false;
+}
+
+// None of them has a greater number.
+inline constexpr int kMayorNumeroDeTipo = 31;
+
+template <class E>
+concept TipoNumerado = std::is_scoped_enum_v<E> && requires(E e) {
+  { existe(e) } -> std::same_as<bool>;
+};
+
+// Nothing for a number that none of them has.
+template <TipoNumerado E>
+constexpr std::optional<E> deNumero(qint64 n) {
+  if (n < 0 || n > kMayorNumeroDeTipo || !existe(static_cast<E>(n))) return std::nullopt;
+  return static_cast<E>(n);
+}
+
+template <TipoNumerado E>
+constexpr int numeroDe(E e) {
+  return std::to_underlying(e);
+}
+template <TipoNumerado E>
+constexpr int numeroDe(std::optional<E> e, int ninguno) {
+  return e ? numeroDe(*e) : ninguno;
+}
+
+// All of a kind, by number.
+template <TipoNumerado E>
+std::vector<E> todosLos() {
+  std::vector<E> todos;
+  todos.reserve(kMayorNumeroDeTipo);
+  for (int n = 0; n <= kMayorNumeroDeTipo; ++n)
+    if (const auto e = deNumero<E>(n)) todos.push_back(*e);
+  return todos;
+}
+
+// The machines of kind 2 speak the one protocol, all others the other.
+constexpr Protocolo protocoloDe(TipoGrupo tipo) {
+  return tipo == TipoGrupo::Ebony ? Protocolo::Nodal : Protocolo::Vek;
+}
+
+}  // namespace tarvo
