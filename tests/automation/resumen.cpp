@@ -65,7 +65,7 @@ TEST(Resumen, UnGrupoMudoEnLaNoche) {
   EXPECT_EQ(r.grupos[0].estado, EstadoGrupo::Bien) << r.grupos[0].motivo.toStdString();
   EXPECT_EQ(r.grupos[0].importe, 2500);
   EXPECT_EQ(r.grupos[0].cuadran, 1);
-  EXPECT_EQ(r.grupos[0].motivo, u"Recogido y puesto a cero. 1 suma cuadra.");
+  EXPECT_EQ(r.grupos[0].motivo, u"Recogido y puesto a cero. Sus totales cuadran.");
   EXPECT_EQ(r.grupos[1].estado, EstadoGrupo::Fallido);
   EXPECT_EQ(r.grupos[1].motivo, u"No se recogió nada: No se encuentra el HOST especificado.");
   EXPECT_EQ(r.grupos[1].importe, std::nullopt);
@@ -129,7 +129,7 @@ TEST(Resumen, UnaNocheEnMarchaNoHablaDeLaAnterior) {
   TiendaDeProcesos tienda;
   const auto p = tienda.programa();
   correr(*p);
-  EXPECT_EQ(leer(*p).grupos[0].motivo, u"Recogido y puesto a cero. 1 suma cuadra.");
+  EXPECT_EQ(leer(*p).grupos[0].motivo, u"Recogido y puesto a cero. Sus totales cuadran.");
   tienda.reloj.avanzar(20 * 3600 * 1000);
   maquinasDePrueba().porGrupo[1] = {1, 100, 300, 0};
   p->correr(kNoche);
@@ -151,9 +151,9 @@ TEST(Resumen, UnCeroAnteriorALaLecturaNoCuenta) {
   maquinasDePrueba().porGrupo[1] = {1, 100, 300, 0};
   correr(*p, u"T:RXPLUS,1\r\nT:RXGRTOT,1\r\nC:ESPERA,1,No\r\n"_s);
   Resumen r = leer(*p);
-  EXPECT_EQ(r.grupos[0].motivo, u"Recogido. 1 suma cuadra.");
+  EXPECT_EQ(r.grupos[0].motivo, u"Recogido. Sus totales cuadran.");
   EXPECT_FALSE(r.grupos[0].importe) << "what the night memorised is not what was read now";
-  EXPECT_EQ(r.grupos[1].motivo, u"Recogido y puesto a cero. 1 suma cuadra.");
+  EXPECT_EQ(r.grupos[1].motivo, u"Recogido y puesto a cero. Sus totales cuadran.");
   EXPECT_EQ(r.grupos[1].importe, 1100);
   correr(*p, u"S:CERRAR,x,Sí,Sí\r\n"_s);
   r = leer(*p);
@@ -167,8 +167,48 @@ TEST(Resumen, LoQueNoCuadra) {
   p->sql(u"UPDATE TOTPLU SET [IMP]=[IMP]-1 WHERE GRUPO=1 AND LINK>0"_s);
   const Resumen r = leer(*p);
   EXPECT_EQ(r.grupos[0].estado, EstadoGrupo::Dudoso);
-  EXPECT_EQ(r.grupos[0].motivo, u"1 suma no cuadra con el gran total.");
+  EXPECT_EQ(r.grupos[0].motivo, u"Sus totales no cuadran: 1 no da lo mismo que el gran total.");
   EXPECT_EQ(r.grupos[1].estado, EstadoGrupo::Bien);
+}
+
+// Nothing sold by anybody on a day of the week on which they sell is no good night.
+TEST(Resumen, UnaNocheSinVentas) {
+  for (const bool seVende : {true, false}) {
+    Tienda tienda;
+    const auto p = tienda.programa();
+    if (seVende) semanaAntes(*p, 1, 2000, 3000);
+    for (const int g : {1, 2}) maquinasDePrueba().porGrupo[g] = {0, 0, 0, 0};
+    correr(*p);
+    const Resumen r = leer(*p);
+    ASSERT_EQ(r.avisos.size(), seVende ? 1U : 0U);
+    if (!seVende) continue;
+    EXPECT_TRUE(r.avisos[0].texto.startsWith(u"No se recogió ninguna venta de 4 de"));
+  }
+}
+
+// A timetable whose hour came and went: told of a process that this shop has run, until it runs.
+TEST(Resumen, LoQueDebiaEjecutarseYNadieEjecuto) {
+  static constexpr struct {
+    int horas;  // since the run
+    bool falta;
+  } kDespues[] = {{1, false}, {20, false}, {27, true}};
+  for (const auto& c : kDespues) {
+    Tienda tienda;
+    const auto p = tienda.programa();
+    correr(*p);  // on the 4th at 22:00
+    QFile horario(tienda.dir.filePath(u"TIENDA.CRO"_s));
+    ASSERT_TRUE(horario.open(QIODevice::WriteOnly));
+    horario.write("22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,S\xED;NOCHE\r\n");
+    horario.flush();
+    horario.setFileTime(QDateTime(QDate(2026, 3, 1), QTime(0, 0)),
+                        QFileDevice::FileModificationTime);
+    horario.close();
+    tienda.reloj.avanzar(c.horas * 3600 * 1000LL);
+    const Resumen r = leer(*p);
+    ASSERT_EQ(r.avisos.size(), c.falta ? 1U : 0U) << c.horas;
+    if (!c.falta) continue;
+    EXPECT_TRUE(r.avisos[0].texto.startsWith(u"NOCHE debía ejecutarse el 05/03/2026 22:00:00"));
+  }
 }
 
 TEST(Resumen, MuertaAMitad) {

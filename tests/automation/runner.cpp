@@ -14,7 +14,7 @@ TEST_F(RunnerTest, UnaNocheEntera) {
   EXPECT_EQ(
       lineas[1],
       u"    Grupo 0001 Tienda: recogido Totales por artículos, Gran Total; memorizado 25,00 en 4 "
-      u"marzo 2026 (DIARIO); puesto a cero");
+      u"de marzo de 2026; puesto a cero");
   EXPECT_EQ(lineas[3], u"    Exportado en VENTAS.EXP: 1 periodo");
   EXPECT_TRUE(lineas[4].startsWith(u"Ejecución finalizada: 04/03/2026 22:0"));
   EXPECT_EQ(tienda_.texto(u"NOCHE.TZA"_s), lineas.join(u"\r\n") + u"\r\n"_s);

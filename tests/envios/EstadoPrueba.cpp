@@ -2,6 +2,7 @@
 #include "comm/envios/Estado.h"
 
 #include "comm/envios/Comparada.h"
+#include "comm/envios/Debe.h"
 #include "envios/Envios.h"
 #include "textos/TextosDePrueba.h"
 
@@ -52,6 +53,32 @@ TEST_F(EstadoDeEnvio, DeBalanzas) {
   enviar(1);
   EXPECT_EQ(estado(), u"10=0 20=0 30=0 40=0 50=0");
   EXPECT_EQ(tiene(1), u"10:Tomate/5 20:Tomate/5 30:Tomate/30 40:Tomate/40 50:Tomate/3");
+}
+
+// What is counted for a notice: nothing of a group that was never sent to, all of one that was
+// wiped.
+TEST_F(EstadoDeEnvio, LoQueSeDebe) {
+  const auto debe = [&] {
+    QStringList salida;
+    for (const auto& d : valor(envios::loQueSeDebe(*db, reloj.ahora())))
+      salida << QStringLiteral("%1:%2%3")
+                    .arg(d.grupo)
+                    .arg(d.articulos)
+                    .arg(d.vacio ? QStringLiteral(" vacío") : QString());
+    return salida.join(u',');
+  };
+  for (const qint64 c : {10, 20, 30}) alta(c, c);
+  EXPECT_EQ(debe(), QString()) << "nobody has begun with it";
+  enviar(1);
+  EXPECT_EQ(debe(), QString());
+  cambiar(10, u"PRECIO_00=5"_s);
+  borrar(20);
+  EXPECT_EQ(debe(), u"1:2");
+  enviar(1);
+  EXPECT_EQ(debe(), QString());
+  valor(db->ejecutar(u"DELETE FROM Enviados"));
+  valor(db->ejecutar(u"DELETE FROM [Cross]"));
+  EXPECT_EQ(debe(), u"1:2 vacío");
 }
 
 TEST_F(EstadoDeEnvio, DeRegistradoras) {

@@ -144,7 +144,7 @@ TEST_F(ImpPLU_, LineasMalas) {
   EXPECT_EQ(i->cuenta().lineas, 5);
   EXPECT_FALSE(i->cuenta().parado);
   EXPECT_EQ(malas(*i),
-            u"2: El código 0000001 es del sistema y no se sobreescribe. | "
+            u"2: El código 0000001 lo usa el programa y no se sobreescribe. | "
             u"3: No hay ninguna sección 009: créela antes de importar. | "
             u"4: Columna 31: la unidad de venta es «7» y debe ser 0, 1 o 2."_s);
   EXPECT_EQ(articulos(u"trim(NOMPLU)"_s), u"1 10 A | 1 13 C"_s);

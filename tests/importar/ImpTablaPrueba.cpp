@@ -85,7 +85,7 @@ TEST_F(ImpTabla_, EnsayarNoCambiaNadaYDiceTodo) {
             u"4 N Nombre >Pan de molde, Precio, tarifa 1 >1.234,50, Unidad de venta >unidad, "
             u"Departamento >2, Código de barras >8401, Cantidad Hasta 1 >3 | "
             u"5 R Código: «x» no vale. | "
-            u"6 R El código 0000001 es del sistema y no se sobreescribe. | "
+            u"6 R El código 0000001 lo usa el programa y no se sobreescribe. | "
             u"7 R El artículo es nuevo y le falta el nombre. | "
             u"8 R Precio, tarifa 1: «abc» no vale. | "
             u"9 R El código 0000012 está también en la línea 8. | "

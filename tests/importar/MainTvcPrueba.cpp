@@ -116,7 +116,7 @@ TEST_F(MainTvc_, LineasQueNoSonDeArticulos) {
       {"00" + sinFin.mid(2), u"Columnas 1 a 2: «00» no es una sección."},
       {"x?" + sinFin.mid(2), u"Columnas 1 a 2: «x?» no es una sección."},
       {"010000" + sinFin.mid(6), u"Columnas 3 a 6: «0000» no es un código de artículo."},
-      {"010002" + sinFin.mid(6), u"El código 0000002 es del sistema y no se sobreescribe."},
+      {"010002" + sinFin.mid(6), u"El código 0000002 lo usa el programa y no se sobreescribe."},
   };
   QByteArray todas = buena + sinFin.left(55) + "\n" + sinFin + "   \n";
   for (const auto& c : casos) todas += c.linea + "\n";

@@ -169,7 +169,7 @@ TEST_F(DudasTest, QuienLaBorraAManoEnPlenaDudaNoPierdeNada) {
   t.avisos.clear();
   t.leer(1);
   t.memorizar();
-  EXPECT_TRUE(t.textoAvisos().contains(u"se da por puesto a cero"));
+  EXPECT_TRUE(t.textoAvisos().contains(u"se entiende que se puso a cero"));
   cuadra();
 }
 
@@ -183,7 +183,7 @@ TEST_F(DudasTest, UnaLecturaConRegistrosDeMenosNoEsUnaPuestaACero) {
     t.leerSin(1, kGranTotal, todas ? std::set<qint64>{11, 12} : std::set<qint64>{});
     t.leerSin(1, kDepartamentos, todas ? std::set<qint64>{13} : std::set<qint64>{});
     t.memorizar();
-    EXPECT_FALSE(t.textoAvisos().contains(u"se da por puesto a cero"));
+    EXPECT_FALSE(t.textoAvisos().contains(u"se entiende que se puso a cero"));
     EXPECT_TRUE(t.textoAvisos().contains(todas ? u"no cuadran entre sí" : u"no cuadra con"))
         << t.textoAvisos().toStdString();
     EXPECT_FALSE(t.ponerACero(1));

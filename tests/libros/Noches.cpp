@@ -86,7 +86,7 @@ TEST_F(LibrosTest, UnGrupoQueNoSePusoACeroSoloAportaLaDiferencia) {
   const auto links = t.memorizar();
   for (const int g : {1, 2}) t.cuadra(g);
   EXPECT_EQ((*t.periodos().columna(links[0]))->periodo.desde.qdate(), QDate(2026, 11, 25));
-  EXPECT_TRUE(t.textoAvisos().contains(u"no consta su puesta a cero"));
+  EXPECT_TRUE(t.textoAvisos().contains(u"no se sabe que se pusiera a cero"));
 }
 
 TEST_F(LibrosTest, LaPuestaACeroQueNadieAnotoNoPisaElDia) {

@@ -76,11 +76,11 @@ TEST_F(PruebaOfertas, NewPricesGoToTheOtherGroupsWhenAsked) {
   poner(2, 10, 650, "", "09/06/2018", true);
   poner(3, 10, 650, "", "", true, true);
   poner(2, 11, 650, "", "", true);
-  EXPECT_EQ(bien(ofertas.ponerPrecios({1, 1, 10}, {750, 0, 0}, false)), 0);
+  EXPECT_EQ(bien(ofertas.ponerPrecios({1, 1, 10}, {750, 0, 0}, false)).otras(), 0);
   EXPECT_EQ(filas(),
             u"1 10 750 43252 - 0 0 | 2 10 650 - 43260 1 0 | 3 10 650 - - 1 1 | 2 11 650 - - 1 0");
   EXPECT_EQ(loTienen(10), u"2");
-  EXPECT_EQ(bien(ofertas.ponerPrecios({1, 1, 10}, {760, 0, 0}, true)), 1);
+  EXPECT_EQ(bien(ofertas.ponerPrecios({1, 1, 10}, {760, 0, 0}, true)).otras(), 1);
   EXPECT_EQ(filas(),
             u"1 10 760 43252 - 0 0 | 2 10 760 43252 - 0 0 | 3 10 650 - - 1 1 | 2 11 650 - - 1 0");
   EXPECT_EQ(loTienen(10), u"");

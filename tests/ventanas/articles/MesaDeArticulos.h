@@ -13,6 +13,7 @@
 #include <QTreeWidget>
 
 #include "articles/TablasArticulos.h"
+#include "articles/ventanas/Puertas.h"
 #include "articles/ventanas/Registro.h"
 #include "core/esquema/Esquema.h"
 #include "core/ventanas/marco/Recorrido.h"

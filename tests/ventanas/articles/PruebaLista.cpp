@@ -131,7 +131,7 @@ TEST(ListaArticulos, LosPreciosOcultos) {
 TEST(ListaArticulos, ElFinDelEnvioSeDice) {
   MesaDeArticulos t;
   t.ajustes.EnviarCambios[1] = 2;
-  auto* arbol = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
+  auto* arbol = t.abrir(PuertaBrowGrupos{});
   t.tecla(Qt::Key_F4);
   t.cargada(u"BrowPLUs"_s);
   bien(t.catalogo.ponerPrecios({1, 10}, Precios{}, u"BrowPLUs"_s));

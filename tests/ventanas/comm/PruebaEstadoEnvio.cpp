@@ -43,7 +43,7 @@ TEST_F(VentanaEstado, SeEnviaSoloLoElegido) {
   ASSERT_TRUE(lista(u"0000010 Pendiente,0000030 Pendiente,0000040 Retenido"_s))
       << filasVistas().toStdString();
   EXPECT_EQ(oidas(1).size(), 1);
-  EXPECT_TRUE(cuenta().startsWith(u"Al día 1, sin prueba 0, pendientes 2"));
+  EXPECT_TRUE(cuenta().startsWith(u"Al día 1, sin comprobar 0, pendientes 2"));
   auto* ver = control<QComboBox>(u"Ver"_s, u"EstadoEnvio"_s);
   ver->setFocus();
   QTest::keyClick(ver, Qt::Key_Down);

@@ -61,6 +61,21 @@ TEST_F(Gestcomm, RecibeTotalesDeDosGrupos) {
   EXPECT_EQ(panel->findChild<QLabel*>(u"palabra"_s)->text(), u"Libre");
 }
 
+// Opened for a group it stands on that group's task, or says how one gets one.
+TEST_F(Gestcomm, SeAbrePorUnGrupo) {
+  dosGrupos();
+  for (const int g : {1, 2}) fallo(g, {.averia = Averia::Sorda});
+  auto* v = abrir(u"gestcomm"_s);
+  for (const int g : {1, 2}) gestor->NuevaTarea(g, true, 0, 9999999, 17);
+  ASSERT_TRUE(hasta([&] { return cola()->filas() == 2; }));
+  for (const int g : {1, 2}) {
+    bien(v->preparar({{u"grupo"_s, g}}));
+    EXPECT_EQ(cola()->filaActual(), g - 1);
+  }
+  bien(v->preparar({{u"grupo"_s, 7}}));
+  EXPECT_TRUE(v->tira().texto().startsWith(u"El grupo 7 no tiene ninguna tarea"));
+}
+
 TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   dosGrupos();
   fallo(2, {.averia = Averia::Sorda});
@@ -73,7 +88,7 @@ TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   EXPECT_EQ(control<QLabel>(u"LblProblema"_s)->text(),
             u"Tarea 002: Una trama VEK no ha tenido respuesta ACK");
   EXPECT_FALSE(accion(u"RunP"_s)->isEnabled());
-  QTest::keyClick(v, Qt::Key_M, Qt::ControlModifier);  // to manual
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);  // to manual
   pasar(150);
   EXPECT_TRUE(accion(u"RunP"_s)->isEnabled());
   EXPECT_FALSE(accion(u"ManuP"_s)->isEnabled());
@@ -147,7 +162,7 @@ TEST_F(Gestcomm, SeguirAbreElEnlacePerdido) {
   encolar(1, 18);
   ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Interrumpido por algún problema"; }, 5));
   EXPECT_EQ(celda(0, u"Problema"), u"Se ha cortado la línea mientras se usaba");
-  QTest::keyClick(v, Qt::Key_M, Qt::ControlModifier);
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
   QTest::keyClick(v, Qt::Key_F6);
   EXPECT_FALSE(v->tira().isVisible());
   ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Terminado"; }, 5));
@@ -161,7 +176,7 @@ TEST_F(Gestcomm, RetenerSoltarYPararEnManual) {
   gestor->NuevaTarea(1, true, 0, 9999999, TipoTarea::RxOpera);
   ASSERT_TRUE(
       hasta([&] { return cola()->filas() == 1 && cola()->valor(0, u"cont").entero() > 1; }));
-  QTest::keyClick(v, Qt::Key_M, Qt::ControlModifier);
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
   QTest::keyClick(v, Qt::Key_F7);
   ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Retenido por el usuario"; }));
   const auto parada = oidas(1).size();

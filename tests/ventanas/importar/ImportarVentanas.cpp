@@ -11,6 +11,7 @@
 
 #include "articles/Lotes.h"
 #include "articles/TablasArticulos.h"
+#include "articles/importar/ventanas/Puertas.h"
 #include "articles/importar/ventanas/Registro.h"
 #include "core/esquema/Esquema.h"
 #include "core/ventanas/marco/Tira.h"
@@ -41,7 +42,9 @@ struct MesaDeImportar : Mesa {
         u"ORDER BY CODPLU"_s);
   }
   ventanas::Ventana* abrir(const QString& nombre) {
-    auto* v = escritorio.ventanas().abrir(nombre, nullptr, {{u"seccion"_s, 3}});
+    auto& todas = escritorio.ventanas();
+    auto* v = nombre == u"ImpTabla" ? todas.abrir(importar::PuertaImpTabla{.seccion = 3})
+                                    : todas.abrir(nombre);
     EXPECT_NE(v, nullptr);
     EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));
     return v;
@@ -98,6 +101,9 @@ TEST(VentanaImpPLU, ConLineasMalasYDeshecha) {
   EXPECT_EQ(malas.texto(0, u"linea") + malas.texto(1, u"linea"), u"34"_s);
   EXPECT_EQ(malas.texto(1, u"motivo"), u"No hay ninguna sección 009: créela antes de importar."_s);
   EXPECT_TRUE(v->tira().texto().contains(m.textos(4629)));
+  tecla(Qt::Key_Return);
+  EXPECT_EQ(rotulo(v, u"mensaje"), u"Seleccione (DbClick) un fichero de la lista"_s);
+  EXPECT_EQ(malas.filas(), 2) << "they stay until another file is taken";
   m.aceptar();
   boton(v, u"deshacer").setFocus();
   tecla(Qt::Key_Return);

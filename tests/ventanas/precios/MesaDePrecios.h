@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include "articles/TablasArticulos.h"
+#include "articles/precios/ventanas/Puertas.h"
 #include "articles/precios/ventanas/Registro.h"
 #include "core/esquema/Esquema.h"
 #include "core/ventanas/marco/Recorrido.h"

@@ -162,6 +162,42 @@ TEST(VentanaOfertas, UnaFechaVaATodasYSeDeshace) {
   escribir(u"PRECIO_0", u"6,50"_s);
   EXPECT_EQ(m.leer(u"select GRUPO, PRECIO_0, FECHA_INI from OFERTAS where CODIGO=10"_s),
             u"1 650 43000 | 2 650 43000");
+  QTest::keyClick(m.foco(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(m.leer(kOfertas), antes) << "in all groups, with the days of each";
+}
+
+// Prices come back also where the list shows the offer no more; not those that changed since.
+TEST(VentanaOfertas, LosPreciosSeDeshacen) {
+  const struct {
+    const char16_t* otro;  // what happens meanwhile
+    const char16_t *queda, *dice;
+  } casos[] = {
+      {u"", u"700 | 300", u"Deshecho: P. Base, que era «7,00»."},
+      {u"update OFERTAS set PRECIO_0=1 where GRUPO=2", u"700 | 1", u"Precio devuelto. 1 oferta"},
+      {u"update OFERTAS set PRECIO_0=1 where GRUPO=1", u"1 | 650", u"La oferta ha cambiado"},
+      {u"delete from OFERTAS where GRUPO=1", u"650", u"La oferta ya no existe"}};
+  for (const auto& c : casos) {
+    MesaDePrecios m;
+    for (const auto& [grupo, precio] : {std::pair{1, 700}, {2, 300}})
+      m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (?, 1, 10, ?)"_s, grupo,
+            precio);
+    auto* v = m.abrir(precios::PuertaBrowOfer{});
+    auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
+    v->findChild<QCheckBox*>(u"Sincro"_s)->click();
+    grid.vista()->setFocus();
+    grid.vista()->setCurrentIndex(grid.modelo()->index(0, grid.modelo()->columna(u"PRECIO_0")));
+    for (const QString& texto : {u"6"_s, u",50"_s}) m.teclear(texto);
+    m.pulsar(Qt::Key_Return);
+    const QString precios = u"select PRECIO_0 from OFERTAS order by GRUPO"_s;
+    EXPECT_EQ(m.leer(precios), u"650 | 650");
+    if (*c.otro) m.sql(QString::fromUtf16(c.otro));
+    m.escribir(v, u"TxtF1"_s, u"01/01/2030"_s);  // filters it out
+    m.pulsar(Qt::Key_Return);
+    v->findChild<QAction*>(u"Deshacer"_s)->trigger();
+    EXPECT_EQ(m.leer(precios), QString::fromUtf16(c.queda));
+    EXPECT_TRUE(v->tira().texto().startsWith(QString::fromUtf16(c.dice)))
+        << v->tira().texto().toStdString();
+  }
 }
 
 TEST(VentanaOfertas, BorrarAquiOEnTodosLosGrupos) {

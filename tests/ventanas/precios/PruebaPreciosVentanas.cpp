@@ -62,7 +62,7 @@ TEST(VentanaLote, SubeUnDepartamentoYSeDeshace) {
   MesaDePrecios m;
   m.sql(u"update PLUSES set DEPTO=2 where CODPLU>32"_s);
   m.sql(u"update PLUSES set PRECIO_00=990000 where CODPLU=42"_s);
-  auto* v = m.abrir(u"CambioLote"_s, {{u"seccion"_s, 1}});
+  auto* v = m.abrir(precios::PuertaCambioLote{.seccion = 1});
   v->findChild<QComboBox*>(u"dbD"_s)->setCurrentIndex(2);
   MesaDePrecios::escribir(v, u"txPc"_s, u"10"_s);
   MesaDePrecios::escribir(v, u"txPaso"_s, u"0,50"_s);
@@ -98,7 +98,7 @@ TEST(VentanaLote, ParadoNoDejaNada) {
   const auto subidos = [&] {
     return m.leer(u"select count(*) from PLUSES where CODPLU>=100 and PRECIO_00<>100"_s).toInt();
   };
-  auto* v = m.abrir(u"CambioLote"_s, {{u"seccion"_s, 1}});
+  auto* v = m.abrir(precios::PuertaCambioLote{.seccion = 1});
   const auto lanzar = [&] {
     MesaDePrecios::escribir(v, u"txPc"_s, u"10"_s);
     auto* aplicar = v->findChild<QPushButton*>(u"Aplicar"_s);
@@ -155,7 +155,7 @@ TEST(VentanaLote, LoQueSeCortoSeTermina) {
       claves, *precios::SubePrecios::de(1000, 1, precios::Redondeo::MasProximo, {}, {}),
       u"CambioLote"_s);
   while (cortada->hecho().cambiados == 0) ASSERT_TRUE(bien(cortada->paso()));
-  auto* v = m.abrir(u"CambioLote"_s, {{u"seccion"_s, 1}});
+  auto* v = m.abrir(precios::PuertaCambioLote{.seccion = 1});
   EXPECT_TRUE(v->tira().texto().contains(u"a medias")) << v->tira().texto().toStdString();
   auto* terminar = v->findChild<QPushButton*>(u"Terminar"_s);
   ASSERT_TRUE(terminar->isVisible());
@@ -168,7 +168,7 @@ TEST(VentanaLote, LoQueSeCortoSeTermina) {
 
 TEST(VentanaLote, LosArticulosElegidosCambianDeDepartamento) {
   MesaDePrecios m;
-  auto* v = m.abrir(u"CambioLote"_s, {{u"seccion"_s, 1}, {u"codigos"_s, QVariantList{7, 9}}});
+  auto* v = m.abrir(precios::PuertaCambioLote{.seccion = 1, .codigos = {7, 9}});
   EXPECT_EQ(m.texto(v, u"elegidos"_s), u"2 artículos elegidos");
   v->findChild<QComboBox*>(u"que"_s)->setCurrentIndex(1);
   v->findChild<QComboBox*>(u"depto"_s)->setCurrentIndex(1);

@@ -6,7 +6,7 @@ namespace tarvo::prueba {
 TEST(VentanaRapida, CambiaElPrecioDeTreintaArticulos) {
   MesaDePrecios m;
   auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
-  auto* v = m.abrir(u"FastModf"_s, {{u"seccion"_s, 1}});
+  auto* v = m.abrir(precios::PuertaFastModf{.seccion = 1});
   EXPECT_EQ(lista->hijos, 1);
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
   ASSERT_EQ(grid.filas(), 40) << "without the system articles";

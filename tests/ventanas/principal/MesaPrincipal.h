@@ -32,8 +32,9 @@ class Suplente final : public ventanas::Ventana {
 };
 
 struct MesaPrincipal : Tienda {
-  explicit MesaPrincipal(const QStringList& suplentes = {u"gestcomm"_s, u"VerTot"_s, u"CerrSes"_s,
-                                                         u"Automat"_s, u"Cronos"_s, u"VeoLog"_s},
+  explicit MesaPrincipal(const QStringList& suplentes = {u"gestcomm"_s, u"VerTot"_s, u"VerCols"_s,
+                                                         u"CerrSes"_s, u"Automat"_s, u"Cronos"_s,
+                                                         u"VeoLog"_s},
                          const QByteArray& susAjustes = {})
       : ajustes(susAjustes) {
     bien(aplicacion.empezar());

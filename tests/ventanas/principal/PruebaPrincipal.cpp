@@ -53,7 +53,8 @@ TEST(Principal, LaMananaTrasUnGrupoFallido) {
   EXPECT_EQ(t.suplente(u"gestcomm"_s)->dados.value(u"grupo"_s), 2);
   EXPECT_EQ(t.suplente(u"gestcomm"_s)->dueno(), v);
   QTest::mouseClick(pieza(*v, u"Bien. 0001 FRUTERIA"_s), Qt::LeftButton);
-  EXPECT_EQ(t.suplente(u"VerTot"_s)->dados.value(u"link"_s), 7);
+  ASSERT_TRUE(t.suplente(u"VerCols#7"_s)) << "its sales in that period";
+  EXPECT_EQ(t.suplente(u"VerCols#7"_s)->dados.value(u"grupo"_s), 1);
   QTest::mouseClick(pieza(*v, u"La noche tuvo problemas"_s), Qt::LeftButton);
   EXPECT_TRUE(
       t.suplente(u"VeoLog"_s)->dados.value(u"fichero"_s).toString().endsWith(u"/NOCHE.TZA"));
@@ -69,6 +70,77 @@ TEST(Principal, LaMananaSigueALaBase) {
   t.sql(u"UPDATE ProcesoTareas SET HECHA=1"_s);
   EXPECT_TRUE(esperar([&] { return pieza(*v, u"Bien. 0002 PESCADERIA"_s) != nullptr; }));
   EXPECT_EQ(v->focusWidget()->objectName(), u"Linea0"_s) << "the focus keeps its place";
+}
+
+// Amounts that stand in a column are of one period, reasons take one line, and what the machines
+// lack is told with where one sends it.
+TEST(Principal, LaMananaNoMezcla) {
+  MesaPrincipal t;
+  t.nocheMala();
+  const Fecha dia = t.reloj.ahora().dia();
+  t.sql(u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (8, 5, ?, ?, '')"_s,
+        dia - 0.9, dia - 0.1);
+  t.sql(u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON, [IMP]) VALUES (8, 2, 0, 1, 4321)"_s);
+  automation::Historial historial(*t.fondo->db, t.fondo->textos);
+  bien(historial.periodosHechos(1, {7, 8}));
+  t.sql(u"UPDATE ProcesoTareas SET HECHA=1"_s);
+  for (const char* porque : {"Uno.", "Dos.", "Tres."})
+    bien(historial.aviso(1, {2, QString::fromUtf8(porque), true}));
+  t.sql(u"DELETE FROM PLUSES"_s);
+  t.sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU) VALUES (1, 10, 'Pera')"_s);
+  for (const int g : {1, 2}) t.sql(u"INSERT INTO EnviosGrupo (GRUPO, SECCION) VALUES (?, 1)"_s, g);
+  t.sql(u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) VALUES (1, 11, 2, 0)"_s);
+  auto* v = t.conManana();
+  EXPECT_TRUE(pieza(*v, u"0001 FRUTERIA. 1.234,56"_s));
+  auto* otro = pieza(*v, u"0002 PESCADERIA. Uno."_s);
+  ASSERT_TRUE(otro);
+  EXPECT_TRUE(otro->accessibleName().contains(u"y 2 motivos más. Tiene 43,21 en del "))
+      << otro->accessibleName().toStdString();
+  EXPECT_TRUE(otro->toolTip().contains(u"Tres."));
+  EXPECT_TRUE(esperar([&] { return pieza(*v, u"sin ningún artículo"_s) != nullptr; }));
+  EXPECT_TRUE(pieza(*v, u"sin ningún artículo, porque se les borraron: 0001 FRUTERIA."_s));
+  EXPECT_TRUE(pieza(*v, u"no tienen al día: 0002 PESCADERIA: 1 artículo"_s));
+}
+
+// Each entry has a letter, none shared with what is seen beside it, and Tab reaches it.
+TEST(Principal, LasEntradasTienenLetra) {
+  QByteArray propias;
+  for (int i = 1; i <= 25; ++i)
+    propias += "Personal(" + QByteArray::number(i) + ")=Noche " + QByteArray::number(i) +
+               " & cierre|NOCHE\r\n";
+  MesaPrincipal t({u"VerTot"_s}, propias);
+  auto* v = t.principal();
+  auto* paneles = v->findChild<QStackedWidget*>(u"Paneles"_s);
+  for (int i = 0; i < paneles->count(); ++i) {
+    QSet<QKeySequence> letras;
+    auto entradas = paneles->widget(i)->findChildren<QToolButton*>();
+    for (const char16_t* n : {u"Salir", u"Minimizar"})
+      entradas << v->findChild<QToolButton*>(QString::fromUtf16(n));
+    for (const QToolButton* b : entradas) {
+      const auto letra = QKeySequence::mnemonic(b->text());
+      if (letra.isEmpty() && letras.size() > 15) continue;  // the alphabet has an end
+      EXPECT_FALSE(letra.isEmpty()) << b->text().toStdString();
+      EXPECT_FALSE(letras.contains(letra)) << b->text().toStdString();
+      EXPECT_TRUE(b->focusPolicy() & Qt::TabFocus) << b->text().toStdString();
+      letras << letra;
+    }
+  }
+  EXPECT_LT(v->minimumSizeHint().height(), 700) << "many entries of one's own are scrolled";
+  QTest::keyClick(v, Qt::Key_T, Qt::AltModifier);
+  EXPECT_TRUE(esperar([&] { return t.suplente(u"VerTot"_s) != nullptr; }));
+}
+
+// Where one was, one is again when another window has closed.
+TEST(Principal, ElFocoVuelveADondeEstaba) {
+  MesaPrincipal t;
+  auto* v = t.conManana();
+  auto* totales = v->findChild<QToolButton*>(u"Totales"_s);
+  totales->setFocus();
+  auto* hija = t.todas().abrir(u"PortalCnf"_s, v);
+  ASSERT_TRUE(hija && QTest::qWaitForWindowActive(hija));
+  hija->descargar();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  EXPECT_EQ(v->focusWidget(), totales);
 }
 
 TEST(Principal, SinNingunaNocheDiceQueHacer) {

@@ -7,6 +7,7 @@
 #include "MesaDeTotales.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
+#include "totals/ventanas/Grafica.h"
 #include "totals/ventanas/Puertas.h"
 
 namespace tarvo::prueba {
@@ -382,6 +383,19 @@ TEST(VentanaVisor, UnCodigoEnElTiempo) {
   grupos->setCurrentIndex(1);
   Q_EMIT grupos->activated(1);
   EXPECT_EQ(grid.texto(0, u"t.IMP"), u"7,00");
+}
+
+// A line of one point would be a dot.
+TEST(VentanaVisor, UnSoloDiaEsUnaBarra) {
+  for (const int dias : {1, 2}) {
+    MesaDeTotales t;
+    for (int d = 0; d < dias; ++d) t.dia(d == 0 ? "04/06/2018" : "05/06/2018");
+    auto* v = t.abrir(u"VerFils"_s, {{u"clase"_s, kPLUs}, {u"seccion"_s, 3}, {u"codigo"_s, 7}});
+    auto* grafica = v->findChild<Grafica*>();
+    ASSERT_TRUE(esperar([&] { return grafica->puntos() > 0; }));
+    EXPECT_EQ(grafica->puntos(), dias);
+    EXPECT_EQ(grafica->esLinea(), dias > 1);
+  }
 }
 
 }  // namespace tarvo::prueba

@@ -47,6 +47,48 @@ TEST(VentanaSesion, MemorizaEnElPeriodoQueSeElige) {
   EXPECT_EQ(t.sesion.estado(), 0);
 }
 
+// Before one memorises: how much it is, and whose sales will be missing.
+TEST(VentanaSesion, DiceCuantoYQuienFalta) {
+  MesaDeTotales t;
+  t.sql(u"update GRUPOS set REMOTO=3"_s);
+  recibir(t, 2, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
+  auto* v = t.abrir(u"CerrSes"_s);
+  auto* faltan = v->findChild<QLabel*>(u"faltan"_s);
+  EXPECT_TRUE(
+      v->findChild<QLabel*>(u"resumen"_s)->text().startsWith(u"Recibidos de 1 grupo. Son 15,00"))
+      << v->findChild<QLabel*>(u"resumen"_s)->text().toStdString();
+  EXPECT_TRUE(faltan->isVisible());
+  EXPECT_TRUE(faltan->text().contains(u"0001 Mostrador 1"));
+  EXPECT_FALSE(faltan->text().contains(u"Mostrador 2"));
+  recibir(t, 1, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
+  t.abrir(u"CerrSes"_s);
+  EXPECT_FALSE(faltan->isVisible());
+}
+
+// Two machines are read one after the other. In the middle of the day their spans are no calendar
+// day; those of one round are one period, those of two are two.
+TEST(VentanaSesion, UnaRondaEsUnPeriodo) {
+  static constexpr struct {
+    const char *desde, *hasta;
+    int periodos;
+  } kSegunda[] = {{"03/06/2018 21:00:01", "04/06/2018 12:00:01", 1},
+                  {"03/06/2018 20:40:00", "04/06/2018 12:50:00", 1},
+                  {"03/06/2018 21:00:01", "04/06/2018 14:30:00", 2}};
+  for (const auto& c : kSegunda) {
+    MesaDeTotales t;
+    recibir(t, 1, "03/06/2018 21:00:00", "04/06/2018 12:00:00");
+    recibir(t, 2, c.desde, c.hasta);
+    CerrSes motor(t.sesion, t.periodos);
+    std::vector<Aviso> avisos;
+    bien(motor.AnalizarScratch(avisos));
+    ASSERT_EQ(motor.propuestos().size(), static_cast<size_t>(c.periodos)) << c.hasta;
+    if (c.periodos > 1) continue;
+    const Periodo& p = motor.propuestos()[0].periodo;
+    EXPECT_EQ(p.hasta, momento(c.hasta)) << "it holds both";
+    EXPECT_EQ(p.desde, std::min(momento(c.desde), momento("03/06/2018 21:00:00")));
+  }
+}
+
 TEST(VentanaSesion, CadaUnoASuPeriodo) {
   MesaDeTotales t;
   recibirDosDias(t);
