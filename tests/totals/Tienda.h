@@ -20,9 +20,9 @@ struct Tienda : BaseVacia {
   RelojVirtual reloj{momento("05/06/2018 22:15:00")};
   stock::Almacenes almacenes{*db, reloj, textosDePrueba()};
   totals::Periodos periodos{*db, ajustes, almacenes, textosDePrueba()};
-  totals::VerTot verTot{periodos, *db, ajustes};
-  totals::XporTot xporTot{*db, periodos, ajustes};
-  totals::ImpTot impTot{*db, periodos, ajustes};
+  totals::VerTot verTot{periodos};
+  totals::XporTot xporTot{periodos};
+  totals::ImpTot impTot{periodos};
 
   Tienda() {
     bien(totals::asegurarTablasTotales(*db));

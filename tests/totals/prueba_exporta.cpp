@@ -461,7 +461,8 @@ TEST_F(Exporta, ABadLineUndoesItsBlockAndIsNamed) {
 TEST(ExportaFuera, AnotherLanguageHasNoOperatorByHour) {
   prueba::Tienda t;
   const Ajustes uk(t.carpeta.path(), Idioma::UK);
-  ImpTot impTot(*t.db, t.periodos, uk);
+  Periodos periodos(*t.db, uk, t.almacenes, textosDePrueba());
+  ImpTot impTot(periodos);
   std::vector<ImpTot::Hecho> hechos;
   EXPECT_FALSE(impTot.importarBytes(kLargo, QStringLiteral("X.EXP"), SiExiste::Borrarlo, hechos));
 }

@@ -76,17 +76,14 @@ QString Redactor::frase(const automation::EjecucionHecha& e) const {
 // The trace tells all of a run.
 void Redactor::ponerTraza(Renglon& r) const {
   const QString& traza = r_.ejecuciones.front().traza;
-  r.ventana = u"VeoLog"_s;
-  if (!traza.isEmpty()) r.argumentos[u"fichero"_s] = Ajustes::ruta(traza, a_.HomeDir);
+  r.lleva = traza.isEmpty() ? automation::PuertaVeoLog()
+                            : automation::PuertaVeoLog{Ajustes::ruta(traza, a_.HomeDir)};
 }
 
 Renglon Redactor::noche() const {
   if (r_.ejecuciones.empty())
-    return {.palabra = {},
-            .titulo = t_(kTxSinNoche),
-            .texto = t_(kTxSinNocheQueHacer),
-            .valor = {},
-            .ventana = {}};
+    return {
+        .palabra = {}, .titulo = t_(kTxSinNoche), .texto = t_(kTxSinNocheQueHacer), .valor = {}};
   const FinEjecucion fin = r_.ejecuciones.front().fin;
   const bool fallos = r_.cuantos(EstadoGrupo::Fallido) > 0;
   const bool dudas = r_.cuantos(EstadoGrupo::Dudoso) > 0 || !r_.avisos.empty();
@@ -117,15 +114,14 @@ std::vector<Renglon> Redactor::deArranque() const {
                      .palabra = t_(kTxVerAjustes),
                      .titulo = t_(kTxBaseFuera),
                      .texto = t_(kTxBaseFueraQue, {a_.BaseDatos, a_.carpeta}),
-                     .valor = {},
-                     .ventana = {}});
+                     .valor = {}});
   for (const QString& duda : dudasDe(a_, t_).mid(0, kAvisosVistos))
     lista.push_back({.estado = Estado::Duda,
                      .palabra = t_(kTxVerAjustes),
                      .titulo = {},
                      .texto = duda,
                      .valor = {},
-                     .ventana = u"PortalCnf"_s});
+                     .lleva = PuertaPortalCnf()});
   return lista;
 }
 
@@ -137,14 +133,14 @@ std::vector<Renglon> Redactor::avisos() const {
                      .titulo = {},
                      .texto = Plural(t_(kTxHayDudasCero), r_.dudasCero),
                      .valor = {},
-                     .ventana = u"DudasCero"_s});
+                     .lleva = totals::PuertaDudasCero()});
   if (r_.debidos > 0)
     lista.push_back({.estado = Estado::Duda,
                      .palabra = t_(kTxVerDebidos),
                      .titulo = {},
                      .texto = Plural(t_(kTxQuedaPorHacer), r_.debidos),
                      .valor = {},
-                     .ventana = u"Debidos"_s});
+                     .lleva = automation::PuertaDebidos()});
   const size_t hasta = lista.size() + kAvisosVistos;
   for (const auto& aviso : r_.avisos) {
     if (lista.size() == hasta) break;
@@ -152,8 +148,7 @@ std::vector<Renglon> Redactor::avisos() const {
               .palabra = t_(kTxVerAviso),
               .titulo = {},
               .texto = aviso.texto,
-              .valor = {},
-              .ventana = {}};
+              .valor = {}};
     ponerTraza(r);
     lista.push_back(std::move(r));
   }
@@ -189,8 +184,11 @@ std::vector<double> barrasDe(const automation::PeriodoResumen& p) {
 }
 
 Renglon Redactor::ventas() const {
-  Renglon r{
-      .palabra = {}, .titulo = t_(kTxVentas), .texto = {}, .valor = {}, .ventana = u"VerTot"_s};
+  Renglon r{.palabra = {},
+            .titulo = t_(kTxVentas),
+            .texto = {},
+            .valor = {},
+            .lleva = totals::PuertaVerTot()};
   const auto dia = std::ranges::find(r_.periodos, 1, &automation::PeriodoResumen::tipo);
   if (r_.periodos.empty()) {
     r.valor = t_(kTxSinVentas);
@@ -202,7 +200,7 @@ Renglon Redactor::ventas() const {
   r.titulo += u": "_s + p.texto.simplified();
   r.valor = ver(Clase::Importe, p.importe) + u' ' +
             a_.MonedaLogo[static_cast<size_t>(a_.MonedaPreferente != 0)];
-  r.argumentos[u"link"_s] = p.link;
+  r.lleva = totals::PuertaVerTot{p.link};
   r.texto = p.descripcion;
   if (dia == r_.periodos.end()) return r;
   r.texto = comparado(p);
@@ -215,12 +213,12 @@ Renglon Redactor::bandeja() const {
             .titulo = t_(kTxBandeja),
             .texto = {},
             .valor = t_(kTxBandejaVacia),
-            .ventana = u"gestcomm"_s};
+            .lleva = comm::PuertaGestcomm()};
   if (r_.bandeja.empty()) {
     r.texto = t_(r_.sesion == 0 ? kTxSesionCerrada : kTxSesionAbierta);
     return r;
   }
-  r.ventana = u"CerrSes"_s;
+  r.lleva = totals::PuertaCerrSes();
   r.estado = Estado::Duda;
   r.valor = Plural(t_(kTxGruposEsperan), static_cast<int>(r_.bandeja.size()));
   Fecha desde = r_.ahora;
@@ -248,18 +246,17 @@ Renglon Redactor::proxima() const {
             .titulo = t_(kTxProxima),
             .texto = t_(kTxSinProximaQueHacer),
             .valor = t_(kTxSinProxima),
-            .ventana = u"EdiCron"_s};
+            .lleva = automation::PuertaEdiCron()};
   if (!r_.proxima) return r;
   const auto& p = *r_.proxima;
   r.valor = horaCorta(p.cuando);
   if (p.activo) {
-    r.ventana = u"Cronos"_s;
+    r.lleva = automation::PuertaCronos();
     r.texto = t_(kTxProximaActiva, {p.proceso, cuando(p.cuando)});
   } else {
     r.estado = Estado::Duda;
     r.texto = t_(kTxProximaParada, {p.proceso, cuando(p.cuando), p.horario});
-    r.ventana = u"EdiCron"_s;
-    r.argumentos[u"horario"_s] = Ajustes::ruta(p.horario, a_.HomeDir);
+    r.lleva = automation::PuertaEdiCron{Ajustes::ruta(p.horario, a_.HomeDir)};
   }
   return r;
 }
@@ -281,12 +278,11 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
             .titulo = nombreGrupo(g.grupo, g.nombre),
             .texto = g.motivo,
             .valor = g.importe ? ver(Clase::Importe, *g.importe) : QString(),
-            .ventana = g.estado == EstadoGrupo::Bien ? u"VerTot"_s : u"gestcomm"_s,
-            .argumentos = {{u"grupo"_s, g.grupo}}};
+            .lleva = comm::PuertaGestcomm{g.grupo}};
   // What failed draws the rest after it; doubts stand each for itself.
   if (g.estado == EstadoGrupo::Dudoso) r.texto = g.motivos.mid(0, kDudasVistas).join(u'\n');
-  if (g.estado == EstadoGrupo::Bien && !r_.periodos.empty())
-    r.argumentos[u"link"_s] = r_.periodos.front().link;
+  if (g.estado == EstadoGrupo::Bien)
+    r.lleva = totals::PuertaVerTot{r_.periodos.empty() ? 0 : r_.periodos.front().link};
   return r;
 }
 
@@ -302,7 +298,7 @@ std::vector<Renglon> Redactor::grupos() const {
                      .titulo = Plural(t_(kTxYMas), static_cast<int>(mas)),
                      .texto = {},
                      .valor = {},
-                     .ventana = u"gestcomm"_s});
+                     .lleva = comm::PuertaGestcomm()});
   return lista;
 }
 
@@ -348,7 +344,7 @@ void anteponerLotes(VistaManana& vista, std::span<const articles::LoteAMedias> l
                       .titulo = {},
                       .texto = articles::decirAMedias(l, textos),
                       .valor = {},
-                      .ventana = l.ventana});
+                      .lleva = PorNombre{l.ventana}});
   vista.avisos.insert(vista.avisos.begin(), lineas.begin(), lineas.end());
 }
 

@@ -80,6 +80,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
 
   void editarCompleto(bool nuevo);
   void abrirCon(const QString& ventana);
+  void verVentas();
   void borrar();
   void trasladar(bool mover);
   void porPasos(const QString& que, std::vector<ClaveArticulo> claves, const Paso& paso,

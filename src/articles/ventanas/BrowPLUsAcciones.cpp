@@ -13,6 +13,7 @@
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "totals/periodos/Clases.h"
+#include "totals/ventanas/Puertas.h"
 
 namespace tarvo::articles {
 
@@ -30,7 +31,7 @@ void BrowPLUs::montarAcciones() {
   unir(ui_.Deshacer, u"atras"_s, QKeySequence(QKeySequence::Undo), [this] { deshacerUltimo(); });
   unir(ui_.Copio, u"copiar"_s, Qt::Key_F6, [this] { trasladar(false); });
   unir(ui_.Muevo, u"adelante"_s, Qt::Key_F7, [this] { trasladar(true); });
-  unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F8, [this] { abrirCon(u"VerFils"_s); });
+  unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F8, [this] { verVentas(); });
   unir(ui_.VerPrecios, u"reloj"_s, Qt::Key_F9, [this] { abrirCon(u"VerPrecios"_s); });
   unir(ui_.Calculo, u"sumar"_s, Qt::Key_F11, [this] { abrirCon(u"CalcPre"_s); });
   unir(ui_.Varios, u"acumular"_s, Qt::Key_F12, [this] { abrirCon(u"CambioLote"_s); });
@@ -89,7 +90,7 @@ void BrowPLUs::habilitar() {
   const bool hay = ui_.Grid->filas() > 0 && !trabajando_;
   for (QAction* a : {ui_.Modificar, ui_.Borro, ui_.Copio, ui_.Muevo, ui_.VerPrecios})
     a->setEnabled(hay);
-  ui_.VerXtrac->setEnabled(hay && contexto().ventanas.conoce(u"VerFils"_s));
+  ui_.VerXtrac->setEnabled(hay && contexto().ventanas.conoce<totals::PuertaVerFils>());
   ui_.Calculo->setEnabled(hay && contexto().ventanas.conoce(u"CalcPre"_s));
   ui_.Nuevo->setEnabled(!trabajando_);
   ui_.Deshacer->setEnabled(!deshechos_.empty() && !trabajando_);
@@ -105,6 +106,12 @@ void BrowPLUs::editarCompleto(bool nuevo) {
                              {u"seccion"_s, c.seccion},
                              {u"departamento"_s, departamento_},
                              {u"codigo"_s, c.codigo}});
+}
+
+// Its sales across time.
+void BrowPLUs::verVentas() {
+  const ClaveArticulo c = actual();
+  abrir(totals::PuertaVerFils{.seccion = c.seccion, .codigo = c.codigo});
 }
 
 void BrowPLUs::abrirCon(const QString& ventana) {

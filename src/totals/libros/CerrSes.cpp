@@ -166,6 +166,10 @@ Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
   return tr.confirmar();
 }
 
+void CerrSes::describir(const QString& patron, Fecha ahora) {
+  Descrip = ExpandirNombre(patron, ahora, s_.base());
+}
+
 void CerrSes::elegir(int indice) {
   if (indice < 0 || indice >= static_cast<int>(propuestos_.size())) return;
   elegido_ = indice;

@@ -32,6 +32,8 @@ class CerrSes {
   const std::vector<Recibido>& recibidos() const { return recibidos_; }
   const std::vector<Propuesto>& propuestos() const { return propuestos_; }
   int elegido() const { return elegido_; }  // index of the dominant period, -1 for none
+  // Descrip from a pattern.
+  void describir(const QString& patron, Fecha ahora);
   // Takes another of the proposed periods in place of the dominant one; it holds as long as what
   // was received still makes it.
   void elegir(int indice);

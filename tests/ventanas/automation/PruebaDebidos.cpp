@@ -17,7 +17,7 @@ TEST(Debidos, SeOlvidaPorSuNombreYConCancelarPorDelante) {
       u"43000.999988425926, 'Ventas')"));
   Pendientes libro(s.p.db());
   ASSERT_TRUE(libro.anotarExporte({u"NOCHE"_s, 1, s.ruta(u"X.EXP"_s)}, {u"1.1"_s, {7}}));
-  ASSERT_TRUE(libro.anotar({kAcumular, 2}, {7}));
+  ASSERT_TRUE(libro.anotar({VerboPeriodos::Acumular, 2}, {7}));
   QWidget* v = s.todas().abrir(u"Debidos"_s);
   ASSERT_TRUE(v);
   auto* lista = pieza<ventanas::Parrilla>(v, u"Lista"_s);

@@ -34,7 +34,8 @@ TEST_F(CapturasComm, Llenas) {
       db->ejecutar(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO) VALUES (1, 20, "
                    u"'Jamón ibérico de bellota', 9999999, 4)"));
   abrir(u"gestcomm"_s);
-  for (int n = 0; n < 40; ++n) gestor->NuevaTarea(1 + n % 12, true, 0, 9999999, 17 + n % 4);
+  for (int n = 0; n < 40; ++n)
+    gestor->NuevaTarea(1 + n % 12, true, 0, 9999999, *deNumero<TipoTarea>(17 + n % 4));
   pasar(30000);
   ASSERT_GT(gestor->CuantosQuedan().fallidas, 3);
   // With the channels closed, and somebody who answers for what waits, the window can go between

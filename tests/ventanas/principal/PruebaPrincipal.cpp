@@ -49,13 +49,25 @@ TEST(Principal, LaMananaTrasUnGrupoFallido) {
   linea->setFocus();
   QTest::keyClick(linea, Qt::Key_Return);
   ASSERT_TRUE(t.suplente(u"gestcomm"_s));
-  EXPECT_EQ(t.suplente(u"gestcomm"_s)->dados.value(u"grupo"_s), 2);
+  EXPECT_EQ(t.suplente(u"gestcomm"_s)->como<comm::PuertaGestcomm>().grupo, 2);
   EXPECT_EQ(t.suplente(u"gestcomm"_s)->dueno(), v);
   QTest::mouseClick(pieza(*v, u"Bien. 0001 FRUTERIA"_s), Qt::LeftButton);
-  EXPECT_EQ(t.suplente(u"VerTot"_s)->dados.value(u"link"_s), 7);
+  EXPECT_EQ(t.suplente(u"VerTot"_s)->como<totals::PuertaVerTot>().link, 7);
   QTest::mouseClick(pieza(*v, u"La noche tuvo problemas"_s), Qt::LeftButton);
   EXPECT_TRUE(
-      t.suplente(u"VeoLog"_s)->dados.value(u"fichero"_s).toString().endsWith(u"/NOCHE.TZA"));
+      t.suplente(u"VeoLog"_s)->como<automation::PuertaVeoLog>().fichero.endsWith(u"/NOCHE.TZA"));
+}
+
+// What was done in another window shows when that closes.
+TEST(Principal, LaProximaCambiaAlCerrarOtraVentana) {
+  Tienda t;
+  auto* v = t.conManana();
+  EXPECT_FALSE(pieza(*v, u"HORARIO"_s));
+  t.fichero(u"NOCHE.AUT"_s, "N:nada\r\n");
+  t.fichero(u"HORARIO.CRO"_s, "22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,S\xED;NOCHE\r\n");
+  t.todas().abrir(u"VerTot"_s, v);
+  t.todas().descargar(u"VerTot"_s);
+  EXPECT_TRUE(esperar([&] { return pieza(*v, u"HORARIO"_s) != nullptr; }, 30'000));
 }
 
 // It is read again by itself when rows change; what is chosen stays.
