@@ -39,9 +39,11 @@ enum FaseProceso : int {
 };
 
 // How a step of the present run stands.
-enum class EstadoPaso : int { Pendiente, EnCurso, Hecho, ConProblemas, Interrumpido };
+// What it queued hasn't ended yet: EnCola.
+enum class EstadoPaso : int { Pendiente, EnCurso, Hecho, ConProblemas, Interrumpido, EnCola };
 struct VistaPaso {
   QString texto;  // its line
+  QString dicho;  // what it does, in words
   EstadoPaso estado = EstadoPaso::Pendiente;
   QString motivo;  // of its first problem
 };

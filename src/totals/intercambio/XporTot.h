@@ -19,7 +19,7 @@ struct OpcionesExport {
 
 class XporTot {
  public:
-  XporTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
+  explicit XporTot(Periodos& periodos);
 
   // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a point),
   // after what the file holds; a file that is no export of periods (the database, a process) is an
@@ -68,7 +68,7 @@ class Importacion;
 // one) or added to, larger periods and stock with it.
 class ImpTot {
  public:
-  ImpTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
+  explicit ImpTot(Periodos& periodos);
   struct Hecho {
     qint64 link;
     Periodo periodo;

@@ -40,6 +40,8 @@ class CerrSes {
   // Of what AnalizarScratch found.
   Resultado<EnBandeja> enBandeja() const;
   int elegido() const { return elegido_; }  // index of the dominant period, -1 for none
+  // Descrip from a pattern.
+  void describir(const QString& patron, Fecha ahora);
   // Takes another of the proposed periods in place of the dominant one; it holds as long as what
   // was received still makes it.
   void elegir(int indice);
