@@ -5,7 +5,7 @@
 //   return reunir(db.consultar(u"select NMSECC from SECCS order by NMSECC"),
 //                 [](const Recordset& fila) { return fila.entero(0); });
 //
-// An error, of the query, of a move or of the callback, ends the walk and is its result.
+// An error of the query, a move or the callback ends the walk and is its result.
 #pragma once
 
 #include <concepts>
