@@ -39,7 +39,7 @@ QByteArray codificar1252(const QString& texto, char reemplazo) {
   QByteArray bytes;
   bytes.reserve(texto.size());
   for (const QChar c : texto) {
-    if (c.isLowSurrogate()) continue;  // its high half has given the one replacement
+    if (c.isLowSurrogate()) continue;  // its high half has been replaced already
     const int b = byte1252(c.unicode());
     bytes.append(b < 0 ? reemplazo : static_cast<char>(b));
   }
