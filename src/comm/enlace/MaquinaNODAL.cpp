@@ -121,8 +121,8 @@ std::optional<tramas::TramaNODAL> Maquina::leerLinea() {
   auto trama = tramas::leerNODAL(entrada_).trama;
   if (!trama || trama->destino != tiempos_.nodo || trama->origen != estacion_) return std::nullopt;
   const bool datos = trama->codigo != tramas::kNodalAck && trama->codigo != tramas::kNodalNak;
-  // A list's frame before the acknowledgement belongs to an earlier question; acknowledged, it
-  // would count as a frame of the new list.
+  // A list's frame before the acknowledgement belongs to an earlier question: its acknowledgement
+  // would count as that of a frame of the new list.
   if (datos && estado_ == kEsperaAckNodal && trama->codigo != tramas::kNodalRechazo)
     return std::nullopt;
   if (datos) confirmar();
