@@ -1,4 +1,4 @@
-// What the measurements share: a failure of what is measured ends the program, and a shop to
+// Shared by the measurements: a failure in the measured code ends the program, and a shop to
 // measure on.
 #pragma once
 
@@ -29,7 +29,7 @@ inline int bien(int rc, int esperado = SQLITE_OK) {
   return rc;
 }
 
-// The engine's own connection to a file, set as the program sets its own.
+// The engine's own connection to a file, configured like the program's.
 class Crudo {
  public:
   explicit Crudo(const QString& ruta) {

@@ -177,8 +177,7 @@ TEST_F(Enlace, Portadora) {
   EXPECT_EQ(directo.Acceso(), u"2");
 }
 
-// --- two clients on one link
-// -----------------------------------------------------------------------
+// --- two clients on one link ---
 
 TEST_F(Enlace, SeComparteSinReabrirYSinPerderLoEnVuelo) {
   auto& e = abierto(Para::VekMotor);
@@ -311,8 +310,7 @@ TEST_F(Enlace, NadieCierraElEnlaceDeOtro) {
   EXPECT_EQ(captura.nuevo(), u"Cerrar 0");
 }
 
-// --- clients that act inside their events
-// ----------------------------------------------------------
+// --- clients that act inside their events ---
 
 TEST_F(Enlace, UnClientePuedeHacerDeTodoDentroDeUnEvento) {
   const std::vector<std::function<void()>> acciones{

@@ -52,8 +52,7 @@ void CableModem::orden(const QByteArray& texto, Paso paso, int ms) {
   ir(paso, ms);
 }
 
-// --- initialisation and dialling
-// -------------------------------------------------------------------
+// --- initialisation and dialling ---
 
 void CableModem::siguienteOrden() {
   if (indice_ >= guion_.size()) return marcar();
@@ -127,8 +126,7 @@ void CableModem::vencePlazo() {
   }
 }
 
-// --- what comes in
-// ---------------------------------------------------------------------------------
+// --- what comes in ---
 
 void CableModem::leer(const QByteArray& bytes) {
   oido_ = true;
@@ -155,8 +153,7 @@ void CableModem::leerEnLinea(const QByteArray& bytes) {
   if (fin) perderPortadora();
 }
 
-// --- carrier and hang-up
-// ---------------------------------------------------------------------------
+// --- carrier and hang-up ---
 
 bool CableModem::portadoraCaida() {
   const auto lineas = puerto_.senales();

@@ -93,8 +93,7 @@ void comtvIP::Estado::terminarApertura(int error) {
   if (error != 0) casa.retirar(&dueno);
 }
 
-// --- sharing
-// ---------------------------------------------------------------------------------------
+// --- sharing ---
 
 bool comtvIP::Estado::puedeUnirse(Para para, const QString& texto) const {
   if (acabado || cerrando || normalizado(texto) != acceso) return false;
@@ -122,8 +121,7 @@ void comtvIP::Estado::terminarUnion(bool motor) {
   avisarApertura(motor, 0);
 }
 
-// --- closing
-// ---------------------------------------------------------------------------------------
+// --- closing ---
 
 int comtvIP::Estado::cerrar(Para para) {
   const Para abierta = paraPendiente != Para::Nada ? paraPendiente : paraAbierto;

@@ -15,7 +15,7 @@ struct Maquina::Fila {
 };
 
 // clang-format off
-// Data are read in the states listed here and in no others. Time is off at the start of every expiry.
+// Data are read only in the states listed here. Time is off at the start of every expiry.
 const Maquina::Fila Maquina::kTabla[] = {
     // state            on data                        at the end of its time
     {kReposo,           &Maquina::datosReposo,         nullptr},

@@ -48,8 +48,7 @@ void Maquina::emitirNODAL() {
       tramas::construirNODAL({tiempos_.nodo, estacion_, secuencia_, codigo_, cuerpo_}));
 }
 
-// --- data
-// ------------------------------------------------------------------------------------------
+// --- data ---
 
 bool Maquina::datosAckNodal() {
   const auto trama = leerLinea();
@@ -80,8 +79,7 @@ bool Maquina::datosTramaNodal() {
   return true;
 }
 
-// --- time
-// ------------------------------------------------------------------------------------------
+// --- time ---
 
 void Maquina::venceAckNodal() {
   if (modo_.unaVez || envios_ >= kEnviosNodalMax) {
@@ -99,8 +97,7 @@ void Maquina::venceTramaNodal() {
   exterior_.reciboNDL(kErrorTiempoRecepcion, 0, {});
 }
 
-// --- frames
-// ----------------------------------------------------------------------------------------
+// --- frames ---
 
 // As many units as the number at the head of the data, one for none or 0, counted from now.
 void Maquina::esperarMas(const QByteArray& datos) {

@@ -71,8 +71,7 @@ void Maquina::quitarACKs() {
   entrada_.remove(0, n);
 }
 
-// --- data
-// ------------------------------------------------------------------------------------------
+// --- data ---
 
 // Nothing was asked: a transaction is handed over, any other frame is only acknowledged.
 bool Maquina::datosReposo() {
@@ -118,8 +117,7 @@ bool Maquina::datosRepetida() {
   return true;
 }
 
-// --- time
-// ------------------------------------------------------------------------------------------
+// --- time ---
 
 void Maquina::venceACK() {
   if (modo_.unaVez || envios_ >= kEnviosMax) {
@@ -150,8 +148,7 @@ void Maquina::venceRepetida() {
   emitirVEK();
 }
 
-// --- frames
-// ----------------------------------------------------------------------------------------
+// --- frames ---
 
 Maquina::Leido Maquina::leerTramas(bool aceptar) {
   const bool ancha = codigo_ > kCodigoAncho;

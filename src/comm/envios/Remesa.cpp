@@ -51,8 +51,7 @@ Resultado<> Remesa::empezar(bool todo, Rango rango, bool porNumero) {
   return rechazadosAlFinal(db_, destino_, lista_);
 }
 
-// --- the list
-// ---------------------------------------------------------------------------------------------
+// --- the list ---
 
 Resultado<const Remesa::Saliente*> Remesa::actual(bool conRetenidos) {
   for (;;) {
@@ -207,8 +206,7 @@ bool Remesa::empezarFinal() {
   return true;
 }
 
-// --- deletions
-// ---------------------------------------------------------------------------------------------
+// --- deletions ---
 
 Resultado<std::vector<qint64>> Remesa::borrables() const {
   auto codigos = articulosPorBorrar(db_, destino_);
@@ -297,8 +295,7 @@ Resultado<Remesa::Restan> Remesa::restan() const {
   return r;
 }
 
-// --- to disk
-// ---------------------------------------------------------------------------------------------
+// --- to disk ---
 
 void Remesa::anotar(Nota nota) {
   notas_.push_back(std::move(nota));

@@ -261,8 +261,7 @@ void gestcomm::dejarDeObservar(Observador* observador) {
   std::erase(d->observadores, observador);
 }
 
-// --- events of the links
-// -----------------------------------------------------------------------------
+// --- events of the links ---
 
 void gestcomm::Abrir_Evento(int canal, int error) {
   d->abierto(canal, error);

@@ -44,7 +44,7 @@ class Contraste {
 
  private:
   const int maximo_;
-  std::optional<Lista> leida_;  // the one before
+  std::optional<Lista> leida_;  // the previous one
   bool dudosa_ = false;
   int usadas_ = 0, iguales_ = 0;
 };

@@ -37,8 +37,7 @@ Resultado<std::array<qint64, 21>> leerOperadores(const motor::Entorno& e, int gr
   return salida;
 }
 
-// --- all readings
-// ------------------------------------------------------------------------------------
+// --- all readings ---
 
 Totales::Totales(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e) {}
 
@@ -75,8 +74,7 @@ QString Totales::trajo() const {
                    {conVentas, VerImporte(e_.ajustes, importe, e_.ajustes.MonedaPreferente)});
 }
 
-// --- kinds 1 and 4
-// -----------------------------------------------------------------------------------
+// --- kinds 1 and 4 ---
 
 Resultado<Siguiente> PreguntasVek::paso() {
   filasGrupo();
@@ -105,8 +103,7 @@ Resultado<> PreguntasVek::respuesta(int, int, const QByteArray& datos) {
   return {};
 }
 
-// --- kind 2
-// ------------------------------------------------------------------------------------------
+// --- kind 2 ---
 
 ListaNodal::ListaNodal(const motor::DatosTarea& t, const motor::Entorno& e)
     : Totales(t, e), duda_(e, QStringLiteral("%1 N%2").arg(lineaDe(t)).arg(t.Addr)) {}
@@ -179,8 +176,7 @@ void ListaNodal::reanudar() {
     otraVez();
 }
 
-// --- kind 3
-// ------------------------------------------------------------------------------------------
+// --- kind 3 ---
 
 ListasCaja::ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e)
     : Totales(t, e), duda_(e, lineaDe(t)) {

@@ -15,8 +15,7 @@ inline constexpr char kSTX = 0x02, kETX = 0x03, kACK = 0x06, kNAK = 0x15, kCR = 
 inline constexpr int kCodigoTransaccion = 995;
 inline constexpr int kMaxPendiente = 64 * 1024;
 
-// --- VEK: decimal text, one-byte acknowledgement
-// ---------------------------------------------------
+// --- VEK: decimal text, one-byte acknowledgement ---
 struct TramaVEK {
   int secuencia = 0;  // 0 to 99
   int addr = -1;      // -1 with the wide layout
@@ -45,8 +44,7 @@ LecturaVEK leerVEK(QByteArray& buffer, bool ancha);
 // A frame read with the wide layout, read again with the usual one.
 TramaVEK estrecha(const TramaVEK& ancha);
 
-// --- NODAL: hexadecimal, acknowledgement frame
-// -----------------------------------------------------
+// --- NODAL: hexadecimal, acknowledgement frame ---
 inline constexpr int kNodalAck = 6, kNodalRechazo = 7, kNodalEspera = 8, kNodalNak = 21,
                      kNodalFin = 26;
 

@@ -70,16 +70,14 @@ class Database {
     return rs->Eof() ? Valor() : rs->valor(0);
   }
 
-  // --- transactions
-  // ------------------------------------------------------------------------------- Nest freely: an
-  // inner Transaccion is a savepoint of the outer one.
+  // --- transactions ---
+  // Nest freely: an inner Transaccion is a savepoint of the outer one.
   virtual Resultado<> BeginTrans() = 0;
   virtual Resultado<> CommitTrans() = 0;
   virtual void Rollback() = 0;
   virtual int profundidad() const = 0;
 
-  // --- schema
-  // -------------------------------------------------------------------------------------
+  // --- schema ---
   virtual bool existeTabla(QStringView nombre) = 0;
   virtual bool existeColumna(QStringView tabla, QStringView columna) = 0;
   // In their order; empty if there is no such table.

@@ -25,14 +25,12 @@ class Recordset {
  public:
   virtual ~Recordset() = default;
 
-  // --- columns: resolve once, then use the number
-  // ------------------------------------------------- The number of a column by its name, without
-  // regard to case; -1 when there is none.
+  // --- columns: resolve once, then use the number ---
+  // The number of a column by its name, regardless of case; -1 if there is none.
   virtual int columna(QStringView nombre) const = 0;
   virtual int numColumnas() const = 0;
 
-  // --- position
-  // -----------------------------------------------------------------------------------
+  // --- position ---
   virtual bool Eof() const = 0;
   virtual Resultado<> MoveFirst() = 0;
   virtual Resultado<> MoveNext() = 0;  // REQUIRES a row
@@ -51,8 +49,7 @@ class Recordset {
   }
   virtual bool NoMatch() const = 0;
 
-  // --- the row under the cursor
-  // -------------------------------------------------------------------
+  // --- the row under the cursor ---
   virtual bool nulo(int columna) const = 0;
   virtual qint64 entero(int columna) const = 0;
   virtual double real(int columna) const = 0;
@@ -61,10 +58,10 @@ class Recordset {
   bool logico(int columna) const { return real(columna) != 0; }
   Fecha fecha(int columna) const { return Fecha::deDias(real(columna)); }
 
-  // --- writing, table recordsets only
-  // ------------------------------------------------------------- AddNew (or Edit, which REQUIRES a
-  // row), then poner for each column, then Update. Columns that are not set keep their value or
-  // take their default. Update of a new row leaves the position unchanged.
+  // --- writing, table recordsets only ---
+  // AddNew (or Edit, which REQUIRES a row), then poner for each column, then Update. Columns that
+  // are not set keep their value or take their default. Update of a new row leaves the position
+  // unchanged.
   virtual void AddNew() = 0;
   virtual void Edit() = 0;
   virtual void poner(int columna, const Valor& valor) = 0;

@@ -64,8 +64,7 @@ class Conexion {
   // Takes a statement that is no longer in use.
   void guardar(sqlite3_stmt* s);
 
-  // --- transactions: depth 1 is the engine's transaction, deeper ones are savepoints
-  // ----------------
+  // --- transactions: depth 1 is the engine's transaction, deeper ones are savepoints ---
   Resultado<> empezar();
   Resultado<> confirmar();
   void deshacer();

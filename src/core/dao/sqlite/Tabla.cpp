@@ -50,8 +50,7 @@ Resultado<> Tabla::Index(QStringView nombre) {
   return MoveFirst();
 }
 
-// --- the statements
-// -----------------------------------------------------------------------------------------
+// --- the statements ---
 
 QString Tabla::seleccion() const {
   QString s = QStringLiteral("SELECT ");
@@ -112,8 +111,7 @@ Resultado<Preparada*> Tabla::detras() {
                                u"?)"_s + orden(""));
 }
 
-// --- reading
-// ------------------------------------------------------------------------------------------------
+// --- reading ---
 
 Resultado<> Tabla::leer(Preparada& p, int maximo) {
   while (leida_.filas() < maximo) {
