@@ -1,4 +1,4 @@
-// Files on disk: their encoding, whole replacement, and names without regard to case.
+// Files on disk: their encoding, whole replacement, and names regardless of case.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -16,7 +16,7 @@
 
 using namespace tarvo;
 
-// What the program asks of the disk, in order. They take the place of the system's own in this
+// The program's calls to the disk, in order. These functions replace the system's own in this
 // program.
 namespace {
 QStringList* alDisco = nullptr;
@@ -83,8 +83,8 @@ TEST_F(Disco, EscribirCambiaElFicheroEnteroYNoDejaOtro) {
   EXPECT_FALSE(QFile::permissions(en("a.txt")) & QFile::ReadOther);
 }
 
-// A power cut leaves the old file or the new one: its bytes are on the disk before its name is, and
-// the name before the answer.
+// A power cut leaves the old file or the new one: its bytes reach the disk before its name, and the
+// name before the call returns.
 TEST_F(Disco, LoEscritoLlegaAlDiscoAntesQueSuNombre) {
   QStringList pedido;
   alDisco = &pedido;

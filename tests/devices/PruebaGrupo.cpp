@@ -1,4 +1,4 @@
-// Groups in the database: what is read, what is stored, and the group of an empty database.
+// Groups in the database: loading, storing, and the group of an empty database.
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
@@ -145,8 +145,8 @@ TEST_F(BaseGrupos, LosNulosSeLeenPorSuRegla) {
   }
 }
 
-// What nobody knows stays in the row for whoever does; a kind that a person chooses takes its
-// place.
+// An unknown number stays in the row for programs that know it; a kind chosen by a person replaces
+// it.
 TEST_F(BaseGrupos, UnTipoOUnAccesoDesconocidoNoSePierde) {
   sql(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, remoto, telef) VALUES (7, 'x', 1, 9, "
       u"12, "

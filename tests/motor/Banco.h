@@ -1,5 +1,5 @@
-// A shop for the engine: a database, links, machine models behind them, and a watcher that writes
-// down what it is told.
+// A shop for the engine: a database, links, machine models at their ends, and a watcher that
+// records its calls.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -26,11 +26,11 @@ inline void bien(const Resultado<>& r) {
 class Banco : public testing::Test, protected motor::Vigilante {
  protected:
   Banco();
-  // Throws the process's state away and opens the database again.
+  // Discards the state of the process and reopens the database.
   void arrancar(bool reanuda = false);
 
   // A group of that kind behind an access: "cable 1" to "cable 4" a direct cable, "tel:..." a
-  // modem, "tcp:host" TCP/IP, any other text a connector. Makes one machine, or one for each
+  // modem, "tcp:host" TCP/IP, any other text a connector. Creates one machine, or one for each
   // address of a group of registers.
   void grupo(int numero, int tipo, const QString& acceso, std::vector<int> direcciones = {1});
   void articulo(int codigo, const QString& barras = {});
@@ -40,7 +40,7 @@ class Banco : public testing::Test, protected motor::Vigilante {
               int addr = 1);
 
   int encolar(int grupo, int clase, bool todo = true, qint64 desde = 0, qint64 hasta = 9999999);
-  // Runs until the queue is empty; false when it isn't within the time.
+  // Runs until the queue is empty; false if it isn't within the time.
   bool correr(int minutos = 120);
   const motor::VistaTarea* tarea(int id);
 
@@ -48,7 +48,7 @@ class Banco : public testing::Test, protected motor::Vigilante {
   QString filas(const QString& sql);
   // Inbox of a group: "CODI:CON/PES/IMP/SCO ..." (with "CODI.HORA" for the cross).
   QString bandeja(int grupo, int clase);
-  // Data of the questions that the machine heard: "830 0000017".
+  // Code and data of the questions that the machine received: "830 0000017".
   QStringList oidas(int grupo, int addr = 1);
 
   void InformeProblema(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) override;
@@ -69,7 +69,7 @@ class Banco : public testing::Test, protected motor::Vigilante {
   decltype(motor::Entorno::enEspera) enEspera;  // before montar()
   std::unique_ptr<motor::gestcomm> gestor;
   QStringList problemas, reintentos, avisos, hechas;
-  Resultado<> hecha;  // what TareaHecha answers
+  Resultado<> hecha;  // the result of TareaHecha
   std::function<void()> alHacer;
 
  private:

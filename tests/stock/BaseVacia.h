@@ -1,4 +1,4 @@
-// An empty database in a temporary folder, for the tests of rooms that stand on the store.
+// An empty database in a temporary folder, for the tests of rooms that use the store.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 
 namespace tarvo::prueba {
 
-// The value of a result that must be well.
+// The value of a result that must be good.
 template <class T>
 T bien(Resultado<T> r) {
   EXPECT_TRUE(r.has_value()) << (r ? "" : r.error().texto.toStdString());
@@ -28,7 +28,7 @@ struct BaseVacia {
     const auto r = db->ejecutar(texto, p...);
     EXPECT_TRUE(r) << texto.toStdString() << ": " << (r ? "" : r.error().texto.toStdString());
   }
-  // All values of a query, rows parted by " | " and columns by a blank.
+  // All values of a query, rows separated by " | " and columns by a blank.
   QString leer(const QString& texto) {
     auto rs = db->consultar(texto);
     EXPECT_TRUE(rs) << texto.toStdString() << ": " << (rs ? "" : rs.error().texto.toStdString());
