@@ -50,7 +50,7 @@ class Crudo {
   sqlite3* c = nullptr;
 };
 
-// A database of this version with `grupos` groups of one scale each behind the connectors "G1",
+// A database of this version with `grupos` groups of one scale each on the connectors "G1",
 // "G2"..., and `articulos` articles of one section.
 std::unique_ptr<dao::Database> hacerTienda(const QString& ruta, int grupos, int articulos);
 

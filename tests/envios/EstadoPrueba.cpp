@@ -55,8 +55,8 @@ TEST_F(EstadoDeEnvio, DeBalanzas) {
   EXPECT_EQ(tiene(1), u"10:Tomate/5 20:Tomate/5 30:Tomate/30 40:Tomate/40 50:Tomate/3");
 }
 
-// What is counted for a notice: nothing of a group that was never sent to, all of one that was
-// wiped.
+// The counts of a notice: none for a group without an earlier sending, all articles for a wiped
+// one.
 TEST_F(EstadoDeEnvio, LoQueSeDebe) {
   const auto debe = [&] {
     QStringList salida;

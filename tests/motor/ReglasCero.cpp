@@ -24,7 +24,7 @@ TEST_F(Reglas, LaPuestaACeroEsperaALaLecturaDeDelante) {
 
 TEST_F(Reglas, NiPorOtroCanalAdelantaLaPuestaACero) {
   tienda(1, QStringLiteral("b"));
-  sql(u"UPDATE GRUPOS SET telef='a'"_s);  // a connector that isn't there
+  sql(u"UPDATE GRUPOS SET telef='a'"_s);  // a missing connector
   encolar(1, 17);
   sql(u"UPDATE GRUPOS SET telef='b'"_s);
   encolar(1, 6);
@@ -34,11 +34,11 @@ TEST_F(Reglas, NiPorOtroCanalAdelantaLaPuestaACero) {
             (QStringList{QStringLiteral("17 G1 E24 (2)"), QStringLiteral("6 G1 E22 (0)")}));
 }
 
-// What is sent after a wipe would go with it.
+// Articles sent after a wipe would be lost with it.
 TEST_F(Reglas, LoQueSigueAUnBorradoLoEspera) {
   grupo(3, 3, QStringLiteral("b"), {9});
   leida(3);
-  sql(QStringLiteral("UPDATE GRUPOS SET telef='a'"));  // a connector that isn't there
+  sql(QStringLiteral("UPDATE GRUPOS SET telef='a'"));  // a missing connector
   encolar(3, 10);
   sql(QStringLiteral("UPDATE GRUPOS SET telef='b'"));
   encolar(3, 17);
@@ -72,7 +72,7 @@ TEST_F(Reglas, TrasUnaLecturaFallidaNoHayPuestaACero) {
       gestor->EliminarTarea(cero - 1);
     }
     EXPECT_TRUE(maquina(1).memoria().puestas().empty());
-    EXPECT_EQ(bandeja(1, 17), antes);  // the good reading before it stands
+    EXPECT_EQ(bandeja(1, 17), antes);  // the good reading before it stays
   }
   EXPECT_FALSE(bien(sesion->permisoCero(1)).permitido);
   // After a complete reading, the group may be zeroed.

@@ -21,9 +21,9 @@ class TiendaDeMotor : public testing::Test, protected Tienda, protected motor::V
   // Discards the state of the process and reopens the database.
   void arrancar(bool reanuda = false);
 
-  // A group of that kind behind an access: "cable 1" to "cable 4" a direct cable, "tel:..." a
-  // modem, "tcp:host" TCP/IP, any other text a connector. Creates one machine, or one for each
-  // address of a group of registers.
+  // A group of that kind with an access: "cable 1" to "cable 4" a direct cable, "tel:..." a modem,
+  // "tcp:host" TCP/IP, any other text a connector. Creates one machine, or one for each address of
+  // a group of registers.
   using Tienda::articulo, Tienda::grupo;
   void grupo(int numero, int tipo, const QString& acceso, std::vector<int> direcciones = {1});
   void articulo(int codigo, const QString& barras = {});

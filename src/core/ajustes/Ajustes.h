@@ -72,9 +72,9 @@ class Ajustes {
   void leer(const QString& texto);
   QString escribir() const;
 
-  // The name of a file as a setting or a process gives it ("\" and "/" part folders, case ignored)
-  // as a path of this system: relative names are relative to `base`; an existing file is found
-  // regardless of case, the exact name first. A missing one keeps the case it was given.
+  // The name of a file as a setting or a process gives it ("\" and "/" separate folders, case
+  // ignored) as a path of this system: relative names are relative to `base`; an existing file is
+  // found regardless of case, the exact name first. A missing one keeps the case it was given.
   static QString ruta(const QString& nombre, const QString& base);
 
   bool EsEspanol() const { return idioma == Idioma::Espanol; }
@@ -136,7 +136,7 @@ class Ajustes {
   bool AceptaOtroCodigo = false;
 
   // CONECTORES.INI: what a connector name stands for ("tcp:host:port", "serie:dev,9600,O,7,1",
-  // "local:/path"), or empty when there is no such name. Read afresh at each call.
+  // "local:/path"), or empty if there is no such name. Read anew at each call.
   QString conector(const QString& nombre) const;
 
  private:

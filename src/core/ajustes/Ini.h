@@ -18,7 +18,7 @@ struct Linea {
 // a number in its brackets, has no key.
 void recorrer(QStringView texto, const std::function<void(const Linea&)>& recibe);
 
-// The longest leading number of a text, 0 when there is none. The decimal mark is "." or ",".
+// The longest leading number of a text, 0 if there is none. The decimal mark is "." or ",".
 double real(QStringView texto);
 // The same for whole numbers, held within the limits.
 int entero(QStringView texto, int minimo, int maximo);

@@ -32,7 +32,7 @@ struct Copia {
   QString copia, origen;
 };
 
-// What one room keeps in the database.
+// The tables of one room in the database.
 struct TablasDeSala {
   QString sala;  // its name in the database
   std::vector<Paso> pasos;

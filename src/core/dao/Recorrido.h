@@ -43,7 +43,7 @@ Resultado<> recorrer(Abierta filas, F&& una) {
   return recorrer(**filas, una);
 }
 
-// What `una` makes of each row, in the order of the query.
+// The results of `una` for each row, in the order of the query.
 template <class F>
 auto reunir(Abierta filas, F&& una)
     -> Resultado<std::vector<std::remove_cvref_t<std::invoke_result_t<F&, const Recordset&>>>> {

@@ -31,7 +31,7 @@ class Nombres {
   // Empty if there is none with that code.
   Resultado<QString> seccion(int codigo) const;
   Resultado<QString> grupo(int codigo) const;
-  Resultado<int> seccionDe(int grupo) const;  // 0 when there is no such group
+  Resultado<int> seccionDe(int grupo) const;  // 0 if there is no such group
   // Nothing if there is none.
   Resultado<std::optional<QString>> departamento(int seccion, int codigo) const;
   Resultado<std::optional<QString>> articulo(int seccion, qint64 codigo) const;

@@ -53,7 +53,7 @@ int Semana(Fecha fecha);
 // `fecha`. A code without a row, or without digits, gives nothing.
 QString ExpandirNombre(const QString& texto, Fecha fecha, dao::Database& db);
 QString NombreFichero(const QString& ruta);  // the part after the last "\" or "/"
-QString Ceros(qint64 n, int ancho);          // zeros on the left; the sign stands in front of them
+QString Ceros(qint64 n, int ancho);          // zeros on the left; the sign precedes them
 QString siNo(bool valor, bool espanol);      // "Sí"/"No", "Yes"/"No"
 // Exactly the yes or the no word; nothing for any other. "Si" without its accent is read too.
 std::optional<bool> leerSiNo(QStringView texto, bool espanol);

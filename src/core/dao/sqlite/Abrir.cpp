@@ -114,7 +114,7 @@ Resultado<std::unique_ptr<Database>> Database::OpenDatabase(const QString& ruta,
   auto r = ajustar(**con, como);
   if (!r && como.soloLeer &&
       (r.error().clase == Fallo::SinPermiso || r.error().clase == Fallo::SoloLectura)) {
-    // On a protected medium nobody writes, so that the file may be read without locks.
+    // A protected medium has no writers, so the file may be read without locks.
     con = conectar(ruta, modo, true);
     if (!con) return std::unexpected(con.error());
     r = ajustar(**con, como);

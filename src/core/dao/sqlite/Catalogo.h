@@ -31,7 +31,7 @@ class Catalogo {
  public:
   explicit Catalogo(Conexion& con) : con_(con) {}
 
-  // NoExiste when there is no such table.
+  // NoExiste if there is no such table.
   Resultado<std::shared_ptr<const InfoTabla>> tabla(QStringView nombre);
   // The index is called "TABLE.index" in the file, where all index names share one namespace.
   // NoExiste.

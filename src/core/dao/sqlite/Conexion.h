@@ -58,7 +58,7 @@ class Conexion {
   sqlite3* cruda() const { return db_; }
   Error error(int codigo) const;
 
-  // One statement of the engine's own SQL; Formato when there is none or more than one.
+  // One statement of the engine's own SQL; Formato if there is none or more than one.
   Resultado<Preparada> preparar(const QString& sql);
   Resultado<> ejecutar(const QString& sql);
   // Takes a statement that is no longer in use.
