@@ -4,6 +4,7 @@
 #include <variant>
 
 #include "app/ventanas/Puertas.h"
+#include "articles/ventanas/Puertas.h"
 #include "automation/ventanas/Puertas.h"
 #include "comm/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventanas.h"
@@ -18,11 +19,12 @@ struct PorNombre {
 };
 
 // The first is nowhere.
-using Lleva = std::variant<std::monostate, PorNombre, PuertaPortalCnf, automation::PuertaAutomat,
-                           automation::PuertaCronos, automation::PuertaDebidos,
-                           automation::PuertaEdiCron, automation::PuertaVeoLog,
-                           comm::PuertaEstadoEnvio, comm::PuertaGestcomm, totals::PuertaCerrSes,
-                           totals::PuertaDudasCero, totals::PuertaVerCols, totals::PuertaVerTot>;
+using Lleva =
+    std::variant<std::monostate, PorNombre, PuertaPortalCnf, articles::PuertaBrowGrupos,
+                 automation::PuertaAutomat, automation::PuertaCronos, automation::PuertaDebidos,
+                 automation::PuertaEdiCron, automation::PuertaVeoLog, comm::PuertaEstadoEnvio,
+                 comm::PuertaGestcomm, totals::PuertaCerrSes, totals::PuertaDudasCero,
+                 totals::PuertaVerCols, totals::PuertaVerTot>;
 
 // Empty for nowhere.
 QString ventanaDe(const Lleva& lleva);

@@ -36,11 +36,9 @@ struct EntradaMenu {
 
 const std::vector<EntradaMenu>& entradas() {
   using U = Ui::MainTarvo;
-  static const ventanas::Argumentos kGrupos{{u"Grupos"_s, true}, {u"Depts"_s, false}};
-  static const ventanas::Argumentos kDepts{{u"Grupos"_s, false}, {u"Depts"_s, true}};
   static const std::vector<EntradaMenu> kEntradas{
-      {&U::Balanzas, u"balanza", PorNombre{u"BrowGrupos"_s, kGrupos}},
-      {&U::Articulos, u"articulo", PorNombre{u"BrowGrupos"_s, kDepts}},
+      {&U::Balanzas, u"balanza", articles::PuertaBrowGrupos{.grupos = true}},
+      {&U::Articulos, u"articulo", articles::PuertaBrowGrupos()},
       {&U::Operadores, u"operador", PorNombre{u"BrowOper"_s}},
       {&U::EnviarRecibir, u"recibir", comm::PuertaGestcomm()},
       {&U::Totales, u"totales", totals::PuertaVerTot()},

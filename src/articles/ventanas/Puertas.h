@@ -11,6 +11,7 @@ namespace tarvo::articles {
 struct PuertaBrowGrupos {
   static constexpr QStringView kNombre = u"BrowGrupos";
   bool grupos = false;
+  bool operator==(const PuertaBrowGrupos&) const = default;
 };
 
 // The list of articles of a section (0: the one that it shows, else the first), of a department or
