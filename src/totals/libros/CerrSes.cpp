@@ -21,7 +21,7 @@ QString columna(const char16_t* nombre) {
   return QString::fromUtf16(nombre);
 }
 
-// The memorised part of a reading, if it has one that is still in the machine.
+// The memorised part of a reading, if the machine still holds one.
 struct Base {
   qint64 link = 0;
   Fecha desde, hasta;
@@ -62,7 +62,7 @@ Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const Cl
   r.CODGPO = static_cast<int>(rs.entero(rs.columna(u"CODGPO"_s)));
   r.clase = c.numero;
   r.hasta = rs.fecha(rs.columna(columna(c.hasta)));
-  // A date that can't be is as good as none; clocks are set back by an hour, not by days.
+  // An impossible date is as good as none; clocks are set back by an hour, not by days.
   const int desde = rs.columna(columna(c.desde));
   const bool vale =
       !rs.nulo(desde) && rs.fecha(desde) > kSinPuestaACero && rs.fecha(desde) < r.hasta + 1.0;
@@ -79,7 +79,7 @@ Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const Cl
   return r;
 }
 
-// Sales of several days in one day, or between two dates: somebody looks for them elsewhere.
+// Sales of several days in one day, or between two dates: a person would look for them elsewhere.
 void avisarDeVariosDias(const std::vector<Recibido>& lecturas, const Periodo& destino,
                         const Textos& textos, std::vector<Aviso>& avisos) {
   if (destino.tipo != kDiario && destino.tipo != kOtros) return;
@@ -110,7 +110,7 @@ void avisarDeBases(const std::vector<Recibido>& recibidos, const Textos& textos,
   }
 }
 
-// What was memorised of a group whose totals don't foot may be more than its machines hold.
+// For a group whose totals don't foot, more may have been memorised than its machines hold.
 Resultado<> anotarDudosas(dao::Database& db, const std::vector<Recibido>& recibidos, int grupo) {
   TARVO_TOMAR(const auto mal,
               db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=4"_s, grupo));
@@ -190,7 +190,7 @@ Resultado<std::vector<qint64>> CerrSes::responder(int grupo, int addr, bool olvi
   const int antes = s_.estado();
   const auto anotar = [&]() -> Resultado<bool> {
     TARVO_TOMAR(auto tr, dao::Transaccion::empezar(s_.base()));
-    // What a session that was closed left marked is no longer waiting.
+    // Marks left by a closed session are no longer waiting.
     if (antes == 0)
       for (const ClaseTotal& c : enVigor(s_.ajustes()))
         TARVO_INTENTAR(s_.base().ejecutar(

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kHoras = 24;
 
-// The column that a chart of this kind goes along.
+// The column on the axis of this kind's chart.
 QString ejeDe(int clase) {
   return clase == kOperHora ? u"t.HORA"_s : u"t.CODI"_s;
 }
