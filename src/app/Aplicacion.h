@@ -19,27 +19,27 @@
 
 namespace tarvo::app {
 
-// What of TARVO.INI wasn't understood, a sentence each.
+// The parts of TARVO.INI that were not understood, a sentence each.
 QStringList dudasDe(const Ajustes& ajustes, const Textos& textos);
 // The database is not in the program's folder.
 bool baseFuera(const Ajustes& ajustes);
 
-// What every use of the program needs: its folder, texts, settings and database.
+// The basis of every use of the program: its folder, texts, settings and database.
 class Fondo {
  public:
-  // Reads the settings, takes the database for itself, opens it (made from nothing in a new folder)
-  // and brings it to this version. The error's text is a whole sentence for the user; Ocupado:
-  // another program has it. REQUIRES that the texts outlive it.
+  // Reads the settings, locks the database, opens it (created in a new folder) and upgrades it to
+  // this version. The error's text is a whole sentence for the user; Ocupado: another program has
+  // it. REQUIRES that the texts outlive it.
   static Resultado<std::unique_ptr<Fondo>> abrir(const QString& carpeta, Idioma idioma,
                                                  const Textos& textos, Reloj& reloj);
-  // The settings of a folder as they are now, without touching the database. The same errors.
+  // The current settings of a folder, without touching the database. The same errors.
   static Resultado<Ajustes> leerAjustes(const QString& carpeta, Idioma idioma, const Textos& textos,
                                         Reloj& reloj);
 
   const Textos& textos;
 
  private:
-  Cerrojo cerrojo_;  // let go of last
+  Cerrojo cerrojo_;  // released last
 
  public:
   Ajustes ajustes;
@@ -56,7 +56,7 @@ class Aplicacion {
   Aplicacion(Fondo& fondo, Reloj& reloj, enlace::FabricaEnlaces& fabrica, quint64 semilla,
              automation::Preguntas& preguntas);
   ~Aplicacion();
-  // What the first use of a database must find: warehouses, the session.
+  // Prepares the first use of a database: warehouses, the session.
   Resultado<> empezar();
 
   automation::Automat& automat();

@@ -37,8 +37,8 @@ Resultado<std::unique_ptr<dao::Database>> abrirBase(const Ajustes& ajustes, Fech
   return db;
 }
 
-// All stored money is in it. Settings that don't say it, or not so that it can be read, must not
-// turn the prices of a shop into a hundredth.
+// All stored money is in this currency. Settings without it, or with an unreadable one, must not
+// divide a shop's prices by a hundred.
 Resultado<> recordarMoneda(dao::Database& db, Ajustes& ajustes) {
   const QString clave = QStringLiteral("MonedaNativa");
   totals::EstadoBase estado(db);
@@ -77,8 +77,8 @@ bool baseFuera(const Ajustes& ajustes) {
 
 Resultado<std::unique_ptr<Fondo>> Fondo::abrir(const QString& carpeta, Idioma idioma,
                                                const Textos& textos, Reloj& reloj) {
-  // The settings say which database to hold; what else is in them counts once it is held, for
-  // whoever had it may have written them meanwhile.
+  // The settings name the database to lock; the rest of them counts once it is locked, as its
+  // previous holder may have written them meanwhile.
   TARVO_TOMAR(const auto antes, leerAjustes(carpeta, idioma, textos, reloj));
   const auto conMotivo = [&](const Error& e) {
     return fallo(e.clase, motivoCerrojo(e, antes.BaseDatos, textos));

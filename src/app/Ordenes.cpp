@@ -19,7 +19,7 @@ std::optional<Idioma> idiomaDe(const QString& letras) {
   return std::nullopt;
 }
 
-// Reads the arguments one by one; the first fault stays.
+// Reads the arguments one by one; the first fault is kept.
 class Lector {
  public:
   Lector(const QStringList& argumentos, const Textos& textos) : resto_(argumentos), t_(textos) {}
@@ -168,7 +168,7 @@ QString rutaProceso(QString argumento, const Ajustes& ajustes) {
   const QString extension = QStringLiteral(".AUT");
   if (!argumento.contains(u'.')) return enDisco(argumento + extension, ajustes);
   const QString ruta = enDisco(argumento, ajustes);
-  // The only point may be one of a folder's name.
+  // The only dot may be in a folder's name.
   if (QFileInfo(ruta).isFile() || NombreFichero(argumento).contains(u'.')) return ruta;
   const QString conExtension = enDisco(argumento + extension, ajustes);
   return QFileInfo(conExtension).isFile() ? conExtension : ruta;

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kNoche = 1;  // days: what began within them is the last night
+constexpr double kNoche = 1;  // days: runs begun within them are the last night
 constexpr int kEjecucionesMiradas = 30;
 constexpr int kSemanas = 4;
 
@@ -78,7 +78,7 @@ Resultado<> LectorResumen::leerEjecuciones() {
   for (auto& e : ultimas)
     if (r_.ejecuciones.empty() || f_.ahora - e.inicio < kNoche)
       r_.ejecuciones.push_back(std::move(e));
-  // The earliest first, so that what came later stands.
+  // The earliest first, so that the latest prevails.
   for (size_t i = r_.ejecuciones.size(); i > 0; --i)
     anadir([this, i] { return leerEjecucion(r_.ejecuciones[i - 1]); });
   anadir([this] { return leerGrupos(); });
@@ -95,7 +95,8 @@ Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
   for (const auto& t : tareas) {
     DeGrupo& d = porGrupo_[t.grupo];
     if (esDeTotales(t.clase)) {
-      // Read again: what was said before is over, and while it is being read, what was done is too.
+      // Read again: earlier reports no longer count, nor, while it is being read, do earlier
+      // results.
       if (e.fin == FinEjecucion::EnMarcha && d.recogida != e.numero) d.clases.clear();
       d.avisos.clear();
       d.recogida = e.numero;
@@ -161,7 +162,7 @@ Resultado<> LectorResumen::leerPeriodo(const PeriodoHecho& hecho, qint64 ejecuci
   return {};
 }
 
-// Only groups that both have are compared: one that failed must not look like a bad day.
+// Only groups in both are compared: a failed one must not look like a bad day.
 Resultado<> LectorResumen::leerAnteriores(PeriodoResumen& p, Fecha desde) {
   constexpr double kHolgura = 1e-4;
   for (int semana = 1; semana <= kSemanas; ++semana) {
@@ -178,8 +179,8 @@ Resultado<> LectorResumen::leerAnteriores(PeriodoResumen& p, Fecha desde) {
   return {};
 }
 
-// The group's part of the period that its last collection went into, and whether it foots; where no
-// period has it, the inbox. A period made before that collection says nothing of it.
+// The group's part of the period that received its last collection, and whether it foots; if no
+// period has it, the inbox. A period made before that collection shows nothing about it.
 Resultado<> LectorResumen::cuadrar(size_t cual) {
   GrupoResumen& g = r_.grupos[cual];
   if (g.estado == EstadoGrupo::SinIntentar || g.estado == EstadoGrupo::EnMarcha) return {};
@@ -257,7 +258,7 @@ void LectorResumen::leerCronos() {
     if (e.estado != EstadoEntrada::Inutil) proponer(e.linea, e.proceso, {}, true);
 }
 
-// A file a step; one that can't be read holds no timetable.
+// One file per step; an unreadable one has no timetable.
 void LectorResumen::leerHorarios() {
   const QDir carpeta(f_.ajustes.HomeDir);
   for (const QString& fichero :
