@@ -1,4 +1,4 @@
-// Date ranges as --dato gives them.
+// Date ranges as given by --dato.
 #include <gtest/gtest.h>
 
 #include "app/Datos.h"

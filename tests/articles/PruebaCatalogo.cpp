@@ -1,4 +1,4 @@
-// What goes with an article: its history, offers, stock, bar codes; sections, departments and
+// What belongs to an article: its history, offers, stock, bar codes; sections, departments and
 // operators.
 
 #include "Tienda.h"
@@ -32,7 +32,7 @@ TEST(Catalogo, LasOfertasSiguenAlCodigoYNoSeHeredan) {
         codigo, codigo);
   };
   oferta(10);
-  oferta(12);  // of an article that is no more
+  oferta(12);  // of a deleted article
   oferta(50);
   Articulo a = t.articulo(3, 10);
   a.clave.codigo = 12;
@@ -59,7 +59,7 @@ TEST(Catalogo, UnaFaltaNoDejaNadaAMedias) {
   EXPECT_EQ(barras.error().clase, Fallo::Duplicado);
   EXPECT_EQ(t.leer(u"select count(*) from HistoriaPrecios where CODPLU in (10, 11, 61)"_s), u"0");
   EXPECT_EQ(t.cruces(), u"3 10 1 0 | 3 10 4 0");
-  // One that is gone stops the whole move.
+  // A missing one stops the whole move.
   EXPECT_FALSE(t.catalogo.mover(std::vector<ClaveArticulo>{{3, 20}, {3, 99}}, 7));
   EXPECT_EQ(t.leer(u"select SECCION from PLUSES where CODPLU=20"_s), u"3");
 }
@@ -67,7 +67,7 @@ TEST(Catalogo, UnaFaltaNoDejaNadaAMedias) {
 TEST(CodigoBarras, ElDigitoDeControl) {
   const struct {
     const char* codigo;
-    int debido;  // -1: nothing to say
+    int debido;  // -1: nothing to report
   } casos[] = {{"8412345678905", -1}, {"8412345678904", 5},  {"96385074", -1},
                {"96385070", 4},       {"0000000000000", -1}, {"ABC", -1},
                {"123456", -1},        {"841234567890A", -1}};
@@ -81,7 +81,7 @@ TEST(CodigoBarras, ElDigitoDeControl) {
   } compuestos[] = {{kEAN13, "21", 123, "2100012300001"},
                     {kEAN8, "2", 123, "20001230"},
                     {kEAN8, "21", 123, ""},     // a digit too many
-                    {kEAN8, "0", 1234567, ""},  // a code of seven
+                    {kEAN8, "0", 1234567, ""},  // a code of seven digits
                     {kEAN13, "21A", 5, ""}};
   for (const auto& c : compuestos) {
     Articulo a;
@@ -176,7 +176,8 @@ TEST(Secciones, LaCopiaYLaBorrada) {
       u"0 0 3 1");
 }
 
-// Deleted with a copy of all beside it, and brought back as it was; what is another's now stays so.
+// Deleted with a copy of everything, and restored as it was; what has been taken by another stays
+// so.
 TEST(Secciones, UnaBorradaVuelveEntera) {
   Tienda t;
   t.sql(u"insert into BZAS (SUGPO, NMBZA) values (1, 0)"_s);
@@ -229,7 +230,7 @@ TEST(Secciones, UnaBorradaVuelveEntera) {
   t.sql(u"insert into GRUPOS (CODGPO, SECCION, TIPO) values (4, 9, 1)"_s);
   EXPECT_EQ(ida.reponer().error().clase, Fallo::Duplicado);
   EXPECT_EQ(t.leer(u"select NMSECC from SECCS order by 1"_s), u"7 | 9") << "nothing by halves";
-  // Without its copy nothing goes.
+  // Without its copy nothing is deleted.
   BorradoSeccion otra(*t.db, t.secciones, t.textos, 7);
   EXPECT_FALSE(otra.borrar(t.ruta(u"no/hay"_s), t.reloj.ahora()));
   EXPECT_EQ(t.leer(u"select NMSECC from SECCS order by 1"_s), u"7 | 9");

@@ -1,4 +1,4 @@
-// .PLU files: what each line says, and what a whole file does to the catalogue.
+// .PLU files: the contents of each line, and the effect of a whole file on the catalogue.
 #include "articles/importar/ImpPLU.h"
 
 #include "importar/Tienda.h"
@@ -100,7 +100,7 @@ TEST_F(ImpPLU_, UtfConSuMarca) {
   EXPECT_EQ(articulos(u"trim(NOMPLU)"_s), u"1 10 ÑORA"_s);
 }
 
-// Overwriting leaves what the record doesn't say, the machines' state and the stock alone.
+// Overwriting leaves alone the fields not in the record, the machines' state and the stock.
 TEST_F(ImpPLU_, SobreescribirYConservar) {
   sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, PRECIO_27, minimo, CodBarExt) "
       u"VALUES (1, 10, 'VIEJO', 9, 8, 7, '84')"_s);
@@ -173,7 +173,7 @@ TEST_F(ImpPLU_, UnaLongitudMalaParaYLoHechoSeQueda) {
 
 TEST_F(ImpPLU_, SeDeshaceEntero) {
   sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00) VALUES (1, 10, 'VIEJO', 9)"_s);
-  // The second line of code 11 overwrites what the first made.
+  // The second line of code 11 overwrites the article of the first.
   const auto i = importar(larga(1, 10, u"A"_s) + "\n" + larga(1, 11, u"B"_s) + "\n" +
                           corta(1, 11, u"C"_s) + "\n");
   EXPECT_EQ(i->cuenta().nuevos, 1);

@@ -1,5 +1,5 @@
-// Every way by which an article comes under a code: what hung from an article of that code that is
-// no more is not its own.
+// Every way an article gets a code: what belonged to a deleted article of that code is not
+// inherited.
 #include "articles/importar/ImpPLU.h"
 #include "importar/Tienda.h"
 
@@ -20,7 +20,7 @@ struct Llegadas : Tienda {
     sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00) VALUES (?, ?, 'A', 1, 300)"_s,
         seccion, codigo);
   }
-  // An article with an offer on the scales, a history and a group that holds it, deleted.
+  // A deleted article that had an offer on the scales, a history and a group holding it.
   void queHubo(int seccion, int codigo) {
     articulo(seccion, codigo);
     sql(u"INSERT INTO OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, enviado) VALUES (?, ?, ?, 99, 1)"_s,

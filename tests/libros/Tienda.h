@@ -1,6 +1,5 @@
-// A shop without wires: machines that only count, and the books over a real database. The ledger of
-// what was sold is kept beside them, so that a test can ask whether every sale is in the periods
-// once.
+// A shop without wires: machines that only count, and the books over a real database. A ledger of
+// all sales is kept beside them, so that a test can check that every sale is in the periods once.
 #pragma once
 
 #include <QTemporaryDir>
@@ -15,12 +14,12 @@
 namespace tarvo::prueba {
 
 // Counters by article, once for the articles and once for the totals, which a register clears
-// apart; several registers may stand behind one group.
+// separately; a group may have several registers.
 struct MaquinaContable {
   using Cuentas = std::map<qint64, totals::Contadores>;
   Cuentas articulos, totales;
   totals::Contadores libro;  // all sales ever, zeroed or not
-  // Of a return the count may go down with the amount.
+  // For a return the count may go down with the amount.
   void vender(qint64 articulo, qint64 importe, qint64 gramos, qint64 cuenta = 1) {
     const totals::Contadores v{cuenta, gramos, importe, 0};
     for (auto* c : {&articulos, &totales}) (*c)[articulo] += v;
@@ -33,20 +32,20 @@ class Tienda {
  public:
   explicit Tienda(Fecha inicio);
 
-  // Throws the process's state away and opens the database again, as after a power cut.
+  // Throws the process's state away and reopens the database, as after a power cut.
   void cortar();
   void grupo(int numero, std::vector<int> direcciones = {0}, int tipo = 1);
   // Reads articles, grand total and departments of a group, as three tasks do.
   void leer(int numero);
   void leerSolo(int numero, int clase);
-  // A reading in which the records of these codes were lost.
+  // A reading with the records of these codes lost.
   void leerSin(int numero, int clase, const std::set<qint64>& perdidos);
   std::vector<qint64> memorizar(bool sustituir = true, bool aUno = true);
-  // Asks for leave, announces, empties the machines and confirms. False when the group may not be
-  // zeroed.
+  // Asks for permission, announces, empties the machines and confirms. False when the group may not
+  // be zeroed.
   bool ponerACero(int numero, bool llega = true, bool confirma = true);
 
-  // A kind over all periods of a group but those that only sum others.
+  // The counters of a kind over all periods of a group, except those that only sum others.
   totals::Contadores enPeriodos(int numero, int clase) const;
   qint64 enPeriodo(qint64 link, int clase) const;
   totals::Contadores vendido(int numero) const;

@@ -26,7 +26,7 @@ struct Tienda : BaseVacia {
 
   Tienda() {
     bien(totals::asegurarTablasTotales(*db));
-    bien(totals::asegurarTablasTotales(*db));  // again does no harm
+    bien(totals::asegurarTablasTotales(*db));  // repeating it does no harm
     sql(QStringLiteral("insert into SECCS (NMSECC, NOMSEC) values (3, 'Carne')"));
     sql(QStringLiteral("insert into PLUSES (SECCION, CODPLU, CADA) values (3, 1000001, 0)"));
     sql(QStringLiteral("insert into PLUSES (SECCION, CODPLU, CADA) values (3, 7, 2)"));

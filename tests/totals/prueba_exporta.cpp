@@ -90,14 +90,14 @@ TEST_F(Exporta, WritesBothLayouts) {
   EXPECT_TRUE(exportar(dia, "corto.txt", false, "", true));
   EXPECT_EQ(fichero(QStringLiteral("largo.EXP")), kLargo);
   EXPECT_EQ(fichero(QStringLiteral("corto.txt")), kCorto);
-  EXPECT_TRUE(exportar(dia, "LARGO.exp"));  // after what is there
+  EXPECT_TRUE(exportar(dia, "LARGO.exp"));  // after the existing contents
   EXPECT_EQ(fichero(QStringLiteral("largo.EXP")), kLargo + kLargo);
 }
 
 TEST_F(Exporta, HeadersFitTheFile) {
   const qint64 tramo = crear(5, "05/06/2018 13:00:01", "06/06/2018 08:30");
   sql(QStringLiteral("update COLUMNA set DESCR=?"), QStringLiteral("Año\r\nde €, \u4e2d"));
-  escribir(QStringLiteral("A.EXP"), "0100");  // cut off by someone else
+  escribir(QStringLiteral("A.EXP"), "0100");  // cut off by another program
   EXPECT_TRUE(exportar(tramo, "a"));
   EXPECT_EQ(fichero(QStringLiteral("A.EXP")),
             "0100\r\n*A\xF1o  de \x80, ?\r\n*05/06/2018 13:00:01  06/06/2018 08:30:00\r\n");
@@ -142,7 +142,7 @@ TEST_F(Exporta, DeletesOnlyWhatIsOnDisk) {
   EXPECT_EQ(plus(dia), QString());
 }
 
-// A slip of the name must not write into the database or a process.
+// A mistyped name must not write into the database or a process.
 TEST_F(Exporta, WritesIntoNoFileThatIsNotAnExport) {
   const qint64 dia = diaEntero();
   escribir(QStringLiteral("NOCHE.AUT"), "T:RXGRTOT,ALL\r\n");
@@ -158,7 +158,7 @@ TEST_F(Exporta, WritesIntoNoFileThatIsNotAnExport) {
   EXPECT_EQ(fichero(QStringLiteral("VENTAS.TXT")), kLargo + QByteArray(kLargo));
 }
 
-// The disk takes a hundred bytes more than the old file has, which is far above the database.
+// The disk takes a hundred bytes more than the old file, which is far larger than the database.
 TEST_F(Exporta, AFullDiskLeavesTheOldFile) {
   const qint64 dia = diaEntero();
   const qint64 grande = qint64{64} << 20;
@@ -181,7 +181,7 @@ TEST_F(Exporta, AFullDiskLeavesTheOldFile) {
   EXPECT_EQ(bien(periodos.lista()).size(), 1U);
 }
 
-// The program is killed in the middle of a block: what there is of it goes at the next start, or
+// The program is killed in the middle of a block: its remains are removed at the next start, or
 // when the file is written to again.
 TEST_F(Exporta, AKillLeavesNoHalfBlock) {
   const qint64 dia = diaEntero();
@@ -214,7 +214,7 @@ TEST_F(Exporta, AKillLeavesNoHalfBlock) {
       EXPECT_EQ(fichero(QStringLiteral("nuevo.EXP")), kLargo);
     }
   }
-  // Somebody has put another file in its place.
+  // Another file has been put in its place.
   const QByteArray otro = "*otro\r\n" + QByteArray(kLargo + kLargo);
   for (const char* nombre : {"x.EXP", "otro.EXP"}) {
     morirEscribiendo(QString::fromUtf8(nombre), 100000);
@@ -225,7 +225,7 @@ TEST_F(Exporta, AKillLeavesNoHalfBlock) {
   EXPECT_EQ(leer(QStringLiteral("select count(*) from ExportesAbiertos")), QStringLiteral("0"));
 }
 
-// A block is in the file and not in the database: it counts for nothing, and goes.
+// A block in the file but not in the database doesn't count, and is removed.
 TEST_F(Exporta, ABlockThatCannotBeCountedIsTakenBack) {
   const qint64 dia = diaEntero();
   escribir(QStringLiteral("x.EXP"), "*antes\r\n");
@@ -241,7 +241,7 @@ TEST_F(Exporta, ABlockThatCannotBeCountedIsTakenBack) {
   EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "*antes\r\n" + kLargo);
 }
 
-// What the file holds is neither read nor written again: a file with a hole of 3 GiB in it.
+// The file's contents are neither reread nor rewritten: a file with a hole of 3 GiB.
 TEST_F(Exporta, AFileAboveOneGibibyte) {
   const qint64 dia = diaEntero();
   const qint64 grande = qint64{3} << 30;
@@ -258,27 +258,27 @@ TEST_F(Exporta, AFileAboveOneGibibyte) {
   EXPECT_EQ(f.readAll(), kLargo);
 }
 
-// The export was cut off after the block, or before it; other blocks may have come after.
+// The export was interrupted after the block, or before it; other blocks may have followed.
 TEST_F(Exporta, ABlockIsNotWrittenTwiceForOneMark) {
   const qint64 dia = diaEntero(), otro = crear(1, "06/06/2018");
   EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
   sql(QStringLiteral("update Exportes set HECHO=0"));
   EXPECT_TRUE(exportar(otro, "x"));
   const QByteArray todo = fichero(QStringLiteral("x.EXP"));
-  // Midnight has passed, and the name with it.
+  // Midnight has passed, and the name has changed with it.
   EXPECT_TRUE(exportar(dia, "y", true, "17.3"));
   EXPECT_EQ(fichero(QStringLiteral("x.EXP")), todo);
   EXPECT_EQ(fichero(QStringLiteral("y.EXP")), "(nada)");
   EXPECT_FALSE(bien(periodos.columna(dia)));
-  // Done for good: a new period that took the number of the deleted one is safe.
+  // Final: a new period with the number of the deleted one is safe.
   sql(QStringLiteral("insert into COLUMNA (LINK, TIPO) values (?, 1)"), dia);
   EXPECT_TRUE(exportar(dia, "x", true, "17.3"));
   EXPECT_TRUE(bien(periodos.columna(dia)));
-  // The mark was written and the file was not.
+  // The mark was written but the file was not.
   escribir(QStringLiteral("x.EXP"), todo.left(40));
   EXPECT_TRUE(exportar(otro, "x", false, "17.3"));
   EXPECT_EQ(fichero(QStringLiteral("x.EXP")).count("*"),
-            4);  // two of what was left, two of the new block
+            4);  // two that were left, two of the new block
 }
 
 TEST_F(Exporta, ComesBackAsItWent) {
@@ -305,7 +305,7 @@ TEST_F(Exporta, ComesBackAsItWent) {
   EXPECT_EQ(col(hechos[0].link).DESCR, QStringLiteral("Semana, santa-5 junio 2018"));
 }
 
-// Of a file no more than a line is in memory, however much there is of it.
+// No more than one line of a file is in memory, however large it is.
 TEST_F(Exporta, AnEndlessFileIsReadToItsEnd) {
   QFile f(ruta(QStringLiteral("x.EXP")));
   const qint64 grande = qint64{300} << 20;
@@ -318,8 +318,8 @@ TEST_F(Exporta, AnEndlessFileIsReadToItsEnd) {
   EXPECT_EQ(hechos[0].lineas, 7);
 }
 
-// What we wrote in the short layout comes back as it was, what another system wrote is read by its
-// columns, and a line that may be either is refused.
+// Our own short layout is read back unchanged, another system's is read by its columns, and a line
+// that may be either is refused.
 TEST_F(Exporta, ReadsTheShortLayoutOfBothSystems) {
   const qint64 dia = crear(1, "05/06/2018");
   for (const char* tabla : {"TOTPLU", "TOTOPE", "TOTDEP"}) fila(tabla, dia, 1, 44, {1, 2, 3, 4});
@@ -437,7 +437,7 @@ TEST_F(Exporta, ABadLineUndoesItsBlockAndIsNamed) {
       "01000100300000070000000100000000000000000000000001\r\n";
   const QByteArray malas[] = {
       "0100010030000007000000010000000000000000000000001",   // 49
-      "05000100300000070000000100000000000000000000000001",  // a code of no kind
+      "05000100300000070000000100000000000000000000000001",  // the code of no kind
       "010001003000000700000001x0000000000000000000000001",
       "01000100300000070000000100          00000000000001", QByteArray(5000, '0')};
   for (const QByteArray& mala : malas) {

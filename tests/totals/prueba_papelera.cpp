@@ -1,5 +1,5 @@
-// Deleted periods come back as they were; what a person looks at; changes that larger periods
-// follow.
+// Deleted periods are restored as they were; queries for display; changes with larger periods
+// updated.
 #include <gtest/gtest.h>
 
 #include "totals/Tienda.h"
@@ -36,7 +36,7 @@ TEST(Papelera, DevuelveLosPeriodosConTodoLoSuyo) {
   t.plu(dia, 7, 3);
   t.operHora(dia, 5, 10, 2);
   ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kSemanal, t.col(dia))));
-  // The week holds an earlier version of the day too.
+  // The week holds an earlier version of the day as well.
   const qint64 nuevo = bien(t.periodos.sustituir(t.col(dia), u"otra"_s));
   t.sql(u"insert into Origenes (LINK, GRUPO, CLASE, CON) values (?, 1, 16, 3)"_s, nuevo);
   const QString antes = t.todo();
@@ -59,7 +59,7 @@ TEST(Papelera, NoPisaLoQueOcupoSuSitio) {
   const qint64 lote = bien(t.papelera.nuevoLote());
   for (const qint64 link : {uno, dia}) ASSERT_TRUE(bien(t.papelera.tirar(lote, link)));
   const qint64 otro = t.crear(kDiario, "05/06/2018");
-  EXPECT_GT(otro, dia);  // the number waits for its period
+  EXPECT_GT(otro, dia);  // the number is reserved for its period
   const auto r = t.papelera.restaurar(lote);
   ASSERT_FALSE(r);
   EXPECT_EQ(r.error().clase, Fallo::Duplicado);
