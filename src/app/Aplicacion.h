@@ -1,5 +1,5 @@
-// The one place where objects are made and joined, in the order of the start. It owns them all;
-// nothing of the program is global, so two applications can live in one process.
+// The only place where objects are created and connected, in the order of the start. It owns them
+// all; nothing is global, so two applications can live in one process.
 #pragma once
 
 #include <memory>

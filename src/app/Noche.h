@@ -36,7 +36,7 @@ class Noche {
   Noche(const Noche&) = delete;
   Noche& operator=(const Noche&) = delete;
 
-  // The ordinary way of stopping: the queue is emptied, links are closed, the trace says so.
+  // Stops in the ordinary way: the queue is emptied, links are closed, and the trace records it.
   void parar();
 
  private:

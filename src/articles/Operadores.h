@@ -28,8 +28,7 @@ class Operadores {
     QString nombre;
     std::vector<Hueco> huecos;
   };
-  // Every slot with their codes is emptied, all or nothing. Returns what was deleted, for
-  // reponer().
+  // Empties every slot with their codes, all or nothing. Returns what was deleted, for reponer().
   Resultado<std::vector<Borrado>> borrar(std::span<const int> codigos,
                                          const AlAvanzar& alAvanzar = {});
   // All or nothing: Duplicado when a code has been taken. Returns the number of slots left as they

@@ -21,7 +21,7 @@ class RepartoCodigos {
   struct Negado {
     int fila = 0;
     QString codigo;
-    qint64 dueno = 0;  // who keeps it
+    qint64 dueno = 0;  // its holder
   };
   // After the last row: those that don't get theirs.
   std::vector<Negado> negados();

@@ -10,7 +10,8 @@ namespace tarvo::precios {
 
 namespace {
 
-constexpr double kMayor = std::numeric_limits<qint32>::max();  // what a price column holds
+constexpr double kMayor =
+    std::numeric_limits<qint32>::max();  // the greatest value of a price column
 constexpr double kMayorPc = 99'999;
 
 qint64 acotado(qint64 n) {

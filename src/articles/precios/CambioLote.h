@@ -92,7 +92,7 @@ class CambioLote {
     qint64 ultimo_ = articles::kPrimerCodigo - 1;
     std::vector<LineaLote> lineas_;
   };
-  // REQUIRES that this object outlives what is given.
+  // REQUIRES that this object outlives the result.
   std::unique_ptr<Previa> mirar(const SeleccionLote& seleccion, const OrdenLote& orden) {
     return std::unique_ptr<Previa>(new Previa(*this, seleccion, orden));
   }
@@ -131,7 +131,7 @@ class CambioLote {
     Hecho hecho_;
   };
   // Changes those of the articles that change and fit, all of one section. Errors of its steps:
-  // those of previa(). REQUIRES that this object outlives what is given.
+  // those of previa(). REQUIRES that this object outlives the result.
   std::unique_ptr<Marcha> empezar(std::vector<articles::ClaveArticulo> claves,
                                   const OrdenLote& orden, const QString& ventana) {
     return std::unique_ptr<Marcha>(new Marcha(*this, std::move(claves), orden, ventana));

@@ -91,7 +91,6 @@ Resultado<> Ofertas::debeOir(const ClaveOferta& c) {
 }
 
 // --- new ones, and prices
-// ------------------------------------------------------------------------
 
 Resultado<std::vector<int>> Ofertas::ocupados(int seccion, qint64 codigo,
                                               std::span<const int> grupos) {
@@ -161,7 +160,6 @@ Resultado<int> Ofertas::ponerPrecios(const ClaveOferta& clave, const PreciosOfer
 }
 
 // --- dates
-// ---------------------------------------------------------------------------------------
 
 Resultado<int> Ofertas::contar(const FiltroOfertas& filtro, bool todosLosGrupos) {
   TARVO_TOMAR(const auto ofertas, leerVarias(filtro.condicion(todosLosGrupos)));
@@ -205,7 +203,6 @@ Resultado<int> Ofertas::deshacer(const CambioFechas& cambio) {
 }
 
 // --- deleting
-// ------------------------------------------------------------------------------------
 
 Resultado<Condicion> Ofertas::iguales(const ClaveOferta& clave, bool todosLosGrupos) {
   if (!todosLosGrupos)

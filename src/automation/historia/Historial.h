@@ -59,8 +59,8 @@ class Historial {
  public:
   Historial(dao::Database& db, const Textos& textos) : db_(db), textos_(textos) {}
 
-  // --- written by the runner, in the transactions of what they tell of A run begins; the oldest
-  // beyond those kept are deleted. REQUIRES a transaction.
+  // --- written by the runner, in the transactions of the recorded events
+  // A run begins; the oldest beyond those kept are deleted. REQUIRES a transaction.
   Resultado<> empezar(qint64 numero, const QString& nombre, Fecha inicio, const QString& traza);
   Resultado<> acabar(qint64 numero, FinEjecucion fin, Fecha ahora);
   // REQUIRES that the periods exist.
@@ -68,8 +68,9 @@ class Historial {
   Resultado<> aviso(qint64 numero, const AvisoHecho& aviso);
   Resultado<> tareaFallida(qint64 numero, int grupo, TipoTarea clase, const QString& motivo);
 
-  // --- read by whoever shows it The last runs, the latest first. `enMarcha`: the number of the run
-  // now under way; any other without an end was interrupted.
+  // --- read for display
+  // The last runs, the latest first. `enMarcha`: the number of the run now under way; any other
+  // without an end was interrupted.
   Resultado<std::vector<EjecucionHecha>> ultimas(int cuantas, std::optional<qint64> enMarcha = {});
   // In the order of its steps. Formato when one is of an unknown kind.
   Resultado<std::vector<TareaHecha>> tareas(qint64 numero);

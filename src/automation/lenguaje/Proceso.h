@@ -50,7 +50,7 @@ using Referencia = std::variant<qint64, QString>;
 // A moment, or the reference ("#x") that stands for it.
 using Momento = std::variant<Fecha, QString>;
 
-// --- the six kinds of step; kLetra begins its line, kPalabra stands in headers of the trace
+// --- the six kinds of step; kLetra begins its line, kPalabra appears in headers of the trace
 
 // A request to a group, or to all.
 struct PasoTarea {
@@ -143,7 +143,7 @@ SegunPaso(F...) -> SegunPaso<F...>;
 struct LineaActivacion {
   Fecha hora;                  // time of day
   std::array<bool, 7> dias{};  // Monday first
-  QString nombre;              // "@" for the process held in the same file
+  QString nombre;              // "@" for the process in the same file
   bool operator==(const LineaActivacion&) const = default;
 };
 
@@ -160,8 +160,8 @@ QString palabraClase(const PasoProceso& paso);
 class Lenguaje {
  public:
   Lenguaje(const motor::RegistroTareas& registro, const Ajustes& ajustes, const Textos& textos);
-  // A blank line gives a blank step; a line of no class gives nothing; a line that can't be read is
-  // an error.
+  // A blank line yields a blank step; a line of no class yields nothing; an unreadable line is an
+  // error.
   Resultado<std::optional<PasoProceso>> LeerPaso(QStringView linea) const;
   QString EscribirPaso(const PasoProceso& paso) const;
   // Text of a whole file. Errors name the line.

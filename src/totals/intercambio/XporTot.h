@@ -21,10 +21,10 @@ class XporTot {
  public:
   XporTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
 
-  // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a point),
-  // after what the file holds; a file that is not an export of periods (the database, a process) is
-  // an Error and stays as it is. False when the first period is missing. A value that doesn't fit
-  // its column stops the whole export with an Error naming the period and the row, and nothing is
+  // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a dot), after
+  // what the file holds; a file that is not an export of periods (the database, a process) is an
+  // Error and stays as it is. False when the first period is missing. A value that doesn't fit its
+  // column stops the whole export with an Error naming the period and the row, and nothing is
   // written. An export interrupted between the file and the database is recognised (table Exportes,
   // by `marca`) and not written twice; `marca` empty: no such check. REQUIRES that no transaction
   // is open: the note must be on disk before the file changes.

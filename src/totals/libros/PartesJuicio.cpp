@@ -18,7 +18,7 @@ namespace {
 
 using dao::Database;
 
-// What is known of one machine.
+// What is known about one machine.
 struct Caja {
   int grupo = 0, addr = 0;
   qint64 ultimaTrama = 0;  // its position in the order of events

@@ -71,7 +71,6 @@ class Sesion {
   qint64 ejecucion() const;
 
   // --- receiving
-  // ----------------------------------------------------------------------------------
   Resultado<bool> PuedeRecibir(int grupo, int clase);
   // Notes on disk that a reading of this kind is under way. The inbox keeps what it held.
   Resultado<> PrepararRecepcion(int grupo, int clase);
@@ -84,7 +83,6 @@ class Sesion {
   Resultado<> lecturaFallida(int grupo, int clase);
 
   // --- zeroing
-  // ------------------------------------------------------------------------------------
   Resultado<PermisoCero> permisoCero(int grupo);
   // On disk before the frame is sent: this machine is about to be told to forget. For a machine
   // that forgets in several frames, each is announced by its number, from 1.
