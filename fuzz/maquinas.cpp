@@ -12,6 +12,7 @@
 
 namespace {
 
+using namespace tarvo;
 using namespace tarvo::maquinas;
 
 void exigir(bool cierto) {

@@ -69,7 +69,7 @@ class CableFijo final : public enlace::LinkSocket {
 class FabricaFija final : public enlace::FabricaEnlaces {
  public:
   explicit FabricaFija(Reloj& reloj) : reloj_(reloj) {}
-  std::unique_ptr<enlace::LinkSocket> crear(int) override {
+  std::unique_ptr<enlace::LinkSocket> crear(TipoAcceso) override {
     return std::make_unique<CableFijo>(reloj_);
   }
   std::unique_ptr<enlace::LinkSocket> crearConector(const QString&, int& razon) override {

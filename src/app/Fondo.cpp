@@ -54,11 +54,23 @@ Resultado<> recordarMoneda(dao::Database& db, Ajustes& ajustes) {
 Fondo::Fondo(Cerrojo cerrojo, Ajustes losAjustes, const Textos& losTextos)
     : textos(losTextos), cerrojo_(std::move(cerrojo)), ajustes(std::move(losAjustes)) {}
 
+// Those that labels have of the program itself: words of the table, and units in the currency in
+// which prices are stored.
+static void fijarTextosEtiquetas(Ajustes& a, const Textos& textos) {
+  static constexpr int kFijos = 20, kPrimeraUnidad = 2, kUnidades = 3;
+  for (int i = 0; i < kFijos; ++i)
+    a.TextoEtiquetas[static_cast<size_t>(i) + 1] = textos(kTxEtiquetaFija + i);
+  if (a.MonedaNativa != 0) return;
+  for (int i = 0; i < kUnidades; ++i)
+    a.TextoEtiquetas[static_cast<size_t>(kPrimeraUnidad + i)] = textos(kTxEtiquetaLocal + i);
+}
+
 Resultado<Ajustes> Fondo::leerAjustes(const QString& carpeta, Idioma idioma, const Textos& textos,
                                       Reloj& reloj) {
   Ajustes ajustes(carpeta, idioma, reloj.ahora());
   if (const auto leidos = ajustes.LeerConfig(); !leidos)
     return fallo(leidos.error().clase, textos(kTxAjustesIlegibles).arg(leidos.error().texto));
+  fijarTextosEtiquetas(ajustes, textos);
   return ajustes;
 }
 
@@ -98,6 +110,7 @@ Resultado<std::unique_ptr<Fondo>> Fondo::abrir(const QString& carpeta, Idioma id
     return conMotivo(suyo.error());
   if (const auto hecho = recordarMoneda(*fondo->db, fondo->ajustes); !hecho)
     return fallo(hecho.error().clase, textos(kTxSinArranque).arg(hecho.error().texto));
+  fijarTextosEtiquetas(fondo->ajustes, textos);  // by the currency that counts
   return fondo;
 }
 

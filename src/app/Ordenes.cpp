@@ -19,10 +19,26 @@ std::optional<Idioma> idiomaDe(const QString& letras) {
   return std::nullopt;
 }
 
+constexpr int kLetraDeIdioma = 0;  // its number in the table
+
+// The language of the texts, by the letter that the table bears.
+Idioma idiomaDeTabla(const QString& letra) {
+  static constexpr std::pair<const char16_t*, Idioma> kLetras[] = {{u"I", Idioma::I},
+                                                                   {u"F", Idioma::F},
+                                                                   {u"UK", Idioma::UK},
+                                                                   {u"PL", Idioma::PL},
+                                                                   {u"P", Idioma::P}};
+  for (const auto& [suya, idioma] : kLetras)
+    if (letra.trimmed() == QStringView(suya)) return idioma;
+  return Idioma::Espanol;
+}
+
 // Reads the arguments one by one; the first fault is kept.
 class Lector {
  public:
-  Lector(const QStringList& argumentos, const Textos& textos) : resto_(argumentos), t_(textos) {}
+  Lector(const QStringList& argumentos, const Textos& textos) : resto_(argumentos), t_(textos) {
+    o_.idioma = idiomaDeTabla(textos(kLetraDeIdioma));
+  }
 
   std::expected<Ordenes, QString> leer() {
     while (!resto_.isEmpty() && fallo_.isEmpty()) argumento(resto_.takeFirst());

@@ -61,6 +61,10 @@ struct Articulo {
 enum class Falta { Codigo, Departamento, Formato, Minimo, Hasta1, Hasta2, Descuento };
 std::vector<Falta> faltas(const Articulo& articulo);
 
+// `hoy` with the fields back in which `antes` and `ahora` differ; nothing when one of them stands
+// neither way any more.
+std::optional<Articulo> sinElCambio(Articulo hoy, const Articulo& antes, const Articulo& ahora);
+
 // Its values as the first parameters of a statement, in the order of columnasArticulo().
 void ligarArticulo(dao::Sentencia& sentencia, const Articulo& articulo);
 

@@ -1,9 +1,9 @@
-// The search in the list of articles as a person types.
+// Which articles of a section a list shows, and where in it one of them is.
 #pragma once
 
 #include <vector>
 
-#include "core/dao/Valor.h"
+#include "articles/Articulo.h"
 
 namespace tarvo::articles {
 
@@ -16,5 +16,21 @@ struct Condicion {
 // The articles with each word of the text somewhere in their name, code (seven digits) or bar code.
 // Accents and case don't matter.
 Condicion condicionBusqueda(const QString& texto);
+
+struct FiltroArticulos {
+  int seccion = 0;
+  int departamento = 0;  // 0 for all
+  QString texto = {};    // see condicionBusqueda()
+  Condicion condicion() const;
+};
+
+// What a list is ordered by that a person reads by names.
+QString ordenPorNombre();
+
+// The key of the row (PLUSES.rowid) of an article; nothing when there is none.
+Resultado<std::optional<qint64>> filaDe(dao::Database& db, ClaveArticulo clave);
+// That of the first article of the filter whose code, or name, is the text or comes after it.
+Resultado<std::optional<qint64>> filaDesde(dao::Database& db, const FiltroArticulos& filtro,
+                                           bool porNombre, const QString& texto);
 
 }  // namespace tarvo::articles

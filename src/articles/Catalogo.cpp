@@ -57,6 +57,18 @@ Resultado<std::vector<Articulo>> Catalogo::leerVarios(std::span<const ClaveArtic
   return salida;
 }
 
+Resultado<std::optional<ClaveArticulo>> Catalogo::vecino(ClaveArticulo clave, int pasos) {
+  const auto [seccion, codigo] = clave;
+  TARVO_TOMAR(
+      const auto otro,
+      db_.uno(pasos > 0 ? u"SELECT min(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU>? AND "
+                          u"CODPLU>2"
+                        : u"SELECT max(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU<? AND "
+                          u"CODPLU>2",
+              seccion, codigo));
+  return otro.nulo() ? std::nullopt : std::optional(ClaveArticulo{seccion, otro.entero()});
+}
+
 // The offers of a deleted article stay, in case it is restored.
 Resultado<> Catalogo::crear(const Articulo& articulo, const QString& ventana) {
   if (articulo.clave.deSistema()) return intocable();
@@ -108,6 +120,14 @@ Resultado<> Catalogo::ponerPrecios(ClaveArticulo clave, const Precios& precios,
   if (articulo->precios == precios) return {};
   articulo->precios = precios;
   return modificar(clave, *articulo, ventana);
+}
+
+Resultado<> Catalogo::volver(const Articulo& antes, const Articulo& ahora, const QString& ventana) {
+  TARVO_TOMAR(const auto hoy, leer(ahora.clave));
+  if (!hoy) return fallo(Fallo::NoExiste, textos_(kTxArticuloBorrado));
+  const auto vuelto = sinElCambio(*hoy, antes, ahora);
+  if (!vuelto) return fallo(Fallo::Restriccion, textos_(kTxCambiadoDespues));
+  return modificar(ahora.clave, *vuelto, ventana);
 }
 
 Resultado<int> Catalogo::borrar(std::span<const ClaveArticulo> claves) {

@@ -20,6 +20,10 @@ class Catalogo {
   // The existing articles of these keys, in their order. REQUIRES keys in ascending order.
   Resultado<std::vector<Articulo>> leerVarios(std::span<const ClaveArticulo> claves);
 
+  // The next article of the section (1) or the one before (-1), system articles left out; nothing
+  // at the ends. The article of the key needn't be there.
+  Resultado<std::optional<ClaveArticulo>> vecino(ClaveArticulo clave, int pasos);
+
   // `ventana` names the calling window. Errors: Duplicado (3022) for a code or a bar code already
   // in the section; Restriccion for a system article; NoExiste for a missing one.
   Resultado<> crear(const Articulo& articulo, const QString& ventana);
@@ -28,6 +32,10 @@ class Catalogo {
   // section; mover() goes to another.
   Resultado<> modificar(ClaveArticulo clave, const Articulo& articulo, const QString& ventana);
   Resultado<> ponerPrecios(ClaveArticulo clave, const Precios& precios, const QString& ventana);
+
+  // A change of modificar() taken back: what it changed becomes what it was before. NoExiste when
+  // the article is gone; Restriccion, and nothing is changed, when somebody changed the same since.
+  Resultado<> volver(const Articulo& antes, const Articulo& ahora, const QString& ventana);
 
   // Deletes the existing ones, except system articles; returns how many.
   Resultado<int> borrar(std::span<const ClaveArticulo> claves);

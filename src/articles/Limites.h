@@ -11,8 +11,7 @@
 
 namespace tarvo::articles {
 
-inline constexpr int kNombreMayor = 50,
-                     kNombreDeRejilla = 20;  // letters; the list truncates to its own
+inline constexpr int kNombreMayor = 50;  // letters
 inline constexpr int kUltimoDepartamento = 40, kUltimoFormato = 20;
 inline constexpr int kDiasMayor = 9999;
 inline constexpr int kDescuentoMayor = 100'00;       // hundredths of a per cent
@@ -31,6 +30,11 @@ Error errorDe(FaltaPrecio falta, const QString& texto, const Ajustes& ajustes,
 // The warning for a price that is written although most scales have no digits for it. Nothing for
 // others.
 std::optional<QString> avisoPrecio(qint64 precio, const Ajustes& ajustes, const Textos& textos);
+
+// The same for a price that takes the place of another: also of one that becomes 0, or is more than
+// half away from what it was.
+std::optional<QString> avisoCambio(qint64 antes, qint64 ahora, const Ajustes& ajustes,
+                                   const Textos& textos);
 
 // The fault in a name, a department or a label format, in words; nothing for a good one.
 std::optional<QString> malNombre(const QString& nombre, const Textos& textos);

@@ -39,6 +39,15 @@ class Lotes {
   // tell what others changed, and restores it.
   Resultado<> acabar(qint64 lote);
 
+  // What a batch does with articles of the catalogue, each call one transaction: deletion, and copy
+  // or move to another section. Those whose code or bar code stands there already are left out, and
+  // given.
+  Resultado<> borrar(qint64 lote, std::span<const ClaveArticulo> claves);
+  Resultado<std::vector<ClaveArticulo>> copiar(qint64 lote, std::span<const ClaveArticulo> claves,
+                                               int destino, const QString& ventana);
+  Resultado<std::vector<ClaveArticulo>> mover(qint64 lote, std::span<const ClaveArticulo> claves,
+                                              int destino);
+
   struct Deshecho {
     int repuestos = 0, quitados = 0;   // articles restored, articles removed again
     std::vector<ClaveArticulo> fuera;  // left as they are, see deshacer()
@@ -85,6 +94,8 @@ class Lotes {
   Resultado<> darPorHecho(qint64 lote);
 
  private:
+  Resultado<> guardarTraslado(qint64 lote, std::span<const ClaveArticulo> claves, int destino,
+                              bool salen);
   Resultado<> hayLote(qint64 lote);
   Resultado<> dejarDeHacer(qint64 lote);
   Resultado<Deshecho> reponer(qint64 lote, const QString& ventana);
@@ -92,6 +103,20 @@ class Lotes {
   dao::Database& db_;
   Catalogo& catalogo_;
   Reloj& reloj_;
+};
+
+// A batch for as long as it can be taken back: with this object it is forgotten.
+class LoteGuardado {
+ public:
+  LoteGuardado(const Lotes& lotes, qint64 lote) : lotes_(lotes), lote_(lote) {}
+  ~LoteGuardado();
+  LoteGuardado(const LoteGuardado&) = delete;
+  Lotes& lotes() { return lotes_; }
+  qint64 lote() const { return lote_; }
+
+ private:
+  Lotes lotes_;
+  qint64 lote_;
 };
 
 }  // namespace tarvo::articles

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <functional>
+#include <map>
 
 #include "articles/Catalogo.h"
 #include "articles/Limites.h"
@@ -36,6 +37,18 @@ class Secciones {
   // REQUIRES that all references outlive it.
   Secciones(dao::Database& db, const Textos& textos, Cambios& cambios)
       : db_(db), textos_(textos), cambios_(cambios) {}
+
+  // All sections with their departments, by number.
+  struct Rama {
+    int numero = 0;
+    QString nombre;
+    IvasSeccion ivas;
+  };
+  Resultado<std::vector<Rama>> arbol();
+  // How many articles each department has, by section and number, and each section under
+  // department 0; the system's own aren't counted.
+  using CuentaArticulos = std::map<std::pair<int, int>, qint64>;
+  static Resultado<CuentaArticulos> contarArticulos(dao::Database& db);
 
   // Returns its number. Restriccion when all are taken.
   Resultado<int> nueva();

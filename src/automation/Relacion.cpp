@@ -56,7 +56,7 @@ Resultado<QString> lineaDe(const Taller& t, int grupo, const DeGrupo& g) {
     if (!c) continue;
     partes +=
         t.textos(kTxRelacionMemorizado, {VerImporte(t.ajustes, suma.second, t.ajustes.MonedaNativa),
-                                         totals::TextoPeriodo(c->periodo).simplified()});
+                                         totals::DecirPeriodo(c->periodo, t.textos)});
   }
   if (g.aCero) partes += t.textos(kTxRelacionACero);
   partes += lista(kTxRelacionHecho, g.hecho);

@@ -24,6 +24,9 @@ namespace {
 constexpr double kNoche = 1;  // days: runs begun within them are the last night
 constexpr int kEjecucionesMiradas = 30;
 constexpr int kSemanas = 4;
+constexpr double kHorarioMirado = 7;      // days
+constexpr double kGracia = 1.0 / 24;      // another process may have gone first
+constexpr double kAdelanto = 1.0 / 1440;  // a run that began a little early is that run
 
 QString nombreBaseDe(const QString& fichero) {
   return NombreFichero(fichero).section(u'.', 0, 0).toUpper();
@@ -49,7 +52,7 @@ LectorResumen::LectorResumen(const FuentesResumen& fuentes) : f_(fuentes) {
   anadir([this] { return leerDebidos(); });
   anadir([this]() -> Resultado<> {
     leerCronos();
-    if (!r_.proxima) leerHorarios();
+    leerHorarios();
     return {};
   });
 }
@@ -75,6 +78,7 @@ Resultado<Resumen> leerResumen(const FuentesResumen& fuentes) {
 Resultado<> LectorResumen::leerEjecuciones() {
   TARVO_INTENTAR(asegurarTablasHistoria(f_.db));
   TARVO_TOMAR(auto ultimas, Historial(f_.db, f_.textos).ultimas(kEjecucionesMiradas, f_.enMarcha));
+  for (const auto& e : ultimas) ultimas_.try_emplace(e.nombre, e.inicio);  // the latest first
   for (auto& e : ultimas)
     if (r_.ejecuciones.empty() || f_.ahora - e.inicio < kNoche)
       r_.ejecuciones.push_back(std::move(e));
@@ -115,16 +119,29 @@ Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
 }
 
 Resultado<> LectorResumen::leerGrupos() {
-  return dao::recorrer(
-      f_.db.consultar(u"SELECT CODGPO, NOMGPO, REMOTO FROM GRUPOS ORDER BY CODGPO"),
-      [this](const dao::Recordset& rs) {
-        GrupoResumen g;
-        g.grupo = static_cast<int>(rs.entero(0));
-        g.nombre = rs.texto(1).trimmed();
-        juzgar(g, rs.entero(2) != 0, porGrupo_[g.grupo]);
-        r_.grupos.push_back(std::move(g));
-        anadir([this, i = r_.grupos.size() - 1] { return cuadrar(i); });
-      });
+  TARVO_INTENTAR(
+      dao::recorrer(f_.db.consultar(u"SELECT CODGPO, NOMGPO, REMOTO FROM GRUPOS ORDER BY CODGPO"),
+                    [this](const dao::Recordset& rs) {
+                      GrupoResumen g;
+                      g.grupo = static_cast<int>(rs.entero(0));
+                      g.nombre = rs.texto(1).trimmed();
+                      juzgar(g, rs.entero(2) != 0, porGrupo_[g.grupo]);
+                      r_.grupos.push_back(std::move(g));
+                      anadir([this, i = r_.grupos.size() - 1] { return cuadrar(i); });
+                    }));
+  anadir([this] { return mirarVentas(); });
+  return {};
+}
+
+// All groups sold nothing on a day of the week on which they sell: what was read may be of machines
+// that nobody sells with, or that were zeroed by somebody else.
+Resultado<> LectorResumen::mirarVentas() {
+  const auto dia = std::ranges::find(r_.periodos, totals::kDiario, &PeriodoResumen::tipo);
+  if (dia == r_.periodos.end() || dia->importe != 0 || dia->media().value_or(0) <= 0) return {};
+  const auto vendio = [](const GrupoResumen& g) { return g.importe.value_or(0) != 0; };
+  if (std::ranges::any_of(r_.grupos, vendio)) return {};
+  r_.avisos.push_back({0, f_.textos(kTxNocheSinVentas, {dia->texto}), true});
+  return {};
 }
 
 // --- what was made ------------------------------------------------------------------------------
@@ -150,7 +167,7 @@ Resultado<> LectorResumen::leerPeriodo(const PeriodoHecho& hecho, qint64 ejecuci
                        .ejecucion = ejecucion,
                        .tipo = p.tipo,
                        .desde = p.desde,
-                       .texto = totals::TextoPeriodo(p),
+                       .texto = totals::DecirPeriodo(p, f_.textos),
                        .descripcion = rs->texto(3).trimmed(),
                        .anteriores = {}};
   TARVO_TOMAR(auto suma,
@@ -191,7 +208,7 @@ Resultado<> LectorResumen::cuadrar(size_t cual) {
                                            p.link, g.grupo));
     if (suma.nulo()) continue;
     g.importe = suma.entero();
-    link = p.link;
+    link = g.link = p.link;
     break;
   }
   TARVO_TOMAR(const auto lista, totals::compararTotales(f_.db, f_.ajustes, link, g.grupo));
@@ -275,8 +292,26 @@ void LectorResumen::leerHorario(const QString& ruta) {
   const auto lineas = f_.lenguaje.leerCro(*texto, ruta.endsWith(u".aut", Qt::CaseInsensitive));
   if (!lineas) return;
   const QString horario = nombreBaseDe(ruta);
-  for (const auto& l : *lineas)
-    proponer(l, l.nombre == u"@" ? horario : nombreBaseDe(l.nombre), NombreFichero(ruta), false);
+  const Fecha escrito = Fecha::de(QFileInfo(ruta).lastModified());
+  const bool activo = r_.proxima && r_.proxima->activo;
+  for (const auto& l : *lineas) {
+    const QString proceso = l.nombre == u"@" ? horario : nombreBaseDe(l.nombre);
+    mirarPerdida(l, proceso, escrito);
+    if (!activo) proponer(l, proceso, NombreFichero(ruta), false);
+  }
+}
+
+// A process that this shop runs, and that nobody ran when its timetable last said so.
+void LectorResumen::mirarPerdida(const LineaActivacion& linea, const QString& proceso,
+                                 Fecha escrito) {
+  const auto suya = ultimas_.find(proceso);
+  if (suya == ultimas_.end()) return;
+  std::optional<Fecha> debida;
+  for (auto vez = proximaVez(linea, f_.ahora - kHorarioMirado); vez && *vez < f_.ahora - kGracia;
+       vez = proximaVez(linea, *vez))
+    debida = vez;
+  if (!debida || *debida < escrito || suya->second > *debida - kAdelanto) return;
+  r_.avisos.push_back({0, f_.textos(kTxNocheNoEjecutada, {proceso, debida->general()}), true});
 }
 
 }  // namespace tarvo::automation

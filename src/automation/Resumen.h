@@ -22,6 +22,7 @@ struct GrupoResumen {
   QStringList motivos;  // all of them
   // Its amount in the period of its last collection, stored money; nothing while there is none.
   std::optional<qint64> importe;
+  qint64 link = 0;                // that period
   int cuadran = 0, difieren = 0;  // comparisons of its totals with one another
 };
 
@@ -107,6 +108,8 @@ class LectorResumen {
   Resultado<> leerAnteriores(PeriodoResumen& p, Fecha desde);
   Resultado<> leerBandeja();
   Resultado<> leerDebidos();
+  Resultado<> mirarVentas();
+  void mirarPerdida(const LineaActivacion& linea, const QString& proceso, Fecha escrito);
   void leerCronos();
   void leerHorarios();
   void leerHorario(const QString& fichero);
@@ -121,6 +124,7 @@ class LectorResumen {
   std::vector<std::function<Resultado<>()>> pasos_;
   size_t siguiente_ = 0;
   std::map<int, DeGrupo> porGrupo_;
+  std::map<QString, Fecha> ultimas_;  // when each process began last
   int veces_ = 0;
 };
 

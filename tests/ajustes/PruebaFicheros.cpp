@@ -1,10 +1,8 @@
 // Files on disk: their encoding, whole replacement, and names without regard to case.
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <QDir>
@@ -13,30 +11,9 @@
 
 #include "core/ajustes/Ajustes.h"
 #include "core/ajustes/Ficheros.h"
+#include "tienda/Disco.h"
 
 using namespace tarvo;
-
-// What the program asks of the disk, in order. They take the place of the system's own in this
-// program.
-namespace {
-QStringList* alDisco = nullptr;
-
-QString nombreDe(const QString& ruta) {
-  return QFileInfo(ruta).fileName();
-}
-}  // namespace
-
-extern "C" int fsync(int fd) {
-  if (alDisco)
-    *alDisco << QStringLiteral("vuelca ") +
-                    nombreDe(QFile::symLinkTarget(QStringLiteral("/proc/self/fd/%1").arg(fd)));
-  return static_cast<int>(::syscall(SYS_fsync, fd));
-}
-
-extern "C" int rename(const char* de, const char* a) noexcept {
-  if (alDisco) *alDisco << QStringLiteral("renombra ") + nombreDe(QFile::decodeName(a));
-  return static_cast<int>(::syscall(SYS_renameat2, AT_FDCWD, de, AT_FDCWD, a, 0));
-}
 
 namespace {
 
@@ -87,12 +64,12 @@ TEST_F(Disco, EscribirCambiaElFicheroEnteroYNoDejaOtro) {
 // the name before the answer.
 TEST_F(Disco, LoEscritoLlegaAlDiscoAntesQueSuNombre) {
   QStringList pedido;
-  alDisco = &pedido;
+  prueba::alDisco = &pedido;
   const auto escrito = ficheros::escribirEntero(en("a.txt"), "nuevo");
-  alDisco = nullptr;
+  prueba::alDisco = nullptr;
   ASSERT_TRUE(escrito);
   EXPECT_EQ(pedido, QStringList({"vuelca a.txt.nuevo", "renombra a.txt",
-                                 "vuelca " + nombreDe(dir.path())}));
+                                 "vuelca " + QFileInfo(dir.path()).fileName()}));
 }
 
 TEST_F(Disco, EscribirDondeNoSePuedeEsUnError) {

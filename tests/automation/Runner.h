@@ -1,7 +1,7 @@
 // A run of the runner on the test shop.
 #pragma once
 
-#include "Banco.h"
+#include "automation/TiendaDeProcesos.h"
 
 namespace tarvo::automation {
 
@@ -21,7 +21,7 @@ class RunnerTest : public testing::Test {
     fin_ = p->fin.value_or(ResultadoProceso::Abortado);
     return lineas;
   }
-  Tienda tienda_;
+  TiendaDeProcesos tienda_;
   ResultadoProceso fin_ = ResultadoProceso::Abortado;
 };
 

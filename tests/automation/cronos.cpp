@@ -3,7 +3,7 @@
 
 #include <QFile>
 
-#include "Banco.h"
+#include "automation/TiendaDeProcesos.h"
 #include "core/ajustes/Ficheros.h"
 
 namespace tarvo::automation {
@@ -43,7 +43,7 @@ class CronosTest : public testing::Test {
   int fallos(size_t i = 0) const { return c_.entradas()[i].fallos; }
   EstadoEntrada estado(size_t i) const { return c_.entradas()[i].estado; }
 
-  Tienda tienda_;  // Wednesday 4 March 2026, 22:00
+  TiendaDeProcesos tienda_;  // Wednesday 4 March 2026, 22:00
   std::unique_ptr<Programa> p_;
   Cronos c_;
   QStringList avisos_;
@@ -111,6 +111,19 @@ TEST_F(CronosTest, VariasALaVezEnElOrdenDelFichero) {
   pasar(100);
   EXPECT_EQ(tienda_.respuestas.preguntas, 1);
   for (const size_t i : {0u, 1u, 2u}) EXPECT_EQ(exitos(i), 1) << i;
+}
+
+// The hour that comes while a person runs a process is not lost.
+TEST_F(CronosTest, EsperaALoQueCorreUnaPersona) {
+  horario({linea(u"22:05:00"_s, u"BIEN"_s)});
+  tienda_.respuestas.mientras = [this] {
+    pasar(10);
+    EXPECT_EQ(estado(0), EstadoEntrada::Vencida);
+  };
+  p_->correr(u"N:%2,Cuánto\r\n"_s);
+  pasar(20);
+  EXPECT_EQ(tienda_.respuestas.preguntas, 1);
+  EXPECT_EQ(exitos(0), 1);
 }
 
 // Each case: how far the wall clock is moved after 1 and after 20 minutes, and how often the entry

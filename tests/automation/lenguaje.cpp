@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "Banco.h"
+#include "automation/TiendaDeProcesos.h"
 #include "automation/lenguaje/Proceso.h"
 #include "textos/TextosDePrueba.h"
 

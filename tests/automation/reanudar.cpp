@@ -1,5 +1,5 @@
 // A run killed and started again ends as if it had run once.
-#include "Banco.h"
+#include "automation/TiendaDeProcesos.h"
 
 namespace tarvo::automation {
 namespace {
@@ -22,7 +22,7 @@ struct Final {
   int preguntas = 0;
 };
 
-Final acabar(Tienda& tienda, const Programa& p) {
+Final acabar(TiendaDeProcesos& tienda, const Programa& p) {
   return {tienda.libros(), tienda.texto(u"VENTAS.EXP"_s), maquinasDePrueba(),
           p.fin.value_or(ResultadoProceso::Abortado), tienda.respuestas.preguntas};
 }
@@ -36,7 +36,7 @@ void esperarIgual(const Final& una, const Final& otra, const std::string& donde)
 }
 
 Final deUnTiron() {
-  Tienda tienda;
+  TiendaDeProcesos tienda;
   tienda.respuestas.numeros[u"%g"_s] = 1;
   const auto p = tienda.programa();
   p->correr(kNoche);
@@ -48,7 +48,7 @@ Final deUnTiron() {
 // before it was killed.
 template <class Vivir>
 bool conCorte(Vivir vivir, int corteEn, Final& final) {
-  Tienda tienda;
+  TiendaDeProcesos tienda;
   tienda.respuestas.numeros[u"%g"_s] = 1;
   bool cortado = false;
   {
@@ -75,7 +75,7 @@ TEST(Reanudar, MuertaEntreDosTicsCualesquiera) {
   int cortes = 0;
   for (int n = 0;; ++n) {
     Final f;
-    const auto vivir = [n](Tienda& t, Programa& p) {
+    const auto vivir = [n](TiendaDeProcesos& t, Programa& p) {
       for (int i = 0; i < n && !p.fin; ++i) t.reloj.siguiente();
       return true;
     };
@@ -92,7 +92,7 @@ TEST(Reanudar, InterrumpidaDesdeFueraSigueDespues) {
   const Final limpia = deUnTiron();
   int cortes = 0;
   for (int n = 1;; n += 3) {
-    Tienda tienda;
+    TiendaDeProcesos tienda;
     tienda.respuestas.numeros[u"%g"_s] = 1;
     {
       const auto p = tienda.programa();
@@ -120,7 +120,7 @@ TEST(Reanudar, MuertaDentroDeUnPaso) {
   int cortes = 0;
   for (int n = 1;; ++n) {
     Final f;
-    if (!conCorte([](Tienda&, Programa& p) { return !p.hastaElFin(); }, n, f)) break;
+    if (!conCorte([](TiendaDeProcesos&, Programa& p) { return !p.hastaElFin(); }, n, f)) break;
     esperarIgual(f, limpia, "pregunta " + std::to_string(n));
     if (HasFailure()) return;
     ++cortes;
@@ -144,7 +144,7 @@ class ReanudarTest : public testing::Test {
     return p;
   }
   qint64 contar(Programa& p, const QString& sql) { return p.db().uno(sql)->entero(); }
-  Tienda tienda_;
+  TiendaDeProcesos tienda_;
 };
 
 TEST_F(ReanudarTest, SeDiceYNoSePreguntaOtraVez) {
@@ -157,6 +157,16 @@ TEST_F(ReanudarTest, SeDiceYNoSePreguntaOtraVez) {
             1);
   for (const auto& paso : p->automat().pasos())
     EXPECT_EQ(paso.estado, EstadoPaso::Hecho) << "also those of the life before";
+}
+
+// A task that was refused has been told; it isn't tried again.
+TEST_F(ReanudarTest, LoRechazadoNoSeRepite) {
+  const QString proceso = u"T:RXGRTOT,ALL\r\nN:a\r\nC:ESPERA,0,No"_s;
+  tienda_.programa()->sql(u"UPDATE GRUPOS SET REMOTO=0 WHERE CODGPO=1"_s);
+  matar(proceso, 2);
+  const auto p = seguir(proceso);
+  EXPECT_EQ(p->lineas.filter(u"recogido Gran Total"_s).size(), 1);
+  EXPECT_TRUE(p->lineas.filter(u"al reanudar"_s).isEmpty()) << p->lineas.join(u'\n').toStdString();
 }
 
 TEST_F(ReanudarTest, LosGruposSinMemorizarSiguenSinPonerseACero) {

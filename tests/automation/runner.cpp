@@ -1,7 +1,7 @@
 // The runner on the real rooms: steps, messages, trace, phases.
 #include <QDir>
 
-#include "Runner.h"
+#include "automation/Runner.h"
 
 namespace tarvo::automation {
 namespace {
@@ -14,7 +14,7 @@ TEST_F(RunnerTest, UnaNocheEntera) {
   EXPECT_EQ(
       lineas[1],
       u"    Grupo 0001 Tienda: recogido Totales por artículos, Gran Total; memorizado 25,00 en 4 "
-      u"marzo 2026 (DIARIO); puesto a cero");
+      u"de marzo de 2026; puesto a cero");
   EXPECT_EQ(lineas[3], u"    Exportado en VENTAS.EXP: 1 periodo");
   EXPECT_TRUE(lineas[4].startsWith(u"Ejecución finalizada: 04/03/2026 22:0"));
   EXPECT_EQ(tienda_.texto(u"NOCHE.TZA"_s), lineas.join(u"\r\n") + u"\r\n"_s);
@@ -94,7 +94,7 @@ INSTANTIATE_TEST_SUITE_P(
 // A kind that can't be sent, or that the group doesn't take, is not the group's fault.
 TEST_F(RunnerTest, LoQueNadieSabeEnviarSeDiceComoEs) {
   const auto p = tienda_.programa();
-  ASSERT_TRUE(p->db().ejecutar(u"UPDATE GRUPOS SET TIPO=9 WHERE CODGPO=1"));
+  p->sql(u"UPDATE GRUPOS SET TIPO=9 WHERE CODGPO=1"_s);
   const auto lineas = correr(u"T:TXTECLA,2\r\nT:RXGRTOT,1\r\nT:RXGRTOT,8\r\nC:ESPERA,0,No"_s, *p);
   EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
   const auto bajo = [&](const QString& cabecera) {
@@ -130,7 +130,7 @@ TEST_F(RunnerTest, LoQueYaExisteNoSeCreaOtraVez) {
   const QString crear = u"P:CREAR,5,02/03/2026,03/03/2026,x\r\n"_s;
   const auto lineas = correr(crear + crear, *p);
   EXPECT_EQ(p->fin, ResultadoProceso::Bien);
-  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM COLUMNA")->entero(), 1);
+  EXPECT_EQ(p->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(), 1);
   EXPECT_EQ(lineas.filter(u"ya existía y se toma como está"_s).size(), 1);
 }
 
@@ -142,7 +142,7 @@ TEST_F(RunnerTest, UnProcesoSinPasosAcabaBien) {
 
 TEST_F(RunnerTest, TodosLosGruposMenosLosRechazados) {
   const auto p = tienda_.programa();
-  ASSERT_TRUE(p->db().ejecutar(u"UPDATE GRUPOS SET REMOTO=0 WHERE CODGPO=1"));
+  p->sql(u"UPDATE GRUPOS SET REMOTO=0 WHERE CODGPO=1"_s);
   const auto lineas = correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,0,No"_s, *p);
   ASSERT_EQ(lineas.size(), 7) << lineas.join(u'\n').toStdString();
   EXPECT_EQ(lineas[4], u"    Grupo 0001 Tienda: sin hacer Gran Total");
@@ -150,7 +150,7 @@ TEST_F(RunnerTest, TodosLosGruposMenosLosRechazados) {
   EXPECT_EQ(lineas[1], u"001:TAREA");
   EXPECT_EQ(lineas[2], u"    Grupo de destino no existe o destino mal configurado");
   EXPECT_EQ(lineas[3], u"    Grupos rechazados: 0001");
-  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM TOTGRT WHERE LINK=0 AND GRUPO=2")->entero(), 1);
+  EXPECT_EQ(p->uno(u"SELECT count(*) FROM TOTGRT WHERE LINK=0 AND GRUPO=2"_s).entero(), 1);
 }
 
 // The session and the periods after a step that reports success.
@@ -170,14 +170,13 @@ TEST_F(RunnerTest, LosPasosHacenLoQueDicen) {
        u"0 a5:1 b5:2 t5:3 2:0"},
   };
   for (const Caso& c : casos) {
-    Tienda tienda;
+    TiendaDeProcesos tienda;
     const auto p = tienda.programa();
     const QString paso = QString::fromUtf16(c.proceso);
     const bool periodos = paso.startsWith(u'P');
     if (periodos) {
       correr(dos, *p);
-      ASSERT_TRUE(p->db().ejecutar(
-          u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON) SELECT LINK, 1, 0, LINK FROM COLUMNA"));
+      p->sql(u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON) SELECT LINK, 1, 1, LINK FROM COLUMNA"_s);
     }
     correr(periodos ? u"P:SELECCIONAR,5,02/03/2026,04/03/2026\r\n"_s + paso : paso, *p);
     QString queda = QString::number(p->sesion().estado()) + u' ';
@@ -237,6 +236,19 @@ TEST_F(RunnerTest, LoQueNoSeMemorizaNoSePoneACero) {
   EXPECT_EQ(p->sesion().estado(), 2);
 }
 
+// A reading that waits for its memorisation keeps out the next one: what has been sold since is in
+// the machine alone.
+TEST_F(RunnerTest, LoQueNoSePudoLeerNoSePoneACero) {
+  const auto p = tienda_.programa();
+  correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nT:TX_ZERO,1\r\nC:ESPERA,0,No"_s, *p);
+  ASSERT_EQ(maquinasDePrueba().ceros, 1);
+  maquinasDePrueba().porGrupo[1] = {3, 0, 900, 0};
+  correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nS:CERRAR,x,Sí,Sí\r\nT:TX_ZERO,1\r\nC:ESPERA,0,No"_s, *p);
+  EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
+  EXPECT_EQ(maquinasDePrueba().ceros, 1);
+  EXPECT_EQ(maquinasDePrueba().porGrupo[1].IMP, 900);
+}
+
 // Neither readings nor memorisation are possible: after reading nothing, nothing may be forgotten.
 TEST_F(RunnerTest, SinLasSesionesNadieOlvida) {
   const auto p = tienda_.programa();
@@ -272,12 +284,11 @@ TEST_F(RunnerTest, UnaLineaQueNoEsPasoSeDiceCuandoLoParece) {
 // A zeroing dated by a clock set to another century.
 TEST_F(RunnerTest, UnaFechaImposibleNoDaLaVueltaAlPeriodo) {
   const auto p = tienda_.programa();
-  ASSERT_TRUE(p->db().ejecutar(u"UPDATE Sesiones SET PZERO=#1/1/2099#"));
+  p->sql(u"UPDATE Sesiones SET PZERO=#1/1/2099#"_s);
   correr(kNoche, *p);
-  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM COLUMNA WHERE FECHA1>FECHAF")->entero(), 0);
-  EXPECT_EQ(p->db()
-                .uno(u"SELECT sum(IMP) FROM TOTGRT t, COLUMNA c WHERE c.LINK=t.LINK AND TIPO<>2")
-                ->entero(),
+  EXPECT_EQ(p->uno(u"SELECT count(*) FROM COLUMNA WHERE FECHA1>FECHAF"_s).entero(), 0);
+  EXPECT_EQ(p->uno(u"SELECT sum(IMP) FROM TOTGRT t, COLUMNA c WHERE c.LINK=t.LINK AND TIPO<>2"_s)
+                .entero(),
             3600);
 }
 
@@ -400,9 +411,9 @@ TEST_F(RunnerTest, SinRegistroDeUnPasoNoHayPaso) {
                             u"SELECT RAISE(ABORT, 'disco lleno'); END;\n"));
   correr(u"N:a\r\nP:CREAR,1,02/03/2026,,x\r\nP:CREAR,1,03/03/2026,,x"_s, *p);
   EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
-  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM COLUMNA")->entero(), 0);
+  EXPECT_EQ(p->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(), 0);
   EXPECT_EQ(p->lineas.filter(u"No se puede anotar el avance del proceso"_s).size(), 1);
-  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM Proceso")->entero(),
+  EXPECT_EQ(p->uno(u"SELECT count(*) FROM Proceso"_s).entero(),
             1);  // the next run resumes it
 }
 

@@ -7,12 +7,22 @@ using namespace tarvo::enlace;
 
 namespace {
 
-using MaquinaNodal = BancoEnlaces;
-
 QByteArray ndl(int secuencia, int codigo, const QByteArray& datos = {}, int origen = 3,
                int destino = 0) {
   return tramas::construirNODAL({origen, destino, secuencia, codigo, datos});
 }
+
+struct MaquinaNodal : BancoEnlaces {
+  // A link that asked for a list and waits for its frames.
+  comtvIP& escuchando() {
+    auto& e = abierto(Para::NodalMotor);
+    e.Enviar(3, 64, "");
+    cable().entra(ndl(1, 6));
+    e.RxNODAL(3);
+    motor.nuevo();
+    return e;
+  }
+};
 
 tramas::TramaNODAL leida(QByteArray bytes) {
   return tramas::leerNODAL(bytes).trama.value();
@@ -117,11 +127,7 @@ TEST_F(MaquinaNodal, TramasDeEspera) {
   for (const Caso& caso :
        {Caso{"", 1}, Caso{"0", 1}, Caso{"1", 1}, Caso{"30", 30}, Caso{" 4x", 4}}) {
     SCOPED_TRACE(caso.datos);
-    auto& e = abierto(Para::NodalMotor);
-    e.Enviar(3, 64, "");
-    cable().entra(ndl(1, 6));
-    e.RxNODAL(3);
-    motor.nuevo();
+    escuchando();
     cable().entra(ndl(2, 8, caso.datos));
     reloj.avanzar(caso.unidades * ajustes.FactorEsperaNDL - 1);
     EXPECT_EQ(motor.nuevo(), u"");
@@ -133,11 +139,7 @@ TEST_F(MaquinaNodal, TramasDeEspera) {
 
 // Noise and a wait frame sent again must not bring the end of a long wait nearer.
 TEST_F(MaquinaNodal, ElRuidoNoAcortaUnaEsperaPedida) {
-  auto& e = abierto(Para::NodalMotor);
-  e.Enviar(3, 64, "");
-  cable().entra(ndl(1, 6));
-  e.RxNODAL(3);
-  motor.nuevo();
+  escuchando();
   cable().entra(ndl(2, 8, "50"));
   cable().entra(ndl(2, 8, "50") + "ruido\r");
   reloj.avanzar(99999);
@@ -147,11 +149,7 @@ TEST_F(MaquinaNodal, ElRuidoNoAcortaUnaEsperaPedida) {
 }
 
 TEST_F(MaquinaNodal, QuienSoloPideEsperaAcaba) {
-  auto& e = abierto(Para::NodalMotor);
-  e.Enviar(3, 64, "");
-  cable().entra(ndl(1, 6));
-  e.RxNODAL(3);
-  motor.nuevo();
+  escuchando();
   for (int i = 0; i < 10000 && motor.oido.isEmpty(); ++i) {
     cable().entra(ndl(i & 0xFF, 8, i % 50 ? "1" : "99999999999999999999"));
     reloj.avanzar(1000);
@@ -160,11 +158,7 @@ TEST_F(MaquinaNodal, QuienSoloPideEsperaAcaba) {
 }
 
 TEST_F(MaquinaNodal, SinTrama6YLuegoCalla) {
-  auto& e = abierto(Para::NodalMotor);
-  e.Enviar(3, 64, "");
-  cable().entra(ndl(1, 6));
-  e.RxNODAL(3);
-  motor.nuevo();
+  auto& e = escuchando();
   reloj.avanzar(10000);
   EXPECT_EQ(motor.nuevo(), u"ReciboNDL 6 0");
   cable().entra(ndl(2, 65, "TARDE"));

@@ -3,6 +3,8 @@
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 TEST_F(Envios, LoCambiadoYNadaMas) {
   for (const qint64 c : {1, 2, 10, 20, 30}) alta(c, c * 10);
   EXPECT_EQ(enviar(1), u"100 10,100 20,100 30"_s);
@@ -32,7 +34,7 @@ TEST_F(Envios, UnaFichaVuelveAIrAunqueEsteBorrada) {
   enviar(1);
   borrar(10);
   alta(10, 77);
-  valor(db->ejecutar(u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) VALUES (1, 10, 1, 1)"));
+  cruce(1, {10}, true);
   // Outside the range it waits: what the catalogue has isn't deleted from the machine.
   EXPECT_TRUE(enviar(1, kTxPlus, false, 15, 99).isEmpty());
   EXPECT_EQ(cruz(1), u"10x 20");
@@ -58,7 +60,7 @@ TEST_F(Envios, LasOfertasSegunSusFechas) {
   EXPECT_EQ(filas(QStringLiteral("SELECT CODIGO, enviado FROM OFERTAS ORDER BY CODIGO")),
             u"10,0;20,1;30,0");
   // Taken back here, it is taken off the scales, and only then forgotten.
-  valor(db->ejecutar(u"UPDATE OFERTAS SET borrado=1 WHERE CODIGO=20"));
+  sql(u"UPDATE OFERTAS SET borrado=1 WHERE CODIGO=20"_s);
   estorbos(1, {{Averia::Sorda, 0, 100}});
   enviar(1);
   EXPECT_EQ(filas(QStringLiteral("SELECT CODIGO, borrado FROM OFERTAS WHERE CODIGO=20")), u"20,1");
@@ -69,7 +71,7 @@ TEST_F(Envios, LasOfertasSegunSusFechas) {
   // On the scales, and now put off: it has to come off them.
   oferta(1, 20, 400, 0, 9);
   enviar(1);
-  valor(db->ejecutar(u"UPDATE OFERTAS SET FECHA_INI=FECHA_INI+5 WHERE CODIGO=20"));
+  sql(u"UPDATE OFERTAS SET FECHA_INI=FECHA_INI+5 WHERE CODIGO=20"_s);
   EXPECT_EQ(enviar(1), u"100 20"_s);
   EXPECT_EQ(tiene(1), u"10:Tomate/1000 20:Tomate/1000 30:Tomate/1000");
   EXPECT_TRUE(enviar(1).isEmpty());

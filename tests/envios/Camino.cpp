@@ -23,32 +23,30 @@ const QString kVentana = QStringLiteral("BrowPLUs");
 
 struct Caminante : Envios {
   static constexpr int kGrupos = 4;  // group n is of kind n
-  using Banco::ajustes, Banco::db, Banco::reloj;
+  using TiendaDeMotor::ajustes, TiendaDeMotor::db, TiendaDeMotor::reloj;
 
   void SetUp() override {
     bien(asegurarTablasArticulos(*db));
     for (int n = 1; n <= kGrupos; ++n) grupo(n, n, u"cable %1"_s.arg(n));
-    valor(db->ejecutar(u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (2, 'Fruta')"));
-    for (const int d : {1, 2})
-      valor(db->ejecutar(u"INSERT INTO DEPTS (SECCION, NUMDEP, NomDep) VALUES (1, ?, 'D')", d));
+    seccion(2, u"Fruta").en(1).departamento(1).departamento(2);
     catalogo = std::make_unique<Catalogo>(*db, textosDePrueba(), reloj, u"ana@caja"_s);
     lotes = std::make_unique<Lotes>(*db, *catalogo, reloj);
     ofertas = std::make_unique<precios::Ofertas>(*db, textosDePrueba(), reloj);
   }
   void modificar(qint64 codigo, const std::function<void(Articulo&)>& como) {
-    Articulo a = *valor(catalogo->leer({1, codigo}));
+    Articulo a = *bien(catalogo->leer({1, codigo}));
     como(a);
     bien(catalogo->modificar({1, codigo}, a, kVentana));
   }
   void poner(qint64 precio) {
-    Precios p = valor(catalogo->leer({1, 10}))->precios;
+    Precios p = bien(catalogo->leer({1, 10}))->precios;
     for (auto& nivel : p) nivel[0] = precio;
     bien(catalogo->ponerPrecios({1, 10}, p, kVentana));
   }
   void lote(const precios::OrdenLote& orden) {
     precios::CambioLote cambio(*db, *catalogo, *lotes, textosDePrueba());
     const auto marcha = cambio.empezar({{1, 10}}, orden, kVentana);
-    while (valor(marcha->paso())) continue;
+    while (bien(marcha->paso())) continue;
     bien(marcha->acabar());
     ultimo = marcha->hecho().lote;
   }
@@ -66,8 +64,8 @@ struct Caminante : Envios {
     QFile f(ruta);
     ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write(linea) == linea.size());
     f.close();
-    auto imp = valor(importar::ImpPLU::abrir(*db, *catalogo, reloj, ruta));
-    while (valor(imp->paso(importar::SiExiste::Sobreescribirlo))) {
+    auto imp = bien(importar::ImpPLU::abrir(*db, *catalogo, reloj, ruta));
+    while (bien(imp->paso(importar::SiExiste::Sobreescribirlo))) {
     }
     bien(imp->acabar());
     ASSERT_EQ(imp->cuenta().sobreescritos, 1);
@@ -81,8 +79,8 @@ struct Caminante : Envios {
     for (const int n : {2, 3}) {
       enviar(n);
       const qint64 codigo = 10;
-      const auto p = valor(envios::Lector(*db, {n, 1, *deNumero<TipoGrupo>(n), 0})
-                               .leer({&codigo, 1}, reloj.ahora()));
+      const auto p = bien(envios::Lector(*db, {n, 1, *deNumero<TipoGrupo>(n), 0})
+                              .leer({&codigo, 1}, reloj.ahora()));
       if (!p.empty()) {
         EXPECT_EQ(maquina(n).memoria().catalogo.at(10).ficha, *p.front().registro) << n;
       }
@@ -120,9 +118,9 @@ const Tramo kTramos[] = {
     {"the price grid", [](Caminante& c) { c.poner(300); }, "100 10", "10:Pera/300"},
     {"fast change",
      [](Caminante& c) {
-       const auto a = valor(precios::conColumna(*valor(c.catalogo->leer({1, 10})),
-                                                precios::ColumnaRapida::Precio1, u"3,20"_s,
-                                                *c.ajustes, textosDePrueba()));
+       const auto a = bien(precios::conColumna(*bien(c.catalogo->leer({1, 10})),
+                                               precios::ColumnaRapida::Precio1, u"3,20"_s,
+                                               *c.ajustes, textosDePrueba()));
        bien(c.catalogo->modificar({1, 10}, a, u"FastModf"_s));
      },
      "100 10", "10:Pera/320"},
@@ -139,7 +137,7 @@ const Tramo kTramos[] = {
        c.lote(*precios::SubePrecios::de(1000, 5, precios::Redondeo::HaciaArriba, {}, {}));
      },
      "100 10", "10:Pera/380"},
-    {"taken back", [](Caminante& c) { valor(c.lotes->deshacer(c.ultimo, kVentana)); }, "100 10",
+    {"taken back", [](Caminante& c) { bien(c.lotes->deshacer(c.ultimo, kVentana)); }, "100 10",
      "10:Pera/345"},
     {"another label format at once", [](Caminante& c) { c.lote(precios::PoneFormato{7}); },
      "100 10", "10:Pera/345"},
@@ -153,16 +151,16 @@ const Tramo kTramos[] = {
      "10:Pera/189"},
     {"the offer put off",
      [](Caminante& c) {
-       valor(c.ofertas->cambiarFechas({.grupo = 1}, true, precios::Extremo::Hasta,
-                                      c.reloj.ahora().dia() + 9));
-       valor(c.ofertas->cambiarFechas({.grupo = 1}, true, precios::Extremo::Desde,
-                                      c.reloj.ahora().dia() + 5));
+       bien(c.ofertas->cambiarFechas({.grupo = 1}, true, precios::Extremo::Hasta,
+                                     c.reloj.ahora().dia() + 9));
+       bien(c.ofertas->cambiarFechas({.grupo = 1}, true, precios::Extremo::Desde,
+                                     c.reloj.ahora().dia() + 5));
      },
      "100 10", "10:Pera/345"},
     {"the offer taken back",
      [](Caminante& c) {
        const precios::ClaveOferta claves[] = {{1, 1, 10}};
-       valor(c.ofertas->borrar(claves, true));
+       bien(c.ofertas->borrar(claves, true));
      },
      "", "10:Pera/345"},
     {"a file over it",
@@ -176,7 +174,7 @@ const Tramo kTramos[] = {
        EXPECT_EQ(c.enviar(4, Caminante::kTxPlus, true), u"101 3,100 10,101 11"_s);
      },
      "", "10:UVA/444"},
-    {"the file taken back", [](Caminante& c) { valor(c.lotes->deshacer(c.ultimo, kVentana)); },
+    {"the file taken back", [](Caminante& c) { bien(c.lotes->deshacer(c.ultimo, kVentana)); },
      "100 10", "10:Pera/345"},
     {"another code",
      [](Caminante& c) { c.modificar(10, [](Articulo& a) { a.clave.codigo = 12; }); },
@@ -184,11 +182,11 @@ const Tramo kTramos[] = {
     {"and back", [](Caminante& c) { c.modificar(12, [](Articulo& a) { a.clave.codigo = 10; }); },
      "100 10,120 12", "10:Pera/345"},
     {"moved away",
-     [](Caminante& c) { valor(c.catalogo->mover(std::vector<ClaveArticulo>{{1, 10}}, 2)); },
+     [](Caminante& c) { bien(c.catalogo->mover(std::vector<ClaveArticulo>{{1, 10}}, 2)); },
      "120 10", ""},
     {"copied back",
      [](Caminante& c) {
-       valor(c.catalogo->copiar(std::vector<ClaveArticulo>{{2, 10}}, 1, kVentana));
+       bien(c.catalogo->copiar(std::vector<ClaveArticulo>{{2, 10}}, 1, kVentana));
      },
      "100 10", "10:Pera/345"},
     {"another department at once", [](Caminante& c) { c.lote(precios::PoneDepartamento{2}); },

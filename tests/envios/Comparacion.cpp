@@ -38,7 +38,7 @@ TEST_F(Birch, LasTramasDeCadaCaso) {
   };
   for (const Caso& c : casos) {
     for (const char16_t* t : {u"PLUSES", u"[Cross]", u"Enviados", u"Retenidos"})
-      valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+      bien(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
     maquina(4).memoria().catalogo.clear();
     for (const int n : c.aqui) alta(n, n);
     for (const int n : c.retenidos) cambiar(n, u"DEPTO=100"_s);
@@ -108,7 +108,7 @@ TEST_F(Birch, UnBorradoNegadoVaDetrasDeLosDemas) {
                         {9, u"120 7,120 7,120 7,120 7"_s, u"5 7"_s, u"5 7x"_s, 1, 3}};
   for (const Caso& c : casos) {
     for (const char16_t* t : {u"PLUSES", u"[Cross]", u"Enviados", u"Retenidos"})
-      valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+      bien(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
     maquina(4).memoria().catalogo.clear();
     problemas.clear(), reintentos.clear(), avisos.clear();
     alta(5, 5);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "articles/Cambios.h"
-#include "motor/Banco.h"
+#include "motor/TiendaDeMotor.h"
 
 inline void PrintTo(const QString& texto, std::ostream* salida) {
   *salida << texto.toStdString();
@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 using simulador::Averia;
 
-struct Envios : Banco {
+struct Envios : TiendaDeMotor {
   static constexpr int kTxPlus = 1, kBorrPlu = 10, kTPreci = 11, kRxDatPlu = 24;
 
   void SetUp() override;

@@ -2,25 +2,28 @@
 #include "comm/envios/Estado.h"
 
 #include "comm/envios/Comparada.h"
+#include "comm/envios/Debe.h"
 #include "envios/Envios.h"
 #include "textos/TextosDePrueba.h"
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 using envios::Situacion;
 
 struct EstadoDeEnvio : Envios {
-  envios::Destino destino(int g) { return valor(envios::destinoDeGrupo(*db, g)).value(); }
+  envios::Destino destino(int g) { return bien(envios::destinoDeGrupo(*db, g)).value(); }
   // "10=0 20=4", by the number of the situation.
   QString estado(int g = 1) {
     QStringList salida;
     for (const auto& e :
-         valor(envios::estadoDeEnvio(*db, destino(g), textosDePrueba(), reloj.ahora())))
+         bien(envios::estadoDeEnvio(*db, destino(g), textosDePrueba(), reloj.ahora())))
       salida << QStringLiteral("%1=%2").arg(e.codigo).arg(static_cast<int>(e.situacion));
     return salida.join(u' ');
   }
   std::vector<envios::Encargo> encargo(int g, std::vector<qint64> codigos) {
-    return valor(envios::encargar(*db, destino(g), codigos)).tareas;
+    return bien(envios::encargar(*db, destino(g), codigos)).tareas;
   }
 };
 
@@ -32,12 +35,12 @@ TEST_F(EstadoDeEnvio, DeBalanzas) {
   cambiar(10, u"PRECIO_00=5"_s);
   cambiarCallando(20, u"PRECIO_00=5"_s);
   cambiarCallando(30, u"DEPTO=100"_s);
-  valor(db->ejecutar(u"DELETE FROM Enviados WHERE CODPLU=40"));
+  sql(u"DELETE FROM Enviados WHERE CODPLU=40"_s);
   oferta(1, 50, 3, 0, 1);
   borrar(60);
   // Gone by a way that told nobody.
-  valor(db->ejecutar(u"DELETE FROM PLUSES WHERE CODPLU=70"));
-  valor(db->ejecutar(u"DELETE FROM [Cross] WHERE plu=70"));
+  sql(u"DELETE FROM PLUSES WHERE CODPLU=70"_s);
+  sql(u"DELETE FROM [Cross] WHERE plu=70"_s);
   EXPECT_EQ(estado(), u"10=2 20=3 30=4 40=1 50=2 60=6 70=6");
   estorbos(1, {{Averia::Err, 0, 100, 0, 4}});
   enviar(1);
@@ -52,6 +55,32 @@ TEST_F(EstadoDeEnvio, DeBalanzas) {
   EXPECT_EQ(tiene(1), u"10:Tomate/5 20:Tomate/5 30:Tomate/30 40:Tomate/40 50:Tomate/3");
 }
 
+// What is counted for a notice: nothing of a group that was never sent to, all of one that was
+// wiped.
+TEST_F(EstadoDeEnvio, LoQueSeDebe) {
+  const auto debe = [&] {
+    QStringList salida;
+    for (const auto& d : valor(envios::loQueSeDebe(*db, reloj.ahora())))
+      salida << QStringLiteral("%1:%2%3")
+                    .arg(d.grupo)
+                    .arg(d.articulos)
+                    .arg(d.vacio ? QStringLiteral(" vacío") : QString());
+    return salida.join(u',');
+  };
+  for (const qint64 c : {10, 20, 30}) alta(c, c);
+  EXPECT_EQ(debe(), QString()) << "nobody has begun with it";
+  enviar(1);
+  EXPECT_EQ(debe(), QString());
+  cambiar(10, u"PRECIO_00=5"_s);
+  borrar(20);
+  EXPECT_EQ(debe(), u"1:2");
+  enviar(1);
+  EXPECT_EQ(debe(), QString());
+  valor(db->ejecutar(u"DELETE FROM Enviados"));
+  valor(db->ejecutar(u"DELETE FROM [Cross]"));
+  EXPECT_EQ(debe(), u"1:2 vacío");
+}
+
 TEST_F(EstadoDeEnvio, DeRegistradoras) {
   grupo(3, 3, u"cable 3"_s, {4});
   for (const qint64 c : {10, 20, 30, 40, 50}) alta(c, c);
@@ -61,7 +90,7 @@ TEST_F(EstadoDeEnvio, DeRegistradoras) {
   cambiar(50, u"PRECIO_00=5"_s);
   borrar(40);
   EXPECT_EQ(estado(3), u"10=0 20=2 30=2 40=6 50=2");
-  const auto e = valor(envios::encargar(*db, destino(3), std::vector<qint64>{20, 30, 40}));
+  const auto e = bien(envios::encargar(*db, destino(3), std::vector<qint64>{20, 30, 40}));
   EXPECT_EQ(e.tareas, (std::vector<envios::Encargo>{{true, {20, 30}}}));
   EXPECT_EQ(e.imposibles, 1);
   EXPECT_EQ(encargo(3, {10, 30, 50}),
@@ -74,7 +103,7 @@ TEST_F(EstadoDeEnvio, UnaFichaAlLadoDeOtra) {
   auto& suya = maquina(1).memoria().catalogo[10].ficha;
   suya.replace(27, 6, "000099").replace(0, 4, "PI\\A");
   const auto comparar = [&](qint64 c) {
-    return valor(
+    return bien(
         envios::compararFicha(*db, destino(1), c, *ajustes, textosDePrueba(), reloj.ahora()));
   };
   EXPECT_FALSE(comparar(10).cuando);

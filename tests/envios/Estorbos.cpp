@@ -4,6 +4,8 @@
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 // Refused articles go last, and after the deletions, which may make room for them.
 TEST_F(Envios, UnaNegativaNoParaALosDemas) {
   for (const qint64 c : {10, 20, 30, 40}) alta(c, c);
@@ -131,7 +133,7 @@ TEST_F(Envios, UnaFichaALaQueContestanConUnNumero) {
     avisos.clear();
     for (const qint64 c : {10, 20, 30}) alta(c, c);
     for (const char16_t* t : {u"[Cross]", u"Enviados", u"Retenidos"})
-      valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+      bien(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
     maquina(g).memoria().catalogo.clear();
     estorbos(g, {{Averia::Err, 1, 100, 0, numero}, {Averia::Err, 2, 100, 0, numero}});
     const QString oido = enviar(g, kTxPlus, completo);
@@ -201,7 +203,7 @@ TEST_F(Envios, UnArticuloAlQueLaMaquinaNoContesta) {
       SCOPED_TRACE(
           u"%1 %2 %3"_s.arg(nombreAveria(c.averia)).arg(c.grupo).arg(completo).toStdString());
       for (const char16_t* t : {u"PLUSES", u"[Cross]", u"Enviados", u"Retenidos"})
-        valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+        bien(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
       maquina(c.grupo).memoria().catalogo.clear();
       for (const qint64 n : {10, 20, 30, 40}) alta(n, n);
       const int codigo = c.grupo == 2 ? 32 : 100;
@@ -220,7 +222,7 @@ TEST_F(Envios, UnArticuloAlQueLaMaquinaNoContesta) {
       problemas.clear();
       // Once only: it goes after the others.
       for (const qint64 n : {10, 20, 30, 40}) cambiar(n, u"PRECIO_00=5"_s);
-      valor(db->ejecutar(u"DELETE FROM Retenidos"));
+      sql(u"DELETE FROM Retenidos"_s);
       estorbos(c.grupo, guion);
       enviar(c.grupo, kTxPlus, completo);
       EXPECT_TRUE(problemas.isEmpty());
@@ -336,7 +338,7 @@ TEST_F(Envios, UnCambioAntesDeSuTurno) {
 TEST_F(Envios, UnCorteEnCualquierMomento) {
   for (int corte = 1; corte < 60; corte += 3) {
     for (const char16_t* t : {u"PLUSES", u"[Cross]", u"Enviados", u"OFERTAS"})
-      valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+      bien(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
     maquina(1).memoria().catalogo.clear();
     for (int c = 10; c < 20; ++c) alta(c, c);
     enviar(1);
@@ -348,8 +350,8 @@ TEST_F(Envios, UnCorteEnCualquierMomento) {
     arrancar();
     maquina(1).desconectar();
     // The offer that went unheard is gone with the cut, for it never counted as sent.
-    valor(db->ejecutar(u"DELETE FROM OFERTAS WHERE enviado=0"));
-    valor(db->ejecutar(u"UPDATE OFERTAS SET borrado=1"));
+    sql(u"DELETE FROM OFERTAS WHERE enviado=0"_s);
+    sql(u"UPDATE OFERTAS SET borrado=1"_s);
     enviar(1);
     enviar(1);
     EXPECT_EQ(cruz(1).count(u'x'), 0) << corte;
@@ -399,7 +401,7 @@ TEST_F(Envios, SoloPrecios) {
   EXPECT_EQ(enviar(1), u"100 30"_s);
   EXPECT_EQ(retenidos(1), u"");
   // Held before, without proof: still held when its prices have gone once more.
-  valor(db->ejecutar(u"DELETE FROM Enviados"));
+  sql(u"DELETE FROM Enviados"_s);
   EXPECT_EQ(enviar(1, kTPreci, true), u"101 10,101 20,101 30");
   EXPECT_EQ(cruz(1), u"10 20 30");
   esCierto(1);

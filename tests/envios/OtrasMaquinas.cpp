@@ -4,6 +4,8 @@
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 struct Ebony : Envios {
   void SetUp() override { grupo(2, 2, u"cable 2"_s, {5}); }
 };
@@ -204,19 +206,18 @@ TEST_F(Cajas, ElBorradoConCuentasALaPar) {
 }
 
 TEST_F(Envios, UnGrupoQueCambiaDeSeccion) {
-  valor(db->ejecutar(u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (2, 'Pan')"));
+  seccion(2, u"Pan");
   for (const qint64 c : {10, 20}) alta(c, c);
   enviar(1);
-  valor(db->ejecutar(
-      u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, DEPTO) VALUES (2, 10, 'Barra', 1)"));
-  valor(db->ejecutar(u"UPDATE GRUPOS SET SECCION=2"));
+  en(2).articulo({.codigo = 10, .nombre = u"Barra", .depto = 1});
+  sql(u"UPDATE GRUPOS SET SECCION=2"_s);
   // Deleted in the section that it left: 10 is another article now and stays, 20 goes.
-  valor(db->ejecutar(u"UPDATE [Cross] SET borra=1 WHERE Grupo=1"));
+  sql(u"UPDATE [Cross] SET borra=1 WHERE Grupo=1"_s);
   EXPECT_EQ(enviar(1), u"100 10,120 20");
   EXPECT_EQ(tiene(1), u"10:Barra/0");
   EXPECT_EQ(filas(u"SELECT Secc, plu, borra FROM [Cross]"_s), u"1,10,1;2,10,0");
   // Back again: what it held of the first section is no more there, or nobody knows.
-  valor(db->ejecutar(u"UPDATE GRUPOS SET SECCION=1"));
+  sql(u"UPDATE GRUPOS SET SECCION=1"_s);
   EXPECT_EQ(enviar(1), u"100 10,100 20");
   EXPECT_EQ(tiene(1), u"10:Tomate/10 20:Tomate/20");
 }
@@ -233,17 +234,17 @@ TEST_F(Envios, UnGrupoConOtraTarifaUOtraMaquina) {
   };
   for (const QString& cambio : {u"tarifa=3"_s, u"ADDR=7"_s, u"Baudios=19200"_s}) {
     SCOPED_TRACE(cambio.toStdString());
-    valor(db->ejecutar(u"UPDATE GRUPOS SET "_s + cambio + u" WHERE CODGPO=1"_s));
+    bien(db->ejecutar(u"UPDATE GRUPOS SET "_s + cambio + u" WHERE CODGPO=1"_s));
     if (cambio.startsWith(u"Baudios"_s))
       EXPECT_TRUE(enviar(1).isEmpty());
     else
       debe();
   }
   EXPECT_EQ(maquina(1).memoria().catalogo.at(10).precio, 0);  // of tarifa 3
-  valor(db->ejecutar(u"UPDATE BZAS SET ADDR=9 WHERE SUGPO=1"));
+  sql(u"UPDATE BZAS SET ADDR=9 WHERE SUGPO=1"_s);
   debe();
   // A store from before noted neither: it counts as unchanged.
-  valor(db->ejecutar(u"UPDATE EnviosGrupo SET TARIFA=NULL, MAQUINA=NULL"));
+  sql(u"UPDATE EnviosGrupo SET TARIFA=NULL, MAQUINA=NULL"_s);
   EXPECT_TRUE(enviar(1).isEmpty());
 }
 
@@ -252,7 +253,7 @@ TEST_F(Envios, UnGrupoConOtraTarifaUOtraMaquina) {
 TEST_F(Envios, SoloPreciosAOtraMaquina) {
   for (const qint64 c : {10, 20}) alta(c, c);
   enviar(1);
-  valor(db->ejecutar(u"UPDATE GRUPOS SET ADDR=7 WHERE CODGPO=1"));
+  sql(u"UPDATE GRUPOS SET ADDR=7 WHERE CODGPO=1"_s);
   for (auto& [codigo, suyo] : maquina(1).memoria().catalogo) suyo.ficha.replace(0, 6, "Cebolla");
   EXPECT_EQ(enviar(1, kTPreci, true), u"101 10,101 20");
   EXPECT_EQ(cruz(1), u"");
@@ -263,7 +264,7 @@ TEST_F(Envios, SoloPreciosAOtraMaquina) {
 
 TEST_F(Envios, UnaTarifaQueNoExiste) {
   alta(10, 10);
-  valor(db->ejecutar(u"UPDATE GRUPOS SET tarifa=8"));
+  sql(u"UPDATE GRUPOS SET tarifa=8"_s);
   EXPECT_EQ(enviar(1), u"");
   EXPECT_TRUE(avisos.last().contains(u"usa la tarifa 8"));
 }

@@ -121,7 +121,7 @@ TEST_F(Envios, UnCambioAMediasRetieneSuSeccion) {
   articles::Catalogo catalogo(*db, textosDePrueba(), reloj, u"Ana"_s);
   articles::Lotes lotes(*db, catalogo, reloj);
   for (const qint64 c : {10, 20}) alta(c, c);
-  const qint64 lote = valor(lotes.empezar(u"CambioLote"_s));
+  const qint64 lote = bien(lotes.empezar(u"CambioLote"_s));
   bien(lotes.guardar(lote, {1, 10}));
   cambiar(10, u"PRECIO_00=11"_s);
   for (const int clase : {kTxPlus, kTPreci}) {
@@ -130,7 +130,7 @@ TEST_F(Envios, UnCambioAMediasRetieneSuSeccion) {
         << avisos.join(u'\n').toStdString();
   }
   EXPECT_EQ(cruz(1), u"");
-  valor(lotes.deshacer(lote, u"CambioLote"_s));
+  bien(lotes.deshacer(lote, u"CambioLote"_s));
   EXPECT_EQ(enviar(1), u"100 10,100 20");
   EXPECT_EQ(tiene(1), u"10:Tomate/10 20:Tomate/20");
 }

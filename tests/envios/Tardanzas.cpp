@@ -39,7 +39,7 @@ TEST_F(Tardanzas, LaRespuestaDeUnoNoValeParaElSiguiente) {
       for (const bool completo : {true, false}) {
         SCOPED_TRACE(u"%1 %2, %3"_s.arg(nombreAveria(c.averia)).arg(c.valor).arg(g).toStdString());
         for (const char16_t* t : {u"PLUSES", u"[Cross]", u"Enviados", u"Retenidos"})
-          valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+          bien(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
         maquina(g).memoria().catalogo.clear();
         for (const qint64 n : {10, 20, 30}) alta(n, n);
         const int codigo = codigoDe(g);

@@ -2,12 +2,12 @@
 #include "articles/importar/ImpTabla.h"
 
 #include "articles/importar/LeerTabla.h"
-#include "importar/Tienda.h"
+#include "importar/TiendaDeImportar.h"
 
 namespace tarvo::importar {
 namespace {
 
-struct ImpTabla_ : Tienda {
+struct ImpTabla_ : TiendaDeImportar {
   Ajustes ajustes{carpeta.path(), Idioma::Espanol};
   TablaLeida leida;
   std::unique_ptr<ImpTabla> motor;
@@ -61,8 +61,9 @@ TEST_F(ImpTabla_, LosTitulosSeReconocen) {
 }
 
 TEST_F(ImpTabla_, EnsayarNoCambiaNadaYDiceTodo) {
-  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO, CodBarExt) VALUES "
-      u"(1, 10, 'PIÑA', 150, 1, NULL), (1, 11, 'UVA', 220, 1, '8400'), (1, 12, 'KIWI', 300, 2, NULL)"_s);
+  articulo({.codigo = 10, .nombre = u"PIÑA", .depto = 1, .precio = 150})
+      .articulo({.codigo = 11, .nombre = u"UVA", .depto = 1, .precio = 220, .barras = u"8400"})
+      .articulo({.codigo = 12, .nombre = u"KIWI", .depto = 2, .precio = 300});
   const QString antes = articulos(u"NOMPLU, PRECIO_00, DEPTO, CodBarExt"_s);
   ensayar(
       u"Código;Nombre;PVP;Unidad;Depto;EAN;Hasta 1\n"
@@ -84,7 +85,7 @@ TEST_F(ImpTabla_, EnsayarNoCambiaNadaYDiceTodo) {
             u"4 N Nombre >Pan de molde, Precio, tarifa 1 >1.234,50, Unidad de venta >unidad, "
             u"Departamento >2, Código de barras >8401, Cantidad Hasta 1 >3 | "
             u"5 R Código: «x» no vale. | "
-            u"6 R El código 0000001 es del sistema y no se sobreescribe. | "
+            u"6 R El código 0000001 lo usa el programa y no se sobreescribe. | "
             u"7 R El artículo es nuevo y le falta el nombre. | "
             u"8 R Precio, tarifa 1: «abc» no vale. | "
             u"9 R El código 0000012 está también en la línea 8. | "
@@ -98,9 +99,10 @@ TEST_F(ImpTabla_, EnsayarNoCambiaNadaYDiceTodo) {
 
 // Applied: articles, machines, history; then all of it undone.
 TEST_F(ImpTabla_, AplicarYDeshacer) {
-  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO, TEXTO_ETQ) VALUES "
-      u"(1, 10, 'PIÑA', 150, 1, 'x'), (1, 11, 'UVA', 220, 1, '')"_s);
-  for (const int n : {10, 11}) sql(u"INSERT INTO [Cross] (Secc, plu, Grupo) VALUES (1, ?, 7)"_s, n);
+  articulo(
+      {.codigo = 10, .nombre = u"PIÑA", .depto = 1, .precio = 150, .mas = {{u"TEXTO_ETQ", u"x"}}})
+      .articulo({.codigo = 11, .nombre = u"UVA", .depto = 1, .precio = 220})
+      .cruce(7, {10, 11});
   const QString antes = articulos(u"NOMPLU, PRECIO_00, DEPTO, TEXTO_ETQ"_s);
   ensayar(u"Código,Nombre,Precio\n10,PIÑA,1.75\n11,UVA,2.20\n13,PAN,0.95\nmal,,\n"_s);
   const auto hecho = aplicar();
@@ -119,7 +121,7 @@ TEST_F(ImpTabla_, AplicarYDeshacer) {
 }
 
 TEST_F(ImpTabla_, SeccionPropiaYSinCrearNuevos) {
-  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU) VALUES (2, 10, 'A')"_s);
+  en(2).articulo({.codigo = 10});
   ensayar(u"Sección;Código;Nombre\n2;10;B\n2;11;C\n;12;D\n9;13;E\n"_s,
           [](Plan& p) { p.crearNuevos = false; });
   EXPECT_EQ(propuestas(),
@@ -148,9 +150,10 @@ TEST_F(ImpTabla_, CodigosDeBarrasQueSePasan) {
   };
   for (const auto& c : casos) {
     sql(u"DELETE FROM PLUSES WHERE CODPLU>2"_s);
-    sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, CodBarExt) VALUES (1, 10, 'A', 1, "
-        u"'7'), "
-        u"(1, 11, 'B', 1, '8'), (1, 12, 'C', 1, '9'), (1, 13, 'D', 1, NULL)"_s);
+    for (const auto& [codigo, nombre, barras] :
+         {std::tuple{10, u"A", u"7"}, {11, u"B", u"8"}, {12, u"C", u"9"}})
+      articulo({.codigo = codigo, .nombre = nombre, .depto = 1, .barras = barras});
+    articulo({.codigo = 13, .nombre = u"D", .depto = 1});
     QString csv = QString::fromUtf16(c.filas);
     csv.replace(u"20;7"_s, u"20;7;;N"_s);
     ensayar(u"Código;EAN;PVP;Nombre\n"_s + csv);
@@ -185,8 +188,8 @@ TEST_F(ImpTabla_, UnFalloEnMedio) {
   sql(u"CREATE TRIGGER malo BEFORE INSERT ON PLUSES WHEN NEW.CODPLU=120 BEGIN SELECT "
       u"RAISE(ABORT, 'no'); END"_s);
   EXPECT_TRUE(bien(motor->aplicar()));
-  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, CodBarExt) VALUES (1, 70, 'DE OTRO', NULL), "
-      u"(1, 3, 'DE OTRO', '8400')"_s);
+  articulo({.codigo = 70, .nombre = u"DE OTRO"});
+  articulo({.codigo = 3, .nombre = u"DE OTRO", .barras = u"8400"});
   sql(u"UPDATE PLUSES SET NOMPLU='DE OTRO' WHERE CODPLU=20"_s);
   EXPECT_TRUE(bien(motor->aplicar()));
   ASSERT_EQ(motor->hecho().malas.size(), 1U) << "its bar code was taken meanwhile";

@@ -1,7 +1,7 @@
 // Files of the former system: where each line goes, and the result.
 #include "articles/importar/MainTvc.h"
 
-#include "importar/Tienda.h"
+#include "importar/TiendaDeImportar.h"
 
 namespace tarvo::importar {
 namespace {
@@ -40,7 +40,7 @@ TEST(LineaTvc, TresSitios) {
   EXPECT_EQ(prefijoDe(7, d) + prefijoDe(10, d) + prefijoDe(-1, d), u"272020"_s);
 }
 
-struct MainTvc_ : Tienda {
+struct MainTvc_ : TiendaDeImportar {
   std::unique_ptr<MainTvc> convertir(const QByteArray& bytes, const DestinoTvc& destino) {
     auto m = bien(MainTvc::abrir(*db, catalogo, reloj, fichero(bytes)));
     while (bien(m->paso(destino))) continue;
@@ -54,7 +54,7 @@ struct MainTvc_ : Tienda {
 TEST_F(MainTvc_, DosLineasDeUnArticulo) {
   sql(u"DELETE FROM GRUPOS"_s);
   sql(u"DELETE FROM ALMACEN"_s);
-  sql(u"INSERT INTO ALMACEN (CODALM, NOMALM) VALUES (4, 'B'), (2, 'A')"_s);
+  almacen(4, u"B").almacen(2, u"A");
   DestinoTvc d{.unaSeccion = 5, .seccionPorTarifa = true};
   d.secciones[0] = u"1"_s;
   d.secciones[6] = u"3"_s;
@@ -93,7 +93,7 @@ TEST_F(MainTvc_, LasSeccionesQueHizoSeVanAlDeshacer) {
                             vieja(6, 47, u"AJO"_s, '2', 100);
   convertir(lineas, {});
   EXPECT_EQ(leer(secciones), u"1 | 2 | 5 | 6"_s);
-  sql(u"INSERT INTO DEPTS (SECCION, NUMDEP, NomDep) VALUES (6, 1, 'De otro')"_s);
+  en(6).departamento(1, u"De otro");
   EXPECT_EQ(deshacer(), 1);
   EXPECT_EQ(leer(secciones), u"1 | 2 | 6"_s) << "2 was there, 6 has a department now";
   convertir(lineas, {});  // under the forgotten number
@@ -116,7 +116,7 @@ TEST_F(MainTvc_, LineasQueNoSonDeArticulos) {
       {"00" + sinFin.mid(2), u"Columnas 1 a 2: «00» no es una sección."},
       {"x?" + sinFin.mid(2), u"Columnas 1 a 2: «x?» no es una sección."},
       {"010000" + sinFin.mid(6), u"Columnas 3 a 6: «0000» no es un código de artículo."},
-      {"010002" + sinFin.mid(6), u"El código 0000002 es del sistema y no se sobreescribe."},
+      {"010002" + sinFin.mid(6), u"El código 0000002 lo usa el programa y no se sobreescribe."},
   };
   QByteArray todas = buena + sinFin.left(55) + "\n" + sinFin + "   \n";
   for (const auto& c : casos) todas += c.linea + "\n";

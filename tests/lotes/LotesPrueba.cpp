@@ -1,9 +1,5 @@
 // Batches: everything done to articles since a batch began is undone, and nothing else.
-#include "articles/Lotes.h"
-
-#include "articles/TablasArticulos.h"
-#include "stock/BaseVacia.h"
-#include "textos/TextosDePrueba.h"
+#include "lotes/TiendaDeLotes.h"
 
 namespace tarvo::articles {
 namespace {
@@ -11,24 +7,10 @@ namespace {
 using namespace Qt::StringLiterals;
 using prueba::bien;
 
-struct Lotes_ : testing::Test, prueba::BaseVacia {
-  RelojVirtual reloj{Fecha::de(QDate(2026, 3, 2), QTime(9, 0))};
-  Catalogo catalogo{*db, textosDePrueba(), reloj, u"Ana"_s};
-  Lotes lotes{*db, catalogo, reloj};
-
-  void SetUp() override {
-    bien(asegurarTablasArticulos(*db));
-    sql(u"DELETE FROM SECCS"_s);
-    sql(u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (1, 'UNA')"_s);
-    sql(u"INSERT INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'A')"_s);
-    sql(u"INSERT INTO GRUPOS (CODGPO, TIPO, SECCION, Almacen) VALUES (7, 1, 1, 1)"_s);
-    for (const int n : {10, 11, 12, 13}) {
-      sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO, CodBarExt) "
-          u"VALUES (1, ?, ?, 100, 1, ?)"_s,
-          n, u"A%1"_s.arg(n), u"B%1"_s.arg(n));
-      sql(u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) VALUES (1, ?, 7, 0)"_s, n);
-    }
-    sql(u"INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Inicial) VALUES (1, 1, 11, 500)"_s);
+struct Lotes_ : testing::Test, prueba::TiendaDeLotes {
+  Lotes_() {
+    conArticulos({10, 11, 12, 13});
+    existencias({.almacen = 1, .codigo = 11, .inicial = 500});
   }
 
   QString articulos() {
@@ -53,7 +35,7 @@ TEST_F(Lotes_, VuelveCuantoSeHizo) {
   sql(u"UPDATE PLUSES SET CodBarExt='B10' WHERE CODPLU=12"_s);
   sql(u"UPDATE PLUSES SET CodBarExt='B12' WHERE CODPLU=10"_s);
   sql(u"DELETE FROM PLUSES WHERE CODPLU=11"_s);
-  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU) VALUES (1, 20, 'NUEVO')"_s);
+  articulo({.codigo = 20, .nombre = u"NUEVO"});
   bien(lotes.acabar(lote));
   ASSERT_EQ(leer(u"SELECT count(*) FROM MovsAlm"_s), u"0"_s);
   EXPECT_EQ(bien(lotes.ultimo(u"ImpPLU"_s))->articulos, 5);
@@ -107,9 +89,7 @@ TEST_F(Lotes_, LoQueHizoOtroSeQueda) {
     SCOPED_TRACE(c.que);
     sql(u"DELETE FROM PLUSES"_s);
     for (const int n : {10, 11, 12, 13})
-      sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, CodBarExt) "
-          u"VALUES (1, ?, ?, 100, ?)"_s,
-          n, u"A%1"_s.arg(n), u"B%1"_s.arg(n));
+      articulo({.codigo = n, .nombre = u"A%1"_s.arg(n), .precio = 100, .barras = u"B%1"_s.arg(n)});
     const qint64 lote = bien(lotes.empezar(u"V"_s));
     bien(lotes.guardarDonde(lote, u"CODPLU<>13"));
     bien(lotes.guardar(lote, {1, 20}));
@@ -140,8 +120,7 @@ TEST_F(Lotes_, SinAcabarVuelveTodoYSinSeccionNada) {
 // work.
 TEST_F(Lotes_, EnTramos) {
   for (int n = 1000; n < 1500; ++n)
-    sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, CodBarExt) VALUES (1, ?, 'X', 5, ?)"_s,
-        n, u"C%1"_s.arg(n));
+    articulo({.codigo = n, .nombre = u"X", .precio = 5, .barras = u"C%1"_s.arg(n)});
   const QString antes = articulos();
   const qint64 lote = bien(lotes.empezar(u"V"_s));
   bien(lotes.guardarDonde(lote, u"CODPLU>2"));
@@ -150,7 +129,7 @@ TEST_F(Lotes_, EnTramos) {
   sql(u"UPDATE PLUSES SET CodBarExt='C1499' WHERE CODPLU=10"_s);
   sql(u"UPDATE PLUSES SET CodBarExt='C1250' WHERE CODPLU=1499"_s);
   sql(u"UPDATE PLUSES SET CodBarExt='B10' WHERE CODPLU=1250"_s);
-  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, CodBarExt) VALUES (1, 2000, 'N', 'C1300')"_s);
+  articulo({.codigo = 2000, .nombre = u"N", .barras = u"C1300"});
   for (const qint64 n : {11, 12}) bien(lotes.anotar(lote, {1, n}));
   sql(u"UPDATE PLUSES SET NOMPLU='OTRO' WHERE CODPLU=11"_s);  // while the work goes on
   Lotes::Deshecho d;

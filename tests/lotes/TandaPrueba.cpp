@@ -2,9 +2,7 @@
 #include "articles/Tanda.h"
 
 #include "articles/LotesAMedias.h"
-#include "articles/TablasArticulos.h"
-#include "stock/BaseVacia.h"
-#include "textos/TextosDePrueba.h"
+#include "lotes/TiendaDeLotes.h"
 
 namespace tarvo::articles {
 namespace {
@@ -12,25 +10,15 @@ namespace {
 using namespace Qt::StringLiterals;
 using prueba::bien;
 
-struct Mundo : prueba::BaseVacia {
-  RelojVirtual reloj{Fecha::de(QDate(2026, 3, 2), QTime(9, 0))};
-  Catalogo catalogo{*db, textosDePrueba(), reloj, u"Ana"_s};
-  Lotes lotes{*db, catalogo, reloj};
+struct Mundo : prueba::TiendaDeLotes {
   qint64 lote = 0;
 
   Mundo() {
-    bien(asegurarTablasArticulos(*db));
-    sql(u"INSERT OR IGNORE INTO SECCS (NMSECC, NOMSEC) VALUES (1, 'UNA'), (2, 'DOS')"_s);
-    sql(u"INSERT INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'A'), (2, 'B')"_s);
-    sql(u"INSERT INTO GRUPOS (CODGPO, TIPO, SECCION, Almacen) VALUES (7, 1, 1, 1)"_s);
-    for (const int n : {10, 11, 12}) {
-      sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, PRECIO_13, DEPTO, CodBarExt) "
-          u"VALUES (1, ?, ?, 100, 5, 1, ?)"_s,
-          n, u"A%1"_s.arg(n), u"B%1"_s.arg(n));
-      sql(u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) VALUES (1, ?, 7, 0)"_s, n);
-      sql(u"INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Inicial) VALUES (1, 1, ?, ?)"_s, n, n);
-    }
-    sql(u"INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Venta) VALUES (2, 1, 11, 3)"_s);
+    conArticulos({10, 11, 12}, {{u"PRECIO_13", 5}});
+    almacen(2, u"B"_s);
+    for (const int n : {10, 11, 12}) existencias({.almacen = 1, .codigo = n, .inicial = n});
+    existencias({.almacen = 2, .codigo = 11, .venta = 3});
+    seccion(2, u"DOS"_s);
     lote = bien(lotes.empezar(u"V"_s));
   }
   std::vector<Articulo> nuevas() {

@@ -1,8 +1,10 @@
 // Every kind of reading from every kind of group: the questions asked and the rows that stand in
 // the inbox.
-#include "motor/Banco.h"
+#include "motor/TiendaDeMotor.h"
 
 namespace tarvo::prueba {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -15,7 +17,7 @@ QStringList preguntas(int codigo, int desde, int hasta) {
 
 }  // namespace
 
-struct Lecturas : Banco {
+struct Lecturas : TiendaDeMotor {
   void leer(int g, int clase, bool todo = true, qint64 desde = 0, qint64 hasta = 9999999) {
     encolar(g, clase, todo, desde, hasta);
     ASSERT_TRUE(correr());
@@ -70,7 +72,7 @@ TEST_F(Lecturas, DeBalanzas) {
 TEST_F(Lecturas, LosOperadoresConElMismoCodigoSeSuman) {
   grupo(1, 1, QStringLiteral("cable 1"));
   grupo(2, 2, QStringLiteral("cable 2"), {5});
-  valor(db->ejecutar(u"UPDATE GRUPOS SET OP01_C=9, OP02_C=9, OP03_C=NULL, OP04_C=0"));
+  sql(u"UPDATE GRUPOS SET OP01_C=9, OP02_C=9, OP03_C=NULL, OP04_C=0"_s);
   for (const int g : {1, 2}) {
     for (const int op : {1, 2, 3, 4}) vender(g, 10, 100 * op, 50, op, g == 2 ? 5 : 1);
     leer(g, 18);
@@ -164,9 +166,9 @@ TEST_F(Lecturas, DeCajasConBlancosEnElCodigo) {
                         {40, nullptr, nullptr, "40"}};
   for (const Caso& c : casos) {
     articulo(c.codigo);
-    valor(db->ejecutar(u"UPDATE PLUSES SET PFX_BAR=?, CodBarExt=? WHERE CODPLU=?",
-                       c.prefijo ? dao::Valor(QString::fromUtf16(c.prefijo)) : dao::Valor(),
-                       c.fijo ? dao::Valor(QString::fromUtf16(c.fijo)) : dao::Valor(), c.codigo));
+    sql(u"UPDATE PLUSES SET PFX_BAR=?, CodBarExt=? WHERE CODPLU=?"_s,
+        c.prefijo ? dao::Valor(QString::fromUtf16(c.prefijo)) : dao::Valor(),
+        c.fijo ? dao::Valor(QString::fromUtf16(c.fijo)) : dao::Valor(), c.codigo);
     maquina(3, 4).memoria().catalogo[c.codigo].barras = c.barras;
     vender(3, c.codigo, c.codigo, 0, 1, 4);
   }
@@ -203,7 +205,7 @@ TEST_F(Lecturas, PedidosEInventarios) {
                                              QStringLiteral("610 0060"), QStringLiteral("880 0")}));
   // An empty list leaves a header without lines, and numbers go on even when the last document is
   // deleted.
-  valor(db->ejecutar(u"DELETE FROM PEDI_CAB"));
+  sql(u"DELETE FROM PEDI_CAB"_s);
   leer(1, 22);
   EXPECT_EQ(filas(QStringLiteral("SELECT NUMPED FROM PEDI_CAB")), u"44");
 }
@@ -268,7 +270,7 @@ TEST_F(Lecturas, LaOrdenDeOlvidarSinRespuesta) {
       simulador::Fallos f;
       f.guion = std::move(guion);
       maquina(tipo, addr).cambiarPercances({f, 1});
-      valor(db->ejecutar(u"DELETE FROM PEDI_LIN"));
+      sql(u"DELETE FROM PEDI_LIN"_s);
       for (int i = 1; i <= 4; ++i) memoria.apuntar(Lista::Pedidos, {i, 100, i});
       const int olvidos = memoria.olvidos(Lista::Pedidos);
       encolar(tipo, 22);

@@ -4,12 +4,14 @@
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 TEST_F(Reglas, LoQueNoSePuedeEncolar) {
   tienda();
   grupo(3, 3, QStringLiteral("cable 3"));
-  valor(
-      db->ejecutar(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ALMACEN, remoto) VALUES "
-                   u"(9, 'N', 1, 1, 0, 0), (10, 'Q', 1, 7, 0, 3), (11, 'Z', 1, 1, 0, 9)"));
+  grupo({.codigo = 9, .almacen = 0, .remoto = 0})
+      .grupo({.codigo = 10, .tipo = 7, .almacen = 0, .remoto = 3})
+      .grupo({.codigo = 11, .almacen = 0, .remoto = 9});
   EXPECT_EQ(gestor->NuevaTarea(99, true, 0, 1, TipoTarea::TxHora), 2);
   EXPECT_EQ(gestor->NuevaTarea(9, true, 0, 1, TipoTarea::TxHora), 2);
   for (const int g : {10, 11})  // of no kind, and with no access, that anybody knows
@@ -55,10 +57,8 @@ TEST_F(Reglas, UnAccesoSirveAUnaTareaCadaVez) {
   ajustes->canales[0].Device = ajustes->canales[1].Device = TipoAcceso::TcpIp;
   arrancar();
   tienda(1, QStringLiteral("tcp:sur"));
-  valor(db->ejecutar(u"UPDATE GRUPOS SET telef=' SUR:4000 ' WHERE CODGPO=1"));
-  valor(
-      db->ejecutar(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ALMACEN, ADDR, remoto, "
-                   u"telef) VALUES (2, 'B', 1, 1, 0, 1, 3, 'sur:4000')"));
+  sql(u"UPDATE GRUPOS SET telef=' SUR:4000 ' WHERE CODGPO=1"_s);
+  grupo({.codigo = 2, .nombre = u"B", .almacen = 0, .remoto = 3, .acceso = u"sur:4000", .addr = 1});
   fabrica.cables[QStringLiteral(" SUR")] = fabrica.cables[QStringLiteral("SUR")] =
       fabrica.cables[QStringLiteral("sur")];
   const int a = encolar(1, 18), b = encolar(2, 7);
@@ -401,7 +401,7 @@ TEST_F(Reglas, SinCanalDeSuClaseLaTareaNoEsperaParaSiempre) {
   arrancar();
   tienda(1, QStringLiteral("tcp:sur"));
   for (const int remoto : {1, 3}) {
-    valor(db->ejecutar(u"UPDATE GRUPOS SET remoto=?, telef='sur:4000' WHERE CODGPO=1", remoto));
+    sql(u"UPDATE GRUPOS SET remoto=?, telef='sur:4000' WHERE CODGPO=1"_s, remoto);
     encolar(1, 17);
     ASSERT_TRUE(correr());
   }

@@ -1,13 +1,13 @@
 // What the tests of the engine's rules share.
 #pragma once
 
-#include "motor/Banco.h"
+#include "motor/TiendaDeMotor.h"
 
 namespace tarvo::prueba {
 
 using simulador::Averia;
 
-struct Reglas : Banco {
+struct Reglas : TiendaDeMotor {
   int estado(int id) {
     const auto* t = tarea(id);
     return t ? t->Estado : -1;

@@ -4,6 +4,8 @@
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 TEST_F(Reglas, LaPuestaACeroEsperaALaLecturaDeDelante) {
   tienda();
   fallo(1, {Averia::Sorda, 1, 17});
@@ -22,14 +24,27 @@ TEST_F(Reglas, LaPuestaACeroEsperaALaLecturaDeDelante) {
 
 TEST_F(Reglas, NiPorOtroCanalAdelantaLaPuestaACero) {
   tienda(1, QStringLiteral("b"));
-  valor(db->ejecutar(u"UPDATE GRUPOS SET telef='a'"));  // a connector that isn't there
+  sql(u"UPDATE GRUPOS SET telef='a'"_s);  // a connector that isn't there
   encolar(1, 17);
-  valor(db->ejecutar(u"UPDATE GRUPOS SET telef='b'"));
+  sql(u"UPDATE GRUPOS SET telef='b'"_s);
   encolar(1, 6);
   ASSERT_TRUE(correr());
   EXPECT_TRUE(maquina(1).memoria().puestas().empty());
   EXPECT_EQ(problemas,
             (QStringList{QStringLiteral("17 G1 E24 (2)"), QStringLiteral("6 G1 E22 (0)")}));
+}
+
+// What is sent after a wipe would go with it.
+TEST_F(Reglas, LoQueSigueAUnBorradoLoEspera) {
+  grupo(3, 3, QStringLiteral("b"), {9});
+  leida(3);
+  sql(QStringLiteral("UPDATE GRUPOS SET telef='a'"));  // a connector that isn't there
+  encolar(3, 10);
+  sql(QStringLiteral("UPDATE GRUPOS SET telef='b'"));
+  encolar(3, 17);
+  alHacer = [this] { EXPECT_EQ(problemas.size(), 1) << "the wipe is given up by now"; };
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(hechas.back(), QStringLiteral("17 G3"));
 }
 
 TEST_F(Reglas, TrasUnaLecturaFallidaNoHayPuestaACero) {
@@ -59,7 +74,7 @@ TEST_F(Reglas, TrasUnaLecturaFallidaNoHayPuestaACero) {
     EXPECT_TRUE(maquina(1).memoria().puestas().empty());
     EXPECT_EQ(bandeja(1, 17), antes);  // the good reading before it stands
   }
-  EXPECT_FALSE(valor(sesion->permisoCero(1)).permitido);
+  EXPECT_FALSE(bien(sesion->permisoCero(1)).permitido);
   // Read whole at last, the group may be zeroed.
   maquina(1).percances().cambiar({});
   gestor->VigilaProcesos(3, true, this);
@@ -180,10 +195,10 @@ TEST(Contraste, LoQueSeRompeNoVaSeguido) {
   const Textos textos;
   tareas::Contraste<int> c(4);
   c.dudar();
-  EXPECT_FALSE(valor(c.vale(1, textos)));
+  EXPECT_FALSE(bien(c.vale(1, textos)));
   c.romper();
-  EXPECT_FALSE(valor(c.vale(1, textos)));
-  EXPECT_TRUE(valor(c.vale(1, textos)));
+  EXPECT_FALSE(bien(c.vale(1, textos)));
+  EXPECT_TRUE(bien(c.vale(1, textos)));
 }
 
 // What is left of "ERR01" is still no consent, nor is a number that refuses nothing.
@@ -250,8 +265,8 @@ TEST_F(Reglas, LoQueSeOlvidaEstaEnElFicheroMismo) {
   ASSERT_EQ(maquina(1).memoria().puestas().size(), 1U);
   const QString copia = carpeta_.filePath(QStringLiteral("solo.mdb"));
   ASSERT_TRUE(QFile::copy(db->ruta(), copia));
-  const auto sola = valor(dao::Database::OpenDatabase(copia, {}));
-  EXPECT_EQ(valor(sola->uno(u"SELECT IMP FROM TOTGRT WHERE LINK=0 AND GRUPO=1")).entero(), 600);
+  const auto sola = bien(dao::Database::OpenDatabase(copia, {}));
+  EXPECT_EQ(bien(sola->uno(u"SELECT IMP FROM TOTGRT WHERE LINK=0 AND GRUPO=1")).entero(), 600);
 }
 
 // The register is silent at one frame and after it, and the zeroing is asked for again without a
@@ -323,6 +338,22 @@ TEST_F(Reglas, UnaLecturaBuenaNoBorraElFalloDeOtra) {
   encolar(1, 17);
   ASSERT_TRUE(correr());
   EXPECT_FALSE(gestor->GruposFallidos().contains(1));
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
+}
+
+// A failure holds for the run in which it happened.
+TEST_F(Reglas, ElFalloDeOtraNocheNoImpideElCero) {
+  tienda();
+  gestor->VigilaProcesos(0, true, this);
+  maquina(1).percances().cambiar({.guion = {{Averia::Sorda, 0, -1}}});
+  encolar(1, 23);
+  ASSERT_TRUE(correr());
+  EXPECT_TRUE(gestor->GruposFallidos().contains(1));
+  maquina(1).percances().cambiar({});
+  sesion->ponerEjecucion(2, false);
+  leida(1);
   encolar(1, 6);
   ASSERT_TRUE(correr());
   EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);

@@ -1,5 +1,5 @@
-#include "Puesto.h"
 #include "articles/precios/CalcPre.h"
+#include "precios/TiendaDePrecios.h"
 
 using namespace tarvo;
 using namespace tarvo::precios;
@@ -121,7 +121,7 @@ TEST(CalcPre, ALockedMarginRulesTheCells) {
 }
 
 TEST(CalcPre, RatesOfDepartments) {
-  prueba::Puesto p;
+  prueba::TiendaDePrecios p;
   EXPECT_EQ(bien(ivaDeDepartamento(*p.db, 1, 1)), 10);
   EXPECT_EQ(bien(ivaDeDepartamento(*p.db, 1, 2)), 0) << "rate 9 of three";
   EXPECT_EQ(bien(ivaDeDepartamento(*p.db, 1, 7)), 0) << "no such department";

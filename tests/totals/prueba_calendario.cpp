@@ -2,6 +2,7 @@
 
 using namespace tarvo;
 using namespace tarvo::totals;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -11,7 +12,7 @@ Fecha f(const char* texto) {
 
 // 08:00 to 20:00: the core of the day is 11:00 to 17:00.
 struct Tienda {
-  Ajustes ajustes{QStringLiteral("/tienda"), Idioma::Espanol};
+  Ajustes ajustes{u"/tienda"_s, Idioma::Espanol};
   Calendario calendario{ajustes};
   Periodo periodo(const char* desde, const char* hasta, const char* horario = "") const {
     return calendario.DeterminarPeriodo(f(desde), f(hasta),
@@ -41,7 +42,7 @@ TEST(Calendario, LimitsAreTheSameBitsOnEveryPath) {
     const Periodo p = LimitesPeriodo(c.tipo, f(c.momento), Fecha{});
     EXPECT_EQ(p.desde, f(c.desde));
     EXPECT_EQ(p.hasta.dias(), f(c.ultimoDia).dias() + Fecha::kUltimoSegundo);
-    EXPECT_EQ(p.hasta.horaLarga(), QStringLiteral("23:59:59"));
+    EXPECT_EQ(p.hasta.horaLarga(), u"23:59:59"_s);
     EXPECT_EQ(LimitesPeriodo(c.tipo, p.hasta, p.hasta), p);
   }
   const Periodo crudo{kOtros, f("01/01/2018 01:02:03"), f("01/01/2017")};
@@ -132,7 +133,7 @@ TEST(Calendario, TheEdgesOfTheCoreAreOutsideOnEveryDay) {
 
 TEST(Calendario, ReadsAndWritesHoursByItem) {
   EXPECT_FALSE(LeerHorario(QString()));
-  const auto h = LeerHorario(QStringLiteral("08:00|20:00||9:30||nada||10:00|25:00||||07:00|07:30"));
+  const auto h = LeerHorario(u"08:00|20:00||9:30||nada||10:00|25:00||||07:00|07:30"_s);
   ASSERT_TRUE(h);
   EXPECT_EQ((*h)[0], (Jornada{8 / 24.0, 20 / 24.0}));
   for (const size_t cerrado : {1U, 2U, 3U, 4U, 6U}) EXPECT_FALSE((*h)[cerrado]) << cerrado;

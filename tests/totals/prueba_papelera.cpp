@@ -2,7 +2,7 @@
 // updated.
 #include <gtest/gtest.h>
 
-#include "totals/Tienda.h"
+#include "totals/TiendaDeTotales.h"
 #include "totals/libros/TablasLibros.h"
 #include "totals/periodos/ConsultaFilas.h"
 #include "totals/periodos/Manuales.h"
@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct ConPapelera : Tienda {
+struct ConPapelera : TiendaDeTotales {
   ConPapelera() { bien(asegurarTablasLibros(*db)); }
   Papelera papelera{*db, periodos, ajustes};
   QString todo() {
@@ -38,7 +38,7 @@ TEST(Papelera, DevuelveLosPeriodosConTodoLoSuyo) {
   ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kSemanal, t.col(dia))));
   // The week holds an earlier version of the day as well.
   const qint64 nuevo = bien(t.periodos.sustituir(t.col(dia), u"otra"_s));
-  t.sql(u"insert into Origenes (LINK, GRUPO, CLASE, CON) values (?, 1, 16, 3)"_s, nuevo);
+  t.fila(u"Origenes", {{u"LINK", nuevo}, {u"GRUPO", 1}, {u"CLASE", 16}, {u"CON", 3}});
   const QString antes = t.todo();
   const qint64 lote = bien(t.papelera.nuevoLote());
   const auto semana =
@@ -50,6 +50,14 @@ TEST(Papelera, DevuelveLosPeriodosConTodoLoSuyo) {
   EXPECT_EQ(bien(t.papelera.restaurar(lote)), 2);
   EXPECT_EQ(t.todo(), antes);
   EXPECT_EQ(bien(t.papelera.restaurar(lote)), 0);
+  // What is replaced while the week is away takes the number of no version of the week's.
+  const qint64 otro = t.crear(kDiario, "12/06/2018");
+  t.plu(otro, 7, 1);
+  ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kSemanal, t.col(otro))));
+  ASSERT_TRUE(bien(t.papelera.tirar(lote, semana.LINK)));
+  bien(t.periodos.sustituir(t.col(otro), u"otra"_s));
+  EXPECT_EQ(bien(t.papelera.restaurar(lote)), 1);
+  EXPECT_EQ(t.leer(u"select ID, count(*) from TotSusti group by ID"_s), u"1 2 | 2 1");
 }
 
 TEST(Papelera, NoPisaLoQueOcupoSuSitio) {
@@ -105,7 +113,7 @@ TEST(Periodos, LosMayoresSiguenAlQueCambiaDeFechaODeTotales) {
 
 TEST(ConsultaFilas, SeriesYResumen) {
   ConPapelera t;
-  t.sql(u"insert into PLUSES (SECCION, CODPLU, NOMPLU) values (3, 9, 'Pan')"_s);
+  t.articulo({.codigo = 9, .nombre = u"Pan"});
   const qint64 dia = t.crear(kDiario, "05/06/2018"), otro = t.crear(kDiario, "06/06/2018");
   for (const auto& [codigo, n, grupo] : {std::tuple{7, 3, 1}, {9, 2, 1}, {9, 4, 2}})
     t.plu(dia, codigo, n, grupo);

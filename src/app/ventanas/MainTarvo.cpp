@@ -1,4 +1,5 @@
 #include "app/ventanas/MainTarvo.h"
+#include "articles/ventanas/Puertas.h"
 #include "automation/ventanas/Puertas.h"
 
 #include <QEventLoop>
@@ -14,6 +15,7 @@
 #include "app/ventanas/TextosPrincipal.h"
 #include "comm/ventanas/Pendientes.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Alcance.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/Ventanas.h"
@@ -114,12 +116,26 @@ void MainTarvo::ponerEntradas() {
   connect(ui_.Minimizar, &QToolButton::clicked, this, &MainTarvo::minimizar);
 }
 
+// Each panel is seen alone, beside what stands below all of them.
+void MainTarvo::ponerLetras() {
+  for (int i = 0; i < ui_.Paneles->count(); ++i) {
+    QSet<QChar> usadas;
+    for (const int texto : {kTxSalir, kTxVolver}) ventanas::conLetra(t(texto), usadas);
+    ventanas::conLetra(ui_.Minimizar->text(), usadas);
+    for (auto* b : ui_.Paneles->widget(i)->findChildren<Entrada*>())
+      if (!b->objectName().isEmpty()) b->setText(ventanas::conLetra(b->text(), usadas));
+  }
+}
+
 void MainTarvo::abrir(const QString& ventana, const ventanas::Argumentos& argumentos) {
   if (!contexto().ventanas.conoce(ventana)) return decirDuda(t(kTxSinEstaVentana));
   // The board knows what it leads to by name.
   if (ventana == automation::PuertaEdiCron::kNombre)
     ventanas::Ventana::abrir(
         automation::PuertaEdiCron{argumentos.value(QStringLiteral("horario")).toString()});
+  else if (ventana == articles::PuertaBrowGrupos::kNombre)
+    ventanas::Ventana::abrir(
+        articles::PuertaBrowGrupos{argumentos.value(QStringLiteral("Grupos")).toBool()});
   else
     contexto().ventanas.abrir(ventana, this, argumentos);
 }
@@ -143,7 +159,9 @@ void MainTarvo::moverFoco(int pasos) {
   const auto aqui = botones.indexOf(qobject_cast<QToolButton*>(focusWidget()));
   if (botones.isEmpty()) return;
   const auto n = botones.size();
-  botones[aqui < 0 ? 0 : (aqui + pasos + n) % n]->setFocus(Qt::TabFocusReason);
+  QToolButton* va = botones[aqui < 0 ? 0 : (aqui + pasos + n) % n];
+  va->setFocus(Qt::TabFocusReason);
+  if (ui_.Propias->isAncestorOf(va)) ui_.SitioPropias->ensureWidgetVisible(va);
 }
 
 void MainTarvo::keyPressEvent(QKeyEvent* evento) {

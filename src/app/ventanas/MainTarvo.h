@@ -30,6 +30,7 @@ class MainTarvo final : public ventanas::Ventana {
 
   // --- MainTarvo.cpp
   void ponerEntradas();
+  void ponerLetras();
   void mostrarPanel(Panel panel);
   void abrir(const QString& ventana, const ventanas::Argumentos& argumentos = {});
   void salir();

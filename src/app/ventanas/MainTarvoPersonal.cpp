@@ -38,13 +38,14 @@ void MainTarvo::refrescarPersonal() {
   ui_.Personalizado->setToolTip(ui_.Personalizado->text() == sinMarca(unico) ? QString() : unico);
   // Not at once: the click of one of them may have led here.
   for (auto* viejo : ui_.PanelPersonal->findChildren<QToolButton*>()) {
-    ui_.cajaPanelPersonal->removeWidget(viejo);
+    ui_.cajaPropias->removeWidget(viejo);
     viejo->setObjectName({});
     viejo->hide();
     viejo->deleteLater();
   }
+  QWidgetList seguidas;
   for (size_t i = 0; i < lista.size(); ++i) {
-    auto* b = new Entrada(ui_.PanelPersonal);
+    auto* b = new Entrada(ui_.Propias);
     b->setObjectName(u"Personal%1"_s.arg(i));
     b->setIcon(ui_.Personalizado->icon());
     b->setIconSize(ui_.Personalizado->iconSize());
@@ -54,8 +55,16 @@ void MainTarvo::refrescarPersonal() {
     connect(b, &QToolButton::clicked, this,
             [this, titulo = lista[i].titulo] { ejecutarPersonal(titulo); });
     atenderMenu(*b, i);
-    ui_.cajaPanelPersonal->insertWidget(static_cast<int>(i), b);
+    ui_.cajaPropias->insertWidget(static_cast<int>(i), b);
+    seguidas << b;
   }
+  for (qsizetype i = 1; i < seguidas.size(); ++i) setTabOrder(seguidas[i - 1], seguidas[i]);
+  ponerLetras();
+  // More of them than the screen is high are scrolled.
+  const int barra = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  ui_.SitioPropias->setMinimumWidth(ui_.Propias->minimumSizeHint().width() + barra);
+  ui_.SitioPropias->viewport()->setAutoFillBackground(false);
+  ui_.Propias->setAutoFillBackground(false);
 }
 
 void MainTarvo::pulsarPersonal() {

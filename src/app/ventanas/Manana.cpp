@@ -33,7 +33,7 @@ QLabel* texto(QWidget* padre, Letra letra, const QString& nombre) {
 }  // namespace
 
 Manana::Manana(ventanas::Contexto& contexto, Aplicacion& aplicacion, QWidget* padre)
-    : QScrollArea(padre), c_(contexto), app_(aplicacion) {
+    : QScrollArea(padre), c_(contexto), app_(aplicacion), aparte_(contexto, *this) {
   setObjectName(u"Manana"_s);
   setWidgetResizable(true);
   setFrameShape(QFrame::NoFrame);
@@ -137,6 +137,14 @@ void Manana::renovar() {
       c_.reloj, [lector = lector_](Trabajo::Avance&) { return lector->paso(); },
       [](const Trabajo::Avance&) {}, [this](const Resultado<Trabajo::Fin>& fin) { acabar(fin); });
   trabajo_->empezar();
+  // Counting what is due reads whole sections; the board shows it when it is there.
+  aparte_.preguntar<std::vector<envios::Debe>>(
+      [ahora = c_.reloj.ahora()](dao::Database& db) { return envios::loQueSeDebe(db, ahora); },
+      [this](Resultado<std::vector<envios::Debe>> debe) {
+        if (!debe) return Q_EMIT fallo(debe.error());
+        if (std::exchange(debe_, std::move(*debe)) == debe_) return;
+        if (leida_ && !trabajo_->enMarcha()) acabar(Trabajo::Fin::Acabado);
+      });
   if (!mirada_->activo()) mirada_->unaVez(kMirar);
 }
 
@@ -147,6 +155,7 @@ void Manana::acabar(const Resultado<Trabajo::Fin>& fin) {
     Q_EMIT fallo(fin.error());
   } else if (*fin == Trabajo::Fin::Acabado) {
     VistaManana vista = vistaDe(lector_->resumen(), c_.textos, c_.ajustes);
+    anadirDebe(vista, debe_, c_.textos);
     if (const auto lotes = articles::lotesAMedias(c_.db))
       anteponerLotes(vista, *lotes, c_.textos);
     else

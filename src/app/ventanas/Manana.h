@@ -7,6 +7,7 @@
 
 #include "app/ventanas/Piezas.h"
 #include "core/tiempo/Trabajo.h"
+#include "core/ventanas/parrilla/Aparte.h"
 
 class QLabel;
 class QVBoxLayout;
@@ -58,6 +59,8 @@ class Manana final : public QScrollArea {
   std::shared_ptr<automation::LectorResumen> lector_;
   std::unique_ptr<Trabajo> trabajo_;
   std::unique_ptr<Temporizador> mirada_;
+  std::vector<envios::Debe> debe_;
+  ventanas::Aparte aparte_;
 };
 
 }  // namespace tarvo::app

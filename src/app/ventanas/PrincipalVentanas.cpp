@@ -190,6 +190,7 @@ std::optional<int> siOcupada(const Ordenes& o, const Textos& t, const QString& c
   if (peticion)
     if (const auto estado = pedirAlOtro(*peticion, *ajustes, reloj)) return estado;
   avisar(error.texto);
+  const ventanas::Tema vestido(*qApp, ventanas::leerCara(o.tema));
   const QString frase = ajustes ? t(kTxReintentar).arg(ajustes->BaseDatos) : error.texto;
   const bool otraVez = ventanas::MyMsgBox::Decide(
       nullptr, t, frase, ventanas::kAceptoCancelo | ventanas::kExclamacion);
@@ -210,8 +211,9 @@ int principalVentanas(int argc, char** argv) {
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication qt(argc, argv);
     // Started from the desktop, nobody reads the standard error.
-    const auto decirFallo = [&t](const QString& texto) {
+    const auto decirFallo = [&t, &qt, &o](const QString& texto) {
       avisar(texto);
+      const ventanas::Tema vestido(qt, ventanas::leerCara(o.tema));
       ventanas::MyMsgBox::Decide(nullptr, t, texto, ventanas::kCritico);
     };
     const auto trabajar = [&](Fondo& fondo, Reloj& reloj) {

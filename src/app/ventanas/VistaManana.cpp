@@ -6,6 +6,8 @@
 #include "app/Aplicacion.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "comm/motor/TextosMotor.h"
+#include "core/dinero/Dinero.h"
+#include "totals/periodos/Calendario.h"
 
 namespace tarvo::app {
 
@@ -19,7 +21,6 @@ using ventanas::Estado;
 namespace {
 
 constexpr size_t kAvisosVistos = 5, kGruposVistos = 200, kEsperanVistos = 3;
-constexpr qsizetype kDudasVistas = 3;
 
 QString horaCorta(Fecha momento) {
   return momento.horaLarga().left(5);
@@ -50,6 +51,8 @@ class Redactor {
   }
   QString frase(const automation::EjecucionHecha& e) const;
   QString comparado(const automation::PeriodoResumen& p) const;
+  const automation::PeriodoResumen& principal() const;
+  void ponerImporte(Renglon& r, const automation::GrupoResumen& g) const;
   void ponerTraza(Renglon& r) const;
 
   const Resumen& r_;
@@ -188,23 +191,29 @@ std::vector<double> barrasDe(const automation::PeriodoResumen& p) {
   return barras;
 }
 
+// The day that the night made, else what it made first. REQUIRES a period.
+const automation::PeriodoResumen& Redactor::principal() const {
+  const auto dia =
+      std::ranges::find(r_.periodos, totals::kDiario, &automation::PeriodoResumen::tipo);
+  return dia != r_.periodos.end() ? *dia : r_.periodos.front();
+}
+
 Renglon Redactor::ventas() const {
   Renglon r{
       .palabra = {}, .titulo = t_(kTxVentas), .texto = {}, .valor = {}, .ventana = u"VerTot"_s};
-  const auto dia = std::ranges::find(r_.periodos, 1, &automation::PeriodoResumen::tipo);
   if (r_.periodos.empty()) {
     r.valor = t_(kTxSinVentas);
     if (!r_.ejecuciones.empty())
       r.texto = t_(r_.perdidos > 0 ? kTxPeriodoPerdido : kTxSinVentasQueHacer);
     return r;
   }
-  const auto& p = dia != r_.periodos.end() ? *dia : r_.periodos.front();
-  r.titulo += u": "_s + p.texto.simplified();
+  const auto& p = principal();
+  r.titulo += u": "_s + p.texto;
   r.valor = ver(Clase::Importe, p.importe) + u' ' +
-            a_.MonedaLogo[static_cast<size_t>(a_.MonedaPreferente != 0)];
+            a_.MonedaLogo[static_cast<size_t>(a_.MonedaPreferente != 0)].trimmed();
   r.argumentos[u"link"_s] = p.link;
   r.texto = p.descripcion;
-  if (dia == r_.periodos.end()) return r;
+  if (p.tipo != totals::kDiario) return r;
   r.texto = comparado(p);
   if (p.media()) r.barras = barrasDe(p);
   return r;
@@ -280,14 +289,30 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
             .palabra = t_(modo.palabra),
             .titulo = nombreGrupo(g.grupo, g.nombre),
             .texto = g.motivo,
-            .valor = g.importe ? ver(Clase::Importe, *g.importe) : QString(),
-            .ventana = g.estado == EstadoGrupo::Bien ? u"VerTot"_s : u"gestcomm"_s,
+            .valor = {},
+            .ventana = u"gestcomm"_s,
             .argumentos = {{u"grupo"_s, g.grupo}}};
-  // What failed draws the rest after it; doubts stand each for itself.
-  if (g.estado == EstadoGrupo::Dudoso) r.texto = g.motivos.mid(0, kDudasVistas).join(u'\n');
-  if (g.estado == EstadoGrupo::Bien && !r_.periodos.empty())
-    r.argumentos[u"link"_s] = r_.periodos.front().link;
+  // One line; the rest of the reasons is in the tip and in the trace.
+  if (g.estado != EstadoGrupo::Bien && g.motivos.size() > 1) {
+    r.texto += u' ' + Plural(t_(kTxYMotivosMas), static_cast<int>(g.motivos.size()) - 1);
+    r.detalle = g.motivos.join(u'\n');
+  }
+  ponerImporte(r, g);
+  if (g.estado == EstadoGrupo::Bien) {
+    r.ventana = g.link > 0 ? u"VerCols#%1"_s.arg(g.link) : u"VerTot"_s;
+    if (g.link > 0) r.argumentos[u"link"_s] = g.link;
+  }
   return r;
+}
+
+// A column of amounts is of one period; what a group has in another is said in words.
+void Redactor::ponerImporte(Renglon& r, const automation::GrupoResumen& g) const {
+  if (!g.importe) return;
+  const auto suyo = std::ranges::find(r_.periodos, g.link, &automation::PeriodoResumen::link);
+  if (suyo == r_.periodos.end() || suyo->link == principal().link)
+    r.valor = ver(Clase::Importe, *g.importe);
+  else
+    r.texto += u' ' + t_(kTxEnOtroPeriodo, {ver(Clase::Importe, *g.importe), suyo->texto});
 }
 
 // What asks for a hand stands on top.
@@ -350,6 +375,37 @@ void anteponerLotes(VistaManana& vista, std::span<const articles::LoteAMedias> l
                       .valor = {},
                       .ventana = l.ventana});
   vista.avisos.insert(vista.avisos.begin(), lineas.begin(), lineas.end());
+}
+
+void anadirDebe(VistaManana& vista, std::span<const envios::Debe> debe, const Textos& textos) {
+  QStringList vacios, pendientes;
+  int vacio = 0, pendiente = 0;
+  for (const envios::Debe& d : debe) {
+    const QString nombre = Ceros(d.grupo, 4) + u' ' + d.nombre;
+    if (d.vacio)
+      vacios << nombre;
+    else
+      pendientes << nombre + u": "_s +
+                        Plural(textos(kTxArticulosDebidos), static_cast<int>(d.articulos));
+    int& primero = d.vacio ? vacio : pendiente;
+    if (primero == 0) primero = d.grupo;
+  }
+  const auto linea = [&](Estado estado, int texto, const QStringList& cuales, int grupo) {
+    if (cuales.isEmpty()) return;
+    QStringList vistos = cuales.mid(0, static_cast<qsizetype>(kEsperanVistos));
+    if (const auto mas = cuales.size() - vistos.size(); mas > 0)
+      vistos << Plural(textos(kTxYMas), static_cast<int>(mas));
+    vista.avisos.push_back({.estado = estado,
+                            .palabra = textos(kTxVerEnvio),
+                            .titulo = {},
+                            .texto = textos(texto, {vistos.join(u", ")}),
+                            .valor = {},
+                            .ventana = u"EstadoEnvio"_s,
+                            .argumentos = {{u"grupo"_s, grupo}},
+                            .detalle = cuales.join(u'\n')});
+  };
+  linea(Estado::Duda, kTxBalanzasVacias, vacios, vacio);
+  linea(Estado::Ninguno, kTxPorEnviar, pendientes, pendiente);
 }
 
 VistaManana vistaDe(const Resumen& resumen, const Textos& textos, const Ajustes& ajustes) {

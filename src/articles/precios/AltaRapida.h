@@ -32,6 +32,7 @@ struct EntradaAlta {
   articles::Precios precios{};
   int cada = -1;  // -1: none chosen
   QString departamento, formato, codBarras, dias1, dias2;
+  bool operator==(const EntradaAlta&) const = default;
 };
 
 class AltaRapida {
@@ -45,13 +46,13 @@ class AltaRapida {
 
   // The code for the text; nothing when it isn't one that a person may choose.
   std::optional<qint64> codigoDe(const QString& texto) const;
-  Resultado<bool> vale(CampoAlta campo, const EntradaAlta& e);
-  // The first field that isn't valid; nothing when all are.
-  Resultado<std::optional<CampoAlta>> primeraFalta(const EntradaAlta& e);
+  // What is wrong with a field, in words; nothing when it is valid.
+  Resultado<std::optional<QString>> falta(CampoAlta campo, const EntradaAlta& e);
   // Adds it, in one transaction. Duplicado when the section has that code. REQUIRES valid fields.
   Resultado<articles::Articulo> anadir(const EntradaAlta& e, const QString& ventana);
 
  private:
+  Resultado<std::optional<QString>> faltaDepartamento(const EntradaAlta& e);
   articles::Articulo articuloDe(const EntradaAlta& e) const;
 
   dao::Database& db_;

@@ -23,7 +23,7 @@ bool poner(Articulo& a, ColumnaRapida columna, const QString& texto) {
     case ColumnaRapida::Codigo:
       return numero(a.clave.codigo, articles::kPrimerCodigo, articles::kUltimoCodigo);
     case ColumnaRapida::Nombre:
-      a.nombre = texto.trimmed().left(articles::kNombreDeRejilla);
+      a.nombre = texto.trimmed();
       return !a.nombre.isEmpty();
     case ColumnaRapida::Departamento:
       return numero(a.depto, 1, kUltimoDepartamento);
@@ -55,8 +55,11 @@ Resultado<Articulo> conColumna(Articulo articulo, ColumnaRapida columna, const Q
     articulo.precios[nivel][0] = *precio;
     return articulo;
   }
-  if (poner(articulo, columna, texto)) return articulo;
-  return malo;
+  if (!poner(articulo, columna, texto)) return malo;
+  if (const auto largo = articles::malNombre(articulo.nombre, textos);
+      largo && columna == ColumnaRapida::Nombre)
+    return fallo(Fallo::Restriccion, *largo);
+  return articulo;
 }
 
 }  // namespace tarvo::precios

@@ -9,6 +9,7 @@
 
 namespace tarvo::precios {
 
+using articles::avisoCambio;
 using articles::avisoPrecio;
 using articles::comoPrecio;
 using articles::errorDe;

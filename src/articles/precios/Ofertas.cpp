@@ -139,24 +139,41 @@ Resultado<> Ofertas::cambiar(const Oferta& antes, const PreciosOferta& precios, 
   return {};
 }
 
-Resultado<int> Ofertas::ponerPrecios(const ClaveOferta& clave, const PreciosOferta& precios,
-                                     bool sincro) {
+Resultado<Ofertas::CambioPrecios> Ofertas::ponerPrecios(const ClaveOferta& clave,
+                                                        const PreciosOferta& precios, bool sincro) {
   TARVO_TOMAR(const auto antes, leer(clave));
   if (!antes) return fallo(Fallo::NoExiste, textos_(kTxOfertaQueFalta));
-  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
-  TARVO_INTENTAR(cambiar(*antes, precios, antes->desde, antes->hasta));
-  int otras = 0;
+  CambioPrecios cambio{precios, antes->desde, antes->hasta, {*antes}};
   if (sincro) {
-    const auto hermanas =
-        leerVarias({QStringLiteral("borrado=0 AND SECCION=? AND CODIGO=? AND GRUPO<>?"),
-                    {clave.seccion, clave.codigo, clave.grupo}});
-    if (!hermanas) return std::unexpected(hermanas.error());
-    for (const Oferta& o : *hermanas)
-      TARVO_INTENTAR(cambiar(o, precios, antes->desde, antes->hasta));
-    otras = static_cast<int>(hermanas->size());
+    TARVO_TOMAR(const auto hermanas,
+                leerVarias({QStringLiteral("borrado=0 AND SECCION=? AND CODIGO=? AND GRUPO<>?"),
+                            {clave.seccion, clave.codigo, clave.grupo}}));
+    cambio.ofertas.insert(cambio.ofertas.end(), hermanas.begin(), hermanas.end());
+  }
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  for (const Oferta& o : cambio.ofertas)
+    TARVO_INTENTAR(cambiar(o, precios, cambio.desde, cambio.hasta));
+  TARVO_INTENTAR(t.confirmar());
+  return cambio;
+}
+
+Resultado<int> Ofertas::deshacer(const CambioPrecios& cambio) {
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  int fuera = 0;
+  for (const Oferta& antes : cambio.ofertas) {
+    TARVO_TOMAR(const auto hoy, leer(antes.clave));
+    const bool igual = hoy && hoy->precios == cambio.precios && hoy->desde == cambio.desde &&
+                       hoy->hasta == cambio.hasta;
+    if (igual)
+      TARVO_INTENTAR(cambiar(*hoy, antes.precios, antes.desde, antes.hasta));
+    else if (&antes == &cambio.ofertas.front())
+      return fallo(hoy ? Fallo::Restriccion : Fallo::NoExiste,
+                   textos_(hoy ? kTxOfertaCambiada : kTxOfertaQueFalta));
+    else
+      ++fuera;
   }
   TARVO_INTENTAR(t.confirmar());
-  return otras;
+  return fuera;
 }
 
 // --- dates

@@ -84,9 +84,20 @@ class Ofertas {
   // Writes the offer in each of the groups, over existing ones. One transaction.
   Resultado<> guardar(const OfertaNueva& oferta, std::span<const int> grupos);
 
-  // New prices for one offer; with `sincro` the article's offers in all other groups take its
-  // prices and days. Returns how many did. NoExiste when the offer is gone.
-  Resultado<int> ponerPrecios(const ClaveOferta& clave, const PreciosOferta& precios, bool sincro);
+  // What a change of prices was made on, as it was before, to take it back.
+  struct CambioPrecios {
+    PreciosOferta precios;
+    Dia desde, hasta;             // that all of them have since
+    std::vector<Oferta> ofertas;  // the one that was written into, and those that took its prices
+    int otras() const { return static_cast<int>(ofertas.size()) - 1; }
+  };
+  // Other prices of one offer; with `sincro` the article's offers in all other groups take its
+  // prices and its days. NoExiste when the offer is gone.
+  Resultado<CambioPrecios> ponerPrecios(const ClaveOferta& clave, const PreciosOferta& precios,
+                                        bool sincro);
+  // Those that are as the change left them; how many others stay as they are. NoExiste when the
+  // first one is gone, Restriccion when it was changed since: then nothing changes.
+  Resultado<int> deshacer(const CambioPrecios& cambio);
 
   // The offers changed by a change of dates, to undo it.
   struct Anterior {

@@ -114,7 +114,7 @@ class Ajustes {
   int ModoIntroRapido = 2;
   QString ParrillaRapida =
       QStringLiteral("1,1,2,1,1,0,0,0,0,0,0,0,0,0,0,0,-1,,,,,");  // as it stands
-  std::array<QString, 41> TextoEtiquetas;  // 1 to 40; 1 to 20 are fixed, see fijarTextosEtiquetas
+  std::array<QString, 41> TextoEtiquetas;  // 1 to 40; 1 to 20 come from the table of texts
   QString PrefijoCodigos;
   int NumPreciosAlta = 3, NumTarifasAlta = 8;
   struct Personal {
@@ -140,7 +140,6 @@ class Ajustes {
   QString conector(const QString& nombre) const;
 
  private:
-  void fijarTextosEtiquetas();  // slots 1 to 20, which follow MonedaNativa
 };
 
 // Of the five times of communications.

@@ -139,9 +139,11 @@ QString escribirPeriodos(const Ajustes& a) {
   return partes.join(u'|');
 }
 
+constexpr int kLetrasLogo = 3;  // always, in the file
+
 bool leerLogos(Ajustes& a, const QString& v) {
   for (int i = 0; i < 2; ++i)
-    a.MonedaLogo[static_cast<size_t>(i)] = parte(v, u',', i).left(3).toString();
+    a.MonedaLogo[static_cast<size_t>(i)] = parte(v, u',', i).left(kLetrasLogo).toString();
   return true;
 }
 
@@ -251,7 +253,10 @@ const Clave kDespues[] = {
      [](Ajustes& a, const QString& v) { return dentroDe(v, kUnByte, a.MonedaPreferente); },
      [](const Ajustes& a) { return n(a.MonedaPreferente); }},
     {u"MonedaLogo", leerLogos,
-     [](const Ajustes& a) { return a.MonedaLogo[0] + u',' + a.MonedaLogo[1]; }},
+     [](const Ajustes& a) {
+       return a.MonedaLogo[0].leftJustified(kLetrasLogo) + u',' +
+              a.MonedaLogo[1].leftJustified(kLetrasLogo);
+     }},
     {u"Euro", [](Ajustes& a, const QString& v) { return leerReal(v, a.Euro); }, escribirEuro},
     {u"FestivoSemanal", leerFestivos, escribirFestivos},
     CLAVE_ENTERA(u"NúmeroPedido", NumeroPedido, i32),
@@ -396,14 +401,12 @@ void Ajustes::leer(const QString& texto) {
   });
   std::erase_if(personal,
                 [](const Personal& p) { return p.titulo.isEmpty() && p.proceso.isEmpty(); });
-  fijarTextosEtiquetas();
 }
 
 void Ajustes::ponerMonedaNativa(int moneda) {
   MonedaNativa = moneda;
   for (Duda& d : dudas)
     if (d.clave == u"MONEDANATIVA") d.vale = n(moneda);
-  fijarTextosEtiquetas();
 }
 
 QString Ajustes::escribir() const {

@@ -33,6 +33,7 @@ class Nombres {
   Resultado<QString> grupo(int codigo) const;
   Resultado<int> seccionDe(int grupo) const;  // 0 when there is no such group
   // Nothing when there is none.
+  Resultado<std::optional<QString>> departamento(int seccion, int codigo) const;
   Resultado<std::optional<QString>> articulo(int seccion, qint64 codigo) const;
 
  private:

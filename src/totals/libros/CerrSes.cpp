@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kDiasQueSeCuentan = 32;
+constexpr double kRonda = 1.0 / 24;  // days between two readings of one round, at either end
 const Fecha kSinPuestaACero = Fecha::de(QDate(2000, 1, 1));
 
 QString columna(const char16_t* nombre) {
@@ -77,6 +78,32 @@ Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const Cl
   if (r.hasta - r.desde < kDiasQueSeCuentan)
     r.jornadas = calendario.Jornadas(r.desde, r.hasta, horario);
   return r;
+}
+
+// Machines that are read one after another give spans that end some moments apart. Those of one
+// round are one span.
+void igualarRonda(std::vector<Recibido>& recibidos) {
+  std::vector<Periodo> rondas;
+  const auto deLaRonda = [](const Periodo& ronda, const Periodo& p) {
+    return std::abs(ronda.desde - p.desde) <= kRonda && std::abs(ronda.hasta - p.hasta) <= kRonda;
+  };
+  std::vector<std::pair<Recibido*, size_t>> suyas;
+  std::vector<Periodo> primeras;  // nearness is to the first one: rounds don't grow into the next
+  suyas.reserve(recibidos.size());
+  for (Recibido& r : recibidos) {
+    if (r.periodo.tipo != kOtros) continue;
+    const auto ronda =
+        std::ranges::find_if(primeras, [&](const Periodo& p) { return deLaRonda(p, r.periodo); });
+    const auto cual = static_cast<size_t>(ronda - primeras.begin());
+    suyas.emplace_back(&r, cual);
+    if (ronda == primeras.end()) {
+      primeras.push_back(r.periodo);
+      rondas.push_back(r.periodo);
+    }
+    rondas[cual].desde = std::min(rondas[cual].desde, r.periodo.desde);
+    rondas[cual].hasta = std::max(rondas[cual].hasta, r.periodo.hasta);
+  }
+  for (const auto& [r, cual] : suyas) r->periodo = rondas[cual];
 }
 
 // Sales of several days in one day, or between two dates: a person would look for them elsewhere.
@@ -152,6 +179,8 @@ Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
     TARVO_INTENTAR(rs->MoveNext());
   }
   std::ranges::stable_sort(recibidos_, {}, &Recibido::periodo);
+  igualarRonda(recibidos_);
+  std::ranges::stable_sort(recibidos_, {}, &Recibido::periodo);
   for (const Recibido& r : recibidos_) {
     if (propuestos_.empty() || propuestos_.back().periodo != r.periodo)
       propuestos_.push_back({r.periodo, 0});
@@ -164,6 +193,36 @@ Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
   const auto uno = preferido != propuestos_.end() ? preferido : mejor;
   if (uno != propuestos_.end()) elegido_ = static_cast<int>(uno - propuestos_.begin());
   return tr.confirmar();
+}
+
+// Of each group the amount of its grand total, else of the first kind that it has.
+Resultado<EnBandeja> CerrSes::enBandeja() const {
+  EnBandeja b;
+  std::map<int, const Recibido*> cuenta;
+  for (const Recibido& r : recibidos_) {
+    auto [suyo, nuevo] = cuenta.try_emplace(r.CODGPO, &r);
+    if (!nuevo && r.clase == kGranTotal) suyo->second = &r;
+  }
+  for (const auto& [grupo, r] : cuenta) {
+    const QString tabla = columna(clase(r->clase)->tabla);
+    TARVO_TOMAR(
+        const auto leido,
+        s_.base().uno(u"SELECT SUM(IMP) FROM %1 WHERE LINK=0 AND GRUPO=?"_s.arg(tabla), grupo));
+    b.importe += leido.entero();
+    if (!r->conBase) continue;
+    TARVO_TOMAR(const auto base,
+                s_.base().uno(u"SELECT SUM(IMP) FROM BaseFilas WHERE GRUPO=? AND CLASE=?", grupo,
+                              r->clase));
+    b.importe -= base.entero();
+  }
+  TARVO_TOMAR(const auto todos,
+              s_.base().consultar(u"SELECT CODGPO FROM GRUPOS WHERE REMOTO<>0 ORDER BY CODGPO"));
+  for (; !todos->Eof();) {
+    const auto grupo = static_cast<int>(todos->entero(0));
+    if (!cuenta.contains(grupo)) b.faltan.push_back(grupo);
+    TARVO_INTENTAR(todos->MoveNext());
+  }
+  return b;
 }
 
 void CerrSes::elegir(int indice) {

@@ -18,6 +18,12 @@ struct Propuesto {
   int cuenta = 0;
 };
 
+// What memorising would bring, and of whom nothing would be in it.
+struct EnBandeja {
+  qint64 importe = 0;       // minor units of stored money, without what is memorised already
+  std::vector<int> faltan;  // groups that communicate, by number
+};
+
 class CerrSes {
  public:
   CerrSes(Sesion& sesion, Periodos& periodos);
@@ -31,6 +37,8 @@ class CerrSes {
   Resultado<> AnalizarScratch(std::vector<Aviso>& avisos);
   const std::vector<Recibido>& recibidos() const { return recibidos_; }
   const std::vector<Propuesto>& propuestos() const { return propuestos_; }
+  // Of what AnalizarScratch found.
+  Resultado<EnBandeja> enBandeja() const;
   int elegido() const { return elegido_; }  // index of the dominant period, -1 for none
   // Takes another of the proposed periods in place of the dominant one; the choice holds as long as
   // the received totals still make that period.

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/ajustes/Ajustes.h"
+#include "core/textos/Textos.h"
 
 namespace tarvo::totals {
 
@@ -59,6 +60,8 @@ class Calendario {
 QString NombreTipoPeriodo(int tipo);
 QString FormatoPeriodo(int tipo, Fecha fecha);  // the date as a period of this kind shows it
 QString TextoPeriodo(const Periodo& p);
+// In words, inside a sentence or after a colon.
+QString DecirPeriodo(const Periodo& p, const Textos& textos);
 QString TextoPeriodos(const std::vector<Periodo>& periodos);  // separated by commas
 
 }  // namespace tarvo::totals

@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kTicsCierre = 100;
 constexpr int kMsTic = 80;
+constexpr int kFaltanNombrados = 6;
 
 }  // namespace
 
@@ -88,9 +89,28 @@ void CerrSesVentana::pintarPeriodo() {
   std::set<int> grupos;
   for (const Recibido& r : motor_.recibidos()) grupos.insert(r.CODGPO);
   QString texto = t(kTxRecibidosDe, static_cast<int>(grupos.size()));
+  const auto bandeja = motor_.enBandeja();
+  if (haIdoBien(bandeja))
+    texto += u' ' + t(kTxEnBandeja).arg(conMoneda(contexto(), bandeja->importe));
   if (motor_.propuestos().size() > 1)
     texto += u' ' + t(kTxPeriodosPosibles).arg(motor_.propuestos().size());
   ui_.resumen->setText(texto);
+  ui_.faltan->setText(bandeja ? textoFaltan(bandeja->faltan) : QString());
+  ui_.faltan->setHidden(ui_.faltan->text().isEmpty());
+}
+
+// Their sales won't be in the period.
+QString CerrSesVentana::textoFaltan(const std::vector<int>& grupos) {
+  QStringList nombres;
+  for (const int g : grupos) {
+    if (nombres.size() == kFaltanNombrados) {
+      nombres << t(kTxYGruposMas, static_cast<int>(grupos.size()) - kFaltanNombrados);
+      break;
+    }
+    const auto nombre = contexto().nombres.grupo(g);
+    nombres << Ceros(g, 4) + u' ' + (nombre ? nombre->trimmed() : QString());
+  }
+  return nombres.isEmpty() ? QString() : contexto().textos(kTxFaltanGrupos, {nombres.join(u", ")});
 }
 
 QStringList CerrSesVentana::graves() const {

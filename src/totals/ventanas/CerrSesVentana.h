@@ -21,6 +21,7 @@ class CerrSesVentana final : public ventanas::Ventana {
   Resultado<> analizar();
   void pintarCara();
   void pintarPeriodo();
+  QString textoFaltan(const std::vector<int>& grupos);
   void guardar();
   void olvidar();
   void recuperar();

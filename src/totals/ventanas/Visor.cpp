@@ -133,6 +133,7 @@ Resultado<> Visor::preparar(const ventanas::Argumentos& argumentos) {
   moneda_ = argumentos.value(u"moneda"_s, moneda_).toInt();
   elegirEn(*ui_.LstClase, filtro_.clase);
   TARVO_INTENTAR(llenarFiltros());
+  if (argumentos.contains(u"grupo"_s)) elegirEn(*ui_.AllGrp, argumentos.value(u"grupo"_s));
   prepararParrilla();
   filtrar();
   ui_.Grid->setFocus();

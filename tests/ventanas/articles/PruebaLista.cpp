@@ -2,12 +2,12 @@
 #include <QHeaderView>
 #include <QToolBar>
 
-#include "Colmado.h"
+#include "MesaDeArticulos.h"
 
 namespace tarvo::prueba {
 
 TEST(ListaArticulos, OrdenYBusquedaGuardanElArticulo) {
-  Colmado t;
+  MesaDeArticulos t;
   t.sql(u"update PLUSES set NOMPLU='Ñora' where CODPLU=10"_s);
   t.sql(u"update PLUSES set NOMPLU='Óregano' where CODPLU=20 and SECCION=1"_s);
   t.sql(u"update PLUSES set NOMPLU='nabo' where CODPLU=30"_s);
@@ -46,7 +46,7 @@ TEST(ListaArticulos, OrdenYBusquedaGuardanElArticulo) {
 }
 
 TEST(ListaArticulos, LosHijosSiguenSuPuntero) {
-  Colmado t;
+  MesaDeArticulos t;
   t.abrir(u"BrowPLUs"_s);
   auto* lista = dynamic_cast<ventanas::Recorrido*>(t.escritorio.ventanas().cargada(u"BrowPLUs"_s));
   ASSERT_NE(lista, nullptr);
@@ -79,7 +79,7 @@ TEST(ListaArticulos, EnviarAlSalir) {
                {1, true, u"Si", true, 4, 2},  {1, true, u"No", true, 0, 0},
                {2, true, u"", false, 4, 2},   {2, false, u"", false, 0, 2}};
   for (const auto& c : casos) {
-    Colmado t;
+    MesaDeArticulos t;
     t.ajustes.EnviarCambios[1] = c.valor;
     auto* v = t.abrir(u"BrowPLUs"_s);
     if (c.cambia) bien(t.catalogo.ponerPrecios({1, 10}, Precios{}, u"BrowPLUs"_s));
@@ -105,7 +105,7 @@ TEST(ListaArticulos, EnviarAlSalir) {
 
 // All 24 prices and the cost can be shown; at first the base price of the first tarifa alone is.
 TEST(ListaArticulos, LosPreciosOcultos) {
-  Colmado t;
+  MesaDeArticulos t;
   t.sql(u"update PLUSES set PRECIO_25=1234 where SECCION=1 and CODPLU=10"_s);
   auto& grid = t.lista(t.abrir(u"BrowPLUs"_s));
   QStringList vistos;
@@ -129,9 +129,9 @@ TEST(ListaArticulos, LosPreciosOcultos) {
 
 // The queue empties: the window from which the list was opened says so.
 TEST(ListaArticulos, ElFinDelEnvioSeDice) {
-  Colmado t;
+  MesaDeArticulos t;
   t.ajustes.EnviarCambios[1] = 2;
-  auto* arbol = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
+  auto* arbol = t.abrir(PuertaBrowGrupos{});
   t.tecla(Qt::Key_F4);
   t.cargada(u"BrowPLUs"_s);
   bien(t.catalogo.ponerPrecios({1, 10}, Precios{}, u"BrowPLUs"_s));
@@ -148,7 +148,7 @@ TEST(ListaArticulos, ElFinDelEnvioSeDice) {
 
 // Every command stands in the menu of the list, with its key.
 TEST(ListaArticulos, TodoEstaEnElMenu) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
   QStringList menu;
   QTimer::singleShot(100, v, [&] {
@@ -169,7 +169,7 @@ TEST(ListaArticulos, TodoEstaEnElMenu) {
 
 // The row in hand is the one that is lit, whichever key led there.
 TEST(ListaArticulos, LoActualEsLoElegido) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
   auto& grid = t.lista(v);
   for (const Qt::Key k : {Qt::Key_End, Qt::Key_Home})
@@ -183,7 +183,7 @@ TEST(ListaArticulos, LoActualEsLoElegido) {
 
 // The largest price and the longest name.
 TEST(ListaArticulos, NadaSeSaleDeSuSitio) {
-  Colmado t;
+  MesaDeArticulos t;
   const QString largo(50, u'N');
   t.sql(u"update PLUSES set PRECIO_00=2000000000, PRECIO_27=2000000000, NOMPLU=? where CODPLU=10"_s,
         largo);

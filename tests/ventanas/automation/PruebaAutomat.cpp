@@ -6,13 +6,13 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "Sala.h"
+#include "MesaDeProcesos.h"
 
 namespace tarvo::automation {
 namespace {
 
-struct Proceso : Sala {
-  using Sala::Sala;
+struct Proceso : MesaDeProcesos {
+  using MesaDeProcesos::MesaDeProcesos;
   // Waits for nothing, then a step that fails, then one that goes well.
   static inline const QString kTresPasos = u"N:uno\r\nS:CERRAR,x,Sí,Sí\r\nN:tres\r\n"_s;
 
@@ -168,7 +168,7 @@ TEST(EnParMac, LasTresFormasDeDarFechas) {
                {"LosDias", QDate(2026, 3, 1), QDate(2026, 3, 1)},
                {"OtrasFechas", QDate(2026, 2, 27), QDate(2026, 3, 4)}};
   for (const auto& c : casos) {
-    Sala s;
+    MesaDeProcesos s;
     QString falta;
     cuandoHayaCaja([&](QWidget& v) {
       QTest::keyClick(pieza<QRadioButton>(&v, u"OtrasFechas"_s), Qt::Key_Space);

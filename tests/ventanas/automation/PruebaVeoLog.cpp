@@ -5,13 +5,13 @@
 #include <QScrollBar>
 #include <QTableView>
 
-#include "Sala.h"
+#include "MesaDeProcesos.h"
 #include "automation/ventanas/FicheroTraza.h"
 
 namespace tarvo::automation {
 namespace {
 
-struct Visor : Sala {
+struct Visor : MesaDeProcesos {
   Visor() { fichero(u"T.TZC"_s, {}); }
   void escribir(const QString& texto) const {
     QFile f(ruta(u"T.TZC"_s));

@@ -1,21 +1,20 @@
 // The jobs at the send state: see what a group lacks, send just that, ask the scales for an article
 // and see where it differs.
-#include "Puesto.h"
+#include "MesaDeComm.h"
 
 namespace tarvo::prueba {
 
-struct VentanaEstado : Puesto {
-  static constexpr int kEnvio = 1;
+using namespace Qt::StringLiterals;
+
+struct VentanaEstado : MesaDeComm {
+  static constexpr TipoTarea kEnvio = TipoTarea::TxPlus;
   void SetUp() override {
     grupo(1, 1, u"cable 1"_s);
     for (const int c : {10, 20, 30}) poner(c, 100 * c, 1);
     poner(40, 1000000, 1);  // a price of seven digits
   }
   void poner(int codigo, int precio, int depto) {
-    valor(
-        db->ejecutar(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO) VALUES (1, "
-                     u"?, 'Tomate', ?, ?)",
-                     codigo, precio, depto));
+    articulo({.codigo = codigo, .nombre = u"Tomate", .depto = depto, .precio = precio});
   }
   ventanas::Parrilla* lista() { return control<ventanas::Parrilla>(u"lista"_s, u"EstadoEnvio"_s); }
   ventanas::Parrilla* ficha() { return control<ventanas::Parrilla>(u"ficha"_s, u"EstadoEnvio"_s); }
@@ -44,7 +43,7 @@ TEST_F(VentanaEstado, SeEnviaSoloLoElegido) {
   ASSERT_TRUE(lista(u"0000010 Pendiente,0000030 Pendiente,0000040 Retenido"_s))
       << filasVistas().toStdString();
   EXPECT_EQ(oidas(1).size(), 1);
-  EXPECT_TRUE(cuenta().startsWith(u"Al día 1, sin prueba 0, pendientes 2"));
+  EXPECT_TRUE(cuenta().startsWith(u"Al día 1, sin comprobar 0, pendientes 2"));
   auto* ver = control<QComboBox>(u"Ver"_s, u"EstadoEnvio"_s);
   ver->setFocus();
   QTest::keyClick(ver, Qt::Key_Down);
@@ -115,7 +114,7 @@ TEST_F(VentanaEstado, LoQueNoSeEnvioSeQuedaALaVista) {
   QTest::keyClick(cola(), Qt::Key_F12);
   EXPECT_EQ(control<QComboBox>(u"Grupo"_s, u"EstadoEnvio"_s)->currentData().toInt(), 2);
   // Mended and sent again, there is nothing more to say.
-  valor(db->ejecutar(u"UPDATE PLUSES SET PRECIO_00=5 WHERE CODPLU=40"));
+  sql(u"UPDATE PLUSES SET PRECIO_00=5 WHERE CODPLU=40"_s);
   gestor->NuevaTarea(2, false, 0, 9999999, kEnvio);
   ASSERT_TRUE(correr());
   pasar(3000);

@@ -1,12 +1,14 @@
 // The jobs of the operator: receive, see what failed, try again, give up, close.
 
-#include "Puesto.h"
+#include "MesaDeComm.h"
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 using simulador::Averia;
 
-struct Gestcomm : Puesto {
+struct Gestcomm : MesaDeComm {
   void dosGrupos() {
     for (const int g : {1, 2}) {
       grupo(g, 1, u"cable %1"_s.arg(g));
@@ -59,6 +61,21 @@ TEST_F(Gestcomm, RecibeTotalesDeDosGrupos) {
   EXPECT_EQ(panel->findChild<QLabel*>(u"palabra"_s)->text(), u"Libre");
 }
 
+// Opened for a group it stands on that group's task, or says how one gets one.
+TEST_F(Gestcomm, SeAbrePorUnGrupo) {
+  dosGrupos();
+  for (const int g : {1, 2}) fallo(g, {.averia = Averia::Sorda});
+  auto* v = abrir(u"gestcomm"_s);
+  for (const int g : {1, 2}) gestor->NuevaTarea(g, true, 0, 9999999, 17);
+  ASSERT_TRUE(hasta([&] { return cola()->filas() == 2; }));
+  for (const int g : {1, 2}) {
+    bien(v->preparar({{u"grupo"_s, g}}));
+    EXPECT_EQ(cola()->filaActual(), g - 1);
+  }
+  bien(v->preparar({{u"grupo"_s, 7}}));
+  EXPECT_TRUE(v->tira().texto().startsWith(u"El grupo 7 no tiene ninguna tarea"));
+}
+
 TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   dosGrupos();
   fallo(2, {.averia = Averia::Sorda});
@@ -71,7 +88,7 @@ TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   EXPECT_EQ(control<QLabel>(u"LblProblema"_s)->text(),
             u"Tarea 002: Una trama VEK no ha tenido respuesta ACK");
   EXPECT_FALSE(accion(u"RunP"_s)->isEnabled());
-  QTest::keyClick(v, Qt::Key_M, Qt::ControlModifier);  // to manual
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);  // to manual
   pasar(150);
   EXPECT_TRUE(accion(u"RunP"_s)->isEnabled());
   EXPECT_FALSE(accion(u"ManuP"_s)->isEnabled());
@@ -145,7 +162,7 @@ TEST_F(Gestcomm, SeguirAbreElEnlacePerdido) {
   encolar(1, 18);
   ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Interrumpido por algún problema"; }, 5));
   EXPECT_EQ(celda(0, u"Problema"), u"Se ha cortado la línea mientras se usaba");
-  QTest::keyClick(v, Qt::Key_M, Qt::ControlModifier);
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
   QTest::keyClick(v, Qt::Key_F6);
   EXPECT_FALSE(v->tira().isVisible());
   ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Terminado"; }, 5));
@@ -159,7 +176,7 @@ TEST_F(Gestcomm, RetenerSoltarYPararEnManual) {
   gestor->NuevaTarea(1, true, 0, 9999999, TipoTarea::RxOpera);
   ASSERT_TRUE(
       hasta([&] { return cola()->filas() == 1 && cola()->valor(0, u"cont").entero() > 1; }));
-  QTest::keyClick(v, Qt::Key_M, Qt::ControlModifier);
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
   QTest::keyClick(v, Qt::Key_F7);
   ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Retenido por el usuario"; }));
   const auto parada = oidas(1).size();
@@ -245,7 +262,7 @@ TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
   grupo(1, 2, u"cable 1"_s);
   vender(1, 10, 1500, 250);
   articulo(10);
-  valor(db->ejecutar(u"INSERT INTO Enviados (GRUPO, SECCION, CODPLU) VALUES (1, 1, 10)"));
+  fila(u"Enviados", {{u"GRUPO", 1}, {u"SECCION", 1}, {u"CODPLU", 10}});
   abrir(u"gestcomm"_s);
   encolar(1, 17);
   ASSERT_TRUE(hasta([&] { return cola()->filas() == 0 && sesion->estado() == 2; }));
@@ -320,7 +337,7 @@ TEST_F(Gestcomm, RepetirTrasLaPuestaACeroSeNiega) {
   encolar(1, 17);
   ASSERT_TRUE(correr());
   reloj.avanzar(60000);
-  valor(db->ejecutar(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=1", reloj.ahora()));
+  sql(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=1"_s, reloj.ahora());
   QString dicho;
   luego([&](QWidget* d) {
     dicho = caja([d] { QTest::keyClick(d->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space); });

@@ -1,6 +1,6 @@
 // Following what passes on a line.
 
-#include "Puesto.h"
+#include "MesaDeComm.h"
 #include "comm/enlace/LecturaTrama.h"
 #include "comm/tramas/Trama.h"
 #include "comm/ventanas/NombresTramas.h"
@@ -10,7 +10,7 @@ namespace tarvo::prueba {
 using enlace::LecturaTrama;
 using enlace::Sentido;
 
-struct Tramas : Puesto {
+struct Tramas : MesaDeComm {
   ventanas::Parrilla* lista() { return control<ventanas::Parrilla>(u"lista"_s, u"VerTramas"_s); }
   QString fila(int f) {
     QStringList campos;

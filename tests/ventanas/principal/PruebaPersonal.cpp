@@ -1,5 +1,5 @@
 // The person's own entries: added, renamed, run and removed.
-#include "Tienda.h"
+#include "MesaPrincipal.h"
 #include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::prueba {
@@ -47,7 +47,7 @@ void rellenarElemento(QWidget& d, const QString& titulo, const QString& proceso)
 }  // namespace
 
 TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
-  Tienda t;
+  MesaPrincipal t;
   t.fichero(u"PEDIDO.AUT"_s, "@INICIO BATCH\r\nS:ABRIR\r\n@FINAL BATCH\r\n");
   auto* v = t.principal();
   auto* entrada = v->findChild<QToolButton*>(u"Personalizado"_s);
@@ -67,7 +67,7 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
   });
   QTest::mouseClick(entrada, Qt::LeftButton);
   ASSERT_EQ(t.fondo->ajustes.personal.size(), 1U);
-  EXPECT_EQ(entrada->text(), u"Hacer pedido");
+  EXPECT_EQ(entrada->text().remove(u'&'), u"Hacer pedido");
 
   QTest::mouseClick(entrada, Qt::LeftButton);
   ASSERT_TRUE(t.suplente(u"Automat"_s)) << "one element runs at once";
@@ -79,18 +79,18 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
 
   enElMenu(1, [](QWidget& d) { rellenarElemento(d, u"Pedido diario"_s, u"PEDIDO"_s); });
   menuSobre(*entrada);
-  EXPECT_EQ(entrada->text(), u"Pedido diario");
+  EXPECT_EQ(entrada->text().remove(u'&'), u"Pedido diario");
   EXPECT_EQ(t.fondo->ajustes.personal.front().proceso, u"PEDIDO");
 
   enElMenu(2);
   menuSobre(*entrada);
   EXPECT_TRUE(t.fondo->ajustes.personal.empty());
-  EXPECT_EQ(entrada->text(), u"Personalizado");
+  EXPECT_EQ(entrada->text().remove(u'&'), u"Personalizado");
 }
 
 // What is wrong with a process is said, not that there is no timetable of its name.
 TEST(Personal, ElProcesoQueNoSeLeeDiceSuLinea) {
-  Tienda t;
+  MesaPrincipal t;
   t.fichero(u"PEDIDO.AUT"_s, "@INICIO BATCH\r\nS:ABRIR\r\nT:NADA,ALL\r\n@FINAL BATCH\r\n");
   t.fondo->ajustes.personal = {{u"Pedido"_s, u"PEDIDO"_s}};
   auto* v = t.principal();
@@ -102,7 +102,7 @@ TEST(Personal, ElProcesoQueNoSeLeeDiceSuLinea) {
 // Two open a panel, in the order of the list; a delayed program takes over and the main window
 // goes.
 TEST(Personal, DosAbrenUnPanel) {
-  Tienda t;
+  MesaPrincipal t;
   t.fichero(u"HORARIO.CRO"_s, "22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,S\xED;NOCHE\r\n");
   t.fondo->ajustes.personal = {{u"Uno"_s, u"PEDIDO"_s}};
   auto* v = t.principal();

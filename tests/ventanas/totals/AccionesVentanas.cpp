@@ -1,7 +1,7 @@
 // Jobs on periods that a person may want back, and the viewer by operator and hour.
 #include <QToolButton>
 
-#include "Trastienda.h"
+#include "MesaDeTotales.h"
 #include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::prueba {
@@ -15,7 +15,7 @@ const QString kFilas =
 const QString kStock =
     u"select c.LINK, c.stkADO, (select coalesce(sum(Venta), 0) from MovsAlm) from COLUMNA as c order by c.LINK"_s;
 
-struct Lista : Trastienda {
+struct Lista : MesaDeTotales {
   ventanas::Ventana* abrirLista() {
     auto* v = abrir(u"VerTot"_s);
     grid = &lista(v);
@@ -121,14 +121,18 @@ TEST(VentanaAcciones, LoQueYaNoEstaNoSeDeshaceYSeDice) {
 TEST(VentanaAcciones, OperadorYHora) {
   Lista t;
   const qint64 lunes = t.dia("04/06/2018");
-  t.sql(u"insert into OPERS (CODOPE, NOMOPE) values (6, 'Luis')"_s);
+  t.operador(6, u"Luis");
   for (const int g : {1, 2})
     for (const int oper : {5, 6})
       for (int h = 9; h < 12; ++h)
-        t.sql(
-            u"insert into TOTOPHOR (LINK, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) values (?, ?, "
-            u"?, ?, 2, 1500, ?, 0)"_s,
-            lunes, g, oper, h, 100 * oper);
+        t.total(u"TOTOPHOR", {.link = lunes,
+                              .grupo = g,
+                              .codi = oper,
+                              .con = 2,
+                              .pes = 1500,
+                              .imp = 100 * oper,
+                              .sco = 0,
+                              .hora = h});
   auto* v = t.abrirLista();
   auto* menu = v->findChild<QMenu*>(u"MnuVer"_s);
   menu->actions().back()->trigger();

@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 
+#include "articles/importar/ventanas/Puertas.h"
 #include "automation/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventanas.h"
 #include "totals/ventanas/Puertas.h"
@@ -105,7 +106,8 @@ Resultado<std::map<QString, ventanas::Argumentos>> argumentosLlenos(ventanas::Ve
   TARVO_INTENTAR(c.AnalizarScratch(avisos));
   ventanas.setMuestra(PuertaFormDetalles{{c.recibidos(), c.propuestos(), c.OverWr, c.elegido()}});
   ventanas.setMuestra(automation::PuertaEdiCron{horario});
-  return std::map<QString, tarvo::ventanas::Argumentos>{{u"ImpTabla"_s, {{u"fichero"_s, tarifa}}}};
+  ventanas.setMuestra(importar::PuertaImpTabla{.fichero = tarifa});
+  return std::map<QString, tarvo::ventanas::Argumentos>{};
 }
 
 }  // namespace tarvo::capturas

@@ -34,7 +34,7 @@ void gestcommVentana::conectarOrdenes() {
                                                       {ui_.TodoP, Qt::CTRL | Qt::Key_R},
                                                       {ui_.ReponP, QKeySequence::Undo},
                                                       {ui_.AutoP, Qt::CTRL | Qt::Key_U},
-                                                      {ui_.ManuP, Qt::CTRL | Qt::Key_M},
+                                                      {ui_.ManuP, Qt::CTRL | Qt::SHIFT | Qt::Key_U},
                                                       {ui_.BotonTramas, Qt::CTRL | Qt::Key_T},
                                                       {ui_.BotonEstado, Qt::Key_F12}};
   for (const auto& [accion, tecla] : teclas) accion->setShortcut(tecla);

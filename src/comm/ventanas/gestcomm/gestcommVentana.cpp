@@ -62,14 +62,24 @@ gestcommVentana::~gestcommVentana() {
   s_.motor.dejarDeObservar(this);
 }
 
-Resultado<> gestcommVentana::preparar(const Argumentos&) {
+Resultado<> gestcommVentana::preparar(const Argumentos& argumentos) {
   terminarAlAcabar_ = false;  // it is wanted again
   s_.motor.TerminaCuandoPuedas(false);
   ponerMenus();
   colaSucia_ = canalesSucios_ = true;
   refrescar();
   ui_.s_espe->setFocus();
+  if (const int grupo = argumentos.value(u"grupo"_s, 0).toInt(); grupo > 0) elegirGrupo(grupo);
   return {};
+}
+
+// The latest task of a group; where it has none, how one goes about it.
+void gestcommVentana::elegirGrupo(int grupo) {
+  const auto tareas = visibles();
+  const auto suya = std::ranges::find(tareas.rbegin(), tareas.rend(), grupo,
+                                      [](const motor::VistaTarea& v) { return v.datos.Grupo; });
+  if (suya != tareas.rend()) return ui_.s_espe->irA(ui_.s_espe->filaDe(suya->datos.Id));
+  decirDuda(contexto().textos(kTxGrupoSinTareas, {grupo}));
 }
 
 void gestcommVentana::changeEvent(QEvent* evento) {

@@ -29,6 +29,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void acabado() override;
   void ensuciar();
   void refrescar();
+  void elegirGrupo(int grupo);
   void ponerCola();
   void ponerFila(const motor::VistaTarea& tarea);
   std::vector<motor::VistaTarea> visibles() const;

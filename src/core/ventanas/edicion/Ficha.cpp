@@ -201,7 +201,7 @@ bool Ficha::cambiada() const {
 }
 
 void Ficha::confirmar() {
-  if (leer() && haIdoBien(aplicar())) aplicada();
+  if (leer() && consentida() && haIdoBien(aplicar())) aplicada();
 }
 
 bool Ficha::QueryUnload() {

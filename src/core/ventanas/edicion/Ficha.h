@@ -58,6 +58,7 @@ class Ficha : public Ventana {
 
   // --- kinds of fields over a member of the copy; limits are inclusive
   Modo texto(QString& donde, int largo = 0, bool obligatorio = false) const;
+  Modo cifras(QString& donde, int mayor) const;  // a text of digits, or none
   template <class T>
   Modo numero(T& donde, qint64 menor, qint64 mayor) const {
     return numeroDe([&donde] { return static_cast<qint64>(donde); },
@@ -103,6 +104,10 @@ class Ficha : public Ventana {
   // domain has one; without lines where it stands alone. 0 without lines: the words of the first
   // fault are the box.
   void setFrase(int texto, bool conLineas = true);
+  // The box; the first of them gets the focus.
+  virtual void decir(const std::vector<FaltaCampo>& faltas);
+  // The last word before it is applied; false stays in the sheet.
+  virtual bool consentida() { return true; }
   // Applies the copy: one operation of an engine. On a failure nothing is applied, and it is said.
   virtual Resultado<> aplicar() { return {}; }
   // After a good aplicar(): closes, or hands back.
@@ -114,7 +119,7 @@ class Ficha : public Ventana {
   bool leer();  // the fields into the copy; false, and it has been said, when something is wrong
   bool leerCallada();  // the same without the box
   virtual bool cambiada() const;
-  void confirmar();  // what "Acepto" does
+  virtual void confirmar();  // what "Acepto" does
 
   QPushButton* acepto() const { return acepto_; }
   QPushButton* cancelo() const { return cancelo_; }
@@ -126,7 +131,6 @@ class Ficha : public Ventana {
   Modo codigoDe(std::function<qint64()> ver, std::function<void(qint64)> poner, int cifras,
                 qint64 menor, qint64 mayor) const;
   std::vector<FaltaCampo> faltas();
-  void decir(const std::vector<FaltaCampo>& faltas);
 
   std::vector<Campo*> campos_;
   QPushButton *acepto_ = nullptr, *cancelo_ = nullptr;

@@ -52,6 +52,8 @@ struct Parrilla::Interior {
   bool editar(const QModelIndex& celda, std::optional<QString> texto = {});
   bool teclaEdicion(const QKeyEvent& evento);
   void seguirEditando(int pasos);
+  void escribirVarias(const std::vector<int>& filas, const QStringList& textos);
+  void hacerSitio();
   void resolver();
   void ceder();
   void rechazar(const QModelIndex& celda, const QString& texto, const Error& error);
@@ -91,6 +93,7 @@ struct Parrilla::Interior {
   bool conPie = true, conBusca = true, colocando = false;
   bool exportando = false, presentada = false;
   bool elasticas = true;                // the person has set no width, order or column yet
+  std::vector<int> sinSitio;            // columns that gave way
   std::unique_ptr<Temporizador> sumar;  // sums wait for the list to be at rest
 };
 

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMenu>
+#include <QRegularExpression>
 
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
@@ -140,6 +141,14 @@ bool Parrilla::Interior::tecla(QKeyEvent& e) {
     yo.copiar();
     return true;
   }
+  if (e.matches(QKeySequence::Paste)) {
+    yo.pegar();
+    return true;
+  }
+  if (e.key() == Qt::Key_D && e.modifiers() == Qt::ControlModifier) {
+    yo.rellenar();
+    return true;
+  }
   if (e.key() == Qt::Key_Escape && trabajo->enMarcha()) {
     trabajo->parar();
     return true;
@@ -234,9 +243,12 @@ void Parrilla::copiar() {
 void Parrilla::exportar() {
   if (!modelo()) return;
   const Retenida mientras(this);
+  // The file is called as the window, without what no file may be called.
+  QString nombre = window()->windowTitle().remove(QRegularExpression(uR"([/\\:*?"<>|])"_s));
+  nombre = nombre.simplified();
+  if (nombre.isEmpty()) nombre = d->ventana.section(u'#', 0, 0);
   const QString ruta = QFileDialog::getSaveFileName(
-      window(), d->t(kTxExportar),
-      d->c->ajustes.carpeta + u'/' + d->ventana.section(u'#', 0, 0) + u".xlsx"_s,
+      window(), d->t(kTxExportar).remove(u'&'), d->c->ajustes.carpeta + u'/' + nombre + u".xlsx"_s,
       d->t(kTxTiposExportar));
   if (!ruta.isEmpty()) exportarEn(ruta);
 }
