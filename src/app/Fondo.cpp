@@ -54,8 +54,8 @@ Resultado<> recordarMoneda(dao::Database& db, Ajustes& ajustes) {
 Fondo::Fondo(Cerrojo cerrojo, Ajustes losAjustes, const Textos& losTextos)
     : textos(losTextos), cerrojo_(std::move(cerrojo)), ajustes(std::move(losAjustes)) {}
 
-// Those that labels have of the program itself: words of the table, and units in the currency in
-// which prices are stored.
+// Label texts that come from the program itself: words of the table, and units in the currency of
+// the stored prices.
 static void fijarTextosEtiquetas(Ajustes& a, const Textos& textos) {
   static constexpr int kFijos = 20, kPrimeraUnidad = 2, kUnidades = 3;
   for (int i = 0; i < kFijos; ++i)
@@ -110,7 +110,7 @@ Resultado<std::unique_ptr<Fondo>> Fondo::abrir(const QString& carpeta, Idioma id
     return conMotivo(suyo.error());
   if (const auto hecho = recordarMoneda(*fondo->db, fondo->ajustes); !hecho)
     return fallo(hecho.error().clase, textos(kTxSinArranque).arg(hecho.error().texto));
-  fijarTextosEtiquetas(fondo->ajustes, textos);  // by the currency that counts
+  fijarTextosEtiquetas(fondo->ajustes, textos);  // in the effective currency
   return fondo;
 }
 

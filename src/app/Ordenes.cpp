@@ -21,7 +21,7 @@ std::optional<Idioma> idiomaDe(const QString& letras) {
 
 constexpr int kLetraDeIdioma = 0;  // its number in the table
 
-// The language of the texts, by the letter that the table bears.
+// The language of the texts, by the letter in the table.
 Idioma idiomaDeTabla(const QString& letra) {
   static constexpr std::pair<const char16_t*, Idioma> kLetras[] = {{u"I", Idioma::I},
                                                                    {u"F", Idioma::F},

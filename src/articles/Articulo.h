@@ -61,8 +61,8 @@ struct Articulo {
 enum class Falta { Codigo, Departamento, Formato, Minimo, Hasta1, Hasta2, Descuento };
 std::vector<Falta> faltas(const Articulo& articulo);
 
-// `hoy` with the fields back in which `antes` and `ahora` differ; nothing when one of them stands
-// neither way any more.
+// `hoy` with the fields restored in which `antes` and `ahora` differ; nothing when one of them now
+// has neither value.
 std::optional<Articulo> sinElCambio(Articulo hoy, const Articulo& antes, const Articulo& ahora);
 
 // Its values as the first parameters of a statement, in the order of columnasArticulo().

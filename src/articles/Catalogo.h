@@ -20,8 +20,8 @@ class Catalogo {
   // The existing articles of these keys, in their order. REQUIRES keys in ascending order.
   Resultado<std::vector<Articulo>> leerVarios(std::span<const ClaveArticulo> claves);
 
-  // The next article of the section (1) or the one before (-1), system articles left out; nothing
-  // at the ends. The article of the key needn't be there.
+  // The next article of the section (1) or the previous one (-1), system articles left out; nothing
+  // at the ends. The article of the key need not exist.
   Resultado<std::optional<ClaveArticulo>> vecino(ClaveArticulo clave, int pasos);
 
   // `ventana` names the calling window. Errors: Duplicado (3022) for a code or a bar code already
@@ -33,8 +33,8 @@ class Catalogo {
   Resultado<> modificar(ClaveArticulo clave, const Articulo& articulo, const QString& ventana);
   Resultado<> ponerPrecios(ClaveArticulo clave, const Precios& precios, const QString& ventana);
 
-  // A change of modificar() taken back: what it changed becomes what it was before. NoExiste when
-  // the article is gone; Restriccion, and nothing is changed, when somebody changed the same since.
+  // Undoes a change by modificar(): the changed fields get their former values. NoExiste when the
+  // article is gone; Restriccion, with nothing changed, when the same fields have changed since.
   Resultado<> volver(const Articulo& antes, const Articulo& ahora, const QString& ventana);
 
   // Deletes the existing ones, except system articles; returns how many.

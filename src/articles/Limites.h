@@ -31,8 +31,8 @@ Error errorDe(FaltaPrecio falta, const QString& texto, const Ajustes& ajustes,
 // others.
 std::optional<QString> avisoPrecio(qint64 precio, const Ajustes& ajustes, const Textos& textos);
 
-// The same for a price that takes the place of another: also of one that becomes 0, or is more than
-// half away from what it was.
+// The same for a price that replaces another: also warns of one that becomes 0, or changes by more
+// than half.
 std::optional<QString> avisoCambio(qint64 antes, qint64 ahora, const Ajustes& ajustes,
                                    const Textos& textos);
 

@@ -39,9 +39,9 @@ class Lotes {
   // tell what others changed, and restores it.
   Resultado<> acabar(qint64 lote);
 
-  // What a batch does with articles of the catalogue, each call one transaction: deletion, and copy
-  // or move to another section. Those whose code or bar code stands there already are left out, and
-  // given.
+  // Operations of a batch on articles of the catalogue, each call one transaction: deletion, and
+  // copy or move to another section. Those whose code or bar code already exists there are left out
+  // and returned.
   Resultado<> borrar(qint64 lote, std::span<const ClaveArticulo> claves);
   Resultado<std::vector<ClaveArticulo>> copiar(qint64 lote, std::span<const ClaveArticulo> claves,
                                                int destino, const QString& ventana);
@@ -105,7 +105,7 @@ class Lotes {
   Reloj& reloj_;
 };
 
-// A batch for as long as it can be taken back: with this object it is forgotten.
+// A batch as long as it can be undone: it is forgotten when this object is destroyed.
 class LoteGuardado {
  public:
   LoteGuardado(const Lotes& lotes, qint64 lote) : lotes_(lotes), lote_(lote) {}

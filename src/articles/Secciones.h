@@ -45,8 +45,8 @@ class Secciones {
     IvasSeccion ivas;
   };
   Resultado<std::vector<Rama>> arbol();
-  // How many articles each department has, by section and number, and each section under
-  // department 0; the system's own aren't counted.
+  // Number of articles in each department, by section and number, and in each section under
+  // department 0; system articles are not counted.
   using CuentaArticulos = std::map<std::pair<int, int>, qint64>;
   static Resultado<CuentaArticulos> contarArticulos(dao::Database& db);
 

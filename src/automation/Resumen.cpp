@@ -25,8 +25,8 @@ constexpr double kNoche = 1;  // days: runs begun within them are the last night
 constexpr int kEjecucionesMiradas = 30;
 constexpr int kSemanas = 4;
 constexpr double kHorarioMirado = 7;      // days
-constexpr double kGracia = 1.0 / 24;      // another process may have gone first
-constexpr double kAdelanto = 1.0 / 1440;  // a run that began a little early is that run
+constexpr double kGracia = 1.0 / 24;      // another process may have run first
+constexpr double kAdelanto = 1.0 / 1440;  // a run that began a little early counts
 
 QString nombreBaseDe(const QString& fichero) {
   return NombreFichero(fichero).section(u'.', 0, 0).toUpper();
@@ -133,8 +133,8 @@ Resultado<> LectorResumen::leerGrupos() {
   return {};
 }
 
-// All groups sold nothing on a day of the week on which they sell: what was read may be of machines
-// that nobody sells with, or that were zeroed by somebody else.
+// No group sold anything on a weekday with usual sales: the machines read may be unused, or may
+// have been zeroed by others.
 Resultado<> LectorResumen::mirarVentas() {
   const auto dia = std::ranges::find(r_.periodos, totals::kDiario, &PeriodoResumen::tipo);
   if (dia == r_.periodos.end() || dia->importe != 0 || dia->media().value_or(0) <= 0) return {};
@@ -301,7 +301,7 @@ void LectorResumen::leerHorario(const QString& ruta) {
   }
 }
 
-// A process that this shop runs, and that nobody ran when its timetable last said so.
+// A process used by this shop that was not run when its timetable last required it.
 void LectorResumen::mirarPerdida(const LineaActivacion& linea, const QString& proceso,
                                  Fecha escrito) {
   const auto suya = ultimas_.find(proceso);

@@ -124,7 +124,7 @@ class LectorResumen {
   std::vector<std::function<Resultado<>()>> pasos_;
   size_t siguiente_ = 0;
   std::map<int, DeGrupo> porGrupo_;
-  std::map<QString, Fecha> ultimas_;  // when each process began last
+  std::map<QString, Fecha> ultimas_;  // the last start of each process
   int veces_ = 0;
 };
 

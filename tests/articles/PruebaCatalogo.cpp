@@ -266,7 +266,7 @@ TEST(Operadores, ElCodigoVaEnTodosLosHuecos) {
   const auto idos = bien(t.operadores.borrar(std::vector<int>{77, 6}));
   EXPECT_EQ(t.leer(huecos), u"1 0 0 0 0 0 | 2 0 0 0 5 6 | 3 0 0 0 0 0 | 4 0 0 0 0 0 | 1 0 0 0 0 0");
   EXPECT_EQ(t.leer(u"select count(*) from OPERS"_s), u"0");
-  t.sql(u"update GRUPOS set OP10_C=8 where CODGPO=1"_s);  // a slot that somebody took meanwhile
+  t.sql(u"update GRUPOS set OP10_C=8 where CODGPO=1"_s);  // a slot taken meanwhile
   EXPECT_EQ(bien(t.operadores.reponer(idos)), 1);
   EXPECT_EQ(t.leer(huecos),
             u"1 77 1 8 77 6 | 2 77 1 77 5 6 | 3 77 1 77 77 6 | 4 77 1 77 77 6 | 1 77 1 77 77 6");

@@ -113,7 +113,7 @@ TEST_F(CronosTest, VariasALaVezEnElOrdenDelFichero) {
   for (const size_t i : {0u, 1u, 2u}) EXPECT_EQ(exitos(i), 1) << i;
 }
 
-// The hour that comes while a person runs a process is not lost.
+// An hour that comes while a person runs a process is not lost.
 TEST_F(CronosTest, EsperaALoQueCorreUnaPersona) {
   horario({linea(u"22:05:00"_s, u"BIEN"_s)});
   tienda_.respuestas.mientras = [this] {

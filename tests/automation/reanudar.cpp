@@ -159,7 +159,7 @@ TEST_F(ReanudarTest, SeDiceYNoSePreguntaOtraVez) {
     EXPECT_EQ(paso.estado, EstadoPaso::Hecho) << "also those of the life before";
 }
 
-// A task that was refused has been told; it isn't tried again.
+// A refused task has been reported; it isn't retried.
 TEST_F(ReanudarTest, LoRechazadoNoSeRepite) {
   const QString proceso = u"T:RXGRTOT,ALL\r\nN:a\r\nC:ESPERA,0,No"_s;
   tienda_.programa()->sql(u"UPDATE GRUPOS SET REMOTO=0 WHERE CODGPO=1"_s);

@@ -171,7 +171,7 @@ TEST(Resumen, LoQueNoCuadra) {
   EXPECT_EQ(r.grupos[1].estado, EstadoGrupo::Bien);
 }
 
-// Nothing sold by anybody on a day of the week on which they sell is no good night.
+// A night without any sales on a weekday with usual sales is not a good one.
 TEST(Resumen, UnaNocheSinVentas) {
   for (const bool seVende : {true, false}) {
     Tienda tienda;
@@ -186,7 +186,7 @@ TEST(Resumen, UnaNocheSinVentas) {
   }
 }
 
-// A timetable whose hour came and went: told of a process that this shop has run, until it runs.
+// A timetable's hour passed without a run: reported for a process used by this shop, until it runs.
 TEST(Resumen, LoQueDebiaEjecutarseYNadieEjecuto) {
   static constexpr struct {
     int horas;  // since the run

@@ -236,8 +236,7 @@ TEST_F(RunnerTest, LoQueNoSeMemorizaNoSePoneACero) {
   EXPECT_EQ(p->sesion().estado(), 2);
 }
 
-// A reading that waits for its memorisation keeps out the next one: what has been sold since is in
-// the machine alone.
+// A reading waiting for its memorisation blocks the next one: later sales are only in the machine.
 TEST_F(RunnerTest, LoQueNoSePudoLeerNoSePoneACero) {
   const auto p = tienda_.programa();
   correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nT:TX_ZERO,1\r\nC:ESPERA,0,No"_s, *p);

@@ -178,6 +178,7 @@ TEST_F(Enlace, Portadora) {
 }
 
 // --- two clients on one link
+// -----------------------------------------------------------------------
 
 TEST_F(Enlace, SeComparteSinReabrirYSinPerderLoEnVuelo) {
   auto& e = abierto(Para::VekMotor);

@@ -53,14 +53,14 @@ class TiendaDeLibros : public Tienda {
   totals::Contadores vendido(int numero) const;
   std::vector<qint64> responder(int numero, int addr, bool olvido);
   QString textoAvisos() const;
-  // The next day, of a new run.
+  // The next day, with a new run.
   void amanecer(int dias = 1);
-  // From here on the periods hold what is sold: nothing is in the machines.
+  // From here on the periods hold all sales: the machines are empty.
   void desdeCero();
-  // While the disk is full, a trigger (what follows its name), nothing is memorised and group 1 is
-  // not zeroed; after that nothing is missing.
+  // While the disk is full, by a trigger (the text after its name), nothing is memorised and group
+  // 1 is not zeroed; afterwards nothing is missing.
   void nadaSeMemoriza(const QString& disparador);
-  // The periods hold what the group sold, of all kinds.
+  // The periods hold the group's sales, in all kinds.
   void cuadra(int numero) const;
 
   dao::Database& db() { return *p_->db; }

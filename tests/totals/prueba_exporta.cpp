@@ -133,7 +133,7 @@ TEST_F(Exporta, DeletesOnlyWhatIsOnDisk) {
   EXPECT_FALSE(bien(xporTot.XportRemoto({}, {}, u"x"_s, QString())));
   EXPECT_FALSE(xporTot.XportRemoto({dia, 99}, {false, true}, u"x"_s, QString()));
   {
-    const auto t = dao::Transaccion::empezar(*db);  // which somebody may take back
+    const auto t = dao::Transaccion::empezar(*db);  // which may be rolled back
     ASSERT_TRUE(t);
     EXPECT_FALSE(xporTot.XportRemoto({dia}, {false, true}, u"x"_s, QString()));
   }
@@ -220,7 +220,7 @@ TEST_F(Exporta, AKillLeavesNoHalfBlock) {
       EXPECT_EQ(fichero(u"nuevo.EXP"_s), kLargo);
     }
   }
-  // Somebody has put another file in its place, changed what was there, or written after it.
+  // The file has been replaced, changed, or appended to by others.
   const QByteArray antes = "*antes\r\n", nuestro(100000, '*'),
                    bloques = kLargo + QByteArray(kLargo);
   for (const auto& [nombre, ahora] : {std::pair("x.EXP", "*otro\r\n" + bloques),

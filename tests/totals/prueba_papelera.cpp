@@ -50,7 +50,7 @@ TEST(Papelera, DevuelveLosPeriodosConTodoLoSuyo) {
   EXPECT_EQ(bien(t.papelera.restaurar(lote)), 2);
   EXPECT_EQ(t.todo(), antes);
   EXPECT_EQ(bien(t.papelera.restaurar(lote)), 0);
-  // What is replaced while the week is away takes the number of no version of the week's.
+  // A period replaced while the week is deleted gets no number of the week's versions.
   const qint64 otro = t.crear(kDiario, "12/06/2018");
   t.plu(otro, 7, 1);
   ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kSemanal, t.col(otro))));

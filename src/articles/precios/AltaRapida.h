@@ -46,7 +46,7 @@ class AltaRapida {
 
   // The code for the text; nothing when it isn't one that a person may choose.
   std::optional<qint64> codigoDe(const QString& texto) const;
-  // What is wrong with a field, in words; nothing when it is valid.
+  // The fault in a field, in words; nothing when it is valid.
   Resultado<std::optional<QString>> falta(CampoAlta campo, const EntradaAlta& e);
   // Adds it, in one transaction. Duplicado when the section has that code. REQUIRES valid fields.
   Resultado<articles::Articulo> anadir(const EntradaAlta& e, const QString& ventana);

@@ -84,19 +84,20 @@ class Ofertas {
   // Writes the offer in each of the groups, over existing ones. One transaction.
   Resultado<> guardar(const OfertaNueva& oferta, std::span<const int> grupos);
 
-  // What a change of prices was made on, as it was before, to take it back.
+  // The offers changed by a change of prices, in their former state, to undo it.
   struct CambioPrecios {
     PreciosOferta precios;
-    Dia desde, hasta;             // that all of them have since
-    std::vector<Oferta> ofertas;  // the one that was written into, and those that took its prices
+    Dia desde, hasta;             // of all of them since the change
+    std::vector<Oferta> ofertas;  // the changed one, and those that took its prices
     int otras() const { return static_cast<int>(ofertas.size()) - 1; }
   };
-  // Other prices of one offer; with `sincro` the article's offers in all other groups take its
-  // prices and its days. NoExiste when the offer is gone.
+  // New prices for one offer; with `sincro` the article's offers in all other groups take its
+  // prices and days. NoExiste when the offer is gone.
   Resultado<CambioPrecios> ponerPrecios(const ClaveOferta& clave, const PreciosOferta& precios,
                                         bool sincro);
-  // Those that are as the change left them; how many others stay as they are. NoExiste when the
-  // first one is gone, Restriccion when it was changed since: then nothing changes.
+  // Restores those that are as the change left them; returns how many others stay as they are.
+  // NoExiste when the first one is gone, Restriccion when it has changed since: then nothing
+  // changes.
   Resultado<int> deshacer(const CambioPrecios& cambio);
 
   // The offers changed by a change of dates, to undo it.

@@ -80,15 +80,15 @@ Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const Cl
   return r;
 }
 
-// Machines that are read one after another give spans that end some moments apart. Those of one
-// round are one span.
+// Machines read one after another have spans that end some moments apart. Those of one round become
+// one span.
 void igualarRonda(std::vector<Recibido>& recibidos) {
   std::vector<Periodo> rondas;
   const auto deLaRonda = [](const Periodo& ronda, const Periodo& p) {
     return std::abs(ronda.desde - p.desde) <= kRonda && std::abs(ronda.hasta - p.hasta) <= kRonda;
   };
   std::vector<std::pair<Recibido*, size_t>> suyas;
-  std::vector<Periodo> primeras;  // nearness is to the first one: rounds don't grow into the next
+  std::vector<Periodo> primeras;  // compared with the first one: a round doesn't grow into the next
   suyas.reserve(recibidos.size());
   for (Recibido& r : recibidos) {
     if (r.periodo.tipo != kOtros) continue;
@@ -195,7 +195,7 @@ Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
   return tr.confirmar();
 }
 
-// Of each group the amount of its grand total, else of the first kind that it has.
+// For each group the amount of its grand total, else of its first kind.
 Resultado<EnBandeja> CerrSes::enBandeja() const {
   EnBandeja b;
   std::map<int, const Recibido*> cuenta;

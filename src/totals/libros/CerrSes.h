@@ -18,9 +18,9 @@ struct Propuesto {
   int cuenta = 0;
 };
 
-// What memorising would bring, and of whom nothing would be in it.
+// What memorising would bring, and the groups missing from it.
 struct EnBandeja {
-  qint64 importe = 0;       // minor units of stored money, without what is memorised already
+  qint64 importe = 0;       // minor units of stored money, without what is already memorised
   std::vector<int> faltan;  // groups that communicate, by number
 };
 
@@ -37,7 +37,7 @@ class CerrSes {
   Resultado<> AnalizarScratch(std::vector<Aviso>& avisos);
   const std::vector<Recibido>& recibidos() const { return recibidos_; }
   const std::vector<Propuesto>& propuestos() const { return propuestos_; }
-  // Of what AnalizarScratch found.
+  // The same for what AnalizarScratch found.
   Resultado<EnBandeja> enBandeja() const;
   int elegido() const { return elegido_; }  // index of the dominant period, -1 for none
   // Takes another of the proposed periods in place of the dominant one; the choice holds as long as
