@@ -4,8 +4,7 @@ namespace tarvo::app {
 
 namespace {
 
-constexpr int kSilencioMs =
-    3 * 60 * 1000;  // for a program that reports every 20 s that it is working
+constexpr int kSilencioMs = 3 * 60 * 1000;  // for one that reports every 20 s
 
 }  // namespace
 

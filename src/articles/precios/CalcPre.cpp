@@ -10,8 +10,7 @@ namespace tarvo::precios {
 
 namespace {
 
-constexpr double kMayor =
-    std::numeric_limits<qint32>::max();  // the greatest value of a price column
+constexpr double kMayor = std::numeric_limits<qint32>::max();  // of a price column
 constexpr double kMayorPc = 99'999;
 
 qint64 acotado(qint64 n) {

@@ -35,11 +35,7 @@ Resultado<std::map<int, Testimonios>> testimoniosDeGrupo(dao::Database& db,
                                                          const std::vector<Releida>& lista,
                                                          int grupo);
 
-enum class Veredicto {
-  Guarda,
-  Olvido,
-  Duda
-};  // still holds its memorised counters, forgot them, either
+enum class Veredicto { Guarda, Olvido, Duda };  // holds its memorised counters, forgot, either
 // `sospecha`: an order to forget was sent and may not have been heard. `todas`: every memorised
 // kind of the machine was reread.
 Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas);
