@@ -23,7 +23,7 @@ struct ClaseTotal {
   bool conHora;            // rows have a HORA of their own
 };
 
-// All six, PrimerTotal first. In another language than Spanish they end one earlier: see enVigor.
+// All six, PrimerTotal first. In languages other than Spanish they end one earlier: see enVigor.
 std::span<const ClaseTotal> todasLasClases();
 // The kinds from PrimerTotal to UltimoTotal of this language.
 std::span<const ClaseTotal> enVigor(const Ajustes& ajustes);
