@@ -73,8 +73,8 @@ struct Motor {
   totals::Sesion sesion{db, ajustes, reloj, textosDePrueba()};
   totals::Periodos periodos{db, ajustes, almacenes, textosDePrueba()};
   totals::CerrSes cerrSes{sesion, periodos};
-  totals::VerTot verTot{periodos, db, ajustes};
-  totals::XporTot xporTot{db, periodos, ajustes};
+  totals::VerTot verTot{periodos};
+  totals::XporTot xporTot{periodos};
   motor::RegistroTareas registro = tareas::registro();
   enlace::Enlaces enlaces{reloj, ajustes, fabrica, azar};
   motor::gestcomm gestcomm{{db, ajustes, reloj, sesion, textosDePrueba()}, enlaces, registro};

@@ -57,7 +57,7 @@ int exporta(int mib) {
                    link));
   const qint64 antes = qint64{mib} << 20;
   if (mib > 0) hacerFichero(carpeta.filePath(QStringLiteral("VENTAS.EXP")), antes);
-  totals::XporTot xporTot(*db, periodos, ajustes);
+  totals::XporTot xporTot(periodos);
   if (!bien(xporTot.XportRemoto({link}, {}, QStringLiteral("VENTAS"), QStringLiteral("1.1"))))
     morir(QStringLiteral("nada exportado"));
   const qint64 largo = QFile(carpeta.filePath(QStringLiteral("VENTAS.EXP"))).size() - antes;

@@ -123,7 +123,8 @@ int main(int argc, char** argv) {
   const motor::RegistroTareas registro = tareas::registro();
   motor::gestcomm motor({*db, ajustes, reloj, sesion, textos}, enlaces, registro);
   ventanas::Escritorio escritorio(qt, *db, ajustes, textos, reloj, ventanas::Cara::Clara, {});
-  comm::registrarVentanasComm(escritorio.ventanas(), {motor, enlaces, sesion, registro});
+  const envios::Grupos grupos(*db, ajustes, textos, reloj);
+  comm::registrarVentanasComm(escritorio.ventanas(), {motor, enlaces, sesion, registro, grupos});
   for (int i = 0; i < kTareas; ++i)
     if (motor.NuevaTarea(1 + i % kGrupos, true, 0, 9999999, TipoTarea::RxPlus) != 0)
       banco::morir(u"a task couldn't be queued"_s);

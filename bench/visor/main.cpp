@@ -47,8 +47,8 @@ class Banco {
   }
 
   ventanas::Ventana* abrir(int link) {
-    auto* v = escritorio_.ventanas().abrir(u"VerCols#%1"_s.arg(link), nullptr,
-                                           {{u"link"_s, link}, {u"clase"_s, totals::kPLUs}});
+    auto* v =
+        escritorio_.ventanas().abrir(totals::PuertaVerCols{.link = link, .clase = totals::kPLUs});
     v->resize(1366, 720);
     return v;
   }

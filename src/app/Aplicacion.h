@@ -6,8 +6,12 @@
 
 #include "app/Carpeta.h"
 #include "articles/Catalogo.h"
+#include "articles/LotesAMedias.h"
 #include "automation/Cronos.h"
+#include "automation/Resumen.h"
+#include "automation/historia/Pendientes.h"
 #include "comm/cables/LinkSocket.h"
+#include "comm/envios/Grupos.h"
 #include "comm/motor/gestcomm.h"
 #include "core/textos/Textos.h"
 #include "stock/Almacenes.h"
@@ -65,6 +69,13 @@ class Aplicacion {
   motor::gestcomm& gestcomm();
   enlace::Enlaces& enlaces();
   const motor::RegistroTareas& registro() const;
+  envios::Grupos& grupos();
+  automation::Pendientes& debidos();
+  // What the morning shows, to be read in steps; `enMarcha`: the run that is under way.
+  std::shared_ptr<automation::LectorResumen> resumen(std::optional<qint64> enMarcha);
+  Resultado<std::vector<articles::LoteAMedias>> lotesAMedias() const;
+  // Tickets that were left open on another day; none is no fault.
+  Resultado<> olvidarTiquesViejos();
   articles::Catalogo& catalogo();
   stock::Almacenes& almacenes();
   totals::Sesion& sesion();

@@ -84,7 +84,7 @@ bool Automat::Interior::avanzar() {
     fallar(hecho.error());
   else if (*hecho) {
     pendiente = false;
-    marcar(EstadoPaso::Hecho);
+    pasoHecho();
     mirarPronto();
   }
   return false;
@@ -137,6 +137,7 @@ bool Automat::Interior::acabar() {
       t.motor.VigilaProcesos(vigilancia.reintentos, true, vigilancia.vigilante);
     return false;
   }
+  asentarVistas();
   terminar(resultado, kAcabado, kTxFinalizada);
   return true;
 }

@@ -38,10 +38,11 @@ enum FaseProceso : int {
   kAcabado = 8,
 };
 
-// The state of a step of the current run.
-enum class EstadoPaso : int { Pendiente, EnCurso, Hecho, ConProblemas, Interrumpido };
+// The state of a step of the current run. What it queued hasn't ended yet: EnCola.
+enum class EstadoPaso : int { Pendiente, EnCurso, Hecho, ConProblemas, Interrumpido, EnCola };
 struct VistaPaso {
   QString texto;  // its text as a line
+  QString dicho;  // what it does, in words
   EstadoPaso estado = EstadoPaso::Pendiente;
   QString motivo;  // of its first problem
 };

@@ -46,6 +46,8 @@ struct Automat::Interior final : motor::Observador {
   void marcar(EstadoPaso estado, const QString& motivo = {});
   void pasosDesdeElPrincipio();
   void interrumpirVistas();
+  void asentarVistas();
+  void pasoHecho();
 
   // --- trace
   void escribir(const QStringList& lineas);

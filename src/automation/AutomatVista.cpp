@@ -18,12 +18,28 @@ void Automat::Interior::marcar(EstadoPaso estado, const QString& motivo) {
 
 void Automat::Interior::pasosDesdeElPrincipio() {
   vistas.clear();
-  for (const auto& linea : lineas) vistas.push_back({linea, EstadoPaso::Pendiente, {}});
+  vistas.reserve(originales.size());
+  for (const auto& p : originales)
+    vistas.push_back(
+        {lenguaje.EscribirPaso(p), lenguaje.DecirPaso(p), EstadoPaso::Pendiente, QString()});
 }
 
 void Automat::Interior::interrumpirVistas() {
   for (auto& v : vistas)
-    if (v.estado == EstadoPaso::EnCurso) v.estado = EstadoPaso::Interrumpido;
+    if (v.estado == EstadoPaso::EnCurso || v.estado == EstadoPaso::EnCola)
+      v.estado = EstadoPaso::Interrumpido;
+}
+
+// What was queued has ended.
+void Automat::Interior::asentarVistas() {
+  for (auto& v : vistas)
+    if (v.estado == EstadoPaso::EnCola) v.estado = EstadoPaso::Hecho;
+}
+
+void Automat::Interior::pasoHecho() {
+  const PasoProceso& paso = pasos[static_cast<size_t>(indice)];
+  if (std::holds_alternative<PasoControl>(paso)) asentarVistas();
+  marcar(std::holds_alternative<PasoTarea>(paso) ? EstadoPaso::EnCola : EstadoPaso::Hecho);
 }
 
 bool Automat::enMarcha() const {

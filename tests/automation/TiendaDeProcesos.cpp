@@ -144,8 +144,8 @@ struct Programa::Piezas {
   stock::Almacenes almacenes{*db, reloj, textosDePrueba()};
   totals::Periodos periodos{*db, ajustes, almacenes, textosDePrueba()};
   totals::CerrSes cerrSes{sesion, periodos};
-  totals::VerTot verTot{periodos, *db, ajustes};
-  totals::XporTot xporTot{*db, periodos, ajustes};
+  totals::VerTot verTot{periodos};
+  totals::XporTot xporTot{periodos};
   pruebas::FabricaMemoria cables{reloj};
   Azar azar{1};
   enlace::Enlaces enlaces{reloj, ajustes, cables, azar};

@@ -18,9 +18,9 @@ struct TiendaDeTotales : TiendaVacia {
   RelojVirtual reloj{momento("05/06/2018 22:15:00")};
   stock::Almacenes almacenes{*db, reloj, textosDePrueba()};
   totals::Periodos periodos{*db, ajustes, almacenes, textosDePrueba()};
-  totals::VerTot verTot{periodos, *db, ajustes};
-  totals::XporTot xporTot{*db, periodos, ajustes};
-  totals::ImpTot impTot{*db, periodos, ajustes};
+  totals::VerTot verTot{periodos};
+  totals::XporTot xporTot{periodos};
+  totals::ImpTot impTot{periodos};
 
   TiendaDeTotales() {
     bien(totals::asegurarTablasTotales(*db));

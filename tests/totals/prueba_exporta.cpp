@@ -472,7 +472,8 @@ TEST_F(Exporta, ABadLineUndoesItsBlockAndIsNamed) {
 TEST(ExportaFuera, AnotherLanguageHasNoOperatorByHour) {
   prueba::TiendaDeTotales t;
   const Ajustes uk(t.carpeta.path(), Idioma::UK);
-  ImpTot impTot(*t.db, t.periodos, uk);
+  Periodos periodos(*t.db, uk, t.almacenes, textosDePrueba());
+  ImpTot impTot(periodos);
   std::vector<ImpTot::Hecho> hechos;
   EXPECT_FALSE(impTot.importarBytes(kLargo, u"X.EXP"_s, SiExiste::Borrarlo, hechos));
 }

@@ -17,7 +17,7 @@ namespace {
 
 struct ConPapelera : TiendaDeTotales {
   ConPapelera() { bien(asegurarTablasLibros(*db)); }
-  Papelera papelera{*db, periodos, ajustes};
+  Papelera papelera{periodos};
   QString todo() {
     QString texto;
     for (const char16_t* t :
@@ -97,7 +97,7 @@ TEST(Periodos, LosMayoresSiguenAlQueCambiaDeFechaODeTotales) {
   const qint64 dia = t.crear(kDiario, "05/06/2018");
   t.plu(dia, 7, 3);
   ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kSemanal, t.col(dia))));
-  bien(aplicarManuales(*t.db, t.periodos, dia,
+  bien(aplicarManuales(t.periodos, dia,
                        {{kPLUs, 1, 7, 0, {1, 0, 50, 0}}, {kOperHora, 1, 5, 9, {2, 0, 20, 0}}}));
   EXPECT_EQ(t.plus(dia + 1), u"1 7 4 30 350 3000");
   bien(t.periodos.CambiarPeriodo(dia, kDiario, momento("12/06/2018"), momento("12/06/2018")));
@@ -136,10 +136,10 @@ TEST(ConsultaFilas, SeriesYResumen) {
   EXPECT_EQ(puntos[0].codigo, 9);
   FiltroCodigo c;
   c.codigo = 9, c.seccion = 3;
-  const auto dias = bien(evolucion(*t.db, c));
+  const auto dias = bien(evolucion(t.periodos, c));
   ASSERT_EQ(dias.size(), 2U);
   EXPECT_EQ(dias[0].importe, 600);
-  const Resumen r = bien(resumir(*t.db, t.ajustes, {dia, otro}));
+  const Resumen r = bien(resumir(t.periodos, {dia, otro}));
   EXPECT_EQ(r.grupos, 2);
   EXPECT_EQ(r.filas, 6);
   EXPECT_EQ(r.importe, 1000);

@@ -339,13 +339,13 @@ TEST_F(VerTotDe, NamesWhatASumCountsTwiceAndTakesItBack) {
 
   const QString antes = plus(semana());
   verTot.ponerSeleccion({lunes, jueves});
-  Papelera papelera(*db, periodos, ajustes);
+  Papelera papelera(periodos);
   const qint64 lote = bien(papelera.nuevoLote());
   EXPECT_TRUE(bien(verTot.SumarIntv(lote)));
   EXPECT_NE(bien(papelera.nuevoLote()), lote);
   EXPECT_EQ(plus(semana()), u"1 7 4 40 400 4000 | 1 8 10 100 1000 10000"_s);
   EXPECT_EQ(plus(mes), plus(semana())) << "larger periods follow";
-  Sumas sumas(*db, periodos, ajustes);
+  Sumas sumas(periodos);
   EXPECT_EQ(bien(sumas.repetidos(semana())).size(), 2U);
   EXPECT_EQ(solapes({lunes, jueves}), u"1+2 dentro 1+2 dentro"_s);
   plu(jueves, 9, 1);  // later additions to the parts don't belong to the sum
@@ -367,7 +367,7 @@ TEST_F(VerTotDe, ASumIntoANewPeriodGoesWhole) {
                                                   suma->periodo.hasta, false, {}));
   EXPECT_TRUE(bien(verTot.SumarIntv(9)));
   EXPECT_EQ(plus(total), u"1 7 1 10 100 1000 | 1 8 2 20 200 2000"_s);
-  bien(Sumas(*db, periodos, ajustes).deshacer(total, 9, true));
+  bien(Sumas(periodos).deshacer(total, 9, true));
   EXPECT_FALSE(bien(periodos.columna(total)));
   EXPECT_EQ(leer(u"select count(*) from Sumados"_s), u"0"_s);
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/Aplicacion.h"
+#include "app/ventanas/Lleva.h"
 #include "core/ventanas/marco/Captura.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_MainTarvo.h"
@@ -32,7 +33,7 @@ class MainTarvo final : public ventanas::Ventana {
   void ponerEntradas();
   void ponerLetras();
   void mostrarPanel(Panel panel);
-  void abrir(const QString& ventana, const ventanas::Argumentos& argumentos = {});
+  void ir(const Lleva& adonde);
   void salir();
   void minimizar();
   void reaparecer();

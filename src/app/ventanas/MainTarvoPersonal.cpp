@@ -8,6 +8,7 @@
 #include "app/ventanas/Puertas.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Retenida.h"
 #include "core/ventanas/marco/Ventanas.h"
 
@@ -85,7 +86,13 @@ void MainTarvo::ejecutarPersonal(const QString& titulo) {
   if (cual == a.personal.end()) return;
   const QString aut = Ajustes::ruta(cual->proceso + u".AUT"_s, a.HomeDir);
   const auto fichero = app_.lenguaje().LeerProceso(aut);
-  if (fichero && fichero->activaciones.empty()) return abrir(u"Automat"_s, {{u"proceso"_s, aut}});
+  if (fichero && fichero->activaciones.empty()) {
+    if (ventanas::MyMsgBox::Decide(this, contexto().textos,
+                                   contexto().textos(kTxEjecutarAhora, {titulo, cual->proceso}),
+                                   ventanas::kAceptoCancelo))
+      ir(automation::PuertaAutomat{aut});
+    return;
+  }
   const QString cro = Ajustes::ruta(cual->proceso + u".CRO"_s, a.HomeDir);
   // With a process that can't be read and no timetable, what is wrong is in the process.
   if (!fichero && QFile::exists(aut) && !QFile::exists(cro)) return decirFallo(fichero.error());
@@ -94,8 +101,7 @@ void MainTarvo::ejecutarPersonal(const QString& titulo) {
 
 // The window of a timetable that was taken over takes this one's place.
 void MainTarvo::activar(const QString& ruta) {
-  if (!contexto().ventanas.conoce(u"Cronos"_s)) return decirDuda(t(kTxSinEstaVentana));
-  contexto().ventanas.abrir(u"Cronos"_s, this, {{u"horario"_s, ruta}});
+  ir(automation::PuertaCronos{ruta});
 }
 
 // --- changing the list --------------------------------------------------------------------------

@@ -79,17 +79,14 @@ QString Redactor::frase(const automation::EjecucionHecha& e) const {
 // The trace tells all of a run.
 void Redactor::ponerTraza(Renglon& r) const {
   const QString& traza = r_.ejecuciones.front().traza;
-  r.ventana = u"VeoLog"_s;
-  if (!traza.isEmpty()) r.argumentos[u"fichero"_s] = Ajustes::ruta(traza, a_.HomeDir);
+  r.lleva = traza.isEmpty() ? automation::PuertaVeoLog()
+                            : automation::PuertaVeoLog{Ajustes::ruta(traza, a_.HomeDir)};
 }
 
 Renglon Redactor::noche() const {
   if (r_.ejecuciones.empty())
-    return {.palabra = {},
-            .titulo = t_(kTxSinNoche),
-            .texto = t_(kTxSinNocheQueHacer),
-            .valor = {},
-            .ventana = {}};
+    return {
+        .palabra = {}, .titulo = t_(kTxSinNoche), .texto = t_(kTxSinNocheQueHacer), .valor = {}};
   const FinEjecucion fin = r_.ejecuciones.front().fin;
   const bool fallos = r_.cuantos(EstadoGrupo::Fallido) > 0;
   const bool dudas = r_.cuantos(EstadoGrupo::Dudoso) > 0 || !r_.avisos.empty();
@@ -120,15 +117,14 @@ std::vector<Renglon> Redactor::deArranque() const {
                      .palabra = t_(kTxVerAjustes),
                      .titulo = t_(kTxBaseFuera),
                      .texto = t_(kTxBaseFueraQue, {a_.BaseDatos, a_.carpeta}),
-                     .valor = {},
-                     .ventana = {}});
+                     .valor = {}});
   for (const QString& duda : dudasDe(a_, t_).mid(0, kAvisosVistos))
     lista.push_back({.estado = Estado::Duda,
                      .palabra = t_(kTxVerAjustes),
                      .titulo = {},
                      .texto = duda,
                      .valor = {},
-                     .ventana = u"PortalCnf"_s});
+                     .lleva = PuertaPortalCnf()});
   return lista;
 }
 
@@ -140,14 +136,14 @@ std::vector<Renglon> Redactor::avisos() const {
                      .titulo = {},
                      .texto = Plural(t_(kTxHayDudasCero), r_.dudasCero),
                      .valor = {},
-                     .ventana = u"DudasCero"_s});
+                     .lleva = totals::PuertaDudasCero()});
   if (r_.debidos > 0)
     lista.push_back({.estado = Estado::Duda,
                      .palabra = t_(kTxVerDebidos),
                      .titulo = {},
                      .texto = Plural(t_(kTxQuedaPorHacer), r_.debidos),
                      .valor = {},
-                     .ventana = u"Debidos"_s});
+                     .lleva = automation::PuertaDebidos()});
   const size_t hasta = lista.size() + kAvisosVistos;
   for (const auto& aviso : r_.avisos) {
     if (lista.size() == hasta) break;
@@ -155,8 +151,7 @@ std::vector<Renglon> Redactor::avisos() const {
               .palabra = t_(kTxVerAviso),
               .titulo = {},
               .texto = aviso.texto,
-              .valor = {},
-              .ventana = {}};
+              .valor = {}};
     ponerTraza(r);
     lista.push_back(std::move(r));
   }
@@ -199,8 +194,11 @@ const automation::PeriodoResumen& Redactor::principal() const {
 }
 
 Renglon Redactor::ventas() const {
-  Renglon r{
-      .palabra = {}, .titulo = t_(kTxVentas), .texto = {}, .valor = {}, .ventana = u"VerTot"_s};
+  Renglon r{.palabra = {},
+            .titulo = t_(kTxVentas),
+            .texto = {},
+            .valor = {},
+            .lleva = totals::PuertaVerTot()};
   if (r_.periodos.empty()) {
     r.valor = t_(kTxSinVentas);
     if (!r_.ejecuciones.empty())
@@ -211,7 +209,7 @@ Renglon Redactor::ventas() const {
   r.titulo += u": "_s + p.texto;
   r.valor = ver(Clase::Importe, p.importe) + u' ' +
             a_.MonedaLogo[static_cast<size_t>(a_.MonedaPreferente != 0)].trimmed();
-  r.argumentos[u"link"_s] = p.link;
+  r.lleva = totals::PuertaVerTot{p.link};
   r.texto = p.descripcion;
   if (p.tipo != totals::kDiario) return r;
   r.texto = comparado(p);
@@ -224,12 +222,12 @@ Renglon Redactor::bandeja() const {
             .titulo = t_(kTxBandeja),
             .texto = {},
             .valor = t_(kTxBandejaVacia),
-            .ventana = u"gestcomm"_s};
+            .lleva = comm::PuertaGestcomm()};
   if (r_.bandeja.empty()) {
     r.texto = t_(r_.sesion == 0 ? kTxSesionCerrada : kTxSesionAbierta);
     return r;
   }
-  r.ventana = u"CerrSes"_s;
+  r.lleva = totals::PuertaCerrSes();
   r.estado = Estado::Duda;
   r.valor = Plural(t_(kTxGruposEsperan), static_cast<int>(r_.bandeja.size()));
   Fecha desde = r_.ahora;
@@ -257,18 +255,17 @@ Renglon Redactor::proxima() const {
             .titulo = t_(kTxProxima),
             .texto = t_(kTxSinProximaQueHacer),
             .valor = t_(kTxSinProxima),
-            .ventana = u"EdiCron"_s};
+            .lleva = automation::PuertaEdiCron()};
   if (!r_.proxima) return r;
   const auto& p = *r_.proxima;
   r.valor = horaCorta(p.cuando);
   if (p.activo) {
-    r.ventana = u"Cronos"_s;
+    r.lleva = automation::PuertaCronos();
     r.texto = t_(kTxProximaActiva, {p.proceso, cuando(p.cuando)});
   } else {
     r.estado = Estado::Duda;
     r.texto = t_(kTxProximaParada, {p.proceso, cuando(p.cuando), p.horario});
-    r.ventana = u"EdiCron"_s;
-    r.argumentos[u"horario"_s] = Ajustes::ruta(p.horario, a_.HomeDir);
+    r.lleva = automation::PuertaEdiCron{Ajustes::ruta(p.horario, a_.HomeDir)};
   }
   return r;
 }
@@ -290,18 +287,18 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
             .titulo = nombreGrupo(g.grupo, g.nombre),
             .texto = g.motivo,
             .valor = {},
-            .ventana = u"gestcomm"_s,
-            .argumentos = {{u"grupo"_s, g.grupo}}};
+            .lleva = comm::PuertaGestcomm{g.grupo}};
   // One line; the rest of the reasons is in the tip and in the trace.
   if (g.estado != EstadoGrupo::Bien && g.motivos.size() > 1) {
     r.texto += u' ' + Plural(t_(kTxYMotivosMas), static_cast<int>(g.motivos.size()) - 1);
     r.detalle = g.motivos.join(u'\n');
   }
   ponerImporte(r, g);
-  if (g.estado == EstadoGrupo::Bien) {
-    r.ventana = g.link > 0 ? u"VerCols#%1"_s.arg(g.link) : u"VerTot"_s;
-    if (g.link > 0) r.argumentos[u"link"_s] = g.link;
-  }
+  if (g.estado != EstadoGrupo::Bien) return r;
+  if (g.link > 0)
+    r.lleva = totals::PuertaVerCols{.link = g.link, .grupo = g.grupo};
+  else
+    r.lleva = totals::PuertaVerTot();
   return r;
 }
 
@@ -327,7 +324,7 @@ std::vector<Renglon> Redactor::grupos() const {
                      .titulo = Plural(t_(kTxYMas), static_cast<int>(mas)),
                      .texto = {},
                      .valor = {},
-                     .ventana = u"gestcomm"_s});
+                     .lleva = comm::PuertaGestcomm()});
   return lista;
 }
 
@@ -373,7 +370,7 @@ void anteponerLotes(VistaManana& vista, std::span<const articles::LoteAMedias> l
                       .titulo = {},
                       .texto = articles::decirAMedias(l, textos),
                       .valor = {},
-                      .ventana = l.ventana});
+                      .lleva = PorNombre{l.ventana}});
   vista.avisos.insert(vista.avisos.begin(), lineas.begin(), lineas.end());
 }
 
@@ -400,8 +397,7 @@ void anadirDebe(VistaManana& vista, std::span<const envios::Debe> debe, const Te
                             .titulo = {},
                             .texto = textos(texto, {vistos.join(u", ")}),
                             .valor = {},
-                            .ventana = u"EstadoEnvio"_s,
-                            .argumentos = {{u"grupo"_s, grupo}},
+                            .lleva = comm::PuertaEstadoEnvio{grupo},
                             .detalle = cuales.join(u'\n')});
   };
   linea(Estado::Duda, kTxBalanzasVacias, vacios, vacio);

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "app/ventanas/Lleva.h"
 #include "articles/LotesAMedias.h"
 #include "automation/Resumen.h"
 #include "comm/envios/Debe.h"
@@ -16,8 +17,7 @@ struct Renglon {
   ventanas::Estado estado = ventanas::Estado::Ninguno;
   QString palabra;  // that says the state
   QString titulo, texto, valor;
-  QString ventana;  // where one acts; empty for nowhere
-  ventanas::Argumentos argumentos = {};
+  Lleva lleva = {};                 // where one acts
   QString detalle = {};             // what there is no room for
   std::vector<double> barras = {};  // 0 to 1, the last one is today's; negative for none
   bool operator==(const Renglon&) const = default;

@@ -12,6 +12,7 @@
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
+#include "totals/ventanas/Puertas.h"
 
 namespace tarvo::articles {
 
@@ -58,6 +59,11 @@ void BrowGrupos::montar() {
   unir(ui_.VerPrecios, u"reloj"_s, Qt::Key_F8, [this] {
     if (const auto en = actual()) abrir(PuertaVerPrecios{en->seccion});
   });
+  unir(ui_.VerXtrac, u"totales"_s, Qt::CTRL | Qt::Key_T, [this] {
+    if (const auto en = actual())
+      abrir(totals::PuertaVerFils{
+          .clase = totals::kDepartamentos, .seccion = en->seccion, .codigo = en->departamento});
+  });
   deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
   connect(deshacer_, &ventanas::Deshacer::deshecho, this, [this] { actualCambiado(); });
   ui_.Arbol->setColumnCount(kColumnas);
@@ -67,7 +73,7 @@ void BrowGrupos::montar() {
   ui_.Arbol->setUniformRowHeights(true);
   ui_.Arbol->setContextMenuPolicy(Qt::ActionsContextMenu);
   ui_.Arbol->addActions({ui_.VerArticulos, ui_.NuevaSecc, ui_.NuevoDep, ui_.Renombrar, ui_.Copia,
-                         ui_.Borro, ui_.Iva, ui_.VerPrecios, ui_.Deshacer});
+                         ui_.Borro, ui_.Iva, ui_.VerPrecios, ui_.VerXtrac, ui_.Deshacer});
   ui_.Arbol->header()->setSectionResizeMode(kNombre, QHeaderView::Stretch);
   ui_.Arbol->header()->setStretchLastSection(false);
   for (int c = kNumero; c < kColumnas; ++c)
@@ -185,6 +191,8 @@ void BrowGrupos::actualCambiado() {
     a->setEnabled(en.has_value() && !copia_);
   ui_.NuevaSecc->setEnabled(!copia_);
   ui_.Copia->setEnabled(en && en->departamento == 0 && !copia_);
+  ui_.VerXtrac->setEnabled(en && en->departamento > 0 && !copia_ &&
+                           contexto().ventanas.conoce<totals::PuertaVerFils>());
   ui_.Deshacer->setEnabled(!deshacer_->vacia() && !copia_);
   nombreAntes_ = en ? ui_.Arbol->currentItem()->text(kNombre) : QString();
 }

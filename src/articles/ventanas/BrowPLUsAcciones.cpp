@@ -13,6 +13,7 @@
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "totals/periodos/Clases.h"
+#include "totals/ventanas/Puertas.h"
 
 namespace tarvo::articles {
 
@@ -94,7 +95,7 @@ void BrowPLUs::habilitar() {
   const bool hay = ui_.Grid->filas() > 0 && !trabajando_;
   for (QAction* a : {ui_.Modificar, ui_.Borro, ui_.Copio, ui_.Muevo, ui_.VerPrecios})
     a->setEnabled(hay);
-  ui_.VerXtrac->setEnabled(hay && contexto().ventanas.conoce(u"VerFils"_s));
+  ui_.VerXtrac->setEnabled(hay && contexto().ventanas.conoce<totals::PuertaVerFils>());
   ui_.Calculo->setEnabled(hay && contexto().ventanas.conoce(u"CalcPre"_s));
   ui_.Nuevo->setEnabled(!trabajando_);
   ui_.Deshacer->setEnabled(!deshacer_->vacia() && !trabajando_);
@@ -107,10 +108,10 @@ void BrowPLUs::editarCompleto(bool nuevo) {
   abrir(PuertaXEditPLU{c.seccion, departamento_, c.codigo, nombre()});
 }
 
+// Its sales across time.
 void BrowPLUs::verVentas() {
-  contexto().ventanas.abrir(
-      u"VerFils"_s, this,
-      {{u"seccion"_s, seccion_}, {u"codigo"_s, actual().codigo}, {u"clase"_s, totals::kPLUs}});
+  const ClaveArticulo c = actual();
+  abrir(totals::PuertaVerFils{.seccion = c.seccion, .codigo = c.codigo});
 }
 
 // From the price in hand: that of the list, else that of the prices beside it.

@@ -47,7 +47,7 @@ class XEditPLU final : public ventanas::FichaDe<FichaArticulo> {
   std::vector<FaltaCampo> comprobar() override;
   void decir(const std::vector<FaltaCampo>& faltas) override;
   bool cambiada() const override;
-  bool consentida() override;
+  bool conforme() override;
   Resultado<> aplicar() override;
   void aplicada() override;
   bool eventFilter(QObject* objeto, QEvent* evento) override;

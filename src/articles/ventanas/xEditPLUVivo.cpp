@@ -162,7 +162,7 @@ bool XEditPLU::cambiada() const {
 }
 
 // Asks before it writes over what another window did meanwhile.
-bool XEditPLU::consentida() {
+bool XEditPLU::conforme() {
   if (listaPrecios_->editando() || listaStock_->editando()) return false;
   const auto otro = fichas_.cambiada(antes());
   return haIdoBien(otro) &&

@@ -158,7 +158,7 @@ QString EnvioArticulos::reparo() const {
 }
 
 QString EnvioArticulos::MostrarTraza() const {
-  return e_.textos(kTxPasoArticulo, {Ceros(codigoActual(), 7)});
+  return e_.textos(borrando() ? kTxPasoBorrado : kTxPasoArticulo, {Ceros(codigoActual(), 7)});
 }
 
 }  // namespace tarvo::tareas

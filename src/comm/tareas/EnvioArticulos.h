@@ -34,6 +34,7 @@ class EnvioArticulos : public motor::TrabajoTarea {
 
  protected:
   virtual Resultado<> preparar();
+  virtual bool borrando() const = 0;  // the present step is a deletion
   // The next step; Fin REQUIRES that everything is on disk.
   virtual Resultado<motor::Siguiente> paso() = 0;
   Resultado<motor::Siguiente> fin();

@@ -60,6 +60,7 @@ class ListaDeArticulos : public EnvioArticulos {
   }
 
  protected:
+  bool borrando() const override { return fase_ == kBorrados; }
   Resultado<Siguiente> paso() override {
     for (; fase_ != kFin; siguienteFase()) {
       if (fase_ == kBorrados) {

@@ -84,6 +84,7 @@ class Comparacion final : public EnvioArticulos {
 
  protected:
   Resultado<> preparar() override { return remesa_.empezar(true, {desde_, t_.Hasta}, true); }
+  bool borrando() const override { return fase_ == kBorrar || fase_ == kHacerSitio; }
   Resultado<Siguiente> paso() override {
     for (;;) {
       if (remesa_.faltaSitio()) {

@@ -48,6 +48,9 @@ class Cero final : public motor::TrabajoTarea {
   }
   Resultado<std::vector<totals::Aviso>> cerrar() override { return std::move(avisos_); }
   qint64 avance() const override { return static_cast<qint64>(maquina_); }
+  QString MostrarTraza() const override {
+    return pasos() == 1 ? e_.textos(kTxPasoCero) : e_.textos(kTxPasoCeroDe, {m_.paso, pasos()});
+  }
 
  private:
   Resultado<> preparar();

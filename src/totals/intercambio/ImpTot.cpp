@@ -101,8 +101,7 @@ Resultado<int> leerDetalle(Lector& l, Sumador& sumador, const Ajustes& a,
 
 }  // namespace
 
-ImpTot::ImpTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes)
-    : db_(db), p_(periodos), a_(ajustes) {}
+ImpTot::ImpTot(Periodos& periodos) : db_(periodos.base()), p_(periodos), a_(periodos.ajustes()) {}
 
 // The period of the general schedule. Dates that match a calendar period to the second are that
 // period, even where the shop was closed: it was exported as such.

@@ -33,8 +33,7 @@ std::unexpected<Error> noCabe(const Columna& periodo, const FilaExport& f, const
 
 }  // namespace
 
-XporTot::XporTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes)
-    : db_(db), p_(periodos), a_(ajustes) {}
+XporTot::XporTot(Periodos& periodos) : db_(periodos.base()), p_(periodos), a_(periodos.ajustes()) {}
 
 QString XporTot::rutaDestino(const QString& nombre) const {
   QString n = nombre.trimmed();

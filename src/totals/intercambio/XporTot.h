@@ -19,7 +19,7 @@ struct OpcionesExport {
 
 class XporTot {
  public:
-  XporTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
+  explicit XporTot(Periodos& periodos);
 
   // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a dot), after
   // what the file holds; a file that is not an export of periods (the database, a process) is an
@@ -69,7 +69,7 @@ class Importacion;
 // does) or added to, along with larger periods and stock.
 class ImpTot {
  public:
-  ImpTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
+  explicit ImpTot(Periodos& periodos);
   struct Hecho {
     qint64 link;
     Periodo periodo;

@@ -225,6 +225,10 @@ Resultado<EnBandeja> CerrSes::enBandeja() const {
   return b;
 }
 
+void CerrSes::describir(const QString& patron, Fecha ahora) {
+  Descrip = ExpandirNombre(patron, ahora, s_.base());
+}
+
 void CerrSes::elegir(int indice) {
   if (indice < 0 || indice >= static_cast<int>(propuestos_.size())) return;
   elegido_ = indice;

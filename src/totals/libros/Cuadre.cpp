@@ -119,6 +119,22 @@ Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajust
   return lista;
 }
 
+Resultado<CuadreDePeriodo> cuadreDe(const Periodos& periodos, qint64 link) {
+  CuadreDePeriodo c;
+  TARVO_INTENTAR(dao::recorrer(
+      periodos.base().consultar(u"SELECT DISTINCT GRUPO FROM TOTGRT WHERE LINK=? ORDER BY GRUPO",
+                                link),
+      [&](const dao::Recordset& fila) -> Resultado<> {
+        const auto grupo = static_cast<int>(fila.entero(0));
+        TARVO_TOMAR(const auto lista,
+                    compararTotales(periodos.base(), periodos.ajustes(), link, grupo));
+        c.hay = c.hay || !lista.empty();
+        if (!std::ranges::all_of(lista, &Comparado::cuadra)) c.malos.push_back(grupo);
+        return {};
+      }));
+  return c;
+}
+
 Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, const Textos& textos, int grupo,
                          std::vector<Aviso>& avisos) {
   TARVO_TOMAR(const auto lista, compararTotales(db, ajustes, 0, grupo));

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "totals/libros/Sesion.h"
+#include "totals/periodos/Periodos.h"
 
 namespace tarvo::totals {
 
@@ -19,6 +20,13 @@ struct Comparado {
 // grand total.
 Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajustes& ajustes,
                                                   qint64 link, int grupo);
+
+// The groups of a period whose grand total differs from a sum that is comparable with it.
+struct CuadreDePeriodo {
+  bool hay = false;  // something could be compared
+  std::vector<int> malos = {};
+};
+Resultado<CuadreDePeriodo> cuadreDe(const Periodos& periodos, qint64 link);
 
 // Compares what the open session received from a group. Each difference becomes an Aviso with both
 // numbers, and the group may not be zeroed until it is read again.

@@ -2,6 +2,7 @@
 // their origin, and what an operation is about to touch.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -41,6 +42,8 @@ struct FiltroCodigo {
 // table with their name. `nombreFilas` is the expression for that name.
 QString fuenteFilas(int clase, bool conPeriodo);
 QString nombreFilas(int clase);
+// Of a row of COLUMNA: its grand totals, else its articles.
+QString importeDePeriodo();
 bool conSeccion(int clase);  // codes belong to a section
 
 struct Punto {
@@ -51,12 +54,29 @@ struct Punto {
 // The amount by code: the `cuantos` largest, in descending order; for hours, all with sales, by
 // hour.
 Resultado<std::vector<Punto>> serie(dao::Database& db, const FiltroFilas& filtro, int cuantos);
+inline Resultado<std::vector<Punto>> serie(const Periodos& periodos, const FiltroFilas& filtro,
+                                           int cuantos) {
+  return serie(periodos.base(), filtro, cuantos);
+}
 struct PuntoPeriodo {
   Fecha desde;
   qint64 importe = 0;
 };
 // The amount of a code for each period, ordered by date.
-Resultado<std::vector<PuntoPeriodo>> evolucion(dao::Database& db, const FiltroCodigo& filtro);
+Resultado<std::vector<PuntoPeriodo>> evolucion(const Periodos& periodos,
+                                               const FiltroCodigo& filtro);
+
+// What sold most in the most recent day, with its section; 0 and 0 when there is none. Codes are
+// those of articles, operators, departments or groups.
+struct CodigoDe {
+  int seccion = 0;
+  qint64 codigo = 0;
+};
+Resultado<CodigoDe> masVendido(const Periodos& periodos, int clase);
+// The name of the filter's code; empty when nothing has it.
+Resultado<QString> nombreDeCodigo(const Periodos& periodos, const FiltroCodigo& filtro);
+// How many rows a period has of each kind that is in use.
+Resultado<std::map<int, qint64>> filasPorClase(const Periodos& periodos, qint64 link);
 
 // A reading from which rows of a period came.
 struct Procedencia {
@@ -69,7 +89,7 @@ struct Procedencia {
   // Machine and amount of a code within this reading, until a later one arrives.
   std::vector<std::pair<int, qint64>> maquinas;
 };
-Resultado<std::vector<Procedencia>> procedencia(dao::Database& db, qint64 link, int grupo,
+Resultado<std::vector<Procedencia>> procedencia(const Periodos& periodos, qint64 link, int grupo,
                                                 int clase, qint64 codigo);
 // The periods that were added into this one.
 Resultado<std::vector<Columna>> sumandos(Periodos& periodos, const Columna& mayor);
@@ -80,7 +100,6 @@ struct Resumen {
   qint64 filas = 0;
   qint64 importe = 0;  // from the grand totals; from the articles where a period has none
 };
-Resultado<Resumen> resumir(dao::Database& db, const Ajustes& ajustes,
-                           const std::vector<qint64>& links);
+Resultado<Resumen> resumir(const Periodos& periodos, const std::vector<qint64>& links);
 
 }  // namespace tarvo::totals

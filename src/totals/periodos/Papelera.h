@@ -11,8 +11,8 @@ namespace tarvo::totals {
 
 class Papelera {
  public:
-  Papelera(dao::Database& db, Periodos& periodos, const Ajustes& ajustes)
-      : db_(db), p_(periodos), a_(ajustes) {}
+  explicit Papelera(Periodos& periodos)
+      : db_(periodos.base()), p_(periodos), a_(periodos.ajustes()) {}
 
   // The number for a new batch, above 0.
   Resultado<qint64> nuevoLote();

@@ -52,6 +52,12 @@ Resultado<std::optional<Columna>> Periodos::columna(qint64 link) {
   return primera(db_, QStringLiteral("WHERE LINK=?"), link);
 }
 
+Resultado<qint64> Periodos::ultimo() {
+  TARVO_TOMAR(const auto link,
+              db_.uno(u"SELECT LINK FROM COLUMNA ORDER BY FECHA1 DESC, LINK DESC"));
+  return link.entero();
+}
+
 Resultado<std::optional<Columna>> Periodos::BuscarPeriodo(int tipo, Fecha desde, Fecha hasta) {
   const Periodo p = LimitesPeriodo(tipo, desde, hasta);
   return primera(db_, QStringLiteral("WHERE TIPO=? AND FECHA1=? AND FECHAF=? ORDER BY LINK"),

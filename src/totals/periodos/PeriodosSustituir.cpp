@@ -126,6 +126,19 @@ Resultado<bool> Periodos::DescontarPeriodo(const Columna& c, int veces) {
   return hecho;
 }
 
+Resultado<int> Periodos::DescontarVarios(const std::vector<qint64>& links, int veces) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  int cuantos = 0;
+  for (const qint64 link : links) {
+    TARVO_TOMAR(const auto c, columna(link));
+    if (!c) continue;
+    TARVO_INTENTAR(DescontarPeriodo(*c, veces));
+    ++cuantos;
+  }
+  TARVO_INTENTAR(t.confirmar());
+  return cuantos;
+}
+
 Resultado<> Periodos::olvidarSustituidosEn(const Periodo& mayor) {
   if (mayor.tipo < kSemanal || mayor.tipo > kAnual) return {};
   TARVO_INTENTAR(db_.ejecutar(

@@ -11,8 +11,7 @@ namespace tarvo::totals {
 
 class Sumas {
  public:
-  Sumas(dao::Database& db, Periodos& periodos, const Ajustes& ajustes)
-      : db_(db), p_(periodos), a_(ajustes) {}
+  explicit Sumas(Periodos& periodos) : db_(periodos.base()), p_(periodos), a_(periodos.ajustes()) {}
 
   // Adds the rows of the periods, except those of `destino` itself; the larger periods of `destino`
   // and the stock are updated. `solapan`: sales are counted twice. `lote` 0: permanently.

@@ -14,8 +14,7 @@ Fecha hastaElFinal(int tipo, Fecha hasta) {
 
 }  // namespace
 
-VerTot::VerTot(Periodos& periodos, dao::Database& db, const Ajustes& ajustes)
-    : p_(periodos), db_(db), a_(ajustes) {}
+VerTot::VerTot(Periodos& periodos) : p_(periodos), db_(periodos.base()), a_(periodos.ajustes()) {}
 
 // One operation over the selection: every period once, all or (on an Error) none. The selection is
 // cleared in any case. Missing periods make the answer false.

@@ -12,7 +12,7 @@ namespace tarvo::totals {
 
 class VerTot {
  public:
-  VerTot(Periodos& periodos, dao::Database& db, const Ajustes& ajustes);
+  explicit VerTot(Periodos& periodos);
 
   // Each returns whether it did what its step promises; an Error is a failure of the store, with
   // everything undone.

@@ -32,7 +32,7 @@ Resultado<std::vector<VerTot::Solape>> VerTot::solapesDe(const std::vector<Colum
     bool dentro = c.acumulado(tipo) &&
                   LimitesPeriodo(tipo, c.periodo.desde, c.periodo.desde) == destino->periodo;
     if (!dentro) {
-      TARVO_TOMAR(const auto sumado, Sumas(db_, p_, a_).tiene(destino->LINK, c.periodo));
+      TARVO_TOMAR(const auto sumado, Sumas(p_).tiene(destino->LINK, c.periodo));
       dentro = sumado;
     }
     if (dentro) v.push_back({c.periodo, destino->periodo, true});
@@ -68,7 +68,7 @@ Resultado<bool> VerTot::SumarIntv(qint64 lote) {
   if (destino->sumandos == 0) return true;
   TARVO_TOMAR(const auto cuales, elegidas());
   TARVO_INTENTAR(
-      Sumas(db_, p_, a_).sumar(destino->existente->LINK, cuales, !destino->solapes.empty(), lote));
+      Sumas(p_).sumar(destino->existente->LINK, cuales, !destino->solapes.empty(), lote));
   TARVO_INTENTAR(t.confirmar());
   return true;
 }

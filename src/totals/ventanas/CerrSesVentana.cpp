@@ -48,7 +48,7 @@ void CerrSesVentana::montar() {
   ui_.Recuperar->setShortcut(QKeySequence::Undo);
 }
 
-Resultado<> CerrSesVentana::preparar(const ventanas::Argumentos&) {
+Resultado<> CerrSesVentana::entrar(const PuertaCerrSes&) {
   motor_.TodoAUno = motor_.OverWr = true;
   return analizar();
 }
@@ -117,12 +117,29 @@ QStringList CerrSesVentana::graves() const {
   QStringList textos;
   for (const Aviso& a : avisos_)
     if (a.grave) textos << a.texto;
+  textos.removeDuplicates();  // the inbox is looked through twice
   return textos;
+}
+
+// What came since it was last shown isn't memorised before it has been seen.
+bool CerrSesVentana::siguenSiendoLosMismos() {
+  const auto claves = [this] {
+    std::set<std::pair<int, int>> c;
+    for (const Recibido& r : motor_.recibidos()) c.emplace(r.CODGPO, r.clase);
+    return c;
+  };
+  const auto antes = claves();
+  if (!haIdoBien(motor_.AnalizarScratch(avisos_))) return false;
+  if (claves() == antes) return true;
+  pintarPeriodo();
+  decirDuda(t(kTxHanLlegadoMas), ui_.resumen->text());
+  return false;
 }
 
 void CerrSesVentana::guardar() {
   avisos_.clear();
-  motor_.Descrip = ExpandirNombre(ui_.Descrip->text(), contexto().reloj.ahora(), contexto().db);
+  if (!siguenSiendoLosMismos()) return;
+  motor_.describir(ui_.Descrip->text(), contexto().reloj.ahora());
   QApplication::setOverrideCursor(Qt::WaitCursor);
   const auto links = motor_.LaSesion(true, 0, avisos_);
   QApplication::restoreOverrideCursor();

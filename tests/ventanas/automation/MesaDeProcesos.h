@@ -24,7 +24,7 @@ struct MesaDeProcesos : TiendaDeProcesos {
   explicit MesaDeProcesos(const std::set<int>& mudas = {})
       : p((maquinasDePrueba().mudas = mudas, dir.path()), reloj, preguntas) {
     p.automat().desatendido = false;
-    registrarVentanasAutomation(todas(), p.automat(), cronos, p.lenguaje(), p.motor());
+    registrarVentanasAutomation(todas(), {p.automat(), cronos, p.lenguaje(), p.motor(), debidos});
     preguntas.poner(&todas());
   }
 
@@ -39,7 +39,7 @@ struct MesaDeProcesos : TiendaDeProcesos {
   // Opens the process in its window, which starts it.
   ventanas::Ventana* correr(const QString& pasos) {
     fichero(u"NOCHE.AUT"_s, pasos);
-    auto* v = todas().abrir(u"Automat"_s, nullptr, {{u"proceso"_s, ruta(u"NOCHE.AUT"_s)}});
+    auto* v = todas().abrir(PuertaAutomat{ruta(u"NOCHE.AUT"_s)});
     asentar();
     return v;
   }
@@ -57,6 +57,7 @@ struct MesaDeProcesos : TiendaDeProcesos {
   PreguntasVentana preguntas;
   Programa p;
   Cronos cronos{p.automat(), p.lenguaje(), p.ajustes(), p.reloj()};
+  Pendientes debidos{p.db()};
   ventanas::Escritorio escritorio{
       *qApp, p.db(), p.ajustes(), textosDePrueba(), p.reloj(), ventanas::Cara::Clara, {}};
 };

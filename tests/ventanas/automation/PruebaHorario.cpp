@@ -75,7 +75,7 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
                                                     u"22:05:00;"_s + kSiempre + u";BIEN"_s}));
 
   s.todas().abrir(u"MainTarvo"_s);
-  Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"TIENDA.CRO"_s)}});
+  Ventana* c = s.todas().abrir(PuertaCronos{s.ruta(u"TIENDA.CRO"_s)});
   ASSERT_TRUE(c);
   s.asentar();
   EXPECT_FALSE(s.abierta(u"MainTarvo"_s)) << "the timetable stands in its place";
@@ -180,7 +180,7 @@ TEST(Cronos, ADesactivarYAManoYUnoQueNoSeLee) {
   s.fichero(u"ROTO.AUT"_s, u"T:NADA,1\r\n"_s);
   s.fichero(u"T.CRO"_s,
             u"22:05:00;"_s + kSiempre + u";BIEN\r\n22:06:00;"_s + kSiempre + u";ROTO\r\n"_s);
-  Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"T.CRO"_s)}});
+  Ventana* c = s.todas().abrir(PuertaCronos{s.ruta(u"T.CRO"_s)});
   s.asentar();
   auto* filas = pieza<Parrilla>(c, u"ListaCron"_s);
   EXPECT_EQ(filas->texto(1, u"estado"), u"No se puede leer");
@@ -205,7 +205,7 @@ TEST(Cronos, UnProcesoParadoNoRetieneLaNoche) {
   s.fichero(u"LARGO.AUT"_s, Horarios::preguntarEnVano(1000));
   s.fichero(u"T.CRO"_s,
             u"22:05:00;"_s + kSiempre + u";LARGO\r\n22:05:30;"_s + kSiempre + u";BIEN\r\n"_s);
-  Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"T.CRO"_s)}});
+  Ventana* c = s.todas().abrir(PuertaCronos{s.ruta(u"T.CRO"_s)});
   auto* filas = pieza<Parrilla>(c, u"ListaCron"_s);
   s.pasar(310);
   s.automat().abortar();
@@ -230,7 +230,7 @@ TEST(Cronos, EsperaAlProcesoDeLaPersona) {
   Horarios s;
   s.fichero(u"T.CRO"_s, u"22:00:05;"_s + kSiempre + u";BIEN\r\n"_s);
   QWidget* v = s.correr(Horarios::preguntarEnVano(1000));
-  Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"T.CRO"_s)}});
+  Ventana* c = s.todas().abrir(PuertaCronos{s.ruta(u"T.CRO"_s)});
   auto* filas = pieza<Parrilla>(c, u"ListaCron"_s);
   s.pasar(20);
   EXPECT_EQ(filas->texto(0, u"estado"), u"Ya le toca");

@@ -30,14 +30,22 @@ using namespace Qt::StringLiterals;
 struct MesaDeComm : TiendaDeMotor {
   MesaDeComm() {
     gestor->VigilaProcesos(0, false, nullptr);
-    comm::registrarVentanasComm(escritorio.ventanas(), {*gestor, *enlaces, *sesion, registro});
+    comm::registrarVentanasComm(escritorio.ventanas(),
+                                {*gestor, *enlaces, *sesion, registro, grupos});
     QObject::connect(&escritorio.ventanas(), &ventanas::Ventanas::abierta, qApp,
                      [this](ventanas::Ventana* v) { abiertas << v->nombre(); });
   }
 
-  ventanas::Ventana* abrir(const QString& nombre, const ventanas::Argumentos& a = {}) {
-    auto* v = escritorio.ventanas().abrir(nombre, nullptr, a);
+  ventanas::Ventana* abrir(const QString& nombre) {
+    auto* v = escritorio.ventanas().abrir(nombre);
     EXPECT_TRUE(v) << nombre.toStdString();
+    EXPECT_TRUE(!v || QTest::qWaitForWindowActive(v));
+    return v;
+  }
+  template <ventanas::EsPuerta P>
+  ventanas::Ventana* abrir(const P& puerta) {
+    auto* v = escritorio.ventanas().abrir(puerta);
+    EXPECT_TRUE(v);
     EXPECT_TRUE(!v || QTest::qWaitForWindowActive(v));
     return v;
   }
@@ -99,6 +107,7 @@ struct MesaDeComm : TiendaDeMotor {
   QString celda(int fila, QStringView campo) { return cola()->texto(fila, campo); }
 
   Textos textos = bien(Textos::leer(QStringLiteral(TARVO_DATOS "/textos/es.txt")));
+  envios::Grupos grupos{*db, *ajustes, textos, reloj};
   ventanas::Escritorio escritorio{*qApp, *db, *ajustes, textos, reloj, ventanas::Cara::Clara, {}};
   QStringList abiertas;
 };

@@ -34,7 +34,7 @@ struct VentanaEstado : MesaDeComm {
 };
 
 TEST_F(VentanaEstado, SeEnviaSoloLoElegido) {
-  abrir(u"EstadoEnvio"_s, {{u"grupo"_s, 1}});
+  abrir(comm::PuertaEstadoEnvio{1});
   ASSERT_TRUE(lista(u"0000010 Pendiente,0000020 Pendiente,0000030 Pendiente,0000040 Retenido"_s))
       << filasVistas().toStdString();
   EXPECT_EQ(lista()->texto(3, u"MOTIVO"), u"el precio base tiene más de 6 cifras");
@@ -50,11 +50,22 @@ TEST_F(VentanaEstado, SeEnviaSoloLoElegido) {
   ASSERT_TRUE(lista(u"0000010 Pendiente,0000020 Al día,0000030 Pendiente,0000040 Retenido"_s));
 }
 
+// When nothing is left to be put right that is what is said, and of whom.
+TEST_F(VentanaEstado, TodoAlDiaSeDice) {
+  bien(db->ejecutar(u"DELETE FROM PLUSES WHERE CODPLU=40"));
+  gestor->NuevaTarea(1, false, 0, 9999999, kEnvio);
+  ASSERT_TRUE(correr());
+  abrir(comm::PuertaEstadoEnvio{1});
+  auto* vacia = lista()->findChild<QLabel*>(u"vacia"_s);
+  EXPECT_TRUE(hasta([&] { return vacia->isVisible(); }));
+  EXPECT_EQ(vacia->text(), u"Todo está al día en 0001  G.");
+}
+
 TEST_F(VentanaEstado, SePideUnArticuloALaBalanza) {
   gestor->NuevaTarea(1, false, 0, 9999999, kEnvio);
   ASSERT_TRUE(correr());
   maquina(1).memoria().catalogo[20].ficha.replace(27, 6, "000007");
-  abrir(u"EstadoEnvio"_s, {{u"grupo"_s, 1}});
+  abrir(comm::PuertaEstadoEnvio{1});
   auto* ver = control<QComboBox>(u"Ver"_s, u"EstadoEnvio"_s);
   QTest::keyClick(ver, Qt::Key_Down);
   ASSERT_TRUE(lista(u"0000010 Al día,0000020 Al día,0000030 Al día,0000040 Retenido"_s));
@@ -75,7 +86,7 @@ TEST_F(VentanaEstado, SePideUnArticuloALaBalanza) {
 // The machine is dead: it is said, tried again, and can be stopped; back, it goes on by itself.
 TEST_F(VentanaEstado, UnaMaquinaQueNoContesta) {
   ajustes->IntentosManual = 1;
-  abrir(u"EstadoEnvio"_s, {{u"grupo"_s, 1}});
+  abrir(comm::PuertaEstadoEnvio{1});
   ASSERT_TRUE(lista(u"0000010 Pendiente,0000020 Pendiente,0000030 Pendiente,0000040 Retenido"_s));
   auto* aviso = control<QLabel>(u"LblTarea"_s, u"EstadoEnvio"_s);
   EXPECT_TRUE(aviso->isHidden());

@@ -34,7 +34,7 @@ TEST_F(Tramas, SigueUnaTareaCopiaYDescansa) {
   }
   abrir(u"gestcomm"_s);
   const int id = encolar(1, 17);
-  abrir(u"VerTramas"_s, {{u"tarea"_s, id}});
+  abrir(comm::PuertaVerTramas{.tarea = id});
   ASSERT_TRUE(hasta([&] { return lista()->filas() >= 4; }));
   EXPECT_EQ(fila(0), u"Sale|VEK|0|850|Gran total||Bien");
   EXPECT_EQ(fila(1), u"Llega|ACK|||||Bien");

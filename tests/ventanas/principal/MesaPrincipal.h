@@ -22,13 +22,23 @@ namespace tarvo::prueba {
 class Suplente final : public ventanas::Ventana {
  public:
   Suplente(ventanas::Contexto& c, const QString& n) : Ventana(c, n) {}
-  Resultado<> preparar(const ventanas::Argumentos& a) override {
-    dados = a;
+  template <class P>
+  Resultado<> entrar(const P& puerta) {
+    puerta_ = puerta;
     return {};
   }
+  // The door that it was opened with.
+  template <class P>
+  P como() const {
+    const P* p = std::any_cast<P>(&puerta_);
+    EXPECT_TRUE(p);
+    return p ? *p : P();
+  }
   bool QueryUnload() override { return seNiega; }
-  ventanas::Argumentos dados;
   bool seNiega = false;
+
+ private:
+  std::any puerta_;
 };
 
 struct MesaPrincipal : Tienda {
@@ -39,9 +49,8 @@ struct MesaPrincipal : Tienda {
       : ajustes(susAjustes) {
     bien(aplicacion.empezar());
     app::registrarVentanasPrincipal(todas(), aplicacion);
-    for (const QString& nombre : suplentes)
-      todas().registrar(nombre,
-                        [](ventanas::Contexto& c, const QString& n) { return new Suplente(c, n); });
+    suplir<automation::PuertaAutomat, automation::PuertaCronos, automation::PuertaVeoLog,
+           comm::PuertaGestcomm, totals::PuertaCerrSes, totals::PuertaVerTot>(suplentes);
   }
 
   ventanas::Ventanas& todas() { return escritorio.ventanas(); }
@@ -64,6 +73,13 @@ struct MesaPrincipal : Tienda {
     QFile f(carpeta.filePath(nombre));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.write(bytes);
+  }
+  template <class... P>
+  void suplir(const QStringList& cuales) {
+    const auto uno = [&]<class Q>(std::type_identity<Q>) {
+      if (cuales.contains(Q::kNombre)) todas().registrar<Q, Suplente>();
+    };
+    (uno(std::type_identity<P>()), ...);
   }
   // A night that read group 1 and not group 2.
   void nocheMala();

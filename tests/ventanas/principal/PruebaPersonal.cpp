@@ -69,10 +69,20 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
   ASSERT_EQ(t.fondo->ajustes.personal.size(), 1U);
   EXPECT_EQ(entrada->text().remove(u'&'), u"Hacer pedido");
 
-  QTest::mouseClick(entrada, Qt::LeftButton);
-  ASSERT_TRUE(t.suplente(u"Automat"_s)) << "one element runs at once";
+  // It is asked once: one press must not start a night.
+  for (const auto tecla : {Qt::Key_Escape, Qt::Key_Return}) {
+    QString pregunta;
+    QTimer::singleShot(0, qApp, [&] {
+      QWidget* caja = QApplication::activeModalWidget();
+      pregunta = caja->findChild<QLabel*>(u"Mensaje"_s)->text();
+      QTest::keyClick(caja, tecla);
+    });
+    QTest::mouseClick(entrada, Qt::LeftButton);
+    EXPECT_TRUE(pregunta.contains(u"«Hacer pedido»")) << pregunta.toStdString();
+    ASSERT_EQ(t.suplente(u"Automat"_s) != nullptr, tecla == Qt::Key_Return);
+  }
   EXPECT_TRUE(
-      t.suplente(u"Automat"_s)->dados.value(u"proceso"_s).toString().endsWith(u"/PEDIDO.AUT"));
+      t.suplente(u"Automat"_s)->como<automation::PuertaAutomat>().proceso.endsWith(u"/PEDIDO.AUT"));
   t.todas().descargar(u"Automat"_s);
   v->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(v));
@@ -122,7 +132,7 @@ TEST(Personal, DosAbrenUnPanel) {
   QTest::mouseClick(primera, Qt::LeftButton);
   ASSERT_TRUE(t.suplente(u"Cronos"_s));
   EXPECT_TRUE(
-      t.suplente(u"Cronos"_s)->dados.value(u"horario"_s).toString().endsWith(u"/HORARIO.CRO"));
+      t.suplente(u"Cronos"_s)->como<automation::PuertaCronos>().horario.endsWith(u"/HORARIO.CRO"));
 }
 
 }  // namespace tarvo::prueba

@@ -50,14 +50,26 @@ TEST(Principal, LaMananaTrasUnGrupoFallido) {
   linea->setFocus();
   QTest::keyClick(linea, Qt::Key_Return);
   ASSERT_TRUE(t.suplente(u"gestcomm"_s));
-  EXPECT_EQ(t.suplente(u"gestcomm"_s)->dados.value(u"grupo"_s), 2);
+  EXPECT_EQ(t.suplente(u"gestcomm"_s)->como<comm::PuertaGestcomm>().grupo, 2);
   EXPECT_EQ(t.suplente(u"gestcomm"_s)->dueno(), v);
   QTest::mouseClick(pieza(*v, u"Bien. 0001 FRUTERIA"_s), Qt::LeftButton);
   ASSERT_TRUE(t.suplente(u"VerCols#7"_s)) << "its sales in that period";
-  EXPECT_EQ(t.suplente(u"VerCols#7"_s)->dados.value(u"grupo"_s), 1);
+  EXPECT_EQ(t.suplente(u"VerCols#7"_s)->como<totals::PuertaVerCols>().grupo, 1);
   QTest::mouseClick(pieza(*v, u"La noche tuvo problemas"_s), Qt::LeftButton);
   EXPECT_TRUE(
-      t.suplente(u"VeoLog"_s)->dados.value(u"fichero"_s).toString().endsWith(u"/NOCHE.TZA"));
+      t.suplente(u"VeoLog"_s)->como<automation::PuertaVeoLog>().fichero.endsWith(u"/NOCHE.TZA"));
+}
+
+// What was done in another window shows when that closes.
+TEST(Principal, LaProximaCambiaAlCerrarOtraVentana) {
+  Tienda t;
+  auto* v = t.conManana();
+  EXPECT_FALSE(pieza(*v, u"HORARIO"_s));
+  t.fichero(u"NOCHE.AUT"_s, "N:nada\r\n");
+  t.fichero(u"HORARIO.CRO"_s, "22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,S\xED;NOCHE\r\n");
+  t.todas().abrir(u"VerTot"_s, v);
+  t.todas().descargar(u"VerTot"_s);
+  EXPECT_TRUE(esperar([&] { return pieza(*v, u"HORARIO"_s) != nullptr; }, 30'000));
 }
 
 // It is read again by itself when rows change; what is chosen stays.

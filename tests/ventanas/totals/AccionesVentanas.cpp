@@ -59,6 +59,26 @@ TEST(VentanaAcciones, VaciaBorraYDeshaceLosDos) {
   EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
 }
 
+// What is brought back is chosen, in the list of its kind.
+TEST(VentanaAcciones, LoQueVuelveQuedaElegido) {
+  Lista t;
+  const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018");
+  t.dia("06/06/2018");
+  auto* v = t.abrirLista();
+  t.grid->elegir({lunes, martes}, false);
+  t.aceptarY(Qt::Key_Delete);
+  ASSERT_TRUE(esperar([&] { return t.grid->filas() == 1; }));
+  auto* tipos = v->findChild<QComboBox*>(u"ListaTpos"_s);
+  tipos->setCurrentIndex(tipos->findData(kMensual));
+  Q_EMIT tipos->activated(tipos->currentIndex());
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  ASSERT_TRUE(esperar([&] { return t.grid->filas() == 3; }));
+  std::vector<qint64> elegidos;
+  for (const int fila : t.grid->filasElegidas()) elegidos.push_back(t.grid->clave(fila));
+  std::ranges::sort(elegidos);
+  EXPECT_EQ(elegidos, (std::vector{lunes, martes}));
+}
+
 TEST(VentanaAcciones, BorrarSeNiegaConCancelar) {
   Lista t;
   t.dia("04/06/2018");

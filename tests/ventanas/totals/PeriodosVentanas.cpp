@@ -145,7 +145,7 @@ TEST(VentanaPeriodos, ExportaYVuelveAImportar) {
   const QString suma =
       u"select FECHA1, sum([IMP]), count(*) from TOTPLU, COLUMNA where TOTPLU.LINK=COLUMNA.LINK group by FECHA1 order by FECHA1"_s;
   const QString antes = t.leer(suma);
-  auto* x = t.abrir(u"XporTot"_s, {{u"links"_s, QVariantList{lunes, martes}}});
+  auto* x = t.abrir(PuertaXporTot{{lunes, martes}});
   x->findChild<QComboBox*>(u"destino"_s)->setCurrentText(u"VENTAS"_s);
   x->findChild<QAbstractButton*>(u"borrar"_s)->click();
   QTest::mouseClick(x->findChild<QPushButton*>(u"TodosOK"_s), Qt::LeftButton);
@@ -249,6 +249,24 @@ TEST(VentanaPeriodos, SalvarTomaLoEscritoAMano) {
   EXPECT_EQ(t.leer(u"select CON, [IMP] from TOTGRT"_s), u"1 175");
 }
 
+// A slip of the fingers is asked about, and nothing is made of it.
+TEST(VentanaPeriodos, UnAnoLejanoSePregunta) {
+  MesaDeTotales t;
+  auto* v = t.abrir(totals::PuertaEditIntv{});
+  auto* salvar = v->findChild<QPushButton*>(u"SalvBoton"_s);
+  for (const auto& fecha : {u"04/06/1500"_s, u"04/06/9999"_s}) {
+    v->findChild<QLineEdit*>(u"Fecha1"_s)->setText(fecha);
+    t.alAbrirse([](QWidget* w) { QTest::keyClick(w, Qt::Key_Return); });
+    QTest::mouseClick(salvar, Qt::LeftButton);
+    EXPECT_TRUE(t.textoModal.contains(fecha)) << t.textoModal.toStdString();
+    EXPECT_TRUE(v->isVisible());
+    EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 0);
+  }
+  t.responder(u"Acepto"_s);
+  QTest::mouseClick(salvar, Qt::LeftButton);
+  EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 1);
+}
+
 // The form shows the dates that the period has, of each kind, and leaves them when nothing is
 // typed.
 TEST(VentanaPeriodos, ModificarEmpiezaPorLoQueHay) {
@@ -306,6 +324,7 @@ TEST(VentanaPeriodos, LaFechaSeEscogeEnUnCalendario) {
     EXPECT_EQ(fecha->text(), QString::fromLatin1(c.escogida));
     EXPECT_TRUE(v->findChild<QLabel*>(u"limites"_s)->text().contains(fecha->text().left(10)));
     EXPECT_TRUE(v->isVisible()) << "that Return was the calendar's";
+    t.responder(u"Acepto"_s);  // abandons it
     v->descargar();
   }
 }
@@ -313,7 +332,7 @@ TEST(VentanaPeriodos, LaFechaSeEscogeEnUnCalendario) {
 TEST(VentanaVisor, FiltraYLaGraficaSigue) {
   MesaDeTotales t;
   const qint64 lunes = t.dia("04/06/2018");
-  auto* v = t.abrir(u"VerCols#1"_s, {{u"link"_s, lunes}, {u"clase"_s, kPLUs}});
+  auto* v = t.abrir(PuertaVerCols{.link = lunes, .clase = kPLUs});
   auto& grid = t.lista(v);
   EXPECT_EQ(grid.filas(), 60);
   auto* grafica = v->findChild<QWidget*>(u"grafica"_s);
@@ -333,9 +352,8 @@ TEST(VentanaVisor, FiltraYLaGraficaSigue) {
   QTest::keyClick(v, Qt::Key_G, Qt::ControlModifier);
   EXPECT_FALSE(grafica->isVisible());
   v->descargar();
-  EXPECT_FALSE(t.abrir(u"VerCols#1"_s, {{u"link"_s, lunes}})
-                   ->findChild<QWidget*>(u"grafica"_s)
-                   ->isVisible());
+  EXPECT_FALSE(
+      t.abrir(PuertaVerCols{.link = lunes})->findChild<QWidget*>(u"grafica"_s)->isVisible());
 }
 
 // Names as they are, at any size of letters; below upright bars those that don't touch.
@@ -346,7 +364,7 @@ TEST(VentanaVisor, LaGraficaNoCortaSusNombres) {
     const qint64 lunes = t.dia("04/06/2018");
     t.sql(u"update GRUPOS set NOMGPO='FRUTERIA MOSTRADOR ' & CODGPO"_s);
     const auto nombres = [&](int clase) {
-      auto* v = t.abrir(u"VerCols#1"_s, {{u"link"_s, lunes}, {u"clase"_s, clase}});
+      auto* v = t.abrir(PuertaVerCols{.link = lunes, .clase = clase});
       v->resize(1366, 700);
       const auto* vista = v->findChild<QGraphicsView*>();
       QStringList vistos;
@@ -374,7 +392,7 @@ TEST(VentanaVisor, LaGraficaNoCortaSusNombres) {
 TEST(VentanaVisor, UnCodigoEnElTiempo) {
   MesaDeTotales t;
   for (const char* d : {"04/06/2018", "05/06/2018", "06/06/2018"}) t.dia(d);
-  auto* v = t.abrir(u"VerFils"_s, {{u"clase"_s, kPLUs}, {u"seccion"_s, 3}, {u"codigo"_s, 7}});
+  auto* v = t.abrir(PuertaVerFils{.clase = kPLUs, .seccion = 3, .codigo = 7});
   auto& grid = t.lista(v);
   ASSERT_EQ(grid.filas(), 3);
   EXPECT_EQ(grid.texto(0, u"COLUMNA.FECHA1"), u"6 junio 2018");

@@ -89,6 +89,22 @@ TEST(VentanaSesion, UnaRondaEsUnPeriodo) {
   }
 }
 
+// What comes while the window is open isn't memorised before its number has been seen.
+TEST(VentanaSesion, LoQueLlegaMientrasTantoSeVeAntes) {
+  MesaDeTotales t;
+  recibir(t, 1, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
+  auto* v = t.abrir(u"CerrSes"_s);
+  auto* resumen = v->findChild<QLabel*>(u"resumen"_s);
+  EXPECT_TRUE(resumen->text().contains(u"1 grupo"));
+  recibir(t, 2, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
+  auto* guardar = v->findChild<QPushButton*>(u"Guardar"_s);
+  QTest::mouseClick(guardar, Qt::LeftButton);
+  EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 0);
+  EXPECT_TRUE(resumen->text().contains(u"2 grupos")) << resumen->text().toStdString();
+  QTest::mouseClick(guardar, Qt::LeftButton);
+  EXPECT_EQ(t.leer(u"select count(distinct GRUPO) from TOTGRT where LINK>0"_s), u"2");
+}
+
 TEST(VentanaSesion, CadaUnoASuPeriodo) {
   MesaDeTotales t;
   recibirDosDias(t);

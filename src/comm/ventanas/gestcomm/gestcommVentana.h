@@ -18,7 +18,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
  public:
   gestcommVentana(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
   ~gestcommVentana() override;
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaGestcomm& puerta);
   bool QueryUnload() override;
 
  private:
@@ -29,7 +29,6 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void acabado() override;
   void ensuciar();
   void refrescar();
-  void elegirGrupo(int grupo);
   void ponerCola();
   void ponerFila(const motor::VistaTarea& tarea);
   std::vector<motor::VistaTarea> visibles() const;
@@ -40,6 +39,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void ponerOrdenes();
   void ponerMenus();
   int canalElegido() const;
+  void irAGrupo(int grupo);
 
   // gestcommOrdenes.cpp: the operator
   void conectarOrdenes();

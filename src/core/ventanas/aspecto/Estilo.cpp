@@ -188,6 +188,10 @@ QTableView, QTreeView, QListView { border: 1px solid @borde; background: @base;
 QHeaderView { background: @fondo; border: none; }
 QHeaderView::section { background: @fondo; color: @texto; border: none; border-right: 1px solid @linea;
   border-bottom: 1px solid @borde; padding: 0 @p2; font-weight: 600; }
+QHeaderView::up-arrow { image: url(:/iconos/flecha-arriba-@cara.svg); }
+QHeaderView::down-arrow { image: url(:/iconos/flecha-@cara.svg); }
+QHeaderView::up-arrow, QHeaderView::down-arrow { subcontrol-position: top center;
+  width: @p2; height: @p2; }
 QTableCornerButton::section { background: @fondo; border: none; }
 QMenu { background: @base; color: @texto; border: 1px solid @borde; padding: @p1 0; }
 QMenu::item { padding: @p1 @p6; }

@@ -26,7 +26,10 @@
 #include "core/ventanas/marco/Ventanas.h"
 
 class QCheckBox;
+class QLineEdit;
+class QListWidget;
 class QPushButton;
+class QRadioButton;
 
 namespace tarvo::ventanas {
 
@@ -89,6 +92,8 @@ class Ficha : public Ventana {
         lista, [&donde] { return static_cast<qint64>(donde); },
         [&donde](qint64 n) { donde = static_cast<T>(n); });
   }
+  Campo& enlazarCampo(QRadioButton& si, QRadioButton& no, bool& donde);
+  Campo& enlazarCampo(QListWidget& lista, int& fila);     // its current row, -1 for none
   Campo& enlazarTexto(QComboBox& lista, QString& donde);  // by its words; "" for none chosen
   Campo& anadir(Campo* campo);
 
@@ -106,8 +111,8 @@ class Ficha : public Ventana {
   void setFrase(int texto, bool conLineas = true);
   // The box; the first of them gets the focus.
   virtual void decir(const std::vector<FaltaCampo>& faltas);
-  // The last word before it is applied; false stays in the sheet.
-  virtual bool consentida() { return true; }
+  // Asks what has to be asked of a copy without a fault; false: it isn't applied.
+  virtual bool conforme() { return true; }
   // Applies the copy: one operation of an engine. On a failure nothing is applied, and it is said.
   virtual Resultado<> aplicar() { return {}; }
   // After a good aplicar(): closes, or hands back.
@@ -131,8 +136,10 @@ class Ficha : public Ventana {
   Modo codigoDe(std::function<qint64()> ver, std::function<void(qint64)> poner, int cifras,
                 qint64 menor, qint64 mayor) const;
   std::vector<FaltaCampo> faltas();
+  bool consiente();  // days far away are meant
 
   std::vector<Campo*> campos_;
+  std::vector<QLineEdit*> fechas_;
   QPushButton *acepto_ = nullptr, *cancelo_ = nullptr;
   int frase_ = 0;
   bool conLineas_ = true;

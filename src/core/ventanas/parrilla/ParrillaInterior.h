@@ -92,9 +92,10 @@ struct Parrilla::Interior {
   qint64 ultimaTecla = 0;
   bool conPie = true, conBusca = true, colocando = false;
   bool exportando = false, presentada = false;
-  bool elasticas = true;                // the person has set no width, order or column yet
-  std::vector<int> sinSitio;            // columns that gave way
-  std::unique_ptr<Temporizador> sumar;  // sums wait for the list to be at rest
+  bool elasticas = true;                 // the person has set no width, order or column yet
+  std::vector<int> sinSitio;             // columns that gave way
+  std::unique_ptr<Temporizador> sumar;   // sums wait for the list to be at rest
+  std::unique_ptr<Temporizador> callar;  // what was said goes away by itself
 };
 
 }  // namespace tarvo::ventanas

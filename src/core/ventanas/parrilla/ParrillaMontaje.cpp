@@ -187,6 +187,7 @@ void Parrilla::Interior::hacerAcciones() {
   trabajo = new TiraTrabajo(c->textos, c->reloj, &yo);
   qobject_cast<QVBoxLayout*>(yo.layout())->addWidget(trabajo);
   sumar = c->reloj.temporizador([this] { pintarPie(); });
+  callar = c->reloj.temporizador([this] { decir({}); });
 }
 
 // To the window that it is in: what its cells refuse is said on that one's strip, until it is

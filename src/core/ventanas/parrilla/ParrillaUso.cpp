@@ -22,6 +22,7 @@ namespace {
 
 constexpr int kPausaTeclas = 1000;  // ms after which letters begin a new word
 constexpr int kFilasCopia = 20000;  // more go to a file
+constexpr int kAvisoMs = 5000;      // that something said stays
 constexpr int kReposoSumas = 60;    // ms without a change before sums are reckoned
 
 QString conPuntos(qint64 n) {
@@ -39,8 +40,14 @@ std::vector<int> Parrilla::Interior::columnasVistas() const {
 }
 
 void Parrilla::Interior::decir(const QString& texto) {
-  aviso->setText(texto);
   aviso->setToolTip(texto);
+  aviso->setAccessibleName(texto);
+  aviso->setText(aviso->fontMetrics().elidedText(texto, Qt::ElideMiddle, yo.width() / 2));
+  if (!callar) return;
+  if (texto.isEmpty())
+    callar->parar();
+  else
+    callar->unaVez(kAvisoMs);
 }
 
 // The window says it.
