@@ -1,5 +1,5 @@
-// The most memory that an export takes, in a process of its own: as much into a new file as into
-// one that holds a gigabyte of old blocks already.
+// The peak memory of an export, in a process of its own: no more for a file with a gigabyte of old
+// blocks than for a new one.
 #include "Exporta.h"
 
 #include <QFile>
@@ -20,7 +20,7 @@ namespace {
 constexpr int kGrupos = 200, kArticulos = 2000;
 constexpr int kFicheroMiB = 1024;
 
-// Old blocks, as far as an export looks at them.
+// Old blocks, to the extent that an export reads them.
 void hacerFichero(const QString& ruta, qint64 largo) {
   QFile f(ruta);
   if (!f.open(QIODevice::WriteOnly) || f.write("*") != 1 || !f.resize(largo - 2) ||

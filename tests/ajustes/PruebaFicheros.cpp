@@ -1,4 +1,4 @@
-// Files on disk: their encoding, whole replacement, and names without regard to case.
+// Files on disk: their encoding, whole replacement, and names regardless of case.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/resource.h>
@@ -60,8 +60,8 @@ TEST_F(Disco, EscribirCambiaElFicheroEnteroYNoDejaOtro) {
   EXPECT_FALSE(QFile::permissions(en("a.txt")) & QFile::ReadOther);
 }
 
-// A power cut leaves the old file or the new one: its bytes are on the disk before its name is, and
-// the name before the answer.
+// A power cut leaves the old file or the new one: its bytes reach the disk before its name, and the
+// name before the call returns.
 TEST_F(Disco, LoEscritoLlegaAlDiscoAntesQueSuNombre) {
   QStringList pedido;
   prueba::alDisco = &pedido;

@@ -1,4 +1,4 @@
-// Groups in the database: what is read, what is stored, and the group of an empty database.
+// Groups in the database: loading, storing, and the group of an empty database.
 #include <gtest/gtest.h>
 
 #include "devices/Grupo.h"
@@ -131,8 +131,8 @@ TEST_F(TiendaDeGrupos, LosNulosSeLeenPorSuRegla) {
   }
 }
 
-// What nobody knows stays in the row for whoever does; a kind that a person chooses takes its
-// place.
+// An unknown number stays in the row for programs that know it; a kind chosen by a person replaces
+// it.
 TEST_F(TiendaDeGrupos, UnTipoOUnAccesoDesconocidoNoSePierde) {
   grupo({.codigo = 7, .nombre = u"x", .tipo = 9, .remoto = 12, .acceso = u"alli"});
   Grupo g = leer(7);

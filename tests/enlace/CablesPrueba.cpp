@@ -53,7 +53,7 @@ struct Cables : testing::Test {
     enlaces[canal]->CerrarEnlace();
     return oye(30000);
   }
-  // CONECTORES.INI, one line a name.
+  // CONECTORES.INI, one line for each name.
   void conectores(const QByteArray& texto) {
     QFile f(carpeta.filePath(QStringLiteral("CONECTORES.INI")));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
@@ -61,7 +61,7 @@ struct Cables : testing::Test {
   }
 };
 
-// A machine: acknowledges each frame and answers it with code 10 and what it was sent.
+// A machine: acknowledges each frame and answers it with code 10 and the data received.
 void responder(QIODevice& linea) {
   auto buffer = std::make_shared<QByteArray>();
   auto secuencia = std::make_shared<int>(0);
@@ -175,7 +175,7 @@ TEST_F(Cables, SeriePorUnParDePseudoterminales) {
   ASSERT_TRUE(maquina.open(QIODevice::ReadWrite));
   responder(maquina);
   ajustes.canales[0].Device = ajustes.canales[1].Device = TipoAcceso::Directo;
-  ajustes.canales[0].ControlLinea = 3;  // lines that a pseudo-terminal doesn't have count as up
+  ajustes.canales[0].ControlLinea = 3;  // lines missing from a pseudo-terminal count as up
   ajustes.RutaPuerto[1] = pareja.a;
   ajustes.canales[1].Puerto = 1;
   EXPECT_EQ(abre(0), u"Abrir 0");

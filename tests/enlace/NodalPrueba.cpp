@@ -33,7 +33,7 @@ TEST_F(MaquinaNodal, ConfirmacionesPorCaso) {
     const char* nombre;
     QByteArray entra;
     QString oye;
-    bool confirmada;  // we must have acknowledged it
+    bool confirmada;  // it must have been acknowledged
   };
   QByteArray mala = ndl(9, 6);
   mala[2] = '4';
@@ -78,7 +78,7 @@ TEST_F(MaquinaNodal, CuatroEnviosYLuego8) {
   EXPECT_EQ(cable().vaciados, vaciados + 1);
 }
 
-// The number that one machine used last is no repeat when another one uses it.
+// The last number of one machine is no repeat when another machine uses it.
 TEST_F(MaquinaNodal, CadaMaquinaCuentaLasSuyas) {
   auto& e = abierto(Para::NodalMotor);
   for (const int nodo : {3, 4, 3}) {
@@ -95,7 +95,8 @@ TEST_F(MaquinaNodal, UnaOrdenUnicaNoSeRepite) {
   EXPECT_EQ(tramasEnviadas(), 1U);
 }
 
-// Acknowledgement and list in one piece: each step is read by the state that the one before led to.
+// Acknowledgement and list in one piece: each step is read by the state that the previous one led
+// to.
 TEST_F(MaquinaNodal, AckYListaPegados) {
   auto& e = abierto(Para::NodalMotor);
   motor.alOir = [&](const QString& texto) {
@@ -137,7 +138,7 @@ TEST_F(MaquinaNodal, TramasDeEspera) {
   }
 }
 
-// Noise and a wait frame sent again must not bring the end of a long wait nearer.
+// Noise and a repeated wait frame must not bring the end of a long wait nearer.
 TEST_F(MaquinaNodal, ElRuidoNoAcortaUnaEsperaPedida) {
   escuchando();
   cable().entra(ndl(2, 8, "50"));

@@ -1,5 +1,6 @@
-// One article goes every way that a change can come by. After each way the four kinds of machine
-// are sent to: what they heard, and that they then hold the article as the catalogue has it.
+// One article passes through every kind of change. After each change the four kinds of machine get
+// a sending: the frames received are checked, and that they then hold the article as in the
+// catalogue.
 #include <QFile>
 
 #include "articles/Secciones.h"
@@ -71,8 +72,8 @@ struct Caminante : Envios {
     ASSERT_EQ(imp->cuenta().sobreescritos, 1);
     ultimo = imp->lote();
   }
-  // What the scales of kinds 1 and 4 heard, which is the same. The other kinds get their whole
-  // range each time, and can't be told to delete.
+  // The frames received by scales of kinds 1 and 4, which are the same. The other kinds get their
+  // whole range each time, and can't be told to delete.
   QString optimizado() {
     const QString oyo = enviar(1);
     EXPECT_EQ(enviar(4), oyo);
@@ -98,7 +99,7 @@ struct Tramo {
   const char* que;
   void (*andar)(Caminante& c);
   const char* oye;    // the scale of kind 1 at the next optimised sending
-  const char* tiene;  // the same scale behind it
+  const char* tiene;  // the same scale afterwards
 };
 
 const Tramo kTramos[] = {
@@ -167,10 +168,10 @@ const Tramo kTramos[] = {
      [](Caminante& c) {
        c.importar(
            "010010UVA                           0000010000444    01                     \r\n");
-       // The machines hear of an import by a complete sending.
+       // An import reaches the machines by a complete sending.
        for (const int n : {1, 4}) EXPECT_EQ(c.enviar(n), u""_s);
        EXPECT_EQ(c.enviar(1, Caminante::kTxPlus, true), u"100 10"_s);
-       // Which asks for what the machine has, to delete what it shouldn't have.
+       // This asks for the machine's articles, to delete surplus ones.
        EXPECT_EQ(c.enviar(4, Caminante::kTxPlus, true), u"101 3,100 10,101 11"_s);
      },
      "", "10:UVA/444"},

@@ -1,4 +1,4 @@
-// The send state of a group, and what "send just those" makes of it.
+// The send state of a group, and the result of "send just those".
 #include "comm/envios/Estado.h"
 
 #include "comm/envios/Comparada.h"
@@ -38,13 +38,13 @@ TEST_F(EstadoDeEnvio, DeBalanzas) {
   sql(u"DELETE FROM Enviados WHERE CODPLU=40"_s);
   oferta(1, 50, 3, 0, 1);
   borrar(60);
-  // Gone by a way that told nobody.
+  // Gone without a mark.
   sql(u"DELETE FROM PLUSES WHERE CODPLU=70"_s);
   sql(u"DELETE FROM [Cross] WHERE plu=70"_s);
   EXPECT_EQ(estado(), u"10=2 20=3 30=4 40=1 50=2 60=6 70=6");
   estorbos(1, {{Averia::Err, 0, 100, 0, 4}});
   enviar(1);
-  EXPECT_EQ(estado(), u"10=5 20=3 30=4 40=1 50=5");  // what was too much is gone
+  EXPECT_EQ(estado(), u"10=5 20=3 30=4 40=1 50=5");  // the surplus is gone
   estorbos(1, {});
   cambiarCallando(30, u"DEPTO=1"_s);
   EXPECT_EQ(encargo(1, {20, 40, 70}), (std::vector<envios::Encargo>{{false, {20, 70}}}));
@@ -55,8 +55,8 @@ TEST_F(EstadoDeEnvio, DeBalanzas) {
   EXPECT_EQ(tiene(1), u"10:Tomate/5 20:Tomate/5 30:Tomate/30 40:Tomate/40 50:Tomate/3");
 }
 
-// What is counted for a notice: nothing of a group that was never sent to, all of one that was
-// wiped.
+// The counts of a notice: none for a group without an earlier sending, all articles for a wiped
+// one.
 TEST_F(EstadoDeEnvio, LoQueSeDebe) {
   const auto debe = [&] {
     QStringList salida;
@@ -119,7 +119,8 @@ TEST_F(EstadoDeEnvio, UnaFichaAlLadoDeOtra) {
   EXPECT_EQ(f.campos[2].aqui, u"1,00");
   EXPECT_EQ(f.campos[2].alli, u"0,99");
   EXPECT_EQ(estado(), u"10=2");
-  // Held back, it shows what the database has; of that and of theirs, what a person reads differs.
+  // If held back, it shows the article of the database; it and the machine's differ in readable
+  // form.
   cambiar(10, u"NOMPLU='PIÑA', PRECIO_00=123456789, minimo=250, HASTA_1=1500, HASTA_2=2"_s);
   QStringList aqui;
   for (const int i : {0, 1, 2, 12, 14, 16, 18})

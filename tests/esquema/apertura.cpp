@@ -1,5 +1,5 @@
-// The opening at the start: a missing file, the version, the rows that every database has, and what
-// can go wrong.
+// The opening at program start: a missing file, the version, the rows that every database has, and
+// failures.
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -133,7 +133,7 @@ TEST_F(Apertura, LoQueFallaSeDiceYNoDejaMedias) {
   const auto r = abrirBase(carpeta.filePath("no/hay/T.MDB"), {carpeta.path()}, hoy());
   ASSERT_FALSE(r);
   EXPECT_TRUE(r.error().texto.startsWith("No se encuentra la base de datos: "));
-  // What a lost database left behind is not taken for part of the new one.
+  // Leftovers of a lost database are not taken for part of the new one.
   QFile resto(base() + "-wal");
   ASSERT_TRUE(resto.open(QIODevice::WriteOnly));
   resto.write("resto");

@@ -1,5 +1,5 @@
-// Whole tasks against machine models: what the machines hold before and after, and what is in
-// the database.
+// Whole tasks against machine models: the contents of the machines before and after, and of the
+// database.
 #include "motor/TiendaDeMotor.h"
 
 namespace tarvo::prueba {

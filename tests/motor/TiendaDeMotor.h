@@ -1,5 +1,5 @@
-// A shop for the engine: a database, links, machine models behind them, and a watcher that writes
-// down what it is told.
+// A shop for the engine: a database, links, machine models at their ends, and a watcher that
+// records its calls.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,12 +18,12 @@ namespace tarvo::prueba {
 class TiendaDeMotor : public testing::Test, protected Tienda, protected motor::Vigilante {
  protected:
   TiendaDeMotor();
-  // Throws the process's state away and opens the database again.
+  // Discards the state of the process and reopens the database.
   void arrancar(bool reanuda = false);
 
-  // A group of that kind behind an access: "cable 1" to "cable 4" a direct cable, "tel:..." a
-  // modem, "tcp:host" TCP/IP, any other text a connector. Makes one machine, or one for each
-  // address of a group of registers.
+  // A group of that kind with an access: "cable 1" to "cable 4" a direct cable, "tel:..." a modem,
+  // "tcp:host" TCP/IP, any other text a connector. Creates one machine, or one for each address of
+  // a group of registers.
   using Tienda::articulo, Tienda::grupo;
   void grupo(int numero, int tipo, const QString& acceso, std::vector<int> direcciones = {1});
   void articulo(int codigo, const QString& barras = {});
@@ -33,7 +33,7 @@ class TiendaDeMotor : public testing::Test, protected Tienda, protected motor::V
               int addr = 1);
 
   int encolar(int grupo, int clase, bool todo = true, qint64 desde = 0, qint64 hasta = 9999999);
-  // Runs until the queue is empty; false when it isn't within the time.
+  // Runs until the queue is empty; false if it isn't within the time.
   bool correr(int minutos = 120);
   const motor::VistaTarea* tarea(int id);
 
@@ -41,7 +41,7 @@ class TiendaDeMotor : public testing::Test, protected Tienda, protected motor::V
   QString filas(const QString& sql);
   // Inbox of a group: "CODI:CON/PES/IMP/SCO ..." (with "CODI.HORA" for the cross).
   QString bandeja(int grupo, int clase);
-  // Data of the questions that the machine heard: "830 0000017".
+  // Code and data of the questions that the machine received: "830 0000017".
   QStringList oidas(int grupo, int addr = 1);
 
   void InformeProblema(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) override;
@@ -62,7 +62,7 @@ class TiendaDeMotor : public testing::Test, protected Tienda, protected motor::V
   decltype(motor::Entorno::enEspera) enEspera;  // before montar()
   std::unique_ptr<motor::gestcomm> gestor;
   QStringList problemas, reintentos, avisos, hechas;
-  Resultado<> hecha;  // what TareaHecha answers
+  Resultado<> hecha;  // the result of TareaHecha
   std::function<void()> alHacer;
 
  private:

@@ -62,7 +62,7 @@ TEST_F(TiendaDeStock, CountersMakeTheStockOfAnArticle) {
   EXPECT_EQ(movs(), u"1 10 1000 0 0 0 300 -200"_s);
   EXPECT_EQ(bien(almacen(1).Item(1, 10)).Stock(), 900);
   EXPECT_EQ(bien(almacen(1).Item(1, 12)).cada(), 2);
-  // Not an article: nothing is written and nothing changes in memory.
+  // Not an article: nothing is written, and nothing changes in memory.
   ItmAlm nadie = bien(almacen(1).Item(1, 99));
   EXPECT_FALSE(nadie.poner(ItmAlm::Inicial, 5));
   EXPECT_EQ(nadie.Stock(), 0);
@@ -118,7 +118,7 @@ TEST_F(TiendaDeStock, WarehousesAreNamedOnce) {
   EXPECT_TRUE(bien(a.ponerFechaRegulacion(reloj.ahora())));
   EXPECT_TRUE(bien(a.ponerFechaInicio(reloj.ahora())));
   EXPECT_FALSE(a.FechaRegulacion());
-  // The code of a warehouse takes its groups and counters along; a code in use is loaded.
+  // A new code of a warehouse takes its groups and counters along; a code in use is loaded.
   Almacen b = almacen(2);
   bien(bien(b.Item(1, 10)).poner(ItmAlm::Inicial, 5));
   EXPECT_TRUE(bien(b.ponerCodigo(20)));
@@ -202,7 +202,7 @@ TEST_F(TiendaDeStock, SalesGoOutOnceAnArticleAndWarehouse) {
   venta(7, 2, 11, 3, 0);     // sold, but no grams
   venta(7, 1, 11, dao::Valor(), 40);
   venta(7, 4, 10, 1, 800);  // no warehouse
-  venta(7, 1, 99, 1, 800);  // an article that is no more
+  venta(7, 1, 99, 1, 800);  // a deleted article
   venta(8, 1, 10, 1, 1);
   venta(0, 1, 10, 1, 1);
   EXPECT_TRUE(bien(almacenes.DescontarVenta(7, 1)));

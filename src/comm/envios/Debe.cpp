@@ -7,7 +7,7 @@ namespace tarvo::envios {
 
 namespace {
 
-// One that was never sent to isn't behind: nobody has begun with it.
+// A group that was never sent anything isn't due: no one has begun with it.
 constexpr auto kConocidos =
     uR"(
 SELECT g.CODGPO, g.NOMGPO,

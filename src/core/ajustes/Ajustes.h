@@ -17,13 +17,13 @@ namespace tarvo {
 
 enum class Idioma { Espanol = 0, I = 1, F = 2, UK = 3, PL = 4, P = 5 };
 
-// What a number of the settings may be, where it is read and where it is typed.
+// The range of a numeric setting, both when it is read and when it is typed.
 struct Limites {
   int menor, mayor;
   constexpr bool admite(double n) const { return n >= menor && n <= mayor; }
 };
 inline constexpr Limites kLimitesRespuesta{1, 10 * 60 * 1000};  // ms to wait for an answer
-inline constexpr Limites kLimitesEspera{0, 10 * 60 * 1000};     // ms that may be none
+inline constexpr Limites kLimitesEspera{0, 10 * 60 * 1000};     // ms, may be 0
 inline constexpr Limites kLimitesIntentos{0, 999};              // repeats
 
 // Settings of one of the four configured channels.
@@ -41,7 +41,7 @@ struct ParamCanal {
   bool operator==(const ParamCanal&) const = default;
 };
 
-// Which kinds of task the language has.
+// The kinds of task that the language has.
 struct LimitesClases {
   int ClaseTxMin = 1, ClaseTxMax = 11;
   int ClaseRxMin = 16, ClaseRxMax = 21;
@@ -61,20 +61,20 @@ class Ajustes {
   // and SesionACero begin at `ahora`.
   Ajustes(QString carpeta, Idioma idioma, Fecha ahora = {});
 
-  // Reads the file over what is held. A missing file changes nothing, with no error. An unreadable
-  // one (no rights, a folder, megabytes) changes nothing either, and the error is returned for the
-  // caller to say.
+  // Reads the file over the present values. A missing file changes nothing and is no error. An
+  // unreadable one (no rights, a folder, too large) changes nothing either, and its error is
+  // returned for the caller to report.
   Resultado<> LeerConfig();
   // Writes the file whole beside its place and renames it.
   Resultado<> GuardarConfig() const;
   QString rutaConfig() const;
-  // The same on a text: LeerConfig and GuardarConfig without the file.
+  // The same for a text: LeerConfig and GuardarConfig without the file.
   void leer(const QString& texto);
   QString escribir() const;
 
-  // The name of a file as a setting or a process gives it ("\" and "/" part folders, case ignored)
-  // as a path of this system: relative names stand in `base`; an existing file is found without
-  // regard to case, the exact name first. What isn't there keeps the case that it was given.
+  // The name of a file as a setting or a process gives it ("\" and "/" separate folders, case
+  // ignored) as a path of this system: relative names are relative to `base`; an existing file is
+  // found regardless of case, the exact name first. A missing one keeps the case it was given.
   static QString ruta(const QString& nombre, const QString& base);
 
   bool EsEspanol() const { return idioma == Idioma::Espanol; }
@@ -113,7 +113,7 @@ class Ajustes {
   std::array<int, 2> EnviarCambios{1, 1}, OpcionesStockCompras{0, 0};
   int ModoIntroRapido = 2;
   QString ParrillaRapida =
-      QStringLiteral("1,1,2,1,1,0,0,0,0,0,0,0,0,0,0,0,-1,,,,,");  // as it stands
+      QStringLiteral("1,1,2,1,1,0,0,0,0,0,0,0,0,0,0,0,-1,,,,,");  // as in the file
   std::array<QString, 41> TextoEtiquetas;  // 1 to 40; 1 to 20 come from the table of texts
   QString PrefijoCodigos;
   int NumPreciosAlta = 3, NumTarifasAlta = 8;
@@ -122,33 +122,33 @@ class Ajustes {
     bool operator==(const Personal&) const = default;
   };
   std::vector<Personal> personal;
-  // A line of the file that wasn't understood, or not all of it, and what counts instead of its
-  // value; empty where the line counts for nothing.
+  // A line of the file that wasn't fully understood, and the value used in its place; empty where
+  // the line is ignored.
   struct Duda {
     QString linea, vale, clave;
   };
   std::vector<Duda> dudas;
-  bool monedaLeida = false;            // MonedaNativa was in the file, and could be read
-  void ponerMonedaNativa(int moneda);  // with what follows from it
-  // Our own: another device for a serial port, by port number.
+  bool monedaLeida = false;            // MonedaNativa was in the file and readable
+  void ponerMonedaNativa(int moneda);  // and what follows from it
+  // An addition of ours: another device for a serial port, by port number.
   std::map<int, QString> RutaPuerto;
-  // Our own: scales may answer a question under another code than its own.
+  // An addition of ours: scales may answer a question under a different code.
   bool AceptaOtroCodigo = false;
 
   // CONECTORES.INI: what a connector name stands for ("tcp:host:port", "serie:dev,9600,O,7,1",
-  // "local:/path"), or empty when there is no such name. Read afresh at each call.
+  // "local:/path"), or empty if there is no such name. Read anew at each call.
   QString conector(const QString& nombre) const;
 
  private:
 };
 
-// Of the five times of communications.
+// The limits of the five communication times.
 constexpr Limites limitesDe(int Ajustes::* campo) {
   if (campo == &Ajustes::IntentosManual) return kLimitesIntentos;
   return campo == &Ajustes::FactorEsperaNDL ? kLimitesEspera : kLimitesRespuesta;
 }
 
-// The same on a text of such a file.
+// The same for the text of such a file.
 QString buscarConector(const QString& texto, const QString& nombre);
 
 }  // namespace tarvo

@@ -1,4 +1,4 @@
-// The keys of TARVO.INI: one table says their order, how each is read and how it is written.
+// The keys of TARVO.INI: one table gives their order and how each is read and written.
 #include <QFileInfo>
 #include <algorithm>
 #include <limits>
@@ -19,7 +19,7 @@ constexpr int kPersonales = 200;  // custom menu entries
 constexpr qsizetype kCadenasModem = 8;
 constexpr qsizetype kPeriodos = 10000;  // of ÚltimosPeriodos
 
-// All that reads a value takes what it can of it, and gives false where that isn't all.
+// Every reader of a value takes what it can, and returns false if that isn't all of it.
 bool dentroDe(QStringView v, Limites limites, int& campo) {
   campo = ini::entero(v, limites.menor, limites.mayor);
   return ini::esEntero(v) && limites.admite(ini::real(v));
@@ -30,7 +30,7 @@ bool i16(QStringView v, int& campo) {
 bool i32(QStringView v, int& campo) {
   return dentroDe(v, {-kMaxI32 - 1, kMaxI32}, campo);
 }
-// A wait that nobody would live to see, or that is over before it begins, is a slip: what was there
+// An absurdly long wait, or one that is over before it begins, is a typing error: the old value
 // stays.
 template <Limites kLimites>
 bool limitado(QStringView v, int& campo) {
@@ -41,7 +41,7 @@ bool limitado(QStringView v, int& campo) {
   return bien;
 }
 
-// A number that is no use of a channel leaves it as it is.
+// A number that stands for no use of a channel changes nothing.
 bool leerUso(QStringView v, TipoAcceso& campo) {
   int leido = 0;
   const bool entero = i16(v, leido);
@@ -76,8 +76,8 @@ QString par(int a, int b) {
   return QStringLiteral("%1|%2").arg(a).arg(b);
 }
 
-// Relative where it is inside the program's folder, by whatever name: a folder that is copied or
-// moved takes all its files along.
+// Relative if it is inside the program's folder, under whatever name: a copied or moved folder
+// takes all its files along.
 QString rutaGuardada(const Ajustes& a, const QString& ruta) {
   const auto real = [](const QString& carpeta) {
     const QString canonica = QFileInfo(carpeta).canonicalFilePath();
@@ -147,7 +147,7 @@ bool leerLogos(Ajustes& a, const QString& v) {
   return true;
 }
 
-// A single has seven good digits; what lies after them is noise of its binary form.
+// A single has seven good digits; the rest is noise from its binary form.
 QString escribirEuro(const Ajustes& a) {
   return QString::number(QString::number(a.Euro, 'g', 7).toDouble(), 'f', 6);
 }
@@ -162,7 +162,7 @@ bool leerFestivos(Ajustes& a, const QString& v) {
   return bien;
 }
 
-// The books are in the money that the database was last used with, not in one that was guessed.
+// The books are in the currency last used with the database, not in a guessed one.
 bool leerNativa(Ajustes& a, const QString& v) {
   int leida = a.MonedaNativa;
   a.monedaLeida = dentroDe(v, kUnByte, leida);
@@ -194,7 +194,7 @@ bool leerPar(const QString& v, std::array<int, N>& par2) {
 }
 
 struct Clave {
-  const char16_t* nombre;                  // as written; nothing for a blank line
+  const char16_t* nombre;                  // as written; null for a blank line
   bool (*leer)(Ajustes&, const QString&);  // false: not all of the value was understood
   QString (*escribir)(const Ajustes&);
 };
@@ -320,7 +320,8 @@ bool es(const ini::Linea& linea, const char16_t* nombre) {
   return linea.clave == QString::fromUtf16(nombre).toUpper();
 }
 
-// What of a line counts: all of it, or the value as it is written now; nothing for no such key.
+// How much of a line was understood: all of it, or else the value as it would be written now;
+// nothing for an unknown key.
 struct Leida {
   bool entera = false;
   QString vale;
@@ -368,7 +369,7 @@ Leida leerConIndice(Ajustes& a, const ini::Linea& linea) {
   return {};
 }
 
-// The lines of the file as they are made.
+// Collects the lines of the file.
 class Salida {
  public:
   void blanco() { texto_ += QStringLiteral("\r\n"); }

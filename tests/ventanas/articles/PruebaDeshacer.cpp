@@ -181,7 +181,10 @@ TEST(DeshacerCeldas, TeclearEscribeDondeSePuede) {
   for (const auto& c : casos) {
     MesaDeArticulos t;
     t.sql(u"update PLUSES set CADA=2 where SECCION=1 and CODPLU=50"_s);
-    auto& grid = t.lista(t.abrir(PuertaBrowPLUs{}));
+    auto* v = t.abrir(PuertaBrowPLUs{});
+    v->resize(1600, 700);  // room for all columns
+    QApplication::processEvents();
+    auto& grid = t.lista(v);
     grid.vista()->setFocus();
     grid.vista()->setCurrentIndex(grid.modelo()->index(
         grid.filaActual(), grid.modelo()->columna(QString::fromUtf16(c.campo))));

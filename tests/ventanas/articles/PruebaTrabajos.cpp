@@ -80,6 +80,8 @@ TEST(Trabajos, UnCodigoCambiadoEnLaLista) {
 TEST(Trabajos, LasCeldasSeComprueban) {
   MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
+  v->resize(1600, 700);  // room for all columns
+  QApplication::processEvents();
   auto& grid = t.lista(v);
   const struct {
     const char16_t *campo, *texto;

@@ -40,7 +40,7 @@ Resultado<> escribir(const QString& ruta, const QByteArray& bytes) {
   return fallo(Fallo::SinPermiso, ruta + u": "_s + f.errorString());
 }
 
-// The event loop until it holds.
+// Runs the event loop until it holds.
 template <class F>
 bool esperar(F hecho) {
   QElapsedTimer t;
@@ -72,7 +72,7 @@ Resultado<> llenarBandeja(app::Fondo& fondo, app::Aplicacion& aplicacion, Fecha 
     TARVO_INTENTAR(aplicacion.cerrSes().AnalizarScratch(avisos));
     TARVO_INTENTAR(aplicacion.cerrSes().LaSesion(true, 0, avisos));
   }
-  const Fecha dia = hoy.dia() + 1;  // behind whatever was zeroed until now
+  const Fecha dia = hoy.dia() + 1;  // after everything zeroed so far
   for (const int grupo : {1, 2, 3, 4, 5, 6})
     TARVO_INTENTAR(recibir(fondo, aplicacion.sesion(), grupo, dia + (grupo > 4 ? 1 : 0)));
   return {};

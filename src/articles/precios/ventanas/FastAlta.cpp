@@ -36,12 +36,14 @@ void FastAlta::montar() {
   auto& seccion = cabeza[0].fila(kTxSeccionFicha, u"dbS"_s, r.seccion, {});
   seccion_ = qobject_cast<QComboBox*>(&seccion.control());
   connect(&seccion, &Campo::cambiado, this, &FastAlta::pintarDepartamento);
-  cabeza[1].enLinea({cabeza[1].boton(kTxConfigurar, u"Configurar"_s, [this] { configurar(); })});
+  ultimo_ = new QLabel(cuerpo());
+  ultimo_->setObjectName(u"lbUltimo"_s);
+  ventanas::ponerLetra(*ultimo_, ventanas::Letra::Secundaria);
+  cabeza[1].enLinea(
+      {ultimo_, cabeza[1].boton(kTxConfigurar, u"Configurar"_s, [this] { configurar(); })});
   auto lados = f.columnas(2);
   montarIzquierda(lados[0]);
   montarDerecha(lados[1]);
-  ultimo_ = f.nota(u"lbUltimo"_s);
-  ventanas::ponerLetra(*ultimo_, ventanas::Letra::Secundaria);
   setFrase(kTxValorIncorrecto, false);
   acabar({760, 520}, {.acepto = u"Alta"_s,
                       .cancelo = u"Salir"_s,
