@@ -71,10 +71,10 @@ class Aplicacion {
   const motor::RegistroTareas& registro() const;
   envios::Grupos& grupos();
   automation::Pendientes& debidos();
-  // What the morning shows, to be read in steps; `enMarcha`: the run that is under way.
+  // The morning summary, to be read in steps; `enMarcha`: the run under way.
   std::shared_ptr<automation::LectorResumen> resumen(std::optional<qint64> enMarcha);
   Resultado<std::vector<articles::LoteAMedias>> lotesAMedias() const;
-  // Tickets that were left open on another day; none is no fault.
+  // Deletes tickets left open on an earlier day, if any.
   Resultado<> olvidarTiquesViejos();
   articles::Catalogo& catalogo();
   stock::Almacenes& almacenes();

@@ -38,11 +38,11 @@ enum FaseProceso : int {
   kAcabado = 8,
 };
 
-// The state of a step of the current run. What it queued hasn't ended yet: EnCola.
+// The state of a step of the current run. EnCola: its queued tasks haven't ended yet.
 enum class EstadoPaso : int { Pendiente, EnCurso, Hecho, ConProblemas, Interrumpido, EnCola };
 struct VistaPaso {
   QString texto;  // its text as a line
-  QString dicho;  // what it does, in words
+  QString dicho;  // its effect, in words
   EstadoPaso estado = EstadoPaso::Pendiente;
   QString motivo;  // of its first problem
 };

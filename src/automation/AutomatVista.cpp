@@ -30,7 +30,7 @@ void Automat::Interior::interrumpirVistas() {
       v.estado = EstadoPaso::Interrumpido;
 }
 
-// What was queued has ended.
+// The queued tasks have ended.
 void Automat::Interior::asentarVistas() {
   for (auto& v : vistas)
     if (v.estado == EstadoPaso::EnCola) v.estado = EstadoPaso::Hecho;

@@ -164,7 +164,7 @@ class Lenguaje {
   // error.
   Resultado<std::optional<PasoProceso>> LeerPaso(QStringView linea) const;
   QString EscribirPaso(const PasoProceso& paso) const;
-  // What a step does, in words for a person; a comment as it is.
+  // The effect of a step, in words for a person; a comment as it is.
   QString DecirPaso(const PasoProceso& paso) const;
   // Text of a whole file. Errors name the line.
   Resultado<FicheroProceso> leer(const QString& texto) const;

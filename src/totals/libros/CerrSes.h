@@ -40,7 +40,7 @@ class CerrSes {
   // The same for what AnalizarScratch found.
   Resultado<EnBandeja> enBandeja() const;
   int elegido() const { return elegido_; }  // index of the dominant period, -1 for none
-  // Descrip from a pattern.
+  // Sets Descrip from a pattern.
   void describir(const QString& patron, Fecha ahora);
   // Takes another of the proposed periods in place of the dominant one; the choice holds as long as
   // the received totals still make that period.

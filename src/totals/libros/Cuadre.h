@@ -21,7 +21,7 @@ struct Comparado {
 Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajustes& ajustes,
                                                   qint64 link, int grupo);
 
-// The groups of a period whose grand total differs from a sum that is comparable with it.
+// The groups of a period whose grand total differs from a comparable sum.
 struct CuadreDePeriodo {
   bool hay = false;  // something could be compared
   std::vector<int> malos = {};

@@ -162,7 +162,7 @@ Resultado<std::vector<PuntoPeriodo>> evolucion(const Periodos& periodos,
   });
 }
 
-// The articles of the day are many, and most of what is sold is theirs.
+// The row with the highest amount, whatever its group.
 Resultado<CodigoDe> masVendido(const Periodos& periodos, int clase) {
   CodigoDe mayor;
   const QString sql = dao::conMarcas(

@@ -42,7 +42,7 @@ struct FiltroCodigo {
 // table with their name. `nombreFilas` is the expression for that name.
 QString fuenteFilas(int clase, bool conPeriodo);
 QString nombreFilas(int clase);
-// Of a row of COLUMNA: its grand totals, else its articles.
+// The amount of a row of COLUMNA: from its grand totals, else from its articles.
 QString importeDePeriodo();
 bool conSeccion(int clase);  // codes belong to a section
 
@@ -66,16 +66,16 @@ struct PuntoPeriodo {
 Resultado<std::vector<PuntoPeriodo>> evolucion(const Periodos& periodos,
                                                const FiltroCodigo& filtro);
 
-// What sold most in the most recent day, with its section; 0 and 0 when there is none. Codes are
-// those of articles, operators, departments or groups.
+// The best seller of the most recent day, with its section; 0 and 0 when there is none. The code is
+// that of an article, operator, department or group.
 struct CodigoDe {
   int seccion = 0;
   qint64 codigo = 0;
 };
 Resultado<CodigoDe> masVendido(const Periodos& periodos, int clase);
-// The name of the filter's code; empty when nothing has it.
+// The name of the filter's code; empty when unknown.
 Resultado<QString> nombreDeCodigo(const Periodos& periodos, const FiltroCodigo& filtro);
-// How many rows a period has of each kind that is in use.
+// Number of rows of a period for each kind in use.
 Resultado<std::map<int, qint64>> filasPorClase(const Periodos& periodos, qint64 link);
 
 // A reading from which rows of a period came.

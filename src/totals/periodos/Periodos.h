@@ -32,7 +32,7 @@ class Periodos {
   Resultado<std::vector<Columna>> lista(
       int tipo = 0);  // 0: all kinds; ordered by first date, then LINK
   Resultado<std::optional<Columna>> columna(qint64 link);
-  Resultado<qint64> ultimo();  // LINK of the one with the most recent dates; 0 for none
+  Resultado<qint64> ultimo();  // LINK of the most recent one; 0 for none
   // A period of a calendar kind is stored with its full limits. Returns the new LINK, above 0.
   Resultado<qint64> CrearPeriodo(int tipo, Fecha desde, Fecha hasta, bool stockable,
                                  const QString& descr);
@@ -82,7 +82,7 @@ class Periodos {
   // Takes the sales of the period off stock `veces` times (negative: puts them back), after
   // settling an earlier version. False when it isn't stockable.
   Resultado<bool> DescontarPeriodo(const Columna& c, int veces);
-  // Several in one transaction; those that are gone are passed over. How many there were.
+  // Several in one transaction, skipping missing ones. Returns how many there were.
   Resultado<int> DescontarVarios(const std::vector<qint64>& links, int veces);
 
   dao::Database& base() const { return db_; }
