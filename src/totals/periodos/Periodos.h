@@ -29,8 +29,7 @@ class Periodos {
   Periodos(dao::Database& db, const Ajustes& ajustes, stock::Almacenes& almacenes,
            const Textos& textos);
 
-  Resultado<std::vector<Columna>> lista(
-      int tipo = 0);  // 0: all kinds; ordered by first date, then LINK
+  Resultado<std::vector<Columna>> lista(int tipo = 0);  // 0: all kinds; by first date, LINK
   Resultado<std::optional<Columna>> columna(qint64 link);
   Resultado<qint64> ultimo();  // LINK of the most recent one; 0 for none
   // A period of a calendar kind is stored with its full limits. Returns the new LINK, above 0.
