@@ -12,7 +12,7 @@ namespace tarvo::app {
 
 namespace {
 
-// Who sits here, as the computer knows them: user and machine. A service has no USER.
+// The person at this computer, as user and machine. A service has no USER.
 QString personaDeAqui() {
   QString persona = qEnvironmentVariable("USER", qEnvironmentVariable("LOGNAME"));
   if (persona.isEmpty())
@@ -23,7 +23,7 @@ QString personaDeAqui() {
 
 }  // namespace
 
-// In the order of the start; what is below rests on what is above, and goes first.
+// In the order of the start; later members depend on earlier ones, and are destroyed first.
 struct Aplicacion::Interior {
   Interior(Fondo& fondo, Reloj& reloj, enlace::FabricaEnlaces& fabrica, quint64 semilla,
            automation::Preguntas& preguntas)

@@ -21,7 +21,7 @@ std::optional<Idioma> idiomaDe(const QString& letras) {
 
 constexpr int kLetraDeIdioma = 0;  // its number in the table
 
-// The language of the texts, by the letter that the table bears.
+// The language of the texts, by the letter in the table.
 Idioma idiomaDeTabla(const QString& letra) {
   static constexpr std::pair<const char16_t*, Idioma> kLetras[] = {{u"I", Idioma::I},
                                                                    {u"F", Idioma::F},
@@ -33,7 +33,7 @@ Idioma idiomaDeTabla(const QString& letra) {
   return Idioma::Espanol;
 }
 
-// Reads the arguments one by one; the first fault stays.
+// Reads the arguments one by one; the first fault is kept.
 class Lector {
  public:
   Lector(const QStringList& argumentos, const Textos& textos) : resto_(argumentos), t_(textos) {
@@ -184,7 +184,7 @@ QString rutaProceso(QString argumento, const Ajustes& ajustes) {
   const QString extension = QStringLiteral(".AUT");
   if (!argumento.contains(u'.')) return enDisco(argumento + extension, ajustes);
   const QString ruta = enDisco(argumento, ajustes);
-  // The only point may be one of a folder's name.
+  // The only dot may be in a folder's name.
   if (QFileInfo(ruta).isFile() || NombreFichero(argumento).contains(u'.')) return ruta;
   const QString conExtension = enDisco(argumento + extension, ajustes);
   return QFileInfo(conExtension).isFile() ? conExtension : ruta;

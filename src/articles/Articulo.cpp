@@ -11,7 +11,7 @@ namespace tarvo::articles {
 
 namespace {
 
-// In the order in which ColumnasArticulo takes them; the prices come after.
+// In the order of ColumnasArticulo; the prices come after.
 enum Columna {
   kSeccion,
   kCodigo,
@@ -137,7 +137,7 @@ Articulo ColumnasArticulo::leer(const dao::Recordset& rs) const {
 
 namespace {
 
-// Hands over the value of every column, by its number.
+// Passes on the value of every column, by number.
 template <class Poner>
 void recorrer(const Articulo& a, const Poner& poner) {
   poner(kSeccion, a.clave.seccion);

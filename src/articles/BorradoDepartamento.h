@@ -1,4 +1,4 @@
-// A department deleted with its articles, which comes back as it was as long as this object lives.
+// A department deleted with its articles. It can be restored as long as this object lives.
 #pragma once
 
 #include "articles/Lotes.h"
@@ -18,10 +18,10 @@ class BorradoDepartamento {
         seccion_(seccion),
         departamento_(departamento) {}
 
-  // One transaction; `ventana` for the batch. NoExiste when it is gone.
+  // One transaction; `ventana` is for the batch. NoExiste when it is missing.
   Resultado<> borrar(const QString& ventana);
   const QString& nombre() const { return nombre_; }
-  // What wouldn't come back, as a question; see Lotes::avisoDeVuelta.
+  // What would not be restored, as a question; see Lotes::avisoDeVuelta.
   Resultado<std::optional<QString>> aviso();
   // One transaction.
   Resultado<Lotes::Deshecho> reponer(const QString& ventana);

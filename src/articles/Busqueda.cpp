@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What is a sign of a pattern counts as itself.
+// Pattern characters count as themselves.
 QString patron(QStringView palabra) {
   QString p;
   for (const QChar c : palabra)
@@ -24,10 +24,10 @@ QString patron(QStringView palabra) {
 Condicion condicionBusqueda(const QString& texto) {
   Condicion c;
   for (const QString& palabra : texto.simplified().split(u' ', Qt::SkipEmptyParts)) {
-    // Digits have neither accents nor case: the store's own search for them is the quicker one.
+    // Digits have neither accents nor case: the store's own search is quicker for them.
     const bool cifras =
         std::ranges::all_of(palabra, [](QChar x) { return x >= u'0' && x <= u'9'; });
-    // Zeros in front are of the code as it is shown; without them the number itself will do.
+    // Leading zeros belong to the displayed code; without them the number itself will do.
     const QString codigo = palabra.startsWith(u'0') ? u"format(CODPLU,'0000000')"_s : u"CODPLU"_s;
     const QString una =
         cifras

@@ -1,4 +1,4 @@
-// Which articles of a section a list shows, and where in it one of them is.
+// The articles of a section in a list, and the position of one of them.
 #pragma once
 
 #include <vector>
@@ -7,14 +7,14 @@
 
 namespace tarvo::articles {
 
-// A condition on PLUSES, with the values that it binds. Empty for all articles.
+// A condition on PLUSES, with its bound values. Empty for all articles.
 struct Condicion {
   QString sql;
   std::vector<dao::Valor> valores;
 };
 
-// The articles that have each word of the text somewhere in their name, code (seven digits) or bar
-// code. Accents and case don't matter.
+// The articles with each word of the text somewhere in their name, code (seven digits) or bar code.
+// Accents and case don't matter.
 Condicion condicionBusqueda(const QString& texto);
 
 struct FiltroArticulos {
@@ -24,12 +24,12 @@ struct FiltroArticulos {
   Condicion condicion() const;
 };
 
-// What a list is ordered by that a person reads by names.
+// The order of a list read by name.
 QString ordenPorNombre();
 
 // The key of the row (PLUSES.rowid) of an article; nothing when there is none.
 Resultado<std::optional<qint64>> filaDe(dao::Database& db, ClaveArticulo clave);
-// That of the first article of the filter whose code, or name, is the text or comes after it.
+// The same for the first article of the filter with a code, or name, equal to the text or after it.
 Resultado<std::optional<qint64>> filaDesde(dao::Database& db, const FiltroArticulos& filtro,
                                            bool porNombre, const QString& texto);
 

@@ -1,4 +1,4 @@
-// An article with its stock, as the complete editor keeps it: read together, written together.
+// An article with its stock, as in the complete editor: read together, written together.
 #pragma once
 
 #include "articles/Catalogo.h"
@@ -18,13 +18,13 @@ class FichasArticulo {
   // REQUIRES that both outlive it.
   FichasArticulo(dao::Database& db, Catalogo& catalogo) : db_(db), catalogo_(catalogo) {}
 
-  // Code 0: a new article of the department; of the section's first one where that is 0. NoExiste
-  // when there is none of that key.
+  // Code 0: a new article of the department, or of the section's first one when that is 0. NoExiste
+  // when there is none with that key.
   Resultado<FichaArticulo> leer(ClaveArticulo clave, int departamento = 0);
-  // Whether somebody changed the article since it was read so.
+  // Whether the article has changed since this reading.
   Resultado<bool> cambiada(const FichaArticulo& leida);
-  // The article and the counters that differ, one transaction. `leida`: what leer() gave. Errors:
-  // those of the catalogue.
+  // Saves the article and the differing counters, in one transaction. `leida`: the result of
+  // leer(). Errors: those of the catalogue.
   Resultado<> guardar(const FichaArticulo& leida, const FichaArticulo& ficha,
                       const QString& ventana);
 

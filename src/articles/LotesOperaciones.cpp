@@ -1,4 +1,4 @@
-// What batches do with many articles, and how long they are kept.
+// The operations of batches on many articles, and how long batches are kept.
 #include "articles/Lotes.h"
 
 namespace tarvo::articles {
@@ -12,7 +12,7 @@ Resultado<> Lotes::borrar(qint64 lote, std::span<const ClaveArticulo> claves) {
   return t.confirmar();
 }
 
-// What stays where it is isn't kept.
+// Articles that stay where they are aren't kept.
 Resultado<> Lotes::guardarTraslado(qint64 lote, std::span<const ClaveArticulo> claves, int destino,
                                    bool salen) {
   for (const ClaveArticulo& c : claves) {
@@ -45,7 +45,7 @@ Resultado<std::vector<ClaveArticulo>> Lotes::mover(qint64 lote,
 }
 
 LoteGuardado::~LoteGuardado() {
-  static_cast<void>(lotes_.olvidar(lote_));  // batches that are too old go by themselves
+  static_cast<void>(lotes_.olvidar(lote_));  // batches that are too old are deleted anyway
 }
 
 }  // namespace tarvo::articles

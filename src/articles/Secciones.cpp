@@ -29,7 +29,7 @@ QString escribirIvas(const Ivas& ivas) {
   return partes.join(u'@');
 }
 
-// One after the last; where that is beyond `ultimo`, the first that is free.
+// One after the last; if that is beyond `ultimo`, the first free one.
 Resultado<int> Secciones::numeroLibre(const QString& columna, const QString& donde, int ultimo) {
   TARVO_TOMAR(auto rs, db_.consultar(QString(u"SELECT "_s + columna + u" FROM "_s + donde +
                                              u" ORDER BY "_s + columna)));
@@ -132,7 +132,8 @@ Resultado<> Secciones::borrar(int seccion) {
   return {};
 }
 
-// The one place where groups go with their section, and all that is kept by their numbers.
+// The only place where groups are deleted with their section, and with all that is kept by their
+// numbers.
 Resultado<> Secciones::borrarGrupos(int seccion) {
   TARVO_TOMAR(auto grupos,
               db_.consultar(u"SELECT CODGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO", seccion));

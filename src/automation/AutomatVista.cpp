@@ -1,4 +1,4 @@
-// What whoever watches a run is shown: how each step stands, and that something has changed.
+// What observers of a run are shown: the state of each step, and changes.
 #include "automation/AutomatInterior.h"
 
 namespace tarvo::automation {
@@ -7,7 +7,7 @@ void Automat::Interior::cambio() const {
   for (auto* quien : std::vector(observadores)) quien->automatCambiado();
 }
 
-// A step that had a problem keeps it, and the first that it had.
+// A step that had a problem keeps its first one.
 void Automat::Interior::marcar(EstadoPaso estado, const QString& motivo) {
   if (deOtra || indice < 0 || indice >= static_cast<qint64>(vistas.size())) return;
   VistaPaso& v = vistas[static_cast<size_t>(indice)];
@@ -30,7 +30,7 @@ void Automat::Interior::interrumpirVistas() {
       v.estado = EstadoPaso::Interrumpido;
 }
 
-// What was queued has ended.
+// The queued tasks have ended.
 void Automat::Interior::asentarVistas() {
   for (auto& v : vistas)
     if (v.estado == EstadoPaso::EnCola) v.estado = EstadoPaso::Hecho;

@@ -21,12 +21,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kNoche = 1;  // days: what began within them is the last night
+constexpr double kNoche = 1;  // days: runs begun within them are the last night
 constexpr int kEjecucionesMiradas = 30;
 constexpr int kSemanas = 4;
 constexpr double kHorarioMirado = 7;      // days
-constexpr double kGracia = 1.0 / 24;      // another process may have gone first
-constexpr double kAdelanto = 1.0 / 1440;  // a run that began a little early is that run
+constexpr double kGracia = 1.0 / 24;      // another process may have run first
+constexpr double kAdelanto = 1.0 / 1440;  // a run that began a little early counts
 
 QString nombreBaseDe(const QString& fichero) {
   return NombreFichero(fichero).section(u'.', 0, 0).toUpper();
@@ -82,7 +82,7 @@ Resultado<> LectorResumen::leerEjecuciones() {
   for (auto& e : ultimas)
     if (r_.ejecuciones.empty() || f_.ahora - e.inicio < kNoche)
       r_.ejecuciones.push_back(std::move(e));
-  // The earliest first, so that what came later stands.
+  // The earliest first, so that the latest prevails.
   for (size_t i = r_.ejecuciones.size(); i > 0; --i)
     anadir([this, i] { return leerEjecucion(r_.ejecuciones[i - 1]); });
   anadir([this] { return leerGrupos(); });
@@ -99,7 +99,8 @@ Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
   for (const auto& t : tareas) {
     DeGrupo& d = porGrupo_[t.grupo];
     if (esDeTotales(t.clase)) {
-      // Read again: what was said before is over, and while it is being read, what was done is too.
+      // Read again: earlier reports no longer count, nor, while it is being read, do earlier
+      // results.
       if (e.fin == FinEjecucion::EnMarcha && d.recogida != e.numero) d.clases.clear();
       d.avisos.clear();
       d.recogida = e.numero;
@@ -132,8 +133,8 @@ Resultado<> LectorResumen::leerGrupos() {
   return {};
 }
 
-// All groups sold nothing on a day of the week on which they sell: what was read may be of machines
-// that nobody sells with, or that were zeroed by somebody else.
+// No group sold anything on a weekday with usual sales: the machines read may be unused, or may
+// have been zeroed by others.
 Resultado<> LectorResumen::mirarVentas() {
   const auto dia = std::ranges::find(r_.periodos, totals::kDiario, &PeriodoResumen::tipo);
   if (dia == r_.periodos.end() || dia->importe != 0 || dia->media().value_or(0) <= 0) return {};
@@ -178,7 +179,7 @@ Resultado<> LectorResumen::leerPeriodo(const PeriodoHecho& hecho, qint64 ejecuci
   return {};
 }
 
-// Only groups that both have are compared: one that failed must not look like a bad day.
+// Only groups in both are compared: a failed one must not look like a bad day.
 Resultado<> LectorResumen::leerAnteriores(PeriodoResumen& p, Fecha desde) {
   constexpr double kHolgura = 1e-4;
   for (int semana = 1; semana <= kSemanas; ++semana) {
@@ -195,8 +196,8 @@ Resultado<> LectorResumen::leerAnteriores(PeriodoResumen& p, Fecha desde) {
   return {};
 }
 
-// The group's part of the period that its last collection went into, and whether it foots; where no
-// period has it, the inbox. A period made before that collection says nothing of it.
+// The group's part of the period that received its last collection, and whether it foots; if no
+// period has it, the inbox. A period made before that collection shows nothing about it.
 Resultado<> LectorResumen::cuadrar(size_t cual) {
   GrupoResumen& g = r_.grupos[cual];
   if (g.estado == EstadoGrupo::SinIntentar || g.estado == EstadoGrupo::EnMarcha) return {};
@@ -274,7 +275,7 @@ void LectorResumen::leerCronos() {
     if (e.estado != EstadoEntrada::Inutil) proponer(e.linea, e.proceso, {}, true);
 }
 
-// A file a step; one that can't be read holds no timetable.
+// One file per step; an unreadable one has no timetable.
 void LectorResumen::leerHorarios() {
   const QDir carpeta(f_.ajustes.HomeDir);
   for (const QString& fichero :
@@ -300,7 +301,7 @@ void LectorResumen::leerHorario(const QString& ruta) {
   }
 }
 
-// A process that this shop runs, and that nobody ran when its timetable last said so.
+// A process used by this shop that was not run when its timetable last required it.
 void LectorResumen::mirarPerdida(const LineaActivacion& linea, const QString& proceso,
                                  Fecha escrito) {
   const auto suya = ultimas_.find(proceso);

@@ -1,4 +1,4 @@
-// Date ranges as --dato gives them, and what comes from the table of texts.
+// Date ranges as given by --dato, and values from the table of texts.
 #include <gtest/gtest.h>
 
 #include <QFile>

@@ -1,4 +1,4 @@
-// Every way by which an article changes, and what the machines hear of it.
+// Every way of changing an article, and what becomes due to the machines.
 #include "articles/TiendaDeArticulos.h"
 
 namespace tarvo::prueba {
@@ -8,7 +8,7 @@ namespace {
 struct Camino {
   const char* nombre;
   std::function<void(TiendaDeArticulos&)> andar;
-  const char* cruces;       // after it
+  const char* cruces;       // afterwards
   const char* modificadas;  // sections
 };
 
@@ -132,7 +132,7 @@ TEST(Caminos, LoQueOyenLasMaquinas) {
     c.andar(t);
     EXPECT_EQ(t.cruces().toStdString(), c.cruces) << c.nombre;
     EXPECT_EQ(t.modificadas().toStdString(), c.modificadas) << c.nombre;
-    // Whatever is done, the system articles of a section that is there survive.
+    // Whatever is done, the system articles of an existing section survive.
     EXPECT_EQ(
         t.leer(
             u"select count(*) from SECCS where (select count(*) from PLUSES where SECCION=NMSECC and CODPLU<3)<>2"_s),

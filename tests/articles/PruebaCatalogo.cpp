@@ -1,4 +1,4 @@
-// What goes with an article: its history, offers, stock, bar codes; sections, departments and
+// What belongs to an article: its history, offers, stock, bar codes; sections, departments and
 // operators.
 
 #include "articles/BorradoSeccion.h"
@@ -30,7 +30,7 @@ TEST(Catalogo, LasOfertasSiguenAlCodigoYNoSeHeredan) {
     t.oferta({.grupo = 1, .codigo = codigo, .precio = codigo, .enviado = 1});
   };
   oferta(10);
-  oferta(12);  // of an article that is no more
+  oferta(12);  // of a deleted article
   oferta(50);
   Articulo a = t.articulo(3, 10);
   a.clave.codigo = 12;
@@ -57,7 +57,7 @@ TEST(Catalogo, UnaFaltaNoDejaNadaAMedias) {
   EXPECT_EQ(barras.error().clase, Fallo::Duplicado);
   EXPECT_EQ(t.leer(u"select count(*) from HistoriaPrecios where CODPLU in (10, 11, 61)"_s), u"0");
   EXPECT_EQ(t.cruces(), u"3 10 1 0 | 3 10 4 0");
-  // One that is gone stops the whole move.
+  // A missing one stops the whole move.
   EXPECT_FALSE(t.catalogo.mover(std::vector<ClaveArticulo>{{3, 20}, {3, 99}}, 7));
   EXPECT_EQ(t.leer(u"select SECCION from PLUSES where CODPLU=20"_s), u"3");
 }
@@ -65,7 +65,7 @@ TEST(Catalogo, UnaFaltaNoDejaNadaAMedias) {
 TEST(CodigoBarras, ElDigitoDeControl) {
   const struct {
     const char* codigo;
-    int debido;  // -1: nothing to say
+    int debido;  // -1: nothing to report
   } casos[] = {{"8412345678905", -1}, {"8412345678904", 5},  {"96385074", -1},
                {"96385070", 4},       {"0000000000000", -1}, {"ABC", -1},
                {"123456", -1},        {"841234567890A", -1}};
@@ -79,7 +79,7 @@ TEST(CodigoBarras, ElDigitoDeControl) {
   } compuestos[] = {{kEAN13, "21", 123, "2100012300001"},
                     {kEAN8, "2", 123, "20001230"},
                     {kEAN8, "21", 123, ""},     // a digit too many
-                    {kEAN8, "0", 1234567, ""},  // a code of seven
+                    {kEAN8, "0", 1234567, ""},  // a code of seven digits
                     {kEAN13, "21A", 5, ""}};
   for (const auto& c : compuestos) {
     Articulo a;
@@ -173,7 +173,8 @@ TEST(Secciones, LaCopiaYLaBorrada) {
       u"0 0 3 1");
 }
 
-// Deleted with a copy of all beside it, and brought back as it was; what is another's now stays so.
+// Deleted with a copy of everything, and restored as it was; what has been taken by another stays
+// so.
 TEST(Secciones, UnaBorradaVuelveEntera) {
   TiendaDeArticulos t;
   t.fila(u"BZAS", {{u"SUGPO", 1}, {u"NMBZA", 0}});
@@ -225,7 +226,7 @@ TEST(Secciones, UnaBorradaVuelveEntera) {
   t.seccion(9, u"OTRA").grupo({.codigo = 4});
   EXPECT_EQ(ida.reponer().error().clase, Fallo::Duplicado);
   EXPECT_EQ(t.leer(u"select NMSECC from SECCS order by 1"_s), u"7 | 9") << "nothing by halves";
-  // Without its copy nothing goes.
+  // Without its copy nothing is deleted.
   BorradoSeccion otra(*t.db, t.secciones, t.textos, 7);
   EXPECT_FALSE(otra.borrar(t.ruta(u"no/hay"_s), t.reloj.ahora()));
   EXPECT_EQ(t.leer(u"select NMSECC from SECCS order by 1"_s), u"7 | 9");
@@ -265,7 +266,7 @@ TEST(Operadores, ElCodigoVaEnTodosLosHuecos) {
   const auto idos = bien(t.operadores.borrar(std::vector<int>{77, 6}));
   EXPECT_EQ(t.leer(huecos), u"1 0 0 0 0 0 | 2 0 0 0 5 6 | 3 0 0 0 0 0 | 4 0 0 0 0 0 | 1 0 0 0 0 0");
   EXPECT_EQ(t.leer(u"select count(*) from OPERS"_s), u"0");
-  t.sql(u"update GRUPOS set OP10_C=8 where CODGPO=1"_s);  // a slot that somebody took meanwhile
+  t.sql(u"update GRUPOS set OP10_C=8 where CODGPO=1"_s);  // a slot taken meanwhile
   EXPECT_EQ(bien(t.operadores.reponer(idos)), 1);
   EXPECT_EQ(t.leer(huecos),
             u"1 77 1 8 77 6 | 2 77 1 77 5 6 | 3 77 1 77 77 6 | 4 77 1 77 77 6 | 1 77 1 77 77 6");

@@ -1,4 +1,4 @@
-// A run of the runner on the shop of the tests.
+// A run of the runner on the test shop.
 #pragma once
 
 #include "automation/TiendaDeProcesos.h"
@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 class RunnerTest : public testing::Test {
  protected:
-  // Lines without the moments, which the tests of the trace look at.
+  // Lines without the times, which the tests of the trace check.
   QStringList correr(const QString& proceso, Programa& p) {
     p.correr(proceso);
     EXPECT_TRUE(p.hastaElFin());

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A reading of one kind. The reset of a machine lies between the notice on disk and its
+// A reading of one kind. The reset of a machine comes between the notice on disk and its
 // confirmation.
 class TrabajoDePrueba final : public motor::TrabajoTarea {
  public:
@@ -211,7 +211,7 @@ Reloj& Programa::reloj() {
 
 namespace {
 
-// The database of a shop, made once.
+// The database of a shop, created once.
 const QByteArray& baseDeTienda() {
   static const QByteArray bytes = [] {
     prueba::TiendaVacia tienda;

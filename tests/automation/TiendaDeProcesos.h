@@ -1,5 +1,5 @@
-// A shop for the runner: the real rooms of the books on a database in a folder, machines that are a
-// map of counters, and kinds of task that read and reset them. The folder and the machines outlive
+// A shop for the runner: the real rooms of the books on a database in a folder, machines made of a
+// map of counters, and kinds of task that read and reset them. The folder and the machines survive
 // a cut; everything else is thrown away.
 #pragma once
 
@@ -13,10 +13,11 @@
 
 namespace tarvo::automation {
 
-// The program was killed here.
+// Thrown where the program is killed.
 struct Corte {};
 
-// A clock over the virtual one that kills the program at its n-th question for the time.
+// A clock on top of the virtual one that kills the program when it asks for the time for the n-th
+// time.
 class RelojConCorte final : public Reloj {
  public:
   explicit RelojConCorte(RelojVirtual& base) : base_(base) {}
@@ -37,8 +38,8 @@ class RelojConCorte final : public Reloj {
 
 struct Maquinas {
   std::map<int, totals::Contadores> porGrupo;
-  std::set<int> mudas;  // groups whose machine answers nothing
-  int ceros = 0;        // resets that a machine obeyed
+  std::set<int> mudas;  // groups with a silent machine
+  int ceros = 0;        // resets obeyed by a machine
 };
 
 // The counters behind the kinds of task of `registroDePrueba`.
@@ -60,7 +61,7 @@ class SinRespuestas final : public Preguntas {
   std::map<QString, QString> textos;
   std::map<QString, std::pair<Fecha, Fecha>> fechas;
   int preguntas = 0;
-  std::function<void()> mientras;  // what goes on while a question is on the screen
+  std::function<void()> mientras;  // what happens while a question is on the screen
 
  private:
   template <class T>
@@ -101,7 +102,7 @@ class Programa : public prueba::Tienda {
   RelojVirtual& virtual_;
 };
 
-// The shop: a folder with its database, two groups that answer and the clock.
+// The shop: a folder with its database, two answering groups and the clock.
 struct TiendaDeProcesos {
   TiendaDeProcesos();
   QTemporaryDir dir;
@@ -110,7 +111,7 @@ struct TiendaDeProcesos {
   std::unique_ptr<Programa> programa(int corteEn = 0) {
     return std::make_unique<Programa>(dir.path(), reloj, respuestas, corteEn);
   }
-  // Everything that the books hold, one line a row, without run numbers and moments of the clock.
+  // The whole contents of the books, one line per row, without run numbers and times.
   QStringList libros();
   QString texto(const QString& fichero) const;
 };

@@ -1,4 +1,4 @@
-// What one night couldn't do with a period is owed, done once, and can be dropped.
+// Operations on a period that failed one night are owed, done once, and can be dropped.
 #include <QDir>
 
 #include "automation/Runner.h"
@@ -9,7 +9,7 @@ namespace {
 
 class DeudasTest : public RunnerTest {};
 
-// What the stock can't take tonight, because of one group, it takes when the group is mended.
+// A discount that fails tonight because of one group is made once the group is corrected.
 TEST_F(DeudasTest, LoQueNoSeDescontoSeDescuentaLaNocheSiguiente) {
   const auto noche = [&](const QString& arreglo) {
     const auto p = tienda_.programa();
@@ -49,7 +49,7 @@ TEST_F(DeudasTest, LoQueNoSeExportoSeExportaLaNocheSiguiente) {
     EXPECT_EQ(fin_, ResultadoProceso::Problemas);
   }
   ASSERT_TRUE(QDir(exportado).removeRecursively());
-  // Another name for the file is as good a mend.
+  // Another name for the file is just as good a remedy.
   EXPECT_EQ(noche(u"OTRO"_s).filter(u"se ha hecho ahora"_s).size(), 2);
   EXPECT_EQ(fin_, ResultadoProceso::Bien);
   EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*Ventas"_s), 3);
@@ -57,7 +57,7 @@ TEST_F(DeudasTest, LoQueNoSeExportoSeExportaLaNocheSiguiente) {
   EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*Ventas"_s), 4);
 }
 
-// Owed once however often it was tried, and by whichever step exports it into that file.
+// Owed once however often it was tried, and whichever step exports it into that file.
 TEST_F(DeudasTest, UnPeriodoSeDebeUnaSolaVez) {
   for (const bool borrar : {false, true}) {
     TiendaDeProcesos tienda;
@@ -109,7 +109,7 @@ TEST_F(DeudasTest, LoElegidoDeNuevoSeIntentaUnaVez) {
   }
 }
 
-// The number of a period that is gone was given to another one, which owes nothing.
+// The number of a deleted period was given to another one, for which nothing is owed.
 TEST_F(DeudasTest, UnNumeroDadoDeNuevoNoHeredaDeudas) {
   const auto p = tienda_.programa();
   correr(u"N:x"_s, *p);

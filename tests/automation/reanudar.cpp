@@ -1,4 +1,4 @@
-// A run that is killed and started again ends as if it had run once.
+// A run killed and started again ends as if it had run once.
 #include "automation/TiendaDeProcesos.h"
 
 namespace tarvo::automation {
@@ -44,7 +44,7 @@ Final deUnTiron() {
   return acabar(tienda, *p);
 }
 
-// Kills the run where `vivir` says, starts the program anew and lets it end. False when it ended
+// Kills the run where `vivir` says, restarts the program and lets it end. False when it ended
 // before it was killed.
 template <class Vivir>
 bool conCorte(Vivir vivir, int corteEn, Final& final) {
@@ -87,7 +87,7 @@ TEST(Reanudar, MuertaEntreDosTicsCualesquiera) {
   EXPECT_GT(cortes, 30);
 }
 
-// A computer that is shut down tells the program first; started again it goes on all the same.
+// A shutdown warns the program first; when restarted it still resumes.
 TEST(Reanudar, InterrumpidaDesdeFueraSigueDespues) {
   const Final limpia = deUnTiron();
   int cortes = 0;
@@ -114,7 +114,7 @@ TEST(Reanudar, InterrumpidaDesdeFueraSigueDespues) {
   EXPECT_GT(cortes, 8);
 }
 
-// The clock is asked all over the rooms, inside their transactions too.
+// The clock is read throughout the rooms, inside their transactions as well.
 TEST(Reanudar, MuertaDentroDeUnPaso) {
   const Final limpia = deUnTiron();
   int cortes = 0;
@@ -130,7 +130,7 @@ TEST(Reanudar, MuertaDentroDeUnPaso) {
 
 class ReanudarTest : public testing::Test {
  protected:
-  // The run lives until `vivo` steps are done, and is killed.
+  // The run is killed after `vivo` steps.
   void matar(const QString& proceso, int vivo) {
     const auto p = tienda_.programa();
     p->correr(proceso);
@@ -159,7 +159,7 @@ TEST_F(ReanudarTest, SeDiceYNoSePreguntaOtraVez) {
     EXPECT_EQ(paso.estado, EstadoPaso::Hecho) << "also those of the life before";
 }
 
-// A task that was refused has been told; it isn't tried again.
+// A refused task has been reported; it isn't retried.
 TEST_F(ReanudarTest, LoRechazadoNoSeRepite) {
   const QString proceso = u"T:RXGRTOT,ALL\r\nN:a\r\nC:ESPERA,0,No"_s;
   tienda_.programa()->sql(u"UPDATE GRUPOS SET REMOTO=0 WHERE CODGPO=1"_s);
@@ -222,8 +222,8 @@ INSTANTIATE_TEST_SUITE_P(Casos, ViejaTest,
                                          CasoVieja{"memorizada y antigua", 3, 1, false, true}),
                          [](const auto& c) { return std::to_string(c.index); });
 
-// An old run memorised once and was cut off in front of its second closing: what follows that one
-// is about periods that it never made.
+// An old run memorised once and was interrupted before its second closing: the steps after that are
+// about periods it never made.
 TEST_F(ReanudarTest, LoQueSigueASuSegundoCierreNoSeCompleta) {
   const QString proceso =
       u"T:RXGRTOT,ALL\r\nC:ESPERA,0,Sí\r\nS:CERRAR,x,Sí,Sí\r\nN:a\r\nP:LIMPIAR\r\nP:SEL. "
@@ -246,7 +246,7 @@ TEST_F(ReanudarTest, ALas12HorasSeEmpiezaDeNuevo) {
   }
 }
 
-// Another process leaves alone what this one left half done.
+// Another process leaves this one's half-done run alone.
 TEST_F(ReanudarTest, CadaProcesoTieneSuDiario) {
   matar(u"N:a\r\nN:b\r\nN:c"_s, 2);
   {

@@ -32,7 +32,7 @@ void correr(Programa& p, const QString& proceso = kNoche) {
   EXPECT_TRUE(p.hastaElFin());
 }
 
-// The same weekday, some weeks before: what group 1 and group 2 sold.
+// The same weekday, some weeks before: the sales of groups 1 and 2.
 void semanaAntes(Programa& p, int semanas, int uno, int dos) {
   const Fecha dia = Fecha::de(QDate(2026, 3, 4)) - 7.0 * semanas;
   const int link = 900 + semanas;
@@ -84,8 +84,8 @@ TEST(Resumen, UnGrupoMudoEnLaNoche) {
   EXPECT_FALSE(r.proxima->activo);
 }
 
-// An import or a memorisation that replaces the night's period gives it another number, and its own
-// to another.
+// An import or memorisation that replaces the night's period gives it another number, and its
+// former number to another.
 TEST(Resumen, ElPeriodoDeLaNocheSeReconocePorSusFechas) {
   TiendaDeProcesos tienda;
   const auto p = tienda.programa();
@@ -124,7 +124,7 @@ TEST(Resumen, ArregladoPorLaManana) {
   EXPECT_EQ(leer(*p).ejecuciones.size(), 1U) << "the night before the last is over";
 }
 
-// The next night is under way: nothing of the one before is told of a group that it reads.
+// The next night is under way: nothing from the previous one is reported for a group that it reads.
 TEST(Resumen, UnaNocheEnMarchaNoHablaDeLaAnterior) {
   TiendaDeProcesos tienda;
   const auto p = tienda.programa();
@@ -171,7 +171,7 @@ TEST(Resumen, LoQueNoCuadra) {
   EXPECT_EQ(r.grupos[1].estado, EstadoGrupo::Bien);
 }
 
-// Nothing sold by anybody on a day of the week on which they sell is no good night.
+// A night without any sales on a weekday with usual sales is not a good one.
 TEST(Resumen, UnaNocheSinVentas) {
   for (const bool seVende : {true, false}) {
     Tienda tienda;
@@ -186,7 +186,7 @@ TEST(Resumen, UnaNocheSinVentas) {
   }
 }
 
-// A timetable whose hour came and went: told of a process that this shop has run, until it runs.
+// A timetable's hour passed without a run: reported for a process used by this shop, until it runs.
 TEST(Resumen, LoQueDebiaEjecutarseYNadieEjecuto) {
   static constexpr struct {
     int horas;  // since the run
@@ -230,7 +230,7 @@ TEST(Resumen, MuertaAMitad) {
   EXPECT_EQ(despues.cuantos(EstadoGrupo::Bien), 2);
 }
 
-// The tables of a version that kept no history.
+// The tables of a version without a history.
 TEST(Historial, UnaBaseAntigua) {
   TiendaDeProcesos tienda;
   const auto p = tienda.programa();
@@ -246,7 +246,7 @@ TEST(Historial, GuardaLasUltimasCien) {
   TiendaDeProcesos tienda;
   const auto p = tienda.programa();
   for (int i = 0; i < kEjecucionesGuardadas + 3; ++i)
-    correr(*p, u"T:RXGRTOT,9\r\nC:ESPERA,0,No\r\n"_s);  // there is no such group
+    correr(*p, u"T:RXGRTOT,9\r\nC:ESPERA,0,No\r\n"_s);  // no such group
   for (const char16_t* tabla : {u"Ejecuciones", u"ProcesoTareas"})
     EXPECT_EQ(
         p->db().uno(QString(u"SELECT count(*) FROM "_s + QString::fromUtf16(tabla)))->entero(),
@@ -257,7 +257,7 @@ TEST(Historial, GuardaLasUltimasCien) {
   EXPECT_EQ((*avisos)[1].texto, u"Grupos rechazados: 0009");
 }
 
-// A newer program may have run here: what it did is not told as something else.
+// A newer program may have run here: its actions are not reported as something else.
 TEST(Historial, UnaClaseDeTareaDesconocidaSeDice) {
   TiendaDeProcesos tienda;
   const auto p = tienda.programa();

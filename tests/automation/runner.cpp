@@ -26,7 +26,7 @@ TEST_F(RunnerTest, UnaNocheEntera) {
   EXPECT_TRUE(libros.contains(u"MovsAlm: 1|7|1500"_s)) << libros.join(u'\n').toStdString();
 }
 
-// Whoever is told a line, another program among them, finds it in the file.
+// A line reported to any listener, another program included, is already in the file.
 TEST_F(RunnerTest, LoQueSeDiceEstaYaEnElFichero) {
   const auto p = tienda_.programa();
   QStringList faltan;
@@ -91,7 +91,7 @@ INSTANTIATE_TEST_SUITE_P(
                  kMal},
         CasoPaso{u"N:un comentario", u"", kBien}));
 
-// A kind that nobody can send, or that the group doesn't take, is no fault of the group.
+// A kind that can't be sent, or that the group doesn't take, is not the group's fault.
 TEST_F(RunnerTest, LoQueNadieSabeEnviarSeDiceComoEs) {
   const auto p = tienda_.programa();
   p->sql(u"UPDATE GRUPOS SET TIPO=9 WHERE CODGPO=1"_s);
@@ -105,7 +105,7 @@ TEST_F(RunnerTest, LoQueNadieSabeEnviarSeDiceComoEs) {
   EXPECT_EQ(bajo(u"003:TAREA"_s), u"    Grupo de destino no existe o destino mal configurado");
 }
 
-// Manual mode would stop the wait of a process for ever.
+// Manual mode would block a process's wait for ever.
 TEST_F(RunnerTest, MientrasEsperaNadiePasaAManual) {
   const auto p = tienda_.programa();
   p->correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nN:a"_s);
@@ -115,7 +115,7 @@ TEST_F(RunnerTest, MientrasEsperaNadiePasaAManual) {
   EXPECT_EQ(p->fin, ResultadoProceso::Bien);
   p->motor().CambioAModo(false);
   EXPECT_FALSE(p->motor().ModoAutomatico());
-  // A run that is held leaves the tasks to the person.
+  // A held run leaves the tasks to the person.
   p->correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nN:a"_s);
   p->automat().retener();
   p->motor().CambioAModo(false);
@@ -153,7 +153,7 @@ TEST_F(RunnerTest, TodosLosGruposMenosLosRechazados) {
   EXPECT_EQ(p->uno(u"SELECT count(*) FROM TOTGRT WHERE LINK=0 AND GRUPO=2"_s).entero(), 1);
 }
 
-// What the session and the periods are after the step that says that all is well.
+// The session and the periods after a step that reports success.
 TEST_F(RunnerTest, LosPasosHacenLoQueDicen) {
   struct Caso {
     const char16_t* proceso;
@@ -164,7 +164,7 @@ TEST_F(RunnerTest, LosPasosHacenLoQueDicen) {
       u"P:CREAR,5,02/03/2026,04/03/2026,t\r\nP:SELECCIONAR,5,02/03/2026,04/03/2026\r\n"_s;
   const Caso casos[] = {
       {u"S:ABRIR", u"1 "},
-      {u"P:SUMAR", u"0 a5:1 b5:2 t5:6"},  // t is in the selection and has three already
+      {u"P:SUMAR", u"0 a5:1 b5:2 t5:6"},  // t is in the selection and already has three
       {u"P:ACUMULAR,2", u"0 a5:1* b5:2* t5:3* 2:6"},
       {u"P:ACUMULAR,2\r\nP:SELECCIONAR,5,02/03/2026,04/03/2026\r\nP:DESACUMULAR,2",
        u"0 a5:1 b5:2 t5:3 2:0"},
@@ -202,8 +202,7 @@ TEST_F(RunnerTest, AbrirConDatosDentro) {
   EXPECT_TRUE(lineas.contains(u"    La sesión está ya abierta"_s));
 }
 
-// A machine that answers nothing: said, dropped, its zeroing not sent; and the run ends without any
-// wait in it.
+// A silent machine: reported, dropped, its zeroing not sent; and the run ends without any wait.
 TEST_F(RunnerTest, UnGrupoMudo) {
   maquinasDePrueba().mudas = {2};
   const auto p = tienda_.programa();
@@ -237,8 +236,7 @@ TEST_F(RunnerTest, LoQueNoSeMemorizaNoSePoneACero) {
   EXPECT_EQ(p->sesion().estado(), 2);
 }
 
-// A reading that waits for its memorisation keeps out the next one: what has been sold since is in
-// the machine alone.
+// A reading waiting for its memorisation blocks the next one: later sales are only in the machine.
 TEST_F(RunnerTest, LoQueNoSePudoLeerNoSePoneACero) {
   const auto p = tienda_.programa();
   correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nT:TX_ZERO,1\r\nC:ESPERA,0,No"_s, *p);
@@ -250,7 +248,7 @@ TEST_F(RunnerTest, LoQueNoSePudoLeerNoSePoneACero) {
   EXPECT_EQ(maquinasDePrueba().porGrupo[1].IMP, 900);
 }
 
-// Neither the readings nor the memorisation can be: who has read nothing lets nothing be forgotten.
+// Neither readings nor memorisation are possible: after reading nothing, nothing may be forgotten.
 TEST_F(RunnerTest, SinLasSesionesNadieOlvida) {
   const auto p = tienda_.programa();
   ASSERT_TRUE(p->db().ejecutarGuion(u"DROP TABLE Sesiones;\nCREATE TABLE Sesiones (x INTEGER);\n"));
@@ -282,7 +280,7 @@ TEST_F(RunnerTest, UnaLineaQueNoEsPasoSeDiceCuandoLoParece) {
   }
 }
 
-// A zeroing dated by a clock that stood in another century.
+// A zeroing dated by a clock set to another century.
 TEST_F(RunnerTest, UnaFechaImposibleNoDaLaVueltaAlPeriodo) {
   const auto p = tienda_.programa();
   p->sql(u"UPDATE Sesiones SET PZERO=#1/1/2099#"_s);
@@ -371,7 +369,7 @@ TEST_F(RunnerTest, RetenerPasoASeguir) {
   EXPECT_EQ(p->automat().resultado(), ResultadoProceso::Problemas);
   p->automat().ejecutar();
   ASSERT_TRUE(p->hastaElFin());
-  EXPECT_EQ(p->fin, ResultadoProceso::Bien);  // going on by hand forgets earlier failures
+  EXPECT_EQ(p->fin, ResultadoProceso::Bien);  // resuming by hand forgets earlier failures
   EXPECT_EQ(p->lineas.filter(u"Ejecución retenida: "_s).size(), 2);
 }
 
@@ -402,7 +400,7 @@ TEST_F(RunnerTest, SinDiarioNoSeEjecutaNada) {
   EXPECT_EQ(p->sesion().estado(), 0);
 }
 
-// The record of a step can't be written: the step is undone, the run ends, and nothing more of it
+// The record of a step can't be written: the step is undone, the run ends, and nothing more
 // happens.
 TEST_F(RunnerTest, SinRegistroDeUnPasoNoHayPaso) {
   const auto p = tienda_.programa();
@@ -415,7 +413,7 @@ TEST_F(RunnerTest, SinRegistroDeUnPasoNoHayPaso) {
   EXPECT_EQ(p->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(), 0);
   EXPECT_EQ(p->lineas.filter(u"No se puede anotar el avance del proceso"_s).size(), 1);
   EXPECT_EQ(p->uno(u"SELECT count(*) FROM Proceso"_s).entero(),
-            1);  // the next run goes on with it
+            1);  // the next run resumes it
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
-"""Plants a breach of each rule of ./check in a copy of the tree, one at a time, and wants it named.
+"""Plants a breach of each rule of ./check in a copy of the tree, one at a time, and expects it to be reported.
 
-A rule that sees nothing wrong in the tree as it is, and names what was planted, works."""
+A rule works if it finds no fault in the tree as it is, and reports the planted one."""
 import pathlib
 import re
 import shutil
@@ -17,7 +17,7 @@ def orden(*palabras, **mas):
 
 
 def copiar(adonde):
-    """The tree as it stands, with its history."""
+    """The tree as it is, with its history."""
     subprocess.run(["git", "clone", "-q", "--shared", RAIZ, adonde], check=True)
     for nombre in subprocess.run(["git", "ls-files", "-dmo", "--exclude-standard"], cwd=RAIZ, text=True,
                                  capture_output=True, check=True).stdout.splitlines():
@@ -57,7 +57,7 @@ def archivo():
 
 TABLA, TEXTOS = "docs/architecture.md", "datos/textos/es.txt"
 FORMA = "src/comm/ventanas/Prueba.ui"
-# Words that must not stand in the tree don't stand here either.
+# Words that must not be in the tree are not here either.
 CASOS = [
     ("salas", anade("src/comm/tramas/Prueba.cpp", '#include "core/dao/Valor.h"\n'), r"Prueba.cpp:1: tramas includes dao"),
     ("salas", cambia(TABLA, r"^\| `stock` \|", "| `stock` | `dinero`"), r"stock may include dinero, and nothing"),

@@ -1,4 +1,4 @@
-// .PLU files: what each line says, and what a whole file does to the catalogue.
+// .PLU files: the contents of each line, and the effect of a whole file on the catalogue.
 #include "articles/importar/ImpPLU.h"
 
 #include "importar/TiendaDeImportar.h"
@@ -100,7 +100,7 @@ TEST_F(ImpPLU_, UtfConSuMarca) {
   EXPECT_EQ(articulos(u"trim(NOMPLU)"_s), u"1 10 ÑORA"_s);
 }
 
-// Overwriting leaves what the record doesn't say, the machines' state and the stock alone.
+// Overwriting leaves alone the fields not in the record, the machines' state and the stock.
 TEST_F(ImpPLU_, SobreescribirYConservar) {
   articulo({.codigo = 10,
             .nombre = u"VIEJO",
@@ -176,7 +176,7 @@ TEST_F(ImpPLU_, UnaLongitudMalaParaYLoHechoSeQueda) {
 
 TEST_F(ImpPLU_, SeDeshaceEntero) {
   articulo({.codigo = 10, .nombre = u"VIEJO", .precio = 9});
-  // The second line of code 11 overwrites what the first made.
+  // The second line of code 11 overwrites the article of the first.
   const auto i = importar(larga(1, 10, u"A"_s) + "\n" + larga(1, 11, u"B"_s) + "\n" +
                           corta(1, 11, u"C"_s) + "\n");
   EXPECT_EQ(i->cuenta().nuevos, 1);

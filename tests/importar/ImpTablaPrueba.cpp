@@ -1,4 +1,4 @@
-// Articles out of a table: headings, dry run, what is done, what is refused, the step back.
+// Articles from a table: headings, dry run, import, refusals, undoing.
 #include "articles/importar/ImpTabla.h"
 
 #include "articles/importar/LeerTabla.h"
@@ -12,7 +12,7 @@ struct ImpTabla_ : TiendaDeImportar {
   TablaLeida leida;
   std::unique_ptr<ImpTabla> motor;
 
-  // The dry run of a CSV, with its own plan; `cambiar` makes it another.
+  // The dry run of a CSV, with its own plan; `cambiar` may alter it.
   void ensayar(const QString& csv, const std::function<void(Plan&)>& cambiar = {}) {
     leida = bien(leerTabla(fichero(csv.toUtf8(), u"t.csv"_s), textosDePrueba()));
     Plan plan = planDe(leida.tabla, textosDePrueba());
@@ -97,7 +97,7 @@ TEST_F(ImpTabla_, EnsayarNoCambiaNadaYDiceTodo) {
   EXPECT_EQ(articulos(u"NOMPLU, PRECIO_00, DEPTO, CodBarExt"_s), antes);
 }
 
-// Applied: articles, machines, history; then all of it taken back.
+// Applied: articles, machines, history; then all of it undone.
 TEST_F(ImpTabla_, AplicarYDeshacer) {
   articulo(
       {.codigo = 10, .nombre = u"PIÑA", .depto = 1, .precio = 150, .mas = {{u"TEXTO_ETQ", u"x"}}})
@@ -133,7 +133,8 @@ TEST_F(ImpTabla_, SeccionPropiaYSinCrearNuevos) {
             u"2 R El artículo es nuevo y la sección 002 no tiene departamentos: cree uno antes."_s);
 }
 
-// Bar codes that go round within a table: what counts is the end. Undone, each has its own again.
+// Bar codes exchanged within a table: the final state counts. Once undone, each article has its own
+// again.
 TEST_F(ImpTabla_, CodigosDeBarrasQueSePasan) {
   const struct {
     const char16_t* filas;
@@ -167,7 +168,7 @@ TEST_F(ImpTabla_, CodigosDeBarrasQueSePasan) {
     EXPECT_EQ(leer(u"SELECT CODPLU, CodBarExt FROM PLUSES WHERE CODPLU>2 ORDER BY CODPLU"_s),
               u"10 7 | 11 8 | 12 9 | 13 -"_s);
   }
-  // Somebody changes one of them after the dry run: none of them moves, the others do.
+  // One of them is changed after the dry run: none of them moves, the others do.
   ensayar(u"Código;EAN;PVP\n10;8;\n11;7;\n13;;2\n"_s);
   sql(u"UPDATE PLUSES SET CodBarExt='5' WHERE CODPLU=11"_s);
   EXPECT_EQ(aplicar().malas.size(), 2U);
@@ -177,8 +178,8 @@ TEST_F(ImpTabla_, CodigosDeBarrasQueSePasan) {
       u"10 7 0 | 11 5 0 | 13 - 200"_s);
 }
 
-// What the store refuses in the middle takes its step back, and names the line; the batch knows
-// the rest. What somebody did between two steps counts.
+// A refusal by the store in the middle rolls its step back and names the line; the batch keeps the
+// rest. Changes made by others between two steps count.
 TEST_F(ImpTabla_, UnFalloEnMedio) {
   QString csv = u"Código;Nombre;EAN\n"_s;
   for (int n = 0; n < 2 * ImpTabla::kEscritasPorPaso + 1; ++n)

@@ -1,5 +1,5 @@
-// Every way by which an article comes under a code: what hung from an article of that code that is
-// no more is not its own.
+// Every way an article gets a code: what belonged to a deleted article of that code is not
+// inherited.
 #include "articles/importar/ImpPLU.h"
 #include "importar/TiendaDeImportar.h"
 
@@ -14,7 +14,7 @@ struct Llegadas : TiendaDeImportar {
     for (const int codigo : {10, 11}) en(1).articulo({.codigo = codigo, .depto = 1, .precio = 300});
     en(2).grupo({.codigo = 8}).articulo({.codigo = 11, .depto = 1, .precio = 300});
   }
-  // An article with an offer on the scales, a history and a group that holds it, deleted.
+  // A deleted article that had an offer on the scales, a history and a group holding it.
   void queHubo(int seccion, int codigo) {
     en(seccion)
         .articulo({.codigo = codigo, .depto = 1, .precio = 300})

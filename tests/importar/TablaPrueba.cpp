@@ -1,4 +1,4 @@
-// Tables out of bytes: encodings, separators, quotes, decimal signs, spreadsheets.
+// Tables from bytes: encodings, separators, quotes, decimal signs, spreadsheets.
 #include <QStringEncoder>
 
 #include "articles/importar/LeerTabla.h"
@@ -9,7 +9,7 @@
 namespace tarvo::importar {
 namespace {
 
-// Cells parted by "|", rows by "/".
+// Cells separated by "|", rows by "/".
 QString aplanar(const Tabla& t) {
   QStringList filas;
   for (int f = 0; f < t.filas(); ++f) {

@@ -1,4 +1,4 @@
-// Machines of which a count went down, or may have: what the books take for sure, and what they
+// Machines with a count that went down, or may have: what the books take as certain, and what they
 // leave to a person. Nothing is lost or counted twice either way.
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ class DudasTest : public testing::Test {
     t.desdeCero();
   }
   MaquinaContable& m() { return t.grupos.at(1).begin()->second; }
-  // A day of sales and returns, each of its own piece.
+  // A day of sales and returns, each of a single piece.
   void vender(const std::vector<Cuenta>& ventas, bool bajaCuenta = true) {
     t.amanecer();
     t.avisos.clear();
@@ -48,7 +48,7 @@ const std::vector<Cuenta> kLunes{{11, 3}, {12, 2}, {13, 4}, {14, 1}, {15, 2}};
 
 }  // namespace
 
-// What each day says of the one before, with an order to forget that nobody confirmed or without.
+// What each day shows about the previous one, with or without an unconfirmed order to forget.
 TEST_F(DudasTest, UnaCuentaQueBajaNoPruebaNada) {
   struct Caso {
     const char* que;
@@ -96,7 +96,7 @@ TEST_F(DudasTest, UnaCuentaQueBajaNoPruebaNada) {
   }
 }
 
-// A count that goes up with a return is no less a return.
+// A return that raises the count is still a return.
 TEST_F(DudasTest, LaDevolucionQueSumaCuentaTampoco) {
   noche(kLunes);
   EXPECT_TRUE(t.ponerACero(1, false, false));
@@ -105,7 +105,7 @@ TEST_F(DudasTest, LaDevolucionQueSumaCuentaTampoco) {
   cuadra();
 }
 
-// One article, one piece: a day on which nothing at all moved is no question.
+// One article, one piece: a day without any movement raises no question.
 TEST_F(DudasTest, UnDiaCerradoNoPreguntaNada) {
   noche({{11, 1}});
   EXPECT_TRUE(t.ponerACero(1, false, false));
@@ -127,12 +127,12 @@ TEST_F(DudasTest, LaDudaEsperaCuantasNochesHagaFalta) {
   EXPECT_EQ(t.responder(1, 0, false).size(), 1U);
   cuadra();
   EXPECT_TRUE(t.ponerACero(1));
-  EXPECT_FALSE(t.cierre().responder(1, 0, true, t.avisos).has_value());  // nobody asks any more
+  EXPECT_FALSE(t.cierre().responder(1, 0, true, t.avisos).has_value());  // no longer asked
   noche({{11, 1}});
   cuadra();
 }
 
-// The next order goes before the memorisation: it must not cover up the one that nobody confirmed.
+// The next order comes before the memorisation: it must not hide the unconfirmed one.
 TEST_F(DudasTest, UnCeroAntesDeMemorizarNoTapaAlAnterior) {
   noche({{11, 2}});
   EXPECT_TRUE(t.ponerACero(1, true, false));
@@ -154,7 +154,7 @@ TEST_F(DudasTest, UnCeroAntesDeMemorizarNoTapaAlAnterior) {
   cuadra();
 }
 
-// Whoever clears the machine in place of answering loses nothing: what was read of it stays.
+// Clearing the machine instead of answering loses nothing: its reading stays.
 TEST_F(DudasTest, QuienLaBorraAManoEnPlenaDudaNoPierdeNada) {
   noche({{11, 5}});
   EXPECT_TRUE(t.ponerACero(1, false, false));
@@ -173,7 +173,7 @@ TEST_F(DudasTest, QuienLaBorraAManoEnPlenaDudaNoPierdeNada) {
   cuadra();
 }
 
-// Records that were lost look like a zeroing; sums that agree tell which kinds to believe.
+// Lost records look like a zeroing; matching sums show which kinds to believe.
 TEST_F(DudasTest, UnaLecturaConRegistrosDeMenosNoEsUnaPuestaACero) {
   for (const bool todas : {false, true}) {
     SCOPED_TRACE(todas);
@@ -214,13 +214,13 @@ TEST_F(DudasTest, ElMismoNumeroDeVentasConOtroImporteNoEsIgual) {
     C es;
   } casos[] = {{leido, C::Igual},          {{12, 0, 1500, 0}, C::Mas},
                {{12, 5, 1530, 0}, C::Mas}, {{13, 0, 1530, 0}, C::Mas},
-               {{11, 0, 1400, 0}, C::Mas},  // a piece came back
+               {{11, 0, 1400, 0}, C::Mas},  // a piece was returned
                {{5, 0, 600, 0}, C::Cero},  {{}, C::Cero}};
   for (const auto& c : casos)
     EXPECT_EQ(*t.sesion().compararGranTotal(1, 0, c.ahora), c.es) << c.ahora.IMP;
 }
 
-// A group goes: whoever gets its code begins with nothing.
+// After a group is deleted, the next group with its code begins with nothing.
 TEST_F(DudasTest, UnGrupoBorradoNoDejaNadaAlQueLleveSuCodigo) {
   t.grupo(2, {1, 2}, 3);
   noche(kLunes);
@@ -251,7 +251,7 @@ TEST_F(DudasTest, UnGrupoBorradoNoDejaNadaAlQueLleveSuCodigo) {
   t.leer(2);
   t.memorizar();
   EXPECT_TRUE(t.textoAvisos().isEmpty() || !t.textoAvisos().contains(u"Grupo 2: sus contadores"));
-  EXPECT_EQ(t.enPeriodos(2, kPLUs).IMP, 250);  // what the former one had stays in its periods
+  EXPECT_EQ(t.enPeriodos(2, kPLUs).IMP, 250);  // the former one's sales stay in its periods
 }
 
 }  // namespace tarvo::prueba

@@ -1,4 +1,4 @@
-// Nights of the books: each sale is in the periods once, whatever was not confirmed, cut off or
+// Nights of the books: each sale is in the periods once, whatever was unconfirmed, interrupted or
 // read again.
 #include <gtest/gtest.h>
 
@@ -23,8 +23,8 @@ void venderDia(TiendaDeLibros& t, int grupo, Azar& azar) {
         maquina.vender(articulo, azar.entero(-200, 900), azar.entero(0, 2000));
 }
 
-// Somebody looks at the tickets: with the whole reading the periods have all that was sold, or with
-// what it has more than before.
+// Answers from the tickets: the periods have all sales either with the whole reading, or with only
+// its increase.
 void contestar(TiendaDeLibros& t) {
   const auto dudas = totals::dudasAbiertas(t.db());
   for (const auto& d : *dudas) {
@@ -50,7 +50,7 @@ class LibrosTest : public testing::Test {
   void leerTodo() {
     for (const int g : {1, 2}) t.leer(g);
   }
-  // Group 1 obeys its order, and nobody hears of it.
+  // Group 1 obeys its order, but its answer is lost.
   void nocheSinConfirmar() {
     dia();
     leerTodo();
@@ -106,7 +106,7 @@ TEST_F(LibrosTest, LaPuestaACeroQueNadieAnotoNoPisaElDia) {
   }
 }
 
-// What was read before an order can't show that it was obeyed: an earlier one was.
+// A reading before an order can't show that it was obeyed: an earlier one was.
 TEST_F(LibrosTest, ElCeroQueVieneDetrasNoExplicaLaLectura) {
   nocheSinConfirmar();
   dia();
@@ -119,7 +119,7 @@ TEST_F(LibrosTest, ElCeroQueVieneDetrasNoExplicaLaLectura) {
   for (const int g : {1, 2}) t.cuadra(g);
 }
 
-// The order got no answer, and the next night only the grand total is read, which has caught up.
+// The order got no answer, and the next night only the grand total, which has caught up, is read.
 TEST_F(LibrosTest, TrasUnCeroSinRespuestaElGranTotalNoBasta) {
   nocheSinConfirmar();
   dia();
@@ -150,7 +150,7 @@ TEST_F(LibrosTest, ReleerElMismoDiaDejaElDiaEnteroUnaVez) {
   }
 }
 
-// More sales after the zeroing than before it look like a longer reading of the same. Group 1,
+// More sales after the zeroing than before look like a longer reading of the same sales. Group 1,
 // which wasn't zeroed, makes it the same day again.
 TEST_F(LibrosTest, LoVendidoTrasElCeroSeSumaAlMismoDia) {
   dia();
@@ -200,7 +200,7 @@ TEST_F(LibrosTest, UnaLecturaFallidaDejaLaAnteriorYProhibeElCero) {
   dia();
   leerTodo();
   ASSERT_TRUE(t.sesion().PrepararRecepcion(1, kPLUs).has_value());
-  t.cortar();  // killed in the middle of reading again
+  t.cortar();  // killed in the middle of rereading
   t.memorizar();
   for (const int g : {1, 2}) t.cuadra(g);
   EXPECT_FALSE(t.ponerACero(1));

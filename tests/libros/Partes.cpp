@@ -1,5 +1,4 @@
-// A register whose zeroing broke off between its frames, where the readings after it are not all
-// that a night gives.
+// A register whose zeroing broke off between its frames, and incomplete readings after it.
 #include <gtest/gtest.h>
 
 #include "libros/TiendaDeLibros.h"
@@ -24,7 +23,7 @@ class PartesTest : public testing::Test {
     t.leer(2);
     t.memorizar();
   }
-  // The first register clears its articles, and nobody hears of it.
+  // The first register clears its articles, but its answer is lost.
   void borrarArticulosSinSaberlo() {
     ASSERT_TRUE(t.sesion().anunciarCero(2, 1, 1).has_value());
     t.grupos.at(2).at(1).articulos.clear();
@@ -102,7 +101,7 @@ TEST_F(PartesTest, LaCajaQueSeCambiaPorOtraNoDejaDuda) {
   EXPECT_TRUE(t.ponerACero(2));
 }
 
-// Nothing is memorised of a register that sold nothing: whatever its frames did, there is no doubt.
+// Nothing is memorised for a register without sales: whatever its frames did, there is no doubt.
 TEST_F(PartesTest, LaCajaSinVentasNoDejaDuda) {
   for (const int trama : {1, 2, 3})
     for (const int ventas : {0, 4}) {
@@ -158,8 +157,7 @@ TEST_F(PartesTest, DosVecesAMedias) {
   cuadra();
 }
 
-// What a day sold came to nothing: the sums don't say what was cleared, the counters do or a
-// person.
+// A day's sales came to nothing: the sums don't show what was cleared; the counters or a person do.
 TEST_F(PartesTest, UnDiaQueSumaCeroTieneSalida) {
   for (const bool borrados : {true, false}) {
     SCOPED_TRACE(borrados);
@@ -186,7 +184,7 @@ TEST_F(PartesTest, UnDiaQueSumaCeroTieneSalida) {
   }
 }
 
-// The tables of the version before this bookkeeping.
+// The tables of the version before this record existed.
 TEST_F(PartesTest, UnaBaseAnteriorSePoneAlDia) {
   leidaYMemorizada(20);
   ASSERT_TRUE(

@@ -1,4 +1,4 @@
-// Into which period a reading goes, and what becomes of the week and the stock.
+// Which period a reading goes into, and the effect on the week and the stock.
 #include <gtest/gtest.h>
 
 #include "libros/TiendaDeLibros.h"
@@ -27,7 +27,7 @@ class PeriodosLibrosTest : public testing::Test {
   void leerTodo() {
     for (const int g : {1, 2}) t.leer(g);
   }
-  // A warehouse for the groups, and the article that they sell.
+  // A warehouse for the groups, and the article they sell.
   void conAlmacen() {
     t.almacen(1, u"A").articulo({.codigo = 11, .cada = 2});
     t.sql(u"UPDATE GRUPOS SET ALMACEN=1"_s);
@@ -43,8 +43,7 @@ class PeriodosLibrosTest : public testing::Test {
 
 }  // namespace
 
-// A collection that was cut off on Sunday, with a part of it read, and forgotten until Monday
-// night.
+// A collection interrupted on Sunday, partly read, and forgotten until Monday night.
 TEST_F(PeriodosLibrosTest, LoQueSeLeeDeNuevoTerminaCuandoSeLee) {
   dia();
   leerTodo();
@@ -88,8 +87,8 @@ TEST_F(PeriodosLibrosTest, DosDiasEnUnoSeDicen) {
   EXPECT_EQ(std::ranges::count_if(t.avisos, &totals::Aviso::grave), 1);
 }
 
-// The readings of one collection end together, however long it lasts; a session that nobody closed
-// ends anew.
+// The readings of one collection end together, however long it lasts; an unclosed session gets a
+// new end.
 TEST_F(PeriodosLibrosTest, LasLecturasDeUnaRecogidaTerminanALaVez) {
   struct Caso {
     qint64 minutos;
@@ -113,7 +112,7 @@ TEST_F(PeriodosLibrosTest, LasLecturasDeUnaRecogidaTerminanALaVez) {
   }
 }
 
-// A period that somebody made by hand takes what is read of its days.
+// A period made by hand receives the readings of its days.
 TEST_F(PeriodosLibrosTest, UnPeriodoHechoAManoRecibeLaLectura) {
   struct Caso {
     int tipo;
@@ -159,7 +158,7 @@ TEST_F(PeriodosLibrosTest, UnPeriodoHechoAManoRecibeLaLectura) {
   }
 }
 
-// A day of which nobody knows where its rows came from: replaced by as many sales or more.
+// A day with rows of unknown origin: replaced only by as many sales or more.
 TEST_F(PeriodosLibrosTest, LoDeOrigenDesconocidoSeSustituyeSiNoSonMenos) {
   struct Caso {
     bool sustituir;
@@ -181,7 +180,7 @@ TEST_F(PeriodosLibrosTest, LoDeOrigenDesconocidoSeSustituyeSiNoSonMenos) {
   }
 }
 
-// What is added to a day goes into its week and out of stock at once.
+// Sales added to a day go into its week and out of stock at once.
 TEST_F(PeriodosLibrosTest, LaSemanaYElStockSiguenALoQueSeSumaAUnDia) {
   conAlmacen();
   dia();
@@ -199,7 +198,7 @@ TEST_F(PeriodosLibrosTest, LaSemanaYElStockSiguenALoQueSeSumaAUnDia) {
   EXPECT_EQ(vendidas(), 3);
 }
 
-// Only the stock has a day that is replaced: it leaves it once.
+// A replaced day that is only in the stock leaves it once.
 TEST_F(PeriodosLibrosTest, UnDiaSoloDescontadoQueSeSustituyeSaleDelStockUnaVez) {
   conAlmacen();
   dia();
@@ -213,8 +212,8 @@ TEST_F(PeriodosLibrosTest, UnDiaSoloDescontadoQueSeSustituyeSaleDelStockUnaVez) 
   EXPECT_EQ(t.uno(u"SELECT SUM(Venta) FROM MovsAlm"_s).entero(), 2);
 }
 
-// Each group and kind in its own period: what a machine that was not zeroed has sold since belongs
-// to the day on which it sold it.
+// Each group and kind in its own period: the later sales of a machine that was not zeroed belong to
+// the day they were made.
 TEST_F(PeriodosLibrosTest, LaDiferenciaVaASuPropioDia) {
   for (const qint64 importe : {500, 300, 200}) {
     dia(importe);
@@ -229,8 +228,8 @@ TEST_F(PeriodosLibrosTest, LaDiferenciaVaASuPropioDia) {
   }
 }
 
-// The disk is full at the very end: nothing of the memorisation stands, the session in memory
-// neither.
+// The disk is full at the very end: nothing of the memorisation remains, not even the session in
+// memory.
 TEST_F(PeriodosLibrosTest, SiSoloFallaLaConfirmacionNadaSeHaMemorizado) {
   dia();
   leerTodo();

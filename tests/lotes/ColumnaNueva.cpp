@@ -1,5 +1,5 @@
-// A later version gives the articles a column: what was kept for undoing before, and what is kept
-// after, can still be put back.
+// A later version gives the articles a column: batches kept before and after that can still be
+// undone.
 #include "lotes/TiendaDeLotes.h"
 
 namespace tarvo::articles {

@@ -1,4 +1,4 @@
-// Batches: whatever was done to articles since a batch began is taken back, and nothing else.
+// Batches: everything done to articles since a batch began is undone, and nothing else.
 #include "lotes/TiendaDeLotes.h"
 
 namespace tarvo::articles {
@@ -30,7 +30,7 @@ const QString kAntes = u"10 A10 100 B10 | 11 A11 100 B11 | 12 A12 100 B12 | 13 A
 TEST_F(Lotes_, VuelveCuantoSeHizo) {
   const qint64 lote = bien(lotes.empezar(u"ImpPLU"_s));
   for (const qint64 n : {10, 11, 12, 13, 20, 1}) bien(lotes.guardar(lote, {1, n}));
-  // Two articles swap their bar codes, one goes with its stock, one comes, one stays.
+  // Two articles swap their bar codes, one is deleted with its stock, one is created, one stays.
   sql(u"UPDATE PLUSES SET CodBarExt=NULL, PRECIO_00=150 WHERE CODPLU=10"_s);
   sql(u"UPDATE PLUSES SET CodBarExt='B10' WHERE CODPLU=12"_s);
   sql(u"UPDATE PLUSES SET CodBarExt='B12' WHERE CODPLU=10"_s);
@@ -46,7 +46,7 @@ TEST_F(Lotes_, VuelveCuantoSeHizo) {
   EXPECT_TRUE(d.fuera.empty());
   EXPECT_EQ(articulos(), kAntes);
   EXPECT_EQ(leer(u"SELECT CODALM, SECCION, CODIGO, Inicial FROM MovsAlm"_s), u"1 1 11 500"_s);
-  // Due again: those that came back. To be deleted: the one that had come. As held: the untouched.
+  // Due again: the restored ones. To be deleted: the created one. As held: the untouched one.
   EXPECT_EQ(leer(u"SELECT plu, borra FROM [Cross] ORDER BY plu"_s), u"13 0 | 20 1"_s);
   EXPECT_EQ(leer(u"SELECT CODPLU, ANTES, AHORA, QUIEN, VENTANA FROM HistoriaPrecios ORDER BY 1"_s),
             u"10 150 100 Ana ImpPLU"_s)
@@ -58,9 +58,9 @@ TEST_F(Lotes_, VuelveCuantoSeHizo) {
 struct Ajeno {
   const char* que;
   QString lote;    // what the batch did
-  QString ajeno;   // what somebody else did since
+  QString ajeno;   // changes by others since
   QString fuera;   // left alone
-  QString quedan;  // the articles in the end
+  QString quedan;  // the final articles
 };
 
 TEST_F(Lotes_, LoQueHizoOtroSeQueda) {
@@ -116,7 +116,7 @@ TEST_F(Lotes_, SinAcabarVuelveTodoYSinSeccionNada) {
   EXPECT_EQ(claves(bien(lotes.deshacer(lote, u"V"_s)).fuera), u"10 11 12 13"_s);
 }
 
-// Undone in slices: swapped bar codes, far apart, and what others did between two slices of the
+// Undone in slices: swapped bar codes, far apart, and changes by others between two slices of the
 // work.
 TEST_F(Lotes_, EnTramos) {
   for (int n = 1000; n < 1500; ++n)
@@ -152,8 +152,8 @@ TEST_F(Lotes_, EnTramos) {
             u"00"_s);
 }
 
-// Out of order: what the first undoing would leave behind is told before, and nothing is lost by
-// asking.
+// Out of order: what the first undoing would leave alone is reported beforehand, and asking changes
+// nothing.
 TEST_F(Lotes_, AntesDeDeshacerSeSabeLoQueNoVolveria) {
   const auto cambiar = [&](const QString& ventana, const QString& sql) {
     const qint64 lote = bien(lotes.empezar(ventana));

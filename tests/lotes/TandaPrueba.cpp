@@ -1,5 +1,4 @@
-// Many articles written as one set: what it leaves in every table is what writing them one by one
-// leaves.
+// Many articles written as one set: every table ends up as if they had been written one by one.
 #include "articles/Tanda.h"
 
 #include "articles/LotesAMedias.h"
@@ -65,7 +64,7 @@ TEST(Tanda, ComoUnoAUno) {
   EXPECT_EQ(juntos.huella().toStdString(), sueltos.huella().toStdString());
   EXPECT_EQ(juntos.catalogo.cambios().SeccionesModificadas(),
             sueltos.catalogo.cambios().SeccionesModificadas());
-  // Written again, the last word holds, and all of it comes back.
+  // When written again, the last state holds, and all of it can be undone.
   auto otra = juntos.nuevas();
   otra[2].nombre = u"OTRA VEZ"_s;
   bien(tanda.escribir(juntos.lote, otra));
@@ -81,7 +80,7 @@ TEST(Tanda, LoImportadoNoLoOyenLasMaquinasYUnFalloNoDejaNada) {
   Mundo m;
   Tanda tanda(*m.db, m.catalogo, m.lotes, u"V"_s, Tanda::Oyen::Nadie);
   auto malas = m.nuevas();
-  malas[2].clave.seccion = 200;  // there is none
+  malas[2].clave.seccion = 200;  // no such section
   const QString antes = m.huella();
   EXPECT_FALSE(tanda.escribir(m.lote, malas));
   EXPECT_EQ(m.huella().toStdString(), antes.toStdString());
@@ -90,7 +89,7 @@ TEST(Tanda, LoImportadoNoLoOyenLasMaquinasYUnFalloNoDejaNada) {
   EXPECT_TRUE(m.catalogo.cambios().SeccionesModificadas().empty());
 }
 
-// The rows of a batch too old to be taken back go bit by bit, with the work of the next ones.
+// The rows of a batch too old to be undone are deleted bit by bit, with the work of the next ones.
 TEST(Tanda, LosLotesViejosSeVanPocoAPoco) {
   Mundo m;
   m.sql(
@@ -121,7 +120,7 @@ TEST(LotesAMedias, SeSabenYRetienenSuSeccion) {
   EXPECT_EQ(motivo, textosDePrueba()(12000, {lotes[0].lote.cuando.general(), 1, 2}));
   EXPECT_FALSE(bien(motivoDeEspera(*m.db, textosDePrueba(), 2)));
   EXPECT_EQ(bien(m.lotes.porHacer(m.lote))->claves, (std::vector<ClaveArticulo>{{1, 11}, {1, 12}}));
-  // Its undoing begun, it can't be gone on with; undone, it is nobody's any more.
+  // Once its undoing has begun it can't be resumed; once undone, it no longer exists.
   Lotes::Deshecho d;
   EXPECT_TRUE(bien(m.lotes.deshacerTramo(m.lote, u"V"_s, d)));
   EXPECT_FALSE(bien(m.lotes.porHacer(m.lote)));

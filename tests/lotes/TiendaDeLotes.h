@@ -1,4 +1,4 @@
-// A shop with its catalogue and the batches in which articles change.
+// A shop with its catalogue and the batches of changes to its articles.
 #pragma once
 
 #include "articles/Lotes.h"
@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 struct TiendaDeLotes : TiendaVacia {
   TiendaDeLotes() : TiendaVacia({articles::tablasArticulos()}) {}
-  // Articles of section 1, which group 7 holds: "A10" at 1,00 with bar code "B10".
+  // Articles of section 1, held by group 7: "A10" at 1,00 with bar code "B10".
   void conArticulos(std::initializer_list<int> codigos, const Campos& mas = {}) {
     almacen(1, u"A"_s).seccion(1, u"UNA"_s).grupo({.codigo = 7, .almacen = 1});
     for (const int n : codigos)

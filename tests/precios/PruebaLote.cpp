@@ -106,7 +106,7 @@ TEST_F(PruebaLote, CutOffItIsGoneOnWith) {
   }
   const auto subidos = [&] { return leer(u"select count(*) from PLUSES where PRECIO_00=110"_s); };
   EXPECT_EQ(subidos(), u"500");
-  // One was deleted meanwhile.
+  // One has been deleted meanwhile.
   sql(u"delete from PLUSES where CODPLU=2199"_s);
   const auto resto = bien(lote.seguir(cortado, u"CambioLote"_s));
   while (bien(resto->paso())) continue;

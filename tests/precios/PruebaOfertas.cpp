@@ -37,8 +37,8 @@ TEST_F(PruebaOfertas, NoOfferEndsBeforeItBegins) {
   EXPECT_TRUE(Vigencia::de({}, dia("05/06/2018")));
 }
 
-// What becomes of what is in the group's place, and whether the scales must hear of the
-// article.
+// What happens to an existing offer of the group, and whether the article becomes due to the
+// scales.
 TEST_F(PruebaOfertas, SavingOverWhatIsThere) {
   const struct {
     const char* que;
@@ -111,7 +111,7 @@ TEST_F(PruebaOfertas, DatesOfAllOffersShownAndBack) {
   EXPECT_EQ(bien(ofertas.deshacer(cambio)), 2);
   EXPECT_EQ(filas(), antes);
 
-  // An offer on the scales that begins later now: the normal price must go back to them.
+  // An offer on the scales that now begins later: the normal price must go back to them.
   const auto luego =
       bien(ofertas.cambiarFechas(deUnoHasta, true, Extremo::Desde, dia("07/06/2018")));
   EXPECT_EQ(luego.filas.size(), 2U);

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Whatever the file says, what is held makes sense and goes back as 22 values.
+// Whatever the file contains, the result is valid and is written back as 22 values.
 TEST(ParrillaRapida, ReadsAnythingAndWritesItself) {
   const QString defecto = u"1,1,2,1,1,0,0,0,0,0,0,0,0,0,0,0,-1,,,,,"_s;
   const struct {
@@ -90,7 +90,7 @@ TEST_F(PruebaAlta, TheFieldsThatAreWrong) {
     void (*estropear)(EntradaAlta&);
   } casos[] = {
       {{}, [](EntradaAlta&) {}},
-      {{}, [](EntradaAlta& e) { e.codigo = u"1200034"_s; }},  // as the box shows it
+      {{}, [](EntradaAlta& e) { e.codigo = u"1200034"_s; }},  // as shown in the box
       {{CampoAlta::Codigo}, [](EntradaAlta& e) { e.codigo = u"345678"_s; }},
       {{CampoAlta::Nombre}, [](EntradaAlta& e) { e.nombre = u"  "_s; }},
       {{CampoAlta::Unidad}, [](EntradaAlta& e) { e.cada = -1; }},

@@ -1,5 +1,5 @@
-// A shop of one section: articles 10, 11 and 12, groups 1 and 2 of scales and 3 of registers that
-// hold them as they stand here, warehouses 1 and 2.
+// A shop with one section: articles 10, 11 and 12, groups 1 and 2 of scales and 3 of registers that
+// hold them as they are here, warehouses 1 and 2.
 #pragma once
 
 #include "articles/Catalogo.h"
@@ -26,7 +26,7 @@ struct TiendaDePrecios : TiendaVacia {
       grupo({.codigo = codigo, .tipo = tipo, .almacen = 1});
     cruce(1, {10, 11, 12}).cruce(2, {10, 11, 12});
   }
-  // The groups that hold the article as it stands here.
+  // The groups that hold the article as it is here.
   QString loTienen(int codigo) {
     return leer(u"select Grupo from [Cross] where borra=0 and plu=%1 order by Grupo"_s.arg(codigo));
   }

@@ -24,7 +24,7 @@ struct TiendaDeTotales : TiendaVacia {
 
   TiendaDeTotales() {
     bien(totals::asegurarTablasTotales(*db));
-    bien(totals::asegurarTablasTotales(*db));  // again does no harm
+    bien(totals::asegurarTablasTotales(*db));  // repeating it does no harm
     seccion(3).almacen(1);
     articulo({.codigo = 1000001, .cada = 0}).articulo({.codigo = 7, .cada = 2});
     for (const int g : {1, 2}) grupo({.codigo = g, .almacen = 1});

@@ -106,7 +106,7 @@ TEST(Calendario, ClosedDaysAndOwnHoursCount) {
   EXPECT_EQ(t.periodo("09/06/2018 21:00", "10/06/2018 21:00").tipo, kOtros);
   EXPECT_EQ(t.periodo("08/06/2018 21:00", "10/06/2018 21:00"),
             LimitesPeriodo(kDiario, f("09/06/2018"), {}));
-  // The group's own hours rule over the holidays of the settings.
+  // The group's own hours override the holidays of the settings.
   const char* domingos = "||||||||||||10:00|14:00";
   EXPECT_EQ(t.periodo("09/06/2018 14:00", "10/06/2018 14:00", domingos),
             LimitesPeriodo(kDiario, f("10/06/2018"), {}));

@@ -46,7 +46,7 @@ TEST(Dinero, StoresShownMoney) {
     const char* texto;
     qint64 n;
   };
-  // "1,005" as it reads, though the double is just below.
+  // "1,005" as written, though the double is just below.
   const Caso casos[] = {
       {1, 1, "1,006", 101},
       {1, 1, "1,005", 101},

@@ -88,14 +88,14 @@ TEST_F(Exporta, WritesBothLayouts) {
   EXPECT_TRUE(exportar(dia, "corto.txt", false, "", true));
   EXPECT_EQ(fichero(u"largo.EXP"_s), kLargo);
   EXPECT_EQ(fichero(u"corto.txt"_s), kCorto);
-  EXPECT_TRUE(exportar(dia, "LARGO.exp"));  // after what is there
+  EXPECT_TRUE(exportar(dia, "LARGO.exp"));  // after the existing contents
   EXPECT_EQ(fichero(u"largo.EXP"_s), kLargo + kLargo);
 }
 
 TEST_F(Exporta, HeadersFitTheFile) {
   const qint64 tramo = crear(5, "05/06/2018 13:00:01", "06/06/2018 08:30");
   sql(u"update COLUMNA set DESCR=?"_s, u"Año\r\nde €, \u4e2d"_s);
-  escribir(u"A.EXP"_s, "0100");  // cut off by someone else
+  escribir(u"A.EXP"_s, "0100");  // cut off by another program
   EXPECT_TRUE(exportar(tramo, "a"));
   EXPECT_EQ(fichero(u"A.EXP"_s),
             "0100\r\n*A\xF1o  de \x80, ?\r\n*05/06/2018 13:00:01  06/06/2018 08:30:00\r\n");
@@ -133,7 +133,7 @@ TEST_F(Exporta, DeletesOnlyWhatIsOnDisk) {
   EXPECT_FALSE(bien(xporTot.XportRemoto({}, {}, u"x"_s, QString())));
   EXPECT_FALSE(xporTot.XportRemoto({dia, 99}, {false, true}, u"x"_s, QString()));
   {
-    const auto t = dao::Transaccion::empezar(*db);  // which somebody may take back
+    const auto t = dao::Transaccion::empezar(*db);  // which may be rolled back
     ASSERT_TRUE(t);
     EXPECT_FALSE(xporTot.XportRemoto({dia}, {false, true}, u"x"_s, QString()));
   }
@@ -148,7 +148,7 @@ TEST_F(Exporta, DeletesOnlyWhatIsOnDisk) {
   EXPECT_EQ(plus(dia), QString());
 }
 
-// A slip of the name must not write into the database or a process.
+// A mistyped name must not write into the database or a process.
 TEST_F(Exporta, WritesIntoNoFileThatIsNotAnExport) {
   const qint64 dia = diaEntero();
   escribir(u"NOCHE.AUT"_s, "T:RXGRTOT,ALL\r\n");
@@ -164,7 +164,7 @@ TEST_F(Exporta, WritesIntoNoFileThatIsNotAnExport) {
   EXPECT_EQ(fichero(u"VENTAS.TXT"_s), kLargo + QByteArray(kLargo));
 }
 
-// The disk takes a hundred bytes more than the old file has, which is far above the database.
+// The disk takes a hundred bytes more than the old file, which is far larger than the database.
 TEST_F(Exporta, AFullDiskLeavesTheOldFile) {
   const qint64 dia = diaEntero();
   const qint64 grande = qint64{64} << 20;
@@ -187,7 +187,7 @@ TEST_F(Exporta, AFullDiskLeavesTheOldFile) {
   EXPECT_EQ(bien(periodos.lista()).size(), 1U);
 }
 
-// The program is killed in the middle of a block: what there is of it goes at the next start, or
+// The program is killed in the middle of a block: its remains are removed at the next start, or
 // when the file is written to again.
 TEST_F(Exporta, AKillLeavesNoHalfBlock) {
   const qint64 dia = diaEntero();
@@ -220,7 +220,7 @@ TEST_F(Exporta, AKillLeavesNoHalfBlock) {
       EXPECT_EQ(fichero(u"nuevo.EXP"_s), kLargo);
     }
   }
-  // Somebody has put another file in its place, changed what was there, or written after it.
+  // The file has been replaced, changed, or appended to by others.
   const QByteArray antes = "*antes\r\n", nuestro(100000, '*'),
                    bloques = kLargo + QByteArray(kLargo);
   for (const auto& [nombre, ahora] : {std::pair("x.EXP", "*otro\r\n" + bloques),
@@ -236,7 +236,7 @@ TEST_F(Exporta, AKillLeavesNoHalfBlock) {
   EXPECT_EQ(leer(u"select count(*) from ExportesAbiertos"_s), u"0"_s);
 }
 
-// A block is in the file and not in the database: it counts for nothing, and goes.
+// A block in the file but not in the database doesn't count, and is removed.
 TEST_F(Exporta, ABlockThatCannotBeCountedIsTakenBack) {
   const qint64 dia = diaEntero();
   escribir(u"x.EXP"_s, "*antes\r\n");
@@ -250,7 +250,7 @@ TEST_F(Exporta, ABlockThatCannotBeCountedIsTakenBack) {
   EXPECT_EQ(fichero(u"x.EXP"_s), "*antes\r\n" + kLargo);
 }
 
-// What the file holds is neither read nor written again: a file with a hole of 3 GiB in it.
+// The file's contents are neither reread nor rewritten: a file with a hole of 3 GiB.
 TEST_F(Exporta, AFileAboveOneGibibyte) {
   const qint64 dia = diaEntero();
   const qint64 grande = qint64{3} << 30;
@@ -267,27 +267,27 @@ TEST_F(Exporta, AFileAboveOneGibibyte) {
   EXPECT_EQ(f.readAll(), kLargo);
 }
 
-// The export was cut off after the block, or before it; other blocks may have come after.
+// The export was interrupted after the block, or before it; other blocks may have followed.
 TEST_F(Exporta, ABlockIsNotWrittenTwiceForOneMark) {
   const qint64 dia = diaEntero(), otro = crear(1, "06/06/2018");
   EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
   sql(u"update Exportes set HECHO=0"_s);
   EXPECT_TRUE(exportar(otro, "x"));
   const QByteArray todo = fichero(u"x.EXP"_s);
-  // Midnight has passed, and the name with it.
+  // Midnight has passed, and the name has changed with it.
   EXPECT_TRUE(exportar(dia, "y", true, "17.3"));
   EXPECT_EQ(fichero(u"x.EXP"_s), todo);
   EXPECT_EQ(fichero(u"y.EXP"_s), "(nada)");
   EXPECT_FALSE(bien(periodos.columna(dia)));
-  // Done for good: a new period that took the number of the deleted one is safe.
+  // Final: a new period with the number of the deleted one is safe.
   periodo({.link = dia});
   EXPECT_TRUE(exportar(dia, "x", true, "17.3"));
   EXPECT_TRUE(bien(periodos.columna(dia)));
-  // The mark was written and the file was not.
+  // The mark was written but the file was not.
   escribir(u"x.EXP"_s, todo.left(40));
   EXPECT_TRUE(exportar(otro, "x", false, "17.3"));
   EXPECT_EQ(fichero(u"x.EXP"_s).count("*"),
-            4);  // two of what was left, two of the new block
+            4);  // two that were left, two of the new block
   // Another file is there now, no shorter.
   sql(u"update Exportes set HECHO=0"_s);
   const QByteArray ajeno(fichero(u"x.EXP"_s).size(), '*');
@@ -319,7 +319,7 @@ TEST_F(Exporta, ComesBackAsItWent) {
   EXPECT_EQ(col(hechos[0].link).DESCR, u"Semana, santa-5 junio 2018"_s);
 }
 
-// Of a file no more than a line is in memory, however much there is of it.
+// No more than one line of a file is in memory, however large it is.
 TEST_F(Exporta, AnEndlessFileIsReadToItsEnd) {
   QFile f(ruta(u"x.EXP"_s));
   const qint64 grande = qint64{300} << 20;
@@ -332,8 +332,8 @@ TEST_F(Exporta, AnEndlessFileIsReadToItsEnd) {
   EXPECT_EQ(hechos[0].lineas, 7);
 }
 
-// What we wrote in the short layout comes back as it was, what another system wrote is read by its
-// columns, and a line that may be either is refused.
+// Our own short layout is read back unchanged, another system's is read by its columns, and a line
+// that may be either is refused.
 TEST_F(Exporta, ReadsTheShortLayoutOfBothSystems) {
   const qint64 dia = crear(1, "05/06/2018");
   for (const char16_t* tabla : {u"TOTPLU", u"TOTOPE", u"TOTDEP"})
@@ -450,7 +450,7 @@ TEST_F(Exporta, ABadLineUndoesItsBlockAndIsNamed) {
       "01000100300000070000000100000000000000000000000001\r\n";
   const QByteArray malas[] = {
       "0100010030000007000000010000000000000000000000001",   // 49
-      "05000100300000070000000100000000000000000000000001",  // a code of no kind
+      "05000100300000070000000100000000000000000000000001",  // the code of no kind
       "010001003000000700000001x0000000000000000000000001",
       "01000100300000070000000100          00000000000001", QByteArray(5000, '0')};
   for (const QByteArray& mala : malas) {

@@ -1,5 +1,5 @@
-// Deleted periods come back as they were; what a person looks at; changes that larger periods
-// follow.
+// Deleted periods are restored as they were; queries for display; changes with larger periods
+// updated.
 #include <gtest/gtest.h>
 
 #include "totals/TiendaDeTotales.h"
@@ -36,7 +36,7 @@ TEST(Papelera, DevuelveLosPeriodosConTodoLoSuyo) {
   t.plu(dia, 7, 3);
   t.operHora(dia, 5, 10, 2);
   ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kSemanal, t.col(dia))));
-  // The week holds an earlier version of the day too.
+  // The week holds an earlier version of the day as well.
   const qint64 nuevo = bien(t.periodos.sustituir(t.col(dia), u"otra"_s));
   t.fila(u"Origenes", {{u"LINK", nuevo}, {u"GRUPO", 1}, {u"CLASE", 16}, {u"CON", 3}});
   const QString antes = t.todo();
@@ -50,7 +50,7 @@ TEST(Papelera, DevuelveLosPeriodosConTodoLoSuyo) {
   EXPECT_EQ(bien(t.papelera.restaurar(lote)), 2);
   EXPECT_EQ(t.todo(), antes);
   EXPECT_EQ(bien(t.papelera.restaurar(lote)), 0);
-  // What is replaced while the week is away takes the number of no version of the week's.
+  // A period replaced while the week is deleted gets no number of the week's versions.
   const qint64 otro = t.crear(kDiario, "12/06/2018");
   t.plu(otro, 7, 1);
   ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kSemanal, t.col(otro))));
@@ -67,7 +67,7 @@ TEST(Papelera, NoPisaLoQueOcupoSuSitio) {
   const qint64 lote = bien(t.papelera.nuevoLote());
   for (const qint64 link : {uno, dia}) ASSERT_TRUE(bien(t.papelera.tirar(lote, link)));
   const qint64 otro = t.crear(kDiario, "05/06/2018");
-  EXPECT_GT(otro, dia);  // the number waits for its period
+  EXPECT_GT(otro, dia);  // the number is reserved for its period
   const auto r = t.papelera.restaurar(lote);
   ASSERT_FALSE(r);
   EXPECT_EQ(r.error().clase, Fallo::Duplicado);

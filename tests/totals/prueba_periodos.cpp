@@ -153,7 +153,7 @@ TEST_F(PeriodosDe, AReplacedDayCountsOnce) {
   EXPECT_EQ(c.DESCR, u"otra"_s);
   EXPECT_EQ(plus(semana()), u"1 7 102 1020 10200 102000"_s);  // what it held
   EXPECT_EQ(venta(), u"7 102"_s);
-  reemplazar(6);  // its own marks are clear: the first version is what must go
+  reemplazar(6);  // its own marks are clear: the first version must go
   acumular();
   EXPECT_EQ(plus(semana()), u"1 7 106 1060 10600 106000"_s);
   EXPECT_EQ(leer(u"select HORA, CON from TOTOPHOR where LINK=%1"_s.arg(semana())), u"9 2"_s);
@@ -163,7 +163,7 @@ TEST_F(PeriodosDe, AReplacedDayCountsOnce) {
   EXPECT_EQ(venta(), u"7 107"_s);
   acumular();
   EXPECT_EQ(plus(semana()), u"1 7 107 1070 10700 107000"_s);
-  // Settled: nothing is taken out twice, and nothing is remembered any more.
+  // Settled: nothing is taken out twice, and nothing is recorded any more.
   EXPECT_EQ(leer(u"select count(*) from Sustituidos"_s), u"0"_s);
   EXPECT_EQ(leer(u"select count(*) from TotSusti"_s), u"0"_s);
   bien(periodos.ReacumularTodo(dia, bien(periodos.DesacumularTodo(dia))));
@@ -171,7 +171,7 @@ TEST_F(PeriodosDe, AReplacedDayCountsOnce) {
   EXPECT_EQ(venta(), u"7 107"_s);
 }
 
-// In no larger period: what the stock holds of the first version is known all the same.
+// In no larger period: what the stock holds of the first version is still known.
 TEST_F(PeriodosDe, AReplacedDayThatIsOnlyDiscountedCountsOnce) {
   qint64 dia = crear(1, "05/06/2018");
   plu(dia, 7, 2), plu(dia, 1000001, 3);
@@ -228,7 +228,7 @@ TEST_F(VerTotDe, SelectsEachPeriodOnce) {
   const auto mes = bien(verTot.CrearIntvalo({3, momento("05/06/2018"), {}}, QString()));
   EXPECT_TRUE(col(mes.link).stkABLE);
   EXPECT_FALSE(mes.existia);
-  // Asked for again it is the same one, as it is.
+  // When asked for again, it is the same one, unchanged.
   const auto otraVez = bien(verTot.CrearIntvalo({3, momento("09/06/2018"), {}}, QString("otro")));
   EXPECT_TRUE(otraVez.existia);
   EXPECT_EQ(otraVez.link, mes.link);
@@ -247,7 +247,7 @@ TEST_F(VerTotDe, AccumulatesAPeriodOnce) {
     EXPECT_EQ(plus(semana()), u"1 7 2 20 200 2000"_s);
   }
   verTot.ponerSeleccion({domingo, dia});
-  EXPECT_FALSE(bien(verTot.AcumularEn(2)));  // one of them lies across two weeks
+  EXPECT_FALSE(bien(verTot.AcumularEn(2)));  // one of them spans two weeks
   verTot.ponerSeleccion({dia, domingo});
   EXPECT_FALSE(bien(verTot.AcumularIntv(2, -1)));  // the answer of the last
   EXPECT_EQ(plus(semana()), u"1 7 0 0 0 0"_s);
@@ -267,7 +267,7 @@ TEST_F(VerTotDe, SeesWhatIsAccumulatedAlready) {
   EXPECT_EQ(chequeo(otro, 4), 0);
   EXPECT_EQ(chequeo(dia, 4), 2);
   EXPECT_EQ(chequeo(dia, 2), 0);
-  // A related one stands before it in the list: it is accumulated all the same.
+  // A related one precedes it in the list: it is accumulated nevertheless.
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(4, col(tramo))));
   EXPECT_EQ(chequeo(tramo, 4), 2);
 }
@@ -290,7 +290,7 @@ TEST_F(VerTotDe, DiscountsAPeriodOnce) {
   EXPECT_EQ(venta(), QString());
 }
 
-// Other dates may leave no place in the week for what the week holds: nobody loses it unasked.
+// Other dates may leave no place in the week for its sales: they are not lost unasked.
 TEST_F(VerTotDe, NewDatesTakeNoSalesOutOfTheWeekUnasked) {
   const qint64 tramo = crear(5, "05/06/2018 10:00", "06/06/2018 10:00");
   plu(tramo, 7, 2);
@@ -348,7 +348,7 @@ TEST_F(VerTotDe, NamesWhatASumCountsTwiceAndTakesItBack) {
   Sumas sumas(periodos);
   EXPECT_EQ(bien(sumas.repetidos(semana())).size(), 2U);
   EXPECT_EQ(solapes({lunes, jueves}), u"1+2 dentro 1+2 dentro"_s);
-  plu(jueves, 9, 1);  // what comes into the parts afterwards isn't the sum's
+  plu(jueves, 9, 1);  // later additions to the parts don't belong to the sum
   bien(sumas.deshacer(semana(), lote));
   EXPECT_EQ(plus(semana()), antes);
   EXPECT_EQ(plus(mes), antes);
@@ -357,7 +357,7 @@ TEST_F(VerTotDe, NamesWhatASumCountsTwiceAndTakesItBack) {
   EXPECT_FALSE(sumas.deshacer(semana(), lote));
 }
 
-// A sum into a period that was made for it leaves nothing when it is taken back.
+// A sum into a period made for it leaves nothing when undone.
 TEST_F(VerTotDe, ASumIntoANewPeriodGoesWhole) {
   const qint64 a = crear(1, "04/06/2018"), b = crear(1, "05/06/2018");
   plu(a, 7, 1), plu(b, 8, 2);

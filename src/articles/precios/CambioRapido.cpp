@@ -12,7 +12,7 @@ bool esPrecio(ColumnaRapida columna) {
   return columna >= ColumnaRapida::Precio1 && columna <= ColumnaRapida::Precio3;
 }
 
-// False when the text is no value of that column, which isn't a price.
+// False when the text is not a valid value. REQUIRES a column that isn't a price.
 bool poner(Articulo& a, ColumnaRapida columna, const QString& texto) {
   const auto numero = [&](auto& donde, qint64 desde, qint64 hasta) {
     const auto n = numeroEntre(texto, desde, hasta);

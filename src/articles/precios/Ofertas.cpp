@@ -83,7 +83,7 @@ Resultado<std::optional<Oferta>> Ofertas::leer(const ClaveOferta& c) {
   return filas->front();
 }
 
-// The group holds the article no more as it should stand there.
+// The group no longer holds the article as it should.
 Resultado<> Ofertas::debeOir(const ClaveOferta& c) {
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=? AND borra=0",
                               c.seccion, c.codigo, c.grupo));
@@ -91,7 +91,6 @@ Resultado<> Ofertas::debeOir(const ClaveOferta& c) {
 }
 
 // --- new ones, and prices
-// ------------------------------------------------------------------------
 
 Resultado<std::vector<int>> Ofertas::ocupados(int seccion, qint64 codigo,
                                               std::span<const int> grupos) {
@@ -109,7 +108,7 @@ Resultado<> Ofertas::guardar(const OfertaNueva& oferta, std::span<const int> gru
   return t.confirmar();
 }
 
-// Over a row that waits to be taken off the scales too: it is seen again.
+// Also over a row waiting to be removed from the scales: it becomes visible again.
 Resultado<> Ofertas::escribir(const OfertaNueva& n, int grupo) {
   const auto antes = leerVarias({QString::fromUtf16(kDeClave), {grupo, n.seccion, n.codigo}});
   if (!antes) return std::unexpected(antes.error());
@@ -178,7 +177,6 @@ Resultado<int> Ofertas::deshacer(const CambioPrecios& cambio) {
 }
 
 // --- dates
-// ---------------------------------------------------------------------------------------
 
 Resultado<int> Ofertas::contar(const FiltroOfertas& filtro, bool todosLosGrupos) {
   TARVO_TOMAR(const auto ofertas, leerVarias(filtro.condicion(todosLosGrupos)));
@@ -222,7 +220,6 @@ Resultado<int> Ofertas::deshacer(const CambioFechas& cambio) {
 }
 
 // --- deleting
-// ------------------------------------------------------------------------------------
 
 Resultado<Condicion> Ofertas::iguales(const ClaveOferta& clave, bool todosLosGrupos) {
   if (!todosLosGrupos)

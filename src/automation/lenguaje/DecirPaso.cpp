@@ -9,7 +9,7 @@ namespace tarvo::automation {
 
 namespace {
 
-// "ALL" is all of them; a reference that isn't filled in yet is shown as it is.
+// "ALL" means all groups; an unfilled reference is shown as it is.
 QString tarea(const PasoTarea& p, const Textos& t) {
   const QString que = t(motor::kTxTituloClase + numeroDe(p.tarea));
   if (const auto* grupo = std::get_if<qint64>(&p.grupo))

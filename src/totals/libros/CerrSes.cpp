@@ -22,7 +22,7 @@ QString columna(const char16_t* nombre) {
   return QString::fromUtf16(nombre);
 }
 
-// The memorised part of a reading, if it has one that is still in the machine.
+// The memorised part of a reading, if the machine still holds one.
 struct Base {
   qint64 link = 0;
   Fecha desde, hasta;
@@ -63,7 +63,7 @@ Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const Cl
   r.CODGPO = static_cast<int>(rs.entero(rs.columna(u"CODGPO"_s)));
   r.clase = c.numero;
   r.hasta = rs.fecha(rs.columna(columna(c.hasta)));
-  // A date that can't be is as good as none; clocks are set back by an hour, not by days.
+  // An impossible date is as good as none; clocks are set back by an hour, not by days.
   const int desde = rs.columna(columna(c.desde));
   const bool vale =
       !rs.nulo(desde) && rs.fecha(desde) > kSinPuestaACero && rs.fecha(desde) < r.hasta + 1.0;
@@ -80,15 +80,15 @@ Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const Cl
   return r;
 }
 
-// Machines that are read one after another give spans that end some moments apart. Those of one
-// round are one span.
+// Machines read one after another have spans that end some moments apart. Those of one round become
+// one span.
 void igualarRonda(std::vector<Recibido>& recibidos) {
   std::vector<Periodo> rondas;
   const auto deLaRonda = [](const Periodo& ronda, const Periodo& p) {
     return std::abs(ronda.desde - p.desde) <= kRonda && std::abs(ronda.hasta - p.hasta) <= kRonda;
   };
   std::vector<std::pair<Recibido*, size_t>> suyas;
-  std::vector<Periodo> primeras;  // nearness is to the first one: rounds don't grow into the next
+  std::vector<Periodo> primeras;  // compared with the first one: a round doesn't grow into the next
   suyas.reserve(recibidos.size());
   for (Recibido& r : recibidos) {
     if (r.periodo.tipo != kOtros) continue;
@@ -106,7 +106,7 @@ void igualarRonda(std::vector<Recibido>& recibidos) {
   for (const auto& [r, cual] : suyas) r->periodo = rondas[cual];
 }
 
-// Sales of several days in one day, or between two dates: somebody looks for them elsewhere.
+// Sales of several days in one day, or between two dates: a person would look for them elsewhere.
 void avisarDeVariosDias(const std::vector<Recibido>& lecturas, const Periodo& destino,
                         const Textos& textos, std::vector<Aviso>& avisos) {
   if (destino.tipo != kDiario && destino.tipo != kOtros) return;
@@ -137,7 +137,7 @@ void avisarDeBases(const std::vector<Recibido>& recibidos, const Textos& textos,
   }
 }
 
-// What was memorised of a group whose totals don't foot may be more than its machines hold.
+// For a group whose totals don't foot, more may have been memorised than its machines hold.
 Resultado<> anotarDudosas(dao::Database& db, const std::vector<Recibido>& recibidos, int grupo) {
   TARVO_TOMAR(const auto mal,
               db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=4"_s, grupo));
@@ -195,7 +195,7 @@ Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
   return tr.confirmar();
 }
 
-// Of each group the amount of its grand total, else of the first kind that it has.
+// For each group the amount of its grand total, else of its first kind.
 Resultado<EnBandeja> CerrSes::enBandeja() const {
   EnBandeja b;
   std::map<int, const Recibido*> cuenta;
@@ -253,7 +253,7 @@ Resultado<std::vector<qint64>> CerrSes::responder(int grupo, int addr, bool olvi
   const int antes = s_.estado();
   const auto anotar = [&]() -> Resultado<bool> {
     TARVO_TOMAR(auto tr, dao::Transaccion::empezar(s_.base()));
-    // What a session that was closed left marked is no longer waiting.
+    // Marks left by a closed session are no longer waiting.
     if (antes == 0)
       for (const ClaseTotal& c : enVigor(s_.ajustes()))
         TARVO_INTENTAR(s_.base().ejecutar(

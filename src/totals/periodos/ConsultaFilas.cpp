@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kHoras = 24;
 
-// The column that a chart of this kind goes along.
+// The column on the axis of this kind's chart.
 QString ejeDe(int clase) {
   return clase == kOperHora ? u"t.HORA"_s : u"t.CODI"_s;
 }
@@ -162,7 +162,7 @@ Resultado<std::vector<PuntoPeriodo>> evolucion(const Periodos& periodos,
   });
 }
 
-// The articles of the day are many, and most of what is sold is theirs.
+// The row with the highest amount, whatever its group.
 Resultado<CodigoDe> masVendido(const Periodos& periodos, int clase) {
   CodigoDe mayor;
   const QString sql = dao::conMarcas(

@@ -84,7 +84,7 @@ Resultado<> Periodos::borrarFilas(qint64 link, int clase) {
       TARVO_INTENTAR(db_.ejecutar(dao::conMarcas(u"DELETE FROM {tabla} WHERE LINK=?",
                                                  {{u"tabla", QString::fromUtf16(k.tabla)}}),
                                   link));
-  // Where the rows came from goes with them: the number may be another period's some day.
+  // The origin of the rows goes with them: the number may be another period's some day.
   if (db_.existeTabla(u"Origenes"))
     TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Origenes WHERE LINK=? AND (CLASE=? OR ?<1)", link,
                                 clase, clase));

@@ -1,4 +1,4 @@
-// How a period reads on screens, in traces and in export files.
+// A period as text on screens, in traces and in export files.
 #include "totals/TextosTotals.h"
 #include "totals/periodos/Calendario.h"
 
