@@ -168,14 +168,6 @@ TEST(Ini, LoEscritoSeLeeIgual) {
   EXPECT_EQ(a.SesionAbier, 2);
 }
 
-TEST(Ini, LoFijoDeLasEtiquetasSigueALaMoneda) {
-  EXPECT_EQ(leidos(QStringLiteral("TextoEtiquetas(2)=x")).TextoEtiquetas[2], u"€/kg");
-  const Ajustes local = leidos(QStringLiteral("MonedaNativa=0"));
-  EXPECT_EQ(local.TextoEtiquetas[2], u"  P/kg");
-  EXPECT_EQ(local.TextoEtiquetas[3], u"Ptas");
-  EXPECT_EQ(local.TextoEtiquetas[20], u"CONSERVAR ENTRE 0 Y +4 C");
-}
-
 TEST(Ini, MonedaYClasesPorIdioma) {
   const struct {
     Idioma idioma;

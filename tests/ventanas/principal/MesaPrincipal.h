@@ -50,7 +50,8 @@ struct MesaPrincipal : Tienda {
     bien(aplicacion.empezar());
     app::registrarVentanasPrincipal(todas(), aplicacion);
     suplir<automation::PuertaAutomat, automation::PuertaCronos, automation::PuertaVeoLog,
-           comm::PuertaGestcomm, totals::PuertaCerrSes, totals::PuertaVerTot>(suplentes);
+           comm::PuertaGestcomm, totals::PuertaCerrSes, totals::PuertaVerCols,
+           totals::PuertaVerTot>(suplentes);
   }
 
   ventanas::Ventanas& todas() { return escritorio.ventanas(); }
