@@ -90,7 +90,7 @@ TEST_F(Ebony, LoQueVaDetrasDeUnBorradoLoEspera) {
   // With nobody to watch, one that stays as failed keeps nobody either, and isn't tried again by
   // itself.
   gestor->VigilaProcesos(0, false, nullptr);
-  ajustes->IntentosManual = 1;
+  delMotor().IntentosManual = 1;
   const int borrado = encolar(2, kBorrPlu);
   const int grupoDetras = encolar(2, kTxPlus);
   correr(60);

@@ -1,5 +1,6 @@
 // Every kind of reading from every kind of group: the questions asked and the rows that stand in
 // the inbox.
+#include "comm/tareas/AjustesListas.h"
 #include "motor/Banco.h"
 
 namespace tarvo::prueba {
@@ -175,7 +176,7 @@ TEST_F(Lecturas, DeCajasConBlancosEnElCodigo) {
 }
 
 TEST_F(Lecturas, PedidosEInventarios) {
-  ajustes->NumeroPedido = 40;
+  ajustes->de<tareas::AjustesListas>().NumeroPedido = 40;
   for (const int tipo : {1, 4, 2}) {
     const int addr = tipo == 2 ? 5 : 1;
     grupo(tipo, tipo, QStringLiteral("cable %1").arg(tipo), {addr});

@@ -4,6 +4,7 @@
 
 #include "articles/Catalogo.h"
 #include "articles/TablasArticulos.h"
+#include "articles/precios/AjustesPrecios.h"
 #include "core/ajustes/Ajustes.h"
 #include "stock/BaseVacia.h"
 #include "textos/TextosDePrueba.h"
@@ -45,7 +46,7 @@ struct Puesto : BaseVacia {
   }
 
   RelojVirtual reloj{momento("05/06/2018 22:15:00")};
-  Ajustes ajustes{carpeta.path(), Idioma::Espanol};
+  Ajustes ajustes{carpeta.path(), Idioma::Espanol, {precios::ajustesPrecios()}};
   articles::Catalogo catalogo{*db, textosDePrueba(), reloj, QStringLiteral("Ana")};
 };
 

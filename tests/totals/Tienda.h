@@ -6,6 +6,7 @@
 #include "stock/BaseVacia.h"
 #include "textos/TextosDePrueba.h"
 #include "totals/intercambio/XporTot.h"
+#include "totals/periodos/AjustesPeriodos.h"
 #include "totals/periodos/TablasTotales.h"
 #include "totals/periodos/VerTot.h"
 
@@ -16,7 +17,7 @@ inline Fecha momento(const char* texto) {
 }
 
 struct Tienda : BaseVacia {
-  Ajustes ajustes{carpeta.path(), Idioma::Espanol};
+  Ajustes ajustes{carpeta.path(), Idioma::Espanol, {totals::ajustesPeriodos()}};
   RelojVirtual reloj{momento("05/06/2018 22:15:00")};
   stock::Almacenes almacenes{*db, reloj, textosDePrueba()};
   totals::Periodos periodos{*db, ajustes, almacenes, textosDePrueba()};

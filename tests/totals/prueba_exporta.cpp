@@ -8,6 +8,7 @@
 
 #include "totals/Tienda.h"
 #include "totals/intercambio/Anadidura.h"
+#include "totals/periodos/AjustesPeriodos.h"
 
 using namespace tarvo;
 using namespace tarvo::totals;
@@ -407,7 +408,7 @@ TEST_F(Exporta, TheWeekAndTheStockFollowAnImport) {
 }
 
 TEST_F(Exporta, DatesFindTheirPeriod) {
-  ajustes.FestivoSemanal[6] = true;
+  ajustes.de<AjustesPeriodos>().FestivoSemanal[6] = true;
   struct Caso {
     const char* fechas;
     int tipo;
@@ -460,7 +461,7 @@ TEST_F(Exporta, ABadLineUndoesItsBlockAndIsNamed) {
 
 TEST(ExportaFuera, AnotherLanguageHasNoOperatorByHour) {
   prueba::Tienda t;
-  const Ajustes uk(t.carpeta.path(), Idioma::UK);
+  const Ajustes uk(t.carpeta.path(), Idioma::UK, {ajustesPeriodos()});
   ImpTot impTot(*t.db, t.periodos, uk);
   std::vector<ImpTot::Hecho> hechos;
   EXPECT_FALSE(impTot.importarBytes(kLargo, QStringLiteral("X.EXP"), SiExiste::Borrarlo, hechos));

@@ -1,7 +1,7 @@
 // The doors of the windows of communications.
 #pragma once
 
-#include "core/ajustes/Ajustes.h"
+#include "comm/cables/AjustesCables.h"
 #include "core/ventanas/marco/Puerta.h"
 
 namespace tarvo::comm {
@@ -14,15 +14,15 @@ struct PuertaCfgComm {
 // Port and line, and the orders of the modem, of one channel.
 struct PuertaEdiParms {
   static constexpr QStringView kNombre = u"EdiParms";
-  using Salida = ParamCanal;
+  using Salida = enlace::ParamCanal;
   int numero = 1;
-  ParamCanal canal = {};
+  enlace::ParamCanal canal = {};
 };
 struct PuertaATModf {
   static constexpr QStringView kNombre = u"ATModf";
-  using Salida = ParamCanal;
+  using Salida = enlace::ParamCanal;
   int numero = 1;
-  ParamCanal canal = {};
+  enlace::ParamCanal canal = {};
 };
 
 }  // namespace tarvo::comm

@@ -3,6 +3,7 @@
 #include <QToolBar>
 
 #include "Colmado.h"
+#include "articles/AjustesArticulos.h"
 
 namespace tarvo::prueba {
 
@@ -80,7 +81,7 @@ TEST(ListaArticulos, EnviarAlSalir) {
                {2, true, u"", false, 4, 2},   {2, false, u"", false, 0, 2}};
   for (const auto& c : casos) {
     Colmado t;
-    t.ajustes.EnviarCambios[1] = c.valor;
+    t.ajustes.de<articles::AjustesArticulos>().EnviarCambios[1] = c.valor;
     auto* v = t.abrir(u"BrowPLUs"_s);
     if (c.cambia) bien(t.catalogo.ponerPrecios({1, 10}, Precios{}, u"BrowPLUs"_s));
     bool preguntado = false;
@@ -98,7 +99,7 @@ TEST(ListaArticulos, EnviarAlSalir) {
       EXPECT_EQ(tarea.datos.Clase, TipoTarea::TxPlus);
       EXPECT_FALSE(tarea.datos.Todo);
     }
-    EXPECT_EQ(t.ajustes.EnviarCambios[1], c.queda);
+    EXPECT_EQ(t.ajustes.de<articles::AjustesArticulos>().EnviarCambios[1], c.queda);
     EXPECT_TRUE(t.cambiadas().empty());
   }
 }
@@ -130,7 +131,7 @@ TEST(ListaArticulos, LosPreciosOcultos) {
 // The queue empties: the window from which the list was opened says so.
 TEST(ListaArticulos, ElFinDelEnvioSeDice) {
   Colmado t;
-  t.ajustes.EnviarCambios[1] = 2;
+  t.ajustes.de<articles::AjustesArticulos>().EnviarCambios[1] = 2;
   auto* arbol = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
   t.tecla(Qt::Key_F4);
   t.cargada(u"BrowPLUs"_s);

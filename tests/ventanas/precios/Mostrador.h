@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include "articles/TablasArticulos.h"
+#include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/ventanas/Registro.h"
 #include "core/esquema/Esquema.h"
 #include "core/ventanas/marco/Recorrido.h"
@@ -47,7 +48,7 @@ class ListaDeArticulos final : public ventanas::Ventana, public ventanas::Recorr
 };
 
 struct Mostrador : Mesa {
-  Mostrador() {
+  Mostrador() : Mesa({}, {precios::ajustesPrecios()}) {
     bien(esquema::ponerAlDia(*db, *Fecha::leer(u"01/01/2018")));
     bien(articles::asegurarTablasArticulos(*db));
     sql(u"update SECCS set NOMSEC='Carne', IVAs='4@10@21@0@0'"_s);
@@ -108,6 +109,7 @@ struct Mostrador : Mesa {
     QTest::mouseClick(v->findChild<QPushButton*>(nombre), Qt::LeftButton);
   }
 
+  precios::AjustesPrecios& suyos = ajustes.de<precios::AjustesPrecios>();
   articles::Catalogo catalogo{*db, textos, reloj, u"Ana"_s};
 };
 

@@ -40,7 +40,7 @@ TEST(VentanaCalculo, LoQueNoValeSeDiceYNoSeGuarda) {
   };
   for (const auto& c : casos) {
     Tecleado m;
-    m.ajustes.calculoPrecios = {.a = false, .b = 0};
+    m.suyos.calculoPrecios = {.a = false, .b = 0};
     auto* v = m.abrir(u"CalcPre"_s);
     Mostrador::escribir(v, c.campo, c.texto);
     QTest::keyClick(m.foco(), Qt::Key_G, Qt::AltModifier);

@@ -1,6 +1,7 @@
 // The fields: what they take, how the keys walk them. The addition is in FastAltaAcciones.cpp.
 #include "articles/precios/ventanas/FastAlta.h"
 
+#include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/edicion/Ficha.h"
 
@@ -11,8 +12,8 @@ using namespace Qt::StringLiterals;
 FastAlta::FastAlta(ventanas::Contexto& contexto, const QString& nombre,
                    articles::Catalogo& catalogo)
     : Ventana(contexto, nombre),
-      motor_(contexto.db, catalogo, FormaAlta::leer(contexto.ajustes)),
-      politicas_(ParrillaRapida::leer(contexto.ajustes.ParrillaRapida)),
+      motor_(contexto.db, catalogo, FormaAlta::leer(contexto.ajustes.de<AjustesPrecios>())),
+      politicas_(ParrillaRapida::leer(contexto.ajustes.de<AjustesPrecios>().ParrillaRapida)),
       lista_(contexto) {
   ui_.setupUi(cuerpo());
   enlazar();

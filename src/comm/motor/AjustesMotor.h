@@ -1,0 +1,19 @@
+// What TARVO.INI keeps for the task engine.
+#pragma once
+
+namespace tarvo {
+struct SalaDeAjustes;
+}
+
+namespace tarvo::motor {
+
+struct AjustesMotor {
+  int TimeCero = 150000;   // ms to wait for the answer to a zeroing or a wipe
+  int IntentosManual = 0;  // failures of a task before it stops, with nobody watching
+  // Our own: scales may answer a question under another code than its own.
+  bool AceptaOtroCodigo = false;
+};
+
+SalaDeAjustes ajustesMotor();
+
+}  // namespace tarvo::motor
