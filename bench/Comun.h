@@ -1,4 +1,4 @@
-// What the measurements share: a failure of what is measured ends the program, and a shop to
+// Shared by the measurements: a failure in the measured code ends the program, and a shop to
 // measure on.
 #pragma once
 
@@ -29,7 +29,7 @@ inline int bien(int rc, int esperado = SQLITE_OK) {
   return rc;
 }
 
-// The engine's own connection to a file, set as the program sets its own.
+// The engine's own connection to a file, configured like the program's.
 class Crudo {
  public:
   explicit Crudo(const QString& ruta) {
@@ -50,7 +50,7 @@ class Crudo {
   sqlite3* c = nullptr;
 };
 
-// A database of this version with `grupos` groups of one scale each behind the connectors "G1",
+// A database of this version with `grupos` groups of one scale each on the connectors "G1",
 // "G2"..., and `articulos` articles of one section.
 std::unique_ptr<dao::Database> hacerTienda(const QString& ruta, int grupos, int articulos);
 

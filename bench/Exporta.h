@@ -3,8 +3,8 @@
 
 namespace tarvo::banco {
 
-// Exports a day of 400,000 rows in this process, to a file of so many MiB already or to a new one,
-// and prints the most memory that it ever held, in KiB. The exit status.
+// Exports a day of 400,000 rows in this process, to a file that already has `mib` MiB or to a new
+// one, and prints the peak memory in KiB. Returns the exit status.
 int exporta(int mib);
 
 }  // namespace tarvo::banco

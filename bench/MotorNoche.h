@@ -1,5 +1,5 @@
-// The program's engines, as Aplicacion joins them, on a clock and wires of one's choice, and what a
-// night of the measurements does.
+// The program's engines, connected as in Aplicacion, on a chosen clock and wires, and the night
+// that the measurements run.
 #pragma once
 
 #include <QFile>
@@ -18,8 +18,8 @@ inline const QString kProcesoNoche = QStringLiteral(
     "T:TX_ZERO,ALL\r\nC:ESPERA,1,No\r\nP:LIMPIAR\r\nP:SEL. ULTIMO\r\nP:ACUMULAR,2\r\n"
     "P:SEL. ULTIMO\r\nP:STOCK\r\nP:SEL. ULTIMO\r\nE:TOTALIZA,No,No,NOCHE\r\nS:ABRIR\r\n");
 
-// The body of a scale's answer, of one that has sold the same of each of `articulos`. It looks at
-// no more of a frame than it must: STX, two digits of the frame, one of the station, two of the
+// The body of a scale's answer, for one that has sold the same of each of `articulos`. It reads
+// only the necessary part of a frame: STX, two digits of the frame, one of the station, two of the
 // address, three of the code, data.
 inline QByteArray cuerpoBalanza(QByteArrayView trama, int articulos) {
   const QByteArrayView codigo = trama.sliced(6, 3);
@@ -73,8 +73,8 @@ struct Motor {
   totals::Sesion sesion{db, ajustes, reloj, textosDePrueba()};
   totals::Periodos periodos{db, ajustes, almacenes, textosDePrueba()};
   totals::CerrSes cerrSes{sesion, periodos};
-  totals::VerTot verTot{periodos, db, ajustes};
-  totals::XporTot xporTot{db, periodos, ajustes};
+  totals::VerTot verTot{periodos};
+  totals::XporTot xporTot{periodos};
   motor::RegistroTareas registro = tareas::registro();
   enlace::Enlaces enlaces{reloj, ajustes, fabrica, azar};
   motor::gestcomm gestcomm{{db, ajustes, reloj, sesion, textosDePrueba()}, enlaces, registro};

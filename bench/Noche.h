@@ -4,10 +4,10 @@
 namespace tarvo::banco {
 
 // On the virtual clock. Runs it in this process and prints "cpu-seconds peak-KiB": the cost of the
-// run itself without the making of the shop, and the most memory that the process ever held. The
+// run itself, without the creation of the shop, and the peak memory of the process. Returns the
 // exit status.
 int noche(int grupos);
-// The most memory that this process ever held.
+// The peak memory of this process.
 long picoKiB();
 // On the real clock, over sockets on this computer: over a connector for each group, or over the
 // four channels. Prints "seconds peak-KiB".

@@ -1,5 +1,5 @@
-// What the measurements of windows share: when a widget was painted, waiting for what comes, and a
-// line beside a limit.
+// Shared by the measurements of windows: the times of painting, waiting on the event loop, and a
+// line of output with its limit.
 #pragma once
 
 #include <QApplication>

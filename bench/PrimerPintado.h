@@ -1,6 +1,6 @@
-// Says when a program with windows has painted its first one, and what it takes then. The program
-// ends there: with TARVO_BANCO=memoria some seconds later, when all has settled, and it prints its
-// resident memory in KiB.
+// Reports when a program with windows has painted its first one, and ends it: at once, or with
+// TARVO_BANCO=memoria some seconds later, when all has settled, printing its resident memory in
+// KiB.
 #pragma once
 
 #include <unistd.h>
@@ -22,7 +22,7 @@ class PrimerPintado final : public QObject {
     if (evento->type() != QEvent::Paint || !w || visto_) return false;
     visto_ = true;
     constexpr int kAsentar = 2'500;
-    // Behind this painting, which goes on to the end of the window.
+    // After this paint, which continues to the end of the window.
     QTimer::singleShot(qEnvironmentVariable("TARVO_BANCO") == u"memoria" ? kAsentar : 0, this,
                        &acabar);
     return false;

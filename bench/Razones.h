@@ -1,4 +1,4 @@
-// Measurements that stand beside their limit in the same run.
+// Measurements compared with their limit in the same run.
 //
 // A file of this folder registers one with a static object:
 //
@@ -16,7 +16,7 @@ namespace tarvo::banco {
 struct Medida {
   std::string nombre;
   double minimo;                  // the ratio that is good enough
-  std::function<double()> medir;  // our rate by the limit's rate
+  std::function<double()> medir;  // our rate divided by the limit's
 };
 
 std::vector<Medida>& medidas();
@@ -25,14 +25,14 @@ struct Registro {
   Registro(std::string nombre, double minimo, std::function<double()> medir);
 };
 
-// The limit's time by ours for the same work. After one run to warm up the sides run by turns,
-// `vueltas` times each; the median of the ratios of neighbours is told, so that a machine that is
-// slower for a while slows both sides of a ratio.
+// The limit's time divided by ours for the same work. After one warm-up run the sides run
+// alternately, `vueltas` times each; the result is the median of the ratios of neighbours, so that
+// a temporarily slower computer slows both sides of a ratio.
 double razon(const std::function<void()>& nuestro, const std::function<void()>& limite,
              int vueltas = 5);
 
-// The same for a side that has to prepare and tidy up: it calls what it is given with its work
-// once, and only that is timed.
+// The same for a side with preparation and clean-up: it calls its argument once with its work, and
+// only that is timed.
 using Cronometro = std::function<void(const std::function<void()>&)>;
 using Lado = std::function<void(const Cronometro&)>;
 double razonDe(const Lado& nuestro, const Lado& limite, int vueltas = 5);

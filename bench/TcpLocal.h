@@ -1,5 +1,5 @@
-// What the measurements over TCP on this computer share: the far side, the connectors that lead to
-// it, a client that passes over what it doesn't ask for, and the event loop.
+// Shared by the measurements over TCP on this computer: the far side, the connectors that lead to
+// it, a client that ignores unrequested frames, and the event loop.
 #pragma once
 
 #include <QCoreApplication>
@@ -18,13 +18,13 @@
 
 namespace tarvo::banco {
 
-// A thread that answers each frame, which it knows by its end sign.
+// A thread that answers each frame, recognised by its end sign.
 class LadoLejano final : public QThread {
  public:
   // The body of the answer to a frame.
   using Responder = std::function<QByteArray(QByteArrayView trama)>;
   explicit LadoLejano(Responder responder) : responder_(std::move(responder)) {}
-  // The same to every frame, without looking into it.
+  // The same answer to every frame, without reading it.
   explicit LadoLejano(QByteArray cuerpo)
       : LadoLejano([cuerpo = std::move(cuerpo)](QByteArrayView) { return cuerpo; }) {}
   ~LadoLejano() override {
@@ -49,7 +49,7 @@ class LadoLejano final : public QThread {
   }
 
  private:
-  // Two answers by turns, since one with the number of the last would be a repeated one.
+  // Two answers in turn, since one with the last number would count as repeated.
   void atender(QTcpSocket* s) const {
     s->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     auto turno = std::make_shared<int>(0);
@@ -66,8 +66,8 @@ class LadoLejano final : public QThread {
   std::atomic<quint16> puerto_ = 0;
 };
 
-// CONECTORES.INI with the names `letra`1 to `letra`n, which all lead to that port. One computer has
-// many addresses, so that each is an access of its own.
+// CONECTORES.INI with the names `letra`1 to `letra`n, which all lead to that port. A computer has
+// many addresses, so each is a separate access.
 inline void escribirConectores(const QTemporaryDir& carpeta, QChar letra, int n, quint16 puerto) {
   QFile f(carpeta.filePath(QStringLiteral("CONECTORES.INI")));
   if (!f.open(QIODevice::WriteOnly)) morir(f.errorString());
@@ -94,7 +94,7 @@ void esperarTcp(const Hasta& hasta) {
   while (!hasta()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-// The event loop's object, where there is none yet.
+// The event loop's object, if there is none yet.
 class Bucle {
  public:
   Bucle() {

@@ -13,7 +13,7 @@ namespace {
 constexpr int kArranques = 61;
 constexpr int kVecesDesnudo = 3;
 
-// The programs stand beside this one.
+// The programs are beside this one.
 QString programa(const char* nombre) {
   const QString yo = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
   return yo.left(yo.lastIndexOf(u'/') + 1) + QLatin1String(nombre);

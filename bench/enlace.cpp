@@ -1,5 +1,5 @@
 // A question to a machine over TCP on this computer, through the link and through bare sockets: the
-// request, its acknowledgement, the answer and ours. The far side is one and the same: a thread
+// request, its acknowledgement, the answer and ours. The far side is the same for both: a thread
 // that sends fixed bytes.
 #include <vector>
 
@@ -16,8 +16,7 @@ namespace {
 constexpr int kCodigoBanco = 57, kPreguntas = 2000, kVueltasEnlace = 21;
 const QByteArray kDatosBanco(120, '7');
 
-// --- through the link
-// ------------------------------------------------------------------------------
+// --- through the link ---
 struct ClienteBanco final : ClienteMudo {
   enlace::Enlaces* enlaces = nullptr;
   int faltan = 0, abiertos = 0;
@@ -66,8 +65,7 @@ class PorEnlace {
   enlace::Enlaces enlaces_{reloj_, ajustes_, fabrica_, azar_};
 };
 
-// --- through bare sockets
-// --------------------------------------------------------------------------
+// --- through bare sockets ---
 class PorSocket {
  public:
   PorSocket(quint16 puerto, int cuantos) : cuantos_(cuantos) {

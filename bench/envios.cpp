@@ -1,5 +1,5 @@
-// Sendings of articles: deciding what goes, beside the bare join; and a complete one over a line of
-// 9600 baud, beside the time that its bytes need.
+// Sendings of articles: choosing the articles, compared with the bare join; and a complete sending
+// over a line of 9600 baud, compared with the time for its bytes.
 #include <time.h>
 
 #include <utility>
@@ -20,8 +20,7 @@
 namespace tarvo::banco {
 namespace {
 
-// --- deciding
-// --------------------------------------------------------------------------------------
+// --- deciding ---
 
 constexpr int kArticulosDecididos = 100'000, kGruposDecididos = 50, kCambiados = 10;
 
@@ -72,14 +71,12 @@ double decidir() {
   return r;
 }
 
-// --- a slow line
-// -----------------------------------------------------------------------------------
+// --- a slow line ---
 
 constexpr int kArticulosSerie = 1000;
 constexpr double kByteMs = 1000.0 * 10 / 9600;  // seven bits, parity, start and stop
 
-// A line that takes its time for every byte, one way at a time, and a scale behind it that answers
-// at once.
+// A half-duplex line that takes time for every byte, and a scale at its end that answers at once.
 class LineaLenta final : public enlace::LinkSocket {
  public:
   LineaLenta(Reloj& reloj, double& ocupada)
@@ -120,7 +117,7 @@ class LineaLenta final : public enlace::LinkSocket {
   }
 
   double& ocupada_;
-  double pendiente_ = 0;  // ms of bytes on the line, and what is left of one
+  double pendiente_ = 0;  // ms of bytes on the line, with fractions
   std::unique_ptr<Temporizador> timer_;
   Oyente* oyente_ = nullptr;
   QByteArray entrada_;
@@ -147,7 +144,7 @@ double cpuMs() {
   return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_nsec) * 1e-6;
 }
 
-// The clock of the line jumps over our work, so what that took is added.
+// The clock of the line jumps over our own work, so its time is added.
 double lineaLenta() {
   const QTemporaryDir carpeta;
   const auto db = hacerTienda(carpeta.filePath(QStringLiteral("TARVO.MDB")), 1, kArticulosSerie);

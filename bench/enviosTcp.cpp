@@ -1,5 +1,5 @@
-// Articles to one group of scales over TCP on this computer, beside the same frames through the
-// bare link, with no engine, no database and no article behind them.
+// Articles to one group of scales over TCP on this computer, compared with the same frames through
+// the bare link, without engine, database or articles.
 #include "Razones.h"
 #include "TcpLocal.h"
 #include "comm/cables/AjustesCables.h"
@@ -84,7 +84,7 @@ class Mesa {
 
 double medirTcp() {
   const Bucle bucle;
-  LadoLejano balanza(tramas::cuerpoVEK(0, kCodigoArticulo, {}));  // takes everything
+  LadoLejano balanza(tramas::cuerpoVEK(0, kCodigoArticulo, {}));  // accepts everything
   Mesa mesa(balanza.arrancar());
   return razonDe([&](const Cronometro& c) { mesa.enviar(c); },
                  [&](const Cronometro& c) { c([&] { mesa.preguntar(); }); }, kVueltasTcp);

@@ -1,5 +1,5 @@
-// The most memory that an export takes, in a process of its own: as much into a new file as into
-// one that holds a gigabyte of old blocks already.
+// The peak memory of an export, in a process of its own: no more for a file with a gigabyte of old
+// blocks than for a new one.
 #include "Exporta.h"
 
 #include <QFile>
@@ -21,7 +21,7 @@ namespace {
 constexpr int kGrupos = 200, kArticulos = 2000;
 constexpr int kFicheroMiB = 1024;
 
-// Old blocks, as far as an export looks at them.
+// Old blocks, to the extent that an export reads them.
 void hacerFichero(const QString& ruta, qint64 largo) {
   QFile f(ruta);
   if (!f.open(QIODevice::WriteOnly) || f.write("*") != 1 || !f.resize(largo - 2) ||
@@ -58,7 +58,7 @@ int exporta(int mib) {
                    link));
   const qint64 antes = qint64{mib} << 20;
   if (mib > 0) hacerFichero(carpeta.filePath(QStringLiteral("VENTAS.EXP")), antes);
-  totals::XporTot xporTot(*db, periodos, ajustes);
+  totals::XporTot xporTot(periodos);
   if (!bien(xporTot.XportRemoto({link}, {}, QStringLiteral("VENTAS"), QStringLiteral("1.1"))))
     morir(QStringLiteral("nada exportado"));
   const qint64 largo = QFile(carpeta.filePath(QStringLiteral("VENTAS.EXP"))).size() - antes;

@@ -1,5 +1,5 @@
-// A .PLU file of new articles, beside `sqlite3 .import` of the same data into the same indexed
-// table.
+// A .PLU file of new articles, compared with `sqlite3 .import` of the same data into the same
+// indexed table.
 #include <QFile>
 #include <QProcess>
 
@@ -16,7 +16,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int kArticulos = 100'000;
-constexpr int kPreciosLlenos = 8;  // the tarifas of the base level, as shops have them
+constexpr int kPreciosLlenos = 8;  // the tarifas of the base level, as in real shops
 
 QString nombre(int i) {
   return u"ARTÍCULO %1 ESPAÑOL"_s.arg(i * 7919 % kArticulos, 6).left(20).leftJustified(20);
@@ -35,7 +35,8 @@ struct Ficheros {
   }
 
  private:
-  // An empty field is a text to .import, and the bar codes of a section differ: they are the code.
+  // For .import an empty field is a text, and the bar codes of a section must differ: they are the
+  // code.
   static void anadir(int i, QByteArray& registros, QByteArray& filas) {
     const qint64 coste = 100 + i % 900;
     QString r = u"001"_s + Ceros(i, 7) + nombre(i) + QString::number(i % 3) + Ceros(coste, 6);

@@ -1,4 +1,4 @@
-// The books beside the engine's C API: storing what machines answered, and memorising a session.
+// The books compared with the engine's C API: storing machines' answers, and memorising a session.
 #include <QFile>
 #include <vector>
 
@@ -15,8 +15,7 @@ namespace {
 
 constexpr int kArticulosLibros = 2000;
 
-// --- decoding and storing
-// --------------------------------------------------------------------------
+// --- decoding and storing ---
 
 constexpr int kGruposLeidos = 100;
 const char* const kUpsertLibros =
@@ -24,7 +23,7 @@ const char* const kUpsertLibros =
     "(LINK,GRUPO,CODI) DO UPDATE SET CON=CON+excluded.CON, PES=PES+excluded.PES, "
     "IMP=IMP+excluded.IMP, SCO=SCO+excluded.SCO";
 
-// What the scale of every group answers, an article each.
+// The answers of each group's scale, one for each article.
 std::vector<QByteArray> registros() {
   std::vector<QByteArray> r;
   for (int codi = 1; codi <= kArticulosLibros; ++codi)
@@ -63,7 +62,7 @@ void leerGrupo(Lector& l, int grupo, const std::vector<QByteArray>& registros) {
   bien(l.sesion.guardarLectura(grupo, totals::kPLUs, lectura, l.avisos));
 }
 
-// As many commits as a reading takes: the note that it began, and its rows.
+// As many commits as a reading needs: the record of its beginning, and its rows.
 void ponerFilas(Crudo& c) {
   sqlite3_stmt* s = c.preparar(kUpsertLibros);
   for (int i = 0; i < kGruposLeidos * kArticulosLibros; ++i) {
@@ -83,7 +82,7 @@ void ponerFilas(Crudo& c) {
   sqlite3_finalize(s);
 }
 
-// Copies of one prepared shop, so that each round of each side finds the same.
+// Copies of one prepared shop, so that each round of each side starts from the same state.
 class Copias {
  public:
   explicit Copias(int grupos) { const auto db = hacerTienda(original(), grupos, kArticulosLibros); }
@@ -129,8 +128,7 @@ double almacenarLecturas() {
       3);
 }
 
-// --- memorising
-// ------------------------------------------------------------------------------------
+// --- memorising ---
 
 constexpr int kGruposMemoria = 250;
 

@@ -1,6 +1,6 @@
-// 100,000 articles changed by a percentage, and a .PLU over 20,000 that are there, in a shop with
-// stock: each beside the bare statements that write the same rows in slices of as many articles,
-// and its worst slice beside what a window may wait.
+// 100,000 articles changed by a percentage, and a .PLU over 20,000 existing ones, in a shop with
+// stock: each compared with the bare statements that write the same rows in slices of as many
+// articles, and its worst slice with the longest wait of a window.
 #include <QElapsedTimer>
 #include <QFile>
 
@@ -18,7 +18,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int kArticulos = 100'000, kConStock = 20'000, kImportados = 20'000;
-constexpr int kPreciosLlenos = 8;  // the tarifas of the base level, as shops have them
+constexpr int kPreciosLlenos = 8;  // the tarifas of the base level, as in real shops
 constexpr int kTramo = 500;
 constexpr double kPeorTramoMs = 80;
 
@@ -61,7 +61,7 @@ struct Almacen {
   }
 };
 
-// The statements, without anything round them. `nuevo` is a table with the new prices by key.
+// The bare statements. `nuevo` is a table with the new prices by key.
 class Desnudo {
  public:
   Desnudo(const QString& ruta, bool conCross) : con_(ruta), conCross_(conCross) {
@@ -74,7 +74,7 @@ class Desnudo {
   }
   Crudo& con() { return con_; }
 
-  // Writes the articles that stand in K. `ademas`: other columns that change.
+  // Writes the articles in K. `ademas`: other columns that change.
   void tramo(const QString& ademas) {
     const QString clave = u"P.SECCION=K.SECCION AND P.CODPLU=K.CODPLU"_s;
     const QString dePlu = u" FROM K CROSS JOIN PLUSES P ON "_s + clave;
@@ -98,7 +98,7 @@ class Desnudo {
   }
 
  private:
-  // Prepared once for each text, as anybody would.
+  // Prepared once for each text, as usual.
   void hacer(const QString& sql) {
     sqlite3_stmt*& s = hechas_[sql];
     if (!s) s = con_.preparar(sql.toUtf8().constData());
@@ -111,8 +111,7 @@ class Desnudo {
   std::map<QString, sqlite3_stmt*> hechas_;
 };
 
-// --- a percentage
-// ---------------------------------------------------------------------------------
+// --- a percentage ---
 
 double subir(const Cronometro& medir) {
   Almacen a(kArticulos);
@@ -164,8 +163,7 @@ void subirDesnudo(const Cronometro& medir) {
   });
 }
 
-// --- a .PLU over articles that are there
-// ----------------------------------------------------------
+// --- a .PLU over existing articles ---
 
 struct Registros {
   QTemporaryDir carpeta;

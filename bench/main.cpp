@@ -1,6 +1,6 @@
-// tarvo-bench: with --razones the measurements beside their limits (status 1 when one falls short),
-// with --noche or --noche-pared one night that prints its cost, with --exporta an export that does,
-// with anything else Google Benchmark.
+// tarvo-bench: with --razones the measurements with their limits (status 1 if one falls short),
+// with --noche or --noche-pared one night that prints its cost, with --exporta an export that
+// prints its cost, with anything else Google Benchmark.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -28,7 +28,7 @@ double mediana(std::vector<double> v) {
   return v[v.size() / 2];
 }
 
-// An optional text after --razones keeps the measurements whose name holds it.
+// An optional text after --razones selects the measurements whose name contains it.
 int razones(const char* filtro) {
   int cortas = 0;
   for (const Medida& m : medidas()) {

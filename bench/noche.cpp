@@ -1,6 +1,5 @@
-// What a night costs by its number of groups, and how much memory it takes. Groups of 2,000
-// articles: their totals and grand totals are read, memorised, the machines reset, the stock
-// brought up to date.
+// The cost of a night by its number of groups, and its memory. Groups of 2,000 articles: their
+// totals and grand totals are read, memorised, the machines reset, the stock brought up to date.
 #include "Noche.h"
 
 #include <time.h>
@@ -100,7 +99,7 @@ double linealidad() {
   constexpr int kVueltasNoche = 3;
   std::array<double, kVueltasNoche> diez, cien;
   for (int i = 0; i < kVueltasNoche; ++i) {
-    // Several short nights beside a long one, so that both take about as long.
+    // Several short nights against a long one, so that both take about as long.
     diez[static_cast<size_t>(i)] =
         std::min({nocheAparte(10).cpu, nocheAparte(10).cpu, nocheAparte(10).cpu}) / 10;
     cien[static_cast<size_t>(i)] = nocheAparte(100).cpu / 100;

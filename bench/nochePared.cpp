@@ -1,5 +1,5 @@
-// A night by the wall clock: real sockets on this computer to scales in a thread of their own, over
-// connectors (a link for each group at a time) and over the four TCP channels (four at a time).
+// A night by the wall clock: real sockets on this computer to scales in a separate thread, over
+// connectors (a link for each group at once) and over the four TCP channels (four at a time).
 #include <QProcess>
 #include <array>
 #include <chrono>
@@ -21,12 +21,12 @@ namespace {
 constexpr double kMemoriaMiB = 80;
 constexpr double kUnaHora = 1 / 24.0;  // in days
 
-// What a night of that size may take, in seconds.
+// The time limit of a night of that size, in seconds.
 constexpr double kCorta = 1.5, kConectores = 8, kCanales = 15;
 
 void porCanales(dao::Database& db, Ajustes& ajustes, quint16 puerto) {
   for (auto& canal : ajustes.de<enlace::AjustesCables>().canales) canal.Device = TipoAcceso::TcpIp;
-  // One computer has many addresses, so that each group is an access of its own.
+  // A computer has many addresses, so each group is a separate access.
   bien(
       db.ejecutar(u"UPDATE GRUPOS SET remoto=3, TELEF='127.0.' & (CODGPO \\ 200) & '.' & (CODGPO "
                   u"MOD 200 + 1) & ':' & ?",
@@ -76,9 +76,7 @@ int nochePared(int grupos, int articulos, bool canales) {
   const QTemporaryDir carpeta;
   const auto db = hacerTienda(carpeta.filePath(QStringLiteral("TARVO.MDB")), grupos, articulos);
   escribirConectores(carpeta, u'G', grupos, puerto);
-  Ajustes ajustes(carpeta.path(), Idioma::Espanol,
-                  {enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor(),
-                   totals::ajustesSesion(), totals::ajustesPeriodos()});
+  Ajustes ajustes(carpeta.path(), Idioma::Espanol, {enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor(), totals::ajustesSesion(), totals::ajustesPeriodos()});
   if (canales) porCanales(*db, ajustes, puerto);
   RelojReal reloj;
   bien(

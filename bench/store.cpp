@@ -1,4 +1,4 @@
-// The store beside the engine's C API: the same work, on two copies of the same table.
+// The store compared with the engine's C API: the same work, on two copies of the same table.
 #include <random>
 
 #include "Comun.h"
@@ -120,8 +120,7 @@ double recorrer() {
   return r;
 }
 
-// Received records of a reading: two in three are new rows, the third adds to one that stands
-// there.
+// Received records of a reading: two in three are new rows, the third adds to an existing one.
 constexpr int kRecibidos = 30'000;
 constexpr int kPorTransaccion = 100;
 

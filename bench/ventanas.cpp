@@ -1,5 +1,5 @@
-// The main window on a large shop, beside an empty window in the same look: how long until it is
-// painted, and how much memory it takes once the morning stands in it.
+// The main window on a large shop, compared with an empty window in the same style: the time until
+// it is painted, and its memory once the morning's data are shown.
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
@@ -27,7 +27,7 @@ QString junto(const char* nombre) {
   return yo.left(yo.lastIndexOf(u'/') + 1) + QLatin1String(nombre);
 }
 
-// KiB when asked for memory.
+// KiB if asked for memory.
 double pintar(const QString& ruta, const QStringList& argumentos, const char* que) {
   QProcess p;
   QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
@@ -89,7 +89,8 @@ double memoriaVentana() {
   return kVecesMemoria * pintar(t.vacia, {}, "memoria") / pintar(t.tarvo, t.orden, "memoria");
 }
 
-// The longest step of the morning's reading, beside what the event loop may be kept.
+// The longest step of the morning's reading, compared with the longest allowed wait of the event
+// loop.
 double rebanada() {
   const TiendaGrande t;
   const auto db =
@@ -112,7 +113,7 @@ double rebanada() {
       sigue = bien(lector.paso());
       mayor = std::max(mayor, static_cast<double>(paso.nsecsElapsed()) * 1e-6);
     }
-    // Of several readings the quickest: the machine has other things to do.
+    // The quickest of several readings, since the computer has other work.
     peor = vuelta == 0 ? mayor : std::min(peor, mayor);
   }
   return Trabajo::kRebanada / peor;

@@ -1,4 +1,4 @@
-// Any bytes as CONECTORES.INI; the first bytes up to a line end are the name to look for.
+// Any bytes as CONECTORES.INI; the first line is the name to look for.
 #include <cstdint>
 
 #include "comm/cables/Conectores.h"

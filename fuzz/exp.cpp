@@ -1,5 +1,5 @@
 // The reader of export files: any bytes give periods or an error, and a refused block leaves
-// nothing after. Every input starts on the same empty database.
+// nothing behind. Every input starts on the same empty database.
 #include <QTemporaryDir>
 #include <cstdint>
 #include <cstdlib>
@@ -48,8 +48,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* datos, size_t tamano) {
   const QByteArray bytes(reinterpret_cast<const char*>(datos), static_cast<qsizetype>(tamano));
   std::vector<totals::ImpTot::Hecho> hechos;
   const auto como = tamano % 2 ? totals::SiExiste::Borrarlo : totals::SiExiste::Acumularlo;
-  const auto r = totals::ImpTot(*db, periodos, ajustes)
-                     .importarBytes(bytes, QStringLiteral("X.EXP"), como, hechos);
+  const auto r =
+      totals::ImpTot(periodos).importarBytes(bytes, QStringLiteral("X.EXP"), como, hechos);
   exigir(r.has_value() || !r.error().texto.isEmpty());
   exigir(contar(*db, u"SELECT count(*) FROM COLUMNA") <= static_cast<qint64>(hechos.size()));
   exigir(contar(*db, u"SELECT count(*) FROM TOTPLU WHERE LINK NOT IN (SELECT LINK FROM COLUMNA)") ==

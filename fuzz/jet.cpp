@@ -1,5 +1,5 @@
-// The translator of the Jet dialect over any text: it answers with SQL or with an error that has a
-// sentence, and what it answers can be cut again.
+// The translator of the Jet dialect over any text: it returns SQL, which can be cut into elements
+// again, or an error with a sentence.
 #include <cstdint>
 #include <cstdlib>
 

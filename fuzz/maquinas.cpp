@@ -1,5 +1,4 @@
-// All readers of records over arbitrary bytes: they answer or refuse, and what they give stays
-// within its limits.
+// All readers of records over arbitrary bytes: they give values within their limits, or refuse.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
@@ -12,6 +11,7 @@
 
 namespace {
 
+using namespace tarvo;
 using namespace tarvo::maquinas;
 
 void exigir(bool cierto) {
@@ -51,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t tamano) {
   exigir(!ficha || (codigoDeFicha(d) == ficha->codigo && diferencias(*ficha, *ficha).empty()));
   exigir(mismaFicha(d, d) == ficha.has_value());
   mismosPrecios(d, d.first(std::min<qsizetype>(d.size(), 25)));
-  // Whatever it says can be shown.
+  // Any result can be shown.
   for (const TipoGrupo tipo : todosLos<TipoGrupo>())
     exigir(textoDeBalanza(tipo, d).size() == d.size());
   const QString texto = QString::fromUtf8(d);
@@ -60,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t tamano) {
   for (const Rigor rigor : {Rigor::Estricto, Rigor::Tolerante}) {
     const auto lineas = vek::leerLineas(d, rigor);
     usar(lineas);
-    // Whoever asks again must have got somewhere.
+    // A further question requires progress.
     if (lineas) exigir(lineas->fin || !lineas->lineas.empty());
   }
   for (int inicio = -1; inicio < 4; ++inicio)

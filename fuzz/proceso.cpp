@@ -1,5 +1,5 @@
-// Process files and timetables: any bytes are read or refused, and what was read is written so that
-// it reads the same.
+// Process files and timetables: any bytes are read or refused, and what is read and written again
+// reads the same.
 #include <cstdint>
 #include <cstdlib>
 
@@ -11,7 +11,7 @@ namespace {
 
 using namespace tarvo;
 
-// One kind of each form that a task line has.
+// One kind for each form of a task line.
 motor::RegistroTareas tareasDeCadaForma() {
   motor::RegistroTareas r;
   const auto anadir = [&r](TipoTarea tarea, const char16_t* clave) {
@@ -31,7 +31,7 @@ void exigir(bool cierto) {
   if (!cierto) std::abort();
 }
 
-// Texts stand in the steps as they are read, so only the text form is compared, after one writing.
+// Steps keep their texts as read, so only the text form is compared, after one writing.
 void probarProceso(const automation::Lenguaje& l, const QString& texto) {
   const auto f = l.leer(texto);
   if (!f) {

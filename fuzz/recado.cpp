@@ -1,4 +1,4 @@
-// What another program may send over the local socket.
+// Messages from another program over the local socket.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

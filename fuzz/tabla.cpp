@@ -1,5 +1,5 @@
 // The readers of tables: any bytes give a table or none, as a text, an .xlsx and an .ods; its rows
-// have rising line numbers, and what reads as a number is one.
+// have rising line numbers, and a value read as a number is one.
 #include <cstdint>
 #include <cstdlib>
 

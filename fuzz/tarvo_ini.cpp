@@ -1,4 +1,4 @@
-// Any bytes as TARVO.INI: what was read and written once comes back the same.
+// Any bytes as TARVO.INI: settings read and written once come back the same.
 #include <cstdint>
 #include <cstdlib>
 

@@ -1,6 +1,5 @@
-// Frames from a stranger: the first byte picks the reader and how the rest is cut into pieces. What
-// a reader calls good must come out of the builder again as it came in, and no reader may hoard or
-// invent bytes.
+// Frames from outside: the first byte selects the reader and how the rest is cut into pieces. The
+// builder must reproduce every good frame exactly, and no reader may hoard or invent bytes.
 #include <cstdint>
 #include <cstdlib>
 

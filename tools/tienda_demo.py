@@ -118,7 +118,7 @@ def articulos(azar):
         vistos = {nombre for nombre, *_ in lista}
         assert len(vistos) == len(lista), "two articles of one name"
         for n in range(ARTICULOS_POR_SECCION):
-            # Past the last name the first ones come again, cheaper and with a number.
+            # After the last name the first ones are reused, cheaper and with a number.
             nombre, departamento, unidad, precio = lista[n % len(lista)]
             if n >= len(lista):
                 nombre, precio = f"{nombre[:13].rstrip()} OF {n:03d}", precio * 85 // 100

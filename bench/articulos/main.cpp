@@ -1,5 +1,5 @@
-// tarvo-bench-articulos: the list of articles on a hundred thousand of them: its opening, another
-// order, and a search as one types beside the bare query. Prints a line for each, as
+// tarvo-bench-articulos: the list of articles with a hundred thousand rows: its opening, a change
+// of order, and a search while typing compared with the bare query. Prints a line for each, as
 // tarvo-bench --razones does.
 #include <QAbstractButton>
 #include <QLineEdit>
@@ -27,7 +27,7 @@ namespace {
 
 constexpr int kArticulos = 100'000, kVueltas = 9;
 constexpr double kAbrirMs = 150, kOrdenMs = 150, kBuscarMs = 50;
-// One that finds most, some, few, a number and nothing.
+// They find most, some, a few, a number and nothing.
 const QStringList kBusquedas{u"j"_s, u"jamon"_s, u"jamon 777"_s, u"4242"_s, u"xyz"_s};
 
 std::unique_ptr<dao::Database> hacerCatalogo(const QString& ruta) {
@@ -61,7 +61,7 @@ class Banco {
     articles::registrarVentanasArticulos(escritorio_.ventanas(), catalogo_, motor_);
   }
 
-  // From the call to the first painting of the grid with its rows.
+  // From the call to the first paint of the grid with its rows.
   double abrir() {
     std::vector<double> v;
     for (int i = 0; i <= kVueltas; ++i) {
@@ -71,7 +71,7 @@ class Banco {
       v.push_back(ms(t));
       quitar();
     }
-    v.erase(v.begin());  // what every program does once
+    v.erase(v.begin());  // done once by every program
     return enElLugar(v, 0.5);
   }
   double orden() {

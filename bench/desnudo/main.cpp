@@ -1,5 +1,5 @@
-// The least that a program of this kind can be: an event loop object and an open database. What
-// `tarvo` takes to start is compared with it.
+// The smallest possible program of this kind: an event loop object and an open database. The start
+// of `tarvo` is compared with it.
 #include <sqlite3.h>
 
 #include <QCoreApplication>

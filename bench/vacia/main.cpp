@@ -1,4 +1,4 @@
-// The least that a window can be: empty, in the look of the program's own.
+// The smallest possible window: empty, in the program's own style.
 #include <QMainWindow>
 
 #include "PrimerPintado.h"

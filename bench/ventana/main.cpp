@@ -1,4 +1,4 @@
-// The program with windows, up to its first painting.
+// The program with windows, up to its first paint.
 #include "PrimerPintado.h"
 #include "app/ventanas/PrincipalVentanas.h"
 

@@ -1,7 +1,6 @@
-// tarvo-bench-ventanas: what the window of communications costs while 30 channels work and 200
-// tasks stand in the queue. Prints the part of one core that the program takes with the window open
-// beside what it takes without, and the limit. The machines are wires that answer as fast as a
-// serial line of 9600 baud does.
+// tarvo-bench-ventanas: the cost of the communications window while 30 channels work and 200 tasks
+// are in the queue. Prints the share of one core that the program takes with and without the window
+// open, and the limit. The machines are wires that answer as fast as a serial line of 9600 baud.
 #include <sys/resource.h>
 
 #include <QApplication>
@@ -26,7 +25,7 @@ namespace {
 
 constexpr int kGrupos = 30, kTareas = 200, kArticulos = 5000;
 constexpr int kRespuestaMs = 50, kMedidaMs = 10'000, kCalienteMs = 2'000;
-constexpr double kLimite = 0.05;  // of one core, the window's part
+constexpr double kLimite = 0.05;  // share of one core for the window
 
 // Acknowledges each question and answers it with its own number and zeros.
 class CableFijo final : public enlace::LinkSocket {
@@ -73,7 +72,7 @@ class CableFijo final : public enlace::LinkSocket {
 class FabricaFija final : public enlace::FabricaEnlaces {
  public:
   explicit FabricaFija(Reloj& reloj) : reloj_(reloj) {}
-  std::unique_ptr<enlace::LinkSocket> crear(int) override {
+  std::unique_ptr<enlace::LinkSocket> crear(TipoAcceso) override {
     return std::make_unique<CableFijo>(reloj_);
   }
   std::unique_ptr<enlace::LinkSocket> crearConector(const QString&, int& razon) override {
@@ -100,7 +99,7 @@ void correr(int ms) {
   bucle.exec();
 }
 
-// The part of one core over the time of a measurement.
+// The share of one core during a measurement.
 double parte() {
   correr(kCalienteMs);
   const auto inicio = std::chrono::steady_clock::now();
@@ -129,7 +128,8 @@ int main(int argc, char** argv) {
   const motor::RegistroTareas registro = tareas::registro();
   motor::gestcomm motor({*db, ajustes, reloj, sesion, textos}, enlaces, registro);
   ventanas::Escritorio escritorio(qt, *db, ajustes, textos, reloj, ventanas::Cara::Clara, {});
-  comm::registrarVentanasComm(escritorio.ventanas(), {motor, enlaces, sesion, registro});
+  const envios::Grupos grupos(*db, ajustes, textos, reloj);
+  comm::registrarVentanasComm(escritorio.ventanas(), {motor, enlaces, sesion, registro, grupos});
   for (int i = 0; i < kTareas; ++i)
     if (motor.NuevaTarea(1 + i % kGrupos, true, 0, 9999999, TipoTarea::RxPlus) != 0)
       banco::morir(u"a task couldn't be queued"_s);
@@ -137,7 +137,7 @@ int main(int argc, char** argv) {
   ventanas::Ventana* v = escritorio.ventanas().abrir(u"gestcomm"_s);
   v->resize(1366, 720);
   correr(500);
-  v->findChild<ventanas::Parrilla*>(u"s_espe"_s)->irA(0);  // where the tasks that work stand
+  v->findChild<ventanas::Parrilla*>(u"s_espe"_s)->irA(0);  // where the working tasks are
   const double con = parte();
   qint64 tramas = 0, tareas = 0;
   for (const motor::VistaTarea& t : motor.tareas()) tramas += std::max(t.Traza, 0), ++tareas;

@@ -1,6 +1,6 @@
-// tarvo-bench-visor: the viewer of totals on half a million rows: its opening beside an empty one,
-// Page Down held, and a change of filter beside the bare query. Prints a line for each, as
-// tarvo-bench --razones does.
+// tarvo-bench-visor: the viewer of totals on half a million rows: its opening compared with an
+// empty one, Page Down held, and a change of filter compared with the bare query. Prints a line for
+// each, as tarvo-bench --razones does.
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -50,8 +50,8 @@ class Banco {
   }
 
   ventanas::Ventana* abrir(int link) {
-    auto* v = escritorio_.ventanas().abrir(u"VerCols#%1"_s.arg(link), nullptr,
-                                           {{u"link"_s, link}, {u"clase"_s, totals::kPLUs}});
+    auto* v =
+        escritorio_.ventanas().abrir(totals::PuertaVerCols{.link = link, .clase = totals::kPLUs});
     v->resize(1366, 720);
     return v;
   }
@@ -64,7 +64,7 @@ class Banco {
     QApplication::processEvents();
   }
 
-  // From the call to the first painting of the grid.
+  // From the call to the first paint of the grid.
   double apertura(int link) {
     QElapsedTimer t;
     t.start();
@@ -87,8 +87,8 @@ class Banco {
     return enElLugar(mas, 0.5);
   }
 
-  // From the key to the painting, of 99 of 100: as fast as a key that is held can be served, begun
-  // while the rows are still being counted.
+  // From the key to the paint, 99th percentile: as fast as a held key can be served, begun while
+  // the rows are still being counted.
   double pagina() {
     auto* v = abrir(kLleno);
     QTableView* vista = lista(v).vista();
@@ -133,7 +133,7 @@ class Banco {
     return tardo;
   }
 
-  // From a choice in the list of groups to the painting of its first rows; and that beside its
+  // From a choice in the list of groups to the paint of its first rows; and that compared with its
   // limit.
   std::pair<double, double> filtro() {
     auto* v = abrir(kLleno);

@@ -5,7 +5,6 @@
 
 #include <QSysInfo>
 
-#include "articles/LotesAMedias.h"
 #include "comm/tareas/Registro.h"
 #include "totals/libros/Grupos.h"
 
@@ -13,7 +12,7 @@ namespace tarvo::app {
 
 namespace {
 
-// Who sits here, as the computer knows them: user and machine. A service has no USER.
+// The person at this computer, as user and machine. A service has no USER.
 QString personaDeAqui() {
   QString persona = qEnvironmentVariable("USER", qEnvironmentVariable("LOGNAME"));
   if (persona.isEmpty())
@@ -24,18 +23,20 @@ QString personaDeAqui() {
 
 }  // namespace
 
-// In the order of the start; what is below rests on what is above, and goes first.
+// In the order of the start; later members depend on earlier ones, and are destroyed first.
 struct Aplicacion::Interior {
   Interior(Fondo& fondo, Reloj& reloj, enlace::FabricaEnlaces& fabrica, quint64 semilla,
            automation::Preguntas& preguntas)
       : db(*fondo.db),
+        casa(fondo),
+        hora(reloj),
         catalogo(db, fondo.textos, reloj, personaDeAqui()),
         almacenes(db, reloj, fondo.textos),
         sesion(db, fondo.ajustes, reloj, fondo.textos),
         periodos(db, fondo.ajustes, almacenes, fondo.textos),
         cerrSes(sesion, periodos),
-        verTot(periodos, db, fondo.ajustes),
-        xporTot(db, periodos, fondo.ajustes),
+        verTot(periodos),
+        xporTot(periodos),
         registro(tareas::registro()),
         azar(semilla),
         enlaces(reloj, fondo.ajustes, fabrica, azar),
@@ -44,6 +45,8 @@ struct Aplicacion::Interior {
                     return articles::motivoDeEspera(d, t, seccion);
                   }},
                  enlaces, registro),
+        grupos(db, fondo.ajustes, fondo.textos, reloj),
+        debidos(db),
         lenguaje(registro, fondo.ajustes, fondo.textos),
         automat({db, fondo.ajustes, reloj, sesion, gestcomm, registro, cerrSes, verTot, xporTot,
                  fondo.textos},
@@ -56,6 +59,8 @@ struct Aplicacion::Interior {
   }
 
   dao::Database& db;
+  Fondo& casa;
+  Reloj& hora;
   articles::Catalogo catalogo;
   stock::Almacenes almacenes;
   totals::Sesion sesion;
@@ -67,6 +72,8 @@ struct Aplicacion::Interior {
   Azar azar;
   enlace::Enlaces enlaces;
   motor::gestcomm gestcomm;
+  envios::Grupos grupos;
+  automation::Pendientes debidos;
   automation::Lenguaje lenguaje;
   automation::Automat automat;
   automation::Cronos cronos;
@@ -119,6 +126,30 @@ totals::VerTot& Aplicacion::verTot() {
 }
 totals::XporTot& Aplicacion::xporTot() {
   return d->xporTot;
+}
+envios::Grupos& Aplicacion::grupos() {
+  return d->grupos;
+}
+automation::Pendientes& Aplicacion::debidos() {
+  return d->debidos;
+}
+std::shared_ptr<automation::LectorResumen> Aplicacion::resumen(std::optional<qint64> enMarcha) {
+  return std::make_shared<automation::LectorResumen>(
+      automation::FuentesResumen{.db = d->db,
+                                 .ajustes = d->casa.ajustes,
+                                 .textos = d->casa.textos,
+                                 .lenguaje = d->lenguaje,
+                                 .ahora = d->hora.ahora(),
+                                 .cronos = &d->cronos,
+                                 .enMarcha = enMarcha});
+}
+Resultado<std::vector<articles::LoteAMedias>> Aplicacion::lotesAMedias() const {
+  return articles::lotesAMedias(d->db);
+}
+Resultado<> Aplicacion::olvidarTiquesViejos() {
+  if (!d->db.existeTabla(u"TikAbier")) return {};
+  TARVO_INTENTAR(d->db.ejecutar(u"DELETE FROM TikAbier WHERE fecha<?", d->hora.ahora().dia()));
+  return {};
 }
 const motor::RegistroTareas& Aplicacion::registro() const {
   return d->registro;

@@ -1,13 +1,17 @@
-// The one place where objects are made and joined, in the order of the start. It owns them all;
-// nothing of the program is global, so two applications can live in one process.
+// The only place where objects are created and connected, in the order of the start. It owns them
+// all; nothing is global, so two applications can live in one process.
 #pragma once
 
 #include <memory>
 
 #include "app/Carpeta.h"
 #include "articles/Catalogo.h"
+#include "articles/LotesAMedias.h"
 #include "automation/Cronos.h"
+#include "automation/Resumen.h"
+#include "automation/historia/Pendientes.h"
 #include "comm/cables/LinkSocket.h"
+#include "comm/envios/Grupos.h"
 #include "comm/motor/gestcomm.h"
 #include "core/textos/Textos.h"
 #include "stock/Almacenes.h"
@@ -19,27 +23,27 @@
 
 namespace tarvo::app {
 
-// What of TARVO.INI wasn't understood, a sentence each.
+// The parts of TARVO.INI that were not understood, a sentence each.
 QStringList dudasDe(const Ajustes& ajustes, const Textos& textos);
 // The database is not in the program's folder.
 bool baseFuera(const Ajustes& ajustes);
 
-// What every use of the program needs: its folder, texts, settings and database.
+// The basis of every use of the program: its folder, texts, settings and database.
 class Fondo {
  public:
-  // Reads the settings, takes the database for itself, opens it (made from nothing in a new folder)
-  // and brings it to this version. The error's text is a whole sentence for the user; Ocupado:
-  // another program has it. REQUIRES that the texts outlive it.
+  // Reads the settings, locks the database, opens it (created in a new folder) and upgrades it to
+  // this version. The error's text is a whole sentence for the user; Ocupado: another program has
+  // it. REQUIRES that the texts outlive it.
   static Resultado<std::unique_ptr<Fondo>> abrir(const QString& carpeta, Idioma idioma,
                                                  const Textos& textos, Reloj& reloj);
-  // The settings of a folder as they are now, without touching the database. The same errors.
+  // The current settings of a folder, without touching the database. The same errors.
   static Resultado<Ajustes> leerAjustes(const QString& carpeta, Idioma idioma, const Textos& textos,
                                         Reloj& reloj);
 
   const Textos& textos;
 
  private:
-  Cerrojo cerrojo_;  // let go of last
+  Cerrojo cerrojo_;  // released last
 
  public:
   Ajustes ajustes;
@@ -56,7 +60,7 @@ class Aplicacion {
   Aplicacion(Fondo& fondo, Reloj& reloj, enlace::FabricaEnlaces& fabrica, quint64 semilla,
              automation::Preguntas& preguntas);
   ~Aplicacion();
-  // What the first use of a database must find: warehouses, the session.
+  // Prepares the first use of a database: warehouses, the session.
   Resultado<> empezar();
 
   automation::Automat& automat();
@@ -65,6 +69,13 @@ class Aplicacion {
   motor::gestcomm& gestcomm();
   enlace::Enlaces& enlaces();
   const motor::RegistroTareas& registro() const;
+  envios::Grupos& grupos();
+  automation::Pendientes& debidos();
+  // The morning summary, to be read in steps; `enMarcha`: the run under way.
+  std::shared_ptr<automation::LectorResumen> resumen(std::optional<qint64> enMarcha);
+  Resultado<std::vector<articles::LoteAMedias>> lotesAMedias() const;
+  // Deletes tickets left open on an earlier day, if any.
+  Resultado<> olvidarTiquesViejos();
   articles::Catalogo& catalogo();
   stock::Almacenes& almacenes();
   totals::Sesion& sesion();

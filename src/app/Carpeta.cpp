@@ -17,7 +17,7 @@ namespace tarvo::app {
 namespace {
 
 constexpr int kEnlacesSeguidos = 20;
-// Far from the bytes that the store locks for itself.
+// Far from the bytes locked by the store itself.
 constexpr off_t kTrozoCerrojo = off_t{1} << 62;
 
 bool esDePrograma(const QString& carpeta) {
@@ -52,7 +52,7 @@ Resultado<QString> carpetaPrograma(const QString& pedida) {
 
 QString ficheroReal(const QString& ruta) {
   QFileInfo info(ruta);
-  // A link to a file that isn't there is where that file will be.
+  // A link to a missing file is where that file will be.
   for (int n = 0; n < kEnlacesSeguidos && !info.exists() && info.isSymLink(); ++n)
     info.setFile(info.symLinkTarget());
   if (info.exists()) return info.canonicalFilePath();
@@ -83,7 +83,7 @@ Resultado<> Cerrojo::tomarFichero(const QString& base) {
   trozo.l_start = kTrozoCerrojo;
   trozo.l_len = 1;
   if (::fcntl(fd, F_OFD_SETLK, &trozo) == 0) return {};
-  // Where files can't be locked so, the lock on the name has to do.
+  // Where files can't be locked like this, the lock on the name has to do.
   if (errno != EAGAIN && errno != EACCES) return {};
   return fallo(Fallo::Ocupado, QString::fromLocal8Bit(std::strerror(errno)));
 }

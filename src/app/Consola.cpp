@@ -6,7 +6,7 @@ namespace tarvo::app {
 
 namespace {
 
-// A reader that went away is no reason to stop a night, so failures are passed over.
+// A reader that has gone is no reason to stop a night, so failures are ignored.
 void escribirLinea(std::FILE* salida, const QString& linea) {
   const QByteArray bytes = linea.toUtf8() + '\n';
   std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), salida);

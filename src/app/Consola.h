@@ -1,4 +1,4 @@
-// What the program says: results and trace lines on standard output, faults on standard error, both
+// The program's output: results and trace lines on standard output, faults on standard error, both
 // as UTF-8.
 #pragma once
 

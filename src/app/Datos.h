@@ -1,5 +1,5 @@
-// Answers parameter steps from the --dato options. A question without an answer says so and aborts
-// the run.
+// Answers parameter steps from the --dato options. A question without an answer is reported and
+// aborts the run.
 #pragma once
 
 #include <map>
@@ -11,7 +11,7 @@ namespace tarvo::app {
 
 class Datos final : public automation::Preguntas {
  public:
-  // `decir`: where it says so; standard error when there is none.
+  // `decir`: where it is reported; standard error by default.
   Datos(std::map<QString, QString> valores, const Textos& textos,
         std::function<void(const QString&)> decir = {});
   std::optional<qint64> PromptNum(const QString& nombre, const QString& pregunta) override;
@@ -26,8 +26,7 @@ class Datos final : public automation::Preguntas {
   std::function<void(const QString&)> decir_;
 };
 
-// The range of days that a text names; nothing when it names none, or one that ends before it
-// begins.
+// The range of days in a text; nothing when there is none, or it ends before it begins.
 std::optional<std::pair<Fecha, Fecha>> leerRango(QStringView texto);
 
 }  // namespace tarvo::app

@@ -36,7 +36,7 @@ Ejecucion::Ejecucion(const Puesto& puesto, Ajustes ajustes, std::unique_ptr<Fond
 Ejecucion::~Ejecucion() = default;
 
 int Ejecucion::ejecutar(const QString& rutaProceso) {
-  // Signals are caught from here on, so that none can fall between the start and the event loop.
+  // Signals are caught from here on, so that none is lost between the start and the event loop.
   const Senales senales([this] { pedirFin(); });
   cronos_.alAvisar = decir;
   if (const auto cargado = cargar(rutaProceso); !cargado) {
@@ -64,7 +64,7 @@ Resultado<> Ejecucion::activar(const QString& ruta) {
   TARVO_INTENTAR(cronos_.ActivarCron(ruta));
   activado_ = true;
   if (fondo_) {
-    // The file is written anew now; the first run says them in its trace.
+    // The file is about to be rewritten; the first run reports them in its trace.
     dudas_ = dudasDe(fondo_->ajustes, puesto_.textos);
     estado_ = guardarAjustes(*fondo_, kBien);
     fondo_.reset();

@@ -1,4 +1,4 @@
-// A run without a screen: one process, or a timetable until told to stop. Gives the exit status.
+// A run without a screen: one process, or a timetable until told to stop. Returns the exit status.
 #pragma once
 
 #include "app/Noche.h"
@@ -18,7 +18,7 @@ class Ejecucion {
   int ejecutar(const QString& rutaProceso);
 
  private:
-  // Nothing of the database is held while a timetable waits for its hours.
+  // The database is not held while a timetable waits for its hours.
   Resultado<> cargar(const QString& ruta);
   Resultado<> activar(const QString& ruta);
   void empezar(Noche::Encargo encargo, std::unique_ptr<Fondo> fondo);
@@ -32,7 +32,7 @@ class Ejecucion {
   automation::Cronos cronos_;
   std::unique_ptr<Fondo> fondo_;
   std::unique_ptr<Noche> noche_;
-  QStringList dudas_;      // of the settings, until a run has told them
+  QStringList dudas_;      // of the settings, until a run has reported them
   bool activado_ = false;  // a timetable runs
   bool pidenFin_ = false;
   int estado_ = kBien;

@@ -4,7 +4,7 @@ namespace tarvo::app {
 
 namespace {
 
-constexpr int kSilencioMs = 3 * 60 * 1000;  // of one who says every 20 s that it is at it
+constexpr int kSilencioMs = 3 * 60 * 1000;  // for one that reports every 20 s
 
 }  // namespace
 
@@ -18,7 +18,7 @@ Entrega::Entrega(const QString& base, const Peticion& peticion, Oyente oyente, R
                      enchufe_.flush();
                    });
   QObject::connect(&enchufe_, &QLocalSocket::readyRead, &enchufe_, [this] { leer(); });
-  // Queued: a socket that nobody listens at fails before this is made.
+  // Queued: a socket without a listener fails before this is constructed.
   QObject::connect(
       &enchufe_, &QLocalSocket::errorOccurred, &enchufe_, [this] { cortarse(); },
       Qt::QueuedConnection);
@@ -58,7 +58,7 @@ void Entrega::leer() {
 }
 
 void Entrega::cortarse() {
-  // What came before the end of the connection counts.
+  // Data received before the end of the connection counts.
   if (!acabada_ && enchufe_.bytesAvailable() > 0) leer();
   if (std::exchange(acabada_, true)) return;
   silencio_->parar();

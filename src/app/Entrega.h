@@ -1,4 +1,4 @@
-// Asks something of the program that has the database, and waits for the answer.
+// Sends a request to the program that has the database, and waits for the answer.
 #pragma once
 
 #include <QLocalSocket>
@@ -13,14 +13,14 @@ class Entrega {
   struct Oyente {
     std::function<void(const QString&)> decir, avisar;  // lines as they come
     std::function<void(int estado)> alAcabar;
-    // Nobody is there, or who was there has gone or is silent: nothing more comes.
+    // There is no such program, or it has gone or is silent: nothing more comes.
     std::function<void()> alCortarse;
   };
-  // `base`: the database. The listener is told from the event loop, the end once; it may not
-  // destroy this within. REQUIRES that the clock outlives it.
+  // `base`: the database. The listener is called from the event loop, once for the end; it may not
+  // destroy this from within. REQUIRES that the clock outlives it.
   Entrega(const QString& base, const Peticion& peticion, Oyente oyente, Reloj& reloj);
   ~Entrega();
-  void parar();  // asks it to stop, in order; the end comes as always
+  void parar();  // asks it to stop, in order; the end comes as usual
 
  private:
   void leer();

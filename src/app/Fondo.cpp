@@ -38,8 +38,8 @@ Resultado<std::unique_ptr<dao::Database>> abrirBase(const Ajustes& ajustes, Fech
   return db;
 }
 
-// All stored money is in it. Settings that don't say it, or not so that it can be read, must not
-// turn the prices of a shop into a hundredth.
+// All stored money is in this currency. Settings without it, or with an unreadable one, must not
+// divide a shop's prices by a hundred.
 Resultado<> recordarMoneda(dao::Database& db, Ajustes& ajustes) {
   const QString clave = QStringLiteral("MonedaNativa");
   totals::EstadoBase estado(db);
@@ -55,11 +55,23 @@ Resultado<> recordarMoneda(dao::Database& db, Ajustes& ajustes) {
 Fondo::Fondo(Cerrojo cerrojo, Ajustes losAjustes, const Textos& losTextos)
     : textos(losTextos), cerrojo_(std::move(cerrojo)), ajustes(std::move(losAjustes)) {}
 
+// Label texts that come from the program itself: words of the table, and units in the currency of
+// the stored prices.
+static void fijarTextosEtiquetas(Ajustes& a, const Textos& textos) {
+  static constexpr int kFijos = 20, kPrimeraUnidad = 2, kUnidades = 3;
+  for (int i = 0; i < kFijos; ++i)
+    a.TextoEtiquetas[static_cast<size_t>(i) + 1] = textos(kTxEtiquetaFija + i);
+  if (a.MonedaNativa != 0) return;
+  for (int i = 0; i < kUnidades; ++i)
+    a.TextoEtiquetas[static_cast<size_t>(kPrimeraUnidad + i)] = textos(kTxEtiquetaLocal + i);
+}
+
 Resultado<Ajustes> Fondo::leerAjustes(const QString& carpeta, Idioma idioma, const Textos& textos,
                                       Reloj& reloj) {
   Ajustes ajustes(carpeta, idioma, ajustesDeLasSalas(reloj.ahora()));
   if (const auto leidos = ajustes.LeerConfig(); !leidos)
     return fallo(leidos.error().clase, textos(kTxAjustesIlegibles).arg(leidos.error().texto));
+  fijarTextosEtiquetas(ajustes, textos);
   return ajustes;
 }
 
@@ -78,8 +90,8 @@ bool baseFuera(const Ajustes& ajustes) {
 
 Resultado<std::unique_ptr<Fondo>> Fondo::abrir(const QString& carpeta, Idioma idioma,
                                                const Textos& textos, Reloj& reloj) {
-  // The settings say which database to hold; what else is in them counts once it is held, for
-  // whoever had it may have written them meanwhile.
+  // The settings name the database to lock; the rest of them counts once it is locked, as its
+  // previous holder may have written them meanwhile.
   TARVO_TOMAR(const auto antes, leerAjustes(carpeta, idioma, textos, reloj));
   const auto conMotivo = [&](const Error& e) {
     return fallo(e.clase, motivoCerrojo(e, antes.BaseDatos, textos));
@@ -99,6 +111,7 @@ Resultado<std::unique_ptr<Fondo>> Fondo::abrir(const QString& carpeta, Idioma id
     return conMotivo(suyo.error());
   if (const auto hecho = recordarMoneda(*fondo->db, fondo->ajustes); !hecho)
     return fallo(hecho.error().clase, textos(kTxSinArranque).arg(hecho.error().texto));
+  fijarTextosEtiquetas(fondo->ajustes, textos);  // in the effective currency
   return fondo;
 }
 

@@ -78,7 +78,7 @@ void Noche::correrAqui() {
 
 // --- elsewhere ----------------------------------------------------------------------------------
 
-// `motivo`: why it can't be here, should it not be there either.
+// `motivo`: why it can't run here, in case it can't run there either.
 void Noche::entregar(const QString& motivo) {
   const auto ajustes =
       Fondo::leerAjustes(puesto_.carpeta, puesto_.idioma, puesto_.textos, puesto_.reloj);
@@ -106,8 +106,8 @@ void Noche::entregar(const QString& motivo) {
                                 puesto_.reloj);
 }
 
-// Nobody sees to it: another program without a screen has the database, or a window that has gone.
-// What was begun there is gone on with here.
+// No program takes it: another one without a screen has the database, or a window that has gone.
+// What was begun there is resumed here.
 void Noche::esperar(const QString& motivo) {
   const qint64 ahora = puesto_.reloj.monotono();
   if (esperaDesde_ < 0) {

@@ -1,5 +1,5 @@
 // One process without a screen, wherever it can run: here, when this program gets the database; in
-// the program that has it open in windows; else when whoever has it lets go.
+// the program with windows that has it open; otherwise once its holder releases it.
 #pragma once
 
 #include "app/Aplicacion.h"
@@ -8,7 +8,7 @@
 
 namespace tarvo::app {
 
-// What every run of this program has in common.
+// Shared by all runs of this program.
 struct Puesto {
   QString carpeta;
   Idioma idioma;
@@ -22,21 +22,21 @@ class Noche {
  public:
   struct Encargo {
     QString nombre;  // base name of the process
-    QString traza;   // of a timetable; empty for a run of its own
+    QString traza;   // of a timetable; empty for a direct run
     std::vector<automation::PasoProceso> pasos;
     QStringList omitidas;
   };
 
-  // Starts at once. `fondo`: the database, when it is open already. `alAcabar` gets the exit
-  // status, from the event loop, once nothing of the run is left; it may destroy this. REQUIRES
-  // that what `puesto` refers to outlives it.
+  // Starts at once. `fondo`: the database, if already open. `alAcabar` gets the exit status, from
+  // the event loop, once nothing of the run is left; it may destroy this. REQUIRES that the
+  // references in `puesto` outlive it.
   Noche(const Puesto& puesto, Encargo encargo, std::unique_ptr<Fondo> fondo,
         std::function<void(int estado)> alAcabar);
   ~Noche();
   Noche(const Noche&) = delete;
   Noche& operator=(const Noche&) = delete;
 
-  // The ordinary way of stopping: the queue is emptied, links are closed, the trace says so.
+  // Stops in the ordinary way: the queue is emptied, links are closed, and the trace records it.
   void parar();
 
  private:
@@ -63,7 +63,7 @@ class Noche {
   int estado_ = 0;
 };
 
-// Writes the settings; a failure is said, and makes the status "problems" at least.
+// Writes the settings; a failure is reported, and makes the status at least "problems".
 int guardarAjustes(const Fondo& fondo, int estado);
 
 }  // namespace tarvo::app

@@ -19,10 +19,26 @@ std::optional<Idioma> idiomaDe(const QString& letras) {
   return std::nullopt;
 }
 
-// Reads the arguments one by one; the first fault stays.
+constexpr int kLetraDeIdioma = 0;  // its number in the table
+
+// The language of the texts, by the letter in the table.
+Idioma idiomaDeTabla(const QString& letra) {
+  static constexpr std::pair<const char16_t*, Idioma> kLetras[] = {{u"I", Idioma::I},
+                                                                   {u"F", Idioma::F},
+                                                                   {u"UK", Idioma::UK},
+                                                                   {u"PL", Idioma::PL},
+                                                                   {u"P", Idioma::P}};
+  for (const auto& [suya, idioma] : kLetras)
+    if (letra.trimmed() == QStringView(suya)) return idioma;
+  return Idioma::Espanol;
+}
+
+// Reads the arguments one by one; the first fault is kept.
 class Lector {
  public:
-  Lector(const QStringList& argumentos, const Textos& textos) : resto_(argumentos), t_(textos) {}
+  Lector(const QStringList& argumentos, const Textos& textos) : resto_(argumentos), t_(textos) {
+    o_.idioma = idiomaDeTabla(textos(kLetraDeIdioma));
+  }
 
   std::expected<Ordenes, QString> leer() {
     while (!resto_.isEmpty() && fallo_.isEmpty()) argumento(resto_.takeFirst());
@@ -168,7 +184,7 @@ QString rutaProceso(QString argumento, const Ajustes& ajustes) {
   const QString extension = QStringLiteral(".AUT");
   if (!argumento.contains(u'.')) return enDisco(argumento + extension, ajustes);
   const QString ruta = enDisco(argumento, ajustes);
-  // The only point may be one of a folder's name.
+  // The only dot may be in a folder's name.
   if (QFileInfo(ruta).isFile() || NombreFichero(argumento).contains(u'.')) return ruta;
   const QString conExtension = enDisco(argumento + extension, ajustes);
   return QFileInfo(conExtension).isFile() ? conExtension : ruta;

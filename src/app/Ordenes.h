@@ -1,4 +1,4 @@
-// The command line: what was asked, or the sentence that says what is wrong with it.
+// The command line: the request, or a sentence with its fault.
 #pragma once
 
 #include <QStringList>
@@ -39,9 +39,9 @@ struct Ordenes {
 // `argumentos` without the program's own name.
 std::expected<Ordenes, QString> leerOrdenes(const QStringList& argumentos, const Textos& textos);
 
-// The file that a process argument names: quotes off, ".AUT" where there is no point, HomeDir in
-// front where there is no folder. "\" and "/" part folders and case is ignored. A name with a
-// folder may also stand in the current directory.
+// The file named by a process argument: quotes removed, ".AUT" added if there is no dot, HomeDir
+// prepended if there is no folder. "\" and "/" separate folders and case is ignored. A name with a
+// folder may also be relative to the current directory.
 QString rutaProceso(QString argumento, const Ajustes& ajustes);
 
 }  // namespace tarvo::app

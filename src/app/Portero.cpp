@@ -56,7 +56,7 @@ void Visita::cortar() {
 Resultado<> Portero::abrir(const QString& base, Atender atender) {
   atender_ = std::move(atender);
   ruta_ = std::make_unique<RutaPuerta>(base);
-  // Nobody else has the database, so what is there was left behind by a program that died.
+  // No other program has the database, so an existing socket was left by one that died.
   QLocalServer::removeServer(**ruta_);
   if (!servidor_.listen(**ruta_)) return fallo(Fallo::Interno, servidor_.errorString());
   struct stat suyo{};
@@ -69,7 +69,7 @@ Resultado<> Portero::abrir(const QString& base, Atender atender) {
 void Portero::recibir() {
   while (QLocalSocket* e = servidor_.nextPendingConnection()) {
     const auto visita = std::make_shared<Visita>(e);
-    // It lives with its socket until the request is whole, then with whoever sees to it.
+    // It lives with its socket until the request is complete, then with its handler.
     QObject::connect(e, &QLocalSocket::readyRead, e, [this, visita] { leer(visita); });
     QObject::connect(e, &QLocalSocket::disconnected, e, [v = visita.get()] {
       if (!v->pedida_) v->cortar();

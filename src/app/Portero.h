@@ -1,5 +1,5 @@
 // The door of a program that has the database: others that find it taken ask here. The socket is
-// beside the database (its name with .SCK), and who may write that may ask.
+// beside the database (its name with .SCK), and those with write access to it may ask.
 #pragma once
 
 #include <QLocalServer>
@@ -12,8 +12,8 @@
 
 namespace tarvo::app {
 
-// The socket of a database, by a path that is short enough however deep its folder is. Keeps the
-// folder open as long as the path is in use.
+// The socket of a database, by a path short enough for any depth of folder. Keeps the folder open
+// as long as the path is in use.
 class RutaPuerta {
  public:
   explicit RutaPuerta(const QString& base);
@@ -27,7 +27,7 @@ class RutaPuerta {
   QString ruta_;
 };
 
-// One who asked, until it goes or is answered.
+// A requesting program, until it goes or is answered.
 class Visita {
  public:
   explicit Visita(QLocalSocket* enchufe) : enchufe_(enchufe) {}
@@ -38,10 +38,10 @@ class Visita {
   void decir(const Respuesta& respuesta);
   // The exit status, and goodbye.
   void acabar(int estado);
-  // Without an answer: it looks for another way.
+  // Hangs up without an answer: it looks for another way.
   void cortar();
 
-  std::function<void()> alParar;  // it asks to stop what is done for it
+  std::function<void()> alParar;  // it asks to stop its own request
 
  private:
   friend class Portero;
@@ -52,11 +52,11 @@ class Visita {
 
 class Portero {
  public:
-  // Each request, whole. The visit is the receiver's from then on.
+  // Called with each complete request. The visit belongs to the receiver from then on.
   using Atender = std::function<void(const Peticion& peticion, std::shared_ptr<Visita> visita)>;
 
-  // REQUIRES that this program holds the database, and goes on holding it as long as this lives.
-  // Errors: the system's reason, where no socket can be made.
+  // REQUIRES that this program holds the database as long as this lives. Errors: the system's
+  // reason, when no socket can be made.
   Resultado<> abrir(const QString& base, Atender atender);
 
  private:

@@ -30,7 +30,7 @@ int hacerCuadre(const Ordenes& o, Fondo& fondo, const Textos& t) {
   return informe ? kBien : kProblemas;
 }
 
-// What a person knows of a machine that may have been zeroed or not.
+// Records a person's answer about a machine that may have been zeroed.
 int responderPuesta(const Ordenes& o, Fondo& fondo, const Textos& t, Reloj& reloj) {
   Datos datos({}, t);
   return conAplicacion(fondo, reloj, datos, avisar, [&](Aplicacion& aplicacion) -> int {
@@ -52,7 +52,7 @@ int decirSinCarpeta(const Error& e, const Textos& t, const Avisar& avisar) {
   return kSinBase;
 }
 
-// Without the database, when another program has it: that one may run the process.
+// Goes on without the database when another program has it: that one may run the process.
 int correrProceso(const Ordenes& o, const Textos& t) {
   const auto carpeta = carpetaPrograma(o.carpeta);
   if (!carpeta) return decirSinCarpeta(carpeta.error(), t, avisar);
@@ -72,7 +72,7 @@ int correrProceso(const Ordenes& o, const Textos& t) {
       .ejecutar(rutaProceso(o.proceso, *ajustes));
 }
 
-// The program with windows stands beside this one and takes its place.
+// The program with windows is beside this one and replaces it.
 int cederAVentanas(char** argv, const Textos& t) {
   const QByteArray ruta =
       QFile::encodeName(carpetaEjecutable() + QStringLiteral("/tarvo-ventanas"));
@@ -130,7 +130,7 @@ int conAplicacion(Fondo& fondo, Reloj& reloj, automation::Preguntas& preguntas,
 }
 
 int principal(int argc, char** argv, const ConVentanas& conVentanas) {
-  ::signal(SIGPIPE, SIG_IGN);  // a reader of the trace that goes away doesn't end a night
+  ::signal(SIGPIPE, SIG_IGN);  // a trace reader that goes away doesn't end a night
   const auto textos = Textos::leer(QStringLiteral(":/textos/es.txt"));
   if (!textos) {
     avisar(textos.error().texto);

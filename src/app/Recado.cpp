@@ -75,7 +75,7 @@ Resultado<Peticion> leerPeticion(const QByteArray& linea) {
   p.que = Peticion::Que::Proceso;
   p.nombre = o[u"nombre"_s].toString();
   p.traza = o[u"traza"_s].toString();
-  // They become names of files, and never lead out of the folder.
+  // They become file names, and must never lead out of the folder.
   const QString nombres = p.nombre + p.traza;
   const bool conCarpeta = nombres.contains(u'/') || nombres.contains(u'\\');
   if (que != kProceso || p.nombre.isEmpty() || conCarpeta) return noSeEntiende(linea);

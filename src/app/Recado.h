@@ -1,5 +1,5 @@
-// What one program asks of another that has the database: lines of JSON over a local socket beside
-// it. Pure functions on bytes.
+// Requests from one program to another that has the database: lines of JSON over a local socket
+// beside it. Pure functions on bytes.
 #pragma once
 
 #include <QStringList>
@@ -13,28 +13,28 @@ namespace tarvo::app {
 struct Peticion {
   enum class Que { Alzar, Proceso };
   Que que = Que::Alzar;
-  QString ventana;  // Alzar: the window to show, empty for the one that there is
+  QString ventana;  // Alzar: the window to show, empty for the existing one
   // Proceso: a process without a screen.
   QString nombre;                    // base name
-  QString traza;                     // of a timetable; empty for a run of its own
+  QString traza;                     // of a timetable; empty for a direct run
   QStringList pasos;                 // lines of the process language
-  QStringList omitidas;              // said as problems at the beginning
+  QStringList omitidas;              // reported as problems at the beginning
   std::map<QString, QString> datos;  // answers of --dato
   bool operator==(const Peticion&) const = default;
 };
 
-// What comes back while it is seen to.
+// What comes back while it is handled.
 struct Respuesta {
   enum class Que { Linea, Aviso, Vive, Fin };
-  Que que = Que::Vive;  // Vive: it is still at it
+  Que que = Que::Vive;  // Vive: still working
   QString texto;        // a line of the trace, or for standard error
   int estado = 0;       // Fin: the exit status
   bool operator==(const Respuesta&) const = default;
 };
 
-inline constexpr qsizetype kMayorRecado = 1024 * 1024;  // bytes of a line
+inline constexpr qsizetype kMayorRecado = 1024 * 1024;  // bytes per line
 
-// One line each, ended.
+// One line each, with its end.
 QByteArray escribir(const Peticion& peticion);
 QByteArray escribir(const Respuesta& respuesta);
 // "Stop what you do for me, in order."

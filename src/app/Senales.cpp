@@ -26,7 +26,7 @@ void terminarYa(int) {
   ::_exit(2);
 }
 
-// From the second signal on nothing waits for the event loop.
+// From the second signal on, nothing waits for the event loop.
 void armarSegunda() {
   struct sigaction accion{};
   accion.sa_handler = terminarYa;

@@ -1,5 +1,5 @@
-// SIGINT and SIGTERM as a call from the event loop; a second one ends the program at once with
-// status 2.
+// Delivers SIGINT and SIGTERM as a call from the event loop; a second one ends the program at once
+// with status 2.
 #pragma once
 
 #include <QSocketNotifier>
@@ -7,7 +7,7 @@
 
 namespace tarvo::app {
 
-// One a program. A signal that came before the event loop runs is delivered when it does.
+// One per program. A signal received before the event loop runs is delivered when it does.
 class Senales {
  public:
   explicit Senales(std::function<void()> alPedirFin);

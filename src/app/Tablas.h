@@ -1,4 +1,4 @@
-// What each room keeps in the database. A room with tables of its own is named here, and nowhere
+// The tables of each room in the database. A room with its own tables is named here, and nowhere
 // else.
 #pragma once
 

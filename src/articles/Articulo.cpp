@@ -11,7 +11,7 @@ namespace tarvo::articles {
 
 namespace {
 
-// In the order in which ColumnasArticulo takes them; the prices come after.
+// In the order of ColumnasArticulo; the prices come after.
 enum Columna {
   kSeccion,
   kCodigo,
@@ -83,6 +83,24 @@ std::vector<Falta> faltas(const Articulo& a) {
   return salida;
 }
 
+std::optional<Articulo> sinElCambio(Articulo hoy, const Articulo& antes, const Articulo& ahora) {
+  bool cabe = true;
+  const auto volver = [&](auto& campo, const auto& de, const auto& a) {
+    if (de == a) return;
+    cabe = cabe && (campo == a || campo == de);
+    campo = de;
+  };
+  const auto campos = [&](auto... m) { (volver(hoy.*m, antes.*m, ahora.*m), ...); };
+  using A = Articulo;
+  campos(&A::clave, &A::nombre, &A::cada, &A::modificable, &A::minimo, &A::hasta1, &A::hasta2,
+         &A::depto, &A::barras, &A::pfxBar, &A::codBarExt, &A::descto, &A::formato, &A::textoEtq,
+         &A::tara, &A::numdias1, &A::numdias2, &A::stkMax, &A::stkMin, &A::coste);
+  for (std::size_t n = 0; n < kNiveles; ++n)
+    for (std::size_t t = 0; t < kTarifas; ++t)
+      volver(hoy.precios[n][t], antes.precios[n][t], ahora.precios[n][t]);
+  return cabe ? std::optional(std::move(hoy)) : std::nullopt;
+}
+
 ColumnasArticulo::ColumnasArticulo(const dao::Recordset& rs) {
   for (const QString& nombre : columnasArticulo()) columnas_.push_back(rs.columna(nombre));
 }
@@ -119,7 +137,7 @@ Articulo ColumnasArticulo::leer(const dao::Recordset& rs) const {
 
 namespace {
 
-// Hands over the value of every column, by its number.
+// Passes on the value of every column, by number.
 template <class Poner>
 void recorrer(const Articulo& a, const Poner& poner) {
   poner(kSeccion, a.clave.seccion);

@@ -1,5 +1,5 @@
-// An article as the catalogue keeps it: a value, with the defaults of a new one. Money is in minor
-// units of the native currency, quantities are grams (Cada 0 and 1) or units (Cada 2).
+// An article of the catalogue: a value, with the defaults of a new one. Money is in minor units of
+// the native currency, quantities are grams (Cada 0 and 1) or units (Cada 2).
 #pragma once
 
 #include <QStringList>
@@ -12,7 +12,7 @@
 namespace tarvo::articles {
 
 inline constexpr int kNiveles = 3, kTarifas = 8;
-// Below the first stand the two system articles of each section, which nobody changes or deletes.
+// Below the first are the two system articles of each section, which are never changed or deleted.
 inline constexpr qint64 kPrimerCodigo = 3, kUltimoCodigo = 9'999'999;
 inline constexpr int kPorKilo = 0, kPor100g = 1, kPorUnidad = 2;
 inline constexpr int kEAN8 = 0, kEAN13 = 1;
@@ -42,7 +42,7 @@ struct Articulo {
   int depto = 0;
   int barras = kEAN13;
   QString pfxBar = QStringLiteral("0");
-  std::optional<QString> codBarExt;  // predefined bar code; none where it is composed
+  std::optional<QString> codBarExt;  // predefined bar code; none if composed
   int descto = 0;                    // hundredths of a per cent
   int formato = 1;
   QString textoEtq;
@@ -57,9 +57,13 @@ struct Articulo {
   QString codigoDeBarras() const;
 };
 
-// What is wrong with the values of an article, in the order in which an editor says it.
+// Faults in the values of an article, in the order in which an editor reports them.
 enum class Falta { Codigo, Departamento, Formato, Minimo, Hasta1, Hasta2, Descuento };
 std::vector<Falta> faltas(const Articulo& articulo);
+
+// `hoy` with the fields restored in which `antes` and `ahora` differ; nothing when one of them now
+// has neither value.
+std::optional<Articulo> sinElCambio(Articulo hoy, const Articulo& antes, const Articulo& ahora);
 
 // Its values as the first parameters of a statement, in the order of columnasArticulo().
 void ligarArticulo(dao::Sentencia& sentencia, const Articulo& articulo);
@@ -71,7 +75,7 @@ class ColumnasArticulo {
   explicit ColumnasArticulo(const dao::Recordset& rs);
   // REQUIRES a row.
   Articulo leer(const dao::Recordset& rs) const;
-  // All of it, between AddNew or Edit and Update.
+  // Sets all columns, between AddNew or Edit and Update.
   void poner(dao::Recordset& rs, const Articulo& articulo) const;
 
  private:

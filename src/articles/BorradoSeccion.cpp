@@ -13,11 +13,11 @@ namespace {
 
 struct Parte {
   const char16_t* tabla;
-  const char16_t* donde;     // with the section's number once
-  const char16_t* columnas;  // that come back
+  const char16_t* donde;     // with one parameter, the section's number
+  const char16_t* columnas;  // to restore
 };
-// In the order in which they can come back: what others refer to first. A row of the history takes
-// a new number.
+// In the order in which they can be restored: referenced tables first. A row of the history gets a
+// new number.
 constexpr std::array<Parte, 10> kPartes{
     {{u"SECCS", u"NMSECC=?", u"*"},
      {u"DEPTS", u"SECCION=?", u"*"},
@@ -49,7 +49,7 @@ Resultado<> conAjenas(const Cambios& cambios, const Hacer& hacer) {
 }  // namespace
 
 BorradoSeccion::~BorradoSeccion() {
-  static_cast<void>(soltar());  // tables of the moment: they go with the program anyway
+  static_cast<void>(soltar());  // temporary tables: they go with the program anyway
 }
 
 Resultado<QString> BorradoSeccion::copiarTodo(const QString& carpeta, Fecha ahora) {

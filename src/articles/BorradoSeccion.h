@@ -1,5 +1,5 @@
-// A section deleted with all that hangs from it, which comes back as it was as long as this object
-// lives, with what other rooms keep by the numbers of its groups.
+// A section deleted with everything that depends on it, including what other rooms keep by the
+// numbers of its groups. It can be restored as long as this object lives.
 #pragma once
 
 #include "articles/Secciones.h"
@@ -14,10 +14,11 @@ class BorradoSeccion {
   ~BorradoSeccion();
   BorradoSeccion(const BorradoSeccion&) = delete;
 
-  // A copy of the whole database in `carpeta`, then the deletion, one transaction. The file of the
-  // copy. Where it can't be written nothing is deleted.
+  // Copies the whole database into `carpeta`, then deletes, in one transaction. Returns the file of
+  // the copy. If it can't be written, nothing is deleted.
   Resultado<QString> borrar(const QString& carpeta, Fecha ahora);
-  // All of it, or nothing: Duplicado when its number, or that of a group of it, is another's now.
+  // Restores all of it, or nothing: Duplicado when its number, or that of one of its groups, has
+  // been taken.
   Resultado<> reponer();
   int seccion() const { return seccion_; }
 

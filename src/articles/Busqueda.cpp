@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/dao/Marcas.h"
 #include "core/dao/Orden.h"
 
 namespace tarvo::articles {
@@ -10,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What is a sign of a pattern counts as itself.
+// Pattern characters count as themselves.
 QString patron(QStringView palabra) {
   QString p;
   for (const QChar c : palabra)
@@ -23,10 +24,10 @@ QString patron(QStringView palabra) {
 Condicion condicionBusqueda(const QString& texto) {
   Condicion c;
   for (const QString& palabra : texto.simplified().split(u' ', Qt::SkipEmptyParts)) {
-    // Digits have neither accents nor case: the store's own search for them is the quicker one.
+    // Digits have neither accents nor case: the store's own search is quicker for them.
     const bool cifras =
         std::ranges::all_of(palabra, [](QChar x) { return x >= u'0' && x <= u'9'; });
-    // Zeros in front are of the code as it is shown; without them the number itself will do.
+    // Leading zeros belong to the displayed code; without them the number itself will do.
     const QString codigo = palabra.startsWith(u'0') ? u"format(CODPLU,'0000000')"_s : u"CODPLU"_s;
     const QString una =
         cifras
@@ -38,6 +39,42 @@ Condicion condicionBusqueda(const QString& texto) {
                      cifras ? dao::Valor(palabra) : dao::Valor(patron(palabra)));
   }
   return c;
+}
+
+Condicion FiltroArticulos::condicion() const {
+  Condicion c{u"PLUSES.SECCION=?"_s, {seccion}};
+  if (departamento > 0) {
+    c.sql += u" AND DEPTO=?"_s;
+    c.valores.emplace_back(departamento);
+  }
+  if (const Condicion b = condicionBusqueda(texto); !b.sql.isEmpty()) {
+    c.sql += u" AND "_s + b.sql;
+    c.valores.insert(c.valores.end(), b.valores.begin(), b.valores.end());
+  }
+  return c;
+}
+
+QString ordenPorNombre() {
+  return dao::expresionOrden(u"NOMPLU");
+}
+
+Resultado<std::optional<qint64>> filaDe(dao::Database& db, ClaveArticulo clave) {
+  TARVO_TOMAR(const auto fila, db.uno(u"SELECT rowid FROM PLUSES WHERE SECCION=? AND CODPLU=?",
+                                      clave.seccion, clave.codigo));
+  return fila.nulo() ? std::nullopt : std::optional(fila.entero());
+}
+
+Resultado<std::optional<qint64>> filaDesde(dao::Database& db, const FiltroArticulos& filtro,
+                                           bool porNombre, const QString& texto) {
+  Condicion c = filtro.condicion();
+  c.valores.emplace_back(porNombre ? dao::Valor(dao::claveOrden(texto))
+                                   : dao::Valor(texto.toLongLong()));
+  const QString sql = dao::conMarcas(
+      u"SELECT PLUSES.rowid FROM PLUSES WHERE {donde} AND {orden}>=? ORDER BY "
+      u"{orden} LIMIT 1",
+      {{u"donde", c.sql}, {u"orden", porNombre ? ordenPorNombre() : u"CODPLU"_s}});
+  TARVO_TOMAR(auto rs, db.OpenQuery(sql, c.valores));
+  return rs->Eof() ? std::nullopt : std::optional(rs->entero(0));
 }
 
 }  // namespace tarvo::articles

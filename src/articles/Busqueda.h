@@ -1,20 +1,36 @@
-// The search in the list of articles, as somebody types.
+// The articles of a section in a list, and the position of one of them.
 #pragma once
 
 #include <vector>
 
-#include "core/dao/Valor.h"
+#include "articles/Articulo.h"
 
 namespace tarvo::articles {
 
-// A condition on PLUSES, with the values that it binds. Empty for all articles.
+// A condition on PLUSES, with its bound values. Empty for all articles.
 struct Condicion {
   QString sql;
   std::vector<dao::Valor> valores;
 };
 
-// The articles that have each word of the text somewhere in their name, code (seven digits) or bar
-// code. Accents and case don't matter.
+// The articles with each word of the text somewhere in their name, code (seven digits) or bar code.
+// Accents and case don't matter.
 Condicion condicionBusqueda(const QString& texto);
+
+struct FiltroArticulos {
+  int seccion = 0;
+  int departamento = 0;  // 0 for all
+  QString texto = {};    // see condicionBusqueda()
+  Condicion condicion() const;
+};
+
+// The order of a list read by name.
+QString ordenPorNombre();
+
+// The key of the row (PLUSES.rowid) of an article; nothing when there is none.
+Resultado<std::optional<qint64>> filaDe(dao::Database& db, ClaveArticulo clave);
+// The same for the first article of the filter with a code, or name, equal to the text or after it.
+Resultado<std::optional<qint64>> filaDesde(dao::Database& db, const FiltroArticulos& filtro,
+                                           bool porNombre, const QString& texto);
 
 }  // namespace tarvo::articles

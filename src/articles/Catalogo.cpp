@@ -13,7 +13,7 @@ Resultado<std::unique_ptr<dao::Recordset>> abrir(dao::Database& db) {
   return db.OpenTable(u"PLUSES", u"PrimaryKey");
 }
 
-constexpr size_t kPorLectura = 250;  // codes of one query
+constexpr size_t kPorLectura = 250;  // codes per query
 
 const QString& leerVariosSql() {
   static const QString sql =
@@ -57,7 +57,19 @@ Resultado<std::vector<Articulo>> Catalogo::leerVarios(std::span<const ClaveArtic
   return salida;
 }
 
-// Offers of an article that was deleted stay, for who brings it back.
+Resultado<std::optional<ClaveArticulo>> Catalogo::vecino(ClaveArticulo clave, int pasos) {
+  const auto [seccion, codigo] = clave;
+  TARVO_TOMAR(
+      const auto otro,
+      db_.uno(pasos > 0 ? u"SELECT min(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU>? AND "
+                          u"CODPLU>2"
+                        : u"SELECT max(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU<? AND "
+                          u"CODPLU>2",
+              seccion, codigo));
+  return otro.nulo() ? std::nullopt : std::optional(ClaveArticulo{seccion, otro.entero()});
+}
+
+// The offers of a deleted article stay, in case it is restored.
 Resultado<> Catalogo::crear(const Articulo& articulo, const QString& ventana) {
   if (articulo.clave.deSistema()) return intocable();
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
@@ -89,7 +101,7 @@ Resultado<> Catalogo::modificar(ClaveArticulo clave, const Articulo& articulo,
   return t.confirmar();
 }
 
-// What hangs from the old code follows.
+// What depends on the old code follows.
 Resultado<> Catalogo::cambiarDeCodigo(ClaveArticulo clave, qint64 nuevo) {
   const auto [seccion, codigo] = clave;
   TARVO_INTENTAR(cambios_.ArticuloLlega({seccion, nuevo}));
@@ -108,6 +120,14 @@ Resultado<> Catalogo::ponerPrecios(ClaveArticulo clave, const Precios& precios,
   if (articulo->precios == precios) return {};
   articulo->precios = precios;
   return modificar(clave, *articulo, ventana);
+}
+
+Resultado<> Catalogo::volver(const Articulo& antes, const Articulo& ahora, const QString& ventana) {
+  TARVO_TOMAR(const auto hoy, leer(ahora.clave));
+  if (!hoy) return fallo(Fallo::NoExiste, textos_(kTxArticuloBorrado));
+  const auto vuelto = sinElCambio(*hoy, antes, ahora);
+  if (!vuelto) return fallo(Fallo::Restriccion, textos_(kTxCambiadoDespues));
+  return modificar(ahora.clave, *vuelto, ventana);
 }
 
 Resultado<int> Catalogo::borrar(std::span<const ClaveArticulo> claves) {
@@ -164,7 +184,7 @@ Resultado<> Catalogo::copiarUno(Articulo articulo, int destino, const QString& v
   return anotarPrecios(articulo.clave, {}, articulo.precios, ventana);
 }
 
-// The groups of the section that it leaves must delete it.
+// The groups of its old section must delete it.
 Resultado<> Catalogo::moverUno(ClaveArticulo origen, int destino) {
   const auto [seccion, codigo] = origen;
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE PLUSES SET SECCION=? WHERE SECCION=? AND CODPLU=?", destino,

@@ -1,6 +1,6 @@
-// The one door by which articles are written. Each operation is one transaction that carries what
-// belongs to it: the row, what the machines must hear (Cambios), the history of its prices. The
-// system articles survive whatever is asked.
+// The only way to write articles. Each operation is one transaction with all that belongs to it:
+// the row, the changes due to the machines (Cambios), the price history. The system articles
+// survive any request.
 #pragma once
 
 #include "articles/Cambios.h"
@@ -14,32 +14,40 @@ class Catalogo {
   // `quien`: the person at this computer, for the history. REQUIRES that all references outlive it.
   Catalogo(dao::Database& db, const Textos& textos, Reloj& reloj, QString quien);
 
-  // The article; nothing when there is none of that key.
+  // The article; nothing when there is none with that key.
   Resultado<std::optional<Articulo>> leer(ClaveArticulo clave);
 
-  // Those of the keys that are there, in their order. REQUIRES keys in ascending order.
+  // The existing articles of these keys, in their order. REQUIRES keys in ascending order.
   Resultado<std::vector<Articulo>> leerVarios(std::span<const ClaveArticulo> claves);
 
-  // `ventana` names the window that asks. Errors: Duplicado (3022) for a code or a bar code that
-  // the section has already; Restriccion for a system article; NoExiste for one that is gone.
+  // The next article of the section (1) or the previous one (-1), system articles left out; nothing
+  // at the ends. The article of the key need not exist.
+  Resultado<std::optional<ClaveArticulo>> vecino(ClaveArticulo clave, int pasos);
+
+  // `ventana` names the calling window. Errors: Duplicado (3022) for a code or a bar code already
+  // in the section; Restriccion for a system article; NoExiste for a missing one.
   Resultado<> crear(const Articulo& articulo, const QString& ventana);
   // The article of `clave` becomes `articulo`, perhaps under another code of its section: then the
-  // old code is marked for deletion, and its offers and the history of its prices follow. REQUIRES
-  // the same section; mover() goes to another.
+  // old code is marked for deletion, and its offers and price history follow. REQUIRES the same
+  // section; mover() goes to another.
   Resultado<> modificar(ClaveArticulo clave, const Articulo& articulo, const QString& ventana);
   Resultado<> ponerPrecios(ClaveArticulo clave, const Precios& precios, const QString& ventana);
 
-  // Deletes what is there of them, system articles left out; how many went.
+  // Undoes a change by modificar(): the changed fields get their former values. NoExiste when the
+  // article is gone; Restriccion, with nothing changed, when the same fields have changed since.
+  Resultado<> volver(const Articulo& antes, const Articulo& ahora, const QString& ventana);
+
+  // Deletes the existing ones, except system articles; returns how many.
   Resultado<int> borrar(std::span<const ClaveArticulo> claves);
-  // Into another section, where they count as unsent. Those whose code or bar code stands there
-  // already are left out, and given. NoExiste, and nothing is done, when one of them is gone.
+  // Into another section, where they count as unsent. Those whose code or bar code already exists
+  // there are left out and returned. NoExiste, with nothing done, when one of them is missing.
   Resultado<std::vector<ClaveArticulo>> copiar(std::span<const ClaveArticulo> claves, int destino,
                                                const QString& ventana);
   Resultado<std::vector<ClaveArticulo>> mover(std::span<const ClaveArticulo> claves, int destino);
 
   Cambios& cambios() { return cambios_; }
 
-  // The history of a price that was written by somebody else's statement, inside its transaction.
+  // Records the history of a price written by another statement, inside its transaction.
   Resultado<> anotarPrecios(ClaveArticulo clave, const Precios& antes, const Precios& ahora,
                             const QString& ventana);
   Reloj& reloj() { return reloj_; }

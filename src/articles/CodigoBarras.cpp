@@ -12,7 +12,7 @@ bool soloCifras(QStringView s) {
 
 }  // namespace
 
-// Weights 3 and 1 in turn, from the last digit back.
+// Weights 3 and 1 alternately, from the last digit back.
 int digitoControl(QStringView cifras) {
   int suma = 0, peso = 3;
   for (qsizetype i = cifras.size() - 1; i >= 0; --i, peso = 4 - peso)

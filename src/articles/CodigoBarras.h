@@ -1,21 +1,21 @@
-// The bar code of an article as a label shows it: eight or thirteen digits, the last of which
-// checks the others.
+// The bar code of an article on a label: eight or thirteen digits, the last a check digit.
 #pragma once
 
 #include "articles/Articulo.h"
 
 namespace tarvo::articles {
 
-// The digit that checks these. REQUIRES digits only.
+// The check digit of these. REQUIRES digits only.
 int digitoControl(QStringView cifras);
 
-// For eight or thirteen digits that don't check: the last digit as it should be. Nothing for a code
-// that is right, or of another kind.
+// For eight or thirteen digits with a wrong check digit: the right one. Nothing for a correct code,
+// or one of another kind.
 std::optional<int> controlDebido(QStringView codigo);
 
-// How many digits a kind has, the checking one among them.
+// The number of digits of a kind, including the check digit.
 int cifrasDe(int barras);
-// Whether a predefined code has the digits of its kind, whatever the last one is. REQUIRES one.
+// Whether a predefined code has as many digits as its kind, whatever its check digit. REQUIRES a
+// predefined code.
 bool deSuTipo(const Articulo& articulo);
 
 // The whole number under the bars. A composed EAN13 has zeros where the scale prints weight or

@@ -1,5 +1,7 @@
 #include "articles/Limites.h"
 
+#include <cstdlib>
+
 #include "articles/TextosArticles.h"
 #include "core/dinero/Dinero.h"
 
@@ -27,6 +29,14 @@ std::optional<QString> avisoPrecio(qint64 precio, const Ajustes& ajustes, const 
   if (precio <= kPrecioDeBalanza) return std::nullopt;
   const auto ver = [&](qint64 n) { return VerImporte(ajustes, n, ajustes.MonedaNativa); };
   return textos(kTxPrecioAlto, {ver(precio), ver(kPrecioDeBalanza)});
+}
+
+std::optional<QString> avisoCambio(qint64 antes, qint64 ahora, const Ajustes& ajustes,
+                                   const Textos& textos) {
+  if (auto alto = avisoPrecio(ahora, ajustes, textos)) return alto;
+  if (antes <= 0 || 2 * std::abs(ahora - antes) <= antes) return std::nullopt;
+  const auto ver = [&](qint64 n) { return VerImporte(ajustes, n, ajustes.MonedaNativa); };
+  return textos(ahora == 0 ? kTxPrecioACero : kTxPrecioSalta, {ver(antes), ver(ahora)});
 }
 
 std::optional<QString> malNombre(const QString& nombre, const Textos& textos) {

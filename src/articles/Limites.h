@@ -1,5 +1,5 @@
-// What the fields of an article take, whoever gives them: list, editor, fast windows, offers,
-// tables and files. A refusal names the limit.
+// The limits of an article's fields for every source: list, editor, fast windows, offers, tables
+// and files. A refusal names the limit.
 #pragma once
 
 #include <expected>
@@ -11,26 +11,32 @@
 
 namespace tarvo::articles {
 
-inline constexpr int kNombreMayor = 50, kNombreDeRejilla = 20;  // letters; the list cuts to its own
+inline constexpr int kNombreMayor = 50;  // letters
 inline constexpr int kUltimoDepartamento = 40, kUltimoFormato = 20;
 inline constexpr int kDiasMayor = 9999;
 inline constexpr int kDescuentoMayor = 100'00;       // hundredths of a per cent
-inline constexpr qint64 kPrecioDeBalanza = 999'999;  // the highest that a scale can show
-inline constexpr qint64 kPrecioMayor = 999'999'999;  // the highest that is kept
+inline constexpr qint64 kPrecioDeBalanza = 999'999;  // the highest a scale can show
+inline constexpr qint64 kPrecioMayor = 999'999'999;  // the highest stored
 inline constexpr qint64 kMinimoMayor = 999'999, kHastaMayor = 99'999;
 
 enum class FaltaPrecio { NoEsImporte, Negativo, Demasiado, Vacio };
-// What was given for a price, in money of a currency; of the native one without `moneda`. Beyond
-// the last decimal it is rounded, halves up.
+// A price as entered, in a currency's money; in the native one without `moneda`. Rounded to the
+// last decimal, halves up.
 std::expected<qint64, FaltaPrecio> comoPrecio(const QString& texto, const Ajustes& ajustes,
                                               std::optional<int> moneda = {});
-// The same fault in words, with what was given and what to do.
+// The same fault in words, with the value entered and what to do.
 Error errorDe(FaltaPrecio falta, const QString& texto, const Ajustes& ajustes,
               const Textos& textos);
-// The price is written, but most scales have no digits for it: what to tell. Nothing for others.
+// The warning for a price that is written although most scales have no digits for it. Nothing for
+// others.
 std::optional<QString> avisoPrecio(qint64 precio, const Ajustes& ajustes, const Textos& textos);
 
-// What is wrong with a name, a department or a label format, in words; nothing for a good one.
+// The same for a price that replaces another: also warns of one that becomes 0, or changes by more
+// than half.
+std::optional<QString> avisoCambio(qint64 antes, qint64 ahora, const Ajustes& ajustes,
+                                   const Textos& textos);
+
+// The fault in a name, a department or a label format, in words; nothing for a good one.
 std::optional<QString> malNombre(const QString& nombre, const Textos& textos);
 std::optional<QString> malDepartamento(qint64 departamento, const Textos& textos);
 std::optional<QString> malFormato(qint64 formato, const Textos& textos);

@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// That the article of a row of LoteAntes stands now as `otra`, another row of its key, says.
+// Condition: the article of a row of LoteAntes is now as in `otra`, another row of its key.
 QString estaComo(const QString& otra) {
   QStringList iguales;
   for (const QString& c : columnasArticulo())
@@ -22,8 +22,8 @@ Resultado<> marcar(dao::Database& db, qint64 lote, Que que, const QString& condi
   return {};
 }
 
-// What others did since the batch noted how it left an article: it stands otherwise, or a new one
-// has moved stock.
+// Changes by others since the batch noted an article's state: it differs, or a new one has moved
+// stock.
 Resultado<> apartarAjenos(dao::Database& db, qint64 lote) {
   const QString anotado =
       u"EXISTS (SELECT 1 FROM LoteDespues D WHERE D.LOTE=LoteAntes.LOTE AND "
@@ -39,8 +39,8 @@ Resultado<> apartarAjenos(dao::Database& db, qint64 lote) {
                     anotado, iguales.join(u" AND ")));
 }
 
-// A bar code that an article outside of the undoing has now. Leaving one alone can keep the bar
-// code of the next, so until none is found.
+// Bar codes now held by articles outside the undoing. Leaving one article alone may keep the bar
+// code of the next, so this repeats until none is found.
 Resultado<> apartarCodigosAjenos(dao::Database& db, qint64 lote) {
   for (;;) {
     TARVO_TOMAR(

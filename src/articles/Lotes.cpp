@@ -12,7 +12,7 @@ using dao::Valor;
 namespace {
 
 constexpr qint64 kLotesGuardados = 20;
-constexpr qint64 kTramo = 0;       // the batch of what is being put back just now; empty otherwise
+constexpr qint64 kTramo = 0;  // the batch of articles currently being restored; empty otherwise
 constexpr size_t kNombrados = 20;  // articles in a sentence
 constexpr int kPorTramo = 200, kPorBarrido = 1000;
 
@@ -56,7 +56,7 @@ Resultado<qint64> Lotes::empezar(const QString& ventana) {
   return lote;
 }
 
-// A batch may hold 100,000 articles: what is left of those that are forgotten goes bit by bit.
+// A batch may hold 100,000 articles: the remains of forgotten ones are deleted bit by bit.
 Resultado<> Lotes::barrer() {
   for (const QString& tabla : lotesql::tablas())
     TARVO_INTENTAR(
@@ -128,7 +128,7 @@ Resultado<> Lotes::anotarTodos(qint64 lote, const QString& tabla) {
 
 namespace {
 
-// How the articles of a condition on LoteAntes L stand, of which nothing was noted so far.
+// The state of the articles of a condition on LoteAntes L for which none was noted so far.
 Resultado<> anotarDonde(dao::Database& db, QStringView donde, std::span<const Valor> valores) {
   const QStringList columnas = columnasArticulo().mid(2);
   TARVO_INTENTAR(db.Execute(
@@ -237,7 +237,7 @@ Resultado<> Lotes::darPorHecho(qint64 lote) {
   return acabar(lote);
 }
 
-// What was still to be done of a batch won't be.
+// Drops what was still to be done of a batch.
 Resultado<> Lotes::dejarDeHacer(qint64 lote) {
   for (const QString& tabla : {u"LotePorHacer"_s, u"LoteOrden"_s})
     TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM %1 WHERE LOTE=?"_s.arg(tabla), lote));
@@ -277,7 +277,7 @@ Resultado<bool> Lotes::deshacerTramo(qint64 lote, const QString& ventana, Deshec
 }
 
 Resultado<std::vector<ClaveArticulo>> Lotes::noVolverian(qint64 lote) {
-  TARVO_TOMAR(const auto t, Transaccion::empezar(db_));  // taken back
+  TARVO_TOMAR(const auto t, Transaccion::empezar(db_));  // rolled back
   TARVO_INTENTAR(hayLote(lote));
   TARVO_INTENTAR(lotesql::clasificar(db_, lote));
   return lotesql::claves(db_, lote, lotesql::Que::Dejar);
@@ -294,7 +294,7 @@ Resultado<std::optional<QString>> Lotes::avisoDeVuelta(qint64 lote) {
       .arg(cuales.join(u", "_s));
 }
 
-// What hangs together in a batch stands in one transaction of the caller.
+// Related articles of a batch are in one transaction of the caller's.
 Resultado<Lotes::Deshecho> Lotes::reponer(qint64 lote, const QString& ventana) {
   TARVO_INTENTAR(lotesql::clasificar(db_, lote));
 

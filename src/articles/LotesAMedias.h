@@ -1,5 +1,5 @@
-// Batches that were cut off: some of their articles are changed and others aren't, and whoever
-// works next takes the mixture for the truth. They are named, and hold back what depends on them.
+// Interrupted batches: some of their articles are changed and others aren't, and the next task
+// would take the mixture for the truth. They are reported, and hold back what depends on them.
 #pragma once
 
 #include "articles/Lotes.h"
@@ -10,13 +10,12 @@ struct LoteAMedias {
   Lotes::Lote lote;
   QString ventana;             // that began it
   std::vector<int> secciones;  // of its articles
-  qint64 porHacer = 0;         // articles that it had yet to change; 0: it can't be finished
+  qint64 porHacer = 0;         // articles it had yet to change; 0: it can't be finished
 };
 
-// Those that aren't done and have changed an article, the oldest first. One that is under way is
-// among them.
+// Unfinished batches that have changed an article, the oldest first. One under way is included.
 Resultado<std::vector<LoteAMedias>> lotesAMedias(dao::Database& db);
-// Why nothing of the section's articles may be sent, in words; nothing when it may.
+// Why none of the section's articles may be sent, in words; nothing when they may.
 Resultado<std::optional<QString>> motivoDeEspera(dao::Database& db, const Textos& textos,
                                                  int seccion);
 // One of them in a sentence for the person.

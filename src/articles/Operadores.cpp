@@ -44,8 +44,8 @@ Resultado<> Operadores::renombrar(int codigo, const QString& nombre) {
   return {};
 }
 
-// One slot of all groups at a time. `cambio`: what is set in slot "@", by `valores`, the last of
-// which is the code that the slot holds.
+// One slot of all groups at a time. `cambio`: what is set in slot "@", with `valores`, the last of
+// which is the code in the slot.
 Resultado<> Operadores::enHuecos(QStringView cambio, std::span<const dao::Valor> valores,
                                  const std::function<void()>& alAvanzar) {
   for (int hueco = 1; hueco <= kHuecos; ++hueco) {
@@ -70,7 +70,7 @@ Resultado<> Operadores::cambiarCodigo(int codigo, int nuevo, const AlAvanzar& al
   return t.confirmar();
 }
 
-// The operator and the slots that hold it.
+// The operator and the slots with its code.
 Resultado<std::optional<Operadores::Borrado>> Operadores::leer(int codigo) {
   TARVO_TOMAR(auto rs, db_.consultar(u"SELECT NOMOPE FROM OPERS WHERE CODOPE=?", codigo));
   if (rs->Eof()) return std::nullopt;

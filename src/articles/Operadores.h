@@ -1,4 +1,4 @@
-// The operators, and the slots of the groups in which their codes stand.
+// The operators, and the slots of the groups that hold their codes.
 #pragma once
 
 #include "core/dao/Database.h"
@@ -14,10 +14,10 @@ class Operadores {
   // REQUIRES that both outlive it.
   Operadores(dao::Database& db, const Textos& textos) : db_(db), textos_(textos) {}
 
-  // Errors: Restriccion for a code outside 1 to kUltimo, Duplicado for one that is taken.
+  // Errors: Restriccion for a code outside 1 to kUltimo, Duplicado for a taken one.
   Resultado<> anadir(int codigo, const QString& nombre);
   Resultado<> renombrar(int codigo, const QString& nombre);
-  // The code changes in every slot that holds it too, all or nothing.
+  // The code also changes in every slot that holds it, all or nothing.
   Resultado<> cambiarCodigo(int codigo, int nuevo, const AlAvanzar& alAvanzar = {});
   struct Hueco {
     int grupo = 0, numero = 0;
@@ -28,11 +28,11 @@ class Operadores {
     QString nombre;
     std::vector<Hueco> huecos;
   };
-  // Every slot that holds it is emptied, all or nothing. What went, for reponer().
+  // Empties every slot with their codes, all or nothing. Returns what was deleted, for reponer().
   Resultado<std::vector<Borrado>> borrar(std::span<const int> codigos,
                                          const AlAvanzar& alAvanzar = {});
-  // All or nothing: Duplicado when a code is another's now. Gives how many slots stay as they are,
-  // because somebody stands in them, or their group is gone.
+  // All or nothing: Duplicado when a code has been taken. Returns the number of slots left as they
+  // are because they are occupied or their group is gone.
   Resultado<int> reponer(std::span<const Borrado> borrados);
   Resultado<int> primeroLibre();
 

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "articles/TextosArticles.h"
+#include "core/dao/Recorrido.h"
 
 namespace tarvo::articles {
 
@@ -28,7 +29,7 @@ QString escribirIvas(const Ivas& ivas) {
   return partes.join(u'@');
 }
 
-// One after the last; where that is beyond `ultimo`, the first that is free.
+// One after the last; if that is beyond `ultimo`, the first free one.
 Resultado<int> Secciones::numeroLibre(const QString& columna, const QString& donde, int ultimo) {
   TARVO_TOMAR(auto rs, db_.consultar(QString(u"SELECT "_s + columna + u" FROM "_s + donde +
                                              u" ORDER BY "_s + columna)));
@@ -46,6 +47,39 @@ Resultado<int> Secciones::numeroLibre(const QString& columna, const QString& don
 Resultado<int> Secciones::cuantos(const QString& que, std::span<const dao::Valor> valores) {
   TARVO_TOMAR(auto rs, db_.OpenQuery(QString(u"SELECT count(*) FROM "_s + que), valores));
   return rs->Eof() ? 0 : static_cast<int>(rs->entero(0));
+}
+
+Resultado<std::vector<Secciones::Rama>> Secciones::arbol() {
+  TARVO_TOMAR(auto ramas,
+              dao::reunir(db_.consultar(u"SELECT NMSECC, NOMSEC, IVAs FROM SECCS ORDER BY NMSECC"),
+                          [](const dao::Recordset& fila) {
+                            return Rama{static_cast<int>(fila.entero(0)),
+                                        fila.texto(1),
+                                        {leerIvas(fila.texto(2)), {}}};
+                          }));
+  const auto colgar = [&ramas](const dao::Recordset& fila) {
+    const auto suya = std::ranges::find(ramas, static_cast<int>(fila.entero(0)), &Rama::numero);
+    if (suya != ramas.end())
+      suya->ivas.departamentos.push_back(
+          {static_cast<int>(fila.entero(1)), static_cast<int>(fila.entero(3)), fila.texto(2)});
+  };
+  TARVO_INTENTAR(dao::recorrer(
+      db_.consultar(u"SELECT SECCION, NUMDEP, NomDep, IVA FROM DEPTS ORDER BY SECCION, NUMDEP"),
+      colgar));
+  return ramas;
+}
+
+Resultado<Secciones::CuentaArticulos> Secciones::contarArticulos(dao::Database& db) {
+  CuentaArticulos cuenta;
+  TARVO_INTENTAR(dao::recorrer(db.consultar(u"SELECT SECCION, DEPTO, count(*) FROM PLUSES WHERE "
+                                            u"CODPLU>2 GROUP BY SECCION, DEPTO"),
+                               [&cuenta](const dao::Recordset& fila) {
+                                 const auto seccion = static_cast<int>(fila.entero(0));
+                                 const auto depto = static_cast<int>(fila.entero(1));
+                                 if (depto != 0) cuenta[{seccion, depto}] = fila.entero(2);
+                                 cuenta[{seccion, 0}] += fila.entero(2);
+                               }));
+  return cuenta;
 }
 
 Resultado<int> Secciones::nueva() {
@@ -98,7 +132,8 @@ Resultado<> Secciones::borrar(int seccion) {
   return {};
 }
 
-// The one place where groups go with their section, and all that is kept by their numbers.
+// The only place where groups are deleted with their section, and with all that is kept by their
+// numbers.
 Resultado<> Secciones::borrarGrupos(int seccion) {
   TARVO_TOMAR(auto grupos,
               db_.consultar(u"SELECT CODGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO", seccion));

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <functional>
+#include <map>
 
 #include "articles/Catalogo.h"
 #include "articles/Limites.h"
@@ -11,15 +12,15 @@ namespace tarvo::articles {
 
 inline constexpr int kUltimaSeccion = 255;
 
-// The VAT rates of a section in hundredths of a per cent; a department names one by its place, from
-// 1 on.
+// The VAT rates of a section in hundredths of a per cent; a department refers to one by position,
+// from 1.
 inline constexpr int kTiposIva = 5;
 using Ivas = std::array<int, kTiposIva>;
-// As SECCS.IVAs holds them: per cents parted by "@". What is missing or no number is 0.
+// As in SECCS.IVAs: percentages separated by "@". A missing or invalid one is 0.
 Ivas leerIvas(const QString& texto);
 QString escribirIvas(const Ivas& ivas);
 
-// What a section charges: its rates, and which of them each department has.
+// A section's VAT: its rates, and the one of each department.
 struct IvasSeccion {
   struct Departamento {
     int numero = 0, tipo = 1;
@@ -37,7 +38,19 @@ class Secciones {
   Secciones(dao::Database& db, const Textos& textos, Cambios& cambios)
       : db_(db), textos_(textos), cambios_(cambios) {}
 
-  // The number given. Restriccion when all are taken.
+  // All sections with their departments, by number.
+  struct Rama {
+    int numero = 0;
+    QString nombre;
+    IvasSeccion ivas;
+  };
+  Resultado<std::vector<Rama>> arbol();
+  // Number of articles in each department, by section and number, and in each section under
+  // department 0; system articles are not counted.
+  using CuentaArticulos = std::map<std::pair<int, int>, qint64>;
+  static Resultado<CuentaArticulos> contarArticulos(dao::Database& db);
+
+  // Returns its number. Restriccion when all are taken.
   Resultado<int> nueva();
   // An empty name is refused.
   Resultado<> renombrar(int seccion, const QString& nombre);
@@ -45,16 +58,16 @@ class Secciones {
     int plus = 0, depts = 0, grupos = 0;
   };
   Resultado<Cuentas> cuentas(int seccion);
-  // All that goes with it.
+  // Everything deleted with it.
   struct LoQueSeVa {
     Cuentas cuentas;
     int maquinas = 0, ofertas = 0, existencias = 0, historia = 0;
     bool vacia() const { return cuentas.plus + cuentas.depts + cuentas.grupos == 0; }
   };
-  // Articles are counted without the system's own.
+  // System articles are not counted.
   Resultado<LoQueSeVa> loQueSeVa(int seccion);
-  // With its articles, departments and groups, and what is kept of them by number, which another
-  // section of that number must not inherit.
+  // With its articles, departments and groups, and what is kept by their numbers, which a later
+  // section with the same number must not inherit.
   Resultado<> borrar(int seccion);
   const Cambios& cambios() const { return cambios_; }
   Resultado<Ivas> ivas(int seccion);
@@ -68,10 +81,10 @@ class Secciones {
   // 1 to kTiposIva.
   Resultado<> ponerTipoIva(int seccion, int departamento, int tipo);
   Resultado<int> articulosDe(int seccion, int departamento);
-  // As it was before it was deleted, unless there is one of that number again.
+  // As it was before it was deleted, unless there is again one with that number.
   Resultado<> reponerDepartamento(int seccion, int departamento, const QString& nombre,
                                   int tipoIva);
-  // With its articles; groups that hold them must delete them.
+  // With its articles; groups holding them must delete them.
   Resultado<> borrarDepartamento(int seccion, int departamento);
 
  private:
@@ -84,8 +97,8 @@ class Secciones {
   Cambios& cambios_;
 };
 
-// A copy of a section with its departments and articles, under a name that says that it isn't whole
-// until it is. Steps for Trabajo.
+// A copy of a section with its departments and articles, named as incomplete until it is whole.
+// Steps for Trabajo.
 class CopiaSeccion {
  public:
   CopiaSeccion(dao::Database& db, const Textos& textos, Secciones& secciones, int origen)
@@ -93,7 +106,7 @@ class CopiaSeccion {
 
   // Rows are counted in articles; false when it is done.
   Resultado<bool> paso(qint64& hechos, qint64& total);
-  // Takes away what was copied so far.
+  // Removes what was copied so far.
   Resultado<> deshacer();
   int numero() const { return destino_; }  // 0 before the first step
 

@@ -4,13 +4,12 @@ namespace tarvo::articles {
 
 namespace {
 
-// HistoriaPrecios: one row a price that changed. VENTANA is the name of the window or file by
-// which.
+// HistoriaPrecios: one row per price change. VENTANA names the window or file that made it.
 //
-// LoteArticulos: an operation that can be taken back; ACABADO 1 when it noted how it left things.
-// LoteAntes and LoteDespues hold how its articles stood before and after it: the columns of PLUSES,
-// and HABIA 0 for one that was not there. LoteMovs holds their rows of MovsAlm, ANTES 1 or 0.
-// LoteAntes.QUE belongs to the moment of undoing.
+// LoteArticulos: an undoable operation; ACABADO 1 once it has noted how it left things. LoteAntes
+// and LoteDespues hold its articles before and after it: the columns of PLUSES, and HABIA 0 for one
+// that did not exist. LoteMovs holds their rows of MovsAlm, ANTES 1 or 0. LoteAntes.QUE is used
+// only while undoing.
 constexpr QStringView kGuion =
     uR"(
 CREATE TABLE IF NOT EXISTS HistoriaPrecios (
@@ -29,8 +28,8 @@ CREATE TABLE IF NOT EXISTS LoteMovs AS SELECT 0 AS LOTE, 0 AS ANTES, MovsAlm.* F
 CREATE UNIQUE INDEX IF NOT EXISTS LoteMovs_Clave ON LoteMovs (LOTE, ANTES, SECCION, CODIGO, CODALM);
 )";
 
-// What a batch does, and to which articles it has yet to be done, so that one that was cut off can
-// be finished.
+// What a batch does, and the articles still to be changed, so that an interrupted one can be
+// finished.
 constexpr QStringView kGuionPorHacer =
     uR"(
 CREATE TABLE IF NOT EXISTS LoteOrden (LOTE INTEGER PRIMARY KEY, ORDEN TEXT);

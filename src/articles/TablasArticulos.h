@@ -1,4 +1,4 @@
-// The tables of our own that the catalogue keeps.
+// The catalogue's own tables.
 #pragma once
 
 #include "core/dao/Pasos.h"
@@ -6,7 +6,7 @@
 namespace tarvo::articles {
 
 dao::TablasDeSala tablasArticulos();
-// Brings them alone, for who works with this room alone. REQUIRES those of the schema.
+// Creates only these, for programs that use this room alone. REQUIRES those of the schema.
 Resultado<> asegurarTablasArticulos(dao::Database& db);
 
 }  // namespace tarvo::articles

@@ -9,15 +9,15 @@ using dao::Transaccion;
 
 namespace {
 
-// The articles as they are to be, for the length of one escribir(). HABIA 1: one of that key is
-// there.
+// The articles to be written, for the duration of one escribir(). HABIA 1: one with that key
+// exists.
 const QString kTabla = u"TandaArticulos"_s;
-// CROSS: the few are looked up in the many, never the other way round.
+// CROSS: the few are looked up in the many, never vice versa.
 const QString kDeSuClave =
     u"TandaArticulos T CROSS JOIN PLUSES P ON P.SECCION=T.SECCION AND P.CODPLU=T.CODPLU"_s;
 const QString kNuevas = u"SELECT SECCION, CODPLU FROM TandaArticulos WHERE HABIA=0"_s;
 
-// The first price that isn't 0 of a row of kTabla, and its level and tarifa.
+// The first non-zero price of a row of kTabla, and its level and tarifa.
 QString primerPrecio(const std::function<QString(int nivel, int tarifa)>& que) {
   QString sql = u"CASE"_s;
   for (int nivel = 0; nivel < kNiveles; ++nivel)
@@ -76,7 +76,7 @@ Resultado<> Tanda::tender(std::span<const Articulo> articulos) {
   return {};
 }
 
-// Those that differ in one article at least: what isn't written needs no index kept.
+// Those that differ in at least one article: unwritten columns need no index updates.
 Resultado<QStringList> Tanda::columnasQueCambian() {
   const QStringList columnas = columnasArticulo().mid(2);
   static const QString sql = [&] {

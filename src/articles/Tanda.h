@@ -1,6 +1,6 @@
-// Many articles written as one set, by the rules of one at a time: how they stood goes into a
-// batch, the history of their prices and what the machines must hear go with them, and so does how
-// the batch left them. What takes a statement for each article takes one for all of them here.
+// Many articles written as one set, by the rules of one at a time: their earlier state goes into a
+// batch, together with the price history, the changes due to the machines and the state the batch
+// left them in. One statement serves all articles instead of one for each.
 #pragma once
 
 #include "articles/Lotes.h"
@@ -9,7 +9,7 @@ namespace tarvo::articles {
 
 class Tanda {
  public:
-  // A slice that a window can stay alive with.
+  // A slice that keeps a window responsive.
   static constexpr size_t kArticulos = 500;
   // Nadie: imported articles reach the groups by a complete transmission.
   enum class Oyen { Todos, Nadie };
@@ -18,10 +18,10 @@ class Tanda {
   Tanda(dao::Database& db, Catalogo& catalogo, Lotes& lotes, QString ventana, Oyen oyen)
       : db_(db), catalogo_(catalogo), lotes_(lotes), ventana_(std::move(ventana)), oyen_(oyen) {}
 
-  // One transaction: those that are there become these, the others are made. Of one that is made
-  // the history has the first price that isn't 0, which says who brought it and when.
-  // REQUIRES a batch, different keys, sections that there are; no system articles, and no bar code
-  // that another article of the section has.
+  // One transaction: existing articles become these, the others are created. The history of a
+  // created one has its first non-zero price, with who brought it and when. REQUIRES a batch,
+  // distinct keys, existing sections; no system articles, and no bar code of another article of the
+  // section.
   Resultado<> escribir(qint64 lote, std::span<const Articulo> articulos);
 
  private:

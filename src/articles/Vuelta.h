@@ -1,4 +1,4 @@
-// A batch taken back as the steps of a Trabajo.
+// Undoing a batch as the steps of a Trabajo.
 #pragma once
 
 #include "articles/Lotes.h"
@@ -8,8 +8,8 @@ namespace tarvo::articles {
 
 class Vuelta {
  public:
-  // `articulos`: how many it has; `ventana`: for the history of prices. REQUIRES that `lotes`
-  // outlives it.
+  // `articulos`: their number; `ventana`: for the history of prices. REQUIRES that `lotes` outlives
+  // it.
   Vuelta(Lotes& lotes, qint64 lote, qint64 articulos, QString ventana)
       : lotes_(lotes), lote_(lote), articulos_(articulos), ventana_(std::move(ventana)) {}
 

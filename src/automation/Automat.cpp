@@ -84,14 +84,14 @@ bool Automat::Interior::avanzar() {
     fallar(hecho.error());
   else if (*hecho) {
     pendiente = false;
-    marcar(EstadoPaso::Hecho);
+    pasoHecho();
     mirarPronto();
   }
   return false;
 }
 
-// The tick is only the pace at which a wait is looked at. What follows a step that is done, or a
-// queue that became empty, has nothing to wait for.
+// The tick only sets the pace of checking a wait. After a finished step or an emptied queue there
+// is nothing to wait for.
 void Automat::Interior::mirarPronto() {
   if (!pronto->activo()) pronto->unaVez(0);
 }
@@ -137,12 +137,13 @@ bool Automat::Interior::acabar() {
       t.motor.VigilaProcesos(vigilancia.reintentos, true, vigilancia.vigilante);
     return false;
   }
+  asentarVistas();
   terminar(resultado, kAcabado, kTxFinalizada);
   return true;
 }
 
-// The row of the run goes last: until then the same process started again finds that nothing is
-// left to do.
+// The row of the run is deleted last: until then, restarting the same process finds nothing left to
+// do.
 void Automat::Interior::terminar(ResultadoProceso con, int faseFinal, int linea) {
   soltarMotor();
   reloj->parar();
@@ -161,7 +162,7 @@ void Automat::Interior::terminar(ResultadoProceso con, int faseFinal, int linea)
   }
 }
 
-// What came of it group by group, as the last thing before the end.
+// The results group by group, last before the end.
 void Automat::Interior::contarLoHecho() {
   if (averiado || pasos.empty()) return;
   const auto relacion = relacionDe(t, e.numero);
@@ -171,7 +172,7 @@ void Automat::Interior::contarLoHecho() {
   if (!entrada.isEmpty()) escribir(entrada);
 }
 
-// The last thing that a tick does: whoever hears it may destroy the runner.
+// The last action of a tick: a listener may destroy the runner.
 void Automat::Interior::anunciarFin() {
   reloj->parar();
   const auto alCronos = diferida && !yo.avisarAlCerrar ? yo.alTerminarDiferida : nullptr;

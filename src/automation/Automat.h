@@ -1,5 +1,5 @@
-// The runner of a process: steps through a list, looks at a wait on a 500 ms tick, drives engine,
-// session, periods and export, writes the trace, keeps on disk how far it got. Phases and rules:
+// The runner of a process: steps through a list, checks waits on a 500 ms tick, drives engine,
+// session, periods and export, writes the trace, and keeps its progress on disk. Phases and rules:
 // docs/procesos.md.
 #pragma once
 
@@ -38,18 +38,19 @@ enum FaseProceso : int {
   kAcabado = 8,
 };
 
-// How a step of the present run stands.
-enum class EstadoPaso : int { Pendiente, EnCurso, Hecho, ConProblemas, Interrumpido };
+// The state of a step of the current run. EnCola: its queued tasks haven't ended yet.
+enum class EstadoPaso : int { Pendiente, EnCurso, Hecho, ConProblemas, Interrumpido, EnCola };
 struct VistaPaso {
-  QString texto;  // its line
+  QString texto;  // its text as a line
+  QString dicho;  // its effect, in words
   EstadoPaso estado = EstadoPaso::Pendiente;
   QString motivo;  // of its first problem
 };
 
-// Whoever watches a run. It may not start, stop or destroy the runner from within.
+// An observer of a run. It may not start, stop or destroy the runner from within.
 class ObservadorAutomat {
  public:
-  // The phase, the present step or the outcome of one has changed, or a list was loaded.
+  // The phase, the current step or the outcome of one has changed, or a list was loaded.
   virtual void automatCambiado() {}
   // A line has gone to the trace.
   virtual void lineaEscrita(const QString& /*linea*/) {}
@@ -58,7 +59,7 @@ class ObservadorAutomat {
   ~ObservadorAutomat() = default;
 };
 
-// What the runner works on; owned by Aplicacion.
+// The objects the runner works on; owned by Aplicacion.
 struct Taller {
   dao::Database& db;
   Ajustes& ajustes;
@@ -79,24 +80,24 @@ class Automat final : private motor::Vigilante {
 
   // Lines as they go to the trace file.
   std::function<void(const QString&)> alEscribir;
-  // The run has ended, by itself or aborted; told from the event loop, never inside PROCESO. It may
-  // destroy this object or start another run.
+  // The run has ended, by itself or aborted; called from the event loop, never inside PROCESO. It
+  // may destroy this object or start another run.
   std::function<void(ResultadoProceso)> alTerminar;
-  // The same for a delayed run, told first. Cronos sets it.
+  // The same for a delayed run, called first. Set by Cronos.
   std::function<void(ResultadoProceso)> alTerminarDiferida;
-  // A window shows the runs: the end of a delayed one is told by cerrado(), when that closes, so
-  // that the next one doesn't begin under the eyes of who is still reading.
+  // A window shows the runs: the end of a delayed one is reported by cerrado(), when the window
+  // closes, so that the next one doesn't begin while a person is still reading.
   bool avisarAlCerrar = false;
-  // Nobody is there: failures are dropped as in a delayed run.
+  // Unattended: failed tasks are dropped as in a delayed run.
   bool desatendido = false;
-  // An abort that comes from outside, as a computer that is shut down: the record of the run stays
-  // open, so that the same process, run again, goes on with it.
+  // An abort from outside, such as the shutdown of the computer: the record of the run stays open,
+  // so that the same process, run again, resumes it.
   bool conservarAlAbortar = false;
 
   // PROCESO: loads a list and starts it. `traza` empty: a direct run, whose trace is
-  // HomeDir/nombre.TZA; otherwise a delayed one, whose trace is `traza` with the extension .TZC. A
-  // run of the same process that was cut off is gone on with. REQUIRES that none is under way.
-  // `omitidas` are said as problems at its beginning.
+  // HomeDir/nombre.TZA; otherwise a delayed one, whose trace is `traza` with the extension .TZC. An
+  // interrupted run of the same process is resumed. REQUIRES that none is under way. `omitidas` are
+  // reported as problems at its beginning.
   void PROCESO(std::vector<PasoProceso> pasos, const QString& traza, const QString& nombre,
                const QStringList& omitidas = {});
   void ejecutar();  // run button
@@ -109,16 +110,16 @@ class Automat final : private motor::Vigilante {
   int fase() const;  // FaseProceso
   ResultadoProceso resultado() const;
   int pasoActual() const;
-  // The number of the run that is under way; nothing while there is none.
+  // The number of the run under way; nothing while there is none.
   std::optional<qint64> ejecucion() const;
   bool enMarcha() const;  // a run is under way, moving or held
   bool diferida() const;
   const QString& nombre() const;  // of the process; empty before the first one
   const std::vector<VistaPaso>& pasos() const;
-  // The latest lines of this run, as they went to the trace file.
+  // The latest lines of this run, as in the trace file.
   const QStringList& escrito() const;
   QString rutaTraza() const;
-  // REQUIRES that who watches goes by dejarDeObservar.
+  // REQUIRES dejarDeObservar before the observer is destroyed.
   void observar(ObservadorAutomat& quien);
   void dejarDeObservar(ObservadorAutomat& quien);
 

@@ -1,5 +1,5 @@
-// How a run begins: afresh, where an earlier one was cut off, or after what an old one left to be
-// noted down.
+// How a run begins: afresh, where an earlier one was interrupted, or after completing the notes of
+// an old one.
 #include <utility>
 
 #include "automation/AutomatInterior.h"
@@ -15,8 +15,7 @@ bool memorizo(const std::vector<PasoProceso>& pasos, const Ejecucion& e) {
   return !e.ultimos.empty() && std::any_of(pasos.begin(), hasta, memoriza);
 }
 
-// What only writes down in the books what was memorised: it calls no machine and takes nothing
-// away.
+// Steps that only carry memorised sales on in the books: they call no machine and delete nothing.
 bool esAnotacion(const PasoProceso& p) {
   if (std::holds_alternative<PasoExportar>(p)) return true;
   const auto* periodos = std::get_if<PasoPeriodos>(&p);
@@ -37,7 +36,7 @@ bool esAnotacion(const PasoProceso& p) {
   std::unreachable();
 }
 
-// The first step after the last point at which the queue was known to be empty.
+// The first step after the last point where the queue was known to be empty.
 qint64 trasUltimaEspera(const std::vector<PasoProceso>& pasos, qint64 hechos) {
   for (qint64 i = hechos; i > 0; --i)
     if (std::holds_alternative<PasoControl>(pasos[static_cast<size_t>(i - 1)])) return i;
@@ -64,7 +63,7 @@ void Automat::Interior::cargar(std::vector<PasoProceso> lista, const QString& tr
   cambio();
 }
 
-// Ends in the phase in which the run goes on, or in the one in which it has ended already.
+// Ends in the phase in which the run goes on, or in its final one if it has already ended.
 void Automat::Interior::empezar() {
   vigilancia.borrarSiempre = diferida || yo.desatendido;
   pasos = originales;
@@ -165,7 +164,7 @@ void Automat::Interior::encolarDeNuevo(const std::vector<Diario::Tarea>& tareas)
 // --- an old run ---------------------------------------------------------------------------------
 
 // Its tasks would send or read at the wrong time. But what it memorised belongs in the week, the
-// stock and the export just once, and nobody else will put it there.
+// stock and the export exactly once, and nothing else will put it there.
 Resultado<> Automat::Interior::liquidar(Ejecucion vieja) {
   auto antiguos = pasosDe(vieja);
   const bool completar = antiguos && memorizo(*antiguos, vieja);
@@ -192,13 +191,13 @@ Resultado<> Automat::Interior::liquidar(Ejecucion vieja) {
   return diario.cerrar(numero, FinEjecucion::Interrumpida, t.reloj.ahora());
 }
 
-// REQUIRES that the old run and its steps stand in the place of the new ones.
+// REQUIRES that the old run and its steps are in place of the new ones.
 Resultado<> Automat::Interior::completarAnotaciones() {
   t.sesion.ponerEjecucion(e.numero, true);
   t.verTot.ponerSeleccion(e.seleccion);
   for (indice = e.paso; indice < static_cast<qint64>(pasos.size()); ++indice) {
     const PasoProceso p = pasos[static_cast<size_t>(indice)];
-    if (memoriza(p)) break;  // what comes after belongs to that one
+    if (memoriza(p)) break;  // what follows belongs to that one
     if (!esAnotacion(p)) continue;
     e.paso = indice;
     TARVO_INTENTAR(llevarACabo(p));

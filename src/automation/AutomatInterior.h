@@ -1,4 +1,4 @@
-// The state of the runner and what it does with it, over three files: phases, steps, and how a run
+// The state and internal operations of the runner, in three files: phases, steps, and how a run
 // begins.
 #pragma once
 
@@ -41,11 +41,13 @@ struct Automat::Interior final : motor::Observador {
   void sesionAlFichero();
   void fallar(const Error& error);
 
-  // --- for whoever watches
+  // --- for observers
   void cambio() const;
   void marcar(EstadoPaso estado, const QString& motivo = {});
   void pasosDesdeElPrincipio();
   void interrumpirVistas();
+  void asentarVistas();
+  void pasoHecho();
 
   // --- trace
   void escribir(const QStringList& lineas);
@@ -80,7 +82,7 @@ struct Automat::Interior final : motor::Observador {
   Traza fichero;
   std::unique_ptr<Temporizador> reloj, pronto;
 
-  std::vector<PasoProceso> originales, pasos;  // as loaded, and with parameters filled in
+  std::vector<PasoProceso> originales, pasos;  // as loaded, and with the parameters filled in
   QStringList omitidas;
   QStringList lineas;
   QString nombre;
@@ -99,7 +101,7 @@ struct Automat::Interior final : motor::Observador {
   std::vector<VistaPaso> vistas;
   QStringList escrito;
   bool finSinDecir = false;
-  bool deOtra = false;  // the steps that are carried out are those of an old run
+  bool deOtra = false;  // the steps being carried out are those of an old run
 };
 
 }  // namespace tarvo::automation

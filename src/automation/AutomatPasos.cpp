@@ -1,4 +1,4 @@
-// How the runner carries out the step it stands on, and what it writes of it.
+// How the runner carries out its current step, and what it writes about it.
 #include "automation/AutomatInterior.h"
 #include "comm/motor/AjustesMotor.h"
 
@@ -12,7 +12,7 @@ constexpr qint64 kLatido = 60 * 1000;
 constexpr qsizetype kLineasALaVista = 20'000;
 const QString kMargen = QStringLiteral("    ");
 
-// The steps that make use of the engine, as a window that would have to be open.
+// The steps that use the engine, as a window that must be open.
 bool pideMotor(const PasoProceso& p) {
   return std::visit(
       SegunPaso{[](std::monostate) { return false; }, [](const PasoTarea&) { return true; },
@@ -36,7 +36,7 @@ Resultado<bool> Automat::Interior::hacerPaso() {
   const auto* espera = std::get_if<PasoControl>(&p);
   if (espera && !ejecutor.colaVacia(*espera, vigilancia)) {
     const qint64 ahora = t.reloj.monotono();
-    // Only shows that the run is alive; a step that can't be recorded is what counts.
+    // Only shows that the run is alive; what matters is whether a step can be recorded.
     if (ahora - ultimoLatido >= kLatido && diario.latir(e.numero, t.reloj.ahora()))
       ultimoLatido = ahora;
     return false;
@@ -44,8 +44,8 @@ Resultado<bool> Automat::Interior::hacerPaso() {
   return llevarACabo(p);
 }
 
-// An export keeps its own record, with the file: it is known by its mark when it comes again. All
-// else is done and noted as done at one stroke.
+// An export keeps its own record, with the file: its mark identifies it when repeated. Everything
+// else is done and recorded in one transaction.
 Resultado<bool> Automat::Interior::llevarACabo(const PasoProceso& p) {
   std::optional<Hecho> hecho;
   if (std::holds_alternative<PasoExportar>(p)) {
@@ -69,7 +69,7 @@ Resultado<bool> Automat::Interior::llevarACabo(const PasoProceso& p) {
 
 Resultado<bool> Automat::Interior::preguntar(const Parametro& parametro) {
   auto respuesta = respuestaA(parametro);
-  if (fase == kAbortando) return false;  // meanwhile: no step is under way any more
+  if (fase == kAbortando) return false;  // meanwhile: no step is under way now
   if (!respuesta) {
     escribir({cabecera(),
               kMargen + t.textos(kTxFaltaParametro, {parametro.nombre, parametro.pregunta})});
@@ -102,7 +102,7 @@ Resultado<> Automat::Interior::registrar() {
   e.paso = indice + 1;
   e.seleccion = t.verTot.LosSelec();
   e.problemas = resultado != ResultadoProceso::Bien;
-  // An old run whose notes are completed gets no younger: cut off now, it must not be gone on with.
+  // Completing an old run's notes must not refresh it: if interrupted now, it must not be resumed.
   if (!deOtra) e.latido = t.reloj.ahora();
   ultimoLatido = t.reloj.monotono();
   return diario.anotar(e);
@@ -182,7 +182,7 @@ void Automat::Interior::informar(const Hecho& hecho) {
   escribir(entrada);
 }
 
-// Where it can't be written, neither can what counts: the record of the next step.
+// If it can't be written, neither can what counts: the record of the next step.
 void Automat::Interior::recordar(const AvisoHecho& aviso) {
   if (e.numero > 0) static_cast<void>(diario.historial().aviso(e.numero, aviso));
 }
@@ -219,7 +219,7 @@ void Automat::Interior::informarTarea(TipoTarea clase, int grupo, int error, int
 void Automat::Interior::problema() {
   if (resultado != ResultadoProceso::Bien) return;
   resultado = ResultadoProceso::Problemas;
-  // Kept at once: a report comes between two steps. Where it fails, so does the record of the next
+  // Recorded at once: a report comes between two steps. If it fails, so does the record of the next
   // step.
   if (vigila()) static_cast<void>(diario.conProblemas(e.numero));
 }

@@ -1,4 +1,4 @@
-// What whoever watches a run is shown: how each step stands, and that something has changed.
+// What observers of a run are shown: the state of each step, and changes.
 #include "automation/AutomatInterior.h"
 
 namespace tarvo::automation {
@@ -7,7 +7,7 @@ void Automat::Interior::cambio() const {
   for (auto* quien : std::vector(observadores)) quien->automatCambiado();
 }
 
-// A step that had a problem keeps it, and the first that it had.
+// A step that had a problem keeps its first one.
 void Automat::Interior::marcar(EstadoPaso estado, const QString& motivo) {
   if (deOtra || indice < 0 || indice >= static_cast<qint64>(vistas.size())) return;
   VistaPaso& v = vistas[static_cast<size_t>(indice)];
@@ -18,12 +18,28 @@ void Automat::Interior::marcar(EstadoPaso estado, const QString& motivo) {
 
 void Automat::Interior::pasosDesdeElPrincipio() {
   vistas.clear();
-  for (const auto& linea : lineas) vistas.push_back({linea, EstadoPaso::Pendiente, {}});
+  vistas.reserve(originales.size());
+  for (const auto& p : originales)
+    vistas.push_back(
+        {lenguaje.EscribirPaso(p), lenguaje.DecirPaso(p), EstadoPaso::Pendiente, QString()});
 }
 
 void Automat::Interior::interrumpirVistas() {
   for (auto& v : vistas)
-    if (v.estado == EstadoPaso::EnCurso) v.estado = EstadoPaso::Interrumpido;
+    if (v.estado == EstadoPaso::EnCurso || v.estado == EstadoPaso::EnCola)
+      v.estado = EstadoPaso::Interrumpido;
+}
+
+// The queued tasks have ended.
+void Automat::Interior::asentarVistas() {
+  for (auto& v : vistas)
+    if (v.estado == EstadoPaso::EnCola) v.estado = EstadoPaso::Hecho;
+}
+
+void Automat::Interior::pasoHecho() {
+  const PasoProceso& paso = pasos[static_cast<size_t>(indice)];
+  if (std::holds_alternative<PasoControl>(paso)) asentarVistas();
+  marcar(std::holds_alternative<PasoTarea>(paso) ? EstadoPaso::EnCola : EstadoPaso::Hecho);
 }
 
 bool Automat::enMarcha() const {

@@ -16,9 +16,8 @@ namespace {
 
 constexpr int kTicCronos = 500;
 constexpr double kSegundosDia = 86400.0;
-// The wall clock may pass over an hour by this much between two ticks (daylight saving, a
-// correction, a step that took long), and the hour still counts. Beyond, an hour that was missed is
-// not made up.
+// The wall clock may overshoot an hour by this much between two ticks (daylight saving, a
+// correction, a slow step), and the hour still counts. Beyond that, a missed hour is not made up.
 constexpr double kSaltoMaximo = 3 / 24.0;
 
 // Seconds since the day began.
@@ -66,13 +65,13 @@ struct Cronos::Interior {
 
   Cronos& yo;
   Corredor corredor;
-  Automat* automat = nullptr;  // that tells its ends by itself
+  Automat* automat = nullptr;  // that reports its ends by itself
   const Lenguaje& lenguaje;
   const Ajustes& ajustes;
   Reloj& reloj;
   std::unique_ptr<Temporizador> temporizador;
   std::vector<Entrada> entradas;
-  std::vector<std::set<QDate>> vencidos;  // by entry: the days on which it has come due
+  std::vector<std::set<QDate>> vencidos;  // by entry: the days when it came due
   QString horario;                        // base name of the timetable, in capitals
   Marcha marcha = Marcha::Parada;
   bool activo = false;
@@ -116,7 +115,7 @@ Entrada Cronos::Interior::entradaDe(const LineaActivacion& linea,
   const QString inutil = lenguaje.textos()(
       kTxNoSeEjecutara, {e.proceso, linea.hora.horaLarga(), fichero.error().texto});
   avisar(inutil);
-  // Who reads the trace of the night next morning finds why there is none of this process.
+  // Tells the morning's reader of the traces why there is none of this process.
   Traza traza(lenguaje.textos());
   traza.empezar(ajustes, nombreBase(rutaHorario) + u".CRO"_s, e.proceso);
   traza.escribir({inutil}, [](const QString&) {});
@@ -143,7 +142,7 @@ void Cronos::Interior::pasada(Fecha desde, Fecha ahora) {
         if (vence(i, desde, ahora)) e.estado = EstadoEntrada::Vencida;
         break;
       case EstadoEntrada::Vencida:
-        // A process that a person runs is waited for too.
+        // A process run by a person is waited for as well.
         if (marcha == Marcha::Parada && !corredor.ocupado()) arrancar(e);
         break;
       case EstadoEntrada::Iniciada:
@@ -162,13 +161,13 @@ void Cronos::Interior::pasada(Fecha desde, Fecha ahora) {
         break;
     }
   }
-  // Its end has been seen, or the timetable that it belonged to is no more.
+  // Its end has been seen, or its timetable no longer exists.
   const bool esperada = std::ranges::any_of(
       entradas, [](const Entrada& e) { return e.estado == EstadoEntrada::Iniciada; });
   if (marcha != Marcha::EnCurso && !esperada) marcha = Marcha::Parada;
 }
 
-// Once for each hour of each calendar day, wherever the clock is moved.
+// Once for each hour of each calendar day, however the clock is moved.
 bool Cronos::Interior::vence(size_t i, Fecha desde, Fecha ahora) {
   for (const QDate dia : {desde.qdate(), ahora.qdate()}) {
     if (!toca(entradas[i], dia, desde, ahora)) continue;
@@ -192,7 +191,7 @@ void Cronos::Interior::arrancar(Entrada& e) {
   corredor.correr(e, horario + u".CRO"_s);
 }
 
-// The first of the file whose hour is still to come today, or the first of all.
+// The first in the file whose hour is still to come today, or the first of all.
 int Cronos::Interior::proxima(Fecha ahora) const {
   const int s = segundos(ahora.hora());
   const auto it = std::ranges::find_if(
@@ -207,7 +206,7 @@ std::optional<Cronos::Proxima> Cronos::Interior::proximoInicio(Fecha ahora) cons
     const Entrada& e = entradas[i];
     if (e.estado == EstadoEntrada::Inutil) continue;
     auto cuando = proximaVez(e.linea, ahora);
-    // An hour that a clock set back comes to once more doesn't count.
+    // An hour repeated by setting the clock back doesn't count.
     if (cuando && vencidos[i].contains(cuando->qdate())) cuando = proximaVez(e.linea, *cuando);
     if (cuando && (!primera || *cuando < primera->cuando)) primera = {static_cast<int>(i), *cuando};
   }

@@ -1,5 +1,5 @@
-// Delayed activation: a timetable whose lines say at which hour of which days a process runs. One
-// at a time; what comes due meanwhile waits. States of an entry: docs/procesos.md.
+// Delayed activation: a timetable whose lines give the hour and the days for running a process. One
+// at a time; those that come due meanwhile wait. States of an entry: docs/procesos.md.
 #pragma once
 
 #include <memory>
@@ -27,10 +27,10 @@ struct Entrada {
   QStringList omitidas;  // see FicheroProceso
 };
 
-// Who runs the processes of a timetable.
+// The runner of a timetable's processes.
 struct Corredor {
-  std::function<bool()> ocupado;  // one runs that the timetable didn't start
-  // Starts one; Cronos::FinDeMacro is called when it has ended, never from within.
+  std::function<bool()> ocupado;  // a process not started by the timetable is running
+  // Starts one; Cronos::FinDeMacro must be called when it has ended, never from within.
   std::function<void(const Entrada& entrada, const QString& traza)> correr;
 };
 
@@ -41,21 +41,21 @@ class Cronos {
   Cronos(Corredor corredor, const Lenguaje& lenguaje, const Ajustes& ajustes, Reloj& reloj);
   ~Cronos();
 
-  // Loads the timetable of a .CRO, or of the head of an .AUT, and starts its clock.
-  // A process that can't be read leaves its entry unusable; any other fault is an Error, and the
-  // timetable that was there before stays.
+  // Loads the timetable of a .CRO, or of the head of an .AUT, and starts its clock. A process that
+  // can't be read makes its entry unusable; any other fault is an Error, and the previous timetable
+  // stays.
   Resultado<> ActivarCron(const QString& nombre);
   // The run that this timetable started has ended. The runner calls it by itself.
   void FinDeMacro(ResultadoProceso resultado);
   void ponerActivo(bool activo);
   const std::vector<Entrada>& entradas() const;
-  int siguiente() const;  // index of the entry that comes next, -1 with none
+  int siguiente() const;  // index of the next entry, -1 if none
   bool hayProcesoEnMarcha() const;
-  // An entry that waits is due now, whatever its hour; false when it doesn't wait.
+  // Makes a waiting entry due now, whatever its hour; false when it isn't waiting.
   bool adelantar(int entrada);
   bool activo() const;
   const QString& nombre() const;  // of the timetable, in capitals; empty before the first one
-  // The entry that will come due first by hours and days, and when; nothing when none will, or the
+  // The next entry to come due by hours and days, and when; nothing when none will, or the
   // timetable isn't active.
   struct Proxima {
     int entrada = -1;
@@ -66,7 +66,7 @@ class Cronos {
   std::function<void()> alCambiar;
   // The process of an entry is about to be started.
   std::function<void(const Entrada&)> alArrancar;
-  // A sentence for whoever watches (an unusable process...).
+  // A message for observers (an unusable process...).
   std::function<void(const QString&)> alAvisar;
   void parar();
 

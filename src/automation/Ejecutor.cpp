@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kMayorGrupo = 32767, kMayorReintento = 32767;
-// Where nobody is there: a machine that doesn't answer must not cost the night.
+// When unattended: an unanswering machine must not cost the night.
 constexpr int kReintentosSinNadie = 100;
 constexpr int kUltimoMensaje = 14;
 constexpr int kErrorCrear = 7, kErrorSeleccionar = 10;
@@ -23,7 +23,7 @@ void contar(const std::vector<totals::Aviso>& avisos, Hecho& h) {
   for (const auto& a : avisos) h.decir(a.texto, a.grave, a.grupo);
 }
 
-// The code with which a verb of P answers that it did not do what it promises.
+// The code for a verb of P that did not do what it promises.
 int codigoPeriodos(VerboPeriodos verbo) {
   switch (verbo) {
     case VerboPeriodos::Crear:
@@ -46,13 +46,13 @@ int codigoPeriodos(VerboPeriodos verbo) {
   std::unreachable();
 }
 
-// A field of retries that is no number counts as none.
+// A non-numeric number of retries counts as none.
 int reintentosDe(const PasoControl& p) {
   const auto* n = std::get_if<qint64>(&p.reintentos);
   return n ? static_cast<int>(std::clamp<qint64>(*n, 0, kMayorReintento)) : 0;
 }
 
-// What a task step asks of the engine; nothing while a reference in it has no value.
+// A task step's request to the engine; nothing while a reference in it has no value.
 struct Orden {
   bool todo = true;
   qint64 desde = 0, hasta = 0;
@@ -66,8 +66,7 @@ std::optional<Orden> ordenDe(const PasoTarea& p) {
   return Orden{p.todo.value_or(true), *desde, *hasta};
 }
 
-// The groups that a task step names; nothing for a reference without a value or a number that is no
-// group's.
+// The groups named by a task step; nothing for a reference without a value or a number of no group.
 Resultado<std::optional<std::vector<int>>> gruposDe(const PasoTarea& p, dao::Database& db) {
   if (const auto* n = std::get_if<qint64>(&p.grupo)) {
     if (*n < 0 || *n > kMayorGrupo) return std::nullopt;
@@ -131,7 +130,7 @@ Resultado<Hecho> Ejecutor::tarea(const PasoTarea& p, Ejecucion& e) {
     if (!motivos.contains(motivo)) motivos += motivo;
     rechazados += Ceros(g, 4);
     TARVO_INTENTAR(diario_.tareaRechazada(e.numero, e.paso, g, p.tarea, motivo));
-    // What the group holds now isn't read in this run, so it must not be told to forget it.
+    // The group's present sales are not read in this run, so it must not be told to forget them.
     if (codigo == 1) {
       e.fallidos.insert(g);
       t_.motor.anadirGrupoFallido(g);
@@ -142,8 +141,8 @@ Resultado<Hecho> Ejecutor::tarea(const PasoTarea& p, Ejecucion& e) {
   return h;
 }
 
-// In words. The engine has one code for a group that isn't there and for a kind of task that it or
-// the group doesn't know.
+// In words. The engine has the same code for a missing group and for a kind of task unknown to it
+// or to the group.
 QString Ejecutor::motivoRechazo(int codigo, int grupo, TipoTarea clase) const {
   constexpr int kDestinoMalo = 2;
   const auto* c = t_.registro.de(clase);
@@ -205,7 +204,7 @@ void Ejecutor::cerrar(const PasoSesion& p, Ejecucion& e, Hecho& h) {
                                                                   e.ultimos.end());
 }
 
-// Their sales are in no period: what these groups hold must stay in the machines.
+// Their sales are in no period: they must stay in the machines of these groups.
 void Ejecutor::noMemorizado(Ejecucion& e, Hecho& h) {
   h.error(6);
   for (const auto& r : t_.cerrSes.recibidos()) {
@@ -266,7 +265,7 @@ Hecho Ejecutor::crear(const PasoPeriodos& p) {
   return h;
 }
 
-// What its author asks for is done, and what it counts twice is named.
+// The author's request is carried out, and sales counted twice are reported.
 void Ejecutor::decirSolapes(Hecho& h) {
   const auto suma = t_.verTot.destinoDeSuma();
   if (!suma || !*suma || !(*suma)->existente) return;
@@ -281,7 +280,7 @@ QString Ejecutor::nombrePeriodo(qint64 link) const {
   return c && *c ? totals::TextoPeriodo((*c)->periodo) : QString::number(link);
 }
 
-// Does what earlier runs still owe of this verb, and notes what this one owes from now on.
+// Does what earlier runs still owe for this verb, and notes what this run owes from now on.
 void Ejecutor::pendientes(const PasoPeriodos& p, const std::vector<qint64>& debidos, Hecho& h) {
   const OrdenPeriodos orden{*p.verbo, *p.verbo == VerboPeriodos::Acumular ? p.tipo : 0};
   Pendientes libro(t_.db);

@@ -1,5 +1,5 @@
-// Carries out one step on the rooms that it calls. Knows nothing of phases, ticks or the trace: it
-// says what came of it.
+// Carries out one step by calling the rooms. Knows nothing of phases, ticks or the trace: it
+// returns the result.
 #pragma once
 
 #include <functional>
@@ -10,15 +10,15 @@
 
 namespace tarvo::automation {
 
-// What came of a step.
+// The result of a step.
 struct Hecho {
   bool completo = true;
-  int codigo = 0;                    // of the messages of a process, 0 for none
-  std::vector<AvisoHecho> detalles;  // sentences to stand under the step's header
+  int codigo = 0;                    // of a process's messages, 0 for none
+  std::vector<AvisoHecho> detalles;  // sentences for below the step's header
   bool problemas = false;
-  bool sesionMovida = false;     // the settings file is to be brought up to date
-  std::vector<qint64> periodos;  // that it memorised
-  // What is to be written in the transaction that records the step; may be empty.
+  bool sesionMovida = false;     // the settings file must be updated
+  std::vector<qint64> periodos;  // memorised by it
+  // To be written in the transaction that records the step; may be empty.
   std::function<Resultado<>()> anotar;
 
   void error(int cual) { codigo = cual, problemas = true; }
@@ -29,13 +29,13 @@ struct Hecho {
 };
 
 QString mensajePaso(int codigo, const Textos& textos);
-// What became of a step that the store refused, with the message of the step that it failed.
+// The result of a step refused by the store, with its message of failure.
 Hecho deFallo(const Error& error, int codigo = 0);
 
-// Under what rule the engine's tasks are watched.
+// The rule for watching the engine's tasks.
 struct Vigilancia {
   motor::Vigilante* vigilante = nullptr;
-  bool borrarSiempre = false;  // nobody is there
+  bool borrarSiempre = false;  // unattended
   int reintentos = 0;          // of the last call
 };
 
@@ -43,10 +43,10 @@ class Ejecutor {
  public:
   Ejecutor(const Taller& taller, Diario& diario) : t_(taller), diario_(diario) {}
 
-  // The step `e.paso` of the run. An Error only where the record of the run could not be written.
+  // Carries out step `e.paso` of the run. An Error only when the record of the run could not be
+  // written.
   Resultado<Hecho> hacer(const PasoProceso& p, Ejecucion& e, Vigilancia& vigilancia);
-  // Queues again a task of a step that was queued before the run was cut off: 0, or the code of its
-  // error.
+  // Requeues a task of a step that was queued before the run was interrupted: 0, or its error code.
   int repetir(const PasoProceso& p, const Diario::Tarea& tarea);
   // True once the queue is empty; otherwise sets the rule under which the rest is watched.
   bool colaVacia(const PasoControl& espera, Vigilancia& vigilancia);
@@ -65,7 +65,7 @@ class Ejecutor {
   Hecho periodos(const PasoPeriodos& p, const Ejecucion& e);
   Hecho crear(const PasoPeriodos& p);
   void decirSolapes(Hecho& h);
-  // REQUIRES a verb that acts on the selection, or names its periods.
+  // REQUIRES a verb that acts on the selection or names its periods.
   Resultado<bool> operacion(const PasoPeriodos& p);
   void pendientes(const PasoPeriodos& p, const std::vector<qint64>& debidos, Hecho& h);
   Hecho selUltimo(const Ejecucion& e);

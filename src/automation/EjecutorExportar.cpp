@@ -1,4 +1,4 @@
-// The export step: what earlier runs of the process owe of it first, each under its own mark, then
+// The export step: first what earlier runs of the process owe for it, each under its own mark, then
 // the periods selected now.
 #include <algorithm>
 
@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kErrorExportar = 14;
 
-// Which of the export steps of its process the present one is, from 1.
+// The position of the current step among the export steps of its process, from 1.
 int ordenExporte(const Ejecucion& e) {
   const auto hasta = std::min<qint64>(e.paso, e.lineas.size());
   return 1 + static_cast<int>(std::count_if(e.lineas.begin(), e.lineas.begin() + hasta,
@@ -28,7 +28,7 @@ QString Ejecutor::nombrePeriodos(const std::vector<qint64>& links) const {
   return nombres.join(u", "_s);
 }
 
-// What was tried leaves `propios`: a period that is selected again is neither exported nor owed
+// Periods tried here leave `propios`: one that is selected again is neither exported nor owed
 // twice.
 void Ejecutor::exportarPendientes(const std::vector<Pendientes::Exporte>& viejos,
                                   const Exportacion& x, std::vector<qint64>& propios,
@@ -49,7 +49,7 @@ void Ejecutor::exportarPendientes(const std::vector<Pendientes::Exporte>& viejos
   }
 }
 
-// Each period under a mark of its own: one that can't be exported holds back no other.
+// Each period has its own mark: one that can't be exported holds back no other.
 void Ejecutor::exportarPropios(const std::vector<qint64>& propios, const Exportacion& x,
                                const QString& marca, std::vector<qint64>& saldados,
                                std::vector<Pendientes::Exporte>& debidos, Hecho& h) {

@@ -1,4 +1,4 @@
-// When a timetable strikes next.
+// The next activation of a timetable.
 #pragma once
 
 #include <optional>
@@ -7,7 +7,7 @@
 
 namespace tarvo::automation {
 
-// The first moment after `desde` that a line names; nothing when it names no day.
+// A line's first activation after `desde`; nothing when it names no day.
 std::optional<Fecha> proximaVez(const LineaActivacion& linea, Fecha desde);
 
 }  // namespace tarvo::automation

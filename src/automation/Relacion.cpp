@@ -31,7 +31,7 @@ void anotarTarea(const TareaHecha& t, const Textos& textos, DeGrupo& g) {
     (esDeTotales(t.clase) ? g.recogido : g.hecho) << nombre;
 }
 
-// The amount that each group brought into each period: of its grand total where it has one.
+// The amount that each group brought into each period: from its grand total if it has one.
 Resultado<> leerMemorizado(dao::Database& db, qint64 ejecucion, PorGrupo& grupos) {
   return dao::recorrer(
       db.consultar(u"SELECT GRUPO, LINK, CLASE, [IMP] FROM Origenes WHERE EJECUCION=? ORDER BY "
@@ -56,7 +56,7 @@ Resultado<QString> lineaDe(const Taller& t, int grupo, const DeGrupo& g) {
     if (!c) continue;
     partes +=
         t.textos(kTxRelacionMemorizado, {VerImporte(t.ajustes, suma.second, t.ajustes.MonedaNativa),
-                                         totals::TextoPeriodo(c->periodo).simplified()});
+                                         totals::DecirPeriodo(c->periodo, t.textos)});
   }
   if (g.aCero) partes += t.textos(kTxRelacionACero);
   partes += lista(kTxRelacionHecho, g.hecho);
@@ -65,7 +65,7 @@ Resultado<QString> lineaDe(const Taller& t, int grupo, const DeGrupo& g) {
                   {Ceros(grupo, 4), nombre.texto().trimmed(), partes.join(u"; ")});
 }
 
-// Each export of the run bears a mark that begins with its number.
+// The mark of each export of the run begins with the run's number.
 Resultado<QStringList> exportado(const Taller& t, qint64 ejecucion) {
   const QString marca = QString::number(ejecucion) + u'.';
   QStringList lineas;

@@ -22,9 +22,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kNoche = 1;  // days: what began within them is the last night
+constexpr double kNoche = 1;  // days: runs begun within them are the last night
 constexpr int kEjecucionesMiradas = 30;
 constexpr int kSemanas = 4;
+constexpr double kHorarioMirado = 7;      // days
+constexpr double kGracia = 1.0 / 24;      // another process may have run first
+constexpr double kAdelanto = 1.0 / 1440;  // a run that began a little early counts
 
 QString nombreBaseDe(const QString& fichero) {
   return NombreFichero(fichero).section(u'.', 0, 0).toUpper();
@@ -50,7 +53,7 @@ LectorResumen::LectorResumen(const FuentesResumen& fuentes) : f_(fuentes) {
   anadir([this] { return leerDebidos(); });
   anadir([this]() -> Resultado<> {
     leerCronos();
-    if (!r_.proxima) leerHorarios();
+    leerHorarios();
     return {};
   });
 }
@@ -76,10 +79,11 @@ Resultado<Resumen> leerResumen(const FuentesResumen& fuentes) {
 Resultado<> LectorResumen::leerEjecuciones() {
   TARVO_INTENTAR(asegurarTablasHistoria(f_.db));
   TARVO_TOMAR(auto ultimas, Historial(f_.db, f_.textos).ultimas(kEjecucionesMiradas, f_.enMarcha));
+  for (const auto& e : ultimas) ultimas_.try_emplace(e.nombre, e.inicio);  // the latest first
   for (auto& e : ultimas)
     if (r_.ejecuciones.empty() || f_.ahora - e.inicio < kNoche)
       r_.ejecuciones.push_back(std::move(e));
-  // The earliest first, so that what came later stands.
+  // The earliest first, so that the latest prevails.
   for (size_t i = r_.ejecuciones.size(); i > 0; --i)
     anadir([this, i] { return leerEjecucion(r_.ejecuciones[i - 1]); });
   anadir([this] { return leerGrupos(); });
@@ -96,7 +100,8 @@ Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
   for (const auto& t : tareas) {
     DeGrupo& d = porGrupo_[t.grupo];
     if (esDeTotales(t.clase)) {
-      // Read again: what was said before is over, and while it is being read, what was done is too.
+      // Read again: earlier reports no longer count, nor, while it is being read, do earlier
+      // results.
       if (e.fin == FinEjecucion::EnMarcha && d.recogida != e.numero) d.clases.clear();
       d.avisos.clear();
       d.recogida = e.numero;
@@ -115,16 +120,29 @@ Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
 }
 
 Resultado<> LectorResumen::leerGrupos() {
-  return dao::recorrer(
-      f_.db.consultar(u"SELECT CODGPO, NOMGPO, REMOTO FROM GRUPOS ORDER BY CODGPO"),
-      [this](const dao::Recordset& rs) {
-        GrupoResumen g;
-        g.grupo = static_cast<int>(rs.entero(0));
-        g.nombre = rs.texto(1).trimmed();
-        juzgar(g, rs.entero(2) != 0, porGrupo_[g.grupo]);
-        r_.grupos.push_back(std::move(g));
-        anadir([this, i = r_.grupos.size() - 1] { return cuadrar(i); });
-      });
+  TARVO_INTENTAR(
+      dao::recorrer(f_.db.consultar(u"SELECT CODGPO, NOMGPO, REMOTO FROM GRUPOS ORDER BY CODGPO"),
+                    [this](const dao::Recordset& rs) {
+                      GrupoResumen g;
+                      g.grupo = static_cast<int>(rs.entero(0));
+                      g.nombre = rs.texto(1).trimmed();
+                      juzgar(g, rs.entero(2) != 0, porGrupo_[g.grupo]);
+                      r_.grupos.push_back(std::move(g));
+                      anadir([this, i = r_.grupos.size() - 1] { return cuadrar(i); });
+                    }));
+  anadir([this] { return mirarVentas(); });
+  return {};
+}
+
+// No group sold anything on a weekday with usual sales: the machines read may be unused, or may
+// have been zeroed by others.
+Resultado<> LectorResumen::mirarVentas() {
+  const auto dia = std::ranges::find(r_.periodos, totals::kDiario, &PeriodoResumen::tipo);
+  if (dia == r_.periodos.end() || dia->importe != 0 || dia->media().value_or(0) <= 0) return {};
+  const auto vendio = [](const GrupoResumen& g) { return g.importe.value_or(0) != 0; };
+  if (std::ranges::any_of(r_.grupos, vendio)) return {};
+  r_.avisos.push_back({0, f_.textos(kTxNocheSinVentas, {dia->texto}), true});
+  return {};
 }
 
 // --- what was made ------------------------------------------------------------------------------
@@ -150,7 +168,7 @@ Resultado<> LectorResumen::leerPeriodo(const PeriodoHecho& hecho, qint64 ejecuci
                        .ejecucion = ejecucion,
                        .tipo = p.tipo,
                        .desde = p.desde,
-                       .texto = totals::TextoPeriodo(p),
+                       .texto = totals::DecirPeriodo(p, f_.textos),
                        .descripcion = rs->texto(3).trimmed(),
                        .anteriores = {}};
   TARVO_TOMAR(auto suma,
@@ -162,7 +180,7 @@ Resultado<> LectorResumen::leerPeriodo(const PeriodoHecho& hecho, qint64 ejecuci
   return {};
 }
 
-// Only groups that both have are compared: one that failed must not look like a bad day.
+// Only groups in both are compared: a failed one must not look like a bad day.
 Resultado<> LectorResumen::leerAnteriores(PeriodoResumen& p, Fecha desde) {
   constexpr double kHolgura = 1e-4;
   for (int semana = 1; semana <= kSemanas; ++semana) {
@@ -179,8 +197,8 @@ Resultado<> LectorResumen::leerAnteriores(PeriodoResumen& p, Fecha desde) {
   return {};
 }
 
-// The group's part of the period that its last collection went into, and whether it foots; where no
-// period has it, the inbox. A period made before that collection says nothing of it.
+// The group's part of the period that received its last collection, and whether it foots; if no
+// period has it, the inbox. A period made before that collection shows nothing about it.
 Resultado<> LectorResumen::cuadrar(size_t cual) {
   GrupoResumen& g = r_.grupos[cual];
   if (g.estado == EstadoGrupo::SinIntentar || g.estado == EstadoGrupo::EnMarcha) return {};
@@ -191,7 +209,7 @@ Resultado<> LectorResumen::cuadrar(size_t cual) {
                                            p.link, g.grupo));
     if (suma.nulo()) continue;
     g.importe = suma.entero();
-    link = p.link;
+    link = g.link = p.link;
     break;
   }
   TARVO_TOMAR(const auto lista, totals::compararTotales(f_.db, f_.ajustes, link, g.grupo));
@@ -259,7 +277,7 @@ void LectorResumen::leerCronos() {
     if (e.estado != EstadoEntrada::Inutil) proponer(e.linea, e.proceso, {}, true);
 }
 
-// A file a step; one that can't be read holds no timetable.
+// One file per step; an unreadable one has no timetable.
 void LectorResumen::leerHorarios() {
   const QDir carpeta(f_.ajustes.HomeDir);
   for (const QString& fichero :
@@ -276,8 +294,26 @@ void LectorResumen::leerHorario(const QString& ruta) {
   const auto lineas = f_.lenguaje.leerCro(*texto, ruta.endsWith(u".aut", Qt::CaseInsensitive));
   if (!lineas) return;
   const QString horario = nombreBaseDe(ruta);
-  for (const auto& l : *lineas)
-    proponer(l, l.nombre == u"@" ? horario : nombreBaseDe(l.nombre), NombreFichero(ruta), false);
+  const Fecha escrito = Fecha::de(QFileInfo(ruta).lastModified());
+  const bool activo = r_.proxima && r_.proxima->activo;
+  for (const auto& l : *lineas) {
+    const QString proceso = l.nombre == u"@" ? horario : nombreBaseDe(l.nombre);
+    mirarPerdida(l, proceso, escrito);
+    if (!activo) proponer(l, proceso, NombreFichero(ruta), false);
+  }
+}
+
+// A process used by this shop that was not run when its timetable last required it.
+void LectorResumen::mirarPerdida(const LineaActivacion& linea, const QString& proceso,
+                                 Fecha escrito) {
+  const auto suya = ultimas_.find(proceso);
+  if (suya == ultimas_.end()) return;
+  std::optional<Fecha> debida;
+  for (auto vez = proximaVez(linea, f_.ahora - kHorarioMirado); vez && *vez < f_.ahora - kGracia;
+       vez = proximaVez(linea, *vez))
+    debida = vez;
+  if (!debida || *debida < escrito || suya->second > *debida - kAdelanto) return;
+  r_.avisos.push_back({0, f_.textos(kTxNocheNoEjecutada, {proceso, debida->general()}), true});
 }
 
 }  // namespace tarvo::automation

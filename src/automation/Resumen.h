@@ -1,5 +1,5 @@
-// The morning: how the last night went, group by group, what it made, what waits and what comes
-// next. Read in small steps, so that whoever shows it never has to wait.
+// The morning summary: how the last night went, group by group, the periods it made, what waits and
+// what comes next. Read in small steps, so that a window showing it never has to wait.
 #pragma once
 
 #include <functional>
@@ -20,20 +20,21 @@ struct GrupoResumen {
   EstadoGrupo estado = EstadoGrupo::SinIntentar;
   QString motivo;       // one sentence
   QStringList motivos;  // all of them
-  // What the period of its last collection has of it, stored money; nothing while there is none.
+  // Its amount in the period of its last collection, stored money; nothing while there is none.
   std::optional<qint64> importe;
+  qint64 link = 0;                // that period
   int cuadran = 0, difieren = 0;  // comparisons of its totals with one another
 };
 
 struct PeriodoResumen {
   qint64 link = 0;
-  qint64 ejecucion = 0;  // the last that memorised into it
+  qint64 ejecucion = 0;  // the last one that memorised into it
   int tipo = 0;
   Fecha desde;
   QString texto, descripcion;  // its days; its name
   qint64 importe = 0, operaciones = 0;
-  // A day: the amounts of the same weekday of the four weeks before, the last week first, of the
-  // groups that this one has; nothing for a week without it.
+  // For a day: the amounts of the same weekday in the four preceding weeks, the latest first, for
+  // the groups in this one; nothing for a week without it.
   std::vector<std::optional<qint64>> anteriores;
   std::optional<qint64> media() const;
 };
@@ -56,11 +57,11 @@ struct Resumen {
   std::vector<EjecucionHecha> ejecuciones;  // of the last night, the latest first
   std::vector<AvisoHecho> avisos;           // grave ones that name no group
   std::vector<GrupoResumen> grupos;
-  std::vector<PeriodoResumen> periodos;  // made by the night, or what replaced them
-  int perdidos = 0;                      // made by it, deleted or given other dates since
-  int debidos = 0;                       // left to do of periods by this and earlier nights
-  int dudasCero = 0;                     // machines of which nobody knows whether they were zeroed
-  int sesion = 0;                        // 0 closed, 1 open and empty, 2 open with data
+  std::vector<PeriodoResumen> periodos;  // made by the night, or their replacements
+  int perdidos = 0;                      // made by it, since deleted or given other dates
+  int debidos = 0;    // operations on periods still owed by this and earlier nights
+  int dudasCero = 0;  // machines that may or may not have been zeroed
+  int sesion = 0;     // 0 closed, 1 open and empty, 2 open with data
   std::vector<EsperaResumen> bandeja;
   std::optional<ProximaResumen> proxima;
 
@@ -82,12 +83,12 @@ class LectorResumen {
  public:
   explicit LectorResumen(const FuentesResumen& fuentes);
 
-  // Some milliseconds of work; false once all has been read.
+  // Works for some milliseconds; false once all has been read.
   Resultado<bool> paso();
   Resumen& resumen() { return r_; }
 
  private:
-  struct Asunto {  // what came last of a group and kind
+  struct Asunto {  // the latest event of a group and kind
     TareaHecha tarea;
     FinEjecucion fin = FinEjecucion::Bien;
     int vez = 0;  // their order, over all runs
@@ -95,7 +96,7 @@ class LectorResumen {
   struct DeGrupo {
     std::map<TipoTarea, Asunto> clases;
     QStringList avisos;
-    qint64 recogida = 0;  // the last run that was to read it
+    qint64 recogida = 0;  // the last run meant to read it
   };
 
   void anadir(std::function<Resultado<>()> paso) { pasos_.push_back(std::move(paso)); }
@@ -107,6 +108,8 @@ class LectorResumen {
   Resultado<> leerAnteriores(PeriodoResumen& p, Fecha desde);
   Resultado<> leerBandeja();
   Resultado<> leerDebidos();
+  Resultado<> mirarVentas();
+  void mirarPerdida(const LineaActivacion& linea, const QString& proceso, Fecha escrito);
   void leerCronos();
   void leerHorarios();
   void leerHorario(const QString& fichero);
@@ -121,6 +124,7 @@ class LectorResumen {
   std::vector<std::function<Resultado<>()>> pasos_;
   size_t siguiente_ = 0;
   std::map<int, DeGrupo> porGrupo_;
+  std::map<QString, Fecha> ultimas_;  // the last start of each process
   int veces_ = 0;
 };
 

@@ -1,4 +1,4 @@
-// The judgement on a group: what came of its tasks, in one word and one sentence.
+// The verdict on a group: the results of its tasks, in one word and one sentence.
 #include <algorithm>
 
 #include "automation/Resumen.h"
@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// To stand before a full stop of ours.
+// To precede our own full stop.
 QString sinPunto(QString texto) {
   texto = texto.simplified();
   while (texto.endsWith(u'.')) texto.chop(1);
@@ -27,7 +27,7 @@ QString LectorResumen::nombresDe(const std::vector<TipoTarea>& clases) const {
   return nombres.join(u", "_s);
 }
 
-// A zeroing counts that came after all that was read.
+// A zeroing counts if it came after all readings.
 QString LectorResumen::loRecogido(const DeGrupo& d) const {
   int leido = 0, aCero = 0;
   for (const auto& [clase, asunto] : d.clases) {
@@ -74,7 +74,7 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
   const bool sigue = std::ranges::any_of(
       d.clases, [](const auto& c) { return c.second.fin == FinEjecucion::EnMarcha; });
   if (sigue && marcha.isEmpty()) marcha << t(kTxProcesoSigue, {loRecogido(d)});
-  dudas = d.avisos + dudas;  // what was said explains what wasn't done
+  dudas = d.avisos + dudas;  // the reports explain what wasn't done
   g.estado = !fallos.isEmpty()   ? EstadoGrupo::Fallido
              : !marcha.isEmpty() ? EstadoGrupo::EnMarcha
              : !dudas.isEmpty()  ? EstadoGrupo::Dudoso

@@ -1,5 +1,5 @@
-// Reading and writing a row by the names of its columns, where a Null or a missing column leaves
-// what was there.
+// Reading and writing a row by the names of its columns, where a Null or a missing column changes
+// nothing.
 #pragma once
 
 #include <type_traits>
@@ -14,7 +14,7 @@ inline QString conNumero(const char16_t* prefijo, int n, const char16_t* sufijo 
          QString::fromUtf16(sufijo);
 }
 
-// False when the table has no such column.
+// False if the table has no such column.
 template <class T>
 bool leerColumna(const dao::Recordset& fila, QStringView nombre, T& campo) {
   const int c = fila.columna(nombre);
@@ -28,7 +28,7 @@ bool leerColumna(const dao::Recordset& fila, QStringView nombre, T& campo) {
     campo = static_cast<T>(fila.entero(c));
   return true;
 }
-// Nothing for a number that none of them has.
+// Nothing for a number that stands for no value.
 template <TipoNumerado T>
 bool leerColumna(const dao::Recordset& fila, QStringView nombre, std::optional<T>& campo) {
   const int c = fila.columna(nombre);

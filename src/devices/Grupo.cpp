@@ -6,7 +6,7 @@ namespace tarvo::devices {
 
 namespace {
 
-// The element of position n, counted from 1, or null.
+// The element at position n, counted from 1, or null.
 template <class L>
 auto* posicion(L& lista, int n) {
   return n >= 1 && n <= static_cast<int>(lista.size()) ? &lista[static_cast<size_t>(n - 1)]
@@ -40,7 +40,7 @@ Resultado<> Grupo::CodOperador(int n, int codigo) {
     *o = {};
     return {};
   }
-  // Without the table nothing is known of the name, and the one that is there stays.
+  // Without the table the name is unknown, and the present one stays.
   if (operadores_) {
     TARVO_TOMAR(auto nombre, nombreOperador(codigo));
     o->nombre = std::move(nombre);

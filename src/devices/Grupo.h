@@ -22,13 +22,13 @@ class Grupo {
   explicit Grupo(Idioma idioma = Idioma::Espanol) : idioma_(idioma) {}
 
   bool SonCes() const { return tipo_ == TipoGrupo::Ebony; }
-  // Nothing while it has none: a new group, or one whose row has a number that is no kind, which
-  // the row then keeps.
+  // Nothing while it has none: a new group, or one with an unknown number in its row, which the row
+  // then keeps.
   std::optional<TipoGrupo> tipo() const { return tipo_; }
   void tipo(std::optional<TipoGrupo> nuevo);  // also sizes the tables of operators and departments
 
-  // Positions count from 1 to MaxOperadores. Outside it reading gives "", 0, False and writing does
-  // nothing.
+  // Positions count from 1 to MaxOperadores. Outside this range reading gives "", 0 or False, and
+  // writing does nothing.
   QString Operador(int n) const;
   int CodOperador(int n) const;
   // A code above 0 is stored, with its name while the operators are open; 0 or below clears the
@@ -39,23 +39,23 @@ class Grupo {
   // Rates 1 to 5, percent; a rate of 100 or more is ignored.
   float TipoIVA(int n) const;
   void TipoIVA(int n, float tasa);
-  // Departments 1 to MaxDepartamentos hold the number of their rate, 1 to 5.
+  // Departments 1 to MaxDepartamentos have the number of their rate, 1 to 5.
   int IVADepartam(int n) const;
   void IVADepartam(int n, int indice);
   QString NombreDepartamento(int n) const;
 
   // Loads the group of the row under the cursor of GRUPOS, with its machines.
   Resultado<> LetValues(dao::Database& db, const dao::Recordset& fila);
-  // Stores group, machines and, for a new code, its row of Sesiones: one transaction. A group that
-  // was loaded changes its row, also to another code.
+  // Stores group, machines and, for a new code, its row of Sesiones: one transaction. A loaded
+  // group updates its own row, even under another code.
   Resultado<> SaveAs(dao::Database& db, int codigo, const QString& nombre);
   Resultado<> AbreOperadores(dao::Database& db);
   void CierraOperadores() { operadores_.reset(); }
-  // The code under which the group is stored; nothing until it was loaded or saved.
+  // The code under which the group is stored; nothing until it is loaded or saved.
   std::optional<int> codigo() const { return codigo_; }
 
   int seccion = 1, tarifa = 0, Almacen = 0;
-  // Nothing where the row has a number that is no access, which it then keeps.
+  // Nothing if the row has an unknown number, which it then keeps.
   std::optional<TipoAcceso> Acceso = TipoAcceso::Ninguno;
   QString Telefono;  // Dirección of the accesses 1, 3 and 4
   int Canal = 1;     // Dirección of the direct cable

@@ -26,7 +26,7 @@ Resultado<> asegurarSesion(dao::Database& db, int codigo) {
 
 Resultado<> Grupo::SaveAs(dao::Database& db, int codigo, const QString& nombre) {
   TARVO_TOMAR(auto transaccion, dao::Transaccion::empezar(db));
-  // The machines go first, so that a group that changes its code leaves none behind.
+  // The machines are deleted first, so that a group with a new code leaves none behind.
   if (codigo_) TARVO_INTENTAR(db.ejecutar(u"delete * from bzas where SUGPO=?", *codigo_));
   TARVO_INTENTAR(guardarFila(db, codigo, nombre));
   TARVO_INTENTAR(guardarMiembros(db, codigo));

@@ -25,7 +25,7 @@ void Maquina::tipo(int modelo) {
   Teclado.tipo(modelo);
 }
 
-// Every column with the member that holds it; the model goes first, for it fills the keyboard.
+// Every column with its member; the model comes first, since it fills the keyboard.
 template <class V, class M>
 void Maquina::columnas(V&& v, M& m) {
   v(u"Teclado", m.Teclado.Teclado);

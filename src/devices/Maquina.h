@@ -32,7 +32,7 @@ struct obPublici {
   bool operator==(const obPublici&) const = default;
 };
 
-// What scales and registers share.
+// The part common to scales and registers.
 class Maquina {
  public:
   explicit Maquina(Idioma idioma);
@@ -55,7 +55,7 @@ class Maquina {
   bool operator==(const Maquina&) const = default;
 
  protected:
-  // The columns that both have, read from and written to the row under the cursor.
+  // The common columns, read from and written to the row under the cursor.
   void leerComunes(const dao::Recordset& fila);
   void ponerComunes(dao::Recordset& fila) const;
   template <class V, class M>

@@ -40,7 +40,7 @@ constexpr std::array<Modelo, 9> kModelos = {{{u"", std::nullopt, 0},
                                              {u"Ebony", TipoGrupo::Ebony, 28},
                                              {u"Birch", TipoGrupo::Birch, 66}}};
 
-// The entry of a number, the first (empty) one for a number out of range.
+// The entry of a number; the first, empty one for a number out of range.
 template <class T, size_t N>
 const T& deTabla(const std::array<T, N>& tabla, int n) {
   return tabla[n > 0 && n < static_cast<int>(N) ? static_cast<size_t>(n) : 0];

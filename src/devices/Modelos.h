@@ -1,4 +1,4 @@
-// What follows from the model of a machine and from the kind of its group.
+// Properties that follow from the model of a machine and the kind of its group.
 #pragma once
 
 #include <QString>

@@ -6,8 +6,8 @@
 
 namespace tarvo::devices {
 
-// Group 1, "GRUPO", in section 1 and the first warehouse, with one Cedar scale under number 0. Runs
-// at every start and does nothing once there is a group.
+// Creates group 1, "GRUPO", in section 1 and the first warehouse, with one Cedar scale under number
+// 0. Runs at every start and does nothing if there is a group.
 Resultado<> asegurarPrimerGrupo(dao::Database& db, const Ajustes& ajustes);
 
 }  // namespace tarvo::devices

@@ -1,5 +1,5 @@
-// The keyboard that a new machine of a model has, in the language's layout. Texts of lines ended by
-// CR LF; their layouts: docs/formatos.md.
+// The default keyboard of a new machine of a model, in the layout of the language. Texts of lines
+// ended by CR LF; their layouts: docs/formatos.md.
 #pragma once
 
 #include <QString>
@@ -8,7 +8,7 @@
 
 namespace tarvo::devices {
 
-// "kkk:ccc:", one line a key; empty for a number that is no model.
+// "kkk:ccc:", one line for each key; empty for an unknown model.
 QString TecladoDefecto(int modelo, Idioma idioma);
 QString HardPluDefecto();
 QString TarasDefecto();

@@ -12,7 +12,8 @@ const QString kFinItem = QStringLiteral("|\r\n");
 const QString kMarcaBalanza = QStringLiteral("[THIS IS A SCALE]\r\n");
 const QString kMarcaRegistradora = QStringLiteral("[THIS IS AN ECR]\r\n");
 
-// Takes the blocks of a text one by one. `falta` once a block was asked for that isn't there whole.
+// Takes the blocks of a text one by one. `falta` is set once a requested block is missing or
+// incomplete.
 class Bloques {
  public:
   explicit Bloques(QStringView texto) : texto_(texto) {}

@@ -14,7 +14,7 @@ class ivasDep {
   static Resultado<ivasDep> leer(dao::Database& db);
   // Percent; 0 for an unknown group and a department outside 1 to 20.
   float IVA(int grupo, int departamento) const;
-  // The rate as a formula of the report engine, on {@Gpo} and {@Dpt}; lines parted by CR LF.
+  // The rate as a formula of the report engine, on {@Gpo} and {@Dpt}; lines separated by CR LF.
   QString FormulaRPT() const;
 
  private:

@@ -79,7 +79,7 @@ Resultado<std::vector<int>> Almacen::PedidosInvolucrados() {
                  fila_.CODALM);
 }
 Resultado<std::vector<int>> Almacen::AlbaranesInvolucrados() {
-  // A transfer names two.
+  // A transfer has two warehouses.
   return codigos(*db_, u"select NUMALB from ALBA_CAB where ? in (Almacen, Origen) order by NUMALB",
                  fila_.CODALM);
 }

@@ -12,12 +12,12 @@ std::optional<Fecha> fechaDe(const dao::Recordset& r, int columna) {
   return r.nulo(columna) ? std::nullopt : std::optional(r.fecha(columna));
 }
 
-// Two names are one when they differ only in blanks and case.
+// Names that differ only in blanks and case are the same.
 QString sinBlancos(QString nombre) {
   return nombre.remove(u' ').toUpper();
 }
 
-// A name that was made for the case of a single warehouse is no longer true.
+// The name given to a single warehouse no longer fits.
 Resultado<> renombrarUnico(dao::Database& db, const std::vector<Almacenes::Fila>& filas,
                            const Textos& textos) {
   const QString unico = textos(kTxAlmacenUnico);

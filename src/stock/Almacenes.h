@@ -1,4 +1,5 @@
-// Warehouses and their six counters an article. The stock is not stored: Inicial + Entrada + Compra
+// Warehouses and their six counters for each article. The stock is not stored: Inicial + Entrada +
+// Compra
 // - Salida - Venta
 // - Merma, in grams or units by the article's CADA. Every operation is one transaction, or a
 // savepoint of the caller's.
@@ -23,7 +24,7 @@ class ItmAlm {
   qint64 Stock() const;
   enum Contador { Inicial, Entrada, Compra, Salida, Venta, Merma };
   qint64 contador(Contador c) const { return c_[c]; }
-  // Written first; the value in memory changes only if a row was affected.
+  // Written to the database first; the value in memory changes only if a row was affected.
   Resultado<> poner(Contador c, qint64 valor);
   // Sets Merma so that the stock becomes x.
   Resultado<> ponerStock(qint64 x);
@@ -39,11 +40,11 @@ class Almacenes {
  public:
   Almacenes(dao::Database& db, Reloj& reloj, const Textos& textos);
 
-  // First use: ensures that every group has a warehouse.
+  // Called first: ensures that every group has a warehouse.
   Resultado<> asegurar();
   Resultado<std::optional<class Almacen>> almacen(int codigo);
   Resultado<int> Siguiente();
-  // Nothing when the code or the name exists.
+  // Nothing if the code or the name exists.
   Resultado<std::optional<class Almacen>> Nuevo(int codigo, const QString& nombre);
   Resultado<bool> Eliminar(int codigo);
   struct Fila {
@@ -61,15 +62,15 @@ class Almacenes {
     std::array<qint64, 6> contadores;
   };
   Resultado<std::vector<FilaStock>> ListaStock(int seccion, int vista, int orden);
-  // Restriccion, naming them, when groups with sales in a period lack what their stock hangs from:
-  // a section, a warehouse that exists.
+  // Restriccion, naming the groups, if any with sales in a period lack a section or an existing
+  // warehouse, without which their stock can't be moved.
   Resultado<> puedeDescontar(qint64 link);
   // Takes the article totals of a period off stock `veces` times (negative: puts them back) and
-  // adds veces to its stkADO. False when the period is not stockable or not there.
+  // adds `veces` to its stkADO. False if the period is not stockable or doesn't exist.
   Resultado<bool> DescontarVenta(qint64 link, int veces);
-  // The same move for totals rows that no period holds any more: a query giving GRUPO, CODI, CON,
-  // PES. No mark is touched. Totals of a group without a warehouse, and of articles that are no
-  // more, have no stock to move.
+  // The same for totals rows that no longer belong to a period: a query giving GRUPO, CODI, CON,
+  // PES. No mark is touched. Totals of a group without a warehouse, or of deleted articles, have no
+  // stock to move.
   Resultado<> descontarFilas(const QString& consulta, int veces);
   Resultado<std::optional<int>> CodigoAlmacen(const QString& nombre);
 

@@ -37,8 +37,8 @@ Resultado<std::vector<Linea>> leerLineas(dao::Database& db, qint64 numero) {
       });
 }
 
-// The mean of what is there and what comes; nothing where there is nothing to divide by, and a mean
-// that no price can be (stock below zero makes such) changes nothing either.
+// The mean cost of present stock and new goods; nothing if the divisor would be zero or the mean
+// can't be a price (as with stock below zero).
 std::optional<qint64> costeMedio(const Linea& l, qint64 coste) {
   const double total = static_cast<double>(l.total) + static_cast<double>(l.cantidad);
   if (total == 0) return std::nullopt;

@@ -1,4 +1,4 @@
-// The rows of the stock window, of one warehouse or of all together. Internal to the room.
+// The rows of the stock window, for one warehouse or all together. Internal to the room.
 #pragma once
 
 #include "stock/Almacenes.h"

@@ -4,7 +4,8 @@ namespace tarvo::stock {
 
 namespace {
 
-// `cambio` is what becomes of a counter that is there, {campo} being the counter and ? the value.
+// `cambio` is the new value of an existing counter, with {campo} for the counter and ? for the
+// value.
 Resultado<qint64> escribirContador(dao::Database& db, const Casilla& d, int contador, qint64 valor,
                                    QStringView cambio) {
   const QString campo = QString::fromUtf16(kContadores[static_cast<size_t>(contador)]);

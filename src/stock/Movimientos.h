@@ -1,4 +1,5 @@
-// Rows of MovsAlm: moving a counter, and clearing rows that say nothing. Internal to the room.
+// Rows of MovsAlm: moving a counter, and deleting rows with nothing but zeros. Internal to the
+// room.
 #pragma once
 
 #include <array>
@@ -16,12 +17,12 @@ struct Casilla {
   qint64 codigo = 0;
 };
 
-// counter = counter + cantidad, in one statement; a row that isn't there is made.
+// counter = counter + cantidad, in one statement; a missing row is created.
 Resultado<> moverContador(dao::Database& db, const Casilla& donde, int contador, qint64 cantidad);
-// The counter becomes `valor`; a row that isn't there is made. Rows changed.
+// Sets the counter to `valor`; a missing row is created. Returns the number of changed rows.
 Resultado<qint64> fijarContador(dao::Database& db, const Casilla& donde, int contador,
                                 qint64 valor);
-// Rows with six zeros go, in one warehouse or (-1) in all.
+// Deletes rows with six zeros, in one warehouse or (-1) in all.
 Resultado<> borrarCeros(dao::Database& db, int almacen = -1);
 
 }  // namespace tarvo::stock

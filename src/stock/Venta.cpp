@@ -7,7 +7,7 @@ namespace tarvo::stock {
 
 namespace {
 
-// Grams of what is sold by weight, units of the rest, summed by warehouse and article.
+// Grams of articles sold by weight, units of the rest, summed by warehouse and article.
 const QString kVentas = QStringLiteral(
     "INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Inicial, Entrada, Compra, Salida, Venta, Merma) "
     "SELECT A, S, C, 0, 0, 0, 0, ?*sum(Q), 0 FROM "
@@ -19,7 +19,7 @@ const QString kVentas = QStringLiteral(
     "ON CONFLICT (CODALM, SECCION, CODIGO) DO UPDATE SET "
     "Venta=coalesce(MovsAlm.Venta, 0)+excluded.Venta");
 
-// The rows of a period less what was added into it from others.
+// The rows of a period, less those added to it from others.
 constexpr QStringView kPropias =
     u"SELECT GRUPO, CODI, CON, PES FROM TOTPLU WHERE LINK={link} "
     u"UNION ALL SELECT t.GRUPO, t.CODI, -coalesce(t.CON, 0), -coalesce(t.PES, 0) FROM COLUMNA d "
@@ -27,7 +27,7 @@ constexpr QStringView kPropias =
     u"INNER JOIN TOTPLU t ON t.LINK=s.LINK AND s.LINK<>d.LINK WHERE d.LINK={link} AND "
     u"((d.TIPO=2 AND s.ACUM2<>0) OR (d.TIPO=3 AND s.ACUM3<>0) OR (d.TIPO=4 AND s.ACUM4<>0))";
 
-// Less also versions of those others that were replaced, of which the period isn't rid yet.
+// Less, too, replaced versions of those others that are still in the period.
 constexpr QStringView kPropiasSinSustituidos =
     u"{propias} "
     u"UNION ALL SELECT t.GRUPO, t.CODI, -coalesce(t.CON, 0), -coalesce(t.PES, 0) FROM COLUMNA d "
@@ -35,7 +35,7 @@ constexpr QStringView kPropiasSinSustituidos =
     u"INNER JOIN TotSusti t ON t.ID=s.ID AND t.CLASE=16 WHERE d.LINK={link} AND "
     u"((d.TIPO=2 AND s.ACUM2<>0) OR (d.TIPO=3 AND s.ACUM3<>0) OR (d.TIPO=4 AND s.ACUM4<>0))";
 
-// What a period holds of others is out of the stock with them, whenever they were added.
+// The rows a period has from others leave the stock with those others, whenever they were added.
 QString filasPropias(dao::Database& db, qint64 link) {
   const QString cual = QString::number(link);
   const QString propias = dao::conMarcas(kPropias, {{u"link", cual}});

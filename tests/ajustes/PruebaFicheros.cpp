@@ -1,10 +1,8 @@
-// Files on disk: their encoding, whole replacement, and names without regard to case.
-#include <fcntl.h>
+// Files on disk: their encoding, whole replacement, and names regardless of case.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <QDir>
@@ -13,31 +11,10 @@
 
 #include "core/ajustes/Ajustes.h"
 #include "core/ajustes/Ficheros.h"
+#include "tienda/Disco.h"
 #include "totals/libros/AjustesSesion.h"
 
 using namespace tarvo;
-
-// What the program asks of the disk, in order. They take the place of the system's own in this
-// program.
-namespace {
-QStringList* alDisco = nullptr;
-
-QString nombreDe(const QString& ruta) {
-  return QFileInfo(ruta).fileName();
-}
-}  // namespace
-
-extern "C" int fsync(int fd) {
-  if (alDisco)
-    *alDisco << QStringLiteral("vuelca ") +
-                    nombreDe(QFile::symLinkTarget(QStringLiteral("/proc/self/fd/%1").arg(fd)));
-  return static_cast<int>(::syscall(SYS_fsync, fd));
-}
-
-extern "C" int rename(const char* de, const char* a) noexcept {
-  if (alDisco) *alDisco << QStringLiteral("renombra ") + nombreDe(QFile::decodeName(a));
-  return static_cast<int>(::syscall(SYS_renameat2, AT_FDCWD, de, AT_FDCWD, a, 0));
-}
 
 namespace {
 
@@ -84,16 +61,16 @@ TEST_F(Disco, EscribirCambiaElFicheroEnteroYNoDejaOtro) {
   EXPECT_FALSE(QFile::permissions(en("a.txt")) & QFile::ReadOther);
 }
 
-// A power cut leaves the old file or the new one: its bytes are on the disk before its name is, and
-// the name before the answer.
+// A power cut leaves the old file or the new one: its bytes reach the disk before its name, and the
+// name before the call returns.
 TEST_F(Disco, LoEscritoLlegaAlDiscoAntesQueSuNombre) {
   QStringList pedido;
-  alDisco = &pedido;
+  prueba::alDisco = &pedido;
   const auto escrito = ficheros::escribirEntero(en("a.txt"), "nuevo");
-  alDisco = nullptr;
+  prueba::alDisco = nullptr;
   ASSERT_TRUE(escrito);
   EXPECT_EQ(pedido, QStringList({"vuelca a.txt.nuevo", "renombra a.txt",
-                                 "vuelca " + nombreDe(dir.path())}));
+                                 "vuelca " + QFileInfo(dir.path()).fileName()}));
 }
 
 TEST_F(Disco, EscribirDondeNoSePuedeEsUnError) {

@@ -1,4 +1,4 @@
-// TARVO.INI: how each key is read and written, and what a strange file does.
+// TARVO.INI: reading and writing of each key, and odd files.
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -30,7 +30,7 @@ QString linea(const Ajustes& a, const QString& clave) {
   return QStringLiteral("(no está)");
 }
 
-// What comes after a key once a line was read and the file written again.
+// The value of a key after a line is read and the file written again.
 struct Vuelta {
   const char* entra;
   const char* clave;
@@ -73,7 +73,8 @@ const Vuelta kVueltas[] = {
     {"InicioHorario=25:00", "InicioHorario", "08:00"},
     {"ToleranciaHora=0,5", "ToleranciaHora", "0.50"},
     {"Euro=166.386", "Euro", "166.386000"},
-    {"MonedaLogo=Pts", "MonedaLogo", "Pts,"},
+    {"MonedaLogo=Pts", "MonedaLogo", "Pts,   "},
+    {"MonedaLogo=€,Eur", "MonedaLogo", "€  ,Eur"},
     {"MonedaLogo=Pesetas,Euros", "MonedaLogo", "Pes,Eur"},
     {"FestivoSemanal=0,0,0,0,0,0,-1", "FestivoSemanal", "0,0,0,0,0,0,1"},
     {"EnviarCambios=2|0", "EnviarCambios", "2|0"},
@@ -104,7 +105,7 @@ TEST(Ini, CadaClaveVuelveComoDebe) {
         << v.entra;
 }
 
-// What isn't understood is named, with what counts instead; all that the file may hold is not.
+// A line that isn't understood is named, with the value that counts; valid lines are not.
 TEST(Ini, LoQueNoSeEntiendeSeNombra) {
   const std::pair<const char*, const char*> dudosas[] = {
       {"TimeOut= 12abc", "12"},    {"TimeACK= 0", "2000"},     {"MonedaNativa= pepe", "1"},

@@ -1,4 +1,4 @@
-// A machine that takes every call and never answers.
+// A machine that accepts every call and never answers.
 #pragma once
 
 #include <arpa/inet.h>
@@ -7,8 +7,8 @@
 
 namespace tarvo::prueba {
 
-// Listens from its making on. Nobody accepts: the system connects the callers by itself, without an
-// event loop here.
+// Listens from construction on. Calls are not accepted here: the system connects the callers by
+// itself, without an event loop.
 class MaquinaMuda {
  public:
   MaquinaMuda() : zocalo_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
@@ -25,8 +25,8 @@ class MaquinaMuda {
   MaquinaMuda(const MaquinaMuda&) = delete;
   MaquinaMuda& operator=(const MaquinaMuda&) = delete;
 
-  int puerto() const { return puerto_; }  // 0: it doesn't listen
-  // Cuts every caller off, and takes no more calls.
+  int puerto() const { return puerto_; }  // 0: not listening
+  // Disconnects all callers, and takes no more calls.
   void colgar() {
     if (zocalo_ >= 0) ::close(zocalo_);
     zocalo_ = -1;

@@ -1,4 +1,4 @@
-// The program itself as a process, in a folder of its own.
+// The program itself as a process, in its own folder.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@
 namespace tarvo::prueba {
 
 struct Fin {
-  int estado = -1;  // -1: it didn't end, or by a signal
+  int estado = -1;  // -1: it didn't end, or ended by a signal
   QString salida, errores;
 };
 
@@ -32,7 +32,7 @@ class Programa : public ::testing::Test {
     QFile f(en(nombre));
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
   }
-  // Neither the machine's folders nor its display play a part.
+  // Independent of the computer's folders and display.
   void preparar(QProcess& p) const {
     QProcessEnvironment entorno;
     for (const auto& [nombre, valor] : variables) entorno.insert(nombre, valor);
@@ -62,8 +62,8 @@ class Programa : public ::testing::Test {
     argumentos = QStringList{QStringLiteral("--carpeta"), dir.path()} + argumentos;
     return correr(argumentos);
   }
-  // A process that stays under way until its machine hangs up, however fast its steps are; then it
-  // ends with a problem.
+  // A process that runs until its machine hangs up, however fast its steps are; then it ends with a
+  // problem.
   void ponerProcesoQueEspera(const QString& nombre, const MaquinaMuda& muda) const {
     ASSERT_GT(muda.puerto(), 0);
     poner(QStringLiteral("TARVO.INI"), "TimeOut= 600000\r\nTimeACK= 600000\r\n");
@@ -76,7 +76,7 @@ class Programa : public ::testing::Test {
                                       u"WHERE CODGPO=1"));
     poner(nombre, "T:TX_HORA,1\r\nC:ESPERA,0,Si\r\n");
   }
-  // Waits until the trace of a running program holds a text.
+  // Waits until the trace of a running program contains a text.
   static bool esperar(QProcess& p, const QByteArray& texto, QByteArray& salida) {
     QElapsedTimer reloj;
     reloj.start();
@@ -86,7 +86,7 @@ class Programa : public ::testing::Test {
     }
     return salida.contains(texto);
   }
-  // A program that is gone has the id 0, which to kill() is everybody the tests run among.
+  // A program that is gone has the id 0, which for kill() means the tests' whole process group.
   static bool avisar(const QProcess& p, int senal) {
     return p.processId() > 0 && ::kill(static_cast<pid_t>(p.processId()), senal) == 0;
   }

@@ -1,4 +1,4 @@
-// What the program answers to its command line: the exit status, and a word of what it says.
+// The program's answers to its command line: the exit status, and a word of its output.
 #include <unistd.h>
 
 #include "app/Ordenes.h"
@@ -15,10 +15,10 @@ const QString kSinVentana = QStringLiteral("--sin-ventana");
 struct Caso {
   QStringList argumentos;
   int estado;
-  const char16_t* palabra;  // in what it says, on either output
+  const char16_t* palabra;  // in its output or errors
 };
 
-// A process that never ends by itself: the question of a task that no channel can serve.
+// A timetable that never comes due, and so never ends by itself.
 const QByteArray kEsperaSinFin =
     "00:00:00;No,No,No,No,No,No,No;@\r\n@INICIO BATCH\r\nN:x\r\n@FINAL BATCH\r\n";
 
@@ -151,8 +151,8 @@ TEST_F(Programa, LoQueNoSePuedeAbrirEsCuatro) {
   espera(u"escribir");
 }
 
-// Two processes at once, from wherever one looks at the database: the second waits its turn, and
-// gives up when it was told not to wait.
+// Two processes at once, wherever the database is reached from: the second waits its turn, and
+// gives up when told not to wait.
 TEST_F(Programa, UnaBaseEsDeUnSoloProceso) {
   const MaquinaMuda muda;
   ponerProcesoQueEspera(QStringLiteral("L.AUT"), muda);
@@ -186,7 +186,7 @@ TEST_F(Programa, UnaBaseEsDeUnSoloProceso) {
   EXPECT_EQ(acabar(segunda).estado, 0);
 }
 
-// A folder takes its database along wherever it is copied.
+// A copied folder has its own database.
 TEST_F(Programa, UnaCopiaDeLaCarpetaTieneSuBase) {
   poner(QStringLiteral("V.AUT"), "");
   ASSERT_EQ(correrAqui({kSinVentana, "V"}).estado, 0);
@@ -198,7 +198,7 @@ TEST_F(Programa, UnaCopiaDeLaCarpetaTieneSuBase) {
   EXPECT_TRUE(QFile::exists(en(QStringLiteral("copia/V.TZA"))));
 }
 
-// A timetable holds nothing while it waits for its hours.
+// A timetable doesn't hold the database while it waits for its hours.
 TEST_F(Programa, UnHorarioNoEstorbaMientrasEspera) {
   poner(QStringLiteral("C.AUT"), kEsperaSinFin);
   poner(QStringLiteral("V.AUT"), "");
@@ -209,12 +209,12 @@ TEST_F(Programa, UnHorarioNoEstorbaMientrasEspera) {
   EXPECT_EQ(correrAqui({kSinVentana, "--espera", "0", "V"}).estado, 0);
 }
 
-// What of the settings wasn't understood is a problem of the night, and its value counts for
-// nothing where it would change the books.
+// A setting that isn't understood is a problem of the night, and its value is ignored where it
+// would change the books.
 TEST_F(Programa, LosAjustesQueNoSeEntiendenSeDicen) {
   struct Mala {
     QByteArray antes, ahora;
-    const char16_t* dice;  // nothing: a good one
+    const char16_t* dice;  // null: a good one
     QByteArray queda;
   };
   const Mala casos[] = {

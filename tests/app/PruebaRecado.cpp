@@ -1,4 +1,4 @@
-// What programs ask of each other, as bytes.
+// Requests between programs, as bytes.
 #include <gtest/gtest.h>
 
 #include "app/Recado.h"

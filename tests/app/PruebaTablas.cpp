@@ -1,5 +1,5 @@
-// The schema of all rooms: databases of earlier versions come to what a new one is, and any program
-// can work with it.
+// The schema of all rooms: databases of earlier versions become the same as a new one, and any
+// program can work with it.
 #include <gtest/gtest.h>
 
 #include <QFile>
@@ -20,7 +20,7 @@ const Fecha kHoy = Fecha::de(QDate(2026, 3, 9));
 class Esquema : public testing::Test {
  protected:
   QString ruta(const QString& nombre) const { return carpeta.filePath(nombre); }
-  // The stock shell, which knows nothing of ours.
+  // The standard shell, which knows nothing of ours.
   std::string concha(const QString& nombre, const QByteArray& sql) {
     QProcess p;
     p.setProcessChannelMode(QProcess::MergedChannels);
@@ -38,7 +38,7 @@ class Esquema : public testing::Test {
     EXPECT_TRUE(alDia) << alDia.error().texto.toStdString();
     return std::move(*db);
   }
-  // What the file says of itself, whatever way its words are set.
+  // The file's own description of itself, however it is formatted.
   static std::map<std::string, std::string> objetos(dao::Database& db) {
     std::map<std::string, std::string> todos;
     const auto r = dao::recorrer(
@@ -103,7 +103,7 @@ TEST_F(Esquema, UnaBaseAnteriorAcabaComoUnaNueva) {
   }
 }
 
-// A table that lost its columns' order or a default would not take these.
+// A table with columns out of order or a default lost would not accept these.
 TEST_F(Esquema, LaConchaDeSqliteAbreLeeYEscribeCadaTabla) {
   const auto db = abrir(u"T"_s);
   QByteArray lee, escribe = "begin;";

@@ -1,16 +1,16 @@
-// What goes with an article: its history, offers, stock, bar codes; sections, departments and
+// What belongs to an article: its history, offers, stock, bar codes; sections, departments and
 // operators.
 
-#include "Tienda.h"
 #include "articles/BorradoSeccion.h"
 #include "articles/Busqueda.h"
 #include "articles/CodigoBarras.h"
 #include "articles/Existencias.h"
+#include "articles/TiendaDeArticulos.h"
 
 namespace tarvo::prueba {
 
 TEST(Catalogo, LaHistoriaDiceQuienPusoQue) {
-  Tienda t;
+  TiendaDeArticulos t;
   Articulo a = t.articulo(3, 10);
   a.precios[0][0] = 120;
   a.precios[1][3] = 90;
@@ -25,14 +25,12 @@ TEST(Catalogo, LaHistoriaDiceQuienPusoQue) {
 }
 
 TEST(Catalogo, LasOfertasSiguenAlCodigoYNoSeHeredan) {
-  Tienda t;
+  TiendaDeArticulos t;
   const auto oferta = [&](qint64 codigo) {
-    t.sql(
-        u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, enviado) values (1, 3, ?, ?, 1)"_s,
-        codigo, codigo);
+    t.oferta({.grupo = 1, .codigo = codigo, .precio = codigo, .enviado = 1});
   };
   oferta(10);
-  oferta(12);  // of an article that is no more
+  oferta(12);  // of a deleted article
   oferta(50);
   Articulo a = t.articulo(3, 10);
   a.clave.codigo = 12;
@@ -43,7 +41,7 @@ TEST(Catalogo, LasOfertasSiguenAlCodigoYNoSeHeredan) {
 }
 
 TEST(Catalogo, UnaFaltaNoDejaNadaAMedias) {
-  Tienda t;
+  TiendaDeArticulos t;
   Articulo a = t.articulo(3, 10);
   a.precios[0][0] = 999;
   a.clave.codigo = 11;
@@ -59,7 +57,7 @@ TEST(Catalogo, UnaFaltaNoDejaNadaAMedias) {
   EXPECT_EQ(barras.error().clase, Fallo::Duplicado);
   EXPECT_EQ(t.leer(u"select count(*) from HistoriaPrecios where CODPLU in (10, 11, 61)"_s), u"0");
   EXPECT_EQ(t.cruces(), u"3 10 1 0 | 3 10 4 0");
-  // One that is gone stops the whole move.
+  // A missing one stops the whole move.
   EXPECT_FALSE(t.catalogo.mover(std::vector<ClaveArticulo>{{3, 20}, {3, 99}}, 7));
   EXPECT_EQ(t.leer(u"select SECCION from PLUSES where CODPLU=20"_s), u"3");
 }
@@ -67,7 +65,7 @@ TEST(Catalogo, UnaFaltaNoDejaNadaAMedias) {
 TEST(CodigoBarras, ElDigitoDeControl) {
   const struct {
     const char* codigo;
-    int debido;  // -1: nothing to say
+    int debido;  // -1: nothing to report
   } casos[] = {{"8412345678905", -1}, {"8412345678904", 5},  {"96385074", -1},
                {"96385070", 4},       {"0000000000000", -1}, {"ABC", -1},
                {"123456", -1},        {"841234567890A", -1}};
@@ -81,7 +79,7 @@ TEST(CodigoBarras, ElDigitoDeControl) {
   } compuestos[] = {{kEAN13, "21", 123, "2100012300001"},
                     {kEAN8, "2", 123, "20001230"},
                     {kEAN8, "21", 123, ""},     // a digit too many
-                    {kEAN8, "0", 1234567, ""},  // a code of seven
+                    {kEAN8, "0", 1234567, ""},  // a code of seven digits
                     {kEAN13, "21A", 5, ""}};
   for (const auto& c : compuestos) {
     Articulo a;
@@ -94,7 +92,7 @@ TEST(CodigoBarras, ElDigitoDeControl) {
 }
 
 TEST(Busqueda, PorCualquierParteDeNombreCodigoOBarras) {
-  Tienda t;
+  TiendaDeArticulos t;
   t.sql(
       u"update PLUSES set NOMPLU='Jamón Ibérico 5*', CodBarExt='8412345678905' where CODPLU=20"_s);
   t.sql(u"update PLUSES set NOMPLU='PIÑA', PFX_BAR='29' where CODPLU=10"_s);
@@ -120,10 +118,9 @@ TEST(Busqueda, PorCualquierParteDeNombreCodigoOBarras) {
 }
 
 TEST(Existencias, SoloSeEscribeLoQueCambia) {
-  Tienda t;
-  t.sql(u"insert into ALMACEN (CODALM, NOMALM) values (1, 'Tienda')"_s);
-  t.sql(
-      u"insert into MovsAlm (CODALM, SECCION, CODIGO, Inicial, Venta) values (1, 3, 10, 5000, 1000)"_s);
+  TiendaDeArticulos t;
+  t.almacen(1);
+  t.existencias({.almacen = 1, .codigo = 10, .inicial = 5000, .venta = 1000});
   const auto antes = bien(leerExistencias(*t.db, {3, 10}));
   ASSERT_EQ(antes.size(), 2u);
   EXPECT_EQ(antes[1].actual(), 4000);
@@ -138,7 +135,7 @@ TEST(Existencias, SoloSeEscribeLoQueCambia) {
 }
 
 TEST(Secciones, LaCopiaYLaBorrada) {
-  Tienda t;
+  TiendaDeArticulos t;
   bien(t.secciones.ponerIvas(3, {400, 1000, 2100, 550, 0}));
   CopiaSeccion copia(*t.db, t.textos, t.secciones, 3);
   qint64 hechos = 0, total = 0;
@@ -162,10 +159,10 @@ TEST(Secciones, LaCopiaYLaBorrada) {
   bien(copia.deshacer());
   EXPECT_EQ(t.leer(u"select count(*) from SECCS where NMSECC=8"_s), u"0");
 
-  t.sql(u"insert into BZAS (SUGPO, NMBZA) values (1, 0)"_s);
-  t.sql(u"insert into BZAS (SUGPO, NMBZA) values (5, 0)"_s);
-  t.sql(u"insert into Sesiones (CODGPO) values (4)"_s);
-  t.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO) values (1, 3, 10)"_s);
+  t.fila(u"BZAS", {{u"SUGPO", 1}, {u"NMBZA", 0}});
+  t.fila(u"BZAS", {{u"SUGPO", 5}, {u"NMBZA", 0}});
+  t.fila(u"Sesiones", {{u"CODGPO", 4}});
+  t.oferta({.grupo = 1, .codigo = 10});
   const auto c = bien(t.secciones.cuentas(3));
   EXPECT_EQ(std::tuple(c.plus, c.depts, c.grupos), std::tuple(5, 2, 4));
   bien(t.secciones.borrar(3));
@@ -176,13 +173,14 @@ TEST(Secciones, LaCopiaYLaBorrada) {
       u"0 0 3 1");
 }
 
-// Deleted with a copy of all beside it, and brought back as it was; what is another's now stays so.
+// Deleted with a copy of everything, and restored as it was; what has been taken by another stays
+// so.
 TEST(Secciones, UnaBorradaVuelveEntera) {
-  Tienda t;
-  t.sql(u"insert into BZAS (SUGPO, NMBZA) values (1, 0)"_s);
-  t.sql(u"insert into Sesiones (CODGPO) values (4)"_s);
-  t.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (1, 3, 10, 7)"_s);
-  t.sql(u"insert into MovsAlm (CODALM, SECCION, CODIGO, Inicial) values (0, 3, 10, 500)"_s);
+  TiendaDeArticulos t;
+  t.fila(u"BZAS", {{u"SUGPO", 1}, {u"NMBZA", 0}});
+  t.fila(u"Sesiones", {{u"CODGPO", 4}});
+  t.oferta({.grupo = 1, .codigo = 10, .precio = 7});
+  t.existencias({.codigo = 10, .inicial = 500});
   Precios p = t.articulo(3, 10).precios;
   p[0][0] = 1;
   bien(t.catalogo.ponerPrecios({3, 10}, p, u"V"_s));
@@ -225,32 +223,34 @@ TEST(Secciones, UnaBorradaVuelveEntera) {
   EXPECT_EQ(t.leer(u"select X from DeOtra order by X"_s), u"10 | 11 | 12");
 
   bien(ida.borrar(t.carpeta.path(), t.reloj.ahora() + 1));
-  t.sql(u"insert into SECCS (NMSECC, NOMSEC) values (9, 'OTRA')"_s);
-  t.sql(u"insert into GRUPOS (CODGPO, SECCION, TIPO) values (4, 9, 1)"_s);
+  t.seccion(9, u"OTRA").grupo({.codigo = 4});
   EXPECT_EQ(ida.reponer().error().clase, Fallo::Duplicado);
   EXPECT_EQ(t.leer(u"select NMSECC from SECCS order by 1"_s), u"7 | 9") << "nothing by halves";
-  // Without its copy nothing goes.
+  // Without its copy nothing is deleted.
   BorradoSeccion otra(*t.db, t.secciones, t.textos, 7);
   EXPECT_FALSE(otra.borrar(t.ruta(u"no/hay"_s), t.reloj.ahora()));
   EXPECT_EQ(t.leer(u"select NMSECC from SECCS order by 1"_s), u"7 | 9");
 }
 
 TEST(Secciones, NumerosYNombres) {
-  Tienda t;
+  TiendaDeArticulos t;
   EXPECT_EQ(bien(t.secciones.nueva()), 8);
   EXPECT_EQ(bien(t.secciones.nuevoDepartamento(3)), 3);
   EXPECT_EQ(bien(t.secciones.nuevoDepartamento(7)), 1);
-  t.sql(u"insert into DEPTS (SECCION, NUMDEP) values (3, 40)"_s);
+  t.departamento(40);
   EXPECT_EQ(bien(t.secciones.nuevoDepartamento(3)), 4) << "articles take departments up to 40";
   EXPECT_FALSE(t.secciones.renombrar(3, u"  "_s));
   EXPECT_FALSE(t.secciones.ponerTipoIva(3, 1, 6));
+  t.sql(u"update PLUSES set DEPTO=1 where SECCION=3 and CODPLU<3"_s);
+  bien(t.secciones.borrarDepartamento(3, 1));
+  EXPECT_EQ(t.leer(u"select CODPLU from PLUSES where SECCION=3"_s), u"1 | 2 | 20");
   EXPECT_EQ(leerIvas(u"7@ 5,5@x"_s), (Ivas{700, 550, 0, 0, 0}));
   t.sql(u"delete from SECCS"_s);
   EXPECT_EQ(bien(t.secciones.nueva()), 1);
 }
 
 TEST(Operadores, ElCodigoVaEnTodosLosHuecos) {
-  Tienda t;
+  TiendaDeArticulos t;
   bien(t.operadores.anadir(5, u"Ana"_s));
   bien(t.operadores.anadir(6, u"Luis"_s));
   EXPECT_FALSE(t.operadores.anadir(0, {}));
@@ -263,9 +263,13 @@ TEST(Operadores, ElCodigoVaEnTodosLosHuecos) {
       u"select TIPO, OP01_C, OP01_T, OP10_C, OP11_C, OP20_C from GRUPOS order by CODGPO"_s;
   EXPECT_EQ(t.leer(huecos),
             u"1 77 1 77 77 6 | 2 77 1 77 5 6 | 3 77 1 77 77 6 | 4 77 1 77 77 6 | 1 77 1 77 77 6");
-  bien(t.operadores.borrar(std::vector<int>{77, 6}));
+  const auto idos = bien(t.operadores.borrar(std::vector<int>{77, 6}));
   EXPECT_EQ(t.leer(huecos), u"1 0 0 0 0 0 | 2 0 0 0 5 6 | 3 0 0 0 0 0 | 4 0 0 0 0 0 | 1 0 0 0 0 0");
   EXPECT_EQ(t.leer(u"select count(*) from OPERS"_s), u"0");
+  t.sql(u"update GRUPOS set OP10_C=8 where CODGPO=1"_s);  // a slot taken meanwhile
+  EXPECT_EQ(bien(t.operadores.reponer(idos)), 1);
+  EXPECT_EQ(t.leer(huecos),
+            u"1 77 1 8 77 6 | 2 77 1 77 5 6 | 3 77 1 77 77 6 | 4 77 1 77 77 6 | 1 77 1 77 77 6");
 }
 
 }  // namespace tarvo::prueba

@@ -1,7 +1,7 @@
-// A run of the runner on the shop of the tests.
+// A run of the runner on the test shop.
 #pragma once
 
-#include "Banco.h"
+#include "automation/TiendaDeProcesos.h"
 
 namespace tarvo::automation {
 
@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 class RunnerTest : public testing::Test {
  protected:
-  // Lines without the moments, which the tests of the trace look at.
+  // Lines without the times, which the tests of the trace check.
   QStringList correr(const QString& proceso, Programa& p) {
     p.correr(proceso);
     EXPECT_TRUE(p.hastaElFin());
@@ -21,7 +21,7 @@ class RunnerTest : public testing::Test {
     fin_ = p->fin.value_or(ResultadoProceso::Abortado);
     return lineas;
   }
-  Tienda tienda_;
+  TiendaDeProcesos tienda_;
   ResultadoProceso fin_ = ResultadoProceso::Abortado;
 };
 

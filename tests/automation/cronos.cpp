@@ -3,7 +3,7 @@
 
 #include <QFile>
 
-#include "Banco.h"
+#include "automation/TiendaDeProcesos.h"
 #include "core/ajustes/Ficheros.h"
 
 namespace tarvo::automation {
@@ -21,7 +21,7 @@ class CronosTest : public testing::Test {
     fichero(u"mal.aut"_s, u"S:CERRAR,x,Sí,Sí\r\n"_s);
     fichero(u"PREGUNTA.AUT"_s, u"N:%1,Grupo\r\n"_s);
     fichero(u"LARGO.AUT"_s,
-            u"N:a\r\nN:%2,Cuánto\r\n"_s);  // goes on for as long as the answer takes
+            u"N:a\r\nN:%2,Cuánto\r\n"_s);  // lasts until the answer comes
     tienda_.respuestas.numeros[u"%2"_s] = 1;
     fichero(u"VACIO.AUT"_s, u""_s);
     fichero(u"ROTO.AUT"_s, u"T:NADA,1\r\n"_s);
@@ -43,7 +43,7 @@ class CronosTest : public testing::Test {
   int fallos(size_t i = 0) const { return c_.entradas()[i].fallos; }
   EstadoEntrada estado(size_t i) const { return c_.entradas()[i].estado; }
 
-  Tienda tienda_;  // Wednesday 4 March 2026, 22:00
+  TiendaDeProcesos tienda_;  // Wednesday 4 March 2026, 22:00
   std::unique_ptr<Programa> p_;
   Cronos c_;
   QStringList avisos_;
@@ -113,12 +113,25 @@ TEST_F(CronosTest, VariasALaVezEnElOrdenDelFichero) {
   for (const size_t i : {0u, 1u, 2u}) EXPECT_EQ(exitos(i), 1) << i;
 }
 
-// Each case: the wall clock is moved at 22:00 by some hours, or at 22:10, and how often the entry
+// An hour that comes while a person runs a process is not lost.
+TEST_F(CronosTest, EsperaALoQueCorreUnaPersona) {
+  horario({linea(u"22:05:00"_s, u"BIEN"_s)});
+  tienda_.respuestas.mientras = [this] {
+    pasar(10);
+    EXPECT_EQ(estado(0), EstadoEntrada::Vencida);
+  };
+  p_->correr(u"N:%2,Cuánto\r\n"_s);
+  pasar(20);
+  EXPECT_EQ(tienda_.respuestas.preguntas, 1);
+  EXPECT_EQ(exitos(0), 1);
+}
+
+// Each case: how far the wall clock is moved after 1 and after 20 minutes, and how often the entry
 // has run by the end.
 struct CasoReloj {
   const char* nombre;
   const char16_t* hora;
-  double saltoAntes, saltoDespues;  // hours, at 22:00 and at 22:20
+  double saltoAntes, saltoDespues;  // hours
   double minutosAlFinal;
   int veces;
 };

@@ -1,7 +1,7 @@
-// What one night couldn't do with a period is owed, done once, and can be dropped.
+// Operations on a period that failed one night are owed, done once, and can be dropped.
 #include <QDir>
 
-#include "Runner.h"
+#include "automation/Runner.h"
 #include "automation/historia/Pendientes.h"
 
 namespace tarvo::automation {
@@ -9,7 +9,7 @@ namespace {
 
 class DeudasTest : public RunnerTest {};
 
-// What the stock can't take tonight, because of one group, it takes when the group is mended.
+// A discount that fails tonight because of one group is made once the group is corrected.
 TEST_F(DeudasTest, LoQueNoSeDescontoSeDescuentaLaNocheSiguiente) {
   const auto noche = [&](const QString& arreglo) {
     const auto p = tienda_.programa();
@@ -49,7 +49,7 @@ TEST_F(DeudasTest, LoQueNoSeExportoSeExportaLaNocheSiguiente) {
     EXPECT_EQ(fin_, ResultadoProceso::Problemas);
   }
   ASSERT_TRUE(QDir(exportado).removeRecursively());
-  // Another name for the file is as good a mend.
+  // Another name for the file is just as good a remedy.
   EXPECT_EQ(noche(u"OTRO"_s).filter(u"se ha hecho ahora"_s).size(), 2);
   EXPECT_EQ(fin_, ResultadoProceso::Bien);
   EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*Ventas"_s), 3);
@@ -57,18 +57,14 @@ TEST_F(DeudasTest, LoQueNoSeExportoSeExportaLaNocheSiguiente) {
   EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*Ventas"_s), 4);
 }
 
-// Owed once however often it was tried, and by whichever step exports it into that file.
+// Owed once however often it was tried, and whichever step exports it into that file.
 TEST_F(DeudasTest, UnPeriodoSeDebeUnaSolaVez) {
   for (const bool borrar : {false, true}) {
-    Tienda tienda;
+    TiendaDeProcesos tienda;
     const auto p = tienda.programa();
-    for (const char16_t* sql :
-         {u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (7, 5, 43000, 43001, "
-          u"'x')",
-          u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (8, 5, 43002, 43003, "
-          u"'y')",
-          u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON) VALUES (7, 1, 0, 10000000)"})
-      ASSERT_TRUE(p->db().ejecutar(QString::fromUtf16(sql)));
+    p->periodo({.link = 7, .tipo = 5, .desde = 43000, .hasta = 43001, .descr = u"x"})
+        .periodo({.link = 8, .tipo = 5, .desde = 43002, .hasta = 43003, .descr = u"y"})
+        .total(u"TOTGRT", {.link = 7, .codi = 1, .con = 10000000});
     const QString proceso =
         u"P:SELECCIONAR,5,01/01/2000,01/01/2100\r\nE:TOTALIZA,No,%1,VENTAS\r\n"_s.arg(
             borrar ? u"Sí"_s : u"No"_s);
@@ -81,7 +77,7 @@ TEST_F(DeudasTest, UnPeriodoSeDebeUnaSolaVez) {
     }
     p->correr(proceso, {}, u"OTRO"_s);
     EXPECT_TRUE(p->hastaElFin());
-    ASSERT_TRUE(p->db().ejecutar(u"UPDATE TOTGRT SET CON=1"));
+    p->sql(u"UPDATE TOTGRT SET CON=1"_s);
     const auto antes = tienda.texto(u"VENTAS.EXP"_s);
     EXPECT_FALSE(antes.contains(u"*x"_s));
     EXPECT_EQ(antes.count(u"*y"_s), borrar ? 1 : 4) << "the other period is not held back";
@@ -95,24 +91,34 @@ TEST_F(DeudasTest, UnPeriodoSeDebeUnaSolaVez) {
       }
       EXPECT_EQ(tienda.texto(u"VENTAS.EXP"_s).count(u"*x"_s), borrar ? 1 : 1 + vez);
     }
-    EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM ExportesPendientes")->entero(), 0);
+    EXPECT_EQ(p->uno(u"SELECT count(*) FROM ExportesPendientes"_s).entero(), 0);
   }
 }
 
-// The number of a period that is gone was given to another one, which owes nothing.
+// A period that is selected again is tried once.
+TEST_F(DeudasTest, LoElegidoDeNuevoSeIntentaUnaVez) {
+  const auto p = tienda_.programa();
+  p->periodo({.link = 7, .tipo = 5, .desde = 43000, .hasta = 43001, .stkABLE = 1})
+      .total(u"TOTPLU", {.link = 7, .codi = 7, .con = 1, .pes = 1});
+  p->sql(u"UPDATE GRUPOS SET SECCION=NULL WHERE CODGPO=1"_s);
+  for (int vez = 0; vez < 2; ++vez) {
+    p->lineas.clear();
+    correr(u"P:SELECCIONAR,5,01/01/2000,01/01/2100\r\nP:STOCK\r\n"_s, *p);
+    EXPECT_EQ(p->lineas.filter(u"Queda pendiente"_s).size(), 1);
+    EXPECT_EQ(p->lineas.filter(u"Sigue pendiente"_s).size(), 0);
+  }
+}
+
+// The number of a deleted period was given to another one, for which nothing is owed.
 TEST_F(DeudasTest, UnNumeroDadoDeNuevoNoHeredaDeudas) {
   const auto p = tienda_.programa();
   correr(u"N:x"_s, *p);
   const auto periodo = [&](int dia) {
-    ASSERT_TRUE(p->db().ejecutar(u"DELETE FROM COLUMNA"));
-    ASSERT_TRUE(p->db().ejecutar(
-        u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, stkABLE) VALUES (7, 1, ?, ?, 1)", dia,
-        dia + 0.9));
+    p->sql(u"DELETE FROM COLUMNA"_s);
+    p->periodo({.link = 7, .desde = dia, .hasta = dia + 0.9, .stkABLE = 1});
   };
   periodo(43000);
-  ASSERT_TRUE(
-      p->db().ejecutar(u"INSERT INTO TOTPLU (LINK, GRUPO, CODI, CON, PES) VALUES (7, 1, 7, "
-                       u"1, 1)"));
+  p->total(u"TOTPLU", {.link = 7, .codi = 7, .con = 1, .pes = 1});
   Pendientes libro(p->db());
   ASSERT_TRUE(libro.anotar({VerboPeriodos::Stock, 0}, {7}));
   ASSERT_TRUE(libro.anotarExporte({u"NOCHE"_s, 1, u"x"_s}, {u"1.1.7"_s, {7}}));
@@ -122,16 +128,13 @@ TEST_F(DeudasTest, UnNumeroDadoDeNuevoNoHeredaDeudas) {
   correr(u"P:STOCK\r\nE:TOTALIZA,No,No,VENTAS\r\n"_s, *p);
   EXPECT_TRUE(p->lineas.filter(u"pendiente"_s).isEmpty()) << p->lineas.join(u'\n').toStdString();
   EXPECT_TRUE(tienda_.texto(u"VENTAS.EXP"_s).isEmpty());
-  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM MovsAlm")->entero(), 0);
+  EXPECT_EQ(p->uno(u"SELECT count(*) FROM MovsAlm"_s).entero(), 0);
 }
 
 TEST_F(DeudasTest, LoQueNoPuedeHacerseLoOlvidaUnaPersona) {
   const auto p = tienda_.programa();
-  for (const char16_t* sql :
-       {u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (7, 1, 43000, "
-        u"43000.999988425926, 'x')",
-        u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON) VALUES (7, 1, 0, 10000000)"})
-    ASSERT_TRUE(p->db().ejecutar(QString::fromUtf16(sql)));
+  p->periodo({.link = 7, .desde = 43000, .hasta = 43000 + Fecha::kUltimoSegundo, .descr = u"x"})
+      .total(u"TOTGRT", {.link = 7, .codi = 1, .con = 10000000});
   correr(u"P:SELECCIONAR,1,22/09/2017,22/09/2017\r\nE:TOTALIZA,No,No,VENTAS\r\n"_s, *p);
   Pendientes libro(p->db());
   ASSERT_TRUE(libro.anotar({VerboPeriodos::Acumular, 2}, {7}));

@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "Banco.h"
+#include "automation/TiendaDeProcesos.h"
 #include "automation/lenguaje/Proceso.h"
 #include "textos/TextosDePrueba.h"
 
@@ -21,7 +21,7 @@ class LenguajeTest : public testing::Test {
 
 struct CasoLinea {
   const char16_t* linea;
-  const char16_t* escrita;  // what the writer makes of the step read; "-" no step, "!" an error
+  const char16_t* escrita;  // the written form of the step read; "-" no step, "!" an error
 };
 
 class LineaTest : public LenguajeTest, public testing::WithParamInterface<CasoLinea> {};

@@ -1,5 +1,5 @@
-// A run that is killed and started again ends as if it had run once.
-#include "Banco.h"
+// A run killed and started again ends as if it had run once.
+#include "automation/TiendaDeProcesos.h"
 
 namespace tarvo::automation {
 namespace {
@@ -22,7 +22,7 @@ struct Final {
   int preguntas = 0;
 };
 
-Final acabar(Tienda& tienda, const Programa& p) {
+Final acabar(TiendaDeProcesos& tienda, const Programa& p) {
   return {tienda.libros(), tienda.texto(u"VENTAS.EXP"_s), maquinasDePrueba(),
           p.fin.value_or(ResultadoProceso::Abortado), tienda.respuestas.preguntas};
 }
@@ -36,7 +36,7 @@ void esperarIgual(const Final& una, const Final& otra, const std::string& donde)
 }
 
 Final deUnTiron() {
-  Tienda tienda;
+  TiendaDeProcesos tienda;
   tienda.respuestas.numeros[u"%g"_s] = 1;
   const auto p = tienda.programa();
   p->correr(kNoche);
@@ -44,11 +44,11 @@ Final deUnTiron() {
   return acabar(tienda, *p);
 }
 
-// Kills the run where `vivir` says, starts the program anew and lets it end. False when it ended
+// Kills the run where `vivir` says, restarts the program and lets it end. False when it ended
 // before it was killed.
 template <class Vivir>
 bool conCorte(Vivir vivir, int corteEn, Final& final) {
-  Tienda tienda;
+  TiendaDeProcesos tienda;
   tienda.respuestas.numeros[u"%g"_s] = 1;
   bool cortado = false;
   {
@@ -75,7 +75,7 @@ TEST(Reanudar, MuertaEntreDosTicsCualesquiera) {
   int cortes = 0;
   for (int n = 0;; ++n) {
     Final f;
-    const auto vivir = [n](Tienda& t, Programa& p) {
+    const auto vivir = [n](TiendaDeProcesos& t, Programa& p) {
       for (int i = 0; i < n && !p.fin; ++i) t.reloj.siguiente();
       return true;
     };
@@ -87,12 +87,12 @@ TEST(Reanudar, MuertaEntreDosTicsCualesquiera) {
   EXPECT_GT(cortes, 30);
 }
 
-// A computer that is shut down tells the program first; started again it goes on all the same.
+// A shutdown warns the program first; when restarted it still resumes.
 TEST(Reanudar, InterrumpidaDesdeFueraSigueDespues) {
   const Final limpia = deUnTiron();
   int cortes = 0;
   for (int n = 1;; n += 3) {
-    Tienda tienda;
+    TiendaDeProcesos tienda;
     tienda.respuestas.numeros[u"%g"_s] = 1;
     {
       const auto p = tienda.programa();
@@ -114,13 +114,13 @@ TEST(Reanudar, InterrumpidaDesdeFueraSigueDespues) {
   EXPECT_GT(cortes, 8);
 }
 
-// The clock is asked all over the rooms, inside their transactions too.
+// The clock is read throughout the rooms, inside their transactions as well.
 TEST(Reanudar, MuertaDentroDeUnPaso) {
   const Final limpia = deUnTiron();
   int cortes = 0;
   for (int n = 1;; ++n) {
     Final f;
-    if (!conCorte([](Tienda&, Programa& p) { return !p.hastaElFin(); }, n, f)) break;
+    if (!conCorte([](TiendaDeProcesos&, Programa& p) { return !p.hastaElFin(); }, n, f)) break;
     esperarIgual(f, limpia, "pregunta " + std::to_string(n));
     if (HasFailure()) return;
     ++cortes;
@@ -130,7 +130,7 @@ TEST(Reanudar, MuertaDentroDeUnPaso) {
 
 class ReanudarTest : public testing::Test {
  protected:
-  // The run lives until `vivo` steps are done, and is killed.
+  // The run is killed after `vivo` steps.
   void matar(const QString& proceso, int vivo) {
     const auto p = tienda_.programa();
     p->correr(proceso);
@@ -144,7 +144,7 @@ class ReanudarTest : public testing::Test {
     return p;
   }
   qint64 contar(Programa& p, const QString& sql) { return p.db().uno(sql)->entero(); }
-  Tienda tienda_;
+  TiendaDeProcesos tienda_;
 };
 
 TEST_F(ReanudarTest, SeDiceYNoSePreguntaOtraVez) {
@@ -157,6 +157,16 @@ TEST_F(ReanudarTest, SeDiceYNoSePreguntaOtraVez) {
             1);
   for (const auto& paso : p->automat().pasos())
     EXPECT_EQ(paso.estado, EstadoPaso::Hecho) << "also those of the life before";
+}
+
+// A refused task has been reported; it isn't retried.
+TEST_F(ReanudarTest, LoRechazadoNoSeRepite) {
+  const QString proceso = u"T:RXGRTOT,ALL\r\nN:a\r\nC:ESPERA,0,No"_s;
+  tienda_.programa()->sql(u"UPDATE GRUPOS SET REMOTO=0 WHERE CODGPO=1"_s);
+  matar(proceso, 2);
+  const auto p = seguir(proceso);
+  EXPECT_EQ(p->lineas.filter(u"recogido Gran Total"_s).size(), 1);
+  EXPECT_TRUE(p->lineas.filter(u"al reanudar"_s).isEmpty()) << p->lineas.join(u'\n').toStdString();
 }
 
 TEST_F(ReanudarTest, LosGruposSinMemorizarSiguenSinPonerseACero) {
@@ -212,8 +222,8 @@ INSTANTIATE_TEST_SUITE_P(Casos, ViejaTest,
                                          CasoVieja{"memorizada y antigua", 3, 1, false, true}),
                          [](const auto& c) { return std::to_string(c.index); });
 
-// An old run memorised once and was cut off in front of its second closing: what follows that one
-// is about periods that it never made.
+// An old run memorised once and was interrupted before its second closing: the steps after that are
+// about periods it never made.
 TEST_F(ReanudarTest, LoQueSigueASuSegundoCierreNoSeCompleta) {
   const QString proceso =
       u"T:RXGRTOT,ALL\r\nC:ESPERA,0,Sí\r\nS:CERRAR,x,Sí,Sí\r\nN:a\r\nP:LIMPIAR\r\nP:SEL. "
@@ -236,7 +246,7 @@ TEST_F(ReanudarTest, ALas12HorasSeEmpiezaDeNuevo) {
   }
 }
 
-// Another process leaves alone what this one left half done.
+// Another process leaves this one's half-done run alone.
 TEST_F(ReanudarTest, CadaProcesoTieneSuDiario) {
   matar(u"N:a\r\nN:b\r\nN:c"_s, 2);
   {

@@ -1,9 +1,9 @@
 // The history of runs and the morning's summary, read after nights on the real rooms.
 #include <QFile>
 
-#include "Banco.h"
 #include "automation/ProximaVez.h"
 #include "automation/Resumen.h"
+#include "automation/TiendaDeProcesos.h"
 #include "automation/historia/TablasHistoria.h"
 #include "textos/TextosDePrueba.h"
 
@@ -32,33 +32,20 @@ void correr(Programa& p, const QString& proceso = kNoche) {
   EXPECT_TRUE(p.hastaElFin());
 }
 
-void ejecutar(Programa& p, const QString& sql) {
-  EXPECT_TRUE(p.db().ejecutar(sql)) << sql.toStdString();
-}
-
-// The same weekday, some weeks before: what group 1 and group 2 sold.
+// The same weekday, some weeks before: the sales of groups 1 and 2.
 void semanaAntes(Programa& p, int semanas, int uno, int dos) {
   const Fecha dia = Fecha::de(QDate(2026, 3, 4)) - 7.0 * semanas;
   const int link = 900 + semanas;
-  EXPECT_TRUE(p.db().ejecutar(
-      u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (?, 1, ?, ?, 'x')", link,
-      dia, dia + Fecha::kUltimoSegundo));
-  const auto grupo = [&](int g, int importe) {
-    EXPECT_TRUE(p.db().ejecutar(
-        u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON, [IMP]) VALUES (?, ?, 0, 1, ?)", link, g,
-        importe));
-  };
-  grupo(1, uno);
-  grupo(2, dos);
+  p.periodo({.link = link, .desde = dia, .hasta = dia + Fecha::kUltimoSegundo, .descr = u"x"})
+      .total(u"TOTGRT", {.link = link, .grupo = 1, .codi = 1, .con = 1, .imp = uno})
+      .total(u"TOTGRT", {.link = link, .grupo = 2, .codi = 2, .con = 1, .imp = dos});
 }
 
 TEST(Resumen, UnGrupoMudoEnLaNoche) {
-  Tienda tienda;
+  TiendaDeProcesos tienda;
   maquinasDePrueba().mudas = {2};
   const auto p = tienda.programa();
-  ejecutar(
-      *p,
-      u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, REMOTO) VALUES (3, 'Almacén', 1, 1, 0)"_s);
+  p->grupo({.codigo = 3, .nombre = u"Almacén", .remoto = 0});
   semanaAntes(*p, 1, 2000, 700'000);
   semanaAntes(*p, 3, 1000, 700'000);
   QFile horario(tienda.dir.filePath(u"TIENDA.CRO"_s));
@@ -78,7 +65,7 @@ TEST(Resumen, UnGrupoMudoEnLaNoche) {
   EXPECT_EQ(r.grupos[0].estado, EstadoGrupo::Bien) << r.grupos[0].motivo.toStdString();
   EXPECT_EQ(r.grupos[0].importe, 2500);
   EXPECT_EQ(r.grupos[0].cuadran, 1);
-  EXPECT_EQ(r.grupos[0].motivo, u"Recogido y puesto a cero. 1 suma cuadra.");
+  EXPECT_EQ(r.grupos[0].motivo, u"Recogido y puesto a cero. Sus totales cuadran.");
   EXPECT_EQ(r.grupos[1].estado, EstadoGrupo::Fallido);
   EXPECT_EQ(r.grupos[1].motivo, u"No se recogió nada: No se encuentra el HOST especificado.");
   EXPECT_EQ(r.grupos[1].importe, std::nullopt);
@@ -97,30 +84,28 @@ TEST(Resumen, UnGrupoMudoEnLaNoche) {
   EXPECT_FALSE(r.proxima->activo);
 }
 
-// An import or a memorisation that replaces the night's period gives it another number, and its own
-// to another.
+// An import or memorisation that replaces the night's period gives it another number, and its
+// former number to another.
 TEST(Resumen, ElPeriodoDeLaNocheSeReconocePorSusFechas) {
-  Tienda tienda;
+  TiendaDeProcesos tienda;
   const auto p = tienda.programa();
   correr(*p);
   const qint64 link = leer(*p).periodos.at(0).link;
-  ejecutar(*p, u"UPDATE COLUMNA SET LINK=50 WHERE LINK=%1"_s.arg(link));
-  ejecutar(*p, u"UPDATE TOTGRT SET LINK=50 WHERE LINK=%1"_s.arg(link));
-  ejecutar(*p,
-           u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (%1, 1, 40000, "
-           u"40000.9, 'otro')"_s.arg(link));
+  p->sql(u"UPDATE COLUMNA SET LINK=50 WHERE LINK=%1"_s.arg(link));
+  p->sql(u"UPDATE TOTGRT SET LINK=50 WHERE LINK=%1"_s.arg(link));
+  p->periodo({.link = link, .desde = 40000, .hasta = 40000.9, .descr = u"otro"});
   Resumen r = leer(*p);
   ASSERT_EQ(r.periodos.size(), 1U);
   EXPECT_EQ(r.periodos[0].link, 50);
   EXPECT_TRUE(r.grupos.at(0).importe.has_value());
-  ejecutar(*p, u"DELETE FROM COLUMNA WHERE LINK=50"_s);
+  p->sql(u"DELETE FROM COLUMNA WHERE LINK=50"_s);
   r = leer(*p);
   EXPECT_TRUE(r.periodos.empty());
   EXPECT_EQ(r.perdidos, 1);
 }
 
 TEST(Resumen, ArregladoPorLaManana) {
-  Tienda tienda;
+  TiendaDeProcesos tienda;
   maquinasDePrueba().mudas = {2};
   correr(*tienda.programa());
   maquinasDePrueba().mudas.clear();
@@ -139,12 +124,12 @@ TEST(Resumen, ArregladoPorLaManana) {
   EXPECT_EQ(leer(*p).ejecuciones.size(), 1U) << "the night before the last is over";
 }
 
-// The next night is under way: nothing of the one before is told of a group that it reads.
+// The next night is under way: nothing from the previous one is reported for a group that it reads.
 TEST(Resumen, UnaNocheEnMarchaNoHablaDeLaAnterior) {
-  Tienda tienda;
+  TiendaDeProcesos tienda;
   const auto p = tienda.programa();
   correr(*p);
-  EXPECT_EQ(leer(*p).grupos[0].motivo, u"Recogido y puesto a cero. 1 suma cuadra.");
+  EXPECT_EQ(leer(*p).grupos[0].motivo, u"Recogido y puesto a cero. Sus totales cuadran.");
   tienda.reloj.avanzar(20 * 3600 * 1000);
   maquinasDePrueba().porGrupo[1] = {1, 100, 300, 0};
   p->correr(kNoche);
@@ -159,16 +144,16 @@ TEST(Resumen, UnaNocheEnMarchaNoHablaDeLaAnterior) {
 
 // Read again and not zeroed since: the zeroing of the night is older.
 TEST(Resumen, UnCeroAnteriorALaLecturaNoCuenta) {
-  Tienda tienda;
+  TiendaDeProcesos tienda;
   const auto p = tienda.programa();
   correr(*p);
   tienda.reloj.avanzar(10 * 3600 * 1000);
   maquinasDePrueba().porGrupo[1] = {1, 100, 300, 0};
   correr(*p, u"T:RXPLUS,1\r\nT:RXGRTOT,1\r\nC:ESPERA,1,No\r\n"_s);
   Resumen r = leer(*p);
-  EXPECT_EQ(r.grupos[0].motivo, u"Recogido. 1 suma cuadra.");
+  EXPECT_EQ(r.grupos[0].motivo, u"Recogido. Sus totales cuadran.");
   EXPECT_FALSE(r.grupos[0].importe) << "what the night memorised is not what was read now";
-  EXPECT_EQ(r.grupos[1].motivo, u"Recogido y puesto a cero. 1 suma cuadra.");
+  EXPECT_EQ(r.grupos[1].motivo, u"Recogido y puesto a cero. Sus totales cuadran.");
   EXPECT_EQ(r.grupos[1].importe, 1100);
   correr(*p, u"S:CERRAR,x,Sí,Sí\r\n"_s);
   r = leer(*p);
@@ -176,18 +161,58 @@ TEST(Resumen, UnCeroAnteriorALaLecturaNoCuenta) {
 }
 
 TEST(Resumen, LoQueNoCuadra) {
-  Tienda tienda;
+  TiendaDeProcesos tienda;
   const auto p = tienda.programa();
   correr(*p);
-  ejecutar(*p, u"UPDATE TOTPLU SET [IMP]=[IMP]-1 WHERE GRUPO=1 AND LINK>0"_s);
+  p->sql(u"UPDATE TOTPLU SET [IMP]=[IMP]-1 WHERE GRUPO=1 AND LINK>0"_s);
   const Resumen r = leer(*p);
   EXPECT_EQ(r.grupos[0].estado, EstadoGrupo::Dudoso);
-  EXPECT_EQ(r.grupos[0].motivo, u"1 suma no cuadra con el gran total.");
+  EXPECT_EQ(r.grupos[0].motivo, u"Sus totales no cuadran: 1 no da lo mismo que el gran total.");
   EXPECT_EQ(r.grupos[1].estado, EstadoGrupo::Bien);
 }
 
+// A night without any sales on a weekday with usual sales is not a good one.
+TEST(Resumen, UnaNocheSinVentas) {
+  for (const bool seVende : {true, false}) {
+    Tienda tienda;
+    const auto p = tienda.programa();
+    if (seVende) semanaAntes(*p, 1, 2000, 3000);
+    for (const int g : {1, 2}) maquinasDePrueba().porGrupo[g] = {0, 0, 0, 0};
+    correr(*p);
+    const Resumen r = leer(*p);
+    ASSERT_EQ(r.avisos.size(), seVende ? 1U : 0U);
+    if (!seVende) continue;
+    EXPECT_TRUE(r.avisos[0].texto.startsWith(u"No se recogió ninguna venta de 4 de"));
+  }
+}
+
+// A timetable's hour passed without a run: reported for a process used by this shop, until it runs.
+TEST(Resumen, LoQueDebiaEjecutarseYNadieEjecuto) {
+  static constexpr struct {
+    int horas;  // since the run
+    bool falta;
+  } kDespues[] = {{1, false}, {20, false}, {27, true}};
+  for (const auto& c : kDespues) {
+    Tienda tienda;
+    const auto p = tienda.programa();
+    correr(*p);  // on the 4th at 22:00
+    QFile horario(tienda.dir.filePath(u"TIENDA.CRO"_s));
+    ASSERT_TRUE(horario.open(QIODevice::WriteOnly));
+    horario.write("22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,S\xED;NOCHE\r\n");
+    horario.flush();
+    horario.setFileTime(QDateTime(QDate(2026, 3, 1), QTime(0, 0)),
+                        QFileDevice::FileModificationTime);
+    horario.close();
+    tienda.reloj.avanzar(c.horas * 3600 * 1000LL);
+    const Resumen r = leer(*p);
+    ASSERT_EQ(r.avisos.size(), c.falta ? 1U : 0U) << c.horas;
+    if (!c.falta) continue;
+    EXPECT_TRUE(r.avisos[0].texto.startsWith(u"NOCHE debía ejecutarse el 05/03/2026 22:00:00"));
+  }
+}
+
 TEST(Resumen, MuertaAMitad) {
-  Tienda tienda;
+  TiendaDeProcesos tienda;
   {
     const auto p = tienda.programa();
     p->correr(kNoche);
@@ -205,12 +230,11 @@ TEST(Resumen, MuertaAMitad) {
   EXPECT_EQ(despues.cuantos(EstadoGrupo::Bien), 2);
 }
 
-// The tables of a version that kept no history.
+// The tables of a version without a history.
 TEST(Historial, UnaBaseAntigua) {
-  Tienda tienda;
+  TiendaDeProcesos tienda;
   const auto p = tienda.programa();
-  ejecutar(
-      *p,
+  p->sql(
       u"CREATE TABLE ProcesoTareas (EJECUCION INTEGER NOT NULL, PASO INTEGER NOT NULL, GRUPO INTEGER NOT NULL, HECHA INTEGER DEFAULT 0, PRIMARY KEY (EJECUCION, PASO, GRUPO))"_s);
   ASSERT_TRUE(asegurarTablasHistoria(p->db()));
   EXPECT_EQ(leer(*p).grupos[0].motivo, u"Todavía no se ha ejecutado ningún proceso.");
@@ -219,10 +243,10 @@ TEST(Historial, UnaBaseAntigua) {
 }
 
 TEST(Historial, GuardaLasUltimasCien) {
-  Tienda tienda;
+  TiendaDeProcesos tienda;
   const auto p = tienda.programa();
   for (int i = 0; i < kEjecucionesGuardadas + 3; ++i)
-    correr(*p, u"T:RXGRTOT,9\r\nC:ESPERA,0,No\r\n"_s);  // there is no such group
+    correr(*p, u"T:RXGRTOT,9\r\nC:ESPERA,0,No\r\n"_s);  // no such group
   for (const char16_t* tabla : {u"Ejecuciones", u"ProcesoTareas"})
     EXPECT_EQ(
         p->db().uno(QString(u"SELECT count(*) FROM "_s + QString::fromUtf16(tabla)))->entero(),
@@ -233,13 +257,13 @@ TEST(Historial, GuardaLasUltimasCien) {
   EXPECT_EQ((*avisos)[1].texto, u"Grupos rechazados: 0009");
 }
 
-// A newer program may have run here: what it did is not told as something else.
+// A newer program may have run here: its actions are not reported as something else.
 TEST(Historial, UnaClaseDeTareaDesconocidaSeDice) {
-  Tienda tienda;
+  TiendaDeProcesos tienda;
   const auto p = tienda.programa();
   correr(*p, u"T:RXGRTOT,9\r\nC:ESPERA,0,No\r\n"_s);
   EXPECT_TRUE(Historial(p->db(), textosDePrueba()).tareas(1));
-  ASSERT_TRUE(p->db().ejecutar(u"UPDATE ProcesoTareas SET CLASE=99"));
+  p->sql(u"UPDATE ProcesoTareas SET CLASE=99"_s);
   const auto tareas = Historial(p->db(), textosDePrueba()).tareas(1);
   ASSERT_FALSE(tareas);
   EXPECT_TRUE(tareas.error().texto.contains(u"99"));

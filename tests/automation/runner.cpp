@@ -1,7 +1,7 @@
 // The runner on the real rooms: steps, messages, trace, phases.
 #include <QDir>
 
-#include "Runner.h"
+#include "automation/Runner.h"
 
 namespace tarvo::automation {
 namespace {
@@ -14,7 +14,7 @@ TEST_F(RunnerTest, UnaNocheEntera) {
   EXPECT_EQ(
       lineas[1],
       u"    Grupo 0001 Tienda: recogido Totales por artículos, Gran Total; memorizado 25,00 en 4 "
-      u"marzo 2026 (DIARIO); puesto a cero");
+      u"de marzo de 2026; puesto a cero");
   EXPECT_EQ(lineas[3], u"    Exportado en VENTAS.EXP: 1 periodo");
   EXPECT_TRUE(lineas[4].startsWith(u"Ejecución finalizada: 04/03/2026 22:0"));
   EXPECT_EQ(tienda_.texto(u"NOCHE.TZA"_s), lineas.join(u"\r\n") + u"\r\n"_s);
@@ -26,7 +26,7 @@ TEST_F(RunnerTest, UnaNocheEntera) {
   EXPECT_TRUE(libros.contains(u"MovsAlm: 1|7|1500"_s)) << libros.join(u'\n').toStdString();
 }
 
-// Whoever is told a line, another program among them, finds it in the file.
+// A line reported to any listener, another program included, is already in the file.
 TEST_F(RunnerTest, LoQueSeDiceEstaYaEnElFichero) {
   const auto p = tienda_.programa();
   QStringList faltan;
@@ -91,10 +91,10 @@ INSTANTIATE_TEST_SUITE_P(
                  kMal},
         CasoPaso{u"N:un comentario", u"", kBien}));
 
-// A kind that nobody can send, or that the group doesn't take, is no fault of the group.
+// A kind that can't be sent, or that the group doesn't take, is not the group's fault.
 TEST_F(RunnerTest, LoQueNadieSabeEnviarSeDiceComoEs) {
   const auto p = tienda_.programa();
-  ASSERT_TRUE(p->db().ejecutar(u"UPDATE GRUPOS SET TIPO=9 WHERE CODGPO=1"));
+  p->sql(u"UPDATE GRUPOS SET TIPO=9 WHERE CODGPO=1"_s);
   const auto lineas = correr(u"T:TXTECLA,2\r\nT:RXGRTOT,1\r\nT:RXGRTOT,8\r\nC:ESPERA,0,No"_s, *p);
   EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
   const auto bajo = [&](const QString& cabecera) {
@@ -105,7 +105,7 @@ TEST_F(RunnerTest, LoQueNadieSabeEnviarSeDiceComoEs) {
   EXPECT_EQ(bajo(u"003:TAREA"_s), u"    Grupo de destino no existe o destino mal configurado");
 }
 
-// Manual mode would stop the wait of a process for ever.
+// Manual mode would block a process's wait for ever.
 TEST_F(RunnerTest, MientrasEsperaNadiePasaAManual) {
   const auto p = tienda_.programa();
   p->correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nN:a"_s);
@@ -115,7 +115,7 @@ TEST_F(RunnerTest, MientrasEsperaNadiePasaAManual) {
   EXPECT_EQ(p->fin, ResultadoProceso::Bien);
   p->motor().CambioAModo(false);
   EXPECT_FALSE(p->motor().ModoAutomatico());
-  // A run that is held leaves the tasks to the person.
+  // A held run leaves the tasks to the person.
   p->correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nN:a"_s);
   p->automat().retener();
   p->motor().CambioAModo(false);
@@ -130,7 +130,7 @@ TEST_F(RunnerTest, LoQueYaExisteNoSeCreaOtraVez) {
   const QString crear = u"P:CREAR,5,02/03/2026,03/03/2026,x\r\n"_s;
   const auto lineas = correr(crear + crear, *p);
   EXPECT_EQ(p->fin, ResultadoProceso::Bien);
-  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM COLUMNA")->entero(), 1);
+  EXPECT_EQ(p->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(), 1);
   EXPECT_EQ(lineas.filter(u"ya existía y se toma como está"_s).size(), 1);
 }
 
@@ -142,7 +142,7 @@ TEST_F(RunnerTest, UnProcesoSinPasosAcabaBien) {
 
 TEST_F(RunnerTest, TodosLosGruposMenosLosRechazados) {
   const auto p = tienda_.programa();
-  ASSERT_TRUE(p->db().ejecutar(u"UPDATE GRUPOS SET REMOTO=0 WHERE CODGPO=1"));
+  p->sql(u"UPDATE GRUPOS SET REMOTO=0 WHERE CODGPO=1"_s);
   const auto lineas = correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,0,No"_s, *p);
   ASSERT_EQ(lineas.size(), 7) << lineas.join(u'\n').toStdString();
   EXPECT_EQ(lineas[4], u"    Grupo 0001 Tienda: sin hacer Gran Total");
@@ -150,10 +150,10 @@ TEST_F(RunnerTest, TodosLosGruposMenosLosRechazados) {
   EXPECT_EQ(lineas[1], u"001:TAREA");
   EXPECT_EQ(lineas[2], u"    Grupo de destino no existe o destino mal configurado");
   EXPECT_EQ(lineas[3], u"    Grupos rechazados: 0001");
-  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM TOTGRT WHERE LINK=0 AND GRUPO=2")->entero(), 1);
+  EXPECT_EQ(p->uno(u"SELECT count(*) FROM TOTGRT WHERE LINK=0 AND GRUPO=2"_s).entero(), 1);
 }
 
-// What the session and the periods are after the step that says that all is well.
+// The session and the periods after a step that reports success.
 TEST_F(RunnerTest, LosPasosHacenLoQueDicen) {
   struct Caso {
     const char16_t* proceso;
@@ -164,20 +164,19 @@ TEST_F(RunnerTest, LosPasosHacenLoQueDicen) {
       u"P:CREAR,5,02/03/2026,04/03/2026,t\r\nP:SELECCIONAR,5,02/03/2026,04/03/2026\r\n"_s;
   const Caso casos[] = {
       {u"S:ABRIR", u"1 "},
-      {u"P:SUMAR", u"0 a5:1 b5:2 t5:6"},  // t is in the selection and has three already
+      {u"P:SUMAR", u"0 a5:1 b5:2 t5:6"},  // t is in the selection and already has three
       {u"P:ACUMULAR,2", u"0 a5:1* b5:2* t5:3* 2:6"},
       {u"P:ACUMULAR,2\r\nP:SELECCIONAR,5,02/03/2026,04/03/2026\r\nP:DESACUMULAR,2",
        u"0 a5:1 b5:2 t5:3 2:0"},
   };
   for (const Caso& c : casos) {
-    Tienda tienda;
+    TiendaDeProcesos tienda;
     const auto p = tienda.programa();
     const QString paso = QString::fromUtf16(c.proceso);
     const bool periodos = paso.startsWith(u'P');
     if (periodos) {
       correr(dos, *p);
-      ASSERT_TRUE(p->db().ejecutar(
-          u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON) SELECT LINK, 1, 0, LINK FROM COLUMNA"));
+      p->sql(u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON) SELECT LINK, 1, 1, LINK FROM COLUMNA"_s);
     }
     correr(periodos ? u"P:SELECCIONAR,5,02/03/2026,04/03/2026\r\n"_s + paso : paso, *p);
     QString queda = QString::number(p->sesion().estado()) + u' ';
@@ -203,8 +202,7 @@ TEST_F(RunnerTest, AbrirConDatosDentro) {
   EXPECT_TRUE(lineas.contains(u"    La sesión está ya abierta"_s));
 }
 
-// A machine that answers nothing: said, dropped, its zeroing not sent; and the run ends without any
-// wait in it.
+// A silent machine: reported, dropped, its zeroing not sent; and the run ends without any wait.
 TEST_F(RunnerTest, UnGrupoMudo) {
   maquinasDePrueba().mudas = {2};
   const auto p = tienda_.programa();
@@ -238,7 +236,19 @@ TEST_F(RunnerTest, LoQueNoSeMemorizaNoSePoneACero) {
   EXPECT_EQ(p->sesion().estado(), 2);
 }
 
-// Neither the readings nor the memorisation can be: who has read nothing lets nothing be forgotten.
+// A reading waiting for its memorisation blocks the next one: later sales are only in the machine.
+TEST_F(RunnerTest, LoQueNoSePudoLeerNoSePoneACero) {
+  const auto p = tienda_.programa();
+  correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nT:TX_ZERO,1\r\nC:ESPERA,0,No"_s, *p);
+  ASSERT_EQ(maquinasDePrueba().ceros, 1);
+  maquinasDePrueba().porGrupo[1] = {3, 0, 900, 0};
+  correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nS:CERRAR,x,Sí,Sí\r\nT:TX_ZERO,1\r\nC:ESPERA,0,No"_s, *p);
+  EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
+  EXPECT_EQ(maquinasDePrueba().ceros, 1);
+  EXPECT_EQ(maquinasDePrueba().porGrupo[1].IMP, 900);
+}
+
+// Neither readings nor memorisation are possible: after reading nothing, nothing may be forgotten.
 TEST_F(RunnerTest, SinLasSesionesNadieOlvida) {
   const auto p = tienda_.programa();
   ASSERT_TRUE(p->db().ejecutarGuion(u"DROP TABLE Sesiones;\nCREATE TABLE Sesiones (x INTEGER);\n"));
@@ -270,15 +280,14 @@ TEST_F(RunnerTest, UnaLineaQueNoEsPasoSeDiceCuandoLoParece) {
   }
 }
 
-// A zeroing dated by a clock that stood in another century.
+// A zeroing dated by a clock set to another century.
 TEST_F(RunnerTest, UnaFechaImposibleNoDaLaVueltaAlPeriodo) {
   const auto p = tienda_.programa();
-  ASSERT_TRUE(p->db().ejecutar(u"UPDATE Sesiones SET PZERO=#1/1/2099#"));
+  p->sql(u"UPDATE Sesiones SET PZERO=#1/1/2099#"_s);
   correr(kNoche, *p);
-  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM COLUMNA WHERE FECHA1>FECHAF")->entero(), 0);
-  EXPECT_EQ(p->db()
-                .uno(u"SELECT sum(IMP) FROM TOTGRT t, COLUMNA c WHERE c.LINK=t.LINK AND TIPO<>2")
-                ->entero(),
+  EXPECT_EQ(p->uno(u"SELECT count(*) FROM COLUMNA WHERE FECHA1>FECHAF"_s).entero(), 0);
+  EXPECT_EQ(p->uno(u"SELECT sum(IMP) FROM TOTGRT t, COLUMNA c WHERE c.LINK=t.LINK AND TIPO<>2"_s)
+                .entero(),
             3600);
 }
 
@@ -360,7 +369,7 @@ TEST_F(RunnerTest, RetenerPasoASeguir) {
   EXPECT_EQ(p->automat().resultado(), ResultadoProceso::Problemas);
   p->automat().ejecutar();
   ASSERT_TRUE(p->hastaElFin());
-  EXPECT_EQ(p->fin, ResultadoProceso::Bien);  // going on by hand forgets earlier failures
+  EXPECT_EQ(p->fin, ResultadoProceso::Bien);  // resuming by hand forgets earlier failures
   EXPECT_EQ(p->lineas.filter(u"Ejecución retenida: "_s).size(), 2);
 }
 
@@ -391,7 +400,7 @@ TEST_F(RunnerTest, SinDiarioNoSeEjecutaNada) {
   EXPECT_EQ(p->sesion().estado(), 0);
 }
 
-// The record of a step can't be written: the step is undone, the run ends, and nothing more of it
+// The record of a step can't be written: the step is undone, the run ends, and nothing more
 // happens.
 TEST_F(RunnerTest, SinRegistroDeUnPasoNoHayPaso) {
   const auto p = tienda_.programa();
@@ -401,10 +410,10 @@ TEST_F(RunnerTest, SinRegistroDeUnPasoNoHayPaso) {
                             u"SELECT RAISE(ABORT, 'disco lleno'); END;\n"));
   correr(u"N:a\r\nP:CREAR,1,02/03/2026,,x\r\nP:CREAR,1,03/03/2026,,x"_s, *p);
   EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
-  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM COLUMNA")->entero(), 0);
+  EXPECT_EQ(p->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(), 0);
   EXPECT_EQ(p->lineas.filter(u"No se puede anotar el avance del proceso"_s).size(), 1);
-  EXPECT_EQ(p->db().uno(u"SELECT count(*) FROM Proceso")->entero(),
-            1);  // the next run goes on with it
+  EXPECT_EQ(p->uno(u"SELECT count(*) FROM Proceso"_s).entero(),
+            1);  // the next run resumes it
 }
 
 }  // namespace

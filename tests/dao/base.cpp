@@ -39,7 +39,7 @@ Fallo alAbrir(const QString& ruta, const Apertura& como = {}) {
   return db.error().clase;
 }
 
-// The superuser may write anything; these tests run as somebody else for a while.
+// The superuser may write anything, so these tests run as another user for a while.
 class SinPrivilegios {
  public:
   SinPrivilegios() : era_(::geteuid()) {
@@ -199,7 +199,7 @@ TEST_F(BasePrueba, TrasPerderLaTransaccionNadaSeEscribeFueraDeElla) {
   ASSERT_TRUE(db->BeginTrans());
   ASSERT_TRUE(db->Execute(u"insert into T (n) values (2)"));
   ASSERT_FALSE(db->Execute(
-      u"insert or rollback into T (n) values (1)"));  // the engine gives the transaction up
+      u"insert or rollback into T (n) values (1)"));  // the engine gives up the transaction
   EXPECT_FALSE(db->Execute(u"insert into T (n) values (3)"));
   EXPECT_FALSE(db->CommitTrans());
   db->Rollback();
@@ -211,7 +211,7 @@ TEST_F(BasePrueba, CopiaLoConfirmadoEnteroOnada) {
   const Puntero db = nueva(ruta("t.mdb"));
   ASSERT_TRUE(db->Execute(u"insert into T (n) values (1)"));
   {
-    // An older copy whose program died: what its journal holds is none of the new one's.
+    // An older copy whose program died: the contents of its journal don't belong to the new one.
     const Puntero vieja = nueva(ruta("copia.mdb"));
     for (int n = 0; n < 5; ++n) ASSERT_TRUE(vieja->Execute(u"insert into T (n) values (9)"));
     ASSERT_TRUE(QFile::copy(ruta("copia.mdb-wal"), ruta("diario")));
@@ -230,7 +230,7 @@ TEST_F(BasePrueba, CopiaLoConfirmadoEnteroOnada) {
   EXPECT_EQ(QDir(carpeta.path()).entryList({"*.nueva*"}).size(), 0);
 }
 
-// What is confirmed is on the disk, not on its way there.
+// Confirmed data are on the disk, not on their way there.
 TEST_F(BasePrueba, LoConfirmadoLlegaAlDisco) {
   constexpr qint64 kEntero = 2;
   const Puntero db = nueva(ruta("t.mdb"));
@@ -251,7 +251,7 @@ TEST_F(BasePrueba, UnaSentenciaSeGuardaYLigaSusValores) {
   QStringList v;
   for (; !(*rs)->Eof(); avanzar(**rs)) v += (*rs)->texto(0);
   EXPECT_EQ(v, (QStringList{"!", "ñ'1!", "ñ'2!"}));
-  // A kept text follows a change of the schema.
+  // A kept statement follows a change of the schema.
   ASSERT_TRUE(db->consultar(u"select * from T"));
   ASSERT_TRUE(db->Execute(u"alter table T add column otra integer default 5"));
   EXPECT_EQ((*db->consultar(u"select * from T"))->columna(u"OTRA"), 2);

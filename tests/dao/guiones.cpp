@@ -1,9 +1,8 @@
 // Runs the scripts of guiones/: each action has its expected outcome beneath it.
 //
-//   > statement               must succeed; "= n" beneath expects n rows changed
-//   ? query                   the rows expected follow, columns parted by "|", Null shown as ~
-//   ! Class statement         must fail with that class; "= text" beneath expects text in the
-//   sentence
+//   > statement               must succeed; "= n" beneath expects n rows changed ? query
+//   the rows expected follow, columns separated by "|", Null shown as ~ ! Class statement
+//   must fail with that class; "= text" beneath expects text in the sentence
 #include <gtest/gtest.h>
 
 #include <QFile>

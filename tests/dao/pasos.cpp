@@ -1,4 +1,4 @@
-// Steps of rooms: each runs once, in databases that exist too, and all of them or none.
+// Steps of rooms: each runs once, also in existing databases, and all of them or none.
 #include "core/dao/Pasos.h"
 
 #include <gtest/gtest.h>

@@ -4,12 +4,12 @@
 
 #include "core/dao/Database.h"
 
-// The next row; a failure ends the test, which would otherwise never leave its loop.
+// Moves to the next row; a failure ends the test, which would otherwise never leave its loop.
 inline void avanzar(tarvo::dao::Recordset& rs) {
   if (const auto r = rs.MoveNext(); !r) throw std::runtime_error(r.error().texto.toStdString());
 }
 
-// The row under the cursor, columns parted by "|", Null as "~".
+// The row under the cursor, columns separated by "|", Null as "~".
 inline QString filaComoTexto(const tarvo::dao::Recordset& rs) {
   QStringList celdas;
   for (int i = 0; i < rs.numColumnas(); ++i)
@@ -17,7 +17,7 @@ inline QString filaComoTexto(const tarvo::dao::Recordset& rs) {
   return celdas.join(u'|');
 }
 
-// All rows of a query, parted by blanks, or the sentence of its failure.
+// All rows of a query, separated by blanks, or its error message.
 inline std::string filasComoTexto(tarvo::dao::Database& db, const QString& sql) {
   const auto rs = db.consultar(sql);
   if (!rs) return rs.error().texto.toStdString();

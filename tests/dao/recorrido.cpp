@@ -43,7 +43,7 @@ TEST_F(Recorrido, DaCadaFilaUnaVezYAcabaDondeSeLePide) {
 }
 
 TEST_F(Recorrido, UnErrorLoAcaba) {
-  // A number without an absolute value: the query fails, though not at its first row.
+  // A number without an absolute value: the query fails, but not at its first row.
   ASSERT_TRUE(db->Execute(u"update T set x=-9223372036854775807-1 where n=2500"));
   int vistas = 0;
   EXPECT_FALSE(recorrer(db->consultar(u"select abs(x) from T order by n"),
@@ -80,7 +80,7 @@ TEST_F(Recorrido, LasMarcasSeLlenanYLaQueFaltaSeNombra) {
     QString lleno;
   };
   const Caso casos[] = {
-      {u"select {a}, {b} from {a}", u"select 1, {a} from 1"_s},  // what is put in isn't searched
+      {u"select {a}, {b} from {a}", u"select 1, {a} from 1"_s},  // replacements aren't searched
       {u"{a}", u"1"_s},
       {u"", u""_s},
       {u"select '}{' & {a} & '{'", u"select '}{' & {a} & '{'"_s},

@@ -96,7 +96,7 @@ TEST_F(TablaPrueba, UnRecorridoVeLasFilasQueSeAnadenDelante) {
   for (; !rs->Eof(); avanzar(*rs), ++filas) {
     const qint64 codi = rs->entero(2);
     if (codi == 100) anadir(1, 1, 101);  // next
-    if (codi == 598) anadir(2, 1, 1);    // after what was the last
+    if (codi == 598) anadir(2, 1, 1);    // after the former last
     if (codi == 50) {
       EXPECT_TRUE(db->Execute(u"delete from T where CODI in (52, 54)").has_value());
     }
@@ -167,7 +167,7 @@ TEST_F(TablaPrueba, NoDejaNingunaLecturaAbierta) {
   ASSERT_TRUE(rs->MoveFirst());
   auto q = db->consultar(u"select * from T");
   ASSERT_TRUE(q);
-  // An open reading would keep the log from being emptied.
+  // An open read would keep the log from being emptied.
   auto r = db->consultar(u"pragma wal_checkpoint");
   ASSERT_TRUE(r);
   EXPECT_EQ((*r)->entero(0), 0);

@@ -1,34 +1,20 @@
-// Groups in the database: what is read, what is stored, and the group of an empty database.
+// Groups in the database: loading, storing, and the group of an empty database.
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-
-#include "core/esquema/Esquema.h"
 #include "devices/Grupo.h"
 #include "devices/Modelos.h"
 #include "devices/PrimerGrupo.h"
 #include "devices/ivasDep.h"
+#include "tienda/TiendaVacia.h"
 
 using namespace tarvo;
 using namespace tarvo::devices;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-class BaseGrupos : public ::testing::Test {
- protected:
-  void SetUp() override {
-    auto abierta =
-        dao::Database::OpenDatabase(dir.filePath(QStringLiteral("b.mdb")), {.crear = true});
-    ASSERT_TRUE(abierta);
-    db = std::move(*abierta);
-    const auto alDia = esquema::ponerAlDia(*db, Fecha::deDias(45000));
-    ASSERT_TRUE(alDia) << alDia.error().texto.toStdString();
-  }
-  void sql(const char16_t* orden) {
-    const auto hecho = db->Execute(orden);
-    ASSERT_TRUE(hecho) << hecho.error().texto.toStdString();
-  }
-  dao::Valor uno(const char16_t* consulta) { return db->uno(consulta).value_or(dao::Valor()); }
+struct TiendaDeGrupos : testing::Test, prueba::TiendaVacia {
+  TiendaDeGrupos() { prueba::bien(esquema::ponerAlDia(*db, Fecha::deDias(45000))); }
   Grupo leer(int codigo) {
     Grupo g;
     const auto filas = db->consultar(u"select * from GRUPOS where CODGPO=?", codigo);
@@ -37,8 +23,6 @@ class BaseGrupos : public ::testing::Test {
     EXPECT_TRUE(leido) << leido.error().texto.toStdString();
     return g;
   }
-  QTemporaryDir dir;
-  std::unique_ptr<dao::Database> db;
 };
 
 Grupo grupoCompleto() {
@@ -46,15 +30,15 @@ Grupo grupoCompleto() {
   g.tipo(TipoGrupo::Balanzas);
   g.seccion = 1;
   g.Acceso = TipoAcceso::TcpIp;
-  g.Telefono = QStringLiteral("10.0.0.5:3001");
+  g.Telefono = u"10.0.0.5:3001"_s;
   g.TipoIVA(2, 4.5F);
   g.IVADepartam(3, 2);
   g.Training(1, true);
   g.Copia = g.CopiaBarras = true;
-  g.Horario = QStringLiteral("||||||||||||||");
+  g.Horario = u"||||||||||||||"_s;
   Balanza b;
   b.tipo(kHazel);
-  b.Formato(15, QStringLiteral("F"));
+  b.Formato(15, u"F"_s);
   b.PL_digEn = 4;
   b.PL_pFija = 77;
   b.Numero = 0;
@@ -67,14 +51,14 @@ Grupo grupoCompleto() {
 
 }  // namespace
 
-TEST_F(BaseGrupos, LoGuardadoVuelveIgual) {
-  sql(u"INSERT INTO OPERS (CODOPE, NOMOPE) VALUES (12, 'Ana')");
+TEST_F(TiendaDeGrupos, LoGuardadoVuelveIgual) {
+  operador(12, u"Ana");
   Grupo g = grupoCompleto();
   ASSERT_TRUE(g.AbreOperadores(*db));
   ASSERT_TRUE(g.CodOperador(1, 12));
   ASSERT_TRUE(g.CodOperador(2, 99));
   EXPECT_EQ(g.Operador(1), u"Ana");
-  const auto guardado = g.SaveAs(*db, 5, QStringLiteral("Cinco"));
+  const auto guardado = g.SaveAs(*db, 5, u"Cinco"_s);
   ASSERT_TRUE(guardado) << guardado.error().texto.toStdString();
   Grupo v = leer(5);
   EXPECT_EQ(v.Telefono, g.Telefono);
@@ -90,46 +74,48 @@ TEST_F(BaseGrupos, LoGuardadoVuelveIgual) {
   EXPECT_TRUE(v.Copia && v.CopiaBarras);
   EXPECT_EQ(v.Horario, g.Horario);
   EXPECT_EQ(v.LasBalanzas, g.LasBalanzas);
-  EXPECT_EQ(uno(u"SELECT TK_FLAGS FROM GRUPOS WHERE CODGPO=5").texto(), u"11111000");
-  EXPECT_TRUE(uno(u"SELECT canal FROM GRUPOS WHERE CODGPO=5").nulo());
-  EXPECT_EQ(uno(u"SELECT count(*) FROM Sesiones WHERE CODGPO=5").entero(), 1);
+  EXPECT_EQ(uno(u"SELECT TK_FLAGS FROM GRUPOS WHERE CODGPO=5"_s).texto(), u"11111000");
+  EXPECT_TRUE(uno(u"SELECT canal FROM GRUPOS WHERE CODGPO=5"_s).nulo());
+  EXPECT_EQ(uno(u"SELECT count(*) FROM Sesiones WHERE CODGPO=5"_s).entero(), 1);
 }
 
-TEST_F(BaseGrupos, GuardarOtraVezCambiaLaMismaFila) {
+TEST_F(TiendaDeGrupos, GuardarOtraVezCambiaLaMismaFila) {
   Grupo g = grupoCompleto();
-  ASSERT_TRUE(g.SaveAs(*db, 5, QStringLiteral("Cinco")));
+  ASSERT_TRUE(g.SaveAs(*db, 5, u"Cinco"_s));
   g.LasBalanzas.erase(0);
   g.Copia = false;
   g.Acceso = TipoAcceso::Directo;
   g.Canal = 2;
-  ASSERT_TRUE(g.SaveAs(*db, 5, QStringLiteral("Otro")));
-  EXPECT_EQ(uno(u"SELECT count(*) FROM BZAS WHERE SUGPO=5").entero(), 1);
-  EXPECT_EQ(uno(u"SELECT TK_CPIA FROM GRUPOS WHERE CODGPO=5").entero(), 0);
-  EXPECT_TRUE(uno(u"SELECT telef FROM GRUPOS WHERE CODGPO=5").nulo());
-  EXPECT_EQ(uno(u"SELECT count(*) FROM Sesiones WHERE CODGPO=5").entero(), 1);
-  const auto otroCodigo = g.SaveAs(*db, 6, QStringLiteral("Otro"));
+  ASSERT_TRUE(g.SaveAs(*db, 5, u"Otro"_s));
+  EXPECT_EQ(uno(u"SELECT count(*) FROM BZAS WHERE SUGPO=5"_s).entero(), 1);
+  EXPECT_EQ(uno(u"SELECT TK_CPIA FROM GRUPOS WHERE CODGPO=5"_s).entero(), 0);
+  EXPECT_TRUE(uno(u"SELECT telef FROM GRUPOS WHERE CODGPO=5"_s).nulo());
+  EXPECT_EQ(uno(u"SELECT count(*) FROM Sesiones WHERE CODGPO=5"_s).entero(), 1);
+  const auto otroCodigo = g.SaveAs(*db, 6, u"Otro"_s);
   ASSERT_TRUE(otroCodigo) << otroCodigo.error().texto.toStdString();
-  EXPECT_EQ(uno(u"SELECT count(*) FROM GRUPOS").entero(), 1);
-  EXPECT_EQ(uno(u"SELECT SUGPO FROM BZAS").entero(), 6);
+  EXPECT_EQ(uno(u"SELECT count(*) FROM GRUPOS"_s).entero(), 1);
+  EXPECT_EQ(uno(u"SELECT SUGPO FROM BZAS"_s).entero(), 6);
 }
 
-TEST_F(BaseGrupos, UnCodigoQueYaEstaNoRompeAlOtro) {
+TEST_F(TiendaDeGrupos, UnCodigoQueYaEstaNoRompeAlOtro) {
   Grupo uno5 = grupoCompleto(), otro = grupoCompleto();
-  ASSERT_TRUE(uno5.SaveAs(*db, 5, QStringLiteral("Cinco")));
+  ASSERT_TRUE(uno5.SaveAs(*db, 5, u"Cinco"_s));
   otro.LasBalanzas.clear();
-  EXPECT_FALSE(otro.SaveAs(*db, 5, QStringLiteral("Repetido")));
+  EXPECT_FALSE(otro.SaveAs(*db, 5, u"Repetido"_s));
   EXPECT_EQ(leer(5).LasBalanzas.size(), 2U);
   EXPECT_FALSE(otro.codigo());
 }
 
-TEST_F(BaseGrupos, LosNulosSeLeenPorSuRegla) {
+TEST_F(TiendaDeGrupos, LosNulosSeLeenPorSuRegla) {
   sql(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, ADDR, TIPO, PITO, EnLinea, TK_FLAGS, IVD01, "
-      u"canal, remoto) "
-      u"VALUES (7, 'x', NULL, NULL, NULL, NULL, NULL, '10101', NULL, NULL, 2)");
-  sql(u"INSERT INTO BZAS (SUGPO, NMBZA, TIPO, DIGIT_PLU, FIJO_PLU) VALUES (7, 2, 3, 7, 123)");
-  sql(u"INSERT INTO BZAS (SUGPO, NMBZA, TIPO, DIGIT_PLU, FIJO_PLU, ETQ11, Teclado) VALUES (7, 4, "
-      u"3, 4, 0, NULL, NULL)");
+      "canal, remoto) VALUES (7, 'x', NULL, NULL, NULL, NULL, NULL, '10101', NULL, NULL, 2)"_s);
+  sql(u"INSERT INTO BZAS (SUGPO, NMBZA, TIPO, DIGIT_PLU, FIJO_PLU, ETQ11, Teclado) "
+      "VALUES (7, 2, 3, 7, 123, '', Null), (7, 4, 3, 4, 0, NULL, NULL)"_s);
   const Grupo g = leer(7);
+  Grupo otro = grupoCompleto();  // nothing of what it held before stays
+  const auto fila = db->consultar(u"select * from GRUPOS where CODGPO=7");
+  ASSERT_TRUE(fila && otro.LetValues(*db, **fila));
+  EXPECT_EQ(otro.LasBalanzas, g.LasBalanzas);
   EXPECT_EQ(g.seccion, 1);
   EXPECT_EQ(g.NumGpo, 1);
   EXPECT_EQ(g.tipo(), TipoGrupo::Balanzas);
@@ -145,27 +131,25 @@ TEST_F(BaseGrupos, LosNulosSeLeenPorSuRegla) {
   }
 }
 
-// What nobody knows stays in the row for whoever does; a kind that a person chooses takes its
-// place.
-TEST_F(BaseGrupos, UnTipoOUnAccesoDesconocidoNoSePierde) {
-  sql(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, remoto, telef) VALUES (7, 'x', 1, 9, "
-      u"12, "
-      u"'alli')");
+// An unknown number stays in the row for programs that know it; a kind chosen by a person replaces
+// it.
+TEST_F(TiendaDeGrupos, UnTipoOUnAccesoDesconocidoNoSePierde) {
+  grupo({.codigo = 7, .nombre = u"x", .tipo = 9, .remoto = 12, .acceso = u"alli"});
   Grupo g = leer(7);
   EXPECT_EQ(g.tipo(), std::nullopt);
   EXPECT_EQ(g.Acceso, std::nullopt);
   const auto guardado = [&] {
-    EXPECT_TRUE(g.SaveAs(*db, 7, QStringLiteral("y")));
-    return uno(u"SELECT TIPO & '/' & remoto & '/' & telef FROM GRUPOS").texto();
+    EXPECT_TRUE(g.SaveAs(*db, 7, u"y"_s));
+    return uno(u"SELECT TIPO & '/' & remoto & '/' & telef FROM GRUPOS"_s).texto();
   };
   EXPECT_EQ(guardado(), u"9/12/alli");
   g.tipo(TipoGrupo::Birch);
   g.Acceso = TipoAcceso::TcpIp;
-  g.Telefono = QStringLiteral("host");
+  g.Telefono = u"host"_s;
   EXPECT_EQ(guardado(), u"4/3/host");
 }
 
-TEST_F(BaseGrupos, UnaTablaSinTodasLasColumnasSeLee) {
+TEST_F(TiendaDeGrupos, UnaTablaSinTodasLasColumnasSeLee) {
   Grupo g;
   g.tipo(TipoGrupo::Registradoras);
   Registradora r;
@@ -176,7 +160,7 @@ TEST_F(BaseGrupos, UnaTablaSinTodasLasColumnasSeLee) {
   g.IVADepartam(40, 3);
   ASSERT_TRUE(g.CodOperador(1, 4));
   ASSERT_TRUE(g.CodOperador(2, 5));
-  ASSERT_TRUE(g.SaveAs(*db, 8, QStringLiteral("Cajas")));
+  ASSERT_TRUE(g.SaveAs(*db, 8, u"Cajas"_s));
   const auto filas = db->OpenQuery(
       u"select CODGPO, tipo, OP01_C, OP01_T, OP03_C, OP03_T, IVD01, IVD02, IVD04 from GRUPOS");
   Grupo v;
@@ -188,7 +172,7 @@ TEST_F(BaseGrupos, UnaTablaSinTodasLasColumnasSeLee) {
   EXPECT_EQ(v.IVADepartam(40), 1);
 }
 
-TEST_F(BaseGrupos, FueraDeRangoNoSeLeeNiSeEscribe) {
+TEST_F(TiendaDeGrupos, FueraDeRangoNoSeLeeNiSeEscribe) {
   Grupo g;
   g.tipo(TipoGrupo::Ebony);
   ASSERT_TRUE(g.CodOperador(11, 5));
@@ -205,23 +189,23 @@ TEST_F(BaseGrupos, FueraDeRangoNoSeLeeNiSeEscribe) {
   EXPECT_TRUE(g.SonCes());
 }
 
-TEST_F(BaseGrupos, ElPrimerGrupoSeHaceUnaVez) {
-  const Ajustes ajustes(dir.path(), Idioma::Espanol);
+TEST_F(TiendaDeGrupos, ElPrimerGrupoSeHaceUnaVez) {
+  const Ajustes ajustes(carpeta.path(), Idioma::Espanol);
   for (int vez = 0; vez < 2; ++vez) {
     const auto hecho = asegurarPrimerGrupo(*db, ajustes);
     ASSERT_TRUE(hecho) << hecho.error().texto.toStdString();
   }
   const Grupo g = leer(1);
-  EXPECT_EQ(uno(u"SELECT NOMGPO FROM GRUPOS").texto(), u"GRUPO");
+  EXPECT_EQ(uno(u"SELECT NOMGPO FROM GRUPOS"_s).texto(), u"GRUPO");
   EXPECT_EQ(g.tipo(), TipoGrupo::Balanzas);
   ASSERT_EQ(g.LasBalanzas.size(), 1U);
   EXPECT_EQ(std::get<Balanza>(g.LasBalanzas.at(0)).tipo(), kCedar);
 }
 
-TEST_F(BaseGrupos, LasTasasPorDepartamento) {
+TEST_F(TiendaDeGrupos, LasTasasPorDepartamento) {
   Grupo g = grupoCompleto();
   g.TipoIVA(1, 21);
-  ASSERT_TRUE(g.SaveAs(*db, 5, QStringLiteral("Cinco")));
+  ASSERT_TRUE(g.SaveAs(*db, 5, u"Cinco"_s));
   const auto ivas = ivasDep::leer(*db);
   ASSERT_TRUE(ivas);
   EXPECT_FLOAT_EQ(ivas->IVA(5, 1), 21);

@@ -7,24 +7,25 @@
 
 using namespace tarvo;
 using namespace tarvo::devices;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 // The line of a key in the default keyboard of a model.
 QString tecla(int modelo, int n, Idioma idioma = Idioma::Espanol) {
-  return TecladoDefecto(modelo, idioma).split(QStringLiteral("\r\n")).value(n - 1);
+  return TecladoDefecto(modelo, idioma).split(u"\r\n"_s).value(n - 1);
 }
 
 Balanza balanzaRara() {
   Balanza b;
   b.tipo(kHazel);
-  b.Formato(11, QStringLiteral("uno"));
-  b.Formato(20, QStringLiteral("diez"));
+  b.Formato(11, u"uno"_s);
+  b.Formato(20, u"diez"_s);
   b.CassModo(2, 7);
   b.CassOper(3, 9);
-  b.Teclado.Teclado = QStringLiteral("001:999:\r\n");
-  b.Publici = {QStringLiteral("¡Compre! | hoy"), 2, 30};
-  b.RazonSo = QStringLiteral("C:1:Carnes\r\nP:0:Gracias\r\n");
+  b.Teclado.Teclado = u"001:999:\r\n"_s;
+  b.Publici = {u"¡Compre! | hoy"_s, 2, 30};
+  b.RazonSo = u"C:1:Carnes\r\nP:0:Gracias\r\n"_s;
   b.CB_Habil = false;
   b.CB_pFija = 84;
   b.FG_Devol = false;

@@ -1,4 +1,4 @@
-// Whole days by seed. CTest runs each case apart, so that the cores share them.
+// Whole days by seed. CTest runs each case separately, so that the cores share them.
 #include "dias/Mundo.h"
 #include "dias/Semillas.h"
 #include "noches/ProbarSemillas.h"

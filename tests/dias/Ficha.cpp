@@ -12,8 +12,8 @@ QByteArray numero(qint64 n, int ancho) {
   return QByteArray::number(n).rightJustified(ancho, '0');
 }
 
-// The letters that the shop of a seed uses and the machines write in their own way; a letter that
-// a machine lacks goes as what looks most like it.
+// Letters used by a seed's shop that the machines write in their own way; a letter missing from a
+// machine is sent as the most similar one.
 QByteArray letras(const QString& texto, Tipo tipo, bool lineas = false) {
   static const QString llanas = QStringLiteral("áÁàéÉíóÓúüÜªº¡´");
   static const char* const aLlanas = "aAaeEioOuuUao! ";
@@ -120,7 +120,7 @@ Lista deRegistradora(const Fila& f, const QByteArray& barras) {
   return l;
 }
 
-// The three prices of an article for a group: its offer's where one is in force.
+// The three prices of an article for a group: the offer's where one is in force.
 std::array<qint64, 3> precios(Lector& base, const Grupo& g, qint64 codigo, double dia,
                               const std::array<qint64, 3>& normales) {
   std::array<qint64, 3> p = normales;

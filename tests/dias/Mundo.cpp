@@ -105,7 +105,7 @@ void Mundo::suceso() {
   }
 }
 
-// A machine comes back with the memory that it had once.
+// A machine comes back with an old memory.
 void Mundo::memoriaVieja() {
   auto& m = t_.maquinas[static_cast<std::size_t>(
       t_.azar.entero(0, static_cast<int>(t_.maquinas.size()) - 1))];
@@ -119,8 +119,8 @@ void Mundo::memoriaVieja() {
   viejas_.insert(m.grupo->codigo);
 }
 
-// The last sending of the day finds good wires. Each group gets what its kind needs after what
-// happened to it.
+// The last sending of the day has good wires. Each group gets what its kind needs after the day's
+// events.
 void Mundo::finDelDia() {
   percances(true);
   for (const Grupo& g : t_.grupos) {
@@ -155,7 +155,7 @@ void Mundo::percances(bool calma) {
       f.probabilidad[static_cast<std::size_t>(a)] =
           std::pow(10.0, -0.7 - z.entero(0, 20) / 10.0) / (rara ? 10 : 1);
     }
-    // What is slow is at its worst before a refusal, which its late answer may cover.
+    // A slow answer is at its worst before a refusal, which it may hide.
     const bool lenta = !calma && z.ocurre(0.2);
     if (lenta) {
       f.probabilidad[static_cast<std::size_t>(z.ocurre(0.6) ? Averia::AckLento
@@ -163,9 +163,9 @@ void Mundo::percances(bool calma) {
       f.probabilidad[static_cast<std::size_t>(m.grupo->tipo == Tipo::Ebony ? Averia::Rechazo
                                                                            : Averia::Err)] = 0.3;
     }
-    // A machine that obeys an order about another number than the one it was given can't be seen.
+    // A machine obeying an order for another number than the one it was given can't be detected.
     f.probabilidad[static_cast<std::size_t>(Averia::OtroNumero)] = 0;
-    // Refuses what it is sent, some of it or all: full, or out of sorts.
+    // Refuses some or all of what it is sent: full, or faulty.
     if (!calma && z.ocurre(0.15))
       f.guion.push_back({Averia::Err, z.ocurre(0.3) ? 0 : z.entero(1, 8), m.grupo->vek() ? 100 : -1,
                          0, z.entero(1, 5)});
@@ -232,7 +232,7 @@ bool Mundo::correrCola(const Envio& e) {
   auto& motor = programa_->aplicacion().gestcomm();
   for (qint64 evento = 0; !motor.tareas().empty(); ++evento) {
     if (d.cortado || evento == e.corteEvento) return false;
-    // Somebody goes on working while the frames pass.
+    // The user goes on working while the frames pass.
     if (!e.calma && t_.azar.ocurre(0.002)) {
       traza(u"  usuario, a la vez: "_s + usuario_.algo(*programa_));
       alaVez_ = true;
@@ -281,8 +281,8 @@ void Mundo::comparar(const Grupo& g, const Esperado& debe, qint64 codigo, const 
   }
 }
 
-// Cross says that a group holds an article as it stands here: then it does. What nobody can know is
-// left out: a memory that went back, an import, prices of an offer that is still to go.
+// When Cross says that a group holds an article as it is here, it does. What can't be known is left
+// out: a restored memory, an import, prices of an offer still to be sent.
 void Mundo::comprobarAfirmado() {
   for (const Grupo& g : t_.grupos) {
     if (!g.vek() || viejas_.contains(g.codigo) || usuario_.importadas.contains(g.seccion)) continue;
@@ -303,7 +303,7 @@ void Mundo::comprobarAfirmado() {
   }
 }
 
-// A complete sending that ended well: what it doesn't name is in the machines.
+// A complete sending that succeeded: every article not noted as withheld is in the machines.
 void Mundo::comprobarCompleto(const Grupo& g) {
   std::set<qint64> nombrados;
   t_.base->filas("SELECT CODPLU FROM Retenidos WHERE GRUPO=" + QByteArray::number(g.codigo),

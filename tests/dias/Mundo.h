@@ -1,7 +1,6 @@
-// One seed from its first day to its last: a user who changes the catalogue, sendings by every way,
-// machines that fail, power that goes. At any moment what the program says that a group holds must
-// be so; and after a day's last sending, without faults, every machine holds what it should, field
-// by field.
+// One seed from its first day to its last: a user who changes the catalogue, all kinds of sending,
+// failing machines, power cuts. At any moment a group must hold what the program says it does; and
+// after a day's last sending, without faults, every machine holds what it should, field by field.
 #pragma once
 
 #include "dias/Usuario.h"
@@ -14,7 +13,7 @@ struct Veredicto {
   int dias = 0, envios = 0, cambios = 0;
 };
 
-// `alTrazar` gets what happens, line by line.
+// `alTrazar` gets the events, line by line.
 Veredicto correrSemilla(quint64 semilla, std::function<void(const QString&)> alTrazar = {});
 
 class Mundo final : private motor::Vigilante {
@@ -23,7 +22,7 @@ class Mundo final : private motor::Vigilante {
   Veredicto correr();
 
  private:
-  // What a sending is, and what goes wrong meanwhile.
+  // A sending, and what goes wrong during it.
   struct Envio {
     int clase = 1;
     bool todo = false;
@@ -41,7 +40,7 @@ class Mundo final : private motor::Vigilante {
   void finDelDia();
   void suceso();
   void enviar(const std::vector<const Grupo*>& grupos, Envio envio);
-  // False when the power went. Sets `alaVez_`.
+  // False after a power cut. Sets `alaVez_`.
   bool correrCola(const Envio& envio);
   void arrancar();
   void percances(bool calma);
@@ -60,12 +59,12 @@ class Mundo final : private motor::Vigilante {
   Usuario usuario_;
   std::unique_ptr<Programa> programa_;
   quint64 semilla_;
-  std::set<int> viejas_;  // groups with a machine whose memory went back
+  std::set<int> viejas_;  // groups with a machine back on an old memory
   std::map<int, std::set<qint64>>
-      sobran_;  // by group of a kind that can't delete: what may be left there
-  std::map<int, QStringList> avisos_;  // of the present sending, by group
-  std::set<int> problemas_;            // groups with a task that was given up
-  bool alaVez_ = false;                // somebody worked while the present sending went on
+      sobran_;                         // by group of a kind that can't delete: possible leftovers
+  std::map<int, QStringList> avisos_;  // of the current sending, by group
+  std::set<int> problemas_;            // groups with an abandoned task
+  bool alaVez_ = false;                // the user worked during the current sending
   Veredicto v_;
   QByteArray huella_;
 };

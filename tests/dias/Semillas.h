@@ -1,4 +1,4 @@
-// Seeds that once showed a fault, kept as tests.
+// Seeds that once revealed a fault, kept as tests.
 #pragma once
 
 #include <QtGlobal>

@@ -29,7 +29,7 @@ class SinPreguntas final : public automation::Preguntas {
   }
 };
 
-// The folder of a shop as a first start leaves it, made once.
+// The folder of a shop as left by a first start, created once.
 const QString& plantilla() {
   static const QTemporaryDir carpeta(sitio());
   static const QString ruta = [] {

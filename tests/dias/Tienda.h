@@ -1,5 +1,5 @@
-// The shop of a seed: groups, sections, a first catalogue in its database, machines that know
-// nothing yet; and the program that is started on it.
+// The shop of a seed: groups, sections, a first catalogue in its database, empty machines; and the
+// program started on it.
 #pragma once
 
 #include <QTemporaryDir>
@@ -13,10 +13,10 @@ namespace tarvo::dias {
 struct MaquinaViva {
   const Grupo* grupo = nullptr;
   std::unique_ptr<simulador::Maquina> maquina;
-  simulador::Catalogo vieja;  // its memory as it was some time ago
+  simulador::Catalogo vieja;  // an earlier state of its memory
 };
 
-// The program as it stands in memory. Destroying it is a power cut: nothing is said to anybody.
+// The program in memory. Destroying it is a power cut: nothing is announced.
 class Programa {
  public:
   static Resultado<std::unique_ptr<Programa>> arrancar(const QString& carpeta, Reloj& reloj,

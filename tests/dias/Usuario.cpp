@@ -26,7 +26,7 @@ std::optional<Usuario::C> Usuario::uno() {
   return hay[static_cast<std::size_t>(t_.azar.entero(0, static_cast<int>(hay.size()) - 1))];
 }
 
-// Most names have only letters that every machine has.
+// Most names only have letters known to every machine.
 QString Usuario::nombre() {
   static const QStringList palabras{u"MANZANA"_s, u"PIÑA"_s,
                                     u"Jamón"_s,   u"CAÑA de lomo"_s,
@@ -157,7 +157,7 @@ QString Usuario::trasladar(Catalogo& c) {
       .arg(r ? QString() : r.error().texto);
 }
 
-// An offer of one article in the groups of its section: made, changed, moved in time or taken back.
+// An offer of one article in the groups of its section: made, changed, moved in time or withdrawn.
 QString Usuario::oferta(Programa& p) {
   const auto clave = uno();
   if (!clave) return {};
@@ -199,7 +199,7 @@ QString Usuario::oferta(Programa& p) {
       .arg(r ? QString() : r.error().texto);
 }
 
-// A file of a few lines over what there is; the machines don't hear of it by themselves.
+// Imports a file of a few lines over existing articles; the machines don't get them by themselves.
 QString Usuario::importar(Programa& p) {
   const QString ruta = t_.carpeta() + u"/articulos.PLU"_s;
   QByteArray fichero;

@@ -1,4 +1,4 @@
-// Who works at the shop's computer: changes articles, prices and offers by every way that there is.
+// The user of the shop's computer: changes articles, prices and offers in every possible way.
 #pragma once
 
 #include "dias/Tienda.h"
@@ -9,10 +9,10 @@ class Usuario {
  public:
   explicit Usuario(Tienda& tienda) : t_(tienda) {}
 
-  // One thing that he does; what it was, for the trace. A refusal by a rule is none of his worries.
+  // Does one thing; returns a description for the trace. Refusals by a rule are ignored.
   QString algo(Programa& programa);
 
-  // Sections of which articles came by a way that only a complete sending carries.
+  // Sections with articles that only a complete sending carries.
   std::set<int> importadas;
 
  private:

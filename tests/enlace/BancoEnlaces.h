@@ -1,5 +1,4 @@
-// Clients that write down what they hear, and a set of links on wires in memory under a virtual
-// clock.
+// Clients that record their events, and a set of links on wires in memory under a virtual clock.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,7 +12,7 @@
 #include "core/ajustes/Ajustes.h"
 #include "enlace/CableMemoria.h"
 
-// So that a failure reads as text.
+// So that failures are readable.
 inline void PrintTo(const QString& texto, std::ostream* salida) {
   *salida << '"' << texto.toStdString() << '"';
 }
@@ -23,13 +22,13 @@ namespace tarvo::pruebas {
 struct ClienteAnota final : enlace::ClienteEnlace {
   QStringList oido;
   std::function<void(const QString&)> alOir;
-  std::function<bool(int, int, const QByteArray&)> regla;  // encaja; without it everything fits
+  std::function<bool(int, int, const QByteArray&)> regla;  // encaja; without it every frame fits
 
   void anotar(const QString& texto) {
     oido << texto;
     if (alOir) alOir(texto);
   }
-  // What was heard since the last time.
+  // The events since the last call.
   QString nuevo() { return std::exchange(oido, {}).join(QStringLiteral("; ")); }
 
   void Abrir_Evento(int, int error) override { anotar(QStringLiteral("Abrir %1").arg(error)); }
@@ -99,14 +98,14 @@ struct BancoEnlaces : testing::Test {
   const QByteArray ack = QByteArray(1, tramas::kACK);
 
   MandoCable& cable() { return fabrica.cable(); }
-  // Opens channel 0 and forgets what was said about it.
+  // Opens channel 0 and drops the events of doing so.
   enlace::comtvIP& abierto(enlace::Para para, int canal = 0, const QString& acceso = {}) {
     EXPECT_EQ(enlaces.AbrirEnlace(para, canal, 0, acceso, &motor, &captura), 0);
     reloj.avanzar(5);
     EXPECT_EQ((para == enlace::Para::VekCaptura ? captura.nuevo() : motor.nuevo()), u"Abrir 0");
     return *enlaces[canal];
   }
-  // How many frames (acknowledgements aside) went out since the opening.
+  // The number of frames (without acknowledgements) sent since the opening.
   size_t tramasEnviadas() {
     return static_cast<size_t>(std::ranges::count_if(
         cable().enviados, [](const QByteArray& b) { return b.startsWith(tramas::kSTX); }));

@@ -1,6 +1,5 @@
-// A wire in memory, and the factory that makes it. The link owns its wire and destroys it; what a
-// test holds is the wire's Mando, which outlives it. Time is the clock's, so that a virtual one
-// drives everything.
+// A wire in memory, and its factory. The link owns its wire and destroys it; a test holds the
+// wire's Mando, which outlives it. Time comes from the clock, so a virtual one drives everything.
 #pragma once
 
 #include <functional>
@@ -14,16 +13,16 @@
 namespace tarvo::pruebas {
 
 struct MandoCable {
-  // What the test sets before the opening.
+  // Set by the test before the opening.
   bool seConfigura = true;
   int razonApertura = 0;
   int razonCierre = 0;
-  bool abreSolo = true;                             // false: never says how its opening ended
-  bool cierraSolo = true;                           // false: never says that it closed
+  bool abreSolo = true;                             // false: never reports the end of its opening
+  bool cierraSolo = true;                           // false: never reports its closing
   int demora = 1;                                   // ms from the call to its outcome
   std::function<void(const QByteArray&)> alEnviar;  // a machine at the far end
 
-  // What it sees.
+  // Seen by the test.
   TipoAcceso device = TipoAcceso::Ninguno;
   QString nombre;
   enlace::ParametrosLinea parametros;
@@ -93,8 +92,8 @@ class CableMemoria final : public enlace::LinkSocket {
   bool cerrando_ = false;
 };
 
-// `preparar` may change what each new wire does. A connector exists when `razones` has no reason
-// against it.
+// `preparar` may change the behaviour of each new wire. A connector exists if `razones` has no
+// reason against it.
 class FabricaMemoria final : public enlace::FabricaEnlaces {
  public:
   explicit FabricaMemoria(Reloj& reloj) : reloj_(reloj) {}

@@ -30,8 +30,7 @@ struct Cables : testing::Test {
   QCoreApplication app{argc, argv};
   QTemporaryDir carpeta;
   RelojReal reloj;
-  Ajustes ajustes{
-      carpeta.path(), Idioma::Espanol, {enlace::ajustesCables(), enlace::ajustesEnlace()}};
+  Ajustes ajustes{carpeta.path(), Idioma::Espanol, {enlace::ajustesCables(), enlace::ajustesEnlace()}};
   AjustesCables& cables = ajustes.de<AjustesCables>();
   FabricaReal fabrica{reloj, ajustes};
   Azar azar{3};
@@ -57,7 +56,7 @@ struct Cables : testing::Test {
     enlaces[canal]->CerrarEnlace();
     return oye(30000);
   }
-  // CONECTORES.INI, one line a name.
+  // CONECTORES.INI, one line for each name.
   void conectores(const QByteArray& texto) {
     QFile f(carpeta.filePath(QStringLiteral("CONECTORES.INI")));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
@@ -65,7 +64,7 @@ struct Cables : testing::Test {
   }
 };
 
-// A machine: acknowledges each frame and answers it with code 10 and what it was sent.
+// A machine: acknowledges each frame and answers it with code 10 and the data received.
 void responder(QIODevice& linea) {
   auto buffer = std::make_shared<QByteArray>();
   auto secuencia = std::make_shared<int>(0);
@@ -179,7 +178,7 @@ TEST_F(Cables, SeriePorUnParDePseudoterminales) {
   ASSERT_TRUE(maquina.open(QIODevice::ReadWrite));
   responder(maquina);
   cables.canales[0].Device = cables.canales[1].Device = TipoAcceso::Directo;
-  cables.canales[0].ControlLinea = 3;  // lines that a pseudo-terminal doesn't have count as up
+  cables.canales[0].ControlLinea = 3;  // lines missing from a pseudo-terminal count as up
   cables.RutaPuerto[1] = pareja.a;
   cables.canales[1].Puerto = 1;
   EXPECT_EQ(abre(0), u"Abrir 0");

@@ -25,16 +25,16 @@ TEST_F(Deudas, LaMismaPreguntaEsperaUnaLineaCallada) {
   e.Enviar(0, 100, "B", kLimpia);
   EXPECT_EQ(tramasEnviadas(), 2U);
   reloj.avanzar(1000);
-  cable().entra(ack + vek(2, 100));  // of the second copy: it is taken, and answers nothing
+  cable().entra(ack + vek(2, 100));  // of the second copy: it is taken, but answers nothing
   EXPECT_EQ(cable().ultimo(), ack);
   reloj.avanzar(tiempos.TimeOut - 1);
   EXPECT_EQ(tramasEnviadas(), 2U);
   reloj.avanzar(1);
   EXPECT_EQ(tramasEnviadas(), 3U);
-  cable().entra(ack + vek(2, 100) + vek(3, 100, "B"));  // sent again for want of our ACK
+  cable().entra(ack + vek(2, 100) + vek(3, 100, "B"));  // sent again for lack of our ACK
   EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 100 B");
   EXPECT_FALSE(e.Repetida());
-  // Nothing is owed any more, and a frame that needs no proof never waits.
+  // Nothing is owed any more, and a frame without need of proof never waits.
   e.Enviar(0, 100, "C", kLimpia);
   EXPECT_EQ(tramasEnviadas(), 4U);
 }
@@ -49,7 +49,7 @@ TEST_F(Deudas, OtraPreguntaContestadaLasSalda) {
   EXPECT_EQ(tramasEnviadas(), 4U);
 }
 
-// So does one that goes out again since the machine said its last frame once more.
+// So does one that goes out again because the machine repeated its last frame.
 TEST_F(Deudas, TrasUnaTramaRepetidaTambienSeDebe) {
   auto& e = abierto(Para::VekMotor);
   e.Enviar(0, 10, "UNO");
@@ -68,7 +68,7 @@ TEST_F(Deudas, TrasUnaTramaRepetidaTambienSeDebe) {
   EXPECT_EQ(tramasEnviadas(), 4U);
 }
 
-// Its answer may come whenever it likes, also after that of another question.
+// Its answer may come at any time, also after that to another question.
 TEST_F(Deudas, UnSilencioSoloLoSaldaLaLineaCallada) {
   auto& e = abierto(Para::VekMotor);
   e.Enviar(0, 100, "A", kLimpia);
@@ -86,7 +86,7 @@ TEST_F(Deudas, UnSilencioSoloLoSaldaLaLineaCallada) {
   EXPECT_EQ(tramasEnviadas(), 3U);
 }
 
-// A shop that sells is no noise. A line that is never quiet ends the wait, and nothing was sent.
+// A shop's sales are no noise. If the line is never quiet the wait ends, and nothing was sent.
 TEST_F(Deudas, LaEsperaAcaba) {
   auto& e = repetida(abierto(Para::VekMotor));
   e.Enviar(0, 100, "B", kLimpia);
@@ -105,7 +105,7 @@ TEST_F(Deudas, LaEsperaAcaba) {
   EXPECT_EQ(tramasEnviadas(), 3U);
 }
 
-// Neither the closing of the link nor a task that goes away ends what the wire owes; another wire
+// Neither the closing of the link nor the end of a task clears the debts of the wire; another wire
 // owes nothing.
 TEST_F(Deudas, SonDelHiloYNoDelEnlace) {
   repetida(abierto(Para::VekMotor)).CerrarEnlace();

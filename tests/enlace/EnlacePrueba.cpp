@@ -133,7 +133,7 @@ TEST_F(Enlace, CierrePedidoYCaidas) {
     EXPECT_EQ(motor.nuevo(), u"");
   }
   abierto(Para::VekMotor);
-  cable().cae(0);  // by itself and with no error: it is said all the same
+  cable().cae(0);  // by itself and without error: it is reported all the same
   EXPECT_EQ(motor.nuevo(), u"Cerrar 0");
 }
 
@@ -177,8 +177,7 @@ TEST_F(Enlace, Portadora) {
   EXPECT_EQ(directo.Acceso(), u"2");
 }
 
-// --- two clients on one link
-// -----------------------------------------------------------------------
+// --- two clients on one link ---
 
 TEST_F(Enlace, SeComparteSinReabrirYSinPerderLoEnVuelo) {
   auto& e = abierto(Para::VekMotor);
@@ -222,7 +221,7 @@ TEST_F(Enlace, ConOtroAccesoSeAbreDeNuevo) {
   EXPECT_EQ(enlaces.AbrirEnlace(Para::VekCaptura, 0, 0, QStringLiteral("b:1"), nullptr, &captura),
             0);
   reloj.avanzar(5);
-  EXPECT_EQ(motor.nuevo(), u"Cerrar 20");  // nobody is left waiting on a link that is gone
+  EXPECT_EQ(motor.nuevo(), u"Cerrar 20");  // no client is left waiting on a link that is gone
   EXPECT_EQ(captura.nuevo(), u"Abrir 0");
   EXPECT_EQ(fabrica.cables.size(), 2U);
   EXPECT_TRUE(fabrica.cables[0]->destruido);
@@ -311,8 +310,7 @@ TEST_F(Enlace, NadieCierraElEnlaceDeOtro) {
   EXPECT_EQ(captura.nuevo(), u"Cerrar 0");
 }
 
-// --- clients that act inside their events
-// ----------------------------------------------------------
+// --- clients that act inside their events ---
 
 TEST_F(Enlace, UnClientePuedeHacerDeTodoDentroDeUnEvento) {
   const std::vector<std::function<void()>> acciones{
@@ -323,7 +321,7 @@ TEST_F(Enlace, UnClientePuedeHacerDeTodoDentroDeUnEvento) {
         enlaces.abandonar(0, &motor, &captura);
         enlaces.AbrirEnlace(Para::VekMotor, 0, 0, {}, &motor);
       },
-      [this] {  // a box with its own event loop
+      [this] {  // a dialog with its own event loop
         enlaces.abandonar(0, &motor, &captura);
         reloj.avanzar(100);
       },

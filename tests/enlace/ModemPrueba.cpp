@@ -55,7 +55,7 @@ TEST(Hayes, Respuestas) {
     EXPECT_EQ(interpretar(linea), respuesta) << linea.constData();
 }
 
-// Answers each line by the first rule whose text the line begins with; a rule may be used up.
+// Answers each line by the first rule with a matching beginning; a rule may be used up.
 struct ModemPrueba {
   int maestro = -1, esclavo = -1;
   QString ruta;
@@ -130,8 +130,8 @@ struct Modem : testing::Test {
     canal.ATHang = 2000;
     cables.RutaPuerto[1] = modem.ruta;
   }
-  // The bytes take their own time through the pseudo-terminal; the clock runs ten times as fast
-  // beside them.
+  // The bytes take real time through the pseudo-terminal; meanwhile the clock runs ten times as
+  // fast.
   bool hasta(const std::function<bool()>& cierto, int ms) {
     for (int pasado = 0; !cierto() && pasado < ms; pasado += 10) {
       QThread::msleep(1);
@@ -140,7 +140,7 @@ struct Modem : testing::Test {
     }
     return cierto();
   }
-  // Everything that is heard up to an event that begins so.
+  // All events up to one with this beginning.
   QString oyeHasta(const QString& principio) {
     hasta([&] { return !motor.oido.isEmpty() && motor.oido.back().startsWith(principio); }, 20000);
     return motor.nuevo();

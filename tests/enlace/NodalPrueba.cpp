@@ -7,12 +7,22 @@ using namespace tarvo::enlace;
 
 namespace {
 
-using MaquinaNodal = BancoEnlaces;
-
 QByteArray ndl(int secuencia, int codigo, const QByteArray& datos = {}, int origen = 3,
                int destino = 0) {
   return tramas::construirNODAL({origen, destino, secuencia, codigo, datos});
 }
+
+struct MaquinaNodal : BancoEnlaces {
+  // A link that asked for a list and waits for its frames.
+  comtvIP& escuchando() {
+    auto& e = abierto(Para::NodalMotor);
+    e.Enviar(3, 64, "");
+    cable().entra(ndl(1, 6));
+    e.RxNODAL(3);
+    motor.nuevo();
+    return e;
+  }
+};
 
 tramas::TramaNODAL leida(QByteArray bytes) {
   return tramas::leerNODAL(bytes).trama.value();
@@ -23,7 +33,7 @@ TEST_F(MaquinaNodal, ConfirmacionesPorCaso) {
     const char* nombre;
     QByteArray entra;
     QString oye;
-    bool confirmada;  // we must have acknowledged it
+    bool confirmada;  // it must have been acknowledged
   };
   QByteArray mala = ndl(9, 6);
   mala[2] = '4';
@@ -68,7 +78,7 @@ TEST_F(MaquinaNodal, CuatroEnviosYLuego8) {
   EXPECT_EQ(cable().vaciados, vaciados + 1);
 }
 
-// The number that one machine used last is no repeat when another one uses it.
+// The last number of one machine is no repeat when another machine uses it.
 TEST_F(MaquinaNodal, CadaMaquinaCuentaLasSuyas) {
   auto& e = abierto(Para::NodalMotor);
   for (const int nodo : {3, 4, 3}) {
@@ -85,7 +95,8 @@ TEST_F(MaquinaNodal, UnaOrdenUnicaNoSeRepite) {
   EXPECT_EQ(tramasEnviadas(), 1U);
 }
 
-// Acknowledgement and list in one piece: each step is read by the state that the one before led to.
+// Acknowledgement and list in one piece: each step is read by the state that the previous one led
+// to.
 TEST_F(MaquinaNodal, AckYListaPegados) {
   auto& e = abierto(Para::NodalMotor);
   motor.alOir = [&](const QString& texto) {
@@ -117,11 +128,7 @@ TEST_F(MaquinaNodal, TramasDeEspera) {
   for (const Caso& caso :
        {Caso{"", 1}, Caso{"0", 1}, Caso{"1", 1}, Caso{"30", 30}, Caso{" 4x", 4}}) {
     SCOPED_TRACE(caso.datos);
-    auto& e = abierto(Para::NodalMotor);
-    e.Enviar(3, 64, "");
-    cable().entra(ndl(1, 6));
-    e.RxNODAL(3);
-    motor.nuevo();
+    escuchando();
     cable().entra(ndl(2, 8, caso.datos));
     reloj.avanzar(caso.unidades * tiempos.FactorEsperaNDL - 1);
     EXPECT_EQ(motor.nuevo(), u"");
@@ -131,13 +138,9 @@ TEST_F(MaquinaNodal, TramasDeEspera) {
   }
 }
 
-// Noise and a wait frame sent again must not bring the end of a long wait nearer.
+// Noise and a repeated wait frame must not bring the end of a long wait nearer.
 TEST_F(MaquinaNodal, ElRuidoNoAcortaUnaEsperaPedida) {
-  auto& e = abierto(Para::NodalMotor);
-  e.Enviar(3, 64, "");
-  cable().entra(ndl(1, 6));
-  e.RxNODAL(3);
-  motor.nuevo();
+  escuchando();
   cable().entra(ndl(2, 8, "50"));
   cable().entra(ndl(2, 8, "50") + "ruido\r");
   reloj.avanzar(99999);
@@ -147,11 +150,7 @@ TEST_F(MaquinaNodal, ElRuidoNoAcortaUnaEsperaPedida) {
 }
 
 TEST_F(MaquinaNodal, QuienSoloPideEsperaAcaba) {
-  auto& e = abierto(Para::NodalMotor);
-  e.Enviar(3, 64, "");
-  cable().entra(ndl(1, 6));
-  e.RxNODAL(3);
-  motor.nuevo();
+  escuchando();
   for (int i = 0; i < 10000 && motor.oido.isEmpty(); ++i) {
     cable().entra(ndl(i & 0xFF, 8, i % 50 ? "1" : "99999999999999999999"));
     reloj.avanzar(1000);
@@ -160,11 +159,7 @@ TEST_F(MaquinaNodal, QuienSoloPideEsperaAcaba) {
 }
 
 TEST_F(MaquinaNodal, SinTrama6YLuegoCalla) {
-  auto& e = abierto(Para::NodalMotor);
-  e.Enviar(3, 64, "");
-  cable().entra(ndl(1, 6));
-  e.RxNODAL(3);
-  motor.nuevo();
+  auto& e = escuchando();
   reloj.avanzar(10000);
   EXPECT_EQ(motor.nuevo(), u"ReciboNDL 6 0");
   cable().entra(ndl(2, 65, "TARDE"));

@@ -13,14 +13,14 @@ int secuenciaDe(const QByteArray& trama) {
   return trama.mid(1, 2).toInt();
 }
 
-// What comes in, and what the client hears of each piece.
+// The input, and the client's events for each piece.
 struct Conversacion {
   const char* nombre;
   int codigo;
   bool pedir;
   int timeOut;
-  std::vector<std::pair<QByteArray, QString>> pasos;  // bytes in, and then what is heard
-  QByteArray acks;                                    // every ACK byte that we must have sent
+  std::vector<std::pair<QByteArray, QString>> pasos;  // bytes in, then the events
+  QByteArray acks;                                    // every ACK byte that must have been sent
 };
 
 TEST_F(MaquinaVEK, RespuestasPorCaso) {
@@ -79,8 +79,8 @@ TEST_F(MaquinaVEK, RespuestasPorCaso) {
   }
 }
 
-// Under another code only a refusal answers, or any frame that fits where the client lets it; never
-// one of a code that is owed.
+// Under another code only a refusal answers, or any fitting frame if the client allows it; never
+// one with an owed code.
 TEST_F(MaquinaVEK, ConElCodigoDeOtraPregunta) {
   for (const bool otroCodigo : {false, true}) {
     auto& e = abierto(Para::VekMotor);
@@ -163,7 +163,7 @@ TEST_F(MaquinaVEK, SinRespuesta17DespuesDeTodoSuTiempo) {
   EXPECT_EQ(cable().vaciados, 1);
 }
 
-// A frame that answers another question takes no time from the clock, however often it comes.
+// A frame that answers another question doesn't prolong the wait, however often it comes.
 TEST_F(MaquinaVEK, LasTramasAjenasNoAlarganLaEspera) {
   motor.regla = [](int, int, const QByteArray& datos) { return datos == "6"; };
   auto& e = abierto(Para::VekMotor);
@@ -226,7 +226,7 @@ TEST_F(MaquinaVEK, UnaTransaccionEnMedioDaTiempoNuevo) {
   EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 10 SI");
 }
 
-// Sales: each one once, whatever it comes glued to and however the answer is laid out.
+// Sales: each one once, whatever it is glued to and whatever the layout of the answer.
 TEST_F(MaquinaVEK, TransaccionesTodasYUnaSolaVez) {
   abierto(Para::VekMotor);
   enlaces.AbrirEnlace(Para::VekCaptura, 0, 0, {}, nullptr, &captura);
@@ -263,9 +263,9 @@ TEST_F(MaquinaVEK, TramaRepetidaEspera15sYVuelveAEnviar) {
   EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 11 SI");
 }
 
-// Two registers of one wire that count alike. The answer of the second may be the one before it,
-// sent again by the first, so that its question goes out until a number proves it; with one frame
-// more they don't meet again.
+// Two registers of one wire with equal counts. The answer of the second may be a repeat of the
+// previous one by the first, so its question is repeated until a number proves it; one extra frame
+// keeps the counts apart.
 TEST_F(MaquinaVEK, OtraMaquinaConElMismoNumero) {
   auto& e = abierto(Para::VekMotor);
   const auto ancha = [](int secuencia) { return tramas::construirVEK(secuencia, "400300"); };
@@ -290,7 +290,7 @@ TEST_F(MaquinaVEK, OtraMaquinaConElMismoNumero) {
   EXPECT_EQ(tramasEnviadas(), 6U);
 }
 
-// It was the first one after all: its frame answers nothing, however often it comes.
+// It was the first register after all: its frame answers nothing, however often it comes.
 TEST_F(MaquinaVEK, LaPrimeraQueSeRepiteNoContestaPorLaSegunda) {
   auto& e = abierto(Para::VekMotor);
   const auto ancha = [](int secuencia) { return tramas::construirVEK(secuencia, "400300"); };
@@ -302,7 +302,7 @@ TEST_F(MaquinaVEK, LaPrimeraQueSeRepiteNoContestaPorLaSegunda) {
     cable().entra(ack + ancha(1));
     EXPECT_EQ(motor.nuevo(), u"");
   }
-  EXPECT_EQ(tramasEnviadas(), 3U);  // the second time it waits until the first one is quiet
+  EXPECT_EQ(tramasEnviadas(), 3U);  // the second time it waits until the first register is quiet
   reloj.avanzar(15000);
   EXPECT_EQ(tramasEnviadas(), 4U);
   for (const int numero : {7, 8}) cable().entra(ack + ancha(numero));
@@ -322,7 +322,7 @@ TEST_F(MaquinaVEK, QuienSoloSeRepiteAcabaEn17) {
   EXPECT_EQ(motor.nuevo(), u"EnvioVEK 17 -1 0");
 }
 
-// At rest nothing was asked: a frame sent again must not send a command again.
+// At rest there is no question: a repeated frame must not repeat a command.
 TEST_F(MaquinaVEK, EnReposoSoloPasanTransacciones) {
   abierto(Para::VekMotor);
   enlaces.AbrirEnlace(Para::VekCaptura, 0, 0, {}, nullptr, &captura);
@@ -365,8 +365,8 @@ TEST_F(MaquinaVEK, UnAckDeAntesNoVale) {
   EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 -1 0");
 }
 
-// Neither a lost acknowledgement nor a machine that says its last frame again, be it this one or
-// another, sends it once more.
+// Neither a lost acknowledgement nor a machine that repeats its last frame, this one or another,
+// sends it again.
 TEST_F(MaquinaVEK, UnaOrdenUnicaNoSeRepite) {
   for (const int repetida : {0, 1, 2}) {
     auto& e = abierto(Para::VekMotor);

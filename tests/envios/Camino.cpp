@@ -1,5 +1,6 @@
-// One article goes every way that a change can come by. After each way the four kinds of machine
-// are sent to: what they heard, and that they then hold the article as the catalogue has it.
+// One article passes through every kind of change. After each change the four kinds of machine get
+// a sending: the frames received are checked, and that they then hold the article as in the
+// catalogue.
 #include <QFile>
 
 #include "articles/Secciones.h"
@@ -23,32 +24,30 @@ const QString kVentana = QStringLiteral("BrowPLUs");
 
 struct Caminante : Envios {
   static constexpr int kGrupos = 4;  // group n is of kind n
-  using Banco::ajustes, Banco::db, Banco::reloj;
+  using TiendaDeMotor::ajustes, TiendaDeMotor::db, TiendaDeMotor::reloj;
 
   void SetUp() override {
     bien(asegurarTablasArticulos(*db));
     for (int n = 1; n <= kGrupos; ++n) grupo(n, n, u"cable %1"_s.arg(n));
-    valor(db->ejecutar(u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (2, 'Fruta')"));
-    for (const int d : {1, 2})
-      valor(db->ejecutar(u"INSERT INTO DEPTS (SECCION, NUMDEP, NomDep) VALUES (1, ?, 'D')", d));
+    seccion(2, u"Fruta").en(1).departamento(1).departamento(2);
     catalogo = std::make_unique<Catalogo>(*db, textosDePrueba(), reloj, u"ana@caja"_s);
     lotes = std::make_unique<Lotes>(*db, *catalogo, reloj);
     ofertas = std::make_unique<precios::Ofertas>(*db, textosDePrueba(), reloj);
   }
   void modificar(qint64 codigo, const std::function<void(Articulo&)>& como) {
-    Articulo a = *valor(catalogo->leer({1, codigo}));
+    Articulo a = *bien(catalogo->leer({1, codigo}));
     como(a);
     bien(catalogo->modificar({1, codigo}, a, kVentana));
   }
   void poner(qint64 precio) {
-    Precios p = valor(catalogo->leer({1, 10}))->precios;
+    Precios p = bien(catalogo->leer({1, 10}))->precios;
     for (auto& nivel : p) nivel[0] = precio;
     bien(catalogo->ponerPrecios({1, 10}, p, kVentana));
   }
   void lote(const precios::OrdenLote& orden) {
     precios::CambioLote cambio(*db, *catalogo, *lotes, textosDePrueba());
     const auto marcha = cambio.empezar({{1, 10}}, orden, kVentana);
-    while (valor(marcha->paso())) continue;
+    while (bien(marcha->paso())) continue;
     bien(marcha->acabar());
     ultimo = marcha->hecho().lote;
   }
@@ -66,23 +65,23 @@ struct Caminante : Envios {
     QFile f(ruta);
     ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write(linea) == linea.size());
     f.close();
-    auto imp = valor(importar::ImpPLU::abrir(*db, *catalogo, reloj, ruta));
-    while (valor(imp->paso(importar::SiExiste::Sobreescribirlo))) {
+    auto imp = bien(importar::ImpPLU::abrir(*db, *catalogo, reloj, ruta));
+    while (bien(imp->paso(importar::SiExiste::Sobreescribirlo))) {
     }
     bien(imp->acabar());
     ASSERT_EQ(imp->cuenta().sobreescritos, 1);
     ultimo = imp->lote();
   }
-  // What the scales of kinds 1 and 4 heard, which is the same. The other kinds get their whole
-  // range each time, and can't be told to delete.
+  // The frames received by scales of kinds 1 and 4, which are the same. The other kinds get their
+  // whole range each time, and can't be told to delete.
   QString optimizado() {
     const QString oyo = enviar(1);
     EXPECT_EQ(enviar(4), oyo);
     for (const int n : {2, 3}) {
       enviar(n);
       const qint64 codigo = 10;
-      const auto p = valor(envios::Lector(*db, {n, 1, *deNumero<TipoGrupo>(n), 0})
-                               .leer({&codigo, 1}, reloj.ahora()));
+      const auto p = bien(envios::Lector(*db, {n, 1, *deNumero<TipoGrupo>(n), 0})
+                              .leer({&codigo, 1}, reloj.ahora()));
       if (!p.empty()) {
         EXPECT_EQ(maquina(n).memoria().catalogo.at(10).ficha, *p.front().registro) << n;
       }
@@ -100,7 +99,7 @@ struct Tramo {
   const char* que;
   void (*andar)(Caminante& c);
   const char* oye;    // the scale of kind 1 at the next optimised sending
-  const char* tiene;  // the same scale behind it
+  const char* tiene;  // the same scale afterwards
 };
 
 const Tramo kTramos[] = {
@@ -120,9 +119,9 @@ const Tramo kTramos[] = {
     {"the price grid", [](Caminante& c) { c.poner(300); }, "100 10", "10:Pera/300"},
     {"fast change",
      [](Caminante& c) {
-       const auto a = valor(precios::conColumna(*valor(c.catalogo->leer({1, 10})),
-                                                precios::ColumnaRapida::Precio1, u"3,20"_s,
-                                                *c.ajustes, textosDePrueba()));
+       const auto a = bien(precios::conColumna(*bien(c.catalogo->leer({1, 10})),
+                                               precios::ColumnaRapida::Precio1, u"3,20"_s,
+                                               *c.ajustes, textosDePrueba()));
        bien(c.catalogo->modificar({1, 10}, a, u"FastModf"_s));
      },
      "100 10", "10:Pera/320"},
@@ -139,7 +138,7 @@ const Tramo kTramos[] = {
        c.lote(*precios::SubePrecios::de(1000, 5, precios::Redondeo::HaciaArriba, {}, {}));
      },
      "100 10", "10:Pera/380"},
-    {"taken back", [](Caminante& c) { valor(c.lotes->deshacer(c.ultimo, kVentana)); }, "100 10",
+    {"taken back", [](Caminante& c) { bien(c.lotes->deshacer(c.ultimo, kVentana)); }, "100 10",
      "10:Pera/345"},
     {"another label format at once", [](Caminante& c) { c.lote(precios::PoneFormato{7}); },
      "100 10", "10:Pera/345"},
@@ -153,30 +152,30 @@ const Tramo kTramos[] = {
      "10:Pera/189"},
     {"the offer put off",
      [](Caminante& c) {
-       valor(c.ofertas->cambiarFechas({.grupo = 1}, true, precios::Extremo::Hasta,
-                                      c.reloj.ahora().dia() + 9));
-       valor(c.ofertas->cambiarFechas({.grupo = 1}, true, precios::Extremo::Desde,
-                                      c.reloj.ahora().dia() + 5));
+       bien(c.ofertas->cambiarFechas({.grupo = 1}, true, precios::Extremo::Hasta,
+                                     c.reloj.ahora().dia() + 9));
+       bien(c.ofertas->cambiarFechas({.grupo = 1}, true, precios::Extremo::Desde,
+                                     c.reloj.ahora().dia() + 5));
      },
      "100 10", "10:Pera/345"},
     {"the offer taken back",
      [](Caminante& c) {
        const precios::ClaveOferta claves[] = {{1, 1, 10}};
-       valor(c.ofertas->borrar(claves, true));
+       bien(c.ofertas->borrar(claves, true));
      },
      "", "10:Pera/345"},
     {"a file over it",
      [](Caminante& c) {
        c.importar(
            "010010UVA                           0000010000444    01                     \r\n");
-       // The machines hear of an import by a complete sending.
+       // An import reaches the machines by a complete sending.
        for (const int n : {1, 4}) EXPECT_EQ(c.enviar(n), u""_s);
        EXPECT_EQ(c.enviar(1, Caminante::kTxPlus, true), u"100 10"_s);
-       // Which asks for what the machine has, to delete what it shouldn't have.
+       // This asks for the machine's articles, to delete surplus ones.
        EXPECT_EQ(c.enviar(4, Caminante::kTxPlus, true), u"101 3,100 10,101 11"_s);
      },
      "", "10:UVA/444"},
-    {"the file taken back", [](Caminante& c) { valor(c.lotes->deshacer(c.ultimo, kVentana)); },
+    {"the file taken back", [](Caminante& c) { bien(c.lotes->deshacer(c.ultimo, kVentana)); },
      "100 10", "10:Pera/345"},
     {"another code",
      [](Caminante& c) { c.modificar(10, [](Articulo& a) { a.clave.codigo = 12; }); },
@@ -184,11 +183,11 @@ const Tramo kTramos[] = {
     {"and back", [](Caminante& c) { c.modificar(12, [](Articulo& a) { a.clave.codigo = 10; }); },
      "100 10,120 12", "10:Pera/345"},
     {"moved away",
-     [](Caminante& c) { valor(c.catalogo->mover(std::vector<ClaveArticulo>{{1, 10}}, 2)); },
+     [](Caminante& c) { bien(c.catalogo->mover(std::vector<ClaveArticulo>{{1, 10}}, 2)); },
      "120 10", ""},
     {"copied back",
      [](Caminante& c) {
-       valor(c.catalogo->copiar(std::vector<ClaveArticulo>{{2, 10}}, 1, kVentana));
+       bien(c.catalogo->copiar(std::vector<ClaveArticulo>{{2, 10}}, 1, kVentana));
      },
      "100 10", "10:Pera/345"},
     {"another department at once", [](Caminante& c) { c.lote(precios::PoneDepartamento{2}); },

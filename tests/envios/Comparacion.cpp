@@ -1,5 +1,5 @@
-// The complete sending to a Birch group and the walk of class 24: what the scales hold beside what
-// they should hold.
+// The complete sending to a Birch group and the walk of class 24: the contents of the scales
+// compared with what they should hold.
 #include "envios/Envios.h"
 
 namespace tarvo::prueba {
@@ -38,7 +38,7 @@ TEST_F(Birch, LasTramasDeCadaCaso) {
   };
   for (const Caso& c : casos) {
     for (const char16_t* t : {u"PLUSES", u"[Cross]", u"Enviados", u"Retenidos"})
-      valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+      bien(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
     maquina(4).memoria().catalogo.clear();
     for (const int n : c.aqui) alta(n, n);
     for (const int n : c.retenidos) cambiar(n, u"DEPTO=100"_s);
@@ -47,13 +47,13 @@ TEST_F(Birch, LasTramasDeCadaCaso) {
     EXPECT_EQ(codigos(), c.queda.split(u' ')) << qPrintable(c.frames);
     esCierto(4);
     EXPECT_EQ(retenidos(4).isEmpty(), c.retenidos.empty());
-    // All that there was to say is known: the next sending has nothing to do.
+    // The state is fully known: the next sending has nothing to do.
     EXPECT_TRUE(enviar(4).isEmpty() || c.desde > 0) << qPrintable(c.frames);
   }
 }
 
-// What the machine lost is known by the numbers that it passed over, and what it has too much is
-// deleted though no mark says so.
+// Lost articles are recognised by the skipped numbers, and surplus ones are deleted even without a
+// mark.
 TEST_F(Birch, UnaMemoriaMasVieja) {
   for (const int c : {5, 7, 9}) alta(c, c);
   enviar(4, kTxPlus, true);
@@ -64,7 +64,7 @@ TEST_F(Birch, UnaMemoriaMasVieja) {
   enviar(4);
   EXPECT_EQ(tiene(4), u"7:Tomate/70 9:Tomate/9 11:Tomate/11");
   maquina(4).memoria().catalogo = vieja;
-  EXPECT_TRUE(enviar(4).isEmpty());  // nobody told us
+  EXPECT_TRUE(enviar(4).isEmpty());  // not yet known here
   EXPECT_EQ(enviar(4, kRxDatPlu), u"101 1,101 6,101 8,101 10"_s);
   EXPECT_TRUE(avisos.last().contains(u"iguales 1, distintos 1, sobrantes 1"));
   EXPECT_EQ(cruz(4), u"5x 9");
@@ -74,7 +74,7 @@ TEST_F(Birch, UnaMemoriaMasVieja) {
   esCierto(4);
 }
 
-// They say that they delete, and delete nothing: now and then they are asked, and it is said.
+// They report deletions but delete nothing: now and then they are asked, and this is reported.
 TEST_F(Birch, UnaBalanzaQueNoBorraNada) {
   alta(5, 5);
   for (int c = 100; c < 300; ++c) enBalanza(c);
@@ -87,7 +87,7 @@ TEST_F(Birch, UnaBalanzaQueNoBorraNada) {
   EXPECT_TRUE(avisos.join(u'\n').contains(
       u"Grupo 4: la máquina sigue teniendo el artículo 0000115 después de confirmar"));
   EXPECT_TRUE(cruz(4).split(u' ').contains(u"115x"));
-  // One that deletes is asked no more often than before.
+  // A machine that deletes is asked no more often than before.
   memoria.alCambiar = nullptr;
   const QString bien = enviar(4, kTxPlus, true);
   EXPECT_EQ(bien.count(u"120 "), 200);
@@ -95,8 +95,8 @@ TEST_F(Birch, UnaBalanzaQueNoBorraNada) {
   EXPECT_EQ(codigos(), QStringList{u"5"_s});
 }
 
-// A deletion that is refused goes after all that follows it, and no failure is told where it then
-// succeeds. Where it doesn't, the article is named.
+// A refused deletion moves after all others, and no failure is reported if it then succeeds. If it
+// doesn't, the article is named.
 TEST_F(Birch, UnBorradoNegadoVaDetrasDeLosDemas) {
   struct Caso {
     int hasta;  // the third deletion and those up to it are refused like the first
@@ -108,7 +108,7 @@ TEST_F(Birch, UnBorradoNegadoVaDetrasDeLosDemas) {
                         {9, u"120 7,120 7,120 7,120 7"_s, u"5 7"_s, u"5 7x"_s, 1, 3}};
   for (const Caso& c : casos) {
     for (const char16_t* t : {u"PLUSES", u"[Cross]", u"Enviados", u"Retenidos"})
-      valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+      bien(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
     maquina(4).memoria().catalogo.clear();
     problemas.clear(), reintentos.clear(), avisos.clear();
     alta(5, 5);

@@ -4,20 +4,23 @@
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 void Envios::SetUp() {
   grupo(1, 1, QStringLiteral("cable 1"));
 }
 
 void Envios::alta(qint64 codigo, qint64 precio, const QString& nombre) {
-  valor(
-      db->ejecutar(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, PRECIO_10, PRECIO_20, "
-                   u"DEPTO) VALUES (1, ?, ?, ?, ?, ?, 1)",
-                   codigo, nombre, precio, precio, precio));
+  en(1).articulo({.codigo = codigo,
+                  .nombre = nombre,
+                  .depto = 1,
+                  .precio = precio,
+                  .mas = {{u"PRECIO_10", precio}, {u"PRECIO_20", precio}}});
   bien(articles::Cambios(*db).ArticuloCambiado(1, codigo));
 }
 
 void Envios::cambiarCallando(qint64 codigo, const QString& columnas) {
-  valor(db->ejecutar(
+  bien(db->ejecutar(
       QStringLiteral("UPDATE PLUSES SET %1 WHERE SECCION=1 AND CODPLU=?").arg(columnas), codigo));
 }
 
@@ -28,15 +31,14 @@ void Envios::cambiar(qint64 codigo, const QString& columnas) {
 
 void Envios::borrar(qint64 codigo) {
   bien(articles::Cambios(*db).MarcarArticuloBorrado(1, codigo, true));
-  valor(db->ejecutar(u"DELETE FROM PLUSES WHERE SECCION=1 AND CODPLU=?", codigo));
+  sql(u"DELETE FROM PLUSES WHERE SECCION=1 AND CODPLU=?"_s, codigo);
 }
 
 void Envios::oferta(int grupo, qint64 codigo, qint64 precio, double desde, double hasta) {
   const Fecha hoy = reloj.ahora().dia();
-  valor(
-      db->ejecutar(u"INSERT INTO OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, PRECIO_1, PRECIO_2, "
-                   u"FECHA_INI, FECHA_FIN) VALUES (?, 1, ?, ?, ?, ?, ?, ?)",
-                   grupo, codigo, precio, precio, precio, hoy + desde, hoy + hasta));
+  sql(u"INSERT INTO OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, PRECIO_1, PRECIO_2, "
+      u"FECHA_INI, FECHA_FIN) VALUES (?, 1, ?, ?, ?, ?, ?, ?)"_s,
+      grupo, codigo, precio, precio, precio, hoy + desde, hoy + hasta);
 }
 
 QString Envios::nuevas(int grupo, int addr) {
@@ -110,7 +112,7 @@ void Envios::loTiene(int grupo, int addr, const QString& codigos) {
   for (const QString& plu : codigos.split(u' ', Qt::SkipEmptyParts)) {
     if (plu.endsWith(u'x') || plu.endsWith(u'?')) continue;
     const qint64 codigo = plu.toLongLong();
-    const auto p = valor(lector.leer({&codigo, 1}, reloj.ahora()));
+    const auto p = bien(lector.leer({&codigo, 1}, reloj.ahora()));
     ASSERT_EQ(p.size(), 1U) << codigo;
     const auto& catalogo = maquina(grupo, addr).memoria().catalogo;
     const auto it = catalogo.find(static_cast<int>(codigo));

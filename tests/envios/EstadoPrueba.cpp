@@ -1,26 +1,29 @@
-// The send state of a group, and what "send just those" makes of it.
+// The send state of a group, and the result of "send just those".
 #include "comm/envios/Estado.h"
 
 #include "comm/envios/Comparada.h"
+#include "comm/envios/Debe.h"
 #include "envios/Envios.h"
 #include "textos/TextosDePrueba.h"
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 using envios::Situacion;
 
 struct EstadoDeEnvio : Envios {
-  envios::Destino destino(int g) { return valor(envios::destinoDeGrupo(*db, g)).value(); }
+  envios::Destino destino(int g) { return bien(envios::destinoDeGrupo(*db, g)).value(); }
   // "10=0 20=4", by the number of the situation.
   QString estado(int g = 1) {
     QStringList salida;
     for (const auto& e :
-         valor(envios::estadoDeEnvio(*db, destino(g), textosDePrueba(), reloj.ahora())))
+         bien(envios::estadoDeEnvio(*db, destino(g), textosDePrueba(), reloj.ahora())))
       salida << QStringLiteral("%1=%2").arg(e.codigo).arg(static_cast<int>(e.situacion));
     return salida.join(u' ');
   }
   std::vector<envios::Encargo> encargo(int g, std::vector<qint64> codigos) {
-    return valor(envios::encargar(*db, destino(g), codigos)).tareas;
+    return bien(envios::encargar(*db, destino(g), codigos)).tareas;
   }
 };
 
@@ -32,16 +35,16 @@ TEST_F(EstadoDeEnvio, DeBalanzas) {
   cambiar(10, u"PRECIO_00=5"_s);
   cambiarCallando(20, u"PRECIO_00=5"_s);
   cambiarCallando(30, u"DEPTO=100"_s);
-  valor(db->ejecutar(u"DELETE FROM Enviados WHERE CODPLU=40"));
+  sql(u"DELETE FROM Enviados WHERE CODPLU=40"_s);
   oferta(1, 50, 3, 0, 1);
   borrar(60);
-  // Gone by a way that told nobody.
-  valor(db->ejecutar(u"DELETE FROM PLUSES WHERE CODPLU=70"));
-  valor(db->ejecutar(u"DELETE FROM [Cross] WHERE plu=70"));
+  // Gone without a mark.
+  sql(u"DELETE FROM PLUSES WHERE CODPLU=70"_s);
+  sql(u"DELETE FROM [Cross] WHERE plu=70"_s);
   EXPECT_EQ(estado(), u"10=2 20=3 30=4 40=1 50=2 60=6 70=6");
   estorbos(1, {{Averia::Err, 0, 100, 0, 4}});
   enviar(1);
-  EXPECT_EQ(estado(), u"10=5 20=3 30=4 40=1 50=5");  // what was too much is gone
+  EXPECT_EQ(estado(), u"10=5 20=3 30=4 40=1 50=5");  // the surplus is gone
   estorbos(1, {});
   cambiarCallando(30, u"DEPTO=1"_s);
   EXPECT_EQ(encargo(1, {20, 40, 70}), (std::vector<envios::Encargo>{{false, {20, 70}}}));
@@ -50,6 +53,32 @@ TEST_F(EstadoDeEnvio, DeBalanzas) {
   enviar(1);
   EXPECT_EQ(estado(), u"10=0 20=0 30=0 40=0 50=0");
   EXPECT_EQ(tiene(1), u"10:Tomate/5 20:Tomate/5 30:Tomate/30 40:Tomate/40 50:Tomate/3");
+}
+
+// The counts of a notice: none for a group without an earlier sending, all articles for a wiped
+// one.
+TEST_F(EstadoDeEnvio, LoQueSeDebe) {
+  const auto debe = [&] {
+    QStringList salida;
+    for (const auto& d : valor(envios::loQueSeDebe(*db, reloj.ahora())))
+      salida << QStringLiteral("%1:%2%3")
+                    .arg(d.grupo)
+                    .arg(d.articulos)
+                    .arg(d.vacio ? QStringLiteral(" vacío") : QString());
+    return salida.join(u',');
+  };
+  for (const qint64 c : {10, 20, 30}) alta(c, c);
+  EXPECT_EQ(debe(), QString()) << "nobody has begun with it";
+  enviar(1);
+  EXPECT_EQ(debe(), QString());
+  cambiar(10, u"PRECIO_00=5"_s);
+  borrar(20);
+  EXPECT_EQ(debe(), u"1:2");
+  enviar(1);
+  EXPECT_EQ(debe(), QString());
+  valor(db->ejecutar(u"DELETE FROM Enviados"));
+  valor(db->ejecutar(u"DELETE FROM [Cross]"));
+  EXPECT_EQ(debe(), u"1:2 vacío");
 }
 
 TEST_F(EstadoDeEnvio, DeRegistradoras) {
@@ -61,7 +90,7 @@ TEST_F(EstadoDeEnvio, DeRegistradoras) {
   cambiar(50, u"PRECIO_00=5"_s);
   borrar(40);
   EXPECT_EQ(estado(3), u"10=0 20=2 30=2 40=6 50=2");
-  const auto e = valor(envios::encargar(*db, destino(3), std::vector<qint64>{20, 30, 40}));
+  const auto e = bien(envios::encargar(*db, destino(3), std::vector<qint64>{20, 30, 40}));
   EXPECT_EQ(e.tareas, (std::vector<envios::Encargo>{{true, {20, 30}}}));
   EXPECT_EQ(e.imposibles, 1);
   EXPECT_EQ(encargo(3, {10, 30, 50}),
@@ -74,7 +103,7 @@ TEST_F(EstadoDeEnvio, UnaFichaAlLadoDeOtra) {
   auto& suya = maquina(1).memoria().catalogo[10].ficha;
   suya.replace(27, 6, "000099").replace(0, 4, "PI\\A");
   const auto comparar = [&](qint64 c) {
-    return valor(
+    return bien(
         envios::compararFicha(*db, destino(1), c, *ajustes, textosDePrueba(), reloj.ahora()));
   };
   EXPECT_FALSE(comparar(10).cuando);
@@ -90,7 +119,8 @@ TEST_F(EstadoDeEnvio, UnaFichaAlLadoDeOtra) {
   EXPECT_EQ(f.campos[2].aqui, u"1,00");
   EXPECT_EQ(f.campos[2].alli, u"0,99");
   EXPECT_EQ(estado(), u"10=2");
-  // Held back, it shows what the database has; of that and of theirs, what a person reads differs.
+  // If held back, it shows the article of the database; it and the machine's differ in readable
+  // form.
   cambiar(10, u"NOMPLU='PIÑA', PRECIO_00=123456789, minimo=250, HASTA_1=1500, HASTA_2=2"_s);
   QStringList aqui;
   for (const int i : {0, 1, 2, 12, 14, 16, 18})

@@ -1,10 +1,12 @@
-// What gets in the way of a sending: machines that refuse, are full, go dark or come back, an edit
-// while an answer is on its way, a power cut.
+// Obstacles to a sending: machines that refuse, are full, go silent or come back, an edit while an
+// answer is on its way, a power cut.
 #include "envios/Envios.h"
 
 namespace tarvo::prueba {
 
-// Refused articles go last, and after the deletions, which may make room for them.
+using namespace Qt::StringLiterals;
+
+// Refused articles go last, after the deletions, which may make room for them.
 TEST_F(Envios, UnaNegativaNoParaALosDemas) {
   for (const qint64 c : {10, 20, 30, 40}) alta(c, c);
   enviar(1);
@@ -36,7 +38,7 @@ TEST_F(Envios, UnArticuloQueLaMaquinaNuncaQuiere) {
   EXPECT_TRUE(
       avisos.join(u'\n').contains(u"el artículo 0000020 no está al día en la máquina, que lo "
                                   u"ha rechazado: La trama recibida contiene datos erróneos."));
-  // The next time it goes after the others.
+  // Next time it goes after the others.
   estorbos(1, {});
   alta(40, 40);
   EXPECT_EQ(enviar(1), u"100 40,100 20"_s);
@@ -54,8 +56,8 @@ TEST_F(Envios, UnaMaquinaQueLoNiegaTodo) {
   EXPECT_LT(enviar(1).count(u','), 10);
 }
 
-// A full machine: more refusals running than would be the group's trouble, and what it must delete
-// comes after them.
+// A full machine: enough consecutive refusals to blame the group, and its deletions come after
+// them.
 TEST_F(Envios, UnaMaquinaLlenaHaceSitioPrimero) {
   for (const int tipo : {1, 4}) {
     SCOPED_TRACE(tipo);
@@ -77,7 +79,7 @@ TEST_F(Envios, UnaMaquinaLlenaHaceSitioPrimero) {
       EXPECT_EQ(retenidos(g), u"");
       EXPECT_TRUE(problemas.isEmpty() && reintentos.isEmpty());
       esCierto(g);
-      // Where that makes no room, the refusals are the group's trouble as ever.
+      // If that makes no room, the refusals count as the group's fault, as usual.
       for (int c = 10; c < 35; ++c) cambiar(c, u"PRECIO_00=7"_s);
       borrar(34);
       estorbos(g, {{Averia::Err, 0, 100, 0, 4}});
@@ -97,7 +99,7 @@ TEST_F(Envios, UnSilencioSePreguntaAntesDeRepetir) {
   EXPECT_EQ(enviar(1), u"100 10,100 20,101 20,100 30"_s);
   EXPECT_EQ(cruz(1), u"10 20 30");
   for (const qint64 c : {10, 20, 30}) cambiar(c, u"PRECIO_00=5"_s);
-  // Its answer comes after the next question, which it must not answer.
+  // Its answer comes after the next question and must not count for it.
   estorbos(1, {});
   estorbos(1, {{Averia::RespuestaTardia, 1, 100}});
   enviar(1);
@@ -110,9 +112,9 @@ TEST_F(Envios, UnSilencioSePreguntaAntesDeRepetir) {
   EXPECT_EQ(cruz(1), u"10 30");
 }
 
-// "No such article", or a number that refuses nothing, for an article that was sent is no refusal:
-// the rest goes, nothing is repeated and nothing failed. What the scales then tell decides what
-// they hold.
+// "No such article", or a number that refuses nothing, in answer to an article is no refusal: the
+// rest is sent, nothing is repeated and nothing fails. The scales' next answer decides what they
+// hold.
 TEST_F(Envios, UnaFichaALaQueContestanConUnNumero) {
   grupo(4, 4, u"cable 2"_s);
   struct Caso {
@@ -127,11 +129,11 @@ TEST_F(Envios, UnaFichaALaQueContestanConUnNumero) {
                         {false, 0, u"que lo ha rechazado: error 100"_s}};
   for (const auto& [completo, numero, frase] : casos) {
     SCOPED_TRACE(numero);
-    const int g = completo ? 4 : 1;  // kind 4: beside their own list
+    const int g = completo ? 4 : 1;  // kind 4: compared with their own list
     avisos.clear();
     for (const qint64 c : {10, 20, 30}) alta(c, c);
     for (const char16_t* t : {u"[Cross]", u"Enviados", u"Retenidos"})
-      valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+      bien(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
     maquina(g).memoria().catalogo.clear();
     estorbos(g, {{Averia::Err, 1, 100, 0, numero}, {Averia::Err, 2, 100, 0, numero}});
     const QString oido = enviar(g, kTxPlus, completo);
@@ -146,7 +148,7 @@ TEST_F(Envios, UnaFichaALaQueContestanConUnNumero) {
     EXPECT_TRUE(avisos.join(u'\n').contains(
         u"el artículo 0000010 no está al día en la máquina, "_s + frase))
         << avisos.join(u'\n').toStdString();
-    // The next sending brings them; said of one that they hold as it went, it counts.
+    // The next sending brings them; for one that they hold as sent, such an answer counts.
     estorbos(g, {});
     enviar(g);
     EXPECT_EQ(cruz(g), u"10 20 30");
@@ -164,8 +166,7 @@ TEST_F(Envios, UnaFichaALaQueContestanConUnNumero) {
   }
 }
 
-// The same of what else they may say so to: prices, a deletion, a question. Only "no such article"
-// tells what they hold.
+// The same answer to prices, a deletion, a question. Only "no such article" shows what they hold.
 TEST_F(Envios, UnNumeroQueNoNiegaNada) {
   alta(10, 10);
   alta(20, 20);
@@ -185,8 +186,8 @@ TEST_F(Envios, UnNumeroQueNoNiegaNada) {
   EXPECT_EQ(cruz(1), u"10");
 }
 
-// An article that the machine never answers, or with what nobody knows, doesn't keep the others
-// back: it goes after them and is named.
+// An article that the machine never answers, or answers unintelligibly, doesn't hold back the
+// others: it goes after them and is named.
 TEST_F(Envios, UnArticuloAlQueLaMaquinaNoContesta) {
   grupo(2, 2, u"cable 2"_s);
   grupo(4, 4, u"cable 4"_s);
@@ -201,7 +202,7 @@ TEST_F(Envios, UnArticuloAlQueLaMaquinaNoContesta) {
       SCOPED_TRACE(
           u"%1 %2 %3"_s.arg(nombreAveria(c.averia)).arg(c.grupo).arg(completo).toStdString());
       for (const char16_t* t : {u"PLUSES", u"[Cross]", u"Enviados", u"Retenidos"})
-        valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+        bien(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
       maquina(c.grupo).memoria().catalogo.clear();
       for (const qint64 n : {10, 20, 30, 40}) alta(n, n);
       const int codigo = c.grupo == 2 ? 32 : 100;
@@ -209,7 +210,7 @@ TEST_F(Envios, UnArticuloAlQueLaMaquinaNoContesta) {
       for (int n = 2; n < 2 + c.copias; ++n) guion.push_back({c.averia, n, codigo, 0, c.valor});
       auto siempre = guion;
       for (int n = 4 + c.copias; n < 60; ++n) siempre.push_back({c.averia, n, codigo, 0, c.valor});
-      // Never: the others are held, it is named. Without a single retry, too.
+      // Never answered: the others are held, it is named. Also without a single retry.
       gestor->VigilaProcesos(0, true, this);
       estorbos(c.grupo, siempre);
       enviar(c.grupo, kTxPlus, completo);
@@ -218,9 +219,9 @@ TEST_F(Envios, UnArticuloAlQueLaMaquinaNoContesta) {
       EXPECT_EQ(retenidos(c.grupo), u"20/%1"_s.arg(c.error));
       EXPECT_TRUE(avisos.join(u'\n').contains(u"el artículo 0000020 no está al día"));
       problemas.clear();
-      // Once only: it goes after the others.
+      // Unanswered once: it goes after the others.
       for (const qint64 n : {10, 20, 30, 40}) cambiar(n, u"PRECIO_00=5"_s);
-      valor(db->ejecutar(u"DELETE FROM Retenidos"));
+      sql(u"DELETE FROM Retenidos"_s);
       estorbos(c.grupo, guion);
       enviar(c.grupo, kTxPlus, completo);
       EXPECT_TRUE(problemas.isEmpty());
@@ -230,7 +231,7 @@ TEST_F(Envios, UnArticuloAlQueLaMaquinaNoContesta) {
     }
 }
 
-// A deletion that is refused keeps none of the others back.
+// A refused deletion doesn't hold back the others.
 TEST_F(Envios, UnBorradoQueLaMaquinaNoQuiere) {
   for (const qint64 c : {10, 20, 30, 40}) alta(c, c);
   enviar(1);
@@ -267,7 +268,7 @@ TEST_F(Envios, OscuraEnMedio) {
       avisos.join(u'\n').contains(u"sin acabar; quedan artículos por enviar 19, por "
                                   u"borrar 1."))
       << avisos.join(u'\n').toStdString();
-  // What it took counts, and what it took unheard is due.
+  // Confirmed articles count, and those taken without a confirmation are due.
   EXPECT_EQ(maquina(1).memoria().catalogo.size(), 12U);
   EXPECT_EQ(cruz(1).split(u' ').size(), 12);
   esCierto(1);
@@ -276,7 +277,7 @@ TEST_F(Envios, OscuraEnMedio) {
   EXPECT_EQ(maquina(1).memoria().catalogo.size(), 30U);
   EXPECT_EQ(cruz(1).split(u' ').size(), 30);
   esCierto(1);
-  // Not a word gets through.
+  // Nothing gets through.
   estorbos(1, {{Averia::Sorda, 0, -1}});
   cambiar(10, u"PRECIO_00=5"_s);
   avisos.clear();
@@ -285,11 +286,11 @@ TEST_F(Envios, OscuraEnMedio) {
   EXPECT_FALSE(avisos.join(u'\n').contains(u"no había cambios"));
 }
 
-// An answer that comes to what an article was doesn't make it held as it is.
+// An answer to an article's former state doesn't make its present state held.
 TEST_F(Envios, UnCambioMientrasLlegaLaRespuesta) {
   for (const qint64 c : {10, 20, 30}) alta(c, c);
   encolar(1, kTxPlus, false);
-  // Between the frames: the article that has just gone is changed, and another one taken away.
+  // Between the frames: the article just sent is changed, and another one removed.
   bool hecho = false;
   for (int i = 0; i < 4000 && gestor->CuantosQuedan().total > 0; ++i) {
     reloj.siguiente();
@@ -309,7 +310,7 @@ TEST_F(Envios, UnCambioMientrasLlegaLaRespuesta) {
   esCierto(1);
 }
 
-// An article that has yet to go, changed after the one that has just gone, goes as it stands now.
+// An article changed before its turn is sent in its present form.
 TEST_F(Envios, UnCambioAntesDeSuTurno) {
   for (const int clase : {kTxPlus, kTPreci}) {
     for (const qint64 c : {10, 20, 30}) alta(c, c);
@@ -331,12 +332,12 @@ TEST_F(Envios, UnCambioAntesDeSuTurno) {
   }
 }
 
-// Whatever the moment of the cut, what is believed to be held is held, and the next sending brings
+// Whatever the moment of the cut, articles that count as held are held, and the next sending brings
 // the rest.
 TEST_F(Envios, UnCorteEnCualquierMomento) {
   for (int corte = 1; corte < 60; corte += 3) {
     for (const char16_t* t : {u"PLUSES", u"[Cross]", u"Enviados", u"OFERTAS"})
-      valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+      bien(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
     maquina(1).memoria().catalogo.clear();
     for (int c = 10; c < 20; ++c) alta(c, c);
     enviar(1);
@@ -347,9 +348,9 @@ TEST_F(Envios, UnCorteEnCualquierMomento) {
     for (int i = 0; i < corte; ++i) reloj.siguiente();
     arrancar();
     maquina(1).desconectar();
-    // The offer that went unheard is gone with the cut, for it never counted as sent.
-    valor(db->ejecutar(u"DELETE FROM OFERTAS WHERE enviado=0"));
-    valor(db->ejecutar(u"UPDATE OFERTAS SET borrado=1"));
+    // The offer sent without confirmation is gone after the cut, since it never counted as sent.
+    sql(u"DELETE FROM OFERTAS WHERE enviado=0"_s);
+    sql(u"UPDATE OFERTAS SET borrado=1"_s);
     enviar(1);
     enviar(1);
     EXPECT_EQ(cruz(1).count(u'x'), 0) << corte;
@@ -360,8 +361,8 @@ TEST_F(Envios, UnCorteEnCualquierMomento) {
   }
 }
 
-// A machine comes back with the memory of before a deletion: the complete sending of the range
-// deletes again, an optimised one doesn't repeat it.
+// A machine comes back with its memory from before a deletion: the complete sending of the range
+// deletes again, an optimised one doesn't.
 TEST_F(Envios, VuelveConUnaMemoriaMasVieja) {
   for (const qint64 c : {10, 20, 30}) alta(c, c);
   enviar(1);
@@ -386,11 +387,11 @@ TEST_F(Envios, SoloPrecios) {
   cambiar(20, u"PRECIO_00=21, NOMPLU='Pera'"_s);
   EXPECT_EQ(enviar(1, kTPreci), u"101 10,101 20"_s);
   EXPECT_EQ(tiene(1), u"10:Tomate/11 20:Tomate/21 30:Tomate/30");
-  EXPECT_EQ(cruz(1), u"10 30");  // of 20 there is more to send
+  EXPECT_EQ(cruz(1), u"10 30");  // there is more to send for 20
   EXPECT_TRUE(avisos.last().contains(u"precios enviados 2"));
   esCierto(1);
   EXPECT_EQ(enviar(1), u"100 20"_s);
-  // What the machine hasn't gets no price, and is due.
+  // An article missing from the machine gets no price, and is due.
   maquina(1).memoria().catalogo.erase(30);
   cambiar(30, u"PRECIO_00=31"_s);
   enviar(1, kTPreci);
@@ -398,8 +399,8 @@ TEST_F(Envios, SoloPrecios) {
   EXPECT_EQ(cruz(1), u"10 20");
   EXPECT_EQ(enviar(1), u"100 30"_s);
   EXPECT_EQ(retenidos(1), u"");
-  // Held before, without proof: still held when its prices have gone once more.
-  valor(db->ejecutar(u"DELETE FROM Enviados"));
+  // Held before, without proof: still held after its prices are sent once more.
+  sql(u"DELETE FROM Enviados"_s);
   EXPECT_EQ(enviar(1, kTPreci, true), u"101 10,101 20,101 30");
   EXPECT_EQ(cruz(1), u"10 20 30");
   esCierto(1);

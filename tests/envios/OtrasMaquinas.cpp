@@ -1,8 +1,10 @@
-// Ebony machines and registers: no marks of Cross, no deletion of one article, a wipe; and groups
-// that move to another section.
+// Ebony machines and registers: no marks in Cross, no deletion of single articles, a wipe; and
+// groups that move to another section.
 #include "envios/Envios.h"
 
 namespace tarvo::prueba {
+
+using namespace Qt::StringLiterals;
 
 struct Ebony : Envios {
   void SetUp() override { grupo(2, 2, u"cable 2"_s, {5}); }
@@ -22,7 +24,7 @@ TEST_F(Ebony, VaTodoElRango) {
   EXPECT_EQ(cruz(2), u"");
 }
 
-// It can't be told to delete one, but not without a word.
+// It can't be told to delete one, but this is reported.
 TEST_F(Ebony, LoBorradoSeQueda) {
   for (const qint64 c : {10, 20}) alta(c, c);
   enviar(2, kTxPlus, true, 0, 9999999, 5);
@@ -49,7 +51,7 @@ TEST_F(Ebony, ElBorradoYSuNegativa) {
   for (const qint64 c : {10, 20}) alta(c, c);
   enviar(2, kTxPlus, true, 0, 9999999, 5);
   vender(2, 10, 100, 50, 1, 5);
-  // With sales inside the machine refuses, and still holds what it held.
+  // With sales the machine refuses, and keeps its articles.
   enviar(2, kBorrPlu, true, 0, 9999999, 5);
   EXPECT_FALSE(problemas.isEmpty());
   EXPECT_EQ(probados(2), u"10 20");
@@ -61,8 +63,8 @@ TEST_F(Ebony, ElBorradoYSuNegativa) {
   EXPECT_TRUE(avisos.last().contains(u"ha borrado todos sus artículos"));
 }
 
-// A wipe that is tried again doesn't empty the machine after the sending that was to follow it;
-// given up, it keeps nobody.
+// A retried wipe doesn't empty the machine after the sending that was to follow it; once given up,
+// it blocks no task.
 TEST_F(Ebony, LoQueVaDetrasDeUnBorradoLoEspera) {
   for (const qint64 c : {10, 20}) alta(c, c);
   enviar(2, kTxPlus, true, 0, 9999999, 5);
@@ -87,8 +89,7 @@ TEST_F(Ebony, LoQueVaDetrasDeUnBorradoLoEspera) {
   estorbos(2, {{Averia::Rechazo, 0, 73}}, 5);
   EXPECT_EQ(procesar(true), u"73 0,73 0,73 0,73 0,32 10,32 20");
   EXPECT_EQ(tiene(2, 5), u"10:Tomate/10 20:Tomate/20");
-  // With nobody to watch, one that stays as failed keeps nobody either, and isn't tried again by
-  // itself.
+  // Without a watcher, a failed one that stays blocks no task either, and isn't retried by itself.
   gestor->VigilaProcesos(0, false, nullptr);
   delMotor().IntentosManual = 1;
   const int borrado = encolar(2, kBorrPlu);
@@ -101,7 +102,7 @@ TEST_F(Ebony, LoQueVaDetrasDeUnBorradoLoEspera) {
   EXPECT_EQ(tiene(2, 5), u"10:Tomate/10 20:Tomate/20");
 }
 
-// Between the order and its answer nobody knows what the machine holds, cut or no cut.
+// Between the order and its answer the machine's contents are unknown, with or without a cut.
 TEST_F(Ebony, UnBorradoSinRespuesta) {
   for (const qint64 c : {10, 20}) alta(c, c);
   enviar(2, kTxPlus, true, 0, 9999999, 5);
@@ -130,8 +131,8 @@ TEST_F(Cajas, CadaArticuloACadaCaja) {
   EXPECT_EQ(probados(3), u"10 20");
 }
 
-// The code that somebody gave an article is another's, made of prefix and number: one record would
-// take the place of the other, and the one would be sold as the other.
+// An article's predefined code equals another's code of prefix and number: one record would replace
+// the other, and one article would be sold as the other.
 TEST_F(Cajas, DosArticulosConUnCodigoDeBarras) {
   for (const qint64 c : {10, 20, 30}) alta(c, c);
   enviar(3, kTxPlus, true, 0, 9999999, 4);
@@ -150,8 +151,8 @@ TEST_F(Cajas, DosArticulosConUnCodigoDeBarras) {
   EXPECT_EQ(retenidos(3), u"");
 }
 
-// Both count from the same number, and every answer of the second looks like the one before it, of
-// the first: two frames more part them, and nobody waits.
+// Both count from the same number, and every answer of the second looks like the previous one of
+// the first: two extra frames separate them, without any wait.
 TEST_F(Cajas, CuentasQueVanALaPar) {
   for (int c = 10; c < 60; ++c) alta(c, c);
   encolar(3, kTxPlus);
@@ -165,7 +166,7 @@ TEST_F(Cajas, CuentasQueVanALaPar) {
   EXPECT_EQ(filas(u"SELECT count(*) FROM Enviados WHERE GRUPO=3"_s), u"50");
 }
 
-// Held is what all of them have.
+// Articles count as held if all registers have them.
 TEST_F(Cajas, UnaCajaQueCalla) {
   for (const qint64 c : {10, 20}) alta(c, c);
   estorbos(3, {{Averia::Sorda}}, 9);
@@ -178,7 +179,7 @@ TEST_F(Cajas, UnaCajaQueCalla) {
   EXPECT_EQ(maquina(3, 9).memoria().catalogo.size(), 2U);
 }
 
-// Its refusal doesn't look like an answer: the article counts as refused, and the rest goes.
+// Its refusal doesn't look like an answer: the article counts as refused, and the rest is sent.
 TEST_F(Cajas, UnaCajaQueRechaza) {
   for (const qint64 c : {10, 20}) alta(c, c);
   estorbos(3, {{Averia::Err, 1, 4003, 0, 1}}, 9);
@@ -195,34 +196,33 @@ TEST_F(Cajas, ElBorrado) {
   EXPECT_EQ(probados(3), u"");
 }
 
-// An order goes once, so that an answer that may be another's counts for none; told again, it ends.
+// An order is sent once, so an answer that may be another's doesn't count; once repeated, it ends.
 TEST_F(Cajas, ElBorradoConCuentasALaPar) {
   gestor->VigilaProcesos(0, true, this);
   enviar(3, kBorrPlu, true, 0, 9999999, 4);
   EXPECT_TRUE(problemas.isEmpty() && reintentos.isEmpty());
-  EXPECT_EQ(oidas(3, 9).filter(u"4098 "_s).size(), 4);  // two were owed, each was told again
+  EXPECT_EQ(oidas(3, 9).filter(u"4098 "_s).size(), 4);  // two orders were owed, each was repeated
 }
 
 TEST_F(Envios, UnGrupoQueCambiaDeSeccion) {
-  valor(db->ejecutar(u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (2, 'Pan')"));
+  seccion(2, u"Pan");
   for (const qint64 c : {10, 20}) alta(c, c);
   enviar(1);
-  valor(db->ejecutar(
-      u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, DEPTO) VALUES (2, 10, 'Barra', 1)"));
-  valor(db->ejecutar(u"UPDATE GRUPOS SET SECCION=2"));
-  // Deleted in the section that it left: 10 is another article now and stays, 20 goes.
-  valor(db->ejecutar(u"UPDATE [Cross] SET borra=1 WHERE Grupo=1"));
+  en(2).articulo({.codigo = 10, .nombre = u"Barra", .depto = 1});
+  sql(u"UPDATE GRUPOS SET SECCION=2"_s);
+  // Deleted in its former section: 10 is another article now and stays, 20 goes.
+  sql(u"UPDATE [Cross] SET borra=1 WHERE Grupo=1"_s);
   EXPECT_EQ(enviar(1), u"100 10,120 20");
   EXPECT_EQ(tiene(1), u"10:Barra/0");
   EXPECT_EQ(filas(u"SELECT Secc, plu, borra FROM [Cross]"_s), u"1,10,1;2,10,0");
-  // Back again: what it held of the first section is no more there, or nobody knows.
-  valor(db->ejecutar(u"UPDATE GRUPOS SET SECCION=1"));
+  // Back again: its articles of the first section are gone, or unknown.
+  sql(u"UPDATE GRUPOS SET SECCION=1"_s);
   EXPECT_EQ(enviar(1), u"100 10,100 20");
   EXPECT_EQ(tiene(1), u"10:Tomate/10 20:Tomate/20");
 }
 
-// The prices of another tarifa, and what another machine holds, are nobody's knowledge; what is due
-// shows before it goes.
+// The prices of another tarifa, and the contents of another machine, are unknown; due articles show
+// before they are sent.
 TEST_F(Envios, UnGrupoConOtraTarifaUOtraMaquina) {
   for (const qint64 c : {10, 20}) alta(c, c);
   enviar(1);
@@ -233,26 +233,26 @@ TEST_F(Envios, UnGrupoConOtraTarifaUOtraMaquina) {
   };
   for (const QString& cambio : {u"tarifa=3"_s, u"ADDR=7"_s, u"Baudios=19200"_s}) {
     SCOPED_TRACE(cambio.toStdString());
-    valor(db->ejecutar(u"UPDATE GRUPOS SET "_s + cambio + u" WHERE CODGPO=1"_s));
+    bien(db->ejecutar(u"UPDATE GRUPOS SET "_s + cambio + u" WHERE CODGPO=1"_s));
     if (cambio.startsWith(u"Baudios"_s))
       EXPECT_TRUE(enviar(1).isEmpty());
     else
       debe();
   }
   EXPECT_EQ(maquina(1).memoria().catalogo.at(10).precio, 0);  // of tarifa 3
-  valor(db->ejecutar(u"UPDATE BZAS SET ADDR=9 WHERE SUGPO=1"));
+  sql(u"UPDATE BZAS SET ADDR=9 WHERE SUGPO=1"_s);
   debe();
-  // A store from before noted neither: it counts as unchanged.
-  valor(db->ejecutar(u"UPDATE EnviosGrupo SET TARIFA=NULL, MAQUINA=NULL"));
+  // An older database recorded neither: the group counts as unchanged.
+  sql(u"UPDATE EnviosGrupo SET TARIFA=NULL, MAQUINA=NULL"_s);
   EXPECT_TRUE(enviar(1).isEmpty());
 }
 
-// Another machine takes the prices of articles that it holds in another form: it still must get
-// them.
+// Another machine takes the prices of articles that it holds in another form: it must still get the
+// articles.
 TEST_F(Envios, SoloPreciosAOtraMaquina) {
   for (const qint64 c : {10, 20}) alta(c, c);
   enviar(1);
-  valor(db->ejecutar(u"UPDATE GRUPOS SET ADDR=7 WHERE CODGPO=1"));
+  sql(u"UPDATE GRUPOS SET ADDR=7 WHERE CODGPO=1"_s);
   for (auto& [codigo, suyo] : maquina(1).memoria().catalogo) suyo.ficha.replace(0, 6, "Cebolla");
   EXPECT_EQ(enviar(1, kTPreci, true), u"101 10,101 20");
   EXPECT_EQ(cruz(1), u"");
@@ -263,7 +263,7 @@ TEST_F(Envios, SoloPreciosAOtraMaquina) {
 
 TEST_F(Envios, UnaTarifaQueNoExiste) {
   alta(10, 10);
-  valor(db->ejecutar(u"UPDATE GRUPOS SET tarifa=8"));
+  sql(u"UPDATE GRUPOS SET tarifa=8"_s);
   EXPECT_EQ(enviar(1), u"");
   EXPECT_TRUE(avisos.last().contains(u"usa la tarifa 8"));
 }

@@ -1,4 +1,4 @@
-// Articles that don't fit their record: held back and named, and the rest goes.
+// Articles that don't fit their record: held back and named, while the rest is sent.
 #include "articles/LotesAMedias.h"
 #include "articles/TablasArticulos.h"
 #include "envios/Envios.h"
@@ -25,7 +25,7 @@ TEST_F(Envios, LoQueNoCabeSeRetieneYLoDemasVa) {
   esCierto(1);
 }
 
-// The price goes whatever the letters are; that others stand for them is told once, until the text
+// The price is sent whatever the letters are; their replacement is reported once, until the text
 // changes.
 TEST_F(Envios, LasLetrasQueFaltanNoRetienenNada) {
   grupo(2, 2, u"cable 2"_s, {1});
@@ -56,14 +56,14 @@ TEST_F(Envios, LasLetrasQueFaltanNoRetienenNada) {
     EXPECT_EQ(dicho(), 2);
     cambiar(10, u"NOMPLU='MORTADEL·LA'"_s);
   }
-  // Windows-1252 has them; what it lacks falls back too.
+  // Windows-1252 has them; characters that it lacks are replaced too.
   enviar(4, kTxPlus, true);
   EXPECT_EQ(retenidos(4), u"");
   EXPECT_FALSE(avisos.join(u'\n').contains(u"Grupo 4: el artículo 0000010"_s));
   EXPECT_TRUE(avisos.join(u'\n').contains(u"Grupo 4: el artículo 0000020 lleva letras"_s));
 }
 
-// What can't be read, or has too many digits for any machine, isn't 0 nor forgotten.
+// Unreadable prices, or those with too many digits for any machine, are neither 0 nor forgotten.
 TEST_F(Envios, PreciosQueNoSePuedenLeer) {
   grupo(2, 2, u"cable 2"_s, {5});
   for (const qint64 c : {10, 20, 30, 40}) alta(c, c);
@@ -92,7 +92,7 @@ TEST_F(Envios, PreciosQueNoSePuedenLeer) {
   EXPECT_EQ(retenidos(4), u"20/0 30/0 10000000/0");
 }
 
-// A machine that has the price of before doesn't hold the article as it stands.
+// A machine with the former price doesn't hold the article in its present form.
 TEST_F(Envios, UnaOfertaQueNoCabe) {
   alta(10, 10);
   enviar(1);
@@ -110,8 +110,8 @@ TEST_F(Envios, TodosLosQueNoVanSeNombran) {
   EXPECT_LT(avisos.size(), 25);
 }
 
-// Half of the articles have their new prices: nothing of the section goes until the change is
-// finished or taken back.
+// Half of the articles have their new prices: none of the section is sent until the change is
+// finished or undone.
 TEST_F(Envios, UnCambioAMediasRetieneSuSeccion) {
   enEspera = [this](int seccion) {
     return articles::motivoDeEspera(*db, textosDePrueba(), seccion);
@@ -121,7 +121,7 @@ TEST_F(Envios, UnCambioAMediasRetieneSuSeccion) {
   articles::Catalogo catalogo(*db, textosDePrueba(), reloj, u"Ana"_s);
   articles::Lotes lotes(*db, catalogo, reloj);
   for (const qint64 c : {10, 20}) alta(c, c);
-  const qint64 lote = valor(lotes.empezar(u"CambioLote"_s));
+  const qint64 lote = bien(lotes.empezar(u"CambioLote"_s));
   bien(lotes.guardar(lote, {1, 10}));
   cambiar(10, u"PRECIO_00=11"_s);
   for (const int clase : {kTxPlus, kTPreci}) {
@@ -130,7 +130,7 @@ TEST_F(Envios, UnCambioAMediasRetieneSuSeccion) {
         << avisos.join(u'\n').toStdString();
   }
   EXPECT_EQ(cruz(1), u"");
-  valor(lotes.deshacer(lote, u"CambioLote"_s));
+  bien(lotes.deshacer(lote, u"CambioLote"_s));
   EXPECT_EQ(enviar(1), u"100 10,100 20");
   EXPECT_EQ(tiene(1), u"10:Tomate/10 20:Tomate/20");
 }

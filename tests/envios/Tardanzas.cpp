@@ -1,4 +1,4 @@
-// Answers that come late: what a machine says to one article must never count for another.
+// Late answers: a machine's answer to one article must never count for another.
 #include "envios/Envios.h"
 
 namespace tarvo::prueba {
@@ -15,7 +15,7 @@ struct Tardanzas : Envios {
   void SetUp() override {
     for (int n = 1; n <= 4; ++n) grupo(n, n, u"cable %1"_s.arg(n));
   }
-  // From its n-th question of that code on the machine refuses all.
+  // From its n-th question with that code on, the machine refuses all.
   static std::vector<simulador::Paso> seNiega(simulador::Paso paso, int desde, int codigo) {
     std::vector<simulador::Paso> guion{paso};
     for (int n = desde; n < desde + 40; ++n)
@@ -24,13 +24,13 @@ struct Tardanzas : Envios {
   }
 };
 
-// The machine answers the first article, also its copies, and refuses all after it. Only the first
-// counts as held.
+// The machine answers the first article, including its copies, and refuses all later ones. Only the
+// first counts as held.
 TEST_F(Tardanzas, LaRespuestaDeUnoNoValeParaElSiguiente) {
   struct Caso {
     Averia averia;
     int valor;
-    int copias;  // how often the first article is heard
+    int copias;  // how often the first article is received
   };
   const Caso casos[] = {
       {Averia::AckLento, 2500, 2}, {Averia::AckLento, 5000, 3}, {Averia::RespuestaLenta, 12000, 1}};
@@ -39,7 +39,7 @@ TEST_F(Tardanzas, LaRespuestaDeUnoNoValeParaElSiguiente) {
       for (const bool completo : {true, false}) {
         SCOPED_TRACE(u"%1 %2, %3"_s.arg(nombreAveria(c.averia)).arg(c.valor).arg(g).toStdString());
         for (const char16_t* t : {u"PLUSES", u"[Cross]", u"Enviados", u"Retenidos"})
-          valor(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
+          bien(db->ejecutar(u"DELETE FROM "_s + QString::fromUtf16(t)));
         maquina(g).memoria().catalogo.clear();
         for (const qint64 n : {10, 20, 30}) alta(n, n);
         const int codigo = codigoDe(g);
@@ -108,7 +108,7 @@ TEST_F(Tardanzas, DeUnaTareaALaSiguiente) {
   }
 }
 
-// After a copy the scales are asked about the next article, and nobody waits.
+// After a copy the scales are asked about the next article, without any wait.
 TEST_F(Tardanzas, UnaCopiaCuestaUnaPregunta) {
   for (const qint64 n : {10, 20, 30}) alta(n, n);
   estorbos(1, {{Averia::AckLento, 1, 100, 0, 2500}});

@@ -1,5 +1,5 @@
-// The opening at the start: a missing file, the version, the rows that every database has, and what
-// can go wrong.
+// The opening at program start: a missing file, the version, the rows that every database has, and
+// failures.
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -20,6 +20,9 @@ class Apertura : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_TRUE(QDir(carpeta.path()).mkdir("instalado"));
+    QFile resto(carpeta.filePath("instalado/VOIDtarvo.MDB.taller"));  // of one that was cut off
+    EXPECT_TRUE(resto.open(QIODevice::WriteOnly) && resto.write(QByteArray(3000, 'z')) > 0);
+    resto.close();
     const auto r = escribirPlantilla(carpeta.filePath("instalado/VOIDtarvo.MDB"));
     ASSERT_TRUE(r) << r.error().texto.toStdString();
   }
@@ -72,21 +75,25 @@ TEST_F(Apertura, LoQueFaltaVuelve) {
   {
     const auto db = abrir();
     ASSERT_TRUE(db);
-    ASSERT_TRUE((*db)->ejecutarGuion(
-        u"insert into SECCS (NMSECC) values (9);\n"
-        "delete from PLUSES where CODPLU=2;\n"
-        "insert into PLUSES (SECCION, CODPLU) values (1, 50);\n"
-        "insert into MovsAlm (CODALM, SECCION, CODIGO, Venta, Merma) values (0, 1, 50, null, 3);\n"
-        "drop table TikAbier;\ndrop view QTKAB;\ndelete from version;\n"));
+    ASSERT_TRUE(
+        (*db)->ejecutarGuion(u"insert into SECCS (NMSECC) values (9);\n"
+                             "delete from PLUSES where CODPLU=2;\n"
+                             "insert into PLUSES (SECCION, CODPLU) values (1, 50);\n"
+                             "insert into MovsAlm (CODALM, SECCION, CODIGO, Venta, Merma) values "
+                             "(0, 1, 1, null, 3), (0, 1, 50, 4, null);\n"
+                             "drop table TikAbier;\ndrop view QTKAB;\ndelete from version;\n"));
   }
   const auto db = abrir({2, 6});
   ASSERT_TRUE(db);
   EXPECT_EQ(filasComoTexto(**db, "select SECCION, CODPLU from PLUSES order by SECCION, CODPLU"),
             "1|1 1|2 1|50 9|1 9|2");
-  EXPECT_EQ(filasComoTexto(**db, "select Venta, Merma from MovsAlm"), "0|3");
+  EXPECT_EQ(filasComoTexto(**db, "select Venta, Merma from MovsAlm order by CODIGO"), "0|3 4|0");
   EXPECT_EQ(filasComoTexto(**db, "select MAJOR, MINOR from version"), "2|6");
   EXPECT_TRUE((*db)->OpenTable(u"TikAbier", u"key"));
   EXPECT_TRUE((*db)->consultar(u"select secc from QTKAB"));
+  ASSERT_TRUE((*db)->Execute(u"delete from PLUSES where CODPLU=2"));
+  ASSERT_TRUE(abrir({2, 6})) << "all else is up to date";
+  EXPECT_EQ(filasComoTexto(**db, "select SECCION from PLUSES where CODPLU=2 order by 1"), "1 9");
 }
 
 TEST_F(Apertura, OtraVersionSeRechazaAntesDeTocarNada) {
@@ -126,7 +133,7 @@ TEST_F(Apertura, LoQueFallaSeDiceYNoDejaMedias) {
   const auto r = abrirBase(carpeta.filePath("no/hay/T.MDB"), {carpeta.path()}, hoy());
   ASSERT_FALSE(r);
   EXPECT_TRUE(r.error().texto.startsWith("No se encuentra la base de datos: "));
-  // What a lost database left behind is not taken for part of the new one.
+  // Leftovers of a lost database are not taken for part of the new one.
   QFile resto(base() + "-wal");
   ASSERT_TRUE(resto.open(QIODevice::WriteOnly));
   resto.write("resto");

@@ -1,4 +1,4 @@
-// The tables, as the program and as any other program see them.
+// The tables, as seen by this and by any other program.
 #include <gtest/gtest.h>
 
 #include <QProcess>
@@ -25,7 +25,7 @@ class Tablas : public testing::Test {
     ASSERT_TRUE(r) << r.error().texto.toStdString();
   }
   std::string ver(const QString& sql) { return filasComoTexto(*db, sql); }
-  // The stock shell, which knows nothing of ours.
+  // The stock shell, which knows none of our functions.
   std::string concha(const QString& sql) {
     QProcess p;
     p.setProcessChannelMode(QProcess::MergedChannels);
@@ -72,7 +72,7 @@ TEST_F(Tablas, LosIndicesSeAbrenPorSuNombreYConSuClave) {
       {"Transacs", "scann", {"tagID", "grupo", "balan", "numTK", "linea"}},
       {"Cliente", "Codigo", {"Codigo"}},
       {"FacturaVentaDetalle", "PrimaryKey", {"Serie", "Numero", "Linea"}}};
-  // Articles, stock and details stand on others.
+  // Articles, stock and details refer to other rows.
   hacer(
       "pragma defer_foreign_keys=on;\ninsert into SECCS (NMSECC) values (3);\ninsert into ALMACEN "
       "(CODALM) values (3);\n"

@@ -1,7 +1,7 @@
-// .PLU files: what each line says, and what a whole file does to the catalogue.
+// .PLU files: the contents of each line, and the effect of a whole file on the catalogue.
 #include "articles/importar/ImpPLU.h"
 
-#include "importar/Tienda.h"
+#include "importar/TiendaDeImportar.h"
 
 namespace tarvo::importar {
 namespace {
@@ -64,7 +64,7 @@ TEST(LineaPLU, LoQueNoEsUnaLinea) {
   EXPECT_EQ(leerLineaPLU(con(182, u"  "_s))->depto, 0);
 }
 
-struct ImpPLU_ : Tienda {
+struct ImpPLU_ : TiendaDeImportar {
   std::unique_ptr<ImpPLU> importar(const QByteArray& bytes,
                                    SiExiste si = SiExiste::Sobreescribirlo) {
     auto i = bien(ImpPLU::abrir(*db, catalogo, reloj, fichero(bytes)));
@@ -100,11 +100,14 @@ TEST_F(ImpPLU_, UtfConSuMarca) {
   EXPECT_EQ(articulos(u"trim(NOMPLU)"_s), u"1 10 ÑORA"_s);
 }
 
-// Overwriting leaves what the record doesn't say, the machines' state and the stock alone.
+// Overwriting leaves alone the fields not in the record, the machines' state and the stock.
 TEST_F(ImpPLU_, SobreescribirYConservar) {
-  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, PRECIO_27, minimo, CodBarExt) "
-      u"VALUES (1, 10, 'VIEJO', 9, 8, 7, '84')"_s);
-  sql(u"INSERT INTO [Cross] (Secc, plu, Grupo) VALUES (1, 10, 7)"_s);
+  articulo({.codigo = 10,
+            .nombre = u"VIEJO",
+            .precio = 9,
+            .barras = u"84",
+            .mas = {{u"PRECIO_27", 8}, {u"minimo", 7}}});
+  cruce(7, {10});
   const auto c = importar(corta(1, 10, u"NUEVO"_s), SiExiste::Conservarlo);
   EXPECT_EQ(c->cuenta().conservados, 1);
   EXPECT_EQ(c->lote(), 0);
@@ -141,7 +144,7 @@ TEST_F(ImpPLU_, LineasMalas) {
   EXPECT_EQ(i->cuenta().lineas, 5);
   EXPECT_FALSE(i->cuenta().parado);
   EXPECT_EQ(malas(*i),
-            u"2: El código 0000001 es del sistema y no se sobreescribe. | "
+            u"2: El código 0000001 lo usa el programa y no se sobreescribe. | "
             u"3: No hay ninguna sección 009: créela antes de importar. | "
             u"4: Columna 31: la unidad de venta es «7» y debe ser 0, 1 o 2."_s);
   EXPECT_EQ(articulos(u"trim(NOMPLU)"_s), u"1 10 A | 1 13 C"_s);
@@ -172,8 +175,8 @@ TEST_F(ImpPLU_, UnaLongitudMalaParaYLoHechoSeQueda) {
 }
 
 TEST_F(ImpPLU_, SeDeshaceEntero) {
-  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00) VALUES (1, 10, 'VIEJO', 9)"_s);
-  // The second line of code 11 overwrites what the first made.
+  articulo({.codigo = 10, .nombre = u"VIEJO", .precio = 9});
+  // The second line of code 11 overwrites the article of the first.
   const auto i = importar(larga(1, 10, u"A"_s) + "\n" + larga(1, 11, u"B"_s) + "\n" +
                           corta(1, 11, u"C"_s) + "\n");
   EXPECT_EQ(i->cuenta().nuevos, 1);

@@ -1,18 +1,18 @@
-// Articles out of a table: headings, dry run, what is done, what is refused, the step back.
+// Articles from a table: headings, dry run, import, refusals, undoing.
 #include "articles/importar/ImpTabla.h"
 
 #include "articles/importar/LeerTabla.h"
-#include "importar/Tienda.h"
+#include "importar/TiendaDeImportar.h"
 
 namespace tarvo::importar {
 namespace {
 
-struct ImpTabla_ : Tienda {
+struct ImpTabla_ : TiendaDeImportar {
   Ajustes ajustes{carpeta.path(), Idioma::Espanol};
   TablaLeida leida;
   std::unique_ptr<ImpTabla> motor;
 
-  // The dry run of a CSV, with its own plan; `cambiar` makes it another.
+  // The dry run of a CSV, with its own plan; `cambiar` may alter it.
   void ensayar(const QString& csv, const std::function<void(Plan&)>& cambiar = {}) {
     leida = bien(leerTabla(fichero(csv.toUtf8(), u"t.csv"_s), textosDePrueba()));
     Plan plan = planDe(leida.tabla, textosDePrueba());
@@ -61,8 +61,9 @@ TEST_F(ImpTabla_, LosTitulosSeReconocen) {
 }
 
 TEST_F(ImpTabla_, EnsayarNoCambiaNadaYDiceTodo) {
-  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO, CodBarExt) VALUES "
-      u"(1, 10, 'PIÑA', 150, 1, NULL), (1, 11, 'UVA', 220, 1, '8400'), (1, 12, 'KIWI', 300, 2, NULL)"_s);
+  articulo({.codigo = 10, .nombre = u"PIÑA", .depto = 1, .precio = 150})
+      .articulo({.codigo = 11, .nombre = u"UVA", .depto = 1, .precio = 220, .barras = u"8400"})
+      .articulo({.codigo = 12, .nombre = u"KIWI", .depto = 2, .precio = 300});
   const QString antes = articulos(u"NOMPLU, PRECIO_00, DEPTO, CodBarExt"_s);
   ensayar(
       u"Código;Nombre;PVP;Unidad;Depto;EAN;Hasta 1\n"
@@ -84,7 +85,7 @@ TEST_F(ImpTabla_, EnsayarNoCambiaNadaYDiceTodo) {
             u"4 N Nombre >Pan de molde, Precio, tarifa 1 >1.234,50, Unidad de venta >unidad, "
             u"Departamento >2, Código de barras >8401, Cantidad Hasta 1 >3 | "
             u"5 R Código: «x» no vale. | "
-            u"6 R El código 0000001 es del sistema y no se sobreescribe. | "
+            u"6 R El código 0000001 lo usa el programa y no se sobreescribe. | "
             u"7 R El artículo es nuevo y le falta el nombre. | "
             u"8 R Precio, tarifa 1: «abc» no vale. | "
             u"9 R El código 0000012 está también en la línea 8. | "
@@ -96,11 +97,12 @@ TEST_F(ImpTabla_, EnsayarNoCambiaNadaYDiceTodo) {
   EXPECT_EQ(articulos(u"NOMPLU, PRECIO_00, DEPTO, CodBarExt"_s), antes);
 }
 
-// Applied: articles, machines, history; then all of it taken back.
+// Applied: articles, machines, history; then all of it undone.
 TEST_F(ImpTabla_, AplicarYDeshacer) {
-  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO, TEXTO_ETQ) VALUES "
-      u"(1, 10, 'PIÑA', 150, 1, 'x'), (1, 11, 'UVA', 220, 1, '')"_s);
-  for (const int n : {10, 11}) sql(u"INSERT INTO [Cross] (Secc, plu, Grupo) VALUES (1, ?, 7)"_s, n);
+  articulo(
+      {.codigo = 10, .nombre = u"PIÑA", .depto = 1, .precio = 150, .mas = {{u"TEXTO_ETQ", u"x"}}})
+      .articulo({.codigo = 11, .nombre = u"UVA", .depto = 1, .precio = 220})
+      .cruce(7, {10, 11});
   const QString antes = articulos(u"NOMPLU, PRECIO_00, DEPTO, TEXTO_ETQ"_s);
   ensayar(u"Código,Nombre,Precio\n10,PIÑA,1.75\n11,UVA,2.20\n13,PAN,0.95\nmal,,\n"_s);
   const auto hecho = aplicar();
@@ -119,7 +121,7 @@ TEST_F(ImpTabla_, AplicarYDeshacer) {
 }
 
 TEST_F(ImpTabla_, SeccionPropiaYSinCrearNuevos) {
-  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU) VALUES (2, 10, 'A')"_s);
+  en(2).articulo({.codigo = 10});
   ensayar(u"Sección;Código;Nombre\n2;10;B\n2;11;C\n;12;D\n9;13;E\n"_s,
           [](Plan& p) { p.crearNuevos = false; });
   EXPECT_EQ(propuestas(),
@@ -131,7 +133,8 @@ TEST_F(ImpTabla_, SeccionPropiaYSinCrearNuevos) {
             u"2 R El artículo es nuevo y la sección 002 no tiene departamentos: cree uno antes."_s);
 }
 
-// Bar codes that go round within a table: what counts is the end. Undone, each has its own again.
+// Bar codes exchanged within a table: the final state counts. Once undone, each article has its own
+// again.
 TEST_F(ImpTabla_, CodigosDeBarrasQueSePasan) {
   const struct {
     const char16_t* filas;
@@ -147,9 +150,10 @@ TEST_F(ImpTabla_, CodigosDeBarrasQueSePasan) {
   };
   for (const auto& c : casos) {
     sql(u"DELETE FROM PLUSES WHERE CODPLU>2"_s);
-    sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, CodBarExt) VALUES (1, 10, 'A', 1, "
-        u"'7'), "
-        u"(1, 11, 'B', 1, '8'), (1, 12, 'C', 1, '9'), (1, 13, 'D', 1, NULL)"_s);
+    for (const auto& [codigo, nombre, barras] :
+         {std::tuple{10, u"A", u"7"}, {11, u"B", u"8"}, {12, u"C", u"9"}})
+      articulo({.codigo = codigo, .nombre = nombre, .depto = 1, .barras = barras});
+    articulo({.codigo = 13, .nombre = u"D", .depto = 1});
     QString csv = QString::fromUtf16(c.filas);
     csv.replace(u"20;7"_s, u"20;7;;N"_s);
     ensayar(u"Código;EAN;PVP;Nombre\n"_s + csv);
@@ -164,7 +168,7 @@ TEST_F(ImpTabla_, CodigosDeBarrasQueSePasan) {
     EXPECT_EQ(leer(u"SELECT CODPLU, CodBarExt FROM PLUSES WHERE CODPLU>2 ORDER BY CODPLU"_s),
               u"10 7 | 11 8 | 12 9 | 13 -"_s);
   }
-  // Somebody changes one of them after the dry run: none of them moves, the others do.
+  // One of them is changed after the dry run: none of them moves, the others do.
   ensayar(u"Código;EAN;PVP\n10;8;\n11;7;\n13;;2\n"_s);
   sql(u"UPDATE PLUSES SET CodBarExt='5' WHERE CODPLU=11"_s);
   EXPECT_EQ(aplicar().malas.size(), 2U);
@@ -174,8 +178,8 @@ TEST_F(ImpTabla_, CodigosDeBarrasQueSePasan) {
       u"10 7 0 | 11 5 0 | 13 - 200"_s);
 }
 
-// What the store refuses in the middle takes its step back, and names the line; the batch knows
-// the rest. What somebody did between two steps counts.
+// A refusal by the store in the middle rolls its step back and names the line; the batch keeps the
+// rest. Changes made by others between two steps count.
 TEST_F(ImpTabla_, UnFalloEnMedio) {
   QString csv = u"Código;Nombre;EAN\n"_s;
   for (int n = 0; n < 2 * ImpTabla::kEscritasPorPaso + 1; ++n)
@@ -184,8 +188,8 @@ TEST_F(ImpTabla_, UnFalloEnMedio) {
   sql(u"CREATE TRIGGER malo BEFORE INSERT ON PLUSES WHEN NEW.CODPLU=120 BEGIN SELECT "
       u"RAISE(ABORT, 'no'); END"_s);
   EXPECT_TRUE(bien(motor->aplicar()));
-  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, CodBarExt) VALUES (1, 70, 'DE OTRO', NULL), "
-      u"(1, 3, 'DE OTRO', '8400')"_s);
+  articulo({.codigo = 70, .nombre = u"DE OTRO"});
+  articulo({.codigo = 3, .nombre = u"DE OTRO", .barras = u"8400"});
   sql(u"UPDATE PLUSES SET NOMPLU='DE OTRO' WHERE CODPLU=20"_s);
   EXPECT_TRUE(bien(motor->aplicar()));
   ASSERT_EQ(motor->hecho().malas.size(), 1U) << "its bar code was taken meanwhile";

@@ -1,7 +1,7 @@
-// Every way by which an article comes under a code: what hung from an article of that code that is
-// no more is not its own.
+// Every way an article gets a code: what belonged to a deleted article of that code is not
+// inherited.
 #include "articles/importar/ImpPLU.h"
-#include "importar/Tienda.h"
+#include "importar/TiendaDeImportar.h"
 
 namespace tarvo::importar {
 namespace {
@@ -9,25 +9,17 @@ namespace {
 using articles::Articulo;
 using articles::ClaveArticulo;
 
-struct Llegadas : Tienda {
-  void SetUp() override {
-    Tienda::SetUp();
-    sql(u"INSERT INTO GRUPOS (CODGPO, TIPO, SECCION) VALUES (8, 1, 2)"_s);
-    for (const int codigo : {10, 11}) articulo(1, codigo);
-    articulo(2, 11);
+struct Llegadas : TiendaDeImportar {
+  Llegadas() {
+    for (const int codigo : {10, 11}) en(1).articulo({.codigo = codigo, .depto = 1, .precio = 300});
+    en(2).grupo({.codigo = 8}).articulo({.codigo = 11, .depto = 1, .precio = 300});
   }
-  void articulo(int seccion, int codigo) {
-    sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00) VALUES (?, ?, 'A', 1, 300)"_s,
-        seccion, codigo);
-  }
-  // An article with an offer on the scales, a history and a group that holds it, deleted.
+  // A deleted article that had an offer on the scales, a history and a group holding it.
   void queHubo(int seccion, int codigo) {
-    articulo(seccion, codigo);
-    sql(u"INSERT INTO OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, enviado) VALUES (?, ?, ?, 99, 1)"_s,
-        seccion + 6, seccion, codigo);
-    sql(u"INSERT INTO HistoriaPrecios (SECCION, CODPLU, NIVEL, TARIFA, ANTES, AHORA) VALUES (?, ?, "
-        u"0, 0, 0, 111)"_s,
-        seccion, codigo);
+    en(seccion)
+        .articulo({.codigo = codigo, .depto = 1, .precio = 300})
+        .oferta({.grupo = seccion + 6, .codigo = codigo, .precio = 99, .enviado = 1})
+        .fila(u"HistoriaPrecios", {{u"SECCION", seccion}, {u"CODPLU", codigo}, {u"AHORA", 111}});
     bien(catalogo.borrar(std::vector<ClaveArticulo>{{seccion, codigo}}));
   }
 };
@@ -88,7 +80,7 @@ TEST_F(Llegadas, NadaSeHeredaDeUnCodigo) {
 }
 
 TEST_F(Llegadas, SusOfertasVuelvenConElQueSeDevuelve) {
-  sql(u"INSERT INTO OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) VALUES (7, 1, 10, 99)"_s);
+  oferta({.grupo = 7, .codigo = 10, .precio = 99});
   const qint64 lote = bien(lotes.empezar(u"V"_s));
   bien(lotes.guardar(lote, {1, 10}));
   bien(catalogo.borrar(std::vector<ClaveArticulo>{{1, 10}}));

@@ -1,7 +1,7 @@
-// Files of the former system: where each line goes, and what becomes of it.
+// Files of the former system: where each line goes, and the result.
 #include "articles/importar/MainTvc.h"
 
-#include "importar/Tienda.h"
+#include "importar/TiendaDeImportar.h"
 
 namespace tarvo::importar {
 namespace {
@@ -20,7 +20,7 @@ TEST(LineaTvc, Columnas) {
   EXPECT_EQ(r, (RegistroTvc{12, 345, 120345, u"PIÑA AVIÓN"_s, true, 200, 678, 14, 1500}));
   EXPECT_FALSE(leerLineaTvc(QString::fromLatin1(vieja(1, 3, u"A"_s, '2', 1))).porPeso);
   EXPECT_TRUE(leerLineaTvc(QString::fromLatin1(vieja(1, 3, u"A"_s, '1', 1))).porPeso);
-  // What is short or no number counts as 0.
+  // A short or non-numeric field counts as 0.
   EXPECT_EQ(leerLineaTvc(u"01x003PAN"), (RegistroTvc{1, 0, 0, u"PAN"_s, false, 0, 0, 0, 0}));
   EXPECT_EQ(leerLineaTvc(u""), RegistroTvc{});
 }
@@ -40,7 +40,7 @@ TEST(LineaTvc, TresSitios) {
   EXPECT_EQ(prefijoDe(7, d) + prefijoDe(10, d) + prefijoDe(-1, d), u"272020"_s);
 }
 
-struct MainTvc_ : Tienda {
+struct MainTvc_ : TiendaDeImportar {
   std::unique_ptr<MainTvc> convertir(const QByteArray& bytes, const DestinoTvc& destino) {
     auto m = bien(MainTvc::abrir(*db, catalogo, reloj, fichero(bytes)));
     while (bien(m->paso(destino))) continue;
@@ -49,12 +49,12 @@ struct MainTvc_ : Tienda {
   }
 };
 
-// New articles bring their stock to the first warehouse; a second line of a key replaces, and fills
-// the price of another tarifa.
+// New articles bring their stock to the first warehouse; a second line with the same key replaces
+// them, and fills the price of another tarifa.
 TEST_F(MainTvc_, DosLineasDeUnArticulo) {
   sql(u"DELETE FROM GRUPOS"_s);
   sql(u"DELETE FROM ALMACEN"_s);
-  sql(u"INSERT INTO ALMACEN (CODALM, NOMALM) VALUES (4, 'B'), (2, 'A')"_s);
+  almacen(4, u"B").almacen(2, u"A");
   DestinoTvc d{.unaSeccion = 5, .seccionPorTarifa = true};
   d.secciones[0] = u"1"_s;
   d.secciones[6] = u"3"_s;
@@ -79,7 +79,7 @@ TEST_F(MainTvc_, DosLineasDeUnArticulo) {
   EXPECT_EQ(articulos(), u""_s);
 }
 
-// What a run made goes with its undoing: sections in which nothing is, and only those.
+// Undoing a run removes the sections it made: the empty ones, and only those.
 TEST_F(MainTvc_, LasSeccionesQueHizoSeVanAlDeshacer) {
   const QString secciones = u"SELECT NMSECC FROM SECCS ORDER BY 1"_s;
   SeccionesHechas hechas{*db, catalogo};
@@ -93,15 +93,15 @@ TEST_F(MainTvc_, LasSeccionesQueHizoSeVanAlDeshacer) {
                             vieja(6, 47, u"AJO"_s, '2', 100);
   convertir(lineas, {});
   EXPECT_EQ(leer(secciones), u"1 | 2 | 5 | 6"_s);
-  sql(u"INSERT INTO DEPTS (SECCION, NUMDEP, NomDep) VALUES (6, 1, 'De otro')"_s);
+  en(6).departamento(1, u"De otro");
   EXPECT_EQ(deshacer(), 1);
   EXPECT_EQ(leer(secciones), u"1 | 2 | 6"_s) << "2 was there, 6 has a department now";
-  convertir(lineas, {});  // under the number that was forgotten
+  convertir(lineas, {});  // under the forgotten number
   EXPECT_EQ(deshacer(), 1);
   EXPECT_EQ(leer(secciones), u"1 | 2 | 6"_s);
 }
 
-// A line that isn't of this layout is named with its own reason, and makes nothing.
+// A line in another layout is reported with its own reason, and creates nothing.
 TEST_F(MainTvc_, LineasQueNoSonDeArticulos) {
   const QByteArray buena = vieja(1, 45, u"PAN"_s, '2', 100);
   const QByteArray sinFin = buena.chopped(2);
@@ -116,7 +116,7 @@ TEST_F(MainTvc_, LineasQueNoSonDeArticulos) {
       {"00" + sinFin.mid(2), u"Columnas 1 a 2: «00» no es una sección."},
       {"x?" + sinFin.mid(2), u"Columnas 1 a 2: «x?» no es una sección."},
       {"010000" + sinFin.mid(6), u"Columnas 3 a 6: «0000» no es un código de artículo."},
-      {"010002" + sinFin.mid(6), u"El código 0000002 es del sistema y no se sobreescribe."},
+      {"010002" + sinFin.mid(6), u"El código 0000002 lo usa el programa y no se sobreescribe."},
   };
   QByteArray todas = buena + sinFin.left(55) + "\n" + sinFin + "   \n";
   for (const auto& c : casos) todas += c.linea + "\n";

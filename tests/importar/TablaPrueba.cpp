@@ -1,15 +1,15 @@
-// Tables out of bytes: encodings, separators, quotes, decimal signs, spreadsheets.
+// Tables from bytes: encodings, separators, quotes, decimal signs, spreadsheets.
 #include <QStringEncoder>
 
 #include "articles/importar/LeerTabla.h"
 #include "articles/importar/Lineas.h"
 #include "articles/importar/Numeros.h"
-#include "importar/Tienda.h"
+#include "importar/TiendaDeImportar.h"
 
 namespace tarvo::importar {
 namespace {
 
-// Cells parted by "|", rows by "/".
+// Cells separated by "|", rows by "/".
 QString aplanar(const Tabla& t) {
   QStringList filas;
   for (int f = 0; f < t.filas(); ++f) {
@@ -107,7 +107,7 @@ TEST(Numeros, LeerDecimal) {
   for (const char16_t* mal : {u"12,5", u"-1", u"", u"A1", u"1.000"}) EXPECT_FALSE(leerEntero(mal));
 }
 
-struct Hojas : Tienda {
+struct Hojas : TiendaDeImportar {
   Resultado<TablaLeida> leer(const QString& ruta) { return leerTabla(ruta, textosDePrueba()); }
 };
 

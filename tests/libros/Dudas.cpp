@@ -1,17 +1,17 @@
-// Machines of which a count went down, or may have: what the books take for sure, and what they
+// Machines with a count that went down, or may have: what the books take as certain, and what they
 // leave to a person. Nothing is lost or counted twice either way.
 #include <gtest/gtest.h>
 
-#include "libros/Tienda.h"
+#include "libros/TiendaDeLibros.h"
 #include "totals/libros/Grupos.h"
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 using totals::kDepartamentos, totals::kGranTotal, totals::kPLUs;
 
 namespace {
-
-constexpr qint64 kUnDia = 24 * 3600 * 1000LL;
 
 struct Cuenta {
   int articulo;
@@ -22,15 +22,12 @@ class DudasTest : public testing::Test {
  protected:
   DudasTest() : t(Fecha::de(QDate(2026, 11, 23), QTime(21, 0))) {
     t.grupo(1);
-    t.leer(1);
-    t.memorizar();
-    EXPECT_TRUE(t.ponerACero(1));
+    t.desdeCero();
   }
   MaquinaContable& m() { return t.grupos.at(1).begin()->second; }
-  // A day of sales and returns, each of its own piece.
+  // A day of sales and returns, each of a single piece.
   void vender(const std::vector<Cuenta>& ventas, bool bajaCuenta = true) {
-    t.reloj.avanzar(kUnDia);
-    t.sesion().ponerEjecucion(++t.ejecucion, false);
+    t.amanecer();
     t.avisos.clear();
     for (const auto& [articulo, piezas] : ventas)
       for (int n = 0; n < std::abs(piezas); ++n)
@@ -42,22 +39,16 @@ class DudasTest : public testing::Test {
     t.leer(1);
     t.memorizar();
   }
-  void cuadra() {
-    for (const int clase : {kPLUs, kGranTotal, kDepartamentos})
-      EXPECT_TRUE(t.enPeriodos(1, clase) == t.vendido(1))
-          << clase << ": " << t.enPeriodos(1, clase).IMP << " y no " << t.vendido(1).IMP << "; "
-          << t.enPeriodos(1, clase).CON << " y no " << t.vendido(1).CON << "\n"
-          << t.textoAvisos().toStdString();
-  }
+  void cuadra() { t.cuadra(1); }
   bool preguntado() const { return t.textoAvisos().contains(u"--puesta-a-cero"); }
-  Tienda t;
+  TiendaDeLibros t;
 };
 
 const std::vector<Cuenta> kLunes{{11, 3}, {12, 2}, {13, 4}, {14, 1}, {15, 2}};
 
 }  // namespace
 
-// What each day says of the one before, with an order to forget that nobody confirmed or without.
+// What each day shows about the previous one, with or without an unconfirmed order to forget.
 TEST_F(DudasTest, UnaCuentaQueBajaNoPruebaNada) {
   struct Caso {
     const char* que;
@@ -105,7 +96,7 @@ TEST_F(DudasTest, UnaCuentaQueBajaNoPruebaNada) {
   }
 }
 
-// A count that goes up with a return is no less a return.
+// A return that raises the count is still a return.
 TEST_F(DudasTest, LaDevolucionQueSumaCuentaTampoco) {
   noche(kLunes);
   EXPECT_TRUE(t.ponerACero(1, false, false));
@@ -114,7 +105,7 @@ TEST_F(DudasTest, LaDevolucionQueSumaCuentaTampoco) {
   cuadra();
 }
 
-// One article, one piece: a day on which nothing at all moved is no question.
+// One article, one piece: a day without any movement raises no question.
 TEST_F(DudasTest, UnDiaCerradoNoPreguntaNada) {
   noche({{11, 1}});
   EXPECT_TRUE(t.ponerACero(1, false, false));
@@ -136,12 +127,12 @@ TEST_F(DudasTest, LaDudaEsperaCuantasNochesHagaFalta) {
   EXPECT_EQ(t.responder(1, 0, false).size(), 1U);
   cuadra();
   EXPECT_TRUE(t.ponerACero(1));
-  EXPECT_FALSE(t.cierre().responder(1, 0, true, t.avisos).has_value());  // nobody asks any more
+  EXPECT_FALSE(t.cierre().responder(1, 0, true, t.avisos).has_value());  // no longer asked
   noche({{11, 1}});
   cuadra();
 }
 
-// The next order goes before the memorisation: it must not cover up the one that nobody confirmed.
+// The next order comes before the memorisation: it must not hide the unconfirmed one.
 TEST_F(DudasTest, UnCeroAntesDeMemorizarNoTapaAlAnterior) {
   noche({{11, 2}});
   EXPECT_TRUE(t.ponerACero(1, true, false));
@@ -163,15 +154,14 @@ TEST_F(DudasTest, UnCeroAntesDeMemorizarNoTapaAlAnterior) {
   cuadra();
 }
 
-// Whoever clears the machine in place of answering loses nothing: what was read of it stays.
+// Clearing the machine instead of answering loses nothing: its reading stays.
 TEST_F(DudasTest, QuienLaBorraAManoEnPlenaDudaNoPierdeNada) {
   noche({{11, 5}});
   EXPECT_TRUE(t.ponerACero(1, false, false));
   noche({{11, -1}, {12, 1}});
   EXPECT_TRUE(preguntado());
   m().ponerACero();
-  t.reloj.avanzar(kUnDia);
-  t.sesion().ponerEjecucion(++t.ejecucion, false);
+  t.amanecer();
   m().vender(12, 200, 0);
   const totals::Lectura lectura{{{0, {{{12, 0}, {1, 0, 200, 0}}}}}};
   EXPECT_FALSE(t.sesion().guardarLectura(1, kPLUs, lectura, t.avisos).has_value());
@@ -179,11 +169,11 @@ TEST_F(DudasTest, QuienLaBorraAManoEnPlenaDudaNoPierdeNada) {
   t.avisos.clear();
   t.leer(1);
   t.memorizar();
-  EXPECT_TRUE(t.textoAvisos().contains(u"se da por puesto a cero"));
+  EXPECT_TRUE(t.textoAvisos().contains(u"se entiende que se puso a cero"));
   cuadra();
 }
 
-// Records that were lost look like a zeroing; sums that agree tell which kinds to believe.
+// Lost records look like a zeroing; matching sums show which kinds to believe.
 TEST_F(DudasTest, UnaLecturaConRegistrosDeMenosNoEsUnaPuestaACero) {
   for (const bool todas : {false, true}) {
     SCOPED_TRACE(todas);
@@ -193,7 +183,7 @@ TEST_F(DudasTest, UnaLecturaConRegistrosDeMenosNoEsUnaPuestaACero) {
     t.leerSin(1, kGranTotal, todas ? std::set<qint64>{11, 12} : std::set<qint64>{});
     t.leerSin(1, kDepartamentos, todas ? std::set<qint64>{13} : std::set<qint64>{});
     t.memorizar();
-    EXPECT_FALSE(t.textoAvisos().contains(u"se da por puesto a cero"));
+    EXPECT_FALSE(t.textoAvisos().contains(u"se entiende que se puso a cero"));
     EXPECT_TRUE(t.textoAvisos().contains(todas ? u"no cuadran entre sí" : u"no cuadra con"))
         << t.textoAvisos().toStdString();
     EXPECT_FALSE(t.ponerACero(1));
@@ -224,13 +214,13 @@ TEST_F(DudasTest, ElMismoNumeroDeVentasConOtroImporteNoEsIgual) {
     C es;
   } casos[] = {{leido, C::Igual},          {{12, 0, 1500, 0}, C::Mas},
                {{12, 5, 1530, 0}, C::Mas}, {{13, 0, 1530, 0}, C::Mas},
-               {{11, 0, 1400, 0}, C::Mas},  // a piece came back
+               {{11, 0, 1400, 0}, C::Mas},  // a piece was returned
                {{5, 0, 600, 0}, C::Cero},  {{}, C::Cero}};
   for (const auto& c : casos)
     EXPECT_EQ(*t.sesion().compararGranTotal(1, 0, c.ahora), c.es) << c.ahora.IMP;
 }
 
-// A group goes: whoever gets its code begins with nothing.
+// After a group is deleted, the next group with its code begins with nothing.
 TEST_F(DudasTest, UnGrupoBorradoNoDejaNadaAlQueLleveSuCodigo) {
   t.grupo(2, {1, 2}, 3);
   noche(kLunes);
@@ -244,10 +234,9 @@ TEST_F(DudasTest, UnGrupoBorradoNoDejaNadaAlQueLleveSuCodigo) {
     for (const char16_t* tabla : {u"Lecturas", u"LectFilas", u"BaseFilas", u"Ceros", u"CerosParte",
                                   u"CerosClase", u"TOTPLU"})
       n += t.db()
-               .uno(QString(QStringLiteral("SELECT count(*) FROM ") + QString::fromUtf16(tabla) +
-                            QStringLiteral(" WHERE GRUPO=?") +
-                            (tabla == QStringLiteral("TOTPLU") ? QStringLiteral(" AND LINK=0")
-                                                               : QString())),
+               .uno(QString(u"SELECT count(*) FROM "_s + QString::fromUtf16(tabla) +
+                            u" WHERE GRUPO=?"_s +
+                            (tabla == u"TOTPLU"_s ? u" AND LINK=0"_s : QString())),
                     grupo)
                ->entero();
     return n;
@@ -262,7 +251,7 @@ TEST_F(DudasTest, UnGrupoBorradoNoDejaNadaAlQueLleveSuCodigo) {
   t.leer(2);
   t.memorizar();
   EXPECT_TRUE(t.textoAvisos().isEmpty() || !t.textoAvisos().contains(u"Grupo 2: sus contadores"));
-  EXPECT_EQ(t.enPeriodos(2, kPLUs).IMP, 250);  // what the former one had stays in its periods
+  EXPECT_EQ(t.enPeriodos(2, kPLUs).IMP, 250);  // the former one's sales stay in its periods
 }
 
 }  // namespace tarvo::prueba

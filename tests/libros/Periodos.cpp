@@ -1,58 +1,49 @@
-// Into which period a reading goes, and what becomes of the week and the stock.
+// Which period a reading goes into, and the effect on the week and the stock.
 #include <gtest/gtest.h>
 
-#include "libros/Tienda.h"
+#include "libros/TiendaDeLibros.h"
 
 namespace tarvo::prueba {
+
+using namespace Qt::StringLiterals;
 
 using totals::kDiario, totals::kOtros, totals::kSemanal;
 using totals::kPLUs;
 
 namespace {
 
-constexpr qint64 kUnDia = 24 * 3600 * 1000LL;
-
 class PeriodosLibrosTest : public testing::Test {
  protected:
   PeriodosLibrosTest() : t(Fecha::de(QDate(2026, 11, 20), QTime(21, 0))) {  // a Friday
     t.grupo(1);
     t.grupo(2);
-    for (const int g : {1, 2}) t.leer(g);
-    t.memorizar();
-    for (const int g : {1, 2}) EXPECT_TRUE(t.ponerACero(g));
+    t.desdeCero();
   }
   void dia(qint64 importe = 500) {
-    t.reloj.avanzar(kUnDia);
-    t.sesion().ponerEjecucion(++t.ejecucion, false);
+    t.amanecer();
     t.avisos.clear();
     for (const int g : {1, 2}) t.grupos.at(g).at(0).vender(11, importe, 0);
   }
   void leerTodo() {
     for (const int g : {1, 2}) t.leer(g);
   }
-  // A warehouse for the groups, and the article that they sell.
+  // A warehouse for the groups, and the article they sell.
   void conAlmacen() {
-    ASSERT_TRUE(
-        t.db()
-            .ejecutarGuion(
-                u"INSERT OR IGNORE INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'A');\n"
-                u"UPDATE GRUPOS SET ALMACEN=1;\n"
-                u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, CADA) VALUES (1, 11, 'A', 2);\n")
-            .has_value());
+    t.almacen(1, u"A").articulo({.codigo = 11, .cada = 2});
+    t.sql(u"UPDATE GRUPOS SET ALMACEN=1"_s);
   }
   totals::Columna columna(qint64 link) { return **t.periodos().columna(link); }
   Fecha hoy() const { return t.reloj.ahora(); }
   qint64 crear(int tipo, Fecha desde, Fecha hasta) {
-    return *t.periodos().CrearPeriodo(tipo, desde, hasta, false, QStringLiteral("a mano"));
+    return *t.periodos().CrearPeriodo(tipo, desde, hasta, false, u"a mano"_s);
   }
-  qint64 semana() { return t.db().uno(u"SELECT LINK FROM COLUMNA WHERE TIPO=2")->entero(); }
-  Tienda t;
+  qint64 semana() { return t.uno(u"SELECT LINK FROM COLUMNA WHERE TIPO=2"_s).entero(); }
+  TiendaDeLibros t;
 };
 
 }  // namespace
 
-// A collection that was cut off on Sunday, with a part of it read, and forgotten until Monday
-// night.
+// A collection interrupted on Sunday, partly read, and forgotten until Monday night.
 TEST_F(PeriodosLibrosTest, LoQueSeLeeDeNuevoTerminaCuandoSeLee) {
   dia();
   leerTodo();
@@ -86,11 +77,7 @@ TEST_F(PeriodosLibrosTest, DosDiasEnUnoSeDicen) {
   t.leer(1);
   t.memorizar();
   EXPECT_TRUE(t.ponerACero(1));
-  ASSERT_TRUE(
-      t.db()
-          .ejecutar(
-              u"INSERT INTO Sesiones (CODGPO, PZERO) SELECT 3, PZERO FROM Sesiones WHERE CODGPO=1")
-          .has_value());
+  t.sql(u"INSERT INTO Sesiones (CODGPO, PZERO) SELECT 3, PZERO FROM Sesiones WHERE CODGPO=1"_s);
   dia();
   for (const int g : {1, 2, 3}) t.leer(g);
   const auto links = t.memorizar();
@@ -100,8 +87,8 @@ TEST_F(PeriodosLibrosTest, DosDiasEnUnoSeDicen) {
   EXPECT_EQ(std::ranges::count_if(t.avisos, &totals::Aviso::grave), 1);
 }
 
-// The readings of one collection end together, however long it lasts; a session that nobody closed
-// ends anew.
+// The readings of one collection end together, however long it lasts; an unclosed session gets a
+// new end.
 TEST_F(PeriodosLibrosTest, LasLecturasDeUnaRecogidaTerminanALaVez) {
   struct Caso {
     qint64 minutos;
@@ -117,8 +104,7 @@ TEST_F(PeriodosLibrosTest, LasLecturasDeUnaRecogidaTerminanALaVez) {
     t.reloj.avanzar(c.minutos * 60'000);
     if (c.otra) t.sesion().ponerEjecucion(++t.ejecucion, false);
     t.leer(2);
-    EXPECT_EQ(t.db().uno(u"SELECT count(DISTINCT HT_PLU) FROM Sesiones")->entero(),
-              c.juntas ? 1 : 2);
+    EXPECT_EQ(t.uno(u"SELECT count(DISTINCT HT_PLU) FROM Sesiones"_s).entero(), c.juntas ? 1 : 2);
     t.memorizar();
     for (const int g : {1, 2}) EXPECT_TRUE(t.ponerACero(g));
     t.reloj.avanzar((24 * 60 - c.minutos) * 60'000);
@@ -126,7 +112,7 @@ TEST_F(PeriodosLibrosTest, LasLecturasDeUnaRecogidaTerminanALaVez) {
   }
 }
 
-// A period that somebody made by hand takes what is read of its days.
+// A period made by hand receives the readings of its days.
 TEST_F(PeriodosLibrosTest, UnPeriodoHechoAManoRecibeLaLectura) {
   struct Caso {
     int tipo;
@@ -144,28 +130,22 @@ TEST_F(PeriodosLibrosTest, UnPeriodoHechoAManoRecibeLaLectura) {
   };
   for (const Caso& c : casos) {
     SCOPED_TRACE(testing::Message() << c.tipo << c.sustituir << c.conFilas);
-    Tienda otra(Fecha::de(QDate(2026, 11, 29), QTime(21, 0)));  // a Sunday
+    TiendaDeLibros otra(Fecha::de(QDate(2026, 11, 29), QTime(21, 0)));  // a Sunday
     otra.grupo(1);
     otra.leer(1);
     otra.memorizar();
     EXPECT_TRUE(otra.ponerACero(1));
     const Fecha cero = otra.reloj.ahora();
-    otra.reloj.avanzar(c.tipo == kSemanal ? 5 * kUnDia : c.tipo == kOtros ? kUnDia * 2 : kUnDia);
+    otra.amanecer(c.tipo == kSemanal ? 5 : c.tipo == kOtros ? 2 : 1);
     otra.grupos.at(1).at(0).vender(11, 500, 0);
     const Fecha fin = otra.reloj.ahora();
     const Fecha dentro = fin - 0.5;
     const qint64 link = *otra.periodos().CrearPeriodo(c.tipo, c.tipo == kOtros ? cero : dentro,
                                                       c.tipo == kOtros ? fin : dentro, false, {});
-    if (c.conFilas) {
-      ASSERT_TRUE(otra.db()
-                      .ejecutar(u"INSERT INTO TOTPLU (LINK, GRUPO, CODI, CON, PES, IMP, SCO) "
-                                u"VALUES (?, 9, 11, 1, 0, 70, 0)",
-                                link)
-                      .has_value());
-    }
+    if (c.conFilas) otra.total(u"TOTPLU", {link, 9, 11, 1, 0, 70, 0});
     otra.avisos.clear();
     otra.leer(1);
-    otra.cierre().Descrip = QStringLiteral("Cierre");
+    otra.cierre().Descrip = u"Cierre"_s;
     const auto links = otra.memorizar(c.sustituir);
     ASSERT_EQ(links.size(), 1U);
     EXPECT_EQ((*otra.periodos().columna(links[0]))->DESCR == u"Cierre", c.sustituir || !c.recibe);
@@ -178,7 +158,7 @@ TEST_F(PeriodosLibrosTest, UnPeriodoHechoAManoRecibeLaLectura) {
   }
 }
 
-// A day of which nobody knows where its rows came from: replaced by as many sales or more.
+// A day with rows of unknown origin: replaced only by as many sales or more.
 TEST_F(PeriodosLibrosTest, LoDeOrigenDesconocidoSeSustituyeSiNoSonMenos) {
   struct Caso {
     bool sustituir;
@@ -191,11 +171,7 @@ TEST_F(PeriodosLibrosTest, LoDeOrigenDesconocidoSeSustituyeSiNoSonMenos) {
     dia();
     for (int n = 1; n < c.ahora; ++n) t.grupos.at(1).at(0).vender(11, 500, 0);
     const qint64 link = *t.periodos().CrearPeriodo(kDiario, hoy(), hoy(), true, {});
-    ASSERT_TRUE(t.db()
-                    .ejecutar(u"INSERT INTO TOTPLU (LINK, GRUPO, CODI, CON, PES, IMP, SCO) "
-                              u"VALUES (?, 1, 11, ?, 0, 70, 0)",
-                              link, c.antes)
-                    .has_value());
+    t.total(u"TOTPLU", {link, 1, 11, c.antes, 0, 70, 0});
     t.leerSolo(1, kPLUs);
     const auto links = t.memorizar(c.sustituir);
     EXPECT_EQ(t.enPeriodo(links.at(0), kPLUs), 500 * c.ahora + (c.sustituye ? 0 : 70));
@@ -204,7 +180,7 @@ TEST_F(PeriodosLibrosTest, LoDeOrigenDesconocidoSeSustituyeSiNoSonMenos) {
   }
 }
 
-// What is added to a day goes into its week and out of stock at once.
+// Sales added to a day go into its week and out of stock at once.
 TEST_F(PeriodosLibrosTest, LaSemanaYElStockSiguenALoQueSeSumaAUnDia) {
   conAlmacen();
   dia();
@@ -213,7 +189,7 @@ TEST_F(PeriodosLibrosTest, LaSemanaYElStockSiguenALoQueSeSumaAUnDia) {
   ASSERT_TRUE(*t.verTot().SelecHnd(link[0]));
   ASSERT_TRUE(*t.verTot().AcumularEn(kSemanal));
   ASSERT_TRUE(*t.periodos().DescontarPeriodo(columna(link[0]), 1));
-  const auto vendidas = [&] { return t.db().uno(u"SELECT SUM(Venta) FROM MovsAlm")->entero(); };
+  const auto vendidas = [&] { return t.uno(u"SELECT SUM(Venta) FROM MovsAlm"_s).entero(); };
   EXPECT_EQ(vendidas(), 2);
   t.grupos.at(1).at(0).vender(11, 450, 0);
   t.leer(1);
@@ -222,26 +198,22 @@ TEST_F(PeriodosLibrosTest, LaSemanaYElStockSiguenALoQueSeSumaAUnDia) {
   EXPECT_EQ(vendidas(), 3);
 }
 
-// Only the stock has a day that is replaced: it leaves it once.
+// A replaced day that is only in the stock leaves it once.
 TEST_F(PeriodosLibrosTest, UnDiaSoloDescontadoQueSeSustituyeSaleDelStockUnaVez) {
   conAlmacen();
   dia();
   const qint64 link = *t.periodos().CrearPeriodo(kDiario, hoy(), hoy(), true, {});
-  ASSERT_TRUE(t.db()
-                  .ejecutar(u"INSERT INTO TOTPLU (LINK, GRUPO, CODI, CON, PES, IMP, SCO) VALUES "
-                            u"(?, 1, 11, 1, 0, 70, 0)",
-                            link)
-                  .has_value());
+  t.total(u"TOTPLU", {link, 1, 11, 1, 0, 70, 0});
   ASSERT_TRUE(*t.periodos().DescontarPeriodo(columna(link), 1));
   leerTodo();
   const auto links = t.memorizar();
   EXPECT_EQ(columna(links.at(0)).stkADO, 0);
   ASSERT_TRUE(*t.periodos().DescontarPeriodo(columna(links[0]), 1));
-  EXPECT_EQ(t.db().uno(u"SELECT SUM(Venta) FROM MovsAlm")->entero(), 2);
+  EXPECT_EQ(t.uno(u"SELECT SUM(Venta) FROM MovsAlm"_s).entero(), 2);
 }
 
-// Each group and kind in its own period: what a machine that was not zeroed has sold since belongs
-// to the day on which it sold it.
+// Each group and kind in its own period: the later sales of a machine that was not zeroed belong to
+// the day they were made.
 TEST_F(PeriodosLibrosTest, LaDiferenciaVaASuPropioDia) {
   for (const qint64 importe : {500, 300, 200}) {
     dia(importe);
@@ -256,24 +228,14 @@ TEST_F(PeriodosLibrosTest, LaDiferenciaVaASuPropioDia) {
   }
 }
 
-// The disk is full at the very end: nothing of the memorisation stands, the session in memory
-// neither.
+// The disk is full at the very end: nothing of the memorisation remains, not even the session in
+// memory.
 TEST_F(PeriodosLibrosTest, SiSoloFallaLaConfirmacionNadaSeHaMemorizado) {
   dia();
   leerTodo();
-  ASSERT_TRUE(
-      t.db()
-          .ejecutarGuion(
-              u"CREATE TABLE Lleno (X INTEGER REFERENCES SECCS (NMSECC) DEFERRABLE INITIALLY "
-              u"DEFERRED);\nCREATE TRIGGER lleno AFTER INSERT ON COLUMNA BEGIN INSERT INTO "
-              u"Lleno VALUES (77777); END;\n")
-          .has_value());
-  EXPECT_FALSE(t.cierre().LaSesion(true, 0, t.avisos).has_value());
-  EXPECT_EQ(t.sesion().estado(), 2);
-  EXPECT_FALSE(t.ponerACero(1));
-  ASSERT_TRUE(t.db().ejecutarGuion(u"DROP TRIGGER lleno;\n").has_value());
-  t.memorizar();
-  for (const int g : {1, 2}) EXPECT_TRUE(t.enPeriodos(g, kPLUs) == t.vendido(g));
+  t.sql(
+      u"CREATE TABLE Lleno (X INTEGER REFERENCES SECCS (NMSECC) DEFERRABLE INITIALLY DEFERRED)"_s);
+  t.nadaSeMemoriza(u"AFTER INSERT ON COLUMNA BEGIN INSERT INTO Lleno VALUES (77777); END"_s);
 }
 
 }  // namespace tarvo::prueba

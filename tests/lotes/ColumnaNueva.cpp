@@ -1,10 +1,6 @@
-// A later version gives the articles a column: what was kept for undoing before, and what is kept
-// after, can still be put back.
-#include "articles/Lotes.h"
-#include "articles/TablasArticulos.h"
-#include "core/esquema/Esquema.h"
-#include "stock/BaseVacia.h"
-#include "textos/TextosDePrueba.h"
+// A later version gives the articles a column: batches kept before and after that can still be
+// undone.
+#include "lotes/TiendaDeLotes.h"
 
 namespace tarvo::articles {
 namespace {
@@ -12,11 +8,7 @@ namespace {
 using namespace Qt::StringLiterals;
 using prueba::bien;
 
-struct ColumnaNueva : testing::Test, prueba::BaseVacia {
-  RelojVirtual reloj{Fecha::de(QDate(2026, 3, 2), QTime(9, 0))};
-  Catalogo catalogo{*db, textosDePrueba(), reloj, u"Ana"_s};
-  Lotes lotes{*db, catalogo, reloj};
-
+struct ColumnaNueva : testing::Test, prueba::TiendaDeLotes {
   qint64 loteQueCambiaYBorra() {
     const qint64 lote = bien(lotes.empezar(u"ImpPLU"_s));
     for (const qint64 n : {10, 11}) bien(lotes.guardar(lote, {1, n}));
@@ -29,12 +21,8 @@ struct ColumnaNueva : testing::Test, prueba::BaseVacia {
 
 TEST_F(ColumnaNueva, NoImpideDeshacer) {
   dao::TablasDeSala comunes = esquema::tablasComunes();
-  bien(dao::darPasos(*db, {comunes, tablasArticulos()}));
-  sql(u"INSERT INTO SECCS (NMSECC) VALUES (1)"_s);
-  sql(u"INSERT INTO ALMACEN (CODALM) VALUES (1)"_s);
-  for (const int n : {10, 11})
-    sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00) VALUES (1, ?, 'A', 100)"_s, n);
-  sql(u"INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Inicial) VALUES (1, 1, 11, 500)"_s);
+  conArticulos({10, 11});
+  existencias({.almacen = 1, .codigo = 11, .inicial = 500});
   const qint64 anterior = loteQueCambiaYBorra();
 
   const int ultimo = comunes.pasos.back().numero;

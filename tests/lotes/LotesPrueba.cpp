@@ -1,9 +1,5 @@
-// Batches: whatever was done to articles since a batch began is taken back, and nothing else.
-#include "articles/Lotes.h"
-
-#include "articles/TablasArticulos.h"
-#include "stock/BaseVacia.h"
-#include "textos/TextosDePrueba.h"
+// Batches: everything done to articles since a batch began is undone, and nothing else.
+#include "lotes/TiendaDeLotes.h"
 
 namespace tarvo::articles {
 namespace {
@@ -11,24 +7,10 @@ namespace {
 using namespace Qt::StringLiterals;
 using prueba::bien;
 
-struct Lotes_ : testing::Test, prueba::BaseVacia {
-  RelojVirtual reloj{Fecha::de(QDate(2026, 3, 2), QTime(9, 0))};
-  Catalogo catalogo{*db, textosDePrueba(), reloj, u"Ana"_s};
-  Lotes lotes{*db, catalogo, reloj};
-
-  void SetUp() override {
-    bien(asegurarTablasArticulos(*db));
-    sql(u"DELETE FROM SECCS"_s);
-    sql(u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (1, 'UNA')"_s);
-    sql(u"INSERT INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'A')"_s);
-    sql(u"INSERT INTO GRUPOS (CODGPO, TIPO, SECCION, Almacen) VALUES (7, 1, 1, 1)"_s);
-    for (const int n : {10, 11, 12, 13}) {
-      sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO, CodBarExt) "
-          u"VALUES (1, ?, ?, 100, 1, ?)"_s,
-          n, u"A%1"_s.arg(n), u"B%1"_s.arg(n));
-      sql(u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) VALUES (1, ?, 7, 0)"_s, n);
-    }
-    sql(u"INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Inicial) VALUES (1, 1, 11, 500)"_s);
+struct Lotes_ : testing::Test, prueba::TiendaDeLotes {
+  Lotes_() {
+    conArticulos({10, 11, 12, 13});
+    existencias({.almacen = 1, .codigo = 11, .inicial = 500});
   }
 
   QString articulos() {
@@ -48,12 +30,12 @@ const QString kAntes = u"10 A10 100 B10 | 11 A11 100 B11 | 12 A12 100 B12 | 13 A
 TEST_F(Lotes_, VuelveCuantoSeHizo) {
   const qint64 lote = bien(lotes.empezar(u"ImpPLU"_s));
   for (const qint64 n : {10, 11, 12, 13, 20, 1}) bien(lotes.guardar(lote, {1, n}));
-  // Two articles swap their bar codes, one goes with its stock, one comes, one stays.
+  // Two articles swap their bar codes, one is deleted with its stock, one is created, one stays.
   sql(u"UPDATE PLUSES SET CodBarExt=NULL, PRECIO_00=150 WHERE CODPLU=10"_s);
   sql(u"UPDATE PLUSES SET CodBarExt='B10' WHERE CODPLU=12"_s);
   sql(u"UPDATE PLUSES SET CodBarExt='B12' WHERE CODPLU=10"_s);
   sql(u"DELETE FROM PLUSES WHERE CODPLU=11"_s);
-  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU) VALUES (1, 20, 'NUEVO')"_s);
+  articulo({.codigo = 20, .nombre = u"NUEVO"});
   bien(lotes.acabar(lote));
   ASSERT_EQ(leer(u"SELECT count(*) FROM MovsAlm"_s), u"0"_s);
   EXPECT_EQ(bien(lotes.ultimo(u"ImpPLU"_s))->articulos, 5);
@@ -64,7 +46,7 @@ TEST_F(Lotes_, VuelveCuantoSeHizo) {
   EXPECT_TRUE(d.fuera.empty());
   EXPECT_EQ(articulos(), kAntes);
   EXPECT_EQ(leer(u"SELECT CODALM, SECCION, CODIGO, Inicial FROM MovsAlm"_s), u"1 1 11 500"_s);
-  // Due again: those that came back. To be deleted: the one that had come. As held: the untouched.
+  // Due again: the restored ones. To be deleted: the created one. As held: the untouched one.
   EXPECT_EQ(leer(u"SELECT plu, borra FROM [Cross] ORDER BY plu"_s), u"13 0 | 20 1"_s);
   EXPECT_EQ(leer(u"SELECT CODPLU, ANTES, AHORA, QUIEN, VENTANA FROM HistoriaPrecios ORDER BY 1"_s),
             u"10 150 100 Ana ImpPLU"_s)
@@ -76,9 +58,9 @@ TEST_F(Lotes_, VuelveCuantoSeHizo) {
 struct Ajeno {
   const char* que;
   QString lote;    // what the batch did
-  QString ajeno;   // what somebody else did since
+  QString ajeno;   // changes by others since
   QString fuera;   // left alone
-  QString quedan;  // the articles in the end
+  QString quedan;  // the final articles
 };
 
 TEST_F(Lotes_, LoQueHizoOtroSeQueda) {
@@ -107,9 +89,7 @@ TEST_F(Lotes_, LoQueHizoOtroSeQueda) {
     SCOPED_TRACE(c.que);
     sql(u"DELETE FROM PLUSES"_s);
     for (const int n : {10, 11, 12, 13})
-      sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, CodBarExt) "
-          u"VALUES (1, ?, ?, 100, ?)"_s,
-          n, u"A%1"_s.arg(n), u"B%1"_s.arg(n));
+      articulo({.codigo = n, .nombre = u"A%1"_s.arg(n), .precio = 100, .barras = u"B%1"_s.arg(n)});
     const qint64 lote = bien(lotes.empezar(u"V"_s));
     bien(lotes.guardarDonde(lote, u"CODPLU<>13"));
     bien(lotes.guardar(lote, {1, 20}));
@@ -136,12 +116,11 @@ TEST_F(Lotes_, SinAcabarVuelveTodoYSinSeccionNada) {
   EXPECT_EQ(claves(bien(lotes.deshacer(lote, u"V"_s)).fuera), u"10 11 12 13"_s);
 }
 
-// Undone in slices: swapped bar codes, far apart, and what others did between two slices of the
+// Undone in slices: swapped bar codes, far apart, and changes by others between two slices of the
 // work.
 TEST_F(Lotes_, EnTramos) {
   for (int n = 1000; n < 1500; ++n)
-    sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, CodBarExt) VALUES (1, ?, 'X', 5, ?)"_s,
-        n, u"C%1"_s.arg(n));
+    articulo({.codigo = n, .nombre = u"X", .precio = 5, .barras = u"C%1"_s.arg(n)});
   const QString antes = articulos();
   const qint64 lote = bien(lotes.empezar(u"V"_s));
   bien(lotes.guardarDonde(lote, u"CODPLU>2"));
@@ -150,7 +129,7 @@ TEST_F(Lotes_, EnTramos) {
   sql(u"UPDATE PLUSES SET CodBarExt='C1499' WHERE CODPLU=10"_s);
   sql(u"UPDATE PLUSES SET CodBarExt='C1250' WHERE CODPLU=1499"_s);
   sql(u"UPDATE PLUSES SET CodBarExt='B10' WHERE CODPLU=1250"_s);
-  sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, CodBarExt) VALUES (1, 2000, 'N', 'C1300')"_s);
+  articulo({.codigo = 2000, .nombre = u"N", .barras = u"C1300"});
   for (const qint64 n : {11, 12}) bien(lotes.anotar(lote, {1, n}));
   sql(u"UPDATE PLUSES SET NOMPLU='OTRO' WHERE CODPLU=11"_s);  // while the work goes on
   Lotes::Deshecho d;
@@ -173,8 +152,8 @@ TEST_F(Lotes_, EnTramos) {
             u"00"_s);
 }
 
-// Out of order: what the first undoing would leave behind is told before, and nothing is lost by
-// asking.
+// Out of order: what the first undoing would leave alone is reported beforehand, and asking changes
+// nothing.
 TEST_F(Lotes_, AntesDeDeshacerSeSabeLoQueNoVolveria) {
   const auto cambiar = [&](const QString& ventana, const QString& sql) {
     const qint64 lote = bien(lotes.empezar(ventana));

@@ -1,11 +1,8 @@
-// Many articles written as one set: what it leaves in every table is what writing them one by one
-// leaves.
+// Many articles written as one set: every table ends up as if they had been written one by one.
 #include "articles/Tanda.h"
 
 #include "articles/LotesAMedias.h"
-#include "articles/TablasArticulos.h"
-#include "stock/BaseVacia.h"
-#include "textos/TextosDePrueba.h"
+#include "lotes/TiendaDeLotes.h"
 
 namespace tarvo::articles {
 namespace {
@@ -13,25 +10,15 @@ namespace {
 using namespace Qt::StringLiterals;
 using prueba::bien;
 
-struct Mundo : prueba::BaseVacia {
-  RelojVirtual reloj{Fecha::de(QDate(2026, 3, 2), QTime(9, 0))};
-  Catalogo catalogo{*db, textosDePrueba(), reloj, u"Ana"_s};
-  Lotes lotes{*db, catalogo, reloj};
+struct Mundo : prueba::TiendaDeLotes {
   qint64 lote = 0;
 
   Mundo() {
-    bien(asegurarTablasArticulos(*db));
-    sql(u"INSERT OR IGNORE INTO SECCS (NMSECC, NOMSEC) VALUES (1, 'UNA'), (2, 'DOS')"_s);
-    sql(u"INSERT INTO ALMACEN (CODALM, NOMALM) VALUES (1, 'A'), (2, 'B')"_s);
-    sql(u"INSERT INTO GRUPOS (CODGPO, TIPO, SECCION, Almacen) VALUES (7, 1, 1, 1)"_s);
-    for (const int n : {10, 11, 12}) {
-      sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, PRECIO_13, DEPTO, CodBarExt) "
-          u"VALUES (1, ?, ?, 100, 5, 1, ?)"_s,
-          n, u"A%1"_s.arg(n), u"B%1"_s.arg(n));
-      sql(u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) VALUES (1, ?, 7, 0)"_s, n);
-      sql(u"INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Inicial) VALUES (1, 1, ?, ?)"_s, n, n);
-    }
-    sql(u"INSERT INTO MovsAlm (CODALM, SECCION, CODIGO, Venta) VALUES (2, 1, 11, 3)"_s);
+    conArticulos({10, 11, 12}, {{u"PRECIO_13", 5}});
+    almacen(2, u"B"_s);
+    for (const int n : {10, 11, 12}) existencias({.almacen = 1, .codigo = n, .inicial = n});
+    existencias({.almacen = 2, .codigo = 11, .venta = 3});
+    seccion(2, u"DOS"_s);
     lote = bien(lotes.empezar(u"V"_s));
   }
   std::vector<Articulo> nuevas() {
@@ -77,7 +64,7 @@ TEST(Tanda, ComoUnoAUno) {
   EXPECT_EQ(juntos.huella().toStdString(), sueltos.huella().toStdString());
   EXPECT_EQ(juntos.catalogo.cambios().SeccionesModificadas(),
             sueltos.catalogo.cambios().SeccionesModificadas());
-  // Written again, the last word holds, and all of it comes back.
+  // When written again, the last state holds, and all of it can be undone.
   auto otra = juntos.nuevas();
   otra[2].nombre = u"OTRA VEZ"_s;
   bien(tanda.escribir(juntos.lote, otra));
@@ -93,7 +80,7 @@ TEST(Tanda, LoImportadoNoLoOyenLasMaquinasYUnFalloNoDejaNada) {
   Mundo m;
   Tanda tanda(*m.db, m.catalogo, m.lotes, u"V"_s, Tanda::Oyen::Nadie);
   auto malas = m.nuevas();
-  malas[2].clave.seccion = 200;  // there is none
+  malas[2].clave.seccion = 200;  // no such section
   const QString antes = m.huella();
   EXPECT_FALSE(tanda.escribir(m.lote, malas));
   EXPECT_EQ(m.huella().toStdString(), antes.toStdString());
@@ -102,7 +89,7 @@ TEST(Tanda, LoImportadoNoLoOyenLasMaquinasYUnFalloNoDejaNada) {
   EXPECT_TRUE(m.catalogo.cambios().SeccionesModificadas().empty());
 }
 
-// The rows of a batch too old to be taken back go bit by bit, with the work of the next ones.
+// The rows of a batch too old to be undone are deleted bit by bit, with the work of the next ones.
 TEST(Tanda, LosLotesViejosSeVanPocoAPoco) {
   Mundo m;
   m.sql(
@@ -133,7 +120,7 @@ TEST(LotesAMedias, SeSabenYRetienenSuSeccion) {
   EXPECT_EQ(motivo, textosDePrueba()(12000, {lotes[0].lote.cuando.general(), 1, 2}));
   EXPECT_FALSE(bien(motivoDeEspera(*m.db, textosDePrueba(), 2)));
   EXPECT_EQ(bien(m.lotes.porHacer(m.lote))->claves, (std::vector<ClaveArticulo>{{1, 11}, {1, 12}}));
-  // Its undoing begun, it can't be gone on with; undone, it is nobody's any more.
+  // Once its undoing has begun it can't be resumed; once undone, it no longer exists.
   Lotes::Deshecho d;
   EXPECT_TRUE(bien(m.lotes.deshacerTramo(m.lote, u"V"_s, d)));
   EXPECT_FALSE(bien(m.lotes.porHacer(m.lote)));

@@ -1,4 +1,4 @@
-// Article records of each kind, byte by byte, and the values that don't fit them.
+// Article records of each kind, byte by byte, and values that don't fit them.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -117,7 +117,7 @@ TEST(FichaDeArticulo, LasLetrasDeCadaMaquina) {
       {QStringLiteral("ÁÀÄÉÈËÍÌÏÓÒÖÚÙÜ"),
        {"AAAEEEIIIOOOUUU", "AAAEEEIIIOOOUUU", "AAAEEEIIIOOOUUU", "AAAEEEIIIOOOUUU"}},
       {QStringLiteral("´`¨ªº¡€"), {"   ao!\x7F", "   ao!\x7F", "   ao!\x7F", "   ao!\x7F"}},
-      // An accent of its own after the letter, and a blank that doesn't break.
+      // A combining accent after the letter, and a non-breaking space.
       {QStringLiteral("Cano\u0301n\u0303\u00A0€"), {"Cano| \x7F", "", "", ""}},
   };
   for (const Caso& c : casos)
@@ -159,7 +159,7 @@ TEST(FichaDeArticulo, LasLetrasQueFaltan) {
       {QStringLiteral("1½ kg ½"), "1 1/2 kg 1/2", "1\xBD kg \xBD", QStringLiteral("½")},
       {QStringLiteral("Hőség ấ"), "Hoseg a", "Hoseg a", QStringLiteral("őấ")},
       {QStringLiteral("Ω3 🍞🍞"), "?3 ??", "?3 ??", QStringLiteral("Ω🍞")},
-      // What nobody sees is no letter that anybody misses.
+      // Invisible characters are not reported as missing.
       {QStringLiteral("A\nB\u2009C\u200BD\u0003\u0013\u007FE\uFE0F"),
        "A B CD   E",
        "A B CD   E",
@@ -185,14 +185,14 @@ TEST(FichaDeArticulo, LasLetrasQueFaltan) {
             QByteArray("Ajo1/2\r1/2  OE") + char(19));
   EXPECT_EQ(letrasQueFaltan(TipoGrupo::Balanzas, a), QStringLiteral("½Œ"));
   EXPECT_EQ(letrasQueFaltan(TipoGrupo::Ebony, a), QString());
-  // What comes after the width isn't missed, and a wide letter is cut at it.
+  // Characters beyond the width aren't reported, and a wide letter is cut there.
   a.nombre = QString(20, u'x') + QStringLiteral("Ω");
   EXPECT_EQ(letrasQueFaltan(TipoGrupo::Birch, a), QString());
   a.nombre = QString(19, u'x') + QStringLiteral("Æ");
   EXPECT_EQ(bueno(TramaPLU(TipoGrupo::Balanzas, a)).mid(18, 9), "xA0000123");
 }
 
-// Whatever doesn't fit is named, and nothing is made of it.
+// Values that don't fit are reported, and give no record.
 TEST(FichaDeArticulo, LoQueNoCabe) {
   using C = CampoPLU;
   using M = NoCabe;
@@ -286,7 +286,7 @@ TEST(FichaDeArticulo, LoQueNoCabe) {
       EXPECT_EQ(r.error().motivo, c.motivo) << c.nombre << " " << numeroDe(tipo);
     }
   Articulo a = chorizo();
-  // Prices alone need only prices.
+  // A record of prices needs only prices.
   a.depto = 0;
   EXPECT_TRUE(TramaPrecios(a));
   a.precios[2] = 1'000'000;
@@ -314,7 +314,7 @@ TEST(FichaDeArticulo, ComoLaDaLaBalanza) {
   EXPECT_EQ(f->campo(CampoPLU::NomPLU), "Chorizo de Leon     ");
   EXPECT_EQ(f->campo(CampoPLU::HASTA_2), "02500");
   EXPECT_EQ(f->campo(CampoPLU::TEXTO_ETQ), "Cerdo 90%\rSal pimenton\rAjo");
-  // A machine may fill a number with blanks, and cut the blanks of a text.
+  // A machine may pad a number with blanks, and cut the blanks of a text.
   QByteArray otra = kChorizo;
   otra.replace(53, 5, "     ");
   EXPECT_TRUE(diferencias(*f, *leerFicha(otra)).empty());

@@ -1,4 +1,4 @@
-// Records as machines give them, and the same records cut or garbled.
+// Records as machines send them, and the same records cut or garbled.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -180,8 +180,8 @@ TEST(Registros, SeLeenEnterosYNoCortados) {
     EXPECT_EQ(corto.error().que, RegistroMalo::Corto) << c.nombre;
     EXPECT_FALSE(c.leer(c.registro.chopped(1) + "x", kEstricto)) << c.nombre;
     EXPECT_FALSE(c.leer({}, kEstricto)) << c.nombre;
-    // Read as it comes, a counter that is garbled is 0, and the others stay; one that lost its end
-    // is still no number.
+    // Read tolerantly, a garbled counter is 0 and the others stay; a truncated one is still no
+    // number.
     EXPECT_EQ(*c.leer(c.registro, kTolerante), *r) << c.nombre;
     EXPECT_FALSE(c.leer(c.registro.chopped(1), kTolerante)) << c.nombre;
     const auto comoVenga = c.leer(c.registro.chopped(1) + "x", kTolerante);
@@ -211,8 +211,8 @@ TEST(Registros, VariosPorTramaYLoQueSobra) {
   EXPECT_TRUE(nodal::leerArticulos("99")->empty());
   EXPECT_FALSE(nodal::leerArticulos("9"));
   EXPECT_FALSE(nodal::leerArticulos("99" + uno + "0018"));
-  // As they come: a record without its last field, blanks for a counter, spare blanks. What says
-  // which record it is is never guessed.
+  // Read tolerantly: a record without its last field, blanks for a counter, extra blanks. The key
+  // of a record is never guessed.
   using V = std::vector<Total>;
   const auto leer = [](const QByteArray& d) { return nodal::leerArticulos(d, Rigor::Tolerante); };
   const QByteArray blanco(8, ' ');
@@ -280,7 +280,7 @@ TEST(Registros, LineasDePedido) {
                        "00000002",
                    f(20, '0');
   EXPECT_EQ(*nodal::leerPedido("99" + n + "   "), (std::vector<Linea>{{17, 1500, 2}}));
-  EXPECT_FALSE(nodal::leerPedido("99" + n + "0123456789"));  // a line that is cut
+  EXPECT_FALSE(nodal::leerPedido("99" + n + "0123456789"));  // a cut line
   EXPECT_EQ(*nodal::leerPedido("99" + n + f + n), (std::vector<Linea>{{17, 1500, 2}}));
   EXPECT_EQ(*nodal::leerPedido("99"
                                "0017"

@@ -1,5 +1,5 @@
-// Wires that end in machine models. A wire is known by what the configuration says of it: "cable 1"
-// by its port, a telephone number, a host or the name of a connector.
+// Wires that end in machine models. A wire is identified by its configuration: "cable 1" by its
+// port, a telephone number, a host or the name of a connector.
 #pragma once
 
 #include <map>
@@ -115,7 +115,7 @@ class FabricaSimulada final : public enlace::FabricaEnlaces {
   }
   CableSimulado::Cables cables;
   int aperturas = 0;
-  bool mudos = false;  // wires that never say how an opening or a closing ended
+  bool mudos = false;  // wires that never report the end of an opening or a closing
 
  private:
   Reloj& reloj_;

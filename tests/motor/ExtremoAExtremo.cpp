@@ -1,10 +1,10 @@
-// Whole tasks against machine models: what the machines hold before and after, and what is in
-// the database.
-#include "motor/Banco.h"
+// Whole tasks against machine models: the contents of the machines before and after, and of the
+// database.
+#include "motor/TiendaDeMotor.h"
 
 namespace tarvo::prueba {
 
-TEST_F(Banco, LaHoraLlegaALasMaquinas) {
+TEST_F(TiendaDeMotor, LaHoraLlegaALasMaquinas) {
   grupo(1, 1, QStringLiteral("cable 1"));
   grupo(2, 2, QStringLiteral("cable 2"), {5});
   grupo(4, 4, QStringLiteral("tienda4"));

@@ -1,9 +1,10 @@
-// Every kind of reading from every kind of group: the questions asked and the rows that stand in
-// the inbox.
+// Every kind of reading from every kind of group: the questions asked and the rows in the inbox.
 #include "comm/tareas/AjustesListas.h"
-#include "motor/Banco.h"
+#include "motor/TiendaDeMotor.h"
 
 namespace tarvo::prueba {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -16,7 +17,7 @@ QStringList preguntas(int codigo, int desde, int hasta) {
 
 }  // namespace
 
-struct Lecturas : Banco {
+struct Lecturas : TiendaDeMotor {
   void leer(int g, int clase, bool todo = true, qint64 desde = 0, qint64 hasta = 9999999) {
     encolar(g, clase, todo, desde, hasta);
     ASSERT_TRUE(correr());
@@ -71,7 +72,7 @@ TEST_F(Lecturas, DeBalanzas) {
 TEST_F(Lecturas, LosOperadoresConElMismoCodigoSeSuman) {
   grupo(1, 1, QStringLiteral("cable 1"));
   grupo(2, 2, QStringLiteral("cable 2"), {5});
-  valor(db->ejecutar(u"UPDATE GRUPOS SET OP01_C=9, OP02_C=9, OP03_C=NULL, OP04_C=0"));
+  sql(u"UPDATE GRUPOS SET OP01_C=9, OP02_C=9, OP03_C=NULL, OP04_C=0"_s);
   for (const int g : {1, 2}) {
     for (const int op : {1, 2, 3, 4}) vender(g, 10, 100 * op, 50, op, g == 2 ? 5 : 1);
     leer(g, 18);
@@ -103,7 +104,7 @@ TEST_F(Lecturas, DeMaquinasNodal) {
                          QStringLiteral("65"), QStringLiteral("66"), QStringLiteral("75")}));
 }
 
-// Its only frame bears another request's code: the list is not one without sales.
+// Its only frame has another request's code: the list is not one without sales.
 TEST_F(Lecturas, UnaListaNodalConElCodigoDeOtraPregunta) {
   grupo(2, 2, QStringLiteral("cable 2"), {5});
   vender(2, 10, 500, 250, 1, 5);
@@ -134,10 +135,10 @@ TEST_F(Lecturas, DeCajas) {
     maquina(3, a).memoria().catalogo[20].barras = "21000020";
     vender(3, 10, 500, 0, 1, a);
     vender(3, 20, 70, 0, 1, a);
-    vender(3, 77, 9, 0, 1, a);       // nobody knows its code
-    vender(3, 7777777, 1, 0, 1, a);  // nor this one's
+    vender(3, 77, 9, 0, 1, a);       // an unknown code
+    vender(3, 7777777, 1, 0, 1, a);  // also unknown
   }
-  maquina(3, 4).memoria().catalogo[77].barras = "9999999999999";  // above all codes that are known
+  maquina(3, 4).memoria().catalogo[77].barras = "9999999999999";  // above all known codes
   leer(3, 16);
   EXPECT_EQ(bandeja(3, 16), u"2:4/0/20/0 10:2/0/1000/0 20:2/0/140/0");
   EXPECT_EQ(filas(QStringLiteral(
@@ -151,7 +152,7 @@ TEST_F(Lecturas, DeCajas) {
   EXPECT_EQ(bandeja(3, 16), u"10:2/0/1000/0");
 }
 
-// Blanks around a code or its prefix don't go to the register, so its sales come without them.
+// Blanks around a code or its prefix aren't sent to the register, so its sales come without them.
 TEST_F(Lecturas, DeCajasConBlancosEnElCodigo) {
   grupo(3, 3, QStringLiteral("cable 3"), {4});
   struct Caso {
@@ -165,9 +166,9 @@ TEST_F(Lecturas, DeCajasConBlancosEnElCodigo) {
                         {40, nullptr, nullptr, "40"}};
   for (const Caso& c : casos) {
     articulo(c.codigo);
-    valor(db->ejecutar(u"UPDATE PLUSES SET PFX_BAR=?, CodBarExt=? WHERE CODPLU=?",
-                       c.prefijo ? dao::Valor(QString::fromUtf16(c.prefijo)) : dao::Valor(),
-                       c.fijo ? dao::Valor(QString::fromUtf16(c.fijo)) : dao::Valor(), c.codigo));
+    sql(u"UPDATE PLUSES SET PFX_BAR=?, CodBarExt=? WHERE CODPLU=?"_s,
+        c.prefijo ? dao::Valor(QString::fromUtf16(c.prefijo)) : dao::Valor(),
+        c.fijo ? dao::Valor(QString::fromUtf16(c.fijo)) : dao::Valor(), c.codigo);
     maquina(3, 4).memoria().catalogo[c.codigo].barras = c.barras;
     vender(3, c.codigo, c.codigo, 0, 1, 4);
   }
@@ -202,9 +203,9 @@ TEST_F(Lecturas, PedidosEInventarios) {
       u"1,7,2800;2,7,2800");
   EXPECT_EQ(oidas(1).mid(0, 4), (QStringList{QStringLiteral("610 0000"), QStringLiteral("610 0030"),
                                              QStringLiteral("610 0060"), QStringLiteral("880 0")}));
-  // An empty list leaves a header without lines, and numbers go on even when the last document is
-  // deleted.
-  valor(db->ejecutar(u"DELETE FROM PEDI_CAB"));
+  // An empty list leaves a header without lines, and numbering continues even if the last document
+  // is deleted.
+  sql(u"DELETE FROM PEDI_CAB"_s);
   leer(1, 22);
   EXPECT_EQ(filas(QStringLiteral("SELECT NUMPED FROM PEDI_CAB")), u"44");
 }
@@ -216,7 +217,7 @@ TEST_F(Lecturas, UnaTramaDePedidoRepetida) {
   fallo(2, {simulador::Averia::RespuestaDoble, 1, 76, 1}, 5);
   leer(2, 22);
   EXPECT_EQ(filas(QStringLiteral("SELECT COUNT(*) FROM PEDI_LIN")), u"20");
-  // Lines that are alike are all there.
+  // Equal lines are all kept.
   grupo(1, 1, QStringLiteral("cable 1"));
   for (auto* m : {&memoria, &maquina(1).memoria()})
     for (int i = 1; i <= 20; ++i) m->apuntar(simulador::Lista::Pedidos, {7, 100, 1});
@@ -226,7 +227,7 @@ TEST_F(Lecturas, UnaTramaDePedidoRepetida) {
             u"1,20;2,20;3,20");
 }
 
-// Frames of lines have no number: one that bears another request's code would be gone for good.
+// Frames of lines have no number: one with another request's code would be lost for good.
 TEST_F(Lecturas, UnaTramaDePedidoConElCodigoDeOtraPregunta) {
   grupo(2, 2, QStringLiteral("cable 2"), {5});
   auto& memoria = maquina(2, 5).memoria();
@@ -238,7 +239,8 @@ TEST_F(Lecturas, UnaTramaDePedidoConElCodigoDeOtraPregunta) {
   EXPECT_TRUE(memoria.lista(simulador::Lista::Pedidos).empty());
 }
 
-// The order's answer comes when the inventory is asked, and nothing in it says whose it is.
+// The answer for the order comes during the request for the inventory, and nothing in it identifies
+// it.
 TEST_F(Lecturas, UnaRespuestaDelPedidoLlegaAlInventario) {
   grupo(1, 1, QStringLiteral("cable 1"));
   auto& memoria = maquina(1).memoria();
@@ -256,8 +258,8 @@ TEST_F(Lecturas, UnaRespuestaDelPedidoLlegaAlInventario) {
   EXPECT_EQ(memoria.lista(simulador::Lista::Pedidos).size(), 7U);
 }
 
-// The order to forget got no answer. Whether it was heard, and whether somebody noted a new list
-// after it, shows when the list is asked for again: no line is lost, and none is there twice.
+// The order to forget got no answer. Whether it was received, and whether a new list was entered
+// after it, shows when the list is requested again: no line is lost, and none is duplicated.
 TEST_F(Lecturas, LaOrdenDeOlvidarSinRespuesta) {
   using simulador::Averia, simulador::Lista;
   gestor->VigilaProcesos(0, true, this);
@@ -269,7 +271,7 @@ TEST_F(Lecturas, LaOrdenDeOlvidarSinRespuesta) {
       simulador::Fallos f;
       f.guion = std::move(guion);
       maquina(tipo, addr).cambiarPercances({f, 1});
-      valor(db->ejecutar(u"DELETE FROM PEDI_LIN"));
+      sql(u"DELETE FROM PEDI_LIN"_s);
       for (int i = 1; i <= 4; ++i) memoria.apuntar(Lista::Pedidos, {i, 100, i});
       const int olvidos = memoria.olvidos(Lista::Pedidos);
       encolar(tipo, 22);
@@ -308,7 +310,7 @@ TEST_F(Lecturas, LaListaQueNoSeOlvidoEsElMismoDocumento) {
   EXPECT_EQ(filas(QStringLiteral("SELECT NUMERO, LINEAS, OLVIDADA FROM ListasRecibidas")),
             u"1,4,0");
   maquina(1).percances().cambiar({});
-  arrancar();  // we died in between
+  arrancar();  // the program died in between
   problemas.clear();
   memoria.apuntar(simulador::Lista::Pedidos, {9, 100, 9});
   leer(1, 22);

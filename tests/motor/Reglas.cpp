@@ -1,29 +1,31 @@
-// What the engine must never do: serve one access twice at a time, zero what wasn't read, take a
+// What the engine must never do: serve one access twice at a time, zero unread machines, take a
 // broken reading for a good one, or wait for ever.
 #include "motor/Reglas.h"
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 TEST_F(Reglas, LoQueNoSePuedeEncolar) {
   tienda();
   grupo(3, 3, QStringLiteral("cable 3"));
-  valor(
-      db->ejecutar(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ALMACEN, remoto) VALUES "
-                   u"(9, 'N', 1, 1, 0, 0), (10, 'Q', 1, 7, 0, 3), (11, 'Z', 1, 1, 0, 9)"));
+  grupo({.codigo = 9, .almacen = 0, .remoto = 0})
+      .grupo({.codigo = 10, .tipo = 7, .almacen = 0, .remoto = 3})
+      .grupo({.codigo = 11, .almacen = 0, .remoto = 9});
   EXPECT_EQ(gestor->NuevaTarea(99, true, 0, 1, TipoTarea::TxHora), 2);
   EXPECT_EQ(gestor->NuevaTarea(9, true, 0, 1, TipoTarea::TxHora), 2);
-  for (const int g : {10, 11})  // of no kind, and with no access, that anybody knows
+  for (const int g : {10, 11})  // of an unknown kind and with an unknown access
     EXPECT_EQ(gestor->NuevaTarea(g, true, 0, 9999999, TipoTarea::RxGrTot), 2) << g;
-  EXPECT_EQ(gestor->NuevaTarea(3, true, 0, 1, TipoTarea::TxHora), 2);  // no clock in a register
+  EXPECT_EQ(gestor->NuevaTarea(3, true, 0, 1, TipoTarea::TxHora), 2);  // registers have no clock
   EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, TipoTarea::TxTecla),
-            2);  // a kind with a name and no sender
+            2);  // a kind with a name but no sender
   EXPECT_EQ(gestor->CuantosQuedan().total, 0);
   EXPECT_EQ(registro.porClave(u"TXPLUS")->tarea, TipoTarea::TxPlus);
   EXPECT_FALSE(registro.de(TipoTarea::TxTecla)->crear);
   EXPECT_EQ(registro.porClave(u""), nullptr);
 }
 
-// Said once, when all is done and closed; a task that stays for the operator keeps it back.
+// Reported once, when all is done and closed; a task that stays for the operator delays it.
 TEST_F(Reglas, TerminaCuandoPuedas) {
   struct Mira final : motor::Observador {
     void acabado() override { ++veces; }
@@ -55,10 +57,8 @@ TEST_F(Reglas, UnAccesoSirveAUnaTareaCadaVez) {
   cables().canales[0].Device = cables().canales[1].Device = TipoAcceso::TcpIp;
   arrancar();
   tienda(1, QStringLiteral("tcp:sur"));
-  valor(db->ejecutar(u"UPDATE GRUPOS SET telef=' SUR:4000 ' WHERE CODGPO=1"));
-  valor(
-      db->ejecutar(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ALMACEN, ADDR, remoto, "
-                   u"telef) VALUES (2, 'B', 1, 1, 0, 1, 3, 'sur:4000')"));
+  sql(u"UPDATE GRUPOS SET telef=' SUR:4000 ' WHERE CODGPO=1"_s);
+  grupo({.codigo = 2, .nombre = u"B", .almacen = 0, .remoto = 3, .acceso = u"sur:4000", .addr = 1});
   fabrica.cables[QStringLiteral(" SUR")] = fabrica.cables[QStringLiteral("SUR")] =
       fabrica.cables[QStringLiteral("sur")];
   const int a = encolar(1, 18), b = encolar(2, 7);
@@ -73,7 +73,7 @@ TEST_F(Reglas, UnAccesoSirveAUnaTareaCadaVez) {
   EXPECT_EQ(fabrica.aperturas, 1);  // the idle link was used again
 }
 
-// What a fault may do to a reading: nothing that shows in the rows.
+// A fault must not change the rows of a reading.
 TEST_F(Reglas, LasAveriasNoCambianLoLeido) {
   tiempos().TimeOut = 3000;
   arrancar();
@@ -117,7 +117,7 @@ TEST_F(Reglas, LoQueNuncaVaBienSeAcabaYSeDice) {
   for (int a = 1; a <= 30; ++a) vender(2, a, a, 1, 1, 5);
   leida(1);
   const QString antes = bandeja(1, 17);
-  // A record of which only the beginning of its number is left is none, however often it comes.
+  // A record with only the beginning of its number left isn't one, however often it comes.
   struct Caso {
     Averia averia;
     int grupo, clase, error, valor = -1;
@@ -146,16 +146,16 @@ TEST_F(Reglas, LoQueNuncaVaBienSeAcabaYSeDice) {
   }
 }
 
-// A record without its last field fails once. When it comes again in the same bytes the machine
-// always says it so: it is read with 0 for what lacks, and that is told.
+// A record without its last field fails once. If it comes again in the same bytes, the machine
+// always sends it so: it is read with 0 for the missing field, and this is reported.
 TEST_F(Reglas, UnRegistroQueSiempreVieneAsi) {
   tienda();
   grupo(2, 2, QStringLiteral("cable 2"), {5});
   grupo(3, 3, QStringLiteral("cable 3"), {4});
   for (int a = 1; a <= 30; ++a) vender(2, a, a, 1, 1, 5), vender(3, a, a, 0, 1, 4);
   struct Caso {
-    int grupo, clase, codigo, quedan;  // of its characters
-    QString fila;                      // one of those read
+    int grupo, clase, codigo, quedan;  // length of the record
+    QString fila;                      // one of the rows read
     int tomados;
   };
   const Caso casos[] = {{1, 17, 850, 23, QStringLiteral("1:0/300/600/0"), 1},
@@ -184,8 +184,8 @@ TEST_F(Reglas, UnRegistroQueSiempreVieneAsi) {
   }
 }
 
-// A machine that also gives whole records doesn't always say it so: where the short one came first,
-// and where it came after.
+// A machine that also sends whole records doesn't always send it so, whether the short one comes
+// first or later.
 TEST_F(Reglas, UnRegistroCortoEntreOtrosEnteros) {
   tienda();
   for (const int malo : {1, 2}) {
@@ -201,7 +201,7 @@ TEST_F(Reglas, UnRegistroCortoEntreOtrosEnteros) {
   }
 }
 
-// A refusal is one under any code, and a question that goes on without an answer ends in time.
+// A refusal is one under any code, and a question without an answer ends in time.
 TEST_F(Reglas, UnaNegativaConElCodigoDeOtraPregunta) {
   tienda();
   fallo(1, {Averia::Err, 1, 850, 0, 1});
@@ -212,7 +212,7 @@ TEST_F(Reglas, UnaNegativaConElCodigoDeOtraPregunta) {
   EXPECT_EQ(bandeja(1, 17), u"1:3/300/600/0");
 }
 
-// The scales of a shop that says so may answer under whatever code.
+// The scales of a shop with that setting may answer under any code.
 TEST_F(Reglas, ContestarConOtroCodigo) {
   tienda();
   for (const bool acepta : {false, true}) {
@@ -251,9 +251,9 @@ TEST_F(Reglas, ReintentosALaCuentaJusta) {
   gestor->VigilaProcesos(2, true, this);
   encolar(1, 7);
   ASSERT_TRUE(correr());
-  EXPECT_EQ(reintentos.size(), 2);  // tried until the counter is above the limit
+  EXPECT_EQ(reintentos.size(), 2);  // retried until the counter is above the limit
   EXPECT_EQ(problemas, QStringList{QStringLiteral("7 G1 E16 (6)")});
-  // A line that nobody answers.
+  // A line without an answer.
   problemas.clear(), reintentos.clear();
   reloj.avanzar(5000);
   fabrica.cables.clear();
@@ -298,7 +298,7 @@ TEST_F(Reglas, OrdenesDelOperador) {
   gestor->CambioAModo(false);
   const int id = encolar(1, 18);
   reloj.avanzar(5000);
-  EXPECT_EQ(estado(id), 0);  // in manual mode nothing moves by itself
+  EXPECT_EQ(estado(id), 0);  // in manual mode nothing advances by itself
   gestor->AvanzarTarea(id);
   reloj.avanzar(20);
   EXPECT_EQ(estado(id), 3);
@@ -354,7 +354,7 @@ TEST_F(Reglas, ElEnlacePerdidoVuelveMedioMinutoDespues) {
   EXPECT_EQ(oidas(1).size(), antes);
   ASSERT_TRUE(correr(2));
   EXPECT_EQ(reintentos, QStringList{QStringLiteral("18 G1 E32")});
-  EXPECT_EQ(oidas(1).count(QStringLiteral("800 01")), 1);  // it goes on where it stood
+  EXPECT_EQ(oidas(1).count(QStringLiteral("800 01")), 1);  // it continues where it was
 }
 
 TEST_F(Reglas, CienConectores) {
@@ -401,7 +401,7 @@ TEST_F(Reglas, SinCanalDeSuClaseLaTareaNoEsperaParaSiempre) {
   arrancar();
   tienda(1, QStringLiteral("tcp:sur"));
   for (const int remoto : {1, 3}) {
-    valor(db->ejecutar(u"UPDATE GRUPOS SET remoto=?, telef='sur:4000' WHERE CODGPO=1", remoto));
+    sql(u"UPDATE GRUPOS SET remoto=?, telef='sur:4000' WHERE CODGPO=1"_s, remoto);
     encolar(1, 17);
     ASSERT_TRUE(correr());
   }

@@ -1,13 +1,13 @@
-// What the tests of the engine's rules share.
+// Shared by the tests of the engine's rules.
 #pragma once
 
-#include "motor/Banco.h"
+#include "motor/TiendaDeMotor.h"
 
 namespace tarvo::prueba {
 
 using simulador::Averia;
 
-struct Reglas : Banco {
+struct Reglas : TiendaDeMotor {
   int estado(int id) {
     const auto* t = tarea(id);
     return t ? t->Estado : -1;
@@ -18,7 +18,7 @@ struct Reglas : Banco {
       for (const int a : {10, 20, 30}) articulo(a);
     for (const int a : {10, 20, 30}) vender(g, a, a * 10, 100, a / 10);
   }
-  // The machines' totals are read and memorised, so that they may be zeroed.
+  // Reads and memorises the machines' totals, so that they may be zeroed.
   void leida(int g) {
     encolar(g, 17);
     ASSERT_TRUE(correr());

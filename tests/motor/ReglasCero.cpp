@@ -1,8 +1,10 @@
-// When a machine may be told to forget, and what is sent for it.
+// When a machine may be told to forget, and with which frames.
 #include "comm/tareas/Duda.h"
 #include "motor/Reglas.h"
 
 namespace tarvo::prueba {
+
+using namespace Qt::StringLiterals;
 
 TEST_F(Reglas, LaPuestaACeroEsperaALaLecturaDeDelante) {
   tienda();
@@ -22,14 +24,27 @@ TEST_F(Reglas, LaPuestaACeroEsperaALaLecturaDeDelante) {
 
 TEST_F(Reglas, NiPorOtroCanalAdelantaLaPuestaACero) {
   tienda(1, QStringLiteral("b"));
-  valor(db->ejecutar(u"UPDATE GRUPOS SET telef='a'"));  // a connector that isn't there
+  sql(u"UPDATE GRUPOS SET telef='a'"_s);  // a missing connector
   encolar(1, 17);
-  valor(db->ejecutar(u"UPDATE GRUPOS SET telef='b'"));
+  sql(u"UPDATE GRUPOS SET telef='b'"_s);
   encolar(1, 6);
   ASSERT_TRUE(correr());
   EXPECT_TRUE(maquina(1).memoria().puestas().empty());
   EXPECT_EQ(problemas,
             (QStringList{QStringLiteral("17 G1 E24 (2)"), QStringLiteral("6 G1 E22 (0)")}));
+}
+
+// Articles sent after a wipe would be lost with it.
+TEST_F(Reglas, LoQueSigueAUnBorradoLoEspera) {
+  grupo(3, 3, QStringLiteral("b"), {9});
+  leida(3);
+  sql(QStringLiteral("UPDATE GRUPOS SET telef='a'"));  // a missing connector
+  encolar(3, 10);
+  sql(QStringLiteral("UPDATE GRUPOS SET telef='b'"));
+  encolar(3, 17);
+  alHacer = [this] { EXPECT_EQ(problemas.size(), 1) << "the wipe is given up by now"; };
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(hechas.back(), QStringLiteral("17 G3"));
 }
 
 TEST_F(Reglas, TrasUnaLecturaFallidaNoHayPuestaACero) {
@@ -57,10 +72,10 @@ TEST_F(Reglas, TrasUnaLecturaFallidaNoHayPuestaACero) {
       gestor->EliminarTarea(cero - 1);
     }
     EXPECT_TRUE(maquina(1).memoria().puestas().empty());
-    EXPECT_EQ(bandeja(1, 17), antes);  // the good reading before it stands
+    EXPECT_EQ(bandeja(1, 17), antes);  // the good reading before it stays
   }
-  EXPECT_FALSE(valor(sesion->permisoCero(1)).permitido);
-  // Read whole at last, the group may be zeroed.
+  EXPECT_FALSE(bien(sesion->permisoCero(1)).permitido);
+  // After a complete reading, the group may be zeroed.
   maquina(1).percances().cambiar({});
   gestor->VigilaProcesos(3, true, this);
   encolar(1, 17);
@@ -84,7 +99,7 @@ TEST_F(Reglas, PuestaACeroDeCadaFamilia) {
   for (const int a : {4, 6})
     EXPECT_EQ(oidas(3, a), (QStringList{QStringLiteral("3054"), QStringLiteral("3056"),
                                         QStringLiteral("3058")}));
-  EXPECT_EQ(oidas(4).back(), u"910");  // a Birch group that failed once is zeroed in part
+  EXPECT_EQ(oidas(4).back(), u"910");  // after a failure a Birch group is zeroed in part
   EXPECT_EQ(filas(QStringLiteral(
                 "SELECT GRUPO, ADDR, SEC_HECHO>SEC_INTENCION FROM Ceros ORDER BY GRUPO, ADDR")),
             u"2,0,1;3,4,1;3,6,1;4,0,1");
@@ -107,14 +122,15 @@ TEST_F(Reglas, TrasUnCorteSoloSePoneACeroLoQueNoHaVendido) {
   EXPECT_EQ(maquina(3).memoria().puestas().size(), 1U);
 }
 
-// The group sold more than it had, though one of its registers forgot: the sum alone shows nothing.
+// The group sold more than it had, although one of its registers forgot: the sum alone shows
+// nothing.
 TEST_F(Reglas, LoQueOlvidoUnaDeVariasNoSePisaEnLaBandeja) {
   articulo(10);
   grupo(3, 3, QStringLiteral("cable 3"), {4, 6});
   for (const int addr : {4, 6}) vender(3, 10, 300, 0, 1, addr);
   leida(3);
   const QString leido = bandeja(3, 17);
-  // Gone on with, the zeroing asks each register again, and the second says nothing.
+  // When continued, the zeroing asks each register again, and the second doesn't answer.
   arrancar(true);
   maquina(3, 6).percances().cambiar({.guion = {{Averia::Sorda, 0, 2060}}});
   encolar(3, 6);
@@ -129,15 +145,15 @@ TEST_F(Reglas, LoQueOlvidoUnaDeVariasNoSePisaEnLaBandeja) {
   EXPECT_EQ(bandeja(3, 17), leido);
 }
 
-// The order gets no answer, or a refusal. Before it is sent again the machine must show what it
-// holds; where it was only silent it is asked at once, and no retry is spent.
+// The order gets no answer, or a refusal. Before it is sent again the machine must show its
+// contents; if it was only silent it is asked at once, without using a retry.
 TEST_F(Reglas, UnaOrdenSinRespuestaNoSeRepiteACiegas) {
   struct Caso {
     int tipo, clase, trama;
     Averia averia;
     bool vende;
-    int ordenes;   // that the machine heard
-    qint64 queda;  // of its grand total
+    int ordenes;   // received by the machine
+    qint64 queda;  // left of its grand total
   };
   constexpr Averia niega = Averia::CeroRechazado, calla = Averia::RespuestaPerdida,
                    nada = Averia::CeroSinRespuesta, sorda = Averia::Sorda;
@@ -164,10 +180,10 @@ TEST_F(Reglas, UnaOrdenSinRespuestaNoSeRepiteACiegas) {
     if (c.vende) vender(g, 10, 300, 50);
     ASSERT_TRUE(correr());
     EXPECT_EQ(oidas(g).filter(orden).size(), c.ordenes) << oidas(g).join(u' ').toStdString();
-    // What a register has sold since is in no reading: it is left, and said.
+    // Later sales of a register are in no reading: they are left, and this is reported.
     const bool dicho = c.queda >= 1000 || (c.tipo == 3 && c.vende);
     EXPECT_EQ(problemas.isEmpty(), !dicho) << problemas.join(u' ').toStdString();
-    // A wide answer begins with a digit: the refusal of a register is not heard as one.
+    // A wide answer begins with a digit: the refusal of a register is not recognised.
     EXPECT_EQ(reintentos.isEmpty(), c.averia != niega || c.tipo == 3)
         << reintentos.join(u' ').toStdString();
     EXPECT_EQ(maquina(g).memoria().contadores().granTotal.imp, c.queda);
@@ -175,18 +191,18 @@ TEST_F(Reglas, UnaOrdenSinRespuestaNoSeRepiteACiegas) {
   }
 }
 
-// Two empty lists that both were the late ends of one that broke off.
+// Two empty lists that were both late ends of one that broke off.
 TEST(Contraste, LoQueSeRompeNoVaSeguido) {
   const Textos textos;
   tareas::Contraste<int> c(4);
   c.dudar();
-  EXPECT_FALSE(valor(c.vale(1, textos)));
+  EXPECT_FALSE(bien(c.vale(1, textos)));
   c.romper();
-  EXPECT_FALSE(valor(c.vale(1, textos)));
-  EXPECT_TRUE(valor(c.vale(1, textos)));
+  EXPECT_FALSE(bien(c.vale(1, textos)));
+  EXPECT_TRUE(bien(c.vale(1, textos)));
 }
 
-// What is left of "ERR01" is still no consent, nor is a number that refuses nothing.
+// A truncated "ERR01" is no consent, nor is a number that refuses nothing.
 TEST_F(Reglas, UnaNegativaCortadaEsNegativa) {
   tienda();
   leida(1);
@@ -208,7 +224,7 @@ TEST_F(Reglas, UnaNegativaCortadaEsNegativa) {
   EXPECT_EQ(filas(QStringLiteral("SELECT count(*) FROM ListasRecibidas WHERE OLVIDADA<>0")), u"0");
 }
 
-// What proves that a machine has forgotten is never a record that can't be read.
+// An unreadable record never proves that a machine has forgotten.
 TEST_F(Reglas, UnGranTotalIlegibleNoPruebaNada) {
   tienda();
   leida(1);
@@ -222,7 +238,7 @@ TEST_F(Reglas, UnGranTotalIlegibleNoPruebaNada) {
   EXPECT_EQ(filas(QStringLiteral("SELECT count(*) FROM Sesiones WHERE PZERO IS NOT NULL")), u"0");
 }
 
-// A grand total that was read before the machine last forgot says nothing of what it holds now.
+// A grand total read before the machine last forgot says nothing about its present contents.
 TEST_F(Reglas, UnGranTotalDeOtraNocheNoVale) {
   tienda();
   leida(1);
@@ -240,8 +256,7 @@ TEST_F(Reglas, UnGranTotalDeOtraNocheNoVale) {
   EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
 }
 
-// Whoever deletes the journal of the database by mistake loses nothing that a machine has
-// forgotten.
+// Deleting the journal of the database by mistake loses nothing that a machine has forgotten.
 TEST_F(Reglas, LoQueSeOlvidaEstaEnElFicheroMismo) {
   tienda();
   leida(1);
@@ -250,18 +265,18 @@ TEST_F(Reglas, LoQueSeOlvidaEstaEnElFicheroMismo) {
   ASSERT_EQ(maquina(1).memoria().puestas().size(), 1U);
   const QString copia = carpeta_.filePath(QStringLiteral("solo.mdb"));
   ASSERT_TRUE(QFile::copy(db->ruta(), copia));
-  const auto sola = valor(dao::Database::OpenDatabase(copia, {}));
-  EXPECT_EQ(valor(sola->uno(u"SELECT IMP FROM TOTGRT WHERE LINK=0 AND GRUPO=1")).entero(), 600);
+  const auto sola = bien(dao::Database::OpenDatabase(copia, {}));
+  EXPECT_EQ(bien(sola->uno(u"SELECT IMP FROM TOTGRT WHERE LINK=0 AND GRUPO=1")).entero(), 600);
 }
 
-// The register is silent at one frame and after it, and the zeroing is asked for again without a
-// new reading.
+// The register is silent from one frame on, and the zeroing is requested again without a new
+// reading.
 TEST_F(Reglas, ElRegistroAMediasSigueDondeQuedo) {
   struct Caso {
     int calla;      // deaf for this frame
     bool borra;     // ... but it obeys the first time
     bool vende;     // before the second try
-    QString luego;  // what the second try sends after the grand total
+    QString luego;  // frames of the second attempt after the grand total
   };
   const Caso casos[] = {{3054, false, false, QStringLiteral("3054 3056 3058")},
                         {3054, true, false, QStringLiteral("3054 3056 3058")},
@@ -305,7 +320,7 @@ TEST_F(Reglas, ElRegistroAMediasSigueDondeQuedo) {
     }
 }
 
-// A reading that went well says nothing of the group's other kinds.
+// A good reading says nothing about the group's other kinds.
 TEST_F(Reglas, UnaLecturaBuenaNoBorraElFalloDeOtra) {
   tienda();
   gestor->VigilaProcesos(0, true, this);
@@ -323,6 +338,22 @@ TEST_F(Reglas, UnaLecturaBuenaNoBorraElFalloDeOtra) {
   encolar(1, 17);
   ASSERT_TRUE(correr());
   EXPECT_FALSE(gestor->GruposFallidos().contains(1));
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
+}
+
+// A failure holds for the run in which it happened.
+TEST_F(Reglas, ElFalloDeOtraNocheNoImpideElCero) {
+  tienda();
+  gestor->VigilaProcesos(0, true, this);
+  maquina(1).percances().cambiar({.guion = {{Averia::Sorda, 0, -1}}});
+  encolar(1, 23);
+  ASSERT_TRUE(correr());
+  EXPECT_TRUE(gestor->GruposFallidos().contains(1));
+  maquina(1).percances().cambiar({});
+  sesion->ponerEjecucion(2, false);
+  leida(1);
   encolar(1, 6);
   ASSERT_TRUE(correr());
   EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);

@@ -1,11 +1,11 @@
-// What failed and stays comes back: by itself while nobody watches, when the operator wants it, and
-// when he takes a removal back.
+// Failed tasks that stay come back: by themselves while nobody watches, on the operator's command,
+// and when a removal is undone.
 #include "motor/Reglas.h"
 
 namespace tarvo::prueba {
 
-// With no retry allowed, nobody who watches, and in manual mode: the link comes back all the same,
-// by itself in its time, or at once when the operator says so.
+// Without retries or a watcher, in manual mode: the link comes back all the same, by itself in due
+// time or at once on the operator's command.
 TEST_F(Reglas, ElEnlacePerdidoVuelveAunqueNadieMire) {
   for (const bool automatico : {true, false}) {
     const int g = automatico ? 1 : 2;
@@ -23,16 +23,16 @@ TEST_F(Reglas, ElEnlacePerdidoVuelveAunqueNadieMire) {
     if (!automatico) {
       gestor->AvanzarTarea(id);
       reloj.avanzar(1000);
-      EXPECT_EQ(estado(id), 4);  // a task that is done stays in sight
+      EXPECT_EQ(estado(id), 4);  // a finished task stays visible
       gestor->CambioAModo(true);
     }
     ASSERT_TRUE(correr(1));
-    EXPECT_EQ(oidas(g).count(QStringLiteral("800 01")), 1);  // it goes on where it stood
+    EXPECT_EQ(oidas(g).count(QStringLiteral("800 01")), 1);  // it continues where it was
     EXPECT_NE(bandeja(g, 18), u"");
   }
 }
 
-// The queue goes on by itself, and so do those that failed, less and less often; what makes a
+// The queue advances by itself, and so do failed tasks, less and less often; one that makes a
 // machine forget waits for the operator.
 TEST_F(Reglas, EnAutomaticoLoFallidoSeIntentaDeNuevo) {
   for (const int g : {1, 2}) tienda(g, QStringLiteral("tcp:casa%1").arg(g));
@@ -46,7 +46,7 @@ TEST_F(Reglas, EnAutomaticoLoFallidoSeIntentaDeNuevo) {
   reloj.avanzar(12'000);
   EXPECT_EQ(estado(id), 6);
   EXPECT_TRUE(tarea(id)->descansa);
-  EXPECT_NE(bandeja(2, 17), u"");  // it has given the only channel to the next one
+  EXPECT_NE(bandeja(2, 17), u"");  // it has given the only channel to the next task
   const auto veces = [&](int segundos) {
     const int antes = fabrica.aperturas;
     reloj.avanzar(segundos * 1000);
@@ -86,7 +86,7 @@ TEST_F(Reglas, ReintentarTodoEsTodo) {
   EXPECT_EQ(estado(sorda), 6);
   EXPECT_EQ(estado(otra), 5);
   EXPECT_EQ(estado(parada), 2);
-  // The zeroing waits after the reading that failed, and goes when that one has gone well.
+  // The zeroing waits for the failed reading, and runs once that one has succeeded.
   EXPECT_EQ(gestor->pendientes().size(), 4U);
   maquina(1).percances().cambiar({});
   cables().canales[1].Device = TipoAcceso::Directo;
@@ -116,7 +116,7 @@ TEST_F(Reglas, LoQuitadoVuelveASuSitio) {
   ASSERT_TRUE(correr(1));
   EXPECT_EQ(bandeja(1, 17), u"1:3/300/600/0");
   EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);  // after the reading
-  // What is done is gone, and nothing brings it back.
+  // A finished task is gone for good.
   EXPECT_EQ(gestor->ReponerTarea(), -1);
 }
 

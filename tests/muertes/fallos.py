@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Faults from outside: for each the exit status and what the shop reads. A table on the standard output;
-ends with 1 when a status is not the one expected, a machine forgot what isn't in the books, or nothing was said."""
+"""Faults from outside: the exit status and the report to the shop for each. A table on standard output; ends
+with 1 when a status is unexpected, a machine forgot what isn't in the books, or nothing was reported."""
 import os
 import resource
 import signal
@@ -12,7 +12,7 @@ import time
 
 from tienda import BIN, Tienda, esperar, puerto_libre
 
-# A closed port or a dark machine is given up soon: the shop's own waits would take a quarter of an hour.
+# A closed port or an unpowered machine is given up soon: the shop's own waits would take a quarter of an hour.
 CORTOS = ["TimeOut= 1500", "TimeACK= 300", "TimeCero= 3000"]
 # Grand totals only: what counts here is the fault.
 PASOS = ["S:ABRIR", "T:RXPLUS,ALL,Sí,0000000,9999999", "T:RXGRTOT,ALL", "C:ESPERA,0,Sí", "S:CERRAR,Ventas,Sí,Sí",
@@ -22,8 +22,8 @@ MAL = []
 
 
 def nada_perdido(t, terminada=False):
-    """Each sale that a machine forgot stands in the days, and none stands there twice. Of a night that has ended
-    all sales stand there, and in the week, the stock and the export."""
+    """Each sale forgotten by a machine is in the days, and none is there twice. For a finished night all sales
+    are there, and in the week, the stock and the export."""
     if terminada:
         return [f for f in t.comprobar() if "'PLU'" in f or "'GRT'" in f or not f.startswith(("días", "sem", "VENTAS.EXP: (",
                                                                                            "pedidos", "inven"))]
@@ -39,7 +39,7 @@ def nada_perdido(t, terminada=False):
 
 def caso(titulo, esperado, antes=None, durante=None, proceso="NOCHE", despues=None, sql=None, maquina=True,
          ejecutar=None, sigue=False, **mas):
-    """One fault. `sigue`: the night runs again without it, and then the books have to be whole."""
+    """One fault. `sigue`: the night runs again without it, and then the books must be complete."""
     t = Tienda([1], ventas=30, pasos=PASOS, **{k: mas.pop(k) for k in ("transporte", "fallos") if k in mas})
     try:
         t.ajustes(*CORTOS)

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Kills nights with SIGKILL, starts them again, and compares the books with what the machines sold.
 
-    muertes.py [--veces N] [--semilla S] [--tiendas T]     N kills over T shops that run side by side
+    muertes.py [--veces N] [--semilla S] [--tiendas T]     N kills over T shops running side by side
 
-A kill comes at a moment of the whole night, just when a step that moves sales is due, or up to 30 ms
-after something was written. Ends with 1 when any night doesn't agree; its folder is kept and named.
+A kill comes at any moment of the night, just when a step that moves sales is due, or up to 30 ms after
+a write. Ends with 1 when any night doesn't agree; its folder is kept and reported.
 """
 import argparse
 import collections
@@ -31,7 +31,7 @@ class Noche:
         self.pasos = (tienda.carpeta / "NOCHE.AUT").read_bytes().decode("cp1252").split("\r\n")
 
     def paso(self):
-        """How many steps are on record; nothing outside a run."""
+        """Number of recorded steps; nothing outside a run."""
         try:
             fila = self.base.execute("SELECT PASO FROM Proceso").fetchone()
         except sqlite3.OperationalError:
@@ -61,7 +61,7 @@ class Noche:
             time.sleep(self.azar.uniform(0, 0.03))
 
     def correr(self, quedan):
-        """The exit status of the run that ended and the kills it took."""
+        """The exit status of the finished run and the number of kills."""
         muertes = 0
         while True:
             p = self.t.lanzar(noche=self.numero)
@@ -77,13 +77,13 @@ class Noche:
             p.wait()
             muertes += 1
             self.donde["arranque" if hechos is None else self.pasos[hechos].split(",")[0] or "final"] += 1
-            # A run whose record is gone had ended, but for its goodbye.
+            # A run without a record had finished, except for its exit.
             if self.paso() is None and "Ejecución finalizada" in self.t.salida.read_text("utf-8"):
                 return 0, muertes
 
 
 def tienda_entera(encargo):
-    """N kills in one shop: kills, nights, places, what didn't agree."""
+    """N kills in one shop: kills, nights, places, disagreements."""
     cual, veces, semilla = encargo
     azar = random.Random(f"{semilla}/{cual}")
     t = Tienda(GRUPOS[cual % len(GRUPOS)], ventas=40, semilla=semilla * 100 + cual)
@@ -103,7 +103,7 @@ def tienda_entera(encargo):
                 fallos.append(f"la noche acabó con {estado}")
             if fallos:
                 fallos = [f"{t.carpeta}, noche {noches}, semilla {semilla}", *fallos[:20], t.salida.read_text("utf-8")]
-    except Exception as e:  # a shop that breaks is one that failed
+    except Exception as e:  # a shop that breaks counts as failed
         fallos.append(f"{t.carpeta}: {e!r}")
     t.apagar() if fallos else t.borrar()
     return muertes, noches, donde, fallos

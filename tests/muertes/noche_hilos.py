@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""A night over each kind of wire, compared with what the machines sold. A line for each; ends with 1
+"""A night over each kind of wire, compared with the sales of the machines. A line for each; ends with 1
 when one doesn't agree."""
 import pathlib
 import subprocess

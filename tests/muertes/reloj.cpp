@@ -1,5 +1,5 @@
 // Preloaded into a program under test: its wall clock is MUERTES_SEGUNDOS ahead of this computer's,
-// so that night follows night without a wait. The monotonic clock is left alone.
+// so that nights follow each other without a wait. The monotonic clock is left alone.
 #include <dlfcn.h>
 #include <sys/time.h>
 #include <time.h>

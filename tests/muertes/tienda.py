@@ -1,5 +1,5 @@
-"""A shop in a temporary folder: the database, the machines behind it (tarvo-simulador), nights that
-are run as processes of their own, and the comparison of the books with what the machines sold."""
+"""A shop in a temporary folder: the database, its machines (tarvo-simulador), nights run as
+separate processes, and the comparison of the books with the sales of the machines."""
 import collections
 import datetime
 import json
@@ -17,11 +17,11 @@ RAIZ = pathlib.Path(__file__).resolve().parent.parent.parent
 BIN = pathlib.Path(os.environ.get("TARVO_BIN", RAIZ / "build" / "bin"))
 RELOJ = pathlib.Path(os.environ.get("MUERTES_RELOJ", RAIZ / "build" / "tests" / "muertes" / "libmuertes_reloj.so"))
 TABLAS = {"PLU": "TOTPLU", "GRT": "TOTGRT", "OPE": "TOTOPE", "DEP": "TOTDEP", "HOR": "TOTHOR", "OPH": "TOTOPHOR"}
-# The tasks of a night and the kinds of group (1 scales, 2 Ebony, 3 registers, 4 Birch) that know them.
+# The tasks of a night and the kinds of group (1 scales, 2 Ebony, 3 registers, 4 Birch) that support them.
 TAREAS = {"RXPLUS": (1, 2, 3, 4), "RXGRTOT": (1, 2, 3, 4), "RXOPERA": (1, 2, 4), "RXDEPAR": (1, 2, 3, 4),
           "RXHORAR": (1, 4), "RXOPHOR": (1, 2, 4), "RXPEDID": (1, 2, 4), "RXINVEN": (1, 4)}
 LEIDO_POR = dict(zip(("PLU", "GRT", "OPE", "DEP", "HOR", "OPH"), TAREAS.values()))
-TIPO = {1: 1, 2: 1, 3: 2, 4: 2, 5: 3, 6: 3, 7: 4, 8: 4}  # of each group of the demo shop
+TIPO = {1: 1, 2: 1, 3: 2, 4: 2, 5: 3, 6: 3, 7: 4, 8: 4}  # by group of the demo shop
 TRAS_LEER = ["C:ESPERA,3,No", "S:CERRAR,Ventas,Sí,Sí", "T:TX_ZERO,ALL,No", "C:ESPERA,3,No", "P:LIMPIAR",
              "P:SEL. ULTIMO", "P:ACUMULAR,2", "P:SEL. ULTIMO", "P:STOCK", "P:SEL. ULTIMO", "E:TOTALIZA,No,No,VENTAS"]
 PRIMERA = datetime.datetime(2026, 3, 2, 21, 30)  # a Monday, after closing time
@@ -35,9 +35,9 @@ def puerto_libre():
 
 
 def noche(grupos):
-    """Reads all that these groups know, closes, zeroes, accumulates, discounts and exports."""
+    """Reads everything these groups support, closes, zeroes, accumulates, discounts and exports."""
     resto = {"RXPLUS": ",Sí,0000000,9999999"}
-    lecturas = ["S:ABRIR"]  # a session ends in the books when it was opened
+    lecturas = ["S:ABRIR"]  # in the books a session ends at the moment it was opened
     for tarea, tipos in TAREAS.items():
         saben = [g for g in grupos if TIPO[g] in tipos]
         lecturas += [f"T:{tarea},{g}{resto.get(tarea, '')}" for g in (["ALL"] if saben == list(grupos) else saben)]
@@ -55,7 +55,7 @@ def esperar(que, segundos=20.0, cada=0.002):
 
 class Tienda:
     def __init__(self, grupos, ventas=60, semilla=1, transporte=None, pasos=None, fallos=None):
-        """`transporte` gives for a group's code what differs from TCP: (json of the simulator, SQL assignments)."""
+        """`transporte` gives by group code what differs from TCP: (json of the simulator, SQL assignments)."""
         self.carpeta = pathlib.Path(tempfile.mkdtemp(prefix="muertes-"))
         self.grupos, self.dias, self.simulador, self.adelanto = grupos, 1, None, {}
         self.estado = self.carpeta / "estado.json"
@@ -116,7 +116,7 @@ class Tienda:
     # --- processes ------------------------------------------------------------------------------
 
     def entorno(self, noche):
-        if noche not in self.adelanto:  # one for all the runs of a night: its clock doesn't go back
+        if noche not in self.adelanto:  # the same for all runs of a night: its clock doesn't go back
             fecha = (PRIMERA + datetime.timedelta(days=noche)).replace(tzinfo=datetime.timezone.utc)
             self.adelanto[noche] = int(fecha.timestamp() - time.time())
         return {**os.environ, "LD_PRELOAD": str(RELOJ), "TZ": "UTC", "MUERTES_SEGUNDOS": str(self.adelanto[noche])}
@@ -175,7 +175,7 @@ class Tienda:
     # --- the books ------------------------------------------------------------------------------
 
     def libros(self, donde):
-        """(group, kind, code, hour) -> [amount, count] of the periods that `donde` picks."""
+        """(group, kind, code, hour) -> [amount, count] of the periods selected by `donde`."""
         suma = collections.defaultdict(lambda: [0, 0])
         for clase, tabla in TABLAS.items():
             hora = "HORA" if clase == "OPH" else "0"
@@ -209,12 +209,12 @@ class Tienda:
 
     @staticmethod
     def ajenos(maquina):
-        """Codes that the shop has never heard of: their sales belong to article 2."""
+        """Codes unknown to the shop: their sales belong to article 2."""
         return {a["codigo"] for a in maquina["articulos"] if a["ajeno"]}
 
     @classmethod
     def vendido(cls, maquinas):
-        """What the books should hold, from the single sales alone."""
+        """What the books should hold, from the individual sales alone."""
         suma = collections.defaultdict(lambda: [0, 0])
         for m in maquinas:
             g, ajenos = m["grupo"], cls.ajenos(m)
@@ -239,7 +239,7 @@ class Tienda:
             almacen, seccion = grupos[m["grupo"]]
             ajenos = self.ajenos(m)
             for v in m["libro"]:
-                # Registers don't weigh: what is sold by weight leaves no stock there.
+                # Registers don't weigh: sales by weight don't leave the stock there.
                 codigo = 2 if v["articulo"] in ajenos else v["articulo"]
                 pesada = al_peso[seccion, codigo]
                 esperado[almacen, seccion, codigo] += (
@@ -248,7 +248,7 @@ class Tienda:
         return {k: n for k, n in esperado.items() if n}, hay
 
     def comprobar(self, exportado=True):
-        """What doesn't agree, a sentence each; empty when every sale is counted once everywhere."""
+        """The disagreements, a sentence each; empty when every sale is counted once everywhere."""
         maquinas = self.maquinas()
         esperado, fallos = self.vendido(maquinas), []
         vistas = {"días": self.libros("TIPO=1"), "semanas": self.libros("TIPO=2")}
@@ -259,7 +259,7 @@ class Tienda:
                 fallos.append(f"VENTAS.EXP: {bloques} bloques en {self.dias} noches")
         for nombre, hay in vistas.items():
             for clave in sorted(esperado.keys() | hay.keys()):
-                # A register's department whose sales and returns come to nothing is not kept: no count.
+                # A register's department whose sales and returns cancel out is not kept: no count.
                 iguales = 1 if clave[1] == "DEP" and TIPO[clave[0]] == 3 else 2
                 if esperado[clave][:iguales] != hay[clave][:iguales]:
                     fallos.append(f"{nombre}: {clave} vendido {esperado[clave]} anotado {hay[clave]}")

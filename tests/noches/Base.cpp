@@ -44,7 +44,7 @@ Disco& disco() {
 void Disco::llenar() {
   if (conexion)
     sqlite3_exec(conexion, "PRAGMA max_page_count=1", nullptr, nullptr,
-                 nullptr);  // rounded up to what there is
+                 nullptr);  // rounded up to the present size
 }
 
 void Disco::vaciar() {

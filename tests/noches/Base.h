@@ -1,5 +1,5 @@
-// A reader of the database file that shares nothing with the program's store, and the disk under
-// it: when it is full, and at which commit the power goes.
+// A reader of the database file, independent of the program's store, and the disk below it: when it
+// is full, and at which commit the power fails.
 #pragma once
 
 #include <QString>
@@ -30,8 +30,8 @@ class Lector {
    private:
     sqlite3_stmt* s_;
   };
-  // Statements that give no rows run as well. A statement that fails ends the program: the question
-  // is wrong.
+  // Statements without rows run as well. A failed statement ends the program, since the query is
+  // wrong.
   void filas(const QByteArray& sql, const std::function<void(const Fila&)>& cada = {});
   qint64 uno(const QByteArray& sql);
   // All rows of all tables as text, for comparing two runs.
@@ -46,9 +46,9 @@ class Lector {
 // hooks are.
 struct Disco {
   qint64 confirmaciones = 0;  // commits so far
-  qint64 cortarEn = -1;       // the commit of this number is the last thing that the program does
-  qint64 fallarEn = -1;       // the commit of this number fails, and nothing else
-  bool cortado = false;       // nothing gets through any more, on wires neither
+  qint64 cortarEn = -1;       // the commit with this number is the program's last action
+  qint64 fallarEn = -1;       // only the commit with this number fails
+  bool cortado = false;       // nothing gets through any more, not even on wires
   sqlite3* conexion = nullptr;
   void llenar();  // no page may be added
   void vaciar();

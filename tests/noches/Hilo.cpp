@@ -66,7 +66,7 @@ class Hilo final : public enlace::LinkSocket {
     estado_ = 5;
     return enlace::kBien;
   }
-  // A cable knows nothing of its other end: the machine is there again a second later.
+  // A cable doesn't detect its other end: the machine is back a second later.
   void caer(bool limpio) {
     if (cita_ == Cerrando) return;
     limpia_ = limpio;
@@ -79,8 +79,8 @@ class Hilo final : public enlace::LinkSocket {
     buffer_ += b;
     oyente_->recepcion(buffer_);
   }
-  // One bit at most in a few pieces running: two bits of one frame can cancel in its check, which
-  // no receiver can see.
+  // At most one bit in a few consecutive pieces: two bits of a frame can cancel out in its check,
+  // which no receiver can detect.
   QByteArray conRuido(QByteArray bytes) {
     if (limpias_ > 0) --limpias_;
     if (!bytes.isEmpty() && casa_.azar_.ocurre(casa_.averias.bit)) {
@@ -101,7 +101,7 @@ class Hilo final : public enlace::LinkSocket {
   bool limpia_ = false;
   Cita cita_ = Nada;
   QByteArray buffer_;
-  int limpias_ = 0;  // pieces that pass as they are, after one that lost a bit
+  int limpias_ = 0;  // pieces that pass unchanged after one with a flipped bit
   std::unique_ptr<simulador::Tubo> tubo_;
   std::unique_ptr<Temporizador> timer_;
 };

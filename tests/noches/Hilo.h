@@ -1,5 +1,5 @@
-// The wires of a shop in memory: from the link's side of the program to the machine models, with
-// the line's own faults.
+// The wires of a shop in memory: from the program's links to the machine models, with the line's
+// own faults.
 #pragma once
 
 #include <map>
@@ -18,7 +18,7 @@ class Hilos final : public enlace::FabricaEnlaces {
 
   std::map<QString, simulador::Cable> cables;  // by PlanGrupo::linea
   AveriasLinea averias;
-  // Every frame's bytes as they go, for a trace.
+  // The bytes of every frame, for a trace.
   std::function<void(char sentido, const QByteArray&)> alPasar;
 
  private:

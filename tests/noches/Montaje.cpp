@@ -18,14 +18,14 @@ using simulador::Tipo;
 
 namespace {
 
-// Memory where there is some, since a night commits often.
+// In memory if possible, since a night commits often.
 QString sitio() {
   const QFileInfo memoria(QStringLiteral("/dev/shm"));
   return (memoria.isWritable() ? memoria.filePath() : QDir::tempPath()) +
          QStringLiteral("/noches-XXXXXX");
 }
 
-// As a first start leaves it.
+// The database as a first start leaves it.
 Resultado<> hacerPlantilla(const QString& ruta) {
   TARVO_INTENTAR(esquema::escribirPlantilla(ruta));
   const auto db = esquema::abrirBase(ruta, {}, Fecha::de(QDate(2026, 1, 1)));

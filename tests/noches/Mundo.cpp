@@ -14,7 +14,7 @@ namespace {
 constexpr qint64 kMaxEventos = 3'000'000;
 constexpr qint64 kMaxNoche = 12 * 3600 * 1000LL;
 
-// One sale whose amount and weight always have the same sign, also summed with its returns.
+// A sale whose amount and weight always have the same sign, also when summed with its returns.
 Venta venta(const simulador::Articulo& a, const PlanGrupo& g, Azar& azar) {
   Venta v;
   v.articulo = a.codigo;
@@ -62,7 +62,7 @@ Veredicto Mundo::correr() {
 }
 
 void Mundo::traza(const QString& linea) {
-  // A message may name the folder, which has another name each time.
+  // A message may contain the folder, which has a different name each time.
   huella_ += linea.toUtf8().replace(carpeta_.path().toUtf8(), "");
   if (alTrazar_) alTrazar_(linea);
 }
@@ -81,13 +81,13 @@ void Mundo::vender(MaquinaViva& m, const std::vector<int>& articulos, QDate dia,
   if (!azar_.ocurre(devoluciones)) return;
   v.importe = -v.importe, v.peso = -v.peso, v.descuento = -v.descuento;
   if (plan_.devuelveCuenta && m.grupo->tipo != Tipo::Registradora) v.cuenta = -v.cuenta;
-  // A register passes over a department whose returns have taken back its very amount.
+  // A register skips a department whose returns equal its sales.
   if (m.grupo->tipo == Tipo::Registradora) v.importe += 1;
   memoria.vender(v);
 }
 
-// A piece that was sold on some day comes back. What no decoder could tell is left out: a weight
-// and an amount of different signs, and what a register passes over.
+// A piece sold on some day is returned. Cases that no decoder could distinguish are left out:
+// weight and amount of different signs, and records that a register skips.
 void Mundo::devolver(MaquinaViva& m, QDate dia) {
   const auto& memoria = m.maquina->memoria();
   if (memoria.libro().empty()) return;
@@ -111,7 +111,7 @@ void Mundo::devolver(MaquinaViva& m, QDate dia) {
   m.maquina->memoria().vender(v);
 }
 
-// What a machine held is in the books; another one takes its place.
+// The contents of a machine are in the books; another machine replaces it.
 void Mundo::cambiarMaquinas() {
   for (auto& m : maquinas_)
     if (gente_.ocurre(0.5) && m.maquina->memoria().libro().size() == m.alEmpezar) {
@@ -167,9 +167,8 @@ void Mundo::apuntar(MaquinaViva& m, Lista lista, int lineas, Azar& azar) {
   }
 }
 
-// Each day sells an article of its own, and not those of other days: so that counters which were
-// wiped behind the program's back are never all as high as they were. Without that nobody could
-// tell.
+// Each day sells an article of its own, not those of other days, so that counters wiped without the
+// program's knowledge are never all as high as before. Otherwise this couldn't be detected.
 void Mundo::dia(int n) {
   hoy_ = n;
   const QDate fecha = plan_.primerDia.addDays(n);
@@ -215,17 +214,16 @@ void Mundo::empezarNoche(const PlanNoche& n) {
         guion.back().codigo = codigo;
       }
     fallos.guion = guion;
-    // An answer that doesn't say which lines, or which list, it holds can't be told from the right
+    // An answer that doesn't identify its lines or its list can't be distinguished from the right
     // one.
     const bool conListas = plan_.leidas.contains({m.grupo->codigo, kPedidos}) ||
                            plan_.leidas.contains({m.grupo->codigo, kInventarios});
-    // Nor can one that skips what came to nothing, where a scale is asked for the next that has
-    // sales.
+    // Nor can one that skips zero totals, if a scale is asked for the next with sales.
     const bool salta = plan_.leidas.contains({m.grupo->codigo, kOperHora}) || plan_.optimizada;
     if (m.grupo->tipo == Tipo::Ebony || conListas || salta)
       fallos.probabilidad[static_cast<std::size_t>(Averia::OtroNumero)] = 0;
-    // Frames of a register don't name it, and a bare acknowledgement wakes whichever has a list
-    // half sent. On a wire that two groups share nobody can tell whose records come then.
+    // Frames of a register don't identify it, and a bare acknowledgement wakes any register with a
+    // half-sent list. On a wire shared by two groups the source of its records is then unknown.
     const auto enElHilo = std::ranges::count(plan_.grupos, m.grupo->linea(), &PlanGrupo::linea);
     if (m.grupo->tipo == Tipo::Registradora && enElHilo > 1)
       for (const Averia a : {Averia::RespuestaPerdida, Averia::RespuestaTardia})
@@ -276,12 +274,12 @@ void Mundo::noche(int n) {
   todoBien_ = resultado == 0;
   acabada_ = resultado.has_value();
   v_.conProblemas += resultado != 0;
-  // What earlier nights left may be said in the first calm one, and keep a group out of it; then
-  // there is nothing left.
+  // Leftovers of earlier nights may be reported in the first calm one, and keep a group out of it;
+  // after that there are none.
   const bool ultima = n + 1 == static_cast<int>(plan_.noches.size());
   oraculo_->finDeNoche(resultado, p.calma && (ultima || !hayFallos_), arranques);
   const bool todosACero = plan_.aCero.size() == plan_.grupos.size();
-  // Of a machine that wasn't zeroed since it was in doubt this night has to say so.
+  // For a machine not zeroed because of a doubt, this night has to report it.
   if (p.calma && resultado != 0 && todosACero && (ultima || !hayFallos_) && !sinCero_)
     fallar(QStringLiteral("noche en calma con resultado %1").arg(resultado.value_or(-1)));
   sinCero_ = false;
@@ -308,13 +306,13 @@ std::optional<int> Mundo::arranque(const PlanNoche& n, const Corte* corte) {
     }
     if (resultado && !programa_->guardarAjustes() && resultado == 0) resultado = 1;
   }
-  d.cortado = true;  // while its objects go nothing reaches the disk or a machine
+  d.cortado = true;  // while its objects are destroyed nothing reaches the disk or a machine
   programa_.reset();
   d.soltar();
   return resultado;
 }
 
-// One event of the clock. False when the night can't go on.
+// One event of the clock. False if the night can't go on.
 bool Mundo::paso(const PlanNoche& n) {
   if (enNoche_ == n.saltoEn) reloj_.saltarPared(n.salto);
   if (enNoche_ == n.llenoDesde) disco().llenar();
@@ -362,8 +360,8 @@ void Mundo::vigilar() {
 void Mundo::caido(const Corte& corte) {
   if (alTrazar_) alTrazar_(QStringLiteral("  !!! corte; vuelve a los %1 s").arg(corte.segundos));
   reloj_.avanzar(corte.segundos * 1000LL);
-  // No returns: amounts that come to nothing don't show when a group is read half before and half
-  // after a cut.
+  // No returns: amounts that cancel out don't show if a group is read half before and half after a
+  // cut.
   for (int n = 0; n < corte.ventas; ++n)
     vender(maquinas_[static_cast<std::size_t>(
                azar_.entero(0, static_cast<int>(maquinas_.size()) - 1))],

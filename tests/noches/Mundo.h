@@ -1,5 +1,5 @@
 // One seed from its first day to its last night: the shop's machines, the program that reads them,
-// and all that befalls both.
+// and everything that happens to both.
 #pragma once
 
 #include <QTemporaryDir>
@@ -11,12 +11,12 @@ namespace tarvo::noches {
 
 struct Veredicto {
   QStringList diferencias;  // empty: the books are right
-  QByteArray huella;        // of the trace and of the database at the end
+  QByteArray huella;        // of the trace and the final database
   qint64 eventos = 0;
   int noches = 0, arranques = 0, conProblemas = 0;
 };
 
-// `alTrazar` gets each line of the programs' traces and of what the world did.
+// `alTrazar` gets each line of the programs' traces and of the world's events.
 Veredicto correrSemilla(quint64 semilla, std::function<void(const QString&)> alTrazar = {},
                         bool conCostumbres = true);
 
@@ -24,8 +24,8 @@ class Mundo {
  public:
   Mundo(const Plan& plan, std::function<void(const QString&)> alTrazar);
   Veredicto correr();
-  // What each machine heard, in its order, and what the database holds, without moments: alike for
-  // two builds that only differ in when they do it.
+  // The frames received by each machine, in order, and the contents of the database, without
+  // moments: equal for two builds that differ only in timing.
   QByteArray oido() const;
   QByteArray filas();
 
@@ -40,12 +40,12 @@ class Mundo {
   void devolver(MaquinaViva& m, QDate cuando);
   void cambiarMaquinas();
   void hacerDia(QDate fecha);
-  // Somebody answers what the program asks in the morning.
+  // A person answers the program's questions in the morning.
   void responder();
   void empezarNoche(const PlanNoche& n);
   void noche(int n);
-  // One start of the program, to its end, its cut or its limit. The exit status; nothing when it
-  // was cut.
+  // One start of the program, to its end, its cut or its limit. Returns the exit status; nothing if
+  // it was cut.
   std::optional<int> arranque(const PlanNoche& n, const Corte* corte);
   bool paso(const PlanNoche& n);
   void vigilar();
@@ -67,8 +67,8 @@ class Mundo {
   int hoy_ = 0;
   bool todoBien_ = false;   // the night before ended without a problem
   bool acabada_ = false;    // it came to its end
-  bool hayFallos_ = false;  // something went wrong in a night before
-  bool sinCero_ = false;    // somebody said since the last night that a machine wasn't zeroed
+  bool hayFallos_ = false;  // something went wrong in an earlier night
+  bool sinCero_ = false;    // a person declared since last night that a machine wasn't zeroed
   Veredicto v_;
   QByteArray huella_;
 };

@@ -1,4 +1,4 @@
-// Whole nights by seed. CTest runs each case apart, so that the cores share them.
+// Whole nights by seed. CTest runs each case separately, so that the cores share them.
 #include "noches/Mundo.h"
 #include "noches/ProbarSemillas.h"
 #include "noches/Semillas.h"

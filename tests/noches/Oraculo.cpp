@@ -28,7 +28,7 @@ const Tabla& tabla(int clase) {
   return kTablas[clase - kPLUs];
 }
 
-// What a kind of machine tells of a sale in each kind of total.
+// A kind of machine's figures for a sale in each kind of total.
 Suma carga(Tipo tipo, int clase, const Venta& v) {
   const bool vek = tipo == Tipo::Balanzas || tipo == Tipo::Birch;
   bool pes = tipo != Tipo::Registradora && !(vek && clase == kOperadores), sco = false;
@@ -39,7 +39,7 @@ Suma carga(Tipo tipo, int clase, const Venta& v) {
   return {v.cuenta, pes ? v.peso : 0, v.importe, sco ? v.descuento : 0};
 }
 
-// The code and hour under which it is told.
+// The code and hour of the sale in that total.
 std::pair<qint64, qint64> clave(const PlanGrupo& g, int clase, const Venta& v) {
   const auto operador = [&] {
     return qint64{g.operadores[static_cast<std::size_t>(v.operador - 1)]};
@@ -76,7 +76,7 @@ QString texto(const PlanGrupo&, int clase, qint64 codigo, qint64 hora) {
   return QStringLiteral("clase %1 código %2 hora %3").arg(clase).arg(codigo).arg(hora);
 }
 
-// Some prefix of each machine's sales, none shorter than it must be, adds up to `hay`.
+// Some prefix of each machine's sales, not below its minimum length, adds up to `hay`.
 using Prefijos = std::vector<std::vector<Suma>>;
 bool alcanza(const Prefijos& p, std::size_t i, const Suma& hay) {
   if (i == p.size()) return hay == Suma{};
@@ -96,8 +96,8 @@ Oraculo::Oraculo(const Plan& plan, const std::vector<MaquinaViva>& maquinas, con
       carpeta_(carpeta),
       base_(carpeta + QStringLiteral("/TARVO.MDB")) {}
 
-// Rows of the periods, less what they hold of periods added into them: of those that are there, and
-// of versions that were replaced.
+// Rows of the periods, less those of periods added into them: of existing ones and of replaced
+// versions.
 Sumas Oraculo::enPeriodos(int clase, const char* cuales) {
   const Tabla& t = tabla(clase);
   const QByteArray codigo = "CODI", hora = t.hora ? "HORA" : "0";
@@ -189,8 +189,8 @@ std::optional<QString> Oraculo::encaja(int grupo, int clase,
   return std::nullopt;
 }
 
-// How much of each machine's sales must be counted: what it has wiped, or all that it had sold when
-// the night began.
+// How many of each machine's sales must be counted: those wiped, or all those made when the night
+// began.
 std::vector<std::size_t> Oraculo::minimos(int clase, bool todo) const {
   std::vector<std::size_t> v;
   for (const auto& m : maquinas_) {
@@ -211,7 +211,7 @@ void Oraculo::contado(int grupo, int clase, const std::vector<std::size_t>& mini
   if (b.grupos.contains(grupo)) {
     sumar(s, b.filas, 1);
     if (!encaja(grupo, clase, minimo, s)) return;
-    // Which machines still held what is memorised shows when the reading is memorised.
+    // Which machines still held the memorised sales shows when the reading is memorised.
     Sumas sinBase = s;
     for (const auto& [addr, filas] : b.base) {
       Sumas una = s;
@@ -240,8 +240,8 @@ void Oraculo::puestaACero(std::size_t maquina) {
       contado(grupo, clase, minimos(clase, false), true, QStringLiteral("puesta a cero"));
 }
 
-// A group known not to foot is said and not zeroed: what that reading got wrong stands in its
-// period until all its kinds have been read whole, be it some nights later.
+// A group known not to foot is reported and not zeroed: the errors of that reading stay in its
+// period until all its kinds have been read whole, perhaps some nights later.
 void Oraculo::grupos(bool todo, const QString& cuando) {
   base_.filas("SELECT GRUPO, MAX(ESTADO=4), MAX(ESTADO<>2) FROM Lecturas GROUP BY GRUPO",
               [&](const Lector::Fila& f) {
@@ -280,7 +280,7 @@ void Oraculo::documentos(const QString& cuando) {
     }
 }
 
-// A week that only sums its days holds nothing of its own.
+// A week that only sums its days has no rows of its own.
 void Oraculo::semanas() {
   for (const Tabla& t : kTablas)
     for (const auto& [k, v] : enPeriodos(t.clase, "p.stkABLE=0 AND p.TIPO IN (2, 3, 4)"))
@@ -327,8 +327,8 @@ void Oraculo::stock() {
               });
 }
 
-// What a person sees who adds up the tickets: with the reading that waits for an answer, or with
-// what it has more than the one that was memorised, the periods hold all that the group has sold.
+// The view of a person who adds up the tickets: with the reading that waits for an answer, or with
+// its excess over the memorised one, the periods hold all the group's sales.
 bool Oraculo::seBorro(int grupo) {
   qint64 vendido = 0, hay = 0, base = 0;
   for (const auto& m : maquinas_)

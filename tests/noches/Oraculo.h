@@ -1,5 +1,5 @@
-// Proves the books of a night: from what the machines sold and wiped, and plain questions to the
-// database file. It shares no code with the program.
+// Checks the books of a night from the machines' sales and wipes and plain queries to the database
+// file. It shares no code with the program.
 #pragma once
 
 #include <array>
@@ -19,11 +19,11 @@ struct MaquinaViva {
   const PlanGrupo* grupo = nullptr;
   std::unique_ptr<simulador::Maquina> maquina;
   std::size_t puestas = 0;    // zeroings seen so far
-  std::size_t alEmpezar = 0;  // sales and zeroings when the night began
+  std::size_t alEmpezar = 0;  // number of sales and zeroings when the night began
   std::size_t puestasAlEmpezar = 0;
   struct Linea {
     simulador::Lista lista;
-    qint64 peso = 0;  // no two lines of a shop have the same
+    qint64 peso = 0;  // unique among the lines of a shop
     bool olvidada = false;
   };
   std::vector<Linea> lineas;
@@ -33,13 +33,13 @@ class Oraculo {
  public:
   Oraculo(const Plan& plan, const std::vector<MaquinaViva>& maquinas, const QString& carpeta);
 
-  // A machine has just been zeroed: nothing of what it held may be missing.
+  // A machine has just been zeroed: none of its contents may be missing.
   void puestaACero(std::size_t maquina);
   // A machine has just forgotten its list.
   void listaOlvidada(std::size_t maquina);
-  // The program has ended. `resultado` its exit status, or nothing when it was cut off for good.
+  // The program has ended. `resultado` is its exit status, or nothing if it was cut off for good.
   void finDeNoche(std::optional<int> resultado, bool calma, int arranques);
-  // Whether the machines of a group that is in doubt have forgotten what is memorised of them.
+  // Whether the machines of a doubtful group have forgotten their memorised sales.
   bool seBorro(int grupo);
   Lector& base() { return base_; }
   QStringList diferencias;

@@ -32,7 +32,7 @@ void Oraculo::exportados(int arranques, bool debe) {
     std::map<QString, int> veces;
     auto& bloques = nuevos[nombre];
     QString fechas;
-    bool deEstaNoche = false;  // what a period was in an earlier one was looked at then
+    bool deEstaNoche = false;  // earlier ones were checked at the time
     qint64 sitio = 0;
     QStringList lineas = QString::fromLatin1(bytes).split(QStringLiteral("\r\n"));
     lineas.removeLast();
@@ -52,8 +52,8 @@ void Oraculo::exportados(int arranques, bool debe) {
       if (n > arranques)
         anotar(QStringLiteral("%1: el periodo %2 está %3 veces").arg(nombre, cual).arg(n));
   }
-  // A night that goes on past midnight may export a period again into the next day's file: the
-  // block that was written last is the one that has to be right.
+  // A night that passes midnight may export a period again into the next day's file: the block
+  // written last has to be right.
   std::map<QString, QString> ultimo;
   base_.filas("SELECT RUTA FROM Exportes ORDER BY rowid", [&](const Lector::Fila& f) {
     const QString nombre = QFileInfo(QString::fromUtf8(f.texto(0))).fileName();
@@ -64,7 +64,7 @@ void Oraculo::exportados(int arranques, bool debe) {
   if (debe && !nuevo) anotar(QStringLiteral("resultado 0 y no se exportó nada"));
 }
 
-// Rows and amounts of a block against those of its period.
+// Compares rows and amounts of a block with those of its period.
 void Oraculo::bloque(const QStringList& lineas, const QString& fichero) {
   qint64 link = 0;
   base_.filas("SELECT LINK, FECHA1, FECHAF FROM COLUMNA", [&](const Lector::Fila& f) {

@@ -48,7 +48,7 @@ Plan::Plan(quint64 s, bool conCostumbres) : semilla(s) {
   if (conCostumbres) costumbres();
 }
 
-// What people do in a shop, with faults or without.
+// The habits of people in a shop, with or without faults.
 void Plan::costumbres() {
   using namespace simulador;
   Azar azar(semilla * 40503 + 5);
@@ -101,7 +101,7 @@ void Plan::grupo(Azar& azar, int codigo) {
     g.direcciones.push_back(g.tipo == Tipo::Ebony ? g.addr : codigo * 10 + i);
   for (int n2 = azar.entero(2, 6); n2 > 0; --n2) g.operadores.push_back(azar.entero(1, 4) * 11);
   g.almacen = azar.entero(0, 2);
-  // Machines that answer to their own address may share a wire.
+  // Machines with an address of their own may share a wire.
   const bool comparte = g.tipo == Tipo::Ebony || g.tipo == Tipo::Registradora;
   if (comparte && !grupos.empty() && grupos.back().tipo == g.tipo && azar.ocurre(0.5)) {
     g.remoto = grupos.back().remoto;
@@ -111,7 +111,7 @@ void Plan::grupo(Azar& azar, int codigo) {
   grupos.push_back(g);
 }
 
-// One line for all groups when all take the task, or one for each that does.
+// One line for all groups if all take the task, or one for each that does.
 void Plan::tareas(Azar& azar, const QString& clave, int clase, const QString& cola) {
   std::vector<int> valen;
   for (const auto& g : grupos)
@@ -148,8 +148,8 @@ void Plan::pasos(Azar& azar) {
                           {u"RXINVEN", kInventarios}})
     if (azar.ocurre(l.clase >= kPedidos ? 0.3 : l.clase == kDepartamentos ? 0.5 : 0.25))
       lecturas.push_back(l);
-  // A sale made while articles are read shows as long as the grand total is asked before the first
-  // or after the last.
+  // A sale made while articles are read shows only if the grand total is read before the first or
+  // after the last of them.
   tareas(azar, QStringLiteral("RXGRTOT"), kGranTotal);
   optimizada = !azar.ocurre(0.6);
   tareas(azar, QStringLiteral("RXPLUS"), kPLUs,
@@ -183,8 +183,8 @@ void Plan::noche(Azar& azar, std::size_t maquinas) {
     simulador::Fallos f;
     for (int k = mala ? azar.entero(0, 3) : 0; k > 0; --k) {
       const auto averia = static_cast<Averia>(azar.entero(0, static_cast<int>(Averia::OtroCodigo)));
-      // What no check of the wire can see is left out; one flipped bit is the line's own fault, see
-      // Hilo.
+      // Faults that no check of the wire can detect are left out; a flipped bit is the line's own
+      // fault, see Hilo.
       if (averia == Averia::BitsCambiados || averia == Averia::VentaEnMedio ||
           averia == Averia::VentaDetras)
         continue;
@@ -199,7 +199,7 @@ void Plan::noche(Azar& azar, std::size_t maquinas) {
     if (mala && azar.ocurre(0.1))
       f.guion.push_back({Averia::Oscura, azar.entero(1, 60), -1, 0, azar.entero(5, 7200) * 1000});
     if (mala && azar.ocurre(0.1)) f.conexionesRechazadas = azar.entero(1, 6);
-    // An order to forget that wasn't answered well, and a customer after it.
+    // An order to forget without a good answer, and a customer after it.
     if (mala && azar.ocurre(0.1)) {
       f.guion.push_back({Averia::VentaDetras, 1, -2, 0, articulos.rbegin()->first});
       f.guion.push_back({uno(azar, {Averia::CeroSinRespuesta, Averia::CeroRechazado}), 1, -2});

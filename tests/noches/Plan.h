@@ -1,4 +1,4 @@
-// What a seed makes: a shop, the process that runs each night, and what goes wrong in which night.
+// The products of a seed: a shop, the process that runs each night, and the faults of each night.
 #pragma once
 
 #include <QStringList>
@@ -25,7 +25,7 @@ struct PlanGrupo {
   std::vector<int> direcciones;  // of its machines
   std::vector<int> operadores;   // code of each position
   int almacen = 0;
-  // A register: what its three orders to forget clear, which nobody told the program.
+  // For a register: the counters cleared by its three orders to forget, unknown to the program.
   std::array<int, 3> borra{simulador::kArticulos, simulador::kTotales, simulador::kPersonal};
   QString linea() const { return remoto == 2 ? QStringLiteral("COM%1").arg(canal) : acceso; }
 };
@@ -33,8 +33,8 @@ struct PlanGrupo {
 struct Corte {
   qint64 evento = -1;        // counted from the start of the program
   qint64 confirmacion = -1;  // or at this commit, within an event
-  int segundos = 1;          // until somebody starts the process again
-  bool vuelve = true;        // false: nobody does, this night
+  int segundos = 1;          // until a person starts the process again
+  bool vuelve = true;        // false: no one does, this night
   int ventas = 0;            // made while the program was down
 };
 
@@ -54,14 +54,13 @@ struct PlanNoche {
   qint64 fallaConfirmacion = -1;  // of the first start
   double sinVentas = 0;           // how likely a register sells nothing that day
   double devueltas = 0;           // how likely a piece of an earlier day comes back to a machine
-  bool diaAMano = false;          // somebody has made the day's period before
+  bool diaAMano = false;          // a person has created the day's period before
   bool otraVez = false;           // the process runs once more the same evening, after a sale
-  bool cambio = false;            // machines that hold nothing unread are exchanged before
+  bool cambio = false;            // machines without unread sales are exchanged before
 };
 
 struct Plan {
-  // `conCostumbres`: also what people do, see costumbres(). Seeds that were kept from before do
-  // without.
+  // `conCostumbres`: also people's habits, see costumbres(). Older kept seeds do without.
   explicit Plan(quint64 semilla, bool conCostumbres = true);
 
   quint64 semilla;
@@ -75,7 +74,7 @@ struct Plan {
        optimizada = false;
   int reintentos = 0;
   bool devuelveCuenta = false;  // a return lowers the count of its article
-  bool notas = true;            // who finds a list that was forgotten may note the next one at once
+  bool notas = true;            // after a list is forgotten the next one may be entered at once
   std::vector<PlanNoche> noches;
 
  private:

@@ -1,4 +1,4 @@
-// What the tests that run seeds share.
+// Shared by the tests that run seeds.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@
 
 namespace tarvo::noches {
 
-// How many seeds a case runs; far fewer under the address sanitizer, where each takes many times
+// The number of seeds of a case; far fewer under the address sanitizer, where each takes many times
 // longer.
 constexpr int semillasPorCaso(int cuantas) {
 #ifdef __SANITIZE_ADDRESS__
@@ -18,8 +18,8 @@ constexpr int semillasPorCaso(int cuantas) {
 #endif
 }
 
-// `correr` gives the verdict on a seed. No difference may be found; every twentieth seed runs twice
-// and must end alike.
+// `correr` gives the verdict on a seed. No difference may be found; every twentieth seed runs
+// twice, with the same result.
 template <class Correr>
 void probarSemilla(quint64 semilla, const Correr& correr) {
   const auto v = correr(semilla);
@@ -29,7 +29,7 @@ void probarSemilla(quint64 semilla, const Correr& correr) {
   EXPECT_EQ(v.huella, correr(semilla).huella) << "semilla " << semilla << " no se repite igual";
 }
 
-// Case number `caso` of those that run so many seeds each.
+// Case number `caso`, with that many seeds in each.
 template <class Correr>
 void probarCaso(int caso, int cuantas, const Correr& correr) {
   const int n = semillasPorCaso(cuantas);

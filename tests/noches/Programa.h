@@ -1,5 +1,5 @@
-// The program as it stands in memory, made and joined as at its start. Destroying it is a power
-// cut: nothing is said to anybody.
+// The program in memory, created and connected as at its start. Destroying it is a power cut:
+// nothing is notified.
 #pragma once
 
 #include "app/Aplicacion.h"
@@ -11,16 +11,16 @@ namespace tarvo::noches {
 
 class Programa {
  public:
-  // Starts and runs the process; the text of the error when it can't.
+  // Starts and runs the process; an error with its text if it can't.
   static Resultado<std::unique_ptr<Programa>> arrancar(
       const QString& carpeta, const QStringList& proceso, Reloj& reloj, Hilos& hilos,
       quint64 semilla, std::function<void(const QString&)> alEscribir);
-  // Starts, and says of a machine in doubt whether it was zeroed.
+  // Starts, and answers whether a doubtful machine was zeroed.
   static Resultado<> responder(const QString& carpeta, Reloj& reloj, Hilos& hilos, int grupo,
                                int addr, bool olvido,
                                const std::function<void(const QString&)>& alEscribir);
   ~Programa();
-  // Nothing while the run goes on; then its exit status.
+  // Nothing during the run; then its exit status.
   std::optional<int> resultado() const { return resultado_; }
   Resultado<> guardarAjustes() const;
 

@@ -1,5 +1,5 @@
 // Registers forget in three frames. Nights that break off between them, and the undisturbed nights
-// after: each sale once, no word of sums that don't foot, and every register empty at the end.
+// after: each sale once, no report of sums that don't foot, and every register empty at the end.
 #include <gtest/gtest.h>
 
 #include "noches/Mundo.h"
@@ -45,7 +45,7 @@ Plan planDe(quint64 semilla, int cajas, bool antes, bool departamentos) {
   return p;
 }
 
-// The nights of a plan, and what each register was told to forget in each of them.
+// The nights of a plan, and the counters that each register was told to forget in each of them.
 struct Noches {
   explicit Noches(const Plan& plan) {
     int noche = 0;
@@ -79,7 +79,7 @@ constexpr int kRalo = 1;
 constexpr quint64 kSemillas = 4;
 #endif
 
-// All is as it should be, from that night on.
+// Everything is in order from that night on.
 void bien(Noches& n, int cajas, int desde = 3) {
   EXPECT_TRUE(n.mal.isEmpty()) << n.texto().toStdString();
   for (int noche = desde; noche <= 5; ++noche)
@@ -90,7 +90,7 @@ void bien(Noches& n, int cajas, int desde = 3) {
 
 }  // namespace
 
-// The line goes silent at one of the frames, before the register heard it or after its clearing.
+// The line goes silent at one of the frames, before the register received it or after its clearing.
 TEST(Registros, ElSilencioEntreTramasSeCuraEnLaNocheSiguiente) {
   for (const bool antes : {false, true})
     for (const int cajas : {1, 2})
@@ -115,7 +115,7 @@ TEST(Registros, ElSilencioEntreTramasSeCuraEnLaNocheSiguiente) {
             }
 }
 
-// Nobody knows which of its orders clears what: the books hold whichever it is.
+// Which of its orders clears what is unknown: the books are right in every case.
 TEST(Registros, CadaTramaBorreLoQueBorre) {
   using namespace simulador;
   const std::array<int, 3> mapas[] = {
@@ -149,8 +149,8 @@ TEST(Registros, CadaTramaBorreLoQueBorre) {
   }
 }
 
-// The power goes at any event of the night; somebody starts the program again the same evening,
-// with sales in between or without, or nobody does.
+// The power fails at any event of the night; a person restarts the program the same evening, with
+// or without sales in between, or no one does.
 TEST(Registros, ElCorteEnCualquierMomentoSeCuraEnLaNocheSiguiente) {
   for (const bool antes : {false, true})
     for (const int cajas : {1, 2}) {
@@ -169,7 +169,7 @@ TEST(Registros, ElCorteEnCualquierMomentoSeCuraEnLaNocheSiguiente) {
         c.ventas = e % 3 == 1 ? 2 : 0;
         p.noches[1].cortes = {c};
         Noches n(p);
-        // A reading that waits in the inbox is memorised before another is taken: a night more.
+        // A reading that waits in the inbox is memorised before another is taken: one night more.
         bien(n, cajas, antes && !c.vuelve ? 4 : 3);
         if (testing::Test::HasFailure()) return;
       }

@@ -26,7 +26,7 @@ bool una(quint64 semilla, const Correr& correr) {
   return c.diferencias.isEmpty();
 }
 
-// The seeds of one worker out of `de`. 1 when any failed.
+// Runs the seeds of one worker out of `de`. Returns 1 if any failed.
 int tanda(quint64 desde, quint64 hasta, int cual, int de, const Correr& correr) {
   int malas = 0;
   for (quint64 s = desde; s <= hasta; ++s) {

@@ -1,6 +1,6 @@
-// What the programs that run seeds share: their command line, many processes, repeated seeds.
-//   --semillas A..B [-j N]: each seed, the failing ones said; every twentieth runs twice and must
-//   end alike. --traza N: one seed with its trace.
+// Shared by the programs that run seeds: their command line, many processes, repeated seeds.
+//   --semillas A..B [-j N]: each seed, reporting failures; every twentieth runs twice, with the
+//   same result. --traza N: one seed with its trace.
 #pragma once
 
 #include <QStringList>
@@ -10,13 +10,13 @@ namespace tarvo::noches {
 
 struct Cosecha {
   QStringList diferencias;  // empty: all is well
-  QByteArray huella;        // alike for alike runs
-  QString cuenta;           // what it did, in a line
+  QByteArray huella;        // equal for equal runs
+  QString cuenta;           // its activity, in a line
 };
 using Correr =
     std::function<Cosecha(quint64 semilla, std::function<void(const QString&)> alTrazar)>;
 
-// The exit status: 1 when a seed failed, 64 for wrong arguments.
+// The exit status: 1 if a seed failed, 64 for wrong arguments.
 int semillero(int argc, char** argv, const Correr& correr);
 
 }  // namespace tarvo::noches

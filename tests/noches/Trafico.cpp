@@ -14,7 +14,7 @@ constexpr int kHoraVek = 10, kHoraNodal = 36;
 
 Plan sinTropiezos(quint64 semilla, bool averias) {
   Plan plan(semilla);
-  plan.notas = false;  // drawn for whichever machine is first
+  plan.notas = false;  // drawn for the machine that comes first
   for (PlanNoche& n : plan.noches) {
     n.linea = {};
     n.cortes.clear();
@@ -43,8 +43,8 @@ QByteArray Mundo::oido() const {
   return texto;
 }
 
-// Moments lose what is below the day. Tasks of different machines may end in another order: the
-// running numbers that they get are passed over, and rows are put in one order.
+// Moments are cut to the day. Tasks of different machines may end in another order: their running
+// numbers are ignored, and rows are sorted.
 QByteArray Mundo::filas() {
   static const QRegularExpression momento(QStringLiteral("\\b(\\d{5})\\.\\d+"));
   static const QRegularExpression hora(QStringLiteral("\\d\\d?:\\d\\d(:\\d\\d)?"));

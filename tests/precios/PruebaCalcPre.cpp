@@ -1,5 +1,5 @@
-#include "Puesto.h"
 #include "articles/precios/CalcPre.h"
+#include "precios/TiendaDePrecios.h"
 
 using namespace tarvo;
 using namespace tarvo::precios;
@@ -45,7 +45,7 @@ TEST(CalcPre, EnteringACell) {
        500,
        1100,
        {500, 50, 550, 100, 500, 1000, 100, 1100, 1100}},
-      // 1005 / 1.21 is 831, and 831 with its VAT 1006: the price of the cell isn't moved by it
+      // 1005 / 1.21 is 831, and 831 with its VAT 1006: the cell's price isn't altered by it
       {"parts that don't add up",
        ModoIva::Detallado,
        0,
@@ -121,13 +121,13 @@ TEST(CalcPre, ALockedMarginRulesTheCells) {
 }
 
 TEST(CalcPre, RatesOfDepartments) {
-  prueba::Puesto p;
+  prueba::TiendaDePrecios p;
   EXPECT_EQ(bien(ivaDeDepartamento(*p.db, 1, 1)), 10);
   EXPECT_EQ(bien(ivaDeDepartamento(*p.db, 1, 2)), 0) << "rate 9 of three";
   EXPECT_EQ(bien(ivaDeDepartamento(*p.db, 1, 7)), 0) << "no such department";
 }
 
-// What the setting couldn't keep isn't taken either: the box shows what is.
+// A step that the setting couldn't keep isn't accepted either: the box shows the one in force.
 TEST(CalcPre, StepWithinItsSetting) {
   CalcPre c;
   const std::pair<qint64, qint64> casos[] = {{-1, 0}, {5, 5}, {32'767, 32'767}, {999'999, 32'767}};

@@ -1,5 +1,5 @@
-#include "Puesto.h"
 #include "articles/precios/CambioLote.h"
+#include "precios/TiendaDePrecios.h"
 
 using namespace tarvo;
 using namespace tarvo::precios;
@@ -31,7 +31,7 @@ TEST(SubePrecios, PercentAndStep) {
   EXPECT_FALSE(SubePrecios::de(0, 1, MasProximo, 3, {}));
 }
 
-struct PruebaLote : testing::Test, prueba::Puesto {
+struct PruebaLote : testing::Test, prueba::TiendaDePrecios {
   articles::Lotes lotes{*db, catalogo, reloj};
   CambioLote lote{*db, catalogo, lotes, textosDePrueba()};
 
@@ -55,7 +55,7 @@ struct PruebaLote : testing::Test, prueba::Puesto {
 };
 
 TEST_F(PruebaLote, WhatWouldBecomeOfEach) {
-  sql(u"insert into PLUSES (SECCION, CODPLU, PRECIO_00) values (1, 2, 900)"_s);
+  articulo({.codigo = 2, .precio = 900});
   sql(u"update PLUSES set PRECIO_27=990000, DEPTO=2, NOMPLU='Jamón 5*' where CODPLU=11"_s);
   sql(u"update PLUSES set PRECIO_00=0 where CODPLU=12"_s);
   const OrdenLote diez = *SubePrecios::de(1000, 5, Redondeo::MasProximo, {}, {});
@@ -93,8 +93,7 @@ TEST_F(PruebaLote, AppliedWholeAndTakenBack) {
 TEST_F(PruebaLote, CutOffItIsGoneOnWith) {
   const int kMuchos = 1200;
   for (int n = 0; n < kMuchos; ++n)
-    sql(u"insert into PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00) values (1, ?, 'X', 1, 100)"_s,
-        1000 + n);
+    articulo({.codigo = 1000 + n, .nombre = u"X", .depto = 1, .precio = 100});
   std::vector<ClaveArticulo> claves;
   for (int n = 0; n < kMuchos; ++n) claves.push_back({1, 1000 + n});
   const OrdenLote orden = *SubePrecios::de(1000, 1, Redondeo::MasProximo, {}, {});
@@ -107,7 +106,7 @@ TEST_F(PruebaLote, CutOffItIsGoneOnWith) {
   }
   const auto subidos = [&] { return leer(u"select count(*) from PLUSES where PRECIO_00=110"_s); };
   EXPECT_EQ(subidos(), u"500");
-  // One was deleted meanwhile.
+  // One has been deleted meanwhile.
   sql(u"delete from PLUSES where CODPLU=2199"_s);
   const auto resto = bien(lote.seguir(cortado, u"CambioLote"_s));
   while (bien(resto->paso())) continue;

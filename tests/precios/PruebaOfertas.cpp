@@ -1,5 +1,5 @@
-#include "Puesto.h"
 #include "articles/precios/Ofertas.h"
+#include "precios/TiendaDePrecios.h"
 
 using namespace tarvo;
 using namespace tarvo::precios;
@@ -13,14 +13,13 @@ Dia dia(const char* texto) {
   return *texto ? Dia(momento(texto)) : Dia();
 }
 
-struct PruebaOfertas : testing::Test, prueba::Puesto {
+struct PruebaOfertas : testing::Test, prueba::TiendaDePrecios {
   Ofertas ofertas{*db, textosDePrueba(), reloj};
 
   void poner(int grupo, int codigo, qint64 precio, const char* desde, const char* hasta,
              bool enviado = false, bool borrado = false) {
-    sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, FECHA_INI, FECHA_FIN, enviado, "
-        "borrado) values (?, 1, ?, ?, ?, ?, ?, ?)"_s,
-        grupo, codigo, precio, comoValor(dia(desde)), comoValor(dia(hasta)), enviado, borrado);
+    oferta({grupo, codigo, precio, comoValor(dia(desde)), comoValor(dia(hasta)), enviado});
+    if (borrado) sql(u"update OFERTAS set borrado=1 where GRUPO=? and CODIGO=?"_s, grupo, codigo);
   }
   OfertaNueva nueva(int codigo, qint64 precio, const char* desde, const char* hasta) {
     return {1, codigo, {precio, 0, 0}, *Vigencia::de(dia(desde), dia(hasta))};
@@ -38,8 +37,8 @@ TEST_F(PruebaOfertas, NoOfferEndsBeforeItBegins) {
   EXPECT_TRUE(Vigencia::de({}, dia("05/06/2018")));
 }
 
-// What becomes of what is in the group's place, and whether the scales must hear of the
-// article.
+// What happens to an existing offer of the group, and whether the article becomes due to the
+// scales.
 TEST_F(PruebaOfertas, SavingOverWhatIsThere) {
   const struct {
     const char* que;
@@ -63,8 +62,7 @@ TEST_F(PruebaOfertas, SavingOverWhatIsThere) {
     sql(u"delete from OFERTAS"_s);
     sql(u"delete from [Cross] where plu=10"_s);
     for (const int g : grupos)
-      for (const int otro : {g, 2})
-        sql(u"insert into [Cross] (Secc, plu, Grupo) values (1, 10, ?)"_s, otro);
+      for (const int otro : {g, 2}) cruce(otro, {10});
     if (c.precio > 0) poner(1, 10, c.precio, "01/06/2018", "", c.enviado, c.borrado);
     EXPECT_EQ(bien(ofertas.ocupados(1, 10, grupos)).size(), c.pregunta ? 1U : 0U);
     bien(ofertas.guardar(nueva(10, 800, c.desde, "10/06/2018"), grupos));
@@ -78,11 +76,11 @@ TEST_F(PruebaOfertas, NewPricesGoToTheOtherGroupsWhenAsked) {
   poner(2, 10, 650, "", "09/06/2018", true);
   poner(3, 10, 650, "", "", true, true);
   poner(2, 11, 650, "", "", true);
-  EXPECT_EQ(bien(ofertas.ponerPrecios({1, 1, 10}, {750, 0, 0}, false)), 0);
+  EXPECT_EQ(bien(ofertas.ponerPrecios({1, 1, 10}, {750, 0, 0}, false)).otras(), 0);
   EXPECT_EQ(filas(),
             u"1 10 750 43252 - 0 0 | 2 10 650 - 43260 1 0 | 3 10 650 - - 1 1 | 2 11 650 - - 1 0");
   EXPECT_EQ(loTienen(10), u"2");
-  EXPECT_EQ(bien(ofertas.ponerPrecios({1, 1, 10}, {760, 0, 0}, true)), 1);
+  EXPECT_EQ(bien(ofertas.ponerPrecios({1, 1, 10}, {760, 0, 0}, true)).otras(), 1);
   EXPECT_EQ(filas(),
             u"1 10 760 43252 - 0 0 | 2 10 760 43252 - 0 0 | 3 10 650 - - 1 1 | 2 11 650 - - 1 0");
   EXPECT_EQ(loTienen(10), u"");
@@ -113,7 +111,7 @@ TEST_F(PruebaOfertas, DatesOfAllOffersShownAndBack) {
   EXPECT_EQ(bien(ofertas.deshacer(cambio)), 2);
   EXPECT_EQ(filas(), antes);
 
-  // An offer on the scales that begins later now: the normal price must go back to them.
+  // An offer on the scales that now begins later: the normal price must go back to them.
   const auto luego =
       bien(ofertas.cambiarFechas(deUnoHasta, true, Extremo::Desde, dia("07/06/2018")));
   EXPECT_EQ(luego.filas.size(), 2U);

@@ -1,6 +1,6 @@
-#include "Puesto.h"
 #include "articles/precios/AltaRapida.h"
 #include "articles/precios/CambioRapido.h"
+#include "precios/TiendaDePrecios.h"
 
 using namespace tarvo;
 using namespace tarvo::precios;
@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Whatever the file says, what is held makes sense and goes back as 22 values.
+// Whatever the file contains, the result is valid and is written back as 22 values.
 TEST(ParrillaRapida, ReadsAnythingAndWritesItself) {
   const QString defecto = u"1,1,2,1,1,0,0,0,0,0,0,0,0,0,0,0,-1,,,,,"_s;
   const struct {
@@ -72,7 +72,7 @@ TEST(FormaAlta, TheCodeBehindAPrefix) {
   EXPECT_EQ(FormaAlta::de({}, 1, 0).error(), Tarifas);
 }
 
-struct PruebaAlta : testing::Test, prueba::Puesto {
+struct PruebaAlta : testing::Test, prueba::TiendaDePrecios {
   AltaRapida alta{*db, catalogo, *FormaAlta::de(u"12"_s, 2, 1)};
   EntradaAlta buena() {
     EntradaAlta e;
@@ -84,28 +84,35 @@ struct PruebaAlta : testing::Test, prueba::Puesto {
   }
 };
 
-TEST_F(PruebaAlta, TheFirstFieldThatIsWrong) {
+TEST_F(PruebaAlta, TheFieldsThatAreWrong) {
   const struct {
-    std::optional<CampoAlta> falta;
+    std::vector<CampoAlta> faltan;
     void (*estropear)(EntradaAlta&);
   } casos[] = {
       {{}, [](EntradaAlta&) {}},
-      {{}, [](EntradaAlta& e) { e.codigo = u"1200034"_s; }},  // as the box shows it
-      {CampoAlta::Codigo, [](EntradaAlta& e) { e.codigo = u"345678"_s; }},
-      {CampoAlta::Nombre, [](EntradaAlta& e) { e.nombre = u"  "_s; }},
-      {CampoAlta::Unidad, [](EntradaAlta& e) { e.cada = -1; }},
-      {CampoAlta::Departamento, [](EntradaAlta& e) { e.departamento = u"9"_s; }},
-      {CampoAlta::Formato, [](EntradaAlta& e) { e.formato = u"21"_s; }},
-      {CampoAlta::Formato, [](EntradaAlta& e) { e.formato = u"0"_s; }},
-      {CampoAlta::Dias1, [](EntradaAlta& e) { e.dias1.clear(); }},
-      {CampoAlta::Dias2, [](EntradaAlta& e) { e.dias2 = u"x"_s; }},
-      {CampoAlta::Codigo, [](EntradaAlta& e) { e.codigo.clear(), e.dias2.clear(); }},
+      {{}, [](EntradaAlta& e) { e.codigo = u"1200034"_s; }},  // as shown in the box
+      {{CampoAlta::Codigo}, [](EntradaAlta& e) { e.codigo = u"345678"_s; }},
+      {{CampoAlta::Nombre}, [](EntradaAlta& e) { e.nombre = u"  "_s; }},
+      {{CampoAlta::Unidad}, [](EntradaAlta& e) { e.cada = -1; }},
+      {{CampoAlta::Departamento}, [](EntradaAlta& e) { e.departamento = u"9"_s; }},
+      {{CampoAlta::Formato}, [](EntradaAlta& e) { e.formato = u"21"_s; }},
+      {{CampoAlta::Formato}, [](EntradaAlta& e) { e.formato = u"0"_s; }},
+      {{CampoAlta::Dias1}, [](EntradaAlta& e) { e.dias1.clear(); }},
+      {{CampoAlta::Dias2}, [](EntradaAlta& e) { e.dias2 = u"x"_s; }},
+      {{CampoAlta::Codigo, CampoAlta::Dias2},
+       [](EntradaAlta& e) { e.codigo.clear(), e.dias2.clear(); }},
   };
   int n = 0;
   for (const auto& c : casos) {
     EntradaAlta e = buena();
     c.estropear(e);
-    EXPECT_EQ(bien(alta.primeraFalta(e)), c.falta) << n++;
+    std::vector<CampoAlta> faltan;
+    for (int i = 0; i < kCamposAlta; ++i)
+      if (const auto falta = bien(alta.falta(static_cast<CampoAlta>(i), e))) {
+        EXPECT_FALSE(falta->isEmpty());
+        faltan.push_back(static_cast<CampoAlta>(i));
+      }
+    EXPECT_EQ(faltan, c.faltan) << n++;
   }
   alta.ponerForma(*FormaAlta::de({}, 1, 1));
   EXPECT_FALSE(alta.codigoDe(u"2"_s));
@@ -146,9 +153,10 @@ TEST_F(PruebaAlta, AFastChangeTakesWhatTheColumnHolds) {
     EXPECT_TRUE(c.vale || !r.error().texto.isEmpty());
   }
   EXPECT_EQ(bien(conColumna(a, Precio2, u"12,5"_s, ajustes, textosDePrueba())).precios[1][0], 1250);
-  EXPECT_EQ(bien(conColumna(a, Nombre, u"Un nombre de mas de veinte"_s, ajustes, textosDePrueba()))
-                .nombre.size(),
-            20);
+  EXPECT_EQ(bien(conColumna(a, Nombre, QString(50, u'N'), ajustes, textosDePrueba())).nombre.size(),
+            50);
+  EXPECT_EQ(conColumna(a, Nombre, QString(51, u'N'), ajustes, textosDePrueba()).error().texto,
+            u"El nombre tiene 51 letras, y caben 50.");
 }
 
 }  // namespace

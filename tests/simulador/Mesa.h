@@ -1,4 +1,4 @@
-// A machine on a bench: a virtual clock, and all that it says kept in the pieces in which it came.
+// A machine on a bench: a virtual clock, and all its output kept in the pieces in which it came.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 
 namespace tarvo::simulador {
 
-// Frames put together here digit by digit, so that the machines' own codec is not its own judge.
+// Frames composed here digit by digit, so that the machines' codec doesn't judge itself.
 inline QByteArray vek(int secuencia, int addr, const QByteArray& codigoYDatos,
                       char estacion = 'V') {
   const QByteArray cuerpo = QByteArray::number(100 + secuencia).mid(1) + estacion +
@@ -51,7 +51,7 @@ struct Mesa {
     return cable.abrir({[this](const QByteArray& bytes) { piezas.append(bytes); },
                         [this](bool limpio) { cortes.push_back(limpio); }});
   }
-  // What the machine says to `bytes`, in one piece.
+  // The machine's answer to `bytes`, in one piece.
   QByteArray decir(const QByteArray& bytes) {
     piezas.clear();
     cable.recibir(bytes);

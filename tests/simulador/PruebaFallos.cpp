@@ -25,7 +25,7 @@ struct MesaRota : Mesa {
   }
 };
 
-// The second question meets the fault; the first and the third are answered as ever.
+// The second question meets the fault; the first and the third are answered as usual.
 TEST(Fallos, DeUnaRespuestaDeBalanza) {
   const QByteArray buena1 = vek(1, 0, kGranTotal), buena2 = vek(2, 0, kGranTotal),
                    buena3 = vek(3, 0, kGranTotal);

@@ -13,7 +13,7 @@ void venderUnDia(Mesa& mesa) {
   mesa.vender(5, 3, 17, -100, -500);
 }
 
-// Questions and the whole of the data in their answers.
+// Questions and the complete data of their answers.
 struct Pregunta {
   QByteArray pregunta, respuesta;
 };

@@ -43,7 +43,7 @@ TEST_F(PruebaModem, Dialogo) {
       {"ATDT222\r", 1500, "6\r"},
       {"ATDT333\r", 1500, "8\r"},
       {"ATDT91-555 00\r", 1499, ""},
-      {"x", 0, "3\r"},  // a key gives the call up
+      {"x", 0, "3\r"},  // a key cancels the call
       {"ATV1\r", 0, "\r\nOK\r\n"},
       {"ATDT9155500\r", 1500, "\r\nCONNECT 9600\r\n"},
   };

@@ -1,4 +1,4 @@
-// The program through its outer doors: configuration in, sockets and terminals, state file out.
+// The program from outside: configuration in, sockets and terminals, state file out.
 #include <fcntl.h>
 #include <sqlite3.h>
 #include <unistd.h>
@@ -29,7 +29,7 @@ class PruebaPrograma : public ::testing::Test {
  protected:
   ~PruebaPrograma() override { matar(); }
   QString ruta(const char* nombre) const { return carpeta.filePath(QLatin1String(nombre)); }
-  // False when it ends, or says nothing in time.
+  // False if it ends or prints nothing in time.
   bool arrancar(const QByteArray& config, const QStringList& mas = {}) {
     QFile fichero(ruta("config.json"));
     fichero.open(QIODevice::WriteOnly);
@@ -59,7 +59,7 @@ class PruebaPrograma : public ::testing::Test {
   QProcess proceso;
 };
 
-// What comes within some seconds, up to as many bytes as are hoped for.
+// The bytes received within some seconds, up to the expected number.
 QByteArray preguntar(QTcpSocket& socket, const QByteArray& bytes, qsizetype esperados) {
   socket.write(bytes);
   QByteArray dicho;

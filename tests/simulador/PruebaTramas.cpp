@@ -28,7 +28,7 @@ TEST(TramasVEK, LeeLoQueMandaLaTrastienda) {
   for (const Caso& caso : casos) {
     LectorVEK lector(false);
     std::size_t peticiones = 0;
-    for (const char c : caso.bytes)  // byte by byte, as a slow line brings them
+    for (const char c : caso.bytes)  // byte by byte, as on a slow line
       for (const Entrada& entrada : lector.leer(QByteArray(1, c)))
         if (entrada.clase == Clase::Peticion) {
           EXPECT_EQ(entrada.peticion, esperada) << caso.que;

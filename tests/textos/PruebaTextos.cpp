@@ -39,7 +39,7 @@ TEST(Textos, LaTablaDaCadaTextoConSusBlancosFinales) {
   EXPECT_FALSE(t->tiene(11));
 }
 
-// What is filled in may be a name that a person wrote, with a mark in it.
+// The inserted text may be a name typed by a person, with a mark in it.
 TEST(Textos, LasMarcasSeLlenanTodasALaVez) {
   const auto t = tabla("1\tGrupo %1, %2: %1.\n2\t%3 como %x, 100 %");
   ASSERT_TRUE(t);
@@ -72,8 +72,8 @@ TEST(Ayudas, PluralSigueAlNumero) {
   for (const auto& c : casos) EXPECT_EQ(Plural(deUtf8(c.texto), c.n), deUtf8(c.sale));
 }
 
-// The mark that keeps a text's last blanks is an apostrophe too: a text that ends in one needs two.
-// One within a word quotes nothing.
+// The mark that protects a text's trailing blanks is an apostrophe as well: a text ending in one
+// needs two. One within a word quotes nothing.
 TEST(Textos, LasComillasDeLaTablaVanPorPares) {
   const auto tabla = Textos::leer(QStringLiteral(TARVO_DATOS "/textos/es.txt"));
   ASSERT_TRUE(tabla) << tabla.error().texto.toStdString();

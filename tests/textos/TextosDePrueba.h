@@ -1,4 +1,4 @@
-// The Spanish table, for engines that a test, a benchmark or a fuzzer makes.
+// The Spanish table, for engines in tests, benchmarks and fuzzers.
 #pragma once
 
 #include "core/textos/Textos.h"

@@ -1,4 +1,4 @@
-// The clock that all nights of the tests rest on.
+// The clock beneath all nights in the tests.
 #include <gtest/gtest.h>
 
 #include <QStringList>
@@ -53,7 +53,7 @@ TEST_F(RelojDePrueba, AvanzarVenceLoSuyoYNadaMas) {
   EXPECT_FALSE(reloj.siguiente());
 }
 
-// What an avanzar brings about within its time still happens in it.
+// What an avanzar triggers within its time still happens in it.
 TEST_F(RelojDePrueba, UnVencimientoPuedeArrancarPararYDestruir) {
   std::unique_ptr<Temporizador> suicida, otro = nuevo(u"o"), vuelve;
   suicida = reloj.temporizador([&] {
@@ -70,7 +70,7 @@ TEST_F(RelojDePrueba, UnVencimientoPuedeArrancarPararYDestruir) {
   reloj.avanzar(30);
   EXPECT_EQ(todo(), u"v10 v20 v30");
   EXPECT_FALSE(suicida);
-  // One that dies while it runs takes its appointment with it.
+  // A timer destroyed while running takes its deadline with it.
   otro->cada(1);
   otro.reset();
   EXPECT_FALSE(reloj.siguiente());

@@ -3,6 +3,7 @@
 
 using namespace tarvo;
 using namespace tarvo::totals;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -12,7 +13,7 @@ Fecha f(const char* texto) {
 
 // 08:00 to 20:00: the core of the day is 11:00 to 17:00.
 struct Tienda {
-  Ajustes ajustes{QStringLiteral("/tienda"), Idioma::Espanol, {totals::ajustesPeriodos()}};
+  Ajustes ajustes{u"/tienda"_s, Idioma::Espanol, {totals::ajustesPeriodos()}};
   Calendario calendario{ajustes};
   Periodo periodo(const char* desde, const char* hasta, const char* horario = "") const {
     return calendario.DeterminarPeriodo(f(desde), f(hasta),
@@ -42,7 +43,7 @@ TEST(Calendario, LimitsAreTheSameBitsOnEveryPath) {
     const Periodo p = LimitesPeriodo(c.tipo, f(c.momento), Fecha{});
     EXPECT_EQ(p.desde, f(c.desde));
     EXPECT_EQ(p.hasta.dias(), f(c.ultimoDia).dias() + Fecha::kUltimoSegundo);
-    EXPECT_EQ(p.hasta.horaLarga(), QStringLiteral("23:59:59"));
+    EXPECT_EQ(p.hasta.horaLarga(), u"23:59:59"_s);
     EXPECT_EQ(LimitesPeriodo(c.tipo, p.hasta, p.hasta), p);
   }
   const Periodo crudo{kOtros, f("01/01/2018 01:02:03"), f("01/01/2017")};
@@ -91,8 +92,7 @@ TEST(Calendario, ASpanBecomesThePeriodThatHoldsItsWorkingTime) {
 
 TEST(Calendario, TheLongestSpanIsExact) {
   Tienda t;
-  t.ajustes.de<AjustesPeriodos>().FestivoSemanal = {false, true, true, true,
-                                                    true,  true, true};  // Mondays only
+  t.ajustes.de<AjustesPeriodos>().FestivoSemanal = {false, true, true, true, true, true, true};  // Mondays only
   EXPECT_EQ(t.periodo("03/06/2018 21:00", "07/06/2018 21:00").tipo, kDiario);
   const Fecha desde = f("03/06/2018 21:00");
   const Calendario& c = t.calendario;
@@ -107,7 +107,7 @@ TEST(Calendario, ClosedDaysAndOwnHoursCount) {
   EXPECT_EQ(t.periodo("09/06/2018 21:00", "10/06/2018 21:00").tipo, kOtros);
   EXPECT_EQ(t.periodo("08/06/2018 21:00", "10/06/2018 21:00"),
             LimitesPeriodo(kDiario, f("09/06/2018"), {}));
-  // The group's own hours rule over the holidays of the settings.
+  // The group's own hours override the holidays of the settings.
   const char* domingos = "||||||||||||10:00|14:00";
   EXPECT_EQ(t.periodo("09/06/2018 14:00", "10/06/2018 14:00", domingos),
             LimitesPeriodo(kDiario, f("10/06/2018"), {}));
@@ -134,7 +134,7 @@ TEST(Calendario, TheEdgesOfTheCoreAreOutsideOnEveryDay) {
 
 TEST(Calendario, ReadsAndWritesHoursByItem) {
   EXPECT_FALSE(LeerHorario(QString()));
-  const auto h = LeerHorario(QStringLiteral("08:00|20:00||9:30||nada||10:00|25:00||||07:00|07:30"));
+  const auto h = LeerHorario(u"08:00|20:00||9:30||nada||10:00|25:00||||07:00|07:30"_s);
   ASSERT_TRUE(h);
   EXPECT_EQ((*h)[0], (Jornada{8 / 24.0, 20 / 24.0}));
   for (const size_t cerrado : {1U, 2U, 3U, 4U, 6U}) EXPECT_FALSE((*h)[cerrado]) << cerrado;

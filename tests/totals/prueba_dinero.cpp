@@ -3,11 +3,12 @@
 
 using namespace tarvo;
 using namespace tarvo::totals;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 Ajustes ajustesDe(int nativa, Idioma idioma = Idioma::Espanol) {
-  Ajustes a(QStringLiteral("/tienda"), idioma);
+  Ajustes a(u"/tienda"_s, idioma);
   a.MonedaNativa = nativa;
   a.Euro = 166.386F;
   a.decimalesLocal = 0;
@@ -36,7 +37,7 @@ TEST(Dinero, ShowsStoredMoney) {
   };
   for (const Caso& c : casos)
     EXPECT_EQ(VerImporte(ajustesDe(c.nativa), c.n, c.moneda), QString::fromUtf8(c.texto)) << c.n;
-  EXPECT_EQ(VerImporte(ajustesDe(1, Idioma::UK), 123456, 1), QStringLiteral("1,234.56"));
+  EXPECT_EQ(VerImporte(ajustesDe(1, Idioma::UK), 123456, 1), u"1,234.56"_s);
 }
 
 TEST(Dinero, StoresShownMoney) {
@@ -45,7 +46,7 @@ TEST(Dinero, StoresShownMoney) {
     const char* texto;
     qint64 n;
   };
-  // "1,005" as it reads, though the double is just below.
+  // "1,005" as written, though the double is just below.
   const Caso casos[] = {
       {1, 1, "1,006", 101},
       {1, 1, "1,005", 101},
@@ -84,20 +85,20 @@ TEST(Dinero, FactorsDivideStoredNumbers) {
 }
 
 TEST(Dinero, QuantitiesAreGramsOrUnits) {
-  EXPECT_EQ(VerCantidad(1234567, 0), QStringLiteral("1.234,567"));
-  EXPECT_EQ(VerCantidad(-5, 1), QStringLiteral("-0,005"));
-  EXPECT_EQ(VerCantidad(1234567, 2), QStringLiteral("1.234.567"));
-  EXPECT_EQ(ACantidad(QStringLiteral("1,2345"), 0), 1235);
-  EXPECT_EQ(ACantidad(QStringLiteral("7,9"), 2), 7);
-  EXPECT_EQ(ACantidad(QStringLiteral("3.000.000"), 0), 0);  // above 32 bits
-  EXPECT_EQ(ACantidad(QStringLiteral("kilo"), 0), 0);
+  EXPECT_EQ(VerCantidad(1234567, 0), u"1.234,567"_s);
+  EXPECT_EQ(VerCantidad(-5, 1), u"-0,005"_s);
+  EXPECT_EQ(VerCantidad(1234567, 2), u"1.234.567"_s);
+  EXPECT_EQ(ACantidad(u"1,2345"_s, 0), 1235);
+  EXPECT_EQ(ACantidad(u"7,9"_s, 2), 7);
+  EXPECT_EQ(ACantidad(u"3.000.000"_s, 0), 0);  // above 32 bits
+  EXPECT_EQ(ACantidad(u"kilo"_s, 0), 0);
 }
 
 TEST(Clases, FollowFromTheNumber) {
-  EXPECT_EQ(NombreTabla(21), QStringLiteral("TOTOPHOR"));
-  EXPECT_EQ(NombreVista(21), QStringLiteral("QNTOPH"));
-  EXPECT_EQ(CodigoTotales(20), QStringLiteral("06"));
-  EXPECT_EQ(CampoSesion(16), QStringLiteral("SS_PLU"));
+  EXPECT_EQ(NombreTabla(21), u"TOTOPHOR"_s);
+  EXPECT_EQ(NombreVista(21), u"QNTOPH"_s);
+  EXPECT_EQ(CodigoTotales(20), u"06"_s);
+  EXPECT_EQ(CampoSesion(16), u"SS_PLU"_s);
   for (const int ninguna : {0, 15, 22, -1}) EXPECT_EQ(NombreTabla(ninguna), QString());
   EXPECT_EQ(enVigor(ajustesDe(1)).size(), 6U);
   EXPECT_EQ(enVigor(ajustesDe(1, Idioma::UK)).back().numero, 20);

@@ -6,18 +6,20 @@
 #include <QFile>
 #include <csignal>
 
-#include "totals/Tienda.h"
+#include "tienda/Disco.h"
+#include "totals/TiendaDeTotales.h"
 #include "totals/intercambio/Anadidura.h"
 #include "totals/periodos/AjustesPeriodos.h"
 
 using namespace tarvo;
 using namespace tarvo::totals;
+using namespace Qt::StringLiterals;
 using tarvo::prueba::bien;
 using tarvo::prueba::momento;
 
 namespace {
 
-struct Exporta : testing::Test, prueba::Tienda {
+struct Exporta : testing::Test, prueba::TiendaDeTotales {
   QByteArray fichero(const QString& nombre) {
     QFile f(ruta(nombre));
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("(nada)");
@@ -27,20 +29,17 @@ struct Exporta : testing::Test, prueba::Tienda {
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.write(bytes);
   }
-  void fila(const char* tabla, qint64 link, qint64 grupo, qint64 codi, Contadores c) {
-    sql(QStringLiteral(
-            "insert into %1 (LINK, GRUPO, CODI, CON, PES, [IMP], SCO) values (?, ?, ?, ?, ?, ?, ?)")
-            .arg(QString::fromUtf8(tabla)),
-        link, grupo, codi, c.CON, c.PES, c.IMP, c.SCO);
+  void fila(const char16_t* tabla, qint64 link, qint64 grupo, qint64 codi, Contadores c) {
+    total(tabla, {link, grupo, codi, c.CON, c.PES, c.IMP, c.SCO});
   }
   qint64 diaEntero() {
     const qint64 dia = crear(1, "05/06/2018");
-    fila("TOTPLU", dia, 2, 7, {3, 0, 450, 0});
-    fila("TOTPLU", dia, 1, 1234, {12, 3456, 7890, -50});
-    fila("TOTGRT", dia, 1, 0, {5, 6, 7, 8});
-    fila("TOTOPE", dia, 1, 9, {-1, -2, -3, 0});
-    fila("TOTDEP", dia, 9, 4, {1, 2, 3, 4});
-    fila("TOTHOR", dia, 1, 23, {1, 2, 3, 4});
+    fila(u"TOTPLU", dia, 2, 7, {3, 0, 450, 0});
+    fila(u"TOTPLU", dia, 1, 1234, {12, 3456, 7890, -50});
+    fila(u"TOTGRT", dia, 1, 0, {5, 6, 7, 8});
+    fila(u"TOTOPE", dia, 1, 9, {-1, -2, -3, 0});
+    fila(u"TOTDEP", dia, 9, 4, {1, 2, 3, 4});
+    fila(u"TOTHOR", dia, 1, 23, {1, 2, 3, 4});
     operHora(dia, 12, 8, 6);
     return dia;
   }
@@ -51,15 +50,14 @@ struct Exporta : testing::Test, prueba::Tienda {
   }
   std::vector<ImpTot::Hecho> importar(const QByteArray& bytes, SiExiste como = SiExiste::Borrarlo) {
     std::vector<ImpTot::Hecho> hechos;
-    bien(impTot.importarBytes(bytes, QStringLiteral("X.EXP"), como, hechos));
+    bien(impTot.importarBytes(bytes, u"X.EXP"_s, como, hechos));
     return hechos;
   }
   QString errorDe(const QByteArray& bytes, size_t enteros = 0) {
     std::vector<ImpTot::Hecho> hechos;
-    const auto r =
-        impTot.importarBytes(bytes, QStringLiteral("X.EXP"), SiExiste::Acumularlo, hechos);
+    const auto r = impTot.importarBytes(bytes, u"X.EXP"_s, SiExiste::Acumularlo, hechos);
     EXPECT_EQ(hechos.size(), enteros);
-    return r ? QStringLiteral("(bien)") : r.error().texto;
+    return r ? u"(bien)"_s : r.error().texto;
   }
 };
 
@@ -89,40 +87,39 @@ TEST_F(Exporta, WritesBothLayouts) {
   const qint64 dia = diaEntero();
   EXPECT_TRUE(exportar(dia, "largo"));
   EXPECT_TRUE(exportar(dia, "corto.txt", false, "", true));
-  EXPECT_EQ(fichero(QStringLiteral("largo.EXP")), kLargo);
-  EXPECT_EQ(fichero(QStringLiteral("corto.txt")), kCorto);
-  EXPECT_TRUE(exportar(dia, "LARGO.exp"));  // after what is there
-  EXPECT_EQ(fichero(QStringLiteral("largo.EXP")), kLargo + kLargo);
+  EXPECT_EQ(fichero(u"largo.EXP"_s), kLargo);
+  EXPECT_EQ(fichero(u"corto.txt"_s), kCorto);
+  EXPECT_TRUE(exportar(dia, "LARGO.exp"));  // after the existing contents
+  EXPECT_EQ(fichero(u"largo.EXP"_s), kLargo + kLargo);
 }
 
 TEST_F(Exporta, HeadersFitTheFile) {
   const qint64 tramo = crear(5, "05/06/2018 13:00:01", "06/06/2018 08:30");
-  sql(QStringLiteral("update COLUMNA set DESCR=?"), QStringLiteral("Año\r\nde €, \u4e2d"));
-  escribir(QStringLiteral("A.EXP"), "0100");  // cut off by someone else
+  sql(u"update COLUMNA set DESCR=?"_s, u"Año\r\nde €, \u4e2d"_s);
+  escribir(u"A.EXP"_s, "0100");  // cut off by another program
   EXPECT_TRUE(exportar(tramo, "a"));
-  EXPECT_EQ(fichero(QStringLiteral("A.EXP")),
+  EXPECT_EQ(fichero(u"A.EXP"_s),
             "0100\r\n*A\xF1o  de \x80, ?\r\n*05/06/2018 13:00:01  06/06/2018 08:30:00\r\n");
 }
 
 TEST_F(Exporta, AValueThatDoesNotFitStopsAll) {
   const qint64 dia = crear(1, "05/06/2018"), otro = crear(1, "06/06/2018");
-  fila("TOTPLU", dia, 1, 1, {1, 1, 1, 1});
-  fila("TOTPLU", otro, 1, 70001, {1, 1, 1, 1});
+  fila(u"TOTPLU", dia, 1, 1, {1, 1, 1, 1});
+  fila(u"TOTPLU", otro, 1, 70001, {1, 1, 1, 1});
   const auto probar = [&](bool corto) {
-    return xporTot.XportRemoto({dia, otro}, {corto, true}, QStringLiteral("x"), QString());
+    return xporTot.XportRemoto({dia, otro}, {corto, true}, u"x"_s, QString());
   };
   const auto mal = probar(true);
   ASSERT_FALSE(mal);
-  EXPECT_TRUE(mal.error().texto.contains(QStringLiteral("6 junio 2018")))
-      << mal.error().texto.toStdString();
-  EXPECT_TRUE(mal.error().texto.contains(QStringLiteral("70001")));
-  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "(nada)");
+  EXPECT_TRUE(mal.error().texto.contains(u"6 junio 2018"_s)) << mal.error().texto.toStdString();
+  EXPECT_TRUE(mal.error().texto.contains(u"70001"_s));
+  EXPECT_EQ(fichero(u"x.EXP"_s), "(nada)");
   EXPECT_EQ(bien(periodos.lista()).size(), 2U);
   for (const auto& [valor, cabe] : {std::pair<qint64, bool>{999999, true},
                                     {1000000, false},
                                     {-99999, true},
                                     {-100000, false}}) {
-    sql(QStringLiteral("update TOTPLU set CON=? where LINK=?"), valor, dia);
+    sql(u"update TOTPLU set CON=? where LINK=?"_s, valor, dia);
     EXPECT_EQ(bloque(dia).has_value(), cabe) << valor;
   }
 }
@@ -133,38 +130,47 @@ TEST_F(Exporta, DeletesOnlyWhatIsOnDisk) {
     EXPECT_FALSE(xporTot.XportRemoto({dia}, {false, true}, QString::fromUtf8(malo), QString()))
         << malo;
   EXPECT_EQ(bien(periodos.lista()).size(), 1U);
-  EXPECT_FALSE(bien(xporTot.XportRemoto({99, dia}, {}, QStringLiteral("x"), QString())));
-  EXPECT_FALSE(bien(xporTot.XportRemoto({}, {}, QStringLiteral("x"), QString())));
-  EXPECT_FALSE(xporTot.XportRemoto({dia, 99}, {false, true}, QStringLiteral("x"), QString()));
-  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "(nada)");
+  EXPECT_FALSE(bien(xporTot.XportRemoto({99, dia}, {}, u"x"_s, QString())));
+  EXPECT_FALSE(bien(xporTot.XportRemoto({}, {}, u"x"_s, QString())));
+  EXPECT_FALSE(xporTot.XportRemoto({dia, 99}, {false, true}, u"x"_s, QString()));
+  {
+    const auto t = dao::Transaccion::empezar(*db);  // which may be rolled back
+    ASSERT_TRUE(t);
+    EXPECT_FALSE(xporTot.XportRemoto({dia}, {false, true}, u"x"_s, QString()));
+  }
+  EXPECT_EQ(fichero(u"x.EXP"_s), "(nada)");
+  QStringList pedido;
+  prueba::alDisco = &pedido;
   EXPECT_TRUE(exportar(dia, "x", true));
-  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), kLargo);
+  prueba::alDisco = nullptr;
+  EXPECT_TRUE(pedido.contains(u"vuelca x.EXP"_s)) << "before the period goes";
+  EXPECT_EQ(fichero(u"x.EXP"_s), kLargo);
   EXPECT_TRUE(bien(periodos.lista()).empty());
   EXPECT_EQ(plus(dia), QString());
 }
 
-// A slip of the name must not write into the database or a process.
+// A mistyped name must not write into the database or a process.
 TEST_F(Exporta, WritesIntoNoFileThatIsNotAnExport) {
   const qint64 dia = diaEntero();
-  escribir(QStringLiteral("NOCHE.AUT"), "T:RXGRTOT,ALL\r\n");
-  escribir(QStringLiteral("TARVO.LCK"), "");
+  escribir(u"NOCHE.AUT"_s, "T:RXGRTOT,ALL\r\n");
+  escribir(u"TARVO.LCK"_s, "");
   for (const char* ajeno : {"NOCHE.AUT", "noche.aut", "TARVO.LCK"})
     EXPECT_FALSE(xporTot.XportRemoto({dia}, {false, true}, QString::fromUtf8(ajeno), QString()))
         << ajeno;
-  EXPECT_EQ(fichero(QStringLiteral("NOCHE.AUT")), "T:RXGRTOT,ALL\r\n");
-  EXPECT_EQ(fichero(QStringLiteral("TARVO.LCK")), "");
+  EXPECT_EQ(fichero(u"NOCHE.AUT"_s), "T:RXGRTOT,ALL\r\n");
+  EXPECT_EQ(fichero(u"TARVO.LCK"_s), "");
   EXPECT_EQ(bien(periodos.lista()).size(), 1U);
   EXPECT_TRUE(exportar(dia, "VENTAS.TXT"));
   EXPECT_TRUE(exportar(dia, "VENTAS.TXT"));
-  EXPECT_EQ(fichero(QStringLiteral("VENTAS.TXT")), kLargo + QByteArray(kLargo));
+  EXPECT_EQ(fichero(u"VENTAS.TXT"_s), kLargo + QByteArray(kLargo));
 }
 
-// The disk takes a hundred bytes more than the old file has, which is far above the database.
+// The disk takes a hundred bytes more than the old file, which is far larger than the database.
 TEST_F(Exporta, AFullDiskLeavesTheOldFile) {
   const qint64 dia = diaEntero();
   const qint64 grande = qint64{64} << 20;
-  escribir(QStringLiteral("x.EXP"), "*antes\r\n");
-  QFile x(ruta(QStringLiteral("x.EXP")));
+  escribir(u"x.EXP"_s, "*antes\r\n");
+  QFile x(ruta(u"x.EXP"_s));
   ASSERT_TRUE(x.resize(grande));
   rlimit normal{};
   getrlimit(RLIMIT_FSIZE, &normal);
@@ -172,24 +178,24 @@ TEST_F(Exporta, AFullDiskLeavesTheOldFile) {
   lleno.rlim_cur = grande + 100;
   const auto anterior = std::signal(SIGXFSZ, SIG_IGN);
   setrlimit(RLIMIT_FSIZE, &lleno);
-  const auto r = xporTot.XportRemoto({dia}, {false, true}, QStringLiteral("x"), QString());
+  const auto r = xporTot.XportRemoto({dia}, {false, true}, u"x"_s, QString());
   setrlimit(RLIMIT_FSIZE, &normal);
   std::signal(SIGXFSZ, anterior);
   ASSERT_FALSE(r);
   EXPECT_EQ(r.error().clase, Fallo::DiscoLleno);
   EXPECT_EQ(x.size(), grande);
-  EXPECT_EQ(QDir(carpeta.path()).entryList({QStringLiteral("x.EXP?*")}, QDir::Files).size(), 0);
+  EXPECT_EQ(QDir(carpeta.path()).entryList({u"x.EXP?*"_s}, QDir::Files).size(), 0);
   EXPECT_EQ(bien(periodos.lista()).size(), 1U);
 }
 
-// The program is killed in the middle of a block: what there is of it goes at the next start, or
+// The program is killed in the middle of a block: its remains are removed at the next start, or
 // when the file is written to again.
 TEST_F(Exporta, AKillLeavesNoHalfBlock) {
   const qint64 dia = diaEntero();
   const auto morirEscribiendo = [&](const QString& nombre, int bytes) {
     const pid_t hijo = fork();
     if (hijo == 0) {
-      auto suya = dao::Database::OpenDatabase(ruta(QStringLiteral("TARVO.MDB")), {});
+      auto suya = dao::Database::OpenDatabase(ruta(u"TARVO.MDB"_s), {});
       auto a = suya ? Anadidura::empezar(**suya, ruta(nombre), 200000, "****", textosDePrueba())
                     : std::unexpected(suya.error());
       if (a && (*a)->escribir(QByteArray(bytes, '*'))) std::raise(SIGKILL);
@@ -199,87 +205,96 @@ TEST_F(Exporta, AKillLeavesNoHalfBlock) {
     waitpid(hijo, &estado, 0);
     ASSERT_TRUE(WIFSIGNALED(estado));
   };
-  escribir(QStringLiteral("x.EXP"), "*antes\r\n");
+  escribir(u"x.EXP"_s, "*antes\r\n");
   for (const bool alEmpezar : {true, false}) {
-    morirEscribiendo(QStringLiteral("x.EXP"), 100000);
-    morirEscribiendo(QStringLiteral("nuevo.EXP"), 100000);
-    EXPECT_EQ(fichero(QStringLiteral("x.EXP")).size(), 100008);
+    morirEscribiendo(u"x.EXP"_s, 100000);
+    morirEscribiendo(u"nuevo.EXP"_s, 100000);
+    EXPECT_EQ(fichero(u"x.EXP"_s).size(), 100008);
     if (alEmpezar) {
       bien(xporTot.recuperar());
-      EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "*antes\r\n");
-      EXPECT_EQ(fichero(QStringLiteral("nuevo.EXP")), "(nada)");
+      EXPECT_EQ(fichero(u"x.EXP"_s), "*antes\r\n");
+      EXPECT_EQ(fichero(u"nuevo.EXP"_s), "(nada)");
     } else {
       EXPECT_TRUE(exportar(dia, "x"));
       EXPECT_TRUE(exportar(dia, "nuevo"));
-      EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "*antes\r\n" + kLargo);
-      EXPECT_EQ(fichero(QStringLiteral("nuevo.EXP")), kLargo);
+      EXPECT_EQ(fichero(u"x.EXP"_s), "*antes\r\n" + kLargo);
+      EXPECT_EQ(fichero(u"nuevo.EXP"_s), kLargo);
     }
   }
-  // Somebody has put another file in its place.
-  const QByteArray otro = "*otro\r\n" + QByteArray(kLargo + kLargo);
-  for (const char* nombre : {"x.EXP", "otro.EXP"}) {
+  // The file has been replaced, changed, or appended to by others.
+  const QByteArray antes = "*antes\r\n", nuestro(100000, '*'),
+                   bloques = kLargo + QByteArray(kLargo);
+  for (const auto& [nombre, ahora] : {std::pair("x.EXP", "*otro\r\n" + bloques),
+                                      {"otro.EXP", "*otro\r\n" + bloques},
+                                      {"x.EXP", "*otros\r\n" + nuestro},
+                                      {"x.EXP", antes + nuestro + nuestro + bloques}}) {
+    if (QByteArrayView(nombre) == "x.EXP") escribir(u"x.EXP"_s, antes);
     morirEscribiendo(QString::fromUtf8(nombre), 100000);
-    escribir(QString::fromUtf8(nombre), otro);
+    escribir(QString::fromUtf8(nombre), ahora);
     bien(xporTot.recuperar());
-    EXPECT_EQ(fichero(QString::fromUtf8(nombre)), otro);
+    EXPECT_TRUE(fichero(QString::fromUtf8(nombre)) == ahora) << nombre << ' ' << ahora.size();
   }
-  EXPECT_EQ(leer(QStringLiteral("select count(*) from ExportesAbiertos")), QStringLiteral("0"));
+  EXPECT_EQ(leer(u"select count(*) from ExportesAbiertos"_s), u"0"_s);
 }
 
-// A block is in the file and not in the database: it counts for nothing, and goes.
+// A block in the file but not in the database doesn't count, and is removed.
 TEST_F(Exporta, ABlockThatCannotBeCountedIsTakenBack) {
   const qint64 dia = diaEntero();
-  escribir(QStringLiteral("x.EXP"), "*antes\r\n");
-  sql(
-      QStringLiteral("create trigger lleno before insert on Exportes begin select raise(abort, "
-                     "'disco lleno'); end"));
-  EXPECT_FALSE(
-      xporTot.XportRemoto({dia}, {false, true}, QStringLiteral("x"), QStringLiteral("17.3")));
-  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "*antes\r\n");
+  escribir(u"x.EXP"_s, "*antes\r\n");
+  sql(u"create trigger lleno before insert on Exportes begin select raise(abort, "
+      "'disco lleno'); end"_s);
+  EXPECT_FALSE(xporTot.XportRemoto({dia}, {false, true}, u"x"_s, u"17.3"_s));
+  EXPECT_EQ(fichero(u"x.EXP"_s), "*antes\r\n");
   EXPECT_TRUE(bien(periodos.columna(dia)));
-  sql(QStringLiteral("drop trigger lleno"));
+  sql(u"drop trigger lleno"_s);
   EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
-  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), "*antes\r\n" + kLargo);
+  EXPECT_EQ(fichero(u"x.EXP"_s), "*antes\r\n" + kLargo);
 }
 
-// What the file holds is neither read nor written again: a file with a hole of 3 GiB in it.
+// The file's contents are neither reread nor rewritten: a file with a hole of 3 GiB.
 TEST_F(Exporta, AFileAboveOneGibibyte) {
   const qint64 dia = diaEntero();
   const qint64 grande = qint64{3} << 30;
   {
-    QFile f(ruta(QStringLiteral("x.EXP")));
+    QFile f(ruta(u"x.EXP"_s));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write("*") == 1 && f.resize(grande - 2) &&
                 f.seek(grande - 2) && f.write("\r\n") == 2);
   }
   EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
-  sql(QStringLiteral("update Exportes set HECHO=0"));
+  sql(u"update Exportes set HECHO=0"_s);
   EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
-  QFile f(ruta(QStringLiteral("x.EXP")));
+  QFile f(ruta(u"x.EXP"_s));
   ASSERT_TRUE(f.open(QIODevice::ReadOnly) && f.seek(grande));
   EXPECT_EQ(f.readAll(), kLargo);
 }
 
-// The export was cut off after the block, or before it; other blocks may have come after.
+// The export was interrupted after the block, or before it; other blocks may have followed.
 TEST_F(Exporta, ABlockIsNotWrittenTwiceForOneMark) {
   const qint64 dia = diaEntero(), otro = crear(1, "06/06/2018");
   EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
-  sql(QStringLiteral("update Exportes set HECHO=0"));
+  sql(u"update Exportes set HECHO=0"_s);
   EXPECT_TRUE(exportar(otro, "x"));
-  const QByteArray todo = fichero(QStringLiteral("x.EXP"));
-  // Midnight has passed, and the name with it.
+  const QByteArray todo = fichero(u"x.EXP"_s);
+  // Midnight has passed, and the name has changed with it.
   EXPECT_TRUE(exportar(dia, "y", true, "17.3"));
-  EXPECT_EQ(fichero(QStringLiteral("x.EXP")), todo);
-  EXPECT_EQ(fichero(QStringLiteral("y.EXP")), "(nada)");
+  EXPECT_EQ(fichero(u"x.EXP"_s), todo);
+  EXPECT_EQ(fichero(u"y.EXP"_s), "(nada)");
   EXPECT_FALSE(bien(periodos.columna(dia)));
-  // Done for good: a new period that took the number of the deleted one is safe.
-  sql(QStringLiteral("insert into COLUMNA (LINK, TIPO) values (?, 1)"), dia);
+  // Final: a new period with the number of the deleted one is safe.
+  periodo({.link = dia});
   EXPECT_TRUE(exportar(dia, "x", true, "17.3"));
   EXPECT_TRUE(bien(periodos.columna(dia)));
-  // The mark was written and the file was not.
-  escribir(QStringLiteral("x.EXP"), todo.left(40));
+  // The mark was written but the file was not.
+  escribir(u"x.EXP"_s, todo.left(40));
   EXPECT_TRUE(exportar(otro, "x", false, "17.3"));
-  EXPECT_EQ(fichero(QStringLiteral("x.EXP")).count("*"),
-            4);  // two of what was left, two of the new block
+  EXPECT_EQ(fichero(u"x.EXP"_s).count("*"),
+            4);  // two that were left, two of the new block
+  // Another file is there now, no shorter.
+  sql(u"update Exportes set HECHO=0"_s);
+  const QByteArray ajeno(fichero(u"x.EXP"_s).size(), '*');
+  escribir(u"x.EXP"_s, ajeno);
+  EXPECT_TRUE(exportar(otro, "x", false, "17.3"));
+  EXPECT_GT(fichero(u"x.EXP"_s).size(), ajeno.size());
 }
 
 TEST_F(Exporta, ComesBackAsItWent) {
@@ -288,8 +303,7 @@ TEST_F(Exporta, ComesBackAsItWent) {
     QStringList filas;
     for (const ClaseTotal& c : todasLasClases())
       filas << leer(
-          QStringLiteral(
-              "select GRUPO, CODI, CON, PES, [IMP], SCO from %1 where LINK=%2 order by GRUPO, CODI")
+          u"select GRUPO, CODI, CON, PES, [IMP], SCO from %1 where LINK=%2 order by GRUPO, CODI"_s
               .arg(QString::fromUtf16(c.tabla))
               .arg(link));
     return filas.join(u'\n');
@@ -301,14 +315,14 @@ TEST_F(Exporta, ComesBackAsItWent) {
   EXPECT_EQ(hechos[0].lineas, 7);
   EXPECT_EQ(hechos[0].periodo, LimitesPeriodo(1, momento("05/06/2018"), {}));
   EXPECT_EQ(todo(hechos[0].link), antes);
-  EXPECT_EQ(leer(QStringLiteral("select HORA from TOTOPHOR")), QStringLiteral("8"));
+  EXPECT_EQ(leer(u"select HORA from TOTOPHOR"_s), u"8"_s);
   EXPECT_TRUE(col(hechos[0].link).stkABLE);
-  EXPECT_EQ(col(hechos[0].link).DESCR, QStringLiteral("Semana, santa-5 junio 2018"));
+  EXPECT_EQ(col(hechos[0].link).DESCR, u"Semana, santa-5 junio 2018"_s);
 }
 
-// Of a file no more than a line is in memory, however much there is of it.
+// No more than one line of a file is in memory, however large it is.
 TEST_F(Exporta, AnEndlessFileIsReadToItsEnd) {
-  QFile f(ruta(QStringLiteral("x.EXP")));
+  QFile f(ruta(u"x.EXP"_s));
   const qint64 grande = qint64{300} << 20;
   ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.resize(grande) && f.seek(grande) &&
               f.write("\r\n" + kLargo) > 0);
@@ -319,26 +333,27 @@ TEST_F(Exporta, AnEndlessFileIsReadToItsEnd) {
   EXPECT_EQ(hechos[0].lineas, 7);
 }
 
-// What we wrote in the short layout comes back as it was, what another system wrote is read by its
-// columns, and a line that may be either is refused.
+// Our own short layout is read back unchanged, another system's is read by its columns, and a line
+// that may be either is refused.
 TEST_F(Exporta, ReadsTheShortLayoutOfBothSystems) {
   const qint64 dia = crear(1, "05/06/2018");
-  for (const char* tabla : {"TOTPLU", "TOTOPE", "TOTDEP"}) fila(tabla, dia, 1, 44, {1, 2, 3, 4});
-  fila("TOTGRT", dia, 2, 0, {1, 2, 3, 4});
-  fila("TOTOPE", dia, 2, 1234, {5, 6, 7, 8});
-  fila("TOTHOR", dia, 1, 23, {1, 2, 3, 4});
+  for (const char16_t* tabla : {u"TOTPLU", u"TOTOPE", u"TOTDEP"})
+    fila(tabla, dia, 1, 44, {1, 2, 3, 4});
+  fila(u"TOTGRT", dia, 2, 0, {1, 2, 3, 4});
+  fila(u"TOTOPE", dia, 2, 1234, {5, 6, 7, 8});
+  fila(u"TOTHOR", dia, 1, 23, {1, 2, 3, 4});
   operHora(dia, 12, 8, 6);
   const auto todo = [&] {
     QStringList filas;
     for (const ClaseTotal& c : todasLasClases())
-      filas << leer(QStringLiteral("select GRUPO, CODI, CON, PES, [IMP], SCO from %1 order by "
-                                   "GRUPO, CODI")
-                        .arg(QString::fromUtf16(c.tabla)));
+      filas << leer(
+          u"select GRUPO, CODI, CON, PES, [IMP], SCO from %1 order by "
+          "GRUPO, CODI"_s.arg(QString::fromUtf16(c.tabla)));
     return filas.join(u'\n');
   };
   const QString antes = todo();
   EXPECT_TRUE(exportar(dia, "x", true, "", true));
-  importar(fichero(QStringLiteral("x.EXP")));
+  importar(fichero(u"x.EXP"_s));
   EXPECT_EQ(todo(), antes);
 
   const QByteArray cabecera = "*uno\r\n*06/06/2018 00:00:00  06/06/2018 23:59:59\r\n";
@@ -358,13 +373,11 @@ TEST_F(Exporta, ReadsTheShortLayoutOfBothSystems) {
   for (const Caso& c : casos) {
     const QByteArray bytes = cabecera + c.cabeza + resto;
     if (!c.clave) {
-      EXPECT_TRUE(errorDe(bytes).contains(QStringLiteral("línea 3: en el formato corto")))
-          << c.cabeza;
+      EXPECT_TRUE(errorDe(bytes).contains(u"línea 3: en el formato corto"_s)) << c.cabeza;
       continue;
     }
     const qint64 link = importar(bytes).at(0).link;
-    EXPECT_EQ(leer(QStringLiteral("select GRUPO, CODI from %1 where LINK=%2")
-                       .arg(QString::fromUtf8(c.tabla))
+    EXPECT_EQ(leer(u"select GRUPO, CODI from %1 where LINK=%2"_s.arg(QString::fromUtf8(c.tabla))
                        .arg(link)),
               QString::fromUtf8(c.clave))
         << c.cabeza;
@@ -377,9 +390,9 @@ TEST_F(Exporta, TwoBlocksOfOneDayAddUpOrReplace) {
   const QByteArray bloque = cabecera + linea + "\r\n" + linea;
   auto hechos = importar("basura\r\n" + bloque + bloque, SiExiste::Acumularlo);
   ASSERT_EQ(hechos.size(), 2U);
-  EXPECT_EQ(plus(hechos[1].link), QStringLiteral("1 7 4 0 400 0"));
+  EXPECT_EQ(plus(hechos[1].link), u"1 7 4 0 400 0"_s);
   hechos = importar("\xEF\xBB\xBF" + bloque + cabecera + linea);
-  EXPECT_EQ(plus(hechos[1].link), QStringLiteral("1 7 1 0 100 0"));
+  EXPECT_EQ(plus(hechos[1].link), u"1 7 1 0 100 0"_s);
   hechos = importar(cabecera);
   EXPECT_EQ(hechos[0].lineas, 0);
   EXPECT_EQ(bien(periodos.lista()).size(), 1U);
@@ -396,15 +409,15 @@ TEST_F(Exporta, TheWeekAndTheStockFollowAnImport) {
       "*uno\n*05/06/2018 00:00:00  05/06/2018 "
       "23:59:59\n01000100300000070000000100000000000000000000000002\n";
   importar(bloque, SiExiste::Acumularlo);
-  EXPECT_EQ(plus(semana), QStringLiteral("1 7 3 10 200 1000"));
-  EXPECT_EQ(venta(), QStringLiteral("7 3"));
+  EXPECT_EQ(plus(semana), u"1 7 3 10 200 1000"_s);
+  EXPECT_EQ(venta(), u"7 3"_s);
   const qint64 nuevo = importar(bloque, SiExiste::Borrarlo).at(0).link;
-  EXPECT_EQ(plus(semana), QStringLiteral("1 7 3 10 200 1000"));
+  EXPECT_EQ(plus(semana), u"1 7 3 10 200 1000"_s);
   EXPECT_FALSE(col(nuevo).ACUM2);
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(nuevo))));
   EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(nuevo), 1)));
-  EXPECT_EQ(plus(semana), QStringLiteral("1 7 2 0 100 0"));
-  EXPECT_EQ(venta(), QStringLiteral("7 2"));
+  EXPECT_EQ(plus(semana), u"1 7 2 0 100 0"_s);
+  EXPECT_EQ(venta(), u"7 2"_s);
 }
 
 TEST_F(Exporta, DatesFindTheirPeriod) {
@@ -438,33 +451,32 @@ TEST_F(Exporta, ABadLineUndoesItsBlockAndIsNamed) {
       "01000100300000070000000100000000000000000000000001\r\n";
   const QByteArray malas[] = {
       "0100010030000007000000010000000000000000000000001",   // 49
-      "05000100300000070000000100000000000000000000000001",  // a code of no kind
+      "05000100300000070000000100000000000000000000000001",  // the code of no kind
       "010001003000000700000001x0000000000000000000000001",
       "01000100300000070000000100          00000000000001", QByteArray(5000, '0')};
   for (const QByteArray& mala : malas) {
-    EXPECT_TRUE(errorDe(bien1 + dos + mala + "\r\n", 1).contains(QStringLiteral("línea 7")))
-        << mala.constData();
+    EXPECT_TRUE(errorDe(bien1 + dos + mala + "\r\n", 1).contains(u"línea 7"_s)) << mala.constData();
     EXPECT_FALSE(bien(periodos.BuscarPeriodo(1, momento("06/06/2018"), {})));
   }
-  EXPECT_EQ(plus(1), QStringLiteral("1 7 5 0 500 0"));
+  EXPECT_EQ(plus(1), u"1 7 5 0 500 0"_s);
   for (const char* mala : {"", "hola\r\n", "*uno\r\n", "*uno\r\n*dos\r\n",
                            "*uno\r\n\r\n*05/06/2018 00:00:00  05/06/2018 23:59:59\r\n"})
-    EXPECT_TRUE(errorDe(mala).startsWith(
-        QStringLiteral("ERROR: El fichero contiene líneas no reconocibles")))
+    EXPECT_TRUE(errorDe(mala).startsWith(u"ERROR: El fichero contiene líneas no reconocibles"_s))
         << mala;
   std::vector<ImpTot::Hecho> hechos;
-  EXPECT_FALSE(impTot.importar(ruta(QStringLiteral("no.EXP")), SiExiste::Borrarlo, hechos));
-  sql(QStringLiteral("update TOTPLU set [IMP]=9223372036854775800 where LINK=1"));
-  EXPECT_NE(errorDe(bien1), QStringLiteral("(bien)"));
-  EXPECT_EQ(plus(1), QStringLiteral("1 7 5 0 9223372036854775800 0"));
+  EXPECT_FALSE(impTot.importar(ruta(u"no.EXP"_s), SiExiste::Borrarlo, hechos));
+  sql(u"update TOTPLU set [IMP]=9223372036854775800 where LINK=1"_s);
+  EXPECT_NE(errorDe(bien1), u"(bien)"_s);
+  EXPECT_EQ(plus(1), u"1 7 5 0 9223372036854775800 0"_s);
 }
 
 TEST(ExportaFuera, AnotherLanguageHasNoOperatorByHour) {
-  prueba::Tienda t;
+  prueba::TiendaDeTotales t;
   const Ajustes uk(t.carpeta.path(), Idioma::UK, {ajustesPeriodos()});
-  ImpTot impTot(*t.db, t.periodos, uk);
+  Periodos periodos(*t.db, uk, t.almacenes, textosDePrueba());
+  ImpTot impTot(periodos);
   std::vector<ImpTot::Hecho> hechos;
-  EXPECT_FALSE(impTot.importarBytes(kLargo, QStringLiteral("X.EXP"), SiExiste::Borrarlo, hechos));
+  EXPECT_FALSE(impTot.importarBytes(kLargo, u"X.EXP"_s, SiExiste::Borrarlo, hechos));
 }
 
 }  // namespace

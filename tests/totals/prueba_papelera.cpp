@@ -1,8 +1,8 @@
-// Deleted periods come back as they were; what a person looks at; changes that larger periods
-// follow.
+// Deleted periods are restored as they were; queries for display; changes with larger periods
+// updated.
 #include <gtest/gtest.h>
 
-#include "totals/Tienda.h"
+#include "totals/TiendaDeTotales.h"
 #include "totals/libros/TablasLibros.h"
 #include "totals/periodos/ConsultaFilas.h"
 #include "totals/periodos/Manuales.h"
@@ -15,9 +15,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct ConPapelera : Tienda {
+struct ConPapelera : TiendaDeTotales {
   ConPapelera() { bien(asegurarTablasLibros(*db)); }
-  Papelera papelera{*db, periodos, ajustes};
+  Papelera papelera{periodos};
   QString todo() {
     QString texto;
     for (const char16_t* t :
@@ -36,9 +36,9 @@ TEST(Papelera, DevuelveLosPeriodosConTodoLoSuyo) {
   t.plu(dia, 7, 3);
   t.operHora(dia, 5, 10, 2);
   ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kSemanal, t.col(dia))));
-  // The week holds an earlier version of the day too.
+  // The week holds an earlier version of the day as well.
   const qint64 nuevo = bien(t.periodos.sustituir(t.col(dia), u"otra"_s));
-  t.sql(u"insert into Origenes (LINK, GRUPO, CLASE, CON) values (?, 1, 16, 3)"_s, nuevo);
+  t.fila(u"Origenes", {{u"LINK", nuevo}, {u"GRUPO", 1}, {u"CLASE", 16}, {u"CON", 3}});
   const QString antes = t.todo();
   const qint64 lote = bien(t.papelera.nuevoLote());
   const auto semana =
@@ -50,6 +50,14 @@ TEST(Papelera, DevuelveLosPeriodosConTodoLoSuyo) {
   EXPECT_EQ(bien(t.papelera.restaurar(lote)), 2);
   EXPECT_EQ(t.todo(), antes);
   EXPECT_EQ(bien(t.papelera.restaurar(lote)), 0);
+  // A period replaced while the week is deleted gets no number of the week's versions.
+  const qint64 otro = t.crear(kDiario, "12/06/2018");
+  t.plu(otro, 7, 1);
+  ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kSemanal, t.col(otro))));
+  ASSERT_TRUE(bien(t.papelera.tirar(lote, semana.LINK)));
+  bien(t.periodos.sustituir(t.col(otro), u"otra"_s));
+  EXPECT_EQ(bien(t.papelera.restaurar(lote)), 1);
+  EXPECT_EQ(t.leer(u"select ID, count(*) from TotSusti group by ID"_s), u"1 2 | 2 1");
 }
 
 TEST(Papelera, NoPisaLoQueOcupoSuSitio) {
@@ -59,7 +67,7 @@ TEST(Papelera, NoPisaLoQueOcupoSuSitio) {
   const qint64 lote = bien(t.papelera.nuevoLote());
   for (const qint64 link : {uno, dia}) ASSERT_TRUE(bien(t.papelera.tirar(lote, link)));
   const qint64 otro = t.crear(kDiario, "05/06/2018");
-  EXPECT_GT(otro, dia);  // the number waits for its period
+  EXPECT_GT(otro, dia);  // the number is reserved for its period
   const auto r = t.papelera.restaurar(lote);
   ASSERT_FALSE(r);
   EXPECT_EQ(r.error().clase, Fallo::Duplicado);
@@ -89,7 +97,7 @@ TEST(Periodos, LosMayoresSiguenAlQueCambiaDeFechaODeTotales) {
   const qint64 dia = t.crear(kDiario, "05/06/2018");
   t.plu(dia, 7, 3);
   ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kSemanal, t.col(dia))));
-  bien(aplicarManuales(*t.db, t.periodos, dia,
+  bien(aplicarManuales(t.periodos, dia,
                        {{kPLUs, 1, 7, 0, {1, 0, 50, 0}}, {kOperHora, 1, 5, 9, {2, 0, 20, 0}}}));
   EXPECT_EQ(t.plus(dia + 1), u"1 7 4 30 350 3000");
   bien(t.periodos.CambiarPeriodo(dia, kDiario, momento("12/06/2018"), momento("12/06/2018")));
@@ -105,7 +113,7 @@ TEST(Periodos, LosMayoresSiguenAlQueCambiaDeFechaODeTotales) {
 
 TEST(ConsultaFilas, SeriesYResumen) {
   ConPapelera t;
-  t.sql(u"insert into PLUSES (SECCION, CODPLU, NOMPLU) values (3, 9, 'Pan')"_s);
+  t.articulo({.codigo = 9, .nombre = u"Pan"});
   const qint64 dia = t.crear(kDiario, "05/06/2018"), otro = t.crear(kDiario, "06/06/2018");
   for (const auto& [codigo, n, grupo] : {std::tuple{7, 3, 1}, {9, 2, 1}, {9, 4, 2}})
     t.plu(dia, codigo, n, grupo);
@@ -128,10 +136,10 @@ TEST(ConsultaFilas, SeriesYResumen) {
   EXPECT_EQ(puntos[0].codigo, 9);
   FiltroCodigo c;
   c.codigo = 9, c.seccion = 3;
-  const auto dias = bien(evolucion(*t.db, c));
+  const auto dias = bien(evolucion(t.periodos, c));
   ASSERT_EQ(dias.size(), 2U);
   EXPECT_EQ(dias[0].importe, 600);
-  const Resumen r = bien(resumir(*t.db, t.ajustes, {dia, otro}));
+  const Resumen r = bien(resumir(t.periodos, {dia, otro}));
   EXPECT_EQ(r.grupos, 2);
   EXPECT_EQ(r.filas, 6);
   EXPECT_EQ(r.importe, 1000);

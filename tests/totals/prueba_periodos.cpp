@@ -1,16 +1,17 @@
-#include "totals/Tienda.h"
+#include "totals/TiendaDeTotales.h"
 #include "totals/periodos/AjustesPeriodos.h"
 #include "totals/periodos/Papelera.h"
 #include "totals/periodos/Sumas.h"
 
 using namespace tarvo;
 using namespace tarvo::totals;
+using namespace Qt::StringLiterals;
 using tarvo::prueba::bien;
 using tarvo::prueba::momento;
 
 namespace {
 
-struct PeriodosDe : testing::Test, prueba::Tienda {
+struct PeriodosDe : testing::Test, prueba::TiendaDeTotales {
   // The week of 4 June 2018, 0 when there is none.
   qint64 semana() {
     const auto c = bien(periodos.BuscarPeriodo(kSemanal, momento("04/06/2018"), {}));
@@ -29,12 +30,12 @@ TEST_F(PeriodosDe, AreMadeFoundAndDeleted) {
   bien(periodos.BorrarPeriodo(2, kPLUs));
   EXPECT_EQ(plus(2), QString());
   EXPECT_EQ(col(2).LINK, 2);
-  EXPECT_EQ(leer(QStringLiteral("select LINK from TOTOPHOR")), QStringLiteral("0 | 1 | 2"));
+  EXPECT_EQ(leer(u"select LINK from TOTOPHOR"_s), u"0 | 1 | 2"_s);
   bien(periodos.BorrarPeriodo(2));
   EXPECT_TRUE(bien(periodos.BorrarPorFechas(1, momento("05/06/2018"), {})));
   EXPECT_FALSE(bien(periodos.BorrarPorFechas(1, momento("05/06/2018"), {})));
-  EXPECT_EQ(leer(QStringLiteral("select LINK from TOTPLU")), QStringLiteral("0"));  // the inbox
-  EXPECT_EQ(leer(QStringLiteral("select LINK from TOTOPHOR")), QStringLiteral("0"));
+  EXPECT_EQ(leer(u"select LINK from TOTPLU"_s), u"0"_s);  // the inbox
+  EXPECT_EQ(leer(u"select LINK from TOTOPHOR"_s), u"0"_s);
   EXPECT_TRUE(bien(periodos.lista()).empty());
 }
 
@@ -42,25 +43,24 @@ TEST_F(PeriodosDe, AddUpRowByRow) {
   const qint64 a = crear(5, "04/06/2018", "05/06/2018"), b = crear(5, "05/06/2018", "06/06/2018");
   plu(a, 7, 1), plu(b, 7, 2), plu(b, 8, 3), plu(b, 7, 4, 2);
   operHora(a, 1, 9, 1), operHora(b, 1, 9, 2), operHora(b, 1, 10, 3);
-  sql(QStringLiteral("update TOTPLU set PES=Null, SCO=Null where CODI=7"));
+  sql(u"update TOTPLU set PES=Null, SCO=Null where CODI=7"_s);
   bien(periodos.SumarPeriodo(a, b));
-  EXPECT_EQ(plus(a), QStringLiteral("1 7 3 0 300 0 | 1 8 3 30 300 3000 | 2 7 4 0 400 0"));
-  EXPECT_EQ(
-      leer(QStringLiteral("select HORA, CON from TOTOPHOR where LINK=%1 order by HORA").arg(a)),
-      QStringLiteral("9 3 | 10 3"));
+  EXPECT_EQ(plus(a), u"1 7 3 0 300 0 | 1 8 3 30 300 3000 | 2 7 4 0 400 0"_s);
+  EXPECT_EQ(leer(u"select HORA, CON from TOTOPHOR where LINK=%1 order by HORA"_s.arg(a)),
+            u"9 3 | 10 3"_s);
   bien(periodos.SumarPeriodo(a, b, -1));
-  EXPECT_EQ(plus(a), QStringLiteral("1 7 1 0 100 0 | 1 8 0 0 0 0 | 2 7 0 0 0 0"));
+  EXPECT_EQ(plus(a), u"1 7 1 0 100 0 | 1 8 0 0 0 0 | 2 7 0 0 0 0"_s);
   const qint64 c = crear(5, "06/06/2018", "07/06/2018");
   bien(periodos.SumarPeriodo(c, b, -1));
-  EXPECT_EQ(plus(c), QStringLiteral("1 7 -2 0 -200 0 | 1 8 -3 -30 -300 -3000 | 2 7 -4 0 -400 0"));
+  EXPECT_EQ(plus(c), u"1 7 -2 0 -200 0 | 1 8 -3 -30 -300 -3000 | 2 7 -4 0 -400 0"_s);
 }
 
 TEST_F(PeriodosDe, ASumThatFitsNoCounterIsUndone) {
   const qint64 a = crear(5, "04/06/2018", "05/06/2018"), b = crear(5, "05/06/2018", "06/06/2018");
   plu(a, 7, 1), plu(b, 7, 2);
-  sql(QStringLiteral("update TOTPLU set [IMP]=9000000000000000000"));
+  sql(u"update TOTPLU set [IMP]=9000000000000000000"_s);
   EXPECT_FALSE(periodos.SumarPeriodo(a, b));
-  EXPECT_EQ(plus(a), QStringLiteral("1 7 1 10 9000000000000000000 1000"));
+  EXPECT_EQ(plus(a), u"1 7 1 10 9000000000000000000 1000"_s);
 }
 
 TEST_F(PeriodosDe, ADayGoesIntoItsWeekAndOut) {
@@ -71,9 +71,9 @@ TEST_F(PeriodosDe, ADayGoesIntoItsWeekAndOut) {
   const Columna s = col(semana());
   EXPECT_FALSE(s.stkABLE);
   EXPECT_EQ(s.DESCR, QString());
-  EXPECT_EQ(plus(s.LINK), QStringLiteral("1 7 2 20 200 2000"));
+  EXPECT_EQ(plus(s.LINK), u"1 7 2 20 200 2000"_s);
   EXPECT_TRUE(bien(periodos.DesacumularPeriodo(2, col(dia))));
-  EXPECT_EQ(plus(s.LINK), QStringLiteral("1 7 0 0 0 0"));
+  EXPECT_EQ(plus(s.LINK), u"1 7 0 0 0 0"_s);
   EXPECT_FALSE(bien(periodos.DesacumularPeriodo(2, col(dia))));
   EXPECT_FALSE(bien(periodos.AcumularPeriodo(2, s)));  // its own kind
   EXPECT_FALSE(bien(periodos.AcumularPeriodo(1, col(dia))));
@@ -87,6 +87,7 @@ TEST_F(PeriodosDe, ASpanAcrossTwoWeeksStaysOut) {
   EXPECT_FALSE(col(cruza).ACUM2);
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dentro))));
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(3, col(cruza))));
+  EXPECT_FALSE(periodos.ReacumularTodo(cruza, {.a2 = true})) << "the week would be without it";
 }
 
 TEST_F(PeriodosDe, AChangeIsFollowedByLargerPeriodsAndStock) {
@@ -95,12 +96,12 @@ TEST_F(PeriodosDe, AChangeIsFollowedByLargerPeriodsAndStock) {
   for (const int tipo : {2, 4}) EXPECT_TRUE(bien(periodos.AcumularPeriodo(tipo, col(dia))));
   for (int i = 0; i < 2; ++i) EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1)));
   const auto marcas = bien(periodos.DesacumularTodo(dia));
-  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 0 0 0 0"));
+  EXPECT_EQ(plus(semana()), u"1 7 0 0 0 0"_s);
   EXPECT_EQ(venta(), QString());
   plu(dia, 1000001, 3);
   bien(periodos.ReacumularTodo(dia, marcas));
   EXPECT_EQ(plus(semana()), plus(dia));
-  EXPECT_EQ(venta(), QStringLiteral("7 4 | 1000001 60"));
+  EXPECT_EQ(venta(), u"7 4 | 1000001 60"_s);
   const Columna c = col(dia);
   EXPECT_TRUE(c.ACUM2 && !c.ACUM3 && c.ACUM4);
   EXPECT_EQ(c.stkADO, 2);
@@ -121,7 +122,7 @@ TEST_F(PeriodosDe, ADayInAWeekOfItsOwnIsDiscountedOnce) {
       EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(propia), 1)));
     }
     EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1)));
-    EXPECT_EQ(venta(), QStringLiteral("7 7 | 1000001 70"));
+    EXPECT_EQ(venta(), u"7 7 | 1000001 70"_s);
     EXPECT_TRUE(bien(periodos.DesacumularPeriodo(2, col(dia))));
     for (const qint64 link : {propia, dia})
       EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(link), -1)));
@@ -136,9 +137,9 @@ TEST_F(PeriodosDe, AReplacedDayCountsOnce) {
   plu(dia, 7, 2), plu(otro, 7, 100);
   operHora(dia, 1, 9, 2);
   const auto reemplazar = [&](int n) {
-    dia = bien(periodos.sustituir(col(dia), QStringLiteral("otra")));
-    sql(QStringLiteral("update TOTPLU set CON=?, PES=?, [IMP]=?, SCO=? where LINK=? and CODI=7"), n,
-        10 * n, 100 * n, 1000 * n, dia);
+    dia = bien(periodos.sustituir(col(dia), u"otra"_s));
+    sql(u"update TOTPLU set CON=?, PES=?, [IMP]=?, SCO=? where LINK=? and CODI=7"_s, n, 10 * n,
+        100 * n, 1000 * n, dia);
   };
   const auto acumular = [&] { EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia)))); };
   const auto descontar = [&] { EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1))); };
@@ -150,37 +151,37 @@ TEST_F(PeriodosDe, AReplacedDayCountsOnce) {
   EXPECT_EQ(dia, semana() + 1);
   const Columna c = col(dia);
   EXPECT_TRUE(c.stkABLE && !c.ACUM2 && c.stkADO == 0);
-  EXPECT_EQ(c.DESCR, QStringLiteral("otra"));
-  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 102 1020 10200 102000"));  // what it held
-  EXPECT_EQ(venta(), QStringLiteral("7 102"));
-  reemplazar(6);  // its own marks are clear: the first version is what must go
+  EXPECT_EQ(c.DESCR, u"otra"_s);
+  EXPECT_EQ(plus(semana()), u"1 7 102 1020 10200 102000"_s);  // what it held
+  EXPECT_EQ(venta(), u"7 102"_s);
+  reemplazar(6);  // its own marks are clear: the first version must go
   acumular();
-  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 106 1060 10600 106000"));
-  EXPECT_EQ(leer(QStringLiteral("select HORA, CON from TOTOPHOR where LINK=%1").arg(semana())),
-            QStringLiteral("9 2"));
-  EXPECT_EQ(venta(), QStringLiteral("7 102"));
+  EXPECT_EQ(plus(semana()), u"1 7 106 1060 10600 106000"_s);
+  EXPECT_EQ(leer(u"select HORA, CON from TOTOPHOR where LINK=%1"_s.arg(semana())), u"9 2"_s);
+  EXPECT_EQ(venta(), u"7 102"_s);
   reemplazar(7);  // now the week holds 6 and the stock still 2
   descontar();
-  EXPECT_EQ(venta(), QStringLiteral("7 107"));
+  EXPECT_EQ(venta(), u"7 107"_s);
   acumular();
-  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 107 1070 10700 107000"));
-  // Settled: nothing is taken out twice, and nothing is remembered any more.
-  EXPECT_EQ(leer(QStringLiteral("select count(*) from Sustituidos")), QStringLiteral("0"));
-  EXPECT_EQ(leer(QStringLiteral("select count(*) from TotSusti")), QStringLiteral("0"));
+  EXPECT_EQ(plus(semana()), u"1 7 107 1070 10700 107000"_s);
+  // Settled: nothing is taken out twice, and nothing is recorded any more.
+  EXPECT_EQ(leer(u"select count(*) from Sustituidos"_s), u"0"_s);
+  EXPECT_EQ(leer(u"select count(*) from TotSusti"_s), u"0"_s);
   bien(periodos.ReacumularTodo(dia, bien(periodos.DesacumularTodo(dia))));
-  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 107 1070 10700 107000"));
-  EXPECT_EQ(venta(), QStringLiteral("7 107"));
+  EXPECT_EQ(plus(semana()), u"1 7 107 1070 10700 107000"_s);
+  EXPECT_EQ(venta(), u"7 107"_s);
 }
 
-// In no larger period: what the stock holds of the first version is known all the same.
+// In no larger period: what the stock holds of the first version is still known.
 TEST_F(PeriodosDe, AReplacedDayThatIsOnlyDiscountedCountsOnce) {
   qint64 dia = crear(1, "05/06/2018");
   plu(dia, 7, 2), plu(dia, 1000001, 3);
+  const Columna comoEra = col(dia);  // its marks have changed since it was read
+  EXPECT_TRUE(bien(periodos.DescontarPeriodo(comoEra, 1)));
+  dia = bien(periodos.sustituir(comoEra, QString()));
+  sql(u"update TOTPLU set CON=5, PES=50"_s);
   EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1)));
-  dia = bien(periodos.sustituir(col(dia), QString()));
-  sql(QStringLiteral("update TOTPLU set CON=5, PES=50"));
-  EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1)));
-  EXPECT_EQ(venta(), QStringLiteral("7 5 | 1000001 50"));
+  EXPECT_EQ(venta(), u"7 5 | 1000001 50"_s);
 }
 
 TEST_F(PeriodosDe, ALargerPeriodThatIsMadeAnewOwesNothing) {
@@ -191,18 +192,18 @@ TEST_F(PeriodosDe, ALargerPeriodThatIsMadeAnewOwesNothing) {
   dia = bien(periodos.sustituir(col(dia), QString()));
   bien(periodos.BorrarPeriodo(semana()));
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia))));
-  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 2 20 200 2000"));
+  EXPECT_EQ(plus(semana()), u"1 7 2 20 200 2000"_s);
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(3, col(dia))));
   const auto mes = bien(periodos.BuscarPeriodo(3, momento("01/06/2018"), {}));
-  EXPECT_EQ(plus(mes->LINK), QStringLiteral("1 7 2 20 200 2000"));
+  EXPECT_EQ(plus(mes->LINK), u"1 7 2 20 200 2000"_s);
 }
 
 TEST_F(PeriodosDe, ReplacingWithoutMarksRemembersNothing) {
   const qint64 dia = crear(1, "05/06/2018");
   plu(dia, 7, 2);
   EXPECT_EQ(bien(periodos.sustituir(col(dia), QString())), dia);  // it was the last
-  EXPECT_EQ(plus(dia), QStringLiteral("1 7 2 20 200 2000"));
-  EXPECT_EQ(leer(QStringLiteral("select count(*) from Sustituidos")), QStringLiteral("0"));
+  EXPECT_EQ(plus(dia), u"1 7 2 20 200 2000"_s);
+  EXPECT_EQ(leer(u"select count(*) from Sustituidos"_s), u"0"_s);
   EXPECT_FALSE(periodos.sustituir(Columna{}, QString()));
 }
 
@@ -228,11 +229,11 @@ TEST_F(VerTotDe, SelectsEachPeriodOnce) {
   const auto mes = bien(verTot.CrearIntvalo({3, momento("05/06/2018"), {}}, QString()));
   EXPECT_TRUE(col(mes.link).stkABLE);
   EXPECT_FALSE(mes.existia);
-  // Asked for again it is the same one, as it is.
+  // When asked for again, it is the same one, unchanged.
   const auto otraVez = bien(verTot.CrearIntvalo({3, momento("09/06/2018"), {}}, QString("otro")));
   EXPECT_TRUE(otraVez.existia);
   EXPECT_EQ(otraVez.link, mes.link);
-  EXPECT_EQ(leer(QStringLiteral("select count(*) from COLUMNA where TIPO=3")), QStringLiteral("1"));
+  EXPECT_EQ(leer(u"select count(*) from COLUMNA where TIPO=3"_s), u"1"_s);
 }
 
 TEST_F(VerTotDe, AccumulatesAPeriodOnce) {
@@ -244,13 +245,13 @@ TEST_F(VerTotDe, AccumulatesAPeriodOnce) {
     bien(verTot.SelecHnd(dia));
     EXPECT_TRUE(bien(verTot.AcumularIntv(2, 1)));
     EXPECT_TRUE(verTot.LosSelec().empty());
-    EXPECT_EQ(plus(semana()), QStringLiteral("1 7 2 20 200 2000"));
+    EXPECT_EQ(plus(semana()), u"1 7 2 20 200 2000"_s);
   }
   verTot.ponerSeleccion({domingo, dia});
-  EXPECT_FALSE(bien(verTot.AcumularEn(2)));  // one of them lies across two weeks
+  EXPECT_FALSE(bien(verTot.AcumularEn(2)));  // one of them spans two weeks
   verTot.ponerSeleccion({dia, domingo});
   EXPECT_FALSE(bien(verTot.AcumularIntv(2, -1)));  // the answer of the last
-  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 0 0 0 0"));
+  EXPECT_EQ(plus(semana()), u"1 7 0 0 0 0"_s);
 }
 
 TEST_F(VerTotDe, SeesWhatIsAccumulatedAlready) {
@@ -267,7 +268,7 @@ TEST_F(VerTotDe, SeesWhatIsAccumulatedAlready) {
   EXPECT_EQ(chequeo(otro, 4), 0);
   EXPECT_EQ(chequeo(dia, 4), 2);
   EXPECT_EQ(chequeo(dia, 2), 0);
-  // A related one stands before it in the list: it is accumulated all the same.
+  // A related one precedes it in the list: it is accumulated nevertheless.
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(4, col(tramo))));
   EXPECT_EQ(chequeo(tramo, 4), 2);
 }
@@ -281,16 +282,16 @@ TEST_F(VerTotDe, DiscountsAPeriodOnce) {
   EXPECT_TRUE(bien(verTot.StockIntv()));
   verTot.ponerSeleccion({mano, dia, otro});
   EXPECT_FALSE(bien(verTot.StockIntv()));
-  EXPECT_EQ(venta(), QStringLiteral("7 4"));
+  EXPECT_EQ(venta(), u"7 4"_s);
   verTot.ponerSeleccion({dia, otro});
   EXPECT_TRUE(bien(verTot.StockIntv()));
-  EXPECT_EQ(venta(), QStringLiteral("7 4"));
+  EXPECT_EQ(venta(), u"7 4"_s);
   verTot.ponerSeleccion({dia, otro});
   EXPECT_TRUE(bien(verTot.StockIntv(true)));
   EXPECT_EQ(venta(), QString());
 }
 
-// Other dates may leave no place in the week for what the week holds: nobody loses it unasked.
+// Other dates may leave no place in the week for its sales: they are not lost unasked.
 TEST_F(VerTotDe, NewDatesTakeNoSalesOutOfTheWeekUnasked) {
   const qint64 tramo = crear(5, "05/06/2018 10:00", "06/06/2018 10:00");
   plu(tramo, 7, 2);
@@ -300,16 +301,15 @@ TEST_F(VerTotDe, NewDatesTakeNoSalesOutOfTheWeekUnasked) {
     return periodos.CambiarPeriodo(tramo, 5, momento("05/06/2018 10:00"), momento(hasta), aunque);
   };
   bien(cambiar("07/06/2018 10:00"));
-  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 2 20 200 2000"));
+  EXPECT_EQ(plus(semana()), u"1 7 2 20 200 2000"_s);
   const auto mal = cambiar("12/06/2018 10:00");
   ASSERT_FALSE(mal);
-  EXPECT_TRUE(mal.error().texto.contains(QStringLiteral("Semana 4 06 18")))
-      << mal.error().texto.toStdString();
+  EXPECT_TRUE(mal.error().texto.contains(u"Semana 4 06 18"_s)) << mal.error().texto.toStdString();
   EXPECT_EQ(col(tramo).periodo.hasta, momento("07/06/2018 10:00"));
   EXPECT_TRUE(col(tramo).ACUM2);
   EXPECT_EQ(bien(periodos.saldriaDe(tramo, 2, momento("05/06/2018"), {})).size(), 1U);
   bien(cambiar("12/06/2018 10:00", true));
-  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 0 0 0 0"));
+  EXPECT_EQ(plus(semana()), u"1 7 0 0 0 0"_s);
   EXPECT_FALSE(col(tramo).ACUM2);
   EXPECT_TRUE(col(tramo).ACUM3) << "the month has a place for it still";
 }
@@ -326,41 +326,39 @@ TEST_F(VerTotDe, NamesWhatASumCountsTwiceAndTakesItBack) {
     QStringList textos;
     const auto suma = bien(verTot.destinoDeSuma());
     for (const auto& s : suma->solapes)
-      textos << QStringLiteral("%1+%2%3")
-                    .arg(s.uno.tipo)
+      textos << u"%1+%2%3"_s.arg(s.uno.tipo)
                     .arg(s.otro.tipo)
-                    .arg(s.yaDentro ? QStringLiteral(" dentro") : QString());
+                    .arg(s.yaDentro ? u" dentro"_s : QString());
     return textos.join(u' ');
   };
-  EXPECT_EQ(solapes({lunes, jueves}), QStringLiteral("1+2 dentro"));
-  EXPECT_EQ(solapes({semana(), lunes}), QStringLiteral("2+1"));
+  EXPECT_EQ(solapes({lunes, jueves}), u"1+2 dentro"_s);
+  EXPECT_EQ(solapes({semana(), lunes}), u"2+1"_s);
   EXPECT_EQ(solapes({jueves}), QString());
   EXPECT_EQ(bien(verTot.destinoDeSuma())->sumandos, 0) << "a day alone is its own sum";
   EXPECT_TRUE(bien(verTot.SumarIntv()));
-  EXPECT_EQ(plus(jueves), QStringLiteral("1 7 2 20 200 2000"));
+  EXPECT_EQ(plus(jueves), u"1 7 2 20 200 2000"_s);
 
   const QString antes = plus(semana());
   verTot.ponerSeleccion({lunes, jueves});
-  Papelera papelera(*db, periodos, ajustes);
+  Papelera papelera(periodos);
   const qint64 lote = bien(papelera.nuevoLote());
   EXPECT_TRUE(bien(verTot.SumarIntv(lote)));
   EXPECT_NE(bien(papelera.nuevoLote()), lote);
-  EXPECT_EQ(plus(semana()), QStringLiteral("1 7 4 40 400 4000 | 1 8 10 100 1000 10000"));
+  EXPECT_EQ(plus(semana()), u"1 7 4 40 400 4000 | 1 8 10 100 1000 10000"_s);
   EXPECT_EQ(plus(mes), plus(semana())) << "larger periods follow";
-  Sumas sumas(*db, periodos, ajustes);
+  Sumas sumas(periodos);
   EXPECT_EQ(bien(sumas.repetidos(semana())).size(), 2U);
-  EXPECT_EQ(solapes({lunes, jueves}), QStringLiteral("1+2 dentro 1+2 dentro"));
-  plu(jueves, 9, 1);  // what comes into the parts afterwards isn't the sum's
+  EXPECT_EQ(solapes({lunes, jueves}), u"1+2 dentro 1+2 dentro"_s);
+  plu(jueves, 9, 1);  // later additions to the parts don't belong to the sum
   bien(sumas.deshacer(semana(), lote));
   EXPECT_EQ(plus(semana()), antes);
   EXPECT_EQ(plus(mes), antes);
-  EXPECT_EQ(leer(QStringLiteral("select HORA, CON from TOTOPHOR where LINK=%1").arg(semana())),
-            QStringLiteral("9 1"));
+  EXPECT_EQ(leer(u"select HORA, CON from TOTOPHOR where LINK=%1"_s.arg(semana())), u"9 1"_s);
   EXPECT_TRUE(bien(sumas.repetidos(semana())).empty());
   EXPECT_FALSE(sumas.deshacer(semana(), lote));
 }
 
-// A sum into a period that was made for it leaves nothing when it is taken back.
+// A sum into a period made for it leaves nothing when undone.
 TEST_F(VerTotDe, ASumIntoANewPeriodGoesWhole) {
   const qint64 a = crear(1, "04/06/2018"), b = crear(1, "05/06/2018");
   plu(a, 7, 1), plu(b, 8, 2);
@@ -369,10 +367,10 @@ TEST_F(VerTotDe, ASumIntoANewPeriodGoesWhole) {
   const qint64 total = bien(periodos.CrearPeriodo(suma->periodo.tipo, suma->periodo.desde,
                                                   suma->periodo.hasta, false, {}));
   EXPECT_TRUE(bien(verTot.SumarIntv(9)));
-  EXPECT_EQ(plus(total), QStringLiteral("1 7 1 10 100 1000 | 1 8 2 20 200 2000"));
-  bien(Sumas(*db, periodos, ajustes).deshacer(total, 9, true));
+  EXPECT_EQ(plus(total), u"1 7 1 10 100 1000 | 1 8 2 20 200 2000"_s);
+  bien(Sumas(periodos).deshacer(total, 9, true));
   EXPECT_FALSE(bien(periodos.columna(total)));
-  EXPECT_EQ(leer(QStringLiteral("select count(*) from Sumados")), QStringLiteral("0"));
+  EXPECT_EQ(leer(u"select count(*) from Sumados"_s), u"0"_s);
 }
 
 TEST_F(VerTotDe, SumsIntoAPeriodThatExists) {
@@ -387,7 +385,7 @@ TEST_F(VerTotDe, SumsIntoAPeriodThatExists) {
   plu(destino, 7, 10);
   verTot.ponerSeleccion({lunes, jueves, destino});
   EXPECT_TRUE(bien(verTot.SumarIntv()));
-  EXPECT_EQ(plus(destino), QStringLiteral("1 7 13 130 1300 13000"));
+  EXPECT_EQ(plus(destino), u"1 7 13 130 1300 13000"_s);
   EXPECT_FALSE(col(lunes).ACUM2);
 }
 

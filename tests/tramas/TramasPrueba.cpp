@@ -21,7 +21,7 @@ TEST(TramaVEK, ControlCuentaBytesSinSigno) {
   EXPECT_EQ(leerVEK(buffer, false).trama, (TramaVEK{0, 1, 5, QByteArray("\xF1\xFF", 2)}));
 }
 
-// What a buffer gives: the frame taken, whether a bad one ended the step, and what stays.
+// The result of a buffer: the frame taken, whether a bad one ended the step, and the rest.
 struct CasoVEK {
   const char* nombre;
   QByteArray entrada;

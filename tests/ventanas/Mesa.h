@@ -16,17 +16,11 @@
 
 #include "core/ventanas/marco/Escritorio.h"
 #include "core/ventanas/parrilla/Parrilla.h"
+#include "tienda/Tienda.h"
 
 namespace tarvo::prueba {
 
 using namespace Qt::StringLiterals;
-
-// The value of a result that must be well.
-template <class T>
-T bien(Resultado<T> r) {
-  EXPECT_TRUE(r.has_value()) << (r ? "" : r.error().texto.toStdString());
-  if constexpr (!std::is_void_v<T>) return r ? std::move(*r) : T{};
-}
 
 // Runs the event loop until it holds; false when it never does. Builds that watch themselves, on a
 // busy machine, take their time. It looks after each round of events, so that work in slices is
@@ -43,16 +37,12 @@ bool esperar(F condicion, int ms = 60'000) {
   return true;
 }
 
-struct Mesa {
+struct Mesa : Tienda {
   // `propios`: lines "number TAB text" on top of the program's table. `salas`: whose settings.
   explicit Mesa(const QString& propios = {}, const std::vector<SalaDeAjustes>& salas = {})
       : ajustes(carpeta.path(), Idioma::Espanol, salas), textos(leerTextos(propios)) {}
 
   QString ruta(const QString& nombre) const { return carpeta.filePath(nombre); }
-  template <class... P>
-  void sql(const QString& texto, const P&... p) {
-    bien(db->ejecutar(texto, p...));
-  }
   ventanas::Contexto& contexto() { return escritorio.contexto(); }
 
   template <class V = ventanas::Ventana>
@@ -98,6 +88,9 @@ struct Mesa {
   RelojReal reloj;
   ventanas::Escritorio escritorio{
       *qApp, *db, ajustes, textos, reloj, ventanas::Cara::Clara, ruta(u"VENTANAS.INI"_s)};
+
+ protected:
+  dao::Database& base() override { return *db; }
 
  private:
   Textos leerTextos(const QString& propios) {

@@ -19,8 +19,8 @@ namespace {
 
 constexpr QSize kPantallas[] = {{1366, 768}, {1920, 1080}};
 constexpr int kEscalas[] = {100, 125, 150};
-constexpr int kAsentar = 150;        // ms for lists to be counted and sums to be reckoned
-constexpr int kPaciencia = 5'000;    // ms for a part that says that it is still being filled
+constexpr int kAsentar = 150;        // ms for lists to be counted and sums computed
+constexpr int kPaciencia = 5'000;    // ms for a part that reports it is still being filled
 constexpr int kMargenPantalla = 64;  // height that the desktop keeps for itself
 
 bool ocupada(const QWidget& v) {
@@ -36,14 +36,14 @@ void asentar(const QWidget& v) {
     QApplication::processEvents();
 }
 
-// Lists take the whole screen, as one works with them; sheets keep their size.
+// Lists take the whole screen, as in real use; sheets keep their size.
 void dimensionar(ventanas::Ventana& v, QSize pantalla) {
   const bool lista = v.findChild<ventanas::Parrilla*>() || v.nombre() == u"MainTarvo";
   const QSize sitio = pantalla - QSize(0, kMargenPantalla);
   v.resize(lista ? sitio : v.sizeHint().expandedTo(v.size()).boundedTo(sitio));
 }
 
-// Nobody is there to close a box: it goes at once, and what it said is kept.
+// Nobody is there to close a box: it is closed at once, and its text kept.
 template <class F>
 auto sinCajas(QStringList& dicho, F hacer) {
   QTimer vigia;

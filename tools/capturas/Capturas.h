@@ -8,15 +8,15 @@
 namespace tarvo::capturas {
 
 struct Encargo {
-  QString carpeta;        // where pictures go; made when it isn't there
+  QString carpeta;        // where pictures go; created if missing
   QString marca;          // "llena" or "vacia", part of the file's name
   QStringList solo = {};  // these windows; empty for all
-  // What a window opens with in place of its own sample, by name.
+  // Arguments of a window in place of its own sample, by name.
   std::map<QString, ventanas::Argumentos> argumentos = {};
 };
 
-// "Ventana_llena_claro_1366x768_100.png" and so on. What is cut, a line each, with the picture's
-// name in front.
+// "Ventana_llena_claro_1366x768_100.png" and so on. Returns a line for each truncated part, with
+// the picture's name in front.
 QStringList capturar(ventanas::Escritorio& escritorio, const Encargo& encargo);
 
 }  // namespace tarvo::capturas

@@ -35,7 +35,7 @@ QString falta(const QWidget& w, const QString& texto, int pide, int tiene) {
       .arg(tiene);
 }
 
-// A label whose tip says the same may be cut.
+// A label whose tooltip has the same text may be cut.
 void mirarRotulo(const QLabel& l, QStringList& faltas) {
   if (l.text().isEmpty() || !l.pixmap().isNull()) return;
   if (l.wordWrap()) {
@@ -82,7 +82,7 @@ void mirarGrupo(const QGroupBox& g, QStringList& faltas) {
   if (pide > g.width()) faltas << falta(g, g.title(), pide, g.width());
 }
 
-// Outside its parent, unless that is a place that scrolls.
+// Outside its parent, unless that one scrolls.
 void mirarSitio(const QWidget& w, QStringList& faltas) {
   const QWidget* padre = w.parentWidget();
   if (!padre || w.isWindow() || qobject_cast<const QFocusFrame*>(&w)) return;
@@ -99,7 +99,7 @@ bool mirarSi(const QWidget& w, void (*mirar)(const C&, QStringList&), QStringLis
   return c != nullptr;
 }
 
-// What Alt and a letter reaches through this control; empty when it has no such letter.
+// The text whose marked letter, with Alt, reaches this control; empty if there is none.
 QString textoConLetra(const QWidget& w) {
   if (const auto* b = qobject_cast<const QAbstractButton*>(&w)) return b->text();
   if (const auto* l = qobject_cast<const QLabel*>(&w)) return l->buddy() ? l->text() : QString();
@@ -107,7 +107,7 @@ QString textoConLetra(const QWidget& w) {
   return {};
 }
 
-// Two controls with one letter: neither answers to it at once.
+// Two controls with the same letter: neither responds to it at once.
 void mirarLetras(const QWidget& ventana, QStringList& faltas) {
   QHash<QKeySequence, QString> vistas;
   const auto anotar = [&](const QString& texto) {

@@ -1,5 +1,4 @@
-// What can't be read in a window: texts with less room than they need, controls outside their
-// place.
+// The unreadable parts of a window: texts without enough room, controls outside their place.
 #pragma once
 
 #include <QStringList>
@@ -7,7 +6,7 @@
 
 namespace tarvo::capturas {
 
-// A line for each fault, empty when all can be read. REQUIRES a window that is shown.
+// A line for each fault, empty if everything is readable. REQUIRES a visible window.
 QStringList cortes(const QWidget& ventana);
 
 }  // namespace tarvo::capturas

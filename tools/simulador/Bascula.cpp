@@ -46,7 +46,7 @@ Respuesta Bascula::atender(const Peticion& peticion) {
       return lineas(peticion.datos);
     case 880:
       return olvidar(peticion.datos);
-    case 910:  // both clear all counters; 915 is the one that a group gets first
+    case 910:  // both clear all counters; a group gets 915 first
     case 915:
       cero(peticion.codigo, kTodos);
       return con({});
@@ -82,7 +82,7 @@ Respuesta Bascula::total(const Peticion& peticion) {
   }
 }
 
-// The first article with sales at or above the one asked for; number 0 when there is none.
+// The first article with sales at or above the requested one; number 0 if there is none.
 Respuesta Bascula::articuloConVentas(qint64 desde) {
   if (desde < 0) return negar(kDatosMalos);
   const auto& articulos = memoria_.contadores().articulos;
@@ -92,7 +92,7 @@ Respuesta Bascula::articuloConVentas(qint64 desde) {
                                       : registroArticulo(sitio->first, sitio->second));
 }
 
-// The first operator and hour with sales at or after those asked for; zeros when there are none.
+// The first operator and hour with sales at or after the requested ones; zeros if there are none.
 Respuesta Bascula::operadorHora(const Peticion& peticion) {
   const qint64 operador = leerCampo(peticion.datos, 0, 2), hora = leerCampo(peticion.datos, 2, 2);
   if (operador < 0 || hora < 0) return negar(kDatosMalos);
@@ -169,7 +169,7 @@ Respuesta Bascula::configurar(const Peticion& peticion) {
   return con({});
 }
 
-// "1" for each position that holds a scale; they count from 0.
+// "1" for each position with a scale; they count from 0.
 QByteArray Bascula::puestos() const {
   QByteArray texto(16, '0');
   for (const int numero : opciones().balanzas)

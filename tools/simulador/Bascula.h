@@ -1,4 +1,4 @@
-// A group of scales on VEK, kinds 1 and 4: one station that answers for all its scales.
+// A group of scales on VEK, kinds 1 and 4: a single station that answers for all its scales.
 #pragma once
 
 #include "simulador/MaquinaVEK.h"
@@ -8,7 +8,7 @@ namespace tarvo::simulador {
 class Bascula final : public MaquinaVEK {
  public:
   Bascula(OpcionesMaquina opciones, Reloj& reloj);
-  // Configuration frames as they came (keyboards, tickets, labels, operators...), by code and
+  // Configuration frames as received (keyboards, tickets, labels, operators...), by code and
   // address.
   const std::map<std::pair<int, int>, std::vector<QByteArray>>& configuracion() const {
     return configuracion_;

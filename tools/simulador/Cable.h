@@ -1,4 +1,4 @@
-// A wire with one or more machines on it: each hears all bytes and answers to its own address. One
+// A wire with one or more machines: each receives all bytes and answers to its own address. One
 // connection at a time.
 #pragma once
 
@@ -10,9 +10,9 @@ namespace tarvo::simulador {
 
 class Cable {
  public:
-  // The machines must outlive the wire's use.
+  // The machines must outlive the use of the wire.
   void poner(Maquina& maquina) { maquinas_.push_back(&maquina); }
-  // False when the wire is in use, or when a machine refuses connections for now.
+  // False if the wire is in use or a machine refuses connections for now.
   bool abrir(Conexion conexion);
   void cerrar();
   bool abierto() const { return abierto_; }
@@ -24,13 +24,14 @@ class Cable {
   bool abierto_ = false;
 };
 
-// The other end in memory: bytes take `latenciaMs` each way, so nobody is called from within his
+// The other end in memory: bytes take `latenciaMs` each way, so neither side is re-entered from its
 // own call.
 class Tubo {
  public:
   Tubo(Cable& cable, Reloj& reloj, int latenciaMs = 1);
   ~Tubo();
-  // False: refused. `alRecibir` gets what the machines send, `alCerrar` that the line is gone.
+  // False: refused. `alRecibir` gets the machines' bytes; `alCerrar` is called when the line is
+  // gone.
   bool abrir(std::function<void(const QByteArray&)> alRecibir, std::function<void(bool)> alCerrar);
   void enviar(const QByteArray& bytes);
   void cerrar();

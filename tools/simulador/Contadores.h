@@ -1,4 +1,4 @@
-// The counters of a machine: sums over sales, kept in three sets that may be cleared apart.
+// The counters of a machine: sums over sales, in three sets that can be cleared separately.
 #pragma once
 
 #include <map>
@@ -30,7 +30,7 @@ struct Contadores {
   std::map<int, Cuenta> articulos, departamentos, operadores, horas;
   std::map<std::pair<int, int>, Cuenta> operHora;  // (operator position, hour)
   Cuenta granTotal;
-  Cuenta ventas, devoluciones;  // the grand total parted by the sign of the amount
+  Cuenta ventas, devoluciones;  // the grand total split by the sign of the amount
 
   void sumar(const Venta& venta);
   void borrar(int conjuntos);

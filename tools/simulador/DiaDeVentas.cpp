@@ -16,7 +16,7 @@ qint64 porPeso(qint64 precio, qint64 gramos, qint64 base) {
   return (precio * gramos + base / 2) / base;
 }
 
-// A position that somebody holds.
+// A position with an operator.
 int posicionAlAzar(const std::vector<int>& operadores, Azar& azar) {
   std::vector<int> ocupadas;
   for (std::size_t i = 0; i < operadores.size(); ++i)
@@ -65,7 +65,7 @@ std::vector<Venta> ventasDelDia(const Memoria& memoria, const Dia& dia, quint64 
   std::vector<int> segundos(static_cast<std::size_t>(std::max(0, dia.ventas)));
   for (int& segundo : segundos) segundo = azar.entero(kApertura, kCierre - 1);
   std::ranges::sort(segundos);
-  std::set<std::size_t> devueltas;  // sales of this day that came back already
+  std::set<std::size_t> devueltas;  // sales of this day already returned
   for (const int segundo : segundos) {
     Venta venta = ventaAlAzar(memoria, azar, dia.descuentos);
     if (azar.ocurre(dia.devoluciones)) {

@@ -19,11 +19,10 @@ struct Dia {
   double descuentos = 0.08;
 };
 
-// One sale of an article that the machine holds, its moment still open. Precondition: a catalogue
-// that isn't empty.
+// One sale of an article of the machine, without its moment. REQUIRES a catalogue that isn't empty.
 Venta ventaAlAzar(const Memoria& memoria, Azar& azar, double descuentos = 0);
-// A day between nine and nine, in order of time. Returns take back a whole sale, of that day or of
-// one before it.
+// A day between nine and nine, in order of time. A return cancels a whole sale, of that day or an
+// earlier one.
 std::vector<Venta> ventasDelDia(const Memoria& memoria, const Dia& dia, quint64 semilla);
 
 }  // namespace tarvo::simulador

@@ -1,4 +1,4 @@
-// How a machine puts its answers on the wire, frame after frame, and spoils them on request.
+// How a machine sends its answers, frame by frame, and spoils them on request.
 #include "simulador/Maquina.h"
 
 namespace tarvo::simulador {
@@ -84,7 +84,7 @@ void Maquina::esperarAck(const QByteArray& trama) {
   if (opciones_.repeticiones > 0) relojAck_->unaVez(opciones_.esperaAckMs);
 }
 
-// The frame in flight arrived: the next one of the list may go.
+// The frame in flight arrived: the next one of the list may be sent.
 void Maquina::alConfirmar() {
   if (enVuelo_.isEmpty()) return;
   enVuelo_.clear();

@@ -38,8 +38,8 @@ void Emisor::poner(Accion accion, QByteArray bytes, int retrasoMs) {
   vaciar();
 }
 
-// The other end may answer, or go, from within `salida`: nothing of the queue is held across the
-// call.
+// The other end may answer or disconnect from within `salida`: no reference into the queue is held
+// across the call.
 void Emisor::vaciar() {
   if (vaciando_) return;
   vaciando_ = true;

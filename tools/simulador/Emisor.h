@@ -1,5 +1,5 @@
-// Sends bytes to the other end in order, now or later. What is due now, with nothing waiting before
-// it, goes at once.
+// Sends bytes to the other end in order, now or later. Bytes due now, with none waiting before
+// them, go at once.
 #pragma once
 
 #include <QByteArray>
@@ -20,12 +20,12 @@ class Emisor {
  public:
   explicit Emisor(Reloj& reloj);
   void conectar(Conexion conexion);
-  void desconectar();  // forgets what waits
+  void desconectar();  // drops the waiting bytes
   bool conectado() const { return conexion_.salida != nullptr; }
-  // After all that waits, and not before `retrasoMs` have passed.
+  // Sends after all waiting bytes, and not before `retrasoMs` have passed.
   void enviar(const QByteArray& bytes, int retrasoMs = 0);
   void cortar(bool limpio, int retrasoMs = 0);
-  int retrasoPendiente() const;  // ms until the last of what waits has gone; 0 for nothing
+  int retrasoPendiente() const;  // ms until the last waiting byte has gone; 0 for none
 
  private:
   enum class Accion { Bytes, CorteLimpio, Corte };

@@ -1,5 +1,5 @@
 // Faults on request. A fault happens by a script ("at the n-th question do X") or by chance from a
-// seed; with neither, a machine is perfect. Questions are counted from 1 for each machine.
+// seed; without either, a machine is perfect. Questions are counted from 1 for each machine.
 #pragma once
 
 #include <QString>
@@ -15,19 +15,19 @@ namespace tarvo::simulador {
 enum class Averia {
   // of a question
   AckPerdido,        // executed, but its acknowledgement is not sent
-  Sorda,             // the question is not heard at all
+  Sorda,             // the question is not received at all
   Nak,               // refused with a negative acknowledgement, not executed
-  Err,               // VEK: answered "ERR" and the number in `valor` (1 to 5), not executed
+  Err,               // VEK: answered with "ERR" and the number in `valor` (1 to 5), not executed
   Rechazo,           // NODAL: rejection (code 7), not executed
   Espera,            // NODAL: a wait frame of `valor` units before what follows
   VentaEnMedio,      // a sale is made just before the answer
   VentaDetras,       // a sale (of article `valor`) right after the answer, even a lost one
-  Oscura,            // from here on nothing is heard for `valor` ms (default oscuraMs)
+  Oscura,            // from here on nothing is received for `valor` ms (default oscuraMs)
   OtroNumero,        // answers the question about the next number
-  CeroSinRespuesta,  // zeroed, but nobody is told
-  CeroRechazado,     // not zeroed, and said so
+  CeroSinRespuesta,  // zeroed, but without an answer
+  CeroRechazado,     // not zeroed, and reported so
   ListaSinFin,       // the list begins again and again, up to `limiteLista` answers
-  CierreLimpio,      // the line is closed by us, in good order
+  CierreLimpio,      // the line is closed by the machine, in good order
   Corte,  // the line drops: `valor` 0 before anything, 1 executed but not answered, 2 half an
           // answer
   // of an answer, or of one frame of a list
@@ -44,9 +44,8 @@ enum class Averia {
   OtroCodigo,        // carries the code of another question
   RespuestaLenta,    // comes `valor` ms later (default 1 to 9 s beyond TimeOut), others in between
   // of a question
-  AckLento,  // nothing is said for `valor` ms (default 0.3 to 5.5 s beyond TimeACK): it is busy,
-             // and
-             // what it is asked meanwhile is done and answered after, each up to 1 s later
+  AckLento,  // no byte for `valor` ms (default 0.3 to 5.5 s beyond TimeACK): it is busy; questions
+             // in the meantime are executed and answered afterwards, each up to 1 s later
   Total
 };
 inline constexpr std::size_t kAverias = static_cast<std::size_t>(Averia::Total);
@@ -59,26 +58,26 @@ struct Paso {
   int trama = 0;    // the n-th question, or the n-th of that `codigo`; 0 each one
   int codigo = -1;  // only questions of this code
   int mensaje = 0;  // for faults of an answer: which frame of a list, from 0
-  int valor = -1;   // what the fault needs; -1 its default
+  int valor = -1;   // argument of the fault; -1 for its default
 };
 
 struct Fallos {
   std::array<double, kAverias> probabilidad{};
   std::vector<Paso> guion;
-  int conexionesRechazadas = 0;  // so many openings are refused first
+  int conexionesRechazadas = 0;  // how many openings are refused first
   int oscuraMs = 20000;
-  int esperaMs = 500;  // how long a machine takes that announced a wait
+  int esperaMs = 500;  // how long a machine takes after announcing a wait
   int limiteLista = 2000;
 };
 
-// The faults of one question or of one answer.
+// The faults of one question or one answer.
 class Sucesos {
  public:
   bool tiene(Averia averia) const { return valor_.contains(averia); }
   int valor(Averia averia, int omision) const;
   void poner(Averia averia, int valor = -1) { valor_[averia] = valor; }
   void quitar(Averia averia) { valor_.erase(averia); }
-  // Refused where the other was, and only there.
+  // Refused if the other was, and only then.
   void negarComo(const Sucesos& otros) {
     for (const Averia a : {Averia::Err, Averia::Rechazo, Averia::Nak})
       otros.tiene(a) ? poner(a, otros.valor(a, -1)) : quitar(a);
@@ -93,7 +92,7 @@ class Percances {
  public:
   Percances(Fallos fallos, quint64 semilla);
   Sucesos peticion(int codigo);
-  // Of the index-th frame that answers the question last counted.
+  // For the index-th frame of the answer to the last counted question.
   Sucesos mensaje(int indice);
   bool rechazaConexion();
 

@@ -193,7 +193,7 @@ Resultado<int> restaurarEstado(Maquina& maquina, const QJsonObject& json) {
   }
   std::vector<PuestaACero> puestas;
   std::size_t leidas = 0;
-  Contadores marcha;  // the counters as they stood, so that each zeroing keeps what it cleared
+  Contadores marcha;  // the counters of the time, so that each zeroing keeps what it cleared
   for (const auto& valor : json.value(QLatin1String("puestasACero")).toArray()) {
     const QJsonObject puesta = valor.toObject();
     const auto cuando = Fecha::leer(puesta.value(QLatin1String("cuando")).toString());

@@ -1,4 +1,4 @@
-// Machines as JSON: what a configuration gives and what a state file keeps.
+// Machines as JSON: the input of a configuration and the contents of a state file.
 #pragma once
 
 #include <QJsonArray>
@@ -16,9 +16,9 @@ Resultado<Venta> ventaDeJson(const QJsonObject& json);
 LineaLista lineaDeJson(const QJsonObject& json);
 QJsonObject aJson(const Contadores& contadores);
 
-// All that a restart needs and an oracle reads. `diasVendidos` counts the days drawn so far.
+// Everything that a restart needs and an oracle reads. `diasVendidos` counts the days drawn so far.
 QJsonObject estadoAJson(const Maquina& maquina, int diasVendidos);
-// Puts a machine back to the state of `json`; its counters are worked out anew. Gives the days
+// Puts a machine back to the state of `json`; its counters are computed anew. Returns the days
 // drawn so far.
 Resultado<int> restaurarEstado(Maquina& maquina, const QJsonObject& json);
 

@@ -75,7 +75,7 @@ void Maquina::venderAlAzar(int articulo) {
   sell(venta);
 }
 
-// What the question does, faults of a question included.
+// The effect of a question, including its faults.
 void Maquina::procesar(const Peticion& peticion) {
   Sucesos sucesos = percances_.peticion(peticion.codigo);
   if (sucesos.tiene(Averia::Oscura))
@@ -85,7 +85,7 @@ void Maquina::procesar(const Peticion& peticion) {
     emisor_.cortar(sucesos.tiene(Averia::CierreLimpio));
     return;
   }
-  // A copy that came while it was busy fares as the question did.
+  // A copy that came while it was busy is treated as the question was.
   if (reloj_.monotono() < lentaHasta_ && peticion.codigo == actual_.codigo &&
       peticion.addr == actual_.addr && peticion.datos == actual_.datos)
     sucesos.negarComo(negada_);

@@ -1,6 +1,6 @@
-// One machine on a wire: bytes in by recibir(), bytes out by the connection's `salida`. It knows
-// time only through the clock it was given, so it runs in memory on a virtual clock as well as
-// behind a socket. Everything happens on one thread. `salida` may be called from within recibir().
+// One machine on a wire: bytes in by recibir(), bytes out by the connection's `salida`. It takes
+// time only from the given clock, so it runs in memory on a virtual clock as well as behind a
+// socket. Everything happens on one thread. `salida` may be called from within recibir().
 #pragma once
 
 #include <array>
@@ -22,15 +22,15 @@ enum class Tipo { Balanzas = 1, Ebony = 2, Registradora = 3, Birch = 4 };
 struct OpcionesMaquina {
   Tipo tipo = Tipo::Balanzas;
   QString nombre;
-  int grupo = 0;      // the group it belongs to, for whoever reads its state
-  int direccion = 0;  // node of an Ebony, address of a register; the others answer to all addresses
+  int grupo = 0;      // its group, for readers of its state
+  int direccion = 0;  // node of an Ebony, address of a register; others answer to all addresses
   int estacion = 0;   // VEK station, 0 to 15
   std::vector<int> balanzas;  // numbers of the scales of the group; empty: any
-  // A register: what each of its three orders to forget clears.
+  // For a register: the counters that each of its three orders to forget clears.
   std::array<int, 3> borra{kArticulos, kTotales, kPersonal};
   int registrosPorTrama = 8;  // in list frames
   int pausaMs = 20;           // NODAL: between the acknowledgement and what follows
-  int repeticiones = -1;      // of an answer nobody acknowledges; -1: 3 on NODAL, none on VEK
+  int repeticiones = -1;      // of an unacknowledged answer; -1: 3 on NODAL, none on VEK
   int esperaAckMs = 2000;     // before each of them
   Fallos fallos;
   quint64 semilla = 1;
@@ -55,7 +55,7 @@ class Maquina {
   Maquina& operator=(const Maquina&) = delete;
 
   void conectar(Conexion conexion);
-  void desconectar();  // the other end went away
+  void desconectar();  // the other end disconnected
   void recibir(const QByteArray& bytes);
   bool rechazaConexion();
 
@@ -63,21 +63,22 @@ class Maquina {
   const Memoria& memoria() const { return memoria_; }
   const OpcionesMaquina& opciones() const { return opciones_; }
   Percances& percances() { return percances_; }
-  // Other faults from now on; what earlier ones began is over.
+  // Other faults from now on; effects of earlier ones end.
   void cambiarPercances(Percances percances) {
     percances_ = std::move(percances);
     vueltas_ = 0;
     oscuraHasta_ = -1;
     lentaHasta_ = -1;
   }
-  // Good questions heard, executed or not, latest last; the oldest are let go after some thousands.
+  // Good questions received, executed or not, latest last; the oldest are dropped after some
+  // thousands.
   const std::deque<Peticion>& oidas() const { return oidas_; }
 
   Fecha ahora() const;  // by the machine's own clock
   double desfase() const { return desfase_; }
   void ponerDesfase(double dias) { desfase_ = dias; }
 
-  // Sells now: the moment, the hour and, when 0, the department are filled in.
+  // Sells now: the moment, the hour and, if 0, the department are filled in.
   void sell(Venta venta);
   void venderAlAzar(int articulo = 0);  // of that one, if the catalogue has it
   void abrirTicket() { ticketAbierto_ = true; }
@@ -95,7 +96,7 @@ class Maquina {
   virtual QByteArray nak(const Peticion& peticion) = 0;
   virtual QByteArray rechazar(const Peticion& peticion) = 0;
   virtual QByteArray construir(const Mensaje& mensaje) = 0;
-  // The same frame with a check that doesn't fit.
+  // The same frame with a wrong check.
   virtual QByteArray conControlMalo(QByteArray trama) const = 0;
 
   Respuesta cero(int codigo, int conjuntos);
@@ -127,19 +128,19 @@ class Maquina {
   Reloj& reloj_;
   Percances percances_;
   Emisor emisor_;
-  Emisor lento_;  // what comes late, whatever else is said meanwhile
+  Emisor lento_;  // late answers, independent of the rest
   double desfase_ = 0;
   std::deque<Peticion> oidas_;
 
-  std::deque<Mensaje> cola_;  // what of the present list is still to be sent
+  std::deque<Mensaje> cola_;  // frames of the present list still to be sent
   int indice_ = 0;
-  QByteArray enVuelo_;  // the frame that waits for its acknowledgement
+  QByteArray enVuelo_;  // the frame awaiting its acknowledgement
   int repetidas_ = 0;
   std::vector<QByteArray> tardias_;
-  int vueltas_ = 0;  // answers that a list without end may still give
+  int vueltas_ = 0;  // answers left for a list without end
   qint64 oscuraHasta_ = -1;
   Sucesos negada_;          // of the last question
-  qint64 lentaHasta_ = -1;  // busy with what it has been asked
+  qint64 lentaHasta_ = -1;  // busy with its questions
   std::unique_ptr<Temporizador> relojAck_;
 };
 

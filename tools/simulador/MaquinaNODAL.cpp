@@ -17,7 +17,7 @@ OpcionesMaquina conRepeticiones(OpcionesMaquina opciones) {
 MaquinaNODAL::MaquinaNODAL(OpcionesMaquina opciones, Reloj& reloj)
     : Maquina(conRepeticiones(std::move(opciones)), reloj) {}
 
-// An acknowledgement for another node of the wire is none for us.
+// An acknowledgement for another node of the wire isn't for us.
 std::vector<Entrada> MaquinaNODAL::leer(const QByteArray& bytes) {
   std::vector<Entrada> entradas = lector_.leer(bytes);
   for (Entrada& entrada : entradas) {
@@ -88,7 +88,7 @@ Respuesta MaquinaNODAL::totales(const Peticion& peticion) {
   }
 }
 
-// All articles of the range that the machine holds or has sold, with sales or without.
+// All articles of the range that the machine holds or has sold, with or without sales.
 std::vector<QByteArray> MaquinaNODAL::articulos(qint64 desde, qint64 hasta) const {
   std::map<int, Cuenta> cuentas = memoria_.contadores().articulos;
   for (const auto& [codigo, articulo] : memoria_.catalogo) cuentas.try_emplace(codigo);
@@ -118,7 +118,7 @@ std::vector<QByteArray> MaquinaNODAL::operadoresHora() const {
   return registros;
 }
 
-// Weights in the unit of the wire, thousand to the gram.
+// Weights in the unit of the wire, a thousand to the gram.
 std::vector<QByteArray> MaquinaNODAL::pedidos() const {
   std::vector<QByteArray> registros;
   for (const LineaLista& linea : memoria_.lista(Lista::Pedidos))
@@ -196,7 +196,7 @@ QByteArray MaquinaNODAL::construir(const Mensaje& mensaje) {
 }
 
 QByteArray MaquinaNODAL::conControlMalo(QByteArray trama) const {
-  // Off by 80, which no single flipped bit of the frame makes good again.
+  // Off by 80, which no single flipped bit of the frame can compensate.
   const qsizetype i = trama.size() - 3;
   const int alta = trama.mid(i, 1).toInt(nullptr, 16);
   trama[i] = QByteArray::number((alta + 5) % 16, 16).toUpper()[0];

@@ -5,13 +5,13 @@ namespace tarvo::simulador {
 MaquinaVEK::MaquinaVEK(OpcionesMaquina opciones, Reloj& reloj, bool ancha)
     : Maquina(std::move(opciones), reloj), ancha_(ancha), lector_(ancha) {}
 
-// On a register the letters fall where the frame's shape wants a digit, so there a refusal ends as
-// a time-out.
+// On a register the letters are where the frame needs a digit, so there a refusal ends as a
+// time-out.
 Respuesta MaquinaVEK::negar(int error) {
   return con("ERR" + campo(error, 2));
 }
 
-// Questions begin with the number asked for, in two or in seven digits.
+// Questions begin with the requested number, in two or seven digits.
 Peticion MaquinaVEK::otroNumero(Peticion peticion) const {
   const int ancho = peticion.datos.size() >= 7 ? 7 : 2;
   const qint64 numero = leerCampo(peticion.datos, 0, ancho);
@@ -37,7 +37,7 @@ QByteArray MaquinaVEK::construir(const Mensaje& mensaje) {
 }
 
 QByteArray MaquinaVEK::conControlMalo(QByteArray trama) const {
-  // Off by 50, which no single flipped bit of the frame makes good again.
+  // Off by 50, which no single flipped bit of the frame can compensate.
   char& decenas = trama[trama.size() - 3];
   decenas = static_cast<char>('0' + (decenas - '0' + 5) % 10);
   return trama;

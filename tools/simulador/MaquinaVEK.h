@@ -1,5 +1,5 @@
-// What scales and registers share: the VEK frame, the one-byte acknowledgement, and "ERR nn" as
-// refusal.
+// The common part of scales and registers: the VEK frame, the one-byte acknowledgement, and the
+// refusal "ERR nn".
 #pragma once
 
 #include "simulador/Maquina.h"
@@ -27,7 +27,7 @@ class MaquinaVEK : public Maquina {
  private:
   bool ancha_;
   LectorVEK lector_;
-  int secuencia_ = 0;  // each machine counts its own frames, whoever else is on the wire
+  int secuencia_ = 0;  // each machine counts its own frames
 };
 
 }  // namespace tarvo::simulador

@@ -1,6 +1,6 @@
-// The memory of one machine. The ledger and the log of zeroings are never shortened: they are what
-// an oracle reads. Counters, lists and articles are what the machine itself would have, and a
-// command may clear them.
+// The memory of one machine. The ledger and the log of zeroings are never shortened, since an
+// oracle reads them. Counters, lists and articles are those of the machine itself, and a command
+// may clear them.
 #pragma once
 
 #include <functional>
@@ -10,11 +10,10 @@
 
 namespace tarvo::simulador {
 
-// A zeroing as it took effect: what stood in all counters just before, and how much of the ledger
-// was after it.
+// An executed zeroing: all counters just before it, and the length of the ledger.
 struct PuestaACero {
   Fecha cuando;
-  int codigo = 0;     // the frame code that asked for it
+  int codigo = 0;     // the frame code of its order
   int conjuntos = 0;  // what it cleared
   std::size_t ventas = 0;
   Contadores antes;
@@ -31,9 +30,9 @@ class Memoria {
   void vender(const Venta& venta);
   void ponerACero(Fecha cuando, int codigo, int conjuntos);
   void apuntar(Lista lista, const LineaLista& linea);
-  // The machine was told that the list has been received.
+  // The machine was told that the list was received.
   void olvidar(Lista lista);
-  void cambiada() const;  // tells alCambiar
+  void cambiada() const;  // calls alCambiar
 
   const std::vector<Venta>& libro() const { return libro_; }
   const Contadores& contadores() const { return contadores_; }
@@ -41,7 +40,7 @@ class Memoria {
   const std::vector<LineaLista>& lista(Lista cual) const { return parte(cual).lineas; }
   int olvidos(Lista cual) const { return parte(cual).olvidos; }
 
-  // Takes the place of what stands here, counters worked out anew from the ledger and the zeroings.
+  // Replaces the present contents, with counters computed anew from the ledger and the zeroings.
   void restaurar(std::vector<Venta> libro, std::vector<PuestaACero> puestas);
   void restaurarLista(Lista cual, std::vector<LineaLista> lineas, int olvidos);
 

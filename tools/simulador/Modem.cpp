@@ -37,7 +37,7 @@ void Modem::recibir(const QByteArray& bytes) {
   }
 }
 
-// Any key while it dials gives the call up.
+// Any key while it dials cancels the call.
 void Modem::recibirOrden(char c) {
   if (estado_ == Estado::Marcando) {
     if (c == '\n') return;
@@ -60,7 +60,7 @@ void Modem::ejecutar(QByteArray orden) {
   if (!orden.startsWith("AT") || !aplicar(orden.mid(2))) decir(Resultado::Error);
 }
 
-// Letters with an optional "&", "%" or "\" before and digits after. False when one isn't known.
+// Letters with an optional "&", "%" or "\" before and digits after. False if one is unknown.
 bool Modem::aplicar(const QByteArray& orden) {
   for (qsizetype i = 0; i < orden.size();) {
     char prefijo = 0;
@@ -231,7 +231,7 @@ void Modem::decir(Resultado resultado) {
   }
 }
 
-// With X0 the speed is not told.
+// With X0 the speed is not reported.
 void Modem::decirConnect() {
   constexpr int kConnect = 1, kConnect9600 = 12;
   if (extension_ == 0)

@@ -1,6 +1,6 @@
-// A Hayes modem before a wire: commands until it is connected, then the wire's bytes. Its results
-// come as numbers (V0) or as words, its echo may be on or off, "+++" between two silences leads
-// back to commands.
+// A Hayes modem in front of a wire: commands until it is connected, then the wire's bytes. Results
+// are numbers (V0) or words, the echo may be on or off, and "+++" between two silences returns to
+// commands.
 #pragma once
 
 #include <deque>
@@ -14,21 +14,21 @@ enum class Llamada { Connect, NoCarrier, NoDialtone, Busy, NoAnswer };
 
 struct OpcionesModem {
   std::deque<Llamada> guion;              // results of the next calls; then by number
-  std::map<QByteArray, Llamada> numeros;  // digits only; a number that isn't here is connected
-  int marcarMs = 1500;                    // a call takes so long
+  std::map<QByteArray, Llamada> numeros;  // digits only; other numbers are connected
+  int marcarMs = 1500;                    // duration of a call
   int guardaMs = 1000;                    // silence before and after "+++"
   int velocidad = 9600;
 };
 
 class Modem {
  public:
-  // `salida` gets what the modem says to its computer.
+  // `salida` gets the modem's bytes for its computer.
   Modem(Cable& cable, Reloj& reloj, OpcionesModem opciones,
         std::function<void(const QByteArray&)> salida);
   ~Modem();
   void recibir(const QByteArray& bytes);
   bool enLinea() const { return estado_ == Estado::Datos; }
-  // What was dialled, in order.
+  // The dialled numbers, in order.
   const std::vector<QByteArray>& marcados() const { return marcados_; }
 
  private:

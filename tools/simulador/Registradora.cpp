@@ -8,7 +8,7 @@ namespace {
 constexpr int kMal = 1;
 constexpr int kCero1 = 3054, kCero2 = 3056, kCero3 = 3058;
 constexpr int kVentasTotal = 12, kDevolucionesTotal = 17, kDepartamento = 1;
-// Records that hold other figures of the register and belong to no total.
+// Records with other figures of the register, which belong to no total.
 constexpr int kTiquesTotal = 2, kCajonTotal = 20;
 
 // Type 4, department 2, count 10, amount 10.
@@ -29,7 +29,7 @@ bool Registradora::esCero(int codigo) const {
   return codigo == kCero1 || codigo == kCero2 || codigo == kCero3;
 }
 
-// Answers begin with a digit: the frame's shape wants one after the four of the code.
+// Answers begin with a digit, which the frame requires after the four of the code.
 Respuesta Registradora::atender(const Peticion& peticion) {
   switch (peticion.codigo) {
     case 2057:
@@ -99,8 +99,7 @@ Respuesta Registradora::borrarArticulos(const QByteArray& datos) {
   return con("00");
 }
 
-// What the register read at the till; an article it no longer holds keeps the number it was sold
-// under.
+// The code read at the till; an article no longer held keeps the number it was sold under.
 QByteArray Registradora::barras(int articulo) const {
   const auto sitio = memoria_.catalogo.find(articulo);
   if (sitio != memoria_.catalogo.end() && !sitio->second.barras.isEmpty())

@@ -1,5 +1,5 @@
-// A cash register, kind 3: VEK with codes of four digits, several registers on one wire told apart
-// by address.
+// A cash register, kind 3: VEK with codes of four digits, several registers on one wire,
+// distinguished by address.
 #pragma once
 
 #include "simulador/MaquinaVEK.h"

@@ -11,7 +11,7 @@ constexpr std::size_t kLineasPorTrama = 3;
 
 }  // namespace
 
-// The weight goes without a sign: whoever reads takes it from the amount.
+// The weight has no sign: the reader takes it from the amount.
 QByteArray registroArticulo(int numero, const Cuenta& cuenta) {
   return campo(numero, 7) + campo(cuenta.imp, 9) + campo(std::abs(cuenta.pes), 9) +
          campo(cuenta.con, 5) + campo(0, 9) + campo(cuenta.sco, 9);

@@ -1,4 +1,4 @@
-// The records in which scales give their counters, each as wide as the model makes it.
+// The records of scales' counters, each with the width of its model.
 #pragma once
 
 #include "simulador/Contadores.h"
@@ -12,8 +12,8 @@ QByteArray registroGranTotalBirch(const Cuenta& cuenta);  // kind 4, the discoun
 QByteArray registroOperador(int posicion, const Cuenta& cuenta);
 QByteArray registroSeccionado(int numero, const Cuenta& cuenta);  // by department, by hour
 QByteArray registroOperadorHora(int posicion, int hora, const Cuenta& cuenta);
-// Up to three lines from the given one on; a line of zeros ends the list. One character stands
-// before them.
+// Up to three lines from the given one on; a line of zeros ends the list. One character precedes
+// them.
 QByteArray registroLineas(const std::vector<LineaLista>& lineas, std::size_t desde);
 
 }  // namespace tarvo::simulador

@@ -1,5 +1,5 @@
 // The two frame protocols as a machine sees them: it reads questions and acknowledgements, and
-// builds answers. Written apart from the back-office's own codec on purpose: each side proves the
+// builds answers. Deliberately separate from the back-office's own codec: each side checks the
 // other.
 #pragma once
 
@@ -24,10 +24,10 @@ struct Entrada {
   Peticion peticion{};
 };
 
-// Cuts questions out of a stream of bytes. What is no good frame is passed over.
+// Cuts questions out of a stream of bytes. Anything but good frames is ignored.
 class LectorVEK {
  public:
-  // `ancha`: codes have four digits, as the registers' codes do; else three.
+  // `ancha`: codes have four digits, as those of registers; else three.
   explicit LectorVEK(bool ancha) : ancha_(ancha) {}
   std::vector<Entrada> leer(const QByteArray& bytes);
   void vaciar() { trama_.clear(); }
@@ -52,9 +52,9 @@ QByteArray tramaVEKAncha(int secuencia, int estacion, int codigo, const QByteArr
 QByteArray tramaNODAL(int origen, int destino, int secuencia, int codigo, const QByteArray& datos);
 
 // A number in a field: zeros on the left, and the sign of a negative one before its first digit
-// ("000-123"). A number too wide for its field loses its head, as on a display.
+// ("000-123"). A number too wide for its field loses its first digits, as on a display.
 QByteArray campo(qint64 numero, int ancho);
-// The digits of a field as a number; -1 when the field is short or holds anything else.
+// The digits of a field as a number; -1 if the field is short or has other characters.
 qint64 leerCampo(const QByteArray& datos, int desde, int ancho);
 
 }  // namespace tarvo::simulador

@@ -1,5 +1,5 @@
-// What a machine knows of the shop: its articles, and the ledger of single sales from which every
-// counter follows.
+// A machine's knowledge of the shop: its articles, and the ledger of single sales from which all
+// counters are computed.
 #pragma once
 
 #include <QByteArray>
@@ -16,10 +16,10 @@ struct Articulo {
   QString nombre{};
   int unidad = 0;  // 0 kilogram, 1 hundred grams, 2 unit
   int departamento = 1;
-  QByteArray barras{};  // the digits that a register reads; empty when the article has none
+  QByteArray barras{};  // the digits that a register reads; empty if the article has none
   qint64 precio = 0;    // minor units of money per selling unit
-  bool ajeno = false;   // the back-office doesn't know it: its sales belong to article 2 there
-  QByteArray ficha{};   // the record as it was sent to us, given back when somebody asks for it
+  bool ajeno = false;   // unknown to the back-office: its sales belong to article 2 there
+  QByteArray ficha{};   // the record as received, returned on request
   bool operator==(const Articulo&) const = default;
 };
 

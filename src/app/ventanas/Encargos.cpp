@@ -130,7 +130,7 @@ void Encargos::correr(std::vector<automation::PasoProceso> pasos) {
   automat.observar(*this);
   const Peticion p = actual_->peticion;
   // It is seen while it runs, and can be stopped.
-  ventanas_.abrir(u"Automat"_s);
+  ventanas_.abrir(automation::PuertaAutomat());
   automat.PROCESO(std::move(pasos), p.traza, p.nombre, p.omitidas);
 }
 

@@ -1,5 +1,4 @@
 #include "app/ventanas/MainTarvo.h"
-#include "automation/ventanas/Puertas.h"
 
 #include <QEventLoop>
 #include <QKeyEvent>
@@ -14,6 +13,7 @@
 #include "app/ventanas/TextosPrincipal.h"
 #include "comm/ventanas/Pendientes.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Alcance.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/Ventanas.h"
@@ -31,33 +31,30 @@ constexpr int kSesionConDatos = 2;
 struct EntradaMenu {
   Entrada* Ui::MainTarvo::* boton;
   const char16_t* icono;
-  const char16_t* ventana;  // empty: a panel, or the person's own
-  ventanas::Argumentos argumentos = {};
+  Lleva lleva = {};  // nowhere: a panel, or the person's own
 };
 
 const std::vector<EntradaMenu>& entradas() {
   using U = Ui::MainTarvo;
-  static const ventanas::Argumentos kGrupos{{u"Grupos"_s, true}, {u"Depts"_s, false}};
-  static const ventanas::Argumentos kDepts{{u"Grupos"_s, false}, {u"Depts"_s, true}};
   static const std::vector<EntradaMenu> kEntradas{
-      {&U::Balanzas, u"balanza", u"BrowGrupos", kGrupos},
-      {&U::Articulos, u"articulo", u"BrowGrupos", kDepts},
-      {&U::Operadores, u"operador", u"BrowOper"},
-      {&U::EnviarRecibir, u"recibir", u"gestcomm"},
-      {&U::Totales, u"totales", u"VerTot"},
-      {&U::Etiquetas, u"etiqueta", u"EdiEtqu"},
-      {&U::Almacen, u"almacen", u""},
-      {&U::Avanzados, u"mas", u""},
-      {&U::Personalizado, u"ejecutar", u""},
-      {&U::Ofertas, u"etiqueta", u"BrowOfer"},
-      {&U::Albaranes, u"importar", u"BrowAlba"},
-      {&U::Traspasos, u"transfiriendo", u"BrowTrans"},
-      {&U::Pedidos, u"exportar", u"BrowPedi"},
-      {&U::Inventarios, u"sumar", u"BrowInve"},
-      {&U::Almacenes, u"almacen", u"StckCtrl"},
-      {&U::Automaticos, u"automatico", u"BrwMac"},
-      {&U::EnLinea, u"linea", u"PortalEnLinea"},
-      {&U::Configuracion, u"ajustes", u"PortalCnf"},
+      {&U::Balanzas, u"balanza", articles::PuertaBrowGrupos{.grupos = true}},
+      {&U::Articulos, u"articulo", articles::PuertaBrowGrupos()},
+      {&U::Operadores, u"operador", PorNombre{u"BrowOper"_s}},
+      {&U::EnviarRecibir, u"recibir", comm::PuertaGestcomm()},
+      {&U::Totales, u"totales", totals::PuertaVerTot()},
+      {&U::Etiquetas, u"etiqueta", PorNombre{u"EdiEtqu"_s}},
+      {&U::Almacen, u"almacen"},
+      {&U::Avanzados, u"mas"},
+      {&U::Personalizado, u"ejecutar"},
+      {&U::Ofertas, u"etiqueta", PorNombre{u"BrowOfer"_s}},
+      {&U::Albaranes, u"importar", PorNombre{u"BrowAlba"_s}},
+      {&U::Traspasos, u"transfiriendo", PorNombre{u"BrowTrans"_s}},
+      {&U::Pedidos, u"exportar", PorNombre{u"BrowPedi"_s}},
+      {&U::Inventarios, u"sumar", PorNombre{u"BrowInve"_s}},
+      {&U::Almacenes, u"almacen", PorNombre{u"StckCtrl"_s}},
+      {&U::Automaticos, u"automatico", PorNombre{u"BrwMac"_s}},
+      {&U::EnLinea, u"linea", PorNombre{u"PortalEnLinea"_s}},
+      {&U::Configuracion, u"ajustes", PuertaPortalCnf()},
   };
   return kEntradas;
 }
@@ -84,7 +81,7 @@ MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplica
   atenderBandeja();
   connect(&contexto.ventanas, &ventanas::Ventanas::descargada, this,
           [this] { hijaIda_ = this->contexto().reloj.monotono(); });
-  connect(manana_, &Manana::elegida, this, &MainTarvo::abrir);
+  connect(manana_, &Manana::elegida, this, &MainTarvo::ir);
   connect(manana_, &Manana::fallo, this, [this](const Error& e) { decirFallo(e); });
 }
 
@@ -98,9 +95,9 @@ void MainTarvo::ponerEntradas() {
     b->setIcon(ventanas::icono(QString::fromUtf16(e.icono)));
     const int lado = escalar(ventanas::kIconoGrande);
     b->setIconSize({lado, lado});
-    const QString ventana = QString::fromUtf16(e.ventana);
+    const QString ventana = ventanaDe(e.lleva);
     if (ventana.isEmpty()) continue;
-    connect(b, &QToolButton::clicked, this, [this, ventana, &e] { abrir(ventana, e.argumentos); });
+    connect(b, &QToolButton::clicked, this, [this, &e] { ir(e.lleva); });
     if (contexto().ventanas.conoce(ventana)) continue;
     b->setEnabled(false);
     b->setToolTip(t(kTxSinEstaVentana));
@@ -114,14 +111,20 @@ void MainTarvo::ponerEntradas() {
   connect(ui_.Minimizar, &QToolButton::clicked, this, &MainTarvo::minimizar);
 }
 
-void MainTarvo::abrir(const QString& ventana, const ventanas::Argumentos& argumentos) {
-  if (!contexto().ventanas.conoce(ventana)) return decirDuda(t(kTxSinEstaVentana));
-  // The board knows what it leads to by name.
-  if (ventana == automation::PuertaEdiCron::kNombre)
-    ventanas::Ventana::abrir(
-        automation::PuertaEdiCron{argumentos.value(QStringLiteral("horario")).toString()});
-  else
-    contexto().ventanas.abrir(ventana, this, argumentos);
+// Each panel is seen alone, beside what stands below all of them.
+void MainTarvo::ponerLetras() {
+  for (int i = 0; i < ui_.Paneles->count(); ++i) {
+    QSet<QChar> usadas;
+    for (const int texto : {kTxSalir, kTxVolver}) ventanas::conLetra(t(texto), usadas);
+    ventanas::conLetra(ui_.Minimizar->text(), usadas);
+    for (auto* b : ui_.Paneles->widget(i)->findChildren<Entrada*>())
+      if (!b->objectName().isEmpty()) b->setText(ventanas::conLetra(b->text(), usadas));
+  }
+}
+
+void MainTarvo::ir(const Lleva& adonde) {
+  if (!contexto().ventanas.conoce(ventanaDe(adonde))) return decirDuda(t(kTxSinEstaVentana));
+  abrirLo(contexto().ventanas, adonde, this);
 }
 
 void MainTarvo::mostrarPanel(Panel panel) {
@@ -143,7 +146,9 @@ void MainTarvo::moverFoco(int pasos) {
   const auto aqui = botones.indexOf(qobject_cast<QToolButton*>(focusWidget()));
   if (botones.isEmpty()) return;
   const auto n = botones.size();
-  botones[aqui < 0 ? 0 : (aqui + pasos + n) % n]->setFocus(Qt::TabFocusReason);
+  QToolButton* va = botones[aqui < 0 ? 0 : (aqui + pasos + n) % n];
+  va->setFocus(Qt::TabFocusReason);
+  if (ui_.Propias->isAncestorOf(va)) ui_.SitioPropias->ensureWidgetVisible(va);
 }
 
 void MainTarvo::keyPressEvent(QKeyEvent* evento) {
@@ -250,7 +255,7 @@ void MainTarvo::suspenderCapturas() {
 
 // The engine works on when its window is closed: with none to answer for it, it is asked here.
 bool MainTarvo::dejaElMotor() {
-  if (contexto().ventanas.cargada(u"gestcomm"_s)) return true;
+  if (contexto().ventanas.cargada<comm::PuertaGestcomm>()) return true;
   if (app_.gestcomm().puedeCerrar())
     return comm::consienteDejarlas(*this, app_.gestcomm(), app_.registro());
   decirDuda(t(kTxSinCerrar));
@@ -261,7 +266,7 @@ bool MainTarvo::QueryUnload() {
   if (suspendiendo_ || !dejaElMotor()) return true;
   suspenderCapturas();
   if (contexto().ventanas.DescargaTodo(this)) {
-    if (contexto().ventanas.cargada(u"gestcomm"_s)) decirDuda(t(kTxSinCerrar));
+    if (contexto().ventanas.cargada<comm::PuertaGestcomm>()) decirDuda(t(kTxSinCerrar));
     return true;
   }
   tray_->FinSysTray();

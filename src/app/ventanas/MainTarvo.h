@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/Aplicacion.h"
+#include "app/ventanas/Lleva.h"
 #include "core/ventanas/marco/Captura.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_MainTarvo.h"
@@ -30,8 +31,9 @@ class MainTarvo final : public ventanas::Ventana {
 
   // --- MainTarvo.cpp
   void ponerEntradas();
+  void ponerLetras();
   void mostrarPanel(Panel panel);
-  void abrir(const QString& ventana, const ventanas::Argumentos& argumentos = {});
+  void ir(const Lleva& adonde);
   void salir();
   void minimizar();
   void reaparecer();

@@ -9,6 +9,7 @@
 #include "app/ventanas/Puertas.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Retenida.h"
 #include "core/ventanas/marco/Ventanas.h"
 
@@ -39,13 +40,14 @@ void MainTarvo::refrescarPersonal() {
   ui_.Personalizado->setToolTip(ui_.Personalizado->text() == sinMarca(unico) ? QString() : unico);
   // Not at once: the click of one of them may have led here.
   for (auto* viejo : ui_.PanelPersonal->findChildren<QToolButton*>()) {
-    ui_.cajaPanelPersonal->removeWidget(viejo);
+    ui_.cajaPropias->removeWidget(viejo);
     viejo->setObjectName({});
     viejo->hide();
     viejo->deleteLater();
   }
+  QWidgetList seguidas;
   for (size_t i = 0; i < lista.size(); ++i) {
-    auto* b = new Entrada(ui_.PanelPersonal);
+    auto* b = new Entrada(ui_.Propias);
     b->setObjectName(u"Personal%1"_s.arg(i));
     b->setIcon(ui_.Personalizado->icon());
     b->setIconSize(ui_.Personalizado->iconSize());
@@ -55,8 +57,16 @@ void MainTarvo::refrescarPersonal() {
     connect(b, &QToolButton::clicked, this,
             [this, titulo = lista[i].titulo] { ejecutarPersonal(titulo); });
     atenderMenu(*b, i);
-    ui_.cajaPanelPersonal->insertWidget(static_cast<int>(i), b);
+    ui_.cajaPropias->insertWidget(static_cast<int>(i), b);
+    seguidas << b;
   }
+  for (qsizetype i = 1; i < seguidas.size(); ++i) setTabOrder(seguidas[i - 1], seguidas[i]);
+  ponerLetras();
+  // More of them than the screen is high are scrolled.
+  const int barra = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  ui_.SitioPropias->setMinimumWidth(ui_.Propias->minimumSizeHint().width() + barra);
+  ui_.SitioPropias->viewport()->setAutoFillBackground(false);
+  ui_.Propias->setAutoFillBackground(false);
 }
 
 void MainTarvo::pulsarPersonal() {
@@ -78,7 +88,13 @@ void MainTarvo::ejecutarPersonal(const QString& titulo) {
   if (cual == lista.end()) return;
   const QString aut = Ajustes::ruta(cual->proceso + u".AUT"_s, a.HomeDir);
   const auto fichero = app_.lenguaje().LeerProceso(aut);
-  if (fichero && fichero->activaciones.empty()) return abrir(u"Automat"_s, {{u"proceso"_s, aut}});
+  if (fichero && fichero->activaciones.empty()) {
+    if (ventanas::MyMsgBox::Decide(this, contexto().textos,
+                                   contexto().textos(kTxEjecutarAhora, {titulo, cual->proceso}),
+                                   ventanas::kAceptoCancelo))
+      ir(automation::PuertaAutomat{aut});
+    return;
+  }
   const QString cro = Ajustes::ruta(cual->proceso + u".CRO"_s, a.HomeDir);
   // With a process that can't be read and no timetable, what is wrong is in the process.
   if (!fichero && QFile::exists(aut) && !QFile::exists(cro)) return decirFallo(fichero.error());
@@ -87,8 +103,7 @@ void MainTarvo::ejecutarPersonal(const QString& titulo) {
 
 // The window of a timetable that was taken over takes this one's place.
 void MainTarvo::activar(const QString& ruta) {
-  if (!contexto().ventanas.conoce(u"Cronos"_s)) return decirDuda(t(kTxSinEstaVentana));
-  contexto().ventanas.abrir(u"Cronos"_s, this, {{u"horario"_s, ruta}});
+  ir(automation::PuertaCronos{ruta});
 }
 
 // --- changing the list --------------------------------------------------------------------------

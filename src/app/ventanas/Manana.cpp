@@ -33,7 +33,7 @@ QLabel* texto(QWidget* padre, Letra letra, const QString& nombre) {
 }  // namespace
 
 Manana::Manana(ventanas::Contexto& contexto, Aplicacion& aplicacion, QWidget* padre)
-    : QScrollArea(padre), c_(contexto), app_(aplicacion) {
+    : QScrollArea(padre), c_(contexto), app_(aplicacion), aparte_(contexto, *this) {
   setObjectName(u"Manana"_s);
   setWidgetResizable(true);
   setFrameShape(QFrame::NoFrame);
@@ -61,12 +61,16 @@ Manana::Manana(ventanas::Contexto& contexto, Aplicacion& aplicacion, QWidget* pa
   todo->addLayout(cajaAvisos_);
 
   enlazar(*noche_);
-  noche_->poner(
-      {.palabra = {}, .titulo = c_.textos(kTxLeyendo), .texto = {}, .valor = {}, .ventana = {}});
+  noche_->poner({.palabra = {}, .titulo = c_.textos(kTxLeyendo), .texto = {}, .valor = {}});
   todo->addStretch(1);
   setWidget(dentro);
   setProperty("ocupada", true);  // pictures wait for it
   mirada_ = c_.reloj.temporizador([this] { mirar(); });
+  // What was done in another window (a timetable, say) is seen at once.
+  connect(&c_.ventanas, &ventanas::Ventanas::descargada, this, [this] {
+    vieja_ = true;
+    if (leida_) mirada_->unaVez(kTrasPintar);
+  });
 }
 
 // What has nothing to show before the first reading is made after it.
@@ -117,26 +121,28 @@ void Manana::mirar() {
   if (trabajo_ && trabajo_->enMarcha()) return;
   const auto ejecucion = app_.automat().ejecucion();
   const qint64 hace = c_.reloj.monotono() - cuando_;
-  const bool cambiado = c_.db.cambios() != cambios_ && (!ejecucion || hace >= kDescanso);
-  if (!leida_ || ejecucion != ejecucion_ || cambiado || hace >= kVejez) renovar();
+  const bool cambiado = c_.base.cambios() != cambios_ && (!ejecucion || hace >= kDescanso);
+  if (!leida_ || ejecucion != ejecucion_ || cambiado || vieja_ || hace >= kVejez) renovar();
 }
 
 void Manana::renovar() {
+  vieja_ = false;
   ejecucion_ = app_.automat().ejecucion();
-  cambios_ = c_.db.cambios();
+  cambios_ = c_.base.cambios();
   cuando_ = c_.reloj.monotono();
-  lector_ = std::make_shared<automation::LectorResumen>(
-      automation::FuentesResumen{.db = c_.db,
-                                 .ajustes = c_.ajustes,
-                                 .textos = c_.textos,
-                                 .lenguaje = app_.lenguaje(),
-                                 .ahora = c_.reloj.ahora(),
-                                 .cronos = &app_.cronos(),
-                                 .enMarcha = ejecucion_});
+  lector_ = app_.resumen(ejecucion_);
   trabajo_ = std::make_unique<Trabajo>(
       c_.reloj, [lector = lector_](Trabajo::Avance&) { return lector->paso(); },
       [](const Trabajo::Avance&) {}, [this](const Resultado<Trabajo::Fin>& fin) { acabar(fin); });
   trabajo_->empezar();
+  // Counting what is due reads whole sections; the board shows it when it is there.
+  aparte_.preguntar<std::vector<envios::Debe>>(
+      [ahora = c_.reloj.ahora()](dao::Database& db) { return envios::loQueSeDebe(db, ahora); },
+      [this](Resultado<std::vector<envios::Debe>> debe) {
+        if (!debe) return Q_EMIT fallo(debe.error());
+        if (std::exchange(debe_, std::move(*debe)) == debe_) return;
+        if (leida_ && !trabajo_->enMarcha()) acabar(Trabajo::Fin::Acabado);
+      });
   if (!mirada_->activo()) mirada_->unaVez(kMirar);
 }
 
@@ -147,7 +153,8 @@ void Manana::acabar(const Resultado<Trabajo::Fin>& fin) {
     Q_EMIT fallo(fin.error());
   } else if (*fin == Trabajo::Fin::Acabado) {
     VistaManana vista = vistaDe(lector_->resumen(), c_.textos, c_.ajustes);
-    if (const auto lotes = articles::lotesAMedias(c_.db))
+    anadirDebe(vista, debe_, c_.textos);
+    if (const auto lotes = app_.lotesAMedias())
       anteponerLotes(vista, *lotes, c_.textos);
     else
       Q_EMIT fallo(lotes.error());
@@ -160,14 +167,14 @@ void Manana::acabar(const Resultado<Trabajo::Fin>& fin) {
 
 void Manana::enlazar(Pieza& pieza) {
   connect(&pieza, &QAbstractButton::clicked, this, [this, &pieza] {
-    if (!pieza.renglon().ventana.isEmpty())
-      Q_EMIT elegida(pieza.renglon().ventana, pieza.renglon().argumentos);
+    if (!ventanaDe(pieza.renglon().lleva).isEmpty()) Q_EMIT elegida(pieza.renglon().lleva);
   });
 }
 
 void Manana::poner(Pieza& pieza, const Renglon& renglon) {
   pieza.poner(renglon);
-  const bool falta = !renglon.ventana.isEmpty() && !c_.ventanas.conoce(renglon.ventana);
+  const QString ventana = ventanaDe(renglon.lleva);
+  const bool falta = !ventana.isEmpty() && !c_.ventanas.conoce(ventana);
   pieza.setSinVentana(falta ? c_.textos(kTxSinEstaVentana) : QString());
 }
 

@@ -7,6 +7,7 @@
 
 #include "app/ventanas/Piezas.h"
 #include "core/tiempo/Trabajo.h"
+#include "core/ventanas/parrilla/Aparte.h"
 
 class QLabel;
 class QVBoxLayout;
@@ -27,7 +28,7 @@ class Manana final : public QScrollArea {
 
  Q_SIGNALS:
   // A line was chosen.
-  void elegida(const QString& ventana, const tarvo::ventanas::Argumentos& argumentos);
+  void elegida(const tarvo::app::Lleva& adonde);
   void fallo(const tarvo::Error& error);
   void renovada();
 
@@ -52,12 +53,14 @@ class Manana final : public QScrollArea {
   QVBoxLayout *cajaAvisos_, *cajaGrupos_ = nullptr;
   std::vector<LineaGrupo*> avisos_, grupos_;
   std::optional<VistaManana> vista_;
-  bool leida_ = false;
+  bool leida_ = false, vieja_ = false;
   qint64 cambios_ = -1, cuando_ = 0;
   std::optional<qint64> ejecucion_;
   std::shared_ptr<automation::LectorResumen> lector_;
   std::unique_ptr<Trabajo> trabajo_;
   std::unique_ptr<Temporizador> mirada_;
+  std::vector<envios::Debe> debe_;
+  ventanas::Aparte aparte_;
 };
 
 }  // namespace tarvo::app

@@ -101,8 +101,8 @@ void Pieza::poner(const Renglon& renglon) {
   todo.removeAll(QString());
   setAccessibleName(todo.join(u". "_s));
   setAccessibleDescription(renglon.detalle);
-  setCursor(renglon.ventana.isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
-  setFocusPolicy(renglon.ventana.isEmpty() ? Qt::NoFocus : Qt::StrongFocus);
+  setCursor(ventanaDe(renglon.lleva).isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
+  setFocusPolicy(ventanaDe(renglon.lleva).isEmpty() ? Qt::NoFocus : Qt::StrongFocus);
   mostrar();
   updateGeometry();
   update();
@@ -156,7 +156,7 @@ QColor Pieza::fondo() const {
 void Pieza::paintEvent(QPaintEvent*) {
   QPainter p(this);
   p.setRenderHint(QPainter::Antialiasing);
-  const bool encima = underMouse() && !renglon_.ventana.isEmpty();
+  const bool encima = underMouse() && !ventanaDe(renglon_.lleva).isEmpty();
   p.setPen(conBorde() ? QPen(colorDe(encima ? Tinte::Acento : Tinte::Linea), 1) : QPen(Qt::NoPen));
   p.setBrush(encima && !conBorde() && fondo().alpha() == 0 ? colorDe(Tinte::BaseAlterna) : fondo());
   p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), ventanas::kRedondo,

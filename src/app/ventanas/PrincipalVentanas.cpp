@@ -10,6 +10,7 @@
 #include "app/Senales.h"
 #include "app/TextosApp.h"
 #include "app/ventanas/Encargos.h"
+#include "app/ventanas/Lleva.h"
 #include "app/ventanas/PreguntasApp.h"
 #include "app/ventanas/Registro.h"
 #include "app/ventanas/TextosPrincipal.h"
@@ -31,19 +32,13 @@ bool hayPantalla() {
   return false;
 }
 
-// The window that the command line asks for, and what it is to open with.
-struct Primera {
-  QString ventana;
-  ventanas::Argumentos argumentos = {};
-};
-
 // Nothing when the process can't be read, which has been said.
-std::optional<Primera> delProceso(const QString& ruta, const Fondo& fondo, const Aplicacion& app) {
-  const Primera horario{u"Cronos"_s, {{u"horario"_s, ruta}}};
+std::optional<Lleva> delProceso(const QString& ruta, const Fondo& fondo, const Aplicacion& app) {
+  const Lleva horario = automation::PuertaCronos{ruta};
   if (ruta.endsWith(u".cro"_s, Qt::CaseInsensitive)) return horario;
   const auto fichero = app.lenguaje().LeerProceso(ruta);
   if (fichero)
-    return fichero->activaciones.empty() ? Primera{u"Automat"_s, {{u"proceso"_s, ruta}}} : horario;
+    return fichero->activaciones.empty() ? Lleva(automation::PuertaAutomat{ruta}) : horario;
   QString frase = fondo.textos(kTxProcesoNoCargado);
   CambiaTexto(u"#"_s, NombreFichero(ruta), frase);
   avisar(frase);
@@ -53,18 +48,11 @@ std::optional<Primera> delProceso(const QString& ruta, const Fondo& fondo, const
 }
 
 // The mode of the program: a process, a delayed program, or the main window.
-std::optional<Primera> primeraVentana(const Ordenes& o, const Fondo& fondo, const Aplicacion& app,
-                                      const ventanas::Ventanas& todas) {
-  if (!o.ventana.isEmpty()) return Primera{o.ventana, todas.muestra(o.ventana)};
-  if (o.proceso.trimmed().isEmpty()) return Primera{u"MainTarvo"_s};
+std::optional<Lleva> primeraVentana(const Ordenes& o, const Fondo& fondo, const Aplicacion& app,
+                                    const ventanas::Ventanas& todas) {
+  if (!o.ventana.isEmpty()) return PorNombre{o.ventana, todas.muestra(o.ventana)};
+  if (o.proceso.trimmed().isEmpty()) return PorNombre{u"MainTarvo"_s};
   return delProceso(rutaProceso(o.proceso, fondo.ajustes), fondo, app);
-}
-
-// Tickets that were left open on another day. It is no fault when there is no such table.
-Resultado<> olvidarTiquesViejos(dao::Database& db, Fecha hoy) {
-  if (!db.existeTabla(u"TikAbier")) return {};
-  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM TikAbier WHERE fecha<?", hoy.dia()));
-  return {};
 }
 
 // How the program ends. Told to from outside while a process runs, it stops that first, and leaves
@@ -119,13 +107,13 @@ int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, Reloj& reloj,
   preguntas.poner(&ventanas);
   const auto primera = primeraVentana(o, fondo, aplicacion, ventanas);
   if (!primera) return guardarAjustes(fondo, kSinProceso);
-  if (!ventanas.conoce(primera->ventana)) {
-    avisar(t(kTxVentanaDesconocida).arg(primera->ventana, ventanas.nombres().join(u", "_s)));
+  const QString nombre = ventanaDe(*primera);
+  if (!ventanas.conoce(nombre)) {
+    avisar(t(kTxVentanaDesconocida).arg(nombre, ventanas.nombres().join(u", "_s)));
     return kArgumentosMalos;
   }
-  if (primera->ventana == u"MainTarvo")
-    if (const auto hecho = olvidarTiquesViejos(*fondo.db, reloj.ahora()); !hecho)
-      avisar(hecho.error().texto);
+  if (nombre == PuertaMainTarvo::kNombre)
+    if (const auto hecho = aplicacion.olvidarTiquesViejos(); !hecho) avisar(hecho.error().texto);
   QApplication::setWindowIcon(ventanas::icono(u"tarvo"_s));
   qt.setQuitOnLastWindowClosed(false);
   QObject::connect(&ventanas, &ventanas::Ventanas::vacio, &qt, &QApplication::quit);
@@ -133,12 +121,12 @@ int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, Reloj& reloj,
   Final final(aplicacion, preguntas, encargos, [&] {
     if (!ventanas.DescargaTodo()) qt.quit();
   });
-  if (!ventanas.abrir(primera->ventana, nullptr, primera->argumentos))
+  if (!abrirLo(ventanas, *primera, nullptr))
     return guardarAjustes(fondo, o.proceso.isEmpty() ? kProblemas : kSinProceso);
   if (const auto oye = encargos.escuchar(); !oye) {
     const QString frase = t(kTxSinPuerta).arg(oye.error().texto);
     avisar(frase);
-    if (auto* v = ventanas.cargada(primera->ventana)) v->decirDuda(frase);
+    if (auto* v = ventanas.cargada(nombre)) v->decirDuda(frase);
   }
   const int estado = qt.exec();
   return guardarAjustes(fondo, o.proceso.isEmpty() ? estado : std::max(estado, final.estado()));
@@ -190,6 +178,7 @@ std::optional<int> siOcupada(const Ordenes& o, const Textos& t, const QString& c
   if (peticion)
     if (const auto estado = pedirAlOtro(*peticion, *ajustes, reloj)) return estado;
   avisar(error.texto);
+  const ventanas::Tema vestido(*qApp, ventanas::leerCara(o.tema));
   const QString frase = ajustes ? t(kTxReintentar).arg(ajustes->BaseDatos) : error.texto;
   const bool otraVez = ventanas::MyMsgBox::Decide(
       nullptr, t, frase, ventanas::kAceptoCancelo | ventanas::kExclamacion);
@@ -210,8 +199,9 @@ int principalVentanas(int argc, char** argv) {
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication qt(argc, argv);
     // Started from the desktop, nobody reads the standard error.
-    const auto decirFallo = [&t](const QString& texto) {
+    const auto decirFallo = [&t, &qt, &o](const QString& texto) {
       avisar(texto);
+      const ventanas::Tema vestido(qt, ventanas::leerCara(o.tema));
       ventanas::MyMsgBox::Decide(nullptr, t, texto, ventanas::kCritico);
     };
     const auto trabajar = [&](Fondo& fondo, Reloj& reloj) {

@@ -14,4 +14,15 @@ struct PuertaElemPerso {
   std::optional<std::size_t> cual = {};
 };
 
+// The panel of settings.
+struct PuertaPortalCnf {
+  static constexpr QStringView kNombre = u"PortalCnf";
+  bool operator==(const PuertaPortalCnf&) const = default;
+};
+
+// The main window.
+struct PuertaMainTarvo {
+  static constexpr QStringView kNombre = u"MainTarvo";
+};
+
 }  // namespace tarvo::app

@@ -31,10 +31,14 @@ void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
   comm::registrarVentanasComm(ventanas, {.motor = aplicacion.gestcomm(),
                                          .enlaces = aplicacion.enlaces(),
                                          .sesion = aplicacion.sesion(),
-                                         .registro = aplicacion.registro()});
+                                         .registro = aplicacion.registro(),
+                                         .grupos = aplicacion.grupos()});
   totals::registrarVentanasTotales(ventanas, aplicacion.sesion(), aplicacion.periodos());
-  automation::registrarVentanasAutomation(ventanas, aplicacion.automat(), aplicacion.cronos(),
-                                          aplicacion.lenguaje(), aplicacion.gestcomm());
+  automation::registrarVentanasAutomation(ventanas, {.automat = aplicacion.automat(),
+                                                     .cronos = aplicacion.cronos(),
+                                                     .lenguaje = aplicacion.lenguaje(),
+                                                     .motor = aplicacion.gestcomm(),
+                                                     .debidos = aplicacion.debidos()});
 }
 
 }  // namespace tarvo::app

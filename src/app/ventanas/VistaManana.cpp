@@ -6,6 +6,8 @@
 #include "app/Aplicacion.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "comm/motor/TextosMotor.h"
+#include "core/dinero/Dinero.h"
+#include "totals/periodos/Calendario.h"
 
 namespace tarvo::app {
 
@@ -19,7 +21,6 @@ using ventanas::Estado;
 namespace {
 
 constexpr size_t kAvisosVistos = 5, kGruposVistos = 200, kEsperanVistos = 3;
-constexpr qsizetype kDudasVistas = 3;
 
 QString horaCorta(Fecha momento) {
   return momento.horaLarga().left(5);
@@ -50,6 +51,8 @@ class Redactor {
   }
   QString frase(const automation::EjecucionHecha& e) const;
   QString comparado(const automation::PeriodoResumen& p) const;
+  const automation::PeriodoResumen& principal() const;
+  void ponerImporte(Renglon& r, const automation::GrupoResumen& g) const;
   void ponerTraza(Renglon& r) const;
 
   const Resumen& r_;
@@ -76,17 +79,14 @@ QString Redactor::frase(const automation::EjecucionHecha& e) const {
 // The trace tells all of a run.
 void Redactor::ponerTraza(Renglon& r) const {
   const QString& traza = r_.ejecuciones.front().traza;
-  r.ventana = u"VeoLog"_s;
-  if (!traza.isEmpty()) r.argumentos[u"fichero"_s] = Ajustes::ruta(traza, a_.HomeDir);
+  r.lleva = traza.isEmpty() ? automation::PuertaVeoLog()
+                            : automation::PuertaVeoLog{Ajustes::ruta(traza, a_.HomeDir)};
 }
 
 Renglon Redactor::noche() const {
   if (r_.ejecuciones.empty())
-    return {.palabra = {},
-            .titulo = t_(kTxSinNoche),
-            .texto = t_(kTxSinNocheQueHacer),
-            .valor = {},
-            .ventana = {}};
+    return {
+        .palabra = {}, .titulo = t_(kTxSinNoche), .texto = t_(kTxSinNocheQueHacer), .valor = {}};
   const FinEjecucion fin = r_.ejecuciones.front().fin;
   const bool fallos = r_.cuantos(EstadoGrupo::Fallido) > 0;
   const bool dudas = r_.cuantos(EstadoGrupo::Dudoso) > 0 || !r_.avisos.empty();
@@ -117,15 +117,14 @@ std::vector<Renglon> Redactor::deArranque() const {
                      .palabra = t_(kTxVerAjustes),
                      .titulo = t_(kTxBaseFuera),
                      .texto = t_(kTxBaseFueraQue, {a_.BaseDatos, a_.carpeta}),
-                     .valor = {},
-                     .ventana = {}});
+                     .valor = {}});
   for (const QString& duda : dudasDe(a_, t_).mid(0, kAvisosVistos))
     lista.push_back({.estado = Estado::Duda,
                      .palabra = t_(kTxVerAjustes),
                      .titulo = {},
                      .texto = duda,
                      .valor = {},
-                     .ventana = u"PortalCnf"_s});
+                     .lleva = PuertaPortalCnf()});
   return lista;
 }
 
@@ -137,14 +136,14 @@ std::vector<Renglon> Redactor::avisos() const {
                      .titulo = {},
                      .texto = Plural(t_(kTxHayDudasCero), r_.dudasCero),
                      .valor = {},
-                     .ventana = u"DudasCero"_s});
+                     .lleva = totals::PuertaDudasCero()});
   if (r_.debidos > 0)
     lista.push_back({.estado = Estado::Duda,
                      .palabra = t_(kTxVerDebidos),
                      .titulo = {},
                      .texto = Plural(t_(kTxQuedaPorHacer), r_.debidos),
                      .valor = {},
-                     .ventana = u"Debidos"_s});
+                     .lleva = automation::PuertaDebidos()});
   const size_t hasta = lista.size() + kAvisosVistos;
   for (const auto& aviso : r_.avisos) {
     if (lista.size() == hasta) break;
@@ -152,8 +151,7 @@ std::vector<Renglon> Redactor::avisos() const {
               .palabra = t_(kTxVerAviso),
               .titulo = {},
               .texto = aviso.texto,
-              .valor = {},
-              .ventana = {}};
+              .valor = {}};
     ponerTraza(r);
     lista.push_back(std::move(r));
   }
@@ -188,23 +186,32 @@ std::vector<double> barrasDe(const automation::PeriodoResumen& p) {
   return barras;
 }
 
+// The day that the night made, else what it made first. REQUIRES a period.
+const automation::PeriodoResumen& Redactor::principal() const {
+  const auto dia =
+      std::ranges::find(r_.periodos, totals::kDiario, &automation::PeriodoResumen::tipo);
+  return dia != r_.periodos.end() ? *dia : r_.periodos.front();
+}
+
 Renglon Redactor::ventas() const {
-  Renglon r{
-      .palabra = {}, .titulo = t_(kTxVentas), .texto = {}, .valor = {}, .ventana = u"VerTot"_s};
-  const auto dia = std::ranges::find(r_.periodos, 1, &automation::PeriodoResumen::tipo);
+  Renglon r{.palabra = {},
+            .titulo = t_(kTxVentas),
+            .texto = {},
+            .valor = {},
+            .lleva = totals::PuertaVerTot()};
   if (r_.periodos.empty()) {
     r.valor = t_(kTxSinVentas);
     if (!r_.ejecuciones.empty())
       r.texto = t_(r_.perdidos > 0 ? kTxPeriodoPerdido : kTxSinVentasQueHacer);
     return r;
   }
-  const auto& p = dia != r_.periodos.end() ? *dia : r_.periodos.front();
-  r.titulo += u": "_s + p.texto.simplified();
+  const auto& p = principal();
+  r.titulo += u": "_s + p.texto;
   r.valor = ver(Clase::Importe, p.importe) + u' ' +
-            a_.MonedaLogo[static_cast<size_t>(a_.MonedaPreferente != 0)];
-  r.argumentos[u"link"_s] = p.link;
+            a_.MonedaLogo[static_cast<size_t>(a_.MonedaPreferente != 0)].trimmed();
+  r.lleva = totals::PuertaVerTot{p.link};
   r.texto = p.descripcion;
-  if (dia == r_.periodos.end()) return r;
+  if (p.tipo != totals::kDiario) return r;
   r.texto = comparado(p);
   if (p.media()) r.barras = barrasDe(p);
   return r;
@@ -215,12 +222,12 @@ Renglon Redactor::bandeja() const {
             .titulo = t_(kTxBandeja),
             .texto = {},
             .valor = t_(kTxBandejaVacia),
-            .ventana = u"gestcomm"_s};
+            .lleva = comm::PuertaGestcomm()};
   if (r_.bandeja.empty()) {
     r.texto = t_(r_.sesion == 0 ? kTxSesionCerrada : kTxSesionAbierta);
     return r;
   }
-  r.ventana = u"CerrSes"_s;
+  r.lleva = totals::PuertaCerrSes();
   r.estado = Estado::Duda;
   r.valor = Plural(t_(kTxGruposEsperan), static_cast<int>(r_.bandeja.size()));
   Fecha desde = r_.ahora;
@@ -248,18 +255,17 @@ Renglon Redactor::proxima() const {
             .titulo = t_(kTxProxima),
             .texto = t_(kTxSinProximaQueHacer),
             .valor = t_(kTxSinProxima),
-            .ventana = u"EdiCron"_s};
+            .lleva = automation::PuertaEdiCron()};
   if (!r_.proxima) return r;
   const auto& p = *r_.proxima;
   r.valor = horaCorta(p.cuando);
   if (p.activo) {
-    r.ventana = u"Cronos"_s;
+    r.lleva = automation::PuertaCronos();
     r.texto = t_(kTxProximaActiva, {p.proceso, cuando(p.cuando)});
   } else {
     r.estado = Estado::Duda;
     r.texto = t_(kTxProximaParada, {p.proceso, cuando(p.cuando), p.horario});
-    r.ventana = u"EdiCron"_s;
-    r.argumentos[u"horario"_s] = Ajustes::ruta(p.horario, a_.HomeDir);
+    r.lleva = automation::PuertaEdiCron{Ajustes::ruta(p.horario, a_.HomeDir)};
   }
   return r;
 }
@@ -280,14 +286,30 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
             .palabra = t_(modo.palabra),
             .titulo = nombreGrupo(g.grupo, g.nombre),
             .texto = g.motivo,
-            .valor = g.importe ? ver(Clase::Importe, *g.importe) : QString(),
-            .ventana = g.estado == EstadoGrupo::Bien ? u"VerTot"_s : u"gestcomm"_s,
-            .argumentos = {{u"grupo"_s, g.grupo}}};
-  // What failed draws the rest after it; doubts stand each for itself.
-  if (g.estado == EstadoGrupo::Dudoso) r.texto = g.motivos.mid(0, kDudasVistas).join(u'\n');
-  if (g.estado == EstadoGrupo::Bien && !r_.periodos.empty())
-    r.argumentos[u"link"_s] = r_.periodos.front().link;
+            .valor = {},
+            .lleva = comm::PuertaGestcomm{g.grupo}};
+  // One line; the rest of the reasons is in the tip and in the trace.
+  if (g.estado != EstadoGrupo::Bien && g.motivos.size() > 1) {
+    r.texto += u' ' + Plural(t_(kTxYMotivosMas), static_cast<int>(g.motivos.size()) - 1);
+    r.detalle = g.motivos.join(u'\n');
+  }
+  ponerImporte(r, g);
+  if (g.estado != EstadoGrupo::Bien) return r;
+  if (g.link > 0)
+    r.lleva = totals::PuertaVerCols{.link = g.link, .grupo = g.grupo};
+  else
+    r.lleva = totals::PuertaVerTot();
   return r;
+}
+
+// A column of amounts is of one period; what a group has in another is said in words.
+void Redactor::ponerImporte(Renglon& r, const automation::GrupoResumen& g) const {
+  if (!g.importe) return;
+  const auto suyo = std::ranges::find(r_.periodos, g.link, &automation::PeriodoResumen::link);
+  if (suyo == r_.periodos.end() || suyo->link == principal().link)
+    r.valor = ver(Clase::Importe, *g.importe);
+  else
+    r.texto += u' ' + t_(kTxEnOtroPeriodo, {ver(Clase::Importe, *g.importe), suyo->texto});
 }
 
 // What asks for a hand stands on top.
@@ -302,7 +324,7 @@ std::vector<Renglon> Redactor::grupos() const {
                      .titulo = Plural(t_(kTxYMas), static_cast<int>(mas)),
                      .texto = {},
                      .valor = {},
-                     .ventana = u"gestcomm"_s});
+                     .lleva = comm::PuertaGestcomm()});
   return lista;
 }
 
@@ -348,8 +370,38 @@ void anteponerLotes(VistaManana& vista, std::span<const articles::LoteAMedias> l
                       .titulo = {},
                       .texto = articles::decirAMedias(l, textos),
                       .valor = {},
-                      .ventana = l.ventana});
+                      .lleva = PorNombre{l.ventana}});
   vista.avisos.insert(vista.avisos.begin(), lineas.begin(), lineas.end());
+}
+
+void anadirDebe(VistaManana& vista, std::span<const envios::Debe> debe, const Textos& textos) {
+  QStringList vacios, pendientes;
+  int vacio = 0, pendiente = 0;
+  for (const envios::Debe& d : debe) {
+    const QString nombre = Ceros(d.grupo, 4) + u' ' + d.nombre;
+    if (d.vacio)
+      vacios << nombre;
+    else
+      pendientes << nombre + u": "_s +
+                        Plural(textos(kTxArticulosDebidos), static_cast<int>(d.articulos));
+    int& primero = d.vacio ? vacio : pendiente;
+    if (primero == 0) primero = d.grupo;
+  }
+  const auto linea = [&](Estado estado, int texto, const QStringList& cuales, int grupo) {
+    if (cuales.isEmpty()) return;
+    QStringList vistos = cuales.mid(0, static_cast<qsizetype>(kEsperanVistos));
+    if (const auto mas = cuales.size() - vistos.size(); mas > 0)
+      vistos << Plural(textos(kTxYMas), static_cast<int>(mas));
+    vista.avisos.push_back({.estado = estado,
+                            .palabra = textos(kTxVerEnvio),
+                            .titulo = {},
+                            .texto = textos(texto, {vistos.join(u", ")}),
+                            .valor = {},
+                            .lleva = comm::PuertaEstadoEnvio{grupo},
+                            .detalle = cuales.join(u'\n')});
+  };
+  linea(Estado::Duda, kTxBalanzasVacias, vacios, vacio);
+  linea(Estado::Ninguno, kTxPorEnviar, pendientes, pendiente);
 }
 
 VistaManana vistaDe(const Resumen& resumen, const Textos& textos, const Ajustes& ajustes) {

@@ -13,20 +13,20 @@ namespace {
 
 constexpr int kFilasConTitulos = 20;
 
-// A heading as it is compared: letters and digits, accents and case ignored.
+// A heading for comparison: letters and digits, accents and case ignored.
 QString pelado(const QString& titulo) {
   QString t;
   for (const QChar c : titulo) t += c.isLetterOrNumber() ? c : QChar(u' ');
   return dao::claveOrden(t.simplified());
 }
 
-// The names of a field, the one that is shown first.
+// The names of a field, the displayed one first.
 QStringList nombres(Campo campo, const Textos& textos) {
   if (!esPrecio(campo))
     return textos(kTxCampos + static_cast<int>(campo)).split(u'|', Qt::SkipEmptyParts);
   const int i = static_cast<int>(campo) - static_cast<int>(Campo::Precio);
   const int nivel = i / articles::kTarifas, tarifa = i % articles::kTarifas;
-  // The first tarifa is 1 to people, 0 in the names of the columns.
+  // The first tarifa is 1 for people, 0 in column names.
   QStringList n = textos(kTxPreciosNivel + nivel, {tarifa + 1}).split(u'|', Qt::SkipEmptyParts);
   n << articles::columnaPrecio(nivel, tarifa);
   if (i == 0) n << textos(kTxPrecioSolo).split(u'|', Qt::SkipEmptyParts);
@@ -42,7 +42,7 @@ class Diccionario {
       for (const QString& n : nombres(static_cast<Campo>(i), textos))
         campos_[pelado(n)].push_back(static_cast<Campo>(i));
   }
-  // What the whole heading names, or else the longest name that it begins with.
+  // The field named by the whole heading, or else by the longest name at its beginning.
   Candidatos buscar(QString titulo, bool entero) const {
     titulo = pelado(titulo);
     for (;;) {
@@ -58,7 +58,7 @@ class Diccionario {
   QHash<QString, Candidatos> campos_;
 };
 
-// Names of one field first, so that "Artículo" is what "Código" leaves it to be.
+// Unambiguous names first, so that "Artículo" is whatever "Código" leaves over.
 Emparejado columnasDe(const Tabla& tabla, int fila, const Diccionario& d) {
   struct Vuelta {
     bool entero;

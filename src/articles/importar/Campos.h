@@ -1,4 +1,4 @@
-// The fields of an article that a table can fill, and how its headings name them.
+// The fields of an article that a table can fill, and their names in headings.
 #pragma once
 
 #include <QStringList>
@@ -47,15 +47,15 @@ bool esDecimal(Campo c);  // money, a quantity or a percentage
 
 QString titulo(Campo campo, const Textos& textos);
 
-// Column by column, what it fills.
+// The field filled by each column.
 using Emparejado = std::vector<std::optional<Campo>>;
 
 struct Titulos {
-  int fila = -1;  // of the table; -1 when no row has a heading that is known
+  int fila = -1;  // of the table; -1 when no row has a known heading
   Emparejado columnas;
 };
-// The row of headings among the first ones, and what its columns are: synonyms, accents and case
-// ignored. No field twice.
+// The row of headings among the first rows, and the fields of its columns: synonyms count, accents
+// and case are ignored. No field twice.
 Titulos emparejar(const Tabla& tabla, const Textos& textos);
 
 }  // namespace tarvo::importar

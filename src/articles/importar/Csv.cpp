@@ -61,7 +61,7 @@ class Partidor {
     while (!enFin()) ++i_;
     return salida.append(t_.sliced(desde, i_ - desde));
   }
-  // After the closing quote; nothing moves when there is none near enough.
+  // Moves past the closing quote; stays when there is none near enough.
   void entreComillas(QString& salida) {
     const qsizetype tope = std::min(t_.size(), i_ + kCeldaMayor);
     int lineas = 0;
@@ -117,7 +117,7 @@ QChar averiguarSeparador(QStringView texto) {
   int votos = 0;
   for (const QChar s : kSeparadores) {
     const Tabla t = Partidor(muestra, s).partir(kLineasMuestra);
-    std::map<int, int> anchos;  // cells of a row, rows that have as many
+    std::map<int, int> anchos;  // cells in a row, number of such rows
     for (int f = 0; f < t.filas(); ++f) {
       int n = 0;
       for (int c = 0; c < t.columnas(); ++c)

@@ -1,4 +1,4 @@
-// Texts with separators, as pure functions: encoding and separator are found out, not asked for.
+// Texts with separators, as pure functions: encoding and separator are detected, not asked for.
 #pragma once
 
 #include <QByteArray>
@@ -9,17 +9,17 @@ namespace tarvo::importar {
 
 enum class Codificacion { Utf8, Windows1252, Utf16LE, Utf16BE };
 
-// By its mark; else by the zero bytes that Latin letters leave in UTF-16; else UTF-8 when nothing
-// isn't.
+// By its mark; else by the zero bytes of Latin letters in UTF-16; else UTF-8 when all of it is
+// valid.
 Codificacion averiguarCodificacion(QByteArrayView bytes);
 QString descodificarComo(const QByteArray& bytes, Codificacion codificacion);
 
-// Of ";", tab, "," and "|" the one that parts the first lines into as many cells each; ";" when
-// none parts any.
+// Of ";", tab, "," and "|" the one that splits the first lines into equal numbers of cells; ";"
+// when none splits any.
 QChar averiguarSeparador(QStringView texto);
 
-// A cell may stand in quotes, then it may hold the separator, ends of lines and "" for a quote. A
-// quote that never ends is a quote. It stops when the table is full.
+// A cell may be quoted, and then contain the separator, line ends and "" for a quote. An unclosed
+// quote is taken literally. Stops when the table is full.
 Tabla partirCsv(QStringView texto, QChar separador);
 
 }  // namespace tarvo::importar

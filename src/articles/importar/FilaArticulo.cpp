@@ -19,7 +19,7 @@ int nativa(const Ajustes& a) {
   return a.MonedaNativa != 0 ? 1 : 0;
 }
 
-// The number of a word in a run of texts "one|another"; 0 for the first text.
+// The number of a word in a series of texts "one|another"; 0 for the first text.
 std::optional<int> palabra(const QString& texto, int primera, int cuantas, const Textos& t) {
   const QString clave = dao::claveOrden(texto.simplified());
   for (int i = 0; i < cuantas; ++i)
@@ -122,7 +122,7 @@ std::expected<articles::ClaveArticulo, Motivo> Filas::clave(int fila) const {
   return k;
 }
 
-// The unit comes first: quantities are read by it.
+// The unit comes first: quantities depend on it.
 std::expected<Articulo, Motivo> Filas::aplicar(int fila, Articulo a, bool nuevo) const {
   const Articulo antes = a;
   for (const auto& [campo, columna] : donde_) {
@@ -152,7 +152,7 @@ std::optional<Motivo> Filas::poner(Articulo& a, Campo campo, const QString& text
   switch (campo) {
     case Campo::Seccion:
     case Campo::Codigo:
-      return std::nullopt;  // the key is read apart
+      return std::nullopt;  // the key is read separately
     case Campo::Nombre:
       a.nombre = texto.simplified();
       return articles::malNombre(a.nombre, t_);
@@ -221,7 +221,7 @@ std::optional<Motivo> Filas::ponerFormato(int& donde, const QString& texto) cons
   return articles::malFormato(donde, t_);
 }
 
-// By the limits of all prices, after the sign of this table is made the language's.
+// Within the limits of all prices, after converting this table's decimal sign to the language's.
 std::optional<Motivo> Filas::ponerImporte(qint64& donde, Campo campo, const QString& texto) const {
   auto n = leerDecimal(texto, plan_.signo);
   if (!n || n->startsWith(u'-')) return noVale(campo, texto);

@@ -1,4 +1,4 @@
-// One row of a table onto an article.
+// Applies one row of a table to an article.
 #pragma once
 
 #include <QHash>
@@ -12,16 +12,16 @@
 
 namespace tarvo::importar {
 
-// What the person decided before the rows are read.
+// The person's choices before the rows are read.
 struct Plan {
   Emparejado columnas;
   int primeraFila = 0;
   Signo signo = Signo::Coma;
-  int seccion = 1;          // of rows that don't say theirs
-  bool crearNuevos = true;  // else codes that aren't there are left out
+  int seccion = 1;          // of rows without their own
+  bool crearNuevos = true;  // otherwise unknown codes are left out
 };
 
-// The sections and departments that there are.
+// The existing sections and departments.
 class Departamentos {
  public:
   static Resultado<Departamentos> leer(dao::Database& db);
@@ -31,7 +31,7 @@ class Departamentos {
   std::optional<int> primero(int seccion) const;
 
  private:
-  std::map<int, std::map<int, QString>> deptos_;  // names as keys of the order
+  std::map<int, std::map<int, QString>> deptos_;  // names as sort keys
 };
 
 class Filas {
@@ -41,14 +41,15 @@ class Filas {
         const Textos& textos);
 
   using Motivo = QString;
-  // What article a row is about.
+  // The key of a row's article.
   std::expected<articles::ClaveArticulo, Motivo> clave(int fila) const;
-  // The article with what the row says; an empty cell says nothing. `nuevo`: it isn't there yet.
+  // The article with the values of the row; an empty cell changes nothing. `nuevo`: it doesn't
+  // exist yet.
   std::expected<articles::Articulo, Motivo> aplicar(int fila, articles::Articulo articulo,
                                                     bool nuevo) const;
 
  private:
-  const QString* celda(int fila, Campo campo) const;  // null where there is none, or it is empty
+  const QString* celda(int fila, Campo campo) const;  // null when missing or empty
   std::optional<Motivo> poner(articles::Articulo& a, Campo campo, const QString& texto) const;
   std::optional<Motivo> ponerEntero(int& donde, Campo campo, const QString& texto, int menor,
                                     int mayor) const;
@@ -73,7 +74,7 @@ class Filas {
   std::map<Campo, int> donde_;
 };
 
-// A field of an article as it is shown.
+// A field of an article as displayed.
 QString verCampo(Campo campo, const articles::Articulo& articulo, const Ajustes& ajustes,
                  const Textos& textos);
 

@@ -1,5 +1,5 @@
-// Spreadsheet files into a table: the first sheet that holds something. Numbers come with "," as
-// the decimal sign, dates as dd/mm/yyyy, formulas as what they came to when the file was saved.
+// Spreadsheet files into a table: the first sheet with contents. Numbers have "," as the decimal
+// sign, dates are dd/mm/yyyy, formulas give their value when the file was saved.
 #pragma once
 
 #include <QByteArray>
@@ -14,14 +14,14 @@ struct HojaLeida {
   QString nombre;
 };
 
-inline constexpr int kColumnasHoja = 1024;  // what lies beyond is no catalogue
+inline constexpr int kColumnasHoja = 1024;  // anything beyond is no catalogue
 
-// `bytes` of a whole file. Nothing when they can't be read as such.
+// `bytes` of a whole file. Nothing when they are not such a file.
 std::optional<HojaLeida> leerXlsx(const QByteArray& bytes);
 std::optional<HojaLeida> leerOds(const QByteArray& bytes);
 
-// A number of a sheet as a person would have typed it: no exponent, no digits that only binary
-// fractions have.
+// A number of a sheet as a person would have typed it: no exponent, no digits due to binary
+// fractions.
 QString numeroDeHoja(double x);
 
 }  // namespace tarvo::importar

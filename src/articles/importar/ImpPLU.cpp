@@ -75,7 +75,7 @@ Resultado<bool> ImpPLU::paso(SiExiste siExiste) {
   return hecho;
 }
 
-// A second line of a code comes upon what the first one made.
+// A second line with the same code finds the article of the first.
 Resultado<bool> ImpPLU::linea(SiExiste siExiste, Registros& registros) {
   if (!lineas_.siguiente()) return false;
   if (lineas_.linea().isEmpty()) return true;

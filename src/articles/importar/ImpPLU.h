@@ -1,5 +1,5 @@
-// A .PLU file into the catalogue, in slices. The machines don't hear of it: imported articles reach
-// them by a complete transmission. The whole run is one batch, which can be undone.
+// Imports a .PLU file into the catalogue, in slices. The changes are not due to the machines:
+// imported articles reach them by a complete transmission. The whole run is one undoable batch.
 #pragma once
 
 #include <map>
@@ -22,21 +22,21 @@ class ImpPLU {
                                                   Reloj& reloj, const QString& ruta);
   ~ImpPLU();
 
-  // The next lines, as one transaction: true while there is more to do. An error of the store that
-  // is no matter of one line ends the run; what earlier steps brought stays.
+  // The next lines, as one transaction: true while there is more to do. A store error not due to a
+  // single line ends the run; what earlier steps imported stays.
   Resultado<bool> paso(SiExiste siExiste);
-  // Closes the batch, when the run is over in whichever way.
+  // Closes the batch, however the run ended.
   Resultado<> acabar();
 
   struct Cuenta {
-    int lineas = 0;  // read, those in `malas` too; empty ones don't count
+    int lineas = 0;  // read, including those in `malas`; empty ones don't count
     int nuevos = 0, sobreescritos = 0, conservados = 0;
-    bool parado = false;  // the last of `malas` has a wrong length and stopped the run
+    bool parado = false;  // the last of `malas` has the wrong length and stopped the run
     std::vector<LineaMala> malas;
   };
   const Cuenta& cuenta() const { return cuenta_; }
   const QString& ultimo() const { return ultimo_; }  // name of the last article written
-  // The batch to be undone; 0 when nothing was written.
+  // The batch to undo; 0 when nothing was written.
   qint64 lote() const;
   qint64 leidos() const { return lineas_.leidos(); }
   qint64 tamano() const { return lineas_.tamano(); }
@@ -47,7 +47,7 @@ class ImpPLU {
   Resultado<bool> linea(SiExiste siExiste, Registros& registros);
   Resultado<> escribir(const Registros& registros, SiExiste siExiste);
   Resultado<> leerSecciones();
-  // What keeps a record out, in words; empty for none.
+  // Why a record is refused, in words; empty for a good one.
   QString falta(const RegistroPLU& r) const;
   QString motivo(const FaltaPLU& falta) const;
 

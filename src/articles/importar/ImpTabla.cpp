@@ -1,4 +1,4 @@
-// The dry run. Doing it is in ImpTablaAplicar.cpp.
+// The dry run. The import itself is in ImpTablaAplicar.cpp.
 #include "articles/importar/ImpTabla.h"
 
 #include "articles/importar/TextosImportar.h"
@@ -25,7 +25,7 @@ Plan planDe(const Tabla& tabla, const Textos& textos) {
   return plan;
 }
 
-// What one walk over the rows has to remember.
+// The state of one pass over the rows.
 struct ImpTabla::Pase {
   std::unique_ptr<dao::Recordset> rs;
   articles::ColumnasArticulo columnas;
@@ -127,7 +127,7 @@ Resultado<std::optional<QString>> ImpTabla::codigoAjeno(int fila,
   return catalogo_.textos()(kTxCodigoDeOtro, {*ahora.codBarExt, Ceros(*otro, 7)});
 }
 
-// What only shows when all rows are known: that a bar code stays where it is.
+// Only known once all rows are: that a bar code stays where it is.
 void ImpTabla::negarCodigos() {
   for (const auto& negado : reparto_.negados()) {
     Propuesta& p = propuestas_[static_cast<size_t>(negado.fila)];

@@ -1,6 +1,6 @@
-// Articles from a table: first a dry run that says what would change, then all of it in slices
-// through the catalogue, as one batch that can be undone. The machines hear of each change, the
-// history of prices too.
+// Articles from a table: first a dry run that shows what would change, then all of it in slices
+// through the catalogue, as one undoable batch. Each change is due to the machines and enters the
+// price history.
 #pragma once
 
 #include "articles/Lotes.h"
@@ -14,7 +14,7 @@ enum class Que { Nuevo, Cambia, Igual, Rechazada };
 
 struct Cambio {
   Campo campo;
-  QString antes, ahora;  // as they are shown; `antes` is empty for a new article
+  QString antes, ahora;  // as displayed; `antes` is empty for a new article
 };
 
 struct Propuesta {
@@ -26,7 +26,7 @@ struct Propuesta {
   QString motivo;  // of a refusal
 };
 
-// The plan that suits a table: its headings, the decimal sign that most of its numbers show.
+// The plan for a table, from its headings and the decimal sign of most of its numbers.
 Plan planDe(const Tabla& tabla, const Textos& textos);
 Signo averiguarSigno(const Tabla& tabla, const Plan& plan);
 
@@ -52,9 +52,9 @@ class ImpTabla {
     int nuevos = 0, cambiados = 0;
     std::vector<LineaMala> malas;
   };
-  // Does it: the next rows that the dry run let through, as the articles are now. Each step is a
-  // transaction of its own, between which others may write. True while there are more. Left before
-  // acabar(), or failed, it is half done: its batch is to be taken back. An error names the line.
+  // Imports the next rows that passed the dry run, onto the articles as they are now. Each step is
+  // a transaction of its own, between which others may write. True while there are more. Left
+  // before acabar(), or failed, it is half done: its batch must be undone. An error names the line.
   // REQUIRES the whole dry run.
   Resultado<bool> aplicar();
   Resultado<> acabar();  // after the last step
@@ -68,11 +68,11 @@ class ImpTabla {
            const Tabla& tabla, Plan plan, Departamentos deptos);
   Resultado<std::unique_ptr<Pase>> nuevoPase();
   Resultado<Propuesta> proponer(Pase& pase, int fila);
-  // The row as an article; a reason in its stead is a refusal.
+  // The row as an article, or the reason for its refusal.
   using Leido = std::expected<articles::Articulo, QString>;
   Leido leer(int fila, articles::ClaveArticulo clave,
              const std::optional<articles::Articulo>& antes) const;
-  // Why it can't have its bar code, if that is known already.
+  // Why it can't have its bar code, if already known.
   Resultado<std::optional<QString>> codigoAjeno(int fila,
                                                 const std::optional<articles::Articulo>& antes,
                                                 const articles::Articulo& ahora);

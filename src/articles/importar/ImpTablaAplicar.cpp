@@ -1,4 +1,4 @@
-// What the dry run let through, done.
+// Importing the rows that passed the dry run.
 #include <algorithm>
 
 #include "articles/importar/ImpTabla.h"
@@ -38,7 +38,8 @@ void ImpTabla::rechazar(int cual, const QString& motivo) {
                           tabla_.celda(plan_.primeraFila + cual, 0).left(40)});
 }
 
-// A reason that only turns up now is one of the line too: somebody took the bar code meanwhile.
+// A reason that only turns up now is reported for the line as well: another article took the bar
+// code meanwhile.
 Resultado<> ImpTabla::aplicarUna(int cual) {
   const Propuesta& p = propuestas_[static_cast<size_t>(cual)];
   if (p.que == Que::Rechazada) return rechazar(cual, p.motivo), Resultado<>{};
@@ -54,8 +55,7 @@ Resultado<> ImpTabla::aplicarUna(int cual) {
                catalogo_.textos()(kTxNadaHecho, {p.linea, escrito.error().texto}));
 }
 
-// Rows that pass bar codes on among themselves: all of them let go of theirs first, in one
-// transaction.
+// Rows that exchange bar codes among themselves: all release theirs first, in one transaction.
 Resultado<> ImpTabla::aplicarJuntas() {
   TARVO_TOMAR(const auto como, juntasComoDebian());
   for (const int cual : juntas_)
@@ -73,7 +73,7 @@ Resultado<> ImpTabla::aplicarJuntas() {
   return {};
 }
 
-// Whether none of them was changed since the dry run, so that each gets its code.
+// Whether none of them has changed since the dry run, so that each gets its code.
 Resultado<bool> ImpTabla::juntasComoDebian() {
   for (const int cual : juntas_) {
     const auto clave = propuestas_[static_cast<size_t>(cual)].clave;
@@ -92,7 +92,7 @@ Resultado<bool> ImpTabla::juntasComoDebian() {
   return true;
 }
 
-// How the article stands, into the batch, which begins with the first one.
+// Keeps the article's state in the batch, which begins with the first one.
 Resultado<> ImpTabla::guardar(const std::optional<Articulo>& antes, articles::ClaveArticulo clave) {
   if (lote_ == 0) {
     TARVO_TOMAR(const auto lote, lotes_.empezar(kVentanaTabla));

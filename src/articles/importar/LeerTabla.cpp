@@ -14,7 +14,7 @@ bool acaba(const QString& ruta, QStringView en) {
   return ruta.endsWith(en, Qt::CaseInsensitive);
 }
 
-// By its ending; what is packed counts as a spreadsheet whatever it is called.
+// By its extension; a zipped file counts as a spreadsheet whatever its name.
 bool esHoja(const QString& ruta, const QByteArray& bytes) {
   return bytes.startsWith("PK\x03\x04") || acaba(ruta, u".ods") || acaba(ruta, u".xlsx");
 }

@@ -14,7 +14,7 @@ struct TablaLeida {
   QChar separador = u';';                          // of a text
 };
 
-// Errors: those of leerFichero; Formato for a damaged file, one without a row, one with more than
+// Errors: those of leerFichero; Formato for a damaged file, one without rows, one with more than
 // Tabla::kCeldasMayor cells.
 Resultado<TablaLeida> leerTabla(const QString& ruta, const Textos& textos);
 

@@ -13,17 +13,17 @@ struct Campo {
   int columna, ancho;  // columns count from 1
 };
 
-// Where the fields stand in each of the two layouts; `precios` of width 6 one after the other.
+// The positions of the fields in each of the two layouts; `precios` of width 6, consecutively.
 struct Formato {
   Campo seccion, codigo, nombre, cada, coste, precios;
   int cuantosPrecios;
-  Campo depto, formato;  // a width of 0: not there
+  Campo depto, formato;  // a width of 0: absent
 };
 constexpr Formato kLarga{{1, 3},   {4, 7},  {11, 20}, {31, 1}, {32, 6}, {38, 6}, kNiveles* kTarifas,
                          {182, 2}, {184, 2}};
 constexpr Formato kCorta{{1, 2}, {3, 4}, {7, 20}, {37, 1}, {38, 6}, {44, 6}, 1, {54, 2}, {0, 0}};
 
-// Takes numbers out of a line; the first field that is none stays as the fault.
+// Reads the numbers of a line; the first invalid field is kept as the fault.
 class Lectura {
  public:
   explicit Lectura(QStringView linea) : linea_(linea) {}

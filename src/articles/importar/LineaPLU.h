@@ -9,10 +9,10 @@ namespace tarvo::importar {
 
 inline constexpr int kLineaLarga = 193, kLineaCorta = 76;
 
-// What a record says of an article; the rest of it is none of its business.
+// The part of an article contained in a record; the rest stays.
 struct RegistroPLU {
   articles::ClaveArticulo clave;
-  QString nombre;  // 20 characters as they stand
+  QString nombre;  // 20 characters, unchanged
   int cada = 0;
   qint64 coste = 0;
   articles::Precios precios{};
@@ -23,15 +23,16 @@ struct RegistroPLU {
 
 struct FaltaPLU {
   enum Motivo { Longitud, Cifras, Unidad } motivo = Longitud;
-  int columna = 0;  // from 1, of the field at fault; 0 for the whole line
+  int columna = 0;  // from 1, of the faulty field; 0 for the whole line
   int ancho = 0;
   bool operator==(const FaltaPLU&) const = default;
 };
 
-// A line without its end. Numbers are digits, with blanks round them; a blank field is 0.
+// Takes a line without its end. Numbers are digits, possibly surrounded by blanks; a blank field is
+// 0.
 std::expected<RegistroPLU, FaltaPLU> leerLineaPLU(QStringView linea);
 
-// The whole number of a field of digits, blanks round them; nothing for anything else.
+// The integer in a field of digits, possibly surrounded by blanks; nothing for anything else.
 std::optional<qint64> cifras(QStringView campo);
 
 }  // namespace tarvo::importar

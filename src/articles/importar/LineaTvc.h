@@ -8,15 +8,15 @@
 
 namespace tarvo::importar {
 
-// Characters of a line; without the opening stock and the bar code it is an article still.
+// Characters in a line; without the opening stock and the bar code it is still an article.
 inline constexpr int kLineaTvc = 76, kLineaTvcMenor = 55;
 
-// What a line says. A field that isn't there, or is no number, is 0.
+// The contents of a line. A missing or non-numeric field is 0.
 struct RegistroTvc {
   int seccion = 0;
   qint64 codigo = 0;       // columns 3 to 6
   qint64 codigoLargo = 0;  // columns 1 to 6
-  QString nombre = {};     // without its blanks at either end
+  QString nombre = {};     // trimmed
   bool porPeso = false;
   qint64 coste = 0, precio = 0;
   int depto = 0;
@@ -25,7 +25,7 @@ struct RegistroTvc {
 };
 RegistroTvc leerLineaTvc(QStringView linea);
 
-// Where the person sends the articles.
+// Where the articles go, as chosen by the person.
 struct DestinoTvc {
   std::array<QString, 10> prefijos{};                   // Pfjo: of the bar code, by department
   std::optional<int> unaSeccion{};                      // AUnaSecc, Secc

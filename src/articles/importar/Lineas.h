@@ -1,5 +1,5 @@
 // The lines of a text file of the shop, one at a time, numbered from 1: Windows-1252, or UTF-8 by
-// its mark. A line ends with LF or CR LF; a Ctrl+Z alone at the very end is none.
+// its mark. A line ends with LF or CR LF; a lone Ctrl+Z at the very end is not a line.
 #pragma once
 
 #include <QByteArray>

@@ -22,7 +22,7 @@ void aplicar(const RegistroTvc& r, const SitioTvc& sitio, const QString& prefijo
   a.pfxBar = prefijo;
 }
 
-// Of the first line that isn't empty.
+// The length of the first non-empty line.
 qsizetype largoPrimera(const QByteArray& bytes) {
   Lineas l(bytes);
   while (l.siguiente())
@@ -118,7 +118,7 @@ Resultado<> MainTvc::convertir(const RegistroTvc& r, const SitioTvc& sitio,
   return ponerInicial(sitio.clave, r.inicial);
 }
 
-// Into the first warehouse, in the order of their codes.
+// Into the warehouse with the lowest code.
 Resultado<> MainTvc::ponerInicial(articles::ClaveArticulo clave, qint64 inicial) {
   if (inicial == 0) return {};
   TARVO_INTENTAR(

@@ -1,5 +1,5 @@
-// The articles of the former system into the catalogue, in slices. The machines hear of each; the
-// whole run is one batch, which can be undone; SeccionesHechas takes its sections away then.
+// Imports the former system's articles into the catalogue, in slices. Each is due to the machines;
+// the whole run is one undoable batch, whose sections SeccionesHechas then removes.
 #pragma once
 
 #include "articles/Lotes.h"
@@ -14,18 +14,18 @@ class MainTvc {
   static constexpr int kLineasPorPaso = 100;
 
   // REQUIRES that the references outlive it. Errors: those of leerFichero; Formato for a file
-  // without a line, and for one of the other layout of .PLU files.
+  // without lines, and for one in the other layout of .PLU files.
   static Resultado<std::unique_ptr<MainTvc>> abrir(dao::Database& db, articles::Catalogo& catalogo,
                                                    Reloj& reloj, const QString& ruta);
 
   // The next lines, as one transaction: true while there is more to do.
   Resultado<bool> paso(const DestinoTvc& destino);
-  // Closes the batch, when the run is over in whichever way.
+  // Closes the batch, however the run ended.
   Resultado<> acabar();
 
   struct Cuenta {
     int lineas = 0, nuevos = 0, cambiados = 0;
-    int sinTarifa = 0;  // lines whose section is in none of the tarifas' boxes
+    int sinTarifa = 0;  // lines whose section is not assigned to any tarifa
     std::vector<LineaMala> malas;
   };
   const Cuenta& cuenta() const { return cuenta_; }
@@ -38,7 +38,7 @@ class MainTvc {
   Resultado<bool> lineas(const DestinoTvc& destino);
   Resultado<bool> linea(const DestinoTvc& destino);
   Resultado<> convertir(const RegistroTvc& r, const SitioTvc& sitio, const QString& prefijo);
-  // What keeps the line from being converted, in words; empty for none.
+  // Why the line can't be converted, in words; empty for a good one.
   QString falta(const RegistroTvc& r, const DestinoTvc& destino) const;
   Resultado<> ponerInicial(articles::ClaveArticulo clave, qint64 inicial);
 

@@ -9,7 +9,7 @@ namespace {
 
 constexpr qsizetype kLargo = 30;
 
-// Without blanks, currency and percent signs at its ends.
+// Without blanks, currency or percent signs at either end.
 QStringView limpio(QStringView t) {
   const auto sobra = [](QChar c) { return c.isSpace() || c == u'€' || c == u'$' || c == u'%'; };
   while (!t.isEmpty() && sobra(t.front())) t = t.sliced(1);
@@ -21,7 +21,7 @@ bool soloCifras(QStringView t) {
   return std::ranges::all_of(t, [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 
-// Digits, or groups of three after a first of one to three.
+// Digits, or groups of three after a first group of one to three.
 std::optional<QString> parteEntera(QStringView t, QChar millar) {
   const auto grupos = t.split(millar);
   for (qsizetype i = 0; i < grupos.size(); ++i) {

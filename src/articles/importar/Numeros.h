@@ -1,4 +1,4 @@
-// Numbers as people write them in tables: which sign is the decimal one is found out.
+// Numbers as people write them in tables: the decimal sign is detected.
 #pragma once
 
 #include <QString>
@@ -9,10 +9,9 @@ namespace tarvo::importar {
 
 enum class Signo { Coma, Punto };
 
-// What one text says of the decimal sign; nothing when it could be either ("1.500") or is no
-// number.
+// The decimal sign shown by one text; nothing when it could be either ("1.500") or is no number.
 std::optional<Signo> signoDe(QStringView texto);
-// What most of them say; Coma when none says anything.
+// The sign of most of them; Coma when none shows one.
 class Escrutinio {
  public:
   void contar(QStringView texto);
@@ -22,10 +21,10 @@ class Escrutinio {
   qint64 coma_ = 0, punto_ = 0;
 };
 
-// "-1234.5" of a number with or without parts of thousands, a "€" or "%" round it; nothing for
-// anything else.
+// "-1234.5" from a number with or without thousands separators, with or without "€" or "%"; nothing
+// for anything else.
 std::optional<QString> leerDecimal(QStringView texto, Signo signo);
-// A whole number without parts; "12,0" is one too.
+// An integer; "12,0" counts as one.
 std::optional<qint64> leerEntero(QStringView texto);
 
 }  // namespace tarvo::importar

@@ -21,8 +21,7 @@ int repetida(const QXmlStreamReader& xml, QStringView nombre) {
   return std::max(1, atributo(xml, nombre).toInt());
 }
 
-// What is in a cell as text, paragraphs parted by line ends, notes left out. Reads past the
-// cell.
+// The text of a cell, paragraphs separated by line ends, notes left out. Reads past the cell.
 QString textoDeCelda(QXmlStreamReader& xml) {
   QString salida;
   int dentro = 0, parrafos = 0;  // elements open, texts begun
@@ -62,7 +61,7 @@ class LectorOds {
  public:
   explicit LectorOds(QIODevice& f) : xml_(&f) {}
 
-  // The sheet where something stands.
+  // The first sheet with contents.
   std::optional<HojaLeida> leer() {
     HojaLeida h;
     while (!xml_.atEnd() && !h.tabla.llena()) {

@@ -36,7 +36,7 @@ Resultado<std::optional<qint64>> RepartoCodigos::pedir(dao::Database& db, int fi
   return std::nullopt;
 }
 
-// Who gets nothing keeps its own, which then nobody else can have.
+// A row that gets nothing keeps its own, which is then unavailable to others.
 std::vector<RepartoCodigos::Negado> RepartoCodigos::negados() {
   std::vector<int> faltan;
   for (const auto& [fila, p] : peticiones_)

@@ -1,5 +1,5 @@
-// Which rows of a table get the bar codes that they ask for. What counts is how the articles stand
-// when all of it is in: two rows may give each other theirs.
+// Which rows of a table get the bar codes they ask for. What counts is the state after all rows are
+// imported: two rows may swap theirs.
 #pragma once
 
 #include <QHash>
@@ -13,21 +13,21 @@ namespace tarvo::importar {
 
 class RepartoCodigos {
  public:
-  // Row `fila` gives an article another code than the one it has. The article of an earlier row
-  // that asks for the same, if there is one: then this one gets nothing.
+  // Row `fila` gives an article a new bar code. Returns the article of an earlier row asking for
+  // the same one, if any: then this one gets nothing.
   Resultado<std::optional<qint64>> pedir(dao::Database& db, int fila, articles::ClaveArticulo clave,
                                          const std::optional<QString>& tiene,
                                          const QString& quiere);
   struct Negado {
     int fila = 0;
     QString codigo;
-    qint64 dueno = 0;  // who keeps it
+    qint64 dueno = 0;  // its holder
   };
-  // After the last row: those that can't have theirs.
+  // After the last row: those that don't get theirs.
   std::vector<Negado> negados();
   // After negados(): rows that can only be written together.
   std::set<int> juntas() const;
-  // What the article of a row that asked had.
+  // The earlier bar code of the article of an asking row.
   const std::optional<QString>& tenia(int fila) const { return peticiones_.at(fila).tiene; }
 
  private:

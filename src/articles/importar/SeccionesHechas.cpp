@@ -12,7 +12,7 @@ dao::TablasDeSala tablasImportar() {
           .copias = {}};
 }
 
-// Numbers of batches are given again once they are forgotten.
+// Batch numbers are reused once the batch is forgotten.
 Resultado<> SeccionesHechas::empezar(qint64 lote) {
   TARVO_INTENTAR(dao::darPasos(db_, {tablasImportar()}));
   TARVO_INTENTAR(db_.ejecutar(

@@ -1,4 +1,4 @@
-// The sections that batches of imports made, so that undoing takes them away too.
+// The sections created by import batches, so that undoing removes them as well.
 #pragma once
 
 #include "articles/Catalogo.h"
@@ -13,11 +13,11 @@ class SeccionesHechas {
   // REQUIRES that both outlive it.
   SeccionesHechas(dao::Database& db, articles::Catalogo& catalogo) : db_(db), catalogo_(catalogo) {}
 
-  // Before the first of a batch.
+  // To be called before the first of a batch.
   Resultado<> empezar(qint64 lote);
-  // Makes the section, named by its number, when there is none.
+  // Creates the section, named after its number, when there is none.
   Resultado<> asegurar(qint64 lote, int seccion);
-  // After the undoing of the batch: deletes those in which nothing is. How many went.
+  // After undoing the batch: deletes those that are empty. Returns how many.
   Resultado<int> quitar(qint64 lote);
 
  private:

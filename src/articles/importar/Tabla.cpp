@@ -14,7 +14,7 @@ void Tabla::anadir(const QString& celda) {
   columnas_ = std::max(columnas_, ancho(inicio_.size() - 1));
 }
 
-// REQUIRES the last row; what lies between is filled with empty cells.
+// REQUIRES the last row; the gap is filled with empty cells.
 void Tabla::poner(int columna, const QString& celda) {
   const size_t sitio = inicio_.back() + static_cast<size_t>(columna);
   if (sitio >= celdas_.size()) celdas_.resize(sitio + 1);

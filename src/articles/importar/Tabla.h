@@ -1,4 +1,4 @@
-// A table of texts, as a CSV file or a sheet gives it.
+// A table of texts, from a CSV file or a sheet.
 #pragma once
 
 #include <QString>

@@ -20,7 +20,7 @@ struct Relacion {
 };
 using Relaciones = QHash<QString, Relacion>;
 
-// Where a part leads to: targets count from its folder, or from the top.
+// The targets of a part: relative to its folder, or to the top.
 Relaciones relaciones(Zip& zip, const QString& parte) {
   const QString carpeta = parte.section(u'/', 0, -2);
   Relaciones r;
@@ -58,7 +58,7 @@ std::optional<std::vector<Hoja>> hojas(Zip& zip) {
   return salida;
 }
 
-// All texts within the element, readings of foreign scripts left out. Reads past it.
+// All texts within the element, phonetic readings left out. Reads past it.
 QString textos(QXmlStreamReader& xml) {
   const QString fin = xml.name().toString();
   QString salida;

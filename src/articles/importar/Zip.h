@@ -1,4 +1,4 @@
-// A zip file in memory, its entries read as streams: how much they unpack to is bounded.
+// A zip file in memory, its entries read as streams: their unpacked size is bounded.
 #pragma once
 
 #include <QIODevice>
@@ -12,13 +12,13 @@ inline constexpr qint64 kDesplegadoMayor = 512LL * 1024 * 1024;
 
 class Zip {
  public:
-  // REQUIRES that the bytes outlive it. Nothing when they are no zip file.
+  // REQUIRES that the bytes outlive it. Nothing when they are not a zip file.
   static std::unique_ptr<Zip> abrir(const QByteArray& bytes);
   ~Zip();
   Zip(const Zip&) = delete;
 
-  // Open for reading; null when there is no such entry. REQUIRES that this outlives it. Beyond
-  // kDesplegadoMayor, of all entries together, and where the file is damaged, reading fails.
+  // Open for reading; null when there is no such entry. REQUIRES that this outlives it. Reading
+  // fails beyond kDesplegadoMayor, for all entries together, and where the file is damaged.
   std::unique_ptr<QIODevice> entrada(const QString& nombre);
 
  private:

@@ -1,6 +1,7 @@
 #include "articles/precios/AltaRapida.h"
 
 #include "articles/precios/Limites.h"
+#include "articles/precios/TextosPrecios.h"
 
 namespace tarvo::precios {
 
@@ -28,38 +29,42 @@ std::optional<qint64> AltaRapida::codigoDe(const QString& texto) const {
   return codigo->toLongLong();
 }
 
-Resultado<bool> AltaRapida::vale(CampoAlta campo, const EntradaAlta& e) {
-  switch (campo) {
-    case CampoAlta::Codigo:
-      return codigoDe(e.codigo).has_value();
-    case CampoAlta::Nombre:
-      return !e.nombre.trimmed().isEmpty();
-    case CampoAlta::Unidad:
-      return e.cada >= articles::kPorKilo && e.cada <= articles::kPorUnidad;
-    case CampoAlta::Departamento: {
-      const auto depto = numeroEntre(e.departamento, 1, kUltimoDepartamento);
-      if (!depto) return false;
-      TARVO_TOMAR(const auto hay, db_.uno(u"SELECT NUMDEP FROM DEPTS WHERE SECCION=? AND NUMDEP=?",
-                                          e.seccion, *depto));
-      return !hay.nulo();
-    }
-    case CampoAlta::Formato:
-      return numeroEntre(e.formato, 1, kUltimoFormato).has_value();
-    case CampoAlta::Dias1:
-      return numeroEntre(e.dias1, 0, kDiasMayor).has_value();
-    case CampoAlta::Dias2:
-      return numeroEntre(e.dias2, 0, kDiasMayor).has_value();
-    case CampoAlta::Precios:
-    case CampoAlta::CodBarras:
-      return true;
-  }
-  return false;
+Resultado<std::optional<QString>> AltaRapida::faltaDepartamento(const EntradaAlta& e) {
+  const Textos& textos = catalogo_.textos();
+  const auto depto = numeroEntre(e.departamento, 1, kUltimoDepartamento);
+  if (!depto) return textos(kTxValorMalo + static_cast<int>(ColumnaRapida::Departamento));
+  TARVO_TOMAR(const auto hay,
+              db_.uno(u"SELECT NUMDEP FROM DEPTS WHERE SECCION=? AND NUMDEP=?", e.seccion, *depto));
+  return hay.nulo() ? std::optional(textos(kTxSinDepartamento, {*depto})) : std::nullopt;
 }
 
-Resultado<std::optional<CampoAlta>> AltaRapida::primeraFalta(const EntradaAlta& e) {
-  for (int i = 0; i < kCamposAlta; ++i) {
-    TARVO_TOMAR(const auto bien, vale(static_cast<CampoAlta>(i), e));
-    if (!bien) return static_cast<CampoAlta>(i);
+Resultado<std::optional<QString>> AltaRapida::falta(CampoAlta campo, const EntradaAlta& e) {
+  const Textos& textos = catalogo_.textos();
+  const auto si = [&](bool mal, ColumnaRapida columna) {
+    return mal ? std::optional(textos(kTxValorMalo + static_cast<int>(columna))) : std::nullopt;
+  };
+  switch (campo) {
+    case CampoAlta::Codigo:
+      return si(!codigoDe(e.codigo), ColumnaRapida::Codigo);
+    case CampoAlta::Nombre:
+      if (auto largo = articles::malNombre(e.nombre.trimmed(), textos)) return largo;
+      return si(e.nombre.trimmed().isEmpty(), ColumnaRapida::Nombre);
+    case CampoAlta::Unidad:
+      return e.cada >= articles::kPorKilo && e.cada <= articles::kPorUnidad
+                 ? std::nullopt
+                 : std::optional(textos(kTxSinUnidad));
+    case CampoAlta::Departamento:
+      return faltaDepartamento(e);
+    case CampoAlta::Formato:
+      return si(!numeroEntre(e.formato, 1, kUltimoFormato), ColumnaRapida::Etiqueta);
+    case CampoAlta::CodBarras:
+      return si(!sonCifras(e.codBarras.trimmed()), ColumnaRapida::CodBarras);
+    case CampoAlta::Dias1:
+      return si(!numeroEntre(e.dias1, 0, kDiasMayor), ColumnaRapida::Dias1);
+    case CampoAlta::Dias2:
+      return si(!numeroEntre(e.dias2, 0, kDiasMayor), ColumnaRapida::Dias2);
+    case CampoAlta::Precios:
+      return std::nullopt;
   }
   return std::nullopt;
 }
@@ -67,7 +72,7 @@ Resultado<std::optional<CampoAlta>> AltaRapida::primeraFalta(const EntradaAlta& 
 Articulo AltaRapida::articuloDe(const EntradaAlta& e) const {
   Articulo a;
   a.clave = {e.seccion, codigoDe(e.codigo).value_or(0)};
-  a.nombre = e.nombre.trimmed().left(articles::kNombreDeRejilla);
+  a.nombre = e.nombre.trimmed();
   a.cada = e.cada;
   a.depto = enteroDe(e.departamento);
   a.formato = enteroDe(e.formato);

@@ -1,5 +1,5 @@
-// Fast entry: an article as a person keys it, its check field by field, and its addition with an
-// empty row of stock in every warehouse.
+// Fast entry: an article as keyed in, its field-by-field check, and its addition with an empty row
+// of stock in every warehouse.
 #pragma once
 
 #include <vector>
@@ -9,7 +9,7 @@
 
 namespace tarvo::precios {
 
-// In the order of the tab key.
+// In tab order.
 enum class CampoAlta {
   Codigo,
   Nombre,
@@ -24,14 +24,15 @@ enum class CampoAlta {
 inline constexpr int kCamposAlta = 9;
 CampoAlta comoCampoAlta(CampoFijo campo);
 
-// As it was typed.
+// As typed.
 struct EntradaAlta {
   int seccion = 0;
   QString codigo;  // without the prefix, or whole as FormaAlta::codigo shows it
   QString nombre;
   articles::Precios precios{};
-  int cada = -1;  // -1 for none chosen
+  int cada = -1;  // -1: none chosen
   QString departamento, formato, codBarras, dias1, dias2;
+  bool operator==(const EntradaAlta&) const = default;
 };
 
 class AltaRapida {
@@ -43,15 +44,15 @@ class AltaRapida {
   const FormaAlta& forma() const { return forma_; }
   void ponerForma(FormaAlta forma) { forma_ = std::move(forma); }
 
-  // The code that the text stands for; nothing when it is none that a person may give.
+  // The code for the text; nothing when it isn't one that a person may choose.
   std::optional<qint64> codigoDe(const QString& texto) const;
-  Resultado<bool> vale(CampoAlta campo, const EntradaAlta& e);
-  // The first field that isn't valid; nothing when all are.
-  Resultado<std::optional<CampoAlta>> primeraFalta(const EntradaAlta& e);
-  // Adds it, one transaction. Duplicado when the section has that code. REQUIRES valid fields.
+  // The fault in a field, in words; nothing when it is valid.
+  Resultado<std::optional<QString>> falta(CampoAlta campo, const EntradaAlta& e);
+  // Adds it, in one transaction. Duplicado when the section has that code. REQUIRES valid fields.
   Resultado<articles::Articulo> anadir(const EntradaAlta& e, const QString& ventana);
 
  private:
+  Resultado<std::optional<QString>> faltaDepartamento(const EntradaAlta& e);
   articles::Articulo articuloDe(const EntradaAlta& e) const;
 
   dao::Database& db_;

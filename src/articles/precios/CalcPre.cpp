@@ -10,7 +10,7 @@ namespace tarvo::precios {
 
 namespace {
 
-constexpr double kMayor = std::numeric_limits<qint32>::max();  // what a price column holds
+constexpr double kMayor = std::numeric_limits<qint32>::max();  // of a price column
 constexpr double kMayorPc = 99'999;
 
 qint64 acotado(qint64 n) {
@@ -58,7 +58,7 @@ void CalcPre::ponerIva(std::optional<double> pciva) {
   recalcular();
 }
 
-// Of a price that had no cost the margin is what it implies now.
+// When a price had no cost, the margin is now the implied one.
 void CalcPre::ponerCoste(qint64 coste) {
   const bool habia = c_.costeN != 0;
   c_.costeN = acotado(coste);
@@ -116,7 +116,7 @@ void CalcPre::margenDeVenta() {
   c_.pcMarg = c_.costeN == 0 ? 0 : static_cast<double>(c_.VentaN - c_.costeN) * 100 / c;
 }
 
-// `calcuDado`: a price with VAT that is not to be moved by the rounding of its parts.
+// `calcuDado`: a price with VAT not to be altered by the rounding of its parts.
 void CalcPre::recalcular(std::optional<qint64> calcuDado) {
   const double iva = iva_.value_or(0);
   const bool detallado = modo_ == ModoIva::Detallado;

@@ -1,5 +1,5 @@
-// The price calculator: from the cost, the VAT, the margin and a rounding step the selling price,
-// and back from a price to its margin. A value; money is in minor units of the native currency.
+// The price calculator: the selling price from the cost, the VAT, the margin and a rounding step,
+// and the margin back from a price. A value; money is in minor units of the native currency.
 #pragma once
 
 #include <QtGlobal>
@@ -11,13 +11,13 @@ namespace tarvo::precios {
 
 // `p` per cent of `x`, to the nearest whole unit.
 qint64 Parte(double p, qint64 x);
-// The next multiple of `paso` at or above `n`, also for a negative `n`; `n` itself with no step.
+// The next multiple of `paso` at or above `n`, also for a negative `n`; `n` itself without a step.
 qint64 haciaArriba(qint64 n, qint64 paso);
 
-// The greatest rounding step, which the setting still holds.
+// The greatest rounding step that fits the setting.
 inline constexpr qint64 kRedondeoMayor = 32'767;
 
-// Incluido: prices are understood with the VAT inside, and no figure of it is used.
+// Incluido: prices include the VAT, and none of its figures is used.
 enum class ModoIva { Incluido, Detallado };
 
 class CalcPre {
@@ -39,21 +39,21 @@ class CalcPre {
   const std::optional<double>& pciva() const { return iva_; }
   qint64 redondeo() const { return redondeo_; }
 
-  // A cell with this price. What its price implies is the margin, unless the margin is locked: then
-  // the price follows. Where there is no cost no margin tells a price, and that of the cell stays.
+  // Enters a cell with this price. The margin is the one implied by the price, unless it is locked:
+  // then the price follows. Without a cost no margin determines a price, and the cell's own stays.
   void entrar(qint64 coste, qint64 precio);
   void ponerIva(std::optional<double> pciva);  // none counts as 0
 
-  // What a person may change. All other figures follow; a price that is given stays to the unit.
+  // What a person may change. All other figures follow; a given price stays to the unit.
   void ponerCoste(qint64 coste);
   void ponerPcMargen(double pcMarg);
   void ponerMargen(qint64 margen);
   void ponerVenta(qint64 ventaN);
   void ponerCalculado(qint64 calcu);
-  void ponerRedondeo(qint64 paso);  // of the present figure; 0 to kRedondeoMayor, 0 is none
+  void ponerRedondeo(qint64 paso);  // of the current figure; 0 to kRedondeoMayor, 0 is none
   void ponerModo(ModoIva modo);     // the price stays
 
-  // From now on this margin, with the two decimals that are shown.
+  // Locks this margin, with the two displayed decimals.
   void bloquear(double pcMarg);
   void desbloquear() { fijo_.reset(); }
   const std::optional<double>& bloqueado() const { return fijo_; }
@@ -71,7 +71,7 @@ class CalcPre {
   Cifras c_;
 };
 
-// The VAT rate of a department of a section; 0 where there is no such department or rate.
+// The VAT rate of a department of a section; 0 when there is no such department or rate.
 Resultado<double> ivaDeDepartamento(dao::Database& db, int seccion, int departamento);
 
 }  // namespace tarvo::precios

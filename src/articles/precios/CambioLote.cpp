@@ -13,7 +13,7 @@ using articles::Articulo;
 namespace {
 
 constexpr int kMiradosPorPaso = 500;
-constexpr qint64 kEntero = 10'000;  // hundredths of a per cent in one
+constexpr qint64 kEntero = 10'000;  // hundredths of a per cent in the whole
 
 // One value, into the line and, when it fits, into the article.
 template <class T>
@@ -53,7 +53,7 @@ struct Hacer {
   }
 };
 
-// The signs of a pattern as themselves.
+// Pattern characters as themselves.
 QString comoParte(const QString& texto) {
   QString patron;
   for (const QChar c : texto) {
@@ -89,7 +89,7 @@ std::optional<SubePrecios> SubePrecios::de(int centesimas, qint64 paso, Redondeo
   return s;
 }
 
-// In whole numbers all the way: halves go up.
+// Integers throughout: halves go up.
 qint64 SubePrecios::aplicar(qint64 precio) const {
   constexpr qint64 kLimite = 2'147'483'647;
   const qint64 n = std::clamp(precio, -kLimite, kLimite) * (kEntero + centesimas_);

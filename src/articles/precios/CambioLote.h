@@ -1,6 +1,6 @@
 // One change for many articles of a section: prices by a percentage and rounded, another
-// department, another label format. First what would become of each, then all of it in slices, as
-// one batch that can be taken back.
+// department, another label format. First a preview of each, then all of it in slices, as one
+// undoable batch.
 #pragma once
 
 #include <optional>
@@ -19,7 +19,7 @@ class SubePrecios {
  public:
   static constexpr int kMenor = -9'999, kMayor = 99'999;  // hundredths of a per cent
   // `paso`: the result is a multiple of it, 1 for the last decimal. `nivel` and `tarifa`: only
-  // those, else all. Nothing for a value out of its range.
+  // those, otherwise all. Nothing for a value out of range.
   static std::optional<SubePrecios> de(int centesimas, qint64 paso, Redondeo redondeo,
                                        std::optional<int> nivel, std::optional<int> tarifa);
   qint64 aplicar(qint64 precio) const;
@@ -43,11 +43,11 @@ struct PoneFormato {
   bool operator==(const PoneFormato&) const = default;
 };
 using OrdenLote = std::variant<SubePrecios, PoneDepartamento, PoneFormato>;
-// As a batch keeps it; nothing for a text that is none.
+// As a batch keeps it; nothing for an invalid text.
 QString escribirOrden(const OrdenLote& orden);
 std::optional<OrdenLote> leerOrden(QStringView texto);
 
-// The articles of a section: those of `codigos`, or when there are none those of the filter.
+// The articles of a section: those of `codigos`, or if it is empty those of the filter.
 struct SeleccionLote {
   int seccion = 0;
   std::vector<qint64> codigos = {};
@@ -60,7 +60,7 @@ struct LineaLote {
   articles::ClaveArticulo clave;
   QString nombre;
   qint64 antes = 0, despues = 0;  // the first price that changes, the department, the format
-  int cambian = 0;                // how many of its values
+  int cambian = 0;                // number of its values
   Desenlace desenlace = Desenlace::Igual;
 };
 
@@ -71,10 +71,10 @@ class CambioLote {
              const Textos& textos)
       : db_(db), catalogo_(catalogo), lotes_(lotes), textos_(textos) {}
 
-  // In the order of the codes, system articles left out. Restriccion for a department that the
-  // section hasn't got, or a format that isn't 1 to 20.
+  // Ordered by code, system articles left out. Restriccion for a department that the section
+  // doesn't have, or a format outside 1 to 20.
   Resultado<std::vector<LineaLote>> previa(const SeleccionLote& seleccion, const OrdenLote& orden);
-  // The same some articles at a time, so that a window stays alive over a section of 100,000.
+  // The same some articles at a time, so that a window stays responsive with a section of 100,000.
   class Previa {
    public:
     Resultado<bool> paso();                                        // true while there are more
@@ -92,19 +92,19 @@ class CambioLote {
     qint64 ultimo_ = articles::kPrimerCodigo - 1;
     std::vector<LineaLote> lineas_;
   };
-  // REQUIRES that this object outlives what is given.
+  // REQUIRES that this object outlives the result.
   std::unique_ptr<Previa> mirar(const SeleccionLote& seleccion, const OrdenLote& orden) {
     return std::unique_ptr<Previa>(new Previa(*this, seleccion, orden));
   }
 
   struct Hecho {
-    qint64 lote = 0;  // to take it back by; 0 when nothing changed
+    qint64 lote = 0;  // for undoing; 0 when nothing changed
     int cambiados = 0;
-    int fuera = 0;  // that don't fit, would cost nothing, or are gone
+    int fuera = 0;  // unfit, at a price of 0, or gone
   };
   // The change under way. Its first steps note what is to be done; each of the others changes some
-  // articles, a transaction of its own, between which others may write. Left before acabar(), or
-  // failed, it is half done: its batch is to be taken back, or gone on with.
+  // articles in a transaction of its own, between which others may write. Left before acabar(), or
+  // failed, it is half done: its batch must be undone or resumed.
   class Marcha {
    public:
     // The next articles, as they are now: true while there are more.
@@ -130,14 +130,13 @@ class CambioLote {
     size_t apuntados_ = 0, vistos_ = 0;
     Hecho hecho_;
   };
-  // Those of the articles that change and fit, all of one section. Errors of its steps: those of
-  // previa(). REQUIRES that this object outlives what is given.
+  // Changes those of the articles that change and fit, all of one section. Errors of its steps:
+  // those of previa(). REQUIRES that this object outlives the result.
   std::unique_ptr<Marcha> empezar(std::vector<articles::ClaveArticulo> claves,
                                   const OrdenLote& orden, const QString& ventana) {
     return std::unique_ptr<Marcha>(new Marcha(*this, std::move(claves), orden, ventana));
   }
-  // The rest of a batch that was cut off, into the same batch. NoExiste when it can't be gone on
-  // with.
+  // The rest of an interrupted batch, into the same batch. NoExiste when it can't be resumed.
   Resultado<std::unique_ptr<Marcha>> seguir(qint64 lote, const QString& ventana);
 
  private:

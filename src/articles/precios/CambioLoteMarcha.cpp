@@ -1,4 +1,4 @@
-// A change of many articles done, and gone on with.
+// Carrying out and resuming a change of many articles.
 #include <algorithm>
 
 #include "articles/precios/CambioLote.h"
@@ -95,7 +95,7 @@ Resultado<bool> CambioLote::Marcha::paso() {
   return vistos_ < claves_.size();
 }
 
-// Nothing is changed before all of it is noted.
+// Nothing is changed until all of it is noted.
 Resultado<bool> CambioLote::Marcha::apuntar() {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(motor_.db_));
   qint64 lote = lote_;

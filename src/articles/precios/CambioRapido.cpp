@@ -12,7 +12,7 @@ bool esPrecio(ColumnaRapida columna) {
   return columna >= ColumnaRapida::Precio1 && columna <= ColumnaRapida::Precio3;
 }
 
-// False when the text is no value of that column, which isn't a price.
+// False when the text is not a valid value. REQUIRES a column that isn't a price.
 bool poner(Articulo& a, ColumnaRapida columna, const QString& texto) {
   const auto numero = [&](auto& donde, qint64 desde, qint64 hasta) {
     const auto n = numeroEntre(texto, desde, hasta);
@@ -23,7 +23,7 @@ bool poner(Articulo& a, ColumnaRapida columna, const QString& texto) {
     case ColumnaRapida::Codigo:
       return numero(a.clave.codigo, articles::kPrimerCodigo, articles::kUltimoCodigo);
     case ColumnaRapida::Nombre:
-      a.nombre = texto.trimmed().left(articles::kNombreDeRejilla);
+      a.nombre = texto.trimmed();
       return !a.nombre.isEmpty();
     case ColumnaRapida::Departamento:
       return numero(a.depto, 1, kUltimoDepartamento);
@@ -55,8 +55,11 @@ Resultado<Articulo> conColumna(Articulo articulo, ColumnaRapida columna, const Q
     articulo.precios[nivel][0] = *precio;
     return articulo;
   }
-  if (poner(articulo, columna, texto)) return articulo;
-  return malo;
+  if (!poner(articulo, columna, texto)) return malo;
+  if (const auto largo = articles::malNombre(articulo.nombre, textos);
+      largo && columna == ColumnaRapida::Nombre)
+    return fallo(Fallo::Restriccion, *largo);
+  return articulo;
 }
 
 }  // namespace tarvo::precios

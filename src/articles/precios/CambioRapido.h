@@ -1,4 +1,4 @@
-// Fast change: one column of one article from what a person typed.
+// Fast change: one column of one article from typed text.
 #pragma once
 
 #include "articles/Catalogo.h"
@@ -8,8 +8,8 @@
 
 namespace tarvo::precios {
 
-// The article with that column changed, not written yet. Restriccion, with what is wrong in words,
-// for a value that the column can't hold.
+// The article with that column changed, not yet written. Restriccion, with the fault in words, for
+// a value that the column can't hold.
 Resultado<articles::Articulo> conColumna(articles::Articulo articulo, ColumnaRapida columna,
                                          const QString& texto, const Ajustes& ajustes,
                                          const Textos& textos);

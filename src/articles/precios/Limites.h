@@ -1,4 +1,4 @@
-// The limits of the catalogue, and how whole numbers are read.
+// The limits of the catalogue, and the reading of integers.
 #pragma once
 
 #include <QStringView>
@@ -9,6 +9,7 @@
 
 namespace tarvo::precios {
 
+using articles::avisoCambio;
 using articles::avisoPrecio;
 using articles::comoPrecio;
 using articles::errorDe;
@@ -23,7 +24,7 @@ inline bool sonCifras(QStringView s) {
   return std::ranges::all_of(s, [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 
-// A whole number of these limits; nothing for any other text.
+// An integer within these limits; nothing for any other text.
 inline std::optional<qint64> numeroEntre(QStringView texto, qint64 desde, qint64 hasta) {
   bool ok = false;
   const qint64 n = texto.trimmed().toLongLong(&ok);

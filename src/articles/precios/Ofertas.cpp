@@ -83,7 +83,7 @@ Resultado<std::optional<Oferta>> Ofertas::leer(const ClaveOferta& c) {
   return filas->front();
 }
 
-// The group holds the article no more as it should stand there.
+// The group no longer holds the article as it should.
 Resultado<> Ofertas::debeOir(const ClaveOferta& c) {
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu=? AND Grupo=? AND borra=0",
                               c.seccion, c.codigo, c.grupo));
@@ -91,7 +91,6 @@ Resultado<> Ofertas::debeOir(const ClaveOferta& c) {
 }
 
 // --- new ones, and prices
-// ------------------------------------------------------------------------
 
 Resultado<std::vector<int>> Ofertas::ocupados(int seccion, qint64 codigo,
                                               std::span<const int> grupos) {
@@ -109,7 +108,7 @@ Resultado<> Ofertas::guardar(const OfertaNueva& oferta, std::span<const int> gru
   return t.confirmar();
 }
 
-// Over a row that waits to be taken off the scales too: it is seen again.
+// Also over a row waiting to be removed from the scales: it becomes visible again.
 Resultado<> Ofertas::escribir(const OfertaNueva& n, int grupo) {
   const auto antes = leerVarias({QString::fromUtf16(kDeClave), {grupo, n.seccion, n.codigo}});
   if (!antes) return std::unexpected(antes.error());
@@ -140,28 +139,44 @@ Resultado<> Ofertas::cambiar(const Oferta& antes, const PreciosOferta& precios, 
   return {};
 }
 
-Resultado<int> Ofertas::ponerPrecios(const ClaveOferta& clave, const PreciosOferta& precios,
-                                     bool sincro) {
+Resultado<Ofertas::CambioPrecios> Ofertas::ponerPrecios(const ClaveOferta& clave,
+                                                        const PreciosOferta& precios, bool sincro) {
   TARVO_TOMAR(const auto antes, leer(clave));
   if (!antes) return fallo(Fallo::NoExiste, textos_(kTxOfertaQueFalta));
-  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
-  TARVO_INTENTAR(cambiar(*antes, precios, antes->desde, antes->hasta));
-  int otras = 0;
+  CambioPrecios cambio{precios, antes->desde, antes->hasta, {*antes}};
   if (sincro) {
-    const auto hermanas =
-        leerVarias({QStringLiteral("borrado=0 AND SECCION=? AND CODIGO=? AND GRUPO<>?"),
-                    {clave.seccion, clave.codigo, clave.grupo}});
-    if (!hermanas) return std::unexpected(hermanas.error());
-    for (const Oferta& o : *hermanas)
-      TARVO_INTENTAR(cambiar(o, precios, antes->desde, antes->hasta));
-    otras = static_cast<int>(hermanas->size());
+    TARVO_TOMAR(const auto hermanas,
+                leerVarias({QStringLiteral("borrado=0 AND SECCION=? AND CODIGO=? AND GRUPO<>?"),
+                            {clave.seccion, clave.codigo, clave.grupo}}));
+    cambio.ofertas.insert(cambio.ofertas.end(), hermanas.begin(), hermanas.end());
+  }
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  for (const Oferta& o : cambio.ofertas)
+    TARVO_INTENTAR(cambiar(o, precios, cambio.desde, cambio.hasta));
+  TARVO_INTENTAR(t.confirmar());
+  return cambio;
+}
+
+Resultado<int> Ofertas::deshacer(const CambioPrecios& cambio) {
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  int fuera = 0;
+  for (const Oferta& antes : cambio.ofertas) {
+    TARVO_TOMAR(const auto hoy, leer(antes.clave));
+    const bool igual = hoy && hoy->precios == cambio.precios && hoy->desde == cambio.desde &&
+                       hoy->hasta == cambio.hasta;
+    if (igual)
+      TARVO_INTENTAR(cambiar(*hoy, antes.precios, antes.desde, antes.hasta));
+    else if (&antes == &cambio.ofertas.front())
+      return fallo(hoy ? Fallo::Restriccion : Fallo::NoExiste,
+                   textos_(hoy ? kTxOfertaCambiada : kTxOfertaQueFalta));
+    else
+      ++fuera;
   }
   TARVO_INTENTAR(t.confirmar());
-  return otras;
+  return fuera;
 }
 
 // --- dates
-// ---------------------------------------------------------------------------------------
 
 Resultado<int> Ofertas::contar(const FiltroOfertas& filtro, bool todosLosGrupos) {
   TARVO_TOMAR(const auto ofertas, leerVarias(filtro.condicion(todosLosGrupos)));
@@ -205,7 +220,6 @@ Resultado<int> Ofertas::deshacer(const CambioFechas& cambio) {
 }
 
 // --- deleting
-// ------------------------------------------------------------------------------------
 
 Resultado<Condicion> Ofertas::iguales(const ClaveOferta& clave, bool todosLosGrupos) {
   if (!todosLosGrupos)

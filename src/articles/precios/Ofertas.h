@@ -1,9 +1,8 @@
-// The offers of the groups: what is in OFERTAS, and what the machines must hear of it. An offer
-// that a group has received (`enviado`) and that is deleted stays, unseen (`borrado`), until the
-// normal prices have gone out.
+// The offers of the groups: OFERTAS, and what is due to the machines. A deleted offer that a group
+// has received (`enviado`) stays, hidden (`borrado`), until the normal prices have been sent.
 //
-// A change that the two marks alone can't tell (other prices of an offer that is on the scales, or
-// one there that begins later than today) makes the article due for that group.
+// A change that the two marks can't express (new prices of an offer on the scales, or one there
+// that begins after today) makes the article due to that group.
 #pragma once
 
 #include <span>
@@ -32,7 +31,7 @@ struct OfertaNueva {
   Vigencia vigencia;
 };
 
-// One as it stands in the store, whoever wrote it.
+// One as stored, whatever its origin.
 struct Oferta {
   ClaveOferta clave;
   PreciosOferta precios{};
@@ -40,13 +39,13 @@ struct Oferta {
   bool enviado = false;
 };
 
-// A condition in SQL and its parameters in order.
+// An SQL condition and its parameters in order.
 struct Condicion {
   QString sql;
   std::vector<dao::Valor> parametros;
 };
 
-// The offers of a group that a person sees; with dates, those that begin and end within them.
+// The visible offers of a group; with dates, those that begin and end within them.
 struct FiltroOfertas {
   int grupo = 0;
   Dia desde = {}, hasta = {};
@@ -68,29 +67,40 @@ class Ofertas {
     int grupo = 0, seccion = 0;
   };
   Resultado<std::optional<GrupoDe>> primerGrupo();
-  // An article that an offer can be made of: by its code, or the first whose name begins so, or
-  // follows. Nothing when there is none.
+  // An article for an offer: by its code, or the first whose name begins so or sorts after. Nothing
+  // when there is none.
   struct Hallado {
     qint64 codigo = 0;
     QString nombre;
   };
   Resultado<std::optional<Hallado>> buscar(int seccion, const QString& texto, bool porCodigo);
-  // What a group sells an article for without its offer.
+  // The prices of an article in a group without its offer.
   Resultado<std::optional<PreciosOferta>> normales(int grupo, int seccion, qint64 codigo);
-  // The offer that a person sees; nothing when there is none of that key.
+  // The visible offer; nothing when there is none with that key.
   Resultado<std::optional<Oferta>> leer(const ClaveOferta& clave);
 
-  // Of these groups, those that have an offer of the article already: to be asked before it is
-  // written over.
+  // Those of the groups that already have an offer of the article: to ask before it is overwritten.
   Resultado<std::vector<int>> ocupados(int seccion, qint64 codigo, std::span<const int> grupos);
-  // The offer in each of the groups, over what is there. One transaction.
+  // Writes the offer in each of the groups, over existing ones. One transaction.
   Resultado<> guardar(const OfertaNueva& oferta, std::span<const int> grupos);
 
-  // Other prices of one offer; with `sincro` the article's offers in all other groups take its
-  // prices and its days. How many others did. NoExiste when the offer is gone.
-  Resultado<int> ponerPrecios(const ClaveOferta& clave, const PreciosOferta& precios, bool sincro);
+  // The offers changed by a change of prices, in their former state, to undo it.
+  struct CambioPrecios {
+    PreciosOferta precios;
+    Dia desde, hasta;             // of all of them since the change
+    std::vector<Oferta> ofertas;  // the changed one, and those that took its prices
+    int otras() const { return static_cast<int>(ofertas.size()) - 1; }
+  };
+  // New prices for one offer; with `sincro` the article's offers in all other groups take its
+  // prices and days. NoExiste when the offer is gone.
+  Resultado<CambioPrecios> ponerPrecios(const ClaveOferta& clave, const PreciosOferta& precios,
+                                        bool sincro);
+  // Restores those that are as the change left them; returns how many others stay as they are.
+  // NoExiste when the first one is gone, Restriccion when it has changed since: then nothing
+  // changes.
+  Resultado<int> deshacer(const CambioPrecios& cambio);
 
-  // What a change of dates was made on, to take it back.
+  // The offers changed by a change of dates, to undo it.
   struct Anterior {
     ClaveOferta clave;
     Dia fecha;
@@ -99,19 +109,20 @@ class Ofertas {
     Extremo extremo = Extremo::Desde;
     std::vector<Anterior> filas;
   };
-  // How many offers it is about.
+  // Number of offers it would change.
   Resultado<int> contar(const FiltroOfertas& filtro, bool todosLosGrupos);
-  // One end of all offers of the filter. Restriccion, and nothing changes, when one of them would
-  // end before it begins.
+  // Sets one end of all offers of the filter. Restriccion, with nothing changed, when one of them
+  // would end before it begins.
   Resultado<CambioFechas> cambiarFechas(const FiltroOfertas& filtro, bool todosLosGrupos,
                                         Extremo extremo, const Dia& dia);
-  // In the offers that are still there and where it fits; how many.
+  // In the offers that still exist and where it fits; returns how many.
   Resultado<int> deshacer(const CambioFechas& cambio);
 
-  // Offers of the same articles with the same days, those of `claves` included. REQUIRES keys of
-  // one group.
+  // Number of offers of the same articles with the same days, including those of `claves`. REQUIRES
+  // keys of one group.
   Resultado<int> contarIguales(std::span<const ClaveOferta> claves);
-  // Deletes them; with `todosLosGrupos` their equals too. How many went from view.
+  // Deletes them; with `todosLosGrupos` their equals as well. Returns how many disappeared from
+  // view.
   Resultado<int> borrar(std::span<const ClaveOferta> claves, bool todosLosGrupos);
 
  private:

@@ -1,4 +1,4 @@
-// What a new offer is made of: its group, its article, and the prices that it stands beside.
+// The data for a new offer: its group, its article, and the normal prices.
 #include "articles/precios/Ofertas.h"
 
 namespace tarvo::precios {

@@ -1,5 +1,5 @@
-// The choices of fast entry and fast change, as the settings ParrillaRápida, ModoIntroRápido,
-// PrefijoCódigos, NúmPreciosAlta and NúmTarifasAlta keep them.
+// The choices of fast entry and fast change, kept in the settings ParrillaRápida, ModoIntroRápido,
+// PrefijoCódigos, NúmPreciosAlta and NúmTarifasAlta.
 #pragma once
 
 #include <QString>
@@ -37,9 +37,9 @@ enum class Politica { Limpiar, Mantener, Fijar };
 
 class ParrillaRapida {
  public:
-  // As a shop has it that never chose: code and name to see, the first price to change.
+  // The defaults: code and name shown, the first price editable.
   ParrillaRapida();
-  // The 22 values of the setting. One that is missing or makes no sense takes its default.
+  // The 22 values of the setting. A missing or invalid one takes its default.
   static ParrillaRapida leer(QStringView ajuste);
   QString escribir() const;
 
@@ -63,34 +63,34 @@ class ParrillaRapida {
   std::array<QString, kCamposFijos> valores_;
 };
 
-// What Enter does among the prices of the fast change.
+// The effect of Enter among the prices of the fast change.
 enum class ModoIntro { Precio, Tarifa, PLU };
-ModoIntro leerModoIntro(int ajuste);  // PLU for a number that is none
+ModoIntro leerModoIntro(int ajuste);  // PLU for an invalid number
 ModoIntro siguiente(ModoIntro modo);
 
 struct Celda {
   int nivel = 0, tarifa = 0;
   bool operator==(const Celda&) const = default;
 };
-// Where Enter goes from a price within the same article, round the ends; nothing: to the next one.
+// Where Enter goes from a price within the same article, wrapping round; nothing: to the next
+// article.
 std::optional<Celda> trasIntro(ModoIntro modo, Celda celda);
 
-// How many digits begin each code, and the size of the grid of prices of the fast entry.
+// The prefix of each code, and the size of the fast entry's grid of prices.
 class FormaAlta {
  public:
   FormaAlta() = default;  // no prefix, all prices of all tarifas
   enum class Mal { PrefijoNoNumerico, PrefijoLargo, Precios, Tarifas };
   static std::expected<FormaAlta, Mal> de(const QString& prefijo, int precios, int tarifas);
-  // From the settings; what makes no sense there takes its default.
+  // From the settings; invalid ones take their default.
   static FormaAlta leer(const AjustesPrecios& ajustes);
 
   const QString& prefijo() const { return prefijo_; }
   int precios() const { return precios_; }
   int tarifas() const { return tarifas_; }
-  // Digits that a person types at most.
+  // The most digits that a person types.
   int cifras() const { return kCifras - static_cast<int>(prefijo_.size()); }
-  // Prefix and digits as they are shown, seven digits; nothing when the text is no number that
-  // fits.
+  // Prefix and digits as displayed, seven digits; nothing when the text is not a number that fits.
   std::optional<QString> codigo(QStringView tecleado) const;
 
  private:

@@ -1,5 +1,5 @@
-// The days of an offer: both ends count whole, and an end that isn't there is open. It never ends
-// before it begins.
+// The days of an offer: both days are included, and a missing end is open. It never ends before it
+// begins.
 #pragma once
 
 #include <optional>
@@ -25,7 +25,7 @@ class Vigencia {
   Dia desde_, hasta_;
 };
 
-// As the store has it: Null for an open end.
+// As stored: Null for an open end.
 dao::Valor comoValor(const Dia& dia);
 Dia comoDia(const dao::Valor& valor);
 

@@ -12,6 +12,7 @@
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
+#include "totals/ventanas/Puertas.h"
 
 namespace tarvo::articles {
 
@@ -55,8 +56,16 @@ void BrowGrupos::montar() {
   unir(ui_.Iva, u"sumar"_s, Qt::Key_F7, [this] {
     if (const auto en = actual()) abrir(PuertaEdIvaSeccs{en->seccion});
   });
-  unir(ui_.VerPrecios, u"reloj"_s, Qt::Key_F8, [this] { abrirDe(u"VerPrecios"_s); });
-  unir(ui_.Deshacer, u"atras"_s, QKeySequence(QKeySequence::Undo), [this] { deshacer(); });
+  unir(ui_.VerPrecios, u"reloj"_s, Qt::Key_F8, [this] {
+    if (const auto en = actual()) abrir(PuertaVerPrecios{en->seccion});
+  });
+  unir(ui_.VerXtrac, u"totales"_s, Qt::CTRL | Qt::Key_T, [this] {
+    if (const auto en = actual())
+      abrir(totals::PuertaVerFils{
+          .clase = totals::kDepartamentos, .seccion = en->seccion, .codigo = en->departamento});
+  });
+  deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
+  connect(deshacer_, &ventanas::Deshacer::deshecho, this, [this] { actualCambiado(); });
   ui_.Arbol->setColumnCount(kColumnas);
   ui_.Arbol->setHeaderLabels({t(kTxNombre), t(kTxNumero), t(kTxArticulos), t(kTxIva)});
   ui_.Arbol->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -64,7 +73,7 @@ void BrowGrupos::montar() {
   ui_.Arbol->setUniformRowHeights(true);
   ui_.Arbol->setContextMenuPolicy(Qt::ActionsContextMenu);
   ui_.Arbol->addActions({ui_.VerArticulos, ui_.NuevaSecc, ui_.NuevoDep, ui_.Renombrar, ui_.Copia,
-                         ui_.Borro, ui_.Iva, ui_.VerPrecios, ui_.Deshacer});
+                         ui_.Borro, ui_.Iva, ui_.VerPrecios, ui_.VerXtrac, ui_.Deshacer});
   ui_.Arbol->header()->setSectionResizeMode(kNombre, QHeaderView::Stretch);
   ui_.Arbol->header()->setStretchLastSection(false);
   for (int c = kNumero; c < kColumnas; ++c)
@@ -75,11 +84,17 @@ void BrowGrupos::montar() {
   connect(ui_.Arbol, &QTreeWidget::currentItemChanged, this, [this] { actualCambiado(); });
   connect(ui_.Arbol, &QTreeWidget::itemActivated, this, [this] { verArticulos(); });
   connect(ui_.Arbol, &QTreeWidget::itemChanged, this, &BrowGrupos::rotulado);
+  // After what the tree makes of it: what was written comes first.
+  connect(
+      ui_.Arbol->itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
+      [this](QWidget*, QAbstractItemDelegate::EndEditHint como) {
+        nombreDejado(como == QAbstractItemDelegate::RevertModelCache);
+      },
+      Qt::QueuedConnection);
 }
 
-Resultado<> BrowGrupos::preparar(const ventanas::Argumentos& argumentos) {
-  if (argumentos.value(u"Grupos"_s, false).toBool())
-    return fallo(Fallo::Restriccion, t(kTxGruposCerrado));
+Resultado<> BrowGrupos::entrar(const PuertaBrowGrupos& puerta) {
+  if (puerta.grupos) return fallo(Fallo::Restriccion, t(kTxGruposCerrado));
   const bool primera = ui_.Arbol->topLevelItemCount() == 0;
   TARVO_INTENTAR(llenar());
   if (primera) ui_.Arbol->setCurrentItem(ui_.Arbol->topLevelItem(0));
@@ -109,11 +124,7 @@ QTreeWidgetItem* BrowGrupos::anadir(QTreeWidgetItem* padre, Nodo nodo, const QSt
 
 // Opened nodes and the one in hand stay.
 Resultado<> BrowGrupos::llenar() {
-  TARVO_TOMAR(auto secciones,
-              contexto().db.consultar(u"SELECT NMSECC, NOMSEC, IVAs FROM SECCS ORDER BY NMSECC"));
-  TARVO_TOMAR(auto depts,
-              contexto().db.consultar(
-                  u"SELECT SECCION, NUMDEP, NomDep, IVA FROM DEPTS ORDER BY SECCION, NUMDEP"));
+  TARVO_TOMAR(const auto secciones, secciones_.arbol());
   const auto en = actual();
   std::set<int> cerradas;
   for (int i = 0; i < ui_.Arbol->topLevelItemCount(); ++i)
@@ -121,25 +132,15 @@ Resultado<> BrowGrupos::llenar() {
       cerradas.insert(s->data(kNombre, kSeccion).toInt());
   const QScopedValueRollback llenando(llenando_, true);
   ui_.Arbol->clear();
-  std::map<int, std::pair<QTreeWidgetItem*, Ivas>> porNumero;
-  while (!secciones->Eof()) {
-    const auto numero = static_cast<int>(secciones->entero(0));
-    porNumero[numero] = {anadir(nullptr, {numero, 0}, secciones->texto(1), {}),
-                         leerIvas(secciones->texto(2))};
-    TARVO_INTENTAR(secciones->MoveNext());
+  for (const Secciones::Rama& s : secciones) {
+    auto* rama = anadir(nullptr, {s.numero, 0}, s.nombre, {});
+    for (const auto& dep : s.ivas.departamentos)
+      anadir(rama, {s.numero, dep.numero}, dep.nombre, textoIva(s.ivas.tasas, dep.tipo));
+    rama->setExpanded(!cerradas.contains(s.numero));
   }
-  while (!depts->Eof()) {
-    const auto seccion = static_cast<int>(depts->entero(0));
-    if (const auto s = porNumero.find(seccion); s != porNumero.end())
-      anadir(s->second.first, {seccion, static_cast<int>(depts->entero(1))}, depts->texto(2),
-             textoIva(s->second.second, static_cast<int>(depts->entero(3))));
-    TARVO_INTENTAR(depts->MoveNext());
-  }
-  for (const auto& [numero, seccion] : porNumero)
-    seccion.first->setExpanded(!cerradas.contains(numero));
   cambios_ = contexto().db.cambios();
   if (en) irA(*en);
-  ui_.cuenta->setText(t(kTxSecciones, static_cast<int>(porNumero.size())));
+  ui_.cuenta->setText(t(kTxSecciones, static_cast<int>(secciones.size())));
   contar();
   actualCambiado();
   return {};
@@ -147,22 +148,8 @@ Resultado<> BrowGrupos::llenar() {
 
 // Articles are counted aside: there may be many.
 void BrowGrupos::contar() {
-  using Cuenta = std::map<std::pair<int, int>, qint64>;
-  cuentas_.preguntar<Cuenta>(
-      [](dao::Database& db) -> Resultado<Cuenta> {
-        TARVO_TOMAR(auto rs, db.consultar(u"SELECT SECCION, DEPTO, count(*) FROM PLUSES WHERE "
-                                          u"CODPLU>2 GROUP BY SECCION, DEPTO"));
-        Cuenta c;
-        while (!rs->Eof()) {
-          const auto seccion = static_cast<int>(rs->entero(0));
-          const auto depto = static_cast<int>(rs->entero(1));
-          if (depto != 0) c[{seccion, depto}] = rs->entero(2);
-          c[{seccion, 0}] += rs->entero(2);
-          TARVO_INTENTAR(rs->MoveNext());
-        }
-        return c;
-      },
-      [this](Resultado<Cuenta> cuenta) {
+  cuentas_.preguntar<Secciones::CuentaArticulos>(
+      &Secciones::contarArticulos, [this](Resultado<Secciones::CuentaArticulos> cuenta) {
         if (!haIdoBien(cuenta)) return;
         const QScopedValueRollback llenando(llenando_, true);
         for (QTreeWidgetItemIterator i(ui_.Arbol); *i; ++i) {
@@ -204,21 +191,59 @@ void BrowGrupos::actualCambiado() {
     a->setEnabled(en.has_value() && !copia_);
   ui_.NuevaSecc->setEnabled(!copia_);
   ui_.Copia->setEnabled(en && en->departamento == 0 && !copia_);
-  ui_.Deshacer->setEnabled(!borrados_.empty() && !copia_);
+  ui_.VerXtrac->setEnabled(en && en->departamento > 0 && !copia_ &&
+                           contexto().ventanas.conoce<totals::PuertaVerFils>());
+  ui_.Deshacer->setEnabled(!deshacer_->vacia() && !copia_);
+  nombreAntes_ = en ? ui_.Arbol->currentItem()->text(kNombre) : QString();
+}
+
+Resultado<> BrowGrupos::renombrar(Nodo nodo, const QString& nombre) {
+  return nodo.departamento == 0
+             ? secciones_.renombrar(nodo.seccion, nombre)
+             : secciones_.renombrarDepartamento(nodo.seccion, nodo.departamento, nombre);
 }
 
 // A name was written into the tree.
 void BrowGrupos::rotulado(QTreeWidgetItem* item, int columna) {
   if (llenando_ || columna != kNombre) return;
-  const int seccion = item->data(kNombre, kSeccion).toInt();
-  const int departamento = item->data(kNombre, kDepartamento).toInt();
-  const QString nombre = item->text(kNombre);
-  const auto hecho = departamento == 0
-                         ? secciones_.renombrar(seccion, nombre)
-                         : secciones_.renombrarDepartamento(seccion, departamento, nombre);
-  haIdoBien(hecho);
+  const Nodo nodo = nodoDe(*item);
+  const QString nombre = item->text(kNombre), antes = nombreAntes_;
+  const bool hecho = haIdoBien(renombrar(nodo, nombre));
+  if (hecho && nombre.trimmed() != antes)
+    deshacer_->apuntar(t(kTxNombreDe).arg(decirNodo(nodo), antes),
+                       [=, this]() -> Resultado<Vuelto> {
+                         TARVO_INTENTAR(renombrar(nodo, antes));
+                         RefrescoArbol();
+                         irA(nodo);
+                         return Vuelto();
+                       });
   // After the tree's own handling of what was written.
   QMetaObject::invokeMethod(this, [this] { RefrescoArbol(); }, Qt::QueuedConnection);
+}
+
+QString BrowGrupos::decirNodo(Nodo nodo) const {
+  return nodo.departamento == 0
+             ? t(kTxSeccionNumero).arg(Ceros(nodo.seccion, 3))
+             : t(kTxDepartamentoNumero).arg(Ceros(nodo.departamento, 2), Ceros(nodo.seccion, 3));
+}
+
+// One that was made just now and whose name is given up is none.
+void BrowGrupos::nombrarNuevo(Nodo nodo) {
+  RefrescoArbol();
+  irA(nodo);
+  nuevo_ = nodo;
+  ui_.Renombrar->trigger();
+}
+
+void BrowGrupos::nombreDejado(bool renunciado) {
+  const auto nuevo = std::exchange(nuevo_, std::nullopt);
+  if (!nuevo || !renunciado) return;
+  const bool seccion = nuevo->departamento == 0;
+  const auto hecho = seccion ? secciones_.borrar(nuevo->seccion)
+                             : secciones_.borrarDepartamento(nuevo->seccion, nuevo->departamento);
+  RefrescoArbol();
+  ui_.Arbol->setFocus();
+  if (haIdoBien(hecho)) decirDuda(t(seccion ? kTxSeccionSinCrear : kTxDepartamentoSinCrear));
 }
 
 // What other windows did meanwhile shows when one comes back to this one.
@@ -232,9 +257,7 @@ bool BrowGrupos::event(QEvent* evento) {
 
 bool BrowGrupos::QueryUnload() {
   trabajo().parar();
-  for (const Borrado& b : borrados_)
-    if (!b.seccion) haIdoBien(lotes_.olvidar(b.lote));
-  borrados_.clear();
+  deshacer_->olvidar();
   if (!contexto().ventanas.cargada(u"BrowPLUs"_s)) enviarAlSalir(*this, catalogo_, motor_);
   return false;
 }

@@ -1,11 +1,13 @@
-// The tree of sections and departments: BrowGrupos, opened with Depts=true. With Grupos=true it
-// says that groups can't be kept from here.
+// The tree of sections and departments: BrowGrupos. Asked for groups, it says that they can't be
+// kept from here.
 #pragma once
 
+#include "articles/BorradoDepartamento.h"
 #include "articles/BorradoSeccion.h"
-#include "articles/Lotes.h"
 #include "articles/Secciones.h"
+#include "articles/ventanas/Puertas.h"
 #include "comm/motor/gestcomm.h"
+#include "core/ventanas/edicion/Deshacer.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "core/ventanas/parrilla/Aparte.h"
 #include "ui_BrowGrupos.h"
@@ -20,7 +22,7 @@ class BrowGrupos final : public ventanas::Ventana {
   BrowGrupos(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo,
              motor::gestcomm& motor);
 
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaBrowGrupos& puerta);
   bool QueryUnload() override;
 
   void RefrescoArbol();
@@ -31,14 +33,7 @@ class BrowGrupos final : public ventanas::Ventana {
     int seccion = 0, departamento = 0;
     bool operator==(const Nodo&) const = default;
   };
-  // A department or a section that was deleted, until the window closes.
-  struct Borrado {
-    Nodo nodo;
-    QString nombre;
-    int iva = 1;
-    qint64 lote = 0;
-    std::shared_ptr<BorradoSeccion> seccion = {};
-  };
+  using Vuelto = ventanas::Deshacer::Vuelto;
 
   void montar();
   Resultado<> llenar();
@@ -52,6 +47,10 @@ class BrowGrupos final : public ventanas::Ventana {
   void irA(Nodo nodo);
   void actualCambiado();
   void rotulado(QTreeWidgetItem* item, int columna);
+  Resultado<> renombrar(Nodo nodo, const QString& nombre);
+  QString decirNodo(Nodo nodo) const;
+  void nombrarNuevo(Nodo nodo);
+  void nombreDejado(bool renunciado);
   bool event(QEvent* evento) override;
 
   void nuevaSeccion();
@@ -60,12 +59,10 @@ class BrowGrupos final : public ventanas::Ventana {
   void borrar();
   void borrarSeccion(int seccion);
   bool confirmarSeccion(int seccion, const QString& nombre, const Secciones::LoQueSeVa& va);
-  void reponerSeccion(const Borrado& b);
+  Resultado<Vuelto> reponerSeccion(BorradoSeccion& ida);
   void borrarDepartamento(Nodo nodo);
-  Resultado<Borrado> borrarConLote(Nodo nodo);
-  void deshacer();
+  Resultado<Vuelto> reponerDepartamento(BorradoDepartamento& ido, Nodo nodo);
   void verArticulos();
-  void abrirDe(const QString& ventana);
 
   Ui::BrowGrupos ui_;
   Catalogo& catalogo_;
@@ -74,7 +71,9 @@ class BrowGrupos final : public ventanas::Ventana {
   Lotes lotes_;
   ventanas::Aparte cuentas_;
   std::shared_ptr<CopiaSeccion> copia_;
-  std::vector<Borrado> borrados_;
+  ventanas::Deshacer* deshacer_;
+  std::optional<Nodo> nuevo_;  // made just now, while its name is written
+  QString nombreAntes_;        // of the node in hand, as it was read
   bool llenando_ = false;
   qint64 cambios_ = 0;  // of the database when the tree was read
 };

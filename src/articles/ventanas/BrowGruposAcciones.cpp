@@ -17,9 +17,7 @@ using ventanas::MyMsgBox;
 void BrowGrupos::nuevaSeccion() {
   const auto numero = secciones_.nueva();
   if (!haIdoBien(numero)) return;
-  RefrescoArbol();
-  irA({*numero, 0});
-  ui_.Renombrar->trigger();
+  nombrarNuevo({*numero, 0});
 }
 
 void BrowGrupos::nuevoDepartamento() {
@@ -27,9 +25,7 @@ void BrowGrupos::nuevoDepartamento() {
   if (!en) return;
   const auto numero = secciones_.nuevoDepartamento(en->seccion);
   if (!haIdoBien(numero)) return;
-  RefrescoArbol();
-  irA({en->seccion, *numero});
-  ui_.Renombrar->trigger();
+  nombrarNuevo({en->seccion, *numero});
 }
 
 void BrowGrupos::copiar() {
@@ -94,20 +90,19 @@ void BrowGrupos::borrarSeccion(int seccion) {
   auto ida =
       std::make_shared<BorradoSeccion>(contexto().db, secciones_, contexto().textos, seccion);
   const auto copia = ida->borrar(contexto().ajustes.HomeDir, contexto().reloj.ahora());
-  if (copia) borrados_.push_back({{seccion, 0}, nombre, 0, 0, std::move(ida)});
+  if (copia)
+    deshacer_->apuntar(t(kTxNodoBorrado).arg(decirNodo({seccion, 0}), nombre),
+                       [this, ida] { return reponerSeccion(*ida); });
   RefrescoArbol();
   if (haIdoBien(copia)) decirBien(t(kTxSeccionBorradaConCopia).arg(NombreFichero(*copia)));
 }
 
-void BrowGrupos::reponerSeccion(const Borrado& b) {
-  const auto hecho = b.seccion->reponer();
-  if (hecho) borrados_.pop_back();
+Resultado<BrowGrupos::Vuelto> BrowGrupos::reponerSeccion(BorradoSeccion& ida) {
+  TARVO_INTENTAR(ida.reponer());
   RefrescoArbol();
-  irA(b.nodo);
-  if (!haIdoBien(hecho)) return;
-  const auto cuentas = secciones_.loQueSeVa(b.nodo.seccion);
-  if (haIdoBien(cuentas))
-    decirBien(t(kTxSeccionRepuesta, cuentas->cuentas.plus).arg(Ceros(b.nodo.seccion, 3)));
+  irA({ida.seccion(), 0});
+  TARVO_TOMAR(const auto va, secciones_.loQueSeVa(ida.seccion()));
+  return Vuelto{t(kTxSeccionRepuesta, va.cuentas.plus).arg(Ceros(ida.seccion(), 3))};
 }
 
 void BrowGrupos::borrarDepartamento(Nodo nodo) {
@@ -122,11 +117,15 @@ void BrowGrupos::borrarDepartamento(Nodo nodo) {
                         ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente))
     return;
   const Nodo vecino = vecinoDe(nodo);
-  const auto borrado = borrarConLote(nodo);
-  if (borrado) borrados_.push_back(*borrado);
+  const auto ido = std::make_shared<BorradoDepartamento>(
+      contexto().db, secciones_, lotes_, contexto().textos, nodo.seccion, nodo.departamento);
+  const auto borrado = ido->borrar(this->nombre());
   RefrescoArbol();
-  if (borrado) irA(vecino);
-  if (haIdoBien(borrado)) decirBien(t(kTxDepartamentoBorrado).arg(borrado->nombre));
+  if (!haIdoBien(borrado)) return;
+  deshacer_->apuntar(t(kTxNodoBorrado).arg(decirNodo(nodo), ido->nombre()),
+                     [=, this] { return reponerDepartamento(*ido, nodo); });
+  irA(vecino);
+  decirBien(t(kTxDepartamentoBorrado).arg(ido->nombre()));
 }
 
 // The department after it, else the one in front of it, else its section.
@@ -140,61 +139,23 @@ BrowGrupos::Nodo BrowGrupos::vecinoDe(Nodo nodo) const {
   return otro ? nodoDe(*otro) : Nodo{nodo.seccion, 0};
 }
 
-Resultado<BrowGrupos::Borrado> BrowGrupos::borrarConLote(Nodo nodo) {
-  TARVO_TOMAR(auto t, dao::Transaccion::empezar(contexto().db));
-  TARVO_TOMAR(auto fila,
-              contexto().db.consultar(u"SELECT NomDep, IVA FROM DEPTS WHERE SECCION=? AND NUMDEP=?",
-                                      nodo.seccion, nodo.departamento));
-  if (fila->Eof()) return fallo(Fallo::NoExiste, this->t(kTxDepartamentoNoEsta));
-  Borrado b{nodo, fila->texto(0), static_cast<int>(fila->entero(1)), 0};
-  TARVO_TOMAR(const auto lote, lotes_.empezar(nombre()));
-  b.lote = lote;
-  const std::array<dao::Valor, 2> clave{nodo.seccion, nodo.departamento};
-  TARVO_INTENTAR(lotes_.guardarDonde(b.lote, u"SECCION=? AND DEPTO=?", clave));
-  TARVO_INTENTAR(secciones_.borrarDepartamento(nodo.seccion, nodo.departamento));
-  TARVO_INTENTAR(lotes_.acabar(b.lote));
-  TARVO_INTENTAR(t.confirmar());
-  return b;
-}
-
-void BrowGrupos::deshacer() {
-  if (borrados_.empty()) return;
-  const Borrado b = borrados_.back();
-  if (b.seccion) return reponerSeccion(b);
-  const auto aviso = lotes_.avisoDeVuelta(b.lote);
-  if (aviso && *aviso &&
-      !MyMsgBox::Decide(this, contexto().textos, **aviso,
+Resultado<BrowGrupos::Vuelto> BrowGrupos::reponerDepartamento(BorradoDepartamento& ido, Nodo nodo) {
+  TARVO_TOMAR(const auto aviso, ido.aviso());
+  if (aviso &&
+      !MyMsgBox::Decide(this, contexto().textos, *aviso,
                         ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente))
-    return;
-  const auto reponer = [&]() -> Resultado<Lotes::Deshecho> {
-    TARVO_TOMAR(auto t, dao::Transaccion::empezar(contexto().db));
-    TARVO_INTENTAR(
-        secciones_.reponerDepartamento(b.nodo.seccion, b.nodo.departamento, b.nombre, b.iva));
-    auto hecho = lotes_.deshacer(b.lote, nombre());
-    if (!hecho) return hecho;
-    TARVO_INTENTAR(t.confirmar());
-    return hecho;
-  };
-  const auto hecho = reponer();
-  if (hecho || hecho.error().clase == Fallo::NoExiste) borrados_.pop_back();
+    return Vuelto{.queda = true};
+  const auto hecho = ido.reponer(nombre());
   RefrescoArbol();
-  irA(b.nodo);
-  if (!haIdoBien(hecho)) return;
-  const QString bien = t(kTxRepuestos, hecho->repuestos);
-  hecho->fuera.empty() ? decirBien(bien)
-                       : decirDuda(t(kTxNoRepuestos, static_cast<int>(hecho->fuera.size())), bien);
+  irA(nodo);
+  if (!hecho) return std::unexpected(hecho.error());
+  if (hecho->fuera.empty()) return Vuelto{t(kTxRepuestos, hecho->repuestos)};
+  return Vuelto{t(kTxNoRepuestos, static_cast<int>(hecho->fuera.size())), true};
 }
 
 void BrowGrupos::verArticulos() {
   const auto en = actual();
-  if (!en || copia_) return;
-  contexto().ventanas.abrir(u"BrowPLUs"_s, this,
-                            {{u"seccion"_s, en->seccion}, {u"departamento"_s, en->departamento}});
-}
-
-void BrowGrupos::abrirDe(const QString& ventana) {
-  const auto en = actual();
-  if (en) contexto().ventanas.abrir(ventana, this, {{u"seccion"_s, en->seccion}});
+  if (en && !copia_) abrir(PuertaBrowPLUs{en->seccion, en->departamento});
 }
 
 }  // namespace tarvo::articles

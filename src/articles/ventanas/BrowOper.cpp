@@ -5,6 +5,7 @@
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 #include "totals/periodos/Clases.h"
+#include "totals/ventanas/Puertas.h"
 
 namespace tarvo::articles {
 
@@ -82,7 +83,7 @@ void BrowOper::actualCambiada() {
   const bool hay = ui_.Grid->filas() > 0;
   ui_.Modificar->setEnabled(hay);
   ui_.Borro->setEnabled(hay);
-  ui_.VerXtrac->setEnabled(hay && contexto().ventanas.conoce(u"VerFils"_s));
+  ui_.VerXtrac->setEnabled(hay && contexto().ventanas.conoce<totals::PuertaVerFils>());
 }
 
 // The walk over the groups, as it goes. One transaction: nothing else gets its turn meanwhile.
@@ -181,8 +182,7 @@ Resultado<ventanas::Deshacer::Vuelto> BrowOper::reponer(
 void BrowOper::verVentas() {
   const int fila = ui_.Grid->filaActual();
   if (fila < 0) return;
-  contexto().ventanas.abrir(u"VerFils"_s, this,
-                            {{u"clase"_s, totals::kOperadores}, {u"codigo"_s, codigo(fila)}});
+  abrir(totals::PuertaVerFils{.clase = totals::kOperadores, .codigo = codigo(fila)});
 }
 
 }  // namespace tarvo::articles

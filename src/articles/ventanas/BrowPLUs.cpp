@@ -5,11 +5,9 @@
 #include <QKeyEvent>
 #include <QTableView>
 
-#include "articles/Busqueda.h"
 #include "articles/Secciones.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
-#include "core/dao/Orden.h"
 #include "core/dinero/Dinero.h"
 #include "core/ventanas/aspecto/Medidas.h"
 
@@ -23,7 +21,6 @@ namespace {
 constexpr int kLargoCodigo = 7, kLargoNombre = 30;
 constexpr int kAnchoLado = 430;
 constexpr int kLargoNumero = 9;  // more than fits, so that it is refused and not cut
-constexpr int kPrimero = static_cast<int>(kPrimerCodigo) - 1;  // row, after the system articles
 
 }  // namespace
 
@@ -52,6 +49,15 @@ void BrowPLUs::montar() {
   connect(
       ui_.Grid, &ventanas::Parrilla::editada, this,
       [this](int, int columna) { celdaEscrita(columna); }, Qt::QueuedConnection);
+  // The next row, but where the row itself may be elsewhere now.
+  connect(
+      ui_.Grid, &ventanas::Parrilla::escrita, this,
+      [this](int fila) {
+        if (!ordena(ui_.Grid->vista()->currentIndex().column())) ui_.Grid->irA(fila + 1);
+      },
+      Qt::QueuedConnection);
+  connect(ui_.Grid, &ventanas::Parrilla::variasEscritas, this, &BrowPLUs::refrescar);
+  for (ventanas::Parrilla* p : {ui_.Grid, ui_.GrdPre}) deshacer_->seguirTandas(*p);
   connect(ui_.Grid->vista()->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
           &BrowPLUs::ordenCambiado);
   for (ventanas::Parrilla* p : {ui_.Grid, ui_.GrdPre}) {
@@ -87,16 +93,10 @@ void BrowPLUs::montarCampos() {
 }
 
 void BrowPLUs::prepararParrilla() {
-  const auto entero = [this](int Articulo::* campo, int mayor, int nombre) {
-    return [this, campo, mayor, nombre](qint64 fila, const QString& texto) {
-      return ponerEntero(fila, texto, campo, mayor, nombre);
+  const auto entero = [this](const QString& columna, int Articulo::* campo, int mayor, int nombre) {
+    return [this, columna, campo, mayor, nombre](qint64 fila, const QString& texto) {
+      return ponerEntero(fila, texto, columna, campo, mayor, nombre);
     };
-  };
-  const auto nombre = [this](qint64 fila, const QString& texto) {
-    return escribir(fila, false, [&](Articulo& a) -> Resultado<> {
-      a.nombre = texto.left(kNombreDeRejilla);
-      return {};
-    });
   };
   std::vector<ventanas::Columna> columnas{
       {.titulo = kTxCodigo,
@@ -108,28 +108,33 @@ void BrowPLUs::prepararParrilla() {
       {.titulo = kTxNombre,
        .campo = u"NOMPLU"_s,
        .ancho = 240,
-       .orden = dao::expresionOrden(u"NOMPLU"),
-       .editar = nombre},
+       .orden = ordenPorNombre(),
+       .editar = [this](qint64 f, const QString& s) { return ponerNombre(f, s); }},
       {.titulo = kTxPrecio,
        .campo = u"PRECIO_00"_s,
        .clase = Clase::Importe,
        .ancho = kAnchoPrecio,
        .editar = ponerPrecio(0, 0)},
-      {.titulo = kTxUnidad, .campo = u"switch(CADA=0,'K',CADA=1,'g',true,'U')"_s, .ancho = 60},
+      {.titulo = kTxUnidad,
+       .campo = u"switch(CADA=0,'K',CADA=1,'g',true,'U')"_s,
+       .ancho = 60,
+       .rango = 1},
       {.titulo = kTxDepto,
        .campo = u"DEPTO"_s,
        .clase = Clase::Codigo,
        .cifras = 2,
        .ancho = 60,
-       .editar = entero(&Articulo::depto, kUltimoDepartamento, kTxDepartamento),
-       .largo = kLargoNumero},
+       .editar = entero(u"DEPTO"_s, &Articulo::depto, kUltimoDepartamento, kTxDepartamento),
+       .largo = kLargoNumero,
+       .rango = 2},
       {.titulo = kTxFormato,
        .campo = u"FORMATO"_s,
        .clase = Clase::Codigo,
        .cifras = 2,
        .ancho = 70,
-       .editar = entero(&Articulo::formato, kUltimoFormato, kTxFormatoEtiquetas),
-       .largo = kLargoNumero},
+       .editar = entero(u"FORMATO"_s, &Articulo::formato, kUltimoFormato, kTxFormatoEtiquetas),
+       .largo = kLargoNumero,
+       .rango = 3},
       {.titulo = kTxCoste,
        .campo = u"COSTE"_s,
        .clase = Clase::Importe,
@@ -152,12 +157,14 @@ std::function<Resultado<>(qint64, const QString&)> BrowPLUs::ponerPrecio(size_t 
                                                                          size_t tarifa) {
   return [this, nivel, tarifa](qint64 fila, const QString& texto) -> Resultado<> {
     std::optional<QString> aviso;
-    TARVO_INTENTAR(escribir(fila, false, [&](Articulo& a) -> Resultado<> {
+    const QString columna = columnaPrecio(static_cast<int>(nivel), static_cast<int>(tarifa));
+    const auto poner = [&](Articulo& a) -> Resultado<> {
       TARVO_TOMAR(const auto precio, leerPrecio(*this, texto, contexto().ajustes.MonedaNativa));
+      aviso = avisoCambio(a.precios[nivel][tarifa], precio, contexto().ajustes, contexto().textos);
       a.precios[nivel][tarifa] = precio;
-      aviso = avisoPrecio(precio, contexto().ajustes, contexto().textos);
       return {};
-    }));
+    };
+    TARVO_INTENTAR(escribir(fila, columna, poner));
     if (aviso) decirDuda(*aviso);
     return {};
   };
@@ -177,55 +184,57 @@ void BrowPLUs::anadirPrecios(std::vector<ventanas::Columna>& columnas) {
   }
 }
 
-Resultado<> BrowPLUs::preparar(const ventanas::Argumentos& argumentos) {
+Resultado<> BrowPLUs::entrar(const PuertaBrowPLUs& puerta) {
   TARVO_INTENTAR(ventanas::llenar(*ui_.LstSec, contexto().nombres.secciones(), 3));
   if (ui_.LstSec->count() == 0) return fallo(Fallo::NoExiste, t(kTxSinSecciones));
-  int seccion = argumentos.value(u"seccion"_s, seccion_).toInt();
+  int seccion = puerta.seccion > 0 ? puerta.seccion : seccion_;
   if (ui_.LstSec->findData(seccion) < 0) seccion = ui_.LstSec->itemData(0).toInt();
   const bool nueva = seccion_ == 0;
+  const bool otra = nueva || puerta.seccion > 0;
   LetSeccion(seccion);
-  if (const int depto = argumentos.value(u"departamento"_s, 0).toInt(); depto > 0) LetDept(depto);
-  // The first that may be changed.
-  if (nueva && departamento_ == 0 && ui_.Grid->filas() > kPrimero) ui_.Grid->irA(kPrimero);
-  if (nueva && departamento_ > 0 && ui_.Grid->filas() > 0) ui_.Grid->irA(0);
+  if (puerta.departamento > 0) LetDept(puerta.departamento);
+  if (otra) irAlPrimero();
   if (nueva) ui_.Grid->setFocus();
   return {};
+}
+
+// The first article that may be changed; a section may lack the system's own.
+void BrowPLUs::irAlPrimero() {
+  int fila = 0;
+  while (fila + 1 < std::min<int>(ui_.Grid->filas(), kPrimerCodigo) &&
+         ui_.Grid->valor(fila, u"CODPLU").entero() < kPrimerCodigo)
+    ++fila;
+  if (ui_.Grid->filas() > 0) ui_.Grid->irA(fila);
 }
 
 void BrowPLUs::LetSeccion(int seccion) {
   seccion_ = seccion;
   departamento_ = 0;
-  elegirEn(*ui_.LstSec, seccion);
+  ventanas::elegir(*ui_.LstSec, seccion);
   haIdoBien(ventanas::llenar(*ui_.LstDep, contexto().nombres.departamentos(seccion), 2));
-  ui_.LstDep->insertItem(0, t(kTxTodos), 0);
+  ui_.LstDep->insertItem(0, t(kTxTodos), qint64{0});
   ui_.LstDep->setCurrentIndex(0);
   listar();
   mirarLotes();
 }
 
 void BrowPLUs::LetDept(int departamento) {
-  departamento_ = elegirEn(*ui_.LstDep, departamento) ? departamento : 0;
+  departamento_ = ventanas::elegir(*ui_.LstDep, departamento) ? departamento : 0;
+  if (departamento_ == 0) ui_.LstDep->setCurrentIndex(0);
   listar();
+  if (ui_.Grid->filaActual() < 0) irAlPrimero();
 }
 
-QString BrowPLUs::filtro(std::vector<dao::Valor>& valores) const {
-  QString f = u"PLUSES.SECCION=?"_s;
-  valores.emplace_back(seccion_);
-  if (departamento_ > 0) {
-    f += u" AND DEPTO=?"_s;
-    valores.emplace_back(departamento_);
-  }
-  if (const Condicion c = condicionBusqueda(ui_.Filtro->text()); !c.sql.isEmpty()) {
-    f += u" AND "_s + c.sql;
-    valores.insert(valores.end(), c.valores.begin(), c.valores.end());
-  }
-  return f;
+FiltroArticulos BrowPLUs::filtro() const {
+  return {seccion_, departamento_, ui_.Filtro->text()};
 }
 
 void BrowPLUs::listar() {
   if (seccion_ == 0) return;
   ventanas::Origen o{.desde = u"PLUSES"_s, .clave = u"PLUSES.rowid"_s, .orden = u"CODPLU"_s};
-  o.filtro = filtro(o.parametros);
+  Condicion c = filtro().condicion();
+  o.filtro = std::move(c.sql);
+  o.parametros = std::move(c.valores);
   haIdoBien(ui_.Grid->abrir(std::move(o)));
   cambios_ = contexto().db.cambios();
   ui_.Grid->setVacia(t(ui_.Filtro->text().trimmed().isEmpty() ? kTxListaVacia : kTxNadaFiltrado),
@@ -244,9 +253,8 @@ void BrowPLUs::refrescar() {
 void BrowPLUs::refrescarEn(Clave c) {
   refrescar();
   if (c.seccion != seccion_ || c == clave()) return;
-  const auto fila = contexto().db.uno(u"SELECT rowid FROM PLUSES WHERE SECCION=? AND CODPLU=?",
-                                      c.seccion, c.codigo);
-  if (haIdoBien(fila) && !fila->nulo()) ui_.Grid->irA(ui_.Grid->filaDe(fila->entero()));
+  const auto fila = filaDe(contexto().db, {c.seccion, c.codigo});
+  if (haIdoBien(fila) && *fila) ui_.Grid->irA(ui_.Grid->filaDe(**fila));
 }
 
 // --- order and search ---------------------------------------------------------------------------
@@ -270,21 +278,12 @@ void BrowPLUs::ordenCambiado() {
 void BrowPLUs::buscar() {
   const QString texto = ui_.EntBus->text().trimmed();
   if (texto.isEmpty()) return ui_.Grid->setFocus();
-  const bool porNombre = ui_.ModoNom->isChecked();
-  const QString orden = porNombre ? dao::expresionOrden(u"NOMPLU") : u"CODPLU"_s;
-  std::vector<dao::Valor> valores;
-  const QString donde = filtro(valores);
-  valores.emplace_back(porNombre ? dao::Valor(dao::claveOrden(texto))
-                                 : dao::Valor(texto.toLongLong()));
-  auto rs = contexto().db.OpenQuery(
-      QString(u"SELECT PLUSES.rowid FROM PLUSES WHERE "_s + donde + u" AND "_s + orden +
-              u">=? ORDER BY "_s + orden + u" LIMIT 1"_s),
-      valores);
+  const auto fila = filaDesde(contexto().db, filtro(), ui_.ModoNom->isChecked(), texto);
   ui_.EntBus->clear();
   ui_.Grid->setFocus();
-  if (!haIdoBien(rs)) return;
-  if ((*rs)->Eof()) return decirDuda(t(kTxNadaDesde).arg(texto));
-  ui_.Grid->irA(ui_.Grid->filaDe((*rs)->entero(0)));
+  if (!haIdoBien(fila)) return;
+  if (!*fila) return decirDuda(t(kTxNadaDesde).arg(texto));
+  ui_.Grid->irA(ui_.Grid->filaDe(**fila));
 }
 
 // --- the pointer --------------------------------------------------------------------------------

@@ -3,9 +3,13 @@
 // closes.
 #pragma once
 
+#include "articles/Busqueda.h"
 #include "articles/Lotes.h"
+#include "articles/precios/ventanas/Puertas.h"
+#include "articles/ventanas/Puertas.h"
 #include "articles/ventanas/RejillaPrecios.h"
 #include "comm/motor/gestcomm.h"
+#include "core/ventanas/edicion/Deshacer.h"
 #include "core/ventanas/marco/Recorrido.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_BrowPLUs.h"
@@ -20,8 +24,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   BrowPLUs(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo,
            motor::gestcomm& motor);
 
-  // "seccion", else the first; "departamento", 0 for all.
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaBrowPLUs& puerta);
   bool QueryUnload() override;
   ventanas::Recorrido* recorrido() override { return this; }
 
@@ -45,11 +48,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
  private:
   using Cambio = std::function<Resultado<>(Articulo& articulo)>;
   using Paso = std::function<Resultado<>(std::span<const ClaveArticulo> claves)>;
-  struct Deshecho {
-    QString que;
-    qint64 lote = 0;
-    qint64 cortado = 0;  // its articles, when it was cut off: it stays when the window goes
-  };
+  using Vuelto = ventanas::Deshacer::Vuelto;
 
   void montar();
   void montarAcciones();
@@ -59,7 +58,8 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   void anadirPrecios(std::vector<ventanas::Columna>& columnas);
   std::function<Resultado<>(qint64, const QString&)> ponerPrecio(size_t nivel, size_t tarifa);
   void listar();
-  QString filtro(std::vector<dao::Valor>& valores) const;
+  FiltroArticulos filtro() const;
+  void irAlPrimero();
   void ordenar(bool porNombre);
   void ordenCambiado();
   void buscar();
@@ -70,26 +70,36 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   ClaveArticulo actual() const;
   std::vector<ClaveArticulo> elegidos();
 
-  Resultado<> escribir(qint64 fila, bool callado, const Cambio& cambio);
+  // Of the column of that field. `callado`: a change of a system article is taken back without a
+  // word.
+  Resultado<> escribir(qint64 fila, const QString& campo, const Cambio& cambio,
+                       bool callado = false);
+  Resultado<> ponerNombre(qint64 fila, const QString& texto);
   Resultado<> ponerCodigo(qint64 fila, const QString& texto);
-  Resultado<> ponerEntero(qint64 fila, const QString& texto, int Articulo::* campo, int mayor,
-                          int nombre);
+  Resultado<> ponerEntero(qint64 fila, const QString& texto, const QString& columna,
+                          int Articulo::* campo, int mayor, int nombre);
+  QString queCambia(const Precios& antes, const Precios& ahora) const;
+  void apuntar(const QString& que, const Articulo& antes, const Articulo& ahora);
   void celdaEscrita(int columna);
+  bool ordena(int columna) const;  // the list is in the order of that column
   Error incorrecto(int nombre) const;
   void avisarDepartamento(int departamento);
 
   void editarCompleto(bool nuevo);
-  void abrirCon(const QString& ventana);
+  void verVentas();
+  void calcular();
+  void cambiarVarios();
+  precios::Celda celdaActual() const;
   void borrar();
   void trasladar(bool mover);
   void porPasos(const QString& que, std::vector<ClaveArticulo> claves, const Paso& paso,
                 const std::function<void(qint64 hechos)>& alFinal);
   void anotarDeshacer(const QString& que, qint64 lote);
-  void deshacerUltimo();
+  Resultado<Vuelto> volverDe(LoteGuardado& lote, const QString& que);
   void mirarLotes();
-  void resolverCortado(const Deshecho& d);
-  void volverDeCortado(const Deshecho& d);
-  void decirVuelta(const QString& bien, const Lotes::Deshecho& hecho);
+  Vuelto resolverCortado(const Lotes::Lote& lote, const QString& que);
+  void volverDeCortado(const Lotes::Lote& lote, const QString& que);
+  Vuelto vueltaDe(const QString& bien, const Lotes::Deshecho& hecho) const;
   bool cerrarHijos();
 
   bool event(QEvent* evento) override;
@@ -106,7 +116,8 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   Clave anterior_;  // told to those that follow the pointer
   std::vector<std::pair<QPointer<QObject>, std::function<void()>>> siguen_;
   QString nombre_;  // of the article in hand
-  std::vector<Deshecho> deshechos_;
+  ventanas::Deshacer* deshacer_;
+  std::vector<int> cortados_;  // of what can be undone: batches that were cut off
   bool trabajando_ = false;
   qint64 cambios_ = 0;  // of the database when the list was read
 };

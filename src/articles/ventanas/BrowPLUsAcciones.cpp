@@ -4,15 +4,16 @@
 #include <QToolButton>
 
 #include "articles/TextosArticles.h"
+#include "articles/importar/ventanas/Puertas.h"
+#include "articles/precios/ventanas/Puertas.h"
 #include "articles/ventanas/BrowPLUs.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/EnviarCambios.h"
-#include "articles/ventanas/Puertas.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
-#include "articles/ventanas/xEditPLU.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "totals/periodos/Clases.h"
+#include "totals/ventanas/Puertas.h"
 
 namespace tarvo::articles {
 
@@ -27,14 +28,17 @@ constexpr size_t kPorPaso = 100;  // articles, one transaction
 
 void BrowPLUs::montarAcciones() {
   unir(ui_.Borro, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); });
-  unir(ui_.Deshacer, u"atras"_s, QKeySequence(QKeySequence::Undo), [this] { deshacerUltimo(); });
+  deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
+  connect(deshacer_, &ventanas::Deshacer::deshecho, this, [this] { habilitar(); });
   unir(ui_.Copio, u"copiar"_s, Qt::Key_F6, [this] { trasladar(false); });
   unir(ui_.Muevo, u"adelante"_s, Qt::Key_F7, [this] { trasladar(true); });
-  unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F8, [this] { abrirCon(u"VerFils"_s); });
-  unir(ui_.VerPrecios, u"reloj"_s, Qt::Key_F9, [this] { abrirCon(u"VerPrecios"_s); });
-  unir(ui_.Calculo, u"sumar"_s, Qt::Key_F11, [this] { abrirCon(u"CalcPre"_s); });
-  unir(ui_.Varios, u"acumular"_s, Qt::Key_F12, [this] { abrirCon(u"CambioLote"_s); });
-  unir(ui_.Import, u"importar"_s, Qt::CTRL | Qt::Key_O, [this] { abrirCon(u"ImpPLU"_s); });
+  unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F8, [this] { verVentas(); });
+  unir(ui_.VerPrecios, u"reloj"_s, Qt::Key_F9,
+       [this] { abrir(PuertaVerPrecios{seccion_, actual().codigo}); });
+  unir(ui_.Calculo, u"sumar"_s, Qt::Key_F11, [this] { calcular(); });
+  unir(ui_.Varios, u"acumular"_s, Qt::Key_F12, [this] { cambiarVarios(); });
+  unir(ui_.Import, u"importar"_s, Qt::CTRL | Qt::Key_O,
+       [this] { abrir(importar::PuertaImpPLU{.seccion = seccion_}); });
   ui_.Imprimir->setIcon(ventanas::icono(u"imprimir"_s));
   ui_.Imprimir->setEnabled(false);
   ui_.Imprimir->setToolTip(t(kTxSinInformes));
@@ -67,19 +71,21 @@ void BrowPLUs::montarMenus() {
     return a;
   };
   auto* altas = menu(ui_.Nuevo, u"MnAltas"_s, u"anadir"_s, Qt::Key_Insert, ui_.barra);
-  permitir(*entrada(altas, u"MnRapido"_s, kTxAltaRapida, [this] { abrirCon(u"FastAlta"_s); }),
+  permitir(*entrada(altas, u"MnRapido"_s, kTxAltaRapida,
+                    [this] { abrir(precios::PuertaFastAlta{seccion_, nombre()}); }),
            contexto(), u"FastAlta"_s, t(kTxSinEsa));
   entrada(altas, u"MnCompleto"_s, kTxAltaCompleta, [this] {
     editarCompleto(true);
   })->setShortcut(Qt::CTRL | Qt::Key_Insert);
   auto* modif = menu(ui_.Modificar, u"MnModif"_s, u"modificar"_s, Qt::Key_F3, ui_.barra);
-  permitir(*entrada(modif, u"MnRapidoM"_s, kTxModifRapida, [this] { abrirCon(u"FastModf"_s); }),
+  permitir(*entrada(modif, u"MnRapidoM"_s, kTxModifRapida,
+                    [this] { abrir(precios::PuertaFastModf{seccion_, nombre()}); }),
            contexto(), u"FastModf"_s, t(kTxSinEsa));
   entrada(modif, u"MnCompletoM"_s, kTxModifCompleta, [this] {
     editarCompleto(false);
   })->setShortcut(Qt::Key_F4);
-  permitir(*entrada(modif, u"MnCalculo"_s, kTxModifCalculo, [this] { abrirCon(u"CalcPre"_s); }),
-           contexto(), u"CalcPre"_s, t(kTxSinEsa));
+  permitir(*entrada(modif, u"MnCalculo"_s, kTxModifCalculo, [this] { calcular(); }), contexto(),
+           u"CalcPre"_s, t(kTxSinEsa));
   montarMenuEnvio(
       *menu(ui_.Envio, u"MnEnvioCambios"_s, u"enviar"_s, Qt::CTRL | Qt::Key_E, ui_.barra2), *this);
   for (QMenu* m : {altas, modif}) addActions(m->actions());
@@ -89,42 +95,51 @@ void BrowPLUs::habilitar() {
   const bool hay = ui_.Grid->filas() > 0 && !trabajando_;
   for (QAction* a : {ui_.Modificar, ui_.Borro, ui_.Copio, ui_.Muevo, ui_.VerPrecios})
     a->setEnabled(hay);
-  ui_.VerXtrac->setEnabled(hay && contexto().ventanas.conoce(u"VerFils"_s));
+  ui_.VerXtrac->setEnabled(hay && contexto().ventanas.conoce<totals::PuertaVerFils>());
   ui_.Calculo->setEnabled(hay && contexto().ventanas.conoce(u"CalcPre"_s));
   ui_.Nuevo->setEnabled(!trabajando_);
-  ui_.Deshacer->setEnabled(!deshechos_.empty() && !trabajando_);
-  ui_.Deshacer->setToolTip(deshechos_.empty() ? QString() : deshechos_.back().que);
+  ui_.Deshacer->setEnabled(!deshacer_->vacia() && !trabajando_);
 }
 
 void BrowPLUs::editarCompleto(bool nuevo) {
   const ClaveArticulo c = nuevo ? ClaveArticulo{seccion_, 0} : actual();
   if (!nuevo && c.codigo == 0) return;
   if (!nuevo && c.deSistema()) return decirDuda(t(kTxIntocables));
-  contexto().ventanas.abrir(XEditPLU::nombreDe(c), this,
-                            {{u"padre"_s, nombre()},
-                             {u"seccion"_s, c.seccion},
-                             {u"departamento"_s, departamento_},
-                             {u"codigo"_s, c.codigo}});
+  abrir(PuertaXEditPLU{c.seccion, departamento_, c.codigo, nombre()});
 }
 
-void BrowPLUs::abrirCon(const QString& ventana) {
+// Its sales across time.
+void BrowPLUs::verVentas() {
   const ClaveArticulo c = actual();
-  if (ventana == u"CalcPre" && c.deSistema()) {
-    if (c.codigo > 0) decirDuda(t(kTxIntocables));
-    return;
-  }
-  QVariantList codigos;  // of several rows chosen
+  abrir(totals::PuertaVerFils{.seccion = c.seccion, .codigo = c.codigo});
+}
+
+// From the price in hand: that of the list, else that of the prices beside it.
+precios::Celda BrowPLUs::celdaActual() const {
+  const QString campo =
+      ui_.Grid->modelo()
+          ->columnas()[static_cast<size_t>(std::max(0, ui_.Grid->vista()->currentIndex().column()))]
+          .campo;
+  for (int i = 0; ui_.Grid->vista()->hasFocus() && i < kNiveles * kTarifas; ++i)
+    if (campo == columnaPrecio(i / kTarifas, i % kTarifas)) return {i / kTarifas, i % kTarifas};
+  const QModelIndex i = ui_.GrdPre->vista()->currentIndex();
+  return {std::max(0, i.column() - 1), std::max(0, i.row())};
+}
+
+void BrowPLUs::calcular() {
+  const ClaveArticulo c = actual();
+  if (c.codigo > 0 && c.deSistema()) return decirDuda(t(kTxIntocables));
+  if (c.codigo == 0) return;
+  abrir(precios::PuertaCalcPre{c.seccion, c.codigo, celdaActual(), nombre()});
+}
+
+// Of several rows chosen those, else what is chosen there.
+void BrowPLUs::cambiarVarios() {
+  precios::PuertaCambioLote puerta{.seccion = seccion_, .lista = nombre()};
   for (const int fila : ui_.Grid->filasElegidas())
-    codigos << ui_.Grid->valor(fila, u"CODPLU").entero();
-  if (codigos.size() < 2) codigos.clear();
-  contexto().ventanas.abrir(ventana, this,
-                            {{u"padre"_s, nombre()},
-                             {u"lista"_s, nombre()},
-                             {u"codigos"_s, codigos},
-                             {u"seccion"_s, seccion_},
-                             {u"departamento"_s, departamento_},
-                             {u"codigo"_s, c.codigo},
-                             {u"clase"_s, totals::kPLUs}});
+    puerta.codigos.push_back(ui_.Grid->valor(fila, u"CODPLU").entero());
+  if (puerta.codigos.size() < 2) puerta.codigos.clear();
+  abrir(puerta);
 }
 
 // The rows chosen, else the one in hand.
@@ -137,7 +152,7 @@ std::vector<ClaveArticulo> BrowPLUs::elegidos() {
   return claves;
 }
 
-// Some articles a step; each step is one transaction.
+// Some articles a step.
 void BrowPLUs::porPasos(const QString& que, std::vector<ClaveArticulo> claves, const Paso& paso,
                         const std::function<void(qint64)>& alFinal) {
   const auto todas = std::make_shared<std::vector<ClaveArticulo>>(std::move(claves));
@@ -146,9 +161,7 @@ void BrowPLUs::porPasos(const QString& que, std::vector<ClaveArticulo> claves, c
     a.total = static_cast<qint64>(todas->size());
     const auto desde = static_cast<size_t>(*hechos);
     const auto tanda = std::span(*todas).subspan(desde, std::min(kPorPaso, todas->size() - desde));
-    TARVO_TOMAR(auto t, dao::Transaccion::empezar(contexto().db));
     TARVO_INTENTAR(paso(tanda));
-    TARVO_INTENTAR(t.confirmar());
     a.hechos = *hechos += static_cast<qint64>(tanda.size());
     return a.hechos < a.total;
   };
@@ -181,10 +194,8 @@ void BrowPLUs::borrar() {
   // After the last one that goes, or in front of the end.
   const int ultima = ui_.Grid->filasElegidas().back();
   const int sitio = ultima + 1 - static_cast<int>(claves.size());
-  const auto paso = [this, lote = *lote](std::span<const ClaveArticulo> tanda) -> Resultado<> {
-    for (const ClaveArticulo& c : tanda) TARVO_INTENTAR(lotes_.guardar(lote, c));
-    TARVO_INTENTAR(catalogo_.borrar(tanda));
-    return {};
+  const auto paso = [this, lote = *lote](std::span<const ClaveArticulo> tanda) {
+    return lotes_.borrar(lote, tanda);
   };
   porPasos(t(kTxBorrando), claves, paso, [=, this, lote = *lote](qint64 hechos) {
     const QString que = t(kTxBorrados, static_cast<int>(hechos));
@@ -204,14 +215,8 @@ void BrowPLUs::trasladar(bool mover) {
   if (!haIdoBien(lote)) return;
   const auto fuera = std::make_shared<QStringList>();
   const auto paso = [=, this, lote = *lote](std::span<const ClaveArticulo> tanda) -> Resultado<> {
-    for (const ClaveArticulo& c : tanda) {
-      TARVO_TOMAR(const auto hay, catalogo_.leer({*destino, c.codigo}));
-      if (hay) continue;  // it is left out
-      if (mover) TARVO_INTENTAR(lotes_.guardar(lote, c));
-      TARVO_INTENTAR(lotes_.guardar(lote, {*destino, c.codigo}));
-    }
-    TARVO_TOMAR(const auto quedan, mover ? catalogo_.mover(tanda, *destino)
-                                         : catalogo_.copiar(tanda, *destino, u"EntNmSc"_s));
+    TARVO_TOMAR(const auto quedan, mover ? lotes_.mover(lote, tanda, *destino)
+                                         : lotes_.copiar(lote, tanda, *destino, u"EntNmSc"_s));
     for (const ClaveArticulo& c : quedan) *fuera << verCodigo(c.codigo);
     return {};
   };
@@ -239,10 +244,7 @@ bool BrowPLUs::cerrarHijos() {
 bool BrowPLUs::QueryUnload() {
   if (!cerrarHijos()) return true;
   trabajo().parar();
-  if (!trabajando_)
-    for (const Deshecho& d : deshechos_)
-      if (d.cortado == 0) haIdoBien(lotes_.olvidar(d.lote));
-  deshechos_.clear();
+  deshacer_->olvidar();
   enviarAlSalir(*this, catalogo_, motor_);
   return false;
 }

@@ -3,33 +3,77 @@
 #include "articles/ventanas/BrowPLUs.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/dinero/Dinero.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::articles {
 
 using namespace Qt::StringLiterals;
 
+// The first price of two that differs, by its name in the list, and what it was.
+QString BrowPLUs::queCambia(const Precios& antes, const Precios& ahora) const {
+  for (int i = 0; i < kNiveles * kTarifas; ++i) {
+    const auto nivel = static_cast<size_t>(i / kTarifas),
+               tarifa = static_cast<size_t>(i % kTarifas);
+    const qint64 era = antes[nivel][tarifa];
+    if (era != ahora[nivel][tarifa])
+      return t(ventanas::kTxCeldaDe)
+          .arg(t(i == 0 ? kTxPrecio : kTxOtrosPrecios + i - 1).trimmed(),
+               VerImporte(contexto().ajustes, era, contexto().ajustes.MonedaNativa));
+  }
+  return {};
+}
+
 Error BrowPLUs::incorrecto(int nombre) const {
   return {Fallo::Formato, 0, t(kTxValorIncorrecto) + u": "_s + t(nombre)};
 }
 
-// `callado`: a change of a system article is taken back without a word.
-Resultado<> BrowPLUs::escribir(qint64 fila, bool callado, const Cambio& cambio) {
-  const ClaveArticulo clave{seccion_, ui_.Grid->valor(ui_.Grid->filaDe(fila), u"CODPLU").entero()};
+Resultado<> BrowPLUs::escribir(qint64 fila, const QString& campo, const Cambio& cambio,
+                               bool callado) {
+  const int sitio = ui_.Grid->filaDe(fila);
+  const ClaveArticulo clave{seccion_, ui_.Grid->valor(sitio, u"CODPLU").entero()};
   if (clave.deSistema()) {
     if (!callado) decirDuda(t(kTxIntocables));
     return {};
   }
-  TARVO_TOMAR(auto articulo, catalogo_.leer(clave));
-  if (!articulo) return fallo(Fallo::NoExiste, t(kTxArticuloBorrado));
-  TARVO_INTENTAR(cambio(*articulo));
-  const auto hecho = catalogo_.modificar(clave, *articulo, nombre());
+  TARVO_TOMAR(const auto antes, catalogo_.leer(clave));
+  if (!antes) return fallo(Fallo::NoExiste, t(kTxArticuloBorrado));
+  Articulo ahora = *antes;
+  TARVO_INTENTAR(cambio(ahora));
+  const auto hecho = catalogo_.modificar(clave, ahora, nombre());
   if (!hecho) return std::unexpected(informe(*this, hecho.error()));
+  const auto* modelo = ui_.Grid->modelo();
+  const int columna = modelo->columna(campo);
+  const int titulo = modelo->columnas()[static_cast<size_t>(columna)].titulo;
+  apuntar(t(ventanas::kTxCeldaDe).arg(t(titulo).trimmed(), modelo->texto(sitio, columna)), *antes,
+          ahora);
   return {};
 }
 
+// By the article, not by its row: the list may show others by then.
+void BrowPLUs::apuntar(const QString& que, const Articulo& antes, const Articulo& ahora) {
+  if (antes == ahora) return;
+  deshacer_->apuntar(que, [this, antes, ahora]() -> Resultado<Vuelto> {
+    const auto hecho = catalogo_.volver(antes, ahora, nombre());
+    if (!hecho) return std::unexpected(informe(*this, hecho.error()));
+    refrescarEn({antes.clave.seccion, antes.clave.codigo});
+    return Vuelto();
+  });
+  habilitar();
+}
+
+Resultado<> BrowPLUs::ponerNombre(qint64 fila, const QString& texto) {
+  return escribir(fila, u"NOMPLU"_s, [&](Articulo& a) -> Resultado<> {
+    if (const auto mal = malNombre(texto.trimmed(), contexto().textos))
+      return fallo(Fallo::Formato, *mal);
+    a.nombre = texto.trimmed();
+    return {};
+  });
+}
+
 Resultado<> BrowPLUs::ponerCodigo(qint64 fila, const QString& texto) {
-  return escribir(fila, false, [&](Articulo& a) -> Resultado<> {
+  return escribir(fila, u"CODPLU"_s, [&](Articulo& a) -> Resultado<> {
     a.clave.codigo = texto.toLongLong();
     if (a.clave.deSistema() || a.clave.codigo > kUltimoCodigo)
       return std::unexpected(incorrecto(kTxCodigoPLU));
@@ -37,15 +81,16 @@ Resultado<> BrowPLUs::ponerCodigo(qint64 fila, const QString& texto) {
   });
 }
 
-Resultado<> BrowPLUs::ponerEntero(qint64 fila, const QString& texto, int Articulo::* campo,
-                                  int mayor, int nombre) {
+Resultado<> BrowPLUs::ponerEntero(qint64 fila, const QString& texto, const QString& columna,
+                                  int Articulo::* campo, int mayor, int nombre) {
   const bool esDepto = campo == &Articulo::depto;
   const int n = texto.toInt();
-  TARVO_INTENTAR(escribir(fila, esDepto, [&](Articulo& a) -> Resultado<> {
+  const auto poner = [&](Articulo& a) -> Resultado<> {
     if (n < 1 || n > mayor) return std::unexpected(incorrecto(nombre));
     a.*campo = n;
     return {};
-  }));
+  };
+  TARVO_INTENTAR(escribir(fila, columna, poner, esDepto));
   if (esDepto && ui_.Grid->valor(ui_.Grid->filaDe(fila), u"CODPLU").entero() >= kPrimerCodigo)
     avisarDepartamento(n);
   return {};
@@ -53,25 +98,31 @@ Resultado<> BrowPLUs::ponerEntero(qint64 fila, const QString& texto, int Articul
 
 // Any number of the range is taken; one that the section lacks deserves a word.
 void BrowPLUs::avisarDepartamento(int departamento) {
-  const auto hay = contexto().db.uno(u"SELECT NUMDEP FROM DEPTS WHERE SECCION=? AND NUMDEP=?",
-                                     seccion_, departamento);
+  const auto hay = contexto().nombres.departamento(seccion_, departamento);
   if (!haIdoBien(hay)) return;
-  if (hay->nulo()) return decirDuda(t(kTxSinEseDepartamento).arg(departamento));
+  if (!*hay) return decirDuda(t(kTxSinEseDepartamento).arg(departamento));
   if (tira().estado() == ventanas::Estado::Duda) tira().quitar();
+}
+
+bool BrowPLUs::ordena(int columna) const {
+  return columna == ui_.Grid->modelo()->columna(ui_.ModoNom->isChecked() ? u"NOMPLU" : u"CODPLU");
 }
 
 // Its row may be elsewhere in the order now; the pointer stays on its article.
 void BrowPLUs::celdaEscrita(int columna) {
-  const auto* modelo = ui_.Grid->modelo();
-  const bool ordena = columna == modelo->columna(ui_.ModoNom->isChecked() ? u"NOMPLU" : u"CODPLU");
-  if (ordena) return refrescar();
+  if (ordena(columna)) return refrescar();
   cambios_ = contexto().db.cambios();
   actualCambiada();
 }
 
 Resultado<> BrowPLUs::CambioPrecios(const Precios& precios) {
+  TARVO_TOMAR(const auto antes, catalogo_.leer(actual()));
+  if (!antes) return fallo(Fallo::NoExiste, t(kTxArticuloBorrado));
   const auto hecho = catalogo_.ponerPrecios(actual(), precios, nombre());
   if (!hecho) return std::unexpected(informe(*this, hecho.error()));
+  Articulo ahora = *antes;
+  ahora.precios = precios;
+  apuntar(queCambia(antes->precios, precios), *antes, ahora);
   ui_.Grid->modelo()->releer(ui_.Grid->filaActual());
   cambios_ = contexto().db.cambios();
   return {};

@@ -12,41 +12,70 @@ namespace tarvo::articles {
 
 using ventanas::MyMsgBox;
 
+namespace {
+
+constexpr int kPregunta = ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente;
+
+}  // namespace
+
 void BrowPLUs::anotarDeshacer(const QString& que, qint64 lote) {
-  if (haIdoBien(lotes_.acabar(lote))) deshechos_.push_back({que, lote});
+  if (haIdoBien(lotes_.acabar(lote))) {
+    const auto guardado = std::make_shared<LoteGuardado>(lotes_, lote);
+    deshacer_->apuntar(que, [=, this] { return volverDe(*guardado, que); });
+  }
   cambios_ = contexto().db.cambios();
+}
+
+Resultado<BrowPLUs::Vuelto> BrowPLUs::volverDe(LoteGuardado& lote, const QString& que) {
+  TARVO_TOMAR(const auto aviso, lotes_.avisoDeVuelta(lote.lote()));
+  if (aviso && !MyMsgBox::Decide(this, contexto().textos, *aviso, kPregunta))
+    return Vuelto{.queda = true};
+  const auto hecho = lotes_.deshacer(lote.lote(), nombre());
+  refrescar();
+  if (!hecho) return std::unexpected(hecho.error());
+  return vueltaDe(t(ventanas::kTxDeshecho).arg(que), *hecho);
+}
+
+BrowPLUs::Vuelto BrowPLUs::vueltaDe(const QString& bien, const Lotes::Deshecho& hecho) const {
+  if (hecho.fuera.empty()) return {bien};
+  return {t(kTxNoRepuestos, static_cast<int>(hecho.fuera.size())), true};
 }
 
 // Changes of this section that were cut off, by whatever window: said first, and taken back from
 // here too. Those of a window that is open are its own.
 void BrowPLUs::mirarLotes() {
-  std::erase_if(deshechos_, [](const Deshecho& d) { return d.cortado > 0; });
+  for (const int numero : std::exchange(cortados_, {})) deshacer_->retirar(numero);
   const auto lotes = lotesAMedias(contexto().db);
   if (!haIdoBien(lotes)) return;
   for (const LoteAMedias& l : *lotes) {
     const bool suyo = std::ranges::find(l.secciones, seccion_) != l.secciones.end();
     if (!suyo || (l.ventana != nombre() && contexto().ventanas.cargada(l.ventana))) continue;
     const QString que = decirAMedias(l, contexto().textos);
-    deshechos_.push_back({que, l.lote.numero, l.lote.articulos});
+    cortados_.push_back(deshacer_->apuntar(que, [this, lote = l.lote, que]() -> Resultado<Vuelto> {
+      return resolverCortado(lote, que);
+    }));
     decirDuda(que);
   }
   habilitar();
 }
 
 // Taken back, or taken as it stands: until then nothing of the section is sent.
-void BrowPLUs::resolverCortado(const Deshecho& d) {
-  constexpr int kEstilo = ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente;
-  if (MyMsgBox::Decide(this, contexto().textos, contexto().textos(kTxDeshacerCortado, {d.que}),
-                       kEstilo))
-    return volverDeCortado(d);
-  if (!MyMsgBox::Decide(this, contexto().textos, t(kTxDarPorBueno), kEstilo)) return;
-  if (!haIdoBien(lotes_.darPorHecho(d.lote))) return;
+BrowPLUs::Vuelto BrowPLUs::resolverCortado(const Lotes::Lote& lote, const QString& que) {
+  const Vuelto queda{.queda = true};
+  if (MyMsgBox::Decide(this, contexto().textos, contexto().textos(kTxDeshacerCortado, {que}),
+                       kPregunta)) {
+    volverDeCortado(lote, que);
+    return queda;
+  }
+  if (!MyMsgBox::Decide(this, contexto().textos, t(kTxDarPorBueno), kPregunta)) return queda;
+  if (!haIdoBien(lotes_.darPorHecho(lote.numero))) return queda;
   mirarLotes();
   decirBien(t(kTxDadoPorBueno));
+  return queda;
 }
 
-void BrowPLUs::volverDeCortado(const Deshecho& d) {
-  const auto vuelta = std::make_shared<Vuelta>(lotes_, d.lote, d.cortado, nombre());
+void BrowPLUs::volverDeCortado(const Lotes::Lote& lote, const QString& que) {
+  const auto vuelta = std::make_shared<Vuelta>(lotes_, lote.numero, lote.articulos, nombre());
   trabajando_ = true;
   habilitar();
   ui_.Grid->setEnabled(false);
@@ -58,30 +87,9 @@ void BrowPLUs::volverDeCortado(const Deshecho& d) {
         refrescar();
         mirarLotes();
         if (!haIdoBien(fin) || *fin == Trabajo::Fin::Parado) return;
-        decirVuelta(t(kTxDeshecho).arg(d.que), vuelta->hecho());
+        const Vuelto v = vueltaDe(t(ventanas::kTxDeshecho).arg(que), vuelta->hecho());
+        v.duda ? decirDuda(v.texto) : decirBien(v.texto);
       });
-}
-
-void BrowPLUs::decirVuelta(const QString& bien, const Lotes::Deshecho& hecho) {
-  hecho.fuera.empty() ? decirBien(bien)
-                      : decirDuda(t(kTxNoRepuestos, static_cast<int>(hecho.fuera.size())), bien);
-}
-
-void BrowPLUs::deshacerUltimo() {
-  if (deshechos_.empty() || trabajando_) return;
-  const Deshecho d = deshechos_.back();
-  if (d.cortado > 0) return resolverCortado(d);
-  const auto aviso = lotes_.avisoDeVuelta(d.lote);
-  if (aviso && *aviso &&
-      !MyMsgBox::Decide(this, contexto().textos, **aviso,
-                        ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente))
-    return;
-  const auto hecho = lotes_.deshacer(d.lote, nombre());
-  if (hecho || hecho.error().clase == Fallo::NoExiste) deshechos_.pop_back();
-  refrescar();
-  habilitar();
-  if (!haIdoBien(hecho)) return;
-  decirVuelta(t(kTxDeshecho).arg(d.que), *hecho);
 }
 
 }  // namespace tarvo::articles

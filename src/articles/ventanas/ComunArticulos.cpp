@@ -12,19 +12,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kImporteMayor = kPrecioMayor, kCantidadMayor = 2'000'000'000;
+constexpr qint64 kCantidadMayor = 2'000'000'000;
 
 bool hayCifras(const QString& texto) {
   return std::ranges::any_of(texto, [](QChar c) { return c >= u'1' && c <= u'9'; });
 }
 
 }  // namespace
-
-bool elegirEn(QComboBox& lista, const QVariant& dato) {
-  const int sitio = lista.findData(dato);
-  if (sitio >= 0) lista.setCurrentIndex(sitio);
-  return sitio >= 0;
-}
 
 QString verCodigo(qint64 codigo) {
   return Ceros(codigo, 7);
@@ -41,28 +35,11 @@ void marcar(QWidget& campo, bool falta) {
   campo.update();  // its frame is drawn by the property
 }
 
-Resultado<qint64> leerImporte(const ventanas::Ventana& v, const QString& texto, int moneda) {
-  const qint64 importe = AImporte(v.contexto().ajustes, texto, moneda);
-  const bool nada =
-      importe == 0 && (hayCifras(texto) || (!texto.trimmed().isEmpty() && !texto.contains(u'0')));
-  if (nada || importe < 0 || importe > kImporteMayor)
-    return fallo(Fallo::Formato, v.t(kTxImporteMalo).arg(texto));
-  return importe;
-}
-
 Resultado<qint64> leerPrecio(const ventanas::Ventana& v, const QString& texto, int moneda) {
   const auto& c = v.contexto();
   const auto precio = comoPrecio(texto, c.ajustes, moneda);
   if (!precio) return std::unexpected(errorDe(precio.error(), texto, c.ajustes, c.textos));
   return *precio;
-}
-
-int leerDescuento(const QString& texto) {
-  QString t = texto.trimmed();
-  if (t.isEmpty()) return 0;
-  bool numero = false;
-  const double n = t.replace(u',', u'.').toDouble(&numero) * 100;
-  return numero && n >= 0 && n <= kDescuentoMayor ? qRound(n) : -1;
 }
 
 Resultado<qint64> leerCantidad(const ventanas::Ventana& v, const QString& texto, int cada) {

@@ -1,16 +1,11 @@
-// What the windows of the catalogue share: lists of sections and departments, the words of an
-// error, amounts as a person types them.
+// What the windows of the catalogue share: the words of an error, amounts as a person types them.
 #pragma once
-
-#include <QComboBox>
 
 #include "articles/Catalogo.h"
 #include "core/ventanas/edicion/Opciones.h"
 #include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::articles {
-
-bool elegirEn(QComboBox& lista, const QVariant& dato);  // false when it isn't in the list
 
 // The width of a column in which the largest price stands whole.
 inline constexpr int kAnchoPrecio = 112;
@@ -24,14 +19,12 @@ Error informe(const ventanas::Ventana& v, const Error& error);
 // Shows that what a field holds is wrong, or isn't any more.
 void marcar(QWidget& campo, bool falta);
 
-// What was typed as money of a currency, in stored units; as a quantity, in grams or units. A text
-// that is no number, or doesn't fit, is refused; an empty one is 0.
-Resultado<qint64> leerImporte(const ventanas::Ventana& v, const QString& texto, int moneda);
-// The same for a price, by the limits of the catalogue: an empty one is refused.
-Resultado<qint64> leerPrecio(const ventanas::Ventana& v, const QString& texto, int moneda);
-// Hundredths of a per cent; empty is 0, what is no number is -1, which no article takes.
-int leerDescuento(const QString& texto);
+// What was typed as a quantity, in grams or units. A text that is no number, or doesn't fit, is
+// refused; an empty one is 0.
 Resultado<qint64> leerCantidad(const ventanas::Ventana& v, const QString& texto, int cada);
+// As a price of a currency, in stored units, by the limits of the catalogue: an empty one is
+// refused.
+Resultado<qint64> leerPrecio(const ventanas::Ventana& v, const QString& texto, int moneda);
 
 // The entry of a menu or bar that opens a window of another room: only while the registry knows it.
 void permitir(QAction& accion, const ventanas::Contexto& c, const QString& ventana,

@@ -45,21 +45,17 @@ class AvisoDeFin final : public QObject, public motor::Observador {
   int grupos_;
 };
 
-Resultado<std::vector<int>> gruposDe(dao::Database& db, const std::vector<int>& secciones) {
+Resultado<std::vector<int>> gruposDe(const Nombres& nombres, const std::vector<int>& secciones) {
   std::vector<int> grupos;
   for (const int seccion : secciones) {
-    TARVO_TOMAR(auto rs, db.consultar(u"select CODGPO from GRUPOS where SECCION=? order by CODGPO",
-                                      seccion));
-    while (!rs->Eof()) {
-      grupos.push_back(static_cast<int>(rs->entero(0)));
-      TARVO_INTENTAR(rs->MoveNext());
-    }
+    TARVO_TOMAR(const auto suyos, nombres.gruposDe(seccion));
+    for (const CodigoNombre& g : suyos) grupos.push_back(static_cast<int>(g.codigo));
   }
   return grupos;
 }
 
 void enviar(ventanas::Ventana& quien, const std::vector<int>& secciones, motor::gestcomm& motor) {
-  const auto grupos = gruposDe(quien.contexto().db, secciones);
+  const auto grupos = gruposDe(quien.contexto().nombres, secciones);
   if (!quien.haIdoBien(grupos) || grupos->empty()) return;
   ventanas::Ventana* comunicaciones = quien.contexto().ventanas.abrir(u"gestcomm"_s, &quien);
   QStringList rechazados;

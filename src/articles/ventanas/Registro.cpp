@@ -16,16 +16,15 @@ using namespace Qt::StringLiterals;
 using ventanas::fabrica;
 
 void registrarVentanasArticulos(ventanas::Ventanas& v, Catalogo& catalogo, motor::gestcomm& motor) {
-  v.registrar(u"BrowGrupos"_s, fabrica<BrowGrupos>(catalogo, motor),
-              {{u"Grupos"_s, false}, {u"Depts"_s, true}});
+  v.registrar<PuertaBrowGrupos, BrowGrupos>(catalogo, motor);
   v.registrar<PuertaEdIvaSeccs, EdIvaSeccs>(catalogo);
-  v.registrar(u"BrowPLUs"_s, fabrica<BrowPLUs>(catalogo, motor));
-  v.registrar(u"xEditPLU"_s, fabrica<XEditPLU>(catalogo));
+  v.registrar<PuertaBrowPLUs, BrowPLUs>(catalogo, motor);
+  v.registrar<PuertaXEditPLU, XEditPLU>(catalogo);
   v.registrar<PuertaEntNmSc, EntNmSc>();
   v.registrar(u"BrowOper"_s, fabrica<BrowOper>());
   v.registrar<PuertaSelOpe, SelOpe>();
   v.registrar<PuertaQueHacemos, QueHacemos>();
-  v.registrar(u"VerPrecios"_s, fabrica<VerPrecios>());
+  v.registrar<PuertaVerPrecios, VerPrecios>();
 }
 
 }  // namespace tarvo::articles

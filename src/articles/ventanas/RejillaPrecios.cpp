@@ -72,10 +72,11 @@ void RejillaPrecios::vaciar() {
 Resultado<> RejillaPrecios::escribir(int nivel, qint64 fila, const QString& texto) {
   TARVO_TOMAR(const auto importe, leerPrecio(v_, texto, moneda_));
   Precios nuevos = precios_;
-  nuevos[static_cast<size_t>(nivel)][static_cast<size_t>(fila)] = importe;
+  const qint64 antes =
+      std::exchange(nuevos[static_cast<size_t>(nivel)][static_cast<size_t>(fila)], importe);
   TARVO_INTENTAR(alCambiar_(nuevos));
   poner(nuevos);
-  if (const auto aviso = avisoPrecio(importe, v_.contexto().ajustes, v_.contexto().textos))
+  if (const auto aviso = avisoCambio(antes, importe, v_.contexto().ajustes, v_.contexto().textos))
     v_.decirDuda(*aviso);
   return {};
 }

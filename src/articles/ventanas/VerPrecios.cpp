@@ -35,7 +35,7 @@ std::vector<ventanas::Columna> columnasHistoria(const ventanas::Ventana& v, bool
   const auto tarifa = [](const dao::Valor& n) { return QString::number(n.entero() + 1); };
   const auto ventana = [&v](const dao::Valor& n) { return nombreVentana(v, n.texto()); };
   std::vector<ventanas::Columna> c{
-      {.titulo = kTxCuando, .campo = u"CUANDO"_s, .clase = Clase::Momento, .ancho = 140}};
+      {.titulo = kTxCuando, .campo = u"CUANDO"_s, .clase = Clase::Momento, .ancho = 170}};
   if (conArticulo) {
     c.push_back({.titulo = kTxCodigo,
                  .campo = u"HistoriaPrecios.CODPLU"_s,
@@ -70,11 +70,10 @@ VerPrecios::VerPrecios(ventanas::Contexto& contexto, const QString& nombre)
   connect(ui_.Grid, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
 }
 
-Resultado<> VerPrecios::preparar(const ventanas::Argumentos& argumentos) {
+Resultado<> VerPrecios::entrar(const PuertaVerPrecios& puerta) {
   TARVO_INTENTAR(ventanas::llenar(*ui_.LstSec, contexto().nombres.secciones(), 3));
-  elegirEn(*ui_.LstSec, argumentos.value(u"seccion"_s));
-  const qint64 codigo = argumentos.value(u"codigo"_s, 0).toLongLong();
-  ui_.txCod->setText(codigo > 0 ? verCodigo(codigo) : QString());
+  if (!ventanas::elegir(*ui_.LstSec, puerta.seccion)) ui_.LstSec->setCurrentIndex(0);
+  ui_.txCod->setText(puerta.codigo > 0 ? verCodigo(puerta.codigo) : QString());
   filtrar();
   ui_.Grid->setFocus();
   return {};

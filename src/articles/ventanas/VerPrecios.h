@@ -1,7 +1,7 @@
-// The history of prices: who set what when, from which window. Of one article ("seccion", "codigo")
-// or of a whole section.
+// The history of prices: who set what when, from which window. Of one article or of a section.
 #pragma once
 
+#include "articles/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "core/ventanas/parrilla/Columna.h"
 #include "ui_VerPrecios.h"
@@ -12,7 +12,7 @@ class VerPrecios final : public ventanas::Ventana {
   Q_OBJECT
  public:
   VerPrecios(ventanas::Contexto& contexto, const QString& nombre);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaVerPrecios& puerta);
 
  private:
   void filtrar();

@@ -1,17 +1,17 @@
-// The form: what it shows, and what a key does in it. What is checked and written stands in
-// xEditPLUGuardar.cpp.
+// The form. What it shows as one types, and what is checked, is in xEditPLUVivo.cpp.
 #include "articles/ventanas/xEditPLU.h"
 
-#include <QIntValidator>
-#include <QKeyEvent>
-#include <QRegularExpressionValidator>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QShortcut>
+#include <QTabWidget>
+#include <QToolButton>
 
 #include "articles/CodigoBarras.h"
 #include "articles/Limites.h"
 #include "articles/TextosArticles.h"
 #include "articles/ventanas/ComunArticulos.h"
-#include "articles/ventanas/DibujoBarras.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "articles/ventanas/VerPrecios.h"
 #include "core/dinero/Dinero.h"
@@ -21,86 +21,166 @@ namespace tarvo::articles {
 
 using namespace Qt::StringLiterals;
 using ventanas::Clase;
-using ventanas::escalar;
+using ventanas::Formulario;
 
 namespace {
 
-constexpr int kCifrasCodigo = 7, kAnchoBarras = 300;
+constexpr int kCifrasCodigo = 7, kCifrasPrefijo = 6, kLetrasPredefinido = 20, kAltoTexto = 120;
+
+QLineEdit& linea(const ventanas::Campo& campo) {
+  return *qobject_cast<QLineEdit*>(&campo.control());
+}
 
 }  // namespace
 
 XEditPLU::XEditPLU(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo)
-    : Ventana(contexto, nombre), catalogo_(catalogo), moneda_(contexto.ajustes.MonedaPreferente) {
-  ui_.setupUi(cuerpo());
-  enlazar();
+    : FichaDe(contexto, nombre),
+      fichas_(contexto.db, catalogo),
+      catalogo_(catalogo),
+      moneda_(contexto.ajustes.MonedaPreferente) {
   montar();
 }
 
-QString XEditPLU::nombreDe(ClaveArticulo clave) {
-  return u"xEditPLU#%1.%2"_s.arg(clave.seccion).arg(clave.codigo);
-}
-
 void XEditPLU::montar() {
-  cajas_ = {{ui_.txMinimo, &Articulo::minimo, true, kTxPrecioMinimo},
-            {ui_.txHasta1, &Articulo::hasta1, false, kTxValorHasta1},
-            {ui_.txHasta2, &Articulo::hasta2, false, kTxValorHasta2},
-            {ui_.txCoste, &Articulo::coste, true, kTxCoste},
-            {ui_.txStkMax, &Articulo::stkMax, false, kTxStockMaximo},
-            {ui_.txStkMin, &Articulo::stkMin, false, kTxStockMinimo}};
-  precios_ = std::make_unique<RejillaPrecios>(*this, *ui_.GrdPre, [this](const Precios& p) {
-    articulo_.precios = p;
+  auto f = formulario(kTxArticuloFicha);
+  montarCabeza(f);
+  auto* fichas = f.fichas(u"Fichas"_s);
+  montarPrecios(f.ficha(fichas, kTxFichaPrecios, u"pre"_s));
+  montarBarras(f.ficha(fichas, kTxFichaBarras, u"otr"_s));
+  montarAlmacen(f.ficha(fichas, kTxFichaAlmacen, u"stk"_s));
+  montarEtiqueta(f.ficha(fichas, kTxFichaEtiqueta, u"etq"_s));
+  acabar({1040, 640}, {.acepto = u"Guardar"_s,
+                       .cancelo = u"Salir"_s,
+                       .textoAcepto = kTxGuardarIvas,
+                       .textoCancelo = kTxSalirFicha});
+  precios_ = std::make_unique<RejillaPrecios>(*this, *listaPrecios_, [this](const Precios& p) {
+    r.articulo.precios = p;
     return Resultado<>();
   });
-  ui_.historia->preparar(contexto(), nombre(), columnasHistoria(*this, false));
-  ui_.historia->setBusca(false);
-  ui_.historia->setVacia(t(kTxSinHistoria));
-  montarListas();
+  listaHistoria_->preparar(contexto(), nombre(), columnasHistoria(*this, false));
+  listaHistoria_->setBusca(false);
+  listaHistoria_->setVacia(t(kTxSinHistoria));
   montarStock();
-  connect(ui_.Guardar, &QPushButton::clicked, this, &XEditPLU::guardar);
-  connect(ui_.Salir, &QPushButton::clicked, this, [this] { close(); });
-  ui_.Moneda->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  ui_.Moneda->setIcon(ventanas::icono(u"moneda"_s));
-  ui_.Moneda->setMinimumWidth(escalar(80));
-  ui_.Moneda->setVisible(contexto().ajustes.Euro > 0);
-  ui_.Moneda->installEventFilter(this);
-  ui_.txCod->installEventFilter(this);
-  connect(ui_.Moneda, &QToolButton::clicked, this, &XEditPLU::alternarMoneda);
+}
+
+// What the message calls it, where that isn't its caption.
+XEditPLU::Campo& XEditPLU::llamar(Campo& campo, int nombre) {
+  campo.setNombre(t(nombre));
+  return campo;
+}
+
+ventanas::Modo XEditPLU::importe(qint64& donde) const {
+  return dinero(donde, [this] { return moneda_; }).vacioComo(u"0"_s);
+}
+
+ventanas::Modo XEditPLU::medida(qint64& donde) const {
+  return cantidad(donde, [this] { return cada_; }).vacioComo(u"0"_s);
+}
+
+void XEditPLU::montarCabeza(Formulario f) {
+  Articulo& a = r.articulo;
+  auto c = f.columnas({0, 1, 0, 0});
+  codigo_ = &llamar(c[0].fila(kTxCodigoFicha, u"txCod"_s,
+                              codigo(a.clave.codigo, kCifrasCodigo, kPrimerCodigo, kUltimoCodigo)),
+                    kTxCodigoPLU);
+  linea(*codigo_).setMaxLength(kCifrasCodigo);
+  ventanas::empujarCifras(linea(*codigo_));
+  connect(codigo_, &Campo::dejado, this, [this] {
+    QLineEdit& caja = linea(*codigo_);
+    if (const qint64 n = caja.text().toLongLong(); n > 0) caja.setText(verCodigo(n));
+  });
+  nombre_ = &c[1].fila(kTxNombreFicha, u"txNom"_s, texto(a.nombre, kNombreMayor));
+  unidad_ = &c[2].fila(
+      kTxUnidadFicha, u"LstCada"_s, a.cada,
+      {{kPorKilo, t(kTxPorKilo)}, {kPor100g, t(kTxPor100g)}, {kPorUnidad, t(kTxPorUnidad)}});
+  connect(unidad_, &Campo::cambiado, this, &XEditPLU::unidadCambiada);
+  botonMoneda_ =
+      c[3].icono(u"moneda"_s, kTxCambiarMoneda, u"Moneda"_s, [this] { alternarMoneda(); });
+  botonMoneda_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  botonMoneda_->setMinimumWidth(ventanas::escalar(80));
+  botonMoneda_->setVisible(contexto().ajustes.Euro > 0);
+  botonMoneda_->installEventFilter(this);
+  c[3].enLinea({botonMoneda_});
   connect(new QShortcut(Qt::CTRL | Qt::Key_M, this), &QShortcut::activated, this,
           &XEditPLU::alternarMoneda);
-  connect(ui_.txCod, &QLineEdit::editingFinished, this, [this] {
-    if (!ui_.txCod->text().isEmpty()) ui_.txCod->setText(verCodigo(ui_.txCod->text().toLongLong()));
-  });
-  connect(ui_.Corregir, &QPushButton::clicked, this, [this] {
-    const QString codigo = ui_.txBarExt->text().trimmed();
+}
+
+void XEditPLU::montarPrecios(Formulario f) {
+  Articulo& a = r.articulo;
+  auto c = f.columnas(2);
+  listaPrecios_ = c[0].parrilla(kTxPreciosPorTarifa, u"GrdPre"_s);
+  hasta1_ = &llamar(c[0].fila(kTxHasta1Ficha, u"txHasta1"_s, medida(a.hasta1)), kTxValorHasta1);
+  hasta2_ = &llamar(c[0].fila(kTxHasta2Ficha, u"txHasta2"_s, medida(a.hasta2)), kTxValorHasta2);
+  minimo_ = &llamar(c[0].fila(kTxMinimoFicha, u"txMinimo"_s, importe(a.minimo)), kTxPrecioMinimo);
+  c[0].casilla(kTxModificable, u"chModificable"_s, a.modificable);
+  listaHistoria_ = c[1].parrilla(kTxHistoriaFicha, u"historia"_s);
+  medidas_ = {hasta1_, hasta2_, minimo_};
+}
+
+void XEditPLU::montarBarras(Formulario f) {
+  Articulo& a = r.articulo;
+  auto c = f.columnas(2);
+  depto_ = &llamar(c[0].fila(kTxDepartamentoFicha, u"LstDep"_s, a.depto, {}), kTxDepartamento);
+  departamentos_ = qobject_cast<QComboBox*>(&depto_->control());
+  descuento_ = &llamar(c[0].fila(kTxDescuentoFicha, u"txDescto"_s,
+                                 centesimas(a.descto, 0, kDescuentoMayor).vacioComo(u"0"_s)),
+                       kTxDescuento);
+  auto& tipo = c[0].fila(kTxTipoBarras, u"LstBarras"_s, a.barras,
+                         {{kEAN8, u"EAN8"_s}, {kEAN13, u"EAN13"_s}});
+  tipoBarras_ = qobject_cast<QComboBox*>(&tipo.control());
+  prefijo_ = &c[0].fila(kTxPrefijoBarras, u"txPfx"_s, cifras(a.pfxBar, kCifrasPrefijo));
+  predefinido_ = &c[0].fila(kTxPredefinidoFicha, u"txBarExt"_s,
+                            {.ver = [&a] { return a.codBarExt.value_or(QString()); },
+                             .poner = [&a](const QString& s) -> Resultado<> {
+                               a.codBarExt =
+                                   s.trimmed().isEmpty() ? std::optional<QString>() : s.trimmed();
+                               return {};
+                             },
+                             .letras = kLetrasPredefinido});
+  linea(*predefinido_).setMaxLength(kLetrasPredefinido);
+  control_ = c[0].nota(u"control"_s);
+  corregir_ = c[0].boton(kTxCorregir, u"Corregir"_s, [this] {
+    QLineEdit& caja = linea(*predefinido_);
+    const QString codigo = caja.text().trimmed();
     if (const auto debido = controlDebido(codigo))
-      ui_.txBarExt->setText(codigo.chopped(1) + QString::number(*debido));
+      caja.setText(codigo.chopped(1) + QString::number(*debido));
+  });
+  c[0].enLinea({corregir_, nullptr});
+  c[0].muelle();
+  dibujo_ = c[1].ancho(new QLabel, u"dibujo"_s, 0, 1);
+  deque_ = c[1].nota(u"deque"_s);
+  ventanas::ponerLetra(*deque_, ventanas::Letra::Secundaria);
+  for (QLabel* l : {dibujo_, deque_}) l->setAlignment(Qt::AlignCenter);
+  connect(tipoBarras_, &QComboBox::currentIndexChanged, this, &XEditPLU::pintarBarras);
+  for (const Campo* campo : {codigo_, prefijo_, predefinido_})
+    connect(&linea(*campo), &QLineEdit::textChanged, this, &XEditPLU::pintarBarras);
+}
+
+void XEditPLU::montarAlmacen(Formulario f) {
+  Articulo& a = r.articulo;
+  auto c = f.columnas({0, 0, 0, 1});
+  coste_ = &llamar(c[0].fila(kTxCosteFicha, u"txCoste"_s, importe(a.coste)), kTxCoste);
+  auto& mayor =
+      llamar(c[1].fila(kTxStockMaximoFicha, u"txStkMax"_s, medida(a.stkMax)), kTxStockMaximo);
+  auto& menor =
+      llamar(c[2].fila(kTxStockMinimoFicha, u"txStkMin"_s, medida(a.stkMin)), kTxStockMinimo);
+  unidadStock_ = c[3].nota(u"lbUni"_s);
+  medidas_.insert(medidas_.end(), {coste_, &mayor, &menor});
+  listaStock_ = f.parrilla(kTxContadores, u"GrdStk"_s);
+  connect(coste_, &Campo::dejado, this, [this] {
+    if (coste_->leer()) pintarStock();
   });
 }
 
-void XEditPLU::montarListas() {
-  for (const int texto : {kTxPorKilo, kTxPor100g, kTxPorUnidad}) ui_.LstCada->addItem(t(texto));
-  ui_.LstBarras->addItems({u"EAN8"_s, u"EAN13"_s});
-  ui_.txCod->setMaxLength(kCifrasCodigo);
-  ui_.txCod->setMaximumWidth(escalar(100));
-  ui_.txNom->setMaxLength(kNombreMayor);
-  auto* cifras = new QRegularExpressionValidator(QRegularExpression(u"\\d*"_s), this);
-  for (const auto& [campo, largo] : {std::pair{ui_.txCod, kCifrasCodigo},
-                                     {ui_.txPfx, 6},
-                                     {ui_.txFormato, 4},
-                                     {ui_.txDias1, 4},
-                                     {ui_.txDias2, 4}}) {
-    campo->setValidator(cifras);
-    campo->setMaxLength(largo);
-  }
-  for (QLineEdit* campo :
-       {ui_.txFormato, ui_.txDias1, ui_.txDias2, ui_.txCoste, ui_.txStkMax, ui_.txStkMin})
-    campo->setMaximumWidth(escalar(110));
-  ui_.txBarExt->setMaxLength(20);
-  ui_.txTexto->setTabChangesFocus(true);
-  connect(ui_.LstCada, &QComboBox::currentIndexChanged, this, &XEditPLU::unidadCambiada);
-  connect(ui_.LstBarras, &QComboBox::currentIndexChanged, this, &XEditPLU::pintarBarras);
-  for (QLineEdit* campo : {ui_.txCod, ui_.txPfx, ui_.txBarExt})
-    connect(campo, &QLineEdit::textChanged, this, &XEditPLU::pintarBarras);
+void XEditPLU::montarEtiqueta(Formulario f) {
+  Articulo& a = r.articulo;
+  auto c = f.columnas({0, 0, 0, 1});
+  formato_ =
+      &llamar(c[0].fila(kTxFormatoFicha, u"txFormato"_s, numero(a.formato, 1, kUltimoFormato)),
+              kTxFormatoEtiquetas);
+  c[1].fila(kTxCaduca1, u"txDias1"_s, numero(a.numdias1, 0, kDiasMayor).vacioComo(u"0"_s));
+  c[2].fila(kTxCaduca2, u"txDias2"_s, numero(a.numdias2, 0, kDiasMayor).vacioComo(u"0"_s));
+  f.parrafo(kTxTextoFicha, u"txTexto"_s, a.textoEtq, kAltoTexto);
 }
 
 void XEditPLU::montarStock() {
@@ -132,204 +212,43 @@ void XEditPLU::montarStock() {
                       .ancho = 96,
                       .ordenable = false});
   columnas.push_back({.titulo = kTxUnidad, .campo = u"cada"_s, .soloDato = true});
-  ui_.GrdStk->preparar(contexto(), nombre(), std::move(columnas));
-  ui_.GrdStk->setBusca(false);
-  ui_.GrdStk->setPie(false);
-  ui_.GrdStk->setEscribeAlTeclear(true);
-  ui_.GrdStk->vivas();
-  for (ventanas::Parrilla* p : {ui_.GrdStk, ui_.GrdPre, ui_.historia})
-    connect(p, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
-  connect(ui_.txCoste, &QLineEdit::editingFinished, this, [this] {
-    leerCajas();
-    pintarStock();
-  });
+  listaStock_->preparar(contexto(), nombre(), std::move(columnas));
+  listaStock_->setBusca(false);
+  listaStock_->setPie(false);
+  listaStock_->setEscribeAlTeclear(true);
+  listaStock_->vivas();
 }
 
-Resultado<> XEditPLU::preparar(const ventanas::Argumentos& argumentos) {
-  int seccion = argumentos.value(u"seccion"_s, 0).toInt();
-  if (seccion == 0) {
-    TARVO_TOMAR(const auto primera, contexto().db.uno(u"SELECT min(NMSECC) FROM SECCS"));
-    seccion = static_cast<int>(primera.entero());
+Resultado<> XEditPLU::entrar(const PuertaXEditPLU& puerta) {
+  ClaveArticulo clave{puerta.seccion, puerta.codigo.value_or(0)};
+  if (clave.seccion == 0) {
+    TARVO_TOMAR(const auto secciones, contexto().nombres.secciones());
+    clave.seccion = secciones.empty() ? 0 : static_cast<int>(secciones.front().codigo);
   }
-  qint64 codigo = argumentos.value(u"codigo"_s, 0).toLongLong();
-  if (!argumentos.contains(u"codigo"_s)) {
-    TARVO_TOMAR(const auto hay, primero(seccion));
-    codigo = hay;
+  if (!puerta.codigo) {
+    TARVO_TOMAR(const auto primero, catalogo_.vecino(clave, 1));
+    if (primero) clave = *primero;
   }
   // A second opening of the same article finds it as it was left.
-  if (isVisible() && (codigo == 0 || vieja_ == ClaveArticulo{seccion, codigo})) return {};
-  return editar(argumentos.value(u"padre"_s).toString(), seccion,
-                argumentos.value(u"departamento"_s, 0).toInt(), codigo);
-}
-
-Resultado<qint64> XEditPLU::primero(int seccion) {
-  TARVO_TOMAR(
-      const auto codigo,
-      contexto().db.uno(u"SELECT min(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU>2", seccion));
-  return codigo.entero();
-}
-
-Resultado<> XEditPLU::editar(const QString& padre, int seccion, int departamento, qint64 codigo) {
-  padre_ = padre;
-  vieja_.reset();
-  articulo_ = {};
-  articulo_.clave = {seccion, codigo};
-  if (codigo > 0) {
-    TARVO_TOMAR(const auto hay, catalogo_.leer(articulo_.clave));
-    if (!hay) return fallo(Fallo::NoExiste, t(kTxArticuloBorrado));
-    articulo_ = *hay;
-    vieja_ = articulo_.clave;
-  }
-  TARVO_INTENTAR(ventanas::llenar(*ui_.LstDep, contexto().nombres.departamentos(seccion), 2));
-  if (codigo == 0) {
-    const int primero = ui_.LstDep->count() > 0 ? ui_.LstDep->itemData(0).toInt() : 0;
-    articulo_.depto = departamento > 0 ? departamento : primero;
-  }
-  TARVO_TOMAR(const auto existencias, leerExistencias(contexto().db, articulo_.clave));
-  existencias_ = existenciasAntes_ = existencias;
-  TARVO_INTENTAR(ui_.historia->abrir({.desde = u"HistoriaPrecios"_s,
-                                      .filtro = u"SECCION=? AND CODPLU=?"_s,
-                                      .parametros = {seccion, codigo},
-                                      .clave = u"HistoriaPrecios.ID"_s,
-                                      .orden = u"HistoriaPrecios.ID DESC"_s}));
-  mostrar();
-  antes_ = articulo_;
-  setWindowTitle(codigo == 0 ? t(kTxArticuloNuevo)
-                             : t(kTxArticuloDe).arg(verCodigo(codigo), articulo_.nombre));
-  ui_.Fichas->setCurrentIndex(0);
-  (codigo == 0 ? ui_.txCod : ui_.txNom)->setFocus();
-  return {};
-}
-
-// --- showing ------------------------------------------------------------------------------------
-
-void XEditPLU::mostrar() {
-  const Articulo& a = articulo_;
-  ui_.txCod->setText(a.clave.codigo > 0 ? verCodigo(a.clave.codigo) : QString());
-  ui_.txNom->setText(a.nombre);
-  {
-    const QSignalBlocker callada(ui_.LstCada);
-    ui_.LstCada->setCurrentIndex(a.cada);
-  }
-  ui_.chModificable->setChecked(a.modificable);
-  if (!elegirEn(*ui_.LstDep, a.depto)) ui_.LstDep->setCurrentIndex(-1);
-  ui_.LstBarras->setCurrentIndex(a.barras);
-  ui_.txPfx->setText(a.pfxBar);
-  ui_.txBarExt->setText(a.codBarExt.value_or(QString()));
-  ui_.txDescto->setText(QString::number(a.descto / 100.0, 'f', 2).replace(u'.', u','));
-  ui_.txFormato->setText(QString::number(a.formato));
-  ui_.txTexto->setPlainText(a.textoEtq);
-  ui_.txDias1->setText(QString::number(a.numdias1));
-  ui_.txDias2->setText(QString::number(a.numdias2));
-  precios_->poner(a.precios);
+  if (isVisible() && antes().articulo.clave == clave) return {};
+  TARVO_TOMAR(auto ficha, fichas_.leer(clave, puerta.departamento));
+  TARVO_INTENTAR(
+      ventanas::llenar(*departamentos_, contexto().nombres.departamentos(clave.seccion), 2));
+  TARVO_INTENTAR(listaHistoria_->abrir({.desde = u"HistoriaPrecios"_s,
+                                        .filtro = u"SECCION=? AND CODPLU=?"_s,
+                                        .parametros = {clave.seccion, clave.codigo},
+                                        .clave = u"HistoriaPrecios.ID"_s,
+                                        .orden = u"HistoriaPrecios.ID DESC"_s}));
+  padre_ = puerta.padre;
+  cada_ = ficha.articulo.cada;
+  TARVO_INTENTAR(editar(std::move(ficha)));
+  precios_->poner(r.articulo.precios);
   pintarMoneda();
   pintarBarras();
-}
-
-void XEditPLU::mostrarCajas() {
-  for (Caja& c : cajas_) {
-    c.visto = c.dinero ? VerImporte(contexto().ajustes, articulo_.*c.valor, moneda_)
-                       : VerCantidad(articulo_.*c.valor, articulo_.cada);
-    c.campo->setText(c.visto);
-  }
-  ui_.lbUni->setText(t(articulo_.porPeso() ? kTxKgs : kTxUds));
-}
-
-void XEditPLU::pintarMoneda() {
-  precios_->setMoneda(moneda_);
-  ui_.historia->setMoneda(moneda_);
-  ui_.GrdStk->setMoneda(moneda_);
-  ui_.Moneda->setText(contexto().ajustes.MonedaLogo[static_cast<size_t>(moneda_)]);
-  mostrarCajas();
-  pintarStock();
-}
-
-void XEditPLU::alternarMoneda() {
-  if (contexto().ajustes.Euro <= 0 || ui_.GrdPre->editando() || ui_.GrdStk->editando()) return;
-  if (const auto malas = leerCajas(); !malas.empty()) return decirMalas(malas);
-  moneda_ = moneda_ == 0 ? 1 : 0;
-  pintarMoneda();
-}
-
-// What was typed for the former unit is read by it first.
-void XEditPLU::unidadCambiada() {
-  if (const auto malas = leerCajas(); !malas.empty()) {
-    const QSignalBlocker callada(ui_.LstCada);
-    ui_.LstCada->setCurrentIndex(articulo_.cada);
-    return decirMalas(malas);
-  }
-  articulo_.cada = ui_.LstCada->currentIndex();
-  mostrarCajas();
-  pintarStock();
-}
-
-void XEditPLU::pintarStock() {
-  std::vector<ventanas::FilaViva> filas;
-  filas.reserve(existencias_.size());
-  for (const Existencia& e : existencias_)
-    filas.push_back({e.almacen,
-                     {e.nombre.isEmpty() ? Ceros(e.almacen, 2) : e.nombre, e.inicial, e.compra,
-                      e.venta, e.entrada, e.salida, e.merma, e.actual(),
-                      e.valoracion(articulo_.cada, articulo_.coste), articulo_.cada}});
-  const bool habia = ui_.GrdStk->filas() > 0;
-  ui_.GrdStk->vivas().poner(std::move(filas));
-  if (!habia && ui_.GrdStk->filas() > 0)
-    ui_.GrdStk->vista()->setCurrentIndex(ui_.GrdStk->modelo()->index(0, 1));
-}
-
-void XEditPLU::pintarBarras() {
-  Articulo a = articulo_;
-  a.clave.codigo = ui_.txCod->text().toLongLong();
-  a.barras = ui_.LstBarras->currentIndex();
-  a.pfxBar = ui_.txPfx->text();
-  const QString externo = ui_.txBarExt->text().trimmed();
-  a.codBarExt = externo.isEmpty() ? std::optional<QString>() : externo;
-  const bool control = controlDebido(externo).has_value();
-  const QString codigo = codigoImpreso(a), duda = dudaDeBarras(a);
-  const bool mal = !duda.isEmpty();
-  marcar(*ui_.txBarExt, mal && a.codBarExt);
-  ui_.Corregir->setVisible(control);
-  ui_.control->setText(duda);
-  ui_.control->setVisible(mal);
-  ui_.dibujo->setPixmap(mal ? QPixmap()
-                            : dibujarBarras(codigo, escalar(kAnchoBarras), devicePixelRatioF()));
-  ui_.deque->setText(mal ? QString() : t(a.codBarExt ? kTxPredefinido : kTxCompuesto));
-}
-
-// What keeps its bar code from being printed, and read; empty when nothing does.
-QString XEditPLU::dudaDeBarras(const Articulo& a) const {
-  if (a.codBarExt) {
-    if (const auto debido = controlDebido(*a.codBarExt)) return t(kTxControlMalo).arg(*debido);
-    if (deSuTipo(a)) return {};
-    return t(kTxPredefinidoRaro).arg(ui_.LstBarras->itemText(a.barras)).arg(cifrasDe(a.barras));
-  }
-  return codigoImpreso(a).isEmpty() ? t(kTxNoCabeBarras) : QString();
-}
-
-QWidget* XEditPLU::fichaDe(const QWidget* campo) const {
-  for (int i = 0; i < ui_.Fichas->count(); ++i)
-    if (ui_.Fichas->widget(i)->isAncestorOf(campo)) return ui_.Fichas->widget(i);
-  return nullptr;
-}
-
-bool XEditPLU::eventFilter(QObject* objeto, QEvent* evento) {
-  if (objeto == ui_.Moneda) {
-    if (evento->type() == QEvent::MouseButtonDblClick) alternarMoneda();
-    return evento->type() == QEvent::MouseButtonPress ||
-           evento->type() == QEvent::MouseButtonRelease ||
-           evento->type() == QEvent::MouseButtonDblClick;
-  }
-  // A full box takes a further digit by pushing the first one out.
-  if (objeto == ui_.txCod && evento->type() == QEvent::KeyPress) {
-    const QString tecla = static_cast<QKeyEvent*>(evento)->text();
-    const bool llena = ui_.txCod->text().size() == kCifrasCodigo && !ui_.txCod->hasSelectedText() &&
-                       ui_.txCod->cursorPosition() == kCifrasCodigo;
-    if (llena && tecla.size() == 1 && tecla[0].isDigit()) {
-      ui_.txCod->setText(ui_.txCod->text().mid(1) + tecla);
-      return true;
-    }
-  }
-  return Ventana::eventFilter(objeto, evento);
+  setWindowTitle(r.nueva() ? t(kTxArticuloNuevo)
+                           : t(kTxArticuloDe).arg(verCodigo(clave.codigo), r.articulo.nombre));
+  (r.nueva() ? codigo_ : nombre_)->enfocar();
+  return {};
 }
 
 }  // namespace tarvo::articles

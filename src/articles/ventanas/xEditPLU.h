@@ -1,79 +1,70 @@
-// The complete editor of one article: xEditPLU. It edits a copy and writes it once.
+// The complete editor of one article: xEditPLU.
 #pragma once
 
-#include "articles/Catalogo.h"
-#include "articles/Existencias.h"
+#include "articles/FichaArticulo.h"
+#include "articles/ventanas/Puertas.h"
 #include "articles/ventanas/RejillaPrecios.h"
-#include "core/ventanas/marco/Ventana.h"
-#include "ui_xEditPLU.h"
+#include "core/ventanas/edicion/Ficha.h"
+
+class QTabWidget;
 
 namespace tarvo::articles {
 
-class XEditPLU final : public ventanas::Ventana {
-  Q_OBJECT
+class XEditPLU final : public ventanas::FichaDe<FichaArticulo> {
  public:
   XEditPLU(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo);
-
-  // One window an article.
-  static QString nombreDe(ClaveArticulo clave);
-  // "padre" (the name of a Recorrido), "seccion", "departamento", "codigo": 0 for a new article,
-  // without it the first one.
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
   // NoExiste when there is no such article.
-  Resultado<> editar(const QString& padre, int seccion, int departamento, qint64 codigo);
-  bool QueryUnload() override;
+  Resultado<> entrar(const PuertaXEditPLU& puerta);
 
  private:
-  // A box over a number of the article. The number is read again only when its text was changed, so
-  // that looking at it in another currency costs no cent.
-  struct Caja {
-    QLineEdit* campo;
-    qint64 Articulo::* valor;
-    bool dinero;
-    int nombre;  // text
-    QString visto = {};
-  };
-  struct Mala {
-    int nombre;
-    QWidget* ficha;  // null: above the tabs
-    QWidget* campo;
-  };
+  using Campo = ventanas::Campo;
 
   void montar();
-  void montarListas();
+  void montarCabeza(ventanas::Formulario f);
+  void montarPrecios(ventanas::Formulario f);
+  void montarBarras(ventanas::Formulario f);
+  void montarAlmacen(ventanas::Formulario f);
+  void montarEtiqueta(ventanas::Formulario f);
   void montarStock();
-  Resultado<qint64> primero(int seccion);
-  void mostrar();
-  void mostrarCajas();
+  // Money in the currency shown, a quantity of the unit shown; nothing typed is 0.
+  ventanas::Modo importe(qint64& donde) const;
+  ventanas::Modo medida(qint64& donde) const;
+  Campo& llamar(Campo& campo, int nombre);
+
   void pintarStock();
   void pintarBarras();
   void pintarMoneda();
   void alternarMoneda();
   void unidadCambiada();
-  std::vector<Mala> leer();
-  std::vector<Mala> leerCajas();
-  void leerOtros();
-  Mala mala(Falta falta) const;
-  void marcarMalas(const std::vector<Mala>& malas);
-  void decirMalas(const std::vector<Mala>& malas);
+  // The fields whose text depends on the currency or the unit; false, and said, when one can't be
+  // read.
+  bool leerMedidas();
   Resultado<> ponerContador(qint64 Existencia::* contador, qint64 almacen, const QString& texto);
-  bool loCambioOtro();
-  Resultado<> escribir();
-  void guardar();
   QString dudaDeBarras(const Articulo& articulo) const;
   void decirDudaBarras();
-  QWidget* fichaDe(const QWidget* campo) const;
+  Articulo comoSeVe() const;  // with the bar code that is being written
+
+  std::vector<FaltaCampo> comprobar() override;
+  void decir(const std::vector<FaltaCampo>& faltas) override;
+  bool cambiada() const override;
+  bool conforme() override;
+  Resultado<> aplicar() override;
+  void aplicada() override;
   bool eventFilter(QObject* objeto, QEvent* evento) override;
 
-  Ui::xEditPLU ui_;
+  FichasArticulo fichas_;
   Catalogo& catalogo_;
   std::unique_ptr<RejillaPrecios> precios_;
-  std::vector<Caja> cajas_;
-  std::optional<ClaveArticulo> vieja_;  // none: a new article
-  Articulo articulo_, antes_;
-  std::vector<Existencia> existencias_, existenciasAntes_;
+  Campo *codigo_, *nombre_, *unidad_, *depto_, *formato_, *minimo_, *hasta1_, *hasta2_, *descuento_;
+  Campo *prefijo_, *predefinido_, *coste_;
+  std::vector<Campo*> medidas_;  // of money and quantities
+  QComboBox *departamentos_, *tipoBarras_;
+  QToolButton* botonMoneda_;
+  QPushButton* corregir_;
+  QLabel *control_, *dibujo_, *deque_, *unidadStock_;
+  ventanas::Parrilla *listaPrecios_, *listaHistoria_, *listaStock_;
   QString padre_;
-  int moneda_;
+  int moneda_, cada_ = 0;  // shown
 };
 
 }  // namespace tarvo::articles

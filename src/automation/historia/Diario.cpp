@@ -32,7 +32,7 @@ std::optional<std::vector<qint64>> partir(const QString& texto) {
   return numeros;
 }
 
-// False when the row can't be understood.
+// False for an invalid row.
 bool leerListas(const dao::Recordset& rs, Ejecucion& e) {
   const auto texto = [&rs](QStringView columna) { return rs.texto(rs.columna(columna)); };
   auto seleccion = partir(texto(u"SELECCION")), ultimos = partir(texto(u"ULTIMOS")),
@@ -118,7 +118,7 @@ Resultado<> Diario::cerrar(qint64 ejecucion, FinEjecucion fin, Fecha ahora) {
 }
 
 namespace {
-// Of HECHA.
+// Values of HECHA.
 constexpr int kPorHacer = 0, kRechazada = 2;
 }  // namespace
 

@@ -1,5 +1,5 @@
-// The lasting record of runs: when each began and ended, what came of each of its tasks, what a
-// person was told. The last 100 runs are kept. Tables: docs/procesos.md.
+// The lasting record of runs: when each began and ended, the results of its tasks, and what was
+// reported to a person. The last 100 runs are kept. Tables: docs/procesos.md.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,7 @@ namespace tarvo::automation {
 
 inline constexpr int kEjecucionesGuardadas = 100;
 
-// How a run ended. The first three are those of ResultadoProceso.
+// How a run ended. The first three match ResultadoProceso.
 enum class FinEjecucion : int {
   Bien = 0,
   Problemas = 1,
@@ -21,8 +21,8 @@ enum class FinEjecucion : int {
   EnMarcha = 4
 };
 
-// A period as it was when the run made it. Its days tell it again when it was replaced since; a
-// number may be given again.
+// A period as it was when the run made it. Its days identify it if it was replaced since; a number
+// may be reused.
 struct PeriodoHecho {
   qint64 link = 0;
   struct Dias {
@@ -38,7 +38,7 @@ struct EjecucionHecha {
   Fecha inicio;
   std::optional<Fecha> final;
   FinEjecucion fin = FinEjecucion::Interrumpida;
-  std::vector<PeriodoHecho> periodos;  // made by it, those that were deleted since included
+  std::vector<PeriodoHecho> periodos;  // made by it, including those deleted since
   QString traza;                       // name of the file, in HomeDir
 };
 
@@ -59,20 +59,20 @@ class Historial {
  public:
   Historial(dao::Database& db, const Textos& textos) : db_(db), textos_(textos) {}
 
-  // --- written by the runner, in the transactions of what they tell of
-  // A run begins; runs beyond those that are kept go. REQUIRES a transaction.
+  // --- written by the runner, in the transactions of the recorded events
+  // A run begins; the oldest beyond those kept are deleted. REQUIRES a transaction.
   Resultado<> empezar(qint64 numero, const QString& nombre, Fecha inicio, const QString& traza);
   Resultado<> acabar(qint64 numero, FinEjecucion fin, Fecha ahora);
-  // REQUIRES that the periods are there.
+  // REQUIRES that the periods exist.
   Resultado<> periodosHechos(qint64 numero, const std::vector<qint64>& links);
   Resultado<> aviso(qint64 numero, const AvisoHecho& aviso);
   Resultado<> tareaFallida(qint64 numero, int grupo, TipoTarea clase, const QString& motivo);
 
-  // --- read by whoever shows it
-  // The last runs, the latest first. `enMarcha`: the number of the one that is under way now; any
-  // other without an end was cut off.
+  // --- read for display
+  // The last runs, the latest first. `enMarcha`: the number of the run now under way; any other
+  // without an end was interrupted.
   Resultado<std::vector<EjecucionHecha>> ultimas(int cuantas, std::optional<qint64> enMarcha = {});
-  // In the order of its steps. Formato when one is of a kind that this program doesn't know.
+  // In the order of its steps. Formato when one is of an unknown kind.
   Resultado<std::vector<TareaHecha>> tareas(qint64 numero);
   Resultado<std::vector<AvisoHecho>> avisos(qint64 numero);
 

@@ -1,5 +1,6 @@
 #include "automation/historia/Pendientes.h"
 
+#include "automation/historia/TablasHistoria.h"
 #include "core/dao/Marcas.h"
 #include "core/dao/Recorrido.h"
 
@@ -104,6 +105,7 @@ Pendientes::Debido debidoDe(const dao::Recordset& rs) {
 }  // namespace
 
 Resultado<std::vector<Pendientes::Debido>> Pendientes::todos() {
+  TARVO_INTENTAR(asegurarTablasHistoria(db_));
   return dao::reunir(
       db_.consultar(u"SELECT c.LINK, c.TIPO, c.FECHA1, c.FECHAF, c.DESCR, 0 AS VERBO, 0 AS "
                     u"MAYOR, e.PROCESO, e.RUTA, e.ORDEN, e.NUMERO AS VEZ FROM "

@@ -1,5 +1,6 @@
-// What a process should have done with a period and couldn't: accumulate it, take it off the stock,
-// export it. It is owed until it is done, be it nights later; a period that is gone owes nothing.
+// Operations on periods that a process should have done and couldn't: accumulate, take off the
+// stock, export. Each is owed until it is done, even nights later; nothing is owed for a deleted
+// period.
 #pragma once
 
 #include <QString>
@@ -22,29 +23,28 @@ class Pendientes {
   Resultado<std::vector<qint64>> de(const OrdenPeriodos& orden);
   Resultado<> saldar(const OrdenPeriodos& orden, qint64 link);
 
-  // Where an export step sends its periods. `orden` counts the export steps of a process from 1, so
-  // that a step whose file name was mended does what it owed under the old one.
+  // The target of an export step. `orden` counts the export steps of a process from 1, so that a
+  // step with a corrected file name does what it owed under the old one.
   struct Destino {
     QString proceso;
     int orden = 1;
     QString ruta;
   };
-  // Periods that were tried under one mark: one that came as far as the file is then known again.
+  // Periods tried under one mark: one that reached the file is then recognised.
   struct Exporte {
     QString marca;
     std::vector<qint64> links;
   };
-  // A period that is owed to this step or to this file already is not owed twice: the first mark
-  // stays.
+  // A period already owed to this step or file is not owed twice: the first mark stays.
   Resultado<> anotarExporte(const Destino& destino, const Exporte& exporte);
-  // What the step owes, in the order in which it was noted.
+  // What the step owes, in the order it was noted.
   Resultado<std::vector<Exporte>> exportes(const Destino& destino);
   // The period is in the file: neither this step nor any other owes it there.
   Resultado<> saldarExporte(const Destino& destino, qint64 link);
-  // Takes away what is owed of periods that are gone.
+  // Removes debts for deleted periods.
   Resultado<> limpiar();
 
-  // One thing owed, as a person is shown it.
+  // One debt, for display.
   struct Debido {
     enum class Que { Acumular, Descontar, Exportar } que = Que::Exportar;
     qint64 link = 0;
@@ -55,9 +55,9 @@ class Pendientes {
     QString proceso, fichero;  // Exportar
     int orden = 0;
   };
-  // Exports first, each in the order in which it was noted.
+  // Exports first, each kind in the order it was noted.
   Resultado<std::vector<Debido>> todos();
-  // It isn't owed any more though it was never done. False when it wasn't owed.
+  // Cancels a debt without doing it. False when it wasn't owed.
   Resultado<bool> olvidar(const Debido& debido);
 
  private:

@@ -17,7 +17,7 @@ CREATE TABLE IF NOT EXISTS ProcesoTareas (
   PRIMARY KEY (EJECUCION, PASO, GRUPO));
 )";
 
-// A number of a period may be given again: the dates tell whether it is the same period.
+// A period's number may be reused: the dates tell whether it is the same period.
 constexpr QStringView kPendientes =
     uR"(
 CREATE TABLE IF NOT EXISTS PeriodosPendientes (
@@ -38,8 +38,8 @@ CREATE TABLE IF NOT EXISTS EjecucionAvisos (
 CREATE INDEX IF NOT EXISTS EjecucionAvisos_Ejecucion ON EjecucionAvisos (EJECUCION);
 )";
 
-// A debt is one of a step and a period. Of those noted several times one that came as far as the
-// file stays, else the first.
+// A debt belongs to a step and a period. Of several notes of the same debt one that reached the
+// file is kept, else the first.
 constexpr QStringView kDelFichero =
     uR"(
 DELETE FROM ExportesPendientes WHERE MARCA NOT IN (SELECT MARCA FROM Exportes) AND EXISTS (

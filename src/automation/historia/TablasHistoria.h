@@ -1,4 +1,4 @@
-// The tables of our own in which stands how runs went and what they owe: docs/procesos.md.
+// Our own tables for the history of runs and what they owe: docs/procesos.md.
 #pragma once
 
 #include "core/dao/Pasos.h"
@@ -6,7 +6,7 @@
 namespace tarvo::automation {
 
 dao::TablasDeSala tablasHistoria();
-// Brings them alone, for who works with this room alone.
+// Creates only these, for programs that use this room alone.
 Resultado<> asegurarTablasHistoria(dao::Database& db);
 
 }  // namespace tarvo::automation

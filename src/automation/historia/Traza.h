@@ -1,4 +1,4 @@
-// The trace of a run: lines for whoever watches, and the same lines behind a file. The file is
+// The trace of a run: lines for observers, and the same lines at the end of a file. The file is
 // opened, written and closed at each entry, so that it can be read, copied or deleted meanwhile.
 #pragma once
 
@@ -13,11 +13,11 @@ namespace tarvo::automation {
 class Traza {
  public:
   explicit Traza(const Textos& textos) : textos_(textos) {}
-  // Direct run: HomeDir/NOMBRE.TZA. Delayed one: `traza` with the extension .TZC, the name of the
-  // process in front of each line, in a field of 8.
+  // Direct run: HomeDir/NOMBRE.TZA. Delayed run: `traza` with the extension .TZC, each line
+  // preceded by the name of the process, in a field of 8.
   void empezar(const Ajustes& ajustes, const QString& traza, const QString& nombre);
-  // The lines are in the file before `salida` hears them. False when the file can't be written, and
-  // they have gone to `salida` alone; that is told once there.
+  // The lines are in the file before `salida` gets them. False when the file can't be written, and
+  // only `salida` got them; this is reported there once.
   bool escribir(const QStringList& lineas, const std::function<void(const QString&)>& salida);
   const QString& ruta() const { return ruta_; }
 

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A free text as a field can hold it: a comma or a line end in it would part the line.
+// A free text made fit for a field: a comma or a line end would split the line.
 QString sinCortes(QString texto) {
   for (QChar& c : texto)
     if (c == u',' || c == u'\r' || c == u'\n') c = u' ';
@@ -32,7 +32,7 @@ QString fechaOTexto(const Momento& m) {
   return f ? fechaEscrita(*f) : sinCortes(std::get<QString>(m));
 }
 
-// What comes after the letter of each kind of step.
+// Writes what follows the letter of each kind of step.
 class Escritor {
  public:
   Escritor(const motor::RegistroTareas& registro, bool espanol)
@@ -101,7 +101,7 @@ class Escritor {
 
   static QString crear(const PasoPeriodos& p) {
     const Intervalo& iv = p.intervalo;
-    const bool libre = iv.tipo == totals::kOtros;  // the others' limits follow from the day
+    const bool libre = iv.tipo == totals::kOtros;  // for other kinds the limits follow from the day
     return u',' + QString::number(iv.tipo) + u',' +
            (libre ? fechaEscrita(iv.desde) : iv.desde.corta()) + u',' +
            (libre ? fechaEscrita(iv.hasta) : iv.hasta.corta()) + u',' + sinCortes(p.descripcion);
@@ -115,12 +115,11 @@ class Escritor {
 
 QString Lenguaje::EscribirPaso(const PasoProceso& paso) const {
   const Escritor escritor(r_, a_.EsEspanol());
-  return std::visit(
-      SegunPaso{[](std::monostate) { return QString(); },
-                [&]<class P>(const P& p) {
-                  return QString(QChar(P::kLetra) + (u':' + escritor.campos(p)));
-                }},
-      paso);
+  return std::visit(SegunPaso{[](std::monostate) { return QString(); },
+                              [&]<class P>(const P& p) {
+                                return QString(QChar(P::kLetra) + (u':' + escritor.campos(p)));
+                              }},
+                    paso);
 }
 
 QString Lenguaje::escribir(const FicheroProceso& f) const {

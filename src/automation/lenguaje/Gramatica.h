@@ -1,4 +1,4 @@
-// What reader and writer of the language share: the words, and how a line falls into fields.
+// Shared by the language's reader and writer: the words, and how a line divides into fields.
 #pragma once
 
 #include <QStringView>
@@ -12,15 +12,15 @@ inline constexpr qint64 kPrimerCodigo = 0, kUltimoCodigo = 9999999;
 
 QStringView palabraDe(VerboSesion verbo);
 QStringView palabraDe(VerboPeriodos verbo);
-// Nothing for a word that is no verb of theirs.
+// Nothing for an unknown verb.
 std::optional<VerboSesion> verboSesion(QStringView palabra);
 std::optional<VerboPeriodos> verboPeriodos(QStringView palabra);
 
-// How the line of a task goes on after its group.
+// How a task's line continues after its group.
 enum class ColaTarea { Nada, Informe, Rango };
 ColaTarea colaDe(TipoTarea tarea);
 
-// Takes the text before the first `corte` off `resto`, both trimmed; without one, all of it.
+// Removes the text before the first `corte` from `resto`, both trimmed; without one, all of it.
 QStringView cortar(QStringView& resto, QChar corte);
 
 }  // namespace tarvo::automation

@@ -12,7 +12,7 @@ QString citado(QStringView campo) {
   return u'"' + campo.left(40).toString() + u'"';
 }
 
-// Written with slashes, or with dashes, the year first or last, as people do.
+// With slashes or dashes, the year first or last.
 std::optional<Fecha> leerFecha(QStringView campo) {
   if (const auto f = Fecha::leer(campo)) return f;
   const qsizetype blanco = campo.indexOf(u' ');
@@ -23,7 +23,7 @@ std::optional<Fecha> leerFecha(QStringView campo) {
   return Fecha::leer(QStringLiteral("%1/%2/%3").arg(partes[0], partes[1], partes[2]) + hora);
 }
 
-// Takes field by field. The first fault stays, and the fields after it are read in vain.
+// Reads field by field. The first fault is kept, and later fields are ignored.
 class Campos {
  public:
   Campos(QStringView resto, bool espanol, const Textos& textos)
@@ -33,7 +33,7 @@ class Campos {
   QStringView todo() const { return resto_; }
   QString texto() { return campo().toString(); }
 
-  // A number, a reference to be filled at run time, or the word for all groups.
+  // A number, a reference filled at run time, or the word for all groups.
   Referencia referencia() {
     const auto f = campo();
     bool es = false;
@@ -181,7 +181,7 @@ PasoProceso leerExportar(Campos& f) {
   return p;
 }
 
-// Nothing for a line that begins like no kind of step.
+// Nothing for a line that doesn't begin like any kind of step.
 std::optional<PasoProceso> leerCampos(QStringView palabra, Campos& f,
                                       const motor::RegistroTareas& registro) {
   if (palabra.isEmpty()) return std::nullopt;

@@ -31,7 +31,7 @@ bool pareceActivacion(QStringView l) {
   return l.sliced(hora.size()).count(u',') >= 6;
 }
 
-// The head of a process file takes the words of days only as they are written.
+// The head of a process file accepts the day flags only in exact spelling.
 std::optional<bool> siNoExacto(QStringView campo, bool espanol) {
   const auto valor = leerSiNo(campo, espanol);
   const bool exacto = valor && (campo == siNo(*valor, espanol) || campo == u"Si");
@@ -61,7 +61,7 @@ std::optional<LineaActivacion> activacionDe(QStringView linea, bool espanol, Lec
   return a;
 }
 
-// A word, a colon: a comment has none.
+// A word and a colon: a comment has none.
 bool parecePaso(QStringView l) {
   const QStringView palabra = l.first(std::max<qsizetype>(0, l.indexOf(u':'))).trimmed();
   return !palabra.isEmpty() && std::ranges::all_of(palabra, [](QChar c) { return c.isLetter(); });
@@ -126,8 +126,8 @@ class LectorFichero {
     return {};
   }
 
-  // After the closing mark anything may stand; after a line that only isn't a step, steps were
-  // meant to be done.
+  // Anything may follow the closing mark; after a mere non-step line, further steps were meant to
+  // be run.
   void mirarResto(QStringView l) {
     if (corte_ == 0 || l.trimmed().isEmpty()) return;
     const auto paso = lenguaje_.LeerPaso(l);
@@ -143,7 +143,7 @@ class LectorFichero {
   const Lenguaje& lenguaje_;
   bool espanol_;
   Zona zona_ = Zona::Comienzo;
-  size_t numero_ = 0, corte_ = 0;  // of lines; where the steps of a plain file ended
+  size_t numero_ = 0, corte_ = 0;  // line number; the line where the steps of a plain file ended
   FicheroProceso f_;
 };
 

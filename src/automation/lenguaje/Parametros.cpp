@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The free text of a step that may bear names; null for a step without one.
+// The free text of a step, which may contain names; null for a step without one.
 QString* textoConNombres(PasoProceso& paso) {
   if (memoriza(paso)) return &std::get<PasoSesion>(paso).descripcion;
   auto* exportar = std::get_if<PasoExportar>(&paso);

@@ -1,6 +1,6 @@
 // Parameter steps: "%x,prompt", "$x,prompt" and "#x,prompt" in a comment step ask for a value,
-// which is put wherever the list names it. Pure functions on the list, and the text in which
-// answers are kept for a run that goes on later.
+// which replaces its name throughout the list. Pure functions on the list, and the text form of
+// answers kept for a resumed run.
 #pragma once
 
 #include <QJsonArray>
@@ -22,7 +22,7 @@ struct Respuesta {
   std::variant<qint64, QString, std::pair<Fecha, Fecha>> valor;
 };
 
-// What a step asks for; nothing when it is no parameter step.
+// The parameter asked for by a step; nothing when it is not a parameter step.
 std::optional<Parametro> parametroDe(const PasoProceso& paso);
 // Puts an answer into the whole list.
 void rellenar(std::vector<PasoProceso>& pasos, const Respuesta& respuesta);

@@ -50,9 +50,9 @@ using Referencia = std::variant<qint64, QString>;
 // A moment, or the reference ("#x") that stands for it.
 using Momento = std::variant<Fecha, QString>;
 
-// --- the six kinds of step; kLetra begins its line, kPalabra stands in headers of the trace
+// --- the six kinds of step; kLetra begins its line, kPalabra appears in headers of the trace
 
-// Asks something of a group, or of all.
+// A request to a group, or to all.
 struct PasoTarea {
   static constexpr char16_t kLetra = u'T';
   static constexpr QStringView kPalabra = u"TAREA";
@@ -71,7 +71,7 @@ struct PasoSesion {
   static constexpr char16_t kLetra = u'S';
   static constexpr QStringView kPalabra = u"SESIÓN";
   VerboSesion verbo = VerboSesion::Abrir;
-  // Of CERRAR alone.
+  // Only for CERRAR.
   QString descripcion;
   bool todoAUno = true, sustituir = true;
   bool operator==(const PasoSesion&) const = default;
@@ -97,7 +97,7 @@ struct Intervalo {
 struct PasoPeriodos {
   static constexpr char16_t kLetra = u'P';
   static constexpr QStringView kPalabra = u"PERIODOS";
-  std::optional<VerboPeriodos> verbo;  // nothing for a word that is none: the step does nothing
+  std::optional<VerboPeriodos> verbo;  // nothing for an unknown word: the step does nothing
   Intervalo intervalo;                 // CREAR
   QString descripcion;                 // CREAR
   qint64 tipo = 0;                     // BORRAR, SELECCIONAR, ACUMULAR, DESACUMULAR
@@ -109,13 +109,13 @@ struct PasoExportar {
   static constexpr char16_t kLetra = u'E';
   static constexpr QStringView kPalabra = u"EXPORTAR";
   static constexpr QStringView kVerbo = u"TOTALIZA";
-  bool totaliza = false;  // false for a word that is none: the step does nothing
+  bool totaliza = false;  // false for an unknown word: the step does nothing
   bool corto = false, borrar = false;
   QString fichero;
   bool operator==(const PasoExportar&) const = default;
 };
 
-// A comment, or what asks for a parameter.
+// A comment, or a request for a parameter.
 struct PasoNoper {
   static constexpr char16_t kLetra = u'N';
   static constexpr QStringView kPalabra = u"NOPER";
@@ -143,27 +143,29 @@ SegunPaso(F...) -> SegunPaso<F...>;
 struct LineaActivacion {
   Fecha hora;                  // time of day
   std::array<bool, 7> dias{};  // Monday first
-  QString nombre;              // "@" for the process held in the same file
+  QString nombre;              // "@" for the process in the same file
   bool operator==(const LineaActivacion&) const = default;
 };
 
 struct FicheroProceso {
   std::vector<PasoProceso> pasos;
   std::vector<LineaActivacion> activaciones;
-  // A sentence for each line that somebody may have meant as a step and that is none.
+  // A sentence for each line that may have been meant as a step but is not one.
   QStringList omitidas;
 };
 
-// "TAREA", "SESIÓN"... as trace headers show it; empty for a blank step.
+// "TAREA", "SESIÓN"... as in trace headers; empty for a blank step.
 QString palabraClase(const PasoProceso& paso);
 
 class Lenguaje {
  public:
   Lenguaje(const motor::RegistroTareas& registro, const Ajustes& ajustes, const Textos& textos);
-  // A blank line gives a blank step; a line of no class gives nothing; a line that can't be read is
-  // an error.
+  // A blank line yields a blank step; a line of no class yields nothing; an unreadable line is an
+  // error.
   Resultado<std::optional<PasoProceso>> LeerPaso(QStringView linea) const;
   QString EscribirPaso(const PasoProceso& paso) const;
+  // The effect of a step, in words for a person; a comment as it is.
+  QString DecirPaso(const PasoProceso& paso) const;
   // Text of a whole file. Errors name the line.
   Resultado<FicheroProceso> leer(const QString& texto) const;
   Resultado<FicheroProceso> LeerProceso(const QString& ruta) const;
@@ -171,11 +173,11 @@ class Lenguaje {
   // "hh:mm:ss;F,F,F,F,F,F,F;NAME", the words in any case; nothing when any part is bad.
   std::optional<LineaActivacion> leerActivacion(QStringView linea) const;
   QString escribirActivacion(const LineaActivacion& l) const;
-  // A .CRO file: its entries; a block of steps is passed over. The first bad line is an error that
+  // A .CRO file: its entries; a block of steps is skipped. The first bad line is an error that
   // names it. With `proceso` the text is a process file: nothing counts after its block.
   Resultado<std::vector<LineaActivacion>> leerCro(const QString& texto, bool proceso = false) const;
   // Reads a text file of the domain: Windows-1252, or UTF-8 with its mark. Above 4 MiB, or with a
-  // NUL in it, it is no text.
+  // NUL in it, it is not text.
   Resultado<QString> leerTexto(const QString& ruta) const;
   const Textos& textos() const { return t_; }
 

@@ -39,8 +39,8 @@ Estado estadoDe(EstadoPaso e) {
 }
 
 QString imagenPaso(EstadoPaso e) {
-  static constexpr std::array<const char16_t*, 5> kImagenes{u"", u"ejecutar", u"bien", u"mal",
-                                                            u"duda"};
+  static constexpr std::array<const char16_t*, 6> kImagenes{u"",    u"ejecutar", u"bien",
+                                                            u"mal", u"duda",     u"esperando"};
   return QString::fromUtf16(kImagenes[static_cast<size_t>(e)]);
 }
 
@@ -66,12 +66,17 @@ std::vector<Columna> columnasPasos(const Textos& textos) {
            .ver = palabra,
            .imagen = imagen,
            .estado = estado},
-          {.titulo = kTxColMotivo, .campo = u"motivo"_s, .ancho = 260}};
+          {.titulo = kTxColMotivo, .campo = u"motivo"_s, .ancho = 260},
+          {.titulo = kTxColOrden,
+           .campo = u"orden"_s,
+           .ancho = 200,
+           .oculta = true,
+           .ordenable = false}};
 }
 
 FilaViva filaPaso(size_t i, const VistaPaso& v) {
   const auto n = static_cast<qint64>(i) + 1;
-  return {n, {n, v.texto, static_cast<int>(v.estado), v.motivo}};
+  return {n, {n, v.dicho, static_cast<int>(v.estado), v.motivo, v.texto}};
 }
 
 struct CaraFase {
@@ -145,19 +150,20 @@ void AutomatVentana::conectar() {
   unir(ui_.retener, u"pausa"_s, Qt::Key_F8, [this] { a_.retener(); });
   unir(ui_.paso, u"adelante"_s, Qt::Key_F10, [this] { a_.paso(); });
   unir(ui_.Alto, u"parar"_s, {}, [this] { alto(); });
-  unir(ui_.ver, u"informacion"_s, {}, [this] {
-    contexto().ventanas.abrirModal(u"VeoLog"_s, this, {{u"fichero"_s, a_.rutaTraza()}});
-  });
+  unir(ui_.ver, u"informacion"_s, {},
+       [this] { static_cast<void>(preguntar(PuertaVeoLog{a_.rutaTraza()})); });
   unir(ui_.salir, u"cerrar"_s, {}, [this] { close(); });
   connect(&contexto().tema, &Tema::cambiado, this, [this] { ponerFase(); });
-  new CtrlSolo(*this, [this] { ejecutarORetener(); });
+  // A key that is grazed in passing starts what waits, and never holds a night.
+  new CtrlSolo(*this, [this] {
+    if (a_.fase() != kEjecutando) a_.ejecutar();
+  });
 }
 
 // --- what is shown ------------------------------------------------------------------------------
 
-Resultado<> AutomatVentana::preparar(const Argumentos& argumentos) {
-  const QString ruta = argumentos.value(u"proceso"_s).toString();
-  if (!ruta.isEmpty()) TARVO_INTENTAR(cargar(ruta));
+Resultado<> AutomatVentana::entrar(const PuertaAutomat& puerta) {
+  if (!puerta.proceso.isEmpty()) TARVO_INTENTAR(cargar(puerta.proceso));
   vistos_.clear();
   empezarTraza();
   automatCambiado();
@@ -193,7 +199,7 @@ void AutomatVentana::alHorario(const QString& ruta) {
   QMetaObject::invokeMethod(
       this,
       [this, ruta] {
-        contexto().ventanas.abrir(u"Cronos"_s, dueno(), {{u"horario"_s, ruta}});
+        contexto().ventanas.abrir(PuertaCronos{ruta}, dueno());
         close();
       },
       Qt::QueuedConnection);
@@ -291,10 +297,6 @@ void AutomatVentana::lineaEscrita(const QString& linea) {
 }
 
 // --- what is done -------------------------------------------------------------------------------
-
-void AutomatVentana::ejecutarORetener() {
-  a_.fase() == kEjecutando ? a_.retener() : a_.ejecutar();
-}
 
 void AutomatVentana::alto() {
   if (!a_.enMarcha()) {

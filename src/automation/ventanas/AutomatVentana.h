@@ -3,6 +3,7 @@
 #pragma once
 
 #include "automation/Automat.h"
+#include "automation/ventanas/Puertas.h"
 #include "comm/motor/gestcomm.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_Automat.h"
@@ -16,8 +17,7 @@ class AutomatVentana final : public ventanas::Ventana, private ObservadorAutomat
                  const Lenguaje& lenguaje, const motor::gestcomm& motor);
   ~AutomatVentana() override;
 
-  // "proceso": the file to run; without it the run that is under way is shown.
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaAutomat& puerta);
   bool QueryUnload() override;
 
  private:
@@ -28,7 +28,6 @@ class AutomatVentana final : public ventanas::Ventana, private ObservadorAutomat
   void conectar();
   Resultado<> cargar(const QString& ruta);
   void alHorario(const QString& ruta);
-  void ejecutarORetener();
   void alto();
   void cuandoAcaba();
   void soltar();

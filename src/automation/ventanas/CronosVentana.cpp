@@ -120,11 +120,10 @@ void CronosVentana::conectar() {
   cronos_.alAvisar = [this](const QString& aviso) { avisos_ += aviso; };
 }
 
-Resultado<> CronosVentana::preparar(const Argumentos& argumentos) {
-  const QString ruta = argumentos.value(u"horario"_s).toString();
-  if (!ruta.isEmpty()) {
+Resultado<> CronosVentana::entrar(const PuertaCronos& puerta) {
+  if (!puerta.horario.isEmpty()) {
     avisos_.clear();
-    TARVO_INTENTAR(cronos_.ActivarCron(ruta));
+    TARVO_INTENTAR(cronos_.ActivarCron(puerta.horario));
     // Once this window is there: the last one to close ends the program.
     QMetaObject::invokeMethod(this, [this] { relevarPrincipal(); }, Qt::QueuedConnection);
   }
@@ -199,7 +198,7 @@ void CronosVentana::ponerProximo() {
 void CronosVentana::arranca() {
   apartada_ = true;
   showMinimized();
-  contexto().ventanas.abrir(u"Automat"_s, this);
+  abrir(PuertaAutomat());
 }
 
 void CronosVentana::volverSiAcabo() {
@@ -222,7 +221,7 @@ void CronosVentana::ejecutarAhora() {
 
 void CronosVentana::verTraza() {
   const QString ruta = Ajustes::ruta(cronos_.nombre() + u".TZC"_s, contexto().ajustes.HomeDir);
-  contexto().ventanas.abrirModal(u"VeoLog"_s, this, {{u"fichero"_s, ruta}});
+  static_cast<void>(preguntar(PuertaVeoLog{ruta}));
 }
 
 }  // namespace tarvo::automation

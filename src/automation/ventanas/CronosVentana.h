@@ -2,6 +2,7 @@
 #pragma once
 
 #include "automation/Cronos.h"
+#include "automation/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_Cronos.h"
 
@@ -13,9 +14,8 @@ class CronosVentana final : public ventanas::Ventana {
   CronosVentana(ventanas::Contexto& c, const QString& nombre, Cronos& cronos);
   ~CronosVentana() override;
 
-  // "horario": the file to activate. While it is active this window stands in place of the main
-  // one.
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  // While a timetable is active this window is in place of the main one.
+  Resultado<> entrar(const PuertaCronos& puerta);
   bool QueryUnload() override;
 
  private:

@@ -1,6 +1,5 @@
 #include "automation/ventanas/Debidos.h"
 
-#include "automation/historia/TablasHistoria.h"
 #include "automation/ventanas/TextosAutomationVentanas.h"
 #include "core/ajustes/Ajustes.h"
 #include "core/ventanas/aspecto/Medidas.h"
@@ -12,7 +11,8 @@ namespace tarvo::automation {
 using namespace Qt::StringLiterals;
 using namespace ventanas;
 
-Debidos::Debidos(Contexto& c, const QString& nombre) : Ventana(c, nombre), libro_(c.db) {
+Debidos::Debidos(Contexto& c, const QString& nombre, Pendientes& libro)
+    : Ventana(c, nombre), libro_(libro) {
   ui_.setupUi(cuerpo());
   enlazar();
   ui_.Lista->preparar(
@@ -29,12 +29,11 @@ Debidos::Debidos(Contexto& c, const QString& nombre) : Ventana(c, nombre), libro
   connect(ui_.Salida, &QPushButton::clicked, this, [this] { close(); });
 }
 
-Resultado<> Debidos::preparar(const Argumentos&) {
+Resultado<> Debidos::entrar(const PuertaDebidos&) {
   return refrescar();
 }
 
 Resultado<> Debidos::refrescar() {
-  TARVO_INTENTAR(asegurarTablasHistoria(contexto().db));
   TARVO_TOMAR(auto todos, libro_.todos());
   todos_ = std::move(todos);
   std::vector<FilaViva> filas;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "automation/historia/Pendientes.h"
+#include "automation/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_Debidos.h"
 
@@ -10,8 +11,8 @@ namespace tarvo::automation {
 class Debidos final : public ventanas::Ventana {
   Q_OBJECT
  public:
-  Debidos(ventanas::Contexto& c, const QString& nombre);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Debidos(ventanas::Contexto& c, const QString& nombre, Pendientes& libro);
+  Resultado<> entrar(const PuertaDebidos& puerta);
 
  private:
   Resultado<> refrescar();
@@ -20,7 +21,7 @@ class Debidos final : public ventanas::Ventana {
   QString queFalta(const Pendientes::Debido& d) const;
 
   Ui::FormaDebidos ui_;
-  Pendientes libro_;
+  Pendientes& libro_;
   std::vector<Pendientes::Debido> todos_;
 };
 

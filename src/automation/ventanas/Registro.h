@@ -1,15 +1,23 @@
-// The windows of processes, by name: "Automat" (argument "proceso", a file), "EnParMac", "Cronos"
-// ("horario", a file), "EdiCron" ("horario"; without one it asks for a name) and "VeoLog"
-// ("fichero").
+// The windows of processes, by their doors: see Puertas.h.
 #pragma once
 
 #include "automation/Cronos.h"
+#include "automation/historia/Pendientes.h"
+#include "automation/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::automation {
 
+// What they work on.
+struct Motores {
+  Automat& automat;
+  Cronos& cronos;
+  const Lenguaje& lenguaje;
+  const motor::gestcomm& motor;
+  Pendientes& debidos;
+};
+
 // REQUIRES that the engines outlive all windows.
-void registrarVentanasAutomation(ventanas::Ventanas& ventanas, Automat& automat, Cronos& cronos,
-                                 const Lenguaje& lenguaje, const motor::gestcomm& motor);
+void registrarVentanasAutomation(ventanas::Ventanas& ventanas, const Motores& motores);
 
 }  // namespace tarvo::automation

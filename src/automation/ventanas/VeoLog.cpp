@@ -22,6 +22,18 @@ namespace {
 constexpr qint64 kTrozo = 4 * 1024 * 1024;  // taken in before the screen gets its turn
 constexpr int kMiradaMs = 500;
 
+// Where the text is in the line, in its own letters or with case and accents aside; -1 for nowhere.
+qsizetype sitioDe(const QString& linea, const QString& texto) {
+  const auto sitio = linea.indexOf(texto, 0, Qt::CaseInsensitive);
+  if (sitio >= 0) return sitio;
+  const auto llano = [](const QString& s) {
+    QString sin;
+    for (const QChar c : s) sin += c.decomposition().isEmpty() ? c : c.decomposition().front();
+    return sin;
+  };
+  return llano(linea).indexOf(llano(texto), 0, Qt::CaseInsensitive);
+}
+
 }  // namespace
 
 VeoLog::VeoLog(Contexto& c, const QString& nombre)
@@ -56,9 +68,8 @@ void VeoLog::conectar() {
   connect(ui_.Buscar, &QLineEdit::returnPressed, this, [this] { buscar(false); });
 }
 
-Resultado<> VeoLog::preparar(const Argumentos& argumentos) {
-  const QString ruta =
-      Ajustes::ruta(argumentos.value(u"fichero"_s).toString(), contexto().ajustes.HomeDir);
+Resultado<> VeoLog::entrar(const PuertaVeoLog& puerta) {
+  const QString ruta = Ajustes::ruta(puerta.fichero, contexto().ajustes.HomeDir);
   const auto* vieja = std::exchange(modelo_, new ModeloTraza(ruta, contexto().textos, this));
   sigue_ = true;
   ui_.Lineas->setModel(modelo_);
@@ -117,10 +128,16 @@ void VeoLog::ponerSitio() {
 
 // --- finding ------------------------------------------------------------------------------------
 
-void VeoLog::irA(int linea) {
+// The line in the middle, from its beginning; further to the right only where the text found is.
+void VeoLog::irA(int linea, const QString& texto) {
   const QModelIndex i = modelo_->index(linea, 0);
   ui_.Lineas->setCurrentIndex(i);
   ui_.Lineas->scrollTo(i, QAbstractItemView::PositionAtCenter);
+  const QString toda = modelo_->fichero().linea(linea);
+  const auto sitio = texto.isEmpty() ? 0 : std::max<qsizetype>(0, sitioDe(toda, texto));
+  const QFontMetrics m = ui_.Lineas->fontMetrics();
+  const int hasta = m.horizontalAdvance(toda.left(sitio + texto.size())) + escalar(kSeparacion);
+  ui_.Lineas->horizontalScrollBar()->setValue(std::max(0, hasta - ui_.Lineas->viewport()->width()));
 }
 
 // Round the end once, and that is said.
@@ -136,7 +153,7 @@ void VeoLog::buscar(bool atras) {
     if (linea < 0) return decirDuda(contexto().textos(kTxNoEncontrado, {texto}));
     decirDuda(t(kTxSiguePorElOtroLado));
   }
-  irA(linea);
+  irA(linea, texto);
 }
 
 void VeoLog::problema() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "automation/ventanas/ModeloTraza.h"
+#include "automation/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_VeoLog.h"
 
@@ -11,7 +12,7 @@ class VeoLog final : public ventanas::Ventana {
   Q_OBJECT
  public:
   VeoLog(ventanas::Contexto& c, const QString& nombre);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;  // "fichero": its path
+  Resultado<> entrar(const PuertaVeoLog& puerta);
 
  protected:
   void irABuscar() override { ui_.Buscar->setFocus(); }
@@ -23,7 +24,7 @@ class VeoLog final : public ventanas::Ventana {
   void alFinal();
   void buscar(bool atras);
   void problema();
-  void irA(int linea);
+  void irA(int linea, const QString& texto = {});
   void copiar();
   void ponerSitio();
   void ponerAncho();

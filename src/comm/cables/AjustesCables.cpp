@@ -12,7 +12,7 @@ constexpr int kSitioCanal = 400, kCanalACanal = 100;
 constexpr Limites kPuertosPropios{1, 16};
 constexpr qsizetype kCadenasModem = 8;
 
-// A number that is no use of a channel leaves it as it is.
+// A number that stands for no use of a channel changes nothing.
 bool leerUso(QStringView v, TipoAcceso& campo) {
   int leido = 0;
   const bool entero = ini::leer16(v, leido);

@@ -30,7 +30,7 @@ struct ParamCanal {
 struct AjustesCables {
   std::array<ParamCanal, 4> canales{ParamCanal{.Puerto = 1}, ParamCanal{.Puerto = 2},
                                     ParamCanal{.Puerto = 3}, ParamCanal{.Puerto = 4}};
-  // Our own: another device for a serial port, by port number.
+  // An addition of ours: another device for a serial port, by port number.
   std::map<int, QString> RutaPuerto;
 };
 

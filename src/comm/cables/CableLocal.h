@@ -1,4 +1,4 @@
-// A connection to a socket of this machine, where another program stands for the scales.
+// A connection to a socket on this computer, where another program plays the scales.
 #pragma once
 
 #include <QLocalSocket>

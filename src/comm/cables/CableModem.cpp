@@ -52,8 +52,7 @@ void CableModem::orden(const QByteArray& texto, Paso paso, int ms) {
   ir(paso, ms);
 }
 
-// --- initialisation and dialling
-// -------------------------------------------------------------------
+// --- initialisation and dialling ---
 
 void CableModem::siguienteOrden() {
   if (indice_ >= guion_.size()) return marcar();
@@ -89,7 +88,7 @@ void CableModem::responde(RespuestaModem respuesta) {
       return siguienteOrden();
     case Paso::Marca:
       if (respuesta == Conectado) return conectar();
-      if (respuesta == Bien) return;  // of an order before
+      if (respuesta == Bien) return;  // to an earlier order
       return otroIntento(respuesta == Error ? kModemMudo : kSinRespuesta);
     case Paso::CuelgaATH:
       return cerrado(kBien);
@@ -127,8 +126,7 @@ void CableModem::vencePlazo() {
   }
 }
 
-// --- what comes in
-// ---------------------------------------------------------------------------------
+// --- what comes in ---
 
 void CableModem::leer(const QByteArray& bytes) {
   oido_ = true;
@@ -137,7 +135,7 @@ void CableModem::leer(const QByteArray& bytes) {
   leerLineas();
 }
 
-// An order that goes out and the connection both empty what is read here.
+// Both sending an order and connecting empty the buffer read here.
 void CableModem::leerLineas() {
   while (paso_ != Paso::EnLinea && estado() != kCerrado) {
     const auto linea = cortarLinea(entrada_);
@@ -146,7 +144,7 @@ void CableModem::leerLineas() {
   }
 }
 
-// A modem without a carrier line says the end in words, in the middle of the data.
+// A modem without a carrier line reports the end in words, in the middle of the data.
 void CableModem::leerEnLinea(const QByteArray& bytes) {
   cola_ = (cola_ + bytes).right(kColaMax + bytes.size());
   const bool fin = cola_.contains("\nNO CARRIER\r") || cola_.contains("\rNO CARRIER\r");
@@ -155,15 +153,14 @@ void CableModem::leerEnLinea(const QByteArray& bytes) {
   if (fin) perderPortadora();
 }
 
-// --- carrier and hang-up
-// ---------------------------------------------------------------------------
+// --- carrier and hang-up ---
 
 bool CableModem::portadoraCaida() {
   const auto lineas = puerto_.senales();
   return lineas && !lineas->testFlag(QSerialPort::DataCarrierDetectSignal);
 }
 
-// Only a carrier line that has once been up tells something by being down.
+// A carrier line that is down means something only if it has been up before.
 void CableModem::vigilar() {
   if (!puerto_.senales()) return vigia_->parar();
   if (!portadoraCaida())

@@ -24,7 +24,7 @@ class CableModem final : public CableReal {
   void vencePlazo() override;
 
  private:
-  // Where the dialogue is. Those from CuelgaDTR on belong to the hang-up.
+  // The steps of the dialogue. Those from CuelgaDTR on belong to the hang-up.
   enum class Paso {
     Senales,
     Guion,
@@ -56,9 +56,9 @@ class CableModem final : public CableReal {
   QString ruta_;
   Paso paso_ = Paso::Senales;
   std::vector<PasoGuion> guion_;
-  size_t indice_ = 0;  // of the order that waits for its answer
+  size_t indice_ = 0;  // of the order awaiting its answer
   int intento_ = 0;
-  bool oido_ = false;  // the modem has said something
+  bool oido_ = false;  // the modem has sent something
   bool hayPortadora_ = false, vistaDCD_ = false;
   QByteArray entrada_, cola_;
   std::unique_ptr<Temporizador> vigia_;

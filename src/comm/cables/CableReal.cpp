@@ -30,7 +30,7 @@ void CableReal::abrir(Oyente& oyente) {
   if (razon != kBien) fallado(razon);
 }
 
-// An opening that is given up, like a closing, may take its time to leave the line as it was.
+// An abandoned opening, like a closing, may take time to leave the line as it was.
 void CableReal::cerrar() {
   if (!oyente_ || avisado_ || estado_ == kCerrando) return;
   const bool abriendo = estado_ == kAbriendo;
@@ -68,7 +68,7 @@ void CableReal::cerrado(int razon) {
   luego([=](Oyente& o) { o.cierre(razon); });
 }
 
-// Comes from the device's own signal, so that the link may be called at once.
+// Called from the device's own signal, so the link may be called at once.
 void CableReal::llegado(const QByteArray& bytes) {
   if (estado_ != kConectado || bytes.isEmpty()) return;
   buffer_ += bytes;

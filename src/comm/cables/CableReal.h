@@ -1,6 +1,6 @@
-// What the real wires share: their outcomes reach the link from the event loop, never from inside a
-// call, and none comes after the closing. The access that a wire holds is free again as soon as it
-// is closed.
+// The common part of real wires: their outcomes reach the link from the event loop, never from
+// inside a call, and none comes after the closing. A wire's access is free again as soon as it is
+// closed.
 #pragma once
 
 #include <QObject>
@@ -12,10 +12,10 @@
 
 namespace tarvo::enlace {
 
-// Which accesses (ports, hosts, sockets) are held by an open wire, by their name on this machine.
+// The accesses (ports, hosts, sockets) held by open wires, by their name on this computer.
 class Ocupados {
  public:
-  // Null when another wire holds it. It is held for as long as the value lives.
+  // Null if another wire holds it. It is held for as long as the returned value lives.
   std::shared_ptr<void> tomar(const QString& acceso);
 
  private:
@@ -39,19 +39,19 @@ class CableReal : public LinkSocket {
     kConectado = 5
   };
 
-  // What a kind of wire does. empezar() begins the opening and answers a reason when that fails at
-  // once; terminar() begins an orderly closing and calls cerrado() in the end; cortar() lets go of
-  // everything now.
+  // The operations of each kind of wire. empezar() begins the opening and returns a reason if that
+  // fails at once; terminar() begins an orderly closing and calls cerrado() at its end; cortar()
+  // releases everything now.
   virtual QString acceso() const = 0;
   virtual int razonOcupado() const { return kEnUso; }
   virtual int empezar() = 0;
   virtual void terminar() = 0;
   virtual void cortar() = 0;
 
-  // What it tells.
+  // The outcomes it reports.
   void abierto();           // the opening succeeded
   void fallado(int razon);  // the opening failed, or the open line dropped
-  void cerrado(int razon);  // the closing that was asked for is over
+  void cerrado(int razon);  // the requested closing is over
   void llegado(const QByteArray& bytes);
   void portadora(bool sube);
   void plazo(int ms) { plazo_->unaVez(ms); }
@@ -67,10 +67,10 @@ class CableReal : public LinkSocket {
   std::shared_ptr<void> uso_;
   Oyente* oyente_ = nullptr;
   int estado_ = kCerrado;
-  bool avisado_ = false;  // its end has been told
+  bool avisado_ = false;  // its end has been reported
   QByteArray buffer_;
   std::unique_ptr<Temporizador> plazo_;
-  QObject contexto_;  // what is still to be told dies with it
+  QObject contexto_;  // reports not yet delivered die with it
 };
 
 }  // namespace tarvo::enlace

@@ -5,7 +5,7 @@
 namespace tarvo::enlace {
 
 namespace {
-constexpr int kMsLineas = 300;  // for a machine that raises its lines when it sees ours
+constexpr int kMsLineas = 300;  // for a machine that raises its lines after ours
 constexpr int kMsSalida = 200;  // for the last bytes to leave
 }  // namespace
 

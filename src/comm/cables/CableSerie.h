@@ -6,7 +6,7 @@
 
 namespace tarvo::enlace {
 
-// From a port number to the device, or empty when there is no such port.
+// From a port number to the device, or empty if there is no such port.
 using RutaDePuerto = std::function<QString(int)>;
 
 class CableSerie final : public CableReal {

@@ -1,4 +1,4 @@
-// A TCP connection to the machine, or to the converter it hangs on.
+// A TCP connection to the machine, or to the converter it is connected to.
 #pragma once
 
 #include <QTcpSocket>
@@ -11,7 +11,7 @@ class CableTCP final : public CableReal {
  public:
   CableTCP(Reloj& reloj, std::shared_ptr<Ocupados> ocupados, QString host = {}, int puerto = 0);
   ~CableTCP() override { cortar(); }
-  // Keeps the host and port it was made with when the values give none.
+  // Keeps the host and port it was created with if the values have none.
   bool configurar(const ParametrosLinea& parametros) override;
   void enviar(const QByteArray& bytes) override;
 

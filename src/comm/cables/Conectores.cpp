@@ -21,7 +21,7 @@ QString buscarConector(const QString& texto, const QString& nombre) {
   const QString buscado = nombre.trimmed().toUpper();
   QString hallado;
   if (buscado.isEmpty()) return hallado;
-  // A name may hold brackets, so the whole key counts.
+  // A name may contain brackets, so the whole key is compared.
   for (QStringView renglon : QStringView(texto).split(u'\n')) {
     const qsizetype igual = renglon.indexOf(u'=');
     if (igual < 0 || renglon.left(igual).trimmed().toString().toUpper() != buscado) continue;

@@ -10,9 +10,9 @@ class Ajustes;
 
 namespace tarvo::enlace {
 
-// Empty when there is no such name. Reads the file afresh at each call.
+// Empty if there is no such name. Reads the file anew at each call.
 QString conector(const Ajustes& ajustes, const QString& nombre);
-// The same on a text of such a file.
+// The same for the text of such a file.
 QString buscarConector(const QString& texto, const QString& nombre);
 
 }  // namespace tarvo::enlace

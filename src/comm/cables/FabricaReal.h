@@ -1,6 +1,5 @@
 // Makes the real wires: by the device of a configured channel, or by the name of a connector in
-// CONECTORES.INI. REQUIRES: outlives nothing; the clock and the settings outlive it. Wires may
-// outlive it.
+// CONECTORES.INI. REQUIRES that the clock and the settings outlive it. Wires may outlive it.
 #pragma once
 
 #include "comm/cables/LinkSocket.h"

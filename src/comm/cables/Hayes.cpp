@@ -26,7 +26,7 @@ RespuestaModem interpretar(const QByteArray& linea) {
       {"OK", Bien},       {"CONNECT", Conectado},   {"NO CARRIER", SinPortadora},
       {"ERROR", Error},   {"NO DIALTONE", SinTono}, {"NO DIAL TONE", SinTono},
       {"BUSY", Comunica}, {"NO ANSWER", NoContesta}};
-  // By number: 5 and those from 9 are connections at some speed.
+  // By number: 5 and those from 9 up are connections at some speed.
   constexpr RespuestaModem kNumeros[] = {Bien,      Conectado, Ninguna,  SinPortadora, Error,
                                          Conectado, SinTono,   Comunica, NoContesta};
   bool esNumero = false;

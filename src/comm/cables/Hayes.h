@@ -9,7 +9,7 @@
 
 namespace tarvo::enlace {
 
-// One step of an initialisation script. Without `exige` any answer will do, and silence too.
+// One step of an initialisation script. Without `exige` any answer will do, even none.
 struct PasoGuion {
   QByteArray orden;  // without its CR
   bool exige = false;
@@ -29,7 +29,7 @@ enum class RespuestaModem {
 };
 // A line in words or as a number.
 RespuestaModem interpretar(const QByteArray& linea);
-// The first line of the buffer, cut off it with its end signs; nothing while it has no end.
+// The first line of the buffer, removed from it with its end signs; nothing while it is incomplete.
 std::optional<QByteArray> cortarLinea(QByteArray& buffer);
 
 }  // namespace tarvo::enlace

@@ -1,6 +1,6 @@
-// What a link needs of a wire, whatever the wire is: a serial port, a modem on one, a TCP
-// connection, a named connector, or a machine model in memory. One object serves one link, from one
-// opening to one closing.
+// A wire as a link needs it, whatever its kind: a serial port, a modem on one, a TCP connection, a
+// named connector, or a machine model in memory. One object serves one link, from one opening to
+// one closing.
 //
 // All calls return at once. Outcomes come to the Oyente, never from inside the call that caused
 // them.
@@ -30,7 +30,7 @@ struct ParametrosLinea {
   int esperaColgar = 0;  // ms to wait for the answer to the hang-up
 };
 
-// Why an opening or a closing ended, by the numbers that docs/protocolos.md maps to error codes.
+// The reasons with which an opening or a closing ends; docs/protocolos.md maps them to error codes.
 enum Razon : int {
   kBien = 0,
   kPuertoOcupado = 1,  // port busy, missing or without rights
@@ -52,15 +52,15 @@ class LinkSocket {
   class Oyente {
    public:
     virtual void finApertura(int razon) = 0;         // Razon
-    virtual void cierre(int razon) = 0;              // 0 a closing that was asked for and went well
+    virtual void cierre(int razon) = 0;              // 0 a requested closing that went well
     virtual void linea(int numero) = 0;              // 5 carrier up, 6 carrier down
-    virtual void recepcion(QByteArray& buffer) = 0;  // what stays in it stays for the next event
+    virtual void recepcion(QByteArray& buffer) = 0;  // bytes left in it are kept for the next event
    protected:
     ~Oyente() = default;
   };
 
   virtual ~LinkSocket() = default;
-  // False when the port cannot be configured at all (nothing follows).
+  // False if the port cannot be configured at all (no event follows).
   virtual bool configurar(const ParametrosLinea& parametros) = 0;
   virtual void abrir(Oyente& oyente) = 0;  // ends in finApertura
   virtual void cerrar() = 0;  // ends in cierre (finApertura with kAbandonado while opening)
@@ -69,13 +69,13 @@ class LinkSocket {
   virtual int estado() const = 0;  // 1 closed, 5 connected with carrier, others in between
 };
 
-// Makes the wires. The real one makes ports and sockets; a test's makes machine models.
+// Creates the wires. The real factory creates ports and sockets; that of a test, machine models.
 class FabricaEnlaces {
  public:
   virtual ~FabricaEnlaces() = default;
   // For the four configured channels.
   virtual std::unique_ptr<LinkSocket> crear(TipoAcceso device) = 0;
-  // For a named connector. The name is looked up at once: nothing and `razon` when there is none.
+  // For a named connector. The name is looked up at once: null and `razon` if there is none.
   virtual std::unique_ptr<LinkSocket> crearConector(const QString& nombre, int& razon) = 0;
 };
 

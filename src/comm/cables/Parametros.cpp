@@ -12,7 +12,7 @@ QString conBaudios(const QString& rs232, int baudios) {
   return QString::number(baudios) + (coma < 0 ? QString() : rs232.mid(coma));
 }
 
-// "host:port,n"; what is missing or no number leaves the value that stands.
+// "host:port,n"; a part that is missing or no number leaves its value unchanged.
 void ponerAccesoTcp(ParametrosLinea& p, const QString& acceso) {
   const qsizetype dosPuntos = acceso.indexOf(u':');
   p.host = (dosPuntos < 0 ? acceso : acceso.left(dosPuntos)).trimmed();

@@ -1,5 +1,5 @@
-// From the settings of a channel and the access text of a group to the values that a wire is opened
-// with.
+// Turns the settings of a channel and the access text of a group into the values for opening a
+// wire.
 #pragma once
 
 #include <QString>
@@ -14,11 +14,11 @@ struct ParamCanal;
 // (modem) or "host:port" and optionally ",n" (TCP/IP); a direct cable has none.
 ParametrosLinea parametrosDe(const ParamCanal& canal, int baudios, const QString& acceso);
 
-// The initialisation script: pieces between "|" that are in turn what is sent and what is expected.
-// See docs/protocolos.md.
+// The initialisation script: pieces between "|" that are in turn sent and expected. See
+// docs/protocolos.md.
 QString guionModem(const ParamCanal& canal);
 
-// A wait after dialling in ms: seconds up to 600, above that ms already.
+// A wait after dialling, in ms: values up to 600 are seconds, above that ms already.
 int esperaEnMs(int espera);
 
 }  // namespace tarvo::enlace

@@ -28,7 +28,7 @@ PuertoSerie::PuertoSerie(std::function<void(const QByteArray&)> alLlegar,
 }
 
 int PuertoSerie::abrir(const QString& ruta, const QString& rs232) {
-  puerto_.blockSignals(true);  // what fails in here is told by the result
+  puerto_.blockSignals(true);  // failures in here are reported by the result
   puerto_.setPortName(ruta);
   const bool bien = puerto_.open(QIODevice::ReadWrite);
   if (bien) {
@@ -44,7 +44,7 @@ int PuertoSerie::abrir(const QString& ruta, const QString& rs232) {
   return bien ? kBien : kPuertoOcupado;
 }
 
-// A setting that the port refuses leaves the one that stands.
+// A setting that the port refuses leaves the present one.
 void PuertoSerie::poner(const QString& rs232) {
   const QStringList partes = rs232.toUpper().split(u',');
   const auto numero = [&](qsizetype i) { return partes.value(i).trimmed().toInt(); };

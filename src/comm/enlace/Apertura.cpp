@@ -10,9 +10,9 @@ namespace {
 constexpr int kCanalesConfigurados = 4;
 constexpr int kMaxSecuencia = 100;
 constexpr int kLimiteApertura = 60000,
-              kLimiteCierre = 30000;  // ms, beyond what the wire itself takes
+              kLimiteCierre = 30000;  // ms, on top of the time of the wire itself
 
-// No wire may take longer than this to say how its opening ended.
+// The longest time that a wire may take to report how its opening ended.
 int limiteApertura(const ParametrosLinea& p) {
   if (p.device != TipoAcceso::Modem) return kLimiteApertura;
   const int vuelta = esperaEnMs(p.espera) + kLimiteApertura / 2;
@@ -91,8 +91,7 @@ void comtvIP::Estado::terminarApertura(int error) {
   if (error != 0) casa.retirar(&dueno);
 }
 
-// --- sharing
-// ---------------------------------------------------------------------------------------
+// --- sharing ---
 
 bool comtvIP::Estado::puedeUnirse(Para para, const QString& texto) const {
   if (acabado || cerrando || normalizado(texto) != acceso) return false;
@@ -102,7 +101,7 @@ bool comtvIP::Estado::puedeUnirse(Para para, const QString& texto) const {
          (abierta == Para::VekMotor && para == Para::VekCaptura);
 }
 
-// On a link that is still opening the second client waits with the first one.
+// On a link that is still opening, the second client waits with the first.
 void comtvIP::Estado::unir(Para para) {
   const bool motor = para == Para::VekMotor;
   paraPendiente = Para::VekAmbos;
@@ -120,8 +119,7 @@ void comtvIP::Estado::terminarUnion(bool motor) {
   avisarApertura(motor, 0);
 }
 
-// --- closing
-// ---------------------------------------------------------------------------------------
+// --- closing ---
 
 int comtvIP::Estado::cerrar(Para para) {
   const Para abierta = paraPendiente != Para::Nada ? paraPendiente : paraAbierto;
@@ -135,7 +133,7 @@ int comtvIP::Estado::cerrar(Para para) {
   return 0;
 }
 
-// One of two clients goes. The link stays for the other, unless that one is leaving too.
+// One of two clients leaves. The link stays for the other, unless that one is leaving too.
 void comtvIP::Estado::dejar(bool motor) {
   if (sale(motor)) return;
   if (paraAbierto == Para::Nada) return cancelarApertura(motor);
@@ -179,7 +177,7 @@ void comtvIP::Estado::cerrarCable() {
   cable->cerrar();
 }
 
-// The link is gone. Whoever is on it hears of it; one who was only joining hears that it didn't
+// The link is gone. Its clients are notified; one that was only joining is told that it didn't
 // open.
 void comtvIP::Estado::terminarCierre(int error) {
   const Para era = std::exchange(paraAbierto, Para::Nada);
@@ -206,8 +204,8 @@ void comtvIP::Estado::abandonar() {
   if (dentro == 0) cable.reset();
 }
 
-// Another opening takes the channel, or somebody drops the link: whoever was on it and isn't the
-// one who did it hears that it is closed.
+// Another opening takes the channel, or the link is dropped: every client on it, except the one
+// responsible, is told that it is closed.
 void comtvIP::Estado::desalojar(const ClienteEnlace* nuevo, const ClienteLinea* nuevaLinea) {
   ClienteEnlace* const motor = cliente != nuevo ? cliente : nullptr;
   ClienteLinea* const captura = clienteLinea != nuevaLinea ? clienteLinea : nullptr;

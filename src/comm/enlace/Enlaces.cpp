@@ -22,7 +22,8 @@ void Enlaces::Datos::retirar(comtvIP* enlace) {
   if (!entierro->activo()) entierro->unaVez(kMsDescarga);
 }
 
-// A link inside one of whose events another event loop runs waits until that event has returned.
+// If another event loop runs inside an event of a link, the link waits until that event has
+// returned.
 void Enlaces::Datos::enterrar() {
   const auto queda = [this](const Muerto& m) {
     return m.cuando > reloj.monotono() || m.enlace->d->dentro > 0;
@@ -70,7 +71,7 @@ void Enlaces::abandonar(int canal, const ClienteEnlace* motor, const ClienteLine
   enlace->d->desalojar(motor, linea);
 }
 
-// With no event: nobody is left to hear it.
+// Without an event, since no client is left.
 void Enlaces::Datos::soltar(int canal) {
   comtvIP* const enlace = en(canal);
   if (!enlace) return;
@@ -93,7 +94,7 @@ int Enlaces::AbrirEnlace(Para para, int canal, int baudios, const QString& acces
   }
   if (actual) d->retirar(actual);
   if (vivo) actual->d->desalojar(cliente, linea);
-  if (d->en(canal)) return kErrorEnUso;  // the one who had to leave has taken it again
+  if (d->en(canal)) return kErrorEnUso;  // the evicted client has taken it again
   auto& hueco = d->canales[static_cast<size_t>(canal)];
   hueco = std::make_unique<comtvIP>(*this, canal);
   (para == Para::VekCaptura ? void(hueco->d->clienteLinea = linea)

@@ -3,7 +3,7 @@
 namespace tarvo::enlace {
 
 int errorDeApertura(int razon) {
-  // By reason, 0 to 18; 200 where there is no such reason.
+  // By reason, 0 to 18; 200 for an unknown one.
   constexpr int kPorRazon[] = {0,  4,  18, 10, 11, 12, 11, 11, 13, 31,
                                10, 29, 26, 23, 30, 28, 24, 27, 25};
   constexpr int kDesconocida = 200;

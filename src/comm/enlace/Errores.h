@@ -1,5 +1,5 @@
-// The error codes that the link layer itself gives, and how the reasons of a wire become such
-// codes. The whole table, with what each code means to a shop: docs/protocolos.md.
+// The error codes of the link layer itself, and their mapping from the reasons of a wire. The whole
+// table, with the meaning of each code: docs/protocolos.md.
 #pragma once
 
 namespace tarvo::enlace {
@@ -22,10 +22,10 @@ enum CodigoError : int {
   kErrorEnUso = 27,
 };
 
-// The code for a reason with which an opening ended, the same for every kind of wire: a TCP
-// channel, too, tells a host that isn't found from one that refuses.
+// The code for the reason with which an opening ended, the same for every kind of wire: a TCP
+// channel also distinguishes an unknown host from one that refuses.
 int errorDeApertura(int razon);
-// The code for a reason with which a closing ended.
+// The code for the reason with which a closing ended.
 int errorDeCierre(int razon, bool conector);
 
 }  // namespace tarvo::enlace

@@ -9,12 +9,12 @@ namespace tarvo::enlace {
 
 namespace {
 
-constexpr qsizetype kRestoMax = 1024;  // of bytes that end in no frame
-constexpr int kDesvio = 1500;          // ms that the two clocks may differ before one is set anew
+constexpr qsizetype kRestoMax = 1024;  // of bytes that don't end in a frame
+constexpr int kDesvio = 1500;          // ms by which the clocks may differ before one is reset
 constexpr qint64 kMsDia = 24LL * 3600 * 1000;
 
-// Length of the first piece of `b`: an acknowledgement, a frame, or what is before one. 0 while
-// it isn't whole.
+// Length of the first piece of `b`: an acknowledgement, a frame, or the bytes before one. 0 while
+// it isn't complete.
 qsizetype primera(const QByteArray& b, bool nodal) {
   if (b.front() == tramas::kACK || b.front() == tramas::kNAK) return 1;
   const qsizetype otra = b.indexOf(tramas::kSTX, 1);
@@ -38,7 +38,7 @@ Escucha::~Escucha() {
   enlaces_.escuchar(nullptr);
 }
 
-// The wall clock gives whole seconds; what comes after them comes from the other one.
+// The wall clock gives whole seconds; the fraction comes from the other clock.
 int Escucha::hora() {
   const qint64 pared = reloj_.ahora().qtime().msecsSinceStartOfDay();
   const qint64 mono = reloj_.monotono();
@@ -73,7 +73,7 @@ void Escucha::anotar(int canal, Hilo& h, const QByteArray& bytes) {
 
 void Escucha::recorrer(qint64 desde, int canal,
                        const std::function<void(const Paso&)>& cada) const {
-  // The channels' lists merge by number.
+  // The lists of the channels are merged by number.
   std::vector<std::pair<const std::deque<Paso>*, size_t>> listas;
   for (const auto& [c, h] : hilos_) {
     if (canal >= 0 && c != canal) continue;

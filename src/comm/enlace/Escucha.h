@@ -1,5 +1,5 @@
-// What passes on the wires, cut into frames and kept for who looks: the last ones of each channel.
-// As long as one lives every link is heard; with none a link does nothing for it.
+// The traffic on the wires, cut into frames and kept for viewing: the last ones of each channel.
+// While an Escucha exists it hears every link; without one, listening costs a link nothing.
 #pragma once
 
 #include <QByteArray>
@@ -18,29 +18,30 @@ struct Paso {
   Sentido sentido = Sentido::Sale;
   bool nodal = false;
   bool ancha = false;  // VEK: a four-digit code in place of address and code
-  QByteArray bytes;    // one frame, one acknowledgement, or what is no frame
+  QByteArray bytes;    // one frame, one acknowledgement, or noise
 };
 
 class Escucha {
  public:
   static constexpr size_t kPorCanal = 2000;
 
-  // Takes the place of whoever heard these links before. REQUIRES that both outlive it.
+  // Replaces the previous listener of these links. REQUIRES that both outlive it.
   Escucha(Enlaces& enlaces, Reloj& reloj, size_t porCanal = kPorCanal);
   ~Escucha();
   Escucha(const Escucha&) = delete;
 
   qint64 ultimo() const { return ultimo_; }
-  // Those after number `desde`, oldest first; `canal` -1 for all. REQUIRES that `cada` keeps none.
+  // Those after number `desde`, oldest first; `canal` -1 for all. REQUIRES that `cada` keeps no
+  // reference to them.
   void recorrer(qint64 desde, int canal, const std::function<void(const Paso&)>& cada) const;
   void olvidar();
 
  private:
-  // A piece that isn't whole yet, of a channel.
+  // An incomplete piece of a channel.
   struct Hilo {
     Sentido sentido = Sentido::Sale;
     bool nodal = false;
-    bool ancha = false;  // the last frame that went out bears a four-digit code
+    bool ancha = false;  // the last frame sent has a four-digit code
     QByteArray resto;
     std::deque<Paso> pasos;
   };
@@ -53,7 +54,7 @@ class Escucha {
   Reloj& reloj_;
   const size_t porCanal_;
   qint64 ultimo_ = 0;
-  qint64 base_ = 0;  // wall clock in ms less the clock that only goes forward
+  qint64 base_ = 0;  // wall clock minus monotonic clock, ms
   std::map<int, Hilo> hilos_;
 };
 

@@ -1,4 +1,4 @@
-// The inside of a link: who shares it, what it is open for, its wire and its frame machine.
+// The inside of a link: its clients, its purpose, its wire and its frame machine.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,7 @@
 
 namespace tarvo::enlace {
 
-// A link is dying for this long before it is destroyed, so that the calls it is in can end.
+// A link is destroyed this long after its end, so that calls still inside it can return.
 inline constexpr int kMsDescarga = 10;
 
 struct Enlaces::Datos {
@@ -57,11 +57,11 @@ struct comtvIP::Estado final : Maquina::Exterior {
   bool uniendo = false;                         // a second client is joining the open link
   bool saleMotor = false, saleCaptura = false;  // it is leaving a shared one
   bool cerrando = false;                        // the wire was told to close
-  bool acabado = false;                         // nothing follows any more
+  bool acabado = false;                         // no event follows any more
   int esperaColgar = 0;
   int dentro = 0;  // events of clients that have not returned yet
   std::unique_ptr<Temporizador> limite, luego;
-  std::vector<std::function<void()>> aplazados;  // what is done 10 ms later
+  std::vector<std::function<void()>> aplazados;  // calls to make 10 ms later
   Maquina maquina;
 
   // Opening and closing.
@@ -82,7 +82,7 @@ struct comtvIP::Estado final : Maquina::Exterior {
   void abandonar();
   void desalojar(const ClienteEnlace* nuevo, const ClienteLinea* nuevaLinea);
 
-  // Small things.
+  // Helpers.
   QString normalizado(const QString& texto) const;
   bool& sale(bool motor) { return motor ? saleMotor : saleCaptura; }
   bool listo() const { return paraAbierto != Para::Nada && !cerrando && !acabado; }
@@ -99,7 +99,7 @@ struct comtvIP::Estado final : Maquina::Exterior {
     --dentro;
   }
 
-  // What the frame machine sees.
+  // The side seen by the frame machine.
   void escribir(const QByteArray& bytes) override;
   void vaciarCable() override;
   Para para() const override { return paraAbierto; }

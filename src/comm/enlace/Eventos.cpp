@@ -1,6 +1,5 @@
 // From the frame machine and the wire to the clients. During an event a client may send, close,
-// drop the link or open another: the link outlives the event, and after it looks at its own state
-// afresh.
+// drop the link or open another: the link outlives the event and re-reads its own state afterwards.
 #include "comm/enlace/EstadoComtvIP.h"
 
 namespace tarvo::enlace {

@@ -11,7 +11,7 @@ namespace {
 
 // The codes above 999; none of them begins with the digits of a code of three.
 constexpr int kAnchos[] = {2057, 2060, 3054, 3056, 3058, 4003, 4098};
-constexpr qsizetype kDondeVek = 6, kFinVek = 3;  // where the code begins; check and end sign
+constexpr qsizetype kDondeVek = 6, kFinVek = 3;  // start of the code; check and end sign
 
 bool sonCifras(const QByteArray& b, qsizetype desde, qsizetype cuantas, bool hexa) {
   if (b.size() < desde + cuantas) return false;

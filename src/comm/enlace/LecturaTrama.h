@@ -1,4 +1,4 @@
-// The fields of a frame for a person's eyes. What the frame machines make of it is another matter.
+// The fields of a frame for display. The frame machine reads frames in its own way.
 #pragma once
 
 #include <QByteArray>
@@ -9,16 +9,16 @@ struct Paso;
 
 struct LecturaTrama {
   enum Que { Ack, Nak, Vek, Nodal, Ruido } que = Ruido;
-  bool buena = false;   // whole, and its check agrees; an acknowledgement is
-  int secuencia = -1;   // -1 for a field that isn't there
+  bool buena = false;   // complete, with a right check; so is an acknowledgement
+  int secuencia = -1;   // -1 for a missing field
   QByteArray estacion;  // VEK: the character; NODAL: "source>destination"
   int addr = -1;        // VEK with the usual layout
   int codigo = -1;
-  QByteArray datos;  // of noise: all of it
+  QByteArray datos;  // for noise, all of it
 };
 LecturaTrama leerPaso(const Paso& paso);
 
-// Does this VEK frame, on its way out, bear one of the four-digit codes of cash registers?
+// Does this outgoing VEK frame have one of the four-digit codes of cash registers?
 bool llevaCodigoAncho(const QByteArray& trama);
 
 }  // namespace tarvo::enlace

@@ -15,7 +15,7 @@ struct Maquina::Fila {
 };
 
 // clang-format off
-// In the states that stand here, and only in them, data are read. Time is off at the start of every expiry.
+// Data are read only in the states listed here. Time is off at the start of every expiry.
 const Maquina::Fila Maquina::kTabla[] = {
     // state            on data                        at the end of its time
     {kReposo,           &Maquina::datosReposo,         nullptr},
@@ -50,7 +50,7 @@ void Maquina::empezar(int secuencia) {
   seguida_ = true;
 }
 
-// What was asked may still be answered.
+// The abandoned question may still be answered.
 void Maquina::abandonar() {
   if (enVuelo()) exterior_.deudas().callada(preguntada_, codigo_);
   if (enVueloNodal()) exterior_.deudas().callada(estacion_, codigo_);
@@ -77,9 +77,9 @@ void Maquina::recibir(QByteArray& nuevos) {
   leer();
 }
 
-// Reads as long as a step takes something off: what comes after an acknowledgement is read by the
-// state that the acknowledgement led to. A handler that comes back in here leaves the rest to the
-// loop that is already running.
+// Reads as long as a step consumes something: the bytes after an acknowledgement are read by the
+// state that the acknowledgement led to. A re-entrant call leaves the rest to the loop that is
+// already running.
 void Maquina::leer() {
   if (leyendo_) return;
   leyendo_ = true;
@@ -92,7 +92,7 @@ void Maquina::leer() {
   if (entrada_.size() > tramas::kMaxPendiente) entrada_.clear();
 }
 
-// For a wait that begins outside of a reading: what has already come is read, but not inside the
+// For a wait that begins outside a reading: bytes already received are read, but not inside the
 // call.
 void Maquina::leerLuego() {
   if (!leyendo_ && !entrada_.isEmpty()) relectura_->unaVez(0);

@@ -1,10 +1,10 @@
-// The frame machine of a link: sends a frame, repeats it, waits for what answers it, and says how
-// it ended. What data and time do in each state stands in one table, in Maquina.cpp; in prose in
-// docs/protocolos.md.
+// The frame machine of a link: sends a frame, repeats it, waits for its answer, and reports the
+// outcome. The effect of data and time in each state is in one table, in Maquina.cpp, and in prose
+// in docs/protocolos.md.
 //
-// Every wait has an end. A wait may be prolonged by what comes in (a transaction, a piece of a
-// frame), but never beyond kProrrogas times its own length; a frame that answers something else
-// prolongs nothing.
+// Every wait has an end. A wait may be prolonged by input (a transaction, a piece of a frame), but
+// never beyond kProrrogas times its own length; a frame that answers something else doesn't prolong
+// it.
 #pragma once
 
 #include <QByteArray>
@@ -29,18 +29,18 @@ enum EstadoEnlace : int {
   kEsperaAckNodal = 7,    // NODAL: sent, no acknowledgement yet
   kEsperaTramaNodal = 9,  // NODAL: waiting for a frame for RxNODAL
   kDescargando = 12,
-  kCallando = 13,  // a frame waits until nothing is owed any more
+  kCallando = 13,  // a frame waits until nothing is owed
 };
 
 struct TiemposEnlace {
-  int ack = 2000;     // ms until a frame that isn't acknowledged goes out again
+  int ack = 2000;     // ms until an unacknowledged frame goes out again
   int espera = 2000;  // ms for each unit of a wait frame
   int nodo = 0;       // our own node
 };
 
 class Maquina {
  public:
-  // The link around the machine. Any of the events may call back into the machine, or stop it.
+  // The link around the machine. Any event may call back into the machine, or stop it.
   class Exterior {
    public:
     virtual void escribir(const QByteArray& bytes) = 0;
@@ -61,7 +61,7 @@ class Maquina {
   Maquina(Exterior& exterior, Reloj& reloj, TiemposEnlace tiempos, int tiempoRespuesta);
 
   void empezar(int secuencia);  // the link is open: at rest, nothing received yet
-  void abandonar();             // gives up whatever was waited for
+  void abandonar();             // gives up the present wait
   void parar();                 // for good: no event follows
   void recibir(QByteArray& nuevos);
 
@@ -70,12 +70,12 @@ class Maquina {
   void esperarVEK(int codigo);
   void esperarNODAL();
   void tiempoRespuesta(int ms) { tiempoRespuesta_ = ms; }
-  // Of the frames sent from now on.
+  // For the frames sent from now on.
   void modo(ModoEnvio modo) { modo_ = modo; }
   int estado() const { return estado_; }
-  // Of the frame handed over last: its number follows that of the frame before it.
+  // For the frame delivered last: its number follows that of the frame before it.
   bool seguida() const { return seguida_; }
-  // The present question went out more than once, and its copies may be answered too.
+  // The present question went out more than once; its copies may be answered too.
   bool repetida() const { return repetida_; }
 
  private:
@@ -83,8 +83,8 @@ class Maquina {
   static const Fila kTabla[];
   const Fila* fila() const;
 
-  // What each state does with data and at the end of its time. A data step answers whether another
-  // may follow.
+  // The steps of each state for data and for the end of its time. A data step returns whether
+  // another may follow.
   bool datosReposo();
   bool datosACK();
   bool datosTrama();
@@ -114,14 +114,14 @@ class Maquina {
   void quitarACKs();
 
   void lanzarNODAL(int addr, int codigo, const QByteArray& datos);
-  std::optional<tramas::TramaNODAL> leerLinea();  // a new frame from the node we speak with
+  std::optional<tramas::TramaNODAL> leerLinea();  // a new frame from the node we talk to
   void acabarNodal(int error);
   void acabarReciboNodal(int error, const tramas::TramaNODAL& trama);
   void emitirNODAL();
   void esperarMas(const QByteArray& datos);
   void confirmar();
 
-  // What goes out when nothing is owed any more, and how it ends when the line is never quiet.
+  // What is sent when nothing is owed any more, and the outcome if the line is never quiet.
   struct Pendiente {
     std::function<void()> lanzar, rendirse;
   };
@@ -147,14 +147,14 @@ class Maquina {
   int ultima_ = -1;       // of the last frame accepted
   int preguntada_ = -1;   // VEK: address of the present question
   int contestada_ = -1;   // VEK: address of the question that the last frame accepted answered
-  bool separar_ = false;  // the present question goes once more, though it was answered
-  bool dudada_ = false;   // it has gone again for a number that may be another machine's
+  bool separar_ = false;  // the present question is repeated although answered
+  bool dudada_ = false;   // already repeated for a number that may be another machine's
   bool primera_ = false;  // nothing has answered the present question yet
   bool seguida_ = true;
   int envios_ = 0;         // how often the present frame went out
   bool repetida_ = false;  // more often than it had to
   ModoEnvio modo_;
-  int repetidas_ = 0;  // how often a repeated frame made us send it again
+  int repetidas_ = 0;  // how often a repeated frame made us send again
   int estacion_ = 0;
   int codigo_ = 0;
   QByteArray cuerpo_;

@@ -1,5 +1,5 @@
-// Before a frame whose answer must be its own: the line is listened to until it has been quiet for
-// the answer time. What comes is passed over.
+// Before a frame whose answer must be its own, the machine listens until the line has been quiet
+// for the answer time. Input is passed over.
 #include <algorithm>
 #include <utility>
 
@@ -17,7 +17,7 @@ void Maquina::callar(Pendiente pendiente) {
 }
 
 // A NODAL frame isn't acknowledged: the machine would take that for the acknowledgement of another.
-// Transactions are no noise, since a shop sells all day.
+// Transactions don't count as noise, since a shop sells all day.
 bool Maquina::datosCallando() {
   if (exterior_.para() == Para::NodalMotor) {
     vaciar();

@@ -8,12 +8,12 @@ namespace tarvo::enlace {
 
 namespace {
 constexpr int kEnviosNodalMax = 4;
-// A machine may ask for more time as often as it likes, but not for longer than this after the wait
-// began.
+// A machine may ask for more time as often as it likes, but for no longer than this after the start
+// of the wait.
 constexpr qint64 kEsperaNodalMax = 3600 * 1000;
 }  // namespace
 
-// An acknowledgement names no question: any answer that is owed may be taken for it.
+// An acknowledgement names no question: any owed answer may be taken for it.
 void Maquina::enviarNODAL(int addr, int codigo, const QByteArray& datos) {
   abandonar();
   if (!modo_.limpia || exterior_.deudas().ninguna()) return lanzarNODAL(addr, codigo, datos);
@@ -22,8 +22,8 @@ void Maquina::enviarNODAL(int addr, int codigo, const QByteArray& datos) {
 }
 
 void Maquina::lanzarNODAL(int addr, int codigo, const QByteArray& datos) {
-  // What came before a frame goes out can't answer it. Nor is it acknowledged: an acknowledgement
-  // names no frame, and the machine would take it for that of a record that never arrived.
+  // Input that precedes a frame can't answer it. Nor is it acknowledged: an acknowledgement names
+  // no frame, and the machine would take it for that of a record that never arrived.
   vaciar();
   envios_ = 1;
   repetida_ = false;
@@ -48,8 +48,7 @@ void Maquina::emitirNODAL() {
       tramas::construirNODAL({tiempos_.nodo, estacion_, secuencia_, codigo_, cuerpo_}));
 }
 
-// --- data
-// ------------------------------------------------------------------------------------------
+// --- data ---
 
 bool Maquina::datosAckNodal() {
   const auto trama = leerLinea();
@@ -62,8 +61,7 @@ bool Maquina::datosAckNodal() {
   return true;
 }
 
-// After its time is over the state stays but reads nothing: a frame that comes late waits for what
-// is asked next.
+// After its time the state stays but reads nothing: a late frame waits for the next question.
 bool Maquina::datosTramaNodal() {
   if (!timer_->activo()) return false;
   const auto trama = leerLinea();
@@ -81,8 +79,7 @@ bool Maquina::datosTramaNodal() {
   return true;
 }
 
-// --- time
-// ------------------------------------------------------------------------------------------
+// --- time ---
 
 void Maquina::venceAckNodal() {
   if (modo_.unaVez || envios_ >= kEnviosNodalMax) {
@@ -100,10 +97,9 @@ void Maquina::venceTramaNodal() {
   exterior_.reciboNDL(kErrorTiempoRecepcion, 0, {});
 }
 
-// --- frames
-// ----------------------------------------------------------------------------------------
+// --- frames ---
 
-// The number that the data begin with, and once the unit for none or 0, counted from now.
+// As many units as the number at the head of the data, one for none or 0, counted from now.
 void Maquina::esperarMas(const QByteArray& datos) {
   qint64 unidades = 0;
   for (const char c : datos.trimmed()) {
@@ -112,7 +108,7 @@ void Maquina::esperarMas(const QByteArray& datos) {
   }
   const qint64 ms = std::max<qint64>(unidades, 1) * tiempos_.espera;
   const qint64 fin = std::min(reloj_.monotono() + ms, inicio_ + kEsperaNodalMax);
-  if (fin <= reloj_.monotono()) return;  // enough: the wait ends where it would have ended
+  if (fin <= reloj_.monotono()) return;  // the end of the wait stays
   plazo_ = fin;
   tope_ = std::max(tope_, fin + tiempoRespuesta_);
   timer_->unaVez(static_cast<int>(fin - reloj_.monotono()));
@@ -122,12 +118,12 @@ std::optional<tramas::TramaNODAL> Maquina::leerLinea() {
   auto trama = tramas::leerNODAL(entrada_).trama;
   if (!trama || trama->destino != tiempos_.nodo || trama->origen != estacion_) return std::nullopt;
   const bool datos = trama->codigo != tramas::kNodalAck && trama->codigo != tramas::kNodalNak;
-  // A list's frame in front of the acknowledgement is of an earlier question: its own would count
-  // for a frame of the new list.
+  // A list's frame before the acknowledgement belongs to an earlier question: its acknowledgement
+  // would count as that of a frame of the new list.
   if (datos && estado_ == kEsperaAckNodal && trama->codigo != tramas::kNodalRechazo)
     return std::nullopt;
   if (datos) confirmar();
-  // A frame that is sent again may come after acknowledgements, which have numbers too.
+  // A repeated frame may come after acknowledgements, which have numbers too.
   if (trama->secuencia == ultima_ || (datos && *trama == ultimaNodal_)) return std::nullopt;
   seguida_ = ultima_ < 0 || trama->secuencia == ((ultima_ + 1) & 0xFF);
   ultima_ = trama->secuencia;

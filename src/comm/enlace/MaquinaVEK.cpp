@@ -8,7 +8,7 @@ namespace tarvo::enlace {
 
 namespace {
 constexpr int kEnviosMax = 4;     // a first send and three repeats
-constexpr int kRepetidasMax = 4;  // then a machine that only repeats itself has given no answer
+constexpr int kRepetidasMax = 4;  // after that, a machine that only repeats itself gave no answer
 constexpr int kEsperaRepetida = 15000;
 constexpr int kCodigoAncho = 999;  // above it the answer has the wide layout
 }  // namespace
@@ -22,7 +22,7 @@ void Maquina::enviarVEK(int addr, int codigo, const QByteArray& datos, bool pedi
 }
 
 void Maquina::lanzarVEK(int addr, int codigo, const QByteArray& datos, bool pedir) {
-  quitarACKs();  // what came before the frame can't acknowledge it
+  quitarACKs();  // earlier ones can't acknowledge this frame
   pedir_ = pedir;
   primera_ = true;
   separar_ = dudada_ = repetida_ = false;
@@ -58,9 +58,9 @@ void Maquina::preguntarOtraVez() {
   emitirVEK();
 }
 
-// Machines of one wire count their frames apart, so that the answer of one may bear the number of
-// the frame that another gave last: it may be that frame, sent again, or the answer. An order that
-// goes once, and a list, which would begin anew, wait for what a repeat waits for.
+// Machines of one wire count their frames separately, so that the answer of one may have the number
+// of the last frame of another: it may be that frame, repeated, or the answer. An order that is
+// sent once, and a list, which would begin anew, wait as for a repeat.
 bool Maquina::puedeSerDeOtra() const {
   return estado_ == kEsperaRespuesta && preguntada_ != contestada_ && !modo_.unaVez && !dudada_;
 }
@@ -71,8 +71,7 @@ void Maquina::quitarACKs() {
   entrada_.remove(0, n);
 }
 
-// --- data
-// ------------------------------------------------------------------------------------------
+// --- data ---
 
 // Nothing was asked: a transaction is handed over, any other frame is only acknowledged.
 bool Maquina::datosReposo() {
@@ -111,23 +110,21 @@ bool Maquina::datosTrama() {
 
 bool Maquina::datosRepetida() {
   quitarACKs();
-  // A list goes on after a frame that was sent again: its next one has been acknowledged and won't
-  // come a second time.
+  // A list goes on after a repeated frame: its next one has been acknowledged and won't come a
+  // second time.
   leerTramas(pedir_ && !primera_);
   if (estado_ == kRepetida) prorrogar(intervalo_);
   return true;
 }
 
-// --- time
-// ------------------------------------------------------------------------------------------
+// --- time ---
 
 void Maquina::venceACK() {
   if (modo_.unaVez || envios_ >= kEnviosMax) {
     vaciar();
     return acabarVEK(kErrorSinACK);
   }
-  // What is first in the buffer and is neither an acknowledgement nor a frame would hide those
-  // after it.
+  // Bytes at the front that are neither an acknowledgement nor a frame would hide those after them.
   while (!entrada_.isEmpty() && entrada_.front() != tramas::kACK &&
          entrada_.front() != tramas::kSTX)
     entrada_.remove(0, 1);
@@ -151,8 +148,7 @@ void Maquina::venceRepetida() {
   emitirVEK();
 }
 
-// --- frames
-// ----------------------------------------------------------------------------------------
+// --- frames ---
 
 Maquina::Leido Maquina::leerTramas(bool aceptar) {
   const bool ancha = codigo_ > kCodigoAncho;
@@ -174,8 +170,7 @@ Maquina::Leido Maquina::leerTramas(bool aceptar) {
   return respuesta ? atender(*respuesta, aceptar) : Leido::Transaccion;
 }
 
-// A transaction that the machine sends again, since our acknowledgement was lost, is one sale and
-// not two.
+// A transaction that the machine repeats because our acknowledgement was lost is one sale, not two.
 void Maquina::entregarTransaccion(const tramas::TramaVEK& trama) {
   if (estado_ == kDescargando || trama == ultimaTransaccion_) return;
   ultimaTransaccion_ = trama;
@@ -197,22 +192,22 @@ Maquina::Leido Maquina::atender(const tramas::TramaVEK& trama, bool aceptar) {
   }
   if (estado_ == kCallando) ultima_ = trama.secuencia, contestada_ = -1;
   if (!aceptar || !enVuelo()) return Leido::Pasada;
-  // After 99 comes 0, or 1 where a machine doesn't use 0. What answers a question first may be of
-  // another machine of the wire than the frame before it.
+  // After 99 comes 0, or 1 from a machine that doesn't use 0. The first answer to a question may
+  // come from another machine of the wire than the frame before it.
   const bool deLista = estado_ == kEsperaTrama || estado_ == kRepetida;
   const int tras = (ultima_ + 1) % 100;
   seguida_ = std::exchange(primera_, false) || !deLista || trama.secuencia == tras ||
              (tras == 0 && trama.secuencia == 1);
   ultima_ = trama.secuencia;
   contestada_ = preguntada_;
-  // A list's client hears of every code: what it doesn't expect may be one of its records. A
-  // refusal is one under any code, unless it may be what an earlier question is owed.
+  // A list's client gets frames of every code: an unexpected one may be one of its records. A
+  // refusal is one under any code, unless it may be owed to an earlier question.
   const bool deEsta = modo_.otroCodigo || trama.datos.startsWith("ERR");
   const bool posible =
       deLista || trama.codigo == codigo_ || (deEsta && !exterior_.deudas().debida(trama.codigo));
   if (!posible || !exterior_.encaja(trama.addr, trama.codigo, trama.datos)) return Leido::Pasada;
-  // One number more than it owes parts its count from the other machine's for good: counts that
-  // went on side by side would meet at every question.
+  // One extra number separates its count from the other machine's for good: counts that ran side by
+  // side would meet at every question.
   if (std::exchange(separar_, false)) {
     preguntarOtraVez();
     return Leido::Pasada;

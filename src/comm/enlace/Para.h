@@ -1,4 +1,4 @@
-// For whom a link is open, and with which protocol.
+// Whom a link is open for, and with which protocol.
 #pragma once
 
 namespace tarvo::enlace {

@@ -36,7 +36,7 @@ int comtvIP::Pedir(int addr, int codigo, const QByteArray& datos) {
   return 0;
 }
 
-// The node that is listened to is the one that the last frame went to.
+// It listens to the node that the last frame went to.
 int comtvIP::RxNODAL(int) {
   if (!d->listo() || d->paraAbierto != Para::NodalMotor) return kErrorEnlaceCerrado;
   d->maquina.esperarNODAL();

@@ -1,6 +1,6 @@
 // A link: one connection to the machines of one access, with one timer and the frame machine of
-// both protocols. One object exists for each open channel; it is made by an opening and dies after
-// every closing. The states of the frame machine, with what data and time do in each:
+// both protocols. One object exists for each open channel; it is created by an opening and dies
+// after every closing. The states of the frame machine and the effect of data and time in each:
 // docs/protocolos.md.
 //
 // Threading: the event loop's thread. Every operation returns at once; outcomes come as events to
@@ -25,13 +25,13 @@ class Ajustes;
 
 namespace tarvo::enlace {
 
-// Which way bytes go on a wire.
+// The direction of bytes on a wire.
 enum class Sentido : char { Sale, Llega };
-// Hears the bytes of every link as they pass. REQUIRES that it touches no link.
+// Gets the bytes of every link as they pass. REQUIRES that it touches no link.
 using AlPasar =
     std::function<void(int canal, Sentido sentido, bool nodal, const QByteArray& bytes)>;
 
-// Who gets the events of a link. `canal` counts from 0; `error` is a code of the table in
+// Receives the events of a link. `canal` counts from 0; `error` is a code of the table in
 // docs/protocolos.md, 0 good.
 class ClienteEnlace {
  public:
@@ -45,14 +45,14 @@ class ClienteEnlace {
                                 const QByteArray& datos) = 0;
   virtual void CD_Evento(int canal, bool portadora) = 0;
   // Does this frame answer what was asked? One that doesn't is acknowledged and passed over, and
-  // the wait goes on to the moment at which it would have ended.
+  // the end of the wait doesn't change.
   virtual bool encaja(int canal, int addr, int codigo, const QByteArray& datos) = 0;
 
  protected:
   ~ClienteEnlace() = default;
 };
 
-// Who gets the unsolicited transactions (code 995) of a link opened for capture.
+// Receives the unsolicited transactions (code 995) of a link opened for capture.
 class ClienteLinea {
  public:
   virtual void Abrir_Evento(int canal, int error) = 0;
@@ -72,9 +72,9 @@ class comtvIP final : private LinkSocket::Oyente {
   comtvIP(const comtvIP&) = delete;
   comtvIP& operator=(const comtvIP&) = delete;
 
-  // Each answers an error code at once, 0 for accepted. See Enlaces::abrir for opening. A link that
-  // is open for one client is closed by that one's `para`, or by Para::Nada; any other answers 15
-  // and leaves it open.
+  // Each returns an error code at once, 0 for accepted. See Enlaces::abrir for opening. A link open
+  // for one client is closed by that client's `para`, or by Para::Nada; any other returns 15 and
+  // leaves it open.
   int CerrarEnlace(Para para = Para::Nada);
   bool EnlaceCerrado() const;
   int Enviar(int addr, int codigo, const QByteArray& datos, ModoEnvio modo = {});
@@ -83,8 +83,8 @@ class comtvIP final : private LinkSocket::Oyente {
   int RxVEK(int addr, int codigo);
   void TimeOut(int ms);
   bool Portadora() const;
-  // Did the frame of the present event follow the machine's frame before it by its number? Only the
-  // frames of a list are looked at.
+  // Does the frame of the present event follow the machine's previous frame by its number? Only the
+  // frames of a list are checked.
   bool Seguida() const;
   // Did the question of the present event go out more than once? Its copies may be answered too.
   bool Repetida() const;
@@ -108,15 +108,15 @@ class Enlaces {
   Enlaces(Reloj& reloj, const Ajustes& ajustes, FabricaEnlaces& fabrica, Azar& azar);
   ~Enlaces();
 
-  // AbrirEnlace: opens a link on a channel, or joins the one that is open there for the other
-  // client. An error code other than 0 means that no event will follow. `linea` for
-  // VekCaptura, `cliente` for the two of the engine; nothing else can be asked for.
+  // AbrirEnlace: opens a link on a channel, or joins the link open there for the other client. An
+  // error code other than 0 means that no event will follow. `linea` for VekCaptura, `cliente` for
+  // the two of the engine; there are no other openings.
   int AbrirEnlace(Para para, int canal, int baudios, const QString& acceso, ClienteEnlace* cliente,
                   ClienteLinea* linea = nullptr);
   comtvIP* operator[](int canal) const;  // null while closed
   int tamano() const;
-  // Drops a link whatever it is doing; for one that answers nothing any more. Whoever is on it and
-  // isn't named here gets Cerrar_Evento with 20 before this returns.
+  // Drops a link whatever it is doing; for a link that no longer responds. Clients on it that
+  // aren't named here get Cerrar_Evento with 20 before this returns.
   void abandonar(int canal, const ClienteEnlace* motor = nullptr,
                  const ClienteLinea* linea = nullptr);
   // Null for nobody.

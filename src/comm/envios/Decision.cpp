@@ -22,8 +22,8 @@ Resultado<std::vector<qint64>> todosLosArticulos(dao::Database& db, const Destin
                    d.seccion, r.desde, r.tope()));
 }
 
-// An offer that isn't in force any more, or not yet, is due as long as its prices are there: its
-// dates may have been changed after they had gone.
+// An offer that is no longer, or not yet, in force is due while the group has its prices: its dates
+// may have changed after they were sent.
 Resultado<std::vector<qint64>> SaltarSinCambios(dao::Database& db, const Destino& d, Rango r,
                                                 Fecha ahora) {
   return codigosDe(db.consultar(
@@ -37,7 +37,7 @@ Resultado<std::vector<qint64>> SaltarSinCambios(dao::Database& db, const Destino
       d.grupo, d.grupo, d.seccion, r.desde, r.tope(), ahora, ahora));
 }
 
-// Marked for deletion, or simply gone by whatever way after the group had got it.
+// Marked for deletion, or gone in any other way after the group had received it.
 Resultado<std::vector<qint64>> articulosPorBorrar(dao::Database& db, const Destino& d) {
   return codigosDe(db.consultar(
       u"SELECT plu FROM [Cross] WHERE Grupo=? AND borra<>0 AND plu>2 AND plu<=9999999 AND NOT "

@@ -23,7 +23,7 @@ struct NoEnviado {
   Fecha desde;
 };
 
-// What is in the tables of one group.
+// The rows of one group.
 struct Sabido {
   std::unordered_map<qint64, Confirmado> enviados;
   std::unordered_map<qint64, NoEnviado> retenidos;
@@ -31,7 +31,7 @@ struct Sabido {
   std::vector<qint64> sobrantes;
 };
 
-// While a wipe has no answer, or of another machine, nothing is proved.
+// While a wipe is unanswered, or after a change of machine, nothing is proved.
 Resultado<> leerEnviados(dao::Database& db, const Destino& d, const Mudanza& m, Sabido& s) {
   return dao::recorrer(
       db.consultar(u"SELECT CODPLU, HUELLA, HUELLA_PRE, CUANDO FROM Enviados WHERE GRUPO=? AND "
@@ -107,7 +107,7 @@ EstadoArticulo juzgar(const Preparado& p, const Destino& d, const Sabido& s, con
 
 constexpr size_t kEncargosMaximos = 20;
 
-// Runs of articles that stand next to one another in the catalogue.
+// Runs of articles that are adjacent in the catalogue.
 Resultado<std::vector<Encargo>> tramos(dao::Database& db, const Destino& d,
                                        std::span<const qint64> codigos) {
   TARVO_TOMAR(const auto todos, todosLosArticulos(db, d, {codigos.front(), codigos.back()}));

@@ -1,5 +1,5 @@
-// The send state of a group: of each article, whether the group holds it as it stands here, and how
-// that is known; and what is to be queued to put it right.
+// The send state of a group: for each article, whether the group holds it in its present form and
+// how that is known; and the tasks that would correct it.
 #pragma once
 
 #include "comm/envios/Decision.h"
@@ -7,15 +7,15 @@
 
 namespace tarvo::envios {
 
-// How an article stands with a group.
+// The state of an article in a group.
 enum class Situacion {
-  AlDia,      // held as it stands here: what the group confirmed is what would go now
-  SinPrueba,  // Cross says so, from before there was proof
-  Pendiente,  // goes with the next optimised sending, or was never confirmed
-  Distinto,   // Cross says held, but it is another: only a complete sending carries it
+  AlDia,      // held: what the group confirmed is what would be sent now
+  SinPrueba,  // held according to Cross, from before there was proof
+  Pendiente,  // due in the next optimised sending, or never confirmed
+  Distinto,   // held according to Cross, but different: needs a complete sending
   Retenido,   // doesn't fit its record
-  Rechazado,  // the group wouldn't take it
-  Sobra,      // the group holds it, and it is gone here
+  Rechazado,  // the group refused it
+  Sobra,      // the group holds it, but it is gone here
 };
 inline constexpr int kSituaciones = 7;
 
@@ -23,19 +23,19 @@ struct EstadoArticulo {
   qint64 codigo = 0;
   QString nombre;
   Situacion situacion = Situacion::Pendiente;
-  std::optional<Fecha> desde;  // held, held back or refused since then
-  QString motivo;              // of Retenido and Rechazado, and of what can't be deleted alone
+  std::optional<Fecha> desde;  // when it became so
+  QString motivo;              // for Retenido and Rechazado, and when it can't be deleted alone
 };
 
-// The group as a sending sees it; nothing when there is none of that number.
+// The group as a sending sees it; nothing if there is no such group.
 Resultado<std::optional<Destino>> destinoDeGrupo(dao::Database& db, int grupo);
 
-// All articles of the group's section, and what it holds besides, by number. It only reads, and
-// takes as long as reading the section: 100,000 articles are for another thread.
+// All articles of the group's section, and others that it holds, by number. It only reads, and
+// takes as long as reading the section: with 100,000 articles, use another thread.
 Resultado<std::vector<EstadoArticulo>> estadoDeEnvio(dao::Database& db, const Destino& destino,
                                                      const Textos& textos, Fecha ahora);
 
-// One TXPLUS that brings chosen articles right.
+// A TXPLUS that corrects chosen articles.
 struct Encargo {
   bool todo = false;
   Rango rango;
@@ -43,10 +43,10 @@ struct Encargo {
 };
 struct Encargos {
   std::vector<Encargo> tareas;
-  int imposibles = 0;  // surplus articles of a machine that can't delete one alone
+  int imposibles = 0;  // surplus articles of a machine that can't delete single ones
 };
-// Notes that the articles are due, or to be deleted, and gives what to queue. REQUIRES numbers in
-// ascending order.
+// Records that the articles are to be sent or deleted, and returns the tasks to queue. REQUIRES
+// numbers in ascending order.
 Resultado<Encargos> encargar(dao::Database& db, const Destino& destino,
                              std::span<const qint64> codigos);
 

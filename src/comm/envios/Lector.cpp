@@ -68,13 +68,13 @@ Oferta leerOferta(const dao::Recordset& rs, Fecha ahora) {
   return o;
 }
 
-// The prices that hold for the group now: the offer's while it is in force, else the tarifa's.
+// The present prices for the group: the offer's while it is in force, else the tarifa's.
 std::array<qint64, 3> LeerPrecios(const dao::Recordset& rs, const Oferta& oferta) {
   const int c = oferta.rige ? kPrecioOferta : kPrecio;
   return {rs.entero(c), rs.entero(c + 1), rs.entero(c + 2)};
 }
 
-// A price that isn't a whole number never counts as 0. `cuantos`: so many of them go.
+// A price that isn't a whole number never counts as 0. `cuantos`: how many prices are sent.
 std::optional<maquinas::NoCabe> precioIlegible(const dao::Recordset& rs, const Oferta& oferta,
                                                int cuantos) {
   using maquinas::CampoPLU, maquinas::NoCabe;
@@ -124,7 +124,7 @@ maquinas::Articulo leerArticuloPlano(const dao::Recordset& rs) {
   return a;
 }
 
-// FNV-1a: nobody chooses records so that they fall together, and one in 2^64 does.
+// FNV-1a: nobody crafts records to collide, and by chance one in 2^64 does.
 qint64 resumen(QByteArrayView bytes) {
   quint64 h = 0xCBF29CE484222325U;
   for (const char c : bytes) h = (h ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
@@ -162,8 +162,8 @@ Resultado<std::vector<Preparado>> Lector::leer(std::span<const qint64> codigos, 
   return salida;
 }
 
-// A code made of prefix and number may be the predefined one of another article: that one was given
-// it by somebody, so it goes. Codes that are made differ in the number.
+// A code composed of prefix and number may be the predefined code of another article, which a
+// person gave it, so that article keeps it. Composed codes differ in the number.
 Resultado<> Lector::apartarRepetidos(std::vector<Preparado>& lote) {
   constexpr qsizetype kAnchoCodigo = 13;
   std::vector<dao::Valor> valores{destino_.seccion};

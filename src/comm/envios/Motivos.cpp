@@ -8,7 +8,7 @@ namespace {
 
 using maquinas::NoCabe;
 
-// How many digits a limit of nines has; 0 for any other limit.
+// The number of digits of a limit of nines; 0 for any other limit.
 qsizetype cifrasDe(qint64 limite) {
   const QString t = QString::number(limite);
   return t.count(u'9') == t.size() ? t.size() : 0;

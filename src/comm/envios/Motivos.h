@@ -6,9 +6,9 @@
 
 namespace tarvo::envios {
 
-// The name of a field, as it stands alone.
+// The name of a field, used on its own.
 QString nombreDeCampo(maquinas::CampoPLU campo, const Textos& textos);
-// A sentence without its end: "el precio base tiene más de 6 cifras".
+// A sentence without its full stop: "el precio base tiene más de 6 cifras".
 QString motivoDe(const maquinas::NoCabe& noCabe, const Textos& textos);
 
 }  // namespace tarvo::envios

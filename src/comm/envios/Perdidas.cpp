@@ -6,7 +6,7 @@ namespace tarvo::envios {
 
 namespace {
 
-// The system's own articles 1 and 2 are in no machine.
+// The system articles 1 and 2 are in no machine.
 constexpr auto kDeUnGrupo =
     uR"(
 SELECT g.NOMGPO,
@@ -15,8 +15,8 @@ SELECT g.NOMGPO,
   (SELECT PZERO FROM Sesiones s WHERE s.CODGPO=g.CODGPO)
 FROM GRUPOS g WHERE g.CODGPO=?)";
 
-// Rows of no period are those of the inbox. A reading of any kind that adds up all that was sold
-// tells the amount; the largest is the one that lacks least.
+// Rows without a period are those of the inbox. Every kind of reading that adds up all sales gives
+// the amount; the largest is the most complete.
 Resultado<> contarVentas(dao::Database& db, Perdida& p) {
   for (const QStringView tabla : {u"TOTGRT", u"TOTPLU", u"TOTDEP"}) {
     TARVO_TOMAR(const auto rs,

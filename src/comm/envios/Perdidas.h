@@ -1,4 +1,4 @@
-// What a wipe or a zeroing takes from groups for good: the data of the question before it.
+// What groups lose for good in a wipe or a zeroing: the data of the question before it.
 #pragma once
 
 #include <optional>
@@ -13,11 +13,11 @@ namespace tarvo::envios {
 struct Perdida {
   int grupo = 0;
   QString nombre;
-  qint64 articulos = 0;       // that the group holds, as far as it confirmed them
-  qint64 deSeccion = 0;       // of its section, which it may hold
-  bool hayVentas = false;     // collected, and in no period yet
+  qint64 articulos = 0;       // held by the group, as far as confirmed
+  qint64 deSeccion = 0;       // of its section, possibly held
+  bool hayVentas = false;     // collected, but in no period yet
   qint64 ventas = 0;          // their amount, minor units of stored money
-  std::optional<Fecha> cero;  // when it was zeroed last, as far as it is known
+  std::optional<Fecha> cero;  // when it was last zeroed, if known
 };
 
 // In the order of `grupos`; those that don't exist are left out.

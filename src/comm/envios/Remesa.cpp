@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kEsperaDeNotas = 1000;  // ms
 constexpr size_t kNotasJuntas = 5000;
-// So many refusals running have a reason of their own, whatever their code.
+// This many consecutive refusals have a common cause, whatever their code.
 constexpr int kNegadasSeguidas = 20;
 
 bool esDeLaRed(int error) {
@@ -30,7 +30,7 @@ Remesa::Remesa(dao::Database& db, Reloj& reloj, const Textos& textos, const Dest
       que_(que),
       lector_(db, destino),
       tenencias_(db, reloj, destino),
-      // What can't be written now is written, or its failure told, with the next article.
+      // If writing fails now, it is retried, and a failure reported, with the next article.
       turno_(reloj.temporizador([this] { static_cast<void>(asentar()); })) {}
 
 Remesa::~Remesa() = default;
@@ -51,8 +51,7 @@ Resultado<> Remesa::empezar(bool todo, Rango rango, bool porNumero) {
   return rechazadosAlFinal(db_, destino_, lista_);
 }
 
-// --- the list
-// ---------------------------------------------------------------------------------------------
+// --- the list ---
 
 Resultado<const Remesa::Saliente*> Remesa::actual(bool conRetenidos) {
   for (;;) {
@@ -98,12 +97,12 @@ Resultado<Remesa::Enviable> Remesa::preparar(Preparado p) {
   return e;
 }
 
-// The next lot, in the order of the list. What was confirmed goes to disk with its announcement,
-// where that has something to write.
+// The next lot, in the order of the list. Confirmations go to disk with its announcement, if that
+// has something to write.
 Resultado<> Remesa::cargar() {
   const auto trozo =
       std::span(lista_).subspan(leidos_, std::min(Lector::kLote, lista_.size() - leidos_));
-  // What was confirmed is judged by what has changed since its own lot was read.
+  // Confirmations are judged by the changes since their own lot was read.
   if (db_.cambios() != cambios_) TARVO_INTENTAR(asentar());
   TARVO_TOMAR(auto leidos, lector_.leer(trozo, reloj_.ahora()));
   std::vector<Enviable> nuevos;
@@ -126,7 +125,7 @@ Resultado<> Remesa::cargar() {
   return {};
 }
 
-// The article may have been changed since the lot was read. False when it is gone.
+// The article may have been changed since the lot was read. False if it is gone.
 Resultado<bool> Remesa::refrescar() {
   if (db_.cambios() == cambios_) return true;
   Enviable& e = lote_[pos_];
@@ -207,8 +206,7 @@ bool Remesa::empezarFinal() {
   return true;
 }
 
-// --- deletions
-// ---------------------------------------------------------------------------------------------
+// --- deletions ---
 
 Resultado<std::vector<qint64>> Remesa::borrables() const {
   auto codigos = articulosPorBorrar(db_, destino_);
@@ -297,8 +295,7 @@ Resultado<Remesa::Restan> Remesa::restan() const {
   return r;
 }
 
-// --- to disk
-// ---------------------------------------------------------------------------------------------
+// --- to disk ---
 
 void Remesa::anotar(Nota nota) {
   notas_.push_back(std::move(nota));
@@ -334,7 +331,7 @@ Resultado<> Remesa::escribir(std::span<const Nota> notas, bool alDia) {
   return {};
 }
 
-// The articles that were confirmed, as they stand now: an answer may have come to what they were.
+// The confirmed articles as they are now: an answer may belong to their former state.
 Resultado<std::map<qint64, Preparado>> Remesa::comoEstan(std::span<const Nota> notas, bool alDia) {
   std::map<qint64, Preparado> salida;
   std::vector<qint64> codigos;
@@ -373,7 +370,8 @@ Resultado<> Remesa::escribirNota(const Nota& n, const Preparado* p) {
   return {};
 }
 
-// What it holds is the article as it would go now, another form of it, or one that is gone here.
+// The group holds the article as it would be sent now, another form of it, or one that is gone
+// here.
 Resultado<> Remesa::escribirLeido(const Nota& n, const Preparado* ahora) {
   const bool igual = ahora && ahora->registro && maquinas::mismaFicha(n.registro, *ahora->registro);
   ++(igual ? resumen_.iguales : ahora ? resumen_.distintos : resumen_.sobrantes);

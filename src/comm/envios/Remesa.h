@@ -1,9 +1,9 @@
-// The articles of one sending, in their order, and what became of each. It knows nothing of frames
-// or links: whoever sends asks for the article that goes now, and says how that went.
+// The articles of one sending, in their order, and the outcome of each. It knows nothing of frames
+// or links: the sending task asks for the present article and reports its outcome.
 //
-// What the group confirmed goes to disk together with others, a second later at most; before an
-// article goes whose record isn't proved to be what the group holds, that is noted. So whatever is
-// cut off, an article counts as held only when it is, and otherwise goes again.
+// Confirmations go to disk in batches, a second later at most; before an article is sent whose
+// record the group isn't proved to hold, that is recorded. So after any interruption an article
+// counts as held only if it is, and is otherwise sent again.
 #pragma once
 
 #include <map>
@@ -16,10 +16,10 @@ namespace tarvo::envios {
 
 struct Resumen {
   int enviados = 0, borrados = 0;
-  int iguales = 0, distintos = 0, sobrantes = 0;  // of what the group told, once it is on disk
+  int iguales = 0, distintos = 0, sobrantes = 0;  // of the group's reports, once on disk
   std::map<qint64, QString> retenidos;            // by code, with the reason
-  std::map<qint64, QString> rechazados;           // those that the group hasn't taken since
-  // Texts that the group didn't hold before, with the characters for which others went.
+  std::map<qint64, QString> rechazados;           // those not accepted since
+  // Texts that are new to the group, with their replaced characters.
   std::map<qint64, QString> conOtrasLetras;
 };
 
@@ -31,60 +31,60 @@ class Remesa {
          Que que = Que::Articulos);
   ~Remesa();
 
-  // Brings what is known of the group up to date with what became of the group itself. Once.
+  // Updates the knowledge about the group after changes to the group itself. Called once.
   Resultado<> abrir();
-  // The same, and decides what goes: all of the range, or what the group doesn't hold as it stands;
-  // by number, those that it has refused already last unless `porNumero`.
+  // The same, and decides what to send: all of the range, or the articles that the group doesn't
+  // hold in their present form; by number, with those already refused last unless `porNumero`.
   Resultado<> empezar(bool todo, Rango rango, bool porNumero = false);
 
   struct Saliente {
     qint64 codigo = 0;
-    QByteArray registro;  // empty for one that is held back
+    QByteArray registro;  // empty if it is held back
     bool retenido() const { return registro.isEmpty(); }
   };
-  // The article that goes now, as it stands now; null when none is left. Articles that don't fit
-  // are passed over, or shown when `conRetenidos`. What is given holds until the next call.
+  // The article to send now, in its present form; null if none is left. Articles that don't fit are
+  // skipped, or included if `conRetenidos`. The result is valid until the next call.
   Resultado<const Saliente*> actual(bool conRetenidos = false);
-  // What became of it. Each REQUIRES one.
+  // Its outcome. Each REQUIRES a present article.
   void enviado();
-  void pasado();  // it needn't go
-  // The group refused it: it goes to the end. False when the refusals aren't about the article, or
-  // it is the end already.
+  void pasado();  // it needn't be sent
+  // The group refused it: it moves to the end. False if the refusals aren't about the article, or
+  // this is the end already.
   bool rechazado(int error, const QString& motivo);
-  // The group hasn't taken it though its answer was good: it stays due, and goes no more now.
+  // The group hasn't taken it despite a good answer: it stays due, but isn't sent again now.
   void sinTomar(int error, const QString& motivo);
-  // Refusals running have stopped the list while deletions are due, which may make room: these go
-  // now, and the list goes on after them. Once in a sending.
+  // Consecutive refusals have stopped the list while deletions, which may make room, are due: these
+  // go now, and the list continues after them. Once in a sending.
   bool faltaSitio() const { return faltaSitio_; }
-  // After the list and the deletions: the refused ones, once more. False when there are none.
+  // After the list and the deletions: the refused ones, once more. False if there are none.
   bool empezarFinal();
 
   // The deletions that are due now.
   Resultado<> empezarBorrados();
   std::optional<qint64> porBorrar() const;
   void borrado();
-  void borradoNegado();  // it goes after the others
-  // The group deleted another one.
+  void borradoNegado();  // it moves after the others
+  // The group deleted an article other than the present one.
   void borrado(qint64 codigo);
-  // It wouldn't: it is told once more by empezarNegados. False when its refusals aren't about the
+  // The group refused to: empezarNegados repeats it. False if the refusals aren't about the
   // article.
   bool borradoNegado(qint64 codigo, int error, const QString& motivo);
-  // It says that it did, and has it.
+  // The group reported it deleted, but still has it.
   void sigueTeniendo(qint64 codigo, const QString& motivo);
-  // The deletions that it wouldn't do are due again, once. False when there are none.
+  // The refused deletions are due again, once. False if there are none.
   bool empezarNegados();
-  // It told that it has none of these numbers.
+  // The group reported that it has none of these numbers.
   void hueco(qint64 desde, qint64 hasta);
-  // It told what it holds under a number. REQUIRES a record that can be read.
+  // The group reported its record of a number. REQUIRES a readable record.
   void leido(qint64 codigo, const QByteArray& registro);
 
-  // What hasn't had its turn: articles of the list, and deletions that are known to be due.
+  // Those still to come: articles of the list, and deletions known to be due.
   struct Restan {
     qint64 articulos = 0, borrados = 0;
   };
   Resultado<Restan> restan() const;
 
-  // What the group was confirmed to have or not to have goes to disk. When it fails it is kept.
+  // Writes to disk what the group is confirmed to have or not to have. If that fails it is kept.
   Resultado<> asentar();
 
   const Resumen& resumen() const { return resumen_; }
@@ -131,7 +131,7 @@ class Remesa {
   Tenencias tenencias_;
   std::unique_ptr<Temporizador> turno_;
 
-  std::optional<Rango> otraVez_;  // of it, what was deleted before is deleted once more
+  std::optional<Rango> otraVez_;  // where earlier deletions are repeated
   std::vector<qint64> lista_;
   size_t leidos_ = 0;  // of lista_
   std::vector<Enviable> lote_;

@@ -1,4 +1,4 @@
-// The send state as rows of a table of the moment, so that a list can order, search and filter it.
+// The send state as rows of a temporary table, so that a list can sort, search and filter it.
 #pragma once
 
 #include "comm/envios/Estado.h"
@@ -6,14 +6,14 @@
 
 namespace tarvo::envios {
 
-// Columns: CODPLU, NOMPLU, SITUACION (a number), DESDE, MOTIVO. It goes with the connection.
+// Columns: CODPLU, NOMPLU, SITUACION (a number), DESDE, MOTIVO. It is dropped with the connection.
 inline constexpr char16_t kTablaDeEstado[] = u"EstadoDeEnvio";
 
 class TablaDeEstado {
  public:
   TablaDeEstado(dao::Database& db, std::vector<EstadoArticulo> articulos)
       : db_(db), articulos_(std::move(articulos)) {}
-  // One step of a Trabajo; the first makes the table anew.
+  // One step of a Trabajo; the first creates the table anew.
   Resultado<bool> paso(Trabajo::Avance& avance);
 
  private:

@@ -4,22 +4,21 @@ namespace tarvo::envios {
 
 namespace {
 
-// Enviados: the record that a group confirmed last, as a hash of it without its prices and one of
-// its prices; Null where it may hold another. SECCION is the group's at that time: one that moved
-// keeps what it held.
+// Enviados: the record that a group last confirmed, as a hash of it without its prices and one of
+// its prices; Null if the group may hold another. SECCION is the group's at that time: a group that
+// moved keeps what it held.
 //
-// Retenidos: an article that a group didn't get, since DESDE. ERROR 0: it doesn't fit its record,
-// and MOTIVO says why; else the code with which the group refused it.
+// Retenidos: an article that a group hasn't received, since DESDE. ERROR 0: it doesn't fit its
+// record, for the reason in MOTIVO; else the code with which the group refused it.
 //
-// EnviosGrupo: the section and tarifa of the group's last sending, the machine that it went to (its
-// kind, access and addresses; Null where nobody noted it yet), and BORRANDO 1 while a wipe was
-// ordered and not confirmed.
+// EnviosGrupo: the section and tarifa of the group's last sending, its machine (kind, access and
+// addresses; Null if not yet recorded), and BORRANDO 1 while an ordered wipe is unconfirmed.
 //
-// BorradosGrupo: articles that a machine which can't be compared was told to delete. It may come
-// back with an older memory.
+// BorradosGrupo: articles that a machine without comparison was told to delete. It may come back
+// with an older memory.
 //
-// FichasPedidas: the last record that each group was asked for by itself, in hexadecimal; Null when
-// it doesn't hold the article.
+// FichasPedidas: the last single record that each group was asked for, in hexadecimal; Null if it
+// doesn't hold the article.
 constexpr QStringView kGuion =
     uR"(
 CREATE TABLE IF NOT EXISTS Enviados (

@@ -1,4 +1,4 @@
-// The tables of our own in which stands what each group holds of the catalogue.
+// The additional tables that record what each group holds of the catalogue.
 #pragma once
 
 #include "core/dao/Pasos.h"
@@ -6,7 +6,7 @@
 namespace tarvo::envios {
 
 dao::TablasDeSala tablasEnvios();
-// Brings them alone, for who works with this room alone. REQUIRES those of the schema.
+// Creates only these, for users of this room alone. REQUIRES those of the schema.
 Resultado<> asegurarTablasEnvios(dao::Database& db);
 
 }  // namespace tarvo::envios

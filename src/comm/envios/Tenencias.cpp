@@ -6,7 +6,7 @@ namespace tarvo::envios {
 
 namespace {
 
-// What counts as another machine: another kind, way to it, or address.
+// The identity of a machine: its kind, access and addresses.
 Resultado<QString> maquinaDe(dao::Database& db, int grupo) {
   TARVO_TOMAR(const auto g, db.uno(u"SELECT nz(TIPO,0) & ' ' & nz(remoto,0) & ' ' & iif(remoto=2, "
                                    u"nz(canal,0), nz(telef,'')) & "
@@ -65,7 +65,7 @@ Resultado<Mudanza> mudanzaDe(dao::Database& db, const Destino& d) {
 }
 
 // A group that moved to another section holds articles of the former one under the same numbers,
-// another tarifa has other prices, another machine holds nobody knows what: nothing of before
+// another tarifa has other prices, and the contents of another machine are unknown: nothing earlier
 // counts as held any more, but it is remembered that it may be there.
 Resultado<> Tenencias::mudarse() {
   TARVO_TOMAR(const auto m, mudanzaDe(db_, d_));
@@ -82,9 +82,9 @@ Resultado<> Tenencias::mudarse() {
   return {};
 }
 
-// Cross says no more that anything of the other sections is held, or `todo`: nor of this one.
+// In Cross nothing of the other sections counts as held any more, nor, if `todo`, of this one.
 Resultado<> Tenencias::soltar(bool todo) {
-  // The whole table is looked through, so only where there is something to find.
+  // This scans the whole table, so only if there is something to find.
   TARVO_TOMAR(const auto hay, db_.uno(u"SELECT EXISTS (SELECT 1 FROM [Cross] WHERE Secc<?) OR "
                                       u"EXISTS (SELECT 1 FROM [Cross] WHERE "
                                       u"Secc>?)",
@@ -100,7 +100,7 @@ Resultado<> Tenencias::soltar(bool todo) {
   return {};
 }
 
-// Runs a statement that is run for each article, prepared once.
+// Runs a per-article statement, prepared once.
 template <class... P>
 Resultado<qint64> Tenencias::correr(Guardada cual, QStringView sql, const P&... parametros) {
   auto& s = guardadas_[static_cast<size_t>(cual)];
@@ -172,8 +172,8 @@ Resultado<> Tenencias::AnotarEnviado(qint64 codigo, const QByteArray& registro,
   return ahora && !igual ? quitarCross(codigo) : ponerCross(codigo, !ahora);
 }
 
-// What else of the article is there only Enviados can say, or Cross if it said so until just now
-// and nothing but the prices went.
+// Whether the rest of the article is held only Enviados can tell, or Cross, if it did until just
+// now and only the prices were sent.
 Resultado<> Tenencias::AnotarPrecios(const Preparado& entonces, const Preparado* ahora,
                                      bool eraSuyo) {
   const qint64 codigo = entonces.codigo;
@@ -297,7 +297,7 @@ Resultado<> Tenencias::ponerEnviado(qint64 codigo, const Huella& h) {
   return olvidarOtrasSecciones(codigo, codigo);
 }
 
-// A machine has one article under a number, whatever section it came from.
+// A machine has one article under a number, from whatever section.
 Resultado<> Tenencias::olvidarOtrasSecciones(qint64 desde, qint64 hasta) {
   for (const int seccion : otrasSecciones_)
     TARVO_INTENTAR(db_.ejecutar(
@@ -306,7 +306,7 @@ Resultado<> Tenencias::olvidarOtrasSecciones(qint64 desde, qint64 hasta) {
   return {};
 }
 
-// The flags of the offer follow what the group holds: its prices are there, or they are not.
+// The flags of the offer record whether the group holds its prices.
 Resultado<> Tenencias::asentarOferta(const Preparado& p) {
   if (!p.oferta.hay) return {};
   if (p.oferta.borrado) {
@@ -320,7 +320,7 @@ Resultado<> Tenencias::asentarOferta(const Preparado& p) {
   return {};
 }
 
-// To the second, which is what the clock gives.
+// To the second, the resolution of the clock.
 Fecha Tenencias::laHora() {
   constexpr qint64 kSegundo = 1000;
   if (const qint64 ms = reloj_.monotono(); vistaLaHora_ < 0 || ms - vistaLaHora_ >= kSegundo) {

@@ -8,7 +8,7 @@ namespace tarvo::maquinas {
 
 namespace {
 
-// A reader lets go of a frame above 64 KiB; 12 bytes of it aren't data.
+// Readers drop a frame above 64 KiB; 12 bytes of it aren't data.
 constexpr qint64 kMaximoRegistro = 64 * 1024 - 12;
 constexpr char kFinRegistro = 19, kBarras = 22;
 constexpr qint64 kUltimoTipoBarras = 1;
@@ -36,7 +36,7 @@ Escrito escribirParrafo(TipoGrupo tipo, QString texto, qsizetype ancho) {
   return escribirLetras(tipo, texto.replace(u'\n', u'\r'), ancho, true);
 }
 
-// Puts field after field; the first that doesn't fit stays as the reason.
+// Writes field after field; the first that doesn't fit is kept as the reason.
 class Escritor {
  public:
   Escritor(TipoGrupo tipo, qsizetype tamano) : tipo_(tipo) { registro_.reserve(tamano); }
@@ -54,7 +54,7 @@ class Escritor {
     if (n > maximo) negar({campo, NoCabe::Grande, maximo, QString::number(n)});
     return n >= minimo && n <= maximo;
   }
-  // What comes after the width is left out, as on any display.
+  // Text beyond the width is cut, as on any display.
   void nombre(const QString& texto, int ancho) {
     const QByteArray letras = escribirLetras(tipo_, texto, ancho).bytes;
     registro_.append(letras).append(ancho - letras.size(), ' ');
@@ -74,7 +74,7 @@ class Escritor {
   }
 
  private:
-  // A list of articles is made of little else.
+  // The hot path: a list of articles is mostly digits.
   void cifras(qint64 n, int ancho) {
     registro_.resize(registro_.size() + ancho);
     for (char* p = registro_.data() + registro_.size(); ancho > 0; --ancho, n /= 10)
@@ -127,7 +127,7 @@ Cabe<QByteArray> deEbony(const Articulo& a) {
   e.fijo("99");
   e.numero(CampoPLU::CodPLU, a.codigo, 4, 1);
   e.nombre(a.nombre, anchoNombre(TipoGrupo::Ebony));
-  // Weighed articles have their price by the kilogram there.
+  // There, weighed articles are priced by the kilogram.
   const qint64 veces = a.cada == kPor100g ? 10 : 1;
   if (e.entre(CampoPLU::Precio0, a.precios[0], 0, tope(8) / veces))
     e.numero(CampoPLU::Precio0, a.precios[0] * veces, 8);
@@ -138,7 +138,7 @@ Cabe<QByteArray> deEbony(const Articulo& a) {
   return e.fin();
 }
 
-// Registers read articles by bar code, and give their sales by it.
+// Registers identify articles and their sales by bar code.
 void codigoDeBarras(Escritor& e, const Articulo& a) {
   const QString fijo = a.codBarExt.value_or(QString()).trimmed();
   if (fijo.isEmpty()) {

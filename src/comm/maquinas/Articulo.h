@@ -1,7 +1,7 @@
 // Article records as the machines take them, one layout for each family, from a plain record of the
 // article. Money and quantities are whole numbers as the database keeps them. A number that doesn't
-// fit its field is named; no record is ever made of it. A text always goes: letters that the
-// machine lacks go as others that look like them.
+// fit its field is reported, and there is no record then. A text is always sent: letters that the
+// machine lacks are replaced by similar ones.
 #pragma once
 
 #include <QString>
@@ -14,8 +14,8 @@ namespace tarvo::maquinas {
 
 inline constexpr qint64 kPrimerArticulo = 3, kUltimoArticuloVek = 9'999'999;
 
-// What a group is to know of an article: the columns of PLUSES, with the three prices that it has
-// for that group.
+// The data of an article for a group: the columns of PLUSES, with the article's three prices for
+// that group.
 struct Articulo {
   qint64 codigo = 0;
   QString nombre;
@@ -60,64 +60,64 @@ enum class CampoPLU {
 };
 inline constexpr int kCamposPLU = 20;
 
-// Why an article can't go to a kind of machine.
+// Why an article can't be sent to a kind of machine.
 struct NoCabe {
   enum Motivo {
     Grande,    // above `limite`
     Pequeno,   // below `limite`
     Cifras,    // it must be digits
     Largo,     // a text of more than `limite` characters
-    Vacio,     // nothing, where a number must stand
+    Vacio,     // empty where a number is required
     Ilegible,  // no whole number
-    DeOtro     // a bar code that another article has: `limite` is its number
+    DeOtro     // a bar code of another article: `limite` is its number
   };
   CampoPLU campo = CampoPLU::CodPLU;
   Motivo motivo = Grande;
   qint64 limite = 0;
-  QString valor;  // what doesn't fit: the number or the text
+  QString valor;  // the number or text that doesn't fit
   bool operator==(const NoCabe&) const = default;
 };
 template <class T>
 using Cabe = std::expected<T, NoCabe>;
 
-// A text in the characters of a kind of machine. What has no place there stays as it is.
+// A text in the characters of a kind of machine. Characters that it lacks stay as they are.
 QString CaracteresBalanza(TipoGrupo tipo, const QString& texto);
-// The other way about, as far as it can be told, for a person to read.
+// The reverse, as far as possible, for a person to read.
 QString textoDeBalanza(TipoGrupo tipo, QByteArrayView bytes);
 
 // The full article record of a kind of group.
 Cabe<QByteArray> TramaPLU(TipoGrupo tipo, const Articulo& articulo);
-// The characters of what goes that the machine lacks, each once, for a person to be told.
+// The characters of the article that the machine lacks, each once, for a message.
 QString letrasQueFaltan(TipoGrupo tipo, const Articulo& articulo);
-// Code and prices alone (kinds 1 and 4).
+// Code and prices only (kinds 1 and 4).
 Cabe<QByteArray> TramaPrecios(const Articulo& articulo);
 
 // The price fields of a full record, joined, and the record with blanks in their place. REQUIRES a
-// record of that kind, whole.
+// whole record of that kind.
 QByteArray preciosDe(TipoGrupo tipo, const QByteArray& registro);
 QByteArray sinPrecios(TipoGrupo tipo, QByteArray registro);
 
-// The requests. Number fields take what has their width. REQUIRES a code within it.
+// The requests. REQUIRES a code that fits the width of its field.
 Peticion enviarArticulo(TipoGrupo tipo, const QByteArray& registro);
 Peticion enviarPrecios(const QByteArray& registro);
 Peticion borrarArticulo(qint64 codigo);    // kinds 1 and 4
 Peticion pedirArticulo(qint64 desde);      // kinds 1 and 4: the first at or after that number
 Peticion borrarArticulos(TipoGrupo tipo);  // kinds 2 and 3: all of them
 
-// A record of kinds 1 and 4 as a machine gives it.
+// A record of kinds 1 and 4 as a machine returns it.
 struct Ficha {
   qint64 codigo = 0;
-  std::array<QByteArray, kCamposPLU> campos;  // as they came; CodBarExt is none of them
+  std::array<QByteArray, kCamposPLU> campos;  // as received; without CodBarExt
   QByteArray campo(CampoPLU cual) const { return campos[static_cast<size_t>(cual)]; }
 };
-// The number alone.
+// The number only.
 Leido<qint64> codigoDeFicha(QByteArrayView registro);
-// All of it. What comes after the end mark is passed over.
+// All of it. Bytes after the end mark are ignored.
 Leido<Ficha> leerFicha(QByteArrayView registro);
-// The fields in which two records say different things; numbers compare by value, blanks being 0,
-// texts without the blanks after them.
+// The fields in which two records differ; numbers compare by value, with blanks as 0, texts without
+// trailing blanks.
 std::vector<CampoPLU> diferencias(const Ficha& una, const Ficha& otra);
-// Do two records say the same, or the same prices? False where one can't be read.
+// Are two records, or their prices, equal? False if one can't be read.
 bool mismaFicha(QByteArrayView una, QByteArrayView otra);
 bool mismosPrecios(QByteArrayView registro, QByteArrayView soloPrecios);
 

@@ -1,4 +1,4 @@
-// Payloads of the cash registers, kind of group 3: requests, and lists that come one record a
+// Payloads of the cash registers, kind of group 3: requests, and lists with one record in each
 // frame.
 #pragma once
 
@@ -15,10 +15,10 @@ Peticion totales();  // grand total and departments alike
 
 // Is this record the end of the list of that code? No other code ever ends a list.
 bool finDeLista(int codigo, QByteArrayView registro);
-// What tells a record from all others of its list: its bar code, or its type and number.
+// The key of a record within its list: its bar code, or its type and number.
 QByteArray clave(int codigo, const QByteArray& registro);
 
-// A sale by bar code: `numero` is the code as a number. Nothing where the record holds no sale.
+// A sale by bar code: `numero` is the code as a number. Nothing if the record has no sale.
 Leido<std::optional<Total>> leerArticulo(QByteArrayView registro, Rigor rigor = Rigor::Estricto);
 // The part of a totals record that counts for the grand total; nothing for any other record of the
 // list.

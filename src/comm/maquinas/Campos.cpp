@@ -7,8 +7,8 @@ namespace tarvo::maquinas {
 
 namespace {
 
-// The decimal number of a text of at most 18 digits, blanks around it allowed; nothing when it is
-// none.
+// The decimal number of a text of at most 18 digits, blanks around it allowed; nothing if it is no
+// number.
 std::optional<qint64> decimal(QByteArrayView texto) {
   const QByteArrayView t = texto.trimmed();
   if (t.isEmpty() || t.size() > 18) return {};
@@ -20,7 +20,7 @@ std::optional<qint64> decimal(QByteArrayView texto) {
   return n;
 }
 
-// The value of a whole field, "000-123" included; nothing when it is no number.
+// The value of a whole field, "000-123" included; nothing if it is no number.
 std::optional<qint64> valorDeCampo(QByteArrayView campo) {
   const qsizetype menos = campo.indexOf('-');
   if (menos < 0) return decimal(campo);
@@ -32,7 +32,7 @@ std::optional<qint64> valorDeCampo(QByteArrayView campo) {
   return -*n;
 }
 
-// What the record holds of a field; shorter than `ancho` where the record ends.
+// The bytes of a field; fewer than `ancho` where the record ends.
 QByteArrayView trozo(QByteArrayView registro, int inicio, int ancho) {
   if (inicio < 1 || ancho < 1 || inicio > registro.size()) return {};
   return registro.sliced(inicio - 1, std::min<qsizetype>(ancho, registro.size() - inicio + 1));
@@ -72,7 +72,7 @@ int MaxDepartamentos(TipoGrupo tipo) {
 
 qint64 Lector::numero(int inicio, int ancho) {
   if (rigor_ == Rigor::Estricto) return clave(inicio, ancho);
-  // What is left of a number that lost its end is another number.
+  // A truncated number is a different number.
   const qsizetype hay = trozo(registro_, inicio, ancho).size();
   return hay > 0 && hay < ancho ? clave(inicio, ancho) : CampoNumerico(registro_, inicio, ancho);
 }

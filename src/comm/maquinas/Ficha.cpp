@@ -30,7 +30,7 @@ constexpr Sitio kSitios[] = {
     {CampoPLU::HASTA_2, 79, 5, true},   {CampoPLU::Precio2, 84, 6, true},
 };
 
-// Position and width of the prices in the record of each kind.
+// Positions and widths of the prices in the record of each kind.
 constexpr std::pair<int, int> kPreciosBalanza[] = {{28, 6}, {73, 6}, {84, 6}};
 constexpr std::pair<int, int> kPreciosEbony[] = {{23, 8}};
 constexpr std::pair<int, int> kPreciosCaja[] = {{34, 9}, {43, 9}};
@@ -57,7 +57,7 @@ QByteArrayView sinBlancosDetras(QByteArrayView t) {
   return t;
 }
 
-// The number of a field, blanks being 0; nothing when it is none.
+// The number of a field, with blanks as 0; nothing if it is no number.
 std::optional<qint64> numeroDe(QByteArrayView campo) {
   qint64 n = 0;
   for (const char c : campo.trimmed()) {

@@ -19,7 +19,7 @@ struct Cambio {
   char16_t de, a;
 };
 
-// What a family shows in its own places.
+// Characters at a family's own code points.
 constexpr Cambio kBalanzas[] = {
     {u'Ñ', u'\\'}, {u'ñ', u'|'}, {u'Ç', u'}'}, {u'ç', u'}'}, {u'¿', u']'}};
 constexpr Cambio kEbony[] = {{u'Ñ', u'['}, {u'ñ', u'['}, {u'Ç', u'C'}, {u'ç', u'c'}, {u'¿', u'?'}};
@@ -39,7 +39,7 @@ constexpr std::span<const Cambio> propios(TipoGrupo tipo) {
   std::unreachable();
 }
 
-// For every family. The last is a blank that doesn't break, which nobody sees.
+// For every family. The last is a non-breaking space, which nobody sees.
 constexpr Cambio kComunes[] = {
     {u'´', u' '},           {u'`', u' '}, {u'¨', u' '}, {u'á', u'a'}, {u'à', u'a'}, {u'ä', u'a'},
     {u'ª', u'a'},           {u'é', u'e'}, {u'è', u'e'}, {u'ë', u'e'}, {u'í', u'i'}, {u'ì', u'i'},
@@ -49,7 +49,7 @@ constexpr Cambio kComunes[] = {
     {u'Ò', u'O'},           {u'Ö', u'O'}, {u'Ú', u'U'}, {u'Ù', u'U'}, {u'Ü', u'U'}, {u'¡', u'!'},
     {u'€', kEuroDeBalanza}, {0xA0, u' '}};
 
-// What stands for a character that a machine lacks.
+// Replacements for characters that a machine lacks.
 struct Parecida {
   char16_t de;
   std::string_view a;
@@ -80,25 +80,25 @@ bool esControl(QChar c) {
   return c < u' ' || (c >= QChar(0x7F) && c < QChar(0xA0));
 }
 
-// An accent that comes after its letter becomes part of it.
+// A combining accent becomes part of its letter.
 QString letrasCompuestas(const QString& texto) {
   return esAscii(texto) ? texto : texto.normalized(QString::NormalizationForm_C);
 }
 
-// One character in the characters of a kind of machine; itself where it has no place there.
+// One character in the characters of a kind of machine; itself if the machine lacks it.
 char16_t letraDeBalanza(TipoGrupo tipo, char16_t c) {
   if (c < 0x80) return c == u'`' ? u' ' : c;
   if (const auto propia = cambiada(propios(tipo), c)) return *propia;
   return cambiada(kComunes, c).value_or(c);
 }
 
-// The byte of what letraDeBalanza gave; -1 where the machine lacks it.
+// The byte of a result of letraDeBalanza; -1 if the machine lacks it.
 int byteDeBalanza(TipoGrupo tipo, char16_t c) {
   if (c <= kEuroDeBalanza) return c;
   return tipo == TipoGrupo::Registradoras || tipo == TipoGrupo::Birch ? byte1252(c) : -1;
 }
 
-// ASCII, which every machine has; the second half of a pair goes with the first.
+// ASCII, which every machine has; the second half of a surrogate pair is dropped with the first.
 std::string_view loMasParecido(QChar c) {
   if (c.isMark() || c.isLowSurrogate() || c.category() == QChar::Other_Format) return "";
   if (c.isSpace() || esControl(c)) return " ";
@@ -124,7 +124,7 @@ bool acabaEnCifra(const QByteArray& bytes) {
 
 }  // namespace
 
-// No replacement gives a character that another one takes, so each stands for itself.
+// No replacement yields the input of another, so their order doesn't matter.
 QString CaracteresBalanza(TipoGrupo tipo, const QString& texto) {
   QString salida = letrasCompuestas(texto);
   for (QChar& c : salida) c = QChar(letraDeBalanza(tipo, c.unicode()));

@@ -8,10 +8,10 @@ namespace tarvo::maquinas::nodal {
 
 namespace {
 
-constexpr int kCabecera = 2;  // characters in front of the records of a frame
+constexpr int kCabecera = 2;  // characters before the records of a frame
 
-// Cuts a frame's records and reads each with `leer`. What is left over after whole ones is a
-// record without its end, or blanks.
+// Cuts a frame into records and reads each with `leer`. A remainder after whole ones is a truncated
+// record, or blanks.
 template <class Leer>
 Leido<std::vector<Total>> registros(QByteArrayView datos, int ancho, Rigor rigor, Leer leer) {
   std::vector<Total> salida;
@@ -140,7 +140,7 @@ Leido<std::vector<Linea>> leerPedido(QByteArrayView datos, Rigor rigor) {
     if (l.falta()) return std::unexpected(*l.falta());
     lineas.push_back(linea);
   }
-  // The list is not asked again from here, so a line that is cut would be lost.
+  // The list is not requested again from here, so a cut line would be lost.
   if (rigor == Rigor::Estricto && !resto.trimmed().isEmpty())
     return std::unexpected(RegistroMalo{RegistroMalo::Corto, resto.size(), {}});
   return lineas;

@@ -1,4 +1,4 @@
-// Payloads of the Ebony machines, kind of group 2: requests, and frames that are runs of records.
+// Payloads of the Ebony machines, kind of group 2: requests, and frames made of runs of records.
 #pragma once
 
 #include <vector>
@@ -22,20 +22,18 @@ Peticion operadoresHoras();
 Peticion pedido();
 Peticion olvidarPedido();
 
-// A code with which the back-office asks something; a frame that bears one answers that request and
-// no other.
+// A code of the back-office's requests; a frame with such a code answers that request and no other.
 bool esDePeticion(int codigo);
 
-// Each reads the records of one frame. A record that is cut or not numeric is a Formato error, and
-// so are characters left over after whole records of totals. Positions and departments count
-// from 1.
+// Each reads the records of one frame. A cut or non-numeric record is a Formato error, and so are
+// left-over characters after whole records of totals. Positions and departments count from 1.
 Leido<std::vector<Total>> leerArticulos(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
 Leido<Total> leerGranTotal(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
 Leido<std::vector<Total>> leerOperadores(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
 Leido<std::vector<Total>> leerDepartamentos(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
 Leido<std::vector<Total>> leerOperadoresHoras(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
-// Lines up to the first article below 1, their weights in thousandths of a gram; characters left
-// over are passed over.
+// Lines up to the first article below 1, their weights in thousandths of a gram; left-over
+// characters are ignored.
 Leido<std::vector<Linea>> leerPedido(QByteArrayView datos, Rigor rigor = Rigor::Estricto);
 
 }  // namespace tarvo::maquinas::nodal

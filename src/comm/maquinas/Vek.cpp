@@ -64,7 +64,7 @@ Leido<Total> leerArticulo(QByteArrayView registro, Rigor rigor) {
   t.numero = l.clave(1, 7);
   t.imp = l.numero(8, 9);
   const qint64 peso = std::abs(l.numero(17, 9));
-  t.pes = t.imp < 0 ? -peso : peso;  // a return's weight goes the way of its amount
+  t.pes = t.imp < 0 ? -peso : peso;  // a return's weight has the sign of its amount
   t.con = l.numero(26, 5);
   t.sco = l.numero(40, 9);
   return l.comprobado(t);
@@ -129,7 +129,7 @@ Leido<TrozoLista> leerLineas(QByteArrayView datos, Rigor rigor) {
     if (l.falta()) return std::unexpected(*l.falta());
     trozo.lineas.push_back(linea);
   }
-  // An answer that neither brings a line nor ends the list would be asked for ever.
+  // An answer that neither brings a line nor ends the list would be requested for ever.
   if (trozo.lineas.empty()) return std::unexpected(RegistroMalo{RegistroMalo::Corto, total, {}});
   return trozo;
 }

@@ -1,5 +1,4 @@
-// Payloads of the scales, kinds of group 1 and 4: what is asked of them and the records that they
-// answer.
+// Payloads of the scales, kinds of group 1 and 4: requests, and the records that answer them.
 #pragma once
 
 #include <vector>
@@ -10,7 +9,7 @@
 namespace tarvo::maquinas::vek {
 
 Peticion fechaHora(Fecha ahora);
-// Whole zeroing, or the partial one that follows a failed one.
+// A whole zeroing, or the partial one that follows a failed one.
 Peticion puestaACero(bool toda);
 Peticion articulo(qint64 codigo);
 // The next article with sales from `codigo` on.
@@ -25,10 +24,10 @@ Peticion operadorHora(int posicion, int hora);
 Peticion lineas(int desde, bool inventario);
 Peticion olvidarLista(bool inventario);
 
-// The number at the head of a record, read strictly: nothing when it isn't there or is no number.
+// The number at the head of a record, read strictly: nothing if it is missing or no number.
 std::optional<qint64> cabeza(QByteArrayView registro, int inicio, int ancho);
 
-// Each reads one record. A record that is cut or not numeric where it must be is a Formato error.
+// Each reads one record. A cut record, or one without a required number, is a Formato error.
 Leido<Total> leerArticulo(QByteArrayView registro, Rigor rigor = Rigor::Estricto);
 Leido<Total> leerGranTotal(QByteArrayView registro, TipoGrupo tipo, Rigor rigor = Rigor::Estricto);
 Leido<Total> leerOperador(QByteArrayView registro, Rigor rigor = Rigor::Estricto);

@@ -10,7 +10,7 @@ namespace tarvo::motor {
 struct AjustesMotor {
   int TimeCero = 150000;   // ms to wait for the answer to a zeroing or a wipe
   int IntentosManual = 0;  // failures of a task before it stops, with nobody watching
-  // Our own: scales may answer a question under another code than its own.
+  // An addition of ours: scales may answer a question under a different code.
   bool AceptaOtroCodigo = false;
 };
 

@@ -1,4 +1,4 @@
-// What moves a task on: a channel, an opening, the next frame, its end.
+// The progress of a task: a channel, an opening, the next frame, its end.
 #include <algorithm>
 
 #include "comm/motor/Interior.h"
@@ -48,8 +48,7 @@ void gestcomm::Interior::avanzar(int id) {
   }
 }
 
-// Looks for a channel for a task that has none: one that never had, or whose channel went to
-// others.
+// Looks for a channel for a task that never had one, or whose channel went to others.
 void gestcomm::Interior::empezar(int id) {
   TareaViva* t = tarea(id);
   if (delante(borrados, *t)) return;
@@ -77,8 +76,8 @@ void gestcomm::Interior::empezar(int id) {
     abrir(id, c);
 }
 
-// Asks the session right before a group is told to forget. When it may not, the task has been dealt
-// with.
+// Asks the session right before a group is told to forget. If it returns false, the task has been
+// dealt with.
 bool gestcomm::Interior::permitido(int id) {
   TareaViva* t = tarea(id);
   if (!t->clase->esOlvido) return true;
@@ -88,8 +87,8 @@ bool gestcomm::Interior::permitido(int id) {
   return false;
 }
 
-// A task that is not sent so that nothing is lost. Without a watcher it stays, so that the operator
-// sees it.
+// A task that is not sent, so that no sale is lost. Without a watcher it stays, so that the
+// operator sees it.
 void gestcomm::Interior::suprimir(int id, const QString& motivo) {
   TareaViva* t = tarea(id);
   t->Error = kErrorSuprimido;
@@ -127,7 +126,7 @@ int gestcomm::Interior::elegirCanal(TareaViva& t) {
     if (cerrado(c)) return c;
     hay = true;
   }
-  // With somebody there the settings may still change; a run that nobody sees would never end.
+  // If a person is there, the settings may still change; an unattended run would never end.
   return hay || !vigilante ? kEsperar : kNoVale;
 }
 
@@ -175,7 +174,7 @@ void gestcomm::Interior::abrir(int id, int c) {
   if (error != 0 && tarea(id)) falloApertura(c, id, error);
 }
 
-// The task has a link: its first, the one on which a frame failed, or one opened again.
+// The task has a link: its first, the one on which a frame failed, or a reopened one.
 void gestcomm::Interior::conectada(int id, bool primera) {
   TareaViva* t = tarea(id);
   CanalVivo& canal = canales[static_cast<size_t>(t->Canal)];
@@ -233,7 +232,7 @@ int gestcomm::Interior::mandar(int c, const TareaViva&, const Siguiente& s) {
   return 0;
 }
 
-// Stores what was read and tells the watcher, both or neither.
+// Stores the readings and notifies the watcher, both or neither.
 Resultado<std::vector<totals::Aviso>> gestcomm::Interior::cierre(TareaViva& t) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(entorno.db));
   auto avisos = t.trabajo->cerrar();
@@ -248,7 +247,7 @@ void gestcomm::Interior::finTarea(int id) {
   const int antes = entorno.sesion.estado();
   auto avisos = cierre(*t);
   if (!avisos) {
-    // The session's memory may be ahead of what the store kept.
+    // The session in memory may be ahead of the store.
     if (auto r = entorno.sesion.cargar(); !r) decir(*t, r.error().texto);
     return falloTarea(id, avisos.error());
   }

@@ -1,4 +1,4 @@
-// The queue: tasks come in, are looked up and go; and which groups have a reading that failed.
+// The queue: adding, finding and removing tasks; and the groups with a failed reading.
 #include "comm/motor/Interior.h"
 #include "comm/motor/TextosMotor.h"
 #include "core/dao/Recorrido.h"
@@ -46,7 +46,7 @@ qint64 TareaViva::codigo() const {
   return trabajo ? trabajo->codigoActual() : datos.Desde;
 }
 
-// The group's row as a task keeps it; nothing when there is no such group, it is of no kind, or it
+// The group's row as a task keeps it; nothing if there is no such group, it has no kind, or it
 // doesn't communicate.
 Resultado<std::optional<DatosTarea>> gestcomm::Interior::leerGrupo(int grupo) {
   TARVO_TOMAR(auto rs, entorno.db.OpenTable(u"GRUPOS", u"CODGPO"));
@@ -81,14 +81,14 @@ int gestcomm::Interior::nueva(const DatosTarea& que) {
   const TipoTarea clase = que.Clase;
   const int grupo = que.Grupo;
   const ClaseTarea* c = registro.de(clase);
-  // A build lacks kinds by their keyword; the one without is in all of them.
+  // A build lacks kinds by their keyword; the kind without one is in all builds.
   const bool tiene = c && (*c->clave == 0 || entorno.ajustes.clases.tiene(clase));
   if (!tiene || !c->crear) return 2;
   if (c->esTotal) {
     const auto puede = entorno.sesion.PuedeRecibir(grupo, numeroDe(clase));
     if (!puede) {
-      // Not read, and the machine must not be told to forget: where that can't be noted either, the
-      // zeroing can't ask for leave.
+      // Not read, so the machine must not be told to forget: if that can't be recorded either, the
+      // zeroing can't get permission.
       static_cast<void>(entorno.sesion.lecturaFallida(grupo, numeroDe(clase)));
       return 2;
     }
@@ -124,7 +124,7 @@ TareaViva* gestcomm::Interior::tareaDe(int canal) {
   return tarea(canales[static_cast<size_t>(canal)].TareaCanal);
 }
 
-// Takes a task out of the queue. A reading that goes before its end counts as failed.
+// Takes a task out of the queue. A reading removed before its end counts as failed.
 void gestcomm::Interior::quitar(int id) {
   TareaViva* t = tarea(id);
   if (!t) return;
@@ -145,13 +145,13 @@ bool gestcomm::Interior::delante(const PorGrupo& cuales, const TareaViva& t) {
   return it != cuales.end() && !it->second.empty() && *it->second.begin() < t.datos.Id;
 }
 
-// Those that must come after it wait for it.
+// Tasks that must come after it wait for it.
 void gestcomm::Interior::hacerEsperar(const TareaViva& t) {
   if (t.clase->esLectura) lecturas[t.datos.Grupo].insert(t.datos.Id);
   if (t.clase->esBorrado) borrados[t.datos.Grupo].insert(t.datos.Id);
 }
 
-// Nothing waits any more for a task that is done or given up.
+// Nothing waits for a task that is done or given up.
 void gestcomm::Interior::dejarPaso(const TareaViva& t) {
   const auto antes = lecturas[t.datos.Grupo].erase(t.datos.Id);
   if (antes + borrados[t.datos.Grupo].erase(t.datos.Id) > 0) mirarPronto();
@@ -178,7 +178,7 @@ void gestcomm::Interior::anotarBuena(const TareaViva& t) {
   gruposFallidos.erase(t.datos.Grupo);
 }
 
-// Failures hold for the run in which they happened; the session keeps what must outlive it.
+// Failures count for the run in which they happened; the session keeps those that must outlive it.
 void gestcomm::Interior::anotarFallido(int grupo, std::optional<TipoTarea> clase) {
   grupoFallido(grupo);
   clasesFallidas[grupo].insert(clase);

@@ -1,4 +1,4 @@
-// Channels and links: what their events and failures do to the tasks on them.
+// Channels and links: the effect of their events and failures on their tasks.
 #include <algorithm>
 #include <utility>
 
@@ -10,8 +10,8 @@ namespace tarvo::motor {
 
 namespace {
 
-// A refusal by the machine; 0 for an answer that is good. What is left of a refusal that lost its
-// end is no consent, and a number that refuses nothing is none to an order to forget.
+// A refusal by the machine; 0 for a good answer. A truncated refusal is no consent, nor, to an
+// order to forget, is a number that refuses nothing.
 int errorDeMaquina(const QByteArray& datos, bool tolera5, bool olvido) {
   const QByteArray comienzo = datos.left(kMarcaNegativa.size());
   if (comienzo.isEmpty() || !kMarcaNegativa.startsWith(comienzo)) return 0;
@@ -21,7 +21,7 @@ int errorDeMaquina(const QByteArray& datos, bool tolera5, bool olvido) {
   return *n == kUltimaNegativa && tolera5 ? 0 : 100 + *n;
 }
 
-// The machine heard the step and won't do it; a refusal may have lost its end.
+// The machine received the step and refuses it; the refusal may be truncated.
 bool esRechazo(int error) {
   return error == enlace::kErrorRechazo || error == kErrorTrama || (error > 100 && error <= 105);
 }
@@ -42,7 +42,7 @@ qint64 gestcomm::Interior::marcadoMs(int c) const {
   return qint64{std::max(p.Intentos, 0)} * (p.Espera <= 600 ? p.Espera * qint64{1000} : p.Espera);
 }
 
-// From now on the link owes an event within the longest time that anything on it may take.
+// From now on the link owes an event within the longest time that any operation may take.
 void gestcomm::Interior::vigilar(int c, int timeOut) {
   canales[static_cast<size_t>(c)].limite = ahora() + std::max(ajustes.TimeCero, timeOut) +
                                            qint64{4} * tiempos.TimeACK + marcadoMs(c) + 60000;
@@ -74,7 +74,7 @@ void gestcomm::Interior::cerrarEnlace(int c) {
   cerrado(c, 0);
 }
 
-// Whoever shares it hears that it is gone.
+// A client that shares it is told that it is gone.
 void gestcomm::Interior::abandonarEnlace(int c) {
   enlaces.abandonar(c, &fuera);
 }
@@ -94,7 +94,7 @@ int gestcomm::Interior::errorDeCaida(int c) const {
   std::unreachable();
 }
 
-// What becomes of the link of a task that has left the channel.
+// The fate of the link of a task that has left the channel.
 void gestcomm::Interior::soltarEnlace(int c) {
   const int estado = canales[static_cast<size_t>(c)].EstadoCanal;
   if (estado == kParar || estado == kCerrando || estado == kCierreMalo) return;
@@ -130,8 +130,7 @@ void gestcomm::Interior::falloTrama(int id, int error, const QString& texto) {
   cambio(*t);
 }
 
-// A task couldn't do its step: a bad record, a store that failed, or something that must not be
-// sent.
+// A task couldn't do its step: a bad record, a failed store, or a frame that must not be sent.
 void gestcomm::Interior::falloTarea(int id, const Error& error) {
   TareaViva* t = tarea(id);
   if (error.numero == kErrorSuprimido && error.clase == Fallo::Restriccion) {
@@ -150,7 +149,7 @@ void gestcomm::Interior::falloTarea(int id, const Error& error) {
   decir(*t, error.texto);
 }
 
-// The link went away under a task: the channel opens again for it half a minute later.
+// A task lost its link: the channel opens again for it half a minute later.
 void gestcomm::Interior::enlacePerdido(int id, int error) {
   TareaViva* t = tarea(id);
   t->Estado = kInterrumpido;
@@ -191,8 +190,7 @@ void gestcomm::Interior::cerrado(int c, int error) {
     case kAperturaFallida:
       return ponerCanal(c, error != 0 ? kCierreMalo : kAperturaMala);
     case kTransfiriendo:
-      // A closing that was asked for because the carrier had gone was counted when its frame
-      // failed.
+      // A closing requested because of a lost carrier was counted when its frame failed.
       if (canal.EstadoCanal == kConFallo && error == 0) return ponerCanal(c, kPerdido);
       [[fallthrough]];
     case kRetenido:
@@ -209,8 +207,8 @@ void gestcomm::Interior::respuesta(int c, int error, int addr, int codigo, const
                                    bool deLista) {
   TareaViva* t = tareaDe(c);
   if (!t || canales[static_cast<size_t>(c)].EstadoCanal == kParar || !t->trabajo) return;
-  // The machine of a list goes on in its own time: a frame that comes while the retry is due is
-  // that list's next one.
+  // The machine sends a list at its own pace: a frame that comes while the retry is due is the next
+  // one of the list.
   const bool tarde =
       deLista && error == 0 && t->Estado == kInterrumpido && t->Error == kErrorTiempo;
   if (t->Estado != kTransfiriendo && !tarde) return;
@@ -234,7 +232,7 @@ void gestcomm::Interior::respuesta(int c, int error, int addr, int codigo, const
   seguir(*t);
 }
 
-// A step is over: the next one, unless the operator holds the task.
+// A step is over: takes the next one, unless the operator holds the task.
 void gestcomm::Interior::seguir(TareaViva& t) {
   const int id = t.datos.Id;
   t.Estado = t.Retenida ? kRetenido : kTransfiriendo;

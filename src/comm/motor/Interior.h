@@ -1,8 +1,8 @@
-// The engine's state and the operations that its files share. Tables of states and transitions:
+// The engine's state and the operations shared by its files. Tables of states and transitions:
 // docs/motor.md.
 //
-// Every call to a link, a task or a watcher may come back into the engine. So a step writes its
-// state before it calls out, keeps numbers of tasks and channels across the call, and looks them up
+// Every call to a link, a task or a watcher may re-enter the engine. So a step writes its state
+// before it calls out, keeps only numbers of tasks and channels across the call, and looks them up
 // again.
 #pragma once
 
@@ -36,14 +36,14 @@ inline constexpr int kPulsoMs = 500;
 inline constexpr int kReaperturaMs = 30000;
 inline constexpr int kIntentosCierre = 5;
 inline constexpr int kPulsosReintento = 3;
-// How long a task that was given up rests before it is tried again while nobody watches, ms: the
-// first time, and at most.
+// The rest, in ms, of an abandoned task before it is retried while nobody watches: the first time,
+// and at most.
 inline constexpr qint64 kDescansoMin = 30'000, kDescansoMax = 15 * 60'000;
 inline constexpr size_t kQuitadasMax = 100;  // removed tasks that can be put back
 inline constexpr int kCanalesFijos = 4;
 
-// How a group is reached: Remoto, and the number, host or name compared without blanks around it
-// and without case, or the channel of a direct cable.
+// How a group is reached: Remoto, and the number, host or name, compared regardless of case and
+// surrounding blanks, or the channel of a direct cable.
 using Acceso = std::pair<TipoAcceso, QString>;
 
 struct TareaViva {
@@ -51,7 +51,7 @@ struct TareaViva {
   const ClaseTarea* clase = nullptr;
   Acceso acceso;
   int Estado = kEnEspera, Error = 0, Traza = -1, Canal = -1, Addr = -1;
-  // The frame under way: its code where one answer is awaited, else -1; and whether it orders the
+  // The frame under way: its code if one answer is awaited, else -1; and whether it orders the
   // machine to forget something.
   int pedido = -1;
   bool olvido = false;
@@ -60,7 +60,7 @@ struct TareaViva {
   bool detenida = false;    // the operator stopped it while its link was being opened
   bool fallida = false;     // a reading noted as failed
   bool falloVisto = false;  // the retry rule has seen a failure
-  // Failures since `avance` last moved: what ends a task that fails again and again at one place.
+  // Failures since `avance` last moved: they end a task that keeps failing at the same point.
   qint64 avance = 0;
   int enlaceSinAvance = 0, tramaSinAvance = 0;
   qint64 otraVez = 0;  // the end of its rest (monotonic ms); 0 while it doesn't rest
@@ -69,9 +69,9 @@ struct TareaViva {
   std::unique_ptr<TrabajoTarea> trabajo;
 
   void contarFallo(int TareaViva::* seguidos, int TareaViva::* sinAvance);
-  void olvidarFallos();  // its attempts are counted anew
+  void olvidarFallos();  // counts its attempts anew
   bool suprimida() const { return Estado == kEnEspera && Error == kErrorSuprimido; }
-  // It has failed, and could be tried again.
+  // It has failed, and can be retried.
   bool reintentable() const {
     return Estado == kAperturaFallida || Estado == kRechazado || Estado == kInterrumpido ||
            suprimida();
@@ -83,11 +83,11 @@ struct CanalVivo {
   int EstadoCanal = kCerrado, TareaCanal = -1, FallosCierre = 0;
   QString NombreEnlace, etiqueta;
   std::optional<Acceso> acceso;  // of the link that is open, opening or closing here
-  // It was opened with.
+  // The protocol it was opened with.
   std::optional<Protocolo> protocolo;
   int baudios = 0;
   qint64 reapertura = 0;  // when it opens again (monotonic ms)
-  qint64 limite = 0;      // when a link that gives no event is dropped; 0 for no watch
+  qint64 limite = 0;      // when a link without events is dropped; 0 for never
 };
 
 struct gestcomm::Interior {
@@ -106,7 +106,7 @@ struct gestcomm::Interior {
   std::deque<CanalVivo> canales;
   std::map<QString, int> conectores;  // channel of each connector name
   std::map<Acceso, int> ocupados;     // channel that holds each access
-  // Unfinished readings and wipes of each group, by id: what others after them wait for.
+  // Unfinished readings and wipes of each group, by id, for which later tasks wait.
   using PorGrupo = std::map<int, std::set<int>>;
   PorGrupo lecturas, borrados;
   bool automatico = true;
@@ -115,9 +115,9 @@ struct gestcomm::Interior {
   bool borrarFallos = false;
   Vigilante* vigilante = nullptr;
   std::vector<Observador*> observadores;
-  std::vector<DatosTarea> quitadas;  // by the operator, the latest last
+  std::vector<DatosTarea> quitadas;  // removed by the operator, the latest last
   std::set<int> gruposFallidos;
-  // Of each group; nothing for what was noted from outside.
+  // By group; nothing stands for a failure noted from outside.
   std::map<int, std::set<std::optional<TipoTarea>>> clasesFallidas;
   qint64 ejecucionFallidos = 0;
   std::function<void()> alCerrar;
@@ -128,8 +128,7 @@ struct gestcomm::Interior {
     return cables.canales[static_cast<size_t>(canal)];
   }
 
-  // Cola.cpp: the queue
-  // What is asked of a group; `Id` 0 for a new task, else the place in the queue that it had.
+  // Cola.cpp: the queue `Id` 0 for a new task, else its former place in the queue.
   int nueva(const DatosTarea& que);
   void hacerEsperar(const TareaViva& t);
   Resultado<std::optional<DatosTarea>> leerGrupo(int grupo);
@@ -208,7 +207,7 @@ struct gestcomm::Interior {
   void comprobarFin();
   void comprobarAcabado();
 
-  // telling
+  // notifications
   void cambio(const TareaViva& t);
   void cambioCanal(int canal);
   VistaTarea vista(const TareaViva& t) const;

@@ -1,4 +1,4 @@
-// What a machine says instead of an answer: "ERR" and the number of its reason.
+// A machine's refusal in place of an answer: "ERR" and the number of its reason.
 #pragma once
 
 #include <QByteArrayView>
@@ -10,7 +10,7 @@ inline constexpr QByteArrayView kMarcaNegativa = "ERR";
 // 1 to 4 are refusals, 5 is "no such record"; any other number refuses nothing.
 inline constexpr int kUltimaNegativa = 5;
 
-// The number; nothing for a text that isn't "ERR" with two digits, or with one from 1 to 5.
+// The number; nothing for a text that isn't "ERR" and two digits, or "ERR" and one from 1 to 5.
 std::optional<int> numeroDeNegativa(QByteArrayView datos);
 
 }  // namespace tarvo::motor

@@ -1,9 +1,9 @@
-// The operator's commands, the end of the engine, and what it tells to those who look on.
+// The operator's commands, the end of the engine, and the notifications to observers.
 #include "comm/motor/Interior.h"
 
 namespace tarvo::motor {
 
-// The operator doesn't wait until a lost link's time is over.
+// The operator needn't wait for the delay after a lost link.
 void gestcomm::Interior::seguirTarea(int id) {
   TareaViva* t = tarea(id);
   if (!t || alCerrar) return;
@@ -12,7 +12,7 @@ void gestcomm::Interior::seguirTarea(int id) {
   avanzar(id);
 }
 
-// The operator wants it now, whatever it did before.
+// The operator wants it now, whatever its state.
 void gestcomm::Interior::reintentar(TareaViva& t) {
   t.olvidarFallos();
   t.descanso = kDescansoMin;
@@ -27,7 +27,7 @@ void gestcomm::Interior::reintentar(TareaViva& t) {
   seguirTarea(t.datos.Id);
 }
 
-// The latest removal is taken back: the task is asked for anew, in its old place of the queue.
+// Undoes the latest removal: the task is requested anew, in its old place in the queue.
 int gestcomm::Interior::reponer() {
   if (quitadas.empty()) return -1;
   const DatosTarea que = std::move(quitadas.back());
@@ -73,7 +73,8 @@ void gestcomm::Interior::detener(int id) {
   }
 }
 
-// Takes a task that isn't on its way out of the queue. A failed reading leaves the inbox as it was.
+// Takes a task that isn't already leaving out of the queue. A failed reading leaves the inbox
+// unchanged.
 void gestcomm::Interior::eliminar(int id) {
   TareaViva* t = tarea(id);
   if (!t || t->Estado == kAbriendo || t->Estado == kTransfiriendo || t->Estado == kRetenido) return;
@@ -127,7 +128,7 @@ void gestcomm::Interior::cambioCanal(int canal) {
   for (size_t i = 0; i < observadores.size(); ++i) observadores[i]->canalCambiado(canal);
 }
 
-// A sentence about a task's group that a person must read, once for each task.
+// A sentence about a task's group for a person to read, once for each task.
 void gestcomm::Interior::decir(const TareaViva& t, const QString& texto) {
   if (texto == t.dicho || texto.isEmpty()) return;
   const int id = t.datos.Id;

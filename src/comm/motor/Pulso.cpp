@@ -1,5 +1,5 @@
-// The 500 ms tick: first the tasks in queue order, then the channels; what is looked at sooner;
-// and the rule of retries.
+// The 500 ms tick: first the tasks in queue order, then the channels; the earlier look after a
+// change; and the retry rule.
 #include "comm/motor/Interior.h"
 
 namespace tarvo::motor {
@@ -9,8 +9,8 @@ void gestcomm::Interior::latido() {
   mirar(Mirada::Pulso);
 }
 
-// Something has changed that may let a task begin or a channel close: it is looked at as soon as
-// the present event is over, and not at the next tick.
+// A change may let a task begin or a channel close: this is checked right after the present event
+// instead of at the next tick.
 void gestcomm::Interior::mirarPronto() {
   if (!pronto->activo()) pronto->unaVez(0);
 }
@@ -22,8 +22,8 @@ void gestcomm::Interior::mirar(Mirada mirada) {
   comprobarAcabado();
 }
 
-// A call may queue or remove tasks: the pass goes on after the number it has reached, up to the
-// last of its start.
+// A call may queue or remove tasks: the pass continues after the number it has reached, up to the
+// last number at its start.
 void gestcomm::Interior::pasarTareas(Mirada mirada) {
   const int ultimo = ultimoId;
   for (auto it = tareas.begin(); it != tareas.end() && it->first <= ultimo;) {
@@ -37,7 +37,7 @@ void gestcomm::Interior::pasarCanales(Mirada mirada) {
   for (int c = 0; c < static_cast<int>(canales.size()); ++c) atenderCanal(c, mirada);
 }
 
-// Retries keep the pace of the tick: it is the time that a machine gets to come to itself.
+// Retries keep to the pace of the tick, which gives a machine time to recover.
 void gestcomm::Interior::atender(int id, Mirada mirada) {
   TareaViva& t = *tarea(id);
   switch (t.Estado) {
@@ -53,7 +53,7 @@ void gestcomm::Interior::atender(int id, Mirada mirada) {
       if (vigilante && borrarFallos) rendir(id);
       break;
     case kEnEspera:
-      // Refused while nobody watched: it waits for the operator, or for a watcher to tell.
+      // Refused while nobody watched: it waits for the operator, or for a watcher to notify.
       if (t.Error != kErrorSuprimido)
         avanzar(id);
       else if (vigilante)
@@ -94,8 +94,8 @@ void gestcomm::Interior::atenderCanal(int c, Mirada mirada) {
   }
 }
 
-// The line that was lost is tried again for its task when its time is over, whether or not the rule
-// of retries has given the task up.
+// A lost line is tried again for its task after its delay, whether or not the retry rule has given
+// the task up.
 void gestcomm::Interior::atenderPerdido(int c) {
   CanalVivo& canal = canales[static_cast<size_t>(c)];
   TareaViva* t = tareaDe(c);
@@ -112,7 +112,7 @@ void gestcomm::Interior::reabrir(TareaViva& t) {
   abrir(t.datos.Id, t.Canal);
 }
 
-// A link that gives no event is dropped, and what it was doing has failed.
+// A link without events is dropped, and its present operation has failed.
 void gestcomm::Interior::vigilarCanal(int c) {
   CanalVivo& canal = canales[static_cast<size_t>(c)];
   if (canal.limite == 0 || ahora() < canal.limite) return;
@@ -127,7 +127,7 @@ void gestcomm::Interior::vigilarCanal(int c) {
     enlacePerdido(t->datos.Id, kErrorTiempo);
 }
 
-// Is the link of a failed opening still on its way down? Then a retry has to wait.
+// Is the link of a failed opening still closing? Then a retry has to wait.
 bool gestcomm::Interior::esperaCierre(const TareaViva& t) const {
   if (t.Canal < 0) return false;
   const CanalVivo& canal = canales[static_cast<size_t>(t.Canal)];
@@ -153,9 +153,8 @@ void gestcomm::Interior::reglaReintento(int id) {
   if (ya) avanzar(id);
 }
 
-// No further attempt for now: the task goes, or stays and gives its channel to those after it.
-// Under a watcher it may yet get other retries with the next wait, and a zeroing after it still
-// waits.
+// No further attempt for now: the task is removed, or stays and gives its channel to later ones.
+// Under a watcher it may get more retries with the next wait, and a zeroing after it still waits.
 void gestcomm::Interior::rendir(int id) {
   TareaViva* t = tarea(id);
   if (!borrarFallos) {
@@ -168,9 +167,9 @@ void gestcomm::Interior::rendir(int id) {
   eliminar(id);
 }
 
-// With nobody who watches, the queue goes on by itself: a task that was given up is tried again,
-// less and less often. One that makes a machine forget waits for the operator, since others of its
-// group have passed it meanwhile.
+// While nobody watches, the queue runs by itself: an abandoned task is retried, less and less
+// often. One that makes a machine forget waits for the operator, since others of its group have
+// passed it meanwhile.
 void gestcomm::Interior::descansar(TareaViva& t) {
   if (!esperaReapertura(t.Canal)) cederCanal(t);
   if (t.clase->esOlvido) return;

@@ -1,5 +1,5 @@
-// One queued communications task, and what the engine asks of the kind that it belongs to. The
-// engine knows no kind by number: a kind is one file of comm/tareas that registers a ClaseTarea.
+// A queued communications task, and the interface of its kind towards the engine. The engine knows
+// no kind by number: a kind is one file of comm/tareas that registers a ClaseTarea.
 #pragma once
 
 #include <QByteArray>
@@ -32,16 +32,15 @@ enum EstadoTarea : int {
 };
 QString TextoEstado(int estado, const Textos& textos);
 
-// Error codes that the engine itself gives, beside those of the links.
+// Error codes of the engine itself, besides those of the links.
 inline constexpr int kErrorTiempo = 6;  // the link gave no event within any time that it may take
-inline constexpr int kErrorTrama = 7;   // a record that can't be read
+inline constexpr int kErrorTrama = 7;   // an unreadable record
 inline constexpr int kErrorDetenido = 13;  // the operator stopped the opening: never retried
-inline constexpr int kErrorCanal = 14;     // the channel isn't what the group needs
-// The link went away while it was in use: a modem's carrier, a TCP connection, a cable or
-// connector.
+inline constexpr int kErrorCanal = 14;     // the channel doesn't suit the group
+// The link was lost while in use: a modem's carrier, a TCP connection, a cable or connector.
 inline constexpr int kErrorPortadora = 29, kErrorCaidaTcp = 30, kErrorCaida = 32;
 inline constexpr int kErrorSuprimido = 22;  // not sent, so that no sale is lost: never retried
-inline constexpr int kErrorAlmacen = 99;    // the store failed; the words are in textoError
+inline constexpr int kErrorAlmacen = 99;    // the store failed; textoError has the message
 
 // Group and request of a task; filled by the engine from GRUPOS and BZAS when it is queued.
 struct DatosTarea {
@@ -59,10 +58,10 @@ struct DatosTarea {
   std::vector<int> Direcciones;  // Addr of each BZAS row, in key order
   bool Todo = true;
   qint64 Desde = 0, Hasta = 9999999;
-  qint64 paso = -1;  // step of the process that asked for it, for the runner's record; -1 for none
+  qint64 paso = -1;  // step of the requesting process, for the runner's record; -1 for none
 };
 
-// What a task does next.
+// The next step of a task.
 struct Siguiente {
   enum Que { Enviar, Pedir, EsperarVEK, EsperarNODAL, Fin } que = Fin;
   int addr = 0;
@@ -73,96 +72,96 @@ struct Siguiente {
   static Siguiente fin() { return {}; }
 };
 
-// What a task has at hand. References live as long as the engine.
+// The resources of a task. References live as long as the engine.
 struct Entorno {
   dao::Database& db;
   const Ajustes& ajustes;
   Reloj& reloj;
   totals::Sesion& sesion;
   const Textos& textos;
-  // Why nothing of a section's articles may be sent for now, in words; nothing when it may. Empty:
-  // always.
+  // Why none of a section's articles may be sent for now, in words; nothing if they may. An empty
+  // function: always.
   std::function<Resultado<std::optional<QString>>(int seccion)> enEspera = {};
 };
 
 // The run of one task, made at its first connection and kept over retries. Nothing here knows of
 // links or channels. A failed call fails the frame: the retry rule decides. A failure of class
-// Formato or of the store is said, with its text as a sentence that names the group and what was
-// being read; one of class Comunicacion has the code of a refusal; one with number kErrorSuprimido
-// ends the task. Nothing that a machine gave may be
-// lost by a retry, and nothing may be told to be forgotten before it is on disk.
+// Formato or of the store is reported, with a sentence that names the group and the item being
+// read; one of class Comunicacion has the code of a refusal; one with number kErrorSuprimido ends
+// the task. A retry must not lose data from a machine, and no machine may be told to forget data
+// before they are on disk.
 class TrabajoTarea {
  public:
   virtual ~TrabajoTarea() = default;
-  // SiguienteTrama: what to send or wait for now; Fin when TareaAcabada. Called again after a retry
+  // SiguienteTrama: what to send or wait for now; Fin if TareaAcabada. Called again after a retry,
   // it gives the same step.
   virtual Resultado<Siguiente> siguiente() = 0;
-  // Does this frame answer what siguiente() asked last?
+  // Does this frame answer the last question of siguiente()?
   virtual bool encaja(int addr, int codigo, const QByteArray& datos) const = 0;
   // Takes the answer and moves on to the next step (decoder and SiguientePaso). For a NODAL
   // acknowledgement codigo is 0 and datos empty.
   virtual Resultado<> respuesta(int addr, int codigo, const QByteArray& datos) = 0;
-  // The answer that comes next doesn't follow the one before it by its number: something of the
-  // machine's may have been lost.
+  // The next answer doesn't follow the one before it by its number: a frame of the machine may have
+  // been lost.
   virtual void salto() {}
-  // The question of the answer that comes next went out more than once.
+  // The question of the next answer went out more than once.
   virtual void repetida() {}
-  // The task goes on after a failure or on a new link: a list that must start again forgets what it
-  // had of the machine now served.
+  // The task continues after a failure or on a new link: a list that must start again drops its
+  // data of the present machine.
   virtual void reanudar() {}
-  // The machine has not answered the present step, or it refused it; with the code. True:
-  // siguiente() has something else to do on this link, and the failure doesn't count.
+  // The machine has not answered the present step, or refused it; with the code. True if
+  // siguiente() has something else to do on this link; the failure doesn't count then.
   virtual bool sinRespuesta(int /*error*/) { return false; }
   virtual bool rechazada(int /*error*/) { return false; }
-  // No step follows for now, since one failed, the link went away or the operator holds the task:
-  // what has been done goes to disk.
+  // No step follows for now, since one failed, the link was lost or the operator holds the task:
+  // finished work goes to disk.
   virtual void reposo() {}
   // ReglaReintento saw a failure of this task.
   virtual void fallo() {}
-  // CierreTarea: stores what was read, marks the session. When it fails the task has failed, and is
-  // tried again.
+  // CierreTarea: stores the readings, marks the session. If it fails, the task has failed and is
+  // retried.
   virtual Resultado<std::vector<totals::Aviso>> cerrar() = 0;
-  // The task is given up; what there is to tell of it.
+  // The task is given up; returns the notices about it.
   virtual std::vector<totals::Aviso> abandonar() { return {}; }
-  // What it read, wrote or left in the machine, in a line for the grid, once it has ended well;
-  // empty where the first of its notices says it.
+  // What it read, wrote or left in the machine, as a line for the grid, once it has ended well;
+  // empty if its first notice says so.
   virtual QString trajo() const { return {}; }
-  // What it leaves out though it ends well, in a line for the grid; empty for nothing.
+  // What it left out although it ended well, as a line for the grid; empty for nothing.
   virtual QString reparo() const { return {}; }
-  // What it is now at, for the grid ("P 0000123"), and the last code for reports.
+  // Its present item, for the grid ("P 0000123"), and the last code for reports.
   virtual QString MostrarTraza() const { return {}; }
   virtual qint64 codigoActual() const { return 0; }
-  // Counts what has been done for good (articles, positions, machines whose list ended); a task
-  // that fails again and again without moving it is given up, so every task ends.
+  // Counts finished items (articles, positions, machines whose list ended); a task that keeps
+  // failing without moving it is given up, so every task ends.
   virtual qint64 avance() const = 0;
 };
 
-// A kind of task. One constant object a file.
+// A kind of task. One constant object in each file.
 struct ClaseTarea {
   TipoTarea tarea = TipoTarea::TxHora;
   const char16_t* clave = u"";  // keyword of the process language, empty for none
   // Numbers of its texts: the grid's name, the name for messages, the title of its dialog.
   int nombre = -1, mensaje = -1, titulo = -1;
-  std::vector<TipoGrupo> tipos;  // of group that take it
+  std::vector<TipoGrupo> tipos;  // kinds of group that take it
   bool esTotal = false;          // a reading of totals
   bool esLectura = false;        // totals and documents: a zeroing of the group waits for it
-  bool esOlvido = false;    // zeroing, wipe: waits until no reading of its group stands before it
-  bool esBorrado = false;   // wipe: what comes after it for its group waits for it
-  bool toleraErr5 = false;  // a refusal numbered 5 counts as a good answer
-  // Null for a kind whose name is known and that has no sender: NuevaTarea answers 2 for it.
+  bool esOlvido = false;         // zeroing, wipe: waits for earlier readings of its group
+  bool esBorrado = false;        // wipe: later tasks of its group wait for it
+  bool toleraErr5 = false;       // a refusal numbered 5 counts as a good answer
+  // Null for a kind with a known name but no sender: NuevaTarea returns 2 for it.
   std::unique_ptr<TrabajoTarea> (*crear)(const DatosTarea&, const Entorno&) = nullptr;
   bool valePara(TipoGrupo tipo) const;
 };
 
-// The names, kinds of group and flags of all kinds of task, with no sender.
+// The names, kinds of group and flags of all kinds of task, without senders.
 std::vector<ClaseTarea> TablaClases();
 
-// The kinds. Made in one place (comm/tareas/Registro) and handed to the engine.
+// The kinds. Created in one place (comm/tareas/Registro) and passed to the engine.
 class RegistroTareas {
  public:
-  // Adds a kind, or takes the place of the one that there is.
+  // Adds a kind, or replaces the existing one.
   void anadir(ClaseTarea clase);
-  const ClaseTarea* de(TipoTarea tarea) const;  // null for one that isn't known here
+  const ClaseTarea* de(TipoTarea tarea) const;  // null for an unknown one
   const ClaseTarea* porClave(QStringView clave) const;
   const std::vector<ClaseTarea>& todas() const { return clases_; }
 

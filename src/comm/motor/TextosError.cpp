@@ -8,7 +8,7 @@ namespace {
 
 constexpr int kUltimoErrorDeMaquina = 104, kPrimerErrorDeModem = 200, kUltimoErrorDeModem = 208;
 
-// Between the machines' and the modems' the numbers hold other texts.
+// The numbers between those of machines and modems belong to other texts.
 QString mensajeError(int codigo, const Textos& textos) {
   if (codigo >= 1 && codigo <= kUltimoErrorDeMaquina) return textos(kTxError + codigo);
   if (codigo >= kPrimerErrorDeModem && codigo <= kUltimoErrorDeModem)

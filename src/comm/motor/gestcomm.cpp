@@ -264,8 +264,7 @@ void gestcomm::dejarDeObservar(Observador* observador) {
   std::erase(d->observadores, observador);
 }
 
-// --- events of the links
-// -----------------------------------------------------------------------------
+// --- events of the links ---
 
 void gestcomm::Abrir_Evento(int canal, int error) {
   d->abierto(canal, error);
@@ -291,8 +290,8 @@ void gestcomm::CD_Evento(int canal, bool) {
   d->cambioCanal(canal);
 }
 
-// Where the shop lets its scales answer under another code, such an answer counts as one under the
-// question's own. To an order to forget it must be empty: a record that comes late is no consent.
+// If the shop lets its scales answer under another code, such an answer counts as one under the
+// question's own. To an order to forget it must be empty: a late record is no consent.
 bool gestcomm::encaja(int canal, int addr, int codigo, const QByteArray& datos) {
   const TareaViva* t = d->tareaDe(canal);
   if (!t || !t->trabajo || datos.startsWith(kMarcaNegativa)) return true;

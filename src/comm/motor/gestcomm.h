@@ -1,6 +1,6 @@
 // The engine that carries work to the machines: a queue of tasks, channels, one 500 ms tick, the
-// retry rule. State tables, transitions and rules: docs/motor.md. No widget, no kind of task by
-// number.
+// retry rule. State tables, transitions and rules: docs/motor.md. It knows no widgets and no kind
+// of task by number.
 #pragma once
 
 #include <memory>
@@ -12,31 +12,30 @@
 
 namespace tarvo::motor {
 
-// Who watches over the tasks: the runner of processes.
+// The watcher of the tasks: the runner of processes.
 class Vigilante {
  public:
   virtual void InformeProblema(TipoTarea clase, int grupo, int error, int estado,
                                qint64 codigo) = 0;
   virtual void InformeRetry(TipoTarea clase, int grupo, int error, int estado, qint64 codigo) = 0;
-  // A sentence about a group that isn't an error of a frame: a record too short, counters that went
-  // down...
+  // A sentence about a group that isn't an error of a frame: a short record, decreasing counters...
   virtual void InformeAviso(const totals::Aviso& aviso) = 0;
-  // A task has ended well, inside the transaction that stored what it read (so that the runner's
-  // record agrees with it).
+  // A task has ended well; called inside the transaction that stores its readings (so that the
+  // runner's record agrees with it).
   virtual Resultado<> TareaHecha(const DatosTarea& tarea) = 0;
 
  protected:
   ~Vigilante() = default;
 };
 
-// For a window or a test that shows what goes on; every call is optional to use.
+// For a window or a test that shows the activity; every call is optional.
 class Observador {
  public:
   virtual ~Observador() = default;
   virtual void colaCambiada() {}
   virtual void tareaCambiada(int /*id*/) {}
   virtual void canalCambiado(int /*canal*/) {}
-  // Everything that was queued is done, after TerminaCuandoPuedas.
+  // All queued work is done, after TerminaCuandoPuedas.
   virtual void acabado() {}
 };
 
@@ -49,9 +48,9 @@ struct VistaTarea {
   QString textoError;  // the engine's own words when Error is not a code of the table, or what a
                        // task that ended well left out
   QString paso;
-  int Addr = -1;          // of the machine that was spoken to last; -1 before the first frame
-  QString trajo;          // what a task that ended well read or left in the machine
-  bool descansa = false;  // given up, and to be tried again by itself
+  int Addr = -1;          // of the last machine addressed; -1 before the first frame
+  QString trajo;          // what a successful task read or left in the machine
+  bool descansa = false;  // given up, and to be retried automatically
 };
 struct VistaCanal {
   int EstadoCanal = 0, TareaCanal = -1, FallosCierre = 0;
@@ -66,12 +65,12 @@ class gestcomm final : private enlace::ClienteEnlace {
   ~gestcomm();
 
   // 0 queued; 1 refused by the session rule; 2 no such group, a kind not valid for it, or a group
-  // that doesn't communicate. `paso`: the step of a process that asks.
+  // that doesn't communicate. `paso`: the requesting step of a process.
   int NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, TipoTarea clase,
                  qint64 paso = -1);
-  // Without effect towards manual while the mode is fixed.
+  // Has no effect towards manual while the mode is fixed.
   void CambioAModo(bool automatico);
-  // A process moves the tasks on: nobody else may stop them by turning to manual.
+  // A process drives the tasks: no one else may stop them by switching to manual.
   void FijarModo(bool fijo);
   bool ModoFijado() const;
   bool ModoAutomatico() const;
@@ -80,9 +79,9 @@ class gestcomm final : private enlace::ClienteEnlace {
   struct Cuenta {
     int enCurso = 0, fallidas = 0, total = 0;
   };
-  bool Vigilando() const;  // somebody watches over the tasks
+  bool Vigilando() const;  // the tasks have a watcher
   Cuenta CuantosQuedan() const;
-  // The groups whose reading failed or didn't hold; they are not zeroed.
+  // The groups whose reading failed or didn't stand; they are not zeroed.
   const std::set<int>& GruposFallidos() const;
   void anadirGrupoFallido(int grupo);
 
@@ -94,33 +93,33 @@ class gestcomm final : private enlace::ClienteEnlace {
   void PausarTarea(int id);
   void DetenerTarea(int id);
   void EliminarTarea(int id);
-  // Takes back the latest EliminarTarea that hasn't been taken back: the task is asked for anew, in
-  // its old place. As NuevaTarea; -1 when there is none.
+  // Undoes the latest EliminarTarea not yet undone: the task is requested anew, in its old place.
+  // Returns as NuevaTarea; -1 if there is none.
   int ReponerTarea();
   bool hayQuitadas() const;
-  // Tries all that failed, were rejected, stopped while opening or not sent once more, now, with
-  // their attempts counted anew. How many there were.
+  // Retries now all tasks that failed, were rejected, stopped while opening or not sent, with their
+  // attempts counted anew. Returns their number.
   int ReintentarTodo();
   bool hayReintentables() const;
   // Stops and empties the queue; repeated until it is empty.
   void terminator();
-  // Asks all links to close. alCerrar() runs once every channel is idle; a link that answers
-  // nothing is dropped.
+  // Asks all links to close. alCerrar() runs once every channel is idle; an unresponsive link is
+  // dropped.
   void cerrar(std::function<void()> alCerrar);
-  // Tells those that look on, once, when the queue is empty and every channel idle. A task that is
-  // given up and stays keeps it waiting, so that a person sees it. False takes it back.
+  // Notifies observers once, when the queue is empty and every channel idle. An abandoned task that
+  // stays in the queue delays this, so that a person sees it. False cancels it.
   void TerminaCuandoPuedas(bool si = true);
   bool puedeCerrar() const;  // no task opening, transferring or held
 
   std::vector<VistaTarea> tareas() const;
-  // Those that would be lost with the program: they are under way, wait, or failed.
+  // The tasks that would be lost with the program: under way, waiting or failed.
   std::vector<VistaTarea> pendientes() const;
   std::optional<VistaTarea> tarea(int id) const;
   std::vector<VistaCanal> canales() const;
-  // The use of channels was changed in the settings: those that are closed follow it now, the
-  // others when they close.
+  // The use of channels was changed in the settings: closed channels follow it now, the others when
+  // they close.
   void cambiaronCanales();
-  // Adds one to those that look on; it must leave before it dies. Null sends all away.
+  // Adds an observer, which must leave before it dies. Null removes all.
   void observar(Observador* observador);
   void dejarDeObservar(Observador* observador);
 

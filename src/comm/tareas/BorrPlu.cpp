@@ -13,10 +13,10 @@ namespace {
 
 using motor::Siguiente;
 
-// Wipes the articles of machines that can't delete one alone. It loses no sales: an Ebony machine
-// that has any refuses it, and registers keep theirs. The link never repeats the order, since a
-// repeat that came late would wipe what was sent after it; while it is under way nothing counts as
-// proved to be held.
+// Wipes the articles of machines that can't delete single ones. It loses no sales: an Ebony machine
+// with sales refuses it, and registers keep theirs. The link never repeats the order, since a late
+// repeat would wipe articles sent after it; while it is under way no article counts as proved to be
+// held.
 class Borrado final : public motor::TrabajoTarea {
  public:
   Borrado(const motor::DatosTarea& t, const motor::Entorno& e)
@@ -40,14 +40,14 @@ class Borrado final : public motor::TrabajoTarea {
                      0,
                      {.unaVez = true, .limpia = true}};
   }
-  // Whatever an Ebony machine says after the order is its answer.
+  // Any frame of an Ebony machine after the order is its answer.
   bool encaja(int addr, int codigo, const QByteArray&) const override {
     if (t_.Tipo == TipoGrupo::Ebony) return true;
     return codigo == maquinas::borrarArticulos(t_.Tipo).codigo &&
            (addr < 0 || addr == maquinas_[indice_]);
   }
-  // A register may have answered, under the number of another's frame: once more, on a wire that is
-  // quiet by now.
+  // A register may have answered, under the number of another's frame: it is asked once more, on a
+  // wire that is quiet by now.
   bool sinRespuesta(int error) override {
     constexpr int kSinRespuestaLogica = 17;
     return t_.Tipo == TipoGrupo::Registradoras && error == kSinRespuestaLogica &&

@@ -1,9 +1,9 @@
-// When a list can be trusted. A machine whose list broke off may go on with it at the next
-// acknowledgement, whoever that is meant for, and its late frames look like those of the next list;
-// registers that share a wire even answer under one number. So a list under way is noted on disk,
-// by where it comes from. Where the note of an earlier one is still there (it failed, or the
-// program was cut off), after a failure, or when a frame's number doesn't follow the one before it,
-// a list has to come alike twice running.
+// When a list can be trusted. A machine whose list broke off may continue it at the next
+// acknowledgement, even one meant for another machine, and its late frames look like those of the
+// next list; registers that share a wire even answer under the same number. So a list under way is
+// recorded on disk, by its source. If the record of an earlier one is still there (it failed, or
+// the program was cut off), after a failure, or when a frame's number doesn't follow the one before
+// it, a list has to come twice running, identical.
 #pragma once
 
 #include <optional>
@@ -13,23 +13,23 @@
 
 namespace tarvo::tareas {
 
-// Whether a list that is in doubt has come often enough alike. `Lista`: what is compared.
+// Whether a doubtful list has come identical often enough. `Lista` is the compared type.
 template <class Lista>
 class Contraste {
  public:
-  // `vueltas`: so many readings may be of no use.
+  // `vueltas`: how many readings may be useless.
   explicit Contraste(int vueltas) : maximo_(vueltas) {}
 
   void dudar() { dudosa_ = true; }
-  // A list broke off: what came before it and what comes after are not running.
+  // A list broke off: the lists before and after it are not consecutive.
   void romper() {
     dudosa_ = true;
     leida_.reset();
     iguales_ = 0;
   }
   bool dudosa() const { return dudosa_; }
-  // A list has ended: true when it stands, since nobody doubts it or it came `veces` times running;
-  // false when it is to be asked again. An Error of class Formato when it never comes alike.
+  // A list has ended: true if it stands, since it isn't in doubt or came `veces` times running;
+  // false if it is to be requested again. An Error of class Formato if it never comes twice alike.
   Resultado<bool> vale(const Lista& lista, const Textos& textos, int veces = 2) {
     iguales_ = leida_ == lista ? iguales_ + 1 : 1;
     if (!dudosa_ || iguales_ >= veces) {
@@ -44,19 +44,19 @@ class Contraste {
 
  private:
   const int maximo_;
-  std::optional<Lista> leida_;  // the one before
+  std::optional<Lista> leida_;  // the previous one
   bool dudosa_ = false;
   int usadas_ = 0, iguales_ = 0;
 };
 
-// The same with the note on disk.
+// The same with the record on disk.
 template <class Lista>
 class DudaDeLista {
  public:
   DudaDeLista(const motor::Entorno& e, const QString& donde)
       : e_(e), nota_(QStringLiteral("ListaEnLinea ") + donde) {}
 
-  // Before the first question; again it does nothing.
+  // Called before the first question; further calls do nothing.
   Resultado<> empezar() {
     if (empezada_) return {};
     TARVO_TOMAR(const auto notas,
@@ -85,7 +85,7 @@ class DudaDeLista {
   bool empezada_ = false;
 };
 
-// The wire that a task's machines are on.
+// The wire of a task's machines.
 inline QString lineaDe(const motor::DatosTarea& t) {
   return QStringLiteral("%1 %2")
       .arg(numeroDe(t.Remoto))

@@ -12,10 +12,11 @@ namespace tarvo::tareas {
 namespace {
 
 constexpr int kTarifas = 8;
-// Of each sort, in the words at the end: with a sentence of its own, and after them in one.
+// Articles of each sort in the closing notices: with a sentence of their own, and then together in
+// one.
 constexpr int kArticulosNombrados = 20, kArticulosPorFrase = 50;
 
-// A sentence for each article; those that are too many share one for each reason.
+// A sentence for each article; beyond the limit, one for each reason.
 void nombrar(std::vector<totals::Aviso>& avisos, const std::map<qint64, QString>& cuales, int texto,
              int textoDeVarios, int grupo, const Textos& textos, bool grave = true) {
   int n = 0;
@@ -78,7 +79,7 @@ Resultado<motor::Siguiente> EnvioArticulos::siguiente() {
   return paso();
 }
 
-// Prices that are half old and half new must not go out.
+// A mixture of old and new prices must not be sent.
 Resultado<> EnvioArticulos::comprobarEspera() const {
   if (!e_.enEspera) return {};
   TARVO_TOMAR(const auto motivo, e_.enEspera(t_.Seccion));
@@ -158,7 +159,7 @@ QString EnvioArticulos::reparo() const {
 }
 
 QString EnvioArticulos::MostrarTraza() const {
-  return e_.textos(kTxPasoArticulo, {Ceros(codigoActual(), 7)});
+  return e_.textos(borrando() ? kTxPasoBorrado : kTxPasoArticulo, {Ceros(codigoActual(), 7)});
 }
 
 }  // namespace tarvo::tareas

@@ -1,5 +1,5 @@
-// What all sendings of articles share: the list, the words at the end, and what a refusal does. How
-// a family is talked to is below it.
+// The common part of all sendings of articles: the list, the closing notices, and the effect of a
+// refusal. The dialogue with each family is in the derived classes.
 #pragma once
 
 #include <utility>
@@ -9,13 +9,13 @@
 
 namespace tarvo::tareas {
 
-inline constexpr int kNoExiste = 105;  // the machine hasn't the article
+inline constexpr int kNoExiste = 105;  // the machine doesn't have the article
 inline constexpr int kNumeroNoExiste = 5;
 
-// The machine said nothing to a frame, or never acknowledged it.
+// The machine didn't answer a frame, or never acknowledged it.
 bool esSilencio(int error);
 envios::Destino destinoDe(const motor::DatosTarea& t);
-// A refusal in words that come after the article's name.
+// A refusal in words that follow the article's name.
 QString motivoDeRechazo(int error, const Textos& textos);
 
 class EnvioArticulos : public motor::TrabajoTarea {
@@ -34,7 +34,8 @@ class EnvioArticulos : public motor::TrabajoTarea {
 
  protected:
   virtual Resultado<> preparar();
-  // The next step; Fin REQUIRES that everything is on disk.
+  virtual bool borrando() const = 0;  // the present step is a deletion
+  // The next step; Fin REQUIRES that all results are on disk.
   virtual Resultado<motor::Siguiente> paso() = 0;
   Resultado<motor::Siguiente> fin();
   envios::Rango rango() const { return {t_.Desde, t_.Hasta}; }
@@ -45,26 +46,26 @@ class EnvioArticulos : public motor::TrabajoTarea {
     return {motor::Siguiente::Enviar, addr, p.codigo, p.datos, 0, {.limpia = true}};
   }
   int codigoEnviado() const { return codigo_; }
-  // The present article was refused; what Remesa::rechazado answers.
+  // The present article was refused; returns as Remesa::rechazado.
   bool rechazarActual(int error);
-  // The same of an article that got no answer, `error`, from a machine that answers other frames.
-  // It fails where the refusal would.
+  // The same for an article left unanswered, `error`, by a machine that answers other frames. It
+  // fails where the refusal would.
   Resultado<> noContesto(int error);
-  // The scales said nothing to this article and are asked for it.
+  // The scales didn't answer this article and are asked for it.
   void callo(qint64 codigo, int error) { callada_ = {codigo, error}; }
-  // The error of that silence, where it was about this article; 0 for none. Once.
+  // The error of that silence, if it was about this article, else 0. Returned once.
   int callado(qint64 codigo) {
     const Callada c = std::exchange(callada_, {});
     return c.codigo == codigo ? c.error : 0;
   }
-  // A number that refuses nothing is a good answer to the article that went as `registro`, and
-  // doesn't say that the scales hold it: they are asked. What they tell settles it: true when the
-  // article is done with, be it taken or not.
+  // A number that refuses nothing is a good answer to the article sent as `registro`, but doesn't
+  // prove that the scales hold it: they are asked. Their answer settles it: true if the article is
+  // finished, taken or not.
   void contestadoConNumero(const QByteArray& registro, int numero) {
     porProbar_ = {registro, 100 + numero};
   }
   bool zanjado(qint64 codigo, const QByteArray& registro, const QByteArray& suya);
-  // Their answer to a question about an article is neither its record nor that they haven't it.
+  // The answer to a question about an article is neither its record nor that they don't have it.
   Resultado<> sinFicha(qint64 codigo, const QByteArray& datos) const;
 
   const motor::DatosTarea t_;
@@ -80,7 +81,7 @@ class EnvioArticulos : public motor::TrabajoTarea {
     qint64 codigo = 0;
     int error = 0;
   } callada_;
-  int codigo_ = 0;  // of the frame that was sent last
+  int codigo_ = 0;  // of the last frame sent
   struct PorProbar {
     QByteArray registro;
     int error = 0;

@@ -1,4 +1,4 @@
-// The makers of tasks, one for each kind; each file of a kind defines its own.
+// The factories of tasks, one for each kind; the file of each kind defines its own.
 #pragma once
 
 #include <memory>

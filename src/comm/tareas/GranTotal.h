@@ -1,5 +1,4 @@
-// The reading of a grand total, which the zeroing of a machine makes too before it goes on with a
-// run that was cut off.
+// The reading of a grand total, which a zeroing also uses before it continues an interrupted run.
 #pragma once
 
 #include "comm/tareas/Totales.h"

@@ -83,7 +83,7 @@ Resultado<> ListaRecibida::escribirLineas(const std::vector<Linea>& lineas, size
   return {};
 }
 
-// Is this the list that was noted last and that the machine still holds? Then its document goes on.
+// Is this the list recorded last, which the machine still holds? Then its document continues.
 Resultado<bool> ListaRecibida::continuar(const std::vector<Linea>& lineas) {
   const Nombres& n = nombres(que_);
   TARVO_TOMAR(

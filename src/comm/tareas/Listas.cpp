@@ -31,7 +31,7 @@ class Lista : public motor::TrabajoTarea {
     }
     return paso();
   }
-  // The machine may forget the list: the note goes with the end of the task.
+  // The machine may forget the list: the record goes with the end of the task.
   Resultado<std::vector<totals::Aviso>> cerrar() final {
     TARVO_INTENTAR(disco_.olvidada());
     if (anotada_) TARVO_INTENTAR(e_.db.ejecutar(u"DELETE FROM EstadoTarvo WHERE CLAVE=?", nota()));
@@ -43,19 +43,19 @@ class Lista : public motor::TrabajoTarea {
           {t_.Grupo, e_.textos(kTxPesosDePedido, {t_.Grupo, Ceros(it->articulo, 7)}), true});
     return avisos;
   }
-  // What it was still owed may come to the next list of the group.
+  // Answers still owed to it may reach the group's next list.
   std::vector<totals::Aviso> abandonar() final {
     static_cast<void>(
         e_.db.ejecutar(u"INSERT OR REPLACE INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, 1)", nota()));
     return {};
   }
-  // The link or an answer failed: late ones may come, and no frame says which lines it holds.
+  // The link or an answer failed: late answers may come, and frames don't identify their lines.
   void reanudar() override {
     if (ordenada_) return releer();
     if (lectura()) contraste_.romper();
   }
-  // The order to forget may have been obeyed, and somebody may have noted a new list since: what
-  // the machine holds is looked at before it is told again.
+  // The order to forget may have been obeyed, and a new list entered since: the machine's list is
+  // read before the order is repeated.
   bool sinRespuesta(int) final {
     if (!ordenada_ || std::exchange(insistida_, true)) return false;
     releer();
@@ -72,9 +72,9 @@ class Lista : public motor::TrabajoTarea {
   virtual Resultado<Siguiente> paso() = 0;
   bool dudosa() const { return contraste_.dudosa(); }
   void dudar() { contraste_.dudar(); }
-  // Are lines being asked for?
+  // Are lines being requested?
   virtual bool lectura() const = 0;
-  // The list is asked for from its beginning.
+  // Requests the list from its beginning.
   virtual void empezar() = 0;
   // The order to forget, which the link must not repeat, once the list is on disk.
   Resultado<Siguiente> olvidar(int addr, const maquinas::Peticion& p) {
@@ -84,10 +84,10 @@ class Lista : public motor::TrabajoTarea {
     return Siguiente{Siguiente::Enviar, addr, p.codigo, p.datos, 0, kUnaVez};
   }
   void obedecida() { ordenada_ = false; }
-  // The list stands that the machine gives: it has forgotten the one that is on disk.
+  // The list now read stands: the machine has forgotten the one on disk.
   bool yaOlvidada() const { return releida_ && lineas_.empty(); }
-  // A frame of lines has come, which aren't added yet. Like the one before it, it may be that one
-  // sent again; like the first, the list may have begun again.
+  // A frame of lines has come, not yet added. If equal to the one before it, it may be a repeat; if
+  // equal to the first, the list may have begun again.
   void anotarTrama(const QByteArray& datos) {
     if (lineas_.empty())
       primera_ = datos;
@@ -96,8 +96,8 @@ class Lista : public motor::TrabajoTarea {
     if (repeticiones_ > 0 && datos == primera_) dudar();
     ultima_ = datos;
   }
-  // The list has ended: true when it stands. One that was disturbed has to come alike twice
-  // running, and four times with frames that repeat others; it is read again from the start.
+  // The list has ended: true if it stands. A disturbed list has to come identical twice running, or
+  // four times if it has frames that repeat others; it is read again from the start.
   Resultado<bool> vale() {
     const int veces = std::exchange(repeticiones_, 0) > 0 ? 4 : 2;
     const auto bien = contraste_.vale(lineas_, e_.textos, veces);
@@ -141,14 +141,14 @@ class Lista : public motor::TrabajoTarea {
 
   ListaRecibida disco_;
   bool enDisco_ = false, empezada_ = false, anotada_ = false;
-  bool ordenada_ = false;   // the machine was told to forget, and nothing came of it yet
+  bool ordenada_ = false;   // the machine was told to forget, without a result so far
   bool insistida_ = false;  // a silence was followed by a question in this attempt
-  bool releida_ = false;    // the present reading is behind such an order
+  bool releida_ = false;    // the present reading follows such an order
   Contraste<std::vector<maquinas::Linea>> contraste_{5};
   QByteArray primera_;  // frame of the present reading
 };
 
-// Kinds 1 and 4: asked from a line number on, some lines an answer.
+// Kinds 1 and 4: requested from a line number on, some lines in each answer.
 class ListaVek final : public Lista {
  public:
   using Lista::Lista;
@@ -162,9 +162,9 @@ class ListaVek final : public Lista {
     const maquinas::Peticion p = peticion();
     return Siguiente{Siguiente::Enviar, 0, p.codigo, p.datos};
   }
-  // The answer doesn't say which lines it holds. The very answer that was taken last may be its
-  // repetition: it isn't taken until the question has been asked again. A list that must come
-  // several times alike takes it, and must come more often.
+  // An answer doesn't identify its lines. One equal to the last answer taken may be its repetition:
+  // it isn't taken until the question has been asked again. A list that must come several times
+  // takes it, and must come more often.
   bool encaja(int, int codigo, const QByteArray& datos) const override {
     return codigo == peticion().codigo &&
            (fase_ != 1 || dudosa() || preguntada_ > 1 || datos != ultima_);
@@ -208,7 +208,7 @@ class ListaVek final : public Lista {
     preguntada_ = 0;
   }
   int fase_ = 1;        // 1 ask lines, 2 may be forgotten, 0 done
-  size_t leidas_ = 0;   // most lines so far
+  size_t leidas_ = 0;   // greatest number of lines so far
   int preguntada_ = 0;  // how often the present question was asked
 };
 
@@ -231,8 +231,8 @@ class ListaNodalPedido final : public Lista {
         return Siguiente::fin();
     }
   }
-  // Lines bear no number, so a frame with another request's code may be some of them, gone for good
-  // if it were passed over: it is taken, and spoils the list.
+  // Lines have no number, so a frame with another request's code may contain some of them, lost for
+  // good if it were passed over: it is taken, and spoils the list.
   bool encaja(int, int codigo, const QByteArray&) const override {
     return fase_ != 4 || !deOtra(codigo);
   }
@@ -296,12 +296,12 @@ class ListaNodalPedido final : public Lista {
       repeticiones_ = 0;
       return std::unexpected(*std::exchange(malo_, {}));
     }
-    // An end that comes alone may be a late one of another list: it must come twice.
+    // An end without lines may be a late one of another list: it must come twice.
     if (lineas_.empty() && !std::exchange(vacia_, true)) {
       fase_ = 1;
       return {};
     }
-    if (vacia_ && !lineas_.empty()) dudar();  // it was asked twice, and may have come twice
+    if (vacia_ && !lineas_.empty()) dudar();  // it was requested twice, and may have come twice
     TARVO_TOMAR(const auto bien, vale());
     fase_ = !bien ? 1 : yaOlvidada() ? 0 : 3;
     return {};
@@ -314,11 +314,11 @@ class ListaNodalPedido final : public Lista {
   Siguiente enviar(const maquinas::Peticion& p) const {
     return {Siguiente::Enviar, t_.Addr, p.codigo, p.datos};
   }
-  // A frame like the one before it may be that one sent twice, or lines that are alike: the list is
-  // asked again until it comes twice alike without such frames, or four times with the same ones.
+  // A frame equal to the one before it may be a repeat, or hold equal lines: the list is requested
+  // again until it comes identical twice without such frames, or four times with them.
   bool repetida_ = false;
-  std::optional<Error> malo_;  // the first frame of lines that can't be read
-  bool vacia_ = false;         // the list ended at once when it was asked first
+  std::optional<Error> malo_;  // the first unreadable frame of lines
+  bool vacia_ = false;         // the list ended at once at the first request
   int fase_ = 1;               // 1 ask, 2 lines, 3 may be forgotten, 4 wait for the end, 0 done
 };
 

@@ -1,6 +1,6 @@
-// Orders and inventories that a machine holds: their lines stay in memory until the list has ended.
-// Then one transaction makes the document and notes that the machine has yet to forget the list,
-// and only then is it told to.
+// Orders and inventories held by a machine: their lines stay in memory until the list has ended.
+// Then one transaction creates the document and records that the machine has yet to forget the
+// list, and only then is it told to.
 #pragma once
 
 #include "comm/maquinas/Campos.h"
@@ -10,15 +10,15 @@ namespace tarvo::tareas {
 
 enum class Documento { Pedido, Inventario };
 
-// What is on disk about a list: ListasRecibidas.
+// The record of a list on disk: ListasRecibidas.
 class ListaRecibida {
  public:
   ListaRecibida(const motor::DatosTarea& t, const motor::Entorno& e, Documento que)
       : t_(t), e_(e), que_(que) {}
-  // Makes the document of these lines. A list that begins with the lines of a noted one that the
-  // machine has not been known to forget is that list: its document gets the further lines.
+  // Creates the document of these lines. A list that begins with the lines of a recorded one, not
+  // known to be forgotten by the machine, is that list: its document gets the further lines.
   Resultado<> guardar(const std::vector<maquinas::Linea>& lineas);
-  // The machine has forgotten it.
+  // The machine has forgotten the list.
   Resultado<> olvidada();
 
  private:

@@ -1,7 +1,7 @@
-// Records that can't be read whole. Each spoils the reading in which it comes first. One that comes
-// again in the same bytes is how the machine says it, and would spoil every reading: it is taken
-// with 0 for what isn't there, and that is told. A machine that gives longer records to the same
-// question doesn't always say it so, and the short one stays bad.
+// Records that can't be read whole. Each spoils the reading in which it first comes. One that comes
+// again in the same bytes is the machine's way of sending it, and would spoil every reading: it is
+// taken with 0 for missing values, and this is reported. If the machine also gives longer records
+// to the same question, the short one stays bad.
 #pragma once
 
 #include <algorithm>
@@ -17,31 +17,31 @@ namespace tarvo::tareas {
 
 class Malos {
  public:
-  // `codigo` and `pregunta`: what the record answers, of which machine.
+  // `codigo` and `pregunta`: the question that the record answers, and its machine.
   maquinas::Rigor rigor(int codigo, const QByteArray& pregunta, const QByteArray& datos) const {
     const bool visto = vistos_.contains({codigo, pregunta, datos});
     return visto && datos.size() >= enteroDe(codigo) ? maquinas::Rigor::Tolerante
                                                      : maquinas::Rigor::Estricto;
   }
-  // Every one stays bad: what is read is a proof.
+  // Every one stays bad, since the reading is a proof.
   void sinTolerancia() { siempre_ = true; }
   // It was read whole.
   void entero(int codigo, const QByteArray& datos) {
     qsizetype& mayor = enteros_[codigo];
     mayor = std::max(mayor, datos.size());
   }
-  // It couldn't be read. A refusal, or nothing, never counts as a record.
+  // It couldn't be read. A refusal or an empty answer never counts as a record.
   void anotar(int codigo, const QByteArray& pregunta, const QByteArray& datos) {
     if (!siempre_ && !datos.isEmpty() && !datos.startsWith("ERR"))
       vistos_.emplace(codigo, pregunta, datos);
   }
-  // It came again, and is taken, at that place of the reading.
+  // It came again, and is taken at that place of the reading.
   void tomado(int codigo, const QByteArray& pregunta, const QByteArray& datos,
               const QString& lugar) {
     if (tomados_.empty()) primero_ = lugar;
     tomados_.emplace(codigo, pregunta, datos);
   }
-  // A longer one has come since: where the first of those that were taken is.
+  // A longer one has come since: the place of the first short one taken.
   std::optional<QString> desmentido() const {
     const bool alguno = std::ranges::any_of(tomados_, [&](const Registro& r) {
       return std::get<2>(r).size() < enteroDe(std::get<0>(r));

@@ -10,7 +10,7 @@ namespace {
 
 using Fabrica = Trabajo (*)(const motor::DatosTarea&, const motor::Entorno&);
 
-// Null for a kind that nobody can carry out yet.
+// Null for a kind without a sender yet.
 Fabrica fabricaDe(TipoTarea tarea) {
   switch (tarea) {
     case TipoTarea::TxPlus:

@@ -1,5 +1,5 @@
-// The kinds of task that this program knows, with the sender of each that has one; and the tables
-// that they keep.
+// The kinds of task that this program knows, with their senders if any, and the tables that they
+// keep.
 #pragma once
 
 #include "comm/motor/Tarea.h"
@@ -7,13 +7,13 @@
 
 namespace tarvo::tareas {
 
-// All kinds by number and keyword. Those without a sender are known by name, and are refused when
+// All kinds by number and keyword. Those without a sender are known by name only, and refused when
 // queued.
 motor::RegistroTareas registro();
 
 // The lists received.
 dao::TablasDeSala tablasTareas();
-// Brings them alone, for who works with this room alone.
+// Creates only these, for users of this room alone.
 Resultado<> asegurarTablasTareas(dao::Database& db);
 
 }  // namespace tarvo::tareas

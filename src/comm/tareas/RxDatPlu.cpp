@@ -13,9 +13,9 @@ namespace {
 
 using motor::Siguiente;
 
-// Walks the file of the scales, article by article, and puts right what is known of it: so a
-// machine that came back with an older memory gets by the next sending what it lost. One article
-// alone is kept as it came, for whoever asked for it.
+// Walks the file of the scales, article by article, and corrects our knowledge of it: so the next
+// sending restores what a machine with an older memory has lost. A single article is kept as it
+// came, for the person who asked for it.
 class RecorridoDeFichas final : public motor::TrabajoTarea {
  public:
   RecorridoDeFichas(const motor::DatosTarea& t, const motor::Entorno& e)
@@ -64,7 +64,7 @@ class RecorridoDeFichas final : public motor::TrabajoTarea {
 
  private:
   static constexpr qint64 kDetrasDeTodos = maquinas::kUltimoArticuloVek + 1;
-  // The scales have nothing before that number, and under it this record.
+  // The scales have no article before that number, and this record under it.
   Resultado<> hasta(qint64 codigo, const QByteArray& registro) {
     if (t_.Desde == t_.Hasta) {
       const bool suyo = codigo == t_.Hasta;

@@ -8,8 +8,8 @@ namespace tarvo::tareas {
 
 namespace {
 
-// The scale skips what has no sales: an answer stands at the question or after it, and the walk
-// goes on from there.
+// The scale skips positions and hours without sales: an answer is at the question or after it, and
+// the walk continues from there.
 class CruzadoVek final : public ConOperadores<PreguntasVek> {
  public:
   using ConOperadores::ConOperadores;

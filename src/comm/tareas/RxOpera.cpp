@@ -8,7 +8,7 @@ namespace tarvo::tareas {
 
 namespace {
 
-// Positions that hold the same operator add up; a position without one counts for operator 0.
+// Positions with the same operator are added up; a position without one counts for operator 0.
 class OperadoresVek final : public ConOperadores<PreguntasVek> {
  public:
   using ConOperadores::ConOperadores;

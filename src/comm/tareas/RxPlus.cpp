@@ -15,8 +15,7 @@ namespace tarvo::tareas {
 namespace {
 
 constexpr qint64 kUltimoCodigo = 9999999;
-constexpr qint64 kArticuloDesconocido =
-    2;  // the system article that takes sales of codes nobody knows
+constexpr qint64 kArticuloDesconocido = 2;  // the system article for sales of unknown codes
 
 bool rangoEntero(const motor::DatosTarea& t) {
   return t.Desde <= 1 && t.Hasta >= kUltimoCodigo;
@@ -31,8 +30,8 @@ Resultado<std::vector<qint64>> leerCodigos(dao::Database& db, const motor::Datos
       [](const dao::Recordset& rs) { return rs.entero(0); });
 }
 
-// Kinds 1 and 4: whole, one question for each article of the section; or optimised, in which the
-// scale answers the next article with sales at or after the one asked.
+// Kinds 1 and 4: complete, with one question for each article of the section; or optimised, where
+// the scale answers with the next article that has sales, at or after the one asked.
 class ArticulosVek final : public PreguntasVek {
  public:
   using PreguntasVek::PreguntasVek;
@@ -82,7 +81,7 @@ class ArticulosVek final : public PreguntasVek {
   size_t pos_ = 0;
 };
 
-// Kind 2. Broken off, it goes on after the last article that came, as long as they came in order.
+// Kind 2. After a break it continues after the last article, provided that they came in order.
 class ArticulosNodal final : public ListaNodal {
  public:
   ArticulosNodal(const motor::DatosTarea& t, const motor::Entorno& e)
@@ -124,9 +123,8 @@ class ArticulosNodal final : public ListaNodal {
   bool enOrden_ = true;
 };
 
-// Kind 3: sales come by bar code, which is read here as it is sent: without blanks around its
-// parts, and made of prefix and number where there is none. A code that nobody knows counts for one
-// system article.
+// Kind 3: sales come by bar code, composed here as for sending: without blanks around its parts,
+// and from prefix and number if there is none. An unknown code counts for a system article.
 class ArticulosCaja final : public ListasCaja {
  public:
   using ListasCaja::ListasCaja;

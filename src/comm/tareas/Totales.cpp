@@ -37,8 +37,7 @@ Resultado<std::array<qint64, 21>> leerOperadores(const motor::Entorno& e, int gr
   return salida;
 }
 
-// --- all readings
-// ------------------------------------------------------------------------------------
+// --- all readings ---
 
 Totales::Totales(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e) {}
 
@@ -75,8 +74,7 @@ QString Totales::trajo() const {
                    {conVentas, VerImporte(e_.ajustes, importe, e_.ajustes.MonedaPreferente)});
 }
 
-// --- kinds 1 and 4
-// -----------------------------------------------------------------------------------
+// --- kinds 1 and 4 ---
 
 Resultado<Siguiente> PreguntasVek::paso() {
   filasGrupo();
@@ -105,8 +103,7 @@ Resultado<> PreguntasVek::respuesta(int, int, const QByteArray& datos) {
   return {};
 }
 
-// --- kind 2
-// ------------------------------------------------------------------------------------------
+// --- kind 2 ---
 
 ListaNodal::ListaNodal(const motor::DatosTarea& t, const motor::Entorno& e)
     : Totales(t, e), duda_(e, QStringLiteral("%1 N%2").arg(lineaDe(t)).arg(t.Addr)) {}
@@ -119,8 +116,8 @@ Resultado<Siguiente> ListaNodal::paso() {
   return Siguiente{Siguiente::Enviar, t_.Addr, p.codigo, p.datos};
 }
 
-// A frame with another request's code may be one of this list: passed over, the list would end
-// without it and look whole. It is taken, and spoils the reading.
+// A frame with another request's code may belong to this list, which would look whole without it if
+// it were passed over. It is taken, and spoils the reading.
 bool ListaNodal::encaja(int, int, const QByteArray&) const {
   return true;
 }
@@ -179,12 +176,11 @@ void ListaNodal::reanudar() {
     otraVez();
 }
 
-// --- kind 3
-// ------------------------------------------------------------------------------------------
+// --- kind 3 ---
 
 ListasCaja::ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e)
     : Totales(t, e), duda_(e, lineaDe(t)) {
-  // A register entered twice is one register: its sales count once.
+  // A register listed twice is one register: its sales count once.
   std::vector<int> distintas;
   for (const int addr : t_.Direcciones)
     if (std::ranges::find(distintas, addr) == distintas.end()) distintas.push_back(addr);
@@ -203,7 +199,7 @@ Resultado<Siguiente> ListasCaja::paso() {
   return Siguiente{Siguiente::Pedir, direccion(), p.codigo, p.datos};
 }
 
-// A frame with another request's code may be one of this list, as with kind 2.
+// A frame with another request's code may belong to this list, as with kind 2.
 bool ListasCaja::encaja(int addr, int, const QByteArray&) const {
   return indice_ < t_.Direcciones.size() && (addr < 0 || addr == direccion());
 }

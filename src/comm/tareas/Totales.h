@@ -1,5 +1,5 @@
-// What all readings of totals share: what they read stays in memory and is stored once, whole, at
-// the end. Three shapes of conversation stand below it, one for each family of machines.
+// The common part of all readings of totals: data stay in memory and are stored once, whole, at the
+// end. Below it are three shapes of dialogue, one for each family of machines.
 #pragma once
 
 #include <array>
@@ -16,7 +16,7 @@ namespace tarvo::tareas {
 // demasiado corto".
 std::unexpected<Error> falloEn(const Error& e, int grupo, const QString& lugar,
                                const Textos& textos);
-// What is wrong with a record, in words that such a sentence takes.
+// The fault of a record, in words that fit such a sentence.
 std::unexpected<Error> malRegistro(const maquinas::RegistroMalo& malo, const Textos& textos);
 
 // The operator of each position of the group, from 1; 0 for a position without one.
@@ -29,8 +29,8 @@ class Totales : public motor::TrabajoTarea {
   Resultado<std::vector<totals::Aviso>> cerrar() override;
   QString trajo() const override;
   const totals::Lectura& lectura() const { return lectura_; }
-  // A reading that another task makes for itself, as a proof: the session isn't told, and a record
-  // that can't be read never counts.
+  // A reading made by another task for itself, as a proof: the session isn't notified, and an
+  // unreadable record never counts.
   void paraOtra() {
     anunciada_ = true;
     malos_.sinTolerancia();
@@ -49,15 +49,15 @@ class Totales : public motor::TrabajoTarea {
   motor::DatosTarea t_;
   const motor::Entorno e_;
   totals::Lectura lectura_;
-  maquinas::Rigor rigor_ = maquinas::Rigor::Estricto;  // how the present record is read
+  maquinas::Rigor rigor_ = maquinas::Rigor::Estricto;  // for the present record
   Malos malos_;
 
  private:
   bool preparada_ = false, anunciada_ = false;
 };
 
-// Kinds 1 and 4: one question, one record, until there is nothing left to ask. The group answers as
-// one machine.
+// Kinds 1 and 4: one question, one record, until no question is left. The group answers as one
+// machine.
 class PreguntasVek : public Totales {
  public:
   using Totales::Totales;
@@ -69,10 +69,10 @@ class PreguntasVek : public Totales {
   virtual bool acabada() const = 0;
   virtual maquinas::Peticion pregunta() const = 0;
   virtual int timeOut() const { return 0; }
-  // Is this record about what was asked?
+  // Is this record about the item asked for?
   virtual bool responde(const QByteArray& datos) const = 0;
-  virtual Resultado<> registro(const QByteArray& datos) = 0;  // takes it and moves on
-  virtual QString lugar() const = 0;                          // what is being read, for people
+  virtual Resultado<> registro(const QByteArray& datos) = 0;  // takes it and advances
+  virtual QString lugar() const = 0;                          // the item being read, for messages
   totals::Lectura::Filas& filasGrupo() { return filas(0); }
 
  private:
@@ -80,9 +80,9 @@ class PreguntasVek : public Totales {
   qint64 hechas_ = 0;
 };
 
-// Kind 2: one request, then frames until the end of the list. Broken off, it starts again from
-// nothing. A record that comes again takes the place of the earlier; rows are made at the end. A
-// list with records that can't be read fails at its end, so that the next reading knows them all.
+// Kind 2: one request, then frames until the end of the list. After a break it starts again from
+// nothing. A repeated record replaces the earlier; rows are made at the end. A list with unreadable
+// records fails at its end, so that the next reading knows them all.
 class ListaNodal : public Totales {
  public:
   ListaNodal(const motor::DatosTarea& t, const motor::Entorno& e);
@@ -95,15 +95,15 @@ class ListaNodal : public Totales {
  protected:
   virtual maquinas::Peticion pregunta() const = 0;
   virtual Resultado<> registros(const QByteArray& datos) = 0;
-  // It is asked again after it broke off, or from its start.
+  // It is requested again after a break, or from its start.
   virtual void otraVez() { deNuevo(); }
   virtual void deNuevo() { recibidos_.clear(); }
-  // A record for a row; it is known by its own number and hour.
+  // A record for a row, identified by its own number and hour.
   void anotar(const maquinas::Total& t, const totals::Lectura::Clave& fila) {
     recibidos_[{t.numero, t.hora}] = {fila, contadores(t)};
   }
   virtual QString lugar() const = 0;
-  // May the list end without any record?
+  // May the list end without any records?
   virtual bool puedeVenirVacia() const { return true; }
 
  private:
@@ -113,13 +113,13 @@ class ListaNodal : public Totales {
       std::map<totals::Lectura::Clave, std::pair<totals::Lectura::Clave, totals::Contadores>>;
   Recibidos recibidos_;
   DudaDeLista<Recibidos> duda_;
-  std::optional<Error> malo_;  // the first record of the list that can't be read
+  std::optional<Error> malo_;  // the first unreadable record of the list
   int fase_ = 1;               // 1 ask, 2 wait for frames, 0 done
 };
 
-// Kind 3: a list from each register in turn; the registers stay apart. A list holds each of its
-// records once: one that comes again, since it was sent twice or since the register began anew,
-// takes the place of the earlier. The rows are made when the list has ended.
+// Kind 3: a list from each register in turn; the registers stay apart. A list has each of its
+// records once: a repeated one, sent twice or by a register that began anew, replaces the earlier.
+// The rows are made when the list has ended.
 class ListasCaja : public Totales {
  public:
   ListasCaja(const motor::DatosTarea& t, const motor::Entorno& e);
@@ -141,12 +141,12 @@ class ListasCaja : public Totales {
   size_t indice_ = 0;
   int fase_ = 1;  // 1 ask the register, 2 wait for the next record
   using Registros = std::map<QByteArray, QByteArray>;
-  Registros lista_;  // records of the present list by what they are about
+  Registros lista_;  // records of the present list by subject
   DudaDeLista<Registros> duda_;
-  std::optional<Error> malo_;  // the first record of the list that can't be read
+  std::optional<Error> malo_;  // the first unreadable record of the list
 };
 
-// A reading by position, whose rows bear the operator that holds it.
+// A reading by position, whose rows have the operator of the position.
 template <class Lista>
 class ConOperadores : public Lista {
  public:

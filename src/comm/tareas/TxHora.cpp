@@ -7,7 +7,7 @@ namespace tarvo::tareas {
 
 namespace {
 
-// The present moment, taken anew each time that the frame goes.
+// The present moment, taken anew each time the frame is sent.
 class Hora final : public UnaTrama {
  public:
   using UnaTrama::UnaTrama;

@@ -15,12 +15,12 @@ namespace {
 
 using motor::Siguiente;
 
-// A list of articles, then what the scales must delete, then once more what was refused.
+// A list of articles, then the deletions of the scales, then the refused articles once more.
 //
-// After a silence the scales are asked what they hold of the article: they may have taken it
-// unheard. Where they answer and haven't, it is the article that they don't answer to: it goes
-// after the others. After a frame that went out more than once they are asked about the next
-// article, since that question has another code: its answer ends what they owe.
+// After a silence the scales are asked for their record of the article: they may have taken it
+// although no answer arrived. If they answer without it, it is this article that they don't answer:
+// it moves after the others. After a frame that went out more than once they are asked about the
+// next article, since that question has another code: its answer settles what they owe.
 class ListaDeArticulos : public EnvioArticulos {
  public:
   using EnvioArticulos::EnvioArticulos;
@@ -36,7 +36,7 @@ class ListaDeArticulos : public EnvioArticulos {
     const auto numero = motor::numeroDeNegativa(datos);
     if (preguntando_ && numero && *numero != kNumeroNoExiste) return sinFicha(numero_, datos);
     if (preguntando_) return contrastar(datos);
-    // Whoever doesn't know an article has deleted it, but need not have taken it.
+    // A machine that doesn't know an article has deleted it, but need not have taken it.
     if (fase_ == kBorrados || !numero) return tomada(), Resultado<>{};
     contestadoConNumero(registro_, *numero);
     dudosa_ = true;
@@ -49,7 +49,7 @@ class ListaDeArticulos : public EnvioArticulos {
     if (error == kNoExiste) return tomada(), true;
     return borradoNegado();
   }
-  // Whether the machine is there at all is told by its answer to the question.
+  // Its answer to the question shows whether the machine is there at all.
   bool sinRespuesta(int error) override {
     if (!esSilencio(error)) return false;
     if (!conCross()) return !otraVezCallada(t_.Addr) && negada(error);
@@ -60,6 +60,7 @@ class ListaDeArticulos : public EnvioArticulos {
   }
 
  protected:
+  bool borrando() const override { return fase_ == kBorrados; }
   Resultado<Siguiente> paso() override {
     for (; fase_ != kFin; siguienteFase()) {
       if (fase_ == kBorrados) {
@@ -98,7 +99,7 @@ class ListaDeArticulos : public EnvioArticulos {
     if (soloPrecios() && error == kNoExiste) remesa_.hueco(numero_, numero_);
     return rechazarActual(error);
   }
-  // Of a machine that can't be asked: twice running it has said nothing, and so it isn't there.
+  // For a machine that can't be asked: two silences running mean that it isn't there.
   bool otraVezCallada(int addr) { return std::exchange(muda_, addr) == addr; }
   void oida(int addr) { muda_ = muda_ == addr ? -1 : muda_; }
 
@@ -110,7 +111,7 @@ class ListaDeArticulos : public EnvioArticulos {
     preguntando_ = dudosa_;
     return enviar(0, preguntando_ ? maquinas::pedirArticulo(numero) : p);
   }
-  // What the scales hold, nothing for no such article: the step may be done already.
+  // The record that the scales hold, nothing for no such article: the step may be done already.
   Resultado<> contrastar(const QByteArray& datos) {
     preguntando_ = dudosa_ = false;
     const int callada = callado(numero_);
@@ -123,7 +124,7 @@ class ListaDeArticulos : public EnvioArticulos {
     if (zanjado(numero_, registro_, datos)) return {};
     return callada == 0 ? Resultado<>{} : noContesto(callada);
   }
-  // It goes after the other deletions. False when it has been there.
+  // Moves it after the other deletions. False if it was moved before.
   bool borradoNegado() {
     remesa_.borradoNegado();
     return sinBorrar_.insert(numero_).second;
@@ -138,11 +139,11 @@ class ListaDeArticulos : public EnvioArticulos {
   }
 
   int fase_ = kLista;
-  qint64 numero_ = 0;    // of the article that the last frame was about
-  QByteArray registro_;  // what the article goes with
+  qint64 numero_ = 0;    // of the article of the last frame
+  QByteArray registro_;  // the record sent
   bool dudosa_ = false, preguntando_ = false;
-  int muda_ = -1;               // address of the machine that was silent last
-  std::set<qint64> sinBorrar_;  // deletions that were refused
+  int muda_ = -1;               // address of the last silent machine
+  std::set<qint64> sinBorrar_;  // refused deletions
   bool interrumpida_ = false;   // the list, by deletions that may make room
 };
 
@@ -156,8 +157,8 @@ class ListaDeCajas final : public ListaDeArticulos {
   bool encaja(int addr, int codigo, const QByteArray& datos) const override {
     return (addr < 0 || addr == caja()) && ListaDeArticulos::encaja(addr, codigo, datos);
   }
-  // A register heard the frame and says nothing: on its wire a refusal looks like that. One that
-  // doesn't even hear it may be out of order, or not there.
+  // A register acknowledged the frame but doesn't answer: on its wire a refusal looks like that.
+  // One that doesn't even acknowledge may be out of order or absent.
   bool sinRespuesta(int error) override {
     if (!esSilencio(error)) return false;
     if (error == enlace::kErrorSinRespuesta) return negada(error);

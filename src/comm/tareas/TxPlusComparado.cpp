@@ -12,8 +12,8 @@ namespace {
 
 using motor::Siguiente;
 
-// Walks the scales' own list beside ours: what they hold and we don't have is deleted. An article
-// that is held back or refused counts as one that we have, so that theirs stays as it is.
+// Walks the scales' own list beside ours and deletes their articles that we don't have. A held-back
+// or refused article counts as ours, so that theirs stays as it is.
 class Comparacion final : public EnvioArticulos {
  public:
   Comparacion(const motor::DatosTarea& t, const motor::Entorno& e)
@@ -36,7 +36,7 @@ class Comparacion final : public EnvioArticulos {
     } else if (fase_ == kBorrar) {
       remesa_.borrado(desde_);
       sabida_ = false;
-      // It costs no frame: where it is gone, they tell what comes after it.
+      // It costs no extra frame: if the article is gone, they answer with the one after it.
       mirando_ = ++borradosSinMirar_ == kBorradosSinMirar;
       if (!mirando_) ++desde_;
     } else if (fase_ == kContrastar) {
@@ -49,12 +49,13 @@ class Comparacion final : public EnvioArticulos {
     }
     return {};
   }
-  // An answer more may come: what goes next has another code, and its answer ends what they owe.
+  // Another answer may come: the next frame has another code, and its answer settles what they owe.
   void repetida() override {
     dudosa_ = dudosa_ || fase_ == kEnviar;
     deben_ = deben_ || fase_ == kHacerSitio;
   }
-  // They may have done it unheard, and are asked. Whether they are there at all is told by that.
+  // They may have done it although no answer arrived, and are asked. That also shows whether they
+  // are there at all.
   bool sinRespuesta(int error) override {
     if (!esSilencio(error)) return false;
     if (fase_ == kEnviar) {
@@ -84,6 +85,7 @@ class Comparacion final : public EnvioArticulos {
 
  protected:
   Resultado<> preparar() override { return remesa_.empezar(true, {desde_, t_.Hasta}, true); }
+  bool borrando() const override { return fase_ == kBorrar || fase_ == kHacerSitio; }
   Resultado<Siguiente> paso() override {
     for (;;) {
       if (remesa_.faltaSitio()) {
@@ -117,10 +119,10 @@ class Comparacion final : public EnvioArticulos {
  private:
   enum Fase { kPreguntar = 10, kEnviar = 11, kBorrar = 12, kContrastar = 13, kHacerSitio = 14 };
   static constexpr qint64 kDetrasDeTodos = 10'000'000;
-  // So many deletions are believed; then they are asked whether the last one is gone.
+  // This many deletions are trusted; then the scales are asked whether the last one is gone.
   static constexpr int kBorradosSinMirar = 16;
   Siguiente enviar(const maquinas::Peticion& p) { return EnvioArticulos::enviar(0, p); }
-  // Their first number at or after the one that was asked for.
+  // Their first number at or after the requested one.
   Resultado<> tienen(qint64 suyo) {
     dudosa_ = false;
     if (mirando_ && suyo == desde_) {
@@ -151,21 +153,21 @@ class Comparacion final : public EnvioArticulos {
     remesa_.enviado();
     siguienteNuestro();
   }
-  // Our present article is dealt with, and theirs of that number.
+  // Our present article, and theirs of that number, are dealt with.
   void siguienteNuestro() {
     if (desde_ == nuestro_) ++desde_;
     sabida_ = false;
   }
 
   int fase_ = kPreguntar;
-  qint64 desde_;         // the number of theirs that comes next, or from which to ask
-  qint64 nuestro_ = 0;   // ours that comes next
-  bool sabida_ = false;  // theirs is the one that they just told
-  QByteArray registro_;  // of ours, as it goes
+  qint64 desde_;         // their next number, or the one to ask from
+  qint64 nuestro_ = 0;   // our next number
+  bool sabida_ = false;  // they have just reported theirs
+  QByteArray registro_;  // of ours, as sent
   bool final_ = false, dudosa_ = false, deben_ = false;
-  qint64 borradoCallado_ = -1;  // the deletion that got no answer
+  qint64 borradoCallado_ = -1;  // the unanswered deletion
   int borradosSinMirar_ = 0;
-  bool mirando_ = false;  // the number asked for is one that they have deleted
+  bool mirando_ = false;  // the requested number is one that they have deleted
 };
 
 }  // namespace

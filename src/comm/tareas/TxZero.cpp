@@ -20,9 +20,9 @@ std::unexpected<Error> suprimido(const QString& texto) {
 }
 
 // Tells each machine of a group to forget its counters. The intention is on disk before a machine's
-// first frame, the outcome right after its answer; a register, which clears one set of counters a
-// frame, is noted set by set. Where the run goes on from one that was cut off, the machine was left
-// half cleared, or an order got no answer, it must first show that it holds what was read of it.
+// first frame, the outcome right after its answer; for a register, which clears one set of counters
+// with each frame, set by set. If the run continues an interrupted one, the machine was left half
+// cleared, or an order got no answer, it must first show that it holds what was read from it.
 class Cero final : public motor::TrabajoTarea {
  public:
   Cero(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e), toda_(t.Todo) {}
@@ -40,8 +40,8 @@ class Cero final : public motor::TrabajoTarea {
     m_.insistida = false;
     if (!prueba_) dudar();
   }
-  // At once, while the link is there and nothing new is sold: what it holds, and then the order
-  // once more.
+  // At once, while the link is up and nothing new is sold: the grand total is read, and then the
+  // order repeated.
   bool sinRespuesta(int) override {
     if (prueba_ || !m_.anunciada || std::exchange(m_.insistida, true)) return false;
     dudar();
@@ -49,6 +49,9 @@ class Cero final : public motor::TrabajoTarea {
   }
   Resultado<std::vector<totals::Aviso>> cerrar() override { return std::move(avisos_); }
   qint64 avance() const override { return static_cast<qint64>(maquina_); }
+  QString MostrarTraza() const override {
+    return pasos() == 1 ? e_.textos(kTxPasoCero) : e_.textos(kTxPasoCeroDe, {m_.paso, pasos()});
+  }
 
  private:
   Resultado<> preparar();
@@ -69,13 +72,13 @@ class Cero final : public motor::TrabajoTarea {
 
   const motor::DatosTarea t_;
   const motor::Entorno e_;
-  // Where the present machine is.
+  // The progress of the present machine.
   struct Marcha {
     int paso = 1;
-    bool mirada = false;     // what this run told it before was looked up
+    bool mirada = false;     // this run's earlier orders to it were looked up
     bool anunciada = false;  // the present order is on disk
-    bool dudosa = false;     // it was told something, and nobody knows if it heard
-    bool probada = false;    // it has shown what it holds
+    bool dudosa = false;     // it was given an order, with unknown effect
+    bool probada = false;    // it has shown its contents
     bool insistida = false;  // a silence was followed by a question in this attempt
   };
 
@@ -99,8 +102,7 @@ Resultado<> Cero::preparar() {
       t_.Tipo == TipoGrupo::Registradoras ? t_.Direcciones : std::vector<int>{0};
   for (const int a : todas) {
     if (std::ranges::find(pendientes_, a) != pendientes_.end()) continue;
-    // Registers that forgot before a re-start are passed over; one machine alone is asked what it
-    // holds.
+    // Registers that forgot before a restart are skipped; a single machine is asked what it holds.
     TARVO_TOMAR(const auto ya, e_.sesion.ceroYaHecho(t_.Grupo, a));
     if (!ya || (t_.Tipo != TipoGrupo::Registradoras && !comprobar_)) pendientes_.push_back(a);
   }
@@ -108,8 +110,8 @@ Resultado<> Cero::preparar() {
   return {};
 }
 
-// The machine's grand total against what was read of it. Nothing when the machine may be told to
-// forget now, or is done with.
+// Compares the machine's grand total with what was read from it. Nothing if the machine may be told
+// to forget now, or is finished.
 Resultado<std::optional<Siguiente>> Cero::probar() {
   if (!prueba_) {
     motor::DatosTarea t = t_;
@@ -127,9 +129,9 @@ Resultado<std::optional<Siguiente>> Cero::probar() {
   return std::nullopt;
 }
 
-// Takes the machine up where it was left, by the grand total that it has just told. Of a register
-// nobody knows which frame clears what: it is told on only when it has sold nothing since it was
-// read, or since its grand total was cleared.
+// Resumes the machine where it was left, by the grand total just read. Which frame of a register
+// clears what is unknown: its orders continue only if it has sold nothing since it was read, or
+// since its grand total was cleared.
 Resultado<> Cero::juzgar(const totals::Contadores& leido) {
   TARVO_TOMAR(const auto r, e_.sesion.compararGranTotal(t_.Grupo, addr(), leido));
   prueba_.reset();
@@ -153,7 +155,7 @@ Resultado<> Cero::juzgar(const totals::Contadores& leido) {
   return {};
 }
 
-// Where the machine is: a set that was confirmed is not cleared again.
+// The machine's progress: a confirmed set is not cleared again.
 Resultado<> Cero::mirar() {
   if (m_.mirada || t_.Tipo != TipoGrupo::Registradoras) return {};
   TARVO_TOMAR(const auto p, e_.sesion.partesHechas(t_.Grupo, addr()));
@@ -163,8 +165,8 @@ Resultado<> Cero::mirar() {
   return {};
 }
 
-// An order without an answer may have been obeyed, and the machine may have sold since: it isn't
-// sent again on trust.
+// An unanswered order may have been obeyed, and the machine may have sold since: it isn't repeated
+// on trust.
 void Cero::dudar() {
   if (!m_.anunciada) return;
   if (t_.Tipo == TipoGrupo::Ebony) m_.paso = 1;
@@ -204,7 +206,7 @@ Siguiente Cero::trama() const {
 
 bool Cero::encaja(int addrTrama, int codigo, const QByteArray& datos) const {
   if (prueba_) return prueba_->encaja(addrTrama, codigo, datos);
-  // Whatever an Ebony machine says after the order is its answer.
+  // Any frame of an Ebony machine after the order is its answer.
   return t_.Tipo == TipoGrupo::Ebony || (maquina_ < pendientes_.size() && codigo == trama().codigo);
 }
 

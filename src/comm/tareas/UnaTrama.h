@@ -1,4 +1,4 @@
-// A task of one frame, whose good answer is all there is to it.
+// A task of one frame, which is done with its good answer.
 #pragma once
 
 #include "comm/maquinas/Campos.h"

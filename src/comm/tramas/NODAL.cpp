@@ -22,7 +22,7 @@ int campoNODAL(const QByteArray& linea, qsizetype desde) {
   return linea.mid(desde, 2).toInt(nullptr, 16);
 }
 
-// What the check must add up to 256 with.
+// The sum that the check must complete to a multiple of 256.
 int sumaNODAL(const TramaNODAL& t) {
   unsigned suma = static_cast<unsigned>(t.origen + t.destino + t.secuencia + t.codigo);
   for (const char c : t.datos) suma += static_cast<unsigned char>(c);

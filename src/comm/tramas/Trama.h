@@ -1,8 +1,8 @@
-// The two frame protocols of the machines as pure functions: bytes in, frames out, no state but the
-// caller's. Layouts and checks: docs/protocolos.md.
+// The two frame protocols of the machines as pure functions: bytes in, frames out, with no state
+// but the caller's. Layouts and checks: docs/protocolos.md.
 //
-// A reader never keeps more than kMaxPendiente bytes of an unfinished frame: what is longer is
-// noise and goes.
+// A reader never keeps more than kMaxPendiente bytes of an unfinished frame: a longer one is noise
+// and is dropped.
 #pragma once
 
 #include <QByteArray>
@@ -15,8 +15,7 @@ inline constexpr char kSTX = 0x02, kETX = 0x03, kACK = 0x06, kNAK = 0x15, kCR = 
 inline constexpr int kCodigoTransaccion = 995;
 inline constexpr int kMaxPendiente = 64 * 1024;
 
-// --- VEK: decimal text, one-byte acknowledgement
-// ---------------------------------------------------
+// --- VEK: decimal text, one-byte acknowledgement ---
 struct TramaVEK {
   int secuencia = 0;  // 0 to 99
   int addr = -1;      // -1 with the wide layout
@@ -25,28 +24,27 @@ struct TramaVEK {
   bool operator==(const TramaVEK&) const = default;
 };
 
-// The address, code and data fields as a repeat keeps them. An end sign inside the data would cut
-// the frame in two, so that it goes out as a blank. REQUIRES: addr 0 to 99, codigo 0 to 9999.
+// The address, code and data fields, which a repeat keeps. An end sign inside the data would cut
+// the frame in two, so it goes out as a blank. REQUIRES: addr 0 to 99, codigo 0 to 9999.
 QByteArray cuerpoVEK(int addr, int codigo, const QByteArray& datos);
 // A whole frame of station 0 around a body.
 QByteArray construirVEK(int secuencia, const QByteArray& cuerpo);
 
-// What reading a buffer gave. `mala` means that the step ends at once: the frame is gone from the
-// buffer, and any good frame read before it in this call is forgotten.
+// The result of reading a buffer. `mala` means that the step ends at once: the frame is removed
+// from the buffer, and any good frame read before it in this call is dropped.
 struct LecturaVEK {
   std::optional<TramaVEK> trama;  // the last good frame
   std::vector<TramaVEK> previas;  // good frames before it, in their order
   bool mala = false;
 };
 // Cuts every whole frame off `buffer`; an unfinished one stays in it. `ancha` reads the layout of
-// codes above 999. An acknowledgement that stands where a frame would begin ends the reading and
-// stays: it is its reader's affair.
+// codes above 999. An acknowledgement where a frame would begin ends the reading and stays for its
+// own reader.
 LecturaVEK leerVEK(QByteArray& buffer, bool ancha);
-// The same frame read by the usual layout, for one that was read by the wide one.
+// A frame read with the wide layout, read again with the usual one.
 TramaVEK estrecha(const TramaVEK& ancha);
 
-// --- NODAL: hexadecimal, acknowledgement frame
-// -----------------------------------------------------
+// --- NODAL: hexadecimal, acknowledgement frame ---
 inline constexpr int kNodalAck = 6, kNodalRechazo = 7, kNodalEspera = 8, kNodalNak = 21,
                      kNodalFin = 26;
 
@@ -58,12 +56,12 @@ struct TramaNODAL {
   bool operator==(const TramaNODAL&) const = default;
 };
 
-// A return inside the data would cut the frame in two, so that it goes out as a blank.
+// A return inside the data would cut the frame in two, so it goes out as a blank.
 QByteArray construirNODAL(const TramaNODAL& trama);
-// What the buffer held up to its first CR.
+// The contents of the buffer up to its first CR.
 struct LecturaNODAL {
   bool hayLinea = false;            // false: no CR yet, the buffer is untouched
-  std::optional<TramaNODAL> trama;  // nothing when the line was no good frame
+  std::optional<TramaNODAL> trama;  // nothing if the line was no good frame
 };
 LecturaNODAL leerNODAL(QByteArray& buffer);
 

@@ -95,7 +95,9 @@ CfgComm::Canal CfgComm::montarCanal(QGridLayout& reja, QWidget* caja, int n) {
   for (QPushButton* boton : {canal.rs232, canal.modem}) boton->setAccessibleName(boton->toolTip());
   canal.imagen->setIconSize(QSize(escalar(kIconoGrande), escalar(kIconoGrande)));
   canal.imagen->installEventFilter(this);
-  for (int uso = 0; uso < kUsos; ++uso) canal.uso->addItem(t(kTxUso + uso), uso);
+  Opciones usos;
+  for (int uso = 0; uso < kUsos; ++uso) usos.push_back({uso, t(kTxUso + uso)});
+  llenar(*canal.uso, usos);
   connect(&enlazarCampo(*canal.uso, r.canales[sitio].Device), &Campo::cambiado, this,
           [this, sitio] { mostrarCanal(sitio); });
   connect(canal.rs232, &QPushButton::clicked, this,

@@ -22,6 +22,37 @@ bool esNormal(int estado) {
          estado == motor::kRetenido || estado == motor::kDetenido;
 }
 
+// What a shop can look at, by the error's code; 0 for nothing.
+int consejoDe(int error) {
+  switch (error) {
+    case 23:  // the port, the address or the line of the machine
+    case 26:
+    case 30:
+    case 32:
+      return kTxConsejoRed;
+    case 10:
+    case 11:
+    case 25:
+    case 29:
+      return kTxConsejoModem;
+    case 4:
+    case 14:
+    case 27:
+      return kTxConsejoOcupado;
+    case 5:
+    case 6:
+    case 7:
+    case 8:
+    case 16:
+    case 17:
+    case 18:
+    case 28:
+      return kTxConsejoCable;
+    default:
+      return 0;
+  }
+}
+
 }  // namespace
 
 Diagnostico::Diagnostico(Contexto& c, const QString& nombre, const Servicios& s)
@@ -41,18 +72,17 @@ Diagnostico::Diagnostico(Contexto& c, const QString& nombre, const Servicios& s)
     QWidget* quien = dueno();
     const int tarea = tarea_;
     aceptar();
-    contexto().ventanas.abrir(u"VerTramas"_s, quien, {{u"tarea"_s, tarea}});
+    contexto().ventanas.abrir(PuertaVerTramas{.tarea = tarea}, quien);
   });
 }
 
-Resultado<> Diagnostico::preparar(const Argumentos& a) {
-  tarea_ = a.value(u"tarea"_s).toInt();
+Resultado<> Diagnostico::entrar(const PuertaDiagnostico& puerta) {
+  tarea_ = puerta.tarea;
   const auto tarea = s_.motor.tarea(tarea_);
   ui_.LblTarea->setVisible(tarea.has_value());
   ui_.Tramas->setVisible(tarea.has_value());
   if (!tarea) {
-    decir(a.value(u"estado"_s).toInt(), a.value(u"error"_s).toInt(),
-          a.value(u"textoError"_s).toString());
+    decir(puerta.estado, puerta.error, puerta.textoError);
     return {};
   }
   const motor::ClaseTarea* clase = s_.registro.de(tarea->datos.Clase);
@@ -79,7 +109,10 @@ void Diagnostico::decir(int estado, int error, const QString& textoError) {
   for (const QString& linea : {e.cabecera, e.mensaje, e.detalle, textoError})
     if (!linea.isEmpty()) lineas << linea;
   ui_.TxtDetalle->setPlainText(lineas.join(u'\n'));
-  ui_.LblRemedio->setText(t(estado == motor::kRechazado ? kTxRemedioCanal : kTxRemedioReintento));
+  if (estado == motor::kRechazado) return ui_.LblRemedio->setText(t(kTxRemedioCanal));
+  const QString luego = t(s_.motor.ModoAutomatico() ? kTxRemedioReintento : kTxRemedioManual);
+  const int consejo = consejoDe(error);
+  ui_.LblRemedio->setText(consejo == 0 ? luego : t(consejo) + u'\n' + luego);
 }
 
 }  // namespace tarvo::comm

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "comm/ventanas/Puertas.h"
 #include "comm/ventanas/Servicios.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_FormaDiagnostico.h"
@@ -10,7 +11,7 @@ namespace tarvo::comm {
 class Diagnostico final : public ventanas::Ventana {
  public:
   Diagnostico(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaDiagnostico& puerta);
 
  private:
   void decir(int estado, int error, const QString& textoError);

@@ -41,17 +41,16 @@ void DialogoGrupos::usar(QListWidget* lista, QCheckBox* todas, QPushButton* acep
   connect(cancelo, &QPushButton::clicked, this, [this] { rechazar(); });
 }
 
-Resultado<> DialogoGrupos::preparar(const Argumentos& a) {
-  const auto tarea = deNumero<TipoTarea>(a.value(u"clase"_s).toInt());
-  const motor::ClaseTarea* clase = tarea ? s_.registro.de(*tarea) : nullptr;
+Resultado<> DialogoGrupos::pedir(TipoTarea cual) {
+  const motor::ClaseTarea* clase = s_.registro.de(cual);
   if (!clase) return fallo(Fallo::NoExiste, t(kTxSinGrupos));
-  clase_ = *tarea;
+  clase_ = cual;
   setWindowTitle(t(clase->titulo));
-  TARVO_TOMAR(const auto grupos, gruposPara(contexto().db, *clase));
+  TARVO_TOMAR(const auto grupos, s_.grupos.deTipos(clase->tipos));
   if (grupos.empty()) return fallo(Fallo::NoExiste, t(kTxSinGrupos));
   lista_->clear();
-  for (const GrupoElegible& g : grupos) {
-    auto* fila = new QListWidgetItem(g.nombre, lista_);
+  for (const envios::GrupoElegible& g : grupos) {
+    auto* fila = new QListWidgetItem(Ceros(g.codigo, 4) + u"  "_s + g.nombre, lista_);
     fila->setData(kCodigoGrupo, g.codigo);
     fila->setSizeHint(QSize(0, escalar(kAltoFila)));
   }
@@ -95,7 +94,7 @@ void DialogoGrupos::encolar() {
     return decirDuda(t(kTxEligeGrupo));
   }
   const auto que = leerCampos();
-  if (!que || !consientePerder(*this, clase_, grupos)) return;
+  if (!que || !consientePerder(*this, s_.grupos, clase_, grupos)) return;
   auto* quien = qobject_cast<Ventana*>(dueno());
   encolarGrupos(quien ? *quien : *this, s_.motor, grupos, *que);
   aceptar();

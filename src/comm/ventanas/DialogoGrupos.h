@@ -29,9 +29,10 @@ class RangoCodigos {
 class DialogoGrupos : public ventanas::Ventana {
  public:
   DialogoGrupos(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
 
  protected:
+  // The groups that this kind of task may go to; an error when there are none.
+  Resultado<> pedir(TipoTarea clase);
   void usar(QListWidget* lista, QCheckBox* todas, QPushButton* acepto, QPushButton* cancelo);
   // The request as the fields say; nothing when a field is wrong, which is said.
   virtual std::optional<PeticionTarea> leerCampos() = 0;

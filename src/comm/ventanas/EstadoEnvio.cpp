@@ -3,11 +3,10 @@
 #include <QHBoxLayout>
 #include <algorithm>
 
-#include "comm/envios/Comparada.h"
-#include "comm/envios/TablaDeEstado.h"
 #include "comm/ventanas/TextosCommVentanas.h"
 #include "comm/ventanas/gestcomm/ModeloTareas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/edicion/Opciones.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
@@ -101,12 +100,11 @@ void EstadoEnvio::montar() {
   unir(ui_.Pedir, u"recibir"_s, Qt::Key_F7, [this] { pedir(); });
   unir(ui_.Parar, u"parar"_s, Qt::Key_F8, [this] { parar(); });
   unir(ui_.Recalcular, u"refrescar"_s, Qt::CTRL | Qt::Key_R, [this] { calcular(); });
-  ui_.Ver->addItem(t(kTxPorArreglar), kPorArreglar);
-  ui_.Ver->addItem(t(kTxTodosLosArticulos), kTodos);
-  for (int i = 0; i < envios::kSituaciones; ++i) ui_.Ver->addItem(t(kTxSituaciones + i), i);
+  Opciones vistas{{kPorArreglar, t(kTxPorArreglar)}, {kTodos, t(kTxTodosLosArticulos)}};
+  for (int i = 0; i < envios::kSituaciones; ++i) vistas.push_back({i, t(kTxSituaciones + i)});
+  ventanas::llenar(*ui_.Ver, vistas);
   ui_.lista->preparar(contexto(), nombre(), columnasEstado(contexto().textos));
   ui_.lista->filtros()->addWidget(ui_.filtros);
-  ui_.lista->setVacia(t(kTxNingunoAsi));
   ui_.lista->setAcciones({ui_.Enviar, ui_.Pedir, ui_.Parar, ui_.Recalcular});
   ui_.ficha->preparar(contexto(), nombre(), columnasFicha(contexto().textos));
   ui_.ficha->vivas();
@@ -120,30 +118,22 @@ void EstadoEnvio::montar() {
     connect(p, &Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
 }
 
-Resultado<> EstadoEnvio::preparar(const Argumentos& a) {
-  TARVO_INTENTAR(llenarGrupos(a.value(u"grupo"_s, grupo()).toInt()));
+Resultado<> EstadoEnvio::entrar(const PuertaEstadoEnvio& puerta) {
+  TARVO_INTENTAR(llenarGrupos(puerta.grupo > 0 ? puerta.grupo : grupo()));
   calcular();
   ui_.lista->setFocus();
   return {};
 }
 
-Resultado<> EstadoEnvio::llenarGrupos(int elegido) {
-  TARVO_TOMAR(
-      auto rs,
-      contexto().db.consultar(
-          u"SELECT CODGPO, Format(CODGPO,'0000') & '  ' & NOMGPO FROM GRUPOS ORDER BY CODGPO"));
-  ui_.Grupo->clear();
-  for (; !rs->Eof();) {
-    ui_.Grupo->addItem(rs->texto(1), rs->entero(0));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  ui_.Grupo->setCurrentIndex(std::max(0, ui_.Grupo->findData(elegido)));
+Resultado<> EstadoEnvio::llenarGrupos(int cual) {
+  TARVO_INTENTAR(ventanas::llenar(*ui_.Grupo, contexto().nombres.grupos(), 4));
+  if (!elegir(*ui_.Grupo, cual)) ui_.Grupo->setCurrentIndex(ui_.Grupo->count() > 0 ? 0 : -1);
   if (ui_.Grupo->count() == 0) decirDuda(t(kTxSinGruposQueVer));
   return {};
 }
 
 int EstadoEnvio::grupo() const {
-  return ui_.Grupo->currentData().toInt();
+  return static_cast<int>(elegido(*ui_.Grupo));
 }
 
 // --- what it shows
@@ -151,28 +141,22 @@ int EstadoEnvio::grupo() const {
 
 void EstadoEnvio::calcular() {
   destino_.reset();
-  const auto d = envios::destinoDeGrupo(contexto().db, grupo());
+  const auto d = s_.grupos.destino(grupo());
   if (!haIdoBien(d) || !*d) return;
   destino_ = **d;
   mirarTareas();
   ui_.Pedir->setEnabled(destino_->conCross());
   ui_.ficha->setVacia(t(destino_->conCross() ? kTxEligeArticulo : kTxNoSePuedePedir));
   ui_.LblCuenta->setText(t(kTxCalculando));
-  const Textos& textos = contexto().textos;
-  const Fecha ahora = contexto().reloj.ahora();
-  pregunta_.preguntar<Estados>(
-      [destino = *destino_, &textos, ahora](dao::Database& db) {
-        return envios::estadoDeEnvio(db, destino, textos, ahora);
-      },
-      [this](Resultado<Estados> r) {
-        if (haIdoBien(r)) llenar(std::move(*r));
-      });
+  pregunta_.preguntar<Estados>(s_.grupos.estado(*destino_), [this](Resultado<Estados> r) {
+    if (haIdoBien(r)) llenar(std::move(*r));
+  });
 }
 
 void EstadoEnvio::llenar(Estados estados) {
   contar(estados);
   if (trabajo().enMarcha()) trabajo().parar();
-  auto tabla = std::make_shared<envios::TablaDeEstado>(contexto().db, std::move(estados));
+  auto tabla = s_.grupos.tabla(std::move(estados));
   llena_ = false;
   trabajo().empezar(
       t(kTxCalculando), [tabla](Trabajo::Avance& a) { return tabla->paso(a); },
@@ -194,14 +178,16 @@ void EstadoEnvio::contar(const Estados& estados) {
 
 void EstadoEnvio::filtrar() {
   if (!llena_) return;
-  const int que = ui_.Ver->currentData().toInt();
+  const auto que = static_cast<int>(elegido(*ui_.Ver));
   Origen o{.desde = QString::fromUtf16(envios::kTablaDeEstado),
            .identidad = u"CODPLU"_s,
            .orden = u"CODPLU"_s};
   if (que == kPorArreglar)
-    o.filtro = u"SITUACION<>%1"_s.arg(static_cast<int>(Situacion::AlDia));
+    o.filtro = u"SITUACION<>?"_s, o.parametros = {static_cast<int>(Situacion::AlDia)};
   else if (que != kTodos)
-    o.filtro = u"SITUACION=%1"_s.arg(que);
+    o.filtro = u"SITUACION=?"_s, o.parametros = {que};
+  ui_.lista->setVacia(que == kPorArreglar ? t(kTxTodoAlDia).arg(ui_.Grupo->currentText())
+                                          : t(kTxNingunoAsi));
   haIdoBien(ui_.lista->abrir(o));
   mostrarFicha();
 }
@@ -211,9 +197,7 @@ void EstadoEnvio::mostrarFicha() {
   ui_.LblFicha->clear();
   if (!destino_ || !destino_->conCross() || fila < 0)
     return ui_.ficha->vivas().poner(std::vector<FilaViva>());
-  const auto f =
-      envios::compararFicha(contexto().db, *destino_, ui_.lista->valor(fila, u"CODPLU").entero(),
-                            contexto().ajustes, contexto().textos, contexto().reloj.ahora());
+  const auto f = s_.grupos.ficha(*destino_, ui_.lista->valor(fila, u"CODPLU").entero());
   if (!haIdoBien(f)) return;
   ui_.LblFicha->setText(
       !f->cuando ? t(kTxSinPedir)
@@ -241,7 +225,7 @@ std::vector<qint64> EstadoEnvio::elegidos() {
 void EstadoEnvio::enviar() {
   const std::vector<qint64> codigos = elegidos();
   if (codigos.empty() || !destino_) return;
-  const auto e = envios::encargar(contexto().db, *destino_, codigos);
+  const auto e = s_.grupos.encargar(*destino_, codigos);
   if (!haIdoBien(e)) return;
   int encoladas = 0;
   for (const envios::Encargo& tarea : e->tareas)

@@ -3,7 +3,7 @@
 #include <array>
 #include <set>
 
-#include "comm/envios/Estado.h"
+#include "comm/ventanas/Puertas.h"
 #include "comm/ventanas/Servicios.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "core/ventanas/parrilla/Aparte.h"
@@ -17,7 +17,7 @@ class EstadoEnvio final : public ventanas::Ventana, private motor::Observador {
  public:
   EstadoEnvio(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
   ~EstadoEnvio() override;
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaEstadoEnvio& puerta);
 
  private:
   using Estados = std::vector<envios::EstadoArticulo>;

@@ -1,11 +1,8 @@
 #include "comm/ventanas/GrpDlg.h"
 
 #include "comm/ventanas/TextosCommVentanas.h"
-#include "comm/ventanas/gestcomm/MenusComm.h"
 
 namespace tarvo::comm {
-
-using namespace Qt::StringLiterals;
 
 GrpDlg::GrpDlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s)
     : DialogoGrupos(c, nombre, s) {
@@ -14,9 +11,9 @@ GrpDlg::GrpDlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s)
   usar(ui_.lstGpo, ui_.Todas, ui_.Acepto, ui_.Cancelo);
 }
 
-Resultado<> GrpDlg::preparar(const ventanas::Argumentos& a) {
-  TARVO_INTENTAR(DialogoGrupos::preparar(a));
-  const int modo = a.value(u"modo"_s).toInt();
+Resultado<> GrpDlg::entrar(const PuertaGrpDlg& puerta) {
+  TARVO_INTENTAR(pedir(puerta.clase));
+  const ModoPedir modo = puerta.modo;
   ui_.NmBz->clear();
   ui_.NmBz->setVisible(modo == kModoBalanza);
   ui_.rotBz->setVisible(modo == kModoBalanza);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "comm/ventanas/DialogoGrupos.h"
+#include "comm/ventanas/Puertas.h"
 #include "ui_FormaGrpDlg.h"
 
 namespace tarvo::comm {
@@ -9,7 +10,7 @@ namespace tarvo::comm {
 class GrpDlg final : public DialogoGrupos {
  public:
   GrpDlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaGrpDlg& puerta);
 
  private:
   std::optional<PeticionTarea> leerCampos() override;

@@ -2,7 +2,6 @@
 
 #include <ranges>
 
-#include "comm/envios/Perdidas.h"
 #include "comm/ventanas/TextosCommVentanas.h"
 #include "core/dinero/Dinero.h"
 #include "core/ventanas/marco/MyMsgBox.h"
@@ -32,9 +31,10 @@ QString loQueTiene(const envios::Perdida& p, const ventanas::Ventana& quien) {
 
 }  // namespace
 
-bool consientePerder(ventanas::Ventana& quien, TipoTarea clase, const std::vector<int>& grupos) {
+bool consientePerder(ventanas::Ventana& quien, const envios::Grupos& deQuien, TipoTarea clase,
+                     const std::vector<int>& grupos) {
   if (clase != TipoTarea::TxZero && clase != TipoTarea::BorrPlu) return true;
-  const auto perdidas = envios::loQueSePierde(quien.contexto().db, grupos);
+  const auto perdidas = deQuien.loQueSePierde(grupos);
   if (!quien.haIdoBien(perdidas)) return false;
   QStringList lineas{quien.t(clase == TipoTarea::BorrPlu ? kTxPreguntaBorrado : kTxPreguntaCero,
                              static_cast<int>(perdidas->size()))};
@@ -45,31 +45,6 @@ bool consientePerder(ventanas::Ventana& quien, TipoTarea clase, const std::vecto
   using namespace ventanas;
   return MyMsgBox::Decide(&quien, quien.contexto().textos, lineas.join(u'\n'),
                           kAceptoCancelo | kExclamacion | kPrudente);
-}
-
-Resultado<std::vector<GrupoElegible>> gruposPara(dao::Database& db,
-                                                 const motor::ClaseTarea& clase) {
-  QStringList terminos;
-  for (const TipoGrupo tipo : clase.tipos) terminos << u"(TIPO=%1)"_s.arg(numeroDe(tipo));
-  TARVO_TOMAR(auto rs,
-              db.consultar(u"select codgpo, Format(codgpo,'0000') & '  ' & NOMGPO as nom "
-                           "from GRUPOS where %1 order by codgpo"_s.arg(terminos.join(u" or "))));
-  std::vector<GrupoElegible> grupos;
-  while (!rs->Eof()) {
-    grupos.push_back({static_cast<int>(rs->entero(0)), rs->texto(1)});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return grupos;
-}
-
-Resultado<std::set<TipoGrupo>> tiposDeGrupos(dao::Database& db) {
-  TARVO_TOMAR(auto rs, db.consultar(u"select distinct TIPO from GRUPOS"));
-  std::set<TipoGrupo> tipos;
-  while (!rs->Eof()) {
-    if (const auto tipo = deNumero<TipoGrupo>(rs->entero(0))) tipos.insert(*tipo);
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return tipos;
 }
 
 void encolarGrupos(ventanas::Ventana& quien, motor::gestcomm& motor, const std::vector<int>& grupos,

@@ -13,24 +13,15 @@
 
 namespace tarvo::comm {
 
-using namespace Qt::StringLiterals;
-
 void registrarVentanasComm(ventanas::Ventanas& v, const Servicios& s) {
-  const auto con = [&]<class W>(std::type_identity<W>, const QString& nombre,
-                                ventanas::Argumentos muestra = {}) {
-    v.registrar(
-        nombre, [s](ventanas::Contexto& c, const QString& n) { return new W(c, n, s); },
-        std::move(muestra));
-  };
-  con(std::type_identity<gestcommVentana>(), u"gestcomm"_s);
-  con(std::type_identity<GrpDlg>(), u"GrpDlg"_s,
-      {{u"clase"_s, numeroDe(TipoTarea::TxZero)}, {u"modo"_s, kModoCero}});
-  con(std::type_identity<TxPLUdlg>(), u"TxPLUdlg"_s, {{u"clase"_s, numeroDe(TipoTarea::TxPlus)}});
-  con(std::type_identity<RxPLUDlg>(), u"RxPLUDlg"_s, {{u"clase"_s, numeroDe(TipoTarea::RxPlus)}});
-  con(std::type_identity<Diagnostico>(), u"Diagnostico"_s,
-      {{u"estado"_s, int{motor::kInterrumpido}}, {u"error"_s, 18}});
-  con(std::type_identity<VerTramas>(), u"VerTramas"_s);
-  con(std::type_identity<EstadoEnvio>(), u"EstadoEnvio"_s);
+  v.registrar<PuertaGestcomm, gestcommVentana>(Servicios(s));
+  v.registrar<PuertaGrpDlg, GrpDlg>(Servicios(s));
+  v.registrar<PuertaTxPLUdlg, TxPLUdlg>(Servicios(s));
+  v.registrar<PuertaRxPLUDlg, RxPLUDlg>(Servicios(s));
+  v.registrar<PuertaDiagnostico, Diagnostico>(Servicios(s));
+  v.setMuestra(PuertaDiagnostico{.estado = motor::kInterrumpido, .error = 18});
+  v.registrar<PuertaVerTramas, VerTramas>(Servicios(s));
+  v.registrar<PuertaEstadoEnvio, EstadoEnvio>(Servicios(s));
   v.registrar<PuertaCfgComm, CfgComm>(s.motor);
   v.registrar<PuertaEdiParms, EdiParms>();
   v.registrar<PuertaATModf, ATModf>();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "comm/ventanas/DialogoGrupos.h"
+#include "comm/ventanas/Puertas.h"
 #include "ui_FormaRxPLUDlg.h"
 
 namespace tarvo::comm {
@@ -9,6 +10,7 @@ namespace tarvo::comm {
 class RxPLUDlg final : public DialogoGrupos {
  public:
   RxPLUDlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
+  Resultado<> entrar(const PuertaRxPLUDlg& puerta) { return pedir(puerta.clase); }
 
  private:
   std::optional<PeticionTarea> leerCampos() override;

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "comm/enlace/Escucha.h"
+#include "comm/envios/Grupos.h"
 #include "comm/motor/gestcomm.h"
 #include "totals/libros/Sesion.h"
 
@@ -28,6 +29,7 @@ struct Servicios {
   enlace::Enlaces& enlaces;
   totals::Sesion& sesion;
   const motor::RegistroTareas& registro;
+  const envios::Grupos& grupos;
   std::shared_ptr<Oido> oido = std::make_shared<Oido>();
 };
 

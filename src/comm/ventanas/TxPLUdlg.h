@@ -1,6 +1,7 @@
 #pragma once
 
 #include "comm/ventanas/DialogoGrupos.h"
+#include "comm/ventanas/Puertas.h"
 #include "ui_FormaTxPLUdlg.h"
 
 namespace tarvo::comm {
@@ -9,6 +10,7 @@ namespace tarvo::comm {
 class TxPLUdlg final : public DialogoGrupos {
  public:
   TxPLUdlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
+  Resultado<> entrar(const PuertaTxPLUdlg& puerta) { return pedir(puerta.clase); }
 
  private:
   std::optional<PeticionTarea> leerCampos() override;

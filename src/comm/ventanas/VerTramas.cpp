@@ -11,6 +11,7 @@
 #include "comm/ventanas/NombresTramas.h"
 #include "comm/ventanas/TextosCommVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/edicion/Opciones.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::comm {
@@ -163,15 +164,15 @@ void VerTramas::tareaCambiada(int id) {
   if (const auto tarea = s_.motor.tarea(id); tarea && tarea->Canal >= 0) canalVisto_ = tarea->Canal;
 }
 
-Resultado<> VerTramas::preparar(const Argumentos& a) {
-  tarea_ = a.value(u"tarea"_s).toInt();
+Resultado<> VerTramas::entrar(const PuertaVerTramas& puerta) {
+  tarea_ = puerta.tarea;
   const auto tarea = s_.motor.tarea(tarea_);
   canalTarea_ = -2;
-  canalVisto_ = tarea && tarea->Canal >= 0 ? tarea->Canal : a.value(u"canal"_s, -2).toInt();
+  canalVisto_ = tarea && tarea->Canal >= 0 ? tarea->Canal : puerta.canal.value_or(-2);
   canales_ = -1;
   llenarLineas();
-  const int quiere = tarea_ > 0 ? kDeTarea : a.value(u"canal"_s, kTodas).toInt();
-  ui_.Que->setCurrentIndex(std::max(0, ui_.Que->findData(quiere)));
+  const int quiere = tarea_ > 0 ? kDeTarea : puerta.canal.value_or(kTodas);
+  if (!elegir(*ui_.Que, quiere)) ui_.Que->setCurrentIndex(0);
   ui_.Pausa->setChecked(false);
   empezar();
   ui_.lista->setFocus();
@@ -182,20 +183,19 @@ void VerTramas::llenarLineas() {
   const auto canales = s_.motor.canales();
   if (static_cast<int>(canales.size()) == canales_) return;
   canales_ = static_cast<int>(canales.size());
-  const QVariant antes = ui_.Que->currentData();
-  ui_.Que->clear();
-  if (tarea_ > 0) ui_.Que->addItem(t(kTxLineaTarea).arg(Ceros(tarea_, 3)), kDeTarea);
-  ui_.Que->addItem(t(kTxTodosCanales), kTodas);
+  Opciones lineas;
+  if (tarea_ > 0) lineas.push_back({kDeTarea, t(kTxLineaTarea).arg(Ceros(tarea_, 3))});
+  lineas.push_back({kTodas, t(kTxTodosCanales)});
   for (int c = 0; c < canales_; ++c) {
     const QString& nombre = canales[static_cast<size_t>(c)].NombreEnlace;
-    ui_.Que->addItem(nombre.isEmpty() ? t(kTxCanal).arg(c + 1) : nombre, c);
+    lineas.push_back({c, nombre.isEmpty() ? t(kTxCanal).arg(c + 1) : nombre});
   }
-  ui_.Que->setCurrentIndex(std::max(0, ui_.Que->findData(antes)));
+  llenar(*ui_.Que, lineas);
 }
 
 // A task that is over keeps the channel that it had.
 int VerTramas::canal() const {
-  const int que = ui_.Que->currentData().toInt();
+  const auto que = static_cast<int>(elegido(*ui_.Que));
   return que != kDeTarea ? que : std::max(canalTarea_, kTodas);
 }
 
@@ -210,7 +210,7 @@ void VerTramas::empezar() {
 
 void VerTramas::seguir() {
   llenarLineas();
-  if (ui_.Que->currentData().toInt() == kDeTarea) {
+  if (elegido(*ui_.Que) == kDeTarea) {
     if (canalVisto_ != canalTarea_) {
       canalTarea_ = canalVisto_;
       return empezar();

@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "comm/ventanas/Puertas.h"
 #include "comm/ventanas/Servicios.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_FormaVerTramas.h"
@@ -13,7 +14,7 @@ class VerTramas final : public ventanas::Ventana, private motor::Observador {
  public:
   VerTramas(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
   ~VerTramas() override;
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaVerTramas& puerta);
 
  private:
   void tareaCambiada(int id) override;

@@ -53,36 +53,6 @@ Ajustes::Ajustes(QString laCarpeta, Idioma elIdioma, const std::vector<SalaDeAju
   MonedaLogo = {QString::fromUtf16(local.logo), QStringLiteral("Eur")};
   Euro = local.euro;
   decimalesLocal = local.decimales;
-  fijarTextosEtiquetas();
-}
-
-void Ajustes::fijarTextosEtiquetas() {
-  static constexpr const char16_t* kFijos[] = {u"kg",
-                                               u"",
-                                               u"",
-                                               u"",
-                                               u"PESO",
-                                               u"PRECIO",
-                                               u"IMPORTE",
-                                               u"TARA",
-                                               u"UNIDADES",
-                                               u"ELAB.",
-                                               u"CADU.",
-                                               u"ALMA.",
-                                               u"TARA",
-                                               u"CODIGO",
-                                               u"CONSUMIR ENTRE",
-                                               u"P",
-                                               u"PREPARADO EL",
-                                               u"CONSERVAR EN EL FRIGORIFICO",
-                                               u"NETO",
-                                               u"CONSERVAR ENTRE 0 Y +4 C"};
-  for (size_t i = 0; i < std::size(kFijos); ++i)
-    TextoEtiquetas[i + 1] = QString::fromUtf16(kFijos[i]);
-  const bool local = MonedaNativa == 0;
-  TextoEtiquetas[2] = local ? QStringLiteral("  P/kg") : QStringLiteral("€/kg");
-  TextoEtiquetas[3] = local ? QStringLiteral("Ptas") : QStringLiteral("€");
-  TextoEtiquetas[4] = local ? QStringLiteral("P/100g") : QStringLiteral("€/100g");
 }
 
 QString Ajustes::rutaConfig() const {

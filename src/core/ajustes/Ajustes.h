@@ -17,16 +17,16 @@ namespace tarvo {
 
 enum class Idioma { Espanol = 0, I = 1, F = 2, UK = 3, PL = 4, P = 5 };
 
-// What a number of the settings may be, where it is read and where it is typed.
+// The range of a numeric setting, both when it is read and when it is typed.
 struct Limites {
   int menor, mayor;
   constexpr bool admite(double n) const { return n >= menor && n <= mayor; }
 };
 inline constexpr Limites kLimitesRespuesta{1, 10 * 60 * 1000};  // ms to wait for an answer
-inline constexpr Limites kLimitesEspera{0, 10 * 60 * 1000};     // ms that may be none
+inline constexpr Limites kLimitesEspera{0, 10 * 60 * 1000};     // ms, may be 0
 inline constexpr Limites kLimitesIntentos{0, 999};              // repeats
 
-// Which kinds of task the language has.
+// The kinds of task that the language has.
 struct LimitesClases {
   int ClaseTxMin = 1, ClaseTxMax = 11;
   int ClaseRxMin = 16, ClaseRxMax = 21;
@@ -80,20 +80,20 @@ class Ajustes {
     return const_cast<T&>(std::as_const(*this).de<T>());
   }
 
-  // Reads the file over what is held. A missing file changes nothing, with no error. An unreadable
-  // one (no rights, a folder, megabytes) changes nothing either, and the error is returned for the
-  // caller to say.
+  // Reads the file over the present values. A missing file changes nothing and is no error. An
+  // unreadable one (no rights, a folder, too large) changes nothing either, and its error is
+  // returned for the caller to report.
   Resultado<> LeerConfig();
   // Writes the file whole beside its place and renames it.
   Resultado<> GuardarConfig() const;
   QString rutaConfig() const;
-  // The same on a text: LeerConfig and GuardarConfig without the file.
+  // The same for a text: LeerConfig and GuardarConfig without the file.
   void leer(const QString& texto);
   QString escribir() const;
 
-  // The name of a file as a setting or a process gives it ("\" and "/" part folders, case ignored)
-  // as a path of this system: relative names stand in `base`; an existing file is found without
-  // regard to case, the exact name first. What isn't there keeps the case that it was given.
+  // The name of a file as a setting or a process gives it ("\" and "/" separate folders, case
+  // ignored) as a path of this system: relative names are relative to `base`; an existing file is
+  // found regardless of case, the exact name first. A missing one keeps the case it was given.
   static QString ruta(const QString& nombre, const QString& base);
 
   bool EsEspanol() const { return idioma == Idioma::Espanol; }
@@ -113,22 +113,21 @@ class Ajustes {
   int decimalesLocal = 0;  // by language, not stored
   // Kept for rooms that are still to come.
   std::array<int, 2> OpcionesStockCompras{0, 0};
-  std::array<QString, 41> TextoEtiquetas;  // 1 to 40; 1 to 20 are fixed, see fijarTextosEtiquetas
+  std::array<QString, 41> TextoEtiquetas;  // 1 to 40; 1 to 20 come from the table of texts
 
-  // A line of the file that wasn't understood, or not all of it, and what counts instead of its
-  // value; empty where the line counts for nothing.
+  // A line of the file that wasn't fully understood, and the value used in its place; empty where
+  // the line is ignored.
   struct Duda {
     QString linea, vale, clave;
   };
   std::vector<Duda> dudas;
-  bool monedaLeida = false;            // MonedaNativa was in the file, and could be read
-  void ponerMonedaNativa(int moneda);  // with what follows from it
+  bool monedaLeida = false;            // MonedaNativa was in the file and readable
+  void ponerMonedaNativa(int moneda);  // and what follows from it
 
  private:
   [[noreturn]] static void faltaSala(const char* tipo);
   void ponerSala(const SalaDeAjustes& sala);
   void ordenarClaves();
-  void fijarTextosEtiquetas();  // slots 1 to 20, which follow MonedaNativa
 
   std::vector<std::any> deLasSalas_;
   std::vector<ClaveIni> claves_;  // as they are in the file

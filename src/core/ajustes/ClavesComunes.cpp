@@ -10,9 +10,10 @@ namespace {
 
 constexpr Limites kUnByte{0, 255};
 constexpr Limites kEtiquetasLibres{21, 40};
+constexpr int kLetrasLogo = 3;  // always, in the file
 
-// Relative where it is inside the program's folder, by whatever name: a folder that is copied or
-// moved takes all its files along.
+// Relative if it is inside the program's folder, under whatever name: a copied or moved folder
+// takes all its files along.
 QString rutaGuardada(const Ajustes& a, const QString& ruta) {
   const auto real = [](const QString& carpeta) {
     const QString canonica = QFileInfo(carpeta).canonicalFilePath();
@@ -47,7 +48,7 @@ bool leerByte(QStringView v, int& campo) {
   return ini::leerEntre(v, kUnByte, campo);
 }
 
-// The books are in the money that the database was last used with, not in one that was guessed.
+// The books are in the currency last used with the database, not in a guessed one.
 bool leerNativa(Ajustes& a, int, const QString& v) {
   int leida = a.MonedaNativa;
   a.monedaLeida = leerByte(v, leida);
@@ -57,15 +58,15 @@ bool leerNativa(Ajustes& a, int, const QString& v) {
 
 bool leerLogos(QStringView v, std::array<QString, 2>& logos) {
   for (size_t i = 0; i < logos.size(); ++i)
-    logos[i] = ini::parte(v, u',', static_cast<qsizetype>(i)).left(3).toString();
+    logos[i] = ini::parte(v, u',', static_cast<qsizetype>(i)).left(kLetrasLogo).toString();
   return true;
 }
 
 QString verLogos(const std::array<QString, 2>& logos) {
-  return logos[0] + u',' + logos[1];
+  return logos[0].leftJustified(kLetrasLogo) + u',' + logos[1].leftJustified(kLetrasLogo);
 }
 
-// A single has seven good digits; what lies after them is noise of its binary form.
+// A single has seven good digits; the rest is noise from its binary form.
 QString verEuro(float euro) {
   return QString::number(QString::number(euro, 'g', 7).toDouble(), 'f', 6);
 }

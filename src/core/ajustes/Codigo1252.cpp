@@ -11,8 +11,8 @@ namespace {
 
 constexpr char kMarca[] = "\xEF\xBB\xBF";
 
-// The text of bytes above ASCII that are UTF-8 throughout: in Windows-1252 they would be a capital
-// letter with an accent before each sign, which nobody writes.
+// The text of bytes that are valid UTF-8 throughout, some of them above ASCII: as Windows-1252 they
+// would be an accented capital before each sign, which nobody writes.
 std::optional<QString> deUtf8(const QByteArray& bytes) {
   if (std::ranges::none_of(bytes, [](char c) { return (c & 0x80) != 0; })) return std::nullopt;
   QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
@@ -39,7 +39,7 @@ QByteArray codificar1252(const QString& texto, char reemplazo) {
   QByteArray bytes;
   bytes.reserve(texto.size());
   for (const QChar c : texto) {
-    if (c.isLowSurrogate()) continue;  // its high half has given the one replacement
+    if (c.isLowSurrogate()) continue;  // its high half has been replaced already
     const int b = byte1252(c.unicode());
     bytes.append(b < 0 ? reemplazo : static_cast<char>(b));
   }

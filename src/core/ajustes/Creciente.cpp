@@ -16,7 +16,7 @@ namespace {
 
 const QString kEscribir = QStringLiteral("escribir");
 
-// How often a call is worth repeating that a signal broke off.
+// Repeats a call that a signal interrupted.
 template <class F>
 auto sinInterrupcion(F llamada) {
   auto r = llamada();
@@ -39,7 +39,7 @@ Resultado<Creciente> Creciente::abrir(const QString& ruta, bool crear) {
   if (!S_ISREG(datos.st_mode))
     return fallo(Fallo::Formato,
                  QStringLiteral("No se puede escribir %1: no es un fichero").arg(ruta));
-  // A file system without such locks has no second program either, as far as anybody can tell.
+  // On a file system without such locks a second program can't be detected.
   if (::flock(f.fd_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
     return fallo(
         Fallo::Ocupado,

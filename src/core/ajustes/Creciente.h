@@ -1,5 +1,5 @@
-// A file that grows at its end, for what is added to it piece by piece and may have to be taken
-// back. While it is open no other program can have it so.
+// A file that grows at its end, for data that is added piece by piece and may have to be taken
+// back. While it is open no other program can open it in this way.
 #pragma once
 
 #include <QByteArray>
@@ -11,7 +11,7 @@ namespace tarvo::ficheros {
 
 class Creciente {
  public:
-  // An ordinary file, made when it isn't there and `crear`. Errors: NoExiste, SinPermiso,
+  // An ordinary file, created if it is missing and `crear` is true. Errors: NoExiste, SinPermiso,
   // SoloLectura, DiscoLleno, Formato (a folder or a device), Ocupado (another program has it).
   static Resultado<Creciente> abrir(const QString& ruta, bool crear);
   Creciente(Creciente&& otro) noexcept;
@@ -22,9 +22,9 @@ class Creciente {
   // Up to `ancho` bytes from a place; fewer at the end of the file.
   Resultado<QByteArray> leer(qint64 desde, qint64 ancho) const;
   Resultado<> anadir(QByteArrayView bytes);
-  // What was added, and that the file is there, is on disk when this returns.
+  // When this returns, the added bytes and the file's directory entry are on disk.
   Resultado<> asegurar();
-  // Takes back what lies beyond a length, on disk too.
+  // Takes back everything beyond a length, on disk too.
   Resultado<> cortar(qint64 largo);
 
  private:

@@ -1,4 +1,4 @@
-// How a failure of the disk is told. Internal to the room.
+// How disk failures are reported. Internal to the room.
 #pragma once
 
 #include <QString>
@@ -9,7 +9,7 @@ namespace tarvo::ficheros {
 
 // "No se puede escribir RUTA: el disco está lleno"; `numero` is errno.
 std::unexpected<Error> falloDeDisco(const QString& verbo, const QString& ruta, int numero);
-// A name that was made or changed reaches the disk with its folder.
+// A created or changed name reaches the disk with its folder.
 void asegurarCarpetaDe(const QString& ruta);
 
 }  // namespace tarvo::ficheros

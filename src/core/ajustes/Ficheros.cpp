@@ -78,7 +78,7 @@ bool escribirTodo(int fd, const QByteArray& bytes) {
   return true;
 }
 
-// Writes a fresh file with the rights of the one that it will replace.
+// Writes a new file with the rights of the one it will replace.
 bool escribirNuevo(const QByteArray& nuevo, const QByteArray& viejo, const QByteArray& bytes) {
   struct stat antes{};
   const bool habia = ::stat(viejo.constData(), &antes) == 0;
@@ -133,7 +133,7 @@ Resultado<QByteArray> leerBytes(const QString& ruta, qint64 limite) {
 }
 
 Resultado<> escribirEntero(const QString& ruta, const QByteArray& bytes) {
-  // A link keeps pointing where it points; its target is what gets replaced.
+  // A link stays as it is; its target is replaced.
   const QString canonica = QFileInfo(ruta).canonicalFilePath();
   const QString destino = canonica.isEmpty() ? ruta : canonica;
   const QByteArray viejo = QFile::encodeName(destino);

@@ -16,8 +16,7 @@ qsizetype trasCifras(QStringView texto, qsizetype i) {
   return i;
 }
 
-// Parts "Puerto(2)" into its name and its index; false when what is in the brackets is no
-// number.
+// Splits "Puerto(2)" into its name and its index; false if the brackets don't contain a number.
 bool partirIndice(QStringView clave, Linea& linea) {
   const qsizetype abre = clave.indexOf(u'(');
   if (abre < 0 || !clave.endsWith(u')')) {
@@ -51,7 +50,7 @@ void recorrer(QStringView texto, const std::function<void(const Linea&)>& recibe
 
 namespace {
 
-// Where the longest leading number of a text ends.
+// The end of the longest leading number of a text.
 qsizetype finDelNumero(QStringView texto) {
   qsizetype i = !texto.isEmpty() && (texto[0] == u'-' || texto[0] == u'+') ? 1 : 0;
   i = trasCifras(texto, i);
@@ -85,7 +84,7 @@ double real(QStringView texto) {
 }
 
 int entero(QStringView texto, int minimo, int maximo) {
-  // A comma parts the values of a list; it is no decimal mark of a whole number.
+  // A comma separates the values of a list; it is no decimal mark of a whole number.
   const qsizetype coma = texto.indexOf(u',');
   const double x = std::trunc(real(coma < 0 ? texto : texto.left(coma)));
   return static_cast<int>(std::clamp<double>(x, minimo, maximo));

@@ -7,7 +7,7 @@ namespace tarvo {
 
 namespace {
 
-// The entry of a folder with this name, without regard to case; the name itself when there is none.
+// The entry of a folder with this name, regardless of case; the name itself if there is none.
 QString nombreEnDisco(const QString& carpeta, const QString& nombre) {
   const QDir dir(carpeta.isEmpty() ? QStringLiteral("/") : carpeta);
   const auto filtro = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;

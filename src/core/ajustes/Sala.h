@@ -21,13 +21,13 @@ namespace tarvo {
 
 inline constexpr Limites kSinIndice{-1, -1};
 
-// A key. `sitio` orders the file: a blank line parts its hundreds, and no two keys have the same.
+// A key. `sitio` orders the file: a blank line separates its hundreds, and no two keys have the same.
 // docs/formatos.md has them.
 template <class T>
 struct ClaveDe {
   int sitio;
   const char16_t* nombre;
-  // Takes what it can of the value, and gives false where that isn't all.
+  // Takes what it can of the value, and returns false if that isn't all of it.
   bool (*leer)(T&, int indice, const QString& valor);
   QString (*escribir)(const T&, int indice, Idioma idioma);
   Limites indices = kSinIndice;  // what may be in the brackets; a line for each

@@ -58,14 +58,12 @@ void Ajustes::leer(const QString& texto) {
                        conocida ? clave->escribir(*this, linea.indice) : QString(), linea.clave});
   });
   for (const auto& rematar : trasLeer_) rematar(*this);
-  fijarTextosEtiquetas();
 }
 
 void Ajustes::ponerMonedaNativa(int moneda) {
   MonedaNativa = moneda;
   for (Duda& d : dudas)
     if (d.clave == u"MONEDANATIVA") d.vale = QString::number(moneda);
-  fijarTextosEtiquetas();
 }
 
 QString Ajustes::escribir() const {

@@ -1,5 +1,5 @@
-// How the values of TARVO.INI are read and written. What reads takes as much of a value as it can,
-// and gives false where that isn't all.
+// How the values of TARVO.INI are read and written. Every reader takes what it can of a value, and
+// returns false if that isn't all of it.
 #pragma once
 
 #include "core/ajustes/Ajustes.h"
@@ -11,8 +11,8 @@ namespace tarvo::ini {
 bool leerEntre(QStringView v, Limites limites, int& campo);
 bool leer16(QStringView v, int& campo);
 bool leer32(QStringView v, int& campo);
-// Outside the limits what was there stays: a wait that nobody would live to see, or that is over
-// before it begins, is a slip.
+// Outside the limits the old value stays: an absurdly long wait, or one that is over before it
+// begins, is a typing error.
 bool leerSiCabe(QStringView v, Limites limites, int& campo);
 template <Limites kLimites>
 bool leerLimitado(QStringView v, int& campo) {
@@ -26,7 +26,7 @@ bool leerReal(QStringView v, float& campo);
 bool leerLogico(QStringView v, bool& campo);
 QString verLogico(bool b, Idioma idioma);
 
-// A date or a time that can't be read leaves what was there.
+// An unreadable date or time changes nothing.
 bool leerFecha(QStringView v, Fecha& campo);
 QString verFecha(Fecha fecha);
 bool leerHora(QStringView v, Fecha& campo);
@@ -36,7 +36,7 @@ bool leerTexto(const QString& v, QString& campo);
 bool leerMayusculas(const QString& v, QString& campo);
 QString verTexto(const QString& texto);
 
-// Two numbers parted by "|".
+// Two numbers separated by "|".
 bool leerPar(QStringView v, std::array<int, 2>& campo);
 QString verPar(const std::array<int, 2>& campo);
 

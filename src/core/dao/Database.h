@@ -3,8 +3,8 @@
 // SQL is written in the Jet dialect (see docs/formatos.md, "The SQL dialect"): #m/d/yyyy#, iif,
 // switch, isnull, format, int, ucase, val, &, [name], DELETE ALL * FROM, SELECT ALL, distinctrow,
 // like 'abc*'. It is translated once for each text and the prepared statement is kept. `?` marks a
-// parameter; values are bound, never pasted. A second engine can stand behind these classes:
-// nothing here is one engine's own.
+// parameter; values are bound, never pasted. Another engine could be put behind these classes:
+// nothing here is specific to one.
 #pragma once
 
 #include <functional>
@@ -28,7 +28,7 @@ class Sentencia {
 };
 
 struct Apertura {
-  bool crear = false;  // make an empty file when there is none
+  bool crear = false;  // create an empty file if there is none
   bool soloLeer = false;
   int esperaOcupada = 5000;  // ms to wait for another program's lock
 };
@@ -49,7 +49,7 @@ class Database {
   // Rows changed.
   virtual Resultado<qint64> Execute(QStringView sql, std::span<const Valor> parametros = {}) = 0;
   virtual Resultado<std::unique_ptr<Sentencia>> preparar(QStringView sql) = 0;
-  // A list of engine-neutral DDL or DML statements parted by ";" at the ends of lines, run as one
+  // A list of engine-neutral DDL or DML statements, separated by ";" at line ends and run as one
   // transaction.
   virtual Resultado<> ejecutarGuion(QStringView guion) = 0;
 
@@ -63,45 +63,43 @@ class Database {
     const std::array<Valor, sizeof...(P)> v{Valor(p)...};
     return OpenQuery(sql, std::span<const Valor>(v));
   }
-  // The first column of the first row, or Null when there is no row.
+  // The first column of the first row, or Null if there is no row.
   template <class... P>
   Resultado<Valor> uno(QStringView sql, const P&... p) {
     TARVO_TOMAR(auto rs, consultar(sql, p...));
     return rs->Eof() ? Valor() : rs->valor(0);
   }
 
-  // --- transactions
-  // ------------------------------------------------------------------------------- Nest freely: an
-  // inner Transaccion is a savepoint of the outer one.
+  // --- transactions ---
+  // Nest freely: an inner Transaccion is a savepoint of the outer one.
   virtual Resultado<> BeginTrans() = 0;
   virtual Resultado<> CommitTrans() = 0;
   virtual void Rollback() = 0;
   virtual int profundidad() const = 0;
 
-  // --- schema
-  // -------------------------------------------------------------------------------------
+  // --- schema ---
   virtual bool existeTabla(QStringView nombre) = 0;
   virtual bool existeColumna(QStringView tabla, QStringView columna) = 0;
-  // In their order; none when there is no such table.
+  // In their order; empty if there is no such table.
   virtual QStringList columnas(QStringView tabla) = 0;
-  // Gives the table `copia` a column of `origen`, of its kind; rows that are there take its
-  // default. NoExiste.
+  // Gives the table `copia` a column of `origen`, of the same kind; existing rows take its default.
+  // NoExiste.
   virtual Resultado<> copiarColumna(QStringView origen, QStringView columna, QStringView copia) = 0;
 
   // The file.
   virtual const QString& ruta() const = 0;
   // A consistent copy of the database in use, by the engine's online backup.
   virtual Resultado<> copiarEn(const QString& ruta) = 0;
-  // Moves what is committed from the engine's journal into the file itself, as far as no reader
-  // stands in the way, and flushes it: before a machine is told to forget what the books hold.
-  // Within a transaction it does nothing.
+  // Moves committed changes from the engine's journal into the file itself, as far as readers
+  // allow, and flushes it; done before a machine is told to forget what the books hold. Does
+  // nothing within a transaction.
   virtual Resultado<> asentar() = 0;
   // Counts every change made through this connection; equal values mean that no row changed in
   // between.
   virtual qint64 cambios() const = 0;
 };
 
-// Rolls back at the end of its scope unless confirmar() ran and answered well.
+// Rolls back at the end of its scope unless confirmar() has succeeded.
 class Transaccion {
  public:
   static Resultado<Transaccion> empezar(Database& db);

@@ -36,7 +36,7 @@ const QSet<QString>& fronteras() {
   return palabras;
 }
 
-// Renames of functions that differ in nothing but the name.
+// Functions that differ in name only.
 const QHash<QString, QString>& otrosNombres() {
   static const QHash<QString, QString> nombres{{u"len"_s, u"length"_s},
                                                {u"mid"_s, u"substr"_s},
@@ -82,7 +82,7 @@ class Traductor {
     return i >= 0 && i < tamano() && e_[i].minusc == palabra;
   }
   bool esFrontera(int i) const {
-    // left(x, n) is a function, LEFT JOIN parts.
+    // left(x, n) is a function, LEFT JOIN a boundary.
     if (es(i, u"left") && es(i + 1, u"(")) return false;
     return !e_[i].minusc.isEmpty() && fronteras().contains(e_[i].minusc);
   }
@@ -125,7 +125,7 @@ class Traductor {
     return salida;
   }
 
-  // A boundary word or sign, and the words of Jet that come after some of them.
+  // A boundary word or sign, and the Jet words that follow some of them.
   Resultado<> frontera(int& i, int fin, QString& salida) {
     unir(salida, e_[i].texto);
     const bool seleccion = es(i, u"select");
@@ -153,7 +153,7 @@ class Traductor {
     return esTexto_(ultimo.texto.toLower());
   }
 
-  // An operand; joined by & it becomes a text in which Null counts as empty.
+  // An operand; if joined by &, it becomes a text in which Null counts as empty.
   Texto operando(int i, int fin) {
     QString salida;
     int inicio = i;
@@ -184,7 +184,7 @@ class Traductor {
     return salida;
   }
 
-  // One element, or a group or a function with its parentheses; moves i after it.
+  // One element, or a group or function with its parentheses; moves i past it.
   Texto pieza(int& i) {
     const Elemento& e = e_[i];
     if (es(i, u"(")) return grupo(i, QString());
@@ -257,7 +257,7 @@ class Traductor {
       const QString nombre =
           e.minusc == u"cross" ? u"\"Cross\""_s : otrosNombres().value(e.minusc, e.texto);
       ++i;
-      // A keyword or a table's name keeps its distance from the parenthesis.
+      // A keyword or table name keeps the blank before its parenthesis.
       return grupo(i, nombre == e.texto ? nombre + u' ' : nombre);
     }
     ++i;
@@ -277,7 +277,7 @@ class Traductor {
     for (size_t i = 0; i < a.v.size(); i += 2) s += u" WHEN "_s + a.v[i] + u" THEN "_s + a.v[i + 1];
     return s + u" END"_s;
   }
-  // Down to a whole number, below zero too, in built-in terms only.
+  // Rounds down to a whole number, also below zero, with built-in functions only.
   Texto suelo(const QString& f, const Args& a) const {
     if (a.v.size() != 1) return sinTraduccion(f);
     const QString entero = u"CAST("_s + a.v[0] + u" AS INTEGER)"_s;
@@ -291,7 +291,7 @@ class Traductor {
     if (a.v.size() != 1) return sinTraduccion(f);
     return u"CAST("_s + a.v[0] + u" AS REAL)"_s;
   }
-  // Patterns of zeros, with or without decimals; a Null comes out empty.
+  // Patterns of zeros, with or without decimals; Null gives an empty text.
   Texto formato(const QString& f, const Args& a) const {
     static const QRegularExpression ceros(u"^'(0+)(?:\\.(0+))?'$"_s);
     if (a.v.size() != 2) return sinTraduccion(f);

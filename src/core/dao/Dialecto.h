@@ -1,8 +1,8 @@
-// Turns a statement of the Jet dialect into one of standard SQL as the engine reads it.
-// docs/formatos.md says what the dialect has.
+// Translates a statement of the Jet dialect into standard SQL as the engine reads it. The dialect:
+// docs/formatos.md.
 //
-// A statement that makes a view comes out in built-in functions only, so that the view works in any
-// program. Any other may use what the connection knows besides: the function `tarvo_ucase` and
+// A statement that creates a view uses built-in functions only, so that the view works in any
+// program. Others may also use what the connection adds: the function `tarvo_ucase` and
 // `tarvo_lcase` (case of all letters), the collation `tarvo_orden` (names as Spanish readers sort
 // them), and a LIKE with Jet's patterns.
 #pragma once
@@ -16,15 +16,14 @@
 
 namespace tarvo::dao {
 
-// Whether a column of that name (lower case) holds text somewhere in the database: such columns
-// sort by name.
+// Whether a column of that name (lower case) holds text in any table: such columns sort as names.
 using EsColumnaDeTexto = std::function<bool(const QString&)>;
 
-// Formato, with the word, for what has no translation.
+// Formato, naming the word, if there is no translation.
 Resultado<QString> traducirJet(QStringView sql, const EsColumnaDeTexto& esTexto = {});
 
-// The statements of a script, parted by ";" at the end of a line (a trigger holds some inside a
-// line).
+// The statements of a script, separated by ";" at the end of a line (a trigger contains some inside
+// a line).
 std::vector<QString> partirGuion(QStringView guion);
 
 }  // namespace tarvo::dao

@@ -77,7 +77,7 @@ class Cortador {
     return anadir(Clase::Numero, n);
   }
 
-  // What is between two marks; a doubled closing mark is one of the text's own.
+  // The text between two marks; a doubled closing mark stands for one.
   Resultado<> entre(Clase clase, QChar cierre, bool doblado) {
     const qsizetype inicio = i_++;
     QString texto;

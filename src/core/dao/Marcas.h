@@ -1,10 +1,10 @@
-// A statement that reads as one: a single literal, with named marks for what can't be bound.
+// A readable statement: a single literal, with named marks for what can't be bound.
 //
 //   db.ejecutar(conMarcas(u"UPDATE {tabla} SET LINK=? WHERE LINK=?", {{u"tabla", c.tabla}}), nuevo,
 //   link)
 //
-// Marks stand for names of tables and columns, lists of them, and whole conditions of our own. What
-// a person or a machine gave is bound to a "?", never put in.
+// Marks stand for names of tables and columns, lists of them, and whole conditions of our own.
+// Values from a person or a machine are bound to a "?", never put in.
 #pragma once
 
 #include <QString>
@@ -17,7 +17,7 @@ struct Marca {
   QString texto;
 };
 
-// Each {nombre} becomes its text, in which no further mark is looked for. A mark without a text
+// Each {nombre} becomes its text, which is not searched for further marks. A mark without a text
 // stays, and the statement is then refused with an error that shows it.
 QString conMarcas(QStringView sentencia, std::initializer_list<Marca> marcas);
 

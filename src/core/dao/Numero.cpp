@@ -16,7 +16,7 @@ qsizetype saltarCifras(QStringView s, qsizetype i) {
   return i;
 }
 
-// The longest beginning that is a number: sign, digits, point, digits, exponent.
+// The longest numeric prefix: sign, digits, point, digits, exponent.
 QStringView prefijoNumerico(QStringView s) {
   qsizetype i = !s.isEmpty() && (s[0] == u'-' || s[0] == u'+') ? 1 : 0;
   const qsizetype inicio = i;

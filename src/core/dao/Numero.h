@@ -1,4 +1,4 @@
-// How the store reads a number out of what a column holds: lenient, without regard to the locale.
+// How the store reads the number in a column: lenient, independent of the locale.
 #pragma once
 
 #include <QString>
@@ -6,10 +6,10 @@
 
 namespace tarvo::dao {
 
-// The number at the beginning of a text, after blanks; 0 when there is none.
+// The number at the beginning of a text, after blanks; 0 if there is none.
 double realDeTexto(QStringView texto);
 qint64 enteroDeTexto(QStringView texto);
-// Rounded to the nearest, halves to the even one; held within the range, 0 for no number.
+// Rounded to nearest, halves to even; clamped to the range; 0 for NaN.
 qint64 enteroDeReal(double x);
 // The shortest text that reads back as the same number; a whole one without a point.
 QString textoDeReal(double x);

@@ -13,8 +13,8 @@ struct Letra {
   const char* clave;
 };
 
-// "N~" sorts after every "N" followed by another letter or digit. The letters of Spanish and
-// Catalan: each takes two levels of the expression, and engines bound its depth (about thirty).
+// "N~" sorts after every "N" followed by another letter or digit. Only the letters of Spanish and
+// Catalan: each takes two levels of the expression, whose depth engines limit (about thirty).
 constexpr Letra kLetras[] = {{u'Á', u'á', "A"}, {u'À', u'à', "A"}, {u'É', u'é', "E"},
                              {u'È', u'è', "E"}, {u'Í', u'í', "I"}, {u'Ï', u'ï', "I"},
                              {u'Ó', u'ó', "O"}, {u'Ò', u'ò', "O"}, {u'Ú', u'ú', "U"},
@@ -26,7 +26,7 @@ const Letra* letraDe(char32_t c) {
   return nullptr;
 }
 
-// Gives the key of a UTF-8 text one byte after the other; -1 at its end.
+// Gives the key of a UTF-8 text byte by byte; -1 at its end.
 class Lector {
  public:
   explicit Lector(QByteArrayView s) : p_(s.begin()), fin_(s.end()) {}
@@ -52,8 +52,7 @@ class Lector {
   const char* resto_ = "";
 };
 
-// The one character that stands for a letter in a pattern: its key without the mark, but Ñ as
-// itself.
+// The single character for a letter in a pattern: its key without the mark, but Ñ as itself.
 QChar plegar(QChar c) {
   if (c >= u'a' && c <= u'z') return QChar(c.unicode() - 32);
   const Letra* l = c.unicode() < 0x80 ? nullptr : letraDe(c.unicode());
@@ -61,7 +60,7 @@ QChar plegar(QChar c) {
   return l->mayuscula == u'Ñ' ? QChar(u'Ñ') : QChar(QLatin1Char(l->clave[0]));
 }
 
-// Reads the list after "[" and moves `patron` after its "]". Nothing when the list is not closed.
+// Reads the list after "[" and moves `patron` past its "]". Nothing if the list is not closed.
 std::optional<bool> casaLista(QStringView& patron, QChar c) {
   qsizetype i = 0;
   const bool negada = patron.startsWith(u'!');
@@ -82,7 +81,7 @@ std::optional<bool> casaLista(QStringView& patron, QChar c) {
   return dentro != negada;
 }
 
-// Takes one element of the pattern, which is not "*", and tells whether it accepts the character.
+// Takes one element of the pattern, which is not "*", and reports whether it accepts the character.
 bool casaUno(QStringView& patron, QChar texto) {
   const QChar p = patron[0];
   const QChar c = plegar(texto);
@@ -129,7 +128,7 @@ int compararOrden(QByteArrayView a, QByteArrayView b) {
   }
 }
 
-// Greedy with one point to come back to: the last "*". Never more than length times length steps.
+// Greedy, backtracking only to the last "*". Never more than length times length steps.
 bool casaPatron(QStringView patron, QStringView texto) {
   QStringView trasAsterisco, textoAsterisco;
   bool hayAsterisco = false;

@@ -1,8 +1,8 @@
 // The order in which names sort and search: accents and case ignored, Ñ after N.
 //
-// An index cannot use a function of ours, because the file must open in any program that reads it.
-// So the same order exists twice, from one table of letters: as an expression of built-in
-// functions, for the schema, and as a comparison, for queries.
+// An index cannot use a function of ours, because the file must open in any program. So the order
+// exists twice, from one table of letters: for the schema as an expression of built-in functions,
+// and for queries as a comparison.
 #pragma once
 
 #include <QByteArrayView>
@@ -14,8 +14,7 @@ namespace tarvo::dao {
 
 // The key of a name; keys compare byte by byte as the names should.
 QString claveOrden(QStringView nombre);
-// An SQL expression with the key of a column (or of a parameter), made of upper() and replace()
-// only.
+// An SQL expression for the key of a column (or of a parameter), using upper() and replace() only.
 QString expresionOrden(QStringView columna);
 // Compares two UTF-8 texts by their keys, without making them.
 int compararOrden(QByteArrayView a, QByteArrayView b);

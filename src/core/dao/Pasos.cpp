@@ -43,7 +43,7 @@ bool completa(Database& db, const TablasDeSala& sala) {
   return std::ranges::all_of(objetosDe(sala), [&](const QString& o) { return db.existeTabla(o); });
 }
 
-// A room that lost a table has all its steps before it again: the table came by several.
+// A room that lost a table runs all its steps again, since several built the table.
 std::vector<const Paso*> porDar(Database& db, const TablasDeSala& sala, const Dados& dados) {
   const auto suyos = dados.find(sala.sala);
   const bool ninguno = suyos == dados.end() || !completa(db, sala);

@@ -1,13 +1,13 @@
 // A cursor over rows, in two kinds.
 //
-// A *table* recordset stands on one table in the order of one of its indexes: it seeks by key and
-// walks in index order. A *dynaset* walks the rows of a query, in its order, forward and read only.
+// A *table* recordset covers one table in the order of one of its indexes: it seeks by key and
+// walks in index order. A *dynaset* walks the rows of a query, in its order, forward and read-only.
 //
-// Position: a recordset is on a row, or at Eof. A fresh one is on its first row, or at Eof when
-// there is none. The accessors (nulo, entero, real, texto...) REQUIRE a row. Rows are read in
-// pages; after any write through the same Database the next move reads on from the database, so a
-// walk sees rows that were added ahead of it. Failures of the engine come back as Error and leave
-// the position as it was; Eof is no failure.
+// Position: a recordset is on a row, or at Eof. A new one is on its first row, or at Eof if there
+// is none. The accessors (nulo, entero, real, texto...) REQUIRE a row. Rows are read in pages;
+// after any write through the same Database the next move reads from the database again, so a walk
+// sees rows added ahead of it. Failures of the engine are returned as Error and leave the position
+// unchanged; Eof is no failure.
 #pragma once
 
 #include <array>
@@ -25,14 +25,12 @@ class Recordset {
  public:
   virtual ~Recordset() = default;
 
-  // --- columns: resolve once, then use the number
-  // ------------------------------------------------- The number of a column by its name, without
-  // regard to case; -1 when there is none.
+  // --- columns: resolve once, then use the number ---
+  // The number of a column by its name, regardless of case; -1 if there is none.
   virtual int columna(QStringView nombre) const = 0;
   virtual int numColumnas() const = 0;
 
-  // --- position
-  // -----------------------------------------------------------------------------------
+  // --- position ---
   virtual bool Eof() const = 0;
   virtual Resultado<> MoveFirst() = 0;
   virtual Resultado<> MoveNext() = 0;  // REQUIRES a row
@@ -41,7 +39,7 @@ class Recordset {
   // Table recordsets only. Changes the order; the position becomes the first row.
   virtual Resultado<> Index(QStringView nombre) = 0;
   // Seeks by the first parts of the index key. Igual: the first row whose key begins with `clave`.
-  // MayorIgual: the first row at or past it. True when found; when not, NoMatch() holds and the
+  // MayorIgual: the first row at or past it. True if found; if not, NoMatch() is true and the
   // recordset is at Eof.
   virtual Resultado<bool> Seek(Busca busca, std::span<const Valor> clave) = 0;
   template <class... K>
@@ -51,8 +49,7 @@ class Recordset {
   }
   virtual bool NoMatch() const = 0;
 
-  // --- the row under the cursor
-  // -------------------------------------------------------------------
+  // --- the row under the cursor ---
   virtual bool nulo(int columna) const = 0;
   virtual qint64 entero(int columna) const = 0;
   virtual double real(int columna) const = 0;
@@ -61,15 +58,15 @@ class Recordset {
   bool logico(int columna) const { return real(columna) != 0; }
   Fecha fecha(int columna) const { return Fecha::deDias(real(columna)); }
 
-  // --- writing, table recordsets only
-  // ------------------------------------------------------------- AddNew (or Edit, which REQUIRES a
-  // row), then poner for each column, then Update. Columns that are not put keep their value, or
-  // take their default. After Update of a new row the position is unchanged.
+  // --- writing, table recordsets only ---
+  // AddNew (or Edit, which REQUIRES a row), then poner for each column, then Update. Columns that
+  // are not set keep their value or take their default. Update of a new row leaves the position
+  // unchanged.
   virtual void AddNew() = 0;
   virtual void Edit() = 0;
   virtual void poner(int columna, const Valor& valor) = 0;
   virtual Resultado<> Update() = 0;
-  virtual Resultado<> Delete() = 0;  // the row goes; the position is the one after it
+  virtual Resultado<> Delete() = 0;  // the row goes; the position becomes the next one
 };
 
 }  // namespace tarvo::dao

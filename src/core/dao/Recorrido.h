@@ -5,7 +5,7 @@
 //   return reunir(db.consultar(u"select NMSECC from SECCS order by NMSECC"),
 //                 [](const Recordset& fila) { return fila.entero(0); });
 //
-// An error, of the query, of a move or of the callback, ends the walk and is its result.
+// An error of the query, a move or the callback ends the walk and is its result.
 #pragma once
 
 #include <concepts>
@@ -43,7 +43,7 @@ Resultado<> recorrer(Abierta filas, F&& una) {
   return recorrer(**filas, una);
 }
 
-// What `una` makes of each row, in the order of the query.
+// The results of `una` for each row, in the order of the query.
 template <class F>
 auto reunir(Abierta filas, F&& una)
     -> Resultado<std::vector<std::remove_cvref_t<std::invoke_result_t<F&, const Recordset&>>>> {

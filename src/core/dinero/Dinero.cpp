@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::array<int, 7> kPotencias{1, 10, 100, 1000, 10000, 100000, 1000000};
 
-// How numbers look in the language of this build.
+// The format of numbers in the language of this build.
 struct Signos {
   QChar millar, decimal;
 };
@@ -24,7 +24,7 @@ bool nativaEuro(const Ajustes& a) {
   return a.MonedaNativa != 0;
 }
 
-// A rate that was never set (0) counts as 1, so that no amount is divided by nothing.
+// A rate that was never set (0) counts as 1, so that no amount is divided by zero.
 double cambio(const Ajustes& a) {
   return a.Euro > 0 ? static_cast<double>(a.Euro) : 1.0;
 }
@@ -50,8 +50,8 @@ std::optional<QString> parteEntera(QStringView s, QChar millar) {
   return todo.remove(millar);
 }
 
-// The number that a person typed; nothing when the text is no number. A separator of thousands
-// that doesn't part groups of three makes it none: "1.5" must not pass for 15.
+// The number that a person typed; nothing if the text is no number. A thousands separator that
+// doesn't separate groups of three makes it invalid: "1.5" must not pass for 15.
 std::optional<double> numero(const QString& texto, Signos s) {
   QStringView t = QStringView(texto).trimmed();
   const bool negativo = t.startsWith(u'-');
@@ -64,7 +64,7 @@ std::optional<double> numero(const QString& texto, Signos s) {
   return negativo ? -x : x;
 }
 
-// The whole part; nothing when it doesn't fit.
+// The whole part; nothing if it doesn't fit.
 std::optional<qint64> entero(double x, double limite) {
   x = std::floor(x);
   if (!std::isfinite(x) || std::abs(x) > limite) return std::nullopt;
@@ -81,7 +81,7 @@ QString conSignos(qint64 n, int decimales, Signos s) {
   return n < 0 ? u'-' + t : t;
 }
 
-// The value of its 15 digits: 1.005 times 100 is 100.5, not a little less.
+// The value of its first 15 digits: 1.005 times 100 is 100.5, not a little less.
 double comoSeLee(double x) {
   return QString::number(x, 'g', 15).toDouble();
 }

@@ -68,7 +68,7 @@ Resultado<std::unique_ptr<dao::Database>> abrirBase(const QString& ruta,
                                                     const QStringList& carpetasPlantilla, Fecha hoy,
                                                     const std::vector<dao::TablasDeSala>& salas,
                                                     Version version) {
-  // A new one is copied whole: nothing of ours leaves an empty file.
+  // A new one is copied whole: this program never leaves an empty file.
   if (const QFileInfo f(ruta); f.isFile() && f.size() == 0)
     return fallo(Fallo::NoEsBaseDatos,
                  QStringLiteral("La base de datos está vacía: recupere una copia de seguridad o, "

@@ -1,4 +1,4 @@
-// The schema of the database, its empty template, and the opening at the start of the program.
+// The schema of the database, its empty template, and its opening at program start.
 #pragma once
 
 #include <QStringList>
@@ -16,32 +16,32 @@ struct Version {
   bool operator==(const Version&) const = default;
 };
 
-// The tables and views that several rooms work with. Those of one room alone are declared in its
-// own folder.
+// The tables and views used by several rooms. Those of a single room are declared in its own
+// folder.
 dao::TablasDeSala tablasComunes();
 
-// Opens the database and leaves it as this version needs it. A missing file becomes a copy of the
-// empty template, which is looked for without regard to case in the folders given, in that order.
-// `hoy` is what a first warehouse takes for its dates; `salas` is what rooms keep of their own.
-// Errors, all with a sentence for the user: those of OpenDatabase; NoExiste when there is neither
-// database nor template; OtraVersion (then no table has been changed).
+// Opens the database and brings it up to this version. A missing file becomes a copy of the empty
+// template, which is looked for regardless of case in the folders given, in that order. `hoy` is
+// the date of a first warehouse; `salas` are the tables of single rooms. Errors, all with a
+// sentence for the user: those of OpenDatabase; NoExiste if there is neither database nor template;
+// OtraVersion (then no table has been changed).
 Resultado<std::unique_ptr<dao::Database>> abrirBase(
     const QString& ruta, const QStringList& carpetasPlantilla, Fecha hoy,
     const std::vector<dao::TablasDeSala>& salas = {}, Version version = {});
 
-// The second half of the opening, on a database that is open: checks the version, runs the steps
-// that it hasn't had, those of the common tables first, and brings the rows that every database
-// has. One transaction, and none when nothing is to be done.
+// The second half of the opening, on an open database: checks the version, runs the missing steps,
+// those of the common tables first, and adds the rows that every database has. One transaction, or
+// none if there is nothing to do.
 Resultado<> ponerAlDia(dao::Database& db, Fecha hoy,
                        const std::vector<dao::TablasDeSala>& salas = {}, Version version = {});
 
 // The common tables alone, without a row.
 Resultado<> crearEsquema(dao::Database& db);
 
-// Writes an empty database, whole or not at all; what stood there is replaced.
+// Writes an empty database, whole or not at all; an existing file is replaced.
 Resultado<> escribirPlantilla(const QString& ruta);
 
-// Changes the query QLINK to the articles' totals of one period, or of one article in all periods.
+// Redefines the query QLINK as the article totals of one period, or of one article in all periods.
 Resultado<> QLinkDePeriodo(dao::Database& db, qint64 link);
 Resultado<> QLinkDeArticulo(dao::Database& db, qint64 codigo);
 

@@ -7,11 +7,11 @@ namespace tarvo::esquema {
 namespace {
 
 struct Fija {
-  QString hace_falta;  // a query with a row when there is work
+  QString hace_falta;  // a query that gives a row if there is work
   QString orden;       // each "?" takes today
 };
 
-// An article that no user changes: the scales sell by it what has no code of its own.
+// An article that no user changes: scales use it to sell goods without a code of their own.
 Fija articuloDeSistema(int codigo, const char* nombre, int cada) {
   const QString cual = QString::number(codigo);
   return {dao::conMarcas(
@@ -35,7 +35,7 @@ Fija contadorSinNulos(const QString& campo) {
       dao::conMarcas(u"update MovsAlm set {campo}=0 where isnull({campo})", {{u"campo", campo}})};
 }
 
-// The first section comes before the system articles, so that it has them from the first start.
+// The first section precedes the system articles, so that it has them from the first start.
 std::vector<Fija> fijas() {
   std::vector<Fija> p{
       {QStringLiteral("select 1 where not exists (select 1 from ALMACEN)"),

@@ -1,4 +1,4 @@
-// The rows that every database has, at every start: each finds by itself whether it is missing, so
+// The rows that every database has, ensured at every start: each checks whether it is missing, so
 // that running them again changes nothing.
 #pragma once
 
@@ -6,7 +6,7 @@
 
 namespace tarvo::esquema {
 
-// The version the database was last opened with; nothing when the table or its row is missing.
+// The version the database was last opened with; nothing if the table or its row is missing.
 Resultado<std::optional<Version>> versionGuardada(dao::Database& db);
 Resultado<> guardarVersion(dao::Database& db, Version version);
 

@@ -24,7 +24,7 @@ from ((TOT{clase} as t inner join COLUMNA on t.LINK=COLUMNA.LINK) left join GRUP
   return dao::conMarcas(g, {{u"clase", clase}, {u"nombre", nombre}, {u"union", union_}});
 }
 
-// The lines of a document with the article's name and what they are worth.
+// The lines of a document with the article's name and their value.
 QString vistaDeLineas(const QString& vista, const QString& tabla, const QString& numero,
                       const QString& columnas, const QString& coste) {
   return dao::conMarcas(

@@ -2,10 +2,10 @@
 
 namespace tarvo::esquema {
 
-// The operator slots of GRUPOS are also addressed by place: slot i has its code at ordinal 2 * i
+// The operator slots of GRUPOS are also addressed by position: slot i has its code at ordinal 2 * i
 // + 12.
 //
-// A group that names no warehouse is of warehouse 0. Where that one is missing the trigger makes
+// A group without a warehouse belongs to warehouse 0. If that one is missing the trigger creates
 // it, so that the relation never refuses such a group.
 QString guionGrupos() {
   return QStringLiteral(R"sql(

@@ -51,6 +51,13 @@ Resultado<int> Nombres::seccionDe(int grupo) const {
   return static_cast<int>(seccion.entero());
 }
 
+Resultado<std::optional<QString>> Nombres::departamento(int seccion, int codigo) const {
+  TARVO_TOMAR(auto rs, db_.consultar(u"SELECT NomDep FROM DEPTS WHERE SECCION=? AND NUMDEP=?",
+                                     seccion, codigo));
+  if (rs->Eof()) return std::nullopt;
+  return rs->texto(0);
+}
+
 Resultado<std::optional<QString>> Nombres::articulo(int seccion, qint64 codigo) const {
   TARVO_TOMAR(auto rs, db_.consultar(u"SELECT NOMPLU FROM PLUSES WHERE SECCION=? AND CODPLU=?",
                                      seccion, codigo));

@@ -1,5 +1,5 @@
-// Codes and names of what the shop has, as lists to choose from: sections, departments, groups,
-// operators. All are in the order of their codes.
+// Codes and names of sections, departments, groups and operators, as lists to choose from. All are
+// in the order of their codes.
 #pragma once
 
 #include <optional>
@@ -28,11 +28,12 @@ class Nombres {
   Lista gruposDe(int seccion) const;
   Lista operadores() const;
 
-  // Empty when there is none of that code.
+  // Empty if there is none with that code.
   Resultado<QString> seccion(int codigo) const;
   Resultado<QString> grupo(int codigo) const;
-  Resultado<int> seccionDe(int grupo) const;  // 0 when there is no such group
-  // Nothing when there is none.
+  Resultado<int> seccionDe(int grupo) const;  // 0 if there is no such group
+  // Nothing if there is none.
+  Resultado<std::optional<QString>> departamento(int seccion, int codigo) const;
   Resultado<std::optional<QString>> articulo(int seccion, qint64 codigo) const;
 
  private:

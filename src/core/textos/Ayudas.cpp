@@ -12,8 +12,8 @@ QString nombreDeCodigo(dao::Database& db, QStringView sql, QStringView cifras) {
   return valor ? valor->texto() : QString();
 }
 
-// Replaces each mark and the run of digits behind it by the name of that code. What is put in is
-// not read again.
+// Replaces each mark and the digits after it by the name of that code. The replacement is not read
+// again.
 QString expandirCodigos(const QString& texto, QStringView marca, QStringView sql,
                         dao::Database& db) {
   QString hecho;
@@ -29,7 +29,7 @@ QString expandirCodigos(const QString& texto, QStringView marca, QStringView sql
   return hecho;
 }
 
-// The Sunday that ends the week of a day.
+// The last day, a Sunday, of the week of a day.
 QDate finDeSemana(QDate dia) {
   return dia.addDays(7 - dia.dayOfWeek());
 }

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int kMayorNumero = 22023;
 
-// Takes one line in; false when it is neither an entry nor a comment.
+// Takes one line; false if it is neither an entry nor a comment.
 bool anadir(QStringView linea, std::unordered_map<int, QString>& tabla) {
   if (linea.endsWith(u'\r')) linea.chop(1);
   if (linea.trimmed().isEmpty() || linea.startsWith(u'#')) return true;

@@ -1,7 +1,7 @@
-// Time and chance, handed to whoever needs them, so that a night can be replayed.
+// Time and chance, passed to everything that needs them, so that a night can be replayed.
 //
-// Two times exist. ahora() is the wall clock of the shop, which may jump (daylight saving, a
-// correction). monotono() only goes forward; every duration, time-out and countdown rests on it.
+// There are two times. ahora() is the wall clock of the shop, which may jump (daylight saving, a
+// correction). monotono() only goes forward; every duration, time-out and countdown uses it.
 #pragma once
 
 #include <functional>
@@ -13,7 +13,7 @@
 namespace tarvo {
 
 // A timer on the event loop's thread. It fires once (unaVez) or again and again (cada) until
-// parar(). A handler may destroy the timer, stop it or start it anew. Destroying it stops it.
+// parar(). A handler may destroy, stop or restart the timer. Destroying it stops it.
 class Temporizador {
  public:
   virtual ~Temporizador() = default;
@@ -44,8 +44,8 @@ class RelojReal final : public Reloj {
   qint64 inicio_;
 };
 
-// A clock that moves only when told. Timers due at one instant fire in the order in which they were
-// started.
+// A clock that moves only when told. Timers due at the same instant fire in the order in which they
+// were started.
 class RelojVirtual final : public Reloj {
  public:
   explicit RelojVirtual(Fecha inicio);
@@ -54,11 +54,11 @@ class RelojVirtual final : public Reloj {
   qint64 monotono() const override;
   std::unique_ptr<Temporizador> temporizador(std::function<void()> alVencer) override;
 
-  // Jumps to the next timer and fires it; false when none is running.
+  // Jumps to the next timer and fires it; false if none is running.
   bool siguiente();
-  // Fires everything due within the next `ms`, and ends that much later.
+  // Fires everything due within the next `ms`, and advances the clock by that much.
   void avanzar(qint64 ms);
-  // Moves the wall clock alone, as a correction or daylight saving does.
+  // Moves only the wall clock, as a correction or daylight saving does.
   void saltarPared(double dias);
 
  private:
@@ -67,7 +67,7 @@ class RelojVirtual final : public Reloj {
   std::unique_ptr<Agenda> agenda_;
 };
 
-// Random numbers from a seed; the same seed gives the same numbers everywhere.
+// Random numbers from a seed; the same seed gives the same numbers on every platform.
 class Azar {
  public:
   explicit Azar(quint64 semilla) : motor_(semilla) {}

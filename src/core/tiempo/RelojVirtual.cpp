@@ -6,9 +6,9 @@
 
 namespace tarvo {
 
-// Running timers by due time and start order. A timer is known by its number, so that one which its
-// own handler destroys is simply no longer here; its place is found without a search, since a
-// busy night has a timer or two for each link.
+// Running timers by due time and start order. A timer is known by its number, so that one destroyed
+// by its own handler is simply no longer here; it is found without a linear search, since a busy
+// night has a timer or two for each link.
 struct RelojVirtual::Agenda {
   struct Cita {
     std::shared_ptr<std::function<void()>> alVencer;
@@ -21,7 +21,7 @@ struct RelojVirtual::Agenda {
   qint64 ultimo = 0;
   using Clave = std::pair<qint64, qint64>;
   std::map<Clave, Cita> citas;
-  std::unordered_map<qint64, Clave> donde;  // the timers that run
+  std::unordered_map<qint64, Clave> donde;  // the running timers
 };
 
 class TemporizadorVirtual final : public Temporizador {

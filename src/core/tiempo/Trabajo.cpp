@@ -30,7 +30,7 @@ void Trabajo::seguir() {
   if (std::exchange(enPausa_, false) && enMarcha_ && !enPaso_) turno_->unaVez(0);
 }
 
-// A step or a listener may destroy this object; `vivo` tells.
+// A step or a listener may destroy this object; `vivo` shows whether it did.
 void Trabajo::rebanada() {
   if (enPausa_) return;
   const std::weak_ptr<bool> vivo = vivo_;
@@ -51,7 +51,7 @@ void Trabajo::rebanada() {
 void Trabajo::acabar(Resultado<Fin> fin) {
   enMarcha_ = pidenParar_ = false;
   turno_->parar();
-  // What the steps hold (a half-written file) goes before anybody is told.
+  // What the steps hold (a half-written file) is released before any listener is notified.
   paso_ = nullptr;
   const AlAcabar alAcabar = std::move(alAcabar_);
   if (alAcabar) alAcabar(fin);

@@ -1,4 +1,5 @@
-// Long work in slices of the event loop, with progress and stop, so that nothing else has to wait.
+// Long work in slices of the event loop, with progress and a stop, so that nothing else has to
+// wait.
 #pragma once
 
 #include <functional>
@@ -16,12 +17,12 @@ class Trabajo {
   struct Avance {
     qint64 hechos = 0;
     qint64 total = -1;  // -1 while it isn't known
-    QString texto;      // what is under way, empty for nothing to say
+    QString texto;      // the current activity; may be empty
   };
   enum class Fin { Acabado, Parado };
 
-  // One small step, some milliseconds at most: true while there is more to do. It brings the
-  // progress up to date. An error ends the work.
+  // One small step of a few milliseconds at most: true while there is more to do. It updates the
+  // progress. An error ends the work.
   using Paso = std::function<Resultado<bool>(Avance& avance)>;
   using AlAvanzar = std::function<void(const Avance& avance)>;  // after each slice
   using AlAcabar = std::function<void(const Resultado<Fin>& fin)>;
@@ -29,11 +30,11 @@ class Trabajo {
   // REQUIRES that the clock outlives it.
   Trabajo(Reloj& reloj, Paso paso, AlAvanzar alAvanzar, AlAcabar alAcabar);
 
-  void empezar();  // once
+  void empezar();  // call once
   // Ends it between two steps: AlAcabar gets Parado before this returns.
   void parar();
-  // Between the two no step runs, for a question about what the steps do; it still counts as under
-  // way, and can be stopped.
+  // Between the two calls no step runs, so that a question about the work can be asked; it still
+  // counts as under way, and can be stopped.
   void pausar();
   void seguir();
   bool enMarcha() const { return enMarcha_; }

@@ -1,6 +1,7 @@
-// A moment or a day as the database keeps it: days since 30 December 1899, the fraction being the
-// time of day. Nothing else in the program does arithmetic on dates. Limits of periods are compared
-// for equality, so each moment has one way to be computed: whole days plus seconds / 86400.0.
+// A moment or a day as the database keeps it: days since 30 December 1899, with the time of day as
+// the fraction. Nothing else in the program does arithmetic on dates. Limits of periods are
+// compared for equality, so there is only one way to compute a moment: whole days plus seconds /
+// 86400.0.
 #pragma once
 
 #include <QDate>
@@ -22,9 +23,9 @@ class Fecha {
   static constexpr Fecha deDias(double dias) { return Fecha(dias); }
   static Fecha de(QDate dia, QTime hora = QTime(0, 0));
   static Fecha de(const QDateTime& momento);
-  // "dd/mm/yyyy" with an optional "hh:nn[:ss]" after a blank; nothing when it is no date.
+  // "dd/mm/yyyy" with an optional "hh:nn[:ss]" after a blank; nothing if it is no date.
   static std::optional<Fecha> leer(QStringView texto);
-  // A time of day alone, "hh:nn[:ss]", as a fraction; nothing when it is none.
+  // A time of day alone, "hh:nn[:ss]", as a fraction; nothing if it is no time.
   static std::optional<Fecha> leerHora(QStringView texto);
 
   constexpr double dias() const { return dias_; }

@@ -1,8 +1,8 @@
-// The one way in which an operation of this program fails: a Resultado that holds an Error.
+// The only way in which an operation of this program fails: a Resultado with an Error.
 //
-// An Error has a class, which a caller may act on, a number (the engine's own, or a Jet number that
-// the report routine knows) and a Spanish sentence for the person who reads the trace. A class
-// exists only where some caller acts differently on it.
+// An Error has a class, on which a caller may act, a number (the engine's own, or a Jet number that
+// the report routine knows) and a Spanish sentence for the reader of the trace. A class exists only
+// if some caller treats it differently.
 #pragma once
 
 #include <QString>
@@ -13,16 +13,16 @@ namespace tarvo {
 
 enum class Fallo {
   Interno,        // a broken promise between rooms
-  NoExiste,       // a file, a row, a host or a port that is not there
+  NoExiste,       // a missing file, row, host or port
   SinPermiso,     // no right to read or write it
   Ocupado,        // locked by another program, a port in use
-  SoloLectura,    // may be read but not written
+  SoloLectura,    // can be read but not written
   DiscoLleno,     // no room for what had to be written
   NoEsBaseDatos,  // the file is no database, or it is damaged
   OtraVersion,    // a database of an earlier or a later version
   Duplicado,      // a key that must not exist twice
   Restriccion,    // another rule of the data broken
-  Formato,        // bytes from outside that cannot be read
+  Formato,        // unreadable bytes from outside
   Comunicacion,   // a link or a machine; `numero` is the code of docs/protocolos.md
 };
 
@@ -41,15 +41,15 @@ inline std::unexpected<Error> fallo(Fallo clase, QString texto, int numero = 0) 
 
 }  // namespace tarvo
 
-// Hands the error of an expression of type Resultado<...> on to the caller.
+// Passes the error of an expression of type Resultado<...> on to the caller.
 #define TARVO_INTENTAR(...)                                \
   do {                                                     \
     if (auto tarvo_r_ = (__VA_ARGS__); !tarvo_r_)          \
       return std::unexpected(std::move(tarvo_r_).error()); \
   } while (false)
 
-// Declares something with the value of an expression of type Resultado<T>, or hands its error on to
-// the caller:
+// Declares a variable with the value of an expression of type Resultado<T>, or passes its error on
+// to the caller:
 //
 //   TARVO_TOMAR(const auto periodo, periodos.buscar(link));
 #define TARVO_TOMAR(declaracion, ...) \

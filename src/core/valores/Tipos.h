@@ -1,6 +1,6 @@
-// What the numbers of the database, of files and of frames stand for. A number comes in by
-// deNumero() and goes out by numeroDe(); between the two there is the type. Each `existe` names all
-// of its kind, so that the compiler points at every switch in which a new one was forgotten.
+// The meanings of numbers in the database, files and frames. A number comes in by deNumero() and
+// goes out by numeroDe(); in between there is only the type. Each `existe` lists all values of its
+// type, so that the compiler flags every switch that lacks a new one.
 #pragma once
 
 #include <QtGlobal>
@@ -12,14 +12,14 @@
 
 namespace tarvo {
 
-// What a group is made of: GRUPOS.TIPO.
+// The kind of machines in a group: GRUPOS.TIPO.
 enum class TipoGrupo : int { Balanzas = 1, Ebony = 2, Registradoras = 3, Birch = 4 };
 
-// How a group is reached (GRUPOS.remoto) and what a channel is used for (Device of TARVO.INI).
-// Ninguno: the group doesn't communicate, the channel isn't in use.
+// How a group is reached (GRUPOS.remoto) and how a channel is used (Device of TARVO.INI). Ninguno:
+// the group doesn't communicate, or the channel isn't in use.
 enum class TipoAcceso : int { Ninguno = 0, Modem = 1, Directo = 2, TcpIp = 3, Conector = 4 };
 
-// How frames are made.
+// The format of frames.
 enum class Protocolo : int { Vek = 1, Nodal = 2 };
 
 // The kinds of task, by their keywords in the process language.
@@ -43,7 +43,7 @@ enum class TipoTarea : int {
   RxOpHor = 21,
   RxPedid = 22,
   RxInven = 23,
-  RxDatPlu = 24,  // no keyword: only a person asks for it
+  RxDatPlu = 24,  // no keyword: only started by a person
 };
 
 constexpr bool existe(TipoGrupo t) {
@@ -123,7 +123,7 @@ constexpr bool esDeTotales(TipoTarea t) {
   return false;
 }
 
-// None of them has a greater number.
+// No type has a greater number.
 inline constexpr int kMayorNumeroDeTipo = 31;
 
 template <class E>
@@ -131,7 +131,7 @@ concept TipoNumerado = std::is_scoped_enum_v<E> && requires(E e) {
   { existe(e) } -> std::same_as<bool>;
 };
 
-// Nothing for a number that none of them has.
+// Nothing for a number that stands for no value.
 template <TipoNumerado E>
 constexpr std::optional<E> deNumero(qint64 n) {
   if (n < 0 || n > kMayorNumeroDeTipo || !existe(static_cast<E>(n))) return std::nullopt;
@@ -147,7 +147,7 @@ constexpr int numeroDe(std::optional<E> e, int ninguno) {
   return e ? numeroDe(*e) : ninguno;
 }
 
-// All of a kind, by number.
+// All values of a type, by number.
 template <TipoNumerado E>
 std::vector<E> todosLos() {
   std::vector<E> todos;
@@ -157,7 +157,7 @@ std::vector<E> todosLos() {
   return todos;
 }
 
-// The machines of kind 2 speak the one protocol, all others the other.
+// Machines of kind 2 speak one protocol, all others the other.
 constexpr Protocolo protocoloDe(TipoGrupo tipo) {
   return tipo == TipoGrupo::Ebony ? Protocolo::Nodal : Protocolo::Vek;
 }

@@ -14,7 +14,7 @@ using ficheros::Creciente;
 namespace {
 
 constexpr qint64 kTrozo = 64 * 1024;
-constexpr qint64 kVecindad = 4 * 1024;  // bytes before the end by which a file is known again
+constexpr qint64 kVecindad = 4 * 1024;  // bytes before the end, by which a file is recognised
 const QString kDeBloque = QStringLiteral("b:");
 
 QString hex(const QCryptographicHash& h) {
@@ -27,7 +27,7 @@ Resultado<QString> vecindad(const Creciente& f, qint64 fin) {
   return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
 }
 
-// Blocks may follow what a file holds. One with another name than .EXP may be the database or a
+// Blocks may be added to a file that holds blocks. A file not named .EXP may be the database or a
 // process.
 bool esDeExportacion(const QString& ruta, const QByteArray& principio) {
   return principio.startsWith('*') || ruta.endsWith(QStringLiteral(".EXP"), Qt::CaseInsensitive);
@@ -40,13 +40,13 @@ struct Abierto {
   QByteArray cabeza;
 };
 
-// Where the power failed, a disk may have kept the length of what was written and not the bytes.
+// After a power failure a disk may have kept the length of what was written but not the bytes.
 bool esPrincipio(QByteArrayView hallado, QByteArrayView cabeza) {
   return std::ranges::equal(hallado, cabeza.first(hallado.size()),
                             [](char h, char c) { return h == c || h == 0; });
 }
 
-// True when nothing of it needs to be remembered any more.
+// True when the note of it is no longer needed.
 bool cortar(const Abierto& a) {
   if (!QFileInfo::exists(a.ruta)) return false;
   auto f = Creciente::abrir(a.ruta, false);
@@ -54,7 +54,7 @@ bool cortar(const Abierto& a) {
   const auto tamano = f->tamano();
   if (!tamano) return false;
   const qint64 antes = std::max<qint64>(a.antes, 0);
-  if (*tamano < antes || *tamano > a.tope) return true;  // somebody else has changed it
+  if (*tamano < antes || *tamano > a.tope) return true;  // changed by another program
   const auto v = vecindad(*f, antes);
   if (!v) return false;
   if (*v != a.vecindad) return true;
@@ -154,13 +154,13 @@ Resultado<> Anadidura::contada() {
   return {};
 }
 
-// Where this fails the note stays, and the next export into the file or the next start cuts it.
+// If this fails, the note stays, and the next export into the file or the next start cuts it back.
 void Anadidura::deshacer() {
   const bool fuera = antes_ < 0 ? QFile::remove(ruta_) : fichero_.cortar(antes_).has_value();
   if (fuera) static_cast<void>(db_.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", ruta_));
 }
 
-// A print without its mark is one of the whole file up to there.
+// A fingerprint without its mark covers the whole file up to there.
 Resultado<bool> Anadidura::estaEn(const QString& ruta, const Sitio& sitio) {
   QFile f(ruta);
   if (!QFileInfo::exists(ruta) || sitio.hasta <= 0) return false;

@@ -1,6 +1,6 @@
-// What an export adds to the end of its file: whole and on disk, or not there. The length that the
-// file had is noted first (table ExportesAbiertos), so that a program that died meanwhile is
-// followed by one that cuts the file back to it. Internal to the room.
+// An export's addition to the end of its file: whole and on disk, or not there. The file's earlier
+// length is noted first (table ExportesAbiertos), so that after a crash the next program cuts the
+// file back to it. Internal to the room.
 #pragma once
 
 #include <QCryptographicHash>
@@ -15,32 +15,32 @@ namespace tarvo::totals {
 
 class Anadidura {
  public:
-  // `largo` bytes are to come, the first of them `cabeza`. An Error when the file is there and is
-  // no export of periods, or can't be written; it stays as it is. REQUIRES that no transaction is
+  // `largo` bytes are to come, the first of them `cabeza`. An Error when the file exists and is not
+  // an export of periods, or can't be written; it stays as it is. REQUIRES that no transaction is
   // open.
   static Resultado<std::unique_ptr<Anadidura>> empezar(dao::Database& db, const QString& ruta,
                                                        qint64 largo, QByteArray cabeza,
                                                        const Textos& textos);
-  // Takes back what was added, unless it was counted.
+  // Removes what was added, unless it was counted.
   ~Anadidura();
   Anadidura(const Anadidura&) = delete;
 
   Resultado<> escribir(QByteArrayView bytes);
-  // What is in the file now, as `estaEn` knows it again.
+  // What the file holds now, for `estaEn` to recognise.
   struct Sitio {
     qint64 desde = 0, hasta = 0;
     QString huella;
   };
-  // All is on disk. It counts once `contada` is called, in the transaction that says so, and that
-  // is confirmed.
+  // Puts everything on disk. It counts once `contada` has been called, in the transaction that
+  // records it, and that has been committed.
   Resultado<Sitio> asegurar();
   Resultado<> contada();  // REQUIRES a transaction
   void confirmada() { cuenta_ = true; }
 
-  // Whether a file holds it; false for one that isn't there.
+  // Whether a file holds it; false for a missing file.
   static Resultado<bool> estaEn(const QString& ruta, const Sitio& sitio);
-  // Cuts back what a program that died left half done in any file, or in one. A file that can't be
-  // reached or is being written stays noted; one that is another by now is left alone.
+  // Cuts back what a dead program left half done in any file, or in one. A file that can't be
+  // reached or is being written stays noted; one that has been replaced since is left alone.
   static Resultado<> recuperar(dao::Database& db, const std::optional<QString>& ruta = {});
 
  private:

@@ -8,7 +8,7 @@ namespace {
 
 constexpr qsizetype kLargo = largoLinea(false), kCorto = largoLinea(true), kAnchoFechas = 19;
 
-// Appends numbers filled with zeros to their columns, and remembers whether all of them fitted.
+// Appends zero-filled numbers in their columns, and remembers whether all of them fitted.
 class Escritor {
  public:
   explicit Escritor(const QString& codigo) : texto_(codigo) {}
@@ -58,7 +58,7 @@ void claveCorta(Escritor& e, const FilaExport& f) {
   }
 }
 
-// The place of a number in a line, counted from 0; width 0 for one that isn't there and reads as 0.
+// The place of a number in a line, counted from 0; width 0 for a missing one, which reads as 0.
 struct Lugar {
   int desde = 0, ancho = 0;
 };
@@ -82,7 +82,7 @@ Clave claveDe(int clase, bool corto) {
   }
 }
 
-// Digits, with a sign and blanks in front allowed.
+// Digits, optionally preceded by a sign and blanks.
 bool leerNumero(QStringView linea, Lugar lugar, qint64& n) {
   n = 0;
   if (lugar.ancho == 0) return true;
@@ -95,14 +95,14 @@ bool leerNumero(QStringView linea, Lugar lugar, qint64& n) {
   return ok;
 }
 
-// Where a short line has its group. Ours has it in front, and then the code of an operator, or the
-// section and the code of a department; another system's has it where those begin.
+// Where a short line has its group. Ours has it first, followed by the code of an operator, or the
+// section and code of a department; another system's has it where those begin.
 std::optional<Clave> claveCortaDe(int numero, QStringView linea, const Secciones& secciones) {
   const Clave ajena = claveDe(numero, true);
   if (numero != kOperadores && numero != kDepartamentos) return ajena;
   qint64 delante = 0, detras = 0;
   if (!leerNumero(linea, {2, 2}, delante) || !leerNumero(linea, ajena.grupo, detras)) return ajena;
-  if (delante == 0) return ajena;  // no group of ours
+  if (delante == 0) return ajena;  // not one of our groups
   const auto grupo = secciones.find(delante);
   const bool nuestra =
       grupo != secciones.end() && (numero == kOperadores || grupo->second == detras);

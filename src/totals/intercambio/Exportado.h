@@ -22,13 +22,13 @@ constexpr qsizetype largoLinea(bool corto) {
   return corto ? 42 : 50;
 }
 // The line without its end; nothing when a value doesn't fit its column. A negative value has its
-// sign in the first place of its column.
+// sign in the first position of its column.
 std::optional<QString> lineaExport(const FilaExport& f, bool corto);
-// The section of each group of the shop.
+// The section of each of the shop's groups.
 using Secciones = std::map<qint64, qint64>;
 enum class LineaMala {
   NoReconocible,
-  Dudosa  // short, and the groups of the shop don't tell which columns hold the group
+  Dudosa  // short, and the shop's groups don't show which columns hold the group
 };
 // The row of a line of 50 or 42 characters. SECCION is not read. Short lines of operators and
 // departments have their group in other columns when another system wrote them.
@@ -37,7 +37,7 @@ std::expected<FilaExport, LineaMala> leerLineaExport(QStringView linea, const Aj
 
 QString cabeceraComentario(const Periodo& p, QString descr);
 QString cabeceraFechas(const Periodo& p);
-// The two dates of a header line, read off its first and last 19 characters after the star.
+// The two dates of a header line, from its first and last 19 characters after the star.
 std::optional<std::pair<Fecha, Fecha>> leerFechas(QStringView linea);
 
 }  // namespace tarvo::totals

@@ -20,8 +20,8 @@ struct Cabecera {
   Fecha desde, hasta;
   QString comentario;
 };
-// Two star lines at once, in either order. Nothing when they aren't there; the reader is then on
-// the line at fault. A comment may look like dates: what is written first is the comment.
+// Two consecutive star lines, in either order. Nothing when they are missing; the reader is then on
+// the faulty line. A comment may look like dates: the comment is written first.
 std::optional<Cabecera> leerCabecera(Lector& l) {
   const auto fechas1 = leerFechas(l.linea());
   const QString primera = l.linea().mid(1);
@@ -42,7 +42,7 @@ std::unexpected<Error> noReconocible(const Lector& l, const QString& nombre, con
                                        : textos(kTxLineaNoReconocible, {nombre, l.numero()}));
 }
 
-// Adds rows to one period, with a kept statement a kind.
+// Adds rows to one period, keeping one prepared statement per kind.
 class Sumador {
  public:
   Sumador(dao::Database& db, qint64 link) : db_(db), link_(link) {}
@@ -80,7 +80,7 @@ Resultado<Secciones> leerSecciones(dao::Database& db) {
   return s;
 }
 
-// The detail lines up to the next header. How many they were.
+// The detail lines up to the next header. Returns their number.
 Resultado<int> leerDetalle(Lector& l, Sumador& sumador, const Ajustes& a,
                            const Secciones& secciones, const QString& nombre,
                            const Textos& textos) {
@@ -101,11 +101,10 @@ Resultado<int> leerDetalle(Lector& l, Sumador& sumador, const Ajustes& a,
 
 }  // namespace
 
-ImpTot::ImpTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes)
-    : db_(db), p_(periodos), a_(ajustes) {}
+ImpTot::ImpTot(Periodos& periodos) : db_(periodos.base()), p_(periodos), a_(periodos.ajustes()) {}
 
-// The period of the general schedule. Dates that are a calendar period to the second are that one,
-// also where the shop was closed: it was exported as such.
+// The period of the general schedule. Dates that match a calendar period to the second are that
+// period, even where the shop was closed: it was exported as such.
 Periodo ImpTot::periodoDe(Fecha desde, Fecha hasta) const {
   const Periodo p = Calendario(a_).DeterminarPeriodo(desde, hasta, std::nullopt);
   if (p.tipo != kOtros) return p;
@@ -116,7 +115,7 @@ Periodo ImpTot::periodoDe(Fecha desde, Fecha hasta) const {
   return p;
 }
 
-// The period that the block goes to: emptied, made, or as it is.
+// The block's target period: emptied, created, or as it is.
 Resultado<qint64> ImpTot::destino(const Periodo& p, const QString& descr, SiExiste siExiste) {
   TARVO_TOMAR(const auto hay, p_.BuscarPeriodo(p.tipo, p.desde, p.hasta));
   if (!hay) return p_.CrearPeriodo(p.tipo, p.desde, p.hasta, true, descr);

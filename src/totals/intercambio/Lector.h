@@ -9,7 +9,7 @@
 
 namespace tarvo::totals {
 
-// The lines of a file, one at a time, numbered from 1. No more of it than a line is in memory.
+// The lines of a file, one at a time, numbered from 1. Never more than one line is in memory.
 class Lector {
  public:
   explicit Lector(std::unique_ptr<QIODevice> fichero) : f_(std::move(fichero)) {
@@ -18,7 +18,7 @@ class Lector {
     siguiente();
   }
   bool fin() const { return fin_; }
-  // Nothing while all that was wanted of the file could be read.
+  // Nothing as long as every read succeeded.
   std::optional<QString> averia() const {
     const auto* fichero = qobject_cast<const QFileDevice*>(f_.get());
     const bool mal = fichero && fichero->error() != QFileDevice::NoError;
@@ -46,7 +46,7 @@ class Lector {
   }
 
  private:
-  static constexpr qsizetype kLineaMaxima = 1024;  // a longer one is no line of ours
+  static constexpr qsizetype kLineaMaxima = 1024;  // a longer one is not one of our lines
 
   void saltarResto() {
     larga_ = true;

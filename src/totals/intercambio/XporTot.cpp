@@ -33,8 +33,7 @@ std::unexpected<Error> noCabe(const Columna& periodo, const FilaExport& f, const
 
 }  // namespace
 
-XporTot::XporTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes)
-    : db_(db), p_(periodos), a_(ajustes) {}
+XporTot::XporTot(Periodos& periodos) : db_(periodos.base()), p_(periodos), a_(periodos.ajustes()) {}
 
 QString XporTot::rutaDestino(const QString& nombre) const {
   QString n = nombre.trimmed();
@@ -44,7 +43,7 @@ QString XporTot::rutaDestino(const QString& nombre) const {
   return Ajustes::ruta(n, a_.HomeDir);
 }
 
-// A query gives all its rows at once, and a period may have millions: one group after the other.
+// A query returns all its rows at once, and a period may have millions: one group at a time.
 Resultado<> XporTot::lineasDe(const ClaseTotal& c, const Columna& periodo, bool corto,
                               const Recibe& recibe) {
   const QString tabla = QString::fromUtf16(c.tabla);
@@ -88,7 +87,7 @@ Resultado<qint64> XporTot::largoDe(const Columna& periodo, bool corto) {
   return cabeceraDe(periodo).size() + filas * (largoLinea(corto) + kFinLinea.size());
 }
 
-// The periods to export; nothing when the first of them isn't there.
+// The periods to export; nothing when the first of them is missing.
 Resultado<std::optional<std::vector<Columna>>> XporTot::columnas(const std::vector<qint64>& links) {
   std::vector<Columna> v;
   for (const qint64 link : links) {
@@ -100,7 +99,7 @@ Resultado<std::optional<std::vector<Columna>>> XporTot::columnas(const std::vect
   return v;
 }
 
-// How far an export of this mark came, whatever its name was then: a name may hold the date.
+// How far an export with this mark got, whatever its file name was: a name may contain the date.
 Resultado<XporTot::Avance> XporTot::avanceDe(const QString& marca) {
   if (marca.isEmpty()) return Avance{};
   TARVO_TOMAR(
@@ -113,8 +112,8 @@ Resultado<XporTot::Avance> XporTot::avanceDe(const QString& marca) {
   return Avance{escrito, escrito && rs->logico(4)};
 }
 
-// The blocks count from the moment at which the database says that they are in the file, which is
-// after they are on disk.
+// The blocks count from the moment the database records them as in the file, which is after they
+// are on disk.
 Resultado<> XporTot::escribir(const QString& ruta, const std::vector<Columna>& periodos, bool corto,
                               const QString& marca) {
   qint64 largo = 0;

@@ -1,5 +1,5 @@
 // Periods to .EXP files and back. Layouts: docs/formatos.md. A block is in the file whole or not at
-// all: it counts once it is on disk, and what a program that died left of one is cut off again.
+// all: it counts once it is on disk, and the remains of one left by a dead program are cut off.
 #pragma once
 
 #include <QIODevice>
@@ -19,25 +19,25 @@ struct OpcionesExport {
 
 class XporTot {
  public:
-  XporTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
+  explicit XporTot(Periodos& periodos);
 
-  // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a point),
-  // after what the file holds; a file that is no export of periods (the database, a process) is an
-  // Error and stays as it is. False when the first period is not there. A value that can't fit
-  // its column stops the whole export with an Error that names the period and the row; nothing is
-  // written then. An export that was cut off between the file and the database is recognised (table
-  // Exportes, by `marca`) and not written twice; `marca` empty: no such check. REQUIRES that no
-  // transaction is open: what is noted must be on disk before the file changes.
+  // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a dot), after
+  // what the file holds; a file that is not an export of periods (the database, a process) is an
+  // Error and stays as it is. False when the first period is missing. A value that doesn't fit its
+  // column stops the whole export with an Error naming the period and the row, and nothing is
+  // written. An export interrupted between the file and the database is recognised (table Exportes,
+  // by `marca`) and not written twice; `marca` empty: no such check. REQUIRES that no transaction
+  // is open: the note must be on disk before the file changes.
   Resultado<bool> XportRemoto(const std::vector<qint64>& periodos, const OpcionesExport& como,
                               const QString& nombre, const QString& marca);
-  // The bytes of one block, piece by piece: two header lines and the rows. What `recibe` answers
-  // with an Error ends it.
+  // The bytes of one block, piece by piece: two header lines and the rows. An Error from `recibe`
+  // ends it.
   using Recibe = std::function<Resultado<>(const QByteArray&)>;
   Resultado<> bloque(const Columna& periodo, bool corto, const Recibe& recibe);
-  // Cuts off what a program that died left half written, in whatever file. For the start; an export
-  // does so for its own.
+  // Cuts off what a dead program left half written, in any file. For the start; an export does so
+  // for its own file.
   Resultado<> recuperar();
-  // Empty for a name that names no file.
+  // Empty for a name that can't be a file's.
   QString rutaDestino(const QString& nombre) const;
 
  private:
@@ -60,23 +60,25 @@ class XporTot {
 
 enum class SiExiste { Borrarlo, Acumularlo };
 
-// A file of blocks, read one block at a time, so that a person can look at each before it goes in.
+// A file of blocks, read one block at a time, so that a person can look at each before it is
+// imported.
 class Importacion;
 
-// Reads a file block by block. Each block is one transaction: a bad line undoes its block, and is
-// named with its number. A period that is there is emptied first (its marks go, as of a replaced
-// one) or added to, larger periods and stock with it.
+// Reads a file block by block. Each block is one transaction: a bad line undoes its block and is
+// reported by number. An existing period is emptied first (it loses its marks, as a replaced one
+// does) or added to, along with larger periods and stock.
 class ImpTot {
  public:
-  ImpTot(dao::Database& db, Periodos& periodos, const Ajustes& ajustes);
+  explicit ImpTot(Periodos& periodos);
   struct Hecho {
     qint64 link;
     Periodo periodo;
     int lineas;
   };
-  // Blocks imported. On an Error those before the bad one stay imported (in `hechos`).
+  // The number of blocks imported. On an Error those before the bad one stay imported (in
+  // `hechos`).
   Resultado<> importar(const QString& ruta, SiExiste siExiste, std::vector<Hecho>& hechos);
-  // The same for bytes that are at hand; `nombre` stands in errors.
+  // The same for bytes in memory; `nombre` appears in errors.
   Resultado<> importarBytes(const QByteArray& bytes, const QString& nombre, SiExiste siExiste,
                             std::vector<Hecho>& hechos);
 
@@ -93,22 +95,22 @@ class ImpTot {
 
 class Importacion {
  public:
-  // `nombre` stands in errors. REQUIRES that `motor` outlives it, and that the device is open.
+  // `nombre` appears in errors. REQUIRES that `motor` outlives it and that the device is open.
   Importacion(ImpTot& motor, std::unique_ptr<QIODevice> fichero, const QString& nombre);
   static std::unique_ptr<Importacion> deBytes(ImpTot& motor, const QByteArray& bytes,
                                               const QString& nombre);
-  // Of a file; an error when it can't be read.
+  // From a file; an error when it can't be read.
   static Resultado<std::unique_ptr<Importacion>> abrir(ImpTot& motor, const QString& ruta);
   ~Importacion();
 
   struct Bloque {
     Periodo periodo;
     QString comentario;
-    std::optional<Columna> existente;  // the period of those dates, if there is one
+    std::optional<Columna> existente;  // the period with those dates, if there is one
   };
   // Reads the header of the next block; nothing at the end of the file.
   Resultado<std::optional<Bloque>> siguiente();
-  // Takes in the block whose header was read, in one transaction.
+  // Imports the block whose header was read, in one transaction.
   Resultado<ImpTot::Hecho> incorporar(SiExiste siExiste);
   qint64 leidos() const;  // bytes
   qint64 tamano() const;

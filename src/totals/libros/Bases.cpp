@@ -1,5 +1,5 @@
-// What the readings of a session show of zeroings that nobody wrote down, and of orders to forget
-// of which nobody knows if they were heard: machine by machine, by all its counters.
+// What a session's readings show of unrecorded zeroings, and of orders to forget that may not have
+// been heard: machine by machine, by all its counters.
 #include <algorithm>
 #include <map>
 #include <set>
@@ -23,13 +23,12 @@ QString textoDe(const char16_t* s) {
   return QString::fromUtf16(s);
 }
 
-// What is in the session can only show a zeroing that was begun before it was read.
+// A reading can only show a zeroing that was begun before it.
 const QString kSinConfirmar =
     u"SEC_HECHO<SEC_INTENCION AND SEC_INTENCION<(SELECT MAX(SEC) FROM Lecturas WHERE "_s
     u"Lecturas.GRUPO=Ceros.GRUPO)"_s;
 
-// Since when the machine counts afresh: the zeroing that was begun and not confirmed, else the
-// reading that was memorised.
+// Since when the machine has counted afresh: the unconfirmed zeroing, else the memorised reading.
 Resultado<Fecha> momentoDelCero(Database& db, int grupo, int addr, bool& anunciado) {
   TARVO_TOMAR(auto rs,
               db.consultar(QString(u"SELECT INTENCION FROM Ceros WHERE GRUPO=? AND ADDR=? AND "_s +
@@ -42,7 +41,7 @@ Resultado<Fecha> momentoDelCero(Database& db, int grupo, int addr, bool& anuncia
   return hasta.fecha();
 }
 
-// The machine has forgotten: nothing of it is memorised any more, in any kind.
+// The machine has forgotten: none of its counters is memorised any more, in any kind.
 Resultado<> olvidar(Database& db, int grupo, int addr) {
   for (const ClaseTotal& c : todasLasClases()) TARVO_INTENTAR(apartarBase(db, grupo, c.numero));
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
@@ -73,8 +72,8 @@ Resultado<> fecharCero(Database& db, const Ajustes& ajustes, int grupo, Fecha cu
   return {};
 }
 
-// The kinds that the open session received of a group, with the sum of their amounts; what was
-// cleared by itself is added.
+// The kinds received from a group in the open session, with the sum of their amounts; the amount of
+// a separately cleared kind is added back.
 Resultado<std::multimap<qint64, int>> sumasRecibidas(Database& db, const Ajustes& ajustes,
                                                      int grupo) {
   std::multimap<qint64, int> sumas;
@@ -92,9 +91,9 @@ Resultado<std::multimap<qint64, int>> sumasRecibidas(Database& db, const Ajustes
   return sumas;
 }
 
-// A reading that went wrong may be lower than it should be. So a kind testifies only when another
-// kind of the same session has the same amount, or when no other was ever memorised. Nothing when
-// no two agree: nobody can tell then.
+// A faulty reading may be too low. So a kind is evidence only when another kind of the same session
+// has the same amount, or when no other was ever memorised. Nothing when no two agree: there is no
+// telling then.
 Resultado<std::optional<std::set<int>>> clasesFiables(Database& db, const Ajustes& ajustes,
                                                       int grupo) {
   TARVO_TOMAR(const auto sumas, sumasRecibidas(db, ajustes, grupo));
@@ -107,8 +106,7 @@ Resultado<std::optional<std::set<int>>> clasesFiables(Database& db, const Ajuste
   return fiables.empty() ? std::nullopt : std::optional(fiables);
 }
 
-// Which machines of the group were told to forget before they were read, and nobody knows if they
-// heard it.
+// Machines of the group that were told to forget before they were read and may not have heard it.
 Resultado<std::set<int>> conSospecha(Database& db, int grupo) {
   TARVO_TOMAR(
       auto rs,
@@ -121,7 +119,7 @@ Resultado<std::set<int>> conSospecha(Database& db, int grupo) {
   return addrs;
 }
 
-// Is every kind that is memorised of the group in the session?
+// Is every memorised kind of the group in the session?
 Resultado<bool> todasReleidas(Database& db, const std::vector<Releida>& lista, int grupo) {
   TARVO_TOMAR(
       const auto memorizadas,
@@ -137,7 +135,7 @@ struct Sentencia {
   bool todas = true;
 };
 
-// The machines of a group, but for those that were told a part.
+// The machines of a group, except those that were told only a part.
 Resultado<Sentencia> sentenciar(Database& db, const std::vector<Releida>& lista, int grupo,
                                 const std::map<int, Testimonios>& testimonios) {
   TARVO_TOMAR(const auto aparte, maquinasAMedias(db, grupo));
@@ -166,7 +164,7 @@ Resultado<> resolverGrupo(Database& db, const Ajustes& ajustes, const Textos& te
       avisos.push_back({grupo, textos(kTxBajaronSinCuadrar, {grupo}), true});
       return dejarFuera(db, ajustes, grupo);
     }
-    bool mudas = false;  // nothing reliable is left to testify of a machine
+    bool mudas = false;  // no reliable evidence is left about a machine
     for (auto& [addr, t] : testimonios) {
       std::erase_if(t, [&](const auto& x) { return !fiables->contains(x.first); });
       mudas = mudas || t.empty();
@@ -177,7 +175,7 @@ Resultado<> resolverGrupo(Database& db, const Ajustes& ajustes, const Textos& te
     }
   }
   TARVO_TOMAR(const auto s, sentenciar(db, lista, grupo, testimonios));
-  for (const int addr : s.guardan)  // what was announced to it did not happen
+  for (const int addr : s.guardan)  // the announced zeroing did not happen
     TARVO_INTENTAR(
         db.ejecutar(QString(u"DELETE FROM Ceros WHERE GRUPO=? AND ADDR=? AND "_s + kSinConfirmar),
                     grupo, addr));

@@ -1,4 +1,4 @@
-// What both ways of settling memorised counters share: by whole machines, and kind by kind.
+// Shared by both ways of settling memorised counters: by whole machines, and kind by kind.
 #pragma once
 
 #include <set>
@@ -7,7 +7,7 @@
 
 namespace tarvo::totals {
 
-// What is said and done of the machines that have forgotten.
+// Reports the machines that have forgotten, and updates the books accordingly.
 Resultado<> darPorOlvidadas(dao::Database& db, const Ajustes& ajustes, int grupo,
                             const std::set<int>& addrs, const Textos& textos,
                             std::vector<Aviso>& avisos);

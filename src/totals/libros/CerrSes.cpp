@@ -15,13 +15,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kDiasQueSeCuentan = 32;
+constexpr double kRonda = 1.0 / 24;  // days between two readings of one round, at either end
 const Fecha kSinPuestaACero = Fecha::de(QDate(2000, 1, 1));
 
 QString columna(const char16_t* nombre) {
   return QString::fromUtf16(nombre);
 }
 
-// The memorised part of a reading, if it has one that is still in the machine.
+// The memorised part of a reading, if the machine still holds one.
 struct Base {
   qint64 link = 0;
   Fecha desde, hasta;
@@ -62,7 +63,7 @@ Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const Cl
   r.CODGPO = static_cast<int>(rs.entero(rs.columna(u"CODGPO"_s)));
   r.clase = c.numero;
   r.hasta = rs.fecha(rs.columna(columna(c.hasta)));
-  // A date that can't be is as good as none; clocks are set back by an hour, not by days.
+  // An impossible date is as good as none; clocks are set back by an hour, not by days.
   const int desde = rs.columna(columna(c.desde));
   const bool vale =
       !rs.nulo(desde) && rs.fecha(desde) > kSinPuestaACero && rs.fecha(desde) < r.hasta + 1.0;
@@ -79,7 +80,33 @@ Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const Cl
   return r;
 }
 
-// Sales of several days in one day, or between two dates: somebody looks for them elsewhere.
+// Machines read one after another have spans that end some moments apart. Those of one round become
+// one span.
+void igualarRonda(std::vector<Recibido>& recibidos) {
+  std::vector<Periodo> rondas;
+  const auto deLaRonda = [](const Periodo& ronda, const Periodo& p) {
+    return std::abs(ronda.desde - p.desde) <= kRonda && std::abs(ronda.hasta - p.hasta) <= kRonda;
+  };
+  std::vector<std::pair<Recibido*, size_t>> suyas;
+  std::vector<Periodo> primeras;  // compared with the first one: a round doesn't grow into the next
+  suyas.reserve(recibidos.size());
+  for (Recibido& r : recibidos) {
+    if (r.periodo.tipo != kOtros) continue;
+    const auto ronda =
+        std::ranges::find_if(primeras, [&](const Periodo& p) { return deLaRonda(p, r.periodo); });
+    const auto cual = static_cast<size_t>(ronda - primeras.begin());
+    suyas.emplace_back(&r, cual);
+    if (ronda == primeras.end()) {
+      primeras.push_back(r.periodo);
+      rondas.push_back(r.periodo);
+    }
+    rondas[cual].desde = std::min(rondas[cual].desde, r.periodo.desde);
+    rondas[cual].hasta = std::max(rondas[cual].hasta, r.periodo.hasta);
+  }
+  for (const auto& [r, cual] : suyas) r->periodo = rondas[cual];
+}
+
+// Sales of several days in one day, or between two dates: a person would look for them elsewhere.
 void avisarDeVariosDias(const std::vector<Recibido>& lecturas, const Periodo& destino,
                         const Textos& textos, std::vector<Aviso>& avisos) {
   if (destino.tipo != kDiario && destino.tipo != kOtros) return;
@@ -110,7 +137,7 @@ void avisarDeBases(const std::vector<Recibido>& recibidos, const Textos& textos,
   }
 }
 
-// What was memorised of a group whose totals don't foot may be more than its machines hold.
+// For a group whose totals don't foot, more may have been memorised than its machines hold.
 Resultado<> anotarDudosas(dao::Database& db, const std::vector<Recibido>& recibidos, int grupo) {
   TARVO_TOMAR(const auto mal,
               db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=4"_s, grupo));
@@ -152,6 +179,8 @@ Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
     TARVO_INTENTAR(rs->MoveNext());
   }
   std::ranges::stable_sort(recibidos_, {}, &Recibido::periodo);
+  igualarRonda(recibidos_);
+  std::ranges::stable_sort(recibidos_, {}, &Recibido::periodo);
   for (const Recibido& r : recibidos_) {
     if (propuestos_.empty() || propuestos_.back().periodo != r.periodo)
       propuestos_.push_back({r.periodo, 0});
@@ -164,6 +193,40 @@ Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
   const auto uno = preferido != propuestos_.end() ? preferido : mejor;
   if (uno != propuestos_.end()) elegido_ = static_cast<int>(uno - propuestos_.begin());
   return tr.confirmar();
+}
+
+// For each group the amount of its grand total, else of its first kind.
+Resultado<EnBandeja> CerrSes::enBandeja() const {
+  EnBandeja b;
+  std::map<int, const Recibido*> cuenta;
+  for (const Recibido& r : recibidos_) {
+    auto [suyo, nuevo] = cuenta.try_emplace(r.CODGPO, &r);
+    if (!nuevo && r.clase == kGranTotal) suyo->second = &r;
+  }
+  for (const auto& [grupo, r] : cuenta) {
+    const QString tabla = columna(clase(r->clase)->tabla);
+    TARVO_TOMAR(
+        const auto leido,
+        s_.base().uno(u"SELECT SUM(IMP) FROM %1 WHERE LINK=0 AND GRUPO=?"_s.arg(tabla), grupo));
+    b.importe += leido.entero();
+    if (!r->conBase) continue;
+    TARVO_TOMAR(const auto base,
+                s_.base().uno(u"SELECT SUM(IMP) FROM BaseFilas WHERE GRUPO=? AND CLASE=?", grupo,
+                              r->clase));
+    b.importe -= base.entero();
+  }
+  TARVO_TOMAR(const auto todos,
+              s_.base().consultar(u"SELECT CODGPO FROM GRUPOS WHERE REMOTO<>0 ORDER BY CODGPO"));
+  for (; !todos->Eof();) {
+    const auto grupo = static_cast<int>(todos->entero(0));
+    if (!cuenta.contains(grupo)) b.faltan.push_back(grupo);
+    TARVO_INTENTAR(todos->MoveNext());
+  }
+  return b;
+}
+
+void CerrSes::describir(const QString& patron, Fecha ahora) {
+  Descrip = ExpandirNombre(patron, ahora, s_.base());
 }
 
 void CerrSes::elegir(int indice) {
@@ -190,7 +253,7 @@ Resultado<std::vector<qint64>> CerrSes::responder(int grupo, int addr, bool olvi
   const int antes = s_.estado();
   const auto anotar = [&]() -> Resultado<bool> {
     TARVO_TOMAR(auto tr, dao::Transaccion::empezar(s_.base()));
-    // What a session that was closed left marked is no longer waiting.
+    // Marks left by a closed session are no longer waiting.
     if (antes == 0)
       for (const ClaseTotal& c : enVigor(s_.ajustes()))
         TARVO_INTENTAR(s_.base().ejecutar(

@@ -1,6 +1,6 @@
-// Memorising the inbox: what arrived becomes periods, in one transaction that moves rows, marks and
-// the session. When it gives up, everything stays as it was, the session too. Rules:
-// docs/libros.md.
+// Memorising the inbox: the received totals become periods, in one transaction that moves rows,
+// marks and the session. When it gives up, everything stays as it was, including the session.
+// Rules: docs/libros.md.
 #pragma once
 
 #include <optional>
@@ -18,38 +18,48 @@ struct Propuesto {
   int cuenta = 0;
 };
 
+// What memorising would bring, and the groups missing from it.
+struct EnBandeja {
+  qint64 importe = 0;       // minor units of stored money, without what is already memorised
+  std::vector<int> faltan;  // groups that communicate, by number
+};
+
 class CerrSes {
  public:
   CerrSes(Sesion& sesion, Periodos& periodos);
 
-  // Set before LaSesion; true, true and empty at first.
+  // Set before LaSesion; initially true, true and empty.
   bool TodoAUno = true, OverWr = true;
   QString Descrip;  // patterns already expanded
 
-  // The lists of what was received and of the periods that it makes. Settles first, in the
-  // database, what the readings show of zeroings that nobody wrote down.
+  // Lists what was received and the periods it makes. First settles, in the database, the
+  // unrecorded zeroings that the readings show.
   Resultado<> AnalizarScratch(std::vector<Aviso>& avisos);
   const std::vector<Recibido>& recibidos() const { return recibidos_; }
   const std::vector<Propuesto>& propuestos() const { return propuestos_; }
+  // The same for what AnalizarScratch found.
+  Resultado<EnBandeja> enBandeja() const;
   int elegido() const { return elegido_; }  // index of the dominant period, -1 for none
-  // Takes another of the proposed periods in place of the dominant one; it holds as long as what
-  // was received still makes it.
+  // Sets Descrip from a pattern.
+  void describir(const QString& patron, Fecha ahora);
+  // Takes another of the proposed periods in place of the dominant one; the choice holds as long as
+  // the received totals still make that period.
   void elegir(int indice);
-  // Opens again a session that was closed without memorising. False when nothing of it is left or
+  // Reopens a session that was closed without memorising. False when nothing of it is left or
   // another one has begun.
   Resultado<bool> recuperar();
-  // Machines of which a person must say whether they were zeroed.
+  // Machines about which a person must answer whether they were zeroed.
   Resultado<std::vector<DudaAbierta>> dudas();
-  // A person says of a machine that was left out in doubt (Dudas.h) whether it forgot. When nothing
-  // of its group is in doubt any more its reading is memorised, unless a session is open, which
-  // then holds it. The links as of LaSesion.
+  // Takes a person's answer on whether a doubtful machine (Dudas.h) forgot. Once no machine of its
+  // group is in doubt, its reading is memorised, unless a session is open, which then holds it. The
+  // links as for LaSesion.
   Resultado<std::vector<qint64>> responder(int grupo, int addr, bool olvido,
                                            std::vector<Aviso>& avisos);
 
-  // Moves the session to `nuevo`, memorising first when asked. The links of the periods made; empty
-  // when nothing was memorised. The avisos hold what a manager must know, the cross-footing
-  // included. The settings file is the caller's to mirror (Sesion::reflejar) once its own
-  // transaction, if it has one, has ended well; when it rolls back it calls cargar().
+  // Moves the session to `nuevo`, memorising first when asked. Returns the links of the periods
+  // made; empty when nothing was memorised. The avisos hold what a manager must know, including the
+  // cross-footing. The caller mirrors the settings file (Sesion::reflejar) once its own
+  // transaction, if any, has been committed; when it rolls back it calls cargar().
   Resultado<std::vector<qint64>> LaSesion(bool memorizar, int nuevo, std::vector<Aviso>& avisos);
 
  private:

@@ -33,8 +33,8 @@ Resultado<bool> comparable(dao::Database& db, int numero, qint64 link, int grupo
   return n.entero() > 0;
 }
 
-// What the inbox rows of a kind lack, because the kind was cleared by itself.
-// Nothing when nobody knows.
+// The amount missing from the inbox rows of a kind that was cleared separately. Nothing when it is
+// unknown.
 Resultado<std::optional<qint64>> ajusteDe(dao::Database& db, int numero, int grupo) {
   TARVO_TOMAR(auto rs, db.consultar(u"SELECT AJUSTE FROM Lecturas WHERE GRUPO=? AND CLASE=?"_s,
                                     grupo, numero));
@@ -102,7 +102,7 @@ Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajust
   std::vector<Comparado> lista;
   TARVO_TOMAR(const auto hay, comparable(db, kGranTotal, link, grupo));
   TARVO_TOMAR(const auto gran, sumaDe(db, kGranTotal, link, grupo));
-  // A grand total that was read and holds nothing must foot too: its record may have been lost.
+  // An empty grand total that was read must foot as well: its record may have been lost.
   if (!hay || (link != 0 && gran.first == 0)) return lista;
   TARVO_TOMAR(const auto ajusteGran, ajusteDe(db, kGranTotal, grupo));
   for (const ClaseTotal& c : enVigor(ajustes)) {
@@ -117,6 +117,22 @@ Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajust
       lista.push_back({c.numero, gran.second + *ajusteGran, suma.second + *ajuste});
   }
   return lista;
+}
+
+Resultado<CuadreDePeriodo> cuadreDe(const Periodos& periodos, qint64 link) {
+  CuadreDePeriodo c;
+  TARVO_INTENTAR(dao::recorrer(
+      periodos.base().consultar(u"SELECT DISTINCT GRUPO FROM TOTGRT WHERE LINK=? ORDER BY GRUPO",
+                                link),
+      [&](const dao::Recordset& fila) -> Resultado<> {
+        const auto grupo = static_cast<int>(fila.entero(0));
+        TARVO_TOMAR(const auto lista,
+                    compararTotales(periodos.base(), periodos.ajustes(), link, grupo));
+        c.hay = c.hay || !lista.empty();
+        if (!std::ranges::all_of(lista, &Comparado::cuadra)) c.malos.push_back(grupo);
+        return {};
+      }));
+  return c;
 }
 
 Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, const Textos& textos, int grupo,

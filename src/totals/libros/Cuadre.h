@@ -1,11 +1,12 @@
-// Cross-footing: the grand total's amount of a group against the sums by article, by department, by
-// operator and by hour. Which sums a kind of group makes comparable: docs/libros.md.
+// Cross-footing: a group's grand total against the sums by article, by department, by operator and
+// by hour. Which sums are comparable for each kind of group: docs/libros.md.
 #pragma once
 
 #include <optional>
 #include <vector>
 
 #include "totals/libros/Sesion.h"
+#include "totals/periodos/Periodos.h"
 
 namespace tarvo::totals {
 
@@ -20,13 +21,20 @@ struct Comparado {
 Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajustes& ajustes,
                                                   qint64 link, int grupo);
 
-// Compares what the open session received of a group. Each difference becomes an Aviso with both
+// The groups of a period whose grand total differs from a comparable sum.
+struct CuadreDePeriodo {
+  bool hay = false;  // something could be compared
+  std::vector<int> malos = {};
+};
+Resultado<CuadreDePeriodo> cuadreDe(const Periodos& periodos, qint64 link);
+
+// Compares what the open session received from a group. Each difference becomes an Aviso with both
 // numbers, and the group may not be zeroed until it is read again.
 Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, const Textos& textos, int grupo,
                          std::vector<Aviso>& avisos);
 
-// The comparison for a period (the last one that was memorised when none is named), group by group,
-// with where each number came from.
+// The comparison for a period (the last memorised one when none is named), group by group, with the
+// origin of each number.
 Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
                                  std::optional<qint64> link);
 

@@ -12,7 +12,7 @@ namespace {
 
 using dao::Database;
 
-// Numbers of the kinds that the open session received of the group.
+// Numbers of the kinds that the open session received from the group.
 Resultado<QString> clasesRecibidas(Database& db, const Ajustes& ajustes, int grupo) {
   QStringList clases;
   for (const ClaseTotal& c : enVigor(ajustes)) {

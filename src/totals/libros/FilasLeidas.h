@@ -1,5 +1,6 @@
-// The rows of one machine's answer, in order of their key. Machines answer in rising order nearly
-// always, so rows are added at the end of one block of memory; any other order is put in its place.
+// The rows of one machine's answer, ordered by key. Machines nearly always answer in ascending
+// order, so rows are added at the end of one block of memory; a row out of order is put in its
+// place.
 #pragma once
 
 #include <algorithm>
@@ -13,7 +14,7 @@ namespace tarvo::totals {
 
 class FilasLeidas {
  public:
-  using Clave = std::pair<qint64, int>;  // CODI and HORA (0 where the kind has none)
+  using Clave = std::pair<qint64, int>;  // CODI and HORA (0 for kinds without one)
   using Fila = std::pair<Clave, Contadores>;
   using const_iterator = std::vector<Fila>::const_iterator;
 
@@ -22,7 +23,7 @@ class FilasLeidas {
     for (const auto& [clave, c] : filas) (*this)[clave] = c;
   }
 
-  // The counters of a key, zeros for one not seen before. The reference holds until the next call.
+  // The counters of a key, zeros for a new one. The reference holds until the next call.
   Contadores& operator[](const Clave& clave) {
     if (filas_.empty() || filas_.back().first < clave)
       return filas_.emplace_back(clave, Contadores{}).second;

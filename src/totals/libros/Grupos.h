@@ -7,12 +7,11 @@
 
 namespace tarvo::totals {
 
-// Whoever deletes a group calls this, in the same transaction: all that the books know of its
-// machines, and what waits of them in the inbox, must not pass to a group that gets its code.
-// Periods keep what they have.
+// Called in the transaction that deletes a group: what the books know of its machines, and their
+// rows in the inbox, must not pass to a later group with its code. Periods keep what they have.
 Resultado<> olvidarGrupo(dao::Database& db, int grupo);
-// Where that is, for who can bring the group back: tables with a column GRUPO, and what else marks
-// the rows, ready to stand before a condition on it.
+// Where that is, for callers that can restore the group: tables with a column GRUPO, and what else
+// marks the rows, ready to precede a condition on it.
 struct TablaDeGrupo {
   QString tabla, donde;
 };

@@ -37,13 +37,13 @@ Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool su
                                         link, r.CODGPO));
   if (viejo->entero(0) == 0) return r.conBase ? Modo::Sumar : Modo::Nueva;
   if (!sustituir || r.conBase) return Modo::Sumar;
-  // A part of this group was zeroed by itself, so that its counters hold new sales only.
+  // A part of this group was zeroed separately, so that its counters hold new sales only.
   TARVO_TOMAR(
       const auto parte,
       db_.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND (AJUSTE IS NULL OR AJUSTE<>0)"_s,
               r.CODGPO));
   if (parte.entero() > 0) return Modo::Sumar;
-  // What is there was read before the zeroing since which the counters count: other sales.
+  // The rows there were read before the zeroing from which the counters start: other sales.
   TARVO_TOMAR(
       const auto otras,
       db_.uno(u"SELECT count(*) FROM Origenes WHERE LINK=? AND GRUPO=? AND CLASE=? AND HASTA<=?"_s,
@@ -57,7 +57,8 @@ Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool su
                                                 u" WHERE LINK=0 AND GRUPO=?"_s),
                                         r.CODGPO));
   if (nuevo.entero() >= viejo->entero(1)) return Modo::Poner;
-  // Counters only go down when a machine forgets: what is there and what comes are different sales.
+  // Counters only go down when a machine forgets: the rows there and the new ones are different
+  // sales.
   avisos.push_back({r.CODGPO,
                     p_.textos()(kTxMenosVentas,
                                 {r.CODGPO, NombreTabla(r.clase), nuevo.entero(), viejo->entero(1)}),
@@ -110,7 +111,7 @@ Resultado<> Memoria::mover(const Recibido& r, qint64 link, Modo modo) {
   return r.conBase ? quitarAusentes(r, link) : Resultado<>{};
 }
 
-// What is memorised of a code that a whole reading no longer names is taken off too, as any other
+// The memorised amount of a code missing from a whole reading is taken off as well, like any other
 // difference.
 Resultado<> Memoria::quitarAusentes(const Recibido& r, qint64 link) {
   const ClaseTotal* c = clase(r.clase);
@@ -133,7 +134,7 @@ Resultado<> Memoria::quitarAusentes(const Recibido& r, qint64 link) {
   return {};
 }
 
-// From now on the machines' counters hold what this period has, but for the machines zeroed since
+// From now on the machines' counters hold what this period has, except for machines zeroed since
 // they were read.
 Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
   TARVO_INTENTAR(

@@ -10,25 +10,25 @@
 
 namespace tarvo::totals {
 
-// A group and kind with data in the open session, and the period that its span makes.
+// A group and kind with data in the open session, and the period made by its span.
 struct Recibido {
   int CODGPO = 0;
   int clase = 0;
   Periodo periodo;
-  Fecha desde, hasta;    // the span of the sales that are to be moved
+  Fecha desde, hasta;    // the span of the sales to be moved
   Fecha baseDesde;       // the span's start once this reading is memorised
-  bool conBase = false;  // a part of the counters is memorised already: only the difference moves
+  bool conBase = false;  // part of the counters is already memorised: only the difference moves
   qint64 linkBase = 0;   // the period that holds that part
-  int jornadas = 0;      // working days in the span, where they are few enough to be counted
+  int jornadas = 0;      // working days in the span, where few enough to be counted
 };
 
-// Settles what the readings of the open session show of zeroings that were never confirmed: a
-// machine whose counters went down has forgotten what was memorised of it. Writes PZERO, the DD_
-// columns and the memorised rows accordingly.
+// Settles the unconfirmed zeroings that the open session's readings show: a machine whose counters
+// went down has forgotten its memorised counters. Writes PZERO, the DD_ columns and the memorised
+// rows accordingly.
 Resultado<> resolverBases(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
                           std::vector<Aviso>& avisos);
 
-// The same for one group, before it is told to forget: that would overwrite what shows it.
+// The same for one group, before it is told to forget: that would overwrite the evidence.
 Resultado<> resolverBasesDe(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
                             int grupo, std::vector<Aviso>& avisos);
 
@@ -37,13 +37,13 @@ class Memoria {
   Memoria(dao::Database& db, const Ajustes& ajustes, Periodos& periodos, qint64 ejecucion)
       : db_(db), a_(ajustes), p_(periodos), ejecucion_(ejecucion) {}
 
-  // Moves these readings into one period, which is made when it is missing. Its LINK.
+  // Moves these readings into one period, created when missing. Returns its LINK.
   Resultado<qint64> incorporar(Periodo destino, const std::vector<Recibido>& lecturas,
                                bool sustituir, const QString& descr, std::vector<Aviso>& avisos);
 
  private:
-  // How a reading goes into its period: Otras when what the period has of the group are other
-  // sales, so that nothing of it may be replaced.
+  // How a reading goes into its period: Otras when the period holds other sales of the group, so
+  // that none of them may be replaced.
   enum class Modo { Nueva, Sumar, Poner, Otras };
   static void sumarSiHayOtras(const std::vector<Recibido>& lecturas, std::vector<Modo>& modos);
   Resultado<Modo> modoDe(const Recibido& r, qint64 link, bool sustituir,
@@ -55,7 +55,7 @@ class Memoria {
                                               const std::vector<Recibido>& lecturas,
                                               std::vector<Aviso>& avisos);
   Resultado<bool> tieneAcumulados(const Columna& c);
-  // Groups by kind that are about to be replaced.
+  // Groups about to be replaced, by kind.
   Resultado<bool> tieneAjenas(qint64 link, const std::map<int, std::vector<int>>& sustituidos);
   Resultado<bool> soloSuma(const Columna& c);
   Resultado<> hacerDescontable(const Columna& antes, qint64 link, bool conAjenas,

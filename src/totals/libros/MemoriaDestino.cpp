@@ -1,4 +1,4 @@
-// Into which period a reading goes, and what becomes of one that somebody made by hand.
+// Which period a reading goes into, and what becomes of a period made by hand.
 #include <algorithm>
 
 #include "totals/TextosTotals.h"
@@ -8,7 +8,7 @@ namespace tarvo::totals {
 
 using namespace Qt::StringLiterals;
 
-// Periods were added into this one: its rows are not of its own readings alone.
+// Periods were added into this one: its rows are not only from its own readings.
 Resultado<bool> Memoria::tieneAcumulados(const Columna& c) {
   if (c.periodo.tipo < kSemanal || c.periodo.tipo > kAnual) return false;
   TARVO_TOMAR(
@@ -19,7 +19,7 @@ Resultado<bool> Memoria::tieneAcumulados(const Columna& c) {
   return n.entero() > 0;
 }
 
-// Does the period have rows of groups and kinds other than those that are about to be replaced?
+// Does the period have rows of groups and kinds other than those about to be replaced?
 Resultado<bool> Memoria::tieneAjenas(qint64 link,
                                      const std::map<int, std::vector<int>>& sustituidos) {
   for (const ClaseTotal& c : enVigor(a_)) {
@@ -35,7 +35,7 @@ Resultado<bool> Memoria::tieneAjenas(qint64 link,
   return false;
 }
 
-// A week, month or year that sums its days. One that lost them still has their sales.
+// A week, month or year that sums its days. It still has their sales after they are deleted.
 Resultado<bool> Memoria::soloSuma(const Columna& c) {
   if (c.stkABLE || c.periodo.tipo < kSemanal || c.periodo.tipo > kAnual) return false;
   TARVO_TOMAR(const auto acumulados, tieneAcumulados(c));
@@ -43,8 +43,8 @@ Resultado<bool> Memoria::soloSuma(const Columna& c) {
   return tieneAjenas(c.LINK, {});
 }
 
-// A period that only sums others takes no reading: its sales would be in no day, and out of no
-// stock. They get a period of their own dates.
+// A period that only sums others takes no reading: its sales would belong to no day and never leave
+// the stock. They get a period of their own dates.
 Resultado<std::optional<Columna>> Memoria::destinoDe(Periodo& destino,
                                                      const std::vector<Recibido>& lecturas,
                                                      std::vector<Aviso>& avisos) {
@@ -60,9 +60,8 @@ Resultado<std::optional<Columna>> Memoria::destinoDe(Periodo& destino,
   return p_.BuscarPeriodo(destino.tipo, destino.desde, destino.hasta);
 }
 
-// A period that was made by hand leaves the stock alone. With nothing in it but what was read it is
-// one like any other; where it keeps rows that may be off the stock by another way, it stays what
-// it was.
+// A period made by hand leaves the stock alone. If it holds only readings it is like any other; if
+// it keeps rows that may have left the stock by another way, it stays as it was.
 Resultado<> Memoria::hacerDescontable(const Columna& antes, qint64 link, bool conAjenas,
                                       const std::vector<Recibido>& lecturas,
                                       std::vector<Aviso>& avisos) {

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 using dao::Database;
 
 Resultado<> anunciarParte(Database& db, Parte p, qint64 ejecucion, Fecha ahora, qint64 sec) {
-  // The first frame begins anew.
+  // The first frame starts afresh.
   if (p.conjunto == 1)
     TARVO_INTENTAR(
         db.ejecutar(u"DELETE FROM CerosParte WHERE GRUPO=? AND ADDR=?"_s, p.grupo, p.addr));

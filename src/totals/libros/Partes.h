@@ -1,6 +1,6 @@
-// Machines that forget in several frames. Which kinds of total a frame clears is told by no manual:
-// between the first frame of a zeroing and its end each kind may be cleared or not, and the next
-// reading shows it, kind by kind. Rules: docs/libros.md.
+// Machines that forget in several frames. No manual tells which kinds of total a frame clears:
+// between the first frame of a zeroing and its end each kind may or may not be cleared, and the
+// next reading shows it, kind by kind. Rules: docs/libros.md.
 #pragma once
 
 #include <optional>
@@ -14,26 +14,26 @@ struct Parte {
   int grupo = 0, addr = 0, conjunto = 0;  // `conjunto`: the number of the frame
 };
 
-// Inside the caller's transaction, as all that follows. This frame is about to go: from now on no
-// kind of the machine is known to be whole.
+// Inside the caller's transaction, like all that follows. This frame is about to be sent: from now
+// on no kind of the machine is known to be whole.
 Resultado<> anunciarParte(dao::Database& db, Parte p, qint64 ejecucion, Fecha ahora, qint64 sec);
 Resultado<> confirmarParte(dao::Database& db, Parte p, qint64 ejecucion, Fecha cuando, qint64 sec);
-// The kind of the machine was cleared: nothing of it is memorised any more that the machine holds.
+// The machine's counters of this kind were cleared: it no longer holds anything memorised of it.
 Resultado<> olvidarClase(dao::Database& db, int grupo, int addr, int clase);
-// For a reading that was just noted: by how much its sum is behind that of kinds that were not
-// cleared. A machine that is not in the reading has left the group.
+// For a reading just noted: how far its sum is below that of the kinds that were not cleared. A
+// machine missing from the reading has left the group.
 Resultado<> anotarPartes(dao::Database& db, int grupo, const ClaseTotal& clase,
                          const Lectura& lectura);
 
-// Machines of the group that were told a part and not the rest.
+// Machines of the group that were told only a part.
 Resultado<std::set<int>> maquinasAMedias(dao::Database& db, int grupo);
 Resultado<std::set<int>> gruposAMedias(dao::Database& db);
-// Settles from the readings of the open session which kinds of such machines were cleared. False
-// when they don't tell: the group then stays out of this memorisation, and isn't zeroed.
+// Settles from the open session's readings which kinds of such machines were cleared. False when
+// they don't show it: the group then stays out of this memorisation, and isn't zeroed.
 Resultado<bool> resolverPartes(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
                                int grupo, std::vector<Aviso>& avisos);
 
-// What the last whole reading of the grand total says of one machine; nothing when there is none
+// One machine's counters in the last whole reading of the grand total; nothing when there is none
 // since the machine last forgot.
 Resultado<std::optional<Contadores>> granTotalLeido(dao::Database& db, int grupo, int addr);
 

@@ -1,6 +1,6 @@
-// A zeroing that broke off between two frames: what the readings after it show of each kind of
-// total. All that may have happened is tried against them; what counts is the one way in which all
-// sums foot, and where several do, what the counters testify.
+// A zeroing broken off between two frames: what the readings after it show of each kind of total.
+// All possible outcomes are tried against them; the only one in which all sums foot counts, and
+// where there are several, the evidence of the counters decides.
 #include <algorithm>
 #include <array>
 #include <map>
@@ -18,16 +18,16 @@ namespace {
 
 using dao::Database;
 
-// What is known of one machine.
+// What is known about one machine.
 struct Caja {
   int grupo = 0, addr = 0;
-  qint64 ultimaTrama = 0;  // its place in the order of events
+  qint64 ultimaTrama = 0;  // its position in the order of events
   qint64 confirmadas = 0, anunciadas = 0;
   Fecha cuando;
-  std::map<int, qint64> quitado;  // by kind; without it nobody knows
+  std::map<int, qint64> quitado;  // by kind; unknown where missing
   std::set<int> dudosas;          // kinds that may have been cleared
-  Testimonios t;                  // of the kinds that were read since, with something memorised
-  std::set<int> leidas;           // kinds that were read since, at all
+  Testimonios t;                  // of the kinds read since, with something memorised
+  std::set<int> leidas;           // all kinds read since
 };
 using Via = std::set<int>;  // the kinds that were cleared
 
@@ -53,7 +53,7 @@ Resultado<Caja> leerCaja(Database& db, int grupo, int addr) {
   return c;
 }
 
-// The kinds that the open session has of the group, read whole or not, after the last frame.
+// The open session's kinds of the group read after the last frame, whole or not.
 Resultado<std::set<int>> leidasTras(Database& db, const Ajustes& ajustes, int grupo, qint64 sec) {
   std::set<int> clases;
   for (const ClaseTotal& c : enVigor(ajustes)) {
@@ -67,7 +67,7 @@ Resultado<std::set<int>> leidasTras(Database& db, const Ajustes& ajustes, int gr
   return clases;
 }
 
-// Kinds with something memorised of the machine that were not read since.
+// Were all memorised kinds of the group read since?
 Resultado<bool> todasReleidas(Database& db, const Caja& c) {
   QStringList leidas;
   for (const int k : c.leidas) leidas << QString::number(k);
@@ -80,14 +80,13 @@ Resultado<bool> todasReleidas(Database& db, const Caja& c) {
   return n.entero() == 0;
 }
 
-// The frames clear kinds that are in doubt; whoever clears the machine by hand clears all.
+// The frames clear doubtful kinds; clearing the machine by hand clears all.
 bool puede(const Caja& c, const Via& via) {
   return via.size() == c.t.size() ||
          std::ranges::all_of(via, [&](int k) { return c.dudosas.contains(k); });
 }
 
-// All ways in which the sums of all kinds foot. A kind of which nobody knows how far it is behind
-// can't be summed.
+// All ways in which the sums of all kinds foot. A kind whose shortfall is unknown can't be summed.
 std::vector<Via> viasQueCuadran(const Caja& c) {
   std::vector<int> clases;
   for (const auto& [k, t] : c.t) clases.push_back(k);
@@ -116,8 +115,8 @@ const Via& masLarga(const std::vector<Via>& vias) {
   return *std::ranges::max_element(vias, {}, &Via::size);
 }
 
-// Nothing was cleared, or all: no single frame clears everything, so the frames that the machine
-// answered say which, but for the machine's own counters.
+// Nothing was cleared, or everything: no single frame clears everything, so the answered frames
+// decide, unless the machine's own counters contradict them.
 std::optional<Via> nadaOTodo(const Caja& c, const std::vector<Via>& vias) {
   const bool baja = algunaBaja(c.t);
   const bool quietas =
@@ -135,8 +134,7 @@ std::optional<Via> nadaOTodo(const Caja& c, const std::vector<Via>& vias) {
   return std::nullopt;
 }
 
-// Kind by kind, where the sums don't say: what was sold came to nothing, or one kind is all there
-// is.
+// Kind by kind, where the sums don't decide: the sales came to nothing, or there is only one kind.
 std::optional<Via> claseAClase(const Caja& c, const std::vector<Via>& vias) {
   Via via;
   for (const auto& [k, t] : c.t) {
@@ -156,7 +154,7 @@ std::optional<Via> decidir(const Caja& c, const std::vector<Via>& vias, bool tod
   return claseAClase(c, vias);
 }
 
-// The reading of the open session of this kind is from after the clearing.
+// The open session's reading of this kind is from after the clearing.
 Resultado<> corregirLectura(Database& db, const Caja& c, int clase, qint64 cambio) {
   const QString dd = CampoDesde(clase);
   TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET AJUSTE=AJUSTE+? WHERE GRUPO=? AND CLASE=?"_s,
@@ -179,7 +177,7 @@ Resultado<> aplicar(Database& db, const Caja& c, const Via& borradas) {
       TARVO_INTENTAR(olvidarClase(db, c.grupo, c.addr, k));
       TARVO_INTENTAR(corregirLectura(db, c, k, t->second.impAntes));
     }
-    // What was never memorised shows nothing: how far it is behind the others nobody knows.
+    // A kind that was never memorised shows nothing: its shortfall against the others is unknown.
     TARVO_TOMAR(const auto base,
                 db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND CLASE=? "_s
                        u"AND (LINK IS NOT NULL OR BASE_HASTA IS NOT NULL)"_s,
@@ -196,7 +194,7 @@ Resultado<> aplicar(Database& db, const Caja& c, const Via& borradas) {
   return {};
 }
 
-// All that was read of it has forgotten: it counts afresh, as after a whole zeroing.
+// Every kind that was read has been cleared: the machine counts afresh, as after a whole zeroing.
 Resultado<> aplicarTodo(Database& db, const Ajustes& ajustes, const Textos& textos, const Caja& c,
                         std::vector<Aviso>& avisos) {
   TARVO_INTENTAR(darPorOlvidadas(db, ajustes, c.grupo, {c.addr}, textos, avisos));
@@ -239,7 +237,7 @@ Resultado<std::vector<Caja>> cajasQueJuzgar(Database& db, const Ajustes& ajustes
     TARVO_TOMAR(c.leidas, leidasTras(db, ajustes, grupo, c.ultimaTrama));
     for (const auto& [k, t] : testimonios[addr])
       if (c.leidas.contains(k)) c.t[k] = t;
-    // The sum of a range of codes foots with nothing.
+    // The sum of a range of codes can't foot with anything.
     for (const Releida& r : lista)
       if (r.grupo == grupo && !r.entera) c.quitado.erase(r.clase->numero);
     const bool alguna = std::ranges::any_of(c.leidas, [&](int k) { return c.dudosas.contains(k); });

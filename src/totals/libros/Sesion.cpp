@@ -15,8 +15,8 @@ const QString kClaveEstado = u"SesionAbier"_s;
 const QString kClaveHasta = u"SesionHasta"_s;
 const QString kClaveCero = u"SesionACero"_s;
 const QString kClaveDe = u"SesionDe"_s;
-// How long one collection may last, in days: the readings of a run end together, so that they make
-// one period. Without a run, or in one that goes on, somebody may have sold in between.
+// The longest collection, in days: the readings of a run end together, so that they make one
+// period. Without a run, or in a resumed one, there may have been sales in between.
 constexpr double kDeUnaVez = 0.5, kSinContinuidad = 1.0 / 24;
 
 }  // namespace
@@ -114,8 +114,8 @@ Resultado<bool> Sesion::PuedeRecibir(int grupo, int numero) {
                             QString::fromUtf16(c->sesion) + u" FROM Sesiones WHERE CODGPO=?"_s),
                     grupo));
   if (rs->Eof() || d->abierta == 0 || !rs->logico(2)) return true;
-  // A zeroing that was begun after this reading, confirmed or not: of the machine that it was sent
-  // to the reading is all that is left, though the others of the group wait for theirs.
+  // A zeroing begun after this reading, confirmed or not: for its machine the reading is all that
+  // is left, though the others of the group wait for theirs.
   TARVO_TOMAR(
       const auto empezada,
       db_.uno(

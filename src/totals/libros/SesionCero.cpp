@@ -1,5 +1,5 @@
-// Telling a machine to forget: who may be told, the intention on disk before the frame goes, and
-// what is written when the machine has confirmed.
+// Telling a machine to forget: which machines may be told, the intention on disk before the frame
+// is sent, and what is written once the machine has confirmed.
 #include "totals/TextosTotals.h"
 #include "totals/libros/Cuadre.h"
 #include "totals/libros/Dudas.h"
@@ -15,7 +15,7 @@ namespace {
 
 using dao::Database;
 
-// Why the readings of a group forbid its zeroing, empty when they don't.
+// Why the readings of a group forbid its zeroing; empty when they don't.
 Resultado<QString> motivoDeLecturas(Database& db, const Textos& textos, int grupo) {
   TARVO_TOMAR(
       auto rs,
@@ -27,8 +27,8 @@ Resultado<QString> motivoDeLecturas(Database& db, const Textos& textos, int grup
   return textos(kTxFaltaLectura, {grupo, NombreTabla(static_cast<int>(rs->entero(0)))});
 }
 
-// The kinds of which the open session holds a reading that contains memorised sales. They are taken
-// off when it is memorised, whether or not the machine is zeroed meanwhile.
+// The kinds whose reading in the open session contains memorised sales. These are taken off when it
+// is memorised, whether or not the machine is zeroed in the meantime.
 Resultado<QString> clasesQueEsperan(Database& db, const Ajustes& ajustes, int grupo, int abierta) {
   QStringList clases{u"0"_s};
   for (const ClaseTotal& c : enVigor(ajustes)) {
@@ -45,7 +45,7 @@ Resultado<QString> clasesQueEsperan(Database& db, const Ajustes& ajustes, int gr
   return clases.join(u',');
 }
 
-// Leaves as memorised only what the machines other than `addr` hold, for a group of several.
+// For a group of several machines, leaves as memorised only what machines other than `addr` hold.
 Resultado<> quitarDeLaBase(Database& db, int grupo, int addr, const QString& menos) {
   TARVO_TOMAR(
       auto rs,
@@ -89,8 +89,8 @@ Resultado<> marcarPuestaACero(Database& db, int grupo, Fecha cuando) {
 Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
   TARVO_TOMAR(const auto enDuda, hayDudas(db_, grupo));
   if (enDuda) return PermisoCero{false, false, textos_(kTxDudaSinCero, {grupo})};
-  // A zeroing that comes before the memorisation: it would hide whether an earlier one was heard,
-  // and sales made while the group was read show here.
+  // A zeroing before the memorisation would hide whether an earlier one was heard, and sales made
+  // during the reading of the group show up here.
   std::vector<Aviso> resuelto, diferencias;
   if (d->abierta == 2) {
     TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
@@ -133,7 +133,7 @@ Resultado<> Sesion::anunciarCero(int grupo, int addr, int conjunto) {
                    u"INTENCION=excluded.INTENCION, "_s
                    u"SEC_INTENCION=excluded.SEC_INTENCION"_s,
                    grupo, addr, d->ejecucion, reloj_.ahora(), sec));
-  // Whether its outcome can be written down is known now, not when the machine has forgotten.
+  // Whether the outcome can be recorded must be known now, not after the machine has forgotten.
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE Sesiones SET PZERO=PZERO WHERE CODGPO=?"_s, grupo));
   if (conjunto > 0)
     TARVO_INTENTAR(anunciarParte(db_, {grupo, addr, conjunto}, d->ejecucion, reloj_.ahora(), sec));
@@ -206,7 +206,7 @@ Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
   }
   const qint64 con = base->CON, imp = base->IMP, pes = base->PES;
   if (leido.CON == con && leido.IMP == imp && leido.PES == pes) return Comparacion::Igual;
-  // A piece brought back may lower the count; it doesn't halve it.
+  // A returned item may lower the count; it doesn't halve it.
   if (2 * leido.CON < con || (leido.CON == 0 && leido.IMP == 0)) return Comparacion::Cero;
   return Comparacion::Mas;
 }

@@ -1,4 +1,4 @@
-// What Sesion keeps in memory, and the statements that its files share.
+// Sesion's state in memory, and the statements shared by its files.
 #pragma once
 
 #include <set>
@@ -20,29 +20,29 @@ struct Sesion::Estado {
   explicit Estado(dao::Database& base) : db(base), valores(base) {}
   Foto foto() const { return {abierta, hasta, aCero, de}; }
   void volver(const Foto& f) { abierta = f.abierta, hasta = f.hasta, aCero = f.aCero, de = f.de; }
-  // A session that an earlier run left open: what is read from now on ends now.
+  // A session left open by an earlier run: readings from here on end now.
   void renovar(Fecha ahora);
 
-  // Notes the state of a reading, keeping what is known of earlier ones.
+  // Notes the state of a reading, keeping what is known about earlier ones.
   Resultado<> anotarLectura(int grupo, int clase, Lectura estado, Fecha ahora);
 
   dao::Database& db;
   EstadoBase valores;
   int abierta = 0;
   Fecha hasta, aCero;
-  qint64 ejecucion = 0, de = 0;  // the present run, and the one whose moment `hasta` is
+  qint64 ejecucion = 0, de = 0;  // the current run, and the run that `hasta` belongs to
   bool reanuda = false;
   std::set<int> leidosAhora;  // groups read since this process started the run
 };
 
-// Of a row of Lecturas: read since the machine of an address (a parameter) last confirmed that it
-// forgot.
+// Condition on a row of Lecturas: read since the machine at an address (a parameter) last confirmed
+// that it forgot.
 inline constexpr auto kTrasElCero =
     u"SEC>(SELECT COALESCE(MAX(SEC_HECHO), 0) FROM Ceros WHERE Ceros.GRUPO=Lecturas.GRUPO AND "
     u"ADDR=?)";
 
-// Keeps the rows of a kind that are memorised, and not zeroed, apart from the inbox, which is about
-// to be refilled.
+// Keeps the memorised but not yet zeroed rows of a kind apart from the inbox, which is about to be
+// refilled.
 Resultado<> apartarBase(dao::Database& db, int grupo, int clase);
 
 }  // namespace tarvo::totals

@@ -1,4 +1,4 @@
-// Storing what a task read: one transaction for the rows, the marks and the record of the reading.
+// Storing a task's reading: one transaction for its rows, its marks and its record.
 #include "totals/TextosTotals.h"
 #include "totals/libros/Dudas.h"
 #include "totals/libros/Partes.h"
@@ -16,7 +16,7 @@ QString texto16(const char16_t* s) {
   return QString::fromUtf16(s);
 }
 
-// The rows of a group over all its machines; those of the only one are not copied.
+// The rows of a group over all its machines; the rows of an only machine are not copied.
 const Lectura::Filas& sumaDeMaquinas(const Lectura& lectura, Lectura::Filas& suma) {
   if (lectura.maquinas.size() == 1) return lectura.maquinas.begin()->second;
   for (const auto& [addr, filas] : lectura.maquinas)
@@ -44,8 +44,8 @@ Resultado<> escribirBandeja(Database& db, const ClaseTotal& c, int grupo,
   return {};
 }
 
-// Several machines behind one group: each one's own rows, since a sum can't say later whose part
-// was zeroed.
+// Several machines in one group: each one's own rows, since a sum can't show later whose part was
+// zeroed.
 Resultado<> escribirPorMaquina(Database& db, int grupo, int numero, const Lectura& lectura) {
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s, grupo, numero));
   if (lectura.maquinas.size() < 2) return {};
@@ -65,9 +65,9 @@ Resultado<> escribirPorMaquina(Database& db, int grupo, int numero, const Lectur
   return {};
 }
 
-// The inbox holds a reading that no period has yet: of the open session, or one that waits for a
-// person's answer. When a counter of it went down, the machine may have forgotten it: that reading
-// is all there is of those sales.
+// The inbox holds a reading that is in no period yet: of the open session, or waiting for a
+// person's answer. When one of its counters went down, the machine may have forgotten it: that
+// reading is the only record of those sales.
 Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
                               const Lectura::Filas& nuevas, bool entera, bool abierta) {
   TARVO_TOMAR(const auto viva,

@@ -36,9 +36,8 @@ CREATE TABLE IF NOT EXISTS Origenes (
 CREATE INDEX IF NOT EXISTS Origenes_Link ON Origenes (LINK, GRUPO, CLASE);
 )";
 
-// Each kind of a register that is half zeroed by itself, and machines in doubt. An earlier version
-// took the articles for what the first frame clears, the grand total and the departments for the
-// second's.
+// Each kind of a half zeroed register separately, and doubtful machines. An earlier version assumed
+// that the first frame clears the articles, and the second the grand total and the departments.
 constexpr QStringView kGuionDudas =
     uR"(
 CREATE TABLE IF NOT EXISTS CerosClase (

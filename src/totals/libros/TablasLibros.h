@@ -1,5 +1,5 @@
-// The tables with which the books prove themselves: what each machine was read and told, and where
-// each number of a period came from. Columns and rules: docs/libros.md.
+// The tables that prove the books: the readings and zeroings of each machine, and the origin of
+// each number of a period. Columns and rules: docs/libros.md.
 #pragma once
 
 #include "core/dao/Pasos.h"
@@ -7,17 +7,16 @@
 namespace tarvo::totals {
 
 dao::TablasDeSala tablasLibros();
-// Brings them alone, for who works with this room alone.
+// Creates only these, for programs that use this room alone.
 Resultado<> asegurarTablasLibros(dao::Database& db);
 
-// Small values that must agree with the rows, kept in the same database under a name (table
-// EstadoTarvo).
+// Small named values that must agree with the rows, kept in the same database (table EstadoTarvo).
 class EstadoBase {
  public:
   explicit EstadoBase(dao::Database& db) : db_(db) {}
-  Resultado<dao::Valor> leer(const QString& clave);  // Null when it was never written
+  Resultado<dao::Valor> leer(const QString& clave);  // Null if it was never written
   Resultado<> poner(const QString& clave, const dao::Valor& valor);
-  // The next number of the one counter that puts readings and zeroings in order, whatever the clock
+  // The next number of the single counter that orders readings and zeroings, whatever the clock
   // does.
   Resultado<qint64> siguienteSecuencia();
 

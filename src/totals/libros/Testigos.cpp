@@ -10,10 +10,10 @@ namespace {
 
 using dao::Database;
 
-// Keys that must stand to the unit before a machine is believed in spite of a lower count: as many
-// as chance doesn't give, and more than any returns.
+// Keys that must match to the unit before a machine is believed in spite of a lower count: more
+// than chance gives, and more than any returns.
 constexpr qint64 kMinimoIguales = 3, kPorBaja = 3, kDeCada = 10;
-// More articles than customers bring back in a day: whatever the grand total does.
+// More articles than customers return in a day, whatever the grand total does.
 constexpr qint64 kMuchasBajas = 10;
 
 QString deLaBandeja(const Releida& r) {
@@ -47,7 +47,7 @@ Resultado<> sumarLoLeido(Database& db, const Releida& r, std::map<int, Testimoni
   return {};
 }
 
-// The kind that parts the sales finest.
+// The kind that divides the sales most finely.
 const Testimonio& masFino(const Testimonios& t) {
   return std::ranges::max_element(t, {}, [](const auto& x) { return x.second.claves; })->second;
 }
@@ -74,7 +74,7 @@ Resultado<std::vector<Releida>> releidas(Database& db, const Ajustes& ajustes) {
 }
 
 Resultado<std::map<int, Testimonio>> testimoniosDe(Database& db, const Releida& r) {
-  // Of a range of codes only what it names is compared.
+  // For a range of codes only the codes in it are compared.
   QString sql =
       u"SELECT b.ADDR, count(*), SUM(COALESCE(n.CON,0)<b.CON), SUM(COALESCE(n.CON,0)=b.CON AND "_s
       u"COALESCE(n.PES,0)=b.PES AND COALESCE(n.IMP,0)=b.IMP), SUM(b.CON), SUM(b.IMP) FROM "_s

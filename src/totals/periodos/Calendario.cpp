@@ -8,8 +8,8 @@ namespace tarvo::totals {
 
 namespace {
 
-// A moment is a sum of whole days and seconds / 86400, so two ways to one instant may differ in the
-// last bits. Instants nearer than a tenth of a millisecond are one.
+// A moment is a sum of whole days and seconds / 86400, so the same instant computed in two ways may
+// differ in the last bits. Instants less than a tenth of a millisecond apart are the same.
 constexpr double kGrano = 1e-9;
 bool antes(double a, double b) {
   return a < b - kGrano;
@@ -41,7 +41,7 @@ Periodo mesesDe(int tipo, QDate primero, int meses) {
 }
 
 struct Limite {
-  double masLargo, minimo;  // longest span, shortest stretch between working days
+  double masLargo, minimo;  // longest span, shortest gap between working days
 };
 Limite limiteDe(int tipo) {
   static constexpr std::array<Limite, 4> kLimites{{{4, 0}, {8, 2}, {32, 14}, {370, 300}}};

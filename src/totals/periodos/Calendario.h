@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/ajustes/Ajustes.h"
+#include "core/textos/Textos.h"
 
 namespace tarvo::totals {
 
@@ -16,11 +17,11 @@ struct Jornada {  // fractions of a day
   double abre = 0, cierra = 0;
   bool operator==(const Jornada&) const = default;
 };
-// Seven days, Monday first; empty for a closed day.
+// Seven days, Monday first; nothing for a closed day.
 using Horario = std::array<std::optional<Jornada>, 7>;
 
 // The group's own hours from its HORARIO text; nothing when the text is empty (then the settings
-// rule).
+// apply).
 std::optional<Horario> LeerHorario(const QString& texto);
 QString EscribirHorario(const std::optional<Horario>& horario);
 
@@ -34,7 +35,7 @@ struct Periodo {
   }
 };
 
-// Full limits of the period of a calendar kind that holds `desde`; for any other kind the dates
+// Full limits of the period of a calendar kind that contains `desde`; for any other kind the dates
 // stay.
 Periodo LimitesPeriodo(int tipo, Fecha desde, Fecha hasta);
 
@@ -46,11 +47,11 @@ class Calendario {
   // The core of a working day as (x, y), fractions of a day.
   Jornada VentanaHorario(const std::optional<Jornada>& jornada) const;
   bool EnHorario(Fecha instante, const std::optional<Horario>& horario) const;
-  // The first day of the period of this kind that holds all working time of the span, if there is
-  // one.
+  // The first day of the period of this kind that contains all working time of the span, if there
+  // is one.
   std::optional<Fecha> IntervaloDominante(int tipo, Fecha desde, Fecha hasta,
                                           const std::optional<Horario>& horario) const;
-  // How many stretches of working time the span holds, wholly or in part.
+  // Number of stretches of working time in the span, whole or partial.
   int Jornadas(Fecha desde, Fecha hasta, const std::optional<Horario>& horario) const;
   Periodo DeterminarPeriodo(Fecha desde, Fecha hasta, const std::optional<Horario>& horario) const;
 
@@ -61,6 +62,8 @@ class Calendario {
 QString NombreTipoPeriodo(int tipo);
 QString FormatoPeriodo(int tipo, Fecha fecha);  // the date as a period of this kind shows it
 QString TextoPeriodo(const Periodo& p);
-QString TextoPeriodos(const std::vector<Periodo>& periodos);  // parted by commas
+// In words, inside a sentence or after a colon.
+QString DecirPeriodo(const Periodo& p, const Textos& textos);
+QString TextoPeriodos(const std::vector<Periodo>& periodos);  // separated by commas
 
 }  // namespace tarvo::totals

@@ -1,4 +1,4 @@
-// The kinds of total and what follows from each: table, view, export code, columns of Sesiones.
+// The kinds of total and the attributes of each: table, view, export code, columns of Sesiones.
 #pragma once
 
 #include <QString>
@@ -23,14 +23,14 @@ struct ClaseTotal {
   bool conHora;            // rows have a HORA of their own
 };
 
-// All six, PrimerTotal first. A foreign build ends one earlier: see enVigor.
+// All six, PrimerTotal first. In languages other than Spanish they end one earlier: see enVigor.
 std::span<const ClaseTotal> todasLasClases();
 // The kinds from PrimerTotal to UltimoTotal of this language.
 std::span<const ClaseTotal> enVigor(const Ajustes& ajustes);
-// The kind of that number, or null.
+// The kind with that number, or null.
 const ClaseTotal* clase(int numero);
 
-QString NombreTabla(int numero);  // empty for no kind of total
+QString NombreTabla(int numero);  // empty for a number of no kind
 QString NombreVista(int numero);
 QString CodigoTotales(int numero);
 QString CampoDesde(int numero);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kHoras = 24;
 
-// The column that a chart of this kind goes along.
+// The column on the axis of this kind's chart.
 QString ejeDe(int clase) {
   return clase == kOperHora ? u"t.HORA"_s : u"t.CODI"_s;
 }
@@ -115,6 +115,11 @@ QString nombreFilas(int clase) {
   }
 }
 
+QString importeDePeriodo() {
+  return u"coalesce((SELECT sum(g.IMP) FROM TOTGRT AS g WHERE g.LINK=COLUMNA.LINK), "
+         u"(SELECT sum(a.IMP) FROM TOTPLU AS a WHERE a.LINK=COLUMNA.LINK))"_s;
+}
+
 Resultado<std::vector<Punto>> serie(dao::Database& db, const FiltroFilas& filtro, int cuantos) {
   const Condicion c = filtro.condicion();
   const bool horas = porHoras(filtro.clase);
@@ -144,20 +149,51 @@ Resultado<std::vector<Punto>> serie(dao::Database& db, const FiltroFilas& filtro
   return puntos;
 }
 
-Resultado<std::vector<PuntoPeriodo>> evolucion(dao::Database& db, const FiltroCodigo& filtro) {
+Resultado<std::vector<PuntoPeriodo>> evolucion(const Periodos& periodos,
+                                               const FiltroCodigo& filtro) {
   const Condicion c = filtro.condicion();
   const QString sql = dao::conMarcas(
       u"SELECT COLUMNA.FECHA1, sum(t.[IMP]) FROM {tabla} AS t "
       u"INNER JOIN COLUMNA ON t.LINK=COLUMNA.LINK WHERE {condicion} "
       u"GROUP BY COLUMNA.FECHA1 ORDER BY COLUMNA.FECHA1",
       {{u"tabla", NombreTabla(filtro.clase)}, {u"condicion", c.sql}});
-  return dao::reunir(db.OpenQuery(sql, c.valores), [](const dao::Recordset& fila) {
+  return dao::reunir(periodos.base().OpenQuery(sql, c.valores), [](const dao::Recordset& fila) {
     return PuntoPeriodo{fila.fecha(0), fila.entero(1)};
   });
 }
 
-Resultado<std::vector<Procedencia>> procedencia(dao::Database& db, qint64 link, int grupo,
+// The row with the highest amount, whatever its group.
+Resultado<CodigoDe> masVendido(const Periodos& periodos, int clase) {
+  CodigoDe mayor;
+  const QString sql = dao::conMarcas(
+      u"SELECT GRUPOS.SECCION, t.CODI FROM {tabla} AS t LEFT JOIN GRUPOS ON GRUPOS.CODGPO=t.GRUPO "
+      u"WHERE t.LINK=(SELECT LINK FROM COLUMNA WHERE TIPO=1 ORDER BY FECHA1 DESC LIMIT 1) "
+      u"ORDER BY t.[IMP] DESC LIMIT 1",
+      {{u"tabla", NombreTabla(clase)}});
+  TARVO_INTENTAR(dao::recorrer(periodos.base().consultar(sql), [&](const dao::Recordset& fila) {
+    mayor = {static_cast<int>(fila.entero(0)), fila.entero(1)};
+  }));
+  return mayor;
+}
+
+Resultado<QString> nombreDeCodigo(const Periodos& periodos, const FiltroCodigo& filtro) {
+  const int clase = filtro.clase == kOperHora ? kOperadores : filtro.clase;
+  return nombreDePunto(periodos.base(), clase, filtro.seccion.value_or(0), filtro.codigo);
+}
+
+Resultado<std::map<int, qint64>> filasPorClase(const Periodos& periodos, qint64 link) {
+  std::map<int, qint64> cuantas;
+  for (const ClaseTotal& c : enVigor(periodos.ajustes())) {
+    std::set<qint64> grupos;
+    TARVO_TOMAR(const auto suma, cuenta(periodos.base(), c, link, grupos));
+    cuantas[c.numero] = suma.first;
+  }
+  return cuantas;
+}
+
+Resultado<std::vector<Procedencia>> procedencia(const Periodos& periodos, qint64 link, int grupo,
                                                 int clase, qint64 codigo) {
+  dao::Database& db = periodos.base();
   std::vector<Procedencia> lista;
   const auto una = [&](const dao::Recordset& fila) -> Resultado<> {
     Procedencia p{grupo,
@@ -202,15 +238,14 @@ Resultado<std::vector<Columna>> sumandos(Periodos& periodos, const Columna& mayo
   return partes;
 }
 
-Resultado<Resumen> resumir(dao::Database& db, const Ajustes& ajustes,
-                           const std::vector<qint64>& links) {
+Resultado<Resumen> resumir(const Periodos& periodos, const std::vector<qint64>& links) {
   Resumen r;
   std::set<qint64> grupos;
   for (const qint64 link : links) {
     ++r.periodos;
     std::map<int, qint64> importes;
-    for (const ClaseTotal& c : enVigor(ajustes)) {
-      TARVO_TOMAR(const auto suma, cuenta(db, c, link, grupos));
+    for (const ClaseTotal& c : enVigor(periodos.ajustes())) {
+      TARVO_TOMAR(const auto suma, cuenta(periodos.base(), c, link, grupos));
       r.filas += suma.first;
       if (suma.first > 0) importes[c.numero] = suma.second;
     }

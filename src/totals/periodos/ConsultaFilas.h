@@ -1,7 +1,8 @@
-// Questions about the rows of periods that a person looks at: which rows a filter means, their sums
-// for a chart, where they came from, and what an operation is about to touch.
+// Queries on the rows of displayed periods: which rows match a filter, their sums for a chart,
+// their origin, and what an operation is about to touch.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -10,7 +11,7 @@
 
 namespace tarvo::totals {
 
-// A condition of SQL with its values, over the tables that fuenteFilas names.
+// An SQL condition with its values, on the tables named by fuenteFilas.
 struct Condicion {
   QString sql;
   std::vector<dao::Valor> valores;
@@ -22,7 +23,7 @@ struct FiltroFilas {
   qint64 link = 0;
   int clase = kGranTotal;
   std::optional<int> seccion, grupo;
-  std::optional<qint64> desde, hasta;  // codes, both included
+  std::optional<qint64> desde, hasta;  // codes, inclusive
   Condicion condicion() const;
 };
 
@@ -30,17 +31,19 @@ struct FiltroFilas {
 struct FiltroCodigo {
   int clase = kPLUs;
   int tipo = kDiario;
-  std::optional<int> seccion;  // for the kinds whose codes are a section's
+  std::optional<int> seccion;  // for kinds whose codes belong to a section
   qint64 codigo = 0;
   std::optional<int> grupo;
   std::optional<Fecha> desde, hasta;  // first days
   Condicion condicion() const;
 };
 
-// What comes after FROM: the rows as "t", their period as COLUMNA when `conPeriodo`, their group,
-// and what has their name. `nombreFilas` is the expression of that name.
+// The FROM clause: the rows as "t", their period as COLUMNA when `conPeriodo`, their group, and the
+// table with their name. `nombreFilas` is the expression for that name.
 QString fuenteFilas(int clase, bool conPeriodo);
 QString nombreFilas(int clase);
+// The amount of a row of COLUMNA: from its grand totals, else from its articles.
+QString importeDePeriodo();
 bool conSeccion(int clase);  // codes belong to a section
 
 struct Punto {
@@ -48,38 +51,55 @@ struct Punto {
   QString nombre;
   qint64 importe = 0;  // stored money
 };
-// The amount by code, the `cuantos` largest first; hours, all that have sales, by hour.
+// The amount by code: the `cuantos` largest, in descending order; for hours, all with sales, by
+// hour.
 Resultado<std::vector<Punto>> serie(dao::Database& db, const FiltroFilas& filtro, int cuantos);
+inline Resultado<std::vector<Punto>> serie(const Periodos& periodos, const FiltroFilas& filtro,
+                                           int cuantos) {
+  return serie(periodos.base(), filtro, cuantos);
+}
 struct PuntoPeriodo {
   Fecha desde;
   qint64 importe = 0;
 };
-// The amount of a code by period, by date.
-Resultado<std::vector<PuntoPeriodo>> evolucion(dao::Database& db, const FiltroCodigo& filtro);
+// The amount of a code for each period, ordered by date.
+Resultado<std::vector<PuntoPeriodo>> evolucion(const Periodos& periodos,
+                                               const FiltroCodigo& filtro);
 
-// A reading that gave rows of a period.
+// The best seller of the most recent day, with its section; 0 and 0 when there is none. The code is
+// that of an article, operator, department or group.
+struct CodigoDe {
+  int seccion = 0;
+  qint64 codigo = 0;
+};
+Resultado<CodigoDe> masVendido(const Periodos& periodos, int clase);
+// The name of the filter's code; empty when unknown.
+Resultado<QString> nombreDeCodigo(const Periodos& periodos, const FiltroCodigo& filtro);
+// Number of rows of a period for each kind in use.
+Resultado<std::map<int, qint64>> filasPorClase(const Periodos& periodos, qint64 link);
+
+// A reading from which rows of a period came.
 struct Procedencia {
   int grupo = 0;
   QString nombreGrupo;
-  qint64 ejecucion = 0;  // the run; 0 when it was none
+  qint64 ejecucion = 0;  // the run; 0 when there was none
   std::optional<Fecha> leido;
   Fecha desde, hasta;  // the sales
   bool diferencia = false;
-  // Machine and amount of a code within this reading, as long as no later one has come.
+  // Machine and amount of a code within this reading, until a later one arrives.
   std::vector<std::pair<int, qint64>> maquinas;
 };
-Resultado<std::vector<Procedencia>> procedencia(dao::Database& db, qint64 link, int grupo,
+Resultado<std::vector<Procedencia>> procedencia(const Periodos& periodos, qint64 link, int grupo,
                                                 int clase, qint64 codigo);
 // The periods that were added into this one.
 Resultado<std::vector<Columna>> sumandos(Periodos& periodos, const Columna& mayor);
 
-// What some periods hold together.
+// The combined contents of several periods.
 struct Resumen {
   int periodos = 0, grupos = 0;
   qint64 filas = 0;
-  qint64 importe = 0;  // by the grand totals; by articles where a period has none
+  qint64 importe = 0;  // from the grand totals; from the articles where a period has none
 };
-Resultado<Resumen> resumir(dao::Database& db, const Ajustes& ajustes,
-                           const std::vector<qint64>& links);
+Resultado<Resumen> resumir(const Periodos& periodos, const std::vector<qint64>& links);
 
 }  // namespace tarvo::totals

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::array<const char16_t*, 4> kContadores{u"CON", u"PES", u"[IMP]", u"SCO"};
 
-// INSERT of whole rows from `fuente`; a row that is there grows by the counters of the new one.
+// INSERT of whole rows from `fuente`; an existing row grows by the counters of the new one.
 QString sqlSuma(const ClaseTotal& c, const QString& fuente) {
   const QString tabla = QString::fromUtf16(c.tabla);
   QStringList cambios;

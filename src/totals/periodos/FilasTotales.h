@@ -1,4 +1,4 @@
-// Moving and adding up whole sets of totals rows, one statement a kind. Internal to the room.
+// Moving and adding up whole sets of totals rows, one statement per kind. Internal to the room.
 #pragma once
 
 #include "core/dao/Database.h"
@@ -7,16 +7,16 @@
 
 namespace tarvo::totals {
 
-// The columns that name a row within a period: GRUPO, CODI and, where the kind has one, HORA.
+// The columns that identify a row within a period: GRUPO, CODI and, where the kind has one, HORA.
 QString clavesDe(const ClaseTotal& c);
 
-// Adds, or with signo -1 subtracts, rows to those of `destino`, key by key. `origen` is a query
-// that gives the key columns, CON, PES, IMP and SCO, each key once; its one parameter is `cual`.
+// Adds rows to those of `destino`, or subtracts them with signo -1, key by key. `origen` is a query
+// that returns the key columns, CON, PES, IMP and SCO, each key once; its one parameter is `cual`.
 Resultado<> sumarFilas(dao::Database& db, const ClaseTotal& c, qint64 destino,
                        const QString& origen, qint64 cual, int signo, const Textos& textos);
 // The same for one row: parameters destino, the key columns, CON, PES, IMP and SCO.
 Resultado<std::unique_ptr<dao::Sentencia>> prepararSuma(dao::Database& db, const ClaseTotal& c);
-// An Error when a counter of the period left the range of whole numbers.
+// An Error when a counter of the period has left the integer range.
 Resultado<> comprobarRango(dao::Database& db, const ClaseTotal& c, qint64 link,
                            const Textos& textos);
 

@@ -23,9 +23,10 @@ Resultado<> sumarEntrada(dao::Database& db, const Textos& textos, qint64 link,
 
 }  // namespace
 
-Resultado<> aplicarManuales(dao::Database& db, Periodos& periodos, qint64 link,
+Resultado<> aplicarManuales(Periodos& periodos, qint64 link,
                             const std::vector<EntradaManual>& entradas) {
   if (entradas.empty()) return {};
+  dao::Database& db = periodos.base();
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db));
   TARVO_TOMAR(const auto marcas, periodos.DesacumularTodo(link));
   for (const int numero : {kGranTotal, kPLUs, kOperadores, kDepartamentos, kHorario, kOperHora})
@@ -35,9 +36,9 @@ Resultado<> aplicarManuales(dao::Database& db, Periodos& periodos, qint64 link,
   return t.confirmar();
 }
 
-Resultado<qint64> guardarConManuales(dao::Database& db, Periodos& periodos, qint64 link,
-                                     const Periodo& p, const std::vector<EntradaManual>& entradas) {
-  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db));
+Resultado<qint64> guardarConManuales(Periodos& periodos, qint64 link, const Periodo& p,
+                                     const std::vector<EntradaManual>& entradas) {
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(periodos.base()));
   if (link == 0) {
     TARVO_TOMAR(const auto hay, periodos.BuscarPeriodo(p.tipo, p.desde, p.hasta));
     if (hay) return fallo(Fallo::Duplicado, TextoPeriodo(p));
@@ -45,7 +46,7 @@ Resultado<qint64> guardarConManuales(dao::Database& db, Periodos& periodos, qint
   } else {
     TARVO_INTENTAR(periodos.CambiarPeriodo(link, p.tipo, p.desde, p.hasta, true));
   }
-  TARVO_INTENTAR(aplicarManuales(db, periodos, link, entradas));
+  TARVO_INTENTAR(aplicarManuales(periodos, link, entradas));
   TARVO_INTENTAR(tr.confirmar());
   return link;
 }

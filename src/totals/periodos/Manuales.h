@@ -1,4 +1,4 @@
-// Totals that a person keys in.
+// Totals keyed in by a person.
 #pragma once
 
 #include <vector>
@@ -13,18 +13,18 @@ struct EntradaManual {
   qint64 codi = 0;
   int hora = 0;
   Contadores c;  // with their sign
+  bool operator==(const EntradaManual&) const = default;
 };
 
-// Adds the entries to the period, in one transaction; rows that are missing are made. The larger
-// periods and the stock follow.
-Resultado<> aplicarManuales(dao::Database& db, Periodos& periodos, qint64 link,
+// Adds the entries to the period, in one transaction; missing rows are created. The larger periods
+// and the stock are updated.
+Resultado<> aplicarManuales(Periodos& periodos, qint64 link,
                             const std::vector<EntradaManual>& entradas);
 
-// A period, new when `link` is 0, with what was keyed in for it, in one transaction; its LINK.
-// Duplicado when there is one of that kind and those dates already. Sales may leave larger periods
+// Saves a period, new when `link` is 0, with its keyed entries, in one transaction; returns its
+// LINK. Duplicado when there already is one of that kind and dates. Sales may leave larger periods
 // (see Periodos::saldriaDe).
-Resultado<qint64> guardarConManuales(dao::Database& db, Periodos& periodos, qint64 link,
-                                     const Periodo& periodo,
+Resultado<qint64> guardarConManuales(Periodos& periodos, qint64 link, const Periodo& periodo,
                                      const std::vector<EntradaManual>& entradas);
 
 }  // namespace tarvo::totals

@@ -93,7 +93,7 @@ Resultado<> Papelera::guardar(qint64 lote, const Columna& c, bool soloFilas) {
   return guardarSustituidos(lote, c);
 }
 
-// What is remembered of replaced periods is forgotten with the larger period that holds it.
+// The record of replaced periods goes with the larger period that holds them.
 Resultado<> Papelera::guardarSustituidos(qint64 lote, const Columna& c) {
   const Periodo& p = c.periodo;
   if (p.tipo < kSemanal || p.tipo > kAnual) return {};
@@ -126,7 +126,7 @@ Resultado<int> Papelera::restaurar(qint64 lote) {
   return static_cast<int>(tirados.size());
 }
 
-// A period goes back to an empty place, rows alone to a period that is there and empty.
+// A period goes back to a free place, rows alone to an existing empty period.
 Resultado<> Papelera::comprobarSitio(const Columna& c, bool soloFilas) {
   const Periodo& p = c.periodo;
   TARVO_TOMAR(

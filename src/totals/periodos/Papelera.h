@@ -1,6 +1,6 @@
-// Deleted periods can be brought back for a while: they lie in tables of their own, by batch, with
-// their rows, marks and origins, and with what was remembered of replaced periods on their account.
-// The rows of a sum lie there too (Sumas). While they lie there nobody else is given their number.
+// Deleted periods can be restored for a while: they are kept in separate tables, by batch, with
+// their rows, marks and origins, and with their record of replaced periods. The rows of a sum are
+// kept there as well (Sumas). Meanwhile their number is not given to another period.
 #pragma once
 
 #include <optional>
@@ -11,20 +11,20 @@ namespace tarvo::totals {
 
 class Papelera {
  public:
-  Papelera(dao::Database& db, Periodos& periodos, const Ajustes& ajustes)
-      : db_(db), p_(periodos), a_(ajustes) {}
+  explicit Papelera(Periodos& periodos)
+      : db_(periodos.base()), p_(periodos), a_(periodos.ajustes()) {}
 
   // The number for a new batch, above 0.
   Resultado<qint64> nuevoLote();
-  // Moves a period and its rows into the batch. One transaction; false when there is no such
+  // Moves a period and its rows into the batch, in one transaction; false when there is no such
   // period.
   Resultado<bool> tirar(qint64 lote, qint64 link);
-  // Moves its rows alone; the period stays, with its marks.
+  // Moves only its rows; the period stays, with its marks.
   Resultado<bool> vaciar(qint64 lote, qint64 link);
-  // Puts a whole batch back, with the numbers and marks that its periods had. How many they are.
-  // Duplicado, and nothing changes, when the place of one is taken.
+  // Restores a whole batch, with its periods' numbers and marks. Returns how many. Duplicado, with
+  // nothing changed, when the place of one is taken.
   Resultado<int> restaurar(qint64 lote);
-  // For good.
+  // Permanently.
   Resultado<> vaciarla();
 
  private:

@@ -52,6 +52,12 @@ Resultado<std::optional<Columna>> Periodos::columna(qint64 link) {
   return primera(db_, QStringLiteral("WHERE LINK=?"), link);
 }
 
+Resultado<qint64> Periodos::ultimo() {
+  TARVO_TOMAR(const auto link,
+              db_.uno(u"SELECT LINK FROM COLUMNA ORDER BY FECHA1 DESC, LINK DESC"));
+  return link.entero();
+}
+
 Resultado<std::optional<Columna>> Periodos::BuscarPeriodo(int tipo, Fecha desde, Fecha hasta) {
   const Periodo p = LimitesPeriodo(tipo, desde, hasta);
   return primera(db_, QStringLiteral("WHERE TIPO=? AND FECHA1=? AND FECHAF=? ORDER BY LINK"),
@@ -78,7 +84,7 @@ Resultado<> Periodos::borrarFilas(qint64 link, int clase) {
       TARVO_INTENTAR(db_.ejecutar(dao::conMarcas(u"DELETE FROM {tabla} WHERE LINK=?",
                                                  {{u"tabla", QString::fromUtf16(k.tabla)}}),
                                   link));
-  // Where the rows came from goes with them: the number may be another period's some day.
+  // The origin of the rows goes with them: the number may be another period's some day.
   if (db_.existeTabla(u"Origenes"))
     TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Origenes WHERE LINK=? AND (CLASE=? OR ?<1)", link,
                                 clase, clase));

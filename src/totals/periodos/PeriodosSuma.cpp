@@ -34,7 +34,7 @@ Resultado<> Periodos::SumarPeriodo(qint64 destino, qint64 origen, int signo) {
   return t.confirmar();
 }
 
-// The one larger period of this kind that holds the whole of `origen`.
+// The larger period of this kind that contains all of `origen`.
 std::optional<Periodo> Periodos::mayorDe(int tipo, const Periodo& origen) {
   if (tipo < kSemanal || tipo > kAnual || origen.tipo == tipo) return std::nullopt;
   const Periodo mayor = LimitesPeriodo(tipo, origen.desde, origen.desde);
@@ -42,7 +42,7 @@ std::optional<Periodo> Periodos::mayorDe(int tipo, const Periodo& origen) {
   return mayor;
 }
 
-// Its number; it is made when it isn't there.
+// Its number; it is created if missing.
 Resultado<std::optional<qint64>> Periodos::destinoDe(int tipo, const Periodo& origen) {
   const auto mayor = mayorDe(tipo, origen);
   if (!mayor) return std::nullopt;

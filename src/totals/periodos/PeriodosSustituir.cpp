@@ -1,6 +1,6 @@
-// Replaced periods. The larger periods and the stock keep what they held of a period that is
-// replaced. Its rows and marks stay in two tables, so that they can be taken out again to the cent
-// when the new version is added there in turn.
+// Replaced periods. The larger periods and the stock keep a replaced period's sales. Its rows and
+// marks stay in two tables, so that they can be taken out to the cent when the new version is
+// added.
 #include "totals/TextosTotals.h"
 #include "totals/periodos/FilasTotales.h"
 #include "totals/periodos/Periodos.h"
@@ -65,7 +65,7 @@ Resultado<qint64> Periodos::sustituir(const Columna& vieja, const QString& descr
   return nuevo;
 }
 
-// The earlier versions of a period that still stand where `marca` says.
+// The earlier versions of a period that are still where `marca` says.
 Resultado<std::vector<Periodos::Sustituido>> Periodos::sustituidos(const Periodo& p,
                                                                    const QString& marca) {
   return dao::reunir(
@@ -124,6 +124,19 @@ Resultado<bool> Periodos::DescontarPeriodo(const Columna& c, int veces) {
   if (!hecho) return hecho;
   TARVO_INTENTAR(t.confirmar());
   return hecho;
+}
+
+Resultado<int> Periodos::DescontarVarios(const std::vector<qint64>& links, int veces) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  int cuantos = 0;
+  for (const qint64 link : links) {
+    TARVO_TOMAR(const auto c, columna(link));
+    if (!c) continue;
+    TARVO_INTENTAR(DescontarPeriodo(*c, veces));
+    ++cuantos;
+  }
+  TARVO_INTENTAR(t.confirmar());
+  return cuantos;
 }
 
 Resultado<> Periodos::olvidarSustituidosEn(const Periodo& mayor) {

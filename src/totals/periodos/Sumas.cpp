@@ -46,7 +46,7 @@ Resultado<> Sumas::sumar(qint64 destino, const std::vector<Columna>& cuales, boo
   return t.confirmar();
 }
 
-// Rows that the sum made go; one that is all zeros tells nothing.
+// Subtracts the rows of the sum; a row left all zero is deleted, as it holds no information.
 Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
   for (const ClaseTotal& c : enVigor(a_)) {
     const QString filas = dao::conMarcas(

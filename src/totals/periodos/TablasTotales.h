@@ -1,6 +1,6 @@
-// Tables of our own beside the domain's: what larger periods and the stock hold of replaced periods
+// Our own tables beside the domain's: what larger periods and the stock hold of replaced periods
 // (Sustituidos, TotSusti), what was exported (Exportes), and deleted periods that can still be
-// brought back (Papelera...).
+// restored (Papelera...).
 #pragma once
 
 #include "core/dao/Pasos.h"
@@ -8,7 +8,7 @@
 namespace tarvo::totals {
 
 dao::TablasDeSala tablasTotales();
-// Brings them alone, for who works with this room alone.
+// Creates only these, for programs that use this room alone.
 Resultado<> asegurarTablasTotales(dao::Database& db);
 
 }  // namespace tarvo::totals

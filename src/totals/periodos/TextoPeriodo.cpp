@@ -1,4 +1,5 @@
-// How a period reads on screens, in traces and in export files.
+// A period as text on screens, in traces and in export files.
+#include "totals/TextosTotals.h"
 #include "totals/periodos/Calendario.h"
 
 namespace tarvo::totals {
@@ -51,6 +52,23 @@ QString TextoPeriodo(const Periodo& p) {
   if (p.tipo < kDiario || p.tipo > kAnual)
     fechas = QStringLiteral("%1 --- %2").arg(fechas, FormatoPeriodo(p.tipo, p.hasta));
   return QStringLiteral("%1    (%2)").arg(fechas, NombreTipoPeriodo(p.tipo));
+}
+
+QString DecirPeriodo(const Periodo& p, const Textos& textos) {
+  const QDate d = p.desde.qdate();
+  const auto momento = [](Fecha f) { return f.corta() + u' ' + f.horaLarga().left(5); };
+  switch (p.tipo) {
+    case kDiario:
+      return textos(kTxEnLetraDia, {d.day(), mesDe(d), d.year()});
+    case kSemanal:
+      return textos(kTxEnLetraSemana, {p.desde.corta(), p.hasta.corta()});
+    case kMensual:
+      return textos(kTxEnLetraMes, {mesDe(d), d.year()});
+    case kAnual:
+      return textos(kTxEnLetraAnyo, {d.year()});
+    default:
+      return textos(kTxEnLetraOtros, {momento(p.desde), momento(p.hasta)});
+  }
 }
 
 QString TextoPeriodos(const std::vector<Periodo>& periodos) {

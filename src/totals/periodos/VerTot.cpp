@@ -7,18 +7,17 @@ namespace tarvo::totals {
 
 namespace {
 
-// The last date of a selection counts to its end, except where dates are taken as they are.
+// The last date of a selection is included whole, except where dates are taken as they are.
 Fecha hastaElFinal(int tipo, Fecha hasta) {
   return tipo == kOtros ? hasta : hasta.dia() + Fecha::kUltimoSegundo;
 }
 
 }  // namespace
 
-VerTot::VerTot(Periodos& periodos, dao::Database& db, const Ajustes& ajustes)
-    : p_(periodos), db_(db), a_(ajustes) {}
+VerTot::VerTot(Periodos& periodos) : p_(periodos), db_(periodos.base()), a_(periodos.ajustes()) {}
 
 // One operation over the selection: every period once, all or (on an Error) none. The selection is
-// cleared in any case. Periods that are gone make the answer false.
+// cleared in any case. Missing periods make the answer false.
 Resultado<bool> VerTot::conSeleccion(
     const std::function<Resultado<bool>(const Columna&, bool antes)>& paso) {
   const std::vector<qint64> links = std::exchange(seleccion_, {});
@@ -71,7 +70,7 @@ Resultado<bool> VerTot::AcumularIntv(int tipo, int signo) {
 Resultado<bool> VerTot::StockIntv(bool deshacer) {
   return conSeleccion([&](const Columna& c, bool antes) -> Resultado<bool> {
     if (!c.stkABLE) return false;
-    if (!deshacer && c.stkADO >= 1) return antes;  // its sales are out of the stock already
+    if (!deshacer && c.stkADO >= 1) return antes;  // its sales have already left the stock
     const auto hecho = p_.DescontarPeriodo(c, deshacer ? -1 : 1);
     if (!hecho) return hecho;
     return antes && *hecho;

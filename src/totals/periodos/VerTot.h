@@ -1,4 +1,4 @@
-// The operations on periods that processes and the window share: a selection, and what is done with
+// The operations on periods shared by processes and the window: a selection, and what is done with
 // it. A quiet call asks nothing and takes the safe answer. The selection holds each LINK once, in
 // the order selected.
 #pragma once
@@ -12,14 +12,14 @@ namespace tarvo::totals {
 
 class VerTot {
  public:
-  VerTot(Periodos& periodos, dao::Database& db, const Ajustes& ajustes);
+  explicit VerTot(Periodos& periodos);
 
-  // Each answers whether it did what its step promises; an Error is a failure of the store,
+  // Each returns whether it did what its step promises; an Error is a failure of the store, with
   // everything undone.
   Resultado<bool> AcumularEn(int tipo);
   Resultado<bool> DesacumularDe(int tipo);
   Resultado<bool> AcumularIntv(int tipo, int signo);
-  // A period of these dates that is there already is taken as it is.
+  // An existing period with these dates is taken as it is.
   struct Creado {
     qint64 link = 0;
     bool existia = false;
@@ -29,25 +29,24 @@ class VerTot {
   bool ClrSelec();
   Resultado<bool> Seleccionar(int tipo, Fecha desde, Fecha hasta);
   Resultado<bool> SelecHnd(qint64 link);
-  // A period that isn't stockable is passed over and makes it false; one that is discounted already
-  // is passed over.
+  // A period that isn't stockable is skipped and makes it false; one already discounted is skipped.
   Resultado<bool> StockIntv(bool deshacer = false);
   // Sales that a sum would count twice.
   struct Solape {
     Periodo uno, otro;
-    bool yaDentro = false;  // `otro`, where the sum goes, holds `uno` already
+    bool yaDentro = false;  // `otro`, the target of the sum, already holds `uno`
   };
-  // Where a sum of the selection goes: the period that holds all of it, and its row when it is
-  // there. Nothing when a selected period is gone or none is selected.
+  // The target of a sum of the selection: the period that contains all of it, and its row if it
+  // exists. Nothing when a selected period is missing or none is selected.
   struct Suma {
     Periodo periodo;
     std::optional<Columna> existente;
-    int sumandos = 0;  // periods to add; 0 where the only one is the sum itself
+    int sumandos = 0;  // periods to add; 0 when the only one is the sum itself
     std::vector<Solape> solapes;
   };
   Resultado<std::optional<Suma>> destinoDeSuma();
-  // Into the period that holds the whole selection, which must exist; larger periods and stock
-  // follow. The selection stays. With a batch of the Papelera it can be taken back.
+  // Into the period that contains the whole selection, which must exist; larger periods and stock
+  // are updated. The selection stays. With a batch of the Papelera it can be undone.
   Resultado<bool> SumarIntv(qint64 lote = 0);
   Resultado<std::optional<Columna>> columna(qint64 link) { return p_.columna(link); }
   const std::vector<qint64>& LosSelec() const { return seleccion_; }

@@ -1,4 +1,4 @@
-// Sums of the selection: where they go, what they would count twice, and how one is taken back.
+// Sums of the selection: where they go, what they would count twice, and how one is undone.
 #include <algorithm>
 
 #include "totals/periodos/Sumas.h"
@@ -6,7 +6,7 @@
 
 namespace tarvo::totals {
 
-// The periods selected; empty when one of them is gone.
+// The selected periods; empty when one of them is missing.
 Resultado<std::vector<Columna>> VerTot::elegidas() {
   std::vector<Columna> v;
   for (const qint64 link : seleccion_) {
@@ -27,12 +27,12 @@ Resultado<std::vector<VerTot::Solape>> VerTot::solapesDe(const std::vector<Colum
   if (!destino) return v;
   const bool elegido = std::ranges::find(cuales, destino->LINK, &Columna::LINK) != cuales.end();
   for (const Columna& c : cuales) {
-    if (elegido || c.LINK == destino->LINK) continue;  // told above as an overlap of the two
+    if (elegido || c.LINK == destino->LINK) continue;  // reported above as an overlap of the two
     const int tipo = destino->periodo.tipo;
     bool dentro = c.acumulado(tipo) &&
                   LimitesPeriodo(tipo, c.periodo.desde, c.periodo.desde) == destino->periodo;
     if (!dentro) {
-      TARVO_TOMAR(const auto sumado, Sumas(db_, p_, a_).tiene(destino->LINK, c.periodo));
+      TARVO_TOMAR(const auto sumado, Sumas(p_).tiene(destino->LINK, c.periodo));
       dentro = sumado;
     }
     if (dentro) v.push_back({c.periodo, destino->periodo, true});
@@ -68,7 +68,7 @@ Resultado<bool> VerTot::SumarIntv(qint64 lote) {
   if (destino->sumandos == 0) return true;
   TARVO_TOMAR(const auto cuales, elegidas());
   TARVO_INTENTAR(
-      Sumas(db_, p_, a_).sumar(destino->existente->LINK, cuales, !destino->solapes.empty(), lote));
+      Sumas(p_).sumar(destino->existente->LINK, cuales, !destino->solapes.empty(), lote));
   TARVO_INTENTAR(t.confirmar());
   return true;
 }

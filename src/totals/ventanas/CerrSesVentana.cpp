@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kTicsCierre = 100;
 constexpr int kMsTic = 80;
+constexpr int kFaltanNombrados = 6;
 
 }  // namespace
 
@@ -47,7 +48,7 @@ void CerrSesVentana::montar() {
   ui_.Recuperar->setShortcut(QKeySequence::Undo);
 }
 
-Resultado<> CerrSesVentana::preparar(const ventanas::Argumentos&) {
+Resultado<> CerrSesVentana::entrar(const PuertaCerrSes&) {
   motor_.TodoAUno = motor_.OverWr = true;
   return analizar();
 }
@@ -88,21 +89,57 @@ void CerrSesVentana::pintarPeriodo() {
   std::set<int> grupos;
   for (const Recibido& r : motor_.recibidos()) grupos.insert(r.CODGPO);
   QString texto = t(kTxRecibidosDe, static_cast<int>(grupos.size()));
+  const auto bandeja = motor_.enBandeja();
+  if (haIdoBien(bandeja))
+    texto += u' ' + t(kTxEnBandeja).arg(conMoneda(contexto(), bandeja->importe));
   if (motor_.propuestos().size() > 1)
     texto += u' ' + t(kTxPeriodosPosibles).arg(motor_.propuestos().size());
   ui_.resumen->setText(texto);
+  ui_.faltan->setText(bandeja ? textoFaltan(bandeja->faltan) : QString());
+  ui_.faltan->setHidden(ui_.faltan->text().isEmpty());
+}
+
+// Their sales won't be in the period.
+QString CerrSesVentana::textoFaltan(const std::vector<int>& grupos) {
+  QStringList nombres;
+  for (const int g : grupos) {
+    if (nombres.size() == kFaltanNombrados) {
+      nombres << t(kTxYGruposMas, static_cast<int>(grupos.size()) - kFaltanNombrados);
+      break;
+    }
+    const auto nombre = contexto().nombres.grupo(g);
+    nombres << Ceros(g, 4) + u' ' + (nombre ? nombre->trimmed() : QString());
+  }
+  return nombres.isEmpty() ? QString() : contexto().textos(kTxFaltanGrupos, {nombres.join(u", ")});
 }
 
 QStringList CerrSesVentana::graves() const {
   QStringList textos;
   for (const Aviso& a : avisos_)
     if (a.grave) textos << a.texto;
+  textos.removeDuplicates();  // the inbox is looked through twice
   return textos;
+}
+
+// What came since it was last shown isn't memorised before it has been seen.
+bool CerrSesVentana::siguenSiendoLosMismos() {
+  const auto claves = [this] {
+    std::set<std::pair<int, int>> c;
+    for (const Recibido& r : motor_.recibidos()) c.emplace(r.CODGPO, r.clase);
+    return c;
+  };
+  const auto antes = claves();
+  if (!haIdoBien(motor_.AnalizarScratch(avisos_))) return false;
+  if (claves() == antes) return true;
+  pintarPeriodo();
+  decirDuda(t(kTxHanLlegadoMas), ui_.resumen->text());
+  return false;
 }
 
 void CerrSesVentana::guardar() {
   avisos_.clear();
-  motor_.Descrip = ExpandirNombre(ui_.Descrip->text(), contexto().reloj.ahora(), contexto().db);
+  if (!siguenSiendoLosMismos()) return;
+  motor_.describir(ui_.Descrip->text(), contexto().reloj.ahora());
   QApplication::setOverrideCursor(Qt::WaitCursor);
   const auto links = motor_.LaSesion(true, 0, avisos_);
   QApplication::restoreOverrideCursor();

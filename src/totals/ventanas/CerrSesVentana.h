@@ -5,6 +5,7 @@
 
 #include "core/ventanas/marco/Ventana.h"
 #include "totals/libros/CerrSes.h"
+#include "totals/ventanas/Puertas.h"
 #include "ui_CerrSes.h"
 
 namespace tarvo::totals {
@@ -14,14 +15,16 @@ class CerrSesVentana final : public ventanas::Ventana {
  public:
   CerrSesVentana(ventanas::Contexto& contexto, const QString& nombre, Sesion& sesion,
                  Periodos& periodos);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaCerrSes& puerta);
 
  private:
   void montar();
   Resultado<> analizar();
   void pintarCara();
   void pintarPeriodo();
+  QString textoFaltan(const std::vector<int>& grupos);
   void guardar();
+  bool siguenSiendoLosMismos();
   void olvidar();
   void recuperar();
   void detalles();

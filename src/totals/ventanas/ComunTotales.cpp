@@ -63,6 +63,19 @@ void elegirEn(QComboBox& lista, const QVariant& dato) {
   lista.setCurrentIndex(i >= 0 ? i : lista.count() > 0 ? 0 : -1);
 }
 
+ventanas::Opciones tiposDePeriodo() {
+  ventanas::Opciones tipos;
+  for (int tipo = kDiario; tipo <= kOtros; ++tipo) tipos.push_back({tipo, NombreTipoPeriodo(tipo)});
+  return tipos;
+}
+
+ventanas::Opciones clasesDeTotal(const ventanas::Contexto& c) {
+  ventanas::Opciones clases;
+  for (const int k : {kGranTotal, kPLUs, kOperadores, kDepartamentos, kHorario, kOperHora})
+    if (k != kOperHora || c.ajustes.EsEspanol()) clases.push_back({k, nombreClase(c.textos, k)});
+  return clases;
+}
+
 QString nombreClase(const Textos& t, int clase) {
   switch (clase) {
     case kPLUs:
@@ -107,7 +120,7 @@ QString textoResumen(const ventanas::Ventana& v, const Resumen& r) {
 
 Resultado<QString> textoProcedencia(ventanas::Ventana& v, Periodos& periodos, qint64 link,
                                     int grupo, int clase, qint64 codigo) {
-  TARVO_TOMAR(const auto lecturas, procedencia(v.contexto().db, link, grupo, clase, codigo));
+  TARVO_TOMAR(const auto lecturas, procedencia(periodos, link, grupo, clase, codigo));
   QStringList lineas;
   for (const Procedencia& p : lecturas) lineas << lineaProcedencia(v, p);
   if (!lineas.isEmpty()) return lineas.join(u'\n');
@@ -115,11 +128,6 @@ Resultado<QString> textoProcedencia(ventanas::Ventana& v, Periodos& periodos, qi
   if (!c) return QString();
   TARVO_TOMAR(const auto partes, sumandos(periodos, *c));
   return lineaSumandos(v, partes);
-}
-
-Resultado<qint64> ultimoPeriodo(dao::Database& db) {
-  TARVO_TOMAR(const auto link, db.uno(u"SELECT LINK FROM COLUMNA ORDER BY FECHA1 DESC, LINK DESC"));
-  return link.entero();
 }
 
 }  // namespace tarvo::totals

@@ -20,6 +20,9 @@ Resultado<> llenarLista(QComboBox& lista, ventanas::Contexto& c, const Nombres::
 std::optional<int> elegidoEn(const QComboBox& lista);
 void elegirEn(QComboBox& lista, const QVariant& dato);
 
+// The kinds of period; the kinds of total that this language has.
+ventanas::Opciones tiposDePeriodo();
+ventanas::Opciones clasesDeTotal(const ventanas::Contexto& c);
 QString nombreClase(const Textos& t, int clase);
 // "12.345,67 Euros" in the preferred currency.
 QString conMoneda(const ventanas::Contexto& c, qint64 importe, int moneda);
@@ -31,8 +34,5 @@ int cifrasCodigo(int clase);  // digits with which its codes are shown
 // Where the row of a group and code of a period came from, in lines.
 Resultado<QString> textoProcedencia(ventanas::Ventana& v, Periodos& periodos, qint64 link,
                                     int grupo, int clase, qint64 codigo);
-
-// The period with the most recent dates, for a window that was opened without one; 0 for none.
-Resultado<qint64> ultimoPeriodo(dao::Database& db);
 
 }  // namespace tarvo::totals

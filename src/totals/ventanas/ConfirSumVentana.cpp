@@ -16,17 +16,15 @@ constexpr int kSolapesALaVista = 4;
 
 ConfirSumVentana::ConfirSumVentana(ventanas::Contexto& contexto, const QString& nombre,
                                    Periodos& periodos)
-    : Ventana(contexto, nombre), p_(periodos), motor_(periodos, contexto.db, contexto.ajustes) {
+    : Ventana(contexto, nombre), p_(periodos), motor_(periodos) {
   ui_.setupUi(cuerpo());
   enlazar();
   connect(ui_.Hacerlo, &QPushButton::clicked, this, &ConfirSumVentana::hacerlo);
   connect(ui_.Cancelar, &QPushButton::clicked, this, &ConfirSumVentana::rechazar);
 }
 
-Resultado<std::vector<qint64>> ConfirSumVentana::losLinks(const ventanas::Argumentos& argumentos) {
-  std::vector<qint64> links;
-  for (const QVariant& link : argumentos.value(u"links"_s).toList())
-    links.push_back(link.toLongLong());
+// By name alone the two most recent are summed.
+Resultado<std::vector<qint64>> ConfirSumVentana::losLinks(std::vector<qint64> links) {
   if (!links.empty()) return links;
   TARVO_TOMAR(const auto todos, p_.lista());
   for (auto c = todos.rbegin(); c != todos.rend() && links.size() < 2; ++c)
@@ -34,8 +32,8 @@ Resultado<std::vector<qint64>> ConfirSumVentana::losLinks(const ventanas::Argume
   return links;
 }
 
-Resultado<> ConfirSumVentana::preparar(const ventanas::Argumentos& argumentos) {
-  TARVO_TOMAR(const auto links, losLinks(argumentos));
+Resultado<> ConfirSumVentana::entrar(const PuertaConfirSum& puerta) {
+  TARVO_TOMAR(const auto links, losLinks(puerta.links));
   motor_.ponerSeleccion(links);
   TARVO_TOMAR(auto suma, motor_.destinoDeSuma());
   if (!suma) return fallo(Fallo::NoExiste, t(kTxSinSeleccion));
@@ -50,7 +48,7 @@ Resultado<> ConfirSumVentana::preparar(const ventanas::Argumentos& argumentos) {
   ui_.Descrip->setText(existe ? suma_.existente->DESCR : QString());
   ui_.Descrip->setReadOnly(existe);
   ui_.Descrip->setFocus();
-  TARVO_TOMAR(const auto r, resumir(contexto().db, contexto().ajustes, links));
+  TARVO_TOMAR(const auto r, resumir(p_, links));
   ui_.resumen->setText(t(kTxNPeriodos, r.periodos) + u": "_s + textoResumen(*this, r));
   mostrarSolapes();
   return {};

@@ -1,9 +1,9 @@
-// The confirmation of a sum: ConfirSum. Takes "links", the periods to add up; without them the two
-// most recent. Accepted, the period that receives them exists.
+// The confirmation of a sum: ConfirSum. Accepted, the period that receives the others exists.
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"
 #include "totals/periodos/VerTot.h"
+#include "totals/ventanas/Puertas.h"
 #include "ui_ConfirSum.h"
 
 namespace tarvo::totals {
@@ -12,10 +12,10 @@ class ConfirSumVentana final : public ventanas::Ventana {
   Q_OBJECT
  public:
   ConfirSumVentana(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaConfirSum& puerta);
 
  private:
-  Resultado<std::vector<qint64>> losLinks(const ventanas::Argumentos& argumentos);
+  Resultado<std::vector<qint64>> losLinks(std::vector<qint64> links);
   void hacerlo();
   void mostrarSolapes();
 

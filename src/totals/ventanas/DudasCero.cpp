@@ -33,7 +33,7 @@ DudasCero::DudasCero(Contexto& contexto, const QString& nombre, Sesion& sesion, 
   connect(ui_.Salida, &QPushButton::clicked, this, [this] { close(); });
 }
 
-Resultado<> DudasCero::preparar(const Argumentos&) {
+Resultado<> DudasCero::entrar(const PuertaDudasCero&) {
   return refrescar();
 }
 

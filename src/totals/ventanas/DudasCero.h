@@ -4,6 +4,7 @@
 
 #include "core/ventanas/marco/Ventana.h"
 #include "totals/libros/CerrSes.h"
+#include "totals/ventanas/Puertas.h"
 #include "ui_DudasCero.h"
 
 namespace tarvo::totals {
@@ -13,7 +14,7 @@ class DudasCero final : public ventanas::Ventana {
  public:
   DudasCero(ventanas::Contexto& contexto, const QString& nombre, Sesion& sesion,
             Periodos& periodos);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaDudasCero& puerta);
 
  private:
   Resultado<> refrescar();

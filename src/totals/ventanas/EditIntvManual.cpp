@@ -4,7 +4,6 @@
 #include "core/dinero/Dinero.h"
 #include "core/textos/Textos.h"
 #include "core/ventanas/aspecto/Medidas.h"
-#include "core/ventanas/marco/EscogeFecha.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/EditIntvVentana.h"
@@ -22,14 +21,16 @@ constexpr qint64 kMayorNumero = 999'999'999'999;  // above it sums of many could
 }  // namespace
 
 void EditIntvVentana::montar() {
-  for (int tipo = kDiario; tipo <= kOtros; ++tipo)
-    ui_.LstTipo->addItem(NombreTipoPeriodo(tipo), tipo);
+  ventanas::llenar(*ui_.LstTipo, tiposDePeriodo());
+  enlazarCampo(*ui_.LstTipo, r.tipo);
+  enlazarCampo(*ui_.Fecha1, momento(r.desde, false));
+  hasta_ = &enlazarCampo(*ui_.FechaF, momento(r.hasta, true));
   for (int mes = 1; mes <= 12; ++mes)
     ui_.LstMes->addItem(QLocale(QLocale::Spanish).standaloneMonthName(mes));
-  for (const int clase : {kGranTotal, kPLUs, kOperadores, kDepartamentos, kHorario, kOperHora})
-    if (clase != kOperHora || contexto().ajustes.EsEspanol())
-      ui_.TpoTot->addItem(nombreClase(contexto().textos, clase), clase);
-  for (int hora = 0; hora < 24; ++hora) ui_.LstHora->addItem(Ceros(hora, 2), hora);
+  ventanas::llenar(*ui_.TpoTot, clasesDeTotal(contexto()));
+  ventanas::Opciones horas;
+  for (int hora = 0; hora < 24; ++hora) horas.push_back({hora, Ceros(hora, 2)});
+  ventanas::llenar(*ui_.LstHora, horas);
   ui_.LstHora->setCurrentIndex(-1);
   ui_.AcumTot->setChecked(true);
   ui_.Anadir->setIcon(ventanas::icono(u"anadir"_s));
@@ -50,16 +51,12 @@ void EditIntvVentana::montar() {
   connect(ui_.LstTipo, &QComboBox::activated, this, &EditIntvVentana::tipoCambiado);
   connect(ui_.LstMes, &QComboBox::activated, this, &EditIntvVentana::mesCambiado);
   connect(ui_.spAno, &QSpinBox::valueChanged, this, &EditIntvVentana::mesCambiado);
-  for (QLineEdit* campo : {ui_.Fecha1, ui_.FechaF}) {
-    new ventanas::EscogeFecha(*campo, contexto());
+  for (QLineEdit* campo : {ui_.Fecha1, ui_.FechaF})
     connect(campo, &QLineEdit::textEdited, this, &EditIntvVentana::pintarLimites);
-  }
   connect(ui_.TpoTot, &QComboBox::activated, this, &EditIntvVentana::claseCambiada);
   connect(ui_.LstGrupos, &QComboBox::currentIndexChanged, this, &EditIntvVentana::grupoCambiado);
   connect(ui_.Anadir, &QPushButton::clicked, this, &EditIntvVentana::anadir);
   connect(ui_.Quitar, &QPushButton::clicked, this, &EditIntvVentana::quitar);
-  connect(ui_.SalvBoton, &QPushButton::clicked, this, &EditIntvVentana::salvar);
-  connect(ui_.Tiro, &QPushButton::clicked, this, &EditIntvVentana::rechazar);
 }
 
 // Only what names a row of this kind is asked for.
@@ -183,7 +180,7 @@ bool EditIntvVentana::anadir() {
     decirDuda(t(kTxTodoCeros));
     return false;
   }
-  entradas_.push_back(*e);
+  r.entradas.push_back(*e);
   for (QLineEdit* campo : {ui_.txPLU, ui_.txCon, ui_.txPes, ui_.txImp, ui_.txDct}) campo->clear();
   pintarEntradas();
   (ui_.txPLU->isVisible() ? ui_.txPLU : ui_.txCon)->setFocus();
@@ -193,14 +190,14 @@ bool EditIntvVentana::anadir() {
 void EditIntvVentana::quitar() {
   const int fila = ui_.Manual->filaActual();
   if (fila < 0) return;
-  entradas_.erase(entradas_.begin() + (ui_.Manual->clave(fila) - 1));
+  r.entradas.erase(r.entradas.begin() + (ui_.Manual->clave(fila) - 1));
   pintarEntradas();
 }
 
 void EditIntvVentana::pintarEntradas() {
   std::vector<ventanas::FilaViva> filas;
-  filas.reserve(entradas_.size());
-  for (const EntradaManual& e : entradas_)
+  filas.reserve(r.entradas.size());
+  for (const EntradaManual& e : r.entradas)
     filas.push_back(
         {static_cast<qint64>(filas.size()) + 1,
          {nombreClase(contexto().textos, e.clase), e.grupo, Ceros(e.codi, cifrasCodigo(e.clase)),

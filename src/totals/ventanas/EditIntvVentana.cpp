@@ -22,10 +22,24 @@ QString enCampo(int tipo, Fecha f) {
 
 EditIntvVentana::EditIntvVentana(ventanas::Contexto& contexto, const QString& nombre,
                                  Periodos& periodos)
-    : Ventana(contexto, nombre), p_(periodos) {
+    : FichaDe(contexto, nombre), p_(periodos) {
   ui_.setupUi(cuerpo());
-  enlazar();
   montar();
+  setFrase(0, false);
+  acabar(cuerpo()->size(), {.acepto = u"SalvBoton"_s, .cancelo = u"Tiro"_s});
+}
+
+// A day, with its time of day where the kind of period has one.
+ventanas::Modo EditIntvVentana::momento(Fecha& donde, bool siempreConHora) const {
+  return {.ver = [this, &donde,
+                  siempreConHora] { return enCampo(siempreConHora ? kOtros : r.tipo, donde); },
+          .poner = [this, &donde](const QString& texto) -> Resultado<> {
+            const auto f = Fecha::leer(texto.trimmed());
+            if (!f) return fallo(Fallo::Formato, t(kTxFechaNoValida));
+            donde = *f;
+            return {};
+          },
+          .deFecha = true};
 }
 
 Resultado<> EditIntvVentana::entrar(const PuertaEditIntv& puerta) {
@@ -38,13 +52,11 @@ Resultado<> EditIntvVentana::entrar(const PuertaEditIntv& puerta) {
     if (!c) return fallo(Fallo::NoExiste, t(kTxPeriodoQueFalta));
     p = c->periodo;
   }
-  elegirEn(*ui_.LstTipo, p.tipo);
-  ui_.Fecha1->setText(enCampo(p.tipo, p.desde));
-  ui_.FechaF->setText(enCampo(kOtros, p.hasta));
   TARVO_INTENTAR(llenarLista(*ui_.LstGrupos, contexto(), contexto().nombres.grupos(), 4, 0));
   ui_.LstGrupos->setCurrentIndex(-1);
   TARVO_INTENTAR(llenarLista(*ui_.LstOper, contexto(), contexto().nombres.operadores(), 4, 0));
   ui_.LstOper->setCurrentIndex(-1);
+  TARVO_INTENTAR(editar({p.tipo, p.desde, p.hasta, {}}));
   tipoCambiado();
   claseCambiada();
   pintarEntradas();
@@ -68,6 +80,7 @@ void EditIntvVentana::tipoCambiado() {
   ui_.Fecha1->setVisible(!conAno);
   ui_.rotulo1->setVisible(!conAno);
   ui_.FechaF->setVisible(tipo == kOtros);
+  ui_.FechaF->setEnabled(tipo == kOtros);  // only what is seen is read
   ui_.rotuloF->setVisible(tipo == kOtros);
   if (conAno) mesCambiado();
   pintarLimites();
@@ -91,22 +104,14 @@ void EditIntvVentana::pintarLimites() {
   ui_.limites->setText(t(kTxDelAl).arg(p.desde.general(), p.hasta.general()));
 }
 
-std::optional<Periodo> EditIntvVentana::leerPeriodo() {
-  const auto mal = [this](int texto, QLineEdit& campo) -> std::optional<Periodo> {
-    ventanas::MyMsgBox::Decide(this, contexto().textos, t(texto),
-                               ventanas::kSoloAcepto | ventanas::kExclamacion);
-    campo.setFocus();
-    campo.selectAll();
-    return std::nullopt;
-  };
-  const int tipo = ui_.LstTipo->currentData().toInt();
-  const auto desde = Fecha::leer(ui_.Fecha1->text().trimmed());
-  if (!desde) return mal(kTxFechaNoValida, *ui_.Fecha1);
-  if (tipo != kOtros) return LimitesPeriodo(tipo, *desde, *desde);
-  const auto hasta = Fecha::leer(ui_.FechaF->text().trimmed());
-  if (!hasta) return mal(kTxFechaNoValida, *ui_.FechaF);
-  if (*hasta <= *desde) return mal(kTxIntervaloNoValido, *ui_.FechaF);
-  return Periodo{tipo, *desde, *hasta};
+Periodo EditIntvVentana::periodo() const {
+  return r.tipo == kOtros ? Periodo{r.tipo, r.desde, r.hasta}
+                          : LimitesPeriodo(r.tipo, r.desde, r.desde);
+}
+
+std::vector<ventanas::Ficha::FaltaCampo> EditIntvVentana::comprobar() {
+  if (r.tipo == kOtros && r.hasta <= r.desde) return {{hasta_, t(kTxIntervaloNoValido)}};
+  return {};
 }
 
 // Sales that the larger periods would lose leave them only when somebody says so.
@@ -120,18 +125,22 @@ bool EditIntvVentana::aceptaQueSalga(const Periodo& p) {
              ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
 }
 
-void EditIntvVentana::salvar() {
-  const auto p = leerPeriodo();
-  // What is written is meant, also where its button wasn't pressed.
-  if (!p || (hayEscrito() && !anadir()) || !aceptaQueSalga(*p)) return;
-  const auto link = guardarConManuales(contexto().db, p_, nuevo_ ? 0 : link_, *p, entradas_);
-  if (!link) {
-    const Error& e = link.error();
-    if (!nuevo_) return decirFallo(e.texto);
-    if (e.clase == Fallo::Duplicado) return decirFallo(t(kTxYaExiste).arg(TextoPeriodo(*p)));
-    return decirFallo(t(kTxErrorAlCrear), e.texto);
+// What is written is meant, also where its button wasn't pressed.
+bool EditIntvVentana::conforme() {
+  return (!hayEscrito() || anadir()) && aceptaQueSalga(periodo());
+}
+
+Resultado<> EditIntvVentana::aplicar() {
+  const Periodo p = periodo();
+  const auto link = guardarConManuales(p_, nuevo_ ? 0 : link_, p, r.entradas);
+  if (link) {
+    link_ = *link;
+    return {};
   }
-  entregar(*link);
+  const Error& e = link.error();
+  if (!nuevo_) return std::unexpected(e);
+  if (e.clase == Fallo::Duplicado) return fallo(e.clase, t(kTxYaExiste).arg(TextoPeriodo(p)));
+  return fallo(e.clase, t(kTxErrorAlCrear) + u". "_s + e.texto);
 }
 
 // Among the totals keyed in by hand Return adds what is written.
@@ -145,8 +154,8 @@ void EditIntvVentana::keyPressEvent(QKeyEvent* evento) {
 }
 
 bool EditIntvVentana::QueryUnload() {
-  return (!entradas_.empty() || hayEscrito()) &&
-         !ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxDesecharManuales),
+  if (r.entradas.empty() && !hayEscrito()) return FichaDe::QueryUnload();
+  return !ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxDesecharManuales),
                                      ventanas::kAceptoCancelo | ventanas::kExclamacion);
 }
 

@@ -2,14 +2,22 @@
 // is keyed waits in a list and goes in with the period, in one transaction.
 #pragma once
 
-#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/edicion/Ficha.h"
 #include "totals/periodos/Manuales.h"
 #include "totals/ventanas/Puertas.h"
 #include "ui_EditIntv.h"
 
 namespace tarvo::totals {
 
-class EditIntvVentana final : public ventanas::Ventana {
+// The period as it is written, and what is keyed in for it.
+struct PeriodoEditado {
+  int tipo = kDiario;
+  Fecha desde, hasta;
+  std::vector<EntradaManual> entradas;
+  bool operator==(const PeriodoEditado&) const = default;
+};
+
+class EditIntvVentana final : public ventanas::FichaDe<PeriodoEditado> {
   Q_OBJECT
  public:
   EditIntvVentana(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos);
@@ -24,9 +32,13 @@ class EditIntvVentana final : public ventanas::Ventana {
   void tipoCambiado();
   void mesCambiado();
   void pintarLimites();
-  std::optional<Periodo> leerPeriodo();
+  ventanas::Modo momento(Fecha& donde, bool conHora) const;
+  Periodo periodo() const;
   bool aceptaQueSalga(const Periodo& p);
-  void salvar();
+  std::vector<FaltaCampo> comprobar() override;
+  bool conforme() override;
+  Resultado<> aplicar() override;
+  void aplicada() override { entregar(link_); }
 
   void claseCambiada();
   void grupoCambiado();
@@ -44,7 +56,7 @@ class EditIntvVentana final : public ventanas::Ventana {
   Periodos& p_;
   bool nuevo_ = true;
   qint64 link_ = 0;
-  std::vector<EntradaManual> entradas_;
+  ventanas::Campo* hasta_ = nullptr;
 };
 
 }  // namespace tarvo::totals

@@ -10,14 +10,9 @@ using namespace Qt::StringLiterals;
 using ventanas::Clase;
 
 FormDetallesVentana::FormDetallesVentana(ventanas::Contexto& contexto, const QString& nombre)
-    : Ventana(contexto, nombre) {
+    : FichaDe(contexto, nombre) {
   ui_.setupUi(cuerpo());
-  enlazar();
-  montar();
-}
-
-void FormDetallesVentana::montar() {
-  ui_.Grid->preparar(contexto(), nombre(),
+  ui_.Grid->preparar(contexto, nombre,
                      {{.titulo = kTxCodGrupo,
                        .campo = u"CODGPO"_s,
                        .clase = Clase::Codigo,
@@ -28,9 +23,11 @@ void FormDetallesVentana::montar() {
                       {.titulo = kTxPeriodo, .campo = u"PERIODO"_s, .ancho = 150},
                       {.titulo = kTxFechaHasta, .campo = u"FECHA"_s, .ancho = 170}});
   ui_.Grid->setVacia(t(kTxNadaRecibido));
+  enlazarCampo(*ui_.TodoAUno, *ui_.CadaUno, r.aUno);
+  enlazarCampo(*ui_.LstPer, r.cual);
+  enlazarCampo(*ui_.Sustituir, *ui_.Acumular, r.sustituir);
   connect(ui_.TodoAUno, &QRadioButton::toggled, ui_.LstPer, &QWidget::setVisible);
-  connect(ui_.Memorizar, &QPushButton::clicked, this, &FormDetallesVentana::aplicar);
-  connect(ui_.Cancelar, &QPushButton::clicked, this, &FormDetallesVentana::rechazar);
+  acabar(cuerpo()->size(), {.acepto = u"Memorizar"_s, .cancelo = u"Cancelar"_s});
 }
 
 Resultado<> FormDetallesVentana::entrar(const PuertaFormDetalles& puerta) {
@@ -39,23 +36,23 @@ Resultado<> FormDetallesVentana::entrar(const PuertaFormDetalles& puerta) {
   ui_.LstPer->clear();
   for (const Propuesto& p : d_.propuestos)
     ui_.LstPer->addItem(t(kTxPeriodoCuenta).arg(TextoPeriodo(p.periodo)).arg(p.cuenta));
-  ui_.LstPer->setCurrentRow(d_.elegido);
   ui_.marcoPeriodo->setVisible(d_.propuestos.size() > 1);
-  (d_.elegido >= 0 ? ui_.TodoAUno : ui_.CadaUno)->setChecked(true);
-  ui_.LstPer->setVisible(d_.elegido >= 0);
-  (d_.sustituir ? ui_.Sustituir : ui_.Acumular)->setChecked(true);
+  const bool aUno = d_.elegido >= 0;
+  TARVO_INTENTAR(
+      editar({.aUno = aUno, .sustituir = d_.sustituir, .cual = std::max(d_.elegido, 0)}));
+  ui_.LstPer->setVisible(aUno);
   ui_.Grid->setFocus();
   return {};
 }
 
 Resultado<> FormDetallesVentana::llenar() {
   std::vector<ventanas::FilaViva> filas;
-  for (const Recibido& r : d_.recibidos) {
-    TARVO_TOMAR(const auto nombre, contexto().nombres.grupo(r.CODGPO));
-    const Periodo& p = r.periodo;
+  for (const Recibido& recibido : d_.recibidos) {
+    TARVO_TOMAR(const auto nombre, contexto().nombres.grupo(recibido.CODGPO));
+    const Periodo& p = recibido.periodo;
     filas.push_back(
         {static_cast<qint64>(filas.size()) + 1,
-         {r.CODGPO, nombre, nombreClase(contexto().textos, r.clase),
+         {recibido.CODGPO, nombre, nombreClase(contexto().textos, recibido.clase),
           p.tipo == kOtros ? FormatoPeriodo(p.tipo, p.desde) : NombreTipoPeriodo(p.tipo),
           FormatoPeriodo(p.tipo, p.tipo == kOtros ? p.hasta : p.desde)}});
   }
@@ -63,10 +60,9 @@ Resultado<> FormDetallesVentana::llenar() {
   return {};
 }
 
-void FormDetallesVentana::aplicar() {
-  const bool aUno = ui_.TodoAUno->isChecked();
-  d_.elegido = !aUno ? -1 : ui_.LstPer->currentRow() >= 0 ? ui_.LstPer->currentRow() : 0;
-  d_.sustituir = ui_.Sustituir->isChecked();
+void FormDetallesVentana::aplicada() {
+  d_.elegido = !r.aUno ? -1 : std::max(r.cual, 0);
+  d_.sustituir = r.sustituir;
   entregar(d_);
 }
 

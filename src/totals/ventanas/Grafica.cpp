@@ -103,6 +103,9 @@ void Grafica::barras(const QString& titulo, std::vector<Barra> barras, bool tumb
 void Grafica::linea(const QString& titulo, std::vector<Dia> dias, int moneda) {
   titulo_ = titulo, dias_ = std::move(dias), moneda_ = moneda;
   if (std::ranges::all_of(dias_, [](const Dia& d) { return d.importe == 0; })) dias_.clear();
+  if (dias_.size() == 1)  // a line of one point is a dot
+    return barras(titulo, {{Fecha::de(dias_.front().dia).corta(), dias_.front().importe}}, false,
+                  moneda);
   nada_->setText(c_->textos(kTxSinGrafica));
   barras_.clear();
   pintar();

@@ -31,9 +31,11 @@ class Grafica final : public QWidget {
   };
   // `tumbadas`: side by side from top to bottom, for long names.
   void barras(const QString& titulo, std::vector<Barra> barras, bool tumbadas, int moneda);
+  // Through time; of one day, a bar.
   void linea(const QString& titulo, std::vector<Dia> dias, int moneda);
   void vaciar(const QString& motivo);
   int puntos() const { return static_cast<int>(barras_.size() + dias_.size()); }
+  bool esLinea() const { return !dias_.empty(); }
   QString titulo() const { return titulo_; }
 
  private:

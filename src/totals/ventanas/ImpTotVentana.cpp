@@ -49,7 +49,7 @@ int textoEstado(int estado) {
 
 ImpTotVentana::ImpTotVentana(ventanas::Contexto& contexto, const QString& nombre,
                              Periodos& periodos)
-    : Ventana(contexto, nombre), motor_(contexto.db, periodos, contexto.ajustes) {
+    : Ventana(contexto, nombre), motor_(periodos) {
   ui_.setupUi(cuerpo());
   enlazar();
   montar();
@@ -70,9 +70,9 @@ void ImpTotVentana::montar() {
   connect(ui_.Cerrar, &QPushButton::clicked, this, &ImpTotVentana::rechazar);
 }
 
-Resultado<> ImpTotVentana::preparar(const ventanas::Argumentos& argumentos) {
+Resultado<> ImpTotVentana::entrar(const PuertaImpTot& puerta) {
   if (trabajo().enMarcha()) return {};
-  ponerCarpeta(argumentos.value(u"carpeta"_s, contexto().ajustes.HomeDir).toString());
+  ponerCarpeta(puerta.carpeta.isEmpty() ? contexto().ajustes.HomeDir : puerta.carpeta);
   ponerEstado(kSinFichero);
   return {};
 }

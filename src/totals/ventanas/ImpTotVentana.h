@@ -1,9 +1,10 @@
-// Periods from a file: ImpTot. Takes "carpeta", where it looks for files; the program's own without
-// it. Each block is shown before it goes in, or all go in one after another.
+// Periods from a file: ImpTot. Each block is shown before it goes in, or all go in one after
+// another.
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"
 #include "totals/intercambio/XporTot.h"
+#include "totals/ventanas/Puertas.h"
 #include "ui_ImpTot.h"
 
 namespace tarvo::totals {
@@ -12,7 +13,7 @@ class ImpTotVentana final : public ventanas::Ventana {
   Q_OBJECT
  public:
   ImpTotVentana(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaImpTot& puerta);
   int estado() const { return estado_; }
 
  private:

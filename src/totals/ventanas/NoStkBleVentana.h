@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"
+#include "totals/ventanas/Puertas.h"
 #include "ui_NoStkBle.h"
 
 namespace tarvo::totals {
@@ -11,6 +12,7 @@ class NoStkBleVentana final : public ventanas::Ventana {
   Q_OBJECT
  public:
   NoStkBleVentana(ventanas::Contexto& contexto, const QString& nombre);
+  Resultado<> entrar(const PuertaNoStkBle& /*puerta*/) { return {}; }
 
  private:
   Ui::NoStkBle ui_;

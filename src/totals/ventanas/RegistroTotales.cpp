@@ -15,22 +15,20 @@
 
 namespace tarvo::totals {
 
-using namespace Qt::StringLiterals;
-using ventanas::fabrica;
-
 void registrarVentanasTotales(ventanas::Ventanas& v, Sesion& sesion, Periodos& periodos) {
-  v.registrar(u"CerrSes"_s, fabrica<CerrSesVentana>(sesion, periodos));
+  v.registrar<PuertaCerrSes, CerrSesVentana>(sesion, periodos);
   v.registrar<PuertaFormDetalles, FormDetallesVentana>();
-  v.registrar(u"DudasCero"_s, fabrica<DudasCero>(sesion, periodos));
-  v.registrar(u"VerTot"_s, fabrica<VerTotVentana>(periodos));
+  v.registrar<PuertaDudasCero, DudasCero>(sesion, periodos);
+  v.registrar<PuertaVerTot, VerTotVentana>(periodos);
   v.registrar<PuertaEditIntv, EditIntvVentana>(periodos);
-  v.registrar(u"ConfirSum"_s, fabrica<ConfirSumVentana>(periodos));
-  v.registrar(u"NoStkBle"_s, fabrica<NoStkBleVentana>());
-  v.registrar(u"VerCols"_s, fabrica<Visor>(periodos), {{u"clase"_s, kPLUs}});
-  v.registrar(u"V_ColOpH"_s, fabrica<Visor>(periodos));
-  v.registrar(u"VerFils"_s, fabrica<VerFilsVentana>());
-  v.registrar(u"XporTot"_s, fabrica<XporTotVentana>(periodos));
-  v.registrar(u"ImpTot"_s, fabrica<ImpTotVentana>(periodos));
+  v.registrar<PuertaConfirSum, ConfirSumVentana>(periodos);
+  v.registrar<PuertaNoStkBle, NoStkBleVentana>();
+  v.registrar<PuertaVerCols, Visor>(periodos);
+  v.setMuestra(PuertaVerCols{.clase = kPLUs});
+  v.registrar<PuertaV_ColOpH, Visor>(periodos);
+  v.registrar<PuertaVerFils, VerFilsVentana>(periodos);
+  v.registrar<PuertaXporTot, XporTotVentana>(periodos);
+  v.registrar<PuertaImpTot, ImpTotVentana>(periodos);
   v.registrar<PuertaImpUnaFila, ImpUnaFilaVentana>();
 }
 

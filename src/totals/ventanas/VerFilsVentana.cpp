@@ -56,8 +56,10 @@ std::vector<ventanas::Columna> columnasFilas(int tipo, int clase, bool porGrupo)
 
 }  // namespace
 
-VerFilsVentana::VerFilsVentana(ventanas::Contexto& contexto, const QString& nombre)
+VerFilsVentana::VerFilsVentana(ventanas::Contexto& contexto, const QString& nombre,
+                               Periodos& periodos)
     : Ventana(contexto, nombre),
+      p_(periodos),
       moneda_(contexto.ajustes.MonedaPreferente),
       grafica_(contexto.reloj.temporizador([this] { pintarGrafica(); })) {
   ui_.setupUi(cuerpo());
@@ -73,8 +75,7 @@ void VerFilsVentana::montar() {
   ui_.Moneda->setIcon(ventanas::icono(u"moneda"_s));
   ui_.VerGrafica->setIcon(ventanas::icono(u"grafica"_s));
   ui_.Moneda->setVisible(contexto().ajustes.Euro > 0);
-  for (int tipo = kDiario; tipo <= kOtros; ++tipo)
-    ui_.LstTipo->addItem(NombreTipoPeriodo(tipo), tipo);
+  ventanas::llenar(*ui_.LstTipo, tiposDePeriodo());
   ui_.grafica->preparar(contexto());
   unirLado(*ui_.VerGrafica, *ui_.lado, contexto().recuerdos, objectName());
   repartirLado(*ui_.divisor, contexto().recuerdos, objectName());
@@ -91,14 +92,14 @@ void VerFilsVentana::montar() {
   ui_.Grid->setVacia(t(kTxFilasVacias));
 }
 
-Resultado<> VerFilsVentana::preparar(const ventanas::Argumentos& argumentos) {
+Resultado<> VerFilsVentana::entrar(const PuertaVerFils& puerta) {
   filtro_ = {};
-  filtro_.clase = argumentos.value(u"clase"_s, kPLUs).toInt();
-  filtro_.codigo = argumentos.value(u"codigo"_s, 0).toLongLong();
-  if (conSeccion(filtro_.clase)) filtro_.seccion = argumentos.value(u"seccion"_s, 0).toInt();
-  moneda_ = argumentos.value(u"moneda"_s, moneda_).toInt();
-  if (!argumentos.contains(u"codigo"_s)) TARVO_INTENTAR(elegirPrimero());
-  TARVO_TOMAR(auto como, nombreCodigo());
+  filtro_.clase = puerta.clase;
+  filtro_.codigo = puerta.codigo.value_or(0);
+  if (conSeccion(filtro_.clase)) filtro_.seccion = puerta.seccion;
+  if (puerta.moneda) moneda_ = *puerta.moneda;
+  if (!puerta.codigo) TARVO_INTENTAR(elegirPrimero());
+  TARVO_TOMAR(auto como, nombreDeCodigo(p_, filtro_));
   nombre_ = como;
   TARVO_INTENTAR(llenarLista(*ui_.AllGrp, contexto(), contexto().nombres.grupos(), 4, kTxTodos));
   porGrupo_ = false;
@@ -108,36 +109,10 @@ Resultado<> VerFilsVentana::preparar(const ventanas::Argumentos& argumentos) {
 }
 
 Resultado<> VerFilsVentana::elegirPrimero() {
-  TARVO_TOMAR(auto rs, contexto().db.consultar(u"SELECT GRUPOS.SECCION, t.CODI FROM TOTPLU AS t "
-                                               u"LEFT JOIN GRUPOS ON GRUPOS.CODGPO=t.GRUPO "
-                                               u"WHERE t.LINK=(SELECT LINK FROM COLUMNA WHERE "
-                                               u"TIPO=1 ORDER BY FECHA1 DESC LIMIT 1) ORDER BY "
-                                               u"t.IMP DESC LIMIT 1"));
-  if (rs->Eof()) return {};
-  filtro_.seccion = static_cast<int>(rs->entero(0));
-  filtro_.codigo = rs->entero(1);
+  TARVO_TOMAR(const auto mayor, masVendido(p_, filtro_.clase));
+  if (conSeccion(filtro_.clase)) filtro_.seccion = mayor.seccion;
+  filtro_.codigo = mayor.codigo;
   return {};
-}
-
-Resultado<QString> VerFilsVentana::nombreCodigo() const {
-  const auto leer = [](const Resultado<dao::Valor>& r) -> Resultado<QString> {
-    if (!r) return std::unexpected(r.error());
-    return r->texto();
-  };
-  dao::Database& db = contexto().db;
-  const int seccion = filtro_.seccion.value_or(0);
-  switch (filtro_.clase) {
-    case kPLUs:
-      return leer(db.uno(u"SELECT NOMPLU FROM PLUSES WHERE SECCION=? AND CODPLU=?", seccion,
-                         filtro_.codigo));
-    case kDepartamentos:
-      return leer(db.uno(u"SELECT NomDep FROM DEPTS WHERE SECCION=? AND NUMDEP=?", seccion,
-                         filtro_.codigo));
-    case kOperadores:
-      return leer(db.uno(u"SELECT NOMOPE FROM OPERS WHERE CODOPE=?", filtro_.codigo));
-    default:
-      return leer(db.uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=?", filtro_.codigo));
-  }
 }
 
 void VerFilsVentana::filtrar() {
@@ -179,7 +154,7 @@ void VerFilsVentana::abrirFilas(const Condicion& c) {
 
 void VerFilsVentana::pintarGrafica() {
   if (!ui_.VerGrafica->isChecked()) return;
-  const auto puntos = evolucion(contexto().db, filtro_);
+  const auto puntos = evolucion(p_, filtro_);
   if (!haIdoBien(puntos)) return;
   if (puntos->empty()) return ui_.grafica->vaciar(t(kTxSinGrafica));
   std::vector<Grafica::Dia> dias;

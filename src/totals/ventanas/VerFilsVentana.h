@@ -1,11 +1,10 @@
-// One code across time, for articles, groups, operators and departments: VerFils. Takes "clase",
-// "seccion", "codigo" and "moneda"; without a code it shows what sold most in the most recent
-// period. Opened from the windows of articles, operators, departments and groups, and from a row of
-// a viewer.
+// One code across time, for articles, groups, operators and departments: VerFils. Opened from the
+// windows of articles, operators, departments and groups, and from a row of a viewer.
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"
 #include "totals/periodos/ConsultaFilas.h"
+#include "totals/ventanas/Puertas.h"
 #include "ui_VerFils.h"
 
 namespace tarvo::totals {
@@ -13,15 +12,14 @@ namespace tarvo::totals {
 class VerFilsVentana final : public ventanas::Ventana {
   Q_OBJECT
  public:
-  VerFilsVentana(ventanas::Contexto& contexto, const QString& nombre);
+  VerFilsVentana(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos);
 
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaVerFils& puerta);
   qint64 RowHandle() const { return filtro_.codigo; }
 
  private:
   void montar();
   Resultado<> elegirPrimero();
-  Resultado<QString> nombreCodigo() const;
   void prepararParrilla();
   void filtrar();
   void abrirFilas(const Condicion& c);
@@ -30,6 +28,7 @@ class VerFilsVentana final : public ventanas::Ventana {
   void usarMoneda(int moneda);
 
   Ui::VerFils ui_;
+  Periodos& p_;
   FiltroCodigo filtro_;
   QString nombre_;
   int moneda_;

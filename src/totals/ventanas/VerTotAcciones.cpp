@@ -111,7 +111,7 @@ std::vector<qint64> VerTotVentana::elegidos() {
 }
 
 std::optional<Resumen> VerTotVentana::resumenDe(const std::vector<qint64>& links) {
-  const auto r = resumir(contexto().db, contexto().ajustes, links);
+  const auto r = resumir(p_, links);
   if (!haIdoBien(r)) return std::nullopt;
   return *r;
 }
@@ -158,8 +158,8 @@ void VerTotVentana::decirCuentas(int textoBien, int textoMal, Cuentas cuentas) {
 // --- taking back
 // -----------------------------------------------------------------------------------
 
-void VerTotVentana::ponerDeshacer(const QString& que, std::function<Resultado<>()> hacer) {
-  deshechos_.push_back({que, std::move(hacer)});
+void VerTotVentana::ponerDeshacer(Deshecho deshecho) {
+  deshechos_.push_back(std::move(deshecho));
   mostrarDeshacer();
 }
 
@@ -179,6 +179,10 @@ void VerTotVentana::deshacerUltimo() {
   if (hecho || hecho.error().clase == Fallo::NoExiste) deshechos_.pop_back();
   if (hecho) refrescar();
   mostrarDeshacer();
+  if (hecho && !ultimo.vuelven.empty()) {
+    elegirPeriodo(ultimo.vuelven.front());
+    ui_.Grid->elegir(ultimo.vuelven, true);
+  }
   if (haIdoBien(hecho)) decirBien(t(kTxDeshecho).arg(ultimo.que));
 }
 
@@ -208,11 +212,12 @@ void VerTotVentana::borrar(bool soloFilas) {
       },
       [=, this](Cuentas cuentas) {
         if (cuentas.bien > 0)
-          ponerDeshacer(t(soloFilas ? kTxQueVaciar : kTxQueBorrar, cuentas.bien),
-                        [this, n]() -> Resultado<> {
-                          TARVO_INTENTAR(papelera_.restaurar(n));
-                          return {};
-                        });
+          ponerDeshacer({t(soloFilas ? kTxQueVaciar : kTxQueBorrar, cuentas.bien),
+                         [this, n]() -> Resultado<> {
+                           TARVO_INTENTAR(papelera_.restaurar(n));
+                           return {};
+                         },
+                         links});
         decirCuentas(soloFilas ? kTxVaciados : kTxBorrados, kTxNoBorrados, cuentas);
       });
 }
@@ -266,9 +271,7 @@ void VerTotVentana::sumar() {
   motor_.ClrSelec();
   if (!haIdoBien(suma)) return;
   if (*suma && (*suma)->sumandos == 0) return decirDuda(t(kTxNadaQueSumar));
-  QVariantList lista;
-  for (const qint64 link : links) lista << link;
-  if (!contexto().ventanas.abrirModal(u"ConfirSum"_s, this, {{u"links"_s, lista}})) return;
+  if (!preguntar(PuertaConfirSum{links})) return;
   sumarEn(links, !*suma || !(*suma)->existente);
 }
 
@@ -285,10 +288,9 @@ void VerTotVentana::sumarEn(const std::vector<qint64>& links, bool nuevo) {
   if (!haIdoBien(suma) || !haIdoBien(hecho)) return;
   if (!*hecho || !*suma || !(*suma)->existente) return decirDuda(t(kTxNoSumados));
   const qint64 total = (*suma)->existente->LINK;
-  ponerDeshacer(t(kTxQueSumar, (*suma)->sumandos), [this, total, nuevo, n = *lote] {
-    return Sumas(contexto().db, p_, contexto().ajustes).deshacer(total, n, nuevo);
-  });
-  ui_.Grid->irA(ui_.Grid->filaDe(total));
+  ponerDeshacer({t(kTxQueSumar, (*suma)->sumandos),
+                 [this, total, nuevo, n = *lote] { return Sumas(p_).deshacer(total, n, nuevo); }});
+  elegirPeriodo(total);
   decirBien(t(kTxSumados, (*suma)->sumandos));
 }
 
@@ -316,31 +318,24 @@ void VerTotVentana::descontar(bool deshacer) {
       [=, this](qint64 link) { return descontarUno(link, deshacer, *hechos); },
       [=, this](Cuentas c) {
         if (c.bien > 0)
-          ponerDeshacer(t(deshacer ? kTxQueIncorporar : kTxQueDescontar, c.bien),
-                        [=, this] { return desdescontar(*hechos, deshacer ? 1 : -1); });
+          ponerDeshacer({t(deshacer ? kTxQueIncorporar : kTxQueDescontar, c.bien),
+                         [=, this] { return desdescontar(*hechos, deshacer ? 1 : -1); }, *hechos});
         decirCuentas(deshacer ? kTxIncorporados : kTxDescontados, kTxNoDescontados, c);
       });
 }
 
 // Periods that were deleted or replaced meanwhile are passed over; NoExiste when all were.
 Resultado<> VerTotVentana::desdescontar(const std::vector<qint64>& links, int veces) {
-  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(contexto().db));
-  bool alguno = false;
-  for (const qint64 link : links) {
-    TARVO_TOMAR(const auto c, p_.columna(link));
-    if (!c) continue;
-    TARVO_INTENTAR(p_.DescontarPeriodo(*c, veces));
-    alguno = true;
-  }
-  if (!alguno) return fallo(Fallo::NoExiste, t(kTxYaNoEstan));
-  return tr.confirmar();
+  TARVO_TOMAR(const auto cuantos, p_.DescontarVarios(links, veces));
+  if (cuantos == 0) return fallo(Fallo::NoExiste, t(kTxYaNoEstan));
+  return {};
 }
 
 Resultado<bool> VerTotVentana::descontarUno(qint64 link, bool deshacer,
                                             std::vector<qint64>& hechos) {
   TARVO_TOMAR(const auto c, p_.columna(link));
   if (!c) return false;
-  if (!c->stkABLE && !contexto().ventanas.abrirModal(u"NoStkBle"_s, this)) return false;
+  if (!c->stkABLE && !preguntar(PuertaNoStkBle())) return false;
   if (!deshacer && c->stkADO >= 1) return false;  // its sales are out of the stock already
   const auto hecho = p_.DescontarPeriodo(*c, deshacer ? -1 : 1);
   if (hecho && *hecho) hechos.push_back(link);
@@ -358,31 +353,21 @@ void VerTotVentana::editar(bool nuevo) {
   if (nuevo && tipo_ > 0) puerta.tipo = tipo_;
   const auto salida = preguntar(puerta);
   if (!salida) return;
-  const auto c = p_.columna(*salida);
-  if (!haIdoBien(c)) return;
-  // The list goes to the kind of the period, where it can be seen.
-  if (*c && tipo_ > 0 && tipo_ != (*c)->periodo.tipo) {
-    elegirEn(*ui_.ListaTpos, (*c)->periodo.tipo);
-    tipoCambiado();
-  } else {
-    refrescar();
-  }
-  ui_.Grid->irA(ui_.Grid->filaDe(*salida));
+  refrescar();
+  elegirPeriodo(*salida);
   decirBien(t(nuevo ? kTxPeriodoCreado : kTxPeriodoCambiado));
 }
 
 void VerTotVentana::exportar() {
   const auto links = elegidos();
   if (links.empty()) return;
-  QVariantList lista;
-  for (const qint64 link : links) lista << link;
-  contexto().ventanas.abrirModal(u"XporTot"_s, this, {{u"links"_s, lista}});
+  static_cast<void>(preguntar(PuertaXporTot{links}));
   ui_.Grid->limpiarSeleccion();
   refrescar();
 }
 
 void VerTotVentana::importar() {
-  if (Ventana* v = contexto().ventanas.abrir(u"ImpTot"_s, this))
+  if (Ventana* v = abrir(PuertaImpTot()))
     connect(v, &Ventana::descargada, this, &VerTotVentana::refrescar, Qt::UniqueConnection);
 }
 

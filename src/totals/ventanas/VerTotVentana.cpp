@@ -10,7 +10,6 @@
 #include "totals/periodos/Sumas.h"
 #include "totals/ventanas/LadoGrafica.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
-#include "totals/ventanas/Visor.h"
 
 namespace tarvo::totals {
 
@@ -32,18 +31,14 @@ QString signoStock(const dao::Valor& v) {
   return n > 0 ? u"+"_s : n < 0 ? u"*"_s : QString();
 }
 
-// The amount of a period: its grand totals, else its articles.
-const QString kImportePeriodo =
-    u"coalesce((SELECT sum(g.IMP) FROM TOTGRT AS g WHERE g.LINK=COLUMNA.LINK), (SELECT sum(a.IMP) FROM TOTPLU AS a WHERE a.LINK=COLUMNA.LINK))"_s;
-
 }  // namespace
 
 VerTotVentana::VerTotVentana(ventanas::Contexto& contexto, const QString& nombre,
                              Periodos& periodos)
     : Ventana(contexto, nombre),
       p_(periodos),
-      motor_(periodos, contexto.db, contexto.ajustes),
-      papelera_(contexto.db, periodos, contexto.ajustes),
+      motor_(periodos),
+      papelera_(periodos),
       lado_(contexto.reloj.temporizador([this] { pintarLado(); })) {
   ui_.setupUi(cuerpo());
   enlazar();
@@ -53,9 +48,9 @@ VerTotVentana::VerTotVentana(ventanas::Contexto& contexto, const QString& nombre
 void VerTotVentana::montar() {
   montarMenus();
   montarAcciones();
-  ui_.ListaTpos->addItem(t(kTxTodos), 0);
-  for (int tipo = kDiario; tipo <= kOtros; ++tipo)
-    ui_.ListaTpos->addItem(NombreTipoPeriodo(tipo), tipo);
+  auto tipos = tiposDePeriodo();
+  tipos.insert(tipos.begin(), {0, t(kTxTodos)});
+  ventanas::llenar(*ui_.ListaTpos, tipos);
   connect(ui_.ListaTpos, &QComboBox::activated, this, &VerTotVentana::tipoCambiado);
   connect(ui_.Grid, &ventanas::Parrilla::activada, this, [this] { VerIntervalo(kGranTotal); });
   connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this, &VerTotVentana::actualCambiada);
@@ -67,15 +62,27 @@ void VerTotVentana::montar() {
   connect(ui_.VerGrafica, &QAction::toggled, this, &VerTotVentana::pintarLado);
 }
 
-Resultado<> VerTotVentana::preparar(const ventanas::Argumentos&) {
+Resultado<> VerTotVentana::entrar(const PuertaVerTot& puerta) {
   if (ui_.Grid->consulta()) {
     refrescar();
-    return {};
+  } else {
+    TARVO_INTENTAR(papelera_.vaciarla());
+    tipoCambiado();
+    ui_.Grid->setFocus();
   }
-  TARVO_INTENTAR(papelera_.vaciarla());
-  tipoCambiado();
-  ui_.Grid->setFocus();
+  if (puerta.link > 0) elegirPeriodo(puerta.link);
   return {};
+}
+
+// The list goes to the kind of the period, where it can be seen.
+void VerTotVentana::elegirPeriodo(qint64 link) {
+  const auto c = p_.columna(link);
+  if (!haIdoBien(c) || !*c) return;
+  if (tipo_ > 0 && tipo_ != (*c)->periodo.tipo) {
+    elegirEn(*ui_.ListaTpos, (*c)->periodo.tipo);
+    tipoCambiado();
+  }
+  ui_.Grid->irA(ui_.Grid->filaDe(link));
 }
 
 void VerTotVentana::prepararParrilla() {
@@ -98,7 +105,7 @@ void VerTotVentana::prepararParrilla() {
         .ancho = 156,
         .ver = fecha},
        {.titulo = kTxDescripcion, .campo = u"DESCR"_s, .ancho = 100},
-       {.titulo = kTxImpte, .campo = kImportePeriodo, .clase = Clase::Importe, .ancho = 100},
+       {.titulo = kTxImpte, .campo = importeDePeriodo(), .clase = Clase::Importe, .ancho = 100},
        {.titulo = kTxS, .campo = u"ACUM2"_s, .clase = Clase::SiNo, .ancho = 40},
        {.titulo = kTxM, .campo = u"ACUM3"_s, .clase = Clase::SiNo, .ancho = 40},
        {.titulo = kTxA, .campo = u"ACUM4"_s, .clase = Clase::SiNo, .ancho = 40},
@@ -121,13 +128,13 @@ void VerTotVentana::tipoCambiado() {
     o.parametros = {tipo_};
   }
   haIdoBien(ui_.Grid->abrir(std::move(o)));
-  cambios_ = contexto().db.cambios();
+  cambios_ = contexto().base.cambios();
   actualCambiada();
 }
 
 void VerTotVentana::refrescar() {
   haIdoBien(ui_.Grid->refrescar());
-  cambios_ = contexto().db.cambios();
+  cambios_ = contexto().base.cambios();
   actualCambiada();
 }
 
@@ -135,7 +142,7 @@ void VerTotVentana::refrescar() {
 bool VerTotVentana::event(QEvent* evento) {
   const bool hecho = Ventana::event(evento);
   if (evento->type() == QEvent::WindowActivate && !trabajando_ && ui_.Grid->consulta() &&
-      contexto().db.cambios() != cambios_)
+      contexto().base.cambios() != cambios_)
     refrescar();
   return hecho;
 }
@@ -168,7 +175,7 @@ void VerTotVentana::pintarLado() {
     FiltroFilas filtro;
     filtro.link = (*c)->LINK;
     filtro.clase = clase;
-    const auto puntos = serie(contexto().db, filtro, kBarrasLista);
+    const auto puntos = serie(p_, filtro, kBarrasLista);
     if (!haIdoBien(puntos)) return;
     if (puntos->empty()) continue;
     std::vector<Grafica::Barra> barras;
@@ -185,24 +192,13 @@ void VerTotVentana::pintarLado() {
 
 // Whether the grand totals of its groups agree with the sums by article, operator and so on.
 QString VerTotVentana::textoCuadre(const Columna& c) {
-  auto rs = contexto().db.consultar(
-      u"SELECT DISTINCT GRUPO FROM TOTGRT WHERE LINK=? ORDER BY GRUPO", c.LINK);
-  if (!haIdoBien(rs)) return {};
-  QStringList malos;
-  bool hay = false;
-  while (!(*rs)->Eof()) {
-    const int grupo = static_cast<int>((*rs)->entero(0));
-    const auto lista = compararTotales(contexto().db, contexto().ajustes, c.LINK, grupo);
-    if (!haIdoBien(lista)) return {};
-    hay = hay || !lista->empty();
-    if (std::ranges::any_of(*lista, [](const Comparado& x) { return !x.cuadra(); }))
-      malos << QString::number(grupo);
-    if (!haIdoBien((*rs)->MoveNext())) return {};
-  }
-  const auto repetidos = Sumas(contexto().db, p_, contexto().ajustes).repetidos(c.LINK);
-  if (!haIdoBien(repetidos)) return {};
+  const auto cuadre = cuadreDe(p_, c.LINK);
+  const auto repetidos = Sumas(p_).repetidos(c.LINK);
+  if (!haIdoBien(cuadre) || !haIdoBien(repetidos)) return {};
   if (!repetidos->empty()) return t(kTxSumadasDosVeces).arg(TextoPeriodos(*repetidos));
-  if (!hay) return t(kTxSinCuadre);
+  if (!cuadre->hay) return t(kTxSinCuadre);
+  QStringList malos;
+  for (const int grupo : cuadre->malos) malos << QString::number(grupo);
   return malos.isEmpty() ? t(kTxCuadra) : t(kTxNoCuadra).arg(malos.join(u", "_s));
 }
 
@@ -210,19 +206,21 @@ void VerTotVentana::VerIntervalo(int clase) {
   const int fila = ui_.Grid->filaActual();
   if (fila < 0) return;
   const qint64 link = ui_.Grid->clave(fila);
-  contexto().ventanas.abrir(Visor::nombreDe(link, clase), this,
-                            {{u"link"_s, link}, {u"clase"_s, clase}});
+  if (clase == kOperHora)
+    abrir(PuertaV_ColOpH{.link = link});
+  else
+    abrir(PuertaVerCols{.link = link, .clase = clase});
 }
 
 void VerTotVentana::cerrarVisores(qint64 link) {
-  for (const int clase : {kGranTotal, kOperHora})
-    contexto().ventanas.descargar(Visor::nombreDe(link, clase));
+  contexto().ventanas.descargar(ventanas::nombreDe(PuertaVerCols{.link = link}));
+  contexto().ventanas.descargar(ventanas::nombreDe(PuertaV_ColOpH{.link = link}));
 }
 
 bool VerTotVentana::QueryUnload() {
   const auto tipoDe = [](const Ventana* v) { return v->nombre().section(u'#', 0, 0); };
   for (Ventana* v : contexto().ventanas.abiertas())
-    if (tipoDe(v) == u"VerCols" || tipoDe(v) == u"V_ColOpH") v->descargar();
+    if (tipoDe(v) == PuertaVerCols::kNombre || tipoDe(v) == PuertaV_ColOpH::kNombre) v->descargar();
   trabajo().parar();
   haIdoBien(papelera_.vaciarla());
   return false;

@@ -6,6 +6,7 @@
 #include "totals/periodos/Papelera.h"
 #include "totals/periodos/VerTot.h"
 #include "totals/ventanas/ComunTotales.h"
+#include "totals/ventanas/Puertas.h"
 #include "ui_VerTot.h"
 
 namespace tarvo::totals {
@@ -15,7 +16,7 @@ class VerTotVentana final : public ventanas::Ventana {
  public:
   VerTotVentana(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos);
 
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaVerTot& puerta);
   bool QueryUnload() override;
 
   void VerIntervalo(int clase);
@@ -26,6 +27,7 @@ class VerTotVentana final : public ventanas::Ventana {
   struct Deshecho {
     QString que;
     std::function<Resultado<>()> hacer;
+    std::vector<qint64> vuelven = {};  // periods that are chosen when it is done
   };
   struct Cuentas {
     int bien = 0, mal = 0;
@@ -49,7 +51,7 @@ class VerTotVentana final : public ventanas::Ventana {
                 std::function<void(Cuentas)> alFinal);
   void ocupar(bool si);
   void decirCuentas(int textoBien, int textoMal, Cuentas cuentas);
-  void ponerDeshacer(const QString& que, std::function<Resultado<>()> hacer);
+  void ponerDeshacer(Deshecho deshecho);
   void deshacerUltimo();
   void mostrarDeshacer();
   void cerrarVisores(qint64 link);
@@ -64,6 +66,7 @@ class VerTotVentana final : public ventanas::Ventana {
   void descontar(bool deshacer);
   Resultado<bool> descontarUno(qint64 link, bool deshacer, std::vector<qint64>& hechos);
   Resultado<> desdescontar(const std::vector<qint64>& links, int veces);
+  void elegirPeriodo(qint64 link);
   void exportar();
   void importar();
 

@@ -60,15 +60,11 @@ std::vector<ventanas::Columna> columnasVisor(int clase) {
 
 }  // namespace
 
-QString Visor::nombreDe(qint64 link, int clase) {
-  return (clase == kOperHora ? u"V_ColOpH#"_s : u"VerCols#"_s) + QString::number(link);
-}
-
 Visor::Visor(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos)
     : Ventana(contexto, nombre),
       p_(periodos),
       moneda_(contexto.ajustes.MonedaPreferente),
-      porOperador_(nombre.startsWith(u"V_ColOpH")),
+      porOperador_(nombre.startsWith(PuertaV_ColOpH::kNombre)),
       grafica_(contexto.reloj.temporizador([this] { pintarGrafica(); })),
       procede_(contexto.reloj.temporizador([this] { pintarProcedencia(); })),
       codigos_(contexto.reloj.temporizador([this] { filtroCambiado(); })),
@@ -122,17 +118,24 @@ void Visor::montar() {
   ui_.Grid->setVacia(t(kTxVisorVacio));
 }
 
-Resultado<> Visor::preparar(const ventanas::Argumentos& argumentos) {
-  qint64 link = argumentos.value(u"link"_s, 0).toLongLong();
+Resultado<> Visor::entrar(const PuertaVerCols& puerta) {
+  filtro_.clase = puerta.clase;
+  return mostrarPeriodo(puerta.link, puerta.moneda, puerta.grupo);
+}
+
+Resultado<> Visor::entrar(const PuertaV_ColOpH& puerta) {
+  return mostrarPeriodo(puerta.link, puerta.moneda);
+}
+
+Resultado<> Visor::mostrarPeriodo(qint64 link, std::optional<int> moneda, int grupo) {
   if (link == 0) {
-    TARVO_TOMAR(const auto ultimo, ultimoPeriodo(contexto().db));
-    link = ultimo;
+    TARVO_TOMAR(link, p_.ultimo());
   }
   filtro_.link = link;
-  if (!porOperador_) filtro_.clase = argumentos.value(u"clase"_s, filtro_.clase).toInt();
-  moneda_ = argumentos.value(u"moneda"_s, moneda_).toInt();
+  moneda_ = moneda.value_or(moneda_);
   elegirEn(*ui_.LstClase, filtro_.clase);
   TARVO_INTENTAR(llenarFiltros());
+  if (grupo > 0) elegirEn(*ui_.AllGrp, grupo);
   prepararParrilla();
   filtrar();
   ui_.Grid->setFocus();
@@ -232,11 +235,11 @@ void Visor::pintarProcedencia() {
 void Visor::verFila() {
   const int fila = ui_.Grid->filaActual();
   if (fila < 0 || deHoras()) return;
-  contexto().ventanas.abrir(u"VerFils"_s, this,
-                            {{u"clase"_s, filtro_.clase},
-                             {u"seccion"_s, ui_.Grid->valor(fila, u"GRUPOS.SECCION").entero()},
-                             {u"codigo"_s, ui_.Grid->valor(fila, u"t.CODI").entero()},
-                             {u"moneda"_s, moneda_}});
+  abrir(
+      PuertaVerFils{.clase = filtro_.clase,
+                    .seccion = static_cast<int>(ui_.Grid->valor(fila, u"GRUPOS.SECCION").entero()),
+                    .codigo = ui_.Grid->valor(fila, u"t.CODI").entero(),
+                    .moneda = moneda_});
 }
 
 }  // namespace tarvo::totals

@@ -1,12 +1,12 @@
 // The rows of one period: VerCols for the kinds 16 to 20, V_ColOpH for operators by hour. One
-// window a period, "VerCols#12". Takes "link", "clase" and "moneda" (the preferred one without it);
-// without a link it shows the most recent period. Beside the rows a chart of what the filter
-// leaves, and where the row in hand came from.
+// window a period. Beside the rows a chart of what the filter leaves, and where the row in hand
+// came from.
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"
 #include "core/ventanas/parrilla/Aparte.h"
 #include "totals/periodos/ConsultaFilas.h"
+#include "totals/ventanas/Puertas.h"
 #include "ui_Visor.h"
 
 namespace tarvo::totals {
@@ -16,13 +16,13 @@ class Visor final : public ventanas::Ventana {
  public:
   Visor(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos);
 
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaVerCols& puerta);
+  Resultado<> entrar(const PuertaV_ColOpH& puerta);
   void UsoMoneda(int moneda);
   qint64 IntvHandle() const { return filtro_.link; }
-  // The names of the windows that show this kind of a period.
-  static QString nombreDe(qint64 link, int clase);
 
  private:
+  Resultado<> mostrarPeriodo(qint64 link, std::optional<int> moneda, int grupo = 0);
   void montar();
   void prepararParrilla();
   Resultado<> llenarFiltros();

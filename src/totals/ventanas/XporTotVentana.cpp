@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 XporTotVentana::XporTotVentana(ventanas::Contexto& contexto, const QString& nombre,
                                Periodos& periodos)
-    : Ventana(contexto, nombre), p_(periodos), motor_(contexto.db, periodos, contexto.ajustes) {
+    : Ventana(contexto, nombre), p_(periodos), motor_(periodos) {
   ui_.setupUi(cuerpo());
   enlazar();
   montar();
@@ -34,12 +34,10 @@ void XporTotVentana::montar() {
   });
 }
 
-Resultado<> XporTotVentana::preparar(const ventanas::Argumentos& argumentos) {
-  std::vector<qint64> links;
-  for (const QVariant& link : argumentos.value(u"links"_s).toList())
-    links.push_back(link.toLongLong());
+Resultado<> XporTotVentana::entrar(const PuertaXporTot& puerta) {
+  std::vector<qint64> links = puerta.links;
   if (links.empty()) {
-    TARVO_TOMAR(const auto ultimo, ultimoPeriodo(contexto().db));
+    TARVO_TOMAR(const auto ultimo, p_.ultimo());
     if (ultimo > 0) links.push_back(ultimo);
   }
   LinkHandle(std::move(links));
@@ -73,18 +71,15 @@ void XporTotVentana::mostrarPrimero() {
 }
 
 QString XporTotVentana::textoCuentas(qint64 link) {
-  std::array<qint64, 6> n{};
+  auto filas = filasPorClase(p_, link);
+  if (!haIdoBien(filas)) return {};
+  auto& n = *filas;
   qint64 total = 0;
-  for (const ClaseTotal& k : enVigor(contexto().ajustes)) {
-    const auto filas = contexto().db.uno(
-        QString(u"SELECT count(*) FROM "_s + NombreTabla(k.numero) + u" WHERE LINK=?"_s), link);
-    if (!haIdoBien(filas)) return {};
-    n[static_cast<size_t>(k.numero - kPLUs)] = filas->entero();
-    total += filas->entero();
-  }
+  for (const auto& [clase, cuantas] : n) total += cuantas;
   QString texto = t(kTxSeExportaran);
-  // In the order of the sentence: articles, grand total, departments, operators, hours.
-  const std::array<qint64, 5> orden{n[0], n[1], n[3], n[2], n[4] + n[5]};
+  // In the order of the sentence.
+  const std::array<qint64, 5> orden{n[kPLUs], n[kGranTotal], n[kDepartamentos], n[kOperadores],
+                                    n[kHorario] + n[kOperHora]};
   for (size_t i = 0; i < orden.size(); ++i)
     texto.replace(u'#' + QString::number(i + 1), QString::number(orden[i]));
   return texto + u'\n' + t(kTxSeExportaranN).replace(u"#N"_s, QString::number(total));

@@ -1,10 +1,11 @@
-// Periods to a file: XporTot. Takes "links", the periods in order; without them the most recent.
-// One block a period: it is shown and written when asked, or all of them one after another.
+// Periods to a file: XporTot. One block a period: it is shown and written when asked, or all of
+// them one after another.
 #pragma once
 
 #include "core/tiempo/Trabajo.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "totals/intercambio/XporTot.h"
+#include "totals/ventanas/Puertas.h"
 #include "ui_XporTot.h"
 
 namespace tarvo::totals {
@@ -13,7 +14,7 @@ class XporTotVentana final : public ventanas::Ventana {
   Q_OBJECT
  public:
   XporTotVentana(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaXporTot& puerta);
 
  private:
   void montar();

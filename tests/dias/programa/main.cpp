@@ -1,5 +1,5 @@
-// tarvo-dias --semillas A..B [-j N]: days of a shop's catalogue by seed, the failing ones said.
-// --traza N: one seed with its trace.
+// tarvo-dias --semillas A..B [-j N]: days of a shop's catalogue by seed, with a report of the
+// failing ones. --traza N: one seed with its trace.
 #include "dias/Mundo.h"
 #include "noches/Semillero.h"
 

@@ -1,5 +1,5 @@
-// tarvo-noches: simulated nights by seed. With --trafico A..B [--averias] [--entero] a line
-// for each seed that tells two builds apart.
+// tarvo-noches: simulated nights by seed. With --trafico A..B [--averias] [--entero] a line for
+// each seed that distinguishes builds.
 #include <QCoreApplication>
 #include <cstdio>
 

@@ -2,13 +2,13 @@
 #include <QPlainTextEdit>
 #include <QTabWidget>
 
-#include "Colmado.h"
+#include "MesaDeArticulos.h"
 
 namespace tarvo::prueba {
 
 TEST(Editor, LaListaDeFaltasYLaPrimeraDelante) {
-  Colmado t;
-  auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
   t.control(v, u"txFormato")->setText(u"21"_s);
   t.control(v, u"txMinimo")->setText(u"99999,99"_s);
   t.control(v, u"txHasta2")->setText(u"doce"_s);
@@ -29,11 +29,11 @@ TEST(Editor, LaListaDeFaltasYLaPrimeraDelante) {
 }
 
 TEST(Editor, NiLaMonedaNiLaUnidadCambianNada) {
-  Colmado t;
+  MesaDeArticulos t;
   t.ajustes.Euro = 166.386F;
   t.sql(
       u"update PLUSES set COSTE=333, minimo=101, HASTA_1=1505, STK_MAX=2500 where SECCION=1 and CODPLU=10"_s);
-  auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
+  auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
   EXPECT_EQ(t.control(v, u"txCoste")->text(), u"3,33");
   t.tecla(Qt::Key_M, Qt::ControlModifier);
   EXPECT_EQ(t.control(v, u"txCoste")->text(), u"554");
@@ -55,8 +55,8 @@ TEST(Editor, NiLaMonedaNiLaUnidadCambianNada) {
 }
 
 TEST(Editor, BarrasExistenciasYLoQueOtroCambio) {
-  Colmado t;
-  auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
   auto* dibujo = t.control<QLabel>(v, u"dibujo");
   auto* corregir = t.control<QPushButton>(v, u"Corregir");
   EXPECT_FALSE(dibujo->pixmap().isNull());
@@ -83,16 +83,13 @@ TEST(Editor, BarrasExistenciasYLoQueOtroCambio) {
             u"100 8412345678905");
   EXPECT_EQ(t.leer(u"select CODIGO, Inicial, Venta from MovsAlm"_s), u"10 2500 0");
   // The bar code stands in the section already.
-  v = t.abrir(u"xEditPLU#1.20"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 20}});
+  v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 20});
   t.control(v, u"txBarExt")->setText(u"8412345678905"_s);
-  t.responder(u"Acepto"_s);
   t.control<QPushButton>(v, u"Guardar")->click();
-  EXPECT_EQ(t.textoModal, u"El código de registro ya existe: No debe duplicarse");
+  EXPECT_EQ(v->tira().texto(), u"El código de registro ya existe: No debe duplicarse");
   EXPECT_TRUE(v->isVisible());
   // What isn't there opens nothing.
-  EXPECT_EQ(
-      t.escritorio.ventanas().abrir(u"xEditPLU#1.99"_s, v, {{u"seccion"_s, 1}, {u"codigo"_s, 99}}),
-      nullptr);
+  EXPECT_EQ(t.escritorio.ventanas().abrir(PuertaXEditPLU{.seccion = 1, .codigo = 99}, v), nullptr);
 }
 
 namespace {
@@ -116,8 +113,8 @@ class Pintado final : public QObject {
 
 // Each Guardar marks what is wrong now, all of it, on the screen.
 TEST(Editor, LosMarcosDicenLoDeAhora) {
-  Colmado t;
-  auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
   const char16_t* campos[] = {u"txCod", u"txMinimo", u"txHasta1", u"txHasta2"};
   const struct {
     const char16_t* textos[4];
@@ -161,8 +158,8 @@ TEST(Editor, PorTodasPartesConElTeclado) {
                {0, u"txNom", Qt::Key_L, Qt::AltModifier, u"stk", u""},
                {2, u"txNom", Qt::Key_E, Qt::AltModifier, u"pre", u""},
                {3, u"txTexto", Qt::Key_Tab, Qt::NoModifier, u"etq", u"Guardar"}};
-  Colmado t;
-  auto* v = t.abrir(u"xEditPLU#1.10"_s, {{u"seccion"_s, 1}, {u"codigo"_s, 10}});
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
   auto* fichas = t.control<QTabWidget>(v, u"Fichas");
   for (const auto& c : casos) {
     fichas->setCurrentIndex(c.ficha);
@@ -197,7 +194,7 @@ TEST(Editor, ElCodigoDeBarrasRaroSeDice) {
       {u"", u"12345", 0,
        "El prefijo y el código no caben en un código de este tipo: acorte el prefijo"}};
   for (const auto& c : casos) {
-    Colmado t;
+    MesaDeArticulos t;
     auto* lista = t.abrir(u"BrowPLUs"_s);
     t.tecla(Qt::Key_F4);
     auto* v = t.cargada(u"xEditPLU#1.10"_s);

@@ -2,13 +2,12 @@
 #include <QHeaderView>
 #include <QToolBar>
 
-#include "Colmado.h"
-#include "articles/AjustesArticulos.h"
+#include "MesaDeArticulos.h"
 
 namespace tarvo::prueba {
 
 TEST(ListaArticulos, OrdenYBusquedaGuardanElArticulo) {
-  Colmado t;
+  MesaDeArticulos t;
   t.sql(u"update PLUSES set NOMPLU='Ñora' where CODPLU=10"_s);
   t.sql(u"update PLUSES set NOMPLU='Óregano' where CODPLU=20 and SECCION=1"_s);
   t.sql(u"update PLUSES set NOMPLU='nabo' where CODPLU=30"_s);
@@ -47,7 +46,7 @@ TEST(ListaArticulos, OrdenYBusquedaGuardanElArticulo) {
 }
 
 TEST(ListaArticulos, LosHijosSiguenSuPuntero) {
-  Colmado t;
+  MesaDeArticulos t;
   t.abrir(u"BrowPLUs"_s);
   auto* lista = dynamic_cast<ventanas::Recorrido*>(t.escritorio.ventanas().cargada(u"BrowPLUs"_s));
   ASSERT_NE(lista, nullptr);
@@ -80,8 +79,8 @@ TEST(ListaArticulos, EnviarAlSalir) {
                {1, true, u"Si", true, 4, 2},  {1, true, u"No", true, 0, 0},
                {2, true, u"", false, 4, 2},   {2, false, u"", false, 0, 2}};
   for (const auto& c : casos) {
-    Colmado t;
-    t.ajustes.de<articles::AjustesArticulos>().EnviarCambios[1] = c.valor;
+    MesaDeArticulos t;
+    t.ajustes.de<AjustesArticulos>().EnviarCambios[1] = c.valor;
     auto* v = t.abrir(u"BrowPLUs"_s);
     if (c.cambia) bien(t.catalogo.ponerPrecios({1, 10}, Precios{}, u"BrowPLUs"_s));
     bool preguntado = false;
@@ -99,14 +98,14 @@ TEST(ListaArticulos, EnviarAlSalir) {
       EXPECT_EQ(tarea.datos.Clase, TipoTarea::TxPlus);
       EXPECT_FALSE(tarea.datos.Todo);
     }
-    EXPECT_EQ(t.ajustes.de<articles::AjustesArticulos>().EnviarCambios[1], c.queda);
+    EXPECT_EQ(t.ajustes.de<AjustesArticulos>().EnviarCambios[1], c.queda);
     EXPECT_TRUE(t.cambiadas().empty());
   }
 }
 
 // All 24 prices and the cost can be shown; at first the base price of the first tarifa alone is.
 TEST(ListaArticulos, LosPreciosOcultos) {
-  Colmado t;
+  MesaDeArticulos t;
   t.sql(u"update PLUSES set PRECIO_25=1234 where SECCION=1 and CODPLU=10"_s);
   auto& grid = t.lista(t.abrir(u"BrowPLUs"_s));
   QStringList vistos;
@@ -130,9 +129,9 @@ TEST(ListaArticulos, LosPreciosOcultos) {
 
 // The queue empties: the window from which the list was opened says so.
 TEST(ListaArticulos, ElFinDelEnvioSeDice) {
-  Colmado t;
-  t.ajustes.de<articles::AjustesArticulos>().EnviarCambios[1] = 2;
-  auto* arbol = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
+  MesaDeArticulos t;
+  t.ajustes.de<AjustesArticulos>().EnviarCambios[1] = 2;
+  auto* arbol = t.abrir(PuertaBrowGrupos{});
   t.tecla(Qt::Key_F4);
   t.cargada(u"BrowPLUs"_s);
   bien(t.catalogo.ponerPrecios({1, 10}, Precios{}, u"BrowPLUs"_s));
@@ -149,7 +148,7 @@ TEST(ListaArticulos, ElFinDelEnvioSeDice) {
 
 // Every command stands in the menu of the list, with its key.
 TEST(ListaArticulos, TodoEstaEnElMenu) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
   QStringList menu;
   QTimer::singleShot(100, v, [&] {
@@ -170,7 +169,7 @@ TEST(ListaArticulos, TodoEstaEnElMenu) {
 
 // The row in hand is the one that is lit, whichever key led there.
 TEST(ListaArticulos, LoActualEsLoElegido) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
   auto& grid = t.lista(v);
   for (const Qt::Key k : {Qt::Key_End, Qt::Key_Home})
@@ -184,7 +183,7 @@ TEST(ListaArticulos, LoActualEsLoElegido) {
 
 // The largest price and the longest name.
 TEST(ListaArticulos, NadaSeSaleDeSuSitio) {
-  Colmado t;
+  MesaDeArticulos t;
   const QString largo(50, u'N');
   t.sql(u"update PLUSES set PRECIO_00=2000000000, PRECIO_27=2000000000, NOMPLU=? where CODPLU=10"_s,
         largo);

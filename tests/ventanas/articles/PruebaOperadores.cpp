@@ -2,13 +2,13 @@
 #include <QHeaderView>
 #include <variant>
 
-#include "Colmado.h"
+#include "MesaDeArticulos.h"
 
 namespace tarvo::prueba {
 
 TEST(Operadores, ElCodigoDeUnOperador) {
-  Colmado t;
-  for (const int c : {5, 6}) t.sql(u"insert into OPERS (CODOPE, NOMOPE) values (?, 'Op')"_s, c);
+  MesaDeArticulos t;
+  for (const int c : {5, 6}) t.operador(c);
   t.sql(u"update GRUPOS set OP01_C=5, OP01_T=1, OP15_C=5"_s);
   auto* v = t.abrir(u"BrowOper"_s);
   auto& grid = t.lista(v);
@@ -73,8 +73,8 @@ TEST(Operadores, UnOperadorNuevoSinNombreSeVa) {
                 false},
                {{Qt::Key_Backtab, u"50", Qt::Key_Return, Qt::Key_Escape}, u"5 Ana", true}};
   for (const auto& c : casos) {
-    Colmado t;
-    t.sql(u"insert into OPERS (CODOPE, NOMOPE) values (5, 'Ana')"_s);
+    MesaDeArticulos t;
+    t.operador(5, u"Ana");
     auto* v = t.abrir(u"BrowOper"_s);
     auto& grid = t.lista(v);
     t.tecla(Qt::Key_Insert);
@@ -100,7 +100,7 @@ TEST(Operadores, UnOperadorNuevoSinNombreSeVa) {
 
 // What is free of the width is the name's.
 TEST(Operadores, ElNombreDelOperadorLlenaLaLista) {
-  Colmado t;
+  MesaDeArticulos t;
   for (const char16_t* ventana : {u"BrowOper", u"SelOpe"}) {
     auto* v = t.abrir(QString::fromUtf16(ventana));
     v->resize(1100, 500);

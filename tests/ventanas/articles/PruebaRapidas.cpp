@@ -1,6 +1,5 @@
 // From the list into the fast windows and the calculator, by keys alone.
-#include "Colmado.h"
-#include "articles/precios/AjustesPrecios.h"
+#include "MesaDeArticulos.h"
 #include "articles/precios/ventanas/Registro.h"
 
 namespace tarvo::prueba {
@@ -8,7 +7,7 @@ namespace tarvo::prueba {
 namespace {
 
 // 40 articles that groups 1 and 4 hold, at 1,00 to 40,00.
-struct Mercado : Colmado {
+struct Mercado : MesaDeArticulos {
   Mercado() {
     for (int c = 110; c <= 400; c += 10) articulo(1, c, u"Artículo %1"_s.arg(c));
     sql(u"delete from [Cross]"_s);

@@ -2,7 +2,7 @@
 
 #include <QDir>
 
-#include "Colmado.h"
+#include "MesaDeArticulos.h"
 #include "articles/Lotes.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 
@@ -20,8 +20,8 @@ void ponerTexto(QLineEdit* campo, const QString& texto) {
 
 // From the tree: a department, its name, its list, the complete editor, a price.
 TEST(Trabajos, UnArticuloNuevoDesdeNada) {
-  Colmado t;
-  auto* arbol = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
+  MesaDeArticulos t;
+  auto* arbol = t.abrir(PuertaBrowGrupos{});
   t.tecla(Qt::Key_Insert);
   t.escribir(u"Setas"_s);
   t.tecla(Qt::Key_Return);
@@ -60,7 +60,7 @@ TEST(Trabajos, UnArticuloNuevoDesdeNada) {
 }
 
 TEST(Trabajos, UnCodigoCambiadoEnLaLista) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
   auto& grid = t.lista(v);
   ASSERT_EQ(t.enMano(grid), 10);
@@ -78,28 +78,34 @@ TEST(Trabajos, UnCodigoCambiadoEnLaLista) {
 
 // Each cell, what is typed, and what comes of it.
 TEST(Trabajos, LasCeldasSeComprueban) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
+  v->resize(1600, 700);  // room for all columns
+  QApplication::processEvents();
   auto& grid = t.lista(v);
   const struct {
     const char16_t *campo, *texto;
     const char* queda;     // of the row; empty: still in edit
     const char16_t* dice;  // the strip
   } casos[] = {
-      {u"NOMPLU", u"Un nombre de mas de veinte", "Un nombre de mas de  100 1 1", u""},
-      {u"PRECIO_00", u"2,35", "Un nombre de mas de  235 1 1", u""},
+      {u"NOMPLU", u"Un nombre de mas de veinte", "Un nombre de mas de veinte 100 1 1", u""},
+      {u"NOMPLU", u"Mas de cincuenta letras no caben en el nombre de un PLU", "",
+       u"El nombre tiene 55 letras, y caben 50."},
+      {u"PRECIO_00", u"2,35", "Un nombre de mas de veinte 235 1 1", u""},
       {u"PRECIO_00", u"1.5", "", u"El precio «1.5» no es un importe: escriba, por ejemplo, 12,50."},
       {u"DEPTO", u"41", "", u"El valor entrado es incorrecto: Departamento"},
       {u"DEPTO", u"100", "", u"El valor entrado es incorrecto: Departamento"},
-      {u"DEPTO", u"40", "Un nombre de mas de  235 40 1",
+      {u"DEPTO", u"40", "Un nombre de mas de veinte 235 40 1",
        u"La sección no tiene el departamento 40: créelo en el árbol o elija otro"},
-      {u"DEPTO", u"1", "Un nombre de mas de  235 1 1", u""},
+      {u"DEPTO", u"1", "Un nombre de mas de veinte 235 1 1", u""},
       {u"FORMATO", u"0", "", u"El valor entrado es incorrecto: Formato Etiquetas"},
       {u"FORMATO", u"100", "", u"El valor entrado es incorrecto: Formato Etiquetas"},
-      {u"FORMATO", u"20", "Un nombre de mas de  235 1 20", u""},
+      {u"FORMATO", u"20", "Un nombre de mas de veinte 235 1 20", u""},
       {u"CODPLU", u"2", "", u"El valor entrado es incorrecto: Código PLU"},
       {u"CODPLU", u"12345678", "", u"El valor entrado es incorrecto: Código PLU"}};
   for (const auto& c : casos) {
+    QApplication::processEvents();
+    grid.irA(2);
     v->tira().quitar();
     t.abrirCelda(grid, QString::fromUtf16(c.campo));
     t.escribir(QString::fromUtf16(c.texto));
@@ -131,7 +137,7 @@ TEST(Trabajos, LasCeldasSeComprueban) {
 }
 
 TEST(Trabajos, LosPreciosDeLaRejilla) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
   auto& grid = t.lista(v);
   auto& precios = t.lista(v, u"GrdPre");
@@ -155,8 +161,8 @@ TEST(Trabajos, LosPreciosDeLaRejilla) {
 }
 
 TEST(Trabajos, BorrarYDeshacer) {
-  Colmado t;
-  t.sql(u"insert into MovsAlm (CODALM, SECCION, CODIGO, Inicial) values (0, 1, 20, 5000)"_s);
+  MesaDeArticulos t;
+  t.existencias({.codigo = 20, .inicial = 5000});
   auto* v = t.abrir(u"BrowPLUs"_s);
   auto& grid = t.lista(v);
   const QString filas = u"select * from PLUSES order by SECCION, CODPLU"_s;
@@ -187,7 +193,7 @@ TEST(Trabajos, BorrarYDeshacer) {
 }
 
 TEST(Trabajos, CopiarMoverYDeshacer) {
-  Colmado t;
+  MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
   auto& grid = t.lista(v);
   const auto rowid = [&](int codigo) {
@@ -219,10 +225,10 @@ TEST(Trabajos, CopiarMoverYDeshacer) {
 
 // The only article that is shown leaves, and comes back with the history of its prices.
 TEST(Trabajos, ElUnicoSeMueveYVuelve) {
-  Colmado t;
+  MesaDeArticulos t;
   t.sql(u"delete from PLUSES where SECCION=1 and CODPLU>10"_s);
   bien(t.catalogo.ponerPrecios({1, 10}, Precios{{{125}}}, u"xEditPLU"_s));
-  auto* v = t.abrir(u"BrowPLUs"_s, {{u"seccion"_s, 1}, {u"departamento"_s, 1}});
+  auto* v = t.abrir(PuertaBrowPLUs{.seccion = 1, .departamento = 1});
   auto& grid = t.lista(v);
   ASSERT_EQ(grid.filas(), 1);
   t.responder(u"Acepto"_s);
@@ -241,10 +247,10 @@ TEST(Trabajos, ElUnicoSeMueveYVuelve) {
 }
 
 TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
-  Colmado t;
-  t.sql(u"insert into DEPTS (SECCION, NUMDEP, NomDep) values (1, 2, 'Verdura')"_s);
+  MesaDeArticulos t;
+  t.departamento(2, u"Verdura");
   t.sql(u"update DEPTS set IVA=3"_s);
-  auto* v = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
+  auto* v = t.abrir(PuertaBrowGrupos{});
   auto* arbol = t.control<QTreeWidget>(v, u"Arbol");
   t.tecla(Qt::Key_Down);  // from the section to its department
   t.responder(u"Acepto"_s);
@@ -305,17 +311,17 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
 // it stands; until then it stays, whoever closes the list.
 TEST(Trabajos, LoQueSeCortoSeDiceYSeResuelve) {
   for (const bool deshacer : {true, false}) {
-    Colmado t;
+    MesaDeArticulos t;
     articles::Lotes lotes(*t.db, t.catalogo, t.reloj);
     const qint64 lote = bien(lotes.empezar(u"ImpPLU"_s));
     bien(lotes.guardar(lote, {1, 10}));
     t.sql(u"update PLUSES set PRECIO_00=1 where SECCION=1 and CODPLU=10"_s);
     const auto amedias = [&] { return t.leer(u"select ACABADO from LoteArticulos"_s); };
-    auto* v = t.abrir(u"BrowPLUs"_s, {{u"seccion"_s, 1}});
+    auto* v = t.abrir(PuertaBrowPLUs{.seccion = 1});
     EXPECT_TRUE(v->tira().texto().contains(u"se cortó")) << v->tira().texto().toStdString();
     EXPECT_TRUE(v->descargar());
     EXPECT_EQ(amedias(), u"0");
-    v = t.abrir(u"BrowPLUs"_s, {{u"seccion"_s, 1}});
+    v = t.abrir(PuertaBrowPLUs{.seccion = 1});
     t.alAbrirse([&t, deshacer](QWidget* w) {
       if (!deshacer) t.responder(u"Acepto"_s);  // to the second question
       w->findChild<QPushButton*>(deshacer ? u"Acepto"_s : u"Cancelo"_s)->click();
@@ -330,8 +336,8 @@ TEST(Trabajos, LoQueSeCortoSeDiceYSeResuelve) {
 }
 
 TEST(Trabajos, UnaSeccionCopiadaYSuNombre) {
-  Colmado t;
-  auto* v = t.abrir(u"BrowGrupos"_s, {{u"Depts"_s, true}});
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaBrowGrupos{});
   t.tecla(Qt::Key_F6);
   ASSERT_TRUE(esperar([&] {
     return t.leer(u"select NOMSEC from SECCS where NMSECC=3"_s) == u"Copia de SECCIÓN ÚNICA";
@@ -344,7 +350,7 @@ TEST(Trabajos, UnaSeccionCopiadaYSuNombre) {
   EXPECT_TRUE(
       esperar([&] { return t.leer(u"select NOMSEC from SECCS where NMSECC=3"_s) == u"Tienda 2"; }));
   // Groups have no editor yet, and it is said.
-  EXPECT_EQ(t.escritorio.ventanas().abrir(u"BrowGrupos"_s, v, {{u"Grupos"_s, true}}), nullptr);
+  EXPECT_EQ(t.escritorio.ventanas().abrir(PuertaBrowGrupos{.grupos = true}, v), nullptr);
   EXPECT_TRUE(v->tira().texto().contains(u"grupos de balanzas"));
 }
 

@@ -2,7 +2,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "Sala.h"
+#include "MesaDeProcesos.h"
 #include "automation/historia/Pendientes.h"
 #include "automation/historia/TablasHistoria.h"
 
@@ -10,14 +10,13 @@ namespace tarvo::automation {
 namespace {
 
 TEST(Debidos, SeOlvidaPorSuNombreYConCancelarPorDelante) {
-  Sala s;
+  MesaDeProcesos s;
   ASSERT_TRUE(asegurarTablasHistoria(s.p.db()));
-  ASSERT_TRUE(s.p.db().ejecutar(
-      u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (7, 1, 43000, "
-      u"43000.999988425926, 'Ventas')"));
+  s.p.periodo(
+      {.link = 7, .desde = 43000, .hasta = 43000 + Fecha::kUltimoSegundo, .descr = u"Ventas"});
   Pendientes libro(s.p.db());
   ASSERT_TRUE(libro.anotarExporte({u"NOCHE"_s, 1, s.ruta(u"X.EXP"_s)}, {u"1.1"_s, {7}}));
-  ASSERT_TRUE(libro.anotar({kAcumular, 2}, {7}));
+  ASSERT_TRUE(libro.anotar({VerboPeriodos::Acumular, 2}, {7}));
   QWidget* v = s.todas().abrir(u"Debidos"_s);
   ASSERT_TRUE(v);
   auto* lista = pieza<ventanas::Parrilla>(v, u"Lista"_s);

@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QTableView>
 
-#include "Sala.h"
+#include "MesaDeProcesos.h"
 #include "automation/lenguaje/Horario.h"
 #include "automation/ventanas/Puertas.h"
 #include "core/ventanas/parrilla/ModeloVivo.h"
@@ -17,13 +17,13 @@ namespace {
 using ventanas::Parrilla;
 using ventanas::Ventana;
 
-struct Horarios : Sala {
+struct Horarios : MesaDeProcesos {
   // Asks a group that doesn't answer so many times, and reports it.
   static QString preguntarEnVano(int veces) {
     return u"T:RXGRTOT,1\r\nC:ESPERA,%1,No\r\n"_s.arg(veces);
   }
 
-  Horarios() : Sala({1}) {
+  Horarios() : MesaDeProcesos({1}) {
     fichero(u"BIEN.AUT"_s, u"N:a\r\n"_s);
     fichero(u"mal.aut"_s, preguntarEnVano(2));
     todas().registrar(u"MainTarvo"_s,
@@ -75,7 +75,7 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
                                                     u"22:05:00;"_s + kSiempre + u";BIEN"_s}));
 
   s.todas().abrir(u"MainTarvo"_s);
-  Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"TIENDA.CRO"_s)}});
+  Ventana* c = s.todas().abrir(PuertaCronos{s.ruta(u"TIENDA.CRO"_s)});
   ASSERT_TRUE(c);
   s.asentar();
   EXPECT_FALSE(s.abierta(u"MainTarvo"_s)) << "the timetable stands in its place";
@@ -88,7 +88,7 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   EXPECT_TRUE(s.abierta(u"Automat"_s));
   EXPECT_TRUE(c->isMinimized());
   EXPECT_EQ(filas->texto(0, u"estado"), u"En marcha");
-  EXPECT_EQ(filas->texto(1, u"estado"), u"Vencida");
+  EXPECT_EQ(filas->texto(1, u"estado"), u"Ya le toca");
   s.pasar(120);
   EXPECT_FALSE(s.abierta(u"Automat"_s));
   EXPECT_FALSE(c->isMinimized());
@@ -180,7 +180,7 @@ TEST(Cronos, ADesactivarYAManoYUnoQueNoSeLee) {
   s.fichero(u"ROTO.AUT"_s, u"T:NADA,1\r\n"_s);
   s.fichero(u"T.CRO"_s,
             u"22:05:00;"_s + kSiempre + u";BIEN\r\n22:06:00;"_s + kSiempre + u";ROTO\r\n"_s);
-  Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"T.CRO"_s)}});
+  Ventana* c = s.todas().abrir(PuertaCronos{s.ruta(u"T.CRO"_s)});
   s.asentar();
   auto* filas = pieza<Parrilla>(c, u"ListaCron"_s);
   EXPECT_EQ(filas->texto(1, u"estado"), u"No se puede leer");
@@ -205,12 +205,12 @@ TEST(Cronos, UnProcesoParadoNoRetieneLaNoche) {
   s.fichero(u"LARGO.AUT"_s, Horarios::preguntarEnVano(1000));
   s.fichero(u"T.CRO"_s,
             u"22:05:00;"_s + kSiempre + u";LARGO\r\n22:05:30;"_s + kSiempre + u";BIEN\r\n"_s);
-  Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"T.CRO"_s)}});
+  Ventana* c = s.todas().abrir(PuertaCronos{s.ruta(u"T.CRO"_s)});
   auto* filas = pieza<Parrilla>(c, u"ListaCron"_s);
   s.pasar(310);
   s.automat().abortar();
   s.pasar(120);
-  EXPECT_EQ(filas->texto(1, u"estado"), u"Vencida");
+  EXPECT_EQ(filas->texto(1, u"estado"), u"Ya le toca");
   s.pasar(240);
   EXPECT_EQ(filas->texto(0, u"ko"), u"1");
   EXPECT_EQ(filas->texto(1, u"ok"), u"1");
@@ -230,10 +230,10 @@ TEST(Cronos, EsperaAlProcesoDeLaPersona) {
   Horarios s;
   s.fichero(u"T.CRO"_s, u"22:00:05;"_s + kSiempre + u";BIEN\r\n"_s);
   QWidget* v = s.correr(Horarios::preguntarEnVano(1000));
-  Ventana* c = s.todas().abrir(u"Cronos"_s, nullptr, {{u"horario"_s, s.ruta(u"T.CRO"_s)}});
+  Ventana* c = s.todas().abrir(PuertaCronos{s.ruta(u"T.CRO"_s)});
   auto* filas = pieza<Parrilla>(c, u"ListaCron"_s);
   s.pasar(20);
-  EXPECT_EQ(filas->texto(0, u"estado"), u"Vencida");
+  EXPECT_EQ(filas->texto(0, u"estado"), u"Ya le toca");
   s.automat().abortar();
   s.pasar(1);
   v->close();

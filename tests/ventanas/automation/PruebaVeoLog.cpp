@@ -5,13 +5,13 @@
 #include <QScrollBar>
 #include <QTableView>
 
-#include "Sala.h"
+#include "MesaDeProcesos.h"
 #include "automation/ventanas/FicheroTraza.h"
 
 namespace tarvo::automation {
 namespace {
 
-struct Visor : Sala {
+struct Visor : MesaDeProcesos {
   Visor() { fichero(u"T.TZC"_s, {}); }
   void escribir(const QString& texto) const {
     QFile f(ruta(u"T.TZC"_s));
@@ -19,7 +19,7 @@ struct Visor : Sala {
     f.write(ficheros::codificar1252(texto));
   }
   ventanas::Ventana* ver() {
-    auto* v = todas().abrir(u"VeoLog"_s, nullptr, {{u"fichero"_s, ruta(u"T.TZC"_s)}});
+    auto* v = todas().abrir(PuertaVeoLog{ruta(u"T.TZC"_s)});
     lineas = pieza<QTableView>(v, u"Lineas"_s);
     pasar(1);
     return v;
@@ -93,6 +93,33 @@ TEST(VeoLog, BuscaSaltaACadaProblemaYCopia) {
   s.lineas->selectRow(2);
   pieza<QAction>(v, u"copiar"_s)->trigger();
   EXPECT_EQ(QGuiApplication::clipboard()->text(), u"NOCHE:      La SESIÓN está ya cerrada");
+}
+
+// Found lines are shown from their beginning, however wide the widest one is; a text far to the
+// right is brought into view.
+TEST(VeoLog, LoHalladoSeVe) {
+  Visor s;
+  s.escribir(u"uno\r\n"_s + u"relleno\r\n"_s.repeated(200) + u"NOCHE:  001:TAREA\r\n"_s +
+             u"x"_s.repeated(1500) + u" FARO\r\n"_s);
+  ventanas::Ventana* v = s.ver();
+  v->resize(700, 400);
+  s.pasar(1);
+  const auto* lado = s.lineas->horizontalScrollBar();
+  ASSERT_GT(lado->maximum(), 0);
+  s.lineas->setCurrentIndex(s.lineas->model()->index(0, 0));
+  QTest::keyClick(v, Qt::Key_F4);
+  EXPECT_EQ(s.actual(), 201);
+  EXPECT_EQ(lado->value(), 0);
+  auto* busca = pieza<QLineEdit>(v, u"Buscar"_s);
+  QTest::keyClicks(busca, u"faro"_s);
+  QTest::keyClick(v, Qt::Key_F3);
+  EXPECT_EQ(s.actual(), 202);
+  EXPECT_GT(lado->value(), 0);
+  busca->clear();
+  QTest::keyClicks(busca, u"uno"_s);
+  QTest::keyClick(v, Qt::Key_F3);
+  EXPECT_EQ(s.actual(), 0);
+  EXPECT_EQ(lado->value(), 0);
 }
 
 // Blocks are joined at lines, so what stands on either side of one is found too.

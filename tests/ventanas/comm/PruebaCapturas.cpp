@@ -1,13 +1,15 @@
 // Every window of the room, with nothing cut in any face, size and scale. The variable
 // TARVO_CAPTURAS keeps the pictures.
-#include "Puesto.h"
+#include "MesaDeComm.h"
 #include "capturas/Capturas.h"
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 using simulador::Averia;
 
-struct CapturasComm : Puesto {
+struct CapturasComm : MesaDeComm {
   void capturar(const QString& marca) {
     const QString fuera = qEnvironmentVariable("TARVO_CAPTURAS");
     const QString carpeta = fuera.isEmpty() ? carpeta_.filePath(u"png"_s) : fuera;
@@ -27,14 +29,12 @@ TEST_F(CapturasComm, Llenas) {
     if (g % 3 == 0) fallo(g, {.averia = Averia::Sorda});
     if (g % 5 == 0) fallo(g, {.averia = Averia::Err, .valor = 4});
   }
-  valor(
-      db->ejecutar(u"UPDATE GRUPOS SET NOMGPO='Carnicería del mercado', telef=iif(CODGPO=8, "
-                   u"'no hay', telef)"));
-  valor(
-      db->ejecutar(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO) VALUES (1, 20, "
-                   u"'Jamón ibérico de bellota', 9999999, 4)"));
+  sql(u"UPDATE GRUPOS SET NOMGPO='Carnicería del mercado', telef=iif(CODGPO=8, "
+      u"'no hay', telef)"_s);
+  articulo({.codigo = 20, .nombre = u"Jamón ibérico de bellota", .depto = 4, .precio = 9999999});
   abrir(u"gestcomm"_s);
-  for (int n = 0; n < 40; ++n) gestor->NuevaTarea(1 + n % 12, true, 0, 9999999, 17 + n % 4);
+  for (int n = 0; n < 40; ++n)
+    gestor->NuevaTarea(1 + n % 12, true, 0, 9999999, *deNumero<TipoTarea>(17 + n % 4));
   pasar(30000);
   ASSERT_GT(gestor->CuantosQuedan().fallidas, 3);
   // With the channels closed, and somebody who answers for what waits, the window can go between

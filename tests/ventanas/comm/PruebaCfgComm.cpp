@@ -1,10 +1,10 @@
 // The settings of communications: copies that are committed once, or not at all.
 
-#include "Puesto.h"
+#include "MesaDeComm.h"
 
 namespace tarvo::prueba {
 
-struct Configuracion : Puesto {
+struct Configuracion : MesaDeComm {
   QString enFichero(const QString& clave) {
     Ajustes leidos(carpeta_.path(), Idioma::Espanol);
     bien(leidos.LeerConfig());

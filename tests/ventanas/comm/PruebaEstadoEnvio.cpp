@@ -1,21 +1,20 @@
 // The jobs at the send state: see what a group lacks, send just that, ask the scales for an article
 // and see where it differs.
-#include "Puesto.h"
+#include "MesaDeComm.h"
 
 namespace tarvo::prueba {
 
-struct VentanaEstado : Puesto {
-  static constexpr int kEnvio = 1;
+using namespace Qt::StringLiterals;
+
+struct VentanaEstado : MesaDeComm {
+  static constexpr TipoTarea kEnvio = TipoTarea::TxPlus;
   void SetUp() override {
     grupo(1, 1, u"cable 1"_s);
     for (const int c : {10, 20, 30}) poner(c, 100 * c, 1);
     poner(40, 1000000, 1);  // a price of seven digits
   }
   void poner(int codigo, int precio, int depto) {
-    valor(
-        db->ejecutar(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO) VALUES (1, "
-                     u"?, 'Tomate', ?, ?)",
-                     codigo, precio, depto));
+    articulo({.codigo = codigo, .nombre = u"Tomate", .depto = depto, .precio = precio});
   }
   ventanas::Parrilla* lista() { return control<ventanas::Parrilla>(u"lista"_s, u"EstadoEnvio"_s); }
   ventanas::Parrilla* ficha() { return control<ventanas::Parrilla>(u"ficha"_s, u"EstadoEnvio"_s); }
@@ -35,7 +34,7 @@ struct VentanaEstado : Puesto {
 };
 
 TEST_F(VentanaEstado, SeEnviaSoloLoElegido) {
-  abrir(u"EstadoEnvio"_s, {{u"grupo"_s, 1}});
+  abrir(comm::PuertaEstadoEnvio{1});
   ASSERT_TRUE(lista(u"0000010 Pendiente,0000020 Pendiente,0000030 Pendiente,0000040 Retenido"_s))
       << filasVistas().toStdString();
   EXPECT_EQ(lista()->texto(3, u"MOTIVO"), u"el precio base tiene más de 6 cifras");
@@ -44,18 +43,29 @@ TEST_F(VentanaEstado, SeEnviaSoloLoElegido) {
   ASSERT_TRUE(lista(u"0000010 Pendiente,0000030 Pendiente,0000040 Retenido"_s))
       << filasVistas().toStdString();
   EXPECT_EQ(oidas(1).size(), 1);
-  EXPECT_TRUE(cuenta().startsWith(u"Al día 1, sin prueba 0, pendientes 2"));
+  EXPECT_TRUE(cuenta().startsWith(u"Al día 1, sin comprobar 0, pendientes 2"));
   auto* ver = control<QComboBox>(u"Ver"_s, u"EstadoEnvio"_s);
   ver->setFocus();
   QTest::keyClick(ver, Qt::Key_Down);
   ASSERT_TRUE(lista(u"0000010 Pendiente,0000020 Al día,0000030 Pendiente,0000040 Retenido"_s));
 }
 
+// When nothing is left to be put right that is what is said, and of whom.
+TEST_F(VentanaEstado, TodoAlDiaSeDice) {
+  bien(db->ejecutar(u"DELETE FROM PLUSES WHERE CODPLU=40"));
+  gestor->NuevaTarea(1, false, 0, 9999999, kEnvio);
+  ASSERT_TRUE(correr());
+  abrir(comm::PuertaEstadoEnvio{1});
+  auto* vacia = lista()->findChild<QLabel*>(u"vacia"_s);
+  EXPECT_TRUE(hasta([&] { return vacia->isVisible(); }));
+  EXPECT_EQ(vacia->text(), u"Todo está al día en 0001  G.");
+}
+
 TEST_F(VentanaEstado, SePideUnArticuloALaBalanza) {
   gestor->NuevaTarea(1, false, 0, 9999999, kEnvio);
   ASSERT_TRUE(correr());
   maquina(1).memoria().catalogo[20].ficha.replace(27, 6, "000007");
-  abrir(u"EstadoEnvio"_s, {{u"grupo"_s, 1}});
+  abrir(comm::PuertaEstadoEnvio{1});
   auto* ver = control<QComboBox>(u"Ver"_s, u"EstadoEnvio"_s);
   QTest::keyClick(ver, Qt::Key_Down);
   ASSERT_TRUE(lista(u"0000010 Al día,0000020 Al día,0000030 Al día,0000040 Retenido"_s));
@@ -76,7 +86,7 @@ TEST_F(VentanaEstado, SePideUnArticuloALaBalanza) {
 // The machine is dead: it is said, tried again, and can be stopped; back, it goes on by itself.
 TEST_F(VentanaEstado, UnaMaquinaQueNoContesta) {
   delMotor().IntentosManual = 1;
-  abrir(u"EstadoEnvio"_s, {{u"grupo"_s, 1}});
+  abrir(comm::PuertaEstadoEnvio{1});
   ASSERT_TRUE(lista(u"0000010 Pendiente,0000020 Pendiente,0000030 Pendiente,0000040 Retenido"_s));
   auto* aviso = control<QLabel>(u"LblTarea"_s, u"EstadoEnvio"_s);
   EXPECT_TRUE(aviso->isHidden());
@@ -115,7 +125,7 @@ TEST_F(VentanaEstado, LoQueNoSeEnvioSeQuedaALaVista) {
   QTest::keyClick(cola(), Qt::Key_F12);
   EXPECT_EQ(control<QComboBox>(u"Grupo"_s, u"EstadoEnvio"_s)->currentData().toInt(), 2);
   // Mended and sent again, there is nothing more to say.
-  valor(db->ejecutar(u"UPDATE PLUSES SET PRECIO_00=5 WHERE CODPLU=40"));
+  sql(u"UPDATE PLUSES SET PRECIO_00=5 WHERE CODPLU=40"_s);
   gestor->NuevaTarea(2, false, 0, 9999999, kEnvio);
   ASSERT_TRUE(correr());
   pasar(3000);

@@ -1,12 +1,14 @@
 // The jobs of the operator: receive, see what failed, try again, give up, close.
 
-#include "Puesto.h"
+#include "MesaDeComm.h"
 
 namespace tarvo::prueba {
 
+using namespace Qt::StringLiterals;
+
 using simulador::Averia;
 
-struct Gestcomm : Puesto {
+struct Gestcomm : MesaDeComm {
   void dosGrupos() {
     for (const int g : {1, 2}) {
       grupo(g, 1, u"cable %1"_s.arg(g));
@@ -59,6 +61,21 @@ TEST_F(Gestcomm, RecibeTotalesDeDosGrupos) {
   EXPECT_EQ(panel->findChild<QLabel*>(u"palabra"_s)->text(), u"Libre");
 }
 
+// Opened for a group it stands on that group's task, or says how one gets one.
+TEST_F(Gestcomm, SeAbrePorUnGrupo) {
+  dosGrupos();
+  for (const int g : {1, 2}) fallo(g, {.averia = Averia::Sorda});
+  auto* v = abrir(u"gestcomm"_s);
+  for (const int g : {1, 2}) gestor->NuevaTarea(g, true, 0, 9999999, 17);
+  ASSERT_TRUE(hasta([&] { return cola()->filas() == 2; }));
+  for (const int g : {1, 2}) {
+    bien(v->preparar({{u"grupo"_s, g}}));
+    EXPECT_EQ(cola()->filaActual(), g - 1);
+  }
+  bien(v->preparar({{u"grupo"_s, 7}}));
+  EXPECT_TRUE(v->tira().texto().startsWith(u"El grupo 7 no tiene ninguna tarea"));
+}
+
 TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   dosGrupos();
   fallo(2, {.averia = Averia::Sorda});
@@ -70,8 +87,10 @@ TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   EXPECT_EQ(celda(1, u"Problema"), u"Una trama VEK no ha tenido respuesta ACK");
   EXPECT_EQ(control<QLabel>(u"LblProblema"_s)->text(),
             u"Tarea 002: Una trama VEK no ha tenido respuesta ACK");
+  EXPECT_TRUE(control<QLabel>(u"LblSesion"_s)->text().startsWith(u"La sesión no se abre"))
+      << "why its menu is dark";
   EXPECT_FALSE(accion(u"RunP"_s)->isEnabled());
-  QTest::keyClick(v, Qt::Key_M, Qt::ControlModifier);  // to manual
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);  // to manual
   pasar(150);
   EXPECT_TRUE(accion(u"RunP"_s)->isEnabled());
   EXPECT_FALSE(accion(u"ManuP"_s)->isEnabled());
@@ -113,6 +132,33 @@ TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   EXPECT_EQ(v->tira().texto(), u"1 tarea se intenta de nuevo.");
   ASSERT_TRUE(hasta([&] { return gestor->CuantosQuedan().total == 0; }, 5));
   EXPECT_NE(bandeja(2, 17), u"");
+  pasar(150);
+  EXPECT_TRUE(control<QLabel>(u"LblSesion"_s)->isHidden());
+}
+
+// What a task is at is told: the article that goes, the one that is deleted, the zeroing.
+TEST_F(Gestcomm, SeVeQueSeEnviaQueSeBorraYQueSePoneACero) {
+  struct Mirada : motor::Observador {
+    void tareaCambiada(int id) override {
+      if (const auto t = motor->tarea(id); t && !t->paso.isEmpty()) pasos.insert(t->paso);
+    }
+    motor::gestcomm* motor = nullptr;
+    std::set<QString> pasos;
+  } mirada;
+  grupo(1, 1, u"cable 1"_s);
+  mirada.motor = gestor.get();
+  gestor->observar(&mirada);
+  bien(db->ejecutar(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, DEPTO) VALUES (1, 20, 'T', 1)"));
+  gestor->NuevaTarea(1, true, 0, 9999999, TipoTarea::TxPlus);
+  ASSERT_TRUE(correr());
+  bien(db->ejecutar(u"DELETE FROM PLUSES WHERE CODPLU=20"));
+  gestor->NuevaTarea(1, false, 0, 9999999, TipoTarea::TxPlus);
+  ASSERT_TRUE(correr());
+  gestor->NuevaTarea(1, true, 0, 9999999, TipoTarea::TxZero);
+  ASSERT_TRUE(correr());
+  gestor->dejarDeObservar(&mirada);
+  for (const auto& paso : {u"P 0000020"_s, u"B 0000020"_s, u"** CERO **"_s})
+    EXPECT_TRUE(mirada.pasos.contains(paso)) << paso.toStdString();
 }
 
 // What waits or has failed goes on after a closed window, and is lost with the program: it is
@@ -145,7 +191,7 @@ TEST_F(Gestcomm, SeguirAbreElEnlacePerdido) {
   encolar(1, 18);
   ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Interrumpido por algún problema"; }, 5));
   EXPECT_EQ(celda(0, u"Problema"), u"Se ha cortado la línea mientras se usaba");
-  QTest::keyClick(v, Qt::Key_M, Qt::ControlModifier);
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
   QTest::keyClick(v, Qt::Key_F6);
   EXPECT_FALSE(v->tira().isVisible());
   ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Terminado"; }, 5));
@@ -159,7 +205,7 @@ TEST_F(Gestcomm, RetenerSoltarYPararEnManual) {
   gestor->NuevaTarea(1, true, 0, 9999999, TipoTarea::RxOpera);
   ASSERT_TRUE(
       hasta([&] { return cola()->filas() == 1 && cola()->valor(0, u"cont").entero() > 1; }));
-  QTest::keyClick(v, Qt::Key_M, Qt::ControlModifier);
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
   QTest::keyClick(v, Qt::Key_F7);
   ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Retenido por el usuario"; }));
   const auto parada = oidas(1).size();
@@ -245,7 +291,7 @@ TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
   grupo(1, 2, u"cable 1"_s);
   vender(1, 10, 1500, 250);
   articulo(10);
-  valor(db->ejecutar(u"INSERT INTO Enviados (GRUPO, SECCION, CODPLU) VALUES (1, 1, 10)"));
+  fila(u"Enviados", {{u"GRUPO", 1}, {u"SECCION", 1}, {u"CODPLU", 10}});
   abrir(u"gestcomm"_s);
   encolar(1, 17);
   ASSERT_TRUE(hasta([&] { return cola()->filas() == 0 && sesion->estado() == 2; }));
@@ -273,7 +319,7 @@ TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
   EXPECT_EQ(gestor->CuantosQuedan().total, 1);
   gestor->terminator();
   // The same from the dialog, which stays when one thinks again.
-  auto* v = abrir(u"GrpDlg"_s, {{u"clase"_s, 6}, {u"modo"_s, 2}});
+  auto* v = abrir(comm::PuertaGrpDlg());
   const auto cero = [&] {
     QTest::keyClick(v->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
     QCoreApplication::processEvents();
@@ -320,7 +366,7 @@ TEST_F(Gestcomm, RepetirTrasLaPuestaACeroSeNiega) {
   encolar(1, 17);
   ASSERT_TRUE(correr());
   reloj.avanzar(60000);
-  valor(db->ejecutar(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=1", reloj.ahora()));
+  sql(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=1"_s, reloj.ahora());
   QString dicho;
   luego([&](QWidget* d) {
     dicho = caja([d] { QTest::keyClick(d->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space); });
@@ -336,20 +382,22 @@ TEST_F(Gestcomm, RepetirTrasLaPuestaACeroSeNiega) {
 TEST_F(Gestcomm, DialogosConMasQuePreguntar) {
   dosGrupos();
   struct {
-    const char16_t *dialogo, *campo, *teclas;
-    int clase, modo;
+    const char16_t *campo, *teclas;
+    TipoTarea clase;
+    comm::ModoPedir modo;
     bool todo;
     qint64 desde, hasta;
   } const casos[] = {
-      {u"GrpDlg", u"NmBz", u"3", 18, 1, false, 2, 9999999},
-      {u"GrpDlg", u"NmBz", u"", 18, 1, true, 0, 9999999},
-      {u"RxPLUDlg", u"Desde", u"25", 16, 0, true, 25, 9999999},
-      {u"RxPLUDlg", u"Hasta", u"x", 16, 0, true, 0, 9999999},
-      {u"RxPLUDlg", u"Hasta", u"70", 16, 0, true, 0, 70},
+      {u"NmBz", u"3", TipoTarea::RxOpera, comm::kModoBalanza, false, 2, 9999999},
+      {u"NmBz", u"", TipoTarea::RxOpera, comm::kModoBalanza, true, 0, 9999999},
+      {u"Desde", u"25", TipoTarea::RxPlus, comm::kModoRxPLU, true, 25, 9999999},
+      {u"Hasta", u"x", TipoTarea::RxPlus, comm::kModoRxPLU, true, 0, 9999999},
+      {u"Hasta", u"70", TipoTarea::RxPlus, comm::kModoRxPLU, true, 0, 70},
   };
   gestor->CambioAModo(false);
   for (const auto& c : casos) {
-    auto* v = abrir(QString::fromUtf16(c.dialogo), {{u"clase"_s, c.clase}, {u"modo"_s, c.modo}});
+    auto* v = c.modo == comm::kModoRxPLU ? abrir(comm::PuertaRxPLUDlg{c.clase})
+                                         : abrir(comm::PuertaGrpDlg{c.clase, c.modo});
     auto* campo = v->findChild<QLineEdit*>(QString::fromUtf16(c.campo));
     campo->setFocus();
     campo->selectAll();
@@ -363,7 +411,7 @@ TEST_F(Gestcomm, DialogosConMasQuePreguntar) {
     EXPECT_EQ(t.back().datos.Hasta, c.hasta);
     gestor->terminator();
   }
-  auto* v = abrir(u"GrpDlg"_s, {{u"clase"_s, 18}, {u"modo"_s, 1}});
+  auto* v = abrir(comm::PuertaGrpDlg{TipoTarea::RxOpera, comm::kModoBalanza});
   QTest::keyClicks(v->findChild<QLineEdit*>(u"NmBz"_s), u"0"_s);
   QTest::keyClick(v->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
   EXPECT_TRUE(v->isVisible());
@@ -371,12 +419,33 @@ TEST_F(Gestcomm, DialogosConMasQuePreguntar) {
 }
 
 TEST_F(Gestcomm, DiagnosticoDeUnErrorConDosCausas) {
-  auto* v = abrir(u"Diagnostico"_s, {{u"estado"_s, 6}, {u"error"_s, 18}});
+  auto* v = abrir(comm::PuertaDiagnostico{.estado = 6, .error = 18});
   EXPECT_TRUE(v->findChild<QPlainTextEdit*>(u"TxtDetalle"_s)
                   ->toPlainText()
                   .endsWith(u"El cable puede desconectado o defectuoso o Si la conexión es "
                             u"directa, la balanza puede estar apagada"));
-  abrir(u"Diagnostico"_s, {{u"estado"_s, 7}, {u"error"_s, 18}});
+  // What a shop can look at, and what comes then in the mode that it is in.
+  const struct {
+    int error;
+    bool automatico;
+    QString empieza, acaba;
+  } remedios[] = {
+      {18, true, u"Mire, por este orden: que la balanza está encendida; que su cable"_s,
+       u"pase a manual y pulse Quitar."_s},
+      {23, false, u"Mire, por este orden: que la balanza está encendida; que su cable de red"_s,
+       u"o Quitar para darla por perdida."_s},
+      {25, false, u"Mire, por este orden: que el módem"_s, u"o Quitar para darla por perdida."_s},
+      {19, false, u"En manual no se vuelve a intentar sola"_s,
+       u"o Quitar para darla por perdida."_s},
+  };
+  for (const auto& r : remedios) {
+    gestor->CambioAModo(r.automatico);
+    abrir(comm::PuertaDiagnostico{.estado = 6, .error = r.error});
+    const QString dice = v->findChild<QLabel*>(u"LblRemedio"_s)->text();
+    EXPECT_TRUE(dice.startsWith(r.empieza) && dice.endsWith(r.acaba)) << dice.toStdString();
+    EXPECT_EQ(dice.contains(u"pase a manual"), r.automatico);
+  }
+  abrir(comm::PuertaDiagnostico{.estado = 7, .error = 18});
   EXPECT_EQ(v->findChild<QLabel*>(u"LblTitular"_s)->text(),
             u"No se observa comportamiento anómalo.");
 }

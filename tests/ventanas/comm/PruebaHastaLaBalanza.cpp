@@ -1,17 +1,17 @@
 // What a person keys in the windows of the catalogue, as far as the scale.
 #include <QTableView>
 
-#include "Puesto.h"
+#include "MesaDeComm.h"
 #include "articles/TablasArticulos.h"
 #include "articles/ventanas/Registro.h"
 
 namespace tarvo::prueba {
 
-struct HastaLaBalanza : Puesto {
+struct HastaLaBalanza : MesaDeComm {
   void SetUp() override {
     bien(articles::asegurarTablasArticulos(*db));
     grupo(1, 1, u"cable 1"_s);
-    valor(db->ejecutar(u"INSERT INTO DEPTS (SECCION, NUMDEP, NomDep) VALUES (1, 1, 'Fruta')"));
+    departamento(1, u"Fruta");
     articles::registrarVentanasArticulos(escritorio.ventanas(), catalogo, *gestor);
     gestor->VigilaProcesos(3, false, nullptr);
   }

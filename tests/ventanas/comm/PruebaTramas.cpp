@@ -1,6 +1,6 @@
 // Following what passes on a line.
 
-#include "Puesto.h"
+#include "MesaDeComm.h"
 #include "comm/enlace/LecturaTrama.h"
 #include "comm/tramas/Trama.h"
 #include "comm/ventanas/NombresTramas.h"
@@ -10,7 +10,7 @@ namespace tarvo::prueba {
 using enlace::LecturaTrama;
 using enlace::Sentido;
 
-struct Tramas : Puesto {
+struct Tramas : MesaDeComm {
   ventanas::Parrilla* lista() { return control<ventanas::Parrilla>(u"lista"_s, u"VerTramas"_s); }
   QString fila(int f) {
     QStringList campos;
@@ -34,7 +34,7 @@ TEST_F(Tramas, SigueUnaTareaCopiaYDescansa) {
   }
   abrir(u"gestcomm"_s);
   const int id = encolar(1, 17);
-  abrir(u"VerTramas"_s, {{u"tarea"_s, id}});
+  abrir(comm::PuertaVerTramas{.tarea = id});
   ASSERT_TRUE(hasta([&] { return lista()->filas() >= 4; }));
   EXPECT_EQ(fila(0), u"Sale|VEK|0|850|Gran total||Bien");
   EXPECT_EQ(fila(1), u"Llega|ACK|||||Bien");

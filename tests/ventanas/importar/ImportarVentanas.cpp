@@ -11,6 +11,7 @@
 
 #include "articles/Lotes.h"
 #include "articles/TablasArticulos.h"
+#include "articles/importar/ventanas/Puertas.h"
 #include "articles/importar/ventanas/Registro.h"
 #include "core/esquema/Esquema.h"
 #include "core/ventanas/marco/Tira.h"
@@ -20,13 +21,12 @@
 namespace tarvo::prueba {
 namespace {
 
-struct Importadora : Mesa {
-  Importadora() {
+struct MesaDeImportar : Mesa {
+  MesaDeImportar() {
     bien(esquema::ponerAlDia(*db, Fecha::de(QDate(2026, 1, 1))));
     bien(articles::asegurarTablasArticulos(*db));
-    sql(u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (3, 'Carne')"_s);
-    sql(u"INSERT INTO DEPTS (SECCION, NUMDEP, NomDep) VALUES (3, 1, 'Ternera')"_s);
-    sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU, PRECIO_00, DEPTO) VALUES (3, 10, 'VIEJO', 150, 1)"_s);
+    seccion(3).departamento(1, u"Ternera");
+    articulo({.codigo = 10, .nombre = u"VIEJO", .depto = 1, .precio = 150});
     ajustes.HomeDir = carpeta.path();
     importar::registrarVentanasImportar(escritorio.ventanas(), catalogo);
   }
@@ -37,16 +37,14 @@ struct Importadora : Mesa {
     f.write(texto.toUtf8());
   }
   QString articulos() {
-    auto rs =
-        bien(db->consultar(u"SELECT CODPLU, trim(NOMPLU), PRECIO_00 FROM PLUSES WHERE SECCION=3 "
-                           u"AND CODPLU>2 ORDER BY CODPLU"));
-    QStringList filas;
-    for (; !rs->Eof(); static_cast<void>(rs->MoveNext()))
-      filas << rs->texto(0) + u' ' + rs->texto(1) + u' ' + rs->texto(2);
-    return filas.join(u" | ");
+    return leer(
+        u"SELECT CODPLU, trim(NOMPLU), PRECIO_00 FROM PLUSES WHERE SECCION=3 AND CODPLU>2 "
+        u"ORDER BY CODPLU"_s);
   }
   ventanas::Ventana* abrir(const QString& nombre) {
-    auto* v = escritorio.ventanas().abrir(nombre, nullptr, {{u"seccion"_s, 3}});
+    auto& todas = escritorio.ventanas();
+    auto* v = nombre == u"ImpTabla" ? todas.abrir(importar::PuertaImpTabla{.seccion = 3})
+                                    : todas.abrir(nombre);
     EXPECT_NE(v, nullptr);
     EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));
     return v;
@@ -83,7 +81,7 @@ QString larga(int seccion, int codigo, const QString& nombre) {
 }
 
 TEST(VentanaImpPLU, ConLineasMalasYDeshecha) {
-  Importadora m;
+  MesaDeImportar m;
   const QString antes = m.articulos();
   m.fichero(u"catalogo.plu"_s, larga(3, 10, u"NUEVO"_s) + larga(3, 11, u"OTRO"_s) +
                                    larga(3, 1, u"SISTEMA"_s) + larga(9, 12, u"SIN SECCION"_s));
@@ -103,6 +101,9 @@ TEST(VentanaImpPLU, ConLineasMalasYDeshecha) {
   EXPECT_EQ(malas.texto(0, u"linea") + malas.texto(1, u"linea"), u"34"_s);
   EXPECT_EQ(malas.texto(1, u"motivo"), u"No hay ninguna sección 009: créela antes de importar."_s);
   EXPECT_TRUE(v->tira().texto().contains(m.textos(4629)));
+  tecla(Qt::Key_Return);
+  EXPECT_EQ(rotulo(v, u"mensaje"), u"Seleccione (DbClick) un fichero de la lista"_s);
+  EXPECT_EQ(malas.filas(), 2) << "they stay until another file is taken";
   m.aceptar();
   boton(v, u"deshacer").setFocus();
   tecla(Qt::Key_Return);
@@ -112,7 +113,7 @@ TEST(VentanaImpPLU, ConLineasMalasYDeshecha) {
 }
 
 TEST(VentanaImpPLU, ConservarYParar) {
-  Importadora m;
+  MesaDeImportar m;
   QString muchas;
   for (int n = 0; n < 20'000; ++n) muchas += larga(3, 10 + n, u"ARTICULO"_s);
   m.fichero(u"A.PLU"_s, muchas);
@@ -133,7 +134,7 @@ TEST(VentanaImpPLU, ConservarYParar) {
 }
 
 TEST(VentanaImpPLU, UnFicheroSinLineasSeDice) {
-  Importadora m;
+  MesaDeImportar m;
   m.fichero(u"A.PLU"_s, {});
   auto* v = m.abrir(u"ImpPLU"_s);
   tecla(Qt::Key_Return);
@@ -146,7 +147,7 @@ TEST(VentanaImpPLU, UnFicheroSinLineasSeDice) {
 }
 
 TEST(VentanaMainTvc, AUnaSeccionConPrefijos) {
-  Importadora m;
+  MesaDeImportar m;
   m.fichero(u"viejo.PLU"_s, u"010045"_s + u"PAN"_s.leftJustified(30) + u"2000200000300----07"_s +
                                 QString(13, u'8') + u"00000000\r\n"_s);
   auto* v = m.abrir(u"MainTvc"_s);
@@ -174,7 +175,7 @@ TEST(VentanaMainTvc, UnFicheroQueNoEs) {
       {u"basura\n"_s, u"1 línea sin incorporar: está en la lista."_s},
       {u""_s, u"viejo.PLU está vacío."_s}};
   for (const auto& [texto, dicho] : casos) {
-    Importadora m;
+    MesaDeImportar m;
     m.fichero(u"viejo.PLU"_s, texto);
     auto* v = m.abrir(u"MainTvc"_s);
     tecla(Qt::Key_Return);
@@ -189,7 +190,7 @@ TEST(VentanaMainTvc, UnFicheroQueNoEs) {
 }
 
 TEST(VentanaMainTvc, DeshacerQuitaLaSeccionQueHizo) {
-  Importadora m;
+  MesaDeImportar m;
   m.fichero(u"viejo.PLU"_s, u"070045"_s + u"PAN"_s.leftJustified(30) + u"2000200000300----07"_s +
                                 QString(13, u'8') + u"00000000\r\n"_s);
   auto* v = m.abrir(u"MainTvc"_s);
@@ -208,7 +209,7 @@ TEST(VentanaMainTvc, DeshacerQuitaLaSeccionQueHizo) {
 
 // File, columns, what would change, done, undone; without a mouse.
 TEST(VentanaImpTabla, DeUnaHojaDeCalculoConTeclas) {
-  Importadora m;
+  MesaDeImportar m;
   const QString antes = m.articulos();
   ASSERT_TRUE(
       QFile::copy(QStringLiteral(TARVO_MUESTRAS "/precios.xlsx"), m.ruta(u"precios.xlsx"_s)));
@@ -232,7 +233,7 @@ TEST(VentanaImpTabla, DeUnaHojaDeCalculoConTeclas) {
 }
 
 TEST(VentanaImpTabla, LaPersonaCambiaLasColumnas) {
-  Importadora m;
+  MesaDeImportar m;
   m.fichero(u"t.csv"_s, u"Cosa;Texto;Valor\n10;VIEJO;2,50\nx;MALA;1\n"_s);
   auto* v = m.abrir(u"ImpTabla"_s);
   tecla(Qt::Key_Return);
@@ -267,7 +268,7 @@ TEST(VentanaImpTabla, LaPersonaCambiaLasColumnas) {
 // isn't held up and stays.
 TEST(VentanaImpTabla, ParadaNoDejaNada) {
   for (const bool cerrando : {false, true}) {
-    Importadora m;
+    MesaDeImportar m;
     QString csv = u"Código;Nombre;PVP\n10;CAMBIADO;9\n"_s;
     for (int n = 11; n < 4'000; ++n) csv += u"%1;NUEVO;1,50\n"_s.arg(n);
     m.fichero(u"t.csv"_s, csv);
@@ -300,7 +301,7 @@ TEST(VentanaImpTabla, ParadaNoDejaNada) {
 
 // A run that a fall of the program cut off is told of, and can be taken back.
 TEST(VentanaImpTabla, LaQueQuedoAMediasSeDice) {
-  Importadora m;
+  MesaDeImportar m;
   articles::Lotes lotes{*m.db, m.catalogo, m.reloj};
   bien(lotes.guardar(bien(lotes.empezar(u"ImpTabla"_s)), {3, 10}));
   m.sql(u"UPDATE PLUSES SET NOMPLU='A MEDIAS' WHERE CODPLU=10"_s);
@@ -313,7 +314,7 @@ TEST(VentanaImpTabla, LaQueQuedoAMediasSeDice) {
 
 // And the keys go on to the next file.
 TEST(VentanaImpTabla, UnaHojaRotaSeDice) {
-  Importadora m;
+  MesaDeImportar m;
   m.fichero(u"rota.ods"_s, u"esto no es una hoja"_s);
   m.fichero(u"sana.csv"_s, u"Código;PVP\n10;2,50\n"_s);
   auto* v = m.abrir(u"ImpTabla"_s);
@@ -331,7 +332,7 @@ TEST(VentanaImpTabla, UnaHojaRotaSeDice) {
 
 // The folder from which somebody took a file is where every import looks the next time.
 TEST(VentanasImportar, LaCarpetaSeRecuerda) {
-  Importadora m;
+  MesaDeImportar m;
   QDir(m.carpeta.path()).mkdir(u"otra"_s);
   m.fichero(u"otra/A.PLU"_s, larga(3, 11, u"A"_s));
   auto* v = m.abrir(u"ImpPLU"_s);

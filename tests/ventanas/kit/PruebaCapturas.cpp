@@ -25,7 +25,7 @@ TEST(Capturas, NadaCortado) {
     const QString carpeta = fuera.isEmpty() ? mesa.ruta(u"png"_s) : fuera;
     const QStringList faltas = capturas::capturar(
         mesa.escritorio,
-        {.carpeta = carpeta, .marca = llena ? u"llena"_s : u"vacia"_s, .solo = {}});
+        {.carpeta = carpeta, .marca = llena ? u"llena"_s : u"vacia"_s, .solo = {u"Muestra"_s}});
     EXPECT_EQ(faltas.join(u'\n').toStdString(), "");
     EXPECT_EQ(QDir(carpeta).entryList({llena ? u"*_llena_*.png"_s : u"*_vacia_*.png"_s}).size(),
               12);
@@ -36,8 +36,9 @@ TEST(Capturas, NadaCortado) {
 TEST(Capturas, DiceLaQueNoSeAbre) {
   Mesa mesa(kTextosMuestra);
   mesa.escritorio.ventanas().registrar(u"Muestra"_s, hacerMuestra, {{u"falla"_s, true}});
-  const QStringList faltas =
-      capturas::capturar(mesa.escritorio, {.carpeta = mesa.ruta(u"png"_s), .marca = u"llena"_s});
+  const QStringList faltas = capturas::capturar(
+      mesa.escritorio,
+      {.carpeta = mesa.ruta(u"png"_s), .marca = u"llena"_s, .solo = {u"Muestra"_s}});
   EXPECT_EQ(faltas.size(), 12);
   EXPECT_TRUE(faltas.value(0).contains(u"No hay tal periodo."));
 }

@@ -212,6 +212,22 @@ TEST_F(ConFicha, LasFaltasSeNombranTodasYSeAplicaUnaVez) {
   EXPECT_EQ(dado->numero, 12);
 }
 
+// A day that is far away is asked about, and nothing is applied with a no.
+TEST_F(ConFicha, UnDiaLejanoSePregunta) {
+  const auto dado = preguntar([&](QWidget& v) {
+    for (const auto& dia : {u"01/03/1500"_s, u"31/12/9999"_s}) {
+      escribir(v, u"dia"_s, dia);
+      EXPECT_TRUE(caja([&] { pulsar(v, u"Acepto"_s); }, u"Cancelo"_s).contains(dia));
+      EXPECT_TRUE(v.isVisible());
+    }
+    EXPECT_EQ(aplicadas, 0);
+    caja([&] { pulsar(v, u"Acepto"_s); });
+  });
+  EXPECT_EQ(aplicadas, 1);
+  ASSERT_TRUE(dado);
+  EXPECT_EQ(dado->dia, Fecha::de(QDate(9999, 12, 31)));
+}
+
 // Every action is reached: the bar by Tab, each of its buttons by a letter of its own.
 TEST(Alcance, LaBarraEntraEnElTabulador) {
   Mesa m(kTextosMuestra);

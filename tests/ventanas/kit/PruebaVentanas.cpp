@@ -63,6 +63,23 @@ TEST(Ventanas, UnaSolaPorNombre) {
   EXPECT_FALSE(p.todas().cargada(u"Muestra#13"_s));
 }
 
+// One that was never placed stands in the middle of its owner; one that was, where it was left.
+TEST(Ventanas, NaceSobreSuDueno) {
+  Puesto p;
+  Muestra* dueno = p.abrir(u"MainTarvo"_s);
+  dueno->resize(400, 300);
+  dueno->move(250, 180);
+  Muestra* v = p.abrir(u"Muestra"_s, dueno);
+  v->resize(200, 100);
+  const QPoint lejos = v->frameGeometry().center() - dueno->frameGeometry().center();
+  EXPECT_LT(lejos.manhattanLength(), 600) << "not in a corner of the screen";
+  EXPECT_GT(v->x() + v->y(), 0);
+  EXPECT_TRUE(v->screen()->availableGeometry().contains(v->frameGeometry()));
+  v->move(33, 44);
+  v->descargar();
+  EXPECT_EQ(p.abrir(u"Muestra"_s, dueno)->pos(), QPoint(33, 44));
+}
+
 TEST(Ventanas, EscapeDescargaYVuelveAlDueno) {
   Puesto p;
   Muestra* dueno = p.abrir(u"MainTarvo"_s);

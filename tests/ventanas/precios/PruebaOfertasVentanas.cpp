@@ -1,11 +1,11 @@
-#include "Mostrador.h"
+#include "MesaDePrecios.h"
 #include "articles/precios/ventanas/Puertas.h"
 
 namespace tarvo::prueba {
 
 namespace {
 
-Fecha hoy(const Mostrador& m) {
+Fecha hoy(const MesaDePrecios& m) {
   return m.reloj.ahora().dia();
 }
 
@@ -21,7 +21,7 @@ const QString kOfertas =
 
 // The whole of it by keys: an offer for both groups that begins tomorrow and ends on Sunday.
 TEST(VentanaOfertas, UnaOfertaParaDosGruposHastaElDomingo) {
-  Mostrador m;
+  MesaDePrecios m;
   auto* lista = m.abrir(u"BrowOfer"_s);
   QTest::keyClick(lista, Qt::Key_Insert);
   ventanas::Ventana* nueva = m.escritorio.ventanas().cargada(u"NvaOfr"_s);
@@ -59,7 +59,7 @@ TEST(VentanaOfertas, UnaOfertaParaDosGruposHastaElDomingo) {
 }
 
 TEST(VentanaOfertas, LoQueFaltaSeDiceYNoSeGuarda) {
-  Mostrador m;
+  MesaDePrecios m;
   auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
   const struct {
     QString articulo, precio, desde, hasta;
@@ -113,9 +113,8 @@ TEST(VentanaOfertas, LoQueFaltaSeDiceYNoSeGuarda) {
 }
 
 TEST(VentanaOfertas, PreguntaAntesDeReescribir) {
-  Mostrador m;
-  m.sql(
-      u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, enviado) values (1, 1, 12, 700, 1)"_s);
+  MesaDePrecios m;
+  m.oferta({.grupo = 1, .codigo = 12, .precio = 700, .enviado = 1});
   auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
   for (const QString& boton : {u"Cancelo"_s, u"Acepto"_s}) {
     m.campo(v, u"Entra"_s).setText(u"12"_s);
@@ -130,13 +129,10 @@ TEST(VentanaOfertas, PreguntaAntesDeReescribir) {
 
 // A date written in one row goes to all that are shown, and comes back.
 TEST(VentanaOfertas, UnaFechaVaATodasYSeDeshace) {
-  Mostrador m;
+  MesaDePrecios m;
   for (const int codigo : {10, 11})
-    m.sql(
-        u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, FECHA_INI) values (1, 1, ?, 700, "
-        "43000)"_s,
-        codigo);
-  m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (2, 1, 10, 700)"_s);
+    m.oferta({.grupo = 1, .codigo = codigo, .precio = 700, .desde = 43000});
+  m.oferta({.grupo = 2, .codigo = 10, .precio = 700});
   const QString antes = m.leer(kOfertas);
   auto* v = m.abrir(u"BrowOfer"_s);
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
@@ -166,14 +162,48 @@ TEST(VentanaOfertas, UnaFechaVaATodasYSeDeshace) {
   escribir(u"PRECIO_0", u"6,50"_s);
   EXPECT_EQ(m.leer(u"select GRUPO, PRECIO_0, FECHA_INI from OFERTAS where CODIGO=10"_s),
             u"1 650 43000 | 2 650 43000");
+  QTest::keyClick(m.foco(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(m.leer(kOfertas), antes) << "in all groups, with the days of each";
+}
+
+// Prices come back also where the list shows the offer no more; not those that changed since.
+TEST(VentanaOfertas, LosPreciosSeDeshacen) {
+  const struct {
+    const char16_t* otro;  // what happens meanwhile
+    const char16_t *queda, *dice;
+  } casos[] = {
+      {u"", u"700 | 300", u"Deshecho: P. Base, que era «7,00»."},
+      {u"update OFERTAS set PRECIO_0=1 where GRUPO=2", u"700 | 1", u"Precio devuelto. 1 oferta"},
+      {u"update OFERTAS set PRECIO_0=1 where GRUPO=1", u"1 | 650", u"La oferta ha cambiado"},
+      {u"delete from OFERTAS where GRUPO=1", u"650", u"La oferta ya no existe"}};
+  for (const auto& c : casos) {
+    MesaDePrecios m;
+    for (const auto& [grupo, precio] : {std::pair{1, 700}, {2, 300}})
+      m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (?, 1, 10, ?)"_s, grupo,
+            precio);
+    auto* v = m.abrir(precios::PuertaBrowOfer{});
+    auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
+    v->findChild<QCheckBox*>(u"Sincro"_s)->click();
+    grid.vista()->setFocus();
+    grid.vista()->setCurrentIndex(grid.modelo()->index(0, grid.modelo()->columna(u"PRECIO_0")));
+    for (const QString& texto : {u"6"_s, u",50"_s}) m.teclear(texto);
+    m.pulsar(Qt::Key_Return);
+    const QString precios = u"select PRECIO_0 from OFERTAS order by GRUPO"_s;
+    EXPECT_EQ(m.leer(precios), u"650 | 650");
+    if (*c.otro) m.sql(QString::fromUtf16(c.otro));
+    m.escribir(v, u"TxtF1"_s, u"01/01/2030"_s);  // filters it out
+    m.pulsar(Qt::Key_Return);
+    v->findChild<QAction*>(u"Deshacer"_s)->trigger();
+    EXPECT_EQ(m.leer(precios), QString::fromUtf16(c.queda));
+    EXPECT_TRUE(v->tira().texto().startsWith(QString::fromUtf16(c.dice)))
+        << v->tira().texto().toStdString();
+  }
 }
 
 TEST(VentanaOfertas, BorrarAquiOEnTodosLosGrupos) {
-  Mostrador m;
-  for (const int grupo : {1, 2})
-    m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (?, 1, 10, 700)"_s,
-          grupo);
-  m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (1, 1, 11, 700)"_s);
+  MesaDePrecios m;
+  for (const int grupo : {1, 2}) m.oferta({.grupo = grupo, .codigo = 10, .precio = 700});
+  m.oferta({.grupo = 1, .codigo = 11, .precio = 700});
   auto* v = m.abrir(u"BrowOfer"_s);
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
   grid.irA(0);

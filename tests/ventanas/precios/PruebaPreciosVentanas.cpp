@@ -1,4 +1,4 @@
-#include "Mostrador.h"
+#include "MesaDePrecios.h"
 #include "articles/precios/CambioLote.h"
 #include "capturas/Capturas.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
@@ -7,7 +7,7 @@ namespace tarvo::prueba {
 
 // A margin of 50 % locked over articles that cost 5,00, 8,00 and 10,01.
 TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
-  Mostrador m;
+  MesaDePrecios m;
   m.sql(u"update PLUSES set COSTE=800 where CODPLU=4"_s);
   m.sql(u"update PLUSES set COSTE=1001 where CODPLU=5"_s);
   m.suyos.calculoPrecios = {.a = true, .b = 5};
@@ -16,7 +16,7 @@ TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
   EXPECT_EQ(lista->hijos, 1);
   EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3");
   EXPECT_EQ(m.campo(v, u"pcMarg"_s).text(), u"-40,00") << "3,00 for what costs 5,00";
-  Mostrador::escribir(v, u"pcMarg"_s, u"50"_s);
+  MesaDePrecios::escribir(v, u"pcMarg"_s, u"50"_s);
   m.pulsar(Qt::Key_Tab);
   EXPECT_EQ(m.texto(v, u"PVP"_s), u"7,50");
   EXPECT_EQ(m.campo(v, u"precio00"_s).text(), u"7,50");
@@ -38,7 +38,7 @@ TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
 }
 
 TEST(VentanaCalculo, SinTocarNadaNoSeEscribeNada) {
-  Mostrador m;
+  MesaDePrecios m;
   m.sql(u"update PLUSES set COSTE=333"_s);
   auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
   auto* v = m.abrir(u"CalcPre"_s);
@@ -52,20 +52,20 @@ TEST(VentanaCalculo, SinTocarNadaNoSeEscribeNada) {
   lista->codigo = 20;
   lista->movido();
   EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000020  Artículo 20") << "it follows the list";
-  Mostrador::escribir(v, u"costeN"_s, u"8"_s);
+  MesaDePrecios::escribir(v, u"costeN"_s, u"8"_s);
   m.pulsar(Qt::Key_Escape);
   EXPECT_EQ(m.leer(u"select COSTE from PLUSES where CODPLU=20"_s), u"333")
       << "leaving isn't saving";
 }
 
 TEST(VentanaLote, SubeUnDepartamentoYSeDeshace) {
-  Mostrador m;
+  MesaDePrecios m;
   m.sql(u"update PLUSES set DEPTO=2 where CODPLU>32"_s);
   m.sql(u"update PLUSES set PRECIO_00=990000 where CODPLU=42"_s);
-  auto* v = m.abrir(u"CambioLote"_s, {{u"seccion"_s, 1}});
+  auto* v = m.abrir(precios::PuertaCambioLote{.seccion = 1});
   v->findChild<QComboBox*>(u"dbD"_s)->setCurrentIndex(2);
-  Mostrador::escribir(v, u"txPc"_s, u"10"_s);
-  Mostrador::escribir(v, u"txPaso"_s, u"0,50"_s);
+  MesaDePrecios::escribir(v, u"txPc"_s, u"10"_s);
+  MesaDePrecios::escribir(v, u"txPaso"_s, u"0,50"_s);
   auto* aplicar = v->findChild<QPushButton*>(u"Aplicar"_s);
   ASSERT_TRUE(esperar([&] { return aplicar->isEnabled(); }));
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
@@ -90,20 +90,17 @@ TEST(VentanaLote, SubeUnDepartamentoYSeDeshace) {
 
 // Stopped, or closed, in the middle: no price is another one. Undone and stopped: the rest waits.
 TEST(VentanaLote, ParadoNoDejaNada) {
-  Mostrador m;
+  MesaDePrecios m;
   auto muchos = dao::Transaccion::empezar(*m.db);
   ASSERT_TRUE(muchos);
-  for (int i = 100; i < 6'100; ++i)
-    m.sql(
-        u"insert into PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00) values (1, ?, 'A', 1, 100)"_s,
-        i);
+  for (int i = 100; i < 6'100; ++i) m.articulo({.codigo = i, .depto = 1, .precio = 100});
   bien(muchos->confirmar());
   const auto subidos = [&] {
     return m.leer(u"select count(*) from PLUSES where CODPLU>=100 and PRECIO_00<>100"_s).toInt();
   };
-  auto* v = m.abrir(u"CambioLote"_s, {{u"seccion"_s, 1}});
+  auto* v = m.abrir(precios::PuertaCambioLote{.seccion = 1});
   const auto lanzar = [&] {
-    Mostrador::escribir(v, u"txPc"_s, u"10"_s);
+    MesaDePrecios::escribir(v, u"txPc"_s, u"10"_s);
     auto* aplicar = v->findChild<QPushButton*>(u"Aplicar"_s);
     ASSERT_TRUE(esperar([&] { return aplicar->isEnabled(); }));
     m.responder(u"Acepto"_s);
@@ -148,11 +145,8 @@ TEST(VentanaLote, ParadoNoDejaNada) {
 
 // A change that was cut off is said, and finished from here.
 TEST(VentanaLote, LoQueSeCortoSeTermina) {
-  Mostrador m;
-  for (int i = 100; i < 800; ++i)
-    m.sql(
-        u"insert into PLUSES (SECCION, CODPLU, NOMPLU, DEPTO, PRECIO_00) values (1, ?, 'A', 1, 100)"_s,
-        i);
+  MesaDePrecios m;
+  for (int i = 100; i < 800; ++i) m.articulo({.codigo = i, .depto = 1, .precio = 100});
   articles::Lotes lotes(*m.db, m.catalogo, m.reloj);
   precios::CambioLote motor(*m.db, m.catalogo, lotes, m.textos);
   std::vector<articles::ClaveArticulo> claves;
@@ -161,7 +155,7 @@ TEST(VentanaLote, LoQueSeCortoSeTermina) {
       claves, *precios::SubePrecios::de(1000, 1, precios::Redondeo::MasProximo, {}, {}),
       u"CambioLote"_s);
   while (cortada->hecho().cambiados == 0) ASSERT_TRUE(bien(cortada->paso()));
-  auto* v = m.abrir(u"CambioLote"_s, {{u"seccion"_s, 1}});
+  auto* v = m.abrir(precios::PuertaCambioLote{.seccion = 1});
   EXPECT_TRUE(v->tira().texto().contains(u"a medias")) << v->tira().texto().toStdString();
   auto* terminar = v->findChild<QPushButton*>(u"Terminar"_s);
   ASSERT_TRUE(terminar->isVisible());
@@ -173,8 +167,8 @@ TEST(VentanaLote, LoQueSeCortoSeTermina) {
 }
 
 TEST(VentanaLote, LosArticulosElegidosCambianDeDepartamento) {
-  Mostrador m;
-  auto* v = m.abrir(u"CambioLote"_s, {{u"seccion"_s, 1}, {u"codigos"_s, QVariantList{7, 9}}});
+  MesaDePrecios m;
+  auto* v = m.abrir(precios::PuertaCambioLote{.seccion = 1, .codigos = {7, 9}});
   EXPECT_EQ(m.texto(v, u"elegidos"_s), u"2 artículos elegidos");
   v->findChild<QComboBox*>(u"que"_s)->setCurrentIndex(1);
   v->findChild<QComboBox*>(u"depto"_s)->setCurrentIndex(1);
@@ -191,13 +185,10 @@ TEST(VentanaLote, LosArticulosElegidosCambianDeDepartamento) {
 TEST(FotosPrecios, SeLeen) {
   const QString fija = qEnvironmentVariable("TARVO_FOTOS");
   for (const bool llena : {false, true}) {
-    Mostrador m;
+    MesaDePrecios m;
     if (!llena) m.sql(u"delete from PLUSES where CODPLU>2"_s);
     for (int i = 3; llena && i <= 42; ++i)
-      m.sql(
-          u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, FECHA_INI, FECHA_FIN) values "
-          "(1, 1, ?, ?, 43100, 43130)"_s,
-          i, 90 * i);
+      m.oferta({.grupo = 1, .codigo = i, .precio = 90 * i, .desde = 43100, .hasta = 43130});
     QStringList faltas = capturas::capturar(
         m.escritorio, {fija.isEmpty() ? m.ruta(u"fotos"_s) : fija, llena ? u"llena"_s : u"vacia"_s,
                        qEnvironmentVariable("TARVO_FOTOS_SOLO").split(u',', Qt::SkipEmptyParts)});

@@ -1,12 +1,12 @@
-#include "Mostrador.h"
+#include "MesaDePrecios.h"
 
 namespace tarvo::prueba {
 
 // Thirty prices, one a line: what is typed, Enter, what is typed, Enter.
 TEST(VentanaRapida, CambiaElPrecioDeTreintaArticulos) {
-  Mostrador m;
+  MesaDePrecios m;
   auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
-  auto* v = m.abrir(u"FastModf"_s, {{u"seccion"_s, 1}});
+  auto* v = m.abrir(precios::PuertaFastModf{.seccion = 1});
   EXPECT_EQ(lista->hijos, 1);
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
   ASSERT_EQ(grid.filas(), 40) << "without the system articles";
@@ -33,7 +33,7 @@ TEST(VentanaRapida, CambiaElPrecioDeTreintaArticulos) {
 }
 
 TEST(VentanaRapida, LasTeclasYLosModos) {
-  Mostrador m;
+  MesaDePrecios m;
   auto* v = m.abrir(u"FastModf"_s);
   const QString pasos[] = {u"precio10"_s, u"precio01"_s};  // next price, next tarifa
   for (int modo = 0; modo < 2; ++modo) {
@@ -58,7 +58,7 @@ TEST(VentanaRapida, LasTeclasYLosModos) {
 }
 
 TEST(VentanaRapida, LasColumnasQueSeElijen) {
-  Mostrador m;
+  MesaDePrecios m;
   auto* v = m.abrir(u"FastModf"_s);
   m.alAbrirse([&](QWidget* w) {
     w->findChild<QRadioButton*>(u"opcion5_2"_s)->click();  // department, to change
@@ -86,7 +86,7 @@ TEST(VentanaRapida, LasColumnasQueSeElijen) {
 
 // The prefix 12, and a department that doesn't move: four fields an article.
 TEST(VentanaAlta, ConPrefijoYDepartamentoFijo) {
-  Mostrador m;
+  MesaDePrecios m;
   m.suyos.PrefijoCodigos = u"12"_s;
   m.suyos.NumPreciosAlta = m.suyos.NumTarifasAlta = 1;
   m.suyos.ParrillaRapida = u"1,1,2,1,1,0,0,0,0,0,1,2,1,0,1,1,0,2,5,,0,0"_s;
@@ -126,7 +126,7 @@ TEST(VentanaAlta, ConPrefijoYDepartamentoFijo) {
 }
 
 TEST(VentanaAlta, NoSeSaleDeUnCampoQueNoVale) {
-  Mostrador m;
+  MesaDePrecios m;
   auto* v = m.abrir(u"FastAlta"_s);
   m.teclear(u"2"_s);
   for (const int tecla : {Qt::Key_Return, Qt::Key_Tab}) {
@@ -153,7 +153,7 @@ TEST(VentanaAlta, NoSeSaleDeUnCampoQueNoVale) {
 }
 
 TEST(VentanaAlta, LaConfiguracionSeComprueba) {
-  Mostrador m;
+  MesaDePrecios m;
   auto* v = m.abrir(u"CfgFastA"_s);
   const struct {
     const char16_t *campo, *valor, *aviso;

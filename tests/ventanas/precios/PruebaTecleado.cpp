@@ -3,14 +3,14 @@
 #include <QAction>
 #include <QMessageBox>
 
-#include "Mostrador.h"
+#include "MesaDePrecios.h"
 #include "articles/precios/ventanas/Puertas.h"
 
 namespace tarvo::prueba {
 
 namespace {
 
-struct Tecleado : Mostrador {
+struct Tecleado : MesaDePrecios {
   QString precio(int codigo) {
     return leer(u"select PRECIO_00 from PLUSES where CODPLU=%1"_s.arg(codigo));
   }
@@ -42,7 +42,7 @@ TEST(VentanaCalculo, LoQueNoValeSeDiceYNoSeGuarda) {
     Tecleado m;
     m.suyos.calculoPrecios = {.a = false, .b = 0};
     auto* v = m.abrir(u"CalcPre"_s);
-    Mostrador::escribir(v, c.campo, c.texto);
+    MesaDePrecios::escribir(v, c.campo, c.texto);
     QTest::keyClick(m.foco(), Qt::Key_G, Qt::AltModifier);
     ASSERT_TRUE(esperar([&] { return v->tira().isVisible(); })) << c.texto.toStdString();
     EXPECT_TRUE(v->tira().texto().startsWith(c.dicho))
@@ -55,18 +55,18 @@ TEST(VentanaCalculo, NoPasaDeArticuloConUnPrecioQueNoVale) {
   Tecleado m;
   auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
   auto* v = m.abrir(u"CalcPre"_s);
-  Mostrador::escribir(v, u"pcMarg"_s, u"-150"_s);
+  MesaDePrecios::escribir(v, u"pcMarg"_s, u"-150"_s);
   m.pulsar(Qt::Key_PageDown);
   EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3");
   lista->codigo = 9;
   lista->movido();
   EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3") << "the list moved by itself";
   EXPECT_EQ(m.precio(3), u"300");
-  Mostrador::escribir(v, u"costeN"_s, u"abc"_s);
+  MesaDePrecios::escribir(v, u"costeN"_s, u"abc"_s);
   m.pulsar(Qt::Key_PageDown);
   EXPECT_EQ(m.campo(v, u"costeN"_s).text(), u"0,00") << "text counts as 0, and is seen to";
-  Mostrador::escribir(v, u"costeN"_s, u"4"_s);
-  Mostrador::escribir(v, u"pcMarg"_s, u"50"_s);
+  MesaDePrecios::escribir(v, u"costeN"_s, u"4"_s);
+  MesaDePrecios::escribir(v, u"pcMarg"_s, u"50"_s);
   m.boton(v, u"Salvar"_s);
   EXPECT_EQ(m.leer(u"select PRECIO_00, COSTE from PLUSES where CODPLU=3"_s), u"660 400");
 }
@@ -75,7 +75,7 @@ TEST(VentanaRapida, EscapeNoEscribeUnPrecioAMedias) {
   Tecleado m;
   auto* v = m.abrir(u"FastModf"_s);
   for (const QString& texto : {u"1.5"_s, u"7,66"_s}) {
-    Mostrador::escribir(v, u"precio00"_s, texto);
+    MesaDePrecios::escribir(v, u"precio00"_s, texto);
     if (texto == u"1.5") m.pulsar(Qt::Key_Return);
     EXPECT_EQ(v->tira().isVisible(), texto == u"1.5");
     m.pulsar(Qt::Key_Escape);
@@ -95,9 +95,9 @@ TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
     auto* v = m.abrir(u"FastModf"_s);
     auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
     auto& campo = m.campo(v, u"precio00"_s);
-    const QString dicho = ilegible ? u"1.5"_s : u"8,88"_s;
+    const QString dicho = ilegible ? u"1.5"_s : u"4,44"_s;
     if (!ilegible) m.impedir();
-    Mostrador::escribir(v, u"precio00"_s, dicho);
+    MesaDePrecios::escribir(v, u"precio00"_s, dicho);
     const std::function<void()> intentos[] = {
         [&] { m.pulsar(Qt::Key_Return); },
         [&] { m.pulsar(Qt::Key_Tab); },
@@ -122,11 +122,11 @@ TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
     }
     EXPECT_EQ(m.precio(3), u"300");
     if (ilegible)
-      Mostrador::escribir(v, u"precio00"_s, u"8,88"_s);
+      MesaDePrecios::escribir(v, u"precio00"_s, u"4,44"_s);
     else
       m.permitir();
     m.pulsar(Qt::Key_Return);
-    EXPECT_EQ(m.precio(3), u"888");
+    EXPECT_EQ(m.precio(3), u"444");
     EXPECT_EQ(grid.filaActual(), 1) << "and goes on";
     EXPECT_FALSE(v->tira().isVisible()) << "nothing is wrong any more";
   }
@@ -134,10 +134,10 @@ TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
 
 TEST(VentanaRapida, UnPrecioQueNoCabeEnLasBalanzasSeDice) {
   Tecleado m;
-  m.sql(u"insert into OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0) values (1, 1, 3, 700)"_s);
+  m.oferta({.grupo = 1, .codigo = 3, .precio = 700});
   const QString aviso = u"El precio 12.000,00 pasa de 9.999,99: "_s;
   auto* rapida = m.abrir(u"FastModf"_s);
-  Mostrador::escribir(rapida, u"precio00"_s, u"12000"_s);
+  MesaDePrecios::escribir(rapida, u"precio00"_s, u"12000"_s);
   m.pulsar(Qt::Key_Return);
   EXPECT_TRUE(rapida->tira().texto().startsWith(aviso));
   EXPECT_EQ(m.precio(3), u"1200000");
@@ -170,7 +170,7 @@ TEST(VentanaRapida, EmpiezaDondeEstabaLaLista) {
   Tecleado m;
   auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
   lista->codigo = 7;
-  auto* v = m.abrir(u"FastModf"_s, {{u"seccion"_s, 1}});
+  auto* v = m.abrir(precios::PuertaFastModf{.seccion = 1});
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
   EXPECT_EQ(grid.texto(grid.filaActual(), u"CODPLU"), u"0000007");
   EXPECT_TRUE(m.texto(v, u"lbArticulo"_s).startsWith(u"0000007"));
@@ -196,9 +196,9 @@ TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
                {u"FastAlta"_s, u"precio00"_s, u"2"_s}};
   for (const auto& c : casos) {
     Tecleado m;
-    auto* v = m.abrir(c.ventana, {{u"seccion"_s, 1}, {u"grupo"_s, 1}});
+    auto* v = m.abrir(c.ventana);
     const QPointer<QWidget> sigue = v;
-    Mostrador::escribir(v, c.campo, c.texto);
+    MesaDePrecios::escribir(v, c.campo, c.texto);
     QString pregunta;
     m.alAbrirse([&](QWidget* w) {
       pregunta = m.textoModal;
@@ -213,15 +213,103 @@ TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
   }
   Tecleado m;
   auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
-  Mostrador::escribir(v, u"Precio_0"_s, u"1,11"_s);
+  MesaDePrecios::escribir(v, u"Precio_0"_s, u"1,11"_s);
   m.campo(v, u"Entra"_s).setFocus();
   m.pulsar(Qt::Key_Escape);
   EXPECT_FALSE(v->isVisible()) << "in its empty box Escape closes";
 }
 
+// Who can't leave a field is told why, beside it and above.
+TEST(VentanaAlta, DicePorQueNoSeSale) {
+  const struct {
+    const char16_t *campo, *texto, *dice;
+  } casos[] = {{u"txCod", u"", u"Código: un número de 3 a 9999999."},
+               {u"txCod", u"2", u"Código: un número de 3 a 9999999."},
+               {u"txCod", u"1a", u"Código: un número de 3 a 9999999."},
+               {u"txNom", u"", u"Nombre: no puede quedar vacío."},
+               {u"txNom", u"Mas de cincuenta letras no caben en el nombre de un PLU",
+                u"El nombre tiene 55 letras, y caben 50."},
+               {u"txdep", u"41", u"El valor entrado es incorrecto: Departamento, de 1 a 40"},
+               {u"txdep", u"9", u"La sección no tiene el departamento 9: elija otro de la lista."},
+               {u"txetq", u"21", u"El valor entrado es incorrecto: Formato Etiquetas, de 1 a 20"},
+               {u"txbar", u"x", u"Prefijo del código de barras: sólo cifras."},
+               {u"txdi1", u"", u"Días 1: un número de 0 a 9999."}};
+  for (const auto& c : casos) {
+    Tecleado m;
+    auto* v = m.abrir(precios::PuertaFastAlta{});
+    const QString campo = QString::fromUtf16(c.campo);
+    m.escribir(v, campo, QString::fromUtf16(c.texto));
+    for (const int tecla : {Qt::Key_Tab, Qt::Key_Return}) {
+      v->tira().quitar();
+      m.pulsar(tecla);
+      EXPECT_EQ(m.enFoco(), campo);
+      EXPECT_EQ(v->tira().texto().toStdString(), QString::fromUtf16(c.dice).toStdString());
+      EXPECT_EQ(m.texto(v, u"falta"_s + campo), QString::fromUtf16(c.dice));
+    }
+  }
+}
+
+// It begins with the price that the list has in hand, which is seen among the 24.
+TEST(VentanaCalculo, EmpiezaPorElPrecioDado) {
+  for (const precios::Celda celda : {precios::Celda{0, 0}, {2, 7}, {1, 3}}) {
+    Tecleado m;
+    m.sql(u"update PLUSES set PRECIO_27=727, PRECIO_13=613 where CODPLU=3"_s);
+    auto* v = m.abrir(precios::PuertaCalcPre{.codigo = 3, .celda = celda});
+    EXPECT_EQ(m.texto(v, u"PVP"_s), celda.nivel == 0   ? u"3,00"
+                                    : celda.nivel == 2 ? u"7,27"
+                                                       : u"6,13");
+    QStringList marcadas;
+    for (int n = 0; n < articles::kNiveles; ++n)
+      for (int i = 0; i < articles::kTarifas; ++i) {
+        const QString nombre = u"precio%1%2"_s.arg(n).arg(i);
+        if (m.campo(v, nombre).font().bold()) marcadas << nombre;
+      }
+    EXPECT_EQ(marcadas.join(u' '), u"precio%1%2"_s.arg(celda.nivel).arg(celda.tarifa));
+    m.campo(v, u"precio05"_s).setFocus();
+    EXPECT_TRUE(m.campo(v, u"precio05"_s).font().bold()) << "the mark goes along";
+  }
+}
+
+// A step that stayed from last time is seen: it rounds each article that is passed.
+TEST(VentanaCalculo, ElRedondeoActivoSeVe) {
+  for (const int paso : {0, 5}) {
+    Tecleado m;
+    m.suyos.calculoPrecios = {.a = true, .b = paso};
+    auto* v = m.abrir(precios::PuertaCalcPre{});
+    EXPECT_EQ(m.texto(v, u"avisoRedondeo"_s), paso > 0 ? u"redondeo 5 activo" : u"");
+  }
+}
+
+// Cells of both grids come back, the last first.
+TEST(VentanaRapida, LasCeldasSeDeshacen) {
+  Tecleado m;
+  auto* v = m.abrir(precios::PuertaFastModf{});
+  auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
+  grid.vista()->setFocus();
+  grid.vista()->setCurrentIndex(grid.modelo()->index(0, grid.modelo()->columna(u"PRECIO_00")));
+  for (const QString& texto : {u"3"_s, u",3"_s}) m.teclear(texto);
+  m.pulsar(Qt::Key_Return);
+  QCoreApplication::processEvents();
+  grid.irA(1);
+  MesaDePrecios::escribir(v, u"precio21"_s, u"8"_s);
+  m.pulsar(Qt::Key_Return);
+  const QString todos = u"select PRECIO_00, PRECIO_21 from PLUSES where CODPLU in (3, 4)"_s;
+  EXPECT_EQ(m.leer(todos), u"330 0 | 400 800");
+  auto* deshacer = v->findChild<QAction*>(u"Deshacer"_s);
+  EXPECT_TRUE(deshacer->toolTip().contains(u"Hasta 2, Tarifa 2, que era «0,00»"))
+      << deshacer->toolTip().toStdString();
+  deshacer->trigger();
+  EXPECT_EQ(m.leer(todos), u"330 0 | 400 0");
+  EXPECT_EQ(grid.filaActual(), 1);
+  deshacer->trigger();
+  EXPECT_EQ(m.leer(todos), u"300 0 | 400 0");
+  EXPECT_EQ(m.campo(v, u"precio00"_s).text(), u"3,00");
+  EXPECT_FALSE(deshacer->isEnabled());
+}
+
 TEST(VentanaLote, DiceQueCifraNoVale) {
   Tecleado m;
-  auto* v = m.abrir(u"CambioLote"_s, {{u"seccion"_s, 1}});
+  auto* v = m.abrir(precios::PuertaCambioLote{.seccion = 1});
   const struct {
     QString campo, texto, dicho;
   } casos[] = {{u"txPc"_s, u"-100"_s, u"La subida debe ser un número de -99,99 a 999,99"_s},
@@ -231,7 +319,7 @@ TEST(VentanaLote, DiceQueCifraNoVale) {
                {u"txPaso"_s, u"10000"_s, u"El redondeo debe ser"_s}};
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
   for (const auto& c : casos) {
-    Mostrador::escribir(v, c.campo, c.texto);
+    MesaDePrecios::escribir(v, c.campo, c.texto);
     const auto dicho = [&] {
       return std::ranges::any_of(grid.findChildren<QLabel*>(), [&](const QLabel* l) {
         return l->isVisible() && l->text().startsWith(c.dicho);

@@ -1,5 +1,5 @@
 // The person's own entries: added, renamed, run and removed.
-#include "Tienda.h"
+#include "MesaPrincipal.h"
 #include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::prueba {
@@ -47,7 +47,7 @@ void rellenarElemento(QWidget& d, const QString& titulo, const QString& proceso)
 }  // namespace
 
 TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
-  Tienda t;
+  MesaPrincipal t;
   t.fichero(u"PEDIDO.AUT"_s, "@INICIO BATCH\r\nS:ABRIR\r\n@FINAL BATCH\r\n");
   auto* v = t.principal();
   auto* entrada = v->findChild<QToolButton*>(u"Personalizado"_s);
@@ -67,30 +67,40 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
   });
   QTest::mouseClick(entrada, Qt::LeftButton);
   ASSERT_EQ(t.personal().size(), 1U);
-  EXPECT_EQ(entrada->text(), u"Hacer pedido");
+  EXPECT_EQ(entrada->text().remove(u'&'), u"Hacer pedido");
 
-  QTest::mouseClick(entrada, Qt::LeftButton);
-  ASSERT_TRUE(t.suplente(u"Automat"_s)) << "one element runs at once";
+  // It is asked once: one press must not start a night.
+  for (const auto tecla : {Qt::Key_Escape, Qt::Key_Return}) {
+    QString pregunta;
+    QTimer::singleShot(0, qApp, [&] {
+      QWidget* caja = QApplication::activeModalWidget();
+      pregunta = caja->findChild<QLabel*>(u"Mensaje"_s)->text();
+      QTest::keyClick(caja, tecla);
+    });
+    QTest::mouseClick(entrada, Qt::LeftButton);
+    EXPECT_TRUE(pregunta.contains(u"«Hacer pedido»")) << pregunta.toStdString();
+    ASSERT_EQ(t.suplente(u"Automat"_s) != nullptr, tecla == Qt::Key_Return);
+  }
   EXPECT_TRUE(
-      t.suplente(u"Automat"_s)->dados.value(u"proceso"_s).toString().endsWith(u"/PEDIDO.AUT"));
+      t.suplente(u"Automat"_s)->como<automation::PuertaAutomat>().proceso.endsWith(u"/PEDIDO.AUT"));
   t.todas().descargar(u"Automat"_s);
   v->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(v));
 
   enElMenu(1, [](QWidget& d) { rellenarElemento(d, u"Pedido diario"_s, u"PEDIDO"_s); });
   menuSobre(*entrada);
-  EXPECT_EQ(entrada->text(), u"Pedido diario");
+  EXPECT_EQ(entrada->text().remove(u'&'), u"Pedido diario");
   EXPECT_EQ(t.personal().front().proceso, u"PEDIDO");
 
   enElMenu(2);
   menuSobre(*entrada);
   EXPECT_TRUE(t.personal().empty());
-  EXPECT_EQ(entrada->text(), u"Personalizado");
+  EXPECT_EQ(entrada->text().remove(u'&'), u"Personalizado");
 }
 
 // What is wrong with a process is said, not that there is no timetable of its name.
 TEST(Personal, ElProcesoQueNoSeLeeDiceSuLinea) {
-  Tienda t;
+  MesaPrincipal t;
   t.fichero(u"PEDIDO.AUT"_s, "@INICIO BATCH\r\nS:ABRIR\r\nT:NADA,ALL\r\n@FINAL BATCH\r\n");
   t.personal() = {{u"Pedido"_s, u"PEDIDO"_s}};
   auto* v = t.principal();
@@ -102,7 +112,7 @@ TEST(Personal, ElProcesoQueNoSeLeeDiceSuLinea) {
 // Two open a panel, in the order of the list; a delayed program takes over and the main window
 // goes.
 TEST(Personal, DosAbrenUnPanel) {
-  Tienda t;
+  MesaPrincipal t;
   t.fichero(u"HORARIO.CRO"_s, "22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,S\xED;NOCHE\r\n");
   t.personal() = {{u"Uno"_s, u"PEDIDO"_s}};
   auto* v = t.principal();
@@ -122,7 +132,7 @@ TEST(Personal, DosAbrenUnPanel) {
   QTest::mouseClick(primera, Qt::LeftButton);
   ASSERT_TRUE(t.suplente(u"Cronos"_s));
   EXPECT_TRUE(
-      t.suplente(u"Cronos"_s)->dados.value(u"horario"_s).toString().endsWith(u"/HORARIO.CRO"));
+      t.suplente(u"Cronos"_s)->como<automation::PuertaCronos>().horario.endsWith(u"/HORARIO.CRO"));
 }
 
 }  // namespace tarvo::prueba

@@ -5,7 +5,7 @@
 #include <QTcpServer>
 #include <QTimer>
 
-#include "Tienda.h"
+#include "MesaPrincipal.h"
 #include "automation/historia/Historial.h"
 #include "comm/cables/AjustesCables.h"
 #include "core/ventanas/marco/Captura.h"
@@ -16,21 +16,22 @@ namespace tarvo::prueba {
 
 using namespace ventanas;
 
-void Tienda::nocheMala() {
+void MesaPrincipal::nocheMala() {
   sql(u"DELETE FROM GRUPOS"_s);
-  for (const int g : {1, 2})
-    sql(u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, REMOTO) VALUES (?, ?, 1, 1, 3)"_s, g,
-        g == 1 ? u"FRUTERIA"_s : u"PESCADERIA"_s);
+  grupo({.codigo = 1, .nombre = u"FRUTERIA", .remoto = 3});
+  grupo({.codigo = 2, .nombre = u"PESCADERIA", .remoto = 3});
   const Fecha ahora = reloj.ahora();
-  sql(u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (7, 1, ?, ?, 'Noche')"_s,
-      ahora.dia() - 1.0, ahora.dia() - 1.0 + Fecha::kUltimoSegundo);
-  sql(u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON, [IMP]) VALUES (7, 1, 0, 9, 123456)"_s);
+  periodo({.link = 7,
+           .desde = ahora.dia() - 1.0,
+           .hasta = ahora.dia() - 1.0 + Fecha::kUltimoSegundo,
+           .descr = u"Noche"});
+  total(u"TOTGRT", {.link = 7, .codi = 1, .con = 9, .imp = 123456});
   automation::Historial historial(*fondo->db, fondo->textos);
   sql(u"CREATE TABLE IF NOT EXISTS Proceso (NOMBRE TEXT PRIMARY KEY, EJECUCION INTEGER)"_s);
   bien(historial.empezar(1, u"NOCHE"_s, ahora - 0.3, u"NOCHE.TZA"_s));
   for (const int g : {1, 2})
-    sql(u"INSERT INTO ProcesoTareas (EJECUCION, PASO, GRUPO, CLASE, HECHA) VALUES (1, 0, ?, 17, ?)"_s,
-        g, g == 1 ? 1 : 0);
+    fila(u"ProcesoTareas",
+         {{u"EJECUCION", 1}, {u"PASO", 0}, {u"GRUPO", g}, {u"CLASE", 17}, {u"HECHA", g == 1}});
   bien(historial.tareaFallida(1, 2, TipoTarea::RxGrTot, u"No se encuentra el HOST especificado"_s));
   bien(historial.periodosHechos(1, {7}));
   bien(historial.acabar(1, automation::FinEjecucion::Problemas, ahora - 0.29));
@@ -38,7 +39,7 @@ void Tienda::nocheMala() {
 
 // The group that failed stands on top, says why, and Enter leads to where one collects it again.
 TEST(Principal, LaMananaTrasUnGrupoFallido) {
-  Tienda t;
+  MesaPrincipal t;
   t.nocheMala();
   auto* v = t.conManana();
   EXPECT_TRUE(pieza(*v, u"La noche tuvo problemas"_s));
@@ -50,18 +51,31 @@ TEST(Principal, LaMananaTrasUnGrupoFallido) {
   linea->setFocus();
   QTest::keyClick(linea, Qt::Key_Return);
   ASSERT_TRUE(t.suplente(u"gestcomm"_s));
-  EXPECT_EQ(t.suplente(u"gestcomm"_s)->dados.value(u"grupo"_s), 2);
+  EXPECT_EQ(t.suplente(u"gestcomm"_s)->como<comm::PuertaGestcomm>().grupo, 2);
   EXPECT_EQ(t.suplente(u"gestcomm"_s)->dueno(), v);
   QTest::mouseClick(pieza(*v, u"Bien. 0001 FRUTERIA"_s), Qt::LeftButton);
-  EXPECT_EQ(t.suplente(u"VerTot"_s)->dados.value(u"link"_s), 7);
+  ASSERT_TRUE(t.suplente(u"VerCols#7"_s)) << "its sales in that period";
+  EXPECT_EQ(t.suplente(u"VerCols#7"_s)->como<totals::PuertaVerCols>().grupo, 1);
   QTest::mouseClick(pieza(*v, u"La noche tuvo problemas"_s), Qt::LeftButton);
   EXPECT_TRUE(
-      t.suplente(u"VeoLog"_s)->dados.value(u"fichero"_s).toString().endsWith(u"/NOCHE.TZA"));
+      t.suplente(u"VeoLog"_s)->como<automation::PuertaVeoLog>().fichero.endsWith(u"/NOCHE.TZA"));
+}
+
+// What was done in another window shows when that closes.
+TEST(Principal, LaProximaCambiaAlCerrarOtraVentana) {
+  Tienda t;
+  auto* v = t.conManana();
+  EXPECT_FALSE(pieza(*v, u"HORARIO"_s));
+  t.fichero(u"NOCHE.AUT"_s, "N:nada\r\n");
+  t.fichero(u"HORARIO.CRO"_s, "22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,S\xED;NOCHE\r\n");
+  t.todas().abrir(u"VerTot"_s, v);
+  t.todas().descargar(u"VerTot"_s);
+  EXPECT_TRUE(esperar([&] { return pieza(*v, u"HORARIO"_s) != nullptr; }, 30'000));
 }
 
 // It is read again by itself when rows change; what is chosen stays.
 TEST(Principal, LaMananaSigueALaBase) {
-  Tienda t;
+  MesaPrincipal t;
   t.nocheMala();
   auto* v = t.conManana();
   auto* linea = pieza(*v, u"0002 PESCADERIA"_s);
@@ -71,8 +85,79 @@ TEST(Principal, LaMananaSigueALaBase) {
   EXPECT_EQ(v->focusWidget()->objectName(), u"Linea0"_s) << "the focus keeps its place";
 }
 
+// Amounts that stand in a column are of one period, reasons take one line, and what the machines
+// lack is told with where one sends it.
+TEST(Principal, LaMananaNoMezcla) {
+  MesaPrincipal t;
+  t.nocheMala();
+  const Fecha dia = t.reloj.ahora().dia();
+  t.sql(u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (8, 5, ?, ?, '')"_s,
+        dia - 0.9, dia - 0.1);
+  t.sql(u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON, [IMP]) VALUES (8, 2, 0, 1, 4321)"_s);
+  automation::Historial historial(*t.fondo->db, t.fondo->textos);
+  bien(historial.periodosHechos(1, {7, 8}));
+  t.sql(u"UPDATE ProcesoTareas SET HECHA=1"_s);
+  for (const char* porque : {"Uno.", "Dos.", "Tres."})
+    bien(historial.aviso(1, {2, QString::fromUtf8(porque), true}));
+  t.sql(u"DELETE FROM PLUSES"_s);
+  t.sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU) VALUES (1, 10, 'Pera')"_s);
+  for (const int g : {1, 2}) t.sql(u"INSERT INTO EnviosGrupo (GRUPO, SECCION) VALUES (?, 1)"_s, g);
+  t.sql(u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) VALUES (1, 11, 2, 0)"_s);
+  auto* v = t.conManana();
+  EXPECT_TRUE(pieza(*v, u"0001 FRUTERIA. 1.234,56"_s));
+  auto* otro = pieza(*v, u"0002 PESCADERIA. Uno."_s);
+  ASSERT_TRUE(otro);
+  EXPECT_TRUE(otro->accessibleName().contains(u"y 2 motivos más. Tiene 43,21 en del "))
+      << otro->accessibleName().toStdString();
+  EXPECT_TRUE(otro->toolTip().contains(u"Tres."));
+  EXPECT_TRUE(esperar([&] { return pieza(*v, u"sin ningún artículo"_s) != nullptr; }));
+  EXPECT_TRUE(pieza(*v, u"sin ningún artículo, porque se les borraron: 0001 FRUTERIA."_s));
+  EXPECT_TRUE(pieza(*v, u"no tienen al día: 0002 PESCADERIA: 1 artículo"_s));
+}
+
+// Each entry has a letter, none shared with what is seen beside it, and Tab reaches it.
+TEST(Principal, LasEntradasTienenLetra) {
+  QByteArray propias;
+  for (int i = 1; i <= 25; ++i)
+    propias += "Personal(" + QByteArray::number(i) + ")=Noche " + QByteArray::number(i) +
+               " & cierre|NOCHE\r\n";
+  MesaPrincipal t({u"VerTot"_s}, propias);
+  auto* v = t.principal();
+  auto* paneles = v->findChild<QStackedWidget*>(u"Paneles"_s);
+  for (int i = 0; i < paneles->count(); ++i) {
+    QSet<QKeySequence> letras;
+    auto entradas = paneles->widget(i)->findChildren<QToolButton*>();
+    for (const char16_t* n : {u"Salir", u"Minimizar"})
+      entradas << v->findChild<QToolButton*>(QString::fromUtf16(n));
+    for (const QToolButton* b : entradas) {
+      const auto letra = QKeySequence::mnemonic(b->text());
+      if (letra.isEmpty() && letras.size() > 15) continue;  // the alphabet has an end
+      EXPECT_FALSE(letra.isEmpty()) << b->text().toStdString();
+      EXPECT_FALSE(letras.contains(letra)) << b->text().toStdString();
+      EXPECT_TRUE(b->focusPolicy() & Qt::TabFocus) << b->text().toStdString();
+      letras << letra;
+    }
+  }
+  EXPECT_LT(v->minimumSizeHint().height(), 700) << "many entries of one's own are scrolled";
+  QTest::keyClick(v, Qt::Key_T, Qt::AltModifier);
+  EXPECT_TRUE(esperar([&] { return t.suplente(u"VerTot"_s) != nullptr; }));
+}
+
+// Where one was, one is again when another window has closed.
+TEST(Principal, ElFocoVuelveADondeEstaba) {
+  MesaPrincipal t;
+  auto* v = t.conManana();
+  auto* totales = v->findChild<QToolButton*>(u"Totales"_s);
+  totales->setFocus();
+  auto* hija = t.todas().abrir(u"PortalCnf"_s, v);
+  ASSERT_TRUE(hija && QTest::qWaitForWindowActive(hija));
+  hija->descargar();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  EXPECT_EQ(v->focusWidget(), totales);
+}
+
 TEST(Principal, SinNingunaNocheDiceQueHacer) {
-  Tienda t(QStringList{});
+  MesaPrincipal t(QStringList{});
   auto* v = t.conManana();
   EXPECT_TRUE(pieza(*v, u"Todavía no ha habido ninguna noche"_s));
   auto* totales = v->findChild<QToolButton*>(u"Totales"_s);
@@ -83,7 +168,7 @@ TEST(Principal, SinNingunaNocheDiceQueHacer) {
 }
 
 TEST(Principal, PanelesYSalida) {
-  Tienda t;
+  MesaPrincipal t;
   auto* v = t.principal();
   auto* paneles = v->findChild<QStackedWidget*>(u"Paneles"_s);
   auto* salir = v->findChild<QToolButton*>(u"Salir"_s);
@@ -133,7 +218,7 @@ TEST(Principal, PanelesYSalida) {
 
 // A key never leaves a collection behind unasked, and the safe answer is the first.
 TEST(Principal, EscapePreguntaPorLaBandeja) {
-  Tienda t;
+  MesaPrincipal t;
   auto* v = t.principal();
   bien(totals::EstadoBase(*t.fondo->db).poner(u"SesionAbier"_s, 2));
   bien(t.aplicacion.sesion().cargar());
@@ -160,14 +245,15 @@ TEST(Principal, EscapePreguntaPorLaBandeja) {
 // The board says what is wrong with the start itself before anything else.
 TEST(Principal, LaMananaDiceLoQueFallaAlEmpezar) {
   const QTemporaryDir otra;
-  Tienda t({}, "TimeACK= 0\r\nBaseDatos= " + QFile::encodeName(otra.filePath(u"X.MDB"_s)) + "\r\n");
+  MesaPrincipal t(
+      {}, "TimeACK= 0\r\nBaseDatos= " + QFile::encodeName(otra.filePath(u"X.MDB"_s)) + "\r\n");
   auto* v = t.conManana();
   EXPECT_TRUE(pieza(*v, u"Los datos están fuera de la carpeta"_s));
   EXPECT_TRUE(pieza(*v, u"«TimeACK= 0»; vale 2000"_s));
 }
 
 TEST(Principal, NoSeCierraMientrasTransfiere) {
-  Tienda t;
+  MesaPrincipal t;
   auto* v = t.principal();
   t.todas().abrir(u"VerTot"_s);
   QTest::mouseClick(v->findChild<QToolButton*>(u"EnviarRecibir"_s), Qt::LeftButton);
@@ -189,15 +275,14 @@ TEST(Principal, NoSeCierraMientrasTransfiere) {
 
 // The engine works on after its closed window: it is asked, and what waits is named.
 TEST(Principal, PreguntaAlMotorQueSigueSinSuVentana) {
-  Tienda t;
+  MesaPrincipal t;
   QTcpServer muda;
   ASSERT_TRUE(muda.listen(QHostAddress::LocalHost));
   t.fondo->ajustes.de<enlace::AjustesCables>().canales[0].Device = TipoAcceso::TcpIp;
   auto& motor = t.aplicacion.gestcomm();
   motor.cambiaronCanales();
-  t.sql(
-      u"INSERT INTO GRUPOS (CODGPO, NOMGPO, SECCION, TIPO, ADDR, remoto, TELEF) VALUES (71, 'G', 1, 1, 1, 3, ?)"_s,
-      u"127.0.0.1:%1"_s.arg(muda.serverPort()));
+  t.grupo(
+      {.codigo = 71, .remoto = 3, .acceso = u"127.0.0.1:%1"_s.arg(muda.serverPort()), .addr = 1});
   auto* v = t.principal();
   ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, TipoTarea::RxGrTot), 0);
   ASSERT_TRUE(esperar([&] { return !motor.puedeCerrar(); }));
@@ -242,7 +327,7 @@ TEST(Principal, EsperaALasCapturas) {
     }
     int pedidas = 0;
   };
-  Tienda t;
+  MesaPrincipal t;
   t.todas().registrar(u"OnLine"_s,
                       [](Contexto& c, const QString& n) { return new Receptora(c, n); });
   auto* v = t.principal();

@@ -1,7 +1,7 @@
 // Jobs on periods that a person may want back, and the viewer by operator and hour.
 #include <QToolButton>
 
-#include "Trastienda.h"
+#include "MesaDeTotales.h"
 #include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::prueba {
@@ -15,7 +15,7 @@ const QString kFilas =
 const QString kStock =
     u"select c.LINK, c.stkADO, (select coalesce(sum(Venta), 0) from MovsAlm) from COLUMNA as c order by c.LINK"_s;
 
-struct Lista : Trastienda {
+struct Lista : MesaDeTotales {
   ventanas::Ventana* abrirLista() {
     auto* v = abrir(u"VerTot"_s);
     grid = &lista(v);
@@ -57,6 +57,26 @@ TEST(VentanaAcciones, VaciaBorraYDeshaceLosDos) {
   t.tecla(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_TRUE(esperar([&] { return t.leer(kFilas) == antes; }));
   EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
+}
+
+// What is brought back is chosen, in the list of its kind.
+TEST(VentanaAcciones, LoQueVuelveQuedaElegido) {
+  Lista t;
+  const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018");
+  t.dia("06/06/2018");
+  auto* v = t.abrirLista();
+  t.grid->elegir({lunes, martes}, false);
+  t.aceptarY(Qt::Key_Delete);
+  ASSERT_TRUE(esperar([&] { return t.grid->filas() == 1; }));
+  auto* tipos = v->findChild<QComboBox*>(u"ListaTpos"_s);
+  tipos->setCurrentIndex(tipos->findData(kMensual));
+  Q_EMIT tipos->activated(tipos->currentIndex());
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  ASSERT_TRUE(esperar([&] { return t.grid->filas() == 3; }));
+  std::vector<qint64> elegidos;
+  for (const int fila : t.grid->filasElegidas()) elegidos.push_back(t.grid->clave(fila));
+  std::ranges::sort(elegidos);
+  EXPECT_EQ(elegidos, (std::vector{lunes, martes}));
 }
 
 TEST(VentanaAcciones, BorrarSeNiegaConCancelar) {
@@ -121,14 +141,18 @@ TEST(VentanaAcciones, LoQueYaNoEstaNoSeDeshaceYSeDice) {
 TEST(VentanaAcciones, OperadorYHora) {
   Lista t;
   const qint64 lunes = t.dia("04/06/2018");
-  t.sql(u"insert into OPERS (CODOPE, NOMOPE) values (6, 'Luis')"_s);
+  t.operador(6, u"Luis");
   for (const int g : {1, 2})
     for (const int oper : {5, 6})
       for (int h = 9; h < 12; ++h)
-        t.sql(
-            u"insert into TOTOPHOR (LINK, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) values (?, ?, "
-            u"?, ?, 2, 1500, ?, 0)"_s,
-            lunes, g, oper, h, 100 * oper);
+        t.total(u"TOTOPHOR", {.link = lunes,
+                              .grupo = g,
+                              .codi = oper,
+                              .con = 2,
+                              .pes = 1500,
+                              .imp = 100 * oper,
+                              .sco = 0,
+                              .hora = h});
   auto* v = t.abrirLista();
   auto* menu = v->findChild<QMenu*>(u"MnuVer"_s);
   menu->actions().back()->trigger();

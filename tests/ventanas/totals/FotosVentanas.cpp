@@ -1,5 +1,5 @@
 // Every window can be read, full and empty, in both faces, both sizes and all font scales.
-#include "Trastienda.h"
+#include "MesaDeTotales.h"
 #include "capturas/Capturas.h"
 
 namespace tarvo::prueba {
@@ -7,7 +7,7 @@ namespace tarvo::prueba {
 namespace {
 
 // Where the pictures go: TARVO_FOTOS keeps them.
-QString carpetaFotos(const Trastienda& t) {
+QString carpetaFotos(const MesaDeTotales& t) {
   const QString fija = qEnvironmentVariable("TARVO_FOTOS");
   return fija.isEmpty() ? t.ruta(u"fotos"_s) : fija;
 }
@@ -16,7 +16,7 @@ QString carpetaFotos(const Trastienda& t) {
 
 TEST(FotosVentanas, SeLeenLlenasYVacias) {
   for (const bool llena : {false, true}) {
-    Trastienda t;
+    MesaDeTotales t;
     if (llena)
       for (int d = 1; d <= 28; ++d) t.dia(u"%1/06/2018"_s.arg(d, 2, 10, QChar(u'0')).toUtf8(), d);
     QStringList faltas = capturas::capturar(

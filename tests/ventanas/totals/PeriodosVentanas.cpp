@@ -4,9 +4,10 @@
 #include <QGraphicsView>
 #include <QScrollBar>
 
-#include "Trastienda.h"
+#include "MesaDeTotales.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
+#include "totals/ventanas/Grafica.h"
 #include "totals/ventanas/Puertas.h"
 
 namespace tarvo::prueba {
@@ -14,7 +15,7 @@ namespace tarvo::prueba {
 using namespace totals;
 
 TEST(VentanaPeriodos, BorraDosYLosRecuperaIguales) {
-  Trastienda t;
+  MesaDeTotales t;
   t.dia("04/06/2018");
   const qint64 martes = t.dia("05/06/2018");
   bien(t.periodos.AcumularPeriodo(kSemanal, *bien(t.periodos.columna(martes))));
@@ -47,7 +48,7 @@ TEST(VentanaPeriodos, BorraDosYLosRecuperaIguales) {
 // The first Escape of who sees that it was a slip must not close the window, which would forget
 // what was deleted.
 TEST(VentanaPeriodos, EscapeParaElBorradoYLoBorradoSeRecupera) {
-  Trastienda t;
+  MesaDeTotales t;
   for (int i = 1; i <= 9; ++i) t.dia(qPrintable(u"0%1/06/2018"_s.arg(i)));
   auto* v = t.abrir(u"VerTot"_s);
   auto& grid = t.lista(v);
@@ -67,7 +68,7 @@ TEST(VentanaPeriodos, EscapeParaElBorradoYLoBorradoSeRecupera) {
 }
 
 TEST(VentanaPeriodos, AlCerrarNoQuedaNadaQueRecuperar) {
-  Trastienda t;
+  MesaDeTotales t;
   t.dia("04/06/2018");
   auto* v = t.abrir(u"VerTot"_s);
   t.responder(u"Acepto"_s);
@@ -79,7 +80,7 @@ TEST(VentanaPeriodos, AlCerrarNoQuedaNadaQueRecuperar) {
 }
 
 TEST(VentanaPeriodos, SumaDosDiasEnUnoNuevo) {
-  Trastienda t;
+  MesaDeTotales t;
   const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018", 2);
   auto* v = t.abrir(u"VerTot"_s);
   auto& grid = t.lista(v);
@@ -102,7 +103,7 @@ TEST(VentanaPeriodos, SumaDosDiasEnUnoNuevo) {
 
 // One period is its own sum; a day and the week that has it are two, and are not added unasked.
 TEST(VentanaPeriodos, DiceLoQueUnaSumaContariaDosVeces) {
-  Trastienda t;
+  MesaDeTotales t;
   const qint64 lunes = t.dia("04/06/2018");
   bien(t.periodos.AcumularPeriodo(2, *bien(t.periodos.columna(lunes))));
   auto* v = t.abrir(u"VerTot"_s);
@@ -124,7 +125,7 @@ TEST(VentanaPeriodos, DiceLoQueUnaSumaContariaDosVeces) {
 }
 
 TEST(VentanaPeriodos, AcumulaYAvisaDeLoRepetido) {
-  Trastienda t;
+  MesaDeTotales t;
   t.dia("04/06/2018");
   auto* v = t.abrir(u"VerTot"_s);
   auto* semanal = v->findChild<QMenu*>(u"MnuAcu"_s)->actions().front();
@@ -138,13 +139,13 @@ TEST(VentanaPeriodos, AcumulaYAvisaDeLoRepetido) {
 }
 
 TEST(VentanaPeriodos, ExportaYVuelveAImportar) {
-  Trastienda t;
+  MesaDeTotales t;
   t.ajustes.HomeDir = t.carpeta.path();
   const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018", 2);
   const QString suma =
       u"select FECHA1, sum([IMP]), count(*) from TOTPLU, COLUMNA where TOTPLU.LINK=COLUMNA.LINK group by FECHA1 order by FECHA1"_s;
   const QString antes = t.leer(suma);
-  auto* x = t.abrir(u"XporTot"_s, {{u"links"_s, QVariantList{lunes, martes}}});
+  auto* x = t.abrir(PuertaXporTot{{lunes, martes}});
   x->findChild<QComboBox*>(u"destino"_s)->setCurrentText(u"VENTAS"_s);
   x->findChild<QAbstractButton*>(u"borrar"_s)->click();
   QTest::mouseClick(x->findChild<QPushButton*>(u"TodosOK"_s), Qt::LeftButton);
@@ -163,7 +164,7 @@ TEST(VentanaPeriodos, ExportaYVuelveAImportar) {
 }
 
 TEST(VentanaPeriodos, UnFicheroMaloSeDiceConSuLinea) {
-  Trastienda t;
+  MesaDeTotales t;
   t.ajustes.HomeDir = t.carpeta.path();
   QFile f(t.ruta(u"MALO.EXP"_s));
   ASSERT_TRUE(f.open(QIODevice::WriteOnly));
@@ -187,7 +188,7 @@ TEST(VentanaPeriodos, UnFicheroMaloSeDiceConSuLinea) {
 }
 
 TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
-  Trastienda t;
+  MesaDeTotales t;
   auto* v = t.abrir(totals::PuertaEditIntv{});
   const auto campo = [v](const char16_t* n) {
     return v->findChild<QLineEdit*>(QString::fromUtf16(n));
@@ -227,7 +228,7 @@ TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
 
 // Numbers that were written and not added are meant: "Salvar" takes them, or says why it can't.
 TEST(VentanaPeriodos, SalvarTomaLoEscritoAMano) {
-  Trastienda t;
+  MesaDeTotales t;
   auto* v = t.abrir(totals::PuertaEditIntv{});
   const auto campo = [v](const char16_t* n) {
     return v->findChild<QLineEdit*>(QString::fromUtf16(n));
@@ -248,10 +249,28 @@ TEST(VentanaPeriodos, SalvarTomaLoEscritoAMano) {
   EXPECT_EQ(t.leer(u"select CON, [IMP] from TOTGRT"_s), u"1 175");
 }
 
+// A slip of the fingers is asked about, and nothing is made of it.
+TEST(VentanaPeriodos, UnAnoLejanoSePregunta) {
+  MesaDeTotales t;
+  auto* v = t.abrir(totals::PuertaEditIntv{});
+  auto* salvar = v->findChild<QPushButton*>(u"SalvBoton"_s);
+  for (const auto& fecha : {u"04/06/1500"_s, u"04/06/9999"_s}) {
+    v->findChild<QLineEdit*>(u"Fecha1"_s)->setText(fecha);
+    t.alAbrirse([](QWidget* w) { QTest::keyClick(w, Qt::Key_Return); });
+    QTest::mouseClick(salvar, Qt::LeftButton);
+    EXPECT_TRUE(t.textoModal.contains(fecha)) << t.textoModal.toStdString();
+    EXPECT_TRUE(v->isVisible());
+    EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 0);
+  }
+  t.responder(u"Acepto"_s);
+  QTest::mouseClick(salvar, Qt::LeftButton);
+  EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 1);
+}
+
 // The form shows the dates that the period has, of each kind, and leaves them when nothing is
 // typed.
 TEST(VentanaPeriodos, ModificarEmpiezaPorLoQueHay) {
-  Trastienda t;
+  MesaDeTotales t;
   const QString fechas = u"select TIPO, FECHA1, FECHAF from COLUMNA order by LINK"_s;
   std::vector<qint64> links;
   for (int tipo = kDiario; tipo <= kOtros; ++tipo)
@@ -270,7 +289,7 @@ TEST(VentanaPeriodos, ModificarEmpiezaPorLoQueHay) {
 
 // On the smallest screen nobody scrolls sideways, whatever kind is listed.
 TEST(VentanaPeriodos, LasColumnasCabenEnLaPantallaMenor) {
-  Trastienda t;
+  MesaDeTotales t;
   for (int tipo = kDiario; tipo <= kOtros; ++tipo)
     bien(t.periodos.CrearPeriodo(tipo, momento("24/09/2018 09:30:00"),
                                  momento("25/09/2018 10:00:00"), true, u"Vendimia"_s));
@@ -286,7 +305,7 @@ TEST(VentanaPeriodos, LasColumnasCabenEnLaPantallaMenor) {
 }
 
 TEST(VentanaPeriodos, LaFechaSeEscogeEnUnCalendario) {
-  Trastienda t;
+  MesaDeTotales t;
   const struct {
     int tipo;
     const char *escrita, *escogida;
@@ -305,14 +324,15 @@ TEST(VentanaPeriodos, LaFechaSeEscogeEnUnCalendario) {
     EXPECT_EQ(fecha->text(), QString::fromLatin1(c.escogida));
     EXPECT_TRUE(v->findChild<QLabel*>(u"limites"_s)->text().contains(fecha->text().left(10)));
     EXPECT_TRUE(v->isVisible()) << "that Return was the calendar's";
+    t.responder(u"Acepto"_s);  // abandons it
     v->descargar();
   }
 }
 
 TEST(VentanaVisor, FiltraYLaGraficaSigue) {
-  Trastienda t;
+  MesaDeTotales t;
   const qint64 lunes = t.dia("04/06/2018");
-  auto* v = t.abrir(u"VerCols#1"_s, {{u"link"_s, lunes}, {u"clase"_s, kPLUs}});
+  auto* v = t.abrir(PuertaVerCols{.link = lunes, .clase = kPLUs});
   auto& grid = t.lista(v);
   EXPECT_EQ(grid.filas(), 60);
   auto* grafica = v->findChild<QWidget*>(u"grafica"_s);
@@ -332,20 +352,19 @@ TEST(VentanaVisor, FiltraYLaGraficaSigue) {
   QTest::keyClick(v, Qt::Key_G, Qt::ControlModifier);
   EXPECT_FALSE(grafica->isVisible());
   v->descargar();
-  EXPECT_FALSE(t.abrir(u"VerCols#1"_s, {{u"link"_s, lunes}})
-                   ->findChild<QWidget*>(u"grafica"_s)
-                   ->isVisible());
+  EXPECT_FALSE(
+      t.abrir(PuertaVerCols{.link = lunes})->findChild<QWidget*>(u"grafica"_s)->isVisible());
 }
 
 // Names as they are, at any size of letters; below upright bars those that don't touch.
 TEST(VentanaVisor, LaGraficaNoCortaSusNombres) {
   for (const double escala : {1.0, 1.5}) {
-    Trastienda t;
+    MesaDeTotales t;
     t.escritorio.tema().setEscala(escala);
     const qint64 lunes = t.dia("04/06/2018");
     t.sql(u"update GRUPOS set NOMGPO='FRUTERIA MOSTRADOR ' & CODGPO"_s);
     const auto nombres = [&](int clase) {
-      auto* v = t.abrir(u"VerCols#1"_s, {{u"link"_s, lunes}, {u"clase"_s, clase}});
+      auto* v = t.abrir(PuertaVerCols{.link = lunes, .clase = clase});
       v->resize(1366, 700);
       const auto* vista = v->findChild<QGraphicsView*>();
       QStringList vistos;
@@ -371,9 +390,9 @@ TEST(VentanaVisor, LaGraficaNoCortaSusNombres) {
 }
 
 TEST(VentanaVisor, UnCodigoEnElTiempo) {
-  Trastienda t;
+  MesaDeTotales t;
   for (const char* d : {"04/06/2018", "05/06/2018", "06/06/2018"}) t.dia(d);
-  auto* v = t.abrir(u"VerFils"_s, {{u"clase"_s, kPLUs}, {u"seccion"_s, 3}, {u"codigo"_s, 7}});
+  auto* v = t.abrir(PuertaVerFils{.clase = kPLUs, .seccion = 3, .codigo = 7});
   auto& grid = t.lista(v);
   ASSERT_EQ(grid.filas(), 3);
   EXPECT_EQ(grid.texto(0, u"COLUMNA.FECHA1"), u"6 junio 2018");
@@ -382,6 +401,19 @@ TEST(VentanaVisor, UnCodigoEnElTiempo) {
   grupos->setCurrentIndex(1);
   Q_EMIT grupos->activated(1);
   EXPECT_EQ(grid.texto(0, u"t.IMP"), u"7,00");
+}
+
+// A line of one point would be a dot.
+TEST(VentanaVisor, UnSoloDiaEsUnaBarra) {
+  for (const int dias : {1, 2}) {
+    MesaDeTotales t;
+    for (int d = 0; d < dias; ++d) t.dia(d == 0 ? "04/06/2018" : "05/06/2018");
+    auto* v = t.abrir(u"VerFils"_s, {{u"clase"_s, kPLUs}, {u"seccion"_s, 3}, {u"codigo"_s, 7}});
+    auto* grafica = v->findChild<Grafica*>();
+    ASSERT_TRUE(esperar([&] { return grafica->puntos() > 0; }));
+    EXPECT_EQ(grafica->puntos(), dias);
+    EXPECT_EQ(grafica->esLinea(), dias > 1);
+  }
 }
 
 }  // namespace tarvo::prueba

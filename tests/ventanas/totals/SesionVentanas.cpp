@@ -1,7 +1,7 @@
 // Jobs on the tray: memorising with a choice of periods, forgetting and taking back.
 #include <QListWidget>
 
-#include "Trastienda.h"
+#include "MesaDeTotales.h"
 #include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::prueba {
@@ -11,8 +11,8 @@ using namespace totals;
 namespace {
 
 // One group's reading, with its own span of sales.
-void recibir(Trastienda& t, int grupo, const char* desde, const char* hasta) {
-  t.sql(u"insert into Sesiones (CODGPO, PZERO) values (?, ?)"_s, grupo, momento(desde));
+void recibir(MesaDeTotales& t, int grupo, const char* desde, const char* hasta) {
+  t.fila(u"Sesiones", {{u"CODGPO", grupo}, {u"PZERO", momento(desde)}});
   std::vector<Aviso> avisos;
   Lectura l;
   l.maquinas[0][{grupo, 0}] = {3, 1000, 1500, 0};
@@ -22,7 +22,7 @@ void recibir(Trastienda& t, int grupo, const char* desde, const char* hasta) {
         grupo);
 }
 
-void recibirDosDias(Trastienda& t) {
+void recibirDosDias(MesaDeTotales& t) {
   recibir(t, 1, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
   recibir(t, 2, "04/06/2018 21:00:00", "05/06/2018 21:30:00");
 }
@@ -30,7 +30,7 @@ void recibirDosDias(Trastienda& t) {
 }  // namespace
 
 TEST(VentanaSesion, MemorizaEnElPeriodoQueSeElige) {
-  Trastienda t;
+  MesaDeTotales t;
   recibirDosDias(t);
   auto* v = t.abrir(u"CerrSes"_s);
   auto* periodo = v->findChild<QLabel*>(u"lbPerio"_s);
@@ -47,8 +47,66 @@ TEST(VentanaSesion, MemorizaEnElPeriodoQueSeElige) {
   EXPECT_EQ(t.sesion.estado(), 0);
 }
 
+// Before one memorises: how much it is, and whose sales will be missing.
+TEST(VentanaSesion, DiceCuantoYQuienFalta) {
+  MesaDeTotales t;
+  t.sql(u"update GRUPOS set REMOTO=3"_s);
+  recibir(t, 2, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
+  auto* v = t.abrir(u"CerrSes"_s);
+  auto* faltan = v->findChild<QLabel*>(u"faltan"_s);
+  EXPECT_TRUE(
+      v->findChild<QLabel*>(u"resumen"_s)->text().startsWith(u"Recibidos de 1 grupo. Son 15,00"))
+      << v->findChild<QLabel*>(u"resumen"_s)->text().toStdString();
+  EXPECT_TRUE(faltan->isVisible());
+  EXPECT_TRUE(faltan->text().contains(u"0001 Mostrador 1"));
+  EXPECT_FALSE(faltan->text().contains(u"Mostrador 2"));
+  recibir(t, 1, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
+  t.abrir(u"CerrSes"_s);
+  EXPECT_FALSE(faltan->isVisible());
+}
+
+// Two machines are read one after the other. In the middle of the day their spans are no calendar
+// day; those of one round are one period, those of two are two.
+TEST(VentanaSesion, UnaRondaEsUnPeriodo) {
+  static constexpr struct {
+    const char *desde, *hasta;
+    int periodos;
+  } kSegunda[] = {{"03/06/2018 21:00:01", "04/06/2018 12:00:01", 1},
+                  {"03/06/2018 20:40:00", "04/06/2018 12:50:00", 1},
+                  {"03/06/2018 21:00:01", "04/06/2018 14:30:00", 2}};
+  for (const auto& c : kSegunda) {
+    MesaDeTotales t;
+    recibir(t, 1, "03/06/2018 21:00:00", "04/06/2018 12:00:00");
+    recibir(t, 2, c.desde, c.hasta);
+    CerrSes motor(t.sesion, t.periodos);
+    std::vector<Aviso> avisos;
+    bien(motor.AnalizarScratch(avisos));
+    ASSERT_EQ(motor.propuestos().size(), static_cast<size_t>(c.periodos)) << c.hasta;
+    if (c.periodos > 1) continue;
+    const Periodo& p = motor.propuestos()[0].periodo;
+    EXPECT_EQ(p.hasta, momento(c.hasta)) << "it holds both";
+    EXPECT_EQ(p.desde, std::min(momento(c.desde), momento("03/06/2018 21:00:00")));
+  }
+}
+
+// What comes while the window is open isn't memorised before its number has been seen.
+TEST(VentanaSesion, LoQueLlegaMientrasTantoSeVeAntes) {
+  MesaDeTotales t;
+  recibir(t, 1, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
+  auto* v = t.abrir(u"CerrSes"_s);
+  auto* resumen = v->findChild<QLabel*>(u"resumen"_s);
+  EXPECT_TRUE(resumen->text().contains(u"1 grupo"));
+  recibir(t, 2, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
+  auto* guardar = v->findChild<QPushButton*>(u"Guardar"_s);
+  QTest::mouseClick(guardar, Qt::LeftButton);
+  EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 0);
+  EXPECT_TRUE(resumen->text().contains(u"2 grupos")) << resumen->text().toStdString();
+  QTest::mouseClick(guardar, Qt::LeftButton);
+  EXPECT_EQ(t.leer(u"select count(distinct GRUPO) from TOTGRT where LINK>0"_s), u"2");
+}
+
 TEST(VentanaSesion, CadaUnoASuPeriodo) {
-  Trastienda t;
+  MesaDeTotales t;
   recibirDosDias(t);
   auto* v = t.abrir(u"CerrSes"_s);
   t.alAbrirse([](QWidget* w) {
@@ -63,14 +121,17 @@ TEST(VentanaSesion, CadaUnoASuPeriodo) {
 // A machine in doubt: what each answer means is shown, nothing happens by Return alone, and the
 // answer lets the reading that waits into the books.
 TEST(VentanaSesion, UnaDudaSeRespondePorSuNombre) {
-  Trastienda t;
+  MesaDeTotales t;
   recibir(t, 1, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
   t.sql(u"update Sesiones set SS_GRT=false"_s);
   t.sql(u"update Lecturas set ESTADO=4"_s);
   bien(t.sesion.ponerEstado(0));
-  t.sql(
-      u"insert into Dudas (GRUPO, ADDR, CLASES, DESDE, IMP_SI, IMP_NO) values (1, 0, '17', ?, 1500, 300)"_s,
-      momento("03/06/2018 21:00:00"));
+  t.fila(u"Dudas", {{u"GRUPO", 1},
+                    {u"ADDR", 0},
+                    {u"CLASES", u"17"},
+                    {u"DESDE", momento("03/06/2018 21:00:00")},
+                    {u"IMP_SI", 1500},
+                    {u"IMP_NO", 300}});
   auto* v = t.abrir(u"DudasCero"_s);
   auto* lista = v->findChild<ventanas::Parrilla*>(u"Lista"_s);
   ASSERT_EQ(lista->filas(), 1);
@@ -87,7 +148,7 @@ TEST(VentanaSesion, UnaDudaSeRespondePorSuNombre) {
 }
 
 TEST(VentanaSesion, OlvidaYRecupera) {
-  Trastienda t;
+  MesaDeTotales t;
   recibirDosDias(t);
   auto* v = t.abrir(u"CerrSes"_s);
   t.alAbrirse([](QWidget* w) { QTest::keyClick(w->focusWidget(), Qt::Key_Return); });
@@ -104,7 +165,7 @@ TEST(VentanaSesion, OlvidaYRecupera) {
 }
 
 TEST(VentanaSesion, BandejaVacia) {
-  Trastienda t;
+  MesaDeTotales t;
   auto* v = t.abrir(u"CerrSes"_s);
   for (const char16_t* b : {u"Guardar", u"Olvidar", u"detalles"})
     EXPECT_FALSE(v->findChild<QPushButton*>(QString::fromUtf16(b))->isEnabled());

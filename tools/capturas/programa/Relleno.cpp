@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 
+#include "articles/importar/ventanas/Puertas.h"
 #include "automation/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventanas.h"
 #include "totals/ventanas/Puertas.h"
@@ -39,7 +40,7 @@ Resultado<> escribir(const QString& ruta, const QByteArray& bytes) {
   return fallo(Fallo::SinPermiso, ruta + u": "_s + f.errorString());
 }
 
-// The event loop until it holds.
+// Runs the event loop until it holds.
 template <class F>
 bool esperar(F hecho) {
   QElapsedTimer t;
@@ -71,7 +72,7 @@ Resultado<> llenarBandeja(app::Fondo& fondo, app::Aplicacion& aplicacion, Fecha 
     TARVO_INTENTAR(aplicacion.cerrSes().AnalizarScratch(avisos));
     TARVO_INTENTAR(aplicacion.cerrSes().LaSesion(true, 0, avisos));
   }
-  const Fecha dia = hoy.dia() + 1;  // behind whatever was zeroed until now
+  const Fecha dia = hoy.dia() + 1;  // after everything zeroed so far
   for (const int grupo : {1, 2, 3, 4, 5, 6})
     TARVO_INTENTAR(recibir(fondo, aplicacion.sesion(), grupo, dia + (grupo > 4 ? 1 : 0)));
   return {};
@@ -105,7 +106,8 @@ Resultado<std::map<QString, ventanas::Argumentos>> argumentosLlenos(ventanas::Ve
   TARVO_INTENTAR(c.AnalizarScratch(avisos));
   ventanas.setMuestra(PuertaFormDetalles{{c.recibidos(), c.propuestos(), c.OverWr, c.elegido()}});
   ventanas.setMuestra(automation::PuertaEdiCron{horario});
-  return std::map<QString, tarvo::ventanas::Argumentos>{{u"ImpTabla"_s, {{u"fichero"_s, tarifa}}}};
+  ventanas.setMuestra(importar::PuertaImpTabla{.fichero = tarifa});
+  return std::map<QString, tarvo::ventanas::Argumentos>{};
 }
 
 }  // namespace tarvo::capturas

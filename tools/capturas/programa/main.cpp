@@ -1,5 +1,5 @@
 // tarvo-capturas CARPETA SALIDA MARCA [VENTANA...]: pictures of the windows of a shop's folder.
-// Ends with 1 when something is cut, with each fault in a line.
+// Ends with 1 if anything is cut, with a line for each fault.
 #include <QApplication>
 
 #include "app/Consola.h"

@@ -139,7 +139,7 @@ Resultado<Puestos> leerPuestos(sqlite3* base) {
   return puestos;
 }
 
-// The articles of a section that this kind of machine can hold.
+// The articles of a section that fit this kind of machine.
 Catalogo cargables(const Catalogo& seccion, Tipo tipo) {
   const Maximos limite = maximos(tipo);
   Catalogo catalogo;
@@ -149,8 +149,8 @@ Catalogo cargables(const Catalogo& seccion, Tipo tipo) {
   return catalogo;
 }
 
-// Registers also sell what the back-office has never heard of: codes below and above all of the
-// shop's own.
+// Registers also sell articles unknown to the back-office: codes below and above all of the shop's
+// own.
 void ponerDesconocidos(Catalogo& catalogo) {
   for (const auto& [codigo, barras] :
        {std::pair{9000001, "0000000000017"}, {9000002, "9999999999994"}}) {

@@ -9,12 +9,12 @@
 namespace tarvo::simulador {
 
 struct GrupoTienda {
-  int puerto = 0;  // of the access text, when the group is reached by TCP/IP; else 0
+  int puerto = 0;  // of the access text, if the group is reached by TCP/IP; else 0
   std::vector<PlanMaquina> maquinas;  // one, or one for each register
 };
 
-// By group code. A file that is missing or no database of ours is an error with the store's own
-// words.
+// By group code. A missing file, or one that is no database of the program, is an error with the
+// store's own message.
 Resultado<std::map<int, GrupoTienda>> leerTienda(const QString& ruta);
 
 }  // namespace tarvo::simulador

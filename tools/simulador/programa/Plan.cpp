@@ -46,7 +46,7 @@ Resultado<> leerMemoria(const QJsonObject& json, PlanMaquina& plan) {
   return {};
 }
 
-// What a machine written out and a group of the database have in common.
+// The common part of a listed machine and a group of the database.
 Resultado<> leerComun(const QJsonObject& json, PlanMaquina& plan) {
   TARVO_TOMAR(auto fallos, fallosDeJson(json.value(QLatin1String("fallos")).toObject()));
   OpcionesMaquina& opciones = plan.opciones;

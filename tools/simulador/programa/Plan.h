@@ -1,4 +1,4 @@
-// What the program is told to be: machines, how each is reached, and what has been sold on them.
+// The configuration of the program: machines, their transports and their sales.
 //
 //   { "semilla": 7, "estado": "FILE", "baseDatos": "TARVO.MDB",
 //     "dia": { "fecha": "18/05/2026", "ventas": 200, "devoluciones": 0.02, "descuentos": 0.08 },
@@ -9,11 +9,11 @@
 //                     "inventarios": [], "fallos": {} } ],
 //     "grupos": [ { "grupo": 1, "tcp": 4101, "fallos": {} } ] }
 //
-// "maquinas" are written out; "grupos" are read from the database, all that are reached by TCP/IP
-// when the list is missing, on the port of their access text when none is given. A transport is
-// "tcp": port (with "abreTrasMs"), "pty": link name, or "modem": link name with "llamadas":
-// [results in turn] and "numeros": { "number": result }. Machines that name the same transport
-// share one wire. "ritmoMs" sells the day a sale at a time instead of at once.
+// "maquinas" are listed in full; "grupos" are read from the database: without the list, all those
+// reached by TCP/IP; without a port, that of their access text. A transport is "tcp": port (with
+// "abreTrasMs"), "pty": link name, or "modem": link name with "llamadas": [results in turn] and
+// "numeros": { "number": result }. Machines with the same transport share a wire. "ritmoMs" sells
+// the day a sale at a time instead of at once.
 #pragma once
 
 #include <QJsonObject>
@@ -49,13 +49,13 @@ struct PlanMaquina {
 struct Plan {
   quint64 semilla = 1;
   QString estado;
-  std::optional<Dia> dia;  // nothing: only listed sales
+  std::optional<Dia> dia;  // without it, only listed sales
   int ritmoMs = 0;
   std::vector<PlanMaquina> maquinas;
 };
 
-// Relative paths are taken from `carpeta`. A `baseDatos` that isn't empty takes the place of the
-// one in the file.
+// Relative paths are taken from `carpeta`. A `baseDatos` that isn't empty replaces the one in the
+// file.
 Resultado<Plan> leerPlan(const QJsonObject& json, const QString& carpeta, const QString& baseDatos,
                          QDate hoy);
 

@@ -110,7 +110,7 @@ void Programa::venderOtroDia() {
     dia.fecha = primero.addDays(puesta.dias);
     const quint64 semilla =
         puesta.plan.opciones.semilla + 7919ULL * static_cast<quint64>(puesta.dias);
-    // The day has its own orders and inventories too, told from those before by a gram.
+    // The day also has its own orders and inventories, which differ from earlier ones by a gram.
     for (auto [cual, lineas] : {std::pair{Lista::Pedidos, puesta.plan.pedidos},
                                 std::pair{Lista::Inventarios, puesta.plan.inventarios}})
       for (LineaLista& linea : lineas) {

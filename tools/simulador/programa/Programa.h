@@ -1,5 +1,5 @@
-// The running simulator: makes the machines of a plan, sells their day, opens their transports and
-// keeps the state file. One thread, on Qt's event loop.
+// The running simulator: creates the machines of a plan, sells their day, opens their transports
+// and keeps the state file. One thread, on Qt's event loop.
 #pragma once
 
 #include <QTimer>
@@ -15,13 +15,12 @@ class Programa {
  public:
   Programa(Plan plan, Reloj& reloj);
   ~Programa();
-  // Takes the machines back to the last state file, when there is one, and sells the first day of
-  // those without.
+  // Restores the machines from the last state file, if any, and sells the first day of the others.
   Resultado<> preparar();
-  // Opens all transports; those that open later than now don't count as a failure.
+  // Opens all transports; those configured to open later don't count as failures.
   Resultado<> escuchar();
-  // One more day for each machine, drawn by the seed and the number of the day, with the orders and
-  // inventories of the plan, each line a gram heavier a day.
+  // One more day for each machine, drawn from the seed and the number of the day, with the orders
+  // and inventories of the plan, each line a gram heavier with each day.
   void venderOtroDia();
   // Writes the state file beside its target and renames it. Without a file name it does nothing.
   bool guardar();
@@ -41,7 +40,7 @@ class Programa {
   Resultado<> restaurar(const QByteArray& estado);
   void estrenar(Puesta& puesta);
   void vender(Puesta& puesta, const std::vector<Venta>& ventas);
-  void tocar();  // something changed: the state file is written soon
+  void tocar();  // after a change: the state file is written soon
   void venderUna();
   Cable& cableDe(const Transporte& transporte);
   Resultado<> abrir(Linea& linea);

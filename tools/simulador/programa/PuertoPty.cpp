@@ -95,7 +95,7 @@ Resultado<> PuertoPty::crear(const QString& enlace) {
   return {};
 }
 
-// A direct cable is always there: when a machine drops it, it comes back after a while.
+// A direct cable is always there: after a machine drops it, it comes back in a while.
 void PuertoPty::tenderCable() {
   const bool tendido = cable_.abrir({[this](const QByteArray& bytes) { escribir(bytes); },
                                      [this](bool) { retender_->unaVez(kRetenderMs); }});
@@ -113,7 +113,7 @@ void PuertoPty::leer() {
     cable_.recibir(leidos);
 }
 
-// What a full terminal doesn't take is lost, as on a wire to which nobody listens.
+// Bytes that a full terminal refuses are lost, as on a wire without a listener.
 void PuertoPty::escribir(const QByteArray& bytes) {
   [[maybe_unused]] const auto escritos =
       ::write(maestro_, bytes.constData(), static_cast<std::size_t>(bytes.size()));

@@ -17,7 +17,7 @@ class PuertoPty {
  public:
   PuertoPty(Cable& cable, Reloj& reloj);
   ~PuertoPty();
-  // An old link of that name is replaced; anything else that stands there is an error.
+  // An old link of that name is replaced; anything else there is an error.
   Resultado<> abrir(const QString& enlace);
   Resultado<> abrirConModem(const QString& enlace, OpcionesModem opciones);
   QString dispositivo() const { return dispositivo_; }
@@ -31,7 +31,7 @@ class PuertoPty {
   Cable& cable_;
   Reloj& reloj_;
   int maestro_ = -1,
-      esclavo_ = -1;  // ours of the second keeps the first alive between two visitors
+      esclavo_ = -1;  // our slave descriptor keeps the master alive between two visitors
   QString dispositivo_, enlace_;
   std::unique_ptr<QSocketNotifier> avisos_;
   std::unique_ptr<Modem> modem_;

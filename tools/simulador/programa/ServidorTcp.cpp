@@ -39,7 +39,7 @@ void ServidorTcp::atender() {
   }
 }
 
-// The wire has closed on our side: with all sent, or as a dropped line.
+// The wire was closed on our side: after all bytes were sent, or as a dropped line.
 void ServidorTcp::colgar(bool limpio) {
   QTcpSocket* socket = std::exchange(socket_, nullptr);
   if (!socket) return;

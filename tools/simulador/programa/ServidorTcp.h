@@ -1,4 +1,4 @@
-// A wire behind a TCP port of this computer. A second connection while one is up is turned away.
+// A wire behind a TCP port of this computer. A second connection while one is up is refused.
 #pragma once
 
 #include <QTcpServer>
@@ -12,7 +12,7 @@ class ServidorTcp {
  public:
   explicit ServidorTcp(Cable& cable);
   ~ServidorTcp();
-  // False when the port can't be had; error() says why.
+  // False if the port isn't available; error() has the reason.
   bool escuchar(quint16 puerto);
   QString error() const { return servidor_.errorString(); }
 

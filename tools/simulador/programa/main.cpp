@@ -21,7 +21,7 @@ using namespace tarvo::simulador;
 namespace {
 
 constexpr int kArgumentosMalos = 64, kNoArranca = 4;
-// The one thing that a signal handler may touch.
+// The only thing that a signal handler may touch.
 volatile std::sig_atomic_t bocaSenal = -1;
 
 void alSenal(int numero) {
@@ -52,7 +52,7 @@ Resultado<Plan> planDe(const QCommandLineParser& argumentos, const Reloj& reloj)
   return plan;
 }
 
-// Signals come through a socket pair, so that they are handled on the event loop.
+// Signals go through a socket pair, so that they are handled on the event loop.
 void escucharSenales(Programa& programa, QCoreApplication& aplicacion) {
   std::array<int, 2> par{};
   if (::socketpair(AF_UNIX, SOCK_STREAM, 0, par.data()) != 0) return;

@@ -34,15 +34,17 @@ void ImpPLUVentana::montar() {
   connect(ui_.Alto, &QPushButton::clicked, this, &ImpPLUVentana::Alto);
   connect(ui_.deshacer, &QPushButton::clicked, this,
           [this] { deshacedor_.deshacerUltimo([this] { ponerEstado(kSinFichero); }); });
-  connect(ui_.tabla, &QPushButton::clicked, this,
-          [this] { contexto().ventanas.abrir(u"ImpTabla"_s, this, argumentos_); });
+  connect(ui_.tabla, &QPushButton::clicked, this, [this] {
+    ventanas::Ventana::abrir(
+        PuertaImpTabla{.carpeta = puerta_.carpeta, .seccion = puerta_.seccion});
+  });
   connect(ui_.Cerrar, &QPushButton::clicked, this, &ImpPLUVentana::rechazar);
 }
 
-Resultado<> ImpPLUVentana::preparar(const ventanas::Argumentos& argumentos) {
+Resultado<> ImpPLUVentana::entrar(const PuertaImpPLU& puerta) {
   if (trabajo().enMarcha()) return {};
-  argumentos_ = argumentos;
-  ui_.ficheros->empezar(argumentos);
+  puerta_ = puerta;
+  ui_.ficheros->empezar(puerta.carpeta);
   ponerEstado(kSinFichero);
   deshacedor_.avisar();
   return {};
@@ -71,7 +73,6 @@ void ImpPLUVentana::ponerEstado(Estado estado) {
     motor_.reset();
     ui_.CodAct->clear();
     ui_.Conta->clear();
-    ponerMalas(*ui_.malas, {});
     ui_.ficheros->setFocus();
   } else if (!moviendo) {
     ui_.Haz->setFocus();
@@ -82,6 +83,7 @@ void ImpPLUVentana::abrir(const QString& ruta) {
   auto motor = ImpPLU::abrir(contexto().db, catalogo_, contexto().reloj, ruta);
   if (!haIdoBien(motor)) return ponerEstado(kConErrores);
   motor_ = std::move(*motor);
+  ponerMalas(*ui_.malas, {});
   ui_.CodAct->setText(NombreFichero(ruta));
   ponerEstado(kPreparado);
 }

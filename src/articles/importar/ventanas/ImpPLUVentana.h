@@ -1,9 +1,9 @@
-// Articles from a .PLU file: ImpPLU. Takes "carpeta", where it looks for files (the program's own
-// without it), and "seccion", for the window of spreadsheets that it leads to.
+// Articles from a .PLU file: ImpPLU.
 #pragma once
 
 #include "articles/importar/ImpPLU.h"
 #include "articles/importar/ventanas/ComunImportar.h"
+#include "articles/importar/ventanas/Puertas.h"
 #include "core/tiempo/Trabajo.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_ImpPLU.h"
@@ -14,7 +14,7 @@ class ImpPLUVentana final : public ventanas::Ventana {
   Q_OBJECT
  public:
   ImpPLUVentana(ventanas::Contexto& contexto, const QString& nombre, articles::Catalogo& catalogo);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaImpPLU& puerta);
   bool QueryUnload() override;
 
  private:
@@ -41,7 +41,7 @@ class ImpPLUVentana final : public ventanas::Ventana {
   articles::Lotes lotes_;
   Deshacedor deshacedor_;
   std::unique_ptr<ImpPLU> motor_;
-  ventanas::Argumentos argumentos_;
+  PuertaImpPLU puerta_;
   Estado estado_ = kSinFichero;
 };
 

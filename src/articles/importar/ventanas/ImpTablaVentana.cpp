@@ -4,6 +4,7 @@
 
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/edicion/Opciones.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 
@@ -55,25 +56,14 @@ void ImpTablaVentana::montar() {
           [this] { deshacedor_.deshacerUltimo([this] { irA(kFichero); }); });
 }
 
-Resultado<> ImpTablaVentana::preparar(const ventanas::Argumentos& argumentos) {
+Resultado<> ImpTablaVentana::entrar(const PuertaImpTabla& puerta) {
   if (trabajo().enMarcha() || leyendo_) return {};
-  TARVO_INTENTAR(llenarSecciones(argumentos.value(u"seccion"_s, 0).toInt()));
-  ui_.ficheros->empezar(argumentos);
+  TARVO_INTENTAR(ventanas::llenar(*ui_.seccion, contexto().nombres.secciones(), 3));
+  if (puerta.seccion > 0) ventanas::elegir(*ui_.seccion, puerta.seccion);
+  ui_.ficheros->empezar(puerta.carpeta);
   irA(kFichero);
   deshacedor_.avisar();
-  if (const QString f = argumentos.value(u"fichero"_s).toString(); !f.isEmpty()) leer(f);
-  return {};
-}
-
-Resultado<> ImpTablaVentana::llenarSecciones(int elegida) {
-  TARVO_TOMAR(auto rs,
-              contexto().db.consultar(u"SELECT NMSECC, NOMSEC FROM SECCS ORDER BY NMSECC"));
-  ui_.seccion->clear();
-  for (auto& r = *rs; !r.Eof();) {
-    ui_.seccion->addItem(Ceros(r.entero(0), 3) + u"  "_s + r.texto(1), r.entero(0));
-    TARVO_INTENTAR(r.MoveNext());
-  }
-  ui_.seccion->setCurrentIndex(std::max(0, ui_.seccion->findData(elegida)));
+  if (!puerta.fichero.isEmpty()) leer(puerta.fichero);
   return {};
 }
 
@@ -241,6 +231,7 @@ void ImpTablaVentana::aplicado(const Resultado<Trabajo::Fin>& fin) {
   ui_.hecho->setText(contexto().textos(kTxHechoTabla, {hecho.nuevos, hecho.cambiados}));
   ponerMalas(*ui_.malas, hecho.malas);
   if (hecho.malas.empty()) return decirBien(ui_.hecho->text());
+  ui_.malas->setFocus();  // a second Return leaves them in sight
   decirDuda(t(kTxNMalas, static_cast<int>(hecho.malas.size())));
 }
 

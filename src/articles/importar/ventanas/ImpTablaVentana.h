@@ -1,12 +1,11 @@
 // Articles from a CSV file or a spreadsheet, in four steps: file, columns, what would change, what
-// was done. A stop of the last takes back what it did so far. Takes "carpeta", where it looks for
-// files (the program's own without it), and "seccion", for rows that don't say theirs; a "fichero"
-// is read at once.
+// was done. A stop of the last takes back what it did so far.
 #pragma once
 
 #include "articles/importar/ImpTabla.h"
 #include "articles/importar/LeerTabla.h"
 #include "articles/importar/ventanas/ComunImportar.h"
+#include "articles/importar/ventanas/Puertas.h"
 #include "core/tiempo/Trabajo.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "core/ventanas/parrilla/Aparte.h"
@@ -19,14 +18,13 @@ class ImpTablaVentana final : public ventanas::Ventana {
  public:
   ImpTablaVentana(ventanas::Contexto& contexto, const QString& nombre,
                   articles::Catalogo& catalogo);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaImpTabla& puerta);
   bool QueryUnload() override;
 
  private:
   enum Paso { kFichero, kColumnas, kPrevia, kResultado };
   void montar();
   void montarPrevia();
-  Resultado<> llenarSecciones(int elegida);
   void irA(Paso paso);
   void atras();
   void siguiente();

@@ -38,6 +38,7 @@ void MainTvcVentana::montar() {
   for (QLineEdit* e : ui_.rejaPfjo->parentWidget()->findChildren<QLineEdit*>()) e->setText(u"0"_s);
   connect(ui_.ficheros, &PanelFicheros::escogido, this, [this](const QString& ruta) {
     ruta_ = ruta;
+    ponerMalas(*ui_.malas, {});
     ponerEstado(kPreparado);
   });
   connect(ui_.AUnaSecc, &QRadioButton::toggled, this, &MainTvcVentana::mostrarDestino);
@@ -48,9 +49,9 @@ void MainTvcVentana::montar() {
   connect(ui_.Cerrar, &QPushButton::clicked, this, &MainTvcVentana::rechazar);
 }
 
-Resultado<> MainTvcVentana::preparar(const ventanas::Argumentos& argumentos) {
+Resultado<> MainTvcVentana::entrar(const PuertaMainTvc& puerta) {
   if (trabajo().enMarcha()) return {};
-  ui_.ficheros->empezar(argumentos);
+  ui_.ficheros->empezar(puerta.carpeta);
   mostrarDestino();
   ponerEstado(kSinFichero);
   deshacedor_.avisar();
@@ -85,7 +86,6 @@ void MainTvcVentana::ponerEstado(Estado estado) {
   ui_.deshacer->setEnabled(!procesando && !ocupada && deshacedor_.hayUltimo());
   if (estado == kSinFichero) {
     motor_.reset();
-    ponerMalas(*ui_.malas, {});
     ui_.ficheros->setFocus();
   } else {
     ui_.inicioproceso->setFocus();

@@ -1,9 +1,9 @@
-// Articles of the former system: MainTvc. Takes "carpeta", where it looks for files; the program's
-// own without it.
+// Articles of the former system: MainTvc.
 #pragma once
 
 #include "articles/importar/MainTvc.h"
 #include "articles/importar/ventanas/ComunImportar.h"
+#include "articles/importar/ventanas/Puertas.h"
 #include "core/tiempo/Trabajo.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_MainTvc.h"
@@ -14,7 +14,7 @@ class MainTvcVentana final : public ventanas::Ventana {
   Q_OBJECT
  public:
   MainTvcVentana(ventanas::Contexto& contexto, const QString& nombre, articles::Catalogo& catalogo);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaMainTvc& puerta);
   bool QueryUnload() override;
 
  private:

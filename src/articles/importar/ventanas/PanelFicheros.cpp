@@ -59,10 +59,10 @@ void PanelFicheros::preparar(ventanas::Contexto& contexto, const QStringList& pa
   ninguno_->setText(textos(kTxSinFicheros, {patrones.join(u' ')}));
 }
 
-void PanelFicheros::empezar(const ventanas::Argumentos& argumentos) {
+void PanelFicheros::empezar(const QString& carpeta) {
   const QString ultima = c_->recuerdos.leer(kMemoria, kCarpeta);
   const bool sirve = !ultima.isEmpty() && QDir(ultima).exists();
-  setCarpeta(argumentos.value(kCarpeta, sirve ? ultima : c_->ajustes.HomeDir).toString());
+  setCarpeta(!carpeta.isEmpty() ? carpeta : sirve ? ultima : c_->ajustes.HomeDir);
 }
 
 void PanelFicheros::recordar() {

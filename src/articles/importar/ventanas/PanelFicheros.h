@@ -18,8 +18,8 @@ class PanelFicheros final : public QWidget {
   explicit PanelFicheros(QWidget* padre = nullptr);
   // `patrones`: "*.PLU", any case. The names of its list and its button come from the texts.
   void preparar(ventanas::Contexto& contexto, const QStringList& patrones);
-  // The folder in the argument "carpeta"; else the last one, if it is there; else the program's.
-  void empezar(const ventanas::Argumentos& argumentos);
+  // In that folder; without one in the last one, if it is there, else in the program's.
+  void empezar(const QString& carpeta);
   void setCarpeta(const QString& carpeta);
   const QString& carpeta() const { return carpeta_; }
   QListWidget* lista() const { return lista_; }

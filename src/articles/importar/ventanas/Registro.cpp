@@ -6,19 +6,10 @@
 
 namespace tarvo::importar {
 
-using namespace Qt::StringLiterals;
-using ventanas::Contexto;
-
 void registrarVentanasImportar(ventanas::Ventanas& v, articles::Catalogo& catalogo) {
-  v.registrar(u"ImpPLU"_s, [&catalogo](Contexto& c, const QString& n) {
-    return new ImpPLUVentana(c, n, catalogo);
-  });
-  v.registrar(u"ImpTabla"_s, [&catalogo](Contexto& c, const QString& n) {
-    return new ImpTablaVentana(c, n, catalogo);
-  });
-  v.registrar(u"MainTvc"_s, [&catalogo](Contexto& c, const QString& n) {
-    return new MainTvcVentana(c, n, catalogo);
-  });
+  v.registrar<PuertaImpPLU, ImpPLUVentana>(catalogo);
+  v.registrar<PuertaImpTabla, ImpTablaVentana>(catalogo);
+  v.registrar<PuertaMainTvc, MainTvcVentana>(catalogo);
 }
 
 }  // namespace tarvo::importar

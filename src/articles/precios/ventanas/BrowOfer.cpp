@@ -28,11 +28,6 @@ void BrowOfer::montar() {
   unir(ui_.NuevaOf, u"anadir"_s, Qt::Key_Insert, [this] { nueva(); });
   unir(ui_.Borro, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); });
   deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
-  // Prices; dates go to many rows, and what is copied to other groups isn't known by one cell.
-  deshacer_->seguirCeldas(*ui_.Grid, [this](int columna) {
-    const auto clase = ui_.Grid->modelo()->columnas()[static_cast<std::size_t>(columna)].clase;
-    return clase == ventanas::Clase::Importe && !ui_.Sincro->isChecked();
-  });
   ui_.Grid->filtros()->addWidget(ui_.filtros);
   ui_.Grid->setVacia(t(kTxSinOfertas), ui_.NuevaOf);
   ui_.Grid->setAcciones({ui_.NuevaOf, ui_.Borro, ui_.Deshacer});
@@ -47,9 +42,9 @@ void BrowOfer::montar() {
   }
 }
 
-Resultado<> BrowOfer::preparar(const ventanas::Argumentos& argumentos) {
+Resultado<> BrowOfer::entrar(const PuertaBrowOfer& puerta) {
   TARVO_INTENTAR(ventanas::llenar(*ui_.dbS, contexto().nombres.secciones(), 3));
-  if (argumentos.contains(u"seccion"_s)) elegir(*ui_.dbS, argumentos.value(u"seccion"_s));
+  if (puerta.seccion > 0) elegir(*ui_.dbS, puerta.seccion);
   if (!ui_.Grid->consulta()) prepararParrilla();
   TARVO_INTENTAR(seccionCambiada());
   ui_.Grid->setFocus();
@@ -85,15 +80,12 @@ void BrowOfer::prepararParrilla() {
         .cifras = 7,
         .ancho = 90},
        {.titulo = kTxNombreCol, .campo = u"NOMPLU"_s, .ancho = 200},
-       {.titulo = kTxPrecioCol,
-        .campo = u"PRECIO_0"_s,
-        .clase = Clase::Importe,
-        .editar = precio(0)},
-       {.titulo = kTxPrecioCol,
+       {.titulo = kTxNivel, .campo = u"PRECIO_0"_s, .clase = Clase::Importe, .editar = precio(0)},
+       {.titulo = kTxNivel + 1,
         .campo = u"PRECIO_1"_s,
         .clase = Clase::Importe,
         .editar = precio(1)},
-       {.titulo = kTxPrecioCol,
+       {.titulo = kTxNivel + 2,
         .campo = u"PRECIO_2"_s,
         .clase = Clase::Importe,
         .editar = precio(2)},

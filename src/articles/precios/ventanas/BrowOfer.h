@@ -3,6 +3,7 @@
 #pragma once
 
 #include "articles/precios/Ofertas.h"
+#include "articles/precios/ventanas/Puertas.h"
 #include "core/ventanas/edicion/Deshacer.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_BrowOfer.h"
@@ -13,7 +14,7 @@ class BrowOfer final : public ventanas::Ventana {
   Q_OBJECT
  public:
   BrowOfer(ventanas::Contexto& contexto, const QString& nombre);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaBrowOfer& puerta);
 
   // Reads the list again; what is chosen stays.
   void RefrescoRemoto();

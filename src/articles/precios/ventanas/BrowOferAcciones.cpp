@@ -5,6 +5,7 @@
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/Puertas.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 
 namespace tarvo::precios {
@@ -26,10 +27,19 @@ Resultado<> BrowOfer::precioEscrito(qint64 fila, std::size_t nivel, const QStrin
   if (!precio) return std::unexpected(errorDe(precio.error(), texto, contexto().ajustes, textos));
   TARVO_TOMAR(const auto oferta, motor_.leer(*clave));
   PreciosOferta precios = oferta ? oferta->precios : PreciosOferta{};
-  precios[nivel] = *precio;
-  TARVO_TOMAR(const auto otras, motor_.ponerPrecios(*clave, precios, ui_.Sincro->isChecked()));
-  if (ui_.Sincro->isChecked()) decirBien(t(kTxPreciosCopiados, otras));
-  if (const auto aviso = avisoPrecio(*precio, contexto().ajustes, textos)) decirDuda(*aviso);
+  const qint64 antes = std::exchange(precios[nivel], *precio);
+  TARVO_TOMAR(auto cambio, motor_.ponerPrecios(*clave, precios, ui_.Sincro->isChecked()));
+  if (ui_.Sincro->isChecked()) decirBien(t(kTxPreciosCopiados, cambio.otras()));
+  if (const auto aviso = avisoCambio(antes, *precio, contexto().ajustes, textos)) decirDuda(*aviso);
+  const QString que =
+      t(ventanas::kTxCeldaDe)
+          .arg(t(kTxNivel + static_cast<int>(nivel)), precioEnTexto(contexto(), antes));
+  deshacer_->apuntar(que, [this, c = std::move(cambio)]() -> Resultado<ventanas::Deshacer::Vuelto> {
+    TARVO_TOMAR(const auto fuera, motor_.deshacer(c));
+    RefrescoRemoto();
+    if (fuera == 0) return ventanas::Deshacer::Vuelto();
+    return ventanas::Deshacer::Vuelto{t(kTxOfertasSinVolver, fuera), true};
+  });
   return {};
 }
 

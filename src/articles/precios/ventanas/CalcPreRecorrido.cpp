@@ -13,25 +13,20 @@ using namespace Qt::StringLiterals;
 using articles::Articulo;
 using articles::ClaveArticulo;
 
-Resultado<> CalcPreVentana::preparar(const ventanas::Argumentos& argumentos) {
+Resultado<> CalcPreVentana::entrar(const PuertaCalcPre& puerta) {
   ponerAjustes();
-  lista_.unir(argumentos);
-  ClaveArticulo clave{argumentos.value(u"seccion"_s, 1).toInt(),
-                      argumentos.value(u"codigo"_s, 0).toLongLong()};
+  lista_.unir(puerta.lista);
+  ClaveArticulo clave{puerta.seccion, puerta.codigo};
   if (lista_) clave = {lista_->clave().seccion, lista_->clave().codigo};
   if (clave.codigo == 0) {
-    articulo_.clave = {clave.seccion, articles::kPrimerCodigo - 1};
-    const auto primero = vecino(1);
-    if (!primero && primero.error().clase == Fallo::NoExiste) return vaciar(), Resultado<>();
-    if (!primero) return std::unexpected(primero.error());
+    TARVO_TOMAR(const auto primero, catalogo_.vecino(clave, 1));
+    if (!primero) return vaciar(), Resultado<>();
     clave = *primero;
   }
   TARVO_INTENTAR(cargar(clave));
   if (lista_ && !std::exchange(seguida_, true)) lista_->alMover(this, [this] { reposicionado(); });
-  const Celda celda{argumentos.value(u"columna"_s, 0).toInt(),
-                    argumentos.value(u"fila"_s, 0).toInt()};
-  ui_.grdpre->irA(celda);
-  entrar(ui_.grdpre->actual());
+  ui_.grdpre->setActual(puerta.celda);
+  entrarEn(ui_.grdpre->actual());
   ui_.costeN->setFocus();
   ui_.costeN->selectAll();
   tocado_ = false;
@@ -126,18 +121,6 @@ void CalcPreVentana::salvar() {
   decirBien(t(kTxPrecioGuardado).arg(articulo_.nombre));
 }
 
-Resultado<ClaveArticulo> CalcPreVentana::vecino(int pasos) {
-  const auto [seccion, codigo] = articulo_.clave;
-  TARVO_TOMAR(
-      const auto v,
-      contexto().db.uno(
-          pasos > 0 ? u"SELECT min(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU>? AND CODPLU>2"
-                    : u"SELECT max(CODPLU) FROM PLUSES WHERE SECCION=? AND CODPLU<? AND CODPLU>2",
-          seccion, codigo));
-  if (v.nulo()) return fallo(Fallo::NoExiste, t(kTxNoHayMas));
-  return ClaveArticulo{seccion, v.entero()};
-}
-
 void CalcPreVentana::mover(int pasos) {
   if (!terminar() || !guardar()) return;
   if (lista_) {
@@ -147,9 +130,10 @@ void CalcPreVentana::mover(int pasos) {
     if (!hay) return decirDuda(t(kTxNoHayMas));
     haIdoBien(cargar({lista_->clave().seccion, lista_->clave().codigo}));
   } else {
-    const auto otro = vecino(pasos);
-    if (!otro) return decirDuda(otro.error().texto);
-    haIdoBien(cargar(*otro));
+    const auto otro = catalogo_.vecino(articulo_.clave, pasos);
+    if (!haIdoBien(otro)) return;
+    if (!*otro) return decirDuda(t(kTxNoHayMas));
+    haIdoBien(cargar(**otro));
   }
   if (auto* caja = qobject_cast<QLineEdit*>(focusWidget())) caja->selectAll();
 }

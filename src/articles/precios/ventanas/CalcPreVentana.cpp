@@ -8,6 +8,7 @@
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/dinero/Dinero.h"
+#include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Recuerdos.h"
 
 namespace tarvo::precios {
@@ -33,6 +34,7 @@ CalcPreVentana::CalcPreVentana(ventanas::Contexto& contexto, const QString& nomb
 
 void CalcPreVentana::montar() {
   ui_.grdpre->preparar(contexto());
+  ui_.grdpre->setMarcada(true);
   alinear();
   unirCaja(*ui_.costeN, [this] { calc_.ponerCoste(importe(*ui_.costeN)); });
   unirCaja(*ui_.pciva, [this] { calc_.ponerIva(numeroDe(ui_.pciva->text())); });
@@ -48,12 +50,12 @@ void CalcPreVentana::montar() {
     pintar();
   });
   connect(ui_.togg, &QPushButton::clicked, this, &CalcPreVentana::bloquear);
-  connect(ui_.grdpre, &MatrizPrecios::entrada, this, &CalcPreVentana::entrar);
+  connect(ui_.grdpre, &MatrizPrecios::entrada, this, &CalcPreVentana::entrarEn);
   decirLoDe(*ui_.grdpre, *this);
   ui_.grdpre->alEscribir([this](Celda celda, qint64 nuevo) -> Resultado<> {
     precio(celda) = nuevo;
     tocado_ = true;
-    if (celda == ui_.grdpre->actual()) entrar(celda);
+    if (celda == ui_.grdpre->actual()) entrarEn(celda);
     return {};
   });
   connect(ui_.Arriba, &QPushButton::clicked, this, [this] { mover(-1); });
@@ -75,6 +77,13 @@ void CalcPreVentana::alinear() {
   for (const QLabel* r : rotulos) ancho = std::max(ancho, r->sizeHint().width());
   for (QLabel* r : rotulos) r->setMinimumWidth(ancho);
   estrechar(*ui_.pciva, 6);
+  // Beside the prices, in lines with them: these begin below their headings.
+  const int hueco = ventanas::escalar(ventanas::kPaso);
+  for (QFormLayout* campos : ui_.marcos->findChildren<QFormLayout*>())
+    campos->setVerticalSpacing(hueco);
+  ui_.lado->setSpacing(hueco);
+  const auto* titulo = ui_.grdpre->findChild<QLabel*>();
+  ui_.lado->setContentsMargins(0, titulo ? titulo->sizeHint().height() + hueco : 0, 0, 0);
 }
 
 // Only what was typed counts: leaving a box takes nothing back from what it shows in round figures.
@@ -142,7 +151,7 @@ qint64& CalcPreVentana::precio(Celda c) {
   return precios_[static_cast<std::size_t>(c.nivel)][static_cast<std::size_t>(c.tarifa)];
 }
 
-void CalcPreVentana::entrar(Celda celda) {
+void CalcPreVentana::entrarEn(Celda celda) {
   calc_.entrar(calc_.cifras().costeN, precio(celda));
   pintar();
 }
@@ -160,6 +169,8 @@ void CalcPreVentana::pintar() {
   ui_.pciva->setText(calc_.pciva() ? conDosDecimales(*calc_.pciva()) : QString());
   ui_.pcMarg->setText(conDosDecimales(c.pcMarg));
   ui_.redon->setText(QString::number(calc_.redondeo()));
+  ui_.avisoRedondeo->setText(calc_.redondeo() > 0 ? t(kTxRedondeoActivo).arg(calc_.redondeo())
+                                                  : QString());
   ui_.PVP->setText(precioEnTexto(contexto(), c.PVP));
   if (articulo_.clave.deSistema()) return;
   const Celda celda = ui_.grdpre->actual();

@@ -1,6 +1,5 @@
-// The price calculator over the article under the pointer of a list: CalcPre. Takes "lista", the
-// name of the window that walks the articles (BrowPLUs), and "fila" (tarifa) and "columna" (level)
-// of the price to begin with. Without that window it walks the codes of "seccion" from "codigo" on.
+// The price calculator over the article under the pointer of a list: CalcPre. Without that list it
+// walks the codes of a section.
 #pragma once
 
 #include <map>
@@ -9,6 +8,7 @@
 #include "articles/precios/CalcPre.h"
 #include "articles/precios/ParrillaRapida.h"
 #include "articles/precios/ventanas/Comun.h"
+#include "articles/precios/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_CalcPre.h"
 
@@ -18,7 +18,7 @@ class CalcPreVentana final : public ventanas::Ventana {
   Q_OBJECT
  public:
   CalcPreVentana(ventanas::Contexto& contexto, const QString& nombre, articles::Catalogo& catalogo);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaCalcPre& puerta);
   bool QueryUnload() override;
 
  protected:
@@ -41,7 +41,7 @@ class CalcPreVentana final : public ventanas::Ventana {
   void vaciar();
   Resultado<> cargar(articles::ClaveArticulo clave);
   void reposicionado();
-  void entrar(Celda celda);
+  void entrarEn(Celda celda);
   void pintar();
   void pintarModo();
   void bloquear(bool si);
@@ -53,7 +53,6 @@ class CalcPreVentana final : public ventanas::Ventana {
   bool guardar();
   void salvar();
   void mover(int pasos);
-  Resultado<articles::ClaveArticulo> vecino(int pasos);
 
   Ui::CalcPre ui_;
   articles::Catalogo& catalogo_;

@@ -92,26 +92,32 @@ void CambioLoteVentana::prepararParrilla() {
         .cifras = 7,
         .ancho = 90},
        {.titulo = kTxNombreCol, .campo = u"nombre"_s, .ancho = 220},
-       {.titulo = kTxAntesCol, .campo = u"antes"_s, .clase = Clase::Importe, .ver = valor},
+       {.titulo = kTxAntesCol,
+        .campo = u"antes"_s,
+        .clase = Clase::Importe,
+        .ver = valor,
+        .rango = 1},
        {.titulo = kTxDespuesCol, .campo = u"despues"_s, .clase = Clase::Importe, .ver = valor},
-       {.titulo = kTxCambianCol, .campo = u"cambian"_s, .clase = Clase::Entero, .ancho = 70},
+       {.titulo = kTxCambianCol,
+        .campo = u"cambian"_s,
+        .clase = Clase::Entero,
+        .ancho = 70,
+        .rango = 2},
        {.titulo = kTxEstadoCol,
         .campo = u"estado"_s,
-        .ancho = 190,
+        .ancho = 270,
         .ver = desenlace,
         .estado = estadoDe}});
   ui_.Grid->vivas();
   ui_.Grid->filtros()->addWidget(ui_.marcoCuales);
 }
 
-Resultado<> CambioLoteVentana::preparar(const ventanas::Argumentos& argumentos) {
+Resultado<> CambioLoteVentana::entrar(const PuertaCambioLote& puerta) {
   if (trabajo().enMarcha()) return {};
-  lista_.unir(argumentos);
-  codigos_.clear();
-  for (const QVariant& codigo : argumentos.value(u"codigos"_s).toList())
-    codigos_.push_back(codigo.toLongLong());
+  lista_.unir(puerta.lista);
+  codigos_ = puerta.codigos;
   TARVO_INTENTAR(ventanas::llenar(*ui_.dbS, contexto().nombres.secciones(), 3));
-  if (argumentos.contains(u"seccion"_s)) elegir(*ui_.dbS, argumentos.value(u"seccion"_s));
+  if (puerta.seccion > 0) elegir(*ui_.dbS, puerta.seccion);
   const bool elegidos = !codigos_.empty();
   ui_.elegidos->setText(t(kTxElegidos, static_cast<int>(codigos_.size())));
   ui_.elegidos->setVisible(elegidos);
@@ -119,7 +125,7 @@ Resultado<> CambioLoteVentana::preparar(const ventanas::Argumentos& argumentos) 
   for (QWidget* w : {static_cast<QWidget*>(ui_.rotuloD), static_cast<QWidget*>(ui_.dbD),
                      static_cast<QWidget*>(ui_.rotuloNom), static_cast<QWidget*>(ui_.txNom)})
     w->setVisible(!elegidos);
-  if (argumentos.contains(u"subida"_s)) ui_.txPc->setText(argumentos.value(u"subida"_s).toString());
+  if (!puerta.subida.isEmpty()) ui_.txPc->setText(puerta.subida);
   TARVO_INTENTAR(seccionCambiada());
   queCambiado();
   pintarDeshacer();

@@ -1,11 +1,11 @@
-// One change for many articles: CambioLote. Takes "seccion", optionally "codigos" (a list), and
-// "lista", the window of the articles. What would become of each shows at once; it is done as a
-// whole, a stop takes back what was done so far, and it can be taken back, also later.
+// One change for many articles: CambioLote. What would become of each shows at once; it is done as
+// a whole, a stop takes back what was done so far, and it can be taken back, also later.
 #pragma once
 
 #include "articles/Vuelta.h"
 #include "articles/precios/CambioLote.h"
 #include "articles/precios/ventanas/Comun.h"
+#include "articles/precios/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_CambioLote.h"
 
@@ -16,7 +16,7 @@ class CambioLoteVentana final : public ventanas::Ventana {
  public:
   CambioLoteVentana(ventanas::Contexto& contexto, const QString& nombre,
                     articles::Catalogo& catalogo);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaCambioLote& puerta);
   bool QueryUnload() override;
 
  private:

@@ -75,9 +75,9 @@ Error informe(const ventanas::Contexto& c, const Error& error) {
   return {error.clase, error.numero, c.textos(kTxDuplicado)};
 }
 
-void DeLista::unir(const ventanas::Argumentos& argumentos) {
+void DeLista::unir(const QString& nombre) {
   if (unida_) return;
-  nombre_ = argumentos.value(u"lista"_s, u"BrowPLUs"_s).toString();
+  nombre_ = nombre;
   unida_ = static_cast<bool>(*this);
   if (unida_) lista()->hijo(true);
 }

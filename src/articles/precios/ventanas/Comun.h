@@ -33,12 +33,12 @@ void estrechar(QLineEdit& campo, int cifras);
 // itself can't be put in the order of that key.
 QWidget* antesDe(QWidget& sitio);
 
-// The list over whose articles a window works, by the name in the argument "lista" (BrowPLUs). It
-// is told that a child is open until soltar().
+// The list over whose articles a window works, by its name. It is told that a child is open until
+// soltar().
 class DeLista {
  public:
   explicit DeLista(const ventanas::Contexto& c) : c_(c) {}
-  void unir(const ventanas::Argumentos& argumentos);
+  void unir(const QString& nombre);
   void soltar();
   ventanas::Recorrido* operator->() const { return lista(); }  // REQUIRES one
   explicit operator bool() const { return lista() != nullptr; }

@@ -1,113 +1,197 @@
 // The fields: what they take, how the keys walk them. The addition is in FastAltaAcciones.cpp.
 #include "articles/precios/ventanas/FastAlta.h"
 
+#include <QLabel>
+#include <QPushButton>
+
 #include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
-#include "core/ventanas/edicion/Ficha.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::precios {
 
 using namespace Qt::StringLiterals;
+using ventanas::Campo;
+using ventanas::CampoVivo;
+using ventanas::Formulario;
+
+namespace {
+
+constexpr int kCifras = 7;
+
+}  // namespace
 
 FastAlta::FastAlta(ventanas::Contexto& contexto, const QString& nombre,
                    articles::Catalogo& catalogo)
-    : Ventana(contexto, nombre),
+    : FichaDe(contexto, nombre),
       motor_(contexto.db, catalogo, FormaAlta::leer(contexto.ajustes.de<AjustesPrecios>())),
       politicas_(ParrillaRapida::leer(contexto.ajustes.de<AjustesPrecios>().ParrillaRapida)),
       lista_(contexto) {
-  ui_.setupUi(cuerpo());
-  enlazar();
   montar();
 }
 
 void FastAlta::montar() {
-  for (int i = 0; i < 3; ++i) ui_.LstCada->addItem(t(kTxUnidades + i));
-  montarCampos();
-  ui_.Grd->preparar(contexto(), motor_.forma().precios(), motor_.forma().tarifas());
-  connect(ui_.Grd, &MatrizPrecios::intro, this, [this] { avanzar(); });
-  decirLoDe(*ui_.Grd, *this);
-  connect(ui_.Alta, &QPushButton::clicked, this, &FastAlta::anadir);
-  connect(ui_.Salir, &QPushButton::clicked, this, &FastAlta::descargar);
-  connect(ui_.Configurar, &QPushButton::clicked, this, &FastAlta::configurar);
-  connect(ui_.dbS, &QComboBox::activated, this, &FastAlta::pintarDepartamento);
+  auto f = formulario(kTxAltaRapida);
+  auto cabeza = f.columnas({1, 0});
+  auto& seccion = cabeza[0].fila(kTxSeccionFicha, u"dbS"_s, r.seccion, {});
+  seccion_ = qobject_cast<QComboBox*>(&seccion.control());
+  connect(&seccion, &Campo::cambiado, this, &FastAlta::pintarDepartamento);
+  ultimo_ = new QLabel(cuerpo());
+  ultimo_->setObjectName(u"lbUltimo"_s);
+  ventanas::ponerLetra(*ultimo_, ventanas::Letra::Secundaria);
+  cabeza[1].enLinea(
+      {ultimo_, cabeza[1].boton(kTxConfigurar, u"Configurar"_s, [this] { configurar(); })});
+  auto lados = f.columnas(2);
+  montarIzquierda(lados[0]);
+  montarDerecha(lados[1]);
+  setFrase(kTxValorIncorrecto, false);
+  acabar({760, 520}, {.acepto = u"Alta"_s,
+                      .cancelo = u"Salir"_s,
+                      .textoAcepto = kTxAlta,
+                      .textoCancelo = kTxSalirFicha});
+  acepto()->setDefault(false);  // Return goes from field to field
+  precios_->preparar(contexto(), motor_.forma().precios(), motor_.forma().tarifas());
+  connect(precios_, &MatrizPrecios::intro, this, [this] { avanzar(); });
+  decirLoDe(*precios_, *this);
 }
 
-void FastAlta::montarCampos() {
-  const std::pair<QLineEdit*, int> campos[] = {{ui_.txCod, 7}, {ui_.txdep, 2}, {ui_.txetq, 2},
-                                               {ui_.txbar, 7}, {ui_.txdi1, 4}, {ui_.txdi2, 4}};
-  for (const auto& [campo, cifras] : campos) soloCifras(*campo, cifras);
-  ui_.txCod->installEventFilter(this);
-  for (int i = 0; i < kCamposAlta; ++i)
-    if (auto* campo = qobject_cast<QLineEdit*>(control(static_cast<CampoAlta>(i))))
-      connect(campo, &QLineEdit::textChanged, this, [campo] { marcarFalta(*campo, false); });
-  connect(ui_.txdep, &QLineEdit::textChanged, this, &FastAlta::pintarDepartamento);
+void FastAlta::montarIzquierda(Formulario f) {
+  const auto poner = [this](CampoAlta cual, Campo& campo) {
+    campos_[static_cast<std::size_t>(cual)] = &campo;
+  };
+  ventanas::Modo codigo = texto(r.codigo);
+  codigo.letras = kCifras;
+  poner(CampoAlta::Codigo, f.fila(kTxCodigoFicha, u"txCod"_s, codigo));
+  poner(CampoAlta::Nombre, f.fila(kTxNombreFicha, u"txNom"_s, texto(r.nombre)));
+  codigo_ = qobject_cast<QLineEdit*>(&campo(CampoAlta::Codigo).control());
+  codigo_->setMaxLength(kCifras);
+  codigo_->installEventFilter(this);
+  ventanas::empujarCifras(*codigo_);
+  precios_ = f.ancho(new MatrizPrecios, u"Grd"_s);
+  auto* suyos = new CampoVivo(*precios_, nullptr,
+                              {.estado = [this] { return precios_->vacia() ? u""_s : u"1"_s; },
+                               .aControl =
+                                   [this] {
+                                     if (r.precios == articles::Precios{})
+                                       precios_->limpiar();
+                                     else
+                                       precios_->poner(r.precios);
+                                   },
+                               .aMiembro = [this] { r.precios = precios_->precios(); }});
+  poner(CampoAlta::Precios, anadir(suyos));
+  f.muelle();
 }
 
-Resultado<> FastAlta::preparar(const ventanas::Argumentos& argumentos) {
-  lista_.unir(argumentos);
-  TARVO_INTENTAR(ventanas::llenar(*ui_.dbS, contexto().nombres.seccionesPorNombre(), 3));
-  if (ui_.dbS->count() == 0) return fallo(Fallo::NoExiste, t(kTxSinSecciones));
-  if (argumentos.contains(u"seccion"_s)) elegir(*ui_.dbS, argumentos.value(u"seccion"_s));
+void FastAlta::montarDerecha(Formulario f) {
+  const auto poner = [this](CampoAlta cual, Campo& campo) {
+    campos_[static_cast<std::size_t>(cual)] = &campo;
+  };
+  const auto corto = [this](QString& donde, int letras) {
+    ventanas::Modo modo = texto(donde);
+    modo.letras = letras;
+    return modo;
+  };
+  auto* cada = new QComboBox;
+  for (int i = 0; i < 3; ++i) cada->addItem(t(kTxUnidades + i));
+  f.fila(kTxUnidadFicha, cada, u"LstCada"_s);
+  auto* suyo = new CampoVivo(*cada, nullptr,
+                             {.estado = [cada] { return QString::number(cada->currentIndex()); },
+                              .aControl = [this, cada] { cada->setCurrentIndex(r.cada); },
+                              .aMiembro = [this, cada] { r.cada = cada->currentIndex(); }});
+  connect(cada, &QComboBox::currentIndexChanged, suyo, &CampoVivo::haCambiado);
+  poner(CampoAlta::Unidad, anadir(suyo));
+  poner(CampoAlta::Departamento,
+        f.fila(kTxDepartamentoFicha, u"txdep"_s, corto(r.departamento, 2)));
+  departamento_ = new QLabel;
+  f.fila(0, departamento_, u"lbDep"_s);
+  ventanas::ponerLetra(*departamento_, ventanas::Letra::Secundaria);
+  poner(CampoAlta::Formato, f.fila(kTxFormatoFicha, u"txetq"_s, corto(r.formato, 2)));
+  poner(CampoAlta::CodBarras, f.fila(kTxBarrasFicha, u"txbar"_s, corto(r.codBarras, kCifras)));
+  poner(CampoAlta::Dias1, f.fila(kTxDias1Ficha, u"txdi1"_s, corto(r.dias1, 4)));
+  poner(CampoAlta::Dias2, f.fila(kTxDias2Ficha, u"txdi2"_s, corto(r.dias2, 4)));
+  f.muelle();
+  connect(qobject_cast<QLineEdit*>(&campo(CampoAlta::Departamento).control()),
+          &QLineEdit::textChanged, this, &FastAlta::pintarDepartamento);
+}
+
+Resultado<> FastAlta::entrar(const PuertaFastAlta& puerta) {
+  lista_.unir(puerta.lista);
+  TARVO_INTENTAR(ventanas::llenar(*seccion_, contexto().nombres.seccionesPorNombre(), 3));
+  if (seccion_->count() == 0) return fallo(Fallo::NoExiste, t(kTxSinSecciones));
+  tomar();
+  const auto antes = static_cast<int>(ventanas::elegido(*seccion_));
+  r.seccion = puerta.seccion > 0 ? puerta.seccion : antes;
   ponerValores();
-  ui_.txCod->setFocus();
+  codigo_->setFocus();
   return {};
+}
+
+QString& FastAlta::donde(CampoFijo fijo) {
+  switch (fijo) {
+    case CampoFijo::Departamento:
+      return r.departamento;
+    case CampoFijo::Formato:
+      return r.formato;
+    case CampoFijo::CodBarras:
+      return r.codBarras;
+    case CampoFijo::Dias1:
+      return r.dias1;
+    default:
+      return r.dias2;
+  }
+}
+
+// What the fields say; any text is taken.
+void FastAlta::tomar() {
+  for (Campo* c : campos_) static_cast<void>(c->leer());
 }
 
 void FastAlta::ponerValores() {
   for (int i = 0; i < kCamposFijos; ++i) {
     const auto fijo = static_cast<CampoFijo>(i);
-    QWidget* c = control(comoCampoAlta(fijo));
-    if (auto* lista = qobject_cast<QComboBox*>(c))
-      lista->setCurrentIndex(politicas_.valor(fijo).toInt());
-    if (auto* campo = qobject_cast<QLineEdit*>(c)) campo->setText(politicas_.valor(fijo));
-    c->setEnabled(politicas_.politica(fijo) != Politica::Fijar);
+    if (fijo == CampoFijo::Unidad)
+      r.cada = politicas_.valor(fijo).toInt();
+    else
+      donde(fijo) = politicas_.valor(fijo);
+    campo(comoCampoAlta(fijo)).control().setEnabled(politicas_.politica(fijo) != Politica::Fijar);
   }
-}
-
-QWidget* FastAlta::control(CampoAlta campo) const {
-  const std::array<QWidget*, kCamposAlta> todos{ui_.txCod,   ui_.txNom, ui_.Grd,
-                                                ui_.LstCada, ui_.txdep, ui_.txetq,
-                                                ui_.txbar,   ui_.txdi1, ui_.txdi2};
-  return todos[static_cast<std::size_t>(campo)];
-}
-
-std::optional<CampoAlta> FastAlta::campoDe(const QWidget* w) const {
-  for (int i = 0; i < kCamposAlta; ++i) {
-    const auto campo = static_cast<CampoAlta>(i);
-    if (control(campo) == w || control(campo)->isAncestorOf(w)) return campo;
-  }
-  return std::nullopt;
-}
-
-EntradaAlta FastAlta::entrada() const {
-  EntradaAlta e;
-  e.seccion = ui_.dbS->currentData().toInt();
-  e.codigo = ui_.txCod->text();
-  e.nombre = ui_.txNom->text();
-  e.precios = ui_.Grd->precios();
-  e.cada = ui_.LstCada->currentIndex();
-  e.departamento = ui_.txdep->text();
-  e.formato = ui_.txetq->text();
-  e.codBarras = ui_.txbar->text();
-  e.dias1 = ui_.txdi1->text();
-  e.dias2 = ui_.txdi2->text();
-  return e;
+  mostrar();
+  pintarDepartamento();
 }
 
 // --- keys
 // ----------------------------------------------------------------------------------------
 
-bool FastAlta::vale(CampoAlta campo) {
-  const auto bien = motor_.vale(campo, entrada());
-  if (!haIdoBien(bien)) return false;
-  const bool conPrecios = campo != CampoAlta::Precios || ui_.Grd->vale();
-  if (campo != CampoAlta::Precios) marcarFalta(*control(campo), !*bien);
-  return *bien && conPrecios;
+std::optional<CampoAlta> FastAlta::campoConFoco() const {
+  const QWidget* w = focusWidget();
+  for (int i = 0; w && i < kCamposAlta; ++i) {
+    const QWidget& control = campo(static_cast<CampoAlta>(i)).control();
+    if (&control == w || control.isAncestorOf(w)) return static_cast<CampoAlta>(i);
+  }
+  return std::nullopt;
+}
+
+// A field that nobody touched is looked at too.
+bool FastAlta::vale(CampoAlta cual) {
+  if (cual == CampoAlta::Precios) {
+    r.precios = precios_->precios();
+    return precios_->vale();
+  }
+  static_cast<void>(campo(cual).leer());  // any text is taken: its fault is told below
+  const auto falta = motor_.falta(cual, r);
+  if (!haIdoBien(falta)) return false;
+  campo(cual).marcar(falta->value_or(QString()));
+  if (*falta)
+    decirDuda(**falta);
+  else if (tira().estado() == ventanas::Estado::Duda)
+    tira().quitar();
+  return !*falta;
 }
 
 bool FastAlta::puedeSalir() {
-  const auto campo = campoDe(focusWidget());
-  return !campo || vale(*campo);
+  const auto cual = campoConFoco();
+  return !cual || vale(*cual);
 }
 
 void FastAlta::avanzar() {
@@ -122,58 +206,47 @@ bool FastAlta::focusNextPrevChild(bool siguiente) {
 
 void FastAlta::keyPressEvent(QKeyEvent* evento) {
   const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
-  if (!intro || !campoDe(focusWidget())) return Ventana::keyPressEvent(evento);
+  if (!intro || !campoConFoco()) return Ventana::keyPressEvent(evento);
   evento->accept();
   avanzar();
 }
 
 bool FastAlta::eventFilter(QObject* objeto, QEvent* evento) {
-  if (objeto != ui_.txCod) return Ventana::eventFilter(objeto, evento);
-  if (evento->type() == QEvent::FocusIn) codigoConFoco();
-  if (evento->type() == QEvent::FocusOut) codigoSinFoco();
-  return evento->type() == QEvent::KeyPress && codigoLleno(static_cast<QKeyEvent&>(*evento));
+  if (objeto == codigo_ && evento->type() == QEvent::FocusIn) codigoConFoco();
+  if (objeto == codigo_ && evento->type() == QEvent::FocusOut) codigoSinFoco();
+  return Ventana::eventFilter(objeto, evento);
 }
 
-// In the box stand the digits that are typed; once it is left, the whole code.
+// In the box are the digits that are typed; once it is left, the whole code.
 void FastAlta::codigoConFoco() {
-  const QString texto = ui_.txCod->text();
+  const QString texto = codigo_->text();
   const qsizetype prefijo = motor_.forma().prefijo().size();
-  if (texto.size() > motor_.forma().cifras()) ui_.txCod->setText(texto.mid(prefijo));
-  ui_.txCod->setMaxLength(motor_.forma().cifras());
-  ui_.txCod->selectAll();
+  if (texto.size() > motor_.forma().cifras()) codigo_->setText(texto.mid(prefijo));
+  codigo_->setMaxLength(motor_.forma().cifras());
+  codigo_->selectAll();
 }
 
 void FastAlta::codigoSinFoco() {
-  const auto codigo = motor_.forma().codigo(ui_.txCod->text());
-  ui_.txCod->setMaxLength(7);
-  if (codigo) ui_.txCod->setText(*codigo);
-}
-
-// A further digit at the end of a full box pushes the first one out.
-bool FastAlta::codigoLleno(const QKeyEvent& evento) {
-  QLineEdit& caja = *ui_.txCod;
-  const QString tecla = evento.text();
-  const bool cabe = caja.text().size() < caja.maxLength() || caja.hasSelectedText() ||
-                    caja.cursorPosition() < caja.text().size();
-  if (cabe || tecla.size() != 1 || tecla[0] < u'0' || tecla[0] > u'9') return false;
-  caja.setText(caja.text().mid(1) + tecla);
-  return true;
+  const auto codigo = motor_.forma().codigo(codigo_->text());
+  codigo_->setMaxLength(kCifras);
+  if (codigo) codigo_->setText(*codigo);
 }
 
 void FastAlta::pintarDepartamento() {
-  const auto nombre = contexto().db.uno(u"SELECT NomDep FROM DEPTS WHERE SECCION=? AND NUMDEP=?",
-                                        ui_.dbS->currentData().toInt(), ui_.txdep->text().toInt());
-  ui_.lbDep->setText(haIdoBien(nombre) ? nombre->texto() : QString());
+  const auto* caja = qobject_cast<QLineEdit*>(&campo(CampoAlta::Departamento).control());
+  const auto nombre = contexto().nombres.departamento(
+      static_cast<int>(ventanas::elegido(*seccion_)), caja->text().toInt());
+  departamento_->setText(haIdoBien(nombre) ? nombre->value_or(QString()) : QString());
 }
 
 // The other fields may stay from the article before.
-bool FastAlta::hayAlgoEscrito() const {
-  return !ui_.txCod->text().isEmpty() || !ui_.txNom->text().trimmed().isEmpty() ||
-         !ui_.Grd->vacia();
+bool FastAlta::cambiada() const {
+  const auto* nombre = qobject_cast<QLineEdit*>(&campo(CampoAlta::Nombre).control());
+  return !codigo_->text().isEmpty() || !nombre->text().trimmed().isEmpty() || !precios_->vacia();
 }
 
 bool FastAlta::QueryUnload() {
-  if (hayAlgoEscrito() && !ventanas::preguntarAbandono(*this)) return true;
+  if (Ficha::QueryUnload()) return true;
   if (lista_) lista_->refrescar();
   lista_.soltar();
   return false;

@@ -1,19 +1,19 @@
-// Fast entry: articles one after another, each field cleared, kept or fixed as was chosen. FastAlta
-// takes "seccion" and "lista", the window of the articles, which it brings up to date.
+// Fast entry: articles one after another, each field cleared, kept or fixed as was chosen:
+// FastAlta. It brings the list of articles up to date.
 #pragma once
 
 #include "articles/precios/AltaRapida.h"
 #include "articles/precios/ventanas/Comun.h"
-#include "core/ventanas/marco/Ventana.h"
-#include "ui_FastAlta.h"
+#include "articles/precios/ventanas/MatrizPrecios.h"
+#include "articles/precios/ventanas/Puertas.h"
+#include "core/ventanas/edicion/Ficha.h"
 
 namespace tarvo::precios {
 
-class FastAlta final : public ventanas::Ventana {
-  Q_OBJECT
+class FastAlta final : public ventanas::FichaDe<EntradaAlta> {
  public:
   FastAlta(ventanas::Contexto& contexto, const QString& nombre, articles::Catalogo& catalogo);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaFastAlta& puerta);
   bool QueryUnload() override;
 
  protected:
@@ -25,34 +25,42 @@ class FastAlta final : public ventanas::Ventana {
   enum class Respuesta { Si, No, Cancelar };
 
   void montar();
-  void montarCampos();
+  void montarIzquierda(ventanas::Formulario f);
+  void montarDerecha(ventanas::Formulario f);
+  ventanas::Campo& campo(CampoAlta cual) const { return *campos_[static_cast<std::size_t>(cual)]; }
+  std::optional<CampoAlta> campoConFoco() const;
+  QString& donde(CampoFijo fijo);  // the member of a field of text
+  void tomar();
   void ponerValores();
-  QWidget* control(CampoAlta campo) const;
-  std::optional<CampoAlta> campoDe(const QWidget* control) const;
-  QString textoFijo(CampoFijo campo) const;
-  EntradaAlta entrada() const;
-  // Marks the field where it isn't.
-  bool vale(CampoAlta campo);
+  // Marks the field, with its reason, where it isn't valid.
+  bool vale(CampoAlta cual);
   bool puedeSalir();
-  bool hayAlgoEscrito() const;
   void avanzar();
-
   void codigoConFoco();
   void codigoSinFoco();
-  bool codigoLleno(const QKeyEvent& evento);
   void pintarDepartamento();
 
-  void anadir();
   Respuesta preguntar();
-  void anadirYa();
   void vaciar();
   void configurar();
   void guardarAjustes();
 
-  Ui::FastAlta ui_;
+  std::vector<FaltaCampo> comprobar() override;
+  void decir(const std::vector<FaltaCampo>& faltas) override;
+  bool cambiada() const override;
+  void confirmar() override;
+  Resultado<> aplicar() override;
+  void aplicada() override;
+
   AltaRapida motor_;
   ParrillaRapida politicas_;
   DeLista lista_;
+  std::array<ventanas::Campo*, kCamposAlta> campos_{};
+  QComboBox* seccion_;
+  QLineEdit* codigo_;
+  MatrizPrecios* precios_;
+  QLabel *departamento_, *ultimo_;
+  articles::Articulo anadido_;
 };
 
 }  // namespace tarvo::precios

@@ -9,7 +9,6 @@
 #include "articles/precios/ventanas/CfgFastA.h"
 #include "articles/precios/ventanas/FastAlta.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
-#include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Retenida.h"
 #include "core/ventanas/marco/Tira.h"
 
@@ -35,63 +34,72 @@ FastAlta::Respuesta FastAlta::preguntar() {
                                       : Respuesta::Cancelar;
 }
 
-void FastAlta::anadir() {
+void FastAlta::confirmar() {
   switch (preguntar()) {
     case Respuesta::Si:
-      return anadirYa();
+      return Ficha::confirmar();
     case Respuesta::Cancelar:
       vaciar();
       break;
     case Respuesta::No:
       break;
   }
-  ui_.txCod->setFocus();
+  codigo_->setFocus();
 }
 
-void FastAlta::anadirYa() {
-  bool todo = true;
-  for (int i = 0; i < kCamposAlta; ++i) todo = vale(static_cast<CampoAlta>(i)) && todo;
-  if (!todo) {
-    ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxValorIncorrecto),
-                               ventanas::kSoloAcepto | ventanas::kCritico);
-    return ui_.txCod->setFocus();
+std::vector<FastAlta::FaltaCampo> FastAlta::comprobar() {
+  r.precios = precios_->precios();
+  std::vector<FaltaCampo> malas;
+  for (int i = 0; i < kCamposAlta; ++i) {
+    const auto cual = static_cast<CampoAlta>(i);
+    const auto falta = motor_.falta(cual, r);
+    if (!falta) malas.push_back({nullptr, falta.error().texto});
+    if (falta && *falta) malas.push_back({&campo(cual), **falta});
   }
-  const auto articulo = motor_.anadir(entrada(), nombre());
-  ui_.txCod->setFocus();
-  if (!articulo) return decirFallo(informe(contexto(), articulo.error()));
-  const QString quien = Ceros(articulo->clave.codigo, 7) + u"   "_s + articulo->nombre;
-  ui_.lbUltimo->setText(t(kTxUltimo).arg(quien));
-  if (lista_) lista_->refrescarEn({articulo->clave.seccion, articulo->clave.codigo});
+  if (!precios_->vale()) malas.push_back({&campo(CampoAlta::Precios), t(kTxValorIncorrecto)});
+  return malas;
+}
+
+void FastAlta::decir(const std::vector<FaltaCampo>& faltas) {
+  Ficha::decir(faltas);
+  codigo_->setFocus();
+}
+
+Resultado<> FastAlta::aplicar() {
+  const auto articulo = motor_.anadir(r, nombre());
+  codigo_->setFocus();
+  if (!articulo) return std::unexpected(informe(contexto(), articulo.error()));
+  anadido_ = *articulo;
+  return {};
+}
+
+void FastAlta::aplicada() {
+  const articles::Articulo& a = anadido_;
+  ultimo_->setText(t(kTxUltimo).arg(Ceros(a.clave.codigo, 7) + u"   "_s + a.nombre));
+  if (lista_) lista_->refrescarEn({a.clave.seccion, a.clave.codigo});
   tira().quitar();
   qint64 mayor = 0;
-  for (const auto& nivel : articulo->precios) mayor = std::max(mayor, std::ranges::max(nivel));
-  const auto aviso = avisoPrecio(mayor, contexto().ajustes, contexto().textos);
-  if (aviso) decirDuda(*aviso);
+  for (const auto& nivel : a.precios) mayor = std::max(mayor, std::ranges::max(nivel));
+  if (const auto aviso = avisoPrecio(mayor, contexto().ajustes, contexto().textos))
+    decirDuda(*aviso);
   vaciar();
 }
 
-QString FastAlta::textoFijo(CampoFijo campo) const {
-  const QWidget* c = control(comoCampoAlta(campo));
-  if (const auto* lista = qobject_cast<const QComboBox*>(c))
-    return QString::number(lista->currentIndex());
-  return qobject_cast<const QLineEdit*>(c)->text();
-}
-
 void FastAlta::vaciar() {
-  ui_.txCod->clear();
-  ui_.txCod->setMaxLength(motor_.forma().cifras());
-  ui_.txNom->clear();
-  ui_.Grd->limpiar();
+  tomar();
+  codigo_->setMaxLength(motor_.forma().cifras());
+  r.codigo.clear();
+  r.nombre.clear();
+  r.precios = {};
   for (int i = 0; i < kCamposFijos; ++i) {
     const auto fijo = static_cast<CampoFijo>(i);
-    QWidget* c = control(comoCampoAlta(fijo));
-    if (politicas_.politica(fijo) == Politica::Limpiar) {
-      if (auto* lista = qobject_cast<QComboBox*>(c)) lista->setCurrentIndex(-1);
-      if (auto* campo = qobject_cast<QLineEdit*>(c)) campo->clear();
-    }
-    politicas_.ponerValor(fijo, textoFijo(fijo));
+    const bool limpiar = politicas_.politica(fijo) == Politica::Limpiar;
+    const bool unidad = fijo == CampoFijo::Unidad;
+    if (limpiar && unidad) r.cada = -1;
+    if (limpiar && !unidad) donde(fijo).clear();
+    politicas_.ponerValor(fijo, unidad ? QString::number(r.cada) : donde(fijo));
   }
-  for (int i = 0; i < kCamposAlta; ++i) marcarFalta(*control(static_cast<CampoAlta>(i)), false);
+  mostrar();
   guardarAjustes();
 }
 
@@ -101,17 +109,17 @@ void FastAlta::configurar() {
                                    .tarifas = motor_.forma().tarifas()}};
   for (std::size_t i = 0; i < kCamposFijos; ++i)
     puerta.config.politicas[i] = politicas_.politica(static_cast<CampoFijo>(i));
-  const auto config = this->ventanas::Ventana::preguntar(puerta);
+  const auto config = Ventana::preguntar(puerta);
   if (!config) return;
   const auto forma = FormaAlta::de(config->prefijo, config->precios, config->tarifas);
   if (!forma) return;
   for (std::size_t i = 0; i < kCamposFijos; ++i)
     politicas_.poner(static_cast<CampoFijo>(i), config->politicas[i]);
   motor_.ponerForma(*forma);
-  ui_.Grd->preparar(contexto(), forma->precios(), forma->tarifas());
+  precios_->preparar(contexto(), forma->precios(), forma->tarifas());
   vaciar();
   ponerValores();
-  ui_.txCod->setFocus();
+  codigo_->setFocus();
 }
 
 // Other choices of the same settings are the fast change's.

@@ -2,10 +2,12 @@
 
 #include <QTableView>
 
+#include "articles/Busqueda.h"
 #include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/CambioRapido.h"
 #include "articles/precios/ventanas/CfgFastPlu.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::precios {
@@ -24,7 +26,7 @@ struct Como {
 };
 constexpr std::array<Como, kColumnasRapidas> kColumnasPLU{
     {{u"CODPLU", Clase::Codigo, 7, 76},
-     {u"NOMPLU", Clase::Texto, 0, 140, 20},
+     {u"NOMPLU", Clase::Texto, 0, 140},
      {u"PRECIO_00", Clase::Importe, 0, 80},
      {u"PRECIO_10", Clase::Importe, 0, 80},
      {u"PRECIO_20", Clase::Importe, 0, 80},
@@ -52,6 +54,7 @@ void FastModf::montar() {
   unir(ui_.Anterior, u"subir"_s, {}, [this] { saltar(-1); });
   unir(ui_.Modo, u"adelante"_s, Qt::Key_F8, [this] { ponerModo(siguiente(modo_)); });
   unir(ui_.Configurar, u"ajustes"_s, Qt::Key_F9, [this] { configurar(); });
+  deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
   ui_.Grd->filtros()->addWidget(ui_.filtros);
   ui_.GrdP->preparar(contexto());
   ui_.GrdP->alEscribir(
@@ -71,11 +74,11 @@ void FastModf::montar() {
   pintarModo();
 }
 
-Resultado<> FastModf::preparar(const ventanas::Argumentos& argumentos) {
+Resultado<> FastModf::entrar(const PuertaFastModf& puerta) {
   if (!ui_.GrdP->terminar()) return {};
-  lista_.unir(argumentos);
+  lista_.unir(puerta.lista);
   TARVO_INTENTAR(ventanas::llenar(*ui_.dbS, contexto().nombres.secciones(), 3));
-  if (argumentos.contains(u"seccion"_s)) elegir(*ui_.dbS, argumentos.value(u"seccion"_s));
+  if (puerta.seccion > 0) elegir(*ui_.dbS, puerta.seccion);
   TARVO_INTENTAR(abrirLista());
   irAlDeLaLista();
   ui_.Grd->setFocus();
@@ -85,9 +88,9 @@ Resultado<> FastModf::preparar(const ventanas::Argumentos& argumentos) {
 // The article on which the list of articles stands.
 void FastModf::irAlDeLaLista() {
   if (!lista_ || lista_->clave().seccion != ui_.dbS->currentData().toInt()) return;
-  const auto fila = contexto().db.uno(u"SELECT rowid FROM PLUSES WHERE SECCION=? AND CODPLU=?",
-                                      lista_->clave().seccion, lista_->clave().codigo);
-  const int i = haIdoBien(fila) && !fila->nulo() ? ui_.Grd->filaDe(fila->entero()) : -1;
+  const auto fila =
+      articles::filaDe(contexto().db, {lista_->clave().seccion, lista_->clave().codigo});
+  const int i = haIdoBien(fila) && *fila ? ui_.Grd->filaDe(**fila) : -1;
   if (i >= 0) ui_.Grd->irA(i);
 }
 
@@ -98,8 +101,7 @@ Resultado<> FastModf::seccionCambiada() {
 }
 
 ventanas::Columna FastModf::columna(ColumnaRapida cual) {
-  const Vista vista =
-      ParrillaRapida::leer(contexto().ajustes.de<AjustesPrecios>().ParrillaRapida).vista(cual);
+  const Vista vista = ParrillaRapida::leer(contexto().ajustes.de<AjustesPrecios>().ParrillaRapida).vista(cual);
   const Como& como = kColumnasPLU[static_cast<std::size_t>(cual)];
   ventanas::Columna c{.titulo = kTxColumnas + static_cast<int>(cual),
                       .campo = QString::fromUtf16(como.campo),
@@ -179,24 +181,48 @@ Resultado<> FastModf::escribir(qint64 fila, ColumnaRapida columna, const QString
   if (nuevo == *antes) return {};
   const auto hecho = catalogo_.modificar(clave, nuevo, nombre());
   if (!hecho) return std::unexpected(informe(contexto(), hecho.error()));
+  const QString campo = QString::fromUtf16(kColumnasPLU[static_cast<std::size_t>(columna)].campo);
+  apuntar(t(ventanas::kTxCeldaDe)
+              .arg(t(kTxColumnas + static_cast<int>(columna)), ui_.Grd->texto(i, campo)),
+          *antes, nuevo);
   for (std::size_t nivel = 0; nivel < articles::kNiveles; ++nivel)
-    if (nuevo.precios[nivel][0] != antes->precios[nivel][0])
-      avisarSiEsAlto(nuevo.precios[nivel][0]);
+    avisar(antes->precios[nivel][0], nuevo.precios[nivel][0]);
   return {};
 }
 
 Resultado<> FastModf::escribirPrecio(Celda celda, qint64 precio) {
-  articles::Precios precios = articulo_.precios;
-  precios[static_cast<std::size_t>(celda.nivel)][static_cast<std::size_t>(celda.tarifa)] = precio;
-  TARVO_INTENTAR(catalogo_.ponerPrecios(articulo_.clave, precios, nombre()));
-  articulo_.precios = precios;
-  avisarSiEsAlto(precio);
+  articles::Articulo ahora = articulo_;
+  const qint64 antes = std::exchange(
+      ahora.precios[static_cast<std::size_t>(celda.nivel)][static_cast<std::size_t>(celda.tarifa)],
+      precio);
+  TARVO_INTENTAR(catalogo_.ponerPrecios(articulo_.clave, ahora.precios, nombre()));
+  const QString cual =
+      t(kTxNivel + celda.nivel).trimmed() + u", "_s + t(kTxTarifaN).arg(celda.tarifa + 1);
+  apuntar(t(ventanas::kTxCeldaDe).arg(cual, precioEnTexto(contexto(), antes)), articulo_, ahora);
+  articulo_.precios = ahora.precios;
+  avisar(antes, precio);
   haIdoBien(ui_.Grd->refrescar());
   return {};
 }
 
-void FastModf::avisarSiEsAlto(qint64 precio) {
-  if (const auto aviso = avisoPrecio(precio, contexto().ajustes, contexto().textos))
+// By the article, not by its row: the list may show others by then.
+void FastModf::apuntar(const QString& que, const articles::Articulo& antes,
+                       const articles::Articulo& ahora) {
+  deshacer_->apuntar(que, [this, antes, ahora]() -> Resultado<ventanas::Deshacer::Vuelto> {
+    const auto hecho = catalogo_.volver(antes, ahora, nombre());
+    if (!hecho) return std::unexpected(informe(contexto(), hecho.error()));
+    TARVO_INTENTAR(ui_.Grd->refrescar());
+    TARVO_TOMAR(const auto fila, articles::filaDe(contexto().db, antes.clave));
+    const int i = fila ? ui_.Grd->filaDe(*fila) : -1;
+    if (i >= 0) ui_.Grd->irA(i);
+    articuloCambiado();
+    return ventanas::Deshacer::Vuelto();
+  });
+}
+
+void FastModf::avisar(qint64 antes, qint64 ahora) {
+  if (antes == ahora) return;
+  if (const auto aviso = avisoCambio(antes, ahora, contexto().ajustes, contexto().textos))
     decirDuda(*aviso);
 }
 
@@ -260,11 +286,9 @@ void FastModf::ponerModo(ModoIntro modo) {
 
 void FastModf::configurar() {
   if (!ui_.GrdP->terminar()) return;
-  const auto config =
-      preguntar(PuertaCfgFastPlu{ConfigCambio::de(contexto().ajustes.de<AjustesPrecios>())});
+  const auto config = preguntar(PuertaCfgFastPlu{ConfigCambio::de(contexto().ajustes.de<AjustesPrecios>())});
   if (!config) return;
-  ParrillaRapida todas =
-      ParrillaRapida::leer(contexto().ajustes.de<AjustesPrecios>().ParrillaRapida);
+  ParrillaRapida todas = ParrillaRapida::leer(contexto().ajustes.de<AjustesPrecios>().ParrillaRapida);
   for (std::size_t i = 0; i < kColumnasRapidas; ++i)
     todas.poner(static_cast<ColumnaRapida>(i), config->vistas[i]);
   contexto().ajustes.de<AjustesPrecios>().ParrillaRapida = todas.escribir();

@@ -1,12 +1,12 @@
 // Fast change: the articles of a section in a grid whose columns one chooses, and all prices of the
-// one under the pointer. FastModf takes "seccion" and "lista", the window of the articles, which it
-// brings up to date.
+// one under the pointer: FastModf. It brings the list of articles up to date.
 #pragma once
 
 #include "articles/Catalogo.h"
 #include "articles/precios/ParrillaRapida.h"
 #include "articles/precios/ventanas/Comun.h"
-#include "core/ventanas/marco/Ventana.h"
+#include "articles/precios/ventanas/Puertas.h"
+#include "core/ventanas/edicion/Deshacer.h"
 #include "core/ventanas/parrilla/Columna.h"
 #include "ui_FastModf.h"
 
@@ -16,7 +16,7 @@ class FastModf final : public ventanas::Ventana {
   Q_OBJECT
  public:
   FastModf(ventanas::Contexto& contexto, const QString& nombre, articles::Catalogo& catalogo);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaFastModf& puerta);
   bool QueryUnload() override;
 
  protected:
@@ -36,7 +36,9 @@ class FastModf final : public ventanas::Ventana {
   void volverAlPendiente();
   Resultado<> escribir(qint64 fila, ColumnaRapida columna, const QString& texto);
   Resultado<> escribirPrecio(Celda celda, qint64 precio);
-  void avisarSiEsAlto(qint64 precio);
+  void apuntar(const QString& que, const articles::Articulo& antes,
+               const articles::Articulo& ahora);
+  void avisar(qint64 antes, qint64 ahora);
   void intro(Celda celda);
   // False at the ends, and when a price stays.
   bool saltar(int pasos);
@@ -50,6 +52,7 @@ class FastModf final : public ventanas::Ventana {
   articles::Articulo articulo_;  // whose prices stand beside the list
   qint64 fila_ = 0;              // its key in the list
   ModoIntro modo_;
+  ventanas::Deshacer* deshacer_;
 };
 
 }  // namespace tarvo::precios

@@ -129,6 +129,21 @@ void MatrizPrecios::irA(Celda celda) {
   casilla(celda).campo->selectAll();
 }
 
+void MatrizPrecios::setActual(Celda celda) {
+  if (celda.nivel >= niveles_ || celda.tarifa >= tarifas_) return;
+  actual_ = celda;
+  pintarActual();
+}
+
+void MatrizPrecios::setMarcada(bool marcada) {
+  marcada_ = marcada;
+  pintarActual();
+}
+
+void MatrizPrecios::pintarActual() {
+  cadaCelda([this](Celda c) { marcarFijo(*casilla(c).campo, marcada_ && c == actual_); });
+}
+
 bool MatrizPrecios::tieneFoco() const {
   return isAncestorOf(QApplication::focusWidget());
 }
@@ -217,7 +232,10 @@ bool MatrizPrecios::eventFilter(QObject* objeto, QEvent* evento) {
   if (evento->type() == QEvent::KeyPress)
     return tecla(*cual, static_cast<QKeyEvent*>(evento)->key());
   casilla(*cual).campo->selectAll();
-  if (*cual != std::exchange(actual_, *cual)) Q_EMIT entrada(*cual);
+  if (*cual != std::exchange(actual_, *cual)) {
+    pintarActual();
+    Q_EMIT entrada(*cual);
+  }
   return false;
 }
 

@@ -43,6 +43,9 @@ class MatrizPrecios final : public QWidget {
   bool terminar();
 
   Celda actual() const { return actual_; }
+  // Without the focus; it is shown among the others while `marcada`. One that there isn't is none.
+  void setActual(Celda celda);
+  void setMarcada(bool marcada);
   void irA(Celda celda);  // the focus goes there, all of it selected
   bool tieneFoco() const;
   QWidget* ultimo() const { return ultimo_; }  // in the order of the tab key
@@ -75,6 +78,7 @@ class MatrizPrecios final : public QWidget {
   bool queda(Celda celda, const QString& dicho, const Error& error);
   bool renunciar(Celda celda);
   void resolver();
+  void pintarActual();
   bool eventFilter(QObject* objeto, QEvent* evento) override;
   bool tecla(Celda celda, int tecla);
   bool subirOBajar(Celda celda, int pasos);
@@ -84,7 +88,7 @@ class MatrizPrecios final : public QWidget {
   Escribir escribir_;
   QWidget* ultimo_ = nullptr;
   int niveles_ = 0, tarifas_ = 0;
-  bool rechazado_ = false;
+  bool rechazado_ = false, marcada_ = false;
   Celda actual_;
 };
 

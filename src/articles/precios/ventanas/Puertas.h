@@ -1,10 +1,53 @@
 // The doors of the windows of offers and prices.
 #pragma once
 
+#include <vector>
+
 #include "articles/precios/ParrillaRapida.h"
 #include "core/ventanas/marco/Puerta.h"
 
 namespace tarvo::precios {
+
+// The list over whose articles a window works: the name of the window that walks them.
+inline const QString kListaArticulos = QStringLiteral("BrowPLUs");
+
+// The offers of the groups of a section; 0 for the one that it shows, else the first.
+struct PuertaBrowOfer {
+  static constexpr QStringView kNombre = u"BrowOfer";
+  int seccion = 0;
+};
+
+// The calculator, over the article in hand of the list and from that of its prices; without the
+// list from the code on.
+struct PuertaCalcPre {
+  static constexpr QStringView kNombre = u"CalcPre";
+  int seccion = 1;
+  qint64 codigo = 0;
+  Celda celda = {};
+  QString lista = kListaArticulos;
+};
+
+// Fast entry and fast change; section 0 is the one that they show, else the first.
+struct PuertaFastAlta {
+  static constexpr QStringView kNombre = u"FastAlta";
+  int seccion = 0;
+  QString lista = kListaArticulos;
+};
+struct PuertaFastModf {
+  static constexpr QStringView kNombre = u"FastModf";
+  int seccion = 0;
+  QString lista = kListaArticulos;
+};
+
+// One change for many articles: those of the codes, or what is chosen there. `subida`: the
+// percentage that it begins with.
+struct PuertaCambioLote {
+  static constexpr QStringView kNombre = u"CambioLote";
+  int seccion = 0;
+  std::vector<qint64> codigos = {};
+  QString subida = {};
+  QString lista = kListaArticulos;
+};
 
 // New offers, one after another: of the first group there is where the section is 0.
 struct PuertaNvaOfr {

@@ -13,18 +13,18 @@
 namespace tarvo::precios {
 
 using namespace Qt::StringLiterals;
-using ventanas::fabrica;
 
 void registrarVentanasPrecios(ventanas::Ventanas& v, articles::Catalogo& catalogo) {
-  v.registrar(u"BrowOfer"_s, fabrica<BrowOfer>());
+  v.registrar<PuertaBrowOfer, BrowOfer>();
   v.registrar<PuertaNvaOfr, NvaOfr>();
   v.registrar<PuertaMsgBorrOf, MsgBorrOf>();
-  v.registrar(u"CalcPre"_s, fabrica<CalcPreVentana>(catalogo), {{u"seccion"_s, 1}});
-  v.registrar(u"FastAlta"_s, fabrica<FastAlta>(catalogo));
+  v.registrar<PuertaCalcPre, CalcPreVentana>(catalogo);
+  v.registrar<PuertaFastAlta, FastAlta>(catalogo);
   v.registrar<PuertaCfgFastA, CfgFastA>();
-  v.registrar(u"FastModf"_s, fabrica<FastModf>(catalogo));
+  v.registrar<PuertaFastModf, FastModf>(catalogo);
   v.registrar<PuertaCfgFastPlu, CfgFastPlu>();
-  v.registrar(u"CambioLote"_s, fabrica<CambioLoteVentana>(catalogo), {{u"subida"_s, u"5"_s}});
+  v.registrar<PuertaCambioLote, CambioLoteVentana>(catalogo);
+  v.setMuestra(PuertaCambioLote{.subida = u"5"_s});
 }
 
 }  // namespace tarvo::precios

@@ -5,14 +5,11 @@
 #include <set>
 #include <span>
 
+#include "comm/ventanas/Puertas.h"
 #include "comm/ventanas/Servicios.h"
 #include "core/ventanas/marco/Contexto.h"
 
 namespace tarvo::comm {
-
-// How GrpDlg asks: only groups; a scale too; the report of a zeroing too. Articles and their totals
-// have dialogs of their own.
-enum ModoPedir : int { kModoGrupos = 0, kModoBalanza = 1, kModoCero = 2, kModoTxPLU, kModoRxPLU };
 
 struct EntradaMenu {
   const char16_t* nombre;  // of the action

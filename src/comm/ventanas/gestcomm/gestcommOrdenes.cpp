@@ -12,6 +12,7 @@
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/Ventanas.h"
 #include "core/ventanas/parrilla/Parrilla.h"
+#include "totals/ventanas/Puertas.h"
 
 namespace tarvo::comm {
 
@@ -34,7 +35,7 @@ void gestcommVentana::conectarOrdenes() {
                                                       {ui_.TodoP, Qt::CTRL | Qt::Key_R},
                                                       {ui_.ReponP, QKeySequence::Undo},
                                                       {ui_.AutoP, Qt::CTRL | Qt::Key_U},
-                                                      {ui_.ManuP, Qt::CTRL | Qt::Key_M},
+                                                      {ui_.ManuP, Qt::CTRL | Qt::SHIFT | Qt::Key_U},
                                                       {ui_.BotonTramas, Qt::CTRL | Qt::Key_T},
                                                       {ui_.BotonEstado, Qt::Key_F12}};
   for (const auto& [accion, tecla] : teclas) accion->setShortcut(tecla);
@@ -129,48 +130,46 @@ void gestcommVentana::cambiarModo(bool automatico) {
 
 void gestcommVentana::diagnosticar() {
   if (const int id = tareaElegida(); id != 0)
-    contexto().ventanas.abrirModal(u"Diagnostico"_s, this, {{u"tarea"_s, id}});
+    static_cast<void>(preguntar(PuertaDiagnostico{.tarea = id}));
 }
 
 // Of the group of the task chosen.
 void gestcommVentana::verEstado() {
-  Argumentos a;
+  PuertaEstadoEnvio puerta;
   if (const int fila = ui_.s_espe->filaActual(); fila >= 0)
     if (const auto tarea = tareaVista(static_cast<int>(ui_.s_espe->clave(fila))))
-      a[u"grupo"_s] = tarea->datos.Grupo;
-  contexto().ventanas.abrir(u"EstadoEnvio"_s, this, a);
+      puerta.grupo = tarea->datos.Grupo;
+  abrir(puerta);
 }
 
 void gestcommVentana::verTramas() {
   const int fila = ui_.s_espe->filaActual();
-  Argumentos a;
+  PuertaVerTramas puerta;
   if (fila >= 0) {
-    const int id = static_cast<int>(ui_.s_espe->clave(fila));
-    a[u"tarea"_s] = id;
-    if (const auto tarea = tareaVista(id); tarea && tarea->Canal >= 0) a[u"canal"_s] = tarea->Canal;
+    puerta.tarea = static_cast<int>(ui_.s_espe->clave(fila));
+    const auto tarea = tareaVista(puerta.tarea);
+    if (tarea && tarea->Canal >= 0) puerta.canal = tarea->Canal;
   }
-  contexto().ventanas.abrir(u"VerTramas"_s, this, a);
+  abrir(puerta);
 }
 
 // One group and nothing else to ask: it is taken without a dialog of groups.
 void gestcommVentana::pedirGrupos(const EntradaMenu& e) {
   const motor::ClaseTarea* clase = s_.registro.de(e.clase);
   if (!clase) return;
-  const auto grupos = gruposPara(contexto().db, *clase);
+  const auto grupos = s_.grupos.deTipos(clase->tipos);
   if (!haIdoBien(grupos)) return;
   const bool pideMas = e.modo == kModoBalanza || e.modo == kModoTxPLU || e.modo == kModoRxPLU ||
                        (e.modo == kModoCero && contexto().ajustes.EsEspanol());
   if (grupos->size() == 1 && !pideMas) {
     const std::vector<int> suyo{grupos->front().codigo};
-    if (consientePerder(*this, e.clase, suyo))
+    if (consientePerder(*this, s_.grupos, e.clase, suyo))
       encolarGrupos(*this, s_.motor, suyo, {.clase = e.clase});
     return;
   }
-  const QString dialogo = e.modo == kModoTxPLU   ? u"TxPLUdlg"_s
-                          : e.modo == kModoRxPLU ? u"RxPLUDlg"_s
-                                                 : u"GrpDlg"_s;
-  contexto().ventanas.abrirModal(dialogo, this,
-                                 {{u"clase"_s, numeroDe(e.clase)}, {u"modo"_s, int{e.modo}}});
+  static_cast<void>(e.modo == kModoTxPLU   ? preguntar(PuertaTxPLUdlg{e.clase})
+                    : e.modo == kModoRxPLU ? preguntar(PuertaRxPLUDlg{e.clase})
+                                           : preguntar(PuertaGrpDlg{e.clase, e.modo}));
 }
 
 // --- the end
@@ -195,8 +194,8 @@ bool gestcommVentana::QueryUnload() {
   }
   const auto* quien = qobject_cast<const Ventana*>(dueno());
   const bool deAutomat = quien && quien->nombre() == u"Automat";
-  if (s_.sesion.estado() == 2 && !deAutomat && contexto().ventanas.conoce(u"CerrSes"_s))
-    contexto().ventanas.abrirModal(u"CerrSes"_s, this);
+  if (s_.sesion.estado() == 2 && !deAutomat && contexto().ventanas.conoce<totals::PuertaCerrSes>())
+    static_cast<void>(preguntar(totals::PuertaCerrSes()));
   s_.motor.CambioAModo(true);  // nothing waits for a button that nobody sees
   return false;
 }

@@ -5,6 +5,7 @@
 #include "core/ventanas/aspecto/Tema.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Ventanas.h"
+#include "totals/ventanas/Puertas.h"
 
 namespace tarvo::comm {
 
@@ -43,6 +44,11 @@ void gestcommVentana::ponerSesion() {
   ui_.ImgLlena->setVisible(estado == 2);
   ui_.ImgLlena->setEnabled(colaVacia);
   ui_.imgVacia->setVisible(estado != 2);
+  const QString espera = colaVacia ? QString() : t(kTxSesionEspera);
+  ui_.imgVacia->setToolTip(espera);
+  ui_.ImgLlena->setToolTip(colaVacia ? t(kTxCierraSesion) : espera);
+  ui_.LblSesion->setText(s_.motor.hayReintentables() ? espera : QString());
+  ui_.LblSesion->setHidden(ui_.LblSesion->text().isEmpty());
   const QString texto = t(estado == 0 ? kTxSesionCerrada : kTxSesionVacia);
   if (ui_.imgVacia->text() != texto) ui_.imgVacia->setText(texto);
 }
@@ -61,7 +67,7 @@ void gestcommVentana::cancelarSesion() {
 
 void gestcommVentana::cerrarSesion() {
   if (s_.sesion.estado() == 1) return LaSesion(0);
-  if (s_.sesion.estado() == 2) contexto().ventanas.abrir(u"CerrSes"_s, this);
+  if (s_.sesion.estado() == 2) abrir(totals::PuertaCerrSes());
 }
 
 }  // namespace tarvo::comm

@@ -62,14 +62,24 @@ gestcommVentana::~gestcommVentana() {
   s_.motor.dejarDeObservar(this);
 }
 
-Resultado<> gestcommVentana::preparar(const Argumentos&) {
+Resultado<> gestcommVentana::entrar(const PuertaGestcomm& puerta) {
   terminarAlAcabar_ = false;  // it is wanted again
   s_.motor.TerminaCuandoPuedas(false);
   ponerMenus();
   colaSucia_ = canalesSucios_ = true;
   refrescar();
   ui_.s_espe->setFocus();
+  if (puerta.grupo > 0) irAGrupo(puerta.grupo);
   return {};
+}
+
+// The latest task of a group; where it has none, how one goes about it.
+void gestcommVentana::irAGrupo(int grupo) {
+  const auto tareas = visibles();
+  const auto suya = std::ranges::find(tareas.rbegin(), tareas.rend(), grupo,
+                                      [](const motor::VistaTarea& v) { return v.datos.Grupo; });
+  if (suya != tareas.rend()) return ui_.s_espe->irA(ui_.s_espe->filaDe(suya->datos.Id));
+  decirDuda(contexto().textos(kTxGrupoSinTareas, {grupo}));
 }
 
 void gestcommVentana::changeEvent(QEvent* evento) {
@@ -214,7 +224,7 @@ void gestcommVentana::ponerModo() {
 }
 
 void gestcommVentana::ponerMenus() {
-  const auto tipos = tiposDeGrupos(contexto().db);
+  const auto tipos = s_.grupos.tipos();
   if (!haIdoBien(tipos)) return;
   for (const EntradaMenu& e : entradasMenu())
     if (auto* a = cuerpo()->findChild<QAction*>(QString::fromUtf16(e.nombre)))

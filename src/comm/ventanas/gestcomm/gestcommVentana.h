@@ -18,7 +18,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
  public:
   gestcommVentana(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
   ~gestcommVentana() override;
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaGestcomm& puerta);
   bool QueryUnload() override;
 
  private:
@@ -39,6 +39,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void ponerOrdenes();
   void ponerMenus();
   int canalElegido() const;
+  void irAGrupo(int grupo);
 
   // gestcommOrdenes.cpp: the operator
   void conectarOrdenes();

@@ -1,5 +1,4 @@
-// Opening a file: what kind of file it is, whether it can be written, and the connection's
-// settings.
+// Opening a file: its kind, whether it is writable, and the connection's settings.
 #include <fcntl.h>
 #include <sqlite3.h>
 #include <unistd.h>
@@ -18,7 +17,7 @@ namespace {
 
 using Con = std::shared_ptr<Conexion>;
 
-// By the rights that count when the file is opened.
+// By the rights that apply when the file is opened.
 bool puede(const QString& ruta, int que) {
   return ::faccessat(AT_FDCWD, QFile::encodeName(ruta).constData(), que, AT_EACCESS) == 0;
 }
@@ -55,7 +54,7 @@ Resultado<Con> conectar(const QString& ruta, int modo, bool inmutable) {
   return con;
 }
 
-// The first reading of the file: it tells a database from anything else.
+// The first read of the file: it distinguishes a database from anything else.
 Resultado<QString> modoDiario(Conexion& con) {
   TARVO_TOMAR(auto p, con.preparar(QStringLiteral("PRAGMA journal_mode")));
   TARVO_INTENTAR(p.paso());
@@ -66,8 +65,8 @@ Resultado<QString> modoDiario(Conexion& con) {
   return modo;
 }
 
-// Takes the write lock and lets it go: a protected file, folder or disk is known now and not in the
-// middle of the night. A lock that another program holds proves as much.
+// Takes the write lock and releases it: a protected file, folder or disk is discovered now and not
+// in the middle of the night. A lock held by another program proves as much.
 Resultado<> probarEscritura(Conexion& con, int espera) {
   if (sqlite3_db_readonly(con.cruda(), "main") == 1)
     return std::unexpected(errorDe(nullptr, SQLITE_READONLY, con.ruta));
@@ -94,7 +93,8 @@ Resultado<> ajustar(Conexion& con, const Apertura& como) {
   return con.ejecutar(QStringLiteral("PRAGMA foreign_keys=ON"));
 }
 
-// A protected folder has no room for the engine's files beside the database: it says "cannot open".
+// In a protected folder the engine can't create its files beside the database: it reports "cannot
+// open".
 Error comoProteccion(Error e, const QString& ruta) {
   const QFileInfo f(ruta);
   const bool protegida = f.exists() && !(puede(ruta, W_OK) && puede(f.absolutePath(), W_OK));
@@ -114,7 +114,7 @@ Resultado<std::unique_ptr<Database>> Database::OpenDatabase(const QString& ruta,
   auto r = ajustar(**con, como);
   if (!r && como.soloLeer &&
       (r.error().clase == Fallo::SinPermiso || r.error().clase == Fallo::SoloLectura)) {
-    // On a protected medium nobody writes, so that the file may be read without locks.
+    // A protected medium has no writers, so the file may be read without locks.
     con = conectar(ruta, modo, true);
     if (!con) return std::unexpected(con.error());
     r = ajustar(**con, como);

@@ -41,8 +41,8 @@ Resultado<Preparada> Base::traducida(QStringView sql) {
   return con_->preparar(*t);
 }
 
-// Translated and prepared once for each text. Texts with values pasted in would grow without bound,
-// so a full store is emptied.
+// Translated and prepared once for each text. Texts with pasted values would grow without bound, so
+// a full store is emptied.
 Resultado<Preparada*> Base::guardada(QStringView sql, std::span<const Valor> parametros) {
   const QString texto = sql.toString();
   auto hallada = guardadas_.find(texto);

@@ -38,7 +38,7 @@ std::vector<QString> partesDeIndice(const QString& sql) {
   return partes;
 }
 
-// The expression of an index over a parameter in place of the column that stands in it.
+// The expression of an index, with a parameter in place of its column.
 Resultado<QString> sobreParametro(const QString& expresion, const InfoTabla& tabla) {
   TARVO_TOMAR(auto elementos, cortar(expresion));
   QString salida;
@@ -119,7 +119,7 @@ bool Catalogo::existe(QStringView tablaOVista) {
   return nombres_.contains(tablaOVista.toString().toLower());
 }
 
-// Nothing when they can't be read to the end: half a list must not be kept.
+// Empty if they can't be read to the end: half a list must not be kept.
 QSet<QString> Catalogo::leerNombres() {
   auto p = con_.preparar(u"SELECT name FROM sqlite_master WHERE type IN ('table','view')"_s);
   if (!p) return {};

@@ -1,4 +1,4 @@
-// What the database says of its own tables: columns in order, and the key of each index.
+// The database's description of its own tables: columns in order, and the key of each index.
 #pragma once
 
 #include <QHash>
@@ -11,11 +11,11 @@
 
 namespace tarvo::dao {
 
-// One part of an index key.
+// A part of an index key.
 struct ParteClave {
   int columna = -1;      // of the table; -1 when the part is an expression
   QString sql;           // the column's name in quotes, or the expression
-  QString conParametro;  // the same of a sought value, "%1" being its parameter
+  QString conParametro;  // the same for a sought value, with "%1" as its parameter
 };
 
 struct InfoTabla {
@@ -31,15 +31,15 @@ class Catalogo {
  public:
   explicit Catalogo(Conexion& con) : con_(con) {}
 
-  // NoExiste when there is no such table.
+  // NoExiste if there is no such table.
   Resultado<std::shared_ptr<const InfoTabla>> tabla(QStringView nombre);
-  // The index is called "TABLE.index" in the file, because there index names share one room.
+  // The index is called "TABLE.index" in the file, where all index names share one namespace.
   // NoExiste.
   Resultado<std::vector<ParteClave>> indice(const InfoTabla& tabla, QStringView nombre,
                                             QString& enFichero);
   bool existe(QStringView tablaOVista);
   bool columnaDeTexto(const QString& enMinusculas);
-  // Forgets what it knows: a statement has changed the schema.
+  // Drops its knowledge after a statement has changed the schema.
   void olvidar();
 
  private:

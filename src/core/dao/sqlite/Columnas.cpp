@@ -12,8 +12,8 @@ struct Columna {
   QString nombre, tipo, defecto;
 };
 
-// The type is that which CREATE TABLE ... AS SELECT gives a column of this kind, so that a copy
-// looks the same whichever way its columns came.
+// The type that CREATE TABLE ... AS SELECT gives a column of this kind, so that a copy looks the
+// same however its columns were added.
 Resultado<Columna> columnaPara(Conexion& con, QStringView tabla, QStringView columna) {
   TARVO_TOMAR(auto p, con.preparar(uR"(
 SELECT name, CASE

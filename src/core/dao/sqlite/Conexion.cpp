@@ -71,7 +71,7 @@ Resultado<> Preparada::ejecutar() {
     TARVO_TOMAR(const auto fila, paso());
     if (!fila) break;
   }
-  // The engine may tell the failure of a commit only here.
+  // The engine may report a failed commit only here.
   if (const int rc = sqlite3_reset(s_); rc != SQLITE_OK) return std::unexpected(con_->error(rc));
   return {};
 }

@@ -1,4 +1,4 @@
-// The engine's connection and its kept statements. Everything that stands on it holds it by shared
+// The engine's connection and its kept statements. Everything that uses it holds it by shared
 // pointer, so that a recordset may outlive its Database.
 #pragma once
 
@@ -16,8 +16,8 @@ namespace tarvo::dao {
 
 class Conexion;
 
-// A prepared statement. Whoever steps it resets it before handing control back: no statement stays
-// open. REQUIRES that its connection outlives it, which keeps it for the next use of its text.
+// A prepared statement. A caller that steps it resets it before returning: no statement stays open.
+// REQUIRES that its connection, which keeps it for the next use of its text, outlives it.
 class Preparada {
  public:
   Preparada() = default;
@@ -58,24 +58,23 @@ class Conexion {
   sqlite3* cruda() const { return db_; }
   Error error(int codigo) const;
 
-  // One statement of the engine's own SQL; Formato when there is none or more than one.
+  // One statement of the engine's own SQL; Formato if there is none or more than one.
   Resultado<Preparada> preparar(const QString& sql);
   Resultado<> ejecutar(const QString& sql);
-  // Takes a statement that nobody uses any more.
+  // Takes a statement that is no longer in use.
   void guardar(sqlite3_stmt* s);
 
-  // --- transactions: depth 1 is the engine's transaction, deeper ones are savepoints
-  // ----------------
+  // --- transactions: depth 1 is the engine's transaction, deeper ones are savepoints ---
   Resultado<> empezar();
   Resultado<> confirmar();
   void deshacer();
   int profundidad() const { return profundidad_; }
-  // Fails when the engine gave up the transaction that is believed open (a full disk does that):
-  // what follows must not be written outside it.
+  // Fails if the engine gave up the transaction (a full disk does that) that the caller believes
+  // open: later writes must not land outside it.
   Resultado<> puedeEscribir() const;
 
   qint64 cambios() const;
-  // Something changed that the engine's own count does not show.
+  // Records a change that the engine's own count does not show.
   void contarCambio() { ++otrosCambios_; }
 
   const QString ruta;
@@ -88,7 +87,7 @@ class Conexion {
   int profundidad_ = 0;
   qint64 otrosCambios_ = 0;
   Preparada begin_, commit_, rollback_;
-  // By text. Recordsets come and go; to prepare theirs anew costs more than to use them.
+  // By text. Recordsets come and go, and preparing a statement anew costs more than using it.
   QHash<QByteArray, sqlite3_stmt*> libres_;
 };
 

@@ -18,7 +18,7 @@ Resultado<std::unique_ptr<Consulta>> Consulta::abrir(Preparada& p) {
   bool primera = true;
   for (;;) {
     TARVO_TOMAR(const auto fila, p.paso());
-    // The first step may have prepared the statement anew after a change of the schema.
+    // The first step may have re-prepared the statement after a change of the schema.
     if (std::exchange(primera, false)) {
       c->columnas_ = sqlite3_column_count(p.cruda());
       c->pagina_.vaciar(c->columnas_);

@@ -7,7 +7,7 @@ namespace tarvo::dao {
 
 class Consulta final : public Filas {
  public:
-  // Reads every row; the statement is free again afterwards.
+  // Reads every row; the statement is free afterwards.
   static Resultado<std::unique_ptr<Consulta>> abrir(Preparada& p);
 
   Resultado<> MoveFirst() override;

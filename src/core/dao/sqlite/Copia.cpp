@@ -75,7 +75,7 @@ Resultado<> copiarBase(const QString& origen, const QString& destino) {
         Fallo::DiscoLleno,
         QStringLiteral("No se ha podido escribir la copia de la base de datos: %1").arg(destino));
   }
-  // What an earlier file of that name left beside it must not be taken for part of the new one.
+  // Companions of an earlier file of that name must not be taken for parts of the new one.
   quitarAcompanantes(destino);
   if (std::rename(QFile::encodeName(nueva).constData(), QFile::encodeName(destino).constData()) !=
       0) {

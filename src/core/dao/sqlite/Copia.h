@@ -7,7 +7,7 @@
 
 namespace tarvo::dao {
 
-// Copies what is committed in `origen` to a file beside `destino`, flushes it and renames it:
+// Copies the committed contents of `origen` to a file beside `destino`, flushes it and renames it:
 // `destino` is the old file or the new one, never half of it. The copy is one plain file.
 Resultado<> copiarBase(const QString& origen, const QString& destino);
 

@@ -1,4 +1,4 @@
-// What a result code of the engine means for the rest of the program.
+// Translates the engine's result codes for the rest of the program.
 #pragma once
 
 #include <QString>
@@ -9,8 +9,7 @@ struct sqlite3;
 
 namespace tarvo::dao {
 
-// The error that the connection holds after a call answered `codigo`. `que` names the file or the
-// statement.
+// The connection's error after a call returned `codigo`. `que` names the file or the statement.
 Error errorDe(sqlite3* db, int codigo, const QString& que);
 
 }  // namespace tarvo::dao

@@ -1,4 +1,5 @@
-// What both kinds of recordset share: columns by name, and the row under the cursor within a page.
+// The part common to both kinds of recordset: columns by name, and the row under the cursor within
+// a page.
 #pragma once
 
 #include "core/dao/Recordset.h"

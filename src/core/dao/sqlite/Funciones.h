@@ -1,5 +1,5 @@
-// What the connection knows beyond the engine's own: see Dialecto.h. Nothing in the schema may use
-// it.
+// The functions and collations that the connection adds to the engine's: see Dialecto.h. Nothing in
+// the schema may use them.
 #pragma once
 
 struct sqlite3;

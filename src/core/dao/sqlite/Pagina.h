@@ -13,9 +13,9 @@ namespace tarvo::dao {
 
 class Pagina {
  public:
-  // Forgets the rows, keeps the room.
+  // Drops the rows, keeps the memory.
   void vaciar(int columnas);
-  // Copies the row under the statement, which has that many columns.
+  // Copies the statement's present row, which has that many columns.
   void anadir(sqlite3_stmt* s);
   int filas() const { return filas_; }
 

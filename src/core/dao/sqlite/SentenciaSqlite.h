@@ -5,7 +5,7 @@
 
 namespace tarvo::dao {
 
-// Runs a statement to its end and tells how many rows it changed.
+// Runs a statement to its end and returns the number of changed rows.
 Resultado<qint64> ejecutarContando(Conexion& con, Preparada& p);
 
 class SentenciaSqlite final : public Sentencia {

@@ -50,8 +50,7 @@ Resultado<> Tabla::Index(QStringView nombre) {
   return MoveFirst();
 }
 
-// --- the statements
-// -----------------------------------------------------------------------------------------
+// --- the statements ---
 
 QString Tabla::seleccion() const {
   QString s = QStringLiteral("SELECT ");
@@ -112,8 +111,7 @@ Resultado<Preparada*> Tabla::detras() {
                                u"?)"_s + orden(""));
 }
 
-// --- reading
-// ------------------------------------------------------------------------------------------------
+// --- reading ---
 
 Resultado<> Tabla::leer(Preparada& p, int maximo) {
   while (leida_.filas() < maximo) {
@@ -125,8 +123,7 @@ Resultado<> Tabla::leer(Preparada& p, int maximo) {
   return {};
 }
 
-// Fills leida_ with the rows at or past a key or, given a row's number, after that row of that
-// key.
+// Fills leida_ with the rows at or past a key or, given a row's number, after that row of the key.
 Resultado<> Tabla::leerDesde(std::span<const Valor> clave, std::optional<qint64> fila, int maximo) {
   leida_.vaciar(columnasLeidas_);
   if (tieneNulo(clave)) return leerPorNiveles(clave, fila, maximo);
@@ -168,7 +165,7 @@ Resultado<> Tabla::leerNivel(std::span<const Valor> clave, size_t iguales,
   return leer(*p, maximo);
 }
 
-// Makes the page just read the current one, the cursor on its first row.
+// Makes the page just read the current one, with the cursor on its first row.
 void Tabla::adoptar(int maximo) {
   std::swap(pagina_, leida_);
   completa_ = pagina_.filas() < maximo;

@@ -60,7 +60,7 @@ class Tabla final : public Filas {
   std::shared_ptr<const InfoTabla> info_;
   QString indice_;  // its name in the file; empty: the order of the row numbers
   std::vector<ParteClave> claves_;
-  std::vector<int> celdaClave_;  // where each key part is in a page
+  std::vector<int> celdaClave_;  // the cell of each key part in a page
   int columnasLeidas_ = 0;       // columns, expressions of the key, the row's number
 
   std::vector<Preparada> iguales_, desdes_;
@@ -79,7 +79,7 @@ class Tabla final : public Filas {
     Preparada sentencia;
   };
   Modo modo_ = Modo::Ninguno;
-  std::vector<int> puestas_;    // columns in the order in which they were put
+  std::vector<int> puestas_;    // columns in the order they were set
   std::vector<Valor> valores_;  // by column
   bool columnaMala_ = false;
   std::vector<Escritura> escrituras_;

@@ -1,4 +1,4 @@
-// The writing half of a table recordset: one kept statement for each set of columns that is put.
+// The writing half of a table recordset: a kept statement for each set of columns written.
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -83,7 +83,7 @@ Resultado<> Tabla::cambiar(Preparada& p) {
                          static_cast<double>(v.entero()) == v.real();
     pagina_.poner(fila_, c, aEntero ? Valor(v.entero()) : v);
   }
-  // A changed key moves the row; where it is now is asked of the engine.
+  // A changed key moves the row; the engine tells its new place.
   for (size_t i = 0; i < claves_.size(); ++i) {
     if (claves_[i].columna >= 0) continue;
     TARVO_TOMAR(auto k, con_->preparar(u"SELECT "_s + claves_[i].sql + u" FROM "_s +

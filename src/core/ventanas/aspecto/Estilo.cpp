@@ -178,7 +178,8 @@ QComboBox::down-arrow, QDateEdit::down-arrow, QDateTimeEdit::down-arrow {
 QAbstractSpinBox::up-button, QAbstractSpinBox::down-button { border: none; background: transparent; width: @p5; }
 QAbstractSpinBox::up-arrow { image: url(:/iconos/flecha-arriba-@cara.svg); width: @p2; height: @p2; }
 QAbstractSpinBox::down-arrow { image: url(:/iconos/flecha-@cara.svg); width: @p2; height: @p2; }
-QComboBox QAbstractItemView { border: 1px solid @borde; }
+QComboBox QAbstractItemView { border: 1px solid @borde; selection-background-color: @acento;
+  selection-color: @textoacento; }
 QGroupBox { border: 1px solid @linea; border-radius: 4px; margin-top: @grupo; padding-top: @p1; }
 QGroupBox::title { subcontrol-origin: margin; left: @p2; padding: 0 @p1; color: @palido; }
 QTableView, QTreeView, QListView { border: 1px solid @borde; background: @base;
@@ -187,6 +188,10 @@ QTableView, QTreeView, QListView { border: 1px solid @borde; background: @base;
 QHeaderView { background: @fondo; border: none; }
 QHeaderView::section { background: @fondo; color: @texto; border: none; border-right: 1px solid @linea;
   border-bottom: 1px solid @borde; padding: 0 @p2; font-weight: 600; }
+QHeaderView::up-arrow { image: url(:/iconos/flecha-arriba-@cara.svg); }
+QHeaderView::down-arrow { image: url(:/iconos/flecha-@cara.svg); }
+QHeaderView::up-arrow, QHeaderView::down-arrow { subcontrol-position: top center;
+  width: @p2; height: @p2; }
 QTableCornerButton::section { background: @fondo; border: none; }
 QMenu { background: @base; color: @texto; border: 1px solid @borde; padding: @p1 0; }
 QMenu::item { padding: @p1 @p6; }
@@ -197,8 +202,11 @@ QProgressBar { border: 1px solid @borde; border-radius: 4px; background: @base; 
   text-align: center; }
 QProgressBar::chunk { background: @seleccion; }
 QSplitter::handle { background: @linea; }
-QSplitter::handle:horizontal { width: @p1; }
-QSplitter::handle:vertical { height: @p1; }
+QSplitter::handle:horizontal { width: @p1; border: 0 solid @fondo; border-left-width: @p1; border-right-width: @p2; }
+QSplitter::handle:vertical { height: @p1; border: 0 solid @fondo; border-top-width: @p1; border-bottom-width: @p2; }
+QMenuBar { background: @fondo; color: @texto; border: none; padding: 0; }
+QMenuBar::item { background: transparent; padding: @p1 @p3; border-radius: 4px; }
+QMenuBar::item:selected { background: @seleccion; color: @textosel; }
 QFrame#Tira, QFrame#TiraTrabajo { border: none; border-left: 4px solid @borde; border-radius: 0;
   background: @alterna; }
 QFrame#Tira[estado="1"] { background: @fondobien; border-left-color: @bien; }

@@ -1,5 +1,6 @@
 #include "core/ventanas/edicion/Campo.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -74,6 +75,34 @@ void Campo::enfocar() {
 void Campo::tocar() {
   marcar({});
   Q_EMIT cambiado();
+}
+
+namespace {
+
+class Empujon final : public QObject {
+ public:
+  explicit Empujon(QLineEdit& linea) : QObject(&linea), linea_(linea) {
+    linea.installEventFilter(this);
+  }
+
+ private:
+  bool eventFilter(QObject*, QEvent* evento) override {
+    if (evento->type() != QEvent::KeyPress) return false;
+    const QString tecla = static_cast<QKeyEvent*>(evento)->text();
+    const bool cabe = linea_.text().size() < linea_.maxLength() || linea_.hasSelectedText() ||
+                      linea_.cursorPosition() < linea_.text().size();
+    if (cabe || tecla.size() != 1 || tecla[0] < u'0' || tecla[0] > u'9') return false;
+    linea_.setText(linea_.text().mid(1) + tecla);
+    return true;
+  }
+
+  QLineEdit& linea_;
+};
+
+}  // namespace
+
+void empujarCifras(QLineEdit& linea) {
+  new Empujon(linea);
 }
 
 CampoLinea::CampoLinea(QLineEdit& linea, QLabel* falta, Modo modo)

@@ -23,6 +23,8 @@ namespace tarvo::ventanas {
 struct Modo {
   // The same with other words for whatever is refused.
   Modo con(const QString& falta) &&;
+  // The same where nothing that was typed counts as this text.
+  Modo vacioComo(const QString& texto) &&;
 
   std::function<QString()> ver;
   // The text of its error is the fault, in words.
@@ -72,6 +74,9 @@ class Campo : public QObject {
   QLabel* falta_;
   QString nombre_, visto_;
 };
+
+// A full line of digits takes a further one at its end by pushing the first one out.
+void empujarCifras(QLineEdit& linea);
 
 // A line of text of any kind.
 class CampoLinea final : public Campo {

@@ -1,5 +1,7 @@
 #include "core/ventanas/edicion/Deshacer.h"
 
+#include <ranges>
+
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Tema.h"
 #include "core/ventanas/parrilla/Parrilla.h"
@@ -21,8 +23,14 @@ Deshacer::Deshacer(Ventana& ventana, QAction* accion)
   pintar();
 }
 
-void Deshacer::apuntar(const QString& que, Vuelta vuelta) {
-  pila_.push_back({que, std::move(vuelta)});
+int Deshacer::apuntar(const QString& que, Vuelta vuelta) {
+  pila_.push_back({++ultimo_, que, std::move(vuelta)});
+  pintar();
+  return ultimo_;
+}
+
+void Deshacer::retirar(int numero) {
+  std::erase_if(pila_, [numero](const Cambio& c) { return c.numero == numero; });
   pintar();
 }
 
@@ -43,6 +51,27 @@ void Deshacer::seguirCeldas(Parrilla& lista, std::function<bool(int)> cuando) {
       });
 }
 
+void Deshacer::seguirTandas(Parrilla& lista) {
+  const auto desde = std::make_shared<int>(0);
+  connect(&lista, &Parrilla::vanVarias, this, [this, desde] { *desde = ultimo_; });
+  connect(&lista, &Parrilla::variasEscritas, this,
+          [this, desde](int cuantas) { juntar(*desde, cuantas); });
+}
+
+// Those that were noted after that number become one. What can't come back stays, and is counted.
+void Deshacer::juntar(int desde, int cuantas) {
+  const auto primero =
+      std::ranges::find_if(pila_, [desde](const Cambio& c) { return c.numero > desde; });
+  std::vector<Cambio> suyos(primero, pila_.end());
+  if (suyos.size() < 2) return;
+  pila_.erase(primero, pila_.end());
+  apuntar(Plural(v_.t(kTxCeldasEscritas), cuantas), [this, suyos]() -> Resultado<Vuelto> {
+    int fuera = 0;
+    for (const Cambio& c : suyos | std::views::reverse) fuera += c.vuelta() ? 0 : 1;
+    return fuera == 0 ? Vuelto() : Vuelto{Plural(v_.t(kTxCeldasSinVolver), fuera), true};
+  });
+}
+
 void Deshacer::deshacer() {
   if (pila_.empty()) return;
   const Cambio cambio = pila_.back();
@@ -50,8 +79,8 @@ void Deshacer::deshacer() {
   const bool puedePasar = !hecho && (hecho.error().clase == Fallo::Ocupado ||
                                      hecho.error().clase == Fallo::SoloLectura ||
                                      hecho.error().clase == Fallo::DiscoLleno);
-  if (!puedePasar) pila_.pop_back();
-  pintar();
+  if (hecho && hecho->queda) return;
+  if (!puedePasar) retirar(cambio.numero);
   if (!v_.haIdoBien(hecho)) return;
   const QString texto = hecho->texto.isEmpty() ? v_.t(kTxDeshecho).arg(cambio.que) : hecho->texto;
   hecho->duda ? v_.decirDuda(texto) : v_.decirBien(texto);

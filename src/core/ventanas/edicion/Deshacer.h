@@ -21,6 +21,7 @@ class Deshacer final : public QObject {
   struct Vuelto {
     QString texto = {};
     bool duda = false;
+    bool queda = false;  // not now: nothing is said, and it can be taken back later
   };
   using Vuelta = std::function<Resultado<Vuelto>()>;
 
@@ -28,10 +29,15 @@ class Deshacer final : public QObject {
   explicit Deshacer(Ventana& ventana, QAction* accion = nullptr);
   QAction* accion() const { return accion_; }
 
-  void apuntar(const QString& que, Vuelta vuelta);
+  // Its number.
+  int apuntar(const QString& que, Vuelta vuelta);
+  // One that can't be taken back from here any more.
+  void retirar(int numero);
   // Cells that are written into are kept, each with what stood there. The list reads its rows again
   // after a cell that comes back. `cuando` false leaves a cell of that column out.
   void seguirCeldas(Parrilla& lista, std::function<bool(int columna)> cuando = {});
+  // What is written into many cells at once comes back at once.
+  void seguirTandas(Parrilla& lista);
   void deshacer();
   bool vacia() const { return pila_.empty(); }
   void olvidar();
@@ -41,14 +47,17 @@ class Deshacer final : public QObject {
 
  private:
   struct Cambio {
+    int numero;
     QString que;
     Vuelta vuelta;
   };
+  void juntar(int desde, int cuantas);
   void pintar();
 
   Ventana& v_;
   QAction* accion_;
   std::vector<Cambio> pila_;
+  int ultimo_ = 0;
 };
 
 }  // namespace tarvo::ventanas

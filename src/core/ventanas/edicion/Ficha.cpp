@@ -3,7 +3,9 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
+#include <QRadioButton>
 
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
@@ -87,7 +89,10 @@ QString rotuloDe(const QWidget& control, const QWidget& cuerpo) {
 }  // namespace
 
 Campo& Ficha::enlazarCampo(QLineEdit& linea, Modo modo, int nombre, QLabel* falta) {
-  if (modo.deFecha) new EscogeFecha(linea, contexto());
+  if (modo.deFecha) {
+    new EscogeFecha(linea, contexto());
+    fechas_.push_back(&linea);
+  }
   auto* campo = new CampoLinea(linea, falta ? falta : faltaBajo(linea, *cuerpo()), std::move(modo));
   const QString suyo = nombre > 0 ? t(nombre) : rotuloDe(linea, *cuerpo());
   campo->setNombre(suyo);
@@ -119,6 +124,27 @@ Campo& Ficha::enlazarCampo(QCheckBox& casilla, bool& donde) {
                      .aMiembro = [&casilla, &donde] { donde = casilla.isChecked(); }});
   connect(&casilla, &QCheckBox::toggled, campo, &CampoVivo::haCambiado);
   campo->setNombre(casilla.text());
+  return anadir(campo);
+}
+
+Campo& Ficha::enlazarCampo(QRadioButton& si, QRadioButton& no, bool& donde) {
+  auto* campo =
+      new CampoVivo(si, nullptr,
+                    {.estado = [&si] { return QString::number(si.isChecked()); },
+                     .aControl = [&si, &no, &donde] { (donde ? si : no).setChecked(true); },
+                     .aMiembro = [&si, &donde] { donde = si.isChecked(); }});
+  connect(&si, &QRadioButton::toggled, campo, &CampoVivo::haCambiado);
+  campo->setNombre(si.text());
+  return anadir(campo);
+}
+
+Campo& Ficha::enlazarCampo(QListWidget& lista, int& fila) {
+  auto* campo = new CampoVivo(lista, nullptr,
+                              {.estado = [&lista] { return QString::number(lista.currentRow()); },
+                               .aControl = [&lista, &fila] { lista.setCurrentRow(fila); },
+                               .aMiembro = [&lista, &fila] { fila = lista.currentRow(); }});
+  connect(&lista, &QListWidget::currentRowChanged, campo, &CampoVivo::haCambiado);
+  campo->setNombre(rotuloDe(lista, *cuerpo()));
   return anadir(campo);
 }
 
@@ -200,8 +226,16 @@ bool Ficha::cambiada() const {
   return std::ranges::any_of(campos_, &Campo::tocado);
 }
 
+bool Ficha::consiente() {
+  std::vector<Fecha> dias;
+  for (const QLineEdit* linea : fechas_)
+    if (const auto f = Fecha::leer(linea->text().trimmed()); f && linea->isEnabled())
+      dias.push_back(*f);
+  return consienteFechas(*this, dias);
+}
+
 void Ficha::confirmar() {
-  if (leer() && haIdoBien(aplicar())) aplicada();
+  if (leer() && consiente() && conforme() && haIdoBien(aplicar())) aplicada();
 }
 
 bool Ficha::QueryUnload() {

@@ -26,7 +26,10 @@
 #include "core/ventanas/marco/Ventanas.h"
 
 class QCheckBox;
+class QLineEdit;
+class QListWidget;
 class QPushButton;
+class QRadioButton;
 
 namespace tarvo::ventanas {
 
@@ -58,6 +61,7 @@ class Ficha : public Ventana {
 
   // --- kinds of fields over a member of the copy; limits are inclusive
   Modo texto(QString& donde, int largo = 0, bool obligatorio = false) const;
+  Modo cifras(QString& donde, int mayor) const;  // a text of digits, or none
   template <class T>
   Modo numero(T& donde, qint64 menor, qint64 mayor) const {
     return numeroDe([&donde] { return static_cast<qint64>(donde); },
@@ -88,6 +92,8 @@ class Ficha : public Ventana {
         lista, [&donde] { return static_cast<qint64>(donde); },
         [&donde](qint64 n) { donde = static_cast<T>(n); });
   }
+  Campo& enlazarCampo(QRadioButton& si, QRadioButton& no, bool& donde);
+  Campo& enlazarCampo(QListWidget& lista, int& fila);     // its current row, -1 for none
   Campo& enlazarTexto(QComboBox& lista, QString& donde);  // by its words; "" for none chosen
   Campo& anadir(Campo* campo);
 
@@ -103,6 +109,10 @@ class Ficha : public Ventana {
   // domain has one; without lines where it stands alone. 0 without lines: the words of the first
   // fault are the box.
   void setFrase(int texto, bool conLineas = true);
+  // The box; the first of them gets the focus.
+  virtual void decir(const std::vector<FaltaCampo>& faltas);
+  // Asks what has to be asked of a copy without a fault; false: it isn't applied.
+  virtual bool conforme() { return true; }
   // Applies the copy: one operation of an engine. On a failure nothing is applied, and it is said.
   virtual Resultado<> aplicar() { return {}; }
   // After a good aplicar(): closes, or hands back.
@@ -114,7 +124,7 @@ class Ficha : public Ventana {
   bool leer();  // the fields into the copy; false, and it has been said, when something is wrong
   bool leerCallada();  // the same without the box
   virtual bool cambiada() const;
-  void confirmar();  // what "Acepto" does
+  virtual void confirmar();  // what "Acepto" does
 
   QPushButton* acepto() const { return acepto_; }
   QPushButton* cancelo() const { return cancelo_; }
@@ -126,9 +136,10 @@ class Ficha : public Ventana {
   Modo codigoDe(std::function<qint64()> ver, std::function<void(qint64)> poner, int cifras,
                 qint64 menor, qint64 mayor) const;
   std::vector<FaltaCampo> faltas();
-  void decir(const std::vector<FaltaCampo>& faltas);
+  bool consiente();  // days far away are meant
 
   std::vector<Campo*> campos_;
+  std::vector<QLineEdit*> fechas_;
   QPushButton *acepto_ = nullptr, *cancelo_ = nullptr;
   int frase_ = 0;
   bool conLineas_ = true;

@@ -185,13 +185,22 @@ Formulario Formulario::ficha(QTabWidget* fichas, int titulo, const QString& nomb
 }
 
 std::vector<Formulario> Formulario::columnas(int cuantas) {
+  return repartir(std::vector<int>(static_cast<size_t>(cuantas), 1));
+}
+
+std::vector<Formulario> Formulario::columnas(std::initializer_list<int> partes) {
+  return repartir(partes);
+}
+
+std::vector<Formulario> Formulario::repartir(const std::vector<int>& partes) {
   auto* linea = new QHBoxLayout;
   linea->setSpacing(escalar(kSeparacion));
   sitio_->addLayout(linea);
   std::vector<Formulario> todas;
-  for (int i = 0; i < cuantas; ++i) {
+  todas.reserve(partes.size());
+  for (const int parte : partes) {
     auto* columna = new QVBoxLayout;
-    linea->addLayout(columna, 1);
+    linea->addLayout(columna, parte);
     todas.emplace_back(*ficha_, *columna);
   }
   return todas;

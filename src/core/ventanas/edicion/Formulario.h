@@ -58,6 +58,8 @@ class Formulario {
   QTabWidget* fichas(const QString& nombre);
   Formulario ficha(QTabWidget* fichas, int titulo, const QString& nombre);
   std::vector<Formulario> columnas(int cuantas);
+  // The same, each with its part of the room; 0 for what it needs.
+  std::vector<Formulario> columnas(std::initializer_list<int> partes);
 
  private:
   Campo& lista(int rotulo, const QString& nombre, std::function<qint64()> ver,
@@ -68,6 +70,7 @@ class Formulario {
   QLabel* faltaDe(QGridLayout& reja, int linea, const QString& nombre);
   void poner(QWidget* control, const QString& nombre, int rotulo, int crece);
   QWidget* donde() const;
+  std::vector<Formulario> repartir(const std::vector<int>& partes);
 
   Ficha* ficha_;
   QBoxLayout* sitio_;

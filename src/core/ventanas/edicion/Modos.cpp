@@ -38,6 +38,26 @@ Modo Modo::con(const QString& falta) && {
   return std::move(*this);
 }
 
+Modo Modo::vacioComo(const QString& texto) && {
+  poner = [leer = std::move(poner), texto](const QString& s) {
+    return leer(s.trimmed().isEmpty() ? texto : s);
+  };
+  return std::move(*this);
+}
+
+Modo Ficha::cifras(QString& donde, int mayor) const {
+  return {.ver = [&donde] { return donde; },
+          .poner = [this, &donde, mayor](const QString& s) -> Resultado<> {
+            const QString t = s.trimmed();
+            if (t.size() > mayor || !(t.isEmpty() || soloCifras(t)))
+              return fallo(Fallo::Formato, this->t(kTxHastaCifras).arg(mayor));
+            donde = t;
+            return {};
+          },
+          .limites = t(kTxHastaCifras).arg(mayor),
+          .letras = mayor};
+}
+
 Modo Ficha::texto(QString& donde, int largo, bool obligatorio) const {
   return {.ver = [&donde] { return donde; },
           .poner = [this, &donde, largo, obligatorio](const QString& s) -> Resultado<> {

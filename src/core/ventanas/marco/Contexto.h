@@ -3,10 +3,10 @@
 #pragma once
 
 #include "core/ajustes/Ajustes.h"
-#include "core/dao/Database.h"
 #include "core/nombres/Nombres.h"
 #include "core/textos/Textos.h"
 #include "core/tiempo/Reloj.h"
+#include "core/ventanas/marco/Base.h"
 
 class QThreadPool;
 
@@ -17,7 +17,8 @@ class Tema;
 class Ventanas;
 
 struct Contexto {
-  dao::Database& db;
+  Base base;
+  dao::Database& db;       // of the catalogue's windows alone
   const Nombres& nombres;  // what combo boxes choose from
   Ajustes& ajustes;
   const Textos& textos;

@@ -10,6 +10,8 @@
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/Ventana.h"
 
 namespace tarvo::ventanas {
 
@@ -18,8 +20,20 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kAnchoMes = 340, kAltoMes = 240;
+constexpr int kPrimerAno = 1990, kAnosPorVenir = 10;
 
 }  // namespace
+
+bool consienteFechas(Ventana& quien, const std::vector<Fecha>& fechas) {
+  const int ahora = quien.contexto().reloj.ahora().qdate().year();
+  QStringList lejanas;
+  for (const Fecha& f : fechas)
+    if (const int a = f.qdate().year(); a < kPrimerAno || a > ahora + kAnosPorVenir)
+      lejanas << f.corta();
+  return lejanas.isEmpty() || MyMsgBox::Decide(&quien, quien.contexto().textos,
+                                               quien.t(kTxFechaLejana).arg(lejanas.join(u", "_s)),
+                                               kAceptoCancelo | kExclamacion | kPrudente);
+}
 
 void vestirMes(QCalendarWidget& mes) {
   mes.setLocale(QLocale(QLocale::Spanish, QLocale::Spain));

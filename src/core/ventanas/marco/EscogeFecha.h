@@ -15,6 +15,12 @@ namespace tarvo::ventanas {
 // The month as it is read here: Spanish, from Monday on, with the program's pictures.
 void vestirMes(QCalendarWidget& mes);
 
+class Ventana;
+
+// True when all of these days are near enough to be meant, or when the person says that they are: a
+// slip of the fingers gives the year 1500 or 9999. Cancelar is the default.
+bool consienteFechas(Ventana& quien, const std::vector<Fecha>& fechas);
+
 class EscogeFecha final : public QObject {
   Q_OBJECT
  public:

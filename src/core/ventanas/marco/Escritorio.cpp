@@ -42,8 +42,11 @@ Escritorio::Escritorio(QApplication& app, dao::Database& db, Ajustes& ajustes, c
     : nombres_(db),
       recuerdos_(rutaRecuerdos),
       tema_(app, cara ? cara : leerCara(recuerdos_.leer(u"Tema"_s, u"cara"_s))),
-      contexto_{db, nombres_, ajustes, textos, reloj, ventanas_, recuerdos_, tema_, hilos_} {
+      contexto_{Base(db), db,        nombres_,   ajustes, textos,
+                reloj,    ventanas_, recuerdos_, tema_,   hilos_},
+      ayuda_(ventanas_) {
   ventanas_.setContexto(contexto_);
+  ventanas_.registrar<PuertaManual, Manual>();
   prepararAccesible();
   // In the program's language, whatever the desktop's is.
   if (delJuego_.load(juegoDe(ajustes.idioma), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

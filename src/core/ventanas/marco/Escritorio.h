@@ -7,6 +7,7 @@
 
 #include "core/ventanas/aspecto/Tema.h"
 #include "core/ventanas/marco/Contexto.h"
+#include "core/ventanas/marco/Manual.h"
 #include "core/ventanas/marco/Recuerdos.h"
 #include "core/ventanas/marco/Ventanas.h"
 
@@ -33,6 +34,7 @@ class Escritorio {
   Tema tema_;
   Contexto contexto_;  // outlives the windows that are handed it
   Ventanas ventanas_;
+  Ayuda ayuda_;
 };
 
 // "claro" or "oscuro"; nothing for any other word.

@@ -82,7 +82,7 @@ void Ventana::enlazar() {
   resize(QSize(escalar(cuerpo_->width()), escalar(cuerpo_->height()))
              .boundedTo(screen()->availableSize()));
   const QString memoria = sinInstancia(nombre_);
-  restoreGeometry(deTexto(c_.recuerdos.leer(memoria, u"sitio"_s)));
+  conSitio_ = restoreGeometry(deTexto(c_.recuerdos.leer(memoria, u"sitio"_s)));
   for (QSplitter* s : cuerpo_->findChildren<QSplitter*>())
     s->restoreState(deTexto(c_.recuerdos.leer(memoria, s->objectName())));
   if (!cuerpo_->findChild<QTabWidget*>()) return;
@@ -134,9 +134,25 @@ void Ventana::recordar() {
     c_.recuerdos.poner(memoria, s->objectName(), enTexto(s->saveState()));
 }
 
+// In the middle of its owner, else of the screen, and on the screen whole.
+void Ventana::colocar(const QWidget* dueno) {
+  const QRect pantalla = (dueno ? dueno->screen() : screen())->availableGeometry();
+  const QRect sobre = dueno && dueno->isVisible() ? dueno->frameGeometry() : pantalla;
+  QRect sitio(QPoint(), frameSize());
+  sitio.moveCenter(sobre.center());
+  sitio.moveLeft(
+      std::max(pantalla.left(), std::min(sitio.left(), pantalla.right() - sitio.width())));
+  sitio.moveTop(
+      std::max(pantalla.top(), std::min(sitio.top(), pantalla.bottom() - sitio.height())));
+  move(sitio.topLeft());
+}
+
 void Ventana::mostrarSobre(QWidget* dueno) {
   if (dueno && dueno != this) dueno_ = dueno->window();
-  if (!std::exchange(alcanzada_, true)) ponerAlAlcance(*cuerpo_);
+  if (!std::exchange(alcanzada_, true)) {
+    ponerAlAlcance(*cuerpo_);
+    if (!conSitio_ || modal_) colocar(dueno_);
+  }
   isMinimized() ? showNormal() : show();
   raise();
   activateWindow();

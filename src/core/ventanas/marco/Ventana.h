@@ -120,6 +120,7 @@ class Ventana : public QWidget {
   friend class Ventanas;
   friend class Retenida;
   void mostrarSobre(QWidget* dueno);
+  void colocar(const QWidget* dueno);
   void recordar();
   void volverAlDueno();
   void terminar(bool aceptada);
@@ -139,7 +140,7 @@ class Ventana : public QWidget {
   QString pendiente_;  // what decirPendiente said last
   std::any salida_;
   int retenida_ = 0;  // event loops that run in functions of this window
-  bool modal_ = false, aceptada_ = false, cerrada_ = false, alcanzada_ = false;
+  bool modal_ = false, aceptada_ = false, cerrada_ = false, alcanzada_ = false, conSitio_ = false;
 };
 
 }  // namespace tarvo::ventanas

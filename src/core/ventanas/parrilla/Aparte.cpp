@@ -13,7 +13,7 @@ struct Aparte::Buzon {
 };
 
 Aparte::Aparte(const Contexto& contexto, QObject& receptor)
-    : buzon_(std::make_shared<Buzon>()), ruta_(contexto.db.ruta()), hilos_(contexto.hilos) {
+    : buzon_(std::make_shared<Buzon>()), ruta_(contexto.base.db_.ruta()), hilos_(contexto.hilos) {
   buzon_->receptor = &receptor;
 }
 

@@ -51,6 +51,9 @@ struct Columna {
   // Characters that may be typed, 0 for as many as its kind takes. More than a code has lets
   // `editar` refuse what doesn't fit, where it would be cut while it is typed.
   int largo = 0;
+  // Where there is little room the column with the highest rank goes first, until the others fit;
+  // 0 stays always.
+  int rango = 0;
 };
 
 bool esNumerica(Clase clase);  // right-aligned, tabular, its zeros pale

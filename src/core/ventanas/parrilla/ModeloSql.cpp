@@ -48,7 +48,7 @@ struct ModeloSql::Pagina {
 
 ModeloSql::ModeloSql(std::vector<Columna> columnas, const Contexto& c, QObject* padre)
     : ModeloParrilla(std::move(columnas), c.textos, Formato(c.ajustes), padre),
-      db_(c.db),
+      db_(c.base.db_),
       cuenta_(c, *this),
       suma_(c, *this) {}
 

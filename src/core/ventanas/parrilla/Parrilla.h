@@ -11,7 +11,7 @@
 // click; the menu key is the context menu. A cell whose column has `editar` is written into: F2,
 // Enter or a double click opens it, Enter and Tab keep what was typed (Tab goes on to the next such
 // cell), Escape gives it up. So does a letter that its kind takes: what is typed on a cell that can
-// be written begins to write it, elsewhere it searches.
+// be written begins to write it, elsewhere it searches. Ctrl+V and Ctrl+D write a whole column.
 #pragma once
 
 #include <QWidget>
@@ -71,6 +71,11 @@ class Parrilla final : public QWidget, private Buscable {
   void setUnaSola(bool unaSola);  // one row at most
   // Lets a sheet of numbers be filled quickly: Enter only activates the row.
   void setEscribeAlTeclear(bool si);
+  // Into the column of the current cell, as if each text were typed: the lines of the clipboard
+  // from this row on (Ctrl+V); what stands in it, into the rows chosen below (Ctrl+D). It ends at
+  // the first that is refused.
+  void pegar();
+  void rellenar();
   // Opens the current cell, or its row's first that can be written into. False when there is none.
   bool editarCelda();
   bool editando() const;
@@ -107,7 +112,9 @@ class Parrilla final : public QWidget, private Buscable {
   // In front of that: the cell, and what stood in it.
   void celdaEscrita(qint64 clave, int columna, const QString& antes);
   void escrita(int fila);  // the same by Enter, which ends it
-  void dejada();           // a cell in edit was closed, written or given up
+  void vanVarias();        // many cells are about to be written
+  void variasEscritas(int cuantas);
+  void dejada();  // a cell in edit was closed, written or given up
   void seleccionCambiada();
   void fallo(const tarvo::Error& error);  // of work that the person began on the grid itself
   void resuelto();  // after the refusal of a cell: another was written, or it was given up

@@ -1,8 +1,11 @@
 // Writing into cells: which key opens one, what Enter and Tab lead to, and what happens to what was
 // refused.
+#include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
 #include <utility>
 
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/parrilla/ParrillaInterior.h"
 
 namespace tarvo::ventanas {
@@ -71,6 +74,52 @@ void Parrilla::Interior::seguirEditando(int pasos) {
     if (editar(yo.modelo()->index(sitio / cuantas, vistas[static_cast<size_t>(sitio % cuantas)])))
       return;
   }
+}
+
+void Parrilla::Interior::escribirVarias(const std::vector<int>& filas, const QStringList& textos) {
+  const int columna = yo.vista_->currentIndex().column();
+  const Columna& col = columnas[static_cast<size_t>(columna)];
+  std::vector<ModeloParrilla::Clave> claves;
+  claves.reserve(filas.size());
+  for (const int fila : filas) claves.push_back(yo.clave(fila));
+  Q_EMIT yo.vanVarias();
+  int hechas = 0;
+  Resultado<> hecho;
+  for (size_t i = 0; hecho && i < claves.size(); ++i) {
+    const QString antes = yo.modelo()->texto(filas[i], columna);
+    const QString& texto = textos[static_cast<qsizetype>(i)];
+    if (antes == texto) continue;
+    hecho = col.editar(claves[i], texto);
+    if (!hecho) break;
+    Q_EMIT yo.celdaEscrita(claves[i], columna, antes);
+    ++hechas;
+  }
+  if (const auto leido = yo.refrescar(); hecho && !leido) hecho = leido;
+  Q_EMIT yo.variasEscritas(hechas);
+  decir(Plural(t(kTxCeldasEscritas), hechas));
+  if (!hecho) Q_EMIT yo.fallo(hecho.error());
+}
+
+void Parrilla::pegar() {
+  const QModelIndex celda = vista_->currentIndex();
+  if (!celda.isValid() || !(celda.flags() & Qt::ItemIsEditable)) return;
+  QStringList textos;
+  for (const QString& linea : QApplication::clipboard()->text().split(u'\n'))
+    textos << linea.section(u'\t', 0, 0).trimmed();
+  while (!textos.isEmpty() && textos.back().isEmpty()) textos.removeLast();
+  std::vector<int> donde;
+  for (int i = celda.row(); i < filas() && i - celda.row() < textos.size(); ++i) donde.push_back(i);
+  if (!donde.empty()) d->escribirVarias(donde, textos);
+}
+
+void Parrilla::rellenar() {
+  const QModelIndex celda = vista_->currentIndex();
+  if (!celda.isValid() || !(celda.flags() & Qt::ItemIsEditable)) return;
+  auto donde = filasElegidas();
+  if (donde.size() < 2) return;
+  const QString texto = modelo()->texto(donde.front(), celda.column());
+  donde.erase(donde.begin());
+  d->escribirVarias(donde, QStringList(static_cast<qsizetype>(donde.size()), texto));
 }
 
 // The field stays, or opens again with what was typed when the focus had gone on already.

@@ -52,6 +52,8 @@ struct Parrilla::Interior {
   bool editar(const QModelIndex& celda, std::optional<QString> texto = {});
   bool teclaEdicion(const QKeyEvent& evento);
   void seguirEditando(int pasos);
+  void escribirVarias(const std::vector<int>& filas, const QStringList& textos);
+  void hacerSitio();
   void resolver();
   void ceder();
   void rechazar(const QModelIndex& celda, const QString& texto, const Error& error);
@@ -90,8 +92,10 @@ struct Parrilla::Interior {
   qint64 ultimaTecla = 0;
   bool conPie = true, conBusca = true, colocando = false;
   bool exportando = false, presentada = false;
-  bool elasticas = true;                // the person has set no width, order or column yet
-  std::unique_ptr<Temporizador> sumar;  // sums wait for the list to be at rest
+  bool elasticas = true;                 // the person has set no width, order or column yet
+  std::vector<int> sinSitio;             // columns that gave way
+  std::unique_ptr<Temporizador> sumar;   // sums wait for the list to be at rest
+  std::unique_ptr<Temporizador> callar;  // what was said goes away by itself
 };
 
 }  // namespace tarvo::ventanas

@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kAnchoBusca = 220;
-constexpr int kAnchoElastica = 480;
+constexpr int kAnchoElastica = 480, kAnchoMinimo = 120;
 
 int anchoPorClase(const Columna& c) {
   switch (c.clase) {
@@ -187,6 +187,7 @@ void Parrilla::Interior::hacerAcciones() {
   trabajo = new TiraTrabajo(c->textos, c->reloj, &yo);
   qobject_cast<QVBoxLayout*>(yo.layout())->addWidget(trabajo);
   sumar = c->reloj.temporizador([this] { pintarPie(); });
+  callar = c->reloj.temporizador([this] { decir({}); });
 }
 
 // To the window that it is in: what its cells refuse is said on that one's strip, until it is
@@ -270,17 +271,46 @@ void Parrilla::Interior::colocarColumnas() {
   colocando = false;
 }
 
+// Columns with a rank give way, the highest first, until the others fit with the text at its least.
+void Parrilla::Interior::hacerSitio() {
+  QHeaderView* h = yo.vista_->horizontalHeader();
+  const QScopedValueRollback en(colocando, true);
+  for (const int i : std::exchange(sinSitio, {})) h->setSectionHidden(i, false);
+  bool elastica = true;
+  int ancho = 0;
+  for (const int i : columnasVistas()) {
+    const Columna& col = columnas[static_cast<size_t>(i)];
+    const bool esta = elastica && col.clase == Clase::Texto && !col.estado;
+    ancho += esta ? std::min(anchoInicial(i), escalar(kAnchoMinimo)) : h->sectionSize(i);
+    if (esta) elastica = false;
+  }
+  while (ancho > yo.vista_->viewport()->width()) {
+    const auto vistas = columnasVistas();
+    const auto peor = std::ranges::max_element(
+        vistas, {}, [this](int i) { return columnas[static_cast<size_t>(i)].rango; });
+    if (peor == vistas.end() || columnas[static_cast<size_t>(*peor)].rango == 0) return;
+    ancho -= h->sectionSize(*peor);
+    sinSitio.push_back(*peor);
+    h->setSectionHidden(*peor, true);
+  }
+}
+
 // Until the person sets widths, the first text column takes what room is left, up to a measure
 // where others come after it.
 void Parrilla::Interior::estirar() {
   if (!elasticas || !yo.modelo()) return;
+  hacerSitio();
   QHeaderView* h = yo.vista_->horizontalHeader();
   const auto vistas = columnasVistas();
   for (const int i : vistas) {
     const Columna& col = columnas[static_cast<size_t>(i)];
     if (col.clase != Clase::Texto || col.estado) continue;
-    const int base = anchoInicial(i);
     const int otras = h->length() - h->sectionSize(i);
+    const int cabe = yo.vista_->viewport()->width() - otras;
+    const bool aprieta =
+        std::ranges::any_of(columnas, [](const Columna& otra) { return otra.rango > 0; });
+    const int base = aprieta ? std::min(anchoInicial(i), std::max(cabe, escalar(kAnchoMinimo)))
+                             : anchoInicial(i);
     const int libre = std::max(base, yo.vista_->viewport()->width() - otras);
     const QScopedValueRollback en(colocando, true);
     h->resizeSection(

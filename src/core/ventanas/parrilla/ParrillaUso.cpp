@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMenu>
+#include <QRegularExpression>
 
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
@@ -21,6 +22,7 @@ namespace {
 
 constexpr int kPausaTeclas = 1000;  // ms after which letters begin a new word
 constexpr int kFilasCopia = 20000;  // more go to a file
+constexpr int kAvisoMs = 5000;      // that something said stays
 constexpr int kReposoSumas = 60;    // ms without a change before sums are reckoned
 
 QString conPuntos(qint64 n) {
@@ -38,8 +40,14 @@ std::vector<int> Parrilla::Interior::columnasVistas() const {
 }
 
 void Parrilla::Interior::decir(const QString& texto) {
-  aviso->setText(texto);
   aviso->setToolTip(texto);
+  aviso->setAccessibleName(texto);
+  aviso->setText(aviso->fontMetrics().elidedText(texto, Qt::ElideMiddle, yo.width() / 2));
+  if (!callar) return;
+  if (texto.isEmpty())
+    callar->parar();
+  else
+    callar->unaVez(kAvisoMs);
 }
 
 // The window says it.
@@ -140,6 +148,14 @@ bool Parrilla::Interior::tecla(QKeyEvent& e) {
     yo.copiar();
     return true;
   }
+  if (e.matches(QKeySequence::Paste)) {
+    yo.pegar();
+    return true;
+  }
+  if (e.key() == Qt::Key_D && e.modifiers() == Qt::ControlModifier) {
+    yo.rellenar();
+    return true;
+  }
   if (e.key() == Qt::Key_Escape && trabajo->enMarcha()) {
     trabajo->parar();
     return true;
@@ -234,9 +250,12 @@ void Parrilla::copiar() {
 void Parrilla::exportar() {
   if (!modelo()) return;
   const Retenida mientras(this);
+  // The file is called as the window, without what no file may be called.
+  QString nombre = window()->windowTitle().remove(QRegularExpression(uR"([/\\:*?"<>|])"_s));
+  nombre = nombre.simplified();
+  if (nombre.isEmpty()) nombre = d->ventana.section(u'#', 0, 0);
   const QString ruta = QFileDialog::getSaveFileName(
-      window(), d->t(kTxExportar),
-      d->c->ajustes.carpeta + u'/' + d->ventana.section(u'#', 0, 0) + u".xlsx"_s,
+      window(), d->t(kTxExportar).remove(u'&'), d->c->ajustes.carpeta + u'/' + nombre + u".xlsx"_s,
       d->t(kTxTiposExportar));
   if (!ruta.isEmpty()) exportarEn(ruta);
 }

@@ -1,0 +1,34 @@
+// Where an entry of the main window or a line of the board leads: a door, or a window by name.
+#pragma once
+
+#include <variant>
+
+#include "app/ventanas/Puertas.h"
+#include "articles/ventanas/Puertas.h"
+#include "automation/ventanas/Puertas.h"
+#include "comm/ventanas/Puertas.h"
+#include "core/ventanas/marco/Ventanas.h"
+#include "totals/ventanas/Puertas.h"
+
+namespace tarvo::app {
+
+struct PorNombre {
+  QString ventana;
+  ventanas::Argumentos argumentos = {};
+  bool operator==(const PorNombre&) const = default;
+};
+
+// The first is nowhere.
+using Lleva =
+    std::variant<std::monostate, PorNombre, PuertaPortalCnf, articles::PuertaBrowGrupos,
+                 automation::PuertaAutomat, automation::PuertaCronos, automation::PuertaDebidos,
+                 automation::PuertaEdiCron, automation::PuertaVeoLog, comm::PuertaEstadoEnvio,
+                 comm::PuertaGestcomm, totals::PuertaCerrSes, totals::PuertaDudasCero,
+                 totals::PuertaVerCols, totals::PuertaVerTot>;
+
+// Empty for nowhere.
+QString ventanaDe(const Lleva& lleva);
+// Null as of Ventanas::abrir, and for nowhere.
+ventanas::Ventana* abrirLo(ventanas::Ventanas& todas, const Lleva& lleva, QWidget* dueno);
+
+}  // namespace tarvo::app

@@ -1,0 +1,36 @@
+// An article with its stock, as in the complete editor: read together, written together.
+#pragma once
+
+#include "articles/Catalogo.h"
+#include "articles/Existencias.h"
+
+namespace tarvo::articles {
+
+struct FichaArticulo {
+  Articulo articulo;
+  std::vector<Existencia> existencias;
+  bool operator==(const FichaArticulo&) const = default;
+  bool nueva() const { return articulo.clave.codigo == 0; }
+};
+
+class FichasArticulo {
+ public:
+  // REQUIRES that both outlive it.
+  FichasArticulo(dao::Database& db, Catalogo& catalogo) : db_(db), catalogo_(catalogo) {}
+
+  // Code 0: a new article of the department, or of the section's first one when that is 0. NoExiste
+  // when there is none with that key.
+  Resultado<FichaArticulo> leer(ClaveArticulo clave, int departamento = 0);
+  // Whether the article has changed since this reading.
+  Resultado<bool> cambiada(const FichaArticulo& leida);
+  // Saves the article and the differing counters, in one transaction. `leida`: the result of
+  // leer(). Errors: those of the catalogue.
+  Resultado<> guardar(const FichaArticulo& leida, const FichaArticulo& ficha,
+                      const QString& ventana);
+
+ private:
+  dao::Database& db_;
+  Catalogo& catalogo_;
+};
+
+}  // namespace tarvo::articles

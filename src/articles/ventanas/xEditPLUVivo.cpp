@@ -1,0 +1,202 @@
+// What the editor shows as one types, what it checks, and how it writes the article, once.
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QToolButton>
+
+#include "articles/CodigoBarras.h"
+#include "articles/ventanas/ComunArticulos.h"
+#include "articles/ventanas/DibujoBarras.h"
+#include "articles/ventanas/TextosArticulosVentanas.h"
+#include "articles/ventanas/xEditPLU.h"
+#include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/Recorrido.h"
+
+namespace tarvo::articles {
+
+using namespace Qt::StringLiterals;
+using ventanas::MyMsgBox;
+
+namespace {
+
+constexpr int kAnchoBarras = 300;
+
+QString textoDe(const ventanas::Campo& campo) {
+  return qobject_cast<QLineEdit*>(&campo.control())->text();
+}
+
+}  // namespace
+
+// --- showing ------------------------------------------------------------------------------------
+
+bool XEditPLU::leerMedidas() {
+  std::vector<FaltaCampo> malas;
+  for (Campo* c : medidas_)
+    if (const auto hecho = c->leer(); !hecho) malas.push_back({c, hecho.error().texto});
+  if (!malas.empty()) decir(malas);
+  return malas.empty();
+}
+
+void XEditPLU::pintarMoneda() {
+  precios_->setMoneda(moneda_);
+  listaHistoria_->setMoneda(moneda_);
+  listaStock_->setMoneda(moneda_);
+  botonMoneda_->setText(contexto().ajustes.MonedaLogo[static_cast<size_t>(moneda_)].trimmed());
+  for (Campo* c : medidas_) c->mostrar();
+  unidadStock_->setText(t(r.articulo.porPeso() ? kTxKgs : kTxUds));
+  pintarStock();
+}
+
+void XEditPLU::alternarMoneda() {
+  if (contexto().ajustes.Euro <= 0 || listaPrecios_->editando() || listaStock_->editando()) return;
+  if (!leerMedidas()) return;
+  moneda_ = moneda_ == 0 ? 1 : 0;
+  pintarMoneda();
+}
+
+// What was typed for the former unit is read by it first.
+void XEditPLU::unidadCambiada() {
+  const int otra = std::exchange(r.articulo.cada, cada_);
+  if (!leerMedidas()) return unidad_->mostrar();
+  r.articulo.cada = cada_ = otra;
+  pintarMoneda();
+}
+
+void XEditPLU::pintarStock() {
+  const Articulo& a = r.articulo;
+  std::vector<ventanas::FilaViva> filas;
+  filas.reserve(r.existencias.size());
+  for (const Existencia& e : r.existencias)
+    filas.push_back(
+        {e.almacen,
+         {e.nombre.isEmpty() ? Ceros(e.almacen, 2) : e.nombre, e.inicial, e.compra, e.venta,
+          e.entrada, e.salida, e.merma, e.actual(), e.valoracion(a.cada, a.coste), a.cada}});
+  const bool habia = listaStock_->filas() > 0;
+  listaStock_->vivas().poner(std::move(filas));
+  if (!habia && listaStock_->filas() > 0)
+    listaStock_->vista()->setCurrentIndex(listaStock_->modelo()->index(0, 1));
+}
+
+Resultado<> XEditPLU::ponerContador(qint64 Existencia::* contador, qint64 almacen,
+                                    const QString& texto) {
+  TARVO_TOMAR(const auto n, leerCantidad(*this, texto, r.articulo.cada));
+  const auto e = std::ranges::find(r.existencias, static_cast<int>(almacen), &Existencia::almacen);
+  if (e != r.existencias.end()) (*e).*contador = n;
+  pintarStock();
+  return {};
+}
+
+Articulo XEditPLU::comoSeVe() const {
+  Articulo a = r.articulo;
+  a.clave.codigo = textoDe(*codigo_).toLongLong();
+  a.barras = static_cast<int>(ventanas::elegido(*tipoBarras_));
+  a.pfxBar = textoDe(*prefijo_).trimmed();
+  const QString externo = textoDe(*predefinido_).trimmed();
+  a.codBarExt = externo.isEmpty() ? std::optional<QString>() : externo;
+  return a;
+}
+
+void XEditPLU::pintarBarras() {
+  const Articulo a = comoSeVe();
+  const QString duda = dudaDeBarras(a);
+  const bool mal = !duda.isEmpty();
+  marcar(predefinido_->control(), mal && a.codBarExt);
+  corregir_->setVisible(a.codBarExt && controlDebido(*a.codBarExt));
+  control_->setText(duda);
+  control_->setVisible(mal);
+  dibujo_->setPixmap(
+      mal ? QPixmap()
+          : dibujarBarras(codigoImpreso(a), ventanas::escalar(kAnchoBarras), devicePixelRatioF()));
+  deque_->setText(mal ? QString() : t(a.codBarExt ? kTxPredefinido : kTxCompuesto));
+}
+
+// What keeps its bar code from being printed, and read; empty when nothing does.
+QString XEditPLU::dudaDeBarras(const Articulo& a) const {
+  if (a.codBarExt) {
+    if (const auto debido = controlDebido(*a.codBarExt)) return t(kTxControlMalo).arg(*debido);
+    if (deSuTipo(a)) return {};
+    return t(kTxPredefinidoRaro).arg(tipoBarras_->itemText(a.barras)).arg(cifrasDe(a.barras));
+  }
+  return codigoImpreso(a).isEmpty() ? t(kTxNoCabeBarras) : QString();
+}
+
+// The picture of the currency changes it by a double click; a single one is too easily made.
+bool XEditPLU::eventFilter(QObject* objeto, QEvent* evento) {
+  if (objeto != botonMoneda_) return Ventana::eventFilter(objeto, evento);
+  if (evento->type() == QEvent::MouseButtonDblClick) alternarMoneda();
+  return evento->type() == QEvent::MouseButtonPress ||
+         evento->type() == QEvent::MouseButtonRelease ||
+         evento->type() == QEvent::MouseButtonDblClick;
+}
+
+// --- checking and writing -----------------------------------------------------------------------
+
+std::vector<XEditPLU::FaltaCampo> XEditPLU::comprobar() {
+  const std::map<Falta, Campo*> suyos{{Falta::Codigo, codigo_},      {Falta::Departamento, depto_},
+                                      {Falta::Formato, formato_},    {Falta::Minimo, minimo_},
+                                      {Falta::Hasta1, hasta1_},      {Falta::Hasta2, hasta2_},
+                                      {Falta::Descuento, descuento_}};
+  std::vector<FaltaCampo> malas;
+  for (const Falta f : articles::faltas(r.articulo))
+    malas.push_back({suyos.at(f), t(kTxValorIncorrecto)});
+  return malas;
+}
+
+// One name a line; those of the article's own rules first, in their order.
+void XEditPLU::decir(const std::vector<FaltaCampo>& faltas) {
+  const std::array orden{codigo_, depto_, formato_, minimo_, hasta1_, hasta2_, descuento_};
+  auto malas = faltas;
+  std::ranges::stable_sort(malas, {},
+                           [&](const FaltaCampo& f) { return std::ranges::find(orden, f.campo); });
+  QStringList nombres;
+  for (const FaltaCampo& f : malas) nombres << f.campo->nombre();
+  MyMsgBox::Decide(this, contexto().textos, t(kTxValorIncorrecto) + u":\n"_s + nombres.join(u'\n'),
+                   ventanas::kSoloAcepto | ventanas::kCritico);
+  malas.front().campo->enfocar();
+}
+
+bool XEditPLU::cambiada() const {
+  return FichaDe::cambiada() || listaPrecios_->editando() || listaStock_->editando();
+}
+
+// Asks before it writes over what another window did meanwhile.
+bool XEditPLU::conforme() {
+  if (listaPrecios_->editando() || listaStock_->editando()) return false;
+  const auto otro = fichas_.cambiada(antes());
+  return haIdoBien(otro) &&
+         (!*otro || MyMsgBox::Decide(
+                        this, contexto().textos, t(kTxCambiadoPorOtro),
+                        ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente));
+}
+
+Resultado<> XEditPLU::aplicar() {
+  r.articulo.tara = 1;
+  const auto hecho = fichas_.guardar(antes(), r, u"xEditPLU"_s);
+  if (hecho) return {};
+  codigo_->enfocar();
+  return std::unexpected(informe(*this, hecho.error()));
+}
+
+void XEditPLU::aplicada() {
+  if (auto* lista = contexto().ventanas.recorrido(padre_))
+    lista->refrescarEn({r.articulo.clave.seccion, r.articulo.clave.codigo});
+  decirDudaBarras();
+  aceptar();
+}
+
+// Any bar code is kept; of one that was written here and no scale can print the list says it, for
+// this window goes.
+void XEditPLU::decirDudaBarras() {
+  const auto barras = [](const Articulo& a) {
+    return std::tuple(a.codBarExt, a.pfxBar, a.barras, a.clave.codigo);
+  };
+  const Articulo& a = r.articulo;
+  const QString duda = dudaDeBarras(a);
+  auto* lista = contexto().ventanas.cargada(padre_);
+  if (lista && !duda.isEmpty() && barras(a) != barras(antes().articulo))
+    lista->decirDuda(t(kTxGuardadoConDuda).arg(verCodigo(a.clave.codigo), duda));
+}
+
+}  // namespace tarvo::articles

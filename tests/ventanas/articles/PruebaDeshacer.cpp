@@ -1,0 +1,300 @@
+// What is written into cells comes back with Ctrl+Z, in the list, the prices beside it and the
+// tree.
+#include <QClipboard>
+
+#include "MesaDeArticulos.h"
+
+namespace tarvo::prueba {
+
+namespace {
+
+const QString kDiez =
+    u"select CODPLU, NOMPLU, PRECIO_00, PRECIO_22, DEPTO, FORMATO from PLUSES where SECCION=1 and "
+    u"NOMPLU like 'Art*10' or CODPLU in (10, 11) order by CODPLU"_s;
+
+void deshacer(MesaDeArticulos& t, ventanas::Ventana* v) {
+  v->activateWindow();
+  ASSERT_TRUE(t.activa(v));
+  t.lista(v).vista()->setFocus();
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+}
+
+}  // namespace
+
+// Each cell, also where the list shows it no more; what was noted says what it was.
+TEST(DeshacerCeldas, VuelvenUnaAUna) {
+  MesaDeArticulos t;
+  const QString antes = t.leer(kDiez);
+  auto* v = t.abrir(PuertaBrowPLUs{});
+  auto& grid = t.lista(v);
+  auto& precios = t.lista(v, u"GrdPre");
+  auto* accion = v->findChild<QAction*>(u"Deshacer"_s);
+  EXPECT_FALSE(accion->isEnabled());
+  const struct {
+    const char16_t *campo, *texto, *pista;
+  } casos[] = {{u"NOMPLU", u"Un nombre que no cabe en veinte", u"Nombre, que era «Artículo 10»"},
+               {u"PRECIO_00", u"2,35", u"Precio, que era «1,00»"},
+               {u"FORMATO", u"3", u"Formato, que era «01»"},
+               {u"CODPLU", u"11", u"Código, que era «0000010»"},
+               {u"DEPTO", u"7", u"Dep., que era «01»"}};
+  for (const auto& c : casos) {
+    grid.irA(2);
+    t.abrirCelda(grid, QString::fromUtf16(c.campo));
+    t.escribir(QString::fromUtf16(c.texto));
+    t.tecla(Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_TRUE(accion->toolTip().contains(QString::fromUtf16(c.pista)))
+        << accion->toolTip().toStdString();
+  }
+  grid.irA(2);
+  precios.vista()->setFocus();
+  precios.vista()->setCurrentIndex(precios.modelo()->index(2, 3));
+  t.escribir(u"9"_s);
+  t.tecla(Qt::Key_Return);
+  EXPECT_TRUE(accion->toolTip().contains(u"Hasta 2, tarifa 3, que era «0,00»"))
+      << accion->toolTip().toStdString();
+  EXPECT_EQ(t.leer(kDiez), u"11 Un nombre que no cabe en veinte 235 900 7 3");
+  t.control(v, u"Filtro")->setText(u"90"_s);  // the article is out of sight
+  for (int i = 0; i < 6; ++i) deshacer(t, v);
+  EXPECT_EQ(t.leer(kDiez), antes);
+  EXPECT_FALSE(accion->isEnabled());
+  EXPECT_EQ(t.cruces(), u"11 1 1 | 11 4 1 | 20 1 0") << "the groups hear of it";
+}
+
+// What somebody else did since isn't overwritten, and it is said; other fields are no obstacle.
+TEST(DeshacerCeldas, LoQueOtroCambioSeQueda) {
+  const struct {
+    const char16_t* otro;
+    int precio;
+    const char16_t* dice;
+  } casos[] = {
+      {u"update PLUSES set NOMPLU='Otro' where SECCION=1 and CODPLU=10", 100, u"Deshecho"},
+      {u"update PLUSES set PRECIO_00=777 where SECCION=1 and CODPLU=10", 777,
+       u"Otra ventana ha cambiado lo mismo después"},
+      {u"delete from PLUSES where SECCION=1 and CODPLU=10", 0, u"El artículo ya no existe"}};
+  for (const auto& c : casos) {
+    MesaDeArticulos t;
+    auto* v = t.abrir(PuertaBrowPLUs{});
+    t.abrirCelda(t.lista(v), u"PRECIO_00"_s);
+    t.escribir(u"2,35"_s);
+    t.tecla(Qt::Key_Return);
+    t.sql(QString::fromUtf16(c.otro));
+    deshacer(t, v);
+    EXPECT_TRUE(v->tira().texto().startsWith(QString::fromUtf16(c.dice)))
+        << v->tira().texto().toStdString();
+    EXPECT_EQ(
+        bien(t.db->uno(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s)).entero(),
+        c.precio);
+    EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
+  }
+}
+
+// Cells and whole articles are taken back in one order, the last first.
+TEST(DeshacerCeldas, ConLoBorradoEnUnSoloOrden) {
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaBrowPLUs{});
+  auto& grid = t.lista(v);
+  t.abrirCelda(grid, u"PRECIO_00"_s);
+  t.escribir(u"1,20"_s);
+  t.tecla(Qt::Key_Return);
+  const auto precio = [&] {
+    return t.leer(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s);
+  };
+  QApplication::processEvents();
+  EXPECT_EQ(t.enMano(grid), 20) << "Return goes down";
+  grid.irA(2);
+  t.responder(u"Acepto"_s);
+  t.tecla(Qt::Key_Delete);
+  ASSERT_TRUE(esperar([&] { return grid.filas() == 11; }));
+  deshacer(t, v);
+  EXPECT_EQ(precio(), u"120");
+  deshacer(t, v);
+  EXPECT_EQ(precio(), u"100");
+  EXPECT_EQ(t.leer(u"select count(*) from LoteArticulos"_s), u"0");
+}
+
+// A column of prices from another program, and one price into the rows chosen below it: each is one
+// step back. What is refused ends it, and is said.
+TEST(DeshacerCeldas, UnaColumnaDePrecios) {
+  const struct {
+    const char16_t* pegado;  // empty: the price is filled down
+    const char16_t *queda, *dice;
+  } casos[] = {{u"1,10\r\n2,20\tTomate\r\n3,30\r\n", u"110 | 220 | 330 | 400", u""},
+               {u"1,10\nmucho\n3,30", u"110 | 200 | 300 | 400", u"El precio «mucho»"},
+               {u"", u"100 | 100 | 100 | 400", u""}};
+  const QString precios =
+      u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU between 10 and 40 order by CODPLU"_s;
+  for (const auto& c : casos) {
+    MesaDeArticulos t;
+    auto* v = t.abrir(PuertaBrowPLUs{});
+    auto& grid = t.lista(v);
+    grid.vista()->setFocus();
+    grid.vista()->setCurrentIndex(grid.modelo()->index(2, grid.modelo()->columna(u"PRECIO_00")));
+    if (*c.pegado) {
+      QApplication::clipboard()->setText(QString::fromUtf16(c.pegado));
+      t.tecla(Qt::Key_V, Qt::ControlModifier);
+    } else {
+      for (int i = 0; i < 2; ++i) t.tecla(Qt::Key_Down, Qt::ShiftModifier);
+      t.tecla(Qt::Key_D, Qt::ControlModifier);
+    }
+    EXPECT_EQ(t.leer(precios), QString::fromUtf16(c.queda));
+    const bool dicho = v->tira().texto().startsWith(QString::fromUtf16(c.dice));
+    EXPECT_TRUE(!*c.dice || dicho) << v->tira().texto().toStdString();
+    deshacer(t, v);
+    EXPECT_EQ(t.leer(precios), u"100 | 200 | 300 | 400");
+    EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
+  }
+}
+
+// Where there is little room unit, department and format go before the price does.
+TEST(ListaArticulos, ElPrecioSeQueda) {
+  const std::pair<int, const char16_t*> casos[] = {
+      {1400, u"CODPLU NOMPLU PRECIO_00 UN DEPTO FORMATO"}, {800, u"CODPLU NOMPLU PRECIO_00"}};
+  for (const auto& [ancho, quedan] : casos) {
+    MesaDeArticulos t;
+    auto* v = t.abrir(PuertaBrowPLUs{});
+    v->resize(ancho, 600);
+    QApplication::processEvents();
+    auto& grid = t.lista(v);
+    QStringList vistas;
+    int ocupado = 0;
+    for (const auto& c : grid.modelo()->columnas()) {
+      const int i = grid.modelo()->columna(c.campo);
+      if (grid.vista()->isColumnHidden(i)) continue;
+      vistas << (c.campo.startsWith(u"switch") ? u"UN"_s : c.campo);
+      ocupado += grid.vista()->columnWidth(i);
+    }
+    EXPECT_EQ(vistas.join(u' '), QString::fromUtf16(quedan));
+    EXPECT_LE(ocupado, grid.vista()->viewport()->width());
+  }
+}
+
+// What is typed on a cell that can be written writes; elsewhere it searches.
+TEST(DeshacerCeldas, TeclearEscribeDondeSePuede) {
+  const struct {
+    const char16_t *campo, *tecla;
+    bool escribe;
+  } casos[] = {{u"PRECIO_00", u"7", true},
+               {u"NOMPLU", u"x", true},
+               {u"CODPLU", u"9", true},
+               {u"switch(CADA=0,'K',CADA=1,'g',true,'U')", u"U", false}};
+  for (const auto& c : casos) {
+    MesaDeArticulos t;
+    t.sql(u"update PLUSES set CADA=2 where SECCION=1 and CODPLU=50"_s);
+    auto* v = t.abrir(PuertaBrowPLUs{});
+    v->resize(1600, 700);  // room for all columns
+    QApplication::processEvents();
+    auto& grid = t.lista(v);
+    grid.vista()->setFocus();
+    grid.vista()->setCurrentIndex(grid.modelo()->index(
+        grid.filaActual(), grid.modelo()->columna(QString::fromUtf16(c.campo))));
+    t.escribir(QString::fromUtf16(c.tecla));
+    EXPECT_EQ(grid.editando(), c.escribe);
+    EXPECT_TRUE(esperar([&] { return t.enMano(grid) == (c.escribe ? 10 : 50); }, 5'000));
+  }
+}
+
+// A price of 0, and one that jumps by more than half, are written and said.
+TEST(DeshacerCeldas, UnPrecioRaroSeDice) {
+  const struct {
+    const char16_t *texto, *dice;
+  } casos[] = {{u"1,50", u""},
+               {u"1,51", u"El precio pasa de 1,00 a 1,51, más de la mitad"},
+               {u"0,50", u""},
+               {u"0,49", u"El precio pasa de 1,00 a 0,49"},
+               {u"0", u"El precio era 1,00 y ahora es 0"},
+               {u"12000", u"El precio 12.000,00 pasa de 9.999,99"}};
+  for (const bool aLado : {false, true})
+    for (const auto& c : casos) {
+      MesaDeArticulos t;
+      auto* v = t.abrir(PuertaBrowPLUs{});
+      auto& p = t.lista(v, aLado ? u"GrdPre" : u"Grid");
+      p.vista()->setFocus();
+      p.vista()->setCurrentIndex(p.modelo()->index(
+          std::max(0, p.filaActual()), p.modelo()->columna(aLado ? u"P0" : u"PRECIO_00")));
+      const QString texto = QString::fromUtf16(c.texto);
+      t.escribir(texto.left(1));
+      if (texto.size() > 1) t.escribir(texto.mid(1));
+      t.tecla(Qt::Key_Return);
+      EXPECT_EQ(v->tira().isHidden(), *c.dice == 0) << texto.toStdString();
+      if (*c.dice) {
+        EXPECT_TRUE(v->tira().texto().startsWith(QString::fromUtf16(c.dice)))
+            << v->tira().texto().toStdString();
+      }
+    }
+}
+
+namespace {
+
+const QString kNombres = u"select NOMSEC from SECCS union all select NomDep from DEPTS"_s;
+
+void renombrar(MesaDeArticulos& t, ventanas::Ventana* v, const QString& nombre) {
+  t.control<QTreeWidget>(v, u"Arbol")->setFocus();
+  t.tecla(Qt::Key_F2);
+  t.escribir(nombre);
+  t.tecla(Qt::Key_Return);
+  ASSERT_TRUE(esperar([&] { return t.leer(kNombres).contains(nombre); }));
+  for (int i = 0; i < 3; ++i) QApplication::processEvents();  // the tree is read again
+}
+
+}  // namespace
+
+TEST(DeshacerArbol, LosNombresVuelven) {
+  MesaDeArticulos t;
+  const QString antes = t.leer(kNombres);
+  auto* v = t.abrir(PuertaBrowGrupos{});
+  auto* arbol = t.control<QTreeWidget>(v, u"Arbol");
+  renombrar(t, v, u"Tienda"_s);
+  t.tecla(Qt::Key_Down);
+  renombrar(t, v, u"Setas"_s);
+  EXPECT_EQ(t.leer(kNombres), u"Tienda | Carne | Setas");
+  EXPECT_TRUE(v->findChild<QAction*>(u"Deshacer"_s)
+                  ->toolTip()
+                  .contains(u"Departamento 01 de la sección 001, que se llamaba «Fruta»"));
+  for (int i = 0; i < 2; ++i) {
+    arbol->setFocus();
+    t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  }
+  EXPECT_EQ(t.leer(kNombres), antes);
+  EXPECT_EQ(arbol->currentItem()->text(0), u"SECCIÓN ÚNICA");
+}
+
+// Escape while the name of a new one is written leaves none; Return keeps what stands there.
+TEST(DeshacerArbol, EscapeNoDejaUnoNuevo) {
+  for (const bool seccion : {false, true})
+    for (const bool escape : {true, false}) {
+      MesaDeArticulos t;
+      const QString antes = t.leer(kNombres);
+      auto* v = t.abrir(PuertaBrowGrupos{});
+      t.tecla(Qt::Key_Insert, seccion ? Qt::ControlModifier : Qt::NoModifier);
+      t.tecla(escape ? Qt::Key_Escape : Qt::Key_Return);
+      const QString nuevo = seccion ? u"Nueva Sección"_s : u"Nuevo Departamento"_s;
+      EXPECT_TRUE(esperar([&] { return v->tira().isHidden() != escape; }, 5'000));
+      EXPECT_TRUE(v->isVisible());
+      EXPECT_EQ(t.leer(kNombres).contains(nuevo), !escape);
+      if (escape) {
+        EXPECT_EQ(t.leer(kNombres), antes);
+      }
+    }
+}
+
+// The list opened from a department, and once more from another, begins at its first article; so
+// does a section that lacks the system's own.
+TEST(ListaArticulos, EmpiezaPorElPrimero) {
+  MesaDeArticulos t;
+  t.sql(u"insert into DEPTS (SECCION, NUMDEP, NomDep) values (1, 2, 'Verdura')"_s);
+  t.sql(u"update PLUSES set DEPTO=2 where SECCION=1 and CODPLU>50"_s);
+  t.articulo(2, 30, u"Cinta"_s);
+  t.articulo(2, 40, u"Panceta"_s);
+  const struct {
+    int seccion, departamento;
+    qint64 codigo;
+  } casos[] = {{1, 1, 10}, {1, 2, 60}, {1, 0, 10}, {2, 0, 20}, {1, 2, 60}};
+  for (const auto& c : casos) {
+    auto* v = t.abrir(PuertaBrowPLUs{c.seccion, c.departamento});
+    EXPECT_EQ(t.enMano(t.lista(v)), c.codigo) << c.seccion << ' ' << c.departamento;
+    t.lista(v).irA(t.lista(v).filas() - 1);
+  }
+}
+
+}  // namespace tarvo::prueba

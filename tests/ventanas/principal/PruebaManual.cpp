@@ -1,0 +1,138 @@
+// F1 and the pages of the manual, over the windows as the program registers them.
+#include <QComboBox>
+#include <QTextBrowser>
+#include <QWindow>
+
+#include "MesaPrincipal.h"
+#include "core/ventanas/marco/Manual.h"
+#include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/Tira.h"
+
+namespace tarvo::prueba {
+
+using namespace ventanas;
+
+namespace {
+
+struct Ayudada : Tienda {
+  Ayudada() : Tienda(QStringList{}) {
+    app::registrarVentanas(todas(), aplicacion);
+    sql(u"DELETE FROM OPERS"_s);
+    sql(u"INSERT INTO OPERS (CODOPE, NOMOPE) VALUES (5, 'Ana')"_s);
+  }
+  Ventana* abrir(const QString& nombre) {
+    auto* v = todas().abrir(nombre, nullptr, todas().muestra(nombre));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(v));
+    return v;
+  }
+  Manual* manual() { return static_cast<Manual*>(todas().cargada(PuertaManual())); }
+  // The page that F1 opens from there; empty for none. The manual is closed again.
+  QString pagina(QWidget* foco) {
+    QTest::keyClick(foco, Qt::Key_F1);
+    if (!manual()) return {};
+    const QString dada = manual()->pagina();
+    EXPECT_EQ(manual()->windowHandle()->transientParent(), foco->window()->windowHandle())
+        << "else a modal window would lock it";
+    QTest::keyClick(manual(), Qt::Key_Escape);
+    EXPECT_FALSE(manual());
+    return dada;
+  }
+};
+
+}  // namespace
+
+TEST(Manual, CadaVentanaTieneSuPagina) {
+  Ayudada t;
+  EXPECT_GT(t.todas().nombres().size(), 50);
+  for (const QString& nombre : t.todas().nombres())
+    EXPECT_TRUE(Manual::hay(nombre)) << nombre.toStdString();
+}
+
+TEST(Manual, F1DesdeDondeSeEste) {
+  Ayudada t;
+  EXPECT_EQ(t.pagina(t.abrir(u"MainTarvo"_s)->findChild<QToolButton*>(u"Totales"_s)), u"MainTarvo");
+  auto* totales = t.abrir(u"VerTot"_s);
+  EXPECT_EQ(t.pagina(totales->findChild<QComboBox*>()), u"VerTot") << "with a list to choose from";
+  // One of its many windows, by the name of all.
+  EXPECT_EQ(t.pagina(t.abrir(u"VerCols#7"_s)), u"VerCols");
+
+  auto* personas = t.abrir(u"BrowOper"_s);
+  auto* lista = personas->findChild<Parrilla*>();
+  QWidget* celda = lista->findChild<QAbstractItemView*>();
+  celda->setFocus();
+  QTest::keyClick(celda, Qt::Key_F2);
+  auto* escribe = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+  ASSERT_TRUE(escribe && celda->isAncestorOf(escribe));
+  EXPECT_EQ(t.pagina(escribe), u"BrowOper") << "with a cell being written";
+}
+
+TEST(Manual, F1ConUnaListaDesplegada) {
+  Ayudada t;
+  auto* v = t.abrir(u"VerTot"_s);
+  auto* tipos = v->findChild<QComboBox*>();
+  tipos->showPopup();
+  ASSERT_TRUE(esperar([] { return QApplication::activePopupWidget() != nullptr; }));
+  QTest::keyClick(tipos->view(), Qt::Key_F1);
+  ASSERT_TRUE(t.manual());
+  EXPECT_EQ(t.manual()->pagina(), u"VerTot");
+  EXPECT_FALSE(QApplication::activePopupWidget()) << "it would keep the keys";
+}
+
+// A box asks for a window, and the page is that window's; a modal window has its own, which goes
+// with it.
+TEST(Manual, F1SobreLoQuePregunta) {
+  Ayudada t;
+  auto* v = t.abrir(u"VerTot"_s);
+  const auto alPreguntar = [](const std::function<void(QWidget*)>& hacer) {
+    QTimer::singleShot(30, qApp, [hacer] {
+      QWidget* w = QApplication::activeModalWidget();
+      ASSERT_TRUE(w);
+      hacer(w);
+      w->close();
+    });
+  };
+  QString deCaja, deModal;
+  alPreguntar([&](QWidget* caja) { deCaja = t.pagina(caja->focusWidget()); });
+  MyMsgBox::Decide(v, t.textos, u"¿?"_s, kAceptoCancelo);
+  EXPECT_EQ(deCaja, u"VerTot");
+  alPreguntar([&](QWidget* modal) {
+    QTest::keyClick(modal, Qt::Key_F1);
+    deModal = t.manual() ? t.manual()->pagina() : QString();
+  });
+  t.todas().abrirModal(u"EdiParms"_s, v);
+  EXPECT_EQ(deModal, u"EdiParms");
+  EXPECT_TRUE(esperar([&] { return !t.manual(); }));
+}
+
+TEST(Manual, SeBuscaYSeSiguenEnlaces) {
+  Ayudada t;
+  QTest::keyClick(t.abrir(u"VerTot"_s), Qt::Key_F1);
+  auto* m = t.manual();
+  // Not only by the chain of its owners.
+  ASSERT_TRUE(m && esperar([&] { return QGuiApplication::focusWindow() == m->windowHandle(); }));
+  auto* texto = m->findChild<QTextBrowser*>();
+  QTest::keyClick(texto, Qt::Key_F, Qt::ControlModifier);
+  auto* busca = m->findChild<QLineEdit*>(u"Busca"_s);
+  ASSERT_EQ(m->focusWidget(), busca);
+  const auto buscar = [&](const QString& que) {
+    busca->clear();
+    QTest::keyClicks(busca, que);
+    QTest::keyClick(busca, Qt::Key_Return);
+    return texto->textCursor().selectedText();
+  };
+  EXPECT_EQ(buscar(u"CUADRAN"_s), u"CUADRAN");
+  EXPECT_EQ(m->pagina(), u"VerTot") << "this page first";
+  EXPECT_EQ(buscar(u"paridad"_s), u"paridad");
+  EXPECT_EQ(m->pagina(), u"EdiParms") << "then the others";
+  EXPECT_EQ(buscar(u"unicornio"_s), QString());
+  EXPECT_TRUE(m->tira().texto().contains(u"«unicornio»"));
+  QTest::mouseClick(m->findChild<QPushButton*>(u"Atras"_s), Qt::LeftButton);
+  EXPECT_EQ(m->pagina(), u"VerTot");
+  QTest::mouseClick(m->findChild<QPushButton*>(u"Indice"_s), Qt::LeftButton);
+  EXPECT_EQ(m->pagina(), u"Manual");
+  EXPECT_GT(texto->toPlainText().size(), 1000);
+  QTest::keyClick(m, Qt::Key_F1);
+  EXPECT_EQ(t.manual(), m) << "its own page is the list";
+}
+
+}  // namespace tarvo::prueba
