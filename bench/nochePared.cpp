@@ -76,7 +76,9 @@ int nochePared(int grupos, int articulos, bool canales) {
   const QTemporaryDir carpeta;
   const auto db = hacerTienda(carpeta.filePath(QStringLiteral("TARVO.MDB")), grupos, articulos);
   escribirConectores(carpeta, u'G', grupos, puerto);
-  Ajustes ajustes(carpeta.path(), Idioma::Espanol, {enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor(), totals::ajustesSesion(), totals::ajustesPeriodos()});
+  Ajustes ajustes(carpeta.path(), Idioma::Espanol,
+                  {enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor(),
+                   totals::ajustesSesion(), totals::ajustesPeriodos()});
   if (canales) porCanales(*db, ajustes, puerto);
   RelojReal reloj;
   bien(

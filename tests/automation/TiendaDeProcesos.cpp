@@ -133,7 +133,11 @@ motor::RegistroTareas registroDePrueba() {
 
 struct Programa::Piezas {
   Piezas(const QString& carpeta, RelojVirtual& base)
-      : reloj(base), ajustes(carpeta, Idioma::Espanol, {enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor(), totals::ajustesSesion(), totals::ajustesPeriodos()}), db(abrirBase(carpeta)) {
+      : reloj(base),
+        ajustes(carpeta, Idioma::Espanol,
+                {enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor(),
+                 totals::ajustesSesion(), totals::ajustesPeriodos()}),
+        db(abrirBase(carpeta)) {
     EXPECT_TRUE(ajustes.LeerConfig());
     EXPECT_TRUE(totals::asegurarTablasLibros(*db));
     EXPECT_TRUE(totals::asegurarTablasTotales(*db));

@@ -30,7 +30,8 @@ struct Cables : testing::Test {
   QCoreApplication app{argc, argv};
   QTemporaryDir carpeta;
   RelojReal reloj;
-  Ajustes ajustes{carpeta.path(), Idioma::Espanol, {enlace::ajustesCables(), enlace::ajustesEnlace()}};
+  Ajustes ajustes{
+      carpeta.path(), Idioma::Espanol, {enlace::ajustesCables(), enlace::ajustesEnlace()}};
   AjustesCables& cables = ajustes.de<AjustesCables>();
   FabricaReal fabrica{reloj, ajustes};
   Azar azar{3};

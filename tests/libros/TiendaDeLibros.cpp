@@ -48,8 +48,7 @@ void TiendaDeLibros::cortar() {
 }
 
 void TiendaDeLibros::grupo(int numero, std::vector<int> direcciones, int tipo) {
-  Tienda::grupo(
-      {.codigo = numero, .nombre = u"G%1"_s.arg(numero), .tipo = tipo, .almacen = 0});
+  Tienda::grupo({.codigo = numero, .nombre = u"G%1"_s.arg(numero), .tipo = tipo, .almacen = 0});
   for (const int d : direcciones) grupos[numero][d];
 }
 

@@ -1,5 +1,5 @@
-#include "comm/tareas/AjustesListas.h"
 #include "motor/TiendaDeMotor.h"
+#include "comm/tareas/AjustesListas.h"
 
 #include "comm/envios/TablasEnvios.h"
 #include "core/esquema/Esquema.h"

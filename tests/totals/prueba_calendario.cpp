@@ -92,7 +92,8 @@ TEST(Calendario, ASpanBecomesThePeriodThatHoldsItsWorkingTime) {
 
 TEST(Calendario, TheLongestSpanIsExact) {
   Tienda t;
-  t.ajustes.de<AjustesPeriodos>().FestivoSemanal = {false, true, true, true, true, true, true};  // Mondays only
+  t.ajustes.de<AjustesPeriodos>().FestivoSemanal = {false, true, true, true,
+                                                    true,  true, true};  // Mondays only
   EXPECT_EQ(t.periodo("03/06/2018 21:00", "07/06/2018 21:00").tipo, kDiario);
   const Fecha desde = f("03/06/2018 21:00");
   const Calendario& c = t.calendario;

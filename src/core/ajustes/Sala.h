@@ -21,8 +21,8 @@ namespace tarvo {
 
 inline constexpr Limites kSinIndice{-1, -1};
 
-// A key. `sitio` orders the file: a blank line separates its hundreds, and no two keys have the same.
-// docs/formatos.md has them.
+// A key. `sitio` orders the file: a blank line separates its hundreds, and no two keys have the
+// same. docs/formatos.md has them.
 template <class T>
 struct ClaveDe {
   int sitio;

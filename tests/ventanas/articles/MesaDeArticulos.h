@@ -37,7 +37,8 @@ using namespace articles;
 // to 4 of kinds 1 to 4; section 2 has article 20 alone. Group 1 holds articles 10 and 20.
 struct MesaDeArticulos : Mesa {
   MesaDeArticulos()
-      : Mesa({}, {articles::ajustesArticulos(), precios::ajustesPrecios(), totals::ajustesSesion(), enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor()}) {
+      : Mesa({}, {articles::ajustesArticulos(), precios::ajustesPrecios(), totals::ajustesSesion(),
+                  enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor()}) {
     sql(u"create table if not exists nada (n)"_s);
     bien(esquema::ponerAlDia(*db, *Fecha::leer(u"01/01/2018"_s)));
     bien(totals::asegurarTablasLibros(*db));

@@ -101,7 +101,8 @@ Resultado<> FastModf::seccionCambiada() {
 }
 
 ventanas::Columna FastModf::columna(ColumnaRapida cual) {
-  const Vista vista = ParrillaRapida::leer(contexto().ajustes.de<AjustesPrecios>().ParrillaRapida).vista(cual);
+  const Vista vista =
+      ParrillaRapida::leer(contexto().ajustes.de<AjustesPrecios>().ParrillaRapida).vista(cual);
   const Como& como = kColumnasPLU[static_cast<std::size_t>(cual)];
   ventanas::Columna c{.titulo = kTxColumnas + static_cast<int>(cual),
                       .campo = QString::fromUtf16(como.campo),
@@ -286,9 +287,11 @@ void FastModf::ponerModo(ModoIntro modo) {
 
 void FastModf::configurar() {
   if (!ui_.GrdP->terminar()) return;
-  const auto config = preguntar(PuertaCfgFastPlu{ConfigCambio::de(contexto().ajustes.de<AjustesPrecios>())});
+  const auto config =
+      preguntar(PuertaCfgFastPlu{ConfigCambio::de(contexto().ajustes.de<AjustesPrecios>())});
   if (!config) return;
-  ParrillaRapida todas = ParrillaRapida::leer(contexto().ajustes.de<AjustesPrecios>().ParrillaRapida);
+  ParrillaRapida todas =
+      ParrillaRapida::leer(contexto().ajustes.de<AjustesPrecios>().ParrillaRapida);
   for (std::size_t i = 0; i < kColumnasRapidas; ++i)
     todas.poner(static_cast<ColumnaRapida>(i), config->vistas[i]);
   contexto().ajustes.de<AjustesPrecios>().ParrillaRapida = todas.escribir();
