@@ -34,7 +34,7 @@ TiendaDeLibros::Proceso::Proceso(const QString& carpeta, Reloj& reloj)
       periodos(*db, ajustes, almacenes, textosDePrueba()),
       sesion(*db, ajustes, reloj, textosDePrueba()),
       cierre(sesion, periodos),
-      verTot(periodos, *db, ajustes) {}
+      verTot(periodos) {}
 
 TiendaDeLibros::TiendaDeLibros(Fecha inicio) : reloj(inicio) {
   cortar();
