@@ -1,4 +1,4 @@
-// What TARVO.INI keeps for the main window: the person's own entries.
+// The settings of the main window in TARVO.INI: the person's own entries.
 #pragma once
 
 #include <QString>

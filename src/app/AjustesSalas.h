@@ -1,4 +1,4 @@
-// What each room keeps in TARVO.INI. A room with settings of its own is named here, and nowhere
+// The settings of all rooms in TARVO.INI. A room with its own settings is listed here, and nowhere
 // else.
 #pragma once
 

@@ -1,4 +1,4 @@
-// What TARVO.INI keeps for the catalogue.
+// The settings of the catalogue in TARVO.INI.
 #pragma once
 
 #include <array>
@@ -10,8 +10,8 @@ struct SalaDeAjustes;
 namespace tarvo::articles {
 
 struct AjustesArticulos {
-  // What happens to changes when their window closes: of departments, of articles. 0 nothing, 1 a
-  // question, 2 they are sent.
+  // Changes of departments and of articles when their window closes: 0 nothing, 1 a question, 2
+  // they are sent.
   std::array<int, 2> EnviarCambios{1, 1};
 };
 

@@ -108,12 +108,13 @@ TEST(Ini, CadaClaveVuelveComoDebe) {
 // A line that isn't understood is named, with the value that counts; valid lines are not.
 TEST(Ini, LoQueNoSeEntiendeSeNombra) {
   const std::pair<const char*, const char*> dudosas[] = {
-      {"TimeOut= 12abc", "12"},    {"TimeACK= 0", "2000"},     {"MonedaNativa= pepe", "1"},
-      {"MonedaNativa= 300", "1"},  {"WhoAmI= 99999", "32767"}, {"InicioHorario= 25:00", "08:00"},
-      {"Espera(1)= mucho", "40"},  {"Euro= caro", "0.000000"}, {"CalculoPrecios= quizá|5", "No|5"},
-      {"EnviarCambios= 1", "1|0"}, {"Monedero= 3", ""},        {"TimeOut 500", ""},
-      {"Device(2)= 4", "0"},       {"Device(2)= 7", "0"},      {"Device(2)= -1", "0"},
-      {"Puerto(x)= 3", ""},        {"Puerto(9)= 3", ""},       {"; una nota", ""},
+      {"TimeOut= 12abc", "12"},     {"TimeACK= 0", "2000"},     {"MonedaNativa= pepe", "1"},
+      {"MonedaNativa= 300", "1"},   {"WhoAmI= 99999", "32767"}, {"InicioHorario= 25:00", "08:00"},
+      {"Espera(1)= mucho", "40"},   {"Euro= caro", "0.000000"}, {"CalculoPrecios= quizá|5", "No|5"},
+      {"EnviarCambios= 1", "1|0"},  {"Monedero= 3", ""},        {"TimeOut 500", ""},
+      {"Device(2)= 4", "0"},        {"Device(2)= 7", "0"},      {"Device(2)= -1", "0"},
+      {"Puerto(x)= 3", ""},         {"Puerto(9)= 3", ""},       {"; una nota", ""},
+      {"TextoEtiquetas(2)= x", ""},
   };
   for (const auto& [entra, vale] : dudosas) {
     const Ajustes a = leidos(QString::fromUtf8(entra));
@@ -171,14 +172,6 @@ TEST(Ini, LoEscritoSeLeeIgual) {
   EXPECT_EQ(leidos(escrito).escribir(), escrito);
   EXPECT_TRUE(escrito.contains(u"Personal(2)= con  salto|P\r\n"));
   EXPECT_EQ(a.de<totals::AjustesSesion>().SesionAbier, 2);
-}
-
-TEST(Ini, LoFijoDeLasEtiquetasSigueALaMoneda) {
-  EXPECT_EQ(leidos(QStringLiteral("TextoEtiquetas(2)=x")).TextoEtiquetas[2], u"€/kg");
-  const Ajustes local = leidos(QStringLiteral("MonedaNativa=0"));
-  EXPECT_EQ(local.TextoEtiquetas[2], u"  P/kg");
-  EXPECT_EQ(local.TextoEtiquetas[3], u"Ptas");
-  EXPECT_EQ(local.TextoEtiquetas[20], u"CONSERVAR ENTRE 0 Y +4 C");
 }
 
 TEST(Ini, MonedaYClasesPorIdioma) {

@@ -1,4 +1,4 @@
-// What TARVO.INI keeps for prices and fast entry.
+// The settings of prices and fast entry in TARVO.INI.
 #pragma once
 
 #include <QString>

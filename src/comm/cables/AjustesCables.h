@@ -1,4 +1,4 @@
-// What TARVO.INI keeps for wires: the four configured channels and the devices of serial ports.
+// The settings of cables in TARVO.INI: the four channels and the devices of serial ports.
 #pragma once
 
 #include <QStringList>

@@ -1,4 +1,4 @@
-// What TARVO.INI keeps for the dialogue of a link: waits in ms.
+// The settings of a link's dialogue in TARVO.INI: waits in ms.
 #pragma once
 
 namespace tarvo {

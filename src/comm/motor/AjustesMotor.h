@@ -1,4 +1,4 @@
-// What TARVO.INI keeps for the task engine.
+// The settings of the task engine in TARVO.INI.
 #pragma once
 
 namespace tarvo {

@@ -1,4 +1,4 @@
-// What TARVO.INI keeps for orders and inventories: the highest numbers given.
+// The settings of orders and inventories in TARVO.INI: the highest numbers given.
 #pragma once
 
 namespace tarvo {

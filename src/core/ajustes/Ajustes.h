@@ -1,6 +1,6 @@
 // The settings of TARVO.INI: read once at the start, held in memory, written whole at the end of a
-// run and whenever a window or the session changes one. Everybody's are members of Ajustes; a room
-// brings its own (Sala.h). Keys, defaults and syntax: docs/formatos.md.
+// run and whenever a window or the session changes one. Those of general use are members of
+// Ajustes; a room adds its own (Sala.h). Keys, defaults and syntax: docs/formatos.md.
 #pragma once
 
 #include <QString>
@@ -42,7 +42,7 @@ struct LimitesClases {
 
 class Ajustes;
 
-// A key of the file, whichever room it belongs to.
+// A key of the file, of any room.
 struct ClaveIni {
   int sitio = 0;
   QString nombre;
@@ -52,8 +52,8 @@ struct ClaveIni {
   std::function<bool(const Ajustes&, int indice)> seEscribe;  // empty: always
 };
 
-// The settings of a room: its struct with the defaults, and its keys. salaDeAjustes() of Sala.h
-// makes it.
+// The settings of a room: its struct with the defaults, and its keys. Created by salaDeAjustes() of
+// Sala.h.
 struct SalaDeAjustes {
   std::any valor;
   std::vector<ClaveIni> claves;
@@ -63,12 +63,12 @@ struct SalaDeAjustes {
 class Ajustes {
  public:
   // CargaDefectos: the defaults for a program folder (an absolute path) and a language. `salas` are
-  // the rooms whose settings are in the file. Ends the program when two of them bring the same
-  // struct, name or place.
+  // the rooms with settings in the file. Ends the program if two of them have the same struct, or a
+  // key of the same name or place.
   Ajustes(QString carpeta, Idioma idioma, const std::vector<SalaDeAjustes>& salas = {});
 
-  // A room's own, by its struct. Stays where it is as long as this object does. Ends the program
-  // when the room was not among `salas`.
+  // The settings of a room, by its struct; the reference is valid as long as this object. Ends the
+  // program if the room is not among `salas`.
   template <class T>
   const T& de() const {
     for (const std::any& valor : deLasSalas_)
@@ -111,7 +111,7 @@ class Ajustes {
   std::array<QString, 2> MonedaLogo;
   float Euro = 0;
   int decimalesLocal = 0;  // by language, not stored
-  // Kept for rooms that are still to come.
+  // Kept for rooms to come.
   std::array<int, 2> OpcionesStockCompras{0, 0};
   std::array<QString, 41> TextoEtiquetas;  // 1 to 40; 1 to 20 come from the table of texts
 

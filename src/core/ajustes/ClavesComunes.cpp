@@ -38,7 +38,7 @@ bool leerRuta(Ajustes& a, int, const QString& v) {
   return true;
 }
 
-// The only path that may be none.
+// The only path that may be empty.
 bool leerCopia(Ajustes& a, int, const QString& v) {
   a.CopiaSeguridad = v.isEmpty() ? v : Ajustes::ruta(v, a.carpeta);
   return true;

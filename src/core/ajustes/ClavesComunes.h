@@ -4,7 +4,7 @@
 
 namespace tarvo {
 
-// The keys that are everybody's.
+// The keys of general use.
 std::vector<ClaveIni> clavesComunes();
 
 }  // namespace tarvo

@@ -1,4 +1,4 @@
-// How a room brings its settings: a plain struct whose values are the defaults, and a table of its
+// How a room adds its settings: a plain struct whose values are the defaults, and a table of its
 // keys.
 //
 //     struct AjustesStock {
@@ -11,7 +11,7 @@
 //       });
 //     }
 //
-// The program names the room in src/app/AjustesSalas.cpp; whoever needs its settings asks for
+// src/app/AjustesSalas.cpp lists the room; the users of its settings call
 // ajustes.de<AjustesStock>().
 #pragma once
 
@@ -21,8 +21,8 @@ namespace tarvo {
 
 inline constexpr Limites kSinIndice{-1, -1};
 
-// A key. `sitio` orders the file: a blank line separates its hundreds, and no two keys have the
-// same. docs/formatos.md has them.
+// A key. `sitio` is its place in the file: unique, with a blank line between the hundreds.
+// docs/formatos.md lists the places.
 template <class T>
 struct ClaveDe {
   int sitio;
@@ -30,8 +30,8 @@ struct ClaveDe {
   // Takes what it can of the value, and returns false if that isn't all of it.
   bool (*leer)(T&, int indice, const QString& valor);
   QString (*escribir)(const T&, int indice, Idioma idioma);
-  Limites indices = kSinIndice;  // what may be in the brackets; a line for each
-  bool (*seEscribe)(const T&, int indice) = nullptr;  // none: always
+  Limites indices = kSinIndice;                       // the numbers in brackets; a line for each
+  bool (*seEscribe)(const T&, int indice) = nullptr;  // null: always
 };
 
 template <class M>
@@ -49,7 +49,7 @@ constexpr auto clave(int sitio, const char16_t* nombre) {
                     [](const T& t, int, Idioma) { return kEscribir(t.*kCampo); }};
 }
 
-// One that only this program knows: a file in which it has its default does without it.
+// A key of this program alone: written only if it differs from its default.
 template <auto kCampo, auto kLeer, auto kEscribir = ini::verEntero>
 constexpr auto clavePropia(int sitio, const char16_t* nombre) {
   auto propia = clave<kCampo, kLeer, kEscribir>(sitio, nombre);
@@ -81,7 +81,7 @@ ClaveIni claveIni(const ClaveDe<T>& c) {
   return clave;
 }
 
-// What lists need: to be empty before the lines of a file come, and what is left to do after them.
+// Called before and after the lines of a file are read: lists begin empty.
 template <class T>
 struct AlLeer {
   void (*antes)(T&) = nullptr;

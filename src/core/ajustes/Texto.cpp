@@ -11,7 +11,7 @@ namespace {
 
 constexpr size_t kDudas = 100;
 constexpr qsizetype kLargoDuda = 80;
-constexpr int kParrafo = 100;  // places of a stretch without a blank line
+constexpr int kParrafo = 100;  // places between two blank lines
 
 QString renglon(const QString& nombre, const QString& valor) {
   return nombre + QStringLiteral("= ") + ini::enUnaLinea(valor) + QStringLiteral("\r\n");

@@ -1,4 +1,4 @@
-// What TARVO.INI keeps of the session: a mirror, the truth is in the database.
+// The session in TARVO.INI: a mirror, the truth is in the database.
 #pragma once
 
 #include "core/valores/Fecha.h"

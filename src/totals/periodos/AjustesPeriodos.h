@@ -1,4 +1,4 @@
-// What TARVO.INI keeps for periods: the working day, and which ones were memorised last.
+// The settings of periods in TARVO.INI: the working day, and the periods memorised last.
 #pragma once
 
 #include <array>
