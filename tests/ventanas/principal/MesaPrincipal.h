@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include "app/AjustesPersonal.h"
 #include "app/Datos.h"
 #include "app/ventanas/Manana.h"
 #include "app/ventanas/Registro.h"
@@ -85,6 +86,9 @@ struct MesaPrincipal : Tienda {
   // A night that read group 1 and not group 2.
   void nocheMala();
 
+  std::vector<app::Personal>& personal() {
+    return fondo->ajustes.de<app::AjustesPersonal>().personal;
+  }
   QString carpetaConAjustes() {
     if (!ajustes.isEmpty()) fichero(u"TARVO.INI"_s, ajustes);
     return carpeta.path();
