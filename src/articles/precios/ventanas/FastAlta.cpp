@@ -24,7 +24,7 @@ constexpr int kCifras = 7;
 FastAlta::FastAlta(ventanas::Contexto& contexto, const QString& nombre,
                    articles::Catalogo& catalogo)
     : FichaDe(contexto, nombre),
-      motor_(contexto.db, catalogo, FormaAlta::leer(contexto.ajustes)),
+      motor_(catalogo, FormaAlta::leer(contexto.ajustes)),
       politicas_(ParrillaRapida::leer(contexto.ajustes.ParrillaRapida)),
       lista_(contexto) {
   montar();
