@@ -174,7 +174,7 @@ TEST(Resumen, LoQueNoCuadra) {
 // A night without any sales on a weekday with usual sales is not a good one.
 TEST(Resumen, UnaNocheSinVentas) {
   for (const bool seVende : {true, false}) {
-    Tienda tienda;
+    TiendaDeProcesos tienda;
     const auto p = tienda.programa();
     if (seVende) semanaAntes(*p, 1, 2000, 3000);
     for (const int g : {1, 2}) maquinasDePrueba().porGrupo[g] = {0, 0, 0, 0};
@@ -193,7 +193,7 @@ TEST(Resumen, LoQueDebiaEjecutarseYNadieEjecuto) {
     bool falta;
   } kDespues[] = {{1, false}, {20, false}, {27, true}};
   for (const auto& c : kDespues) {
-    Tienda tienda;
+    TiendaDeProcesos tienda;
     const auto p = tienda.programa();
     correr(*p);  // on the 4th at 22:00
     QFile horario(tienda.dir.filePath(u"TIENDA.CRO"_s));

@@ -60,7 +60,7 @@ TEST_F(EstadoDeEnvio, DeBalanzas) {
 TEST_F(EstadoDeEnvio, LoQueSeDebe) {
   const auto debe = [&] {
     QStringList salida;
-    for (const auto& d : valor(envios::loQueSeDebe(*db, reloj.ahora())))
+    for (const auto& d : bien(envios::loQueSeDebe(*db, reloj.ahora())))
       salida << QStringLiteral("%1:%2%3")
                     .arg(d.grupo)
                     .arg(d.articulos)
@@ -76,8 +76,8 @@ TEST_F(EstadoDeEnvio, LoQueSeDebe) {
   EXPECT_EQ(debe(), u"1:2");
   enviar(1);
   EXPECT_EQ(debe(), QString());
-  valor(db->ejecutar(u"DELETE FROM Enviados"));
-  valor(db->ejecutar(u"DELETE FROM [Cross]"));
+  bien(db->ejecutar(u"DELETE FROM Enviados"));
+  bien(db->ejecutar(u"DELETE FROM [Cross]"));
   EXPECT_EQ(debe(), u"1:2 vacío");
 }
 

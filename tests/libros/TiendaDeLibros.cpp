@@ -32,7 +32,7 @@ TiendaDeLibros::Proceso::Proceso(const QString& carpeta, Reloj& reloj)
       periodos(*db, ajustes, almacenes, textosDePrueba()),
       sesion(*db, ajustes, reloj, textosDePrueba()),
       cierre(sesion, periodos),
-      verTot(periodos, *db, ajustes) {}
+      verTot(periodos) {}
 
 TiendaDeLibros::TiendaDeLibros(Fecha inicio) : reloj(inicio) {
   cortar();
@@ -46,8 +46,7 @@ void TiendaDeLibros::cortar() {
 }
 
 void TiendaDeLibros::grupo(int numero, std::vector<int> direcciones, int tipo) {
-  Tienda::grupo(
-      {.codigo = numero, .nombre = u"G%1"_s.arg(numero), .tipo = tipo, .almacen = 0});
+  Tienda::grupo({.codigo = numero, .nombre = u"G%1"_s.arg(numero), .tipo = tipo, .almacen = 0});
   for (const int d : direcciones) grupos[numero][d];
 }
 

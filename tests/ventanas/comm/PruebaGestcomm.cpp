@@ -66,13 +66,13 @@ TEST_F(Gestcomm, SeAbrePorUnGrupo) {
   dosGrupos();
   for (const int g : {1, 2}) fallo(g, {.averia = Averia::Sorda});
   auto* v = abrir(u"gestcomm"_s);
-  for (const int g : {1, 2}) gestor->NuevaTarea(g, true, 0, 9999999, 17);
+  for (const int g : {1, 2}) gestor->NuevaTarea(g, true, 0, 9999999, TipoTarea::RxGrTot);
   ASSERT_TRUE(hasta([&] { return cola()->filas() == 2; }));
   for (const int g : {1, 2}) {
-    bien(v->preparar({{u"grupo"_s, g}}));
+    abrir(comm::PuertaGestcomm{g});
     EXPECT_EQ(cola()->filaActual(), g - 1);
   }
-  bien(v->preparar({{u"grupo"_s, 7}}));
+  abrir(comm::PuertaGestcomm{7});
   EXPECT_TRUE(v->tira().texto().startsWith(u"El grupo 7 no tiene ninguna tarea"));
 }
 

@@ -14,8 +14,8 @@ using namespace ventanas;
 
 namespace {
 
-struct Ayudada : Tienda {
-  Ayudada() : Tienda(QStringList{}) {
+struct Ayudada : MesaPrincipal {
+  Ayudada() : MesaPrincipal(QStringList{}) {
     app::registrarVentanas(todas(), aplicacion);
     sql(u"DELETE FROM OPERS"_s);
     sql(u"INSERT INTO OPERS (CODOPE, NOMOPE) VALUES (5, 'Ana')"_s);

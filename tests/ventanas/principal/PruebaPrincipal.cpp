@@ -62,7 +62,7 @@ TEST(Principal, LaMananaTrasUnGrupoFallido) {
 
 // What was done in another window shows when that closes.
 TEST(Principal, LaProximaCambiaAlCerrarOtraVentana) {
-  Tienda t;
+  MesaPrincipal t;
   auto* v = t.conManana();
   EXPECT_FALSE(pieza(*v, u"HORARIO"_s));
   t.fichero(u"NOCHE.AUT"_s, "N:nada\r\n");
