@@ -75,7 +75,7 @@ void importar(const Ficheros& f, const Cronometro& medir) {
   RelojVirtual reloj{Fecha::deDias(46'000)};
   articles::Catalogo catalogo(*t.db, textosDePrueba(), reloj, u"banco"_s);
   medir([&] {
-    auto i = bien(importar::ImpPLU::abrir(*t.db, catalogo, reloj, f.plu));
+    auto i = bien(importar::ImpPLU::abrir(catalogo, f.plu));
     while (bien(i->paso(importar::SiExiste::Sobreescribirlo))) continue;
     bien(i->acabar());
     if (i->cuenta().nuevos != kArticulos) morir(u"faltan articulos"_s);

@@ -115,8 +115,8 @@ class Desnudo {
 
 double subir(const Cronometro& medir) {
   Almacen a(kArticulos);
-  articles::Lotes lotes(*a.db, a.catalogo, a.reloj);
-  precios::CambioLote motor(*a.db, a.catalogo, lotes, textosDePrueba());
+  articles::Lotes lotes(a.catalogo);
+  precios::CambioLote motor(a.catalogo, lotes);
   std::vector<articles::ClaveArticulo> claves;
   for (int i = 3; i < kArticulos + 3; ++i) claves.push_back({1, i});
   const auto orden =
@@ -188,7 +188,7 @@ double importarEncima(const Registros& r, const Cronometro& medir) {
   double peor = 0;
   medir([&] {
     QElapsedTimer tramo;
-    auto i = bien(importar::ImpPLU::abrir(*a.db, a.catalogo, a.reloj, r.plu));
+    auto i = bien(importar::ImpPLU::abrir(a.catalogo, r.plu));
     bool hayMas = true;
     while (hayMas) {
       tramo.start();

@@ -52,13 +52,14 @@ class Banco {
                   motor::ajustesMotor(), totals::ajustesSesion()}),
         textos_(bien(Textos::leer(u":/textos/es.txt"_s))),
         catalogo_(*db_, textos_, reloj_, u"banco"_s),
+        operadores_(*db_, textos_),
         sesion_(*db_, ajustes_, reloj_, textos_),
         fabrica_(reloj_, ajustes_),
         enlaces_(reloj_, ajustes_, fabrica_, azar_),
         registro_(tareas::registro()),
         motor_({*db_, ajustes_, reloj_, sesion_, textos_}, enlaces_, registro_),
         escritorio_(qt, *db_, ajustes_, textos_, reloj_, ventanas::Cara::Clara, {}) {
-    articles::registrarVentanasArticulos(escritorio_.ventanas(), catalogo_, motor_);
+    articles::registrarVentanasArticulos(escritorio_.ventanas(), catalogo_, operadores_, motor_);
   }
 
   // From the call to the first paint of the grid with its rows.
@@ -145,6 +146,7 @@ class Banco {
   Ajustes ajustes_;
   Textos textos_;
   articles::Catalogo catalogo_;
+  articles::Operadores operadores_;
   totals::Sesion sesion_;
   enlace::FabricaReal fabrica_;
   enlace::Enlaces enlaces_;

@@ -31,6 +31,8 @@ struct Aplicacion::Interior {
         casa(fondo),
         hora(reloj),
         catalogo(db, fondo.textos, reloj, personaDeAqui()),
+        operadores(db, fondo.textos),
+        ofertas(db, fondo.textos, reloj),
         almacenes(db, reloj, fondo.textos),
         sesion(db, fondo.ajustes, reloj, fondo.textos),
         periodos(db, fondo.ajustes, almacenes, fondo.textos),
@@ -41,9 +43,7 @@ struct Aplicacion::Interior {
         azar(semilla),
         enlaces(reloj, fondo.ajustes, fabrica, azar),
         gestcomm({db, fondo.ajustes, reloj, sesion, fondo.textos,
-                  [&t = fondo.textos, &d = db](int seccion) {
-                    return articles::motivoDeEspera(d, t, seccion);
-                  }},
+                  [this](int seccion) { return articles::motivoDeEspera(catalogo, seccion); }},
                  enlaces, registro),
         grupos(db, fondo.ajustes, fondo.textos, reloj),
         debidos(db),
@@ -62,6 +62,8 @@ struct Aplicacion::Interior {
   Fondo& casa;
   Reloj& hora;
   articles::Catalogo catalogo;
+  articles::Operadores operadores;
+  precios::Ofertas ofertas;
   stock::Almacenes almacenes;
   totals::Sesion sesion;
   totals::Periodos periodos;
@@ -109,6 +111,12 @@ enlace::Enlaces& Aplicacion::enlaces() {
 articles::Catalogo& Aplicacion::catalogo() {
   return d->catalogo;
 }
+articles::Operadores& Aplicacion::operadores() {
+  return d->operadores;
+}
+precios::Ofertas& Aplicacion::ofertas() {
+  return d->ofertas;
+}
 stock::Almacenes& Aplicacion::almacenes() {
   return d->almacenes;
 }
@@ -144,7 +152,7 @@ std::shared_ptr<automation::LectorResumen> Aplicacion::resumen(std::optional<qin
                                  .enMarcha = enMarcha});
 }
 Resultado<std::vector<articles::LoteAMedias>> Aplicacion::lotesAMedias() const {
-  return articles::lotesAMedias(d->db);
+  return articles::lotesAMedias(d->catalogo);
 }
 Resultado<> Aplicacion::olvidarTiquesViejos() {
   if (!d->db.existeTabla(u"TikAbier")) return {};

@@ -7,6 +7,8 @@
 #include "app/Carpeta.h"
 #include "articles/Catalogo.h"
 #include "articles/LotesAMedias.h"
+#include "articles/Operadores.h"
+#include "articles/precios/Ofertas.h"
 #include "automation/Cronos.h"
 #include "automation/Resumen.h"
 #include "automation/historia/Pendientes.h"
@@ -77,6 +79,8 @@ class Aplicacion {
   // Deletes tickets left open on an earlier day, if any.
   Resultado<> olvidarTiquesViejos();
   articles::Catalogo& catalogo();
+  articles::Operadores& operadores();
+  precios::Ofertas& ofertas();
   stock::Almacenes& almacenes();
   totals::Sesion& sesion();
   totals::Periodos& periodos();

@@ -8,13 +8,12 @@ namespace tarvo::articles {
 
 class BorradoDepartamento {
  public:
-  // REQUIRES that the references outlive it.
-  BorradoDepartamento(dao::Database& db, Secciones secciones, const Lotes& lotes,
-                      const Textos& textos, int seccion, int departamento)
-      : db_(db),
-        secciones_(secciones),
-        lotes_(lotes),
-        textos_(textos),
+  // REQUIRES that the catalogue outlives it.
+  BorradoDepartamento(Catalogo& catalogo, int seccion, int departamento)
+      : db_(catalogo.base()),
+        secciones_(catalogo),
+        lotes_(catalogo),
+        textos_(catalogo.textos()),
         seccion_(seccion),
         departamento_(departamento) {}
 

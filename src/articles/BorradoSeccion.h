@@ -8,9 +8,9 @@ namespace tarvo::articles {
 
 class BorradoSeccion {
  public:
-  // REQUIRES that both references outlive it.
-  BorradoSeccion(dao::Database& db, Secciones& secciones, const Textos& textos, int seccion)
-      : db_(db), secciones_(secciones), textos_(textos), seccion_(seccion) {}
+  // REQUIRES that the catalogue outlives it.
+  BorradoSeccion(Catalogo& catalogo, int seccion)
+      : db_(catalogo.base()), secciones_(catalogo), textos_(catalogo.textos()), seccion_(seccion) {}
   ~BorradoSeccion();
   BorradoSeccion(const BorradoSeccion&) = delete;
 
@@ -28,7 +28,7 @@ class BorradoSeccion {
   Resultado<> soltar();
 
   dao::Database& db_;
-  Secciones& secciones_;
+  Secciones secciones_;
   const Textos& textos_;
   int seccion_;
 };

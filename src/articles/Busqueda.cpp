@@ -58,13 +58,14 @@ QString ordenPorNombre() {
   return dao::expresionOrden(u"NOMPLU");
 }
 
-Resultado<std::optional<qint64>> filaDe(dao::Database& db, ClaveArticulo clave) {
-  TARVO_TOMAR(const auto fila, db.uno(u"SELECT rowid FROM PLUSES WHERE SECCION=? AND CODPLU=?",
-                                      clave.seccion, clave.codigo));
+Resultado<std::optional<qint64>> filaDe(Catalogo& catalogo, ClaveArticulo clave) {
+  TARVO_TOMAR(const auto fila,
+              catalogo.base().uno(u"SELECT rowid FROM PLUSES WHERE SECCION=? AND CODPLU=?",
+                                  clave.seccion, clave.codigo));
   return fila.nulo() ? std::nullopt : std::optional(fila.entero());
 }
 
-Resultado<std::optional<qint64>> filaDesde(dao::Database& db, const FiltroArticulos& filtro,
+Resultado<std::optional<qint64>> filaDesde(Catalogo& catalogo, const FiltroArticulos& filtro,
                                            bool porNombre, const QString& texto) {
   Condicion c = filtro.condicion();
   c.valores.emplace_back(porNombre ? dao::Valor(dao::claveOrden(texto))
@@ -73,7 +74,7 @@ Resultado<std::optional<qint64>> filaDesde(dao::Database& db, const FiltroArticu
       u"SELECT PLUSES.rowid FROM PLUSES WHERE {donde} AND {orden}>=? ORDER BY "
       u"{orden} LIMIT 1",
       {{u"donde", c.sql}, {u"orden", porNombre ? ordenPorNombre() : u"CODPLU"_s}});
-  TARVO_TOMAR(auto rs, db.OpenQuery(sql, c.valores));
+  TARVO_TOMAR(auto rs, catalogo.base().OpenQuery(sql, c.valores));
   return rs->Eof() ? std::nullopt : std::optional(rs->entero(0));
 }
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "articles/Articulo.h"
+#include "articles/Catalogo.h"
 
 namespace tarvo::articles {
 
@@ -28,9 +28,9 @@ struct FiltroArticulos {
 QString ordenPorNombre();
 
 // The key of the row (PLUSES.rowid) of an article; nothing when there is none.
-Resultado<std::optional<qint64>> filaDe(dao::Database& db, ClaveArticulo clave);
+Resultado<std::optional<qint64>> filaDe(Catalogo& catalogo, ClaveArticulo clave);
 // The same for the first article of the filter with a code, or name, equal to the text or after it.
-Resultado<std::optional<qint64>> filaDesde(dao::Database& db, const FiltroArticulos& filtro,
+Resultado<std::optional<qint64>> filaDesde(Catalogo& catalogo, const FiltroArticulos& filtro,
                                            bool porNombre, const QString& texto);
 
 }  // namespace tarvo::articles

@@ -46,6 +46,8 @@ class Catalogo {
   Resultado<std::vector<ClaveArticulo>> mover(std::span<const ClaveArticulo> claves, int destino);
 
   Cambios& cambios() { return cambios_; }
+  // For the engines that stand on the catalogue; windows leave it alone.
+  dao::Database& base() { return db_; }
 
   // Records the history of a price written by another statement, inside its transaction.
   Resultado<> anotarPrecios(ClaveArticulo clave, const Precios& antes, const Precios& ahora,

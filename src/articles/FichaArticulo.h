@@ -15,8 +15,8 @@ struct FichaArticulo {
 
 class FichasArticulo {
  public:
-  // REQUIRES that both outlive it.
-  FichasArticulo(dao::Database& db, Catalogo& catalogo) : db_(db), catalogo_(catalogo) {}
+  // REQUIRES that the catalogue outlives it.
+  explicit FichasArticulo(Catalogo& catalogo) : db_(catalogo.base()), catalogo_(catalogo) {}
 
   // Code 0: a new article of the department, or of the section's first one when that is 0. NoExiste
   // when there is none with that key.

@@ -49,7 +49,7 @@ Resultado<qint64> Lotes::empezar(const QString& ventana) {
   TARVO_TOMAR(const auto ultimo, db_.uno(u"SELECT max(LOTE) FROM LoteArticulos"));
   const qint64 lote = ultimo.entero() + 1;
   TARVO_INTENTAR(db_.ejecutar(u"INSERT INTO LoteArticulos (LOTE, CUANDO, VENTANA) VALUES (?, ?, ?)",
-                              lote, reloj_.ahora(), ventana));
+                              lote, catalogo_.reloj().ahora(), ventana));
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM LoteArticulos WHERE LOTE<=?", lote - kLotesGuardados));
   TARVO_INTENTAR(barrer());
   TARVO_INTENTAR(t.confirmar());
@@ -307,7 +307,8 @@ Resultado<Lotes::Deshecho> Lotes::reponer(qint64 lote, const QString& ventana) {
     if (!*r) return std::unexpected(r->error());
   if (!fuera) return std::unexpected(fuera.error());
 
-  TARVO_INTENTAR(lotesql::anotarPrecios(db_, lote, {reloj_.ahora(), catalogo_.quien(), ventana}));
+  TARVO_INTENTAR(
+      lotesql::anotarPrecios(db_, lote, {catalogo_.reloj().ahora(), catalogo_.quien(), ventana}));
   TARVO_INTENTAR(lotesql::devolverHistoria(db_, lote));
   TARVO_INTENTAR(lotesql::soltarCodigos(db_, lote));
   TARVO_TOMAR(const auto quitados, catalogo_.borrar(*nuevos));

@@ -13,9 +13,8 @@ namespace tarvo::articles {
 
 class Lotes {
  public:
-  // REQUIRES that all three outlive it.
-  Lotes(dao::Database& db, Catalogo& catalogo, Reloj& reloj)
-      : db_(db), catalogo_(catalogo), reloj_(reloj) {}
+  // REQUIRES that the catalogue outlives it.
+  explicit Lotes(Catalogo& catalogo) : db_(catalogo.base()), catalogo_(catalogo) {}
 
   // The number of a new batch, above 0. Batches older than the last 20 are forgotten.
   Resultado<qint64> empezar(const QString& ventana);
@@ -102,7 +101,6 @@ class Lotes {
 
   dao::Database& db_;
   Catalogo& catalogo_;
-  Reloj& reloj_;
 };
 
 // A batch as long as it can be undone: it is forgotten when this object is destroyed.

@@ -22,7 +22,8 @@ Resultado<std::vector<int>> seccionesDe(dao::Database& db, qint64 lote) {
 
 }  // namespace
 
-Resultado<std::vector<LoteAMedias>> lotesAMedias(dao::Database& db) {
+Resultado<std::vector<LoteAMedias>> lotesAMedias(Catalogo& catalogo) {
+  dao::Database& db = catalogo.base();
   std::vector<LoteAMedias> salida;
   if (!db.existeTabla(u"LoteArticulos")) return salida;
   TARVO_TOMAR(auto rs,
@@ -40,12 +41,11 @@ Resultado<std::vector<LoteAMedias>> lotesAMedias(dao::Database& db) {
   return salida;
 }
 
-Resultado<std::optional<QString>> motivoDeEspera(dao::Database& db, const Textos& textos,
-                                                 int seccion) {
-  TARVO_TOMAR(const auto lotes, lotesAMedias(db));
+Resultado<std::optional<QString>> motivoDeEspera(Catalogo& catalogo, int seccion) {
+  TARVO_TOMAR(const auto lotes, lotesAMedias(catalogo));
   for (const LoteAMedias& l : lotes)
     if (std::ranges::find(l.secciones, seccion) != l.secciones.end())
-      return decirAMedias(l, textos);
+      return decirAMedias(l, catalogo.textos());
   return std::nullopt;
 }
 

@@ -14,10 +14,9 @@ struct LoteAMedias {
 };
 
 // Unfinished batches that have changed an article, the oldest first. One under way is included.
-Resultado<std::vector<LoteAMedias>> lotesAMedias(dao::Database& db);
+Resultado<std::vector<LoteAMedias>> lotesAMedias(Catalogo& catalogo);
 // Why none of the section's articles may be sent, in words; nothing when they may.
-Resultado<std::optional<QString>> motivoDeEspera(dao::Database& db, const Textos& textos,
-                                                 int seccion);
+Resultado<std::optional<QString>> motivoDeEspera(Catalogo& catalogo, int seccion);
 // One of them in a sentence for the person.
 QString decirAMedias(const LoteAMedias& lote, const Textos& textos);
 

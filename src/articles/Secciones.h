@@ -34,9 +34,9 @@ struct IvasSeccion {
 
 class Secciones {
  public:
-  // REQUIRES that all references outlive it.
-  Secciones(dao::Database& db, const Textos& textos, Cambios& cambios)
-      : db_(db), textos_(textos), cambios_(cambios) {}
+  // REQUIRES that the catalogue outlives it.
+  explicit Secciones(Catalogo& catalogo)
+      : db_(catalogo.base()), textos_(catalogo.textos()), cambios_(catalogo.cambios()) {}
 
   // All sections with their departments, by number.
   struct Rama {
@@ -101,8 +101,9 @@ class Secciones {
 // Steps for Trabajo.
 class CopiaSeccion {
  public:
-  CopiaSeccion(dao::Database& db, const Textos& textos, Secciones& secciones, int origen)
-      : db_(db), textos_(textos), secciones_(secciones), origen_(origen) {}
+  // REQUIRES that the catalogue outlives it.
+  CopiaSeccion(Catalogo& catalogo, int origen)
+      : db_(catalogo.base()), textos_(catalogo.textos()), secciones_(catalogo), origen_(origen) {}
 
   // Rows are counted in articles; false when it is done.
   Resultado<bool> paso(qint64& hechos, qint64& total);
@@ -116,7 +117,7 @@ class CopiaSeccion {
 
   dao::Database& db_;
   const Textos& textos_;
-  Secciones& secciones_;
+  Secciones secciones_;
   int origen_, destino_ = 0;
   QString nombre_;
   qint64 ultimo_ = -1;  // code copied last

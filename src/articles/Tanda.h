@@ -15,8 +15,12 @@ class Tanda {
   enum class Oyen { Todos, Nadie };
 
   // REQUIRES that the references outlive it.
-  Tanda(dao::Database& db, Catalogo& catalogo, Lotes& lotes, QString ventana, Oyen oyen)
-      : db_(db), catalogo_(catalogo), lotes_(lotes), ventana_(std::move(ventana)), oyen_(oyen) {}
+  Tanda(Catalogo& catalogo, Lotes& lotes, QString ventana, Oyen oyen)
+      : db_(catalogo.base()),
+        catalogo_(catalogo),
+        lotes_(lotes),
+        ventana_(std::move(ventana)),
+        oyen_(oyen) {}
 
   // One transaction: existing articles become these, the others are created. The history of a
   // created one has its first non-zero price, with who brought it and when. REQUIRES a batch,

@@ -105,7 +105,7 @@ const Camino kCaminos[] = {
      "", ""},
     {"its section copied",
      [](TiendaDeArticulos& t) {
-       CopiaSeccion copia(*t.db, t.textos, t.secciones, 3);
+       CopiaSeccion copia(t.catalogo, 3);
        qint64 hechos = 0, total = 0;
        while (bien(copia.paso(hechos, total))) {
        }

@@ -137,7 +137,7 @@ TEST(Existencias, SoloSeEscribeLoQueCambia) {
 TEST(Secciones, LaCopiaYLaBorrada) {
   TiendaDeArticulos t;
   bien(t.secciones.ponerIvas(3, {400, 1000, 2100, 550, 0}));
-  CopiaSeccion copia(*t.db, t.textos, t.secciones, 3);
+  CopiaSeccion copia(t.catalogo, 3);
   qint64 hechos = 0, total = 0;
   bien(copia.paso(hechos, total));
   EXPECT_EQ(t.leer(u"select NOMSEC from SECCS where NMSECC=8"_s),
@@ -210,7 +210,7 @@ TEST(Secciones, UnaBorradaVuelveEntera) {
        },
        {{u"DeOtra"_s, u"LINK=0 AND "_s}}});
   const std::string antes = todo();
-  BorradoSeccion ida(*t.db, t.secciones, t.textos, 3);
+  BorradoSeccion ida(t.catalogo, 3);
   const QString copia = bien(ida.borrar(t.carpeta.path(), t.reloj.ahora()));
   EXPECT_EQ(idos.join(u' '), u"15 25 35 45") << "each, while it is still there";
   EXPECT_EQ(t.leer(u"select NMSECC from SECCS"_s), u"7");
@@ -227,7 +227,7 @@ TEST(Secciones, UnaBorradaVuelveEntera) {
   EXPECT_EQ(ida.reponer().error().clase, Fallo::Duplicado);
   EXPECT_EQ(t.leer(u"select NMSECC from SECCS order by 1"_s), u"7 | 9") << "nothing by halves";
   // Without its copy nothing is deleted.
-  BorradoSeccion otra(*t.db, t.secciones, t.textos, 7);
+  BorradoSeccion otra(t.catalogo, 7);
   EXPECT_FALSE(otra.borrar(t.ruta(u"no/hay"_s), t.reloj.ahora()));
   EXPECT_EQ(t.leer(u"select NMSECC from SECCS order by 1"_s), u"7 | 9");
 }

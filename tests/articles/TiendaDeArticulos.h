@@ -57,7 +57,7 @@ struct TiendaDeArticulos : TiendaVacia {
   RelojVirtual reloj{*Fecha::leer(u"04/06/2018 10:00:00"_s)};
   Textos textos = textosDePrueba();
   Catalogo catalogo{*db, textos, reloj, u"ana@caja"_s};
-  Secciones secciones{*db, textos, catalogo.cambios()};
+  Secciones secciones{catalogo};
   Operadores operadores{*db, textos};
 };
 

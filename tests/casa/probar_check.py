@@ -86,7 +86,12 @@ CASOS = [
     ("ajustes", anade("src/stock/Prueba.h", "SalaDeAjustes ajustesPrueba();\n"), r"Prueba.h: ajustesPrueba is not listed"),
     ("sql", anade("src/stock/Prueba.cpp", "r = rs->MoveNext();\n"), r"Prueba.cpp:1: rows are walked by"),
     ("sql", anade("src/stock/Prueba.cpp", 'auto s = u"DELETE FROM %1 WHERE LINK=?";\n'), r"marks have no names"),
-    ("datos", anade("src/comm/ventanas/Prueba.cpp", "auto n = contexto().db.cambios();\n"), r"takes the database"),
+    *[("datos", anade(f"src/{sala}/ventanas/Prueba.cpp", f"{linea}\n"), r"Prueba.cpp:1: a window takes the database")
+      for sala, linea in (("comm", "auto n = contexto().db.cambios();"), ("articles", "f(contexto().db);"),
+                          ("articles/precios", "f(catalogo_.base());"), ("app", "f(contexto().base.tienda());"),
+                          ("totals", "  dao::Database& db_;"))],
+    ("datos", cambia("src/core/ventanas/marco/Contexto.h", r"^  Base base;", "  dao::Database& tienda;"),
+     r"Contexto.h:\d+: the context hands the store"),
     ("salas", anade("src/comm/tramas/Prueba.cpp", '#include "totals/ventanas/Puertas.h"\n'), r"tramas includes totals_ventanas"),
     ("datos", anade("src/comm/ventanas/Prueba.cpp", '#include "core/dao/Database.h"\n'), r"data work in a window"),
     ("manual", anade("src/comm/ventanas/Prueba.cpp", 'v.registrar<PuertaUnicornio, Unicornio>();\n'),

@@ -161,7 +161,7 @@ QString Usuario::trasladar(Catalogo& c) {
 QString Usuario::oferta(Programa& p) {
   const auto clave = uno();
   if (!clave) return {};
-  precios::Ofertas ofertas(p.db(), p.aplicacion().catalogo().textos(), t_.reloj);
+  precios::Ofertas& ofertas = p.aplicacion().ofertas();
   std::vector<int> grupos;
   for (const Grupo& g : t_.grupos)
     if (g.seccion == clave->seccion && t_.azar.ocurre(0.7)) grupos.push_back(g.codigo);
@@ -217,7 +217,7 @@ QString Usuario::importar(Programa& p) {
   if (!f.open(QIODevice::WriteOnly) || f.write(fichero) != fichero.size())
     qFatal("no se puede escribir");
   f.close();
-  auto imp = importar::ImpPLU::abrir(p.db(), p.aplicacion().catalogo(), t_.reloj, ruta);
+  auto imp = importar::ImpPLU::abrir(p.aplicacion().catalogo(), ruta);
   if (!imp) return imp.error().texto;
   importadas.insert(seccion);
   for (;;) {

@@ -31,7 +31,7 @@ struct Caminante : Envios {
     for (int n = 1; n <= kGrupos; ++n) grupo(n, n, u"cable %1"_s.arg(n));
     seccion(2, u"Fruta").en(1).departamento(1).departamento(2);
     catalogo = std::make_unique<Catalogo>(*db, textosDePrueba(), reloj, u"ana@caja"_s);
-    lotes = std::make_unique<Lotes>(*db, *catalogo, reloj);
+    lotes = std::make_unique<Lotes>(*catalogo);
     ofertas = std::make_unique<precios::Ofertas>(*db, textosDePrueba(), reloj);
   }
   void modificar(qint64 codigo, const std::function<void(Articulo&)>& como) {
@@ -45,7 +45,7 @@ struct Caminante : Envios {
     bien(catalogo->ponerPrecios({1, 10}, p, kVentana));
   }
   void lote(const precios::OrdenLote& orden) {
-    precios::CambioLote cambio(*db, *catalogo, *lotes, textosDePrueba());
+    precios::CambioLote cambio(*catalogo, *lotes);
     const auto marcha = cambio.empezar({{1, 10}}, orden, kVentana);
     while (bien(marcha->paso())) continue;
     bien(marcha->acabar());
@@ -65,7 +65,7 @@ struct Caminante : Envios {
     QFile f(ruta);
     ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write(linea) == linea.size());
     f.close();
-    auto imp = bien(importar::ImpPLU::abrir(*db, *catalogo, reloj, ruta));
+    auto imp = bien(importar::ImpPLU::abrir(*catalogo, ruta));
     while (bien(imp->paso(importar::SiExiste::Sobreescribirlo))) {
     }
     bien(imp->acabar());
@@ -193,10 +193,7 @@ const Tramo kTramos[] = {
     {"another department at once", [](Caminante& c) { c.lote(precios::PoneDepartamento{2}); },
      "100 10", "10:Pera/345"},
     {"its department deleted",
-     [](Caminante& c) {
-       bien(Secciones(*c.db, textosDePrueba(), c.catalogo->cambios()).borrarDepartamento(1, 2));
-     },
-     "120 10", ""},
+     [](Caminante& c) { bien(Secciones(*c.catalogo).borrarDepartamento(1, 2)); }, "120 10", ""},
 };
 
 }  // namespace

@@ -113,13 +113,11 @@ TEST_F(Envios, TodosLosQueNoVanSeNombran) {
 // Half of the articles have their new prices: none of the section is sent until the change is
 // finished or undone.
 TEST_F(Envios, UnCambioAMediasRetieneSuSeccion) {
-  enEspera = [this](int seccion) {
-    return articles::motivoDeEspera(*db, textosDePrueba(), seccion);
-  };
+  articles::Catalogo catalogo(*db, textosDePrueba(), reloj, u"Ana"_s);
+  articles::Lotes lotes(catalogo);
+  enEspera = [&](int seccion) { return articles::motivoDeEspera(catalogo, seccion); };
   arrancar(false);
   bien(articles::asegurarTablasArticulos(*db));
-  articles::Catalogo catalogo(*db, textosDePrueba(), reloj, u"Ana"_s);
-  articles::Lotes lotes(*db, catalogo, reloj);
   for (const qint64 c : {10, 20}) alta(c, c);
   const qint64 lote = bien(lotes.empezar(u"CambioLote"_s));
   bien(lotes.guardar(lote, {1, 10}));

@@ -67,7 +67,7 @@ TEST(LineaPLU, LoQueNoEsUnaLinea) {
 struct ImpPLU_ : TiendaDeImportar {
   std::unique_ptr<ImpPLU> importar(const QByteArray& bytes,
                                    SiExiste si = SiExiste::Sobreescribirlo) {
-    auto i = bien(ImpPLU::abrir(*db, catalogo, reloj, fichero(bytes)));
+    auto i = bien(ImpPLU::abrir(catalogo, fichero(bytes)));
     while (bien(i->paso(si))) continue;
     bien(i->acabar());
     return i;

@@ -17,7 +17,7 @@ struct ImpTabla_ : TiendaDeImportar {
     leida = bien(leerTabla(fichero(csv.toUtf8(), u"t.csv"_s), textosDePrueba()));
     Plan plan = planDe(leida.tabla, textosDePrueba());
     if (cambiar) cambiar(plan);
-    motor = bien(ImpTabla::crear(*db, catalogo, reloj, ajustes, leida.tabla, plan));
+    motor = bien(ImpTabla::crear(catalogo, ajustes, leida.tabla, plan));
     while (bien(motor->ensayar())) continue;
   }
   ImpTabla::Hecho aplicar() {

@@ -54,7 +54,7 @@ TEST_F(Llegadas, NadaSeHeredaDeUnCodigo) {
        [&] {
          const QString r = u"0010000052"_s + u"PAN"_s.leftJustified(20) + u"0000321"_s +
                            u"000500"_s + QString(23 * 6, u'0') + u"0101"_s + QString(8, u' ');
-         auto i = bien(ImpPLU::abrir(*db, catalogo, reloj, fichero(r.toLatin1())));
+         auto i = bien(ImpPLU::abrir(catalogo, fichero(r.toLatin1())));
          while (bien(i->paso(SiExiste::Sobreescribirlo))) continue;
          bien(i->acabar());
        }},

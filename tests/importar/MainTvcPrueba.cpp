@@ -42,7 +42,7 @@ TEST(LineaTvc, TresSitios) {
 
 struct MainTvc_ : TiendaDeImportar {
   std::unique_ptr<MainTvc> convertir(const QByteArray& bytes, const DestinoTvc& destino) {
-    auto m = bien(MainTvc::abrir(*db, catalogo, reloj, fichero(bytes)));
+    auto m = bien(MainTvc::abrir(catalogo, fichero(bytes)));
     while (bien(m->paso(destino))) continue;
     bien(m->acabar());
     return m;
@@ -82,7 +82,7 @@ TEST_F(MainTvc_, DosLineasDeUnArticulo) {
 // Undoing a run removes the sections it made: the empty ones, and only those.
 TEST_F(MainTvc_, LasSeccionesQueHizoSeVanAlDeshacer) {
   const QString secciones = u"SELECT NMSECC FROM SECCS ORDER BY 1"_s;
-  SeccionesHechas hechas{*db, catalogo};
+  SeccionesHechas hechas{catalogo};
   const auto deshacer = [&] {
     const qint64 lote = bien(lotes.ultimo(u"MainTvc"_s))->numero;
     bien(lotes.deshacer(lote, u"MainTvc"_s));
@@ -126,8 +126,7 @@ TEST_F(MainTvc_, LineasQueNoSonDeArticulos) {
   for (size_t i = 0; i < std::size(casos); ++i)
     EXPECT_EQ(m->cuenta().malas[i].motivo, QString::fromUtf16(casos[i].motivo));
   EXPECT_EQ(leer(u"SELECT count(*) FROM SECCS"_s), u"2"_s);
-  const auto otro =
-      MainTvc::abrir(*db, catalogo, reloj, fichero("\r\n" + QByteArray(193, '0') + "\r\n"));
+  const auto otro = MainTvc::abrir(catalogo, fichero("\r\n" + QByteArray(193, '0') + "\r\n"));
   ASSERT_FALSE(otro);
   EXPECT_TRUE(otro.error().texto.startsWith(u"F.PLU es de otro formato, con líneas de 193"_s));
 }
@@ -138,8 +137,8 @@ TEST_F(MainTvc_, SinAlmacenYFicherosVacios) {
   convertir(vieja(1, 45, u"PAN"_s, '2', 100), {});
   EXPECT_EQ(articulos(), u"1 45 PAN 100"_s);
   EXPECT_EQ(leer(u"SELECT count(*) FROM MovsAlm"_s), u"0"_s);
-  EXPECT_EQ(MainTvc::abrir(*db, catalogo, reloj, fichero("\r\n")).error().clase, Fallo::Formato);
-  EXPECT_EQ(MainTvc::abrir(*db, catalogo, reloj, ruta(u"NO.PLU"_s)).error().clase, Fallo::NoExiste);
+  EXPECT_EQ(MainTvc::abrir(catalogo, fichero("\r\n")).error().clase, Fallo::Formato);
+  EXPECT_EQ(MainTvc::abrir(catalogo, ruta(u"NO.PLU"_s)).error().clase, Fallo::NoExiste);
 }
 
 }  // namespace

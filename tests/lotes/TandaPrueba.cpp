@@ -53,7 +53,7 @@ struct Mundo : prueba::TiendaDeLotes {
 
 TEST(Tanda, ComoUnoAUno) {
   Mundo juntos, sueltos;
-  Tanda tanda(*juntos.db, juntos.catalogo, juntos.lotes, u"V"_s, Tanda::Oyen::Todos);
+  Tanda tanda(juntos.catalogo, juntos.lotes, u"V"_s, Tanda::Oyen::Todos);
   bien(tanda.escribir(juntos.lote, juntos.nuevas()));
   for (const Articulo& a : sueltos.nuevas()) {
     bien(sueltos.lotes.guardar(sueltos.lote, a.clave));
@@ -78,7 +78,7 @@ TEST(Tanda, ComoUnoAUno) {
 
 TEST(Tanda, LoImportadoNoLoOyenLasMaquinasYUnFalloNoDejaNada) {
   Mundo m;
-  Tanda tanda(*m.db, m.catalogo, m.lotes, u"V"_s, Tanda::Oyen::Nadie);
+  Tanda tanda(m.catalogo, m.lotes, u"V"_s, Tanda::Oyen::Nadie);
   auto malas = m.nuevas();
   malas[2].clave.seccion = 200;  // no such section
   const QString antes = m.huella();
@@ -99,39 +99,39 @@ TEST(Tanda, LosLotesViejosSeVanPocoAPoco) {
   for (int i = 0; i < 20; ++i) m.lote = bien(m.lotes.empezar(u"V"_s));
   EXPECT_EQ(m.leer(u"SELECT count(*) FROM LoteAntes"_s), u"2500");
   EXPECT_EQ(m.leer(u"SELECT count(*) FROM LoteArticulos"_s), u"20");
-  Tanda tanda(*m.db, m.catalogo, m.lotes, u"V"_s, Tanda::Oyen::Todos);
+  Tanda tanda(m.catalogo, m.lotes, u"V"_s, Tanda::Oyen::Todos);
   for (int i = 0; i < 3; ++i) bien(tanda.escribir(m.lote, m.nuevas()));
   EXPECT_EQ(m.leer(u"SELECT count(*) FROM LoteAntes WHERE LOTE<%1"_s.arg(m.lote)), u"0");
 }
 
 TEST(LotesAMedias, SeSabenYRetienenSuSeccion) {
   Mundo m;
-  EXPECT_TRUE(bien(lotesAMedias(*m.db)).empty()) << "nothing has changed yet";
+  EXPECT_TRUE(bien(lotesAMedias(m.catalogo)).empty()) << "nothing has changed yet";
   bien(m.lotes.apuntar(m.lote, u"D 2"_s, std::vector<ClaveArticulo>{{1, 10}, {1, 11}, {1, 12}}));
-  Tanda tanda(*m.db, m.catalogo, m.lotes, u"V"_s, Tanda::Oyen::Todos);
+  Tanda tanda(m.catalogo, m.lotes, u"V"_s, Tanda::Oyen::Todos);
   bien(tanda.escribir(m.lote, bien(m.catalogo.leerVarios(std::vector<ClaveArticulo>{{1, 10}}))));
   bien(m.lotes.tachar(m.lote, {1, 10}));
-  const auto lotes = bien(lotesAMedias(*m.db));
+  const auto lotes = bien(lotesAMedias(m.catalogo));
   ASSERT_EQ(lotes.size(), 1u);
   EXPECT_EQ(lotes[0].ventana, u"V");
   EXPECT_EQ(lotes[0].secciones, std::vector{1});
   EXPECT_EQ(std::tuple(lotes[0].lote.articulos, lotes[0].porHacer), std::tuple(1, 2));
-  const auto motivo = bien(motivoDeEspera(*m.db, textosDePrueba(), 1));
+  const auto motivo = bien(motivoDeEspera(m.catalogo, 1));
   EXPECT_EQ(motivo, textosDePrueba()(12000, {lotes[0].lote.cuando.general(), 1, 2}));
-  EXPECT_FALSE(bien(motivoDeEspera(*m.db, textosDePrueba(), 2)));
+  EXPECT_FALSE(bien(motivoDeEspera(m.catalogo, 2)));
   EXPECT_EQ(bien(m.lotes.porHacer(m.lote))->claves, (std::vector<ClaveArticulo>{{1, 11}, {1, 12}}));
   // Once its undoing has begun it can't be resumed; once undone, it no longer exists.
   Lotes::Deshecho d;
   EXPECT_TRUE(bien(m.lotes.deshacerTramo(m.lote, u"V"_s, d)));
   EXPECT_FALSE(bien(m.lotes.porHacer(m.lote)));
   while (bien(m.lotes.deshacerTramo(m.lote, u"V"_s, d))) continue;
-  EXPECT_TRUE(bien(lotesAMedias(*m.db)).empty());
+  EXPECT_TRUE(bien(lotesAMedias(m.catalogo)).empty());
 
   const qint64 otro = bien(m.lotes.empezar(u"V"_s));
   bien(tanda.escribir(otro, m.nuevas()));
-  EXPECT_EQ(bien(lotesAMedias(*m.db))[0].secciones, (std::vector{1, 2}));
+  EXPECT_EQ(bien(lotesAMedias(m.catalogo))[0].secciones, (std::vector{1, 2}));
   bien(m.lotes.darPorHecho(otro));
-  EXPECT_TRUE(bien(lotesAMedias(*m.db)).empty());
+  EXPECT_TRUE(bien(lotesAMedias(m.catalogo)).empty());
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ struct TiendaDeLotes : TiendaVacia {
 
   RelojVirtual reloj{Fecha::de(QDate(2026, 3, 2), QTime(9, 0))};
   articles::Catalogo catalogo{*db, textosDePrueba(), reloj, u"Ana"_s};
-  articles::Lotes lotes{*db, catalogo, reloj};
+  articles::Lotes lotes{catalogo};
 };
 
 }  // namespace tarvo::prueba

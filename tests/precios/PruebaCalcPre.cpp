@@ -122,9 +122,9 @@ TEST(CalcPre, ALockedMarginRulesTheCells) {
 
 TEST(CalcPre, RatesOfDepartments) {
   prueba::TiendaDePrecios p;
-  EXPECT_EQ(bien(ivaDeDepartamento(*p.db, 1, 1)), 10);
-  EXPECT_EQ(bien(ivaDeDepartamento(*p.db, 1, 2)), 0) << "rate 9 of three";
-  EXPECT_EQ(bien(ivaDeDepartamento(*p.db, 1, 7)), 0) << "no such department";
+  EXPECT_EQ(bien(ivaDeDepartamento(p.catalogo, 1, 1)), 10);
+  EXPECT_EQ(bien(ivaDeDepartamento(p.catalogo, 1, 2)), 0) << "rate 9 of three";
+  EXPECT_EQ(bien(ivaDeDepartamento(p.catalogo, 1, 7)), 0) << "no such department";
 }
 
 // A step that the setting couldn't keep isn't accepted either: the box shows the one in force.

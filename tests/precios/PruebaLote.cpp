@@ -32,8 +32,8 @@ TEST(SubePrecios, PercentAndStep) {
 }
 
 struct PruebaLote : testing::Test, prueba::TiendaDePrecios {
-  articles::Lotes lotes{*db, catalogo, reloj};
-  CambioLote lote{*db, catalogo, lotes, textosDePrueba()};
+  articles::Lotes lotes{catalogo};
+  CambioLote lote{catalogo, lotes};
 
   QString previa(const SeleccionLote& s, const OrdenLote& o) {
     QStringList salida;

@@ -73,7 +73,7 @@ TEST(FormaAlta, TheCodeBehindAPrefix) {
 }
 
 struct PruebaAlta : testing::Test, prueba::TiendaDePrecios {
-  AltaRapida alta{*db, catalogo, *FormaAlta::de(u"12"_s, 2, 1)};
+  AltaRapida alta{catalogo, *FormaAlta::de(u"12"_s, 2, 1)};
   EntradaAlta buena() {
     EntradaAlta e;
     e.seccion = 1, e.codigo = u"34"_s, e.nombre = u"Lomo"_s;

@@ -25,8 +25,9 @@ void registrarVentanasPrincipal(ventanas::Ventanas& ventanas, Aplicacion& aplica
 // One line a room.
 void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
   registrarVentanasPrincipal(ventanas, aplicacion);
-  articles::registrarVentanasArticulos(ventanas, aplicacion.catalogo(), aplicacion.gestcomm());
-  precios::registrarVentanasPrecios(ventanas, aplicacion.catalogo());
+  articles::registrarVentanasArticulos(ventanas, aplicacion.catalogo(), aplicacion.operadores(),
+                                       aplicacion.gestcomm());
+  precios::registrarVentanasPrecios(ventanas, aplicacion.catalogo(), aplicacion.ofertas());
   importar::registrarVentanasImportar(ventanas, aplicacion.catalogo());
   comm::registrarVentanasComm(ventanas, {.motor = aplicacion.gestcomm(),
                                          .enlaces = aplicacion.enlaces(),

@@ -26,18 +26,18 @@ void aplicar(const RegistroPLU& r, Articulo& a) {
 
 }  // namespace
 
-ImpPLU::ImpPLU(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj, QByteArray bytes)
-    : db_(db),
+ImpPLU::ImpPLU(articles::Catalogo& catalogo, QByteArray bytes)
+    : db_(catalogo.base()),
       catalogo_(catalogo),
-      lotes_(db, catalogo, reloj),
-      tanda_(db, catalogo, lotes_, kVentanaPLU, articles::Tanda::Oyen::Nadie),
+      lotes_(catalogo),
+      tanda_(catalogo, lotes_, kVentanaPLU, articles::Tanda::Oyen::Nadie),
       lineas_(std::move(bytes)) {}
 ImpPLU::~ImpPLU() = default;
 
-Resultado<std::unique_ptr<ImpPLU>> ImpPLU::abrir(dao::Database& db, articles::Catalogo& catalogo,
-                                                 Reloj& reloj, const QString& ruta) {
+Resultado<std::unique_ptr<ImpPLU>> ImpPLU::abrir(articles::Catalogo& catalogo,
+                                                 const QString& ruta) {
   TARVO_TOMAR(auto bytes, leerFichero(ruta, catalogo.textos()));
-  return std::unique_ptr<ImpPLU>(new ImpPLU(db, catalogo, reloj, std::move(bytes)));
+  return std::unique_ptr<ImpPLU>(new ImpPLU(catalogo, std::move(bytes)));
 }
 
 qint64 ImpPLU::lote() const {

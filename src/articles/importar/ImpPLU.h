@@ -17,9 +17,9 @@ class ImpPLU {
  public:
   static constexpr int kLineasPorPaso = 250;
 
-  // REQUIRES that the references outlive it. Errors: those of leerFichero.
-  static Resultado<std::unique_ptr<ImpPLU>> abrir(dao::Database& db, articles::Catalogo& catalogo,
-                                                  Reloj& reloj, const QString& ruta);
+  // REQUIRES that the catalogue outlives it. Errors: those of leerFichero.
+  static Resultado<std::unique_ptr<ImpPLU>> abrir(articles::Catalogo& catalogo,
+                                                  const QString& ruta);
   ~ImpPLU();
 
   // The next lines, as one transaction: true while there is more to do. A store error not due to a
@@ -42,7 +42,7 @@ class ImpPLU {
   qint64 tamano() const { return lineas_.tamano(); }
 
  private:
-  ImpPLU(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj, QByteArray bytes);
+  ImpPLU(articles::Catalogo& catalogo, QByteArray bytes);
   using Registros = std::map<articles::ClaveArticulo, RegistroPLU>;
   Resultado<bool> linea(SiExiste siExiste, Registros& registros);
   Resultado<> escribir(const Registros& registros, SiExiste siExiste);

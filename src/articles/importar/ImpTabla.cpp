@@ -39,11 +39,11 @@ struct ImpTabla::Pase {
   }
 };
 
-ImpTabla::ImpTabla(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj,
-                   const Ajustes& ajustes, const Tabla& tabla, Plan plan, Departamentos deptos)
-    : db_(db),
+ImpTabla::ImpTabla(articles::Catalogo& catalogo, const Ajustes& ajustes, const Tabla& tabla,
+                   Plan plan, Departamentos deptos)
+    : db_(catalogo.base()),
       catalogo_(catalogo),
-      lotes_(db, catalogo, reloj),
+      lotes_(catalogo),
       ajustes_(ajustes),
       tabla_(tabla),
       plan_(std::move(plan)),
@@ -51,13 +51,11 @@ ImpTabla::ImpTabla(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj
       lector_(tabla_, plan_, deptos_, ajustes_, catalogo.textos()) {}
 ImpTabla::~ImpTabla() = default;
 
-Resultado<std::unique_ptr<ImpTabla>> ImpTabla::crear(dao::Database& db,
-                                                     articles::Catalogo& catalogo, Reloj& reloj,
+Resultado<std::unique_ptr<ImpTabla>> ImpTabla::crear(articles::Catalogo& catalogo,
                                                      const Ajustes& ajustes, const Tabla& tabla,
                                                      const Plan& plan) {
-  TARVO_TOMAR(auto deptos, Departamentos::leer(db));
-  std::unique_ptr<ImpTabla> i(
-      new ImpTabla(db, catalogo, reloj, ajustes, tabla, plan, std::move(deptos)));
+  TARVO_TOMAR(auto deptos, Departamentos::leer(catalogo.base()));
+  std::unique_ptr<ImpTabla> i(new ImpTabla(catalogo, ajustes, tabla, plan, std::move(deptos)));
   TARVO_TOMAR(auto pase, i->nuevoPase());
   i->ensayo_ = std::move(pase);
   return i;

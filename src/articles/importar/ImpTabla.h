@@ -36,9 +36,9 @@ class ImpTabla {
   static constexpr int kEscritasPorPaso = 50;
 
   // REQUIRES that all references outlive it, and a plan with a column for Campo::Codigo.
-  static Resultado<std::unique_ptr<ImpTabla>> crear(dao::Database& db, articles::Catalogo& catalogo,
-                                                    Reloj& reloj, const Ajustes& ajustes,
-                                                    const Tabla& tabla, const Plan& plan);
+  static Resultado<std::unique_ptr<ImpTabla>> crear(articles::Catalogo& catalogo,
+                                                    const Ajustes& ajustes, const Tabla& tabla,
+                                                    const Plan& plan);
   ~ImpTabla();
 
   // The next rows of the dry run: true while there are more. Writes nothing.
@@ -64,8 +64,8 @@ class ImpTabla {
 
  private:
   struct Pase;
-  ImpTabla(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj, const Ajustes& ajustes,
-           const Tabla& tabla, Plan plan, Departamentos deptos);
+  ImpTabla(articles::Catalogo& catalogo, const Ajustes& ajustes, const Tabla& tabla, Plan plan,
+           Departamentos deptos);
   Resultado<std::unique_ptr<Pase>> nuevoPase();
   Resultado<Propuesta> proponer(Pase& pase, int fila);
   // The row as an article, or the reason for its refusal.

@@ -32,22 +32,22 @@ qsizetype largoPrimera(const QByteArray& bytes) {
 
 }  // namespace
 
-MainTvc::MainTvc(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj, QByteArray bytes)
-    : db_(db),
+MainTvc::MainTvc(articles::Catalogo& catalogo, QByteArray bytes)
+    : db_(catalogo.base()),
       catalogo_(catalogo),
-      lotes_(db, catalogo, reloj),
-      hechas_(db, catalogo),
+      lotes_(catalogo),
+      hechas_(catalogo),
       lineas_(std::move(bytes)) {}
 
-Resultado<std::unique_ptr<MainTvc>> MainTvc::abrir(dao::Database& db, articles::Catalogo& catalogo,
-                                                   Reloj& reloj, const QString& ruta) {
+Resultado<std::unique_ptr<MainTvc>> MainTvc::abrir(articles::Catalogo& catalogo,
+                                                   const QString& ruta) {
   TARVO_TOMAR(auto bytes, leerFichero(ruta, catalogo.textos()));
   if (bytes.trimmed().isEmpty())
     return fallo(Fallo::Formato, catalogo.textos()(kTxFicheroVacio, {NombreFichero(ruta)}));
   if (largoPrimera(bytes) == kLineaLarga)
     return fallo(Fallo::Formato,
                  catalogo.textos()(kTxOtroFormato, {NombreFichero(ruta), kLineaLarga}));
-  return std::unique_ptr<MainTvc>(new MainTvc(db, catalogo, reloj, std::move(bytes)));
+  return std::unique_ptr<MainTvc>(new MainTvc(catalogo, std::move(bytes)));
 }
 
 Resultado<bool> MainTvc::paso(const DestinoTvc& destino) {

@@ -13,10 +13,10 @@ class MainTvc {
  public:
   static constexpr int kLineasPorPaso = 100;
 
-  // REQUIRES that the references outlive it. Errors: those of leerFichero; Formato for a file
+  // REQUIRES that the catalogue outlives it. Errors: those of leerFichero; Formato for a file
   // without lines, and for one in the other layout of .PLU files.
-  static Resultado<std::unique_ptr<MainTvc>> abrir(dao::Database& db, articles::Catalogo& catalogo,
-                                                   Reloj& reloj, const QString& ruta);
+  static Resultado<std::unique_ptr<MainTvc>> abrir(articles::Catalogo& catalogo,
+                                                   const QString& ruta);
 
   // The next lines, as one transaction: true while there is more to do.
   Resultado<bool> paso(const DestinoTvc& destino);
@@ -34,7 +34,7 @@ class MainTvc {
   qint64 tamano() const { return lineas_.tamano(); }
 
  private:
-  MainTvc(dao::Database& db, articles::Catalogo& catalogo, Reloj& reloj, QByteArray bytes);
+  MainTvc(articles::Catalogo& catalogo, QByteArray bytes);
   Resultado<bool> lineas(const DestinoTvc& destino);
   Resultado<bool> linea(const DestinoTvc& destino);
   Resultado<> convertir(const RegistroTvc& r, const SitioTvc& sitio, const QString& prefijo);

@@ -55,7 +55,7 @@ Resultado<int> SeccionesHechas::quitar(qint64 lote) {
 }
 
 Resultado<bool> SeccionesHechas::quitarSiVacia(int seccion) {
-  articles::Secciones secciones(db_, catalogo_.textos(), catalogo_.cambios());
+  articles::Secciones secciones(catalogo_);
   TARVO_TOMAR(const auto hay, secciones.cuentas(seccion));
   if (hay.plus + hay.depts + hay.grupos > 0) return false;
   TARVO_INTENTAR(secciones.borrar(seccion));

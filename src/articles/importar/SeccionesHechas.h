@@ -10,8 +10,9 @@ dao::TablasDeSala tablasImportar();
 
 class SeccionesHechas {
  public:
-  // REQUIRES that both outlive it.
-  SeccionesHechas(dao::Database& db, articles::Catalogo& catalogo) : db_(db), catalogo_(catalogo) {}
+  // REQUIRES that the catalogue outlives it.
+  explicit SeccionesHechas(articles::Catalogo& catalogo)
+      : db_(catalogo.base()), catalogo_(catalogo) {}
 
   // To be called before the first of a batch.
   Resultado<> empezar(qint64 lote);

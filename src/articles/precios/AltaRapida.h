@@ -37,9 +37,9 @@ struct EntradaAlta {
 
 class AltaRapida {
  public:
-  // REQUIRES that all references outlive it.
-  AltaRapida(dao::Database& db, articles::Catalogo& catalogo, FormaAlta forma)
-      : db_(db), catalogo_(catalogo), forma_(std::move(forma)) {}
+  // REQUIRES that the catalogue outlives it.
+  AltaRapida(articles::Catalogo& catalogo, FormaAlta forma)
+      : db_(catalogo.base()), catalogo_(catalogo), forma_(std::move(forma)) {}
 
   const FormaAlta& forma() const { return forma_; }
   void ponerForma(FormaAlta forma) { forma_ = std::move(forma); }

@@ -133,10 +133,10 @@ void CalcPre::redondear() {
   c_.PVP = haciaArriba(modo_ == ModoIva::Detallado ? c_.Calcu : c_.VentaN, redondeo_);
 }
 
-Resultado<double> ivaDeDepartamento(dao::Database& db, int seccion, int departamento) {
+Resultado<double> ivaDeDepartamento(articles::Catalogo& catalogo, int seccion, int departamento) {
   TARVO_TOMAR(
       auto rs,
-      db.consultar(
+      catalogo.base().consultar(
           u"SELECT SECCS.IVAs, DEPTS.IVA FROM DEPTS LEFT JOIN SECCS ON DEPTS.SECCION=SECCS.NMSECC "
           u"WHERE (NMSECC=?) AND (NUMDEP=?)",
           seccion, departamento));

@@ -5,7 +5,7 @@
 #include <QtGlobal>
 #include <optional>
 
-#include "core/dao/Database.h"
+#include "articles/Catalogo.h"
 
 namespace tarvo::precios {
 
@@ -72,6 +72,6 @@ class CalcPre {
 };
 
 // The VAT rate of a department of a section; 0 when there is no such department or rate.
-Resultado<double> ivaDeDepartamento(dao::Database& db, int seccion, int departamento);
+Resultado<double> ivaDeDepartamento(articles::Catalogo& catalogo, int seccion, int departamento);
 
 }  // namespace tarvo::precios

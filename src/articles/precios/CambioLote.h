@@ -67,9 +67,8 @@ struct LineaLote {
 class CambioLote {
  public:
   // REQUIRES that all references outlive it.
-  CambioLote(dao::Database& db, articles::Catalogo& catalogo, articles::Lotes& lotes,
-             const Textos& textos)
-      : db_(db), catalogo_(catalogo), lotes_(lotes), textos_(textos) {}
+  CambioLote(articles::Catalogo& catalogo, articles::Lotes& lotes)
+      : db_(catalogo.base()), catalogo_(catalogo), lotes_(lotes), textos_(catalogo.textos()) {}
 
   // Ordered by code, system articles left out. Restriccion for a department that the section
   // doesn't have, or a format outside 1 to 20.

@@ -64,7 +64,7 @@ CambioLote::Marcha::Marcha(CambioLote& motor, std::vector<ClaveArticulo> claves,
       claves_(std::move(claves)),
       orden_(std::move(orden)),
       ventana_(ventana),
-      tanda_(motor.db_, motor.catalogo_, motor.lotes_, ventana, articles::Tanda::Oyen::Todos) {
+      tanda_(motor.catalogo_, motor.lotes_, ventana, articles::Tanda::Oyen::Todos) {
   std::ranges::sort(claves_);
 }
 

@@ -36,8 +36,7 @@ BrowGrupos::BrowGrupos(ventanas::Contexto& contexto, const QString& nombre, Cata
     : Ventana(contexto, nombre),
       catalogo_(catalogo),
       motor_(motor),
-      secciones_(contexto.db, contexto.textos, catalogo.cambios()),
-      lotes_(contexto.db, catalogo, contexto.reloj),
+      secciones_(catalogo),
       cuentas_(contexto, *this) {
   ui_.setupUi(cuerpo());
   enlazar();
@@ -138,7 +137,7 @@ Resultado<> BrowGrupos::llenar() {
       anadir(rama, {s.numero, dep.numero}, dep.nombre, textoIva(s.ivas.tasas, dep.tipo));
     rama->setExpanded(!cerradas.contains(s.numero));
   }
-  cambios_ = contexto().db.cambios();
+  cambios_ = contexto().base.cambios();
   if (en) irA(*en);
   ui_.cuenta->setText(t(kTxSecciones, static_cast<int>(secciones.size())));
   contar();
@@ -250,7 +249,7 @@ void BrowGrupos::nombreDejado(bool renunciado) {
 bool BrowGrupos::event(QEvent* evento) {
   const bool hecho = Ventana::event(evento);
   if (evento->type() == QEvent::WindowActivate && !copia_ && ui_.Arbol->topLevelItemCount() > 0 &&
-      contexto().db.cambios() != cambios_)
+      contexto().base.cambios() != cambios_)
     RefrescoArbol();
   return hecho;
 }

@@ -68,7 +68,6 @@ class BrowGrupos final : public ventanas::Ventana {
   Catalogo& catalogo_;
   motor::gestcomm& motor_;
   Secciones secciones_;
-  Lotes lotes_;
   ventanas::Aparte cuentas_;
   std::shared_ptr<CopiaSeccion> copia_;
   ventanas::Deshacer* deshacer_;

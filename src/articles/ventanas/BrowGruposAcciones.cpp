@@ -31,8 +31,7 @@ void BrowGrupos::nuevoDepartamento() {
 void BrowGrupos::copiar() {
   const auto en = actual();
   if (!en || copia_) return;
-  copia_ =
-      std::make_shared<CopiaSeccion>(contexto().db, contexto().textos, secciones_, en->seccion);
+  copia_ = std::make_shared<CopiaSeccion>(catalogo_, en->seccion);
   actualCambiado();
   const auto paso = [copia = copia_](Trabajo::Avance& a) { return copia->paso(a.hechos, a.total); };
   trabajo().empezar(t(kTxCopiando), paso, [this](const Resultado<Trabajo::Fin>& fin) {
@@ -87,8 +86,7 @@ void BrowGrupos::borrarSeccion(int seccion) {
   const QString nombre = buscar({seccion, 0}) ? buscar({seccion, 0})->text(0) : QString();
   if (!confirmarSeccion(seccion, nombre, *va)) return;
   if (!contexto().ventanas.descargar(u"BrowPLUs"_s)) return;
-  auto ida =
-      std::make_shared<BorradoSeccion>(contexto().db, secciones_, contexto().textos, seccion);
+  auto ida = std::make_shared<BorradoSeccion>(catalogo_, seccion);
   const auto copia = ida->borrar(contexto().ajustes.HomeDir, contexto().reloj.ahora());
   if (copia)
     deshacer_->apuntar(t(kTxNodoBorrado).arg(decirNodo({seccion, 0}), nombre),
@@ -117,8 +115,8 @@ void BrowGrupos::borrarDepartamento(Nodo nodo) {
                         ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente))
     return;
   const Nodo vecino = vecinoDe(nodo);
-  const auto ido = std::make_shared<BorradoDepartamento>(
-      contexto().db, secciones_, lotes_, contexto().textos, nodo.seccion, nodo.departamento);
+  const auto ido =
+      std::make_shared<BorradoDepartamento>(catalogo_, nodo.seccion, nodo.departamento);
   const auto borrado = ido->borrar(this->nombre());
   RefrescoArbol();
   if (!haIdoBien(borrado)) return;

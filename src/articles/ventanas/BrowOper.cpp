@@ -12,8 +12,8 @@ namespace tarvo::articles {
 using namespace Qt::StringLiterals;
 using ventanas::Clase;
 
-BrowOper::BrowOper(ventanas::Contexto& contexto, const QString& nombre)
-    : Ventana(contexto, nombre), motor_(contexto.db, contexto.textos) {
+BrowOper::BrowOper(ventanas::Contexto& contexto, const QString& nombre, Operadores& motor)
+    : Ventana(contexto, nombre), motor_(motor) {
   ui_.setupUi(cuerpo());
   enlazar();
   montar();

@@ -12,7 +12,7 @@ namespace tarvo::articles {
 class BrowOper final : public ventanas::Ventana {
   Q_OBJECT
  public:
-  BrowOper(ventanas::Contexto& contexto, const QString& nombre);
+  BrowOper(ventanas::Contexto& contexto, const QString& nombre, Operadores& motor);
   Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
   bool QueryUnload() override;
 
@@ -34,7 +34,7 @@ class BrowOper final : public ventanas::Ventana {
   void verVentas();
 
   Ui::BrowOper ui_;
-  Operadores motor_;
+  Operadores& motor_;
   int nuevo_ = 0;             // code of one that was added and may have no name yet
   bool faltaNombre_ = false;  // its code was written just now
   int antes_ = 0;             // where the pointer stood before it

@@ -26,10 +26,7 @@ constexpr int kLargoNumero = 9;  // more than fits, so that it is refused and no
 
 BrowPLUs::BrowPLUs(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo,
                    motor::gestcomm& motor)
-    : Ventana(contexto, nombre),
-      catalogo_(catalogo),
-      motor_(motor),
-      lotes_(contexto.db, catalogo, contexto.reloj) {
+    : Ventana(contexto, nombre), catalogo_(catalogo), motor_(motor), lotes_(catalogo) {
   ui_.setupUi(cuerpo());
   enlazar();
   precios_ = std::make_unique<RejillaPrecios>(
@@ -236,7 +233,7 @@ void BrowPLUs::listar() {
   o.filtro = std::move(c.sql);
   o.parametros = std::move(c.valores);
   haIdoBien(ui_.Grid->abrir(std::move(o)));
-  cambios_ = contexto().db.cambios();
+  cambios_ = contexto().base.cambios();
   ui_.Grid->setVacia(t(ui_.Filtro->text().trimmed().isEmpty() ? kTxListaVacia : kTxNadaFiltrado),
                      ui_.Nuevo);
   setWindowTitle(t(kTxArticulosDe).arg(ui_.LstSec->currentText()));
@@ -246,14 +243,14 @@ void BrowPLUs::listar() {
 void BrowPLUs::refrescar() {
   if (ui_.Grid->editando()) return;
   haIdoBien(ui_.Grid->refrescar());
-  cambios_ = contexto().db.cambios();
+  cambios_ = contexto().base.cambios();
   actualCambiada();
 }
 
 void BrowPLUs::refrescarEn(Clave c) {
   refrescar();
   if (c.seccion != seccion_ || c == clave()) return;
-  const auto fila = filaDe(contexto().db, {c.seccion, c.codigo});
+  const auto fila = filaDe(catalogo_, {c.seccion, c.codigo});
   if (haIdoBien(fila) && *fila) ui_.Grid->irA(ui_.Grid->filaDe(**fila));
 }
 
@@ -278,7 +275,7 @@ void BrowPLUs::ordenCambiado() {
 void BrowPLUs::buscar() {
   const QString texto = ui_.EntBus->text().trimmed();
   if (texto.isEmpty()) return ui_.Grid->setFocus();
-  const auto fila = filaDesde(contexto().db, filtro(), ui_.ModoNom->isChecked(), texto);
+  const auto fila = filaDesde(catalogo_, filtro(), ui_.ModoNom->isChecked(), texto);
   ui_.EntBus->clear();
   ui_.Grid->setFocus();
   if (!haIdoBien(fila)) return;
@@ -353,7 +350,7 @@ void BrowPLUs::pintarNombre() {
 bool BrowPLUs::event(QEvent* evento) {
   const bool hecho = Ventana::event(evento);
   if (evento->type() == QEvent::WindowActivate && seccion_ > 0 && !trabajando_ &&
-      contexto().db.cambios() != cambios_)
+      contexto().base.cambios() != cambios_)
     refrescar();
   return hecho;
 }

@@ -111,7 +111,7 @@ bool BrowPLUs::ordena(int columna) const {
 // Its row may be elsewhere in the order now; the pointer stays on its article.
 void BrowPLUs::celdaEscrita(int columna) {
   if (ordena(columna)) return refrescar();
-  cambios_ = contexto().db.cambios();
+  cambios_ = contexto().base.cambios();
   actualCambiada();
 }
 
@@ -124,7 +124,7 @@ Resultado<> BrowPLUs::CambioPrecios(const Precios& precios) {
   ahora.precios = precios;
   apuntar(queCambia(antes->precios, precios), *antes, ahora);
   ui_.Grid->modelo()->releer(ui_.Grid->filaActual());
-  cambios_ = contexto().db.cambios();
+  cambios_ = contexto().base.cambios();
   return {};
 }
 

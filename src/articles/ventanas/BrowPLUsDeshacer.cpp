@@ -23,7 +23,7 @@ void BrowPLUs::anotarDeshacer(const QString& que, qint64 lote) {
     const auto guardado = std::make_shared<LoteGuardado>(lotes_, lote);
     deshacer_->apuntar(que, [=, this] { return volverDe(*guardado, que); });
   }
-  cambios_ = contexto().db.cambios();
+  cambios_ = contexto().base.cambios();
 }
 
 Resultado<BrowPLUs::Vuelto> BrowPLUs::volverDe(LoteGuardado& lote, const QString& que) {
@@ -45,7 +45,7 @@ BrowPLUs::Vuelto BrowPLUs::vueltaDe(const QString& bien, const Lotes::Deshecho& 
 // here too. Those of a window that is open are its own.
 void BrowPLUs::mirarLotes() {
   for (const int numero : std::exchange(cortados_, {})) deshacer_->retirar(numero);
-  const auto lotes = lotesAMedias(contexto().db);
+  const auto lotes = lotesAMedias(catalogo_);
   if (!haIdoBien(lotes)) return;
   for (const LoteAMedias& l : *lotes) {
     const bool suyo = std::ranges::find(l.secciones, seccion_) != l.secciones.end();

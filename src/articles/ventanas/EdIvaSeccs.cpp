@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 using ventanas::Clase;
 
 EdIvaSeccs::EdIvaSeccs(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo)
-    : FichaDe(contexto, nombre), secciones_(contexto.db, contexto.textos, catalogo.cambios()) {
+    : FichaDe(contexto, nombre), secciones_(catalogo) {
   auto f = formulario(kTxIvaPorDepartamentos);
   titulo_ = f.titulo(u"seccion"_s);
   tipos_ = f.parrilla(kTxTiposIva, u"GrdTpos"_s, 2);

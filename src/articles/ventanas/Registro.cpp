@@ -15,13 +15,14 @@ namespace tarvo::articles {
 using namespace Qt::StringLiterals;
 using ventanas::fabrica;
 
-void registrarVentanasArticulos(ventanas::Ventanas& v, Catalogo& catalogo, motor::gestcomm& motor) {
+void registrarVentanasArticulos(ventanas::Ventanas& v, Catalogo& catalogo, Operadores& operadores,
+                                motor::gestcomm& motor) {
   v.registrar<PuertaBrowGrupos, BrowGrupos>(catalogo, motor);
   v.registrar<PuertaEdIvaSeccs, EdIvaSeccs>(catalogo);
   v.registrar<PuertaBrowPLUs, BrowPLUs>(catalogo, motor);
   v.registrar<PuertaXEditPLU, XEditPLU>(catalogo);
   v.registrar<PuertaEntNmSc, EntNmSc>();
-  v.registrar(u"BrowOper"_s, fabrica<BrowOper>());
+  v.registrar(u"BrowOper"_s, fabrica<BrowOper>(operadores));
   v.registrar<PuertaSelOpe, SelOpe>();
   v.registrar<PuertaQueHacemos, QueHacemos>();
   v.registrar<PuertaVerPrecios, VerPrecios>();

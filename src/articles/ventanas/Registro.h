@@ -2,6 +2,7 @@
 #pragma once
 
 #include "articles/Catalogo.h"
+#include "articles/Operadores.h"
 #include "comm/motor/gestcomm.h"
 #include "core/ventanas/marco/Ventanas.h"
 
@@ -9,6 +10,6 @@ namespace tarvo::articles {
 
 // REQUIRES that what it is given outlives all windows.
 void registrarVentanasArticulos(ventanas::Ventanas& ventanas, articles::Catalogo& catalogo,
-                                motor::gestcomm& motor);
+                                articles::Operadores& operadores, motor::gestcomm& motor);
 
 }  // namespace tarvo::articles

@@ -35,7 +35,7 @@ QLineEdit& linea(const ventanas::Campo& campo) {
 
 XEditPLU::XEditPLU(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo)
     : FichaDe(contexto, nombre),
-      fichas_(contexto.db, catalogo),
+      fichas_(catalogo),
       catalogo_(catalogo),
       moneda_(contexto.ajustes.MonedaPreferente) {
   montar();

@@ -52,7 +52,7 @@ struct MesaDeArticulos : Mesa {
     articulo(2, 20, u"Lomo"_s);
     en(1).cruce(1, {10, 20});
     bien(sesion.cargar());
-    registrarVentanasArticulos(escritorio.ventanas(), catalogo, *gestor);
+    registrarVentanasArticulos(escritorio.ventanas(), catalogo, operadores, *gestor);
   }
 
   using Tienda::articulo;
@@ -105,6 +105,7 @@ struct MesaDeArticulos : Mesa {
   qint64 enMano(ventanas::Parrilla& p) { return p.valor(p.filaActual(), u"CODPLU").entero(); }
 
   Catalogo catalogo{*db, textos, reloj, u"ana@caja"_s};
+  Operadores operadores{*db, textos};
   totals::Sesion sesion{*db, ajustes, reloj, textos};
   FabricaSimulada fabrica{reloj};
   Azar azar{3};

@@ -15,7 +15,7 @@ struct Mercado : MesaDeArticulos {
       sql(u"insert into [Cross] (Secc, plu, Grupo, borra) select 1, CODPLU, ?, 0 from PLUSES where "
           u"SECCION=1 and CODPLU>2"_s,
           grupo);
-    precios::registrarVentanasPrecios(escritorio.ventanas(), catalogo);
+    precios::registrarVentanasPrecios(escritorio.ventanas(), catalogo, ofertas);
     lista_ = abrir(u"BrowPLUs"_s);
   }
 
@@ -49,6 +49,7 @@ struct Mercado : MesaDeArticulos {
         u"select CODPLU, PRECIO_00 from PLUSES where SECCION=1 and CODPLU>2 order by CODPLU"_s);
   }
 
+  precios::Ofertas ofertas{*db, textos, reloj};
   ventanas::Ventana* lista_ = nullptr;
 };
 

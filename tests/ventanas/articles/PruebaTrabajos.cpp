@@ -312,7 +312,7 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
 TEST(Trabajos, LoQueSeCortoSeDiceYSeResuelve) {
   for (const bool deshacer : {true, false}) {
     MesaDeArticulos t;
-    articles::Lotes lotes(*t.db, t.catalogo, t.reloj);
+    articles::Lotes lotes(t.catalogo);
     const qint64 lote = bien(lotes.empezar(u"ImpPLU"_s));
     bien(lotes.guardar(lote, {1, 10}));
     t.sql(u"update PLUSES set PRECIO_00=1 where SECCION=1 and CODPLU=10"_s);

@@ -12,7 +12,7 @@ struct HastaLaBalanza : MesaDeComm {
     bien(articles::asegurarTablasArticulos(*db));
     grupo(1, 1, u"cable 1"_s);
     departamento(1, u"Fruta");
-    articles::registrarVentanasArticulos(escritorio.ventanas(), catalogo, *gestor);
+    articles::registrarVentanasArticulos(escritorio.ventanas(), catalogo, operadores, *gestor);
     gestor->VigilaProcesos(3, false, nullptr);
   }
   void tecla(Qt::Key k, Qt::KeyboardModifiers m = {}) {
@@ -36,6 +36,7 @@ struct HastaLaBalanza : MesaDeComm {
   const simulador::Catalogo& tiene() { return maquina(1).memoria().catalogo; }
 
   articles::Catalogo catalogo{*db, textos, reloj, u"ana@caja"_s};
+  articles::Operadores operadores{*db, textos};
 };
 
 TEST_F(HastaLaBalanza, UnArticuloNuevo) {

@@ -302,7 +302,7 @@ TEST(VentanaImpTabla, ParadaNoDejaNada) {
 // A run that a fall of the program cut off is told of, and can be taken back.
 TEST(VentanaImpTabla, LaQueQuedoAMediasSeDice) {
   MesaDeImportar m;
-  articles::Lotes lotes{*m.db, m.catalogo, m.reloj};
+  articles::Lotes lotes{m.catalogo};
   bien(lotes.guardar(bien(lotes.empezar(u"ImpTabla"_s)), {3, 10}));
   m.sql(u"UPDATE PLUSES SET NOMPLU='A MEDIAS' WHERE CODPLU=10"_s);
   auto* v = m.abrir(u"ImpTabla"_s);

@@ -29,7 +29,8 @@ void llenarArticulos(Mesa& m, int cuantos) {
       cuantos, cuantos);
 }
 
-Muestra::Muestra(Contexto& c, const QString& nombre) : Ventana(c, nombre) {
+Muestra::Muestra(Contexto& c, const QString& nombre, dao::Database& db)
+    : Ventana(c, nombre), db_(db) {
   ui.setupUi(cuerpo());
   enlazar();
   ui.abrir->setIcon(icono(u"abrir"_s));
@@ -62,7 +63,7 @@ Resultado<> Muestra::preparar(const Argumentos& argumentos) {
   if (alPreparar) alPreparar();
   if (argumentos.contains(u"falla"_s))
     return fallo(Fallo::NoExiste, u"No hay tal periodo."_s, 3024);
-  if (contexto().db.existeTabla(u"ART"))
+  if (db_.existeTabla(u"ART"))
     TARVO_INTENTAR(ui.lista->abrir({.desde = u"ART"_s, .clave = u"CODIGO"_s}));
   std::vector<FilaViva> filas;
   int n = 0;

@@ -17,7 +17,7 @@ inline const QString kTextosMuestra =
 class Muestra final : public ventanas::Ventana {
   Q_OBJECT
  public:
-  Muestra(ventanas::Contexto& c, const QString& nombre);
+  Muestra(ventanas::Contexto& c, const QString& nombre, dao::Database& db);
   Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
   bool QueryUnload() override {
     ++preguntas;
@@ -30,6 +30,9 @@ class Muestra final : public ventanas::Ventana {
   std::function<bool()> alDescargar;
   std::function<void()> alPreparar;
   Ui::Muestra ui;
+
+ private:
+  dao::Database& db_;
 };
 
 // Articles 1 to n in the table ART; every fifth is worth nothing, names have accents.

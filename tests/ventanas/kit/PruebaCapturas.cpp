@@ -6,21 +6,13 @@
 
 namespace tarvo::prueba {
 
-namespace {
-
-ventanas::Ventana* hacerMuestra(ventanas::Contexto& c, const QString& nombre) {
-  return new Muestra(c, nombre);
-}
-
-}  // namespace
-
 // Every face, size and scale of a whole window, full and empty, with nothing cut. The variable
 // TARVO_CAPTURAS keeps the pictures.
 TEST(Capturas, NadaCortado) {
   for (const bool llena : {true, false}) {
     Mesa mesa(kTextosMuestra);
     llenarArticulos(mesa, llena ? 1000 : 0);
-    mesa.escritorio.ventanas().registrar(u"Muestra"_s, hacerMuestra);
+    mesa.escritorio.ventanas().registrar(u"Muestra"_s, ventanas::fabrica<Muestra>(*mesa.db));
     const QString fuera = qEnvironmentVariable("TARVO_CAPTURAS");
     const QString carpeta = fuera.isEmpty() ? mesa.ruta(u"png"_s) : fuera;
     const QStringList faltas = capturas::capturar(
@@ -35,7 +27,8 @@ TEST(Capturas, NadaCortado) {
 // A window that can't be opened is a fault with its reason, and nothing waits for a person.
 TEST(Capturas, DiceLaQueNoSeAbre) {
   Mesa mesa(kTextosMuestra);
-  mesa.escritorio.ventanas().registrar(u"Muestra"_s, hacerMuestra, {{u"falla"_s, true}});
+  mesa.escritorio.ventanas().registrar(u"Muestra"_s, ventanas::fabrica<Muestra>(*mesa.db),
+                                       {{u"falla"_s, true}});
   const QStringList faltas = capturas::capturar(
       mesa.escritorio,
       {.carpeta = mesa.ruta(u"png"_s), .marca = u"llena"_s, .solo = {u"Muestra"_s}});

@@ -231,8 +231,7 @@ TEST_F(ConFicha, UnDiaLejanoSePregunta) {
 // Every action is reached: the bar by Tab, each of its buttons by a letter of its own.
 TEST(Alcance, LaBarraEntraEnElTabulador) {
   Mesa m(kTextosMuestra);
-  m.escritorio.ventanas().registrar(
-      u"Muestra"_s, [](Contexto& c, const QString& n) { return new Muestra(c, n); });
+  m.escritorio.ventanas().registrar(u"Muestra"_s, fabrica<Muestra>(*m.db));
   auto* v = static_cast<Muestra*>(m.escritorio.ventanas().abrir(u"Muestra"_s));
   ASSERT_TRUE(esperar([&] { return v->isActiveWindow(); }));
   QSet<QKeySequence> letras;
@@ -252,8 +251,7 @@ TEST(Alcance, LaBarraEntraEnElTabulador) {
 TEST(Alcance, CtrlFDesdeUnaLista) {
   Mesa m(kTextosMuestra);
   llenarArticulos(m, 20);
-  m.escritorio.ventanas().registrar(
-      u"Muestra"_s, [](Contexto& c, const QString& n) { return new Muestra(c, n); });
+  m.escritorio.ventanas().registrar(u"Muestra"_s, fabrica<Muestra>(*m.db));
   auto* v = static_cast<Muestra*>(m.escritorio.ventanas().abrir(u"Muestra"_s));
   ASSERT_TRUE(esperar([&] { return v->isActiveWindow(); }));
   auto* lista = v->findChild<QComboBox*>();
@@ -302,17 +300,17 @@ TEST(Deshacer, LasCeldasVuelven) {
   Mesa m(kTextosMuestra);
   llenarArticulos(m, 5);
   struct Lista final : Ventana {
-    Lista(Contexto& c, const QString& n) : Ventana(c, n), parrilla(new Parrilla(cuerpo())) {
+    Lista(Contexto& c, const QString& n, Mesa& m)
+        : Ventana(c, n), parrilla(new Parrilla(cuerpo())) {
       enlazar();
       parrilla->preparar(
           c, n,
           {{.titulo = 9910, .campo = u"CODIGO"_s, .clase = Clase::Codigo, .cifras = 3},
            {.titulo = 9911,
             .campo = u"NOMBRE"_s,
-            .editar = [this](qint64 clave, const QString& s) -> Resultado<> {
+            .editar = [this, &m](qint64 clave, const QString& s) -> Resultado<> {
               if (cerrada) return fallo(Fallo::Ocupado, u"Ahora no."_s);
-              TARVO_INTENTAR(
-                  contexto().db.ejecutar(u"UPDATE ART SET NOMBRE=? WHERE CODIGO=?", s, clave));
+              m.sql(u"UPDATE ART SET NOMBRE=? WHERE CODIGO=?"_s, s, clave);
               return {};
             }}});
       deshacer = new Deshacer(*this);
@@ -325,8 +323,7 @@ TEST(Deshacer, LasCeldasVuelven) {
     Deshacer* deshacer;
     bool cerrada = false;
   };
-  m.escritorio.ventanas().registrar(
-      u"Lista"_s, [](Contexto& c, const QString& n) -> Ventana* { return new Lista(c, n); });
+  m.escritorio.ventanas().registrar(u"Lista"_s, fabrica<Lista>(m));
   auto* v = static_cast<Lista*>(m.escritorio.ventanas().abrir(u"Lista"_s));
   ASSERT_TRUE(esperar([&] { return v->isActiveWindow(); }));
   auto* vista = v->parrilla->vista();

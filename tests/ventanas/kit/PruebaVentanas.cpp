@@ -23,7 +23,7 @@ struct Puesto : Mesa {
     for (const QString& nombre : {u"Muestra"_s, u"gestcomm"_s, u"Cronos"_s, u"MainTarvo"_s})
       todas().registrar(nombre, [this](Contexto& c, const QString& n) {
         ++hechas;
-        return new Muestra(c, n);
+        return new Muestra(c, n, *db);
       });
   }
   Ventanas& todas() { return escritorio.ventanas(); }
@@ -120,8 +120,8 @@ TEST(Ventanas, DescargaTodo) {
 // Two actions of one key would both be dead: the list gives way to its window.
 TEST(Ventanas, LasTeclasDeLaVentanaSonSuyas) {
   Puesto p;
-  p.todas().registrar(u"Conocida"_s, [](Contexto& c, const QString& n) {
-    auto* v = new Muestra(c, n);
+  p.todas().registrar(u"Conocida"_s, [&](Contexto& c, const QString& n) {
+    auto* v = new Muestra(c, n, *p.db);
     v->ui.abrir->setShortcut(Qt::Key_F3);
     v->ui.borrar->setShortcut(Qt::CTRL | Qt::Key_E);
     return v;

@@ -23,7 +23,7 @@ struct Taller : Mesa {
   Taller() : Mesa(kTextosMuestra) {
     llenarArticulos(*this, kFilas);
     for (const QString& nombre : {u"Muestra"_s, u"MainTarvo"_s})
-      todas().registrar(nombre, [](Contexto& c, const QString& n) { return new Muestra(c, n); });
+      todas().registrar(nombre, fabrica<Muestra>(*db));
   }
   Ventanas& todas() { return escritorio.ventanas(); }
   Muestra& abrir(const QString& nombre) { return *qobject_cast<Muestra*>(todas().abrir(nombre)); }
@@ -256,13 +256,13 @@ TEST(Vidas, QuienSeNiegaRetieneASuDueno) {
 // A window that goes, or whose owner goes, while it is being prepared isn't opened.
 TEST(Vidas, UnaQueSeVaAlPrepararse) {
   Taller t;
-  t.todas().registrar(u"Corta"_s, [](Contexto& c, const QString& n) {
-    auto* v = new Muestra(c, n);
+  t.todas().registrar(u"Corta"_s, [&](Contexto& c, const QString& n) {
+    auto* v = new Muestra(c, n, *t.db);
     v->alPreparar = [v] { v->descargar(); };
     return v;
   });
-  t.todas().registrar(u"Larga"_s, [](Contexto& c, const QString& n) {
-    auto* v = new Muestra(c, n);
+  t.todas().registrar(u"Larga"_s, [&](Contexto& c, const QString& n) {
+    auto* v = new Muestra(c, n, *t.db);
     v->alPreparar = [v] { MyMsgBox::Decide(v, v->contexto().textos, u"¿Sigue?"_s); };
     return v;
   });

@@ -65,7 +65,7 @@ struct MesaDePrecios : Mesa {
                 .coste = 500})
           .cruce(1, {i})
           .cruce(2, {i});
-    precios::registrarVentanasPrecios(escritorio.ventanas(), catalogo);
+    precios::registrarVentanasPrecios(escritorio.ventanas(), catalogo, ofertas);
     escritorio.ventanas().registrar(u"BrowPLUs"_s, [](ventanas::Contexto& c, const QString& n) {
       return new ListaDeArticulos(c, n);
     });
@@ -98,6 +98,7 @@ struct MesaDePrecios : Mesa {
 
   precios::AjustesPrecios& suyos = ajustes.de<precios::AjustesPrecios>();
   articles::Catalogo catalogo{*db, textos, reloj, u"Ana"_s};
+  precios::Ofertas ofertas{*db, textos, reloj};
 };
 
 }  // namespace tarvo::prueba

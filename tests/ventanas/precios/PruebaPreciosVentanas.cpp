@@ -147,8 +147,8 @@ TEST(VentanaLote, ParadoNoDejaNada) {
 TEST(VentanaLote, LoQueSeCortoSeTermina) {
   MesaDePrecios m;
   for (int i = 100; i < 800; ++i) m.articulo({.codigo = i, .depto = 1, .precio = 100});
-  articles::Lotes lotes(*m.db, m.catalogo, m.reloj);
-  precios::CambioLote motor(*m.db, m.catalogo, lotes, m.textos);
+  articles::Lotes lotes(m.catalogo);
+  precios::CambioLote motor(m.catalogo, lotes);
   std::vector<articles::ClaveArticulo> claves;
   for (int i = 100; i < 800; ++i) claves.push_back({1, i});
   const auto cortada = motor.empezar(

@@ -15,7 +15,7 @@ ImpPLUVentana::ImpPLUVentana(ventanas::Contexto& contexto, const QString& nombre
                              articles::Catalogo& catalogo)
     : Ventana(contexto, nombre),
       catalogo_(catalogo),
-      lotes_(contexto.db, catalogo, contexto.reloj),
+      lotes_(catalogo),
       deshacedor_(*this, lotes_, [this] { ponerEstado(estado_); }) {
   ui_.setupUi(cuerpo());
   enlazar();
@@ -80,7 +80,7 @@ void ImpPLUVentana::ponerEstado(Estado estado) {
 }
 
 void ImpPLUVentana::abrir(const QString& ruta) {
-  auto motor = ImpPLU::abrir(contexto().db, catalogo_, contexto().reloj, ruta);
+  auto motor = ImpPLU::abrir(catalogo_, ruta);
   if (!haIdoBien(motor)) return ponerEstado(kConErrores);
   motor_ = std::move(*motor);
   ponerMalas(*ui_.malas, {});

@@ -31,7 +31,7 @@ ImpTablaVentana::ImpTablaVentana(ventanas::Contexto& contexto, const QString& no
                                  articles::Catalogo& catalogo)
     : Ventana(contexto, nombre),
       catalogo_(catalogo),
-      lotes_(contexto.db, catalogo, contexto.reloj),
+      lotes_(catalogo),
       deshacedor_(*this, lotes_, [this] { botones(); }),
       aparte_(contexto, *this) {
   ui_.setupUi(cuerpo());
@@ -180,8 +180,7 @@ void ImpTablaVentana::ensayar() {
   const Plan p = plan();
   if (std::ranges::find(p.columnas, Campo::Codigo) == p.columnas.end())
     return decirFallo(t(kTxFaltaColumnaCodigo));
-  auto motor = ImpTabla::crear(contexto().db, catalogo_, contexto().reloj, contexto().ajustes,
-                               leida_->tabla, p);
+  auto motor = ImpTabla::crear(catalogo_, contexto().ajustes, leida_->tabla, p);
   if (!haIdoBien(motor)) return;
   motor_ = std::move(*motor);
   recorrer(kTxEnsayando, &ImpTabla::ensayar, &ImpTabla::ensayadas, &ImpTablaVentana::ensayado);

@@ -15,8 +15,8 @@ MainTvcVentana::MainTvcVentana(ventanas::Contexto& contexto, const QString& nomb
                                articles::Catalogo& catalogo)
     : Ventana(contexto, nombre),
       catalogo_(catalogo),
-      lotes_(contexto.db, catalogo, contexto.reloj),
-      hechas_(contexto.db, catalogo),
+      lotes_(catalogo),
+      hechas_(catalogo),
       deshacedor_(
           *this, lotes_, [this] { ponerEstado(estado_); },
           [this](qint64 lote) -> Resultado<> {
@@ -119,7 +119,7 @@ void MainTvcVentana::inicioproceso() {
 }
 
 void MainTvcVentana::empezar() {
-  auto motor = MainTvc::abrir(contexto().db, catalogo_, contexto().reloj, ruta_);
+  auto motor = MainTvc::abrir(catalogo_, ruta_);
   if (!haIdoBien(motor)) return ponerEstado(kNoVale);
   const auto adonde = destino();
   if (!adonde) return;

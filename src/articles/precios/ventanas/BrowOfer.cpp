@@ -17,8 +17,8 @@ constexpr int kAnchoFecha = 132;
 
 }  // namespace
 
-BrowOfer::BrowOfer(ventanas::Contexto& contexto, const QString& nombre)
-    : Ventana(contexto, nombre), motor_(contexto.db, contexto.textos, contexto.reloj) {
+BrowOfer::BrowOfer(ventanas::Contexto& contexto, const QString& nombre, Ofertas& motor)
+    : Ventana(contexto, nombre), motor_(motor) {
   ui_.setupUi(cuerpo());
   enlazar();
   montar();

@@ -13,7 +13,7 @@ namespace tarvo::precios {
 class BrowOfer final : public ventanas::Ventana {
   Q_OBJECT
  public:
-  BrowOfer(ventanas::Contexto& contexto, const QString& nombre);
+  BrowOfer(ventanas::Contexto& contexto, const QString& nombre, Ofertas& motor);
   Resultado<> entrar(const PuertaBrowOfer& puerta);
 
   // Reads the list again; what is chosen stays.
@@ -37,7 +37,7 @@ class BrowOfer final : public ventanas::Ventana {
   void borrar();
 
   Ui::BrowOfer ui_;
-  Ofertas motor_;
+  Ofertas& motor_;
   Dia desde_, hasta_;
   ventanas::Deshacer* deshacer_ = nullptr;
 };

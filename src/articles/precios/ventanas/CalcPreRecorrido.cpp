@@ -45,7 +45,7 @@ void CalcPreVentana::vaciar() {
 Resultado<> CalcPreVentana::cargar(ClaveArticulo clave) {
   TARVO_TOMAR(const auto articulo, catalogo_.leer(clave));
   if (!articulo) return fallo(Fallo::NoExiste, t(kTxSinArticulo));
-  TARVO_TOMAR(const auto iva, ivaDeDepartamento(contexto().db, clave.seccion, articulo->depto));
+  TARVO_TOMAR(const auto iva, ivaDeDepartamento(catalogo_, clave.seccion, articulo->depto));
   articulo_ = *articulo;
   precios_ = articulo_.precios;
   tocado_ = false;

@@ -45,8 +45,8 @@ std::optional<int> unoDe(const QComboBox& lista) {
 CambioLoteVentana::CambioLoteVentana(ventanas::Contexto& contexto, const QString& nombre,
                                      articles::Catalogo& catalogo)
     : Ventana(contexto, nombre),
-      lotes_(contexto.db, catalogo, contexto.reloj),
-      motor_(contexto.db, catalogo, lotes_, contexto.textos),
+      lotes_(catalogo),
+      motor_(catalogo, lotes_),
       lista_(contexto),
       luego_(contexto.reloj.temporizador([this] { previa_ ? seguirMirando() : mirar(); })) {
   ui_.setupUi(cuerpo());

@@ -25,7 +25,7 @@ constexpr int kCifras = 7;
 FastAlta::FastAlta(ventanas::Contexto& contexto, const QString& nombre,
                    articles::Catalogo& catalogo)
     : FichaDe(contexto, nombre),
-      motor_(contexto.db, catalogo, FormaAlta::leer(contexto.ajustes.de<AjustesPrecios>())),
+      motor_(catalogo, FormaAlta::leer(contexto.ajustes.de<AjustesPrecios>())),
       politicas_(ParrillaRapida::leer(contexto.ajustes.de<AjustesPrecios>().ParrillaRapida)),
       lista_(contexto) {
   montar();

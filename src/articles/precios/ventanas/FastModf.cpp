@@ -88,8 +88,7 @@ Resultado<> FastModf::entrar(const PuertaFastModf& puerta) {
 // The article on which the list of articles stands.
 void FastModf::irAlDeLaLista() {
   if (!lista_ || lista_->clave().seccion != ui_.dbS->currentData().toInt()) return;
-  const auto fila =
-      articles::filaDe(contexto().db, {lista_->clave().seccion, lista_->clave().codigo});
+  const auto fila = articles::filaDe(catalogo_, {lista_->clave().seccion, lista_->clave().codigo});
   const int i = haIdoBien(fila) && *fila ? ui_.Grd->filaDe(**fila) : -1;
   if (i >= 0) ui_.Grd->irA(i);
 }
@@ -213,7 +212,7 @@ void FastModf::apuntar(const QString& que, const articles::Articulo& antes,
     const auto hecho = catalogo_.volver(antes, ahora, nombre());
     if (!hecho) return std::unexpected(informe(contexto(), hecho.error()));
     TARVO_INTENTAR(ui_.Grd->refrescar());
-    TARVO_TOMAR(const auto fila, articles::filaDe(contexto().db, antes.clave));
+    TARVO_TOMAR(const auto fila, articles::filaDe(catalogo_, antes.clave));
     const int i = fila ? ui_.Grd->filaDe(*fila) : -1;
     if (i >= 0) ui_.Grd->irA(i);
     articuloCambiado();

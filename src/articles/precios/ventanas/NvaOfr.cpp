@@ -18,8 +18,8 @@ namespace tarvo::precios {
 
 using namespace Qt::StringLiterals;
 
-NvaOfr::NvaOfr(ventanas::Contexto& contexto, const QString& nombre)
-    : FichaDe(contexto, nombre), motor_(contexto.db, contexto.textos, contexto.reloj) {
+NvaOfr::NvaOfr(ventanas::Contexto& contexto, const QString& nombre, Ofertas& motor)
+    : FichaDe(contexto, nombre), motor_(motor) {
   montar();
   connect(qobject_cast<QLineEdit*>(&entra_->control()), &QLineEdit::textChanged, this,
           &NvaOfr::buscar);

@@ -19,7 +19,7 @@ struct OfertaEscrita {
 
 class NvaOfr final : public ventanas::FichaDe<OfertaEscrita> {
  public:
-  NvaOfr(ventanas::Contexto& contexto, const QString& nombre);
+  NvaOfr(ventanas::Contexto& contexto, const QString& nombre, Ofertas& motor);
   Resultado<> entrar(const PuertaNvaOfr& puerta);
   bool QueryUnload() override { return !dejado_ && FichaDe::QueryUnload(); }
 
@@ -36,7 +36,7 @@ class NvaOfr final : public ventanas::FichaDe<OfertaEscrita> {
   // Those of `grupos` whose offer a person lets be written over, and those that have none.
   Resultado<std::vector<int>> preguntarPorLas(std::vector<int> grupos);
 
-  Ofertas motor_;
+  Ofertas& motor_;
   QLabel *grupo_, *codigo_, *nombre_, *normal_;
   QRadioButton* porCodigo_;
   QCheckBox* todos_;

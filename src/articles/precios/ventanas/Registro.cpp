@@ -14,9 +14,10 @@ namespace tarvo::precios {
 
 using namespace Qt::StringLiterals;
 
-void registrarVentanasPrecios(ventanas::Ventanas& v, articles::Catalogo& catalogo) {
-  v.registrar<PuertaBrowOfer, BrowOfer>();
-  v.registrar<PuertaNvaOfr, NvaOfr>();
+void registrarVentanasPrecios(ventanas::Ventanas& v, articles::Catalogo& catalogo,
+                              Ofertas& ofertas) {
+  v.registrar<PuertaBrowOfer, BrowOfer>(ofertas);
+  v.registrar<PuertaNvaOfr, NvaOfr>(ofertas);
   v.registrar<PuertaMsgBorrOf, MsgBorrOf>();
   v.registrar<PuertaCalcPre, CalcPreVentana>(catalogo);
   v.registrar<PuertaFastAlta, FastAlta>(catalogo);

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "articles/Catalogo.h"
+#include "articles/precios/Ofertas.h"
 #include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::precios {
 
 // REQUIRES that what it is given outlives all windows.
-void registrarVentanasPrecios(ventanas::Ventanas& ventanas, articles::Catalogo& catalogo);
+void registrarVentanasPrecios(ventanas::Ventanas& ventanas, articles::Catalogo& catalogo,
+                              Ofertas& ofertas);
 
 }  // namespace tarvo::precios

@@ -18,7 +18,6 @@ class Ventanas;
 
 struct Contexto {
   Base base;
-  dao::Database& db;       // of the catalogue's windows alone
   const Nombres& nombres;  // what combo boxes choose from
   Ajustes& ajustes;
   const Textos& textos;

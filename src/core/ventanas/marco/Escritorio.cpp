@@ -42,8 +42,7 @@ Escritorio::Escritorio(QApplication& app, dao::Database& db, Ajustes& ajustes, c
     : nombres_(db),
       recuerdos_(rutaRecuerdos),
       tema_(app, cara ? cara : leerCara(recuerdos_.leer(u"Tema"_s, u"cara"_s))),
-      contexto_{Base(db), db,        nombres_,   ajustes, textos,
-                reloj,    ventanas_, recuerdos_, tema_,   hilos_},
+      contexto_{Base(db), nombres_, ajustes, textos, reloj, ventanas_, recuerdos_, tema_, hilos_},
       ayuda_(ventanas_) {
   ventanas_.setContexto(contexto_);
   ventanas_.registrar<PuertaManual, Manual>();
