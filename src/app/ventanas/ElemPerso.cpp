@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include "app/ventanas/TextosPrincipal.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
 
@@ -44,7 +45,7 @@ ElemPerso::ElemPerso(ventanas::Contexto& contexto, const QString& nombre)
   titulo_ = &f.fila(kTxTituloElemento, u"Titulo"_s, texto(r.este.titulo, 40));
   auto columnas = f.columnas(3);
   lista_ = columnas[0].ancho(new QListWidget, u"Lista"_s, kTxLugarEnLista, 1);
-  procesos_ = columnas[1].ancho(new QListWidget, u"Procesos"_s, kTxElementoProceso, 1);
+  procesos_ = columnas[1].ancho(new QListWidget, u"Procesos"_s, ventanas::kTxProceso, 1);
   diferidos_ = columnas[2].ancho(new QListWidget, u"Diferidos"_s, kTxElementoDiferido, 1);
   subir_ = f.boton(kTxSubirElemento, u"Subir"_s, [this] { mover(-1); });
   bajar_ = f.boton(kTxBajarElemento, u"Bajar"_s, [this] { mover(1); });

@@ -12,6 +12,7 @@
 #include "app/ventanas/SysTray.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "comm/ventanas/Pendientes.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Alcance.h"
 #include "core/ventanas/marco/MyMsgBox.h"
@@ -115,7 +116,8 @@ void MainTarvo::ponerEntradas() {
 void MainTarvo::ponerLetras() {
   for (int i = 0; i < ui_.Paneles->count(); ++i) {
     QSet<QChar> usadas;
-    for (const int texto : {kTxSalir, kTxVolver}) ventanas::conLetra(t(texto), usadas);
+    for (const int texto : {ventanas::kTxSalir, ventanas::kTxManualAtras})
+      ventanas::conLetra(t(texto), usadas);
     ventanas::conLetra(ui_.Minimizar->text(), usadas);
     for (auto* b : ui_.Paneles->widget(i)->findChildren<Entrada*>())
       if (!b->objectName().isEmpty()) b->setText(ventanas::conLetra(b->text(), usadas));
@@ -130,7 +132,7 @@ void MainTarvo::ir(const Lleva& adonde) {
 void MainTarvo::mostrarPanel(Panel panel) {
   const bool cambia = ui_.Paneles->currentIndex() != panel;
   ui_.Paneles->setCurrentIndex(panel);
-  ui_.Salir->setText(t(panel == kPrincipal ? kTxSalir : kTxVolver));
+  ui_.Salir->setText(t(panel == kPrincipal ? ventanas::kTxSalir : ventanas::kTxManualAtras));
   ui_.Salir->setIcon(ventanas::icono(panel == kPrincipal ? u"cerrar"_s : u"atras"_s));
   if (!cambia || !isActiveWindow()) return;
   for (auto* b : ui_.Paneles->currentWidget()->findChildren<QToolButton*>())
@@ -202,7 +204,7 @@ void MainTarvo::atenderBandeja() {
   });
   auto* menu = new QMenu(this);
   connect(menu->addAction(t(kTxMostrarTarvo)), &QAction::triggered, this, [this] { reaparecer(); });
-  connect(menu->addAction(t(kTxSalir)), &QAction::triggered, this, [this] {
+  connect(menu->addAction(t(ventanas::kTxSalir)), &QAction::triggered, this, [this] {
     reaparecer();  // what refuses or asks does so in sight
     close();
   });

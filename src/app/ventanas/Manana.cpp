@@ -6,6 +6,7 @@
 
 #include "app/Aplicacion.h"
 #include "app/ventanas/TextosPrincipal.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Ventanas.h"
 
@@ -94,7 +95,7 @@ void Manana::completar() {
 
   auto* cabezaGrupos = new QHBoxLayout;
   rotuloGrupos_ = texto(dentro, Letra::Titulo, u"TituloGrupos"_s);
-  rotuloGrupos_->setText(c_.textos(kTxGrupos));
+  rotuloGrupos_->setText(c_.textos(ventanas::kTxGrupos));
   cuenta_ = texto(dentro, Letra::Secundaria, u"CuentaGrupos"_s);
   cabezaGrupos->addWidget(rotuloGrupos_);
   cabezaGrupos->addStretch(1);

@@ -7,6 +7,7 @@
 #include "app/ventanas/TextosPrincipal.h"
 #include "comm/motor/TextosMotor.h"
 #include "core/dinero/Dinero.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "totals/periodos/Calendario.h"
 
 namespace tarvo::app {
@@ -276,7 +277,7 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
   static constexpr struct {
     Estado estado;
     int palabra;
-  } kModos[] = {{Estado::Bien, kTxGrupoBien},
+  } kModos[] = {{Estado::Bien, ventanas::kTxBien},
                 {Estado::Duda, kTxGrupoDudoso},
                 {Estado::Mal, kTxGrupoFallido},
                 {Estado::Ninguno, kTxGrupoSinIntentar},

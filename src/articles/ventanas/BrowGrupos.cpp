@@ -9,6 +9,7 @@
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/EnviarCambios.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
@@ -66,7 +67,8 @@ void BrowGrupos::montar() {
   deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
   connect(deshacer_, &ventanas::Deshacer::deshecho, this, [this] { actualCambiado(); });
   ui_.Arbol->setColumnCount(kColumnas);
-  ui_.Arbol->setHeaderLabels({t(kTxNombre), t(kTxNumero), t(kTxArticulos), t(kTxIva)});
+  ui_.Arbol->setHeaderLabels(
+      {t(ventanas::kTxNombre), t(kTxNumero), t(ventanas::kTxArticulos), t(kTxIva)});
   ui_.Arbol->setEditTriggers(QAbstractItemView::NoEditTriggers);
   ui_.Arbol->setExpandsOnDoubleClick(false);
   ui_.Arbol->setUniformRowHeights(true);

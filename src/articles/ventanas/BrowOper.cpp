@@ -2,6 +2,7 @@
 
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 #include "totals/periodos/Clases.h"
@@ -30,13 +31,13 @@ void BrowOper::montar() {
   connect(deshacer_, &ventanas::Deshacer::deshecho, this, &BrowOper::actualCambiada);
   unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F4, [this] { verVentas(); });
   ui_.Grid->preparar(contexto(), nombre(),
-                     {{.titulo = kTxCodigo,
+                     {{.titulo = ventanas::kTxCodigo,
                        .campo = u"CODOPE"_s,
                        .clase = Clase::Codigo,
                        .cifras = 4,
                        .editar = [this](qint64 f, const QString& s) { return ponerCodigo(f, s); },
                        .largo = 9},
-                      {.titulo = kTxNombre,
+                      {.titulo = ventanas::kTxNombre,
                        .campo = u"NOMOPE"_s,
                        .ancho = 320,
                        .editar = [this](qint64 f, const QString& s) { return ponerNombre(f, s); },

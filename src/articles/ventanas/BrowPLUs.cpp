@@ -9,6 +9,7 @@
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "core/dinero/Dinero.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 
 namespace tarvo::articles {
@@ -96,13 +97,14 @@ void BrowPLUs::prepararParrilla() {
     };
   };
   std::vector<ventanas::Columna> columnas{
-      {.titulo = kTxCodigo,
+      {.titulo = ventanas::kTxCodigo,
        .campo = u"CODPLU"_s,
        .clase = Clase::Codigo,
        .cifras = 7,
        .editar = [this](qint64 f, const QString& s) { return ponerCodigo(f, s); },
+       .nombraLaFila = true,
        .largo = kLargoNumero},
-      {.titulo = kTxNombre,
+      {.titulo = ventanas::kTxNombre,
        .campo = u"NOMPLU"_s,
        .ancho = 240,
        .orden = ordenPorNombre(),
@@ -121,10 +123,11 @@ void BrowPLUs::prepararParrilla() {
        .clase = Clase::Codigo,
        .cifras = 2,
        .ancho = 60,
-       .editar = entero(u"DEPTO"_s, &Articulo::depto, kUltimoDepartamento, kTxDepartamento),
+       .editar =
+           entero(u"DEPTO"_s, &Articulo::depto, kUltimoDepartamento, ventanas::kTxDepartamento),
        .largo = kLargoNumero,
        .rango = 2},
-      {.titulo = kTxFormato,
+      {.titulo = ventanas::kTxFormato,
        .campo = u"FORMATO"_s,
        .clase = Clase::Codigo,
        .cifras = 2,
@@ -137,7 +140,7 @@ void BrowPLUs::prepararParrilla() {
        .clase = Clase::Importe,
        .ancho = kAnchoPrecio,
        .oculta = true},
-      {.titulo = kTxBarras,
+      {.titulo = ventanas::kTxCodigoDeBarras,
        .campo = u"iif(isnull(CodBarExt),PFX_BAR & format(CODPLU,'000000'),CodBarExt)"_s,
        .ancho = 130,
        .oculta = true}};
@@ -209,7 +212,7 @@ void BrowPLUs::LetSeccion(int seccion) {
   departamento_ = 0;
   ventanas::elegir(*ui_.LstSec, seccion);
   haIdoBien(ventanas::llenar(*ui_.LstDep, contexto().nombres.departamentos(seccion), 2));
-  ui_.LstDep->insertItem(0, t(kTxTodos), qint64{0});
+  ui_.LstDep->insertItem(0, t(ventanas::kTxTodos), qint64{0});
   ui_.LstDep->setCurrentIndex(0);
   listar();
   mirarLotes();

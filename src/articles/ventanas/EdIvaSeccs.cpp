@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::articles {
@@ -17,9 +18,9 @@ EdIvaSeccs::EdIvaSeccs(ventanas::Contexto& contexto, const QString& nombre, Cata
   titulo_ = f.titulo(u"seccion"_s);
   tipos_ = f.parrilla(kTxTiposIva, u"GrdTpos"_s, 2);
   depts_ = f.parrilla(kTxDepartamentosYTipo, u"GrdDeps"_s, 3);
-  acabar({560, 560}, {.textoAcepto = kTxGuardarIvas, .textoCancelo = kTxCancelarIvas});
+  acabar({560, 560}, {.textoAcepto = ventanas::kTxGuardar, .textoCancelo = ventanas::kTxCancelar});
   tipos_->preparar(contexto, nombre,
-                   {{.titulo = kTxTipo, .campo = u"tipo"_s, .clase = Clase::Entero},
+                   {{.titulo = ventanas::kTxTipo, .campo = u"tipo"_s, .clase = Clase::Entero},
                     {.titulo = kTxIva,
                      .campo = u"tasa"_s,
                      .clase = Clase::Porcentaje,
@@ -28,8 +29,8 @@ EdIvaSeccs::EdIvaSeccs(ventanas::Contexto& contexto, const QString& nombre, Cata
   depts_->preparar(
       contexto, nombre,
       {{.titulo = kTxNumero, .campo = u"numero"_s, .clase = Clase::Codigo, .cifras = 2},
-       {.titulo = kTxDepartamento, .campo = u"nombre"_s},
-       {.titulo = kTxTipo,
+       {.titulo = ventanas::kTxDepartamento, .campo = u"nombre"_s},
+       {.titulo = ventanas::kTxTipo,
         .campo = u"tipo"_s,
         .clase = Clase::Entero,
         .editar = [this](qint64 c, const QString& s) { return ponerTipo(c, s); },

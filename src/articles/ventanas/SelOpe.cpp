@@ -2,6 +2,7 @@
 
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::articles {
@@ -14,8 +15,8 @@ SelOpe::SelOpe(ventanas::Contexto& contexto, const QString& nombre) : Ventana(co
   enlazar();
   ui_.Grid->preparar(
       contexto, nombre,
-      {{.titulo = kTxCodigo, .campo = u"CODOPE"_s, .clase = Clase::Codigo, .cifras = 4},
-       {.titulo = kTxNombre, .campo = u"NOMOPE"_s, .ancho = 260}});
+      {{.titulo = ventanas::kTxCodigo, .campo = u"CODOPE"_s, .clase = Clase::Codigo, .cifras = 4},
+       {.titulo = ventanas::kTxNombre, .campo = u"NOMOPE"_s, .ancho = 260}});
   ui_.Grid->setUnaSola(true);
   ui_.Grid->setVacia(t(kTxSinOperadores));
   connect(ui_.Grid, &ventanas::Parrilla::activada, this, &SelOpe::elegir);

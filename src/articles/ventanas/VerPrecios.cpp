@@ -4,6 +4,7 @@
 
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 
 namespace tarvo::articles {
 
@@ -37,18 +38,19 @@ std::vector<ventanas::Columna> columnasHistoria(const ventanas::Ventana& v, bool
   std::vector<ventanas::Columna> c{
       {.titulo = kTxCuando, .campo = u"CUANDO"_s, .clase = Clase::Momento, .ancho = 170}};
   if (conArticulo) {
-    c.push_back({.titulo = kTxCodigo,
+    c.push_back({.titulo = ventanas::kTxCodigo,
                  .campo = u"HistoriaPrecios.CODPLU"_s,
                  .clase = Clase::Codigo,
                  .cifras = 7});
-    c.push_back({.titulo = kTxNombre, .campo = u"NOMPLU"_s, .ancho = 170});
+    c.push_back({.titulo = ventanas::kTxNombre, .campo = u"NOMPLU"_s, .ancho = 170});
   }
   c.push_back({.titulo = kTxNivel, .campo = u"NIVEL"_s, .ancho = 74, .ver = nivel});
   c.push_back({.titulo = kTxTarifa, .campo = u"TARIFA"_s, .ancho = 60, .ver = tarifa});
-  c.push_back({.titulo = kTxAntes, .campo = u"ANTES"_s, .clase = Clase::Importe, .ancho = 80});
+  c.push_back(
+      {.titulo = ventanas::kTxAntes, .campo = u"ANTES"_s, .clase = Clase::Importe, .ancho = 80});
   c.push_back({.titulo = kTxAhora, .campo = u"AHORA"_s, .clase = Clase::Importe, .ancho = 80});
   c.push_back({.titulo = kTxQuien, .campo = u"QUIEN"_s, .ancho = 120});
-  c.push_back({.titulo = kTxVentana, .campo = u"VENTANA"_s, .ancho = 140, .ver = ventana});
+  c.push_back({.titulo = ventanas::kTxDesde, .campo = u"VENTANA"_s, .ancho = 140, .ver = ventana});
   return c;
 }
 
@@ -56,7 +58,7 @@ VerPrecios::VerPrecios(ventanas::Contexto& contexto, const QString& nombre)
     : Ventana(contexto, nombre) {
   ui_.setupUi(cuerpo());
   enlazar();
-  ui_.LstTarifa->addItem(t(kTxTodas), -1);
+  ui_.LstTarifa->addItem(t(ventanas::kTxTodas), -1);
   for (int tarifa = 0; tarifa < kTarifas; ++tarifa)
     ui_.LstTarifa->addItem(QString::number(tarifa + 1), tarifa);
   ui_.txCod->setMaxLength(7);

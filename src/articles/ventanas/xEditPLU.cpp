@@ -15,6 +15,7 @@
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "articles/ventanas/VerPrecios.h"
 #include "core/dinero/Dinero.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 
 namespace tarvo::articles {
@@ -42,7 +43,7 @@ XEditPLU::XEditPLU(ventanas::Contexto& contexto, const QString& nombre, Catalogo
 }
 
 void XEditPLU::montar() {
-  auto f = formulario(kTxArticuloFicha);
+  auto f = formulario(ventanas::kTxArticulo);
   montarCabeza(f);
   auto* fichas = f.fichas(u"Fichas"_s);
   montarPrecios(f.ficha(fichas, kTxFichaPrecios, u"pre"_s));
@@ -51,8 +52,8 @@ void XEditPLU::montar() {
   montarEtiqueta(f.ficha(fichas, kTxFichaEtiqueta, u"etq"_s));
   acabar({1040, 640}, {.acepto = u"Guardar"_s,
                        .cancelo = u"Salir"_s,
-                       .textoAcepto = kTxGuardarIvas,
-                       .textoCancelo = kTxSalirFicha});
+                       .textoAcepto = ventanas::kTxGuardar,
+                       .textoCancelo = ventanas::kTxSalir});
   precios_ = std::make_unique<RejillaPrecios>(*this, *listaPrecios_, [this](const Precios& p) {
     r.articulo.precios = p;
     return Resultado<>();
@@ -80,7 +81,7 @@ ventanas::Modo XEditPLU::medida(qint64& donde) const {
 void XEditPLU::montarCabeza(Formulario f) {
   Articulo& a = r.articulo;
   auto c = f.columnas({0, 1, 0, 0});
-  codigo_ = &llamar(c[0].fila(kTxCodigoFicha, u"txCod"_s,
+  codigo_ = &llamar(c[0].fila(ventanas::kTxCodigoConLetra, u"txCod"_s,
                               codigo(a.clave.codigo, kCifrasCodigo, kPrimerCodigo, kUltimoCodigo)),
                     kTxCodigoPLU);
   linea(*codigo_).setMaxLength(kCifrasCodigo);
@@ -89,7 +90,7 @@ void XEditPLU::montarCabeza(Formulario f) {
     QLineEdit& caja = linea(*codigo_);
     if (const qint64 n = caja.text().toLongLong(); n > 0) caja.setText(verCodigo(n));
   });
-  nombre_ = &c[1].fila(kTxNombreFicha, u"txNom"_s, texto(a.nombre, kNombreMayor));
+  nombre_ = &c[1].fila(ventanas::kTxNombreConLetra, u"txNom"_s, texto(a.nombre, kNombreMayor));
   unidad_ = &c[2].fila(
       kTxUnidadFicha, u"LstCada"_s, a.cada,
       {{kPorKilo, t(kTxPorKilo)}, {kPor100g, t(kTxPor100g)}, {kPorUnidad, t(kTxPorUnidad)}});
@@ -108,7 +109,7 @@ void XEditPLU::montarCabeza(Formulario f) {
 void XEditPLU::montarPrecios(Formulario f) {
   Articulo& a = r.articulo;
   auto c = f.columnas(2);
-  listaPrecios_ = c[0].parrilla(kTxPreciosPorTarifa, u"GrdPre"_s);
+  listaPrecios_ = c[0].parrilla(ventanas::kTxPreciosPorTarifa, u"GrdPre"_s);
   hasta1_ = &llamar(c[0].fila(kTxHasta1Ficha, u"txHasta1"_s, medida(a.hasta1)), kTxValorHasta1);
   hasta2_ = &llamar(c[0].fila(kTxHasta2Ficha, u"txHasta2"_s, medida(a.hasta2)), kTxValorHasta2);
   minimo_ = &llamar(c[0].fila(kTxMinimoFicha, u"txMinimo"_s, importe(a.minimo)), kTxPrecioMinimo);
@@ -120,7 +121,8 @@ void XEditPLU::montarPrecios(Formulario f) {
 void XEditPLU::montarBarras(Formulario f) {
   Articulo& a = r.articulo;
   auto c = f.columnas(2);
-  depto_ = &llamar(c[0].fila(kTxDepartamentoFicha, u"LstDep"_s, a.depto, {}), kTxDepartamento);
+  depto_ = &llamar(c[0].fila(ventanas::kTxDepartamentoConLetra, u"LstDep"_s, a.depto, {}),
+                   ventanas::kTxDepartamento);
   departamentos_ = qobject_cast<QComboBox*>(&depto_->control());
   descuento_ = &llamar(c[0].fila(kTxDescuentoFicha, u"txDescto"_s,
                                  centesimas(a.descto, 0, kDescuentoMayor).vacioComo(u"0"_s)),
@@ -185,7 +187,7 @@ void XEditPLU::montarEtiqueta(Formulario f) {
 
 void XEditPLU::montarStock() {
   std::vector<ventanas::Columna> columnas{
-      {.titulo = kTxAlmacen, .campo = u"almacen"_s, .ancho = 140, .ordenable = false}};
+      {.titulo = ventanas::kTxAlmacen, .campo = u"almacen"_s, .ancho = 140, .ordenable = false}};
   const std::pair<int, qint64 Existencia::*> contadores[] = {
       {kTxInicial, &Existencia::inicial}, {kTxCompra, &Existencia::compra},
       {kTxVenta, &Existencia::venta},     {kTxEntrada, &Existencia::entrada},

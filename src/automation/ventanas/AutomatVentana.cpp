@@ -6,6 +6,7 @@
 
 #include "automation/ventanas/CtrlSolo.h"
 #include "automation/ventanas/TextosAutomationVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Ventanas.h"
@@ -60,13 +61,13 @@ std::vector<Columna> columnasPasos(const Textos& textos) {
            .cifras = 3,
            .ancho = 56},
           {.titulo = kTxColPaso, .campo = u"paso"_s, .ancho = 330, .ordenable = false},
-          {.titulo = kTxColResultado,
+          {.titulo = ventanas::kTxResultado,
            .campo = u"resultado"_s,
            .ancho = 170,
            .ver = palabra,
            .imagen = imagen,
            .estado = estado},
-          {.titulo = kTxColMotivo, .campo = u"motivo"_s, .ancho = 260},
+          {.titulo = ventanas::kTxMotivo, .campo = u"motivo"_s, .ancho = 260},
           {.titulo = kTxColOrden,
            .campo = u"orden"_s,
            .ancho = 200,

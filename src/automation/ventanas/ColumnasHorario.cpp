@@ -1,13 +1,14 @@
 #include "automation/ventanas/ColumnasHorario.h"
 
 #include "automation/ventanas/TextosAutomationVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 
 namespace tarvo::automation {
 
 using namespace Qt::StringLiterals;
 
 void anadirColumnasMomento(std::vector<ventanas::Columna>& columnas) {
-  columnas.push_back({.titulo = kTxColHora,
+  columnas.push_back({.titulo = ventanas::kTxHora,
                       .campo = u"hora"_s,
                       .clase = ventanas::Clase::Hora,
                       .ordenable = false});

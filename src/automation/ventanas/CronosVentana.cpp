@@ -5,6 +5,7 @@
 
 #include "automation/ventanas/ColumnasHorario.h"
 #include "automation/ventanas/TextosAutomationVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Ventanas.h"
 #include "core/ventanas/parrilla/Parrilla.h"
@@ -20,7 +21,7 @@ namespace {
 constexpr int kEsSiguiente = 6;
 
 QString palabraEntrada(const Textos& t, int estado) {
-  return t(estado == kEsSiguiente ? kTxSiguiente : kTxEstadoEntrada + estado);
+  return t(estado == kEsSiguiente ? ventanas::kTxSiguiente : kTxEstadoEntrada + estado);
 }
 
 QString imagenEntrada(int estado) {
@@ -45,7 +46,7 @@ Estado estadoDeEntrada(int estado) {
 
 std::vector<Columna> columnasCron(const Textos& t) {
   std::vector<Columna> c{
-      {.titulo = kTxColEstado,
+      {.titulo = ventanas::kTxEstado,
        .campo = u"estado"_s,
        .ancho = 190,
        .ordenable = false,

@@ -2,6 +2,7 @@
 
 #include "automation/ventanas/TextosAutomationVentanas.h"
 #include "core/ajustes/Ajustes.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "totals/periodos/Calendario.h"
@@ -17,7 +18,7 @@ Debidos::Debidos(Contexto& c, const QString& nombre, Pendientes& libro)
   enlazar();
   ui_.Lista->preparar(
       c, nombre,
-      {{.titulo = kTxColPeriodo, .campo = u"periodo"_s, .ancho = 300, .ordenable = false},
+      {{.titulo = ventanas::kTxPeriodo, .campo = u"periodo"_s, .ancho = 300, .ordenable = false},
        {.titulo = kTxColQueFalta, .campo = u"que"_s, .ancho = 400, .ordenable = false}});
   ui_.Lista->vivas();
   ui_.Lista->setUnaSola(true);

@@ -202,6 +202,7 @@ void EdiCron::insertar() {
   r.lineas.insert(r.lineas.begin() + fila, LineaActivacion{});
   ponerLista(static_cast<int>(fila));
   ui_.Hora->setFocus();
+  ui_.Hora->selectAll();
 }
 
 void EdiCron::borrar() {

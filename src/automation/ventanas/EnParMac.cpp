@@ -6,6 +6,7 @@
 
 #include "automation/ventanas/MesRango.h"
 #include "automation/ventanas/TextosAutomationVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 
 namespace tarvo::automation {
@@ -47,8 +48,8 @@ void EnParMac::montarRango(Formulario f) {
   dias_ = f.ancho(new QRadioButton(t(kTxLosDias)), u"LosDias"_s);
   mes_ = f.ancho(new MesRango, u"Mes"_s);
   otras_ = f.ancho(new QRadioButton(t(kTxOtrasFechas)), u"OtrasFechas"_s);
-  desde_ = &f.fila(kTxDesdeFecha, u"Desde"_s, fecha(r.desde));
-  hasta_ = &f.fila(kTxHastaFecha, u"Hasta"_s, fecha(r.hasta));
+  desde_ = &f.fila(ventanas::kTxDesdeConLetra, u"Desde"_s, fecha(r.desde));
+  hasta_ = &f.fila(ventanas::kTxHasta, u"Hasta"_s, fecha(r.hasta));
   rango_ = f.nota(u"lblRango"_s);
   for (QWidget* w : {static_cast<QWidget*>(dias_), static_cast<QWidget*>(mes_)})
     w->setToolTip(t(kTxElijaDias));

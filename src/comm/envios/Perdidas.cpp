@@ -15,15 +15,23 @@ SELECT g.NOMGPO,
   (SELECT PZERO FROM Sesiones s WHERE s.CODGPO=g.CODGPO)
 FROM GRUPOS g WHERE g.CODGPO=?)";
 
-// Rows without a period are those of the inbox. Every kind of reading that adds up all sales gives
-// the amount; the largest is the most complete.
+// Rows without a period are those of the inbox, unless a period has that reading: then they stay as
+// the base of the next one. Every kind of reading that adds up all sales gives the amount; the
+// largest is the most complete.
 Resultado<> contarVentas(dao::Database& db, Perdida& p) {
-  for (const QStringView tabla : {u"TOTGRT", u"TOTPLU", u"TOTDEP"}) {
-    TARVO_TOMAR(const auto rs,
-                db.consultar(dao::conMarcas(u"SELECT count(*), sum(IMP) FROM {totales} WHERE "
-                                            u"LINK=0 AND GRUPO=?",
-                                            {{u"totales", tabla.toString()}}),
-                             p.grupo));
+  constexpr struct {
+    TipoTarea clase;
+    const char16_t* tabla;
+  } kClases[] = {{TipoTarea::RxGrTot, u"TOTGRT"},
+                 {TipoTarea::RxPlus, u"TOTPLU"},
+                 {TipoTarea::RxDepar, u"TOTDEP"}};
+  for (const auto& c : kClases) {
+    const QString sql = dao::conMarcas(
+        u"SELECT count(*), sum(IMP) FROM {totales} WHERE LINK=0 AND GRUPO=? AND NOT EXISTS (SELECT "
+        u"1 FROM Lecturas WHERE Lecturas.GRUPO=? AND CLASE=? AND Lecturas.LINK IS NOT NULL AND "
+        u"APARTE=0)",
+        {{u"totales", QString::fromUtf16(c.tabla)}});
+    TARVO_TOMAR(const auto rs, db.consultar(sql, p.grupo, p.grupo, c.clase));
     if (rs->entero(0) == 0) continue;
     p.ventas = p.hayVentas ? std::max(p.ventas, rs->entero(1)) : rs->entero(1);
     p.hayVentas = true;

@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include "comm/ventanas/TextosCommVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Tema.h"
 
 namespace tarvo::comm {
@@ -43,7 +44,7 @@ void ATModf::montarOrdenes(Formulario f) {
   lista_ = f.ancho(new QListWidget, u"IniMdmX"_s, kTxMasOrdenes, 1);
   sube_ = f.icono(u"subir"_s, kTxSubirOrden, u"Sube"_s, [this] { mover(-1); });
   baja_ = f.icono(u"bajar"_s, kTxBajarOrden, u"Baja"_s, [this] { mover(1); });
-  quita_ = f.boton(kTxQuitarOrden, u"Quita"_s, [this] {
+  quita_ = f.boton(ventanas::kTxQuitar, u"Quita"_s, [this] {
     r.IniMdmX.removeAt(lista_->currentRow());
     ponerOrdenes(lista_->currentRow());
   });

@@ -8,6 +8,7 @@
 #include "comm/motor/AjustesMotor.h"
 #include "comm/ventanas/TextosCommVentanas.h"
 #include "core/ajustes/Sala.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
 
@@ -60,7 +61,7 @@ CfgComm::CfgComm(Contexto& c, const QString& nombre, motor::gestcomm& motor)
     tiempos.fila(tiempo.rotulo, tiempo.nombre,
                  numero(r.tiempos[i], tiempo.limites.menor, tiempo.limites.mayor), tiempo.unidad);
   }
-  auto* caja = f.ancho(new QGroupBox(t(kTxCanales)), u"cajaCanales"_s);
+  auto* caja = f.ancho(new QGroupBox(t(ventanas::kTxCanales)), u"cajaCanales"_s);
   auto* reja = new QGridLayout(caja);
   for (int n = 0; n < 4; ++n) canales_[static_cast<size_t>(n)] = montarCanal(*reja, caja, n);
   f.muelle();

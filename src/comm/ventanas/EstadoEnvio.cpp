@@ -5,6 +5,7 @@
 
 #include "comm/ventanas/TextosCommVentanas.h"
 #include "comm/ventanas/gestcomm/ModeloTareas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/edicion/Opciones.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
@@ -40,18 +41,19 @@ Estado formaDe(Situacion s) {
 }
 
 std::vector<Columna> columnasEstado(const Textos& textos) {
-  return {{.titulo = kTxCodigoArticulo, .campo = u"CODPLU"_s, .clase = Clase::Codigo, .cifras = 7},
-          {.titulo = kTxNombreArticulo, .campo = u"NOMPLU"_s, .ancho = 165},
-          {.titulo = kTxSituacion,
-           .campo = u"SITUACION"_s,
-           .ancho = 140,
-           .ver =
-               [&textos](const dao::Valor& v) {
-                 return textos(kTxSituaciones + static_cast<int>(v.entero()));
-               },
-           .estado = [](const dao::Valor& v) { return formaDe(Situacion(v.entero())); }},
-          {.titulo = kTxDesdeCuando, .campo = u"DESDE"_s, .clase = Clase::Momento},
-          {.titulo = kTxMotivo, .campo = u"MOTIVO"_s, .ancho = 262}};
+  return {
+      {.titulo = ventanas::kTxCodigo, .campo = u"CODPLU"_s, .clase = Clase::Codigo, .cifras = 7},
+      {.titulo = ventanas::kTxArticulo, .campo = u"NOMPLU"_s, .ancho = 165},
+      {.titulo = ventanas::kTxEstado,
+       .campo = u"SITUACION"_s,
+       .ancho = 140,
+       .ver =
+           [&textos](const dao::Valor& v) {
+             return textos(kTxSituaciones + static_cast<int>(v.entero()));
+           },
+       .estado = [](const dao::Valor& v) { return formaDe(Situacion(v.entero())); }},
+      {.titulo = ventanas::kTxDesde, .campo = u"DESDE"_s, .clase = Clase::Momento},
+      {.titulo = ventanas::kTxMotivo, .campo = u"MOTIVO"_s, .ancho = 262}};
 }
 
 std::vector<Columna> columnasFicha(const Textos& textos) {
@@ -59,7 +61,7 @@ std::vector<Columna> columnasFicha(const Textos& textos) {
   return {{.titulo = kTxCampo, .campo = u"campo"_s, .ancho = 124},
           {.titulo = kTxAqui, .campo = u"aqui"_s, .ancho = 120},
           {.titulo = kTxEnBalanza, .campo = u"alli"_s, .ancho = 112},
-          {.titulo = kTxSituacion,
+          {.titulo = ventanas::kTxEstado,
            .campo = u"distinto"_s,
            .ancho = 104,
            .ver =

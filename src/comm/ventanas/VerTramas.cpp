@@ -10,6 +10,7 @@
 #include "comm/enlace/LecturaTrama.h"
 #include "comm/ventanas/NombresTramas.h"
 #include "comm/ventanas/TextosCommVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/edicion/Opciones.h"
 #include "core/ventanas/parrilla/Parrilla.h"
@@ -66,37 +67,38 @@ QString siglaDe(LecturaTrama::Que que, const Textos& textos) {
 }
 
 std::vector<Columna> columnasTramas(const Textos& textos) {
-  const QString sale = textos(kTxSale), llega = textos(kTxLlega), bien = textos(kTxCheckBien),
+  const QString sale = textos(kTxSale), llega = textos(kTxLlega), bien = textos(ventanas::kTxBien),
                 mal = textos(kTxCheckMal);
-  return {{.titulo = kTxColHora,
-           .campo = u"hora"_s,
-           .clase = Clase::Codigo,
-           .ancho = 104,
-           .ver =
-               [](const dao::Valor& v) {
-                 return QTime::fromMSecsSinceStartOfDay(static_cast<int>(v.entero()))
-                     .toString(u"HH:mm:ss.zzz");
-               }},
-          {.titulo = kTxColCanal, .campo = u"canal"_s, .clase = Clase::Entero, .ancho = 56},
-          {.titulo = kTxColSentido,
-           .campo = u"sentido"_s,
-           .clase = Clase::Codigo,
-           .ancho = 84,
-           .ver = [=](const dao::Valor& v) { return v.logico() ? llega : sale; },
-           .imagen = [](const dao::Valor& v) { return v.logico() ? u"recibir"_s : u"enviar"_s; }},
-          {.titulo = kTxColClase, .campo = u"clase"_s, .clase = Clase::Codigo, .ancho = 92},
-          {.titulo = kTxColSec, .campo = u"sec"_s, .clase = Clase::Entero, .ancho = 48},
-          {.titulo = kTxColEst, .campo = u"est"_s, .clase = Clase::Codigo, .ancho = 60},
-          {.titulo = kTxColDir, .campo = u"dir"_s, .clase = Clase::Entero, .ancho = 48},
-          {.titulo = kTxColCodigo, .campo = u"codigo"_s, .clase = Clase::Entero, .ancho = 68},
-          {.titulo = kTxColNombre, .campo = u"nombre"_s, .clase = Clase::Codigo, .ancho = 190},
-          {.titulo = kTxColDatos, .campo = u"datos"_s, .ancho = 260},
-          {.titulo = kTxColCheck,
-           .campo = u"check"_s,
-           .ancho = 80,
-           .ver = [=](const dao::Valor& v) { return v.logico() ? bien : mal; },
-           .estado = [](const dao::Valor& v) { return v.logico() ? Estado::Bien : Estado::Mal; }},
-          {.titulo = kTxColHexa, .campo = u"hexa"_s, .ancho = 300}};
+  return {
+      {.titulo = ventanas::kTxHora,
+       .campo = u"hora"_s,
+       .clase = Clase::Codigo,
+       .ancho = 104,
+       .ver =
+           [](const dao::Valor& v) {
+             return QTime::fromMSecsSinceStartOfDay(static_cast<int>(v.entero()))
+                 .toString(u"HH:mm:ss.zzz");
+           }},
+      {.titulo = kTxColCanal, .campo = u"canal"_s, .clase = Clase::Entero, .ancho = 56},
+      {.titulo = kTxColSentido,
+       .campo = u"sentido"_s,
+       .clase = Clase::Codigo,
+       .ancho = 84,
+       .ver = [=](const dao::Valor& v) { return v.logico() ? llega : sale; },
+       .imagen = [](const dao::Valor& v) { return v.logico() ? u"recibir"_s : u"enviar"_s; }},
+      {.titulo = kTxColClase, .campo = u"clase"_s, .clase = Clase::Codigo, .ancho = 92},
+      {.titulo = kTxColSec, .campo = u"sec"_s, .clase = Clase::Entero, .ancho = 48},
+      {.titulo = kTxColEst, .campo = u"est"_s, .clase = Clase::Codigo, .ancho = 60},
+      {.titulo = kTxColDir, .campo = u"dir"_s, .clase = Clase::Entero, .ancho = 48},
+      {.titulo = ventanas::kTxCodigo, .campo = u"codigo"_s, .clase = Clase::Entero, .ancho = 68},
+      {.titulo = kTxColNombre, .campo = u"nombre"_s, .clase = Clase::Codigo, .ancho = 190},
+      {.titulo = kTxColDatos, .campo = u"datos"_s, .ancho = 260},
+      {.titulo = kTxColCheck,
+       .campo = u"check"_s,
+       .ancho = 80,
+       .ver = [=](const dao::Valor& v) { return v.logico() ? bien : mal; },
+       .estado = [](const dao::Valor& v) { return v.logico() ? Estado::Bien : Estado::Mal; }},
+      {.titulo = kTxColHexa, .campo = u"hexa"_s, .ancho = 300}};
 }
 
 FilaViva filaPaso(const enlace::Paso& p, const Textos& textos) {

@@ -4,6 +4,7 @@
 
 #include "core/dinero/Dinero.h"
 #include "core/textos/Textos.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 
 namespace tarvo::totals {
@@ -83,7 +84,7 @@ QString nombreClase(const Textos& t, int clase) {
     case kGranTotal:
       return t(kTxClaseGranTotal);
     case kOperadores:
-      return t(kTxClaseOperadores);
+      return t(ventanas::kTxOperadores);
     case kDepartamentos:
       return t(kTxClaseDepartamentos);
     case kHorario:

@@ -3,6 +3,7 @@
 
 #include "core/dinero/Dinero.h"
 #include "core/textos/Textos.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "totals/ventanas/ComunTotales.h"
@@ -35,16 +36,19 @@ void EditIntvVentana::montar() {
   ui_.AcumTot->setChecked(true);
   ui_.Anadir->setIcon(ventanas::icono(u"anadir"_s));
   ui_.Quitar->setIcon(ventanas::icono(u"quitar"_s));
-  ui_.Manual->preparar(
-      contexto(), nombre(),
-      {{.titulo = kTxTipoTotales, .campo = u"CLASE"_s, .ancho = 130},
-       {.titulo = kTxGrupo, .campo = u"GRUPO"_s, .clase = Clase::Codigo, .cifras = 4, .ancho = 64},
-       {.titulo = kTxCodigo, .campo = u"CODI"_s, .ancho = 80},
-       {.titulo = kTxHora, .campo = u"HORA"_s, .ancho = 60},
-       {.titulo = kTxOp, .campo = u"CON"_s, .clase = Clase::Entero, .ancho = 70},
-       {.titulo = kTxPeso, .campo = u"PES"_s, .clase = Clase::Cantidad},
-       {.titulo = kTxImpte, .campo = u"IMP"_s, .clase = Clase::Importe},
-       {.titulo = kTxDesct, .campo = u"SCO"_s, .clase = Clase::Importe}});
+  ui_.Manual->preparar(contexto(), nombre(),
+                       {{.titulo = kTxTipoTotales, .campo = u"CLASE"_s, .ancho = 130},
+                        {.titulo = ventanas::kTxGrupo,
+                         .campo = u"GRUPO"_s,
+                         .clase = Clase::Codigo,
+                         .cifras = 4,
+                         .ancho = 64},
+                        {.titulo = ventanas::kTxCodigo, .campo = u"CODI"_s, .ancho = 80},
+                        {.titulo = ventanas::kTxHora, .campo = u"HORA"_s, .ancho = 60},
+                        {.titulo = kTxOp, .campo = u"CON"_s, .clase = Clase::Entero, .ancho = 70},
+                        {.titulo = kTxPeso, .campo = u"PES"_s, .clase = Clase::Cantidad},
+                        {.titulo = kTxImpte, .campo = u"IMP"_s, .clase = Clase::Importe},
+                        {.titulo = kTxDesct, .campo = u"SCO"_s, .clase = Clase::Importe}});
   ui_.Manual->setMoneda(contexto().ajustes.MonedaNativa);
   ui_.Manual->setVacia(t(kTxManualVacio));
   ui_.Manual->setBusca(false);

@@ -1,5 +1,6 @@
 #include "totals/ventanas/FormDetallesVentana.h"
 
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
@@ -18,9 +19,9 @@ FormDetallesVentana::FormDetallesVentana(ventanas::Contexto& contexto, const QSt
                        .clase = Clase::Codigo,
                        .cifras = 4,
                        .ancho = 64},
-                      {.titulo = kTxGrupo, .campo = u"NOMGPO"_s, .ancho = 180},
+                      {.titulo = ventanas::kTxGrupo, .campo = u"NOMGPO"_s, .ancho = 180},
                       {.titulo = kTxTipoTotales, .campo = u"CLASE"_s, .ancho = 150},
-                      {.titulo = kTxPeriodo, .campo = u"PERIODO"_s, .ancho = 150},
+                      {.titulo = ventanas::kTxPeriodo, .campo = u"PERIODO"_s, .ancho = 150},
                       {.titulo = kTxFechaHasta, .campo = u"FECHA"_s, .ancho = 170}});
   ui_.Grid->setVacia(t(kTxNadaRecibido));
   enlazarCampo(*ui_.TodoAUno, *ui_.CadaUno, r.aUno);

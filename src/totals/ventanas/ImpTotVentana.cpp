@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileDialog>
 
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Retenida.h"
 #include "core/ventanas/marco/Tira.h"
@@ -31,7 +32,7 @@ int textoEstado(int estado) {
     case kListo:
       return kTxListo;
     case kLeyendo:
-      return kTxLeyendo;
+      return ventanas::kTxEnProcesoDeLectura;
     case kInterrumpido:
       return kTxInterrumpido;
     case kRealizado:
@@ -92,7 +93,7 @@ void ImpTotVentana::ponerEstado(int estado) {
   ui_.LstFich->setEnabled(elegir);
   ui_.otraCarpeta->setEnabled(elegir);
   ui_.Haz->setEnabled(estado != kLeyendo && !elegir);
-  ui_.Haz->setText(t(estado == kListo ? kTxLanzar : kTxOtroFichero));
+  ui_.Haz->setText(t(estado == kListo ? int{kTxLanzar} : int{ventanas::kTxOtroFichero}));
   ui_.hazTodos->setEnabled(estado == kListo);
   ui_.Alto->setEnabled(estado == kListo || estado == kLeyendo);
   if (elegir) {

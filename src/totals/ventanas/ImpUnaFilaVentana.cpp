@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QLocale>
 
+#include "core/ventanas/TextosVentanas.h"
 #include "totals/periodos/Calendario.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 
@@ -25,12 +26,12 @@ ImpUnaFilaVentana::ImpUnaFilaVentana(ventanas::Contexto& contexto, const QString
     f.enLinea({e.si, e.fecha, nullptr});
     return e;
   };
-  desde_ = extremo(kTxIntervaloDesde, kTxDesdeCuando, u"ckDesde"_s, u"desde"_s);
-  hasta_ = extremo(kTxIntervaloHasta, kTxHastaCuando, u"ckHasta"_s, u"hasta"_s);
+  desde_ = extremo(ventanas::kTxDesdeConLetra, kTxDesdeCuando, u"ckDesde"_s, u"desde"_s);
+  hasta_ = extremo(ventanas::kTxHasta, ventanas::kTxHastaDosPuntos, u"ckHasta"_s, u"hasta"_s);
   const int ancho = std::max(desde_.si->sizeHint().width(), hasta_.si->sizeHint().width());
   for (const Extremo& e : {desde_, hasta_}) e.si->setMinimumWidth(ancho);
   f.muelle();
-  acabar({380, 180}, {.textoAcepto = kTxIntervaloAceptar, .textoCancelo = kTxIntervaloCancelar});
+  acabar({380, 180}, {.textoAcepto = ventanas::kTxAceptar, .textoCancelo = ventanas::kTxCancelar});
 }
 
 Resultado<> ImpUnaFilaVentana::entrar(const PuertaImpUnaFila& puerta) {

@@ -1,5 +1,6 @@
 #include "totals/ventanas/VerFilsVentana.h"
 
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "totals/periodos/Calendario.h"
 #include "totals/ventanas/ComunTotales.h"
@@ -34,16 +35,18 @@ std::vector<ventanas::Columna> columnasFilas(int tipo, int clase, bool porGrupo)
        .ancho = 160,
        .oculta = tipo != kOtros,
        .ver = fecha},
-      {.titulo = kTxNombre, .campo = nombreFilas(clase), .ancho = 200}};
+      {.titulo = ventanas::kTxNombre, .campo = nombreFilas(clase), .ancho = 200}};
   if (porGrupo)
-    c.push_back({.titulo = kTxGrupo,
+    c.push_back({.titulo = ventanas::kTxGrupo,
                  .campo = u"t.GRUPO"_s,
                  .clase = Clase::Codigo,
                  .cifras = 4,
                  .ancho = 72});
   else
-    c.push_back(
-        {.titulo = kTxGrupos, .campo = u"count(t.CON)"_s, .clase = Clase::Entero, .ancho = 80});
+    c.push_back({.titulo = ventanas::kTxGrupos,
+                 .campo = u"count(t.CON)"_s,
+                 .clase = Clase::Entero,
+                 .ancho = 80});
   c.push_back({.titulo = kTxOp, .campo = cuenta(u"t.CON"_s), .clase = Clase::Entero, .suma = true});
   c.push_back(
       {.titulo = kTxPeso, .campo = cuenta(u"t.PES"_s), .clase = Clase::Cantidad, .suma = true});
@@ -101,7 +104,8 @@ Resultado<> VerFilsVentana::entrar(const PuertaVerFils& puerta) {
   if (!puerta.codigo) TARVO_INTENTAR(elegirPrimero());
   TARVO_TOMAR(auto como, nombreDeCodigo(p_, filtro_));
   nombre_ = como;
-  TARVO_INTENTAR(llenarLista(*ui_.AllGrp, contexto(), contexto().nombres.grupos(), 4, kTxTodos));
+  TARVO_INTENTAR(
+      llenarLista(*ui_.AllGrp, contexto(), contexto().nombres.grupos(), 4, ventanas::kTxTodos));
   porGrupo_ = false;
   filtrar();
   ui_.Grid->setFocus();

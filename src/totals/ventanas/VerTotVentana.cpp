@@ -3,6 +3,7 @@
 
 #include <QMenu>
 
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
@@ -49,7 +50,7 @@ void VerTotVentana::montar() {
   montarMenus();
   montarAcciones();
   auto tipos = tiposDePeriodo();
-  tipos.insert(tipos.begin(), {0, t(kTxTodos)});
+  tipos.insert(tipos.begin(), {0, t(ventanas::kTxTodos)});
   ventanas::llenar(*ui_.ListaTpos, tipos);
   connect(ui_.ListaTpos, &QComboBox::activated, this, &VerTotVentana::tipoCambiado);
   connect(ui_.Grid, &ventanas::Parrilla::activada, this, [this] { VerIntervalo(kGranTotal); });
@@ -111,7 +112,7 @@ void VerTotVentana::prepararParrilla() {
        {.titulo = kTxA, .campo = u"ACUM4"_s, .clase = Clase::SiNo, .ancho = 40},
        {.titulo = kTxStkable, .campo = u"stkABLE"_s, .clase = Clase::SiNo, .ancho = 60},
        {.titulo = kTxStk, .campo = u"stkADO"_s, .ancho = 48, .ver = signoStock},
-       {.titulo = kTxTipo, .campo = u"TIPO"_s, .oculta = true, .ver = tipo}});
+       {.titulo = ventanas::kTxTipo, .campo = u"TIPO"_s, .oculta = true, .ver = tipo}});
 }
 
 void VerTotVentana::tipoCambiado() {

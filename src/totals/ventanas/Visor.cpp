@@ -2,6 +2,7 @@
 
 #include <QRegularExpressionValidator>
 
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Recuerdos.h"
 #include "totals/ventanas/ComunTotales.h"
@@ -38,19 +39,24 @@ std::vector<ventanas::Columna> columnasVisor(int clase) {
        .clase = Clase::Codigo,
        .cifras = 2,
        .ancho = 56},
-      {.titulo = kTxGrupo, .campo = u"t.GRUPO"_s, .clase = Clase::Codigo, .cifras = 4, .ancho = 72},
-      {.titulo = clase == kHorario ? kTxHora : kTxCodigo,
+      {.titulo = ventanas::kTxGrupo,
+       .campo = u"t.GRUPO"_s,
+       .clase = Clase::Codigo,
+       .cifras = 4,
+       .ancho = 72},
+      {.titulo = clase == kHorario ? ventanas::kTxHora : ventanas::kTxCodigo,
        .campo = u"t.CODI"_s,
        .clase = Clase::Codigo,
        .cifras = cifrasCodigo(clase)}};
   if (clase == kOperHora)
-    c.push_back({.titulo = kTxHora,
+    c.push_back({.titulo = ventanas::kTxHora,
                  .campo = u"t.HORA"_s,
                  .clase = Clase::Codigo,
                  .cifras = 2,
                  .ancho = 64});
-  c.push_back(
-      {.titulo = kTxNombre, .campo = nombreFilas(clase), .ancho = clase == kOperHora ? 160 : 220});
+  c.push_back({.titulo = ventanas::kTxNombre,
+               .campo = nombreFilas(clase),
+               .ancho = clase == kOperHora ? 160 : 220});
   c.push_back({.titulo = kTxOp, .campo = u"t.CON"_s, .clase = Clase::Entero, .suma = true});
   c.push_back({.titulo = kTxPeso, .campo = u"t.PES"_s, .clase = Clase::Cantidad, .suma = true});
   c.push_back({.titulo = kTxImpte, .campo = u"t.IMP"_s, .clase = Clase::Importe, .suma = true});
@@ -143,9 +149,12 @@ Resultado<> Visor::mostrarPeriodo(qint64 link, std::optional<int> moneda, int gr
 }
 
 Resultado<> Visor::llenarFiltros() {
-  TARVO_INTENTAR(llenarLista(*ui_.AllSec, contexto(), contexto().nombres.secciones(), 2, kTxTodas));
-  TARVO_INTENTAR(llenarLista(*ui_.AllGrp, contexto(), contexto().nombres.grupos(), 4, kTxTodos));
-  return llenarLista(*ui_.LstOper, contexto(), contexto().nombres.operadores(), 4, kTxTodos);
+  TARVO_INTENTAR(
+      llenarLista(*ui_.AllSec, contexto(), contexto().nombres.secciones(), 2, ventanas::kTxTodas));
+  TARVO_INTENTAR(
+      llenarLista(*ui_.AllGrp, contexto(), contexto().nombres.grupos(), 4, ventanas::kTxTodos));
+  return llenarLista(*ui_.LstOper, contexto(), contexto().nombres.operadores(), 4,
+                     ventanas::kTxTodos);
 }
 
 void Visor::prepararParrilla() {

@@ -315,6 +315,9 @@ TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
   EXPECT_TRUE(alBorrar.contains(u"0001 G: 1 artículo;")) << alBorrar.toStdString();
   EXPECT_TRUE(alBorrar.contains(u"15,00")) << alBorrar.toStdString();
   EXPECT_EQ(gestor->CuantosQuedan().total, 0);
+  // Once a period has it, the same reading is only the base of the next one.
+  sql(u"UPDATE Lecturas SET LINK=7"_s);
+  EXPECT_TRUE(responder({}, borrar).contains(u"ninguna venta recogida sin guardar"));
   responder(u"Acepto"_s, borrar);
   EXPECT_EQ(gestor->CuantosQuedan().total, 1);
   gestor->terminator();

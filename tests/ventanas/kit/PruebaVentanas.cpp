@@ -97,6 +97,17 @@ TEST(Ventanas, EscapeDescargaYVuelveAlDueno) {
   EXPECT_TRUE(esperar([&] { return dueno->isActiveWindow(); }));
 }
 
+// Some platforms give the letter as text.
+TEST(Ventanas, AltConUnaLetraNoEscribe) {
+  Puesto p;
+  QLineEdit campo;
+  QKeyEvent conAlt(QEvent::KeyPress, Qt::Key_Z, Qt::AltModifier, u"z"_s);
+  QApplication::sendEvent(&campo, &conAlt);
+  EXPECT_EQ(campo.text(), QString());
+  QTest::keyClicks(&campo, u"z"_s);
+  EXPECT_EQ(campo.text(), u"z");
+}
+
 TEST(Ventanas, DescargaTodo) {
   Puesto p;
   Muestra* principal = p.abrir(u"MainTarvo"_s);

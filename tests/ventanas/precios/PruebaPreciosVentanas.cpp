@@ -83,6 +83,8 @@ TEST(VentanaLote, SubeUnDepartamentoYSeDeshace) {
   EXPECT_EQ(m.leer(u"select PRECIO_00 from PLUSES where CODPLU in (32, 33, 42) order by CODPLU"_s),
             u"3200 | 3650 | 990000");
   EXPECT_FALSE(aplicar->isEnabled()) << "a second Enter raises nothing";
+  QTest::keyClick(v->findChild<QLineEdit*>(u"txPc"_s), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_FALSE(aplicar->isEnabled()) << "nor does one after Ctrl+Z in the field";
   m.boton(v, u"Deshacer"_s);
   ASSERT_TRUE(esperar([&] { return m.leer(precios) == antes && !v->trabajo().enMarcha(); }));
   EXPECT_FALSE(deshacer->isEnabled());

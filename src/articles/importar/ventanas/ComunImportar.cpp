@@ -14,7 +14,7 @@ void prepararMalas(ventanas::Parrilla& lista, ventanas::Contexto& contexto,
                    const QString& ventana) {
   lista.preparar(contexto, ventana,
                  {{.titulo = kTxLinea, .campo = u"linea"_s, .clase = Clase::Entero, .ancho = 72},
-                  {.titulo = kTxMotivo, .campo = u"motivo"_s, .ancho = 420},
+                  {.titulo = ventanas::kTxMotivo, .campo = u"motivo"_s, .ancho = 420},
                   {.titulo = kTxDiceLaLinea, .campo = u"texto"_s, .ancho = 260}});
   lista.setVacia(contexto.textos(kTxSinMalas));
   lista.vivas();

@@ -3,6 +3,7 @@
 #include <QListWidget>
 
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "core/ventanas/marco/Ventanas.h"
@@ -59,8 +60,9 @@ bool ImpPLUVentana::QueryUnload() {
 
 void ImpPLUVentana::ponerEstado(Estado estado) {
   estado_ = estado;
-  constexpr std::array kTextos{kTxSeleccione,   kTxListo,    kTxLeyendo,       kTxLeyendo,
-                               kTxInterrumpido, kTxConExito, kTxNoReconocibles};
+  constexpr auto kTextos = std::to_array<int>(
+      {kTxSeleccione, kTxListo, ventanas::kTxEnProcesoDeLectura, ventanas::kTxEnProcesoDeLectura,
+       kTxInterrumpido, kTxConExito, kTxNoReconocibles});
   ui_.mensaje->setText(t(kTextos.at(static_cast<size_t>(estado))));
   const bool elegir = estado == kSinFichero, moviendo = trabajo().enMarcha();
   ui_.ficheros->setEnabled(elegir && !moviendo);
@@ -93,7 +95,7 @@ void ImpPLUVentana::Haz() {
   const auto siExiste =
       ui_.BorrPrevio->isChecked() ? SiExiste::Sobreescribirlo : SiExiste::Conservarlo;
   trabajo().empezar(
-      t(kTxLeyendo),
+      t(ventanas::kTxEnProcesoDeLectura),
       [this, siExiste](Trabajo::Avance& a) {
         auto r = motor_->paso(siExiste);
         a.hechos = motor_->leidos();

@@ -1,6 +1,7 @@
 // The dry run as it is shown.
 #include "articles/importar/ventanas/ImpTablaVentana.h"
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::importar {
@@ -30,11 +31,12 @@ QString detalle(const Propuesta& p, const Textos& t) {
   QStringList cambios;
   for (const Cambio& c : p.cambios) {
     if (p.que == Que::Nuevo && c.campo == Campo::Nombre) continue;  // it has its own column
-    const QString ahora = c.ahora.isEmpty() ? t(kTxNada) : c.ahora;
+    const QString ahora = c.ahora.isEmpty() ? t(ventanas::kTxNada) : c.ahora;
     cambios << (p.que == Que::Nuevo
                     ? t(kTxValorNuevo, {titulo(c.campo, t), ahora})
                     : t(kTxValorCambia,
-                        {titulo(c.campo, t), c.antes.isEmpty() ? t(kTxNada) : c.antes, ahora}));
+                        {titulo(c.campo, t), c.antes.isEmpty() ? t(ventanas::kTxNada) : c.antes,
+                         ahora}));
   }
   return cambios.join(u";  "_s);
 }
@@ -52,9 +54,9 @@ void ImpTablaVentana::montarPrevia() {
         .ver = [&textos](
                    const dao::Valor& v) { return textos(kTxNuevo + static_cast<int>(v.entero())); },
         .estado = estadoDe},
-       {.titulo = kTxSeccion, .campo = u"seccion"_s, .clase = Clase::Codigo, .cifras = 3},
-       {.titulo = kTxCodigo, .campo = u"codigo"_s, .clase = Clase::Codigo, .cifras = 7},
-       {.titulo = kTxNombre, .campo = u"nombre"_s, .ancho = 200},
+       {.titulo = ventanas::kTxSeccion, .campo = u"seccion"_s, .clase = Clase::Codigo, .cifras = 3},
+       {.titulo = ventanas::kTxCodigo, .campo = u"codigo"_s, .clase = Clase::Codigo, .cifras = 7},
+       {.titulo = ventanas::kTxNombre, .campo = u"nombre"_s, .ancho = 200},
        {.titulo = kTxDetalle, .campo = u"detalle"_s, .ancho = 560}});
   ui_.previa->vivas();
   ui_.previa->setVacia(t(kTxNadaDeEso));

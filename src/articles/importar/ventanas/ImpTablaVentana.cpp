@@ -3,6 +3,7 @@
 #include <QListWidget>
 
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/edicion/Opciones.h"
 #include "core/ventanas/marco/Tira.h"
@@ -92,7 +93,8 @@ void ImpTablaVentana::irA(Paso paso) {
 
 void ImpTablaVentana::botones() {
   const bool ocupada = leyendo_ || trabajo().enMarcha();
-  constexpr std::array kTextos{kTxSiguiente, kTxVerCambios, kTxAplicar, kTxOtroFichero};
+  constexpr auto kTextos =
+      std::to_array<int>({kTxSiguiente, kTxVerCambios, ventanas::kTxAplicar, kTxOtroFichero});
   ui_.siguiente->setText(t(kTextos.at(static_cast<size_t>(paso_))));
   const bool hay = paso_ == kFichero ? ui_.ficheros->lista()->currentItem() != nullptr
                    : paso_ == kPrevia

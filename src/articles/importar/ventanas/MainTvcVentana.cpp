@@ -3,6 +3,7 @@
 #include <QListWidget>
 
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
@@ -75,7 +76,8 @@ void MainTvcVentana::ponerEstado(Estado estado) {
   estado_ = estado;
   constexpr std::array kTextos{kTxSeleccioneTvc, kTxPuedeIniciar, kTxNoValido, kTxTerminado,
                                kTxProcesando};
-  constexpr std::array kBotones{kTxIniciar, kTxIniciar, kTxOtro, kTxOtro, kTxInterrumpir};
+  constexpr auto kBotones = std::to_array<int>(
+      {kTxIniciar, kTxIniciar, ventanas::kTxOtroFichero, ventanas::kTxOtroFichero, kTxInterrumpir});
   const auto i = static_cast<size_t>(estado);
   ui_.Panel->setText(t(kTextos.at(i)));
   ui_.inicioproceso->setText(t(kBotones.at(i)));

@@ -3,6 +3,7 @@
 
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/EscogeFecha.h"
 
@@ -62,24 +63,24 @@ void BrowOfer::prepararParrilla() {
   };
   ui_.Grid->preparar(
       contexto(), nombre(),
-      {{.titulo = kTxGrupoCol,
+      {{.titulo = ventanas::kTxGrupo,
         .campo = u"OFERTAS.GRUPO"_s,
         .clase = Clase::Codigo,
         .cifras = 4,
         .oculta = true},
        {.titulo = kTxBorradaCol, .campo = u"borrado"_s, .soloDato = true},
-       {.titulo = kTxSeccionCol,
+       {.titulo = ventanas::kTxSeccion,
         .campo = u"OFERTAS.SECCION"_s,
         .clase = Clase::Codigo,
         .cifras = 3,
         .oculta = true},
        {.titulo = kTxEnviadaCol, .campo = u"enviado"_s, .clase = Clase::SiNo, .oculta = true},
-       {.titulo = kTxCodigoCol,
+       {.titulo = ventanas::kTxCodigo,
         .campo = u"OFERTAS.CODIGO"_s,
         .clase = Clase::Codigo,
         .cifras = 7,
         .ancho = 90},
-       {.titulo = kTxNombreCol, .campo = u"NOMPLU"_s, .ancho = 200},
+       {.titulo = ventanas::kTxNombre, .campo = u"NOMPLU"_s, .ancho = 200},
        {.titulo = kTxNivel, .campo = u"PRECIO_0"_s, .clase = Clase::Importe, .editar = precio(0)},
        {.titulo = kTxNivel + 1,
         .campo = u"PRECIO_1"_s,
@@ -89,7 +90,7 @@ void BrowOfer::prepararParrilla() {
         .campo = u"PRECIO_2"_s,
         .clase = Clase::Importe,
         .editar = precio(2)},
-       {.titulo = kTxDesdeCol,
+       {.titulo = ventanas::kTxDesde,
         .campo = u"FECHA_INI"_s,
         .clase = Clase::Fecha,
         .ancho = 110,

@@ -8,6 +8,7 @@
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/dinero/Dinero.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Recuerdos.h"
 
@@ -101,7 +102,7 @@ bool CalcPreVentana::tomar(QLineEdit& caja, const Hacer& hacer) {
   const auto escrito = numero(caja, dicho), queda = numero(caja, caja.text());
   const bool igual =
       dicho.isEmpty() || (escrito && queda && std::abs(*escrito - *queda) < kMenosDeUnaCifra);
-  const QString hay = caja.text().isEmpty() ? t(kTxNada) : caja.text();
+  const QString hay = caja.text().isEmpty() ? t(ventanas::kTxNada) : caja.text();
   if (!igual) decirDuda(contexto().textos(kTxQuedaOtro, {dicho, hay}));
   return igual;
 }

@@ -67,7 +67,7 @@ void CambioLoteVentana::aplicado(const Resultado<Trabajo::Fin>& fin) {
     };
     return volver(hecho.lote, hecho.cambiados, alAcabar);
   }
-  ui_.txPc->clear();
+  ui_.txPc->setText({});  // not clear(): Ctrl+Z in the field would bring it back
   libre();
   const QString bien = t(kTxCambiados, hecho.cambiados);
   if (hecho.fuera > 0) return decirDuda(t(kTxNoCambiaron, hecho.fuera), bien);

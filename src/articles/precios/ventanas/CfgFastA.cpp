@@ -2,6 +2,7 @@
 
 #include "articles/precios/ventanas/TablaOpciones.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 
 namespace tarvo::precios {
 
@@ -13,14 +14,14 @@ CfgFastA::CfgFastA(ventanas::Contexto& contexto, const QString& nombre)
   auto* politicas = f.ancho(new TablaOpciones, u"politicas"_s);
   politicas->preparar(contexto.textos, kTxCamposFijos, kCamposFijos, kTxPoliticas);
   prefijo_ = &f.fila(kTxPrefijoCodigos, u"txPrefijo"_s, texto(r.prefijo));
-  precios_ = &f.fila(kTxPreciosPorTarifa, u"txPrecios"_s,
+  precios_ = &f.fila(ventanas::kTxPreciosPorTarifa, u"txPrecios"_s,
                      numero(r.precios, 1, articles::kNiveles).con(t(kTxPreciosIncorrectos)));
-  tarifas_ = &f.fila(kTxTarifas, u"txTarifas"_s,
+  tarifas_ = &f.fila(ventanas::kTxTarifas, u"txTarifas"_s,
                      numero(r.tarifas, 1, articles::kTarifas).con(t(kTxTarifasIncorrectas)));
   anadir(politicas->campo(r.politicas));
   f.muelle();
   setFrase(0, false);
-  acabar({560, 400}, {.textoAcepto = kTxAceptarCfg, .textoCancelo = kTxCancelarCfg});
+  acabar({560, 400}, {.textoAcepto = ventanas::kTxAceptar, .textoCancelo = ventanas::kTxCancelar});
 }
 
 std::vector<CfgFastA::FaltaCampo> CfgFastA::comprobar() {

@@ -3,6 +3,7 @@
 #include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/ventanas/TablaOpciones.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 
 namespace tarvo::precios {
 
@@ -26,7 +27,7 @@ CfgFastPlu::CfgFastPlu(ventanas::Contexto& contexto, const QString& nombre)
   f.fila(kTxAccionIntro, u"lstModo"_s, r.modo,
          {{0, t(kTxModo)}, {1, t(kTxModo + 1)}, {2, t(kTxModo + 2)}});
   f.muelle();
-  acabar({500, 430}, {.textoAcepto = kTxAceptarCfg, .textoCancelo = kTxCancelarCfg});
+  acabar({500, 430}, {.textoAcepto = ventanas::kTxAceptar, .textoCancelo = ventanas::kTxCancelar});
 }
 
 Resultado<> CfgFastPlu::entrar(const PuertaCfgFastPlu& puerta) {

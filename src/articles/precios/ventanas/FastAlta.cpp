@@ -6,6 +6,7 @@
 
 #include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Tira.h"
 
@@ -34,14 +35,14 @@ FastAlta::FastAlta(ventanas::Contexto& contexto, const QString& nombre,
 void FastAlta::montar() {
   auto f = formulario(kTxAltaRapida);
   auto cabeza = f.columnas({1, 0});
-  auto& seccion = cabeza[0].fila(kTxSeccionFicha, u"dbS"_s, r.seccion, {});
+  auto& seccion = cabeza[0].fila(ventanas::kTxSeccionConLetra, u"dbS"_s, r.seccion, {});
   seccion_ = qobject_cast<QComboBox*>(&seccion.control());
   connect(&seccion, &Campo::cambiado, this, &FastAlta::pintarDepartamento);
   ultimo_ = new QLabel(cuerpo());
   ultimo_->setObjectName(u"lbUltimo"_s);
   ventanas::ponerLetra(*ultimo_, ventanas::Letra::Secundaria);
-  cabeza[1].enLinea(
-      {ultimo_, cabeza[1].boton(kTxConfigurar, u"Configurar"_s, [this] { configurar(); })});
+  cabeza[1].enLinea({ultimo_, cabeza[1].boton(ventanas::kTxConfigurar, u"Configurar"_s,
+                                              [this] { configurar(); })});
   auto lados = f.columnas(2);
   montarIzquierda(lados[0]);
   montarDerecha(lados[1]);
@@ -49,7 +50,7 @@ void FastAlta::montar() {
   acabar({760, 520}, {.acepto = u"Alta"_s,
                       .cancelo = u"Salir"_s,
                       .textoAcepto = kTxAlta,
-                      .textoCancelo = kTxSalirFicha});
+                      .textoCancelo = ventanas::kTxSalirConL});
   acepto()->setDefault(false);  // Return goes from field to field
   precios_->preparar(contexto(), motor_.forma().precios(), motor_.forma().tarifas());
   connect(precios_, &MatrizPrecios::intro, this, [this] { avanzar(); });
@@ -62,8 +63,8 @@ void FastAlta::montarIzquierda(Formulario f) {
   };
   ventanas::Modo codigo = texto(r.codigo);
   codigo.letras = kCifras;
-  poner(CampoAlta::Codigo, f.fila(kTxCodigoFicha, u"txCod"_s, codigo));
-  poner(CampoAlta::Nombre, f.fila(kTxNombreFicha, u"txNom"_s, texto(r.nombre)));
+  poner(CampoAlta::Codigo, f.fila(ventanas::kTxCodigoConLetra, u"txCod"_s, codigo));
+  poner(CampoAlta::Nombre, f.fila(ventanas::kTxNombreConLetra, u"txNom"_s, texto(r.nombre)));
   codigo_ = qobject_cast<QLineEdit*>(&campo(CampoAlta::Codigo).control());
   codigo_->setMaxLength(kCifras);
   codigo_->installEventFilter(this);
@@ -102,7 +103,7 @@ void FastAlta::montarDerecha(Formulario f) {
   connect(cada, &QComboBox::currentIndexChanged, suyo, &CampoVivo::haCambiado);
   poner(CampoAlta::Unidad, anadir(suyo));
   poner(CampoAlta::Departamento,
-        f.fila(kTxDepartamentoFicha, u"txdep"_s, corto(r.departamento, 2)));
+        f.fila(ventanas::kTxDepartamentoConLetra, u"txdep"_s, corto(r.departamento, 2)));
   departamento_ = new QLabel;
   f.fila(0, departamento_, u"lbDep"_s);
   ventanas::ponerLetra(*departamento_, ventanas::Letra::Secundaria);

@@ -9,6 +9,7 @@
 #include "articles/precios/ventanas/CfgFastA.h"
 #include "articles/precios/ventanas/FastAlta.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/marco/Retenida.h"
 #include "core/ventanas/marco/Tira.h"
 
@@ -20,9 +21,9 @@ using namespace Qt::StringLiterals;
 FastAlta::Respuesta FastAlta::preguntar() {
   const ventanas::Retenida mientras(this);
   QMessageBox caja(QMessageBox::Question, windowTitle(), t(kTxAnadir), QMessageBox::NoButton, this);
-  QPushButton* si = caja.addButton(t(kTxSi), QMessageBox::YesRole);
-  QPushButton* no = caja.addButton(t(kTxNo), QMessageBox::NoRole);
-  QPushButton* cancelar = caja.addButton(t(kTxCancelar), QMessageBox::RejectRole);
+  QPushButton* si = caja.addButton(t(ventanas::kTxSi), QMessageBox::YesRole);
+  QPushButton* no = caja.addButton(t(ventanas::kTxNo), QMessageBox::NoRole);
+  QPushButton* cancelar = caja.addButton(t(ventanas::kTxCancelar), QMessageBox::RejectRole);
   si->setObjectName(u"Si"_s);
   no->setObjectName(u"No"_s);
   cancelar->setObjectName(u"Cancelar"_s);

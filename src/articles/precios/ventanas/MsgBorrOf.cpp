@@ -5,6 +5,7 @@
 #include <QRadioButton>
 
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 
 namespace tarvo::precios {
 
@@ -18,8 +19,9 @@ MsgBorrOf::MsgBorrOf(ventanas::Contexto& contexto, const QString& nombre)
   todo_ = f.ancho(new QRadioButton(t(kTxTodosLosGrupos)), u"opTodo"_s);
   pregunta_ = f.nota(u"Pregunta"_s);
   f.muelle();
-  acabar({380, 180},
-         {.textoAcepto = kTxAceptarBorrar, .textoCancelo = kTxCancelarBorrar, .destruye = true});
+  acabar({380, 180}, {.textoAcepto = ventanas::kTxAceptar,
+                      .textoCancelo = ventanas::kTxCancelar,
+                      .destruye = true});
   connect(solo_, &QRadioButton::toggled, this, &MsgBorrOf::pintar);
 }
 

@@ -11,6 +11,7 @@
 #include "articles/precios/ventanas/BrowOfer.h"
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 
@@ -43,13 +44,13 @@ void NvaOfr::montar() {
   ponerLetra(*normal_, ventanas::Letra::Secundaria);
   for (std::size_t n = 0; n < precios_.size(); ++n)
     precios_[n] = &f.fila(kTxPrecioNivel + static_cast<int>(n), u"Precio_%1"_s.arg(n), precio(n));
-  f.fila(kTxDesdeOferta, u"Fecha_1"_s, fecha(r.desde, false).con(t(kTxFechaMala)));
-  hasta_ = &f.fila(kTxHastaOferta, u"Fecha_F"_s, fecha(r.hasta, false).con(t(kTxFechaMala)));
+  f.fila(ventanas::kTxDesdeConLetra, u"Fecha_1"_s, fecha(r.desde, false).con(t(kTxFechaMala)));
+  hasta_ = &f.fila(ventanas::kTxHasta, u"Fecha_F"_s, fecha(r.hasta, false).con(t(kTxFechaMala)));
   todos_ = f.ancho(new QCheckBox(t(kTxTodosGrupos)), u"Todos"_s);
   todos_->setToolTip(t(kTxTodosTip));
   f.muelle();
   setFrase(0, false);
-  acabar({600, 480}, {u"SalvBoton"_s, u"Salir"_s, kTxGuardarOferta, kTxSalirOferta});
+  acabar({600, 480}, {u"SalvBoton"_s, u"Salir"_s, ventanas::kTxGuardar, ventanas::kTxSalir});
 }
 
 // For who wrote words in the first price none was entered; an amount that won't do is told why.

@@ -1,6 +1,7 @@
 #include "comm/ventanas/gestcomm/ModeloTareas.h"
 
 #include "comm/ventanas/TextosCommVentanas.h"
+#include "core/ventanas/TextosVentanas.h"
 
 namespace tarvo::comm {
 
@@ -61,7 +62,7 @@ std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
           {.titulo = kTxColBza, .campo = u"bza"_s, .clase = Clase::Entero, .ancho = 56},
           {.titulo = kTxColTraza, .campo = u"Traza"_s, .clase = Clase::Codigo, .ancho = 92},
           {.titulo = kTxColCont, .campo = u"cont"_s, .clase = Clase::Entero, .ancho = 68},
-          {.titulo = kTxColEstado,
+          {.titulo = ventanas::kTxEstado,
            .campo = u"Estado"_s,
            .ancho = 248,
            .ver =
@@ -73,7 +74,7 @@ std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
                [](const dao::Valor& v) {
                  return tonoDeEstado(static_cast<int>(v.entero() % kReteniendo));
                }},
-          {.titulo = kTxColProblema, .campo = u"Problema"_s, .ancho = 200}};
+          {.titulo = ventanas::kTxResultado, .campo = u"Problema"_s, .ancho = 200}};
 }
 
 ventanas::FilaViva filaTarea(const motor::VistaTarea& t, const motor::ClaseTarea* clase,

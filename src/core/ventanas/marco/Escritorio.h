@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/AltSuelto.h"
 #include "core/ventanas/marco/Contexto.h"
 #include "core/ventanas/marco/Manual.h"
 #include "core/ventanas/marco/Recuerdos.h"
@@ -35,6 +36,7 @@ class Escritorio {
   Contexto contexto_;  // outlives the windows that are handed it
   Ventanas ventanas_;
   Ayuda ayuda_;
+  AltSuelto altSuelto_;
 };
 
 // "claro" or "oscuro"; nothing for any other word.

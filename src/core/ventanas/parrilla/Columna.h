@@ -48,6 +48,8 @@ struct Columna {
   // Lets the person write into its cells: takes the row's key and the text, and writes it where it
   // belongs. On a failure the cell stays in edit and the list says why.
   std::function<Resultado<>(qint64 clave, const QString& texto)> editar = {};
+  // It names the row: typing on it searches, and only F2 or Return writes into it.
+  bool nombraLaFila = false;
   // Characters that may be typed, 0 for as many as its kind takes. More than a code has lets
   // `editar` refuse what doesn't fit, where it would be cut while it is typed.
   int largo = 0;

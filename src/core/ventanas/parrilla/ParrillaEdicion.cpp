@@ -50,6 +50,7 @@ bool Parrilla::Interior::teclaEdicion(const QKeyEvent& e) {
   const bool intro = e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter;
   if (e.key() == Qt::Key_F2 || (intro && !escribeAlTeclear)) return editar(celda);
   const Columna& columna = columnas[static_cast<size_t>(celda.column())];
+  if (columna.nombraLaFila) return false;
   const bool letra = !(e.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) &&
                      !e.text().isEmpty() && e.text()[0].isPrint();
   if (!letra || !seTeclea(columna, e.text())) return false;

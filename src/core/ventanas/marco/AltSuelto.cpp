@@ -1,0 +1,20 @@
+#include "core/ventanas/marco/AltSuelto.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+namespace tarvo::ventanas {
+
+AltSuelto::AltSuelto() {
+  qApp->installEventFilter(this);
+}
+
+// Whatever answers to the letter has had it before the key arrives here.
+bool AltSuelto::eventFilter(QObject* objeto, QEvent* evento) {
+  if (evento->type() != QEvent::KeyPress || !objeto->isWidgetType()) return false;
+  const auto& tecla = *static_cast<QKeyEvent*>(evento);
+  return tecla.modifiers() == Qt::AltModifier && !tecla.text().isEmpty() &&
+         tecla.text()[0].isPrint();
+}
+
+}  // namespace tarvo::ventanas
