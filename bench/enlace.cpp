@@ -5,7 +5,9 @@
 
 #include "Razones.h"
 #include "TcpLocal.h"
+#include "comm/cables/AjustesCables.h"
 #include "comm/cables/FabricaReal.h"
+#include "comm/enlace/AjustesEnlace.h"
 #include "core/ajustes/Ajustes.h"
 
 namespace tarvo::banco {
@@ -34,7 +36,9 @@ struct ClienteBanco final : ClienteMudo {
 class PorEnlace {
  public:
   PorEnlace(quint16 puerto, int cuantos)
-      : cuantos_(cuantos), ajustes_(carpeta_.path(), Idioma::Espanol) {
+      : cuantos_(cuantos),
+        ajustes_(carpeta_.path(), Idioma::Espanol,
+                 {enlace::ajustesCables(), enlace::ajustesEnlace()}) {
     escribirConectores(carpeta_, u'B', cuantos, puerto);
     cliente_.enlaces = &enlaces_;
     cliente_.abiertos = cuantos;

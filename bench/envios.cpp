@@ -6,12 +6,16 @@
 
 #include "Comun.h"
 #include "Razones.h"
+#include "comm/cables/AjustesCables.h"
+#include "comm/enlace/AjustesEnlace.h"
 #include "comm/envios/Decision.h"
 #include "comm/envios/TablasEnvios.h"
+#include "comm/motor/AjustesMotor.h"
 #include "comm/motor/gestcomm.h"
 #include "comm/tareas/Registro.h"
 #include "comm/tramas/Trama.h"
 #include "textos/TextosDePrueba.h"
+#include "totals/libros/AjustesSesion.h"
 
 namespace tarvo::banco {
 namespace {
@@ -147,7 +151,9 @@ double lineaLenta() {
   bien(envios::asegurarTablasEnvios(*db));
   bien(db->ejecutar(u"UPDATE PLUSES SET DEPTO=1, TEXTO_ETQ='Agua, sal, aceite'"));
   RelojVirtual reloj(Fecha::de(QDate(2026, 3, 4), QTime(22, 0)));
-  Ajustes ajustes(carpeta.path(), Idioma::Espanol);
+  Ajustes ajustes(carpeta.path(), Idioma::Espanol,
+                  {enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor(),
+                   totals::ajustesSesion()});
   FabricaLenta fabrica(reloj);
   Azar azar(1);
   totals::Sesion sesion(*db, ajustes, reloj, textosDePrueba());

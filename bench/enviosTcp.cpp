@@ -2,11 +2,15 @@
 // the bare link, without engine, database or articles.
 #include "Razones.h"
 #include "TcpLocal.h"
+#include "comm/cables/AjustesCables.h"
 #include "comm/cables/FabricaReal.h"
+#include "comm/enlace/AjustesEnlace.h"
 #include "comm/envios/TablasEnvios.h"
+#include "comm/motor/AjustesMotor.h"
 #include "comm/motor/gestcomm.h"
 #include "comm/tareas/Registro.h"
 #include "textos/TextosDePrueba.h"
+#include "totals/libros/AjustesSesion.h"
 
 namespace tarvo::banco {
 namespace {
@@ -65,7 +69,10 @@ class Mesa {
   std::unique_ptr<dao::Database> db_ =
       hacerTienda(carpeta_.filePath(QStringLiteral("TARVO.MDB")), 1, kArticulosTcp);
   RelojReal reloj_;
-  Ajustes ajustes_{carpeta_.path(), Idioma::Espanol};
+  Ajustes ajustes_{carpeta_.path(),
+                   Idioma::Espanol,
+                   {enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor(),
+                    totals::ajustesSesion()}};
   enlace::FabricaReal fabrica_{reloj_, ajustes_};
   Azar azar_{1};
   Cliente cliente_;

@@ -12,6 +12,7 @@
 #include "stock/Almacenes.h"
 #include "textos/TextosDePrueba.h"
 #include "totals/intercambio/XporTot.h"
+#include "totals/periodos/AjustesPeriodos.h"
 
 namespace tarvo::banco {
 
@@ -44,7 +45,7 @@ const Registro kMedida("exporta.memoria", 0.95,
 int exporta(int mib) {
   const QTemporaryDir carpeta;
   const auto db = hacerTienda(carpeta.filePath(QStringLiteral("TARVO.MDB")), kGrupos, kArticulos);
-  Ajustes ajustes(carpeta.path(), Idioma::Espanol);
+  Ajustes ajustes(carpeta.path(), Idioma::Espanol, {totals::ajustesPeriodos()});
   RelojVirtual reloj(Fecha::de(QDate(2026, 3, 4), QTime(22, 0)));
   stock::Almacenes almacenes(*db, reloj, textosDePrueba());
   totals::Periodos periodos(*db, ajustes, almacenes, textosDePrueba());

@@ -6,7 +6,9 @@
 #include "Razones.h"
 #include "comm/maquinas/Vek.h"
 #include "textos/TextosDePrueba.h"
+#include "totals/libros/AjustesSesion.h"
 #include "totals/libros/CerrSes.h"
+#include "totals/periodos/AjustesPeriodos.h"
 
 namespace tarvo::banco {
 namespace {
@@ -33,7 +35,8 @@ std::vector<QByteArray> registros() {
 
 struct Lector {
   explicit Lector(const QString& carpeta, dao::Database& base)
-      : db(base), ajustes(carpeta, Idioma::Espanol) {
+      : db(base),
+        ajustes(carpeta, Idioma::Espanol, {totals::ajustesSesion(), totals::ajustesPeriodos()}) {
     bien(almacenes.asegurar());
     bien(sesion.cargar());
     sesion.ponerEjecucion(1, false);

@@ -10,7 +10,12 @@
 
 #include "MotorNoche.h"
 #include "Razones.h"
+#include "comm/cables/AjustesCables.h"
+#include "comm/enlace/AjustesEnlace.h"
+#include "comm/motor/AjustesMotor.h"
 #include "comm/tramas/Trama.h"
+#include "totals/libros/AjustesSesion.h"
+#include "totals/periodos/AjustesPeriodos.h"
 
 namespace tarvo::banco {
 namespace {
@@ -124,7 +129,9 @@ int noche(int grupos) {
       hacerTienda(carpeta.filePath(QStringLiteral("TARVO.MDB")), grupos, kArticulosNoche);
   RelojVirtual reloj(Fecha::de(QDate(2026, 3, 4), QTime(22, 0)));
   FabricaBalanzas fabrica(reloj);
-  Ajustes ajustes(carpeta.path(), Idioma::Espanol);
+  Ajustes ajustes(carpeta.path(), Idioma::Espanol,
+                  {enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor(),
+                   totals::ajustesSesion(), totals::ajustesPeriodos()});
   Motor m(ajustes, *db, reloj, fabrica);
   const double inicio = segundosCpu();
   m.empezar();

@@ -8,7 +8,12 @@
 #include "Noche.h"
 #include "Razones.h"
 #include "TcpLocal.h"
+#include "comm/cables/AjustesCables.h"
 #include "comm/cables/FabricaReal.h"
+#include "comm/enlace/AjustesEnlace.h"
+#include "comm/motor/AjustesMotor.h"
+#include "totals/libros/AjustesSesion.h"
+#include "totals/periodos/AjustesPeriodos.h"
 
 namespace tarvo::banco {
 namespace {
@@ -20,7 +25,7 @@ constexpr double kUnaHora = 1 / 24.0;  // in days
 constexpr double kCorta = 1.5, kConectores = 8, kCanales = 15;
 
 void porCanales(dao::Database& db, Ajustes& ajustes, quint16 puerto) {
-  for (auto& canal : ajustes.canales) canal.Device = TipoAcceso::TcpIp;
+  for (auto& canal : ajustes.de<enlace::AjustesCables>().canales) canal.Device = TipoAcceso::TcpIp;
   // A computer has many addresses, so each group is a separate access.
   bien(
       db.ejecutar(u"UPDATE GRUPOS SET remoto=3, TELEF='127.0.' & (CODGPO \\ 200) & '.' & (CODGPO "
@@ -71,7 +76,9 @@ int nochePared(int grupos, int articulos, bool canales) {
   const QTemporaryDir carpeta;
   const auto db = hacerTienda(carpeta.filePath(QStringLiteral("TARVO.MDB")), grupos, articulos);
   escribirConectores(carpeta, u'G', grupos, puerto);
-  Ajustes ajustes(carpeta.path(), Idioma::Espanol);
+  Ajustes ajustes(carpeta.path(), Idioma::Espanol,
+                  {enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor(),
+                   totals::ajustesSesion(), totals::ajustesPeriodos()});
   if (canales) porCanales(*db, ajustes, puerto);
   RelojReal reloj;
   bien(

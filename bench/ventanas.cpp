@@ -12,6 +12,8 @@
 #include "comm/tareas/Registro.h"
 #include "core/tiempo/Trabajo.h"
 #include "textos/TextosDePrueba.h"
+#include "totals/libros/AjustesSesion.h"
+#include "totals/periodos/AjustesPeriodos.h"
 
 namespace tarvo::banco {
 namespace {
@@ -93,7 +95,8 @@ double rebanada() {
   const TiendaGrande t;
   const auto db =
       bien(dao::Database::OpenDatabase(t.carpeta.filePath(QStringLiteral("TARVO.MDB"))));
-  const Ajustes ajustes(t.carpeta.path(), Idioma::Espanol);
+  const Ajustes ajustes(t.carpeta.path(), Idioma::Espanol,
+                        {totals::ajustesSesion(), totals::ajustesPeriodos()});
   const motor::RegistroTareas registro = tareas::registro();
   const automation::Lenguaje lenguaje(registro, ajustes, textosDePrueba());
   double peor = 0;

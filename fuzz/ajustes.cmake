@@ -1,2 +1,2 @@
-tarvo_fuzz(tarvo_ini LINKS ajustes)
-tarvo_fuzz(conectores_ini LINKS ajustes)
+tarvo_fuzz(tarvo_ini LINKS app)
+tarvo_fuzz(conectores_ini LINKS cables)

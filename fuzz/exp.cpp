@@ -8,6 +8,7 @@
 #include "core/tiempo/Reloj.h"
 #include "textos/TextosDePrueba.h"
 #include "totals/intercambio/XporTot.h"
+#include "totals/periodos/AjustesPeriodos.h"
 #include "totals/periodos/TablasTotales.h"
 
 using namespace tarvo;
@@ -37,7 +38,7 @@ qint64 contar(dao::Database& db, QStringView sql) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* datos, size_t tamano) {
   static const QTemporaryDir carpeta;
   static const auto db = baseVacia(carpeta);
-  const Ajustes ajustes(carpeta.path(), Idioma::Espanol);
+  const Ajustes ajustes(carpeta.path(), Idioma::Espanol, {totals::ajustesPeriodos()});
   RelojVirtual reloj{Fecha{}};
   stock::Almacenes almacenes(*db, reloj, textosDePrueba());
   totals::Periodos periodos(*db, ajustes, almacenes, textosDePrueba());

@@ -6,13 +6,18 @@
 #include <QTableView>
 
 #include "Pintado.h"
+#include "articles/AjustesArticulos.h"
 #include "articles/Busqueda.h"
 #include "articles/TablasArticulos.h"
 #include "articles/ventanas/Registro.h"
+#include "comm/cables/AjustesCables.h"
 #include "comm/cables/FabricaReal.h"
+#include "comm/enlace/AjustesEnlace.h"
+#include "comm/motor/AjustesMotor.h"
 #include "comm/tareas/Registro.h"
 #include "core/ventanas/marco/Escritorio.h"
 #include "core/ventanas/parrilla/Parrilla.h"
+#include "totals/libros/AjustesSesion.h"
 
 using namespace tarvo;
 using namespace tarvo::banco;
@@ -42,7 +47,9 @@ class Banco {
  public:
   explicit Banco(QApplication& qt)
       : db_(hacerCatalogo(carpeta_.filePath(u"TARVO.MDB"_s))),
-        ajustes_(carpeta_.path(), Idioma::Espanol),
+        ajustes_(carpeta_.path(), Idioma::Espanol,
+                 {articles::ajustesArticulos(), enlace::ajustesCables(), enlace::ajustesEnlace(),
+                  motor::ajustesMotor(), totals::ajustesSesion()}),
         textos_(bien(Textos::leer(u":/textos/es.txt"_s))),
         catalogo_(*db_, textos_, reloj_, u"banco"_s),
         operadores_(*db_, textos_),

@@ -8,11 +8,15 @@
 #include <chrono>
 
 #include "Comun.h"
+#include "comm/cables/AjustesCables.h"
+#include "comm/enlace/AjustesEnlace.h"
+#include "comm/motor/AjustesMotor.h"
 #include "comm/tareas/Registro.h"
 #include "comm/tramas/Trama.h"
 #include "comm/ventanas/Registro.h"
 #include "core/ventanas/marco/Escritorio.h"
 #include "core/ventanas/parrilla/Parrilla.h"
+#include "totals/libros/AjustesSesion.h"
 
 using namespace tarvo;
 using namespace Qt::StringLiterals;
@@ -112,7 +116,9 @@ int main(int argc, char** argv) {
   QApplication qt(argc, argv);
   QTemporaryDir carpeta;
   auto db = banco::hacerTienda(carpeta.filePath(u"TARVO.MDB"_s), kGrupos, kArticulos);
-  Ajustes ajustes(carpeta.path(), Idioma::Espanol);
+  Ajustes ajustes(carpeta.path(), Idioma::Espanol,
+                  {enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor(),
+                   totals::ajustesSesion()});
   RelojReal reloj;
   Azar azar(1);
   FabricaFija fabrica(reloj);

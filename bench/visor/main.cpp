@@ -10,7 +10,9 @@
 #include "core/ventanas/marco/Escritorio.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 #include "stock/Almacenes.h"
+#include "totals/libros/AjustesSesion.h"
 #include "totals/libros/CerrSes.h"
+#include "totals/periodos/AjustesPeriodos.h"
 #include "totals/ventanas/RegistroTotales.h"
 
 using namespace tarvo;
@@ -26,7 +28,8 @@ class Banco {
  public:
   explicit Banco(QApplication& qt)
       : db_(banco::hacerTienda(carpeta_.filePath(u"TARVO.MDB"_s), kGrupos, kFilas / kGrupos)),
-        ajustes_(carpeta_.path(), Idioma::Espanol),
+        ajustes_(carpeta_.path(), Idioma::Espanol,
+                 {totals::ajustesSesion(), totals::ajustesPeriodos()}),
         textos_(banco::bien(Textos::leer(u":/textos/es.txt"_s))),
         sesion_(*db_, ajustes_, reloj_, textos_),
         almacenes_(*db_, reloj_, textos_),

@@ -1,6 +1,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include "app/AjustesSalas.h"
 #include "app/Aplicacion.h"
 #include "app/Tablas.h"
 #include "app/TextosApp.h"
@@ -67,7 +68,7 @@ static void fijarTextosEtiquetas(Ajustes& a, const Textos& textos) {
 
 Resultado<Ajustes> Fondo::leerAjustes(const QString& carpeta, Idioma idioma, const Textos& textos,
                                       Reloj& reloj) {
-  Ajustes ajustes(carpeta, idioma, reloj.ahora());
+  Ajustes ajustes(carpeta, idioma, ajustesDeLasSalas(reloj.ahora()));
   if (const auto leidos = ajustes.LeerConfig(); !leidos)
     return fallo(leidos.error().clase, textos(kTxAjustesIlegibles).arg(leidos.error().texto));
   fijarTextosEtiquetas(ajustes, textos);

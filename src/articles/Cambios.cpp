@@ -1,9 +1,18 @@
 #include "articles/Cambios.h"
 
+#include "articles/AjustesArticulos.h"
+#include "core/ajustes/Sala.h"
+
 #include <algorithm>
 #include <array>
 
 namespace tarvo::articles {
+
+SalaDeAjustes ajustesArticulos() {
+  using A = AjustesArticulos;
+  return salaDeAjustes(
+      A(), {clave<&A::EnviarCambios, ini::leerPar, ini::verPar>(907, u"EnviarCambios")});
+}
 
 Resultado<> Cambios::ArticuloCambiado(int seccion, qint64 codigo) {
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu=?", seccion, codigo));

@@ -1,5 +1,6 @@
 // How the runner carries out its current step, and what it writes about it.
 #include "automation/AutomatInterior.h"
+#include "comm/motor/AjustesMotor.h"
 
 namespace tarvo::automation {
 
@@ -109,7 +110,7 @@ Resultado<> Automat::Interior::registrar() {
 
 void Automat::Interior::abrirMotor() {
   if (std::exchange(motorAbierto, true)) return;
-  vigilancia.reintentos = t.ajustes.IntentosManual;
+  vigilancia.reintentos = t.ajustes.de<motor::AjustesMotor>().IntentosManual;
   t.motor.VigilaProcesos(vigilancia.reintentos, false, vigilancia.vigilante);
   t.motor.FijarModo(true);
   t.motor.observar(this);
@@ -119,7 +120,7 @@ void Automat::Interior::soltarMotor() {
   if (!std::exchange(motorAbierto, false)) return;
   t.motor.FijarModo(false);
   t.motor.dejarDeObservar(this);
-  t.motor.VigilaProcesos(t.ajustes.IntentosManual, false, nullptr);
+  t.motor.VigilaProcesos(t.ajustes.de<motor::AjustesMotor>().IntentosManual, false, nullptr);
 }
 
 void Automat::Interior::sesionAlFichero() {

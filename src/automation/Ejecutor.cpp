@@ -5,6 +5,7 @@
 #include "automation/TextosAutomation.h"
 #include "comm/motor/TextosMotor.h"
 #include "core/dao/Recorrido.h"
+#include "totals/periodos/AjustesPeriodos.h"
 
 namespace tarvo::automation {
 
@@ -199,7 +200,8 @@ void Ejecutor::cerrar(const PasoSesion& p, Ejecucion& e, Hecho& h) {
   if (!links || links->empty() || t_.sesion.estado() != 0) return noMemorizado(e, h);
   e.ultimos = std::move(*links);
   h.periodos = e.ultimos;
-  t_.ajustes.UltimosPeriodos.assign(e.ultimos.begin(), e.ultimos.end());
+  t_.ajustes.de<totals::AjustesPeriodos>().UltimosPeriodos.assign(e.ultimos.begin(),
+                                                                  e.ultimos.end());
 }
 
 // Their sales are in no period: they must stay in the machines of these groups.

@@ -10,6 +10,7 @@
 #include "automation/historia/Pendientes.h"
 #include "core/dao/Marcas.h"
 #include "core/dao/Recorrido.h"
+#include "totals/libros/AjustesSesion.h"
 #include "totals/libros/Cuadre.h"
 #include "totals/libros/Dudas.h"
 #include "totals/libros/TablasLibros.h"
@@ -228,7 +229,8 @@ Resultado<> LectorResumen::cuadrar(size_t cual) {
 
 Resultado<> LectorResumen::leerBandeja() {
   TARVO_TOMAR(const auto estado, totals::EstadoBase(f_.db).leer(u"SesionAbier"_s));
-  r_.sesion = estado.nulo() ? f_.ajustes.SesionAbier : static_cast<int>(estado.entero());
+  r_.sesion = estado.nulo() ? f_.ajustes.de<totals::AjustesSesion>().SesionAbier
+                            : static_cast<int>(estado.entero());
   if (r_.sesion == 0) return {};
   const auto clases = totals::enVigor(f_.ajustes);
   QStringList campos, marcas;

@@ -12,6 +12,7 @@
 #include "core/ajustes/Ajustes.h"
 #include "core/ajustes/Ficheros.h"
 #include "tienda/Disco.h"
+#include "totals/libros/AjustesSesion.h"
 
 using namespace tarvo;
 
@@ -133,13 +134,14 @@ TEST_F(Disco, LosNombresNoMiranMayusculasYElExactoVaPrimero) {
 TEST_F(Disco, LosAjustesSeGuardanDondeEstabanYVuelven) {
   poner(en("tarvo.ini"), "Ses\x69\xF3nAbier=2\r\nHomeDir=PROCESOS\r\n");
   QDir(dir.path()).mkdir(QStringLiteral("Procesos"));
-  Ajustes a(dir.path(), Idioma::Espanol, Fecha::deDias(45000));
+  Ajustes a(dir.path(), Idioma::Espanol, {totals::ajustesSesion(Fecha::deDias(45000))});
+  auto& sesion = a.de<totals::AjustesSesion>();
   ASSERT_TRUE(a.LeerConfig());
-  EXPECT_EQ(a.SesionAbier, 2);
+  EXPECT_EQ(sesion.SesionAbier, 2);
   EXPECT_EQ(a.HomeDir, en("Procesos"));
   EXPECT_EQ(a.BaseDatos, en("TARVO.MDB"));
-  EXPECT_EQ(a.SesionHasta.dias(), 45000);
-  a.SesionAbier = 1;
+  EXPECT_EQ(sesion.SesionHasta.dias(), 45000);
+  sesion.SesionAbier = 1;
   ASSERT_TRUE(a.GuardarConfig());
   EXPECT_TRUE(ver(en("tarvo.ini")).contains("Sesi\xF3nAbier= 1\r\n"));
   EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files).size(), 1);
@@ -160,14 +162,7 @@ TEST_F(Disco, AjustesIlegiblesSonUnErrorYDejanLosDefectos) {
   QDir(dir.path()).mkdir(QStringLiteral("TARVO.INI"));
   EXPECT_FALSE(a.LeerConfig());
   QDir(dir.path()).rmdir(QStringLiteral("TARVO.INI"));
-  poner(en("TARVO.INI"), QByteArray(3 << 20, '='));
+  poner(en("TARVO.INI"), "MonedaNativa=0\n" + QByteArray(3 << 20, '='));
   EXPECT_FALSE(a.LeerConfig());
-  EXPECT_EQ(a.TimeOut, 10000);
-}
-
-TEST_F(Disco, ElConectorSeLeeCadaVez) {
-  const Ajustes a(dir.path(), Idioma::Espanol);
-  EXPECT_EQ(a.conector(QStringLiteral("A")), QString());
-  poner(en("conectores.ini"), "A= tcp:h:1\n");
-  EXPECT_EQ(a.conector(QStringLiteral("a")), u"tcp:h:1");
+  EXPECT_EQ(a.MonedaNativa, 1);
 }

@@ -5,8 +5,12 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "core/ajustes/Ajustes.h"
+#include "app/AjustesPersonal.h"
+#include "app/AjustesSalas.h"
+#include "comm/cables/AjustesCables.h"
 #include "core/ajustes/Ficheros.h"
+#include "core/ajustes/Sala.h"
+#include "totals/libros/AjustesSesion.h"
 
 using namespace tarvo;
 
@@ -15,7 +19,7 @@ namespace {
 const QString kCarpeta = QStringLiteral("/tienda");
 
 Ajustes leidos(const QString& texto, Idioma idioma = Idioma::Espanol) {
-  Ajustes a(kCarpeta, idioma);
+  Ajustes a(kCarpeta, idioma, app::ajustesDeLasSalas());
   a.leer(texto);
   return a;
 }
@@ -104,12 +108,13 @@ TEST(Ini, CadaClaveVuelveComoDebe) {
 // A line that isn't understood is named, with the value that counts; valid lines are not.
 TEST(Ini, LoQueNoSeEntiendeSeNombra) {
   const std::pair<const char*, const char*> dudosas[] = {
-      {"TimeOut= 12abc", "12"},    {"TimeACK= 0", "2000"},     {"MonedaNativa= pepe", "1"},
-      {"MonedaNativa= 300", "1"},  {"WhoAmI= 99999", "32767"}, {"InicioHorario= 25:00", "08:00"},
-      {"Espera(1)= mucho", "40"},  {"Euro= caro", "0.000000"}, {"CalculoPrecios= quizá|5", "No|5"},
-      {"EnviarCambios= 1", "1|0"}, {"Monedero= 3", ""},        {"TimeOut 500", ""},
-      {"Device(2)= 4", "0"},       {"Device(2)= 7", "0"},      {"Device(2)= -1", "0"},
-      {"Puerto(x)= 3", ""},        {"Puerto(9)= 3", ""},       {"; una nota", ""},
+      {"TimeOut= 12abc", "12"},     {"TimeACK= 0", "2000"},     {"MonedaNativa= pepe", "1"},
+      {"MonedaNativa= 300", "1"},   {"WhoAmI= 99999", "32767"}, {"InicioHorario= 25:00", "08:00"},
+      {"Espera(1)= mucho", "40"},   {"Euro= caro", "0.000000"}, {"CalculoPrecios= quizá|5", "No|5"},
+      {"EnviarCambios= 1", "1|0"},  {"Monedero= 3", ""},        {"TimeOut 500", ""},
+      {"Device(2)= 4", "0"},        {"Device(2)= 7", "0"},      {"Device(2)= -1", "0"},
+      {"Puerto(x)= 3", ""},         {"Puerto(9)= 3", ""},       {"; una nota", ""},
+      {"TextoEtiquetas(2)= x", ""},
   };
   for (const auto& [entra, vale] : dudosas) {
     const Ajustes a = leidos(QString::fromUtf8(entra));
@@ -118,9 +123,10 @@ TEST(Ini, LoQueNoSeEntiendeSeNombra) {
     EXPECT_EQ(a.dudas[0].vale, QString::fromUtf8(vale)) << entra;
   }
   for (const Idioma idioma : {Idioma::Espanol, Idioma::F, Idioma::P}) {
-    Ajustes propio(kCarpeta, idioma, *Fecha::leer(u"05/03/2005 21:30:00"));
-    propio.personal = {{QStringLiteral("La noche"), QStringLiteral("NOCHE")}};
-    propio.RutaPuerto[2] = QStringLiteral("/dev/ttyUSB0");
+    Ajustes propio(kCarpeta, idioma, app::ajustesDeLasSalas(*Fecha::leer(u"05/03/2005 21:30:00")));
+    propio.de<app::AjustesPersonal>().personal = {
+        {QStringLiteral("La noche"), QStringLiteral("NOCHE")}};
+    propio.de<enlace::AjustesCables>().RutaPuerto[2] = QStringLiteral("/dev/ttyUSB0");
     const Ajustes otra = leidos(propio.escribir(), idioma);
     for (const auto& d : otra.dudas) ADD_FAILURE() << d.linea.toStdString();
     EXPECT_TRUE(otra.monedaLeida);
@@ -129,8 +135,7 @@ TEST(Ini, LoQueNoSeEntiendeSeNombra) {
 
 TEST(Ini, LasClavesVanEnSuOrdenConSusLineasEnBlanco) {
   QStringList claves;
-  for (const QString& l :
-       Ajustes(kCarpeta, Idioma::Espanol).escribir().split(QStringLiteral("\r\n")))
+  for (const QString& l : leidos({}).escribir().split(QStringLiteral("\r\n")))
     if (!l.startsWith(u"TextoEtiquetas(3") || l.startsWith(u"TextoEtiquetas(3)"))
       claves << l.section(u'=', 0, 0);
   QString canales;
@@ -161,19 +166,12 @@ TEST(Ini, LoEscritoSeLeeIgual) {
   Ajustes a =
       leidos(QStringLiteral("SesiónAbier=2\r\nPersonal(1)=a|b\r\nRutaPuerto(3)=/dev/x\r\n"
                             "Device(4)=3\r\nMonedaNativa=0\r\nCalculoPrecios=No|1|Sí|2"));
-  a.personal.push_back({QStringLiteral("con\r\nsalto"), QStringLiteral("P")});
+  a.de<app::AjustesPersonal>().personal.push_back(
+      {QStringLiteral("con\r\nsalto"), QStringLiteral("P")});
   const QString escrito = a.escribir();
   EXPECT_EQ(leidos(escrito).escribir(), escrito);
   EXPECT_TRUE(escrito.contains(u"Personal(2)= con  salto|P\r\n"));
-  EXPECT_EQ(a.SesionAbier, 2);
-}
-
-TEST(Ini, LoFijoDeLasEtiquetasSigueALaMoneda) {
-  EXPECT_EQ(leidos(QStringLiteral("TextoEtiquetas(2)=x")).TextoEtiquetas[2], u"€/kg");
-  const Ajustes local = leidos(QStringLiteral("MonedaNativa=0"));
-  EXPECT_EQ(local.TextoEtiquetas[2], u"  P/kg");
-  EXPECT_EQ(local.TextoEtiquetas[3], u"Ptas");
-  EXPECT_EQ(local.TextoEtiquetas[20], u"CONSERVAR ENTRE 0 Y +4 C");
+  EXPECT_EQ(a.de<totals::AjustesSesion>().SesionAbier, 2);
 }
 
 TEST(Ini, MonedaYClasesPorIdioma) {
@@ -202,21 +200,7 @@ TEST(Ini, BasuraNoHaceDano) {
   QString basura = QString(200000, u'=') + u'\n';
   for (int i = 0; i < 3000; ++i) basura += QChar(i % 0xD800) + QStringLiteral("(((=)|,;\n");
   basura += QStringLiteral("IniMdmX(1)=") + QString(100000, u';') + QStringLiteral("\nTimeOut=7");
-  EXPECT_EQ(leidos(basura).TimeOut, 7);
-}
-
-TEST(Conector, SeBuscaPorNombreSinMirarMayusculas) {
-  const QString texto = QStringLiteral(
-      "; tiendas\r\nCarne= tcp:10.0.0.1:3001\r\nPES(1)=local:/t/s\r\n"
-      "vacío=\r\n=tcp:x:1\r\n");
-  const std::pair<const char16_t*, const char16_t*> casos[] = {{u"CARNE", u"tcp:10.0.0.1:3001"},
-                                                               {u" carne ", u"tcp:10.0.0.1:3001"},
-                                                               {u"pes(1)", u"local:/t/s"},
-                                                               {u"VACÍO", u""},
-                                                               {u"otro", u""},
-                                                               {u"", u""}};
-  for (const auto& [nombre, destino] : casos)
-    EXPECT_EQ(buscarConector(texto, QString::fromUtf16(nombre)), QStringView(destino));
+  EXPECT_EQ(linea(leidos(basura), QStringLiteral("TimeOut")), u"7");
 }
 
 TEST(Idiomas, UnaVersionExtranjeraTieneMenosClasesDeTarea) {
@@ -229,4 +213,61 @@ TEST(Idiomas, UnaVersionExtranjeraTieneMenosClasesDeTarea) {
   EXPECT_EQ(clases(Idioma::Espanol),
             (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 16, 17, 18, 19, 20, 21, 22, 23}));
   EXPECT_EQ(clases(Idioma::UK), (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 16, 17, 18, 19, 20}));
+}
+
+namespace {
+
+struct Muestra {
+  int Cuantos = 3;
+  bool Callado = false;
+};
+bool leerCallado(const QString& v, bool& campo) {
+  campo = v == u"1";
+  return campo;
+}
+QString verCallado(bool b) {
+  return ini::verEntero(b ? 1 : 0);
+}
+SalaDeAjustes muestra(int sitio = 150, const char16_t* nombre = u"Cuántos") {
+  return salaDeAjustes(Muestra(),
+                       {clave<&Muestra::Cuantos, ini::leer16>(sitio, nombre),
+                        clavePropia<&Muestra::Callado, leerCallado, verCallado>(1399, u"Callado")});
+}
+
+struct Otra {
+  int Cuantos = 0;
+};
+SalaDeAjustes otra(int sitio, const char16_t* nombre) {
+  return salaDeAjustes(Otra(), {clave<&Otra::Cuantos, ini::leer16>(sitio, nombre)});
+}
+
+}  // namespace
+
+TEST(Salas, CadaUnaTraeLasSuyasYNadieConoceLasDeLaQueFalta) {
+  Ajustes a(kCarpeta, Idioma::Espanol, {muestra()});
+  EXPECT_TRUE(a.escribir().contains(u"CopiaSeguridad= \r\nCuántos= 3\r\n\r\nWhoAmI= 0\r\n"));
+  EXPECT_EQ(linea(a, QStringLiteral("Callado")), u"(no está)");
+  a.leer(QStringLiteral("cuÁntos=5x\nCallado=1\nTimeOut=7"));
+  ASSERT_EQ(a.dudas.size(), 2U);
+  EXPECT_EQ(a.dudas[0].vale, u"5");
+  EXPECT_EQ(a.dudas[1].linea, u"TimeOut=7");
+  EXPECT_EQ(a.dudas[1].vale, QString());
+  Ajustes copia(a);
+  copia.de<Muestra>().Cuantos = 8;
+  EXPECT_EQ(a.de<Muestra>().Cuantos, 5);
+  EXPECT_TRUE(copia.escribir().contains(u"Cuántos= 8\r\n"));
+  EXPECT_TRUE(copia.escribir().endsWith(u"\r\n\r\nCallado= 1\r\n"));
+}
+
+TEST(Salas, LoMalNombradoAcabaElProgramaAlEmpezar) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto con = [](std::vector<SalaDeAjustes> salas) {
+    return Ajustes(kCarpeta, Idioma::Espanol, salas).de<Muestra>().Cuantos;
+  };
+  EXPECT_EQ(con({muestra(), otra(151, u"Otra")}), 3);
+  EXPECT_DEATH(con({otra(151, u"Otra")}), "no se ha nombrado");
+  EXPECT_DEATH(con({muestra(), muestra(152, u"Otra")}), "dos veces");
+  EXPECT_DEATH(con({muestra(), otra(150, u"Otra")}), "en el sitio 150");
+  EXPECT_DEATH(con({muestra(), otra(200, u"Otra")}), "en el sitio 200");
+  EXPECT_DEATH(con({muestra(), otra(151, u"CUÁNTOS")}), "de un nombre");
 }

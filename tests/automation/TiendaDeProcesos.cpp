@@ -3,12 +3,17 @@
 #include <QDir>
 #include <QFile>
 
+#include "comm/cables/AjustesCables.h"
+#include "comm/enlace/AjustesEnlace.h"
+#include "comm/motor/AjustesMotor.h"
 #include "comm/motor/TextosMotor.h"
 #include "core/ajustes/Ficheros.h"
 #include "enlace/CableMemoria.h"
 #include "textos/TextosDePrueba.h"
 #include "tienda/TiendaVacia.h"
+#include "totals/libros/AjustesSesion.h"
 #include "totals/libros/TablasLibros.h"
+#include "totals/periodos/AjustesPeriodos.h"
 #include "totals/periodos/TablasTotales.h"
 
 namespace tarvo::automation {
@@ -128,7 +133,11 @@ motor::RegistroTareas registroDePrueba() {
 
 struct Programa::Piezas {
   Piezas(const QString& carpeta, RelojVirtual& base)
-      : reloj(base), ajustes(carpeta, Idioma::Espanol), db(abrirBase(carpeta)) {
+      : reloj(base),
+        ajustes(carpeta, Idioma::Espanol,
+                {enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor(),
+                 totals::ajustesSesion(), totals::ajustesPeriodos()}),
+        db(abrirBase(carpeta)) {
     EXPECT_TRUE(ajustes.LeerConfig());
     EXPECT_TRUE(totals::asegurarTablasLibros(*db));
     EXPECT_TRUE(totals::asegurarTablasTotales(*db));

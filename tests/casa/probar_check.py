@@ -82,6 +82,8 @@ CASOS = [
     ("textos", anade(FORMA, "<string>TXT99999</string>\n"), r"number 99999 is not in"),
     ("textos", anade(FORMA, "<string>Una frase</string>\n"), r"a form shows keys only"),
     ("frases", anade("src/stock/Prueba.cpp", 'auto s = u"No hay artículos";\n'), r"Prueba.cpp:1: a sentence"),
+    ("frases", anade("src/stock/Prueba.cpp", 'clave<&A::b>(905, u"No hay artículos");\n'), r"Prueba.cpp:1: a sentence"),
+    ("ajustes", anade("src/stock/Prueba.h", "SalaDeAjustes ajustesPrueba();\n"), r"Prueba.h: ajustesPrueba is not listed"),
     ("sql", anade("src/stock/Prueba.cpp", "r = rs->MoveNext();\n"), r"Prueba.cpp:1: rows are walked by"),
     ("sql", anade("src/stock/Prueba.cpp", 'auto s = u"DELETE FROM %1 WHERE LINK=?";\n'), r"marks have no names"),
     *[("datos", anade(f"src/{sala}/ventanas/Prueba.cpp", f"{linea}\n"), r"Prueba.cpp:1: a window takes the database")

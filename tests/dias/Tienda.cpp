@@ -1,4 +1,7 @@
 #include "dias/Tienda.h"
+#include "app/AjustesSalas.h"
+#include "comm/cables/AjustesCables.h"
+#include "comm/motor/AjustesMotor.h"
 
 #include <QDir>
 #include <QFile>
@@ -64,9 +67,9 @@ Tienda::Tienda(quint64 semilla, QDate primerDia)
       carpeta_(sitio()) {
   const QString ruta = carpeta_.filePath(QStringLiteral("TARVO.MDB"));
   if (!QFile::copy(plantilla(), ruta)) qFatal("no se puede copiar la base de datos");
-  Ajustes a(carpeta_.path(), Idioma::Espanol, reloj.ahora());
-  for (auto& canal : a.canales) canal.Device = TipoAcceso::TcpIp;
-  a.IntentosManual = azar.entero(0, 4);
+  Ajustes a(carpeta_.path(), Idioma::Espanol, app::ajustesDeLasSalas(reloj.ahora()));
+  for (auto& canal : a.de<enlace::AjustesCables>().canales) canal.Device = TipoAcceso::TcpIp;
+  a.de<motor::AjustesMotor>().IntentosManual = azar.entero(0, 4);
   if (const auto r = a.GuardarConfig(); !r) qFatal("%s", qPrintable(r.error().texto));
   base = std::make_unique<noches::Lector>(ruta);
   insertar();

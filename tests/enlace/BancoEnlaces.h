@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include "comm/cables/AjustesCables.h"
+#include "comm/enlace/AjustesEnlace.h"
 #include "comm/enlace/comtvIP.h"
 #include "comm/tramas/Trama.h"
 #include "core/ajustes/Ajustes.h"
@@ -83,7 +85,11 @@ inline QByteArray vek(int secuencia, int codigo, const QByteArray& datos = {}, i
 
 struct BancoEnlaces : testing::Test {
   RelojVirtual reloj{Fecha::deDias(46000.5)};
-  Ajustes ajustes{QStringLiteral("/tienda"), Idioma::Espanol};
+  Ajustes ajustes{QStringLiteral("/tienda"),
+                  Idioma::Espanol,
+                  {enlace::ajustesCables(), enlace::ajustesEnlace()}};
+  enlace::AjustesCables& cables = ajustes.de<enlace::AjustesCables>();
+  const enlace::AjustesEnlace& tiempos = ajustes.de<enlace::AjustesEnlace>();
   FabricaMemoria fabrica{reloj};
   Azar azar{7};
   enlace::Enlaces enlaces{reloj, ajustes, fabrica, azar};

@@ -12,7 +12,9 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include "comm/cables/AjustesCables.h"
 #include "comm/cables/FabricaReal.h"
+#include "comm/enlace/AjustesEnlace.h"
 #include "enlace/BancoEnlaces.h"
 
 using namespace tarvo;
@@ -28,7 +30,9 @@ struct Cables : testing::Test {
   QCoreApplication app{argc, argv};
   QTemporaryDir carpeta;
   RelojReal reloj;
-  Ajustes ajustes{carpeta.path(), Idioma::Espanol};
+  Ajustes ajustes{
+      carpeta.path(), Idioma::Espanol, {enlace::ajustesCables(), enlace::ajustesEnlace()}};
+  AjustesCables& cables = ajustes.de<AjustesCables>();
   FabricaReal fabrica{reloj, ajustes};
   Azar azar{3};
   Enlaces enlaces{reloj, ajustes, fabrica, azar};
@@ -88,7 +92,7 @@ struct MaquinaTCP {
 
 TEST_F(Cables, TCPAbreEnviaYCierra) {
   MaquinaTCP maquina;
-  ajustes.canales[0].Device = TipoAcceso::TcpIp;
+  cables.canales[0].Device = TipoAcceso::TcpIp;
   EXPECT_EQ(abre(0, maquina.acceso()), u"Abrir 0");
   enlaces[0]->Enviar(0, 10, "HOLA");
   EXPECT_EQ(oye(), u"EnvioVEK 0 1 10 HOLA");
@@ -103,7 +107,7 @@ TEST_F(Cables, TCPDiceQueFalla) {
   ocupa.listen(QHostAddress::LocalHost);
   const int puerto = ocupa.serverPort();
   ocupa.close();
-  ajustes.canales[0].Device = ajustes.canales[1].Device = TipoAcceso::TcpIp;
+  cables.canales[0].Device = cables.canales[1].Device = TipoAcceso::TcpIp;
   EXPECT_EQ(abre(0, QStringLiteral("127.0.0.1:%1").arg(puerto)), u"Abrir 23");
   EXPECT_EQ(abre(0, QStringLiteral("nadie.invalid:9100")), u"Abrir 26");
   EXPECT_EQ(abre(0, QStringLiteral(":9100")), u"Abrir 26");
@@ -174,10 +178,10 @@ TEST_F(Cables, SeriePorUnParDePseudoterminales) {
   QSerialPort maquina(pareja.b);
   ASSERT_TRUE(maquina.open(QIODevice::ReadWrite));
   responder(maquina);
-  ajustes.canales[0].Device = ajustes.canales[1].Device = TipoAcceso::Directo;
-  ajustes.canales[0].ControlLinea = 3;  // lines missing from a pseudo-terminal count as up
-  ajustes.RutaPuerto[1] = pareja.a;
-  ajustes.canales[1].Puerto = 1;
+  cables.canales[0].Device = cables.canales[1].Device = TipoAcceso::Directo;
+  cables.canales[0].ControlLinea = 3;  // lines missing from a pseudo-terminal count as up
+  cables.RutaPuerto[1] = pareja.a;
+  cables.canales[1].Puerto = 1;
   EXPECT_EQ(abre(0), u"Abrir 0");
   enlaces[0]->Enviar(0, 10, "9600,O,7,1");
   EXPECT_EQ(oye(), u"EnvioVEK 0 1 10 9600,O,7,1");
@@ -188,7 +192,7 @@ TEST_F(Cables, SeriePorUnParDePseudoterminales) {
   pareja.socat.terminate();
   EXPECT_EQ(oye(), u"Cerrar 20");
   EXPECT_EQ(abre(0), u"Abrir 4");  // no such port any more
-  ajustes.canales[0].Puerto = 99;
+  cables.canales[0].Puerto = 99;
   EXPECT_EQ(abre(0), u"error 4");
 }
 

@@ -12,7 +12,7 @@ struct Deudas : BancoEnlaces {
   // Question 100 goes out twice and is answered once.
   comtvIP& repetida(comtvIP& e) {
     e.Enviar(0, 100, "A", kLimpia);
-    reloj.avanzar(ajustes.TimeACK);
+    reloj.avanzar(tiempos.TimeACK);
     cable().entra(ack + vek(1, 100));
     EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 100");
     EXPECT_TRUE(e.Repetida());
@@ -27,7 +27,7 @@ TEST_F(Deudas, LaMismaPreguntaEsperaUnaLineaCallada) {
   reloj.avanzar(1000);
   cable().entra(ack + vek(2, 100));  // of the second copy: it is taken, but answers nothing
   EXPECT_EQ(cable().ultimo(), ack);
-  reloj.avanzar(ajustes.TimeOut - 1);
+  reloj.avanzar(tiempos.TimeOut - 1);
   EXPECT_EQ(tramasEnviadas(), 2U);
   reloj.avanzar(1);
   EXPECT_EQ(tramasEnviadas(), 3U);
@@ -64,7 +64,7 @@ TEST_F(Deudas, TrasUnaTramaRepetidaTambienSeDebe) {
   EXPECT_TRUE(e.Repetida());
   e.Enviar(0, 100, "B", kLimpia);
   EXPECT_EQ(tramasEnviadas(), 3U);
-  reloj.avanzar(ajustes.TimeOut);
+  reloj.avanzar(tiempos.TimeOut);
   EXPECT_EQ(tramasEnviadas(), 4U);
 }
 
@@ -73,7 +73,7 @@ TEST_F(Deudas, UnSilencioSoloLoSaldaLaLineaCallada) {
   auto& e = abierto(Para::VekMotor);
   e.Enviar(0, 100, "A", kLimpia);
   cable().entra(ack);
-  reloj.avanzar(ajustes.TimeOut);
+  reloj.avanzar(tiempos.TimeOut);
   EXPECT_EQ(motor.nuevo(), u"EnvioVEK 17 -1 0");
   e.Enviar(0, 101, "A", kLimpia);
   cable().entra(ack + vek(1, 101, "NO"));
@@ -82,7 +82,7 @@ TEST_F(Deudas, UnSilencioSoloLoSaldaLaLineaCallada) {
   cable().entra(vek(2, 100));
   EXPECT_EQ(motor.nuevo(), u"");
   EXPECT_EQ(tramasEnviadas(), 2U);
-  reloj.avanzar(ajustes.TimeOut);
+  reloj.avanzar(tiempos.TimeOut);
   EXPECT_EQ(tramasEnviadas(), 3U);
 }
 
@@ -92,14 +92,14 @@ TEST_F(Deudas, LaEsperaAcaba) {
   e.Enviar(0, 100, "B", kLimpia);
   for (int s = 0; s < 9; ++s) {
     cable().entra(vek(10 + s, 995, "VENTA"));
-    reloj.avanzar(ajustes.TimeOut / 10);
+    reloj.avanzar(tiempos.TimeOut / 10);
   }
-  reloj.avanzar(ajustes.TimeOut / 10);
+  reloj.avanzar(tiempos.TimeOut / 10);
   EXPECT_EQ(tramasEnviadas(), 3U);
   e.Enviar(0, 100, "C", kLimpia);
   for (int s = 0; s < 40; ++s) {
     cable().entra(vek(30 + s, 830, "RUIDO"));
-    reloj.avanzar(ajustes.TimeOut / 10);
+    reloj.avanzar(tiempos.TimeOut / 10);
   }
   EXPECT_EQ(motor.nuevo(), u"EnvioVEK 16 -1 0");
   EXPECT_EQ(tramasEnviadas(), 3U);
@@ -114,7 +114,7 @@ TEST_F(Deudas, SonDelHiloYNoDelEnlace) {
   auto& otra = abierto(Para::VekMotor);
   otra.Enviar(0, 100, "B", kLimpia);
   EXPECT_EQ(tramasEnviadas(), 0U);
-  reloj.avanzar(ajustes.TimeOut);
+  reloj.avanzar(tiempos.TimeOut);
   EXPECT_EQ(tramasEnviadas(), 1U);
   abierto(Para::VekMotor, 1).Enviar(0, 100, "B", kLimpia);
   EXPECT_EQ(tramasEnviadas(), 1U);
@@ -127,14 +127,14 @@ TEST_F(Deudas, DeUnNodo) {
     return tramas::construirNODAL({3, ajustes.WhoAmI, secuencia, codigo, {}});
   };
   e.Enviar(3, 32, "A", kLimpia);
-  reloj.avanzar(ajustes.TimeACK);
+  reloj.avanzar(tiempos.TimeACK);
   cable().entra(ndl(1, 6));
   EXPECT_EQ(motor.nuevo(), u"EnvioNDL 0");
   e.Enviar(3, 32, "B", kLimpia);
   reloj.avanzar(1000);
   cable().entra(ndl(2, 6));
   EXPECT_EQ(motor.nuevo(), u"");
-  reloj.avanzar(ajustes.TimeOut);
+  reloj.avanzar(tiempos.TimeOut);
   EXPECT_EQ(tramasEnviadas(), 3U);
   cable().entra(ndl(3, 7));
   EXPECT_EQ(motor.nuevo(), u"EnvioNDL 19");

@@ -65,8 +65,8 @@ TEST_F(Enlace, RazonesDeAperturaYDeCierre) {
 }
 
 TEST_F(Enlace, LosValoresDelCanalLleganAlCable) {
-  ajustes.canales[1].Device = TipoAcceso::Modem;
-  ajustes.canales[1].Espera = 55;
+  cables.canales[1].Device = TipoAcceso::Modem;
+  cables.canales[1].Espera = 55;
   enlaces.AbrirEnlace(Para::VekMotor, 1, 2400, QStringLiteral("912345678"), &motor);
   EXPECT_EQ(cable().device, TipoAcceso::Modem);
   EXPECT_EQ(cable().parametros.telefono, u"912345678");
@@ -161,8 +161,8 @@ TEST_F(Enlace, UnCableQueNoDiceNadaTambienAcaba) {
 }
 
 TEST_F(Enlace, Portadora) {
-  ajustes.canales[0].Device = TipoAcceso::Modem;
-  ajustes.canales[1].Device = TipoAcceso::Directo;
+  cables.canales[0].Device = TipoAcceso::Modem;
+  cables.canales[1].Device = TipoAcceso::Directo;
   auto& e = abierto(Para::VekMotor, 0, QStringLiteral("912"));
   EXPECT_TRUE(e.Portadora());
   cable().oyente->linea(6);
@@ -216,7 +216,7 @@ TEST_F(Enlace, CadaUnoSeVaPorSuLado) {
 }
 
 TEST_F(Enlace, ConOtroAccesoSeAbreDeNuevo) {
-  ajustes.canales[0].Device = TipoAcceso::TcpIp;
+  cables.canales[0].Device = TipoAcceso::TcpIp;
   abierto(Para::VekMotor, 0, QStringLiteral("a:1"));
   EXPECT_EQ(enlaces.AbrirEnlace(Para::VekCaptura, 0, 0, QStringLiteral("b:1"), nullptr, &captura),
             0);
@@ -367,7 +367,7 @@ TEST_F(Enlace, LoQueEntraEnReposoTieneUnLimite) {
   for (int i = 0; i < 1000; ++i) cable().entra(QByteArray(1000, 'x'));
   enlaces[0]->Enviar(0, 10, "D");
   cable().entra(ack + vek(5, 10, "SI"));
-  reloj.avanzar(ajustes.TimeACK);
+  reloj.avanzar(tiempos.TimeACK);
   cable().entra(ack + vek(5, 10, "SI"));
   EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 10 SI");
 }

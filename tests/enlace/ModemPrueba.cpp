@@ -8,8 +8,10 @@
 #include <QSocketNotifier>
 #include <QThread>
 
+#include "comm/cables/AjustesCables.h"
 #include "comm/cables/FabricaReal.h"
 #include "comm/cables/Hayes.h"
+#include "comm/enlace/AjustesEnlace.h"
 #include "enlace/BancoEnlaces.h"
 
 using namespace tarvo;
@@ -108,7 +110,10 @@ struct Modem : testing::Test {
   char* argv[2] = {nombre, nullptr};
   QCoreApplication app{argc, argv};
   RelojVirtual reloj{Fecha::deDias(46000.5)};
-  Ajustes ajustes{QStringLiteral("/tienda"), Idioma::Espanol};
+  Ajustes ajustes{QStringLiteral("/tienda"),
+                  Idioma::Espanol,
+                  {enlace::ajustesCables(), enlace::ajustesEnlace()}};
+  AjustesCables& cables = ajustes.de<AjustesCables>();
   FabricaReal fabrica{reloj, ajustes};
   Azar azar{3};
   Enlaces enlaces{reloj, ajustes, fabrica, azar};
@@ -116,14 +121,14 @@ struct Modem : testing::Test {
   ModemPrueba modem;
 
   void SetUp() override {
-    auto& canal = ajustes.canales[0];
+    auto& canal = cables.canales[0];
     canal.Device = TipoAcceso::Modem;
     canal.IniMdm0 = QStringLiteral("ATE0V0");
     canal.IniMdmX = {QStringLiteral("AT&D2")};
     canal.Espera = 1500;  // ms, since it is above 600
     canal.Intentos = 2;
     canal.ATHang = 2000;
-    ajustes.RutaPuerto[1] = modem.ruta;
+    cables.RutaPuerto[1] = modem.ruta;
   }
   // The bytes take real time through the pseudo-terminal; meanwhile the clock runs ten times as
   // fast.
@@ -207,7 +212,7 @@ TEST_F(Modem, FallosDeApertura) {
 
 TEST_F(Modem, AlCerrarMientrasMarcaSeCallaYDa13) {
   modem.reglas = {{"ATE0V0", "0\r"}, {"AT&D2", "0\r"}};
-  ajustes.canales[0].Espera = 60;
+  cables.canales[0].Espera = 60;
   enlaces.AbrirEnlace(Para::VekMotor, 0, 0, QStringLiteral("912345678"), &motor);
   EXPECT_TRUE(hasta([&] { return modem.oido.endsWith("ATDT912345678\r"); }, 5000));
   enlaces[0]->CerrarEnlace();

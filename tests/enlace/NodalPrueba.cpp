@@ -70,10 +70,10 @@ TEST_F(MaquinaNodal, CuatroEnviosYLuego8) {
   const int primera = leida(cable().ultimo()).secuencia;
   cable().entra(ndl(200, 21));  // a NAK repeats nothing by itself
   EXPECT_EQ(tramasEnviadas(), 1U);
-  reloj.avanzar(3 * ajustes.TimeACK);
+  reloj.avanzar(3 * tiempos.TimeACK);
   EXPECT_EQ(tramasEnviadas(), 4U);
   EXPECT_EQ(leida(cable().ultimo()), (tramas::TramaNODAL{0, 3, primera + 3, 36, "D"}));
-  reloj.avanzar(ajustes.TimeACK);
+  reloj.avanzar(tiempos.TimeACK);
   EXPECT_EQ(motor.nuevo(), u"EnvioNDL 8");
   EXPECT_EQ(cable().vaciados, vaciados + 1);
 }
@@ -90,7 +90,7 @@ TEST_F(MaquinaNodal, CadaMaquinaCuentaLasSuyas) {
 
 TEST_F(MaquinaNodal, UnaOrdenUnicaNoSeRepite) {
   abierto(Para::NodalMotor).Enviar(3, 71, {}, {.unaVez = true});
-  reloj.avanzar(ajustes.TimeACK);
+  reloj.avanzar(tiempos.TimeACK);
   EXPECT_EQ(motor.nuevo(), u"EnvioNDL 8");
   EXPECT_EQ(tramasEnviadas(), 1U);
 }
@@ -130,7 +130,7 @@ TEST_F(MaquinaNodal, TramasDeEspera) {
     SCOPED_TRACE(caso.datos);
     escuchando();
     cable().entra(ndl(2, 8, caso.datos));
-    reloj.avanzar(caso.unidades * ajustes.FactorEsperaNDL - 1);
+    reloj.avanzar(caso.unidades * tiempos.FactorEsperaNDL - 1);
     EXPECT_EQ(motor.nuevo(), u"");
     reloj.avanzar(1);
     EXPECT_EQ(motor.nuevo(), u"ReciboNDL 6 0");

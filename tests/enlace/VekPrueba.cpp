@@ -117,14 +117,14 @@ TEST_F(MaquinaVEK, CuatroEnviosConNumeroNuevoYLuego16) {
   e.Enviar(0, 10, "D");
   const int primera = secuenciaDe(cable().ultimo());
   for (int i = 1; i <= 3; ++i) {
-    reloj.avanzar(ajustes.TimeACK - 1);
+    reloj.avanzar(tiempos.TimeACK - 1);
     EXPECT_EQ(tramasEnviadas(), static_cast<size_t>(i));
     reloj.avanzar(1);
     EXPECT_EQ(secuenciaDe(cable().ultimo()), (primera + i) % 100);
     cable().entra(i == 1 ? QByteArray(1, tramas::kNAK) : QByteArray());
   }
   EXPECT_EQ(cable().ultimo(), vek((primera + 3) % 100, 10, "D", 0));
-  reloj.avanzar(ajustes.TimeACK);
+  reloj.avanzar(tiempos.TimeACK);
   EXPECT_EQ(motor.nuevo(), u"EnvioVEK 16 -1 0");
   EXPECT_EQ(tramasEnviadas(), 4U);
   EXPECT_EQ(cable().vaciados, 1);
@@ -146,7 +146,7 @@ TEST_F(MaquinaVEK, LoQueNoEsAckNoTapaElAckQueViene) {
   auto& e = abierto(Para::VekMotor);
   e.Enviar(0, 10, "D");
   cable().entra(QByteArray(1, tramas::kNAK));
-  reloj.avanzar(ajustes.TimeACK);
+  reloj.avanzar(tiempos.TimeACK);
   cable().entra(ack + vek(5, 10, "SI"));
   EXPECT_EQ(motor.nuevo(), u"EnvioVEK 0 1 10 SI");
 }

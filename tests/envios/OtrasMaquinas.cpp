@@ -91,7 +91,7 @@ TEST_F(Ebony, LoQueVaDetrasDeUnBorradoLoEspera) {
   EXPECT_EQ(tiene(2, 5), u"10:Tomate/10 20:Tomate/20");
   // Without a watcher, a failed one that stays blocks no task either, and isn't retried by itself.
   gestor->VigilaProcesos(0, false, nullptr);
-  ajustes->IntentosManual = 1;
+  delMotor().IntentosManual = 1;
   const int borrado = encolar(2, kBorrPlu);
   const int grupoDetras = encolar(2, kTxPlus);
   correr(60);

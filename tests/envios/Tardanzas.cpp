@@ -115,7 +115,7 @@ TEST_F(Tardanzas, UnaCopiaCuestaUnaPregunta) {
   encolar(1, kTxPlus);
   const qint64 antes = reloj.monotono();
   while (gestor->CuantosQuedan().total > 0) ASSERT_TRUE(reloj.siguiente());
-  EXPECT_LT(reloj.monotono() - antes, ajustes->TimeOut);
+  EXPECT_LT(reloj.monotono() - antes, tiempos().TimeOut);
   EXPECT_EQ(nuevas(1), u"100 10,100 10,101 20,100 20,100 30");
   EXPECT_TRUE(reintentos.isEmpty() && problemas.isEmpty());
   EXPECT_EQ(cruz(1), u"10 20 30");

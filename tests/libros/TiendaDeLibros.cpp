@@ -4,7 +4,9 @@
 
 #include "core/esquema/Esquema.h"
 #include "textos/TextosDePrueba.h"
+#include "totals/libros/AjustesSesion.h"
 #include "totals/libros/TablasLibros.h"
+#include "totals/periodos/AjustesPeriodos.h"
 #include "totals/periodos/TablasTotales.h"
 
 namespace tarvo::prueba {
@@ -27,7 +29,7 @@ std::unique_ptr<dao::Database> abrir(const QString& carpeta) {
 
 TiendaDeLibros::Proceso::Proceso(const QString& carpeta, Reloj& reloj)
     : db(abrir(carpeta)),
-      ajustes(carpeta, Idioma::Espanol),
+      ajustes(carpeta, Idioma::Espanol, {totals::ajustesSesion(), totals::ajustesPeriodos()}),
       almacenes(*db, reloj, textosDePrueba()),
       periodos(*db, ajustes, almacenes, textosDePrueba()),
       sesion(*db, ajustes, reloj, textosDePrueba()),

@@ -1,4 +1,5 @@
 // Every kind of reading from every kind of group: the questions asked and the rows in the inbox.
+#include "comm/tareas/AjustesListas.h"
 #include "motor/TiendaDeMotor.h"
 
 namespace tarvo::prueba {
@@ -176,7 +177,7 @@ TEST_F(Lecturas, DeCajasConBlancosEnElCodigo) {
 }
 
 TEST_F(Lecturas, PedidosEInventarios) {
-  ajustes->NumeroPedido = 40;
+  ajustes->de<tareas::AjustesListas>().NumeroPedido = 40;
   for (const int tipo : {1, 4, 2}) {
     const int addr = tipo == 2 ? 5 : 1;
     grupo(tipo, tipo, QStringLiteral("cable %1").arg(tipo), {addr});

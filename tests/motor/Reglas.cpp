@@ -54,7 +54,7 @@ TEST_F(Reglas, TerminaCuandoPuedas) {
 }
 
 TEST_F(Reglas, UnAccesoSirveAUnaTareaCadaVez) {
-  ajustes->canales[0].Device = ajustes->canales[1].Device = TipoAcceso::TcpIp;
+  cables().canales[0].Device = cables().canales[1].Device = TipoAcceso::TcpIp;
   arrancar();
   tienda(1, QStringLiteral("tcp:sur"));
   sql(u"UPDATE GRUPOS SET telef=' SUR:4000 ' WHERE CODGPO=1"_s);
@@ -75,7 +75,7 @@ TEST_F(Reglas, UnAccesoSirveAUnaTareaCadaVez) {
 
 // A fault must not change the rows of a reading.
 TEST_F(Reglas, LasAveriasNoCambianLoLeido) {
-  ajustes->TimeOut = 3000;
+  tiempos().TimeOut = 3000;
   arrancar();
   tienda();
   grupo(2, 2, QStringLiteral("cable 2"), {5});
@@ -110,7 +110,7 @@ TEST_F(Reglas, LasAveriasNoCambianLoLeido) {
 }
 
 TEST_F(Reglas, LoQueNuncaVaBienSeAcabaYSeDice) {
-  ajustes->TimeOut = 3000;
+  tiempos().TimeOut = 3000;
   arrancar();
   tienda();
   grupo(2, 2, QStringLiteral("cable 2"), {5});
@@ -216,7 +216,7 @@ TEST_F(Reglas, UnaNegativaConElCodigoDeOtraPregunta) {
 TEST_F(Reglas, ContestarConOtroCodigo) {
   tienda();
   for (const bool acepta : {false, true}) {
-    ajustes->AceptaOtroCodigo = acepta;
+    delMotor().AceptaOtroCodigo = acepta;
     problemas.clear();
     maquina(1).percances() = simulador::Percances({.guion = {{Averia::OtroCodigo}}}, 1);
     for (const int clase : {17, 6}) encolar(1, clase);
@@ -283,7 +283,7 @@ TEST_F(Reglas, LoQueFallaAntesDeLaEsperaTieneSusReintentos) {
 TEST_F(Reglas, SinCanalDeSuClaseLaTareaNoEspera) {
   tienda(1, QStringLiteral("tcp:tienda"));
   tienda(2, QStringLiteral("tel:555"));
-  for (auto& c : ajustes->canales) c.Device = TipoAcceso::Directo;
+  for (auto& c : cables().canales) c.Device = TipoAcceso::Directo;
   arrancar();
   encolar(1, 17);
   encolar(2, 17);
@@ -388,7 +388,7 @@ TEST_F(Reglas, DetenerMientrasSeAbreNoSeReintenta) {
 
 TEST_F(Reglas, ElCableQueNoEsDeLaTareaLaRechaza) {
   tienda();
-  ajustes->canales[0].Device = TipoAcceso::Modem;
+  cables().canales[0].Device = TipoAcceso::Modem;
   arrancar();
   encolar(1, 17);
   encolar(1, 6);

@@ -11,7 +11,7 @@ TEST_F(Reglas, ElEnlacePerdidoVuelveAunqueNadieMire) {
     const int g = automatico ? 1 : 2;
     tienda(g, QStringLiteral("cable %1").arg(g));
     gestor->VigilaProcesos(0, false, nullptr);
-    ajustes->IntentosManual = 0;
+    delMotor().IntentosManual = 0;
     maquina(g).percances().cambiar({.guion = {{Averia::CierreLimpio, 3, -1}}});
     const int id = encolar(g, 18);
     reloj.avanzar(300);
@@ -36,8 +36,8 @@ TEST_F(Reglas, ElEnlacePerdidoVuelveAunqueNadieMire) {
 // machine forget waits for the operator.
 TEST_F(Reglas, EnAutomaticoLoFallidoSeIntentaDeNuevo) {
   for (const int g : {1, 2}) tienda(g, QStringLiteral("tcp:casa%1").arg(g));
-  ajustes->IntentosManual = 0;
-  ajustes->canales[0].Device = TipoAcceso::TcpIp;
+  delMotor().IntentosManual = 0;
+  cables().canales[0].Device = TipoAcceso::TcpIp;
   arrancar();
   gestor->VigilaProcesos(0, false, nullptr);
   fallo(1, {Averia::Sorda, 0, -1});
@@ -72,7 +72,7 @@ TEST_F(Reglas, EnAutomaticoLoFallidoSeIntentaDeNuevo) {
 
 TEST_F(Reglas, ReintentarTodoEsTodo) {
   for (const int g : {1, 2, 3}) tienda(g, QStringLiteral("cable %1").arg(g));
-  ajustes->canales[1].Device = TipoAcceso::TcpIp;
+  cables().canales[1].Device = TipoAcceso::TcpIp;
   gestor->VigilaProcesos(0, false, nullptr);
   gestor->CambioAModo(false);
   EXPECT_FALSE(gestor->hayReintentables());
@@ -89,7 +89,7 @@ TEST_F(Reglas, ReintentarTodoEsTodo) {
   // The zeroing waits for the failed reading, and runs once that one has succeeded.
   EXPECT_EQ(gestor->pendientes().size(), 4U);
   maquina(1).percances().cambiar({});
-  ajustes->canales[1].Device = TipoAcceso::Directo;
+  cables().canales[1].Device = TipoAcceso::Directo;
   EXPECT_EQ(gestor->ReintentarTodo(), 3);
   gestor->CambioAModo(true);
   ASSERT_TRUE(correr(1));

@@ -1,18 +1,22 @@
 #include "motor/TiendaDeMotor.h"
+#include "comm/tareas/AjustesListas.h"
 
 #include "comm/envios/TablasEnvios.h"
 #include "core/esquema/Esquema.h"
 #include "textos/TextosDePrueba.h"
+#include "totals/libros/AjustesSesion.h"
 #include "totals/libros/TablasLibros.h"
 #include "totals/periodos/TablasTotales.h"
 
 namespace tarvo::prueba {
 
 TiendaDeMotor::TiendaDeMotor() {
-  ajustes = std::make_unique<Ajustes>(carpeta_.path(), Idioma::Espanol);
-  for (size_t c = 0; c < 4; ++c)
-    ajustes->canales[c].Puerto = static_cast<int>(c) + 1,
-    ajustes->canales[c].Device = TipoAcceso::Directo;
+  ajustes = std::make_unique<Ajustes>(
+      carpeta_.path(), Idioma::Espanol,
+      std::vector<SalaDeAjustes>{enlace::ajustesCables(), enlace::ajustesEnlace(),
+                                 motor::ajustesMotor(), totals::ajustesSesion(),
+                                 tareas::ajustesListas()});
+  for (auto& canal : cables().canales) canal.Device = TipoAcceso::Directo;
   arrancar();
   bien(esquema::crearEsquema(*db));
   bien(totals::asegurarTablasLibros(*db));

@@ -8,6 +8,9 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include "comm/cables/AjustesCables.h"
+#include "comm/enlace/AjustesEnlace.h"
+#include "comm/motor/AjustesMotor.h"
 #include "comm/motor/gestcomm.h"
 #include "comm/tareas/Registro.h"
 #include "motor/CableSimulado.h"
@@ -55,6 +58,9 @@ class TiendaDeMotor : public testing::Test, protected Tienda, protected motor::V
   FabricaSimulada fabrica{reloj};
   Azar azar{11};
   std::unique_ptr<Ajustes> ajustes;
+  enlace::AjustesCables& cables() { return ajustes->de<enlace::AjustesCables>(); }
+  enlace::AjustesEnlace& tiempos() { return ajustes->de<enlace::AjustesEnlace>(); }
+  motor::AjustesMotor& delMotor() { return ajustes->de<motor::AjustesMotor>(); }
   std::unique_ptr<dao::Database> db;
   std::unique_ptr<totals::Sesion> sesion;
   std::unique_ptr<enlace::Enlaces> enlaces;

@@ -3,6 +3,9 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "app/AjustesSalas.h"
+#include "comm/cables/AjustesCables.h"
+#include "comm/motor/AjustesMotor.h"
 #include "comm/tareas/Registro.h"
 #include "core/esquema/Esquema.h"
 #include "noches/Mundo.h"
@@ -93,12 +96,13 @@ void insertarTienda(const Plan& plan, const QString& ruta) {
 }
 
 Resultado<> escribirAjustes(const Plan& plan, const QString& carpeta) {
-  Ajustes a(carpeta, Idioma::Espanol, Fecha::de(plan.primerDia));
+  Ajustes a(carpeta, Idioma::Espanol, app::ajustesDeLasSalas(Fecha::de(plan.primerDia)));
+  auto& canales = a.de<enlace::AjustesCables>().canales;
   for (int i = 0; i < 4; ++i) {
-    a.canales[static_cast<std::size_t>(i)].Device = i < 2 ? TipoAcceso::Directo : TipoAcceso::TcpIp;
-    a.canales[static_cast<std::size_t>(i)].Puerto = i + 1;
+    canales[static_cast<std::size_t>(i)].Device = i < 2 ? TipoAcceso::Directo : TipoAcceso::TcpIp;
+    canales[static_cast<std::size_t>(i)].Puerto = i + 1;
   }
-  a.IntentosManual = plan.reintentos;
+  a.de<motor::AjustesMotor>().IntentosManual = plan.reintentos;
   return a.GuardarConfig();
 }
 

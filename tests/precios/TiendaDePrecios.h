@@ -4,6 +4,7 @@
 
 #include "articles/Catalogo.h"
 #include "articles/TablasArticulos.h"
+#include "articles/precios/AjustesPrecios.h"
 #include "core/ajustes/Ajustes.h"
 #include "textos/TextosDePrueba.h"
 #include "tienda/TiendaVacia.h"
@@ -32,7 +33,7 @@ struct TiendaDePrecios : TiendaVacia {
   }
 
   RelojVirtual reloj{momento("05/06/2018 22:15:00")};
-  Ajustes ajustes{carpeta.path(), Idioma::Espanol};
+  Ajustes ajustes{carpeta.path(), Idioma::Espanol, {precios::ajustesPrecios()}};
   articles::Catalogo catalogo{*db, textosDePrueba(), reloj, u"Ana"_s};
 };
 

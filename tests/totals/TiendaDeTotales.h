@@ -6,6 +6,7 @@
 #include "textos/TextosDePrueba.h"
 #include "tienda/TiendaVacia.h"
 #include "totals/intercambio/XporTot.h"
+#include "totals/periodos/AjustesPeriodos.h"
 #include "totals/periodos/TablasTotales.h"
 #include "totals/periodos/VerTot.h"
 
@@ -14,7 +15,7 @@ namespace tarvo::prueba {
 using namespace Qt::StringLiterals;
 
 struct TiendaDeTotales : TiendaVacia {
-  Ajustes ajustes{carpeta.path(), Idioma::Espanol};
+  Ajustes ajustes{carpeta.path(), Idioma::Espanol, {totals::ajustesPeriodos()}};
   RelojVirtual reloj{momento("05/06/2018 22:15:00")};
   stock::Almacenes almacenes{*db, reloj, textosDePrueba()};
   totals::Periodos periodos{*db, ajustes, almacenes, textosDePrueba()};

@@ -1,3 +1,4 @@
+#include "totals/periodos/AjustesPeriodos.h"
 #include "totals/periodos/Calendario.h"
 
 using namespace tarvo;
@@ -12,7 +13,7 @@ Fecha f(const char* texto) {
 
 // 08:00 to 20:00: the core of the day is 11:00 to 17:00.
 struct Tienda {
-  Ajustes ajustes{u"/tienda"_s, Idioma::Espanol};
+  Ajustes ajustes{u"/tienda"_s, Idioma::Espanol, {totals::ajustesPeriodos()}};
   Calendario calendario{ajustes};
   Periodo periodo(const char* desde, const char* hasta, const char* horario = "") const {
     return calendario.DeterminarPeriodo(f(desde), f(hasta),
@@ -91,7 +92,8 @@ TEST(Calendario, ASpanBecomesThePeriodThatHoldsItsWorkingTime) {
 
 TEST(Calendario, TheLongestSpanIsExact) {
   Tienda t;
-  t.ajustes.FestivoSemanal = {false, true, true, true, true, true, true};  // Mondays only
+  t.ajustes.de<AjustesPeriodos>().FestivoSemanal = {false, true, true, true,
+                                                    true,  true, true};  // Mondays only
   EXPECT_EQ(t.periodo("03/06/2018 21:00", "07/06/2018 21:00").tipo, kDiario);
   const Fecha desde = f("03/06/2018 21:00");
   const Calendario& c = t.calendario;
@@ -102,7 +104,7 @@ TEST(Calendario, TheLongestSpanIsExact) {
 
 TEST(Calendario, ClosedDaysAndOwnHoursCount) {
   Tienda t;
-  t.ajustes.FestivoSemanal[6] = true;  // Sunday
+  t.ajustes.de<AjustesPeriodos>().FestivoSemanal[6] = true;  // Sunday
   EXPECT_EQ(t.periodo("09/06/2018 21:00", "10/06/2018 21:00").tipo, kOtros);
   EXPECT_EQ(t.periodo("08/06/2018 21:00", "10/06/2018 21:00"),
             LimitesPeriodo(kDiario, f("09/06/2018"), {}));

@@ -9,6 +9,7 @@
 #include "tienda/Disco.h"
 #include "totals/TiendaDeTotales.h"
 #include "totals/intercambio/Anadidura.h"
+#include "totals/periodos/AjustesPeriodos.h"
 
 using namespace tarvo;
 using namespace tarvo::totals;
@@ -420,7 +421,7 @@ TEST_F(Exporta, TheWeekAndTheStockFollowAnImport) {
 }
 
 TEST_F(Exporta, DatesFindTheirPeriod) {
-  ajustes.FestivoSemanal[6] = true;
+  ajustes.de<AjustesPeriodos>().FestivoSemanal[6] = true;
   struct Caso {
     const char* fechas;
     int tipo;
@@ -471,7 +472,7 @@ TEST_F(Exporta, ABadLineUndoesItsBlockAndIsNamed) {
 
 TEST(ExportaFuera, AnotherLanguageHasNoOperatorByHour) {
   prueba::TiendaDeTotales t;
-  const Ajustes uk(t.carpeta.path(), Idioma::UK);
+  const Ajustes uk(t.carpeta.path(), Idioma::UK, {ajustesPeriodos()});
   Periodos periodos(*t.db, uk, t.almacenes, textosDePrueba());
   ImpTot impTot(periodos);
   std::vector<ImpTot::Hecho> hechos;

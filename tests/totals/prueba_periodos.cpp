@@ -1,4 +1,5 @@
 #include "totals/TiendaDeTotales.h"
+#include "totals/periodos/AjustesPeriodos.h"
 #include "totals/periodos/Papelera.h"
 #include "totals/periodos/Sumas.h"
 
@@ -314,7 +315,7 @@ TEST_F(VerTotDe, NewDatesTakeNoSalesOutOfTheWeekUnasked) {
 }
 
 TEST_F(VerTotDe, NamesWhatASumCountsTwiceAndTakesItBack) {
-  ajustes.FestivoSemanal[6] = true;
+  ajustes.de<AjustesPeriodos>().FestivoSemanal[6] = true;
   const qint64 lunes = crear(1, "04/06/2018"), jueves = crear(1, "07/06/2018");
   plu(lunes, 7, 1), plu(lunes, 8, 5), plu(jueves, 7, 2), operHora(lunes, 1, 9, 1);
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(lunes))));
@@ -373,7 +374,7 @@ TEST_F(VerTotDe, ASumIntoANewPeriodGoesWhole) {
 }
 
 TEST_F(VerTotDe, SumsIntoAPeriodThatExists) {
-  ajustes.FestivoSemanal[6] = true;
+  ajustes.de<AjustesPeriodos>().FestivoSemanal[6] = true;
   const qint64 lunes = crear(1, "04/06/2018"), jueves = crear(1, "07/06/2018");
   plu(lunes, 7, 1), plu(jueves, 7, 2);
   EXPECT_FALSE(bien(verTot.SumarIntv()));

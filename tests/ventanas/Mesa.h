@@ -38,8 +38,9 @@ bool esperar(F condicion, int ms = 60'000) {
 }
 
 struct Mesa : Tienda {
-  // `propios`: lines "number TAB text" on top of the program's table.
-  explicit Mesa(const QString& propios = {}) : textos(leerTextos(propios)) {}
+  // `propios`: lines "number TAB text" on top of the program's table. `salas`: whose settings.
+  explicit Mesa(const QString& propios = {}, const std::vector<SalaDeAjustes>& salas = {})
+      : ajustes(carpeta.path(), Idioma::Espanol, salas), textos(leerTextos(propios)) {}
 
   QString ruta(const QString& nombre) const { return carpeta.filePath(nombre); }
   ventanas::Contexto& contexto() { return escritorio.contexto(); }
@@ -80,7 +81,7 @@ struct Mesa : Tienda {
 
   QString textoModal;  // of the box that alAbrirse() saw last
   QTemporaryDir carpeta;
-  Ajustes ajustes{carpeta.path(), Idioma::Espanol};
+  Ajustes ajustes;
   std::unique_ptr<dao::Database> db =
       bien(dao::Database::OpenDatabase(ruta(u"TARVO.MDB"_s), {.crear = true}));
   Textos textos;

@@ -67,7 +67,7 @@ ElemPerso::ElemPerso(ventanas::Contexto& contexto, const QString& nombre)
 
 Resultado<> ElemPerso::entrar(const PuertaElemPerso& puerta) {
   const Ajustes& a = contexto().ajustes;
-  otros_ = a.personal;
+  otros_ = a.de<AjustesPersonal>().personal;
   Elemento e{.este = {}, .sitio = otros_.size()};
   llenarFicheros(*procesos_, a.HomeDir, u"*.aut"_s, t(kTxSinFicheros));
   llenarFicheros(*diferidos_, a.HomeDir, u"*.cro"_s, t(kTxSinFicheros));
@@ -117,7 +117,7 @@ std::vector<ElemPerso::FaltaCampo> ElemPerso::comprobar() {
   if (titulo.isEmpty()) return {{titulo_, t(kTxFaltaTitulo)}};
   // It parts title and process in the file.
   if (titulo.contains(u'|')) return {{titulo_, t(kTxTituloConBarra)}};
-  if (std::ranges::find(otros_, titulo, &Ajustes::Personal::titulo) != otros_.end())
+  if (std::ranges::find(otros_, titulo, &Personal::titulo) != otros_.end())
     return {{titulo_, t(kTxTituloRepetido)}};
   if (!r.este.proceso.isEmpty()) return {};
   procesos_->setFocus();
@@ -127,7 +127,7 @@ std::vector<ElemPerso::FaltaCampo> ElemPerso::comprobar() {
 Resultado<> ElemPerso::aplicar() {
   otros_.insert(otros_.begin() + static_cast<std::ptrdiff_t>(r.sitio),
                 {r.este.titulo.trimmed(), r.este.proceso});
-  contexto().ajustes.personal = otros_;
+  contexto().ajustes.de<AjustesPersonal>().personal = otros_;
   return {};
 }
 

@@ -3,14 +3,14 @@
 
 #include <QListWidget>
 
+#include "app/AjustesPersonal.h"
 #include "app/ventanas/Puertas.h"
-#include "core/ajustes/Ajustes.h"
 #include "core/ventanas/edicion/Ficha.h"
 
 namespace tarvo::app {
 
 struct Elemento {
-  Ajustes::Personal este;
+  Personal este;
   std::size_t sitio = 0;
   bool operator==(const Elemento&) const = default;
 };
@@ -30,7 +30,7 @@ class ElemPerso final : public ventanas::FichaDe<Elemento> {
   ventanas::Campo* titulo_;
   QListWidget *lista_, *procesos_, *diferidos_;
   QPushButton *subir_, *bajar_;
-  std::vector<Ajustes::Personal> otros_;  // without the one that is edited
+  std::vector<Personal> otros_;  // without the one that is edited
 };
 
 }  // namespace tarvo::app

@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QToolButton>
 
+#include "app/AjustesPersonal.h"
 #include "app/ventanas/Entrada.h"
 #include "app/ventanas/MainTarvo.h"
 #include "app/ventanas/Puertas.h"
@@ -32,7 +33,7 @@ QString enBoton(const QToolButton& boton, const QString& titulo) {
 
 // Anew from the list: the last main entry, and the panel of two or more.
 void MainTarvo::refrescarPersonal() {
-  const auto& lista = contexto().ajustes.personal;
+  const auto& lista = contexto().ajustes.de<AjustesPersonal>().personal;
   const QString unico = lista.size() == 1 ? lista.front().titulo : t(kTxPersonalizado);
   ui_.Personalizado->setText(enBoton(*ui_.Personalizado, unico));
   ui_.Personalizado->setAccessibleName(unico);
@@ -69,7 +70,7 @@ void MainTarvo::refrescarPersonal() {
 }
 
 void MainTarvo::pulsarPersonal() {
-  const auto& lista = contexto().ajustes.personal;
+  const auto& lista = contexto().ajustes.de<AjustesPersonal>().personal;
   if (lista.empty())
     menuPersonal(ui_.Personalizado, ui_.Personalizado->rect().bottomLeft(), std::nullopt);
   else if (lista.size() == 1)
@@ -82,8 +83,9 @@ void MainTarvo::pulsarPersonal() {
 
 void MainTarvo::ejecutarPersonal(const QString& titulo) {
   const Ajustes& a = contexto().ajustes;
-  const auto cual = std::ranges::find(a.personal, titulo, &Ajustes::Personal::titulo);
-  if (cual == a.personal.end()) return;
+  const auto& lista = a.de<AjustesPersonal>().personal;
+  const auto cual = std::ranges::find(lista, titulo, &Personal::titulo);
+  if (cual == lista.end()) return;
   const QString aut = Ajustes::ruta(cual->proceso + u".AUT"_s, a.HomeDir);
   const auto fichero = app_.lenguaje().LeerProceso(aut);
   if (fichero && fichero->activaciones.empty()) {
@@ -113,7 +115,7 @@ void MainTarvo::atenderMenu(QToolButton& boton, std::optional<size_t> cual) {
 }
 
 void MainTarvo::menuPersonal(QWidget* sobre, const QPoint& donde, std::optional<size_t> cual) {
-  const auto cuantos = contexto().ajustes.personal.size();
+  const auto cuantos = contexto().ajustes.de<AjustesPersonal>().personal.size();
   if (!cual && cuantos == 1) cual = 0;
   enPersonal_ = true;
   const ventanas::Retenida mientras(this);
@@ -130,7 +132,7 @@ void MainTarvo::menuPersonal(QWidget* sobre, const QPoint& donde, std::optional<
 // An action on the entry under the pointer; where there is none of several, it asks which.
 void MainTarvo::anadirAccion(QMenu& menu, int texto, const std::function<void(size_t)>& hacer,
                              std::optional<size_t> cual) {
-  const auto& lista = contexto().ajustes.personal;
+  const auto& lista = contexto().ajustes.de<AjustesPersonal>().personal;
   if (cual || lista.empty()) {
     QAction* accion = menu.addAction(t(texto));
     accion->setEnabled(!lista.empty());
@@ -151,7 +153,7 @@ void MainTarvo::editarPersonal(std::optional<size_t> cual) {
 }
 
 void MainTarvo::eliminarPersonal(size_t cual) {
-  auto& lista = contexto().ajustes.personal;
+  auto& lista = contexto().ajustes.de<AjustesPersonal>().personal;
   if (cual >= lista.size()) return;
   lista.erase(lista.begin() + static_cast<std::ptrdiff_t>(cual));
   refrescarPersonal();

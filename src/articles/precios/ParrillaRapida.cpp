@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/Limites.h"
 
 namespace tarvo::precios {
@@ -91,7 +92,7 @@ std::expected<FormaAlta, FormaAlta::Mal> FormaAlta::de(const QString& prefijo, i
   return f;
 }
 
-FormaAlta FormaAlta::leer(const Ajustes& a) {
+FormaAlta FormaAlta::leer(const AjustesPrecios& a) {
   const bool vale = de(a.PrefijoCodigos, 1, 1).has_value();
   const int precios = std::clamp(a.NumPreciosAlta, 1, articles::kNiveles);
   const int tarifas = std::clamp(a.NumTarifasAlta, 1, articles::kTarifas);

@@ -12,6 +12,8 @@
 
 namespace tarvo::precios {
 
+struct AjustesPrecios;
+
 // Columns of the fast change, in their order.
 enum class ColumnaRapida {
   Codigo,
@@ -81,7 +83,7 @@ class FormaAlta {
   enum class Mal { PrefijoNoNumerico, PrefijoLargo, Precios, Tarifas };
   static std::expected<FormaAlta, Mal> de(const QString& prefijo, int precios, int tarifas);
   // From the settings; invalid ones take their default.
-  static FormaAlta leer(const Ajustes& ajustes);
+  static FormaAlta leer(const AjustesPrecios& ajustes);
 
   const QString& prefijo() const { return prefijo_; }
   int precios() const { return precios_; }

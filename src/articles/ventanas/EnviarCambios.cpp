@@ -2,6 +2,7 @@
 
 #include <QActionGroup>
 
+#include "articles/AjustesArticulos.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/QueHacemos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
@@ -70,7 +71,7 @@ void enviar(ventanas::Ventana& quien, const std::vector<int>& secciones, motor::
 }
 
 Resultado<> guardar(Ajustes& ajustes, int valor) {
-  ajustes.EnviarCambios[kDeArticulos] = valor;
+  ajustes.de<AjustesArticulos>().EnviarCambios[kDeArticulos] = valor;
   return ajustes.GuardarConfig();
 }
 
@@ -85,7 +86,7 @@ bool preguntar(ventanas::Ventana& quien) {
 void enviarAlSalir(ventanas::Ventana& quien, Catalogo& catalogo, motor::gestcomm& motor) {
   const std::vector<int> secciones = catalogo.cambios().SeccionesModificadas();
   catalogo.cambios().olvidarSecciones();
-  const int como = quien.contexto().ajustes.EnviarCambios[kDeArticulos];
+  const int como = quien.contexto().ajustes.de<AjustesArticulos>().EnviarCambios[kDeArticulos];
   if (secciones.empty() || como == kNunca) return;
   if (como == kSiempre || preguntar(quien)) enviar(quien, secciones, motor);
 }
@@ -105,7 +106,8 @@ void montarMenuEnvio(QMenu& menu, ventanas::Ventana& quien) {
   }
   QObject::connect(&menu, &QMenu::aboutToShow, &quien, [&menu, &quien] {
     for (QAction* a : menu.actions())
-      a->setChecked(a->data().toInt() == quien.contexto().ajustes.EnviarCambios[kDeArticulos]);
+      a->setChecked(a->data().toInt() ==
+                    quien.contexto().ajustes.de<AjustesArticulos>().EnviarCambios[kDeArticulos]);
   });
 }
 

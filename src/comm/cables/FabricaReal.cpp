@@ -2,10 +2,12 @@
 
 #include <utility>
 
+#include "comm/cables/AjustesCables.h"
 #include "comm/cables/CableLocal.h"
 #include "comm/cables/CableModem.h"
 #include "comm/cables/CableSerie.h"
 #include "comm/cables/CableTCP.h"
+#include "comm/cables/Conectores.h"
 #include "core/ajustes/Ajustes.h"
 
 namespace tarvo::enlace {
@@ -14,7 +16,7 @@ namespace {
 
 constexpr int kPuertosSerie = 16;
 
-QString rutaDePuerto(const Ajustes& ajustes, int puerto) {
+QString rutaDePuerto(const AjustesCables& ajustes, int puerto) {
   const auto propia = ajustes.RutaPuerto.find(puerto);
   if (propia != ajustes.RutaPuerto.end() && !propia->second.isEmpty()) return propia->second;
   if (puerto < 1 || puerto > kPuertosSerie) return {};
@@ -24,10 +26,13 @@ QString rutaDePuerto(const Ajustes& ajustes, int puerto) {
 }  // namespace
 
 FabricaReal::FabricaReal(Reloj& reloj, const Ajustes& ajustes)
-    : reloj_(reloj), ajustes_(ajustes), ocupados_(std::make_shared<Ocupados>()) {}
+    : reloj_(reloj),
+      ajustes_(ajustes),
+      suyos_(ajustes.de<AjustesCables>()),
+      ocupados_(std::make_shared<Ocupados>()) {}
 
 std::unique_ptr<LinkSocket> FabricaReal::crear(TipoAcceso device) {
-  const auto rutaDe = [this](int puerto) { return rutaDePuerto(ajustes_, puerto); };
+  const auto rutaDe = [this](int puerto) { return rutaDePuerto(suyos_, puerto); };
   switch (device) {
     case TipoAcceso::Modem:
       return std::make_unique<CableModem>(reloj_, ocupados_, rutaDe);
@@ -42,7 +47,7 @@ std::unique_ptr<LinkSocket> FabricaReal::crear(TipoAcceso device) {
 }
 
 std::unique_ptr<LinkSocket> FabricaReal::crearConector(const QString& nombre, int& razon) {
-  const QString destino = ajustes_.conector(nombre).trimmed();
+  const QString destino = conector(ajustes_, nombre).trimmed();
   const QString clase = destino.section(u':', 0, 0).trimmed().toLower();
   const QString resto = destino.section(u':', 1).trimmed();
   razon = kBien;

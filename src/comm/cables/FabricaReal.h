@@ -12,6 +12,7 @@ class Ajustes;
 namespace tarvo::enlace {
 
 class Ocupados;
+struct AjustesCables;
 
 class FabricaReal final : public FabricaEnlaces {
  public:
@@ -22,6 +23,7 @@ class FabricaReal final : public FabricaEnlaces {
  private:
   Reloj& reloj_;
   const Ajustes& ajustes_;
+  const AjustesCables& suyos_;
   std::shared_ptr<Ocupados> ocupados_;
 };
 

@@ -1,6 +1,6 @@
 #include "comm/cables/Parametros.h"
 
-#include "core/ajustes/Ajustes.h"
+#include "comm/cables/AjustesCables.h"
 
 namespace tarvo::enlace {
 

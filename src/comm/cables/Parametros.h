@@ -6,11 +6,9 @@
 
 #include "comm/cables/LinkSocket.h"
 
-namespace tarvo {
-struct ParamCanal;
-}
-
 namespace tarvo::enlace {
+
+struct ParamCanal;
 
 // `baudios` above 0 replaces the first field of the line settings. `acceso` is a phone number
 // (modem) or "host:port" and optionally ",n" (TCP/IP); a direct cable has none.

@@ -2,7 +2,6 @@
 #include "comm/cables/Parametros.h"
 #include "comm/enlace/Errores.h"
 #include "comm/enlace/EstadoComtvIP.h"
-#include "core/ajustes/Ajustes.h"
 
 namespace tarvo::enlace {
 
@@ -31,9 +30,9 @@ comtvIP::Estado::Estado(Enlaces::Datos& laCasa, comtvIP& elDueno, int elCanal)
       luego(laCasa.reloj.temporizador([this] { soltar(); })),
       maquina(
           *this, laCasa.reloj,
-          {laCasa.ajustes.TimeACK, laCasa.ajustes.FactorEsperaNDL, laCasa.ajustes.WhoAmI & 0xFF},
-          laCasa.ajustes.TimeOut) {
-  if (!conector) device = laCasa.ajustes.canales[static_cast<size_t>(elCanal)].Device;
+          {laCasa.tiempos.TimeACK, laCasa.tiempos.FactorEsperaNDL, laCasa.ajustes.WhoAmI & 0xFF},
+          laCasa.tiempos.TimeOut) {
+  if (!conector) device = laCasa.param(elCanal).Device;
 }
 
 // A direct cable has no access text, whatever the client gave.
@@ -48,8 +47,7 @@ int comtvIP::Estado::abrir(Para para, int baudios, const QString& texto) {
 }
 
 int comtvIP::Estado::abrirConfigurado(int baudios) {
-  const ParametrosLinea p =
-      parametrosDe(casa.ajustes.canales[static_cast<size_t>(canal)], baudios, acceso);
+  const ParametrosLinea p = parametrosDe(casa.param(canal), baudios, acceso);
   esperaColgar = std::max(p.esperaColgar, 0);
   cable = casa.fabrica.crear(device);
   if (!cable || !cable->configurar(p)) return kErrorPuerto;

@@ -4,8 +4,11 @@
 #include <functional>
 #include <map>
 
+#include "comm/cables/AjustesCables.h"
+#include "comm/enlace/AjustesEnlace.h"
 #include "comm/enlace/Maquina.h"
 #include "comm/enlace/comtvIP.h"
+#include "core/ajustes/Ajustes.h"
 
 namespace tarvo::enlace {
 
@@ -18,6 +21,8 @@ struct Enlaces::Datos {
   FabricaEnlaces& fabrica;
   Azar& azar;
   AlPasar alPasar = {};
+  const AjustesCables& cables = ajustes.de<AjustesCables>();
+  const AjustesEnlace& tiempos = ajustes.de<AjustesEnlace>();
   std::map<QString, Deudas> deudas = {};  // by wire
   std::vector<std::unique_ptr<comtvIP>> canales;
   struct Muerto {
@@ -28,6 +33,7 @@ struct Enlaces::Datos {
   std::unique_ptr<Temporizador> entierro;
 
   comtvIP* en(int canal) const;
+  const ParamCanal& param(int canal) const { return cables.canales[static_cast<size_t>(canal)]; }
   void retirar(comtvIP* enlace);  // empties its slot, if it is in one
   void soltar(int canal);
   void enterrar();

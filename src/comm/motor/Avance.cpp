@@ -107,8 +107,7 @@ int gestcomm::Interior::elegirCanal(TareaViva& t) {
   if (t.datos.Remoto == TipoAcceso::Directo) {
     if (directo < 0 || directo >= kCanalesFijos) return kNoVale;
     const auto& canal = canales[static_cast<size_t>(directo)];
-    if (entorno.ajustes.canales[static_cast<size_t>(directo)].Device != TipoAcceso::Directo ||
-        canal.EstadoCanal == kSinUso)
+    if (param(directo).Device != TipoAcceso::Directo || canal.EstadoCanal == kSinUso)
       return kNoVale;
   }
   if (const auto it = ocupados.find(t.acceso); it != ocupados.end())
@@ -123,7 +122,7 @@ int gestcomm::Interior::elegirCanal(TareaViva& t) {
   }
   bool hay = false;
   for (int c = 0; c < kCanalesFijos; ++c) {
-    if (entorno.ajustes.canales[static_cast<size_t>(c)].Device != t.datos.Remoto) continue;
+    if (param(c).Device != t.datos.Remoto) continue;
     if (cerrado(c)) return c;
     hay = true;
   }
@@ -204,7 +203,7 @@ void gestcomm::Interior::siguienteTrama(int id) {
   t->pedido = s->que == Siguiente::Enviar && t->datos.protocolo == Protocolo::Vek ? s->codigo : -1;
   t->olvido = s->modo.unaVez;
   ponerCanal(c, kEnUso);
-  const int timeOut = s->timeOut != 0 ? s->timeOut : entorno.ajustes.TimeOut;
+  const int timeOut = s->timeOut != 0 ? s->timeOut : tiempos.TimeOut;
   vigilar(c, s->modo.limpia ? 2 * timeOut : timeOut);
   cambio(*t);
   const int error = mandar(c, *t, *s);
@@ -214,11 +213,11 @@ void gestcomm::Interior::siguienteTrama(int id) {
 int gestcomm::Interior::mandar(int c, const TareaViva&, const Siguiente& s) {
   enlace::comtvIP* link = enlaces[c];
   if (!link) return 15;
-  link->TimeOut(s.timeOut != 0 ? s.timeOut : entorno.ajustes.TimeOut);
+  link->TimeOut(s.timeOut != 0 ? s.timeOut : tiempos.TimeOut);
   switch (s.que) {
     case Siguiente::Enviar: {
       enlace::ModoEnvio modo = s.modo;
-      modo.otroCodigo = entorno.ajustes.AceptaOtroCodigo;
+      modo.otroCodigo = ajustes.AceptaOtroCodigo;
       return link->Enviar(s.addr, s.codigo, s.datos, modo);
     }
     case Siguiente::Pedir:

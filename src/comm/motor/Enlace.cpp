@@ -38,15 +38,14 @@ void gestcomm::Interior::ponerCanal(int c, int estado) {
 
 qint64 gestcomm::Interior::marcadoMs(int c) const {
   if (c >= kCanalesFijos) return 0;
-  const ParamCanal& p = entorno.ajustes.canales[static_cast<size_t>(c)];
+  const enlace::ParamCanal& p = param(c);
   return qint64{std::max(p.Intentos, 0)} * (p.Espera <= 600 ? p.Espera * qint64{1000} : p.Espera);
 }
 
 // From now on the link owes an event within the longest time that any operation may take.
 void gestcomm::Interior::vigilar(int c, int timeOut) {
-  const Ajustes& a = entorno.ajustes;
-  canales[static_cast<size_t>(c)].limite =
-      ahora() + std::max(a.TimeCero, timeOut) + qint64{4} * a.TimeACK + marcadoMs(c) + 60000;
+  canales[static_cast<size_t>(c)].limite = ahora() + std::max(ajustes.TimeCero, timeOut) +
+                                           qint64{4} * tiempos.TimeACK + marcadoMs(c) + 60000;
 }
 
 void gestcomm::Interior::liberarCanal(int c) {
@@ -61,16 +60,14 @@ void gestcomm::Interior::canalCerrado(int c) {
     ocupados.erase(*canal.acceso);
     canal.acceso.reset();
   }
-  const bool sinUso = c < kCanalesFijos &&
-                      entorno.ajustes.canales[static_cast<size_t>(c)].Device == TipoAcceso::Ninguno;
+  const bool sinUso = c < kCanalesFijos && param(c).Device == TipoAcceso::Ninguno;
   ponerCanal(c, sinUso ? kSinUso : kCerrado);
 }
 
 void gestcomm::Interior::cerrarEnlace(int c) {
   if (!enlaces[c]) return canalCerrado(c);
   ponerCanal(c, kCerrando);
-  const qint64 colgar =
-      c < kCanalesFijos ? entorno.ajustes.canales[static_cast<size_t>(c)].ATHang : 0;
+  const qint64 colgar = c < kCanalesFijos ? param(c).ATHang : 0;
   canales[static_cast<size_t>(c)].limite = ahora() + std::max<qint64>(colgar, 0) + 30000;
   if (enlaces[c]->CerrarEnlace() == 0) return;
   abandonarEnlace(c);
@@ -84,7 +81,7 @@ void gestcomm::Interior::abandonarEnlace(int c) {
 
 int gestcomm::Interior::errorDeCaida(int c) const {
   if (c >= kCanalesFijos) return kErrorCaida;
-  switch (entorno.ajustes.canales[static_cast<size_t>(c)].Device) {
+  switch (param(c).Device) {
     case TipoAcceso::Modem:
       return kErrorPortadora;
     case TipoAcceso::TcpIp:

@@ -11,6 +11,9 @@
 #include <set>
 #include <vector>
 
+#include "comm/cables/AjustesCables.h"
+#include "comm/enlace/AjustesEnlace.h"
+#include "comm/motor/AjustesMotor.h"
 #include "comm/motor/gestcomm.h"
 
 namespace tarvo::motor {
@@ -95,6 +98,9 @@ struct gestcomm::Interior {
   Entorno entorno;
   enlace::Enlaces& enlaces;
   const RegistroTareas& registro;
+  const AjustesMotor& ajustes;
+  const enlace::AjustesEnlace& tiempos;
+  const enlace::AjustesCables& cables;
   std::map<int, std::unique_ptr<TareaViva>> tareas;  // by id, which is queue order
   int ultimoId = 0;
   std::deque<CanalVivo> canales;
@@ -117,6 +123,10 @@ struct gestcomm::Interior {
   std::function<void()> alCerrar;
   bool terminarAlAcabar = false;
   std::unique_ptr<Temporizador> pulso, pronto, alFin;
+
+  const enlace::ParamCanal& param(int canal) const {
+    return cables.canales[static_cast<size_t>(canal)];
+  }
 
   // Cola.cpp: the queue `Id` 0 for a new task, else its former place in the queue.
   int nueva(const DatosTarea& que);

@@ -137,7 +137,7 @@ bool gestcomm::Interior::esperaCierre(const TareaViva& t) const {
 
 void gestcomm::Interior::reglaReintento(int id) {
   TareaViva* t = tarea(id);
-  const int limite = vigilante ? reintentos : entorno.ajustes.IntentosManual;
+  const int limite = vigilante ? reintentos : ajustes.IntentosManual;
   if (std::max({t->FallosEnlace, t->FallosTrama, t->enlaceSinAvance, t->tramaSinAvance}) > limite)
     return rendir(id);
   if (esperaCierre(*t)) return;

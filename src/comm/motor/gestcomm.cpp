@@ -9,8 +9,14 @@ namespace tarvo::motor {
 
 gestcomm::Interior::Interior(gestcomm& dueno, Entorno e, enlace::Enlaces& en,
                              const RegistroTareas& r)
-    : fuera(dueno), entorno(e), enlaces(en), registro(r) {
-  for (const ParamCanal& p : e.ajustes.canales)
+    : fuera(dueno),
+      entorno(e),
+      enlaces(en),
+      registro(r),
+      ajustes(e.ajustes.de<AjustesMotor>()),
+      tiempos(e.ajustes.de<enlace::AjustesEnlace>()),
+      cables(e.ajustes.de<enlace::AjustesCables>()) {
+  for (const enlace::ParamCanal& p : cables.canales)
     canales.emplace_back().EstadoCanal = p.Device == TipoAcceso::Ninguno ? kSinUso : kCerrado;
   pulso = e.reloj.temporizador([this] { latido(); });
   pulso->cada(kPulsoMs);
@@ -231,9 +237,7 @@ std::vector<VistaCanal> gestcomm::canales() const {
   std::vector<VistaCanal> salida;
   for (int i = 0; i < static_cast<int>(d->canales.size()); ++i) {
     const CanalVivo& c = d->canales[static_cast<size_t>(i)];
-    const bool modem =
-        i < kCanalesFijos &&
-        d->entorno.ajustes.canales[static_cast<size_t>(i)].Device == TipoAcceso::Modem;
+    const bool modem = i < kCanalesFijos && d->param(i).Device == TipoAcceso::Modem;
     salida.push_back({c.EstadoCanal, c.TareaCanal, c.FallosCierre, c.NombreEnlace, c.etiqueta,
                       modem && d->enlaces[i] && d->enlaces[i]->Portadora()});
   }
@@ -244,8 +248,7 @@ void gestcomm::cambiaronCanales() {
   for (int c = 0; c < kCanalesFijos; ++c) {
     const int estado = d->canales[static_cast<size_t>(c)].EstadoCanal;
     if (estado != kSinUso && estado != kCerrado) continue;
-    const bool sinUso =
-        d->entorno.ajustes.canales[static_cast<size_t>(c)].Device == TipoAcceso::Ninguno;
+    const bool sinUso = d->param(c).Device == TipoAcceso::Ninguno;
     d->ponerCanal(c, sinUso ? kSinUso : kCerrado);
   }
 }
@@ -292,7 +295,7 @@ void gestcomm::CD_Evento(int canal, bool) {
 bool gestcomm::encaja(int canal, int addr, int codigo, const QByteArray& datos) {
   const TareaViva* t = d->tareaDe(canal);
   if (!t || !t->trabajo || datos.startsWith(kMarcaNegativa)) return true;
-  const bool otro = d->entorno.ajustes.AceptaOtroCodigo && t->pedido >= 0 && codigo != t->pedido;
+  const bool otro = d->ajustes.AceptaOtroCodigo && t->pedido >= 0 && codigo != t->pedido;
   if (otro && t->olvido && !datos.isEmpty()) return false;
   return t->trabajo->encaja(addr, otro ? t->pedido : codigo, datos);
 }

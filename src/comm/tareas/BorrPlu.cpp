@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "comm/envios/Tenencias.h"
+#include "comm/motor/AjustesMotor.h"
 #include "comm/tareas/EnvioArticulos.h"
 #include "comm/tareas/Fabricas.h"
 #include "comm/tareas/TextosTareas.h"
@@ -29,7 +30,8 @@ class Borrado final : public motor::TrabajoTarea {
     if (paso_ > kPasos) return Siguiente::fin();
     TARVO_INTENTAR(anunciar());
     if (t_.Tipo == TipoGrupo::Ebony && paso_ == kPasos)
-      return Siguiente{Siguiente::EsperarNODAL, t_.Addr, 0, {}, e_.ajustes.TimeCero};
+      return Siguiente{
+          Siguiente::EsperarNODAL, t_.Addr, 0, {}, e_.ajustes.de<motor::AjustesMotor>().TimeCero};
     const maquinas::Peticion p = maquinas::borrarArticulos(t_.Tipo);
     return Siguiente{Siguiente::Enviar,
                      maquinas_[indice_],

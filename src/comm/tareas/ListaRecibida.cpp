@@ -1,7 +1,9 @@
 #include <QCryptographicHash>
 #include <algorithm>
 
+#include "comm/tareas/AjustesListas.h"
 #include "comm/tareas/Listas.h"
+#include "core/ajustes/Sala.h"
 #include "core/dao/Marcas.h"
 
 namespace tarvo::tareas {
@@ -36,6 +38,12 @@ QString huella(const std::vector<Linea>& lineas, size_t cuantas) {
 
 }  // namespace
 
+SalaDeAjustes ajustesListas() {
+  using A = AjustesListas;
+  return salaDeAjustes(A(), {clave<&A::NumeroPedido, ini::leer32>(905, u"NúmeroPedido"),
+                             clave<&A::NumeroInventario, ini::leer32>(906, u"NúmeroInventario")});
+}
+
 Resultado<qint64> ListaRecibida::numeroNuevo() {
   const Nombres& n = nombres(que_);
   TARVO_TOMAR(const auto ultimo, e_.db.uno(dao::conMarcas(
@@ -43,8 +51,8 @@ Resultado<qint64> ListaRecibida::numeroNuevo() {
                                      {{u"numero", q(n.numero)}, {u"documentos", q(n.cabecera)}})));
   TARVO_TOMAR(const auto guardado,
               e_.db.uno(u"SELECT VALOR FROM EstadoTarvo WHERE CLAVE=?"_s, n.contador));
-  const int ajuste =
-      que_ == Documento::Pedido ? e_.ajustes.NumeroPedido : e_.ajustes.NumeroInventario;
+  const auto& a = e_.ajustes.de<AjustesListas>();
+  const int ajuste = que_ == Documento::Pedido ? a.NumeroPedido : a.NumeroInventario;
   const qint64 numero = std::max({ultimo.entero(), guardado.entero(), qint64{ajuste}}) + 1;
   TARVO_TOMAR(
       const auto cambiadas,

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "comm/enlace/AjustesEnlace.h"
 #include "comm/maquinas/Caja.h"
 #include "comm/maquinas/Nodal.h"
 #include "comm/maquinas/Vek.h"
@@ -53,7 +54,8 @@ class ArticulosVek final : public PreguntasVek {
   }
   int timeOut() const override {
     if (t_.Todo) return 0;
-    return e_.ajustes.TimeOut + 300 * static_cast<int>(t_.Direcciones.size()) * 21;
+    return e_.ajustes.de<enlace::AjustesEnlace>().TimeOut +
+           300 * static_cast<int>(t_.Direcciones.size()) * 21;
   }
   bool responde(const QByteArray& datos) const override {
     const auto n = maquinas::vek::cabeza(datos, 1, 7);

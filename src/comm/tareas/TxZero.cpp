@@ -4,6 +4,7 @@
 #include "comm/maquinas/Caja.h"
 #include "comm/maquinas/Nodal.h"
 #include "comm/maquinas/Vek.h"
+#include "comm/motor/AjustesMotor.h"
 #include "comm/tareas/Fabricas.h"
 #include "comm/tareas/GranTotal.h"
 #include "comm/tareas/TextosTareas.h"
@@ -195,7 +196,7 @@ Siguiente Cero::trama() const {
   constexpr bool kUnaVez = true;
   if (t_.Tipo == TipoGrupo::Registradoras)
     return {Siguiente::Enviar, addr(), maquinas::caja::puestaACero(m_.paso).codigo, {}, 0, kUnaVez};
-  const int cero = e_.ajustes.TimeCero;
+  const int cero = e_.ajustes.de<motor::AjustesMotor>().TimeCero;
   if (t_.Tipo != TipoGrupo::Ebony)
     return {Siguiente::Enviar, 0, maquinas::vek::puestaACero(toda_).codigo, {}, cero, kUnaVez};
   if (m_.paso == 1)

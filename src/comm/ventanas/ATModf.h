@@ -9,7 +9,7 @@
 namespace tarvo::comm {
 
 // What the modem of one channel is told.
-class ATModf final : public ventanas::FichaDe<ParamCanal> {
+class ATModf final : public ventanas::FichaDe<enlace::ParamCanal> {
  public:
   ATModf(ventanas::Contexto& c, const QString& nombre);
   Resultado<> entrar(const PuertaATModf& puerta);

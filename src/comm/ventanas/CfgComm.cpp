@@ -4,7 +4,10 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "comm/enlace/AjustesEnlace.h"
+#include "comm/motor/AjustesMotor.h"
 #include "comm/ventanas/TextosCommVentanas.h"
+#include "core/ajustes/Sala.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
 
@@ -12,6 +15,7 @@ namespace tarvo::comm {
 
 using namespace Qt::StringLiterals;
 using namespace ventanas;
+using enlace::AjustesEnlace, motor::AjustesMotor;
 
 namespace {
 
@@ -21,15 +25,29 @@ const QString kImagenes[kUsos] = {u"quitar"_s, u"modem"_s, u"conectado"_s, u"lin
 struct Tiempo {
   int rotulo;
   QString nombre;
-  int Ajustes::* ajuste;
+  int& (*de)(Ajustes&);
+  Limites limites;
   int unidad;
 };
+template <auto kCampo>
+int& campo(Ajustes& a) {
+  return a.de<typename SalaDelCampo<decltype(kCampo)>::Tipo>().*kCampo;
+}
 const Tiempo kTiempos[] = {
-    {kTxTiempoGeneral, u"TimeOut"_s, &Ajustes::TimeOut, kTxMilisegundos},
-    {kTxTiempoCero, u"TimeCero"_s, &Ajustes::TimeCero, kTxMilisegundos},
-    {kTxReintentos, u"IntentosManual"_s, &Ajustes::IntentosManual, kTxVeces},
-    {kTxTiempoACK, u"TimeACK"_s, &Ajustes::TimeACK, kTxMilisegundos},
-    {kTxFactorEspera, u"FactorEspera"_s, &Ajustes::FactorEsperaNDL, kTxMilisegundos}};
+    {kTxTiempoGeneral, u"TimeOut"_s, campo<&AjustesEnlace::TimeOut>, kLimitesRespuesta,
+     kTxMilisegundos},
+    {kTxTiempoCero, u"TimeCero"_s, campo<&AjustesMotor::TimeCero>, kLimitesRespuesta,
+     kTxMilisegundos},
+    {kTxReintentos, u"IntentosManual"_s, campo<&AjustesMotor::IntentosManual>, kLimitesIntentos,
+     kTxVeces},
+    {kTxTiempoACK, u"TimeACK"_s, campo<&AjustesEnlace::TimeACK>, kLimitesRespuesta,
+     kTxMilisegundos},
+    {kTxFactorEspera, u"FactorEspera"_s, campo<&AjustesEnlace::FactorEsperaNDL>, kLimitesEspera,
+     kTxMilisegundos}};
+
+void tomarTiempos(AjustesComm& r, Ajustes& de) {
+  for (size_t i = 0; i < r.tiempos.size(); ++i) r.tiempos[i] = kTiempos[i].de(de);
+}
 
 }  // namespace
 
@@ -39,9 +57,8 @@ CfgComm::CfgComm(Contexto& c, const QString& nombre, motor::gestcomm& motor)
   auto tiempos = f.grupo(kTxProtocolo, u"cajaTiempos"_s);
   for (size_t i = 0; i < r.tiempos.size(); ++i) {
     const Tiempo& tiempo = kTiempos[i];
-    const Limites limites = limitesDe(tiempo.ajuste);
-    tiempos.fila(tiempo.rotulo, tiempo.nombre, numero(r.tiempos[i], limites.menor, limites.mayor),
-                 tiempo.unidad);
+    tiempos.fila(tiempo.rotulo, tiempo.nombre,
+                 numero(r.tiempos[i], tiempo.limites.menor, tiempo.limites.mayor), tiempo.unidad);
   }
   auto* caja = f.ancho(new QGroupBox(t(kTxCanales)), u"cajaCanales"_s);
   auto* reja = new QGridLayout(caja);
@@ -49,7 +66,9 @@ CfgComm::CfgComm(Contexto& c, const QString& nombre, motor::gestcomm& motor)
   f.muelle();
   auto* deFabrica = f.boton(kTxDeFabrica, u"DeFabrica"_s, [this] {
     if (!leerCallada()) mostrar();  // what can't be read gives way
-    tomarTiempos(Ajustes(contexto().ajustes.carpeta, contexto().ajustes.idioma));
+    const Ajustes& a = contexto().ajustes;
+    Ajustes nuevos(a.carpeta, a.idioma, {enlace::ajustesEnlace(), motor::ajustesMotor()});
+    tomarTiempos(r, nuevos);
     mostrar();
   });
   deFabrica->setToolTip(t(kTxDeFabricaTip));
@@ -89,21 +108,17 @@ CfgComm::Canal CfgComm::montarCanal(QGridLayout& reja, QWidget* caja, int n) {
 }
 
 Resultado<> CfgComm::entrar(const PuertaCfgComm&) {
-  const Ajustes& a = contexto().ajustes;
-  AjustesComm de{.tiempos = {}, .canales = a.canales};
-  for (size_t i = 0; i < de.tiempos.size(); ++i) de.tiempos[i] = a.*kTiempos[i].ajuste;
+  Ajustes& a = contexto().ajustes;
+  AjustesComm de{.tiempos = {}, .canales = a.de<enlace::AjustesCables>().canales};
+  tomarTiempos(de, a);
   TARVO_INTENTAR(editar(de));
   for (size_t n = 0; n < canales_.size(); ++n) mostrarCanal(n);
   return {};
 }
 
-void CfgComm::tomarTiempos(const Ajustes& de) {
-  for (size_t i = 0; i < r.tiempos.size(); ++i) r.tiempos[i] = de.*kTiempos[i].ajuste;
-}
-
 void CfgComm::mostrarCanal(size_t n) {
   const Canal& canal = canales_[n];
-  const ParamCanal& p = r.canales[n];
+  const enlace::ParamCanal& p = r.canales[n];
   canal.imagen->setIcon(icono(kImagenes[tarvo::numeroDe(p.Device)]));
   canal.linea->setText(p.RS232);
   canal.linea->setEnabled(p.Device != TipoAcceso::Ninguno);
@@ -136,8 +151,8 @@ Resultado<> CfgComm::aplicar() {
   AjustesComm otros = r;
   const auto cambiar = [&] {  // the settings and the copy change places
     for (size_t i = 0; i < otros.tiempos.size(); ++i)
-      std::swap(a.*kTiempos[i].ajuste, otros.tiempos[i]);
-    std::swap(a.canales, otros.canales);
+      std::swap(kTiempos[i].de(a), otros.tiempos[i]);
+    std::swap(a.de<enlace::AjustesCables>().canales, otros.canales);
   };
   cambiar();
   auto hecho = a.GuardarConfig();

@@ -12,7 +12,7 @@ namespace tarvo::comm {
 // What of the settings is edited here.
 struct AjustesComm {
   std::array<int, 5> tiempos{};
-  std::array<ParamCanal, 4> canales;
+  std::array<enlace::ParamCanal, 4> canales;
   bool operator==(const AjustesComm&) const = default;
 };
 
@@ -31,7 +31,6 @@ class CfgComm final : public ventanas::FichaDe<AjustesComm> {
     QPushButton *rs232, *modem;
   };
   Canal montarCanal(QGridLayout& reja, QWidget* caja, int n);
-  void tomarTiempos(const Ajustes& de);
   void mostrarCanal(size_t n);
   template <class P>
   void editarCanal(size_t n);

@@ -30,7 +30,7 @@ class EdiParms final : public ventanas::FichaDe<PuertoYLinea> {
 
  private:
   void aplicada() override;
-  ParamCanal canal_;
+  enlace::ParamCanal canal_;
 };
 
 }  // namespace tarvo::comm

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "core/ajustes/Ajustes.h"
+#include "comm/cables/AjustesCables.h"
 #include "core/valores/Tipos.h"
 #include "core/ventanas/marco/Puerta.h"
 
@@ -17,15 +17,15 @@ struct PuertaCfgComm {
 // Port and line, and the orders of the modem, of one channel.
 struct PuertaEdiParms {
   static constexpr QStringView kNombre = u"EdiParms";
-  using Salida = ParamCanal;
+  using Salida = enlace::ParamCanal;
   int numero = 1;
-  ParamCanal canal = {};
+  enlace::ParamCanal canal = {};
 };
 struct PuertaATModf {
   static constexpr QStringView kNombre = u"ATModf";
-  using Salida = ParamCanal;
+  using Salida = enlace::ParamCanal;
   int numero = 1;
-  ParamCanal canal = {};
+  enlace::ParamCanal canal = {};
 };
 
 // The queue, the channels and the session. `grupo`: the group whose latest task is chosen; 0 for

@@ -1,7 +1,7 @@
 #include "core/ajustes/Ajustes.h"
 
+#include "core/ajustes/ClavesComunes.h"
 #include "core/ajustes/Ficheros.h"
-#include "core/ajustes/Ini.h"
 
 namespace tarvo {
 
@@ -40,17 +40,15 @@ LimitesClases LimitesClases::de(Idioma idioma) {
   return {.ClaseTxMax = 8, .ClaseRxMax = 20, .ClaseDocMax = 21};
 }
 
-Ajustes::Ajustes(QString laCarpeta, Idioma elIdioma, Fecha ahora)
+Ajustes::Ajustes(QString laCarpeta, Idioma elIdioma, const std::vector<SalaDeAjustes>& salas)
     : carpeta(std::move(laCarpeta)),
       idioma(elIdioma),
       clases(LimitesClases::de(elIdioma)),
       HomeDir(carpeta),
       BaseDatos(ruta(QStringLiteral("TARVO.MDB"), carpeta)),
-      SesionHasta(ahora),
-      SesionACero(ahora),
-      InicioHorario(Fecha::deDias(8 / 24.0)),
-      FinalHorario(Fecha::deDias(20 / 24.0)) {
-  for (size_t i = 0; i < canales.size(); ++i) canales[i].Puerto = static_cast<int>(i) + 1;
+      claves_(clavesComunes()) {
+  for (const SalaDeAjustes& sala : salas) ponerSala(sala);
+  ordenarClaves();
   const MonedaLocal local = monedaLocal(idioma);
   MonedaLogo = {QString::fromUtf16(local.logo), QStringLiteral("Eur")};
   Euro = local.euro;
@@ -74,25 +72,6 @@ Resultado<> Ajustes::GuardarConfig() const {
   if (const auto viejo = ficheros::leerBytes(rutaConfig(), kMayorIni); viejo && *viejo == nuevo)
     return {};
   return ficheros::escribirEntero(rutaConfig(), nuevo);
-}
-
-QString Ajustes::conector(const QString& nombre) const {
-  const auto bytes =
-      ficheros::leerBytes(ruta(QStringLiteral("CONECTORES.INI"), carpeta), kMayorIni);
-  return bytes ? buscarConector(ficheros::descodificar(*bytes), nombre) : QString();
-}
-
-QString buscarConector(const QString& texto, const QString& nombre) {
-  const QString buscado = nombre.trimmed().toUpper();
-  QString hallado;
-  if (buscado.isEmpty()) return hallado;
-  // A name may contain brackets, so the whole key is compared.
-  for (QStringView renglon : QStringView(texto).split(u'\n')) {
-    const qsizetype igual = renglon.indexOf(u'=');
-    if (igual < 0 || renglon.left(igual).trimmed().toString().toUpper() != buscado) continue;
-    hallado = renglon.mid(igual + 1).trimmed().toString();
-  }
-  return hallado;
 }
 
 }  // namespace tarvo

@@ -1,12 +1,12 @@
 // The settings of TARVO.INI: read once at the start, held in memory, written whole at the end of a
-// run and whenever a window or the session changes one. Keys, defaults and syntax:
-// docs/formatos.md.
+// run and whenever a window or the session changes one. Those of general use are members of
+// Ajustes; a room adds its own (Sala.h). Keys, defaults and syntax: docs/formatos.md.
 #pragma once
 
 #include <QString>
-#include <QStringList>
+#include <any>
 #include <array>
-#include <map>
+#include <functional>
 #include <vector>
 
 #include "core/valores/Fecha.h"
@@ -26,21 +26,6 @@ inline constexpr Limites kLimitesRespuesta{1, 10 * 60 * 1000};  // ms to wait fo
 inline constexpr Limites kLimitesEspera{0, 10 * 60 * 1000};     // ms, may be 0
 inline constexpr Limites kLimitesIntentos{0, 999};              // repeats
 
-// Settings of one of the four configured channels.
-struct ParamCanal {
-  int Puerto = 1;
-  TipoAcceso Device = TipoAcceso::Ninguno;  // a connector needs no channel
-  QString RS232 = QStringLiteral("9600,O,7,1");
-  QString IniMdm0 = QStringLiteral("AT&FE0V0Q0Y1L3");
-  QStringList IniMdmX{QStringLiteral("AT&C1"), QStringLiteral("AT&D2"), QStringLiteral("AT&A0")};
-  QString PfxDial = QStringLiteral("ATDT");
-  int Intentos = 4;
-  int Espera = 40;
-  int ATHang = 10000;
-  int ControlLinea = 1;
-  bool operator==(const ParamCanal&) const = default;
-};
-
 // The kinds of task that the language has.
 struct LimitesClases {
   int ClaseTxMin = 1, ClaseTxMax = 11;
@@ -55,11 +40,45 @@ struct LimitesClases {
   }
 };
 
+class Ajustes;
+
+// A key of the file, of any room.
+struct ClaveIni {
+  int sitio = 0;
+  QString nombre;
+  Limites indices{};
+  std::function<bool(Ajustes&, int indice, const QString& valor)> leer;
+  std::function<QString(const Ajustes&, int indice)> escribir;
+  std::function<bool(const Ajustes&, int indice)> seEscribe;  // empty: always
+};
+
+// The settings of a room: its struct with the defaults, and its keys. Created by salaDeAjustes() of
+// Sala.h.
+struct SalaDeAjustes {
+  std::any valor;
+  std::vector<ClaveIni> claves;
+  std::function<void(Ajustes&)> antesDeLeer, trasLeer;  // may be empty
+};
+
 class Ajustes {
  public:
-  // CargaDefectos: the defaults for a program folder (an absolute path) and a language. SesionHasta
-  // and SesionACero begin at `ahora`.
-  Ajustes(QString carpeta, Idioma idioma, Fecha ahora = {});
+  // CargaDefectos: the defaults for a program folder (an absolute path) and a language. `salas` are
+  // the rooms with settings in the file. Ends the program if two of them have the same struct, or a
+  // key of the same name or place.
+  Ajustes(QString carpeta, Idioma idioma, const std::vector<SalaDeAjustes>& salas = {});
+
+  // The settings of a room, by its struct; the reference is valid as long as this object. Ends the
+  // program if the room is not among `salas`.
+  template <class T>
+  const T& de() const {
+    for (const std::any& valor : deLasSalas_)
+      if (const T* suyo = std::any_cast<T>(&valor)) return *suyo;
+    faltaSala(typeid(T).name());
+  }
+  template <class T>
+  T& de() {
+    return const_cast<T&>(std::as_const(*this).de<T>());
+  }
 
   // Reads the file over the present values. A missing file changes nothing and is no error. An
   // unreadable one (no rights, a folder, too large) changes nothing either, and its error is
@@ -88,40 +107,14 @@ class Ajustes {
   // CopiaSeguridad may be empty.
   QString HomeDir, BaseDatos, CopiaSeguridad;
   int WhoAmI = 0;
-  int TimeOut = 10000, TimeCero = 150000, IntentosManual = 0, TimeACK = 2000,
-      FactorEsperaNDL = 2000;
-  // CalculoPrecios: two or four values.
-  struct CalculoPrecios {
-    bool a = false;
-    int b = 0;
-    bool conSegundo = false;
-    bool c = false;
-    int d = 0;
-  } calculoPrecios;
-  std::array<ParamCanal, 4> canales;
-  int SesionAbier = 0;
-  Fecha SesionHasta, SesionACero;
-  std::vector<int> UltimosPeriodos;
-  Fecha InicioHorario, FinalHorario;  // fractions of a day
-  float ToleranciaHora = 0.25F;
   int MonedaNativa = 1, MonedaPreferente = 1;
   std::array<QString, 2> MonedaLogo;
   float Euro = 0;
-  int decimalesLocal = 0;                // by language, not stored
-  std::array<bool, 7> FestivoSemanal{};  // index 0 Monday to 6 Sunday
-  int NumeroPedido = 0, NumeroInventario = 0;
-  std::array<int, 2> EnviarCambios{1, 1}, OpcionesStockCompras{0, 0};
-  int ModoIntroRapido = 2;
-  QString ParrillaRapida =
-      QStringLiteral("1,1,2,1,1,0,0,0,0,0,0,0,0,0,0,0,-1,,,,,");  // as in the file
+  int decimalesLocal = 0;  // by language, not stored
+  // Kept for rooms to come.
+  std::array<int, 2> OpcionesStockCompras{0, 0};
   std::array<QString, 41> TextoEtiquetas;  // 1 to 40; 1 to 20 come from the table of texts
-  QString PrefijoCodigos;
-  int NumPreciosAlta = 3, NumTarifasAlta = 8;
-  struct Personal {
-    QString titulo, proceso;
-    bool operator==(const Personal&) const = default;
-  };
-  std::vector<Personal> personal;
+
   // A line of the file that wasn't fully understood, and the value used in its place; empty where
   // the line is ignored.
   struct Duda {
@@ -130,25 +123,15 @@ class Ajustes {
   std::vector<Duda> dudas;
   bool monedaLeida = false;            // MonedaNativa was in the file and readable
   void ponerMonedaNativa(int moneda);  // and what follows from it
-  // An addition of ours: another device for a serial port, by port number.
-  std::map<int, QString> RutaPuerto;
-  // An addition of ours: scales may answer a question under a different code.
-  bool AceptaOtroCodigo = false;
-
-  // CONECTORES.INI: what a connector name stands for ("tcp:host:port", "serie:dev,9600,O,7,1",
-  // "local:/path"), or empty if there is no such name. Read anew at each call.
-  QString conector(const QString& nombre) const;
 
  private:
+  [[noreturn]] static void faltaSala(const char* tipo);
+  void ponerSala(const SalaDeAjustes& sala);
+  void ordenarClaves();
+
+  std::vector<std::any> deLasSalas_;
+  std::vector<ClaveIni> claves_;  // as they are in the file
+  std::vector<std::function<void(Ajustes&)>> antesDeLeer_, trasLeer_;
 };
-
-// The limits of the five communication times.
-constexpr Limites limitesDe(int Ajustes::* campo) {
-  if (campo == &Ajustes::IntentosManual) return kLimitesIntentos;
-  return campo == &Ajustes::FactorEsperaNDL ? kLimitesEspera : kLimitesRespuesta;
-}
-
-// The same for the text of such a file.
-QString buscarConector(const QString& texto, const QString& nombre);
 
 }  // namespace tarvo

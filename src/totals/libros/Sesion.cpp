@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "totals/libros/AjustesSesion.h"
 #include "totals/libros/SesionInterior.h"
 
 namespace tarvo::totals {
@@ -21,7 +22,12 @@ constexpr double kDeUnaVez = 0.5, kSinContinuidad = 1.0 / 24;
 }  // namespace
 
 Sesion::Sesion(dao::Database& db, Ajustes& ajustes, Reloj& reloj, const Textos& textos)
-    : db_(db), ajustes_(ajustes), reloj_(reloj), textos_(textos), d(std::make_unique<Estado>(db)) {}
+    : db_(db),
+      ajustes_(ajustes),
+      reflejo_(ajustes.de<AjustesSesion>()),
+      reloj_(reloj),
+      textos_(textos),
+      d(std::make_unique<Estado>(db)) {}
 
 Sesion::~Sesion() = default;
 
@@ -40,9 +46,9 @@ void Sesion::ponerEjecucion(qint64 numero, bool reanuda) {
 }
 
 Resultado<> Sesion::cargar() {
-  d->abierta = ajustes_.SesionAbier;
-  d->hasta = ajustes_.SesionHasta;
-  d->aCero = ajustes_.SesionACero;
+  d->abierta = reflejo_.SesionAbier;
+  d->hasta = reflejo_.SesionHasta;
+  d->aCero = reflejo_.SesionACero;
   TARVO_TOMAR(const auto guardado, d->valores.leer(kClaveEstado));
   if (guardado.nulo()) return {};
   TARVO_TOMAR(const auto hasta, d->valores.leer(kClaveHasta));
@@ -93,9 +99,9 @@ void Sesion::Estado::renovar(Fecha ahora) {
 }
 
 Resultado<> Sesion::reflejar() {
-  ajustes_.SesionAbier = d->abierta;
-  ajustes_.SesionHasta = d->hasta;
-  ajustes_.SesionACero = d->aCero;
+  reflejo_.SesionAbier = d->abierta;
+  reflejo_.SesionHasta = d->hasta;
+  reflejo_.SesionACero = d->aCero;
   return ajustes_.GuardarConfig();
 }
 

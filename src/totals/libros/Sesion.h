@@ -44,6 +44,8 @@ struct PermisoCero {
   std::vector<Aviso> avisos = {};  // what was settled to decide this
 };
 
+struct AjustesSesion;
+
 class Sesion {
  public:
   Sesion(dao::Database& db, Ajustes& ajustes, Reloj& reloj, const Textos& textos);
@@ -115,6 +117,7 @@ class Sesion {
   struct Estado;
   dao::Database& db_;
   Ajustes& ajustes_;
+  AjustesSesion& reflejo_;
   Reloj& reloj_;
   const Textos& textos_;
   std::unique_ptr<Estado> d;

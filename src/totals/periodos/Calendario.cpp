@@ -1,5 +1,7 @@
 #include "totals/periodos/Calendario.h"
 
+#include "totals/periodos/AjustesPeriodos.h"
+
 #include <cmath>
 
 namespace tarvo::totals {
@@ -66,6 +68,8 @@ Periodo LimitesPeriodo(int tipo, Fecha desde, Fecha hasta) {
       return {tipo, desde, hasta};
   }
 }
+
+Calendario::Calendario(const Ajustes& ajustes) : a_(ajustes.de<AjustesPeriodos>()) {}
 
 Jornada Calendario::VentanaHorario(const std::optional<Jornada>& jornada) const {
   const double o = jornada ? jornada->abre : a_.InicioHorario.dias();

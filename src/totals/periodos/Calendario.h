@@ -39,9 +39,11 @@ struct Periodo {
 // stay.
 Periodo LimitesPeriodo(int tipo, Fecha desde, Fecha hasta);
 
+struct AjustesPeriodos;
+
 class Calendario {
  public:
-  explicit Calendario(const Ajustes& ajustes) : a_(ajustes) {}
+  explicit Calendario(const Ajustes& ajustes);
   // The core of a working day as (x, y), fractions of a day.
   Jornada VentanaHorario(const std::optional<Jornada>& jornada) const;
   bool EnHorario(Fecha instante, const std::optional<Horario>& horario) const;
@@ -54,7 +56,7 @@ class Calendario {
   Periodo DeterminarPeriodo(Fecha desde, Fecha hasta, const std::optional<Horario>& horario) const;
 
  private:
-  const Ajustes& a_;
+  const AjustesPeriodos& a_;
 };
 
 QString NombreTipoPeriodo(int tipo);

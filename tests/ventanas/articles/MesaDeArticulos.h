@@ -12,13 +12,19 @@
 #include <QTimer>
 #include <QTreeWidget>
 
+#include "articles/AjustesArticulos.h"
 #include "articles/TablasArticulos.h"
+#include "articles/precios/AjustesPrecios.h"
 #include "articles/ventanas/Puertas.h"
 #include "articles/ventanas/Registro.h"
+#include "comm/cables/AjustesCables.h"
+#include "comm/enlace/AjustesEnlace.h"
+#include "comm/motor/AjustesMotor.h"
 #include "core/esquema/Esquema.h"
 #include "core/ventanas/marco/Recorrido.h"
 #include "core/ventanas/marco/Tira.h"
 #include "motor/CableSimulado.h"
+#include "totals/libros/AjustesSesion.h"
 #include "totals/libros/TablasLibros.h"
 #include "totals/periodos/TablasTotales.h"
 #include "ventanas/Mesa.h"
@@ -30,7 +36,9 @@ using namespace articles;
 // Section 1 has department 1 "Fruta" with articles 10, 20, ... 100 at 1,00 to 10,00, and groups 1
 // to 4 of kinds 1 to 4; section 2 has article 20 alone. Group 1 holds articles 10 and 20.
 struct MesaDeArticulos : Mesa {
-  MesaDeArticulos() {
+  MesaDeArticulos()
+      : Mesa({}, {articles::ajustesArticulos(), precios::ajustesPrecios(), totals::ajustesSesion(),
+                  enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor()}) {
     sql(u"create table if not exists nada (n)"_s);
     bien(esquema::ponerAlDia(*db, *Fecha::leer(u"01/01/2018"_s)));
     bien(totals::asegurarTablasLibros(*db));

@@ -205,7 +205,8 @@ TEST(Editor, ElCodigoDeBarrasRaroSeDice) {
     EXPECT_EQ(t.control<QLabel>(v, u"dibujo")->pixmap().isNull(), *c.dice != 0);
     t.control<QPushButton>(v, u"Guardar")->click();
     EXPECT_EQ(t.leer(u"select CodBarExt, PFX_BAR from PLUSES where SECCION=1 and CODPLU=10"_s),
-              QString(QString::fromUtf16(c.predefinido) + u' ' + QString::fromUtf16(c.prefijo)));
+              QString((*c.predefinido ? QString::fromUtf16(c.predefinido) : u"-"_s) + u' ' +
+                      QString::fromUtf16(c.prefijo)));
     const std::string guardado = "0000010 está guardado. " + std::string(c.dice);
     EXPECT_EQ(lista->tira().texto().toStdString(), *c.dice ? guardado : "") << c.dice;
     if (!*c.dice) continue;

@@ -80,7 +80,7 @@ TEST(ListaArticulos, EnviarAlSalir) {
                {2, true, u"", false, 4, 2},   {2, false, u"", false, 0, 2}};
   for (const auto& c : casos) {
     MesaDeArticulos t;
-    t.ajustes.EnviarCambios[1] = c.valor;
+    t.ajustes.de<AjustesArticulos>().EnviarCambios[1] = c.valor;
     auto* v = t.abrir(u"BrowPLUs"_s);
     if (c.cambia) bien(t.catalogo.ponerPrecios({1, 10}, Precios{}, u"BrowPLUs"_s));
     bool preguntado = false;
@@ -98,7 +98,7 @@ TEST(ListaArticulos, EnviarAlSalir) {
       EXPECT_EQ(tarea.datos.Clase, TipoTarea::TxPlus);
       EXPECT_FALSE(tarea.datos.Todo);
     }
-    EXPECT_EQ(t.ajustes.EnviarCambios[1], c.queda);
+    EXPECT_EQ(t.ajustes.de<AjustesArticulos>().EnviarCambios[1], c.queda);
     EXPECT_TRUE(t.cambiadas().empty());
   }
 }
@@ -130,7 +130,7 @@ TEST(ListaArticulos, LosPreciosOcultos) {
 // The queue empties: the window from which the list was opened says so.
 TEST(ListaArticulos, ElFinDelEnvioSeDice) {
   MesaDeArticulos t;
-  t.ajustes.EnviarCambios[1] = 2;
+  t.ajustes.de<AjustesArticulos>().EnviarCambios[1] = 2;
   auto* arbol = t.abrir(PuertaBrowGrupos{});
   t.tecla(Qt::Key_F4);
   t.cargada(u"BrowPLUs"_s);

@@ -43,8 +43,8 @@ TEST(Operadores, ElCodigoDeUnOperador) {
   EXPECT_EQ(t.leer(u"select TIPO, OP01_C, OP01_T, OP15_C from GRUPOS order by CODGPO"_s),
             u"1 77 1 77 | 2 77 1 5 | 3 6 0 77 | 4 77 1 77");
   EXPECT_EQ(v->tira().texto(),
-            u"1 operador vuelve, también a sus grupos.  En 1 hueco de los grupos ya hay otro, o el "
-            u"grupo no existe: se queda así.");
+            u"1 operador vuelve, también a sus grupos.  En 1 sitio de los grupos ya hay otro "
+            u"operador, o el grupo no existe: se queda así.");
   EXPECT_EQ(grid.texto(grid.filaActual(), u"CODOPE"), u"0077");
   t.responder(u"Acepto"_s);
   t.tecla(Qt::Key_Delete);

@@ -77,8 +77,9 @@ TEST(RapidasDesdeLaLista, TreintaPrecios) {
 
 TEST(RapidasDesdeLaLista, UnArticuloNuevo) {
   Mercado t;
-  t.ajustes.NumPreciosAlta = t.ajustes.NumTarifasAlta = 1;
-  t.ajustes.ParrillaRapida = u"1,1,2,1,1,0,0,0,0,0,1,2,1,0,1,1,0,1,5,,0,0"_s;
+  auto& suyos = t.ajustes.de<precios::AjustesPrecios>();
+  suyos.NumPreciosAlta = suyos.NumTarifasAlta = 1;
+  suyos.ParrillaRapida = u"1,1,2,1,1,0,0,0,0,0,1,2,1,0,1,1,0,1,5,,0,0"_s;
   auto* v = t.porMenu(Qt::Key_Insert, u"FastAlta"_s);
   for (const QString& texto : {u"555"_s, u"Lomo"_s, u"12,5"_s}) {
     t.escribir(texto);
@@ -101,7 +102,7 @@ TEST(RapidasDesdeLaLista, UnArticuloNuevo) {
 TEST(RapidasDesdeLaLista, UnPrecioCalculado) {
   Mercado t;
   t.sql(u"update PLUSES set COSTE=500 where SECCION=1"_s);
-  t.ajustes.calculoPrecios = {.a = true, .b = 5};
+  t.ajustes.de<precios::AjustesPrecios>().calculoPrecios = {.a = true, .b = 5};
   auto& grid = t.lista(t.lista_);
   ASSERT_EQ(t.enMano(grid), 10);
   t.tecla(Qt::Key_F11);

@@ -25,7 +25,7 @@ struct Configuracion : MesaDeComm {
 };
 
 TEST_F(Configuracion, LineaDeUnCanal) {
-  ajustes->canales[1].Device = TipoAcceso::Ninguno;
+  cables().canales[1].Device = TipoAcceso::Ninguno;
   abrir(u"CfgComm"_s);
   auto* rs232 = en<QPushButton>(u"RS232_2"_s);
   auto* imagen = en<QToolButton>(u"imagen2"_s);
@@ -51,20 +51,20 @@ TEST_F(Configuracion, LineaDeUnCanal) {
   });
   pulsar(u"RS232_2"_s);
   EXPECT_EQ(en<QLabel>(u"linea2"_s)->text(), u"19200,E,7,1");
-  EXPECT_EQ(ajustes->canales[1].RS232, u"9600,O,7,1");  // not before the whole is accepted
+  EXPECT_EQ(cables().canales[1].RS232, u"9600,O,7,1");  // not before the whole is accepted
   EXPECT_EQ(gestor->canales()[1].EstadoCanal, 3);
   escribir(en<QLineEdit>(u"TimeOut"_s), u"12000"_s);
   pulsar(u"Acepto"_s);
-  EXPECT_EQ(ajustes->TimeOut, 12000);
-  EXPECT_EQ(ajustes->canales[1].Puerto, 16);
-  EXPECT_EQ(ajustes->canales[1].ControlLinea, 3);
+  EXPECT_EQ(tiempos().TimeOut, 12000);
+  EXPECT_EQ(cables().canales[1].Puerto, 16);
+  EXPECT_EQ(cables().canales[1].ControlLinea, 3);
   EXPECT_EQ(enFichero(u"RS232(2)"_s), u"19200,E,7,1");
   EXPECT_EQ(enFichero(u"Device(2)"_s), u"2");
 }
 
 // A speed set by hand in the file, which the list doesn't offer, is shown and kept.
 TEST_F(Configuracion, UnaVelocidadFueraDeLaListaSeConserva) {
-  ajustes->canales[1].RS232 = u"38400,N,8,1"_s;
+  cables().canales[1].RS232 = u"38400,N,8,1"_s;
   abrir(u"CfgComm"_s);
   luego([&](QWidget* d) {
     EXPECT_EQ(d->findChild<QComboBox*>(u"Baudios"_s)->currentText(), u"38400");
@@ -75,15 +75,15 @@ TEST_F(Configuracion, UnaVelocidadFueraDeLaListaSeConserva) {
 }
 
 TEST_F(Configuracion, ValoresDeFabrica) {
-  ajustes->TimeOut = 1;
-  ajustes->IntentosManual = 99;
+  tiempos().TimeOut = 1;
+  delMotor().IntentosManual = 99;
   abrir(u"CfgComm"_s);
   pulsar(u"DeFabrica"_s);
   EXPECT_EQ(en<QLineEdit>(u"TimeOut"_s)->text(), u"10000");
-  EXPECT_EQ(ajustes->TimeOut, 1);  // not before it is accepted
+  EXPECT_EQ(tiempos().TimeOut, 1);  // not before it is accepted
   pulsar(u"Acepto"_s);
-  EXPECT_EQ(ajustes->TimeOut, 10000);
-  EXPECT_EQ(ajustes->IntentosManual, 0);
+  EXPECT_EQ(tiempos().TimeOut, 10000);
+  EXPECT_EQ(delMotor().IntentosManual, 0);
 }
 
 // A channel that is put to use works at once; one that is taken out of it stops.
@@ -108,16 +108,16 @@ TEST_F(Configuracion, LoMaloNoSeGuarda) {
     const QString dicho = caja([&] { pulsar(u"Acepto"_s); });
     EXPECT_EQ(dicho, u"Valores de configuración incorrectos");
     EXPECT_FALSE(en<QLabel>(u"faltaTimeACK"_s)->text().isEmpty());
-    EXPECT_EQ(ajustes->TimeACK, 2000);
+    EXPECT_EQ(tiempos().TimeACK, 2000);
     EXPECT_EQ(caja([&] { pulsar(u"Cancelo"_s); }), u"¿Abandonar los cambios realizados?");
     QCoreApplication::processEvents();
-    EXPECT_EQ(ajustes->canales[0].Device, TipoAcceso::Directo);
+    EXPECT_EQ(cables().canales[0].Device, TipoAcceso::Directo);
     EXPECT_FALSE(QFile::exists(ajustes->rutaConfig()));
   }
 }
 
 TEST_F(Configuracion, OrdenesDelModem) {
-  ajustes->canales[0].Device = TipoAcceso::Modem;
+  cables().canales[0].Device = TipoAcceso::Modem;
   abrir(u"CfgComm"_s);
   luego([&](QWidget* d) {
     const auto pulsa = [d](const QString& boton) {
@@ -140,7 +140,7 @@ TEST_F(Configuracion, OrdenesDelModem) {
   });
   pulsar(u"Modem_1"_s);
   pulsar(u"Acepto"_s);
-  const ParamCanal& p = ajustes->canales[0];
+  const enlace::ParamCanal& p = cables().canales[0];
   EXPECT_EQ(p.IniMdm0, u"AT&F");
   EXPECT_EQ(p.IniMdmX.join(u' '), u"AT&C1 AT&D2 ATS0=1 AT&A0 ATS7=60 ATX1 ATX2");
 }

@@ -85,7 +85,7 @@ TEST_F(VentanaEstado, SePideUnArticuloALaBalanza) {
 
 // The machine is dead: it is said, tried again, and can be stopped; back, it goes on by itself.
 TEST_F(VentanaEstado, UnaMaquinaQueNoContesta) {
-  ajustes->IntentosManual = 1;
+  delMotor().IntentosManual = 1;
   abrir(comm::PuertaEstadoEnvio{1});
   ASSERT_TRUE(lista(u"0000010 Pendiente,0000020 Pendiente,0000030 Pendiente,0000040 Retenido"_s));
   auto* aviso = control<QLabel>(u"LblTarea"_s, u"EstadoEnvio"_s);

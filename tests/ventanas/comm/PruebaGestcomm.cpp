@@ -185,7 +185,7 @@ TEST_F(Gestcomm, AlCerrarSeNombraLoQueQueda) {
 // A lost link with nobody watching: the command that the window names opens it at once.
 TEST_F(Gestcomm, SeguirAbreElEnlacePerdido) {
   dosGrupos();
-  ajustes->IntentosManual = 0;
+  delMotor().IntentosManual = 0;
   fallo(1, {.averia = Averia::CierreLimpio, .trama = 3});
   auto* v = abrir(u"gestcomm"_s);
   encolar(1, 18);

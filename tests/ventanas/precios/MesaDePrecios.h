@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include "articles/TablasArticulos.h"
+#include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/ventanas/Puertas.h"
 #include "articles/precios/ventanas/Registro.h"
 #include "core/esquema/Esquema.h"
@@ -48,7 +49,7 @@ class ListaDeArticulos final : public ventanas::Ventana, public ventanas::Recorr
 };
 
 struct MesaDePrecios : Mesa {
-  MesaDePrecios() {
+  MesaDePrecios() : Mesa({}, {precios::ajustesPrecios()}) {
     bien(esquema::ponerAlDia(*db, *Fecha::leer(u"01/01/2018")));
     bien(articles::asegurarTablasArticulos(*db));
     seccion(1, u"Carne", u"4@10@21@0@0");
@@ -95,6 +96,7 @@ struct MesaDePrecios : Mesa {
     QTest::mouseClick(v->findChild<QPushButton*>(nombre), Qt::LeftButton);
   }
 
+  precios::AjustesPrecios& suyos = ajustes.de<precios::AjustesPrecios>();
   articles::Catalogo catalogo{*db, textos, reloj, u"Ana"_s};
   precios::Ofertas ofertas{*db, textos, reloj};
 };

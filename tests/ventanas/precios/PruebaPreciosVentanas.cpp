@@ -10,7 +10,7 @@ TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
   MesaDePrecios m;
   m.sql(u"update PLUSES set COSTE=800 where CODPLU=4"_s);
   m.sql(u"update PLUSES set COSTE=1001 where CODPLU=5"_s);
-  m.ajustes.calculoPrecios = {.a = true, .b = 5};
+  m.suyos.calculoPrecios = {.a = true, .b = 5};
   auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
   auto* v = m.abrir(u"CalcPre"_s);
   EXPECT_EQ(lista->hijos, 1);
@@ -33,8 +33,8 @@ TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
   EXPECT_EQ(m.leer(u"select min(plu) from [Cross]"_s), u"6");
   v->descargar();
   EXPECT_EQ(lista->hijos, 0);
-  EXPECT_TRUE(m.ajustes.calculoPrecios.c);
-  EXPECT_EQ(m.ajustes.calculoPrecios.d, 50);
+  EXPECT_TRUE(m.suyos.calculoPrecios.c);
+  EXPECT_EQ(m.suyos.calculoPrecios.d, 50);
 }
 
 TEST(VentanaCalculo, SinTocarNadaNoSeEscribeNada) {

@@ -38,7 +38,7 @@ TEST(VentanaRapida, LasTeclasYLosModos) {
   const QString pasos[] = {u"precio10"_s, u"precio01"_s};  // next price, next tarifa
   for (int modo = 0; modo < 2; ++modo) {
     QTest::mouseDClick(v->findChild<QLabel*>(u"lbModo"_s), Qt::LeftButton);
-    EXPECT_EQ(m.ajustes.ModoIntroRapido, modo);
+    EXPECT_EQ(m.suyos.ModoIntroRapido, modo);
     m.campo(v, u"precio00"_s).setFocus();
     m.pulsar(Qt::Key_Return);
     EXPECT_EQ(m.enFoco(), pasos[modo]);
@@ -67,8 +67,8 @@ TEST(VentanaRapida, LasColumnasQueSeElijen) {
     m.boton(w, u"Acepto"_s);
   });
   QTest::keyClick(v, Qt::Key_F9);
-  EXPECT_EQ(m.ajustes.ParrillaRapida, u"1,1,0,1,1,2,0,0,0,0,0,0,0,0,0,0,-1,,,,,");
-  EXPECT_EQ(m.ajustes.ModoIntroRapido, 1);
+  EXPECT_EQ(m.suyos.ParrillaRapida, u"1,1,0,1,1,2,0,0,0,0,0,0,0,0,0,0,-1,,,,,");
+  EXPECT_EQ(m.suyos.ModoIntroRapido, 1);
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
   EXPECT_TRUE(grid.vista()->isColumnHidden(grid.modelo()->columna(u"PRECIO_00")));
   grid.vista()->setFocus();
@@ -87,9 +87,9 @@ TEST(VentanaRapida, LasColumnasQueSeElijen) {
 // The prefix 12, and a department that doesn't move: four fields an article.
 TEST(VentanaAlta, ConPrefijoYDepartamentoFijo) {
   MesaDePrecios m;
-  m.ajustes.PrefijoCodigos = u"12"_s;
-  m.ajustes.NumPreciosAlta = m.ajustes.NumTarifasAlta = 1;
-  m.ajustes.ParrillaRapida = u"1,1,2,1,1,0,0,0,0,0,1,2,1,0,1,1,0,2,5,,0,0"_s;
+  m.suyos.PrefijoCodigos = u"12"_s;
+  m.suyos.NumPreciosAlta = m.suyos.NumTarifasAlta = 1;
+  m.suyos.ParrillaRapida = u"1,1,2,1,1,0,0,0,0,0,1,2,1,0,1,1,0,2,5,,0,0"_s;
   auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
   auto* v = m.abrir(u"FastAlta"_s);
   EXPECT_FALSE(m.campo(v, u"txdep"_s).isEnabled());

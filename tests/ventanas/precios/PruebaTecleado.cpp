@@ -40,7 +40,7 @@ TEST(VentanaCalculo, LoQueNoValeSeDiceYNoSeGuarda) {
   };
   for (const auto& c : casos) {
     Tecleado m;
-    m.ajustes.calculoPrecios = {.a = false, .b = 0};
+    m.suyos.calculoPrecios = {.a = false, .b = 0};
     auto* v = m.abrir(u"CalcPre"_s);
     MesaDePrecios::escribir(v, c.campo, c.texto);
     QTest::keyClick(m.foco(), Qt::Key_G, Qt::AltModifier);
@@ -274,7 +274,7 @@ TEST(VentanaCalculo, EmpiezaPorElPrecioDado) {
 TEST(VentanaCalculo, ElRedondeoActivoSeVe) {
   for (const int paso : {0, 5}) {
     Tecleado m;
-    m.ajustes.calculoPrecios = {.a = true, .b = paso};
+    m.suyos.calculoPrecios = {.a = true, .b = paso};
     auto* v = m.abrir(precios::PuertaCalcPre{});
     EXPECT_EQ(m.texto(v, u"avisoRedondeo"_s), paso > 0 ? u"redondeo 5 activo" : u"");
   }

@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include "app/AjustesPersonal.h"
 #include "app/Datos.h"
 #include "app/ventanas/Manana.h"
 #include "app/ventanas/Registro.h"
@@ -50,7 +51,8 @@ struct MesaPrincipal : Tienda {
     bien(aplicacion.empezar());
     app::registrarVentanasPrincipal(todas(), aplicacion);
     suplir<automation::PuertaAutomat, automation::PuertaCronos, automation::PuertaVeoLog,
-           comm::PuertaGestcomm, totals::PuertaCerrSes, totals::PuertaVerTot>(suplentes);
+           comm::PuertaGestcomm, totals::PuertaCerrSes, totals::PuertaVerCols,
+           totals::PuertaVerTot>(suplentes);
   }
 
   ventanas::Ventanas& todas() { return escritorio.ventanas(); }
@@ -84,6 +86,9 @@ struct MesaPrincipal : Tienda {
   // A night that read group 1 and not group 2.
   void nocheMala();
 
+  std::vector<app::Personal>& personal() {
+    return fondo->ajustes.de<app::AjustesPersonal>().personal;
+  }
   QString carpetaConAjustes() {
     if (!ajustes.isEmpty()) fichero(u"TARVO.INI"_s, ajustes);
     return carpeta.path();

@@ -66,7 +66,7 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
     rellenarElemento(d, u"Hacer pedido"_s, u"PEDIDO"_s);
   });
   QTest::mouseClick(entrada, Qt::LeftButton);
-  ASSERT_EQ(t.fondo->ajustes.personal.size(), 1U);
+  ASSERT_EQ(t.personal().size(), 1U);
   EXPECT_EQ(entrada->text().remove(u'&'), u"Hacer pedido");
 
   // It is asked once: one press must not start a night.
@@ -90,11 +90,11 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
   enElMenu(1, [](QWidget& d) { rellenarElemento(d, u"Pedido diario"_s, u"PEDIDO"_s); });
   menuSobre(*entrada);
   EXPECT_EQ(entrada->text().remove(u'&'), u"Pedido diario");
-  EXPECT_EQ(t.fondo->ajustes.personal.front().proceso, u"PEDIDO");
+  EXPECT_EQ(t.personal().front().proceso, u"PEDIDO");
 
   enElMenu(2);
   menuSobre(*entrada);
-  EXPECT_TRUE(t.fondo->ajustes.personal.empty());
+  EXPECT_TRUE(t.personal().empty());
   EXPECT_EQ(entrada->text().remove(u'&'), u"Personalizado");
 }
 
@@ -102,7 +102,7 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
 TEST(Personal, ElProcesoQueNoSeLeeDiceSuLinea) {
   MesaPrincipal t;
   t.fichero(u"PEDIDO.AUT"_s, "@INICIO BATCH\r\nS:ABRIR\r\nT:NADA,ALL\r\n@FINAL BATCH\r\n");
-  t.fondo->ajustes.personal = {{u"Pedido"_s, u"PEDIDO"_s}};
+  t.personal() = {{u"Pedido"_s, u"PEDIDO"_s}};
   auto* v = t.principal();
   QTest::mouseClick(v->findChild<QToolButton*>(u"Personalizado"_s), Qt::LeftButton);
   EXPECT_FALSE(t.suplente(u"Cronos"_s));
@@ -114,7 +114,7 @@ TEST(Personal, ElProcesoQueNoSeLeeDiceSuLinea) {
 TEST(Personal, DosAbrenUnPanel) {
   MesaPrincipal t;
   t.fichero(u"HORARIO.CRO"_s, "22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,S\xED;NOCHE\r\n");
-  t.fondo->ajustes.personal = {{u"Uno"_s, u"PEDIDO"_s}};
+  t.personal() = {{u"Uno"_s, u"PEDIDO"_s}};
   auto* v = t.principal();
   enElMenu(0, [](QWidget& d) {
     QTest::mouseClick(d.findChild<QPushButton*>(u"Subir"_s), Qt::LeftButton);
@@ -122,8 +122,8 @@ TEST(Personal, DosAbrenUnPanel) {
     rellenarElemento(d, u"La noche"_s, u"HORARIO"_s);
   });
   menuSobre(*v->findChild<QToolButton*>(u"Personalizado"_s));
-  ASSERT_EQ(t.fondo->ajustes.personal.size(), 2U);
-  EXPECT_EQ(t.fondo->ajustes.personal[0].titulo, u"La noche");
+  ASSERT_EQ(t.personal().size(), 2U);
+  EXPECT_EQ(t.personal()[0].titulo, u"La noche");
   v->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(v));
   QTest::mouseClick(v->findChild<QToolButton*>(u"Personalizado"_s), Qt::LeftButton);

@@ -7,6 +7,7 @@
 
 #include "MesaPrincipal.h"
 #include "automation/historia/Historial.h"
+#include "comm/cables/AjustesCables.h"
 #include "core/ventanas/marco/Captura.h"
 #include "core/ventanas/marco/Tira.h"
 #include "totals/libros/TablasLibros.h"
@@ -277,7 +278,7 @@ TEST(Principal, PreguntaAlMotorQueSigueSinSuVentana) {
   MesaPrincipal t;
   QTcpServer muda;
   ASSERT_TRUE(muda.listen(QHostAddress::LocalHost));
-  t.fondo->ajustes.canales[0].Device = TipoAcceso::TcpIp;
+  t.fondo->ajustes.de<enlace::AjustesCables>().canales[0].Device = TipoAcceso::TcpIp;
   auto& motor = t.aplicacion.gestcomm();
   motor.cambiaronCanales();
   t.grupo(

@@ -11,8 +11,10 @@
 #include <QTimer>
 
 #include "core/esquema/Esquema.h"
+#include "totals/libros/AjustesSesion.h"
 #include "totals/libros/CerrSes.h"
 #include "totals/libros/TablasLibros.h"
+#include "totals/periodos/AjustesPeriodos.h"
 #include "totals/periodos/TablasTotales.h"
 #include "totals/ventanas/RegistroTotales.h"
 #include "ventanas/Mesa.h"
@@ -20,7 +22,7 @@
 namespace tarvo::prueba {
 
 struct MesaDeTotales : Mesa {
-  MesaDeTotales() {
+  MesaDeTotales() : Mesa({}, {totals::ajustesSesion(), totals::ajustesPeriodos()}) {
     bien(esquema::ponerAlDia(*db, momento("01/01/2018")));
     bien(totals::asegurarTablasLibros(*db));
     bien(totals::asegurarTablasTotales(*db));

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/dinero/Dinero.h"
@@ -119,7 +120,7 @@ bool CalcPreVentana::terminar() {
 }
 
 void CalcPreVentana::ponerAjustes() {
-  const auto& a = contexto().ajustes.calculoPrecios;
+  const auto& a = contexto().ajustes.de<AjustesPrecios>().calculoPrecios;
   calc_ = CalcPre(a.a ? ModoIva::Incluido : ModoIva::Detallado, a.b);
   if (a.conSegundo && a.c) {
     const auto exacto = numeroDe(contexto().recuerdos.leer(nombre(), kMargenFijo));
@@ -133,7 +134,7 @@ void CalcPreVentana::ponerAjustes() {
 }
 
 void CalcPreVentana::guardarAjustes() {
-  auto& a = contexto().ajustes.calculoPrecios;
+  auto& a = contexto().ajustes.de<AjustesPrecios>().calculoPrecios;
   a.a = calc_.modo() == ModoIva::Incluido;
   a.b = static_cast<int>(calc_.redondeo());
   a.conSegundo = a.c = calc_.bloqueado().has_value();

@@ -1,5 +1,6 @@
 #include "articles/precios/ventanas/CfgFastPlu.h"
 
+#include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/ventanas/TablaOpciones.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 
@@ -7,7 +8,7 @@ namespace tarvo::precios {
 
 using namespace Qt::StringLiterals;
 
-ConfigCambio ConfigCambio::de(const Ajustes& ajustes) {
+ConfigCambio ConfigCambio::de(const AjustesPrecios& ajustes) {
   const ParrillaRapida todas = ParrillaRapida::leer(ajustes.ParrillaRapida);
   ConfigCambio config;
   for (std::size_t i = 0; i < kColumnasRapidas; ++i)

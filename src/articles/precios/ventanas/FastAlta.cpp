@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Tira.h"
@@ -24,8 +25,8 @@ constexpr int kCifras = 7;
 FastAlta::FastAlta(ventanas::Contexto& contexto, const QString& nombre,
                    articles::Catalogo& catalogo)
     : FichaDe(contexto, nombre),
-      motor_(catalogo, FormaAlta::leer(contexto.ajustes)),
-      politicas_(ParrillaRapida::leer(contexto.ajustes.ParrillaRapida)),
+      motor_(catalogo, FormaAlta::leer(contexto.ajustes.de<AjustesPrecios>())),
+      politicas_(ParrillaRapida::leer(contexto.ajustes.de<AjustesPrecios>().ParrillaRapida)),
       lista_(contexto) {
   montar();
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/CambioRapido.h"
 #include "articles/precios/ventanas/CfgFastA.h"
 #include "articles/precios/ventanas/FastAlta.h"
@@ -123,7 +124,7 @@ void FastAlta::configurar() {
 
 // Other choices of the same settings are the fast change's.
 void FastAlta::guardarAjustes() {
-  Ajustes& a = contexto().ajustes;
+  auto& a = contexto().ajustes.de<AjustesPrecios>();
   ParrillaRapida todas = ParrillaRapida::leer(a.ParrillaRapida);
   for (int i = 0; i < kCamposFijos; ++i) {
     const auto fijo = static_cast<CampoFijo>(i);
@@ -134,7 +135,7 @@ void FastAlta::guardarAjustes() {
   a.PrefijoCodigos = motor_.forma().prefijo();
   a.NumPreciosAlta = motor_.forma().precios();
   a.NumTarifasAlta = motor_.forma().tarifas();
-  haIdoBien(a.GuardarConfig());
+  haIdoBien(contexto().ajustes.GuardarConfig());
 }
 
 }  // namespace tarvo::precios

@@ -3,6 +3,7 @@
 #include <QTableView>
 
 #include "articles/Busqueda.h"
+#include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/CambioRapido.h"
 #include "articles/precios/ventanas/CfgFastPlu.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
@@ -42,7 +43,7 @@ FastModf::FastModf(ventanas::Contexto& contexto, const QString& nombre,
     : Ventana(contexto, nombre),
       catalogo_(catalogo),
       lista_(contexto),
-      modo_(leerModoIntro(contexto.ajustes.ModoIntroRapido)) {
+      modo_(leerModoIntro(contexto.ajustes.de<AjustesPrecios>().ModoIntroRapido)) {
   ui_.setupUi(cuerpo());
   enlazar();
   montar();
@@ -99,7 +100,8 @@ Resultado<> FastModf::seccionCambiada() {
 }
 
 ventanas::Columna FastModf::columna(ColumnaRapida cual) {
-  const Vista vista = ParrillaRapida::leer(contexto().ajustes.ParrillaRapida).vista(cual);
+  const Vista vista =
+      ParrillaRapida::leer(contexto().ajustes.de<AjustesPrecios>().ParrillaRapida).vista(cual);
   const Como& como = kColumnasPLU[static_cast<std::size_t>(cual)];
   ventanas::Columna c{.titulo = kTxColumnas + static_cast<int>(cual),
                       .campo = QString::fromUtf16(como.campo),
@@ -277,19 +279,21 @@ void FastModf::pintarModo() {
 
 void FastModf::ponerModo(ModoIntro modo) {
   modo_ = modo;
-  contexto().ajustes.ModoIntroRapido = static_cast<int>(modo);
+  contexto().ajustes.de<AjustesPrecios>().ModoIntroRapido = static_cast<int>(modo);
   haIdoBien(contexto().ajustes.GuardarConfig());
   pintarModo();
 }
 
 void FastModf::configurar() {
   if (!ui_.GrdP->terminar()) return;
-  const auto config = preguntar(PuertaCfgFastPlu{ConfigCambio::de(contexto().ajustes)});
+  const auto config =
+      preguntar(PuertaCfgFastPlu{ConfigCambio::de(contexto().ajustes.de<AjustesPrecios>())});
   if (!config) return;
-  ParrillaRapida todas = ParrillaRapida::leer(contexto().ajustes.ParrillaRapida);
+  ParrillaRapida todas =
+      ParrillaRapida::leer(contexto().ajustes.de<AjustesPrecios>().ParrillaRapida);
   for (std::size_t i = 0; i < kColumnasRapidas; ++i)
     todas.poner(static_cast<ColumnaRapida>(i), config->vistas[i]);
-  contexto().ajustes.ParrillaRapida = todas.escribir();
+  contexto().ajustes.de<AjustesPrecios>().ParrillaRapida = todas.escribir();
   ponerModo(config->modo);
   haIdoBien(abrirLista());
   ui_.Grd->setFocus();

@@ -79,7 +79,7 @@ struct PuertaCfgFastA {
 struct ConfigCambio {
   std::array<Vista, kColumnasRapidas> vistas{};
   ModoIntro modo = ModoIntro::PLU;
-  static ConfigCambio de(const Ajustes& ajustes);
+  static ConfigCambio de(const AjustesPrecios& ajustes);
   bool operator==(const ConfigCambio&) const = default;
 };
 struct PuertaCfgFastPlu {

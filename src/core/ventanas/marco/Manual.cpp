@@ -165,6 +165,9 @@ void Manual::buscar() {
     texto_->find(que);
     return;
   }
+  QTextCursor en = texto_->textCursor();
+  en.clearSelection();  // what was found before isn't what was asked for
+  texto_->setTextCursor(en);
   decirDuda(contexto().textos(kTxManualSinEso, {que}));
 }
 

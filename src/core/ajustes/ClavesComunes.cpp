@@ -1,0 +1,101 @@
+#include "core/ajustes/ClavesComunes.h"
+
+#include <QFileInfo>
+
+#include "core/ajustes/Sala.h"
+
+namespace tarvo {
+
+namespace {
+
+constexpr Limites kUnByte{0, 255};
+constexpr Limites kEtiquetasLibres{21, 40};
+constexpr int kLetrasLogo = 3;  // always, in the file
+
+// Relative if it is inside the program's folder, under whatever name: a copied or moved folder
+// takes all its files along.
+QString rutaGuardada(const Ajustes& a, const QString& ruta) {
+  const auto real = [](const QString& carpeta) {
+    const QString canonica = QFileInfo(carpeta).canonicalFilePath();
+    return canonica.isEmpty() ? carpeta : canonica;
+  };
+  const QString carpeta = real(a.carpeta);
+  if (ruta.isEmpty()) return ruta;
+  if (real(ruta) == carpeta) return QStringLiteral(".");
+  const QFileInfo info(ruta);
+  const QString dentro = real(info.path()) + u'/' + info.fileName();
+  return dentro.startsWith(carpeta + u'/') ? dentro.mid(carpeta.size() + 1) : ruta;
+}
+
+template <QString Ajustes::* kCampo>
+QString escribirRuta(const Ajustes& a, int, Idioma) {
+  return rutaGuardada(a, a.*kCampo);
+}
+
+template <QString Ajustes::* kCampo>
+bool leerRuta(Ajustes& a, int, const QString& v) {
+  if (!v.isEmpty()) a.*kCampo = Ajustes::ruta(v, a.carpeta);
+  return true;
+}
+
+// The only path that may be empty.
+bool leerCopia(Ajustes& a, int, const QString& v) {
+  a.CopiaSeguridad = v.isEmpty() ? v : Ajustes::ruta(v, a.carpeta);
+  return true;
+}
+
+bool leerByte(QStringView v, int& campo) {
+  return ini::leerEntre(v, kUnByte, campo);
+}
+
+// The books are in the currency last used with the database, not in a guessed one.
+bool leerNativa(Ajustes& a, int, const QString& v) {
+  int leida = a.MonedaNativa;
+  a.monedaLeida = leerByte(v, leida);
+  if (a.monedaLeida) a.MonedaNativa = leida;
+  return a.monedaLeida;
+}
+
+bool leerLogos(QStringView v, std::array<QString, 2>& logos) {
+  for (size_t i = 0; i < logos.size(); ++i)
+    logos[i] = ini::parte(v, u',', static_cast<qsizetype>(i)).left(kLetrasLogo).toString();
+  return true;
+}
+
+QString verLogos(const std::array<QString, 2>& logos) {
+  return logos[0].leftJustified(kLetrasLogo) + u',' + logos[1].leftJustified(kLetrasLogo);
+}
+
+// A single has seven good digits; the rest is noise from its binary form.
+QString verEuro(float euro) {
+  return QString::number(QString::number(euro, 'g', 7).toDouble(), 'f', 6);
+}
+
+}  // namespace
+
+std::vector<ClaveIni> clavesComunes() {
+  const ClaveDe<Ajustes> claves[] = {
+      {100, u"HomeDir", leerRuta<&Ajustes::HomeDir>, escribirRuta<&Ajustes::HomeDir>},
+      {101, u"BaseDatos", leerRuta<&Ajustes::BaseDatos>, escribirRuta<&Ajustes::BaseDatos>},
+      {102, u"CopiaSeguridad", leerCopia, escribirRuta<&Ajustes::CopiaSeguridad>},
+      clave<&Ajustes::WhoAmI, ini::leer16>(200, u"WhoAmI"),
+      {900, u"MonedaNativa", leerNativa,
+       [](const Ajustes& a, int, Idioma) { return ini::verEntero(a.MonedaNativa); }},
+      clave<&Ajustes::MonedaPreferente, leerByte>(901, u"MonedaPreferente"),
+      clave<&Ajustes::MonedaLogo, leerLogos, verLogos>(902, u"MonedaLogo"),
+      clave<&Ajustes::Euro, ini::leerReal, verEuro>(903, u"Euro"),
+      clave<&Ajustes::OpcionesStockCompras, ini::leerPar, ini::verPar>(908,
+                                                                       u"OpcionesStockCompras"),
+      {1100, u"TextoEtiquetas",
+       [](Ajustes& a, int n, const QString& v) {
+         return ini::leerTexto(v, a.TextoEtiquetas[static_cast<size_t>(n)]);
+       },
+       [](const Ajustes& a, int n, Idioma) { return a.TextoEtiquetas[static_cast<size_t>(n)]; },
+       kEtiquetasLibres}};
+  std::vector<ClaveIni> hechas;
+  hechas.reserve(std::size(claves));
+  for (const ClaveDe<Ajustes>& c : claves) hechas.push_back(claveIni(c));
+  return hechas;
+}
+
+}  // namespace tarvo

@@ -1,0 +1,58 @@
+#include "totals/periodos/AjustesPeriodos.h"
+
+#include "core/ajustes/Sala.h"
+
+namespace tarvo::totals {
+
+namespace {
+
+constexpr qsizetype kPeriodosMax = 10000;  // of ÚltimosPeriodos
+
+bool leerPeriodos(const QString& v, std::vector<int>& periodos) {
+  const auto partes = QStringView(v).split(u'|', Qt::SkipEmptyParts).mid(0, kPeriodosMax);
+  periodos.clear();
+  periodos.reserve(static_cast<size_t>(partes.size()));
+  bool bien = true;
+  for (const QStringView p : partes) bien &= ini::leer32(p, periodos.emplace_back());
+  return bien;
+}
+
+QString verPeriodos(const std::vector<int>& periodos) {
+  QStringList partes;
+  for (const int p : periodos) partes << QString::number(p);
+  return partes.join(u'|');
+}
+
+bool leerFestivos(const QString& v, std::array<bool, 7>& festivos) {
+  bool bien = true;
+  for (size_t i = 0; i < festivos.size(); ++i) {
+    const QStringView dia = ini::parte(v, u',', static_cast<qsizetype>(i));
+    festivos[i] = ini::real(dia) != 0;
+    bien &= ini::esReal(dia);
+  }
+  return bien;
+}
+
+QString verFestivos(const std::array<bool, 7>& festivos) {
+  QStringList partes;
+  for (const bool festivo : festivos) partes << QString::number(festivo ? 1 : 0);
+  return partes.join(u',');
+}
+
+QString verTolerancia(float parte) {
+  return QString::number(parte, 'f', 2);
+}
+
+}  // namespace
+
+SalaDeAjustes ajustesPeriodos() {
+  using A = AjustesPeriodos;
+  return salaDeAjustes(
+      A(), {clave<&A::UltimosPeriodos, leerPeriodos, verPeriodos>(803, u"ÚltimosPeriodos"),
+            clave<&A::InicioHorario, ini::leerHora, ini::verHora>(804, u"InicioHorario"),
+            clave<&A::FinalHorario, ini::leerHora, ini::verHora>(805, u"FinalHorario"),
+            clave<&A::ToleranciaHora, ini::leerReal, verTolerancia>(806, u"ToleranciaHora"),
+            clave<&A::FestivoSemanal, leerFestivos, verFestivos>(904, u"FestivoSemanal")});
+}
+
+}  // namespace tarvo::totals
