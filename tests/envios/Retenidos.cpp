@@ -113,11 +113,12 @@ TEST_F(Envios, TodosLosQueNoVanSeNombran) {
 // Half of the articles have their new prices: none of the section is sent until the change is
 // finished or undone.
 TEST_F(Envios, UnCambioAMediasRetieneSuSeccion) {
-  articles::Catalogo catalogo(*db, textosDePrueba(), reloj, u"Ana"_s);
-  articles::Lotes lotes(catalogo);
-  enEspera = [&](int seccion) { return articles::motivoDeEspera(catalogo, seccion); };
+  std::optional<articles::Catalogo> catalogo;
+  enEspera = [&](int seccion) { return articles::motivoDeEspera(*catalogo, seccion); };
   arrancar(false);
   bien(articles::asegurarTablasArticulos(*db));
+  catalogo.emplace(*db, textosDePrueba(), reloj, u"Ana"_s);
+  articles::Lotes lotes(*catalogo);
   for (const qint64 c : {10, 20}) alta(c, c);
   const qint64 lote = bien(lotes.empezar(u"CambioLote"_s));
   bien(lotes.guardar(lote, {1, 10}));
