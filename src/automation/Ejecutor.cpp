@@ -301,13 +301,22 @@ void Ejecutor::pendientes(const PasoPeriodos& p, const std::vector<qint64>& debi
   for (const qint64 link : debidos) h.decir(t_.textos(kTxQuedaPendiente, {nombrePeriodo(link)}));
 }
 
+// A period that is still owed to an export stays: with it the debt would go, and nobody would know.
+Resultado<bool> Ejecutor::borrar(int tipo, Fecha desde, Fecha hasta) {
+  TARVO_TOMAR(const auto debidos, Pendientes(t_.db).todos());
+  std::vector<qint64> conservar;
+  for (const Pendientes::Debido& d : debidos)
+    if (d.que == Pendientes::Debido::Que::Exportar) conservar.push_back(d.link);
+  return t_.verTot.BorrarIntvalo(tipo, desde, hasta, conservar);
+}
+
 Resultado<bool> Ejecutor::operacion(const PasoPeriodos& p) {
   const auto tipo = static_cast<int>(p.tipo);
   const auto* desde = std::get_if<Fecha>(&p.desde);
   const auto* hasta = std::get_if<Fecha>(&p.hasta);
   switch (*p.verbo) {
     case VerboPeriodos::Borrar:
-      return desde && hasta ? t_.verTot.BorrarIntvalo(tipo, *desde, *hasta) : false;
+      return desde && hasta ? borrar(tipo, *desde, *hasta) : false;
     case VerboPeriodos::Limpiar:
       return t_.verTot.ClrSelec();
     case VerboPeriodos::Seleccionar:

@@ -67,6 +67,7 @@ class Ejecutor {
   void decirSolapes(Hecho& h);
   // REQUIRES a verb that acts on the selection or names its periods.
   Resultado<bool> operacion(const PasoPeriodos& p);
+  Resultado<bool> borrar(int tipo, Fecha desde, Fecha hasta);
   void pendientes(const PasoPeriodos& p, const std::vector<qint64>& debidos, Hecho& h);
   Hecho selUltimo(const Ejecucion& e);
   Hecho exportar(const PasoExportar& p, const Ejecucion& e);

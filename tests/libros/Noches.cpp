@@ -76,6 +76,29 @@ TEST_F(LibrosTest, UnaNocheQueVaBienHaceElDia) {
   EXPECT_TRUE(t.avisos.empty()) << t.textoAvisos().toStdString();
 }
 
+// A part of the codes was read: what the others sold would be in no book. Only a grand total of the
+// same session that has no more than the part shows that there is no rest.
+TEST_F(LibrosTest, ConSoloUnaParteNoSePoneACero) {
+  static constexpr struct {
+    bool granTotal, resto, seBorra;
+  } kCasos[] = {{true, true, false}, {true, false, true}, {false, false, false}};
+  for (const auto& c : kCasos) {
+    TiendaDeLibros otra(Fecha::de(QDate(2026, 11, 24), QTime(21, 0)));
+    otra.grupo(1);
+    auto& maquina = otra.grupos.at(1).at(0);
+    maquina.vender(11, 500, 0);
+    if (c.resto) maquina.vender(12, 300, 0);
+    totals::Lectura parte;
+    parte.maquinas[0] = {{{11, 0}, {1, 0, 500, 0}}};
+    parte.entera = false;
+    if (c.granTotal) otra.leerSolo(1, kGranTotal);
+    bien(otra.sesion().PrepararRecepcion(1, kPLUs));
+    bien(otra.sesion().guardarLectura(1, kPLUs, parte, otra.avisos));
+    otra.memorizar();
+    EXPECT_EQ(otra.ponerACero(1), c.seBorra) << c.granTotal << c.resto;
+  }
+}
+
 TEST_F(LibrosTest, UnGrupoQueNoSePusoACeroSoloAportaLaDiferencia) {
   dia();
   leerTodo();

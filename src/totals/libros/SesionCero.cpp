@@ -1,5 +1,6 @@
 // Telling a machine to forget: which machines may be told, the intention on disk before the frame
 // is sent, and what is written once the machine has confirmed.
+#include "core/dao/Marcas.h"
 #include "totals/TextosTotals.h"
 #include "totals/libros/Cuadre.h"
 #include "totals/libros/Dudas.h"
@@ -25,6 +26,41 @@ Resultado<QString> motivoDeLecturas(Database& db, const Textos& textos, int grup
   if (rs->Eof()) return QString();
   if (rs->entero(1) == 4) return textos(kTxNoCuadraSinCero, {grupo});
   return textos(kTxFaltaLectura, {grupo, NombreTabla(static_cast<int>(rs->entero(0)))});
+}
+
+// A part of the codes was read in this session: what the rest sold is in no book once the machine
+// is cleared. Only the session's grand total can show that there is no rest.
+Resultado<QString> motivoDeParte(Database& db, const Ajustes& ajustes, const Textos& textos,
+                                 int grupo) {
+  const auto suma = [&](const ClaseTotal& c, bool enParte) {
+    return db.uno(dao::conMarcas(u"SELECT (SELECT sum(IMP) FROM {totales} WHERE LINK=0 AND "
+                                 u"GRUPO=Sesiones.CODGPO) FROM Lecturas, Sesiones WHERE "
+                                 u"Lecturas.GRUPO=? AND CODGPO=Lecturas.GRUPO AND CLASE=? AND "
+                                 u"ESTADO=2 AND {enSesion} AND ENTERA=?",
+                                 {{u"totales", QString::fromUtf16(c.tabla)},
+                                  {u"enSesion", QString::fromUtf16(c.sesion)}}),
+                  grupo, c.numero, !enParte);
+  };
+  const auto hay = [&](const ClaseTotal& c, bool enParte) {
+    return db.uno(dao::conMarcas(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND "
+                                 u"CODGPO=GRUPO AND CLASE=? AND ESTADO=2 AND {enSesion} AND "
+                                 u"ENTERA=?",
+                                 {{u"enSesion", QString::fromUtf16(c.sesion)}}),
+                  grupo, c.numero, !enParte);
+  };
+  for (const ClaseTotal& c : enVigor(ajustes)) {
+    TARVO_TOMAR(const auto enParte, hay(c, true));
+    if (enParte.entero() == 0) continue;
+    const ClaseTotal& gran = *clase(kGranTotal);
+    TARVO_TOMAR(const auto conGran, hay(gran, false));
+    if (conGran.entero() > 0) {
+      TARVO_TOMAR(const auto todo, suma(gran, false));
+      TARVO_TOMAR(const auto leido, suma(c, true));
+      if (todo.entero() == leido.entero()) continue;
+    }
+    return textos(kTxSoloUnaParte, {grupo, NombreTabla(c.numero)});
+  }
+  return QString();
 }
 
 // The kinds whose reading in the open session contains memorised sales. These are taken off when it
@@ -102,6 +138,8 @@ Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
   }
   TARVO_TOMAR(const auto motivo, motivoDeLecturas(db_, textos_, grupo));
   if (!motivo.isEmpty()) return PermisoCero{false, false, motivo};
+  TARVO_TOMAR(const auto parte, motivoDeParte(db_, ajustes_, textos_, grupo));
+  if (!parte.isEmpty()) return PermisoCero{false, false, parte};
   TARVO_TOMAR(const auto cierre, d->valores.leer(u"CierreFallido"_s));
   if (!cierre.nulo() && d->abierta == 2) {
     const auto espera =

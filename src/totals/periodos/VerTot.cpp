@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "totals/TextosTotals.h"
+
 namespace tarvo::totals {
 
 namespace {
@@ -84,12 +86,21 @@ Resultado<VerTot::Creado> VerTot::CrearIntvalo(const Periodo& p, const QString& 
   return Creado{link, false};
 }
 
-Resultado<bool> VerTot::BorrarIntvalo(int tipo, Fecha desde, Fecha hasta) {
-  TARVO_TOMAR(const auto links, entreFechas(tipo, desde, hasta));
+Resultado<bool> VerTot::BorrarIntvalo(int tipo, Fecha desde, Fecha hasta,
+                                      std::span<const qint64> conservar) {
+  TARVO_TOMAR(auto links, entreFechas(tipo, desde, hasta));
+  QStringList quedan;
+  for (const qint64 link : conservar) {
+    if (std::erase(links, link) == 0) continue;
+    TARVO_TOMAR(const auto c, p_.columna(link));
+    if (c) quedan << TextoPeriodo(c->periodo);
+  }
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   for (const qint64 link : links) TARVO_INTENTAR(p_.BorrarPeriodo(link));
   TARVO_INTENTAR(t.confirmar());
   for (const qint64 link : links) std::erase(seleccion_, link);
+  if (!quedan.isEmpty())
+    return fallo(Fallo::Restriccion, p_.textos()(kTxNoSeBorraDebido, {quedan.join(u", ")}));
   return !links.empty();
 }
 

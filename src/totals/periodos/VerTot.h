@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <vector>
 
 #include "totals/periodos/Periodos.h"
@@ -25,7 +26,10 @@ class VerTot {
     bool existia = false;
   };
   Resultado<Creado> CrearIntvalo(const Periodo& p, const QString& descr);
-  Resultado<bool> BorrarIntvalo(int tipo, Fecha desde, Fecha hasta);
+  // `conservar`: those that stay, whatever their dates; Restriccion, with their names, when there
+  // is one among them, after the others have gone.
+  Resultado<bool> BorrarIntvalo(int tipo, Fecha desde, Fecha hasta,
+                                std::span<const qint64> conservar = {});
   bool ClrSelec();
   Resultado<bool> Seleccionar(int tipo, Fecha desde, Fecha hasta);
   Resultado<bool> SelecHnd(qint64 link);
