@@ -10,12 +10,12 @@
 
 namespace tarvo::prueba {
 
-TiendaDeMotor::TiendaDeMotor() {
-  ajustes = std::make_unique<Ajustes>(
-      carpeta_.path(), Idioma::Espanol,
-      std::vector<SalaDeAjustes>{enlace::ajustesCables(), enlace::ajustesEnlace(),
-                                 motor::ajustesMotor(), totals::ajustesSesion(),
-                                 tareas::ajustesListas()});
+TiendaDeMotor::TiendaDeMotor(std::vector<SalaDeAjustes> salas) {
+  for (const SalaDeAjustes& sala :
+       {enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor(),
+        totals::ajustesSesion(), tareas::ajustesListas()})
+    salas.push_back(sala);
+  ajustes = std::make_unique<Ajustes>(carpeta_.path(), Idioma::Espanol, salas);
   for (auto& canal : cables().canales) canal.Device = TipoAcceso::Directo;
   arrancar();
   bien(esquema::crearEsquema(*db));

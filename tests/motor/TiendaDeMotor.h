@@ -20,7 +20,8 @@ namespace tarvo::prueba {
 
 class TiendaDeMotor : public testing::Test, protected Tienda, protected motor::Vigilante {
  protected:
-  TiendaDeMotor();
+  // `salas`: whose settings are used besides those of the engine.
+  explicit TiendaDeMotor(std::vector<SalaDeAjustes> salas = {});
   // Discards the state of the process and reopens the database.
   void arrancar(bool reanuda = false);
 

@@ -28,7 +28,7 @@ namespace tarvo::prueba {
 using namespace Qt::StringLiterals;
 
 struct MesaDeComm : TiendaDeMotor {
-  MesaDeComm() {
+  explicit MesaDeComm(const std::vector<SalaDeAjustes>& salas = {}) : TiendaDeMotor(salas) {
     gestor->VigilaProcesos(0, false, nullptr);
     comm::registrarVentanasComm(escritorio.ventanas(),
                                 {*gestor, *enlaces, *sesion, registro, grupos});

@@ -6,7 +6,8 @@ namespace tarvo::prueba {
 
 struct Configuracion : MesaDeComm {
   QString enFichero(const QString& clave) {
-    Ajustes leidos(carpeta_.path(), Idioma::Espanol);
+    Ajustes leidos(carpeta_.path(), Idioma::Espanol,
+                   {enlace::ajustesCables(), enlace::ajustesEnlace(), motor::ajustesMotor()});
     bien(leidos.LeerConfig());
     for (const QString& l : leidos.escribir().split(u"\r\n"_s))
       if (l.startsWith(clave + u'=')) return l.section(u'=', 1).trimmed();

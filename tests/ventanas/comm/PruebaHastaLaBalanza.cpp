@@ -2,12 +2,14 @@
 #include <QTableView>
 
 #include "MesaDeComm.h"
+#include "articles/AjustesArticulos.h"
 #include "articles/TablasArticulos.h"
 #include "articles/ventanas/Registro.h"
 
 namespace tarvo::prueba {
 
 struct HastaLaBalanza : MesaDeComm {
+  HastaLaBalanza() : MesaDeComm({articles::ajustesArticulos()}) {}
   void SetUp() override {
     bien(articles::asegurarTablasArticulos(*db));
     grupo(1, 1, u"cable 1"_s);
