@@ -176,7 +176,7 @@ TEST(DeshacerCeldas, TeclearEscribeDondeSePuede) {
     bool escribe;
   } casos[] = {{u"PRECIO_00", u"7", true},
                {u"NOMPLU", u"x", true},
-               {u"CODPLU", u"50", false},
+               {u"CODPLU", u"0000050", false},
                {u"switch(CADA=0,'K',CADA=1,'g',true,'U')", u"U", false}};
   for (const auto& c : casos) {
     MesaDeArticulos t;
