@@ -58,12 +58,13 @@ Fondo::Fondo(Cerrojo cerrojo, Ajustes losAjustes, const Textos& losTextos)
 // Label texts that come from the program itself: words of the table, and units in the currency of
 // the stored prices.
 static void fijarTextosEtiquetas(Ajustes& a, const Textos& textos) {
-  static constexpr int kFijos = 20, kPrimeraUnidad = 2, kUnidades = 3;
+  static constexpr int kFijos = 20, kUnidades = 3;
+  static constexpr size_t kPrimeraUnidad = 2;
   for (int i = 0; i < kFijos; ++i)
     a.TextoEtiquetas[static_cast<size_t>(i) + 1] = textos(kTxEtiquetaFija + i);
   if (a.MonedaNativa != 0) return;
   for (int i = 0; i < kUnidades; ++i)
-    a.TextoEtiquetas[static_cast<size_t>(kPrimeraUnidad + i)] = textos(kTxEtiquetaLocal + i);
+    a.TextoEtiquetas[static_cast<size_t>(i) + kPrimeraUnidad] = textos(kTxEtiquetaLocal + i);
 }
 
 Resultado<Ajustes> Fondo::leerAjustes(const QString& carpeta, Idioma idioma, const Textos& textos,

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QTabWidget>
+#include <QTableView>
 #include <QToolButton>
 
 #include "articles/CodigoBarras.h"
@@ -58,6 +59,15 @@ void XEditPLU::montar() {
     r.articulo.precios = p;
     return Resultado<>();
   });
+  // On to the next tarifa, so that the next price isn't written over this one.
+  connect(
+      listaPrecios_, &ventanas::Parrilla::escrita, this,
+      [this] {
+        const QModelIndex aqui = listaPrecios_->vista()->currentIndex();
+        if (const QModelIndex abajo = aqui.siblingAtRow(aqui.row() + 1); abajo.isValid())
+          listaPrecios_->vista()->setCurrentIndex(abajo);
+      },
+      Qt::QueuedConnection);
   listaHistoria_->preparar(contexto(), nombre(), columnasHistoria(*this, false));
   listaHistoria_->setBusca(false);
   listaHistoria_->setVacia(t(kTxSinHistoria));
@@ -98,7 +108,7 @@ void XEditPLU::montarCabeza(Formulario f) {
   botonMoneda_ =
       c[3].icono(u"moneda"_s, kTxCambiarMoneda, u"Moneda"_s, [this] { alternarMoneda(); });
   botonMoneda_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  botonMoneda_->setMinimumWidth(ventanas::escalar(80));
+  botonMoneda_->setMinimumWidth(ventanas::escalar(88));
   botonMoneda_->setVisible(contexto().ajustes.Euro > 0);
   botonMoneda_->installEventFilter(this);
   c[3].enLinea({botonMoneda_});

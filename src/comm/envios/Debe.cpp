@@ -27,7 +27,7 @@ Resultado<std::vector<Debe>> loQueSeDebe(dao::Database& db, Fecha ahora) {
     if (!destino || !destino->conCross()) return {};
     TARVO_TOMAR(const auto van, SaltarSinCambios(db, *destino, {}, ahora));
     TARVO_TOMAR(const auto sobran, articulosPorBorrar(db, *destino));
-    d.articulos = static_cast<qint64>(van.size() + sobran.size());
+    d.articulos = std::ssize(van) + std::ssize(sobran);
     d.vacio = !van.empty() && rs.entero(2) == 0 && rs.entero(3) == 0;
     if (d.articulos > 0) todos.push_back(std::move(d));
     return {};

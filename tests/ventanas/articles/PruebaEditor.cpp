@@ -54,6 +54,19 @@ TEST(Editor, NiLaMonedaNiLaUnidadCambianNada) {
       u"Otro 333 101 1505 2500 0");
 }
 
+// Price after price goes from tarifa to tarifa, not over the one before.
+TEST(Editor, IntroPasaALaTarifaSiguiente) {
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
+  auto& precios = t.lista(v, u"GrdPre");
+  t.abrirCelda(precios, u"P0"_s);
+  for (const QChar c : u"2,45\r2,40\r"_s) {
+    c == u'\r' ? t.tecla(Qt::Key_Return) : t.escribir(c);
+    QCoreApplication::processEvents();
+  }
+  EXPECT_EQ((precios.texto(0, u"P0") + u' ' + precios.texto(1, u"P0")).toStdString(), "2,45 2,40");
+}
+
 TEST(Editor, BarrasExistenciasYLoQueOtroCambio) {
   MesaDeArticulos t;
   auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
