@@ -1,7 +1,7 @@
 // What is written into the cells of the list, and into the prices beside it.
+#include "articles/Limites.h"
 #include "articles/TextosArticles.h"
 #include "articles/ventanas/BrowPLUs.h"
-#include "articles/Limites.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "core/dinero/Dinero.h"
