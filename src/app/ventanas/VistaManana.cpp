@@ -303,7 +303,7 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
   return r;
 }
 
-// A column of amounts is of one period; what a group has in another is said in words.
+// All amounts of a column are of one period; those of a group in another period go into its text.
 void Redactor::ponerImporte(Renglon& r, const automation::GrupoResumen& g) const {
   if (!g.importe) return;
   const auto suyo = std::ranges::find(r_.periodos, g.link, &automation::PeriodoResumen::link);

@@ -44,7 +44,7 @@ constexpr bool existe(VerboPeriodos v) {
   return false;
 }
 
-// A number, or the text that stands for it: a reference ("%x") until a parameter fills it, or
+// A number, or the text in its place: a reference ("%x") until a parameter fills it, or
 // "ALL".
 using Referencia = std::variant<qint64, QString>;
 // A moment, or the reference ("#x") that stands for it.

@@ -28,37 +28,32 @@ Resultado<QString> motivoDeLecturas(Database& db, const Textos& textos, int grup
   return textos(kTxFaltaLectura, {grupo, NombreTabla(static_cast<int>(rs->entero(0)))});
 }
 
-// A part of the codes was read in this session: what the rest sold is in no book once the machine
-// is cleared. Only the session's grand total can show that there is no rest.
+// The amount of a kind's reading in this session; nothing when it has no such reading. `entera`:
+// with all codes, or with a range of them.
+Resultado<std::optional<qint64>> importeLeido(Database& db, const ClaseTotal& c, int grupo,
+                                              bool entera) {
+  TARVO_TOMAR(
+      const auto rs,
+      db.consultar(dao::conMarcas(u"SELECT (SELECT sum(IMP) FROM {totales} WHERE LINK=0 AND "
+                                  u"GRUPO=Sesiones.CODGPO) FROM Lecturas, Sesiones WHERE "
+                                  u"Lecturas.GRUPO=? AND CODGPO=Lecturas.GRUPO AND CLASE=? AND "
+                                  u"ESTADO=2 AND {enSesion} AND {cuanta}",
+                                  {{u"totales", QString::fromUtf16(c.tabla)},
+                                   {u"enSesion", QString::fromUtf16(c.sesion)},
+                                   {u"cuanta", entera ? u"ENTERA<>0"_s : u"ENTERA=0"_s}}),
+                   grupo, c.numero));
+  if (rs->Eof()) return std::nullopt;
+  return rs->entero(0);
+}
+
+// A range of the codes was read in this session: the sales of the others are in no book once the
+// machine is cleared. Only a grand total of the same session can show that there are none.
 Resultado<QString> motivoDeParte(Database& db, const Ajustes& ajustes, const Textos& textos,
                                  int grupo) {
-  const auto suma = [&](const ClaseTotal& c, bool enParte) {
-    return db.uno(dao::conMarcas(u"SELECT (SELECT sum(IMP) FROM {totales} WHERE LINK=0 AND "
-                                 u"GRUPO=Sesiones.CODGPO) FROM Lecturas, Sesiones WHERE "
-                                 u"Lecturas.GRUPO=? AND CODGPO=Lecturas.GRUPO AND CLASE=? AND "
-                                 u"ESTADO=2 AND {enSesion} AND ENTERA=?",
-                                 {{u"totales", QString::fromUtf16(c.tabla)},
-                                  {u"enSesion", QString::fromUtf16(c.sesion)}}),
-                  grupo, c.numero, !enParte);
-  };
-  const auto hay = [&](const ClaseTotal& c, bool enParte) {
-    return db.uno(dao::conMarcas(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND "
-                                 u"CODGPO=GRUPO AND CLASE=? AND ESTADO=2 AND {enSesion} AND "
-                                 u"ENTERA=?",
-                                 {{u"enSesion", QString::fromUtf16(c.sesion)}}),
-                  grupo, c.numero, !enParte);
-  };
+  TARVO_TOMAR(const auto todo, importeLeido(db, *clase(kGranTotal), grupo, true));
   for (const ClaseTotal& c : enVigor(ajustes)) {
-    TARVO_TOMAR(const auto enParte, hay(c, true));
-    if (enParte.entero() == 0) continue;
-    const ClaseTotal& gran = *clase(kGranTotal);
-    TARVO_TOMAR(const auto conGran, hay(gran, false));
-    if (conGran.entero() > 0) {
-      TARVO_TOMAR(const auto todo, suma(gran, false));
-      TARVO_TOMAR(const auto leido, suma(c, true));
-      if (todo.entero() == leido.entero()) continue;
-    }
-    return textos(kTxSoloUnaParte, {grupo, NombreTabla(c.numero)});
+    TARVO_TOMAR(const auto parte, importeLeido(db, c, grupo, false));
+    if (parte && todo != parte) return textos(kTxSoloUnaParte, {grupo, NombreTabla(c.numero)});
   }
   return QString();
 }

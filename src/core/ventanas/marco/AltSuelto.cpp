@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
 
 namespace tarvo::ventanas {
 
@@ -12,6 +14,7 @@ AltSuelto::AltSuelto() {
 // Whatever answers to the letter has had it before the key arrives here.
 bool AltSuelto::eventFilter(QObject* objeto, QEvent* evento) {
   if (evento->type() != QEvent::KeyPress || !objeto->isWidgetType()) return false;
+  if (qobject_cast<QMenu*>(objeto) || qobject_cast<QMenuBar*>(objeto)) return false;
   const auto& tecla = *static_cast<QKeyEvent*>(evento);
   return tecla.modifiers() == Qt::AltModifier && !tecla.text().isEmpty() &&
          tecla.text()[0].isPrint();
