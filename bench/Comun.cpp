@@ -1,6 +1,6 @@
 #include "Comun.h"
 
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 #include "core/esquema/Esquema.h"
 #include "totals/libros/TablasLibros.h"
 #include "totals/periodos/TablasTotales.h"

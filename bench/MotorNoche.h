@@ -7,7 +7,7 @@
 #include "Comun.h"
 #include "automation/Automat.h"
 #include "comm/maquinas/Campos.h"
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 #include "textos/TextosDePrueba.h"
 
 namespace tarvo::banco {
@@ -75,13 +75,13 @@ struct Motor {
   totals::CerrSes cerrSes{sesion, periodos};
   totals::VerTot verTot{periodos};
   totals::XporTot xporTot{periodos};
-  motor::RegistroTareas registro = tareas::registro();
+  motor::RepertorioTareas repertorio = tareas::repertorio();
   enlace::Enlaces enlaces{reloj, ajustes, fabrica, azar};
-  motor::gestcomm gestcomm{{db, ajustes, reloj, sesion, textosDePrueba()}, enlaces, registro};
-  automation::Lenguaje lenguaje{registro, ajustes, textosDePrueba()};
-  automation::Automat automat{
-      {db, ajustes, reloj, sesion, gestcomm, registro, cerrSes, verTot, xporTot, textosDePrueba()},
-      preguntas};
+  motor::gestcomm gestcomm{{db, ajustes, reloj, sesion, textosDePrueba()}, enlaces, repertorio};
+  automation::Lenguaje lenguaje{repertorio, ajustes, textosDePrueba()};
+  automation::Automat automat{{db, ajustes, reloj, sesion, gestcomm, repertorio, cerrSes, verTot,
+                               xporTot, textosDePrueba()},
+                              preguntas};
   QString lineas;
   std::optional<automation::ResultadoProceso> fin;
 };

@@ -2,7 +2,7 @@
 //
 // A file of this folder registers one with a static object:
 //
-//   const banco::Registro kMedida("store.seek", 0.7, [] { return banco::razon(ours, limit); });
+//   const banco::AltaMedida kMedida("store.seek", 0.7, [] { return banco::razon(ours, limit); });
 //
 // `tarvo-bench --razones` runs them all and prints "name ratio least ok|short" for each.
 #pragma once
@@ -21,8 +21,8 @@ struct Medida {
 
 std::vector<Medida>& medidas();
 
-struct Registro {
-  Registro(std::string nombre, double minimo, std::function<double()> medir);
+struct AltaMedida {
+  AltaMedida(std::string nombre, double minimo, std::function<double()> medir);
 };
 
 // The limit's time divided by ours for the same work. After one warm-up run the sides run

@@ -44,7 +44,7 @@ double arranque() {
          razon([&] { correr(tarvo, orden); }, [&] { correr(desnudo, {base}); }, kArranques);
 }
 
-const Registro kMedidasArranque[] = {{"programa.arranque", 1.0, arranque}};
+const AltaMedida kMedidasArranque[] = {{"programa.arranque", 1.0, arranque}};
 
 }  // namespace
 }  // namespace tarvo::banco

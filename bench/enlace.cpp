@@ -111,8 +111,8 @@ double medirEnlaces(int cuantos) {
   return razon([&] { nuestro.vuelta(); }, [&] { limite.vuelta(); }, kVueltasEnlace);
 }
 
-const Registro kUno("enlace.pregunta", 0.8, [] { return medirEnlaces(1); });
-const Registro kCien("enlace.cien", 0.8, [] { return medirEnlaces(100); });
+const AltaMedida kUno("enlace.pregunta", 0.8, [] { return medirEnlaces(1); });
+const AltaMedida kCien("enlace.cien", 0.8, [] { return medirEnlaces(100); });
 
 }  // namespace
 }  // namespace tarvo::banco

@@ -12,7 +12,7 @@
 #include "comm/envios/TablasEnvios.h"
 #include "comm/motor/AjustesMotor.h"
 #include "comm/motor/gestcomm.h"
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 #include "comm/tramas/Trama.h"
 #include "textos/TextosDePrueba.h"
 #include "totals/libros/AjustesSesion.h"
@@ -158,9 +158,9 @@ double lineaLenta() {
   Azar azar(1);
   totals::Sesion sesion(*db, ajustes, reloj, textosDePrueba());
   bien(sesion.cargar());
-  const auto registro = tareas::registro();
+  const auto repertorio = tareas::repertorio();
   enlace::Enlaces enlaces(reloj, ajustes, fabrica, azar);
-  motor::gestcomm motor({*db, ajustes, reloj, sesion, textosDePrueba()}, enlaces, registro);
+  motor::gestcomm motor({*db, ajustes, reloj, sesion, textosDePrueba()}, enlaces, repertorio);
   if (motor.NuevaTarea(1, true, 0, 9'999'999, TipoTarea::TxPlus) != 0)
     morir(QStringLiteral("sin tarea"));
   while (motor.tareas().front().Traza < 0 && reloj.siguiente()) {
@@ -175,8 +175,8 @@ double lineaLenta() {
   return fabrica.ocupada / nuestro;
 }
 
-const Registro kDecidir("envios.decidir", 1 / 1.5, decidir);
-const Registro kSerie("envios.9600", 0.97, lineaLenta);
+const AltaMedida kDecidir("envios.decidir", 1 / 1.5, decidir);
+const AltaMedida kSerie("envios.9600", 0.97, lineaLenta);
 
 }  // namespace
 }  // namespace tarvo::banco

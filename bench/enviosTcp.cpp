@@ -8,7 +8,7 @@
 #include "comm/envios/TablasEnvios.h"
 #include "comm/motor/AjustesMotor.h"
 #include "comm/motor/gestcomm.h"
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 #include "textos/TextosDePrueba.h"
 #include "totals/libros/AjustesSesion.h"
 
@@ -78,8 +78,9 @@ class Mesa {
   Cliente cliente_;
   enlace::Enlaces enlaces_{reloj_, ajustes_, fabrica_, azar_};
   totals::Sesion sesion_{*db_, ajustes_, reloj_, textosDePrueba()};
-  motor::RegistroTareas registro_ = tareas::registro();
-  motor::gestcomm motor_{{*db_, ajustes_, reloj_, sesion_, textosDePrueba()}, enlaces_, registro_};
+  motor::RepertorioTareas repertorio_ = tareas::repertorio();
+  motor::gestcomm motor_{
+      {*db_, ajustes_, reloj_, sesion_, textosDePrueba()}, enlaces_, repertorio_};
 };
 
 double medirTcp() {
@@ -90,7 +91,7 @@ double medirTcp() {
                  [&](const Cronometro& c) { c([&] { mesa.preguntar(); }); }, kVueltasTcp);
 }
 
-const Registro kTcp("envios.tcp", 0.7, medirTcp);
+const AltaMedida kTcp("envios.tcp", 0.7, medirTcp);
 
 }  // namespace
 }  // namespace tarvo::banco

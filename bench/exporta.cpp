@@ -37,8 +37,8 @@ double picoAparte(int mib) {
   return hijo.readAllStandardOutput().trimmed().toDouble();
 }
 
-const Registro kMedida("exporta.memoria", 0.95,
-                       [] { return picoAparte(0) / picoAparte(kFicheroMiB); });
+const AltaMedida kMedida("exporta.memoria", 0.95,
+                         [] { return picoAparte(0) / picoAparte(kFicheroMiB); });
 
 }  // namespace
 

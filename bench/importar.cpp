@@ -96,7 +96,7 @@ void importarConSqlite(const Ficheros& f, const Cronometro& medir) {
     morir(u"sqlite3 .import no los ha metido todos"_s);
 }
 
-const Registro kImportar("importar.plu", 1 / 3.0, [] {
+const AltaMedida kImportar("importar.plu", 1 / 3.0, [] {
   const Ficheros f;
   return razonDe([&](const Cronometro& c) { importar(f, c); },
                  [&](const Cronometro& c) { importarConSqlite(f, c); }, 3);

@@ -179,7 +179,7 @@ double memorizar() {
       3);
 }
 
-const Registro kMedidasLibros[] = {
+const AltaMedida kMedidasLibros[] = {
     {"libros.decodificar_y_almacenar", 0.8, almacenarLecturas},
     {"libros.memorizar", 0.7, memorizar},
 };

@@ -229,17 +229,17 @@ void importarDesnudo(const Cronometro& medir) {
   });
 }
 
-const Registro kSubir("lotes.subir_100000", 1 / 3.0, [] {
+const AltaMedida kSubir("lotes.subir_100000", 1 / 3.0, [] {
   return razonDe([](const Cronometro& c) { subir(c); }, subirDesnudo, 3);
 });
-const Registro kSubirPeor("lotes.subir_peor_tramo", 1, [] {
+const AltaMedida kSubirPeor("lotes.subir_peor_tramo", 1, [] {
   return kPeorTramoMs / subir([](const std::function<void()>& f) { f(); });
 });
-const Registro kEncima("importar.plu_encima_20000", 1 / 3.0, [] {
+const AltaMedida kEncima("importar.plu_encima_20000", 1 / 3.0, [] {
   const Registros r;
   return razonDe([&](const Cronometro& c) { importarEncima(r, c); }, importarDesnudo, 3);
 });
-const Registro kEncimaPeor("importar.plu_encima_peor_tramo", 1, [] {
+const AltaMedida kEncimaPeor("importar.plu_encima_peor_tramo", 1, [] {
   const Registros r;
   return kPeorTramoMs / importarEncima(r, [](const std::function<void()>& f) { f(); });
 });

@@ -49,7 +49,7 @@ std::vector<Medida>& medidas() {
   return todas;
 }
 
-Registro::Registro(std::string nombre, double minimo, std::function<double()> medir) {
+AltaMedida::AltaMedida(std::string nombre, double minimo, std::function<double()> medir) {
   medidas().push_back({std::move(nombre), minimo, std::move(medir)});
 }
 

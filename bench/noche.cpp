@@ -109,7 +109,7 @@ double linealidad() {
   return diez[kVueltasNoche / 2] / cien[kVueltasNoche / 2];
 }
 
-const Registro kMedidasNoche[] = {
+const AltaMedida kMedidasNoche[] = {
     {"noche.coste_por_grupo", 0.9, linealidad},
 };
 

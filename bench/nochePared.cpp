@@ -57,7 +57,7 @@ double mediana(int grupos, int articulos, const QString& enlaces) {
 
 const QString kPorConectores = QStringLiteral("conectores"), kPorCanales = QStringLiteral("tcp");
 
-const Registro kMedidas[] = {
+const AltaMedida kMedidas[] = {
     {"noche.pared.corta", 1.0, [] { return kCorta / mediana(10, 200, kPorConectores); }},
     {"noche.pared.conectores", 1.0,
      [] { return kConectores / mediana(100, 2000, kPorConectores); }},

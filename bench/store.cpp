@@ -209,7 +209,7 @@ double mover() {
       3);
 }
 
-const Registro kMedidas[] = {
+const AltaMedida kMedidas[] = {
     {"store.seek_una_lectura", 0.7, [] { return buscar(true); }},
     {"store.seek_sueltos", 0.7, [] { return buscar(false); }},
     {"store.recorrido", 0.5, recorrer},

@@ -9,7 +9,7 @@
 #include "Razones.h"
 #include "automation/Resumen.h"
 #include "automation/historia/TablasHistoria.h"
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 #include "core/tiempo/Trabajo.h"
 #include "textos/TextosDePrueba.h"
 #include "totals/libros/AjustesSesion.h"
@@ -97,8 +97,8 @@ double rebanada() {
       bien(dao::Database::OpenDatabase(t.carpeta.filePath(QStringLiteral("TARVO.MDB"))));
   const Ajustes ajustes(t.carpeta.path(), Idioma::Espanol,
                         {totals::ajustesSesion(), totals::ajustesPeriodos()});
-  const motor::RegistroTareas registro = tareas::registro();
-  const automation::Lenguaje lenguaje(registro, ajustes, textosDePrueba());
+  const motor::RepertorioTareas repertorio = tareas::repertorio();
+  const automation::Lenguaje lenguaje(repertorio, ajustes, textosDePrueba());
   double peor = 0;
   for (int vuelta = 0; vuelta < kLecturas; ++vuelta) {
     automation::LectorResumen lector({.db = *db,
@@ -119,9 +119,9 @@ double rebanada() {
   return Trabajo::kRebanada / peor;
 }
 
-const Registro kMedidasVentanas[] = {{"ventana.primer_pintado", 1.0, primerPintado},
-                                     {"ventana.memoria", 1.0, memoriaVentana},
-                                     {"ventana.rebanada", 1.0, rebanada}};
+const AltaMedida kMedidasVentanas[] = {{"ventana.primer_pintado", 1.0, primerPintado},
+                                       {"ventana.memoria", 1.0, memoriaVentana},
+                                       {"ventana.rebanada", 1.0, rebanada}};
 
 }  // namespace
 }  // namespace tarvo::banco

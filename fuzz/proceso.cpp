@@ -12,8 +12,8 @@ namespace {
 using namespace tarvo;
 
 // One kind for each form of a task line.
-motor::RegistroTareas tareasDeCadaForma() {
-  motor::RegistroTareas r;
+motor::RepertorioTareas tareasDeCadaForma() {
+  motor::RepertorioTareas r;
   const auto anadir = [&r](TipoTarea tarea, const char16_t* clave) {
     motor::ClaseTarea c;
     c.tarea = tarea;
@@ -63,12 +63,12 @@ void probarHorario(const automation::Lenguaje& l, const QString& texto) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* datos, size_t tamano) {
-  const auto registro = tareasDeCadaForma();
+  const auto repertorio = tareasDeCadaForma();
   const QByteArray bytes(reinterpret_cast<const char*>(datos), static_cast<qsizetype>(tamano));
   const QString texto = ficheros::descodificar(bytes);
   for (const Idioma idioma : {Idioma::Espanol, Idioma::UK}) {
     const Ajustes ajustes(QStringLiteral("/"), idioma);
-    const automation::Lenguaje l(registro, ajustes, textosDePrueba());
+    const automation::Lenguaje l(repertorio, ajustes, textosDePrueba());
     probarProceso(l, texto);
     probarHorario(l, texto);
   }

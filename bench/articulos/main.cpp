@@ -9,12 +9,12 @@
 #include "articles/AjustesArticulos.h"
 #include "articles/Busqueda.h"
 #include "articles/TablasArticulos.h"
-#include "articles/ventanas/Registro.h"
+#include "articles/ventanas/RegistrarVentanas.h"
 #include "comm/cables/AjustesCables.h"
 #include "comm/cables/FabricaReal.h"
 #include "comm/enlace/AjustesEnlace.h"
 #include "comm/motor/AjustesMotor.h"
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 #include "core/ventanas/marco/Escritorio.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 #include "totals/libros/AjustesSesion.h"
@@ -56,8 +56,8 @@ class Banco {
         sesion_(*db_, ajustes_, reloj_, textos_),
         fabrica_(reloj_, ajustes_),
         enlaces_(reloj_, ajustes_, fabrica_, azar_),
-        registro_(tareas::registro()),
-        motor_({*db_, ajustes_, reloj_, sesion_, textos_}, enlaces_, registro_),
+        repertorio_(tareas::repertorio()),
+        motor_({*db_, ajustes_, reloj_, sesion_, textos_}, enlaces_, repertorio_),
         escritorio_(qt, *db_, ajustes_, textos_, reloj_, ventanas::Cara::Clara, {}) {
     articles::registrarVentanasArticulos(escritorio_.ventanas(), catalogo_, operadores_, motor_);
   }
@@ -150,7 +150,7 @@ class Banco {
   totals::Sesion sesion_;
   enlace::FabricaReal fabrica_;
   enlace::Enlaces enlaces_;
-  motor::RegistroTareas registro_;
+  motor::RepertorioTareas repertorio_;
   motor::gestcomm motor_;
   ventanas::Escritorio escritorio_;
   ventanas::Ventana* ventana_ = nullptr;

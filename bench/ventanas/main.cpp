@@ -11,9 +11,9 @@
 #include "comm/cables/AjustesCables.h"
 #include "comm/enlace/AjustesEnlace.h"
 #include "comm/motor/AjustesMotor.h"
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 #include "comm/tramas/Trama.h"
-#include "comm/ventanas/Registro.h"
+#include "comm/ventanas/RegistrarVentanas.h"
 #include "core/ventanas/marco/Escritorio.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 #include "totals/libros/AjustesSesion.h"
@@ -125,11 +125,11 @@ int main(int argc, char** argv) {
   const Textos textos = banco::bien(Textos::leer(u":/textos/es.txt"_s));
   totals::Sesion sesion(*db, ajustes, reloj, textos);
   enlace::Enlaces enlaces(reloj, ajustes, fabrica, azar);
-  const motor::RegistroTareas registro = tareas::registro();
-  motor::gestcomm motor({*db, ajustes, reloj, sesion, textos}, enlaces, registro);
+  const motor::RepertorioTareas repertorio = tareas::repertorio();
+  motor::gestcomm motor({*db, ajustes, reloj, sesion, textos}, enlaces, repertorio);
   ventanas::Escritorio escritorio(qt, *db, ajustes, textos, reloj, ventanas::Cara::Clara, {});
   const envios::Grupos grupos(*db, ajustes, textos, reloj);
-  comm::registrarVentanasComm(escritorio.ventanas(), {motor, enlaces, sesion, registro, grupos});
+  comm::registrarVentanasComm(escritorio.ventanas(), {motor, enlaces, sesion, repertorio, grupos});
   for (int i = 0; i < kTareas; ++i)
     if (motor.NuevaTarea(1 + i % kGrupos, true, 0, 9999999, TipoTarea::RxPlus) != 0)
       banco::morir(u"a task couldn't be queued"_s);

@@ -5,7 +5,7 @@
 
 #include <QSysInfo>
 
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 #include "totals/libros/Grupos.h"
 
 namespace tarvo::app {
@@ -39,16 +39,16 @@ struct Aplicacion::Interior {
         cerrSes(sesion, periodos),
         verTot(periodos),
         xporTot(periodos),
-        registro(tareas::registro()),
+        repertorio(tareas::repertorio()),
         azar(semilla),
         enlaces(reloj, fondo.ajustes, fabrica, azar),
         gestcomm({db, fondo.ajustes, reloj, sesion, fondo.textos,
                   [this](int seccion) { return articles::motivoDeEspera(catalogo, seccion); }},
-                 enlaces, registro),
+                 enlaces, repertorio),
         grupos(db, fondo.ajustes, fondo.textos, reloj),
         debidos(db),
-        lenguaje(registro, fondo.ajustes, fondo.textos),
-        automat({db, fondo.ajustes, reloj, sesion, gestcomm, registro, cerrSes, verTot, xporTot,
+        lenguaje(repertorio, fondo.ajustes, fondo.textos),
+        automat({db, fondo.ajustes, reloj, sesion, gestcomm, repertorio, cerrSes, verTot, xporTot,
                  fondo.textos},
                 preguntas),
         cronos(automat, lenguaje, fondo.ajustes, reloj) {
@@ -70,7 +70,7 @@ struct Aplicacion::Interior {
   totals::CerrSes cerrSes;
   totals::VerTot verTot;
   totals::XporTot xporTot;
-  motor::RegistroTareas registro;
+  motor::RepertorioTareas repertorio;
   Azar azar;
   enlace::Enlaces enlaces;
   motor::gestcomm gestcomm;
@@ -159,8 +159,8 @@ Resultado<> Aplicacion::olvidarTiquesViejos() {
   TARVO_INTENTAR(d->db.ejecutar(u"DELETE FROM TikAbier WHERE fecha<?", d->hora.ahora().dia()));
   return {};
 }
-const motor::RegistroTareas& Aplicacion::registro() const {
-  return d->registro;
+const motor::RepertorioTareas& Aplicacion::repertorio() const {
+  return d->repertorio;
 }
 
 }  // namespace tarvo::app

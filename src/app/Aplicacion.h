@@ -70,7 +70,7 @@ class Aplicacion {
   const automation::Lenguaje& lenguaje() const;
   motor::gestcomm& gestcomm();
   enlace::Enlaces& enlaces();
-  const motor::RegistroTareas& registro() const;
+  const motor::RepertorioTareas& repertorio() const;
   envios::Grupos& grupos();
   automation::Pendientes& debidos();
   // The morning summary, to be read in steps; `enMarcha`: the run under way.

@@ -5,7 +5,7 @@
 
 #include "app/Consola.h"
 #include "app/TextosApp.h"
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 
 namespace tarvo::app {
 
@@ -22,8 +22,8 @@ automation::ResultadoProceso resultadoDe(int estado) {
 Ejecucion::Ejecucion(const Puesto& puesto, Ajustes ajustes, std::unique_ptr<Fondo> fondo)
     : puesto_(puesto),
       ajustes_(std::move(ajustes)),
-      registro_(tareas::registro()),
-      lenguaje_(registro_, ajustes_, puesto.textos),
+      repertorio_(tareas::repertorio()),
+      lenguaje_(repertorio_, ajustes_, puesto.textos),
       cronos_({.ocupado = [this] { return noche_ != nullptr; },
                .correr =
                    [this](const automation::Entrada& e, const QString& traza) {

@@ -27,7 +27,7 @@ class Ejecucion {
 
   const Puesto puesto_;
   const Ajustes ajustes_;
-  const motor::RegistroTareas registro_;
+  const motor::RepertorioTareas repertorio_;
   const automation::Lenguaje lenguaje_;
   automation::Cronos cronos_;
   std::unique_ptr<Fondo> fondo_;

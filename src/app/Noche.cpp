@@ -7,7 +7,7 @@
 #include "app/Ordenes.h"
 #include "app/TextosApp.h"
 #include "comm/cables/FabricaReal.h"
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 
 namespace tarvo::app {
 
@@ -83,8 +83,8 @@ void Noche::entregar(const QString& motivo) {
   const auto ajustes =
       Fondo::leerAjustes(puesto_.carpeta, puesto_.idioma, puesto_.textos, puesto_.reloj);
   if (!ajustes) return despues(Luego::Probar, kOtraVezMs);
-  const motor::RegistroTareas registro = tareas::registro();
-  const automation::Lenguaje lenguaje(registro, *ajustes, puesto_.textos);
+  const motor::RepertorioTareas repertorio = tareas::repertorio();
+  const automation::Lenguaje lenguaje(repertorio, *ajustes, puesto_.textos);
   Peticion p{.que = Peticion::Que::Proceso,
              .ventana = {},
              .nombre = encargo_.nombre,

@@ -4,7 +4,7 @@
 #include "articles/importar/SeccionesHechas.h"
 #include "automation/historia/TablasHistoria.h"
 #include "comm/envios/TablasEnvios.h"
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 #include "totals/libros/TablasLibros.h"
 #include "totals/periodos/TablasTotales.h"
 

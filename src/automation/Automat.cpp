@@ -19,7 +19,7 @@ Automat::Interior::Interior(Automat& automat, const Taller& taller, Preguntas& q
     : yo(automat),
       t(taller),
       preguntas(quienResponde),
-      lenguaje(t.registro, t.ajustes, t.textos),
+      lenguaje(t.repertorio, t.ajustes, t.textos),
       diario(t.db, t.textos),
       ejecutor(t, diario),
       fichero(t.textos),

@@ -66,7 +66,7 @@ struct Taller {
   Reloj& reloj;
   totals::Sesion& sesion;
   motor::gestcomm& motor;
-  const motor::RegistroTareas& registro;
+  const motor::RepertorioTareas& repertorio;
   totals::CerrSes& cerrSes;
   totals::VerTot& verTot;
   totals::XporTot& xporTot;

@@ -201,7 +201,7 @@ void Automat::Interior::cabeceraUnaVez() {
 void Automat::Interior::informarTarea(TipoTarea clase, int grupo, int error, int estado,
                                       qint64 codigo, int fin) {
   cabeceraUnaVez();
-  const auto* c = t.registro.de(clase);
+  const auto* c = t.repertorio.de(clase);
   const QString tarea =
       u"   "_s + (c ? t.textos(c->nombre) : QString()) + u":G"_s + Ceros(grupo, 4) + u"  "_s;
   QStringList informe{tarea + u'E' + Ceros(error, 2) + u"  C"_s + Ceros(codigo, 9) + u"  ["_s +

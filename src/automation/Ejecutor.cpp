@@ -145,7 +145,7 @@ Resultado<Hecho> Ejecutor::tarea(const PasoTarea& p, Ejecucion& e) {
 // or to the group.
 QString Ejecutor::motivoRechazo(int codigo, int grupo, TipoTarea clase) const {
   constexpr int kDestinoMalo = 2;
-  const auto* c = t_.registro.de(clase);
+  const auto* c = t_.repertorio.de(clase);
   const auto numero = t_.db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo);
   const bool hayGrupo = numero && !numero->nulo();
   const auto tipo = hayGrupo ? deNumero<TipoGrupo>(numero->entero()) : std::nullopt;

@@ -24,7 +24,7 @@ namespace {
 
 // A reading of one kind. The reset of a machine comes between the notice on disk and its
 // confirmation.
-class TrabajoDePrueba final : public motor::TrabajoTarea {
+class TrabajoDePrueba final : public motor::CursoTarea {
  public:
   TrabajoDePrueba(const motor::DatosTarea& datos, const motor::Entorno& entorno)
       : d_(datos), en_(entorno) {}
@@ -77,8 +77,8 @@ class TrabajoDePrueba final : public motor::TrabajoTarea {
   motor::Entorno en_;
 };
 
-std::unique_ptr<motor::TrabajoTarea> hacerTrabajo(const motor::DatosTarea& d,
-                                                  const motor::Entorno& e) {
+std::unique_ptr<motor::CursoTarea> hacerTrabajo(const motor::DatosTarea& d,
+                                                const motor::Entorno& e) {
   return std::make_unique<TrabajoDePrueba>(d, e);
 }
 
@@ -118,8 +118,8 @@ Maquinas& maquinasDePrueba() {
   return maquinas;
 }
 
-motor::RegistroTareas registroDePrueba() {
-  motor::RegistroTareas r;
+motor::RepertorioTareas registroDePrueba() {
+  motor::RepertorioTareas r;
   r.anadir(claseDePrueba(TipoTarea::TxPlus, u"TXPLUS"));
   auto sinNadie = claseDePrueba(TipoTarea::TxTecla, u"TXTECLA");
   sinNadie.crear = nullptr;
@@ -148,7 +148,7 @@ struct Programa::Piezas {
   RelojConCorte reloj;
   Ajustes ajustes;
   std::unique_ptr<dao::Database> db;
-  motor::RegistroTareas registro = registroDePrueba();
+  motor::RepertorioTareas repertorio = registroDePrueba();
   totals::Sesion sesion{*db, ajustes, reloj, textosDePrueba()};
   stock::Almacenes almacenes{*db, reloj, textosDePrueba()};
   totals::Periodos periodos{*db, ajustes, almacenes, textosDePrueba()};
@@ -158,16 +158,16 @@ struct Programa::Piezas {
   pruebas::FabricaMemoria cables{reloj};
   Azar azar{1};
   enlace::Enlaces enlaces{reloj, ajustes, cables, azar};
-  motor::gestcomm motor{{*db, ajustes, reloj, sesion, textosDePrueba()}, enlaces, registro};
-  Lenguaje lenguaje{registro, ajustes, textosDePrueba()};
+  motor::gestcomm motor{{*db, ajustes, reloj, sesion, textosDePrueba()}, enlaces, repertorio};
+  Lenguaje lenguaje{repertorio, ajustes, textosDePrueba()};
   std::unique_ptr<Automat> automat;
 };
 
 Programa::Programa(const QString& carpeta, RelojVirtual& reloj, Preguntas& respuestas, int corteEn)
     : p(std::make_unique<Piezas>(carpeta, reloj)), virtual_(reloj) {
   p->automat = std::make_unique<Automat>(
-      Taller{*p->db, p->ajustes, p->reloj, p->sesion, p->motor, p->registro, p->cerrSes, p->verTot,
-             p->xporTot, textosDePrueba()},
+      Taller{*p->db, p->ajustes, p->reloj, p->sesion, p->motor, p->repertorio, p->cerrSes,
+             p->verTot, p->xporTot, textosDePrueba()},
       respuestas);
   p->automat->desatendido = true;
   p->automat->alEscribir = [this](const QString& l) { lineas += l; };

@@ -44,7 +44,7 @@ struct Maquinas {
 
 // The counters behind the kinds of task of `registroDePrueba`.
 Maquinas& maquinasDePrueba();
-motor::RegistroTareas registroDePrueba();
+motor::RepertorioTareas registroDePrueba();
 
 class SinRespuestas final : public Preguntas {
  public:

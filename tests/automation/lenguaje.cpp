@@ -14,9 +14,9 @@ using namespace Qt::StringLiterals;
 
 class LenguajeTest : public testing::Test {
  protected:
-  motor::RegistroTareas registro_ = registroDePrueba();
+  motor::RepertorioTareas repertorio_ = registroDePrueba();
   Ajustes ajustes_{QDir::tempPath(), Idioma::Espanol};
-  Lenguaje l_{registro_, ajustes_, textosDePrueba()};
+  Lenguaje l_{repertorio_, ajustes_, textosDePrueba()};
 };
 
 struct CasoLinea {
@@ -100,7 +100,7 @@ TEST_F(LenguajeTest, CrearLlevaLosLimitesDelPeriodo) {
 
 TEST_F(LenguajeTest, OtrosIdiomasDicenYesYNo) {
   Ajustes ingles{QDir::tempPath(), Idioma::UK};
-  const Lenguaje l(registro_, ingles, textosDePrueba());
+  const Lenguaje l(repertorio_, ingles, textosDePrueba());
   const auto p = l.LeerPaso(u"T:TX_ZERO,1,Yes");
   ASSERT_TRUE(p);
   EXPECT_EQ(l.EscribirPaso(**p), u"T:TX_ZERO,0001, Yes");

@@ -20,9 +20,9 @@ TEST_F(Reglas, LoQueNoSePuedeEncolar) {
   EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, TipoTarea::TxTecla),
             2);  // a kind with a name but no sender
   EXPECT_EQ(gestor->CuantosQuedan().total, 0);
-  EXPECT_EQ(registro.porClave(u"TXPLUS")->tarea, TipoTarea::TxPlus);
-  EXPECT_FALSE(registro.de(TipoTarea::TxTecla)->crear);
-  EXPECT_EQ(registro.porClave(u""), nullptr);
+  EXPECT_EQ(repertorio.porClave(u"TXPLUS")->tarea, TipoTarea::TxPlus);
+  EXPECT_FALSE(repertorio.de(TipoTarea::TxTecla)->crear);
+  EXPECT_EQ(repertorio.porClave(u""), nullptr);
 }
 
 // Reported once, when all is done and closed; a task that stays for the operator delays it.

@@ -39,7 +39,7 @@ void TiendaDeMotor::arrancar(bool reanuda) {
   enlaces = std::make_unique<enlace::Enlaces>(reloj, *ajustes, fabrica, azar);
   gestor = std::make_unique<motor::gestcomm>(
       motor::Entorno{*db, *ajustes, reloj, *sesion, textosDePrueba(), enEspera}, *enlaces,
-      registro);
+      repertorio);
   gestor->VigilaProcesos(3, true, this);
   ultima_ = 0;
 }

@@ -12,7 +12,7 @@
 #include "comm/enlace/AjustesEnlace.h"
 #include "comm/motor/AjustesMotor.h"
 #include "comm/motor/gestcomm.h"
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 #include "motor/CableSimulado.h"
 #include "tienda/Tienda.h"
 
@@ -65,7 +65,7 @@ class TiendaDeMotor : public testing::Test, protected Tienda, protected motor::V
   std::unique_ptr<dao::Database> db;
   std::unique_ptr<totals::Sesion> sesion;
   std::unique_ptr<enlace::Enlaces> enlaces;
-  motor::RegistroTareas registro = tareas::registro();
+  motor::RepertorioTareas repertorio = tareas::repertorio();
   decltype(motor::Entorno::enEspera) enEspera;  // before montar()
   std::unique_ptr<motor::gestcomm> gestor;
   QStringList problemas, reintentos, avisos, hechas;

@@ -6,7 +6,7 @@
 #include "app/AjustesSalas.h"
 #include "comm/cables/AjustesCables.h"
 #include "comm/motor/AjustesMotor.h"
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 #include "core/esquema/Esquema.h"
 #include "noches/Mundo.h"
 #include "totals/libros/TablasLibros.h"

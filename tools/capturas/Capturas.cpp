@@ -66,8 +66,8 @@ QStringList una(ventanas::Escritorio& e, const Encargo& encargo, const QString& 
           .arg(pantalla.width())
           .arg(pantalla.height())
           .arg(escala);
-  e.tema().setCara(cara);
-  e.tema().setEscala(escala / 100.0);
+  e.tema().ponerCara(cara);
+  e.tema().ponerEscala(escala / 100.0);
   QStringList cajas;
   const auto suyos = encargo.argumentos.find(nombre);
   const auto& con =

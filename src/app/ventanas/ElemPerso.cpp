@@ -50,7 +50,7 @@ ElemPerso::ElemPerso(ventanas::Contexto& contexto, const QString& nombre)
   subir_ = f.boton(kTxSubirElemento, u"Subir"_s, [this] { mover(-1); });
   bajar_ = f.boton(kTxBajarElemento, u"Bajar"_s, [this] { mover(1); });
   f.enLinea({subir_, bajar_, nullptr});
-  setFrase(0, false);
+  ponerFrase(0, false);
   acabar({640, 420});
   lista_->setSelectionMode(QAbstractItemView::NoSelection);
   lista_->setFocusPolicy(Qt::NoFocus);

@@ -259,7 +259,7 @@ void MainTarvo::suspenderCapturas() {
 bool MainTarvo::dejaElMotor() {
   if (contexto().ventanas.cargada<comm::PuertaGestcomm>()) return true;
   if (app_.gestcomm().puedeCerrar())
-    return comm::consienteDejarlas(*this, app_.gestcomm(), app_.registro());
+    return comm::consienteDejarlas(*this, app_.gestcomm(), app_.repertorio());
   decirDuda(t(kTxSinCerrar));
   return false;
 }

@@ -176,7 +176,7 @@ void Manana::poner(Pieza& pieza, const Renglon& renglon) {
   pieza.poner(renglon);
   const QString ventana = ventanaDe(renglon.lleva);
   const bool falta = !ventana.isEmpty() && !c_.ventanas.conoce(ventana);
-  pieza.setSinVentana(falta ? c_.textos(kTxSinEstaVentana) : QString());
+  pieza.ponerSinVentana(falta ? c_.textos(kTxSinEstaVentana) : QString());
 }
 
 // What is the same stays, so that nothing flickers and the focus keeps its place.
@@ -222,7 +222,7 @@ void Manana::alinear() {
     anchos = anchos.expandedTo(l->anchosQuePide());
     valor = std::max(valor, l->valorQuePide());
   }
-  for (auto* l : grupos_) l->setAnchos(anchos.width(), anchos.height(), valor);
+  for (auto* l : grupos_) l->ponerAnchos(anchos.width(), anchos.height(), valor);
 }
 
 bool Manana::event(QEvent* evento) {

@@ -108,7 +108,7 @@ void Pieza::poner(const Renglon& renglon) {
   update();
 }
 
-void Pieza::setSinVentana(const QString& tip) {
+void Pieza::ponerSinVentana(const QString& tip) {
   setToolTip(tip.isEmpty() ? renglon_.detalle : tip);
   if (!tip.isEmpty()) setCursor(Qt::ArrowCursor);
 }
@@ -277,7 +277,7 @@ int LineaGrupo::valorQuePide() const {
   return valor_->sizeHint().width();
 }
 
-void LineaGrupo::setAnchos(int palabra, int titulo, int valor) {
+void LineaGrupo::ponerAnchos(int palabra, int titulo, int valor) {
   palabra_->setFixedWidth(palabra);
   titulo_->setFixedWidth(titulo);
   valor_->setFixedWidth(valor);

@@ -30,7 +30,7 @@ class Pieza : public QAbstractButton {
   const Renglon& renglon() const { return renglon_; }
   void poner(const Renglon& renglon);
   // Tip in place of the click where the window isn't there.
-  void setSinVentana(const QString& tip);
+  void ponerSinVentana(const QString& tip);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
   int heightForWidth(int ancho) const override;
@@ -76,7 +76,7 @@ class LineaGrupo final : public Pieza {
  public:
   explicit LineaGrupo(QWidget* padre);
   // So that all lines of a board stand in columns.
-  void setAnchos(int palabra, int titulo, int valor);
+  void ponerAnchos(int palabra, int titulo, int valor);
   QSize anchosQuePide() const;  // of word and title
   int valorQuePide() const;
 

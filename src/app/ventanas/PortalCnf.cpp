@@ -49,7 +49,7 @@ void PortalCnf::ponerAspecto() {
       cual == std::end(kCaras) ? 0 : static_cast<int>(cual - std::begin(kCaras)));
   connect(ui_.Aspecto, &QComboBox::activated, this, [this](int i) {
     contexto().recuerdos.poner(u"Tema"_s, u"cara"_s, kCaras[i]);
-    contexto().tema.setCara(ventanas::leerCara(kCaras[i]));
+    contexto().tema.ponerCara(ventanas::leerCara(kCaras[i]));
   });
 }
 

@@ -12,9 +12,9 @@
 #include "app/ventanas/Encargos.h"
 #include "app/ventanas/Lleva.h"
 #include "app/ventanas/PreguntasApp.h"
-#include "app/ventanas/Registro.h"
+#include "app/ventanas/RegistrarVentanas.h"
 #include "app/ventanas/TextosPrincipal.h"
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 #include "core/ventanas/aspecto/Tema.h"
 #include "core/ventanas/marco/Escritorio.h"
 #include "core/ventanas/marco/MyMsgBox.h"
@@ -140,8 +140,8 @@ std::optional<Peticion> peticionDe(const Ordenes& o, const Ajustes& ajustes, con
   Peticion p;
   p.ventana = o.ventana;
   if (o.proceso.trimmed().isEmpty()) return p;
-  const motor::RegistroTareas registro = tareas::registro();
-  const automation::Lenguaje lenguaje(registro, ajustes, t);
+  const motor::RepertorioTareas repertorio = tareas::repertorio();
+  const automation::Lenguaje lenguaje(repertorio, ajustes, t);
   const QString ruta = rutaProceso(o.proceso, ajustes);
   const auto leido = lenguaje.LeerProceso(ruta);
   if (!leido || !leido->activaciones.empty()) return std::nullopt;

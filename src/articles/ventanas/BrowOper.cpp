@@ -42,8 +42,8 @@ void BrowOper::montar() {
                        .ancho = 320,
                        .editar = [this](qint64 f, const QString& s) { return ponerNombre(f, s); },
                        .largo = 50}});
-  ui_.Grid->setVacia(t(kTxSinOperadores), ui_.Nuevo);
-  ui_.Grid->setAcciones({ui_.Nuevo, ui_.Modificar, ui_.Borro, ui_.Deshacer, ui_.VerXtrac});
+  ui_.Grid->ponerVacia(t(kTxSinOperadores), ui_.Nuevo);
+  ui_.Grid->ponerAcciones({ui_.Nuevo, ui_.Modificar, ui_.Borro, ui_.Deshacer, ui_.VerXtrac});
   connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this, &BrowOper::actualCambiada);
   // A changed code may stand elsewhere in the order.
   connect(

@@ -30,7 +30,7 @@ BrowPLUs::BrowPLUs(ventanas::Contexto& contexto, const QString& nombre, Catalogo
     : Ventana(contexto, nombre), catalogo_(catalogo), motor_(motor), lotes_(catalogo) {
   ui_.setupUi(cuerpo());
   enlazar();
-  precios_ = std::make_unique<RejillaPrecios>(
+  precios_ = std::make_unique<ParrillaPrecios>(
       *this, *ui_.GrdPre, [this](const Precios& p) { return CambioPrecios(p); });
   montar();
 }
@@ -146,10 +146,10 @@ void BrowPLUs::prepararParrilla() {
        .oculta = true}};
   anadirPrecios(columnas);
   ui_.Grid->preparar(contexto(), this->nombre(), std::move(columnas));
-  ui_.Grid->setMoneda(contexto().ajustes.MonedaNativa);
-  ui_.Grid->setBusca(false);
+  ui_.Grid->ponerMoneda(contexto().ajustes.MonedaNativa);
+  ui_.Grid->ponerBusca(false);
   ui_.Grid->filtros()->addWidget(ui_.orden);
-  ui_.Grid->setVacia(t(kTxListaVacia), ui_.Nuevo);
+  ui_.Grid->ponerVacia(t(kTxListaVacia), ui_.Nuevo);
 }
 
 // A cell of a price, as the list writes it.
@@ -237,8 +237,8 @@ void BrowPLUs::listar() {
   o.parametros = std::move(c.valores);
   haIdoBien(ui_.Grid->abrir(std::move(o)));
   cambios_ = contexto().base.cambios();
-  ui_.Grid->setVacia(t(ui_.Filtro->text().trimmed().isEmpty() ? kTxListaVacia : kTxNadaFiltrado),
-                     ui_.Nuevo);
+  ui_.Grid->ponerVacia(t(ui_.Filtro->text().trimmed().isEmpty() ? kTxListaVacia : kTxNadaFiltrado),
+                       ui_.Nuevo);
   setWindowTitle(t(kTxArticulosDe).arg(ui_.LstSec->currentText()));
   actualCambiada();
 }

@@ -6,8 +6,8 @@
 #include "articles/Busqueda.h"
 #include "articles/Lotes.h"
 #include "articles/precios/ventanas/Puertas.h"
+#include "articles/ventanas/ParrillaPrecios.h"
 #include "articles/ventanas/Puertas.h"
-#include "articles/ventanas/RejillaPrecios.h"
 #include "comm/motor/gestcomm.h"
 #include "core/ventanas/edicion/Deshacer.h"
 #include "core/ventanas/marco/Recorrido.h"
@@ -111,7 +111,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   Catalogo& catalogo_;
   motor::gestcomm& motor_;
   Lotes lotes_;
-  std::unique_ptr<RejillaPrecios> precios_;
+  std::unique_ptr<ParrillaPrecios> precios_;
   int seccion_ = 0, departamento_ = 0, hijos_ = 0;
   Clave anterior_;  // told to those that follow the pointer
   std::vector<std::pair<QPointer<QObject>, std::function<void()>>> siguen_;

@@ -45,9 +45,9 @@ void BrowPLUs::montarAcciones() {
   permitir(*ui_.VerXtrac, contexto(), u"VerFils"_s, t(kTxSinEsa));
   permitir(*ui_.Import, contexto(), u"ImpPLU"_s, t(kTxSinEsa));
   permitir(*ui_.Varios, contexto(), u"CambioLote"_s, t(kTxSinEsa));
-  ui_.Grid->setAcciones({ui_.Nuevo, ui_.Modificar, ui_.Borro, ui_.Deshacer, ui_.Copio, ui_.Muevo,
-                         ui_.VerXtrac, ui_.VerPrecios, ui_.Calculo, ui_.Varios, ui_.Import,
-                         ui_.Imprimir, ui_.Envio});
+  ui_.Grid->ponerAcciones({ui_.Nuevo, ui_.Modificar, ui_.Borro, ui_.Deshacer, ui_.Copio, ui_.Muevo,
+                           ui_.VerXtrac, ui_.VerPrecios, ui_.Calculo, ui_.Varios, ui_.Import,
+                           ui_.Imprimir, ui_.Envio});
 }
 
 void BrowPLUs::montarMenus() {

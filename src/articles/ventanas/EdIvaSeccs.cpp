@@ -36,12 +36,12 @@ EdIvaSeccs::EdIvaSeccs(ventanas::Contexto& contexto, const QString& nombre, Cata
         .editar = [this](qint64 c, const QString& s) { return ponerTipo(c, s); },
         .largo = 1}});
   for (ventanas::Parrilla* p : {tipos_, depts_}) {
-    p->setBusca(false);
-    p->setPie(false);
-    p->setEscribeAlTeclear(true);
+    p->ponerBusca(false);
+    p->ponerPie(false);
+    p->ponerEscribeAlTeclear(true);
     p->vivas();
   }
-  depts_->setVacia(t(kTxSinDepartamentos));
+  depts_->ponerVacia(t(kTxSinDepartamentos));
 }
 
 Resultado<> EdIvaSeccs::entrar(const PuertaEdIvaSeccs& puerta) {

@@ -17,8 +17,8 @@ SelOpe::SelOpe(ventanas::Contexto& contexto, const QString& nombre) : Ventana(co
       contexto, nombre,
       {{.titulo = ventanas::kTxCodigo, .campo = u"CODOPE"_s, .clase = Clase::Codigo, .cifras = 4},
        {.titulo = ventanas::kTxNombre, .campo = u"NOMOPE"_s, .ancho = 260}});
-  ui_.Grid->setUnaSola(true);
-  ui_.Grid->setVacia(t(kTxSinOperadores));
+  ui_.Grid->ponerUnaSola(true);
+  ui_.Grid->ponerVacia(t(kTxSinOperadores));
   connect(ui_.Grid, &ventanas::Parrilla::activada, this, &SelOpe::elegir);
   connect(ui_.Acepto, &QPushButton::clicked, this, &SelOpe::elegir);
   connect(ui_.Cancelo, &QPushButton::clicked, this, [this] { rechazar(); });

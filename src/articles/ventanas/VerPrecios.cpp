@@ -65,7 +65,7 @@ VerPrecios::VerPrecios(ventanas::Contexto& contexto, const QString& nombre)
   ui_.txCod->setValidator(new QIntValidator(0, kUltimoCodigo, this));
   ui_.Grid->preparar(contexto, nombre, columnasHistoria(*this, true));
   ui_.Grid->filtros()->addWidget(ui_.filtros);
-  ui_.Grid->setVacia(t(kTxSinHistoria));
+  ui_.Grid->ponerVacia(t(kTxSinHistoria));
   connect(ui_.LstSec, &QComboBox::activated, this, &VerPrecios::filtrar);
   connect(ui_.LstTarifa, &QComboBox::activated, this, &VerPrecios::filtrar);
   connect(ui_.txCod, &QLineEdit::textEdited, this, &VerPrecios::filtrar);

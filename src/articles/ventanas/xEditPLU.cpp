@@ -55,7 +55,7 @@ void XEditPLU::montar() {
                        .cancelo = u"Salir"_s,
                        .textoAcepto = ventanas::kTxGuardar,
                        .textoCancelo = ventanas::kTxSalir});
-  precios_ = std::make_unique<RejillaPrecios>(*this, *listaPrecios_, [this](const Precios& p) {
+  precios_ = std::make_unique<ParrillaPrecios>(*this, *listaPrecios_, [this](const Precios& p) {
     r.articulo.precios = p;
     return Resultado<>();
   });
@@ -69,14 +69,14 @@ void XEditPLU::montar() {
       },
       Qt::QueuedConnection);
   listaHistoria_->preparar(contexto(), nombre(), columnasHistoria(*this, false));
-  listaHistoria_->setBusca(false);
-  listaHistoria_->setVacia(t(kTxSinHistoria));
+  listaHistoria_->ponerBusca(false);
+  listaHistoria_->ponerVacia(t(kTxSinHistoria));
   montarStock();
 }
 
 // What the message calls it, where that isn't its caption.
 XEditPLU::Campo& XEditPLU::llamar(Campo& campo, int nombre) {
-  campo.setNombre(t(nombre));
+  campo.ponerNombre(t(nombre));
   return campo;
 }
 
@@ -225,9 +225,9 @@ void XEditPLU::montarStock() {
                       .ordenable = false});
   columnas.push_back({.titulo = kTxUnidad, .campo = u"cada"_s, .soloDato = true});
   listaStock_->preparar(contexto(), nombre(), std::move(columnas));
-  listaStock_->setBusca(false);
-  listaStock_->setPie(false);
-  listaStock_->setEscribeAlTeclear(true);
+  listaStock_->ponerBusca(false);
+  listaStock_->ponerPie(false);
+  listaStock_->ponerEscribeAlTeclear(true);
   listaStock_->vivas();
 }
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "articles/FichaArticulo.h"
+#include "articles/ventanas/ParrillaPrecios.h"
 #include "articles/ventanas/Puertas.h"
-#include "articles/ventanas/RejillaPrecios.h"
 #include "core/ventanas/edicion/Ficha.h"
 
 class QTabWidget;
@@ -54,7 +54,7 @@ class XEditPLU final : public ventanas::FichaDe<FichaArticulo> {
 
   FichasArticulo fichas_;
   Catalogo& catalogo_;
-  std::unique_ptr<RejillaPrecios> precios_;
+  std::unique_ptr<ParrillaPrecios> precios_;
   Campo *codigo_, *nombre_, *unidad_, *depto_, *formato_, *minimo_, *hasta1_, *hasta2_, *descuento_;
   Campo *prefijo_, *predefinido_, *coste_;
   std::vector<Campo*> medidas_;  // of money and quantities

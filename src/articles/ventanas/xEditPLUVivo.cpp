@@ -40,9 +40,9 @@ bool XEditPLU::leerMedidas() {
 }
 
 void XEditPLU::pintarMoneda() {
-  precios_->setMoneda(moneda_);
-  listaHistoria_->setMoneda(moneda_);
-  listaStock_->setMoneda(moneda_);
+  precios_->ponerMoneda(moneda_);
+  listaHistoria_->ponerMoneda(moneda_);
+  listaStock_->ponerMoneda(moneda_);
   botonMoneda_->setText(contexto().ajustes.MonedaLogo[static_cast<size_t>(moneda_)].trimmed());
   for (Campo* c : medidas_) c->mostrar();
   unidadStock_->setText(t(r.articulo.porPeso() ? kTxKgs : kTxUds));

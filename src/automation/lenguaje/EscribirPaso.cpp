@@ -35,11 +35,11 @@ QString fechaOTexto(const Momento& m) {
 // Writes what follows the letter of each kind of step.
 class Escritor {
  public:
-  Escritor(const motor::RegistroTareas& registro, bool espanol)
-      : registro_(registro), espanol_(espanol) {}
+  Escritor(const motor::RepertorioTareas& repertorio, bool espanol)
+      : repertorio_(repertorio), espanol_(espanol) {}
 
   QString campos(const PasoTarea& p) const {
-    const auto* clase = registro_.de(p.tarea);
+    const auto* clase = repertorio_.de(p.tarea);
     const QString cabeza =
         (clase ? QString::fromUtf16(clase->clave) : QString()) + u',' + conAncho(p.grupo, 4);
     switch (colaDe(p.tarea)) {
@@ -107,7 +107,7 @@ class Escritor {
            (libre ? fechaEscrita(iv.hasta) : iv.hasta.corta()) + u',' + sinCortes(p.descripcion);
   }
 
-  const motor::RegistroTareas& registro_;
+  const motor::RepertorioTareas& repertorio_;
   bool espanol_;
 };
 

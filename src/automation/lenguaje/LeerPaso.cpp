@@ -86,9 +86,9 @@ class Campos {
   QString error_;
 };
 
-PasoProceso leerTarea(Campos& f, const motor::RegistroTareas& registro) {
+PasoProceso leerTarea(Campos& f, const motor::RepertorioTareas& repertorio) {
   const auto clave = f.campo();
-  const auto* clase = clave.isEmpty() ? nullptr : registro.porClave(clave);
+  const auto* clase = clave.isEmpty() ? nullptr : repertorio.porClave(clave);
   if (!clase) {
     f.fallo(kTxNoEsTarea, {citado(clave)});
     return {};
@@ -183,11 +183,11 @@ PasoProceso leerExportar(Campos& f) {
 
 // Nothing for a line that doesn't begin like any kind of step.
 std::optional<PasoProceso> leerCampos(QStringView palabra, Campos& f,
-                                      const motor::RegistroTareas& registro) {
+                                      const motor::RepertorioTareas& repertorio) {
   if (palabra.isEmpty()) return std::nullopt;
   switch (palabra.front().unicode()) {
     case PasoTarea::kLetra:
-      return leerTarea(f, registro);
+      return leerTarea(f, repertorio);
     case PasoSesion::kLetra:
       return leerSesion(f);
     case PasoControl::kLetra:

@@ -149,9 +149,9 @@ class LectorFichero {
 
 }  // namespace
 
-Lenguaje::Lenguaje(const motor::RegistroTareas& registro, const Ajustes& ajustes,
+Lenguaje::Lenguaje(const motor::RepertorioTareas& repertorio, const Ajustes& ajustes,
                    const Textos& textos)
-    : r_(registro), a_(ajustes), t_(textos) {}
+    : r_(repertorio), a_(ajustes), t_(textos) {}
 
 Resultado<FicheroProceso> Lenguaje::leer(const QString& texto) const {
   LectorFichero lector(*this, a_.EsEspanol());

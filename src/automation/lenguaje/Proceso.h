@@ -159,7 +159,7 @@ QString palabraClase(const PasoProceso& paso);
 
 class Lenguaje {
  public:
-  Lenguaje(const motor::RegistroTareas& registro, const Ajustes& ajustes, const Textos& textos);
+  Lenguaje(const motor::RepertorioTareas& repertorio, const Ajustes& ajustes, const Textos& textos);
   // A blank line yields a blank step; a line of no class yields nothing; an unreadable line is an
   // error.
   Resultado<std::optional<PasoProceso>> LeerPaso(QStringView linea) const;
@@ -182,7 +182,7 @@ class Lenguaje {
   const Textos& textos() const { return t_; }
 
  private:
-  const motor::RegistroTareas& r_;
+  const motor::RepertorioTareas& r_;
   const Ajustes& a_;
   const Textos& t_;
 };

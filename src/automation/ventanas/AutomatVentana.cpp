@@ -122,10 +122,10 @@ AutomatVentana::AutomatVentana(Contexto& c, const QString& nombre, Automat& auto
   enlazar();
   ui_.ListaPasos->preparar(c, nombre, columnasPasos(c.textos));
   ui_.ListaPasos->vivas();
-  ui_.ListaPasos->setUnaSola(true);
-  ui_.ListaPasos->setBusca(false);
+  ui_.ListaPasos->ponerUnaSola(true);
+  ui_.ListaPasos->ponerBusca(false);
   ui_.ListaPasos->vista()->horizontalHeader()->setStretchLastSection(true);
-  ui_.ListaPasos->setVacia(t(kTxSinProceso));
+  ui_.ListaPasos->ponerVacia(t(kTxSinProceso));
   ui_.ListaPasos->vista()->setAccessibleName(t(kTxPasosProceso));
   ui_.Problemas->setAccessibleName(t(kTxTrazaEjecucion));
   conectar();

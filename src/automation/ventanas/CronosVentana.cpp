@@ -93,10 +93,10 @@ CronosVentana::CronosVentana(Contexto& c, const QString& nombre, Cronos& cronos)
   enlazar();
   ui_.ListaCron->preparar(c, nombre, columnasCron(c.textos));
   ui_.ListaCron->vivas();
-  ui_.ListaCron->setUnaSola(true);
-  ui_.ListaCron->setBusca(false);
-  ui_.ListaCron->setVacia(t(kTxSinLineas));
-  ui_.ListaCron->setAcciones({ui_.ejecutar});
+  ui_.ListaCron->ponerUnaSola(true);
+  ui_.ListaCron->ponerBusca(false);
+  ui_.ListaCron->ponerVacia(t(kTxSinLineas));
+  ui_.ListaCron->ponerAcciones({ui_.ejecutar});
   ui_.ListaCron->vista()->setAccessibleName(t(kTxLineasHorario));
   setWindowIcon(icono(u"reloj"_s));
   conectar();

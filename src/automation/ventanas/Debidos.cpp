@@ -21,9 +21,9 @@ Debidos::Debidos(Contexto& c, const QString& nombre, Pendientes& libro)
       {{.titulo = ventanas::kTxPeriodo, .campo = u"periodo"_s, .ancho = 300, .ordenable = false},
        {.titulo = kTxColQueFalta, .campo = u"que"_s, .ancho = 400, .ordenable = false}});
   ui_.Lista->vivas();
-  ui_.Lista->setUnaSola(true);
-  ui_.Lista->setBusca(false);
-  ui_.Lista->setVacia(t(kTxNadaDebido));
+  ui_.Lista->ponerUnaSola(true);
+  ui_.Lista->ponerBusca(false);
+  ui_.Lista->ponerVacia(t(kTxNadaDebido));
   ui_.Lista->vista()->setAccessibleName(t(kTxDebidos));
   setWindowIcon(icono(u"esperando"_s));
   connect(ui_.Olvidar, &QPushButton::clicked, this, [this] { olvidar(); });

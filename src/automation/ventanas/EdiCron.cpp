@@ -55,10 +55,10 @@ EdiCron::EdiCron(Contexto& c, const QString& nombre, const Lenguaje& lenguaje)
   }
   ui_.ListaBat->preparar(c, nombre, columnasBat());
   ui_.ListaBat->vivas();
-  ui_.ListaBat->setUnaSola(true);
-  ui_.ListaBat->setBusca(false);
-  ui_.ListaBat->setPie(false);
-  ui_.ListaBat->setAcciones({ui_.insertar, ui_.borrar});
+  ui_.ListaBat->ponerUnaSola(true);
+  ui_.ListaBat->ponerBusca(false);
+  ui_.ListaBat->ponerPie(false);
+  ui_.ListaBat->ponerAcciones({ui_.insertar, ui_.borrar});
   ui_.ListaBat->vista()->setAccessibleName(t(kTxLineasHorario));
   conectar();
   conectarLinea();

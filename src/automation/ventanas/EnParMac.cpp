@@ -39,7 +39,7 @@ EnParMac::EnParMac(Contexto& c, const QString& nombre) : FichaDe(c, nombre) {
   montarRango({*this, *pila});
   f.muelle();
   ponerLetra(*f.nota(u"lblAviso"_s, kTxSiCancela), Letra::Secundaria);
-  setFrase(0, false);
+  ponerFrase(0, false);
   acabar({460, 200});
 }
 
@@ -88,7 +88,7 @@ void EnParMac::ponerRango() {
   mes_->setEnabled(!otras);
   for (const Campo* c : {desde_, hasta_}) c->control().setEnabled(otras);
   rango_->setVisible(!otras);
-  mes_->setTodo(todo_->isChecked());
+  mes_->ponerTodo(todo_->isChecked());
 }
 
 std::vector<EnParMac::FaltaCampo> EnParMac::comprobar() {

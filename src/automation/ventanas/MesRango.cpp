@@ -30,7 +30,7 @@ void MesRango::irAlMes(QDate dia) {
   Q_EMIT rangoCambiado();
 }
 
-void MesRango::setTodo(bool todo) {
+void MesRango::ponerTodo(bool todo) {
   todo_ = todo;
   updateCells();
   Q_EMIT rangoCambiado();

@@ -11,8 +11,8 @@ class MesRango final : public QCalendarWidget {
  public:
   explicit MesRango(QWidget* padre = nullptr);
 
-  void irAlMes(QDate dia);  // its first day is the one chosen
-  void setTodo(bool todo);  // the whole month that is shown is chosen
+  void irAlMes(QDate dia);    // its first day is the one chosen
+  void ponerTodo(bool todo);  // the whole month that is shown is chosen
   QDate desde() const;
   QDate hasta() const;
 

@@ -6,7 +6,7 @@
 
 #include "comm/cables/AjustesCables.h"
 #include "comm/enlace/AjustesEnlace.h"
-#include "comm/enlace/Maquina.h"
+#include "comm/enlace/MaquinaDeEstados.h"
 #include "comm/enlace/comtvIP.h"
 #include "core/ajustes/Ajustes.h"
 
@@ -40,7 +40,7 @@ struct Enlaces::Datos {
   bool enUso(const QString& acceso, int canal) const;
 };
 
-struct comtvIP::Estado final : Maquina::Exterior {
+struct comtvIP::Estado final : MaquinaDeEstados::Exterior {
   Estado(Enlaces::Datos& laCasa, comtvIP& elDueno, int elCanal);
 
   Enlaces::Datos& casa;
@@ -62,7 +62,7 @@ struct comtvIP::Estado final : Maquina::Exterior {
   int dentro = 0;  // events of clients that have not returned yet
   std::unique_ptr<Temporizador> limite, luego;
   std::vector<std::function<void()>> aplazados;  // calls to make 10 ms later
-  Maquina maquina;
+  MaquinaDeEstados maquina;
 
   // Opening and closing.
   int abrir(Para para, int baudios, const QString& texto);

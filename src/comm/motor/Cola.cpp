@@ -80,7 +80,7 @@ Resultado<std::optional<DatosTarea>> gestcomm::Interior::leerGrupo(int grupo) {
 int gestcomm::Interior::nueva(const DatosTarea& que) {
   const TipoTarea clase = que.Clase;
   const int grupo = que.Grupo;
-  const ClaseTarea* c = registro.de(clase);
+  const ClaseTarea* c = repertorio.de(clase);
   // A build lacks kinds by their keyword; the kind without one is in all builds.
   const bool tiene = c && (*c->clave == 0 || entorno.ajustes.clases.tiene(clase));
   if (!tiene || !c->crear) return 2;

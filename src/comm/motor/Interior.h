@@ -66,7 +66,7 @@ struct TareaViva {
   qint64 otraVez = 0;  // the end of its rest (monotonic ms); 0 while it doesn't rest
   qint64 descanso = kDescansoMin;
   QString textoError, dicho, trajo;
-  std::unique_ptr<TrabajoTarea> trabajo;
+  std::unique_ptr<CursoTarea> trabajo;
 
   void contarFallo(int TareaViva::* seguidos, int TareaViva::* sinAvance);
   void olvidarFallos();  // counts its attempts anew
@@ -91,13 +91,13 @@ struct CanalVivo {
 };
 
 struct gestcomm::Interior {
-  Interior(gestcomm& dueno, Entorno e, enlace::Enlaces& en, const RegistroTareas& r);
+  Interior(gestcomm& dueno, Entorno e, enlace::Enlaces& en, const RepertorioTareas& r);
   ~Interior();
 
   gestcomm& fuera;  // as the links know the engine
   Entorno entorno;
   enlace::Enlaces& enlaces;
-  const RegistroTareas& registro;
+  const RepertorioTareas& repertorio;
   const AjustesMotor& ajustes;
   const enlace::AjustesEnlace& tiempos;
   const enlace::AjustesCables& cables;

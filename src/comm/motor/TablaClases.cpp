@@ -123,7 +123,7 @@ bool ClaseTarea::valePara(TipoGrupo tipo) const {
   return std::ranges::find(tipos, tipo) != tipos.end();
 }
 
-void RegistroTareas::anadir(ClaseTarea clase) {
+void RepertorioTareas::anadir(ClaseTarea clase) {
   const auto it = std::ranges::find(clases_, clase.tarea, &ClaseTarea::tarea);
   if (it != clases_.end())
     *it = std::move(clase);
@@ -131,12 +131,12 @@ void RegistroTareas::anadir(ClaseTarea clase) {
     clases_.push_back(std::move(clase));
 }
 
-const ClaseTarea* RegistroTareas::de(TipoTarea tarea) const {
+const ClaseTarea* RepertorioTareas::de(TipoTarea tarea) const {
   const auto it = std::ranges::find(clases_, tarea, &ClaseTarea::tarea);
   return it == clases_.end() ? nullptr : &*it;
 }
 
-const ClaseTarea* RegistroTareas::porClave(QStringView clave) const {
+const ClaseTarea* RepertorioTareas::porClave(QStringView clave) const {
   if (clave.isEmpty()) return nullptr;
   const auto it = std::ranges::find_if(
       clases_, [&](const ClaseTarea& c) { return clave == QStringView(c.clave); });

@@ -90,9 +90,9 @@ struct Entorno {
 // read; one of class Comunicacion has the code of a refusal; one with number kErrorSuprimido ends
 // the task. A retry must not lose data from a machine, and no machine may be told to forget data
 // before they are on disk.
-class TrabajoTarea {
+class CursoTarea {
  public:
-  virtual ~TrabajoTarea() = default;
+  virtual ~CursoTarea() = default;
   // SiguienteTrama: what to send or wait for now; Fin if TareaAcabada. Called again after a retry,
   // it gives the same step.
   virtual Resultado<Siguiente> siguiente() = 0;
@@ -149,15 +149,15 @@ struct ClaseTarea {
   bool esBorrado = false;        // wipe: later tasks of its group wait for it
   bool toleraErr5 = false;       // a refusal numbered 5 counts as a good answer
   // Null for a kind with a known name but no sender: NuevaTarea returns 2 for it.
-  std::unique_ptr<TrabajoTarea> (*crear)(const DatosTarea&, const Entorno&) = nullptr;
+  std::unique_ptr<CursoTarea> (*crear)(const DatosTarea&, const Entorno&) = nullptr;
   bool valePara(TipoGrupo tipo) const;
 };
 
 // The names, kinds of group and flags of all kinds of task, without senders.
 std::vector<ClaseTarea> TablaClases();
 
-// The kinds. Created in one place (comm/tareas/Registro) and passed to the engine.
-class RegistroTareas {
+// The kinds. Created in one place (comm/tareas/Repertorio) and passed to the engine.
+class RepertorioTareas {
  public:
   // Adds a kind, or replaces the existing one.
   void anadir(ClaseTarea clase);

@@ -8,11 +8,11 @@
 namespace tarvo::motor {
 
 gestcomm::Interior::Interior(gestcomm& dueno, Entorno e, enlace::Enlaces& en,
-                             const RegistroTareas& r)
+                             const RepertorioTareas& r)
     : fuera(dueno),
       entorno(e),
       enlaces(en),
-      registro(r),
+      repertorio(r),
       ajustes(e.ajustes.de<AjustesMotor>()),
       tiempos(e.ajustes.de<enlace::AjustesEnlace>()),
       cables(e.ajustes.de<enlace::AjustesCables>()) {
@@ -29,8 +29,8 @@ gestcomm::Interior::~Interior() {
     if (canales[static_cast<size_t>(c)].acceso && enlaces[c]) enlaces.abandonar(c, &fuera);
 }
 
-gestcomm::gestcomm(Entorno entorno, enlace::Enlaces& enlaces, const RegistroTareas& registro)
-    : d(std::make_unique<Interior>(*this, entorno, enlaces, registro)) {}
+gestcomm::gestcomm(Entorno entorno, enlace::Enlaces& enlaces, const RepertorioTareas& repertorio)
+    : d(std::make_unique<Interior>(*this, entorno, enlaces, repertorio)) {}
 
 gestcomm::~gestcomm() = default;
 

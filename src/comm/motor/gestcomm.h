@@ -61,7 +61,7 @@ struct VistaCanal {
 
 class gestcomm final : private enlace::ClienteEnlace {
  public:
-  gestcomm(Entorno entorno, enlace::Enlaces& enlaces, const RegistroTareas& registro);
+  gestcomm(Entorno entorno, enlace::Enlaces& enlaces, const RepertorioTareas& repertorio);
   ~gestcomm();
 
   // 0 queued; 1 refused by the session rule; 2 no such group, a kind not valid for it, or a group

@@ -17,7 +17,7 @@ using motor::Siguiente;
 // with sales refuses it, and registers keep theirs. The link never repeats the order, since a late
 // repeat would wipe articles sent after it; while it is under way no article counts as proved to be
 // held.
-class Borrado final : public motor::TrabajoTarea {
+class Borrado final : public motor::CursoTarea {
  public:
   Borrado(const motor::DatosTarea& t, const motor::Entorno& e)
       : t_(t), e_(e), tenencias_(e.db, e.reloj, destinoDe(t)) {
@@ -103,7 +103,7 @@ class Borrado final : public motor::TrabajoTarea {
 
 }  // namespace
 
-Trabajo crearBorrPlu(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearBorrPlu(const motor::DatosTarea& t, const motor::Entorno& e) {
   return std::make_unique<Borrado>(t, e);
 }
 

@@ -18,7 +18,7 @@ envios::Destino destinoDe(const motor::DatosTarea& t);
 // A refusal in words that follow the article's name.
 QString motivoDeRechazo(int error, const Textos& textos);
 
-class EnvioArticulos : public motor::TrabajoTarea {
+class EnvioArticulos : public motor::CursoTarea {
  public:
   EnvioArticulos(const motor::DatosTarea& t, const motor::Entorno& e,
                  envios::Remesa::Que que = envios::Remesa::Que::Articulos);
@@ -90,7 +90,7 @@ class EnvioArticulos : public motor::TrabajoTarea {
 };
 
 // The complete sending to a group of kind 4, which compares its list with ours.
-std::unique_ptr<motor::TrabajoTarea> crearComparacion(const motor::DatosTarea& t,
-                                                      const motor::Entorno& e);
+std::unique_ptr<motor::CursoTarea> crearComparacion(const motor::DatosTarea& t,
+                                                    const motor::Entorno& e);
 
 }  // namespace tarvo::tareas

@@ -7,22 +7,22 @@
 
 namespace tarvo::tareas {
 
-using Trabajo = std::unique_ptr<motor::TrabajoTarea>;
+using Curso = std::unique_ptr<motor::CursoTarea>;
 
-Trabajo crearTxPlus(const motor::DatosTarea&, const motor::Entorno&);
-Trabajo crearBorrPlu(const motor::DatosTarea&, const motor::Entorno&);
-Trabajo crearRxDatPlu(const motor::DatosTarea&, const motor::Entorno&);
-Trabajo crearTPreci(const motor::DatosTarea&, const motor::Entorno&);
-Trabajo crearTxZero(const motor::DatosTarea&, const motor::Entorno&);
-Trabajo crearTxHora(const motor::DatosTarea&, const motor::Entorno&);
-Trabajo crearTxCerr(const motor::DatosTarea&, const motor::Entorno&);
-Trabajo crearRxPlus(const motor::DatosTarea&, const motor::Entorno&);
-Trabajo crearRxGrTot(const motor::DatosTarea&, const motor::Entorno&);
-Trabajo crearRxOpera(const motor::DatosTarea&, const motor::Entorno&);
-Trabajo crearRxDepar(const motor::DatosTarea&, const motor::Entorno&);
-Trabajo crearRxHorar(const motor::DatosTarea&, const motor::Entorno&);
-Trabajo crearRxOpHor(const motor::DatosTarea&, const motor::Entorno&);
-Trabajo crearRxPedid(const motor::DatosTarea&, const motor::Entorno&);
-Trabajo crearRxInven(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearTxPlus(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearBorrPlu(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearRxDatPlu(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearTPreci(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearTxZero(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearTxHora(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearTxCerr(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearRxPlus(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearRxGrTot(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearRxOpera(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearRxDepar(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearRxHorar(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearRxOpHor(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearRxPedid(const motor::DatosTarea&, const motor::Entorno&);
+Curso crearRxInven(const motor::DatosTarea&, const motor::Entorno&);
 
 }  // namespace tarvo::tareas

@@ -16,7 +16,7 @@ namespace {
 
 using motor::Siguiente;
 
-class Lista : public motor::TrabajoTarea {
+class Lista : public motor::CursoTarea {
  public:
   Lista(const motor::DatosTarea& t, const motor::Entorno& e, Documento que)
       : t_(t), e_(e), que_(que), disco_(t_, e_, que) {}
@@ -324,7 +324,7 @@ class ListaNodalPedido final : public Lista {
 
 }  // namespace
 
-Trabajo crearLista(const motor::DatosTarea& t, const motor::Entorno& e, Documento que) {
+Curso crearLista(const motor::DatosTarea& t, const motor::Entorno& e, Documento que) {
   if (t.Tipo == TipoGrupo::Ebony) return std::make_unique<ListaNodalPedido>(t, e, que);
   return std::make_unique<ListaVek>(t, e, que);
 }

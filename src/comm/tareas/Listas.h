@@ -33,7 +33,7 @@ class ListaRecibida {
   qint64 numero_ = 0;
 };
 
-std::unique_ptr<motor::TrabajoTarea> crearLista(const motor::DatosTarea& t, const motor::Entorno& e,
-                                                Documento que);
+std::unique_ptr<motor::CursoTarea> crearLista(const motor::DatosTarea& t, const motor::Entorno& e,
+                                              Documento que);
 
 }  // namespace tarvo::tareas

@@ -16,7 +16,7 @@ using motor::Siguiente;
 // Walks the file of the scales, article by article, and corrects our knowledge of it: so the next
 // sending restores what a machine with an older memory has lost. A single article is kept as it
 // came, for the person who asked for it.
-class RecorridoDeFichas final : public motor::TrabajoTarea {
+class RecorridoDeFichas final : public motor::CursoTarea {
  public:
   RecorridoDeFichas(const motor::DatosTarea& t, const motor::Entorno& e)
       : t_(t),
@@ -92,7 +92,7 @@ class RecorridoDeFichas final : public motor::TrabajoTarea {
 
 }  // namespace
 
-Trabajo crearRxDatPlu(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearRxDatPlu(const motor::DatosTarea& t, const motor::Entorno& e) {
   return std::make_unique<RecorridoDeFichas>(t, e);
 }
 

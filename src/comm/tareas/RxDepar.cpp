@@ -69,7 +69,7 @@ class DepartamentosCaja final : public ListasCaja {
 
 }  // namespace
 
-Trabajo crearRxDepar(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearRxDepar(const motor::DatosTarea& t, const motor::Entorno& e) {
   switch (t.Tipo) {
     case TipoGrupo::Ebony:
       return std::make_unique<DepartamentosNodal>(t, e);

@@ -78,7 +78,7 @@ std::unique_ptr<Totales> crearGranTotal(const motor::DatosTarea& t, const motor:
   std::unreachable();
 }
 
-Trabajo crearRxGrTot(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearRxGrTot(const motor::DatosTarea& t, const motor::Entorno& e) {
   return crearGranTotal(t, e);
 }
 

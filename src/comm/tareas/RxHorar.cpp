@@ -35,7 +35,7 @@ class Horas final : public PreguntasVek {
 
 }  // namespace
 
-Trabajo crearRxHorar(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearRxHorar(const motor::DatosTarea& t, const motor::Entorno& e) {
   return std::make_unique<Horas>(t, e);
 }
 

@@ -3,7 +3,7 @@
 
 namespace tarvo::tareas {
 
-Trabajo crearRxInven(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearRxInven(const motor::DatosTarea& t, const motor::Entorno& e) {
   return crearLista(t, e, Documento::Inventario);
 }
 

@@ -68,7 +68,7 @@ class CruzadoNodal final : public ConOperadores<ListaNodal> {
 
 }  // namespace
 
-Trabajo crearRxOpHor(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearRxOpHor(const motor::DatosTarea& t, const motor::Entorno& e) {
   if (t.Tipo == TipoGrupo::Ebony) return std::make_unique<CruzadoNodal>(t, e);
   return std::make_unique<CruzadoVek>(t, e);
 }

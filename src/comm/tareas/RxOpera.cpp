@@ -56,7 +56,7 @@ class OperadoresNodal final : public ConOperadores<ListaNodal> {
 
 }  // namespace
 
-Trabajo crearRxOpera(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearRxOpera(const motor::DatosTarea& t, const motor::Entorno& e) {
   if (t.Tipo == TipoGrupo::Ebony) return std::make_unique<OperadoresNodal>(t, e);
   return std::make_unique<OperadoresVek>(t, e);
 }

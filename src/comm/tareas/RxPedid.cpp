@@ -3,7 +3,7 @@
 
 namespace tarvo::tareas {
 
-Trabajo crearRxPedid(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearRxPedid(const motor::DatosTarea& t, const motor::Entorno& e) {
   return crearLista(t, e, Documento::Pedido);
 }
 

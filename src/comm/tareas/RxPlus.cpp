@@ -167,7 +167,7 @@ class ArticulosCaja final : public ListasCaja {
 
 }  // namespace
 
-Trabajo crearRxPlus(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearRxPlus(const motor::DatosTarea& t, const motor::Entorno& e) {
   switch (t.Tipo) {
     case TipoGrupo::Ebony:
       return std::make_unique<ArticulosNodal>(t, e);

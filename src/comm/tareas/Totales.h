@@ -22,7 +22,7 @@ std::unexpected<Error> malRegistro(const maquinas::RegistroMalo& malo, const Tex
 // The operator of each position of the group, from 1; 0 for a position without one.
 Resultado<std::array<qint64, 21>> leerOperadores(const motor::Entorno& e, int grupo);
 
-class Totales : public motor::TrabajoTarea {
+class Totales : public motor::CursoTarea {
  public:
   Totales(const motor::DatosTarea& t, const motor::Entorno& e);
   Resultado<motor::Siguiente> siguiente() final;

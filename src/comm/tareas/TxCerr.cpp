@@ -16,7 +16,7 @@ class CierreTickets final : public UnaTrama {
 
 }  // namespace
 
-Trabajo crearTxCerr(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearTxCerr(const motor::DatosTarea& t, const motor::Entorno& e) {
   return std::make_unique<CierreTickets>(t, e);
 }
 

@@ -21,7 +21,7 @@ class Hora final : public UnaTrama {
 
 }  // namespace
 
-Trabajo crearTxHora(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearTxHora(const motor::DatosTarea& t, const motor::Entorno& e) {
   return std::make_unique<Hora>(t, e);
 }
 

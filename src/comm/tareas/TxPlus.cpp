@@ -198,13 +198,13 @@ class ListaDeCajas final : public ListaDeArticulos {
 
 }  // namespace
 
-Trabajo crearTxPlus(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearTxPlus(const motor::DatosTarea& t, const motor::Entorno& e) {
   if (t.Tipo == TipoGrupo::Registradoras) return std::make_unique<ListaDeCajas>(t, e);
   if (t.Tipo == TipoGrupo::Birch && t.Todo) return crearComparacion(t, e);
   return std::make_unique<ListaDeArticulos>(t, e);
 }
 
-Trabajo crearTPreci(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearTPreci(const motor::DatosTarea& t, const motor::Entorno& e) {
   return std::make_unique<ListaDeArticulos>(t, e, envios::Remesa::Que::Precios);
 }
 

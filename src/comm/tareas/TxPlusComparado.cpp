@@ -172,7 +172,7 @@ class Comparacion final : public EnvioArticulos {
 
 }  // namespace
 
-Trabajo crearComparacion(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearComparacion(const motor::DatosTarea& t, const motor::Entorno& e) {
   return std::make_unique<Comparacion>(t, e);
 }
 

@@ -23,7 +23,7 @@ std::unexpected<Error> suprimido(const QString& texto) {
 // first frame, the outcome right after its answer; for a register, which clears one set of counters
 // with each frame, set by set. If the run continues an interrupted one, the machine was left half
 // cleared, or an order got no answer, it must first show that it holds what was read from it.
-class Cero final : public motor::TrabajoTarea {
+class Cero final : public motor::CursoTarea {
  public:
   Cero(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e), toda_(t.Todo) {}
   Resultado<Siguiente> siguiente() override;
@@ -235,7 +235,7 @@ Resultado<> Cero::hecha() {
 
 }  // namespace
 
-Trabajo crearTxZero(const motor::DatosTarea& t, const motor::Entorno& e) {
+Curso crearTxZero(const motor::DatosTarea& t, const motor::Entorno& e) {
   return std::make_unique<Cero>(t, e);
 }
 

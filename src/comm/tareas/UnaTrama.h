@@ -6,7 +6,7 @@
 
 namespace tarvo::tareas {
 
-class UnaTrama : public motor::TrabajoTarea {
+class UnaTrama : public motor::CursoTarea {
  public:
   UnaTrama(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e) {}
 

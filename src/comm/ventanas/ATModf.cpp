@@ -34,7 +34,7 @@ ATModf::ATModf(Contexto& c, const QString& nombre) : FichaDe(c, nombre) {
          numero(r.Intentos, kLimitesIntentos.menor, kLimitesIntentos.mayor));
   f.fila(kTxEsperaMarcado, u"Espera"_s,
          numero(r.Espera, kLimitesEspera.menor, kLimitesEspera.mayor))
-      .setPista(t(kTxSegundosHasta));
+      .ponerPista(t(kTxSegundosHasta));
   f.fila(kTxRespuestaATH, u"ATHang"_s,
          numero(r.ATHang, kLimitesEspera.menor, kLimitesEspera.mayor));
   acabar({560, 480});

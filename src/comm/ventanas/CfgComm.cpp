@@ -73,7 +73,7 @@ CfgComm::CfgComm(Contexto& c, const QString& nombre, motor::gestcomm& motor)
     mostrar();
   });
   deFabrica->setToolTip(t(kTxDeFabricaTip));
-  setFrase(kTxValoresMalos, false);
+  ponerFrase(kTxValoresMalos, false);
   acabar({640, 480}, {.otro = deFabrica});
 }
 

@@ -85,7 +85,7 @@ Resultado<> Diagnostico::entrar(const PuertaDiagnostico& puerta) {
     decir(puerta.estado, puerta.error, puerta.textoError);
     return {};
   }
-  const motor::ClaseTarea* clase = s_.registro.de(tarea->datos.Clase);
+  const motor::ClaseTarea* clase = s_.repertorio.de(tarea->datos.Clase);
   ui_.LblTarea->setText(
       t(kTxDeTarea)
           .arg(Ceros(tarea->datos.Id, 3),

@@ -42,7 +42,7 @@ void DialogoGrupos::usar(QListWidget* lista, QCheckBox* todas, QPushButton* acep
 }
 
 Resultado<> DialogoGrupos::pedir(TipoTarea cual) {
-  const motor::ClaseTarea* clase = s_.registro.de(cual);
+  const motor::ClaseTarea* clase = s_.repertorio.de(cual);
   if (!clase) return fallo(Fallo::NoExiste, t(kTxSinGrupos));
   clase_ = cual;
   setWindowTitle(t(clase->titulo));

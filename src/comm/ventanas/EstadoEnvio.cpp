@@ -107,11 +107,11 @@ void EstadoEnvio::montar() {
   ventanas::llenar(*ui_.Ver, vistas);
   ui_.lista->preparar(contexto(), nombre(), columnasEstado(contexto().textos));
   ui_.lista->filtros()->addWidget(ui_.filtros);
-  ui_.lista->setAcciones({ui_.Enviar, ui_.Pedir, ui_.Parar, ui_.Recalcular});
+  ui_.lista->ponerAcciones({ui_.Enviar, ui_.Pedir, ui_.Parar, ui_.Recalcular});
   ui_.ficha->preparar(contexto(), nombre(), columnasFicha(contexto().textos));
   ui_.ficha->vivas();
-  ui_.ficha->setBusca(false);
-  ui_.ficha->setPie(false);
+  ui_.ficha->ponerBusca(false);
+  ui_.ficha->ponerPie(false);
   connect(ui_.Grupo, &QComboBox::activated, this, [this] { calcular(); });
   connect(ui_.Ver, &QComboBox::activated, this, [this] { filtrar(); });
   connect(ui_.lista, &Parrilla::actualCambiada, this, [this] { mostrarFicha(); });
@@ -148,7 +148,7 @@ void EstadoEnvio::calcular() {
   destino_ = **d;
   mirarTareas();
   ui_.Pedir->setEnabled(destino_->conCross());
-  ui_.ficha->setVacia(t(destino_->conCross() ? kTxEligeArticulo : kTxNoSePuedePedir));
+  ui_.ficha->ponerVacia(t(destino_->conCross() ? kTxEligeArticulo : kTxNoSePuedePedir));
   ui_.LblCuenta->setText(t(kTxCalculando));
   pregunta_.preguntar<Estados>(s_.grupos.estado(*destino_), [this](Resultado<Estados> r) {
     if (haIdoBien(r)) llenar(std::move(*r));
@@ -188,8 +188,8 @@ void EstadoEnvio::filtrar() {
     o.filtro = u"SITUACION<>?"_s, o.parametros = {static_cast<int>(Situacion::AlDia)};
   else if (que != kTodos)
     o.filtro = u"SITUACION=?"_s, o.parametros = {que};
-  ui_.lista->setVacia(que == kPorArreglar ? t(kTxTodoAlDia).arg(ui_.Grupo->currentText())
-                                          : t(kTxNingunoAsi));
+  ui_.lista->ponerVacia(que == kPorArreglar ? t(kTxTodoAlDia).arg(ui_.Grupo->currentText())
+                                            : t(kTxNingunoAsi));
   haIdoBien(ui_.lista->abrir(o));
   mostrarFicha();
 }
@@ -293,7 +293,7 @@ void EstadoEnvio::mirarTareas() {
   if (!enMarcha_) return reintento_->parar();
   const auto mala = std::ranges::find_if(tareas, fallada);
   const motor::VistaTarea& vista = mala == tareas.end() ? tareas.front() : *mala;
-  const auto* clase = s_.registro.de(vista.datos.Clase);
+  const auto* clase = s_.repertorio.de(vista.datos.Clase);
   const QString nombre = clase ? t(clase->nombre) : QString();
   const Textos& textos = contexto().textos;
   const QString problema = textoProblema(vista, textos);

@@ -9,9 +9,9 @@ namespace {
 
 constexpr qsizetype kALaVista = 8;
 
-QString linea(const motor::VistaTarea& v, const motor::RegistroTareas& registro,
+QString linea(const motor::VistaTarea& v, const motor::RepertorioTareas& repertorio,
               const ventanas::Ventana& quien) {
-  const motor::ClaseTarea* clase = registro.de(v.datos.Clase);
+  const motor::ClaseTarea* clase = repertorio.de(v.datos.Clase);
   const QString que =
       quien.t(kTxDestino).arg(clase ? quien.t(clase->nombre) : QString(), Ceros(v.datos.Grupo, 4));
   return quien.t(kTxPendiente)
@@ -21,13 +21,13 @@ QString linea(const motor::VistaTarea& v, const motor::RegistroTareas& registro,
 }  // namespace
 
 bool consienteDejarlas(ventanas::Ventana& quien, const motor::gestcomm& motor,
-                       const motor::RegistroTareas& registro) {
+                       const motor::RepertorioTareas& repertorio) {
   const auto tareas = motor.pendientes();
   if (tareas.empty() || motor.Vigilando()) return true;
   QStringList lineas{Plural(quien.t(kTxQuedanTareas), static_cast<int>(tareas.size()))};
   for (const motor::VistaTarea& v : tareas) {
     if (lineas.size() > kALaVista) break;
-    lineas << linea(v, registro, quien);
+    lineas << linea(v, repertorio, quien);
   }
   const auto resto = std::ssize(tareas) - kALaVista;
   if (resto > 0) lineas << Plural(quien.t(kTxYMas), static_cast<int>(resto));

@@ -9,6 +9,6 @@ namespace tarvo::comm {
 // True when no task is left that waits or has failed, when a process watches over them, or when the
 // person, who is told which ones they are, goes on. Cancelar is the default.
 bool consienteDejarlas(ventanas::Ventana& quien, const motor::gestcomm& motor,
-                       const motor::RegistroTareas& registro);
+                       const motor::RepertorioTareas& repertorio);
 
 }  // namespace tarvo::comm

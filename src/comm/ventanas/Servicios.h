@@ -28,7 +28,7 @@ struct Servicios {
   motor::gestcomm& motor;
   enlace::Enlaces& enlaces;
   totals::Sesion& sesion;
-  const motor::RegistroTareas& registro;
+  const motor::RepertorioTareas& repertorio;
   const envios::Grupos& grupos;
   std::shared_ptr<Oido> oido = std::make_shared<Oido>();
 };

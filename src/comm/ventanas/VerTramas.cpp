@@ -140,7 +140,7 @@ VerTramas::VerTramas(Contexto& c, const QString& nombre, const Servicios& s)
   ui_.lista->preparar(c, nombre, columnasTramas(c.textos));
   ui_.lista->vivas();
   ui_.lista->filtros()->addWidget(ui_.filtros);
-  ui_.lista->setVacia(t(kTxSinTramas));
+  ui_.lista->ponerVacia(t(kTxSinTramas));
   connect(ui_.lista, &Parrilla::actualCambiada, this, [this](int fila) { mostrarHexa(fila); });
   connect(ui_.Que, &QComboBox::activated, this, [this] { empezar(); });
   connect(ui_.Pausa, &QAction::toggled, this, [this](bool si) { pausar(si); });

@@ -23,9 +23,9 @@ DudasCero::DudasCero(Contexto& contexto, const QString& nombre, Sesion& sesion, 
        {.titulo = kTxDudaSi, .campo = u"si"_s, .ancho = 150, .ordenable = false},
        {.titulo = kTxDudaNo, .campo = u"no"_s, .ancho = 150, .ordenable = false}});
   ui_.Lista->vivas();
-  ui_.Lista->setUnaSola(true);
-  ui_.Lista->setBusca(false);
-  ui_.Lista->setVacia(t(kTxNingunaDuda));
+  ui_.Lista->ponerUnaSola(true);
+  ui_.Lista->ponerBusca(false);
+  ui_.Lista->ponerVacia(t(kTxNingunaDuda));
   ui_.Lista->vista()->setAccessibleName(t(kTxDudasCero));
   setWindowIcon(icono(u"esperando"_s));
   connect(ui_.Si, &QPushButton::clicked, this, [this] { responder(true); });

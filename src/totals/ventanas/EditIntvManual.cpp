@@ -49,9 +49,9 @@ void EditIntvVentana::montar() {
                         {.titulo = kTxPeso, .campo = u"PES"_s, .clase = Clase::Cantidad},
                         {.titulo = kTxImpte, .campo = u"IMP"_s, .clase = Clase::Importe},
                         {.titulo = kTxDesct, .campo = u"SCO"_s, .clase = Clase::Importe}});
-  ui_.Manual->setMoneda(contexto().ajustes.MonedaNativa);
-  ui_.Manual->setVacia(t(kTxManualVacio));
-  ui_.Manual->setBusca(false);
+  ui_.Manual->ponerMoneda(contexto().ajustes.MonedaNativa);
+  ui_.Manual->ponerVacia(t(kTxManualVacio));
+  ui_.Manual->ponerBusca(false);
   connect(ui_.LstTipo, &QComboBox::activated, this, &EditIntvVentana::tipoCambiado);
   connect(ui_.LstMes, &QComboBox::activated, this, &EditIntvVentana::mesCambiado);
   connect(ui_.spAno, &QSpinBox::valueChanged, this, &EditIntvVentana::mesCambiado);

@@ -25,7 +25,7 @@ EditIntvVentana::EditIntvVentana(ventanas::Contexto& contexto, const QString& no
     : FichaDe(contexto, nombre), p_(periodos) {
   ui_.setupUi(cuerpo());
   montar();
-  setFrase(0, false);
+  ponerFrase(0, false);
   acabar(cuerpo()->size(), {.acepto = u"SalvBoton"_s, .cancelo = u"Tiro"_s});
 }
 

@@ -23,7 +23,7 @@ FormDetallesVentana::FormDetallesVentana(ventanas::Contexto& contexto, const QSt
                       {.titulo = kTxTipoTotales, .campo = u"CLASE"_s, .ancho = 150},
                       {.titulo = ventanas::kTxPeriodo, .campo = u"PERIODO"_s, .ancho = 150},
                       {.titulo = kTxFechaHasta, .campo = u"FECHA"_s, .ancho = 170}});
-  ui_.Grid->setVacia(t(kTxNadaRecibido));
+  ui_.Grid->ponerVacia(t(kTxNadaRecibido));
   enlazarCampo(*ui_.TodoAUno, *ui_.CadaUno, r.aUno);
   enlazarCampo(*ui_.LstPer, r.cual);
   enlazarCampo(*ui_.Sustituir, *ui_.Acumular, r.sustituir);

@@ -91,8 +91,8 @@ void VerFilsVentana::montar() {
   connect(ui_.Intervalo, &QAction::triggered, this, &VerFilsVentana::pedirIntervalo);
   connect(ui_.Moneda, &QAction::triggered, this, [this] { usarMoneda(moneda_ == 0 ? 1 : 0); });
   ui_.Grid->filtros()->addWidget(ui_.filtros);
-  ui_.Grid->setAcciones({ui_.Intervalo, ui_.Moneda, ui_.VerGrafica});
-  ui_.Grid->setVacia(t(kTxFilasVacias));
+  ui_.Grid->ponerAcciones({ui_.Intervalo, ui_.Moneda, ui_.VerGrafica});
+  ui_.Grid->ponerVacia(t(kTxFilasVacias));
 }
 
 Resultado<> VerFilsVentana::entrar(const PuertaVerFils& puerta) {
@@ -141,7 +141,7 @@ void VerFilsVentana::filtrar() {
 
 void VerFilsVentana::prepararParrilla() {
   ui_.Grid->preparar(contexto(), nombre(), columnasFilas(filtro_.tipo, filtro_.clase, porGrupo_));
-  ui_.Grid->setMoneda(moneda_);
+  ui_.Grid->ponerMoneda(moneda_);
 }
 
 void VerFilsVentana::abrirFilas(const Condicion& c) {
@@ -168,7 +168,7 @@ void VerFilsVentana::pintarGrafica() {
 
 void VerFilsVentana::usarMoneda(int moneda) {
   moneda_ = moneda;
-  ui_.Grid->setMoneda(moneda);
+  ui_.Grid->ponerMoneda(moneda);
   pintarGrafica();
 }
 

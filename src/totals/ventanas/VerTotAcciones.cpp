@@ -92,9 +92,9 @@ void VerTotVentana::montarAcciones() {
   connect(ui_.Import, &QAction::triggered, this, &VerTotVentana::importar);
   connect(ui_.Exportar, &QAction::triggered, this, &VerTotVentana::exportar);
   connect(ui_.Deshacer, &QAction::triggered, this, &VerTotVentana::deshacerUltimo);
-  ui_.Grid->setAcciones({ui_.VerCosa, ui_.NuevoIV, ui_.Modifo, ui_.Borro, ui_.Vacio, ui_.acumule,
-                         ui_.DesAcum, ui_.SumaCol, ui_.StockAR, ui_.DesStock, ui_.Exportar,
-                         ui_.Deshacer});
+  ui_.Grid->ponerAcciones({ui_.VerCosa, ui_.NuevoIV, ui_.Modifo, ui_.Borro, ui_.Vacio, ui_.acumule,
+                           ui_.DesAcum, ui_.SumaCol, ui_.StockAR, ui_.DesStock, ui_.Exportar,
+                           ui_.Deshacer});
   botonDeshacer_ = new QToolButton(this);
   botonDeshacer_->setObjectName(u"deshacer"_s);
   ventanas::seguirAccion(*botonDeshacer_, *ui_.Deshacer);

@@ -56,7 +56,7 @@ void VerTotVentana::montar() {
   connect(ui_.Grid, &ventanas::Parrilla::activada, this, [this] { VerIntervalo(kGranTotal); });
   connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this, &VerTotVentana::actualCambiada);
   ui_.Grid->filtros()->addWidget(ui_.filtros);
-  ui_.Grid->setVacia(t(kTxListaVacia), ui_.NuevoIV);
+  ui_.Grid->ponerVacia(t(kTxListaVacia), ui_.NuevoIV);
   ui_.grafica->preparar(contexto());
   unirLado(*ui_.VerGrafica, *ui_.lado, contexto().recuerdos, objectName());
   repartirLado(*ui_.divisor, contexto().recuerdos, objectName());

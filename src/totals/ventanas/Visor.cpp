@@ -120,8 +120,8 @@ void Visor::montar() {
   connect(ui_.Grid, &ventanas::Parrilla::activada, this, &Visor::verFila);
   connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this,
           [this] { procede_->unaVez(kReposoVisor); });
-  ui_.Grid->setAcciones({ui_.VerFila, ui_.Moneda, ui_.VerGrafica});
-  ui_.Grid->setVacia(t(kTxVisorVacio));
+  ui_.Grid->ponerAcciones({ui_.VerFila, ui_.Moneda, ui_.VerGrafica});
+  ui_.Grid->ponerVacia(t(kTxVisorVacio));
 }
 
 Resultado<> Visor::entrar(const PuertaVerCols& puerta) {
@@ -159,13 +159,13 @@ Resultado<> Visor::llenarFiltros() {
 
 void Visor::prepararParrilla() {
   ui_.Grid->preparar(contexto(), nombre(), columnasVisor(filtro_.clase));
-  ui_.Grid->setMoneda(moneda_);
+  ui_.Grid->ponerMoneda(moneda_);
   ui_.VerFila->setEnabled(!deHoras());
 }
 
 void Visor::UsoMoneda(int moneda) {
   moneda_ = moneda;
-  ui_.Grid->setMoneda(moneda);
+  ui_.Grid->ponerMoneda(moneda);
   pintarGrafica();
 }
 

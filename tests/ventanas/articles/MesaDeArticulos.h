@@ -16,7 +16,7 @@
 #include "articles/TablasArticulos.h"
 #include "articles/precios/AjustesPrecios.h"
 #include "articles/ventanas/Puertas.h"
-#include "articles/ventanas/Registro.h"
+#include "articles/ventanas/RegistrarVentanas.h"
 #include "comm/cables/AjustesCables.h"
 #include "comm/enlace/AjustesEnlace.h"
 #include "comm/motor/AjustesMotor.h"
@@ -110,17 +110,17 @@ struct MesaDeArticulos : Mesa {
   FabricaSimulada fabrica{reloj};
   Azar azar{3};
   enlace::Enlaces enlaces{reloj, ajustes, fabrica, azar};
-  motor::RegistroTareas registro = conEnvio();
+  motor::RepertorioTareas repertorio = conEnvio();
   std::unique_ptr<motor::gestcomm> gestor = std::make_unique<motor::gestcomm>(
-      motor::Entorno{*db, ajustes, reloj, sesion, textos}, enlaces, registro);
+      motor::Entorno{*db, ajustes, reloj, sesion, textos}, enlaces, repertorio);
 
  private:
   // Sending articles, as a kind that is never run here: no channel is there.
-  static motor::RegistroTareas conEnvio() {
-    motor::RegistroTareas r;
+  static motor::RepertorioTareas conEnvio() {
+    motor::RepertorioTareas r;
     for (motor::ClaseTarea& c : motor::TablaClases()) {
       c.crear = [](const motor::DatosTarea&, const motor::Entorno&) {
-        return std::unique_ptr<motor::TrabajoTarea>();
+        return std::unique_ptr<motor::CursoTarea>();
       };
       r.anadir(std::move(c));
     }

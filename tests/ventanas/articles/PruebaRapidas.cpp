@@ -1,6 +1,6 @@
 // From the list into the fast windows and the calculator, by keys alone.
 #include "MesaDeArticulos.h"
-#include "articles/precios/ventanas/Registro.h"
+#include "articles/precios/ventanas/RegistrarVentanas.h"
 
 namespace tarvo::prueba {
 

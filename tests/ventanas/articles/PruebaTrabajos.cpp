@@ -136,7 +136,7 @@ TEST(Trabajos, LasCeldasSeComprueban) {
   EXPECT_EQ(grid.texto(0, u"DEPTO"), u"");
 }
 
-TEST(Trabajos, LosPreciosDeLaRejilla) {
+TEST(Trabajos, LosPreciosDeLaParrilla) {
   MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
   auto& grid = t.lista(v);

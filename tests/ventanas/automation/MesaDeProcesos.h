@@ -8,7 +8,7 @@
 
 #include "automation/TiendaDeProcesos.h"
 #include "automation/ventanas/PreguntasVentana.h"
-#include "automation/ventanas/Registro.h"
+#include "automation/ventanas/RegistrarVentanas.h"
 #include "core/ajustes/Ficheros.h"
 #include "core/ventanas/marco/Escritorio.h"
 #include "core/ventanas/marco/Tira.h"

@@ -17,7 +17,7 @@
 #include <QTest>
 #include <QToolButton>
 
-#include "comm/ventanas/Registro.h"
+#include "comm/ventanas/RegistrarVentanas.h"
 #include "core/ventanas/marco/Escritorio.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/parrilla/Parrilla.h"
@@ -31,7 +31,7 @@ struct MesaDeComm : TiendaDeMotor {
   explicit MesaDeComm(const std::vector<SalaDeAjustes>& salas = {}) : TiendaDeMotor(salas) {
     gestor->VigilaProcesos(0, false, nullptr);
     comm::registrarVentanasComm(escritorio.ventanas(),
-                                {*gestor, *enlaces, *sesion, registro, grupos});
+                                {*gestor, *enlaces, *sesion, repertorio, grupos});
     QObject::connect(&escritorio.ventanas(), &ventanas::Ventanas::abierta, qApp,
                      [this](ventanas::Ventana* v) { abiertas << v->nombre(); });
   }

@@ -279,9 +279,9 @@ TEST_F(Gestcomm, MenusSegunGruposYQuienSabe) {
   EXPECT_EQ(gestor->CuantosQuedan().total, 1);
   // A sender that comes later enables its entry.
   grupo(1, 1, u"cable 1"_s);
-  motor::ClaseTarea teclados = *registro.de(TipoTarea::TxTecla);
-  teclados.crear = registro.de(TipoTarea::RxGrTot)->crear;
-  registro.anadir(teclados);
+  motor::ClaseTarea teclados = *repertorio.de(TipoTarea::TxTecla);
+  teclados.crear = repertorio.de(TipoTarea::RxGrTot)->crear;
+  repertorio.anadir(teclados);
   escritorio.ventanas().abrir(u"gestcomm"_s);
   EXPECT_TRUE(accion(u"MnTxTec"_s)->isEnabled());
 }

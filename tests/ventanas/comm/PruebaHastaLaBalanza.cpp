@@ -4,7 +4,7 @@
 #include "MesaDeComm.h"
 #include "articles/AjustesArticulos.h"
 #include "articles/TablasArticulos.h"
-#include "articles/ventanas/Registro.h"
+#include "articles/ventanas/RegistrarVentanas.h"
 
 namespace tarvo::prueba {
 

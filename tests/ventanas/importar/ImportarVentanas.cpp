@@ -12,7 +12,7 @@
 #include "articles/Lotes.h"
 #include "articles/TablasArticulos.h"
 #include "articles/importar/ventanas/Puertas.h"
-#include "articles/importar/ventanas/Registro.h"
+#include "articles/importar/ventanas/RegistrarVentanas.h"
 #include "core/esquema/Esquema.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"

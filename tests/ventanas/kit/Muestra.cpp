@@ -40,7 +40,7 @@ Muestra::Muestra(Contexto& c, const QString& nombre, dao::Database& db)
   ui.lista->filtros()->addWidget(ui.filtros);
   ui.division->setStretchFactor(0, 3);
   ui.division->setStretchFactor(1, 1);
-  ui.lista->setVacia(t(9919), ui.abrir);
+  ui.lista->ponerVacia(t(9919), ui.abrir);
   ui.tareas->preparar(
       c, nombre,
       {{.titulo = 9916, .campo = u"TAREA"_s, .clase = Clase::Codigo, .cifras = 3, .ancho = 70},

@@ -127,7 +127,7 @@ TEST(Edicion, ElTabuladorSigueYLasHojasSeEscribenSinAbrir) {
   h.tecla(Qt::Key_Escape);
   EXPECT_EQ(h.celda(0, u"NOMBRE"_s), u"Uno");
   EXPECT_EQ(h.p.valor(0, u"IMPORTE").entero(), 7);
-  h.p.setEscribeAlTeclear(true);
+  h.p.ponerEscribeAlTeclear(true);
   h.irA(4, u"IMPORTE"_s);
   QTest::keyClicks(h.p.vista(), u"1"_s);
   ASSERT_NE(h.campo(), nullptr);

@@ -46,9 +46,9 @@ TEST(Tema, CaraYEscala) {
   const QSize lado(16, 16);
   const QImage clara = icono(u"abrir"_s).pixmap(lado).toImage();
   const int antes = escalar(100);
-  tema.setEscala(1.5);
+  tema.ponerEscala(1.5);
   EXPECT_NEAR(escalar(100), antes * 1.5, 2);
-  tema.setCara(Cara::Oscura);
+  tema.ponerCara(Cara::Oscura);
   EXPECT_EQ(tema.cara(), Cara::Oscura);
   EXPECT_EQ(qApp->palette().color(QPalette::Window), tintes(Cara::Oscura)[0]);
   EXPECT_NE(icono(u"abrir"_s).pixmap(lado).toImage(), clara);

@@ -14,7 +14,7 @@
 #include "articles/TablasArticulos.h"
 #include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/ventanas/Puertas.h"
-#include "articles/precios/ventanas/Registro.h"
+#include "articles/precios/ventanas/RegistrarVentanas.h"
 #include "core/esquema/Esquema.h"
 #include "core/ventanas/marco/Recorrido.h"
 #include "core/ventanas/marco/Tira.h"

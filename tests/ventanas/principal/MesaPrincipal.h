@@ -12,7 +12,7 @@
 #include "app/AjustesPersonal.h"
 #include "app/Datos.h"
 #include "app/ventanas/Manana.h"
-#include "app/ventanas/Registro.h"
+#include "app/ventanas/RegistrarVentanas.h"
 #include "app/ventanas/SysTray.h"
 #include "comm/cables/FabricaReal.h"
 #include "ventanas/Mesa.h"

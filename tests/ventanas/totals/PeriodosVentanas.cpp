@@ -360,7 +360,7 @@ TEST(VentanaVisor, FiltraYLaGraficaSigue) {
 TEST(VentanaVisor, LaGraficaNoCortaSusNombres) {
   for (const double escala : {1.0, 1.5}) {
     MesaDeTotales t;
-    t.escritorio.tema().setEscala(escala);
+    t.escritorio.tema().ponerEscala(escala);
     const qint64 lunes = t.dia("04/06/2018");
     t.sql(u"update GRUPOS set NOMGPO='FRUTERIA MOSTRADOR ' & CODGPO"_s);
     const auto nombres = [&](int clase) {
@@ -385,7 +385,7 @@ TEST(VentanaVisor, LaGraficaNoCortaSusNombres) {
     };
     EXPECT_EQ(nombres(kGranTotal), u"FRUTERIA MOSTRADOR 2|FRUTERIA MOSTRADOR 1");
     EXPECT_EQ(nombres(kHorario), u"9|10|11|12|13");
-    t.escritorio.tema().setEscala(1);
+    t.escritorio.tema().ponerEscala(1);
   }
 }
 

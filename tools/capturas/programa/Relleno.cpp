@@ -104,9 +104,9 @@ Resultado<std::map<QString, ventanas::Argumentos>> argumentosLlenos(ventanas::Ve
   std::vector<Aviso> avisos;
   CerrSes& c = aplicacion.cerrSes();
   TARVO_INTENTAR(c.AnalizarScratch(avisos));
-  ventanas.setMuestra(PuertaFormDetalles{{c.recibidos(), c.propuestos(), c.OverWr, c.elegido()}});
-  ventanas.setMuestra(automation::PuertaEdiCron{horario});
-  ventanas.setMuestra(importar::PuertaImpTabla{.fichero = tarifa});
+  ventanas.ponerMuestra(PuertaFormDetalles{{c.recibidos(), c.propuestos(), c.OverWr, c.elegido()}});
+  ventanas.ponerMuestra(automation::PuertaEdiCron{horario});
+  ventanas.ponerMuestra(importar::PuertaImpTabla{.fichero = tarifa});
   return std::map<QString, tarvo::ventanas::Argumentos>{};
 }
 

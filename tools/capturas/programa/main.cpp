@@ -4,7 +4,7 @@
 
 #include "app/Consola.h"
 #include "app/Datos.h"
-#include "app/ventanas/Registro.h"
+#include "app/ventanas/RegistrarVentanas.h"
 #include "capturas/Capturas.h"
 #include "capturas/programa/Relleno.h"
 #include "comm/cables/FabricaReal.h"

@@ -16,7 +16,7 @@ void prepararMalas(ventanas::Parrilla& lista, ventanas::Contexto& contexto,
                  {{.titulo = kTxLinea, .campo = u"linea"_s, .clase = Clase::Entero, .ancho = 72},
                   {.titulo = ventanas::kTxMotivo, .campo = u"motivo"_s, .ancho = 420},
                   {.titulo = kTxDiceLaLinea, .campo = u"texto"_s, .ancho = 260}});
-  lista.setVacia(contexto.textos(kTxSinMalas));
+  lista.ponerVacia(contexto.textos(kTxSinMalas));
   lista.vivas();
 }
 

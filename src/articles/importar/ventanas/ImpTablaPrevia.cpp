@@ -59,7 +59,7 @@ void ImpTablaVentana::montarPrevia() {
        {.titulo = ventanas::kTxNombre, .campo = u"nombre"_s, .ancho = 200},
        {.titulo = kTxDetalle, .campo = u"detalle"_s, .ancho = 560}});
   ui_.previa->vivas();
-  ui_.previa->setVacia(t(kTxNadaDeEso));
+  ui_.previa->ponerVacia(t(kTxNadaDeEso));
   ui_.previa->filtros()->addWidget(ui_.filtro);
   connect(ui_.quever, &QComboBox::activated, this, [this] { mostrarPropuestas(); });
 }

@@ -62,14 +62,14 @@ void PanelFicheros::preparar(ventanas::Contexto& contexto, const QStringList& pa
 void PanelFicheros::empezar(const QString& carpeta) {
   const QString ultima = c_->recuerdos.leer(kMemoria, kCarpeta);
   const bool sirve = !ultima.isEmpty() && QDir(ultima).exists();
-  setCarpeta(!carpeta.isEmpty() ? carpeta : sirve ? ultima : c_->ajustes.HomeDir);
+  ponerCarpeta(!carpeta.isEmpty() ? carpeta : sirve ? ultima : c_->ajustes.HomeDir);
 }
 
 void PanelFicheros::recordar() {
   c_->recuerdos.poner(kMemoria, kCarpeta, carpeta_);
 }
 
-void PanelFicheros::setCarpeta(const QString& carpeta) {
+void PanelFicheros::ponerCarpeta(const QString& carpeta) {
   carpeta_ = carpeta;
   donde_->setText(QDir::toNativeSeparators(carpeta));
   lista_->clear();
@@ -82,7 +82,7 @@ void PanelFicheros::escogerCarpeta() {
   const ventanas::Retenida mientras(this);
   const QString otra = QFileDialog::getExistingDirectory(this, window()->windowTitle(), carpeta_);
   if (otra.isEmpty()) return;
-  setCarpeta(otra);
+  ponerCarpeta(otra);
   recordar();
   lista_->setFocus();
 }

@@ -20,7 +20,7 @@ class PanelFicheros final : public QWidget {
   void preparar(ventanas::Contexto& contexto, const QStringList& patrones);
   // In that folder; without one in the last one, if it is there, else in the program's.
   void empezar(const QString& carpeta);
-  void setCarpeta(const QString& carpeta);
+  void ponerCarpeta(const QString& carpeta);
   const QString& carpeta() const { return carpeta_; }
   QListWidget* lista() const { return lista_; }
 

@@ -30,8 +30,8 @@ void BrowOfer::montar() {
   unir(ui_.Borro, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); });
   deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
   ui_.Grid->filtros()->addWidget(ui_.filtros);
-  ui_.Grid->setVacia(t(kTxSinOfertas), ui_.NuevaOf);
-  ui_.Grid->setAcciones({ui_.NuevaOf, ui_.Borro, ui_.Deshacer});
+  ui_.Grid->ponerVacia(t(kTxSinOfertas), ui_.NuevaOf);
+  ui_.Grid->ponerAcciones({ui_.NuevaOf, ui_.Borro, ui_.Deshacer});
   connect(ui_.dbS, &QComboBox::activated, this, [this] { haIdoBien(seccionCambiada()); });
   connect(ui_.dbG, &QComboBox::activated, this, [this] { haIdoBien(abrirLista()); });
   connect(ui_.Grid, &ventanas::Parrilla::seleccionCambiada, this, &BrowOfer::actualizarAcciones);
@@ -100,7 +100,7 @@ void BrowOfer::prepararParrilla() {
         .clase = Clase::Fecha,
         .ancho = 110,
         .editar = fecha(Extremo::Hasta)}});
-  ui_.Grid->setMoneda(contexto().ajustes.MonedaNativa);
+  ui_.Grid->ponerMoneda(contexto().ajustes.MonedaNativa);
 }
 
 Resultado<> BrowOfer::seccionCambiada() {
@@ -144,9 +144,9 @@ void BrowOfer::actualizarAcciones() {
   ui_.NuevaOf->setEnabled(hayGrupo);
   ui_.Borro->setEnabled(ui_.Grid->filas() > 0);
   if (!hayGrupo)
-    ui_.Grid->setVacia(t(kTxSinGrupos));
+    ui_.Grid->ponerVacia(t(kTxSinGrupos));
   else
-    ui_.Grid->setVacia(t(kTxSinOfertas), ui_.NuevaOf);
+    ui_.Grid->ponerVacia(t(kTxSinOfertas), ui_.NuevaOf);
 }
 
 void BrowOfer::RefrescoRemoto() {

@@ -25,7 +25,7 @@ Resultado<> CalcPreVentana::entrar(const PuertaCalcPre& puerta) {
   }
   TARVO_INTENTAR(cargar(clave));
   if (lista_ && !std::exchange(seguida_, true)) lista_->alMover(this, [this] { reposicionado(); });
-  ui_.grdpre->setActual(puerta.celda);
+  ui_.grdpre->ponerActual(puerta.celda);
   entrarEn(ui_.grdpre->actual());
   ui_.costeN->setFocus();
   ui_.costeN->selectAll();

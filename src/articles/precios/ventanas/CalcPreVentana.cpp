@@ -35,7 +35,7 @@ CalcPreVentana::CalcPreVentana(ventanas::Contexto& contexto, const QString& nomb
 
 void CalcPreVentana::montar() {
   ui_.grdpre->preparar(contexto());
-  ui_.grdpre->setMarcada(true);
+  ui_.grdpre->ponerMarcada(true);
   alinear();
   unirCaja(*ui_.costeN, [this] { calc_.ponerCoste(importe(*ui_.costeN)); });
   unirCaja(*ui_.pciva, [this] { calc_.ponerIva(numeroDe(ui_.pciva->text())); });

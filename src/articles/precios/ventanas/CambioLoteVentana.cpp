@@ -213,7 +213,7 @@ void CambioLoteVentana::mirar() {
   lineas_.clear();
   previa_.reset();
   const auto que = orden();
-  ui_.Grid->setVacia(que ? t(kTxNadaQueCambiar) : que.error());
+  ui_.Grid->ponerVacia(que ? t(kTxNadaQueCambiar) : que.error());
   if (!que) return pintarLineas();
   previa_ = motor_.mirar(seleccion(), *que);
   seguirMirando();

@@ -20,7 +20,7 @@ CfgFastA::CfgFastA(ventanas::Contexto& contexto, const QString& nombre)
                      numero(r.tarifas, 1, articles::kTarifas).con(t(kTxTarifasIncorrectas)));
   anadir(politicas->campo(r.politicas));
   f.muelle();
-  setFrase(0, false);
+  ponerFrase(0, false);
   acabar({560, 400}, {.textoAcepto = ventanas::kTxAceptar, .textoCancelo = ventanas::kTxCancelar});
 }
 

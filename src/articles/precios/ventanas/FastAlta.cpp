@@ -46,7 +46,7 @@ void FastAlta::montar() {
   auto lados = f.columnas(2);
   montarIzquierda(lados[0]);
   montarDerecha(lados[1]);
-  setFrase(kTxValorIncorrecto, false);
+  ponerFrase(kTxValorIncorrecto, false);
   acabar({760, 520}, {.acepto = u"Alta"_s,
                       .cancelo = u"Salir"_s,
                       .textoAcepto = kTxAlta,

@@ -124,9 +124,9 @@ Resultado<> FastModf::abrirLista() {
   for (int i = 0; i < kColumnasRapidas; ++i)
     columnas.push_back(columna(static_cast<ColumnaRapida>(i)));
   ui_.Grd->preparar(contexto(), nombre(), std::move(columnas));
-  ui_.Grd->setMoneda(contexto().ajustes.MonedaNativa);
-  ui_.Grd->setEscribeAlTeclear(true);
-  ui_.Grd->setVacia(t(kTxSinArticulosQueCambiar));
+  ui_.Grd->ponerMoneda(contexto().ajustes.MonedaNativa);
+  ui_.Grd->ponerEscribeAlTeclear(true);
+  ui_.Grd->ponerVacia(t(kTxSinArticulosQueCambiar));
   ui_.Grd->vista()->removeEventFilter(this);
   ui_.Grd->vista()->installEventFilter(this);
   TARVO_INTENTAR(ui_.Grd->abrir({.desde = u"PLUSES"_s,

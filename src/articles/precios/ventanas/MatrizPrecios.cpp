@@ -34,19 +34,20 @@ void MatrizPrecios::preparar(ventanas::Contexto& contexto, int niveles, int tari
   qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
   delete layout();
   ultimo_ = antesDe(*this);
-  auto* rejilla = new QGridLayout(this);
-  rejilla->setContentsMargins(0, 0, 0, 0);
-  rejilla->setSpacing(escalar(ventanas::kPaso));
+  auto* cuadricula = new QGridLayout(this);
+  cuadricula->setContentsMargins(0, 0, 0, 0);
+  cuadricula->setSpacing(escalar(ventanas::kPaso));
   for (int nivel = 0; nivel < niveles; ++nivel)
-    rejilla->addWidget(new QLabel(contexto.textos(kTxNivel + nivel)), 0, nivel + 1, Qt::AlignRight);
+    cuadricula->addWidget(new QLabel(contexto.textos(kTxNivel + nivel)), 0, nivel + 1,
+                          Qt::AlignRight);
   for (int tarifa = 0; tarifa < tarifas; ++tarifa) {
-    rejilla->addWidget(new QLabel(contexto.textos(kTxTarifaN).arg(tarifa + 1)), tarifa + 1, 0);
-    for (int nivel = 0; nivel < niveles; ++nivel) hacerCampo(*rejilla, {nivel, tarifa});
+    cuadricula->addWidget(new QLabel(contexto.textos(kTxTarifaN).arg(tarifa + 1)), tarifa + 1, 0);
+    for (int nivel = 0; nivel < niveles; ++nivel) hacerCampo(*cuadricula, {nivel, tarifa});
   }
-  rejilla->setRowStretch(tarifas + 1, 1);
+  cuadricula->setRowStretch(tarifas + 1, 1);
 }
 
-void MatrizPrecios::hacerCampo(QGridLayout& rejilla, Celda celda) {
+void MatrizPrecios::hacerCampo(QGridLayout& cuadricula, Celda celda) {
   static const QRegularExpression kImporte(u"[0-9.,]*"_s);
   auto* campo = new QLineEdit;
   campo->setObjectName(u"precio%1%2"_s.arg(celda.nivel).arg(celda.tarifa));
@@ -60,7 +61,7 @@ void MatrizPrecios::hacerCampo(QGridLayout& rejilla, Celda celda) {
   connect(campo, &QLineEdit::editingFinished, this, [this, celda] { terminar(celda); });
   connect(campo, &QLineEdit::textEdited, this, [campo] { marcarFalta(*campo, false); });
   casilla(celda).campo = campo;
-  rejilla.addWidget(campo, celda.tarifa + 1, celda.nivel + 1);
+  cuadricula.addWidget(campo, celda.tarifa + 1, celda.nivel + 1);
   // Made later than the form, it stands where the matrix does among its keys.
   setTabOrder(std::exchange(ultimo_, campo), campo);
 }
@@ -129,13 +130,13 @@ void MatrizPrecios::irA(Celda celda) {
   casilla(celda).campo->selectAll();
 }
 
-void MatrizPrecios::setActual(Celda celda) {
+void MatrizPrecios::ponerActual(Celda celda) {
   if (celda.nivel >= niveles_ || celda.tarifa >= tarifas_) return;
   actual_ = celda;
   pintarActual();
 }
 
-void MatrizPrecios::setMarcada(bool marcada) {
+void MatrizPrecios::ponerMarcada(bool marcada) {
   marcada_ = marcada;
   pintarActual();
 }

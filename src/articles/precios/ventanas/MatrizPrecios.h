@@ -44,8 +44,8 @@ class MatrizPrecios final : public QWidget {
 
   Celda actual() const { return actual_; }
   // Without the focus; it is shown among the others while `marcada`. One that there isn't is none.
-  void setActual(Celda celda);
-  void setMarcada(bool marcada);
+  void ponerActual(Celda celda);
+  void ponerMarcada(bool marcada);
   void irA(Celda celda);  // the focus goes there, all of it selected
   bool tieneFoco() const;
   QWidget* ultimo() const { return ultimo_; }  // in the order of the tab key
@@ -72,7 +72,7 @@ class MatrizPrecios final : public QWidget {
     for (int nivel = 0; nivel < niveles_; ++nivel)
       for (int tarifa = 0; tarifa < tarifas_; ++tarifa) hacer(Celda{nivel, tarifa});
   }
-  void hacerCampo(QGridLayout& rejilla, Celda celda);
+  void hacerCampo(QGridLayout& cuadricula, Celda celda);
   void mostrar(Celda celda, qint64 precio, const QString& texto);
   bool terminar(Celda celda);
   bool queda(Celda celda, const QString& dicho, const Error& error);

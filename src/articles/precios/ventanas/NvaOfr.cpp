@@ -49,7 +49,7 @@ void NvaOfr::montar() {
   todos_ = f.ancho(new QCheckBox(t(kTxTodosGrupos)), u"Todos"_s);
   todos_->setToolTip(t(kTxTodosTip));
   f.muelle();
-  setFrase(0, false);
+  ponerFrase(0, false);
   acabar({600, 480}, {u"SalvBoton"_s, u"Salir"_s, ventanas::kTxGuardar, ventanas::kTxSalir});
 }
 

@@ -17,20 +17,20 @@ constexpr int kOpciones = 3;
 }  // namespace
 
 void TablaOpciones::preparar(const Textos& t, int nombres, int cuantas, int opciones) {
-  auto* rejilla = new QGridLayout(this);
-  rejilla->setContentsMargins(0, 0, 0, 0);
-  rejilla->setHorizontalSpacing(ventanas::escalar(ventanas::kSeparacion));
-  rejilla->setColumnStretch(kOpciones + 1, 1);
+  auto* cuadricula = new QGridLayout(this);
+  cuadricula->setContentsMargins(0, 0, 0, 0);
+  cuadricula->setHorizontalSpacing(ventanas::escalar(ventanas::kSeparacion));
+  cuadricula->setColumnStretch(kOpciones + 1, 1);
   QWidget* ultimo = antesDe(*this);
   for (int fila = 0; fila < cuantas; ++fila) {
-    rejilla->addWidget(new QLabel(t(nombres + fila)), fila, 0);
+    cuadricula->addWidget(new QLabel(t(nombres + fila)), fila, 0);
     auto* grupo = new QButtonGroup(this);
     for (int i = 0; i < kOpciones; ++i) {
       auto* boton = new QRadioButton(t(opciones + i));
       boton->setObjectName(QStringLiteral("opcion%1_%2").arg(fila).arg(i));
       boton->setAccessibleName(t(nombres + fila) + QStringLiteral(": ") + t(opciones + i));
       grupo->addButton(boton, i);
-      rejilla->addWidget(boton, fila, i + 1);
+      cuadricula->addWidget(boton, fila, i + 1);
       setTabOrder(std::exchange(ultimo, boton), boton);
     }
     grupo->button(0)->setChecked(true);

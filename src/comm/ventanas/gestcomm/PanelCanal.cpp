@@ -92,7 +92,7 @@ void PanelCanal::ponerLinea() {
 }
 
 void PanelCanal::mostrar(const motor::VistaCanal& v, bool encendido) {
-  CanSemf_->setCara(Semaforo::caraDe(v.EstadoCanal, encendido));
+  CanSemf_->ponerCara(Semaforo::caraDe(v.EstadoCanal, encendido));
   if (puesto_ && v == vista_) return;
   const bool otraLinea =
       !puesto_ || v.EstadoCanal != vista_.EstadoCanal || v.portadora != vista_.portadora;
@@ -117,7 +117,7 @@ void PanelCanal::changeEvent(QEvent* evento) {
   if (puesto_ && evento->type() == QEvent::StyleChange) ponerLinea();
 }
 
-void PanelCanal::setElegido(bool elegido) {
+void PanelCanal::ponerElegido(bool elegido) {
   const QColor fondo = colorDe(elegido ? Tinte::FondoBien : Tinte::Base);
   if (palette().color(QPalette::Base) == fondo) return;
   QPalette p = palette();

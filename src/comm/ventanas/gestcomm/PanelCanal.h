@@ -17,7 +17,7 @@ class PanelCanal final : public QFrame {
   // Repaints only what differs from what it shows.
   void mostrar(const motor::VistaCanal& vista, bool encendido);
   // The channel of the task chosen, in manual mode.
-  void setElegido(bool elegido);
+  void ponerElegido(bool elegido);
   bool parpadea() const { return Semaforo::parpadea(vista_.EstadoCanal); }
   static int anchoPreferido();
 

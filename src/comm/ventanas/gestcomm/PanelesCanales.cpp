@@ -40,7 +40,7 @@ void PanelesCanales::mostrar(const std::vector<motor::VistaCanal>& canales, int 
   vistas_ = canales;
   for (int i = 0; i < cuantos(); ++i) {
     panel(i)->mostrar(vistas_[static_cast<size_t>(i)], encendido_);
-    panel(i)->setElegido(i == elegido);
+    panel(i)->ponerElegido(i == elegido);
   }
   if (faltan) colocar();
 }

@@ -46,7 +46,7 @@ Semaforo::Cara Semaforo::caraDe(int estadoCanal, bool encendido) {
   }
 }
 
-void Semaforo::setCara(Cara cara) {
+void Semaforo::ponerCara(Cara cara) {
   if (cara == cara_) return;
   cara_ = cara;
   update();

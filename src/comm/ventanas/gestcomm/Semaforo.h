@@ -12,7 +12,7 @@ class Semaforo final : public QWidget {
   // The face of a channel's state. Failures blink: lit in every second half second.
   static Cara caraDe(int estadoCanal, bool encendido);
   static bool parpadea(int estadoCanal);
-  void setCara(Cara cara);
+  void ponerCara(Cara cara);
   Cara cara() const { return cara_; }
   QSize sizeHint() const override;
 

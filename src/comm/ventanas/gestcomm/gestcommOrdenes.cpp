@@ -46,8 +46,8 @@ void gestcommVentana::conectarOrdenes() {
         ->setToolButtonStyle(Qt::ToolButtonIconOnly);
   ui_.btTramas->setDefaultAction(ui_.BotonTramas);
   ui_.btEstado->setDefaultAction(ui_.BotonEstado);
-  ui_.s_espe->setAcciones({ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.TodoP,
-                           ui_.ReponP, ui_.BotonTramas, ui_.BotonEstado});
+  ui_.s_espe->ponerAcciones({ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.TodoP,
+                             ui_.ReponP, ui_.BotonTramas, ui_.BotonEstado});
   const auto al = [this](QAction* a, auto hacer) { connect(a, &QAction::triggered, this, hacer); };
   al(ui_.RunP, [this] {
     ordenar({motor::kEnEspera, motor::kAperturaFallida, motor::kTransfiriendo, motor::kInterrumpido,
@@ -155,7 +155,7 @@ void gestcommVentana::verTramas() {
 
 // One group and nothing else to ask: it is taken without a dialog of groups.
 void gestcommVentana::pedirGrupos(const EntradaMenu& e) {
-  const motor::ClaseTarea* clase = s_.registro.de(e.clase);
+  const motor::ClaseTarea* clase = s_.repertorio.de(e.clase);
   if (!clase) return;
   const auto grupos = s_.grupos.deTipos(clase->tipos);
   if (!haIdoBien(grupos)) return;
@@ -187,7 +187,7 @@ bool gestcommVentana::QueryUnload() {
     MyMsgBox::Decide(this, contexto().textos, t(kTxProcesosEnCurso), kCritico);
     return true;
   }
-  if (!terminarAlAcabar_ && !consienteDejarlas(*this, s_.motor, s_.registro)) return true;
+  if (!terminarAlAcabar_ && !consienteDejarlas(*this, s_.motor, s_.repertorio)) return true;
   if (canalesOcupados()) {
     terminar();
     return true;

@@ -46,8 +46,8 @@ gestcommVentana::gestcommVentana(Contexto& c, const QString& nombre, const Servi
   ui_.s_espe->preparar(c, nombre, columnasTareas(c.textos));
   ui_.s_espe->vivas();
   ui_.s_espe->filtros()->addWidget(ui_.LblModo);
-  ui_.s_espe->setUnaSola(true);
-  ui_.s_espe->setVacia(t(kTxColaVacia));
+  ui_.s_espe->ponerUnaSola(true);
+  ui_.s_espe->ponerVacia(t(kTxColaVacia));
   connect(ui_.s_espe, &Parrilla::actualCambiada, this, [this] {
     ponerModo();
     ponerProblema();
@@ -145,7 +145,8 @@ void gestcommVentana::refrescar() {
 }
 
 void gestcommVentana::ponerFila(const motor::VistaTarea& tarea) {
-  ui_.s_espe->vivas().poner(filaTarea(tarea, s_.registro.de(tarea.datos.Clase), contexto().textos));
+  ui_.s_espe->vivas().poner(
+      filaTarea(tarea, s_.repertorio.de(tarea.datos.Clase), contexto().textos));
 }
 
 // In the order of their numbers.
@@ -165,7 +166,7 @@ std::optional<motor::VistaTarea> gestcommVentana::tareaVista(int id) const {
 void gestcommVentana::ponerCola() {
   std::vector<FilaViva> filas;
   for (const motor::VistaTarea& tarea : visibles())
-    filas.push_back(filaTarea(tarea, s_.registro.de(tarea.datos.Clase), contexto().textos));
+    filas.push_back(filaTarea(tarea, s_.repertorio.de(tarea.datos.Clase), contexto().textos));
   const int ultima = filas.empty() ? 0 : static_cast<int>(filas.back().clave);
   ui_.s_espe->vivas().poner(std::move(filas));
   if (ultima <= ultimaVista_) return;
@@ -228,7 +229,7 @@ void gestcommVentana::ponerMenus() {
   if (!haIdoBien(tipos)) return;
   for (const EntradaMenu& e : entradasMenu())
     if (auto* a = cuerpo()->findChild<QAction*>(QString::fromUtf16(e.nombre)))
-      habilitarEntrada(*a, s_.registro.de(e.clase), *tipos, contexto());
+      habilitarEntrada(*a, s_.repertorio.de(e.clase), *tipos, contexto());
 }
 
 }  // namespace tarvo::comm

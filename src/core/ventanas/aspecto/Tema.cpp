@@ -79,12 +79,12 @@ void Tema::ponerAnillo(QWidget* control) {
   if (anillo_) anillo_->setWidget(control);
 }
 
-void Tema::setCara(std::optional<Cara> fija) {
+void Tema::ponerCara(std::optional<Cara> fija) {
   fija_ = fija;
   aplicar();
 }
 
-void Tema::setEscala(double escala) {
+void Tema::ponerEscala(double escala) {
   escala_ = escala;
   aplicar();
 }

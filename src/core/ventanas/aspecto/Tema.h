@@ -56,10 +56,10 @@ class Tema final : public QObject {
   ~Tema() override;
 
   Cara cara() const { return cara_; }
-  void setCara(std::optional<Cara> fija);
+  void ponerCara(std::optional<Cara> fija);
   QColor color(Tinte tinte) const { return tintes(cara_)[static_cast<size_t>(tinte)]; }
   // 1 for the sizes of Medidas.h; 1.25 makes letters and lengths a quarter larger.
-  void setEscala(double escala);
+  void ponerEscala(double escala);
   double escala() const { return escala_; }
 
  Q_SIGNALS:

@@ -18,14 +18,14 @@ Campo::Campo(QWidget& control, QLabel* falta)
   ponerLetra(*falta_, Letra::Secundaria);
 }
 
-void Campo::setNombre(const QString& nombre) {
+void Campo::ponerNombre(const QString& nombre) {
   nombre_ = nombre;
   nombre_.remove(u'&');
   while (nombre_.endsWith(u':') || nombre_.endsWith(u' ')) nombre_.chop(1);
   if (control_.accessibleName().isEmpty()) control_.setAccessibleName(nombre_);
 }
 
-void Campo::setPista(const QString& pista) {
+void Campo::ponerPista(const QString& pista) {
   control_.setToolTip(pista);
   control_.setAccessibleDescription(pista);
 }
@@ -107,7 +107,7 @@ void empujarCifras(QLineEdit& linea) {
 
 CampoLinea::CampoLinea(QLineEdit& linea, QLabel* falta, Modo modo)
     : Campo(linea, falta), linea_(linea), modo_(std::move(modo)) {
-  setPista(modo_.limites);
+  ponerPista(modo_.limites);
   if (modo_.letras > 0)
     linea.setMaximumWidth(linea.fontMetrics().horizontalAdvance(QString(modo_.letras + 3, u'0')) +
                           escalar(2 * kHueco));

@@ -42,8 +42,8 @@ class Campo : public QObject {
 
   QWidget& control() const { return control_; }
   const QString& nombre() const { return nombre_; }  // what the person knows it by
-  void setNombre(const QString& nombre);
-  void setPista(const QString& pista);  // its tip, in place of its limits
+  void ponerNombre(const QString& nombre);
+  void ponerPista(const QString& pista);  // its tip, in place of its limits
 
   // What the control shows is what it was shown with.
   void acordar() { visto_ = estado(); }

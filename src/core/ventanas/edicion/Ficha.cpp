@@ -95,7 +95,7 @@ Campo& Ficha::enlazarCampo(QLineEdit& linea, Modo modo, int nombre, QLabel* falt
   }
   auto* campo = new CampoLinea(linea, falta ? falta : faltaBajo(linea, *cuerpo()), std::move(modo));
   const QString suyo = nombre > 0 ? t(nombre) : rotuloDe(linea, *cuerpo());
-  campo->setNombre(suyo);
+  campo->ponerNombre(suyo);
   return anadir(campo);
 }
 
@@ -112,7 +112,7 @@ Campo& Ficha::enlazarCampo(QComboBox& lista, std::function<qint64()> ver,
                                    },
                                .aMiembro = [&lista, poner] { poner(elegido(lista)); }});
   connect(&lista, &QComboBox::currentIndexChanged, campo, &CampoVivo::haCambiado);
-  campo->setNombre(rotuloDe(lista, *cuerpo()));
+  campo->ponerNombre(rotuloDe(lista, *cuerpo()));
   return anadir(campo);
 }
 
@@ -123,7 +123,7 @@ Campo& Ficha::enlazarCampo(QCheckBox& casilla, bool& donde) {
                      .aControl = [&casilla, &donde] { casilla.setChecked(donde); },
                      .aMiembro = [&casilla, &donde] { donde = casilla.isChecked(); }});
   connect(&casilla, &QCheckBox::toggled, campo, &CampoVivo::haCambiado);
-  campo->setNombre(casilla.text());
+  campo->ponerNombre(casilla.text());
   return anadir(campo);
 }
 
@@ -134,7 +134,7 @@ Campo& Ficha::enlazarCampo(QRadioButton& si, QRadioButton& no, bool& donde) {
                      .aControl = [&si, &no, &donde] { (donde ? si : no).setChecked(true); },
                      .aMiembro = [&si, &donde] { donde = si.isChecked(); }});
   connect(&si, &QRadioButton::toggled, campo, &CampoVivo::haCambiado);
-  campo->setNombre(si.text());
+  campo->ponerNombre(si.text());
   return anadir(campo);
 }
 
@@ -144,7 +144,7 @@ Campo& Ficha::enlazarCampo(QListWidget& lista, int& fila) {
                                .aControl = [&lista, &fila] { lista.setCurrentRow(fila); },
                                .aMiembro = [&lista, &fila] { fila = lista.currentRow(); }});
   connect(&lista, &QListWidget::currentRowChanged, campo, &CampoVivo::haCambiado);
-  campo->setNombre(rotuloDe(lista, *cuerpo()));
+  campo->ponerNombre(rotuloDe(lista, *cuerpo()));
   return anadir(campo);
 }
 
@@ -159,7 +159,7 @@ Campo& Ficha::enlazarTexto(QComboBox& lista, QString& donde) {
                                    },
                                .aMiembro = [&lista, &donde] { donde = lista.currentText(); }});
   connect(&lista, &QComboBox::currentIndexChanged, campo, &CampoVivo::haCambiado);
-  campo->setNombre(rotuloDe(lista, *cuerpo()));
+  campo->ponerNombre(rotuloDe(lista, *cuerpo()));
   return anadir(campo);
 }
 
@@ -172,7 +172,7 @@ Campo& Ficha::anadir(Campo* campo) {
 // --- what it does
 // -----------------------------------------------------------------------------------
 
-void Ficha::setFrase(int texto, bool conLineas) {
+void Ficha::ponerFrase(int texto, bool conLineas) {
   frase_ = texto;
   conLineas_ = conLineas;
 }

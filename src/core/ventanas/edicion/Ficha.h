@@ -108,7 +108,7 @@ class Ficha : public Ventana {
   // The words of the box: the sentence, and a line for each fault. Another sentence where the
   // domain has one; without lines where it stands alone. 0 without lines: the words of the first
   // fault are the box.
-  void setFrase(int texto, bool conLineas = true);
+  void ponerFrase(int texto, bool conLineas = true);
   // The box; the first of them gets the focus.
   virtual void decir(const std::vector<FaltaCampo>& faltas);
   // Asks what has to be asked of a copy without a fault; false: it isn't applied.

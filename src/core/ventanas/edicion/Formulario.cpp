@@ -110,7 +110,7 @@ Campo& Formulario::parrafo(int rotulo, const QString& nombre, QString& donde_, i
                      .aControl = [control, &donde_] { control->setPlainText(donde_); },
                      .aMiembro = [control, &donde_] { donde_ = control->toPlainText(); }});
   QObject::connect(control, &QPlainTextEdit::textChanged, campo, &CampoVivo::haCambiado);
-  campo->setNombre(rotulo > 0 ? t(rotulo) : QString());
+  campo->ponerNombre(rotulo > 0 ? t(rotulo) : QString());
   return ficha_->anadir(campo);
 }
 

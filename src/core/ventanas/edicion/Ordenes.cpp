@@ -32,13 +32,13 @@ QAction* Ordenes::anadir(Orden o) {
     barra_->addAction(a);
   else
     v_.addAction(a);
-  if (lista_) lista_->setAcciones(menu_ << a);
+  if (lista_) lista_->ponerAcciones(menu_ << a);
   return a;
 }
 
 void Ordenes::anadir(QAction* a) {
   if (barra_) barra_->addAction(a);
-  if (lista_) lista_->setAcciones(menu_ << a);
+  if (lista_) lista_->ponerAcciones(menu_ << a);
 }
 
 void Ordenes::separar() {

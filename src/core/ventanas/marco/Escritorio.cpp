@@ -44,7 +44,7 @@ Escritorio::Escritorio(QApplication& app, dao::Database& db, Ajustes& ajustes, c
       tema_(app, cara ? cara : leerCara(recuerdos_.leer(u"Tema"_s, u"cara"_s))),
       contexto_{Base(db), nombres_, ajustes, textos, reloj, ventanas_, recuerdos_, tema_, hilos_},
       ayuda_(ventanas_) {
-  ventanas_.setContexto(contexto_);
+  ventanas_.ponerContexto(contexto_);
   ventanas_.registrar<PuertaManual, Manual>();
   prepararAccesible();
   // In the program's language, whatever the desktop's is.

@@ -71,17 +71,17 @@ Tira::Tira(const Textos& textos, Reloj& reloj, QWidget* padre)
   cerrar_->setIcon(icono(u"cerrar"_s));
   cerrar_->setToolTip(t_(kTxCerrarAviso));
   cerrar_->setAccessibleName(t_(kTxCerrarAviso));
-  auto* rejilla = new QGridLayout(this);
-  rejilla->setContentsMargins(escalar(kMargen), escalar(kPaso), escalar(kPaso), escalar(kPaso));
+  auto* cuadricula = new QGridLayout(this);
+  cuadricula->setContentsMargins(escalar(kMargen), escalar(kPaso), escalar(kPaso), escalar(kPaso));
   int columna = 0;
   for (QWidget* w : {static_cast<QWidget*>(imagen_), static_cast<QWidget*>(palabra_),
                      static_cast<QWidget*>(texto_), static_cast<QWidget*>(verDetalle_),
                      static_cast<QWidget*>(copiar_)})
-    rejilla->addWidget(w, 0, columna++, w == texto_ ? Qt::Alignment() : Qt::AlignTop);
-  rejilla->addWidget(cerrar_, 0, kColumnaBoton + 1, Qt::AlignTop);
+    cuadricula->addWidget(w, 0, columna++, w == texto_ ? Qt::Alignment() : Qt::AlignTop);
+  cuadricula->addWidget(cerrar_, 0, kColumnaBoton + 1, Qt::AlignTop);
   for (QLabel* l : {imagen_, palabra_, texto_}) l->setMinimumHeight(escalar(kAltoControl));
-  rejilla->addWidget(detalle_, 1, 2, 1, kColumnaBoton);
-  rejilla->setColumnStretch(2, 1);
+  cuadricula->addWidget(detalle_, 1, 2, 1, kColumnaBoton);
+  cuadricula->setColumnStretch(2, 1);
   connect(cerrar_, &QToolButton::clicked, this, &Tira::quitar);
   connect(verDetalle_, &QToolButton::clicked, this, [this] {
     detalle_->setVisible(!detalle_->isVisible());

@@ -20,7 +20,7 @@ class Ventanas final : public QObject {
   using Fabrica = std::function<Ventana*(Contexto& contexto, const QString& nombre)>;
 
   ~Ventanas() override;
-  void setContexto(Contexto& contexto) { contexto_ = &contexto; }
+  void ponerContexto(Contexto& contexto) { contexto_ = &contexto; }
 
   // `muestra`: arguments with which ./capturas opens it; a window that needs others can't be opened
   // by name alone.
@@ -43,7 +43,7 @@ class Ventanas final : public QObject {
   }
   // The door with which its window is opened by name alone, in place of one made by default.
   template <EsPuerta P>
-  void setMuestra(const P& puerta) {
+  void ponerMuestra(const P& puerta) {
     registradas_[QStringView(P::kNombre).toString()].puerta = puerta;
   }
   bool conoce(const QString& nombre) const;

@@ -66,7 +66,7 @@ class Formato {
  public:
   explicit Formato(const Ajustes& ajustes)
       : ajustes_(&ajustes), moneda_(ajustes.MonedaPreferente) {}
-  void setMoneda(int moneda) { moneda_ = moneda; }
+  void ponerMoneda(int moneda) { moneda_ = moneda; }
   int moneda() const { return moneda_; }
 
   // `cada`: of this row, see Columna. Null shows as nothing.

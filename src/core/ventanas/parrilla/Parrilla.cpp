@@ -7,14 +7,14 @@
 
 #include "core/ventanas/marco/Alcance.h"
 #include "core/ventanas/parrilla/ParrillaInterior.h"
-#include "core/ventanas/parrilla/Rejilla.h"
+#include "core/ventanas/parrilla/VistaParrilla.h"
 
 namespace tarvo::ventanas {
 
 using namespace Qt::StringLiterals;
 
 Parrilla::Parrilla(QWidget* padre)
-    : QWidget(padre), d(std::make_unique<Interior>(*this)), vista_(new Rejilla(this, [this] {
+    : QWidget(padre), d(std::make_unique<Interior>(*this)), vista_(new VistaParrilla(this, [this] {
         if (!sql_) return;
         if (const auto hecho = sql_->contarTodo(); !hecho) d->avisar(hecho.error());
       })) {
@@ -50,10 +50,10 @@ void Parrilla::preparar(Contexto& contexto, const QString& nombre, std::vector<C
   delete std::exchange(vivo_, nullptr);
 }
 
-void Parrilla::setMoneda(int moneda) {
+void Parrilla::ponerMoneda(int moneda) {
   d->moneda = moneda;
   if (!modelo()) return;
-  modelo()->formato().setMoneda(moneda);
+  modelo()->formato().ponerMoneda(moneda);
   vista_->viewport()->update();
   d->pintarPie();
 }
@@ -179,12 +179,12 @@ void Parrilla::limpiarSeleccion() {
   vista_->clearSelection();
 }
 
-void Parrilla::setUnaSola(bool unaSola) {
+void Parrilla::ponerUnaSola(bool unaSola) {
   vista_->setSelectionMode(unaSola ? QAbstractItemView::SingleSelection
                                    : QAbstractItemView::ExtendedSelection);
 }
 
-void Parrilla::setVacia(const QString& texto, QAction* remedio) {
+void Parrilla::ponerVacia(const QString& texto, QAction* remedio) {
   d->vaciaTexto->setText(texto);
   d->vaciaBoton->setVisible(remedio != nullptr);
   if (d->remedio) {
@@ -196,13 +196,13 @@ void Parrilla::setVacia(const QString& texto, QAction* remedio) {
   d->pintarVacia();
 }
 
-void Parrilla::setPie(bool conPie) {
+void Parrilla::ponerPie(bool conPie) {
   d->conPie = conPie;
   d->cuenta->setVisible(conPie);
   d->pintarPie();
 }
 
-void Parrilla::setBusca(bool conBusca) {
+void Parrilla::ponerBusca(bool conBusca) {
   d->conBusca = conBusca;
   d->busca->setVisible(conBusca);
 }
@@ -211,7 +211,7 @@ QHBoxLayout* Parrilla::filtros() const {
   return d->filtros;
 }
 
-void Parrilla::setAcciones(const QList<QAction*>& acciones) {
+void Parrilla::ponerAcciones(const QList<QAction*>& acciones) {
   d->acciones = acciones;
 }
 

@@ -41,7 +41,7 @@ class Parrilla final : public QWidget, private Buscable {
   // grid's object name. Called again it starts over with other columns.
   void preparar(Contexto& contexto, const QString& nombre, std::vector<Columna> columnas);
   // Money of the currency 0 or 1 in place of the preferred one.
-  void setMoneda(int moneda);
+  void ponerMoneda(int moneda);
 
   // --- rows of a query; REQUIRE preparar
   Resultado<> abrir(Origen origen);
@@ -68,9 +68,9 @@ class Parrilla final : public QWidget, private Buscable {
   void irA(int fila);                                   // makes it the current one, in view
   void elegir(const std::vector<ModeloParrilla::Clave>& claves, bool anadir = false);
   void limpiarSeleccion();
-  void setUnaSola(bool unaSola);  // one row at most
+  void ponerUnaSola(bool unaSola);  // one row at most
   // Lets a sheet of numbers be filled quickly: Enter only activates the row.
-  void setEscribeAlTeclear(bool si);
+  void ponerEscribeAlTeclear(bool si);
   // Into the column of the current cell, as if each text were typed: the lines of the clipboard
   // from this row on (Ctrl+V); what stands in it, into the rows chosen below (Ctrl+D). It ends at
   // the first that is refused.
@@ -81,12 +81,12 @@ class Parrilla final : public QWidget, private Buscable {
   bool editando() const;
 
   // --- looks
-  void setVacia(const QString& texto, QAction* remedio = nullptr);  // what to do when it is empty
-  void setPie(bool conPie);      // counts and sums; on from the start
-  void setBusca(bool conBusca);  // the search field, above on the right; on from the start
-  QHBoxLayout* filtros() const;  // above on the left: where a window puts its filters
+  void ponerVacia(const QString& texto, QAction* remedio = nullptr);  // what to do when it is empty
+  void ponerPie(bool conPie);      // counts and sums; on from the start
+  void ponerBusca(bool conBusca);  // the search field, above on the right; on from the start
+  QHBoxLayout* filtros() const;    // above on the left: where a window puts its filters
   // Into the context menu, in front of the grid's own; they are the window's to enable.
-  void setAcciones(const QList<QAction*>& acciones);
+  void ponerAcciones(const QList<QAction*>& acciones);
   // Orders by a column as a click on its header does; -1 takes the order away.
   Resultado<> ordenar(int columna, Qt::SortOrder sentido);
 

@@ -40,7 +40,7 @@ bool Parrilla::editando() const {
   return d->campoAbierto() != nullptr;
 }
 
-void Parrilla::setEscribeAlTeclear(bool si) {
+void Parrilla::ponerEscribeAlTeclear(bool si) {
   d->escribeAlTeclear = si;
 }
 

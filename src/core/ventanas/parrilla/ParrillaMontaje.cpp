@@ -201,7 +201,7 @@ void Parrilla::Interior::presentarse() {
 }
 
 void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
-  if (moneda) m->formato().setMoneda(*moneda);
+  if (moneda) m->formato().ponerMoneda(*moneda);
   yo.vista_->setModel(m);
   colocarColumnas();
   connect(m, &ModeloParrilla::vaARenovar, &yo, [this] {

@@ -1,4 +1,4 @@
-#include "comm/ventanas/Registro.h"
+#include "comm/ventanas/RegistrarVentanas.h"
 
 #include "comm/ventanas/ATModf.h"
 #include "comm/ventanas/CfgComm.h"
@@ -19,7 +19,7 @@ void registrarVentanasComm(ventanas::Ventanas& v, const Servicios& s) {
   v.registrar<PuertaTxPLUdlg, TxPLUdlg>(Servicios(s));
   v.registrar<PuertaRxPLUDlg, RxPLUDlg>(Servicios(s));
   v.registrar<PuertaDiagnostico, Diagnostico>(Servicios(s));
-  v.setMuestra(PuertaDiagnostico{.estado = motor::kInterrumpido, .error = 18});
+  v.ponerMuestra(PuertaDiagnostico{.estado = motor::kInterrumpido, .error = 18});
   v.registrar<PuertaVerTramas, VerTramas>(Servicios(s));
   v.registrar<PuertaEstadoEnvio, EstadoEnvio>(Servicios(s));
   v.registrar<PuertaCfgComm, CfgComm>(s.motor);

@@ -1,4 +1,4 @@
-#include "articles/ventanas/RejillaPrecios.h"
+#include "articles/ventanas/ParrillaPrecios.h"
 
 #include <QTableView>
 
@@ -18,7 +18,7 @@ constexpr int kFilasALaVista = 5;  // with the heading, where there is little ro
 
 }  // namespace
 
-RejillaPrecios::RejillaPrecios(ventanas::Ventana& v, ventanas::Parrilla& p, AlCambiar alCambiar)
+ParrillaPrecios::ParrillaPrecios(ventanas::Ventana& v, ventanas::Parrilla& p, AlCambiar alCambiar)
     : v_(v), p_(p), alCambiar_(std::move(alCambiar)), moneda_(v.contexto().ajustes.MonedaNativa) {
   std::vector<ventanas::Columna> columnas{{.titulo = kTxTarifa,
                                            .campo = u"lbTfa"_s,
@@ -35,22 +35,22 @@ RejillaPrecios::RejillaPrecios(ventanas::Ventana& v, ventanas::Parrilla& p, AlCa
                           return escribir(nivel, fila, texto);
                         }});
   p_.preparar(v.contexto(), v.nombre(), std::move(columnas));
-  p_.setMoneda(moneda_);
-  p_.setBusca(false);
-  p_.setPie(false);
-  p_.setUnaSola(true);
-  p_.setEscribeAlTeclear(true);
-  p_.setVacia(v.t(kTxSinArticulo));
+  p_.ponerMoneda(moneda_);
+  p_.ponerBusca(false);
+  p_.ponerPie(false);
+  p_.ponerUnaSola(true);
+  p_.ponerEscribeAlTeclear(true);
+  p_.ponerVacia(v.t(kTxSinArticulo));
   p_.vivas();
   p_.setMinimumHeight(ventanas::escalar(kFilasALaVista * ventanas::kAltoFila));
 }
 
-void RejillaPrecios::setMoneda(int moneda) {
+void ParrillaPrecios::ponerMoneda(int moneda) {
   moneda_ = moneda;
-  p_.setMoneda(moneda);
+  p_.ponerMoneda(moneda);
 }
 
-void RejillaPrecios::poner(const Precios& precios) {
+void ParrillaPrecios::poner(const Precios& precios) {
   precios_ = precios;
   std::vector<ventanas::FilaViva> filas;
   for (size_t tarifa = 0; tarifa < kTarifas; ++tarifa) {
@@ -65,11 +65,11 @@ void RejillaPrecios::poner(const Precios& precios) {
   if (!habia) p_.vista()->setCurrentIndex(p_.modelo()->index(0, 1));
 }
 
-void RejillaPrecios::vaciar() {
+void ParrillaPrecios::vaciar() {
   p_.vivas().poner(std::vector<ventanas::FilaViva>{});
 }
 
-Resultado<> RejillaPrecios::escribir(int nivel, qint64 fila, const QString& texto) {
+Resultado<> ParrillaPrecios::escribir(int nivel, qint64 fila, const QString& texto) {
   TARVO_TOMAR(const auto importe, leerPrecio(v_, texto, moneda_));
   Precios nuevos = precios_;
   const qint64 antes =

@@ -7,18 +7,18 @@
 
 namespace tarvo::articles {
 
-class RejillaPrecios {
+class ParrillaPrecios {
  public:
   // Takes the prices as they would be; a failure leaves the cell in edit.
   using AlCambiar = std::function<Resultado<>(const Precios& nuevos)>;
 
   // REQUIRES that window and list outlive it.
-  RejillaPrecios(ventanas::Ventana& ventana, ventanas::Parrilla& parrilla, AlCambiar alCambiar);
+  ParrillaPrecios(ventanas::Ventana& ventana, ventanas::Parrilla& parrilla, AlCambiar alCambiar);
 
   void poner(const Precios& precios);
   void vaciar();
   const Precios& precios() const { return precios_; }
-  void setMoneda(int moneda);
+  void ponerMoneda(int moneda);
 
  private:
   Resultado<> escribir(int nivel, qint64 fila, const QString& texto);

@@ -1,6 +1,6 @@
 // The frame machine of a link: sends a frame, repeats it, waits for its answer, and reports the
-// outcome. The effect of data and time in each state is in one table, in Maquina.cpp, and in prose
-// in docs/protocolos.md.
+// outcome. The effect of data and time in each state is in one table, in MaquinaDeEstados.cpp, and
+// in prose in docs/protocolos.md.
 //
 // Every wait has an end. A wait may be prolonged by input (a transaction, a piece of a frame), but
 // never beyond kProrrogas times its own length; a frame that answers something else doesn't prolong
@@ -38,7 +38,7 @@ struct TiemposEnlace {
   int nodo = 0;       // our own node
 };
 
-class Maquina {
+class MaquinaDeEstados {
  public:
   // The link around the machine. Any event may call back into the machine, or stop it.
   class Exterior {
@@ -58,7 +58,7 @@ class Maquina {
     ~Exterior() = default;
   };
 
-  Maquina(Exterior& exterior, Reloj& reloj, TiemposEnlace tiempos, int tiempoRespuesta);
+  MaquinaDeEstados(Exterior& exterior, Reloj& reloj, TiemposEnlace tiempos, int tiempoRespuesta);
 
   void empezar(int secuencia);  // the link is open: at rest, nothing received yet
   void abandonar();             // gives up the present wait

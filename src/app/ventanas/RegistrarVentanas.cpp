@@ -1,13 +1,13 @@
-#include "app/ventanas/Registro.h"
+#include "app/ventanas/RegistrarVentanas.h"
 
 #include "app/ventanas/ElemPerso.h"
 #include "app/ventanas/MainTarvo.h"
 #include "app/ventanas/PortalCnf.h"
-#include "articles/importar/ventanas/Registro.h"
-#include "articles/precios/ventanas/Registro.h"
-#include "articles/ventanas/Registro.h"
-#include "automation/ventanas/Registro.h"
-#include "comm/ventanas/Registro.h"
+#include "articles/importar/ventanas/RegistrarVentanas.h"
+#include "articles/precios/ventanas/RegistrarVentanas.h"
+#include "articles/ventanas/RegistrarVentanas.h"
+#include "automation/ventanas/RegistrarVentanas.h"
+#include "comm/ventanas/RegistrarVentanas.h"
 #include "totals/ventanas/RegistroTotales.h"
 
 namespace tarvo::app {
@@ -32,7 +32,7 @@ void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
   comm::registrarVentanasComm(ventanas, {.motor = aplicacion.gestcomm(),
                                          .enlaces = aplicacion.enlaces(),
                                          .sesion = aplicacion.sesion(),
-                                         .registro = aplicacion.registro(),
+                                         .repertorio = aplicacion.repertorio(),
                                          .grupos = aplicacion.grupos()});
   totals::registrarVentanasTotales(ventanas, aplicacion.sesion(), aplicacion.periodos());
   automation::registrarVentanasAutomation(ventanas, {.automat = aplicacion.automat(),

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "comm/enlace/Maquina.h"
+#include "comm/enlace/MaquinaDeEstados.h"
 #include "comm/enlace/comtvIP.h"
 
 namespace tarvo::enlace {
 
-void Maquina::callar(Pendiente pendiente) {
+void MaquinaDeEstados::callar(Pendiente pendiente) {
   pendiente_ = std::move(pendiente);
   estado_ = kCallando;
   iniciarEspera(std::max(tiempoRespuesta_, tiempos_.ack));
@@ -18,7 +18,7 @@ void Maquina::callar(Pendiente pendiente) {
 
 // A NODAL frame isn't acknowledged: the machine would take that for the acknowledgement of another.
 // Transactions don't count as noise, since a shop sells all day.
-bool Maquina::datosCallando() {
+bool MaquinaDeEstados::datosCallando() {
   if (exterior_.para() == Para::NodalMotor) {
     vaciar();
   } else {
@@ -33,7 +33,7 @@ bool Maquina::datosCallando() {
   return true;
 }
 
-void Maquina::venceCallando() {
+void MaquinaDeEstados::venceCallando() {
   const Pendiente pendiente = std::exchange(pendiente_, {});
   const bool quieta = reloj_.monotono() - ruido_ >= intervalo_;
   vaciar();

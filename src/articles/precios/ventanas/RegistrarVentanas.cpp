@@ -1,4 +1,4 @@
-#include "articles/precios/ventanas/Registro.h"
+#include "articles/precios/ventanas/RegistrarVentanas.h"
 
 #include "articles/precios/ventanas/BrowOfer.h"
 #include "articles/precios/ventanas/CalcPreVentana.h"
@@ -25,7 +25,7 @@ void registrarVentanasPrecios(ventanas::Ventanas& v, articles::Catalogo& catalog
   v.registrar<PuertaFastModf, FastModf>(catalogo);
   v.registrar<PuertaCfgFastPlu, CfgFastPlu>();
   v.registrar<PuertaCambioLote, CambioLoteVentana>(catalogo);
-  v.setMuestra(PuertaCambioLote{.subida = u"5"_s});
+  v.ponerMuestra(PuertaCambioLote{.subida = u"5"_s});
 }
 
 }  // namespace tarvo::precios

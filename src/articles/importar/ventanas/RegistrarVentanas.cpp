@@ -1,4 +1,4 @@
-#include "articles/importar/ventanas/Registro.h"
+#include "articles/importar/ventanas/RegistrarVentanas.h"
 
 #include "articles/importar/ventanas/ImpPLUVentana.h"
 #include "articles/importar/ventanas/ImpTablaVentana.h"

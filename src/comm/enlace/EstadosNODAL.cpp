@@ -2,7 +2,7 @@
 #include <utility>
 
 #include "comm/enlace/Errores.h"
-#include "comm/enlace/Maquina.h"
+#include "comm/enlace/MaquinaDeEstados.h"
 
 namespace tarvo::enlace {
 
@@ -14,14 +14,14 @@ constexpr qint64 kEsperaNodalMax = 3600 * 1000;
 }  // namespace
 
 // An acknowledgement names no question: any owed answer may be taken for it.
-void Maquina::enviarNODAL(int addr, int codigo, const QByteArray& datos) {
+void MaquinaDeEstados::enviarNODAL(int addr, int codigo, const QByteArray& datos) {
   abandonar();
   if (!modo_.limpia || exterior_.deudas().ninguna()) return lanzarNODAL(addr, codigo, datos);
   callar({[=, this] { lanzarNODAL(addr, codigo, datos); },
           [this] { exterior_.envioNDL(kErrorNodalSinConfirmar); }});
 }
 
-void Maquina::lanzarNODAL(int addr, int codigo, const QByteArray& datos) {
+void MaquinaDeEstados::lanzarNODAL(int addr, int codigo, const QByteArray& datos) {
   // Input that precedes a frame can't answer it. Nor is it acknowledged: an acknowledgement names
   // no frame, and the machine would take it for that of a record that never arrived.
   vaciar();
@@ -36,13 +36,13 @@ void Maquina::lanzarNODAL(int addr, int codigo, const QByteArray& datos) {
   emitirNODAL();
 }
 
-void Maquina::esperarNODAL() {
+void MaquinaDeEstados::esperarNODAL() {
   estado_ = kEsperaTramaNodal;
   iniciarEspera(tiempoRespuesta_);
   leerLuego();
 }
 
-void Maquina::emitirNODAL() {
+void MaquinaDeEstados::emitirNODAL() {
   secuencia_ = (secuencia_ + 1) & 0xFF;
   exterior_.escribir(
       tramas::construirNODAL({tiempos_.nodo, estacion_, secuencia_, codigo_, cuerpo_}));
@@ -50,7 +50,7 @@ void Maquina::emitirNODAL() {
 
 // --- data ---
 
-bool Maquina::datosAckNodal() {
+bool MaquinaDeEstados::datosAckNodal() {
   const auto trama = leerLinea();
   if (trama && trama->codigo == tramas::kNodalAck)
     acabarNodal(0);
@@ -62,7 +62,7 @@ bool Maquina::datosAckNodal() {
 }
 
 // After its time the state stays but reads nothing: a late frame waits for the next question.
-bool Maquina::datosTramaNodal() {
+bool MaquinaDeEstados::datosTramaNodal() {
   if (!timer_->activo()) return false;
   const auto trama = leerLinea();
   if (!trama) {
@@ -81,7 +81,7 @@ bool Maquina::datosTramaNodal() {
 
 // --- time ---
 
-void Maquina::venceAckNodal() {
+void MaquinaDeEstados::venceAckNodal() {
   if (modo_.unaVez || envios_ >= kEnviosNodalMax) {
     vaciar();
     return acabarNodal(kErrorNodalSinConfirmar);
@@ -92,7 +92,7 @@ void Maquina::venceAckNodal() {
   emitirNODAL();
 }
 
-void Maquina::venceTramaNodal() {
+void MaquinaDeEstados::venceTramaNodal() {
   exterior_.deudas().callada(estacion_, codigo_);
   exterior_.reciboNDL(kErrorTiempoRecepcion, 0, {});
 }
@@ -100,7 +100,7 @@ void Maquina::venceTramaNodal() {
 // --- frames ---
 
 // As many units as the number at the head of the data, one for none or 0, counted from now.
-void Maquina::esperarMas(const QByteArray& datos) {
+void MaquinaDeEstados::esperarMas(const QByteArray& datos) {
   qint64 unidades = 0;
   for (const char c : datos.trimmed()) {
     if (c < '0' || c > '9' || unidades > kEsperaNodalMax) break;
@@ -114,7 +114,7 @@ void Maquina::esperarMas(const QByteArray& datos) {
   timer_->unaVez(static_cast<int>(fin - reloj_.monotono()));
 }
 
-std::optional<tramas::TramaNODAL> Maquina::leerLinea() {
+std::optional<tramas::TramaNODAL> MaquinaDeEstados::leerLinea() {
   auto trama = tramas::leerNODAL(entrada_).trama;
   if (!trama || trama->destino != tiempos_.nodo || trama->origen != estacion_) return std::nullopt;
   const bool datos = trama->codigo != tramas::kNodalAck && trama->codigo != tramas::kNodalNak;
@@ -131,19 +131,19 @@ std::optional<tramas::TramaNODAL> Maquina::leerLinea() {
   return trama;
 }
 
-void Maquina::confirmar() {
+void MaquinaDeEstados::confirmar() {
   secuencia_ = (secuencia_ + 1) & 0xFF;
   exterior_.escribir(
       tramas::construirNODAL({tiempos_.nodo, estacion_, secuencia_, tramas::kNodalAck, {}}));
 }
 
-void Maquina::acabarNodal(int error) {
+void MaquinaDeEstados::acabarNodal(int error) {
   if (repetida_ || error == kErrorNodalSinConfirmar) exterior_.deudas().callada(estacion_, codigo_);
   reposar();
   exterior_.envioNDL(error);
 }
 
-void Maquina::acabarReciboNodal(int error, const tramas::TramaNODAL& trama) {
+void MaquinaDeEstados::acabarReciboNodal(int error, const tramas::TramaNODAL& trama) {
   reposar();
   exterior_.reciboNDL(error, trama.codigo, trama.datos);
 }

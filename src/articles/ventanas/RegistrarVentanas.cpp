@@ -1,4 +1,4 @@
-#include "articles/ventanas/Registro.h"
+#include "articles/ventanas/RegistrarVentanas.h"
 
 #include "articles/ventanas/BrowGrupos.h"
 #include "articles/ventanas/BrowOper.h"

@@ -1,4 +1,4 @@
-#include "comm/enlace/Maquina.h"
+#include "comm/enlace/MaquinaDeEstados.h"
 
 #include <algorithm>
 
@@ -8,28 +8,29 @@ namespace {
 constexpr int kProrrogas = 4;
 }
 
-struct Maquina::Fila {
+struct MaquinaDeEstados::Fila {
   int estado;
-  bool (Maquina::*datos)();
-  void (Maquina::*vence)();
+  bool (MaquinaDeEstados::*datos)();
+  void (MaquinaDeEstados::*vence)();
 };
 
 // clang-format off
 // Data are read only in the states listed here. Time is off at the start of every expiry.
-const Maquina::Fila Maquina::kTabla[] = {
+const MaquinaDeEstados::Fila MaquinaDeEstados::kTabla[] = {
     // state            on data                        at the end of its time
-    {kReposo,           &Maquina::datosReposo,         nullptr},
-    {kEsperaACK,        &Maquina::datosACK,            &Maquina::venceACK},
-    {kEsperaRespuesta,  &Maquina::datosTrama,          &Maquina::venceTrama},
-    {kEsperaTrama,      &Maquina::datosTrama,          &Maquina::venceTrama},
-    {kRepetida,         &Maquina::datosRepetida,       &Maquina::venceRepetida},
-    {kEsperaAckNodal,   &Maquina::datosAckNodal,       &Maquina::venceAckNodal},
-    {kEsperaTramaNodal, &Maquina::datosTramaNodal,     &Maquina::venceTramaNodal},
-    {kCallando,         &Maquina::datosCallando,       &Maquina::venceCallando},
+    {kReposo,           &MaquinaDeEstados::datosReposo,         nullptr},
+    {kEsperaACK,        &MaquinaDeEstados::datosACK,            &MaquinaDeEstados::venceACK},
+    {kEsperaRespuesta,  &MaquinaDeEstados::datosTrama,          &MaquinaDeEstados::venceTrama},
+    {kEsperaTrama,      &MaquinaDeEstados::datosTrama,          &MaquinaDeEstados::venceTrama},
+    {kRepetida,         &MaquinaDeEstados::datosRepetida,       &MaquinaDeEstados::venceRepetida},
+    {kEsperaAckNodal,   &MaquinaDeEstados::datosAckNodal,       &MaquinaDeEstados::venceAckNodal},
+    {kEsperaTramaNodal, &MaquinaDeEstados::datosTramaNodal,     &MaquinaDeEstados::venceTramaNodal},
+    {kCallando,         &MaquinaDeEstados::datosCallando,       &MaquinaDeEstados::venceCallando},
 };
 // clang-format on
 
-Maquina::Maquina(Exterior& exterior, Reloj& reloj, TiemposEnlace tiempos, int tiempoRespuesta)
+MaquinaDeEstados::MaquinaDeEstados(Exterior& exterior, Reloj& reloj, TiemposEnlace tiempos,
+                                   int tiempoRespuesta)
     : exterior_(exterior),
       reloj_(reloj),
       tiempos_(tiempos),
@@ -37,12 +38,12 @@ Maquina::Maquina(Exterior& exterior, Reloj& reloj, TiemposEnlace tiempos, int ti
       timer_(reloj.temporizador([this] { vencer(); })),
       relectura_(reloj.temporizador([this] { leer(); })) {}
 
-const Maquina::Fila* Maquina::fila() const {
+const MaquinaDeEstados::Fila* MaquinaDeEstados::fila() const {
   const auto it = std::ranges::find(kTabla, estado_, &Fila::estado);
   return it == std::end(kTabla) ? nullptr : it;
 }
 
-void Maquina::empezar(int secuencia) {
+void MaquinaDeEstados::empezar(int secuencia) {
   estado_ = kReposo;
   secuencia_ = secuencia;
   ultima_ = -1;
@@ -51,19 +52,19 @@ void Maquina::empezar(int secuencia) {
 }
 
 // The abandoned question may still be answered.
-void Maquina::abandonar() {
+void MaquinaDeEstados::abandonar() {
   if (enVuelo()) exterior_.deudas().callada(preguntada_, codigo_);
   if (enVueloNodal()) exterior_.deudas().callada(estacion_, codigo_);
   reposar();
 }
 
-void Maquina::reposar() {
+void MaquinaDeEstados::reposar() {
   pararEspera();
   pendiente_ = {};
   estado_ = kReposo;
 }
 
-void Maquina::parar() {
+void MaquinaDeEstados::parar() {
   pararEspera();
   pendiente_ = {};
   relectura_->parar();
@@ -71,7 +72,7 @@ void Maquina::parar() {
   estado_ = kDescargando;
 }
 
-void Maquina::recibir(QByteArray& nuevos) {
+void MaquinaDeEstados::recibir(QByteArray& nuevos) {
   if (estado_ != kDescargando) entrada_ += nuevos;
   nuevos.clear();
   leer();
@@ -80,7 +81,7 @@ void Maquina::recibir(QByteArray& nuevos) {
 // Reads as long as a step consumes something: the bytes after an acknowledgement are read by the
 // state that the acknowledgement led to. A re-entrant call leaves the rest to the loop that is
 // already running.
-void Maquina::leer() {
+void MaquinaDeEstados::leer() {
   if (leyendo_) return;
   leyendo_ = true;
   for (qsizetype antes = -1; !entrada_.isEmpty() && entrada_.size() != antes;) {
@@ -94,15 +95,15 @@ void Maquina::leer() {
 
 // For a wait that begins outside a reading: bytes already received are read, but not inside the
 // call.
-void Maquina::leerLuego() {
+void MaquinaDeEstados::leerLuego() {
   if (!leyendo_ && !entrada_.isEmpty()) relectura_->unaVez(0);
 }
 
-void Maquina::vencer() {
+void MaquinaDeEstados::vencer() {
   if (const Fila* actual = fila(); actual && actual->vence) (this->*actual->vence)();
 }
 
-void Maquina::iniciarEspera(qint64 ms) {
+void MaquinaDeEstados::iniciarEspera(qint64 ms) {
   intervalo_ = std::max<qint64>(ms, 0);
   inicio_ = reloj_.monotono();
   plazo_ = inicio_ + intervalo_;
@@ -112,18 +113,18 @@ void Maquina::iniciarEspera(qint64 ms) {
 
 // Never brings the end nearer, never moves it beyond the last one allowed, never wakes a wait that
 // is over.
-void Maquina::prorrogar(qint64 ms) {
+void MaquinaDeEstados::prorrogar(qint64 ms) {
   const qint64 nuevo = std::min(reloj_.monotono() + ms, tope_);
   if (!timer_->activo() || nuevo <= plazo_) return;
   plazo_ = nuevo;
   timer_->unaVez(static_cast<int>(plazo_ - reloj_.monotono()));
 }
 
-void Maquina::pararEspera() {
+void MaquinaDeEstados::pararEspera() {
   timer_->parar();
 }
 
-void Maquina::vaciar() {
+void MaquinaDeEstados::vaciar() {
   entrada_.clear();
   exterior_.vaciarCable();
 }

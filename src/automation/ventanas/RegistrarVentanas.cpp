@@ -1,4 +1,4 @@
-#include "automation/ventanas/Registro.h"
+#include "automation/ventanas/RegistrarVentanas.h"
 
 #include "automation/ventanas/AutomatVentana.h"
 #include "automation/ventanas/CronosVentana.h"

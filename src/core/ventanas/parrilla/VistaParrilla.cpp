@@ -1,15 +1,15 @@
-#include "core/ventanas/parrilla/Rejilla.h"
+#include "core/ventanas/parrilla/VistaParrilla.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
 
 namespace tarvo::ventanas {
 
-Rejilla::Rejilla(QWidget* padre, std::function<void()> completar)
+VistaParrilla::VistaParrilla(QWidget* padre, std::function<void()> completar)
     : QTableView(padre), completar_(std::move(completar)) {}
 
 // The first or last one shown, as they stand on the screen; -1 when none is.
-int Rejilla::columnaExtrema(bool ultima) const {
+int VistaParrilla::columnaExtrema(bool ultima) const {
   const QHeaderView& h = *horizontalHeader();
   for (int v = 0; v < h.count(); ++v) {
     const int columna = h.logicalIndex(ultima ? h.count() - 1 - v : v);
@@ -18,7 +18,7 @@ int Rejilla::columnaExtrema(bool ultima) const {
   return -1;
 }
 
-QModelIndex Rejilla::moveCursor(CursorAction accion, Qt::KeyboardModifiers mandos) {
+QModelIndex VistaParrilla::moveCursor(CursorAction accion, Qt::KeyboardModifiers mandos) {
   if (!model()) return {};
   const bool ctrl = mandos & Qt::ControlModifier;
   const bool fin = accion == MoveEnd || accion == MoveRight;
@@ -34,8 +34,8 @@ QModelIndex Rejilla::moveCursor(CursorAction accion, Qt::KeyboardModifiers mando
 }
 
 // The end to which one jumps is chosen too: the row in hand is the one that is lit.
-QItemSelectionModel::SelectionFlags Rejilla::selectionCommand(const QModelIndex& indice,
-                                                              const QEvent* evento) const {
+QItemSelectionModel::SelectionFlags VistaParrilla::selectionCommand(const QModelIndex& indice,
+                                                                    const QEvent* evento) const {
   const bool tecla = evento && evento->type() == QEvent::KeyPress;
   const auto* e = tecla ? static_cast<const QKeyEvent*>(evento) : nullptr;
   const bool extremo = e && (e->key() == Qt::Key_Home || e->key() == Qt::Key_End);

@@ -9,7 +9,7 @@ namespace tarvo::tareas {
 
 // All kinds by number and keyword. Those without a sender are known by name only, and refused when
 // queued.
-motor::RegistroTareas registro();
+motor::RepertorioTareas repertorio();
 
 // The lists received.
 dao::TablasDeSala tablasTareas();

@@ -1,4 +1,4 @@
-#include "comm/tareas/Registro.h"
+#include "comm/tareas/Repertorio.h"
 
 #include <utility>
 
@@ -8,7 +8,7 @@ namespace tarvo::tareas {
 
 namespace {
 
-using Fabrica = Trabajo (*)(const motor::DatosTarea&, const motor::Entorno&);
+using Fabrica = Curso (*)(const motor::DatosTarea&, const motor::Entorno&);
 
 // Null for a kind without a sender yet.
 Fabrica fabricaDe(TipoTarea tarea) {
@@ -55,8 +55,8 @@ Fabrica fabricaDe(TipoTarea tarea) {
 
 }  // namespace
 
-motor::RegistroTareas registro() {
-  motor::RegistroTareas r;
+motor::RepertorioTareas repertorio() {
+  motor::RepertorioTareas r;
   for (motor::ClaseTarea& c : motor::TablaClases()) {
     c.crear = fabricaDe(c.tarea);
     r.anadir(std::move(c));

@@ -1,7 +1,7 @@
 #include <utility>
 
 #include "comm/enlace/Errores.h"
-#include "comm/enlace/Maquina.h"
+#include "comm/enlace/MaquinaDeEstados.h"
 #include "comm/enlace/comtvIP.h"
 
 namespace tarvo::enlace {
@@ -13,7 +13,7 @@ constexpr int kEsperaRepetida = 15000;
 constexpr int kCodigoAncho = 999;  // above it the answer has the wide layout
 }  // namespace
 
-void Maquina::enviarVEK(int addr, int codigo, const QByteArray& datos, bool pedir) {
+void MaquinaDeEstados::enviarVEK(int addr, int codigo, const QByteArray& datos, bool pedir) {
   abandonar();
   if (!modo_.limpia || !exterior_.deudas().debida(codigo))
     return lanzarVEK(addr, codigo, datos, pedir);
@@ -21,7 +21,7 @@ void Maquina::enviarVEK(int addr, int codigo, const QByteArray& datos, bool pedi
           [this] { exterior_.envioVEK(kErrorSinACK, -1, 0, {}); }});
 }
 
-void Maquina::lanzarVEK(int addr, int codigo, const QByteArray& datos, bool pedir) {
+void MaquinaDeEstados::lanzarVEK(int addr, int codigo, const QByteArray& datos, bool pedir) {
   quitarACKs();  // earlier ones can't acknowledge this frame
   pedir_ = pedir;
   primera_ = true;
@@ -37,7 +37,7 @@ void Maquina::lanzarVEK(int addr, int codigo, const QByteArray& datos, bool pedi
   emitirVEK();
 }
 
-void Maquina::esperarVEK(int codigo) {
+void MaquinaDeEstados::esperarVEK(int codigo) {
   codigo_ = codigo;
   repetidas_ = 0;
   pedir_ = true;
@@ -46,12 +46,12 @@ void Maquina::esperarVEK(int codigo) {
   leerLuego();
 }
 
-void Maquina::emitirVEK() {
+void MaquinaDeEstados::emitirVEK() {
   secuencia_ = (secuencia_ + 1) % 100;
   exterior_.escribir(tramas::construirVEK(secuencia_, cuerpo_));
 }
 
-void Maquina::preguntarOtraVez() {
+void MaquinaDeEstados::preguntarOtraVez() {
   envios_ = 1;
   estado_ = kEsperaACK;
   iniciarEspera(tiempos_.ack);
@@ -61,11 +61,11 @@ void Maquina::preguntarOtraVez() {
 // Machines of one wire count their frames separately, so that the answer of one may have the number
 // of the last frame of another: it may be that frame, repeated, or the answer. An order that is
 // sent once, and a list, which would begin anew, wait as for a repeat.
-bool Maquina::puedeSerDeOtra() const {
+bool MaquinaDeEstados::puedeSerDeOtra() const {
   return estado_ == kEsperaRespuesta && preguntada_ != contestada_ && !modo_.unaVez && !dudada_;
 }
 
-void Maquina::quitarACKs() {
+void MaquinaDeEstados::quitarACKs() {
   qsizetype n = 0;
   while (n < entrada_.size() && entrada_[n] == tramas::kACK) ++n;
   entrada_.remove(0, n);
@@ -74,7 +74,7 @@ void Maquina::quitarACKs() {
 // --- data ---
 
 // Nothing was asked: a transaction is handed over, any other frame is only acknowledged.
-bool Maquina::datosReposo() {
+bool MaquinaDeEstados::datosReposo() {
   const Para para = exterior_.para();
   if (para != Para::VekCaptura && para != Para::VekAmbos) return false;
   quitarACKs();
@@ -82,7 +82,7 @@ bool Maquina::datosReposo() {
   return true;
 }
 
-bool Maquina::datosACK() {
+bool MaquinaDeEstados::datosACK() {
   if (entrada_.front() == tramas::kSTX) {
     leerTramas(false);
     if (estado_ == kEsperaACK) prorrogar(intervalo_);
@@ -99,7 +99,7 @@ bool Maquina::datosACK() {
   return true;
 }
 
-bool Maquina::datosTrama() {
+bool MaquinaDeEstados::datosTrama() {
   const int antes = estado_;
   quitarACKs();
   const Leido leido = leerTramas(true);
@@ -108,7 +108,7 @@ bool Maquina::datosTrama() {
   return true;
 }
 
-bool Maquina::datosRepetida() {
+bool MaquinaDeEstados::datosRepetida() {
   quitarACKs();
   // A list goes on after a repeated frame: its next one has been acknowledged and won't come a
   // second time.
@@ -119,7 +119,7 @@ bool Maquina::datosRepetida() {
 
 // --- time ---
 
-void Maquina::venceACK() {
+void MaquinaDeEstados::venceACK() {
   if (modo_.unaVez || envios_ >= kEnviosMax) {
     vaciar();
     return acabarVEK(kErrorSinACK);
@@ -134,12 +134,12 @@ void Maquina::venceACK() {
   emitirVEK();
 }
 
-void Maquina::venceTrama() {
+void MaquinaDeEstados::venceTrama() {
   vaciar();
   acabarVEK(kErrorSinRespuesta);
 }
 
-void Maquina::venceRepetida() {
+void MaquinaDeEstados::venceRepetida() {
   if (modo_.unaVez || ++repetidas_ > kRepetidasMax) return venceTrama();
   envios_ = 1;
   repetida_ = true;
@@ -150,7 +150,7 @@ void Maquina::venceRepetida() {
 
 // --- frames ---
 
-Maquina::Leido Maquina::leerTramas(bool aceptar) {
+MaquinaDeEstados::Leido MaquinaDeEstados::leerTramas(bool aceptar) {
   const bool ancha = codigo_ > kCodigoAncho;
   tramas::LecturaVEK lectura = tramas::leerVEK(entrada_, ancha);
   if (!lectura.trama) return Leido::Nada;
@@ -171,13 +171,13 @@ Maquina::Leido Maquina::leerTramas(bool aceptar) {
 }
 
 // A transaction that the machine repeats because our acknowledgement was lost is one sale, not two.
-void Maquina::entregarTransaccion(const tramas::TramaVEK& trama) {
+void MaquinaDeEstados::entregarTransaccion(const tramas::TramaVEK& trama) {
   if (estado_ == kDescargando || trama == ultimaTransaccion_) return;
   ultimaTransaccion_ = trama;
   exterior_.transaccion(trama.addr, trama.datos);
 }
 
-Maquina::Leido Maquina::atender(const tramas::TramaVEK& trama, bool aceptar) {
+MaquinaDeEstados::Leido MaquinaDeEstados::atender(const tramas::TramaVEK& trama, bool aceptar) {
   if (trama.secuencia == ultima_) {
     const Para para = exterior_.para();
     if (!enVuelo() || para == Para::VekCaptura) return Leido::Repetida;
@@ -216,7 +216,7 @@ Maquina::Leido Maquina::atender(const tramas::TramaVEK& trama, bool aceptar) {
   return Leido::Aceptada;
 }
 
-void Maquina::acabarVEK(int error, int addr, int codigo, const QByteArray& datos) {
+void MaquinaDeEstados::acabarVEK(int error, int addr, int codigo, const QByteArray& datos) {
   const bool recibo = error == 0 && (estado_ == kEsperaTrama || estado_ == kRepetida);
   if (error == 0 && estado_ != kEsperaACK)
     exterior_.deudas().contestada(preguntada_, codigo_, repetida_);

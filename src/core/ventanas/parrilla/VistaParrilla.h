@@ -8,11 +8,11 @@
 
 namespace tarvo::ventanas {
 
-class Rejilla final : public QTableView {
+class VistaParrilla final : public QTableView {
  public:
   // `completar` brings the rows that the model has not counted yet; it runs before the last row is
   // looked for.
-  Rejilla(QWidget* padre, std::function<void()> completar);
+  VistaParrilla(QWidget* padre, std::function<void()> completar);
 
  protected:
   QModelIndex moveCursor(CursorAction accion, Qt::KeyboardModifiers mandos) override;
