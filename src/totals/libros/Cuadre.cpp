@@ -77,22 +77,23 @@ Resultado<QString> origenDe(dao::Database& db, const Textos& textos, qint64 link
   return partes.join(u"; "_s);
 }
 
-Resultado<QString> informeGrupo(dao::Database& db, const Ajustes& a, const Textos& textos,
-                                qint64 link, int grupo, const QString& nombre) {
-  QString texto = textos(kTxCuadreGrupo, {Ceros(grupo, 4), nombre}) + u'\n';
+Resultado<> informeGrupo(dao::Database& db, const Ajustes& a, const Textos& textos, qint64 link,
+                         int grupo, const QString& nombre, InformeCuadre& informe) {
+  informe.texto += textos(kTxCuadreGrupo, {Ceros(grupo, 4), nombre}) + u'\n';
   TARVO_TOMAR(const auto gran, sumaDe(db, kGranTotal, link, grupo));
   for (const ClaseTotal& c : enVigor(a)) {
     TARVO_TOMAR(const auto suma, sumaDe(db, c.numero, link, grupo));
     if (suma.first == 0) continue;
     TARVO_TOMAR(const auto origen, origenDe(db, textos, link, grupo, c.numero));
     const bool contra = gran.first > 0 && c.numero != kGranTotal;
-    const QString veredicto =
-        !contra ? QString() : textos(suma.second == gran.second ? kTxCuadra : kTxNoCuadra);
-    texto += u"  %1 %2 %3  %4\n"_s.arg(textos(kTxNombreTotal + c.numero), -22)
-                 .arg(VerImporte(a, suma.second, a.MonedaNativa ? 1 : 0), 14)
-                 .arg(veredicto.leftJustified(9), origen);
+    const bool cuadra = !contra || suma.second == gran.second;
+    informe.cuadra = informe.cuadra && cuadra;
+    const QString veredicto = !contra ? QString() : textos(cuadra ? kTxCuadra : kTxNoCuadra);
+    informe.texto += u"  %1 %2 %3  %4\n"_s.arg(textos(kTxNombreTotal + c.numero), -22)
+                         .arg(VerImporte(a, suma.second, a.MonedaNativa ? 1 : 0), 14)
+                         .arg(veredicto.leftJustified(9), origen);
   }
-  return texto;
+  return {};
 }
 
 }  // namespace
@@ -155,8 +156,8 @@ Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, const Textos
   return {};
 }
 
-Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
-                                 std::optional<qint64> link) {
+Resultado<InformeCuadre> informeCuadre(dao::Database& db, const Ajustes& ajustes,
+                                       const Textos& textos, std::optional<qint64> link) {
   TARVO_TOMAR(
       auto rs,
       link
@@ -169,7 +170,8 @@ Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, cons
     return fallo(Fallo::NoExiste,
                  link ? textos(kTxPeriodoNoHay, {*link}) : textos(kTxNadaMemorizado));
   const qint64 numero = rs->entero(0);
-  QString texto =
+  InformeCuadre informe;
+  informe.texto =
       textos(kTxCuadrePeriodo,
              {numero, TextoPeriodo({static_cast<int>(rs->entero(1)), rs->fecha(2), rs->fecha(3)}),
               rs->texto(4)}) +
@@ -182,13 +184,11 @@ Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, cons
               db.consultar(QString(u"SELECT GRUPO, NOMGPO FROM ("_s + uniones.join(u" UNION "_s) +
                                    u") AS g LEFT JOIN GRUPOS ON GRUPO=CODGPO ORDER BY GRUPO"_s)));
   for (; !grupos->Eof();) {
-    TARVO_TOMAR(const auto parte,
-                informeGrupo(db, ajustes, textos, numero, static_cast<int>(grupos->entero(0)),
-                             grupos->texto(1)));
-    texto += parte;
+    TARVO_INTENTAR(informeGrupo(db, ajustes, textos, numero, static_cast<int>(grupos->entero(0)),
+                                grupos->texto(1), informe));
     TARVO_INTENTAR(grupos->MoveNext());
   }
-  return texto;
+  return informe;
 }
 
 }  // namespace tarvo::totals

@@ -35,7 +35,11 @@ Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, const Textos
 
 // The comparison for a period (the last memorised one when none is named), group by group, with the
 // origin of each number.
-Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
-                                 std::optional<qint64> link);
+struct InformeCuadre {
+  QString texto;
+  bool cuadra = true;
+};
+Resultado<InformeCuadre> informeCuadre(dao::Database& db, const Ajustes& ajustes,
+                                       const Textos& textos, std::optional<qint64> link);
 
 }  // namespace tarvo::totals

@@ -91,6 +91,17 @@ Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
   return false;
 }
 
+// The open session holds a whole reading of this kind that is in no period yet.
+Resultado<bool> hayEnteraSinMemorizar(Database& db, const ClaseTotal& c, int grupo) {
+  TARVO_TOMAR(const auto n,
+              db.uno(QString(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND "_s +
+                             texto16(c.sesion) +
+                             u" AND GRUPO=CODGPO AND CLASE=? AND ENTERA<>0 AND (LINK IS NULL OR "_s
+                             u"APARTE=1)"_s),
+                     grupo, c.numero));
+  return n.entero() > 0;
+}
+
 }  // namespace
 
 Resultado<> apartarBase(Database& db, int grupo, int numero) {
@@ -126,7 +137,7 @@ Resultado<> Sesion::Estado::anotarLectura(int grupo, int numero, Lectura estado,
   TARVO_INTENTAR(db.ejecutar(
       u"INSERT INTO Lecturas (GRUPO, CLASE, EJECUCION, ESTADO, INICIO) VALUES (?, ?, ?, ?, ?) "_s
       u"ON CONFLICT (GRUPO, CLASE) DO UPDATE SET EJECUCION=excluded.EJECUCION, "_s
-      u"ESTADO=excluded.ESTADO, "_s
+      u"ANTES=Lecturas.ESTADO, ESTADO=excluded.ESTADO, "_s
       u"INICIO=excluded.INICIO"_s,
       grupo, numero, ejecucion, int{estado}, ahora));
   return {};
@@ -141,6 +152,18 @@ Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura
   const Estado::Foto antes = d->foto();
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
 
+  if (!lectura.entera && d->abierta > 0) {
+    TARVO_TOMAR(const auto sabeMas, hayEnteraSinMemorizar(db_, *c, grupo));
+    if (sabeMas) {
+      TARVO_INTENTAR(db_.ejecutar(
+          u"UPDATE Lecturas SET ESTADO=CASE WHEN ANTES IN (2, 4) THEN ANTES ELSE 3 END WHERE "_s
+          u"GRUPO=? AND CLASE=?"_s,
+          grupo, numero));
+      avisos.push_back(
+          {grupo, textos_(kTxParteNoSustituye, {grupo, textos_(kTxNombreTotal + numero)}), true});
+      return tr.confirmar();
+    }
+  }
   const auto guardar = [&]() -> Resultado<> {
     TARVO_TOMAR(const auto pisa,
                 pisariaVentas(db_, *c, grupo, suma, lectura.entera, d->abierta > 0));
