@@ -1,4 +1,4 @@
-// From the list into the fast windows and the calculator, by keys alone.
+// From the list into the fast windows and the calculator, with keys alone.
 #include "MesaDeArticulos.h"
 #include "articles/precios/ventanas/RegistrarVentanas.h"
 
@@ -6,7 +6,7 @@ namespace tarvo::prueba {
 
 namespace {
 
-// 40 articles that groups 1 and 4 hold, at 1,00 to 40,00.
+// Groups 1 and 4 have 40 articles, priced 1,00 to 40,00.
 struct Mercado : MesaDeArticulos {
   Mercado() {
     for (int c = 110; c <= 400; c += 10) articulo(1, c, u"Artículo %1"_s.arg(c));
@@ -19,7 +19,7 @@ struct Mercado : MesaDeArticulos {
     lista_ = abrir(u"BrowPLUs"_s);
   }
 
-  // The first entry of the menu that a key opens.
+  // Opens a menu with a key and chooses its first entry.
   ventanas::Ventana* porMenu(Qt::Key k, const QString& nombre) {
     tecla(k);
     EXPECT_TRUE(esperar([] { return QApplication::activePopupWidget() != nullptr; }));
@@ -27,7 +27,7 @@ struct Mercado : MesaDeArticulos {
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
     return cargada(nombre);
   }
-  // Tab until the control has the focus.
+  // Presses Tab until the control has the focus.
   bool irA(const QString& nombre) {
     for (int i = 0; i < 60; ++i) {
       QWidget* foco = QApplication::focusWidget();
@@ -37,7 +37,7 @@ struct Mercado : MesaDeArticulos {
     }
     return false;
   }
-  // Escape leads back to the list.
+  // Escape returns to the list.
   void salir(const QString& nombre) {
     tecla(Qt::Key_Escape);
     EXPECT_TRUE(esperar([&] { return escritorio.ventanas().cargada(nombre) == nullptr; }));

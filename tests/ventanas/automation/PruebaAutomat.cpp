@@ -1,4 +1,4 @@
-// A person runs, holds, steps and stops a process, and answers what it asks.
+// A user runs, pauses, steps and stops a process, and answers its questions.
 #include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
@@ -13,7 +13,7 @@ namespace {
 
 struct Proceso : MesaDeProcesos {
   using MesaDeProcesos::MesaDeProcesos;
-  // Waits for nothing, then a step that fails, then one that goes well.
+  // A step that waits for nothing, one that fails, and one that succeeds.
   static inline const QString kTresPasos = u"N:uno\r\nS:CERRAR,x,Sí,Sí\r\nN:tres\r\n"_s;
 
   static QString titulo(QWidget* v) { return pieza<QLabel>(v, u"lblTitulo"_s)->text(); }
@@ -80,7 +80,7 @@ TEST(Automat, SeRetienePorTeclasYSigueAPasos) {
   EXPECT_FALSE(s.abierta(u"Automat"_s));
 }
 
-// What each step does is said in words; the line of the language is in a column of its own.
+// Each step is described in words; its line of the process language has a column of its own.
 TEST(Automat, LosPasosSeDicenEnPalabras) {
   Proceso s({1, 2});
   const struct {
@@ -104,7 +104,7 @@ TEST(Automat, LosPasosSeDicenEnPalabras) {
   }
 }
 
-// What was queued is done when its tasks have ended.
+// A queueing step is done once its tasks have ended.
 TEST(Automat, LoEncoladoEstaHechoCuandoAcaba) {
   Proceso s;
   QWidget* v = s.correr(u"T:RXGRTOT,1\r\nC:ESPERA,1000,No\r\nC:ESPERA,1000,No\r\n"_s);
@@ -163,7 +163,7 @@ TEST(Automat, LoQueNoSeLeeSeDice) {
       << v->tira().texto().toStdString();
 }
 
-// --- parameters ---------------------------------------------------------------------------------
+// --- parameters
 
 TEST(EnParMac, SePreguntaSeRehusaYSeContesta) {
   Proceso s;
@@ -199,7 +199,7 @@ TEST(EnParMac, CancelarAborta) {
   EXPECT_EQ(Proceso::resultado(v, 0), u"Interrumpido");
 }
 
-// Wednesday 4 March 2026: the month shown, the days chosen in it, or two free dates.
+// Wednesday 4 March 2026: the month shown, the days selected in it, or two free dates.
 TEST(EnParMac, LasTresFormasDeDarFechas) {
   const struct {
     const char* opcion;
@@ -212,7 +212,7 @@ TEST(EnParMac, LasTresFormasDeDarFechas) {
     QString falta;
     cuandoHayaCaja([&](QWidget& v) {
       QTest::keyClick(pieza<QRadioButton>(&v, u"OtrasFechas"_s), Qt::Key_Space);
-      QTest::keyClicks(pieza<QLineEdit>(&v, u"Desde"_s), u"x"_s);  // of no account elsewhere
+      QTest::keyClicks(pieza<QLineEdit>(&v, u"Desde"_s), u"x"_s);  // ignored by the other options
       QTest::keyClick(pieza<QRadioButton>(&v, QString::fromLatin1(c.opcion)), Qt::Key_Space);
       if (c.opcion != std::string("OtrasFechas")) {
         QTest::mouseClick(pieza<QPushButton>(&v, u"Acepto"_s), Qt::LeftButton);

@@ -1,4 +1,4 @@
-// A person makes a timetable, activates it and watches it run.
+// A user creates a timetable, activates it and watches it run.
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -18,7 +18,7 @@ using ventanas::Parrilla;
 using ventanas::Ventana;
 
 struct Horarios : MesaDeProcesos {
-  // Asks a group that doesn't answer so many times, and reports it.
+  // A process that asks a silent group that many times, and reports it.
   static QString preguntarEnVano(int veces) {
     return u"T:RXGRTOT,1\r\nC:ESPERA,%1,No\r\n"_s.arg(veces);
   }
@@ -32,7 +32,7 @@ struct Horarios : MesaDeProcesos {
   Ventana* editar(const QString& nombre = {}) {
     return todas().abrir(PuertaEdiCron{nombre.isEmpty() ? QString() : ruta(nombre)});
   }
-  // Fills the line that is chosen, by keys; the process is the first or the last one there is.
+  // Fills in the current line by keys; the process is the first or the last of the list.
   static void llenar(Ventana* v, const QString& hora, Qt::Key proceso) {
     auto* campo = pieza<QLineEdit>(v, u"Hora"_s);
     campo->setFocus();
@@ -50,7 +50,8 @@ struct Horarios : MesaDeProcesos {
 
 const QString kSiempre = u"Sí,Sí,Sí,Sí,Sí,Sí,Sí"_s;
 
-// Two lines at one hour, in the order in which they were written; both run, one after the other.
+// Two lines with the same time, in the order in which they were entered; both run, one after the
+// other.
 TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   Horarios s;
   Ventana* e = s.editar();
@@ -151,7 +152,7 @@ TEST(Horarios, AbandonarNoTocaElFichero) {
   EXPECT_EQ(s.texto(u"T.CRO"_s), antes);
 }
 
-// What is typed is what is kept, whatever stood there before; what is no hour is refused.
+// The time stored is the one typed, regardless of the former contents; an invalid time is refused.
 TEST(Horarios, LaHoraEsLaQueSeEscribe) {
   Horarios s;
   s.fichero(u"T.CRO"_s, u"22:05:30;"_s + kSiempre + u";BIEN\r\n"_s);
@@ -199,7 +200,7 @@ TEST(Cronos, ADesactivarYAManoYUnoQueNoSeLee) {
   EXPECT_EQ(filas->texto(0, u"ok"), u"1");
 }
 
-// The next one waits for whoever reads why the first was stopped, but not all night.
+// The next process waits while a user may be reading why the first was stopped, but not all night.
 TEST(Cronos, UnProcesoParadoNoRetieneLaNoche) {
   Horarios s;
   s.fichero(u"LARGO.AUT"_s, Horarios::preguntarEnVano(1000));
@@ -225,7 +226,7 @@ TEST(Automat, UnProcesoConHorarioVaAlCronos) {
   EXPECT_EQ(pieza<QLabel>(s.todas().cargada(u"Cronos"_s), u"lblNom"_s)->text(), u"NOCHE");
 }
 
-// A timetable waits for the process that a person runs.
+// A timetable waits for a process run by a user.
 TEST(Cronos, EsperaAlProcesoDeLaPersona) {
   Horarios s;
   s.fichero(u"T.CRO"_s, u"22:00:05;"_s + kSiempre + u";BIEN\r\n"_s);

@@ -19,7 +19,7 @@ const QString kOfertas =
 
 }  // namespace
 
-// The whole of it by keys: an offer for both groups that begins tomorrow and ends on Sunday.
+// All of it by keys: an offer for both groups that begins tomorrow and ends on Sunday.
 TEST(VentanaOfertas, UnaOfertaParaDosGruposHastaElDomingo) {
   MesaDePrecios m;
   auto* lista = m.abrir(u"BrowOfer"_s);
@@ -40,7 +40,7 @@ TEST(VentanaOfertas, UnaOfertaParaDosGruposHastaElDomingo) {
     m.teclear(valor);
     m.pulsar(Qt::Key_Return);
   }
-  m.pulsar(Qt::Key_Return);  // the button has the focus now
+  m.pulsar(Qt::Key_Return);  // the button now has the focus
   const auto fila = [&](int grupo) {
     return u"%1 12 995 %2 %3 0 0"_s.arg(grupo).arg(manana.dias()).arg(domingo(manana).dias());
   };
@@ -127,7 +127,7 @@ TEST(VentanaOfertas, PreguntaAntesDeReescribir) {
   }
 }
 
-// A date written in one row goes to all that are shown, and comes back.
+// A date entered in one row is set in all rows shown, and undone.
 TEST(VentanaOfertas, UnaFechaVaATodasYSeDeshace) {
   MesaDePrecios m;
   for (const int codigo : {10, 11})
@@ -166,10 +166,10 @@ TEST(VentanaOfertas, UnaFechaVaATodasYSeDeshace) {
   EXPECT_EQ(m.leer(kOfertas), antes) << "in all groups, with the days of each";
 }
 
-// Prices come back also where the list shows the offer no more; not those that changed since.
+// Undo restores prices even if the offer is no longer listed; not those changed since.
 TEST(VentanaOfertas, LosPreciosSeDeshacen) {
   const struct {
-    const char16_t* otro;  // what happens meanwhile
+    const char16_t* otro;  // the change made meanwhile
     const char16_t *queda, *dice;
   } casos[] = {
       {u"", u"700 | 300", u"Deshecho: P. Base, que era «7,00»."},
@@ -191,7 +191,7 @@ TEST(VentanaOfertas, LosPreciosSeDeshacen) {
     const QString precios = u"select PRECIO_0 from OFERTAS order by GRUPO"_s;
     EXPECT_EQ(m.leer(precios), u"650 | 650");
     if (*c.otro) m.sql(QString::fromUtf16(c.otro));
-    m.escribir(v, u"TxtF1"_s, u"01/01/2030"_s);  // filters it out
+    m.escribir(v, u"TxtF1"_s, u"01/01/2030"_s);  // hides it with the filter
     m.pulsar(Qt::Key_Return);
     v->findChild<QAction*>(u"Deshacer"_s)->trigger();
     EXPECT_EQ(m.leer(precios), QString::fromUtf16(c.queda));

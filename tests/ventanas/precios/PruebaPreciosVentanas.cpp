@@ -5,7 +5,7 @@
 
 namespace tarvo::prueba {
 
-// A margin of 50 % locked over articles that cost 5,00, 8,00 and 10,01.
+// A locked margin of 50 % for articles that cost 5,00, 8,00 and 10,01.
 TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
   MesaDePrecios m;
   m.sql(u"update PLUSES set COSTE=800 where CODPLU=4"_s);
@@ -90,7 +90,8 @@ TEST(VentanaLote, SubeUnDepartamentoYSeDeshace) {
   EXPECT_FALSE(deshacer->isEnabled());
 }
 
-// Stopped, or closed, in the middle: no price is another one. Undone and stopped: the rest waits.
+// Stopped or closed in the middle, no price has changed. If the undoing is stopped, the rest stays
+// pending.
 TEST(VentanaLote, ParadoNoDejaNada) {
   MesaDePrecios m;
   auto muchos = dao::Transaccion::empezar(*m.db);
@@ -130,7 +131,7 @@ TEST(VentanaLote, ParadoNoDejaNada) {
 
   lanzar();
   ASSERT_TRUE(esperar([&] { return subidos() > 100; }));
-  // Whoever closes it is asked, and stays unless he says so; the work waits for the answer.
+  // Closing it asks, and the window stays unless the user confirms; the work waits for the answer.
   m.alAbrirse([&](QWidget* w) {
     const int antes = subidos();
     for (int i = 0; i < 50; ++i) QCoreApplication::processEvents();
@@ -145,7 +146,7 @@ TEST(VentanaLote, ParadoNoDejaNada) {
   EXPECT_EQ(subidos(), 0);
 }
 
-// A change that was cut off is said, and finished from here.
+// A change cut off before is reported, and completed from here.
 TEST(VentanaLote, LoQueSeCortoSeTermina) {
   MesaDePrecios m;
   for (int i = 100; i < 800; ++i) m.articulo({.codigo = i, .depto = 1, .precio = 100});
@@ -183,7 +184,7 @@ TEST(VentanaLote, LosArticulosElegidosCambianDeDepartamento) {
   }));
 }
 
-// All windows can be read, full and empty, in both faces, both sizes and all font scales.
+// All windows are readable, full and empty, in both themes, both sizes and all font scales.
 TEST(FotosPrecios, SeLeen) {
   const QString fija = qEnvironmentVariable("TARVO_FOTOS");
   for (const bool llena : {false, true}) {

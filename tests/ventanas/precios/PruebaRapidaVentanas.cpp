@@ -2,7 +2,7 @@
 
 namespace tarvo::prueba {
 
-// Thirty prices, one a line: what is typed, Enter, what is typed, Enter.
+// Thirty prices, one per row: type, Enter, type, Enter.
 TEST(VentanaRapida, CambiaElPrecioDeTreintaArticulos) {
   MesaDePrecios m;
   auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
@@ -61,7 +61,7 @@ TEST(VentanaRapida, LasColumnasQueSeElijen) {
   MesaDePrecios m;
   auto* v = m.abrir(u"FastModf"_s);
   m.alAbrirse([&](QWidget* w) {
-    w->findChild<QRadioButton*>(u"opcion5_2"_s)->click();  // department, to change
+    w->findChild<QRadioButton*>(u"opcion5_2"_s)->click();  // department, to be changed
     w->findChild<QRadioButton*>(u"opcion2_0"_s)->click();  // price 1, invisible
     w->findChild<QComboBox*>(u"lstModo"_s)->setCurrentIndex(1);
     m.boton(w, u"Acepto"_s);
@@ -84,7 +84,7 @@ TEST(VentanaRapida, LasColumnasQueSeElijen) {
   }
 }
 
-// The prefix 12, and a department that doesn't move: four fields an article.
+// With the prefix 12 and a fixed department: four fields per article.
 TEST(VentanaAlta, ConPrefijoYDepartamentoFijo) {
   MesaDePrecios m;
   m.suyos.PrefijoCodigos = u"12"_s;

@@ -1,5 +1,4 @@
-// What a person types and doesn't finish, or what can't be: nothing is written, nothing is lost,
-// and words say why.
+// Unfinished or invalid input: nothing is written, nothing is lost, and the reason is reported.
 #include <QAction>
 #include <QMessageBox>
 
@@ -14,7 +13,7 @@ struct Tecleado : MesaDePrecios {
   QString precio(int codigo) {
     return leer(u"select PRECIO_00 from PLUSES where CODPLU=%1"_s.arg(codigo));
   }
-  // Writes of articles fail, as under another program's lock, until permitir().
+  // Makes writes to articles fail, as under another program's lock, until permitir().
   void impedir() {
     sql(u"create trigger NO before update on PLUSES begin select raise(abort, 'no'); end"_s);
   }
@@ -23,7 +22,7 @@ struct Tecleado : MesaDePrecios {
 
 }  // namespace
 
-// Article 3 costs 5,00 and is sold for 3,00. What is typed, and Alt+G from within the box.
+// Article 3 costs 5,00 and is sold for 3,00. The input, and Alt+G from within the field.
 TEST(VentanaCalculo, LoQueNoValeSeDiceYNoSeGuarda) {
   const struct {
     QString campo, texto, dicho;
@@ -88,7 +87,7 @@ TEST(VentanaRapida, EscapeNoEscribeUnPrecioAMedias) {
   EXPECT_EQ(m.precio(3), u"300");
 }
 
-// Whatever the person does next, the price stays in its field on its article, with words.
+// After any other action the price stays in its field, on its article, with a message.
 TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
   for (const bool ilegible : {true, false}) {
     Tecleado m;
@@ -186,7 +185,7 @@ TEST(VentanaRapida, EmpiezaDondeEstabaLaLista) {
   QTest::keyClick(v, Qt::Key_F9);
 }
 
-// Enter on the question keeps what was typed; only its own button lets it go.
+// Return at the question keeps the input; only the button discards it.
 TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
   const struct {
     QString ventana, campo, texto;
@@ -219,7 +218,7 @@ TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
   EXPECT_FALSE(v->isVisible()) << "in its empty box Escape closes";
 }
 
-// Who can't leave a field is told why, beside it and above.
+// A field that can't be left shows the reason beside itself and in the strip.
 TEST(VentanaAlta, DicePorQueNoSeSale) {
   const struct {
     const char16_t *campo, *texto, *dice;
@@ -249,7 +248,7 @@ TEST(VentanaAlta, DicePorQueNoSeSale) {
   }
 }
 
-// It begins with the price that the list has in hand, which is seen among the 24.
+// It starts with the list's current price, which is marked among the 24.
 TEST(VentanaCalculo, EmpiezaPorElPrecioDado) {
   for (const precios::Celda celda : {precios::Celda{0, 0}, {2, 7}, {1, 3}}) {
     Tecleado m;
@@ -270,7 +269,7 @@ TEST(VentanaCalculo, EmpiezaPorElPrecioDado) {
   }
 }
 
-// A step that stayed from last time is seen: it rounds each article that is passed.
+// A rounding step left from the last time is shown, since it rounds each article passed.
 TEST(VentanaCalculo, ElRedondeoActivoSeVe) {
   for (const int paso : {0, 5}) {
     Tecleado m;
@@ -280,7 +279,7 @@ TEST(VentanaCalculo, ElRedondeoActivoSeVe) {
   }
 }
 
-// Cells of both grids come back, the last first.
+// Cells of both grids are restored, the last first.
 TEST(VentanaRapida, LasCeldasSeDeshacen) {
   Tecleado m;
   auto* v = m.abrir(precios::PuertaFastModf{});
