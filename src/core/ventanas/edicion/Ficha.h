@@ -2,9 +2,10 @@
 //
 //   class EdiParms final : public ventanas::FichaDe<ParamSerie> {
 //    public:
-//     EdiParms(Contexto& c, const QString& nombre) : FichaDe(c, nombre, kTxEdiParms) {
-//       formulario().fila(kTxPuerto, u"Puerto"_s, numero(r.puerto, 1, 16));
-//       formulario().fila(kTxBaudios, u"Baudios"_s, r.baudios, numeros({300, 9600}));
+//     EdiParms(Contexto& c, const QString& nombre) : FichaDe(c, nombre) {
+//       auto f = formulario(kTxEdiParms);
+//       f.fila(kTxPuerto, u"Puerto"_s, numero(r.puerto, 1, 16));
+//       f.fila(kTxBaudios, u"Baudios"_s, r.baudios, numeros({300, 9600}));
 //       acabar();
 //     }
 //     Resultado<> entrar(const PuertaEdiParms& p) { return editar(p.serie); }
