@@ -17,7 +17,7 @@ inline constexpr int kIconoGrande = 24;
 inline constexpr int kFoco = 2;  // width of the focus ring
 inline constexpr int kRedondo = kPaso;
 
-// Points.
+// Font sizes, in points.
 inline constexpr double kLetra = 10;
 inline constexpr double kLetraSecundaria = 9;
 inline constexpr double kLetraTitulo = 14;

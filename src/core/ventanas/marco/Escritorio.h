@@ -29,7 +29,7 @@ class Escritorio {
 
  private:
   QTranslator delJuego_;  // the toolkit's own texts: menus of fields, the file dialog
-  QThreadPool hilos_;     // outlives all that query it; its end waits for its threads
+  QThreadPool hilos_;     // outlives all that query it; its destructor waits for its threads
   Nombres nombres_;
   Recuerdos recuerdos_;
   Tema tema_;
