@@ -1,4 +1,4 @@
-// An entry of the person's own: its words, its place, and the process or timetable that it starts.
+// An entry of the user's own: its title, its position, and the process or timetable that it starts.
 #pragma once
 
 #include <QListWidget>
@@ -23,7 +23,7 @@ class ElemPerso final : public ventanas::FichaDe<Elemento> {
  private:
   void mostrarLista();
   void mover(int pasos);
-  QString elegido() const;  // base name of the file, empty for none
+  QString elegido() const;  // base name of the file, empty if none
   std::vector<FaltaCampo> comprobar() override;
   Resultado<> aplicar() override;
 
