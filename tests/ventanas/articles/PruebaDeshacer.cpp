@@ -57,7 +57,7 @@ TEST(DeshacerCeldas, VuelvenUnaAUna) {
   for (int i = 0; i < 6; ++i) deshacer(t, v);
   EXPECT_EQ(t.leer(kDiez), antes);
   EXPECT_FALSE(accion->isEnabled());
-  EXPECT_EQ(t.cruces(), u"11 1 1 | 11 4 1 | 20 1 0") << "the groups hear of it";
+  EXPECT_EQ(t.cruces(), u"11 1 1 | 11 4 1 | 20 1 0") << "sent to the groups again";
 }
 
 // A later change from elsewhere isn't overwritten, and that is reported; changes of other fields
@@ -101,7 +101,7 @@ TEST(DeshacerCeldas, ConLoBorradoEnUnSoloOrden) {
     return t.leer(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s);
   };
   QApplication::processEvents();
-  EXPECT_EQ(t.enMano(grid), 20) << "Return goes down";
+  EXPECT_EQ(t.enMano(grid), 20) << "Return moves down";
   grid.irA(2);
   t.responder(u"Acepto"_s);
   t.tecla(Qt::Key_Delete);

@@ -57,7 +57,7 @@ TEST(ListaArticulos, LosHijosSiguenSuPuntero) {
   EXPECT_EQ(lista->clave(), (ventanas::Recorrido::Clave{1, 20}));
   EXPECT_EQ(movido, 1);
   lista->refrescar();
-  EXPECT_EQ(movido, 1) << "the same article";
+  EXPECT_EQ(movido, 1) << "not called for the same article";
   hijo.reset();
   EXPECT_TRUE(lista->saltar(1));
   EXPECT_EQ(movido, 1);
@@ -143,7 +143,7 @@ TEST(ListaArticulos, ElFinDelEnvioSeDice) {
   ASSERT_TRUE(esperar([&] { return !arbol->tira().isHidden(); }));
   EXPECT_EQ(arbol->tira().texto(), u"Ha acabado el envío de los cambios a 4 grupos.");
   EXPECT_TRUE(esperar([&] { return arbol->findChild<QObject*>(u"avisoDeFin"_s) == nullptr; }))
-      << "who has said it looks on no more";
+      << "it is destroyed after its report";
 }
 
 // Every command is in the context menu of the list, with its key.

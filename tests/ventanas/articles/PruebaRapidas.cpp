@@ -68,11 +68,11 @@ TEST(RapidasDesdeLaLista, TreintaPrecios) {
   }
   EXPECT_EQ(t.precios(), debe.join(u" | "));
   EXPECT_EQ(t.leer(u"select min(plu), max(plu), count(*) from [Cross]"_s), u"310 400 20")
-      << "no group holds the thirty as they are";
+      << "no group has the new prices of the thirty";
   EXPECT_EQ(t.leer(u"select count(*) from HistoriaPrecios where VENTANA='FastModf'"_s), u"30");
   EXPECT_EQ(t.cambiadas(), std::vector<int>{1});
   t.salir(u"FastModf"_s);
-  EXPECT_EQ(t.lista(t.lista_).texto(2, u"PRECIO_00"), u"10,01") << "the list reads them again";
+  EXPECT_EQ(t.lista(t.lista_).texto(2, u"PRECIO_00"), u"10,01") << "the list is refreshed";
 }
 
 TEST(RapidasDesdeLaLista, UnArticuloNuevo) {
@@ -91,7 +91,7 @@ TEST(RapidasDesdeLaLista, UnArticuloNuevo) {
   t.tecla(Qt::Key_Return);
   EXPECT_EQ(t.leer(u"select NOMPLU, PRECIO_00, DEPTO, FORMATO from PLUSES where CODPLU=555"_s),
             u"Lomo 1250 1 5");
-  EXPECT_EQ(t.leer(u"select count(*) from [Cross] where plu=555"_s), u"0") << "due for all";
+  EXPECT_EQ(t.leer(u"select count(*) from [Cross] where plu=555"_s), u"0") << "due for all groups";
   EXPECT_EQ(t.leer(u"select AHORA, VENTANA from HistoriaPrecios"_s), u"1250 FastAlta");
   v->activateWindow();
   ASSERT_TRUE(t.activa(v));
@@ -110,7 +110,7 @@ TEST(RapidasDesdeLaLista, UnPrecioCalculado) {
   ASSERT_TRUE(t.irA(u"pcMarg"_s));
   t.escribir(u"51,3"_s);  // 7,565
   t.tecla(Qt::Key_PageDown);
-  EXPECT_EQ(t.enMano(grid), 20) << "the list goes along";
+  EXPECT_EQ(t.enMano(grid), 20) << "the list moves too";
   EXPECT_EQ(t.leer(u"select PRECIO_00, PRECIO_01 from PLUSES where SECCION=1 and CODPLU=10"_s),
             u"760 0");
   EXPECT_EQ(t.leer(u"select min(plu), count(*) from [Cross]"_s), u"20 78");

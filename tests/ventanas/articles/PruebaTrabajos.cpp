@@ -122,7 +122,7 @@ TEST(Trabajos, LasCeldasSeComprueban) {
           c.queda);
     }
     if (grid.editando()) t.tecla(Qt::Key_Escape);
-    EXPECT_TRUE(v->isVisible()) << "that Escape was the cell's";
+    EXPECT_TRUE(v->isVisible()) << "that Escape only closes the cell editor";
   }
   EXPECT_EQ(t.cruces(), u"20 1 0");
   // In a system article the cell reverts silently, since nothing was meant.
@@ -144,7 +144,7 @@ TEST(Trabajos, LosPreciosDeLaParrilla) {
   precios.vista()->setFocus();
   precios.vista()->setCurrentIndex(precios.modelo()->index(2, 3));
   t.tecla(Qt::Key_Return);
-  EXPECT_EQ(t.enMano(grid), 20) << "Enter goes to the next article";
+  EXPECT_EQ(t.enMano(grid), 20) << "Enter moves to the next article";
   EXPECT_EQ(t.cruces(), u"10 1 0 | 20 1 0") << "nothing was changed";
   t.escribir(u"7"_s);
   t.escribir(u",25"_s);
@@ -155,7 +155,7 @@ TEST(Trabajos, LosPreciosDeLaParrilla) {
   t.tecla(Qt::Key_PageUp);
   EXPECT_EQ(t.enMano(grid), 20);
   EXPECT_EQ(precios.texto(2, u"P2"), u"7,25");
-  EXPECT_EQ(precios.vista()->currentIndex().row(), 2) << "the cell stays";
+  EXPECT_EQ(precios.vista()->currentIndex().row(), 2) << "the same cell remains current";
   for (int i = 0; i < 5; ++i) t.tecla(Qt::Key_PageUp);
   EXPECT_EQ(grid.filaActual(), 0) << "it stops at the end";
 }
@@ -261,7 +261,7 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
   EXPECT_EQ(t.leer(u"select NomDep from DEPTS"_s), u"Verdura");
   EXPECT_EQ(arbol->currentItem()->text(0), u"Verdura");
   EXPECT_EQ(t.leer(u"select count(*) from PLUSES where SECCION=1"_s), u"2");
-  EXPECT_EQ(t.cruces(), u"10 1 1 | 20 1 1") << "only what groups hold";
+  EXPECT_EQ(t.cruces(), u"10 1 1 | 20 1 1") << "only articles that groups have";
   v->activateWindow();
   ASSERT_TRUE(t.activa(v));
   arbol->setFocus();

@@ -35,7 +35,7 @@ TEST(Automat, SeVeComoAcabaCadaPasoYSeCierra) {
   EXPECT_EQ(Proceso::titulo(v), u"EJECUTÁNDOSE: NOCHE");
   EXPECT_EQ(Proceso::resultado(v, 0), u"Hecho");
   EXPECT_EQ(Proceso::resultado(v, 2), u"Pendiente");
-  EXPECT_FALSE(v->close()) << "a run isn't left without its window";
+  EXPECT_FALSE(v->close()) << "a run keeps its window";
   s.pasar(0.1);
   EXPECT_EQ(Proceso::resultado(v, 1), u"Con problemas");
   EXPECT_EQ(pieza<ventanas::Parrilla>(v, u"ListaPasos"_s)->texto(1, u"motivo"),
@@ -57,7 +57,7 @@ TEST(Automat, SeRetienePorTeclasYSigueAPasos) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(v));
   EXPECT_FALSE(puede(v, u"paso"_s));
   QTest::keyClick(v, Qt::Key_Control);
-  EXPECT_EQ(s.automat().fase(), kEjecutando) << "a key that is grazed holds no night";
+  EXPECT_EQ(s.automat().fase(), kEjecutando) << "a key touched by accident holds no night";
   QTest::keyClick(v, Qt::Key_F8);
   EXPECT_EQ(Proceso::titulo(v), u"PROCESO RETENIDO: NOCHE");
   s.pasar(10);
@@ -73,7 +73,7 @@ TEST(Automat, SeRetienePorTeclasYSigueAPasos) {
   QTest::keyPress(v, Qt::Key_Control);
   QTest::keyClick(v, Qt::Key_C, Qt::ControlModifier);
   QTest::keyRelease(v, Qt::Key_Control);
-  EXPECT_EQ(s.automat().fase(), kDetenidoEnPaso) << "copying isn't running";
+  EXPECT_EQ(s.automat().fase(), kDetenidoEnPaso) << "Ctrl+C doesn't start a run";
   QTest::keyClick(v, Qt::Key_Control);
   EXPECT_EQ(s.automat().fase(), kEjecutando);
   s.pasar(4);
@@ -143,7 +143,7 @@ TEST(Automat, AltoPreguntaYEliminaLasTareas) {
   EXPECT_EQ(Proceso::resultado(v, 1), u"Interrumpido");
   EXPECT_TRUE(puede(v, u"ejecutar"_s));
   s.pasar(3600);
-  EXPECT_TRUE(s.abierta(u"Automat"_s)) << "who stopped it reads why";
+  EXPECT_TRUE(s.abierta(u"Automat"_s)) << "its user can read the reason";
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_FALSE(s.abierta(u"Automat"_s));
 }

@@ -62,7 +62,7 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   const QRect pantalla = e->screen()->availableGeometry();
   e->move(pantalla.right() - 100, pantalla.bottom() - 100);
   QTest::keyClick(nombre, Qt::Key_Return);
-  EXPECT_LE(e->frameGeometry().bottom(), pantalla.bottom()) << "it grows where it can be seen";
+  EXPECT_LE(e->frameGeometry().bottom(), pantalla.bottom()) << "it grows within the screen";
   EXPECT_EQ(e->frameGeometry().x(), std::max(0, pantalla.width() - e->frameGeometry().width()));
   auto* lista = pieza<Parrilla>(e, u"ListaBat"_s);
   ASSERT_EQ(lista->filas(), 1) << "the blank line";
@@ -70,7 +70,7 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   ASSERT_EQ(lista->filas(), 2);
   lista->irA(1);
   Horarios::llenar(e, u"22:05:00"_s, Qt::Key_Home);
-  EXPECT_FALSE(QFile::exists(s.ruta(u"TIENDA.CRO"_s))) << "nothing before it is saved";
+  EXPECT_FALSE(QFile::exists(s.ruta(u"TIENDA.CRO"_s))) << "no file before it is saved";
   pieza<QAction>(e, u"guardar"_s)->trigger();
   EXPECT_EQ(s.lineas(u"TIENDA.CRO"_s), QStringList({u"22:05:00;"_s + kSiempre + u";MAL"_s,
                                                     u"22:05:00;"_s + kSiempre + u";BIEN"_s}));
@@ -79,7 +79,7 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   Ventana* c = s.todas().abrir(PuertaCronos{s.ruta(u"TIENDA.CRO"_s)});
   ASSERT_TRUE(c);
   s.asentar();
-  EXPECT_FALSE(s.abierta(u"MainTarvo"_s)) << "the timetable stands in its place";
+  EXPECT_FALSE(s.abierta(u"MainTarvo"_s)) << "replaced by the timetable";
   s.pasar(1);
   EXPECT_EQ(pieza<QLabel>(c, u"reloj"_s)->text(), u"22:00:01");
   EXPECT_EQ(pieza<QLabel>(c, u"lblFaltan"_s)->text(), u"faltan 00:04:59");
@@ -105,7 +105,7 @@ TEST(Horarios, AplicarPideProcesoYCancelarDevuelveLaLinea) {
             u"99:99;Sí,no,Sí,Sí,Sí,Sí,Sí;bien\r\n@INICIO BATCH\r\nN:a\r\n@FINAL BATCH\r\n"_s);
   Ventana* e = s.editar(u"T.CRO"_s);
   auto* lista = pieza<Parrilla>(e, u"ListaBat"_s);
-  EXPECT_EQ(lista->texto(0, u"hora"), u"00:00:00") << "what can't be read is mended";
+  EXPECT_EQ(lista->texto(0, u"hora"), u"00:00:00") << "an invalid hour is corrected";
   EXPECT_EQ(lista->texto(0, u"proceso"), u"BIEN");
   auto* dia = pieza<QCheckBox>(e, u"dia_1"_s);
   QTest::keyClick(dia, Qt::Key_Space);
@@ -118,9 +118,9 @@ TEST(Horarios, AplicarPideProcesoYCancelarDevuelveLaLinea) {
   QTest::keyClick(dia, Qt::Key_Space);
   QTest::mouseClick(pieza<QPushButton>(e, u"Aplicar"_s), Qt::LeftButton);
   EXPECT_EQ(e->tira().texto(), u"Elija el proceso de la línea.");
-  EXPECT_FALSE(lista->isEnabled()) << "the line stays open";
+  EXPECT_FALSE(lista->isEnabled()) << "the line is still being changed";
   QTest::keyClick(dia, Qt::Key_Escape);
-  EXPECT_TRUE(s.abierta(u"EdiCron"_s)) << "Escape gives up the line, not the window";
+  EXPECT_TRUE(s.abierta(u"EdiCron"_s)) << "Escape cancels the line, not the window";
 
   QTest::keyClick(lista->vista(), Qt::Key_Insert);
   pieza<QAction>(e, u"guardar"_s)->trigger();
@@ -164,7 +164,7 @@ TEST(Horarios, LaHoraEsLaQueSeEscribe) {
     QTest::keyClicks(hora, texto);
   };
   escribir(u"25:00"_s);
-  EXPECT_EQ(hora->text(), u"25:00") << "no key is dropped";
+  EXPECT_EQ(hora->text(), u"25:00") << "every key is accepted";
   cuandoHayaCaja([](QWidget& caja) {
     QTest::keyClick(caja.findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
   });

@@ -35,7 +35,7 @@ struct Visor : MesaDeProcesos {
 TEST(VeoLog, SigueElFicheroSinMoverAQuienLee) {
   Visor s;
   ventanas::Ventana* v = s.ver();
-  EXPECT_FALSE(s.lineas->isVisible()) << "an empty one says so";
+  EXPECT_FALSE(s.lineas->isVisible()) << "an empty file shows a hint instead";
   s.escribir(u"uno\r\ndo"_s);
   s.pasar(1);
   EXPECT_EQ(s.linea(1), u"do");

@@ -88,7 +88,7 @@ TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   EXPECT_EQ(control<QLabel>(u"LblProblema"_s)->text(),
             u"Tarea 002: Una trama VEK no ha tenido respuesta ACK");
   EXPECT_TRUE(control<QLabel>(u"LblSesion"_s)->text().startsWith(u"La sesión no se abre"))
-      << "why its menu is dark";
+      << "the reason why its menu is disabled";
   EXPECT_FALSE(accion(u"RunP"_s)->isEnabled());
   QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);  // manual mode
   pasar(150);
@@ -215,7 +215,7 @@ TEST_F(Gestcomm, RetenerSoltarYPararEnManual) {
   EXPECT_EQ(v->tira().texto(),
             u"La tarea está «Retenido por el usuario»: así no se le puede hacer eso.");
   QTest::keyClick(v, Qt::Key_F6);
-  EXPECT_FALSE(v->tira().isVisible()) << "it was about another command";
+  EXPECT_FALSE(v->tira().isVisible()) << "it referred to another command";
   pasar(500);
   EXPECT_GT(oidas(1).size(), parada);
   QTest::keyClick(v, Qt::Key_F8);

@@ -103,7 +103,7 @@ TEST(VentanaImpPLU, ConLineasMalasYDeshecha) {
   EXPECT_TRUE(v->tira().texto().contains(m.textos(4629)));
   tecla(Qt::Key_Return);
   EXPECT_EQ(rotulo(v, u"mensaje"), u"Seleccione (DbClick) un fichero de la lista"_s);
-  EXPECT_EQ(malas.filas(), 2) << "they stay until another file is taken";
+  EXPECT_EQ(malas.filas(), 2) << "kept until another file is chosen";
   m.aceptar();
   boton(v, u"deshacer").setFocus();
   tecla(Qt::Key_Return);
@@ -159,7 +159,7 @@ TEST(VentanaMainTvc, AUnaSeccionConPrefijos) {
   tecla(Qt::Key_Return);
   EXPECT_EQ(rotulo(v, u"Panel"), u"Puede iniciar el proceso"_s);
   tecla(Qt::Key_Return);
-  EXPECT_EQ(QApplication::focusWidget(), v->findChild<QLineEdit*>(u"Secc"_s)) << "0 is no section";
+  EXPECT_EQ(QApplication::focusWidget(), v->findChild<QLineEdit*>(u"Secc"_s)) << "0 is invalid";
   v->findChild<QLineEdit*>(u"Secc"_s)->setText(u"003"_s);
   boton(v, u"inicioproceso").click();
   ASSERT_TRUE(esperar([&] { return rotulo(v, u"Panel") == u"Proceso Terminado correctamente"_s; }));
@@ -239,7 +239,7 @@ TEST(VentanaImpTabla, LaPersonaCambiaLasColumnas) {
   tecla(Qt::Key_Return);
   ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"2."); }));
   boton(v, u"siguiente").click();
-  EXPECT_EQ(v->tira().texto(), m.textos(4766)) << "no column is the code";
+  EXPECT_EQ(v->tira().texto(), m.textos(4766)) << "no column is assigned to the code";
   v->findChild<QAbstractButton*>(u"conTitulos"_s)->click();  // none is recognised
   const auto elegir = [&](const QString& columna, const QString& campo) {
     auto* caja = v->findChild<QComboBox*>(columna);
@@ -326,7 +326,7 @@ TEST(VentanaImpTabla, UnaHojaRotaSeDice) {
   tecla(Qt::Key_Down);
   tecla(Qt::Key_Return);
   ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"2."); }));
-  EXPECT_FALSE(v->tira().isVisible()) << "that was another file";
+  EXPECT_FALSE(v->tira().isVisible()) << "it referred to another file";
   EXPECT_TRUE(rotulo(v, u"como").endsWith(u"«;», 1 fila.")) << rotulo(v, u"como").toStdString();
 }
 
@@ -348,7 +348,7 @@ TEST(VentanasImportar, LaCarpetaSeRecuerda) {
   EXPECT_TRUE(v->descargar());
   EXPECT_EQ(rotulo(m.abrir(u"MainTvc"_s), u"carpeta"), m.ruta(u"otra"_s));
   QDir(m.ruta(u"otra"_s)).removeRecursively();
-  EXPECT_EQ(rotulo(m.abrir(u"ImpTabla"_s), u"carpeta"), m.carpeta.path()) << "that one is gone";
+  EXPECT_EQ(rotulo(m.abrir(u"ImpTabla"_s), u"carpeta"), m.carpeta.path()) << "the last one is gone";
 }
 
 }  // namespace

@@ -105,13 +105,13 @@ TEST(Edicion, LoRechazadoSigueAbierto) {
   h.tecla(Qt::Key_Return);
   EXPECT_EQ(h.campo(), nullptr);
   EXPECT_EQ(h.p.valor(1, u"IMPORTE").entero(), 300);
-  EXPECT_EQ(h.dicho, u"") << "settled by what was written";
+  EXPECT_EQ(h.dicho, u"") << "resolved by the value written";
   h.tecla(Qt::Key_F2);
   h.escribir(u"0,13"_s);
   h.tecla(Qt::Key_Return);
   EXPECT_EQ(h.dicho, u"No vale");
   h.tecla(Qt::Key_Escape);
-  EXPECT_EQ(h.dicho, u"") << "settled by giving it up";
+  EXPECT_EQ(h.dicho, u"") << "resolved by giving it up";
 }
 
 TEST(Edicion, ElTabuladorSigueYLasHojasSeEscribenSinAbrir) {
@@ -136,7 +136,7 @@ TEST(Edicion, ElTabuladorSigueYLasHojasSeEscribenSinAbrir) {
   EXPECT_EQ(h.p.valor(4, u"IMPORTE").entero(), 125);
   EXPECT_EQ(h.escrita, 4);
   h.tecla(Qt::Key_Return);
-  EXPECT_EQ(h.activadas, 1) << "Enter opens nothing here";
+  EXPECT_EQ(h.activadas, 1) << "Enter emits no activation here";
 }
 
 }  // namespace tarvo::prueba

@@ -89,7 +89,7 @@ struct ConFicha : testing::Test {
     linea->selectAll();
     QTest::keyClick(linea, Qt::Key_Delete);
     QTest::keyClicks(linea, texto);
-    EXPECT_EQ(linea->text(), texto) << "no key is dropped";
+    EXPECT_EQ(linea->text(), texto) << "every key is accepted";
   }
   static void pulsar(QWidget& v, const QString& boton) {
     QTest::mouseClick(v.findChild<QPushButton*>(boton), Qt::LeftButton);
@@ -179,7 +179,7 @@ TEST_F(ConFicha, LoQueNadieTocaQuedaComoEstaba) {
     ficha.moneda = 0;
     ficha.mostrar();
     EXPECT_EQ(v.findChild<QLineEdit*>(u"precio"_s)->text(), u"554");
-    EXPECT_FALSE(ficha.QueryUnload()) << "looking changes nothing";
+    EXPECT_FALSE(ficha.QueryUnload()) << "display alone is no change";
     pulsar(v, u"Acepto"_s);
   });
   EXPECT_EQ(dado, Datos());
@@ -194,10 +194,10 @@ TEST_F(ConFicha, LasFaltasSeNombranTodasYSeAplicaUnaVez) {
               u"entero de 1 a 16.");
     EXPECT_EQ(v.focusWidget()->objectName(), u"nombre");
     escribir(v, u"nombre"_s, u"Apio"_s);
-    EXPECT_TRUE(v.findChild<QLabel*>(u"faltanombre"_s)->text().isEmpty()) << "gone with a key";
+    EXPECT_TRUE(v.findChild<QLabel*>(u"faltanombre"_s)->text().isEmpty()) << "cleared by a key";
     escribir(v, u"numero"_s, u"13"_s);
     pulsar(v, u"Acepto"_s);
-    EXPECT_TRUE(v.isVisible()) << "what the engine refuses leaves the sheet as it is";
+    EXPECT_TRUE(v.isVisible()) << "the sheet stays open after a refusal";
     EXPECT_EQ(static_cast<Ventana&>(v).tira().texto(), u"El trece no.");
     EXPECT_EQ(caja([&] { QTest::keyClick(&v, Qt::Key_Escape); }, u"Cancelo"_s),
               u"¿Abandonar los cambios realizados?");
@@ -264,8 +264,8 @@ TEST(Alcance, LetrasQueNoSeRepiten) {
   QSet<QChar> usadas{u'A'};
   EXPECT_EQ(conLetra(u"A&brir"_s, usadas), u"A&brir");
   EXPECT_EQ(conLetra(u"&Abono"_s, usadas), u"Ab&ono");
-  EXPECT_EQ(conLetra(u"Ñu"_s, usadas), u"Ñ&u") << "letters of any keyboard";
-  EXPECT_EQ(conLetra(u"ab"_s, usadas), u"ab") << "none is left";
+  EXPECT_EQ(conLetra(u"Ñu"_s, usadas), u"Ñ&u") << "on every keyboard";
+  EXPECT_EQ(conLetra(u"ab"_s, usadas), u"ab") << "no letter is left";
 }
 
 // The data for assistive tools; and a press from one doesn't wait for the modal window it opens.

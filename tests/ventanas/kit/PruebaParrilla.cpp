@@ -91,7 +91,7 @@ TEST(Parrilla, InicioYFinVanALasFilasYConCtrlLasFlechasALasColumnas) {
   while (v->isColumnHidden(ultima)) --ultima;
   using Celda = std::pair<int, int>;
   tecla(Qt::Key_Right);
-  EXPECT_EQ(tecla(Qt::Key_End), Celda(4999, 1)) << "also before all are counted";
+  EXPECT_EQ(tecla(Qt::Key_End), Celda(4999, 1)) << "even before all rows are counted";
   EXPECT_EQ(l.p.filasParaActuar(), std::vector<int>{4999});
   EXPECT_EQ(tecla(Qt::Key_Home), Celda(0, 1));
   EXPECT_EQ(tecla(Qt::Key_Right, Qt::ControlModifier), Celda(0, ultima));
@@ -186,7 +186,7 @@ TEST(Parrilla, BuscaSinAcentosNiMayusculas) {
   EXPECT_EQ(l.codigo(l.p.filaActual()), 11);
   const auto* aviso = l.p.findChild<QLabel*>(u"aviso"_s);
   EXPECT_EQ(aviso->text(), u"«no hay» no está en la lista.");
-  EXPECT_TRUE(esperar([&] { return aviso->text().isEmpty(); })) << "it goes away by itself";
+  EXPECT_TRUE(esperar([&] { return aviso->text().isEmpty(); })) << "it disappears by itself";
 }
 
 TEST(Parrilla, CopiaYSumaLoQueSeVe) {
@@ -224,7 +224,7 @@ TEST(Parrilla, MuestraGrupos) {
   EXPECT_EQ(l.p.filasElegidas().size(), 1U);
   const auto mala = l.p.abrir({.desde = u"NADA"_s});
   ASSERT_FALSE(mala);
-  EXPECT_EQ(l.p.filas(), 2) << "what was shown stays when the new query fails";
+  EXPECT_EQ(l.p.filas(), 2) << "the former rows stay if the query fails";
 }
 
 TEST(Parrilla, ExportaEnRebanadasLoQueSeVe) {
@@ -298,7 +298,7 @@ TEST(Parrilla, RecuerdaLasColumnas) {
   EXPECT_NEAR(h->sectionSize(1), 333, 2);
   EXPECT_EQ(h->logicalIndex(0), 4);
   EXPECT_TRUE(h->isSectionHidden(2));
-  EXPECT_TRUE(h->isSectionHidden(6)) << "a column of data alone is never shown";
+  EXPECT_TRUE(h->isSectionHidden(6)) << "a column for data only is never shown";
   l.p.preparar(l.contexto(), u"Otra"_s, columnasArticulos());
   l.abrir();
   EXPECT_FALSE(h->isSectionHidden(2));

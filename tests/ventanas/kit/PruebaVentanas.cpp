@@ -49,7 +49,7 @@ TEST(Ventanas, UnaSolaPorNombre) {
   Muestra* v = p.abrir(u"Muestra"_s);
   EXPECT_EQ(v->windowTitle(), u"Periodos de totalización");
   EXPECT_EQ(p.abrir(u"Muestra"_s, nullptr, {{u"modo"_s, 3}}), v);
-  EXPECT_EQ(v->dados.value(u"modo"_s), 3) << "an open window is prepared anew";
+  EXPECT_EQ(v->dados.value(u"modo"_s), 3) << "an open window is prepared again";
   Muestra* otra = p.abrir(u"Muestra#12"_s);
   EXPECT_NE(otra, v);
   EXPECT_EQ(p.hechas, 2);
@@ -117,7 +117,7 @@ TEST(Ventanas, DescargaTodo) {
   p.abrir(u"Muestra"_s);
   motor->seNiega = true;
   EXPECT_TRUE(p.todas().DescargaTodo(principal));
-  EXPECT_EQ(p.todas().abiertas().size(), 4U) << "a transfer under way leaves every window alone";
+  EXPECT_EQ(p.todas().abiertas().size(), 4U) << "no window is closed during a transfer";
   motor->seNiega = false;
   EXPECT_FALSE(p.todas().DescargaTodo(principal));
   EXPECT_EQ(p.todas().abiertas().size(), 2U);
@@ -307,8 +307,8 @@ TEST(Trabajo, RebanadasAvanceYParada) {
         [&](const Resultado<Trabajo::Fin>& f) { fin = f; });
   };
   ASSERT_TRUE(empezar(-1));
-  EXPECT_FALSE(empezar(-1)) << "one at a time";
-  EXPECT_TRUE(esperar([&] { return v->trabajo().isVisible(); })) << "the window lives meanwhile";
+  EXPECT_FALSE(empezar(-1)) << "one work at a time";
+  EXPECT_TRUE(esperar([&] { return v->trabajo().isVisible(); })) << "the window responds meanwhile";
   QTest::mouseClick(v->trabajo().findChild<QPushButton*>(u"parar"_s), Qt::LeftButton);
   ASSERT_TRUE(fin);
   EXPECT_EQ(**fin, Trabajo::Fin::Parado);

@@ -31,7 +31,7 @@ struct Taller : Mesa {
 
 // A function of the window that asks, and after the answer uses the window's members.
 void usar(Muestra& v, bool respuesta) {
-  EXPECT_FALSE(respuesta) << "nobody said yes";
+  EXPECT_FALSE(respuesta) << "it wasn't answered with yes";
   v.decirDuda(v.nombre());
   v.ui.lista->irA(0);
 }
@@ -226,7 +226,7 @@ TEST(Vidas, LasFilasCambianBajoUnTrabajo) {
       ASSERT_TRUE(v.ui.lista->trabajando());
       cambio.cambiar(v);
       EXPECT_TRUE(esperar([&] { return !v.ui.lista->trabajando(); }));
-      EXPECT_TRUE(QDir(t.carpeta.path()).entryList({u"v.*"_s}).isEmpty()) << "rows of two orders";
+      EXPECT_TRUE(QDir(t.carpeta.path()).entryList({u"v.*"_s}).isEmpty()) << "it would mix orders";
     }
 }
 
@@ -239,14 +239,14 @@ TEST(Vidas, QuienSeNiegaRetieneASuDueno) {
     encima->seNiega = true;
     EXPECT_FALSE(v.descargar());
     EXPECT_TRUE(v.isVisible());
-    EXPECT_EQ(v.preguntas, 0) << "asked only when it can go";
+    EXPECT_EQ(v.preguntas, 0) << "not asked while it can't close";
     encima->seNiega = false;
     EXPECT_TRUE(encima->descargar());
   });
   t.todas().abrirModal(u"Muestra#2"_s, &v);
   v.alDescargar = [&] { return !MyMsgBox::Decide(&v, t.textos, u"¿Se va?"_s, kAceptoCancelo); };
   cuandoEsperen(1, [&] {
-    EXPECT_FALSE(v.descargar()) << "it is being asked";
+    EXPECT_FALSE(v.descargar()) << "the question is still open";
     pulsarEscape();
   });
   EXPECT_FALSE(v.descargar());

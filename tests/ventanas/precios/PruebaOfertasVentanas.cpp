@@ -46,14 +46,14 @@ TEST(VentanaOfertas, UnaOfertaParaDosGruposHastaElDomingo) {
   };
   EXPECT_EQ(m.leer(kOfertas), fila(1) + u" | "_s + fila(2));
   EXPECT_EQ(m.foco(), &m.campo(nueva, u"Entra"_s));
-  EXPECT_EQ(m.campo(nueva, u"Fecha_1"_s).text(), manana.corta()) << "the dates stay";
+  EXPECT_EQ(m.campo(nueva, u"Fecha_1"_s).text(), manana.corta()) << "the dates are kept";
   EXPECT_EQ(m.campo(nueva, u"Precio_0"_s).text(), u"");
   auto& grid = *lista->findChild<ventanas::Parrilla*>(u"Grid"_s);
   ASSERT_EQ(grid.filas(), 1);
   EXPECT_EQ(grid.texto(0, u"PRECIO_0"), u"9,95");
   m.teclear(u"1"_s);
   m.pulsar(Qt::Key_Escape);
-  ASSERT_TRUE(nueva->isVisible()) << "that one emptied the box";
+  ASSERT_TRUE(nueva->isVisible()) << "the first Escape clears the field";
   m.pulsar(Qt::Key_Escape);
   EXPECT_FALSE(nueva->isVisible());
 }
@@ -109,7 +109,7 @@ TEST(VentanaOfertas, LoQueFaltaSeDiceYNoSeGuarda) {
   EXPECT_EQ(m.leer(kOfertas), u"");
   v->findChild<QRadioButton*>(u"PorNom"_s)->click();
   m.campo(v, u"Entra"_s).setText(u"articulo 20"_s);
-  EXPECT_EQ(m.texto(v, u"Codigox"_s), u"0000020") << "the first that follows, accents ignored";
+  EXPECT_EQ(m.texto(v, u"Codigox"_s), u"0000020") << "the first from there on, ignoring accents";
 }
 
 TEST(VentanaOfertas, PreguntaAntesDeReescribir) {
@@ -163,7 +163,7 @@ TEST(VentanaOfertas, UnaFechaVaATodasYSeDeshace) {
   EXPECT_EQ(m.leer(u"select GRUPO, PRECIO_0, FECHA_INI from OFERTAS where CODIGO=10"_s),
             u"1 650 43000 | 2 650 43000");
   QTest::keyClick(m.foco(), Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(m.leer(kOfertas), antes) << "in all groups, with the days of each";
+  EXPECT_EQ(m.leer(kOfertas), antes) << "all groups, each with its dates";
 }
 
 // Undo restores prices even if the offer is no longer listed; not those changed since.

@@ -15,7 +15,7 @@ TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
   auto* v = m.abrir(u"CalcPre"_s);
   EXPECT_EQ(lista->hijos, 1);
   EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3");
-  EXPECT_EQ(m.campo(v, u"pcMarg"_s).text(), u"-40,00") << "3,00 for what costs 5,00";
+  EXPECT_EQ(m.campo(v, u"pcMarg"_s).text(), u"-40,00") << "a price of 3,00 for a cost of 5,00";
   MesaDePrecios::escribir(v, u"pcMarg"_s, u"50"_s);
   m.pulsar(Qt::Key_Tab);
   EXPECT_EQ(m.texto(v, u"PVP"_s), u"7,50");
@@ -29,7 +29,7 @@ TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
   m.boton(v, u"Salvar"_s);
   EXPECT_EQ(m.leer(u"select PRECIO_00 from PLUSES where CODPLU in (3, 4, 5, 6) order by CODPLU"_s),
             u"750 | 1200 | 1505 | 600")
-      << "15,015 is 15,02 and goes up to 15,05; article 6 wasn't walked to";
+      << "15,015 is 15,02, rounded up to 15,05; article 6 wasn't reached";
   EXPECT_EQ(m.leer(u"select min(plu) from [Cross]"_s), u"6");
   v->descargar();
   EXPECT_EQ(lista->hijos, 0);
@@ -51,11 +51,11 @@ TEST(VentanaCalculo, SinTocarNadaNoSeEscribeNada) {
   EXPECT_EQ(m.leer(u"select count(*) from [Cross]"_s), u"80");
   lista->codigo = 20;
   lista->movido();
-  EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000020  Artículo 20") << "it follows the list";
+  EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000020  Artículo 20") << "it follows the list's current row";
   MesaDePrecios::escribir(v, u"costeN"_s, u"8"_s);
   m.pulsar(Qt::Key_Escape);
   EXPECT_EQ(m.leer(u"select COSTE from PLUSES where CODPLU=20"_s), u"333")
-      << "leaving isn't saving";
+      << "closing doesn't save";
 }
 
 TEST(VentanaLote, SubeUnDepartamentoYSeDeshace) {

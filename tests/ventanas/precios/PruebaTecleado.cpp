@@ -63,7 +63,7 @@ TEST(VentanaCalculo, NoPasaDeArticuloConUnPrecioQueNoVale) {
   EXPECT_EQ(m.precio(3), u"300");
   MesaDePrecios::escribir(v, u"costeN"_s, u"abc"_s);
   m.pulsar(Qt::Key_PageDown);
-  EXPECT_EQ(m.campo(v, u"costeN"_s).text(), u"0,00") << "text counts as 0, and is seen to";
+  EXPECT_EQ(m.campo(v, u"costeN"_s).text(), u"0,00") << "text counts as 0, which is shown";
   MesaDePrecios::escribir(v, u"costeN"_s, u"4"_s);
   MesaDePrecios::escribir(v, u"pcMarg"_s, u"50"_s);
   m.boton(v, u"Salvar"_s);
@@ -79,7 +79,7 @@ TEST(VentanaRapida, EscapeNoEscribeUnPrecioAMedias) {
     EXPECT_EQ(v->tira().isVisible(), texto == u"1.5");
     m.pulsar(Qt::Key_Escape);
     ASSERT_TRUE(v->isVisible());
-    EXPECT_FALSE(v->tira().isVisible()) << "it is given up";
+    EXPECT_FALSE(v->tira().isVisible()) << "the price was given up";
     EXPECT_EQ(m.campo(v, u"precio00"_s).text(), u"3,00");
   }
   m.pulsar(Qt::Key_Escape);
@@ -126,8 +126,8 @@ TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
       m.permitir();
     m.pulsar(Qt::Key_Return);
     EXPECT_EQ(m.precio(3), u"444");
-    EXPECT_EQ(grid.filaActual(), 1) << "and goes on";
-    EXPECT_FALSE(v->tira().isVisible()) << "nothing is wrong any more";
+    EXPECT_EQ(grid.filaActual(), 1) << "it moves to the next article";
+    EXPECT_FALSE(v->tira().isVisible()) << "the fault is resolved";
   }
 }
 
@@ -174,12 +174,12 @@ TEST(VentanaRapida, EmpiezaDondeEstabaLaLista) {
   EXPECT_EQ(grid.texto(grid.filaActual(), u"CODPLU"), u"0000007");
   EXPECT_TRUE(m.texto(v, u"lbArticulo"_s).startsWith(u"0000007"));
   m.pulsar(Qt::Key_Tab);
-  EXPECT_EQ(m.enFoco(), u"precio00") << "from the list to its prices";
+  EXPECT_EQ(m.enFoco(), u"precio00") << "Tab moves from the list to its prices";
   m.campo(v, u"precio27"_s).setFocus();
   m.pulsar(Qt::Key_Tab);
   EXPECT_EQ(m.foco(), grid.campoBusca());
   m.alAbrirse([&](QWidget* w) {
-    EXPECT_EQ(w->focusWidget()->objectName(), u"opcion0_1") << "the option that holds";
+    EXPECT_EQ(w->focusWidget()->objectName(), u"opcion0_1") << "the current option";
     m.boton(w, u"Cancelo"_s);
   });
   QTest::keyClick(v, Qt::Key_F9);
@@ -215,7 +215,7 @@ TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
   MesaDePrecios::escribir(v, u"Precio_0"_s, u"1,11"_s);
   m.campo(v, u"Entra"_s).setFocus();
   m.pulsar(Qt::Key_Escape);
-  EXPECT_FALSE(v->isVisible()) << "in its empty box Escape closes";
+  EXPECT_FALSE(v->isVisible()) << "Escape in the empty field closes";
 }
 
 // A field that can't be left shows the reason beside itself and in the strip.
@@ -265,7 +265,7 @@ TEST(VentanaCalculo, EmpiezaPorElPrecioDado) {
       }
     EXPECT_EQ(marcadas.join(u' '), u"precio%1%2"_s.arg(celda.nivel).arg(celda.tarifa));
     m.campo(v, u"precio05"_s).setFocus();
-    EXPECT_TRUE(m.campo(v, u"precio05"_s).font().bold()) << "the mark goes along";
+    EXPECT_TRUE(m.campo(v, u"precio05"_s).font().bold()) << "the mark moves with the focus";
   }
 }
 

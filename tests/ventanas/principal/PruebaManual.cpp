@@ -32,7 +32,7 @@ struct Ayudada : MesaPrincipal {
     if (!manual()) return {};
     const QString dada = manual()->pagina();
     EXPECT_EQ(manual()->windowHandle()->transientParent(), foco->window()->windowHandle())
-        << "else a modal window would lock it";
+        << "a modal window would block it otherwise";
     QTest::keyClick(manual(), Qt::Key_Escape);
     EXPECT_FALSE(manual());
     return dada;
@@ -52,7 +52,7 @@ TEST(Manual, F1DesdeDondeSeEste) {
   Ayudada t;
   EXPECT_EQ(t.pagina(t.abrir(u"MainTarvo"_s)->findChild<QToolButton*>(u"Totales"_s)), u"MainTarvo");
   auto* totales = t.abrir(u"VerTot"_s);
-  EXPECT_EQ(t.pagina(totales->findChild<QComboBox*>()), u"VerTot") << "with a list to choose from";
+  EXPECT_EQ(t.pagina(totales->findChild<QComboBox*>()), u"VerTot") << "from a drop-down list";
   // One of several instances, by the name they share.
   EXPECT_EQ(t.pagina(t.abrir(u"VerCols#7"_s)), u"VerCols");
 
@@ -63,7 +63,7 @@ TEST(Manual, F1DesdeDondeSeEste) {
   QTest::keyClick(celda, Qt::Key_F2);
   auto* escribe = qobject_cast<QLineEdit*>(QApplication::focusWidget());
   ASSERT_TRUE(escribe && celda->isAncestorOf(escribe));
-  EXPECT_EQ(t.pagina(escribe), u"BrowOper") << "with a cell being written";
+  EXPECT_EQ(t.pagina(escribe), u"BrowOper") << "from a cell editor";
 }
 
 TEST(Manual, F1ConUnaListaDesplegada) {
@@ -75,7 +75,7 @@ TEST(Manual, F1ConUnaListaDesplegada) {
   QTest::keyClick(tipos->view(), Qt::Key_F1);
   ASSERT_TRUE(t.manual());
   EXPECT_EQ(t.manual()->pagina(), u"VerTot");
-  EXPECT_FALSE(QApplication::activePopupWidget()) << "it would keep the keys";
+  EXPECT_FALSE(QApplication::activePopupWidget()) << "it would receive the keys";
 }
 
 // A box belongs to a window, and F1 opens that window's page; a modal window has a page of its own,
@@ -132,7 +132,7 @@ TEST(Manual, SeBuscaYSeSiguenEnlaces) {
   EXPECT_EQ(m->pagina(), u"Manual");
   EXPECT_GT(texto->toPlainText().size(), 1000);
   QTest::keyClick(m, Qt::Key_F1);
-  EXPECT_EQ(t.manual(), m) << "its own page is the list";
+  EXPECT_EQ(t.manual(), m) << "its own page is the index";
 }
 
 }  // namespace tarvo::prueba

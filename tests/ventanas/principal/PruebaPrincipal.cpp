@@ -43,7 +43,7 @@ TEST(Principal, LaMananaTrasUnGrupoFallido) {
   t.nocheMala();
   auto* v = t.conManana();
   EXPECT_TRUE(pieza(*v, u"La noche tuvo problemas"_s));
-  EXPECT_TRUE(pieza(*v, u"1.234,56"_s)) << "the money of the night";
+  EXPECT_TRUE(pieza(*v, u"1.234,56"_s)) << "the amount of the night";
   auto* linea =
       pieza(*v, u"Fallido. 0002 PESCADERIA. No se recogió nada: No se encuentra el HOST"_s);
   ASSERT_TRUE(linea);
@@ -82,7 +82,7 @@ TEST(Principal, LaMananaSigueALaBase) {
   linea->setFocus();
   t.sql(u"UPDATE ProcesoTareas SET HECHA=1"_s);
   EXPECT_TRUE(esperar([&] { return pieza(*v, u"Bien. 0002 PESCADERIA"_s) != nullptr; }));
-  EXPECT_EQ(v->focusWidget()->objectName(), u"Linea0"_s) << "the focus keeps its place";
+  EXPECT_EQ(v->focusWidget()->objectName(), u"Linea0"_s) << "the focus stays where it is";
 }
 
 // Amounts in a column belong to one period, reasons take one line, and data missing in the machines
@@ -138,7 +138,7 @@ TEST(Principal, LasEntradasTienenLetra) {
       letras << letra;
     }
   }
-  EXPECT_LT(v->minimumSizeHint().height(), 700) << "many entries of one's own are scrolled";
+  EXPECT_LT(v->minimumSizeHint().height(), 700) << "many own entries are scrolled";
   QTest::keyClick(v, Qt::Key_T, Qt::AltModifier);
   EXPECT_TRUE(esperar([&] { return t.suplente(u"VerTot"_s) != nullptr; }));
 }
@@ -265,7 +265,7 @@ TEST(Principal, NoSeCierraMientrasTransfiere) {
   t.suplente(u"gestcomm"_s)->seNiega = false;
   QEvent deVuelta(QEvent::ActivationChange);
   QApplication::sendEvent(v, &deVuelta);
-  EXPECT_FALSE(v->tira().isVisible()) << "nothing is under way any more";
+  EXPECT_FALSE(v->tira().isVisible()) << "the transfer has ended";
   t.todas().abrir(u"Cronos"_s);
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
@@ -336,7 +336,7 @@ TEST(Principal, EsperaALasCapturas) {
   auto* segunda = static_cast<Receptora*>(t.todas().abrir(u"OnLine#0002"_s));
   QTimer::singleShot(20, v, [&] {
     EXPECT_FALSE(t.todas().cargada(u"OnLine#0001"_s));
-    EXPECT_TRUE(t.suplente(u"VerTot"_s)) << "nothing else goes before them";
+    EXPECT_TRUE(t.suplente(u"VerTot"_s)) << "they are closed first";
     QTest::keyClick(v, Qt::Key_Escape);  // an impatient user
     EXPECT_EQ(segunda->pedidas, 1);
   });

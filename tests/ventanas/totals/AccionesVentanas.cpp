@@ -47,7 +47,7 @@ TEST(VentanaAcciones, VaciaBorraYDeshaceLosDos) {
   EXPECT_TRUE(t.textoModal.startsWith(u"ATENCIÓN: Vaciará 1 periodos de totalización"))
       << t.textoModal.toStdString();
   EXPECT_TRUE(esperar([&] { return v->tira().texto() == u"1 periodo vaciado"; }));
-  EXPECT_EQ(t.grid->filas(), 1) << "the period itself stays";
+  EXPECT_EQ(t.grid->filas(), 1) << "the period itself is kept";
   EXPECT_EQ(t.cuenta(u"TOTGRT"_s), 0);
   t.aceptarY(Qt::Key_Delete);
   ASSERT_TRUE(esperar([&] { return t.grid->filas() == 0; }));

@@ -95,7 +95,7 @@ TEST(VentanaPeriodos, SumaDosDiasEnUnoNuevo) {
   EXPECT_EQ(t.leer(u"select DESCR, stkABLE from COLUMNA where LINK=3"_s), u"Dos dias 0");
   EXPECT_EQ(t.leer(u"select sum([IMP]) from TOTPLU where LINK=3"_s), u"279000");
   EXPECT_EQ(v->tira().texto(), u"2 periodos sumados");
-  ASSERT_TRUE(esperar([v] { return v->isActiveWindow(); })) << "keys go to the active one";
+  ASSERT_TRUE(esperar([v] { return v->isActiveWindow(); })) << "it must receive the keys";
   QTest::keyClick(grid.vista(), Qt::Key_Z, Qt::ControlModifier);
   EXPECT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 2; }));
   EXPECT_EQ(t.cuenta(u"TOTPLU where LINK=3"_s), 0);
@@ -122,7 +122,7 @@ TEST(VentanaPeriodos, DiceLoQueUnaSumaContariaDosVeces) {
   EXPECT_EQ(dicho,
             u"ATENCIÓN: se contarán dos veces las ventas que tienen en común:\n4 junio 2018 "
             u"(DIARIO) y Semana 4 06 18 (SEMANAL)");
-  EXPECT_EQ(t.cuenta(u"Sumados"_s), 0) << "Return is no";
+  EXPECT_EQ(t.cuenta(u"Sumados"_s), 0) << "Return means no";
 }
 
 TEST(VentanaPeriodos, AcumulaYAvisaDeLoRepetido) {
@@ -185,7 +185,7 @@ TEST(VentanaPeriodos, UnFicheroMaloSeDiceConSuLinea) {
     return i->findChild<QLabel*>(u"mensaje"_s)->text() ==
            u"Seleccione (DbClick) un fichero de la lista";
   }));
-  EXPECT_EQ(i->tira().texto(), QString()) << "it was about the other file";
+  EXPECT_EQ(i->tira().texto(), QString()) << "it referred to the other file";
 }
 
 TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
@@ -212,11 +212,11 @@ TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
     campo(u"txImp")->setText(malo);
     QTest::keyClick(campo(u"txImp"), Qt::Key_Return);
     EXPECT_TRUE(v->tira().texto().startsWith(u"Eso no es un número"_s)) << malo.toStdString();
-    EXPECT_EQ(campo(u"txImp")->text(), malo) << "nothing is added as zero";
+    EXPECT_EQ(campo(u"txImp")->text(), malo) << "it isn't added as zero";
   }
   campo(u"txImp")->setText(u"12,34"_s);
   QTest::keyClick(campo(u"txImp"), Qt::Key_Return);
-  ASSERT_TRUE(v->isVisible()) << "Return adds here";
+  ASSERT_TRUE(v->isVisible()) << "Return only adds here";
   t.responder(u"Cancelo"_s);
   QTest::keyClick(v, Qt::Key_Escape);
   ASSERT_TRUE(v->isVisible());
@@ -245,7 +245,7 @@ TEST(VentanaPeriodos, SalvarTomaLoEscritoAMano) {
   campo(u"txImp")->setText(u"1,75"_s);
   t.responder(u"Cancelo"_s);
   QTest::keyClick(v, Qt::Key_Escape);
-  ASSERT_TRUE(v->isVisible()) << "it asks before they are lost";
+  ASSERT_TRUE(v->isVisible()) << "it asks before discarding them";
   QTest::mouseClick(v->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);
   EXPECT_EQ(t.leer(u"select CON, [IMP] from TOTGRT"_s), u"1 175");
 }
@@ -323,7 +323,7 @@ TEST(VentanaPeriodos, LaFechaSeEscogeEnUnCalendario) {
     QTest::keyClick(mes->focusWidget(), Qt::Key_Return);
     EXPECT_EQ(fecha->text(), QString::fromLatin1(c.escogida));
     EXPECT_TRUE(v->findChild<QLabel*>(u"limites"_s)->text().contains(fecha->text().left(10)));
-    EXPECT_TRUE(v->isVisible()) << "that Return was the calendar's";
+    EXPECT_TRUE(v->isVisible()) << "that Return only closes the calendar";
     t.responder(u"Acepto"_s);  // abandons it
     v->descargar();
   }

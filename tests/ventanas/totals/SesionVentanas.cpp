@@ -84,7 +84,7 @@ TEST(VentanaSesion, UnaRondaEsUnPeriodo) {
     ASSERT_EQ(motor.propuestos().size(), static_cast<size_t>(c.periodos)) << c.hasta;
     if (c.periodos > 1) continue;
     const Periodo& p = motor.propuestos()[0].periodo;
-    EXPECT_EQ(p.hasta, momento(c.hasta)) << "it holds both";
+    EXPECT_EQ(p.hasta, momento(c.hasta)) << "it contains both";
     EXPECT_EQ(p.desde, std::min(momento(c.desde), momento("03/06/2018 21:00:00")));
   }
 }
@@ -153,7 +153,7 @@ TEST(VentanaSesion, OlvidaYRecupera) {
   auto* v = t.abrir(u"CerrSes"_s);
   t.alAbrirse([](QWidget* w) { QTest::keyClick(w->focusWidget(), Qt::Key_Return); });
   QTest::mouseClick(v->findChild<QPushButton*>(u"Olvidar"_s), Qt::LeftButton);
-  EXPECT_EQ(t.sesion.estado(), 2) << "Return forgets nothing";
+  EXPECT_EQ(t.sesion.estado(), 2) << "Return doesn't forget it";
   t.responder(u"Acepto"_s);
   QTest::mouseClick(v->findChild<QPushButton*>(u"Olvidar"_s), Qt::LeftButton);
   EXPECT_TRUE(t.textoModal.startsWith(u"Los datos recibidos serán DEFINITIVAMENTE olvidados"));
