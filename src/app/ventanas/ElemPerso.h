@@ -30,7 +30,7 @@ class ElemPerso final : public ventanas::FichaDe<Elemento> {
   ventanas::Campo* titulo_;
   QListWidget *lista_, *procesos_, *diferidos_;
   QPushButton *subir_, *bajar_;
-  std::vector<Personal> otros_;  // without the one that is edited
+  std::vector<Personal> otros_;  // without the one being edited
 };
 
 }  // namespace tarvo::app

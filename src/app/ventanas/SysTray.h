@@ -1,5 +1,4 @@
-// The icon in the system tray. On a desktop without a tray it shows nothing, and its functions have
-// no effect.
+// The icon in the system tray. On a desktop without a tray it shows nothing, which is no error.
 #pragma once
 
 #include <QIcon>

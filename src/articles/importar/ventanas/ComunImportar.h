@@ -20,8 +20,8 @@ bool seguroDeCerrar(ventanas::Ventana& ventana, int texto);
 class Deshacedor {
  public:
   using AlDeshacer = std::function<Resultado<>(qint64 lote)>;
-  // `alCambiar` is called at the beginning and at the end of the work. `alDeshacer` undoes whatever
-  // else belongs to a batch, after the batch has been undone completely.
+  // `alCambiar` is called at the beginning and at the end of the work. `alDeshacer` undoes
+  // everything else belongs to a batch, after the batch has been undone completely.
   Deshacedor(
       ventanas::Ventana& ventana, articles::Lotes& lotes, std::function<void()> alCambiar,
       AlDeshacer alDeshacer = [](qint64) { return Resultado<>(); })

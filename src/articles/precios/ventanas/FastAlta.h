@@ -1,5 +1,5 @@
 // FastAlta: fast entry of articles, one after another; each field is cleared, kept or fixed, as
-// configured. The list of articles is refreshed when the window is closed.
+// configured. It keeps the list of articles up to date.
 #pragma once
 
 #include "articles/precios/AltaRapida.h"

@@ -1,5 +1,5 @@
 // FastModf: fast change. The articles of a section in a grid with configurable columns, and all
-// prices of the current one. The list of articles is refreshed.
+// prices of the current one. It keeps the list of articles up to date.
 #pragma once
 
 #include "articles/Catalogo.h"

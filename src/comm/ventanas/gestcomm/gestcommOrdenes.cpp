@@ -134,7 +134,7 @@ void gestcommVentana::diagnosticar() {
     static_cast<void>(preguntar(PuertaDiagnostico{.tarea = id}));
 }
 
-// Opens the one of the selected task's group.
+// Opens the state of the articles for the selected task's group.
 void gestcommVentana::verEstado() {
   PuertaEstadoEnvio puerta;
   if (const int fila = ui_.s_espe->filaActual(); fila >= 0)
