@@ -53,7 +53,7 @@ Resultado<> CerrSesVentana::entrar(const PuertaCerrSes&) {
   return analizar();
 }
 
-// What waits in the tray. A session that says it holds data and holds none is closed.
+// Reads the contents of the inbox. A session that claims to hold data but holds none is closed.
 Resultado<> CerrSesVentana::analizar() {
   avisos_.clear();
   if (s_.estado() == 2) {
@@ -99,7 +99,7 @@ void CerrSesVentana::pintarPeriodo() {
   ui_.faltan->setHidden(ui_.faltan->text().isEmpty());
 }
 
-// Their sales won't be in the period.
+// Names the groups whose sales won't be in the period.
 QString CerrSesVentana::textoFaltan(const std::vector<int>& grupos) {
   QStringList nombres;
   for (const int g : grupos) {
@@ -117,11 +117,12 @@ QStringList CerrSesVentana::graves() const {
   QStringList textos;
   for (const Aviso& a : avisos_)
     if (a.grave) textos << a.texto;
-  textos.removeDuplicates();  // the inbox is looked through twice
+  textos.removeDuplicates();  // the inbox is analysed twice
   return textos;
 }
 
-// What came since it was last shown isn't memorised before it has been seen.
+// If readings have arrived since the window was last painted, shows them and returns false: nothing
+// is memorised unseen.
 bool CerrSesVentana::siguenSiendoLosMismos() {
   const auto claves = [this] {
     std::set<std::pair<int, int>> c;

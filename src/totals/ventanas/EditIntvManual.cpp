@@ -1,4 +1,4 @@
-// Totals keyed in by hand, and the form's own set-up.
+// Totals keyed in by hand, and the set-up of the form.
 #include <QLocale>
 
 #include "core/dinero/Dinero.h"
@@ -17,7 +17,7 @@ using ventanas::Clase;
 
 namespace {
 
-constexpr qint64 kMayorNumero = 999'999'999'999;  // above it sums of many could overflow
+constexpr qint64 kMayorNumero = 999'999'999'999;  // above it, sums of many could overflow
 
 }  // namespace
 
@@ -63,7 +63,7 @@ void EditIntvVentana::montar() {
   connect(ui_.Quitar, &QPushButton::clicked, this, &EditIntvVentana::quitar);
 }
 
-// Only what names a row of this kind is asked for.
+// Shows only the fields that identify a row of this kind.
 void EditIntvVentana::claseCambiada() {
   const int clase = ui_.TpoTot->currentData().toInt();
   const bool plu = clase == kPLUs, oper = clase == kOperadores || clase == kOperHora,
@@ -97,8 +97,8 @@ std::optional<EntradaManual> EditIntvVentana::faltaEntrada(int texto, QWidget& c
   return std::nullopt;
 }
 
-// The code, and the hour where the kind has one; nothing after the sentence that says what is
-// missing.
+// The code; also sets the hour if the kind has one. Nothing if either is missing, which has then
+// been reported.
 std::optional<qint64> EditIntvVentana::leerCodigo(EntradaManual& e) {
   const auto falta = [this](int texto, QWidget& control) -> std::optional<qint64> {
     faltaEntrada(texto, control);
@@ -144,8 +144,8 @@ std::optional<EntradaManual> EditIntvVentana::leerEntrada() {
   return e;
 }
 
-// The four numbers with their sign, an empty field as zero; nothing, and the field marked, for one
-// that is none.
+// The four numbers with their sign, an empty field as zero. Nothing if one of them isn't valid; its
+// field is then marked.
 std::optional<Contadores> EditIntvVentana::leerNumeros() {
   const int signo = ui_.AcumTot->isChecked() ? 1 : -1, moneda = contexto().ajustes.MonedaNativa;
   const auto importe = [&](const QString& texto) {

@@ -1,5 +1,5 @@
-// One period, new or changed, and totals keyed in by hand: EditIntv. What
-// is keyed waits in a list and goes in with the period, in one transaction.
+// EditIntv: a period, new or changed, and totals keyed in by hand. These are kept in a list and
+// saved with the period, in one transaction.
 #pragma once
 
 #include "core/ventanas/edicion/Ficha.h"
@@ -9,7 +9,7 @@
 
 namespace tarvo::totals {
 
-// The period as it is written, and what is keyed in for it.
+// The period as edited, and the totals keyed in for it.
 struct PeriodoEditado {
   int tipo = kDiario;
   Fecha desde, hasta;
@@ -46,8 +46,8 @@ class EditIntvVentana final : public ventanas::FichaDe<PeriodoEditado> {
   std::optional<EntradaManual> leerEntrada();
   std::optional<Contadores> leerNumeros();
   std::optional<qint64> leerCodigo(EntradaManual& e);
-  bool anadir();            // false, and it has been said, when it isn't in the list
-  bool hayEscrito() const;  // numbers that were not added yet
+  bool anadir();            // false if it isn't added; that has been reported
+  bool hayEscrito() const;  // numbers that aren't added yet
   void quitar();
   void pintarEntradas();
   std::optional<EntradaManual> faltaEntrada(int texto, QWidget& control);

@@ -100,7 +100,7 @@ void ImpTotVentana::ponerEstado(int estado) {
     for (QLabel* l : {ui_.LbCom, ui_.LbFecha, ui_.LbTipo, ui_.existe, ui_.Conta}) l->clear();
     fichero_.reset();
     bloque_.reset();
-    tira().quitar();  // it was about another file
+    tira().quitar();  // it referred to another file
     ui_.LstFich->setFocus();
   } else if (estado == kListo) {
     ui_.Haz->setFocus();
@@ -136,7 +136,7 @@ void ImpTotVentana::mostrarBloque() {
   ui_.existe->setText(t(bloque_->existente ? kTxEsePeriodoExiste : kTxEsePeriodoEsNuevo));
 }
 
-// One block, and the header after it.
+// Imports one block and reads the header of the next. True if there is a next one.
 Resultado<bool> ImpTotVentana::incorporarUno() {
   TARVO_TOMAR(const auto hecho,
               fichero_->incorporar(ui_.BorrPrevio->isChecked() ? SiExiste::Borrarlo

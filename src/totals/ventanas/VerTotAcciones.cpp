@@ -1,4 +1,4 @@
-// What is done with the periods chosen: questions, steps, what was done, and how to take it back.
+// The actions on the selected periods: questions, steps, results, and how to undo them.
 #include <QMenu>
 #include <QToolButton>
 
@@ -46,7 +46,7 @@ void VerTotVentana::montarMenus() {
     QToolBar* barra = a == ui_.VerCosa ? ui_.barra : ui_.barra2;
     auto* b = qobject_cast<QToolButton*>(barra->widgetForAction(a));
     if (b) b->setPopupMode(QToolButton::InstantPopup);
-    // The key opens the menu under its button.
+    // The shortcut opens the menu below its button.
     connect(a, &QAction::triggered, this, [this, a, b] {
       a->menu()->popup(b && b->isVisible() ? b->mapToGlobal(QPoint(0, b->height()))
                                            : ui_.Grid->mapToGlobal(QPoint(0, 0)));
@@ -103,7 +103,7 @@ void VerTotVentana::montarAcciones() {
   mostrarDeshacer();
 }
 
-// The rows chosen, else the one in hand, which is chosen first.
+// The selected rows; if there are none, the current row, which gets selected.
 std::vector<qint64> VerTotVentana::elegidos() {
   std::vector<qint64> links;
   for (const int fila : ui_.Grid->filasParaActuar()) links.push_back(ui_.Grid->clave(fila));
@@ -155,8 +155,7 @@ void VerTotVentana::decirCuentas(int textoBien, int textoMal, Cuentas cuentas) {
   if (cuentas.bien > 0) decirBien(t(textoBien, cuentas.bien));
 }
 
-// --- taking back
-// -----------------------------------------------------------------------------------
+// --- undo
 
 void VerTotVentana::ponerDeshacer(Deshecho deshecho) {
   deshechos_.push_back(std::move(deshecho));
@@ -174,8 +173,8 @@ void VerTotVentana::deshacerUltimo() {
   if (deshechos_.empty() || trabajando_) return;
   const Deshecho ultimo = deshechos_.back();
   const auto hecho = ultimo.hacer();
-  // What is gone stays gone; the one before it can still be taken back. Anything else may be tried
-  // again.
+  // If the periods no longer exist, the step is dropped, so that the one before it can still be
+  // undone. After any other failure it may be tried again.
   if (hecho || hecho.error().clase == Fallo::NoExiste) deshechos_.pop_back();
   if (hecho) refrescar();
   mostrarDeshacer();
@@ -186,8 +185,7 @@ void VerTotVentana::deshacerUltimo() {
   if (haIdoBien(hecho)) decirBien(t(kTxDeshecho).arg(ultimo.que));
 }
 
-// --- deleting
-// --------------------------------------------------------------------------------------
+// --- deletion
 
 void VerTotVentana::borrar(bool soloFilas) {
   const auto links = elegidos();
@@ -222,8 +220,7 @@ void VerTotVentana::borrar(bool soloFilas) {
       });
 }
 
-// --- adding up
-// -------------------------------------------------------------------------------------
+// --- sums
 
 Resultado<bool> VerTotVentana::acumularUno(qint64 link, int tipo) {
   TARVO_TOMAR(const auto c, p_.columna(link));
@@ -295,7 +292,6 @@ void VerTotVentana::sumarEn(const std::vector<qint64>& links, bool nuevo) {
 }
 
 // --- stock
-// -----------------------------------------------------------------------------------------
 
 void VerTotVentana::descontar(bool deshacer) {
   const auto links = elegidos();
@@ -324,7 +320,7 @@ void VerTotVentana::descontar(bool deshacer) {
       });
 }
 
-// Periods that were deleted or replaced meanwhile are passed over; NoExiste when all were.
+// Skips periods deleted or replaced meanwhile; NoExiste if all were.
 Resultado<> VerTotVentana::desdescontar(const std::vector<qint64>& links, int veces) {
   TARVO_TOMAR(const auto cuantos, p_.DescontarVarios(links, veces));
   if (cuantos == 0) return fallo(Fallo::NoExiste, t(kTxYaNoEstan));
@@ -336,14 +332,13 @@ Resultado<bool> VerTotVentana::descontarUno(qint64 link, bool deshacer,
   TARVO_TOMAR(const auto c, p_.columna(link));
   if (!c) return false;
   if (!c->stkABLE && !preguntar(PuertaNoStkBle())) return false;
-  if (!deshacer && c->stkADO >= 1) return false;  // its sales are out of the stock already
+  if (!deshacer && c->stkADO >= 1) return false;  // its sales are already deducted from stock
   const auto hecho = p_.DescontarPeriodo(*c, deshacer ? -1 : 1);
   if (hecho && *hecho) hechos.push_back(link);
   return hecho;
 }
 
 // --- other windows
-// ---------------------------------------------------------------------------------
 
 void VerTotVentana::editar(bool nuevo) {
   const int fila = ui_.Grid->filaActual();

@@ -1,5 +1,5 @@
-// The list of periods and all that is done with them: VerTot. Until it closes, what was deleted or
-// emptied here can be brought back, the last one first.
+// VerTot: the list of periods and all operations on them. Until the window is closed, periods
+// deleted or emptied here can be restored, the last one first.
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"
@@ -27,7 +27,7 @@ class VerTotVentana final : public ventanas::Ventana {
   struct Deshecho {
     QString que;
     std::function<Resultado<>()> hacer;
-    std::vector<qint64> vuelven = {};  // periods that are chosen when it is done
+    std::vector<qint64> vuelven = {};  // periods to be selected afterwards
   };
   struct Cuentas {
     int bien = 0, mal = 0;
@@ -46,7 +46,8 @@ class VerTotVentana final : public ventanas::Ventana {
 
   std::vector<qint64> elegidos();
   std::optional<Resumen> resumenDe(const std::vector<qint64>& links);
-  // One step a period, with progress; `alFinal` gets how many went well and how many did not.
+  // Runs one step per period, with progress; `alFinal` receives the numbers of successes and
+  // failures.
   void porPasos(const QString& que, std::vector<qint64> links, Pasos paso,
                 std::function<void(Cuentas)> alFinal);
   void ocupar(bool si);
@@ -75,9 +76,9 @@ class VerTotVentana final : public ventanas::Ventana {
   VerTot motor_;
   Papelera papelera_;
   QMenu *mnuAcu_ = nullptr, *mnDesAcu_ = nullptr, *mnuVer_ = nullptr;
-  int tipo_ = 0;  // the kind in view, 0 all
+  int tipo_ = 0;  // the kind shown, 0 for all
   bool trabajando_ = false;
-  qint64 cambios_ = 0;  // of the database when the list was read
+  qint64 cambios_ = 0;  // the database's change count when the list was read
   std::vector<Deshecho> deshechos_;
   QToolButton* botonDeshacer_ = nullptr;
   std::unique_ptr<Temporizador> lado_;

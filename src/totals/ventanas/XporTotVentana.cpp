@@ -77,7 +77,7 @@ QString XporTotVentana::textoCuentas(qint64 link) {
   qint64 total = 0;
   for (const auto& [clase, cuantas] : n) total += cuantas;
   QString texto = t(kTxSeExportaran);
-  // In the order of the sentence.
+  // In the order of the placeholders in the sentence.
   const std::array<qint64, 5> orden{n[kPLUs], n[kGranTotal], n[kDepartamentos], n[kOperadores],
                                     n[kHorario] + n[kOperHora]};
   for (size_t i = 0; i < orden.size(); ++i)
@@ -93,7 +93,7 @@ void XporTotVentana::ocupar(bool si) {
   if (!si) ui_.TodosOK->setEnabled(cola_.size() > 1);
 }
 
-// One block in one go: it is in the file whole or not at all.
+// Exports one block, which is written to the file whole or not at all. True if there are more.
 Resultado<bool> XporTotVentana::exportarUno() {
   if (cola_.empty()) return false;
   const OpcionesExport como{ui_.fmtTVC->isChecked(), ui_.borrar->isChecked()};
@@ -136,7 +136,7 @@ void XporTotVentana::acabar(const Resultado<Trabajo::Fin>& fin) {
   ui_.Cancelar->setFocus();
 }
 
-// While it writes: holds it. Else: leaves this period out, and closes after the last.
+// Stops the export if it is running; otherwise skips this period, and closes after the last.
 void XporTotVentana::saltar() {
   if (trabajo().enMarcha()) return trabajo().parar();
   if (!cola_.empty()) cola_.erase(cola_.begin());
