@@ -23,6 +23,7 @@
 #include "core/ventanas/edicion/Campo.h"
 #include "core/ventanas/edicion/Formulario.h"
 #include "core/ventanas/edicion/Opciones.h"
+#include "core/ventanas/edicion/Renglon.h"
 #include "core/ventanas/marco/Ventanas.h"
 
 class QCheckBox;
@@ -96,6 +97,9 @@ class Ficha : public Ventana {
   Campo& enlazarCampo(QListWidget& lista, int& fila);     // its current row, -1 for none
   Campo& enlazarTexto(QComboBox& lista, QString& donde);  // by its words; "" for none chosen
   Campo& anadir(Campo* campo);
+  // Takes a field out of those of the sheet: it is one of what is added to a list of it, line by
+  // line.
+  void apartar(Campo& campo, Renglon& renglon);
 
   // --- what a sheet is asked
   // Faults that no field sees by itself: a name that is taken, an end before its beginning. Also

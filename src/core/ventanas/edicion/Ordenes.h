@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QToolBar>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "core/ventanas/marco/Ventana.h"
@@ -61,12 +62,23 @@ class Ordenes final : public QObject {
 // stops it, and no command can be given meanwhile. What is done when it stops stays done: the
 // window says where that was.
 struct Faena {
+  struct Fin {
+    qint64 hechos = 0;
+    bool parado = false;
+    std::optional<Error> error = {};
+  };
+
   QString que;
-  qint64 total = 0;
+  qint64 total = 0;  // of steps, or of what `hasta` counts
   // Does number `i`, from 0 on. An error ends the work, and is said.
   std::function<Resultado<>(qint64 i)> paso;
-  // At the end, also of one that stopped or failed: how many were done.
-  std::function<void(qint64 hechos)> acabar = {};
+  // At the end, also of one that stopped or failed.
+  std::function<void(const Fin& fin)> acabar = {};
+  std::function<QString()> parado = {};  // the words where it stops; empty for the number done
+  QWidgetList quietos = {};              // controls that are disabled meanwhile
+  // For steps whose number nobody knows: how far it is, and whether there is more to do.
+  std::function<qint64()> hasta = {};
+  std::function<bool()> sigue = {};
 };
 // False, and nothing is begun, while other work is under way.
 bool trabajar(Ventana& ventana, Ordenes* ordenes, Faena faena);
