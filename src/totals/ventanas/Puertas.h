@@ -7,6 +7,7 @@
 #include "core/valores/Fecha.h"
 #include "core/ventanas/marco/Puerta.h"
 #include "totals/periodos/Clases.h"
+#include "totals/periodos/Manuales.h"
 #include "totals/ventanas/DetalleSesion.h"
 
 namespace tarvo::totals {
@@ -23,11 +24,11 @@ struct PuertaImpUnaFila {
   QString titulo = {};
 };
 
-// One period, new or changed, and totals keyed in by hand; its LINK. `tipo`: what a new one begins
-// with.
+// One period, new or changed, and totals keyed in by hand; what was saved. `tipo`: what a new one
+// begins with.
 struct PuertaEditIntv {
   static constexpr QStringView kNombre = u"EditIntv";
-  using Salida = qint64;
+  using Salida = Guardado;
   std::optional<qint64> link = {};
   int tipo = 1;
 };
@@ -39,9 +40,11 @@ struct PuertaFormDetalles {
   DetalleSesion detalle = {};
 };
 
-// The session: what was received, to be memorised or forgotten.
+// The session: what was received, to be memorised or forgotten. `alSalir`: it is asked about by a
+// window that closes, and Return leaves it as it is.
 struct PuertaCerrSes {
   static constexpr QStringView kNombre = u"CerrSes";
+  bool alSalir = false;
   bool operator==(const PuertaCerrSes&) const = default;
 };
 
