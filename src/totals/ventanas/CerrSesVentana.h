@@ -31,12 +31,17 @@ class CerrSesVentana final : public ventanas::Ventana {
   void empezarCuenta();
   void tictac();
   QStringList graves() const;
+  // What is under way, painted at once: it doesn't yield to the event loop.
+  void decirEstado(const QString& texto);
+  template <class F>
+  auto mientras(int texto, F hacer);
 
   Ui::CerrSes ui_;
   Sesion& s_;
   Periodos& p_;
   CerrSes motor_;
   std::vector<Aviso> avisos_;
+  bool alSalir_ = false;
   int cuenta_ = 0;  // ticks left until it closes, 0 while it doesn't
   std::unique_ptr<Temporizador> reloj_;
 };
