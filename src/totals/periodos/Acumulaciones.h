@@ -1,5 +1,4 @@
-// Adding periods to larger ones by hand, and taking that back: which went where, and what was made
-// for it.
+// Adding periods to larger ones by hand, and undoing it.
 #pragma once
 
 #include "totals/periodos/Periodos.h"
@@ -9,7 +8,7 @@ namespace tarvo::totals {
 struct Acumulacion {
   qint64 link = 0;
   Periodo periodo, mayor;
-  bool creado = false;    // the larger one was made for it
+  bool creado = false;    // the larger one was created for it
   bool anterior = false;  // an earlier version's sales were taken out of it
 };
 
@@ -20,9 +19,8 @@ class Acumulaciones {
   // As Periodos::AcumularPeriodo and DesacumularPeriodo; nothing where those are false.
   Resultado<std::optional<Acumulacion>> acumular(int tipo, const Columna& c);
   Resultado<std::optional<Acumulacion>> desacumular(int tipo, const Columna& c);
-  // Takes back what acumular or desacumular did, in one transaction. A larger period that was made
-  // for it is deleted when nothing else is in it. Those that aren't as they were left are skipped;
-  // NoExiste when all are.
+  // Undo what acumular or desacumular did, in one transaction. A larger period created for it is
+  // deleted if nothing else is in it. Periods changed since then are skipped; NoExiste if all were.
   Resultado<> deshacerAcumular(const std::vector<Acumulacion>& hechas);
   Resultado<> deshacerDesacumular(const std::vector<Acumulacion>& hechas);
 

@@ -21,14 +21,14 @@ struct EntradaManual {
 Resultado<> aplicarManuales(Periodos& periodos, qint64 link,
                             const std::vector<EntradaManual>& entradas);
 
-// A period that was saved, and what that changed.
+// A saved period, and what saving it changed.
 struct Guardado {
   qint64 link = 0;
   Periodo ahora;
   std::optional<Periodo> antes = {};  // nothing when it was created
   std::vector<EntradaManual> entradas = {};
-  std::vector<Periodo> salio = {};    // larger periods that have lost its sales
-  std::vector<Periodo> creados = {};  // larger periods made for its new dates
+  std::vector<Periodo> salio = {};    // larger periods that lost its sales
+  std::vector<Periodo> creados = {};  // larger periods created for its new dates
   bool cambia() const { return antes != ahora || !entradas.empty(); }
 };
 
@@ -37,9 +37,9 @@ struct Guardado {
 // Periodos::saldriaDe).
 Resultado<Guardado> guardarConManuales(Periodos& periodos, qint64 link, const Periodo& periodo,
                                        const std::vector<EntradaManual>& entradas);
-// Takes it back, in one transaction: the entries, the dates with what they moved, and a new period
+// Undoes it, in one transaction: the entries, the dates with what they moved, and a new period
 // unless it has other totals by now (Restriccion). NoExiste when it is no longer the same period,
-// Duplicado when its former dates are another's.
+// Duplicado when another one has its former dates.
 Resultado<> deshacerGuardado(Periodos& periodos, const Guardado& guardado);
 
 }  // namespace tarvo::totals

@@ -71,7 +71,7 @@ Resultado<> CerrSesVentana::entrar(const PuertaCerrSes& puerta) {
   return analizar();
 }
 
-// What waits in the tray. A session that says it holds data and holds none is closed.
+// Reads the contents of the inbox. A session that claims to hold data but holds none is closed.
 Resultado<> CerrSesVentana::analizar() {
   avisos_.clear();
   if (s_.estado() == 2) {
@@ -95,7 +95,7 @@ void CerrSesVentana::pintarCara() {
     etiqueta->setPixmap(ventanas::icono(dibujo).pixmap(lado, lado));
   if (!llena) return ui_.Cancelar->setFocus();
   pintarPeriodo();
-  // Asked by a window that closes, a Return too many books nothing.
+  // When another window is being closed, one Return too many memorises nothing.
   ui_.Guardar->setDefault(!alSalir_);
   ui_.Cancelar->setDefault(alSalir_);
   alSalir_ ? ui_.Cancelar->setFocus() : ui_.Descrip->setFocus();
@@ -119,7 +119,7 @@ void CerrSesVentana::pintarPeriodo() {
   ui_.faltan->setHidden(ui_.faltan->text().isEmpty());
 }
 
-// Their sales won't be in the period.
+// Names the groups whose sales won't be in the period.
 QString CerrSesVentana::textoFaltan(const std::vector<int>& grupos) {
   QStringList nombres;
   for (const int g : grupos) {
@@ -137,11 +137,12 @@ QStringList CerrSesVentana::graves() const {
   QStringList textos;
   for (const Aviso& a : avisos_)
     if (a.grave) textos << a.texto;
-  textos.removeDuplicates();  // the inbox is looked through twice
+  textos.removeDuplicates();  // the inbox is analysed twice
   return textos;
 }
 
-// What came since it was last shown isn't memorised before it has been seen.
+// If readings have arrived since the window was last painted, shows them and returns false: nothing
+// is memorised unseen.
 bool CerrSesVentana::siguenSiendoLosMismos() {
   const auto claves = [this] {
     std::set<std::pair<int, int>> c;

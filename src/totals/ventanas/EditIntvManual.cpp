@@ -15,7 +15,7 @@ using ventanas::Clase;
 
 namespace {
 
-constexpr qint64 kMayorNumero = 999'999'999'999;  // above it sums of many could overflow
+constexpr qint64 kMayorNumero = 999'999'999'999;  // above it, sums of many could overflow
 
 }  // namespace
 
@@ -63,7 +63,7 @@ void EditIntvVentana::montarManuales() {
   deshacer_ = new ventanas::Deshacer(*this);
 }
 
-// A number that nobody wrote is zero, and shows as nothing.
+// An empty field is zero.
 ventanas::Modo EditIntvVentana::contador(qint64& donde,
                                          std::function<std::optional<qint64>(QString)> leer) const {
   return {.ver = [] { return QString(); },
@@ -75,7 +75,7 @@ ventanas::Modo EditIntvVentana::contador(qint64& donde,
           }};
 }
 
-// Only what names a row of this kind is asked for.
+// Shows only the fields that identify a row of this kind.
 void EditIntvVentana::claseCambiada() {
   const int clase = ui_.TpoTot->currentData().toInt();
   const bool plu = clase == kPLUs, oper = clase == kOperadores || clase == kOperHora,
@@ -107,7 +107,7 @@ std::unexpected<Error> EditIntvVentana::faltaEntrada(int texto, QWidget& control
   return fallo(Fallo::Restriccion, t(texto));
 }
 
-// The code, and the hour where the kind has one.
+// The code; also sets the hour if the kind has one.
 Resultado<qint64> EditIntvVentana::leerCodigo() {
   const QVariant oper = ui_.LstOper->currentData(), hora = ui_.LstHora->currentData(),
                  dep = ui_.LstDep->currentData();
@@ -148,7 +148,7 @@ Resultado<> EditIntvVentana::leerEntrada() {
   return fallo(Fallo::Formato, t(kTxTodoCeros));
 }
 
-// What isn't chosen is told in a box, a number beside its field as well.
+// A missing choice is reported in a box, an invalid number beside its field.
 bool EditIntvVentana::anadir() {
   if (const auto leida = leerEntrada(); !leida) {
     if (leida.error().clase == Fallo::Restriccion)

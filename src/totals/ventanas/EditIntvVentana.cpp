@@ -1,4 +1,4 @@
-// The period. What is keyed in by hand is in EditIntvManual.cpp.
+// The period itself. Totals keyed in by hand are in EditIntvManual.cpp.
 #include "totals/ventanas/EditIntvVentana.h"
 
 #include <QLocale>
@@ -44,7 +44,7 @@ void EditIntvVentana::montar() {
     connect(campo, &QLineEdit::textEdited, this, &EditIntvVentana::pintarLimites);
 }
 
-// A day, with its time of day where the kind of period has one.
+// A date, with its time of day if the kind of period has one.
 ventanas::Modo EditIntvVentana::momento(Fecha& donde, bool siempreConHora) const {
   return {.ver = [this, &donde,
                   siempreConHora] { return enCampo(siempreConHora ? kOtros : r.tipo, donde); },
@@ -97,13 +97,13 @@ void EditIntvVentana::tipoCambiado() {
   ui_.Fecha1->setVisible(!conAno);
   ui_.rotulo1->setVisible(!conAno);
   ui_.FechaF->setVisible(tipo == kOtros);
-  ui_.FechaF->setEnabled(tipo == kOtros);  // only what is seen is read
+  ui_.FechaF->setEnabled(tipo == kOtros);  // a disabled field isn't read
   ui_.rotuloF->setVisible(tipo == kOtros);
   if (conAno) mesCambiado();
   pintarLimites();
 }
 
-// The first day of the month or year, for the kinds that are chosen so.
+// For a month or a year, sets the beginning to its first day.
 void EditIntvVentana::mesCambiado() {
   const int tipo = ui_.LstTipo->currentData().toInt();
   if (tipo != kMensual && tipo != kAnual) return;
@@ -131,7 +131,7 @@ std::vector<ventanas::Ficha::FaltaCampo> EditIntvVentana::comprobar() {
   return {};
 }
 
-// Sales that the larger periods would lose leave them only when somebody says so.
+// Asks before sales leave the larger periods that contain this one.
 bool EditIntvVentana::aceptaQueSalga(const Periodo& p) {
   if (nuevo_) return true;
   const auto salen = p_.saldriaDe(link_, p.tipo, p.desde, p.hasta);
@@ -142,7 +142,7 @@ bool EditIntvVentana::aceptaQueSalga(const Periodo& p) {
              ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
 }
 
-// What is written is meant, also where its button wasn't pressed.
+// Numbers typed but not yet added count as added.
 bool EditIntvVentana::conforme() {
   return (!renglon_.escrito() || anadir()) && aceptaQueSalga(periodo());
 }
@@ -160,7 +160,7 @@ Resultado<> EditIntvVentana::aplicar() {
   return fallo(e.clase, t(kTxErrorAlCrear) + u". "_s + e.texto);
 }
 
-// Among the totals keyed in by hand Return adds what is written.
+// Within the totals keyed in by hand, Return adds the numbers typed.
 void EditIntvVentana::keyPressEvent(QKeyEvent* evento) {
   const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
   const QWidget* foco = focusWidget();

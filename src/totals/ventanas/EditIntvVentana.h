@@ -1,5 +1,5 @@
-// One period, new or changed, and totals keyed in by hand: EditIntv. What
-// is keyed waits in a list and goes in with the period, in one transaction.
+// EditIntv: a period, new or changed, and totals keyed in by hand. These are kept in a list and
+// saved with the period, in one transaction.
 #pragma once
 
 #include "core/ventanas/edicion/Deshacer.h"
@@ -10,7 +10,7 @@
 
 namespace tarvo::totals {
 
-// The period as it is written, and what is keyed in for it.
+// The period as edited, and the totals keyed in for it.
 struct PeriodoEditado {
   int tipo = kDiario;
   Fecha desde, hasta;
@@ -48,7 +48,7 @@ class EditIntvVentana final : public ventanas::FichaDe<PeriodoEditado> {
   int seccionDelGrupo();
   Resultado<> leerEntrada();
   Resultado<qint64> leerCodigo();
-  bool anadir();  // false, and it has been said, when it isn't in the list
+  bool anadir();  // false if it isn't added; that has been reported
   void vaciarEntrada();
   void quitar();
   void pintarEntradas();

@@ -106,7 +106,7 @@ void ImpTotVentana::ponerEstado(int estado) {
     for (QLabel* l : {ui_.LbCom, ui_.LbFecha, ui_.LbTipo, ui_.existe, ui_.Conta}) l->clear();
     fichero_.reset();
     bloque_.reset();
-    tira().quitar();  // it was about another file
+    tira().quitar();  // it referred to another file
     ui_.LstFich->setFocus();
   } else if (estado == kListo) {
     ui_.Haz->setFocus();
@@ -142,7 +142,8 @@ void ImpTotVentana::mostrarBloque() {
   ui_.existe->setText(t(bloque_->existente ? kTxEsePeriodoExiste : kTxEsePeriodoEsNuevo));
 }
 
-// One block, and the header after it. A block is one step, so what it does is painted at once.
+// Imports one block and reads the header of the next. A block is one step, so its phases are
+// painted at once.
 Resultado<> ImpTotVentana::incorporarUno() {
   const auto fase = [this](Importacion::Fase f) {
     ponerEstado(f == Importacion::Fase::Borrando ? kBorrando : kLeyendo);

@@ -1,5 +1,5 @@
-// Periods from a file: ImpTot. Each block is shown before it goes in, or all go in one after
-// another.
+// ImpTot: imports periods from a file. Each block is shown before it is imported, or all are
+// imported one after another.
 #pragma once
 
 #include "core/ventanas/edicion/Ordenes.h"

@@ -1,4 +1,4 @@
-// What is done with the periods chosen: questions, steps, what was done, and how to take it back.
+// The actions on the selected periods: questions, steps, results, and how to undo them.
 #include <QMenu>
 #include <QToolButton>
 #include <algorithm>
@@ -65,7 +65,7 @@ void VerTotVentana::montarMenus() {
     QToolBar* barra = a == ui_.VerCosa ? ui_.barra : ui_.barra2;
     auto* b = qobject_cast<QToolButton*>(barra->widgetForAction(a));
     if (b) b->setPopupMode(QToolButton::InstantPopup);
-    // The key opens the menu under its button.
+    // The shortcut opens the menu below its button.
     connect(a, &QAction::triggered, this, [this, a, b] {
       a->menu()->popup(b && b->isVisible() ? b->mapToGlobal(QPoint(0, b->height()))
                                            : ui_.Grid->mapToGlobal(QPoint(0, 0)));
@@ -113,7 +113,7 @@ void VerTotVentana::montarAcciones() {
                            ui_.Deshacer});
 }
 
-// Its button in the strip is seen while there is anything to take back.
+// The strip has an undo button while there is anything to undo.
 void VerTotVentana::montarDeshacer() {
   deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
   auto* boton = new QToolButton(this);
@@ -126,7 +126,7 @@ void VerTotVentana::montarDeshacer() {
   seguir();
 }
 
-// The rows chosen, else the one in hand, which is chosen first.
+// The selected rows; if there are none, the current row, which gets selected.
 std::vector<qint64> VerTotVentana::elegidos() {
   std::vector<qint64> links;
   for (const int fila : ui_.Grid->filasParaActuar()) links.push_back(ui_.Grid->clave(fila));
@@ -169,10 +169,10 @@ void VerTotVentana::decirCuentas(const QString& bien, int textoMal, Cuentas cuen
   if (cuentas.bien > 0) decirBien(bien);
 }
 
-// --- taking back
-// -----------------------------------------------------------------------------------
+// --- undo
 
-// What can come back once its place is free stays to be taken back; what is gone does not.
+// A step whose place is taken stays, and can be undone once that is free; any other failed one is
+// dropped.
 void VerTotVentana::apuntar(const Vuelta& v) {
   using Vuelto = ventanas::Deshacer::Vuelto;
   deshacer_->apuntar(v.que, [this, v]() -> Resultado<Vuelto> {
@@ -191,8 +191,7 @@ void VerTotVentana::apuntar(const Vuelta& v) {
   });
 }
 
-// --- deleting
-// --------------------------------------------------------------------------------------
+// --- deletion
 
 void VerTotVentana::borrar(bool soloFilas) {
   const auto links = elegidos();
@@ -228,8 +227,7 @@ void VerTotVentana::borrar(bool soloFilas) {
       });
 }
 
-// --- adding up
-// -------------------------------------------------------------------------------------
+// --- sums
 
 Resultado<bool> VerTotVentana::acumularUno(qint64 link, int tipo,
                                            std::vector<Acumulacion>& hechas) {
@@ -257,7 +255,7 @@ void VerTotVentana::acumular(int tipo) {
       [=, this](Cuentas c) { acumulados(*hechas, c); });
 }
 
-// Where they went, and the way back.
+// Reports where they were added, and notes how to undo it.
 void VerTotVentana::acumulados(const std::vector<Acumulacion>& hechas, Cuentas cuentas) {
   const QString que = t(kTxQueAcumular, cuentas.bien).arg(textoMayores(hechas));
   const bool anterior = std::ranges::any_of(hechas, &Acumulacion::anterior);
@@ -325,7 +323,6 @@ void VerTotVentana::sumarEn(const std::vector<qint64>& links, bool nuevo) {
 }
 
 // --- stock
-// -----------------------------------------------------------------------------------------
 
 void VerTotVentana::descontar(bool deshacer) {
   const auto links = elegidos();
@@ -354,7 +351,7 @@ void VerTotVentana::descontar(bool deshacer) {
       });
 }
 
-// Periods that were deleted or replaced meanwhile are passed over; NoExiste when all were.
+// Skips periods deleted or replaced meanwhile; NoExiste if all were.
 Resultado<> VerTotVentana::desdescontar(const std::vector<qint64>& links, int veces) {
   TARVO_TOMAR(const auto cuantos, p_.DescontarVarios(links, veces));
   if (cuantos == 0) return fallo(Fallo::NoExiste, t(kTxYaNoEstan));
@@ -366,14 +363,13 @@ Resultado<bool> VerTotVentana::descontarUno(qint64 link, bool deshacer,
   TARVO_TOMAR(const auto c, p_.columna(link));
   if (!c) return false;
   if (!c->stkABLE && !preguntar(PuertaNoStkBle())) return false;
-  if (!deshacer && c->stkADO >= 1) return false;  // its sales are out of the stock already
+  if (!deshacer && c->stkADO >= 1) return false;  // its sales are already deducted from stock
   const auto hecho = p_.DescontarPeriodo(*c, deshacer ? -1 : 1);
   if (hecho && *hecho) hechos.push_back(link);
   return hecho;
 }
 
 // --- other windows
-// ---------------------------------------------------------------------------------
 
 void VerTotVentana::editar(bool nuevo) {
   const int fila = ui_.Grid->filaActual();

@@ -1,4 +1,4 @@
-// The list itself: what it shows, and the side with the period in hand.
+// The list itself: its contents, and the side panel with the current period.
 #include "totals/ventanas/VerTotVentana.h"
 
 #include <QMenu>
@@ -19,10 +19,10 @@ using ventanas::Clase;
 
 namespace {
 
-constexpr int kReposoLista = 60;  // ms without a change before the side is looked up
+constexpr int kReposoLista = 60;  // ms without a change before the side panel is updated
 constexpr int kBarrasLista = 10;
 
-// A date with its time only where it has one.
+// A date, with its time only if that isn't midnight.
 QString fechaGeneral(Fecha f) {
   return f.hora() == 0 ? f.corta() : f.general();
 }
@@ -76,7 +76,7 @@ Resultado<> VerTotVentana::entrar(const PuertaVerTot& puerta) {
   return {};
 }
 
-// The list goes to the kind of the period, where it can be seen.
+// Switches the list to the period's kind if it would be hidden, and moves to its row.
 void VerTotVentana::elegirPeriodo(qint64 link) {
   const auto c = p_.columna(link);
   if (!haIdoBien(c) || !*c) return;
@@ -140,7 +140,7 @@ void VerTotVentana::refrescar() {
   actualCambiada();
 }
 
-// What other windows did meanwhile shows when one comes back to this one.
+// Shows the changes made by other windows when this one is activated.
 bool VerTotVentana::event(QEvent* evento) {
   const bool hecho = Ventana::event(evento);
   if (evento->type() == QEvent::WindowActivate && !trabajo().enMarcha() && ui_.Grid->consulta() &&
@@ -195,7 +195,7 @@ void VerTotVentana::pintarLado() {
   ui_.grafica->vaciar(t(kTxPeriodoVacio));
 }
 
-// Whether the grand totals of its groups agree with the sums by article, operator and so on.
+// States whether the grand totals of its groups agree with the sums by article, operator and so on.
 QString VerTotVentana::textoCuadre(const Columna& c) {
   const auto cuadre = cuadreDe(p_, c.LINK);
   const auto repetidos = Sumas(p_).repetidos(c.LINK);

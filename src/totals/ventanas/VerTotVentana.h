@@ -1,5 +1,5 @@
-// The list of periods and all that is done with them: VerTot. Until it closes, what was done here
-// can be taken back, the last one first.
+// VerTot: the list of periods and all operations on them. Until the window is closed, what was done
+// here can be undone, the last step first.
 #pragma once
 
 #include "core/ventanas/edicion/Deshacer.h"
@@ -28,8 +28,8 @@ class VerTotVentana final : public ventanas::Ventana {
   struct Vuelta {
     QString que;
     std::function<Resultado<>()> hacer;
-    std::vector<qint64> vuelven = {};  // periods that are chosen when it is done
-    QString duda = {};                 // what doesn't come back with it
+    std::vector<qint64> vuelven = {};  // periods to be selected afterwards
+    QString duda = {};                 // what isn't restored by it
   };
   struct Cuentas {
     int bien = 0, mal = 0;
@@ -49,7 +49,8 @@ class VerTotVentana final : public ventanas::Ventana {
 
   std::vector<qint64> elegidos();
   std::optional<Resumen> resumenDe(const std::vector<qint64>& links);
-  // One step a period, with progress; `alFinal` gets how many went well and how many did not.
+  // Runs one step per period, with progress; `alFinal` receives the numbers of successes and
+  // failures.
   void porPasos(const QString& que, std::vector<qint64> links, Pasos paso,
                 std::function<void(Cuentas)> alFinal);
   void decirCuentas(const QString& bien, int textoMal, Cuentas cuentas);

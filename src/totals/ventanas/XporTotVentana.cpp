@@ -77,7 +77,7 @@ QString XporTotVentana::textoCuentas(qint64 link) {
   qint64 total = 0;
   for (const auto& [clase, cuantas] : n) total += cuantas;
   QString texto = t(kTxSeExportaran);
-  // In the order of the sentence.
+  // In the order of the placeholders in the sentence.
   const std::array<qint64, 5> orden{n[kPLUs], n[kGranTotal], n[kDepartamentos], n[kOperadores],
                                     n[kHorario] + n[kOperHora]};
   for (size_t i = 0; i < orden.size(); ++i)
@@ -122,7 +122,7 @@ void XporTotVentana::acabar(const ventanas::Faena::Fin& fin) {
   (cola_.empty() ? ui_.Cancelar : ui_.XporYA)->setFocus();
 }
 
-// While it writes: holds it. Else: leaves this period out, and closes after the last.
+// Stops the export if it is running; otherwise skips this period, and closes after the last.
 void XporTotVentana::saltar() {
   if (trabajo().enMarcha()) return trabajo().parar();
   if (!cola_.empty()) cola_.erase(cola_.begin());

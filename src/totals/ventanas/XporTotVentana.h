@@ -1,5 +1,5 @@
-// Periods to a file: XporTot. One block a period: it is shown and written when asked, or all of
-// them one after another.
+// XporTot: exports periods to a file. One block per period: each is shown and written on request,
+// or all are written one after another.
 #pragma once
 
 #include "core/ventanas/edicion/Ordenes.h"

@@ -1,4 +1,4 @@
-// Jobs on periods that a person may want back, and the viewer by operator and hour.
+// Jobs on periods that a user may want to undo, and the viewer by operator and hour.
 #include <QToolButton>
 
 #include "MesaDeTotales.h"
@@ -25,7 +25,7 @@ struct Lista : MesaDeTotales {
     grid = &lista(v);
     return v;
   }
-  // The key goes to the list, and what it asks is accepted.
+  // Sends the key to the list, and accepts its question.
   void tecla(Qt::Key t, Qt::KeyboardModifiers m = {}) {
     grid->window()->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(grid->window()));
@@ -40,7 +40,7 @@ struct Lista : MesaDeTotales {
 
 }  // namespace
 
-// What was emptied and then deleted comes back step by step, the last one first.
+// An emptying followed by a deletion is undone step by step, the last first.
 TEST(VentanaAcciones, VaciaBorraYDeshaceLosDos) {
   Lista t;
   t.dia("04/06/2018");
@@ -51,7 +51,7 @@ TEST(VentanaAcciones, VaciaBorraYDeshaceLosDos) {
   EXPECT_TRUE(t.textoModal.startsWith(u"ATENCIÓN: Vaciará 1 periodo de totalización"))
       << t.textoModal.toStdString();
   EXPECT_TRUE(esperar([&] { return v->tira().texto() == u"1 periodo vaciado"; }));
-  EXPECT_EQ(t.grid->filas(), 1) << "the period itself stays";
+  EXPECT_EQ(t.grid->filas(), 1) << "the period itself is kept";
   EXPECT_EQ(t.cuenta(u"TOTGRT"_s), 0);
   t.aceptarY(Qt::Key_Delete);
   ASSERT_TRUE(esperar([&] { return t.grid->filas() == 0; }));
@@ -63,7 +63,7 @@ TEST(VentanaAcciones, VaciaBorraYDeshaceLosDos) {
   EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
 }
 
-// What is brought back is chosen, in the list of its kind.
+// Restored periods are selected, in the list of their kind.
 TEST(VentanaAcciones, LoQueVuelveQuedaElegido) {
   Lista t;
   const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018");
@@ -93,8 +93,8 @@ TEST(VentanaAcciones, BorrarSeNiegaConCancelar) {
   EXPECT_EQ(t.leer(kFilas), antes);
 }
 
-// A period that no reception made is asked about; its sales never leave the stock, whatever the
-// answer, and that is said. The rest is discounted once, and comes back.
+// A period not created by a reception is asked about; its sales are never deducted from stock,
+// whichever the answer, and that is reported. The others are deducted once, and restored by undo.
 TEST(VentanaAcciones, DescuentaSoloLoQueVinoDeLasBalanzas) {
   Lista t;
   const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018");
@@ -128,7 +128,7 @@ TEST(VentanaAcciones, DescuentaSoloLoQueVinoDeLasBalanzas) {
   }
 }
 
-// An import may replace a period while its discount can still be taken back.
+// An import may replace a period while its deduction can still be undone.
 TEST(VentanaAcciones, LoQueYaNoEstaNoSeDeshaceYSeDice) {
   Lista t;
   const qint64 lunes = t.dia("04/06/2018");
@@ -328,7 +328,7 @@ TEST(VentanaAcciones, OperadorYHora) {
   EXPECT_TRUE(esperar([&] { return grafica->accessibleDescription().startsWith(u"9 6,00"); }))
       << grafica->accessibleDescription().toStdString();
   EXPECT_FALSE(visor->findChild<QWidget*>(u"LstClase"_s)->isVisible());
-  // Its period goes, and it with it.
+  // Deleting its period closes it.
   t.aceptarY(Qt::Key_Delete);
   EXPECT_TRUE(esperar([&] { return !t.escritorio.ventanas().cargada(u"V_ColOpH#1"_s); }));
 }

@@ -48,7 +48,7 @@ struct MesaDeTotales : Mesa {
     totals::registrarVentanasTotales(escritorio.ventanas(), sesion, periodos);
   }
 
-  // A day with sales of all kinds: 30 articles of 1 euro up, in both groups.
+  // A day with sales of all kinds: 30 articles from 1 euro up, in both groups.
   qint64 dia(const char* fecha, int factor = 1) {
     const qint64 link =
         bien(periodos.CrearPeriodo(totals::kDiario, momento(fecha), momento(fecha), true, {}));

@@ -59,7 +59,8 @@ void Deshacer::seguirTandas(Parrilla& lista) {
           [this, desde](int cuantas) { juntar(*desde, cuantas); });
 }
 
-// Those that were noted after that number become one. What can't come back stays, and is counted.
+// Merges the changes noted after that number into one. Those that can't be undone are left as they
+// are, and counted.
 void Deshacer::juntar(int desde, int cuantas) {
   const auto primero =
       std::ranges::find_if(pila_, [desde](const Cambio& c) { return c.numero > desde; });

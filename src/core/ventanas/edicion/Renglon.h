@@ -1,5 +1,5 @@
-// The fields of a sheet that make one line of a list in it: they are read when the line is added,
-// and empty again for the next.
+// The fields of one line of a list in a sheet: they are read when the line is added, and then
+// cleared for the next.
 //
 //   apartar(enlazarCampo(*ui_.txCon, modo), renglon_);
 //   ...
@@ -17,12 +17,12 @@ namespace tarvo::ventanas {
 
 class Renglon {
  public:
-  // Whether something is written that wasn't added yet.
+  // Whether something was typed since the last mostrar().
   bool escrito() const;
-  // All fields into their members. Each fault is marked beside its field; the first one gets the
-  // focus, and its words are the error's.
+  // Reads all fields into their members. Each fault is marked beside its field; the first such
+  // field gets the focus, and its fault is the error.
   Resultado<> leer();
-  void mostrar();  // the members in all fields
+  void mostrar();  // shows the members in all fields
 
  private:
   friend class Ficha;
