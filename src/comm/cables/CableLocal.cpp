@@ -6,8 +6,8 @@ namespace tarvo::enlace {
 
 namespace {
 constexpr int kMsLocal = 3000;
-constexpr int kMsDespedida = 500;  // for the other end to close as well
-}
+constexpr int kMsDespedidaLocal = 500;  // for the other end to close as well
+}  // namespace
 
 CableLocal::CableLocal(Reloj& reloj, std::shared_ptr<Ocupados> ocupados, QString ruta)
     : CableReal(reloj, std::move(ocupados)), ruta_(std::move(ruta)) {
@@ -35,7 +35,7 @@ void CableLocal::terminar() {
   socket_.flush();
   if (socket_.state() == QLocalSocket::ConnectedState && socket_.bytesToWrite() == 0 &&
       ::shutdown(static_cast<int>(socket_.socketDescriptor()), SHUT_WR) == 0)
-    return plazo(kMsDespedida);
+    return plazo(kMsDespedidaLocal);
   plazo(kMsLocal);
   socket_.disconnectFromServer();
   if (socket_.state() == QLocalSocket::UnconnectedState) cerrado(kBien);
