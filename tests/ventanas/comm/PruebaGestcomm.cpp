@@ -1,6 +1,9 @@
 // The jobs of an operator: receive, see failures, try again, give up, close.
 
+#include <QTimer>
+
 #include "MesaDeComm.h"
+#include "totals/ventanas/Puertas.h"
 
 namespace tarvo::prueba {
 
@@ -362,6 +365,39 @@ TEST_F(Gestcomm, LasSesiones) {
   EXPECT_EQ(sesion->estado(), 2);
   caja(olvidar);
   EXPECT_EQ(sesion->estado(), 0);
+}
+
+namespace {
+
+// Notes how it is opened, and is closed without an answer.
+class CerrSesCallada final : public ventanas::Ventana {
+ public:
+  CerrSesCallada(ventanas::Contexto& c, const QString& n, std::vector<bool>& alSalir)
+      : Ventana(c, n), alSalir_(alSalir) {}
+  Resultado<> entrar(const totals::PuertaCerrSes& puerta) {
+    alSalir_.push_back(puerta.alSalir);
+    QTimer::singleShot(0, this, [this] { rechazar(); });
+    return {};
+  }
+
+ private:
+  std::vector<bool>& alSalir_;
+};
+
+}  // namespace
+
+// The inbox is asked about before the window goes, in the way in which Return memorises nothing.
+TEST_F(Gestcomm, AlCerrarPreguntaPorLaBandejaSinMemorizarPorIntro) {
+  dosGrupos();
+  abrir(u"gestcomm"_s);
+  encolar(1, 17);
+  ASSERT_TRUE(hasta([&] { return gestor->CuantosQuedan().total == 0 && sesion->estado() == 2; }));
+  pasar(200);
+  std::vector<bool> alSalir;
+  escritorio.ventanas().registrar<totals::PuertaCerrSes, CerrSesCallada>(alSalir);
+  EXPECT_TRUE(escritorio.ventanas().descargar(u"gestcomm"_s));
+  EXPECT_EQ(alSalir, std::vector{true});
+  EXPECT_EQ(sesion->estado(), 2);
 }
 
 // Asking again after a reading and its zeroing: the repeat would lose the data waiting in the
