@@ -69,7 +69,7 @@ ventanas::Modo EditIntvVentana::contador(qint64& donde,
   return {.ver = [] { return QString(); },
           .poner = [this, &donde, leer = std::move(leer)](const QString& texto) -> Resultado<> {
             const auto n = texto.trimmed().isEmpty() ? std::optional<qint64>(0) : leer(texto);
-            if (!n || std::abs(*n) > kMayorNumero) return fallo(Fallo::Formato, t(kTxNumeroMalo));
+            if (!n || std::abs(*n) > kMayorNumero) return fallo(Fallo::Formato, t(kTxNoEsNumero));
             donde = *n;
             return {};
           }};
@@ -141,14 +141,14 @@ Resultado<> EditIntvVentana::leerEntrada() {
   entrada_.clase = ui_.TpoTot->currentData().toInt();
   if (!ui_.LstGrupos->currentData().isValid()) return faltaEntrada(kTxFaltaGrupo, *ui_.LstGrupos);
   entrada_.grupo = ui_.LstGrupos->currentData().toInt();
-  TARVO_INTENTAR(renglon_.leer());
+  if (!renglon_.leer()) return fallo(Fallo::Formato, t(kTxNumeroMalo));
   TARVO_TOMAR(entrada_.codi, leerCodigo());
   if (!entrada_.c.cero()) return {};
   ui_.txCon->setFocus();
   return fallo(Fallo::Formato, t(kTxTodoCeros));
 }
 
-// A missing choice is reported in a box, an invalid number beside its field.
+// A missing choice is reported in a box; an invalid number in the strip, and beside its field.
 bool EditIntvVentana::anadir() {
   if (const auto leida = leerEntrada(); !leida) {
     if (leida.error().clase == Fallo::Restriccion)

@@ -255,6 +255,27 @@ TEST(VentanaAcciones, LasFechasCambiadasVuelven) {
   }
 }
 
+// Another period has the former dates: the step stays until they are free again.
+TEST(VentanaAcciones, LasFechasVuelvenCuandoEstanLibres) {
+  Lista t;
+  t.dia("04/06/2018");
+  auto* v = t.abrirLista();
+  t.alAbrirse([](QWidget* w) {
+    w->findChild<QLineEdit*>(u"Fecha1"_s)->setText(u"05/06/2018"_s);
+    QTest::mouseClick(w->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);
+  });
+  t.tecla(Qt::Key_F2);
+  const qint64 otro = t.dia("04/06/2018");
+  const QString cambiado = t.leer(kPeriodos);
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.leer(kPeriodos), cambiado);
+  EXPECT_EQ(v->tira().estado(), ventanas::Estado::Mal);
+  EXPECT_TRUE(v->tira().texto().contains(u"4 junio 2018")) << v->tira().texto().toStdString();
+  bien(t.periodos.BorrarPeriodo(otro));
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.leer(u"select FECHA1 from COLUMNA"_s), u"43255");
+}
+
 // Saved as it was, there is nothing to take back.
 TEST(VentanaAcciones, LoQueNoCambiaNoSeDeshace) {
   Lista t;
