@@ -104,10 +104,7 @@ Resultado<> PreguntasVek::respuesta(int, int, const QByteArray& datos) {
     if (malos_.insistir()) return {};
     return falloEn(r.error(), t_.Grupo, donde, e_.textos);
   }
-  if (rigor_ == maquinas::Rigor::Tolerante)
-    malos_.tomado(p.codigo, p.datos, datos, donde);
-  else
-    malos_.entero(p.codigo, p.datos, datos);
+  if (rigor_ == maquinas::Rigor::Tolerante) malos_.tomado(p.codigo, p.datos, datos, donde);
   malos_.otraPregunta();
   ++hechas_;
   return {};
