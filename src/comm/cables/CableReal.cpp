@@ -71,7 +71,7 @@ void CableReal::cerrado(int razon) {
 }
 
 bool CableReal::despedirse(qintptr socket) {
-  constexpr int kMsDespedida = 500;
+  constexpr int kMsDespedida = 2000;
   if (socket < 0 || ::shutdown(static_cast<int>(socket), SHUT_WR) != 0) return false;
   plazo(kMsDespedida);
   return true;

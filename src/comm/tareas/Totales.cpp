@@ -104,7 +104,10 @@ Resultado<> PreguntasVek::respuesta(int, int, const QByteArray& datos) {
     if (malos_.insistir()) return {};
     return falloEn(r.error(), t_.Grupo, donde, e_.textos);
   }
-  if (rigor_ == maquinas::Rigor::Tolerante) malos_.tomado(p.codigo, p.datos, datos, donde);
+  if (rigor_ == maquinas::Rigor::Tolerante)
+    malos_.tomado(p.codigo, p.datos, datos, donde);
+  else
+    malos_.entero(p.codigo, datos);
   malos_.otraPregunta();
   ++hechas_;
   return {};
