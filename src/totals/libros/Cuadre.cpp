@@ -129,10 +129,14 @@ Resultado<CuadreDePeriodo> cuadreDe(const Periodos& periodos, qint64 link) {
         const auto grupo = static_cast<int>(fila.entero(0));
         TARVO_TOMAR(const auto lista,
                     compararTotales(periodos.base(), periodos.ajustes(), link, grupo));
+        c.granTotal = true;
         c.hay = c.hay || !lista.empty();
         if (!std::ranges::all_of(lista, &Comparado::cuadra)) c.malos.push_back(grupo);
         return {};
       }));
+  TARVO_TOMAR(const auto lecturas,
+              periodos.base().uno(u"SELECT count(*) FROM Origenes WHERE LINK=?", link));
+  c.leido = lecturas.entero() > 0;
   return c;
 }
 

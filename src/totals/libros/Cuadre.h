@@ -23,7 +23,9 @@ Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajust
 
 // The groups of a period whose grand total differs from a comparable sum.
 struct CuadreDePeriodo {
-  bool hay = false;  // something could be compared
+  bool hay = false;        // something could be compared
+  bool granTotal = false;  // some group has one
+  bool leido = false;      // a machine was read for it
   std::vector<int> malos = {};
 };
 Resultado<CuadreDePeriodo> cuadreDe(const Periodos& periodos, qint64 link);

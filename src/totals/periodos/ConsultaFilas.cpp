@@ -11,9 +11,9 @@ namespace {
 
 constexpr int kHoras = 24;
 
-// The column on the axis of this kind's chart.
+// The column on the axis of this kind's chart. A grand total is a group's, whatever its code.
 QString ejeDe(int clase) {
-  return clase == kOperHora ? u"t.HORA"_s : u"t.CODI"_s;
+  return clase == kOperHora ? u"t.HORA"_s : clase == kGranTotal ? u"t.GRUPO"_s : u"t.CODI"_s;
 }
 
 bool porHoras(int clase) {

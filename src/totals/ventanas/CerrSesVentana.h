@@ -31,12 +31,17 @@ class CerrSesVentana final : public ventanas::Ventana {
   void empezarCuenta();
   void tictac();
   QStringList graves() const;
+  // Shows the current activity, painted at once because it runs without the event loop.
+  void decirEstado(const QString& texto);
+  template <class F>
+  auto mientras(int texto, F hacer);
 
   Ui::CerrSes ui_;
   Sesion& s_;
   Periodos& p_;
   CerrSes motor_;
   std::vector<Aviso> avisos_;
+  bool alSalir_ = false;
   int cuenta_ = 0;  // ticks left until it closes, 0 if it isn't about to
   std::unique_ptr<Temporizador> reloj_;
 };

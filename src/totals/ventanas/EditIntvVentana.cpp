@@ -25,8 +25,23 @@ EditIntvVentana::EditIntvVentana(ventanas::Contexto& contexto, const QString& no
     : FichaDe(contexto, nombre), p_(periodos) {
   ui_.setupUi(cuerpo());
   montar();
+  montarManuales();
   ponerFrase(0, false);
   acabar(cuerpo()->size(), {.acepto = u"SalvBoton"_s, .cancelo = u"Tiro"_s});
+}
+
+void EditIntvVentana::montar() {
+  ventanas::llenar(*ui_.LstTipo, tiposDePeriodo());
+  enlazarCampo(*ui_.LstTipo, r.tipo);
+  enlazarCampo(*ui_.Fecha1, momento(r.desde, false));
+  hasta_ = &enlazarCampo(*ui_.FechaF, momento(r.hasta, true));
+  for (int mes = 1; mes <= 12; ++mes)
+    ui_.LstMes->addItem(QLocale(QLocale::Spanish).standaloneMonthName(mes));
+  connect(ui_.LstTipo, &QComboBox::activated, this, &EditIntvVentana::tipoCambiado);
+  connect(ui_.LstMes, &QComboBox::activated, this, &EditIntvVentana::mesCambiado);
+  connect(ui_.spAno, &QSpinBox::valueChanged, this, &EditIntvVentana::mesCambiado);
+  for (QLineEdit* campo : {ui_.Fecha1, ui_.FechaF})
+    connect(campo, &QLineEdit::textEdited, this, &EditIntvVentana::pintarLimites);
 }
 
 // A date, with its time of day if the kind of period has one.
@@ -58,6 +73,8 @@ Resultado<> EditIntvVentana::entrar(const PuertaEditIntv& puerta) {
   ui_.LstOper->setCurrentIndex(-1);
   TARVO_INTENTAR(editar({p.tipo, p.desde, p.hasta, {}}));
   tipoCambiado();
+  vaciarEntrada();
+  deshacer_->olvidar();
   claseCambiada();
   pintarEntradas();
   setWindowTitle(t(nuevo_ ? kTxNuevoPeriodo : kTxModificarPeriodo));
@@ -127,17 +144,17 @@ bool EditIntvVentana::aceptaQueSalga(const Periodo& p) {
 
 // Numbers typed but not yet added count as added.
 bool EditIntvVentana::conforme() {
-  return (!hayEscrito() || anadir()) && aceptaQueSalga(periodo());
+  return (!renglon_.escrito() || anadir()) && aceptaQueSalga(periodo());
 }
 
 Resultado<> EditIntvVentana::aplicar() {
   const Periodo p = periodo();
-  const auto link = guardarConManuales(p_, nuevo_ ? 0 : link_, p, r.entradas);
-  if (link) {
-    link_ = *link;
+  auto guardado = guardarConManuales(p_, nuevo_ ? 0 : link_, p, r.entradas);
+  if (guardado) {
+    guardado_ = *std::move(guardado);
     return {};
   }
-  const Error& e = link.error();
+  const Error& e = guardado.error();
   if (!nuevo_) return std::unexpected(e);
   if (e.clase == Fallo::Duplicado) return fallo(e.clase, t(kTxYaExiste).arg(TextoPeriodo(p)));
   return fallo(e.clase, t(kTxErrorAlCrear) + u". "_s + e.texto);
@@ -154,7 +171,7 @@ void EditIntvVentana::keyPressEvent(QKeyEvent* evento) {
 }
 
 bool EditIntvVentana::QueryUnload() {
-  if (r.entradas.empty() && !hayEscrito()) return FichaDe::QueryUnload();
+  if (r.entradas.empty() && !renglon_.escrito()) return FichaDe::QueryUnload();
   return !ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxDesecharManuales),
                                      ventanas::kAceptoCancelo | ventanas::kExclamacion);
 }

@@ -2,7 +2,7 @@
 // imported one after another.
 #pragma once
 
-#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/edicion/Ordenes.h"
 #include "totals/intercambio/XporTot.h"
 #include "totals/ventanas/Puertas.h"
 #include "ui_ImpTot.h"
@@ -24,7 +24,8 @@ class ImpTotVentana final : public ventanas::Ventana {
   void leerSiguiente();
   void mostrarBloque();
   void Haz(bool todos);
-  Resultado<bool> incorporarUno();
+  Resultado<> incorporarUno();
+  void acabar(const ventanas::Faena::Fin& fin);
   void Alto();
 
   Ui::ImpTot ui_;

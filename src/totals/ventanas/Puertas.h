@@ -7,6 +7,7 @@
 #include "core/valores/Fecha.h"
 #include "core/ventanas/marco/Puerta.h"
 #include "totals/periodos/Clases.h"
+#include "totals/periodos/Manuales.h"
 #include "totals/ventanas/DetalleSesion.h"
 
 namespace tarvo::totals {
@@ -23,11 +24,11 @@ struct PuertaImpUnaFila {
   QString titulo = {};
 };
 
-// Creates or changes a period, with totals keyed in by hand; returns its LINK. `tipo`: the initial
-// kind of a new one.
+// Creates or changes a period, with totals keyed in by hand; returns what was saved. `tipo`: the
+// initial kind of a new one.
 struct PuertaEditIntv {
   static constexpr QStringView kNombre = u"EditIntv";
-  using Salida = qint64;
+  using Salida = Guardado;
   std::optional<qint64> link = {};
   int tipo = 1;
 };
@@ -39,9 +40,11 @@ struct PuertaFormDetalles {
   DetalleSesion detalle = {};
 };
 
-// The session: the readings received, to be memorised or forgotten.
+// The session: the readings received, to be memorised or forgotten. `alSalir`: opened by a window
+// that is being closed, where Return leaves the session as it is.
 struct PuertaCerrSes {
   static constexpr QStringView kNombre = u"CerrSes";
+  bool alSalir = false;
   bool operator==(const PuertaCerrSes&) const = default;
 };
 

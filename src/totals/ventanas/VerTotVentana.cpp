@@ -49,6 +49,7 @@ VerTotVentana::VerTotVentana(ventanas::Contexto& contexto, const QString& nombre
 void VerTotVentana::montar() {
   montarMenus();
   montarAcciones();
+  montarDeshacer();
   auto tipos = tiposDePeriodo();
   tipos.insert(tipos.begin(), {0, t(ventanas::kTxTodos)});
   ventanas::llenar(*ui_.ListaTpos, tipos);
@@ -142,18 +143,18 @@ void VerTotVentana::refrescar() {
 // Shows the changes made by other windows when this one is activated.
 bool VerTotVentana::event(QEvent* evento) {
   const bool hecho = Ventana::event(evento);
-  if (evento->type() == QEvent::WindowActivate && !trabajando_ && ui_.Grid->consulta() &&
+  if (evento->type() == QEvent::WindowActivate && !trabajo().enMarcha() && ui_.Grid->consulta() &&
       contexto().base.cambios() != cambios_)
     refrescar();
   return hecho;
 }
 
 void VerTotVentana::actualCambiada() {
-  const bool hay = ui_.Grid->filas() > 0;
+  const bool hay = ui_.Grid->filas() > 0 && !trabajo().enMarcha();
   for (QAction* a : {ui_.Modifo, ui_.Borro, ui_.Vacio, ui_.DesAcum, ui_.SumaCol, ui_.StockAR,
                      ui_.DesStock, ui_.VerCosa, ui_.Exportar})
-    a->setEnabled(hay && !trabajando_);
-  ui_.acumule->setEnabled(hay && !trabajando_ && tipo_ != kAnual);
+    a->setEnabled(hay);
+  ui_.acumule->setEnabled(hay && tipo_ != kAnual);
   lado_->unaVez(kReposoLista);
 }
 
@@ -171,7 +172,8 @@ void VerTotVentana::pintarLado() {
   if (!resumen) return;
   ui_.periodo->setText(TextoPeriodo((*c)->periodo).simplified());
   ui_.importe->setText(conMoneda(contexto(), resumen->importe));
-  ui_.detalle->setText(textoResumen(*this, *resumen) + u'\n' + textoCuadre(**c));
+  ui_.detalle->setText(textoResumen(*this, *resumen) +
+                       (resumen->filas > 0 ? u'\n' + textoCuadre(**c) : QString()));
   for (const int clase : {kHorario, kDepartamentos, kPLUs, kGranTotal}) {
     FiltroFilas filtro;
     filtro.link = (*c)->LINK;
@@ -182,8 +184,10 @@ void VerTotVentana::pintarLado() {
     std::vector<Grafica::Barra> barras;
     const bool horas = clase == kHorario;
     for (const Punto& p : *puntos)
-      barras.push_back(
-          {horas || p.nombre.isEmpty() ? QString::number(p.codigo) : p.nombre, p.importe});
+      barras.push_back({horas                ? QString::number(p.codigo)
+                        : p.nombre.isEmpty() ? Ceros(p.codigo, cifrasCodigo(clase))
+                                             : p.nombre,
+                        p.importe});
     return ui_.grafica->barras(
         horas ? t(kTxPorHoras) : t(kTxLosMayores).arg(nombreClase(contexto().textos, clase)),
         std::move(barras), !horas, contexto().ajustes.MonedaPreferente);
@@ -197,7 +201,8 @@ QString VerTotVentana::textoCuadre(const Columna& c) {
   const auto repetidos = Sumas(p_).repetidos(c.LINK);
   if (!haIdoBien(cuadre) || !haIdoBien(repetidos)) return {};
   if (!repetidos->empty()) return t(kTxSumadasDosVeces).arg(TextoPeriodos(*repetidos));
-  if (!cuadre->hay) return t(kTxSinCuadre);
+  if (!cuadre->hay)
+    return t(cuadre->granTotal ? kTxSoloGranTotal : cuadre->leido ? kTxSinCuadre : kTxSinGranTotal);
   QStringList malos;
   for (const int grupo : cuadre->malos) malos << QString::number(grupo);
   return malos.isEmpty() ? t(kTxCuadra) : t(kTxNoCuadra).arg(malos.join(u", "_s));

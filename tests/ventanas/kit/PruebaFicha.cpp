@@ -360,19 +360,31 @@ TEST(Faena, DiceDondeSeParo) {
   Ventana* v = m.escritorio.ventanas().abrir(u"Lisa"_s);
   Ordenes ordenes(*v, nullptr);
   QAction* orden = ordenes.anadir({.nombre = u"abrir"_s, .texto = 9904, .hacer = [] {}});
+  Deshacer deshacer(*v);
+  int deshechas = 0;
+  deshacer.apuntar(u"algo"_s, [&]() -> Resultado<Deshacer::Vuelto> {
+    ++deshechas;
+    return Deshacer::Vuelto();
+  });
+  QWidget quieto;
   qint64 acabado = -1;
   ASSERT_TRUE(trabajar(*v, &ordenes,
                        {.que = u"Trabajando"_s,
                         .total = 1000,
                         .paso = [&](qint64 i) -> Resultado<> {
+                          deshacer.deshacer();  // not while it works
                           if (i == 4) QTest::keyClick(v, Qt::Key_Escape);
                           return {};
                         },
-                        .acabar = [&](qint64 n) { acabado = n; }}));
+                        .acabar = [&](const Faena::Fin& f) { acabado = f.hechos; },
+                        .quietos = {&quieto}}));
+  EXPECT_FALSE(quieto.isEnabled());
   EXPECT_FALSE(orden->isEnabled());
   EXPECT_FALSE(trabajar(*v, &ordenes, {.que = {}, .total = 1, .paso = {}}));
   ASSERT_TRUE(esperar([&] { return acabado >= 0; }));
   EXPECT_EQ(acabado, 5);
+  EXPECT_EQ(deshechas, 0);
+  EXPECT_TRUE(quieto.isEnabled());
   EXPECT_EQ(v->tira().texto(), u"Parado en 5 de 1000. Lo hecho hasta ahí queda hecho.");
   EXPECT_TRUE(orden->isEnabled());
 }

@@ -21,6 +21,18 @@
 
 namespace tarvo::prueba {
 
+// What a label showed, each time that it was painted.
+struct Pintados final : QObject {
+  explicit Pintados(QLabel& rotulo) { rotulo.installEventFilter(this); }
+  bool eventFilter(QObject* que, QEvent* evento) override {
+    const QString texto = static_cast<QLabel*>(que)->text();
+    if (evento->type() == QEvent::Paint && (textos.isEmpty() || textos.back() != texto))
+      textos << texto;
+    return false;
+  }
+  QStringList textos;
+};
+
 struct MesaDeTotales : Mesa {
   MesaDeTotales() : Mesa({}, {totals::ajustesSesion(), totals::ajustesPeriodos()}) {
     bien(esquema::ponerAlDia(*db, momento("01/01/2018")));

@@ -164,6 +164,47 @@ TEST(VentanaPeriodos, ExportaYVuelveAImportar) {
   EXPECT_EQ(t.leer(suma), antes);
 }
 
+// Each state is seen: also that the period is being emptied, which goes on without a pause.
+TEST(VentanaPeriodos, ImportarDiceEnQueEsta) {
+  MesaDeTotales t;
+  t.ajustes.HomeDir = t.carpeta.path();
+  const qint64 lunes = t.dia("04/06/2018");
+  auto* x = t.abrir(PuertaXporTot{{lunes}});
+  x->findChild<QComboBox*>(u"destino"_s)->setCurrentText(u"VENTAS"_s);
+  QTest::mouseClick(x->findChild<QPushButton*>(u"XporYA"_s), Qt::LeftButton);
+  ASSERT_TRUE(esperar([&] { return QFile::exists(t.ruta(u"VENTAS.EXP"_s)); }));
+  x->descargar();
+  auto* i = t.abrir(u"ImpTot"_s);
+  QTest::keyClick(i->findChild<QListWidget*>(u"LstFich"_s), Qt::Key_Return);
+  auto* mensaje = i->findChild<QLabel*>(u"mensaje"_s);
+  const Pintados pintados(*mensaje);
+  QTest::mouseClick(i->findChild<QPushButton*>(u"Haz"_s), Qt::LeftButton);
+  ASSERT_TRUE(esperar([&] { return mensaje->text() == u"Importación realizada con éxito"; }));
+  const qsizetype borra = pintados.textos.indexOf(u"Se está borrando el Periodo existente"_s);
+  ASSERT_GE(borra, 0) << pintados.textos.join(u'|').toStdString();
+  EXPECT_EQ(pintados.textos.value(borra + 1), u"En proceso de lectura...");
+}
+
+// Stopped between two blocks, it says so, and what was read stays.
+TEST(VentanaPeriodos, ImportarSePara) {
+  MesaDeTotales t;
+  t.ajustes.HomeDir = t.carpeta.path();
+  QFile f(t.ruta(u"MUCHOS.EXP"_s));
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  for (int d = 4; d < 9; ++d)
+    f.write(u"*x\r\n*0%1/06/2018 00:00:00  0%1/06/2018 23:59:59\r\n"_s.arg(d).toLatin1());
+  f.close();
+  auto* i = t.abrir(u"ImpTot"_s);
+  QTest::keyClick(i->findChild<QListWidget*>(u"LstFich"_s), Qt::Key_Return);
+  auto* alto = i->findChild<QPushButton*>(u"Alto"_s);
+  const auto* hechos = i->findChild<QLabel*>(u"Conta"_s);
+  QTest::mouseClick(i->findChild<QPushButton*>(u"hazTodos"_s), Qt::LeftButton);
+  QTest::mouseClick(alto, Qt::LeftButton);
+  EXPECT_EQ(i->findChild<QLabel*>(u"mensaje"_s)->text(), u"Proceso interrumpido por el usuario");
+  EXPECT_EQ(t.cuenta(u"COLUMNA"_s) > 0, !hechos->text().isEmpty());
+  EXPECT_FALSE(i->trabajo().enMarcha());
+}
+
 TEST(VentanaPeriodos, UnFicheroMaloSeDiceConSuLinea) {
   MesaDeTotales t;
   t.ajustes.HomeDir = t.carpeta.path();

@@ -164,6 +164,32 @@ TEST(VentanaSesion, OlvidaYRecupera) {
   EXPECT_TRUE(v->findChild<QPushButton*>(u"Guardar"_s)->isEnabled());
 }
 
+// Asked about by a window that closes, a Return too many memorises nothing; opened on purpose it is
+// what Return does.
+TEST(VentanaSesion, AlCerrarOtraVentanaIntroNoMemoriza) {
+  for (const bool alSalir : {true, false}) {
+    MesaDeTotales t;
+    recibirDosDias(t);
+    auto* v = t.abrir(PuertaCerrSes{.alSalir = alSalir});
+    QTest::keyClick(v->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(t.sesion.estado(), alSalir ? 2 : 0);
+    EXPECT_EQ(t.cuenta(u"COLUMNA"_s), alSalir ? 0 : 1);
+  }
+}
+
+TEST(VentanaSesion, DiceEnQueEsta) {
+  MesaDeTotales t;
+  recibirDosDias(t);
+  auto* v = t.abrir(u"CerrSes"_s);
+  auto* estado = v->findChild<QLabel*>(u"estado"_s);
+  const Pintados pintados(*estado);
+  QTest::mouseClick(v->findChild<QPushButton*>(u"Guardar"_s), Qt::LeftButton);
+  EXPECT_EQ(pintados.textos, (QStringList{u"Analizando los últimos totales..."_s,
+                                          u"Incorporando totales a periodos..."_s}));
+  EXPECT_FALSE(estado->isVisible());
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Totales incorporados con éxito"));
+}
+
 TEST(VentanaSesion, BandejaVacia) {
   MesaDeTotales t;
   auto* v = t.abrir(u"CerrSes"_s);

@@ -195,7 +195,7 @@ bool gestcommVentana::QueryUnload() {
   const auto* quien = qobject_cast<const Ventana*>(dueno());
   const bool deAutomat = quien && quien->nombre() == u"Automat";
   if (s_.sesion.estado() == 2 && !deAutomat && contexto().ventanas.conoce<totals::PuertaCerrSes>())
-    static_cast<void>(preguntar(totals::PuertaCerrSes()));
+    static_cast<void>(preguntar(totals::PuertaCerrSes{.alSalir = true}));
   s_.motor.CambioAModo(true);  // no task waits for a button of a closed window
   return false;
 }

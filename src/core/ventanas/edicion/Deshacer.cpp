@@ -4,6 +4,7 @@
 
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::ventanas {
@@ -74,7 +75,7 @@ void Deshacer::juntar(int desde, int cuantas) {
 }
 
 void Deshacer::deshacer() {
-  if (pila_.empty()) return;
+  if (pila_.empty() || v_.trabajo().enMarcha()) return;
   const Cambio cambio = pila_.back();
   const auto hecho = cambio.vuelta();
   const bool puedePasar = !hecho && (hecho.error().clase == Fallo::Ocupado ||

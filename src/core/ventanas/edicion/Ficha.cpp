@@ -168,6 +168,11 @@ Campo& Ficha::anadir(Campo* campo) {
   return *campo;
 }
 
+void Ficha::apartar(Campo& campo, Renglon& renglon) {
+  std::erase(campos_, &campo);
+  renglon.campos_.push_back(&campo);
+}
+
 // --- operations
 
 void Ficha::ponerFrase(int texto, bool conLineas) {

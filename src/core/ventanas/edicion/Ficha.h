@@ -24,6 +24,7 @@
 #include "core/ventanas/edicion/Campo.h"
 #include "core/ventanas/edicion/Formulario.h"
 #include "core/ventanas/edicion/Opciones.h"
+#include "core/ventanas/edicion/Renglon.h"
 #include "core/ventanas/marco/Ventanas.h"
 
 class QCheckBox;
@@ -100,6 +101,8 @@ class Ficha : public Ventana {
   Campo& enlazarCampo(QListWidget& lista, int& fila);     // its current row, -1 if none
   Campo& enlazarTexto(QComboBox& lista, QString& donde);  // by its text; "" if none is selected
   Campo& anadir(Campo* campo);
+  // Moves a field from the sheet to a line of one of its lists.
+  void apartar(Campo& campo, Renglon& renglon);
 
   // --- validation
   // Returns the faults that no field detects by itself: a name already in use, an end before its

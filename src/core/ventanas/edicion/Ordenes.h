@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QToolBar>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "core/ventanas/marco/Ventana.h"
@@ -62,12 +63,23 @@ class Ordenes final : public QObject {
 // and no command is available meanwhile. The steps done before a stop are kept: the window reports
 // how far it got.
 struct Faena {
+  struct Fin {
+    qint64 hechos = 0;
+    bool parado = false;
+    std::optional<Error> error = {};
+  };
+
   QString que;
-  qint64 total = 0;
+  qint64 total = 0;  // steps, or what `hasta` counts
   // Does step `i`, from 0 on. An error ends the work, and is reported.
   std::function<Resultado<>(qint64 i)> paso;
-  // Called at the end, also of work stopped or failed, with the number of steps done.
-  std::function<void(qint64 hechos)> acabar = {};
+  // Called at the end, also of work stopped or failed.
+  std::function<void(const Fin& fin)> acabar = {};
+  std::function<QString()> parado = {};  // what is reported on a stop; empty: the number done
+  QWidgetList quietos = {};              // controls disabled meanwhile
+  // For steps whose number isn't known: the progress, and whether there is more to do.
+  std::function<qint64()> hasta = {};
+  std::function<bool()> sigue = {};
 };
 // False, without starting, while other work is under way.
 bool trabajar(Ventana& ventana, Ordenes* ordenes, Faena faena);
