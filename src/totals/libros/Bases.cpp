@@ -43,7 +43,7 @@ Resultado<Fecha> momentoDelCero(Database& db, int grupo, int addr, bool& anuncia
 
 // The machine has forgotten: none of its counters is memorised any more, in any kind.
 Resultado<> olvidar(Database& db, int grupo, int addr) {
-  for (const ClaseTotal& c : todasLasClases()) TARVO_INTENTAR(apartarBase(db, grupo, c.numero));
+  for (const ClaseTotal& c : todasLasClases()) TARVO_INTENTAR(apartarBase(db, grupo, c.tipo));
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
   TARVO_INTENTAR(db.ejecutar(QString(u"UPDATE Ceros SET HECHO=INTENCION, SEC_HECHO=SEC_INTENCION "_s
                                      u"WHERE GRUPO=? AND ADDR=? AND "_s +
@@ -74,9 +74,9 @@ Resultado<> fecharCero(Database& db, const Ajustes& ajustes, int grupo, Fecha cu
 
 // The kinds received from a group in the open session, with the sum of their amounts; the amount of
 // a separately cleared kind is added back.
-Resultado<std::multimap<qint64, int>> sumasRecibidas(Database& db, const Ajustes& ajustes,
-                                                     int grupo) {
-  std::multimap<qint64, int> sumas;
+Resultado<std::multimap<qint64, TipoTotal>> sumasRecibidas(Database& db, const Ajustes& ajustes,
+                                                           int grupo) {
+  std::multimap<qint64, TipoTotal> sumas;
   for (const ClaseTotal& c : enVigor(ajustes)) {
     TARVO_TOMAR(
         auto rs,
@@ -85,8 +85,8 @@ Resultado<std::multimap<qint64, int>> sumasRecibidas(Database& db, const Ajustes
                     u"WHERE Lecturas.GRUPO=CODGPO AND CLASE=?),0) FROM Sesiones LEFT JOIN "_s +
                     textoDe(c.tabla) + u" t ON t.GRUPO=CODGPO AND t.LINK=0 WHERE CODGPO=? AND "_s +
                     textoDe(c.sesion) + u" GROUP BY CODGPO"_s),
-            c.numero, grupo));
-    if (!rs->Eof()) sumas.emplace(rs->entero(0), c.numero);
+            numeroDe(c.tipo), grupo));
+    if (!rs->Eof()) sumas.emplace(rs->entero(0), c.tipo);
   }
   return sumas;
 }
@@ -94,13 +94,13 @@ Resultado<std::multimap<qint64, int>> sumasRecibidas(Database& db, const Ajustes
 // A faulty reading may be too low. So a kind is evidence only when another kind of the same session
 // has the same amount, or when no other was ever memorised. Nothing when no two agree: there is no
 // telling then.
-Resultado<std::optional<std::set<int>>> clasesFiables(Database& db, const Ajustes& ajustes,
-                                                      int grupo) {
+Resultado<std::optional<std::set<TipoTotal>>> clasesFiables(Database& db, const Ajustes& ajustes,
+                                                            int grupo) {
   TARVO_TOMAR(const auto sumas, sumasRecibidas(db, ajustes, grupo));
   TARVO_TOMAR(const auto memorizadas,
               db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL"_s, grupo));
   const bool sola = sumas.size() < 2 && memorizadas.entero() < 2;
-  std::set<int> fiables;
+  std::set<TipoTotal> fiables;
   for (const auto& [suma, clase] : sumas)
     if (sola || sumas.count(suma) > 1) fiables.insert(clase);
   return fiables.empty() ? std::nullopt : std::optional(fiables);

@@ -28,13 +28,13 @@ struct Base {
   Fecha desde, hasta;
 };
 
-Resultado<std::optional<Base>> leerBase(dao::Database& db, int grupo, int numero) {
+Resultado<std::optional<Base>> leerBase(dao::Database& db, int grupo, TipoTotal clase) {
   TARVO_TOMAR(
       auto rs,
       db.consultar(
           u"SELECT LINK, BASE_DESDE, BASE_HASTA FROM Lecturas WHERE GRUPO=? AND CLASE=? AND LINK IS "_s
           u"NOT NULL AND APARTE=1"_s,
-          grupo, numero));
+          grupo, numeroDe(clase)));
   if (rs->Eof()) return std::nullopt;
   return Base{rs->entero(0), rs->fecha(1), rs->fecha(2)};
 }
@@ -61,7 +61,7 @@ Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const Cl
                                  Periodos& periodos, const Calendario& calendario) {
   Recibido r;
   r.CODGPO = static_cast<int>(rs.entero(rs.columna(u"CODGPO"_s)));
-  r.clase = c.numero;
+  r.clase = c.tipo;
   r.hasta = rs.fecha(rs.columna(columna(c.hasta)));
   // An impossible date is as good as none; clocks are set back by an hour, not by days.
   const int desde = rs.columna(columna(c.desde));
@@ -69,7 +69,7 @@ Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const Cl
       !rs.nulo(desde) && rs.fecha(desde) > kSinPuestaACero && rs.fecha(desde) < r.hasta + 1.0;
   r.desde = r.baseDesde = vale ? rs.fecha(desde) : kSinPuestaACero;
   const auto horario = LeerHorario(rs.texto(rs.columna(u"HORARIO"_s)));
-  TARVO_TOMAR(const auto base, leerBase(db, r.CODGPO, c.numero));
+  TARVO_TOMAR(const auto base, leerBase(db, r.CODGPO, c.tipo));
   if (base) {
     TARVO_INTENTAR(situar(r, *base, calendario, periodos, horario));
   } else {
@@ -144,7 +144,7 @@ Resultado<> anotarDudosas(dao::Database& db, const std::vector<Recibido>& recibi
   for (const Recibido& r : recibidos)
     if (r.CODGPO == grupo)
       TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET BASE_DUDOSA=? WHERE GRUPO=? AND CLASE=?"_s,
-                                 mal.entero() > 0, grupo, r.clase));
+                                 mal.entero() > 0, grupo, numeroDe(r.clase)));
   return {};
 }
 
@@ -201,10 +201,10 @@ Resultado<EnBandeja> CerrSes::enBandeja() const {
   std::map<int, const Recibido*> cuenta;
   for (const Recibido& r : recibidos_) {
     auto [suyo, nuevo] = cuenta.try_emplace(r.CODGPO, &r);
-    if (!nuevo && r.clase == kGranTotal) suyo->second = &r;
+    if (!nuevo && r.clase == TipoTotal::GranTotal) suyo->second = &r;
   }
   for (const auto& [grupo, r] : cuenta) {
-    const QString tabla = columna(clase(r->clase)->tabla);
+    const QString tabla = NombreTabla(r->clase);
     TARVO_TOMAR(
         const auto leido,
         s_.base().uno(u"SELECT SUM(IMP) FROM %1 WHERE LINK=0 AND GRUPO=?"_s.arg(tabla), grupo));
@@ -212,7 +212,7 @@ Resultado<EnBandeja> CerrSes::enBandeja() const {
     if (!r->conBase) continue;
     TARVO_TOMAR(const auto base,
                 s_.base().uno(u"SELECT SUM(IMP) FROM BaseFilas WHERE GRUPO=? AND CLASE=?", grupo,
-                              r->clase));
+                              numeroDe(r->clase)));
     b.importe -= base.entero();
   }
   TARVO_TOMAR(const auto todos,

@@ -12,32 +12,33 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Number of rows and amount of a kind within a period and group.
-Resultado<std::pair<qint64, qint64>> sumaDe(dao::Database& db, int numero, qint64 link, int grupo) {
+Resultado<std::pair<qint64, qint64>> sumaDe(dao::Database& db, TipoTotal tipo, qint64 link,
+                                            int grupo) {
   TARVO_TOMAR(auto rs, db.consultar(QString(u"SELECT count(*), SUM(IMP) FROM "_s +
-                                            NombreTabla(numero) + u" WHERE LINK=? AND GRUPO=?"_s),
+                                            NombreTabla(tipo) + u" WHERE LINK=? AND GRUPO=?"_s),
                                     link, grupo));
   return std::pair{rs->entero(0), rs->entero(1)};
 }
 
 // Was this kind received whole for the group: in the open session for the inbox, at all for a
 // period?
-Resultado<bool> comparable(dao::Database& db, int numero, qint64 link, int grupo) {
+Resultado<bool> comparable(dao::Database& db, TipoTotal tipo, qint64 link, int grupo) {
   if (link != 0) return true;
   TARVO_TOMAR(
       const auto n,
       db.uno(
           QString(
-              u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND "_s + CampoSesion(numero) +
+              u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND "_s + CampoSesion(tipo) +
               u" AND NOT EXISTS (SELECT 1 FROM Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND ENTERA=0)"_s),
-          grupo, numero));
+          grupo, numeroDe(tipo)));
   return n.entero() > 0;
 }
 
 // The amount missing from the inbox rows of a kind that was cleared separately. Nothing when it is
 // unknown.
-Resultado<std::optional<qint64>> ajusteDe(dao::Database& db, int numero, int grupo) {
+Resultado<std::optional<qint64>> ajusteDe(dao::Database& db, TipoTotal tipo, int grupo) {
   TARVO_TOMAR(auto rs, db.consultar(u"SELECT AJUSTE FROM Lecturas WHERE GRUPO=? AND CLASE=?"_s,
-                                    grupo, numero));
+                                    grupo, numeroDe(tipo)));
   if (rs->Eof()) return 0;
   return rs->nulo(0) ? std::nullopt : std::optional(rs->entero(0));
 }
@@ -60,12 +61,12 @@ Resultado<QString> sumandos(dao::Database& db, const Textos& textos, qint64 link
 }
 
 Resultado<QString> origenDe(dao::Database& db, const Textos& textos, qint64 link, int grupo,
-                            int numero) {
+                            TipoTotal tipo) {
   TARVO_TOMAR(
       auto rs,
       db.consultar(
           u"SELECT LEIDO, DESDE, HASTA, MODO FROM Origenes WHERE LINK=? AND GRUPO=? AND CLASE=? ORDER BY LEIDO"_s,
-          link, grupo, numero));
+          link, grupo, numeroDe(tipo)));
   QStringList partes;
   for (; !rs->Eof();) {
     partes << textos(rs->texto(3) == u"diferencia"_s ? kTxLeidoDiferencia : kTxLeido,
@@ -80,15 +81,15 @@ Resultado<QString> origenDe(dao::Database& db, const Textos& textos, qint64 link
 Resultado<QString> informeGrupo(dao::Database& db, const Ajustes& a, const Textos& textos,
                                 qint64 link, int grupo, const QString& nombre) {
   QString texto = textos(kTxCuadreGrupo, {Ceros(grupo, 4), nombre}) + u'\n';
-  TARVO_TOMAR(const auto gran, sumaDe(db, kGranTotal, link, grupo));
+  TARVO_TOMAR(const auto gran, sumaDe(db, TipoTotal::GranTotal, link, grupo));
   for (const ClaseTotal& c : enVigor(a)) {
-    TARVO_TOMAR(const auto suma, sumaDe(db, c.numero, link, grupo));
+    TARVO_TOMAR(const auto suma, sumaDe(db, c.tipo, link, grupo));
     if (suma.first == 0) continue;
-    TARVO_TOMAR(const auto origen, origenDe(db, textos, link, grupo, c.numero));
-    const bool contra = gran.first > 0 && c.numero != kGranTotal;
+    TARVO_TOMAR(const auto origen, origenDe(db, textos, link, grupo, c.tipo));
+    const bool contra = gran.first > 0 && c.tipo != TipoTotal::GranTotal;
     const QString veredicto =
         !contra ? QString() : textos(suma.second == gran.second ? kTxCuadra : kTxNoCuadra);
-    texto += u"  %1 %2 %3  %4\n"_s.arg(textos(kTxNombreTotal + c.numero), -22)
+    texto += u"  %1 %2 %3  %4\n"_s.arg(textos(kTxNombreTotal + numeroDe(c.tipo)), -22)
                  .arg(VerImporte(a, suma.second, a.MonedaNativa ? 1 : 0), 14)
                  .arg(veredicto.leftJustified(9), origen);
   }
@@ -100,21 +101,21 @@ Resultado<QString> informeGrupo(dao::Database& db, const Ajustes& a, const Texto
 Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajustes& ajustes,
                                                   qint64 link, int grupo) {
   std::vector<Comparado> lista;
-  TARVO_TOMAR(const auto hay, comparable(db, kGranTotal, link, grupo));
-  TARVO_TOMAR(const auto gran, sumaDe(db, kGranTotal, link, grupo));
+  TARVO_TOMAR(const auto hay, comparable(db, TipoTotal::GranTotal, link, grupo));
+  TARVO_TOMAR(const auto gran, sumaDe(db, TipoTotal::GranTotal, link, grupo));
   // An empty grand total that was read must foot as well: its record may have been lost.
   if (!hay || (link != 0 && gran.first == 0)) return lista;
-  TARVO_TOMAR(const auto ajusteGran, ajusteDe(db, kGranTotal, grupo));
+  TARVO_TOMAR(const auto ajusteGran, ajusteDe(db, TipoTotal::GranTotal, grupo));
   for (const ClaseTotal& c : enVigor(ajustes)) {
-    if (c.numero == kGranTotal) continue;
-    TARVO_TOMAR(const auto vale, comparable(db, c.numero, link, grupo));
-    TARVO_TOMAR(const auto suma, sumaDe(db, c.numero, link, grupo));
-    TARVO_TOMAR(const auto ajuste, ajusteDe(db, c.numero, grupo));
+    if (c.tipo == TipoTotal::GranTotal) continue;
+    TARVO_TOMAR(const auto vale, comparable(db, c.tipo, link, grupo));
+    TARVO_TOMAR(const auto suma, sumaDe(db, c.tipo, link, grupo));
+    TARVO_TOMAR(const auto ajuste, ajusteDe(db, c.tipo, grupo));
     if (!vale || (link != 0 && suma.first == 0)) continue;
     if (link != 0)
-      lista.push_back({c.numero, gran.second, suma.second});
+      lista.push_back({c.tipo, gran.second, suma.second});
     else if (ajusteGran && ajuste)
-      lista.push_back({c.numero, gran.second + *ajusteGran, suma.second + *ajuste});
+      lista.push_back({c.tipo, gran.second + *ajusteGran, suma.second + *ajuste});
   }
   return lista;
 }
@@ -145,13 +146,13 @@ Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, const Textos
     bien = false;
     avisos.push_back({grupo,
                       textos(kTxGranTotalNoCuadra, {grupo, VerImporte(ajustes, c.granTotal, moneda),
-                                                    textos(kTxNombreTotal + c.clase),
+                                                    textos(kTxNombreTotal + numeroDe(c.clase)),
                                                     VerImporte(ajustes, c.suma, moneda)}),
                       true});
   }
   if (!bien)
     TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET ESTADO=4 WHERE GRUPO=? AND CLASE=?"_s, grupo,
-                               kGranTotal));
+                               numeroDe(TipoTotal::GranTotal)));
   return {};
 }
 

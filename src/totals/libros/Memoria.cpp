@@ -31,9 +31,9 @@ QString lista(const std::vector<int>& grupos) {
 
 Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool sustituir,
                                          std::vector<Aviso>& avisos) {
-  const ClaseTotal* c = clase(r.clase);
+  const ClaseTotal& c = claseDe(r.clase);
   TARVO_TOMAR(auto viejo, db_.consultar(QString(u"SELECT count(*), SUM(CON), SUM(IMP) FROM "_s +
-                                                u16(c->tabla) + u" WHERE LINK=? AND GRUPO=?"_s),
+                                                u16(c.tabla) + u" WHERE LINK=? AND GRUPO=?"_s),
                                         link, r.CODGPO));
   if (viejo->entero(0) == 0) return r.conBase ? Modo::Sumar : Modo::Nueva;
   if (!sustituir || r.conBase) return Modo::Sumar;
@@ -47,13 +47,13 @@ Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool su
   TARVO_TOMAR(
       const auto otras,
       db_.uno(u"SELECT count(*) FROM Origenes WHERE LINK=? AND GRUPO=? AND CLASE=? AND HASTA<=?"_s,
-              link, r.CODGPO, r.clase, r.desde));
+              link, r.CODGPO, numeroDe(r.clase), r.desde));
   if (otras.entero() > 0) {
     const Aviso a{r.CODGPO, p_.textos()(kTxVentasDeAntes, {r.CODGPO}), false};
     if (std::ranges::find(avisos, a.texto, &Aviso::texto) == avisos.end()) avisos.push_back(a);
     return Modo::Otras;
   }
-  TARVO_TOMAR(const auto nuevo, db_.uno(QString(u"SELECT SUM(CON) FROM "_s + u16(c->tabla) +
+  TARVO_TOMAR(const auto nuevo, db_.uno(QString(u"SELECT SUM(CON) FROM "_s + u16(c.tabla) +
                                                 u" WHERE LINK=0 AND GRUPO=?"_s),
                                         r.CODGPO));
   if (nuevo.entero() >= viejo->entero(1)) return Modo::Poner;
@@ -66,20 +66,20 @@ Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool su
   return Modo::Otras;
 }
 
-Resultado<> Memoria::moverNuevas(int numero, const std::vector<int>& grupos, qint64 link) {
-  const ClaseTotal* c = clase(numero);
-  const QString columnas = QString(c->conHora ? u"GRUPO, CODI, HORA, CON, PES, IMP, SCO"_s
-                                              : u"GRUPO, CODI, CON, PES, IMP, SCO"_s);
-  TARVO_INTENTAR(db_.ejecutar(QString(u"INSERT INTO "_s + u16(c->tabla) + u" (LINK, "_s + columnas +
-                                      u") SELECT ?, "_s + columnas + u" FROM "_s + u16(c->tabla) +
+Resultado<> Memoria::moverNuevas(TipoTotal tipo, const std::vector<int>& grupos, qint64 link) {
+  const ClaseTotal& c = claseDe(tipo);
+  const QString columnas = QString(c.conHora ? u"GRUPO, CODI, HORA, CON, PES, IMP, SCO"_s
+                                             : u"GRUPO, CODI, CON, PES, IMP, SCO"_s);
+  TARVO_INTENTAR(db_.ejecutar(QString(u"INSERT INTO "_s + u16(c.tabla) + u" (LINK, "_s + columnas +
+                                      u") SELECT ?, "_s + columnas + u" FROM "_s + u16(c.tabla) +
                                       u" WHERE LINK=0 AND GRUPO IN ("_s + lista(grupos) + u")"_s),
                               link));
   return {};
 }
 
 Resultado<> Memoria::mover(const Recibido& r, qint64 link, Modo modo) {
-  const ClaseTotal* c = clase(r.clase);
-  const QString tabla = u16(c->tabla);
+  const ClaseTotal& c = claseDe(r.clase);
+  const QString tabla = u16(c.tabla);
   if (modo == Modo::Poner)
     TARVO_INTENTAR(db_.ejecutar(QString(u"DELETE FROM "_s + tabla + u" WHERE LINK=? AND GRUPO=?"_s),
                                 link, r.CODGPO));
@@ -93,11 +93,11 @@ Resultado<> Memoria::mover(const Recibido& r, qint64 link, Modo modo) {
         u"SUM(SCO) AS SCO FROM "_s
         u"BaseFilas WHERE GRUPO=%1 AND CLASE=%2 GROUP BY CODI, HORA) b ON b.CODI=i.CODI AND b.HORA="_s
             .arg(r.CODGPO)
-            .arg(r.clase) +
-        horaDe(*c, u"i."_s);
+            .arg(numeroDe(r.clase)) +
+        horaDe(c, u"i."_s);
   }
-  const QString hora = c->conHora ? u", HORA"_s : QString();
-  const QString horaI = c->conHora ? u", i.HORA"_s : QString();
+  const QString hora = c.conHora ? u", HORA"_s : QString();
+  const QString horaI = c.conHora ? u", i.HORA"_s : QString();
   TARVO_INTENTAR(db_.ejecutar(
       QString(u"INSERT INTO "_s + tabla + u" (LINK, GRUPO, CODI"_s + hora +
               u", CON, PES, IMP, SCO) SELECT ?, i.GRUPO, i.CODI"_s + horaI + u", "_s + valores +
@@ -114,34 +114,34 @@ Resultado<> Memoria::mover(const Recibido& r, qint64 link, Modo modo) {
 // The memorised amount of a code missing from a whole reading is taken off as well, like any other
 // difference.
 Resultado<> Memoria::quitarAusentes(const Recibido& r, qint64 link) {
-  const ClaseTotal* c = clase(r.clase);
-  const QString tabla = u16(c->tabla), hora = c->conHora ? u", HORA"_s : QString();
+  const ClaseTotal& c = claseDe(r.clase);
+  const QString tabla = u16(c.tabla), hora = c.conHora ? u", HORA"_s : QString();
   TARVO_INTENTAR(db_.ejecutar(
       QString(
           u"INSERT INTO "_s + tabla + u" (LINK, GRUPO, CODI"_s + hora +
           u", CON, PES, IMP, SCO) SELECT ?, b.GRUPO, b.CODI"_s +
-          (c->conHora ? u", b.HORA"_s : QString()) +
+          (c.conHora ? u", b.HORA"_s : QString()) +
           u", -SUM(b.CON), -SUM(b.PES), -SUM(b.IMP), -SUM(b.SCO) FROM BaseFilas b "_s
           u"WHERE b.GRUPO=? AND b.CLASE=? AND NOT EXISTS (SELECT 1 FROM "_s +
           tabla + u" i WHERE i.LINK=0 AND i.GRUPO=b.GRUPO AND i.CODI=b.CODI"_s +
-          (c->conHora ? u" AND i.HORA=b.HORA"_s : QString()) +
+          (c.conHora ? u" AND i.HORA=b.HORA"_s : QString()) +
           u") AND EXISTS (SELECT 1 FROM Lecturas l WHERE l.GRUPO=b.GRUPO AND l.CLASE=b.CLASE AND l.ENTERA<>0) "_s
           u"GROUP BY b.GRUPO, b.CODI, b.HORA ON CONFLICT (LINK, GRUPO, CODI"_s +
           hora +
           u") DO UPDATE SET CON=COALESCE(CON,0)+excluded.CON, PES=COALESCE(PES,0)+excluded.PES, "_s
           u"IMP=COALESCE(IMP,0)+excluded.IMP, SCO=COALESCE(SCO,0)+excluded.SCO"_s),
-      link, r.CODGPO, r.clase));
+      link, r.CODGPO, numeroDe(r.clase)));
   return {};
 }
 
 // From now on the machines' counters hold what this period has, except for machines zeroed since
 // they were read.
 Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
-  TARVO_INTENTAR(
-      db_.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO, r.clase));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO,
+                              numeroDe(r.clase)));
   TARVO_TOMAR(auto rs,
               db_.consultar(u"SELECT MAQUINAS, SEC, ADDR FROM Lecturas WHERE GRUPO=? AND CLASE=?"_s,
-                            r.CODGPO, r.clase));
+                            r.CODGPO, numeroDe(r.clase)));
   if (rs->Eof()) return {};
   const qint64 sec = rs->entero(1);
   bool queda, aparte = false;
@@ -149,11 +149,11 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
     TARVO_INTENTAR(db_.ejecutar(
         u"INSERT INTO BaseFilas SELECT * FROM LectFilas WHERE GRUPO=? AND CLASE=? AND "_s
         u"ADDR NOT IN (SELECT ADDR FROM Ceros WHERE Ceros.GRUPO=LectFilas.GRUPO AND SEC_HECHO>?)"_s,
-        r.CODGPO, r.clase, sec));
-    const auto todas =
-        db_.uno(u"SELECT count(*) FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO, r.clase);
-    const auto base =
-        db_.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO, r.clase);
+        r.CODGPO, numeroDe(r.clase), sec));
+    const auto todas = db_.uno(u"SELECT count(*) FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s,
+                               r.CODGPO, numeroDe(r.clase));
+    const auto base = db_.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s,
+                              r.CODGPO, numeroDe(r.clase));
     if (!todas || !base) return std::unexpected(todas ? base.error() : todas.error());
     queda = base->entero() > 0;
     aparte = queda;
@@ -166,21 +166,22 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
   }
   TARVO_INTENTAR(db_.ejecutar(
       u"UPDATE Lecturas SET LINK=?, BASE_DESDE=?, BASE_HASTA=?, APARTE=? WHERE GRUPO=? AND CLASE=?"_s,
-      queda ? dao::Valor(link) : dao::Valor(), r.baseDesde, r.hasta, aparte, r.CODGPO, r.clase));
+      queda ? dao::Valor(link) : dao::Valor(), r.baseDesde, r.hasta, aparte, r.CODGPO,
+      numeroDe(r.clase)));
   return {};
 }
 
 Resultado<> Memoria::anotarOrigen(const Recibido& r, qint64 link) {
-  const ClaseTotal* c = clase(r.clase);
+  const ClaseTotal& c = claseDe(r.clase);
   TARVO_INTENTAR(
       db_.ejecutar(QString(u"INSERT INTO Origenes (LINK, GRUPO, CLASE, EJECUCION, "_s
                            u"LEIDO, DESDE, HASTA, MODO, FILAS, CON, IMP) "_s
                            u"SELECT ?, ?, ?, ?, (SELECT FIN FROM Lecturas WHERE GRUPO=? "_s
                            u"AND CLASE=?), ?, ?, ?, count(*), SUM(CON), SUM(IMP) "_s
                            u"FROM "_s +
-                           u16(c->tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
-                   link, r.CODGPO, r.clase, ejecucion_, r.CODGPO, r.clase, r.desde, r.hasta,
-                   r.conBase ? u"diferencia"_s : u"lectura"_s, r.CODGPO));
+                           u16(c.tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
+                   link, r.CODGPO, numeroDe(r.clase), ejecucion_, r.CODGPO, numeroDe(r.clase),
+                   r.desde, r.hasta, r.conBase ? u"diferencia"_s : u"lectura"_s, r.CODGPO));
   return {};
 }
 
@@ -211,7 +212,7 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
     modos.push_back(modo);
   }
   sumarSiHayOtras(lecturas, modos);
-  std::map<int, std::vector<int>> sustituidos;
+  std::map<TipoTotal, std::vector<int>> sustituidos;
   for (size_t i = 0; i < lecturas.size(); ++i)
     if (modos[i] == Modo::Poner) sustituidos[lecturas[i].clase].push_back(lecturas[i].CODGPO);
   bool conAjenas = false;
@@ -234,7 +235,7 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
     if (sustituir && !descr.isEmpty())
       TARVO_INTENTAR(db_.ejecutar(u"UPDATE COLUMNA SET DESCR=? WHERE LINK=?"_s, descr, link));
   }
-  std::map<int, std::vector<int>> nuevas;
+  std::map<TipoTotal, std::vector<int>> nuevas;
   for (size_t i = 0; i < lecturas.size(); ++i) {
     if (modos[i] == Modo::Nueva) {
       nuevas[lecturas[i].clase].push_back(lecturas[i].CODGPO);
@@ -242,7 +243,7 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
       TARVO_INTENTAR(mover(lecturas[i], link, modos[i]));
     }
   }
-  for (const auto& [numero, grupos] : nuevas) TARVO_INTENTAR(moverNuevas(numero, grupos, link));
+  for (const auto& [tipo, grupos] : nuevas) TARVO_INTENTAR(moverNuevas(tipo, grupos, link));
   for (const Recibido& r : lecturas) {
     TARVO_INTENTAR(anotarOrigen(r, link));
     TARVO_INTENTAR(anotarBase(r, link));

@@ -21,10 +21,10 @@ Resultado<bool> Memoria::tieneAcumulados(const Columna& c) {
 
 // Does the period have rows of groups and kinds other than those about to be replaced?
 Resultado<bool> Memoria::tieneAjenas(qint64 link,
-                                     const std::map<int, std::vector<int>>& sustituidos) {
+                                     const std::map<TipoTotal, std::vector<int>>& sustituidos) {
   for (const ClaseTotal& c : enVigor(a_)) {
     QStringList grupos;
-    if (const auto suyos = sustituidos.find(c.numero); suyos != sustituidos.end())
+    if (const auto suyos = sustituidos.find(c.tipo); suyos != sustituidos.end())
       for (const int g : suyos->second) grupos << QString::number(g);
     TARVO_TOMAR(const auto n,
                 db_.uno(QString(u"SELECT count(*) FROM "_s + QString::fromUtf16(c.tabla) +

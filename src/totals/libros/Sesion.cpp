@@ -105,13 +105,12 @@ Resultado<> Sesion::reflejar() {
   return ajustes_.GuardarConfig();
 }
 
-Resultado<bool> Sesion::PuedeRecibir(int grupo, int numero) {
-  const ClaseTotal* c = clase(numero);
-  if (!c) return true;
+Resultado<bool> Sesion::PuedeRecibir(int grupo, TipoTotal clase) {
+  const ClaseTotal& c = claseDe(clase);
   TARVO_TOMAR(
       const auto rs,
-      db_.consultar(QString(u"SELECT PZERO, "_s + QString::fromUtf16(c->hasta) + u", "_s +
-                            QString::fromUtf16(c->sesion) + u" FROM Sesiones WHERE CODGPO=?"_s),
+      db_.consultar(QString(u"SELECT PZERO, "_s + QString::fromUtf16(c.hasta) + u", "_s +
+                            QString::fromUtf16(c.sesion) + u" FROM Sesiones WHERE CODGPO=?"_s),
                     grupo));
   if (rs->Eof() || d->abierta == 0 || !rs->logico(2)) return true;
   // A zeroing begun after this reading, confirmed or not: for its machine the reading is all that
@@ -121,18 +120,18 @@ Resultado<bool> Sesion::PuedeRecibir(int grupo, int numero) {
       db_.uno(
           u"SELECT count(*) FROM Ceros, Lecturas WHERE Ceros.GRUPO=? AND Lecturas.GRUPO=Ceros.GRUPO "_s
           u"AND Lecturas.CLASE=? AND SEC_INTENCION>SEC"_s,
-          grupo, numero));
+          grupo, numeroDe(clase)));
   if (empezada.entero() > 0) return false;
   if (rs->nulo(0) || rs->nulo(1)) return true;
   return rs->fecha(0) < rs->fecha(1);
 }
 
-Resultado<> Sesion::PrepararRecepcion(int grupo, int numero) {
-  return d->anotarLectura(grupo, numero, Estado::kEnCurso, reloj_.ahora());
+Resultado<> Sesion::PrepararRecepcion(int grupo, TipoTotal clase) {
+  return d->anotarLectura(grupo, clase, Estado::kEnCurso, reloj_.ahora());
 }
 
-Resultado<> Sesion::lecturaFallida(int grupo, int numero) {
-  return d->anotarLectura(grupo, numero, Estado::kFallida, reloj_.ahora());
+Resultado<> Sesion::lecturaFallida(int grupo, TipoTotal clase) {
+  return d->anotarLectura(grupo, clase, Estado::kFallida, reloj_.ahora());
 }
 
 }  // namespace tarvo::totals

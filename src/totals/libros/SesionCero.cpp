@@ -25,7 +25,8 @@ Resultado<QString> motivoDeLecturas(Database& db, const Textos& textos, int grup
           grupo));
   if (rs->Eof()) return QString();
   if (rs->entero(1) == 4) return textos(kTxNoCuadraSinCero, {grupo});
-  return textos(kTxFaltaLectura, {grupo, NombreTabla(static_cast<int>(rs->entero(0)))});
+  const auto clase = deNumero<TipoTotal>(rs->entero(0));
+  return textos(kTxFaltaLectura, {grupo, clase ? NombreTabla(*clase) : QString()});
 }
 
 // The amount of a kind's reading in this session; nothing when it has no such reading. `entera`:
@@ -41,7 +42,7 @@ Resultado<std::optional<qint64>> importeLeido(Database& db, const ClaseTotal& c,
                                   {{u"totales", QString::fromUtf16(c.tabla)},
                                    {u"enSesion", QString::fromUtf16(c.sesion)},
                                    {u"cuanta", entera ? u"ENTERA<>0"_s : u"ENTERA=0"_s}}),
-                   grupo, c.numero));
+                   grupo, numeroDe(c.tipo)));
   if (rs->Eof()) return std::nullopt;
   return rs->entero(0);
 }
@@ -50,10 +51,10 @@ Resultado<std::optional<qint64>> importeLeido(Database& db, const ClaseTotal& c,
 // machine is cleared. Only a grand total of the same session can show that there are none.
 Resultado<QString> motivoDeParte(Database& db, const Ajustes& ajustes, const Textos& textos,
                                  int grupo) {
-  TARVO_TOMAR(const auto todo, importeLeido(db, *clase(kGranTotal), grupo, true));
+  TARVO_TOMAR(const auto todo, importeLeido(db, claseDe(TipoTotal::GranTotal), grupo, true));
   for (const ClaseTotal& c : enVigor(ajustes)) {
     TARVO_TOMAR(const auto parte, importeLeido(db, c, grupo, false));
-    if (parte && todo != parte) return textos(kTxSoloUnaParte, {grupo, NombreTabla(c.numero)});
+    if (parte && todo != parte) return textos(kTxSoloUnaParte, {grupo, NombreTabla(c.tipo)});
   }
   return QString();
 }
@@ -70,8 +71,8 @@ Resultado<QString> clasesQueEsperan(Database& db, const Ajustes& ajustes, int gr
             QString(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND CODGPO=GRUPO AND "_s
                     u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND "_s +
                     QString::fromUtf16(c.sesion)),
-            grupo, c.numero));
-    if (n.entero() > 0) clases << QString::number(c.numero);
+            grupo, numeroDe(c.tipo)));
+    if (n.entero() > 0) clases << QString::number(numeroDe(c.tipo));
   }
   return clases.join(u',');
 }
@@ -84,12 +85,12 @@ Resultado<> quitarDeLaBase(Database& db, int grupo, int addr, const QString& men
           u"SELECT CLASE FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND MAQUINAS>1 AND "_s
           u"CLASE NOT IN (%1)"_s.arg(menos),
           grupo));
-  std::vector<int> clases;
+  std::vector<TipoTotal> clases;
   for (; !rs->Eof();) {
-    clases.push_back(static_cast<int>(rs->entero(0)));
+    if (const auto clase = deNumero<TipoTotal>(rs->entero(0))) clases.push_back(*clase);
     TARVO_INTENTAR(rs->MoveNext());
   }
-  for (const int c : clases) TARVO_INTENTAR(apartarBase(db, grupo, c));
+  for (const TipoTotal c : clases) TARVO_INTENTAR(apartarBase(db, grupo, c));
   TARVO_INTENTAR(db.ejecutar(
       u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=? AND CLASE NOT IN (%1)"_s.arg(menos), grupo,
       addr));

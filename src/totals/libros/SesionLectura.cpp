@@ -46,8 +46,9 @@ Resultado<> escribirBandeja(Database& db, const ClaseTotal& c, int grupo,
 
 // Several machines in one group: each one's own rows, since a sum can't show later whose part was
 // zeroed.
-Resultado<> escribirPorMaquina(Database& db, int grupo, int numero, const Lectura& lectura) {
-  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s, grupo, numero));
+Resultado<> escribirPorMaquina(Database& db, int grupo, TipoTotal tipo, const Lectura& lectura) {
+  TARVO_INTENTAR(
+      db.ejecutar(u"DELETE FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s, grupo, numeroDe(tipo)));
   if (lectura.maquinas.size() < 2) return {};
   TARVO_TOMAR(
       auto st,
@@ -56,8 +57,8 @@ Resultado<> escribirPorMaquina(Database& db, int grupo, int numero, const Lectur
           u"(?,?,?,?,?,?,?,?,?)"_s));
   for (const auto& [addr, filas] : lectura.maquinas) {
     for (const auto& [clave, v] : filas) {
-      const qint64 campos[] = {grupo, numero, addr,  clave.first, clave.second,
-                               v.CON, v.PES,  v.IMP, v.SCO};
+      const qint64 campos[] = {grupo, numeroDe(tipo), addr,  clave.first, clave.second,
+                               v.CON, v.PES,          v.IMP, v.SCO};
       for (int i = 0; i < 9; ++i) st->ligar(i, campos[i]);
       TARVO_INTENTAR(st->ejecutar());
     }
@@ -74,7 +75,7 @@ Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
               db.uno(QString(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND "_s +
                              texto16(c.sesion) +
                              u" AND GRUPO=CODGPO AND CLASE=? AND (LINK IS NULL OR APARTE=1)"_s),
-                     grupo, c.numero));
+                     grupo, numeroDe(c.tipo)));
   TARVO_TOMAR(const auto espera, hayDudas(db, grupo));
   if ((!abierta || viva.entero() == 0) && !espera) return false;
   TARVO_TOMAR(
@@ -93,49 +94,49 @@ Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
 
 }  // namespace
 
-Resultado<> apartarBase(Database& db, int grupo, int numero) {
-  const ClaseTotal* c = clase(numero);
+Resultado<> apartarBase(Database& db, int grupo, TipoTotal tipo) {
+  const ClaseTotal& c = claseDe(tipo);
   TARVO_TOMAR(
       auto rs,
       db.consultar(
           u"SELECT MAQUINAS, ADDR FROM Lecturas WHERE GRUPO=? AND CLASE=? AND LINK IS NOT NULL AND "_s
           u"APARTE=0"_s,
-          grupo, numero));
+          grupo, numeroDe(tipo)));
   if (rs->Eof()) return {};
   const bool varias = rs->entero(0) > 1;
   const qint64 addr = rs->entero(1);
-  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, grupo, numero));
+  TARVO_INTENTAR(
+      db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, grupo, numeroDe(tipo)));
   if (varias) {
     TARVO_INTENTAR(
         db.ejecutar(u"INSERT INTO BaseFilas SELECT * FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s,
-                    grupo, numero));
+                    grupo, numeroDe(tipo)));
   } else {
     TARVO_INTENTAR(db.ejecutar(
         QString(u"INSERT INTO BaseFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, "_s
                 u"IMP, SCO) SELECT GRUPO, ?, ?, CODI, "_s +
-                QString(c->conHora ? u"HORA"_s : u"0"_s) + u", CON, PES, IMP, SCO FROM "_s +
-                texto16(c->tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
-        numero, addr, grupo));
+                QString(c.conHora ? u"HORA"_s : u"0"_s) + u", CON, PES, IMP, SCO FROM "_s +
+                texto16(c.tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
+        numeroDe(tipo), addr, grupo));
   }
-  TARVO_INTENTAR(
-      db.ejecutar(u"UPDATE Lecturas SET APARTE=1 WHERE GRUPO=? AND CLASE=?"_s, grupo, numero));
+  TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET APARTE=1 WHERE GRUPO=? AND CLASE=?"_s, grupo,
+                             numeroDe(tipo)));
   return {};
 }
 
-Resultado<> Sesion::Estado::anotarLectura(int grupo, int numero, Lectura estado, Fecha ahora) {
+Resultado<> Sesion::Estado::anotarLectura(int grupo, TipoTotal tipo, Lectura estado, Fecha ahora) {
   TARVO_INTENTAR(db.ejecutar(
       u"INSERT INTO Lecturas (GRUPO, CLASE, EJECUCION, ESTADO, INICIO) VALUES (?, ?, ?, ?, ?) "_s
       u"ON CONFLICT (GRUPO, CLASE) DO UPDATE SET EJECUCION=excluded.EJECUCION, "_s
       u"ESTADO=excluded.ESTADO, "_s
       u"INICIO=excluded.INICIO"_s,
-      grupo, numero, ejecucion, int{estado}, ahora));
+      grupo, numeroDe(tipo), ejecucion, int{estado}, ahora));
   return {};
 }
 
-Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura,
+Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lectura,
                                    std::vector<Aviso>& avisos) {
-  const ClaseTotal* c = clase(numero);
-  if (!c) return fallo(Fallo::Interno, textos_(kTxNoEsDeTotales, {numero}));
+  const ClaseTotal& c = claseDe(tipo);
   Lectura::Filas deVarias;
   const Lectura::Filas& suma = sumaDeMaquinas(lectura, deVarias);
   const Estado::Foto antes = d->foto();
@@ -143,30 +144,30 @@ Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura
 
   const auto guardar = [&]() -> Resultado<> {
     TARVO_TOMAR(const auto pisa,
-                pisariaVentas(db_, *c, grupo, suma, lectura.entera, d->abierta > 0));
+                pisariaVentas(db_, c, grupo, suma, lectura.entera, d->abierta > 0));
     if (pisa) return fallo(Fallo::Restriccion, textos_(kTxMemoriceAntes, {grupo}));
     TARVO_TOMAR(const auto abierta, AbrirSesion());
     if (!abierta) d->renovar(reloj_.ahora());
-    TARVO_INTENTAR(apartarBase(db_, grupo, numero));
-    TARVO_INTENTAR(escribirBandeja(db_, *c, grupo, suma));
-    TARVO_INTENTAR(escribirPorMaquina(db_, grupo, numero, lectura));
+    TARVO_INTENTAR(apartarBase(db_, grupo, tipo));
+    TARVO_INTENTAR(escribirBandeja(db_, c, grupo, suma));
+    TARVO_INTENTAR(escribirPorMaquina(db_, grupo, tipo, lectura));
     TARVO_INTENTAR(
         db_.ejecutar(u"INSERT INTO Sesiones (CODGPO) SELECT ? WHERE NOT EXISTS (SELECT 1 FROM "_s
                      u"Sesiones WHERE CODGPO=?)"_s,
                      grupo, grupo));
     TARVO_INTENTAR(db_.ejecutar(
-        QString(u"UPDATE Sesiones SET "_s + texto16(c->desde) + u"=PZERO, "_s + texto16(c->hasta) +
-                u"=?, "_s + texto16(c->sesion) + u"=TRUE WHERE CODGPO=?"_s),
+        QString(u"UPDATE Sesiones SET "_s + texto16(c.desde) + u"=PZERO, "_s + texto16(c.hasta) +
+                u"=?, "_s + texto16(c.sesion) + u"=TRUE WHERE CODGPO=?"_s),
         d->hasta, grupo));
     TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
-    TARVO_INTENTAR(d->anotarLectura(grupo, numero, Estado::kCompleta, reloj_.ahora()));
+    TARVO_INTENTAR(d->anotarLectura(grupo, tipo, Estado::kCompleta, reloj_.ahora()));
     const int maquinas = static_cast<int>(lectura.maquinas.size());
     TARVO_INTENTAR(db_.ejecutar(
         u"UPDATE Lecturas SET SEC=?, FIN=?, ENTERA=?, MAQUINAS=?, ADDR=? WHERE GRUPO=? AND "_s
         u"CLASE=?"_s,
         sec, reloj_.ahora(), lectura.entera, maquinas,
-        maquinas == 1 ? lectura.maquinas.begin()->first : 0, grupo, numero));
-    TARVO_INTENTAR(anotarPartes(db_, grupo, *c, lectura));
+        maquinas == 1 ? lectura.maquinas.begin()->first : 0, grupo, numeroDe(tipo)));
+    TARVO_INTENTAR(anotarPartes(db_, grupo, c, lectura));
     TARVO_INTENTAR(ponerEstado(2));
     return tr.confirmar();
   };
@@ -176,7 +177,7 @@ Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura
   }
   d->leidosAhora.insert(grupo);
   const auto tarde = db_.uno(QString(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND "_s +
-                                     texto16(c->desde) + u">"_s + texto16(c->hasta)),
+                                     texto16(c.desde) + u">"_s + texto16(c.hasta)),
                              grupo);
   if (tarde && tarde->entero() > 0)
     avisos.push_back({grupo, textos_(kTxCeroPosterior, {grupo}), true});

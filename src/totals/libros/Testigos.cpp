@@ -33,7 +33,7 @@ Resultado<> sumarLoLeido(Database& db, const Releida& r, std::map<int, Testimoni
       auto rs,
       r.varias ? db.consultar(u"SELECT ADDR, SUM(CON), SUM(IMP) FROM LectFilas WHERE GRUPO=? AND "_s
                               u"CLASE=? GROUP BY ADDR"_s,
-                              r.grupo, r.clase->numero)
+                              r.grupo, numeroDe(r.clase->tipo))
                : db.consultar(QString(u"SELECT ?, SUM(CON), SUM(IMP) FROM "_s + deLaBandeja(r) +
                                       u" WHERE LINK=0 AND GRUPO=?"_s),
                               r.addr, r.grupo));
@@ -63,7 +63,7 @@ Resultado<std::vector<Releida>> releidas(Database& db, const Ajustes& ajustes) {
                              u"WHERE CODGPO=GRUPO AND CLASE=? AND LINK IS NOT NULL AND APARTE=1 "_s
                              u"AND BASE_DUDOSA=0 AND "_s +
                              QString::fromUtf16(c.sesion) + u" ORDER BY GRUPO"_s),
-                     c.numero));
+                     numeroDe(c.tipo)));
     for (; !rs->Eof();) {
       lista.push_back({static_cast<int>(rs->entero(0)), &c, rs->entero(1) > 1, rs->logico(2),
                        rs->entero(3), rs->entero(4)});
@@ -84,7 +84,7 @@ Resultado<std::map<int, Testimonio>> testimoniosDe(Database& db, const Releida& 
   if (!r.entera) sql += u" AND n.CON IS NOT NULL"_s;
   if (!r.varias) sql += u" AND b.ADDR="_s + QString::number(r.addr);
   TARVO_TOMAR(auto rs,
-              db.consultar(QString(sql + u" GROUP BY b.ADDR"_s), r.grupo, r.clase->numero));
+              db.consultar(QString(sql + u" GROUP BY b.ADDR"_s), r.grupo, numeroDe(r.clase->tipo)));
   std::map<int, Testimonio> t;
   for (; !rs->Eof();) {
     t[static_cast<int>(rs->entero(0))] = {
@@ -102,7 +102,7 @@ Resultado<std::map<int, Testimonios>> testimoniosDeGrupo(Database& db,
   for (const Releida& r : lista) {
     if (r.grupo != grupo) continue;
     TARVO_TOMAR(const auto deClase, testimoniosDe(db, r));
-    for (const auto& [addr, t] : deClase) todos[addr][r.clase->numero] = t;
+    for (const auto& [addr, t] : deClase) todos[addr][r.clase->tipo] = t;
   }
   return todos;
 }
@@ -126,7 +126,7 @@ Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
   if (!baja && !todas) return Veredicto::Duda;
   if (firmes(t)) return Veredicto::Guarda;
   const Testimonio& f = masFino(t);
-  const auto gran = t.find(kGranTotal);
+  const auto gran = t.find(TipoTotal::GranTotal);
   const Testimonio& g = gran == t.end() ? f : gran->second;
   const bool cayo = g.conAhora < g.conAntes, aMenosDeMedias = 2 * g.conAhora < g.conAntes;
   const bool caenTodos = f.bajas > 0 && f.bajas >= kPorBaja * f.iguales;

@@ -83,7 +83,7 @@ Resultado<> Papelera::guardar(qint64 lote, const Columna& c, bool soloFilas) {
                   {{u"fila", kColumnasFila},
                    {u"hora", k.conHora ? u"HORA"_s : u"0"_s},
                    {u"tabla", tablaDe(k)}}),
-        lote, k.numero, c.LINK));
+        lote, numeroDe(k.tipo), c.LINK));
   if (db_.existeTabla(u"Origenes"))
     TARVO_INTENTAR(db_.ejecutar(
         conMarcas(u"INSERT INTO PapeleraOrig (LOTE, {origen}) SELECT ?, {origen} FROM Origenes "
@@ -157,7 +157,7 @@ Resultado<> Papelera::reponer(qint64 lote, const Columna& c, bool soloFilas) {
                   u"{claves}, CON, PES, [IMP], SCO FROM PapeleraFilas WHERE LOTE=? AND LINK=? AND "
                   u"CLASE=?",
                   {{u"tabla", tablaDe(k)}, {u"claves", clavesDe(k)}}),
-        lote, c.LINK, k.numero));
+        lote, c.LINK, numeroDe(k.tipo)));
   if (db_.existeTabla(u"Origenes"))
     TARVO_INTENTAR(db_.ejecutar(
         conMarcas(u"INSERT INTO Origenes ({origen}) SELECT {origen} FROM PapeleraOrig WHERE "

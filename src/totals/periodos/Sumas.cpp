@@ -26,7 +26,7 @@ Resultado<> Sumas::guardar(qint64 origen, qint64 lote) {
             u"INSERT INTO PapeleraSuma (LOTE, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) "
             u"SELECT ?, ?, GRUPO, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} WHERE LINK=?",
             {{u"hora", horaDe(c)}, {u"tabla", tablaDeSuma(c)}}),
-        lote, c.numero, origen));
+        lote, numeroDe(c.tipo), origen));
   return {};
 }
 
@@ -52,7 +52,7 @@ Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
     const QString filas = dao::conMarcas(
         u"SELECT {claves}, sum(CON) AS CON, sum(PES) AS PES, sum([IMP]) AS [IMP], sum(SCO) AS SCO "
         u"FROM PapeleraSuma WHERE LOTE=? AND CLASE={clase} GROUP BY {claves}",
-        {{u"claves", clavesDe(c)}, {u"clase", QString::number(c.numero)}});
+        {{u"claves", clavesDe(c)}, {u"clase", QString::number(numeroDe(c.tipo))}});
     TARVO_INTENTAR(sumarFilas(db_, c, destino, filas, lote, -1, p_.textos()));
     TARVO_INTENTAR(db_.ejecutar(
         dao::conMarcas(
@@ -61,7 +61,7 @@ Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
             u"s.GRUPO={tabla}.GRUPO AND s.CODI={tabla}.CODI AND s.HORA={hora})",
             {{u"tabla", tablaDeSuma(c)},
              {u"hora", c.conHora ? tablaDeSuma(c) + QStringLiteral(".HORA") : horaDe(c)}}),
-        destino, lote, c.numero));
+        destino, lote, numeroDe(c.tipo)));
   }
   return {};
 }

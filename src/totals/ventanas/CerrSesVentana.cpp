@@ -124,7 +124,7 @@ QStringList CerrSesVentana::graves() const {
 // What came since it was last shown isn't memorised before it has been seen.
 bool CerrSesVentana::siguenSiendoLosMismos() {
   const auto claves = [this] {
-    std::set<std::pair<int, int>> c;
+    std::set<std::pair<int, TipoTotal>> c;
     for (const Recibido& r : motor_.recibidos()) c.emplace(r.CODGPO, r.clase);
     return c;
   };

@@ -23,16 +23,16 @@ void elegirEn(QComboBox& lista, const QVariant& dato);
 // The kinds of period; the kinds of total that this language has.
 ventanas::Opciones tiposDePeriodo();
 ventanas::Opciones clasesDeTotal(const ventanas::Contexto& c);
-QString nombreClase(const Textos& t, int clase);
+QString nombreClase(const Textos& t, TipoTotal clase);
 // "12.345,67 Euros" in the preferred currency.
 QString conMoneda(const ventanas::Contexto& c, qint64 importe, int moneda);
 QString conMoneda(const ventanas::Contexto& c, qint64 importe);
 // "2 grupos, 345 totales, 12.345,67 Euros".
 QString textoResumen(const ventanas::Ventana& v, const Resumen& r);
-int cifrasCodigo(int clase);  // digits with which its codes are shown
+int cifrasCodigo(TipoTotal clase);  // digits with which its codes are shown
 
 // Where the row of a group and code of a period came from, in lines.
 Resultado<QString> textoProcedencia(ventanas::Ventana& v, Periodos& periodos, qint64 link,
-                                    int grupo, int clase, qint64 codigo);
+                                    int grupo, TipoTotal clase, qint64 codigo);
 
 }  // namespace tarvo::totals

@@ -65,9 +65,11 @@ void EditIntvVentana::montar() {
 
 // Only what names a row of this kind is asked for.
 void EditIntvVentana::claseCambiada() {
-  const int clase = ui_.TpoTot->currentData().toInt();
-  const bool plu = clase == kPLUs, oper = clase == kOperadores || clase == kOperHora,
-             dep = clase == kDepartamentos, hora = clase == kHorario || clase == kOperHora;
+  const auto clase = deNumero<TipoTotal>(ui_.TpoTot->currentData().toInt());
+  const bool plu = clase == TipoTotal::PLUs,
+             oper = clase == TipoTotal::Operadores || clase == TipoTotal::OperHora,
+             dep = clase == TipoTotal::Departamentos,
+             hora = clase == TipoTotal::Horario || clase == TipoTotal::OperHora;
   ui_.rotuloPLU->setVisible(plu);
   ui_.txPLU->setVisible(plu);
   ui_.rotuloOper->setVisible(oper);
@@ -106,33 +108,36 @@ std::optional<qint64> EditIntvVentana::leerCodigo(EntradaManual& e) {
   };
   const QVariant oper = ui_.LstOper->currentData(), hora = ui_.LstHora->currentData();
   switch (e.clase) {
-    case kGranTotal:
+    case TipoTotal::GranTotal:
       return 0;
-    case kPLUs: {
+    case TipoTotal::PLUs: {
       const qint64 plu = ui_.txPLU->text().trimmed().toLongLong();
       const auto hay = contexto().nombres.articulo(seccionDelGrupo(), plu);
       if (!haIdoBien(hay)) return std::nullopt;
       return plu > 0 && hay->has_value() ? std::optional(plu) : falta(kTxFaltaPLU, *ui_.txPLU);
     }
-    case kOperadores:
+    case TipoTotal::Operadores:
       return oper.isValid() ? std::optional(oper.toLongLong())
                             : falta(kTxFaltaOperador, *ui_.LstOper);
-    case kDepartamentos:
+    case TipoTotal::Departamentos:
       return ui_.LstDep->currentData().isValid()
                  ? std::optional(ui_.LstDep->currentData().toLongLong())
                  : falta(kTxFaltaDepartamento, *ui_.LstDep);
-    case kHorario:
+    case TipoTotal::Horario:
       return hora.isValid() ? std::optional(hora.toLongLong()) : falta(kTxFaltaHora, *ui_.LstHora);
-    default:
+    case TipoTotal::OperHora:
       e.hora = hora.toInt();
       return oper.isValid() && hora.isValid() ? std::optional(oper.toLongLong())
                                               : falta(kTxFaltaOperHora, *ui_.LstOper);
   }
+  std::unreachable();
 }
 
 std::optional<EntradaManual> EditIntvVentana::leerEntrada() {
   EntradaManual e;
-  e.clase = ui_.TpoTot->currentData().toInt();
+  const auto clase = deNumero<TipoTotal>(ui_.TpoTot->currentData().toInt());
+  if (!clase) return faltaEntrada(kTxFaltaClase, *ui_.TpoTot);
+  e.clase = *clase;
   if (!ui_.LstGrupos->currentData().isValid()) return faltaEntrada(kTxFaltaGrupo, *ui_.LstGrupos);
   e.grupo = ui_.LstGrupos->currentData().toInt();
   const auto codigo = leerCodigo(e);
@@ -205,7 +210,7 @@ void EditIntvVentana::pintarEntradas() {
     filas.push_back(
         {static_cast<qint64>(filas.size()) + 1,
          {nombreClase(contexto().textos, e.clase), e.grupo, Ceros(e.codi, cifrasCodigo(e.clase)),
-          e.clase == kOperHora ? Ceros(e.hora, 2) : QString(), e.c.CON, e.c.PES, e.c.IMP,
+          e.clase == TipoTotal::OperHora ? Ceros(e.hora, 2) : QString(), e.c.CON, e.c.PES, e.c.IMP,
           e.c.SCO}});
   ui_.Manual->vivas().poner(std::move(filas));
 }

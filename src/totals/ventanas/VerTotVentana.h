@@ -19,7 +19,7 @@ class VerTotVentana final : public ventanas::Ventana {
   Resultado<> entrar(const PuertaVerTot& puerta);
   bool QueryUnload() override;
 
-  void VerIntervalo(int clase);
+  void VerIntervalo(TipoTotal clase);
   bool trabajando() const { return trabajando_; }
 
  private:
