@@ -57,7 +57,7 @@ Resultado<> XporTot::lineasDe(const ClaseTotal& c, const Columna& periodo, bool 
       u"SELECT GRUPO, GRUPOS.SECCION, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} LEFT JOIN "
       u"GRUPOS ON GRUPOS.CODGPO={tabla}.GRUPO WHERE LINK=? AND GRUPO=? ORDER BY {orden}",
       {{u"tabla", tabla},
-       {u"hora", c.conHora ? QStringLiteral("HORA") : QStringLiteral("0")},
+       {u"hora", horaDe(c)},
        {u"orden", c.conHora ? QStringLiteral("CODI, HORA") : QStringLiteral("CODI")}});
   const auto una = [&](const dao::Recordset& fila) -> Resultado<> {
     const FilaExport f = filaDe(c, fila);

@@ -8,15 +8,18 @@
 namespace tarvo::totals {
 
 using namespace Qt::StringLiterals;
+using dao::conMarcas;
 
 namespace {
 
 // Number of rows and amount of a kind within a period and group.
 Resultado<std::pair<qint64, qint64>> sumaDe(dao::Database& db, TipoTotal tipo, qint64 link,
                                             int grupo) {
-  TARVO_TOMAR(auto rs, db.consultar(QString(u"SELECT count(*), SUM(IMP) FROM "_s +
-                                            NombreTabla(tipo) + u" WHERE LINK=? AND GRUPO=?"_s),
-                                    link, grupo));
+  TARVO_TOMAR(const auto rs,
+              db.consultar(conMarcas(u"SELECT count(*), SUM(IMP) FROM {tabla} WHERE LINK=? AND "
+                                     u"GRUPO=?",
+                                     {{u"tabla", NombreTabla(tipo)}}),
+                           link, grupo));
   return std::pair{rs->entero(0), rs->entero(1)};
 }
 
@@ -27,9 +30,9 @@ Resultado<bool> comparable(dao::Database& db, TipoTotal tipo, qint64 link, int g
   TARVO_TOMAR(
       const auto n,
       db.uno(
-          QString(
-              u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND "_s + CampoSesion(tipo) +
-              u" AND NOT EXISTS (SELECT 1 FROM Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND ENTERA=0)"_s),
+          conMarcas(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND {enSesion} AND NOT EXISTS "
+                    u"(SELECT 1 FROM Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND ENTERA=0)",
+                    {{u"enSesion", CampoSesion(tipo)}}),
           grupo, numeroDe(tipo)));
   return n.entero() > 0;
 }
@@ -45,35 +48,30 @@ Resultado<std::optional<qint64>> ajusteDe(dao::Database& db, TipoTotal tipo, int
 
 // The periods that were added into this one, by number.
 Resultado<QString> sumandos(dao::Database& db, const Textos& textos, qint64 link) {
-  TARVO_TOMAR(
-      auto rs,
-      db.consultar(
-          u"SELECT s.LINK FROM COLUMNA s, COLUMNA d WHERE d.LINK=? AND s.FECHA1>=d.FECHA1 AND s.FECHAF<=d.FECHAF AND "_s
-          u"((d.TIPO=2 AND s.ACUM2<>0) OR (d.TIPO=3 AND s.ACUM3<>0) OR (d.TIPO=4 AND s.ACUM4<>0)) ORDER BY s.LINK"_s,
-          link));
   QStringList numeros;
-  for (; !rs->Eof();) {
-    numeros << QString::number(rs->entero(0));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(u"SELECT s.LINK FROM COLUMNA s, COLUMNA d WHERE d.LINK=? AND s.FECHA1>=d.FECHA1 "
+                   u"AND s.FECHAF<=d.FECHAF AND ((d.TIPO=2 AND s.ACUM2<>0) OR (d.TIPO=3 AND "
+                   u"s.ACUM3<>0) OR (d.TIPO=4 AND s.ACUM4<>0)) ORDER BY s.LINK",
+                   link),
+      [&](const dao::Recordset& fila) { numeros << QString::number(fila.entero(0)); }));
   return numeros.isEmpty() ? textos(kTxSinLectura)
                            : textos(kTxSumaDePeriodos, {numeros.join(u", "_s)});
 }
 
 Resultado<QString> origenDe(dao::Database& db, const Textos& textos, qint64 link, int grupo,
                             TipoTotal tipo) {
-  TARVO_TOMAR(
-      auto rs,
-      db.consultar(
-          u"SELECT LEIDO, DESDE, HASTA, MODO FROM Origenes WHERE LINK=? AND GRUPO=? AND CLASE=? ORDER BY LEIDO"_s,
-          link, grupo, numeroDe(tipo)));
   QStringList partes;
-  for (; !rs->Eof();) {
-    partes << textos(rs->texto(3) == u"diferencia"_s ? kTxLeidoDiferencia : kTxLeido,
-                     {rs->nulo(0) ? u"?"_s : rs->fecha(0).general(), rs->fecha(1).general(),
-                      rs->fecha(2).general()});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  const auto una = [&](const dao::Recordset& fila) {
+    partes << textos(fila.texto(3) == u"diferencia"_s ? kTxLeidoDiferencia : kTxLeido,
+                     {fila.nulo(0) ? u"?"_s : fila.fecha(0).general(), fila.fecha(1).general(),
+                      fila.fecha(2).general()});
+  };
+  TARVO_INTENTAR(
+      dao::recorrer(db.consultar(u"SELECT LEIDO, DESDE, HASTA, MODO FROM Origenes WHERE LINK=? AND "
+                                 u"GRUPO=? AND CLASE=? ORDER BY LEIDO",
+                                 link, grupo, numeroDe(tipo)),
+                    una));
   if (partes.isEmpty()) return sumandos(db, textos, link);
   return partes.join(u"; "_s);
 }
@@ -160,12 +158,10 @@ Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, cons
                                  std::optional<qint64> link) {
   TARVO_TOMAR(
       auto rs,
-      link
-          ? db.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA WHERE LINK=?"_s,
-                         *link)
-          : db.consultar(
-                u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA ORDER BY LINK IN (SELECT LINK FROM Origenes) DESC, "_s
-                u"LINK DESC"_s));
+      link ? db.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA WHERE LINK=?"_s,
+                          *link)
+           : db.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA ORDER BY LINK IN "
+                          u"(SELECT LINK FROM Origenes) DESC, LINK DESC"));
   if (rs->Eof())
     return fallo(Fallo::NoExiste,
                  link ? textos(kTxPeriodoNoHay, {*link}) : textos(kTxNadaMemorizado));
@@ -176,19 +172,24 @@ Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, cons
               rs->texto(4)}) +
       u'\n';
   QStringList uniones;
-  for (const ClaseTotal& c : enVigor(ajustes))
-    uniones << u"SELECT GRUPO FROM "_s + QString::fromUtf16(c.tabla) + u" WHERE LINK="_s +
-                   QString::number(numero);
-  TARVO_TOMAR(auto grupos,
-              db.consultar(QString(u"SELECT GRUPO, NOMGPO FROM ("_s + uniones.join(u" UNION "_s) +
-                                   u") AS g LEFT JOIN GRUPOS ON GRUPO=CODGPO ORDER BY GRUPO"_s)));
-  for (; !grupos->Eof();) {
-    TARVO_TOMAR(const auto parte,
-                informeGrupo(db, ajustes, textos, numero, static_cast<int>(grupos->entero(0)),
-                             grupos->texto(1)));
-    texto += parte;
-    TARVO_INTENTAR(grupos->MoveNext());
+  std::vector<dao::Valor> valores;
+  for (const ClaseTotal& c : enVigor(ajustes)) {
+    uniones << conMarcas(u"SELECT GRUPO FROM {tabla} WHERE LINK=?",
+                         {{u"tabla", NombreTabla(c.tipo)}});
+    valores.emplace_back(numero);
   }
+  const auto uno = [&](const dao::Recordset& fila) -> Resultado<> {
+    TARVO_TOMAR(const auto parte, informeGrupo(db, ajustes, textos, numero,
+                                               static_cast<int>(fila.entero(0)), fila.texto(1)));
+    texto += parte;
+    return {};
+  };
+  TARVO_INTENTAR(dao::recorrer(
+      db.OpenQuery(conMarcas(u"SELECT GRUPO, NOMGPO FROM ({grupos}) AS g LEFT JOIN GRUPOS ON "
+                             u"GRUPO=CODGPO ORDER BY GRUPO",
+                             {{u"grupos", uniones.join(u" UNION "_s)}}),
+                   valores),
+      uno));
   return texto;
 }
 

@@ -10,6 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using dao::conMarcas;
 using dao::Database;
 
 // Numbers of the kinds that the open session received from the group.
@@ -17,8 +18,8 @@ Resultado<QString> clasesRecibidas(Database& db, const Ajustes& ajustes, int gru
   QStringList clases;
   for (const ClaseTotal& c : enVigor(ajustes)) {
     TARVO_TOMAR(const auto n,
-                db.uno(QString(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND "_s +
-                               QString::fromUtf16(c.sesion)),
+                db.uno(conMarcas(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND {enSesion}",
+                                 {{u"enSesion", CampoSesion(c.tipo)}}),
                        grupo));
     if (n.entero() > 0) clases << QString::number(numeroDe(c.tipo));
   }
@@ -49,8 +50,8 @@ Resultado<std::vector<DudaAbierta>> dudasAbiertas(Database& db) {
 
 Resultado<> dejarFuera(Database& db, const Ajustes& ajustes, int grupo) {
   for (const ClaseTotal& c : enVigor(ajustes))
-    TARVO_INTENTAR(db.ejecutar(QString(u"UPDATE Sesiones SET "_s + QString::fromUtf16(c.sesion) +
-                                       u"=FALSE WHERE CODGPO=?"_s),
+    TARVO_INTENTAR(db.ejecutar(conMarcas(u"UPDATE Sesiones SET {enSesion}=FALSE WHERE CODGPO=?",
+                                         {{u"enSesion", CampoSesion(c.tipo)}}),
                                grupo));
   TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET ESTADO=4 WHERE GRUPO=? AND ESTADO=2"_s, grupo));
   return {};
@@ -118,9 +119,9 @@ Resultado<bool> anotarRespuesta(Database& db, const Textos& textos, DudaAbierta 
   for (const QString& numero : clases) {
     const auto clase = deNumero<TipoTotal>(numero.toInt());
     if (!clase) return fallo(Fallo::Interno, textos(kTxSinClaseDeTotal, {numero}));
-    TARVO_INTENTAR(db.ejecutar(
-        QString(u"UPDATE Sesiones SET "_s + CampoSesion(*clase) + u"=TRUE WHERE CODGPO=?"_s),
-        cual.grupo));
+    TARVO_INTENTAR(db.ejecutar(conMarcas(u"UPDATE Sesiones SET {enSesion}=TRUE WHERE CODGPO=?",
+                                         {{u"enSesion", CampoSesion(*clase)}}),
+                               cual.grupo));
     TARVO_INTENTAR(
         db.ejecutar(u"UPDATE Lecturas SET ESTADO=2 WHERE GRUPO=? AND CLASE=? AND ESTADO=4"_s,
                     cual.grupo, numeroDe(*clase)));

@@ -50,6 +50,7 @@ class Memoria {
                          std::vector<Aviso>& avisos);
   Resultado<> moverNuevas(TipoTotal clase, const std::vector<int>& grupos, qint64 link);
   Resultado<> mover(const Recibido& r, qint64 link, Modo modo);
+  Resultado<> moverDiferencia(const Recibido& r, qint64 link);
   Resultado<> quitarAusentes(const Recibido& r, qint64 link);
   Resultado<std::optional<Columna>> destinoDe(Periodo& destino,
                                               const std::vector<Recibido>& lecturas,

@@ -13,8 +13,9 @@ Resultado<bool> Memoria::tieneAcumulados(const Columna& c) {
   if (c.periodo.tipo < kSemanal || c.periodo.tipo > kAnual) return false;
   TARVO_TOMAR(
       const auto n,
-      db_.uno(u"SELECT count(*) FROM COLUMNA WHERE ACUM%1<>0 AND FECHA1>=? AND FECHAF<=?"_s.arg(
-                  c.periodo.tipo),
+      db_.uno(dao::conMarcas(
+                  u"SELECT count(*) FROM COLUMNA WHERE {marca}<>0 AND FECHA1>=? AND FECHAF<=?",
+                  {{u"marca", u"ACUM"_s + QString::number(c.periodo.tipo)}}),
               c.periodo.desde, c.periodo.hasta));
   return n.entero() > 0;
 }
@@ -26,10 +27,12 @@ Resultado<bool> Memoria::tieneAjenas(qint64 link,
     QStringList grupos;
     if (const auto suyos = sustituidos.find(c.tipo); suyos != sustituidos.end())
       for (const int g : suyos->second) grupos << QString::number(g);
-    TARVO_TOMAR(const auto n,
-                db_.uno(QString(u"SELECT count(*) FROM "_s + QString::fromUtf16(c.tabla) +
-                                u" WHERE LINK=? AND GRUPO NOT IN ("_s + grupos.join(u',') + u")"_s),
-                        link));
+    TARVO_TOMAR(
+        const auto n,
+        db_.uno(
+            dao::conMarcas(u"SELECT count(*) FROM {tabla} WHERE LINK=? AND GRUPO NOT IN ({grupos})",
+                           {{u"tabla", NombreTabla(c.tipo)}, {u"grupos", grupos.join(u',')}}),
+            link));
     if (n.entero() > 0) return true;
   }
   return false;

@@ -48,15 +48,21 @@ Resultado<> olvidarClase(Database& db, int grupo, int addr, TipoTotal tipo) {
   return {};
 }
 
+Resultado<> olvidarPartes(Database& db, int grupo, int addr) {
+  for (const QStringView borrar : {u"DELETE FROM CerosParte WHERE GRUPO=? AND ADDR=?",
+                                   u"DELETE FROM CerosClase WHERE GRUPO=? AND ADDR=?"})
+    TARVO_INTENTAR(db.ejecutar(borrar, grupo, addr));
+  return {};
+}
+
 Resultado<> anotarPartes(Database& db, int grupo, const ClaseTotal& c, const Lectura& lectura) {
   QStringList addrs;
   for (const auto& [addr, filas] : lectura.maquinas) addrs << QString::number(addr);
-  for (const QString& tabla : {u"CerosParte"_s, u"CerosClase"_s})
+  for (const QStringView borrar :
+       {u"DELETE FROM CerosParte WHERE GRUPO=? AND ADDR NOT IN ({addrs})",
+        u"DELETE FROM CerosClase WHERE GRUPO=? AND ADDR NOT IN ({addrs})"})
     if (!addrs.isEmpty())
-      TARVO_INTENTAR(
-          db.ejecutar(QString(u"DELETE FROM "_s + tabla + u" WHERE GRUPO=? AND ADDR NOT IN ("_s +
-                              addrs.join(u',') + u")"_s),
-                      grupo));
+      TARVO_INTENTAR(db.ejecutar(dao::conMarcas(borrar, {{u"addrs", addrs.join(u',')}}), grupo));
   TARVO_INTENTAR(db.ejecutar(
       u"UPDATE Lecturas SET AJUSTE=(SELECT CASE WHEN count(*)=count(QUITADO) THEN "_s
       u"COALESCE(SUM(QUITADO), 0) END FROM CerosClase c WHERE c.GRUPO=Lecturas.GRUPO AND "_s
@@ -67,13 +73,11 @@ Resultado<> anotarPartes(Database& db, int grupo, const ClaseTotal& c, const Lec
 
 namespace {
 
-Resultado<std::set<int>> numeros(Resultado<std::unique_ptr<dao::Recordset>> filas) {
-  TARVO_TOMAR(auto rs, std::move(filas));
+Resultado<std::set<int>> numeros(dao::Abierta filas) {
   std::set<int> lista;
-  for (; !rs->Eof();) {
-    lista.insert(static_cast<int>(rs->entero(0)));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(std::move(filas), [&](const dao::Recordset& fila) {
+    lista.insert(static_cast<int>(fila.entero(0)));
+  }));
   return lista;
 }
 
@@ -91,8 +95,9 @@ Resultado<std::optional<Contadores>> granTotalLeido(Database& db, int grupo, int
   TARVO_TOMAR(
       auto rs,
       db.consultar(
-          QString(u"SELECT MAQUINAS FROM Lecturas WHERE GRUPO=? AND CLASE=? AND ESTADO=2 AND "_s +
-                  QString::fromUtf16(kTrasElCero)),
+          dao::conMarcas(u"SELECT MAQUINAS FROM Lecturas WHERE GRUPO=? AND CLASE=? AND ESTADO=2 "
+                         u"AND {trasElCero}",
+                         {{u"trasElCero", QString::fromUtf16(kTrasElCero)}}),
           grupo, numeroDe(TipoTotal::GranTotal), addr));
   if (rs->Eof()) return std::nullopt;
   const bool varias = rs->entero(0) > 1;

@@ -16,6 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using dao::conMarcas;
 using dao::Database;
 
 // What is known about one machine.
@@ -40,16 +41,14 @@ Resultado<Caja> leerCaja(Database& db, int grupo, int addr) {
                            grupo, addr));
   c.anunciadas = tramas->entero(0), c.confirmadas = tramas->entero(1);
   c.ultimaTrama = tramas->entero(2), c.cuando = tramas->fecha(3);
-  TARVO_TOMAR(
-      auto rs,
-      db.consultar(u"SELECT CLASE, DUDA, QUITADO FROM CerosClase WHERE GRUPO=? AND ADDR=?"_s, grupo,
-                   addr));
-  for (; !rs->Eof();) {
-    const auto clase = deNumero<TipoTotal>(rs->entero(0));
-    if (clase && rs->logico(1)) c.dudosas.insert(*clase);
-    if (clase && !rs->nulo(2)) c.quitado[*clase] = rs->entero(2);
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(u"SELECT CLASE, DUDA, QUITADO FROM CerosClase WHERE GRUPO=? AND ADDR=?", grupo,
+                   addr),
+      [&](const dao::Recordset& fila) {
+        const auto clase = deNumero<TipoTotal>(fila.entero(0));
+        if (clase && fila.logico(1)) c.dudosas.insert(*clase);
+        if (clase && !fila.nulo(2)) c.quitado[*clase] = fila.entero(2);
+      }));
   return c;
 }
 
@@ -59,9 +58,9 @@ Resultado<std::set<TipoTotal>> leidasTras(Database& db, const Ajustes& ajustes, 
   std::set<TipoTotal> clases;
   for (const ClaseTotal& c : enVigor(ajustes)) {
     TARVO_TOMAR(const auto n,
-                db.uno(QString(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND "_s
-                               u"CODGPO=GRUPO AND CLASE=? AND SEC>? AND "_s +
-                               QString::fromUtf16(c.sesion)),
+                db.uno(conMarcas(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND "
+                                 u"CODGPO=GRUPO AND CLASE=? AND SEC>? AND {enSesion}",
+                                 {{u"enSesion", CampoSesion(c.tipo)}}),
                        grupo, numeroDe(c.tipo), sec));
     if (n.entero() > 0) clases.insert(c.tipo);
   }
@@ -74,9 +73,9 @@ Resultado<bool> todasReleidas(Database& db, const Caja& c) {
   for (const TipoTotal k : c.leidas) leidas << QString::number(numeroDe(k));
   TARVO_TOMAR(
       const auto n,
-      db.uno(QString(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND "_s
-                     u"CLASE NOT IN ("_s +
-                     leidas.join(u',') + u")"_s),
+      db.uno(conMarcas(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND "
+                       u"CLASE NOT IN ({leidas})",
+                       {{u"leidas", leidas.join(u',')}}),
              c.grupo));
   return n.entero() == 0;
 }
@@ -157,15 +156,13 @@ std::optional<Via> decidir(const Caja& c, const std::vector<Via>& vias, bool tod
 
 // The open session's reading of this kind is from after the clearing.
 Resultado<> corregirLectura(Database& db, const Caja& c, TipoTotal clase, qint64 cambio) {
-  const QString dd = CampoDesde(clase);
-  TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET AJUSTE=AJUSTE+? WHERE GRUPO=? AND CLASE=?"_s,
+  TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET AJUSTE=AJUSTE+? WHERE GRUPO=? AND CLASE=?",
                              cambio, c.grupo, numeroDe(clase)));
   TARVO_INTENTAR(db.ejecutar(
-      QString(
-          u"UPDATE Sesiones SET "_s + dd + u"=? WHERE CODGPO=? AND ("_s + dd + u" IS NULL OR "_s +
-          dd +
-          u"<?) AND EXISTS (SELECT 1 FROM Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND LINK IS "_s
-          u"NULL)"_s),
+      conMarcas(u"UPDATE Sesiones SET {desde}=? WHERE CODGPO=? AND ({desde} IS NULL OR {desde}<?) "
+                u"AND EXISTS (SELECT 1 FROM Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND LINK IS "
+                u"NULL)",
+                {{u"desde", CampoDesde(clase)}}),
       c.cuando, c.grupo, c.cuando, numeroDe(clase)));
   return {};
 }
@@ -203,10 +200,7 @@ Resultado<> aplicarTodo(Database& db, const Ajustes& ajustes, const Textos& text
     if (c.leidas.contains(k))
       TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET AJUSTE=AJUSTE-? WHERE GRUPO=? AND CLASE=?"_s,
                                  q, c.grupo, numeroDe(k)));
-  for (const QString& tabla : {u"CerosParte"_s, u"CerosClase"_s})
-    TARVO_INTENTAR(db.ejecutar(QString(u"DELETE FROM "_s + tabla + u" WHERE GRUPO=? AND ADDR=?"_s),
-                               c.grupo, c.addr));
-  return {};
+  return olvidarPartes(db, c.grupo, c.addr);
 }
 
 enum class Estado { Resuelta, Preguntar, SinSaber };

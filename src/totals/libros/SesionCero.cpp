@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using dao::conMarcas;
 using dao::Database;
 
 // Why the readings of a group forbid its zeroing; empty when they don't.
@@ -33,16 +34,15 @@ Resultado<QString> motivoDeLecturas(Database& db, const Textos& textos, int grup
 // with all codes, or with a range of them.
 Resultado<std::optional<qint64>> importeLeido(Database& db, const ClaseTotal& c, int grupo,
                                               bool entera) {
-  TARVO_TOMAR(
-      const auto rs,
-      db.consultar(dao::conMarcas(u"SELECT (SELECT sum(IMP) FROM {totales} WHERE LINK=0 AND "
-                                  u"GRUPO=Sesiones.CODGPO) FROM Lecturas, Sesiones WHERE "
-                                  u"Lecturas.GRUPO=? AND CODGPO=Lecturas.GRUPO AND CLASE=? AND "
-                                  u"ESTADO=2 AND {enSesion} AND {cuanta}",
-                                  {{u"totales", QString::fromUtf16(c.tabla)},
-                                   {u"enSesion", QString::fromUtf16(c.sesion)},
-                                   {u"cuanta", entera ? u"ENTERA<>0"_s : u"ENTERA=0"_s}}),
-                   grupo, numeroDe(c.tipo)));
+  TARVO_TOMAR(const auto rs,
+              db.consultar(conMarcas(u"SELECT (SELECT sum(IMP) FROM {totales} WHERE LINK=0 AND "
+                                     u"GRUPO=Sesiones.CODGPO) FROM Lecturas, Sesiones WHERE "
+                                     u"Lecturas.GRUPO=? AND CODGPO=Lecturas.GRUPO AND CLASE=? AND "
+                                     u"ESTADO=2 AND {enSesion} AND {cuanta}",
+                                     {{u"totales", NombreTabla(c.tipo)},
+                                      {u"enSesion", CampoSesion(c.tipo)},
+                                      {u"cuanta", entera ? u"ENTERA<>0"_s : u"ENTERA=0"_s}}),
+                           grupo, numeroDe(c.tipo)));
   if (rs->Eof()) return std::nullopt;
   return rs->entero(0);
 }
@@ -68,42 +68,46 @@ Resultado<QString> clasesQueEsperan(Database& db, const Ajustes& ajustes, int gr
     TARVO_TOMAR(
         const auto n,
         db.uno(
-            QString(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND CODGPO=GRUPO AND "_s
-                    u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND "_s +
-                    QString::fromUtf16(c.sesion)),
+            conMarcas(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND CODGPO=GRUPO AND "
+                      u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND {enSesion}",
+                      {{u"enSesion", CampoSesion(c.tipo)}}),
             grupo, numeroDe(c.tipo)));
     if (n.entero() > 0) clases << QString::number(numeroDe(c.tipo));
   }
   return clases.join(u',');
 }
 
+// A statement on the memorised kinds but those of a list: {menos}.
+QString menosEstas(QStringView sentencia, const QString& menos) {
+  return conMarcas(sentencia, {{u"menos", menos}});
+}
+
 // For a group of several machines, leaves as memorised only what machines other than `addr` hold.
 Resultado<> quitarDeLaBase(Database& db, int grupo, int addr, const QString& menos) {
-  TARVO_TOMAR(
-      auto rs,
-      db.consultar(
-          u"SELECT CLASE FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND MAQUINAS>1 AND "_s
-          u"CLASE NOT IN (%1)"_s.arg(menos),
-          grupo));
-  std::vector<TipoTotal> clases;
-  for (; !rs->Eof();) {
-    if (const auto clase = deNumero<TipoTotal>(rs->entero(0))) clases.push_back(*clase);
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  for (const TipoTotal c : clases) TARVO_INTENTAR(apartarBase(db, grupo, c));
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(menosEstas(u"SELECT CLASE FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND "
+                              u"MAQUINAS>1 AND CLASE NOT IN ({menos})",
+                              menos),
+                   grupo),
+      [&](const dao::Recordset& fila) -> Resultado<> {
+        const auto clase = deNumero<TipoTotal>(fila.entero(0));
+        return clase ? apartarBase(db, grupo, *clase) : Resultado<>{};
+      }));
   TARVO_INTENTAR(db.ejecutar(
-      u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=? AND CLASE NOT IN (%1)"_s.arg(menos), grupo,
-      addr));
+      menosEstas(u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=? AND CLASE NOT IN ({menos})",
+                 menos),
+      grupo, addr));
   return {};
 }
 
 Resultado<> olvidarBase(Database& db, int grupo, const QString& menos) {
   TARVO_INTENTAR(db.ejecutar(
-      u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE NOT IN (%1)"_s.arg(menos), grupo));
-  TARVO_INTENTAR(db.ejecutar(
-      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=? "_s
-      u"AND CLASE NOT IN (%1)"_s.arg(menos),
-      grupo));
+      menosEstas(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE NOT IN ({menos})", menos), grupo));
+  TARVO_INTENTAR(
+      db.ejecutar(menosEstas(u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, "
+                             u"APARTE=0 WHERE GRUPO=? AND CLASE NOT IN ({menos})",
+                             menos),
+                  grupo));
   return {};
 }
 
@@ -204,9 +208,7 @@ Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima) {
       u"EJECUCION=excluded.EJECUCION, "_s
       u"HECHO=excluded.HECHO, SEC_HECHO=excluded.SEC_HECHO"_s,
       grupo, addr, d->ejecucion, ahora, sec, ahora, sec));
-  for (const QString& tabla : {u"CerosParte"_s, u"CerosClase"_s})
-    TARVO_INTENTAR(db_.ejecutar(QString(u"DELETE FROM "_s + tabla + u" WHERE GRUPO=? AND ADDR=?"_s),
-                                grupo, addr));
+  TARVO_INTENTAR(olvidarPartes(db_, grupo, addr));
   TARVO_TOMAR(const auto esperan, clasesQueEsperan(db_, ajustes_, grupo, d->abierta));
   if (ultima) {
     TARVO_INTENTAR(olvidarBase(db_, grupo, esperan));
@@ -233,8 +235,9 @@ Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
   TARVO_TOMAR(const auto base, granTotalLeido(db_, grupo, addr));
   if (!base) {
     TARVO_TOMAR(const auto otras,
-                db_.uno(QString(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND "_s +
-                                QString::fromUtf16(kTrasElCero)),
+                db_.uno(conMarcas(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND "
+                                  u"{trasElCero}",
+                                  {{u"trasElCero", QString::fromUtf16(kTrasElCero)}}),
                         grupo, addr));
     return otras.entero() > 0 ? Comparacion::OtrasClases : Comparacion::SinLectura;
   }

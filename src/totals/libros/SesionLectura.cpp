@@ -10,11 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using dao::conMarcas;
 using dao::Database;
-
-QString texto16(const char16_t* s) {
-  return QString::fromUtf16(s);
-}
 
 // The rows of a group over all its machines; the rows of an only machine are not copied.
 const Lectura::Filas& sumaDeMaquinas(const Lectura& lectura, Lectura::Filas& suma) {
@@ -26,16 +23,17 @@ const Lectura::Filas& sumaDeMaquinas(const Lectura& lectura, Lectura::Filas& sum
 
 Resultado<> escribirBandeja(Database& db, const ClaseTotal& c, int grupo,
                             const Lectura::Filas& filas) {
-  const QString tabla = texto16(c.tabla);
-  TARVO_INTENTAR(db.ejecutar(
-      QString(u"DELETE ALL * FROM "_s + tabla + u" WHERE GRUPO=? AND LINK=0"_s), grupo));
+  const auto enTabla = [&c](QStringView sentencia) {
+    return conMarcas(sentencia, {{u"tabla", NombreTabla(c.tipo)}});
+  };
+  TARVO_INTENTAR(
+      db.ejecutar(enTabla(u"DELETE ALL * FROM {tabla} WHERE GRUPO=? AND LINK=0"), grupo));
   TARVO_TOMAR(auto st,
-              db.preparar(c.conHora ? QString(u"INSERT INTO "_s + tabla +
-                                              u" (LINK, GRUPO, CODI, CON, PES, IMP, SCO, HORA) "_s
-                                              u"VALUES (0, ?, ?, ?, ?, ?, ?, ?)"_s)
-                                    : QString(u"INSERT INTO "_s + tabla +
-                                              u" (LINK, GRUPO, CODI, CON, PES, IMP, SCO) "_s
-                                              u"VALUES (0, ?, ?, ?, ?, ?, ?)"_s)));
+              db.preparar(enTabla(
+                  c.conHora ? u"INSERT INTO {tabla} (LINK, GRUPO, CODI, CON, PES, IMP, SCO, HORA) "
+                              u"VALUES (0, ?, ?, ?, ?, ?, ?, ?)"
+                            : u"INSERT INTO {tabla} (LINK, GRUPO, CODI, CON, PES, IMP, SCO) VALUES "
+                              u"(0, ?, ?, ?, ?, ?, ?)")));
   for (const auto& [clave, v] : filas) {
     qint64 campos[] = {grupo, clave.first, v.CON, v.PES, v.IMP, v.SCO, clave.second};
     for (int i = 0; i < (c.conHora ? 7 : 6); ++i) st->ligar(i, campos[i]);
@@ -72,30 +70,31 @@ Resultado<> escribirPorMaquina(Database& db, int grupo, TipoTotal tipo, const Le
 Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
                               const Lectura::Filas& nuevas, bool entera, bool abierta) {
   TARVO_TOMAR(const auto viva,
-              db.uno(QString(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND "_s +
-                             texto16(c.sesion) +
-                             u" AND GRUPO=CODGPO AND CLASE=? AND (LINK IS NULL OR APARTE=1)"_s),
+              db.uno(conMarcas(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND "
+                               u"{enSesion} AND GRUPO=CODGPO AND CLASE=? AND (LINK IS NULL OR "
+                               u"APARTE=1)",
+                               {{u"enSesion", CampoSesion(c.tipo)}}),
                      grupo, numeroDe(c.tipo)));
   TARVO_TOMAR(const auto espera, hayDudas(db, grupo));
   if ((!abierta || viva.entero() == 0) && !espera) return false;
-  TARVO_TOMAR(
-      auto rs,
-      db.consultar(QString(u"SELECT CODI, CON"_s + QString(c.conHora ? u", HORA"_s : u", 0"_s) +
-                           u" FROM "_s + texto16(c.tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
-                   grupo));
-  for (; !rs->Eof();) {
-    const auto it = nuevas.find(Lectura::Clave{rs->entero(0), static_cast<int>(rs->entero(2))});
-    const bool esta = it != nuevas.end();
-    if ((esta || entera) && (esta ? it->second.CON : 0) < rs->entero(1)) return true;
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return false;
+  bool pisa = false;
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(conMarcas(u"SELECT CODI, CON, {hora} FROM {tabla} WHERE LINK=0 AND GRUPO=?",
+                             {{u"hora", horaDe(c)}, {u"tabla", NombreTabla(c.tipo)}}),
+                   grupo),
+      [&](const dao::Recordset& fila) {
+        const auto it =
+            nuevas.find(Lectura::Clave{fila.entero(0), static_cast<int>(fila.entero(2))});
+        const bool esta = it != nuevas.end();
+        pisa = (esta || entera) && (esta ? it->second.CON : 0) < fila.entero(1);
+        return !pisa;
+      }));
+  return pisa;
 }
 
 }  // namespace
 
 Resultado<> apartarBase(Database& db, int grupo, TipoTotal tipo) {
-  const ClaseTotal& c = claseDe(tipo);
   TARVO_TOMAR(
       auto rs,
       db.consultar(
@@ -113,10 +112,10 @@ Resultado<> apartarBase(Database& db, int grupo, TipoTotal tipo) {
                     grupo, numeroDe(tipo)));
   } else {
     TARVO_INTENTAR(db.ejecutar(
-        QString(u"INSERT INTO BaseFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, "_s
-                u"IMP, SCO) SELECT GRUPO, ?, ?, CODI, "_s +
-                QString(c.conHora ? u"HORA"_s : u"0"_s) + u", CON, PES, IMP, SCO FROM "_s +
-                texto16(c.tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
+        conMarcas(u"INSERT INTO BaseFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, IMP, SCO) "
+                  u"SELECT GRUPO, ?, ?, CODI, {hora}, CON, PES, IMP, SCO FROM {tabla} WHERE LINK=0 "
+                  u"AND GRUPO=?",
+                  {{u"hora", horaDe(claseDe(tipo))}, {u"tabla", NombreTabla(tipo)}}),
         numeroDe(tipo), addr, grupo));
   }
   TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET APARTE=1 WHERE GRUPO=? AND CLASE=?"_s, grupo,
@@ -139,6 +138,11 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lec
   const ClaseTotal& c = claseDe(tipo);
   Lectura::Filas deVarias;
   const Lectura::Filas& suma = sumaDeMaquinas(lectura, deVarias);
+  const auto enSesion = [tipo](QStringView sentencia) {
+    return conMarcas(sentencia, {{u"desde", CampoDesde(tipo)},
+                                 {u"hasta", CampoHasta(tipo)},
+                                 {u"enSesion", CampoSesion(tipo)}});
+  };
   const Estado::Foto antes = d->foto();
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
 
@@ -156,8 +160,7 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lec
                      u"Sesiones WHERE CODGPO=?)"_s,
                      grupo, grupo));
     TARVO_INTENTAR(db_.ejecutar(
-        QString(u"UPDATE Sesiones SET "_s + texto16(c.desde) + u"=PZERO, "_s + texto16(c.hasta) +
-                u"=?, "_s + texto16(c.sesion) + u"=TRUE WHERE CODGPO=?"_s),
+        enSesion(u"UPDATE Sesiones SET {desde}=PZERO, {hasta}=?, {enSesion}=TRUE WHERE CODGPO=?"),
         d->hasta, grupo));
     TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
     TARVO_INTENTAR(d->anotarLectura(grupo, tipo, Estado::kCompleta, reloj_.ahora()));
@@ -176,9 +179,8 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lec
     return std::unexpected(r.error());
   }
   d->leidosAhora.insert(grupo);
-  const auto tarde = db_.uno(QString(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND "_s +
-                                     texto16(c.desde) + u">"_s + texto16(c.hasta)),
-                             grupo);
+  const auto tarde =
+      db_.uno(enSesion(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND {desde}>{hasta}"), grupo);
   if (tarde && tarde->entero() > 0)
     avisos.push_back({grupo, textos_(kTxCeroPosterior, {grupo}), true});
   return {};

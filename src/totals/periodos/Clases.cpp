@@ -54,4 +54,16 @@ QString CampoSesion(TipoTotal tipo) {
   return nombreDe(tipo, &ClaseTotal::sesion);
 }
 
+QString clavesDe(const ClaseTotal& c, QStringView alias) {
+  QStringList claves{QStringLiteral("GRUPO"), QStringLiteral("CODI")};
+  if (c.conHora) claves << QStringLiteral("HORA");
+  const QString de = alias.isEmpty() ? QString() : alias.toString() + u'.';
+  return de + claves.join(QStringLiteral(", ") + de);
+}
+
+QString horaDe(const ClaseTotal& c, QStringView alias) {
+  if (!c.conHora) return QStringLiteral("0");
+  return (alias.isEmpty() ? QString() : alias.toString() + u'.') + QStringLiteral("HORA");
+}
+
 }  // namespace tarvo::totals

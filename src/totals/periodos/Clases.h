@@ -33,6 +33,11 @@ QString CodigoTotales(TipoTotal tipo);
 QString CampoDesde(TipoTotal tipo);
 QString CampoHasta(TipoTotal tipo);
 QString CampoSesion(TipoTotal tipo);
+// The columns that identify a row within a period: GRUPO, CODI and, where the kind has one, HORA;
+// those of `alias` where there is one.
+QString clavesDe(const ClaseTotal& c, QStringView alias = {});
+// The expression for the hour of a row: 0 for a kind without one.
+QString horaDe(const ClaseTotal& c, QStringView alias = {});
 
 // The counters of one row: operations or units, grams, amount and discount in minor units of the
 // native money.

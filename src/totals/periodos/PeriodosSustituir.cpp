@@ -23,8 +23,7 @@ Resultado<> guardarFilas(dao::Database& db, const ClaseTotal& c, qint64 id, qint
   const QString sql = dao::conMarcas(
       u"INSERT INTO TotSusti (ID, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) "
       u"SELECT ?, ?, GRUPO, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} WHERE LINK=?",
-      {{u"hora", c.conHora ? QStringLiteral("HORA") : QStringLiteral("0")},
-       {u"tabla", QString::fromUtf16(c.tabla)}});
+      {{u"hora", horaDe(c)}, {u"tabla", QString::fromUtf16(c.tabla)}});
   TARVO_INTENTAR(db.ejecutar(sql, id, numeroDe(c.tipo), link));
   return {};
 }

@@ -7,25 +7,13 @@
 
 namespace tarvo::totals {
 
-namespace {
-
-QString horaDe(const ClaseTotal& c) {
-  return c.conHora ? QStringLiteral("HORA") : QStringLiteral("0");
-}
-
-QString tablaDeSuma(const ClaseTotal& c) {
-  return QString::fromUtf16(c.tabla);
-}
-
-}  // namespace
-
 Resultado<> Sumas::guardar(qint64 origen, qint64 lote) {
   for (const ClaseTotal& c : enVigor(a_))
     TARVO_INTENTAR(db_.ejecutar(
         dao::conMarcas(
             u"INSERT INTO PapeleraSuma (LOTE, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) "
             u"SELECT ?, ?, GRUPO, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} WHERE LINK=?",
-            {{u"hora", horaDe(c)}, {u"tabla", tablaDeSuma(c)}}),
+            {{u"hora", horaDe(c)}, {u"tabla", NombreTabla(c.tipo)}}),
         lote, numeroDe(c.tipo), origen));
   return {};
 }
@@ -59,8 +47,7 @@ Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
             u"DELETE FROM {tabla} WHERE LINK=? AND CON=0 AND PES=0 AND [IMP]=0 AND SCO=0 AND "
             u"EXISTS (SELECT 1 FROM PapeleraSuma s WHERE s.LOTE=? AND s.CLASE=? AND "
             u"s.GRUPO={tabla}.GRUPO AND s.CODI={tabla}.CODI AND s.HORA={hora})",
-            {{u"tabla", tablaDeSuma(c)},
-             {u"hora", c.conHora ? tablaDeSuma(c) + QStringLiteral(".HORA") : horaDe(c)}}),
+            {{u"tabla", NombreTabla(c.tipo)}, {u"hora", horaDe(c, NombreTabla(c.tipo))}}),
         destino, lote, numeroDe(c.tipo)));
   }
   return {};
@@ -69,7 +56,7 @@ Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
 Resultado<bool> Sumas::vacio(qint64 link) {
   for (const ClaseTotal& c : enVigor(a_)) {
     TARVO_TOMAR(const auto n, db_.uno(dao::conMarcas(u"SELECT count(*) FROM {tabla} WHERE LINK=?",
-                                                     {{u"tabla", tablaDeSuma(c)}}),
+                                                     {{u"tabla", NombreTabla(c.tipo)}}),
                                       link));
     if (n.entero() > 0) return false;
   }
