@@ -26,8 +26,8 @@ int decirAyuda(const Textos& t) {
 
 int hacerCuadre(const Ordenes& o, Fondo& fondo, const Textos& t) {
   const auto informe = totals::informeCuadre(*fondo.db, fondo.ajustes, t, o.link);
-  informe ? decir(*informe) : avisar(t(kTxCuadreFallido).arg(informe.error().texto));
-  return informe ? kBien : kProblemas;
+  informe ? decir(informe->texto) : avisar(t(kTxCuadreFallido).arg(informe.error().texto));
+  return informe && informe->cuadra ? kBien : kProblemas;
 }
 
 // Records a person's answer about a machine that may have been zeroed.
@@ -131,6 +131,7 @@ int conAplicacion(Fondo& fondo, Reloj& reloj, automation::Preguntas& preguntas,
 
 int principal(int argc, char** argv, const ConVentanas& conVentanas) {
   ::signal(SIGPIPE, SIG_IGN);  // a trace reader that goes away doesn't end a night
+  ::signal(SIGXFSZ, SIG_IGN);  // a file at its size limit is an error of that file
   const auto textos = Textos::leer(QStringLiteral(":/textos/es.txt"));
   if (!textos) {
     avisar(textos.error().texto);

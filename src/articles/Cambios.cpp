@@ -8,10 +8,21 @@
 
 namespace tarvo::articles {
 
+namespace {
+
+// Each stays as it is where its half is none of the three.
+bool leerEnvio(QStringView v, std::array<int, 2>& campo) {
+  static constexpr Limites kRespuestas{0, 2};
+  const bool primero = ini::leerSiCabe(ini::parte(v, u'|', 0), kRespuestas, campo[0]);
+  return ini::leerSiCabe(ini::parte(v, u'|', 1), kRespuestas, campo[1]) && primero;
+}
+
+}  // namespace
+
 SalaDeAjustes ajustesArticulos() {
   using A = AjustesArticulos;
-  return salaDeAjustes(
-      A(), {clave<&A::EnviarCambios, ini::leerPar, ini::verPar>(907, u"EnviarCambios")});
+  return salaDeAjustes(A(),
+                       {clave<&A::EnviarCambios, leerEnvio, ini::verPar>(907, u"EnviarCambios")});
 }
 
 Resultado<> Cambios::ArticuloCambiado(int seccion, qint64 codigo) {

@@ -18,6 +18,8 @@ constexpr qint64 kMayorGrupo = 32767, kMayorReintento = 32767;
 constexpr int kReintentosSinNadie = 100;
 constexpr int kUltimoMensaje = 14;
 constexpr int kErrorCrear = 7, kErrorSeleccionar = 10;
+// Outside these years a date is a typing error, and nobody is there to be asked.
+constexpr int kPrimerAno = 1990, kAnosPorVenir = 10;
 
 void contar(const std::vector<totals::Aviso>& avisos, Hecho& h) {
   for (const auto& a : avisos) h.decir(a.texto, a.grave, a.grupo);
@@ -219,6 +221,8 @@ Hecho Ejecutor::control(const PasoControl& p) {
   Hecho h;
   if (const auto* texto = std::get_if<QString>(&p.reintentos))
     h.decir(t_.textos(kTxReintentosMalos, {*texto}));
+  if (const auto* n = std::get_if<qint64>(&p.reintentos); n && *n != reintentosDe(p))
+    h.decir(t_.textos(kTxReintentosDeMas, {*n, reintentosDe(p)}));
   return h;
 }
 
@@ -243,7 +247,7 @@ Hecho Ejecutor::periodos(const PasoPeriodos& p, const Ejecucion& e) {
   const VerboPeriodos verbo = *p.verbo;
   if (verbo == VerboPeriodos::SelUltimo) return selUltimo(e);
   if (verbo == VerboPeriodos::Crear) return crear(p);
-  if (verbo == VerboPeriodos::Sumar) decirSolapes(h);
+  if (verbo == VerboPeriodos::Sumar) return sumar();
   const std::vector<qint64> elegidos = t_.verTot.LosSelec();
   const auto r = operacion(p);
   if (!r)
@@ -258,6 +262,16 @@ Hecho Ejecutor::periodos(const PasoPeriodos& p, const Ejecucion& e) {
 Hecho Ejecutor::crear(const PasoPeriodos& p) {
   Hecho h;
   const Intervalo& i = p.intervalo;
+  const int ahora = t_.reloj.ahora().qdate().year();
+  const auto lejos = [ahora](Fecha f) {
+    return f.qdate().year() < kPrimerAno || f.qdate().year() > ahora + kAnosPorVenir;
+  };
+  if (i.hasta < i.desde || lejos(i.desde) || lejos(i.hasta)) {
+    h.error(kErrorCrear);
+    h.decir(t_.textos(i.hasta < i.desde ? kTxAcabaAntes : kTxFechasLejanas,
+                      {i.desde.corta(), i.hasta.corta()}));
+    return h;
+  }
   const auto creado =
       t_.verTot.CrearIntvalo(totals::Periodo{i.tipo, i.desde, i.hasta}, p.descripcion);
   if (!creado) return deFallo(creado.error(), kErrorCrear);
@@ -265,14 +279,26 @@ Hecho Ejecutor::crear(const PasoPeriodos& p) {
   return h;
 }
 
-// The author's request is carried out, and sales counted twice are reported.
-void Ejecutor::decirSolapes(Hecho& h) {
+// What the target holds already isn't added again: a process runs every night. Periods that overlap
+// are added, as its author ordered, and reported.
+Hecho Ejecutor::sumar() {
+  Hecho h;
   const auto suma = t_.verTot.destinoDeSuma();
-  if (!suma || !*suma || !(*suma)->existente) return;
+  if (!suma) return deFallo(suma.error());
+  if (!*suma || !(*suma)->existente) {
+    h.error(codigoPeriodos(VerboPeriodos::Sumar));
+    return h;
+  }
+  const QString destino = totals::TextoPeriodo((*suma)->periodo).simplified();
+  for (const qint64 link : (*suma)->dentro)
+    h.decir(t_.textos(kTxNoSeSumaOtraVez, {nombrePeriodo(link).simplified(), destino}));
   for (const auto& s : (*suma)->solapes)
-    h.decir(t_.textos(
-        s.yaDentro ? kTxSumaYaDentro : kTxSumaSolapa,
-        {totals::TextoPeriodo(s.uno).simplified(), totals::TextoPeriodo(s.otro).simplified()}));
+    if (!s.yaDentro)
+      h.decir(t_.textos(kTxSumaSolapa, {totals::TextoPeriodo(s.uno).simplified(),
+                                        totals::TextoPeriodo(s.otro).simplified()}));
+  const auto hecho = t_.verTot.SumarIntv(0, (*suma)->dentro);
+  if (!hecho) h.decir(hecho.error().texto);
+  return h;
 }
 
 QString Ejecutor::nombrePeriodo(qint64 link) const {
@@ -328,10 +354,9 @@ Resultado<bool> Ejecutor::operacion(const PasoPeriodos& p) {
     case VerboPeriodos::Stock:
       return t_.verTot.StockIntv();
     case VerboPeriodos::Sumar:
-      return t_.verTot.SumarIntv();
     case VerboPeriodos::Crear:
     case VerboPeriodos::SelUltimo:
-      break;  // they act on no selection
+      break;  // on their own
   }
   std::unreachable();
 }

@@ -64,7 +64,7 @@ class Ejecutor {
   Hecho control(const PasoControl& p);
   Hecho periodos(const PasoPeriodos& p, const Ejecucion& e);
   Hecho crear(const PasoPeriodos& p);
-  void decirSolapes(Hecho& h);
+  Hecho sumar();
   // REQUIRES a verb that acts on the selection or names its periods.
   Resultado<bool> operacion(const PasoPeriodos& p);
   Resultado<bool> borrar(int tipo, Fecha desde, Fecha hasta);

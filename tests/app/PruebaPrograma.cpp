@@ -99,6 +99,47 @@ TEST_F(Programa, UnaCarpetaNuevaRecibeBaseYAjustes) {
   EXPECT_EQ((*db)->uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=1")->texto(), u"GRUPO");
 }
 
+// A file that may not grow is an error of that file, like a full disk, and not the end of the
+// night.
+TEST_F(Programa, UnFicheroEnSuLimiteNoAcabaElPrograma) {
+  poner(QStringLiteral("UNO.AUT"), "N:hola\r\n");
+  ASSERT_EQ(correrAqui({kSinVentana, "UNO"}).estado, 0);
+  poner(QStringLiteral("UNO.TZA"), QByteArray(1 << 20, 'x'));
+  QProcess p;
+  preparar(p);
+  p.start(QStringLiteral("/bin/sh"),
+          {QStringLiteral("-c"), QStringLiteral("ulimit -f 2048; exec \"$0\" \"$@\""),
+           QStringLiteral(TARVO_PROGRAMA), QStringLiteral("--carpeta"), dir.path(), kSinVentana,
+           QStringLiteral("UNO")});
+  ASSERT_TRUE(p.waitForStarted());
+  const Fin fin = acabar(p);
+  EXPECT_EQ(fin.estado, 1) << fin.salida.toStdString() << fin.errores.toStdString();
+  EXPECT_TRUE(fin.salida.contains(u"UNO.TZA")) << fin.salida.toStdString();
+}
+
+// What the person answers is no problem; totals that don't foot are one.
+TEST_F(Programa, ElEstadoDeLasOrdenesDeUnaPersona) {
+  poner(QStringLiteral("V.AUT"), "");
+  ASSERT_EQ(correrAqui({kSinVentana, "V"}).estado, 0);
+  {
+    const auto db = dao::Database::OpenDatabase(en(QStringLiteral("TARVO.MDB")));
+    ASSERT_TRUE(db);
+    for (const char16_t* sql :
+         {u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF) VALUES (1, 1, 40000, 40000.9)",
+          u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON, [IMP]) VALUES (1, 1, 1, 1, 500)",
+          u"INSERT INTO TOTPLU (LINK, GRUPO, CODI, CON, [IMP]) VALUES (1, 1, 7, 1, 500)"})
+      ASSERT_TRUE((*db)->ejecutar(sql)) << QString::fromUtf16(sql).toStdString();
+  }
+  EXPECT_EQ(correrAqui({"--cuadre", "1"}).estado, 0);
+  {
+    const auto db = dao::Database::OpenDatabase(en(QStringLiteral("TARVO.MDB")));
+    ASSERT_TRUE(db && (*db)->ejecutar(u"UPDATE TOTPLU SET [IMP]=400"));
+  }
+  const Fin fin = correrAqui({"--cuadre", "1"});
+  EXPECT_EQ(fin.estado, 1);
+  EXPECT_TRUE(fin.salida.contains(u"NO CUADRA")) << fin.salida.toStdString();
+}
+
 TEST_F(Programa, UnProcesoQueNoSeCargaTambienEscribeLosAjustes) {
   EXPECT_EQ(correrAqui({kSinVentana, "NADA"}).estado, 3);
   EXPECT_TRUE(QFile::exists(en(QStringLiteral("TARVO.INI"))));

@@ -57,6 +57,25 @@ TEST_F(DeudasTest, LoQueNoSeExportoSeExportaLaNocheSiguiente) {
   EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*Ventas"_s), 4);
 }
 
+// The mark of an export goes with the record of its run, but that of a debt stays.
+TEST_F(DeudasTest, LasMarcasDeLosExportesViejosSeBorran) {
+  const auto p = tienda_.programa();
+  correr(u"N:x"_s, *p);
+  p->periodo({.link = 7, .tipo = 5, .desde = 43000, .hasta = 43001, .descr = u"x"});
+  for (const char16_t* marca : {u"1.3.7", u"2.3.7", u"51.3.7", u"52.3.7"})
+    p->sql(u"INSERT INTO Exportes (MARCA, RUTA, HECHO) VALUES ('%1', 'x', 1)"_s.arg(
+        QString::fromUtf16(marca)));
+  p->sql(
+      u"INSERT INTO ExportesPendientes (PROCESO, ORDEN, MARCA, LINK, FECHA1, FECHAF) VALUES "
+      u"('OTRO', 1, '2.3.7', 7, 43000, 43001)"_s);
+  p->sql(u"INSERT OR REPLACE INTO EstadoTarvo (CLAVE, VALOR) VALUES ('Ejecucion', 150)"_s);
+  correr(u"N:x"_s, *p);
+  EXPECT_EQ(p->uno(u"SELECT group_concat(MARCA, ' ') FROM (SELECT MARCA FROM Exportes ORDER BY "
+                   u"MARCA)"_s)
+                .texto(),
+            u"2.3.7 52.3.7");
+}
+
 // Owed once however often it was tried, and whichever step exports it into that file.
 TEST_F(DeudasTest, UnPeriodoSeDebeUnaSolaVez) {
   for (const bool borrar : {false, true}) {

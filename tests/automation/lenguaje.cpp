@@ -140,9 +140,9 @@ INSTANTIATE_TEST_SUITE_P(
     Estados, FicheroTest,
     testing::Values(
         CasoFichero{u"", 0, 0}, CasoFichero{u"\r\n", 1, 0},
-        CasoFichero{u"nada\r\nque ver\r\n", 0, 0}, CasoFichero{u"S:ABRIR\r\nP:STOCK", 2, 0},
+        CasoFichero{u"nada\r\nque ver\r\n", 0, 0, u"", 2}, CasoFichero{u"S:ABRIR\r\nP:STOCK", 2, 0},
         CasoFichero{u"S:ABRIR\nP:STOCK\n", 2, 0},
-        CasoFichero{u"nota\r\nS:ABRIR\r\n\r\nS:OLVIDAR\r\nnota\r\nT:MAL\r\n", 3, 0},
+        CasoFichero{u"nota\r\nS:ABRIR\r\n\r\nS:OLVIDAR\r\nnota\r\nT:MAL\r\n", 3, 0, u"", 2},
         CasoFichero{u"S:ABRIR\r\nT:MAL,1\r\n", -1, 0, u"Línea 2"},
         CasoFichero{u"S:ABRIR\r\n@INICIO BATCH\r\n", -1, 0, u"Línea 2"},
         CasoFichero{u"@FINAL BATCH\r\n", -1, 0, u"Línea 1"},
@@ -156,7 +156,10 @@ INSTANTIATE_TEST_SUITE_P(
         CasoFichero{u"@INICIO BATCH\r\nS:ABRIR\r\nnota\r\n@FINAL BATCH", -1, 0, u"Línea 3"},
         CasoFichero{u"@INICIO BATCH\r\n@INICIO BATCH\r\n", -1, 0, u"Línea 2"},
         CasoFichero{u"@INICIO BATCH\r\nS:ABRIR\r\n", -1, 0, u"@FINAL BATCH"},
-        CasoFichero{u"@INICIO BATCH\r\n", 0, 0}));
+        CasoFichero{u"P:CREAR,1,05/03/2026,01/03/2026,x\r\nP:CREAR,3,05/03/2026,31-02-2026,x\r\n"
+                    u"P:CREAR,3,05/03/2026,06/03/2026,x\r\nP:CREAR,3,05/03/2026,,x",
+                    4, 0, u"", 2},
+        CasoFichero{u"@INICIO BATCH\r\n", 0, 0, u"", 1}));
 
 TEST_F(LenguajeTest, LoEscritoSeVuelveALeer) {
   const QString texto =

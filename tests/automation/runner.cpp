@@ -78,6 +78,10 @@ INSTANTIATE_TEST_SUITE_P(
                  u"El número de reintentos \"%1\" no es un número: se ha esperado sin reintentos.",
                  kMal},
         CasoPaso{u"P:CREAR,5,02/03/2026,03/03/2026,x", u"", kBien},
+        CasoPaso{u"P:CREAR,5,05/03/2026,02/03/2026,x", u"No se pudo crear el intervalo", kMal},
+        CasoPaso{u"P:CREAR,4,01/01/1500,01/01/1500,x", u"No se pudo crear el intervalo", kMal},
+        CasoPaso{u"P:CREAR,1,05/03/2026,,x", u"", kBien},
+        CasoPaso{u"C:ESPERA,-1,No", u"No puede haber -1 reintentos: se ha esperado con 0.", kMal},
         CasoPaso{u"P:BORRAR,1,01/01/2020,02/01/2020", u"No se encontró el intervalo a borrar",
                  kMal},
         CasoPaso{u"P:SELECCIONAR,1,#f,#f", u"No se encontraron intervalos a seleccionar", kMal},
@@ -196,6 +200,51 @@ TEST_F(RunnerTest, LosPasosHacenLoQueDicen) {
   }
 }
 
+// What a process reads and forgets is in the machine alone, and stays there.
+TEST_F(RunnerTest, LoQueUnProcesoOlvidaNoSePoneACero) {
+  const QString olvida =
+      u"T:RXGRTOT,1\r\nC:ESPERA,0,Sí\r\nS:OLVIDAR\r\nT:TX_ZERO,1\r\nC:ESPERA,0,Sí"_s;
+  const auto lineas = correr(olvida);
+  EXPECT_EQ(fin_, ResultadoProceso::Problemas);
+  EXPECT_EQ(lineas.filter(u"ha olvidado sus ventas sin memorizarlas"_s).size(), 1)
+      << lineas.join(u'\n').toStdString();
+  EXPECT_EQ(maquinasDePrueba().ceros, 0);
+  correr(kNoche);
+  EXPECT_EQ(fin_, ResultadoProceso::Bien);
+  EXPECT_EQ(maquinasDePrueba().ceros, 2);
+}
+
+// A process that sums runs every night: what its target has is added once, whether the target is
+// selected with it or not.
+TEST_F(RunnerTest, LoYaSumadoNoSeSumaOtraVez) {
+  const auto p = tienda_.programa();
+  correr(
+      u"P:CREAR,5,02/03/2026,03/03/2026,a\r\nP:CREAR,5,03/03/2026,04/03/2026,b\r\n"
+      u"P:CREAR,5,02/03/2026,04/03/2026,t"_s,
+      *p);
+  p->sql(
+      u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON) SELECT LINK, 1, 1, LINK FROM COLUMNA "
+      u"WHERE DESCR<>'t'"_s);
+  const auto enT = [&] {
+    return p->uno(u"SELECT CON FROM TOTGRT WHERE LINK=(SELECT LINK FROM COLUMNA WHERE DESCR='t')"_s)
+        .entero();
+  };
+  const QString aYb =
+      u"P:LIMPIAR\r\nP:SELECCIONAR,5,02/03/2026,03/03/2026\r\nP:SELECCIONAR,5,03/03/2026,04/03/2026"
+      u"\r\nP:SUMAR"_s;
+  const QString todos = u"P:LIMPIAR\r\nP:SELECCIONAR,5,02/03/2026,04/03/2026\r\nP:SUMAR"_s;
+  for (const QString& proceso : {aYb, aYb, todos}) {
+    p->lineas.clear();
+    const auto lineas = correr(proceso, *p);
+    EXPECT_EQ(enT(), 3) << proceso.toStdString();
+    const auto dichas = lineas.filter(u"no se suma otra vez"_s).size();
+    const bool primera = dichas == 0;
+    EXPECT_TRUE(primera || dichas == 2) << lineas.join(u'\n').toStdString();
+    EXPECT_TRUE(primera || p->fin == ResultadoProceso::Problemas);
+  }
+  EXPECT_EQ(p->uno(u"SELECT count(*) FROM Sumados"_s).entero(), 2);
+}
+
 TEST_F(RunnerTest, AbrirConDatosDentro) {
   const auto lineas = correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nS:ABRIR"_s);
   EXPECT_TRUE(lineas.contains(u"003:SESIÓN"_s)) << lineas.join(u'\n').toStdString();
@@ -259,7 +308,8 @@ TEST_F(RunnerTest, SinLasSesionesNadieOlvida) {
   }
 }
 
-TEST_F(RunnerTest, UnaLineaQueNoEsPasoSeDiceCuandoLoParece) {
+// Only a line of its own letter is a comment: a step without one looks like it.
+TEST_F(RunnerTest, UnaLineaQueNoEsPasoSeDice) {
   struct Caso {
     const char16_t* proceso;
     const char16_t* dice;  // empty: nothing, and all is well
@@ -268,8 +318,10 @@ TEST_F(RunnerTest, UnaLineaQueNoEsPasoSeDiceCuandoLoParece) {
       {u"t:RXGRTOT,1\r\nN:x", u"Línea 1: no es ningún paso y se pasa por alto"},
       {u"Q:RXGRTOT,1", u"Línea 1: no es ningún paso y se pasa por alto"},
       {u"Noche de la tienda: todos los días\r\nN:x", u""},
+      {u"RXGRTOT,ALL\r\nN:x", u"Línea 1: no es ningún paso y se pasa por alto"},
+      {u"@INICIO BATCH", u"Línea 1: abre un bloque que no se cierra y no tiene ningún paso"},
       {u"N:x\r\nbasura\r\nT:RXGRTOT,1", u"Línea 2: no es ningún paso, y los que vienen detrás"},
-      {u"N:x\r\nhecho por Ana\r\nen marzo", u""}};
+      {u"N:x\r\nhecho por Ana\r\nen marzo", u"Línea 2: no es ningún paso y se pasa por alto"}};
   for (const Caso& c : casos) {
     const auto lineas = correr(QString::fromUtf16(c.proceso));
     const QString dice = QString::fromUtf16(c.dice);

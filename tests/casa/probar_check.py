@@ -17,7 +17,7 @@ def orden(*palabras, **mas):
 
 
 def copiar(adonde):
-    """The tree as it is, with its history."""
+    """Copies the tree in its current state, with its history."""
     subprocess.run(["git", "clone", "-q", "--shared", RAIZ, adonde], check=True)
     for nombre in subprocess.run(["git", "ls-files", "-dmo", "--exclude-standard"], cwd=RAIZ, text=True,
                                  capture_output=True, check=True).stdout.splitlines():
@@ -57,7 +57,7 @@ def archivo():
 
 TABLA, TEXTOS = "docs/architecture.md", "datos/textos/es.txt"
 FORMA = "src/comm/ventanas/Prueba.ui"
-# Words that must not be in the tree are not here either.
+# The cases contain none of the forbidden words, since ./check examines this file too.
 CASOS = [
     ("salas", anade("src/comm/tramas/Prueba.cpp", '#include "core/dao/Valor.h"\n'), r"Prueba.cpp:1: tramas includes dao"),
     ("salas", cambia(TABLA, r"^\| `stock` \|", "| `stock` | `dinero`"), r"stock may include dinero, and nothing"),

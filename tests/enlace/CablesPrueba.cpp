@@ -102,6 +102,22 @@ TEST_F(Cables, TCPAbreEnviaYCierra) {
   EXPECT_EQ(oye(), u"Cerrar 20");
 }
 
+// A machine may take one connection at a time: a closing is over once the machine knows of it, or
+// has had its time.
+TEST_F(Cables, TCPCierraCuandoLoSabeElOtroExtremo) {
+  MaquinaTCP maquina;
+  cables.canales[0].Device = cables.canales[1].Device = TipoAcceso::TcpIp;
+  EXPECT_EQ(abre(0, maquina.acceso()), u"Abrir 0");
+  EXPECT_TRUE(hasta([&] { return maquina.socket != nullptr; }));
+  EXPECT_EQ(cierra(0), u"Cerrar 0");
+  EXPECT_EQ(maquina.socket->state(), QAbstractSocket::UnconnectedState);
+  QTcpServer absorta;
+  absorta.listen(QHostAddress::LocalHost);
+  absorta.pauseAccepting();
+  EXPECT_EQ(abre(1, QStringLiteral("127.0.0.1:%1").arg(absorta.serverPort())), u"Abrir 0");
+  EXPECT_EQ(cierra(1), u"Cerrar 0");
+}
+
 TEST_F(Cables, TCPDiceQueFalla) {
   QTcpServer ocupa;
   ocupa.listen(QHostAddress::LocalHost);

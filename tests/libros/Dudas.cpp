@@ -87,7 +87,10 @@ TEST_F(DudasTest, UnaCuentaQueBajaNoPruebaNada) {
     EXPECT_EQ(preguntado(), c.pregunta) << t.textoAvisos().toStdString();
     if (c.pregunta) {
       EXPECT_FALSE(t.ponerACero(1));
+      t.avisos.clear();
       EXPECT_EQ(t.responder(1, 0, c.obedecida).size(), 1U);
+      EXPECT_TRUE(std::ranges::none_of(t.avisos, &totals::Aviso::grave))
+          << t.textoAvisos().toStdString();
     }
     cuadra();
     EXPECT_TRUE(t.ponerACero(1));

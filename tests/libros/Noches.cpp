@@ -97,6 +97,68 @@ TEST_F(LibrosTest, ConSoloUnaParteNoSePoneACero) {
   }
 }
 
+// A reading that knows less never replaces one that knows more and is in no period yet; a whole
+// reading that was given up meanwhile still forbids the zeroing.
+TEST_F(LibrosTest, UnaParteNoSustituyeALoEntero) {
+  totals::Lectura parte;
+  parte.maquinas[0] = {{{11, 0}, {1, 0, 500, 0}}};
+  parte.entera = false;
+  for (const bool fallida : {false, true}) {
+    dia();
+    leerTodo();
+    if (fallida) {
+      bien(t.sesion().PrepararRecepcion(1, TipoTotal::PLUs));
+      bien(t.sesion().lecturaFallida(1, TipoTotal::PLUs));
+    }
+    t.avisos.clear();
+    bien(t.sesion().PrepararRecepcion(1, TipoTotal::PLUs));
+    bien(t.sesion().guardarLectura(1, TipoTotal::PLUs, parte, t.avisos));
+    ASSERT_EQ(t.avisos.size(), 1U);
+    EXPECT_TRUE(t.avisos[0].grave);
+    EXPECT_EQ(
+        t.avisos[0].texto,
+        u"Grupo 1, artículos: lo recogido entero y sin memorizar se queda; lo recogido después "
+        u"es sólo una parte y no lo sustituye");
+    t.memorizar();
+    for (const int g : {1, 2}) t.cuadra(g);
+    EXPECT_EQ(t.ponerACero(1), !fallida);
+    EXPECT_TRUE(t.ponerACero(2));
+  }
+}
+
+// Sales that a run forgot are in the machine alone: it isn't told to forget them too, until it has
+// been read again. Nothing is missing where the session held only what a period has already.
+TEST_F(LibrosTest, LoOlvidadoSinMemorizarNoSePoneACero) {
+  const auto olvidar = [&] { bien(t.cierre().LaSesion(false, 0, t.avisos)); };
+  dia();
+  leerTodo();
+  t.memorizar();
+  leerTodo();
+  olvidar();
+  EXPECT_TRUE(t.ponerACero(1));
+  t.grupos.at(2).at(1).vender(11, 300, 0);
+  t.leer(2);
+  olvidar();
+  EXPECT_FALSE(t.ponerACero(2));
+  t.cortar();
+  EXPECT_FALSE(t.ponerACero(2));
+  EXPECT_EQ(bien(t.sesion().permisoCero(2)).motivo,
+            u"Grupo 2: este proceso ha olvidado sus ventas sin memorizarlas; no se pone a cero "
+            u"hasta recogerlo otra vez entero");
+  EXPECT_TRUE(bien(t.cierre().recuperar()));  // what a person brings back isn't forgotten
+  t.memorizar();
+  for (const int g : {1, 2}) t.cuadra(g);
+  EXPECT_TRUE(t.ponerACero(2));
+  t.grupos.at(2).at(1).vender(11, 300, 0);
+  t.leer(2);
+  olvidar();
+  EXPECT_FALSE(t.ponerACero(2));
+  t.leer(2);
+  t.memorizar();
+  t.cuadra(2);
+  EXPECT_TRUE(t.ponerACero(2));
+}
+
 TEST_F(LibrosTest, UnGrupoQueNoSePusoACeroSoloAportaLaDiferencia) {
   dia();
   leerTodo();

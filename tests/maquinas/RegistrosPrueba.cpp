@@ -289,6 +289,18 @@ TEST(Registros, LineasDePedido) {
             (std::vector<Linea>{{17, 2, 2, true}}));
   EXPECT_TRUE(nodal::leerPedido("99")->empty());
   EXPECT_FALSE(nodal::leerPedido("990017"));
+
+  // Read tolerantly, a line without its last field is one, unless it will be asked for again.
+  constexpr Rigor kTolerante = Rigor::Tolerante;
+  const Linea sinUnidades{17, 1500, 0};
+  for (const QByteArray& detras : {QByteArray(), b.left(15)})
+    EXPECT_EQ(*vek::leerLineas("0" + a + detras, kTolerante), (T{{sinUnidades}, false}));
+  EXPECT_EQ(*vek::leerLineas("0" + a.left(15), kTolerante), (T{{sinUnidades}, false}));
+  EXPECT_FALSE(vek::leerLineas("0" + a.left(14), kTolerante));
+  EXPECT_EQ(*nodal::leerPedido("99" + n.left(12), kTolerante), std::vector{sinUnidades});
+  EXPECT_EQ(*nodal::leerPedido("99" + n + n.left(12), kTolerante),
+            (std::vector<Linea>{{17, 1500, 2}, sinUnidades}));
+  EXPECT_FALSE(nodal::leerPedido("99" + n + n.left(10), kTolerante));
 }
 
 }  // namespace tarvo::maquinas

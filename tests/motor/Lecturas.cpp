@@ -43,6 +43,7 @@ TEST_F(Lecturas, DeBalanzas) {
     EXPECT_EQ(bandeja(g, 16), u"10:2/200/400/0 30:1/0/700/0");
     EXPECT_EQ(oidas(g).mid(3),
               (QStringList{QStringLiteral("835 00000100300"), QStringLiteral("835 00000200300")}));
+    bien(sesion->ponerEstado(0));
     leer(g, 16, false, 15, 25);
     EXPECT_EQ(bandeja(g, 16), u"30:1/0/700/0");
     leer(g, 17);
@@ -148,6 +149,7 @@ TEST_F(Lecturas, DeCajas) {
   EXPECT_EQ(bandeja(3, 17), u"3:8/0/1160/0");
   leer(3, 19);
   EXPECT_EQ(bandeja(3, 19), u"2:4/0/1002/0 3:4/0/158/0");
+  bien(sesion->ponerEstado(0));
   leer(3, 16, true, 10, 10);
   EXPECT_EQ(bandeja(3, 16), u"10:2/0/1000/0");
 }

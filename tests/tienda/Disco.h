@@ -1,5 +1,5 @@
-// What the program asks of the disk, in order. Taken into one file of a test program: these take
-// the place of the system's own in all of it.
+// Records the program's calls to the disk, in order. For inclusion in one file of a test program:
+// these functions replace the system's own in all of it.
 #pragma once
 
 #include <QFile>
@@ -12,7 +12,7 @@
 
 namespace tarvo::prueba {
 
-inline QStringList* alDisco = nullptr;  // nobody listens
+inline QStringList* alDisco = nullptr;  // null: nothing is recorded
 
 inline void pedir(const QString& que, const QString& ruta) {
   if (alDisco) *alDisco << que + QFileInfo(ruta).fileName();

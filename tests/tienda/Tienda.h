@@ -1,5 +1,5 @@
-// The one shop of the tests: rows of the real tables, one word each, and what the tables hold
-// after.
+// The shop used by all tests: inserts rows of the real tables, one function per kind, and reads the
+// contents of tables.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,19 +10,19 @@
 
 namespace tarvo::prueba {
 
-// The value of a result that must be well.
+// Returns the value of a result that must be a success.
 template <class T>
 T bien(Resultado<T> r) {
   EXPECT_TRUE(r.has_value()) << (r ? "" : r.error().texto.toStdString());
   if constexpr (!std::is_void_v<T>) return r ? std::move(*r) : T{};
 }
 
-// A moment as people write it: "05/06/2018 22:15:00".
+// A moment in its written form: "05/06/2018 22:15:00".
 inline Fecha momento(const char* texto) {
   return *Fecha::leer(QString::fromUtf8(texto));
 }
 
-// Words that make rows can be chained. A field that isn't said is what its table gives by itself.
+// Functions that insert rows can be chained. An omitted field gets its table's default.
 class Tienda {
  public:
   using V = dao::Valor;
@@ -50,8 +50,8 @@ class Tienda {
 
   virtual ~Tienda() = default;
 
-  // Departments, articles, groups... that follow are of this section; of 1 until one is named. A
-  // section or a warehouse that is there takes what is said.
+  // Departments, articles, groups... inserted later belong to this section; to section 1 by
+  // default. An existing section or warehouse is updated.
   Tienda& seccion(int numero, const V& nombre = u"Carne", const V& ivas = {});
   Tienda& en(int seccion) { return seccion_ = seccion, *this; }
   Tienda& departamento(int numero, const V& nombre = u"Dep", const V& iva = {});
@@ -59,7 +59,7 @@ class Tienda {
   Tienda& almacen(int codigo, const V& nombre = u"Tienda");
   Tienda& grupo(const UnGrupo& g);
   Tienda& operador(int codigo, const V& nombre = u"Op");
-  // The group holds the articles as they are here, or is to delete them.
+  // The group has these articles with their current data, or is to delete them.
   Tienda& cruce(int grupo, std::initializer_list<int> codigos, bool borra = false);
   Tienda& oferta(const UnaOferta& o);
   Tienda& existencias(const UnasExistencias& e);
@@ -73,9 +73,9 @@ class Tienda {
     const auto r = base().ejecutar(texto, p...);
     EXPECT_TRUE(r) << texto.toStdString() << ": " << (r ? "" : r.error().texto.toStdString());
   }
-  // All values of a query, rows parted by " | ", columns by a blank; "-" is Null.
+  // All values of a query, rows separated by " | ", columns by a blank; "-" is Null.
   QString leer(const QString& texto);
-  // The first value of a query, and the rows of a table.
+  // The first value of a query; below, the number of rows of a table.
   template <class... P>
   dao::Valor uno(const QString& texto, const P&... p) {
     return bien(base().uno(texto, p...));

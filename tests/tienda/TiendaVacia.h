@@ -1,5 +1,4 @@
-// A shop with nothing in it, in a temporary folder: the tables that rooms have in common and those
-// that are named.
+// An empty shop in a temporary folder: the tables shared by the rooms, and those named.
 #pragma once
 
 #include <QTemporaryDir>

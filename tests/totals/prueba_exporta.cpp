@@ -96,10 +96,26 @@ TEST_F(Exporta, WritesBothLayouts) {
 TEST_F(Exporta, HeadersFitTheFile) {
   const qint64 tramo = crear(5, "05/06/2018 13:00:01", "06/06/2018 08:30");
   sql(u"update COLUMNA set DESCR=?"_s, u"Año\r\nde €, \u4e2d"_s);
-  escribir(u"A.EXP"_s, "0100");  // cut off by another program
+  escribir(u"A.EXP"_s, "*0100");  // cut off by another program
   EXPECT_TRUE(exportar(tramo, "a"));
   EXPECT_EQ(fichero(u"A.EXP"_s),
-            "0100\r\n*A\xF1o  de \x80, ?\r\n*05/06/2018 13:00:01  06/06/2018 08:30:00\r\n");
+            "*0100\r\n*A\xF1o  de \x80, ?\r\n*05/06/2018 13:00:01  06/06/2018 08:30:00\r\n");
+}
+
+// A file that doesn't begin as an export does is somebody else's, whatever it is called.
+TEST_F(Exporta, AForeignFileStaysAsItIs) {
+  const qint64 dia = crear(1, "05/06/2018");
+  for (const QByteArray ajeno : {"Lista de la compra\r\n", "0100", "* leche\n- pan\n", "\n*\n"}) {
+    escribir(u"A.EXP"_s, ajeno);
+    const auto mal = xporTot.XportRemoto({dia}, {false, true}, u"a"_s, QString());
+    EXPECT_TRUE(!mal && mal.error().texto.contains(u"A.EXP existe y no es de exportación"_s));
+    EXPECT_EQ(fichero(u"A.EXP"_s), ajeno);
+    EXPECT_TRUE(bien(periodos.columna(dia)));
+  }
+  for (const QByteArray vale : {"", "*05 junio 2018\r\n"}) {
+    escribir(u"A.EXP"_s, vale);
+    EXPECT_TRUE(exportar(dia, "a")) << vale.toStdString();
+  }
 }
 
 TEST_F(Exporta, AValueThatDoesNotFitStopsAll) {
@@ -169,7 +185,7 @@ TEST_F(Exporta, WritesIntoNoFileThatIsNotAnExport) {
 TEST_F(Exporta, AFullDiskLeavesTheOldFile) {
   const qint64 dia = diaEntero();
   const qint64 grande = qint64{64} << 20;
-  escribir(u"x.EXP"_s, "*antes\r\n");
+  escribir(u"x.EXP"_s, "*antes\r\n*");
   QFile x(ruta(u"x.EXP"_s));
   ASSERT_TRUE(x.resize(grande));
   rlimit normal{};

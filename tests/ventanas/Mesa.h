@@ -1,5 +1,5 @@
-// What the tests of windows stand on: a database in a temporary folder, the program's texts with
-// some of the test's own, and the kit's objects on the real clock.
+// The fixture of all window tests: a database in a temporary folder, the program's texts with some
+// of the test's own, and the kit's objects on the real clock.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -22,9 +22,9 @@ namespace tarvo::prueba {
 
 using namespace Qt::StringLiterals;
 
-// Runs the event loop until it holds; false when it never does. Builds that watch themselves, on a
-// busy machine, take their time. It looks after each round of events, so that work in slices is
-// caught after one of them, however fast the machine is.
+// Runs the event loop until the condition holds; false after `ms`, which leaves time for sanitizer
+// builds on a busy machine. The condition is checked after each round of events, so that work in
+// slices is caught after a slice, however fast the machine is.
 template <class F>
 bool esperar(F condicion, int ms = 60'000) {
   const QDeadlineTimer hasta(ms);
@@ -38,7 +38,8 @@ bool esperar(F condicion, int ms = 60'000) {
 }
 
 struct Mesa : Tienda {
-  // `propios`: lines "number TAB text" on top of the program's table. `salas`: whose settings.
+  // `propios`: lines "number TAB text" added to the program's table. `salas`: the rooms whose
+  // settings are loaded.
   explicit Mesa(const QString& propios = {}, const std::vector<SalaDeAjustes>& salas = {})
       : ajustes(carpeta.path(), Idioma::Espanol, salas), textos(leerTextos(propios)) {}
 
@@ -49,7 +50,7 @@ struct Mesa : Tienda {
   V* abrir(const QString& nombre, const ventanas::Argumentos& a = {}) {
     auto* v = dynamic_cast<V*>(escritorio.ventanas().abrir(nombre, nullptr, a));
     EXPECT_NE(v, nullptr) << nombre.toStdString();
-    EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));  // keys go to the active one
+    EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));  // only the active window gets keys
     return v;
   }
   template <ventanas::EsPuerta P>
@@ -59,7 +60,7 @@ struct Mesa : Tienda {
     EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));
     return v;
   }
-  // Does `hacer` once a modal window is on top, as soon as it is there.
+  // Calls `hacer` as soon as a modal window is on top.
   template <class F>
   void alAbrirse(F hacer) {
     QTimer::singleShot(30, &escritorio.ventanas(), [this, hacer] {
@@ -79,7 +80,7 @@ struct Mesa : Tienda {
     });
   }
 
-  QString textoModal;  // of the box that alAbrirse() saw last
+  QString textoModal;  // of the last box passed to alAbrirse()
   QTemporaryDir carpeta;
   Ajustes ajustes;
   std::unique_ptr<dao::Database> db =

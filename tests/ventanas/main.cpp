@@ -7,7 +7,7 @@ namespace {
 
 QtMessageHandler anterior;
 
-// What this platform can't do is no news, and would bury what failed.
+// Messages about the limits of this platform are expected, and would hide real failures.
 void sinRuido(QtMsgType tipo, const QMessageLogContext& donde, const QString& texto) {
   if (!texto.startsWith(u"This plugin does not support")) anterior(tipo, donde, texto);
 }

@@ -56,7 +56,7 @@ ElemPerso::ElemPerso(ventanas::Contexto& contexto, const QString& nombre)
   lista_->setFocusPolicy(Qt::NoFocus);
   connect(qobject_cast<QLineEdit*>(&titulo_->control()), &QLineEdit::textChanged, this,
           &ElemPerso::mostrarLista);
-  // One of the two.
+  // Only one of the two lists has a selection.
   for (const auto& [este, otro] : {std::pair{procesos_, diferidos_}, {diferidos_, procesos_}}) {
     connect(este, &QListWidget::itemDoubleClicked, this, &ElemPerso::confirmar);
     connect(este, &QListWidget::itemSelectionChanged, this, [this, este, otro] {
@@ -116,7 +116,7 @@ QString ElemPerso::elegido() const {
 std::vector<ElemPerso::FaltaCampo> ElemPerso::comprobar() {
   const QString titulo = r.este.titulo.trimmed();
   if (titulo.isEmpty()) return {{titulo_, t(kTxFaltaTitulo)}};
-  // It parts title and process in the file.
+  // It separates title and process in the file.
   if (titulo.contains(u'|')) return {{titulo_, t(kTxTituloConBarra)}};
   if (std::ranges::find(otros_, titulo, &Personal::titulo) != otros_.end())
     return {{titulo_, t(kTxTituloRepetido)}};

@@ -1,4 +1,4 @@
-// An entry of the person's own: its words, its place, and the process or timetable that it starts.
+// An entry of the user's own: its title, its position, and the process or timetable that it starts.
 #pragma once
 
 #include <QListWidget>
@@ -23,14 +23,14 @@ class ElemPerso final : public ventanas::FichaDe<Elemento> {
  private:
   void mostrarLista();
   void mover(int pasos);
-  QString elegido() const;  // base name of the file, empty for none
+  QString elegido() const;  // base name of the file, empty if none
   std::vector<FaltaCampo> comprobar() override;
   Resultado<> aplicar() override;
 
   ventanas::Campo* titulo_;
   QListWidget *lista_, *procesos_, *diferidos_;
   QPushButton *subir_, *bajar_;
-  std::vector<Personal> otros_;  // without the one that is edited
+  std::vector<Personal> otros_;  // without the one being edited
 };
 
 }  // namespace tarvo::app

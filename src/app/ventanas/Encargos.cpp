@@ -65,7 +65,7 @@ void Encargos::atender(const Peticion& p, const std::shared_ptr<Visita>& visita)
   if (!mirada_->activo()) mirada_->unaVez(0);
 }
 
-// --- showing itself -----------------------------------------------------------------------------
+// --- coming to the front ------------------------------------------------------------------------
 
 void Encargos::alzar(const QString& ventana) {
   if (ventanas_.conoce(ventana)) {
@@ -76,19 +76,19 @@ void Encargos::alzar(const QString& ventana) {
   if (abiertas.empty()) return;
   ventanas::Ventana* principal = ventanas_.cargada(u"MainTarvo"_s);
   traerDelante(*(principal ? principal : abiertas.front()));
-  // What waits for an answer is in front of it.
+  // A modal dialog must stay in front of it.
   if (QWidget* modal = QApplication::activeModalWidget()) traerDelante(*modal);
 }
 
 // --- processes ----------------------------------------------------------------------------------
 
-// The same timetable, outside and here: one of them is enough.
+// True if the same timetable is active both here and in the other program: one of them is enough.
 bool Encargos::loLlevaElHorario(const Peticion& p) const {
   return !p.traza.isEmpty() && app_.cronos().activo() &&
          p.traza.compare(app_.cronos().nombre() + u".CRO"_s, Qt::CaseInsensitive) == 0;
 }
 
-// A run of a person, and a change that a window is in the middle of, are waited for.
+// False during a user's run, or while a window is in the middle of a change.
 bool Encargos::libre() const {
   return !app_.automat().enMarcha() && fondo_.db->profundidad() == 0;
 }
@@ -129,7 +129,7 @@ void Encargos::correr(std::vector<automation::PasoProceso> pasos) {
   automat.desatendido = true;
   automat.observar(*this);
   const Peticion p = actual_->peticion;
-  // It is seen while it runs, and can be stopped.
+  // The run is visible and can be stopped.
   ventanas_.abrir(automation::PuertaAutomat());
   automat.PROCESO(std::move(pasos), p.traza, p.nombre, p.omitidas);
 }

@@ -1,5 +1,5 @@
-// What other programs ask of this one, which has the database and windows: to show itself, and to
-// run a process of theirs as if nobody were here.
+// Serves the requests of other programs while this one holds the database and has windows: to come
+// to the front, and to run their processes unattended.
 #pragma once
 
 #include <deque>
@@ -19,18 +19,18 @@ class Encargos final : private automation::ObservadorAutomat {
   Encargos(const Encargos&) = delete;
   Encargos& operator=(const Encargos&) = delete;
 
-  // Listens from now on. Errors: the system's reason why it can't.
+  // Starts listening. Errors: the system's reason for refusing it.
   Resultado<> escuchar();
-  // The run that was under way has ended; true when it was one of these.
+  // To be called when the current run has ended; true if it was one of these requests.
   bool terminado(automation::ResultadoProceso resultado);
-  // This program goes: who asked finds another way.
+  // To be called when this program ends: the programs that asked find another way.
   void dejar();
 
  private:
   struct Encargo {
     Peticion peticion;
     std::shared_ptr<Visita> visita;
-    bool avisado = false;  // that it has to wait
+    bool avisado = false;  // the other program has been notified that it has to wait
   };
   void atender(const Peticion& peticion, const std::shared_ptr<Visita>& visita);
   void alzar(const QString& ventana);

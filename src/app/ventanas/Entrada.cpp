@@ -28,7 +28,7 @@ QSize Entrada::sizeHint() const {
 
 void Entrada::paintEvent(QPaintEvent*) {
   QStylePainter p(this);
-  // Behind another window it is still there to be read.
+  // Dimmed but still readable while another window is active.
   if (!isActiveWindow()) p.setOpacity(kDetras);
   QStyleOptionToolButton o;
   initStyleOption(&o);

@@ -1,4 +1,4 @@
-// An entry of a menu in a column: a picture, and its text at a readable distance.
+// An entry in a column-shaped menu: an icon, and its text at a readable distance.
 #pragma once
 
 #include <QToolButton>

@@ -1,4 +1,5 @@
-// Where an entry of the main window or a line of the board leads: a door, or a window by name.
+// The destination of an entry of the main window or of a line of the board: a door, or a window by
+// name.
 #pragma once
 
 #include <variant>
@@ -18,7 +19,7 @@ struct PorNombre {
   bool operator==(const PorNombre&) const = default;
 };
 
-// The first is nowhere.
+// The first one means no destination.
 using Lleva =
     std::variant<std::monostate, PorNombre, PuertaPortalCnf, articles::PuertaBrowGrupos,
                  automation::PuertaAutomat, automation::PuertaCronos, automation::PuertaDebidos,
@@ -26,9 +27,9 @@ using Lleva =
                  comm::PuertaGestcomm, totals::PuertaCerrSes, totals::PuertaDudasCero,
                  totals::PuertaVerCols, totals::PuertaVerTot>;
 
-// Empty for nowhere.
+// Empty if there is no destination.
 QString ventanaDe(const Lleva& lleva);
-// Null as of Ventanas::abrir, and for nowhere.
+// Null under the conditions of Ventanas::abrir, or if there is no destination.
 ventanas::Ventana* abrirLo(ventanas::Ventanas& todas, const Lleva& lleva, QWidget* dueno);
 
 }  // namespace tarvo::app

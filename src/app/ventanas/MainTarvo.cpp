@@ -32,7 +32,7 @@ constexpr int kSesionConDatos = 2;
 struct EntradaMenu {
   Entrada* Ui::MainTarvo::* boton;
   const char16_t* icono;
-  Lleva lleva = {};  // nowhere: a panel, or the person's own
+  Lleva lleva = {};  // none: it opens a panel, or the user's own entries
 };
 
 const std::vector<EntradaMenu>& entradas() {
@@ -112,7 +112,8 @@ void MainTarvo::ponerEntradas() {
   connect(ui_.Minimizar, &QToolButton::clicked, this, &MainTarvo::minimizar);
 }
 
-// Each panel is seen alone, beside what stands below all of them.
+// Assigns the mnemonics panel by panel: only one panel is visible at a time, together with the
+// buttons below all of them.
 void MainTarvo::ponerLetras() {
   for (int i = 0; i < ui_.Paneles->count(); ++i) {
     QSet<QChar> usadas;
@@ -140,7 +141,7 @@ void MainTarvo::mostrarPanel(Panel panel) {
   ui_.Salir->setFocus(Qt::TabFocusReason);
 }
 
-// Up and down go from entry to entry, round the end.
+// Moves from entry to entry with Up and Down, wrapping around at the ends.
 void MainTarvo::moverFoco(int pasos) {
   QList<QToolButton*> botones = ui_.Paneles->currentWidget()->findChildren<QToolButton*>();
   botones << ui_.Salir << ui_.Minimizar;
@@ -164,8 +165,8 @@ void MainTarvo::keyPressEvent(QKeyEvent* evento) {
   Ventana::keyPressEvent(evento);
 }
 
-// One that comes right after a child window's end was meant for that; and nobody leaves by a slip
-// what a night or a collection needs.
+// An Escape right after a child window has closed was meant for that window. If a run or a
+// collection is in progress, it asks before closing, so that it isn't ended by accident.
 bool MainTarvo::atiendeEscape() {
   if (hijaIda_ >= 0 && contexto().reloj.monotono() - hijaIda_ < kTrasHijaMs) return false;
   QStringList quedan;
@@ -179,7 +180,7 @@ bool MainTarvo::atiendeEscape() {
       ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
 }
 
-// --- coming and going ---------------------------------------------------------------------------
+// --- activation and closing ---------------------------------------------------------------------
 
 void MainTarvo::changeEvent(QEvent* evento) {
   Ventana::changeEvent(evento);
@@ -188,7 +189,7 @@ void MainTarvo::changeEvent(QEvent* evento) {
   if (evento->type() != QEvent::ActivationChange || enPersonal_) return;
   if (isActiveWindow()) {
     mostrarPanel(kPrincipal);
-    // What kept it from closing has ended meanwhile.
+    // The obstacle to closing has ended meanwhile.
     if (tira().texto() == t(kTxSinCerrar) && app_.gestcomm().puedeCerrar()) tira().quitar();
     if (ultimaEntrada_ && ultimaEntrada_->isVisible()) ultimaEntrada_->setFocus();
   } else {
@@ -197,7 +198,7 @@ void MainTarvo::changeEvent(QEvent* evento) {
   for (auto* b : ui_.Columna->findChildren<Entrada*>()) b->update();
 }
 
-// One click brings the window back, and so does the menu.
+// The window is brought back by a click, or by the menu.
 void MainTarvo::atenderBandeja() {
   connect(tray_, &SysTray::MouseUp, this, [this](int boton) {
     if (boton == 1) reaparecer();
@@ -205,10 +206,10 @@ void MainTarvo::atenderBandeja() {
   auto* menu = new QMenu(this);
   connect(menu->addAction(t(kTxMostrarTarvo)), &QAction::triggered, this, [this] { reaparecer(); });
   connect(menu->addAction(t(ventanas::kTxSalir)), &QAction::triggered, this, [this] {
-    reaparecer();  // what refuses or asks does so in sight
+    reaparecer();  // any refusal or question must be visible
     close();
   });
-  // The desktop is asked for a place for the icon once the window is on the screen.
+  // The icon is only requested from the desktop once the window is on the screen.
   connect(
       manana_, &Manana::renovada, tray_,
       [this, menu] {
@@ -255,7 +256,8 @@ void MainTarvo::suspenderCapturas() {
   if (!CapturasActivas().empty()) bucle.exec();
 }
 
-// The engine works on when its window is closed: with none to answer for it, it is asked here.
+// The engine goes on working after its window has been closed; without that window, the question is
+// asked here.
 bool MainTarvo::dejaElMotor() {
   if (contexto().ventanas.cargada<comm::PuertaGestcomm>()) return true;
   if (app_.gestcomm().puedeCerrar())
@@ -272,7 +274,7 @@ bool MainTarvo::QueryUnload() {
     return true;
   }
   tray_->FinSysTray();
-  // The program's end writes it again, and says when it can't.
+  // The settings are written again when the program ends, and a failure is then reported.
   static_cast<void>(contexto().ajustes.GuardarConfig());
   return false;
 }

@@ -1,6 +1,6 @@
-// The main window: entries in four panels, the person's own entries, the icon beside the clock, and
-// the morning. It opens windows by name; an entry whose window isn't registered is disabled and
-// says so.
+// The main window: entries in four panels, the user's own entries, the icon in the system tray, and
+// the summary of the morning. It opens windows by name; an entry whose window isn't registered is
+// disabled, and its tool tip says so.
 #pragma once
 
 #include "app/Aplicacion.h"
@@ -44,7 +44,7 @@ class MainTarvo final : public ventanas::Ventana {
   void changeEvent(QEvent* evento) override;
   void keyPressEvent(QKeyEvent* evento) override;
 
-  // --- the person's own entries (MainTarvoPersonal.cpp)
+  // --- the user's own entries (MainTarvoPersonal.cpp)
   void refrescarPersonal();
   void pulsarPersonal();
   void ejecutarPersonal(const QString& titulo);
@@ -56,7 +56,7 @@ class MainTarvo final : public ventanas::Ventana {
   void eliminarPersonal(size_t cual);
   void atenderMenu(QToolButton& boton, std::optional<size_t> cual);
 
-  // --- the windows that receive from a machine now: asked to stop, and waited for, before the end
+  // --- windows receiving from a machine: before the end they are asked to stop, and waited for
   std::vector<ventanas::Captura*> CapturasActivas() const;
   void suspenderCapturas();
   bool dejaElMotor();
@@ -66,8 +66,8 @@ class MainTarvo final : public ventanas::Ventana {
   Manana* manana_;
   SysTray* tray_;
   bool suspendiendo_ = false;
-  qint64 hijaIda_ = -1;      // when another window closed last, on the clock that only goes forward
-  bool enPersonal_ = false;  // a pop-up or the dialog of an own entry is up
+  qint64 hijaIda_ = -1;      // when another window was last closed, on the monotonic clock
+  bool enPersonal_ = false;  // the pop-up menu or the dialog of an own entry is open
   QPointer<QWidget> ultimaEntrada_;
 };
 

@@ -1,4 +1,4 @@
-// The person's own entries: processes under a title of theirs.
+// The user's own entries: processes with titles of their own.
 #include <QFile>
 #include <QMenu>
 #include <QToolButton>
@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// "&" of a title is no mnemonic.
+// "&" in a title is no mnemonic.
 QString sinMarca(QString titulo) {
   return titulo.replace(u'&', u"&&"_s);
 }
@@ -31,14 +31,14 @@ QString enBoton(const QToolButton& boton, const QString& titulo) {
 
 }  // namespace
 
-// Anew from the list: the last main entry, and the panel of two or more.
+// Creates the buttons again from the list: the last main entry, and the panel for two or more.
 void MainTarvo::refrescarPersonal() {
   const auto& lista = contexto().ajustes.de<AjustesPersonal>().personal;
   const QString unico = lista.size() == 1 ? lista.front().titulo : t(kTxPersonalizado);
   ui_.Personalizado->setText(enBoton(*ui_.Personalizado, unico));
   ui_.Personalizado->setAccessibleName(unico);
   ui_.Personalizado->setToolTip(ui_.Personalizado->text() == sinMarca(unico) ? QString() : unico);
-  // Not at once: the click of one of them may have led here.
+  // Deleted later: this may have been called by the click of one of them.
   for (auto* viejo : ui_.PanelPersonal->findChildren<QToolButton*>()) {
     ui_.cajaPropias->removeWidget(viejo);
     viejo->setObjectName({});
@@ -62,7 +62,7 @@ void MainTarvo::refrescarPersonal() {
   }
   for (qsizetype i = 1; i < seguidas.size(); ++i) setTabOrder(seguidas[i - 1], seguidas[i]);
   ponerLetras();
-  // More of them than the screen is high are scrolled.
+  // The entries scroll if they don't fit the height of the screen.
   const int barra = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
   ui_.SitioPropias->setMinimumWidth(ui_.Propias->minimumSizeHint().width() + barra);
   ui_.SitioPropias->viewport()->setAutoFillBackground(false);
@@ -96,17 +96,17 @@ void MainTarvo::ejecutarPersonal(const QString& titulo) {
     return;
   }
   const QString cro = Ajustes::ruta(cual->proceso + u".CRO"_s, a.HomeDir);
-  // With a process that can't be read and no timetable, what is wrong is in the process.
+  // If the process can't be read and there is no timetable, the fault is in the process.
   if (!fichero && QFile::exists(aut) && !QFile::exists(cro)) return decirFallo(fichero.error());
   activar(fichero ? aut : cro);
 }
 
-// The window of a timetable that was taken over takes this one's place.
+// The window of an activated timetable replaces this one.
 void MainTarvo::activar(const QString& ruta) {
   ir(automation::PuertaCronos{ruta});
 }
 
-// --- changing the list --------------------------------------------------------------------------
+// --- editing the list ---------------------------------------------------------------------------
 
 void MainTarvo::atenderMenu(QToolButton& boton, std::optional<size_t> cual) {
   boton.setContextMenuPolicy(Qt::CustomContextMenu);
@@ -129,7 +129,8 @@ void MainTarvo::menuPersonal(QWidget* sobre, const QPoint& donde, std::optional<
   enPersonal_ = false;
 }
 
-// An action on the entry under the pointer; where there is none of several, it asks which.
+// Adds an action on the entry under the pointer; if there is none and the list has several, a
+// submenu asks which one.
 void MainTarvo::anadirAccion(QMenu& menu, int texto, const std::function<void(size_t)>& hacer,
                              std::optional<size_t> cual) {
   const auto& lista = contexto().ajustes.de<AjustesPersonal>().personal;

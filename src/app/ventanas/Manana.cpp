@@ -19,9 +19,9 @@ using ventanas::Letra;
 namespace {
 
 constexpr int kTrasPintar = 30;      // ms
-constexpr int kMirar = 2'000;        // ms between two looks at whether something changed
-constexpr qint64 kVejez = 60'000;    // ms after which it is read anyway: "yesterday" moves on
-constexpr qint64 kDescanso = 5'000;  // ms at least between two readings while a run writes
+constexpr int kMirar = 2'000;        // ms between two checks for changes
+constexpr qint64 kVejez = 60'000;    // ms until it is read in any case: "yesterday" moves on
+constexpr qint64 kDescanso = 5'000;  // ms at least between two readings during a run
 
 QLabel* texto(QWidget* padre, Letra letra, const QString& nombre) {
   auto* l = new QLabel(padre);
@@ -65,16 +65,16 @@ Manana::Manana(ventanas::Contexto& contexto, Aplicacion& aplicacion, QWidget* pa
   noche_->poner({.palabra = {}, .titulo = c_.textos(kTxLeyendo), .texto = {}, .valor = {}});
   todo->addStretch(1);
   setWidget(dentro);
-  setProperty("ocupada", true);  // pictures wait for it
+  setProperty("ocupada", true);  // screenshots wait until it is false
   mirada_ = c_.reloj.temporizador([this] { mirar(); });
-  // What was done in another window (a timetable, say) is seen at once.
+  // Changes made in another window (a timetable, say) are shown at once.
   connect(&c_.ventanas, &ventanas::Ventanas::descargada, this, [this] {
     vieja_ = true;
     if (leida_) mirada_->unaVez(kTrasPintar);
   });
 }
 
-// What has nothing to show before the first reading is made after it.
+// Creates the parts that have nothing to show before the first reading.
 void Manana::completar() {
   auto* dentro = widget();
   auto* todo = static_cast<QVBoxLayout*>(dentro->layout());
@@ -111,7 +111,7 @@ Manana::~Manana() = default;
 
 // --- reading ------------------------------------------------------------------------------------
 
-// What is on the screen first is painted first.
+// The part already on the screen is painted first.
 void Manana::showEvent(QShowEvent* evento) {
   QScrollArea::showEvent(evento);
   if (!mirada_->activo()) mirada_->unaVez(kTrasPintar);
@@ -136,7 +136,7 @@ void Manana::renovar() {
       c_.reloj, [lector = lector_](Trabajo::Avance&) { return lector->paso(); },
       [](const Trabajo::Avance&) {}, [this](const Resultado<Trabajo::Fin>& fin) { acabar(fin); });
   trabajo_->empezar();
-  // Counting what is due reads whole sections; the board shows it when it is there.
+  // Counting the articles due reads whole sections; the board shows the count once it is available.
   aparte_.preguntar<std::vector<envios::Debe>>(
       [ahora = c_.reloj.ahora()](dao::Database& db) { return envios::loQueSeDebe(db, ahora); },
       [this](Resultado<std::vector<envios::Debe>> debe) {
@@ -164,7 +164,7 @@ void Manana::acabar(const Resultado<Trabajo::Fin>& fin) {
   Q_EMIT renovada();
 }
 
-// --- showing ------------------------------------------------------------------------------------
+// --- display ------------------------------------------------------------------------------------
 
 void Manana::enlazar(Pieza& pieza) {
   connect(&pieza, &QAbstractButton::clicked, this, [this, &pieza] {
@@ -179,7 +179,7 @@ void Manana::poner(Pieza& pieza, const Renglon& renglon) {
   pieza.ponerSinVentana(falta ? c_.textos(kTxSinEstaVentana) : QString());
 }
 
-// What is the same stays, so that nothing flickers and the focus keeps its place.
+// Unchanged parts are left alone, so that nothing flickers and the focus stays where it is.
 void Manana::mostrar(const VistaManana& vista) {
   dia_->setText(c_.reloj.ahora().corta());
   if (vista_ == vista) return;

@@ -1,4 +1,4 @@
-// The board beside the entries: the morning at a glance. It reads in slices after the first paint,
+// The board beside the entries: a summary of the morning. It reads in slices after the first paint,
 // and again when a run ends or rows change.
 #pragma once
 
@@ -23,11 +23,11 @@ class Manana final : public QScrollArea {
   Manana(ventanas::Contexto& contexto, Aplicacion& aplicacion, QWidget* padre);
   ~Manana() override;
 
-  void renovar();  // reads now
+  void renovar();  // reads at once
   bool leida() const { return leida_; }
 
  Q_SIGNALS:
-  // A line was chosen.
+  // A line was clicked.
   void elegida(const tarvo::app::Lleva& adonde);
   void fallo(const tarvo::Error& error);
   void renovada();

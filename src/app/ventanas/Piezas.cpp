@@ -25,7 +25,7 @@ QLabel* rotulo(QWidget* padre, const QString& nombre, Letra letra, bool pliega =
   l->setTextFormat(Qt::PlainText);
   l->setWordWrap(pliega);
   l->setAttribute(Qt::WA_TransparentForMouseEvents);
-  l->setForegroundRole(QPalette::WindowText);  // a button's child would take that of buttons
+  l->setForegroundRole(QPalette::WindowText);  // a button's child would inherit the role of buttons
   ventanas::ponerLetra(*l, letra);
   return l;
 }
@@ -127,7 +127,7 @@ QSize Pieza::sizeHint() const {
   return {ancho, heightForWidth(ancho)};
 }
 
-// How high it must be is told by its width alone.
+// The minimum height depends on the width alone.
 QSize Pieza::minimumSizeHint() const {
   return {layout()->minimumSize().width(), escalar(ventanas::kAltoFila)};
 }
@@ -138,7 +138,7 @@ int Pieza::heightForWidth(int ancho) const {
 }
 
 bool Pieza::event(QEvent* evento) {
-  // Icons and colours are those of the face when they were put.
+  // The icons and colours were set for the previous theme.
   if (evento->type() == QEvent::PaletteChange) mostrar();
   return QAbstractButton::event(evento);
 }

@@ -1,4 +1,4 @@
-// The pieces of the board: lines and cards, each a button that the keyboard reaches.
+// The pieces of the board: lines and cards, each one a button that can be reached by keyboard.
 #pragma once
 
 #include <QAbstractButton>
@@ -9,7 +9,7 @@ class QLabel;
 
 namespace tarvo::app {
 
-// Some bars, the last one in the accent colour.
+// A row of bars, the last one in the accent colour.
 class Barras final : public QWidget {
  public:
   explicit Barras(QWidget* padre);
@@ -21,15 +21,15 @@ class Barras final : public QWidget {
   std::vector<double> alturas_;
 };
 
-// What a line and a card have in common: a ground that shows hover and press, Enter as a click,
-// and a name for assistive tools made of all that it says.
+// The base of lines and cards: a background that shows hovering and pressing, Enter as a click, and
+// an accessible name made of all its texts.
 class Pieza : public QAbstractButton {
   Q_OBJECT
  public:
   explicit Pieza(QWidget* padre);
   const Renglon& renglon() const { return renglon_; }
   void poner(const Renglon& renglon);
-  // Tip in place of the click where the window isn't there.
+  // Sets a tool tip that replaces the click if the window doesn't exist.
   void ponerSinVentana(const QString& tip);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -48,7 +48,7 @@ class Pieza : public QAbstractButton {
   Renglon renglon_;
 };
 
-// The night in one sentence, on the ground of its state.
+// The night in one sentence, on the background of its state.
 class Titular final : public Pieza {
  public:
   explicit Titular(QWidget* padre);
@@ -59,7 +59,7 @@ class Titular final : public Pieza {
   QLabel *imagen_, *titulo_, *texto_, *valor_;
 };
 
-// A figure with what it means.
+// A figure and its meaning.
 class Tarjeta final : public Pieza {
  public:
   explicit Tarjeta(QWidget* padre);
@@ -75,7 +75,7 @@ class Tarjeta final : public Pieza {
 class LineaGrupo final : public Pieza {
  public:
   explicit LineaGrupo(QWidget* padre);
-  // So that all lines of a board stand in columns.
+  // Sets the column widths, which align all lines of a board.
   void ponerAnchos(int palabra, int titulo, int valor);
   QSize anchosQuePide() const;  // of word and title
   int valorQuePide() const;

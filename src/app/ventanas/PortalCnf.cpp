@@ -12,7 +12,7 @@ namespace tarvo::app {
 using namespace Qt::StringLiterals;
 
 namespace {
-// In the order of the list: as the desktop, light, dark.
+// In the order of the list: the desktop's, light, dark.
 const QString kCaras[] = {{}, u"claro"_s, u"oscuro"_s};
 }  // namespace
 

@@ -1,5 +1,5 @@
-// What a process asks: answered by --dato where the command line has it, else by a window. A
-// process that another program gave asks nobody here.
+// The questions of a process: answered by --dato if the command line gives the answer, otherwise in
+// a window. A process requested by another program asks nothing here.
 #pragma once
 
 #include "app/Datos.h"
@@ -13,7 +13,7 @@ class PreguntasApp final : public automation::Preguntas {
       : t_(textos), dados_(dados), datos_(dados, textos) {}
   void poner(ventanas::Ventanas* ventanas) { ventana_.poner(ventanas); }
   void retirar() { ventana_.retirar(); }
-  // From now on what that program gave answers, and `decir` hears what lacks.
+  // From now on the answers are those of the other program, and `decir` receives the missing ones.
   void encargo(const std::map<QString, QString>& datos,
                const std::function<void(const QString&)>& decir) {
     encargo_.emplace(datos, t_, decir);

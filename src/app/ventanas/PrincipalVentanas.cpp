@@ -25,14 +25,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Qt ends the program without a word of ours when there is no screen.
+// Without a screen, Qt would end the program without a message of ours.
 bool hayPantalla() {
   for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
     if (!qEnvironmentVariableIsEmpty(variable)) return true;
   return false;
 }
 
-// Nothing when the process can't be read, which has been said.
+// Nothing if the process can't be read, which has then been reported.
 std::optional<Lleva> delProceso(const QString& ruta, const Fondo& fondo, const Aplicacion& app) {
   const Lleva horario = automation::PuertaCronos{ruta};
   if (ruta.endsWith(u".cro"_s, Qt::CaseInsensitive)) return horario;
@@ -47,7 +47,7 @@ std::optional<Lleva> delProceso(const QString& ruta, const Fondo& fondo, const A
   return std::nullopt;
 }
 
-// The mode of the program: a process, a delayed program, or the main window.
+// The mode of the program: a process, a timetable, or the main window.
 std::optional<Lleva> primeraVentana(const Ordenes& o, const Fondo& fondo, const Aplicacion& app,
                                     const ventanas::Ventanas& todas) {
   if (!o.ventana.isEmpty()) return PorNombre{o.ventana, todas.muestra(o.ventana)};
@@ -55,8 +55,9 @@ std::optional<Lleva> primeraVentana(const Ordenes& o, const Fondo& fondo, const 
   return delProceso(rutaProceso(o.proceso, fondo.ajustes), fondo, app);
 }
 
-// How the program ends. Told to from outside while a process runs, it stops that first, and leaves
-// it open for the same process to go on with; what the process asks goes unanswered.
+// The end of the program. If it is requested from outside while a process is running, the process
+// is stopped first and left open, so that the same process can continue later; its questions remain
+// unanswered.
 class Final {
  public:
   Final(Aplicacion& app, PreguntasApp& preguntas, Encargos& encargos, std::function<void()> cerrar)
@@ -74,7 +75,7 @@ class Final {
   Final(const Final&) = delete;
   Final& operator=(const Final&) = delete;
 
-  int estado() const { return estado_; }  // the worst of the runs
+  int estado() const { return estado_; }  // the worst of all runs
 
  private:
   void pedirFin() {
@@ -132,10 +133,10 @@ int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, Reloj& reloj,
   return guardarAjustes(fondo, o.proceso.isEmpty() ? estado : std::max(estado, final.estado()));
 }
 
-// --- another program has the database -----------------------------------------------------------
+// --- another program holds the database ---------------------------------------------------------
 
-// The process that the command line names, as a request; nothing when it can't be read or holds a
-// timetable, which needs this program itself.
+// The process given on the command line, as a request. Nothing if it can't be read, or if it
+// contains a timetable, which needs this program itself.
 std::optional<Peticion> peticionDe(const Ordenes& o, const Ajustes& ajustes, const Textos& t) {
   Peticion p;
   p.ventana = o.ventana;
@@ -153,7 +154,8 @@ std::optional<Peticion> peticionDe(const Ordenes& o, const Ajustes& ajustes, con
   return p;
 }
 
-// Its windows come to the front, or it runs the process; nothing when nobody answers there.
+// Asks the other program to bring its windows to the front, or to run the process; nothing if it
+// doesn't answer.
 std::optional<int> pedirAlOtro(const Peticion& peticion, const Ajustes& ajustes, Reloj& reloj) {
   std::optional<int> estado;
   QEventLoop bucle;
@@ -193,12 +195,12 @@ int principalVentanas(int argc, char** argv) {
       avisar(t(kTxSinPantalla));
       return kArgumentosMalos;
     }
-    // The desktop knows the window by the name of its entry, on Wayland too.
+    // The desktop identifies the window by the name of its desktop entry, on Wayland too.
     QGuiApplication::setDesktopFileName(u"tarvo"_s);
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication qt(argc, argv);
-    // Started from the desktop, nobody reads the standard error.
+    // If the program was started from the desktop, nobody reads standard error.
     const auto decirFallo = [&t, &qt, &o](const QString& texto) {
       avisar(texto);
       const ventanas::Tema vestido(qt, ventanas::leerCara(o.tema));

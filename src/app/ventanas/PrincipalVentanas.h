@@ -1,5 +1,4 @@
-// The program with windows: the same command line, a QApplication, and the windows that it asks
-// for.
+// The program with windows: the same command line, a QApplication, and the windows requested by it.
 #pragma once
 
 namespace tarvo::app {

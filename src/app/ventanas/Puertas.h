@@ -8,7 +8,7 @@
 
 namespace tarvo::app {
 
-// An entry of the person's own: one of the settings by its place, or a new one.
+// An entry of the user's own: an existing one by its index in the settings, or a new one.
 struct PuertaElemPerso {
   static constexpr QStringView kNombre = u"ElemPerso";
   std::optional<std::size_t> cual = {};

@@ -22,7 +22,7 @@ void registrarVentanasPrincipal(ventanas::Ventanas& ventanas, Aplicacion& aplica
   ventanas.registrar<PuertaElemPerso, ElemPerso>();
 }
 
-// One line a room.
+// One line per room.
 void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
   registrarVentanasPrincipal(ventanas, aplicacion);
   articles::registrarVentanasArticulos(ventanas, aplicacion.catalogo(), aplicacion.operadores(),

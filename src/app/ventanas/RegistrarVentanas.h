@@ -1,4 +1,4 @@
-// Every window of the program, by name. Each room registers its own; here they come together.
+// Registers all windows of the program by name. Each room registers its own; they are joined here.
 #pragma once
 
 #include "app/Aplicacion.h"
@@ -6,10 +6,10 @@
 
 namespace tarvo::app {
 
-// The main window and its own: MainTarvo, PortalCnf, ElemPerso. REQUIRES that the application
-// outlives all windows.
+// Registers the main window and its own ones: MainTarvo, PortalCnf, ElemPerso. REQUIRES that the
+// application outlives all windows.
 void registrarVentanasPrincipal(ventanas::Ventanas& ventanas, Aplicacion& aplicacion);
-// All of them.
+// Registers all windows.
 void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion);
 
 }  // namespace tarvo::app

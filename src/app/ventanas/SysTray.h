@@ -1,5 +1,4 @@
-// The icon beside the clock. Where the desktop has no such place nothing is shown and nothing is
-// missed.
+// The icon in the system tray. On a desktop without a tray it shows nothing, which is no error.
 #pragma once
 
 #include <QIcon>
@@ -19,12 +18,12 @@ class SysTray final : public QObject {
 
   void IniSysTray(const QIcon& icono, const QString& tip);
   void IconSysTray(const QIcon& icono);
-  void TipSysTray(const QString& tip);  // 63 characters at most
-  void MenuSysTray(QMenu* menu);        // of the right button; it stays its owner's
+  void TipSysTray(const QString& tip);  // at most 63 characters
+  void MenuSysTray(QMenu* menu);        // for the right button; the caller keeps ownership
   void FinSysTray();
-  // A person can reach the program by it.
+  // Whether the user can reach the program by the icon.
   bool hay() const;
-  // One mouse message of the icon as an event: 513 to 518, left and right, down, up, double.
+  // Emits the signals of a mouse message of the icon: 513 to 518, left and right, down, up, double.
   void mensaje(int numero);
 
  Q_SIGNALS:  // 1 left, 2 right

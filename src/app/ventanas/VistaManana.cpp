@@ -77,7 +77,7 @@ QString Redactor::frase(const automation::EjecucionHecha& e) const {
   }
 }
 
-// The trace tells all of a run.
+// The trace contains all details of a run.
 void Redactor::ponerTraza(Renglon& r) const {
   const QString& traza = r_.ejecuciones.front().traza;
   r.lleva = traza.isEmpty() ? automation::PuertaVeoLog()
@@ -110,7 +110,7 @@ Renglon Redactor::noche() const {
   return r;
 }
 
-// What is wrong with the start itself comes first: all else rests on it.
+// Problems of the start-up come first: everything else depends on it.
 std::vector<Renglon> Redactor::deArranque() const {
   std::vector<Renglon> lista;
   if (baseFuera(a_))
@@ -187,7 +187,7 @@ std::vector<double> barrasDe(const automation::PeriodoResumen& p) {
   return barras;
 }
 
-// The day that the night made, else what it made first. REQUIRES a period.
+// The day created by the night, otherwise the first period created by it. REQUIRES a period.
 const automation::PeriodoResumen& Redactor::principal() const {
   const auto dia =
       std::ranges::find(r_.periodos, totals::kDiario, &automation::PeriodoResumen::tipo);
@@ -290,7 +290,7 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
             .texto = g.motivo,
             .valor = {},
             .lleva = comm::PuertaGestcomm{g.grupo}};
-  // One line; the rest of the reasons is in the tip and in the trace.
+  // A single line; the other reasons are in the tool tip and in the trace.
   if (g.estado != EstadoGrupo::Bien && g.motivos.size() > 1) {
     r.texto += u' ' + Plural(t_(kTxYMotivosMas), static_cast<int>(g.motivos.size()) - 1);
     r.detalle = g.motivos.join(u'\n');
@@ -304,7 +304,8 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
   return r;
 }
 
-// All amounts of a column are of one period; those of a group in another period go into its text.
+// All amounts in the column belong to one period; that of a group in another period is added to its
+// text.
 void Redactor::ponerImporte(Renglon& r, const automation::GrupoResumen& g) const {
   if (!g.importe) return;
   const auto suyo = std::ranges::find(r_.periodos, g.link, &automation::PeriodoResumen::link);
@@ -314,7 +315,7 @@ void Redactor::ponerImporte(Renglon& r, const automation::GrupoResumen& g) const
     r.texto += u' ' + t_(kTxEnOtroPeriodo, {ver(Clase::Importe, *g.importe), suyo->texto});
 }
 
-// What asks for a hand stands on top.
+// Groups that need attention come first.
 std::vector<Renglon> Redactor::grupos() const {
   std::vector<Renglon> lista;
   for (const auto estado : {EstadoGrupo::Fallido, EstadoGrupo::Dudoso, EstadoGrupo::EnMarcha,

@@ -1,4 +1,4 @@
-// The morning in words: what the board shows of a summary, and where each line leads.
+// The morning in words: the texts of the board for a summary, and the destination of each line.
 #pragma once
 
 #include <vector>
@@ -15,29 +15,30 @@ namespace tarvo::app {
 // A line or a card of the board.
 struct Renglon {
   ventanas::Estado estado = ventanas::Estado::Ninguno;
-  QString palabra;  // that says the state
+  QString palabra;  // names the state
   QString titulo, texto, valor;
-  Lleva lleva = {};                 // where one acts
-  QString detalle = {};             // what there is no room for
-  std::vector<double> barras = {};  // 0 to 1, the last one is today's; negative for none
+  Lleva lleva = {};                 // where to act
+  QString detalle = {};             // the text that doesn't fit
+  std::vector<double> barras = {};  // 0 to 1, the last one is today's; negative if there is none
   bool operator==(const Renglon&) const = default;
 };
 
 struct VistaManana {
   Renglon noche, ventas, bandeja, proxima;
   std::vector<Renglon> avisos, grupos;
-  QString cuenta;  // how many groups in each state
+  QString cuenta;  // number of groups in each state
   bool operator==(const VistaManana&) const = default;
 };
 
 VistaManana vistaDe(const automation::Resumen& resumen, const Textos& textos,
                     const Ajustes& ajustes);
 
-// Changes of articles that were cut off come before all else: what the night sends depends on them.
+// Interrupted changes of articles come before everything else, since the next transmission depends
+// on them.
 void anteponerLotes(VistaManana& vista, std::span<const articles::LoteAMedias> lotes,
                     const Textos& textos);
 
-// What the groups have yet to get, below the other notices.
+// Articles still to be sent to the groups, below the other notices.
 void anadirDebe(VistaManana& vista, std::span<const envios::Debe> debe, const Textos& textos);
 
 // "hoy a las 22:00", "ayer a las...", or the day of the week and the date.

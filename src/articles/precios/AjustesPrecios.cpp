@@ -1,5 +1,6 @@
 #include "articles/precios/AjustesPrecios.h"
 
+#include "articles/Articulo.h"
 #include "core/ajustes/Sala.h"
 
 namespace tarvo::precios {
@@ -7,6 +8,9 @@ namespace tarvo::precios {
 namespace {
 
 using Calculo = AjustesPrecios::CalculoPrecios;
+
+constexpr Limites kModosIntro{0, 2}, kPreciosAlta{1, articles::kNiveles},
+    kTarifasAlta{1, articles::kTarifas};
 
 bool leerCalculo(AjustesPrecios& a, int, const QString& v) {
   Calculo& c = a.calculoPrecios;
@@ -33,11 +37,11 @@ SalaDeAjustes ajustesPrecios() {
   using A = AjustesPrecios;
   return salaDeAjustes(
       A(), {{300, u"CalculoPrecios", leerCalculo, escribirCalculo},
-            clave<&A::ModoIntroRapido, ini::leer16>(1000, u"ModoIntroRápido"),
+            clave<&A::ModoIntroRapido, ini::leerLimitado<kModosIntro>>(1000, u"ModoIntroRápido"),
             clave<&A::ParrillaRapida, ini::leerMayusculas, ini::verTexto>(1001, u"ParrillaRápida"),
             clave<&A::PrefijoCodigos, ini::leerMayusculas, ini::verTexto>(1200, u"PrefijoCódigos"),
-            clave<&A::NumPreciosAlta, ini::leer16>(1201, u"NúmPreciosAlta"),
-            clave<&A::NumTarifasAlta, ini::leer16>(1202, u"NúmTarifasAlta")});
+            clave<&A::NumPreciosAlta, ini::leerLimitado<kPreciosAlta>>(1201, u"NúmPreciosAlta"),
+            clave<&A::NumTarifasAlta, ini::leerLimitado<kTarifasAlta>>(1202, u"NúmTarifasAlta")});
 }
 
 }  // namespace tarvo::precios

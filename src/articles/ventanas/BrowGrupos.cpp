@@ -1,4 +1,4 @@
-// The tree itself: what it shows, and names written into it. What is done with its nodes stands in
+// The tree itself: its contents, and names edited in it. The operations on its nodes are in
 // BrowGruposAcciones.cpp.
 #include "articles/ventanas/BrowGrupos.h"
 #include "articles/ventanas/Puertas.h"
@@ -85,7 +85,7 @@ void BrowGrupos::montar() {
   connect(ui_.Arbol, &QTreeWidget::currentItemChanged, this, [this] { actualCambiado(); });
   connect(ui_.Arbol, &QTreeWidget::itemActivated, this, [this] { verArticulos(); });
   connect(ui_.Arbol, &QTreeWidget::itemChanged, this, &BrowGrupos::rotulado);
-  // After what the tree makes of it: what was written comes first.
+  // Queued, so that the tree stores the edited name first.
   connect(
       ui_.Arbol->itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
       [this](QWidget*, QAbstractItemDelegate::EndEditHint como) {
@@ -123,7 +123,7 @@ QTreeWidgetItem* BrowGrupos::anadir(QTreeWidgetItem* padre, Nodo nodo, const QSt
   return item;
 }
 
-// Opened nodes and the one in hand stay.
+// Expanded nodes and the current node are kept.
 Resultado<> BrowGrupos::llenar() {
   TARVO_TOMAR(const auto secciones, secciones_.arbol());
   const auto en = actual();
@@ -147,7 +147,7 @@ Resultado<> BrowGrupos::llenar() {
   return {};
 }
 
-// Articles are counted aside: there may be many.
+// Articles are counted in the background: there may be many.
 void BrowGrupos::contar() {
   cuentas_.preguntar<Secciones::CuentaArticulos>(
       &Secciones::contarArticulos, [this](Resultado<Secciones::CuentaArticulos> cuenta) {
@@ -177,7 +177,7 @@ QTreeWidgetItem* BrowGrupos::buscar(Nodo nodo) const {
   return nullptr;
 }
 
-// The node, or its section, or the first one.
+// Moves to the node, or else to its section, or else to the first node.
 void BrowGrupos::irA(Nodo nodo) {
   QTreeWidgetItem* item = buscar(nodo);
   if (!item) item = buscar({nodo.seccion, 0});
@@ -204,7 +204,7 @@ Resultado<> BrowGrupos::renombrar(Nodo nodo, const QString& nombre) {
              : secciones_.renombrarDepartamento(nodo.seccion, nodo.departamento, nombre);
 }
 
-// A name was written into the tree.
+// Slot for a name edited in the tree.
 void BrowGrupos::rotulado(QTreeWidgetItem* item, int columna) {
   if (llenando_ || columna != kNombre) return;
   const Nodo nodo = nodoDe(*item);
@@ -218,7 +218,7 @@ void BrowGrupos::rotulado(QTreeWidgetItem* item, int columna) {
                          irA(nodo);
                          return Vuelto();
                        });
-  // After the tree's own handling of what was written.
+  // Queued, so that the tree finishes its own handling of the edit first.
   QMetaObject::invokeMethod(this, [this] { RefrescoArbol(); }, Qt::QueuedConnection);
 }
 
@@ -228,7 +228,7 @@ QString BrowGrupos::decirNodo(Nodo nodo) const {
              : t(kTxDepartamentoNumero).arg(Ceros(nodo.departamento, 2), Ceros(nodo.seccion, 3));
 }
 
-// One that was made just now and whose name is given up is none.
+// Opens the name of a new node for editing; if that is cancelled, the node is deleted again.
 void BrowGrupos::nombrarNuevo(Nodo nodo) {
   RefrescoArbol();
   irA(nodo);
@@ -247,7 +247,7 @@ void BrowGrupos::nombreDejado(bool renunciado) {
   if (haIdoBien(hecho)) decirDuda(t(seccion ? kTxSeccionSinCrear : kTxDepartamentoSinCrear));
 }
 
-// What other windows did meanwhile shows when one comes back to this one.
+// Shows the changes made by other windows when this one is activated.
 bool BrowGrupos::event(QEvent* evento) {
   const bool hecho = Ventana::event(evento);
   if (evento->type() == QEvent::WindowActivate && !copia_ && ui_.Arbol->topLevelItemCount() > 0 &&

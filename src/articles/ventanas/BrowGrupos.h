@@ -1,5 +1,5 @@
-// The tree of sections and departments: BrowGrupos. Asked for groups, it says that they can't be
-// kept from here.
+// BrowGrupos: the tree of sections and departments. If it is opened for groups, it reports that
+// they can't be maintained from here.
 #pragma once
 
 #include "articles/BorradoDepartamento.h"
@@ -28,7 +28,7 @@ class BrowGrupos final : public ventanas::Ventana {
   void RefrescoArbol();
 
  private:
-  // A node: a section, or a department of one (0 for the section itself).
+  // A node: a section, or one of its departments (0 for the section itself).
   struct Nodo {
     int seccion = 0, departamento = 0;
     bool operator==(const Nodo&) const = default;
@@ -71,10 +71,10 @@ class BrowGrupos final : public ventanas::Ventana {
   ventanas::Aparte cuentas_;
   std::shared_ptr<CopiaSeccion> copia_;
   ventanas::Deshacer* deshacer_;
-  std::optional<Nodo> nuevo_;  // made just now, while its name is written
-  QString nombreAntes_;        // of the node in hand, as it was read
+  std::optional<Nodo> nuevo_;  // just created, while its name is being edited
+  QString nombreAntes_;        // of the current node, when it was read
   bool llenando_ = false;
-  qint64 cambios_ = 0;  // of the database when the tree was read
+  qint64 cambios_ = 0;  // the database's change count when the tree was read
 };
 
 }  // namespace tarvo::articles

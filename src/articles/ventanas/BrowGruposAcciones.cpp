@@ -1,4 +1,4 @@
-// What is done with sections and departments, and how a deleted department comes back.
+// The operations on sections and departments, and how deleted ones are restored.
 #include <QInputDialog>
 
 #include "articles/ventanas/BrowGrupos.h"
@@ -52,7 +52,7 @@ void BrowGrupos::borrar() {
   en->departamento == 0 ? borrarSeccion(en->seccion) : borrarDepartamento(*en);
 }
 
-// Whoever deletes a section that isn't empty writes its number.
+// To delete a section that isn't empty, the user must type its number.
 bool BrowGrupos::confirmarSeccion(int seccion, const QString& nombre,
                                   const Secciones::LoQueSeVa& va) {
   const Textos& textos = contexto().textos;
@@ -126,7 +126,7 @@ void BrowGrupos::borrarDepartamento(Nodo nodo) {
   decirBien(t(kTxDepartamentoBorrado).arg(ido->nombre()));
 }
 
-// The department after it, else the one in front of it, else its section.
+// The next department, or else the previous one, or else its section.
 BrowGrupos::Nodo BrowGrupos::vecinoDe(Nodo nodo) const {
   QTreeWidgetItem* item = buscar(nodo);
   if (!item || !item->parent()) return {nodo.seccion, 0};

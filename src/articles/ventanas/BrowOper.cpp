@@ -26,7 +26,7 @@ void BrowOper::montar() {
   unir(ui_.Modificar, u"modificar"_s, QKeySequence(), [this] { ui_.Grid->editarCelda(); });
   unir(ui_.Borro, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); });
   deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
-  // One that is being made is given up as a whole.
+  // The cells of an operator being created aren't noted one by one.
   deshacer_->seguirCeldas(*ui_.Grid, [this](int) { return nuevo_ == 0; });
   connect(deshacer_, &ventanas::Deshacer::deshecho, this, &BrowOper::actualCambiada);
   unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F4, [this] { verVentas(); });
@@ -45,7 +45,7 @@ void BrowOper::montar() {
   ui_.Grid->ponerVacia(t(kTxSinOperadores), ui_.Nuevo);
   ui_.Grid->ponerAcciones({ui_.Nuevo, ui_.Modificar, ui_.Borro, ui_.Deshacer, ui_.VerXtrac});
   connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this, &BrowOper::actualCambiada);
-  // A changed code may stand elsewhere in the order.
+  // An operator whose code changes may get another position.
   connect(
       ui_.Grid, &ventanas::Parrilla::editada, this, [this](int fila) { refrescar(codigo(fila)); },
       Qt::QueuedConnection);
@@ -65,14 +65,14 @@ int BrowOper::codigo(int fila) const {
   return static_cast<int>(ui_.Grid->valor(fila, u"CODOPE").entero());
 }
 
-// -1 when it isn't in the list.
+// -1 if it isn't in the list.
 int BrowOper::filaDe(int buscado) const {
   int fila = ui_.Grid->filas() - 1;
   while (fila >= 0 && codigo(fila) != buscado) --fila;
   return fila;
 }
 
-// Leaves the pointer on an operator.
+// Reads the list again and moves to an operator.
 void BrowOper::refrescar(int buscado) {
   if (ui_.Grid->editando()) return;
   if (!haIdoBien(ui_.Grid->refrescar())) return;
@@ -87,7 +87,8 @@ void BrowOper::actualCambiada() {
   ui_.VerXtrac->setEnabled(hay && contexto().ventanas.conoce<totals::PuertaVerFils>());
 }
 
-// The walk over the groups, as it goes. One transaction: nothing else gets its turn meanwhile.
+// Shows the progress over the groups. It repaints directly, since the transaction doesn't return to
+// the event loop.
 Operadores::AlAvanzar BrowOper::progreso() {
   return [this](int hechos, int total) {
     ui_.termo->setMaximum(total);
@@ -130,13 +131,13 @@ void BrowOper::pedirNombre() {
   ui_.Grid->editarCelda();
 }
 
-// After the code of a new operator comes its name.
+// The name of a new operator is edited after its code.
 void BrowOper::celdaDejada() {
   if (nuevo_ == 0 || ui_.Grid->editando()) return;
   std::exchange(faltaNombre_, false) ? pedirNombre() : descartarNuevo();
 }
 
-// A new operator that was left without a name is none.
+// Deletes a new operator that has no name.
 void BrowOper::descartarNuevo() {
   const int nuevo = std::exchange(nuevo_, 0);
   const int fila = nuevo > 0 ? filaDe(nuevo) : -1;

@@ -1,5 +1,6 @@
-// The operators: BrowOper. A code that changes, or goes, changes in the slots of all groups too.
-// Those that were deleted come back, with their slots, and so do cells, until the window closes.
+// BrowOper: the operators. A change or deletion of a code also takes effect in the slots of all
+// groups. Until the window is closed, deleted operators can be restored with their slots, and
+// edited cells too.
 #pragma once
 
 #include "articles/Operadores.h"
@@ -35,9 +36,9 @@ class BrowOper final : public ventanas::Ventana {
 
   Ui::BrowOper ui_;
   Operadores& motor_;
-  int nuevo_ = 0;             // code of one that was added and may have no name yet
-  bool faltaNombre_ = false;  // its code was written just now
-  int antes_ = 0;             // where the pointer stood before it
+  int nuevo_ = 0;             // code of a new operator that may not have a name yet
+  bool faltaNombre_ = false;  // its code has just been entered
+  int antes_ = 0;             // code of the current operator before it
   ventanas::Deshacer* deshacer_ = nullptr;
 };
 

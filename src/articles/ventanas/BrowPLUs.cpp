@@ -1,4 +1,4 @@
-// The list: which articles, in which order, where the pointer is.
+// The list: its articles, its order and its current row.
 #include "articles/ventanas/BrowPLUs.h"
 
 #include <QHeaderView>
@@ -21,7 +21,7 @@ namespace {
 
 constexpr int kLargoCodigo = 7, kLargoNombre = 30;
 constexpr int kAnchoLado = 430;
-constexpr int kLargoNumero = 9;  // more than fits, so that it is refused and not cut
+constexpr int kLargoNumero = 9;  // exceeds the limit, so that longer numbers are refused, not cut
 
 }  // namespace
 
@@ -47,7 +47,7 @@ void BrowPLUs::montar() {
   connect(
       ui_.Grid, &ventanas::Parrilla::editada, this,
       [this](int, int columna) { celdaEscrita(columna); }, Qt::QueuedConnection);
-  // The next row, but where the row itself may be elsewhere now.
+  // Moves to the next row, unless the edited row may have moved itself.
   connect(
       ui_.Grid, &ventanas::Parrilla::escrita, this,
       [this](int fila) {
@@ -62,7 +62,7 @@ void BrowPLUs::montar() {
     p->vista()->installEventFilter(this);
     connect(p, &ventanas::Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
   }
-  // The next article, the same cell.
+  // Moves to the next article, in the same cell.
   connect(ui_.GrdPre, &ventanas::Parrilla::activada, this, [this] { saltar(1); });
   connect(
       ui_.GrdPre, &ventanas::Parrilla::escrita, this, [this] { saltar(1); }, Qt::QueuedConnection);
@@ -152,7 +152,7 @@ void BrowPLUs::prepararParrilla() {
   ui_.Grid->ponerVacia(t(kTxListaVacia), ui_.Nuevo);
 }
 
-// A cell of a price, as the list writes it.
+// The setter of a price cell in the list.
 std::function<Resultado<>(qint64, const QString&)> BrowPLUs::ponerPrecio(size_t nivel,
                                                                          size_t tarifa) {
   return [this, nivel, tarifa](qint64 fila, const QString& texto) -> Resultado<> {
@@ -170,7 +170,7 @@ std::function<Resultado<>(qint64, const QString&)> BrowPLUs::ponerPrecio(size_t 
   };
 }
 
-// The other prices, for who wants them in the list.
+// Adds the other prices, hidden until the user shows them.
 void BrowPLUs::anadirPrecios(std::vector<ventanas::Columna>& columnas) {
   for (int i = 1; i < kNiveles * kTarifas; ++i) {
     const int nivel = i / kTarifas, tarifa = i % kTarifas;
@@ -198,7 +198,7 @@ Resultado<> BrowPLUs::entrar(const PuertaBrowPLUs& puerta) {
   return {};
 }
 
-// The first article that may be changed; a section may lack the system's own.
+// Moves to the first editable article; the section may lack the system articles.
 void BrowPLUs::irAlPrimero() {
   int fila = 0;
   while (fila + 1 < std::min<int>(ui_.Grid->filas(), kPrimerCodigo) &&
@@ -265,7 +265,7 @@ void BrowPLUs::ordenar(bool porNombre) {
   ordenCambiado();
 }
 
-// By a click on a heading too.
+// Also called after a click on a heading.
 void BrowPLUs::ordenCambiado() {
   const auto* cabecera = ui_.Grid->vista()->horizontalHeader();
   const bool porNombre = cabecera->sortIndicatorSection() == ui_.Grid->modelo()->columna(u"NOMPLU");
@@ -274,7 +274,7 @@ void BrowPLUs::ordenCambiado() {
   if (ui_.Grid->filaActual() >= 0) ui_.Grid->vista()->scrollTo(ui_.Grid->vista()->currentIndex());
 }
 
-// The first article at or after what was typed.
+// Moves to the first article at or after the text typed.
 void BrowPLUs::buscar() {
   const QString texto = ui_.EntBus->text().trimmed();
   if (texto.isEmpty()) return ui_.Grid->setFocus();
@@ -286,7 +286,7 @@ void BrowPLUs::buscar() {
   ui_.Grid->irA(ui_.Grid->filaDe(**fila));
 }
 
-// --- the pointer --------------------------------------------------------------------------------
+// --- current row --------------------------------------------------------------------------------
 
 ClaveArticulo BrowPLUs::actual() const {
   return {seccion_, ui_.Grid->valor(ui_.Grid->filaActual(), u"CODPLU").entero()};
@@ -337,7 +337,7 @@ void BrowPLUs::pintarLado() {
   precios_->poner(a.precios);
 }
 
-// A name takes as many lines as it has words for; a word that is too long is cut, the tip has it.
+// A name wraps between words; a word that is too long is elided, and the tool tip shows it in full.
 void BrowPLUs::pintarNombre() {
   ui_.articulo->ensurePolished();
   const QFontMetrics letra = ui_.articulo->fontMetrics();
@@ -349,7 +349,7 @@ void BrowPLUs::pintarNombre() {
   ui_.articulo->setToolTip(cabe == nombre_ ? QString() : nombre_.toHtmlEscaped());
 }
 
-// What other windows did meanwhile shows when one comes back to this one.
+// Shows the changes made by other windows when this one is activated.
 bool BrowPLUs::event(QEvent* evento) {
   const bool hecho = Ventana::event(evento);
   if (evento->type() == QEvent::WindowActivate && seccion_ > 0 && !trabajando_ &&

@@ -1,6 +1,6 @@
-// The articles of a section: BrowPLUs. The list is written into cell by cell, the prices of the
-// article in hand beside it; what was deleted, copied or moved can be taken back until the window
-// closes.
+// BrowPLUs: the articles of a section. The cells of the list can be edited, and so can the prices
+// of the current article beside it. Until the window is closed, articles deleted, copied or moved
+// can be restored.
 #pragma once
 
 #include "articles/Busqueda.h"
@@ -33,7 +33,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   void LetDept(int departamento);
   void UnHijoMas(bool mas) { hijo(mas); }
   void RefrescoRemoto() { refrescar(); }
-  // The prices of the article in hand.
+  // Stores the prices of the current article.
   Resultado<> CambioPrecios(const Precios& precios);
   void SaltoPagUp() { saltar(-1); }
   void SaltoPagDn() { saltar(1); }
@@ -70,8 +70,8 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   ClaveArticulo actual() const;
   std::vector<ClaveArticulo> elegidos();
 
-  // Of the column of that field. `callado`: a change of a system article is taken back without a
-  // word.
+  // Changes an article; `campo` is the edited column. `callado`: the refusal for a system article
+  // isn't reported.
   Resultado<> escribir(qint64 fila, const QString& campo, const Cambio& cambio,
                        bool callado = false);
   Resultado<> ponerNombre(qint64 fila, const QString& texto);
@@ -81,7 +81,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   QString queCambia(const Precios& antes, const Precios& ahora) const;
   void apuntar(const QString& que, const Articulo& antes, const Articulo& ahora);
   void celdaEscrita(int columna);
-  bool ordena(int columna) const;  // the list is in the order of that column
+  bool ordena(int columna) const;  // whether the list is sorted by that column
   Error incorrecto(int nombre) const;
   void avisarDepartamento(int departamento);
 
@@ -113,13 +113,13 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   Lotes lotes_;
   std::unique_ptr<ParrillaPrecios> precios_;
   int seccion_ = 0, departamento_ = 0, hijos_ = 0;
-  Clave anterior_;  // told to those that follow the pointer
+  Clave anterior_;  // last one reported to the observers
   std::vector<std::pair<QPointer<QObject>, std::function<void()>>> siguen_;
-  QString nombre_;  // of the article in hand
+  QString nombre_;  // of the current article
   ventanas::Deshacer* deshacer_;
-  std::vector<int> cortados_;  // of what can be undone: batches that were cut off
+  std::vector<int> cortados_;  // undo numbers of interrupted batches
   bool trabajando_ = false;
-  qint64 cambios_ = 0;  // of the database when the list was read
+  qint64 cambios_ = 0;  // the database's change count when the list was read
 };
 
 }  // namespace tarvo::articles

@@ -1,4 +1,4 @@
-// What is done with the articles chosen, how it is taken back, and what opens from here.
+// The operations on the selected articles, their undo, and the windows opened from here.
 #include <QMenu>
 #include <QToolBar>
 #include <QToolButton>
@@ -22,7 +22,7 @@ using ventanas::MyMsgBox;
 
 namespace {
 
-constexpr size_t kPorPaso = 100;  // articles, one transaction
+constexpr size_t kPorPaso = 100;  // articles per transaction
 
 }  // namespace
 
@@ -60,7 +60,7 @@ void BrowPLUs::montarMenus() {
     a->setShortcut(tecla);
     auto* b = qobject_cast<QToolButton*>(barra->widgetForAction(a));
     b->setPopupMode(QToolButton::InstantPopup);
-    // The key opens the menu under its button.
+    // The shortcut opens the menu below its button.
     connect(a, &QAction::triggered, this,
             [m, b] { m->popup(b->mapToGlobal(QPoint(0, b->height()))); });
     return m;
@@ -108,13 +108,13 @@ void BrowPLUs::editarCompleto(bool nuevo) {
   abrir(PuertaXEditPLU{c.seccion, departamento_, c.codigo, nombre()});
 }
 
-// Its sales across time.
+// Opens its sales across periods.
 void BrowPLUs::verVentas() {
   const ClaveArticulo c = actual();
   abrir(totals::PuertaVerFils{.seccion = c.seccion, .codigo = c.codigo});
 }
 
-// From the price in hand: that of the list, else that of the prices beside it.
+// The current price: that of the list, or else that of the list of prices beside it.
 precios::Celda BrowPLUs::celdaActual() const {
   const QString campo =
       ui_.Grid->modelo()
@@ -133,7 +133,8 @@ void BrowPLUs::calcular() {
   abrir(precios::PuertaCalcPre{c.seccion, c.codigo, celdaActual(), nombre()});
 }
 
-// Of several rows chosen those, else what is chosen there.
+// Passes the selected rows if there are several; otherwise the articles are chosen in the window
+// opened.
 void BrowPLUs::cambiarVarios() {
   precios::PuertaCambioLote puerta{.seccion = seccion_, .lista = nombre()};
   for (const int fila : ui_.Grid->filasElegidas())
@@ -142,7 +143,7 @@ void BrowPLUs::cambiarVarios() {
   abrir(puerta);
 }
 
-// The rows chosen, else the one in hand.
+// The selected rows, or else the current one, without system articles.
 std::vector<ClaveArticulo> BrowPLUs::elegidos() {
   std::vector<ClaveArticulo> claves;
   for (const int fila : ui_.Grid->filasParaActuar()) {
@@ -152,7 +153,7 @@ std::vector<ClaveArticulo> BrowPLUs::elegidos() {
   return claves;
 }
 
-// Some articles a step.
+// Processes a number of articles per step.
 void BrowPLUs::porPasos(const QString& que, std::vector<ClaveArticulo> claves, const Paso& paso,
                         const std::function<void(qint64)>& alFinal) {
   const auto todas = std::make_shared<std::vector<ClaveArticulo>>(std::move(claves));
@@ -191,7 +192,7 @@ void BrowPLUs::borrar() {
     return;
   const auto lote = lotes_.empezar(nombre());
   if (!haIdoBien(lote)) return;
-  // After the last one that goes, or in front of the end.
+  // Goes to the row after the last one deleted, or to the last row.
   const int ultima = ui_.Grid->filasElegidas().back();
   const int sitio = ultima + 1 - static_cast<int>(claves.size());
   const auto paso = [this, lote = *lote](std::span<const ClaveArticulo> tanda) {
@@ -230,9 +231,9 @@ void BrowPLUs::trasladar(bool mover) {
            });
 }
 
-// --- the end ------------------------------------------------------------------------------------
+// --- closing ------------------------------------------------------------------------------------
 
-// False when one of them stays.
+// False if one of them refuses to close.
 bool BrowPLUs::cerrarHijos() {
   for (Ventana* v : contexto().ventanas.abiertas()) {
     const bool mio = v->dueno() == this && v->isVisible() && v->nombre() != u"gestcomm";

@@ -1,4 +1,4 @@
-// What is written into the cells of the list, and into the prices beside it.
+// Edits of cells in the list and in the prices beside it.
 #include "articles/Limites.h"
 #include "articles/TextosArticles.h"
 #include "articles/ventanas/BrowPLUs.h"
@@ -12,7 +12,7 @@ namespace tarvo::articles {
 
 using namespace Qt::StringLiterals;
 
-// The first price of two that differs, by its name in the list, and what it was.
+// The first price that differs, by its name in the list, and its former value.
 QString BrowPLUs::queCambia(const Precios& antes, const Precios& ahora) const {
   for (int i = 0; i < kNiveles * kTarifas; ++i) {
     const auto nivel = static_cast<size_t>(i / kTarifas),
@@ -52,7 +52,7 @@ Resultado<> BrowPLUs::escribir(qint64 fila, const QString& campo, const Cambio& 
   return {};
 }
 
-// By the article, not by its row: the list may show others by then.
+// Identified by the article, not by its row: the list may show other articles by then.
 void BrowPLUs::apuntar(const QString& que, const Articulo& antes, const Articulo& ahora) {
   if (antes == ahora) return;
   deshacer_->apuntar(que, [this, antes, ahora]() -> Resultado<Vuelto> {
@@ -97,7 +97,8 @@ Resultado<> BrowPLUs::ponerEntero(qint64 fila, const QString& texto, const QStri
   return {};
 }
 
-// Any number of the range is taken; one that the section lacks deserves a word.
+// Any number within the limits is accepted; one that isn't a department of the section causes a
+// warning.
 void BrowPLUs::avisarDepartamento(int departamento) {
   const auto hay = contexto().nombres.departamento(seccion_, departamento);
   if (!haIdoBien(hay)) return;
@@ -109,7 +110,7 @@ bool BrowPLUs::ordena(int columna) const {
   return columna == ui_.Grid->modelo()->columna(ui_.ModoNom->isChecked() ? u"NOMPLU" : u"CODPLU");
 }
 
-// Its row may be elsewhere in the order now; the pointer stays on its article.
+// The position of the row may have changed; the article remains current.
 void BrowPLUs::celdaEscrita(int columna) {
   if (ordena(columna)) return refrescar();
   cambios_ = contexto().base.cambios();

@@ -1,4 +1,4 @@
-// How what was done with many articles is taken back, and what was cut off is told.
+// Undo of operations on many articles, and reports of interrupted ones.
 #include "articles/LotesAMedias.h"
 #include "articles/Vuelta.h"
 #include "articles/ventanas/BrowPLUs.h"
@@ -41,8 +41,8 @@ BrowPLUs::Vuelto BrowPLUs::vueltaDe(const QString& bien, const Lotes::Deshecho& 
   return {t(kTxNoRepuestos, static_cast<int>(hecho.fuera.size())), true};
 }
 
-// Changes of this section that were cut off, by whatever window: said first, and taken back from
-// here too. Those of a window that is open are its own.
+// Reports the interrupted changes of this section, made by any window, and makes them undoable
+// here. Those of a window that is still open are left to it.
 void BrowPLUs::mirarLotes() {
   for (const int numero : std::exchange(cortados_, {})) deshacer_->retirar(numero);
   const auto lotes = lotesAMedias(catalogo_);
@@ -59,7 +59,7 @@ void BrowPLUs::mirarLotes() {
   habilitar();
 }
 
-// Taken back, or taken as it stands: until then nothing of the section is sent.
+// The batch is either undone or accepted as it is; until then nothing of the section is sent.
 BrowPLUs::Vuelto BrowPLUs::resolverCortado(const Lotes::Lote& lote, const QString& que) {
   const Vuelto queda{.queda = true};
   if (MyMsgBox::Decide(this, contexto().textos, contexto().textos(kTxDeshacerCortado, {que}),

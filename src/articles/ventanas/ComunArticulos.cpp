@@ -32,7 +32,7 @@ Error informe(const ventanas::Ventana& v, const Error& error) {
 void marcar(QWidget& campo, bool falta) {
   if (campo.property("falta").toBool() == falta) return;
   campo.setProperty("falta", falta);
-  campo.update();  // its frame is drawn by the property
+  campo.update();  // its frame depends on the property
 }
 
 Resultado<qint64> leerPrecio(const ventanas::Ventana& v, const QString& texto, int moneda) {

@@ -1,4 +1,4 @@
-// What the windows of the catalogue share: the words of an error, amounts as a person types them.
+// Shared by the windows of the catalogue: texts of errors, and amounts as typed by the user.
 #pragma once
 
 #include "articles/Catalogo.h"
@@ -7,26 +7,27 @@
 
 namespace tarvo::articles {
 
-// The width of a column in which the largest price stands whole.
+// The width of a column that fits the largest price.
 inline constexpr int kAnchoPrecio = 112;
 
-// "0000012".
+// The code with leading zeros: "0000012".
 QString verCodigo(qint64 codigo);
 
-// The words of an error as the windows of the catalogue say it.
+// The error with its text for the windows of the catalogue.
 Error informe(const ventanas::Ventana& v, const Error& error);
 
-// Shows that what a field holds is wrong, or isn't any more.
+// Marks the field as faulty, or clears the mark.
 void marcar(QWidget& campo, bool falta);
 
-// What was typed as a quantity, in grams or units. A text that is no number, or doesn't fit, is
-// refused; an empty one is 0.
+// Parses a quantity, in grams or units. A text that isn't a number or is out of range is refused;
+// an empty one is 0.
 Resultado<qint64> leerCantidad(const ventanas::Ventana& v, const QString& texto, int cada);
-// As a price of a currency, in stored units, by the limits of the catalogue: an empty one is
-// refused.
+// Parses a price in a currency, in stored units, within the limits of the catalogue; an empty one
+// is refused.
 Resultado<qint64> leerPrecio(const ventanas::Ventana& v, const QString& texto, int moneda);
 
-// The entry of a menu or bar that opens a window of another room: only while the registry knows it.
+// Enables an action that opens a window of another room if the registry knows that window;
+// otherwise `siFalta` is its tool tip.
 void permitir(QAction& accion, const ventanas::Contexto& c, const QString& ventana,
               const QString& siFalta);
 

@@ -9,8 +9,8 @@ namespace tarvo::articles {
 
 namespace {
 
-constexpr double kProporcion = 0.55;  // height to width
-constexpr double kSilencio = 0.06;    // white on each side, of the width
+constexpr double kProporcion = 0.55;  // ratio of height to width
+constexpr double kSilencio = 0.06;    // quiet zone on each side, as a part of the width
 
 struct Soltar {
   void operator()(zint_symbol* simbolo) const { ZBarcode_Delete(simbolo); }
@@ -22,7 +22,7 @@ bool esEan(const QString& codigo) {
          std::ranges::all_of(codigo, [](QChar c) { return c.isDigit(); });
 }
 
-// The check digit is the library's own: it would refuse another.
+// The library computes the check digit itself, and would refuse a different one.
 Simbolo codificar(const QString& codigo) {
   Simbolo s(ZBarcode_Create());
   if (!s || codigo.isEmpty()) return nullptr;

@@ -1,4 +1,4 @@
-// The VAT rates of a section, and which of them each department has: EdIvaSeccs.
+// EdIvaSeccs: the VAT rates of a section, and the rate of each of its departments.
 #pragma once
 
 #include "articles/Secciones.h"

@@ -1,4 +1,4 @@
-// Asks for the section into which articles are copied or moved: EntNmSc.
+// EntNmSc: asks for the section to which articles are copied or moved.
 #pragma once
 
 #include "articles/ventanas/Puertas.h"

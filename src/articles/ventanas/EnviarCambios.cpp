@@ -13,11 +13,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr size_t kDeArticulos = 1;  // which of the two values
+constexpr size_t kDeArticulos = 1;  // index of the value for articles
 constexpr int kNunca = 0, kPreguntar = 1, kSiempre = 2;
 
-// Says on the window from which the list was opened that the sending is over. What was given up
-// stays in the window of communications, which then doesn't end.
+// Reports in the window from which the list was opened that the transmission has ended. Failed
+// tasks remain in the window of communications, which then stays open.
 class AvisoDeFin final : public QObject, public motor::Observador {
  public:
   AvisoDeFin(ventanas::Ventana& donde, motor::gestcomm& motor, int grupos)
@@ -64,7 +64,7 @@ void enviar(ventanas::Ventana& quien, const std::vector<int>& secciones, motor::
       rechazados << Ceros(grupo, 4);
   if (!rechazados.isEmpty() && comunicaciones)
     comunicaciones->decirDuda(quien.t(kTxSinEncolar).arg(rechazados.join(u", "_s)));
-  if (!rechazados.isEmpty()) return;  // the window stays, for who reads it
+  if (!rechazados.isEmpty()) return;  // that window stays open, so that it can be read
   if (auto* donde = qobject_cast<ventanas::Ventana*>(quien.dueno()))
     new AvisoDeFin(*donde, motor, static_cast<int>(grupos->size()));
   motor.TerminaCuandoPuedas();

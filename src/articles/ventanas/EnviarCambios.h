@@ -1,4 +1,4 @@
-// What the machines have not heard of yet, when a window that changed articles closes.
+// Changes not yet sent to the machines when a window that changed articles is closed.
 #pragma once
 
 #include <QMenu>
@@ -9,11 +9,12 @@
 
 namespace tarvo::articles {
 
-// By the second value of EnviarCambios: nothing, asks, or sends. The sections changed are
-// forgotten. The window of communications goes when all is sent, and the owner of `quien` says so.
+// Depending on the second value of EnviarCambios, does nothing, asks, or sends. The list of changed
+// sections is cleared. The window of communications is closed after the transmission, which the
+// owner of `quien` then reports.
 void enviarAlSalir(ventanas::Ventana& quien, Catalogo& catalogo, motor::gestcomm& motor);
 
-// The three marks of that value. What is chosen is written to the settings file at once.
+// Adds the three choices of that value. A choice is written to the settings file at once.
 void montarMenuEnvio(QMenu& menu, ventanas::Ventana& quien);
 
 }  // namespace tarvo::articles

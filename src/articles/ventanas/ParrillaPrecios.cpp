@@ -14,7 +14,7 @@ using ventanas::Clase;
 
 namespace {
 
-constexpr int kFilasALaVista = 5;  // with the heading, where there is little room
+constexpr int kFilasALaVista = 5;  // including the heading, if there is little room
 
 }  // namespace
 

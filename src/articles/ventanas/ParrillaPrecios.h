@@ -1,4 +1,4 @@
-// The prices of one article in a list: a row a tarifa, a column a level, written cell by cell.
+// The prices of an article in a list: a row per tarifa, a column per level, with editable cells.
 #pragma once
 
 #include "articles/Articulo.h"
@@ -9,7 +9,7 @@ namespace tarvo::articles {
 
 class ParrillaPrecios {
  public:
-  // Takes the prices as they would be; a failure leaves the cell in edit.
+  // Receives the prices with the edit applied; after a failure the cell remains in edit mode.
   using AlCambiar = std::function<Resultado<>(const Precios& nuevos)>;
 
   // REQUIRES that window and list outlive it.

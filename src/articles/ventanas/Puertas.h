@@ -7,22 +7,22 @@
 
 namespace tarvo::articles {
 
-// The tree of sections and departments; of groups where `grupos`.
+// The tree of sections and departments; of groups if `grupos`.
 struct PuertaBrowGrupos {
   static constexpr QStringView kNombre = u"BrowGrupos";
   bool grupos = false;
   bool operator==(const PuertaBrowGrupos&) const = default;
 };
 
-// The list of articles of a section (0: the one that it shows, else the first), of a department or
-// of all (0).
+// The list of articles of a section (0: the one already shown, or else the first one) and a
+// department (0: all).
 struct PuertaBrowPLUs {
   static constexpr QStringView kNombre = u"BrowPLUs";
   int seccion = 0, departamento = 0;
 };
 
-// The complete editor of an article: a new one at code 0, the section's first without a code.
-// `padre`: the list that hears of it.
+// The complete editor of an article. Code 0: a new one; no code: the section's first one. `padre`:
+// the list to be refreshed after a change.
 struct PuertaXEditPLU {
   static constexpr QStringView kNombre = u"xEditPLU";
   int seccion = 0, departamento = 0;
@@ -33,20 +33,20 @@ struct PuertaXEditPLU {
   }
 };
 
-// The history of prices of an article, or of a whole section (code 0).
+// The history of the prices of an article, or of a whole section (code 0).
 struct PuertaVerPrecios {
   static constexpr QStringView kNombre = u"VerPrecios";
   int seccion = 1;
   qint64 codigo = 0;
 };
 
-// The VAT rates of a section, and which of them each department has.
+// The VAT rates of a section, and the rate of each of its departments.
 struct PuertaEdIvaSeccs {
   static constexpr QStringView kNombre = u"EdIvaSeccs";
   int seccion = 1;
 };
 
-// Whether to send what was changed now; `que` says what was changed.
+// Asks whether to send the changes now; `que` names them.
 struct RespuestaEnvio {
   bool si = false, noMas = false;
 };
@@ -56,14 +56,14 @@ struct PuertaQueHacemos {
   QString que = {};
 };
 
-// An operator to be picked: its code.
+// Asks for an operator and returns its code.
 struct PuertaSelOpe {
   static constexpr QStringView kNombre = u"SelOpe";
   using Salida = int;
 };
 
-// The section into which articles are copied or moved. `seccion`: the one shown, which isn't
-// offered.
+// Asks for the section to which articles are copied or moved. `seccion`: the current one, which
+// isn't offered.
 struct PuertaEntNmSc {
   static constexpr QStringView kNombre = u"EntNmSc";
   using Salida = int;

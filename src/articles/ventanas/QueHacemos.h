@@ -1,4 +1,4 @@
-// Asks whether to send what was changed now: QueHacemos.
+// QueHacemos: asks whether to send the changes now.
 #pragma once
 
 #include "articles/ventanas/Puertas.h"

@@ -8,7 +8,7 @@
 
 namespace tarvo::articles {
 
-// REQUIRES that what it is given outlives all windows.
+// REQUIRES that all arguments outlive all windows.
 void registrarVentanasArticulos(ventanas::Ventanas& ventanas, articles::Catalogo& catalogo,
                                 articles::Operadores& operadores, motor::gestcomm& motor);
 

@@ -1,4 +1,4 @@
-// Picks an operator: SelOpe.
+// SelOpe: asks for an operator.
 #pragma once
 
 #include "articles/ventanas/Puertas.h"

@@ -13,7 +13,7 @@ using ventanas::Clase;
 
 namespace {
 
-// By the name of a window its title; what came from a file has the file's name.
+// The title of a window, by its name; changes read from a file are listed by the file's name.
 QString nombreVentana(const ventanas::Ventana& v, const QString& nombre) {
   static const std::map<QString, int> kConocidas{
       {u"BrowPLUs"_s, kTxDesdeLista},     {u"xEditPLU"_s, kTxDesdeEditor},

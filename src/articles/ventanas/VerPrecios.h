@@ -1,4 +1,5 @@
-// The history of prices: who set what when, from which window. Of one article or of a section.
+// VerPrecios: the history of the prices of an article or of a section: the time, user and window of
+// each change, and both prices.
 #pragma once
 
 #include "articles/ventanas/Puertas.h"
@@ -20,7 +21,7 @@ class VerPrecios final : public ventanas::Ventana {
   Ui::VerPrecios ui_;
 };
 
-// The columns of such a list over HistoriaPrecios; `conArticulo` names the article too.
+// The columns of such a list over HistoriaPrecios; `conArticulo` adds those of the article.
 std::vector<ventanas::Columna> columnasHistoria(const ventanas::Ventana& v, bool conArticulo);
 
 }  // namespace tarvo::articles

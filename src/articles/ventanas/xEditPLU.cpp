@@ -1,4 +1,4 @@
-// The form. What it shows as one types, and what is checked, is in xEditPLUVivo.cpp.
+// The form. Its updates while the user types, and its checks, are in xEditPLUVivo.cpp.
 #include "articles/ventanas/xEditPLU.h"
 
 #include <QLabel>
@@ -59,7 +59,7 @@ void XEditPLU::montar() {
     r.articulo.precios = p;
     return Resultado<>();
   });
-  // On to the next tarifa, so that the next price isn't written over this one.
+  // Moves to the next tarifa, so that the next price typed doesn't replace this one.
   connect(
       listaPrecios_, &ventanas::Parrilla::escrita, this,
       [this] {
@@ -74,7 +74,7 @@ void XEditPLU::montar() {
   montarStock();
 }
 
-// What the message calls it, where that isn't its caption.
+// Its name in messages, if that isn't its caption.
 XEditPLU::Campo& XEditPLU::llamar(Campo& campo, int nombre) {
   campo.ponerNombre(t(nombre));
   return campo;
@@ -241,7 +241,7 @@ Resultado<> XEditPLU::entrar(const PuertaXEditPLU& puerta) {
     TARVO_TOMAR(const auto primero, catalogo_.vecino(clave, 1));
     if (primero) clave = *primero;
   }
-  // A second opening of the same article finds it as it was left.
+  // If the same article is opened again, the window keeps its contents.
   if (isVisible() && antes().articulo.clave == clave) return {};
   TARVO_TOMAR(auto ficha, fichas_.leer(clave, puerta.departamento));
   TARVO_INTENTAR(

@@ -1,4 +1,4 @@
-// The complete editor of one article: xEditPLU.
+// xEditPLU: the complete editor of an article.
 #pragma once
 
 #include "articles/FichaArticulo.h"
@@ -13,7 +13,7 @@ namespace tarvo::articles {
 class XEditPLU final : public ventanas::FichaDe<FichaArticulo> {
  public:
   XEditPLU(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo);
-  // NoExiste when there is no such article.
+  // NoExiste if there is no such article.
   Resultado<> entrar(const PuertaXEditPLU& puerta);
 
  private:
@@ -26,7 +26,7 @@ class XEditPLU final : public ventanas::FichaDe<FichaArticulo> {
   void montarAlmacen(ventanas::Formulario f);
   void montarEtiqueta(ventanas::Formulario f);
   void montarStock();
-  // Money in the currency shown, a quantity of the unit shown; nothing typed is 0.
+  // Money in the current currency, and a quantity in the current unit; an empty field is 0.
   ventanas::Modo importe(qint64& donde) const;
   ventanas::Modo medida(qint64& donde) const;
   Campo& llamar(Campo& campo, int nombre);
@@ -36,13 +36,13 @@ class XEditPLU final : public ventanas::FichaDe<FichaArticulo> {
   void pintarMoneda();
   void alternarMoneda();
   void unidadCambiada();
-  // The fields whose text depends on the currency or the unit; false, and said, when one can't be
-  // read.
+  // Reads the fields whose text depends on the currency or the unit; false, after reporting it, if
+  // one is invalid.
   bool leerMedidas();
   Resultado<> ponerContador(qint64 Existencia::* contador, qint64 almacen, const QString& texto);
   QString dudaDeBarras(const Articulo& articulo) const;
   void decirDudaBarras();
-  Articulo comoSeVe() const;  // with the bar code that is being written
+  Articulo comoSeVe() const;  // with the bar code as being typed
 
   std::vector<FaltaCampo> comprobar() override;
   void decir(const std::vector<FaltaCampo>& faltas) override;
@@ -57,14 +57,14 @@ class XEditPLU final : public ventanas::FichaDe<FichaArticulo> {
   std::unique_ptr<ParrillaPrecios> precios_;
   Campo *codigo_, *nombre_, *unidad_, *depto_, *formato_, *minimo_, *hasta1_, *hasta2_, *descuento_;
   Campo *prefijo_, *predefinido_, *coste_;
-  std::vector<Campo*> medidas_;  // of money and quantities
+  std::vector<Campo*> medidas_;  // the fields of money and quantities
   QComboBox *departamentos_, *tipoBarras_;
   QToolButton* botonMoneda_;
   QPushButton* corregir_;
   QLabel *control_, *dibujo_, *deque_, *unidadStock_;
   ventanas::Parrilla *listaPrecios_, *listaHistoria_, *listaStock_;
   QString padre_;
-  int moneda_, cada_ = 0;  // shown
+  int moneda_, cada_ = 0;  // as displayed
 };
 
 }  // namespace tarvo::articles

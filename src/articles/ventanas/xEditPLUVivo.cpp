@@ -1,4 +1,4 @@
-// What the editor shows as one types, what it checks, and how it writes the article, once.
+// The updates of the editor while the user types, its checks, and how it stores the article.
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -29,7 +29,7 @@ QString textoDe(const ventanas::Campo& campo) {
 
 }  // namespace
 
-// --- showing ------------------------------------------------------------------------------------
+// --- display ------------------------------------------------------------------------------------
 
 bool XEditPLU::leerMedidas() {
   std::vector<FaltaCampo> malas;
@@ -56,7 +56,7 @@ void XEditPLU::alternarMoneda() {
   pintarMoneda();
 }
 
-// What was typed for the former unit is read by it first.
+// Texts typed for the former unit are first read in that unit.
 void XEditPLU::unidadCambiada() {
   const int otra = std::exchange(r.articulo.cada, cada_);
   if (!leerMedidas()) return unidad_->mostrar();
@@ -112,7 +112,7 @@ void XEditPLU::pintarBarras() {
   deque_->setText(mal ? QString() : t(a.codBarExt ? kTxPredefinido : kTxCompuesto));
 }
 
-// What keeps its bar code from being printed, and read; empty when nothing does.
+// The reason why its bar code couldn't be printed or read; empty if there is none.
 QString XEditPLU::dudaDeBarras(const Articulo& a) const {
   if (a.codBarExt) {
     if (const auto debido = controlDebido(*a.codBarExt)) return t(kTxControlMalo).arg(*debido);
@@ -122,7 +122,8 @@ QString XEditPLU::dudaDeBarras(const Articulo& a) const {
   return codigoImpreso(a).isEmpty() ? t(kTxNoCabeBarras) : QString();
 }
 
-// The picture of the currency changes it by a double click; a single one is too easily made.
+// The currency is switched by a double click on its icon; a single click could easily be an
+// accident.
 bool XEditPLU::eventFilter(QObject* objeto, QEvent* evento) {
   if (objeto != botonMoneda_) return Ventana::eventFilter(objeto, evento);
   if (evento->type() == QEvent::MouseButtonDblClick) alternarMoneda();
@@ -131,7 +132,7 @@ bool XEditPLU::eventFilter(QObject* objeto, QEvent* evento) {
          evento->type() == QEvent::MouseButtonDblClick;
 }
 
-// --- checking and writing -----------------------------------------------------------------------
+// --- validation and storage ---------------------------------------------------------------------
 
 std::vector<XEditPLU::FaltaCampo> XEditPLU::comprobar() {
   const std::map<Falta, Campo*> suyos{{Falta::Codigo, codigo_},      {Falta::Departamento, depto_},
@@ -144,7 +145,7 @@ std::vector<XEditPLU::FaltaCampo> XEditPLU::comprobar() {
   return malas;
 }
 
-// One name a line; those of the article's own rules first, in their order.
+// One name per line; those of the article's own rules first, in their order.
 void XEditPLU::decir(const std::vector<FaltaCampo>& faltas) {
   const std::array orden{codigo_, depto_, formato_, minimo_, hasta1_, hasta2_, descuento_};
   auto malas = faltas;
@@ -161,7 +162,7 @@ bool XEditPLU::cambiada() const {
   return FichaDe::cambiada() || listaPrecios_->editando() || listaStock_->editando();
 }
 
-// Asks before it writes over what another window did meanwhile.
+// Asks before it overwrites changes made meanwhile by another window.
 bool XEditPLU::conforme() {
   if (listaPrecios_->editando() || listaStock_->editando()) return false;
   const auto otro = fichas_.cambiada(antes());
@@ -186,8 +187,8 @@ void XEditPLU::aplicada() {
   aceptar();
 }
 
-// Any bar code is kept; of one that was written here and no scale can print the list says it, for
-// this window goes.
+// Any bar code is stored. If one was entered here that no scale can print, the list reports it,
+// since this window is being closed.
 void XEditPLU::decirDudaBarras() {
   const auto barras = [](const Articulo& a) {
     return std::tuple(a.codBarExt, a.pfxBar, a.barras, a.clave.codigo);

@@ -74,6 +74,13 @@ Resultado<> Historial::empezar(qint64 numero, const QString& nombre, Fecha inici
                        u"EJECUCION FROM Proceso)",
                        {{u"tabla", tabla}}),
         numero - kEjecucionesGuardadas));
+  // The mark of an export begins with its run. A debt keeps the mark by which it is recognised in
+  // its file.
+  TARVO_INTENTAR(
+      db_.ejecutar(u"DELETE FROM Exportes WHERE int(val(MARCA))<=? AND MARCA NOT IN (SELECT MARCA "
+                   u"FROM ExportesPendientes) AND int(val(MARCA)) NOT IN (SELECT EJECUCION FROM "
+                   u"Proceso)",
+                   numero - kEjecucionesGuardadas));
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT OR REPLACE INTO Ejecuciones (EJECUCION, NOMBRE, INICIO, TRAZA) VALUES (?, ?, ?, ?)",
       numero, nombre, inicio, traza));

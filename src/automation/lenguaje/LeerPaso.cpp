@@ -78,12 +78,15 @@ class Campos {
     if (error_.isEmpty()) error_ = textos_(texto, datos);
   }
   const QString& error() const { return error_; }
+  // The line is read, but not all of it counts.
+  void reparo(int texto, std::initializer_list<Dato> datos) { reparo_ = textos_(texto, datos); }
+  const QString& reparo() const { return reparo_; }
 
  private:
   QStringView resto_;
   bool espanol_;
   const Textos& textos_;
-  QString error_;
+  QString error_, reparo_;
 };
 
 PasoProceso leerTarea(Campos& f, const motor::RepertorioTareas& repertorio) {
@@ -132,13 +135,17 @@ PasoProceso leerControl(Campos& f) {
   return p;
 }
 
+// The last date counts for a period of free dates only.
 Intervalo leerIntervalo(Campos& f) {
   const auto tipo = static_cast<int>(f.clasePeriodo());
   if (tipo < totals::kDiario || tipo > totals::kOtros) f.fallo(kTxNoEsClasePeriodo);
   const Fecha desde = f.fecha();
   if (tipo == totals::kOtros) return {tipo, desde, f.fecha()};
-  f.campo();
+  const auto final = f.campo();
   if (!f.error().isEmpty()) return {};
+  const auto fecha = leerFecha(final);
+  if (!final.isEmpty() && (!fecha || *fecha < desde.dia()))
+    f.reparo(kTxFinalPasado, {final.toString()});
   const auto lleno = totals::LimitesPeriodo(tipo, desde, desde);
   return {tipo, lleno.desde, lleno.hasta};
 }
@@ -205,12 +212,13 @@ std::optional<PasoProceso> leerCampos(QStringView palabra, Campos& f,
 
 }  // namespace
 
-Resultado<std::optional<PasoProceso>> Lenguaje::LeerPaso(QStringView linea) const {
+Resultado<std::optional<PasoProceso>> Lenguaje::LeerPaso(QStringView linea, QString* reparo) const {
   if (linea.trimmed().isEmpty()) return PasoProceso{};
   const QStringView palabra = cortar(linea, u':');
   Campos f(linea, a_.EsEspanol(), t_);
   auto paso = leerCampos(palabra, f, r_);
   if (!f.error().isEmpty()) return fallo(Fallo::Formato, f.error());
+  if (reparo) *reparo = f.reparo();
   return paso;
 }
 

@@ -61,12 +61,6 @@ std::optional<LineaActivacion> activacionDe(QStringView linea, bool espanol, Lec
   return a;
 }
 
-// A word and a colon: a comment has none.
-bool parecePaso(QStringView l) {
-  const QStringView palabra = l.first(std::max<qsizetype>(0, l.indexOf(u':'))).trimmed();
-  return !palabra.isEmpty() && std::ranges::all_of(palabra, [](QChar c) { return c.isLetter(); });
-}
-
 // The states of the file reader.
 enum class Zona { Comienzo, EnBatch, EnLlano, Acabado };
 
@@ -89,20 +83,24 @@ class LectorFichero {
         omitir(numero_, kTxHoraOmitida);
       return {};
     }
-    TARVO_TOMAR(auto paso, lenguaje_.LeerPaso(l));
-    return paso ? conPaso(std::move(*paso)) : sinPaso(l);
+    QString reparo;
+    TARVO_TOMAR(auto paso, lenguaje_.LeerPaso(l, &reparo));
+    if (!reparo.isEmpty()) omitir(numero_, reparo);
+    return paso ? conPaso(std::move(*paso)) : sinPaso();
   }
 
   Resultado<FicheroProceso> acabar() {
     if (zona_ == Zona::EnBatch && !f_.pasos.empty())
       return fallo(Fallo::Formato, lenguaje_.textos()(kTxFaltaFinal, {kFinalBatch}));
+    if (zona_ == Zona::EnBatch) omitir(inicio_, kTxSinFinal);
+    if (corte_ > 0) omitir(corte_, kTxLineaOmitida);
     return std::move(f_);
   }
 
  private:
   Resultado<> marca(bool inicio) {
     if (inicio && zona_ == Zona::Comienzo)
-      zona_ = Zona::EnBatch;
+      zona_ = Zona::EnBatch, inicio_ = numero_;
     else if (!inicio && zona_ == Zona::EnBatch)
       zona_ = Zona::Acabado;
     else
@@ -117,12 +115,12 @@ class LectorFichero {
     return {};
   }
 
-  Resultado<> sinPaso(QStringView l) {
+  Resultado<> sinPaso() {
     if (zona_ == Zona::EnBatch) return fallo(Fallo::Formato, lenguaje_.textos()(kTxSinLetra));
-    if (parecePaso(l)) omitir(numero_, kTxLineaOmitida);
-    if (zona_ != Zona::EnLlano) return {};
-    zona_ = Zona::Acabado;
-    corte_ = numero_;
+    if (zona_ == Zona::EnLlano)
+      zona_ = Zona::Acabado, corte_ = numero_;
+    else
+      omitir(numero_, kTxLineaOmitida);
     return {};
   }
 
@@ -135,15 +133,17 @@ class LectorFichero {
     omitir(std::exchange(corte_, 0), kTxRestoOmitido);
   }
 
-  void omitir(size_t numero, int texto) {
-    const Textos& t = lenguaje_.textos();
-    f_.omitidas += t(kTxEnLinea, {numero, t(texto)});
+  void omitir(size_t numero, int texto) { omitir(numero, lenguaje_.textos()(texto)); }
+  void omitir(size_t numero, const QString& texto) {
+    f_.omitidas += lenguaje_.textos()(kTxEnLinea, {numero, texto});
   }
 
   const Lenguaje& lenguaje_;
   bool espanol_;
   Zona zona_ = Zona::Comienzo;
-  size_t numero_ = 0, corte_ = 0;  // line number; the line where the steps of a plain file ended
+  size_t numero_ = 0;  // of the present line
+  size_t corte_ = 0;   // the line where the steps of a plain file ended
+  size_t inicio_ = 0;  // the line of the opening mark
   FicheroProceso f_;
 };
 

@@ -150,7 +150,8 @@ struct LineaActivacion {
 struct FicheroProceso {
   std::vector<PasoProceso> pasos;
   std::vector<LineaActivacion> activaciones;
-  // A sentence for each line that may have been meant as a step but is not one.
+  // A sentence, with its number, for each line that isn't a step, or of which something doesn't
+  // count.
   QStringList omitidas;
 };
 
@@ -161,8 +162,9 @@ class Lenguaje {
  public:
   Lenguaje(const motor::RepertorioTareas& repertorio, const Ajustes& ajustes, const Textos& textos);
   // A blank line yields a blank step; a line of no class yields nothing; an unreadable line is an
-  // error.
-  Resultado<std::optional<PasoProceso>> LeerPaso(QStringView linea) const;
+  // error. `reparo` receives what of the line doesn't count though it may have been meant.
+  Resultado<std::optional<PasoProceso>> LeerPaso(QStringView linea,
+                                                 QString* reparo = nullptr) const;
   QString EscribirPaso(const PasoProceso& paso) const;
   // The effect of a step, in words for a person; a comment as it is.
   QString DecirPaso(const PasoProceso& paso) const;

@@ -20,7 +20,7 @@ using namespace ventanas;
 namespace {
 
 constexpr int kCierreMs = 1000;
-// A timetable waits for the window of a run that was stopped; who has gone away must not cost the
+// A timetable waits for the window of a run that was stopped; an absent user must not cost the
 // night.
 constexpr int kCierreAbortadoMs = 5 * 60 * 1000;
 constexpr int kColaMs = 500;
@@ -138,7 +138,8 @@ AutomatVentana::~AutomatVentana() {
   soltar();
 }
 
-// With its closing, not with its destruction: another one may be made in between.
+// Called when the window is closed, not when it is destroyed: another one may be created in
+// between.
 void AutomatVentana::soltar() {
   if (std::exchange(soltada_, true)) return;
   a_.dejarDeObservar(*this);
@@ -155,13 +156,13 @@ void AutomatVentana::conectar() {
        [this] { static_cast<void>(preguntar(PuertaVeoLog{a_.rutaTraza()})); });
   unir(ui_.salir, u"cerrar"_s, {}, [this] { close(); });
   connect(&contexto().tema, &Tema::cambiado, this, [this] { ponerFase(); });
-  // A key that is grazed in passing starts what waits, and never holds a night.
+  // A key touched by accident may start a waiting run, but never holds a night.
   new CtrlSolo(*this, [this] {
     if (a_.fase() != kEjecutando) a_.ejecutar();
   });
 }
 
-// --- what is shown ------------------------------------------------------------------------------
+// --- display ------------------------------------------------------------------------------------
 
 Resultado<> AutomatVentana::entrar(const PuertaAutomat& puerta) {
   if (!puerta.proceso.isEmpty()) TARVO_INTENTAR(cargar(puerta.proceso));
@@ -184,7 +185,7 @@ Resultado<> AutomatVentana::cargar(const QString& ruta) {
     alHorario(ruta);
     return {};
   }
-  // It begins once the window is there: its first step may ask something.
+  // It starts once the window is open, since its first step may ask a question.
   QMetaObject::invokeMethod(
       this,
       [this, leido = std::move(*leido), base = QFileInfo(ruta).completeBaseName()] {
@@ -194,7 +195,7 @@ Resultado<> AutomatVentana::cargar(const QString& ruta) {
   return {};
 }
 
-// A process that holds a timetable isn't run but waits for its hours.
+// A process that contains a timetable isn't run here, but waits for its hours in Cronos.
 void AutomatVentana::alHorario(const QString& ruta) {
   setAttribute(Qt::WA_DontShowOnScreen);
   QMetaObject::invokeMethod(
@@ -226,8 +227,8 @@ void AutomatVentana::ponerFase() {
   ponerCierre();
 }
 
-// A run that is done closes its window. One that a person stopped leaves it to him; one of a
-// timetable that broke down by itself has nobody to close it.
+// A completed run closes its window. An aborted one of a timetable does so too: soon if it failed
+// by itself, as there may be nobody to close it, and much later if the user stopped it.
 void AutomatVentana::ponerCierre() {
   const bool abortada = a_.fase() == kAbortado && a_.diferida();
   if (preguntando_ || (a_.fase() != kAcabado && !abortada)) return cierre_->parar();
@@ -248,7 +249,7 @@ void AutomatVentana::ponerBotones() {
   ui_.salir->setEnabled(!a_.enMarcha());
 }
 
-// Only the rows that changed: a long process moves twice a second.
+// Updates only the rows that changed: a long process changes twice a second.
 void AutomatVentana::ponerPasos() {
   const auto& pasos = a_.pasos();
   ModeloVivo& filas = ui_.ListaPasos->vivas();
@@ -288,7 +289,7 @@ void AutomatVentana::empezarTraza() {
   ui_.Problemas->scrollToBottom();
 }
 
-// Follows the end only for who is there.
+// Scrolls to the new line only if the end is in view.
 void AutomatVentana::lineaEscrita(const QString& linea) {
   const auto* barra = ui_.Problemas->verticalScrollBar();
   const bool alFinal = barra->value() >= barra->maximum();
@@ -297,7 +298,7 @@ void AutomatVentana::lineaEscrita(const QString& linea) {
   if (alFinal) ui_.Problemas->scrollToBottom();
 }
 
-// --- what is done -------------------------------------------------------------------------------
+// --- operations ---------------------------------------------------------------------------------
 
 void AutomatVentana::alto() {
   if (!a_.enMarcha()) {

@@ -1,5 +1,5 @@
-// The process that runs: its steps and how each one stands, the trace as it is written, and the
-// buttons that move, hold and stop it.
+// The process being run: its steps with their states, the trace as it is written, and the buttons
+// that advance, hold and stop it.
 #pragma once
 
 #include "automation/Automat.h"
@@ -43,7 +43,7 @@ class AutomatVentana final : public ventanas::Ventana, private ObservadorAutomat
   const motor::gestcomm& motor_;
   Ui::FormaAutomat ui_;
   std::unique_ptr<Temporizador> cierre_, cola_;
-  std::vector<VistaPaso> vistos_;  // as they stand in the grid
+  std::vector<VistaPaso> vistos_;  // as displayed in the grid
   int pasoVisto_ = -1;
   bool preguntando_ = false, soltada_ = false;
 };

@@ -1,4 +1,4 @@
-// What the grid of a timetable and that of its editor have in common.
+// Shared by the grid of a timetable and that of its editor.
 #pragma once
 
 #include "automation/lenguaje/Proceso.h"
@@ -6,9 +6,9 @@
 
 namespace tarvo::automation {
 
-// The hour and the seven days, Monday first.
+// Adds the columns of the hour and of the seven days, Monday first.
 void anadirColumnasMomento(std::vector<ventanas::Columna>& columnas);
-// Their values.
+// Adds their values.
 void anadirMomento(std::vector<dao::Valor>& valores, const LineaActivacion& linea);
 
 }  // namespace tarvo::automation

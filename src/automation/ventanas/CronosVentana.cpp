@@ -17,7 +17,7 @@ using namespace ventanas;
 
 namespace {
 
-// One more than the states of an entry: waiting, and the next one.
+// One above the states of an entry: waiting, and the next to run.
 constexpr int kEsSiguiente = 6;
 
 QString palabraEntrada(const Textos& t, int estado) {
@@ -76,7 +76,7 @@ FilaViva filaCron(size_t i, const Entrada& e, bool siguiente) {
   return f;
 }
 
-// Hours, minutes and seconds, also of more than a day.
+// Hours, minutes and seconds; the hours may exceed a day.
 QString duracion(double dias) {
   const auto s = static_cast<qint64>(std::lround(std::max(0.0, dias) * 86400));
   return u"%1:%2:%3"_s.arg(Ceros(s / 3600, 2), Ceros(s / 60 % 60, 2), Ceros(s % 60, 2));
@@ -125,7 +125,7 @@ Resultado<> CronosVentana::entrar(const PuertaCronos& puerta) {
   if (!puerta.horario.isEmpty()) {
     avisos_.clear();
     TARVO_INTENTAR(cronos_.ActivarCron(puerta.horario));
-    // Once this window is there: the last one to close ends the program.
+    // Only once this window is open: the program ends when the last window is closed.
     QMetaObject::invokeMethod(this, [this] { relevarPrincipal(); }, Qt::QueuedConnection);
   }
   if (!avisos_.isEmpty()) decirDuda(avisos_.front(), avisos_.join(u'\n'));
@@ -135,7 +135,7 @@ Resultado<> CronosVentana::entrar(const PuertaCronos& puerta) {
   return {};
 }
 
-// --- the main window's place --------------------------------------------------------------------
+// --- taking the main window's place -------------------------------------------------------------
 
 void CronosVentana::relevarPrincipal() {
   Ventanas& todas = contexto().ventanas;
@@ -156,7 +156,7 @@ void CronosVentana::soltar() {
   cronos_.parar();
 }
 
-// --- what is shown ------------------------------------------------------------------------------
+// --- display ------------------------------------------------------------------------------------
 
 void CronosVentana::refrescar() {
   ui_.reloj->setText(contexto().reloj.ahora().horaLarga());

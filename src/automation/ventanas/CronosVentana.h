@@ -1,4 +1,5 @@
-// The timetable that is active: what runs when, the clock, and how long until the next process.
+// The active timetable: its processes and their hours, the clock, and the time left until the next
+// one.
 #pragma once
 
 #include "automation/Cronos.h"
@@ -14,7 +15,7 @@ class CronosVentana final : public ventanas::Ventana {
   CronosVentana(ventanas::Contexto& c, const QString& nombre, Cronos& cronos);
   ~CronosVentana() override;
 
-  // While a timetable is active this window is in place of the main one.
+  // While a timetable is active, this window replaces the main one.
   Resultado<> entrar(const PuertaCronos& puerta);
   bool QueryUnload() override;
 

@@ -10,8 +10,8 @@ CtrlSolo::CtrlSolo(QWidget& ventana, std::function<void()> alPulsar)
   qApp->installEventFilter(this);
 }
 
-// The same key passes here once for each object that it is offered to; one that is a shortcut comes
-// as an override alone.
+// A key press arrives here once for each object that it is offered to; a shortcut arrives only as a
+// ShortcutOverride.
 bool CtrlSolo::eventFilter(QObject* objeto, QEvent* evento) {
   const auto tipo = evento->type();
   if (tipo == QEvent::MouseButtonPress || tipo == QEvent::Wheel) solo_ = false;

@@ -1,5 +1,5 @@
-// The Ctrl key pressed and let go by itself, as a command; Ctrl with another key or a click is
-// none.
+// The Ctrl key, pressed and released alone, as a command. Ctrl with another key or a click doesn't
+// count.
 #pragma once
 
 #include <QWidget>
@@ -10,7 +10,7 @@ namespace tarvo::automation {
 class CtrlSolo final : public QObject {
   Q_OBJECT
  public:
-  // Tells while `ventana` is the active one.
+  // Only reports it while `ventana` is the active window.
   CtrlSolo(QWidget& ventana, std::function<void()> alPulsar);
 
  private:

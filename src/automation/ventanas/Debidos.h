@@ -1,4 +1,4 @@
-// What earlier runs still owe of a period, and the way to drop it, one by one and by name.
+// Work on a period still owed by earlier runs; it can be dropped item by item, by name.
 #pragma once
 
 #include "automation/historia/Pendientes.h"

@@ -32,7 +32,7 @@ FilaViva filaBat(size_t i, const LineaActivacion& l) {
   return f;
 }
 
-// The blank line at the end, for a new entry.
+// The blank row at the end, for a new entry.
 FilaViva filaNueva(size_t i, const QString& texto) {
   FilaViva f{static_cast<qint64>(i), std::vector<dao::Valor>(8)};
   f.valores.emplace_back(texto);
@@ -111,7 +111,7 @@ void EdiCron::pedirNombre() {
   ui_.pnlEdicion->hide();
   ui_.pnlNombre->show();
   tamano_ = size();
-  resize(width(), 0);  // as low as the question is
+  resize(width(), 0);  // as low as the question allows
   ui_.NomCron->setFocus();
 }
 
@@ -140,7 +140,7 @@ void EdiCron::editarHorario(Horario horario) {
   ui_.ListaBat->vista()->setFocus();
 }
 
-// --- the list and its line ----------------------------------------------------------------------
+// --- the list and its current line --------------------------------------------------------------
 
 void EdiCron::ponerLista(int actual) {
   std::vector<FilaViva> filas;
@@ -153,7 +153,7 @@ void EdiCron::ponerLista(int actual) {
   ponerLinea();
 }
 
-// From the list to the controls; what was being changed in them is dropped.
+// Copies the current line to the controls; pending changes in them are dropped.
 void EdiCron::ponerLinea() {
   const auto fila = static_cast<size_t>(std::max(0, ui_.ListaBat->filaActual()));
   const bool hay = fila < r.lineas.size();
@@ -164,7 +164,7 @@ void EdiCron::ponerLinea() {
   ui_.borrar->setEnabled(hay);
 }
 
-// While a line is being changed there is nothing else to be done than to take it or leave it.
+// While a line is being changed, it can only be applied or cancelled.
 void EdiCron::pintarLinea() {
   const bool si = tocada();
   ui_.ListaBat->setEnabled(!si);
@@ -212,7 +212,7 @@ void EdiCron::borrar() {
   ponerLista(fila);
 }
 
-// --- leaving ------------------------------------------------------------------------------------
+// --- closing ------------------------------------------------------------------------------------
 
 void EdiCron::guardar() {
   if (ruta_.isEmpty() || !aplicarLinea()) return;
@@ -229,7 +229,7 @@ void EdiCron::guardar() {
 
 bool EdiCron::QueryUnload() {
   if (tamano_.isValid())
-    resize(tamano_);  // what is remembered is the editor's size, not the question's
+    resize(tamano_);  // the size to remember is the editor's, not the question's
   return FichaDe::QueryUnload();
 }
 

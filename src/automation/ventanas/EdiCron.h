@@ -1,4 +1,5 @@
-// The editor of a timetable. Works on a copy, which goes to the file at once when it is saved.
+// The editor of a timetable. It works on a copy, which is written to the file at once when it is
+// saved.
 #pragma once
 
 #include "automation/lenguaje/Horario.h"
@@ -26,7 +27,7 @@ class EdiCron final : public ventanas::FichaDe<Horario> {
   void editarHorario(Horario horario);
   void ponerLista(int actual);
   void ponerLinea();
-  bool tocada() const { return tocada_; }  // the line in the controls
+  bool tocada() const { return tocada_; }  // the line in the controls has pending changes
   bool cambiada() const override { return !ruta_.isEmpty() && (tocada_ || !(r == antes())); }
   void pintarLinea();
   bool aplicarLinea();
@@ -38,7 +39,7 @@ class EdiCron final : public ventanas::FichaDe<Horario> {
   Ui::FormaEdiCron ui_;
   std::array<QCheckBox*, 7> dias_{};
   QString ruta_;
-  LineaActivacion linea_;  // in the controls
+  LineaActivacion linea_;  // the copy in the controls
   bool tocada_ = false;
   QSize tamano_;  // of the window, while it only asks for a name
 };

@@ -23,7 +23,7 @@ constexpr qint64 kMenor = -32768, kMayor = 32767;
 EnParMac::EnParMac(Contexto& c, const QString& nombre) : FichaDe(c, nombre) {
   auto f = formulario(kTxParametro);
   pregunta_ = f.nota(u"lblPregunta"_s);
-  // One field for a number and for a text: which it is, the parameter says.
+  // A number and a text share one field; the parameter's kind decides.
   const Modo deNumero = numero(r.numero, kMenor, kMayor).con(t(kTxNumeroMalo));
   valor_ = &f.fila(0, u"Valor"_s,
                    {.ver = [] { return QString(); },

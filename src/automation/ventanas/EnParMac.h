@@ -1,4 +1,5 @@
-// Asks for the value of a parameter while a process runs: a number, a text or a range of days.
+// Asks for the value of a parameter while a process is running: a number, a text or a range of
+// days.
 #pragma once
 
 #include "automation/ventanas/Puertas.h"
@@ -10,7 +11,7 @@ namespace tarvo::automation {
 
 class MesRango;
 
-// A value of each kind; which one is asked for is the parameter's.
+// A value of each kind; the parameter's kind decides which one is asked for.
 struct ValorParametro {
   qint64 numero = 0;
   QString texto;
@@ -31,7 +32,7 @@ class EnParMac final : public ventanas::FichaDe<ValorParametro> {
   void aplicada() override;
 
   QChar clase_ = u'%';
-  bool escrito_ = false;  // something, in the field of a number or text
+  bool escrito_ = false;  // the field of a number or text was filled in
   QLabel *pregunta_, *rango_;
   ventanas::Campo *valor_, *desde_, *hasta_;
   QWidget* fechas_;

@@ -13,11 +13,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kBloque = 1024 * 1024;
-constexpr qint64 kLineaMaxima = 16 * 1024;  // of what is shown of one
+constexpr qint64 kLineaMaxima = 16 * 1024;  // shown of a line, in bytes
 constexpr qsizetype kCola = 64;
-constexpr qsizetype kCampoProceso = 8;  // in front of each line of a timetable's trace
+constexpr qsizetype kCampoProceso = 8;  // prefix of each line in a timetable's trace
 
-// A small letter without its accent.
+// The letter in lower case, without its accent.
 char sinAcento(QChar c) {
   const QString partes = c.decomposition();
   const char16_t letra = (partes.isEmpty() ? c : partes[0]).toLower().unicode();
@@ -30,7 +30,7 @@ QByteArray plegarTexto(const QString& texto) {
   return bytes;
 }
 
-// The same by byte, for a file that is never decoded as a whole.
+// The same for each byte, so that a file never has to be decoded as a whole.
 std::array<char, 256> hacerTabla() {
   std::array<char, 256> tabla{};
   for (int i = 0; i < 256; ++i) {
@@ -59,9 +59,9 @@ FicheroTraza::FicheroTraza(QString ruta, const Textos& textos)
       abandona_(ficheros::codificar1252(textos(kTxSeAbandona))),
       interrumpida_(ficheros::codificar1252(textos(kTxInterrumpida).section(u'%', 0, 0))) {}
 
-// --- taking in ----------------------------------------------------------------------------------
+// --- reading ------------------------------------------------------------------------------------
 
-// What was taken in last still stands where it stood.
+// The last bytes read are still at the same position.
 bool FicheroTraza::esElMismo() {
   return fichero_->size() >= fin_ && fichero_->seek(fin_ - cola_.size()) &&
          fichero_->read(cola_.size()) == cola_;
@@ -123,7 +123,7 @@ bool FicheroTraza::esProblema(int n) const {
   return diceProblema(bytes(n, n + 1));
 }
 
-// A header stands only over what went wrong.
+// Only problems have a header.
 bool FicheroTraza::diceProblema(QByteArrayView l) const {
   while (!l.isEmpty() && (l.back() == '\n' || l.back() == '\r')) l.chop(1);
   const QByteArrayView tras = l.sliced(std::min(l.size(), kCampoProceso));
@@ -135,9 +135,9 @@ int FicheroTraza::lineaEn(qint64 sitio) const {
   return static_cast<int>(std::ranges::upper_bound(inicios_, sitio) - inicios_.begin()) - 1;
 }
 
-// --- finding ------------------------------------------------------------------------------------
+// --- search -------------------------------------------------------------------------------------
 
-// As many lines as make a block, one at least.
+// The end of as many lines as fit in a block, at least one.
 int FicheroTraza::hastaUnBloque(int primera) const {
   const int l = lineaEn(inicios_[static_cast<size_t>(primera)] + kBloque);
   return std::min(std::max(l, primera + 1), lineas());

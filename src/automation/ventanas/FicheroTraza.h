@@ -1,5 +1,5 @@
-// A trace file by lines, as large as it may be and while it grows: where each line begins is kept
-// in memory, its text is read when it is looked at. Windows-1252, or UTF-8 with its mark.
+// A trace file as lines, of any size, and while it grows: the positions of the lines are kept in
+// memory, their texts are read on demand. Windows-1252, or UTF-8 with its byte order mark.
 #pragma once
 
 #include <QFile>
@@ -17,20 +17,20 @@ class FicheroTraza {
   FicheroTraza(QString ruta, const Textos& textos);
 
   enum class Cambio { Ninguno, Crecio, OtroFichero };
-  // Takes in what was written since the last time, `bytes` at most. A file that isn't there is an
-  // empty one. OtroFichero: it is not the one that it was, and begins anew.
+  // Reads the bytes added since the last call, at most `bytes`. A missing file counts as empty.
+  // OtroFichero: the file was replaced, and is read again from its beginning.
   Cambio leer(qint64 bytes);
   bool quedaMas() const { return quedaMas_; }
 
   int lineas() const;
   QString linea(int n) const;  // REQUIRES 0 <= n < lineas()
   bool esProblema(int n) const;
-  int masLarga() const { return masLarga_; }  // bytes of the longest line
+  int masLarga() const { return masLarga_; }  // length of the longest line, in bytes
 
-  // The first line from `desde` on, or back from it, that holds the text, case and accents ignored;
-  // -1 when there is none.
+  // The first line from `desde` on, forwards or backwards, that contains the text, ignoring case
+  // and accents; -1 if there is none.
   int buscar(const QString& texto, int desde, bool atras) const;
-  int problema(int desde) const;  // the same for a line that says a problem, forwards
+  int problema(int desde) const;  // the same, forwards, for a line that reports a problem
 
  private:
   using Mira = std::function<qsizetype(const QByteArray& bloque)>;
@@ -46,7 +46,7 @@ class FicheroTraza {
   QString ruta_;
   mutable std::unique_ptr<QFile> fichero_;
   std::vector<qint64> inicios_{0};
-  qint64 fin_ = 0;   // bytes taken in
+  qint64 fin_ = 0;   // number of bytes read
   QByteArray cola_;  // the last of them
   int masLarga_ = 0;
   bool quedaMas_ = false, utf8_ = false;

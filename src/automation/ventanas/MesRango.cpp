@@ -36,7 +36,7 @@ void MesRango::ponerTodo(bool todo) {
   Q_EMIT rangoCambiado();
 }
 
-// A day of a month beside brings that month, and none of this one.
+// A day of another month switches to that month, and starts a new range there.
 void MesRango::elegir() {
   if (moviendo_) return;
   otro_ = selectedDate();

@@ -1,5 +1,5 @@
-// A month of which some days in a row are chosen: a day by itself, or as far as a second one with
-// the shift key.
+// A calendar month in which a range of days is selected: a single day, or with Shift up to a second
+// one.
 #pragma once
 
 #include <QCalendarWidget>
@@ -11,14 +11,14 @@ class MesRango final : public QCalendarWidget {
  public:
   explicit MesRango(QWidget* padre = nullptr);
 
-  void irAlMes(QDate dia);    // its first day is the one chosen
-  void ponerTodo(bool todo);  // the whole month that is shown is chosen
+  void irAlMes(QDate dia);    // selects its first day
+  void ponerTodo(bool todo);  // `todo` selects the whole month shown
   QDate desde() const;
   QDate hasta() const;
 
  Q_SIGNALS:
   void rangoCambiado();
-  void diaElegido();  // by the person
+  void diaElegido();  // by the user
 
  protected:
   void paintCell(QPainter* pintor, const QRect& sitio, QDate dia) const override;

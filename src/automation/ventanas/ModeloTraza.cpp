@@ -16,7 +16,7 @@ bool ModeloTraza::leer(qint64 bytes) {
     endResetModel();
     return true;
   }
-  // The last line may have been half written.
+  // The last line may have been incomplete.
   if (lineas_ > 0) Q_EMIT dataChanged(index(lineas_ - 1, 0), index(lineas_ - 1, 0));
   if (fichero_.lineas() > lineas_) {
     beginInsertRows({}, lineas_, fichero_.lineas() - 1);

@@ -1,4 +1,4 @@
-// The lines of a trace under a list.
+// The lines of a trace as the model of a list.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -12,7 +12,7 @@ class ModeloTraza final : public QAbstractTableModel {
  public:
   ModeloTraza(const QString& ruta, const Textos& textos, QObject* padre);
   const FicheroTraza& fichero() const { return fichero_; }
-  // True when something came.
+  // True if the trace has changed.
   bool leer(qint64 bytes);
 
   int rowCount(const QModelIndex& padre = {}) const override;

@@ -1,4 +1,4 @@
-// The questions of a process, asked by the window "EnParMac".
+// The questions of a process, asked in the window "EnParMac".
 #pragma once
 
 #include "automation/Automat.h"
@@ -7,11 +7,12 @@
 
 namespace tarvo::automation {
 
-// Answers the parameter steps of a run by that window. Before poner() nothing has an answer.
+// Answers the parameter steps of a run by means of that window. Before poner() there are no
+// answers.
 class PreguntasVentana final : public Preguntas {
  public:
   void poner(ventanas::Ventanas* ventanas) { ventanas_ = ventanas; }
-  // A question that waits for its answer gets none.
+  // Leaves a pending question unanswered.
   void retirar();
   std::optional<qint64> PromptNum(const QString& nombre, const QString& pregunta) override;
   std::optional<QString> PromptStr(const QString& nombre, const QString& pregunta) override;

@@ -8,7 +8,7 @@
 
 namespace tarvo::automation {
 
-// What they work on.
+// The engines used by the windows.
 struct Motores {
   Automat& automat;
   Cronos& cronos;

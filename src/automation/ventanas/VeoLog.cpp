@@ -19,10 +19,11 @@ using namespace ventanas;
 
 namespace {
 
-constexpr qint64 kTrozo = 4 * 1024 * 1024;  // taken in before the screen gets its turn
+constexpr qint64 kTrozo = 4 * 1024 * 1024;  // bytes read before the screen is updated
 constexpr int kMiradaMs = 500;
 
-// Where the text is in the line, in its own letters or with case and accents aside; -1 for nowhere.
+// The position of the text in the line, ignoring case, and accents too if it isn't found with them;
+// -1 if it isn't there.
 qsizetype sitioDe(const QString& linea, const QString& texto) {
   const auto sitio = linea.indexOf(texto, 0, Qt::CaseInsensitive);
   if (sitio >= 0) return sitio;
@@ -86,7 +87,7 @@ Resultado<> VeoLog::entrar(const PuertaVeoLog& puerta) {
 
 // --- following ----------------------------------------------------------------------------------
 
-// Who is at the end stays there, also when rows come or the room for them changes.
+// A view at the end stays there when rows are added or its height changes.
 void VeoLog::seguir() {
   const auto* barra = ui_.Lineas->verticalScrollBar();
   connect(barra, &QScrollBar::valueChanged, this,
@@ -126,9 +127,9 @@ void VeoLog::ponerSitio() {
   ui_.lblSitio->setText(contexto().textos(kTxLineaDe, {linea, modelo_->rowCount()}));
 }
 
-// --- finding ------------------------------------------------------------------------------------
+// --- search -------------------------------------------------------------------------------------
 
-// The line in the middle, from its beginning; further to the right only where the text found is.
+// Centres the line, scrolled to its beginning; scrolls to the right only as far as the text found.
 void VeoLog::irA(int linea, const QString& texto) {
   const QModelIndex i = modelo_->index(linea, 0);
   ui_.Lineas->setCurrentIndex(i);
@@ -140,7 +141,7 @@ void VeoLog::irA(int linea, const QString& texto) {
   ui_.Lineas->horizontalScrollBar()->setValue(std::max(0, hasta - ui_.Lineas->viewport()->width()));
 }
 
-// Round the end once, and that is said.
+// Wraps around at the end, once, and reports that.
 void VeoLog::buscar(bool atras) {
   const QString texto = ui_.Buscar->text();
   if (texto.isEmpty()) return ui_.Buscar->setFocus();

@@ -1,4 +1,4 @@
-// The viewer of a trace file, which it follows while it grows.
+// The viewer of a trace file, which follows it as it grows.
 #pragma once
 
 #include "automation/ventanas/ModeloTraza.h"

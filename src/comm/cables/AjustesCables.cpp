@@ -9,7 +9,7 @@ namespace {
 using A = AjustesCables;
 
 constexpr int kSitioCanal = 400, kCanalACanal = 100;
-constexpr Limites kPuertosPropios{1, 16};
+constexpr Limites kPuertosPropios{1, 16}, kDosBits{0, 3};
 constexpr qsizetype kCadenasModem = 8;
 
 // A number that stands for no use of a channel changes nothing.
@@ -27,8 +27,25 @@ QString verUso(TipoAcceso uso) {
 }
 
 bool leerCadenas(const QString& v, QStringList& campo) {
-  campo = v.isEmpty() ? QStringList() : v.toUpper().split(u';').mid(0, kCadenasModem);
-  return true;
+  const QStringList todas = v.isEmpty() ? QStringList() : v.toUpper().split(u';');
+  campo = todas.mid(0, kCadenasModem);
+  return todas.size() <= kCadenasModem;
+}
+
+// "9600,O,7,1": speed, parity, data bits, stop bits. One that isn't whole changes nothing.
+bool leerLinea(const QString& v, QString& campo) {
+  static constexpr Limites kBaudios{1, 4'000'000}, kBits{5, 8}, kParadas{1, 2};
+  const QString linea = v.toUpper();
+  const auto numero = [&linea](qsizetype i, Limites limites) {
+    const QStringView parte = ini::parte(linea, u',', i);
+    return ini::esEntero(parte) && limites.admite(ini::real(parte));
+  };
+  const QStringView paridad = ini::parte(linea, u',', 1);
+  const bool bien = linea.count(u',') == 3 && numero(0, kBaudios) && paridad.size() == 1 &&
+                    QStringView(u"EON").contains(paridad) && numero(2, kBits) &&
+                    numero(3, kParadas);
+  if (bien) campo = linea;
+  return bien;
 }
 
 QString verCadenas(const QStringList& cadenas) {
@@ -48,16 +65,16 @@ ClaveDe<A> deCanal(const char16_t* nombre) {
 
 void ponerCanal(std::vector<ClaveDe<A>>& claves, int canal) {
   using P = ParamCanal;
-  ClaveDe<A> suyas[] = {deCanal<&P::Puerto, ini::leer16>(u"Puerto"),
+  ClaveDe<A> suyas[] = {deCanal<&P::Puerto, ini::leerLimitado<kPuertosPropios>>(u"Puerto"),
                         deCanal<&P::Device, leerUso, verUso>(u"Device"),
-                        deCanal<&P::RS232, ini::leerMayusculas, ini::verTexto>(u"RS232"),
+                        deCanal<&P::RS232, leerLinea, ini::verTexto>(u"RS232"),
                         deCanal<&P::IniMdm0, ini::leerMayusculas, ini::verTexto>(u"IniMdm0"),
                         deCanal<&P::IniMdmX, leerCadenas, verCadenas>(u"IniMdmX"),
                         deCanal<&P::PfxDial, ini::leerMayusculas, ini::verTexto>(u"PfxDial"),
                         deCanal<&P::Intentos, ini::leerLimitado<kLimitesIntentos>>(u"Intentos"),
                         deCanal<&P::Espera, ini::leerLimitado<kLimitesEspera>>(u"Espera"),
                         deCanal<&P::ATHang, ini::leerLimitado<kLimitesEspera>>(u"ATHang"),
-                        deCanal<&P::ControlLinea, ini::leer16>(u"ControlLinea")};
+                        deCanal<&P::ControlLinea, ini::leerLimitado<kDosBits>>(u"ControlLinea")};
   int sitio = kSitioCanal + (canal - 1) * kCanalACanal;
   for (ClaveDe<A>& c : suyas) {
     c.sitio = sitio++;

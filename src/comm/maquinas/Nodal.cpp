@@ -126,10 +126,14 @@ Leido<std::vector<Linea>> leerPedido(QByteArrayView datos, Rigor rigor) {
   constexpr int kAncho = 20, kMilesimas = 1000;
   std::vector<Linea> lineas;
   QByteArrayView resto = datos.sliced(std::min<qsizetype>(kCabecera, datos.size()));
-  if (datos.size() < kCabecera + kAncho && !resto.isEmpty())
+  if (rigor == Rigor::Estricto && datos.size() < kCabecera + kAncho && !resto.isEmpty())
     return std::unexpected(RegistroMalo{RegistroMalo::Corto, resto.size(), {}});
-  for (; resto.size() >= kAncho; resto = resto.sliced(kAncho)) {
-    Lector l(resto.first(kAncho), rigor);
+  const auto otra = [&] {
+    return resto.size() >= kAncho || (rigor == Rigor::Tolerante && !resto.trimmed().isEmpty());
+  };
+  for (qsizetype ancho = 0; otra(); resto = resto.sliced(ancho)) {
+    ancho = std::min<qsizetype>(kAncho, resto.size());
+    Lector l(resto.first(ancho), rigor);
     Linea linea;
     linea.articulo = l.clave(1, 4);
     if (!l.falta() && linea.articulo < 1) return lineas;

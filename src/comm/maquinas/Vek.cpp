@@ -1,5 +1,6 @@
 #include "comm/maquinas/Vek.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace tarvo::maquinas::vek {
@@ -116,8 +117,14 @@ Leido<TrozoLista> leerLineas(QByteArrayView datos, Rigor rigor) {
   TrozoLista trozo;
   QByteArrayView resto = datos.isEmpty() ? datos : datos.sliced(1);
   const qsizetype total = resto.size();
-  for (; resto.size() >= kAncho; resto = resto.sliced(kAncho)) {
-    Lector l(resto.first(kAncho), rigor);
+  // What is left over after whole lines is asked for again; alone, it is all there is of a line.
+  const auto otra = [&] {
+    return resto.size() >= kAncho ||
+           (rigor == Rigor::Tolerante && trozo.lineas.empty() && !resto.trimmed().isEmpty());
+  };
+  for (qsizetype ancho = 0; otra(); resto = resto.sliced(ancho)) {
+    ancho = std::min<qsizetype>(kAncho, resto.size());
+    Lector l(resto.first(ancho), rigor);
     Linea linea;
     linea.articulo = l.clave(1, 7);
     if (!l.falta() && linea.articulo <= 0) {

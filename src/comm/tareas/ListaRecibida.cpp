@@ -1,5 +1,6 @@
 #include <QCryptographicHash>
 #include <algorithm>
+#include <limits>
 
 #include "comm/tareas/AjustesListas.h"
 #include "comm/tareas/Listas.h"
@@ -36,12 +37,15 @@ QString huella(const std::vector<Linea>& lineas, size_t cuantas) {
   return QString::fromLatin1(h.result().toHex());
 }
 
+constexpr Limites kNumeros{0, std::numeric_limits<int>::max()};
+
 }  // namespace
 
 SalaDeAjustes ajustesListas() {
   using A = AjustesListas;
-  return salaDeAjustes(A(), {clave<&A::NumeroPedido, ini::leer32>(905, u"NúmeroPedido"),
-                             clave<&A::NumeroInventario, ini::leer32>(906, u"NúmeroInventario")});
+  return salaDeAjustes(
+      A(), {clave<&A::NumeroPedido, ini::leerLimitado<kNumeros>>(905, u"NúmeroPedido"),
+            clave<&A::NumeroInventario, ini::leerLimitado<kNumeros>>(906, u"NúmeroInventario")});
 }
 
 Resultado<qint64> ListaRecibida::numeroNuevo() {

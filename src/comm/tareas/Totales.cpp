@@ -12,6 +12,14 @@ namespace tarvo::tareas {
 
 using motor::Siguiente;
 
+namespace {
+
+// Of a frame of records: its own two characters and the number of its first record, which tells it
+// from the other frames of its list.
+constexpr qsizetype kCabezaDeTrama = 6;
+
+}  // namespace
+
 std::unexpected<Error> falloEn(const Error& e, int grupo, const QString& lugar,
                                const Textos& textos) {
   return tarvo::fallo(e.clase, textos(kTxEnGrupo, {grupo, lugar, e.texto}), e.numero);
@@ -94,12 +102,14 @@ Resultado<> PreguntasVek::respuesta(int, int, const QByteArray& datos) {
   rigor_ = malos_.rigor(p.codigo, p.datos, datos);
   if (const auto r = registro(datos); !r) {
     malos_.anotar(p.codigo, p.datos, datos);
+    if (malos_.insistir()) return {};
     return falloEn(r.error(), t_.Grupo, donde, e_.textos);
   }
   if (rigor_ == maquinas::Rigor::Tolerante)
     malos_.tomado(p.codigo, p.datos, datos, donde);
   else
-    malos_.entero(p.codigo, datos);
+    malos_.entero(p.codigo, p.datos, datos);
+  malos_.otraPregunta();
   ++hechas_;
   return {};
 }
@@ -130,7 +140,8 @@ Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
     if (malo_) {
       fase_ = 1;
       deNuevo();
-      return std::unexpected(*std::exchange(malo_, {}));
+      const Error malo = *std::exchange(malo_, {});
+      return malos_.insistir() ? Resultado<>() : std::unexpected(malo);
     }
     if (recibidos_.empty() && !puedeVenirVacia())
       return falloEn({Fallo::Formato, 7, e_.textos(kTxListaVacia)}, t_.Grupo, lugar(), e_.textos);
@@ -157,14 +168,15 @@ Resultado<> ListaNodal::respuesta(int, int codigo, const QByteArray& datos) {
 
 void ListaNodal::tomar(const QByteArray& datos) {
   const int preguntado = pregunta().codigo;
-  rigor_ = malos_.rigor(preguntado, {}, datos);
+  const QByteArray primero = datos.left(kCabezaDeTrama);
+  rigor_ = malos_.rigor(preguntado, primero, datos);
   const bool tolerado = rigor_ == maquinas::Rigor::Tolerante;
   const QString donde = tolerado ? lugar() : QString();
   const auto r = registros(datos);
-  if (r && tolerado) return malos_.tomado(preguntado, {}, datos, donde);
-  if (r) return malos_.entero(preguntado, datos);
+  if (r && tolerado) return malos_.tomado(preguntado, primero, datos, donde);
+  if (r) return malos_.entero(preguntado, primero, datos);
   if (!malo_) malo_ = falloEn(r.error(), t_.Grupo, lugar(), e_.textos).error();
-  malos_.anotar(preguntado, {}, datos);
+  malos_.anotar(preguntado, primero, datos);
 }
 
 void ListaNodal::reanudar() {
@@ -207,16 +219,19 @@ bool ListasCaja::encaja(int addr, int, const QByteArray&) const {
 
 Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
   const auto donde = [&] { return e_.textos(kTxLugarCaja, {direccion(), lugar()}); };
-  const QByteArray caja = QByteArray::number(direccion());
+  const auto sujeto = [&](const QByteArray& registroLeido) {
+    return QByteArray::number(direccion()) + ' ' + maquinas::caja::clave(codigo, registroLeido);
+  };
   const auto leer = [&](const QByteArray& registroLeido,
                         totals::Lectura::Filas& filas) -> Resultado<> {
-    rigor_ = malos_.rigor(codigo, caja, registroLeido);
+    const QByteArray suyo = sujeto(registroLeido);
+    rigor_ = malos_.rigor(codigo, suyo, registroLeido);
     if (const auto r = registro(registroLeido, filas); !r)
       return falloEn(r.error(), t_.Grupo, donde(), e_.textos);
     if (rigor_ == maquinas::Rigor::Tolerante)
-      malos_.tomado(codigo, caja, registroLeido, donde());
+      malos_.tomado(codigo, suyo, registroLeido, donde());
     else
-      malos_.entero(codigo, registroLeido);
+      malos_.entero(codigo, suyo, registroLeido);
     return {};
   };
   if (codigo != pregunta().codigo)
@@ -228,17 +243,21 @@ Resultado<> ListasCaja::respuesta(int, int codigo, const QByteArray& datos) {
     const auto r = leer(datos, prueba);
     if (r) return lista_[maquinas::caja::clave(codigo, datos)] = datos, Resultado<>{};
     if (!malo_) malo_ = r.error();
-    malos_.anotar(codigo, caja, datos);
+    malos_.anotar(codigo, sujeto(datos), datos);
     return {};
   }
   fase_ = 1;
-  if (malo_) return std::unexpected(*std::exchange(malo_, {}));
+  if (malo_) {
+    const Error malo = *std::exchange(malo_, {});
+    return malos_.insistir() ? Resultado<>() : std::unexpected(malo);
+  }
   const auto vale = duda_.vale(lista_);
   if (!vale) return falloEn(vale.error(), t_.Grupo, lugar(), e_.textos);
   if (!*vale) return {};
   totals::Lectura::Filas suma;
   for (const auto& [clave, registroLeido] : lista_) TARVO_INTENTAR(leer(registroLeido, suma));
   filas(direccion()) = std::move(suma);
+  malos_.otraPregunta();
   if (++indice_ == t_.Direcciones.size()) return duda_.acabar();
   return {};
 }

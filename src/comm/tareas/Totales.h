@@ -29,6 +29,7 @@ class Totales : public motor::CursoTarea {
   Resultado<motor::Siguiente> siguiente() final;
   Resultado<std::vector<totals::Aviso>> cerrar() override;
   QString trajo() const override;
+  void fallo() override { malos_.otraPregunta(); }
   const totals::Lectura& lectura() const { return lectura_; }
   // A reading made by another task for itself, as a proof: the session isn't notified, and an
   // unreadable record never counts.

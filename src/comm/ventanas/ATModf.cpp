@@ -19,7 +19,7 @@ constexpr int kOrdenesMax = 8;
 
 }  // namespace
 
-// Orders are kept in capitals in the settings file, where ";" parts them.
+// Commands are stored in capitals in the settings file, separated by ";".
 QString conAT(const QString& orden) {
   QString o = orden.trimmed().toUpper().remove(u';');
   return o.isEmpty() || o.startsWith(u"AT") ? o : u"AT"_s + o;

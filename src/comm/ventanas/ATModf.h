@@ -8,7 +8,7 @@
 
 namespace tarvo::comm {
 
-// What the modem of one channel is told.
+// The modem commands of one channel.
 class ATModf final : public ventanas::FichaDe<enlace::ParamCanal> {
  public:
   ATModf(ventanas::Contexto& c, const QString& nombre);
@@ -28,7 +28,7 @@ class ATModf final : public ventanas::FichaDe<enlace::ParamCanal> {
   QToolButton *sube_, *baja_;
 };
 
-// An order for a modem begins with "AT".
+// Prefixes a modem command with "AT" if it lacks it.
 QString conAT(const QString& orden);
 
 }  // namespace tarvo::comm

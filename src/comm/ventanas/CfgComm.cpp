@@ -66,7 +66,7 @@ CfgComm::CfgComm(Contexto& c, const QString& nombre, motor::gestcomm& motor)
   for (int n = 0; n < 4; ++n) canales_[static_cast<size_t>(n)] = montarCanal(*reja, caja, n);
   f.muelle();
   auto* deFabrica = f.boton(kTxDeFabrica, u"DeFabrica"_s, [this] {
-    if (!leerCallada()) mostrar();  // what can't be read gives way
+    if (!leerCallada()) mostrar();  // unreadable values are discarded
     const Ajustes& a = contexto().ajustes;
     Ajustes nuevos(a.carpeta, a.idioma, {enlace::ajustesEnlace(), motor::ajustesMotor()});
     tomarTiempos(r, nuevos);
@@ -92,7 +92,7 @@ CfgComm::Canal CfgComm::montarCanal(QGridLayout& reja, QWidget* caja, int n) {
               con(new QLabel(caja), u"linea%1"_s, 0),
               con(new QPushButton(t(kTxRS232), caja), u"RS232_%1"_s, kTxRS232Tip),
               con(new QPushButton(t(kTxModem), caja), u"Modem_%1"_s, kTxModemTip)};
-  rotulo->setBuddy(canal.uso);  // here a combo box has its name from its label alone
+  rotulo->setBuddy(canal.uso);  // a combo box takes its accessible name from its label alone
   for (QPushButton* boton : {canal.rs232, canal.modem}) boton->setAccessibleName(boton->toolTip());
   canal.imagen->setIconSize(QSize(escalar(kIconoGrande), escalar(kIconoGrande)));
   canal.imagen->installEventFilter(this);
@@ -127,7 +127,7 @@ void CfgComm::mostrarCanal(size_t n) {
   canal.modem->setEnabled(p.Device == TipoAcceso::Modem);
 }
 
-// A double click on the picture, or a key on it, moves the use round its cycle.
+// A double click on the icon, or Space, selects the next use of the channel.
 bool CfgComm::eventFilter(QObject* objeto, QEvent* evento) {
   const auto n =
       std::ranges::find(canales_, objeto, [](const Canal& c) -> QObject* { return c.imagen; });
@@ -150,7 +150,7 @@ void CfgComm::editarCanal(size_t n) {
 Resultado<> CfgComm::aplicar() {
   Ajustes& a = contexto().ajustes;
   AjustesComm otros = r;
-  const auto cambiar = [&] {  // the settings and the copy change places
+  const auto cambiar = [&] {  // swaps the settings and the copy
     for (size_t i = 0; i < otros.tiempos.size(); ++i)
       std::swap(kTiempos[i].de(a), otros.tiempos[i]);
     std::swap(a.de<enlace::AjustesCables>().canales, otros.canales);

@@ -9,15 +9,15 @@
 
 namespace tarvo::comm {
 
-// What of the settings is edited here.
+// The settings edited here.
 struct AjustesComm {
   std::array<int, 5> tiempos{};
   std::array<enlace::ParamCanal, 4> canales;
   bool operator==(const AjustesComm&) const = default;
 };
 
-// The protocol's times and the four channels: the only editor of the keys of communications. All go
-// to the settings and to the file together.
+// The protocol's times and the four channels: the only editor of the keys of communications. All
+// are written to the settings and to the file together.
 class CfgComm final : public ventanas::FichaDe<AjustesComm> {
  public:
   CfgComm(ventanas::Contexto& c, const QString& nombre, motor::gestcomm& motor);

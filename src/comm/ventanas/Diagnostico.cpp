@@ -15,17 +15,17 @@ using namespace ventanas;
 
 namespace {
 
-// States in which all goes as it should.
+// States that need no attention.
 bool esNormal(int estado) {
   return estado == motor::kEnEspera || estado == motor::kAbriendo ||
          estado == motor::kTransfiriendo || estado == motor::kTerminado ||
          estado == motor::kRetenido || estado == motor::kDetenido;
 }
 
-// What a shop can look at, by the error's code; 0 for nothing.
+// The advice for an error code: the checks that a shop can make; 0 if there is none.
 int consejoDe(int error) {
   switch (error) {
-    case 23:  // the port, the address or the line of the machine
+    case 23:  // the machine's port, address or line
     case 26:
     case 30:
     case 32:

@@ -7,7 +7,7 @@
 
 namespace tarvo::comm {
 
-// What is wrong with a task, in the words of the error table.
+// The problem of a task, in the words of the error table.
 class Diagnostico final : public ventanas::Ventana {
  public:
   Diagnostico(ventanas::Contexto& c, const QString& nombre, const Servicios& s);

@@ -78,7 +78,7 @@ bool DialogoGrupos::vale(const RangoCodigos& rango) {
   return false;
 }
 
-// In the order of the list, which is by code.
+// In the order of the list, which is sorted by code.
 std::vector<int> DialogoGrupos::elegidos() const {
   std::vector<int> grupos;
   for (int i = 0; i < lista_->count(); ++i)
@@ -113,7 +113,7 @@ qint64 RangoCodigos::desde() const {
   return numeroDe(*desde_);
 }
 
-// A text without a leading number stands for the last code.
+// A text without a leading number means the last code.
 qint64 RangoCodigos::hasta() const {
   const QString texto = hasta_->text().trimmed();
   return texto.isEmpty() || !texto.front().isDigit() ? kUltimoCodigo : numeroDe(*hasta_);

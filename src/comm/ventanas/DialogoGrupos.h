@@ -1,5 +1,5 @@
-// What the dialogs that queue tasks share: the list of groups, all of them at once, and the queuing
-// when they are accepted.
+// The base of the dialogs that queue tasks: the list of groups, a check box for all of them, and
+// queuing on acceptance.
 #pragma once
 
 #include "comm/ventanas/Grupos.h"
@@ -13,8 +13,8 @@ class QPushButton;
 
 namespace tarvo::comm {
 
-// Two fields of article codes: on losing the focus their number takes 7 digits; the second without
-// a number becomes seven nines.
+// Two fields of article codes. When one loses the focus, its number is padded to 7 digits; the
+// second becomes seven nines if it has no number.
 class RangoCodigos {
  public:
   RangoCodigos(QLineEdit* desde, QLineEdit* hasta);
@@ -31,15 +31,16 @@ class DialogoGrupos : public ventanas::Ventana {
   DialogoGrupos(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
 
  protected:
-  // The groups that this kind of task may go to; an error when there are none.
+  // Lists the groups that can receive this kind of task; an error if there are none.
   Resultado<> pedir(TipoTarea clase);
   void usar(QListWidget* lista, QCheckBox* todas, QPushButton* acepto, QPushButton* cancelo);
-  // The request as the fields say; nothing when a field is wrong, which is said.
+  // The request according to the fields; nothing if a field is invalid, which has then been
+  // reported.
   virtual std::optional<PeticionTarea> leerCampos() = 0;
   TipoTarea clase() const { return clase_; }
-  // Says a fault beside its field.
+  // Shows a fault beside its field.
   void falta(QLineEdit& campo, const QString& texto);
-  // False when the codes run backwards, which is said.
+  // False if the last code is below the first, which is reported.
   bool vale(const RangoCodigos& rango);
 
  private:

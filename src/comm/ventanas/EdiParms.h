@@ -5,7 +5,7 @@
 
 namespace tarvo::comm {
 
-// "9600,O,7,1" in parts; what can't be read is as in the default.
+// The parts of "9600,O,7,1"; an unreadable part has its default value.
 struct LineaSerie {
   int baudios = 9600;
   char16_t paridad = u'O';

@@ -19,7 +19,7 @@ using envios::Situacion;
 
 namespace {
 
-constexpr int kTodos = -1, kPorArreglar = -2;  // entries of the list of states beside them
+constexpr int kTodos = -1, kPorArreglar = -2;  // entries of the list of states besides the states
 constexpr int kReposoEstado = 100, kReintentoMs = 30000;
 
 bool fallada(const motor::VistaTarea& t) {
@@ -138,8 +138,7 @@ int EstadoEnvio::grupo() const {
   return static_cast<int>(elegido(*ui_.Grupo));
 }
 
-// --- what it shows
-// ---------------------------------------------------------------------------------
+// --- display
 
 void EstadoEnvio::calcular() {
   destino_.reset();
@@ -212,8 +211,7 @@ void EstadoEnvio::mostrarFicha() {
   ui_.ficha->vivas().poner(std::move(filas));
 }
 
-// --- what one does
-// ---------------------------------------------------------------------------------
+// --- operations
 
 std::vector<qint64> EstadoEnvio::elegidos() {
   std::vector<qint64> codigos;
@@ -251,7 +249,7 @@ void EstadoEnvio::pedir() {
   ui_.LblFicha->setText(t(kTxPidiendo));
 }
 
-// One of the group's tasks about its articles.
+// Whether it is one of the group's tasks about articles.
 bool EstadoEnvio::esSuya(const motor::VistaTarea& t) const {
   constexpr TipoTarea kDeArticulos[] = {TipoTarea::TxPlus, TipoTarea::BorrPlu, TipoTarea::TPreci,
                                         TipoTarea::RxDatPlu};
@@ -275,8 +273,8 @@ void EstadoEnvio::parar() {
   }
 }
 
-// How the first of its tasks stands; one that failed is tried again as long as the window is there,
-// since the engine gives up and the machine may come back.
+// Shows the state of the first of its tasks. A failed one is retried for as long as the window is
+// open, since the engine gives up and the machine may come back.
 void EstadoEnvio::mirarTareas() {
   for (const int id : std::exchange(parando_, {})) {
     const auto t = s_.motor.tarea(id);
@@ -285,7 +283,7 @@ void EstadoEnvio::mirarTareas() {
     s_.motor.EliminarTarea(id);
   }
   const auto tareas = suyas();
-  const bool algo = std::exchange(huboTarea_, false);  // it may be over by now
+  const bool algo = std::exchange(huboTarea_, false);  // may have ended already
   const bool antes = std::exchange(enMarcha_, !tareas.empty()) || algo;
   if (antes && !enMarcha_) despues_->unaVez(kReposoEstado);
   ui_.Parar->setEnabled(enMarcha_);
@@ -317,7 +315,7 @@ void EstadoEnvio::probarDeNuevo() {
   mirada_->unaVez(kReposoEstado);
 }
 
-// What the group holds is looked up anew when its tasks are over.
+// The state of the group is computed again once its tasks have ended.
 void EstadoEnvio::colaCambiada() {
   if (!mirada_->activo()) mirada_->unaVez(kReposoEstado);
 }

@@ -11,8 +11,8 @@
 
 namespace tarvo::comm {
 
-// What a group holds of the catalogue, article by article; from it one sends what is missing, and
-// asks the scales what they have under a number.
+// The articles of the catalogue that a group holds, one by one. From here the user sends the
+// missing ones, and asks the scales for their data of an article.
 class EstadoEnvio final : public ventanas::Ventana, private motor::Observador {
  public:
   EstadoEnvio(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
@@ -45,8 +45,8 @@ class EstadoEnvio final : public ventanas::Ventana, private motor::Observador {
   std::optional<envios::Destino> destino_;
   bool enMarcha_ = false, huboTarea_ = false;  // a task of the group about its articles is queued
   bool llena_ = false;                         // the list has its table
-  std::set<int> parando_;                      // tasks that go as soon as their opening has ended
-  Fecha otraVez_;                              // a task that failed is tried again then
+  std::set<int> parando_;  // tasks to be removed as soon as their opening has ended
+  Fecha otraVez_;          // time of the next try of a failed task
   std::unique_ptr<Temporizador> despues_, mirada_, reintento_;
   ventanas::Aparte pregunta_;
 };

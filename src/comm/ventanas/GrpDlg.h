@@ -6,7 +6,8 @@
 
 namespace tarvo::comm {
 
-// Groups for a task; of some kinds the scale, of a zeroing whether it reports.
+// Asks for the groups of a task; for some kinds also for the scale, for a zeroing whether to
+// report.
 class GrpDlg final : public DialogoGrupos {
  public:
   GrpDlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s);

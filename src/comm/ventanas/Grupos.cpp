@@ -14,7 +14,7 @@ namespace {
 
 constexpr size_t kGruposNombrados = 12;
 
-// "0001 Name: 24 articles; sales of 12,50 that no period has".
+// "0001 Name: 24 articles; sales of 12,50 that aren't in any period".
 QString loQueTiene(const envios::Perdida& p, const ventanas::Ventana& quien) {
   const Ajustes& a = quien.contexto().ajustes;
   const bool sabido = p.articulos > 0;

@@ -1,4 +1,4 @@
-// How the windows queue tasks for groups.
+// The operations with which windows queue tasks for groups.
 #pragma once
 
 #include <QString>
@@ -15,12 +15,12 @@ struct PeticionTarea {
   bool todo = true;
   qint64 desde = 0, hasta = 9999999;
 };
-// Before a wipe or a zeroing: true when the person, who is told which groups lose what, goes on.
-// Cancelar is the default. Of other kinds of task nothing is asked.
+// Asks before a wipe or a zeroing, listing the losses of each group; true if the user goes on.
+// Cancelar is the default. Nothing is asked for other kinds of task.
 bool consientePerder(ventanas::Ventana& quien, const envios::Grupos& deQuien, TipoTarea clase,
                      const std::vector<int>& grupos);
-// NuevaTareaMenu for each group. What can't be queued is said: the session's refusal in a box, a
-// group that doesn't communicate in the strip of `quien`.
+// Calls NuevaTareaMenu for each group. Failures are reported: a refusal by the session in a message
+// box, a group that doesn't communicate in the strip of `quien`.
 void encolarGrupos(ventanas::Ventana& quien, motor::gestcomm& motor, const std::vector<int>& grupos,
                    const PeticionTarea& que);
 

@@ -1,9 +1,9 @@
-// What the code of a frame means to a person.
+// The names of the frames for the user, by their codes.
 #pragma once
 
 namespace tarvo::comm {
 
-// The number of its text; 0 for a code that has no name.
+// The number of its text; 0 if the code has no name.
 int nombreTrama(bool nodal, int codigo);
 
 }  // namespace tarvo::comm

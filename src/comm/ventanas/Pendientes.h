@@ -1,4 +1,4 @@
-// What the engine would lose with the program, and the question before that happens.
+// Tasks that the engine would lose if the program ended, and the question before that.
 #pragma once
 
 #include "comm/motor/gestcomm.h"
@@ -6,8 +6,8 @@
 
 namespace tarvo::comm {
 
-// True when no task is left that waits or has failed, when a process watches over them, or when the
-// person, who is told which ones they are, goes on. Cancelar is the default.
+// True if no task is waiting or has failed, if a process is watching over them, or if the user goes
+// on after being shown the list of them. Cancelar is the default.
 bool consienteDejarlas(ventanas::Ventana& quien, const motor::gestcomm& motor,
                        const motor::RepertorioTareas& repertorio);
 

@@ -14,7 +14,7 @@ struct PuertaCfgComm {
   static constexpr QStringView kNombre = u"CfgComm";
 };
 
-// Port and line, and the orders of the modem, of one channel.
+// The port and line of a channel, and the commands of its modem.
 struct PuertaEdiParms {
   static constexpr QStringView kNombre = u"EdiParms";
   using Salida = enlace::ParamCanal;
@@ -28,7 +28,7 @@ struct PuertaATModf {
   enlace::ParamCanal canal = {};
 };
 
-// The queue, the channels and the session. `grupo`: the group whose latest task is chosen; 0 for
+// The queue, the channels and the session. `grupo`: the group whose latest task is selected; 0 for
 // none.
 struct PuertaGestcomm {
   static constexpr QStringView kNombre = u"gestcomm";
@@ -36,11 +36,11 @@ struct PuertaGestcomm {
   bool operator==(const PuertaGestcomm&) const = default;
 };
 
-// How groups are asked for: alone; with a scale; with the report of a zeroing. Articles and their
-// totals have dialogs of their own.
+// The kind of dialog for the groups: groups alone; with a scale; with the report of a zeroing.
+// Articles and their totals have their own dialogs.
 enum ModoPedir : int { kModoGrupos = 0, kModoBalanza = 1, kModoCero = 2, kModoTxPLU, kModoRxPLU };
 
-// For which groups a task of this kind is queued. Accepted, it is.
+// Asks for the groups for which a task of this kind is queued; it is queued on acceptance.
 struct PuertaGrpDlg {
   static constexpr QStringView kNombre = u"GrpDlg";
   TipoTarea clase = TipoTarea::TxZero;
@@ -55,7 +55,7 @@ struct PuertaRxPLUDlg {
   TipoTarea clase = TipoTarea::RxPlus;
 };
 
-// What is wrong with a task and what to do; without one, of a state and an error.
+// The problem of a task and its remedy; without a task, that of a state and an error.
 struct PuertaDiagnostico {
   static constexpr QStringView kNombre = u"Diagnostico";
   int tarea = 0;
@@ -63,14 +63,14 @@ struct PuertaDiagnostico {
   QString textoError = {};
 };
 
-// Frames as they pass: of a task's line, of a channel from 0, or of all.
+// The frames as they pass: on a task's line, on a channel (from 0), or on all.
 struct PuertaVerTramas {
   static constexpr QStringView kNombre = u"VerTramas";
   int tarea = 0;
   std::optional<int> canal = {};
 };
 
-// What a group holds of the catalogue; 0 for the one that was seen last.
+// The articles of the catalogue that a group holds; 0 for the group last shown.
 struct PuertaEstadoEnvio {
   static constexpr QStringView kNombre = u"EstadoEnvio";
   int grupo = 0;

@@ -7,7 +7,7 @@
 
 namespace tarvo::comm {
 
-// REQUIRES that what `servicios` refers to outlives all windows.
+// REQUIRES that all objects referred to by `servicios` outlive all windows.
 void registrarVentanasComm(ventanas::Ventanas& ventanas, const Servicios& servicios);
 
 }  // namespace tarvo::comm

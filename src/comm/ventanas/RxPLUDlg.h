@@ -6,7 +6,7 @@
 
 namespace tarvo::comm {
 
-// The totals of a range of articles from groups, complete or optimised.
+// Asks for the totals of a range of articles from groups, complete or optimised.
 class RxPLUDlg final : public DialogoGrupos {
  public:
   RxPLUDlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s);

@@ -1,4 +1,4 @@
-// What the windows of communications work on.
+// The engines used by the windows of communications.
 #pragma once
 
 #include <memory>
@@ -10,7 +10,7 @@
 
 namespace tarvo::comm {
 
-// The one listener on the wires that all windows share; it is there while some window keeps it.
+// The listener to the lines, shared by all windows; it exists as long as a window holds it.
 class Oido {
  public:
   std::shared_ptr<enlace::Escucha> tomar(enlace::Enlaces& enlaces, Reloj& reloj) {
@@ -23,7 +23,7 @@ class Oido {
   std::weak_ptr<enlace::Escucha> escucha_;
 };
 
-// The references outlive all windows.
+// All objects referred to outlive all windows.
 struct Servicios {
   motor::gestcomm& motor;
   enlace::Enlaces& enlaces;

@@ -6,7 +6,7 @@
 
 namespace tarvo::comm {
 
-// The articles, or only their prices, of a range of codes to groups.
+// Sends the articles in a range of codes, or only their prices, to groups.
 class TxPLUdlg final : public DialogoGrupos {
  public:
   TxPLUdlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s);

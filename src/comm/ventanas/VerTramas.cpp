@@ -24,11 +24,11 @@ using enlace::LecturaTrama;
 namespace {
 
 constexpr int kPulsoTramas = 100;
-constexpr size_t kFilasMax = 2000, kHolgura = 400;  // rows kept, and how many more until they go
+constexpr size_t kFilasMax = 2000, kHolgura = 400;  // rows kept; surplus before a clean-up
 constexpr qsizetype kPorLinea = 16;
-constexpr int kTodas = -1, kDeTarea = -2;  // entries of the list of lines beside channels
+constexpr int kTodas = -1, kDeTarea = -2;  // entries of the list of lines besides the channels
 
-// A byte that can't be shown is a dot.
+// Replaces unprintable bytes by dots.
 QString imprimible(const QByteArray& bytes) {
   QString s = QString::fromLatin1(bytes);
   for (QChar& c : s)
@@ -160,7 +160,7 @@ VerTramas::~VerTramas() {
   s_.motor.dejarDeObservar(this);
 }
 
-// A short task is over before the list is filled again.
+// A short task may have ended before the list is next updated.
 void VerTramas::tareaCambiada(int id) {
   if (id != tarea_) return;
   if (const auto tarea = s_.motor.tarea(id); tarea && tarea->Canal >= 0) canalVisto_ = tarea->Canal;
@@ -195,13 +195,13 @@ void VerTramas::llenarLineas() {
   llenar(*ui_.Que, lineas);
 }
 
-// A task that is over keeps the channel that it had.
+// A task that has ended keeps its last channel.
 int VerTramas::canal() const {
   const auto que = static_cast<int>(elegido(*ui_.Que));
   return que != kDeTarea ? que : std::max(canalTarea_, kTodas);
 }
 
-// From the oldest step that is kept.
+// Starts again from the oldest step stored.
 void VerTramas::empezar() {
   vista_ = 0;
   bytes_.clear();
@@ -217,7 +217,7 @@ void VerTramas::seguir() {
       canalTarea_ = canalVisto_;
       return empezar();
     }
-    if (canalTarea_ < 0) return;  // it has had none yet
+    if (canalTarea_ < 0) return;  // it hasn't had a channel yet
   }
   if (ui_.Pausa->isChecked()) {
     const auto nuevas = static_cast<int>(escucha_->ultimo() - vista_);
@@ -256,7 +256,7 @@ void VerTramas::mostrarHexa(int fila) {
   ui_.Hexa->setPlainText(b == bytes_.end() ? QString() : volcado(b->second));
 }
 
-// The rows chosen, or all; a frame a line, its fields parted by tabs.
+// Copies the selected rows, or all: one frame per line, its fields separated by tabs.
 void VerTramas::copiar() {
   std::vector<int> filas = ui_.lista->filasElegidas();
   if (filas.empty())

@@ -9,7 +9,7 @@
 
 namespace tarvo::comm {
 
-// The frames of a line as they pass, in bytes and in fields.
+// The frames of a line as they pass, as bytes and as fields.
 class VerTramas final : public ventanas::Ventana, private motor::Observador {
  public:
   VerTramas(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
@@ -31,12 +31,12 @@ class VerTramas final : public ventanas::Ventana, private motor::Observador {
   Ui::FormaVerTramas ui_;
   Servicios s_;
   std::shared_ptr<enlace::Escucha> escucha_;
-  int tarea_ = 0;                       // whose line is followed; 0 for none
-  int canalTarea_ = -2;                 // the channel that it had last; -2 before the first
-  int canalVisto_ = -2;                 // the same, of what isn't shown yet
-  int canales_ = -1;                    // how many the list of lines shows
+  int tarea_ = 0;                       // the task whose line is followed; 0 for none
+  int canalTarea_ = -2;                 // its last channel; -2 before the first
+  int canalVisto_ = -2;                 // the same, not yet shown
+  int canales_ = -1;                    // number of channels in the list of lines
   qint64 vista_ = 0;                    // the last step shown
-  std::map<qint64, QByteArray> bytes_;  // of the rows, by their number
+  std::map<qint64, QByteArray> bytes_;  // of the rows, by step number
   std::unique_ptr<Temporizador> pulso_;
 };
 

@@ -57,9 +57,18 @@ bool leerNativa(Ajustes& a, int, const QString& v) {
 }
 
 bool leerLogos(QStringView v, std::array<QString, 2>& logos) {
-  for (size_t i = 0; i < logos.size(); ++i)
-    logos[i] = ini::parte(v, u',', static_cast<qsizetype>(i)).left(kLetrasLogo).toString();
-  return true;
+  bool bien = v.count(u',') < static_cast<qsizetype>(logos.size());
+  for (size_t i = 0; i < logos.size(); ++i) {
+    const QStringView logo = ini::parte(v, u',', static_cast<qsizetype>(i));
+    logos[i] = logo.left(kLetrasLogo).toString();
+    bien &= logo.size() <= kLetrasLogo;
+  }
+  return bien;
+}
+
+// Prices are divided by it.
+bool leerEuro(QStringView v, float& euro) {
+  return ini::leerRealSi(v, [](double x) { return x > 0; }, euro);
 }
 
 QString verLogos(const std::array<QString, 2>& logos) {
@@ -78,12 +87,12 @@ std::vector<ClaveIni> clavesComunes() {
       {100, u"HomeDir", leerRuta<&Ajustes::HomeDir>, escribirRuta<&Ajustes::HomeDir>},
       {101, u"BaseDatos", leerRuta<&Ajustes::BaseDatos>, escribirRuta<&Ajustes::BaseDatos>},
       {102, u"CopiaSeguridad", leerCopia, escribirRuta<&Ajustes::CopiaSeguridad>},
-      clave<&Ajustes::WhoAmI, ini::leer16>(200, u"WhoAmI"),
+      clave<&Ajustes::WhoAmI, ini::leerLimitado<kUnByte>>(200, u"WhoAmI"),
       {900, u"MonedaNativa", leerNativa,
        [](const Ajustes& a, int, Idioma) { return ini::verEntero(a.MonedaNativa); }},
       clave<&Ajustes::MonedaPreferente, leerByte>(901, u"MonedaPreferente"),
       clave<&Ajustes::MonedaLogo, leerLogos, verLogos>(902, u"MonedaLogo"),
-      clave<&Ajustes::Euro, ini::leerReal, verEuro>(903, u"Euro"),
+      clave<&Ajustes::Euro, leerEuro, verEuro>(903, u"Euro"),
       clave<&Ajustes::OpcionesStockCompras, ini::leerPar, ini::verPar>(908,
                                                                        u"OpcionesStockCompras"),
       {1100, u"TextoEtiquetas",

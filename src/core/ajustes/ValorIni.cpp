@@ -32,9 +32,11 @@ QString verEntero(int numero) {
   return QString::number(numero);
 }
 
-bool leerReal(QStringView v, float& campo) {
-  campo = static_cast<float>(real(v));
-  return esReal(v);
+bool leerRealSi(QStringView v, bool (*vale)(double), float& campo) {
+  const auto leido = static_cast<float>(real(v));
+  if (!esReal(v) || (!vale(leido) && leido != campo)) return false;
+  campo = leido;
+  return true;
 }
 
 bool leerLogico(QStringView v, bool& campo) {

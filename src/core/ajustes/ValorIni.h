@@ -20,7 +20,8 @@ bool leerLimitado(QStringView v, int& campo) {
 }
 QString verEntero(int numero);
 
-bool leerReal(QStringView v, float& campo);
+// A number that `vale` admits, or the one that is there; any other changes nothing.
+bool leerRealSi(QStringView v, bool (*vale)(double), float& campo);
 
 // "Sí" or "No", in another language "Yes" or "No"; both are read, and numbers too.
 bool leerLogico(QStringView v, bool& campo);

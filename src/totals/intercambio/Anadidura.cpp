@@ -14,6 +14,7 @@ using ficheros::Creciente;
 namespace {
 
 constexpr qint64 kTrozo = 64 * 1024;
+constexpr qint64 kCabecera = 1024;      // more than the first line of a block
 constexpr qint64 kVecindad = 4 * 1024;  // bytes before the end, by which a file is recognised
 const QString kDeBloque = QStringLiteral("b:");
 
@@ -27,10 +28,13 @@ Resultado<QString> vecindad(const Creciente& f, qint64 fin) {
   return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
 }
 
-// Blocks may be added to a file that holds blocks. A file not named .EXP may be the database or a
-// process.
+// Blocks may be added to a file that begins as one does, with two lines of a star, as far as they
+// are there, or to an empty one of that name. Any other is somebody else's, whatever it is called.
 bool esDeExportacion(const QString& ruta, const QByteArray& principio) {
-  return principio.startsWith('*') || ruta.endsWith(QStringLiteral(".EXP"), Qt::CaseInsensitive);
+  if (principio.isEmpty()) return ruta.endsWith(QStringLiteral(".EXP"), Qt::CaseInsensitive);
+  const qsizetype segunda = principio.indexOf('\n') + 1;
+  return principio.startsWith('*') &&
+         (segunda == 0 || segunda == principio.size() || principio[segunda] == '*');
 }
 
 struct Abierto {
@@ -101,7 +105,7 @@ Resultado<std::unique_ptr<Anadidura>> Anadidura::empezar(dao::Database& db, cons
   if (habia) {
     TARVO_TOMAR(const auto f, Creciente::abrir(ruta, false));
     TARVO_TOMAR(const auto tamano, f.tamano());
-    TARVO_TOMAR(const auto principio, f.leer(0, 1));
+    TARVO_TOMAR(const auto principio, f.leer(0, std::min(tamano, kCabecera)));
     if (!esDeExportacion(ruta, principio))
       return fallo(Fallo::Formato, textos(kTxNoEsExportacion, {ruta}));
     TARVO_TOMAR(const auto v, vecindad(f, tamano));

@@ -180,15 +180,17 @@ Resultado<std::optional<Importacion::Bloque>> Importacion::siguiente() {
   return d->bloque;
 }
 
-Resultado<ImpTot::Hecho> Importacion::incorporar(SiExiste siExiste) {
+Resultado<ImpTot::Hecho> Importacion::incorporar(SiExiste siExiste, const AlCambiarFase& fase) {
   ImpTot& m = d->motor;
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(m.db_));
   const Periodo p = d->bloque->periodo;
+  if (fase && d->bloque->existente && siExiste == SiExiste::Borrarlo) fase(Fase::Borrando);
   const auto link = m.destino(p, d->bloque->comentario, siExiste);
   if (!link)
     return fallo(link.error().clase, m.p_.textos()(kTxPeriodoSinCrear, {link.error().texto}),
                  link.error().numero);
   TARVO_TOMAR(const auto marcas, m.p_.DesacumularTodo(*link));
+  if (fase) fase(Fase::Leyendo);
   Sumador sumador(m.db_, *link);
   TARVO_TOMAR(const auto secciones, leerSecciones(m.db_));
   TARVO_TOMAR(const auto lineas,

@@ -110,8 +110,11 @@ class Importacion {
   };
   // Reads the header of the next block; nothing at the end of the file.
   Resultado<std::optional<Bloque>> siguiente();
+  // What a block is at: emptying the period that exists, reading its lines.
+  enum class Fase { Borrando, Leyendo };
+  using AlCambiarFase = std::function<void(Fase)>;
   // Imports the block whose header was read, in one transaction.
-  Resultado<ImpTot::Hecho> incorporar(SiExiste siExiste);
+  Resultado<ImpTot::Hecho> incorporar(SiExiste siExiste, const AlCambiarFase& fase = {});
   qint64 leidos() const;  // bytes
   qint64 tamano() const;
 

@@ -118,8 +118,9 @@ void avisarDeVariosDias(const std::vector<Recibido>& lecturas, const Periodo& de
   }
 }
 
-void avisarDeBases(const std::vector<Recibido>& recibidos, const Textos& textos,
-                   std::vector<Aviso>& avisos) {
+// `contestado`: a person has just said of this group that it wasn't zeroed.
+void avisarDeBases(const std::vector<Recibido>& recibidos, const std::optional<int>& contestado,
+                   const Textos& textos, std::vector<Aviso>& avisos) {
   int ultimo = -1;
   for (const Recibido& r : recibidos) {
     if (r.desde > r.hasta)
@@ -129,8 +130,8 @@ void avisarDeBases(const std::vector<Recibido>& recibidos, const Textos& textos,
                         true});
     if (!r.conBase || r.CODGPO == ultimo) continue;
     ultimo = r.CODGPO;
-    avisos.push_back(
-        {r.CODGPO, textos(kTxSinConstanciaDeCero, {r.CODGPO, r.desde.general()}), true});
+    avisos.push_back({r.CODGPO, textos(kTxSinConstanciaDeCero, {r.CODGPO, r.desde.general()}),
+                      r.CODGPO != contestado});
   }
 }
 
@@ -154,7 +155,10 @@ Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
   propuestos_.clear();
   elegido_ = -1;
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(s_.base()));
+  const size_t anteriores = avisos.size();
   TARVO_INTENTAR(resolverBases(s_.base(), s_.ajustes(), s_.textos(), avisos));
+  for (size_t i = anteriores; i < avisos.size(); ++i)
+    if (avisos[i].grupo == contestado_) avisos[i].grave = false;
   const Calendario calendario(s_.ajustes());
   for (const ClaseTotal& c : enVigor(s_.ajustes())) {
     TARVO_INTENTAR(s_.base().ejecutar(
@@ -235,7 +239,16 @@ Resultado<bool> CerrSes::recuperar() {
   std::vector<Aviso> avisos;
   TARVO_INTENTAR(AnalizarScratch(avisos));
   if (recibidos_.empty()) return false;
-  TARVO_INTENTAR(s_.ponerEstado(2));
+  const auto abrir = [this]() -> Resultado<> {
+    TARVO_TOMAR(auto tr, dao::Transaccion::empezar(s_.base()));
+    TARVO_INTENTAR(s_.base().ejecutar(u"DELETE FROM Olvidos"_s));
+    TARVO_INTENTAR(s_.ponerEstado(2));
+    return tr.confirmar();
+  };
+  if (const auto abierta = abrir(); !abierta) {
+    TARVO_INTENTAR(s_.cargar());
+    return std::unexpected(abierta.error());
+  }
   return true;
 }
 
@@ -263,14 +276,18 @@ Resultado<std::vector<qint64>> CerrSes::responder(int grupo, int addr, bool olvi
     TARVO_INTENTAR(s_.cargar());
     return std::unexpected(lista.error());
   }
-  return *lista && antes == 0 ? LaSesion(true, 0, avisos) : std::vector<qint64>{};
+  if (!*lista || antes != 0) return std::vector<qint64>{};
+  contestado_ = grupo;
+  auto hechos = LaSesion(true, 0, avisos);
+  contestado_.reset();
+  return hechos;
 }
 
 Resultado<std::vector<qint64>> CerrSes::memorizar(std::vector<Aviso>& avisos) {
   std::vector<qint64> links;
   TARVO_INTENTAR(AnalizarScratch(avisos));
   if (recibidos_.empty()) return links;
-  avisarDeBases(recibidos_, s_.textos(), avisos);
+  avisarDeBases(recibidos_, contestado_, s_.textos(), avisos);
   Memoria memoria(s_.base(), s_.ajustes(), p_, s_.ejecucion());
   std::map<Periodo, std::vector<Recibido>> destinos;
   for (const Recibido& r : recibidos_)
@@ -311,6 +328,8 @@ Resultado<std::vector<qint64>> CerrSes::LaSesion(bool guardar, int nuevo,
     if (s == 2 && guardar) {
       TARVO_TOMAR(auto hechos, memorizar(avisos));
       links = std::move(hechos);
+    } else if (s == 2) {
+      TARVO_INTENTAR(s_.anotarOlvido());
     }
     TARVO_INTENTAR(s_.ponerEstado(0));
     return tr.confirmar();

@@ -69,6 +69,7 @@ class CerrSes {
   std::vector<Propuesto> propuestos_;
   int elegido_ = -1;
   std::optional<Periodo> preferido_;
+  std::optional<int> contestado_;  // the group whose doubt a person is settling
 
   Resultado<std::vector<qint64>> memorizar(std::vector<Aviso>& avisos);
 };

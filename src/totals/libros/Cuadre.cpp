@@ -76,22 +76,23 @@ Resultado<QString> origenDe(dao::Database& db, const Textos& textos, qint64 link
   return partes.join(u"; "_s);
 }
 
-Resultado<QString> informeGrupo(dao::Database& db, const Ajustes& a, const Textos& textos,
-                                qint64 link, int grupo, const QString& nombre) {
-  QString texto = textos(kTxCuadreGrupo, {Ceros(grupo, 4), nombre}) + u'\n';
+Resultado<> informeGrupo(dao::Database& db, const Ajustes& a, const Textos& textos, qint64 link,
+                         int grupo, const QString& nombre, InformeCuadre& informe) {
+  informe.texto += textos(kTxCuadreGrupo, {Ceros(grupo, 4), nombre}) + u'\n';
   TARVO_TOMAR(const auto gran, sumaDe(db, TipoTotal::GranTotal, link, grupo));
   for (const ClaseTotal& c : enVigor(a)) {
     TARVO_TOMAR(const auto suma, sumaDe(db, c.tipo, link, grupo));
     if (suma.first == 0) continue;
     TARVO_TOMAR(const auto origen, origenDe(db, textos, link, grupo, c.tipo));
     const bool contra = gran.first > 0 && c.tipo != TipoTotal::GranTotal;
-    const QString veredicto =
-        !contra ? QString() : textos(suma.second == gran.second ? kTxCuadra : kTxNoCuadra);
-    texto += u"  %1 %2 %3  %4\n"_s.arg(textos(kTxNombreTotal + numeroDe(c.tipo)), -22)
-                 .arg(VerImporte(a, suma.second, a.MonedaNativa ? 1 : 0), 14)
-                 .arg(veredicto.leftJustified(9), origen);
+    const bool cuadra = !contra || suma.second == gran.second;
+    informe.cuadra = informe.cuadra && cuadra;
+    const QString veredicto = !contra ? QString() : textos(cuadra ? kTxCuadra : kTxNoCuadra);
+    informe.texto += u"  %1 %2 %3  %4\n"_s.arg(textos(kTxNombreTotal + numeroDe(c.tipo)), -22)
+                         .arg(VerImporte(a, suma.second, a.MonedaNativa ? 1 : 0), 14)
+                         .arg(veredicto.leftJustified(9), origen);
   }
-  return texto;
+  return {};
 }
 
 }  // namespace
@@ -127,10 +128,14 @@ Resultado<CuadreDePeriodo> cuadreDe(const Periodos& periodos, qint64 link) {
         const auto grupo = static_cast<int>(fila.entero(0));
         TARVO_TOMAR(const auto lista,
                     compararTotales(periodos.base(), periodos.ajustes(), link, grupo));
+        c.granTotal = true;
         c.hay = c.hay || !lista.empty();
         if (!std::ranges::all_of(lista, &Comparado::cuadra)) c.malos.push_back(grupo);
         return {};
       }));
+  TARVO_TOMAR(const auto lecturas,
+              periodos.base().uno(u"SELECT count(*) FROM Origenes WHERE LINK=?", link));
+  c.leido = lecturas.entero() > 0;
   return c;
 }
 
@@ -154,8 +159,8 @@ Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, const Textos
   return {};
 }
 
-Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
-                                 std::optional<qint64> link) {
+Resultado<InformeCuadre> informeCuadre(dao::Database& db, const Ajustes& ajustes,
+                                       const Textos& textos, std::optional<qint64> link) {
   TARVO_TOMAR(
       auto rs,
       link ? db.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA WHERE LINK=?"_s,
@@ -166,7 +171,8 @@ Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, cons
     return fallo(Fallo::NoExiste,
                  link ? textos(kTxPeriodoNoHay, {*link}) : textos(kTxNadaMemorizado));
   const qint64 numero = rs->entero(0);
-  QString texto =
+  InformeCuadre informe;
+  informe.texto =
       textos(kTxCuadrePeriodo,
              {numero, TextoPeriodo({static_cast<int>(rs->entero(1)), rs->fecha(2), rs->fecha(3)}),
               rs->texto(4)}) +
@@ -178,11 +184,9 @@ Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, cons
                          {{u"tabla", NombreTabla(c.tipo)}});
     valores.emplace_back(numero);
   }
-  const auto uno = [&](const dao::Recordset& fila) -> Resultado<> {
-    TARVO_TOMAR(const auto parte, informeGrupo(db, ajustes, textos, numero,
-                                               static_cast<int>(fila.entero(0)), fila.texto(1)));
-    texto += parte;
-    return {};
+  const auto uno = [&](const dao::Recordset& fila) {
+    return informeGrupo(db, ajustes, textos, numero, static_cast<int>(fila.entero(0)),
+                        fila.texto(1), informe);
   };
   TARVO_INTENTAR(dao::recorrer(
       db.OpenQuery(conMarcas(u"SELECT GRUPO, NOMGPO FROM ({grupos}) AS g LEFT JOIN GRUPOS ON "
@@ -190,7 +194,7 @@ Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, cons
                              {{u"grupos", uniones.join(u" UNION "_s)}}),
                    valores),
       uno));
-  return texto;
+  return informe;
 }
 
 }  // namespace tarvo::totals

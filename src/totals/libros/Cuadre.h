@@ -23,7 +23,9 @@ Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajust
 
 // The groups of a period whose grand total differs from a comparable sum.
 struct CuadreDePeriodo {
-  bool hay = false;  // something could be compared
+  bool hay = false;        // something could be compared
+  bool granTotal = false;  // some group has one
+  bool leido = false;      // a machine was read for it
   std::vector<int> malos = {};
 };
 Resultado<CuadreDePeriodo> cuadreDe(const Periodos& periodos, qint64 link);
@@ -35,7 +37,11 @@ Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, const Textos
 
 // The comparison for a period (the last memorised one when none is named), group by group, with the
 // origin of each number.
-Resultado<QString> informeCuadre(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
-                                 std::optional<qint64> link);
+struct InformeCuadre {
+  QString texto;
+  bool cuadra = true;
+};
+Resultado<InformeCuadre> informeCuadre(dao::Database& db, const Ajustes& ajustes,
+                                       const Textos& textos, std::optional<qint64> link);
 
 }  // namespace tarvo::totals

@@ -64,6 +64,9 @@ class Sesion {
   // Records that a memorisation gave up: groups with readings waiting in the inbox are not zeroed
   // until they are memorised.
   Resultado<> anotarCierreFallido();
+  // Records, in the current transaction, the groups with sales in the open session that are in no
+  // period: the session is about to be closed without them.
+  Resultado<> anotarOlvido();
   // Copies the state into the settings and saves them. A failure is an Aviso, never a loss.
   Resultado<> reflejar();
 

@@ -120,6 +120,18 @@ Resultado<> marcarPuestaACero(Database& db, int grupo, Fecha cuando) {
   return {};
 }
 
+// This run closed a session without memorising the group's sales, and nothing has been read whole
+// since: they are in the machine alone. What a person forgets by hand is his own decision.
+Resultado<bool> olvidadoSinMemorizar(Database& db, int grupo, qint64 ejecucion) {
+  TARVO_TOMAR(
+      const auto n,
+      db.uno(u"SELECT count(*) FROM Olvidos WHERE GRUPO=? AND EJECUCION=? AND EJECUCION>0 "_s
+             u"AND SEC>(SELECT COALESCE(MAX(SEC), 0) FROM Lecturas WHERE "_s
+             u"Lecturas.GRUPO=Olvidos.GRUPO AND ESTADO=2 AND ENTERA<>0)"_s,
+             grupo, ejecucion));
+  return n.entero() > 0;
+}
+
 }  // namespace
 
 Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
@@ -140,6 +152,8 @@ Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
   if (!motivo.isEmpty()) return PermisoCero{false, false, motivo};
   TARVO_TOMAR(const auto parte, motivoDeParte(db_, ajustes_, textos_, grupo));
   if (!parte.isEmpty()) return PermisoCero{false, false, parte};
+  TARVO_TOMAR(const auto olvidado, olvidadoSinMemorizar(db_, grupo, d->ejecucion));
+  if (olvidado) return PermisoCero{false, false, textos_(kTxOlvidadoSinMemorizar, {grupo})};
   TARVO_TOMAR(const auto cierre, d->valores.leer(u"CierreFallido"_s));
   if (!cierre.nulo() && d->abierta == 2) {
     const auto espera =
@@ -159,6 +173,24 @@ Resultado<> Sesion::anotarCierreFallido() {
   TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
   TARVO_INTENTAR(d->valores.poner(u"CierreFallido"_s, sec));
   return tr.confirmar();
+}
+
+Resultado<> Sesion::anotarOlvido() {
+  TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
+  for (const ClaseTotal& c : enVigor(ajustes_))
+    TARVO_INTENTAR(db_.ejecutar(
+        conMarcas(
+            u"INSERT INTO Olvidos (GRUPO, EJECUCION, SEC) SELECT CODGPO, ?, ? FROM Sesiones, "
+            u"Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND {enSesion} AND (LINK IS NULL OR "
+            u"APARTE=1) AND EXISTS (SELECT 1 FROM (SELECT SUM(CON) AS C, SUM(PES) AS P, SUM(IMP) "
+            u"AS I FROM {totales} WHERE LINK=0 AND GRUPO=CODGPO) b, (SELECT SUM(CON) AS C, "
+            u"SUM(PES) AS P, SUM(IMP) AS I FROM BaseFilas WHERE GRUPO=CODGPO AND CLASE=?) m WHERE "
+            u"COALESCE(b.C, 0)<>COALESCE(m.C, 0) OR COALESCE(b.P, 0)<>COALESCE(m.P, 0) OR "
+            u"COALESCE(b.I, 0)<>COALESCE(m.I, 0)) ON CONFLICT (GRUPO) DO UPDATE SET "
+            u"EJECUCION=excluded.EJECUCION, SEC=excluded.SEC",
+            {{u"totales", NombreTabla(c.tipo)}, {u"enSesion", CampoSesion(c.tipo)}}),
+        d->ejecucion, sec, numeroDe(c.tipo), numeroDe(c.tipo)));
+  return {};
 }
 
 Resultado<> Sesion::anunciarCero(int grupo, int addr, int conjunto) {

@@ -92,6 +92,24 @@ Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
   return pisa;
 }
 
+// A statement on the span and the mark of a kind in Sesiones.
+QString sobreSesion(QStringView sentencia, TipoTotal tipo) {
+  return conMarcas(sentencia, {{u"desde", CampoDesde(tipo)},
+                               {u"hasta", CampoHasta(tipo)},
+                               {u"enSesion", CampoSesion(tipo)}});
+}
+
+// The open session holds a whole reading of this kind that is in no period yet.
+Resultado<bool> hayEnteraSinMemorizar(Database& db, const ClaseTotal& c, int grupo) {
+  TARVO_TOMAR(const auto n,
+              db.uno(conMarcas(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND "
+                               u"{enSesion} AND GRUPO=CODGPO AND CLASE=? AND ENTERA<>0 AND (LINK "
+                               u"IS NULL OR APARTE=1)",
+                               {{u"enSesion", CampoSesion(c.tipo)}}),
+                     grupo, numeroDe(c.tipo)));
+  return n.entero() > 0;
+}
+
 }  // namespace
 
 Resultado<> apartarBase(Database& db, int grupo, TipoTotal tipo) {
@@ -127,7 +145,7 @@ Resultado<> Sesion::Estado::anotarLectura(int grupo, TipoTotal tipo, Lectura est
   TARVO_INTENTAR(db.ejecutar(
       u"INSERT INTO Lecturas (GRUPO, CLASE, EJECUCION, ESTADO, INICIO) VALUES (?, ?, ?, ?, ?) "_s
       u"ON CONFLICT (GRUPO, CLASE) DO UPDATE SET EJECUCION=excluded.EJECUCION, "_s
-      u"ESTADO=excluded.ESTADO, "_s
+      u"ANTES=Lecturas.ESTADO, ESTADO=excluded.ESTADO, "_s
       u"INICIO=excluded.INICIO"_s,
       grupo, numeroDe(tipo), ejecucion, int{estado}, ahora));
   return {};
@@ -138,14 +156,22 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lec
   const ClaseTotal& c = claseDe(tipo);
   Lectura::Filas deVarias;
   const Lectura::Filas& suma = sumaDeMaquinas(lectura, deVarias);
-  const auto enSesion = [tipo](QStringView sentencia) {
-    return conMarcas(sentencia, {{u"desde", CampoDesde(tipo)},
-                                 {u"hasta", CampoHasta(tipo)},
-                                 {u"enSesion", CampoSesion(tipo)}});
-  };
   const Estado::Foto antes = d->foto();
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
 
+  if (!lectura.entera && d->abierta > 0) {
+    TARVO_TOMAR(const auto sabeMas, hayEnteraSinMemorizar(db_, c, grupo));
+    if (sabeMas) {
+      TARVO_INTENTAR(db_.ejecutar(
+          u"UPDATE Lecturas SET ESTADO=CASE WHEN ANTES IN (2, 4) THEN ANTES ELSE 3 END WHERE "_s
+          u"GRUPO=? AND CLASE=?"_s,
+          grupo, numeroDe(tipo)));
+      avisos.push_back(
+          {grupo, textos_(kTxParteNoSustituye, {grupo, textos_(kTxNombreTotal + numeroDe(tipo))}),
+           true});
+      return tr.confirmar();
+    }
+  }
   const auto guardar = [&]() -> Resultado<> {
     TARVO_TOMAR(const auto pisa,
                 pisariaVentas(db_, c, grupo, suma, lectura.entera, d->abierta > 0));
@@ -160,7 +186,8 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lec
                      u"Sesiones WHERE CODGPO=?)"_s,
                      grupo, grupo));
     TARVO_INTENTAR(db_.ejecutar(
-        enSesion(u"UPDATE Sesiones SET {desde}=PZERO, {hasta}=?, {enSesion}=TRUE WHERE CODGPO=?"),
+        sobreSesion(u"UPDATE Sesiones SET {desde}=PZERO, {hasta}=?, {enSesion}=TRUE WHERE CODGPO=?",
+                    tipo),
         d->hasta, grupo));
     TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
     TARVO_INTENTAR(d->anotarLectura(grupo, tipo, Estado::kCompleta, reloj_.ahora()));
@@ -179,8 +206,9 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lec
     return std::unexpected(r.error());
   }
   d->leidosAhora.insert(grupo);
-  const auto tarde =
-      db_.uno(enSesion(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND {desde}>{hasta}"), grupo);
+  const auto tarde = db_.uno(
+      sobreSesion(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND {desde}>{hasta}", tipo),
+      grupo);
   if (tarde && tarde->entero() > 0)
     avisos.push_back({grupo, textos_(kTxCeroPosterior, {grupo}), true});
   return {};

@@ -52,6 +52,12 @@ INSERT OR IGNORE INTO CerosClase (GRUPO, ADDR, CLASE, DUDA, QUITADO)
     AND h.SEC_HECHO>0 AND h.CONJUNTO=CASE l.CLASE WHEN 16 THEN 1 WHEN 17 THEN 2 WHEN 19 THEN 2 ELSE 3 END;
 )";
 
+constexpr QStringView kGuionOlvidos =
+    uR"(
+CREATE TABLE IF NOT EXISTS Olvidos (
+  GRUPO INTEGER PRIMARY KEY, EJECUCION INTEGER DEFAULT 0, SEC INTEGER DEFAULT 0);
+)";
+
 }  // namespace
 
 dao::TablasDeSala tablasLibros() {
@@ -59,7 +65,10 @@ dao::TablasDeSala tablasLibros() {
           .pasos = {{1, kGuionLibros.toString()},
                     dao::columna(2, QStringLiteral("Lecturas"), QStringLiteral("AJUSTE"),
                                  QStringLiteral("INTEGER DEFAULT 0")),
-                    {3, kGuionDudas.toString()}},
+                    {3, kGuionDudas.toString()},
+                    {4, kGuionOlvidos.toString()},
+                    dao::columna(5, QStringLiteral("Lecturas"), QStringLiteral("ANTES"),
+                                 QStringLiteral("INTEGER DEFAULT 0"))},
           .copias = {{QStringLiteral("BaseFilas"), QStringLiteral("LectFilas")}}};
 }
 

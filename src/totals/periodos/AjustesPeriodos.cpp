@@ -39,6 +39,11 @@ QString verFestivos(const std::array<bool, 7>& festivos) {
   return partes.join(u',');
 }
 
+// Half of the working day at each end would leave nothing of it.
+bool leerTolerancia(QStringView v, float& parte) {
+  return ini::leerRealSi(v, [](double x) { return x >= 0 && x < 0.5; }, parte);
+}
+
 QString verTolerancia(float parte) {
   return QString::number(parte, 'f', 2);
 }
@@ -51,7 +56,7 @@ SalaDeAjustes ajustesPeriodos() {
       A(), {clave<&A::UltimosPeriodos, leerPeriodos, verPeriodos>(803, u"ÚltimosPeriodos"),
             clave<&A::InicioHorario, ini::leerHora, ini::verHora>(804, u"InicioHorario"),
             clave<&A::FinalHorario, ini::leerHora, ini::verHora>(805, u"FinalHorario"),
-            clave<&A::ToleranciaHora, ini::leerReal, verTolerancia>(806, u"ToleranciaHora"),
+            clave<&A::ToleranciaHora, leerTolerancia, verTolerancia>(806, u"ToleranciaHora"),
             clave<&A::FestivoSemanal, leerFestivos, verFestivos>(904, u"FestivoSemanal")});
 }
 

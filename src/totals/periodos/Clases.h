@@ -48,6 +48,7 @@ struct Contadores {
     CON += c.CON, PES += c.PES, IMP += c.IMP, SCO += c.SCO;
     return *this;
   }
+  Contadores operator-() const { return {-CON, -PES, -IMP, -SCO}; }
   bool cero() const { return CON == 0 && PES == 0 && IMP == 0 && SCO == 0; }
 };
 

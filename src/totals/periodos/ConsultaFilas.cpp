@@ -11,9 +11,11 @@ namespace {
 
 constexpr int kHoras = 24;
 
-// The column on the axis of this kind's chart.
+// The column on the axis of this kind's chart. A grand total is a group's, whatever its code.
 QString ejeDe(TipoTotal clase) {
-  return clase == TipoTotal::OperHora ? u"t.HORA"_s : u"t.CODI"_s;
+  return clase == TipoTotal::OperHora    ? u"t.HORA"_s
+         : clase == TipoTotal::GranTotal ? u"t.GRUPO"_s
+                                         : u"t.CODI"_s;
 }
 
 bool porHoras(TipoTotal clase) {

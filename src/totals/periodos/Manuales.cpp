@@ -36,19 +36,99 @@ Resultado<> aplicarManuales(Periodos& periodos, qint64 link,
   return t.confirmar();
 }
 
-Resultado<qint64> guardarConManuales(Periodos& periodos, qint64 link, const Periodo& p,
-                                     const std::vector<EntradaManual>& entradas) {
+namespace {
+
+// The larger periods that hold `c` and don't exist yet for the dates `p`.
+Resultado<std::vector<Periodo>> mayoresNuevos(Periodos& periodos, const Columna& c,
+                                              const Periodo& p) {
+  std::vector<Periodo> v;
+  for (int tipo = kSemanal; tipo <= kAnual; ++tipo) {
+    const auto mayor = Periodos::mayorDe(tipo, p);
+    if (!mayor || !c.acumulado(tipo)) continue;
+    TARVO_TOMAR(const auto hay, periodos.BuscarPeriodo(tipo, mayor->desde, mayor->hasta));
+    if (!hay) v.push_back(*mayor);
+  }
+  return v;
+}
+
+Resultado<> cambiar(Periodos& periodos, Guardado& g) {
+  TARVO_TOMAR(const auto c, periodos.columna(g.link));
+  if (!c) return fallo(Fallo::NoExiste, periodos.textos()(kTxSinPeriodo, {g.link}));
+  g.antes = c->periodo;
+  TARVO_TOMAR(g.salio, periodos.saldriaDe(g.link, g.ahora.tipo, g.ahora.desde, g.ahora.hasta));
+  TARVO_TOMAR(g.creados, mayoresNuevos(periodos, *c, g.ahora));
+  return periodos.CambiarPeriodo(g.link, g.ahora.tipo, g.ahora.desde, g.ahora.hasta, true);
+}
+
+// Rows that are left all zero hold no information.
+Resultado<> quitarCeros(dao::Database& db, qint64 link, const EntradaManual& e) {
+  const ClaseTotal& c = claseDe(e.clase);
+  const QString sql = dao::conMarcas(
+      u"DELETE FROM {tabla} WHERE LINK=? AND GRUPO=? AND CODI=? AND {hora}=? AND CON=0 AND PES=0 "
+      u"AND [IMP]=0 AND SCO=0",
+      {{u"tabla", NombreTabla(e.clase)}, {u"hora", horaDe(c)}});
+  TARVO_INTENTAR(db.ejecutar(sql, link, e.grupo, e.codi, c.conHora ? e.hora : 0));
+  return {};
+}
+
+Resultado<> quitarEntradas(Periodos& periodos, const Guardado& g) {
+  std::vector<EntradaManual> contrarias = g.entradas;
+  for (EntradaManual& e : contrarias) e.c = -e.c;
+  TARVO_INTENTAR(aplicarManuales(periodos, g.link, contrarias));
+  for (const EntradaManual& e : contrarias) TARVO_INTENTAR(quitarCeros(periodos.base(), g.link, e));
+  return {};
+}
+
+Resultado<> devolverFechas(Periodos& periodos, const Guardado& g) {
+  const Periodo& antes = *g.antes;
+  TARVO_INTENTAR(periodos.CambiarPeriodo(g.link, antes.tipo, antes.desde, antes.hasta, true));
+  for (const Periodo& mayor : g.salio) {
+    TARVO_TOMAR(const auto c, periodos.columna(g.link));
+    TARVO_INTENTAR(periodos.AcumularPeriodo(mayor.tipo, *c));
+  }
+  for (const Periodo& p : g.creados) {
+    TARVO_TOMAR(const auto mayor, periodos.BuscarPeriodo(p.tipo, p.desde, p.hasta));
+    if (!mayor) continue;
+    TARVO_TOMAR(const auto vacio, periodos.sinVentas(mayor->LINK));
+    if (vacio) TARVO_INTENTAR(periodos.BorrarPeriodo(mayor->LINK));
+  }
+  return {};
+}
+
+Resultado<> quitarNuevo(Periodos& periodos, const Guardado& g) {
+  TARVO_TOMAR(const auto vacio, periodos.sinVentas(g.link));
+  if (!vacio)
+    return fallo(Fallo::Restriccion,
+                 periodos.textos()(kTxYaTieneTotales, {TextoPeriodos({g.ahora})}));
+  return periodos.BorrarPeriodo(g.link);
+}
+
+}  // namespace
+
+Resultado<Guardado> guardarConManuales(Periodos& periodos, qint64 link, const Periodo& p,
+                                       const std::vector<EntradaManual>& entradas) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(periodos.base()));
+  Guardado g{link, LimitesPeriodo(p.tipo, p.desde, p.hasta), {}, entradas};
   if (link == 0) {
     TARVO_TOMAR(const auto hay, periodos.BuscarPeriodo(p.tipo, p.desde, p.hasta));
     if (hay) return fallo(Fallo::Duplicado, TextoPeriodo(p));
-    TARVO_TOMAR(link, periodos.CrearPeriodo(p.tipo, p.desde, p.hasta, false, {}));
+    TARVO_TOMAR(g.link, periodos.CrearPeriodo(p.tipo, p.desde, p.hasta, false, {}));
   } else {
-    TARVO_INTENTAR(periodos.CambiarPeriodo(link, p.tipo, p.desde, p.hasta, true));
+    TARVO_INTENTAR(cambiar(periodos, g));
   }
-  TARVO_INTENTAR(aplicarManuales(periodos, link, entradas));
+  TARVO_INTENTAR(aplicarManuales(periodos, g.link, entradas));
   TARVO_INTENTAR(tr.confirmar());
-  return link;
+  return g;
+}
+
+Resultado<> deshacerGuardado(Periodos& periodos, const Guardado& g) {
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(periodos.base()));
+  TARVO_TOMAR(const auto c, periodos.columna(g.link));
+  if (!c || c->periodo != g.ahora)
+    return fallo(Fallo::NoExiste, periodos.textos()(kTxYaNoSonLosMismos));
+  TARVO_INTENTAR(quitarEntradas(periodos, g));
+  TARVO_INTENTAR(g.antes ? devolverFechas(periodos, g) : quitarNuevo(periodos, g));
+  return tr.confirmar();
 }
 
 }  // namespace tarvo::totals

@@ -21,10 +21,25 @@ struct EntradaManual {
 Resultado<> aplicarManuales(Periodos& periodos, qint64 link,
                             const std::vector<EntradaManual>& entradas);
 
-// Saves a period, new when `link` is 0, with its keyed entries, in one transaction; returns its
-// LINK. Duplicado when there already is one of that kind and dates. Sales may leave larger periods
-// (see Periodos::saldriaDe).
-Resultado<qint64> guardarConManuales(Periodos& periodos, qint64 link, const Periodo& periodo,
-                                     const std::vector<EntradaManual>& entradas);
+// A saved period, and what saving it changed.
+struct Guardado {
+  qint64 link = 0;
+  Periodo ahora;
+  std::optional<Periodo> antes = {};  // nothing when it was created
+  std::vector<EntradaManual> entradas = {};
+  std::vector<Periodo> salio = {};    // larger periods that lost its sales
+  std::vector<Periodo> creados = {};  // larger periods created for its new dates
+  bool cambia() const { return antes != ahora || !entradas.empty(); }
+};
+
+// Saves a period, new when `link` is 0, with its keyed entries, in one transaction. Duplicado when
+// there already is one of that kind and dates. Sales may leave larger periods (see
+// Periodos::saldriaDe).
+Resultado<Guardado> guardarConManuales(Periodos& periodos, qint64 link, const Periodo& periodo,
+                                       const std::vector<EntradaManual>& entradas);
+// Undoes it, in one transaction: the entries, the dates with what they moved, and a new period
+// unless it has other totals by now (Restriccion). NoExiste when it is no longer the same period,
+// Duplicado when another one has its former dates.
+Resultado<> deshacerGuardado(Periodos& periodos, const Guardado& guardado);
 
 }  // namespace tarvo::totals

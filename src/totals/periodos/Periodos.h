@@ -59,6 +59,12 @@ class Periodos {
   Resultado<bool> AcumularPeriodo(int tipo, const Columna& origen);
   // Only when the mark of `origen` is set; otherwise false.
   Resultado<bool> DesacumularPeriodo(int tipo, const Columna& origen);
+  // The larger period of this kind that contains all of `origen`.
+  static std::optional<Periodo> mayorDe(int tipo, const Periodo& origen);
+  // Whether it holds the sales of an earlier version of `c`.
+  Resultado<bool> tieneAnterior(int tipo, const Columna& c);
+  // Whether a period has no rows, or only rows of zeros.
+  Resultado<bool> sinVentas(qint64 link);
   // Takes a period out of the larger ones and puts its sales back in stock, so that its rows can be
   // changed; afterwards, the reverse.
   struct Marcas {
@@ -95,7 +101,6 @@ class Periodos {
     int stkADO = 0;
   };
   Resultado<> borrarFilas(qint64 link, std::optional<TipoTotal> clase);
-  static std::optional<Periodo> mayorDe(int tipo, const Periodo& origen);
   Resultado<std::optional<qint64>> destinoDe(int tipo, const Periodo& origen);
   Resultado<bool> moverAcumulado(int tipo, const Columna& origen, int signo);
   Resultado<> recordar(const Columna& vieja);

@@ -34,7 +34,6 @@ Resultado<> Periodos::SumarPeriodo(qint64 destino, qint64 origen, int signo) {
   return t.confirmar();
 }
 
-// The larger period of this kind that contains all of `origen`.
 std::optional<Periodo> Periodos::mayorDe(int tipo, const Periodo& origen) {
   if (tipo < kSemanal || tipo > kAnual || origen.tipo == tipo) return std::nullopt;
   const Periodo mayor = LimitesPeriodo(tipo, origen.desde, origen.desde);
@@ -42,7 +41,19 @@ std::optional<Periodo> Periodos::mayorDe(int tipo, const Periodo& origen) {
   return mayor;
 }
 
-// Its number; it is created if missing.
+Resultado<bool> Periodos::sinVentas(qint64 link) {
+  for (const ClaseTotal& c : enVigor(a_)) {
+    TARVO_TOMAR(const auto n,
+                db_.uno(dao::conMarcas(u"SELECT count(*) FROM {tabla} WHERE LINK=? AND (CON<>0 OR "
+                                       u"PES<>0 OR [IMP]<>0 OR SCO<>0)",
+                                       {{u"tabla", QString::fromUtf16(c.tabla)}}),
+                        link));
+    if (n.entero() > 0) return false;
+  }
+  return true;
+}
+
+// The number of the larger period; it is created if missing.
 Resultado<std::optional<qint64>> Periodos::destinoDe(int tipo, const Periodo& origen) {
   const auto mayor = mayorDe(tipo, origen);
   if (!mayor) return std::nullopt;

@@ -77,6 +77,11 @@ Resultado<std::vector<Periodos::Sustituido>> Periodos::sustituidos(const Periodo
       });
 }
 
+Resultado<bool> Periodos::tieneAnterior(int tipo, const Columna& c) {
+  TARVO_TOMAR(const auto viejas, sustituidos(c.periodo, marcaAcum(tipo)));
+  return !viejas.empty();
+}
+
 Resultado<> Periodos::sacarSustituido(const Sustituido& s, int tipo) {
   TARVO_TOMAR(const auto destino, destinoDe(tipo, s.periodo));
   if (!destino) return {};

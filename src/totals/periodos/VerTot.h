@@ -47,11 +47,13 @@ class VerTot {
     std::optional<Columna> existente;
     int sumandos = 0;  // periods to add; 0 when the only one is the sum itself
     std::vector<Solape> solapes;
+    std::vector<qint64> dentro;  // those selected whose sales the target already holds
   };
   Resultado<std::optional<Suma>> destinoDeSuma();
   // Into the period that contains the whole selection, which must exist; larger periods and stock
-  // are updated. The selection stays. With a batch of the Papelera it can be undone.
-  Resultado<bool> SumarIntv(qint64 lote = 0);
+  // are updated. The selection stays. With a batch of the Papelera it can be undone. `sin`: those
+  // of the selection that are left out.
+  Resultado<bool> SumarIntv(qint64 lote = 0, std::span<const qint64> sin = {});
   Resultado<std::optional<Columna>> columna(qint64 link) { return p_.columna(link); }
   const std::vector<qint64>& LosSelec() const { return seleccion_; }
   void ponerSeleccion(const std::vector<qint64>& links);
@@ -64,8 +66,8 @@ class VerTot {
   Resultado<std::vector<qint64>> entreFechas(int tipo, Fecha desde, Fecha hasta);
   void anadir(qint64 link);
   Resultado<std::vector<Columna>> elegidas();
-  Resultado<std::vector<Solape>> solapesDe(const std::vector<Columna>& elegidas,
-                                           const std::optional<Columna>& destino);
+  Resultado<bool> tieneDentro(const Columna& destino, const Columna& c);
+  Resultado<> ponerSolapes(const std::vector<Columna>& elegidas, Suma& suma);
 
   Periodos& p_;
   dao::Database& db_;

@@ -17,27 +17,32 @@ Resultado<std::vector<Columna>> VerTot::elegidas() {
   return v;
 }
 
-Resultado<std::vector<VerTot::Solape>> VerTot::solapesDe(const std::vector<Columna>& cuales,
-                                                         const std::optional<Columna>& destino) {
-  std::vector<Solape> v;
+// Accumulated into it, or summed into it earlier.
+Resultado<bool> VerTot::tieneDentro(const Columna& destino, const Columna& c) {
+  const int tipo = destino.periodo.tipo;
+  if (c.acumulado(tipo) &&
+      LimitesPeriodo(tipo, c.periodo.desde, c.periodo.desde) == destino.periodo)
+    return true;
+  return Sumas(p_).tiene(destino.LINK, c.periodo);
+}
+
+Resultado<> VerTot::ponerSolapes(const std::vector<Columna>& cuales, Suma& suma) {
   for (size_t i = 0; i < cuales.size(); ++i)
     for (size_t j = i + 1; j < cuales.size(); ++j)
       if (cuales[i].periodo.solapa(cuales[j].periodo))
-        v.push_back({cuales[i].periodo, cuales[j].periodo});
-  if (!destino) return v;
-  const bool elegido = std::ranges::find(cuales, destino->LINK, &Columna::LINK) != cuales.end();
+        suma.solapes.push_back({cuales[i].periodo, cuales[j].periodo});
+  if (!suma.existente) return {};
+  const Columna& destino = *suma.existente;
+  const bool elegido = std::ranges::find(cuales, destino.LINK, &Columna::LINK) != cuales.end();
   for (const Columna& c : cuales) {
-    if (elegido || c.LINK == destino->LINK) continue;  // reported above as an overlap of the two
-    const int tipo = destino->periodo.tipo;
-    bool dentro = c.acumulado(tipo) &&
-                  LimitesPeriodo(tipo, c.periodo.desde, c.periodo.desde) == destino->periodo;
-    if (!dentro) {
-      TARVO_TOMAR(const auto sumado, Sumas(p_).tiene(destino->LINK, c.periodo));
-      dentro = sumado;
-    }
-    if (dentro) v.push_back({c.periodo, destino->periodo, true});
+    if (c.LINK == destino.LINK) continue;
+    TARVO_TOMAR(const auto dentro, tieneDentro(destino, c));
+    if (!dentro) continue;
+    suma.dentro.push_back(c.LINK);
+    // With the target selected it is reported above, as an overlap of the two.
+    if (!elegido) suma.solapes.push_back({c.periodo, destino.periodo, true});
   }
-  return v;
+  return {};
 }
 
 Resultado<std::optional<VerTot::Suma>> VerTot::destinoDeSuma() {
@@ -56,19 +61,20 @@ Resultado<std::optional<VerTot::Suma>> VerTot::destinoDeSuma() {
   suma.sumandos = static_cast<int>(std::ranges::count_if(cuales, [&suma](const Columna& c) {
     return !suma.existente || c.LINK != suma.existente->LINK;
   }));
-  TARVO_TOMAR(auto solapes, solapesDe(cuales, suma.existente));
-  suma.solapes = std::move(solapes);
+  TARVO_INTENTAR(ponerSolapes(cuales, suma));
   return suma;
 }
 
-Resultado<bool> VerTot::SumarIntv(qint64 lote) {
+Resultado<bool> VerTot::SumarIntv(qint64 lote, std::span<const qint64> sin) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   TARVO_TOMAR(const auto destino, destinoDeSuma());
   if (!destino || !destino->existente) return false;
   if (destino->sumandos == 0) return true;
-  TARVO_TOMAR(const auto cuales, elegidas());
-  TARVO_INTENTAR(
-      Sumas(p_).sumar(destino->existente->LINK, cuales, !destino->solapes.empty(), lote));
+  TARVO_TOMAR(auto cuales, elegidas());
+  std::erase_if(cuales, [&sin](const Columna& c) { return std::ranges::count(sin, c.LINK) > 0; });
+  const bool solapan = std::ranges::any_of(
+      destino->solapes, [&sin](const Solape& s) { return sin.empty() || !s.yaDentro; });
+  TARVO_INTENTAR(Sumas(p_).sumar(destino->existente->LINK, cuales, solapan, lote));
   TARVO_INTENTAR(t.confirmar());
   return true;
 }

@@ -38,6 +38,7 @@ CerrSesVentana::CerrSesVentana(ventanas::Contexto& contexto, const QString& nomb
 void CerrSesVentana::montar() {
   ui_.Recuperar->setIcon(ventanas::icono(u"atras"_s));
   ui_.Recuperar->hide();
+  ui_.estado->hide();
   ui_.cierre->hide();
   ui_.cierre->setMaximum(kTicsCierre);
   connect(ui_.Guardar, &QPushButton::clicked, this, &CerrSesVentana::guardar);
@@ -48,16 +49,33 @@ void CerrSesVentana::montar() {
   ui_.Recuperar->setShortcut(QKeySequence::Undo);
 }
 
-Resultado<> CerrSesVentana::entrar(const PuertaCerrSes&) {
+void CerrSesVentana::decirEstado(const QString& texto) {
+  ui_.estado->setText(texto);
+  ui_.estado->setVisible(!texto.isEmpty());
+  if (!texto.isEmpty()) ui_.estado->repaint();
+}
+
+template <class F>
+auto CerrSesVentana::mientras(int texto, F hacer) {
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  decirEstado(t(texto));
+  auto hecho = hacer();
+  decirEstado({});
+  QApplication::restoreOverrideCursor();
+  return hecho;
+}
+
+Resultado<> CerrSesVentana::entrar(const PuertaCerrSes& puerta) {
+  alSalir_ = puerta.alSalir;
   motor_.TodoAUno = motor_.OverWr = true;
   return analizar();
 }
 
-// What waits in the tray. A session that says it holds data and holds none is closed.
+// Reads the contents of the inbox. A session that claims to hold data but holds none is closed.
 Resultado<> CerrSesVentana::analizar() {
   avisos_.clear();
   if (s_.estado() == 2) {
-    TARVO_INTENTAR(motor_.AnalizarScratch(avisos_));
+    TARVO_INTENTAR(mientras(kTxAnalizando, [this] { return motor_.AnalizarScratch(avisos_); }));
     if (motor_.recibidos().empty()) {
       TARVO_INTENTAR(motor_.LaSesion(false, 0, avisos_));
       TARVO_INTENTAR(s_.reflejar());
@@ -77,8 +95,10 @@ void CerrSesVentana::pintarCara() {
     etiqueta->setPixmap(ventanas::icono(dibujo).pixmap(lado, lado));
   if (!llena) return ui_.Cancelar->setFocus();
   pintarPeriodo();
-  ui_.Guardar->setDefault(true);
-  ui_.Descrip->setFocus();
+  // When another window is being closed, one Return too many memorises nothing.
+  ui_.Guardar->setDefault(!alSalir_);
+  ui_.Cancelar->setDefault(alSalir_);
+  alSalir_ ? ui_.Cancelar->setFocus() : ui_.Descrip->setFocus();
 }
 
 void CerrSesVentana::pintarPeriodo() {
@@ -99,7 +119,7 @@ void CerrSesVentana::pintarPeriodo() {
   ui_.faltan->setHidden(ui_.faltan->text().isEmpty());
 }
 
-// Their sales won't be in the period.
+// Names the groups whose sales won't be in the period.
 QString CerrSesVentana::textoFaltan(const std::vector<int>& grupos) {
   QStringList nombres;
   for (const int g : grupos) {
@@ -117,11 +137,12 @@ QStringList CerrSesVentana::graves() const {
   QStringList textos;
   for (const Aviso& a : avisos_)
     if (a.grave) textos << a.texto;
-  textos.removeDuplicates();  // the inbox is looked through twice
+  textos.removeDuplicates();  // the inbox is analysed twice
   return textos;
 }
 
-// What came since it was last shown isn't memorised before it has been seen.
+// If readings have arrived since the window was last painted, shows them and returns false: nothing
+// is memorised unseen.
 bool CerrSesVentana::siguenSiendoLosMismos() {
   const auto claves = [this] {
     std::set<std::pair<int, TipoTotal>> c;
@@ -129,7 +150,8 @@ bool CerrSesVentana::siguenSiendoLosMismos() {
     return c;
   };
   const auto antes = claves();
-  if (!haIdoBien(motor_.AnalizarScratch(avisos_))) return false;
+  if (!haIdoBien(mientras(kTxAnalizando, [this] { return motor_.AnalizarScratch(avisos_); })))
+    return false;
   if (claves() == antes) return true;
   pintarPeriodo();
   decirDuda(t(kTxHanLlegadoMas), ui_.resumen->text());
@@ -140,9 +162,8 @@ void CerrSesVentana::guardar() {
   avisos_.clear();
   if (!siguenSiendoLosMismos()) return;
   motor_.describir(ui_.Descrip->text(), contexto().reloj.ahora());
-  QApplication::setOverrideCursor(Qt::WaitCursor);
-  const auto links = motor_.LaSesion(true, 0, avisos_);
-  QApplication::restoreOverrideCursor();
+  const auto links =
+      mientras(kTxIncorporandoTotales, [this] { return motor_.LaSesion(true, 0, avisos_); });
   if (!haIdoBien(links) || !haIdoBien(s_.reflejar())) return pintarCara();
   pintarCara();
   ui_.Descrip->clear();

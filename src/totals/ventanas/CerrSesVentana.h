@@ -1,6 +1,6 @@
-// Memorising the inbox: CerrSes. Two faces, by whether the tray holds anything. After `Guardar` or
-// `Olvidar` it says what was done and closes by itself after a while; what was forgotten can be
-// taken back until then.
+// CerrSes: memorises the inbox. Two pages, depending on whether it holds anything. After
+// `Guardar` or `Olvidar` it reports the result and closes by itself after a while; until then,
+// forgotten readings can be restored.
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"
@@ -31,13 +31,18 @@ class CerrSesVentana final : public ventanas::Ventana {
   void empezarCuenta();
   void tictac();
   QStringList graves() const;
+  // Shows the current activity, painted at once because it runs without the event loop.
+  void decirEstado(const QString& texto);
+  template <class F>
+  auto mientras(int texto, F hacer);
 
   Ui::CerrSes ui_;
   Sesion& s_;
   Periodos& p_;
   CerrSes motor_;
   std::vector<Aviso> avisos_;
-  int cuenta_ = 0;  // ticks left until it closes, 0 while it doesn't
+  bool alSalir_ = false;
+  int cuenta_ = 0;  // ticks left until it closes, 0 if it isn't about to
   std::unique_ptr<Temporizador> reloj_;
 };
 

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPartesNombradas = 6;  // periods of a sum that are named one by one
+constexpr int kPartesNombradas = 6;  // periods of a sum that are listed by name
 
 QString conPuntosTotales(qint64 n) {
   return QLocale(QLocale::Spanish).toString(n);

@@ -23,7 +23,7 @@ ConfirSumVentana::ConfirSumVentana(ventanas::Contexto& contexto, const QString& 
   connect(ui_.Cancelar, &QPushButton::clicked, this, &ConfirSumVentana::rechazar);
 }
 
-// By name alone the two most recent are summed.
+// A window opened without periods adds up the two most recent ones.
 Resultado<std::vector<qint64>> ConfirSumVentana::losLinks(std::vector<qint64> links) {
   if (!links.empty()) return links;
   TARVO_TOMAR(const auto todos, p_.lista());
@@ -54,7 +54,7 @@ Resultado<> ConfirSumVentana::entrar(const PuertaConfirSum& puerta) {
   return {};
 }
 
-// What would be counted twice is named, and not done by a mere Return.
+// Lists the sales that would be counted twice, and makes Cancelar the default button.
 void ConfirSumVentana::mostrarSolapes() {
   const auto& solapes = suma_.solapes;
   ui_.solapes->setVisible(!solapes.empty());

@@ -1,4 +1,4 @@
-// The confirmation of a sum: ConfirSum. Accepted, the period that receives the others exists.
+// ConfirSum: confirms a sum. Once it is accepted, the period that receives the others exists.
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"

@@ -1,4 +1,4 @@
-// What the detail of the inbox shows, and what is chosen there.
+// The contents of the detail of the inbox, and the user's choices in it.
 #pragma once
 
 #include <vector>
@@ -11,7 +11,7 @@ struct DetalleSesion {
   std::vector<Recibido> recibidos;
   std::vector<Propuesto> propuestos;
   bool sustituir = true;
-  int elegido = -1;  // of `propuestos`; -1 for each its own
+  int elegido = -1;  // index into `propuestos`; -1: each reading to its own
 };
 
 }  // namespace tarvo::totals

@@ -1,5 +1,5 @@
-// Machines of which nobody can tell whether they were zeroed: their totals wait in the inbox until
-// a person says it, here, one by one and by name.
+// DudasCero: machines that may or may not have been zeroed. Their totals wait in the inbox until
+// the user settles the doubt here, one by one and by name.
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"

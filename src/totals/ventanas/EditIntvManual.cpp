@@ -1,6 +1,4 @@
-// Totals keyed in by hand, and the form's own set-up.
-#include <QLocale>
-
+// Totals keyed in by hand.
 #include "core/dinero/Dinero.h"
 #include "core/textos/Textos.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -17,17 +15,23 @@ using ventanas::Clase;
 
 namespace {
 
-constexpr qint64 kMayorNumero = 999'999'999'999;  // above it sums of many could overflow
+constexpr qint64 kMayorNumero = 999'999'999'999;  // above it, sums of many could overflow
 
 }  // namespace
 
-void EditIntvVentana::montar() {
-  ventanas::llenar(*ui_.LstTipo, tiposDePeriodo());
-  enlazarCampo(*ui_.LstTipo, r.tipo);
-  enlazarCampo(*ui_.Fecha1, momento(r.desde, false));
-  hasta_ = &enlazarCampo(*ui_.FechaF, momento(r.hasta, true));
-  for (int mes = 1; mes <= 12; ++mes)
-    ui_.LstMes->addItem(QLocale(QLocale::Spanish).standaloneMonthName(mes));
+void EditIntvVentana::montarManuales() {
+  const auto importe = [this](const QString& texto) {
+    return LeerImporte(contexto().ajustes, texto, contexto().ajustes.MonedaNativa);
+  };
+  const auto cantidad = [](int cada) {
+    return [cada](const QString& texto) { return LeerCantidad(texto, cada); };
+  };
+  const auto entero = [](const QString& texto) { return std::optional(texto.toLongLong()); };
+  apartar(enlazarCampo(*ui_.txPLU, contador(plu_, entero)), renglon_);
+  apartar(enlazarCampo(*ui_.txCon, contador(entrada_.c.CON, cantidad(2))), renglon_);
+  apartar(enlazarCampo(*ui_.txPes, contador(entrada_.c.PES, cantidad(0))), renglon_);
+  apartar(enlazarCampo(*ui_.txImp, contador(entrada_.c.IMP, importe)), renglon_);
+  apartar(enlazarCampo(*ui_.txDct, contador(entrada_.c.SCO, importe)), renglon_);
   ventanas::llenar(*ui_.TpoTot, clasesDeTotal(contexto()));
   ventanas::Opciones horas;
   for (int hora = 0; hora < 24; ++hora) horas.push_back({hora, Ceros(hora, 2)});
@@ -52,18 +56,26 @@ void EditIntvVentana::montar() {
   ui_.Manual->ponerMoneda(contexto().ajustes.MonedaNativa);
   ui_.Manual->ponerVacia(t(kTxManualVacio));
   ui_.Manual->ponerBusca(false);
-  connect(ui_.LstTipo, &QComboBox::activated, this, &EditIntvVentana::tipoCambiado);
-  connect(ui_.LstMes, &QComboBox::activated, this, &EditIntvVentana::mesCambiado);
-  connect(ui_.spAno, &QSpinBox::valueChanged, this, &EditIntvVentana::mesCambiado);
-  for (QLineEdit* campo : {ui_.Fecha1, ui_.FechaF})
-    connect(campo, &QLineEdit::textEdited, this, &EditIntvVentana::pintarLimites);
   connect(ui_.TpoTot, &QComboBox::activated, this, &EditIntvVentana::claseCambiada);
   connect(ui_.LstGrupos, &QComboBox::currentIndexChanged, this, &EditIntvVentana::grupoCambiado);
   connect(ui_.Anadir, &QPushButton::clicked, this, &EditIntvVentana::anadir);
   connect(ui_.Quitar, &QPushButton::clicked, this, &EditIntvVentana::quitar);
+  deshacer_ = new ventanas::Deshacer(*this);
 }
 
-// Only what names a row of this kind is asked for.
+// An empty field is zero.
+ventanas::Modo EditIntvVentana::contador(qint64& donde,
+                                         std::function<std::optional<qint64>(QString)> leer) const {
+  return {.ver = [] { return QString(); },
+          .poner = [this, &donde, leer = std::move(leer)](const QString& texto) -> Resultado<> {
+            const auto n = texto.trimmed().isEmpty() ? std::optional<qint64>(0) : leer(texto);
+            if (!n || std::abs(*n) > kMayorNumero) return fallo(Fallo::Formato, t(kTxNumeroMalo));
+            donde = *n;
+            return {};
+          }};
+}
+
+// Shows only the fields that identify a row of this kind.
 void EditIntvVentana::claseCambiada() {
   const auto clase = deNumero<TipoTotal>(ui_.TpoTot->currentData().toInt());
   const bool plu = clase == TipoTotal::PLUs,
@@ -92,114 +104,89 @@ void EditIntvVentana::grupoCambiado() {
   ui_.LstDep->setCurrentIndex(-1);
 }
 
-std::optional<EntradaManual> EditIntvVentana::faltaEntrada(int texto, QWidget& control) {
-  ventanas::MyMsgBox::Decide(this, contexto().textos, t(texto),
-                             ventanas::kSoloAcepto | ventanas::kExclamacion);
+std::unexpected<Error> EditIntvVentana::faltaEntrada(int texto, QWidget& control) {
   control.setFocus();
-  return std::nullopt;
+  return fallo(Fallo::Restriccion, t(texto));
 }
 
-// The code, and the hour where the kind has one; nothing after the sentence that says what is
-// missing.
-std::optional<qint64> EditIntvVentana::leerCodigo(EntradaManual& e) {
-  const auto falta = [this](int texto, QWidget& control) -> std::optional<qint64> {
-    faltaEntrada(texto, control);
-    return std::nullopt;
-  };
-  const QVariant oper = ui_.LstOper->currentData(), hora = ui_.LstHora->currentData();
-  switch (e.clase) {
+// The code; also sets the hour if the kind has one.
+Resultado<qint64> EditIntvVentana::leerCodigo() {
+  const QVariant oper = ui_.LstOper->currentData(), hora = ui_.LstHora->currentData(),
+                 dep = ui_.LstDep->currentData();
+  entrada_.hora = 0;
+  switch (entrada_.clase) {
     case TipoTotal::GranTotal:
       return 0;
     case TipoTotal::PLUs: {
-      const qint64 plu = ui_.txPLU->text().trimmed().toLongLong();
-      const auto hay = contexto().nombres.articulo(seccionDelGrupo(), plu);
-      if (!haIdoBien(hay)) return std::nullopt;
-      return plu > 0 && hay->has_value() ? std::optional(plu) : falta(kTxFaltaPLU, *ui_.txPLU);
+      TARVO_TOMAR(const auto hay, contexto().nombres.articulo(seccionDelGrupo(), plu_));
+      if (plu_ <= 0 || !hay) return faltaEntrada(kTxFaltaPLU, *ui_.txPLU);
+      return plu_;
     }
     case TipoTotal::Operadores:
-      return oper.isValid() ? std::optional(oper.toLongLong())
-                            : falta(kTxFaltaOperador, *ui_.LstOper);
+      if (!oper.isValid()) return faltaEntrada(kTxFaltaOperador, *ui_.LstOper);
+      return oper.toLongLong();
     case TipoTotal::Departamentos:
-      return ui_.LstDep->currentData().isValid()
-                 ? std::optional(ui_.LstDep->currentData().toLongLong())
-                 : falta(kTxFaltaDepartamento, *ui_.LstDep);
+      if (!dep.isValid()) return faltaEntrada(kTxFaltaDepartamento, *ui_.LstDep);
+      return dep.toLongLong();
     case TipoTotal::Horario:
-      return hora.isValid() ? std::optional(hora.toLongLong()) : falta(kTxFaltaHora, *ui_.LstHora);
+      if (!hora.isValid()) return faltaEntrada(kTxFaltaHora, *ui_.LstHora);
+      return hora.toLongLong();
     case TipoTotal::OperHora:
-      e.hora = hora.toInt();
-      return oper.isValid() && hora.isValid() ? std::optional(oper.toLongLong())
-                                              : falta(kTxFaltaOperHora, *ui_.LstOper);
+      if (!oper.isValid() || !hora.isValid())
+        return faltaEntrada(kTxFaltaOperHora, oper.isValid() ? *ui_.LstHora : *ui_.LstOper);
+      entrada_.hora = hora.toInt();
+      return oper.toLongLong();
   }
   std::unreachable();
 }
 
-std::optional<EntradaManual> EditIntvVentana::leerEntrada() {
-  EntradaManual e;
+Resultado<> EditIntvVentana::leerEntrada() {
   const auto clase = deNumero<TipoTotal>(ui_.TpoTot->currentData().toInt());
   if (!clase) return faltaEntrada(kTxFaltaClase, *ui_.TpoTot);
-  e.clase = *clase;
+  entrada_.clase = *clase;
   if (!ui_.LstGrupos->currentData().isValid()) return faltaEntrada(kTxFaltaGrupo, *ui_.LstGrupos);
-  e.grupo = ui_.LstGrupos->currentData().toInt();
-  const auto codigo = leerCodigo(e);
-  if (!codigo) return std::nullopt;
-  e.codi = *codigo;
-  const auto numeros = leerNumeros();
-  if (!numeros) return std::nullopt;
-  e.c = *numeros;
-  return e;
+  entrada_.grupo = ui_.LstGrupos->currentData().toInt();
+  TARVO_INTENTAR(renglon_.leer());
+  TARVO_TOMAR(entrada_.codi, leerCodigo());
+  if (!entrada_.c.cero()) return {};
+  ui_.txCon->setFocus();
+  return fallo(Fallo::Formato, t(kTxTodoCeros));
 }
 
-// The four numbers with their sign, an empty field as zero; nothing, and the field marked, for one
-// that is none.
-std::optional<Contadores> EditIntvVentana::leerNumeros() {
-  const int signo = ui_.AcumTot->isChecked() ? 1 : -1, moneda = contexto().ajustes.MonedaNativa;
-  const auto importe = [&](const QString& texto) {
-    return LeerImporte(contexto().ajustes, texto, moneda);
-  };
-  const auto cantidad = [](int cada) {
-    return [cada](const QString& texto) { return LeerCantidad(texto, cada); };
-  };
-  QLineEdit* malo = nullptr;
-  const auto leer = [&](QLineEdit& campo, const auto& lector) {
-    const QString texto = campo.text().trimmed();
-    auto n = texto.isEmpty() ? std::optional<qint64>(0) : lector(texto);
-    if (n && std::abs(*n) > kMayorNumero) n.reset();
-    campo.setProperty("falta", !n);
-    campo.update();
-    if (!n && !malo) malo = &campo;
-    return signo * n.value_or(0);
-  };
-  const Contadores c{leer(*ui_.txCon, cantidad(2)), leer(*ui_.txPes, cantidad(0)),
-                     leer(*ui_.txImp, importe), leer(*ui_.txDct, importe)};
-  if (!malo) return c;
-  malo->setFocus();
-  decirDuda(t(kTxNumeroMalo));
-  return std::nullopt;
-}
-
-bool EditIntvVentana::hayEscrito() const {
-  return std::ranges::any_of(std::array{ui_.txPLU, ui_.txCon, ui_.txPes, ui_.txImp, ui_.txDct},
-                             [](const QLineEdit* c) { return !c->text().trimmed().isEmpty(); });
-}
-
+// A missing choice is reported in a box, an invalid number beside its field.
 bool EditIntvVentana::anadir() {
-  const auto e = leerEntrada();
-  if (!e) return false;
-  if (e->c.cero()) {
-    decirDuda(t(kTxTodoCeros));
+  if (const auto leida = leerEntrada(); !leida) {
+    if (leida.error().clase == Fallo::Restriccion)
+      ventanas::MyMsgBox::Decide(this, contexto().textos, leida.error().texto,
+                                 ventanas::kSoloAcepto | ventanas::kExclamacion);
+    else
+      decirDuda(leida.error().texto);
     return false;
   }
-  r.entradas.push_back(*e);
-  for (QLineEdit* campo : {ui_.txPLU, ui_.txCon, ui_.txPes, ui_.txImp, ui_.txDct}) campo->clear();
+  if (ui_.SubsTot->isChecked()) entrada_.c = -entrada_.c;
+  r.entradas.push_back(entrada_);
+  vaciarEntrada();
   pintarEntradas();
   (ui_.txPLU->isVisible() ? ui_.txPLU : ui_.txCon)->setFocus();
   return true;
 }
 
+void EditIntvVentana::vaciarEntrada() {
+  entrada_ = {};
+  plu_ = 0;
+  renglon_.mostrar();
+}
+
 void EditIntvVentana::quitar() {
   const int fila = ui_.Manual->filaActual();
   if (fila < 0) return;
-  r.entradas.erase(r.entradas.begin() + (ui_.Manual->clave(fila) - 1));
+  const auto cual = r.entradas.begin() + (ui_.Manual->clave(fila) - 1);
+  deshacer_->apuntar(t(kTxQueQuitar), [this, e = *cual]() -> Resultado<ventanas::Deshacer::Vuelto> {
+    r.entradas.push_back(e);
+    pintarEntradas();
+    return ventanas::Deshacer::Vuelto();
+  });
+  r.entradas.erase(cual);
   pintarEntradas();
 }
 

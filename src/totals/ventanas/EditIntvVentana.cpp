@@ -1,4 +1,4 @@
-// The period. What is keyed in by hand is in EditIntvManual.cpp.
+// The period itself. Totals keyed in by hand are in EditIntvManual.cpp.
 #include "totals/ventanas/EditIntvVentana.h"
 
 #include <QLocale>
@@ -25,11 +25,26 @@ EditIntvVentana::EditIntvVentana(ventanas::Contexto& contexto, const QString& no
     : FichaDe(contexto, nombre), p_(periodos) {
   ui_.setupUi(cuerpo());
   montar();
+  montarManuales();
   ponerFrase(0, false);
   acabar(cuerpo()->size(), {.acepto = u"SalvBoton"_s, .cancelo = u"Tiro"_s});
 }
 
-// A day, with its time of day where the kind of period has one.
+void EditIntvVentana::montar() {
+  ventanas::llenar(*ui_.LstTipo, tiposDePeriodo());
+  enlazarCampo(*ui_.LstTipo, r.tipo);
+  enlazarCampo(*ui_.Fecha1, momento(r.desde, false));
+  hasta_ = &enlazarCampo(*ui_.FechaF, momento(r.hasta, true));
+  for (int mes = 1; mes <= 12; ++mes)
+    ui_.LstMes->addItem(QLocale(QLocale::Spanish).standaloneMonthName(mes));
+  connect(ui_.LstTipo, &QComboBox::activated, this, &EditIntvVentana::tipoCambiado);
+  connect(ui_.LstMes, &QComboBox::activated, this, &EditIntvVentana::mesCambiado);
+  connect(ui_.spAno, &QSpinBox::valueChanged, this, &EditIntvVentana::mesCambiado);
+  for (QLineEdit* campo : {ui_.Fecha1, ui_.FechaF})
+    connect(campo, &QLineEdit::textEdited, this, &EditIntvVentana::pintarLimites);
+}
+
+// A date, with its time of day if the kind of period has one.
 ventanas::Modo EditIntvVentana::momento(Fecha& donde, bool siempreConHora) const {
   return {.ver = [this, &donde,
                   siempreConHora] { return enCampo(siempreConHora ? kOtros : r.tipo, donde); },
@@ -58,6 +73,8 @@ Resultado<> EditIntvVentana::entrar(const PuertaEditIntv& puerta) {
   ui_.LstOper->setCurrentIndex(-1);
   TARVO_INTENTAR(editar({p.tipo, p.desde, p.hasta, {}}));
   tipoCambiado();
+  vaciarEntrada();
+  deshacer_->olvidar();
   claseCambiada();
   pintarEntradas();
   setWindowTitle(t(nuevo_ ? kTxNuevoPeriodo : kTxModificarPeriodo));
@@ -80,13 +97,13 @@ void EditIntvVentana::tipoCambiado() {
   ui_.Fecha1->setVisible(!conAno);
   ui_.rotulo1->setVisible(!conAno);
   ui_.FechaF->setVisible(tipo == kOtros);
-  ui_.FechaF->setEnabled(tipo == kOtros);  // only what is seen is read
+  ui_.FechaF->setEnabled(tipo == kOtros);  // a disabled field isn't read
   ui_.rotuloF->setVisible(tipo == kOtros);
   if (conAno) mesCambiado();
   pintarLimites();
 }
 
-// The first day of the month or year, for the kinds that are chosen so.
+// For a month or a year, sets the beginning to its first day.
 void EditIntvVentana::mesCambiado() {
   const int tipo = ui_.LstTipo->currentData().toInt();
   if (tipo != kMensual && tipo != kAnual) return;
@@ -114,7 +131,7 @@ std::vector<ventanas::Ficha::FaltaCampo> EditIntvVentana::comprobar() {
   return {};
 }
 
-// Sales that the larger periods would lose leave them only when somebody says so.
+// Asks before sales leave the larger periods that contain this one.
 bool EditIntvVentana::aceptaQueSalga(const Periodo& p) {
   if (nuevo_) return true;
   const auto salen = p_.saldriaDe(link_, p.tipo, p.desde, p.hasta);
@@ -125,25 +142,25 @@ bool EditIntvVentana::aceptaQueSalga(const Periodo& p) {
              ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
 }
 
-// What is written is meant, also where its button wasn't pressed.
+// Numbers typed but not yet added count as added.
 bool EditIntvVentana::conforme() {
-  return (!hayEscrito() || anadir()) && aceptaQueSalga(periodo());
+  return (!renglon_.escrito() || anadir()) && aceptaQueSalga(periodo());
 }
 
 Resultado<> EditIntvVentana::aplicar() {
   const Periodo p = periodo();
-  const auto link = guardarConManuales(p_, nuevo_ ? 0 : link_, p, r.entradas);
-  if (link) {
-    link_ = *link;
+  auto guardado = guardarConManuales(p_, nuevo_ ? 0 : link_, p, r.entradas);
+  if (guardado) {
+    guardado_ = *std::move(guardado);
     return {};
   }
-  const Error& e = link.error();
+  const Error& e = guardado.error();
   if (!nuevo_) return std::unexpected(e);
   if (e.clase == Fallo::Duplicado) return fallo(e.clase, t(kTxYaExiste).arg(TextoPeriodo(p)));
   return fallo(e.clase, t(kTxErrorAlCrear) + u". "_s + e.texto);
 }
 
-// Among the totals keyed in by hand Return adds what is written.
+// Within the totals keyed in by hand, Return adds the numbers typed.
 void EditIntvVentana::keyPressEvent(QKeyEvent* evento) {
   const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
   const QWidget* foco = focusWidget();
@@ -154,7 +171,7 @@ void EditIntvVentana::keyPressEvent(QKeyEvent* evento) {
 }
 
 bool EditIntvVentana::QueryUnload() {
-  if (r.entradas.empty() && !hayEscrito()) return FichaDe::QueryUnload();
+  if (r.entradas.empty() && !renglon_.escrito()) return FichaDe::QueryUnload();
   return !ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxDesecharManuales),
                                      ventanas::kAceptoCancelo | ventanas::kExclamacion);
 }

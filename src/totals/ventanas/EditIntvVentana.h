@@ -1,7 +1,8 @@
-// One period, new or changed, and totals keyed in by hand: EditIntv. What
-// is keyed waits in a list and goes in with the period, in one transaction.
+// EditIntv: a period, new or changed, and totals keyed in by hand. These are kept in a list and
+// saved with the period, in one transaction.
 #pragma once
 
+#include "core/ventanas/edicion/Deshacer.h"
 #include "core/ventanas/edicion/Ficha.h"
 #include "totals/periodos/Manuales.h"
 #include "totals/ventanas/Puertas.h"
@@ -9,7 +10,7 @@
 
 namespace tarvo::totals {
 
-// The period as it is written, and what is keyed in for it.
+// The period as edited, and the totals keyed in for it.
 struct PeriodoEditado {
   int tipo = kDiario;
   Fecha desde, hasta;
@@ -38,25 +39,31 @@ class EditIntvVentana final : public ventanas::FichaDe<PeriodoEditado> {
   std::vector<FaltaCampo> comprobar() override;
   bool conforme() override;
   Resultado<> aplicar() override;
-  void aplicada() override { entregar(link_); }
+  void aplicada() override { entregar(guardado_); }
 
+  void montarManuales();
+  ventanas::Modo contador(qint64& donde, std::function<std::optional<qint64>(QString)> leer) const;
   void claseCambiada();
   void grupoCambiado();
   int seccionDelGrupo();
-  std::optional<EntradaManual> leerEntrada();
-  std::optional<Contadores> leerNumeros();
-  std::optional<qint64> leerCodigo(EntradaManual& e);
-  bool anadir();            // false, and it has been said, when it isn't in the list
-  bool hayEscrito() const;  // numbers that were not added yet
+  Resultado<> leerEntrada();
+  Resultado<qint64> leerCodigo();
+  bool anadir();  // false if it isn't added; that has been reported
+  void vaciarEntrada();
   void quitar();
   void pintarEntradas();
-  std::optional<EntradaManual> faltaEntrada(int texto, QWidget& control);
+  std::unexpected<Error> faltaEntrada(int texto, QWidget& control);
 
   Ui::EditIntv ui_;
   Periodos& p_;
   bool nuevo_ = true;
   qint64 link_ = 0;
+  Guardado guardado_;
   ventanas::Campo* hasta_ = nullptr;
+  EntradaManual entrada_;  // what is written and not yet in the list
+  qint64 plu_ = 0;
+  ventanas::Renglon renglon_;
+  ventanas::Deshacer* deshacer_ = nullptr;
 };
 
 }  // namespace tarvo::totals

@@ -1,4 +1,4 @@
-// What was received, group by group and kind by kind, and where it is to go: FormDetalles.
+// FormDetalles: the readings received, by group and kind, and their destination.
 #pragma once
 
 #include "core/ventanas/edicion/Ficha.h"
@@ -7,8 +7,8 @@
 
 namespace tarvo::totals {
 
-// Where it goes: all of it to one of the proposed periods, or each reading to its own; and whether
-// a period that is there is replaced.
+// The destination: one of the proposed periods for all readings, or its own for each; and whether
+// an existing period is replaced.
 struct DestinoElegido {
   bool aUno = true, sustituir = true;
   int cual = 0;
@@ -20,7 +20,8 @@ class FormDetallesVentana final : public ventanas::FichaDe<DestinoElegido> {
  public:
   FormDetallesVentana(ventanas::Contexto& contexto, const QString& nombre);
   Resultado<> entrar(const PuertaFormDetalles& puerta);
-  // What is chosen counts when it is memorised; leaving is the contrary, and loses nothing.
+  // The choice only takes effect when the session is memorised, so closing loses nothing and asks
+  // nothing.
   bool QueryUnload() override { return false; }
 
  private:

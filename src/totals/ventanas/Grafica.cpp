@@ -34,7 +34,7 @@ namespace {
 
 constexpr int kAnchoMinimo = 240, kAltoMinimo = 160;
 constexpr int kTicks = 5;
-constexpr int kAnchoTicks = 330;  // below it, lying bars have room for two beside their names
+constexpr int kAnchoTicks = 330;  // below it, horizontal bars have room for two ticks
 
 qint64 milisegundos(QDate dia) {
   return QDateTime(dia, QTime(12, 0), Qt::UTC).toMSecsSinceEpoch();
@@ -93,7 +93,7 @@ void Grafica::preparar(ventanas::Contexto& contexto) {
 
 void Grafica::barras(const QString& titulo, std::vector<Barra> barras, bool tumbadas, int moneda) {
   titulo_ = titulo, barras_ = std::move(barras), tumbadas_ = tumbadas, moneda_ = moneda;
-  // Bars without height are no picture.
+  // Bars without height make no chart.
   if (std::ranges::all_of(barras_, [](const Barra& b) { return b.importe == 0; })) barras_.clear();
   nada_->setText(c_->textos(kTxSinGrafica));
   dias_.clear();
@@ -103,7 +103,7 @@ void Grafica::barras(const QString& titulo, std::vector<Barra> barras, bool tumb
 void Grafica::linea(const QString& titulo, std::vector<Dia> dias, int moneda) {
   titulo_ = titulo, dias_ = std::move(dias), moneda_ = moneda;
   if (std::ranges::all_of(dias_, [](const Dia& d) { return d.importe == 0; })) dias_.clear();
-  if (dias_.size() == 1)  // a line of one point is a dot
+  if (dias_.size() == 1)  // a line of a single point would be a dot
     return barras(titulo, {{Fecha::de(dias_.front().dia).corta(), dias_.front().importe}}, false,
                   moneda);
   nada_->setText(c_->textos(kTxSinGrafica));
@@ -158,7 +158,7 @@ void Grafica::pintarBarras(QChart& chart) {
   importes->setBorderColor(colorDe(Tinte::Acento));
   QStringList nombres, categorias;
   double desde = 0, hasta = 0;
-  // From the top down the first bar is the last of its axis.
+  // Horizontal bars are drawn from the bottom up, so the first one comes last.
   std::vector<Barra> orden = barras_;
   if (tumbadas_) std::ranges::reverse(orden);
   for (const Barra& b : orden) {
@@ -166,7 +166,7 @@ void Grafica::pintarBarras(QChart& chart) {
     desde = std::min(desde, v), hasta = std::max(hasta, v);
     importes->append(v);
     nombres << b.nombre;
-    categorias << QString::number(categorias.size());  // two of one name would be one
+    categorias << QString::number(categorias.size());  // equal names would be merged
   }
   QAbstractBarSeries* serie = nullptr;
   if (tumbadas_)

@@ -1,5 +1,5 @@
-// A chart in the colours of the theme: bars by code or by hour, or a line along the days. It reads
-// as text too, for assistive tools and on the pointer.
+// A chart in the colours of the theme: bars by code or by hour, or a line over days. Its values are
+// also available as text: to assistive tools, and in a tool tip under the pointer.
 #pragma once
 
 #include <QDate>
@@ -18,7 +18,7 @@ class Grafica final : public QWidget {
   Q_OBJECT
  public:
   explicit Grafica(QWidget* padre = nullptr);
-  // Before anything else; follows the face of the theme from then on.
+  // To be called first. Redraws the chart whenever the theme changes.
   void preparar(ventanas::Contexto& contexto);
 
   struct Barra {
@@ -29,9 +29,9 @@ class Grafica final : public QWidget {
     QDate dia;
     qint64 importe = 0;
   };
-  // `tumbadas`: side by side from top to bottom, for long names.
+  // `tumbadas`: horizontal bars, for long names.
   void barras(const QString& titulo, std::vector<Barra> barras, bool tumbadas, int moneda);
-  // Through time; of one day, a bar.
+  // A line over days; a single day is drawn as a bar.
   void linea(const QString& titulo, std::vector<Dia> dias, int moneda);
   void vaciar(const QString& motivo);
   int puntos() const { return static_cast<int>(barras_.size() + dias_.size()); }

@@ -21,10 +21,12 @@ enum EstadoImport {
   kSinFichero = 0,
   kListo = 1,
   kLeyendo = 2,
+  kParando = 3,
   kInterrumpido = 4,
   kRealizado = 5,
   kMalasLineas = 6,
   kMalPeriodo = 7,
+  kBorrando = 8,
 };
 
 int textoEstado(int estado) {
@@ -32,6 +34,7 @@ int textoEstado(int estado) {
     case kListo:
       return kTxListo;
     case kLeyendo:
+    case kParando:
       return ventanas::kTxEnProcesoDeLectura;
     case kInterrumpido:
       return kTxInterrumpido;
@@ -41,6 +44,8 @@ int textoEstado(int estado) {
       return kTxLineasMalas;
     case kMalPeriodo:
       return kTxPeriodoMalo;
+    case kBorrando:
+      return kTxBorrandoExistente;
     default:
       return kTxSeleccioneFichero;
   }
@@ -92,15 +97,16 @@ void ImpTotVentana::ponerEstado(int estado) {
   ui_.mensaje->setText(t(textoEstado(estado)));
   ui_.LstFich->setEnabled(elegir);
   ui_.otraCarpeta->setEnabled(elegir);
-  ui_.Haz->setEnabled(estado != kLeyendo && !elegir);
+  const bool enCurso = estado == kLeyendo || estado == kParando || estado == kBorrando;
+  ui_.Haz->setEnabled(!enCurso && !elegir);
   ui_.Haz->setText(t(estado == kListo ? int{kTxLanzar} : int{ventanas::kTxOtroFichero}));
   ui_.hazTodos->setEnabled(estado == kListo);
-  ui_.Alto->setEnabled(estado == kListo || estado == kLeyendo);
+  ui_.Alto->setEnabled(estado == kListo || enCurso);
   if (elegir) {
     for (QLabel* l : {ui_.LbCom, ui_.LbFecha, ui_.LbTipo, ui_.existe, ui_.Conta}) l->clear();
     fichero_.reset();
     bloque_.reset();
-    tira().quitar();  // it was about another file
+    tira().quitar();  // it referred to another file
     ui_.LstFich->setFocus();
   } else if (estado == kListo) {
     ui_.Haz->setFocus();
@@ -136,47 +142,51 @@ void ImpTotVentana::mostrarBloque() {
   ui_.existe->setText(t(bloque_->existente ? kTxEsePeriodoExiste : kTxEsePeriodoEsNuevo));
 }
 
-// One block, and the header after it.
-Resultado<bool> ImpTotVentana::incorporarUno() {
+// Imports one block and reads the header of the next. A block is one step, so its phases are
+// painted at once.
+Resultado<> ImpTotVentana::incorporarUno() {
+  const auto fase = [this](Importacion::Fase f) {
+    ponerEstado(f == Importacion::Fase::Borrando ? kBorrando : kLeyendo);
+    ui_.mensaje->repaint();
+  };
   TARVO_TOMAR(const auto hecho,
-              fichero_->incorporar(ui_.BorrPrevio->isChecked() ? SiExiste::Borrarlo
-                                                               : SiExiste::Acumularlo));
+              fichero_->incorporar(
+                  ui_.BorrPrevio->isChecked() ? SiExiste::Borrarlo : SiExiste::Acumularlo, fase));
   ++hechos_;
   lineas_ += hecho.lineas;
   ui_.Conta->setText(lineas_ > 0 ? t(kTxNTotales, static_cast<int>(lineas_)) : t(kTxSinTotales));
   TARVO_TOMAR(auto b, fichero_->siguiente());
   bloque_ = std::move(b);
   if (bloque_) mostrarBloque();
-  return bloque_.has_value();
+  return {};
 }
 
 void ImpTotVentana::Haz(bool todos) {
   if (estado_ != kListo) return ponerEstado(kSinFichero);
   ponerEstado(kLeyendo);
-  trabajo().empezar(
-      t(kTxImportando),
-      [this, todos](Trabajo::Avance& a) -> Resultado<bool> {
-        const auto hayMas = incorporarUno();
-        a.hechos = fichero_->leidos();
-        a.total = fichero_->tamano();
-        if (!hayMas) return hayMas;
-        return todos && *hayMas;
-      },
-      [this](const Resultado<Trabajo::Fin>& fin) {
-        if (!fin) {
-          ponerEstado(fin.error().clase == Fallo::Formato ? kMalasLineas : kMalPeriodo);
-          return decirFallo(fin.error());
-        }
-        if (*fin == Trabajo::Fin::Parado) return ponerEstado(kInterrumpido);
-        if (bloque_) return ponerEstado(kListo);
-        ponerEstado(kRealizado);
-        decirBien(t(kTxImportado) + u": "_s + t(kTxNPeriodos, hechos_));
-      });
+  ventanas::trabajar(*this, nullptr,
+                     {.que = t(kTxImportando),
+                      .total = fichero_->tamano(),
+                      .paso = [this](qint64) { return incorporarUno(); },
+                      .acabar = [this](const ventanas::Faena::Fin& fin) { acabar(fin); },
+                      .parado = [this] { return t(kTxInterrumpido); },
+                      .hasta = [this] { return fichero_->leidos(); },
+                      .sigue = [this, todos] { return todos && bloque_; }});
+}
+
+void ImpTotVentana::acabar(const ventanas::Faena::Fin& fin) {
+  if (fin.error)
+    return ponerEstado(fin.error->clase == Fallo::Formato ? kMalasLineas : kMalPeriodo);
+  if (fin.parado) return ponerEstado(kInterrumpido);
+  if (bloque_) return ponerEstado(kListo);
+  ponerEstado(kRealizado);
+  decirBien(t(kTxImportado) + u": "_s + t(kTxNPeriodos, hechos_));
 }
 
 void ImpTotVentana::Alto() {
-  if (trabajo().enMarcha()) return trabajo().parar();
-  ponerEstado(kSinFichero);
+  if (!trabajo().enMarcha()) return ponerEstado(kSinFichero);
+  ponerEstado(kParando);
+  trabajo().parar();
 }
 
 }  // namespace tarvo::totals

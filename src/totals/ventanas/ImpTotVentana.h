@@ -1,8 +1,8 @@
-// Periods from a file: ImpTot. Each block is shown before it goes in, or all go in one after
-// another.
+// ImpTot: imports periods from a file. Each block is shown before it is imported, or all are
+// imported one after another.
 #pragma once
 
-#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/edicion/Ordenes.h"
 #include "totals/intercambio/XporTot.h"
 #include "totals/ventanas/Puertas.h"
 #include "ui_ImpTot.h"
@@ -24,7 +24,8 @@ class ImpTotVentana final : public ventanas::Ventana {
   void leerSiguiente();
   void mostrarBloque();
   void Haz(bool todos);
-  Resultado<bool> incorporarUno();
+  Resultado<> incorporarUno();
+  void acabar(const ventanas::Faena::Fin& fin);
   void Alto();
 
   Ui::ImpTot ui_;

@@ -50,7 +50,7 @@ Resultado<> ImpUnaFilaVentana::entrar(const PuertaImpUnaFila& puerta) {
   return {};
 }
 
-// The first day of what was picked: of the month, of the year.
+// The date selected, set back to the first day of its month or year if that is the kind of period.
 std::optional<Fecha> ImpUnaFilaVentana::fechaDe(const Extremo& e) const {
   if (!e.si->isChecked()) return std::nullopt;
   QDate d = e.fecha->date();

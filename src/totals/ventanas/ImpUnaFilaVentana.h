@@ -1,4 +1,4 @@
-// Asks for the span of the rows that VerFils shows: ImpUnaFila.
+// ImpUnaFila: asks for the time span of the rows that VerFils shows.
 #pragma once
 
 #include <QCheckBox>
@@ -9,7 +9,7 @@
 
 namespace tarvo::totals {
 
-// A reading, which nobody misses when it is left: it asks nothing at its closing.
+// It changes no data, so it asks nothing when it is closed.
 class ImpUnaFilaVentana final : public ventanas::Ficha {
  public:
   ImpUnaFilaVentana(ventanas::Contexto& contexto, const QString& nombre);

@@ -28,7 +28,7 @@ void repartirLado(QSplitter& divisor, const ventanas::Recuerdos& recuerdos,
   divisor.setStretchFactor(1, kParteLado);
   divisor.setChildrenCollapsible(false);
   if (recuerdos.leer(ventana, divisor.objectName()).isEmpty())
-    divisor.setSizes({kParteLista * kMucho, kParteLado * kMucho});  // scaled to what there is
+    divisor.setSizes({kParteLista * kMucho, kParteLado * kMucho});  // scaled to the available width
 }
 
 }  // namespace tarvo::totals

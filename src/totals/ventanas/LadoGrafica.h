@@ -1,4 +1,4 @@
-// The side of a list that a button shows and hides, and that is remembered by window.
+// The side panel of a list, shown and hidden by a button; its state is remembered for each window.
 #pragma once
 
 #include <QAction>
@@ -8,10 +8,10 @@
 
 namespace tarvo::totals {
 
-// Shown from the start, until a person hides it.
+// Visible at first, until the user hides it.
 void unirLado(QAction& interruptor, QWidget& lado, ventanas::Recuerdos& recuerdos,
               const QString& ventana);
-// Two thirds to the list, the first time that the window is seen.
+// Gives the list the larger part (5 : 2) the first time the window is opened.
 void repartirLado(QSplitter& divisor, const ventanas::Recuerdos& recuerdos, const QString& ventana);
 
 }  // namespace tarvo::totals

@@ -1,5 +1,5 @@
-// The warning about a period that no reception made: NoStkBle. Accepted means to go on all the
-// same.
+// NoStkBle: warns about a period that no reception created. Accepting it means going on
+// nevertheless.
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"

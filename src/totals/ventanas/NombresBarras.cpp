@@ -16,7 +16,7 @@ using ventanas::kPaso;
 
 namespace {
 
-constexpr double kParteNombres = 0.66;  // of the chart's width, at most
+constexpr double kParteNombres = 0.66;  // at most, of the chart's width
 
 }  // namespace
 
@@ -43,7 +43,7 @@ QPointF NombresBarras::sitio(size_t i) const {
   return chart_.mapToPosition(tumbadas_ ? QPointF(0, n) : QPointF(n, 0), &serie_);
 }
 
-// Setting a margin moves the plot, and so comes back here.
+// Changing a margin moves the plot area, which calls this function again.
 void NombresBarras::colocar() {
   const QFontMetricsF m(letra_);
   double ancho = 0;

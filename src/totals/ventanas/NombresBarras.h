@@ -1,6 +1,6 @@
-// The names of a chart's bars, beside or below them. The axis of the chart itself cuts every name
-// to its share of the room; these take what they need, up to a part of the width, and where they
-// would touch one another only every second, third... stands.
+// The names of a chart's bars, beside or below them. The chart's own axis elides every name to an
+// equal share of the room; these take the room they need, up to a part of the width, and if they
+// would touch one another only every second, third... one is shown.
 #pragma once
 
 #include <QGraphicsSimpleTextItem>
@@ -13,8 +13,7 @@ namespace tarvo::totals {
 
 class NombresBarras final : public QObject {
  public:
-  // One name a bar, in the order of the series. It lives as long as the chart, whose margins it
-  // sets.
+  // One name per bar, in the order of the series. Owned by the chart, whose margins it sets.
   NombresBarras(QChart& chart, QAbstractSeries& serie, QStringList nombres, bool tumbadas,
                 const QFont& letra);
 

@@ -7,12 +7,13 @@
 #include "core/valores/Fecha.h"
 #include "core/ventanas/marco/Puerta.h"
 #include "totals/periodos/Clases.h"
+#include "totals/periodos/Manuales.h"
 #include "totals/ventanas/DetalleSesion.h"
 
 namespace tarvo::totals {
 
-// The span of the rows that are shown; nothing for an open end. `mision`: the kind of period, whose
-// months and years are stepped through.
+// The time span of the rows shown; nothing for an open end. `mision`: the kind of period, which
+// makes the dates advance by months or years.
 struct IntervaloFila {
   std::optional<Fecha> desde, hasta;
 };
@@ -23,54 +24,56 @@ struct PuertaImpUnaFila {
   QString titulo = {};
 };
 
-// One period, new or changed, and totals keyed in by hand; its LINK. `tipo`: what a new one begins
-// with.
+// Creates or changes a period, with totals keyed in by hand; returns what was saved. `tipo`: the
+// initial kind of a new one.
 struct PuertaEditIntv {
   static constexpr QStringView kNombre = u"EditIntv";
-  using Salida = qint64;
+  using Salida = Guardado;
   std::optional<qint64> link = {};
   int tipo = 1;
 };
 
-// What was received, and where it is to go; what is chosen there.
+// The readings received and their destination; returns the choices made.
 struct PuertaFormDetalles {
   static constexpr QStringView kNombre = u"FormDetalles";
   using Salida = DetalleSesion;
   DetalleSesion detalle = {};
 };
 
-// The session: what was received, to be memorised or forgotten.
+// The session: the readings received, to be memorised or forgotten. `alSalir`: opened by a window
+// that is being closed, where Return leaves the session as it is.
 struct PuertaCerrSes {
   static constexpr QStringView kNombre = u"CerrSes";
+  bool alSalir = false;
   bool operator==(const PuertaCerrSes&) const = default;
 };
 
-// Machines of which a person must say whether they were zeroed.
+// Machines for which the user must state whether they were zeroed.
 struct PuertaDudasCero {
   static constexpr QStringView kNombre = u"DudasCero";
   bool operator==(const PuertaDudasCero&) const = default;
 };
 
-// The list of periods; `link`: the one that is chosen in it, 0 for none.
+// The list of periods; `link`: the one to be selected, 0 for none.
 struct PuertaVerTot {
   static constexpr QStringView kNombre = u"VerTot";
   qint64 link = 0;
   bool operator==(const PuertaVerTot&) const = default;
 };
 
-// Whether these periods are to be added up; accepted, there is a period to add them to.
+// Asks whether to add up these periods. If accepted, the period that receives them exists.
 struct PuertaConfirSum {
   static constexpr QStringView kNombre = u"ConfirSum";
   std::vector<qint64> links = {};
 };
 
-// Whether to go on with a period that isn't to be taken off the stock.
+// Asks whether to go on with a period that isn't meant to be deducted from stock.
 struct PuertaNoStkBle {
   static constexpr QStringView kNombre = u"NoStkBle";
 };
 
-// The rows of one period and kind; `link` 0: of the most recent one. Amounts in the preferred
-// currency, or in `moneda`. `grupo`: of that one alone, 0 for all.
+// The rows of a kind in one period; `link` 0: the most recent one. Amounts in `moneda`, or the
+// preferred currency. `grupo`: only that one, 0 for all.
 struct PuertaVerCols {
   static constexpr QStringView kNombre = u"VerCols";
   qint64 link = 0;
@@ -88,8 +91,8 @@ struct PuertaV_ColOpH {
   QString instancia() const { return link > 0 ? QString::number(link) : QString(); }
 };
 
-// One code across time; without it what sold most in the most recent day. `seccion`: of the kinds
-// whose codes are a section's.
+// One code across periods; without a code, the best seller of the most recent day. `seccion`: for
+// the kinds whose codes belong to a section.
 struct PuertaVerFils {
   static constexpr QStringView kNombre = u"VerFils";
   TipoTotal clase = TipoTotal::PLUs;
@@ -98,12 +101,12 @@ struct PuertaVerFils {
   std::optional<int> moneda = {};
 };
 
-// Periods to a file, in this order; without any the most recent one.
+// Exports periods to a file, in this order; if empty, the most recent one.
 struct PuertaXporTot {
   static constexpr QStringView kNombre = u"XporTot";
   std::vector<qint64> links = {};
 };
-// Periods from files of a folder; empty: the shop's.
+// Imports periods from the files of a folder; if empty, the shop's folder.
 struct PuertaImpTot {
   static constexpr QStringView kNombre = u"ImpTot";
   QString carpeta = {};

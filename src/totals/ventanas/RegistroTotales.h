@@ -8,7 +8,7 @@
 
 namespace tarvo::totals {
 
-// By their doors, see Puertas.h. REQUIRES that the engines outlive all windows.
+// Registers them by their doors, see Puertas.h. REQUIRES that the engines outlive all windows.
 void registrarVentanasTotales(ventanas::Ventanas& ventanas, Sesion& sesion, Periodos& periodos);
 
 }  // namespace tarvo::totals

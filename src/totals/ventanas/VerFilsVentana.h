@@ -1,5 +1,5 @@
-// One code across time, for articles, groups, operators and departments: VerFils. Opened from the
-// windows of articles, operators, departments and groups, and from a row of a viewer.
+// VerFils: one code across periods, for articles, groups, operators and departments. Opened from
+// the windows of articles, operators, departments and groups, and from a row of a viewer.
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"
@@ -32,7 +32,7 @@ class VerFilsVentana final : public ventanas::Ventana {
   FiltroCodigo filtro_;
   QString nombre_;
   int moneda_;
-  bool porGrupo_ = false;  // the columns that the grid has now
+  bool porGrupo_ = false;  // the current columns of the grid
   std::unique_ptr<Temporizador> grafica_;
 };
 

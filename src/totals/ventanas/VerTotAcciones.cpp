@@ -1,13 +1,14 @@
-// What is done with the periods chosen: questions, steps, what was done, and how to take it back.
+// The actions on the selected periods: questions, steps, results, and how to undo them.
 #include <QMenu>
 #include <QToolButton>
+#include <algorithm>
 
 #include "core/textos/Textos.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/edicion/Ordenes.h"
 #include "core/ventanas/marco/Alcance.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Tira.h"
-#include "core/ventanas/marco/TiraTrabajo.h"
 #include "totals/periodos/Sumas.h"
 #include "totals/ventanas/Puertas.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
@@ -20,6 +21,24 @@ using ventanas::kAceptoCancelo;
 using ventanas::kExclamacion;
 using ventanas::kSoloAcepto;
 using ventanas::MyMsgBox;
+
+namespace {
+
+// Each larger period once.
+QString textoMayores(const std::vector<Acumulacion>& hechas) {
+  std::vector<Periodo> mayores;
+  for (const Acumulacion& a : hechas)
+    if (std::ranges::find(mayores, a.mayor) == mayores.end()) mayores.push_back(a.mayor);
+  return TextoPeriodos(mayores);
+}
+
+std::vector<qint64> linksDe(const std::vector<Acumulacion>& hechas) {
+  std::vector<qint64> links;
+  for (const Acumulacion& a : hechas) links.push_back(a.link);
+  return links;
+}
+
+}  // namespace
 
 void VerTotVentana::montarMenus() {
   mnuAcu_ = new QMenu(this);
@@ -48,7 +67,7 @@ void VerTotVentana::montarMenus() {
     QToolBar* barra = a == ui_.VerCosa ? ui_.barra : ui_.barra2;
     auto* b = qobject_cast<QToolButton*>(barra->widgetForAction(a));
     if (b) b->setPopupMode(QToolButton::InstantPopup);
-    // The key opens the menu under its button.
+    // The shortcut opens the menu below its button.
     connect(a, &QAction::triggered, this, [this, a, b] {
       a->menu()->popup(b && b->isVisible() ? b->mapToGlobal(QPoint(0, b->height()))
                                            : ui_.Grid->mapToGlobal(QPoint(0, 0)));
@@ -62,27 +81,25 @@ void VerTotVentana::montarMenus() {
 
 void VerTotVentana::montarAcciones() {
   const std::pair<QAction*, QString> iconos[] = {
-      {ui_.NuevoIV, u"anadir"_s},  {ui_.Modifo, u"modificar"_s},  {ui_.Borro, u"borrar"_s},
-      {ui_.Vacio, u"quitar"_s},    {ui_.acumule, u"acumular"_s},  {ui_.DesAcum, u"bajar"_s},
-      {ui_.SumaCol, u"sumar"_s},   {ui_.StockAR, u"almacen"_s},   {ui_.DesStock, u"subir"_s},
-      {ui_.VerCosa, u"totales"_s}, {ui_.Import, u"importar"_s},   {ui_.Exportar, u"exportar"_s},
-      {ui_.Deshacer, u"atras"_s},  {ui_.VerGrafica, u"grafica"_s}};
+      {ui_.NuevoIV, u"anadir"_s},    {ui_.Modifo, u"modificar"_s}, {ui_.Borro, u"borrar"_s},
+      {ui_.Vacio, u"quitar"_s},      {ui_.acumule, u"acumular"_s}, {ui_.DesAcum, u"bajar"_s},
+      {ui_.SumaCol, u"sumar"_s},     {ui_.StockAR, u"almacen"_s},  {ui_.DesStock, u"subir"_s},
+      {ui_.VerCosa, u"totales"_s},   {ui_.Import, u"importar"_s},  {ui_.Exportar, u"exportar"_s},
+      {ui_.VerGrafica, u"grafica"_s}};
   for (const auto& [accion, dibujo] : iconos) accion->setIcon(ventanas::icono(dibujo));
-  const std::pair<QAction*, QKeySequence> teclas[] = {
-      {ui_.VerCosa, Qt::Key_F4},
-      {ui_.NuevoIV, Qt::Key_Insert},
-      {ui_.Modifo, Qt::Key_F2},
-      {ui_.Borro, Qt::Key_Delete},
-      {ui_.Vacio, Qt::CTRL | Qt::Key_Delete},
-      {ui_.acumule, Qt::Key_F6},
-      {ui_.DesAcum, Qt::SHIFT | Qt::Key_F6},
-      {ui_.SumaCol, Qt::Key_F7},
-      {ui_.StockAR, Qt::Key_F8},
-      {ui_.DesStock, Qt::SHIFT | Qt::Key_F8},
-      {ui_.Import, Qt::CTRL | Qt::Key_O},
-      {ui_.Exportar, Qt::CTRL | Qt::Key_S},
-      {ui_.Deshacer, QKeySequence(QKeySequence::Undo)},
-      {ui_.VerGrafica, Qt::CTRL | Qt::Key_G}};
+  const std::pair<QAction*, QKeySequence> teclas[] = {{ui_.VerCosa, Qt::Key_F4},
+                                                      {ui_.NuevoIV, Qt::Key_Insert},
+                                                      {ui_.Modifo, Qt::Key_F2},
+                                                      {ui_.Borro, Qt::Key_Delete},
+                                                      {ui_.Vacio, Qt::CTRL | Qt::Key_Delete},
+                                                      {ui_.acumule, Qt::Key_F6},
+                                                      {ui_.DesAcum, Qt::SHIFT | Qt::Key_F6},
+                                                      {ui_.SumaCol, Qt::Key_F7},
+                                                      {ui_.StockAR, Qt::Key_F8},
+                                                      {ui_.DesStock, Qt::SHIFT | Qt::Key_F8},
+                                                      {ui_.Import, Qt::CTRL | Qt::Key_O},
+                                                      {ui_.Exportar, Qt::CTRL | Qt::Key_S},
+                                                      {ui_.VerGrafica, Qt::CTRL | Qt::Key_G}};
   for (const auto& [accion, tecla] : teclas) accion->setShortcut(tecla);
   connect(ui_.NuevoIV, &QAction::triggered, this, [this] { editar(true); });
   connect(ui_.Modifo, &QAction::triggered, this, [this] { editar(false); });
@@ -93,19 +110,25 @@ void VerTotVentana::montarAcciones() {
   connect(ui_.DesStock, &QAction::triggered, this, [this] { descontar(true); });
   connect(ui_.Import, &QAction::triggered, this, &VerTotVentana::importar);
   connect(ui_.Exportar, &QAction::triggered, this, &VerTotVentana::exportar);
-  connect(ui_.Deshacer, &QAction::triggered, this, &VerTotVentana::deshacerUltimo);
   ui_.Grid->ponerAcciones({ui_.VerCosa, ui_.NuevoIV, ui_.Modifo, ui_.Borro, ui_.Vacio, ui_.acumule,
                            ui_.DesAcum, ui_.SumaCol, ui_.StockAR, ui_.DesStock, ui_.Exportar,
                            ui_.Deshacer});
-  botonDeshacer_ = new QToolButton(this);
-  botonDeshacer_->setObjectName(u"deshacer"_s);
-  ventanas::seguirAccion(*botonDeshacer_, *ui_.Deshacer);
-  botonDeshacer_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  tira().ponerBoton(botonDeshacer_);
-  mostrarDeshacer();
 }
 
-// The rows chosen, else the one in hand, which is chosen first.
+// The strip has an undo button while there is anything to undo.
+void VerTotVentana::montarDeshacer() {
+  deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
+  auto* boton = new QToolButton(this);
+  boton->setObjectName(u"deshacer"_s);
+  ventanas::seguirAccion(*boton, *ui_.Deshacer);
+  boton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  const auto seguir = [this, boton] { boton->setVisible(ui_.Deshacer->isEnabled()); };
+  tira().ponerBoton(boton);
+  connect(ui_.Deshacer, &QAction::changed, boton, seguir);
+  seguir();
+}
+
+// The selected rows; if there are none, the current row, which gets selected.
 std::vector<qint64> VerTotVentana::elegidos() {
   std::vector<qint64> links;
   for (const int fila : ui_.Grid->filasParaActuar()) links.push_back(ui_.Grid->clave(fila));
@@ -118,78 +141,59 @@ std::optional<Resumen> VerTotVentana::resumenDe(const std::vector<qint64>& links
   return *r;
 }
 
-void VerTotVentana::ocupar(bool si) {
-  trabajando_ = si;
-  for (QWidget* w : {static_cast<QWidget*>(ui_.barra), static_cast<QWidget*>(ui_.barra2),
-                     static_cast<QWidget*>(ui_.Grid)})
-    w->setEnabled(!si);
-  for (QAction* a : {ui_.NuevoIV, ui_.Import}) a->setEnabled(!si);
-  actualCambiada();
-  mostrarDeshacer();
-}
-
 void VerTotVentana::porPasos(const QString& que, std::vector<qint64> links, Pasos paso,
                              std::function<void(Cuentas)> alFinal) {
   const auto cuentas = std::make_shared<Cuentas>();
-  const auto pendientes = std::make_shared<std::vector<qint64>>(std::move(links));
-  const auto uno = [=](Trabajo::Avance& a) -> Resultado<bool> {
-    a.total = static_cast<qint64>(pendientes->size());
-    if (a.hechos >= a.total) return false;
-    TARVO_TOMAR(const auto hecho, paso((*pendientes)[static_cast<size_t>(a.hechos)]));
+  const auto total = static_cast<qint64>(links.size());
+  const auto uno = [=, links = std::move(links)](qint64 i) -> Resultado<> {
+    TARVO_TOMAR(const auto hecho, paso(links[static_cast<size_t>(i)]));
     ++(hecho ? cuentas->bien : cuentas->mal);
-    return ++a.hechos < a.total;
+    return {};
   };
-  ocupar(true);
-  trabajo().empezar(que, uno, [=, this](const Resultado<Trabajo::Fin>& fin) {
-    ocupar(false);
-    ui_.Grid->limpiarSeleccion();
+  ventanas::trabajar(*this, nullptr,
+                     {.que = que,
+                      .total = total,
+                      .paso = uno,
+                      .acabar =
+                          [=, this](const ventanas::Faena::Fin&) {
+                            ui_.Grid->limpiarSeleccion();
+                            refrescar();
+                            ui_.Grid->setFocus();
+                            alFinal(*cuentas);
+                          },
+                      .parado = [=, this] { return t(kTxParadoEn, cuentas->bien).arg(total); },
+                      .quietos = {ui_.barra, ui_.barra2, ui_.Grid}});
+}
+
+void VerTotVentana::decirCuentas(const QString& bien, int textoMal, Cuentas cuentas) {
+  if (cuentas.mal > 0)
+    return decirDuda(t(textoMal, cuentas.mal), cuentas.bien > 0 ? bien : QString());
+  if (cuentas.bien > 0) decirBien(bien);
+}
+
+// --- undo
+
+// A step whose place is taken stays, and can be undone once that is free; any other failed one is
+// dropped.
+void VerTotVentana::apuntar(const Vuelta& v) {
+  using Vuelto = ventanas::Deshacer::Vuelto;
+  deshacer_->apuntar(v.que, [this, v]() -> Resultado<Vuelto> {
+    const auto hecho = v.hacer();
+    if (!hecho && hecho.error().clase == Fallo::Duplicado) {
+      decirFallo(hecho.error());
+      return Vuelto{.queda = true};
+    }
+    TARVO_INTENTAR(hecho);
     refrescar();
-    ui_.Grid->setFocus();
-    alFinal(*cuentas);
-    if (fin && *fin == Trabajo::Fin::Parado)
-      decirDuda(t(kTxParadoEn, cuentas->bien).arg(pendientes->size()));
-    haIdoBien(fin);
+    if (!v.vuelven.empty()) {
+      elegirPeriodo(v.vuelven.front());
+      ui_.Grid->elegir(v.vuelven, true);
+    }
+    return Vuelto{v.duda, !v.duda.isEmpty()};
   });
 }
 
-void VerTotVentana::decirCuentas(int textoBien, int textoMal, Cuentas cuentas) {
-  if (cuentas.mal > 0) return decirDuda(t(textoMal, cuentas.mal), t(textoBien, cuentas.bien));
-  if (cuentas.bien > 0) decirBien(t(textoBien, cuentas.bien));
-}
-
-// --- taking back
-// -----------------------------------------------------------------------------------
-
-void VerTotVentana::ponerDeshacer(Deshecho deshecho) {
-  deshechos_.push_back(std::move(deshecho));
-  mostrarDeshacer();
-}
-
-void VerTotVentana::mostrarDeshacer() {
-  ui_.Deshacer->setEnabled(!deshechos_.empty() && !trabajando_);
-  ui_.Deshacer->setToolTip(deshechos_.empty() ? t(kTxNadaQueDeshacer)
-                                              : t(kTxDeshacerQue).arg(deshechos_.back().que));
-  botonDeshacer_->setVisible(!deshechos_.empty());
-}
-
-void VerTotVentana::deshacerUltimo() {
-  if (deshechos_.empty() || trabajando_) return;
-  const Deshecho ultimo = deshechos_.back();
-  const auto hecho = ultimo.hacer();
-  // What is gone stays gone; the one before it can still be taken back. Anything else may be tried
-  // again.
-  if (hecho || hecho.error().clase == Fallo::NoExiste) deshechos_.pop_back();
-  if (hecho) refrescar();
-  mostrarDeshacer();
-  if (hecho && !ultimo.vuelven.empty()) {
-    elegirPeriodo(ultimo.vuelven.front());
-    ui_.Grid->elegir(ultimo.vuelven, true);
-  }
-  if (haIdoBien(hecho)) decirBien(t(kTxDeshecho).arg(ultimo.que));
-}
-
-// --- deleting
-// --------------------------------------------------------------------------------------
+// --- deletion
 
 void VerTotVentana::borrar(bool soloFilas) {
   const auto links = elegidos();
@@ -214,20 +218,21 @@ void VerTotVentana::borrar(bool soloFilas) {
       },
       [=, this](Cuentas cuentas) {
         if (cuentas.bien > 0)
-          ponerDeshacer({t(soloFilas ? kTxQueVaciar : kTxQueBorrar, cuentas.bien),
-                         [this, n]() -> Resultado<> {
-                           TARVO_INTENTAR(papelera_.restaurar(n));
-                           return {};
-                         },
-                         links});
-        decirCuentas(soloFilas ? kTxVaciados : kTxBorrados, kTxNoBorrados, cuentas);
+          apuntar({t(soloFilas ? kTxQueVaciar : kTxQueBorrar, cuentas.bien),
+                   [this, n]() -> Resultado<> {
+                     TARVO_INTENTAR(papelera_.restaurar(n));
+                     return {};
+                   },
+                   links});
+        decirCuentas(t(soloFilas ? kTxVaciados : kTxBorrados, cuentas.bien), kTxNoBorrados,
+                     cuentas);
       });
 }
 
-// --- adding up
-// -------------------------------------------------------------------------------------
+// --- sums
 
-Resultado<bool> VerTotVentana::acumularUno(qint64 link, int tipo) {
+Resultado<bool> VerTotVentana::acumularUno(qint64 link, int tipo,
+                                           std::vector<Acumulacion>& hechas) {
   TARVO_TOMAR(const auto c, p_.columna(link));
   if (!c) return false;
   TARVO_TOMAR(const auto chequeo, motor_.ChequeoAcumulado(*c, tipo));
@@ -238,28 +243,51 @@ Resultado<bool> VerTotVentana::acumularUno(qint64 link, int tipo) {
   if (chequeo == 1 && !MyMsgBox::Decide(this, contexto().textos, t(kTxExisteRelacionado),
                                         kAceptoCancelo | kExclamacion))
     return false;
-  return p_.AcumularPeriodo(tipo, *c);
+  TARVO_TOMAR(const auto hecha, Acumulaciones(p_).acumular(tipo, *c));
+  if (hecha) hechas.push_back(*hecha);
+  return hecha.has_value();
 }
 
 void VerTotVentana::acumular(int tipo) {
   const auto links = elegidos();
   if (links.empty()) return;
+  const auto hechas = std::make_shared<std::vector<Acumulacion>>();
   porPasos(
-      t(kTxAcumulando), links, [=, this](qint64 link) { return acumularUno(link, tipo); },
-      [=, this](Cuentas c) { decirCuentas(kTxAcumulados, kTxNoAcumulados, c); });
+      t(kTxAcumulando), links, [=, this](qint64 link) { return acumularUno(link, tipo, *hechas); },
+      [=, this](Cuentas c) { acumulados(*hechas, c); });
+}
+
+// Reports where they were added, and notes how to undo it.
+void VerTotVentana::acumulados(const std::vector<Acumulacion>& hechas, Cuentas cuentas) {
+  const QString que = t(kTxQueAcumular, cuentas.bien).arg(textoMayores(hechas));
+  const bool anterior = std::ranges::any_of(hechas, &Acumulacion::anterior);
+  if (!hechas.empty())
+    apuntar({que, [=, this] { return Acumulaciones(p_).deshacerAcumular(hechas); }, linksDe(hechas),
+             anterior ? t(kTxAnteriorNoVuelve).arg(que) : QString()});
+  decirCuentas(t(kTxAcumulados, cuentas.bien).arg(textoMayores(hechas)), kTxNoAcumulados, cuentas);
 }
 
 void VerTotVentana::desacumular(int tipo) {
   const auto links = elegidos();
   if (links.empty()) return;
+  const auto hechas = std::make_shared<std::vector<Acumulacion>>();
   porPasos(
       t(kTxDesacumulando), links,
       [=, this](qint64 link) -> Resultado<bool> {
         TARVO_TOMAR(const auto c, p_.columna(link));
         if (!c) return false;
-        return p_.DesacumularPeriodo(tipo, *c);
+        TARVO_TOMAR(const auto hecha, Acumulaciones(p_).desacumular(tipo, *c));
+        if (hecha) hechas->push_back(*hecha);
+        return hecha.has_value();
       },
-      [=, this](Cuentas c) { decirCuentas(kTxDesacumulados, kTxNoDesacumulados, c); });
+      [=, this](Cuentas c) {
+        const QString mayores = textoMayores(*hechas);
+        if (!hechas->empty())
+          apuntar({t(kTxQueDesacumular, c.bien).arg(mayores),
+                   [=, this] { return Acumulaciones(p_).deshacerDesacumular(*hechas); },
+                   linksDe(*hechas)});
+        decirCuentas(t(kTxDesacumulados, c.bien).arg(mayores), kTxNoDesacumulados, c);
+      });
 }
 
 void VerTotVentana::sumar() {
@@ -290,14 +318,13 @@ void VerTotVentana::sumarEn(const std::vector<qint64>& links, bool nuevo) {
   if (!haIdoBien(suma) || !haIdoBien(hecho)) return;
   if (!*hecho || !*suma || !(*suma)->existente) return decirDuda(t(kTxNoSumados));
   const qint64 total = (*suma)->existente->LINK;
-  ponerDeshacer({t(kTxQueSumar, (*suma)->sumandos),
-                 [this, total, nuevo, n = *lote] { return Sumas(p_).deshacer(total, n, nuevo); }});
+  apuntar({t(kTxQueSumar, (*suma)->sumandos),
+           [this, total, nuevo, n = *lote] { return Sumas(p_).deshacer(total, n, nuevo); }});
   elegirPeriodo(total);
   decirBien(t(kTxSumados, (*suma)->sumandos));
 }
 
 // --- stock
-// -----------------------------------------------------------------------------------------
 
 void VerTotVentana::descontar(bool deshacer) {
   const auto links = elegidos();
@@ -320,13 +347,13 @@ void VerTotVentana::descontar(bool deshacer) {
       [=, this](qint64 link) { return descontarUno(link, deshacer, *hechos); },
       [=, this](Cuentas c) {
         if (c.bien > 0)
-          ponerDeshacer({t(deshacer ? kTxQueIncorporar : kTxQueDescontar, c.bien),
-                         [=, this] { return desdescontar(*hechos, deshacer ? 1 : -1); }, *hechos});
-        decirCuentas(deshacer ? kTxIncorporados : kTxDescontados, kTxNoDescontados, c);
+          apuntar({t(deshacer ? kTxQueIncorporar : kTxQueDescontar, c.bien),
+                   [=, this] { return desdescontar(*hechos, deshacer ? 1 : -1); }, *hechos});
+        decirCuentas(t(deshacer ? kTxIncorporados : kTxDescontados, c.bien), kTxNoDescontados, c);
       });
 }
 
-// Periods that were deleted or replaced meanwhile are passed over; NoExiste when all were.
+// Skips periods deleted or replaced meanwhile; NoExiste if all were.
 Resultado<> VerTotVentana::desdescontar(const std::vector<qint64>& links, int veces) {
   TARVO_TOMAR(const auto cuantos, p_.DescontarVarios(links, veces));
   if (cuantos == 0) return fallo(Fallo::NoExiste, t(kTxYaNoEstan));
@@ -338,14 +365,13 @@ Resultado<bool> VerTotVentana::descontarUno(qint64 link, bool deshacer,
   TARVO_TOMAR(const auto c, p_.columna(link));
   if (!c) return false;
   if (!c->stkABLE && !preguntar(PuertaNoStkBle())) return false;
-  if (!deshacer && c->stkADO >= 1) return false;  // its sales are out of the stock already
+  if (!deshacer && c->stkADO >= 1) return false;  // its sales are already deducted from stock
   const auto hecho = p_.DescontarPeriodo(*c, deshacer ? -1 : 1);
   if (hecho && *hecho) hechos.push_back(link);
   return hecho;
 }
 
 // --- other windows
-// ---------------------------------------------------------------------------------
 
 void VerTotVentana::editar(bool nuevo) {
   const int fila = ui_.Grid->filaActual();
@@ -353,11 +379,22 @@ void VerTotVentana::editar(bool nuevo) {
   PuertaEditIntv puerta;
   if (!nuevo) puerta.link = ui_.Grid->clave(fila);
   if (nuevo && tipo_ > 0) puerta.tipo = tipo_;
-  const auto salida = preguntar(puerta);
-  if (!salida) return;
+  if (const auto salida = preguntar(puerta)) guardado(*salida);
+}
+
+void VerTotVentana::guardado(const Guardado& g) {
   refrescar();
-  elegirPeriodo(*salida);
-  decirBien(t(nuevo ? kTxPeriodoCreado : kTxPeriodoCambiado));
+  elegirPeriodo(g.link);
+  const QString nombre = TextoPeriodo(g.ahora).simplified();
+  if (g.cambia())
+    apuntar({t(g.antes ? kTxQueModificar : kTxQueCrear).arg(nombre),
+             [this, g]() -> Resultado<> {
+               TARVO_INTENTAR(deshacerGuardado(p_, g));
+               if (!g.antes) cerrarVisores(g.link);
+               return {};
+             },
+             g.antes ? std::vector{g.link} : std::vector<qint64>{}});
+  decirBien(t(g.antes ? kTxPeriodoCambiado : kTxPeriodoCreado));
 }
 
 void VerTotVentana::exportar() {

@@ -1,4 +1,4 @@
-// The list itself: what it shows, and the side with the period in hand.
+// The list itself: its contents, and the side panel with the current period.
 #include "totals/ventanas/VerTotVentana.h"
 
 #include <QMenu>
@@ -19,10 +19,10 @@ using ventanas::Clase;
 
 namespace {
 
-constexpr int kReposoLista = 60;  // ms without a change before the side is looked up
+constexpr int kReposoLista = 60;  // ms without a change before the side panel is updated
 constexpr int kBarrasLista = 10;
 
-// A date with its time only where it has one.
+// A date, with its time only if that isn't midnight.
 QString fechaGeneral(Fecha f) {
   return f.hora() == 0 ? f.corta() : f.general();
 }
@@ -49,6 +49,7 @@ VerTotVentana::VerTotVentana(ventanas::Contexto& contexto, const QString& nombre
 void VerTotVentana::montar() {
   montarMenus();
   montarAcciones();
+  montarDeshacer();
   auto tipos = tiposDePeriodo();
   tipos.insert(tipos.begin(), {0, t(ventanas::kTxTodos)});
   ventanas::llenar(*ui_.ListaTpos, tipos);
@@ -76,7 +77,7 @@ Resultado<> VerTotVentana::entrar(const PuertaVerTot& puerta) {
   return {};
 }
 
-// The list goes to the kind of the period, where it can be seen.
+// Switches the list to the period's kind if it would be hidden, and moves to its row.
 void VerTotVentana::elegirPeriodo(qint64 link) {
   const auto c = p_.columna(link);
   if (!haIdoBien(c) || !*c) return;
@@ -140,21 +141,21 @@ void VerTotVentana::refrescar() {
   actualCambiada();
 }
 
-// What other windows did meanwhile shows when one comes back to this one.
+// Shows the changes made by other windows when this one is activated.
 bool VerTotVentana::event(QEvent* evento) {
   const bool hecho = Ventana::event(evento);
-  if (evento->type() == QEvent::WindowActivate && !trabajando_ && ui_.Grid->consulta() &&
+  if (evento->type() == QEvent::WindowActivate && !trabajo().enMarcha() && ui_.Grid->consulta() &&
       contexto().base.cambios() != cambios_)
     refrescar();
   return hecho;
 }
 
 void VerTotVentana::actualCambiada() {
-  const bool hay = ui_.Grid->filas() > 0;
+  const bool hay = ui_.Grid->filas() > 0 && !trabajo().enMarcha();
   for (QAction* a : {ui_.Modifo, ui_.Borro, ui_.Vacio, ui_.DesAcum, ui_.SumaCol, ui_.StockAR,
                      ui_.DesStock, ui_.VerCosa, ui_.Exportar})
-    a->setEnabled(hay && !trabajando_);
-  ui_.acumule->setEnabled(hay && !trabajando_ && tipo_ != kAnual);
+    a->setEnabled(hay);
+  ui_.acumule->setEnabled(hay && tipo_ != kAnual);
   lado_->unaVez(kReposoLista);
 }
 
@@ -172,7 +173,8 @@ void VerTotVentana::pintarLado() {
   if (!resumen) return;
   ui_.periodo->setText(TextoPeriodo((*c)->periodo).simplified());
   ui_.importe->setText(conMoneda(contexto(), resumen->importe));
-  ui_.detalle->setText(textoResumen(*this, *resumen) + u'\n' + textoCuadre(**c));
+  ui_.detalle->setText(textoResumen(*this, *resumen) +
+                       (resumen->filas > 0 ? u'\n' + textoCuadre(**c) : QString()));
   for (const TipoTotal clase :
        {TipoTotal::Horario, TipoTotal::Departamentos, TipoTotal::PLUs, TipoTotal::GranTotal}) {
     FiltroFilas filtro;
@@ -184,8 +186,10 @@ void VerTotVentana::pintarLado() {
     std::vector<Grafica::Barra> barras;
     const bool horas = clase == TipoTotal::Horario;
     for (const Punto& p : *puntos)
-      barras.push_back(
-          {horas || p.nombre.isEmpty() ? QString::number(p.codigo) : p.nombre, p.importe});
+      barras.push_back({horas                ? QString::number(p.codigo)
+                        : p.nombre.isEmpty() ? Ceros(p.codigo, cifrasCodigo(clase))
+                                             : p.nombre,
+                        p.importe});
     return ui_.grafica->barras(
         horas ? t(kTxPorHoras) : t(kTxLosMayores).arg(nombreClase(contexto().textos, clase)),
         std::move(barras), !horas, contexto().ajustes.MonedaPreferente);
@@ -193,13 +197,14 @@ void VerTotVentana::pintarLado() {
   ui_.grafica->vaciar(t(kTxPeriodoVacio));
 }
 
-// Whether the grand totals of its groups agree with the sums by article, operator and so on.
+// States whether the grand totals of its groups agree with the sums by article, operator and so on.
 QString VerTotVentana::textoCuadre(const Columna& c) {
   const auto cuadre = cuadreDe(p_, c.LINK);
   const auto repetidos = Sumas(p_).repetidos(c.LINK);
   if (!haIdoBien(cuadre) || !haIdoBien(repetidos)) return {};
   if (!repetidos->empty()) return t(kTxSumadasDosVeces).arg(TextoPeriodos(*repetidos));
-  if (!cuadre->hay) return t(kTxSinCuadre);
+  if (!cuadre->hay)
+    return t(cuadre->granTotal ? kTxSoloGranTotal : cuadre->leido ? kTxSinCuadre : kTxSinGranTotal);
   QStringList malos;
   for (const int grupo : cuadre->malos) malos << QString::number(grupo);
   return malos.isEmpty() ? t(kTxCuadra) : t(kTxNoCuadra).arg(malos.join(u", "_s));

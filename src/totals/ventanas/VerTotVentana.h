@@ -1,8 +1,10 @@
-// The list of periods and all that is done with them: VerTot. Until it closes, what was deleted or
-// emptied here can be brought back, the last one first.
+// VerTot: the list of periods and all operations on them. Until the window is closed, what was done
+// here can be undone, the last step first.
 #pragma once
 
+#include "core/ventanas/edicion/Deshacer.h"
 #include "core/ventanas/marco/Ventana.h"
+#include "totals/periodos/Acumulaciones.h"
 #include "totals/periodos/Papelera.h"
 #include "totals/periodos/VerTot.h"
 #include "totals/ventanas/ComunTotales.h"
@@ -20,14 +22,14 @@ class VerTotVentana final : public ventanas::Ventana {
   bool QueryUnload() override;
 
   void VerIntervalo(TipoTotal clase);
-  bool trabajando() const { return trabajando_; }
 
  private:
   using Pasos = std::function<Resultado<bool>(qint64 link)>;
-  struct Deshecho {
+  struct Vuelta {
     QString que;
     std::function<Resultado<>()> hacer;
-    std::vector<qint64> vuelven = {};  // periods that are chosen when it is done
+    std::vector<qint64> vuelven = {};  // periods to be selected afterwards
+    QString duda = {};                 // what isn't restored by it
   };
   struct Cuentas {
     int bien = 0, mal = 0;
@@ -36,6 +38,7 @@ class VerTotVentana final : public ventanas::Ventana {
   void montar();
   void montarMenus();
   void montarAcciones();
+  void montarDeshacer();
   void prepararParrilla();
   void tipoCambiado();
   void refrescar();
@@ -46,20 +49,20 @@ class VerTotVentana final : public ventanas::Ventana {
 
   std::vector<qint64> elegidos();
   std::optional<Resumen> resumenDe(const std::vector<qint64>& links);
-  // One step a period, with progress; `alFinal` gets how many went well and how many did not.
+  // Runs one step per period, with progress; `alFinal` receives the numbers of successes and
+  // failures.
   void porPasos(const QString& que, std::vector<qint64> links, Pasos paso,
                 std::function<void(Cuentas)> alFinal);
-  void ocupar(bool si);
-  void decirCuentas(int textoBien, int textoMal, Cuentas cuentas);
-  void ponerDeshacer(Deshecho deshecho);
-  void deshacerUltimo();
-  void mostrarDeshacer();
+  void decirCuentas(const QString& bien, int textoMal, Cuentas cuentas);
+  void apuntar(const Vuelta& vuelta);
   void cerrarVisores(qint64 link);
 
   void editar(bool nuevo);
+  void guardado(const Guardado& g);
   void borrar(bool soloFilas);
   void acumular(int tipo);
-  Resultado<bool> acumularUno(qint64 link, int tipo);
+  Resultado<bool> acumularUno(qint64 link, int tipo, std::vector<Acumulacion>& hechas);
+  void acumulados(const std::vector<Acumulacion>& hechas, Cuentas cuentas);
   void desacumular(int tipo);
   void sumar();
   void sumarEn(const std::vector<qint64>& links, bool nuevo);
@@ -75,10 +78,9 @@ class VerTotVentana final : public ventanas::Ventana {
   VerTot motor_;
   Papelera papelera_;
   QMenu *mnuAcu_ = nullptr, *mnDesAcu_ = nullptr, *mnuVer_ = nullptr;
-  int tipo_ = 0;  // the kind in view, 0 all
-  bool trabajando_ = false;
+  int tipo_ = 0;        // the kind in view, 0 all
   qint64 cambios_ = 0;  // of the database when the list was read
-  std::vector<Deshecho> deshechos_;
+  ventanas::Deshacer* deshacer_ = nullptr;
   QToolButton* botonDeshacer_ = nullptr;
   std::unique_ptr<Temporizador> lado_;
 };

@@ -16,7 +16,7 @@ using ventanas::Clase;
 
 namespace {
 
-constexpr int kReposoVisor = 60;  // ms without a change before a chart or an origin is looked up
+constexpr int kReposoVisor = 60;  // ms without a change before a chart or an origin is updated
 constexpr int kPausaCodigos = 250;
 constexpr int kBarras = 12;
 constexpr int kLetrasLista = 8;
@@ -242,7 +242,7 @@ void Visor::pintarProcedencia() {
   if (haIdoBien(texto)) ui_.procede->setText(*texto);
 }
 
-// The code of the row across all periods.
+// Opens the row's code across all periods.
 void Visor::verFila() {
   const int fila = ui_.Grid->filaActual();
   if (fila < 0 || deHoras()) return;

@@ -1,6 +1,6 @@
-// The rows of one period: VerCols for the all kinds but one, V_ColOpH for operators by hour. One
-// window a period. Beside the rows a chart of what the filter leaves, and where the row in hand
-// came from.
+// The rows of one period: VerCols for all kinds but one, V_ColOpH for operators by hour. One
+// window per period. Beside the rows, a chart of the filtered rows and the origin of the current
+// row.
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"

@@ -77,7 +77,7 @@ QString XporTotVentana::textoCuentas(qint64 link) {
   qint64 total = 0;
   for (const auto& [clase, cuantas] : n) total += cuantas;
   QString texto = t(kTxSeExportaran);
-  // In the order of the sentence.
+  // In the order of the placeholders in the sentence.
   const std::array<qint64, 5> orden{n[TipoTotal::PLUs], n[TipoTotal::GranTotal],
                                     n[TipoTotal::Departamentos], n[TipoTotal::Operadores],
                                     n[TipoTotal::Horario] + n[TipoTotal::OperHora]};
@@ -86,24 +86,15 @@ QString XporTotVentana::textoCuentas(qint64 link) {
   return texto + u'\n' + t(kTxSeExportaranN).replace(u"#N"_s, QString::number(total));
 }
 
-void XporTotVentana::ocupar(bool si) {
-  for (QWidget* w : {static_cast<QWidget*>(ui_.XporYA), static_cast<QWidget*>(ui_.TodosOK),
-                     static_cast<QWidget*>(ui_.destino), static_cast<QWidget*>(ui_.marcoFormato),
-                     static_cast<QWidget*>(ui_.borrar)})
-    w->setEnabled(!si);
-  if (!si) ui_.TodosOK->setEnabled(cola_.size() > 1);
-}
-
 // One block in one go: it is in the file whole or not at all.
-Resultado<bool> XporTotVentana::exportarUno() {
-  if (cola_.empty()) return false;
+Resultado<> XporTotVentana::exportarUno() {
   const OpcionesExport como{ui_.fmtTVC->isChecked(), ui_.borrar->isChecked()};
   TARVO_TOMAR(const auto hecho,
               motor_.XportRemoto({cola_.front()}, como, ui_.destino->currentText(), {}));
   cola_.erase(cola_.begin());
   hechos_ += hecho ? 1 : 0;
   mostrarPrimero();
-  return !cola_.empty();
+  return {};
 }
 
 void XporTotVentana::exportar(bool todos) {
@@ -112,32 +103,27 @@ void XporTotVentana::exportar(bool todos) {
                                ventanas::kSoloAcepto | ventanas::kCritico);
     return ui_.destino->setFocus();
   }
-  ocupar(true);
-  const qint64 cuantos = todos ? static_cast<qint64>(cola_.size()) : 1;
-  trabajo().empezar(
-      t(kTxExportandoPeriodos),
-      [this, todos, cuantos](Trabajo::Avance& a) -> Resultado<bool> {
-        a.total = cuantos;
-        const auto hayMas = exportarUno();
-        ++a.hechos;
-        if (!hayMas) return hayMas;
-        return todos && *hayMas;
-      },
-      [this](const Resultado<Trabajo::Fin>& fin) { acabar(fin); });
+  ventanas::trabajar(
+      *this, nullptr,
+      {.que = t(kTxExportandoPeriodos),
+       .total = todos ? static_cast<qint64>(cola_.size()) : 1,
+       .paso = [this](qint64) { return exportarUno(); },
+       .acabar = [this](const ventanas::Faena::Fin& fin) { acabar(fin); },
+       .parado = [this] { return t(kTxExportacionRetenida); },
+       .quietos = {ui_.XporYA, ui_.TodosOK, ui_.destino, ui_.marcoFormato, ui_.borrar}});
 }
 
-void XporTotVentana::acabar(const Resultado<Trabajo::Fin>& fin) {
-  ocupar(false);
+void XporTotVentana::acabar(const ventanas::Faena::Fin& fin) {
+  ui_.TodosOK->setEnabled(cola_.size() > 1);
   mostrarPrimero();
-  if (!haIdoBien(fin)) return ui_.destino->setFocus();
-  if (*fin == Trabajo::Fin::Parado) return decirDuda(t(kTxExportacionRetenida));
+  if (fin.error) return ui_.destino->setFocus();
+  if (fin.parado) return;
   decirBien(t(kTxExportacionRealizada) + u": "_s + t(kTxNPeriodos, hechos_) + u", "_s +
             motor_.rutaDestino(ui_.destino->currentText()));
-  if (!cola_.empty()) return ui_.XporYA->setFocus();
-  ui_.Cancelar->setFocus();
+  (cola_.empty() ? ui_.Cancelar : ui_.XporYA)->setFocus();
 }
 
-// While it writes: holds it. Else: leaves this period out, and closes after the last.
+// Stops the export if it is running; otherwise skips this period, and closes after the last.
 void XporTotVentana::saltar() {
   if (trabajo().enMarcha()) return trabajo().parar();
   if (!cola_.empty()) cola_.erase(cola_.begin());

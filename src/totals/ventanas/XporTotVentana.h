@@ -1,8 +1,8 @@
-// Periods to a file: XporTot. One block a period: it is shown and written when asked, or all of
-// them one after another.
+// XporTot: exports periods to a file. One block per period: each is shown and written on request,
+// or all are written one after another.
 #pragma once
 
-#include "core/tiempo/Trabajo.h"
+#include "core/ventanas/edicion/Ordenes.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "totals/intercambio/XporTot.h"
 #include "totals/ventanas/Puertas.h"
@@ -22,10 +22,9 @@ class XporTotVentana final : public ventanas::Ventana {
   void mostrarPrimero();
   QString textoCuentas(qint64 link);
   void exportar(bool todos);
-  Resultado<bool> exportarUno();
-  void acabar(const Resultado<Trabajo::Fin>& fin);
+  Resultado<> exportarUno();
+  void acabar(const ventanas::Faena::Fin& fin);
   void saltar();
-  void ocupar(bool si);
 
   Ui::XporTot ui_;
   Periodos& p_;

@@ -65,7 +65,7 @@ struct MesaDeArticulos : Mesa {
   bool activa(QWidget* v) {
     return esperar([v] { return v && v->isActiveWindow(); });
   }
-  // The window of a name, which something has opened, with the keyboard.
+  // A window opened by an earlier action, once it is active.
   ventanas::Ventana* cargada(const QString& nombre) {
     EXPECT_TRUE(esperar([&] { return escritorio.ventanas().cargada(nombre) != nullptr; }))
         << nombre.toStdString();
@@ -74,7 +74,7 @@ struct MesaDeArticulos : Mesa {
     EXPECT_TRUE(activa(v));
     return v;
   }
-  // Where keys go.
+  // Sends a key to the control with the focus.
   static void tecla(Qt::Key k, Qt::KeyboardModifiers m = {}) {
     QWidget* foco = QApplication::focusWidget();
     ASSERT_NE(foco, nullptr);
@@ -94,7 +94,7 @@ struct MesaDeArticulos : Mesa {
   static ventanas::Parrilla& lista(QWidget* v, const char16_t* nombre = u"Grid") {
     return *control<ventanas::Parrilla>(v, nombre);
   }
-  // The cell of the present row, opened.
+  // Opens the editor of a cell in the current row.
   static void abrirCelda(ventanas::Parrilla& p, const QString& campo) {
     p.vista()->setFocus();
     p.vista()->setCurrentIndex(p.modelo()->index(p.filaActual(), p.modelo()->columna(campo)));
@@ -115,7 +115,7 @@ struct MesaDeArticulos : Mesa {
       motor::Entorno{*db, ajustes, reloj, sesion, textos}, enlaces, repertorio);
 
  private:
-  // Sending articles, as a kind that is never run here: no channel is there.
+  // The kind of task that sends articles; it is never run here, since there is no channel.
   static motor::RepertorioTareas conEnvio() {
     motor::RepertorioTareas r;
     for (motor::ClaseTarea& c : motor::TablaClases()) {

@@ -1,5 +1,4 @@
-// What is written into cells comes back with Ctrl+Z, in the list, the prices beside it and the
-// tree.
+// Ctrl+Z restores edited cells in the list, in the prices beside it and in the tree.
 #include <QClipboard>
 
 #include "MesaDeArticulos.h"
@@ -21,7 +20,7 @@ void deshacer(MesaDeArticulos& t, ventanas::Ventana* v) {
 
 }  // namespace
 
-// Each cell, also where the list shows it no more; what was noted says what it was.
+// Undoes each cell, even if its row is no longer listed; the report names the change.
 TEST(DeshacerCeldas, VuelvenUnaAUna) {
   MesaDeArticulos t;
   const QString antes = t.leer(kDiez);
@@ -54,14 +53,15 @@ TEST(DeshacerCeldas, VuelvenUnaAUna) {
   EXPECT_TRUE(accion->toolTip().contains(u"Hasta 2, tarifa 3, que era «0,00»"))
       << accion->toolTip().toStdString();
   EXPECT_EQ(t.leer(kDiez), u"11 Un nombre que no cabe en veinte 235 900 7 3");
-  t.control(v, u"Filtro")->setText(u"90"_s);  // the article is out of sight
+  t.control(v, u"Filtro")->setText(u"90"_s);  // hides the article
   for (int i = 0; i < 6; ++i) deshacer(t, v);
   EXPECT_EQ(t.leer(kDiez), antes);
   EXPECT_FALSE(accion->isEnabled());
-  EXPECT_EQ(t.cruces(), u"11 1 1 | 11 4 1 | 20 1 0") << "the groups hear of it";
+  EXPECT_EQ(t.cruces(), u"11 1 1 | 11 4 1 | 20 1 0") << "sent to the groups again";
 }
 
-// What somebody else did since isn't overwritten, and it is said; other fields are no obstacle.
+// A later change from elsewhere isn't overwritten, and that is reported; changes of other fields
+// are no obstacle.
 TEST(DeshacerCeldas, LoQueOtroCambioSeQueda) {
   const struct {
     const char16_t* otro;
@@ -89,7 +89,7 @@ TEST(DeshacerCeldas, LoQueOtroCambioSeQueda) {
   }
 }
 
-// Cells and whole articles are taken back in one order, the last first.
+// Cells and whole articles share one undo order, the last first.
 TEST(DeshacerCeldas, ConLoBorradoEnUnSoloOrden) {
   MesaDeArticulos t;
   auto* v = t.abrir(PuertaBrowPLUs{});
@@ -101,7 +101,7 @@ TEST(DeshacerCeldas, ConLoBorradoEnUnSoloOrden) {
     return t.leer(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s);
   };
   QApplication::processEvents();
-  EXPECT_EQ(t.enMano(grid), 20) << "Return goes down";
+  EXPECT_EQ(t.enMano(grid), 20) << "Return moves down";
   grid.irA(2);
   t.responder(u"Acepto"_s);
   t.tecla(Qt::Key_Delete);
@@ -113,8 +113,8 @@ TEST(DeshacerCeldas, ConLoBorradoEnUnSoloOrden) {
   EXPECT_EQ(t.leer(u"select count(*) from LoteArticulos"_s), u"0");
 }
 
-// A column of prices from another program, and one price into the rows chosen below it: each is one
-// step back. What is refused ends it, and is said.
+// Pasting a column of prices from another program, and filling one price down into the selected
+// rows, are one undo step each. They end at a refused text, which is reported.
 TEST(DeshacerCeldas, UnaColumnaDePrecios) {
   const struct {
     const char16_t* pegado;  // empty: the price is filled down
@@ -146,7 +146,7 @@ TEST(DeshacerCeldas, UnaColumnaDePrecios) {
   }
 }
 
-// Where there is little room unit, department and format go before the price does.
+// Where space is short, unit, department and format are hidden before the price.
 TEST(ListaArticulos, ElPrecioSeQueda) {
   const std::pair<int, const char16_t*> casos[] = {
       {1400, u"CODPLU NOMPLU PRECIO_00 UN DEPTO FORMATO"}, {800, u"CODPLU NOMPLU PRECIO_00"}};
@@ -169,7 +169,7 @@ TEST(ListaArticulos, ElPrecioSeQueda) {
   }
 }
 
-// What is typed on a cell that can be written writes; elsewhere it searches.
+// Typing on an editable cell edits it; elsewhere it searches.
 TEST(DeshacerCeldas, TeclearEscribeDondeSePuede) {
   const struct {
     const char16_t *campo, *tecla;
@@ -194,7 +194,7 @@ TEST(DeshacerCeldas, TeclearEscribeDondeSePuede) {
   }
 }
 
-// A price of 0, and one that jumps by more than half, are written and said.
+// A price of 0, and one that changes by more than half, are stored and reported.
 TEST(DeshacerCeldas, UnPrecioRaroSeDice) {
   const struct {
     const char16_t *texto, *dice;
@@ -259,7 +259,7 @@ TEST(DeshacerArbol, LosNombresVuelven) {
   EXPECT_EQ(arbol->currentItem()->text(0), u"SECCIÓN ÚNICA");
 }
 
-// Escape while the name of a new one is written leaves none; Return keeps what stands there.
+// Escape while naming a new item removes it; Return keeps the suggested name.
 TEST(DeshacerArbol, EscapeNoDejaUnoNuevo) {
   for (const bool seccion : {false, true})
     for (const bool escape : {true, false}) {
@@ -278,8 +278,8 @@ TEST(DeshacerArbol, EscapeNoDejaUnoNuevo) {
     }
 }
 
-// The list opened from a department, and once more from another, begins at its first article; so
-// does a section that lacks the system's own.
+// The list starts at the first article of its department, also when it is opened again for another
+// one; so does a section without the system articles.
 TEST(ListaArticulos, EmpiezaPorElPrimero) {
   MesaDeArticulos t;
   t.sql(u"insert into DEPTS (SECCION, NUMDEP, NomDep) values (1, 2, 'Verdura')"_s);

@@ -21,7 +21,7 @@ TEST(Editor, LaListaDeFaltasYLaPrimeraDelante) {
   EXPECT_EQ(t.leer(u"select FORMATO, minimo, HASTA_2 from PLUSES where SECCION=1 and CODPLU=10"_s),
             u"1 0 0");
   EXPECT_EQ(t.cruces(), u"10 1 0 | 20 1 0");
-  // Leaving asks; a "No" stays, and so does Return.
+  // Leaving asks first; "No" stays, and so does Return.
   t.alAbrirse([](QWidget* w) { QTest::keyClick(w->focusWidget(), Qt::Key_Return); });
   v->close();
   EXPECT_EQ(t.textoModal, u"¿Abandonar los cambios realizados?");
@@ -54,7 +54,7 @@ TEST(Editor, NiLaMonedaNiLaUnidadCambianNada) {
       u"Otro 333 101 1505 2500 0");
 }
 
-// Price after price goes from tarifa to tarifa, not over the one before.
+// After a price, Return moves on to the next tarifa, and doesn't overwrite the one before.
 TEST(Editor, IntroPasaALaTarifaSiguiente) {
   MesaDeArticulos t;
   auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
@@ -95,19 +95,19 @@ TEST(Editor, BarrasExistenciasYLoQueOtroCambio) {
   EXPECT_EQ(t.leer(u"select PRECIO_00, CodBarExt from PLUSES where SECCION=1 and CODPLU=10"_s),
             u"100 8412345678905");
   EXPECT_EQ(t.leer(u"select CODIGO, Inicial, Venta from MovsAlm"_s), u"10 2500 0");
-  // The bar code stands in the section already.
+  // The bar code already exists in the section.
   v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 20});
   t.control(v, u"txBarExt")->setText(u"8412345678905"_s);
   t.control<QPushButton>(v, u"Guardar")->click();
   EXPECT_EQ(v->tira().texto(), u"El código de registro ya existe: No debe duplicarse");
   EXPECT_TRUE(v->isVisible());
-  // What isn't there opens nothing.
+  // A code that doesn't exist opens nothing.
   EXPECT_EQ(t.escritorio.ventanas().abrir(PuertaXEditPLU{.seccion = 1, .codigo = 99}, v), nullptr);
 }
 
 namespace {
 
-// Whether it was painted since.
+// Records whether a widget has been painted.
 class Pintado final : public QObject {
  public:
   explicit Pintado(QWidget* w) : w_(w) { w->installEventFilter(this); }
@@ -124,7 +124,7 @@ class Pintado final : public QObject {
 
 }  // namespace
 
-// Each Guardar marks what is wrong now, all of it, on the screen.
+// Each Guardar marks all current faults, and the marks are painted.
 TEST(Editor, LosMarcosDicenLoDeAhora) {
   MesaDeArticulos t;
   auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
@@ -150,14 +150,14 @@ TEST(Editor, LosMarcosDicenLoDeAhora) {
   }
 }
 
-// The tab in front, the control that has the focus, the key, and what follows.
+// The tab in front, the control with the focus, the key, and the result.
 TEST(Editor, PorTodasPartesConElTeclado) {
   const struct {
     int ficha;
     const char16_t* desde;
     Qt::Key tecla;
     Qt::KeyboardModifiers mandos;
-    const char16_t *delante, *foco;  // the tab, and the control, where it matters
+    const char16_t *delante, *foco;  // the tab and the control after the key, where they matter
   } casos[] = {{0, u"txNom", Qt::Key_Tab, Qt::ControlModifier, u"otr", u""},
                {0, u"LstCada", Qt::Key_Tab, Qt::ControlModifier, u"otr", u""},
                {1, u"LstDep", Qt::Key_Tab, Qt::ControlModifier, u"stk", u""},
@@ -190,7 +190,7 @@ TEST(Editor, PorTodasPartesConElTeclado) {
   EXPECT_EQ(t.control<QPlainTextEdit>(v, u"txTexto")->toPlainText(), u"");
 }
 
-// A bar code that no label can print is kept, and said: in the form, and after it on the list.
+// A bar code that no label can print is stored and reported: in the form, and then in the list.
 TEST(Editor, ElCodigoDeBarrasRaroSeDice) {
   const struct {
     const char16_t *predefinido, *prefijo;
@@ -223,7 +223,7 @@ TEST(Editor, ElCodigoDeBarrasRaroSeDice) {
     const std::string guardado = "0000010 está guardado. " + std::string(c.dice);
     EXPECT_EQ(lista->tira().texto().toStdString(), *c.dice ? guardado : "") << c.dice;
     if (!*c.dice) continue;
-    // Who changes something else needn't hear it again.
+    // A later change of something else doesn't report it again.
     lista->tira().quitar();
     lista->activateWindow();
     ASSERT_TRUE(t.activa(lista));

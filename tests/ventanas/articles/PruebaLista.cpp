@@ -1,4 +1,4 @@
-// The list of articles: order, search, what is asked on leaving.
+// The list of articles: order, search, questions on leaving.
 #include <QHeaderView>
 #include <QToolBar>
 
@@ -57,7 +57,7 @@ TEST(ListaArticulos, LosHijosSiguenSuPuntero) {
   EXPECT_EQ(lista->clave(), (ventanas::Recorrido::Clave{1, 20}));
   EXPECT_EQ(movido, 1);
   lista->refrescar();
-  EXPECT_EQ(movido, 1) << "the same article";
+  EXPECT_EQ(movido, 1) << "not called for the same article";
   hijo.reset();
   EXPECT_TRUE(lista->saltar(1));
   EXPECT_EQ(movido, 1);
@@ -65,13 +65,13 @@ TEST(ListaArticulos, LosHijosSiguenSuPuntero) {
   EXPECT_EQ(lista->clave().codigo, 90);
 }
 
-// What is asked and queued when the list closes, by the setting, the answer and whether anything
+// The question and the queued tasks when the list closes, by setting, answer, and whether anything
 // was changed.
 TEST(ListaArticulos, EnviarAlSalir) {
   const struct {
     int valor;
     bool cambia;
-    const char16_t* boton;  // empty: nothing is asked
+    const char16_t* boton;  // empty: no question
     bool noMas;
     int tareas, queda;
   } casos[] = {{0, true, u"", false, 0, 0},   {1, false, u"", false, 0, 1},
@@ -103,7 +103,7 @@ TEST(ListaArticulos, EnviarAlSalir) {
   }
 }
 
-// All 24 prices and the cost can be shown; at first the base price of the first tarifa alone is.
+// All 24 prices and the cost can be shown; by default only the base price of the first tarifa is.
 TEST(ListaArticulos, LosPreciosOcultos) {
   MesaDeArticulos t;
   t.sql(u"update PLUSES set PRECIO_25=1234 where SECCION=1 and CODPLU=10"_s);
@@ -127,7 +127,7 @@ TEST(ListaArticulos, LosPreciosOcultos) {
   EXPECT_EQ(t.cruces(), u"20 1 0");
 }
 
-// The queue empties: the window from which the list was opened says so.
+// Once the queue is empty, the window from which the list was opened reports it.
 TEST(ListaArticulos, ElFinDelEnvioSeDice) {
   MesaDeArticulos t;
   t.ajustes.de<AjustesArticulos>().EnviarCambios[1] = 2;
@@ -143,10 +143,10 @@ TEST(ListaArticulos, ElFinDelEnvioSeDice) {
   ASSERT_TRUE(esperar([&] { return !arbol->tira().isHidden(); }));
   EXPECT_EQ(arbol->tira().texto(), u"Ha acabado el envío de los cambios a 4 grupos.");
   EXPECT_TRUE(esperar([&] { return arbol->findChild<QObject*>(u"avisoDeFin"_s) == nullptr; }))
-      << "who has said it looks on no more";
+      << "it is destroyed after its report";
 }
 
-// Every command stands in the menu of the list, with its key.
+// Every command is in the context menu of the list, with its key.
 TEST(ListaArticulos, TodoEstaEnElMenu) {
   MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
@@ -167,7 +167,7 @@ TEST(ListaArticulos, TodoEstaEnElMenu) {
     }
 }
 
-// The row in hand is the one that is lit, whichever key led there.
+// The current row is the highlighted one, whichever key moved to it.
 TEST(ListaArticulos, LoActualEsLoElegido) {
   MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
@@ -181,7 +181,7 @@ TEST(ListaArticulos, LoActualEsLoElegido) {
     }
 }
 
-// The largest price and the longest name.
+// With the largest price and the longest name.
 TEST(ListaArticulos, NadaSeSaleDeSuSitio) {
   MesaDeArticulos t;
   const QString largo(50, u'N');

@@ -33,7 +33,7 @@ TEST(Operadores, ElCodigoDeUnOperador) {
   t.responder(u"Acepto"_s);
   t.tecla(Qt::Key_Delete);
   EXPECT_EQ(t.leer(u"select OP01_C, OP01_T from GRUPOS"_s), u"0 0 | 0 0 | 0 0 | 0 0");
-  // Taken back, but for a slot that somebody has got since.
+  // Undo restores everything except a slot that has been given to another operator since.
   t.sql(u"update GRUPOS set OP01_C=6 where CODGPO=3"_s);
   v->activateWindow();
   ASSERT_TRUE(t.activa(v));
@@ -58,7 +58,7 @@ TEST(Operadores, ElCodigoDeUnOperador) {
   EXPECT_EQ(t.leer(u"select CODOPE, NOMOPE from OPERS order by CODOPE"_s), u"6 Op | 7 Luis");
 }
 
-// What is done with the cells of one that was just added, and the operators that are left.
+// Keys typed into the cells of a new operator, and the operators that result.
 TEST(Operadores, UnOperadorNuevoSinNombreSeVa) {
   const struct {
     std::vector<std::variant<Qt::Key, const char16_t*>> teclas;
@@ -91,14 +91,14 @@ TEST(Operadores, UnOperadorNuevoSinNombreSeVa) {
     EXPECT_EQ(v->tira().isVisible(), c.seDice);
     EXPECT_FALSE(grid.editando());
     EXPECT_GE(grid.filaActual(), 0);
-    // Nor does one stay when the window goes.
+    // Closing the window leaves no nameless operator either.
     t.tecla(Qt::Key_Insert);
     v->close();
     EXPECT_EQ(t.leer(operadores).toStdString(), QString::fromUtf16(c.quedan).toStdString());
   }
 }
 
-// What is free of the width is the name's.
+// The column of names takes the remaining width.
 TEST(Operadores, ElNombreDelOperadorLlenaLaLista) {
   MesaDeArticulos t;
   for (const char16_t* ventana : {u"BrowOper", u"SelOpe"}) {

@@ -1,4 +1,4 @@
-// From the list into the fast windows and the calculator, by keys alone.
+// From the list into the fast windows and the calculator, with keys alone.
 #include "MesaDeArticulos.h"
 #include "articles/precios/ventanas/RegistrarVentanas.h"
 
@@ -6,7 +6,7 @@ namespace tarvo::prueba {
 
 namespace {
 
-// 40 articles that groups 1 and 4 hold, at 1,00 to 40,00.
+// Groups 1 and 4 have 40 articles, priced 1,00 to 40,00.
 struct Mercado : MesaDeArticulos {
   Mercado() {
     for (int c = 110; c <= 400; c += 10) articulo(1, c, u"Artículo %1"_s.arg(c));
@@ -19,7 +19,7 @@ struct Mercado : MesaDeArticulos {
     lista_ = abrir(u"BrowPLUs"_s);
   }
 
-  // The first entry of the menu that a key opens.
+  // Opens a menu with a key and chooses its first entry.
   ventanas::Ventana* porMenu(Qt::Key k, const QString& nombre) {
     tecla(k);
     EXPECT_TRUE(esperar([] { return QApplication::activePopupWidget() != nullptr; }));
@@ -27,7 +27,7 @@ struct Mercado : MesaDeArticulos {
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
     return cargada(nombre);
   }
-  // Tab until the control has the focus.
+  // Presses Tab until the control has the focus.
   bool irA(const QString& nombre) {
     for (int i = 0; i < 60; ++i) {
       QWidget* foco = QApplication::focusWidget();
@@ -37,7 +37,7 @@ struct Mercado : MesaDeArticulos {
     }
     return false;
   }
-  // Escape leads back to the list.
+  // Escape returns to the list.
   void salir(const QString& nombre) {
     tecla(Qt::Key_Escape);
     EXPECT_TRUE(esperar([&] { return escritorio.ventanas().cargada(nombre) == nullptr; }));
@@ -68,11 +68,11 @@ TEST(RapidasDesdeLaLista, TreintaPrecios) {
   }
   EXPECT_EQ(t.precios(), debe.join(u" | "));
   EXPECT_EQ(t.leer(u"select min(plu), max(plu), count(*) from [Cross]"_s), u"310 400 20")
-      << "no group holds the thirty as they are";
+      << "no group has the new prices of the thirty";
   EXPECT_EQ(t.leer(u"select count(*) from HistoriaPrecios where VENTANA='FastModf'"_s), u"30");
   EXPECT_EQ(t.cambiadas(), std::vector<int>{1});
   t.salir(u"FastModf"_s);
-  EXPECT_EQ(t.lista(t.lista_).texto(2, u"PRECIO_00"), u"10,01") << "the list reads them again";
+  EXPECT_EQ(t.lista(t.lista_).texto(2, u"PRECIO_00"), u"10,01") << "the list is refreshed";
 }
 
 TEST(RapidasDesdeLaLista, UnArticuloNuevo) {
@@ -91,7 +91,7 @@ TEST(RapidasDesdeLaLista, UnArticuloNuevo) {
   t.tecla(Qt::Key_Return);
   EXPECT_EQ(t.leer(u"select NOMPLU, PRECIO_00, DEPTO, FORMATO from PLUSES where CODPLU=555"_s),
             u"Lomo 1250 1 5");
-  EXPECT_EQ(t.leer(u"select count(*) from [Cross] where plu=555"_s), u"0") << "due for all";
+  EXPECT_EQ(t.leer(u"select count(*) from [Cross] where plu=555"_s), u"0") << "due for all groups";
   EXPECT_EQ(t.leer(u"select AHORA, VENTANA from HistoriaPrecios"_s), u"1250 FastAlta");
   v->activateWindow();
   ASSERT_TRUE(t.activa(v));
@@ -110,7 +110,7 @@ TEST(RapidasDesdeLaLista, UnPrecioCalculado) {
   ASSERT_TRUE(t.irA(u"pcMarg"_s));
   t.escribir(u"51,3"_s);  // 7,565
   t.tecla(Qt::Key_PageDown);
-  EXPECT_EQ(t.enMano(grid), 20) << "the list goes along";
+  EXPECT_EQ(t.enMano(grid), 20) << "the list moves too";
   EXPECT_EQ(t.leer(u"select PRECIO_00, PRECIO_01 from PLUSES where SECCION=1 and CODPLU=10"_s),
             u"760 0");
   EXPECT_EQ(t.leer(u"select min(plu), count(*) from [Cross]"_s), u"20 78");

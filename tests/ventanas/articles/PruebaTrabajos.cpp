@@ -1,4 +1,4 @@
-// Jobs that a person does with the catalogue, by keys.
+// Jobs of a user in the catalogue, by keys.
 
 #include <QDir>
 
@@ -34,7 +34,7 @@ TEST(Trabajos, UnArticuloNuevoDesdeNada) {
   EXPECT_EQ(grid.filas(), 0);
   t.tecla(Qt::Key_Insert, Qt::ControlModifier);
   auto* e = t.cargada(u"xEditPLU#1.0"_s);
-  t.escribir(u"123456789"_s);  // a full box pushes the first digits out
+  t.escribir(u"123456789"_s);  // a full field pushes the first digits out
   EXPECT_EQ(t.control(e, u"txCod")->text(), u"3456789");
   ponerTexto(t.control(e, u"txCod"), u"77"_s);
   t.tecla(Qt::Key_Tab);
@@ -76,7 +76,7 @@ TEST(Trabajos, UnCodigoCambiadoEnLaLista) {
   EXPECT_EQ(t.cruces(), u"10 1 1 | 10 4 1 | 20 1 0");
 }
 
-// Each cell, what is typed, and what comes of it.
+// Each cell, the text typed, and its result.
 TEST(Trabajos, LasCeldasSeComprueban) {
   MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);
@@ -85,8 +85,8 @@ TEST(Trabajos, LasCeldasSeComprueban) {
   auto& grid = t.lista(v);
   const struct {
     const char16_t *campo, *texto;
-    const char* queda;     // of the row; empty: still in edit
-    const char16_t* dice;  // the strip
+    const char* queda;     // of the row; empty: the editor stays open
+    const char16_t* dice;  // text of the strip
   } casos[] = {
       {u"NOMPLU", u"Un nombre de mas de veinte", "Un nombre de mas de veinte 100 1 1", u""},
       {u"NOMPLU", u"Mas de cincuenta letras no caben en el nombre de un PLU", "",
@@ -122,10 +122,10 @@ TEST(Trabajos, LasCeldasSeComprueban) {
           c.queda);
     }
     if (grid.editando()) t.tecla(Qt::Key_Escape);
-    EXPECT_TRUE(v->isVisible()) << "that Escape was the cell's";
+    EXPECT_TRUE(v->isVisible()) << "that Escape only closes the cell editor";
   }
   EXPECT_EQ(t.cruces(), u"20 1 0");
-  // A system article takes it back, without a word where nobody meant it.
+  // In a system article the cell reverts silently, since nothing was meant.
   grid.irA(0);
   t.abrirCelda(grid, u"DEPTO"_s);
   v->tira().quitar();
@@ -144,7 +144,7 @@ TEST(Trabajos, LosPreciosDeLaParrilla) {
   precios.vista()->setFocus();
   precios.vista()->setCurrentIndex(precios.modelo()->index(2, 3));
   t.tecla(Qt::Key_Return);
-  EXPECT_EQ(t.enMano(grid), 20) << "Enter goes to the next article";
+  EXPECT_EQ(t.enMano(grid), 20) << "Enter moves to the next article";
   EXPECT_EQ(t.cruces(), u"10 1 0 | 20 1 0") << "nothing was changed";
   t.escribir(u"7"_s);
   t.escribir(u",25"_s);
@@ -155,7 +155,7 @@ TEST(Trabajos, LosPreciosDeLaParrilla) {
   t.tecla(Qt::Key_PageUp);
   EXPECT_EQ(t.enMano(grid), 20);
   EXPECT_EQ(precios.texto(2, u"P2"), u"7,25");
-  EXPECT_EQ(precios.vista()->currentIndex().row(), 2) << "the cell stays";
+  EXPECT_EQ(precios.vista()->currentIndex().row(), 2) << "the same cell remains current";
   for (int i = 0; i < 5; ++i) t.tecla(Qt::Key_PageUp);
   EXPECT_EQ(grid.filaActual(), 0) << "it stops at the end";
 }
@@ -183,7 +183,7 @@ TEST(Trabajos, BorrarYDeshacer) {
   EXPECT_EQ(t.leer(filas), antes);
   EXPECT_EQ(t.leer(u"select Inicial from MovsAlm"_s), u"5000");
   EXPECT_EQ(t.leer(u"select count(*) from HistoriaPrecios"_s), u"0") << "nobody set a price";
-  // One goes, and the pointer to the next.
+  // One article is deleted, and the pointer moves to the next.
   grid.irA(grid.filaDe(
       bien(t.db->uno(u"select rowid from PLUSES where SECCION=1 and CODPLU=20"_s)).entero()));
   t.responder(u"Acepto"_s);
@@ -223,7 +223,7 @@ TEST(Trabajos, CopiarMoverYDeshacer) {
   EXPECT_EQ(t.cruces(), u"10 1 1 | 20 1 0");
 }
 
-// The only article that is shown leaves, and comes back with the history of its prices.
+// The only article shown is moved away, and undo restores it with the history of its prices.
 TEST(Trabajos, ElUnicoSeMueveYVuelve) {
   MesaDeArticulos t;
   t.sql(u"delete from PLUSES where SECCION=1 and CODPLU>10"_s);
@@ -261,7 +261,7 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
   EXPECT_EQ(t.leer(u"select NomDep from DEPTS"_s), u"Verdura");
   EXPECT_EQ(arbol->currentItem()->text(0), u"Verdura");
   EXPECT_EQ(t.leer(u"select count(*) from PLUSES where SECCION=1"_s), u"2");
-  EXPECT_EQ(t.cruces(), u"10 1 1 | 20 1 1") << "only what groups hold";
+  EXPECT_EQ(t.cruces(), u"10 1 1 | 20 1 1") << "only articles that groups have";
   v->activateWindow();
   ASSERT_TRUE(t.activa(v));
   arbol->setFocus();
@@ -270,7 +270,7 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
             u"1 Fruta 3 | 2 Verdura 3");
   EXPECT_EQ(t.leer(u"select count(*) from HistoriaPrecios"_s), u"0") << "nobody set a price";
   EXPECT_EQ(t.leer(u"select count(*) from PLUSES where SECCION=1"_s), u"12");
-  // A whole section asks with its counts; a "No" leaves all.
+  // Deleting a whole section asks, with its counts; "No" keeps everything.
   arbol->setCurrentItem(arbol->topLevelItem(0));
   QString dicho;
   const auto escribirNumero = [&](const QString& numero) {
@@ -285,7 +285,7 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
     });
     t.tecla(Qt::Key_Delete);
   };
-  escribirNumero({});  // as Return alone does
+  escribirNumero({});  // as with Return alone
   EXPECT_EQ(dicho,
             u"Va a borrar una sección completa....\nSección 001  SECCIÓN ÚNICA\nBorrará también "
             u"PLUs:  10\nBorrará también Deptos. :  2\nBorrará también Grupos :  4\nAdemás: 0 "
@@ -293,7 +293,7 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
             u"guardados.\nPara borrarla, escriba el número de la sección:");
   escribirNumero(u"2"_s);
   EXPECT_EQ(t.leer(u"select count(*) from SECCS"_s), u"2");
-  // The right number takes it, with a copy of all; it comes back whole.
+  // The right number deletes it, after a backup of the database; undo restores all of it.
   escribirNumero(u"1"_s);
   EXPECT_EQ(t.leer(u"select NMSECC from SECCS"_s), u"2");
   const QDir carpeta(t.ajustes.HomeDir);
@@ -307,8 +307,8 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
   EXPECT_EQ(t.leer(u"select CODGPO from GRUPOS order by 1"_s), u"1 | 2 | 3 | 4");
 }
 
-// Work of another window that was cut off: the list says it first, and takes it back or takes it as
-// it stands; until then it stays, whoever closes the list.
+// The list reports an operation of another window that was cut off, and undoes it or accepts it as
+// it is; until then it stays pending, even after the list is closed.
 TEST(Trabajos, LoQueSeCortoSeDiceYSeResuelve) {
   for (const bool deshacer : {true, false}) {
     MesaDeArticulos t;
@@ -349,7 +349,7 @@ TEST(Trabajos, UnaSeccionCopiadaYSuNombre) {
   t.tecla(Qt::Key_Return);
   EXPECT_TRUE(
       esperar([&] { return t.leer(u"select NOMSEC from SECCS where NMSECC=3"_s) == u"Tienda 2"; }));
-  // Groups have no editor yet, and it is said.
+  // Groups have no editor yet, and that is reported.
   EXPECT_EQ(t.escritorio.ventanas().abrir(PuertaBrowGrupos{.grupos = true}, v), nullptr);
   EXPECT_TRUE(v->tira().texto().contains(u"grupos de balanzas"));
 }

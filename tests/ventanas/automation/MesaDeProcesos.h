@@ -1,5 +1,4 @@
-// The windows of processes over a shop with its engines, its machines and a clock that moves only
-// when told.
+// The windows of processes on a shop with its engines, its machines and a virtual clock.
 #pragma once
 
 #include <QAction>
@@ -28,7 +27,7 @@ struct MesaDeProcesos : TiendaDeProcesos {
     preguntas.poner(&todas());
   }
 
-  // Windows that were closed go before the clock does.
+  // Closed windows are deleted before the clock is.
   ~MesaDeProcesos() { asentar(); }
 
   ventanas::Ventanas& todas() { return escritorio.ventanas(); }
@@ -73,7 +72,7 @@ inline bool puede(QWidget* v, const QString& accion) {
   return pieza<QAction>(v, accion)->isEnabled();
 }
 
-// Does something with the modal window that comes up, as soon as it does.
+// Calls `hacer` with the modal window as soon as one opens.
 inline void cuandoHayaCaja(const std::function<void(QWidget&)>& hacer) {
   QTimer::singleShot(0, qApp, [hacer] {
     QWidget* caja = QApplication::activeModalWidget();

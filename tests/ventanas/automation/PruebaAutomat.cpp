@@ -1,4 +1,4 @@
-// A person runs, holds, steps and stops a process, and answers what it asks.
+// A user runs, pauses, steps and stops a process, and answers its questions.
 #include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
@@ -13,7 +13,7 @@ namespace {
 
 struct Proceso : MesaDeProcesos {
   using MesaDeProcesos::MesaDeProcesos;
-  // Waits for nothing, then a step that fails, then one that goes well.
+  // A step that waits for nothing, one that fails, and one that succeeds.
   static inline const QString kTresPasos = u"N:uno\r\nS:CERRAR,x,Sí,Sí\r\nN:tres\r\n"_s;
 
   static QString titulo(QWidget* v) { return pieza<QLabel>(v, u"lblTitulo"_s)->text(); }
@@ -35,7 +35,7 @@ TEST(Automat, SeVeComoAcabaCadaPasoYSeCierra) {
   EXPECT_EQ(Proceso::titulo(v), u"EJECUTÁNDOSE: NOCHE");
   EXPECT_EQ(Proceso::resultado(v, 0), u"Hecho");
   EXPECT_EQ(Proceso::resultado(v, 2), u"Pendiente");
-  EXPECT_FALSE(v->close()) << "a run isn't left without its window";
+  EXPECT_FALSE(v->close()) << "a run keeps its window";
   s.pasar(0.1);
   EXPECT_EQ(Proceso::resultado(v, 1), u"Con problemas");
   EXPECT_EQ(pieza<ventanas::Parrilla>(v, u"ListaPasos"_s)->texto(1, u"motivo"),
@@ -57,7 +57,7 @@ TEST(Automat, SeRetienePorTeclasYSigueAPasos) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(v));
   EXPECT_FALSE(puede(v, u"paso"_s));
   QTest::keyClick(v, Qt::Key_Control);
-  EXPECT_EQ(s.automat().fase(), kEjecutando) << "a key that is grazed holds no night";
+  EXPECT_EQ(s.automat().fase(), kEjecutando) << "a key touched by accident holds no night";
   QTest::keyClick(v, Qt::Key_F8);
   EXPECT_EQ(Proceso::titulo(v), u"PROCESO RETENIDO: NOCHE");
   s.pasar(10);
@@ -73,14 +73,14 @@ TEST(Automat, SeRetienePorTeclasYSigueAPasos) {
   QTest::keyPress(v, Qt::Key_Control);
   QTest::keyClick(v, Qt::Key_C, Qt::ControlModifier);
   QTest::keyRelease(v, Qt::Key_Control);
-  EXPECT_EQ(s.automat().fase(), kDetenidoEnPaso) << "copying isn't running";
+  EXPECT_EQ(s.automat().fase(), kDetenidoEnPaso) << "Ctrl+C doesn't start a run";
   QTest::keyClick(v, Qt::Key_Control);
   EXPECT_EQ(s.automat().fase(), kEjecutando);
   s.pasar(4);
   EXPECT_FALSE(s.abierta(u"Automat"_s));
 }
 
-// What each step does is said in words; the line of the language is in a column of its own.
+// Each step is described in words; its line of the process language has a column of its own.
 TEST(Automat, LosPasosSeDicenEnPalabras) {
   Proceso s({1, 2});
   const struct {
@@ -104,7 +104,7 @@ TEST(Automat, LosPasosSeDicenEnPalabras) {
   }
 }
 
-// What was queued is done when its tasks have ended.
+// A queueing step is done once its tasks have ended.
 TEST(Automat, LoEncoladoEstaHechoCuandoAcaba) {
   Proceso s;
   QWidget* v = s.correr(u"T:RXGRTOT,1\r\nC:ESPERA,1000,No\r\nC:ESPERA,1000,No\r\n"_s);
@@ -143,7 +143,7 @@ TEST(Automat, AltoPreguntaYEliminaLasTareas) {
   EXPECT_EQ(Proceso::resultado(v, 1), u"Interrumpido");
   EXPECT_TRUE(puede(v, u"ejecutar"_s));
   s.pasar(3600);
-  EXPECT_TRUE(s.abierta(u"Automat"_s)) << "who stopped it reads why";
+  EXPECT_TRUE(s.abierta(u"Automat"_s)) << "its user can read the reason";
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_FALSE(s.abierta(u"Automat"_s));
 }
@@ -163,7 +163,7 @@ TEST(Automat, LoQueNoSeLeeSeDice) {
       << v->tira().texto().toStdString();
 }
 
-// --- parameters ---------------------------------------------------------------------------------
+// --- parameters
 
 TEST(EnParMac, SePreguntaSeRehusaYSeContesta) {
   Proceso s;
@@ -199,7 +199,7 @@ TEST(EnParMac, CancelarAborta) {
   EXPECT_EQ(Proceso::resultado(v, 0), u"Interrumpido");
 }
 
-// Wednesday 4 March 2026: the month shown, the days chosen in it, or two free dates.
+// Wednesday 4 March 2026: the month shown, the days selected in it, or two free dates.
 TEST(EnParMac, LasTresFormasDeDarFechas) {
   const struct {
     const char* opcion;
@@ -212,7 +212,7 @@ TEST(EnParMac, LasTresFormasDeDarFechas) {
     QString falta;
     cuandoHayaCaja([&](QWidget& v) {
       QTest::keyClick(pieza<QRadioButton>(&v, u"OtrasFechas"_s), Qt::Key_Space);
-      QTest::keyClicks(pieza<QLineEdit>(&v, u"Desde"_s), u"x"_s);  // of no account elsewhere
+      QTest::keyClicks(pieza<QLineEdit>(&v, u"Desde"_s), u"x"_s);  // ignored by the other options
       QTest::keyClick(pieza<QRadioButton>(&v, QString::fromLatin1(c.opcion)), Qt::Key_Space);
       if (c.opcion != std::string("OtrasFechas")) {
         QTest::mouseClick(pieza<QPushButton>(&v, u"Acepto"_s), Qt::LeftButton);

@@ -1,4 +1,4 @@
-// A person drops by name what the nights owe and can never do.
+// A user drops, by name, the pending work of the nights that can never be done.
 #include <QLabel>
 #include <QPushButton>
 

@@ -1,4 +1,4 @@
-// A person makes a timetable, activates it and watches it run.
+// A user creates a timetable, activates it and watches it run.
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -18,7 +18,7 @@ using ventanas::Parrilla;
 using ventanas::Ventana;
 
 struct Horarios : MesaDeProcesos {
-  // Asks a group that doesn't answer so many times, and reports it.
+  // A process that asks a silent group that many times, and reports it.
   static QString preguntarEnVano(int veces) {
     return u"T:RXGRTOT,1\r\nC:ESPERA,%1,No\r\n"_s.arg(veces);
   }
@@ -32,7 +32,7 @@ struct Horarios : MesaDeProcesos {
   Ventana* editar(const QString& nombre = {}) {
     return todas().abrir(PuertaEdiCron{nombre.isEmpty() ? QString() : ruta(nombre)});
   }
-  // Fills the line that is chosen, by keys; the process is the first or the last one there is.
+  // Fills in the current line by keys; the process is the first or the last of the list.
   static void llenar(Ventana* v, const QString& hora, Qt::Key proceso) {
     auto* campo = pieza<QLineEdit>(v, u"Hora"_s);
     campo->setFocus();
@@ -50,7 +50,8 @@ struct Horarios : MesaDeProcesos {
 
 const QString kSiempre = u"Sí,Sí,Sí,Sí,Sí,Sí,Sí"_s;
 
-// Two lines at one hour, in the order in which they were written; both run, one after the other.
+// Two lines with the same time, in the order in which they were entered; both run, one after the
+// other.
 TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   Horarios s;
   Ventana* e = s.editar();
@@ -61,7 +62,7 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   const QRect pantalla = e->screen()->availableGeometry();
   e->move(pantalla.right() - 100, pantalla.bottom() - 100);
   QTest::keyClick(nombre, Qt::Key_Return);
-  EXPECT_LE(e->frameGeometry().bottom(), pantalla.bottom()) << "it grows where it can be seen";
+  EXPECT_LE(e->frameGeometry().bottom(), pantalla.bottom()) << "it grows within the screen";
   EXPECT_EQ(e->frameGeometry().x(), std::max(0, pantalla.width() - e->frameGeometry().width()));
   auto* lista = pieza<Parrilla>(e, u"ListaBat"_s);
   ASSERT_EQ(lista->filas(), 1) << "the blank line";
@@ -69,7 +70,7 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   ASSERT_EQ(lista->filas(), 2);
   lista->irA(1);
   Horarios::llenar(e, u"22:05:00"_s, Qt::Key_Home);
-  EXPECT_FALSE(QFile::exists(s.ruta(u"TIENDA.CRO"_s))) << "nothing before it is saved";
+  EXPECT_FALSE(QFile::exists(s.ruta(u"TIENDA.CRO"_s))) << "no file before it is saved";
   pieza<QAction>(e, u"guardar"_s)->trigger();
   EXPECT_EQ(s.lineas(u"TIENDA.CRO"_s), QStringList({u"22:05:00;"_s + kSiempre + u";MAL"_s,
                                                     u"22:05:00;"_s + kSiempre + u";BIEN"_s}));
@@ -78,7 +79,7 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   Ventana* c = s.todas().abrir(PuertaCronos{s.ruta(u"TIENDA.CRO"_s)});
   ASSERT_TRUE(c);
   s.asentar();
-  EXPECT_FALSE(s.abierta(u"MainTarvo"_s)) << "the timetable stands in its place";
+  EXPECT_FALSE(s.abierta(u"MainTarvo"_s)) << "replaced by the timetable";
   s.pasar(1);
   EXPECT_EQ(pieza<QLabel>(c, u"reloj"_s)->text(), u"22:00:01");
   EXPECT_EQ(pieza<QLabel>(c, u"lblFaltan"_s)->text(), u"faltan 00:04:59");
@@ -104,7 +105,7 @@ TEST(Horarios, AplicarPideProcesoYCancelarDevuelveLaLinea) {
             u"99:99;Sí,no,Sí,Sí,Sí,Sí,Sí;bien\r\n@INICIO BATCH\r\nN:a\r\n@FINAL BATCH\r\n"_s);
   Ventana* e = s.editar(u"T.CRO"_s);
   auto* lista = pieza<Parrilla>(e, u"ListaBat"_s);
-  EXPECT_EQ(lista->texto(0, u"hora"), u"00:00:00") << "what can't be read is mended";
+  EXPECT_EQ(lista->texto(0, u"hora"), u"00:00:00") << "an invalid hour is corrected";
   EXPECT_EQ(lista->texto(0, u"proceso"), u"BIEN");
   auto* dia = pieza<QCheckBox>(e, u"dia_1"_s);
   QTest::keyClick(dia, Qt::Key_Space);
@@ -117,9 +118,9 @@ TEST(Horarios, AplicarPideProcesoYCancelarDevuelveLaLinea) {
   QTest::keyClick(dia, Qt::Key_Space);
   QTest::mouseClick(pieza<QPushButton>(e, u"Aplicar"_s), Qt::LeftButton);
   EXPECT_EQ(e->tira().texto(), u"Elija el proceso de la línea.");
-  EXPECT_FALSE(lista->isEnabled()) << "the line stays open";
+  EXPECT_FALSE(lista->isEnabled()) << "the line is still being changed";
   QTest::keyClick(dia, Qt::Key_Escape);
-  EXPECT_TRUE(s.abierta(u"EdiCron"_s)) << "Escape gives up the line, not the window";
+  EXPECT_TRUE(s.abierta(u"EdiCron"_s)) << "Escape cancels the line, not the window";
 
   QTest::keyClick(lista->vista(), Qt::Key_Insert);
   pieza<QAction>(e, u"guardar"_s)->trigger();
@@ -151,7 +152,7 @@ TEST(Horarios, AbandonarNoTocaElFichero) {
   EXPECT_EQ(s.texto(u"T.CRO"_s), antes);
 }
 
-// What is typed is what is kept, whatever stood there before; what is no hour is refused.
+// The time stored is the one typed, regardless of the former contents; an invalid time is refused.
 TEST(Horarios, LaHoraEsLaQueSeEscribe) {
   Horarios s;
   s.fichero(u"T.CRO"_s, u"22:05:30;"_s + kSiempre + u";BIEN\r\n"_s);
@@ -163,7 +164,7 @@ TEST(Horarios, LaHoraEsLaQueSeEscribe) {
     QTest::keyClicks(hora, texto);
   };
   escribir(u"25:00"_s);
-  EXPECT_EQ(hora->text(), u"25:00") << "no key is dropped";
+  EXPECT_EQ(hora->text(), u"25:00") << "every key is accepted";
   cuandoHayaCaja([](QWidget& caja) {
     QTest::keyClick(caja.findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
   });
@@ -199,7 +200,7 @@ TEST(Cronos, ADesactivarYAManoYUnoQueNoSeLee) {
   EXPECT_EQ(filas->texto(0, u"ok"), u"1");
 }
 
-// The next one waits for whoever reads why the first was stopped, but not all night.
+// The next process waits while a user may be reading why the first was stopped, but not all night.
 TEST(Cronos, UnProcesoParadoNoRetieneLaNoche) {
   Horarios s;
   s.fichero(u"LARGO.AUT"_s, Horarios::preguntarEnVano(1000));
@@ -225,7 +226,7 @@ TEST(Automat, UnProcesoConHorarioVaAlCronos) {
   EXPECT_EQ(pieza<QLabel>(s.todas().cargada(u"Cronos"_s), u"lblNom"_s)->text(), u"NOCHE");
 }
 
-// A timetable waits for the process that a person runs.
+// A timetable waits for a process run by a user.
 TEST(Cronos, EsperaAlProcesoDeLaPersona) {
   Horarios s;
   s.fichero(u"T.CRO"_s, u"22:00:05;"_s + kSiempre + u";BIEN\r\n"_s);

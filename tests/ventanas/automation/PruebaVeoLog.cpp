@@ -1,4 +1,4 @@
-// A person reads a trace while it is written.
+// A user reads a trace while it is being written.
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>
@@ -35,7 +35,7 @@ struct Visor : MesaDeProcesos {
 TEST(VeoLog, SigueElFicheroSinMoverAQuienLee) {
   Visor s;
   ventanas::Ventana* v = s.ver();
-  EXPECT_FALSE(s.lineas->isVisible()) << "an empty one says so";
+  EXPECT_FALSE(s.lineas->isVisible()) << "an empty file shows a hint instead";
   s.escribir(u"uno\r\ndo"_s);
   s.pasar(1);
   EXPECT_EQ(s.linea(1), u"do");
@@ -52,7 +52,7 @@ TEST(VeoLog, SigueElFicheroSinMoverAQuienLee) {
   s.escribir(u"otra\r\n"_s);
   s.pasar(1);
   EXPECT_TRUE(s.alFinal());
-  // Deleted and written anew.
+  // The file is deleted and created again.
   s.fichero(u"T.TZC"_s, u"nueva\r\n"_s);
   s.pasar(1);
   ASSERT_EQ(s.lineas->model()->rowCount(), 1);
@@ -95,8 +95,8 @@ TEST(VeoLog, BuscaSaltaACadaProblemaYCopia) {
   EXPECT_EQ(QGuiApplication::clipboard()->text(), u"NOCHE:      La SESIÓN está ya cerrada");
 }
 
-// Found lines are shown from their beginning, however wide the widest one is; a text far to the
-// right is brought into view.
+// A match is shown from the beginning of its line, however wide the widest line is; a match far to
+// the right is scrolled into view.
 TEST(VeoLog, LoHalladoSeVe) {
   Visor s;
   s.escribir(u"uno\r\n"_s + u"relleno\r\n"_s.repeated(200) + u"NOCHE:  001:TAREA\r\n"_s +
@@ -122,7 +122,7 @@ TEST(VeoLog, LoHalladoSeVe) {
   EXPECT_EQ(lado->value(), 0);
 }
 
-// Blocks are joined at lines, so what stands on either side of one is found too.
+// Blocks end at line ends, so a text near their boundary is found too.
 TEST(FicheroTraza, UnoMuyGrande) {
   QTemporaryDir dir;
   const QString ruta = dir.filePath(u"GRANDE.TZA"_s);

@@ -1,5 +1,5 @@
-// A person at the windows of communications of a shop: real engine, database, texts and windows,
-// machine models behind the wires, and time that moves when it is told to.
+// A user at a shop's windows of communications: real engine, database, texts and windows, machine
+// models at the other end of the lines, and a virtual clock.
 #pragma once
 
 #include <QAction>
@@ -59,7 +59,7 @@ struct MesaDeComm : TiendaDeMotor {
   ventanas::Parrilla* cola() { return control<ventanas::Parrilla>(u"s_espe"_s); }
   QAction* accion(const QString& nombre) { return control<QAction>(nombre); }
 
-  // Time goes by, in pieces as the event loop gives it.
+  // Advances the clock in steps, with the event loop running in between.
   void pasar(int ms) {
     for (int i = 0; i < ms; i += 50) {
       reloj.avanzar(50);
@@ -71,12 +71,12 @@ struct MesaDeComm : TiendaDeMotor {
     constexpr int kPasosSinEsperar = 100;
     for (int i = 0; i < segundos * 20 && !condicion(); ++i) {
       pasar(50);
-      // What is asked aside is answered by a thread, which needs time of the real kind.
+      // Queries in other threads need real time.
       if (i > kPasosSinEsperar) QTest::qSleep(5);
     }
     return condicion();
   }
-  // What the person does in the modal window or box that opens next.
+  // The user's actions in the next modal window or box.
   void luego(std::function<void(QWidget*)> hacer) {
     QMetaObject::invokeMethod(
         qApp,
@@ -87,7 +87,7 @@ struct MesaDeComm : TiendaDeMotor {
         },
         Qt::QueuedConnection);
   }
-  // The text of the box that `hacer` brings up; it is closed with the button named.
+  // Returns the text of the box opened by `hacer`, and closes it with the button named.
   QString caja(const std::function<void()>& hacer, const QString& boton = u"Acepto"_s) {
     QString texto;
     luego([&](QWidget* w) {
@@ -97,7 +97,8 @@ struct MesaDeComm : TiendaDeMotor {
     hacer();
     return texto;
   }
-  // A menu of the window from the keyboard: Alt and its letter, then the entry's.
+  // Opens a menu of the window from the keyboard with Alt and its letter, and chooses an entry with
+  // its own.
   void menu(Qt::Key cual, Qt::Key entrada) {
     QTest::keyClick(escritorio.ventanas().cargada(u"gestcomm"_s), cual, Qt::AltModifier);
     QWidget* m = QApplication::activePopupWidget();

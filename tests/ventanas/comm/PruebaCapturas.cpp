@@ -1,4 +1,4 @@
-// Every window of the room, with nothing cut in any face, size and scale. The variable
+// Every window of the room, with nothing cut off in any theme, size or scale. The variable
 // TARVO_CAPTURAS keeps the pictures.
 #include "MesaDeComm.h"
 #include "capturas/Capturas.h"
@@ -19,7 +19,7 @@ struct CapturasComm : MesaDeComm {
   }
 };
 
-// A queue with tasks in each state that lasts, and the frames that led there.
+// A queue with tasks in each lasting state, and the frames that led to them.
 TEST_F(CapturasComm, Llenas) {
   articulo(10);
   for (int g = 1; g <= 12; ++g) {
@@ -37,8 +37,8 @@ TEST_F(CapturasComm, Llenas) {
     gestor->NuevaTarea(1 + n % 12, true, 0, 9999999, *deNumero<TipoTarea>(17 + n % 4));
   pasar(30000);
   ASSERT_GT(gestor->CuantosQuedan().fallidas, 3);
-  // With the channels closed, and somebody who answers for what waits, the window can go between
-  // two pictures.
+  // With the channels closed, and the pending tasks taken care of, the window can be unloaded
+  // between two pictures.
   gestor->VigilaProcesos(0, false, this);
   gestor->CambioAModo(false);
   gestor->cerrar([] {});

@@ -42,7 +42,7 @@ TEST_F(Configuracion, LineaDeUnCanal) {
     EXPECT_EQ(
         caja([&] { QTest::keyClick(d->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space); }),
         u"Hay valores que corregir:\nPuerto (1 a 16): Escriba un número entero de 1 a 16.");
-    EXPECT_TRUE(d->isVisible());  // no such port: nothing happens but the fault beside it
+    EXPECT_TRUE(d->isVisible());  // no such port: nothing changes except the fault beside it
     EXPECT_FALSE(d->findChild<QLabel*>(u"faltaPuerto"_s)->text().isEmpty());
     escribir(puerto, u"16"_s);
     d->findChild<QComboBox*>(u"Baudios"_s)->setCurrentText(u"19200"_s);
@@ -52,7 +52,7 @@ TEST_F(Configuracion, LineaDeUnCanal) {
   });
   pulsar(u"RS232_2"_s);
   EXPECT_EQ(en<QLabel>(u"linea2"_s)->text(), u"19200,E,7,1");
-  EXPECT_EQ(cables().canales[1].RS232, u"9600,O,7,1");  // not before the whole is accepted
+  EXPECT_EQ(cables().canales[1].RS232, u"9600,O,7,1");  // not before everything is accepted
   EXPECT_EQ(gestor->canales()[1].EstadoCanal, 3);
   escribir(en<QLineEdit>(u"TimeOut"_s), u"12000"_s);
   pulsar(u"Acepto"_s);
@@ -63,7 +63,7 @@ TEST_F(Configuracion, LineaDeUnCanal) {
   EXPECT_EQ(enFichero(u"Device(2)"_s), u"2");
 }
 
-// A speed set by hand in the file, which the list doesn't offer, is shown and kept.
+// A speed set by hand in the file, and missing from the list, is shown and kept.
 TEST_F(Configuracion, UnaVelocidadFueraDeLaListaSeConserva) {
   cables().canales[1].RS232 = u"38400,N,8,1"_s;
   abrir(u"CfgComm"_s);
@@ -87,7 +87,7 @@ TEST_F(Configuracion, ValoresDeFabrica) {
   EXPECT_EQ(delMotor().IntentosManual, 0);
 }
 
-// A channel that is put to use works at once; one that is taken out of it stops.
+// A channel put into use works at once; one taken out of use stops.
 TEST_F(Configuracion, ElMotorSigueElUso) {
   abrir(u"CfgComm"_s);
   en<QComboBox>(u"Device3"_s)->setCurrentIndex(0);

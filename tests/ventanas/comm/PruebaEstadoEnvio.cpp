@@ -1,5 +1,5 @@
-// The jobs at the send state: see what a group lacks, send just that, ask the scales for an article
-// and see where it differs.
+// Jobs in the window of the send state: see what a group lacks, send just that, ask the scales for
+// an article and see where it differs.
 #include "MesaDeComm.h"
 
 namespace tarvo::prueba {
@@ -50,7 +50,7 @@ TEST_F(VentanaEstado, SeEnviaSoloLoElegido) {
   ASSERT_TRUE(lista(u"0000010 Pendiente,0000020 Al día,0000030 Pendiente,0000040 Retenido"_s));
 }
 
-// When nothing is left to be put right that is what is said, and of whom.
+// If nothing is pending, the list reports that, with the name of the group.
 TEST_F(VentanaEstado, TodoAlDiaSeDice) {
   bien(db->ejecutar(u"DELETE FROM PLUSES WHERE CODPLU=40"));
   gestor->NuevaTarea(1, false, 0, 9999999, kEnvio);
@@ -83,7 +83,8 @@ TEST_F(VentanaEstado, SePideUnArticuloALaBalanza) {
   EXPECT_EQ(ficha()->texto(2, u"aqui"), u"10.000,00");
 }
 
-// The machine is dead: it is said, tried again, and can be stopped; back, it goes on by itself.
+// A dead machine is reported, retried, and can be stopped; once it is back, the work goes on by
+// itself.
 TEST_F(VentanaEstado, UnaMaquinaQueNoContesta) {
   delMotor().IntentosManual = 1;
   abrir(comm::PuertaEstadoEnvio{1});
@@ -110,7 +111,7 @@ TEST_F(VentanaEstado, UnaMaquinaQueNoContesta) {
   EXPECT_TRUE(hasta([&] { return aviso->isHidden() && gestor->CuantosQuedan().total == 0; }));
 }
 
-// What didn't go stays to be seen, and leads to the send state of its group.
+// A problem with the sending stays visible, and opens the send state of its group.
 TEST_F(VentanaEstado, LoQueNoSeEnvioSeQuedaALaVista) {
   grupo(2, 1, u"cable 2"_s);
   abrir(u"gestcomm"_s);
@@ -124,7 +125,7 @@ TEST_F(VentanaEstado, LoQueNoSeEnvioSeQuedaALaVista) {
   cola()->irA(0);
   QTest::keyClick(cola(), Qt::Key_F12);
   EXPECT_EQ(control<QComboBox>(u"Grupo"_s, u"EstadoEnvio"_s)->currentData().toInt(), 2);
-  // Mended and sent again, there is nothing more to say.
+  // Once corrected and sent again, nothing more is reported.
   sql(u"UPDATE PLUSES SET PRECIO_00=5 WHERE CODPLU=40"_s);
   gestor->NuevaTarea(2, false, 0, 9999999, kEnvio);
   ASSERT_TRUE(correr());
@@ -144,7 +145,7 @@ TEST_F(VentanaEstado, DesdeLaVentanaDeComunicaciones) {
   QTest::keyClick(cola(), Qt::Key_F12);
   EXPECT_EQ(abiertas.back(), u"EstadoEnvio");
   EXPECT_EQ(control<QComboBox>(u"Grupo"_s, u"EstadoEnvio"_s)->currentData().toInt(), 2);
-  // A register has room for the price that a scale hasn't.
+  // A cash register has room for a price that is too long for a scale.
   ASSERT_TRUE(lista(u"0000010 Pendiente,0000020 Pendiente,0000030 Pendiente,0000040 Pendiente"_s));
   EXPECT_FALSE(control<QAction>(u"Pedir"_s, u"EstadoEnvio"_s)->isEnabled());
 }

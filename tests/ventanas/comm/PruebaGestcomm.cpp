@@ -1,4 +1,4 @@
-// The jobs of the operator: receive, see what failed, try again, give up, close.
+// The jobs of an operator: receive, see failures, try again, give up, close.
 
 #include "MesaDeComm.h"
 
@@ -16,7 +16,7 @@ struct Gestcomm : MesaDeComm {
     }
     articulo(10);
   }
-  // The machine doesn't hear that question the first time: the transfer stands for two seconds.
+  // The machine misses that question the first time, which delays the transfer by two seconds.
   void lenta(int g, int pregunta) { fallo(g, {.averia = Averia::Sorda, .trama = pregunta}); }
 };
 
@@ -50,7 +50,7 @@ TEST_F(Gestcomm, RecibeTotalesDeDosGrupos) {
   EXPECT_EQ(panel->findChild<QLabel*>(u"lbtar"_s)->text(), u"001");
   ASSERT_TRUE(hasta([&] { return gestor->CuantosQuedan().total == 0; }));
   pasar(150);
-  // What is done stays in sight, with what it brought.
+  // A finished task stays visible, with its result.
   EXPECT_EQ(celda(0, u"Estado"), u"Terminado");
   EXPECT_EQ(celda(0, u"Problema"), u"Con ventas: 1. Importe: 5,00.");
   EXPECT_EQ(bandeja(1, 17), u"1:1/250/500/0");
@@ -61,7 +61,7 @@ TEST_F(Gestcomm, RecibeTotalesDeDosGrupos) {
   EXPECT_EQ(panel->findChild<QLabel*>(u"palabra"_s)->text(), u"Libre");
 }
 
-// Opened for a group it stands on that group's task, or says how one gets one.
+// Opened for a group, the window selects that group's task, or explains how to queue one.
 TEST_F(Gestcomm, SeAbrePorUnGrupo) {
   dosGrupos();
   for (const int g : {1, 2}) fallo(g, {.averia = Averia::Sorda});
@@ -88,9 +88,9 @@ TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   EXPECT_EQ(control<QLabel>(u"LblProblema"_s)->text(),
             u"Tarea 002: Una trama VEK no ha tenido respuesta ACK");
   EXPECT_TRUE(control<QLabel>(u"LblSesion"_s)->text().startsWith(u"La sesión no se abre"))
-      << "why its menu is dark";
+      << "the reason why its menu is disabled";
   EXPECT_FALSE(accion(u"RunP"_s)->isEnabled());
-  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);  // to manual
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);  // manual mode
   pasar(150);
   EXPECT_TRUE(accion(u"RunP"_s)->isEnabled());
   EXPECT_FALSE(accion(u"ManuP"_s)->isEnabled());
@@ -136,7 +136,7 @@ TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   EXPECT_TRUE(control<QLabel>(u"LblSesion"_s)->isHidden());
 }
 
-// What a task is at is told: the article that goes, the one that is deleted, the zeroing.
+// The current step of a task is shown: the article being sent or deleted, the zeroing.
 TEST_F(Gestcomm, SeVeQueSeEnviaQueSeBorraYQueSePoneACero) {
   struct Mirada : motor::Observador {
     void tareaCambiada(int id) override {
@@ -161,8 +161,8 @@ TEST_F(Gestcomm, SeVeQueSeEnviaQueSeBorraYQueSePoneACero) {
     EXPECT_TRUE(mirada.pasos.contains(paso)) << paso.toStdString();
 }
 
-// What waits or has failed goes on after a closed window, and is lost with the program: it is
-// named.
+// A waiting or failed task survives the closing of the window, but not the end of the program: the
+// question names it.
 TEST_F(Gestcomm, AlCerrarSeNombraLoQueQueda) {
   dosGrupos();
   auto* v = abrir(u"gestcomm"_s);
@@ -182,7 +182,7 @@ TEST_F(Gestcomm, AlCerrarSeNombraLoQueQueda) {
   EXPECT_NE(bandeja(1, 17), u"");
 }
 
-// A lost link with nobody watching: the command that the window names opens it at once.
+// A lost link, unattended: the command named by the window opens it at once.
 TEST_F(Gestcomm, SeguirAbreElEnlacePerdido) {
   dosGrupos();
   delMotor().IntentosManual = 0;
@@ -215,7 +215,7 @@ TEST_F(Gestcomm, RetenerSoltarYPararEnManual) {
   EXPECT_EQ(v->tira().texto(),
             u"La tarea está «Retenido por el usuario»: así no se le puede hacer eso.");
   QTest::keyClick(v, Qt::Key_F6);
-  EXPECT_FALSE(v->tira().isVisible()) << "it was about another command";
+  EXPECT_FALSE(v->tira().isVisible()) << "it referred to another command";
   pasar(500);
   EXPECT_GT(oidas(1).size(), parada);
   QTest::keyClick(v, Qt::Key_F8);
@@ -238,14 +238,14 @@ TEST_F(Gestcomm, CerrarEnMitadSeNiegaYNoMolesta) {
   EXPECT_EQ(filas(u"SELECT COUNT(*) FROM GRUPOS"_s), u"2");
 }
 
-// With a link still open the window hides and goes when the link has closed.
+// With a link still open the window is hidden, and unloaded after the link has closed.
 TEST_F(Gestcomm, SeVaCuandoCierraElUltimoCanal) {
   dosGrupos();
   auto* v = abrir(u"gestcomm"_s);
   lenta(1, 1);
   gestor->NuevaTarea(1, true, 0, 9999999, TipoTarea::RxGrTot);
   ASSERT_TRUE(hasta([&] { return !gestor->puedeCerrar(); }));
-  fabrica.mudos = true;  // its closing takes its time
+  fabrica.mudos = true;  // closing takes its time
   ASSERT_TRUE(hasta([&] { return gestor->puedeCerrar(); }));
   EXPECT_FALSE(v->descargar());
   EXPECT_FALSE(v->isVisible());
@@ -254,7 +254,7 @@ TEST_F(Gestcomm, SeVaCuandoCierraElUltimoCanal) {
 }
 
 TEST_F(Gestcomm, MenusSegunGruposYQuienSabe) {
-  grupo(3, 3, u"cable 3"_s);  // registers only
+  grupo(3, 3, u"cable 3"_s);  // only cash registers
   abrir(u"gestcomm"_s);
   struct {
     const char16_t* entrada;
@@ -263,8 +263,8 @@ TEST_F(Gestcomm, MenusSegunGruposYQuienSabe) {
   } const casos[] = {
       {u"MnRxGrT", true, u""},
       {u"MnZero", true, u""},
-      {u"MnTxFch", false, u"Ningún grupo admite esta tarea"},  // no clock in a register
-      {u"MnTxTec", false, u"Esta versión todavía no"},         // nobody who sends it
+      {u"MnTxFch", false, u"Ningún grupo admite esta tarea"},  // a register has no clock
+      {u"MnTxTec", false, u"Esta versión todavía no"},         // no implementation yet
   };
   for (const auto& c : casos) {
     QAction* a = accion(QString::fromUtf16(c.entrada));
@@ -273,11 +273,11 @@ TEST_F(Gestcomm, MenusSegunGruposYQuienSabe) {
       EXPECT_TRUE(a->toolTip().startsWith(c.pista)) << a->toolTip().toStdString();
     }
   }
-  // One group, nothing to ask: no dialog.
+  // With one group there is nothing to ask: no dialog.
   accion(u"MnRxGrT"_s)->trigger();
   EXPECT_EQ(abiertas.back(), u"gestcomm");
   EXPECT_EQ(gestor->CuantosQuedan().total, 1);
-  // A sender that comes later enables its entry.
+  // An implementation added later enables its entry.
   grupo(1, 1, u"cable 1"_s);
   motor::ClaseTarea teclados = *repertorio.de(TipoTarea::TxTecla);
   teclados.crear = repertorio.de(TipoTarea::RxGrTot)->crear;
@@ -286,7 +286,8 @@ TEST_F(Gestcomm, MenusSegunGruposYQuienSabe) {
   EXPECT_TRUE(accion(u"MnTxTec"_s)->isEnabled());
 }
 
-// A wipe and a zeroing say what goes and wait for a yes, by whatever way and with one group too.
+// A wipe and a zeroing state what will be lost and wait for confirmation, in every way they can be
+// started and even with one group.
 TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
   grupo(1, 2, u"cable 1"_s);
   vender(1, 10, 1500, 250);
@@ -315,13 +316,13 @@ TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
   EXPECT_TRUE(alBorrar.contains(u"0001 G: 1 artículo;")) << alBorrar.toStdString();
   EXPECT_TRUE(alBorrar.contains(u"15,00")) << alBorrar.toStdString();
   EXPECT_EQ(gestor->CuantosQuedan().total, 0);
-  // Once a period has it, the same reading is only the base of the next one.
+  // Once memorised in a period, the same reading is only the base of the next one.
   sql(u"UPDATE Lecturas SET LINK=7"_s);
   EXPECT_TRUE(responder({}, borrar).contains(u"ninguna venta recogida sin guardar"));
   responder(u"Acepto"_s, borrar);
   EXPECT_EQ(gestor->CuantosQuedan().total, 1);
   gestor->terminator();
-  // The same from the dialog, which stays when one thinks again.
+  // The same from the dialog, which stays open after a refusal.
   auto* v = abrir(comm::PuertaGrpDlg());
   const auto cero = [&] {
     QTest::keyClick(v->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
@@ -345,7 +346,8 @@ TEST_F(Gestcomm, LasSesiones) {
   encolar(1, 17);
   ASSERT_TRUE(hasta([&] { return gestor->CuantosQuedan().total == 0 && sesion->estado() == 2; }));
   pasar(200);
-  // The picture closes it by a double click, not by one that went astray.
+  // The picture opens the closing of the session by a double click, not by an accidental single
+  // one.
   escritorio.ventanas().registrar(u"CerrSes"_s, [](ventanas::Contexto& c, const QString& n) {
     return new ventanas::Ventana(c, n);
   });
@@ -362,7 +364,8 @@ TEST_F(Gestcomm, LasSesiones) {
   EXPECT_EQ(sesion->estado(), 0);
 }
 
-// Read, zeroed after it, asked again: the repeat would lose what waits in the inbox.
+// Asking again after a reading and its zeroing: the repeat would lose the data waiting in the
+// inbox.
 TEST_F(Gestcomm, RepetirTrasLaPuestaACeroSeNiega) {
   dosGrupos();
   abrir(u"gestcomm"_s);
@@ -427,7 +430,7 @@ TEST_F(Gestcomm, DiagnosticoDeUnErrorConDosCausas) {
                   ->toPlainText()
                   .endsWith(u"El cable puede desconectado o defectuoso o Si la conexión es "
                             u"directa, la balanza puede estar apagada"));
-  // What a shop can look at, and what comes then in the mode that it is in.
+  // Checks for a shop, followed by advice for the current mode.
   const struct {
     int error;
     bool automatico;

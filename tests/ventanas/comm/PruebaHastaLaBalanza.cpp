@@ -1,4 +1,4 @@
-// What a person keys in the windows of the catalogue, as far as the scale.
+// Data entered in the windows of the catalogue, followed as far as the scale.
 #include <QTableView>
 
 #include "MesaDeComm.h"
@@ -26,7 +26,7 @@ struct HastaLaBalanza : MesaDeComm {
     campo->selectAll();
     QTest::keyClicks(campo, texto);
   }
-  // Leaves the list, and says yes to the sending.
+  // Leaves the list, and confirms the sending.
   void salirEnviando() {
     luego([](QWidget* w) {
       auto* si = w->findChild<QPushButton*>(u"Si"_s);

@@ -1,4 +1,4 @@
-// Following what passes on a line.
+// Following the traffic on a line.
 
 #include "MesaDeComm.h"
 #include "comm/enlace/LecturaTrama.h"
@@ -40,7 +40,7 @@ TEST_F(Tramas, SigueUnaTareaCopiaYDescansa) {
   EXPECT_EQ(fila(1), u"Llega|ACK|||||Bien");
   EXPECT_TRUE(fila(2).startsWith(u"Llega|VEK|0|850|Gran total|000000500"));
   EXPECT_EQ(fila(3), u"Sale|ACK|||||Bien");
-  EXPECT_EQ(lista()->filas(), 4);  // nothing of the other line
+  EXPECT_EQ(lista()->filas(), 4);  // nothing from the other line
   EXPECT_EQ(lista()->texto(0, u"hora").left(8), u"21:30:05");
   lista()->irA(0);
   EXPECT_TRUE(control<QPlainTextEdit>(u"Hexa"_s, u"VerTramas"_s)->toPlainText().contains(u"02 "));
@@ -71,8 +71,8 @@ TEST_F(Tramas, SigueUnaTareaCopiaYDescansa) {
   ASSERT_TRUE(hasta([&] { return QFile::exists(ruta); }));
 }
 
-// Pieces become frames, in each direction by itself; what is no frame is kept as it came; and only
-// the last ones of a channel are kept.
+// Fragments are joined into frames, separately for each direction; other data is kept as received;
+// and only the last frames of a channel are kept.
 TEST_F(Tramas, LaEscuchaParteYOlvida) {
   enlace::Escucha escucha(*enlaces, reloj, 3);
   enlaces->escuchar(nullptr);

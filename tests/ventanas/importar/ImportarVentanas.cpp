@@ -1,4 +1,4 @@
-// Imports as a person does them: with keys, with bad lines, and taken back.
+// Imports as a user does them: with keys, with bad lines, and undone.
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
@@ -49,7 +49,7 @@ struct MesaDeImportar : Mesa {
     EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));
     return v;
   }
-  // Answers the next box with its accepting button.
+  // Presses the accepting button of the next box.
   void aceptar() {
     QTimer::singleShot(50, &escritorio.ventanas(), [this] {
       QWidget* w = QApplication::activeModalWidget();
@@ -61,7 +61,7 @@ struct MesaDeImportar : Mesa {
   articles::Catalogo catalogo{*db, textos, reloj, u"Ana"_s};
 };
 
-// What has the focus gets the key, as with a person.
+// Sends the key to the control with the focus, as for a user.
 void tecla(int cual) {
   QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(cual));
 }
@@ -103,7 +103,7 @@ TEST(VentanaImpPLU, ConLineasMalasYDeshecha) {
   EXPECT_TRUE(v->tira().texto().contains(m.textos(4629)));
   tecla(Qt::Key_Return);
   EXPECT_EQ(rotulo(v, u"mensaje"), u"Seleccione (DbClick) un fichero de la lista"_s);
-  EXPECT_EQ(malas.filas(), 2) << "they stay until another file is taken";
+  EXPECT_EQ(malas.filas(), 2) << "kept until another file is chosen";
   m.aceptar();
   boton(v, u"deshacer").setFocus();
   tecla(Qt::Key_Return);
@@ -159,7 +159,7 @@ TEST(VentanaMainTvc, AUnaSeccionConPrefijos) {
   tecla(Qt::Key_Return);
   EXPECT_EQ(rotulo(v, u"Panel"), u"Puede iniciar el proceso"_s);
   tecla(Qt::Key_Return);
-  EXPECT_EQ(QApplication::focusWidget(), v->findChild<QLineEdit*>(u"Secc"_s)) << "0 is no section";
+  EXPECT_EQ(QApplication::focusWidget(), v->findChild<QLineEdit*>(u"Secc"_s)) << "0 is invalid";
   v->findChild<QLineEdit*>(u"Secc"_s)->setText(u"003"_s);
   boton(v, u"inicioproceso").click();
   ASSERT_TRUE(esperar([&] { return rotulo(v, u"Panel") == u"Proceso Terminado correctamente"_s; }));
@@ -167,7 +167,7 @@ TEST(VentanaMainTvc, AUnaSeccionConPrefijos) {
   EXPECT_EQ(bien(m.db->uno(u"SELECT PFX_BAR FROM PLUSES WHERE CODPLU=10045")).texto(), u"27"_s);
 }
 
-// What isn't a file of the former system is told as none, and makes nothing.
+// A file that isn't from the former system is reported as such, and creates nothing.
 TEST(VentanaMainTvc, UnFicheroQueNoEs) {
   const std::pair<QString, QString> casos[] = {
       {larga(3, 1000, u"SISTEMA"_s), u"viejo.PLU es de otro formato"_s},
@@ -207,7 +207,7 @@ TEST(VentanaMainTvc, DeshacerQuitaLaSeccionQueHizo) {
   EXPECT_TRUE(v->tira().texto().startsWith(u"Importación deshecha."));
 }
 
-// File, columns, what would change, done, undone; without a mouse.
+// File, columns, preview, import, undo; without a mouse.
 TEST(VentanaImpTabla, DeUnaHojaDeCalculoConTeclas) {
   MesaDeImportar m;
   const QString antes = m.articulos();
@@ -239,8 +239,8 @@ TEST(VentanaImpTabla, LaPersonaCambiaLasColumnas) {
   tecla(Qt::Key_Return);
   ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"2."); }));
   boton(v, u"siguiente").click();
-  EXPECT_EQ(v->tira().texto(), m.textos(4766)) << "no column is the code";
-  v->findChild<QAbstractButton*>(u"conTitulos"_s)->click();  // none of them is known
+  EXPECT_EQ(v->tira().texto(), m.textos(4766)) << "no column is assigned to the code";
+  v->findChild<QAbstractButton*>(u"conTitulos"_s)->click();  // none is recognised
   const auto elegir = [&](const QString& columna, const QString& campo) {
     auto* caja = v->findChild<QComboBox*>(columna);
     caja->setCurrentIndex(caja->findText(campo));
@@ -264,8 +264,8 @@ TEST(VentanaImpTabla, LaPersonaCambiaLasColumnas) {
   EXPECT_EQ(lista(v, u"malas").filas(), 1);
 }
 
-// Stopped, and closed, in the middle: as if it had not begun. What the event loop does meanwhile
-// isn't held up and stays.
+// Stopping or closing in the middle leaves everything as before the import. Changes made by others
+// meanwhile are possible, and stay.
 TEST(VentanaImpTabla, ParadaNoDejaNada) {
   for (const bool cerrando : {false, true}) {
     MesaDeImportar m;
@@ -299,7 +299,7 @@ TEST(VentanaImpTabla, ParadaNoDejaNada) {
   }
 }
 
-// A run that a fall of the program cut off is told of, and can be taken back.
+// An import cut off by a crash of the program is reported, and can be undone.
 TEST(VentanaImpTabla, LaQueQuedoAMediasSeDice) {
   MesaDeImportar m;
   articles::Lotes lotes{m.catalogo};
@@ -312,7 +312,7 @@ TEST(VentanaImpTabla, LaQueQuedoAMediasSeDice) {
   ASSERT_TRUE(esperar([&] { return m.articulos() == u"10 VIEJO 150"_s; }));
 }
 
-// And the keys go on to the next file.
+// The keys then move on to the next file.
 TEST(VentanaImpTabla, UnaHojaRotaSeDice) {
   MesaDeImportar m;
   m.fichero(u"rota.ods"_s, u"esto no es una hoja"_s);
@@ -326,11 +326,11 @@ TEST(VentanaImpTabla, UnaHojaRotaSeDice) {
   tecla(Qt::Key_Down);
   tecla(Qt::Key_Return);
   ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"2."); }));
-  EXPECT_FALSE(v->tira().isVisible()) << "that was another file";
+  EXPECT_FALSE(v->tira().isVisible()) << "it referred to another file";
   EXPECT_TRUE(rotulo(v, u"como").endsWith(u"«;», 1 fila.")) << rotulo(v, u"como").toStdString();
 }
 
-// The folder from which somebody took a file is where every import looks the next time.
+// The folder of the last file is where every import looks next time.
 TEST(VentanasImportar, LaCarpetaSeRecuerda) {
   MesaDeImportar m;
   QDir(m.carpeta.path()).mkdir(u"otra"_s);
@@ -348,7 +348,7 @@ TEST(VentanasImportar, LaCarpetaSeRecuerda) {
   EXPECT_TRUE(v->descargar());
   EXPECT_EQ(rotulo(m.abrir(u"MainTvc"_s), u"carpeta"), m.ruta(u"otra"_s));
   QDir(m.ruta(u"otra"_s)).removeRecursively();
-  EXPECT_EQ(rotulo(m.abrir(u"ImpTabla"_s), u"carpeta"), m.carpeta.path()) << "that one is gone";
+  EXPECT_EQ(rotulo(m.abrir(u"ImpTabla"_s), u"carpeta"), m.carpeta.path()) << "the last one is gone";
 }
 
 }  // namespace

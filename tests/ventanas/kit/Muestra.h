@@ -1,4 +1,4 @@
-// A window like those of the program: a list of articles beside a list that lives.
+// A window like those of the program: a list of articles beside a live list.
 #pragma once
 
 #include "core/ventanas/marco/Tira.h"
@@ -35,7 +35,7 @@ class Muestra final : public ventanas::Ventana {
   dao::Database& db_;
 };
 
-// Articles 1 to n in the table ART; every fifth is worth nothing, names have accents.
+// Articles 1 to n in the table ART; every fifth has price 0, and names have accents.
 void llenarArticulos(Mesa& mesa, int cuantos);
 std::vector<ventanas::Columna> columnasArticulos();
 

@@ -6,7 +6,7 @@
 
 namespace tarvo::prueba {
 
-// Every face, size and scale of a whole window, full and empty, with nothing cut. The variable
+// Every theme, size and scale of a whole window, full and empty, with nothing cut off. The variable
 // TARVO_CAPTURAS keeps the pictures.
 TEST(Capturas, NadaCortado) {
   for (const bool llena : {true, false}) {
@@ -24,7 +24,8 @@ TEST(Capturas, NadaCortado) {
   }
 }
 
-// A window that can't be opened is a fault with its reason, and nothing waits for a person.
+// A window that can't be opened is reported as a fault with its reason, and nothing waits for a
+// user.
 TEST(Capturas, DiceLaQueNoSeAbre) {
   Mesa mesa(kTextosMuestra);
   mesa.escritorio.ventanas().registrar(u"Muestra"_s, ventanas::fabrica<Muestra>(*mesa.db),
@@ -36,8 +37,8 @@ TEST(Capturas, DiceLaQueNoSeAbre) {
   EXPECT_TRUE(faltas.value(0).contains(u"No hay tal periodo."));
 }
 
-// A label, a button and a header that lack room are each reported, and so are a control outside
-// and a letter that two ask for.
+// A label, a button and a header without enough room are each reported, as are a control outside
+// the window and a letter used by two controls.
 TEST(Capturas, DiceLoCortado) {
   QWidget w;
   w.resize(300, 200);

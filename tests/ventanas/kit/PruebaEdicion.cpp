@@ -1,4 +1,4 @@
-// Writing into the cells of a list, as keys and clicks do it.
+// Editing the cells of a list with keys and clicks.
 #include <QLineEdit>
 #include <QTableView>
 #include <QTest>
@@ -79,7 +79,7 @@ TEST(Edicion, IntroYF2AbrenEscapeLoDeja) {
   EXPECT_EQ(h.escrita, 2);
   EXPECT_EQ(h.activadas, 0);
   EXPECT_TRUE(h.p.vista()->hasFocus());
-  // A column without `editar` is as before.
+  // A column without `editar` behaves as before.
   h.irA(2, u"CODIGO"_s);
   h.tecla(Qt::Key_F2);
   EXPECT_EQ(h.campo(), nullptr);
@@ -91,13 +91,13 @@ TEST(Edicion, LoRechazadoSigueAbierto) {
   Hoja h;
   h.irA(1, u"IMPORTE"_s);
   h.tecla(Qt::Key_F2);
-  h.escribir(u"0,x13"_s);  // no letter gets into an amount
+  h.escribir(u"0,x13"_s);  // an amount accepts no letters
   EXPECT_EQ(h.campo()->text(), u"0,13");
   h.tecla(Qt::Key_Return);
   ASSERT_NE(h.campo(), nullptr);
   EXPECT_EQ(h.campo()->text(), u"0,13");
   EXPECT_EQ(h.dicho, u"No vale");
-  // Nor does a click elsewhere lose it.
+  // A click elsewhere doesn't lose it either.
   QTest::mouseClick(h.p.vista()->viewport(), Qt::LeftButton, {}, QPoint(20, 200));
   ASSERT_TRUE(esperar([&] { return h.campo() && h.campo()->text() == u"0,13"; }));
   EXPECT_EQ(h.p.filaActual(), 1);
@@ -105,13 +105,13 @@ TEST(Edicion, LoRechazadoSigueAbierto) {
   h.tecla(Qt::Key_Return);
   EXPECT_EQ(h.campo(), nullptr);
   EXPECT_EQ(h.p.valor(1, u"IMPORTE").entero(), 300);
-  EXPECT_EQ(h.dicho, u"") << "settled by what was written";
+  EXPECT_EQ(h.dicho, u"") << "resolved by the value written";
   h.tecla(Qt::Key_F2);
   h.escribir(u"0,13"_s);
   h.tecla(Qt::Key_Return);
   EXPECT_EQ(h.dicho, u"No vale");
   h.tecla(Qt::Key_Escape);
-  EXPECT_EQ(h.dicho, u"") << "settled by giving it up";
+  EXPECT_EQ(h.dicho, u"") << "resolved by giving it up";
 }
 
 TEST(Edicion, ElTabuladorSigueYLasHojasSeEscribenSinAbrir) {
@@ -136,7 +136,7 @@ TEST(Edicion, ElTabuladorSigueYLasHojasSeEscribenSinAbrir) {
   EXPECT_EQ(h.p.valor(4, u"IMPORTE").entero(), 125);
   EXPECT_EQ(h.escrita, 4);
   h.tecla(Qt::Key_Return);
-  EXPECT_EQ(h.activadas, 1) << "Enter opens nothing here";
+  EXPECT_EQ(h.activadas, 1) << "Enter emits no activation here";
 }
 
 }  // namespace tarvo::prueba

@@ -1,5 +1,4 @@
-// A sheet as a person fills it: what its fields take, how faults are said, how it is left; and its
-// door.
+// A sheet as a user fills it in: accepted texts, reported faults, ways to leave it; and its door.
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
@@ -78,7 +77,7 @@ class FichaMuestra final : public FichaDe<Datos> {
 struct ConFicha : testing::Test {
   ConFicha() { mesa.escritorio.ventanas().registrar<PuertaMuestra, FichaMuestra>(aplicadas); }
 
-  // Does `hacer` in the modal sheet; what the sheet hands back.
+  // Calls `hacer` in the modal sheet; returns the sheet's result.
   std::optional<Datos> preguntar(const std::function<void(QWidget&)>& hacer,
                                  const PuertaMuestra& puerta = {}) {
     QTimer::singleShot(0, qApp, [&] { hacer(*QApplication::activeModalWidget()); });
@@ -90,12 +89,12 @@ struct ConFicha : testing::Test {
     linea->selectAll();
     QTest::keyClick(linea, Qt::Key_Delete);
     QTest::keyClicks(linea, texto);
-    EXPECT_EQ(linea->text(), texto) << "no key is dropped";
+    EXPECT_EQ(linea->text(), texto) << "every key is accepted";
   }
   static void pulsar(QWidget& v, const QString& boton) {
     QTest::mouseClick(v.findChild<QPushButton*>(boton), Qt::LeftButton);
   }
-  // The text of the box that comes up, which is closed by that button.
+  // Returns the text of the box opened by `hacer`, and closes it with that button.
   static QString caja(const std::function<void()>& hacer, const QString& boton = u"Acepto"_s) {
     QString texto;
     QTimer::singleShot(0, qApp, [&] {
@@ -115,7 +114,7 @@ struct ConFicha : testing::Test {
 
 TEST_F(ConFicha, CadaCampoTomaLoSuyoYDiceSusLimites) {
   const struct {
-    QString campo, texto, falta;  // no fault: it is taken
+    QString campo, texto, falta;  // no fault: accepted
     std::function<bool(const Datos&)> queda;
   } casos[] = {
       {u"nombre"_s, u"Pan"_s, {}, [](const Datos& d) { return d.nombre == u"Pan"; }},
@@ -171,7 +170,7 @@ TEST_F(ConFicha, CadaCampoTomaLoSuyoYDiceSusLimites) {
   }
 }
 
-// What nobody touched stays to the unit; a value that isn't in a list stays in it.
+// An untouched field keeps its exact value; a value missing from a list stays selected in it.
 TEST_F(ConFicha, LoQueNadieTocaQuedaComoEstaba) {
   mesa.ajustes.Euro = 166.386F;
   const auto dado = preguntar([&](QWidget& v) {
@@ -180,7 +179,7 @@ TEST_F(ConFicha, LoQueNadieTocaQuedaComoEstaba) {
     ficha.moneda = 0;
     ficha.mostrar();
     EXPECT_EQ(v.findChild<QLineEdit*>(u"precio"_s)->text(), u"554");
-    EXPECT_FALSE(ficha.QueryUnload()) << "looking changes nothing";
+    EXPECT_FALSE(ficha.QueryUnload()) << "display alone is no change";
     pulsar(v, u"Acepto"_s);
   });
   EXPECT_EQ(dado, Datos());
@@ -195,10 +194,10 @@ TEST_F(ConFicha, LasFaltasSeNombranTodasYSeAplicaUnaVez) {
               u"entero de 1 a 16.");
     EXPECT_EQ(v.focusWidget()->objectName(), u"nombre");
     escribir(v, u"nombre"_s, u"Apio"_s);
-    EXPECT_TRUE(v.findChild<QLabel*>(u"faltanombre"_s)->text().isEmpty()) << "gone with a key";
+    EXPECT_TRUE(v.findChild<QLabel*>(u"faltanombre"_s)->text().isEmpty()) << "cleared by a key";
     escribir(v, u"numero"_s, u"13"_s);
     pulsar(v, u"Acepto"_s);
-    EXPECT_TRUE(v.isVisible()) << "what the engine refuses leaves the sheet as it is";
+    EXPECT_TRUE(v.isVisible()) << "the sheet stays open after a refusal";
     EXPECT_EQ(static_cast<Ventana&>(v).tira().texto(), u"El trece no.");
     EXPECT_EQ(caja([&] { QTest::keyClick(&v, Qt::Key_Escape); }, u"Cancelo"_s),
               u"¿Abandonar los cambios realizados?");
@@ -212,7 +211,7 @@ TEST_F(ConFicha, LasFaltasSeNombranTodasYSeAplicaUnaVez) {
   EXPECT_EQ(dado->numero, 12);
 }
 
-// A day that is far away is asked about, and nothing is applied with a no.
+// A distant date is asked about, and "No" applies nothing.
 TEST_F(ConFicha, UnDiaLejanoSePregunta) {
   const auto dado = preguntar([&](QWidget& v) {
     for (const auto& dia : {u"01/03/1500"_s, u"31/12/9999"_s}) {
@@ -228,7 +227,7 @@ TEST_F(ConFicha, UnDiaLejanoSePregunta) {
   EXPECT_EQ(dado->dia, Fecha::de(QDate(9999, 12, 31)));
 }
 
-// Every action is reached: the bar by Tab, each of its buttons by a letter of its own.
+// Every action can be reached: the bar by Tab, each of its buttons by a letter of its own.
 TEST(Alcance, LaBarraEntraEnElTabulador) {
   Mesa m(kTextosMuestra);
   m.escritorio.ventanas().registrar(u"Muestra"_s, fabrica<Muestra>(*m.db));
@@ -265,17 +264,17 @@ TEST(Alcance, LetrasQueNoSeRepiten) {
   QSet<QChar> usadas{u'A'};
   EXPECT_EQ(conLetra(u"A&brir"_s, usadas), u"A&brir");
   EXPECT_EQ(conLetra(u"&Abono"_s, usadas), u"Ab&ono");
-  EXPECT_EQ(conLetra(u"Ñu"_s, usadas), u"Ñ&u") << "letters of any keyboard";
-  EXPECT_EQ(conLetra(u"ab"_s, usadas), u"ab") << "none is left";
+  EXPECT_EQ(conLetra(u"Ñu"_s, usadas), u"Ñ&u") << "on every keyboard";
+  EXPECT_EQ(conLetra(u"ab"_s, usadas), u"ab") << "no letter is left";
 }
 
-// What an assistive tool is told, and that its press doesn't wait for the modal window it opens.
+// The data for assistive tools; and a press from one doesn't wait for the modal window it opens.
 TEST_F(ConFicha, ParaQuienNoVe) {
   auto& ventanas = mesa.escritorio.ventanas();
   Ventana* v = ventanas.abrir(PuertaMuestra());
   ASSERT_TRUE(v);
   EXPECT_EQ(QAccessible::queryAccessibleInterface(v)->role(), QAccessible::Window);
-  // On this platform a combo box has its name from the label that leads to it.
+  // On this platform a combo box gets its accessible name from its buddy label.
   const auto rotulos = QAccessible::queryAccessibleInterface(v->findChild<QComboBox*>(u"uso"_s))
                            ->relations(QAccessible::Label);
   ASSERT_EQ(rotulos.size(), 1);
@@ -295,7 +294,7 @@ TEST_F(ConFicha, ParaQuienNoVe) {
   EXPECT_TRUE(contestado);
 }
 
-// Cells come back one by one, the last first; one that can't be brought back stays to be.
+// Cells are restored one by one, the last first; one that can't be restored stays on the stack.
 TEST(Deshacer, LasCeldasVuelven) {
   Mesa m(kTextosMuestra);
   llenarArticulos(m, 5);
@@ -329,7 +328,7 @@ TEST(Deshacer, LasCeldasVuelven) {
   auto* vista = v->parrilla->vista();
   const QString primero = v->parrilla->texto(0, u"NOMBRE");
   EXPECT_FALSE(v->deshacer->accion()->isEnabled());
-  // A letter typed on a cell that can be written writes it; on the code beside it, it searches.
+  // A letter typed on an editable cell edits it; on the code beside it, it searches.
   vista->setFocus();
   vista->setCurrentIndex(v->parrilla->modelo()->index(0, 0));
   QTest::keyClick(vista, Qt::Key_0);
@@ -353,7 +352,7 @@ TEST(Deshacer, LasCeldasVuelven) {
   EXPECT_FALSE(v->deshacer->accion()->isEnabled());
 }
 
-// Stopped, it says where; its commands wait meanwhile.
+// After a stop it reports how far it got; its commands are disabled meanwhile.
 TEST(Faena, DiceDondeSeParo) {
   Mesa m(kTextosMuestra);
   m.escritorio.ventanas().registrar(
@@ -361,19 +360,31 @@ TEST(Faena, DiceDondeSeParo) {
   Ventana* v = m.escritorio.ventanas().abrir(u"Lisa"_s);
   Ordenes ordenes(*v, nullptr);
   QAction* orden = ordenes.anadir({.nombre = u"abrir"_s, .texto = 9904, .hacer = [] {}});
+  Deshacer deshacer(*v);
+  int deshechas = 0;
+  deshacer.apuntar(u"algo"_s, [&]() -> Resultado<Deshacer::Vuelto> {
+    ++deshechas;
+    return Deshacer::Vuelto();
+  });
+  QWidget quieto;
   qint64 acabado = -1;
   ASSERT_TRUE(trabajar(*v, &ordenes,
                        {.que = u"Trabajando"_s,
                         .total = 1000,
                         .paso = [&](qint64 i) -> Resultado<> {
+                          deshacer.deshacer();  // not while it works
                           if (i == 4) QTest::keyClick(v, Qt::Key_Escape);
                           return {};
                         },
-                        .acabar = [&](qint64 n) { acabado = n; }}));
+                        .acabar = [&](const Faena::Fin& f) { acabado = f.hechos; },
+                        .quietos = {&quieto}}));
+  EXPECT_FALSE(quieto.isEnabled());
   EXPECT_FALSE(orden->isEnabled());
   EXPECT_FALSE(trabajar(*v, &ordenes, {.que = {}, .total = 1, .paso = {}}));
   ASSERT_TRUE(esperar([&] { return acabado >= 0; }));
   EXPECT_EQ(acabado, 5);
+  EXPECT_EQ(deshechas, 0);
+  EXPECT_TRUE(quieto.isEnabled());
   EXPECT_EQ(v->tira().texto(), u"Parado en 5 de 1000. Lo hecho hasta ahí queda hecho.");
   EXPECT_TRUE(orden->isEnabled());
 }

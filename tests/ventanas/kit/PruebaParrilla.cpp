@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kMuchas = 200'000;
 
-// A grid over the articles on a screen of its own.
+// A grid of the articles in a window of its own.
 struct Lista : Mesa {
   explicit Lista(int cuantos) : Mesa(kTextosMuestra) {
     llenarArticulos(*this, cuantos);
@@ -66,8 +66,8 @@ QByteArray dentroDe(const QString& zip, const QString& parte) {
 
 }  // namespace
 
-// The first rows are there at once, however many follow; a page costs the same anywhere.
-// The first rows stand before all are counted.
+// The first rows are shown at once, before all of them are counted and however many follow; a page
+// costs the same anywhere.
 TEST(Parrilla, MuchasFilasNoHacenEsperar) {
   Lista l(kMuchas);
   l.abrir();
@@ -91,7 +91,7 @@ TEST(Parrilla, InicioYFinVanALasFilasYConCtrlLasFlechasALasColumnas) {
   while (v->isColumnHidden(ultima)) --ultima;
   using Celda = std::pair<int, int>;
   tecla(Qt::Key_Right);
-  EXPECT_EQ(tecla(Qt::Key_End), Celda(4999, 1)) << "also before all are counted";
+  EXPECT_EQ(tecla(Qt::Key_End), Celda(4999, 1)) << "even before all rows are counted";
   EXPECT_EQ(l.p.filasParaActuar(), std::vector<int>{4999});
   EXPECT_EQ(tecla(Qt::Key_Home), Celda(0, 1));
   EXPECT_EQ(tecla(Qt::Key_Right, Qt::ControlModifier), Celda(0, ultima));
@@ -104,8 +104,8 @@ TEST(Parrilla, InicioYFinVanALasFilasYConCtrlLasFlechasALasColumnas) {
   EXPECT_EQ(l.p.filasParaActuar(), (std::vector<int>{0, 1, 2, 3}));
 }
 
-// The rest is gathered by another connection, which doesn't see what this one has not committed;
-// what is committed in between it may see or not, but no row stands twice.
+// The other keys are read by another connection, which doesn't see uncommitted changes of this one;
+// it may or may not see changes committed in between, but no row appears twice.
 TEST(Parrilla, LoQueCambiaMientrasSeCuenta) {
   constexpr int kFilas = 5000;
   for (const bool sinConfirmar : {true, false}) {
@@ -136,10 +136,10 @@ TEST(Parrilla, OrdenaPorLaCabeceraEnLosDosSentidos) {
                       QPoint(h->sectionViewportPosition(columna) + 20, h->height() / 2));
   };
   pulsar(1);
-  // Accents and case don't count, and Ñ comes after N.
+  // Accents and case are ignored, and Ñ comes after N.
   EXPECT_EQ(l.p.texto(0, u"NOMBRE"), u"Árbol 000002");
   EXPECT_EQ(l.p.texto(l.p.filas() - 1, u"NOMBRE"), u"Ñora 001000");
-  // What was chosen is the same row, wherever it stands now.
+  // The selection is the same row, wherever it is now.
   ASSERT_EQ(l.p.filasElegidas().size(), 1U);
   EXPECT_EQ(l.codigo(l.p.filasElegidas()[0]), 7);
   EXPECT_EQ(l.codigo(l.p.filaActual()), 7);
@@ -147,7 +147,7 @@ TEST(Parrilla, OrdenaPorLaCabeceraEnLosDosSentidos) {
   EXPECT_EQ(l.p.texto(0, u"NOMBRE"), u"Ñora 001000");
 }
 
-// Rows that come and go around them leave the chosen ones chosen; those that went are not.
+// Rows added or removed around them don't affect the selected ones; removed rows are deselected.
 TEST(Parrilla, LaSeleccionSobreviveAlRefresco) {
   Lista l(5000);
   l.abrir();
@@ -165,7 +165,7 @@ TEST(Parrilla, LaSeleccionSobreviveAlRefresco) {
   EXPECT_NEAR(l.p.vista()->verticalScrollBar()->value(), desplazada, 3);
 }
 
-// Letters jump in the current column; Ctrl+F looks everywhere and round the end.
+// Letters jump within the current column; Ctrl+F searches all columns, wrapping round the end.
 TEST(Parrilla, BuscaSinAcentosNiMayusculas) {
   Lista l(kMuchas);
   l.abrir();
@@ -186,7 +186,7 @@ TEST(Parrilla, BuscaSinAcentosNiMayusculas) {
   EXPECT_EQ(l.codigo(l.p.filaActual()), 11);
   const auto* aviso = l.p.findChild<QLabel*>(u"aviso"_s);
   EXPECT_EQ(aviso->text(), u"«no hay» no está en la lista.");
-  EXPECT_TRUE(esperar([&] { return aviso->text().isEmpty(); })) << "it goes away by itself";
+  EXPECT_TRUE(esperar([&] { return aviso->text().isEmpty(); })) << "it disappears by itself";
 }
 
 TEST(Parrilla, CopiaYSumaLoQueSeVe) {
@@ -204,7 +204,7 @@ TEST(Parrilla, CopiaYSumaLoQueSeVe) {
   EXPECT_EQ(l.p.pie()->text(), u"3 filas");
 }
 
-// A query without a key of its own is shown, sorted, summed and refreshed as any other.
+// A query without a key of its own is shown, sorted, summed and refreshed like any other.
 TEST(Parrilla, MuestraGrupos) {
   Lista l(1000);
   l.p.preparar(l.contexto(), u"Prueba"_s, columnasAgrupadas());
@@ -224,7 +224,7 @@ TEST(Parrilla, MuestraGrupos) {
   EXPECT_EQ(l.p.filasElegidas().size(), 1U);
   const auto mala = l.p.abrir({.desde = u"NADA"_s});
   ASSERT_FALSE(mala);
-  EXPECT_EQ(l.p.filas(), 2) << "what was shown stays when the new query fails";
+  EXPECT_EQ(l.p.filas(), 2) << "the former rows stay if the query fails";
 }
 
 TEST(Parrilla, ExportaEnRebanadasLoQueSeVe) {
@@ -270,7 +270,7 @@ TEST(Parrilla, UnaExportacionParadaNoDejaNada) {
   EXPECT_TRUE(dicho);
 }
 
-// Rows that can't be read are not shown as empty ones without a word.
+// Unreadable rows are reported, not silently shown as empty ones.
 TEST(Parrilla, DiceQueNoPuedeLeer) {
   Lista l(5000);
   l.abrir();
@@ -285,7 +285,7 @@ TEST(Parrilla, DiceQueNoPuedeLeer) {
   EXPECT_TRUE(esperar([&] { return !dicho.isEmpty(); }));
 }
 
-// Widths, order and visibility come back with the next window of that name.
+// Widths, order and visibility are restored in the next window of that name.
 TEST(Parrilla, RecuerdaLasColumnas) {
   Lista l(10);
   l.abrir();
@@ -298,13 +298,13 @@ TEST(Parrilla, RecuerdaLasColumnas) {
   EXPECT_NEAR(h->sectionSize(1), 333, 2);
   EXPECT_EQ(h->logicalIndex(0), 4);
   EXPECT_TRUE(h->isSectionHidden(2));
-  EXPECT_TRUE(h->isSectionHidden(6)) << "a column of data alone is never shown";
+  EXPECT_TRUE(h->isSectionHidden(6)) << "a column for data only is never shown";
   l.p.preparar(l.contexto(), u"Otra"_s, columnasArticulos());
   l.abrir();
   EXPECT_FALSE(h->isSectionHidden(2));
 }
 
-// Live rows: only what changed is painted; what is chosen and the order stay.
+// Live rows: only changed cells are repainted; the selection and the order are kept.
 TEST(Parrilla, LasFilasVivasCambianSolas) {
   Lista l(0);
   l.p.preparar(l.contexto(), u"Vivas"_s,
@@ -336,8 +336,8 @@ TEST(Parrilla, LasFilasVivasCambianSolas) {
   EXPECT_TRUE(l.p.filasElegidas().empty());
 }
 
-// A filter that leaves few of many rows, and takes them all back: what is chosen stays, and the
-// view hears of it in a handful of steps, each of which makes it count all rows.
+// A filter that leaves few of many rows, and then restores them all: the selection is kept, and the
+// view is notified in a handful of steps, since it counts all rows at each.
 TEST(Parrilla, MuchasFilasVivasVanYVienen) {
   Lista l(0);
   l.p.preparar(l.contexto(), u"Vivas"_s,

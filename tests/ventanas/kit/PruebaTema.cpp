@@ -7,7 +7,7 @@ namespace tarvo::prueba {
 
 using namespace ventanas;
 
-// Every text can be read on every ground that it stands on, in both faces.
+// Every text is readable on each of its backgrounds, in both themes.
 TEST(Tema, Contraste) {
   using T = Tinte;
   const struct {
@@ -25,7 +25,7 @@ TEST(Tema, Contraste) {
       {T::Bien, {T::Fondo, T::Base, T::BaseAlterna, T::FondoBien}, 4.5},
       {T::Duda, {T::Fondo, T::Base, T::BaseAlterna, T::FondoDuda}, 4.5},
       {T::Mal, {T::Fondo, T::Base, T::BaseAlterna, T::FondoMal}, 4.5},
-      {T::Borde, {T::Fondo, T::Base}, 3},  // of controls, not of letters
+      {T::Borde, {T::Fondo, T::Base}, 3},  // of controls, not of text
   };
   for (const Cara cara : {Cara::Clara, Cara::Oscura})
     for (const auto& p : pares)
@@ -39,7 +39,7 @@ TEST(Tema, Contraste) {
   EXPECT_NEAR(contraste(Qt::black, Qt::white), 21, 0.01);
 }
 
-// Letters and lengths grow together; icons take the colour of the face.
+// Fonts and lengths grow together; icons take the colours of the theme.
 TEST(Tema, CaraYEscala) {
   Mesa m;
   Tema& tema = m.escritorio.tema();
@@ -53,7 +53,7 @@ TEST(Tema, CaraYEscala) {
   EXPECT_EQ(qApp->palette().color(QPalette::Window), tintes(Cara::Oscura)[0]);
   EXPECT_NE(icono(u"abrir"_s).pixmap(lado).toImage(), clara);
   EXPECT_TRUE(icono(u"no hay"_s).isNull());
-  // Nothing of the sheet is left without its value.
+  // No placeholder of the style sheet is left.
   EXPECT_FALSE(qApp->styleSheet().contains(u'@'));
 }
 

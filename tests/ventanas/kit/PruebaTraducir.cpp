@@ -94,7 +94,7 @@ TEST(TraducirForm, TitulosPistasPestanasYColecciones) {
   EXPECT_EQ(conPista.property("tag").toString(), u"Uno");
 }
 
-// Who can't see the window hears what each control is.
+// Assistive tools get a name for each control.
 TEST(TraducirForm, NombresParaQuienNoVe) {
   const Mesa m(kPropios);
   QWidget form;

@@ -33,7 +33,7 @@ struct Puesto : Mesa {
   int hechas = 0;
 };
 
-// Presses keys in the box that comes up, as soon as it does.
+// Calls `hacer` with the box as soon as one opens.
 void cuandoHayaCaja(const std::function<void(QWidget&)>& hacer) {
   QTimer::singleShot(0, qApp, [hacer] {
     QWidget* caja = QApplication::activeModalWidget();
@@ -49,7 +49,7 @@ TEST(Ventanas, UnaSolaPorNombre) {
   Muestra* v = p.abrir(u"Muestra"_s);
   EXPECT_EQ(v->windowTitle(), u"Periodos de totalización");
   EXPECT_EQ(p.abrir(u"Muestra"_s, nullptr, {{u"modo"_s, 3}}), v);
-  EXPECT_EQ(v->dados.value(u"modo"_s), 3) << "an open window is prepared anew";
+  EXPECT_EQ(v->dados.value(u"modo"_s), 3) << "an open window is prepared again";
   Muestra* otra = p.abrir(u"Muestra#12"_s);
   EXPECT_NE(otra, v);
   EXPECT_EQ(p.hechas, 2);
@@ -57,13 +57,14 @@ TEST(Ventanas, UnaSolaPorNombre) {
   EXPECT_FALSE(p.todas().cargada(u"Nada"_s));
   EXPECT_FALSE(p.abrir(u"Nada"_s, v));
   EXPECT_EQ(v->tira().texto(), u"No hay ninguna ventana Nada.");
-  // A window that can't be prepared isn't opened, and its owner says why.
+  // A window that can't be prepared isn't opened, and its owner reports the reason.
   EXPECT_FALSE(p.abrir(u"Muestra#13"_s, v, {{u"falla"_s, true}}));
   EXPECT_EQ(v->tira().texto(), u"No hay tal periodo.");
   EXPECT_FALSE(p.todas().cargada(u"Muestra#13"_s));
 }
 
-// One that was never placed stands in the middle of its owner; one that was, where it was left.
+// A window without a remembered position is centred on its owner; others open in their last
+// position.
 TEST(Ventanas, NaceSobreSuDueno) {
   Puesto p;
   Muestra* dueno = p.abrir(u"MainTarvo"_s);
@@ -97,7 +98,7 @@ TEST(Ventanas, EscapeDescargaYVuelveAlDueno) {
   EXPECT_TRUE(esperar([&] { return dueno->isActiveWindow(); }));
 }
 
-// Some platforms give the letter as text.
+// Some platforms send the letter as text.
 TEST(Ventanas, AltConUnaLetraNoEscribe) {
   Puesto p;
   QLineEdit campo;
@@ -116,19 +117,19 @@ TEST(Ventanas, DescargaTodo) {
   p.abrir(u"Muestra"_s);
   motor->seNiega = true;
   EXPECT_TRUE(p.todas().DescargaTodo(principal));
-  EXPECT_EQ(p.todas().abiertas().size(), 4U) << "a transfer under way leaves every window alone";
+  EXPECT_EQ(p.todas().abiertas().size(), 4U) << "no window is closed during a transfer";
   motor->seNiega = false;
   EXPECT_FALSE(p.todas().DescargaTodo(principal));
   EXPECT_EQ(p.todas().abiertas().size(), 2U);
   EXPECT_TRUE(p.todas().cargada(u"Cronos"_s));
-  // One that refuses keeps those that were there before it.
+  // A window that refuses keeps those opened before it.
   p.abrir(u"Muestra"_s);
   p.abrir(u"Muestra#2"_s)->seNiega = true;
   EXPECT_TRUE(p.todas().DescargaTodo(principal));
   EXPECT_EQ(p.todas().abiertas().size(), 4U);
 }
 
-// Two actions of one key would both be dead: the list gives way to its window.
+// Qt triggers neither of two actions with the same key: the list gives the key up to its window.
 TEST(Ventanas, LasTeclasDeLaVentanaSonSuyas) {
   Puesto p;
   p.todas().registrar(u"Conocida"_s, [&](Contexto& c, const QString& n) {
@@ -158,7 +159,7 @@ TEST(Ventanas, LosTextosDelJuegoSonLosDelPrograma) {
   EXPECT_EQ(QApplication::translate("QLineEdit", "&Copy"), u"&Copiar");
 }
 
-// Ctrl+F leads to the list that has the focus, and from elsewhere to the first.
+// Ctrl+F moves to the search field of the list with the focus, and from elsewhere to the first one.
 TEST(Ventanas, BuscarLlegaASuLista) {
   Puesto p;
   Muestra* v = p.abrir(u"Muestra"_s);
@@ -173,8 +174,8 @@ TEST(Ventanas, BuscarLlegaASuLista) {
   }
 }
 
-// An answer is given by keys alone, and comes back to who asked. Return is the default button's,
-// wherever one stands, but for another button and for a field that has its own use of it.
+// Answers are given with keys alone and delivered to the caller. Return presses the default button
+// wherever the focus is, except on another button or in a field that uses Return itself.
 TEST(Ventanas, ModalAceptaYRechaza) {
   const struct {
     const char* desde;
@@ -201,7 +202,7 @@ TEST(Ventanas, ModalAceptaYRechaza) {
   }
 }
 
-// The ring shows where the keys go, also after a window that went with it.
+// The ring marks the focus, even after the window that contained the ring has been destroyed.
 TEST(Ventanas, ElFocoSeVeEnCadaVentana) {
   Puesto p;
   Muestra* dueno = p.abrir(u"MainTarvo"_s);
@@ -222,7 +223,7 @@ TEST(Ventanas, ElFocoSeVeEnCadaVentana) {
   }
 }
 
-// A window that was unloaded at the very end goes before what it stands on.
+// A window unloaded at the very end is deleted before the objects it depends on.
 TEST(Ventanas, NingunaSobreviveAlEscritorio) {
   QPointer<Ventana> v;
   {
@@ -306,8 +307,8 @@ TEST(Trabajo, RebanadasAvanceYParada) {
         [&](const Resultado<Trabajo::Fin>& f) { fin = f; });
   };
   ASSERT_TRUE(empezar(-1));
-  EXPECT_FALSE(empezar(-1)) << "one at a time";
-  EXPECT_TRUE(esperar([&] { return v->trabajo().isVisible(); })) << "the window lives meanwhile";
+  EXPECT_FALSE(empezar(-1)) << "one work at a time";
+  EXPECT_TRUE(esperar([&] { return v->trabajo().isVisible(); })) << "the window responds meanwhile";
   QTest::mouseClick(v->trabajo().findChild<QPushButton*>(u"parar"_s), Qt::LeftButton);
   ASSERT_TRUE(fin);
   EXPECT_EQ(**fin, Trabajo::Fin::Parado);

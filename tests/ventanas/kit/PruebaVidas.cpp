@@ -1,5 +1,5 @@
-// What is under way in a window when the window goes: a question that it asked, rows that come from
-// another thread, work in slices. Nothing of it may outlive what it stands on, nor stay open alone.
+// Activities under way in a window when it is unloaded: a question, rows read by another thread,
+// work in slices. None may outlive the objects it depends on, nor stay open alone.
 #include <QHeaderView>
 #include <QPointer>
 #include <QTableView>
@@ -17,7 +17,7 @@ using namespace ventanas;
 
 namespace {
 
-constexpr int kFilas = 6000;  // more than show at once
+constexpr int kFilas = 6000;  // more than are shown at once
 
 struct Taller : Mesa {
   Taller() : Mesa(kTextosMuestra) {
@@ -29,9 +29,9 @@ struct Taller : Mesa {
   Muestra& abrir(const QString& nombre) { return *qobject_cast<Muestra*>(todas().abrir(nombre)); }
 };
 
-// A function of the window that asks, and goes on with what the window holds when it is answered.
+// A function of the window that asks, and after the answer uses the window's members.
 void usar(Muestra& v, bool respuesta) {
-  EXPECT_FALSE(respuesta) << "nobody said yes";
+  EXPECT_FALSE(respuesta) << "it wasn't answered with yes";
   v.decirDuda(v.nombre());
   v.ui.lista->irA(0);
 }
@@ -48,7 +48,7 @@ bool empezarTrabajo(Muestra& v, const std::function<void()>& alAcabar) {
 
 struct EnMarcha {
   const char* que;
-  int encima;  // so many windows wait above it, each in an event loop of its own
+  int encima;  // number of windows waiting above it, each in its own event loop
   void (*empezar)(Muestra& v);
 };
 
@@ -139,7 +139,7 @@ std::vector<QWidget*> loDeEncima() {
   return vistas;
 }
 
-// Does it as soon as so many wait.
+// Calls `hacer` as soon as that many windows wait.
 void cuandoEsperen(int cuantas, const std::function<void()>& hacer) {
   QTimer::singleShot(0, qApp, [cuantas, hacer] {
     std::ssize(loDeEncima()) < cuantas ? cuandoEsperen(cuantas, hacer) : hacer();
@@ -150,8 +150,8 @@ void pulsarEscape() {
   QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
 }
 
-// A fast machine may have written the last row before the window went: a file is whole, or isn't
-// there.
+// A fast machine may have written the last row before the window was unloaded: a file is complete,
+// or missing.
 testing::AssertionResult todoONada(const QDir& carpeta) {
   for (const QString& nombre : carpeta.entryList({u"v.*"_s})) {
     QFile fichero(carpeta.filePath(nombre));
@@ -174,7 +174,7 @@ TEST(Vidas, UnaVentanaSeVaConLoQueTieneEnMarcha) {
       const QPointer<Muestra> v = &t.abrir(u"MainTarvo"_s);
       bool quedo = false;
       QTimer guardia;
-      // What stays open alone would hold the test for ever.
+      // A window left open would block the test for ever.
       QObject::connect(&guardia, &QTimer::timeout, [&] {
         for (QWidget* w : loDeEncima()) quedo = w->close();
       });
@@ -189,7 +189,7 @@ TEST(Vidas, UnaVentanaSeVaConLoQueTieneEnMarcha) {
     }
 }
 
-// The program ends while all that is under way.
+// The program ends during each of these activities.
 TEST(Vidas, ElEscritorioSeVaConLoQueHayEnMarcha) {
   for (const EnMarcha& cosa : kEnMarcha) {
     if (cosa.encima > 0) continue;
@@ -200,8 +200,8 @@ TEST(Vidas, ElEscritorioSeVaConLoQueHayEnMarcha) {
   }
 }
 
-// Other rows or columns, given while a work stands on those that were: the work ends, and of a file
-// there is all or nothing.
+// The rows or columns are replaced while work uses the former ones: the work ends, and a file is
+// complete or missing.
 TEST(Vidas, LasFilasCambianBajoUnTrabajo) {
   const struct {
     const char* que;
@@ -226,11 +226,11 @@ TEST(Vidas, LasFilasCambianBajoUnTrabajo) {
       ASSERT_TRUE(v.ui.lista->trabajando());
       cambio.cambiar(v);
       EXPECT_TRUE(esperar([&] { return !v.ui.lista->trabajando(); }));
-      EXPECT_TRUE(QDir(t.carpeta.path()).entryList({u"v.*"_s}).isEmpty()) << "rows of two orders";
+      EXPECT_TRUE(QDir(t.carpeta.path()).entryList({u"v.*"_s}).isEmpty()) << "it would mix orders";
     }
 }
 
-// A dialog that has something to lose keeps its owner; so does a question that isn't answered yet.
+// A dialog with unsaved changes keeps its owner; so does an unanswered question.
 TEST(Vidas, QuienSeNiegaRetieneASuDueno) {
   Taller t;
   Muestra& v = t.abrir(u"MainTarvo"_s);
@@ -239,21 +239,21 @@ TEST(Vidas, QuienSeNiegaRetieneASuDueno) {
     encima->seNiega = true;
     EXPECT_FALSE(v.descargar());
     EXPECT_TRUE(v.isVisible());
-    EXPECT_EQ(v.preguntas, 0) << "asked only when it can go";
+    EXPECT_EQ(v.preguntas, 0) << "not asked while it can't close";
     encima->seNiega = false;
     EXPECT_TRUE(encima->descargar());
   });
   t.todas().abrirModal(u"Muestra#2"_s, &v);
   v.alDescargar = [&] { return !MyMsgBox::Decide(&v, t.textos, u"¿Se va?"_s, kAceptoCancelo); };
   cuandoEsperen(1, [&] {
-    EXPECT_FALSE(v.descargar()) << "it is being asked";
+    EXPECT_FALSE(v.descargar()) << "the question is still open";
     pulsarEscape();
   });
   EXPECT_FALSE(v.descargar());
   EXPECT_TRUE(t.todas().cargada(u"MainTarvo"_s));
 }
 
-// A window that goes, or whose owner goes, while it is being prepared isn't opened.
+// A window isn't opened if it or its owner is unloaded while it is being prepared.
 TEST(Vidas, UnaQueSeVaAlPrepararse) {
   Taller t;
   t.todas().registrar(u"Corta"_s, [&](Contexto& c, const QString& n) {

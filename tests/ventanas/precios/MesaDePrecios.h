@@ -1,5 +1,5 @@
-// A shop of one section with 40 articles and two groups that hold them, its windows of offers and
-// prices, and a list that walks the articles as BrowPLUs does.
+// A shop with one section, 40 articles and two groups with all of them, its windows of offers and
+// prices, and a list that walks the articles like BrowPLUs.
 #pragma once
 
 #include <QCheckBox>
@@ -22,7 +22,7 @@
 
 namespace tarvo::prueba {
 
-// The pointer over the codes of section 1.
+// Moves its pointer over the codes of section 1.
 class ListaDeArticulos final : public ventanas::Ventana, public ventanas::Recorrido {
  public:
   ventanas::Recorrido* recorrido() override { return this; }
@@ -83,7 +83,7 @@ struct MesaDePrecios : Mesa {
   static QString texto(QWidget* v, const QString& nombre) {
     return v->findChild<QLabel*>(nombre)->text();
   }
-  // The control that has the focus. After a box this screen gives it back to nobody.
+  // The control with the focus. After a box, this platform gives the focus to no window.
   QWidget* foco() {
     if (!QApplication::focusWidget()) escritorio.ventanas().abiertas().back()->activateWindow();
     EXPECT_TRUE(esperar([] { return QApplication::focusWidget() != nullptr; }));

@@ -19,7 +19,7 @@ const QString kOfertas =
 
 }  // namespace
 
-// The whole of it by keys: an offer for both groups that begins tomorrow and ends on Sunday.
+// All of it by keys: an offer for both groups that begins tomorrow and ends on Sunday.
 TEST(VentanaOfertas, UnaOfertaParaDosGruposHastaElDomingo) {
   MesaDePrecios m;
   auto* lista = m.abrir(u"BrowOfer"_s);
@@ -40,20 +40,20 @@ TEST(VentanaOfertas, UnaOfertaParaDosGruposHastaElDomingo) {
     m.teclear(valor);
     m.pulsar(Qt::Key_Return);
   }
-  m.pulsar(Qt::Key_Return);  // the button has the focus now
+  m.pulsar(Qt::Key_Return);  // the button now has the focus
   const auto fila = [&](int grupo) {
     return u"%1 12 995 %2 %3 0 0"_s.arg(grupo).arg(manana.dias()).arg(domingo(manana).dias());
   };
   EXPECT_EQ(m.leer(kOfertas), fila(1) + u" | "_s + fila(2));
   EXPECT_EQ(m.foco(), &m.campo(nueva, u"Entra"_s));
-  EXPECT_EQ(m.campo(nueva, u"Fecha_1"_s).text(), manana.corta()) << "the dates stay";
+  EXPECT_EQ(m.campo(nueva, u"Fecha_1"_s).text(), manana.corta()) << "the dates are kept";
   EXPECT_EQ(m.campo(nueva, u"Precio_0"_s).text(), u"");
   auto& grid = *lista->findChild<ventanas::Parrilla*>(u"Grid"_s);
   ASSERT_EQ(grid.filas(), 1);
   EXPECT_EQ(grid.texto(0, u"PRECIO_0"), u"9,95");
   m.teclear(u"1"_s);
   m.pulsar(Qt::Key_Escape);
-  ASSERT_TRUE(nueva->isVisible()) << "that one emptied the box";
+  ASSERT_TRUE(nueva->isVisible()) << "the first Escape clears the field";
   m.pulsar(Qt::Key_Escape);
   EXPECT_FALSE(nueva->isVisible());
 }
@@ -109,7 +109,7 @@ TEST(VentanaOfertas, LoQueFaltaSeDiceYNoSeGuarda) {
   EXPECT_EQ(m.leer(kOfertas), u"");
   v->findChild<QRadioButton*>(u"PorNom"_s)->click();
   m.campo(v, u"Entra"_s).setText(u"articulo 20"_s);
-  EXPECT_EQ(m.texto(v, u"Codigox"_s), u"0000020") << "the first that follows, accents ignored";
+  EXPECT_EQ(m.texto(v, u"Codigox"_s), u"0000020") << "the first from there on, ignoring accents";
 }
 
 TEST(VentanaOfertas, PreguntaAntesDeReescribir) {
@@ -127,7 +127,7 @@ TEST(VentanaOfertas, PreguntaAntesDeReescribir) {
   }
 }
 
-// A date written in one row goes to all that are shown, and comes back.
+// A date entered in one row is set in all rows shown, and undone.
 TEST(VentanaOfertas, UnaFechaVaATodasYSeDeshace) {
   MesaDePrecios m;
   for (const int codigo : {10, 11})
@@ -163,13 +163,13 @@ TEST(VentanaOfertas, UnaFechaVaATodasYSeDeshace) {
   EXPECT_EQ(m.leer(u"select GRUPO, PRECIO_0, FECHA_INI from OFERTAS where CODIGO=10"_s),
             u"1 650 43000 | 2 650 43000");
   QTest::keyClick(m.foco(), Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(m.leer(kOfertas), antes) << "in all groups, with the days of each";
+  EXPECT_EQ(m.leer(kOfertas), antes) << "all groups, each with its dates";
 }
 
-// Prices come back also where the list shows the offer no more; not those that changed since.
+// Undo restores prices even if the offer is no longer listed; not those changed since.
 TEST(VentanaOfertas, LosPreciosSeDeshacen) {
   const struct {
-    const char16_t* otro;  // what happens meanwhile
+    const char16_t* otro;  // the change made meanwhile
     const char16_t *queda, *dice;
   } casos[] = {
       {u"", u"700 | 300", u"Deshecho: P. Base, que era «7,00»."},
@@ -191,7 +191,7 @@ TEST(VentanaOfertas, LosPreciosSeDeshacen) {
     const QString precios = u"select PRECIO_0 from OFERTAS order by GRUPO"_s;
     EXPECT_EQ(m.leer(precios), u"650 | 650");
     if (*c.otro) m.sql(QString::fromUtf16(c.otro));
-    m.escribir(v, u"TxtF1"_s, u"01/01/2030"_s);  // filters it out
+    m.escribir(v, u"TxtF1"_s, u"01/01/2030"_s);  // hides it with the filter
     m.pulsar(Qt::Key_Return);
     v->findChild<QAction*>(u"Deshacer"_s)->trigger();
     EXPECT_EQ(m.leer(precios), QString::fromUtf16(c.queda));

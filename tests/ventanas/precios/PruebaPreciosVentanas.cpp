@@ -5,7 +5,7 @@
 
 namespace tarvo::prueba {
 
-// A margin of 50 % locked over articles that cost 5,00, 8,00 and 10,01.
+// A locked margin of 50 % for articles that cost 5,00, 8,00 and 10,01.
 TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
   MesaDePrecios m;
   m.sql(u"update PLUSES set COSTE=800 where CODPLU=4"_s);
@@ -15,7 +15,7 @@ TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
   auto* v = m.abrir(u"CalcPre"_s);
   EXPECT_EQ(lista->hijos, 1);
   EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3");
-  EXPECT_EQ(m.campo(v, u"pcMarg"_s).text(), u"-40,00") << "3,00 for what costs 5,00";
+  EXPECT_EQ(m.campo(v, u"pcMarg"_s).text(), u"-40,00") << "a price of 3,00 for a cost of 5,00";
   MesaDePrecios::escribir(v, u"pcMarg"_s, u"50"_s);
   m.pulsar(Qt::Key_Tab);
   EXPECT_EQ(m.texto(v, u"PVP"_s), u"7,50");
@@ -29,7 +29,7 @@ TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
   m.boton(v, u"Salvar"_s);
   EXPECT_EQ(m.leer(u"select PRECIO_00 from PLUSES where CODPLU in (3, 4, 5, 6) order by CODPLU"_s),
             u"750 | 1200 | 1505 | 600")
-      << "15,015 is 15,02 and goes up to 15,05; article 6 wasn't walked to";
+      << "15,015 is 15,02, rounded up to 15,05; article 6 wasn't reached";
   EXPECT_EQ(m.leer(u"select min(plu) from [Cross]"_s), u"6");
   v->descargar();
   EXPECT_EQ(lista->hijos, 0);
@@ -51,11 +51,11 @@ TEST(VentanaCalculo, SinTocarNadaNoSeEscribeNada) {
   EXPECT_EQ(m.leer(u"select count(*) from [Cross]"_s), u"80");
   lista->codigo = 20;
   lista->movido();
-  EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000020  Artículo 20") << "it follows the list";
+  EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000020  Artículo 20") << "it follows the list's current row";
   MesaDePrecios::escribir(v, u"costeN"_s, u"8"_s);
   m.pulsar(Qt::Key_Escape);
   EXPECT_EQ(m.leer(u"select COSTE from PLUSES where CODPLU=20"_s), u"333")
-      << "leaving isn't saving";
+      << "closing doesn't save";
 }
 
 TEST(VentanaLote, SubeUnDepartamentoYSeDeshace) {
@@ -90,7 +90,8 @@ TEST(VentanaLote, SubeUnDepartamentoYSeDeshace) {
   EXPECT_FALSE(deshacer->isEnabled());
 }
 
-// Stopped, or closed, in the middle: no price is another one. Undone and stopped: the rest waits.
+// Stopped or closed in the middle, no price has changed. If the undoing is stopped, the rest stays
+// pending.
 TEST(VentanaLote, ParadoNoDejaNada) {
   MesaDePrecios m;
   auto muchos = dao::Transaccion::empezar(*m.db);
@@ -130,7 +131,7 @@ TEST(VentanaLote, ParadoNoDejaNada) {
 
   lanzar();
   ASSERT_TRUE(esperar([&] { return subidos() > 100; }));
-  // Whoever closes it is asked, and stays unless he says so; the work waits for the answer.
+  // Closing it asks, and the window stays unless the user confirms; the work waits for the answer.
   m.alAbrirse([&](QWidget* w) {
     const int antes = subidos();
     for (int i = 0; i < 50; ++i) QCoreApplication::processEvents();
@@ -145,7 +146,7 @@ TEST(VentanaLote, ParadoNoDejaNada) {
   EXPECT_EQ(subidos(), 0);
 }
 
-// A change that was cut off is said, and finished from here.
+// A change cut off before is reported, and completed from here.
 TEST(VentanaLote, LoQueSeCortoSeTermina) {
   MesaDePrecios m;
   for (int i = 100; i < 800; ++i) m.articulo({.codigo = i, .depto = 1, .precio = 100});
@@ -183,7 +184,7 @@ TEST(VentanaLote, LosArticulosElegidosCambianDeDepartamento) {
   }));
 }
 
-// All windows can be read, full and empty, in both faces, both sizes and all font scales.
+// All windows are readable, full and empty, in both themes, both sizes and all font scales.
 TEST(FotosPrecios, SeLeen) {
   const QString fija = qEnvironmentVariable("TARVO_FOTOS");
   for (const bool llena : {false, true}) {

@@ -2,7 +2,7 @@
 
 namespace tarvo::prueba {
 
-// Thirty prices, one a line: what is typed, Enter, what is typed, Enter.
+// Thirty prices, one per row: type, Enter, type, Enter.
 TEST(VentanaRapida, CambiaElPrecioDeTreintaArticulos) {
   MesaDePrecios m;
   auto* lista = m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
@@ -21,11 +21,11 @@ TEST(VentanaRapida, CambiaElPrecioDeTreintaArticulos) {
   EXPECT_EQ(m.leer(u"select count(*) from PLUSES where CODPLU>2 and PRECIO_00=100*(CODPLU-2)+50"_s),
             u"30");
   EXPECT_EQ(m.leer(u"select min(plu), count(*) from [Cross]"_s), u"33 20")
-      << "the groups no longer hold those thirty";
+      << "the thirty are due for the groups";
   EXPECT_EQ(m.leer(u"select count(*) from HistoriaPrecios where VENTANA='FastModf'"_s), u"30");
-  EXPECT_EQ(grid.texto(0, u"PRECIO_00"), u"1,50") << "the grid beside it follows";
+  EXPECT_EQ(grid.texto(0, u"PRECIO_00"), u"1,50") << "the grid beside it is updated";
   for (int i = 0; i < 12; ++i) m.pulsar(Qt::Key_Return);
-  EXPECT_EQ(grid.filaActual(), 39) << "at the end it stays";
+  EXPECT_EQ(grid.filaActual(), 39) << "it stays at the last row";
   EXPECT_EQ(m.leer(u"select count(*) from HistoriaPrecios"_s), u"30") << "nothing was typed";
   v->descargar();
   EXPECT_EQ(lista->hijos, 0);
@@ -54,14 +54,14 @@ TEST(VentanaRapida, LasTeclasYLosModos) {
   EXPECT_EQ(m.campo(v, u"precio23"_s).text(), u"7,00");
   grid.vista()->setFocus();
   m.pulsar(Qt::Key_PageDown);
-  EXPECT_EQ(grid.filaActual(), 1) << "in the list a page is an article too";
+  EXPECT_EQ(grid.filaActual(), 1) << "page keys move by one article here too";
 }
 
 TEST(VentanaRapida, LasColumnasQueSeElijen) {
   MesaDePrecios m;
   auto* v = m.abrir(u"FastModf"_s);
   m.alAbrirse([&](QWidget* w) {
-    w->findChild<QRadioButton*>(u"opcion5_2"_s)->click();  // department, to change
+    w->findChild<QRadioButton*>(u"opcion5_2"_s)->click();  // department, to be changed
     w->findChild<QRadioButton*>(u"opcion2_0"_s)->click();  // price 1, invisible
     w->findChild<QComboBox*>(u"lstModo"_s)->setCurrentIndex(1);
     m.boton(w, u"Acepto"_s);
@@ -84,7 +84,7 @@ TEST(VentanaRapida, LasColumnasQueSeElijen) {
   }
 }
 
-// The prefix 12, and a department that doesn't move: four fields an article.
+// With the prefix 12 and a fixed department: four fields per article.
 TEST(VentanaAlta, ConPrefijoYDepartamentoFijo) {
   MesaDePrecios m;
   m.suyos.PrefijoCodigos = u"12"_s;
@@ -122,7 +122,7 @@ TEST(VentanaAlta, ConPrefijoYDepartamentoFijo) {
   m.responder(u"Si"_s);
   m.boton(v, u"Alta"_s);
   EXPECT_EQ(v->tira().texto(), u"El código de registro ya existe: No debe duplicarse");
-  EXPECT_EQ(m.campo(v, u"txNom"_s).text(), u"Otra") << "the form stays";
+  EXPECT_EQ(m.campo(v, u"txNom"_s).text(), u"Otra") << "the form keeps its contents";
 }
 
 TEST(VentanaAlta, NoSeSaleDeUnCampoQueNoVale) {
@@ -135,7 +135,7 @@ TEST(VentanaAlta, NoSeSaleDeUnCampoQueNoVale) {
   }
   m.teclear(u"1234567"_s);
   m.teclear(u"8"_s);
-  EXPECT_EQ(m.campo(v, u"txCod"_s).text(), u"2345678") << "a further digit pushes the first out";
+  EXPECT_EQ(m.campo(v, u"txCod"_s).text(), u"2345678") << "another digit pushes the first one out";
   m.pulsar(Qt::Key_Tab);
   EXPECT_EQ(m.enFoco(), u"txNom");
   m.responder(u"No"_s);
@@ -149,7 +149,7 @@ TEST(VentanaAlta, NoSeSaleDeUnCampoQueNoVale) {
   EXPECT_EQ(m.textoModal, u"Alguno de los valores entrados es incorrecto");
   m.responder(u"Cancelar"_s);
   m.boton(v, u"Alta"_s);
-  EXPECT_EQ(m.campo(v, u"txCod"_s).text(), u"") << "Cancelar empties the form";
+  EXPECT_EQ(m.campo(v, u"txCod"_s).text(), u"") << "Cancelar clears the form";
 }
 
 TEST(VentanaAlta, LaConfiguracionSeComprueba) {

@@ -1,5 +1,4 @@
-// What a person types and doesn't finish, or what can't be: nothing is written, nothing is lost,
-// and words say why.
+// Unfinished or invalid input: nothing is written, nothing is lost, and the reason is reported.
 #include <QAction>
 #include <QMessageBox>
 
@@ -14,7 +13,7 @@ struct Tecleado : MesaDePrecios {
   QString precio(int codigo) {
     return leer(u"select PRECIO_00 from PLUSES where CODPLU=%1"_s.arg(codigo));
   }
-  // Writes of articles fail, as under another program's lock, until permitir().
+  // Makes writes to articles fail, as under another program's lock, until permitir().
   void impedir() {
     sql(u"create trigger NO before update on PLUSES begin select raise(abort, 'no'); end"_s);
   }
@@ -23,7 +22,7 @@ struct Tecleado : MesaDePrecios {
 
 }  // namespace
 
-// Article 3 costs 5,00 and is sold for 3,00. What is typed, and Alt+G from within the box.
+// Article 3 costs 5,00 and is sold for 3,00. The input, and Alt+G from within the field.
 TEST(VentanaCalculo, LoQueNoValeSeDiceYNoSeGuarda) {
   const struct {
     QString campo, texto, dicho;
@@ -64,7 +63,7 @@ TEST(VentanaCalculo, NoPasaDeArticuloConUnPrecioQueNoVale) {
   EXPECT_EQ(m.precio(3), u"300");
   MesaDePrecios::escribir(v, u"costeN"_s, u"abc"_s);
   m.pulsar(Qt::Key_PageDown);
-  EXPECT_EQ(m.campo(v, u"costeN"_s).text(), u"0,00") << "text counts as 0, and is seen to";
+  EXPECT_EQ(m.campo(v, u"costeN"_s).text(), u"0,00") << "text counts as 0, which is shown";
   MesaDePrecios::escribir(v, u"costeN"_s, u"4"_s);
   MesaDePrecios::escribir(v, u"pcMarg"_s, u"50"_s);
   m.boton(v, u"Salvar"_s);
@@ -80,7 +79,7 @@ TEST(VentanaRapida, EscapeNoEscribeUnPrecioAMedias) {
     EXPECT_EQ(v->tira().isVisible(), texto == u"1.5");
     m.pulsar(Qt::Key_Escape);
     ASSERT_TRUE(v->isVisible());
-    EXPECT_FALSE(v->tira().isVisible()) << "it is given up";
+    EXPECT_FALSE(v->tira().isVisible()) << "the price was given up";
     EXPECT_EQ(m.campo(v, u"precio00"_s).text(), u"3,00");
   }
   m.pulsar(Qt::Key_Escape);
@@ -88,7 +87,7 @@ TEST(VentanaRapida, EscapeNoEscribeUnPrecioAMedias) {
   EXPECT_EQ(m.precio(3), u"300");
 }
 
-// Whatever the person does next, the price stays in its field on its article, with words.
+// After any other action the price stays in its field, on its article, with a message.
 TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
   for (const bool ilegible : {true, false}) {
     Tecleado m;
@@ -127,8 +126,8 @@ TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
       m.permitir();
     m.pulsar(Qt::Key_Return);
     EXPECT_EQ(m.precio(3), u"444");
-    EXPECT_EQ(grid.filaActual(), 1) << "and goes on";
-    EXPECT_FALSE(v->tira().isVisible()) << "nothing is wrong any more";
+    EXPECT_EQ(grid.filaActual(), 1) << "it moves to the next article";
+    EXPECT_FALSE(v->tira().isVisible()) << "the fault is resolved";
   }
 }
 
@@ -175,18 +174,18 @@ TEST(VentanaRapida, EmpiezaDondeEstabaLaLista) {
   EXPECT_EQ(grid.texto(grid.filaActual(), u"CODPLU"), u"0000007");
   EXPECT_TRUE(m.texto(v, u"lbArticulo"_s).startsWith(u"0000007"));
   m.pulsar(Qt::Key_Tab);
-  EXPECT_EQ(m.enFoco(), u"precio00") << "from the list to its prices";
+  EXPECT_EQ(m.enFoco(), u"precio00") << "Tab moves from the list to its prices";
   m.campo(v, u"precio27"_s).setFocus();
   m.pulsar(Qt::Key_Tab);
   EXPECT_EQ(m.foco(), grid.campoBusca());
   m.alAbrirse([&](QWidget* w) {
-    EXPECT_EQ(w->focusWidget()->objectName(), u"opcion0_1") << "the option that holds";
+    EXPECT_EQ(w->focusWidget()->objectName(), u"opcion0_1") << "the current option";
     m.boton(w, u"Cancelo"_s);
   });
   QTest::keyClick(v, Qt::Key_F9);
 }
 
-// Enter on the question keeps what was typed; only its own button lets it go.
+// Return at the question keeps the input; only the button discards it.
 TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
   const struct {
     QString ventana, campo, texto;
@@ -216,10 +215,10 @@ TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
   MesaDePrecios::escribir(v, u"Precio_0"_s, u"1,11"_s);
   m.campo(v, u"Entra"_s).setFocus();
   m.pulsar(Qt::Key_Escape);
-  EXPECT_FALSE(v->isVisible()) << "in its empty box Escape closes";
+  EXPECT_FALSE(v->isVisible()) << "Escape in the empty field closes";
 }
 
-// Who can't leave a field is told why, beside it and above.
+// A field that can't be left shows the reason beside itself and in the strip.
 TEST(VentanaAlta, DicePorQueNoSeSale) {
   const struct {
     const char16_t *campo, *texto, *dice;
@@ -249,7 +248,7 @@ TEST(VentanaAlta, DicePorQueNoSeSale) {
   }
 }
 
-// It begins with the price that the list has in hand, which is seen among the 24.
+// It starts with the list's current price, which is marked among the 24.
 TEST(VentanaCalculo, EmpiezaPorElPrecioDado) {
   for (const precios::Celda celda : {precios::Celda{0, 0}, {2, 7}, {1, 3}}) {
     Tecleado m;
@@ -266,11 +265,11 @@ TEST(VentanaCalculo, EmpiezaPorElPrecioDado) {
       }
     EXPECT_EQ(marcadas.join(u' '), u"precio%1%2"_s.arg(celda.nivel).arg(celda.tarifa));
     m.campo(v, u"precio05"_s).setFocus();
-    EXPECT_TRUE(m.campo(v, u"precio05"_s).font().bold()) << "the mark goes along";
+    EXPECT_TRUE(m.campo(v, u"precio05"_s).font().bold()) << "the mark moves with the focus";
   }
 }
 
-// A step that stayed from last time is seen: it rounds each article that is passed.
+// A rounding step left from the last time is shown, since it rounds each article passed.
 TEST(VentanaCalculo, ElRedondeoActivoSeVe) {
   for (const int paso : {0, 5}) {
     Tecleado m;
@@ -280,7 +279,7 @@ TEST(VentanaCalculo, ElRedondeoActivoSeVe) {
   }
 }
 
-// Cells of both grids come back, the last first.
+// Cells of both grids are restored, the last first.
 TEST(VentanaRapida, LasCeldasSeDeshacen) {
   Tecleado m;
   auto* v = m.abrir(precios::PuertaFastModf{});

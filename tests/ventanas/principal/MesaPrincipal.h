@@ -1,5 +1,5 @@
-// A shop with the whole program behind its main window, on machines that never answer, and windows
-// of other rooms that only note how they were opened.
+// A shop with the whole program and its main window, on machines that never answer, and windows of
+// other rooms that only record how they were opened.
 #pragma once
 
 #include <QLineEdit>
@@ -28,7 +28,7 @@ class Suplente final : public ventanas::Ventana {
     puerta_ = puerta;
     return {};
   }
-  // The door that it was opened with.
+  // The door with which it was opened.
   template <class P>
   P como() const {
     const P* p = std::any_cast<P>(&puerta_);
@@ -64,11 +64,11 @@ struct MesaPrincipal : Tienda {
     EXPECT_TRUE(QTest::qWaitForWindowActive(v));
     return v;
   }
-  // The morning has been read and shown.
+  // The main window after the morning's board has been read and shown.
   ventanas::Ventana* conManana() {
     auto* v = principal();
     EXPECT_TRUE(esperar([&] { return v->findChild<app::Manana*>()->leida(); }));
-    QTest::qWait(20);  // laid out
+    QTest::qWait(20);  // for the layout
     return v;
   }
   void fichero(const QString& nombre, const QByteArray& bytes) {
@@ -83,7 +83,7 @@ struct MesaPrincipal : Tienda {
     };
     (uno(std::type_identity<P>()), ...);
   }
-  // A night that read group 1 and not group 2.
+  // A night that read group 1 but not group 2.
   void nocheMala();
 
   std::vector<app::Personal>& personal() {
@@ -109,7 +109,7 @@ struct MesaPrincipal : Tienda {
       *qApp, *fondo->db, fondo->ajustes, textos, reloj, ventanas::Cara::Clara, {}};
 };
 
-// The piece of the board whose accessible name holds a text; null when there is none.
+// The item of the board whose accessible name contains a text; null if none.
 inline QAbstractButton* pieza(QWidget& v, const QString& texto) {
   for (auto* p : v.findChildren<app::Pieza*>())
     if (p->isVisible() && p->accessibleName().contains(texto)) return p;

@@ -1,4 +1,4 @@
-// The program with windows as a process, on a screen that isn't there.
+// The program with windows, as a process on an off-screen display.
 #include <QTest>
 #include <functional>
 
@@ -22,7 +22,7 @@ class ConVentanas : public Programa {
   }
 };
 
-// The main window forgets the tickets of other days and, told to end, closes in order.
+// The main window discards the tickets of other days and, after a signal to end, closes in order.
 TEST_F(ConVentanas, LaPrincipalEmpiezaYAcaba) {
   poner(u"VACIO.AUT"_s, {});
   ASSERT_EQ(correrAqui({u"--sin-ventana"_s, u"VACIO"_s}).estado, 0);
@@ -46,7 +46,7 @@ TEST_F(ConVentanas, LaPrincipalEmpiezaYAcaba) {
   EXPECT_TRUE(QFile::exists(en(u"TARVO.INI"_s)));
 }
 
-// What a computer that is shut down leaves of a run with its window, the next start goes on with.
+// A run in a window interrupted by a shutdown of the computer is resumed at the next start.
 TEST_F(ConVentanas, UnaSenalDejaElProcesoParaSeguir) {
   const MaquinaMuda muda;
   ponerProcesoQueEspera(u"LARGO.AUT"_s, muda);
@@ -67,7 +67,7 @@ TEST_F(ConVentanas, UnaSenalDejaElProcesoParaSeguir) {
   }
 }
 
-// A question that nobody has answered goes with the program, and the run ends as if unanswered.
+// An unanswered question closes with the program, and the run ends as if unanswered.
 TEST_F(ConVentanas, UnaSenalCierraLaPreguntaAbierta) {
   poner(u"DATO.AUT"_s, "N:%1,Grupo\r\nT:RXGRTOT,%1\r\n");
   QProcess p;
@@ -81,9 +81,9 @@ TEST_F(ConVentanas, UnaSenalCierraLaPreguntaAbierta) {
   EXPECT_EQ(fin.estado, 2) << fin.errores.toStdString();
 }
 
-// --- a night and windows on one database ---------------------------------------------------------
+// --- a night and windows on one database
 
-// The window that is open, as a process.
+// The program with an open window, as a process.
 struct Abierta {
   QProcess p;
   ~Abierta() {
@@ -108,8 +108,8 @@ class Juntos : public ConVentanas {
   qint64 ejecuciones() const { return base()->uno(u"SELECT count(*) FROM Ejecuciones")->entero(); }
 };
 
-// A night of cron while a window was left open runs in it: its lines, its result and its exit
-// status come back to who started it.
+// A night started by cron while a window is open runs in that window: its lines, its result and its
+// exit status are returned to the starting process.
 TEST_F(Juntos, LaNocheCorreEnLaVentanaAbierta) {
   poner(u"BIEN.AUT"_s, "N:nada\r\n");
   poner(u"MAL.AUT"_s, "N:%1,Grupo\r\nT:RXGRTOT,%1\r\n");
@@ -122,7 +122,7 @@ TEST_F(Juntos, LaNocheCorreEnLaVentanaAbierta) {
   const Fin mal = correrAqui({u"--sin-ventana"_s, u"--dato"_s, u"%1=99"_s, u"MAL"_s});
   EXPECT_EQ(mal.estado, 1) << mal.errores.toStdString();
   EXPECT_TRUE(mal.salida.contains(u"Grupo de destino no existe")) << mal.salida.toStdString();
-  // Nobody is asked there what the command line should have answered.
+  // A value missing from the command line isn't asked for in the window.
   const Fin sinDato = correrAqui({u"--sin-ventana"_s, u"MAL"_s});
   EXPECT_EQ(sinDato.estado, 2);
   EXPECT_TRUE(sinDato.errores.contains(u"%1")) << sinDato.errores.toStdString();
@@ -131,7 +131,7 @@ TEST_F(Juntos, LaNocheCorreEnLaVentanaAbierta) {
   EXPECT_EQ(abierta.p.state(), QProcess::Running);
 }
 
-// Stopping it there stops it here; what dies in the window is gone on with outside.
+// Stopping it there stops it here; a run that dies with the window is resumed outside.
 TEST_F(Juntos, LaNochePasaDeUnoAOtro) {
   MaquinaMuda muda;
   ponerProcesoQueEspera(u"LARGO.AUT"_s, muda);
@@ -162,7 +162,8 @@ TEST_F(Juntos, LaNochePasaDeUnoAOtro) {
   EXPECT_EQ(ejecuciones(), 1);
 }
 
-// With a timetable at work windows open; what comes due meanwhile runs in them, in its own trace.
+// With a timetable active, windows can be opened; processes due meanwhile run in them, with their
+// own trace.
 TEST_F(Juntos, ElHorarioCorreEnLaVentanaAbierta) {
   const QByteArray hora = QTime::currentTime().addSecs(8).toString(u"hh:mm:ss"_s).toLatin1();
   poner(u"TIENDA.CRO"_s, hora + ";Sí,Sí,Sí,Sí,Sí,Sí,Sí;NOCHE\r\n");
@@ -181,7 +182,7 @@ TEST_F(Juntos, ElHorarioCorreEnLaVentanaAbierta) {
   EXPECT_EQ(acabar(horario).estado, 2);
 }
 
-// Without windows the timetable has the database only while something runs.
+// Without windows, the timetable holds the database only while a process runs.
 TEST_F(Juntos, ElHorarioTomaLaBaseCuandoLeToca) {
   MaquinaMuda muda;
   ponerProcesoQueEspera(u"LARGO.AUT"_s, muda);
@@ -202,7 +203,7 @@ TEST_F(Juntos, ElHorarioTomaLaBaseCuandoLeToca) {
   EXPECT_EQ(acabar(horario).estado, 2);
 }
 
-// A second start shows the first, and leaves.
+// A second start brings the first to the front, and ends.
 TEST_F(Juntos, UnSegundoInicioAlzaElPrimero) {
   Abierta abierta;
   abrirVentanas(abierta.p);

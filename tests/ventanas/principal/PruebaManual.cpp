@@ -1,4 +1,4 @@
-// F1 and the pages of the manual, over the windows as the program registers them.
+// F1 and the pages of the manual, with the windows registered by the program.
 #include <QComboBox>
 #include <QTextBrowser>
 #include <QWindow>
@@ -26,13 +26,13 @@ struct Ayudada : MesaPrincipal {
     return v;
   }
   Manual* manual() { return static_cast<Manual*>(todas().cargada(PuertaManual())); }
-  // The page that F1 opens from there; empty for none. The manual is closed again.
+  // The page opened by F1 from there, empty if none; the manual is closed again.
   QString pagina(QWidget* foco) {
     QTest::keyClick(foco, Qt::Key_F1);
     if (!manual()) return {};
     const QString dada = manual()->pagina();
     EXPECT_EQ(manual()->windowHandle()->transientParent(), foco->window()->windowHandle())
-        << "else a modal window would lock it";
+        << "a modal window would block it otherwise";
     QTest::keyClick(manual(), Qt::Key_Escape);
     EXPECT_FALSE(manual());
     return dada;
@@ -52,8 +52,8 @@ TEST(Manual, F1DesdeDondeSeEste) {
   Ayudada t;
   EXPECT_EQ(t.pagina(t.abrir(u"MainTarvo"_s)->findChild<QToolButton*>(u"Totales"_s)), u"MainTarvo");
   auto* totales = t.abrir(u"VerTot"_s);
-  EXPECT_EQ(t.pagina(totales->findChild<QComboBox*>()), u"VerTot") << "with a list to choose from";
-  // One of its many windows, by the name of all.
+  EXPECT_EQ(t.pagina(totales->findChild<QComboBox*>()), u"VerTot") << "from a drop-down list";
+  // One of several instances, by the name they share.
   EXPECT_EQ(t.pagina(t.abrir(u"VerCols#7"_s)), u"VerCols");
 
   auto* personas = t.abrir(u"BrowOper"_s);
@@ -63,7 +63,7 @@ TEST(Manual, F1DesdeDondeSeEste) {
   QTest::keyClick(celda, Qt::Key_F2);
   auto* escribe = qobject_cast<QLineEdit*>(QApplication::focusWidget());
   ASSERT_TRUE(escribe && celda->isAncestorOf(escribe));
-  EXPECT_EQ(t.pagina(escribe), u"BrowOper") << "with a cell being written";
+  EXPECT_EQ(t.pagina(escribe), u"BrowOper") << "from a cell editor";
 }
 
 TEST(Manual, F1ConUnaListaDesplegada) {
@@ -75,11 +75,11 @@ TEST(Manual, F1ConUnaListaDesplegada) {
   QTest::keyClick(tipos->view(), Qt::Key_F1);
   ASSERT_TRUE(t.manual());
   EXPECT_EQ(t.manual()->pagina(), u"VerTot");
-  EXPECT_FALSE(QApplication::activePopupWidget()) << "it would keep the keys";
+  EXPECT_FALSE(QApplication::activePopupWidget()) << "it would receive the keys";
 }
 
-// A box asks for a window, and the page is that window's; a modal window has its own, which goes
-// with it.
+// A box belongs to a window, and F1 opens that window's page; a modal window has a page of its own,
+// which is closed with it.
 TEST(Manual, F1SobreLoQuePregunta) {
   Ayudada t;
   auto* v = t.abrir(u"VerTot"_s);
@@ -108,7 +108,7 @@ TEST(Manual, SeBuscaYSeSiguenEnlaces) {
   Ayudada t;
   QTest::keyClick(t.abrir(u"VerTot"_s), Qt::Key_F1);
   auto* m = t.manual();
-  // Not only by the chain of its owners.
+  // By the actual focus, not only by the chain of its owners.
   ASSERT_TRUE(m && esperar([&] { return QGuiApplication::focusWindow() == m->windowHandle(); }));
   auto* texto = m->findChild<QTextBrowser*>();
   QTest::keyClick(texto, Qt::Key_F, Qt::ControlModifier);
@@ -132,7 +132,7 @@ TEST(Manual, SeBuscaYSeSiguenEnlaces) {
   EXPECT_EQ(m->pagina(), u"Manual");
   EXPECT_GT(texto->toPlainText().size(), 1000);
   QTest::keyClick(m, Qt::Key_F1);
-  EXPECT_EQ(t.manual(), m) << "its own page is the list";
+  EXPECT_EQ(t.manual(), m) << "its own page is the index";
 }
 
 }  // namespace tarvo::prueba

@@ -1,4 +1,4 @@
-// The person's own entries: added, renamed, run and removed.
+// The user's own entries: added, renamed, run and removed.
 #include "MesaPrincipal.h"
 #include "core/ventanas/marco/Tira.h"
 
@@ -8,7 +8,7 @@ using namespace ventanas;
 
 namespace {
 
-// Chooses an entry of the pop-up by its place and then fills in the dialog.
+// Chooses an entry of the pop-up by its position, and then fills in the dialog.
 void enElMenu(int cual, const std::function<void(QWidget&)>& enDialogo = {}) {
   QTimer::singleShot(50, qApp, [=] {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -51,9 +51,9 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
   t.fichero(u"PEDIDO.AUT"_s, "@INICIO BATCH\r\nS:ABRIR\r\n@FINAL BATCH\r\n");
   auto* v = t.principal();
   auto* entrada = v->findChild<QToolButton*>(u"Personalizado"_s);
-  // An empty list: a click offers the pop-up.
+  // With an empty list a click opens the pop-up.
   enElMenu(0, [](QWidget& d) {
-    // Without a title nothing is accepted; with the bar that parts it from its process neither.
+    // A missing title isn't accepted, nor one with the bar that separates it from its process.
     const auto trasLaCaja = [](const std::function<void()>& hacer) {
       QTimer::singleShot(
           0, qApp, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
@@ -69,7 +69,7 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
   ASSERT_EQ(t.personal().size(), 1U);
   EXPECT_EQ(entrada->text().remove(u'&'), u"Hacer pedido");
 
-  // It is asked once: one press must not start a night.
+  // It is confirmed first: a single click must not start a night.
   for (const auto tecla : {Qt::Key_Escape, Qt::Key_Return}) {
     QString pregunta;
     QTimer::singleShot(0, qApp, [&] {
@@ -98,7 +98,7 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
   EXPECT_EQ(entrada->text().remove(u'&'), u"Personalizado");
 }
 
-// What is wrong with a process is said, not that there is no timetable of its name.
+// The fault in a process is reported, instead of a missing timetable with its name.
 TEST(Personal, ElProcesoQueNoSeLeeDiceSuLinea) {
   MesaPrincipal t;
   t.fichero(u"PEDIDO.AUT"_s, "@INICIO BATCH\r\nS:ABRIR\r\nT:NADA,ALL\r\n@FINAL BATCH\r\n");
@@ -109,8 +109,8 @@ TEST(Personal, ElProcesoQueNoSeLeeDiceSuLinea) {
   EXPECT_TRUE(v->tira().texto().contains(u"NADA")) << v->tira().texto().toStdString();
 }
 
-// Two open a panel, in the order of the list; a delayed program takes over and the main window
-// goes.
+// Two entries open a panel, in the order of the list; a delayed program takes over and the main
+// window is closed.
 TEST(Personal, DosAbrenUnPanel) {
   MesaPrincipal t;
   t.fichero(u"HORARIO.CRO"_s, "22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,S\xED;NOCHE\r\n");

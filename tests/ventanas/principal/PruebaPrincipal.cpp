@@ -1,4 +1,4 @@
-// What a shop manager does in the main window in the morning.
+// The morning of a shop manager in the main window.
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -37,13 +37,13 @@ void MesaPrincipal::nocheMala() {
   bien(historial.acabar(1, automation::FinEjecucion::Problemas, ahora - 0.29));
 }
 
-// The group that failed stands on top, says why, and Enter leads to where one collects it again.
+// The failed group is on top with its reason, and Enter opens the window for collecting it again.
 TEST(Principal, LaMananaTrasUnGrupoFallido) {
   MesaPrincipal t;
   t.nocheMala();
   auto* v = t.conManana();
   EXPECT_TRUE(pieza(*v, u"La noche tuvo problemas"_s));
-  EXPECT_TRUE(pieza(*v, u"1.234,56"_s)) << "the money of the night";
+  EXPECT_TRUE(pieza(*v, u"1.234,56"_s)) << "the amount of the night";
   auto* linea =
       pieza(*v, u"Fallido. 0002 PESCADERIA. No se recogió nada: No se encuentra el HOST"_s);
   ASSERT_TRUE(linea);
@@ -61,7 +61,7 @@ TEST(Principal, LaMananaTrasUnGrupoFallido) {
       t.suplente(u"VeoLog"_s)->como<automation::PuertaVeoLog>().fichero.endsWith(u"/NOCHE.TZA"));
 }
 
-// What was done in another window shows when that closes.
+// Changes made in another window are shown when it closes.
 TEST(Principal, LaProximaCambiaAlCerrarOtraVentana) {
   MesaPrincipal t;
   auto* v = t.conManana();
@@ -73,7 +73,7 @@ TEST(Principal, LaProximaCambiaAlCerrarOtraVentana) {
   EXPECT_TRUE(esperar([&] { return pieza(*v, u"HORARIO"_s) != nullptr; }, 30'000));
 }
 
-// It is read again by itself when rows change; what is chosen stays.
+// The board is updated by itself when rows change; the focus is kept.
 TEST(Principal, LaMananaSigueALaBase) {
   MesaPrincipal t;
   t.nocheMala();
@@ -82,11 +82,11 @@ TEST(Principal, LaMananaSigueALaBase) {
   linea->setFocus();
   t.sql(u"UPDATE ProcesoTareas SET HECHA=1"_s);
   EXPECT_TRUE(esperar([&] { return pieza(*v, u"Bien. 0002 PESCADERIA"_s) != nullptr; }));
-  EXPECT_EQ(v->focusWidget()->objectName(), u"Linea0"_s) << "the focus keeps its place";
+  EXPECT_EQ(v->focusWidget()->objectName(), u"Linea0"_s) << "the focus stays where it is";
 }
 
-// Amounts that stand in a column are of one period, reasons take one line, and what the machines
-// lack is told with where one sends it.
+// Amounts in a column belong to one period, reasons take one line, and data missing in the machines
+// is reported with a way to send it.
 TEST(Principal, LaMananaNoMezcla) {
   MesaPrincipal t;
   t.nocheMala();
@@ -115,7 +115,7 @@ TEST(Principal, LaMananaNoMezcla) {
   EXPECT_TRUE(pieza(*v, u"no tienen al día: 0002 PESCADERIA: 1 artículo"_s));
 }
 
-// Each entry has a letter, none shared with what is seen beside it, and Tab reaches it.
+// Each entry has a letter, unique among the visible controls, and Tab reaches it.
 TEST(Principal, LasEntradasTienenLetra) {
   QByteArray propias;
   for (int i = 1; i <= 25; ++i)
@@ -131,19 +131,19 @@ TEST(Principal, LasEntradasTienenLetra) {
       entradas << v->findChild<QToolButton*>(QString::fromUtf16(n));
     for (const QToolButton* b : entradas) {
       const auto letra = QKeySequence::mnemonic(b->text());
-      if (letra.isEmpty() && letras.size() > 15) continue;  // the alphabet has an end
+      if (letra.isEmpty() && letras.size() > 15) continue;  // more entries than letters
       EXPECT_FALSE(letra.isEmpty()) << b->text().toStdString();
       EXPECT_FALSE(letras.contains(letra)) << b->text().toStdString();
       EXPECT_TRUE(b->focusPolicy() & Qt::TabFocus) << b->text().toStdString();
       letras << letra;
     }
   }
-  EXPECT_LT(v->minimumSizeHint().height(), 700) << "many entries of one's own are scrolled";
+  EXPECT_LT(v->minimumSizeHint().height(), 700) << "many own entries are scrolled";
   QTest::keyClick(v, Qt::Key_T, Qt::AltModifier);
   EXPECT_TRUE(esperar([&] { return t.suplente(u"VerTot"_s) != nullptr; }));
 }
 
-// Where one was, one is again when another window has closed.
+// The focus returns to its place when another window has closed.
 TEST(Principal, ElFocoVuelveADondeEstaba) {
   MesaPrincipal t;
   auto* v = t.conManana();
@@ -173,7 +173,7 @@ TEST(Principal, PanelesYSalida) {
   auto* paneles = v->findChild<QStackedWidget*>(u"Paneles"_s);
   auto* salir = v->findChild<QToolButton*>(u"Salir"_s);
   const auto panel = [&] { return paneles->currentWidget()->objectName(); };
-  // With the keyboard alone: down from the first entry that works to the warehouse.
+  // With keys alone: down from the first enabled entry to the warehouse.
   v->findChild<QToolButton*>(u"EnviarRecibir"_s)->setFocus();
   QTest::keyClick(v->focusWidget(), Qt::Key_Down);
   QTest::keyClick(v->focusWidget(), Qt::Key_Down);
@@ -184,8 +184,8 @@ TEST(Principal, PanelesYSalida) {
   EXPECT_EQ(panel(), u"PanelPrincipal");
   QTest::mouseClick(v->findChild<QToolButton*>(u"Avanzados"_s), Qt::LeftButton);
   EXPECT_EQ(panel(), u"PanelAvanzado");
-  // Another window in front leaves the panels where they are, paler; coming back shows the main
-  // one.
+  // With another window in front the panels stay where they are, paler; on return the main panel is
+  // shown.
   QTest::mouseClick(v->findChild<QToolButton*>(u"Configuracion"_s), Qt::LeftButton);
   Ventana* otra = t.todas().cargada(u"PortalCnf"_s);
   ASSERT_TRUE(otra);
@@ -203,11 +203,11 @@ TEST(Principal, PanelesYSalida) {
   QTest::keyClick(otra, Qt::Key_Escape);
   EXPECT_TRUE(esperar([&] { return v->isActiveWindow() && panel() == u"PanelPrincipal"; }));
   EXPECT_LT(tinta(), detras);
-  // One key too many for the other window doesn't end the program.
+  // A surplus key meant for the other window doesn't end the program.
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_TRUE(v->isVisible());
   QTest::qWait(1050);
-  // Escape unloads on any panel.
+  // Escape unloads from any panel.
   QTest::mouseClick(v->findChild<QToolButton*>(u"Almacen"_s), Qt::LeftButton);
   bool vacio = false;
   QObject::connect(&t.todas(), &Ventanas::vacio, [&] { vacio = true; });
@@ -216,7 +216,7 @@ TEST(Principal, PanelesYSalida) {
   EXPECT_TRUE(QFile::exists(t.carpeta.filePath(u"TARVO.INI"_s))) << "the settings are written";
 }
 
-// A key never leaves a collection behind unasked, and the safe answer is the first.
+// Escape never leaves a collection behind without asking, and the safe answer is the default.
 TEST(Principal, EscapePreguntaPorLaBandeja) {
   MesaPrincipal t;
   auto* v = t.principal();
@@ -242,7 +242,7 @@ TEST(Principal, EscapePreguntaPorLaBandeja) {
   EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
 }
 
-// The board says what is wrong with the start itself before anything else.
+// The board reports faults of the start itself before anything else.
 TEST(Principal, LaMananaDiceLoQueFallaAlEmpezar) {
   const QTemporaryDir otra;
   MesaPrincipal t(
@@ -265,7 +265,7 @@ TEST(Principal, NoSeCierraMientrasTransfiere) {
   t.suplente(u"gestcomm"_s)->seNiega = false;
   QEvent deVuelta(QEvent::ActivationChange);
   QApplication::sendEvent(v, &deVuelta);
-  EXPECT_FALSE(v->tira().isVisible()) << "nothing is under way any more";
+  EXPECT_FALSE(v->tira().isVisible()) << "the transfer has ended";
   t.todas().abrir(u"Cronos"_s);
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
@@ -273,7 +273,7 @@ TEST(Principal, NoSeCierraMientrasTransfiere) {
   EXPECT_EQ(t.todas().abiertas().size(), 1U);
 }
 
-// The engine works on after its closed window: it is asked, and what waits is named.
+// The engine keeps working after its window is closed: it asks, and names the pending tasks.
 TEST(Principal, PreguntaAlMotorQueSigueSinSuVentana) {
   MesaPrincipal t;
   QTcpServer muda;
@@ -313,8 +313,8 @@ TEST(Principal, PreguntaAlMotorQueSigueSinSuVentana) {
   EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
 }
 
-// Those that receive from a machine are asked to stop, once, and waited for; the rest only goes
-// then.
+// Windows that receive from a machine are asked to stop, once, and waited for; only then are the
+// others closed.
 TEST(Principal, EsperaALasCapturas) {
   class Receptora final : public Ventana, public Captura {
    public:
@@ -323,7 +323,7 @@ TEST(Principal, EsperaALasCapturas) {
       EXPECT_FALSE(borrar);
       ++pedidas;
       if (nombre() == u"OnLine#0001") return static_cast<void>(descargar());
-      QTimer::singleShot(100, this, [this] { descargar(); });  // its line closes
+      QTimer::singleShot(100, this, [this] { descargar(); });  // its line has closed
     }
     int pedidas = 0;
   };
@@ -336,8 +336,8 @@ TEST(Principal, EsperaALasCapturas) {
   auto* segunda = static_cast<Receptora*>(t.todas().abrir(u"OnLine#0002"_s));
   QTimer::singleShot(20, v, [&] {
     EXPECT_FALSE(t.todas().cargada(u"OnLine#0001"_s));
-    EXPECT_TRUE(t.suplente(u"VerTot"_s)) << "nothing else goes before them";
-    QTest::keyClick(v, Qt::Key_Escape);  // an impatient person
+    EXPECT_TRUE(t.suplente(u"VerTot"_s)) << "they are closed first";
+    QTest::keyClick(v, Qt::Key_Escape);  // an impatient user
     EXPECT_EQ(segunda->pedidas, 1);
   });
   QTest::keyClick(v, Qt::Key_Escape);
@@ -350,7 +350,7 @@ TEST(SysTray, SeisMensajes) {
   const auto oir = [&](const QString& que) {
     return [&oidos, que, &tray](int boton) {
       oidos << que + QString::number(boton);
-      tray.mensaje(513);  // never within another
+      tray.mensaje(513);  // never nested
     };
   };
   QObject::connect(&tray, &app::SysTray::MouseDown, oir(u"abajo"_s));

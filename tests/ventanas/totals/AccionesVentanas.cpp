@@ -1,4 +1,4 @@
-// Jobs on periods that a person may want back, and the viewer by operator and hour.
+// Jobs on periods that a user may want to undo, and the viewer by operator and hour.
 #include <QToolButton>
 
 #include "MesaDeTotales.h"
@@ -12,6 +12,10 @@ namespace {
 
 const QString kFilas =
     u"select LINK, GRUPO, CODI, CON, PES, [IMP] from TOTPLU order by LINK, GRUPO, CODI"_s;
+const QString kPeriodos =
+    u"select LINK, TIPO, FECHA1, FECHAF, ACUM2, stkABLE from COLUMNA order by LINK"_s;
+const QString kSemana =
+    u"select LINK, CODI, sum(CON), sum(PES), sum([IMP]) from TOTPLU where [IMP]<>0 and LINK in (select LINK from COLUMNA where TIPO=2) group by LINK, CODI order by LINK, CODI"_s;
 const QString kStock =
     u"select c.LINK, c.stkADO, (select coalesce(sum(Venta), 0) from MovsAlm) from COLUMNA as c order by c.LINK"_s;
 
@@ -21,7 +25,7 @@ struct Lista : MesaDeTotales {
     grid = &lista(v);
     return v;
   }
-  // The key goes to the list, and what it asks is accepted.
+  // Sends the key to the list, and accepts its question.
   void tecla(Qt::Key t, Qt::KeyboardModifiers m = {}) {
     grid->window()->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(grid->window()));
@@ -36,7 +40,7 @@ struct Lista : MesaDeTotales {
 
 }  // namespace
 
-// What was emptied and then deleted comes back step by step, the last one first.
+// An emptying followed by a deletion is undone step by step, the last first.
 TEST(VentanaAcciones, VaciaBorraYDeshaceLosDos) {
   Lista t;
   t.dia("04/06/2018");
@@ -44,10 +48,10 @@ TEST(VentanaAcciones, VaciaBorraYDeshaceLosDos) {
   auto* v = t.abrirLista();
   t.aceptarY(Qt::Key_Delete, Qt::ControlModifier);
   ASSERT_TRUE(esperar([&] { return t.cuenta(u"TOTPLU"_s) == 0; }));
-  EXPECT_TRUE(t.textoModal.startsWith(u"ATENCIÓN: Vaciará 1 periodos de totalización"))
+  EXPECT_TRUE(t.textoModal.startsWith(u"ATENCIÓN: Vaciará 1 periodo de totalización"))
       << t.textoModal.toStdString();
   EXPECT_TRUE(esperar([&] { return v->tira().texto() == u"1 periodo vaciado"; }));
-  EXPECT_EQ(t.grid->filas(), 1) << "the period itself stays";
+  EXPECT_EQ(t.grid->filas(), 1) << "the period itself is kept";
   EXPECT_EQ(t.cuenta(u"TOTGRT"_s), 0);
   t.aceptarY(Qt::Key_Delete);
   ASSERT_TRUE(esperar([&] { return t.grid->filas() == 0; }));
@@ -59,7 +63,7 @@ TEST(VentanaAcciones, VaciaBorraYDeshaceLosDos) {
   EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
 }
 
-// What is brought back is chosen, in the list of its kind.
+// Restored periods are selected, in the list of their kind.
 TEST(VentanaAcciones, LoQueVuelveQuedaElegido) {
   Lista t;
   const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018");
@@ -89,8 +93,8 @@ TEST(VentanaAcciones, BorrarSeNiegaConCancelar) {
   EXPECT_EQ(t.leer(kFilas), antes);
 }
 
-// A period that no reception made is asked about; its sales never leave the stock, whatever the
-// answer, and that is said. The rest is discounted once, and comes back.
+// A period not created by a reception is asked about; its sales are never deducted from stock,
+// whichever the answer, and that is reported. The others are deducted once, and restored by undo.
 TEST(VentanaAcciones, DescuentaSoloLoQueVinoDeLasBalanzas) {
   Lista t;
   const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018");
@@ -124,7 +128,7 @@ TEST(VentanaAcciones, DescuentaSoloLoQueVinoDeLasBalanzas) {
   }
 }
 
-// An import may replace a period while its discount can still be taken back.
+// An import may replace a period while its deduction can still be undone.
 TEST(VentanaAcciones, LoQueYaNoEstaNoSeDeshaceYSeDice) {
   Lista t;
   const qint64 lunes = t.dia("04/06/2018");
@@ -136,6 +140,153 @@ TEST(VentanaAcciones, LoQueYaNoEstaNoSeDeshaceYSeDice) {
   EXPECT_TRUE(v->tira().texto().startsWith(u"Esos periodos se borraron"_s))
       << v->tira().texto().toStdString();
   EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
+}
+
+// Where it went is said, and it comes out of there again: to the cent, and with the week that was
+// made for it.
+TEST(VentanaAcciones, LoAcumuladoSeDiceYSeDeshace) {
+  for (const bool conOtro : {false, true}) {
+    Lista t;
+    const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018", 2);
+    if (conOtro) bien(t.periodos.AcumularPeriodo(kSemanal, *bien(t.periodos.columna(lunes))));
+    const QString antes = t.leer(kPeriodos), filas = t.leer(kSemana);
+    auto* v = t.abrirLista();
+    t.grid->elegir({martes});
+    v->findChild<QMenu*>(u"MnuAcu"_s)->actions().front()->trigger();
+    ASSERT_TRUE(esperar([&] { return v->tira().estado() == ventanas::Estado::Bien; }));
+    EXPECT_EQ(v->tira().texto(), u"1 periodo acumulado en Semana 4 06 18 (SEMANAL)");
+    EXPECT_TRUE(v->tira().findChild<QToolButton*>(u"deshacer"_s)->isVisible());
+    EXPECT_NE(t.leer(kSemana), filas);
+    t.tecla(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(t.leer(kPeriodos), antes) << v->tira().texto().toStdString();
+    EXPECT_EQ(t.leer(kSemana), filas);
+    EXPECT_EQ(t.grid->clave(t.grid->filaActual()), martes);
+  }
+}
+
+// What an earlier version of the day had there went out for good; that is said.
+TEST(VentanaAcciones, LaVersionAnteriorNoVuelveYSeDice) {
+  Lista t;
+  const qint64 lunes = t.dia("04/06/2018");
+  bien(t.periodos.AcumularPeriodo(kSemanal, *bien(t.periodos.columna(lunes))));
+  const qint64 nuevo = bien(t.periodos.sustituir(*bien(t.periodos.columna(lunes)), {}));
+  auto* v = t.abrirLista();
+  t.grid->elegir({nuevo});
+  v->findChild<QMenu*>(u"MnuAcu"_s)->actions().front()->trigger();
+  ASSERT_TRUE(esperar([&] { return v->tira().estado() == ventanas::Estado::Bien; }));
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(v->tira().estado(), ventanas::Estado::Duda);
+  EXPECT_TRUE(v->tira().texto().endsWith(u"versión anterior no vuelve."_s))
+      << v->tira().texto().toStdString();
+}
+
+TEST(VentanaAcciones, LoDesacumuladoVuelve) {
+  Lista t;
+  const qint64 lunes = t.dia("04/06/2018");
+  bien(t.periodos.AcumularPeriodo(kSemanal, *bien(t.periodos.columna(lunes))));
+  const QString antes = t.leer(kPeriodos), filas = t.leer(kSemana);
+  auto* v = t.abrirLista();
+  t.grid->elegir({lunes});
+  v->findChild<QMenu*>(u"MnDesAcu"_s)->actions().front()->trigger();
+  ASSERT_TRUE(esperar([&] { return v->tira().estado() == ventanas::Estado::Bien; }));
+  EXPECT_EQ(v->tira().texto(), u"1 periodo desacumulado de Semana 4 06 18 (SEMANAL)");
+  EXPECT_NE(t.leer(kPeriodos), antes);
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.leer(kPeriodos), antes);
+  EXPECT_EQ(t.leer(kSemana), filas);
+}
+
+// A new period goes away again, with the totals keyed in for it; not with those that came later.
+TEST(VentanaAcciones, UnPeriodoNuevoSeDeshaceMientrasNoTieneOtraCosa) {
+  for (const bool conVentas : {false, true}) {
+    Lista t;
+    t.dia("04/06/2018");
+    auto* v = t.abrirLista();
+    t.alAbrirse([](QWidget* w) {
+      w->findChild<QLineEdit*>(u"Fecha1"_s)->setText(u"05/06/2018"_s);
+      w->findChild<QComboBox*>(u"LstGrupos"_s)->setCurrentIndex(1);
+      w->findChild<QLineEdit*>(u"txImp"_s)->setText(u"12,34"_s);
+      QTest::mouseClick(w->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);
+    });
+    t.tecla(Qt::Key_Insert);
+    ASSERT_EQ(t.leer(u"select GRUPO, [IMP] from TOTGRT where LINK=2"_s), u"2 1234");
+    EXPECT_EQ(t.grid->clave(t.grid->filaActual()), 2);
+    if (conVentas) t.total(u"TOTGRT", {2, 1, 0, 1, 0, 100, 0});
+    t.tecla(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(t.cuenta(u"COLUMNA"_s), conVentas ? 2 : 1) << v->tira().texto().toStdString();
+    EXPECT_EQ(t.leer(u"select sum([IMP]) from TOTGRT where LINK=2"_s), conVentas ? u"1334" : u"-");
+    EXPECT_EQ(v->tira().texto().startsWith(u"El periodo 5 junio 2018 (DIARIO) ya tiene otros"_s),
+              conVentas)
+        << v->tira().texto().toStdString();
+  }
+}
+
+// Dates go back with what they moved: out of the week that was made for them, into the one that
+// they left.
+TEST(VentanaAcciones, LasFechasCambiadasVuelven) {
+  static constexpr struct {
+    int tipo;
+    const char *desde, *hasta;
+  } kCambios[] = {{kDiario, "12/06/2018", ""}, {kOtros, "09/06/2018", "12/06/2018"}};
+  for (const auto& c : kCambios) {
+    Lista t;
+    const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018", 2);
+    for (const qint64 link : {lunes, martes})
+      bien(t.periodos.AcumularPeriodo(kSemanal, *bien(t.periodos.columna(link))));
+    const QString antes = t.leer(kPeriodos), filas = t.leer(kSemana);
+    auto* v = t.abrirLista();
+    t.grid->elegir({lunes});
+    t.grid->irA(t.grid->filaDe(lunes));
+    t.alAbrirse([&](QWidget* w) {
+      auto* tipos = w->findChild<QComboBox*>(u"LstTipo"_s);
+      tipos->setCurrentIndex(tipos->findData(c.tipo));
+      Q_EMIT tipos->activated(tipos->currentIndex());
+      w->findChild<QLineEdit*>(u"Fecha1"_s)->setText(QString::fromLatin1(c.desde));
+      w->findChild<QLineEdit*>(u"FechaF"_s)->setText(QString::fromLatin1(c.hasta));
+      if (c.tipo == kOtros) t.responder(u"Acepto"_s);  // the sales may leave the week
+      QTest::mouseClick(w->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);
+    });
+    t.tecla(Qt::Key_F2);
+    ASSERT_NE(t.leer(kPeriodos), antes) << v->tira().texto().toStdString();
+    ASSERT_NE(t.leer(kSemana), filas);
+    t.tecla(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(t.leer(kPeriodos), antes) << v->tira().texto().toStdString();
+    EXPECT_EQ(t.leer(kSemana), filas);
+  }
+}
+
+// Saved as it was, there is nothing to take back.
+TEST(VentanaAcciones, LoQueNoCambiaNoSeDeshace) {
+  Lista t;
+  t.dia("04/06/2018");
+  auto* v = t.abrirLista();
+  t.responder(u"SalvBoton"_s);
+  t.tecla(Qt::Key_F2);
+  EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
+}
+
+// Why nothing can be compared, and whose bar it is.
+TEST(VentanaAcciones, UnPeriodoHechoAManoDiceLoQueTiene) {
+  struct Caso {
+    const char16_t *tabla, *dicho;
+  };
+  static constexpr Caso kCasos[] = {
+      {u"TOTGRT", u"Hay Gran Total, pero no otros totales con los que se pueda comparar."},
+      {u"TOTPLU", u"No viene de las balanzas y no tiene Gran Total: no hay nada que comparar."},
+      {nullptr, u"Sin totales"}};
+  for (const Caso& c : kCasos) {
+    Lista t;
+    bien(t.periodos.CrearPeriodo(kDiario, momento("04/06/2018"), momento("04/06/2018"), false, {}));
+    if (c.tabla) t.total(c.tabla, {1, 2, 0, 1, 0, 1234, 0});
+    auto* v = t.abrirLista();
+    const auto* detalle = v->findChild<QLabel*>(u"detalle"_s);
+    EXPECT_TRUE(esperar([&] { return detalle->text().endsWith(QString::fromUtf16(c.dicho)); }))
+        << detalle->text().toStdString();
+    if (c.tabla != kCasos[0].tabla) continue;
+    const auto* grafica = v->findChild<QWidget*>(u"grafica"_s);
+    EXPECT_TRUE(grafica->accessibleDescription().startsWith(u"Mostrador 2 "))
+        << grafica->accessibleDescription().toStdString();
+  }
 }
 
 TEST(VentanaAcciones, OperadorYHora) {
@@ -177,7 +328,7 @@ TEST(VentanaAcciones, OperadorYHora) {
   EXPECT_TRUE(esperar([&] { return grafica->accessibleDescription().startsWith(u"9 6,00"); }))
       << grafica->accessibleDescription().toStdString();
   EXPECT_FALSE(visor->findChild<QWidget*>(u"LstClase"_s)->isVisible());
-  // Its period goes, and it with it.
+  // Deleting its period closes it.
   t.aceptarY(Qt::Key_Delete);
   EXPECT_TRUE(esperar([&] { return !t.escritorio.ventanas().cargada(u"V_ColOpH#1"_s); }));
 }

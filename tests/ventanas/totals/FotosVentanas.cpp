@@ -1,4 +1,4 @@
-// Every window can be read, full and empty, in both faces, both sizes and all font scales.
+// Every window is readable, full and empty, in both themes, both sizes and all font scales.
 #include "MesaDeTotales.h"
 #include "capturas/Capturas.h"
 
@@ -6,7 +6,7 @@ namespace tarvo::prueba {
 
 namespace {
 
-// Where the pictures go: TARVO_FOTOS keeps them.
+// The folder of the pictures: TARVO_FOTOS keeps them.
 QString carpetaFotos(const MesaDeTotales& t) {
   const QString fija = qEnvironmentVariable("TARVO_FOTOS");
   return fija.isEmpty() ? t.ruta(u"fotos"_s) : fija;
@@ -22,7 +22,7 @@ TEST(FotosVentanas, SeLeenLlenasYVacias) {
     QStringList faltas = capturas::capturar(
         t.escritorio, {carpetaFotos(t), llena ? u"llena"_s : u"vacia"_s,
                        qEnvironmentVariable("TARVO_FOTOS_SOLO").split(u',', Qt::SkipEmptyParts)});
-    // Without a period there is nothing to add up, and it says so.
+    // Without a period there is nothing to add up, and the window reports that instead of opening.
     faltas.removeIf([](const QString& f) { return f.startsWith(u"ConfirSum_vacia"); });
     EXPECT_TRUE(faltas.isEmpty()) << faltas.join(u'\n').toStdString();
   }

@@ -21,6 +21,18 @@
 
 namespace tarvo::prueba {
 
+// What a label showed, each time that it was painted.
+struct Pintados final : QObject {
+  explicit Pintados(QLabel& rotulo) { rotulo.installEventFilter(this); }
+  bool eventFilter(QObject* que, QEvent* evento) override {
+    const QString texto = static_cast<QLabel*>(que)->text();
+    if (evento->type() == QEvent::Paint && (textos.isEmpty() || textos.back() != texto))
+      textos << texto;
+    return false;
+  }
+  QStringList textos;
+};
+
 struct MesaDeTotales : Mesa {
   MesaDeTotales() : Mesa({}, {totals::ajustesSesion(), totals::ajustesPeriodos()}) {
     bien(esquema::ponerAlDia(*db, momento("01/01/2018")));
@@ -36,7 +48,7 @@ struct MesaDeTotales : Mesa {
     totals::registrarVentanasTotales(escritorio.ventanas(), sesion, periodos);
   }
 
-  // A day with sales of all kinds: 30 articles of 1 euro up, in both groups.
+  // A day with sales of all kinds: 30 articles from 1 euro up, in both groups.
   qint64 dia(const char* fecha, int factor = 1) {
     const qint64 link =
         bien(periodos.CrearPeriodo(totals::kDiario, momento(fecha), momento(fecha), true, {}));

@@ -1,4 +1,4 @@
-// Jobs on the list of periods: summing, deleting and taking back, exporting and importing.
+// Jobs on the list of periods: summing, deleting and undoing, exporting and importing.
 #include <QCalendarWidget>
 #include <QGraphicsSimpleTextItem>
 #include <QGraphicsView>
@@ -45,8 +45,8 @@ TEST(VentanaPeriodos, BorraDosYLosRecuperaIguales) {
   EXPECT_EQ(t.leer(columnas), periodosAntes);
 }
 
-// The first Escape of who sees that it was a slip must not close the window, which would forget
-// what was deleted.
+// The first Escape after noticing a mistake must not close the window, which would lose the undo of
+// the deletion.
 TEST(VentanaPeriodos, EscapeParaElBorradoYLoBorradoSeRecupera) {
   MesaDeTotales t;
   for (int i = 1; i <= 9; ++i) t.dia(qPrintable(u"0%1/06/2018"_s.arg(i)));
@@ -95,13 +95,14 @@ TEST(VentanaPeriodos, SumaDosDiasEnUnoNuevo) {
   EXPECT_EQ(t.leer(u"select DESCR, stkABLE from COLUMNA where LINK=3"_s), u"Dos dias 0");
   EXPECT_EQ(t.leer(u"select sum([IMP]) from TOTPLU where LINK=3"_s), u"279000");
   EXPECT_EQ(v->tira().texto(), u"2 periodos sumados");
-  ASSERT_TRUE(esperar([v] { return v->isActiveWindow(); })) << "keys go to the active one";
+  ASSERT_TRUE(esperar([v] { return v->isActiveWindow(); })) << "it must receive the keys";
   QTest::keyClick(grid.vista(), Qt::Key_Z, Qt::ControlModifier);
   EXPECT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 2; }));
   EXPECT_EQ(t.cuenta(u"TOTPLU where LINK=3"_s), 0);
 }
 
-// One period is its own sum; a day and the week that has it are two, and are not added unasked.
+// One period is its own sum; a day and the week that contains it overlap, and aren't added without
+// asking.
 TEST(VentanaPeriodos, DiceLoQueUnaSumaContariaDosVeces) {
   MesaDeTotales t;
   const qint64 lunes = t.dia("04/06/2018");
@@ -121,7 +122,7 @@ TEST(VentanaPeriodos, DiceLoQueUnaSumaContariaDosVeces) {
   EXPECT_EQ(dicho,
             u"ATENCIÓN: se contarán dos veces las ventas que tienen en común:\n4 junio 2018 "
             u"(DIARIO) y Semana 4 06 18 (SEMANAL)");
-  EXPECT_EQ(t.cuenta(u"Sumados"_s), 0) << "Return is no";
+  EXPECT_EQ(t.cuenta(u"Sumados"_s), 0) << "Return means no";
 }
 
 TEST(VentanaPeriodos, AcumulaYAvisaDeLoRepetido) {
@@ -163,6 +164,47 @@ TEST(VentanaPeriodos, ExportaYVuelveAImportar) {
   EXPECT_EQ(t.leer(suma), antes);
 }
 
+// Each state is seen: also that the period is being emptied, which goes on without a pause.
+TEST(VentanaPeriodos, ImportarDiceEnQueEsta) {
+  MesaDeTotales t;
+  t.ajustes.HomeDir = t.carpeta.path();
+  const qint64 lunes = t.dia("04/06/2018");
+  auto* x = t.abrir(PuertaXporTot{{lunes}});
+  x->findChild<QComboBox*>(u"destino"_s)->setCurrentText(u"VENTAS"_s);
+  QTest::mouseClick(x->findChild<QPushButton*>(u"XporYA"_s), Qt::LeftButton);
+  ASSERT_TRUE(esperar([&] { return QFile::exists(t.ruta(u"VENTAS.EXP"_s)); }));
+  x->descargar();
+  auto* i = t.abrir(u"ImpTot"_s);
+  QTest::keyClick(i->findChild<QListWidget*>(u"LstFich"_s), Qt::Key_Return);
+  auto* mensaje = i->findChild<QLabel*>(u"mensaje"_s);
+  const Pintados pintados(*mensaje);
+  QTest::mouseClick(i->findChild<QPushButton*>(u"Haz"_s), Qt::LeftButton);
+  ASSERT_TRUE(esperar([&] { return mensaje->text() == u"Importación realizada con éxito"; }));
+  const qsizetype borra = pintados.textos.indexOf(u"Se está borrando el Periodo existente"_s);
+  ASSERT_GE(borra, 0) << pintados.textos.join(u'|').toStdString();
+  EXPECT_EQ(pintados.textos.value(borra + 1), u"En proceso de lectura...");
+}
+
+// Stopped between two blocks, it says so, and what was read stays.
+TEST(VentanaPeriodos, ImportarSePara) {
+  MesaDeTotales t;
+  t.ajustes.HomeDir = t.carpeta.path();
+  QFile f(t.ruta(u"MUCHOS.EXP"_s));
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  for (int d = 4; d < 9; ++d)
+    f.write(u"*x\r\n*0%1/06/2018 00:00:00  0%1/06/2018 23:59:59\r\n"_s.arg(d).toLatin1());
+  f.close();
+  auto* i = t.abrir(u"ImpTot"_s);
+  QTest::keyClick(i->findChild<QListWidget*>(u"LstFich"_s), Qt::Key_Return);
+  auto* alto = i->findChild<QPushButton*>(u"Alto"_s);
+  const auto* hechos = i->findChild<QLabel*>(u"Conta"_s);
+  QTest::mouseClick(i->findChild<QPushButton*>(u"hazTodos"_s), Qt::LeftButton);
+  QTest::mouseClick(alto, Qt::LeftButton);
+  EXPECT_EQ(i->findChild<QLabel*>(u"mensaje"_s)->text(), u"Proceso interrumpido por el usuario");
+  EXPECT_EQ(t.cuenta(u"COLUMNA"_s) > 0, !hechos->text().isEmpty());
+  EXPECT_FALSE(i->trabajo().enMarcha());
+}
+
 TEST(VentanaPeriodos, UnFicheroMaloSeDiceConSuLinea) {
   MesaDeTotales t;
   t.ajustes.HomeDir = t.carpeta.path();
@@ -178,13 +220,13 @@ TEST(VentanaPeriodos, UnFicheroMaloSeDiceConSuLinea) {
            u"ERROR: El fichero contiene líneas no reconocibles";
   }));
   EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 0);
-  // The strip that says it takes no letter from the window's own buttons.
+  // The strip with that error takes no letter from the window's own buttons.
   QTest::keyClick(i, Qt::Key_O, Qt::AltModifier);
   EXPECT_TRUE(esperar([&] {
     return i->findChild<QLabel*>(u"mensaje"_s)->text() ==
            u"Seleccione (DbClick) un fichero de la lista";
   }));
-  EXPECT_EQ(i->tira().texto(), QString()) << "it was about the other file";
+  EXPECT_EQ(i->tira().texto(), QString()) << "it referred to the other file";
 }
 
 TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
@@ -211,11 +253,11 @@ TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
     campo(u"txImp")->setText(malo);
     QTest::keyClick(campo(u"txImp"), Qt::Key_Return);
     EXPECT_TRUE(v->tira().texto().startsWith(u"Eso no es un número"_s)) << malo.toStdString();
-    EXPECT_EQ(campo(u"txImp")->text(), malo) << "nothing is added as zero";
+    EXPECT_EQ(campo(u"txImp")->text(), malo) << "it isn't added as zero";
   }
   campo(u"txImp")->setText(u"12,34"_s);
   QTest::keyClick(campo(u"txImp"), Qt::Key_Return);
-  ASSERT_TRUE(v->isVisible()) << "Return adds here";
+  ASSERT_TRUE(v->isVisible()) << "Return only adds here";
   t.responder(u"Cancelo"_s);
   QTest::keyClick(v, Qt::Key_Escape);
   ASSERT_TRUE(v->isVisible());
@@ -226,7 +268,7 @@ TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
   EXPECT_EQ(t.leer(u"select TIPO, FECHA1, stkABLE from COLUMNA"_s), u"1 43255 0");
 }
 
-// Numbers that were written and not added are meant: "Salvar" takes them, or says why it can't.
+// Numbers typed but not yet added count: "Salvar" takes them, or reports why it can't.
 TEST(VentanaPeriodos, SalvarTomaLoEscritoAMano) {
   MesaDeTotales t;
   auto* v = t.abrir(totals::PuertaEditIntv{});
@@ -244,12 +286,12 @@ TEST(VentanaPeriodos, SalvarTomaLoEscritoAMano) {
   campo(u"txImp")->setText(u"1,75"_s);
   t.responder(u"Cancelo"_s);
   QTest::keyClick(v, Qt::Key_Escape);
-  ASSERT_TRUE(v->isVisible()) << "it asks before they are lost";
+  ASSERT_TRUE(v->isVisible()) << "it asks before discarding them";
   QTest::mouseClick(v->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);
   EXPECT_EQ(t.leer(u"select CON, [IMP] from TOTGRT"_s), u"1 175");
 }
 
-// A slip of the fingers is asked about, and nothing is made of it.
+// A typing error is asked about, and creates nothing.
 TEST(VentanaPeriodos, UnAnoLejanoSePregunta) {
   MesaDeTotales t;
   auto* v = t.abrir(totals::PuertaEditIntv{});
@@ -267,8 +309,7 @@ TEST(VentanaPeriodos, UnAnoLejanoSePregunta) {
   EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 1);
 }
 
-// The form shows the dates that the period has, of each kind, and leaves them when nothing is
-// typed.
+// The form shows the dates of the period, of each kind, and keeps them if nothing is typed.
 TEST(VentanaPeriodos, ModificarEmpiezaPorLoQueHay) {
   MesaDeTotales t;
   const QString fechas = u"select TIPO, FECHA1, FECHAF from COLUMNA order by LINK"_s;
@@ -287,7 +328,7 @@ TEST(VentanaPeriodos, ModificarEmpiezaPorLoQueHay) {
   EXPECT_EQ(v->findChild<QLineEdit*>(u"Fecha1"_s)->text(), t.reloj.ahora().corta());
 }
 
-// On the smallest screen nobody scrolls sideways, whatever kind is listed.
+// The smallest screen needs no horizontal scrolling, for any kind listed.
 TEST(VentanaPeriodos, LasColumnasCabenEnLaPantallaMenor) {
   MesaDeTotales t;
   for (int tipo = kDiario; tipo <= kOtros; ++tipo)
@@ -323,7 +364,7 @@ TEST(VentanaPeriodos, LaFechaSeEscogeEnUnCalendario) {
     QTest::keyClick(mes->focusWidget(), Qt::Key_Return);
     EXPECT_EQ(fecha->text(), QString::fromLatin1(c.escogida));
     EXPECT_TRUE(v->findChild<QLabel*>(u"limites"_s)->text().contains(fecha->text().left(10)));
-    EXPECT_TRUE(v->isVisible()) << "that Return was the calendar's";
+    EXPECT_TRUE(v->isVisible()) << "that Return only closes the calendar";
     t.responder(u"Acepto"_s);  // abandons it
     v->descargar();
   }
@@ -348,7 +389,7 @@ TEST(VentanaVisor, FiltraYLaGraficaSigue) {
   Q_EMIT clases->activated(clases->currentIndex());
   EXPECT_EQ(grid.filas(), 10);
   ASSERT_TRUE(esperar([&] { return grafica->accessibleName() == u"Ventas por horas"; }));
-  EXPECT_TRUE(v->tira().isHidden());  // nothing went wrong
+  EXPECT_TRUE(v->tira().isHidden());  // nothing failed
   QTest::keyClick(v, Qt::Key_G, Qt::ControlModifier);
   EXPECT_FALSE(grafica->isVisible());
   v->descargar();
@@ -356,7 +397,8 @@ TEST(VentanaVisor, FiltraYLaGraficaSigue) {
       t.abrir(PuertaVerCols{.link = lunes})->findChild<QWidget*>(u"grafica"_s)->isVisible());
 }
 
-// Names as they are, at any size of letters; below upright bars those that don't touch.
+// Names are complete, at any font size; below vertical bars, only those that don't overlap are
+// shown.
 TEST(VentanaVisor, LaGraficaNoCortaSusNombres) {
   for (const double escala : {1.0, 1.5}) {
     MesaDeTotales t;
@@ -403,7 +445,7 @@ TEST(VentanaVisor, UnCodigoEnElTiempo) {
   EXPECT_EQ(grid.texto(0, u"t.IMP"), u"7,00");
 }
 
-// A line of one point would be a dot.
+// A line through one point would be a dot.
 TEST(VentanaVisor, UnSoloDiaEsUnaBarra) {
   for (const int dias : {1, 2}) {
     MesaDeTotales t;

@@ -1,4 +1,4 @@
-// Jobs on the tray: memorising with a choice of periods, forgetting and taking back.
+// Jobs on the tray: memorising with a choice of periods, discarding and restoring.
 #include <QListWidget>
 
 #include "MesaDeTotales.h"
@@ -10,7 +10,7 @@ using namespace totals;
 
 namespace {
 
-// One group's reading, with its own span of sales.
+// The reading of one group, with its own span of sales.
 void recibir(MesaDeTotales& t, int grupo, const char* desde, const char* hasta) {
   t.fila(u"Sesiones", {{u"CODGPO", grupo}, {u"PZERO", momento(desde)}});
   std::vector<Aviso> avisos;
@@ -36,7 +36,7 @@ TEST(VentanaSesion, MemorizaEnElPeriodoQueSeElige) {
   auto* periodo = v->findChild<QLabel*>(u"lbPerio"_s);
   EXPECT_EQ(periodo->text(), u"4 junio 2018    (DIARIO)");
   QTest::keyClicks(v->findChild<QLineEdit*>(u"Descrip"_s), u"Feria"_s);
-  // "Memorizar" there memorises: there is nothing else to be pressed.
+  // "Memorizar" in this dialog memorises at once: no further button is needed.
   t.alAbrirse([](QWidget* w) {
     w->findChild<QListWidget*>(u"LstPer"_s)->setCurrentRow(1);
     QTest::mouseClick(w->findChild<QPushButton*>(u"Memorizar"_s), Qt::LeftButton);
@@ -47,7 +47,7 @@ TEST(VentanaSesion, MemorizaEnElPeriodoQueSeElige) {
   EXPECT_EQ(t.sesion.estado(), 0);
 }
 
-// Before one memorises: how much it is, and whose sales will be missing.
+// Before memorising: the amount, and the groups whose sales will be missing.
 TEST(VentanaSesion, DiceCuantoYQuienFalta) {
   MesaDeTotales t;
   t.sql(u"update GRUPOS set REMOTO=3"_s);
@@ -65,8 +65,8 @@ TEST(VentanaSesion, DiceCuantoYQuienFalta) {
   EXPECT_FALSE(faltan->isVisible());
 }
 
-// Two machines are read one after the other. In the middle of the day their spans are no calendar
-// day; those of one round are one period, those of two are two.
+// Two machines are read one after the other. In the middle of the day their spans aren't calendar
+// days; those of one round make one period, those of two rounds make two.
 TEST(VentanaSesion, UnaRondaEsUnPeriodo) {
   static constexpr struct {
     const char *desde, *hasta;
@@ -84,12 +84,12 @@ TEST(VentanaSesion, UnaRondaEsUnPeriodo) {
     ASSERT_EQ(motor.propuestos().size(), static_cast<size_t>(c.periodos)) << c.hasta;
     if (c.periodos > 1) continue;
     const Periodo& p = motor.propuestos()[0].periodo;
-    EXPECT_EQ(p.hasta, momento(c.hasta)) << "it holds both";
+    EXPECT_EQ(p.hasta, momento(c.hasta)) << "it contains both";
     EXPECT_EQ(p.desde, std::min(momento(c.desde), momento("03/06/2018 21:00:00")));
   }
 }
 
-// What comes while the window is open isn't memorised before its number has been seen.
+// Data received while the window is open isn't memorised before it has been shown in the count.
 TEST(VentanaSesion, LoQueLlegaMientrasTantoSeVeAntes) {
   MesaDeTotales t;
   recibir(t, 1, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
@@ -118,8 +118,8 @@ TEST(VentanaSesion, CadaUnoASuPeriodo) {
             u"1 1500 | 2 1500");
 }
 
-// A machine in doubt: what each answer means is shown, nothing happens by Return alone, and the
-// answer lets the reading that waits into the books.
+// A machine in doubt: the meaning of each answer is shown, Return alone does nothing, and the
+// answer lets the waiting reading into the books.
 TEST(VentanaSesion, UnaDudaSeRespondePorSuNombre) {
   MesaDeTotales t;
   recibir(t, 1, "03/06/2018 21:00:00", "04/06/2018 21:30:00");
@@ -153,7 +153,7 @@ TEST(VentanaSesion, OlvidaYRecupera) {
   auto* v = t.abrir(u"CerrSes"_s);
   t.alAbrirse([](QWidget* w) { QTest::keyClick(w->focusWidget(), Qt::Key_Return); });
   QTest::mouseClick(v->findChild<QPushButton*>(u"Olvidar"_s), Qt::LeftButton);
-  EXPECT_EQ(t.sesion.estado(), 2) << "Return forgets nothing";
+  EXPECT_EQ(t.sesion.estado(), 2) << "Return doesn't forget it";
   t.responder(u"Acepto"_s);
   QTest::mouseClick(v->findChild<QPushButton*>(u"Olvidar"_s), Qt::LeftButton);
   EXPECT_TRUE(t.textoModal.startsWith(u"Los datos recibidos serán DEFINITIVAMENTE olvidados"));
@@ -162,6 +162,32 @@ TEST(VentanaSesion, OlvidaYRecupera) {
   QTest::mouseClick(v->findChild<QPushButton*>(u"Recuperar"_s), Qt::LeftButton);
   EXPECT_EQ(t.sesion.estado(), 2);
   EXPECT_TRUE(v->findChild<QPushButton*>(u"Guardar"_s)->isEnabled());
+}
+
+// Asked about by a window that closes, a Return too many memorises nothing; opened on purpose it is
+// what Return does.
+TEST(VentanaSesion, AlCerrarOtraVentanaIntroNoMemoriza) {
+  for (const bool alSalir : {true, false}) {
+    MesaDeTotales t;
+    recibirDosDias(t);
+    auto* v = t.abrir(PuertaCerrSes{.alSalir = alSalir});
+    QTest::keyClick(v->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(t.sesion.estado(), alSalir ? 2 : 0);
+    EXPECT_EQ(t.cuenta(u"COLUMNA"_s), alSalir ? 0 : 1);
+  }
+}
+
+TEST(VentanaSesion, DiceEnQueEsta) {
+  MesaDeTotales t;
+  recibirDosDias(t);
+  auto* v = t.abrir(u"CerrSes"_s);
+  auto* estado = v->findChild<QLabel*>(u"estado"_s);
+  const Pintados pintados(*estado);
+  QTest::mouseClick(v->findChild<QPushButton*>(u"Guardar"_s), Qt::LeftButton);
+  EXPECT_EQ(pintados.textos, (QStringList{u"Analizando los últimos totales..."_s,
+                                          u"Incorporando totales a periodos..."_s}));
+  EXPECT_FALSE(estado->isVisible());
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Totales incorporados con éxito"));
 }
 
 TEST(VentanaSesion, BandejaVacia) {

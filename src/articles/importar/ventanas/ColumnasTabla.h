@@ -1,4 +1,5 @@
-// What each column of a table fills: its heading, some of its values, and a list to choose from.
+// The columns of a table: for each its heading, some of its values, and a drop-down list of the
+// fields that it may fill.
 #pragma once
 
 #include <QScrollArea>
@@ -15,9 +16,9 @@ class ColumnasTabla final : public QScrollArea {
   Q_OBJECT
  public:
   explicit ColumnasTabla(QWidget* padre = nullptr);
-  // REQUIRES texts that outlive it.
+  // REQUIRES that the texts outlive it.
   void mostrar(const Tabla& tabla, const Plan& plan, const Textos& textos);
-  // A field chosen twice belongs to the first column.
+  // A field selected twice is assigned to the first of the columns.
   Emparejado elegidas() const;
 
  Q_SIGNALS:

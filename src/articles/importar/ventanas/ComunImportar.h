@@ -1,4 +1,4 @@
-// What the windows of imports share: the list of bad lines and the step back.
+// Shared by the windows of imports: the list of bad lines, and undo.
 #pragma once
 
 #include "articles/Vuelta.h"
@@ -8,19 +8,20 @@
 
 namespace tarvo::importar {
 
-// The columns of a list of bad lines.
+// Sets up the columns of a list of bad lines.
 void prepararMalas(ventanas::Parrilla& lista, ventanas::Contexto& contexto, const QString& ventana);
 void ponerMalas(ventanas::Parrilla& lista, const std::vector<LineaMala>& malas);
 
-// Takes batches of a window back, as its work in slices, and says on its strip what came of it.
-// Asks before a window goes in the middle of its work; Cancelar is the answer that loses nothing.
+// Asks before a window is closed in the middle of its work; Cancelar is the answer that loses
+// nothing. `texto` is the question.
 bool seguroDeCerrar(ventanas::Ventana& ventana, int texto);
 
+// Undoes batches of a window, as sliced work of that window, and reports the result on its strip.
 class Deshacedor {
  public:
   using AlDeshacer = std::function<Resultado<>(qint64 lote)>;
-  // `alCambiar`: at the beginning and at the end of the work. `alDeshacer`: what else goes with a
-  // batch, once all of it is taken back.
+  // `alCambiar` is called at the beginning and at the end of the work. `alDeshacer` undoes
+  // everything else belongs to a batch, after the batch has been undone completely.
   Deshacedor(
       ventanas::Ventana& ventana, articles::Lotes& lotes, std::function<void()> alCambiar,
       AlDeshacer alDeshacer = [](qint64) { return Resultado<>(); })
@@ -30,14 +31,14 @@ class Deshacedor {
         alDeshacer_(std::move(alDeshacer)) {}
 
   bool hayUltimo() const;
-  // Says so when the last run, or its undoing, was cut off.
+  // Reports it if the last run, or its undo, was interrupted.
   void avisar();
-  // Asks, and takes the last batch back; `alAcabar` when all of it is.
+  // Asks, then undoes the last batch; `alAcabar` is called once it has been undone completely.
   void deshacerUltimo(std::function<void()> alAcabar);
-  // Takes back what a run left that failed or was stopped, and says so then.
+  // Undoes the changes of a run that failed or was stopped, then reports that.
   void volver(qint64 lote, int articulos, const std::optional<Error>& error);
-  // For the window that goes: what is half taken back is taken back to its end. False on an error,
-  // which it says.
+  // To be called when the window is closed: completes an undo in progress. False on an error, which
+  // it reports.
   bool acabarYa();
 
  private:

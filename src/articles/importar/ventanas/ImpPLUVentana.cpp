@@ -51,7 +51,7 @@ Resultado<> ImpPLUVentana::entrar(const PuertaImpPLU& puerta) {
   return {};
 }
 
-// What was read so far stays, and can be undone.
+// The articles read so far are kept, and can be undone.
 bool ImpPLUVentana::QueryUnload() {
   if (estado_ == kEnProceso && !seguroDeCerrar(*this, kTxCerrarYDejar)) return true;
   if (estado_ == kEnProceso) trabajo().parar();

@@ -1,4 +1,4 @@
-// Articles from a .PLU file: ImpPLU.
+// ImpPLU: imports articles from a .PLU file.
 #pragma once
 
 #include "articles/importar/ImpPLU.h"

@@ -1,4 +1,4 @@
-// The dry run as it is shown.
+// The display of the dry run.
 #include "articles/importar/ventanas/ImpTablaVentana.h"
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -30,7 +30,7 @@ QString detalle(const Propuesta& p, const Textos& t) {
   if (p.que == Que::Rechazada) return p.motivo;
   QStringList cambios;
   for (const Cambio& c : p.cambios) {
-    if (p.que == Que::Nuevo && c.campo == Campo::Nombre) continue;  // it has its own column
+    if (p.que == Que::Nuevo && c.campo == Campo::Nombre) continue;  // it has a column of its own
     const QString ahora = c.ahora.isEmpty() ? t(ventanas::kTxNada) : c.ahora;
     cambios << (p.que == Que::Nuevo
                     ? t(kTxValorNuevo, {titulo(c.campo, t), ahora})

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// How a text was understood, for the person to see.
+// Tells the user how a text was interpreted.
 QString comoSeLeyo(const TablaLeida& l, const QString& fichero, int filas, const Textos& t) {
   const QString cuantas = Plural(t(kTxNFilas), std::max(0, filas));
   if (!l.hoja.isEmpty()) return t(kTxLeidaHoja, {fichero, l.hoja, cuantas});
@@ -68,7 +68,7 @@ Resultado<> ImpTablaVentana::entrar(const PuertaImpTabla& puerta) {
   return {};
 }
 
-// What is half applied is taken back before the window goes.
+// A run in progress is undone before the window is closed.
 bool ImpTablaVentana::QueryUnload() {
   if (aplicando_ && !seguroDeCerrar(*this, kTxCerrarYVolver)) return true;
   if (aplicando_) trabajo().parar();
@@ -87,7 +87,7 @@ void ImpTablaVentana::irA(Paso paso) {
     leida_.reset();
   }
   if (paso < kPrevia) motor_.reset();
-  botones();  // what is disabled takes no focus
+  botones();  // before the focus is set: a disabled control doesn't take it
   paso == kFichero ? ui_.ficheros->setFocus() : ui_.siguiente->setFocus();
 }
 
@@ -103,7 +103,7 @@ void ImpTablaVentana::botones() {
   ui_.siguiente->setEnabled(hay && !ocupada);
   ui_.atras->setEnabled((paso_ == kColumnas || paso_ == kPrevia) && !ocupada);
   ui_.paginas->setEnabled(!ocupada);
-  ui_.paginas->setProperty("ocupada", ocupada);  // pictures wait for it
+  ui_.paginas->setProperty("ocupada", ocupada);  // screenshots wait until it is false
   ui_.deshacer->setEnabled(!ocupada && deshacedor_.hayUltimo());
 }
 
@@ -127,7 +127,7 @@ void ImpTablaVentana::siguiente() {
   }
 }
 
-// Another thread reads: a big spreadsheet takes seconds.
+// Read in another thread: a large spreadsheet takes seconds.
 void ImpTablaVentana::leer(const QString& ruta) {
   if (leyendo_) return;
   leyendo_ = true;
@@ -142,7 +142,7 @@ void ImpTablaVentana::leer(const QString& ruta) {
 void ImpTablaVentana::leido(Resultado<TablaLeida> tabla) {
   leyendo_ = false;
   if (!haIdoBien(tabla)) return irA(kFichero);
-  tira().quitar();  // what it says is of another file
+  tira().quitar();  // its message refers to another file
   leida_ = std::make_unique<TablaLeida>(std::move(*tabla));
   const Plan p = planDe(leida_->tabla, contexto().textos);
   ui_.conTitulos->setChecked(p.primeraFila > 0);
@@ -222,7 +222,7 @@ void ImpTablaVentana::aplicado(const Resultado<Trabajo::Fin>& fin) {
   const bool entero = fin && *fin == Trabajo::Fin::Acabado;
   const auto cerrado = entero ? motor_->acabar() : Resultado<>{};
   if (!entero || !cerrado) {
-    irA(kColumnas);  // a run is applied once
+    irA(kColumnas);  // a run is applied only once
     const std::optional<Error> error = !fin       ? std::optional(fin.error())
                                        : !cerrado ? std::optional(cerrado.error())
                                                   : std::nullopt;
@@ -232,7 +232,7 @@ void ImpTablaVentana::aplicado(const Resultado<Trabajo::Fin>& fin) {
   ui_.hecho->setText(contexto().textos(kTxHechoTabla, {hecho.nuevos, hecho.cambiados}));
   ponerMalas(*ui_.malas, hecho.malas);
   if (hecho.malas.empty()) return decirBien(ui_.hecho->text());
-  ui_.malas->setFocus();  // a second Return leaves them in sight
+  ui_.malas->setFocus();  // so that a second Return leaves them in view
   decirDuda(t(kTxNMalas, static_cast<int>(hecho.malas.size())));
 }
 

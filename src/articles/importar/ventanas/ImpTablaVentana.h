@@ -1,5 +1,5 @@
-// Articles from a CSV file or a spreadsheet, in four steps: file, columns, what would change, what
-// was done. A stop of the last takes back what it did so far.
+// ImpTabla: imports articles from a CSV file or a spreadsheet, in four steps: file, columns,
+// preview of the changes, result. Stopping the last step undoes its changes so far.
 #pragma once
 
 #include "articles/importar/ImpTabla.h"
@@ -36,7 +36,7 @@ class ImpTablaVentana final : public ventanas::Ventana {
   void mirarSigno();
   Plan plan() const;
   void ensayar();
-  // One pass of the engine over all rows, in slices.
+  // Runs one pass of the engine over all rows, in slices.
   void recorrer(int texto, Resultado<bool> (ImpTabla::*paso)(), int (ImpTabla::*hechas)() const,
                 void (ImpTablaVentana::*acabar)(const Resultado<Trabajo::Fin>&));
   void ensayado(const Resultado<Trabajo::Fin>& fin);

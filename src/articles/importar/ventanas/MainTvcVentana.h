@@ -1,4 +1,4 @@
-// Articles of the former system: MainTvc.
+// MainTvc: imports the articles of the former system.
 #pragma once
 
 #include "articles/importar/MainTvc.h"
@@ -22,7 +22,7 @@ class MainTvcVentana final : public ventanas::Ventana {
   void montar();
   void ponerEstado(Estado estado);
   void mostrarDestino();
-  // Nothing when the single section is none; it is said then.
+  // Nothing if the number of the single section is invalid, which is reported.
   std::optional<DestinoTvc> destino();
   void inicioproceso();
   void empezar();

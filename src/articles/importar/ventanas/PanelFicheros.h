@@ -1,5 +1,5 @@
-// The files of a folder to choose from: a double click or Return takes one. All imports share the
-// memory of the folder from which somebody took the last file.
+// A choice among the files of a folder, by a double click or Return. All imports remember the same
+// folder, that of the last file chosen.
 #pragma once
 
 #include <QWidget>
@@ -16,9 +16,10 @@ class PanelFicheros final : public QWidget {
   Q_OBJECT
  public:
   explicit PanelFicheros(QWidget* padre = nullptr);
-  // `patrones`: "*.PLU", any case. The names of its list and its button come from the texts.
+  // `patrones`: such as "*.PLU", ignoring case. The accessible names of its list and its button
+  // come from the texts.
   void preparar(ventanas::Contexto& contexto, const QStringList& patrones);
-  // In that folder; without one in the last one, if it is there, else in the program's.
+  // Opens that folder; if empty, the last one if it still exists, or else the program's folder.
   void empezar(const QString& carpeta);
   void ponerCarpeta(const QString& carpeta);
   const QString& carpeta() const { return carpeta_; }

@@ -1,4 +1,4 @@
-// The doors of the windows of imports. `carpeta`: where they look for files, in place of the last
+// The doors of the windows of imports. `carpeta`: the folder for the files, instead of the last
 // one.
 #pragma once
 
@@ -6,14 +6,14 @@
 
 namespace tarvo::importar {
 
-// `seccion`: for the window of tables that it leads to.
+// `seccion`: passed on to the window of tables.
 struct PuertaImpPLU {
   static constexpr QStringView kNombre = u"ImpPLU";
   QString carpeta = {};
   int seccion = 0;
 };
 
-// `fichero` is read at once; `seccion`: for rows that don't say theirs.
+// `fichero` is read at once; `seccion`: for rows that don't contain theirs.
 struct PuertaImpTabla {
   static constexpr QStringView kNombre = u"ImpTabla";
   QString carpeta = {}, fichero = {};

@@ -6,7 +6,7 @@
 
 namespace tarvo::importar {
 
-// REQUIRES that what it is given outlives all windows.
+// REQUIRES that all arguments outlive all windows.
 void registrarVentanasImportar(ventanas::Ventanas& ventanas, articles::Catalogo& catalogo);
 
 }  // namespace tarvo::importar

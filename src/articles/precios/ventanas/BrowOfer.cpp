@@ -1,4 +1,4 @@
-// The list: its filters and columns. What is written in it is in BrowOferAcciones.cpp.
+// The list: its filters and columns. Its edits are in BrowOferAcciones.cpp.
 #include "articles/precios/ventanas/BrowOfer.h"
 
 #include "articles/precios/ventanas/Comun.h"
@@ -126,7 +126,7 @@ Resultado<> BrowOfer::abrirLista() {
   return {};
 }
 
-// What is no date stays in its box, marked, and the list stays as it was filtered.
+// An invalid date remains in its field, marked, and the filter of the list doesn't change.
 void BrowOfer::fechaCambiada(QLineEdit& caja, Dia& filtro) {
   const QString texto = caja.text().trimmed();
   const auto fecha = Fecha::leer(texto);

@@ -1,5 +1,5 @@
-// The offers of a group: BrowOfer. Prices and dates are written in the list itself; a date goes to
-// all offers shown, and can be taken back until the window closes.
+// BrowOfer: the offers of a group. Prices and dates are edited in the list itself; a date applies
+// to all offers shown, and can be undone until the window is closed.
 #pragma once
 
 #include "articles/precios/Ofertas.h"
@@ -16,7 +16,7 @@ class BrowOfer final : public ventanas::Ventana {
   BrowOfer(ventanas::Contexto& contexto, const QString& nombre, Ofertas& motor);
   Resultado<> entrar(const PuertaBrowOfer& puerta);
 
-  // Reads the list again; what is chosen stays.
+  // Reads the list again; the selection is kept.
   void RefrescoRemoto();
 
  private:

@@ -1,4 +1,4 @@
-// What a person writes in the list, and what is done with the offers chosen.
+// The user's edits in the list, and the operations on the selected offers.
 #include "articles/precios/CambioRapido.h"
 #include "articles/precios/TextosPrecios.h"
 #include "articles/precios/ventanas/BrowOfer.h"
@@ -15,7 +15,7 @@ using ventanas::MyMsgBox;
 
 namespace {
 
-constexpr int kPitidos = 20;  // before dates of all groups change
+constexpr int kPitidos = 20;  // before the dates of all groups are changed
 
 }  // namespace
 
@@ -51,7 +51,8 @@ QString BrowOfer::avisoFechas(Extremo extremo, const Dia& dia, int cuantas) cons
          u"\n\n"_s + t(kTxSePuedeDeshacer);
 }
 
-// The question waits until the cell is closed: a box would take the focus from it meanwhile.
+// The question is queued until the cell editor is closed, since a message box would take the focus
+// from it.
 Resultado<> BrowOfer::fechaEscrita(Extremo extremo, const QString& texto) {
   const auto fecha = Fecha::leer(texto.trimmed());
   const Dia dia = fecha ? Dia(fecha->dia()) : Dia();

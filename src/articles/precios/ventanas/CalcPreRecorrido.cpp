@@ -1,4 +1,4 @@
-// The calculator from article to article: what is saved, and where the pointer goes.
+// The calculator from article to article: saving, and moving the current row of the list.
 #include <algorithm>
 
 #include "articles/precios/CambioRapido.h"
@@ -33,7 +33,7 @@ Resultado<> CalcPreVentana::entrar(const PuertaCalcPre& puerta) {
   return {};
 }
 
-// A section without articles: what to do, and nothing to reckon.
+// For a section without articles: shows a hint and disables the calculation.
 void CalcPreVentana::vaciar() {
   ui_.lbPLU->setText(t(kTxSinArticulosQueCambiar));
   for (QWidget* w : {static_cast<QWidget*>(ui_.marcos), static_cast<QWidget*>(ui_.grdpre),
@@ -58,7 +58,7 @@ Resultado<> CalcPreVentana::cargar(ClaveArticulo clave) {
   return {};
 }
 
-// The person moved the pointer of the list. What was typed here is kept first.
+// Called when the user has moved the current row of the list. Figures typed here are saved first.
 void CalcPreVentana::reposicionado() {
   if (moviendo_ || !lista_ || lista_->clave().codigo == 0) return;
   const auto [seccion, codigo] = lista_->clave();
@@ -81,7 +81,7 @@ std::optional<QString> CalcPreVentana::impedimento() const {
   return std::nullopt;
 }
 
-// What another window changed of the article meanwhile stays.
+// Changes made to the article by another window meanwhile are kept.
 bool CalcPreVentana::guardar() {
   if (articulo_.clave.deSistema()) return true;
   if (const auto impide = impedimento()) {

@@ -1,4 +1,4 @@
-// The figures. Walking and saving is in CalcPreRecorrido.cpp.
+// The figures. Moving and saving are in CalcPreRecorrido.cpp.
 #include "articles/precios/ventanas/CalcPreVentana.h"
 
 #include <algorithm>
@@ -18,10 +18,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The exact locked margin; the settings keep whole per cents.
+// Key of the exact locked margin; the settings store whole percentages.
 const QString kMargenFijo = u"margenFijo"_s;
 constexpr int kMargenMayor = 32'767;
-constexpr double kMenosDeUnaCifra = 0.006;  // what is shown in round figures
+constexpr double kMenosDeUnaCifra = 0.006;  // tolerance for rounded display
 
 }  // namespace
 
@@ -65,7 +65,7 @@ void CalcPreVentana::montar() {
   connect(ui_.Salir, &QPushButton::clicked, this, &CalcPreVentana::descargar);
 }
 
-// Labels in one column over all frames; those of figures that can't be typed ask for no letter.
+// Aligns the labels of all frames in one column; those of read-only figures have no mnemonic.
 void CalcPreVentana::alinear() {
   const std::pair<QLabel*, QLineEdit*> fijos[] = {
       {ui_.rotuloIvaS, ui_.IvaS}, {ui_.rotuloCosteB, ui_.CosteB}, {ui_.rotuloIvaR, ui_.IvaR}};
@@ -78,7 +78,7 @@ void CalcPreVentana::alinear() {
   for (const QLabel* r : rotulos) ancho = std::max(ancho, r->sizeHint().width());
   for (QLabel* r : rotulos) r->setMinimumWidth(ancho);
   estrechar(*ui_.pciva, 6);
-  // Beside the prices, in lines with them: these begin below their headings.
+  // Aligned with the rows of prices, which begin below their headings.
   const int hueco = ventanas::escalar(ventanas::kPaso);
   for (QFormLayout* campos : ui_.marcos->findChildren<QFormLayout*>())
     campos->setVerticalSpacing(hueco);
@@ -87,7 +87,8 @@ void CalcPreVentana::alinear() {
   ui_.lado->setContentsMargins(0, titulo ? titulo->sizeHint().height() + hueco : 0, 0, 0);
 }
 
-// Only what was typed counts: leaving a box takes nothing back from what it shows in round figures.
+// Only a typed value counts: leaving the field doesn't replace an exact value by its rounded
+// display.
 void CalcPreVentana::unirCaja(QLineEdit& caja, const Hacer& hacer) {
   cajas_[&caja] = hacer;
   connect(&caja, &QLineEdit::editingFinished, this, [this, &caja, hacer] { tomar(caja, hacer); });
@@ -107,7 +108,7 @@ bool CalcPreVentana::tomar(QLineEdit& caja, const Hacer& hacer) {
   return igual;
 }
 
-// As the box reads a text: an amount in whole units, or a plain number.
+// Parses a text as the field does: an amount in whole units, or a plain number.
 std::optional<double> CalcPreVentana::numero(const QLineEdit& caja, const QString& texto) const {
   if (&caja == ui_.pciva || &caja == ui_.pcMarg || &caja == ui_.redon) return numeroDe(texto);
   const auto n = LeerImporte(contexto().ajustes, texto, contexto().ajustes.MonedaNativa);

@@ -1,5 +1,5 @@
-// The price calculator over the article under the pointer of a list: CalcPre. Without that list it
-// walks the codes of a section.
+// CalcPre: the price calculator for the current article of a list. Without that list it moves
+// through the codes of a section.
 #pragma once
 
 #include <map>
@@ -30,10 +30,12 @@ class CalcPreVentana final : public ventanas::Ventana {
   void montar();
   void alinear();
   void unirCaja(QLineEdit& caja, const Hacer& hacer);
-  // Takes what was typed in the box; false, and it is said, when another figure stands there now.
+  // Applies the value typed in the field; false, after reporting it, if the field then shows a
+  // different value.
   bool tomar(QLineEdit& caja, const Hacer& hacer);
   std::optional<double> numero(const QLineEdit& caja, const QString& texto) const;
-  // Of the box or the cell that has the focus; false when a person should look first.
+  // Applies the value of the field or cell that has the focus; false if the user has to check it
+  // first.
   bool terminar();
   void ponerAjustes();
   void guardarAjustes();
@@ -48,7 +50,7 @@ class CalcPreVentana final : public ventanas::Ventana {
   qint64 importe(const QLineEdit& caja) const;
   qint64& precio(Celda celda);
 
-  // What can't be saved of the figures, in words.
+  // The reason why the figures can't be saved, in words.
   std::optional<QString> impedimento() const;
   bool guardar();
   void salvar();
@@ -57,7 +59,7 @@ class CalcPreVentana final : public ventanas::Ventana {
   Ui::CalcPre ui_;
   articles::Catalogo& catalogo_;
   CalcPre calc_;
-  articles::Articulo articulo_;  // as it was read
+  articles::Articulo articulo_;  // as read
   articles::Precios precios_{};
   DeLista lista_;
   std::map<QLineEdit*, Hacer> cajas_;

@@ -1,4 +1,4 @@
-// The change done, and taken back.
+// Applying the change, and undoing it.
 #include "articles/precios/ventanas/CambioLoteVentana.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -28,7 +28,7 @@ void CambioLoteVentana::aplicarYa(std::vector<ClaveArticulo> claves, const Orden
   marchar(motor_.empezar(std::move(claves), orden, nombre()), total);
 }
 
-// A change that was cut off, gone on with.
+// Continues an interrupted change.
 void CambioLoteVentana::terminar() {
   const auto ultimo = lotes_.ultimo(nombre());
   if (!haIdoBien(ultimo) || !*ultimo) return;
@@ -52,7 +52,7 @@ void CambioLoteVentana::marchar(std::unique_ptr<CambioLote::Marcha> marcha, qint
       [this](const Resultado<Trabajo::Fin>& fin) { aplicado(fin); });
 }
 
-// The percentage goes, so that a second Enter doesn't raise the prices again.
+// The percentage is cleared, so that a second Enter doesn't raise the prices again.
 void CambioLoteVentana::aplicado(const Resultado<Trabajo::Fin>& fin) {
   const CambioLote::Hecho hecho = marcha_->hecho();
   const bool entero = fin && *fin == Trabajo::Fin::Acabado;
@@ -67,14 +67,14 @@ void CambioLoteVentana::aplicado(const Resultado<Trabajo::Fin>& fin) {
     };
     return volver(hecho.lote, hecho.cambiados, alAcabar);
   }
-  ui_.txPc->setText({});  // not clear(): Ctrl+Z in the field would bring it back
+  ui_.txPc->setText({});  // clear() could be undone in the field with Ctrl+Z
   libre();
   const QString bien = t(kTxCambiados, hecho.cambiados);
   if (hecho.fuera > 0) return decirDuda(t(kTxNoCambiaron, hecho.fuera), bien);
   decirBien(bien);
 }
 
-// The window is the person's again.
+// Enables the window again.
 void CambioLoteVentana::libre() {
   cuerpo()->setEnabled(true);
   ui_.txPc->setFocus();
@@ -132,7 +132,7 @@ void CambioLoteVentana::decirVuelta(const QString& dicho) {
   decirBien(dicho);
 }
 
-// A change that stands half done is taken back before the window goes; the person is asked.
+// A change in progress is undone before the window is closed, after asking the user.
 bool CambioLoteVentana::QueryUnload() {
   if (marcha_ && !ventanas::MyMsgBox::Decide(
                      this, contexto().textos, t(kTxCerrarCambiando),

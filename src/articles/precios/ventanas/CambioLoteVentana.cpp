@@ -1,4 +1,4 @@
-// What is chosen and what would become of it. Doing it is in CambioLoteAcciones.cpp.
+// The selection and its preview. Applying the change is in CambioLoteAcciones.cpp.
 #include "articles/precios/ventanas/CambioLoteVentana.h"
 
 #include <cmath>
@@ -19,8 +19,8 @@ using ventanas::Estado;
 
 namespace {
 
-constexpr int kReposo = 150;  // ms without a change before the list is reckoned anew
-constexpr int kMirada = 30;   // ms of reckoning at a stretch
+constexpr int kReposo = 150;  // ms without a change before the list is computed again
+constexpr int kMirada = 30;   // ms of computing per slice
 constexpr int kTodosLosDeptos = -1;
 enum Que { kPrecios, kDepartamento, kFormato };
 
@@ -35,7 +35,7 @@ Estado estadoDe(const dao::Valor& v) {
   }
 }
 
-// None for the first entry, which stands for all.
+// Nothing for the first entry, which means all.
 std::optional<int> unoDe(const QComboBox& lista) {
   return lista.currentIndex() > 0 ? std::optional(lista.currentIndex() - 1) : std::nullopt;
 }
@@ -155,8 +155,7 @@ void CambioLoteVentana::queCambiado() {
   luegoMirar();
 }
 
-// --- the order
-// -----------------------------------------------------------------------------------
+// --- the change to be applied
 
 SeleccionLote CambioLoteVentana::seleccion() const {
   SeleccionLote s{ui_.dbS->currentData().toInt(), codigos_, {}, ui_.txNom->text()};
@@ -164,7 +163,7 @@ SeleccionLote CambioLoteVentana::seleccion() const {
   return s;
 }
 
-// Which of the two figures it is, and what it may be.
+// Validates both figures, marks the invalid ones and returns the reason.
 std::expected<OrdenLote, QString> CambioLoteVentana::ordenPrecios() {
   const auto pc = numeroDe(ui_.txPc->text());
   const auto paso = comoPrecio(ui_.txPaso->text(), contexto().ajustes);
@@ -219,7 +218,7 @@ void CambioLoteVentana::mirar() {
   seguirMirando();
 }
 
-// A short list at once, a long one between what the person types.
+// A short list is computed at once, a long one in slices between the user's keystrokes.
 void CambioLoteVentana::seguirMirando() {
   const qint64 hasta = contexto().reloj.monotono() + kMirada;
   for (;;) {

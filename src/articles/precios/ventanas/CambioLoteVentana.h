@@ -1,5 +1,5 @@
-// One change for many articles: CambioLote. What would become of each shows at once; it is done as
-// a whole, a stop takes back what was done so far, and it can be taken back, also later.
+// CambioLote: one change applied to many articles. Its effect on each is previewed at once. It is
+// applied as a whole: stopping it undoes the changes so far, and it can be undone later too.
 #pragma once
 
 #include "articles/Vuelta.h"

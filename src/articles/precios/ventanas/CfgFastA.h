@@ -1,4 +1,4 @@
-// The choices of the fast entry: CfgFastA.
+// CfgFastA: the options of the fast entry.
 #pragma once
 
 #include "articles/precios/ventanas/Puertas.h"

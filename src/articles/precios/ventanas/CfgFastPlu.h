@@ -1,4 +1,4 @@
-// The choices of the fast change: CfgFastPlu.
+// CfgFastPlu: the options of the fast change.
 #pragma once
 
 #include "articles/precios/ventanas/Puertas.h"

@@ -1,4 +1,4 @@
-// What the windows of offers and prices share.
+// Shared by the windows of offers and prices.
 #pragma once
 
 #include <QComboBox>
@@ -12,35 +12,35 @@
 
 namespace tarvo::precios {
 
-// The entry with that datum, else the first one.
+// Selects the entry with that datum, or else the first one.
 void elegir(QComboBox& lista, const QVariant& dato);
 
-// "12,50" in the native currency.
+// Such as "12,50", in the native currency.
 QString precioEnTexto(const ventanas::Contexto& c, qint64 precio);
-// "33,33"; and back, nothing for what is no number.
+// Such as "33,33"; and the reverse, nothing if the text isn't a number.
 QString conDosDecimales(double n);
 std::optional<double> numeroDe(const QString& texto);
-// Bold on the colour of what is chosen: a value that stays.
+// Shows a fixed value in bold on the selection colour, any other one as usual.
 void marcarFijo(QLineEdit& campo, bool fijo);
-// Shows the field as one with a fault, or no more.
+// Marks the field as faulty, or clears the mark.
 void marcarFalta(QWidget& campo, bool falta);
-// A field that takes digits only.
+// Restricts the field to digits.
 void soloCifras(QLineEdit& campo, int cuantas);
-// Room for that many digits and no more.
+// Limits the width of the field to that many digits.
 void estrechar(QLineEdit& campo, int cifras);
 
-// The control from which the tab key comes to a place of the form; a widget that takes no focus
-// itself can't be put in the order of that key.
+// The control before `sitio` in the tab order, for setTabOrder; a widget without a focus policy
+// can't be used there itself.
 QWidget* antesDe(QWidget& sitio);
 
-// The list over whose articles a window works, by its name. It is told that a child is open until
-// soltar().
+// The list whose articles a window works on, by the list's name. Until soltar(), it counts the
+// window as an open child.
 class DeLista {
  public:
   explicit DeLista(const ventanas::Contexto& c) : c_(c) {}
   void unir(const QString& nombre);
   void soltar();
-  ventanas::Recorrido* operator->() const { return lista(); }  // REQUIRES one
+  ventanas::Recorrido* operator->() const { return lista(); }  // REQUIRES a list
   explicit operator bool() const { return lista() != nullptr; }
 
  private:
@@ -51,7 +51,7 @@ class DeLista {
   bool unida_ = false;
 };
 
-// A code that is taken, in the words that people know it by.
+// The error for a code already in use, in the shop's words; other errors are unchanged.
 Error informe(const ventanas::Contexto& c, const Error& error);
 
 }  // namespace tarvo::precios

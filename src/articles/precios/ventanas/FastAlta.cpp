@@ -1,4 +1,4 @@
-// The fields: what they take, how the keys walk them. The addition is in FastAltaAcciones.cpp.
+// The fields: their input and keyboard navigation. Adding an article is in FastAltaAcciones.cpp.
 #include "articles/precios/ventanas/FastAlta.h"
 
 #include <QLabel>
@@ -51,7 +51,7 @@ void FastAlta::montar() {
                       .cancelo = u"Salir"_s,
                       .textoAcepto = kTxAlta,
                       .textoCancelo = ventanas::kTxSalirConL});
-  acepto()->setDefault(false);  // Return goes from field to field
+  acepto()->setDefault(false);  // Return moves from field to field
   precios_->preparar(contexto(), motor_.forma().precios(), motor_.forma().tarifas());
   connect(precios_, &MatrizPrecios::intro, this, [this] { avanzar(); });
   decirLoDe(*precios_, *this);
@@ -143,7 +143,7 @@ QString& FastAlta::donde(CampoFijo fijo) {
   }
 }
 
-// What the fields say; any text is taken.
+// Reads all fields; any text is accepted.
 void FastAlta::tomar() {
   for (Campo* c : campos_) static_cast<void>(c->leer());
 }
@@ -162,7 +162,6 @@ void FastAlta::ponerValores() {
 }
 
 // --- keys
-// ----------------------------------------------------------------------------------------
 
 std::optional<CampoAlta> FastAlta::campoConFoco() const {
   const QWidget* w = focusWidget();
@@ -173,13 +172,13 @@ std::optional<CampoAlta> FastAlta::campoConFoco() const {
   return std::nullopt;
 }
 
-// A field that nobody touched is looked at too.
+// An untouched field is validated too.
 bool FastAlta::vale(CampoAlta cual) {
   if (cual == CampoAlta::Precios) {
     r.precios = precios_->precios();
     return precios_->vale();
   }
-  static_cast<void>(campo(cual).leer());  // any text is taken: its fault is told below
+  static_cast<void>(campo(cual).leer());  // any text is accepted: faults are reported below
   const auto falta = motor_.falta(cual, r);
   if (!haIdoBien(falta)) return false;
   campo(cual).marcar(falta->value_or(QString()));
@@ -199,7 +198,7 @@ void FastAlta::avanzar() {
   if (puedeSalir()) Ventana::focusNextPrevChild(true);
 }
 
-// Enter goes on as Tab does, and neither leaves a field that isn't valid. One may go back.
+// Enter moves on as Tab does; neither leaves an invalid field. Moving back is allowed.
 bool FastAlta::focusNextPrevChild(bool siguiente) {
   if (siguiente && !puedeSalir()) return true;
   return Ventana::focusNextPrevChild(siguiente);
@@ -218,7 +217,7 @@ bool FastAlta::eventFilter(QObject* objeto, QEvent* evento) {
   return Ventana::eventFilter(objeto, evento);
 }
 
-// In the box are the digits that are typed; once it is left, the whole code.
+// While the field has the focus it shows only the digits to be typed; after that, the whole code.
 void FastAlta::codigoConFoco() {
   const QString texto = codigo_->text();
   const qsizetype prefijo = motor_.forma().prefijo().size();
@@ -240,7 +239,7 @@ void FastAlta::pintarDepartamento() {
   departamento_->setText(haIdoBien(nombre) ? nombre->value_or(QString()) : QString());
 }
 
-// The other fields may stay from the article before.
+// The other fields may still hold the values of the previous article.
 bool FastAlta::cambiada() const {
   const auto* nombre = qobject_cast<QLineEdit*>(&campo(CampoAlta::Nombre).control());
   return !codigo_->text().isEmpty() || !nombre->text().trimmed().isEmpty() || !precios_->vacia();

@@ -1,5 +1,5 @@
-// Fast entry: articles one after another, each field cleared, kept or fixed as was chosen:
-// FastAlta. It brings the list of articles up to date.
+// FastAlta: fast entry of articles, one after another; each field is cleared, kept or fixed, as
+// configured. It keeps the list of articles up to date.
 #pragma once
 
 #include "articles/precios/AltaRapida.h"
@@ -29,10 +29,10 @@ class FastAlta final : public ventanas::FichaDe<EntradaAlta> {
   void montarDerecha(ventanas::Formulario f);
   ventanas::Campo& campo(CampoAlta cual) const { return *campos_[static_cast<std::size_t>(cual)]; }
   std::optional<CampoAlta> campoConFoco() const;
-  QString& donde(CampoFijo fijo);  // the member of a field of text
+  QString& donde(CampoFijo fijo);  // the member for a text field
   void tomar();
   void ponerValores();
-  // Marks the field, with its reason, where it isn't valid.
+  // False if the field is invalid; it is then marked, with its reason.
   bool vale(CampoAlta cual);
   bool puedeSalir();
   void avanzar();

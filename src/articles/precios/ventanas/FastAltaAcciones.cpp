@@ -1,4 +1,4 @@
-// The addition of an article, and what is kept for the next one.
+// Adding an article, and the values kept for the next one.
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -17,7 +17,7 @@ namespace tarvo::precios {
 
 using namespace Qt::StringLiterals;
 
-// Three answers: the box of the kit has two.
+// A message box with three answers: that of the kit has only two.
 FastAlta::Respuesta FastAlta::preguntar() {
   const ventanas::Retenida mientras(this);
   QMessageBox caja(QMessageBox::Question, windowTitle(), t(kTxAnadir), QMessageBox::NoButton, this);
@@ -123,7 +123,7 @@ void FastAlta::configurar() {
   codigo_->setFocus();
 }
 
-// Other choices of the same settings are the fast change's.
+// The same settings also hold the options of the fast change, which are kept.
 void FastAlta::guardarAjustes() {
   auto& a = contexto().ajustes.de<AjustesPrecios>();
   ParrillaRapida todas = ParrillaRapida::leer(a.ParrillaRapida);

@@ -85,7 +85,7 @@ Resultado<> FastModf::entrar(const PuertaFastModf& puerta) {
   return {};
 }
 
-// The article on which the list of articles stands.
+// Moves to the current article of the list of articles.
 void FastModf::irAlDeLaLista() {
   if (!lista_ || lista_->clave().seccion != ui_.dbS->currentData().toInt()) return;
   const auto fila = articles::filaDe(catalogo_, {lista_->clave().seccion, lista_->clave().codigo});
@@ -117,7 +117,7 @@ ventanas::Columna FastModf::columna(ColumnaRapida cual) {
   return c;
 }
 
-// Also with other columns, as they were chosen.
+// Also called after the columns have been configured.
 Resultado<> FastModf::abrirLista() {
   std::vector<ventanas::Columna> columnas;
   columnas.reserve(kColumnasRapidas);
@@ -143,7 +143,7 @@ articles::ClaveArticulo FastModf::claveDe(int fila) const {
   return {ui_.dbS->currentData().toInt(), ui_.Grd->valor(fila, kCodigo).entero()};
 }
 
-// A price that isn't written keeps its article.
+// While a price is pending, its article remains current.
 void FastModf::articuloCambiado() {
   const int fila = ui_.Grd->filaActual();
   if (!ui_.GrdP->pendiente()) return leerArticulo(fila);
@@ -205,7 +205,7 @@ Resultado<> FastModf::escribirPrecio(Celda celda, qint64 precio) {
   return {};
 }
 
-// By the article, not by its row: the list may show others by then.
+// Identified by the article, not by its row: the list may show other articles by then.
 void FastModf::apuntar(const QString& que, const articles::Articulo& antes,
                        const articles::Articulo& ahora) {
   deshacer_->apuntar(que, [this, antes, ahora]() -> Resultado<ventanas::Deshacer::Vuelto> {
@@ -227,10 +227,9 @@ void FastModf::avisar(qint64 antes, qint64 ahora) {
 }
 
 // --- keys
-// ----------------------------------------------------------------------------------------
 
 bool FastModf::saltar(int pasos) {
-  // What is in the field is a price too.
+  // The price being typed counts too.
   if (!ui_.GrdP->terminar()) return false;
   const int fila = ui_.Grd->filaActual() + pasos;
   if (fila < 0 || fila >= ui_.Grd->filas()) return false;
@@ -254,7 +253,8 @@ void FastModf::keyPressEvent(QKeyEvent* evento) {
   saltar(pasos);
 }
 
-// In the list too a page is an article. A double click on the mode steps it.
+// In the list too, the page keys move by one article. A double click on the mode selects the next
+// one.
 bool FastModf::eventFilter(QObject* objeto, QEvent* evento) {
   if (objeto == ui_.lbModo && evento->type() == QEvent::MouseButtonDblClick) {
     ponerModo(siguiente(modo_));
@@ -270,8 +270,7 @@ bool FastModf::eventFilter(QObject* objeto, QEvent* evento) {
   return Ventana::eventFilter(objeto, evento);
 }
 
-// --- choices
-// -------------------------------------------------------------------------------------
+// --- options
 
 void FastModf::pintarModo() {
   ui_.lbModo->setText(t(kTxModo + static_cast<int>(modo_)));

@@ -1,5 +1,5 @@
-// Fast change: the articles of a section in a grid whose columns one chooses, and all prices of the
-// one under the pointer: FastModf. It brings the list of articles up to date.
+// FastModf: fast change. The articles of a section in a grid with configurable columns, and all
+// prices of the current one. It keeps the list of articles up to date.
 #pragma once
 
 #include "articles/Catalogo.h"
@@ -32,7 +32,7 @@ class FastModf final : public ventanas::Ventana {
   void irAlDeLaLista();
   void articuloCambiado();
   void leerArticulo(int fila);
-  // Back to the price that isn't written, on its article.
+  // Moves back to the pending price and its article.
   void volverAlPendiente();
   Resultado<> escribir(qint64 fila, ColumnaRapida columna, const QString& texto);
   Resultado<> escribirPrecio(Celda celda, qint64 precio);
@@ -40,7 +40,7 @@ class FastModf final : public ventanas::Ventana {
                const articles::Articulo& ahora);
   void avisar(qint64 antes, qint64 ahora);
   void intro(Celda celda);
-  // False at the ends, and when a price stays.
+  // False at the ends of the list, or if a price couldn't be stored.
   bool saltar(int pasos);
   void pintarModo();
   void ponerModo(ModoIntro modo);
@@ -49,7 +49,7 @@ class FastModf final : public ventanas::Ventana {
   Ui::FastModf ui_;
   articles::Catalogo& catalogo_;
   DeLista lista_;
-  articles::Articulo articulo_;  // whose prices stand beside the list
+  articles::Articulo articulo_;  // the article whose prices are shown beside the list
   qint64 fila_ = 0;              // its key in the list
   ModoIntro modo_;
   ventanas::Deshacer* deshacer_;

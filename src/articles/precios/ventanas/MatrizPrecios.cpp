@@ -62,7 +62,7 @@ void MatrizPrecios::hacerCampo(QGridLayout& cuadricula, Celda celda) {
   connect(campo, &QLineEdit::textEdited, this, [campo] { marcarFalta(*campo, false); });
   casilla(celda).campo = campo;
   cuadricula.addWidget(campo, celda.tarifa + 1, celda.nivel + 1);
-  // Made later than the form, it stands where the matrix does among its keys.
+  // Created after the form, so it is inserted in the tab order at the position of the matrix.
   setTabOrder(std::exchange(ultimo_, campo), campo);
 }
 
@@ -89,7 +89,7 @@ void MatrizPrecios::limpiar() {
   cadaCelda([this](Celda c) { mostrar(c, 0, {}); });
 }
 
-// A cell that is left empty has no price, unless each is written as it is left.
+// An empty cell means no price, unless every cell is stored when it is left.
 std::expected<qint64, FaltaPrecio> MatrizPrecios::leer(const QString& texto) const {
   if (!escribir_ && texto.trimmed().isEmpty()) return 0;
   return comoPrecio(texto, c_->ajustes);
@@ -194,7 +194,6 @@ bool MatrizPrecios::renunciar(Celda celda) {
 }
 
 // --- keys
-// ----------------------------------------------------------------------------------------
 
 bool MatrizPrecios::subirOBajar(Celda celda, int pasos) {
   const int tarifa = celda.tarifa + pasos;
@@ -202,7 +201,7 @@ bool MatrizPrecios::subirOBajar(Celda celda, int pasos) {
   return true;
 }
 
-// True for a key that goes no further. Who is stopped by a price that stays has Escape.
+// True if the key is consumed. A price that is refused can be given up with Escape.
 bool MatrizPrecios::tecla(Celda celda, int tecla) {
   switch (tecla) {
     case Qt::Key_Return:

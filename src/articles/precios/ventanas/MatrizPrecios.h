@@ -1,7 +1,7 @@
-// The prices of an article: a row a tarifa, a column a level, a field each. Keys: the arrows up and
-// down and Tab move among them; what Enter does is its owner's. What is typed counts once the field
-// is left; Escape gives it up before. A text that is no price, or that couldn't be written, stays
-// in its field, marked, and fallo() says why.
+// The prices of an article: a row per tarifa, a column per level, a field for each. The arrows up
+// and down and Tab move between fields; Enter is handled by the owner. A text counts once its field
+// is left; before that, Escape restores the former one. A text that isn't a price, or that couldn't
+// be stored, remains in its field, marked, and fallo() gives the reason.
 #pragma once
 
 #include <QWidget>
@@ -21,47 +21,48 @@ class MatrizPrecios final : public QWidget {
   Q_OBJECT
  public:
   explicit MatrizPrecios(QWidget* padre = nullptr);
-  // So many levels and tarifas, all empty. Called again it starts over.
+  // Creates that many levels and tarifas, all empty. Calling it again starts over.
   void preparar(ventanas::Contexto& contexto, int niveles = articles::kNiveles,
                 int tarifas = articles::kTarifas);
 
-  // Writes another price that a person typed. Without it a price only stands in its field.
+  // Stores a changed price typed by the user. Without it a price only exists in its field.
   using Escribir = std::function<Resultado<>(Celda celda, qint64 precio)>;
   void alEscribir(Escribir escribir) { escribir_ = std::move(escribir); }
 
-  // In place of whatever is there, also of what is typed and not written.
+  // Replaces the contents of the fields, including pending texts.
   void poner(const articles::Precios& precios);
   void poner(Celda celda, qint64 precio);
   void limpiar();
-  // As the fields stand; those that aren't shown, are empty or can't be read are 0.
+  // The prices in the fields; hidden, empty and invalid ones are 0.
   articles::Precios precios() const;
-  bool vale() const;   // all can be read
-  bool vacia() const;  // nothing stands in them
-  // The field in which something is typed that isn't written.
+  bool vale() const;   // all fields are valid
+  bool vacia() const;  // all fields are empty
+  // The field with a text that isn't stored yet.
   std::optional<Celda> pendiente() const;
-  // Writes it, as leaving the field does; false when it stays.
+  // Stores that text, as leaving the field does; false if it is refused.
   bool terminar();
 
   Celda actual() const { return actual_; }
-  // Without the focus; it is shown among the others while `marcada`. One that there isn't is none.
+  // Sets the current cell without moving the focus; it is highlighted after `ponerMarcada(true)`. A
+  // cell outside the matrix is ignored.
   void ponerActual(Celda celda);
   void ponerMarcada(bool marcada);
-  void irA(Celda celda);  // the focus goes there, all of it selected
+  void irA(Celda celda);  // moves the focus there and selects the text
   bool tieneFoco() const;
-  QWidget* ultimo() const { return ultimo_; }  // in the order of the tab key
+  QWidget* ultimo() const { return ultimo_; }  // in the tab order
 
  Q_SIGNALS:
-  void entrada(tarvo::precios::Celda celda);  // the focus came to another cell
-  void intro(tarvo::precios::Celda celda);    // Enter, once the price is written
+  void entrada(tarvo::precios::Celda celda);  // the focus has moved to another cell
+  void intro(tarvo::precios::Celda celda);    // Enter, once the price is stored
   void fallo(tarvo::precios::Celda celda, const tarvo::Error& error);
-  void resuelto();  // after it: another price was typed, or it was given up
+  void resuelto();  // after fallo(): another price was typed, or it was given up
 
  private:
   std::expected<qint64, FaltaPrecio> leer(const QString& texto) const;
   struct Casilla {
     QLineEdit* campo = nullptr;
     qint64 precio = 0;
-    QString texto;  // as it was put
+    QString texto;  // as set
   };
   Casilla& casilla(Celda c) {
     return casillas_[static_cast<size_t>(c.nivel)][static_cast<size_t>(c.tarifa)];
@@ -92,7 +93,7 @@ class MatrizPrecios final : public QWidget {
   Celda actual_;
 };
 
-// What it refuses, on the strip of its window until it is settled.
+// Shows its failures on the strip of the window until they are resolved.
 void decirLoDe(MatrizPrecios& matriz, ventanas::Ventana& ventana);
 
 }  // namespace tarvo::precios

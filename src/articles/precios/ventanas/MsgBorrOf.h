@@ -1,4 +1,4 @@
-// How wide a deletion of offers goes: MsgBorrOf.
+// MsgBorrOf: asks for the extent of a deletion of offers.
 #pragma once
 
 #include "articles/precios/ventanas/Puertas.h"

@@ -53,7 +53,7 @@ void NvaOfr::montar() {
   acabar({600, 480}, {u"SalvBoton"_s, u"Salir"_s, ventanas::kTxGuardar, ventanas::kTxSalir});
 }
 
-// For who wrote words in the first price none was entered; an amount that won't do is told why.
+// A first price without digits counts as missing; an invalid amount is refused with its reason.
 ventanas::Modo NvaOfr::precio(std::size_t nivel) {
   const Ajustes& a = contexto().ajustes;
   return {.ver =
@@ -62,7 +62,7 @@ ventanas::Modo NvaOfr::precio(std::size_t nivel) {
               },
           .poner = [this, &a, nivel](const QString& s) -> Resultado<> {
             r.precios[nivel].reset();
-            if (s.trimmed().isEmpty()) return {};  // that one is missing is seen by comprobar()
+            if (s.trimmed().isEmpty()) return {};  // a missing price is reported by comprobar()
             const auto precio = comoPrecio(s, a);
             const bool conCifras = std::ranges::any_of(s, [](QChar c) { return c.isDigit(); });
             if (precio) {
@@ -98,7 +98,6 @@ void NvaOfr::pintarGrupo() {
 }
 
 // --- the article
-// ---------------------------------------------------------------------------------
 
 void NvaOfr::buscar() {
   const QString texto = qobject_cast<QLineEdit*>(&entra_->control())->text().trimmed();
@@ -119,7 +118,7 @@ QString NvaOfr::preciosNormales(qint64 codigo) {
   return t(kTxPreciosNormales).arg(precios.join(u"   "_s));
 }
 
-// Enter goes on from field to field, Escape empties the box of the article before it closes.
+// Enter moves from field to field; Escape clears the article field before it closes the window.
 void NvaOfr::keyPressEvent(QKeyEvent* evento) {
   auto* foco = qobject_cast<QLineEdit*>(focusWidget());
   const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
@@ -133,13 +132,12 @@ void NvaOfr::keyPressEvent(QKeyEvent* evento) {
   if (evento->key() == Qt::Key_Escape && foco == &entra_->control()) {
     evento->accept();
     if (!foco->text().isEmpty()) return foco->clear();
-    dejado_ = true;  // who stands there wants none of it
+    dejado_ = true;  // Escape in the empty field: the user doesn't want another offer
   }
   FichaDe::keyPressEvent(evento);
 }
 
 // --- saving
-// --------------------------------------------------------------------------------------
 
 std::vector<NvaOfr::FaltaCampo> NvaOfr::comprobar() {
   if (!articulo_) return {{entra_, t(kTxSinCodigo)}};
@@ -173,7 +171,7 @@ Resultado<> NvaOfr::aplicar() {
   return {};
 }
 
-// The dates stay for the next one.
+// The dates are kept for the next one.
 void NvaOfr::aplicada() {
   if (auto* lista = qobject_cast<BrowOfer*>(contexto().ventanas.cargada(u"BrowOfer"_s)))
     lista->RefrescoRemoto();

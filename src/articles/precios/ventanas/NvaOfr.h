@@ -1,4 +1,4 @@
-// New offers, one after another: NvaOfr.
+// NvaOfr: creates offers, one after another.
 #pragma once
 
 #include "articles/precios/Ofertas.h"
@@ -9,7 +9,7 @@ class QRadioButton;
 
 namespace tarvo::precios {
 
-// As it stands in the fields; the dates stay for the next one.
+// The contents of the fields; the dates are kept for the next offer.
 struct OfertaEscrita {
   QString articulo;
   std::array<std::optional<qint64>, articles::kNiveles> precios{};
@@ -33,7 +33,8 @@ class NvaOfr final : public ventanas::FichaDe<OfertaEscrita> {
   std::vector<FaltaCampo> comprobar() override;
   Resultado<> aplicar() override;
   void aplicada() override;
-  // Those of `grupos` whose offer a person lets be written over, and those that have none.
+  // The groups without an offer for the article, and those whose offer the user agrees to
+  // overwrite.
   Resultado<std::vector<int>> preguntarPorLas(std::vector<int> grupos);
 
   Ofertas& motor_;
@@ -45,8 +46,8 @@ class NvaOfr final : public ventanas::FichaDe<OfertaEscrita> {
   std::optional<Ofertas::Hallado> articulo_;
   PuertaNvaOfr de_;
   OfertaNueva oferta_;
-  std::vector<int> escritos_;  // groups that the last one went to
-  bool dejado_ = false;        // by Escape in the empty box
+  std::vector<int> escritos_;  // groups that received the last offer
+  bool dejado_ = false;        // by Escape in the empty article field
 };
 
 }  // namespace tarvo::precios

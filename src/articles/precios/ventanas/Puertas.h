@@ -8,17 +8,17 @@
 
 namespace tarvo::precios {
 
-// The list over whose articles a window works: the name of the window that walks them.
+// The list whose articles a window works on: the name of the window that moves through them.
 inline const QString kListaArticulos = QStringLiteral("BrowPLUs");
 
-// The offers of the groups of a section; 0 for the one that it shows, else the first.
+// The offers of the groups of a section; 0: the one already shown, or else the first one.
 struct PuertaBrowOfer {
   static constexpr QStringView kNombre = u"BrowOfer";
   int seccion = 0;
 };
 
-// The calculator, over the article in hand of the list and from that of its prices; without the
-// list from the code on.
+// The calculator, for the current article of the list and the price at `celda`; without the list,
+// starting at the code.
 struct PuertaCalcPre {
   static constexpr QStringView kNombre = u"CalcPre";
   int seccion = 1;
@@ -27,7 +27,7 @@ struct PuertaCalcPre {
   QString lista = kListaArticulos;
 };
 
-// Fast entry and fast change; section 0 is the one that they show, else the first.
+// Fast entry, and below, fast change; section 0: the one already shown, or else the first one.
 struct PuertaFastAlta {
   static constexpr QStringView kNombre = u"FastAlta";
   int seccion = 0;
@@ -39,8 +39,8 @@ struct PuertaFastModf {
   QString lista = kListaArticulos;
 };
 
-// One change for many articles: those of the codes, or what is chosen there. `subida`: the
-// percentage that it begins with.
+// One change for many articles: those of the codes, or those selected in the window if there are
+// none. `subida`: the initial percentage.
 struct PuertaCambioLote {
   static constexpr QStringView kNombre = u"CambioLote";
   int seccion = 0;
@@ -49,13 +49,14 @@ struct PuertaCambioLote {
   QString lista = kListaArticulos;
 };
 
-// New offers, one after another: of the first group there is where the section is 0.
+// Creates offers, one after another; section 0 means the first group.
 struct PuertaNvaOfr {
   static constexpr QStringView kNombre = u"NvaOfr";
   int seccion = 0, grupo = 0;
 };
 
-// How wide a deletion of offers goes; of the offers chosen, and of their articles in all groups.
+// Asks for the extent of a deletion of offers: the selected offers, or those of their
+// articles in all groups. `seleccionadas` and `todas` are the numbers of offers in either case.
 enum class Borrar { EsteGrupo, Todos };
 struct PuertaMsgBorrOf {
   static constexpr QStringView kNombre = u"MsgBorrOf";
@@ -64,7 +65,7 @@ struct PuertaMsgBorrOf {
   bool operator==(const PuertaMsgBorrOf&) const = default;
 };
 
-// The choices of the fast entry and of the fast change.
+// The options of the fast entry, and below, of the fast change.
 struct ConfigAlta {
   std::array<Politica, kCamposFijos> politicas{};
   QString prefijo;

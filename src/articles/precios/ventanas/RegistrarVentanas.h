@@ -7,7 +7,7 @@
 
 namespace tarvo::precios {
 
-// REQUIRES that what it is given outlives all windows.
+// REQUIRES that all arguments outlive all windows.
 void registrarVentanasPrecios(ventanas::Ventanas& ventanas, articles::Catalogo& catalogo,
                               Ofertas& ofertas);
 

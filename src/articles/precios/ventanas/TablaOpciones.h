@@ -1,4 +1,4 @@
-// Rows of a name and three options, of which one holds.
+// Rows of a name and three options, exactly one of which is set.
 #pragma once
 
 #include <QWidget>
@@ -16,14 +16,14 @@ class TablaOpciones final : public QWidget {
   Q_OBJECT
  public:
   explicit TablaOpciones(QWidget* padre = nullptr) : QWidget(padre) {}
-  // The numbers of the first name and of the first option; the others follow.
+  // The text numbers of the first name and of the first option; the others follow.
   void preparar(const Textos& textos, int nombres, int cuantas, int opciones);
   void poner(int fila, int opcion);
   int valor(int fila) const;  // 0 to 2
-  void enfocar(int fila);     // on its option that holds
+  void enfocar(int fila);     // moves the focus to its current option
   int filas() const { return static_cast<int>(filas_.size()); }
 
-  // A field of a sheet over it; `donde` has a value for each row.
+  // Creates a field of a sheet bound to it; `donde` has one value per row.
   template <class T, std::size_t N>
   ventanas::Campo* campo(std::array<T, N>& donde) {
     auto* c = new ventanas::CampoVivo(*this, nullptr,

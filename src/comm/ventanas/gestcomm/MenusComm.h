@@ -1,4 +1,4 @@
-// The entries of the menus TxCosa and RxCosa: which kind of task each stands for, and how it asks.
+// The entries of the menus TxCosa and RxCosa: the kind of task and the dialog of each.
 #pragma once
 
 #include <QAction>
@@ -18,8 +18,8 @@ struct EntradaMenu {
 };
 std::span<const EntradaMenu> entradasMenu();
 
-// Enables an entry when the kind of task has somebody who does it and some group that takes it;
-// else its tip says what is missing. A kind that the language hasn't is not shown.
+// Enables an entry if its kind of task is implemented and some group can receive it; otherwise its
+// tool tip states the reason. A kind missing in the current language is hidden.
 void habilitarEntrada(QAction& accion, const motor::ClaseTarea* clase,
                       const std::set<TipoGrupo>& tipos, const ventanas::Contexto& c);
 

@@ -11,9 +11,9 @@ using ventanas::Estado;
 
 namespace {
 
-// The number of a task and its state share a cell: the picture stands before the number.
+// The number and the state of a task share a cell: an icon before the number.
 constexpr qint64 kEstados = 16;
-constexpr int kReteniendo = 32;  // over the state: it will be held after the present frame
+constexpr int kReteniendo = 32;  // added to the state: to be held after the current frame
 
 }  // namespace
 

@@ -13,10 +13,11 @@ std::vector<ventanas::Columna> columnasTareas(const Textos& textos);
 ventanas::FilaViva filaTarea(const motor::VistaTarea& tarea, const motor::ClaseTarea* clase,
                              const Textos& textos);
 
-// How a state looks.
+// The icon of a state; below, its colour.
 QString imagenDeEstado(int estado);
 ventanas::Estado tonoDeEstado(int estado);
-// The engine's own words, or the message of the table; empty without an error.
+// The engine's own words, or else the message of the error table; without an error, the task's
+// result, if any.
 QString textoProblema(const motor::VistaTarea& tarea, const Textos& textos);
 
 }  // namespace tarvo::comm

@@ -79,7 +79,7 @@ void PanelCanal::poner(QLabel& rotulo, const QString& texto) {
   rotulo.setToolTip(texto);
 }
 
-// The line as a picture: not used, closed, open. A modem with its carrier up bears the first one.
+// The line's icon: not used, closed or open. A modem with its carrier up has the first one.
 void PanelCanal::ponerLinea() {
   const bool sinUso = vista_.EstadoCanal == 0;
   const bool modem = vista_.EstadoCanal == 2 && vista_.portadora;
@@ -111,7 +111,7 @@ void PanelCanal::mostrar(const motor::VistaCanal& v, bool encendido) {
   setAccessibleName(t_(kTxNombrePanel).arg(nombre, estado, v.etiqueta, proc));
 }
 
-// Pictures are drawn in the colours of the face.
+// Icons are painted in the colours of the theme.
 void PanelCanal::changeEvent(QEvent* evento) {
   QFrame::changeEvent(evento);
   if (puesto_ && evento->type() == QEvent::StyleChange) ponerLinea();

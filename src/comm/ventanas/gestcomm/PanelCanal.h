@@ -1,4 +1,4 @@
-// What a channel is doing: its semaphore, its line, whom it speaks with, for which task.
+// The activity of a channel: its traffic light, its line, its partner, its task.
 #pragma once
 
 #include <QFrame>
@@ -14,9 +14,9 @@ namespace tarvo::comm {
 class PanelCanal final : public QFrame {
  public:
   PanelCanal(int canal, const Textos& textos, QWidget* padre);
-  // Repaints only what differs from what it shows.
+  // Repaints only the differences from the current display.
   void mostrar(const motor::VistaCanal& vista, bool encendido);
-  // The channel of the task chosen, in manual mode.
+  // Marks the channel of the selected task, in manual mode.
   void ponerElegido(bool elegido);
   bool parpadea() const { return Semaforo::parpadea(vista_.EstadoCanal); }
   static int anchoPreferido();

@@ -13,9 +13,9 @@ namespace tarvo::comm {
 class PanelesCanales final : public QWidget {
  public:
   PanelesCanales(const Textos& textos, QWidget* padre);
-  // `elegido`: the channel of the task chosen, -1 for none.
+  // `elegido`: the channel of the selected task, -1 for none.
   void mostrar(const std::vector<motor::VistaCanal>& canales, int elegido);
-  // The blinking ones change their face; false when none blinks.
+  // Toggles the blinking ones; false if none blinks.
   bool parpadear();
   PanelCanal* panel(int canal) const { return paneles_[static_cast<size_t>(canal)]; }
   int cuantos() const { return static_cast<int>(paneles_.size()); }

@@ -1,4 +1,4 @@
-// The semaphore of a channel: three lamps of which one is lit, or none.
+// The traffic light of a channel: three lamps, at most one of them lit.
 #pragma once
 
 #include <QWidget>
@@ -9,7 +9,7 @@ class Semaforo final : public QWidget {
  public:
   enum Cara { Oscura, Libre, Ocupado, Fallo };
   explicit Semaforo(QWidget* padre);
-  // The face of a channel's state. Failures blink: lit in every second half second.
+  // The lamp for a channel's state. Failures blink: they are lit every other half second.
   static Cara caraDe(int estadoCanal, bool encendido);
   static bool parpadea(int estadoCanal);
   void ponerCara(Cara cara);

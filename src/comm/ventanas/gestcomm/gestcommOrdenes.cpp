@@ -1,4 +1,4 @@
-// The operator's commands, what the menus ask for, and the end of the window.
+// The operator's commands, the menus' commands, and the closing of the window.
 #include <QTableView>
 #include <QToolBar>
 #include <QToolButton>
@@ -40,7 +40,7 @@ void gestcommVentana::conectarOrdenes() {
                                                       {ui_.BotonEstado, Qt::Key_F12}};
   for (const auto& [accion, tecla] : teclas) accion->setShortcut(tecla);
   for (const auto& [accion, imagen] : imagenes) accion->setIcon(icono(QString::fromUtf16(imagen)));
-  // There is no room for their words beside those of the others.
+  // There is no room for their texts beside those of the others.
   for (QAction* a : {ui_.TodoP, ui_.ReponP})
     qobject_cast<QToolButton*>(ui_.barra->widgetForAction(a))
         ->setToolButtonStyle(Qt::ToolButtonIconOnly);
@@ -79,7 +79,7 @@ void gestcommVentana::conectarOrdenes() {
     connect(m, &QMenu::aboutToShow, this, [this] { ponerMenus(); });
 }
 
-// The id of the current row; 0, and said, when there is none.
+// The id of the current row; 0 if there is none, which is reported.
 int gestcommVentana::tareaElegida() {
   const int fila = ui_.s_espe->filaActual();
   if (fila >= 0) return static_cast<int>(ui_.s_espe->clave(fila));
@@ -87,7 +87,8 @@ int gestcommVentana::tareaElegida() {
   return 0;
 }
 
-// A row out of sight is shown first, so that nobody commands what he doesn't see.
+// If the current row is out of sight, only scrolls to it, so that no command goes to an invisible
+// task.
 void gestcommVentana::ordenar(const std::set<int>& estados, void (gestcomm::*orden)(int)) {
   const int id = tareaElegida();
   if (id == 0) return;
@@ -98,10 +99,10 @@ void gestcommVentana::ordenar(const std::set<int>& estados, void (gestcomm::*ord
   if (tarea && !estados.contains(tarea->Estado))
     decirDuda(t(kTxNoSePuede).arg(motor::TextoEstado(tarea->Estado, contexto().textos)));
   else if (tira().estado() == Estado::Duda)
-    tira().quitar();  // it was about another command
+    tira().quitar();  // it referred to another command
   (s_.motor.*orden)(id);
   if (orden != &gestcomm::EliminarTarea || s_.motor.tarea(id)) return;
-  // One that had ended was only shown still.
+  // A task that had ended was only still displayed.
   if (acabadas_.erase(id) == 0) decirBien(t(kTxTareaQuitada).arg(Ceros(id, 3)));
   colaCambiada();
 }
@@ -121,7 +122,7 @@ void gestcommVentana::reponer() {
   colaCambiada();
 }
 
-// The buttons follow at once: the next key may be one of theirs.
+// The buttons are updated at once: the next key may be one of theirs.
 void gestcommVentana::cambiarModo(bool automatico) {
   s_.motor.CambioAModo(automatico);
   if (s_.motor.ModoAutomatico() != automatico) decirDuda(t(kTxModoFijado));
@@ -133,7 +134,7 @@ void gestcommVentana::diagnosticar() {
     static_cast<void>(preguntar(PuertaDiagnostico{.tarea = id}));
 }
 
-// Of the group of the task chosen.
+// Opens the state of the articles for the selected task's group.
 void gestcommVentana::verEstado() {
   PuertaEstadoEnvio puerta;
   if (const int fila = ui_.s_espe->filaActual(); fila >= 0)
@@ -153,7 +154,7 @@ void gestcommVentana::verTramas() {
   abrir(puerta);
 }
 
-// One group and nothing else to ask: it is taken without a dialog of groups.
+// With a single group and nothing else to ask, no dialog is shown.
 void gestcommVentana::pedirGrupos(const EntradaMenu& e) {
   const motor::ClaseTarea* clase = s_.repertorio.de(e.clase);
   if (!clase) return;
@@ -172,8 +173,7 @@ void gestcommVentana::pedirGrupos(const EntradaMenu& e) {
                                            : preguntar(PuertaGrpDlg{e.clase, e.modo}));
 }
 
-// --- the end
-// ------------------------------------------------------------------------------------------
+// --- closing
 
 bool gestcommVentana::canalesOcupados() const {
   static const std::set<int> kOcupados = {1, 2, 4, 5, 9, 10};
@@ -195,12 +195,12 @@ bool gestcommVentana::QueryUnload() {
   const auto* quien = qobject_cast<const Ventana*>(dueno());
   const bool deAutomat = quien && quien->nombre() == u"Automat";
   if (s_.sesion.estado() == 2 && !deAutomat && contexto().ventanas.conoce<totals::PuertaCerrSes>())
-    static_cast<void>(preguntar(totals::PuertaCerrSes()));
-  s_.motor.CambioAModo(true);  // nothing waits for a button that nobody sees
+    static_cast<void>(preguntar(totals::PuertaCerrSes{.alSalir = true}));
+  s_.motor.CambioAModo(true);  // no task waits for a button of a closed window
   return false;
 }
 
-// Hidden, it goes when the last channel is closed.
+// The hidden window is unloaded when the last channel has been closed.
 void gestcommVentana::terminar() {
   hide();
   if (std::exchange(terminarAlAcabar_, true)) return;
@@ -216,7 +216,7 @@ void gestcommVentana::terminar() {
   });
 }
 
-// While a process is watched over, Escape and Ctrl are meant for its window.
+// While a process is being watched over, Escape and Ctrl are passed on to its window.
 void gestcommVentana::keyPressEvent(QKeyEvent* evento) {
   const bool paraAutomat = evento->key() == Qt::Key_Escape || evento->key() == Qt::Key_Control;
   Ventana* automat =

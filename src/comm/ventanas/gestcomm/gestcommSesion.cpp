@@ -1,4 +1,4 @@
-// The session's menu and pictures.
+// The session's menu and icons.
 #include "comm/ventanas/TextosCommVentanas.h"
 #include "comm/ventanas/gestcomm/gestcommVentana.h"
 #include "core/ventanas/aspecto/Medidas.h"
@@ -20,8 +20,8 @@ void gestcommVentana::conectarSesion() {
   ui_.ImgLlena->installEventFilter(this);
 }
 
-// A double click on the picture of a session with data closes it, and so does a key on it; a click
-// that went astray doesn't.
+// The session is closed by a double click on the icon of a session with data, or a key on it, but
+// not by a single accidental click.
 bool gestcommVentana::eventFilter(QObject* objeto, QEvent* evento) {
   const auto tecla = [&] {
     const int cual = static_cast<QKeyEvent*>(evento)->key();

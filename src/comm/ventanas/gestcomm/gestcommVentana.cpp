@@ -21,7 +21,7 @@ namespace {
 
 constexpr int kRefrescoMs = 100;
 constexpr int kParpadeoMs = 500;
-constexpr size_t kAcabadasMax = 500;  // tasks that ended and stay in sight
+constexpr size_t kAcabadasMax = 500;  // ended tasks that remain visible
 
 }  // namespace
 
@@ -63,7 +63,7 @@ gestcommVentana::~gestcommVentana() {
 }
 
 Resultado<> gestcommVentana::entrar(const PuertaGestcomm& puerta) {
-  terminarAlAcabar_ = false;  // it is wanted again
+  terminarAlAcabar_ = false;  // it is in use again
   s_.motor.TerminaCuandoPuedas(false);
   ponerMenus();
   colaSucia_ = canalesSucios_ = true;
@@ -73,7 +73,7 @@ Resultado<> gestcommVentana::entrar(const PuertaGestcomm& puerta) {
   return {};
 }
 
-// The latest task of a group; where it has none, how one goes about it.
+// Moves to the latest task of a group; if it has none, explains how to start one.
 void gestcommVentana::irAGrupo(int grupo) {
   const auto tareas = visibles();
   const auto suya = std::ranges::find(tareas.rbegin(), tareas.rend(), grupo,
@@ -89,8 +89,7 @@ void gestcommVentana::changeEvent(QEvent* evento) {
   ponerSesion();
 }
 
-// --- what the engine tells
-// --------------------------------------------------------------------------
+// --- notifications from the engine
 
 void gestcommVentana::ensuciar() {
   if (!refresco_->activo()) refresco_->unaVez(kRefrescoMs);
@@ -101,7 +100,7 @@ void gestcommVentana::colaCambiada() {
   ensuciar();
 }
 
-// A task that ended stays in sight, with what it brought, until the window closes.
+// An ended task remains visible, with its result, until the window is closed.
 void gestcommVentana::tareaCambiada(int id) {
   sucias_.insert(id);
   if (auto tarea = s_.motor.tarea(id); tarea && tarea->Estado == motor::kTerminado) {
@@ -116,10 +115,9 @@ void gestcommVentana::canalCambiado(int) {
   ensuciar();
 }
 
-// Whoever queued it wanted the window for no longer than that, unless there is something to tell.
+// A window opened only for these tasks is closed after them, unless there is something to report.
 void gestcommVentana::acabado() {
-  std::map<std::pair<int, TipoTarea>, bool>
-      reparos;  // the latest of each group and kind is what counts
+  std::map<std::pair<int, TipoTarea>, bool> reparos;  // the latest of each group and kind counts
   for (const auto& [id, tarea] : acabadas_)
     reparos[{tarea.datos.Grupo, tarea.datos.Clase}] = !tarea.textoError.isEmpty();
   if (std::ranges::any_of(reparos, [](const auto& r) { return r.second; })) return;
@@ -181,7 +179,7 @@ void gestcommVentana::ponerCanales() {
     if (paneles_->panel(c)->parpadea() && !parpadeo_->activo()) parpadeo_->cada(kParpadeoMs);
 }
 
-// The channel of the task chosen, in manual mode.
+// The channel of the selected task, in manual mode.
 int gestcommVentana::canalElegido() const {
   const int fila = ui_.s_espe->filaActual();
   if (s_.motor.ModoAutomatico() || fila < 0) return -1;
@@ -192,7 +190,7 @@ int gestcommVentana::canalElegido() const {
   return canales[c].TareaCanal == tarea->datos.Id ? tarea->Canal : -1;
 }
 
-// What went wrong with the task chosen, whole: its cell may not have the room.
+// Shows the problem of the selected task in full, since its cell may be too narrow.
 void gestcommVentana::ponerProblema() {
   const int fila = ui_.s_espe->filaActual();
   const auto tarea =
@@ -209,7 +207,7 @@ void gestcommVentana::ponerOrdenes() {
   ui_.ReponP->setEnabled(s_.motor.hayQuitadas());
 }
 
-// In manual mode the task chosen is green.
+// In manual mode the selected task is highlighted in green.
 void gestcommVentana::ponerModo() {
   const bool automatico = s_.motor.ModoAutomatico();
   for (QAction* a : {ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.AutoP})

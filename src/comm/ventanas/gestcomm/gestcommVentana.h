@@ -1,5 +1,5 @@
 // The window of communications: the queue, the channels, the menus that queue tasks, the session.
-// It decides nothing: every command goes to the engine, and what it shows comes from there.
+// It decides nothing: every command goes to the engine, and everything displayed comes from it.
 #pragma once
 
 #include <map>
@@ -22,7 +22,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   bool QueryUnload() override;
 
  private:
-  // gestcommVentana.cpp: what it shows. Changes are gathered, and shown ten times a second at most.
+  // gestcommVentana.cpp: display. Changes are collected, and displayed at most ten times a second.
   void colaCambiada() override;
   void tareaCambiada(int id) override;
   void canalCambiado(int canal) override;
@@ -41,7 +41,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   int canalElegido() const;
   void irAGrupo(int grupo);
 
-  // gestcommOrdenes.cpp: the operator
+  // gestcommOrdenes.cpp: the operator's commands
   void conectarOrdenes();
   void ordenar(const std::set<int>& estados, void (motor::gestcomm::*orden)(int));
   int tareaElegida();
@@ -55,7 +55,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   bool canalesOcupados() const;
   void terminar();
 
-  // gestcommSesion.cpp
+  // gestcommSesion.cpp: the session
   void conectarSesion();
   void ponerSesion();
   void LaSesion(int nuevo);
@@ -68,12 +68,12 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
 
   Ui::FormaGestcomm ui_;
   Servicios s_;
-  std::shared_ptr<enlace::Escucha> escucha_;  // kept so that what led to a failure can be looked at
+  std::shared_ptr<enlace::Escucha> escucha_;  // held so that the steps before a failure are stored
   PanelesCanales* paneles_ = nullptr;
-  std::map<int, motor::VistaTarea> acabadas_;  // ended well, with what they brought; by number
+  std::map<int, motor::VistaTarea> acabadas_;  // successful ones with their results, by number
   std::set<int> sucias_;
   bool colaSucia_ = true, canalesSucios_ = true;
-  int ultimaVista_ = 0;  // the last task that has been shown
+  int ultimaVista_ = 0;  // the last task displayed
   bool terminarAlAcabar_ = false;
   std::unique_ptr<Temporizador> refresco_, parpadeo_;
 };

@@ -13,7 +13,7 @@ namespace tarvo::ventanas {
 using namespace Qt::StringLiterals;
 
 namespace {
-// The ring keeps its distance, so that it shows on a button of its own colour too.
+// The ring is drawn at a distance, so that it is visible on a button of its own colour too.
 constexpr int kAnillo = 2 * kFoco;
 }  // namespace
 
@@ -38,7 +38,7 @@ struct Caja {
   QColor borde, fondo, marca;
 };
 
-// The colours of a box that is ticked or not.
+// The colours of a check box or a radio button, checked or not.
 Caja cajaDe(QStyle::State estado) {
   const bool puesta = estado & (QStyle::State_On | QStyle::State_NoChange);
   if (!(estado & QStyle::State_Enabled))
@@ -81,7 +81,7 @@ void pintarCampo(QPainter& p, const QRectF& r, const QStyleOption& o, const QWid
   p.drawRoundedRect(r, kRedondo, kRedondo);
 }
 
-// A field inside a spin box or a combo box has no frame of its own.
+// A line edit inside a spin box or a combo box has no frame of its own.
 bool esCampoSuelto(const QStyleOption* opcion) {
   const auto* marco = qstyleoption_cast<const QStyleOptionFrame*>(opcion);
   return marco && marco->lineWidth > 0;
@@ -101,7 +101,7 @@ void Estilo::drawPrimitive(PrimitiveElement que, const QStyleOption* opcion, QPa
   } else if (que == PE_PanelLineEdit && esCampoSuelto(opcion)) {
     pintarCampo(*pintor, r, *opcion, control);
   } else if (que == PE_FrameFocusRect) {
-    // Only the current cell of a list: other controls have the ring.
+    // Only the current cell of a list is framed here: other controls have the focus ring.
     if (qobject_cast<const QAbstractItemView*>(control)) {
       pintor->setPen(QPen(colorDe(Tinte::Acento), 1));
       pintor->setBrush(Qt::NoBrush);
@@ -218,7 +218,7 @@ QFrame#Tira[estado="3"] QLabel#palabra { color: @mal; font-weight: 600; }
 )");
   const double escala = QApplication::font().pointSizeF() / kLetra;
   const auto pt = [escala](double n) { return QString::number(n * escala, 'f', 2) + u"pt"_s; };
-  // Longer names first: one may begin another.
+  // Longer names first, since one name may be the prefix of another.
   const std::pair<QString, QString> valores[] = {
       {u"@secundaria"_s, pt(kLetraSecundaria)},
       {u"@titulo"_s, pt(kLetraTitulo)},

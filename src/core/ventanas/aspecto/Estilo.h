@@ -1,5 +1,5 @@
-// The drawing that a style sheet can't do: the focus ring around whatever has the focus, and room
-// in the cells of lists.
+// The drawing that a style sheet can't do: check boxes and radio buttons, frames of fields, the
+// margin of the focus ring, the frame of the current cell of a list.
 #pragma once
 
 #include <QProxyStyle>
@@ -21,7 +21,7 @@ class Estilo final : public QProxyStyle {
                 QStyleHintReturn* respuesta) const override;
 };
 
-// The style sheet of a face, with lengths for the present font.
+// The style sheet of a theme, with lengths scaled to the current font.
 QString hojaEstilo(int cara);
 
 }  // namespace tarvo::ventanas

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Paints the drawing in the colour of the moment, so that a change of face needs no new icons.
+// Paints the drawing in the current colours, so that a change of theme needs no new icons.
 class MotorIcono final : public QIconEngine {
  public:
   MotorIcono(QString nombre, Tinte tinte, QByteArray dibujo)

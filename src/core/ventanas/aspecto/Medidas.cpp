@@ -7,7 +7,7 @@
 namespace tarvo::ventanas {
 
 namespace {
-constexpr double kPuntosNormales = 96;  // dots an inch of a screen as any other
+constexpr double kPuntosNormales = 96;  // dots per inch of an ordinary screen
 }
 
 int escalar(int pixeles) {

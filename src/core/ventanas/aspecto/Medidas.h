@@ -1,5 +1,5 @@
 // The spacing and type scale of every window. Lengths are pixels at 100 % font scale; escalar()
-// brings one to the scale in use. No window writes a length of its own.
+// converts one to the current scale. No window contains a length of its own.
 #pragma once
 
 #include <QWidget>
@@ -17,16 +17,16 @@ inline constexpr int kIconoGrande = 24;
 inline constexpr int kFoco = 2;  // width of the focus ring
 inline constexpr int kRedondo = kPaso;
 
-// Points.
+// Font sizes, in points.
 inline constexpr double kLetra = 10;
 inline constexpr double kLetraSecundaria = 9;
 inline constexpr double kLetraTitulo = 14;
-inline constexpr double kLetraCifra = 22;  // figures that matter
+inline constexpr double kLetraCifra = 22;  // key figures
 
-// A length for the font that the program has now: the ratio of its size to kLetra.
+// Scales a length to the program's current font: by the ratio of its size to kLetra.
 int escalar(int pixeles);
 
-// Gives a label one of the faces of the type scale; the style sheet of Tema does the rest.
+// Gives a label one of the fonts of the type scale; the style sheet of Tema does the rest.
 enum class Letra { Normal, Secundaria, Titulo, Cifra };
 void ponerLetra(QWidget& control, Letra letra);
 

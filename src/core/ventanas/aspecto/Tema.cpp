@@ -50,7 +50,7 @@ QPalette paletaDe(Cara cara) {
   return p;
 }
 
-// Lists show their current cell; a ring around a whole list would say less, unless it is empty.
+// A list marks its current cell; a ring around the whole list would say less, unless it is empty.
 bool llevaAnillo(const QWidget* control) {
   const auto* lista = qobject_cast<const QAbstractItemView*>(control);
   if (lista && lista->model()) return lista->model()->rowCount() == 0;
@@ -73,7 +73,8 @@ Tema::~Tema() {
   delete anillo_.data();
 }
 
-// The ring stands in the window of its control and goes with it: the next one is made anew.
+// The ring is a child of its control's window and is destroyed with it; the next focus creates
+// another.
 void Tema::ponerAnillo(QWidget* control) {
   if (!anillo_ && control) anillo_ = new QFocusFrame;
   if (anillo_) anillo_->setWidget(control);
@@ -100,7 +101,7 @@ void Tema::aplicar() {
   Q_EMIT cambiado();
 }
 
-// The desktop changed its colours: what it wears now is seen with ours taken away.
+// The desktop's colours have changed; its theme is only visible once our own palette is removed.
 bool Tema::eventFilter(QObject* objeto, QEvent* evento) {
   if (!aplicando_ && !fija_ && evento->type() == QEvent::ThemeChange) {
     const QScopedValueRollback en(aplicando_, true);

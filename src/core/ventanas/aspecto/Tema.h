@@ -1,5 +1,5 @@
-// The look, in one place: two palettes (light and dark), one style sheet made from them, and the
-// icons, which are drawn in the colours of the palette in use.
+// The look, in one place: two palettes (light and dark), one style sheet built from them, and the
+// icons, which are drawn in the colours of the current palette.
 #pragma once
 
 #include <QColor>
@@ -16,7 +16,7 @@ class QFocusFrame;
 namespace tarvo::ventanas {
 
 enum class Cara { Clara, Oscura };
-// The three states that a person must tell apart; each is a shape and a word besides its colour.
+// The three states that must be distinguishable; each has a shape and a word besides its colour.
 enum class Estado { Ninguno, Bien, Duda, Mal };
 
 enum class Tinte {
@@ -30,27 +30,27 @@ enum class Tinte {
   Boton,           // face of a button
   Acento,          // the one accent: focus, the main button, links
   TextoAcento,     // on Acento
-  Seleccion,       // rows that are selected
+  Seleccion,       // selected rows
   TextoSeleccion,  // on Seleccion
-  Bien,            // states: text and picture, on Fondo, Base and their own ground
+  Bien,            // states: text and icon, on Fondo, Base and their own background
   Duda,
   Mal,
-  FondoBien,  // states: the ground of a strip
+  FondoBien,  // states: the background of a strip
   FondoDuda,
   FondoMal,
   Cuantos
 };
 
-// The whole palette of a face.
+// The whole palette of a theme.
 const std::array<QColor, static_cast<size_t>(Tinte::Cuantos)>& tintes(Cara cara);
 
-// Contrast of two colours, 1 to 21, as accessibility rules reckon it.
+// Contrast of two colours, from 1 to 21, as defined by the accessibility guidelines.
 double contraste(const QColor& a, const QColor& b);
 
 class Tema final : public QObject {
   Q_OBJECT
  public:
-  // `fija`: that face always; nothing follows the desktop. REQUIRES that the application outlives
+  // `fija`: always that theme, ignoring the desktop's. REQUIRES that the application outlives
   // it.
   explicit Tema(QApplication& app, std::optional<Cara> fija = {});
   ~Tema() override;
@@ -58,7 +58,7 @@ class Tema final : public QObject {
   Cara cara() const { return cara_; }
   void ponerCara(std::optional<Cara> fija);
   QColor color(Tinte tinte) const { return tintes(cara_)[static_cast<size_t>(tinte)]; }
-  // 1 for the sizes of Medidas.h; 1.25 makes letters and lengths a quarter larger.
+  // 1 for the sizes of Medidas.h; 1.25 makes fonts and lengths a quarter larger.
   void ponerEscala(double escala);
   double escala() const { return escala_; }
 
@@ -79,11 +79,11 @@ class Tema final : public QObject {
   QPointer<QFocusFrame> anillo_;
 };
 
-// The icon of a name (a file of datos/iconos without its ending), in the colours of the palette
-// that the program has when it is painted. An unknown name gives an empty icon.
+// The icon of a name (a file of datos/iconos without its extension), painted in the colours of the
+// palette at the time. An unknown name gives an empty icon.
 QIcon icono(const QString& nombre);
-// The picture of a state; and the colour of its text now.
+// The icon of a state; below, the current colour of its text.
 QIcon iconoEstado(Estado estado);
-QColor colorDe(Tinte tinte);  // of the face that the application wears now
+QColor colorDe(Tinte tinte);  // in the application's current theme
 
 }  // namespace tarvo::ventanas

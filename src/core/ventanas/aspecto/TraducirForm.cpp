@@ -23,13 +23,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A text of a control: how it is read, and how it is given.
+// One text of a control: how it is read, and how it is set.
 struct Rotulo {
   std::function<QString()> leer;
   std::function<void(const QString&)> poner;
 };
 
-// The codes that a rule may list; a language without one has nothing to be named by.
+// The codes that a rule may list; a language without one can't be named by any rule.
 bool esCodigoIdioma(QStringView codigo, Idioma idioma, bool& esEste) {
   static constexpr std::pair<const char16_t*, Idioma> kCodigos[] = {{u"E", Idioma::Espanol},
                                                                     {u"F", Idioma::F},
@@ -58,7 +58,7 @@ std::optional<Rotulo> conTitulo(QObject& o) {
   return Rotulo{[c] { return c->title(); }, [c](const QString& s) { c->setTitle(s); }};
 }
 
-// A box is as wide as its title asks, whatever is in it.
+// A group box is at least as wide as its title, even if its contents are narrower.
 std::optional<Rotulo> conMarco(QObject& o) {
   auto* g = qobject_cast<QGroupBox*>(&o);
   if (!g) return std::nullopt;
@@ -101,7 +101,7 @@ class Enlace {
  private:
   QString clave(const QString& texto) const { return enlazarClave(texto, t_); }
 
-  // Takes the rule off, showing or hiding by it.
+  // Removes the rule, after showing or hiding the control accordingly.
   QString sinRegla(QObject& o, const QString& texto) const {
     const ReglaVisible regla = leerReglaVisible(texto, idioma_);
     if (regla.visible) o.setProperty("visible", *regla.visible);
@@ -151,7 +151,7 @@ class Enlace {
     if (hecho != texto) o.setProperty("toolTip", hecho);
   }
 
-  // A button's or an action's tip is its own text when it was given none: that is no key.
+  // A button or an action without a tool tip returns its own text as one; that isn't a key.
   void pista(QObject& o) const {
     const QString texto = o.property("toolTip").toString();
     const QString hecho = clave(texto);
@@ -160,7 +160,7 @@ class Enlace {
     o.setProperty("toolTip", hecho);
   }
 
-  // What assistive tools read aloud.
+  // The texts read aloud by assistive tools.
   void nombre(QObject& o) const {
     for (const char* propiedad : {"accessibleName", "accessibleDescription"})
       if (const QString texto = o.property(propiedad).toString(); !texto.isEmpty())

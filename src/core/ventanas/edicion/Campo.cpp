@@ -43,7 +43,7 @@ Resultado<> Campo::leer() {
   }
   if (!tocado() && !conFalta()) return {};
   const auto hecho = aMiembro();
-  if (hecho) visto_ = estado();  // back to what it was shown with is a change again
+  if (hecho) visto_ = estado();  // so that a return to the value shown before counts as a change
   marcar(hecho ? QString() : hecho.error().texto);
   return hecho;
 }
@@ -56,7 +56,7 @@ void Campo::marcar(const QString& falta) {
   control_.setAccessibleDescription(falta.isEmpty() ? control_.toolTip() : falta);
   if (conFalta() == !falta.isEmpty()) return;
   control_.setProperty("falta", !falta.isEmpty());
-  control_.update();  // its frame is drawn by the property
+  control_.update();  // its frame depends on the property
 }
 
 bool Campo::conFalta() const {

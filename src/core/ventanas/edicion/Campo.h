@@ -1,9 +1,9 @@
-// A field of a sheet: a control bound to a member of the record that is edited.
+// A field of a sheet: a control bound to a member of the record being edited.
 //
-// A field takes every key. What can't become its value is refused when the sheet is read, with its
-// limits in words beside it; the member keeps its value then. A field that nobody touched is not
-// read: its value stays to the unit, however it was rounded for showing. Nor is a disabled one:
-// nobody could mend it.
+// A field accepts every key. A text that can't become its value is refused when the sheet is read,
+// with its limits in words beside it; the member then keeps its value. An untouched field isn't
+// read: its value stays exact, however it was rounded for display. Nor is a disabled one: the user
+// couldn't correct it.
 #pragma once
 
 #include <QObject>
@@ -19,49 +19,49 @@ class QWidget;
 
 namespace tarvo::ventanas {
 
-// How a value becomes text, and text a value.
+// How a value becomes text, and a text a value.
 struct Modo {
-  // The same with other words for whatever is refused.
+  // The same mode, with another message for any refused text.
   Modo con(const QString& falta) &&;
-  // The same where nothing that was typed counts as this text.
+  // The same mode, where an empty field counts as this text.
   Modo vacioComo(const QString& texto) &&;
 
   std::function<QString()> ver;
   // The text of its error is the fault, in words.
   std::function<Resultado<>(const QString&)> poner;
-  QString limites = {};  // in words, for the tip; empty where there are none
-  int letras = 0;        // that it is wide for; 0 as wide as there is room
-  bool deFecha = false;  // it gets a calendar
+  QString limites = {};  // in words, for the tool tip; empty if there are none
+  int letras = 0;        // width in letters; 0 for all the room there is
+  bool deFecha = false;  // has a calendar
 };
 
 class Campo : public QObject {
   Q_OBJECT
  public:
-  // `falta`: the label for its fault, null for none.
+  // `falta`: the label for its fault, or null.
   Campo(QWidget& control, QLabel* falta);
 
   QWidget& control() const { return control_; }
-  const QString& nombre() const { return nombre_; }  // what the person knows it by
+  const QString& nombre() const { return nombre_; }  // its name for the user
   void ponerNombre(const QString& nombre);
-  void ponerPista(const QString& pista);  // its tip, in place of its limits
+  void ponerPista(const QString& pista);  // a tool tip instead of its limits
 
-  // What the control shows is what it was shown with.
+  // Takes the current contents of the control as the contents last shown.
   void acordar() { visto_ = estado(); }
-  // From the member to the control; its fault goes.
+  // Copies the member to the control and clears its fault.
   void mostrar();
-  // From the control to the member. The fault is marked, and its words are the error's.
+  // Copies the control to the member. A fault is marked, and its words are the error's.
   Resultado<> leer();
-  // Since it was shown, or read the last time.
+  // Whether it has changed since it was last shown or read.
   bool tocado() const { return estado() != visto_; }
-  // A fault beside it, in words; empty for none.
+  // Shows a fault beside it, in words; an empty one clears it.
   void marcar(const QString& falta);
   bool conFalta() const;
-  // Gives it the focus, on the tab where it is, with its text chosen.
+  // Moves the focus to it, on its tab, with its text selected.
   void enfocar();
 
  Q_SIGNALS:
-  void cambiado();  // by the person
-  void dejado();    // the focus went on from it, or Return was pressed
+  void cambiado();  // by the user
+  void dejado();    // the focus left it, or Return was pressed
 
  protected:
   virtual QString estado() const = 0;  // of the control
@@ -75,10 +75,10 @@ class Campo : public QObject {
   QString nombre_, visto_;
 };
 
-// A full line of digits takes a further one at its end by pushing the first one out.
+// A digit typed at the end of a full line pushes its first digit out.
 void empujarCifras(QLineEdit& linea);
 
-// A line of text of any kind.
+// A text of any kind in a line edit.
 class CampoLinea final : public Campo {
   Q_OBJECT
  public:
@@ -92,7 +92,7 @@ class CampoLinea final : public Campo {
   Modo modo_;
 };
 
-// A control that can't hold a wrong value: a box, a list, a table of choices.
+// A control that can't hold an invalid value: a check box, a list, a table of choices.
 class CampoVivo final : public Campo {
   Q_OBJECT
  public:
@@ -101,7 +101,7 @@ class CampoVivo final : public Campo {
     std::function<void()> aControl, aMiembro;
   };
   CampoVivo(QWidget& control, QLabel* falta, Enlace enlace);
-  // The control's own signal of a change leads here; the member follows at once.
+  // Slot for the control's own change signal; the member is updated at once.
   void haCambiado();
 
  private:

@@ -4,6 +4,7 @@
 
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/TiraTrabajo.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::ventanas {
@@ -58,7 +59,8 @@ void Deshacer::seguirTandas(Parrilla& lista) {
           [this, desde](int cuantas) { juntar(*desde, cuantas); });
 }
 
-// Those that were noted after that number become one. What can't come back stays, and is counted.
+// Merges the changes noted after that number into one. Those that can't be undone are left as they
+// are, and counted.
 void Deshacer::juntar(int desde, int cuantas) {
   const auto primero =
       std::ranges::find_if(pila_, [desde](const Cambio& c) { return c.numero > desde; });
@@ -73,7 +75,7 @@ void Deshacer::juntar(int desde, int cuantas) {
 }
 
 void Deshacer::deshacer() {
-  if (pila_.empty()) return;
+  if (pila_.empty() || v_.trabajo().enMarcha()) return;
   const Cambio cambio = pila_.back();
   const auto hecho = cambio.vuelta();
   const bool puedePasar = !hecho && (hecho.error().clase == Fallo::Ocupado ||

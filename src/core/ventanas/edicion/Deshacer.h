@@ -1,5 +1,5 @@
-// What a person changed in a window, and the way back from each, the last first: Ctrl+Z, a button,
-// and words that say what comes back.
+// The undo stack of a window: the user's changes and the way back from each, the last first, with
+// Ctrl+Z, a button, and a text that names the next change to be undone.
 #pragma once
 
 #include <QAction>
@@ -15,35 +15,36 @@ class Parrilla;
 class Deshacer final : public QObject {
   Q_OBJECT
  public:
-  // Brings it back, and says so: empty words are "<what> is undone"; a doubt where not all of it
-  // came. On a failure nothing has changed; the change stays to be undone when the failure may
-  // pass, and is dropped when it can't, so that those before it can be reached.
+  // Undoes the change and reports it: an empty text means "<what> is undone"; a doubt, that not all
+  // of it could be restored. A failure has changed nothing; the change stays on the stack if the
+  // failure may pass, and is dropped otherwise, so that those below it can be reached.
   struct Vuelto {
     QString texto = {};
     bool duda = false;
-    bool queda = false;  // not now: nothing is said, and it can be taken back later
+    bool queda = false;  // not now: nothing is reported, and it can be undone later
   };
   using Vuelta = std::function<Resultado<Vuelto>()>;
 
-  // Of the window; `accion` is its command, and gets picture, key and words. Null makes one.
+  // `ventana` owns it; `accion` is its command, and gets an icon, a key and a text. Null creates
+  // one.
   explicit Deshacer(Ventana& ventana, QAction* accion = nullptr);
   QAction* accion() const { return accion_; }
 
-  // Its number.
+  // Pushes a change and returns its number.
   int apuntar(const QString& que, Vuelta vuelta);
-  // One that can't be taken back from here any more.
+  // Removes a change that can no longer be undone from here.
   void retirar(int numero);
-  // Cells that are written into are kept, each with what stood there. The list reads its rows again
-  // after a cell that comes back. `cuando` false leaves a cell of that column out.
+  // Notes every cell written, with its former contents. The list reads its rows again after a cell
+  // is restored. `cuando` returns false for a column to be left out.
   void seguirCeldas(Parrilla& lista, std::function<bool(int columna)> cuando = {});
-  // What is written into many cells at once comes back at once.
+  // Makes cells written together a single step.
   void seguirTandas(Parrilla& lista);
   void deshacer();
   bool vacia() const { return pila_.empty(); }
   void olvidar();
 
  Q_SIGNALS:
-  void deshecho();  // after one that went well
+  void deshecho();  // after a successful undo
 
  private:
   struct Cambio {

@@ -58,11 +58,10 @@ void Ficha::acabar(const QSize& tamano, const Botones& b) {
 }
 
 // --- fields of a form of the window's own
-// -----------------------------------------------------------
 
 namespace {
 
-// Below the field, in the place that the form gave to the field alone.
+// Puts the label below the field, in the place that the form gave to the field alone.
 QLabel* faltaBajo(QWidget& control, QWidget& cuerpo) {
   const QString nombre = u"falta"_s + control.objectName();
   if (auto* hay = cuerpo.findChild<QLabel*>(nombre)) return hay;
@@ -99,7 +98,7 @@ Campo& Ficha::enlazarCampo(QLineEdit& linea, Modo modo, int nombre, QLabel* falt
   return anadir(campo);
 }
 
-// A value that isn't in the list gets an entry of its own: showing it changes nothing.
+// A value that isn't in the list gets an item of its own: showing it changes nothing.
 Campo& Ficha::enlazarCampo(QComboBox& lista, std::function<qint64()> ver,
                            std::function<void(qint64)> poner) {
   auto* campo = new CampoVivo(lista, nullptr,
@@ -169,8 +168,12 @@ Campo& Ficha::anadir(Campo* campo) {
   return *campo;
 }
 
-// --- what it does
-// -----------------------------------------------------------------------------------
+void Ficha::apartar(Campo& campo, Renglon& renglon) {
+  std::erase(campos_, &campo);
+  renglon.campos_.push_back(&campo);
+}
+
+// --- operations
 
 void Ficha::ponerFrase(int texto, bool conLineas) {
   frase_ = texto;
@@ -190,11 +193,12 @@ std::vector<Ficha::FaltaCampo> Ficha::faltas() {
   for (Campo* c : campos_)
     if (const auto hecho = c->leer(); !hecho) todas.push_back({c, hecho.error().texto});
   for (const FaltaCampo& f : comprobar()) {
-    if (f.campo && f.campo->conFalta()) continue;  // it couldn't be read: that is what it is told
+    if (f.campo && f.campo->conFalta())
+      continue;  // it couldn't be read, and that fault is already reported
     if (f.campo) f.campo->marcar(f.texto);
     todas.push_back(f);
   }
-  // As they stand in the form; those of no field at the end.
+  // In the order of the form; those without a field at the end.
   const auto sitio = [this](const FaltaCampo& f) { return std::ranges::find(campos_, f.campo); };
   std::ranges::stable_sort(todas, {}, sitio);
   return todas;

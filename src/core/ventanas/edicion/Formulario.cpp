@@ -68,7 +68,7 @@ Campo& Formulario::fila(int rotulo, const QString& nombre, Modo modo, int unidad
   const int linea = r.rowCount();
   auto* control = con(new QLineEdit(donde()), nombre);
   rotular(r, linea, rotulo, control);
-  // One without a measure of its own takes the whole row, with its fault below.
+  // A field without a width of its own takes the whole row, with its fault below.
   const bool ancha = modo.letras == 0;
   r.addWidget(control, linea, kControl, 1, ancha ? -1 : 1);
   if (unidad > 0) r.addWidget(new QLabel(t(unidad), donde()), linea, kUnidad);

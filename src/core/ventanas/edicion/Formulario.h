@@ -1,6 +1,6 @@
-// A form written row by row: caption, field, unit, and room for its fault. Controls bear the
-// domain's names; captions are texts, and their letters lead to the fields. The order of Tab is
-// that of writing. It is a handle: copies write into the same place.
+// A form built row by row: caption, field, unit, and room for its fault. Controls have the domain's
+// names; captions are texts, and their mnemonics move the focus to the fields. The tab order is the
+// order of the rows. A Formulario is a handle: copies write into the same form.
 #pragma once
 
 #include <QBoxLayout>
@@ -34,10 +34,10 @@ class Formulario {
   }
   Campo& casilla(int rotulo, const QString& nombre, bool& donde);
   Campo& parrafo(int rotulo, const QString& nombre, QString& donde, int alto);
-  // A control of the window's own with its caption.
+  // A control of the window's own, with its caption.
   void fila(int rotulo, QWidget* control, const QString& nombre);
-  // Whatever is in a row of its own, as wide as the form, below its caption; `crece`: it takes
-  // the room left.
+  // A control in a row of its own, as wide as the form, below its caption; `crece`: it takes the
+  // remaining room.
   template <class W>
   W* ancho(W* control, const QString& nombre, int rotulo = 0, int crece = 0) {
     poner(control, nombre, rotulo, crece);
@@ -53,19 +53,19 @@ class Formulario {
                      const std::function<void()>& hacer);
   void muelle();
 
-  // --- places
+  // --- groups, tabs and columns
   Formulario grupo(int titulo, const QString& nombre);
   QTabWidget* fichas(const QString& nombre);
   Formulario ficha(QTabWidget* fichas, int titulo, const QString& nombre);
   std::vector<Formulario> columnas(int cuantas);
-  // The same, each with its part of the room; 0 for what it needs.
+  // The same, each with its share of the width; 0 for its size hint.
   std::vector<Formulario> columnas(std::initializer_list<int> partes);
 
  private:
   Campo& lista(int rotulo, const QString& nombre, std::function<qint64()> ver,
                std::function<void(qint64)> poner, const Opciones& opciones);
   QString t(int numero) const;
-  QGridLayout& reja();  // the grid under way, so that rows stand in line
+  QGridLayout& reja();  // the current grid layout, so that rows are aligned
   QLabel* rotular(QGridLayout& reja, int linea, int rotulo, QWidget* control);
   QLabel* faltaDe(QGridLayout& reja, int linea, const QString& nombre);
   void poner(QWidget* control, const QString& nombre, int rotulo, int crece);

@@ -1,4 +1,4 @@
-// The kinds of fields: how each value shows, what may be typed for it, and its limits in words.
+// The kinds of fields: how each value is shown, which texts it accepts, and its limits in words.
 #include <cmath>
 
 #include "core/dinero/Dinero.h"

@@ -1,4 +1,4 @@
-// Combo boxes filled from values: each entry has a value and words.
+// Combo boxes filled from values: each item has a value and a text.
 #pragma once
 
 #include <QComboBox>
@@ -14,19 +14,19 @@ struct Opcion {
 };
 using Opciones = std::vector<Opcion>;
 
-// Codes of `cifras` digits with zeros in front, and names: "001  FRUTA".
+// Codes of `cifras` digits with leading zeros, and names: "001  FRUTA".
 Opciones conCodigo(const std::vector<CodigoNombre>& lista, int cifras);
-// Numbers as they are.
+// Numbers as their own texts.
 Opciones numeros(std::initializer_list<qint64> valores);
 
-// Other entries; no signal is given. What was chosen stays chosen where it is still there, else the
-// first one is.
+// Replaces the items without emitting a signal. The selected value stays selected if it is still
+// there, else the first one is.
 void llenar(QComboBox& lista, const Opciones& opciones);
-// The same of a list that had to be asked for; on a failure nothing changes.
+// The same for a list that had to be queried; a failure changes nothing.
 Resultado<> llenar(QComboBox& lista, const Nombres::Lista& nombres, int cifras);
-// False, and nothing is chosen, when there is no such entry.
+// Selects a value; false, with nothing selected, if there is no such item.
 bool elegir(QComboBox& lista, qint64 valor);
-// Of the chosen entry; `siNinguno` when there is none.
+// The value of the selected item, or `siNinguno`.
 qint64 elegido(const QComboBox& lista, qint64 siNinguno = 0);
 
 }  // namespace tarvo::ventanas

@@ -55,23 +55,28 @@ void Ordenes::ocupar(bool ocupada) {
 }
 
 bool trabajar(Ventana& v, Ordenes* ordenes, Faena f) {
+  const auto ocupar = [ordenes, quietos = f.quietos](bool si) {
+    if (ordenes) ordenes->ocupar(si);
+    for (QWidget* w : quietos) w->setEnabled(!si);
+  };
   auto hechos = std::make_shared<qint64>(0);
   const auto paso = [f, hechos](Trabajo::Avance& a) -> Resultado<bool> {
     a.total = f.total;
-    if (*hechos >= f.total) return false;
+    if (!f.sigue && *hechos >= f.total) return false;
     TARVO_INTENTAR(f.paso(*hechos));
-    a.hechos = ++*hechos;
-    return *hechos < f.total;
+    ++*hechos;
+    a.hechos = f.hasta ? f.hasta() : *hechos;
+    return f.sigue ? f.sigue() : *hechos < f.total;
   };
-  const auto fin = [&v, ordenes, f, hechos](const Resultado<Trabajo::Fin>& como) {
-    if (ordenes) ordenes->ocupar(false);
-    if (f.acabar) f.acabar(*hechos);
-    if (!v.haIdoBien(como)) return;
-    if (*como == Trabajo::Fin::Parado)
-      v.decirDuda(v.contexto().textos(kTxParadoEn, {*hechos, f.total}));
+  const auto fin = [&v, ocupar, f, hechos](const Resultado<Trabajo::Fin>& como) {
+    ocupar(false);
+    const bool parado = como && *como == Trabajo::Fin::Parado;
+    if (f.acabar) f.acabar({*hechos, parado, como ? std::nullopt : std::optional(como.error())});
+    if (!v.haIdoBien(como) || !parado) return;
+    v.decirDuda(f.parado ? f.parado() : v.contexto().textos(kTxParadoEn, {*hechos, f.total}));
   };
   if (!v.trabajo().empezar(f.que, paso, fin)) return false;
-  if (ordenes) ordenes->ocupar(true);
+  ocupar(true);
   return true;
 }
 

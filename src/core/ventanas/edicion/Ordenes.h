@@ -1,5 +1,5 @@
-// The commands of a window, each declared once: its picture, key, words, place in the tool bar, in
-// the context menu of the list, and when it can be given. Letters and the order of Tab come by
+// The commands of a window, each declared once: its icon, key, text, place in the tool bar and in
+// the context menu of the list, and when it is available. Mnemonics and tab order follow by
 // themselves (see marco/Alcance.h).
 //
 //   ordenes_.anadir({u"Borro"_s, kTxBorrar, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); },
@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QToolBar>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "core/ventanas/marco/Ventana.h"
@@ -24,7 +25,7 @@ struct Orden {
   QKeySequence tecla = {};
   std::function<void()> hacer = {};
   std::function<bool()> puede = {};  // empty: always
-  int pista = 0;                     // a text; 0 for its words and its key
+  int pista = 0;                     // a text; 0 for its caption and its key
   bool enBarra = true;
 };
 
@@ -35,12 +36,13 @@ class Ordenes final : public QObject {
   Ordenes(Ventana& ventana, QToolBar* barra, Parrilla* lista = nullptr);
 
   QAction* anadir(Orden orden);
-  // An action that is there already takes its place among them.
+  // Gives an existing action its place among them.
   void anadir(QAction* accion);
   void separar();
-  // Asks each again whether it can be given; called when rows come, go, or are chosen.
+  // Updates which commands are available; called when rows are added or removed or the selection
+  // changes.
   void actualizar();
-  // While the window works in steps none can be given.
+  // Disables all commands while the window works in steps.
   void ocupar(bool ocupada);
   bool ocupada() const { return ocupada_; }
 
@@ -57,18 +59,29 @@ class Ordenes final : public QObject {
   bool ocupada_ = false;
 };
 
-// Work in steps on a window: a strip shows what it does and how far it is, Escape or its button
-// stops it, and no command can be given meanwhile. What is done when it stops stays done: the
-// window says where that was.
+// Work in steps on a window: a strip shows its name and progress, Escape or its button stops it,
+// and no command is available meanwhile. The steps done before a stop are kept: the window reports
+// how far it got.
 struct Faena {
+  struct Fin {
+    qint64 hechos = 0;
+    bool parado = false;
+    std::optional<Error> error = {};
+  };
+
   QString que;
-  qint64 total = 0;
-  // Does number `i`, from 0 on. An error ends the work, and is said.
+  qint64 total = 0;  // steps, or what `hasta` counts
+  // Does step `i`, from 0 on. An error ends the work, and is reported.
   std::function<Resultado<>(qint64 i)> paso;
-  // At the end, also of one that stopped or failed: how many were done.
-  std::function<void(qint64 hechos)> acabar = {};
+  // Called at the end, also of work stopped or failed.
+  std::function<void(const Fin& fin)> acabar = {};
+  std::function<QString()> parado = {};  // what is reported on a stop; empty: the number done
+  QWidgetList quietos = {};              // controls disabled meanwhile
+  // For steps whose number isn't known: the progress, and whether there is more to do.
+  std::function<qint64()> hasta = {};
+  std::function<bool()> sigue = {};
 };
-// False, and nothing is begun, while other work is under way.
+// False, without starting, while other work is under way.
 bool trabajar(Ventana& ventana, Ordenes* ordenes, Faena faena);
 
 }  // namespace tarvo::ventanas

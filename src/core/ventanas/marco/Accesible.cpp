@@ -48,7 +48,8 @@ class AccesibleBoton final : public QAccessibleWidget {
     return QStringList{b_->isCheckable() ? toggleAction() : pressAction()} +
            QAccessibleWidget::actionNames();
   }
-  // From the event loop: who asks waits for the answer, and the press may wait for a person.
+  // Performed from the event loop: the caller waits for the answer, and the press may wait for a
+  // user.
   void doAction(const QString& cual) override {
     if (cual != pressAction() && cual != toggleAction()) return QAccessibleWidget::doAction(cual);
     if (widget()->isEnabled())

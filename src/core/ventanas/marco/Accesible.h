@@ -1,10 +1,11 @@
-// What assistive tools hear of the kit's windows and buttons beyond what the toolkit says itself.
+// The kit's windows and buttons for assistive tools, beyond what the toolkit provides itself.
 #pragma once
 
 namespace tarvo::ventanas {
 
-// Windows are windows, modal ones dialogs; a press asked for by such a tool is answered at once,
-// also where it opens a modal window. For the whole program; more calls change nothing.
+// Windows have the role of a window, modal ones that of a dialog; a press requested by an assistive
+// tool returns at once, even if it opens a modal window. For the whole program; further calls
+// change nothing.
 void prepararAccesible();
 
 }  // namespace tarvo::ventanas

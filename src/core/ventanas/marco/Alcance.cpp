@@ -14,7 +14,7 @@ namespace tarvo::ventanas {
 
 namespace {
 
-// The letter that a text marks; null when it marks none.
+// The mnemonic letter of a text; null if it has none.
 QChar letraDe(const QString& texto) {
   for (qsizetype i = 0; i + 1 < texto.size(); ++i) {
     if (texto[i] != u'&') continue;
@@ -76,7 +76,7 @@ void seguirAccion(QToolButton& boton, QAction& accion) {
 void ponerAlAlcance(QWidget& cuerpo) {
   QSet<QChar> usadas = letrasUsadas(cuerpo);
   for (QToolBar* barra : cuerpo.findChildren<QToolBar*>()) {
-    // Where the bar itself is; its buttons were made after all that the form has.
+    // The bar's own place in the tab order; its buttons were created after everything in the form.
     const Qt::FocusPolicy suya = barra->focusPolicy();
     barra->setFocusPolicy(Qt::TabFocus);
     QWidget* antes = barra;

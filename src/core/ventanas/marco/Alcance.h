@@ -1,5 +1,5 @@
-// Everything is reached from the keyboard: the buttons of a tool bar stand in the order of Tab, and
-// each that shows words has a letter.
+// Everything can be reached from the keyboard: the buttons of a tool bar are in the tab order, and
+// each one with a text has a mnemonic letter.
 #pragma once
 
 #include <QSet>
@@ -10,18 +10,19 @@ class QToolButton;
 
 namespace tarvo::ventanas {
 
-// Gives the tool bars below `cuerpo` their places in the order of Tab, and their buttons letters
-// that no other control there has: the one that "&" marks in the action's text where it is free,
-// else the first free one of its words. What finds none is left without.
+// Puts the buttons of the tool bars below `cuerpo` into the tab order and gives them letters not
+// used by any other control there: the letter marked with "&" in the action's text if it is free,
+// else the first free one of the text. A button for which no letter is free gets none.
 void ponerAlAlcance(QWidget& cuerpo);
 
-// A button for an action that has one in a tool bar already. It follows the action but for the
-// letter, which leads to the bar: two buttons of one letter would both be dead.
+// Makes a button follow an action that already has one in a tool bar, except for the letter, which
+// stays with the bar: Qt activates neither of two buttons with the same letter.
 void seguirAccion(QToolButton& boton, QAction& accion);
 
-// The letters by which controls below it are reached, in capitals.
+// The letters that reach the controls below it, in capitals.
 QSet<QChar> letrasUsadas(const QWidget& cuerpo);
-// A text with "&" before the first letter that isn't in `usadas`, which it is added to.
+// The text with "&" before its first letter that isn't in `usadas`; that letter is added to
+// `usadas`.
 QString conLetra(const QString& texto, QSet<QChar>& usadas);
 
 }  // namespace tarvo::ventanas

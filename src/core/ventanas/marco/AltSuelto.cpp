@@ -11,7 +11,7 @@ AltSuelto::AltSuelto() {
   qApp->installEventFilter(this);
 }
 
-// Whatever answers to the letter has had it before the key arrives here.
+// A control with that letter would have consumed the key before it arrives here.
 bool AltSuelto::eventFilter(QObject* objeto, QEvent* evento) {
   if (evento->type() != QEvent::KeyPress || !objeto->isWidgetType()) return false;
   if (qobject_cast<QMenu*>(objeto) || qobject_cast<QMenuBar*>(objeto)) return false;

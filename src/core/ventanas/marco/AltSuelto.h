@@ -1,5 +1,5 @@
-// Alt with a letter that no control answers to is no text: some platforms would write the letter
-// into the field that has the focus, or over the cell in hand.
+// Alt with a letter that belongs to no control isn't text: some platforms would insert the letter
+// into the field with the focus, or over the current cell.
 #pragma once
 
 #include <QObject>
@@ -8,7 +8,7 @@ namespace tarvo::ventanas {
 
 class AltSuelto final : public QObject {
  public:
-  AltSuelto();  // for the whole program, as long as it lives
+  AltSuelto();  // for the whole program, during its lifetime
   bool eventFilter(QObject* objeto, QEvent* evento) override;
 };
 

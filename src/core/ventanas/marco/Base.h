@@ -1,5 +1,5 @@
 // The store as a window sees it: whether anything in it has changed. Rows are read by the kit (the
-// grid, questions asked aside) and by engines, never by a window.
+// grid, queries in other threads) and by engines, never by a window.
 #pragma once
 
 #include "core/dao/Database.h"
@@ -13,7 +13,7 @@ class Base {
  public:
   // REQUIRES that the database outlives it.
   explicit Base(dao::Database& db) : db_(db) {}
-  // Grows with every row that is written.
+  // Grows with every row written.
   qint64 cambios() const { return db_.cambios(); }
 
  private:

@@ -1,4 +1,4 @@
-// A list as its window sees it: Ctrl+F leads to the search of one.
+// A list as its window sees it: Ctrl+F moves to the search field of one.
 #pragma once
 
 #include <QWidget>
@@ -9,7 +9,7 @@ class Buscable {
  public:
   virtual ~Buscable() = default;
   virtual QWidget& control() = 0;
-  virtual bool seBusca() const = 0;  // it shows its search field
+  virtual bool seBusca() const = 0;  // whether it shows its search field
   virtual void irABuscar() = 0;
 };
 

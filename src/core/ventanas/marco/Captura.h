@@ -1,5 +1,5 @@
-// A window that receives from its machine as long as it is open, and must be let finish: the
-// program asks all of them to stop before it ends, and waits until they have gone.
+// A window that receives from its machine while it is open, and must be allowed to finish: the
+// program asks all of them to stop before it ends, and waits until they are unloaded.
 #pragma once
 
 namespace tarvo::ventanas {
@@ -8,7 +8,7 @@ class Captura {
  public:
   virtual ~Captura() = default;
   // Stops receiving and then unloads its window, at once or when the line is closed. `borrar`: it
-  // doesn't begin again with the next start either.
+  // isn't started again with the next start of the program either.
   virtual void SuspenderCaptura(bool borrar) = 0;
 };
 

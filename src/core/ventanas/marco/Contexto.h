@@ -1,4 +1,4 @@
-// What every window is handed: the program's objects and the kit's own. All of it outlives all
+// The objects passed to every window: the program's and the kit's own. All of them outlive all
 // windows.
 #pragma once
 
@@ -18,14 +18,14 @@ class Ventanas;
 
 struct Contexto {
   Base base;
-  const Nombres& nombres;  // what combo boxes choose from
+  const Nombres& nombres;  // the choices of combo boxes
   Ajustes& ajustes;
   const Textos& textos;
   Reloj& reloj;
   Ventanas& ventanas;
   Recuerdos& recuerdos;
   Tema& tema;
-  QThreadPool& hilos;  // for questions asked aside; the painter waits for the library's own
+  QThreadPool& hilos;  // for queries in other threads; the painter waits for the library's own pool
 };
 
 }  // namespace tarvo::ventanas

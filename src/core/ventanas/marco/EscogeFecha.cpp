@@ -55,7 +55,7 @@ EscogeFecha::EscogeFecha(QLineEdit& campo, Contexto& contexto)
   campo.installEventFilter(this);
 }
 
-// A window of its own that goes with the choice, with Escape, or with a click beside it.
+// Opens a pop-up that closes after a choice, with Escape, or with a click outside it.
 void EscogeFecha::abrir() {
   auto* mes = new QCalendarWidget(&campo_);
   mes->setObjectName(u"calendario"_s);
@@ -63,10 +63,10 @@ void EscogeFecha::abrir() {
   mes->setAttribute(Qt::WA_DeleteOnClose);
   mes->setAccessibleName(c_.textos(kTxEscogerFecha));
   vestirMes(*mes);
-  mes->setFixedSize(escalar(kAnchoMes), escalar(kAltoMes));  // names of days whole
+  mes->setFixedSize(escalar(kAnchoMes), escalar(kAltoMes));  // room for full names of days
   const auto escrita = Fecha::leer(campo_.text().trimmed());
   mes->setSelectedDate((escrita ? *escrita : c_.reloj.ahora()).qdate());
-  // A click chooses; so does Return on a day, which is told as activated too.
+  // A click chooses; so does Return on a day, which also emits activated.
   for (const auto senal : {&QCalendarWidget::clicked, &QCalendarWidget::activated})
     connect(mes, senal, this, [this, mes](QDate dia) {
       if (!mes->isVisible()) return;

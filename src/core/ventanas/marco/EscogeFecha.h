@@ -1,5 +1,5 @@
-// A calendar for a field that takes a date, beside typing it: a picture in the field, F4 or
-// Alt+Down. A field whose text has a time of day keeps it.
+// A calendar for a date field, besides typing: opened by an icon in the field, F4 or Alt+Down. A
+// field whose text has a time of day keeps it.
 //
 //   new ventanas::EscogeFecha(*ui_.Fecha1, contexto());
 #pragma once
@@ -12,19 +12,19 @@ class QCalendarWidget;
 
 namespace tarvo::ventanas {
 
-// The month as it is read here: Spanish, from Monday on, with the program's pictures.
+// Gives the calendar its local look: Spanish, weeks from Monday on, the program's icons.
 void vestirMes(QCalendarWidget& mes);
 
 class Ventana;
 
-// True when all of these days are near enough to be meant, or when the person says that they are: a
-// slip of the fingers gives the year 1500 or 9999. Cancelar is the default.
+// True if all of these days are near enough to be plausible, or if the user confirms them: a typing
+// error gives the year 1500 or 9999. Cancelar is the default button.
 bool consienteFechas(Ventana& quien, const std::vector<Fecha>& fechas);
 
 class EscogeFecha final : public QObject {
   Q_OBJECT
  public:
-  // It goes with the field, and tells of a choice by the field's textEdited.
+  // `campo` owns it; a choice is reported by the field's textEdited.
   EscogeFecha(QLineEdit& campo, Contexto& contexto);
 
  private:

@@ -47,7 +47,7 @@ Escritorio::Escritorio(QApplication& app, dao::Database& db, Ajustes& ajustes, c
   ventanas_.ponerContexto(contexto_);
   ventanas_.registrar<PuertaManual, Manual>();
   prepararAccesible();
-  // In the program's language, whatever the desktop's is.
+  // In the program's language, not the desktop's.
   if (delJuego_.load(juegoDe(ajustes.idioma), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     QApplication::installTranslator(&delJuego_);
 }

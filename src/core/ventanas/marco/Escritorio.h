@@ -1,4 +1,4 @@
-// The kit's own objects, made and joined: what a program or a test needs to open windows.
+// The kit's own objects, created and connected: all that a program or a test needs to open windows.
 #pragma once
 
 #include <QThreadPool>
@@ -16,9 +16,9 @@ namespace tarvo::ventanas {
 
 class Escritorio {
  public:
-  // `cara`: for this run; without it the one that VENTANAS.INI names, else the desktop's.
-  // `rutaRecuerdos`: empty remembers nothing beyond this run. REQUIRES that all references outlive
-  // it.
+  // `cara`: for this run; if empty, the theme named in VENTANAS.INI, else the desktop's.
+  // `rutaRecuerdos`: if empty, nothing is remembered beyond this run. REQUIRES that all references
+  // outlive it.
   Escritorio(QApplication& app, dao::Database& db, Ajustes& ajustes, const Textos& textos,
              Reloj& reloj, std::optional<Cara> cara, const QString& rutaRecuerdos);
   ~Escritorio();
@@ -28,12 +28,12 @@ class Escritorio {
   Tema& tema() { return tema_; }
 
  private:
-  QTranslator delJuego_;  // the toolkit's own texts: menus of fields, the choice of a file
-  QThreadPool hilos_;     // outlives all that ask; at the end it is waited for
+  QTranslator delJuego_;  // the toolkit's own texts: menus of fields, the file dialog
+  QThreadPool hilos_;     // outlives all that query it; its destructor waits for its threads
   Nombres nombres_;
   Recuerdos recuerdos_;
   Tema tema_;
-  Contexto contexto_;  // outlives the windows that are handed it
+  Contexto contexto_;  // outlives the windows that use it
   Ventanas ventanas_;
   Ayuda ayuda_;
   AltSuelto altSuelto_;

@@ -31,7 +31,7 @@ QString enRecurso(const QString& pagina) {
   return u":/manual/%1.md"_s.arg(pagina);
 }
 
-// What one reads of a page, without its marks.
+// The plain text of a page, without its markup.
 QString leido(const QString& pagina) {
   QFile f(enRecurso(pagina));
   if (!f.open(QIODevice::ReadOnly)) return {};
@@ -40,7 +40,7 @@ QString leido(const QString& pagina) {
   return d.toPlainText();
 }
 
-// Air above headings and thin lines in tables, which the page itself can't ask for.
+// Adds space above headings and thin lines in tables, which the page itself can't specify.
 void vestir(QTextDocument& pagina) {
   pagina.setDocumentMargin(escalar(kMargen));
   for (QTextFrame* marco : pagina.rootFrame()->childFrames()) {
@@ -138,7 +138,7 @@ void Manual::ir(const QString& pagina) {
 void Manual::acompanar(QWidget& dueno) {
   disconnect(delDueno_);
   delDueno_ = connect(&dueno, &QObject::destroyed, this, [this] { descargar(); });
-  // What stands on a modal window isn't locked by it.
+  // A transient child of a modal window isn't blocked by it.
   windowHandle()->setTransientParent(dueno.windowHandle());
   raise();
   activateWindow();
@@ -149,7 +149,7 @@ void Manual::irABuscar() {
   busca_->selectAll();
 }
 
-// The next place on this page, then on those that come after it, round to the first.
+// Moves to the next match on this page, then on the pages after it, wrapping round to the first.
 void Manual::buscar() {
   const QString que = busca_->text().simplified();
   if (que.isEmpty()) return irABuscar();
@@ -166,12 +166,12 @@ void Manual::buscar() {
     return;
   }
   QTextCursor en = texto_->textCursor();
-  en.clearSelection();  // what was found before isn't what was asked for
+  en.clearSelection();  // the previous match isn't one for this text
   texto_->setTextCursor(en);
   decirDuda(contexto().textos(kTxManualSinEso, {que}));
 }
 
-// --- F1 -----------------------------------------------------------------------------------------
+// --- F1
 
 Ayuda::Ayuda(Ventanas& ventanas) : ventanas_(ventanas) {
   qApp->installEventFilter(this);
@@ -182,12 +182,12 @@ bool Ayuda::eventFilter(QObject* objeto, QEvent* evento) {
   if (!control || evento->type() != QEvent::KeyPress) return false;
   const auto& tecla = *static_cast<QKeyEvent*>(evento);
   if (tecla.key() != Qt::Key_F1 || tecla.modifiers() != Qt::NoModifier) return false;
-  // Lists that hang open would keep the keys to themselves.
+  // Open pop-ups would grab the keys.
   QWidget* dueno = control->window();
   while (dueno->windowType() == Qt::Popup && dueno->parentWidget())
     dueno = dueno->parentWidget()->window();
   while (QWidget* abierto = QApplication::activePopupWidget()) abierto->close();
-  // A box has the page of the window that it asks for.
+  // A message box has the page of its window.
   QWidget* suya = dueno;
   while (!qobject_cast<Ventana*>(suya) && suya->parentWidget())
     suya = suya->parentWidget()->window();

@@ -1,5 +1,5 @@
-// The manual inside the program: a page a window, docs/manual/NAME.md, built in. F1 in any window
-// opens its page; the page "Manual" lists all of them.
+// The manual inside the program: one page per window, docs/manual/NAME.md, built in. F1 in any
+// window opens its page; the page "Manual" lists all of them.
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"
@@ -12,7 +12,7 @@ namespace tarvo::ventanas {
 struct PuertaManual {
   static constexpr QStringView kNombre = u"Manual";
   QString pagina =
-      QStringView(kNombre).toString();  // the name of a window; the list of pages when it has none
+      QStringView(kNombre).toString();  // the name of a window; the list of pages if it has none
 };
 
 class Manual final : public Ventana {
@@ -24,7 +24,7 @@ class Manual final : public Ventana {
   QString pagina() const;
   static bool hay(const QString& pagina);
   static QStringList paginas();  // sorted
-  // It stays usable while `dueno` is modal, and goes with it.
+  // Stays usable while `dueno` is modal, and is unloaded with it.
   void acompanar(QWidget& dueno);
 
  private:
@@ -37,8 +37,8 @@ class Manual final : public Ventana {
   QMetaObject::Connection delDueno_;
 };
 
-// Answers F1 wherever in the program the focus is: a field, a cell being written, an open list, a
-// box. REQUIRES that it lives no longer than the windows.
+// Handles F1 wherever the focus is: a field, a cell editor, an open drop-down, a message box.
+// REQUIRES that the windows outlive it.
 class Ayuda final : public QObject {
  public:
   explicit Ayuda(Ventanas& ventanas);

@@ -1,4 +1,4 @@
-// The modal box in place of the system's.
+// The modal message box used instead of the system's.
 #pragma once
 
 #include <QDialog>
@@ -15,17 +15,20 @@ inline constexpr int kSoloAcepto = 0;
 inline constexpr int kAceptoCancelo = 1;
 inline constexpr int kCritico = 16;
 inline constexpr int kExclamacion = 48;
-// Return is `Cancelo`, where `Acepto` loses something; with kExclamacion it always is.
+// Makes `Cancelo` the default button, for an `Acepto` that loses something; implied by
+// kExclamacion.
 inline constexpr int kPrudente = 256;
 
 class MyMsgBox final : public QDialog {
   Q_OBJECT
  public:
-  // The low four bits of the style: 0 only `Acepto`, 1 `Acepto` and `Cancelo`. The next four: 16 a
-  // critical picture, 48 an exclamation, any other the default one. True if `Acepto` closed it.
+  // Shows a box and returns true if `Acepto` closed it. The low four bits of the style: 0 only
+  // `Acepto`, 1 `Acepto` and `Cancelo`. The next four: 16 a critical icon, 48 an exclamation mark,
+  // any other value the default icon.
   static bool Decide(QWidget* dueno, const Textos& textos, const QString& texto,
                      int estilo = kSoloAcepto);
-  // What happened, what to do; the detail behind a button, and a button that copies it all.
+  // Shows what happened and what to do, with one button for the detail and one that copies
+  // everything.
   static void mostrarFallo(QWidget* dueno, const Textos& textos, const QString& que,
                            const QString& remedio, const QString& detalle = {});
 

@@ -1,15 +1,15 @@
-// Doors: what a window is opened with, and what it hands back, as plain structs that any room of
-// windows may include without linking the window. They stand in the Puertas.h of its room.
+// Doors: the arguments of a window and its result, as plain structs that any room of windows may
+// include without linking the window. They are declared in the Puertas.h of its room.
 //
 //   struct PuertaEdiParms {
 //     static constexpr QStringView kNombre = u"EdiParms";  // for the command line and the registry
-//     using Salida = ParamCanal;  // what is handed back; left out where nothing is
+//     using Salida = ParamCanal;  // the result; omitted if there is none
 //     int numero = 1;
 //     ParamCanal canal;
 //   };
 //
-// As it is made by default a door opens its window from the command line and for pictures. One of
-// many windows has `QString instancia() const`; each instance has one window.
+// A default-constructed door opens its window from the command line and for pictures. The door of a
+// window with several instances has `QString instancia() const`; each instance has one window.
 #pragma once
 
 #include <QString>

@@ -1,9 +1,9 @@
 // A window that walks the articles of a section, as its children see it: they follow its pointer,
-// move it, and say when they have written. Reached through the window that is one:
+// move it, and report what they have written. Obtained by the name of its window:
 //
 //   Recorrido* lista = contexto().ventanas.recorrido(u"BrowPLUs"_s);
 //
-// REQUIRES to be asked for each time: the window may have gone meanwhile.
+// REQUIRES to be obtained for each use: the window may have been unloaded meanwhile.
 #pragma once
 
 #include <QObject>
@@ -17,19 +17,20 @@ class Recorrido {
 
   struct Clave {
     int seccion = 0;
-    qint64 codigo = 0;  // 0: the pointer stands on no article
+    qint64 codigo = 0;  // 0: the pointer is on no article
     bool operator==(const Clave&) const = default;
   };
   virtual Clave clave() const = 0;
-  // The next article (1) or the one before (-1), in the order shown; false at the ends.
+  // Moves to the next article (1) or the previous one (-1), in the order shown; false at the ends.
   virtual bool saltar(int pasos) = 0;
   // Reads the rows again and keeps the pointer on its article.
   virtual void refrescar() = 0;
-  // The same, with the pointer on an article that was written just now, if it is in the list.
+  // The same, with the pointer on an article just written, if it is in the list.
   virtual void refrescarEn(Clave clave) = 0;
-  // A child opens (true) or goes (false). With one open the list doesn't close.
+  // Reports that a child opens (true) or closes (false). While one is open the list doesn't close.
   virtual void hijo(bool mas) = 0;
-  // `reposicionado` runs whenever the pointer has come to another article, until `quien` goes.
+  // Calls `reposicionado` after every move of the pointer to another article, until `quien` is
+  // destroyed.
   virtual void alMover(QObject* quien, std::function<void()> reposicionado) = 0;
 };
 

@@ -1,5 +1,5 @@
-// What windows remember between two runs: size, columns, splitters. Kept in VENTANAS.INI in the
-// program's folder, written whole. A damaged file is one without memory, never a fault.
+// The settings that windows remember between runs: size, columns, splitters. Kept in VENTANAS.INI
+// in the program's folder, written whole. A damaged file counts as an empty one, never as a fault.
 #pragma once
 
 #include <QByteArray>
@@ -12,13 +12,13 @@ namespace tarvo::ventanas {
 
 class Recuerdos {
  public:
-  // Reads `ruta`; an empty path remembers nothing beyond this run.
+  // Reads `ruta`; with an empty path nothing is remembered beyond this run.
   explicit Recuerdos(QString ruta);
 
-  // Values are one line of text; keys hold no "=".
+  // Values are one line of text; keys contain no "=".
   QString leer(const QString& ventana, const QString& clave) const;
   void poner(const QString& ventana, const QString& clave, const QString& valor);
-  // Writes when something changed since the last time.
+  // Writes the file if anything has changed since the last time.
   Resultado<> guardar();
 
  private:

@@ -1,10 +1,10 @@
-// What runs an event loop inside a function (a box, a menu, a modal window) lets everything happen
-// meanwhile, also that the window of that function is unloaded. It keeps that window by this:
+// A function that runs an event loop (a box, a menu, a modal window) lets everything happen
+// meanwhile, including the unloading of its own window. It keeps that window with:
 //
 //   const Retenida mientras(this);
 //   menu.exec(donde);
 //
-// A window that is unloaded meanwhile closes what stands on it, and is deleted after the last of
+// A window unloaded meanwhile closes everything on top of it, and is deleted after the last of
 // those functions.
 #pragma once
 
@@ -18,7 +18,7 @@ class Ventana;
 
 class Retenida {
  public:
-  // The window that `control` is in; with none, or another kind of window, nothing is kept.
+  // Keeps the window of `control`; does nothing if there is none, or if it isn't a Ventana.
   explicit Retenida(const QWidget* control);
   ~Retenida();
   Retenida(const Retenida&) = delete;

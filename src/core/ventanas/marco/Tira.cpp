@@ -17,10 +17,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kCaducaBien = 8000;  // ms
-constexpr int kColumnaBoton = 5;   // after picture, word, text, detail and copy
+constexpr int kColumnaBoton = 5;   // after icon, word, text, detail and copy
 
-// Without its letter, which some control of the window may have too: two of one letter would both
-// be dead.
+// Removes the mnemonic, since another control of the window may have the same letter, and Qt then
+// activates neither.
 QString sinLetra(QString texto) {
   return texto.remove(u'&');
 }

@@ -1,5 +1,5 @@
-// A strip inside a window that says how something went, in place of a box. It stays until the next
-// one, its closing button or, when all went well, some seconds.
+// A strip inside a window that reports a result, instead of a message box. It stays until the next
+// report, its close button or, after a success, some seconds.
 #pragma once
 
 #include <QFrame>
@@ -19,11 +19,11 @@ class Tira final : public QFrame {
  public:
   Tira(const Textos& textos, Reloj& reloj, QWidget* padre);
 
-  // The detail stands behind a button, which is not there when it is empty.
+  // The detail is shown by a button, which is hidden if the detail is empty.
   void decir(Estado estado, const QString& texto, const QString& detalle = {});
   void quitar();
-  // A button of the window's own, in front of the closing one; the strip shows it or not as the
-  // button says.
+  // Adds a button of the window's own before the close button; whether it is visible is up to the
+  // window.
   void ponerBoton(QWidget* boton);
   Estado estado() const { return estado_; }
   QString texto() const;

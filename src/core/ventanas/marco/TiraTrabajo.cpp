@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kSeEnsena = 250;  // ms
-constexpr int kBarra = 1000;    // steps of the bar
+constexpr int kBarra = 1000;    // steps of the progress bar
 
 QString conMillares(qint64 n) {
   return QLocale(QLocale::Spanish).toString(n);

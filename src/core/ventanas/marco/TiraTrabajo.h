@@ -1,4 +1,4 @@
-// The strip of work in slices: what it does, how far it is, a button that stops it.
+// The strip of work in slices: its name, its progress, and a button that stops it.
 #pragma once
 
 #include <QFrame>
@@ -20,13 +20,13 @@ class TiraTrabajo final : public QFrame {
   TiraTrabajo(const Textos& textos, Reloj& reloj, QWidget* padre);
   ~TiraTrabajo() override;
 
-  // Runs `paso` in slices (see Trabajo); `alAcabar` gets how it ended. False, and nothing runs,
-  // while another work is under way. The strip shows only when the work outlasts a quarter of a
-  // second.
+  // Runs `paso` in slices (see Trabajo); `alAcabar` gets the outcome. False, without running
+  // anything, while other work is under way. The strip is shown only if the work takes longer than
+  // a quarter of a second.
   bool empezar(const QString& que, Trabajo::Paso paso, Trabajo::AlAcabar alAcabar);
   void parar();
-  // While it lives no step runs, so that what a question says about the work stays true until it
-  // is answered. May outlive the strip.
+  // During its lifetime no step runs, so that a question about the work stays true until it is
+  // answered. May outlive the strip.
   class [[nodiscard]] Pausa {
    public:
     explicit Pausa(TiraTrabajo& tira);

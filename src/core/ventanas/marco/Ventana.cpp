@@ -31,7 +31,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The memory of "VerCols#12" is that of all its sisters.
+// All instances, such as "VerCols#12", share one memory.
 QString sinInstancia(const QString& nombre) {
   return nombre.section(u'#', 0, 0);
 }
@@ -60,14 +60,14 @@ Ventana::Ventana(Contexto& contexto, const QString& nombre)
   todo->addWidget(tira_);
   todo->addWidget(cuerpo_, 1);
   todo->addWidget(trabajo_);
-  // A shortcut: controls that take letters would keep the key to themselves.
+  // A shortcut, since controls that accept letters would consume the key.
   connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this,
           &Ventana::irABuscar);
 }
 
 Ventana::~Ventana() {
-  // What its controls say while they go (a field that loses the focus) is for a window that is
-  // whole.
+  // Signals of controls being destroyed (a field that loses the focus) require a window that is
+  // still whole.
   for (QObject* o : findChildren<QObject*>()) o->disconnect(this);
 }
 
@@ -134,7 +134,7 @@ void Ventana::recordar() {
     c_.recuerdos.poner(memoria, s->objectName(), enTexto(s->saveState()));
 }
 
-// In the middle of its owner, else of the screen, and on the screen whole.
+// Centres it on its owner, else on the screen, within the bounds of the screen.
 void Ventana::colocar(const QWidget* dueno) {
   const QRect pantalla = (dueno ? dueno->screen() : screen())->availableGeometry();
   const QRect sobre = dueno && dueno->isVisible() ? dueno->frameGeometry() : pantalla;
@@ -160,7 +160,7 @@ void Ventana::mostrarSobre(QWidget* dueno) {
 
 bool Ventana::descargar() {
   close();
-  return cerrada_;  // close() says yes also to who asks while it is asking
+  return cerrada_;  // a nested close() returns true during QueryUnload
 }
 
 bool Ventana::ejecutar() {
@@ -169,8 +169,8 @@ bool Ventana::ejecutar() {
   modal_ = true;
   aceptada_ = false;
   setWindowModality(Qt::ApplicationModal);
-  setWindowFlags(Qt::Dialog);         // the desktop puts it on its owner
-  setAttribute(Qt::WA_Moved, false);  // of what it remembers only the size counts
+  setWindowFlags(Qt::Dialog);         // the desktop keeps it above its owner
+  setAttribute(Qt::WA_Moved, false);  // only its remembered size counts
   winId();
   if (dueno_) windowHandle()->setTransientParent(dueno_->windowHandle());
   mostrarSobre(dueno_);
@@ -199,9 +199,9 @@ void Ventana::terminar(bool aceptada) {
 void Ventana::closeEvent(QCloseEvent* evento) {
   if (cerrada_) return evento->accept();
   if (!cerrarLoDeEncima()) return evento->ignore();
-  // Accepting is an answer: there is nothing left to be asked.
+  // Accepting is an answer: nothing is left to be asked.
   {
-    const TiraTrabajo::Pausa pausa(*trabajo_);  // what is asked about waits for the answer
+    const TiraTrabajo::Pausa pausa(*trabajo_);  // the work asked about pauses until the answer
     if (!aceptada_ && QueryUnload()) return evento->ignore();
   }
   cerrada_ = true;
@@ -221,7 +221,7 @@ Ventana* Ventana::modalEncima() const {
   return suya == todas.end() ? nullptr : *suya;
 }
 
-// Modal windows of which this is the owner; boxes, menus and calendars, which are its children.
+// Modal windows with this owner; boxes, menus and calendars, which are its children.
 bool Ventana::cerrarLoDeEncima() {
   while (Ventana* v = modalEncima())
     if (!v->descargar()) return false;
@@ -236,7 +236,7 @@ void Ventana::volverAlDueno() {
   dueno_->activateWindow();
 }
 
-// The list that has the focus, else the one that one reads first, of those that can be searched.
+// Of the searchable lists, the one with the focus, else the leftmost and topmost.
 void Ventana::irABuscar() {
   Buscable* primera = nullptr;
   const auto sitio = [this](Buscable* p) {
@@ -255,12 +255,11 @@ void Ventana::keyPressEvent(QKeyEvent* evento) {
     return pedirMenu(*focusWidget());
   if (evento->key() != Qt::Key_Escape) return QWidget::keyPressEvent(evento);
   evento->accept();
-  // Who presses it while work is under way wants that stopped; what was done can still be taken
-  // back then.
+  // Escape during work means to stop the work; what was done can still be undone then.
   trabajo_->enMarcha() ? trabajo_->parar() : static_cast<void>(close());
 }
 
-// From anywhere in the window, not only from inside of the tabs.
+// From anywhere in the window, not only from inside the tabs.
 void Ventana::pasarFicha(int pasos) {
   const auto todas = cuerpo_->findChildren<QTabWidget*>();
   const auto fichas = std::ranges::find_if(todas, &QWidget::isVisible);
@@ -269,14 +268,14 @@ void Ventana::pasarFicha(int pasos) {
   (*fichas)->setCurrentIndex(((*fichas)->currentIndex() + cuantas + pasos) % cuantas);
 }
 
-// Asked of the control that has the focus before the key itself is.
+// ShortcutOverride reaches the focused control before the key press itself.
 bool Ventana::event(QEvent* evento) {
   if (evento->type() == QEvent::ShortcutOverride) teclea_ = focusWidget();
   return QWidget::event(evento);
 }
 
-// The button that has the focus, else the one that the form calls its default. A key that a control
-// answered, so that the focus went on, is spent.
+// Presses the focused button, else the form's default one. A key that a control has used, so that
+// the focus has moved, presses nothing.
 void Ventana::pulsarBoton(QKeyEvent& evento) {
   evento.accept();
   if (cerrada_ || teclea_ != focusWidget()) return;
@@ -290,7 +289,7 @@ void Ventana::pulsarBoton(QKeyEvent& evento) {
   if (boton) boton->click();
 }
 
-// Keyboards without a menu key have Shift+F10 for it.
+// Shift+F10 is for keyboards without a menu key.
 void Ventana::pedirMenu(QWidget& control) {
   const QPoint donde = control.inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
   QContextMenuEvent menu(QContextMenuEvent::Keyboard, donde, control.mapToGlobal(donde));

@@ -1,5 +1,5 @@
-// The base of every window: bound texts, one instance a name, memory of its size, Escape, Return
-// for the default button, focus back to its owner, and strips that say how things went.
+// The base of every window: bound texts, one instance per name, a remembered size, Escape, Return
+// for the default button, the focus back to the owner, and strips that report results.
 //
 //   class CfgComm final : public ventanas::Ventana {
 //    public:
@@ -8,7 +8,7 @@
 //       enlazar();
 //       ...
 //
-// Windows are made by the registry (Ventanas) and nobody else.
+// Windows are created only by the registry (Ventanas).
 #pragma once
 
 #include <QKeyEvent>
@@ -37,51 +37,53 @@ class Ventana : public QWidget {
 
   const QString& nombre() const { return nombre_; }
   Contexto& contexto() const { return c_; }
-  // The text of a number, and the same with "#" and the plural rule filled.
+  // The text of a number; below, the same with "#" and the plural rule filled in.
   QString t(int numero) const { return c_.textos(numero); }
   QString t(int numero, int cuantos) const { return Plural(c_.textos(numero), cuantos); }
 
-  // Called by the registry at every opening, also when the window is loaded already. A failure is
-  // shown, and a window that wasn't loaded yet isn't opened.
+  // Called by the registry at every opening, also if the window is already loaded. A failure is
+  // shown, and a window not yet loaded isn't opened.
   virtual Resultado<> preparar(const Argumentos& argumentos);
-  // True refuses the unloading. It asks whatever has to be asked.
+  // True refuses the unloading. Asks the user first if anything is at stake.
   virtual bool QueryUnload() { return false; }
-  // For a window that receives as long as it is open.
+  // For a window that receives while it is open.
   virtual Captura* captura() { return nullptr; }
   // For a list that its children follow.
   virtual Recorrido* recorrido() { return nullptr; }
 
-  // Opens the window of a door, in front of this one; see Ventanas::abrir and Ventanas::preguntar.
+  // Opens the window of a door, on top of this one; see Ventanas::abrir and Ventanas::preguntar.
   template <class P>
   Ventana* abrir(const P& puerta);
   template <class P>
   auto preguntar(const P& puerta);
 
-  // False when QueryUnload refused, or is still asking. What stands on the window (a modal one, a
-  // box, a menu) is closed first, as with Escape; when that stays, the window does too. The object
-  // goes with the next turn of the event loop, or after those that keep it (see Retenida).
+  // Unloads the window; false if QueryUnload refused, or is still asking. Everything on top of the
+  // window (a modal one, a box, a menu) is closed first, as with Escape; if that refuses, the
+  // window stays too. The object is deleted in the next turn of the event loop, or after the last
+  // Retenida that keeps it.
   bool descargar();
-  // Modal until aceptar() or rechazar() (Escape, the closing button); true for aceptar().
+  // Runs it as a modal dialog until aceptar() or rechazar() (Escape, the close button); true for
+  // aceptar().
   bool ejecutar();
   void aceptar();
   void rechazar();
 
-  // The strip at the top: that it went well; what went wrong and what to do; a doubt.
+  // Report on the strip at the top: a success; a doubt; a failure and its remedy.
   void decirBien(const QString& texto);
   void decirDuda(const QString& texto, const QString& detalle = {});
   void decirFallo(const QString& texto, const QString& detalle = {});
   void decirFallo(const Error& error);
-  // Shows the error and gives false when there is one.
+  // Shows the error, if any, and then returns false.
   template <class T>
   bool haIdoBien(const Resultado<T>& r) {
     if (!r) decirFallo(r.error());
     return r.has_value();
   }
   Tira& tira() { return *tira_; }
-  // A refusal that stands until it is settled: what a cell of a list didn't take.
+  // Shows a refusal until it is settled: a text that a cell of a list didn't accept.
   void decirPendiente(const Error& error);
   void resuelto();
-  // A list of this window, which takes part in its search key as long as it lives.
+  // Adds a list of this window to those searched by Ctrl+F, for the lifetime of the list.
   void acoger(Buscable& lista);
   // The strip for work in slices, hidden while there is none.
   TiraTrabajo& trabajo() { return *trabajo_; }
@@ -92,19 +94,20 @@ class Ventana : public QWidget {
   void descargada(const QString& nombre);
 
  protected:
-  // Where the form goes: ui_.setupUi(cuerpo()).
+  // The widget for the form: ui_.setupUi(cuerpo()).
   QWidget* cuerpo() const { return cuerpo_; }
-  // Once, after setupUi and before anything is filled: texts, names for assistive tools, size and
-  // splitters as they were left.
+  // To be called once, after setupUi and before anything is filled: texts, accessible names, and
+  // the remembered size and splitters.
   void enlazar();
-  // Another size; the window moves where a part of it would leave the screen.
+  // Resizes the window, and moves it if part of it would leave the screen.
   void crecer(const QSize& tamano);
-  // Ctrl+F, whatever has the focus: to the search of the list that has it, else of the first one.
+  // Ctrl+F, wherever the focus is: moves to the search field of the list with the focus, else of
+  // the first list.
   virtual void irABuscar();
-  // The picture and the key of an action of the form, and what it does.
+  // Gives an action of the form its icon, its key and its slot.
   void unir(QAction* accion, const QString& dibujo, const QKeySequence& tecla,
             const std::function<void()>& hacer);
-  // Ends it with what its door hands back. REQUIRES the type that the door names.
+  // Closes the window with the result of its door. REQUIRES the type named by the door.
   template <class S>
   void entregar(S salida, bool aceptada = true) {
     salida_ = std::move(salida);
@@ -137,9 +140,9 @@ class Ventana : public QWidget {
   TiraTrabajo* trabajo_;
   QPointer<QWidget> dueno_, teclea_;
   std::vector<Buscable*> listas_;
-  QString pendiente_;  // what decirPendiente said last
+  QString pendiente_;  // the last text of decirPendiente
   std::any salida_;
-  int retenida_ = 0;  // event loops that run in functions of this window
+  int retenida_ = 0;  // event loops running in functions of this window
   bool modal_ = false, aceptada_ = false, cerrada_ = false, alcanzada_ = false, conSitio_ = false;
 };
 

@@ -29,7 +29,7 @@ void decirSobre(QWidget* dueno, const Textos& t, const Error& error) {
 }  // namespace
 
 Ventanas::~Ventanas() {
-  // Those that wait for the event loop to let them go would outlive what they stand on.
+  // Windows still waiting for deferred deletion would outlive the objects they depend on.
   for (const QPointer<Ventana>& v : idas_) delete v.data();
   for (Ventana* v : std::exchange(abiertas_, {})) delete v;
 }
@@ -63,7 +63,7 @@ std::vector<Ventana*> Ventanas::abiertas() const {
   return abiertas_;
 }
 
-// The window, made and prepared; null when the failure has been said.
+// Creates and prepares the window; null after the failure has been reported.
 Ventana* Ventanas::hacer(const QString& nombre, QWidget* dueno, const Argumentos& argumentos,
                          const std::any& puerta) {
   const auto entrada = registradas_.find(tipoDe(nombre));
@@ -75,7 +75,7 @@ Ventana* Ventanas::hacer(const QString& nombre, QWidget* dueno, const Argumentos
   Ventana* v = cargada(nombre);
   const bool nueva = v == nullptr;
   if (nueva) v = entrada->second.fabrica(*contexto_, nombre);
-  // Preparing may ask, and what asks lets windows go.
+  // Preparing may ask a question, and a question lets windows be unloaded.
   const Retenida mientras(dueno), ella(v);
   const Entrada& e = entrada->second;
   const auto hecho =
@@ -117,7 +117,7 @@ bool Ventanas::correr(const QString& nombre, QWidget* dueno, const Argumentos& a
   if (dueno) v->dueno_ = dueno->window();
   v->salida_.reset();
   Q_EMIT abierta(v);
-  const Retenida ella(v);  // what it hands back is read when it has gone from the screen
+  const Retenida ella(v);  // its result is read after it has been hidden
   const bool aceptada = v->ejecutar();
   if (salida) *salida = std::move(v->salida_);
   return aceptada;
@@ -127,7 +127,7 @@ void Ventanas::quitar(const QString& nombre) {
   std::erase_if(idas_, [](const QPointer<Ventana>& v) { return v.isNull(); });
   idas_.emplace_back(cargada(nombre));
   std::erase_if(abiertas_, [&](const Ventana* v) { return v->nombre() == nombre; });
-  // What a window remembers is no reason to disturb anybody when it can't be written.
+  // A failure to save the remembered settings is no reason to disturb the user.
   static_cast<void>(contexto_->recuerdos.guardar());
   Q_EMIT descargada(nombre);
   if (abiertas_.empty()) Q_EMIT vacio();
@@ -140,7 +140,7 @@ bool Ventanas::descargar(const QString& nombre) {
 
 bool Ventanas::DescargaTodo(const Ventana* menos) {
   if (!descargar(u"gestcomm"_s)) return true;
-  // The last one first: one that stays keeps those that it was opened from.
+  // The last one first: a window that stays keeps those from which it was opened.
   const auto todas = abiertas();
   for (Ventana* v : std::views::reverse(todas)) {
     const bool sigue = std::ranges::find(abiertas_, v) != abiertas_.end();

@@ -1,5 +1,5 @@
-// The registry: how windows are made and reached, by name. A name may carry an instance after "#"
-// ("VerCols#12"): the factory is that of the part in front, and each whole name has one window.
+// The registry: creates windows and finds them by name. A name may have an instance after "#"
+// ("VerCols#12"): the part before it selects the factory, and each whole name has one window.
 #pragma once
 
 #include <QObject>
@@ -16,17 +16,17 @@ namespace tarvo::ventanas {
 class Ventanas final : public QObject {
   Q_OBJECT
  public:
-  // Makes a window; `nombre` is the whole name, to be handed to Ventana's constructor.
+  // Creates a window; `nombre` is the whole name, to be passed to Ventana's constructor.
   using Fabrica = std::function<Ventana*(Contexto& contexto, const QString& nombre)>;
 
   ~Ventanas() override;
   void ponerContexto(Contexto& contexto) { contexto_ = &contexto; }
 
-  // `muestra`: arguments with which ./capturas opens it; a window that needs others can't be opened
-  // by name alone.
+  // `muestra`: the arguments with which ./capturas opens it; a window that needs others can't be
+  // opened by name alone.
   void registrar(const QString& nombre, Fabrica fabrica, Argumentos muestra = {});
-  // The window V of a door P, which takes these engines: lvalues outlive it, others are kept. V has
-  // `Resultado<> entrar(const P&)`, called at every opening; on a failure it isn't opened.
+  // Registers the window V of a door P, with its engines: lvalues outlive it, others are kept. V
+  // has `Resultado<> entrar(const P&)`, called at every opening; after a failure it isn't opened.
   template <EsPuerta P, class V, class... Motores>
   void registrar(Motores&&... motores) {
     registradas_[QStringView(P::kNombre).toString()] = {
@@ -41,7 +41,8 @@ class Ventanas final : public QObject {
         },
         {}};
   }
-  // The door with which its window is opened by name alone, in place of one made by default.
+  // Sets the door with which its window is opened by name alone, instead of a default-constructed
+  // one.
   template <EsPuerta P>
   void ponerMuestra(const P& puerta) {
     registradas_[QStringView(P::kNombre).toString()].puerta = puerta;
@@ -51,21 +52,20 @@ class Ventanas final : public QObject {
   bool conoce() const {
     return conoce(QStringView(P::kNombre).toString());
   }
-  QStringList nombres() const;  // all registered, sorted
+  QStringList nombres() const;  // all registered names, sorted
   const Argumentos& muestra(const QString& nombre) const;
 
-  // Makes the window at its first naming, prepares it, shows it in front of its owner. Null when
-  // the name is unknown or preparar() failed; the failure is shown on the owner's strip, or in a
-  // box.
+  // Creates the window on its first use, prepares it, and shows it on top of its owner. Null if the
+  // name is unknown or preparar() failed; the failure is shown on the owner's strip, or in a box.
   Ventana* abrir(const QString& nombre, QWidget* dueno = nullptr,
                  const Argumentos& argumentos = {});
-  // The window of a door, made at its first naming. Null as above.
+  // The window of a door, created on its first use. Null as above.
   template <EsPuerta P>
   Ventana* abrir(const P& puerta, QWidget* dueno = nullptr) {
     return mostrar(nombreDe(puerta), dueno, {}, puerta);
   }
-  // The same, modal: what it hands back, nothing when it was left without. Of a door that hands
-  // nothing back, whether it was accepted.
+  // The same, modal: returns its result, nothing if it was abandoned. For a door without a result,
+  // whether it was accepted.
   template <EsPuerta P>
   auto preguntar(const P& puerta, QWidget* dueno) {
     std::any salida;
@@ -77,11 +77,11 @@ class Ventanas final : public QObject {
       return aceptada;
     }
   }
-  // By name alone, modal; true when it was accepted.
+  // By name alone, modal; true if it was accepted.
   bool abrirModal(const QString& nombre, QWidget* dueno, const Argumentos& argumentos = {});
 
-  Ventana* cargada(const QString& nombre) const;  // null when it isn't loaded
-  // The list of that window; null when it isn't loaded, or is none.
+  Ventana* cargada(const QString& nombre) const;  // null if it isn't loaded
+  // The Recorrido of that window; null if it isn't loaded, or has none.
   Recorrido* recorrido(const QString& nombre) const {
     Ventana* v = cargada(nombre);
     return v ? v->recorrido() : nullptr;
@@ -90,17 +90,17 @@ class Ventanas final : public QObject {
   Ventana* cargada(const P& puerta = {}) const {
     return cargada(nombreDe(puerta));
   }
-  std::vector<Ventana*> abiertas() const;  // in the order of their making
-  // False when it refused; true when it went or wasn't loaded.
+  std::vector<Ventana*> abiertas() const;  // in the order of creation
+  // False if it refused; true if it was unloaded or wasn't loaded.
   bool descargar(const QString& nombre);
-  // Unloads "gestcomm" first, then every other window but "Cronos" and `menos`. True refuses the
-  // closing of the main window: a window stayed, and those that had not been asked yet stay too.
+  // Unloads "gestcomm" first, then every other window except "Cronos" and `menos`. True refuses the
+  // closing of the main window: a window stayed, and those not asked yet stay too.
   bool DescargaTodo(const Ventana* menos = nullptr);
 
  Q_SIGNALS:
   void abierta(tarvo::ventanas::Ventana* ventana);
   void descargada(const QString& nombre);
-  void vacio();  // the last window has gone
+  void vacio();  // the last window has been unloaded
 
  private:
   Ventana* hacer(const QString& nombre, QWidget* dueno, const Argumentos& argumentos,
@@ -133,7 +133,7 @@ auto Ventana::preguntar(const P& puerta) {
   return c_.ventanas.preguntar(puerta, this);
 }
 
-// A factory for a window that takes these engines, which outlive it.
+// A factory for a window that uses these engines, which outlive it.
 template <class V, class... Motores>
 Ventanas::Fabrica fabrica(Motores&... motores) {
   return [&motores...](Contexto& c, const QString& nombre) { return new V(c, nombre, motores...); };

@@ -5,11 +5,11 @@
 
 namespace tarvo::ventanas {
 
-// Shared with the threads, and left behind for them: nobody waits for an answer that nobody wants.
+// Shared with the threads, which may outlive the Aparte: its destructor doesn't wait for an answer.
 struct Aparte::Buzon {
   QMutex candado;
-  QObject* receptor;  // under the lock; none once the asker has gone
-  int turno = 0;      // of the receiver's thread alone
+  QObject* receptor;  // guarded by the mutex; null once the Aparte has been destroyed
+  int turno = 0;      // used only in the receiver's thread
 };
 
 Aparte::Aparte(const Contexto& contexto, QObject& receptor)

@@ -1,5 +1,5 @@
-// Questions to the store that may take long, answered without holding the windows: each is asked in
-// another thread, on a connection of its own that only reads, and sees what was committed by then.
+// Queries that may take long, answered without blocking the windows: each runs in another thread,
+// on a read-only connection of its own, and sees the data committed by then.
 #pragma once
 
 #include <QObject>
@@ -11,14 +11,14 @@ namespace tarvo::ventanas {
 
 class Aparte {
  public:
-  // Answers come in the event loop of `receptor`, which REQUIRES to outlive this object.
+  // Answers arrive in the event loop of `receptor`, which REQUIRES to outlive this object.
   Aparte(const Contexto& contexto, QObject& receptor);
   ~Aparte();
   Aparte(const Aparte&) = delete;
   Aparte& operator=(const Aparte&) = delete;
 
-  // `pregunta` REQUIRES to touch nothing but the connection it gets and what it holds itself. Of
-  // several that are under way only the last one is answered.
+  // `pregunta` REQUIRES to use nothing except its connection and its own captures. Of several under
+  // way only the last one is answered.
   template <class R>
   void preguntar(std::function<Resultado<R>(dao::Database&)> pregunta,
                  std::function<void(Resultado<R>)> respuesta) {
@@ -29,7 +29,7 @@ class Aparte {
       return [r, respuesta] { respuesta(std::move(*r)); };
     });
   }
-  // What is under way isn't answered any more.
+  // Discards the answers still under way.
   void olvidar();
 
  private:

@@ -27,7 +27,7 @@ std::optional<Tinte> tinteDeEstado(Estado e) {
   return std::nullopt;
 }
 
-// What a column doesn't take can't be typed.
+// Characters that a column doesn't accept can't be typed.
 class Teclas final : public QValidator {
  public:
   Teclas(const Columna& columna, QObject* padre) : QValidator(padre), columna_(columna) {}
@@ -74,7 +74,7 @@ void Delegado::setModelData(QWidget* editor, QAbstractItemModel* modelo,
 
 bool Delegado::eventFilter(QObject* objeto, QEvent* evento) {
   auto* campo = qobject_cast<QLineEdit*>(objeto);
-  // What is being written waits while another window is in front.
+  // An open cell editor waits while another window is active.
   if (campo && evento->type() == QEvent::FocusOut && !campo->isActiveWindow()) return false;
   if (!campo || evento->type() != QEvent::KeyPress)
     return QStyledItemDelegate::eventFilter(objeto, evento);

@@ -1,6 +1,6 @@
-// How a cell looks: its side, pale zeros, the colour and weight of a state; a text that is cut
-// stands whole in the tip. And how it is written into: the field of its kind, which stays while
-// what was typed is refused.
+// How a cell looks: its alignment, pale zeros, the colour and weight of a state; a text cut off is
+// shown whole in the tool tip. And how it is edited: the cell editor of its kind, which stays open
+// while its text is refused.
 #pragma once
 
 #include <QStyledItemDelegate>
@@ -19,11 +19,11 @@ class Delegado final : public QStyledItemDelegate {
                     const QModelIndex& indice) const override;
   bool helpEvent(QHelpEvent* evento, QAbstractItemView* vista, const QStyleOptionViewItem& opcion,
                  const QModelIndex& indice) override;
-  // The text with which the next field opens, in place of the cell's own; once.
+  // The next cell editor opens with this text instead of the cell's own; only once.
   void empezarCon(const QString& texto) { primero_ = texto; }
 
  Q_SIGNALS:
-  // A cell was written and left by Return (0), Tab (1) or Backtab (-1).
+  // A cell was written, and left by Return (0), Tab (1) or Backtab (-1).
   void acabada(int pasos);
 
  protected:

@@ -19,7 +19,7 @@ QString celdaCsv(QString texto) {
   return suelta ? texto : u'"' + texto.replace(u'"', u"\"\""_s) + u'"';
 }
 
-// A file of rows that appears when it is whole.
+// A CSV file that appears under its name when it is complete.
 class Csv {
  public:
   explicit Csv(const QString& ruta) : fichero_(ruta) {}

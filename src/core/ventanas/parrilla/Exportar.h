@@ -1,5 +1,5 @@
-// Writes what a grid shows to a file, some rows a step: CSV (semicolon, UTF-8 with its mark, as
-// spreadsheets of this country read it) or a spreadsheet with real numbers and dates.
+// Writes the contents of a grid to a file, some rows per step: CSV (semicolons, UTF-8 with its
+// mark, as Spanish spreadsheets read it) or a spreadsheet with real numbers and dates.
 #pragma once
 
 #include <memory>
@@ -12,13 +12,13 @@ namespace tarvo::ventanas {
 
 struct Exportacion {
   const ModeloParrilla* modelo;
-  std::vector<int> columnas;  // those that are shown, in the order shown
+  std::vector<int> columnas;  // the visible ones, in the order shown
   QString ruta;               // ".xlsx" makes a spreadsheet, any other CSV
-  QString hoja;               // the name of its sheet
+  QString hoja;               // the name of the sheet
 };
 
-// A step for Trabajo. The file appears under its name only when it is whole; a stop leaves none.
-// REQUIRES that the model outlives the work and isn't renewed meanwhile.
+// Returns a step for Trabajo. The file appears under its name only when it is complete; a stop
+// leaves none. REQUIRES that the model outlives the work and isn't renewed meanwhile.
 Resultado<Trabajo::Paso> exportar(Exportacion que);
 
 }  // namespace tarvo::ventanas

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Two decimals with a comma, as money has them.
+// Two decimals with a comma, as for money.
 QString porcentaje(double x) {
   QString texto = QString::number(std::round(x * 100) / 100, 'f', 2);
   texto.replace(u'.', u',');

@@ -13,11 +13,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kFilasHoja = LXW_ROW_MAX - 1;  // below the titles
+constexpr int kFilasHoja = LXW_ROW_MAX - 1;  // below the header row
 constexpr qsizetype kNombreHoja = 31;
 constexpr double kAnchoColumna = 16;  // characters
 
-// A sheet's name may not hold some signs, nor be empty or long.
+// The name of a sheet may be neither empty nor too long, and some characters aren't allowed.
 QByteArray nombreHoja(QString nombre) {
   for (const QChar c : {u'[', u']', u':', u'*', u'?', u'/', u'\\', u'\''}) nombre.remove(c);
   nombre = nombre.trimmed().left(kNombreHoja);
@@ -28,7 +28,7 @@ QByteArray conDecimales(int decimales) {
   return decimales > 0 ? "#,##0." + QByteArray(decimales, '0') : QByteArrayLiteral("#,##0");
 }
 
-// What a cell holds and how it shows; no format means that it is written as text.
+// The number in a cell and its format; a cell without a format is written as text.
 struct Numero {
   double valor = 0;
   QByteArray formato;
@@ -87,7 +87,7 @@ lxw_format* Hoja::formato(const QByteArray& como) {
 Resultado<> Hoja::abrir(const ModeloParrilla& modelo, std::vector<int> columnas,
                         const QStringList& titulos) {
   if (modelo.rowCount() > kFilasHoja) return comprobar(LXW_ERROR_WORKSHEET_INDEX_OUT_OF_RANGE);
-  // The library would say so only at the very end.
+  // The library would only report it at the very end.
   if (QFile prueba(parcial_); !prueba.open(QIODevice::WriteOnly))
     return fallo(Fallo::SinPermiso, ruta_ + u": "_s + prueba.errorString());
   modelo_ = &modelo;

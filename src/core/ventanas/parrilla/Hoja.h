@@ -1,5 +1,5 @@
-// One sheet of a spreadsheet file, written row by row: numbers and dates as such, with the look
-// that they have on the screen.
+// One sheet of a spreadsheet file, written row by row: numbers and dates as such, formatted as on
+// the screen.
 #pragma once
 
 #include <QStringList>
@@ -23,7 +23,7 @@ class Hoja {
   ~Hoja();
   Hoja(const Hoja&) = delete;
 
-  // The titles. Formato when there are more rows than a sheet holds.
+  // Writes the header row. Formato if there are more rows than a sheet can hold.
   Resultado<> abrir(const ModeloParrilla& modelo, std::vector<int> columnas,
                     const QStringList& titulos);
   Resultado<> fila(int fila);

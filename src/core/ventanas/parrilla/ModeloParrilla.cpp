@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kFilasPorPaso = 128;  // of a search
+constexpr int kFilasPorPaso = 128;  // per step of a search
 
 QString imagenDe(const Columna& c, const dao::Valor& v) {
   return c.imagen ? c.imagen(v) : QString();
@@ -79,7 +79,7 @@ void ModeloParrilla::releer(int fila) {
   Q_EMIT dataChanged(index(fila, 0), index(fila, columnCount() - 1));
 }
 
-// By key: what is written may bring the rows into another order.
+// By key, since the value written may change the order of the rows.
 bool ModeloParrilla::setData(const QModelIndex& indice, const QVariant& valor, int papel) {
   const Columna& c = columnas_[static_cast<size_t>(indice.column())];
   if (papel != Qt::EditRole || !c.editar) return false;

@@ -9,16 +9,16 @@ using dao::conMarcas;
 
 namespace {
 
-constexpr int kPrimeras = 2048;  // rows that show at once
+constexpr int kPrimeras = 2048;  // rows shown at once
 constexpr int kFilasPagina = 128;
-constexpr size_t kPaginas = 48;  // held at a time
+constexpr size_t kPaginas = 48;  // in the cache
 constexpr qint64 kTodas = std::numeric_limits<qint64>::max();
 
 QString entreParentesis(const QString& filtro) {
   return filtro.isEmpty() ? QString() : u" WHERE ("_s + filtro + u')';
 }
 
-// The filter must not lead the search: a period has half a million rows, and the keys are few.
+// The filter must not drive the query plan: a period has half a million rows, and the keys are few.
 QString conClaves(const Origen& o, const QString& que, const QString& clave, int cuantas) {
   const QString filtro =
       o.filtro.isEmpty() ? QString() : conMarcas(u"iif({f}, 1, 0) AND ", {{u"f", o.filtro}});
@@ -47,7 +47,7 @@ Resultado<std::vector<ModeloParrilla::Clave>> leerClaves(dao::Database& db, cons
 }  // namespace
 
 struct ModeloSql::Pagina {
-  std::vector<std::vector<dao::Valor>> filas;  // empty where the row has gone meanwhile
+  std::vector<std::vector<dao::Valor>> filas;  // empty if the row has been deleted meanwhile
 };
 
 ModeloSql::ModeloSql(std::vector<Columna> columnas, const Contexto& c, QObject* padre)
@@ -75,7 +75,8 @@ Resultado<> ModeloSql::ordenar(int columna, Qt::SortOrder sentido) {
   return leer(origen_, columna, sentido, rowCount() >= kPrimeras);
 }
 
-// `todas`: at once, so that what is chosen and the row in view can be found among them.
+// `todas`: reads all keys at once, so that the selection and the row in view can be found among
+// them.
 Resultado<> ModeloSql::leer(Origen nuevo, int columna, Qt::SortOrder sentido, bool todas) {
   Q_EMIT vaARenovar();
   auto hecho = releer(std::move(nuevo), columna, sentido, todas);
@@ -83,7 +84,7 @@ Resultado<> ModeloSql::leer(Origen nuevo, int columna, Qt::SortOrder sentido, bo
   return hecho;
 }
 
-// Reads the first keys by the new origin; only when that worked does anything change.
+// Reads the first keys of the new origin; nothing changes unless that succeeds.
 Resultado<> ModeloSql::releer(Origen nuevo, int columna, Qt::SortOrder sentido, bool todas) {
   Lectura l{nuevo, {}, {}};
   if (nuevo.clave.isEmpty()) {
@@ -115,7 +116,7 @@ Resultado<> ModeloSql::releer(Origen nuevo, int columna, Qt::SortOrder sentido, 
   return {};
 }
 
-// By the column, and by the key where that says nothing, so that no row stands twice or not at all.
+// Orders by the column, then by key among equal values, so that no row appears twice or not at all.
 QString ModeloSql::ordenDe(const Lectura& l, int columna, Qt::SortOrder sentido) const {
   QString orden = l.origen.orden;
   if (columna >= 0) {
@@ -139,8 +140,8 @@ QString ModeloSql::listaColumnas(const Lectura& l) const {
   return lista;
 }
 
-// Rows without a key of their own go to a table of this connection alone, in the order of the
-// origin.
+// Copies rows without a key of their own into a temporary table of this connection, in the order of
+// the origin.
 Resultado<ModeloSql::Lectura> ModeloSql::copiar(const Origen& o) {
   const QString tabla =
       u"parrilla_%1_%2"_s.arg(reinterpret_cast<quintptr>(this), 0, 36).arg(++serie_);
@@ -186,13 +187,13 @@ Resultado<> ModeloSql::soltar(const QString& tabla) {
   return {};
 }
 
-// A copy that stays goes with the connection.
+// A copy that couldn't be dropped disappears with the connection.
 void ModeloSql::soltarCopia() {
   static_cast<void>(soltar(lectura_.tabla));
   lectura_.tabla.clear();
 }
 
-// Another connection sees neither a copy nor what isn't committed.
+// Another connection sees neither the copy nor uncommitted data.
 bool ModeloSql::aparte() const {
   return lectura_.tabla.isEmpty() && db_.profundidad() == 0;
 }
@@ -212,7 +213,8 @@ void ModeloSql::contarAparte() {
       [=, this](Resultado<std::vector<Clave>> todas) { decir(contadas(std::move(todas))); });
 }
 
-// After the first ones come the others; all anew when something changed in between.
+// Appends the other keys to the first ones; reads everything again if something has changed in
+// between.
 Resultado<> ModeloSql::contadas(Resultado<std::vector<Clave>> todas) {
   contando_ = false;
   if (todas && (todas->size() < claves_.size() ||
@@ -261,7 +263,7 @@ dao::Valor ModeloSql::valor(int fila, int columna) const {
   return valores.empty() ? dao::Valor() : valores[static_cast<size_t>(columna)];
 }
 
-// The page of a row, read when it isn't held; the one that was looked at longest ago makes room.
+// The page of a row, read if it isn't in the cache; it replaces the least recently used one.
 const ModeloSql::Pagina& ModeloSql::pagina(int fila) const {
   const int numero = fila / kFilasPagina;
   if (!recientes_.empty() && recientes_.back() == numero) return *paginas_[numero];
@@ -291,7 +293,8 @@ ModeloSql::Pagina ModeloSql::leerPagina(int numero) const {
     sitio[claves_[i]] = i - desde;
     valores.emplace_back(claves_[i]);
   }
-  // The text is the same for every page, so that it is prepared once: the last key fills it up.
+  // The same SQL text for every page, so that it is prepared once; the last key fills the remaining
+  // parameters.
   while (valores.size() < lectura_.origen.parametros.size() + kFilasPagina)
     valores.push_back(valores.back());
   Pagina p;

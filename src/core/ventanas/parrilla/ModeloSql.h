@@ -1,5 +1,5 @@
-// Rows of a query, as many as there are. The first page shows at once; the keys of the others are
-// gathered aside, and their values are fetched in pages when they are looked at. A page costs the
+// Rows of a query, however many. The first page is shown at once; the keys of the others are read
+// in another thread, and their values are fetched in pages when they are needed. A page costs the
 // same anywhere in the list.
 #pragma once
 
@@ -19,12 +19,12 @@ class ModeloSql final : public ModeloParrilla {
   ModeloSql(std::vector<Columna> columnas, const Contexto& contexto, QObject* padre);
   ~ModeloSql() override;
 
-  // Shows other rows; an error leaves those that were.
+  // Shows other rows; an error keeps the former ones.
   Resultado<> abrir(Origen origen);
   Resultado<> refrescar();
-  Resultado<> ordenar(int columna, Qt::SortOrder sentido);  // -1: the origin's own order
+  Resultado<> ordenar(int columna, Qt::SortOrder sentido);  // -1: the order of the origin
   const Origen& origen() const { return origen_; }
-  // Gathers all keys now.
+  // Reads all keys now.
   Resultado<> contarTodo();
 
   int rowCount(const QModelIndex& padre = {}) const override;
@@ -34,13 +34,14 @@ class ModeloSql final : public ModeloParrilla {
   bool contando() const override { return contando_; }
   void pedirSumas(std::function<void(Resultado<Sumas>)> respuesta) override;
 
-  // What a row is for the person, and the rows that are that now (see Origen::identidad).
+  // What identifies rows for the user, and the rows with those identities now (see
+  // Origen::identidad).
   std::vector<dao::Valor> identidades(const std::vector<int>& filas) const;
   std::vector<int> filasDe(const std::vector<dao::Valor>& identidades) const;
 
  private:
   struct Pagina;
-  // The origin as it is read: `tabla` names the copy that stands in place of what has no key.
+  // The origin as it is read: `tabla` is the name of the temporary copy of an origin without a key.
   struct Lectura {
     Origen origen;
     QString tabla;
@@ -63,15 +64,15 @@ class ModeloSql final : public ModeloParrilla {
   void releerFila(int fila) override;
 
   dao::Database& db_;
-  Origen origen_;  // as it was given
+  Origen origen_;  // as given to abrir()
   Lectura lectura_;
   int columnaOrden_ = -1;
   Qt::SortOrder sentido_ = Qt::AscendingOrder;
   std::vector<Clave> claves_;
   bool contando_ = false;
-  int serie_ = 0;  // of copies
+  int serie_ = 0;  // number of the last copy
   mutable std::unordered_map<int, std::unique_ptr<Pagina>> paginas_;
-  mutable std::vector<int> recientes_;  // pages, the latest last
+  mutable std::vector<int> recientes_;  // pages, the most recently used last
   mutable std::unordered_map<Clave, int> donde_;
   Aparte cuenta_, suma_;
 };

@@ -9,9 +9,9 @@ namespace tarvo::ventanas {
 
 namespace {
 
-constexpr size_t kUnaAUna = 100;  // rows changed: more are told as one stretch
+constexpr size_t kUnaAUna = 100;  // changed rows; more are reported as one range
 
-// Null first, numbers next, texts as names sort.
+// Null first, then numbers, then texts in the order of names.
 int comparar(const dao::Valor& a, const dao::Valor& b) {
   const auto clase = [](const dao::Valor& v) { return v.nulo() ? 0 : v.esTexto() ? 2 : 1; };
   if (clase(a) != clase(b)) return clase(a) - clase(b);
@@ -85,7 +85,7 @@ void ModeloVivo::quitar(Clave clave) {
   Q_EMIT recuento();
 }
 
-// In few steps, however many rows come and go: each step makes the view count all of them.
+// In few steps, however many rows are added and removed: the view counts all rows at each step.
 void ModeloVivo::poner(std::vector<FilaViva> filas) {
   std::unordered_map<Clave, int> nuevas;
   for (size_t i = 0; i < filas.size(); ++i) nuevas[filas[i].clave] = static_cast<int>(i);
@@ -110,7 +110,7 @@ void ModeloVivo::poner(std::vector<FilaViva> filas) {
   }
   if (otras) Q_EMIT recuento();
   if (columnaOrden_ >= 0) return reordenar();
-  // As they were put.
+  // Restores the order given.
   size_t i = 0;
   while (i < filas_.size() && nuevas.at(filas_[i].clave) == static_cast<int>(i)) ++i;
   if (i == filas_.size()) return;
@@ -121,7 +121,8 @@ void ModeloVivo::poner(std::vector<FilaViva> filas) {
   });
 }
 
-// The rows that go move to the end first, so that they go at once. True when there were any.
+// Moves the rows to be removed to the end first, to remove them in one step. True if there were
+// any.
 bool ModeloVivo::quitarLasDemas(const std::unordered_map<Clave, int>& quedan) {
   const auto queda = [&](const FilaViva& f) { return quedan.contains(f.clave); };
   const auto cuantas = std::ranges::count_if(filas_, queda);
@@ -169,7 +170,7 @@ void ModeloVivo::reordenar() {
     permutar([&] { std::ranges::stable_sort(filas_, antes); });
 }
 
-// Moves rows with all that stands on them: selection, current row, scroll.
+// Reorders the rows and keeps the persistent indexes: selection, current row, scroll position.
 void ModeloVivo::permutar(const std::function<void()>& mover) {
   Q_EMIT layoutAboutToBeChanged();
   const QModelIndexList viejos = persistentIndexList();

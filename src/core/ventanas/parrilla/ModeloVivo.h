@@ -1,5 +1,5 @@
-// Rows held in memory and brought up to date one by one, for lists that live: tasks, channels,
-// sessions. Only cells that really changed are painted anew; selection and scroll stay.
+// Rows held in memory and updated one by one, for live lists: tasks, channels, sessions. Only cells
+// that have really changed are repainted; the selection and the scroll position stay.
 #pragma once
 
 #include <algorithm>
@@ -11,7 +11,7 @@ namespace tarvo::ventanas {
 
 struct FilaViva {
   ModeloParrilla::Clave clave = 0;
-  std::vector<dao::Valor> valores;  // one a column, in the order of the columns
+  std::vector<dao::Valor> valores;  // one per column, in the order of the columns
   bool operator==(const FilaViva&) const = default;
 };
 
@@ -20,13 +20,13 @@ class ModeloVivo final : public ModeloParrilla {
  public:
   using ModeloParrilla::ModeloParrilla;
 
-  // Makes the list these rows in this order: those that are gone go, those that are new come, those
-  // whose values differ change. REQUIRES different keys. An order chosen by the person holds.
+  // Replaces the contents of the list: rows missing from `filas` are removed, new ones added, and
+  // those with other values changed. REQUIRES unique keys. An order chosen by the user is kept.
   void poner(std::vector<FilaViva> filas);
-  // One row: changes it, or adds it at the end.
+  // Changes a row, or adds it at the end.
   void poner(FilaViva fila);
   void quitar(Clave clave);
-  void ordenar(int columna, Qt::SortOrder sentido);  // -1: as they were put
+  void ordenar(int columna, Qt::SortOrder sentido);  // -1: the order given
 
   int rowCount(const QModelIndex& padre = {}) const override;
   Clave clave(int fila) const override;
@@ -35,7 +35,7 @@ class ModeloVivo final : public ModeloParrilla {
   void pedirSumas(std::function<void(Resultado<Sumas>)> respuesta) override;
 
  private:
-  // The columns of a row that differ, from the first to the last.
+  // The range of columns in which a row differs.
   struct Columnas {
     int primera = -1, ultima = -1;
     bool hay() const { return primera >= 0; }

@@ -1,4 +1,4 @@
-// The rows that a grid shows: a query in parts, so that the grid can sort, filter, page and sum it.
+// The rows of a grid: a query in parts, so that the grid can sort, filter, page and sum it.
 // Everything is in the SQL dialect of the store; values are bound, never pasted.
 #pragma once
 
@@ -10,20 +10,19 @@
 namespace tarvo::ventanas {
 
 struct Origen {
-  QString desde = {};   // what comes after FROM: tables, joins, a view
-  QString filtro = {};  // what comes after WHERE, empty for all rows
-  // Of `filtro`; of `desde` too, in order, when `clave` is empty.
+  QString desde = {};   // the part after FROM: tables, joins, a view
+  QString filtro = {};  // the part after WHERE; empty for all rows
+  // Of `filtro`; of `desde` too, in order, if `clave` is empty.
   std::vector<dao::Valor> parametros = {};
-  // A whole number that is different in each row and by which the store finds a row at once: the
-  // table's "A.rowid", or a key column. Empty for grouped queries and views: their rows are copied
-  // once into a table of the moment, and all else works the same.
+  // An integer that is unique in each row and gives direct access in the store: the table's
+  // "A.rowid", or a key column. Empty for grouped queries and views: their rows are copied once
+  // into a temporary table, and everything else works the same.
   QString clave = {};
-  QString agrupado = {};  // what comes after GROUP BY; needs an empty `clave`
-  // What a row is for the person, in SQL, when `clave` may change at a refresh; a selection
-  // survives by it. Empty: `clave` itself (of copied rows: nothing survives).
+  QString agrupado = {};  // the part after GROUP BY; requires an empty `clave`
+  // What identifies a row for the user, in SQL, if `clave` may change at a refresh; it preserves
+  // the selection. Empty: `clave` itself (for copied rows, nothing is preserved).
   QString identidad = {};
-  QString orden =
-      {};  // what comes after ORDER BY until the person chooses; empty: as the key comes
+  QString orden = {};  // the part after ORDER BY until the user sorts; empty: the order of the keys
 };
 
 }  // namespace tarvo::ventanas

@@ -23,14 +23,14 @@ Parrilla::Parrilla(QWidget* padre)
 
 void Parrilla::showEvent(QShowEvent* evento) {
   d->ceder();
-  // By the label that leads to it, else by the window's title.
+  // Named by its buddy label, else by the window's title.
   const QString suyo = accessibleName();
   if (d->c) vista_->setAccessibleName(suyo.isEmpty() ? window()->windowTitle() : suyo);
   QWidget::showEvent(evento);
 }
 
 Parrilla::~Parrilla() {
-  // The model lets go of its rows while what listens to it is whole.
+  // The model releases its rows while its listeners are still whole.
   if (d->c) recordar();
   vista_->setModel(nullptr);
   delete sql_;
@@ -39,7 +39,7 @@ Parrilla::~Parrilla() {
 
 void Parrilla::preparar(Contexto& contexto, const QString& nombre, std::vector<Columna> columnas) {
   if (d->c) recordar();
-  if (d->trabajo) d->trabajo->parar();  // it stands on the rows that go
+  if (d->trabajo) d->trabajo->parar();  // it uses the rows about to be replaced
   d->c = &contexto;
   d->ventana = nombre;
   d->columnas = std::move(columnas);
@@ -157,7 +157,7 @@ void Parrilla::irA(int fila) {
                       : vistas.empty()                 ? 0
                                                        : vistas.front();
   const QModelIndex i = modelo()->index(fila, columna);
-  // Whatever keys are held: the view itself would look at them.
+  // Independent of the keys held down, which the view itself would take into account.
   vista_->selectionModel()->setCurrentIndex(
       i, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   vista_->scrollTo(i);

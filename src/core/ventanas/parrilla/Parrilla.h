@@ -1,17 +1,19 @@
-// The grid of every list. Made by code, or as a promoted QWidget of a form; `preparar` gives it its
-// columns, and then either `abrir` a query or use `vivas`.
+// The grid used for every list. Created in code, or as a promoted QWidget of a form; `preparar`
+// sets its columns; then either `abrir` runs a query, or `vivas` gives the rows in memory.
 //
-//   parrilla->preparar(contexto(), u"VerTot"_s, {{.titulo = kTxFecha, .campo = u"FECHA1"_s, .clase
-//   = Clase::Fecha}, ...}); haIdoBien(parrilla->abrir({.desde = u"COLUMNA"_s, .clave = u"LINK"_s,
-//   .orden = u"FECHA1"_s}));
+//    parrilla->preparar(contexto(), u"VerTot"_s,
+//                       {{.titulo = kTxFecha, .campo = u"FECHA1"_s, .clase = Clase::Fecha}, ...});
+//    haIdoBien(parrilla->abrir(
+//        {.desde = u"COLUMNA"_s, .clave = u"LINK"_s, .orden = u"FECHA1"_s}));
 //
-// From the keyboard: arrows, Page Up and Down, Home and End; letters jump to the next row that
-// begins so in the current column; Ctrl+F searches, F3 goes on (Shift+F3 where F3 is the window's);
-// Ctrl+C copies; Ctrl+A selects all; F5 refreshes; Ctrl+Shift+C chooses columns; Enter is a double
-// click; the menu key is the context menu. A cell whose column has `editar` is written into: F2,
-// Enter or a double click opens it, Enter and Tab keep what was typed (Tab goes on to the next such
-// cell), Escape gives it up. So does a letter that its kind takes: what is typed on a cell that can
-// be written begins to write it, elsewhere it searches. Ctrl+V and Ctrl+D write a whole column.
+// From the keyboard: arrows, Page Up and Down, Home and End; letters move to the next row that
+// begins with them in the current column; Ctrl+F searches, F3 finds the next match (Shift+F3 if the
+// window uses F3); Ctrl+C copies; Ctrl+A selects all; F5 refreshes; Ctrl+Shift+C chooses columns;
+// Enter is a double click; the menu key opens the context menu. A cell whose column has `editar` is
+// editable: F2, Enter or a double click opens its editor, Enter and Tab store the text (Tab moves
+// on to the next editable cell), Escape discards it. A character accepted by its kind opens the
+// editor too: typing on an editable cell edits it, elsewhere it searches. Ctrl+V and Ctrl+D write
+// several cells of a column.
 #pragma once
 
 #include <QWidget>
@@ -37,87 +39,88 @@ class Parrilla final : public QWidget, private Buscable {
   explicit Parrilla(QWidget* padre = nullptr);
   ~Parrilla() override;
 
-  // `nombre` is the window's; widths, order and visibility of columns are remembered by it and the
-  // grid's object name. Called again it starts over with other columns.
+  // `nombre` is the window's; widths, order and visibility of columns are remembered under it and
+  // the grid's object name. A further call starts again with other columns.
   void preparar(Contexto& contexto, const QString& nombre, std::vector<Columna> columnas);
-  // Money of the currency 0 or 1 in place of the preferred one.
+  // Shows money in the currency 0 or 1 instead of the preferred one.
   void ponerMoneda(int moneda);
 
   // --- rows of a query; REQUIRE preparar
   Resultado<> abrir(Origen origen);
   // Other rows of the same query.
   Resultado<> filtrar(const QString& filtro, std::vector<dao::Valor> parametros = {});
-  // Reads again; what is selected and the row in view stay, by key. Live lists only repaint.
+  // Reads the rows again; the selection and the row in view stay, by key. Live lists are only
+  // repainted.
   Resultado<> refrescar();
   const ModeloSql* consulta() const { return sql_; }
 
   // --- rows in memory; REQUIRES preparar
   ModeloVivo& vivas();
 
-  // --- what is there and what is chosen. Rows count from 0 in the order shown.
+  // --- rows, current row and selection; rows count from 0 in the order shown
   int filas() const;
-  bool contando() const;                   // filas() still grows
-  int filaActual() const;                  // -1 when there is none
+  bool contando() const;                   // filas() is still growing
+  int filaActual() const;                  // -1 if none
   std::vector<int> filasElegidas() const;  // ascending
-  // The rows chosen, else the current row; it is chosen first when none was.
+  // The selected rows, else the current row, which is then selected.
   std::vector<int> filasParaActuar();
   ModeloParrilla::Clave clave(int fila) const;
   dao::Valor valor(int fila, QStringView campo) const;  // Null for an unknown column
-  QString texto(int fila, QStringView campo) const;     // as it is shown
-  int filaDe(ModeloParrilla::Clave clave) const;        // -1; counts on to find it
-  void irA(int fila);                                   // makes it the current one, in view
+  QString texto(int fila, QStringView campo) const;     // as shown
+  int filaDe(ModeloParrilla::Clave clave) const;        // -1 if none; reads on to find it
+  void irA(int fila);                                   // makes it current and scrolls to it
   void elegir(const std::vector<ModeloParrilla::Clave>& claves, bool anadir = false);
   void limpiarSeleccion();
-  void ponerUnaSola(bool unaSola);  // one row at most
-  // Lets a sheet of numbers be filled quickly: Enter only activates the row.
+  void ponerUnaSola(bool unaSola);  // at most one row
+  // For filling a sheet of numbers quickly: Enter only activates the row.
   void ponerEscribeAlTeclear(bool si);
-  // Into the column of the current cell, as if each text were typed: the lines of the clipboard
-  // from this row on (Ctrl+V); what stands in it, into the rows chosen below (Ctrl+D). It ends at
-  // the first that is refused.
+  // Write into the column of the current cell, as if each text were typed: the lines of the
+  // clipboard from this row down (Ctrl+V); the contents of the first selected cell into the other
+  // selected rows (Ctrl+D). They end at the first text refused.
   void pegar();
   void rellenar();
-  // Opens the current cell, or its row's first that can be written into. False when there is none.
+  // Opens the current cell, or the first editable one of its row. False if there is none.
   bool editarCelda();
   bool editando() const;
 
-  // --- looks
-  void ponerVacia(const QString& texto, QAction* remedio = nullptr);  // what to do when it is empty
-  void ponerPie(bool conPie);      // counts and sums; on from the start
-  void ponerBusca(bool conBusca);  // the search field, above on the right; on from the start
-  QHBoxLayout* filtros() const;    // above on the left: where a window puts its filters
-  // Into the context menu, in front of the grid's own; they are the window's to enable.
+  // --- appearance
+  void ponerVacia(const QString& texto, QAction* remedio = nullptr);  // hint for an empty list
+  void ponerPie(bool conPie);      // counts and sums; visible by default
+  void ponerBusca(bool conBusca);  // the search field, top right; visible by default
+  QHBoxLayout* filtros() const;    // top left: the place for a window's filters
+  // Adds actions to the context menu, before the grid's own; the window enables and disables them.
   void ponerAcciones(const QList<QAction*>& acciones);
-  // Orders by a column as a click on its header does; -1 takes the order away.
+  // Sorts by a column, as a click on its header does; -1 restores the original order.
   Resultado<> ordenar(int columna, Qt::SortOrder sentido);
 
-  // --- what the grid does by itself
-  void irABuscar() override;          // the focus goes to the search field
-  void buscar(const QString& texto);  // from the row after the current one, round the end
+  // --- commands of the grid itself
+  void irABuscar() override;          // moves to the search field
+  void buscar(const QString& texto);  // from the row after the current one, wrapping round the end
   void copiar();
   void elegirColumnas();
   void exportar();                       // asks for the file
-  void exportarEn(const QString& ruta);  // ".csv" or ".xlsx", by its ending
+  void exportarEn(const QString& ruta);  // ".csv" or ".xlsx", by its extension
 
   QTableView* vista() const { return vista_; }
   ModeloParrilla* modelo() const;
   QLineEdit* campoBusca() const;
-  QLabel* pie() const;        // rows, rows chosen
+  QLabel* pie() const;        // number of rows and of selected rows
   QStringList sumas() const;  // texts of the totals line, by column
   bool trabajando() const;    // a search or an export is under way
 
  Q_SIGNALS:
   void activada(int fila);              // Enter or double click
-  void actualCambiada(int fila);        // -1 for none
+  void actualCambiada(int fila);        // -1 if none
   void editada(int fila, int columna);  // a cell was written
-  // In front of that: the cell, and what stood in it.
+  // Emitted before editada, with the cell and its former contents.
   void celdaEscrita(qint64 clave, int columna, const QString& antes);
-  void escrita(int fila);  // the same by Enter, which ends it
+  void escrita(int fila);  // the same with Enter, which ends the editing
   void vanVarias();        // many cells are about to be written
   void variasEscritas(int cuantas);
-  void dejada();  // a cell in edit was closed, written or given up
+  void dejada();  // a cell editor was closed, after writing or not
   void seleccionCambiada();
-  void fallo(const tarvo::Error& error);  // of work that the person began on the grid itself
-  void resuelto();  // after the refusal of a cell: another was written, or it was given up
+  void fallo(const tarvo::Error& error);  // of work begun by the user on the grid itself
+  void resuelto();  // after a refused cell: another was written, or it was discarded
   void exportado(const QString& ruta);
 
  private:

@@ -1,5 +1,5 @@
-// Writing into cells: which key opens one, what Enter and Tab lead to, and what happens to what was
-// refused.
+// Editing cells: the keys that open an editor, the moves of Enter and Tab, and the handling of
+// refused texts.
 #include <QApplication>
 #include <QClipboard>
 #include <QKeyEvent>
@@ -10,7 +10,7 @@
 
 namespace tarvo::ventanas {
 
-// Fields that were closed wait for the event loop to let them go.
+// Closed editors are still waiting for deferred deletion.
 QLineEdit* Parrilla::Interior::campoAbierto() const {
   const auto campos = yo.vista_->viewport()->findChildren<QLineEdit*>(QStringLiteral("celda"));
   const auto abierto =
@@ -24,7 +24,7 @@ bool Parrilla::Interior::editar(const QModelIndex& celda, std::optional<QString>
   yo.vista_->setCurrentIndex(celda);
   yo.vista_->edit(celda);
   QLineEdit* campo = campoAbierto();
-  if (campo && texto) campo->end(false);  // the view has chosen it all
+  if (campo && texto) campo->end(false);  // the view has selected all of it
   return campo != nullptr;
 }
 
@@ -57,7 +57,7 @@ bool Parrilla::Interior::teclaEdicion(const QKeyEvent& e) {
   return editar(celda, e.text());
 }
 
-// Tab goes on to the next cell that can be written into, in its row and then in the next one.
+// Moves on to the next editable cell, in its row and then in the next one.
 void Parrilla::Interior::seguirEditando(int pasos) {
   const QModelIndex actual = yo.vista_->currentIndex();
   if (pasos == 0) {
@@ -123,7 +123,7 @@ void Parrilla::rellenar() {
   d->escribirVarias(donde, QStringList(static_cast<qsizetype>(donde.size()), texto));
 }
 
-// The field stays, or opens again with what was typed when the focus had gone on already.
+// The editor stays open, or opens again with the text typed if the focus has already moved.
 void Parrilla::Interior::rechazar(const QModelIndex& celda, const QString& texto,
                                   const Error& error) {
   rechazado = true;

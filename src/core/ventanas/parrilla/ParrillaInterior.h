@@ -1,4 +1,4 @@
-// The inside of a grid, shared by the files that make it. Nobody else includes it.
+// The internals of a grid, shared by its source files. Not for inclusion by others.
 #pragma once
 
 #include <QAction>
@@ -17,7 +17,7 @@
 namespace tarvo::ventanas {
 
 struct Parrilla::Interior {
-  // What is kept over a change of all rows.
+  // The state kept while all rows change.
   struct Guardado {
     std::vector<dao::Valor> elegidas;
     dao::Valor actual;
@@ -78,7 +78,7 @@ struct Parrilla::Interior {
   QWidget* vacia = nullptr;
   QLabel* vaciaTexto = nullptr;
   QToolButton* vaciaBoton = nullptr;
-  QPointer<QAction> remedio;  // what that button does
+  QPointer<QAction> remedio;  // the action of that button
   TiraTrabajo* trabajo = nullptr;
   QList<QAction*> acciones;
   QAction *copiar = nullptr, *todo = nullptr, *refrescar = nullptr, *elegirColumnas = nullptr,
@@ -87,15 +87,15 @@ struct Parrilla::Interior {
   Delegado* delegado = nullptr;
   bool escribeAlTeclear = false;
   int escritas = 0;        // cells written so far
-  bool rechazado = false;  // a refusal stands
+  bool rechazado = false;  // a refusal is pending
   QString tecleado;
   qint64 ultimaTecla = 0;
   bool conPie = true, conBusca = true, colocando = false;
   bool exportando = false, presentada = false;
-  bool elasticas = true;                 // the person has set no width, order or column yet
-  std::vector<int> sinSitio;             // columns that gave way
-  std::unique_ptr<Temporizador> sumar;   // sums wait for the list to be at rest
-  std::unique_ptr<Temporizador> callar;  // what was said goes away by itself
+  bool elasticas = true;                 // the user has set no width, order or column yet
+  std::vector<int> sinSitio;             // columns hidden for lack of space
+  std::unique_ptr<Temporizador> sumar;   // delays the sums until the list is at rest
+  std::unique_ptr<Temporizador> callar;  // clears the message
 };
 
 }  // namespace tarvo::ventanas

@@ -94,7 +94,7 @@ void Parrilla::Interior::montar() {
   busca->installEventFilter(&yo);
   pila->addWidget(v, 1);
   yo.setFocusProxy(v);
-  yo.setFocusPolicy(v->focusPolicy());  // the letter of its label leads to it
+  yo.setFocusPolicy(v->focusPolicy());  // for the mnemonic of its label
 
   vacia = new QWidget(v->viewport());
   auto* centro = new QVBoxLayout(vacia);
@@ -121,7 +121,7 @@ void Parrilla::Interior::montar() {
   aviso->setObjectName(u"aviso"_s);
   ponerLetra(*cuenta, Letra::Secundaria);
   ponerLetra(*aviso, Letra::Secundaria);
-  // A message of any length leaves the grid its width; the tip has it whole.
+  // A message of any length leaves the grid its width; the tool tip shows it whole.
   aviso->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   aviso->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   abajo->addWidget(cuenta);
@@ -190,8 +190,8 @@ void Parrilla::Interior::hacerAcciones() {
   callar = c->reloj.temporizador([this] { decir({}); });
 }
 
-// To the window that it is in: what its cells refuse is said on that one's strip, until it is
-// settled; Ctrl+F leads here.
+// Registers with its window: refusals of cells are shown on the window's strip until they are
+// settled, and Ctrl+F moves to this grid.
 void Parrilla::Interior::presentarse() {
   auto* v = qobject_cast<Ventana*>(yo.window());
   if (!v || std::exchange(presentada, true)) return;
@@ -205,7 +205,7 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
   yo.vista_->setModel(m);
   colocarColumnas();
   connect(m, &ModeloParrilla::vaARenovar, &yo, [this] {
-    // Rows that change places meanwhile would stand in the file twice, or not at all.
+    // Rows that change places meanwhile would be in the file twice, or not at all.
     if (exportando) trabajo->parar();
     guardar();
   });
@@ -221,7 +221,7 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
           [this](const QModelIndex& celda, const QString& texto, const Error& error) {
             rechazar(celda, texto, error);
           });
-  // Rows are read while they are painted: it is said after that.
+  // Rows are read during painting: the failure is reported after that.
   connect(m, &ModeloParrilla::fallido, &yo, [this](const Error& error) {
     QMetaObject::invokeMethod(&yo, [this, error] { avisar(error); }, Qt::QueuedConnection);
   });
@@ -235,7 +235,8 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
   contar();
 }
 
-// A key that the window uses is the window's: two actions of one key would both be dead.
+// A key used by the window belongs to the window: Qt triggers neither of two actions with the same
+// key.
 void Parrilla::Interior::ceder() {
   const auto suya = [this](const QAction* a) {
     return std::ranges::any_of(yo.window()->findChildren<QAction*>(), [&](const QAction* otra) {
@@ -248,7 +249,7 @@ void Parrilla::Interior::ceder() {
       a->setShortcut(a == buscarSiguiente ? Qt::SHIFT | Qt::Key_F3 : QKeySequence());
 }
 
-// The width that a column begins with; its title is shown whole, with its sort mark.
+// The initial width of a column; it fits its whole title with the sort indicator.
 int Parrilla::Interior::anchoInicial(int columna) const {
   const Columna& col = columnas[static_cast<size_t>(columna)];
   return std::max(yo.vista_->horizontalHeader()->sectionSizeHint(columna) + escalar(kPaso),
@@ -271,7 +272,7 @@ void Parrilla::Interior::colocarColumnas() {
   colocando = false;
 }
 
-// Columns with a rank give way, the highest first, until the others fit with the text at its least.
+// Hides columns with a rank, the highest first, until the others fit with the text at its minimum.
 void Parrilla::Interior::hacerSitio() {
   QHeaderView* h = yo.vista_->horizontalHeader();
   const QScopedValueRollback en(colocando, true);
@@ -295,8 +296,8 @@ void Parrilla::Interior::hacerSitio() {
   }
 }
 
-// Until the person sets widths, the first text column takes what room is left, up to a measure
-// where others come after it.
+// Until the user sets widths, the first text column takes the remaining width, up to a limit if
+// other columns follow it.
 void Parrilla::Interior::estirar() {
   if (!elasticas || !yo.modelo()) return;
   hacerSitio();
@@ -324,12 +325,12 @@ QString Parrilla::Interior::nombreMemoria() const {
   return u"columnas"_s + (propio.isEmpty() ? QString() : u'.' + propio);
 }
 
-// Widths are kept as they are at 100 %. "9;3:120:0,..." in the order shown: how many there are;
-// number, width, hidden.
+// Stores widths at 100 %: "9;3:120:0,..." in the order shown: the number of columns; then number,
+// width and hidden flag of each.
 void Parrilla::recordar() {
   if (!modelo() || !d->c) return;
   if (d->elasticas) return;
-  // A hidden section says no width; shown for a moment it does.
+  // A hidden section doesn't report its width, so it is shown for a moment.
   QHeaderView* h = vista_->horizontalHeader();
   const QScopedValueRollback en(d->colocando, true);
   QStringList partes;

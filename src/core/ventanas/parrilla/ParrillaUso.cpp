@@ -21,9 +21,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kPausaTeclas = 1000;  // ms after which letters begin a new word
-constexpr int kFilasCopia = 20000;  // more go to a file
-constexpr int kAvisoMs = 5000;      // that something said stays
-constexpr int kReposoSumas = 60;    // ms without a change before sums are reckoned
+constexpr int kFilasCopia = 20000;  // more belong in a file
+constexpr int kAvisoMs = 5000;      // ms that a message stays
+constexpr int kReposoSumas = 60;    // ms without a change before sums are computed
 
 QString conPuntos(qint64 n) {
   return QLocale(QLocale::Spanish).toString(n);
@@ -50,7 +50,7 @@ void Parrilla::Interior::decir(const QString& texto) {
     callar->unaVez(kAvisoMs);
 }
 
-// The window says it.
+// The window reports it.
 void Parrilla::Interior::avisar(Error error) {
   decir({});
   Q_EMIT yo.fallo(error);
@@ -102,7 +102,7 @@ void Parrilla::Interior::menuContexto(const QPoint& donde) {
   menu.exec(donde);
 }
 
-// One entry a column; the last that is left can't be hidden.
+// One entry per column; the last visible one can't be hidden.
 void Parrilla::Interior::menuColumnas(const QPoint& donde) {
   const Retenida mientras(&yo);
   QMenu menu(&yo);
@@ -143,7 +143,7 @@ void Parrilla::Interior::moverColumna(int pasos) {
 }
 
 bool Parrilla::Interior::tecla(QKeyEvent& e) {
-  // The view would copy its current cell alone.
+  // The view would only copy its current cell.
   if (e.matches(QKeySequence::Copy)) {
     yo.copiar();
     return true;
@@ -181,8 +181,8 @@ bool Parrilla::Interior::tecla(QKeyEvent& e) {
   return true;
 }
 
-// Letters typed on the list itself. The first looks after the present row, so that the same letter
-// again goes on; more of them may find the present row still right.
+// Jumps to the letters typed on the list itself. The first letter is searched after the current
+// row, so that the same letter again moves on; with more of them the current row may still match.
 void Parrilla::Interior::saltar(const QString& texto) {
   if (!yo.modelo() || yo.filas() == 0) return;
   const auto vistas = columnasVistas();
@@ -203,7 +203,7 @@ void Parrilla::buscar(const QString& texto) {
   d->buscarDesde(texto, ModeloParrilla::Busca::Contiene, d->columnasVistas(), filaActual() + 1);
 }
 
-// Forward to the end, and from the beginning back to where it started.
+// Searches forward to the end, and from the beginning back to the starting row.
 void Parrilla::Interior::buscarDesde(const QString& texto, ModeloParrilla::Busca como,
                                      const std::vector<int>& cuales, int desde) {
   trabajo->parar();
@@ -217,7 +217,7 @@ void Parrilla::Interior::buscarDesde(const QString& texto, ModeloParrilla::Busca
     if (yo.filas() != cuantas || *vistas >= cuantas) return false;
     const int fila = (desde + *vistas) % cuantas;
     const auto h = yo.modelo()->buscar(texto, como, cuales, fila);
-    // After the starting row again: all has been seen.
+    // Past the starting row again: all rows have been examined.
     *vistas += std::max(1, (h.fila >= 0 ? h.fila + 1 : h.siguiente) - fila);
     a.hechos = std::min(*vistas, cuantas);
     if (h.fila >= 0) *hallada = h.fila;
@@ -250,7 +250,7 @@ void Parrilla::copiar() {
 void Parrilla::exportar() {
   if (!modelo()) return;
   const Retenida mientras(this);
-  // The file is called as the window, without what no file may be called.
+  // The file is named after the window, without the characters not allowed in file names.
   QString nombre = window()->windowTitle().remove(QRegularExpression(uR"([/\\:*?"<>|])"_s));
   nombre = nombre.simplified();
   if (nombre.isEmpty()) nombre = d->ventana.section(u'#', 0, 0);
@@ -287,12 +287,12 @@ bool Parrilla::eventFilter(QObject* objeto, QEvent* evento) {
   auto& tecla = static_cast<QKeyEvent&>(*evento);
   if (objeto == vista_) return d->tecla(tecla);
   if (objeto != d->busca) return false;
-  // Return is for this field: the window's default button doesn't get it.
+  // Return belongs to this field: it must not reach the window's default button.
   if (tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter) {
     buscar(d->busca->text());
     return true;
   }
-  // Escape leaves the field before it leaves the window; the arrows lead to the list.
+  // Escape leaves the field before it closes the window; the down arrow moves to the list.
   const bool deja = tecla.key() == Qt::Key_Escape || tecla.key() == Qt::Key_Down;
   if (!deja) return false;
   if (tecla.key() == Qt::Key_Escape) d->busca->clear();

@@ -48,7 +48,7 @@ void Pie::paintEvent(QPaintEvent*) {
   p.drawText(rect().adjusted(margen, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, nombre_);
   for (int c = 0; c < textos_.size(); ++c) {
     if (textos_[c].isEmpty() || cabecera_.isSectionHidden(c)) continue;
-    // A sum may be wider than its column: it grows to the left.
+    // A sum may be wider than its column: it extends to the left.
     const int derecha = cabecera_.sectionViewportPosition(c) + cabecera_.sectionSize(c) - margen;
     p.drawText(QRect(derecha - width(), 0, width(), height()), Qt::AlignRight | Qt::AlignVCenter,
                textos_[c]);

@@ -1,4 +1,4 @@
-// The totals line of a grid: each sum stands under its column and goes with it.
+// The totals line of a grid: each sum is below its column and moves with it.
 #pragma once
 
 #include <QWidget>
@@ -15,7 +15,7 @@ class ModeloParrilla;
 class Pie final : public QWidget {
  public:
   Pie(QHeaderView& cabecera, QWidget* padre);
-  // Texts by column, empty where there is no sum. Hidden when there is none.
+  // Texts by column, empty if there is no sum. Hidden if there are none at all.
   void poner(QStringList textos, const QString& nombre);
   const QStringList& textos() const { return textos_; }
   QSize sizeHint() const override;

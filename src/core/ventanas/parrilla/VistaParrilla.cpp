@@ -8,7 +8,7 @@ namespace tarvo::ventanas {
 VistaParrilla::VistaParrilla(QWidget* padre, std::function<void()> completar)
     : QTableView(padre), completar_(std::move(completar)) {}
 
-// The first or last one shown, as they stand on the screen; -1 when none is.
+// The first or last visible column, in the order on the screen; -1 if there is none.
 int VistaParrilla::columnaExtrema(bool ultima) const {
   const QHeaderView& h = *horizontalHeader();
   for (int v = 0; v < h.count(); ++v) {
@@ -33,7 +33,7 @@ QModelIndex VistaParrilla::moveCursor(CursorAction accion, Qt::KeyboardModifiers
   return QTableView::moveCursor(accion, mandos);
 }
 
-// The end to which one jumps is chosen too: the row in hand is the one that is lit.
+// Home and End also select the row: the current row is always the highlighted one.
 QItemSelectionModel::SelectionFlags VistaParrilla::selectionCommand(const QModelIndex& indice,
                                                                     const QEvent* evento) const {
   const bool tecla = evento && evento->type() == QEvent::KeyPress;

@@ -1,6 +1,6 @@
-// The table of a grid with the keys that people expect of a list: Home and End go to the first and
-// last row, with Ctrl and the side arrows to the first and last column; Ctrl+Home and Ctrl+End to
-// the corners. The row that they lead to is chosen.
+// The table of a grid with the usual keys of a list: Home and End move to the first and last row,
+// Ctrl with the side arrows to the first and last column, Ctrl+Home and Ctrl+End to the corners.
+// The row reached is selected.
 #pragma once
 
 #include <QTableView>
@@ -10,8 +10,8 @@ namespace tarvo::ventanas {
 
 class VistaParrilla final : public QTableView {
  public:
-  // `completar` brings the rows that the model has not counted yet; it runs before the last row is
-  // looked for.
+  // `completar` loads the rows that the model has not counted yet; it is called before moving to
+  // the last row.
   VistaParrilla(QWidget* padre, std::function<void()> completar);
 
  protected:
