@@ -123,7 +123,11 @@ std::vector<qint64> TiendaDeLibros::responder(int numero, int addr, bool olvido)
 }
 
 void TiendaDeLibros::amanecer(int dias) {
-  reloj.avanzar(dias * 24 * 3600 * 1000LL);
+  masTarde(dias * 24 * 60);
+}
+
+void TiendaDeLibros::masTarde(int minutos) {
+  reloj.avanzar(minutos * 60'000LL);
   sesion().ponerEjecucion(++ejecucion, false);
 }
 

@@ -53,8 +53,9 @@ class TiendaDeLibros : public Tienda {
   totals::Contadores vendido(int numero) const;
   std::vector<qint64> responder(int numero, int addr, bool olvido);
   QString textoAvisos() const;
-  // The next day, with a new run.
+  // The next day, or later the same day, with a new run.
   void amanecer(int dias = 1);
+  void masTarde(int minutos);
   // From here on the periods hold all sales: the machines are empty.
   void desdeCero();
   // While the disk is full, by a trigger (the text after its name), nothing is memorised and group
