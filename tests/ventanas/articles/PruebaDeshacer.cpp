@@ -114,7 +114,8 @@ TEST(DeshacerCeldas, ConLoBorradoEnUnSoloOrden) {
 }
 
 // Pasting a column of prices from another program, and filling one price down into the selected
-// rows, are one undo step each. If a line is refused, none is written and the refused ones are named.
+// rows, are one undo step each. If a line is refused, none is written and the refused ones are
+// named.
 TEST(DeshacerCeldas, UnaColumnaDePrecios) {
   const struct {
     const char16_t* pegado;  // empty: the price is filled down
