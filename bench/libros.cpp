@@ -58,8 +58,8 @@ void leerGrupo(Lector& l, int grupo, const std::vector<QByteArray>& registros) {
     const maquinas::Total t = maquinas::vek::leerArticulo(r).value();
     filas[{t.numero, 0}] = {t.con, t.pes, t.imp, t.sco};
   }
-  bien(l.sesion.PrepararRecepcion(grupo, totals::kPLUs));
-  bien(l.sesion.guardarLectura(grupo, totals::kPLUs, lectura, l.avisos));
+  bien(l.sesion.PrepararRecepcion(grupo, TipoTotal::PLUs));
+  bien(l.sesion.guardarLectura(grupo, TipoTotal::PLUs, lectura, l.avisos));
 }
 
 // As many commits as a reading needs: the record of its beginning, and its rows.

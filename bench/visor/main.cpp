@@ -51,7 +51,7 @@ class Banco {
 
   ventanas::Ventana* abrir(int link) {
     auto* v =
-        escritorio_.ventanas().abrir(totals::PuertaVerCols{.link = link, .clase = totals::kPLUs});
+        escritorio_.ventanas().abrir(totals::PuertaVerCols{.link = link, .clase = TipoTotal::PLUs});
     v->resize(1366, 720);
     return v;
   }

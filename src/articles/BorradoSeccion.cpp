@@ -7,6 +7,7 @@
 namespace tarvo::articles {
 
 using namespace Qt::StringLiterals;
+using dao::conMarcas;
 using dao::Transaccion;
 
 namespace {
@@ -36,6 +37,11 @@ QString guardada(QStringView tabla, int seccion) {
 }
 QString guardada(const Parte& p, int seccion) {
   return guardada(QStringView(p.tabla), seccion);
+}
+
+Resultado<> soltarTabla(dao::Database& db, const QString& tabla) {
+  TARVO_INTENTAR(db.ejecutar(conMarcas(u"DROP TABLE IF EXISTS {tabla}", {{u"tabla", tabla}})));
+  return {};
 }
 
 // All tables of other rooms, one after the other.
@@ -73,25 +79,28 @@ Resultado<QString> BorradoSeccion::borrar(const QString& carpeta, Fecha ahora) {
 
 Resultado<> BorradoSeccion::guardar() {
   for (const Parte& p : kPartes)
-    TARVO_INTENTAR(db_.ejecutar(u"CREATE TEMP TABLE %1 AS SELECT %2 FROM [%3] WHERE %4"_s.arg(
-                                    guardada(p, seccion_), QStringView(p.columnas),
-                                    QStringView(p.tabla), QStringView(p.donde)),
-                                seccion_));
+    TARVO_INTENTAR(db_.ejecutar(
+        conMarcas(u"CREATE TEMP TABLE {guardada} AS SELECT {columnas} FROM [{tabla}] WHERE {donde}",
+                  {{u"guardada", guardada(p, seccion_)},
+                   {u"columnas", QString::fromUtf16(p.columnas)},
+                   {u"tabla", QString::fromUtf16(p.tabla)},
+                   {u"donde", QString::fromUtf16(p.donde)}}),
+        seccion_));
   return conAjenas(secciones_.cambios(), [&](const Cambios::TablaAjena& a) -> Resultado<> {
     TARVO_INTENTAR(db_.ejecutar(
-        u"CREATE TEMP TABLE %1 AS SELECT * FROM [%2] WHERE %3GRUPO IN (SELECT CODGPO "
-        "FROM GRUPOS WHERE SECCION=?)"_s.arg(guardada(a.tabla, seccion_), a.tabla, a.donde),
+        conMarcas(
+            u"CREATE TEMP TABLE {guardada} AS SELECT * FROM [{tabla}] WHERE {donde}GRUPO IN "
+            u"(SELECT CODGPO FROM GRUPOS WHERE SECCION=?)",
+            {{u"guardada", guardada(a.tabla, seccion_)}, {u"tabla", a.tabla}, {u"donde", a.donde}}),
         seccion_));
     return {};
   });
 }
 
 Resultado<> BorradoSeccion::soltar() {
-  for (const Parte& p : kPartes)
-    TARVO_INTENTAR(db_.ejecutar(u"DROP TABLE IF EXISTS "_s + guardada(p, seccion_)));
+  for (const Parte& p : kPartes) TARVO_INTENTAR(soltarTabla(db_, guardada(p, seccion_)));
   return conAjenas(secciones_.cambios(), [&](const Cambios::TablaAjena& a) -> Resultado<> {
-    TARVO_INTENTAR(db_.ejecutar(u"DROP TABLE IF EXISTS "_s + guardada(a.tabla, seccion_)));
-    return {};
+    return soltarTabla(db_, guardada(a.tabla, seccion_));
   });
 }
 
@@ -100,15 +109,19 @@ Resultado<> BorradoSeccion::reponer() {
   for (const Parte& p : kPartes) {
     const QString columnas =
         QStringView(p.columnas) == u"*" ? QString() : u" (%1)"_s.arg(QStringView(p.columnas));
-    const auto hecho = db_.ejecutar(u"INSERT INTO [%1]%2 SELECT * FROM %3"_s.arg(
-        QStringView(p.tabla), columnas, guardada(p, seccion_)));
+    const auto hecho =
+        db_.ejecutar(conMarcas(u"INSERT INTO [{tabla}]{columnas} SELECT * FROM {guardada}",
+                               {{u"tabla", QString::fromUtf16(p.tabla)},
+                                {u"columnas", columnas},
+                                {u"guardada", guardada(p, seccion_)}}));
     if (!hecho && hecho.error().clase == Fallo::Duplicado)
       return fallo(Fallo::Duplicado, textos_(kTxSeccionNoVuelve, {seccion_}));
     if (!hecho) return std::unexpected(hecho.error());
   }
   const auto reponer = [&](const Cambios::TablaAjena& a) -> Resultado<> {
-    TARVO_INTENTAR(db_.ejecutar(
-        u"INSERT INTO [%1] SELECT * FROM %2"_s.arg(a.tabla, guardada(a.tabla, seccion_))));
+    TARVO_INTENTAR(
+        db_.ejecutar(conMarcas(u"INSERT INTO [{tabla}] SELECT * FROM {guardada}",
+                               {{u"tabla", a.tabla}, {u"guardada", guardada(a.tabla, seccion_)}})));
     return {};
   };
   TARVO_INTENTAR(conAjenas(secciones_.cambios(), reponer));

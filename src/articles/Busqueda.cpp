@@ -30,10 +30,12 @@ Condicion condicionBusqueda(const QString& texto) {
     // Leading zeros belong to the displayed code; without them the number itself will do.
     const QString codigo = palabra.startsWith(u'0') ? u"format(CODPLU,'0000000')"_s : u"CODPLU"_s;
     const QString una =
-        cifras
-            ? u"instr(NOMPLU,?)>0 or instr("_s + codigo +
-                  u",?)>0 or instr(CodBarExt,?)>0 or (CodBarExt is null and instr(PFX_BAR & format(CODPLU,'000000'),?)>0)"_s
-            : u"NOMPLU like ? or CodBarExt like ?"_s;
+        cifras ? dao::conMarcas(
+                     u"instr(NOMPLU,?)>0 or instr({codigo},?)>0 or instr(CodBarExt,?)>0 "
+                     u"or (CodBarExt is null and instr(PFX_BAR & "
+                     u"format(CODPLU,'000000'),?)>0)",
+                     {{u"codigo", codigo}})
+               : u"NOMPLU like ? or CodBarExt like ?"_s;
     c.sql += (c.sql.isEmpty() ? u"("_s : u" and ("_s) + una + u')';
     c.valores.insert(c.valores.end(), cifras ? 4 : 2,
                      cifras ? dao::Valor(palabra) : dao::Valor(patron(palabra)));

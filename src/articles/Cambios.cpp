@@ -57,11 +57,12 @@ Resultado<> Cambios::ArticuloLlega(ClaveArticulo clave) {
 }
 
 Resultado<> Cambios::ArticulosLlegan(QStringView claves, std::span<const dao::Valor> parametros) {
-  for (const char16_t* suyo :
-       {u"OFERTAS WHERE (SECCION, CODIGO)", u"HistoriaPrecios WHERE (SECCION, CODPLU)",
-        u"[Cross] WHERE (Secc, plu)"})
-    TARVO_INTENTAR(db_.Execute(
-        QStringLiteral("DELETE FROM %1 IN (%2)").arg(QStringView(suyo), claves), parametros));
+  for (const QStringView borrar :
+       {u"DELETE FROM OFERTAS WHERE (SECCION, CODIGO) IN ({claves})",
+        u"DELETE FROM HistoriaPrecios WHERE (SECCION, CODPLU) IN ({claves})",
+        u"DELETE FROM [Cross] WHERE (Secc, plu) IN ({claves})"})
+    TARVO_INTENTAR(
+        db_.Execute(dao::conMarcas(borrar, {{u"claves", claves.toString()}}), parametros));
   return {};
 }
 

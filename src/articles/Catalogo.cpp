@@ -16,10 +16,10 @@ Resultado<std::unique_ptr<dao::Recordset>> abrir(dao::Database& db) {
 constexpr size_t kPorLectura = 250;  // codes per query
 
 const QString& leerVariosSql() {
-  static const QString sql =
-      QStringLiteral("SELECT %1 FROM PLUSES WHERE SECCION=? AND CODPLU IN (%2) ORDER BY CODPLU")
-          .arg(columnasArticulo().join(QStringLiteral(", ")),
-               QStringLiteral("?, ").repeated(kPorLectura).chopped(2));
+  static const QString sql = dao::conMarcas(
+      u"SELECT {columnas} FROM PLUSES WHERE SECCION=? AND CODPLU IN ({codigos}) ORDER BY CODPLU",
+      {{u"columnas", columnasArticulo().join(QStringLiteral(", "))},
+       {u"codigos", QStringLiteral("?, ").repeated(kPorLectura).chopped(2)}});
   return sql;
 }
 
@@ -47,12 +47,10 @@ Resultado<std::vector<Articulo>> Catalogo::leerVarios(std::span<const ClaveArtic
     for (; i < claves.size() && claves[i].seccion == seccion && valores.size() <= kPorLectura; ++i)
       valores.emplace_back(claves[i].codigo);
     valores.resize(kPorLectura + 1, valores.back());
-    TARVO_TOMAR(auto rs, db_.OpenQuery(leerVariosSql(), valores));
-    const ColumnasArticulo columnas(*rs);
-    while (!rs->Eof()) {
-      salida.push_back(columnas.leer(*rs));
-      TARVO_INTENTAR(rs->MoveNext());
-    }
+    TARVO_TOMAR(const auto filas, db_.OpenQuery(leerVariosSql(), valores));
+    const ColumnasArticulo columnas(*filas);
+    TARVO_INTENTAR(dao::recorrer(
+        *filas, [&](const dao::Recordset& fila) { salida.push_back(columnas.leer(fila)); }));
   }
   return salida;
 }

@@ -50,8 +50,9 @@ Resultado<bool> CopiaSeccion::paso(qint64& hechos, qint64& total) {
   const QString demas = columnasArticulo().mid(1).join(u", "_s);
   TARVO_TOMAR(
       const auto copiados,
-      db_.ejecutar(QString(u"INSERT INTO PLUSES (SECCION, "_s + demas + u") SELECT ?, "_s + demas +
-                           u" FROM PLUSES WHERE SECCION=? AND CODPLU>? AND CODPLU<=?"_s),
+      db_.ejecutar(dao::conMarcas(u"INSERT INTO PLUSES (SECCION, {demas}) SELECT ?, {demas} FROM "
+                                  u"PLUSES WHERE SECCION=? AND CODPLU>? AND CODPLU<=?",
+                                  {{u"demas", demas}}),
                    destino_, origen_, ultimo_, hasta.entero()));
   ultimo_ = hasta.entero();
   hechos += copiados;

@@ -40,23 +40,18 @@ qint64 Existencia::valoracion(int cada, qint64 coste) const {
 }
 
 Resultado<std::vector<Existencia>> leerExistencias(dao::Database& db, ClaveArticulo clave) {
-  TARVO_TOMAR(
-      auto rs,
+  return dao::reunir(
       db.consultar(
           u"SELECT a.CODALM, a.NOMALM, m.Inicial, m.Compra, m.Venta, m.Entrada, m.Salida, m.Merma "
-          u"FROM "
-          u"ALMACEN AS a LEFT JOIN MovsAlm AS m ON (m.CODALM=a.CODALM) AND (m.SECCION=?) AND "
+          u"FROM ALMACEN AS a LEFT JOIN MovsAlm AS m ON (m.CODALM=a.CODALM) AND (m.SECCION=?) AND "
           u"(m.CODIGO=?) ORDER BY a.CODALM",
-          clave.seccion, clave.codigo));
-  std::vector<Existencia> lista;
-  while (!rs->Eof()) {
-    Existencia e{.almacen = static_cast<int>(rs->entero(0)), .nombre = rs->texto(1)};
-    for (size_t i = 0; i < kContadores.size(); ++i)
-      e.*kContadores[i].second = rs->entero(static_cast<int>(i) + 2);
-    lista.push_back(std::move(e));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return lista;
+          clave.seccion, clave.codigo),
+      [](const dao::Recordset& fila) {
+        Existencia e{.almacen = static_cast<int>(fila.entero(0)), .nombre = fila.texto(1)};
+        for (size_t i = 0; i < kContadores.size(); ++i)
+          e.*kContadores[i].second = fila.entero(static_cast<int>(i) + 2);
+        return e;
+      });
 }
 
 Resultado<> ponerExistencias(dao::Database& db, ClaveArticulo clave,

@@ -3,21 +3,31 @@
 namespace tarvo::articles::lotesql {
 
 using namespace Qt::StringLiterals;
+using dao::conMarcas;
 
 namespace {
 
+// Condition: two rows have the same in all these columns.
+QString iguales(const QStringList& columnas, const QString& una, const QString& otra) {
+  QStringList cada;
+  for (const QString& c : columnas)
+    cada << conMarcas(u"{una}.{columna} IS NOT DISTINCT FROM {otra}.{columna}",
+                      {{u"una", una}, {u"columna", c}, {u"otra", otra}});
+  return cada.join(u" AND ");
+}
+
 // Condition: the article of a row of LoteAntes is now as in `otra`, another row of its key.
 QString estaComo(const QString& otra) {
-  QStringList iguales;
-  for (const QString& c : columnasArticulo())
-    iguales << u"P.%1 IS NOT DISTINCT FROM %2.%1"_s.arg(c, otra);
-  return u"((%1.HABIA=1 AND EXISTS (SELECT 1 FROM PLUSES P WHERE P.SECCION=%1.SECCION AND "
-         u"P.CODPLU=%1.CODPLU AND %2)) OR (%1.HABIA=0 AND NOT EXISTS (SELECT 1 FROM PLUSES P WHERE "
-         u"P.SECCION=%1.SECCION AND P.CODPLU=%1.CODPLU)))"_s.arg(otra, iguales.join(u" AND "));
+  return conMarcas(
+      u"(({otra}.HABIA=1 AND EXISTS (SELECT 1 FROM PLUSES P WHERE P.SECCION={otra}.SECCION AND "
+      u"P.CODPLU={otra}.CODPLU AND {iguales})) OR ({otra}.HABIA=0 AND NOT EXISTS (SELECT 1 FROM "
+      u"PLUSES P WHERE P.SECCION={otra}.SECCION AND P.CODPLU={otra}.CODPLU)))",
+      {{u"otra", otra}, {u"iguales", iguales(columnasArticulo(), u"P"_s, otra)}});
 }
 
 Resultado<> marcar(dao::Database& db, qint64 lote, Que que, const QString& condicion) {
-  TARVO_INTENTAR(db.ejecutar(u"UPDATE LoteAntes SET QUE=? WHERE LOTE=? AND (%1)"_s.arg(condicion),
+  TARVO_INTENTAR(db.ejecutar(conMarcas(u"UPDATE LoteAntes SET QUE=? WHERE LOTE=? AND ({condicion})",
+                                       {{u"condicion", condicion}}),
                              static_cast<int>(que), lote));
   return {};
 }
@@ -26,17 +36,18 @@ Resultado<> marcar(dao::Database& db, qint64 lote, Que que, const QString& condi
 // stock.
 Resultado<> apartarAjenos(dao::Database& db, qint64 lote) {
   const QString anotado =
-      u"EXISTS (SELECT 1 FROM LoteDespues D WHERE D.LOTE=LoteAntes.LOTE AND "
-      u"D.SECCION=LoteAntes.SECCION AND D.CODPLU=LoteAntes.CODPLU"_s;
-  TARVO_INTENTAR(marcar(db, lote, Que::Dejar,
-                        u"QUE>0 AND %1) AND NOT %1 AND %2)"_s.arg(anotado, estaComo(u"D"_s))));
-  QStringList iguales;
-  for (const QString& c : contadores()) iguales << u"X.%1 IS NOT DISTINCT FROM M.%1"_s.arg(c);
-  return marcar(db, lote, Que::Dejar,
-                u"QUE=2 AND %1) AND EXISTS (SELECT 1 FROM MovsAlm M WHERE "
+      u"SELECT 1 FROM LoteDespues D WHERE D.LOTE=LoteAntes.LOTE AND D.SECCION=LoteAntes.SECCION "
+      u"AND D.CODPLU=LoteAntes.CODPLU"_s;
+  TARVO_INTENTAR(
+      marcar(db, lote, Que::Dejar,
+             conMarcas(u"QUE>0 AND EXISTS ({anotado}) AND NOT EXISTS ({anotado} AND {igual})",
+                       {{u"anotado", anotado}, {u"igual", estaComo(u"D"_s)}})));
+  return marcar(
+      db, lote, Que::Dejar,
+      conMarcas(u"QUE=2 AND EXISTS ({anotado}) AND EXISTS (SELECT 1 FROM MovsAlm M WHERE "
                 u"M.SECCION=LoteAntes.SECCION AND M.CODIGO=LoteAntes.CODPLU AND NOT EXISTS (SELECT "
-                u"1 FROM LoteMovs X WHERE X.LOTE=LoteAntes.LOTE AND X.ANTES=0 AND %2))"_s.arg(
-                    anotado, iguales.join(u" AND ")));
+                u"1 FROM LoteMovs X WHERE X.LOTE=LoteAntes.LOTE AND X.ANTES=0 AND {iguales}))",
+                {{u"anotado", anotado}, {u"iguales", iguales(contadores(), u"X"_s, u"M"_s)}}));
 }
 
 // Bar codes now held by articles outside the undoing. Leaving one article alone may keep the bar
@@ -98,12 +109,18 @@ Resultado<qint64> apartarTramo(dao::Database& db, qint64 lote, qint64 aqui, int 
 }
 
 Resultado<> clasificar(dao::Database& db, qint64 lote) {
-  const QString esta =
-      u"EXISTS (SELECT 1 FROM PLUSES P WHERE P.SECCION=LoteAntes.SECCION AND P.CODPLU=LoteAntes.CODPLU)"_s;
+  const auto conEsta = [](QStringView condicion) {
+    return conMarcas(condicion, {{u"esta",
+                                  u"EXISTS (SELECT 1 FROM PLUSES P WHERE "
+                                  u"P.SECCION=LoteAntes.SECCION AND "
+                                  u"P.CODPLU=LoteAntes.CODPLU)"_s}});
+  };
   TARVO_INTENTAR(marcar(db, lote, Que::Nada, u"1=1"_s));
-  TARVO_INTENTAR(marcar(db, lote, Que::Quitar, u"HABIA=0 AND "_s + esta));
-  TARVO_INTENTAR(marcar(db, lote, Que::Reponer, u"HABIA=1 AND NOT "_s + estaComo(u"LoteAntes"_s)));
-  TARVO_INTENTAR(marcar(db, lote, Que::Reinsertar, u"QUE=1 AND NOT "_s + esta));
+  TARVO_INTENTAR(marcar(db, lote, Que::Quitar, conEsta(u"HABIA=0 AND {esta}")));
+  TARVO_INTENTAR(
+      marcar(db, lote, Que::Reponer,
+             conMarcas(u"HABIA=1 AND NOT {igual}", {{u"igual", estaComo(u"LoteAntes"_s)}})));
+  TARVO_INTENTAR(marcar(db, lote, Que::Reinsertar, conEsta(u"QUE=1 AND NOT {esta}")));
   TARVO_INTENTAR(apartarAjenos(db, lote));
   TARVO_INTENTAR(
       marcar(db, lote, Que::Dejar,
@@ -112,27 +129,26 @@ Resultado<> clasificar(dao::Database& db, qint64 lote) {
 }
 
 Resultado<std::vector<ClaveArticulo>> claves(dao::Database& db, qint64 lote, Que que) {
-  TARVO_TOMAR(
-      auto rs,
+  return dao::reunir(
       db.consultar(
           u"SELECT SECCION, CODPLU FROM LoteAntes WHERE LOTE=? AND QUE=? ORDER BY SECCION, CODPLU",
-          lote, static_cast<int>(que)));
-  std::vector<ClaveArticulo> salida;
-  for (auto& r = *rs; !r.Eof();) {
-    salida.push_back({static_cast<int>(r.entero(0)), r.entero(1)});
-    TARVO_INTENTAR(r.MoveNext());
-  }
-  return salida;
+          lote, static_cast<int>(que)),
+      [](const dao::Recordset& fila) {
+        return ClaveArticulo{static_cast<int>(fila.entero(0)), fila.entero(1)};
+      });
 }
 
 Resultado<> anotarPrecios(dao::Database& db, qint64 lote, const Firma& firma) {
   for (int nivel = 0; nivel < kNiveles; ++nivel)
     for (int tarifa = 0; tarifa < kTarifas; ++tarifa)
       TARVO_INTENTAR(db.ejecutar(
-          u"INSERT INTO HistoriaPrecios (SECCION, CODPLU, NIVEL, TARIFA, ANTES, AHORA, CUANDO, "
-          u"QUIEN, VENTANA) SELECT L.SECCION, L.CODPLU, ?, ?, ifnull(P.%1, 0), L.%1, ?, ?, ? FROM "
-          u"LoteAntes L INNER JOIN PLUSES P ON P.SECCION=L.SECCION AND P.CODPLU=L.CODPLU WHERE "
-          u"L.LOTE=? AND L.QUE=1 AND ifnull(P.%1, 0)<>L.%1"_s.arg(columnaPrecio(nivel, tarifa)),
+          conMarcas(
+              u"INSERT INTO HistoriaPrecios (SECCION, CODPLU, NIVEL, TARIFA, ANTES, AHORA, CUANDO, "
+              u"QUIEN, VENTANA) SELECT L.SECCION, L.CODPLU, ?, ?, ifnull(P.{precio}, 0), "
+              u"L.{precio}, ?, ?, ? FROM LoteAntes L INNER JOIN PLUSES P ON P.SECCION=L.SECCION "
+              u"AND P.CODPLU=L.CODPLU WHERE L.LOTE=? AND L.QUE=1 AND ifnull(P.{precio}, "
+              u"0)<>L.{precio}",
+              {{u"precio", columnaPrecio(nivel, tarifa)}}),
           nivel, tarifa, firma.cuando, firma.quien, firma.ventana, lote));
   return {};
 }
@@ -158,18 +174,22 @@ Resultado<> reponer(dao::Database& db, qint64 lote) {
   QStringList valores;
   for (const QString& c : columnasArticulo().mid(2)) valores << u"%1=L.%1"_s.arg(c);
   TARVO_INTENTAR(
-      db.ejecutar(u"UPDATE PLUSES SET %1 FROM LoteAntes L WHERE L.LOTE=? AND L.QUE=1 AND "
-                  u"PLUSES.SECCION=L.SECCION AND PLUSES.CODPLU=L.CODPLU"_s.arg(valores.join(u", ")),
+      db.ejecutar(conMarcas(u"UPDATE PLUSES SET {valores} FROM LoteAntes L WHERE L.LOTE=? AND "
+                            u"L.QUE=1 AND PLUSES.SECCION=L.SECCION AND PLUSES.CODPLU=L.CODPLU",
+                            {{u"valores", valores.join(u", ")}}),
                   lote));
   TARVO_INTENTAR(
-      db.ejecutar(u"INSERT INTO PLUSES (%1) SELECT %1 FROM LoteAntes WHERE LOTE=? AND QUE=4"_s.arg(
-                      columnasArticulo().join(u", ")),
+      db.ejecutar(conMarcas(u"INSERT INTO PLUSES ({columnas}) SELECT {columnas} FROM LoteAntes "
+                            u"WHERE LOTE=? AND QUE=4",
+                            {{u"columnas", columnasArticulo().join(u", ")}}),
                   lote));
   TARVO_INTENTAR(db.ejecutar(
-      u"INSERT INTO MovsAlm (%1) SELECT M.%2 FROM LoteMovs M INNER JOIN LoteAntes L ON "
-      u"L.LOTE=M.LOTE AND L.SECCION=M.SECCION AND L.CODPLU=M.CODIGO WHERE M.LOTE=? AND M.ANTES=1 "
-      u"AND L.QUE=4 AND EXISTS (SELECT 1 FROM ALMACEN A WHERE A.CODALM=M.CODALM)"_s.arg(
-          contadores().join(u", "), contadores().join(u", M.")),
+      conMarcas(
+          u"INSERT INTO MovsAlm ({contadores}) SELECT M.{guardados} FROM LoteMovs M INNER "
+          u"JOIN LoteAntes L ON L.LOTE=M.LOTE AND L.SECCION=M.SECCION AND "
+          u"L.CODPLU=M.CODIGO WHERE M.LOTE=? AND M.ANTES=1 AND L.QUE=4 AND EXISTS (SELECT 1 "
+          u"FROM ALMACEN A WHERE A.CODALM=M.CODALM)",
+          {{u"contadores", contadores().join(u", ")}, {u"guardados", contadores().join(u", M.")}}),
       lote));
   return {};
 }

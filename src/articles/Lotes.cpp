@@ -6,6 +6,7 @@
 namespace tarvo::articles {
 
 using namespace Qt::StringLiterals;
+using dao::conMarcas;
 using dao::Transaccion;
 using dao::Valor;
 
@@ -16,23 +17,35 @@ constexpr qint64 kTramo = 0;  // the batch of articles currently being restored;
 constexpr size_t kNombrados = 20;  // articles in a sentence
 constexpr int kPorTramo = 200, kPorBarrido = 1000;
 
-// Stock rows are found by the key of their article: a shop has tens of thousands.
-struct Guardado {
+// The statements for the rows of a batch: of articles, and of their stock.
+struct Ordenes {
   QString articulos, movimientos;
 };
-Guardado guardadoDonde(QStringView condicion) {
-  const QString faltan =
-      u" FROM PLUSES WHERE CODPLU>=%1 AND (%2) AND NOT EXISTS (SELECT 1 FROM LoteAntes L WHERE "
-      u"L.LOTE=? AND L.SECCION=PLUSES.SECCION AND L.CODPLU=PLUSES.CODPLU)"_s.arg(kPrimerCodigo)
-          .arg(condicion);
-  return {u"INSERT INTO LoteAntes (LOTE, HABIA, %1) SELECT ?, 1, %1%2"_s.arg(
-              columnasArticulo().join(u", "), faltan),
-          u"INSERT INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 1, M.%2 FROM (SELECT SECCION AS SEC, "
-          u"CODPLU AS COD%3) K CROSS JOIN MovsAlm M ON M.SECCION=K.SEC AND M.CODIGO=K.COD"_s.arg(
-              lotesql::contadores().join(u", "), lotesql::contadores().join(u", M."), faltan)};
+
+// The columns of stock rows: as they are, and each of row M.
+QString contadores() {
+  return lotesql::contadores().join(u", ");
+}
+QString contadoresDeM() {
+  return u"M."_s + lotesql::contadores().join(u", M.");
 }
 
-Resultado<> guardarCon(dao::Database& db, const Guardado& como, qint64 lote,
+// Stock rows are found by the key of their article: a shop has tens of thousands.
+Ordenes guardadoDonde(QStringView condicion) {
+  const QString faltan = conMarcas(
+      u"FROM PLUSES WHERE CODPLU>={primero} AND ({condicion}) AND NOT EXISTS (SELECT 1 FROM "
+      u"LoteAntes L WHERE L.LOTE=? AND L.SECCION=PLUSES.SECCION AND L.CODPLU=PLUSES.CODPLU)",
+      {{u"primero", QString::number(kPrimerCodigo)}, {u"condicion", condicion.toString()}});
+  return {
+      conMarcas(u"INSERT INTO LoteAntes (LOTE, HABIA, {columnas}) SELECT ?, 1, {columnas} {faltan}",
+                {{u"columnas", columnasArticulo().join(u", ")}, {u"faltan", faltan}}),
+      conMarcas(u"INSERT INTO LoteMovs (LOTE, ANTES, {contadores}) SELECT ?, 1, {deM} FROM "
+                u"(SELECT SECCION AS SEC, CODPLU AS COD {faltan}) K CROSS JOIN MovsAlm M ON "
+                u"M.SECCION=K.SEC AND M.CODIGO=K.COD",
+                {{u"contadores", contadores()}, {u"deM", contadoresDeM()}, {u"faltan", faltan}})};
+}
+
+Resultado<> guardarCon(dao::Database& db, const Ordenes& como, qint64 lote,
                        std::span<const Valor> parametros) {
   std::vector<Valor> valores{lote};
   valores.insert(valores.end(), parametros.begin(), parametros.end());
@@ -61,15 +74,16 @@ Resultado<qint64> Lotes::empezar(const QString& ventana) {
 Resultado<> Lotes::barrer() {
   for (const QString& tabla : lotesql::tablas())
     TARVO_INTENTAR(
-        db_.ejecutar(u"DELETE FROM %1 WHERE rowid IN (SELECT rowid FROM %1 WHERE LOTE<=(SELECT "
-                     u"max(LOTE) FROM LoteArticulos)-? LIMIT ?)"_s.arg(tabla),
+        db_.ejecutar(conMarcas(u"DELETE FROM {tabla} WHERE rowid IN (SELECT rowid FROM {tabla} "
+                               u"WHERE LOTE<=(SELECT max(LOTE) FROM LoteArticulos)-? LIMIT ?)",
+                               {{u"tabla", tabla}}),
                      kLotesGuardados, kPorBarrido));
   return {};
 }
 
 Resultado<> Lotes::guardar(qint64 lote, ClaveArticulo clave) {
   if (clave.deSistema()) return {};
-  static const Guardado kUno = guardadoDonde(u"SECCION=? AND CODPLU=?");
+  static const Ordenes kUno = guardadoDonde(u"SECCION=? AND CODPLU=?");
   const std::array<Valor, 2> articulo{clave.seccion, clave.codigo};
   TARVO_INTENTAR(guardarCon(db_, kUno, lote, articulo));
   return guardarNuevo(lote, clave);
@@ -91,58 +105,68 @@ Resultado<> Lotes::guardarDonde(qint64 lote, QStringView condicion,
 }
 
 Resultado<> Lotes::guardarTodos(qint64 lote, const QString& tabla) {
-  const QString faltan =
-      u"FROM %1 T CROSS JOIN PLUSES P ON P.SECCION=T.SECCION AND P.CODPLU=T.CODPLU WHERE T.HABIA=1 "
-      u"AND NOT EXISTS (SELECT 1 FROM LoteAntes L WHERE L.LOTE=? AND L.SECCION=T.SECCION AND "
-      u"L.CODPLU=T.CODPLU)"_s.arg(tabla);
-  const QStringList& articulo = columnasArticulo();
-  const QStringList stock = lotesql::contadores();
+  const QString faltan = conMarcas(
+      u"FROM {tabla} T CROSS JOIN PLUSES P ON P.SECCION=T.SECCION AND P.CODPLU=T.CODPLU WHERE "
+      u"T.HABIA=1 AND NOT EXISTS (SELECT 1 FROM LoteAntes L WHERE L.LOTE=? AND "
+      u"L.SECCION=T.SECCION AND L.CODPLU=T.CODPLU)",
+      {{u"tabla", tabla}});
   TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 1, M.%2 FROM (SELECT T.SECCION AS SEC, "
-      u"T.CODPLU AS COD %3) K CROSS JOIN MovsAlm M ON M.SECCION=K.SEC AND M.CODIGO=K.COD"_s.arg(
-          stock.join(u", "), stock.join(u", M."), faltan),
+      conMarcas(u"INSERT INTO LoteMovs (LOTE, ANTES, {contadores}) SELECT ?, 1, {deM} FROM (SELECT "
+                u"T.SECCION AS SEC, T.CODPLU AS COD {faltan}) K CROSS JOIN MovsAlm M ON "
+                u"M.SECCION=K.SEC AND M.CODIGO=K.COD",
+                {{u"contadores", contadores()}, {u"deM", contadoresDeM()}, {u"faltan", faltan}}),
       lote, lote));
-  TARVO_INTENTAR(db_.ejecutar(u"INSERT INTO LoteAntes (LOTE, HABIA, %1) SELECT ?, 1, P.%2 %3"_s.arg(
-                                  articulo.join(u", "), articulo.join(u", P."), faltan),
-                              lote, lote));
   TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO LoteAntes (LOTE, HABIA, SECCION, CODPLU) SELECT ?, 0, SECCION, "
-      u"CODPLU FROM %1 WHERE HABIA=0 ON CONFLICT (LOTE, SECCION, CODPLU) DO NOTHING"_s.arg(tabla),
+      conMarcas(u"INSERT INTO LoteAntes (LOTE, HABIA, {columnas}) SELECT ?, 1, P.{deP} {faltan}",
+                {{u"columnas", columnasArticulo().join(u", ")},
+                 {u"deP", columnasArticulo().join(u", P.")},
+                 {u"faltan", faltan}}),
+      lote, lote));
+  TARVO_INTENTAR(db_.ejecutar(
+      conMarcas(u"INSERT INTO LoteAntes (LOTE, HABIA, SECCION, CODPLU) SELECT ?, 0, SECCION, "
+                u"CODPLU FROM {tabla} WHERE HABIA=0 ON CONFLICT (LOTE, SECCION, CODPLU) DO NOTHING",
+                {{u"tabla", tabla}}),
       lote));
   return {};
 }
 
 Resultado<> Lotes::anotarTodos(qint64 lote, const QString& tabla) {
-  const QStringList& articulo = columnasArticulo();
-  const QStringList stock = lotesql::contadores();
   TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT OR REPLACE INTO LoteMovs (LOTE, ANTES, %1) SELECT ?, 0, M.%2 FROM %3 T CROSS JOIN "
-      u"MovsAlm M ON M.SECCION=T.SECCION AND M.CODIGO=T.CODPLU"_s.arg(stock.join(u", "),
-                                                                      stock.join(u", M."), tabla),
+      conMarcas(u"INSERT OR REPLACE INTO LoteMovs (LOTE, ANTES, {contadores}) SELECT ?, 0, {deM} "
+                u"FROM {tabla} T CROSS JOIN MovsAlm M ON M.SECCION=T.SECCION AND M.CODIGO=T.CODPLU",
+                {{u"contadores", contadores()}, {u"deM", contadoresDeM()}, {u"tabla", tabla}}),
       lote));
-  TARVO_INTENTAR(
-      db_.ejecutar(u"INSERT OR REPLACE INTO LoteDespues (LOTE, HABIA, %1) SELECT ?, 1, %1 FROM "
-                   u"%2"_s.arg(articulo.join(u", "), tabla),
-                   lote));
+  TARVO_INTENTAR(db_.ejecutar(
+      conMarcas(u"INSERT OR REPLACE INTO LoteDespues (LOTE, HABIA, {columnas}) SELECT ?, 1, "
+                u"{columnas} FROM {tabla}",
+                {{u"columnas", columnasArticulo().join(u", ")}, {u"tabla", tabla}}),
+      lote));
   return {};
 }
 
 namespace {
 
 // The state of the articles of a condition on LoteAntes L for which none was noted so far.
-Resultado<> anotarDonde(dao::Database& db, QStringView donde, std::span<const Valor> valores) {
+Ordenes anotadoDonde(QStringView condicion) {
   const QStringList columnas = columnasArticulo().mid(2);
-  TARVO_INTENTAR(db.Execute(
-      u"INSERT INTO LoteMovs (LOTE, ANTES, %1) SELECT L.LOTE, 0, M.%2 FROM LoteAntes L INNER JOIN "
-      u"MovsAlm M ON M.SECCION=L.SECCION AND M.CODIGO=L.CODPLU WHERE %3"_s.arg(
-          lotesql::contadores().join(u", "), lotesql::contadores().join(u", M."), donde),
-      valores));
-  TARVO_INTENTAR(db.Execute(
-      u"INSERT INTO LoteDespues (LOTE, HABIA, SECCION, CODPLU, %1) SELECT L.LOTE, P.CODPLU IS NOT "
-      u"NULL, L.SECCION, L.CODPLU, P.%2 FROM LoteAntes L LEFT JOIN PLUSES P ON "
-      u"P.SECCION=L.SECCION AND P.CODPLU=L.CODPLU WHERE %3"_s.arg(columnas.join(u", "),
-                                                                  columnas.join(u", P."), donde),
-      valores));
+  const QString donde = condicion.toString();
+  return {
+      conMarcas(
+          u"INSERT INTO LoteDespues (LOTE, HABIA, SECCION, CODPLU, {columnas}) SELECT L.LOTE, "
+          u"P.CODPLU IS NOT NULL, L.SECCION, L.CODPLU, P.{deP} FROM LoteAntes L LEFT JOIN "
+          u"PLUSES P ON P.SECCION=L.SECCION AND P.CODPLU=L.CODPLU WHERE {donde}",
+          {{u"columnas", columnas.join(u", ")},
+           {u"deP", columnas.join(u", P.")},
+           {u"donde", donde}}),
+      conMarcas(u"INSERT INTO LoteMovs (LOTE, ANTES, {contadores}) SELECT L.LOTE, 0, {deM} FROM "
+                u"LoteAntes L INNER JOIN MovsAlm M ON M.SECCION=L.SECCION AND M.CODIGO=L.CODPLU "
+                u"WHERE {donde}",
+                {{u"contadores", contadores()}, {u"deM", contadoresDeM()}, {u"donde", donde}})};
+}
+
+Resultado<> anotarCon(dao::Database& db, const Ordenes& como, std::span<const Valor> valores) {
+  TARVO_INTENTAR(db.Execute(como.movimientos, valores));
+  TARVO_INTENTAR(db.Execute(como.articulos, valores));
   return {};
 }
 
@@ -151,7 +175,8 @@ Resultado<> anotarDonde(dao::Database& db, QStringView donde, std::span<const Va
 Resultado<> Lotes::anotar(qint64 lote, ClaveArticulo clave) {
   if (clave.deSistema()) return {};
   const std::array<Valor, 3> valores{lote, clave.seccion, clave.codigo};
-  return anotarDonde(db_, u"L.LOTE=? AND L.SECCION=? AND L.CODPLU=?", valores);
+  static const Ordenes kUno = anotadoDonde(u"L.LOTE=? AND L.SECCION=? AND L.CODPLU=?");
+  return anotarCon(db_, kUno, valores);
 }
 
 Resultado<> Lotes::acabar(qint64 lote) {
@@ -163,10 +188,10 @@ Resultado<> Lotes::acabar(qint64 lote) {
                       lote, lote));
   if (faltan.entero() > 0)
     TARVO_INTENTAR(
-        anotarDonde(db_,
-                    u"L.LOTE=? AND NOT EXISTS (SELECT 1 FROM LoteDespues D WHERE D.LOTE=L.LOTE AND "
-                    u"D.SECCION=L.SECCION AND D.CODPLU=L.CODPLU)",
-                    valores));
+        anotarCon(db_,
+                  anotadoDonde(u"L.LOTE=? AND NOT EXISTS (SELECT 1 FROM LoteDespues D WHERE "
+                               u"D.LOTE=L.LOTE AND D.SECCION=L.SECCION AND D.CODPLU=L.CODPLU)"),
+                  valores));
   TARVO_INTENTAR(dejarDeHacer(lote));
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE LoteArticulos SET ACABADO=1 WHERE LOTE=?", lote));
   return t.confirmar();
@@ -175,7 +200,8 @@ Resultado<> Lotes::acabar(qint64 lote) {
 Resultado<> Lotes::olvidar(qint64 lote) {
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   for (const QString& tabla : lotesql::tablas())
-    TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM %1 WHERE LOTE=?"_s.arg(tabla), lote));
+    TARVO_INTENTAR(
+        db_.ejecutar(conMarcas(u"DELETE FROM {tabla} WHERE LOTE=?", {{u"tabla", tabla}}), lote));
   return t.confirmar();
 }
 
@@ -222,14 +248,14 @@ Resultado<std::optional<Lotes::PorHacer>> Lotes::porHacer(qint64 lote) {
                                         u"A ON A.LOTE=O.LOTE WHERE O.LOTE=? AND A.ACABADO=0",
                                         lote));
   if (orden.nulo()) return std::nullopt;
-  TARVO_TOMAR(auto rs, db_.consultar(u"SELECT SECCION, CODPLU FROM LotePorHacer WHERE LOTE=? ORDER "
-                                     u"BY SECCION, CODPLU",
-                                     lote));
   PorHacer salida{orden.texto(), {}};
-  while (!rs->Eof()) {
-    salida.claves.push_back({static_cast<int>(rs->entero(0)), rs->entero(1)});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_TOMAR(salida.claves,
+              dao::reunir(db_.consultar(u"SELECT SECCION, CODPLU FROM LotePorHacer WHERE LOTE=? "
+                                        u"ORDER BY SECCION, CODPLU",
+                                        lote),
+                          [](const dao::Recordset& fila) {
+                            return ClaveArticulo{static_cast<int>(fila.entero(0)), fila.entero(1)};
+                          }));
   return salida;
 }
 
@@ -241,7 +267,8 @@ Resultado<> Lotes::darPorHecho(qint64 lote) {
 // Drops what was still to be done of a batch.
 Resultado<> Lotes::dejarDeHacer(qint64 lote) {
   for (const QString& tabla : {u"LotePorHacer"_s, u"LoteOrden"_s})
-    TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM %1 WHERE LOTE=?"_s.arg(tabla), lote));
+    TARVO_INTENTAR(
+        db_.ejecutar(conMarcas(u"DELETE FROM {tabla} WHERE LOTE=?", {{u"tabla", tabla}}), lote));
   return {};
 }
 

@@ -9,15 +9,11 @@ namespace tarvo::articles {
 namespace {
 
 Resultado<std::vector<int>> seccionesDe(dao::Database& db, qint64 lote) {
-  TARVO_TOMAR(auto rs, db.consultar(u"SELECT NMSECC FROM SECCS WHERE EXISTS (SELECT 1 FROM "
-                                    u"LoteAntes WHERE LOTE=? AND SECCION=NMSECC) ORDER BY NMSECC",
-                                    lote));
-  std::vector<int> salida;
-  while (!rs->Eof()) {
-    salida.push_back(static_cast<int>(rs->entero(0)));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return salida;
+  return dao::reunir(
+      db.consultar(u"SELECT NMSECC FROM SECCS WHERE EXISTS (SELECT 1 FROM LoteAntes WHERE LOTE=? "
+                   u"AND SECCION=NMSECC) ORDER BY NMSECC",
+                   lote),
+      [](const dao::Recordset& fila) { return static_cast<int>(fila.entero(0)); });
 }
 
 }  // namespace
@@ -26,18 +22,19 @@ Resultado<std::vector<LoteAMedias>> lotesAMedias(Catalogo& catalogo) {
   dao::Database& db = catalogo.base();
   std::vector<LoteAMedias> salida;
   if (!db.existeTabla(u"LoteArticulos")) return salida;
-  TARVO_TOMAR(auto rs,
-              db.consultar(u"SELECT A.LOTE, A.CUANDO, (SELECT count(*) FROM LoteAntes L WHERE "
-                           u"L.LOTE=A.LOTE), A.VENTANA, (SELECT count(*) FROM LotePorHacer H WHERE "
-                           u"H.LOTE=A.LOTE) FROM LoteArticulos A WHERE A.ACABADO=0 AND EXISTS "
-                           u"(SELECT 1 FROM LoteAntes E WHERE E.LOTE=A.LOTE) ORDER BY A.LOTE"));
-  while (!rs->Eof()) {
-    LoteAMedias l{{rs->entero(0), rs->fecha(1), rs->entero(2), false}, rs->texto(3), {}, 0};
-    l.porHacer = rs->entero(4);
+  const auto uno = [&](const dao::Recordset& fila) -> Resultado<> {
+    LoteAMedias l{{fila.entero(0), fila.fecha(1), fila.entero(2), false}, fila.texto(3), {}, 0};
+    l.porHacer = fila.entero(4);
     TARVO_TOMAR(l.secciones, seccionesDe(db, l.lote.numero));
     salida.push_back(std::move(l));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+    return {};
+  };
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(u"SELECT A.LOTE, A.CUANDO, (SELECT count(*) FROM LoteAntes L WHERE "
+                   u"L.LOTE=A.LOTE), A.VENTANA, (SELECT count(*) FROM LotePorHacer H WHERE "
+                   u"H.LOTE=A.LOTE) FROM LoteArticulos A WHERE A.ACABADO=0 AND EXISTS "
+                   u"(SELECT 1 FROM LoteAntes E WHERE E.LOTE=A.LOTE) ORDER BY A.LOTE"),
+      uno));
   return salida;
 }
 

@@ -16,11 +16,9 @@ QString clases(int hueco) {
   return hueco <= kHuecosClase2 ? u"(1,2,3,4)"_s : u"(1,3,4)"_s;
 }
 
-// A statement on slot "@".
+// A statement on a slot: {h} is its number, {clases} the kinds of groups that have it.
 QString enHueco(QStringView orden, int hueco) {
-  QString sql = orden.toString();
-  CambiaTexto(u"@"_s, Ceros(hueco, 2), sql);
-  return sql;
+  return dao::conMarcas(orden, {{u"h", Ceros(hueco, 2)}, {u"clases", clases(hueco)}});
 }
 
 }  // namespace
@@ -44,13 +42,10 @@ Resultado<> Operadores::renombrar(int codigo, const QString& nombre) {
   return {};
 }
 
-// One slot of all groups at a time. `cambio`: what is set in slot "@", with `valores`, the last of
-// which is the code in the slot.
-Resultado<> Operadores::enHuecos(QStringView cambio, std::span<const dao::Valor> valores,
+// One slot of all groups at a time.
+Resultado<> Operadores::enHuecos(QStringView orden, std::span<const dao::Valor> valores,
                                  const std::function<void()>& alAvanzar) {
   for (int hueco = 1; hueco <= kHuecos; ++hueco) {
-    const QString orden = u"UPDATE GRUPOS SET "_s + cambio.toString() +
-                          u" WHERE OP@_C=? AND TIPO IN "_s + clases(hueco);
     TARVO_INTENTAR(db_.Execute(enHueco(orden, hueco), valores));
     if (alAvanzar) alAvanzar();
   }
@@ -64,9 +59,10 @@ Resultado<> Operadores::cambiarCodigo(int codigo, int nuevo, const AlAvanzar& al
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE OPERS SET CODOPE=? WHERE CODOPE=?", nuevo, codigo));
   int hechos = 0;
   const std::array<dao::Valor, 2> valores{nuevo, codigo};
-  TARVO_INTENTAR(enHuecos(u"OP@_C=?", valores, [&] {
-    if (alAvanzar) alAvanzar(++hechos, kHuecos);
-  }));
+  TARVO_INTENTAR(
+      enHuecos(u"UPDATE GRUPOS SET OP{h}_C=? WHERE OP{h}_C=? AND TIPO IN {clases}", valores, [&] {
+        if (alAvanzar) alAvanzar(++hechos, kHuecos);
+      }));
   return t.confirmar();
 }
 
@@ -76,16 +72,14 @@ Resultado<std::optional<Operadores::Borrado>> Operadores::leer(int codigo) {
   if (rs->Eof()) return std::nullopt;
   Borrado b{codigo, rs->texto(0), {}};
   for (int hueco = 1; hueco <= kHuecos; ++hueco) {
-    TARVO_TOMAR(
-        auto grupos,
-        db_.consultar(enHueco(u"SELECT CODGPO, OP@_T FROM GRUPOS WHERE OP@_C=? AND TIPO IN "_s +
-                                  clases(hueco),
-                              hueco),
-                      codigo));
-    for (auto& g = *grupos; !g.Eof();) {
-      b.huecos.push_back({static_cast<int>(g.entero(0)), hueco, g.logico(1)});
-      TARVO_INTENTAR(g.MoveNext());
-    }
+    TARVO_INTENTAR(dao::recorrer(
+        db_.consultar(
+            enHueco(u"SELECT CODGPO, OP{h}_T FROM GRUPOS WHERE OP{h}_C=? AND TIPO IN {clases}",
+                    hueco),
+            codigo),
+        [&](const dao::Recordset& fila) {
+          b.huecos.push_back({static_cast<int>(fila.entero(0)), hueco, fila.logico(1)});
+        }));
   }
   return b;
 }
@@ -100,9 +94,11 @@ Resultado<std::vector<Operadores::Borrado>> Operadores::borrar(std::span<const i
     if (b) borrados.push_back(std::move(*b));
     TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM OPERS WHERE CODOPE=?", codigo));
     const std::array<dao::Valor, 1> valores{codigo};
-    TARVO_INTENTAR(enHuecos(u"OP@_C=0, OP@_T=0", valores, [&] {
-      if (alAvanzar) alAvanzar(++hechos, kHuecos * static_cast<int>(codigos.size()));
-    }));
+    TARVO_INTENTAR(
+        enHuecos(u"UPDATE GRUPOS SET OP{h}_C=0, OP{h}_T=0 WHERE OP{h}_C=? AND TIPO IN {clases}",
+                 valores, [&] {
+                   if (alAvanzar) alAvanzar(++hechos, kHuecos * static_cast<int>(codigos.size()));
+                 }));
   }
   TARVO_INTENTAR(t.confirmar());
   return borrados;
@@ -117,7 +113,8 @@ Resultado<int> Operadores::reponer(std::span<const Borrado> borrados) {
       TARVO_TOMAR(
           const auto n,
           db_.ejecutar(
-              enHueco(u"UPDATE GRUPOS SET OP@_C=?, OP@_T=? WHERE CODGPO=? AND OP@_C=0", h.numero),
+              enHueco(u"UPDATE GRUPOS SET OP{h}_C=?, OP{h}_T=? WHERE CODGPO=? AND OP{h}_C=0",
+                      h.numero),
               b.codigo, h.turno, h.grupo));
       if (n == 0) ++fuera;
     }

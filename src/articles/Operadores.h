@@ -43,7 +43,7 @@ class Operadores {
  private:
   Resultado<> codigoBueno(int codigo) const;
   Resultado<std::optional<Borrado>> leer(int codigo);
-  Resultado<> enHuecos(QStringView cambio, std::span<const dao::Valor> valores,
+  Resultado<> enHuecos(QStringView orden, std::span<const dao::Valor> valores,
                        const std::function<void()>& alAvanzar);
 
   dao::Database& db_;

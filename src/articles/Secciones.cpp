@@ -29,23 +29,19 @@ QString escribirIvas(const Ivas& ivas) {
   return partes.join(u'@');
 }
 
-// One after the last; if that is beyond `ultimo`, the first free one.
-Resultado<int> Secciones::numeroLibre(const QString& columna, const QString& donde, int ultimo) {
-  TARVO_TOMAR(auto rs, db_.consultar(QString(u"SELECT "_s + columna + u" FROM "_s + donde +
-                                             u" ORDER BY "_s + columna)));
+Resultado<int> Secciones::numeroLibre(dao::Abierta usados, int ultimo) {
   int mayor = 0, hueco = 1;
-  while (!rs->Eof()) {
-    mayor = static_cast<int>(rs->entero(0));
+  TARVO_INTENTAR(dao::recorrer(std::move(usados), [&](const dao::Recordset& fila) {
+    mayor = static_cast<int>(fila.entero(0));
     if (mayor == hueco) ++hueco;
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  }));
   if (mayor < ultimo) return std::max(mayor, 0) + 1;
   if (hueco <= ultimo) return hueco;
   return fallo(Fallo::Restriccion, textos_(kTxSinNumeros, {ultimo}));
 }
 
-Resultado<int> Secciones::cuantos(const QString& que, std::span<const dao::Valor> valores) {
-  TARVO_TOMAR(auto rs, db_.OpenQuery(QString(u"SELECT count(*) FROM "_s + que), valores));
+Resultado<int> Secciones::cuantos(QStringView cuenta, std::span<const dao::Valor> valores) {
+  TARVO_TOMAR(auto rs, db_.OpenQuery(cuenta, valores));
   return rs->Eof() ? 0 : static_cast<int>(rs->entero(0));
 }
 
@@ -83,7 +79,8 @@ Resultado<Secciones::CuentaArticulos> Secciones::contarArticulos(dao::Database& 
 }
 
 Resultado<int> Secciones::nueva() {
-  const auto numero = numeroLibre(u"NMSECC"_s, u"SECCS"_s, kUltimaSeccion);
+  const auto numero =
+      numeroLibre(db_.consultar(u"SELECT NMSECC FROM SECCS ORDER BY NMSECC"), kUltimaSeccion);
   if (!numero) return numero;
   TARVO_INTENTAR(db_.ejecutar(u"INSERT INTO SECCS (NMSECC, NOMSEC) VALUES (?, ?)", *numero,
                               textos_(kTxNuevaSeccion)));
@@ -99,9 +96,9 @@ Resultado<> Secciones::renombrar(int seccion, const QString& nombre) {
 
 Resultado<Secciones::Cuentas> Secciones::cuentas(int seccion) {
   const std::array<dao::Valor, 1> clave{seccion};
-  TARVO_TOMAR(const auto plus, cuantos(u"PLUSES WHERE SECCION=?"_s, clave));
-  TARVO_TOMAR(const auto depts, cuantos(u"DEPTS WHERE SECCION=?"_s, clave));
-  TARVO_TOMAR(const auto grupos, cuantos(u"GRUPOS WHERE SECCION=?"_s, clave));
+  TARVO_TOMAR(const auto plus, cuantos(u"SELECT count(*) FROM PLUSES WHERE SECCION=?", clave));
+  TARVO_TOMAR(const auto depts, cuantos(u"SELECT count(*) FROM DEPTS WHERE SECCION=?", clave));
+  TARVO_TOMAR(const auto grupos, cuantos(u"SELECT count(*) FROM GRUPOS WHERE SECCION=?", clave));
   return Cuentas{plus, depts, grupos};
 }
 
@@ -109,14 +106,19 @@ Resultado<Secciones::LoQueSeVa> Secciones::loQueSeVa(int seccion) {
   LoQueSeVa v;
   TARVO_TOMAR(v.cuentas, cuentas(seccion));
   const std::array<dao::Valor, 2> propios{seccion, kPrimerCodigo};
-  TARVO_TOMAR(v.cuentas.plus, cuantos(u"PLUSES WHERE SECCION=? AND CODPLU>=?"_s, propios));
+  TARVO_TOMAR(v.cuentas.plus,
+              cuantos(u"SELECT count(*) FROM PLUSES WHERE SECCION=? AND CODPLU>=?", propios));
   const std::array<dao::Valor, 1> clave{seccion};
-  TARVO_TOMAR(v.maquinas,
-              cuantos(u"BZAS WHERE SUGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)"_s, clave));
-  TARVO_TOMAR(v.ofertas, cuantos(u"OFERTAS WHERE SECCION=?"_s, clave));
+  TARVO_TOMAR(
+      v.maquinas,
+      cuantos(
+          u"SELECT count(*) FROM BZAS WHERE SUGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)",
+          clave));
+  TARVO_TOMAR(v.ofertas, cuantos(u"SELECT count(*) FROM OFERTAS WHERE SECCION=?", clave));
   TARVO_TOMAR(v.existencias,
-              cuantos(u"(SELECT DISTINCT CODIGO FROM MovsAlm WHERE SECCION=?)"_s, clave));
-  TARVO_TOMAR(v.historia, cuantos(u"HistoriaPrecios WHERE SECCION=?"_s, clave));
+              cuantos(u"SELECT count(*) FROM (SELECT DISTINCT CODIGO FROM MovsAlm WHERE SECCION=?)",
+                      clave));
+  TARVO_TOMAR(v.historia, cuantos(u"SELECT count(*) FROM HistoriaPrecios WHERE SECCION=?", clave));
   return v;
 }
 
@@ -135,18 +137,20 @@ Resultado<> Secciones::borrar(int seccion) {
 // The only place where groups are deleted with their section, and with all that is kept by their
 // numbers.
 Resultado<> Secciones::borrarGrupos(int seccion) {
-  TARVO_TOMAR(auto grupos,
-              db_.consultar(u"SELECT CODGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO", seccion));
-  for (; !grupos->Eof();) {
+  const auto olvidar = [&](const dao::Recordset& fila) -> Resultado<> {
     for (const auto& sala : cambios_.salas())
-      TARVO_INTENTAR(sala.olvidar(static_cast<int>(grupos->entero(0))));
-    TARVO_INTENTAR(grupos->MoveNext());
-  }
-  const QString suyos = u" IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)"_s;
-  for (const QString& orden :
-       {u"DELETE FROM BZAS WHERE SUGPO"_s + suyos, u"DELETE FROM Sesiones WHERE CODGPO"_s + suyos,
-        u"DELETE FROM [Cross] WHERE Grupo"_s + suyos, u"DELETE FROM OFERTAS WHERE GRUPO"_s + suyos,
-        u"DELETE FROM GRUPOS WHERE SECCION=?"_s})
+      TARVO_INTENTAR(sala.olvidar(static_cast<int>(fila.entero(0))));
+    return {};
+  };
+  TARVO_INTENTAR(dao::recorrer(
+      db_.consultar(u"SELECT CODGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO", seccion),
+      olvidar));
+  for (const QStringView orden :
+       {u"DELETE FROM BZAS WHERE SUGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)",
+        u"DELETE FROM Sesiones WHERE CODGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)",
+        u"DELETE FROM [Cross] WHERE Grupo IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)",
+        u"DELETE FROM OFERTAS WHERE GRUPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)",
+        u"DELETE FROM GRUPOS WHERE SECCION=?"})
     TARVO_INTENTAR(db_.ejecutar(orden, seccion));
   return {};
 }
@@ -168,14 +172,13 @@ Resultado<> Secciones::ponerIvas(int seccion, const Ivas& ivas) {
 Resultado<IvasSeccion> Secciones::ivasDe(int seccion) {
   IvasSeccion todo;
   TARVO_TOMAR(todo.tasas, ivas(seccion));
-  TARVO_TOMAR(auto rs, db_.consultar(u"SELECT NUMDEP, NomDep, IVA FROM DEPTS WHERE SECCION=? "
-                                     u"ORDER BY NUMDEP",
-                                     seccion));
-  while (!rs->Eof()) {
-    todo.departamentos.push_back(
-        {static_cast<int>(rs->entero(0)), static_cast<int>(rs->entero(2)), rs->texto(1)});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(
+      db_.consultar(u"SELECT NUMDEP, NomDep, IVA FROM DEPTS WHERE SECCION=? ORDER BY NUMDEP",
+                    seccion),
+      [&](const dao::Recordset& fila) {
+        todo.departamentos.push_back(
+            {static_cast<int>(fila.entero(0)), static_cast<int>(fila.entero(2)), fila.texto(1)});
+      }));
   return todo;
 }
 
@@ -189,8 +192,9 @@ Resultado<> Secciones::ponerIvasDe(int seccion, const IvasSeccion& todo) {
 // --- departments --------------------------------------------------------------------------------
 
 Resultado<int> Secciones::nuevoDepartamento(int seccion) {
-  const auto numero =
-      numeroLibre(u"NUMDEP"_s, u"DEPTS WHERE SECCION=%1"_s.arg(seccion), kUltimoDepartamento);
+  const auto numero = numeroLibre(
+      db_.consultar(u"SELECT NUMDEP FROM DEPTS WHERE SECCION=? ORDER BY NUMDEP", seccion),
+      kUltimoDepartamento);
   if (!numero) return numero;
   TARVO_INTENTAR(db_.ejecutar(u"INSERT INTO DEPTS (SECCION, NUMDEP, NomDep) VALUES (?, ?, ?)",
                               seccion, *numero, textos_(kTxNuevoDepartamento)));
@@ -222,7 +226,7 @@ Resultado<> Secciones::ponerTipoIva(int seccion, int departamento, int tipo) {
 
 Resultado<int> Secciones::articulosDe(int seccion, int departamento) {
   const std::array<dao::Valor, 3> clave{seccion, departamento, kPrimerCodigo};
-  return cuantos(u"PLUSES WHERE SECCION=? AND DEPTO=? AND CODPLU>=?"_s, clave);
+  return cuantos(u"SELECT count(*) FROM PLUSES WHERE SECCION=? AND DEPTO=? AND CODPLU>=?", clave);
 }
 
 Resultado<> Secciones::reponerDepartamento(int seccion, int departamento, const QString& nombre,

@@ -92,9 +92,11 @@ class Secciones {
   Resultado<> borrarDepartamento(int seccion, int departamento, qint64 lote = 0);
 
  private:
-  Resultado<int> numeroLibre(const QString& columna, const QString& donde, int ultimo);
+  // One after the last of these, in ascending order; if that is beyond `ultimo`, the first free
+  // one.
+  Resultado<int> numeroLibre(dao::Abierta usados, int ultimo);
   Resultado<> borrarGrupos(int seccion);
-  Resultado<int> cuantos(const QString& que, std::span<const dao::Valor> valores);
+  Resultado<int> cuantos(QStringView cuenta, std::span<const dao::Valor> valores);
 
   dao::Database& db_;
   const Textos& textos_;

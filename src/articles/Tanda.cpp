@@ -5,6 +5,7 @@
 namespace tarvo::articles {
 
 using namespace Qt::StringLiterals;
+using dao::conMarcas;
 using dao::Transaccion;
 
 namespace {
@@ -22,17 +23,19 @@ QString primerPrecio(const std::function<QString(int nivel, int tarifa)>& que) {
   QString sql = u"CASE"_s;
   for (int nivel = 0; nivel < kNiveles; ++nivel)
     for (int tarifa = 0; tarifa < kTarifas; ++tarifa)
-      sql += u" WHEN %1<>0 THEN %2"_s.arg(columnaPrecio(nivel, tarifa), que(nivel, tarifa));
+      sql += conMarcas(u" WHEN {precio}<>0 THEN {que}",
+                       {{u"precio", columnaPrecio(nivel, tarifa)}, {u"que", que(nivel, tarifa)}});
   return sql + u" ELSE 0 END"_s;
 }
 
 QString llegadaSql() {
-  const QString precio = primerPrecio([](int n, int t) { return columnaPrecio(n, t); });
-  return u"INSERT INTO HistoriaPrecios (SECCION, CODPLU, NIVEL, TARIFA, ANTES, AHORA, CUANDO, "
-         u"QUIEN, VENTANA) SELECT SECCION, CODPLU, %1, %2, 0, %3, ?, ?, ? FROM TandaArticulos "
-         u"WHERE HABIA=0 AND %3<>0"_s.arg(
-             primerPrecio([](int n, int) { return QString::number(n); }),
-             primerPrecio([](int, int t) { return QString::number(t); }), precio);
+  return conMarcas(
+      u"INSERT INTO HistoriaPrecios (SECCION, CODPLU, NIVEL, TARIFA, ANTES, AHORA, CUANDO, QUIEN, "
+      u"VENTANA) SELECT SECCION, CODPLU, {nivel}, {tarifa}, 0, {precio}, ?, ?, ? FROM "
+      u"TandaArticulos WHERE HABIA=0 AND {precio}<>0",
+      {{u"nivel", primerPrecio([](int n, int) { return QString::number(n); })},
+       {u"tarifa", primerPrecio([](int, int t) { return QString::number(t); })},
+       {u"precio", primerPrecio([](int n, int t) { return columnaPrecio(n, t); })}});
 }
 
 }  // namespace
@@ -58,14 +61,18 @@ Resultado<> Tanda::escribir(qint64 lote, std::span<const Articulo> articulos) {
 Resultado<> Tanda::tender(std::span<const Articulo> articulos) {
   const QStringList& columnas = columnasArticulo();
   if (!poner_) {
+    const QString lista = columnas.join(u", ");
     TARVO_INTENTAR(db_.ejecutar(
-        u"CREATE TEMP TABLE IF NOT EXISTS %1 (%2, HABIA, PRIMARY KEY (SECCION, CODPLU))"_s.arg(
-            kTabla, columnas.join(u", "))));
-    TARVO_TOMAR(auto poner, db_.preparar(u"INSERT INTO %1 (%2, HABIA) VALUES (%3 0)"_s.arg(
-                                kTabla, columnas.join(u", "), u"?, "_s.repeated(columnas.size()))));
+        conMarcas(u"CREATE TEMP TABLE IF NOT EXISTS TandaArticulos ({columnas}, HABIA, "
+                  u"PRIMARY KEY (SECCION, CODPLU))",
+                  {{u"columnas", lista}})));
+    TARVO_TOMAR(auto poner,
+                db_.preparar(conMarcas(
+                    u"INSERT INTO TandaArticulos ({columnas}, HABIA) VALUES ({valores} 0)",
+                    {{u"columnas", lista}, {u"valores", u"?, "_s.repeated(columnas.size())}})));
     poner_ = std::move(poner);
   }
-  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM "_s + kTabla));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM TandaArticulos"));
   for (const Articulo& a : articulos) {
     ligarArticulo(*poner_, a);
     TARVO_INTENTAR(poner_->ejecutar());
@@ -81,8 +88,10 @@ Resultado<QStringList> Tanda::columnasQueCambian() {
   const QStringList columnas = columnasArticulo().mid(2);
   static const QString sql = [&] {
     QStringList distintas;
-    for (const QString& c : columnas) distintas << u"max(P.%1 IS DISTINCT FROM T.%1)"_s.arg(c);
-    return u"SELECT %1 FROM %2"_s.arg(distintas.join(u", "), kDeSuClave);
+    for (const QString& c : columnas)
+      distintas << conMarcas(u"max(P.{c} IS DISTINCT FROM T.{c})", {{u"c", c}});
+    return conMarcas(u"SELECT {distintas} FROM {deSuClave}",
+                     {{u"distintas", distintas.join(u", ")}, {u"deSuClave", kDeSuClave}});
   }();
   TARVO_TOMAR(const auto rs, db_.consultar(sql));
   QStringList salida;
@@ -101,8 +110,9 @@ Resultado<> Tanda::cambiarLosQueHay() {
         TARVO_INTENTAR(historia(c, nivel, tarifa));
   if (!valores.isEmpty())
     TARVO_INTENTAR(db_.ejecutar(
-        u"UPDATE PLUSES SET %1 FROM TandaArticulos T WHERE T.HABIA=1 AND PLUSES.SECCION=T.SECCION "
-        u"AND PLUSES.CODPLU=T.CODPLU"_s.arg(valores.join(u", "))));
+        conMarcas(u"UPDATE PLUSES SET {valores} FROM TandaArticulos T WHERE T.HABIA=1 AND "
+                  u"PLUSES.SECCION=T.SECCION AND PLUSES.CODPLU=T.CODPLU",
+                  {{u"valores", valores.join(u", ")}})));
   if (oyen_ == Oyen::Todos)
     TARVO_INTENTAR(db_.ejecutar(
         u"DELETE FROM [Cross] WHERE (Secc, plu) IN (SELECT SECCION, CODPLU FROM TandaArticulos)"));
@@ -111,18 +121,20 @@ Resultado<> Tanda::cambiarLosQueHay() {
 
 Resultado<> Tanda::historia(const QString& columna, int nivel, int tarifa) {
   TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO HistoriaPrecios (SECCION, CODPLU, NIVEL, TARIFA, ANTES, AHORA, CUANDO, QUIEN, "
-      u"VENTANA) SELECT T.SECCION, T.CODPLU, ?, ?, ifnull(P.%1, 0), T.%1, ?, ?, ? FROM %2 WHERE "
-      u"ifnull(P.%1, 0)<>T.%1"_s.arg(columna, kDeSuClave),
+      conMarcas(
+          u"INSERT INTO HistoriaPrecios (SECCION, CODPLU, NIVEL, TARIFA, ANTES, AHORA, CUANDO, "
+          u"QUIEN, VENTANA) SELECT T.SECCION, T.CODPLU, ?, ?, ifnull(P.{precio}, 0), T.{precio}, "
+          u"?, ?, ? FROM {deSuClave} WHERE ifnull(P.{precio}, 0)<>T.{precio}",
+          {{u"precio", columna}, {u"deSuClave", kDeSuClave}}),
       nivel, tarifa, catalogo_.reloj().ahora(), catalogo_.quien(), ventana_));
   return {};
 }
 
 Resultado<> Tanda::hacerLosNuevos() {
   TARVO_INTENTAR(catalogo_.cambios().ArticulosLlegan(kNuevas));
-  static const QString insertar =
-      u"INSERT INTO PLUSES (%1) SELECT %1 FROM TandaArticulos WHERE HABIA=0"_s.arg(
-          columnasArticulo().join(u", "));
+  static const QString insertar = conMarcas(
+      u"INSERT INTO PLUSES ({columnas}) SELECT {columnas} FROM TandaArticulos WHERE HABIA=0",
+      {{u"columnas", columnasArticulo().join(u", ")}});
   TARVO_TOMAR(const auto hechos, db_.ejecutar(insertar));
   if (hechos == 0) return {};
   static const QString llegada = llegadaSql();

@@ -16,7 +16,7 @@ namespace {
 
 struct DeGrupo {
   QStringList recogido, hecho, sinHacer;
-  std::map<qint64, std::pair<int, qint64>> memorizado;  // by period: kind of total and amount
+  std::map<qint64, qint64> memorizado;  // the amount by period
   bool aCero = false;
 };
 using PorGrupo = std::map<int, DeGrupo>;
@@ -39,9 +39,9 @@ Resultado<> leerMemorizado(dao::Database& db, qint64 ejecucion, PorGrupo& grupos
                    ejecucion),
       [&](const dao::Recordset& rs) {
         auto& suyos = grupos[static_cast<int>(rs.entero(0))].memorizado;
-        const auto clase = static_cast<int>(rs.entero(2));
-        if (clase == totals::kGranTotal || !suyos.contains(rs.entero(1)))
-          suyos[rs.entero(1)] = {clase, rs.entero(3)};
+        const auto clase = deNumero<TipoTotal>(rs.entero(2));
+        if (clase == TipoTotal::GranTotal || !suyos.contains(rs.entero(1)))
+          suyos[rs.entero(1)] = rs.entero(3);
       });
 }
 
@@ -51,11 +51,11 @@ Resultado<QString> lineaDe(const Taller& t, int grupo, const DeGrupo& g) {
     return cuales.isEmpty() ? QStringList() : QStringList(t.textos(texto, {cuales.join(u", ")}));
   };
   QStringList partes = lista(kTxRelacionRecogido, g.recogido);
-  for (const auto& [link, suma] : g.memorizado) {
+  for (const auto& [link, importe] : g.memorizado) {
     TARVO_TOMAR(const auto c, t.verTot.columna(link));
     if (!c) continue;
     partes +=
-        t.textos(kTxRelacionMemorizado, {VerImporte(t.ajustes, suma.second, t.ajustes.MonedaNativa),
+        t.textos(kTxRelacionMemorizado, {VerImporte(t.ajustes, importe, t.ajustes.MonedaNativa),
                                          totals::DecirPeriodo(c->periodo, t.textos)});
   }
   if (g.aCero) partes += t.textos(kTxRelacionACero);

@@ -247,7 +247,7 @@ Resultado<> LectorResumen::leerBandeja() {
     int columna = 2;
     for (const auto& c : clases) {
       if (rs.logico(columna)) {
-        e.clases.push_back(c.numero);
+        e.clases.push_back(c.tipo);
         if (!rs.nulo(columna + 1)) e.desde = std::min(e.desde, rs.fecha(columna + 1));
       }
       columna += 2;

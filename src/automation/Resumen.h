@@ -42,8 +42,8 @@ struct PeriodoResumen {
 struct EsperaResumen {
   int grupo = 0;
   QString nombre;
-  std::vector<int> clases;  // kinds of total
-  Fecha desde;              // the oldest of its readings
+  std::vector<TipoTotal> clases;
+  Fecha desde;  // the oldest of its readings
 };
 
 struct ProximaResumen {

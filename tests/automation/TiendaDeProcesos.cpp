@@ -46,11 +46,11 @@ class TrabajoDePrueba final : public motor::CursoTarea {
 
  private:
   Resultado<> leer(std::vector<totals::Aviso>& avisos) {
-    TARVO_INTENTAR(en_.sesion.PrepararRecepcion(d_.Grupo, numeroDe(d_.Clase)));
+    TARVO_INTENTAR(en_.sesion.PrepararRecepcion(d_.Grupo, *totalDe(d_.Clase)));
     totals::Lectura l;
     const qint64 codigo = d_.Clase == TipoTarea::RxGrTot ? d_.Grupo : 7;
     l.maquinas[0][{codigo, 0}] = maquinasDePrueba().porGrupo[d_.Grupo];
-    return en_.sesion.guardarLectura(d_.Grupo, numeroDe(d_.Clase), l, avisos);
+    return en_.sesion.guardarLectura(d_.Grupo, *totalDe(d_.Clase), l, avisos);
   }
 
   Resultado<> olvidar() {
@@ -88,7 +88,8 @@ motor::ClaseTarea claseDePrueba(TipoTarea tarea, const char16_t* clave) {
   c.clave = clave;
   c.nombre = motor::kTxNombreClase + numeroDe(tarea);
   c.tipos = todosLos<TipoGrupo>();
-  c.esTotal = c.esLectura = esDeTotales(tarea);
+  c.total = totalDe(tarea);
+  c.esLectura = c.total.has_value();
   c.esOlvido = tarea == TipoTarea::TxZero;
   c.crear = hacerTrabajo;
   return c;

@@ -119,7 +119,7 @@ TEST(Resumen, ArregladoPorLaManana) {
   ASSERT_EQ(r.bandeja.size(), 1U) << "nobody has memorised it";
   EXPECT_EQ(r.sesion, 2);
   EXPECT_EQ(r.bandeja[0].grupo, 2);
-  EXPECT_EQ(r.bandeja[0].clases, (std::vector{16, 17}));
+  EXPECT_EQ(r.bandeja[0].clases, (std::vector{TipoTotal::PLUs, TipoTotal::GranTotal}));
   tienda.reloj.avanzar(26 * 3600 * 1000);
   EXPECT_EQ(leer(*p).ejecuciones.size(), 1U) << "the night before the last is over";
 }

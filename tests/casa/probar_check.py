@@ -86,6 +86,9 @@ CASOS = [
     ("ajustes", anade("src/stock/Prueba.h", "SalaDeAjustes ajustesPrueba();\n"), r"Prueba.h: ajustesPrueba is not listed"),
     ("sql", anade("src/stock/Prueba.cpp", "r = rs->MoveNext();\n"), r"Prueba.cpp:1: rows are walked by"),
     ("sql", anade("src/stock/Prueba.cpp", 'auto s = u"DELETE FROM %1 WHERE LINK=?";\n'), r"marks have no names"),
+    ("sql", anade("src/totals/libros/Prueba.cpp", "r = rs->MoveNext();\n"), r"Prueba.cpp:1: rows are walked by"),
+    ("sql", anade("src/articles/Prueba.cpp", 'auto s = QString(u"SELECT count(*) "\n  u"FROM "_s) + tabla;\n'),
+     r"Prueba.cpp:1: a statement glued from pieces"),
     *[("datos", anade(f"src/{sala}/ventanas/Prueba.cpp", f"{linea}\n"), r"Prueba.cpp:1: a window takes the database")
       for sala, linea in (("comm", "auto n = contexto().db.cambios();"), ("articles", "f(contexto().db);"),
                           ("articles/precios", "f(catalogo_.base());"), ("app", "f(contexto().base.tienda());"),

@@ -1,4 +1,7 @@
 // The real wires against real sockets and pseudo-terminals, on the event loop.
+#include <sys/socket.h>
+#include <unistd.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -13,6 +16,7 @@
 #include <QThread>
 
 #include "comm/cables/AjustesCables.h"
+#include "comm/cables/CableTCP.h"
 #include "comm/cables/FabricaReal.h"
 #include "comm/enlace/AjustesEnlace.h"
 #include "enlace/BancoEnlaces.h"
@@ -102,20 +106,35 @@ TEST_F(Cables, TCPAbreEnviaYCierra) {
   EXPECT_EQ(oye(), u"Cerrar 20");
 }
 
-// A machine may take one connection at a time: a closing is over once the machine knows of it, or
-// has had its time.
-TEST_F(Cables, TCPCierraCuandoLoSabeElOtroExtremo) {
-  MaquinaTCP maquina;
-  cables.canales[0].Device = cables.canales[1].Device = TipoAcceso::TcpIp;
-  EXPECT_EQ(abre(0, maquina.acceso()), u"Abrir 0");
-  EXPECT_TRUE(hasta([&] { return maquina.socket != nullptr; }));
-  EXPECT_EQ(cierra(0), u"Cerrar 0");
-  EXPECT_EQ(maquina.socket->state(), QAbstractSocket::UnconnectedState);
-  QTcpServer absorta;
-  absorta.listen(QHostAddress::LocalHost);
-  absorta.pauseAccepting();
-  EXPECT_EQ(abre(1, QStringLiteral("127.0.0.1:%1").arg(absorta.serverPort())), u"Abrir 0");
-  EXPECT_EQ(cierra(1), u"Cerrar 0");
+// A machine may take one connection at a time: a closing is over once the machine has closed as
+// well, or has had its time.
+TEST_F(Cables, TCPCierraCuandoLoHaceElOtroExtremo) {
+  struct Oido final : LinkSocket::Oyente {
+    void finApertura(int razon) override { abierto = razon == kBien; }
+    void cierre(int razon) override { cerrado = razon == kBien; }
+    void recepcion(QByteArray&) override {}
+    void linea(int) override {}
+    bool abierto = false, cerrado = false;
+  };
+  QTcpServer servidor;
+  ASSERT_TRUE(servidor.listen(QHostAddress::LocalHost));
+  servidor.pauseAccepting();
+  for (const bool contesta : {true, false}) {
+    RelojVirtual quieto{Fecha::de(QDate(2026, 5, 18))};
+    Oido oido;
+    CableTCP cable(quieto, std::make_shared<Ocupados>(), QStringLiteral("127.0.0.1"),
+                   servidor.serverPort());
+    cable.abrir(oido);
+    ASSERT_TRUE(hasta([&] { return oido.abierto; }));
+    const int suyo = ::accept(static_cast<int>(servidor.socketDescriptor()), nullptr, nullptr);
+    cable.cerrar();
+    for (int n = 0; n < 20; ++n) QCoreApplication::processEvents();
+    EXPECT_FALSE(oido.cerrado);
+    if (!contesta) quieto.avanzar(2000);
+    if (contesta) ::close(suyo);
+    EXPECT_TRUE(hasta([&] { return oido.cerrado; }));
+    if (!contesta) ::close(suyo);
+  }
 }
 
 TEST_F(Cables, TCPDiceQueFalla) {

@@ -9,8 +9,6 @@ namespace tarvo::prueba {
 
 using namespace Qt::StringLiterals;
 
-using totals::kDepartamentos, totals::kGranTotal, totals::kPLUs;
-
 namespace {
 
 struct Cuenta {
@@ -167,7 +165,7 @@ TEST_F(DudasTest, QuienLaBorraAManoEnPlenaDudaNoPierdeNada) {
   t.amanecer();
   m().vender(12, 200, 0);
   const totals::Lectura lectura{{{0, {{{12, 0}, {1, 0, 200, 0}}}}}};
-  EXPECT_FALSE(t.sesion().guardarLectura(1, kPLUs, lectura, t.avisos).has_value());
+  EXPECT_FALSE(t.sesion().guardarLectura(1, TipoTotal::PLUs, lectura, t.avisos).has_value());
   EXPECT_EQ(t.responder(1, 0, false).size(), 1U);
   t.avisos.clear();
   t.leer(1);
@@ -182,9 +180,9 @@ TEST_F(DudasTest, UnaLecturaConRegistrosDeMenosNoEsUnaPuestaACero) {
     SCOPED_TRACE(todas);
     noche(kLunes);
     vender({{16, 1}});
-    t.leerSin(1, kPLUs, {11, 12, 13, 14});
-    t.leerSin(1, kGranTotal, todas ? std::set<qint64>{11, 12} : std::set<qint64>{});
-    t.leerSin(1, kDepartamentos, todas ? std::set<qint64>{13} : std::set<qint64>{});
+    t.leerSin(1, TipoTotal::PLUs, {11, 12, 13, 14});
+    t.leerSin(1, TipoTotal::GranTotal, todas ? std::set<qint64>{11, 12} : std::set<qint64>{});
+    t.leerSin(1, TipoTotal::Departamentos, todas ? std::set<qint64>{13} : std::set<qint64>{});
     t.memorizar();
     EXPECT_FALSE(t.textoAvisos().contains(u"se entiende que se puso a cero"));
     EXPECT_TRUE(t.textoAvisos().contains(todas ? u"no cuadran entre sí" : u"no cuadra con"))
@@ -199,8 +197,8 @@ TEST_F(DudasTest, UnaLecturaConRegistrosDeMenosNoEsUnaPuestaACero) {
 // The record of the grand total is lost, and the rest foots with itself.
 TEST_F(DudasTest, UnGranTotalQueNoVieneSeDice) {
   vender(kLunes);
-  t.leerSolo(1, kPLUs);
-  t.leerSin(1, kGranTotal, {11, 12, 13, 14, 15});
+  t.leerSolo(1, TipoTotal::PLUs);
+  t.leerSin(1, TipoTotal::GranTotal, {11, 12, 13, 14, 15});
   t.memorizar();
   EXPECT_TRUE(t.textoAvisos().contains(u"el Gran Total (0,00) no cuadra"))
       << t.textoAvisos().toStdString();
@@ -254,7 +252,8 @@ TEST_F(DudasTest, UnGrupoBorradoNoDejaNadaAlQueLleveSuCodigo) {
   t.leer(2);
   t.memorizar();
   EXPECT_TRUE(t.textoAvisos().isEmpty() || !t.textoAvisos().contains(u"Grupo 2: sus contadores"));
-  EXPECT_EQ(t.enPeriodos(2, kPLUs).IMP, 250);  // the former one's sales stay in its periods
+  EXPECT_EQ(t.enPeriodos(2, TipoTotal::PLUs).IMP,
+            250);  // the former one's sales stay in its periods
 }
 
 }  // namespace tarvo::prueba

@@ -5,8 +5,6 @@
 
 namespace tarvo::prueba {
 
-using totals::kPLUs;
-
 namespace {
 
 class PartesTest : public testing::Test {
@@ -55,7 +53,7 @@ TEST_F(PartesTest, LoQueNoSePuedeSaberEsperaALaLecturaEntera) {
   leidaYMemorizada(20);
   borrarArticulosSinSaberlo();
   dia(30);
-  t.leerSolo(2, kPLUs);
+  t.leerSolo(2, TipoTotal::PLUs);
   t.memorizar();
   EXPECT_TRUE(t.textoAvisos().contains(u"quedó a medias")) << t.textoAvisos().toStdString();
   EXPECT_FALSE(t.ponerACero(2));
@@ -178,7 +176,8 @@ TEST_F(PartesTest, UnDiaQueSumaCeroTieneSalida) {
         << t.textoAvisos().toStdString();
     EXPECT_FALSE(t.ponerACero(2));
     EXPECT_EQ(t.responder(2, 1, borrados).size(), 1U);
-    EXPECT_EQ(t.enPeriodos(2, kPLUs).IMP, t.vendido(2).IMP) << t.textoAvisos().toStdString();
+    EXPECT_EQ(t.enPeriodos(2, TipoTotal::PLUs).IMP, t.vendido(2).IMP)
+        << t.textoAvisos().toStdString();
     EXPECT_TRUE(t.ponerACero(2));
     t.avisos.clear();
   }

@@ -8,7 +8,6 @@ namespace tarvo::prueba {
 using namespace Qt::StringLiterals;
 
 using totals::kDiario, totals::kOtros, totals::kSemanal;
-using totals::kPLUs;
 
 namespace {
 
@@ -150,7 +149,7 @@ TEST_F(PeriodosLibrosTest, UnPeriodoHechoAManoRecibeLaLectura) {
     ASSERT_EQ(links.size(), 1U);
     EXPECT_EQ((*otra.periodos().columna(links[0]))->DESCR == u"Cierre", c.sustituir || !c.recibe);
     EXPECT_EQ(links[0] == link, c.recibe) << otra.textoAvisos().toStdString();
-    EXPECT_EQ(otra.enPeriodo(links[0], kPLUs), c.recibe && c.conFilas ? 570 : 500);
+    EXPECT_EQ(otra.enPeriodo(links[0], TipoTotal::PLUs), c.recibe && c.conFilas ? 570 : 500);
     EXPECT_EQ((*otra.periodos().columna(link))->stkABLE, c.descontable);
     EXPECT_TRUE(c.dicho ? otra.textoAvisos().contains(QString::fromUtf16(c.dicho))
                         : !otra.textoAvisos().contains(u"a mano"))
@@ -172,9 +171,9 @@ TEST_F(PeriodosLibrosTest, LoDeOrigenDesconocidoSeSustituyeSiNoSonMenos) {
     for (int n = 1; n < c.ahora; ++n) t.grupos.at(1).at(0).vender(11, 500, 0);
     const qint64 link = *t.periodos().CrearPeriodo(kDiario, hoy(), hoy(), true, {});
     t.total(u"TOTPLU", {link, 1, 11, c.antes, 0, 70, 0});
-    t.leerSolo(1, kPLUs);
+    t.leerSolo(1, TipoTotal::PLUs);
     const auto links = t.memorizar(c.sustituir);
-    EXPECT_EQ(t.enPeriodo(links.at(0), kPLUs), 500 * c.ahora + (c.sustituye ? 0 : 70));
+    EXPECT_EQ(t.enPeriodo(links.at(0), TipoTotal::PLUs), 500 * c.ahora + (c.sustituye ? 0 : 70));
     EXPECT_TRUE(t.ponerACero(1));
     for (auto& [addr, m] : t.grupos.at(2)) m.ponerACero();
   }
@@ -194,7 +193,7 @@ TEST_F(PeriodosLibrosTest, LaSemanaYElStockSiguenALoQueSeSumaAUnDia) {
   t.grupos.at(1).at(0).vender(11, 450, 0);
   t.leer(1);
   EXPECT_EQ(t.memorizar(false), link);
-  EXPECT_EQ(t.enPeriodo(semana(), kPLUs), t.enPeriodo(link[0], kPLUs));
+  EXPECT_EQ(t.enPeriodo(semana(), TipoTotal::PLUs), t.enPeriodo(link[0], TipoTotal::PLUs));
   EXPECT_EQ(vendidas(), 3);
 }
 
@@ -222,7 +221,7 @@ TEST_F(PeriodosLibrosTest, LaDiferenciaVaASuPropioDia) {
     ASSERT_FALSE(links.empty());
     for (const qint64 l : links) {
       EXPECT_EQ(columna(l).periodo.desde.qdate(), hoy().qdate());
-      EXPECT_EQ(t.enPeriodo(l, kPLUs), 2 * importe);
+      EXPECT_EQ(t.enPeriodo(l, TipoTotal::PLUs), 2 * importe);
     }
     EXPECT_TRUE(t.ponerACero(2));
   }

@@ -13,8 +13,6 @@ namespace tarvo::prueba {
 
 using namespace Qt::StringLiterals;
 
-using totals::kDepartamentos, totals::kGranTotal, totals::kPLUs;
-
 namespace {
 
 std::unique_ptr<dao::Database> abrir(const QString& carpeta) {
@@ -52,27 +50,30 @@ void TiendaDeLibros::grupo(int numero, std::vector<int> direcciones, int tipo) {
   for (const int d : direcciones) grupos[numero][d];
 }
 
-void TiendaDeLibros::leerSolo(int numero, int clase) {
+void TiendaDeLibros::leerSolo(int numero, TipoTotal clase) {
   leerSin(numero, clase, {});
 }
 
-void TiendaDeLibros::leerSin(int numero, int clase, const std::set<qint64>& perdidos) {
+void TiendaDeLibros::leerSin(int numero, TipoTotal clase, const std::set<qint64>& perdidos) {
   totals::Lectura lectura;
   for (const auto& [addr, maquina] : grupos.at(numero)) {
     auto& filas = lectura.maquinas[addr];
-    for (const auto& [codigo, c] : clase == kPLUs ? maquina.articulos : maquina.totales) {
+    for (const auto& [codigo, c] : clase == TipoTotal::PLUs ? maquina.articulos : maquina.totales) {
       if (perdidos.contains(codigo)) continue;
-      const qint64 clave = clase == kPLUs ? codigo : clase == kGranTotal ? numero : codigo % 3;
+      const qint64 clave = clase == TipoTotal::PLUs        ? codigo
+                           : clase == TipoTotal::GranTotal ? numero
+                                                           : codigo % 3;
       filas[{clave, 0}] += c;
     }
-    if (clase == kGranTotal && perdidos.empty()) filas[{numero, 0}];
+    if (clase == TipoTotal::GranTotal && perdidos.empty()) filas[{numero, 0}];
   }
   bien(p_->sesion.PrepararRecepcion(numero, clase));
   bien(p_->sesion.guardarLectura(numero, clase, lectura, avisos));
 }
 
 void TiendaDeLibros::leer(int numero) {
-  for (const int clase : {kPLUs, kGranTotal, kDepartamentos}) leerSolo(numero, clase);
+  for (const TipoTotal clase : {TipoTotal::PLUs, TipoTotal::GranTotal, TipoTotal::Departamentos})
+    leerSolo(numero, clase);
 }
 
 std::vector<qint64> TiendaDeLibros::memorizar(bool sustituir, bool aUno) {
@@ -95,7 +96,7 @@ bool TiendaDeLibros::ponerACero(int numero, bool llega, bool confirma) {
   return true;
 }
 
-totals::Contadores TiendaDeLibros::enPeriodos(int numero, int clase) const {
+totals::Contadores TiendaDeLibros::enPeriodos(int numero, TipoTotal clase) const {
   const QString tabla = totals::NombreTabla(clase);
   const auto rs = bien(p_->db->consultar(
       QString(u"SELECT SUM(CON), SUM(PES), SUM(IMP) FROM "_s + tabla + u", COLUMNA WHERE "_s +
@@ -104,7 +105,7 @@ totals::Contadores TiendaDeLibros::enPeriodos(int numero, int clase) const {
   return {.CON = rs->entero(0), .PES = rs->entero(1), .IMP = rs->entero(2)};
 }
 
-qint64 TiendaDeLibros::enPeriodo(qint64 link, int clase) const {
+qint64 TiendaDeLibros::enPeriodo(qint64 link, TipoTotal clase) const {
   return bien(p_->db->uno(QString(u"SELECT SUM(IMP) FROM "_s + totals::NombreTabla(clase) +
                                   u" WHERE LINK=?"_s),
                           link))
@@ -122,7 +123,11 @@ std::vector<qint64> TiendaDeLibros::responder(int numero, int addr, bool olvido)
 }
 
 void TiendaDeLibros::amanecer(int dias) {
-  reloj.avanzar(dias * 24 * 3600 * 1000LL);
+  masTarde(dias * 24 * 60);
+}
+
+void TiendaDeLibros::masTarde(int minutos) {
+  reloj.avanzar(minutos * 60'000LL);
   sesion().ponerEjecucion(++ejecucion, false);
 }
 
@@ -147,9 +152,9 @@ void TiendaDeLibros::cuadra(int numero) const {
   const auto texto = [](const totals::Contadores& c) {
     return u"%1 piezas, %2 g, %3 céntimos"_s.arg(c.CON).arg(c.PES).arg(c.IMP).toStdString();
   };
-  for (const int clase : {kPLUs, kGranTotal, kDepartamentos})
+  for (const TipoTotal clase : {TipoTotal::PLUs, TipoTotal::GranTotal, TipoTotal::Departamentos})
     EXPECT_EQ(texto(enPeriodos(numero, clase)), texto(vendido(numero)))
-        << "grupo " << numero << " clase " << clase << "\n"
+        << "grupo " << numero << " clase " << numeroDe(clase) << "\n"
         << textoAvisos().toStdString();
 }
 

@@ -39,22 +39,23 @@ class TiendaDeLibros : public Tienda {
   void grupo(int numero, std::vector<int> direcciones = {0}, int tipo = 1);
   // Reads articles, grand total and departments of a group, as three tasks do.
   void leer(int numero);
-  void leerSolo(int numero, int clase);
+  void leerSolo(int numero, TipoTotal clase);
   // A reading with the records of these codes lost.
-  void leerSin(int numero, int clase, const std::set<qint64>& perdidos);
+  void leerSin(int numero, TipoTotal clase, const std::set<qint64>& perdidos);
   std::vector<qint64> memorizar(bool sustituir = true, bool aUno = true);
   // Asks for permission, announces, empties the machines and confirms. False when the group may not
   // be zeroed.
   bool ponerACero(int numero, bool llega = true, bool confirma = true);
 
   // The counters of a kind over all periods of a group, except those that only sum others.
-  totals::Contadores enPeriodos(int numero, int clase) const;
-  qint64 enPeriodo(qint64 link, int clase) const;
+  totals::Contadores enPeriodos(int numero, TipoTotal clase) const;
+  qint64 enPeriodo(qint64 link, TipoTotal clase) const;
   totals::Contadores vendido(int numero) const;
   std::vector<qint64> responder(int numero, int addr, bool olvido);
   QString textoAvisos() const;
-  // The next day, with a new run.
+  // The next day, or later the same day, with a new run.
   void amanecer(int dias = 1);
+  void masTarde(int minutos);
   // From here on the periods hold all sales: the machines are empty.
   void desdeCero();
   // While the disk is full, by a trigger (the text after its name), nothing is memorised and group

@@ -146,7 +146,7 @@ TEST_F(Reglas, LoQueNuncaVaBienSeAcabaYSeDice) {
   }
 }
 
-// A record without its last field is asked for once more. If it comes again in the same bytes, the
+// A record without its last field is asked for again. If it keeps coming in the same bytes, the
 // machine always sends it so: it is read with 0 for the missing field, and this is reported.
 TEST_F(Reglas, UnRegistroQueSiempreVieneAsi) {
   tienda();
@@ -184,8 +184,8 @@ TEST_F(Reglas, UnRegistroQueSiempreVieneAsi) {
   }
 }
 
-// One short record among whole ones, with no attempt to spare: it is asked for once more, and taken
-// when it is the same.
+// One short record among whole ones, with no attempt to spare: it is taken when it has come four
+// times alike, and it isn't when a longer one of the same subject came, or once cut otherwise.
 TEST_F(Reglas, UnRegistroCortoEntreOtrosEnteros) {
   tienda();
   grupo(2, 2, QStringLiteral("cable 2"), {5});
@@ -198,9 +198,9 @@ TEST_F(Reglas, UnRegistroCortoEntreOtrosEnteros) {
     int mensaje, quedan;     // the frame of a list, and its length
     QString fila;
   };
-  const Caso casos[] = {{1, 1, 830, {2, 3}, 0, 25, QStringLiteral("20:0/100/200/0")},
-                        {2, 5, 67, {1, 2}, 3, 152, QStringLiteral("30:0/1/30/0")},
-                        {3, 4, 2057, {1, 2}, 1, 25, QStringLiteral("2:30/0/463/0")}};
+  const Caso casos[] = {{1, 1, 830, {2, 3, 4, 5}, 0, 25, QStringLiteral("20:0/100/200/0")},
+                        {2, 5, 67, {1, 2, 3, 4}, 3, 152, QStringLiteral("30:0/1/30/0")},
+                        {3, 4, 2057, {1, 2, 3, 4}, 1, 25, QStringLiteral("2:30/0/463/0")}};
   for (const Caso& c : casos) {
     SCOPED_TRACE(c.codigo);
     problemas.clear(), reintentos.clear(), avisos.clear();

@@ -138,14 +138,14 @@ QString TiendaDeMotor::filas(const QString& sql) {
 }
 
 QString TiendaDeMotor::bandeja(int grupo, int clase) {
-  const totals::ClaseTotal* c = totals::clase(clase);
+  const totals::ClaseTotal& c = totals::claseDe(*deNumero<TipoTotal>(clase));
   return filas(QStringLiteral("SELECT CODI%1 & ':' & CON & '/' & PES & '/' & IMP & '/' & SCO FROM "
                               "%2 WHERE LINK=0 AND "
                               "GRUPO=%3 ORDER BY CODI%4")
-                   .arg(c->conHora ? QStringLiteral(" & '.' & HORA") : QString())
-                   .arg(QString::fromUtf16(c->tabla))
+                   .arg(c.conHora ? QStringLiteral(" & '.' & HORA") : QString())
+                   .arg(QString::fromUtf16(c.tabla))
                    .arg(grupo)
-                   .arg(c->conHora ? QStringLiteral(", HORA") : QString()))
+                   .arg(c.conHora ? QStringLiteral(", HORA") : QString()))
       .replace(QLatin1Char(';'), QLatin1Char(' '));
 }
 

@@ -118,14 +118,17 @@ TEST(Dinero, QuantitiesAreGramsOrUnits) {
   EXPECT_EQ(ACantidad(u"kilo"_s, 0), 0);
 }
 
-TEST(Clases, FollowFromTheNumber) {
-  EXPECT_EQ(NombreTabla(21), u"TOTOPHOR"_s);
-  EXPECT_EQ(NombreVista(21), u"QNTOPH"_s);
-  EXPECT_EQ(CodigoTotales(20), u"06"_s);
-  EXPECT_EQ(CampoSesion(16), u"SS_PLU"_s);
-  for (const int ninguna : {0, 15, 22, -1}) EXPECT_EQ(NombreTabla(ninguna), QString());
+TEST(Clases, FollowFromTheKind) {
+  for (const TipoTotal t : todosLos<TipoTotal>()) {
+    EXPECT_EQ(claseDe(t).tipo, t);
+    EXPECT_EQ(totalDe(lecturaDe(t)), t);
+  }
+  EXPECT_EQ(NombreTabla(TipoTotal::OperHora), u"TOTOPHOR"_s);
+  EXPECT_EQ(NombreVista(TipoTotal::OperHora), u"QNTOPH"_s);
+  EXPECT_EQ(CodigoTotales(TipoTotal::Horario), u"06"_s);
+  EXPECT_EQ(CampoSesion(TipoTotal::PLUs), u"SS_PLU"_s);
   EXPECT_EQ(enVigor(ajustesDe(1)).size(), 6U);
-  EXPECT_EQ(enVigor(ajustesDe(1, Idioma::UK)).back().numero, 20);
+  EXPECT_EQ(enVigor(ajustesDe(1, Idioma::UK)).back().tipo, TipoTotal::Horario);
 }
 
 }  // namespace

@@ -97,8 +97,9 @@ TEST(Periodos, LosMayoresSiguenAlQueCambiaDeFechaODeTotales) {
   const qint64 dia = t.crear(kDiario, "05/06/2018");
   t.plu(dia, 7, 3);
   ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kSemanal, t.col(dia))));
-  bien(aplicarManuales(t.periodos, dia,
-                       {{kPLUs, 1, 7, 0, {1, 0, 50, 0}}, {kOperHora, 1, 5, 9, {2, 0, 20, 0}}}));
+  bien(aplicarManuales(
+      t.periodos, dia,
+      {{TipoTotal::PLUs, 1, 7, 0, {1, 0, 50, 0}}, {TipoTotal::OperHora, 1, 5, 9, {2, 0, 20, 0}}}));
   EXPECT_EQ(t.plus(dia + 1), u"1 7 4 30 350 3000");
   bien(t.periodos.CambiarPeriodo(dia, kDiario, momento("12/06/2018"), momento("12/06/2018")));
   EXPECT_EQ(t.leer(u"select sum([IMP]) from TOTPLU where LINK=2"_s), u"0");
@@ -120,7 +121,7 @@ TEST(ConsultaFilas, SeriesYResumen) {
   t.plu(otro, 9, 1);
   for (const int hora : {10, 9}) t.operHora(dia, 5, hora, hora);
   FiltroFilas f;
-  f.link = dia, f.clase = kPLUs;
+  f.link = dia, f.clase = TipoTotal::PLUs;
   auto puntos = bien(serie(*t.db, f, 5));
   ASSERT_EQ(puntos.size(), 2U);
   EXPECT_EQ(puntos[0].nombre, u"Pan");
@@ -130,7 +131,7 @@ TEST(ConsultaFilas, SeriesYResumen) {
   ASSERT_EQ(puntos.size(), 1U);
   EXPECT_EQ(puntos[0].importe, 300);
   FiltroFilas horas;
-  horas.link = dia, horas.clase = kOperHora;
+  horas.link = dia, horas.clase = TipoTotal::OperHora;
   puntos = bien(serie(*t.db, horas, 1));
   ASSERT_EQ(puntos.size(), 2U);
   EXPECT_EQ(puntos[0].codigo, 9);

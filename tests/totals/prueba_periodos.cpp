@@ -27,7 +27,7 @@ TEST_F(PeriodosDe, AreMadeFoundAndDeleted) {
   EXPECT_EQ(bien(periodos.BuscarPeriodo(1, momento("05/06/2018 23:59:59"), {}))->LINK, 1);
   EXPECT_FALSE(bien(periodos.BuscarPeriodo(1, momento("06/06/2018"), {})));
   for (const int link : {0, 1, 2}) plu(link, 7, 5), operHora(link, 1, 9, 5);
-  bien(periodos.BorrarPeriodo(2, kPLUs));
+  bien(periodos.BorrarPeriodo(2, TipoTotal::PLUs));
   EXPECT_EQ(plus(2), QString());
   EXPECT_EQ(col(2).LINK, 2);
   EXPECT_EQ(leer(u"select LINK from TOTOPHOR"_s), u"0 | 1 | 2"_s);

@@ -236,7 +236,8 @@ Renglon Redactor::bandeja() const {
   for (const auto& e : r_.bandeja) {
     desde = std::min(desde, e.desde);
     QStringList clases;
-    for (const int c : e.clases) clases << t_(motor::kTxMensajeClase + c);
+    for (const TipoTotal c : e.clases)
+      clases << t_(motor::kTxMensajeClase + numeroDe(lecturaDe(c)));
     const QString nombre = nombreGrupo(e.grupo, e.nombre) + u": "_s;
     todo << nombre + clases.join(u", "_s);
     if (lineas.size() < static_cast<qsizetype>(kEsperanVistos))

@@ -51,17 +51,14 @@ Campo campoDe(Falta f) {
 
 Resultado<Departamentos> Departamentos::leer(dao::Database& db) {
   Departamentos d;
-  TARVO_TOMAR(auto secciones, db.consultar(u"SELECT NMSECC FROM SECCS"));
-  for (auto& rs = *secciones; !rs.Eof();) {
-    d.deptos_[static_cast<int>(rs.entero(0))];
-    TARVO_INTENTAR(rs.MoveNext());
-  }
-  TARVO_TOMAR(auto deptos, db.consultar(u"SELECT SECCION, NUMDEP, NomDep FROM DEPTS"));
-  for (auto& rs = *deptos; !rs.Eof();) {
-    d.deptos_[static_cast<int>(rs.entero(0))][static_cast<int>(rs.entero(1))] =
-        dao::claveOrden(rs.texto(2).simplified());
-    TARVO_INTENTAR(rs.MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(u"SELECT NMSECC FROM SECCS"),
+      [&](const dao::Recordset& fila) { d.deptos_[static_cast<int>(fila.entero(0))]; }));
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(u"SELECT SECCION, NUMDEP, NomDep FROM DEPTS"), [&](const dao::Recordset& fila) {
+        d.deptos_[static_cast<int>(fila.entero(0))][static_cast<int>(fila.entero(1))] =
+            dao::claveOrden(fila.texto(2).simplified());
+      }));
   return d;
 }
 

@@ -46,12 +46,9 @@ qint64 ImpPLU::lote() const {
 
 Resultado<> ImpPLU::leerSecciones() {
   secciones_.clear();
-  TARVO_TOMAR(auto rs, db_.consultar(u"SELECT NMSECC FROM SECCS"));
-  while (!rs->Eof()) {
-    secciones_.insert(static_cast<int>(rs->entero(0)));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return {};
+  return dao::recorrer(db_.consultar(u"SELECT NMSECC FROM SECCS"), [&](const dao::Recordset& fila) {
+    secciones_.insert(static_cast<int>(fila.entero(0)));
+  });
 }
 
 Resultado<bool> ImpPLU::paso(SiExiste siExiste) {

@@ -7,15 +7,13 @@ using articles::ClaveArticulo;
 Resultado<> RepartoCodigos::leer(dao::Database& db, int seccion) {
   const auto [suyos, falta] = ahora_.try_emplace(seccion);
   if (!falta) return {};
-  TARVO_TOMAR(auto rs,
-              db.consultar(
-                  u"SELECT CodBarExt, CODPLU FROM PLUSES WHERE SECCION=? AND CodBarExt IS NOT NULL",
-                  seccion));
-  for (auto& r = *rs; !r.Eof();) {
-    suyos->second.insert(r.texto(0), r.entero(1));
-    TARVO_INTENTAR(r.MoveNext());
-  }
-  return {};
+  return dao::recorrer(
+      db.consultar(
+          u"SELECT CodBarExt, CODPLU FROM PLUSES WHERE SECCION=? AND CodBarExt IS NOT NULL",
+          seccion),
+      [&codigos = suyos->second](const dao::Recordset& fila) {
+        codigos.insert(fila.texto(0), fila.entero(1));
+      });
 }
 
 const int* RepartoCodigos::filaDe(ClaveArticulo clave) const {

@@ -36,14 +36,10 @@ Resultado<> SeccionesHechas::asegurar(qint64 lote, int seccion) {
 Resultado<int> SeccionesHechas::quitar(qint64 lote) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   TARVO_INTENTAR(dao::darPasos(db_, {tablasImportar()}));
-  std::vector<int> suyas;
-  {
-    TARVO_TOMAR(auto rs, db_.consultar(u"SELECT SECCION FROM LoteSecciones WHERE LOTE=?", lote));
-    for (auto& r = *rs; !r.Eof();) {
-      suyas.push_back(static_cast<int>(r.entero(0)));
-      TARVO_INTENTAR(r.MoveNext());
-    }
-  }
+  TARVO_TOMAR(
+      const auto suyas,
+      dao::reunir(db_.consultar(u"SELECT SECCION FROM LoteSecciones WHERE LOTE=?", lote),
+                  [](const dao::Recordset& fila) { return static_cast<int>(fila.entero(0)); }));
   int idas = 0;
   for (const int seccion : suyas) {
     TARVO_TOMAR(const auto ida, quitarSiVacia(seccion));

@@ -128,17 +128,19 @@ Resultado<std::vector<LineaLote>> CambioLote::previa(const SeleccionLote& s,
 CambioLote::Previa::Previa(CambioLote& motor, SeleccionLote seleccion, OrdenLote orden)
     : motor_(motor), seleccion_(std::move(seleccion)), orden_(std::move(orden)) {
   std::ranges::sort(seleccion_.codigos);
-  sql_ = QStringLiteral("SELECT * FROM PLUSES WHERE SECCION=?");
+  QString condicion = QStringLiteral("SECCION=?");
   parametros_ = {seleccion_.seccion};
   if (seleccion_.codigos.empty() && seleccion_.departamento) {
-    sql_ += QStringLiteral(" AND DEPTO=?");
+    condicion += QStringLiteral(" AND DEPTO=?");
     parametros_.emplace_back(*seleccion_.departamento);
   }
   if (seleccion_.codigos.empty() && !seleccion_.nombre.trimmed().isEmpty()) {
-    sql_ += QStringLiteral(" AND NOMPLU LIKE ?");
+    condicion += QStringLiteral(" AND NOMPLU LIKE ?");
     parametros_.emplace_back(comoParte(seleccion_.nombre.trimmed()));
   }
-  sql_ += QStringLiteral(" AND CODPLU>? ORDER BY CODPLU LIMIT %1").arg(kMiradosPorPaso);
+  sql_ = dao::conMarcas(
+      u"SELECT * FROM PLUSES WHERE {condicion} AND CODPLU>? ORDER BY CODPLU LIMIT {cuantos}",
+      {{u"condicion", condicion}, {u"cuantos", QString::number(kMiradosPorPaso)}});
 }
 
 Resultado<bool> CambioLote::Previa::paso() {
@@ -146,17 +148,17 @@ Resultado<bool> CambioLote::Previa::paso() {
     TARVO_INTENTAR(motor_.comprobar(seleccion_.seccion, orden_));
   auto parametros = parametros_;
   parametros.emplace_back(ultimo_);
-  TARVO_TOMAR(auto rs, motor_.db_.OpenQuery(sql_, parametros));
-  const articles::ColumnasArticulo columnas(*rs);
+  TARVO_TOMAR(const auto filas, motor_.db_.OpenQuery(sql_, parametros));
+  const articles::ColumnasArticulo columnas(*filas);
   int leidos = 0;
-  for (; !rs->Eof(); ++leidos) {
-    Articulo a = columnas.leer(*rs);
+  TARVO_INTENTAR(dao::recorrer(*filas, [&](const dao::Recordset& fila) {
+    ++leidos;
+    Articulo a = columnas.leer(fila);
     ultimo_ = a.clave.codigo;
     if (seleccion_.codigos.empty() ||
         std::ranges::binary_search(seleccion_.codigos, a.clave.codigo))
       lineas_.push_back(cambiarConOrden(a, orden_));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  }));
   return leidos == kMiradosPorPaso;
 }
 

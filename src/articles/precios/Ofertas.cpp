@@ -10,9 +10,6 @@ using dao::Transaccion;
 
 namespace {
 
-constexpr const char16_t* kColumnas =
-    u"SELECT GRUPO, SECCION, CODIGO, PRECIO_0, PRECIO_1, PRECIO_2, FECHA_INI, FECHA_FIN, enviado "
-    u"FROM OFERTAS WHERE ";
 constexpr const char16_t* kDeClave = u"GRUPO=? AND SECCION=? AND CODIGO=?";
 
 Oferta deFila(const dao::Recordset& rs) {
@@ -54,25 +51,19 @@ Condicion FiltroOfertas::condicion(bool todosLosGrupos) const {
 }
 
 Resultado<std::vector<int>> Ofertas::gruposDe(int seccion) {
-  TARVO_TOMAR(auto rs,
-              db_.consultar(u"SELECT CODGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO", seccion));
-  std::vector<int> grupos;
-  while (!rs->Eof()) {
-    grupos.push_back(static_cast<int>(rs->entero(0)));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return grupos;
+  return dao::reunir(
+      db_.consultar(u"SELECT CODGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO", seccion),
+      [](const dao::Recordset& fila) { return static_cast<int>(fila.entero(0)); });
 }
 
 Resultado<std::vector<Oferta>> Ofertas::leerVarias(const Condicion& condicion) {
-  TARVO_TOMAR(auto rs,
-              db_.OpenQuery(QString::fromUtf16(kColumnas) + condicion.sql, condicion.parametros));
-  std::vector<Oferta> ofertas;
-  while (!rs->Eof()) {
-    ofertas.push_back(deFila(*rs));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return ofertas;
+  return dao::reunir(
+      db_.OpenQuery(
+          dao::conMarcas(u"SELECT GRUPO, SECCION, CODIGO, PRECIO_0, PRECIO_1, PRECIO_2, FECHA_INI, "
+                         u"FECHA_FIN, enviado FROM OFERTAS WHERE {condicion}",
+                         {{u"condicion", condicion.sql}}),
+          condicion.parametros),
+      deFila);
 }
 
 Resultado<std::optional<Oferta>> Ofertas::leer(const ClaveOferta& c) {

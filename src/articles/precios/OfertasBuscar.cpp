@@ -19,7 +19,8 @@ Resultado<std::optional<Ofertas::Hallado>> Ofertas::buscar(int seccion, const QS
                            : rs->Seek(dao::Busca::MayorIgual, seccion, texto));
   const int deSeccion = rs->columna(u"SECCION"), deCodigo = rs->columna(u"CODPLU");
   const auto sirve = [&] { return rs->entero(deCodigo) >= articles::kPrimerCodigo; };
-  while (!porCodigo && !rs->Eof() && !sirve()) TARVO_INTENTAR(rs->MoveNext());
+  if (!porCodigo)
+    TARVO_INTENTAR(dao::recorrer(*rs, [&](const dao::Recordset&) { return !sirve(); }));
   if (rs->Eof() || rs->entero(deSeccion) != seccion || !sirve()) return std::nullopt;
   return Hallado{rs->entero(deCodigo), rs->texto(rs->columna(u"NOMPLU"))};
 }

@@ -62,7 +62,7 @@ void BrowGrupos::montar() {
   unir(ui_.VerXtrac, u"totales"_s, Qt::CTRL | Qt::Key_T, [this] {
     if (const auto en = actual())
       abrir(totals::PuertaVerFils{
-          .clase = totals::kDepartamentos, .seccion = en->seccion, .codigo = en->departamento});
+          .clase = TipoTotal::Departamentos, .seccion = en->seccion, .codigo = en->departamento});
   });
   deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
   connect(deshacer_, &ventanas::Deshacer::deshecho, this, [this] { actualCambiado(); });

@@ -186,7 +186,7 @@ Resultado<ventanas::Deshacer::Vuelto> BrowOper::reponer(
 void BrowOper::verVentas() {
   const int fila = ui_.Grid->filaActual();
   if (fila < 0) return;
-  abrir(totals::PuertaVerFils{.clase = totals::kOperadores, .codigo = codigo(fila)});
+  abrir(totals::PuertaVerFils{.clase = TipoTotal::Operadores, .codigo = codigo(fila)});
 }
 
 }  // namespace tarvo::articles

@@ -1,12 +1,9 @@
 #include "comm/cables/CableLocal.h"
 
-#include <sys/socket.h>
-
 namespace tarvo::enlace {
 
 namespace {
 constexpr int kMsLocal = 3000;
-constexpr int kMsDespedida = 500;  // for the other end to close as well
 }
 
 CableLocal::CableLocal(Reloj& reloj, std::shared_ptr<Ocupados> ocupados, QString ruta)
@@ -30,12 +27,9 @@ void CableLocal::error(QLocalSocket::LocalSocketError cual) {
   fallado(cual == QLocalSocket::ServerNotFoundError ? int{kSinHost} : int{kPuertoTcpCerrado});
 }
 
-// As with TCP, is over when the other end has closed as well.
 void CableLocal::terminar() {
   socket_.flush();
-  if (socket_.state() == QLocalSocket::ConnectedState && socket_.bytesToWrite() == 0 &&
-      ::shutdown(static_cast<int>(socket_.socketDescriptor()), SHUT_WR) == 0)
-    return plazo(kMsDespedida);
+  if (socket_.bytesToWrite() == 0 && despedirse(socket_.socketDescriptor())) return;
   plazo(kMsLocal);
   socket_.disconnectFromServer();
   if (socket_.state() == QLocalSocket::UnconnectedState) cerrado(kBien);

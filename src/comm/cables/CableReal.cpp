@@ -1,5 +1,7 @@
 #include "comm/cables/CableReal.h"
 
+#include <sys/socket.h>
+
 #include <QMetaObject>
 
 namespace tarvo::enlace {
@@ -66,6 +68,13 @@ void CableReal::cerrado(int razon) {
   uso_.reset();
   estado_ = kCerrado;
   luego([=](Oyente& o) { o.cierre(razon); });
+}
+
+bool CableReal::despedirse(qintptr socket) {
+  constexpr int kMsDespedida = 2000;
+  if (socket < 0 || ::shutdown(static_cast<int>(socket), SHUT_WR) != 0) return false;
+  plazo(kMsDespedida);
+  return true;
 }
 
 // Called from the device's own signal, so the link may be called at once.

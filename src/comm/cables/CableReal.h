@@ -54,6 +54,11 @@ class CableReal : public LinkSocket {
   void cerrado(int razon);  // the requested closing is over
   void llegado(const QByteArray& bytes);
   void portadora(bool sube);
+  // Begins the closing of a socket with nothing left to send, which is over when the other end has
+  // closed as well, or has had two seconds: a machine that takes one connection at a time drops
+  // the next one if it comes while the machine hasn't noticed the end of this one. False if it
+  // isn't connected.
+  bool despedirse(qintptr socket);
   void plazo(int ms) { plazo_->unaVez(ms); }
   void sinPlazo() { plazo_->parar(); }
   virtual void vencePlazo() = 0;

@@ -1,12 +1,9 @@
 #include "comm/cables/CableTCP.h"
 
-#include <sys/socket.h>
-
 namespace tarvo::enlace {
 
 namespace {
 constexpr int kMsConexion = 20000, kMsDesconexion = 3000;
-constexpr int kMsDespedida = 500;  // for the other end to close as well
 }  // namespace
 
 CableTCP::CableTCP(Reloj& reloj, std::shared_ptr<Ocupados> ocupados, QString host, int puerto)
@@ -55,13 +52,9 @@ void CableTCP::error(QAbstractSocket::SocketError cual) {
   }
 }
 
-// Is over when the other end has closed as well: a machine that takes one connection at a time
-// drops the next one if it comes while the machine hasn't noticed the end of this one.
 void CableTCP::terminar() {
   socket_.flush();
-  if (socket_.state() == QAbstractSocket::ConnectedState && socket_.bytesToWrite() == 0 &&
-      ::shutdown(static_cast<int>(socket_.socketDescriptor()), SHUT_WR) == 0)
-    return plazo(kMsDespedida);
+  if (socket_.bytesToWrite() == 0 && despedirse(socket_.socketDescriptor())) return;
   plazo(kMsDesconexion);
   socket_.disconnectFromHost();
   if (socket_.state() == QAbstractSocket::UnconnectedState) cerrado(kBien);

@@ -84,12 +84,12 @@ int gestcomm::Interior::nueva(const DatosTarea& que) {
   // A build lacks kinds by their keyword; the kind without one is in all builds.
   const bool tiene = c && (*c->clave == 0 || entorno.ajustes.clases.tiene(clase));
   if (!tiene || !c->crear) return 2;
-  if (c->esTotal) {
-    const auto puede = entorno.sesion.PuedeRecibir(grupo, numeroDe(clase));
+  if (c->total) {
+    const auto puede = entorno.sesion.PuedeRecibir(grupo, *c->total);
     if (!puede) {
       // Not read, so the machine must not be told to forget: if that can't be recorded either, the
       // zeroing can't get permission.
-      static_cast<void>(entorno.sesion.lecturaFallida(grupo, numeroDe(clase)));
+      static_cast<void>(entorno.sesion.lecturaFallida(grupo, *c->total));
       return 2;
     }
     if (!*puede) return 1;
@@ -162,8 +162,8 @@ void gestcomm::Interior::marcarFallida(TareaViva& t) {
   if (!t.clase->esLectura || t.fallida) return;
   t.fallida = true;
   anotarFallido(t.datos.Grupo, t.datos.Clase);
-  if (!t.clase->esTotal) return;
-  if (auto r = entorno.sesion.lecturaFallida(t.datos.Grupo, numeroDe(t.datos.Clase)); !r)
+  if (!t.clase->total) return;
+  if (auto r = entorno.sesion.lecturaFallida(t.datos.Grupo, *t.clase->total); !r)
     decir(t, entorno.textos(kTxFalloSinAnotar, {t.datos.Grupo, r.error().texto}));
 }
 

@@ -63,7 +63,8 @@ FilaClase filaDe(TipoTarea tarea) {
 }
 
 void ponerRasgos(ClaseTarea& c) {
-  c.esTotal = c.esLectura = esDeTotales(c.tarea);
+  c.total = totalDe(c.tarea);
+  c.esLectura = c.total.has_value();
   switch (c.tarea) {
     case TipoTarea::RxPedid:
     case TipoTarea::RxInven:

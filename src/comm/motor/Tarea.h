@@ -142,12 +142,12 @@ struct ClaseTarea {
   const char16_t* clave = u"";  // keyword of the process language, empty for none
   // Numbers of its texts: the grid's name, the name for messages, the title of its dialog.
   int nombre = -1, mensaje = -1, titulo = -1;
-  std::vector<TipoGrupo> tipos;  // kinds of group that take it
-  bool esTotal = false;          // a reading of totals
-  bool esLectura = false;        // totals and documents: a zeroing of the group waits for it
-  bool esOlvido = false;         // zeroing, wipe: waits for earlier readings of its group
-  bool esBorrado = false;        // wipe: later tasks of its group wait for it
-  bool toleraErr5 = false;       // a refusal numbered 5 counts as a good answer
+  std::vector<TipoGrupo> tipos;         // kinds of group that take it
+  std::optional<TipoTotal> total = {};  // the kind of totals that it reads
+  bool esLectura = false;               // totals and documents: a zeroing of the group waits for it
+  bool esOlvido = false;                // zeroing, wipe: waits for earlier readings of its group
+  bool esBorrado = false;               // wipe: later tasks of its group wait for it
+  bool toleraErr5 = false;              // a refusal numbered 5 counts as a good answer
   // Null for a kind with a known name but no sender: NuevaTarea returns 2 for it.
   std::unique_ptr<CursoTarea> (*crear)(const DatosTarea&, const Entorno&) = nullptr;
   bool valePara(TipoGrupo tipo) const;

@@ -47,11 +47,12 @@ Resultado<std::array<qint64, 21>> leerOperadores(const motor::Entorno& e, int gr
 
 // --- all readings ---
 
-Totales::Totales(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e) {}
+Totales::Totales(const motor::DatosTarea& t, const motor::Entorno& e)
+    : t_(t), total_(*totalDe(t.Clase)), e_(e) {}
 
 Resultado<Siguiente> Totales::siguiente() {
   if (!anunciada_) {
-    TARVO_INTENTAR(e_.sesion.PrepararRecepcion(t_.Grupo, numeroDe(t_.Clase)));
+    TARVO_INTENTAR(e_.sesion.PrepararRecepcion(t_.Grupo, total_));
     anunciada_ = true;
   }
   if (!preparada_) {
@@ -67,7 +68,7 @@ Resultado<std::vector<totals::Aviso>> Totales::cerrar() {
     return falloEn({Fallo::Formato, motor::kErrorTrama, e_.textos(kTxUnosEnterosYOtrosNo)},
                    t_.Grupo, *donde, e_.textos);
   malos_.avisar(t_.Grupo, e_.textos, avisos);
-  TARVO_INTENTAR(e_.sesion.guardarLectura(t_.Grupo, numeroDe(t_.Clase), lectura_, avisos));
+  TARVO_INTENTAR(e_.sesion.guardarLectura(t_.Grupo, total_, lectura_, avisos));
   return avisos;
 }
 
@@ -107,7 +108,7 @@ Resultado<> PreguntasVek::respuesta(int, int, const QByteArray& datos) {
   if (rigor_ == maquinas::Rigor::Tolerante)
     malos_.tomado(p.codigo, p.datos, datos, donde);
   else
-    malos_.entero(p.codigo, p.datos, datos);
+    malos_.entero(p.codigo, datos);
   malos_.otraPregunta();
   ++hechas_;
   return {};

@@ -24,6 +24,7 @@ Resultado<std::array<qint64, 21>> leerOperadores(const motor::Entorno& e, int gr
 
 class Totales : public motor::CursoTarea {
  public:
+  // REQUIRES a task that reads totals.
   Totales(const motor::DatosTarea& t, const motor::Entorno& e);
   Resultado<motor::Siguiente> siguiente() final;
   Resultado<std::vector<totals::Aviso>> cerrar() override;
@@ -48,6 +49,7 @@ class Totales : public motor::CursoTarea {
   }
 
   motor::DatosTarea t_;
+  const TipoTotal total_;
   const motor::Entorno e_;
   totals::Lectura lectura_;
   maquinas::Rigor rigor_ = maquinas::Rigor::Estricto;  // for the present record

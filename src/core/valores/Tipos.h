@@ -46,6 +46,16 @@ enum class TipoTarea : int {
   RxDatPlu = 24,  // no keyword: only started by a person
 };
 
+// The kinds of totals, by the number that their rows have in the database (CLASE).
+enum class TipoTotal : int {
+  PLUs = 16,
+  GranTotal = 17,
+  Operadores = 18,
+  Departamentos = 19,
+  Horario = 20,
+  OperHora = 21,
+};
+
 constexpr bool existe(TipoGrupo t) {
   switch (t) {
     case TipoGrupo::Balanzas:
@@ -94,16 +104,34 @@ constexpr bool existe(TipoTarea t) {
   return false;
 }
 
-// The readings of totals, one for each kind of total.
-constexpr bool esDeTotales(TipoTarea t) {
+constexpr bool existe(TipoTotal t) {
+  switch (t) {
+    case TipoTotal::PLUs:
+    case TipoTotal::GranTotal:
+    case TipoTotal::Operadores:
+    case TipoTotal::Departamentos:
+    case TipoTotal::Horario:
+    case TipoTotal::OperHora:
+      return true;
+  }
+  return false;
+}
+
+// The kind of totals that a task reads; nothing for a task that reads none.
+constexpr std::optional<TipoTotal> totalDe(TipoTarea t) {
   switch (t) {
     case TipoTarea::RxPlus:
+      return TipoTotal::PLUs;
     case TipoTarea::RxGrTot:
+      return TipoTotal::GranTotal;
     case TipoTarea::RxOpera:
+      return TipoTotal::Operadores;
     case TipoTarea::RxDepar:
+      return TipoTotal::Departamentos;
     case TipoTarea::RxHorar:
+      return TipoTotal::Horario;
     case TipoTarea::RxOpHor:
-      return true;
+      return TipoTotal::OperHora;
     case TipoTarea::TxPlus:
     case TipoTarea::TxTecla:
     case TipoTarea::TxTick:
@@ -118,9 +146,30 @@ constexpr bool esDeTotales(TipoTarea t) {
     case TipoTarea::RxPedid:
     case TipoTarea::RxInven:
     case TipoTarea::RxDatPlu:
-      return false;
+      return std::nullopt;
   }
-  return false;
+  return std::nullopt;
+}
+constexpr bool esDeTotales(TipoTarea t) {
+  return totalDe(t).has_value();
+}
+// The task that reads a kind of totals.
+constexpr TipoTarea lecturaDe(TipoTotal t) {
+  switch (t) {
+    case TipoTotal::PLUs:
+      return TipoTarea::RxPlus;
+    case TipoTotal::GranTotal:
+      return TipoTarea::RxGrTot;
+    case TipoTotal::Operadores:
+      return TipoTarea::RxOpera;
+    case TipoTotal::Departamentos:
+      return TipoTarea::RxDepar;
+    case TipoTotal::Horario:
+      return TipoTarea::RxHorar;
+    case TipoTotal::OperHora:
+      return TipoTarea::RxOpHor;
+  }
+  std::unreachable();
 }
 
 // No type has a greater number.

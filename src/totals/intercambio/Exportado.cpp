@@ -33,7 +33,7 @@ class Escritor {
 
 void claveLarga(Escritor& e, const FilaExport& f) {
   e.campo(f.GRUPO, 4).campo(f.SECCION, 3);
-  if (f.clase == kOperHora)
+  if (f.clase == TipoTotal::OperHora)
     e.campo(f.CODI, 5).campo(f.HORA, 2);
   else
     e.campo(f.CODI, 7);
@@ -41,20 +41,22 @@ void claveLarga(Escritor& e, const FilaExport& f) {
 
 void claveCorta(Escritor& e, const FilaExport& f) {
   switch (f.clase) {
-    case kGranTotal:
+    case TipoTotal::GranTotal:
       e.campo(f.GRUPO, 6).exigir(f.CODI == 0 || f.CODI == f.GRUPO);  // no place for another
       break;
-    case kDepartamentos:
+    case TipoTotal::Departamentos:
       e.campo(f.GRUPO, 2).campo(f.SECCION, 2).campo(f.CODI, 2);
       break;
-    case kHorario:
+    case TipoTotal::Horario:
       e.campo(f.GRUPO, 2).campo(0, 2).campo(f.CODI, 2);
       break;
-    case kOperHora:
+    case TipoTotal::OperHora:
       e.campo(f.GRUPO, 2).campo(f.CODI, 2).campo(f.HORA, 2);
       break;
-    default:
+    case TipoTotal::PLUs:
+    case TipoTotal::Operadores:
       e.campo(f.GRUPO, 2).campo(f.CODI, 4);
+      break;
   }
 }
 
@@ -65,21 +67,24 @@ struct Lugar {
 struct Clave {
   Lugar grupo, codi, hora;
 };
-Clave claveDe(int clase, bool corto) {
+Clave claveDe(TipoTotal clase, bool corto) {
   if (!corto)
-    return clase == kOperHora ? Clave{{2, 4}, {9, 5}, {14, 2}} : Clave{{2, 4}, {9, 7}, {}};
+    return clase == TipoTotal::OperHora ? Clave{{2, 4}, {9, 5}, {14, 2}}
+                                        : Clave{{2, 4}, {9, 7}, {}};
   switch (clase) {
-    case kPLUs:
+    case TipoTotal::PLUs:
       return {{2, 2}, {4, 4}, {}};
-    case kGranTotal:
+    case TipoTotal::GranTotal:
       return {{2, 6}, {}, {}};
-    case kHorario:
+    case TipoTotal::Horario:
       return {{2, 2}, {6, 2}, {}};
-    case kOperHora:
+    case TipoTotal::OperHora:
       return {{2, 2}, {4, 2}, {6, 2}};
-    default:
+    case TipoTotal::Operadores:
+    case TipoTotal::Departamentos:
       return {{4, 2}, {6, 2}, {}};
   }
+  std::unreachable();
 }
 
 // Digits, optionally preceded by a sign and blanks.
@@ -97,19 +102,19 @@ bool leerNumero(QStringView linea, Lugar lugar, qint64& n) {
 
 // Where a short line has its group. Ours has it first, followed by the code of an operator, or the
 // section and code of a department; another system's has it where those begin.
-std::optional<Clave> claveCortaDe(int numero, QStringView linea, const Secciones& secciones) {
-  const Clave ajena = claveDe(numero, true);
-  if (numero != kOperadores && numero != kDepartamentos) return ajena;
+std::optional<Clave> claveCortaDe(TipoTotal tipo, QStringView linea, const Secciones& secciones) {
+  const Clave ajena = claveDe(tipo, true);
+  if (tipo != TipoTotal::Operadores && tipo != TipoTotal::Departamentos) return ajena;
   qint64 delante = 0, detras = 0;
   if (!leerNumero(linea, {2, 2}, delante) || !leerNumero(linea, ajena.grupo, detras)) return ajena;
   if (delante == 0) return ajena;  // not one of our groups
   const auto grupo = secciones.find(delante);
   const bool nuestra =
-      grupo != secciones.end() && (numero == kOperadores || grupo->second == detras);
+      grupo != secciones.end() && (tipo == TipoTotal::Operadores || grupo->second == detras);
   const bool deOtro = secciones.contains(detras);
   if (nuestra == deOtro) return std::nullopt;
   if (deOtro) return ajena;
-  return numero == kOperadores ? Clave{{2, 2}, {4, 4}, {}} : Clave{{2, 2}, {6, 2}, {}};
+  return tipo == TipoTotal::Operadores ? Clave{{2, 2}, {4, 4}, {}} : Clave{{2, 2}, {6, 2}, {}};
 }
 
 const ClaseTotal* claseDeCodigo(QStringView codigo, const Ajustes& ajustes) {
@@ -133,11 +138,11 @@ std::expected<FilaExport, LineaMala> leerLineaExport(QStringView linea, const Aj
   const ClaseTotal* c = claseDeCodigo(linea.left(2), ajustes);
   if (!c) return noEs;
   const bool corto = linea.size() == kCorto;
-  const auto clave = corto ? claveCortaDe(c->numero, linea, secciones) : claveDe(c->numero, false);
+  const auto clave = corto ? claveCortaDe(c->tipo, linea, secciones) : claveDe(c->tipo, false);
   if (!clave) return std::unexpected(LineaMala::Dudosa);
   const int x = corto ? 8 : 16;
   FilaExport f;
-  f.clase = c->numero;
+  f.clase = c->tipo;
   const bool bien =
       leerNumero(linea, clave->grupo, f.GRUPO) && leerNumero(linea, clave->codi, f.CODI) &&
       leerNumero(linea, clave->hora, f.HORA) && leerNumero(linea, {x, 10}, f.c.IMP) &&

@@ -12,7 +12,7 @@
 namespace tarvo::totals {
 
 struct FilaExport {
-  int clase = 0;
+  TipoTotal clase = TipoTotal::GranTotal;
   qint64 GRUPO = 0, SECCION = 0, CODI = 0, HORA = 0;
   Contadores c;
 };

@@ -47,8 +47,8 @@ class Sumador {
  public:
   Sumador(dao::Database& db, qint64 link) : db_(db), link_(link) {}
   Resultado<> sumar(const FilaExport& f) {
-    const ClaseTotal& c = *clase(f.clase);
-    auto& s = sentencias_[static_cast<size_t>(f.clase - kPLUs)];
+    const ClaseTotal& c = claseDe(f.clase);
+    auto& s = sentencias_[f.clase];
     if (!s) {
       TARVO_TOMAR(auto nueva, prepararSuma(db_, c));
       s = std::move(nueva);
@@ -61,16 +61,15 @@ class Sumador {
     return {};
   }
   Resultado<> comprobar(const Textos& textos) {
-    for (size_t i = 0; i < sentencias_.size(); ++i)
-      if (sentencias_[i])
-        TARVO_INTENTAR(comprobarRango(db_, *clase(kPLUs + static_cast<int>(i)), link_, textos));
+    for (const auto& [tipo, sentencia] : sentencias_)
+      TARVO_INTENTAR(comprobarRango(db_, claseDe(tipo), link_, textos));
     return {};
   }
 
  private:
   dao::Database& db_;
   qint64 link_;
-  std::array<std::unique_ptr<dao::Sentencia>, 6> sentencias_;
+  std::map<TipoTotal, std::unique_ptr<dao::Sentencia>> sentencias_;
 };
 
 Resultado<Secciones> leerSecciones(dao::Database& db) {

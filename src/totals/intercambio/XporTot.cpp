@@ -20,13 +20,13 @@ QByteArray cabeceraDe(const Columna& c) {
 }
 
 FilaExport filaDe(const ClaseTotal& c, const dao::Recordset& r) {
-  FilaExport f{c.numero, r.entero(0), r.entero(1), r.entero(2), r.entero(3), {}};
+  FilaExport f{c.tipo, r.entero(0), r.entero(1), r.entero(2), r.entero(3), {}};
   f.c = {r.entero(4), r.entero(5), r.entero(6), r.entero(7)};
   return f;
 }
 
 std::unexpected<Error> noCabe(const Columna& periodo, const FilaExport& f, const Textos& textos) {
-  return fallo(Fallo::Formato, textos(f.clase == kOperHora ? kTxNoCabeHora : kTxNoCabe,
+  return fallo(Fallo::Formato, textos(f.clase == TipoTotal::OperHora ? kTxNoCabeHora : kTxNoCabe,
                                       {periodo.LINK, TextoPeriodo(periodo.periodo),
                                        NombreTabla(f.clase), f.GRUPO, f.CODI, f.HORA}));
 }
@@ -57,7 +57,7 @@ Resultado<> XporTot::lineasDe(const ClaseTotal& c, const Columna& periodo, bool 
       u"SELECT GRUPO, GRUPOS.SECCION, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} LEFT JOIN "
       u"GRUPOS ON GRUPOS.CODGPO={tabla}.GRUPO WHERE LINK=? AND GRUPO=? ORDER BY {orden}",
       {{u"tabla", tabla},
-       {u"hora", c.conHora ? QStringLiteral("HORA") : QStringLiteral("0")},
+       {u"hora", horaDe(c)},
        {u"orden", c.conHora ? QStringLiteral("CODI, HORA") : QStringLiteral("CODI")}});
   const auto una = [&](const dao::Recordset& fila) -> Resultado<> {
     const FilaExport f = filaDe(c, fila);

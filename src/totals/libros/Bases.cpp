@@ -17,22 +17,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using dao::conMarcas;
 using dao::Database;
 
-QString textoDe(const char16_t* s) {
-  return QString::fromUtf16(s);
+// A statement on the zeroings that may not have been heard: {sinConfirmar}. A reading can only show
+// one that was begun before it.
+QString sobreCeros(QStringView sentencia) {
+  return conMarcas(sentencia, {{u"sinConfirmar",
+                                u"SEC_HECHO<SEC_INTENCION AND SEC_INTENCION<(SELECT MAX(SEC) FROM "
+                                u"Lecturas WHERE Lecturas.GRUPO=Ceros.GRUPO)"_s}});
 }
-
-// A reading can only show a zeroing that was begun before it.
-const QString kSinConfirmar =
-    u"SEC_HECHO<SEC_INTENCION AND SEC_INTENCION<(SELECT MAX(SEC) FROM Lecturas WHERE "_s
-    u"Lecturas.GRUPO=Ceros.GRUPO)"_s;
 
 // Since when the machine has counted afresh: the unconfirmed zeroing, else the memorised reading.
 Resultado<Fecha> momentoDelCero(Database& db, int grupo, int addr, bool& anunciado) {
   TARVO_TOMAR(auto rs,
-              db.consultar(QString(u"SELECT INTENCION FROM Ceros WHERE GRUPO=? AND ADDR=? AND "_s +
-                                   kSinConfirmar),
+              db.consultar(sobreCeros(u"SELECT INTENCION FROM Ceros WHERE GRUPO=? AND ADDR=? AND "
+                                      u"{sinConfirmar}"),
                            grupo, addr));
   anunciado = !rs->Eof();
   if (anunciado) return rs->fecha(0);
@@ -43,20 +43,20 @@ Resultado<Fecha> momentoDelCero(Database& db, int grupo, int addr, bool& anuncia
 
 // The machine has forgotten: none of its counters is memorised any more, in any kind.
 Resultado<> olvidar(Database& db, int grupo, int addr) {
-  for (const ClaseTotal& c : todasLasClases()) TARVO_INTENTAR(apartarBase(db, grupo, c.numero));
+  for (const ClaseTotal& c : todasLasClases()) TARVO_INTENTAR(apartarBase(db, grupo, c.tipo));
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
-  TARVO_INTENTAR(db.ejecutar(QString(u"UPDATE Ceros SET HECHO=INTENCION, SEC_HECHO=SEC_INTENCION "_s
-                                     u"WHERE GRUPO=? AND ADDR=? AND "_s +
-                                     kSinConfirmar),
-                             grupo, addr));
+  TARVO_INTENTAR(
+      db.ejecutar(sobreCeros(u"UPDATE Ceros SET HECHO=INTENCION, SEC_HECHO=SEC_INTENCION WHERE "
+                             u"GRUPO=? AND ADDR=? AND {sinConfirmar}"),
+                  grupo, addr));
   return {};
 }
 
 Resultado<> fecharCero(Database& db, const Ajustes& ajustes, int grupo, Fecha cuando) {
   TARVO_INTENTAR(db.ejecutar(
-      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=? "_s
-      u"AND NOT EXISTS (SELECT 1 FROM "_s
-      u"BaseFilas WHERE BaseFilas.GRUPO=Lecturas.GRUPO AND BaseFilas.CLASE=Lecturas.CLASE)"_s,
+      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=? "
+      u"AND NOT EXISTS (SELECT 1 FROM BaseFilas WHERE BaseFilas.GRUPO=Lecturas.GRUPO AND "
+      u"BaseFilas.CLASE=Lecturas.CLASE)",
       grupo));
   TARVO_TOMAR(const auto queda, db.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=?"_s, grupo));
   if (queda.entero() > 0) return {};
@@ -65,28 +65,28 @@ Resultado<> fecharCero(Database& db, const Ajustes& ajustes, int grupo, Fecha cu
                   cuando, grupo, cuando));
   for (const ClaseTotal& c : enVigor(ajustes))
     TARVO_INTENTAR(
-        db.ejecutar(QString(u"UPDATE Sesiones SET "_s + textoDe(c.desde) +
-                            u"=? WHERE CODGPO=? AND "_s + textoDe(c.sesion) + u" AND ("_s +
-                            textoDe(c.desde) + u" IS NULL OR "_s + textoDe(c.desde) + u"<?)"_s),
+        db.ejecutar(conMarcas(u"UPDATE Sesiones SET {desde}=? WHERE CODGPO=? AND {enSesion} AND "
+                              u"({desde} IS NULL OR {desde}<?)",
+                              {{u"desde", CampoDesde(c.tipo)}, {u"enSesion", CampoSesion(c.tipo)}}),
                     cuando, grupo, cuando));
   return {};
 }
 
 // The kinds received from a group in the open session, with the sum of their amounts; the amount of
 // a separately cleared kind is added back.
-Resultado<std::multimap<qint64, int>> sumasRecibidas(Database& db, const Ajustes& ajustes,
-                                                     int grupo) {
-  std::multimap<qint64, int> sumas;
+Resultado<std::multimap<qint64, TipoTotal>> sumasRecibidas(Database& db, const Ajustes& ajustes,
+                                                           int grupo) {
+  std::multimap<qint64, TipoTotal> sumas;
   for (const ClaseTotal& c : enVigor(ajustes)) {
     TARVO_TOMAR(
         auto rs,
         db.consultar(
-            QString(u"SELECT COALESCE(SUM(IMP),0)+COALESCE((SELECT AJUSTE FROM Lecturas "_s
-                    u"WHERE Lecturas.GRUPO=CODGPO AND CLASE=?),0) FROM Sesiones LEFT JOIN "_s +
-                    textoDe(c.tabla) + u" t ON t.GRUPO=CODGPO AND t.LINK=0 WHERE CODGPO=? AND "_s +
-                    textoDe(c.sesion) + u" GROUP BY CODGPO"_s),
-            c.numero, grupo));
-    if (!rs->Eof()) sumas.emplace(rs->entero(0), c.numero);
+            conMarcas(u"SELECT COALESCE(SUM(IMP),0)+COALESCE((SELECT AJUSTE FROM Lecturas WHERE "
+                      u"Lecturas.GRUPO=CODGPO AND CLASE=?),0) FROM Sesiones LEFT JOIN {tabla} t ON "
+                      u"t.GRUPO=CODGPO AND t.LINK=0 WHERE CODGPO=? AND {enSesion} GROUP BY CODGPO",
+                      {{u"tabla", NombreTabla(c.tipo)}, {u"enSesion", CampoSesion(c.tipo)}}),
+            numeroDe(c.tipo), grupo));
+    if (!rs->Eof()) sumas.emplace(rs->entero(0), c.tipo);
   }
   return sumas;
 }
@@ -94,13 +94,13 @@ Resultado<std::multimap<qint64, int>> sumasRecibidas(Database& db, const Ajustes
 // A faulty reading may be too low. So a kind is evidence only when another kind of the same session
 // has the same amount, or when no other was ever memorised. Nothing when no two agree: there is no
 // telling then.
-Resultado<std::optional<std::set<int>>> clasesFiables(Database& db, const Ajustes& ajustes,
-                                                      int grupo) {
+Resultado<std::optional<std::set<TipoTotal>>> clasesFiables(Database& db, const Ajustes& ajustes,
+                                                            int grupo) {
   TARVO_TOMAR(const auto sumas, sumasRecibidas(db, ajustes, grupo));
   TARVO_TOMAR(const auto memorizadas,
               db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL"_s, grupo));
   const bool sola = sumas.size() < 2 && memorizadas.entero() < 2;
-  std::set<int> fiables;
+  std::set<TipoTotal> fiables;
   for (const auto& [suma, clase] : sumas)
     if (sola || sumas.count(suma) > 1) fiables.insert(clase);
   return fiables.empty() ? std::nullopt : std::optional(fiables);
@@ -108,14 +108,10 @@ Resultado<std::optional<std::set<int>>> clasesFiables(Database& db, const Ajuste
 
 // Machines of the group that were told to forget before they were read and may not have heard it.
 Resultado<std::set<int>> conSospecha(Database& db, int grupo) {
-  TARVO_TOMAR(
-      auto rs,
-      db.consultar(QString(u"SELECT ADDR FROM Ceros WHERE GRUPO=? AND "_s + kSinConfirmar), grupo));
   std::set<int> addrs;
-  for (; !rs->Eof();) {
-    addrs.insert(static_cast<int>(rs->entero(0)));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(sobreCeros(u"SELECT ADDR FROM Ceros WHERE GRUPO=? AND {sinConfirmar}"), grupo),
+      [&](const dao::Recordset& fila) { addrs.insert(static_cast<int>(fila.entero(0))); }));
   return addrs;
 }
 
@@ -176,9 +172,8 @@ Resultado<> resolverGrupo(Database& db, const Ajustes& ajustes, const Textos& te
   }
   TARVO_TOMAR(const auto s, sentenciar(db, lista, grupo, testimonios));
   for (const int addr : s.guardan)  // the announced zeroing did not happen
-    TARVO_INTENTAR(
-        db.ejecutar(QString(u"DELETE FROM Ceros WHERE GRUPO=? AND ADDR=? AND "_s + kSinConfirmar),
-                    grupo, addr));
+    TARVO_INTENTAR(db.ejecutar(
+        sobreCeros(u"DELETE FROM Ceros WHERE GRUPO=? AND ADDR=? AND {sinConfirmar}"), grupo, addr));
   TARVO_INTENTAR(darPorOlvidadas(db, ajustes, grupo, s.olvidadas, textos, avisos));
   if (s.dudosas.empty()) return cerrarDudas(db, grupo);
   if (s.todas) return abrirDudas(db, ajustes, textos, grupo, s.dudosas, avisos);

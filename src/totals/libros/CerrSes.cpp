@@ -11,6 +11,7 @@
 namespace tarvo::totals {
 
 using namespace Qt::StringLiterals;
+using dao::conMarcas;
 
 namespace {
 
@@ -18,23 +19,19 @@ constexpr double kDiasQueSeCuentan = 32;
 constexpr double kRonda = 1.0 / 24;  // days between two readings of one round, at either end
 const Fecha kSinPuestaACero = Fecha::de(QDate(2000, 1, 1));
 
-QString columna(const char16_t* nombre) {
-  return QString::fromUtf16(nombre);
-}
-
 // The memorised part of a reading, if the machine still holds one.
 struct Base {
   qint64 link = 0;
   Fecha desde, hasta;
 };
 
-Resultado<std::optional<Base>> leerBase(dao::Database& db, int grupo, int numero) {
+Resultado<std::optional<Base>> leerBase(dao::Database& db, int grupo, TipoTotal clase) {
   TARVO_TOMAR(
       auto rs,
       db.consultar(
           u"SELECT LINK, BASE_DESDE, BASE_HASTA FROM Lecturas WHERE GRUPO=? AND CLASE=? AND LINK IS "_s
           u"NOT NULL AND APARTE=1"_s,
-          grupo, numero));
+          grupo, numeroDe(clase)));
   if (rs->Eof()) return std::nullopt;
   return Base{rs->entero(0), rs->fecha(1), rs->fecha(2)};
 }
@@ -57,19 +54,19 @@ Resultado<> situar(Recibido& r, const Base& base, const Calendario& calendario, 
   return {};
 }
 
-Resultado<Recibido> leerRecibido(dao::Database& db, dao::Recordset& rs, const ClaseTotal& c,
+Resultado<Recibido> leerRecibido(dao::Database& db, const dao::Recordset& rs, const ClaseTotal& c,
                                  Periodos& periodos, const Calendario& calendario) {
   Recibido r;
   r.CODGPO = static_cast<int>(rs.entero(rs.columna(u"CODGPO"_s)));
-  r.clase = c.numero;
-  r.hasta = rs.fecha(rs.columna(columna(c.hasta)));
+  r.clase = c.tipo;
+  r.hasta = rs.fecha(rs.columna(c.hasta));
   // An impossible date is as good as none; clocks are set back by an hour, not by days.
-  const int desde = rs.columna(columna(c.desde));
+  const int desde = rs.columna(c.desde);
   const bool vale =
       !rs.nulo(desde) && rs.fecha(desde) > kSinPuestaACero && rs.fecha(desde) < r.hasta + 1.0;
   r.desde = r.baseDesde = vale ? rs.fecha(desde) : kSinPuestaACero;
   const auto horario = LeerHorario(rs.texto(rs.columna(u"HORARIO"_s)));
-  TARVO_TOMAR(const auto base, leerBase(db, r.CODGPO, c.numero));
+  TARVO_TOMAR(const auto base, leerBase(db, r.CODGPO, c.tipo));
   if (base) {
     TARVO_INTENTAR(situar(r, *base, calendario, periodos, horario));
   } else {
@@ -145,7 +142,7 @@ Resultado<> anotarDudosas(dao::Database& db, const std::vector<Recibido>& recibi
   for (const Recibido& r : recibidos)
     if (r.CODGPO == grupo)
       TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET BASE_DUDOSA=? WHERE GRUPO=? AND CLASE=?"_s,
-                                 mal.entero() > 0, grupo, r.clase));
+                                 mal.entero() > 0, grupo, numeroDe(r.clase)));
   return {};
 }
 
@@ -165,23 +162,22 @@ Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
   const Calendario calendario(s_.ajustes());
   for (const ClaseTotal& c : enVigor(s_.ajustes())) {
     TARVO_INTENTAR(s_.base().ejecutar(
-        QString(u"UPDATE Sesiones SET "_s + columna(c.desde) + u"=? WHERE "_s + columna(c.sesion) +
-                u" AND "_s + columna(c.desde) + u" IS NULL"_s),
+        conMarcas(u"UPDATE Sesiones SET {desde}=? WHERE {enSesion} AND {desde} IS NULL",
+                  {{u"desde", CampoDesde(c.tipo)}, {u"enSesion", CampoSesion(c.tipo)}}),
         kSinPuestaACero));
   }
-  TARVO_TOMAR(
-      auto rs,
-      s_.base().consultar(
-          u"select Sesiones.*, HORARIO from Sesiones left join GRUPOS on Sesiones.CODGPO=GRUPOS.CODGPO "_s
-          u"order by Sesiones.CODGPO"_s));
-  for (; !rs->Eof();) {
+  const auto tomar = [&](const dao::Recordset& fila) -> Resultado<> {
     for (const ClaseTotal& c : enVigor(s_.ajustes())) {
-      if (!rs->logico(rs->columna(columna(c.sesion)))) continue;
-      TARVO_TOMAR(auto r, leerRecibido(s_.base(), *rs, c, p_, calendario));
+      if (!fila.logico(fila.columna(c.sesion))) continue;
+      TARVO_TOMAR(auto r, leerRecibido(s_.base(), fila, c, p_, calendario));
       recibidos_.push_back(r);
     }
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+    return {};
+  };
+  TARVO_INTENTAR(dao::recorrer(
+      s_.base().consultar(u"select Sesiones.*, HORARIO from Sesiones left join GRUPOS on "
+                          u"Sesiones.CODGPO=GRUPOS.CODGPO order by Sesiones.CODGPO"),
+      tomar));
   std::ranges::stable_sort(recibidos_, {}, &Recibido::periodo);
   igualarRonda(recibidos_);
   std::ranges::stable_sort(recibidos_, {}, &Recibido::periodo);
@@ -205,27 +201,26 @@ Resultado<EnBandeja> CerrSes::enBandeja() const {
   std::map<int, const Recibido*> cuenta;
   for (const Recibido& r : recibidos_) {
     auto [suyo, nuevo] = cuenta.try_emplace(r.CODGPO, &r);
-    if (!nuevo && r.clase == kGranTotal) suyo->second = &r;
+    if (!nuevo && r.clase == TipoTotal::GranTotal) suyo->second = &r;
   }
   for (const auto& [grupo, r] : cuenta) {
-    const QString tabla = columna(clase(r->clase)->tabla);
-    TARVO_TOMAR(
-        const auto leido,
-        s_.base().uno(u"SELECT SUM(IMP) FROM %1 WHERE LINK=0 AND GRUPO=?"_s.arg(tabla), grupo));
+    TARVO_TOMAR(const auto leido,
+                s_.base().uno(conMarcas(u"SELECT SUM(IMP) FROM {tabla} WHERE LINK=0 AND GRUPO=?",
+                                        {{u"tabla", NombreTabla(r->clase)}}),
+                              grupo));
     b.importe += leido.entero();
     if (!r->conBase) continue;
     TARVO_TOMAR(const auto base,
                 s_.base().uno(u"SELECT SUM(IMP) FROM BaseFilas WHERE GRUPO=? AND CLASE=?", grupo,
-                              r->clase));
+                              numeroDe(r->clase)));
     b.importe -= base.entero();
   }
-  TARVO_TOMAR(const auto todos,
-              s_.base().consultar(u"SELECT CODGPO FROM GRUPOS WHERE REMOTO<>0 ORDER BY CODGPO"));
-  for (; !todos->Eof();) {
-    const auto grupo = static_cast<int>(todos->entero(0));
-    if (!cuenta.contains(grupo)) b.faltan.push_back(grupo);
-    TARVO_INTENTAR(todos->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(
+      s_.base().consultar(u"SELECT CODGPO FROM GRUPOS WHERE REMOTO<>0 ORDER BY CODGPO"),
+      [&](const dao::Recordset& fila) {
+        const auto grupo = static_cast<int>(fila.entero(0));
+        if (!cuenta.contains(grupo)) b.faltan.push_back(grupo);
+      }));
   return b;
 }
 
@@ -269,8 +264,8 @@ Resultado<std::vector<qint64>> CerrSes::responder(int grupo, int addr, bool olvi
     // Marks left by a closed session are no longer waiting.
     if (antes == 0)
       for (const ClaseTotal& c : enVigor(s_.ajustes()))
-        TARVO_INTENTAR(s_.base().ejecutar(
-            QString(u"UPDATE Sesiones SET "_s + columna(c.sesion) + u"=FALSE"_s)));
+        TARVO_INTENTAR(s_.base().ejecutar(conMarcas(u"UPDATE Sesiones SET {enSesion}=FALSE",
+                                                    {{u"enSesion", CampoSesion(c.tipo)}})));
     TARVO_TOMAR(const auto lista, anotarRespuesta(s_.base(), s_.textos(), {grupo, addr}, olvido));
     if (lista) TARVO_INTENTAR(s_.ponerEstado(2));
     TARVO_INTENTAR(tr.confirmar());

@@ -8,71 +8,70 @@
 namespace tarvo::totals {
 
 using namespace Qt::StringLiterals;
+using dao::conMarcas;
 
 namespace {
 
 // Number of rows and amount of a kind within a period and group.
-Resultado<std::pair<qint64, qint64>> sumaDe(dao::Database& db, int numero, qint64 link, int grupo) {
-  TARVO_TOMAR(auto rs, db.consultar(QString(u"SELECT count(*), SUM(IMP) FROM "_s +
-                                            NombreTabla(numero) + u" WHERE LINK=? AND GRUPO=?"_s),
-                                    link, grupo));
+Resultado<std::pair<qint64, qint64>> sumaDe(dao::Database& db, TipoTotal tipo, qint64 link,
+                                            int grupo) {
+  TARVO_TOMAR(const auto rs,
+              db.consultar(conMarcas(u"SELECT count(*), SUM(IMP) FROM {tabla} WHERE LINK=? AND "
+                                     u"GRUPO=?",
+                                     {{u"tabla", NombreTabla(tipo)}}),
+                           link, grupo));
   return std::pair{rs->entero(0), rs->entero(1)};
 }
 
 // Was this kind received whole for the group: in the open session for the inbox, at all for a
 // period?
-Resultado<bool> comparable(dao::Database& db, int numero, qint64 link, int grupo) {
+Resultado<bool> comparable(dao::Database& db, TipoTotal tipo, qint64 link, int grupo) {
   if (link != 0) return true;
   TARVO_TOMAR(
       const auto n,
       db.uno(
-          QString(
-              u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND "_s + CampoSesion(numero) +
-              u" AND NOT EXISTS (SELECT 1 FROM Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND ENTERA=0)"_s),
-          grupo, numero));
+          conMarcas(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND {enSesion} AND NOT EXISTS "
+                    u"(SELECT 1 FROM Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND ENTERA=0)",
+                    {{u"enSesion", CampoSesion(tipo)}}),
+          grupo, numeroDe(tipo)));
   return n.entero() > 0;
 }
 
 // The amount missing from the inbox rows of a kind that was cleared separately. Nothing when it is
 // unknown.
-Resultado<std::optional<qint64>> ajusteDe(dao::Database& db, int numero, int grupo) {
+Resultado<std::optional<qint64>> ajusteDe(dao::Database& db, TipoTotal tipo, int grupo) {
   TARVO_TOMAR(auto rs, db.consultar(u"SELECT AJUSTE FROM Lecturas WHERE GRUPO=? AND CLASE=?"_s,
-                                    grupo, numero));
+                                    grupo, numeroDe(tipo)));
   if (rs->Eof()) return 0;
   return rs->nulo(0) ? std::nullopt : std::optional(rs->entero(0));
 }
 
 // The periods that were added into this one, by number.
 Resultado<QString> sumandos(dao::Database& db, const Textos& textos, qint64 link) {
-  TARVO_TOMAR(
-      auto rs,
-      db.consultar(
-          u"SELECT s.LINK FROM COLUMNA s, COLUMNA d WHERE d.LINK=? AND s.FECHA1>=d.FECHA1 AND s.FECHAF<=d.FECHAF AND "_s
-          u"((d.TIPO=2 AND s.ACUM2<>0) OR (d.TIPO=3 AND s.ACUM3<>0) OR (d.TIPO=4 AND s.ACUM4<>0)) ORDER BY s.LINK"_s,
-          link));
   QStringList numeros;
-  for (; !rs->Eof();) {
-    numeros << QString::number(rs->entero(0));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(u"SELECT s.LINK FROM COLUMNA s, COLUMNA d WHERE d.LINK=? AND s.FECHA1>=d.FECHA1 "
+                   u"AND s.FECHAF<=d.FECHAF AND ((d.TIPO=2 AND s.ACUM2<>0) OR (d.TIPO=3 AND "
+                   u"s.ACUM3<>0) OR (d.TIPO=4 AND s.ACUM4<>0)) ORDER BY s.LINK",
+                   link),
+      [&](const dao::Recordset& fila) { numeros << QString::number(fila.entero(0)); }));
   return numeros.isEmpty() ? textos(kTxSinLectura)
                            : textos(kTxSumaDePeriodos, {numeros.join(u", "_s)});
 }
 
 Resultado<QString> origenDe(dao::Database& db, const Textos& textos, qint64 link, int grupo,
-                            int numero) {
-  TARVO_TOMAR(
-      auto rs,
-      db.consultar(
-          u"SELECT LEIDO, DESDE, HASTA, MODO FROM Origenes WHERE LINK=? AND GRUPO=? AND CLASE=? ORDER BY LEIDO"_s,
-          link, grupo, numero));
+                            TipoTotal tipo) {
   QStringList partes;
-  for (; !rs->Eof();) {
-    partes << textos(rs->texto(3) == u"diferencia"_s ? kTxLeidoDiferencia : kTxLeido,
-                     {rs->nulo(0) ? u"?"_s : rs->fecha(0).general(), rs->fecha(1).general(),
-                      rs->fecha(2).general()});
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  const auto una = [&](const dao::Recordset& fila) {
+    partes << textos(fila.texto(3) == u"diferencia"_s ? kTxLeidoDiferencia : kTxLeido,
+                     {fila.nulo(0) ? u"?"_s : fila.fecha(0).general(), fila.fecha(1).general(),
+                      fila.fecha(2).general()});
+  };
+  TARVO_INTENTAR(
+      dao::recorrer(db.consultar(u"SELECT LEIDO, DESDE, HASTA, MODO FROM Origenes WHERE LINK=? AND "
+                                 u"GRUPO=? AND CLASE=? ORDER BY LEIDO",
+                                 link, grupo, numeroDe(tipo)),
+                    una));
   if (partes.isEmpty()) return sumandos(db, textos, link);
   return partes.join(u"; "_s);
 }
@@ -80,16 +79,16 @@ Resultado<QString> origenDe(dao::Database& db, const Textos& textos, qint64 link
 Resultado<> informeGrupo(dao::Database& db, const Ajustes& a, const Textos& textos, qint64 link,
                          int grupo, const QString& nombre, InformeCuadre& informe) {
   informe.texto += textos(kTxCuadreGrupo, {Ceros(grupo, 4), nombre}) + u'\n';
-  TARVO_TOMAR(const auto gran, sumaDe(db, kGranTotal, link, grupo));
+  TARVO_TOMAR(const auto gran, sumaDe(db, TipoTotal::GranTotal, link, grupo));
   for (const ClaseTotal& c : enVigor(a)) {
-    TARVO_TOMAR(const auto suma, sumaDe(db, c.numero, link, grupo));
+    TARVO_TOMAR(const auto suma, sumaDe(db, c.tipo, link, grupo));
     if (suma.first == 0) continue;
-    TARVO_TOMAR(const auto origen, origenDe(db, textos, link, grupo, c.numero));
-    const bool contra = gran.first > 0 && c.numero != kGranTotal;
+    TARVO_TOMAR(const auto origen, origenDe(db, textos, link, grupo, c.tipo));
+    const bool contra = gran.first > 0 && c.tipo != TipoTotal::GranTotal;
     const bool cuadra = !contra || suma.second == gran.second;
     informe.cuadra = informe.cuadra && cuadra;
     const QString veredicto = !contra ? QString() : textos(cuadra ? kTxCuadra : kTxNoCuadra);
-    informe.texto += u"  %1 %2 %3  %4\n"_s.arg(textos(kTxNombreTotal + c.numero), -22)
+    informe.texto += u"  %1 %2 %3  %4\n"_s.arg(textos(kTxNombreTotal + numeroDe(c.tipo)), -22)
                          .arg(VerImporte(a, suma.second, a.MonedaNativa ? 1 : 0), 14)
                          .arg(veredicto.leftJustified(9), origen);
   }
@@ -101,21 +100,21 @@ Resultado<> informeGrupo(dao::Database& db, const Ajustes& a, const Textos& text
 Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajustes& ajustes,
                                                   qint64 link, int grupo) {
   std::vector<Comparado> lista;
-  TARVO_TOMAR(const auto hay, comparable(db, kGranTotal, link, grupo));
-  TARVO_TOMAR(const auto gran, sumaDe(db, kGranTotal, link, grupo));
+  TARVO_TOMAR(const auto hay, comparable(db, TipoTotal::GranTotal, link, grupo));
+  TARVO_TOMAR(const auto gran, sumaDe(db, TipoTotal::GranTotal, link, grupo));
   // An empty grand total that was read must foot as well: its record may have been lost.
   if (!hay || (link != 0 && gran.first == 0)) return lista;
-  TARVO_TOMAR(const auto ajusteGran, ajusteDe(db, kGranTotal, grupo));
+  TARVO_TOMAR(const auto ajusteGran, ajusteDe(db, TipoTotal::GranTotal, grupo));
   for (const ClaseTotal& c : enVigor(ajustes)) {
-    if (c.numero == kGranTotal) continue;
-    TARVO_TOMAR(const auto vale, comparable(db, c.numero, link, grupo));
-    TARVO_TOMAR(const auto suma, sumaDe(db, c.numero, link, grupo));
-    TARVO_TOMAR(const auto ajuste, ajusteDe(db, c.numero, grupo));
+    if (c.tipo == TipoTotal::GranTotal) continue;
+    TARVO_TOMAR(const auto vale, comparable(db, c.tipo, link, grupo));
+    TARVO_TOMAR(const auto suma, sumaDe(db, c.tipo, link, grupo));
+    TARVO_TOMAR(const auto ajuste, ajusteDe(db, c.tipo, grupo));
     if (!vale || (link != 0 && suma.first == 0)) continue;
     if (link != 0)
-      lista.push_back({c.numero, gran.second, suma.second});
+      lista.push_back({c.tipo, gran.second, suma.second});
     else if (ajusteGran && ajuste)
-      lista.push_back({c.numero, gran.second + *ajusteGran, suma.second + *ajuste});
+      lista.push_back({c.tipo, gran.second + *ajusteGran, suma.second + *ajuste});
   }
   return lista;
 }
@@ -150,13 +149,13 @@ Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, const Textos
     bien = false;
     avisos.push_back({grupo,
                       textos(kTxGranTotalNoCuadra, {grupo, VerImporte(ajustes, c.granTotal, moneda),
-                                                    textos(kTxNombreTotal + c.clase),
+                                                    textos(kTxNombreTotal + numeroDe(c.clase)),
                                                     VerImporte(ajustes, c.suma, moneda)}),
                       true});
   }
   if (!bien)
     TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET ESTADO=4 WHERE GRUPO=? AND CLASE=?"_s, grupo,
-                               kGranTotal));
+                               numeroDe(TipoTotal::GranTotal)));
   return {};
 }
 
@@ -164,12 +163,10 @@ Resultado<InformeCuadre> informeCuadre(dao::Database& db, const Ajustes& ajustes
                                        const Textos& textos, std::optional<qint64> link) {
   TARVO_TOMAR(
       auto rs,
-      link
-          ? db.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA WHERE LINK=?"_s,
-                         *link)
-          : db.consultar(
-                u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA ORDER BY LINK IN (SELECT LINK FROM Origenes) DESC, "_s
-                u"LINK DESC"_s));
+      link ? db.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA WHERE LINK=?"_s,
+                          *link)
+           : db.consultar(u"SELECT LINK, TIPO, FECHA1, FECHAF, DESCR FROM COLUMNA ORDER BY LINK IN "
+                          u"(SELECT LINK FROM Origenes) DESC, LINK DESC"));
   if (rs->Eof())
     return fallo(Fallo::NoExiste,
                  link ? textos(kTxPeriodoNoHay, {*link}) : textos(kTxNadaMemorizado));
@@ -181,17 +178,22 @@ Resultado<InformeCuadre> informeCuadre(dao::Database& db, const Ajustes& ajustes
               rs->texto(4)}) +
       u'\n';
   QStringList uniones;
-  for (const ClaseTotal& c : enVigor(ajustes))
-    uniones << u"SELECT GRUPO FROM "_s + QString::fromUtf16(c.tabla) + u" WHERE LINK="_s +
-                   QString::number(numero);
-  TARVO_TOMAR(auto grupos,
-              db.consultar(QString(u"SELECT GRUPO, NOMGPO FROM ("_s + uniones.join(u" UNION "_s) +
-                                   u") AS g LEFT JOIN GRUPOS ON GRUPO=CODGPO ORDER BY GRUPO"_s)));
-  for (; !grupos->Eof();) {
-    TARVO_INTENTAR(informeGrupo(db, ajustes, textos, numero, static_cast<int>(grupos->entero(0)),
-                                grupos->texto(1), informe));
-    TARVO_INTENTAR(grupos->MoveNext());
+  std::vector<dao::Valor> valores;
+  for (const ClaseTotal& c : enVigor(ajustes)) {
+    uniones << conMarcas(u"SELECT GRUPO FROM {tabla} WHERE LINK=?",
+                         {{u"tabla", NombreTabla(c.tipo)}});
+    valores.emplace_back(numero);
   }
+  const auto uno = [&](const dao::Recordset& fila) {
+    return informeGrupo(db, ajustes, textos, numero, static_cast<int>(fila.entero(0)),
+                        fila.texto(1), informe);
+  };
+  TARVO_INTENTAR(dao::recorrer(
+      db.OpenQuery(conMarcas(u"SELECT GRUPO, NOMGPO FROM ({grupos}) AS g LEFT JOIN GRUPOS ON "
+                             u"GRUPO=CODGPO ORDER BY GRUPO",
+                             {{u"grupos", uniones.join(u" UNION "_s)}}),
+                   valores),
+      uno));
   return informe;
 }
 

@@ -11,7 +11,7 @@
 namespace tarvo::totals {
 
 struct Comparado {
-  int clase = 0;
+  TipoTotal clase = TipoTotal::GranTotal;
   qint64 granTotal = 0, suma = 0;  // stored money
   bool cuadra() const { return granTotal == suma; }
 };

@@ -10,6 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using dao::conMarcas;
 using dao::Database;
 
 // Numbers of the kinds that the open session received from the group.
@@ -17,10 +18,10 @@ Resultado<QString> clasesRecibidas(Database& db, const Ajustes& ajustes, int gru
   QStringList clases;
   for (const ClaseTotal& c : enVigor(ajustes)) {
     TARVO_TOMAR(const auto n,
-                db.uno(QString(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND "_s +
-                               QString::fromUtf16(c.sesion)),
+                db.uno(conMarcas(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND {enSesion}",
+                                 {{u"enSesion", CampoSesion(c.tipo)}}),
                        grupo));
-    if (n.entero() > 0) clases << QString::number(c.numero);
+    if (n.entero() > 0) clases << QString::number(numeroDe(c.tipo));
   }
   return clases.join(u',');
 }
@@ -49,8 +50,8 @@ Resultado<std::vector<DudaAbierta>> dudasAbiertas(Database& db) {
 
 Resultado<> dejarFuera(Database& db, const Ajustes& ajustes, int grupo) {
   for (const ClaseTotal& c : enVigor(ajustes))
-    TARVO_INTENTAR(db.ejecutar(QString(u"UPDATE Sesiones SET "_s + QString::fromUtf16(c.sesion) +
-                                       u"=FALSE WHERE CODGPO=?"_s),
+    TARVO_INTENTAR(db.ejecutar(conMarcas(u"UPDATE Sesiones SET {enSesion}=FALSE WHERE CODGPO=?",
+                                         {{u"enSesion", CampoSesion(c.tipo)}}),
                                grupo));
   TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET ESTADO=4 WHERE GRUPO=? AND ESTADO=2"_s, grupo));
   return {};
@@ -63,7 +64,7 @@ Resultado<> abrirDudas(Database& db, const Ajustes& ajustes, const Textos& texto
   TARVO_TOMAR(const auto desde,
               db.uno(u"SELECT MAX(BASE_HASTA) FROM Lecturas WHERE GRUPO=?"_s, grupo));
   for (const auto& [addr, t] : maquinas) {
-    const auto gran = t.find(kGranTotal);
+    const auto gran = t.find(TipoTotal::GranTotal);
     const Testimonio g = gran != t.end() ? gran->second
                          : t.empty()     ? Testimonio{}
                                          : t.begin()->second;
@@ -115,13 +116,15 @@ Resultado<bool> anotarRespuesta(Database& db, const Textos& textos, DudaAbierta 
       const auto quedan,
       db.uno(u"SELECT count(*) FROM Dudas WHERE GRUPO=? AND RESPUESTA IS NULL"_s, cual.grupo));
   if (quedan.entero() > 0) return false;
-  for (const QString& c : clases) {
-    TARVO_INTENTAR(db.ejecutar(
-        QString(u"UPDATE Sesiones SET "_s + CampoSesion(c.toInt()) + u"=TRUE WHERE CODGPO=?"_s),
-        cual.grupo));
+  for (const QString& numero : clases) {
+    const auto clase = deNumero<TipoTotal>(numero.toInt());
+    if (!clase) return fallo(Fallo::Interno, textos(kTxSinClaseDeTotal, {numero}));
+    TARVO_INTENTAR(db.ejecutar(conMarcas(u"UPDATE Sesiones SET {enSesion}=TRUE WHERE CODGPO=?",
+                                         {{u"enSesion", CampoSesion(*clase)}}),
+                               cual.grupo));
     TARVO_INTENTAR(
         db.ejecutar(u"UPDATE Lecturas SET ESTADO=2 WHERE GRUPO=? AND CLASE=? AND ESTADO=4"_s,
-                    cual.grupo, c.toInt()));
+                    cual.grupo, numeroDe(*clase)));
   }
   return true;
 }

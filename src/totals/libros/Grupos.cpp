@@ -12,15 +12,16 @@ std::vector<TablaDeGrupo> tablasDeGrupo() {
                            u"CerosParte"_s, u"CerosClase"_s, u"Dudas"_s, u"Olvidos"_s})
     tablas.push_back({t, {}});
   for (const ClaseTotal& c : todasLasClases())
-    tablas.push_back({QString::fromUtf16(c.tabla), u"LINK=0 AND "_s});
+    tablas.push_back({NombreTabla(c.tipo), u"LINK=0 AND "_s});
   return tablas;
 }
 
 Resultado<> olvidarGrupo(dao::Database& db, int grupo) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db));
   for (const TablaDeGrupo& t : tablasDeGrupo())
-    TARVO_INTENTAR(db.ejecutar(
-        QString(u"DELETE FROM "_s + t.tabla + u" WHERE "_s + t.donde + u"GRUPO=?"_s), grupo));
+    TARVO_INTENTAR(db.ejecutar(dao::conMarcas(u"DELETE FROM {tabla} WHERE {donde}GRUPO=?",
+                                              {{u"tabla", t.tabla}, {u"donde", t.donde}}),
+                               grupo));
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM Sesiones WHERE CODGPO=?"_s, grupo));
   return tr.confirmar();
 }

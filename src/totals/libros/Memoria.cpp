@@ -10,15 +10,24 @@
 namespace tarvo::totals {
 
 using namespace Qt::StringLiterals;
+using dao::conMarcas;
 
 namespace {
 
-QString u16(const char16_t* s) {
-  return QString::fromUtf16(s);
-}
+// What is added to a row that is there.
+const QString kSumando =
+    u"CON=COALESCE(CON,0)+COALESCE(excluded.CON,0), PES=COALESCE(PES,0)+COALESCE(excluded.PES,0), "
+    u"IMP=COALESCE(IMP,0)+COALESCE(excluded.IMP,0), SCO=COALESCE(SCO,0)+COALESCE(excluded.SCO,0)"_s;
 
-QString horaDe(const ClaseTotal& c, const QString& alias = {}) {
-  return c.conHora ? alias + u"HORA"_s : u"0"_s;
+// A statement on the rows of a kind: {tabla}, its keys alone, as those of the inbox (i) or of the
+// memorised counters (b), and {sumando}.
+QString sobreFilas(QStringView sentencia, const ClaseTotal& c) {
+  return conMarcas(sentencia, {{u"tabla", NombreTabla(c.tipo)},
+                               {u"claves", clavesDe(c)},
+                               {u"clavesI", clavesDe(c, u"i")},
+                               {u"clavesB", clavesDe(c, u"b")},
+                               {u"horaI", horaDe(c, u"i")},
+                               {u"sumando", kSumando}});
 }
 
 QString lista(const std::vector<int>& grupos) {
@@ -31,10 +40,11 @@ QString lista(const std::vector<int>& grupos) {
 
 Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool sustituir,
                                          std::vector<Aviso>& avisos) {
-  const ClaseTotal* c = clase(r.clase);
-  TARVO_TOMAR(auto viejo, db_.consultar(QString(u"SELECT count(*), SUM(CON), SUM(IMP) FROM "_s +
-                                                u16(c->tabla) + u" WHERE LINK=? AND GRUPO=?"_s),
-                                        link, r.CODGPO));
+  const ClaseTotal& c = claseDe(r.clase);
+  TARVO_TOMAR(const auto viejo,
+              db_.consultar(
+                  sobreFilas(u"SELECT count(*), SUM(CON) FROM {tabla} WHERE LINK=? AND GRUPO=?", c),
+                  link, r.CODGPO));
   if (viejo->entero(0) == 0) return r.conBase ? Modo::Sumar : Modo::Nueva;
   if (!sustituir || r.conBase) return Modo::Sumar;
   // A part of this group was zeroed separately, so that its counters hold new sales only.
@@ -47,15 +57,15 @@ Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool su
   TARVO_TOMAR(
       const auto otras,
       db_.uno(u"SELECT count(*) FROM Origenes WHERE LINK=? AND GRUPO=? AND CLASE=? AND HASTA<=?"_s,
-              link, r.CODGPO, r.clase, r.desde));
+              link, r.CODGPO, numeroDe(r.clase), r.desde));
   if (otras.entero() > 0) {
     const Aviso a{r.CODGPO, p_.textos()(kTxVentasDeAntes, {r.CODGPO}), false};
     if (std::ranges::find(avisos, a.texto, &Aviso::texto) == avisos.end()) avisos.push_back(a);
     return Modo::Otras;
   }
-  TARVO_TOMAR(const auto nuevo, db_.uno(QString(u"SELECT SUM(CON) FROM "_s + u16(c->tabla) +
-                                                u" WHERE LINK=0 AND GRUPO=?"_s),
-                                        r.CODGPO));
+  TARVO_TOMAR(
+      const auto nuevo,
+      db_.uno(sobreFilas(u"SELECT SUM(CON) FROM {tabla} WHERE LINK=0 AND GRUPO=?", c), r.CODGPO));
   if (nuevo.entero() >= viejo->entero(1)) return Modo::Poner;
   // Counters only go down when a machine forgets: the rows there and the new ones are different
   // sales.
@@ -66,82 +76,72 @@ Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool su
   return Modo::Otras;
 }
 
-Resultado<> Memoria::moverNuevas(int numero, const std::vector<int>& grupos, qint64 link) {
-  const ClaseTotal* c = clase(numero);
-  const QString columnas = QString(c->conHora ? u"GRUPO, CODI, HORA, CON, PES, IMP, SCO"_s
-                                              : u"GRUPO, CODI, CON, PES, IMP, SCO"_s);
-  TARVO_INTENTAR(db_.ejecutar(QString(u"INSERT INTO "_s + u16(c->tabla) + u" (LINK, "_s + columnas +
-                                      u") SELECT ?, "_s + columnas + u" FROM "_s + u16(c->tabla) +
-                                      u" WHERE LINK=0 AND GRUPO IN ("_s + lista(grupos) + u")"_s),
-                              link));
+Resultado<> Memoria::moverNuevas(TipoTotal tipo, const std::vector<int>& grupos, qint64 link) {
+  TARVO_INTENTAR(db_.ejecutar(
+      conMarcas(
+          u"INSERT INTO {tabla} (LINK, {claves}, CON, PES, IMP, SCO) SELECT ?, {claves}, CON, "
+          u"PES, IMP, SCO FROM {tabla} WHERE LINK=0 AND GRUPO IN ({grupos})",
+          {{u"tabla", NombreTabla(tipo)},
+           {u"claves", clavesDe(claseDe(tipo))},
+           {u"grupos", lista(grupos)}}),
+      link));
   return {};
 }
 
 Resultado<> Memoria::mover(const Recibido& r, qint64 link, Modo modo) {
-  const ClaseTotal* c = clase(r.clase);
-  const QString tabla = u16(c->tabla);
+  const ClaseTotal& c = claseDe(r.clase);
   if (modo == Modo::Poner)
-    TARVO_INTENTAR(db_.ejecutar(QString(u"DELETE FROM "_s + tabla + u" WHERE LINK=? AND GRUPO=?"_s),
+    TARVO_INTENTAR(db_.ejecutar(sobreFilas(u"DELETE FROM {tabla} WHERE LINK=? AND GRUPO=?", c),
                                 link, r.CODGPO));
-  QString valores = u"i.CON, i.PES, i.IMP, i.SCO"_s, base;
-  if (r.conBase) {
-    valores =
-        u"COALESCE(i.CON,0)-COALESCE(b.CON,0), COALESCE(i.PES,0)-COALESCE(b.PES,0), "_s
-        u"COALESCE(i.IMP,0)-COALESCE(b.IMP,0), COALESCE(i.SCO,0)-COALESCE(b.SCO,0)"_s;
-    base =
-        u" LEFT JOIN (SELECT CODI, HORA, SUM(CON) AS CON, SUM(PES) AS PES, SUM(IMP) AS IMP, "_s
-        u"SUM(SCO) AS SCO FROM "_s
-        u"BaseFilas WHERE GRUPO=%1 AND CLASE=%2 GROUP BY CODI, HORA) b ON b.CODI=i.CODI AND b.HORA="_s
-            .arg(r.CODGPO)
-            .arg(r.clase) +
-        horaDe(*c, u"i."_s);
-  }
-  const QString hora = c->conHora ? u", HORA"_s : QString();
-  const QString horaI = c->conHora ? u", i.HORA"_s : QString();
+  if (r.conBase) return moverDiferencia(r, link);
   TARVO_INTENTAR(db_.ejecutar(
-      QString(u"INSERT INTO "_s + tabla + u" (LINK, GRUPO, CODI"_s + hora +
-              u", CON, PES, IMP, SCO) SELECT ?, i.GRUPO, i.CODI"_s + horaI + u", "_s + valores +
-              u" FROM "_s + tabla + u" i"_s + base + u" WHERE i.LINK=0 AND i.GRUPO=? "_s +
-              u"ON CONFLICT (LINK, GRUPO, CODI"_s + hora +
-              u") DO UPDATE SET CON=COALESCE(CON,0)+COALESCE(excluded.CON,0), "_s
-              u"PES=COALESCE(PES,0)+COALESCE(excluded.PES,0), "_s
-              u"IMP=COALESCE(IMP,0)+COALESCE(excluded.IMP,0), "_s
-              u"SCO=COALESCE(SCO,0)+COALESCE(excluded.SCO,0)"_s),
+      sobreFilas(u"INSERT INTO {tabla} (LINK, {claves}, CON, PES, IMP, SCO) SELECT ?, {clavesI}, "
+                 u"i.CON, i.PES, i.IMP, i.SCO FROM {tabla} i WHERE i.LINK=0 AND i.GRUPO=? ON "
+                 u"CONFLICT (LINK, {claves}) DO UPDATE SET {sumando}",
+                 c),
       link, r.CODGPO));
-  return r.conBase ? quitarAusentes(r, link) : Resultado<>{};
+  return {};
+}
+
+// What the counters of the inbox have more than the memorised ones.
+Resultado<> Memoria::moverDiferencia(const Recibido& r, qint64 link) {
+  TARVO_INTENTAR(db_.ejecutar(
+      sobreFilas(u"INSERT INTO {tabla} (LINK, {claves}, CON, PES, IMP, SCO) SELECT ?, {clavesI}, "
+                 u"COALESCE(i.CON,0)-COALESCE(b.CON,0), COALESCE(i.PES,0)-COALESCE(b.PES,0), "
+                 u"COALESCE(i.IMP,0)-COALESCE(b.IMP,0), COALESCE(i.SCO,0)-COALESCE(b.SCO,0) FROM "
+                 u"{tabla} i LEFT JOIN (SELECT CODI, HORA, SUM(CON) AS CON, SUM(PES) AS PES, "
+                 u"SUM(IMP) AS IMP, SUM(SCO) AS SCO FROM BaseFilas WHERE GRUPO=? AND CLASE=? GROUP "
+                 u"BY CODI, HORA) b ON b.CODI=i.CODI AND b.HORA={horaI} WHERE i.LINK=0 AND "
+                 u"i.GRUPO=? ON CONFLICT (LINK, {claves}) DO UPDATE SET {sumando}",
+                 claseDe(r.clase)),
+      link, r.CODGPO, numeroDe(r.clase), r.CODGPO));
+  return quitarAusentes(r, link);
 }
 
 // The memorised amount of a code missing from a whole reading is taken off as well, like any other
 // difference.
 Resultado<> Memoria::quitarAusentes(const Recibido& r, qint64 link) {
-  const ClaseTotal* c = clase(r.clase);
-  const QString tabla = u16(c->tabla), hora = c->conHora ? u", HORA"_s : QString();
   TARVO_INTENTAR(db_.ejecutar(
-      QString(
-          u"INSERT INTO "_s + tabla + u" (LINK, GRUPO, CODI"_s + hora +
-          u", CON, PES, IMP, SCO) SELECT ?, b.GRUPO, b.CODI"_s +
-          (c->conHora ? u", b.HORA"_s : QString()) +
-          u", -SUM(b.CON), -SUM(b.PES), -SUM(b.IMP), -SUM(b.SCO) FROM BaseFilas b "_s
-          u"WHERE b.GRUPO=? AND b.CLASE=? AND NOT EXISTS (SELECT 1 FROM "_s +
-          tabla + u" i WHERE i.LINK=0 AND i.GRUPO=b.GRUPO AND i.CODI=b.CODI"_s +
-          (c->conHora ? u" AND i.HORA=b.HORA"_s : QString()) +
-          u") AND EXISTS (SELECT 1 FROM Lecturas l WHERE l.GRUPO=b.GRUPO AND l.CLASE=b.CLASE AND l.ENTERA<>0) "_s
-          u"GROUP BY b.GRUPO, b.CODI, b.HORA ON CONFLICT (LINK, GRUPO, CODI"_s +
-          hora +
-          u") DO UPDATE SET CON=COALESCE(CON,0)+excluded.CON, PES=COALESCE(PES,0)+excluded.PES, "_s
-          u"IMP=COALESCE(IMP,0)+excluded.IMP, SCO=COALESCE(SCO,0)+excluded.SCO"_s),
-      link, r.CODGPO, r.clase));
+      sobreFilas(
+          u"INSERT INTO {tabla} (LINK, {claves}, CON, PES, IMP, SCO) SELECT ?, {clavesB}, "
+          u"-SUM(b.CON), -SUM(b.PES), -SUM(b.IMP), -SUM(b.SCO) FROM BaseFilas b WHERE "
+          u"b.GRUPO=? AND b.CLASE=? AND NOT EXISTS (SELECT 1 FROM {tabla} i WHERE i.LINK=0 "
+          u"AND i.GRUPO=b.GRUPO AND i.CODI=b.CODI AND b.HORA={horaI}) AND EXISTS (SELECT 1 "
+          u"FROM Lecturas l WHERE l.GRUPO=b.GRUPO AND l.CLASE=b.CLASE AND l.ENTERA<>0) GROUP "
+          u"BY b.GRUPO, b.CODI, b.HORA ON CONFLICT (LINK, {claves}) DO UPDATE SET {sumando}",
+          claseDe(r.clase)),
+      link, r.CODGPO, numeroDe(r.clase)));
   return {};
 }
 
 // From now on the machines' counters hold what this period has, except for machines zeroed since
 // they were read.
 Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
-  TARVO_INTENTAR(
-      db_.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO, r.clase));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO,
+                              numeroDe(r.clase)));
   TARVO_TOMAR(auto rs,
               db_.consultar(u"SELECT MAQUINAS, SEC, ADDR FROM Lecturas WHERE GRUPO=? AND CLASE=?"_s,
-                            r.CODGPO, r.clase));
+                            r.CODGPO, numeroDe(r.clase)));
   if (rs->Eof()) return {};
   const qint64 sec = rs->entero(1);
   bool queda, aparte = false;
@@ -149,11 +149,11 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
     TARVO_INTENTAR(db_.ejecutar(
         u"INSERT INTO BaseFilas SELECT * FROM LectFilas WHERE GRUPO=? AND CLASE=? AND "_s
         u"ADDR NOT IN (SELECT ADDR FROM Ceros WHERE Ceros.GRUPO=LectFilas.GRUPO AND SEC_HECHO>?)"_s,
-        r.CODGPO, r.clase, sec));
-    const auto todas =
-        db_.uno(u"SELECT count(*) FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO, r.clase);
-    const auto base =
-        db_.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO, r.clase);
+        r.CODGPO, numeroDe(r.clase), sec));
+    const auto todas = db_.uno(u"SELECT count(*) FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s,
+                               r.CODGPO, numeroDe(r.clase));
+    const auto base = db_.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s,
+                              r.CODGPO, numeroDe(r.clase));
     if (!todas || !base) return std::unexpected(todas ? base.error() : todas.error());
     queda = base->entero() > 0;
     aparte = queda;
@@ -166,21 +166,20 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
   }
   TARVO_INTENTAR(db_.ejecutar(
       u"UPDATE Lecturas SET LINK=?, BASE_DESDE=?, BASE_HASTA=?, APARTE=? WHERE GRUPO=? AND CLASE=?"_s,
-      queda ? dao::Valor(link) : dao::Valor(), r.baseDesde, r.hasta, aparte, r.CODGPO, r.clase));
+      queda ? dao::Valor(link) : dao::Valor(), r.baseDesde, r.hasta, aparte, r.CODGPO,
+      numeroDe(r.clase)));
   return {};
 }
 
 Resultado<> Memoria::anotarOrigen(const Recibido& r, qint64 link) {
-  const ClaseTotal* c = clase(r.clase);
-  TARVO_INTENTAR(
-      db_.ejecutar(QString(u"INSERT INTO Origenes (LINK, GRUPO, CLASE, EJECUCION, "_s
-                           u"LEIDO, DESDE, HASTA, MODO, FILAS, CON, IMP) "_s
-                           u"SELECT ?, ?, ?, ?, (SELECT FIN FROM Lecturas WHERE GRUPO=? "_s
-                           u"AND CLASE=?), ?, ?, ?, count(*), SUM(CON), SUM(IMP) "_s
-                           u"FROM "_s +
-                           u16(c->tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
-                   link, r.CODGPO, r.clase, ejecucion_, r.CODGPO, r.clase, r.desde, r.hasta,
-                   r.conBase ? u"diferencia"_s : u"lectura"_s, r.CODGPO));
+  TARVO_INTENTAR(db_.ejecutar(
+      sobreFilas(u"INSERT INTO Origenes (LINK, GRUPO, CLASE, EJECUCION, LEIDO, DESDE, HASTA, MODO, "
+                 u"FILAS, CON, IMP) SELECT ?, ?, ?, ?, (SELECT FIN FROM Lecturas WHERE GRUPO=? AND "
+                 u"CLASE=?), ?, ?, ?, count(*), SUM(CON), SUM(IMP) FROM {tabla} WHERE LINK=0 AND "
+                 u"GRUPO=?",
+                 claseDe(r.clase)),
+      link, r.CODGPO, numeroDe(r.clase), ejecucion_, r.CODGPO, numeroDe(r.clase), r.desde, r.hasta,
+      r.conBase ? u"diferencia"_s : u"lectura"_s, r.CODGPO));
   return {};
 }
 
@@ -211,7 +210,7 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
     modos.push_back(modo);
   }
   sumarSiHayOtras(lecturas, modos);
-  std::map<int, std::vector<int>> sustituidos;
+  std::map<TipoTotal, std::vector<int>> sustituidos;
   for (size_t i = 0; i < lecturas.size(); ++i)
     if (modos[i] == Modo::Poner) sustituidos[lecturas[i].clase].push_back(lecturas[i].CODGPO);
   bool conAjenas = false;
@@ -234,7 +233,7 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
     if (sustituir && !descr.isEmpty())
       TARVO_INTENTAR(db_.ejecutar(u"UPDATE COLUMNA SET DESCR=? WHERE LINK=?"_s, descr, link));
   }
-  std::map<int, std::vector<int>> nuevas;
+  std::map<TipoTotal, std::vector<int>> nuevas;
   for (size_t i = 0; i < lecturas.size(); ++i) {
     if (modos[i] == Modo::Nueva) {
       nuevas[lecturas[i].clase].push_back(lecturas[i].CODGPO);
@@ -242,7 +241,7 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
       TARVO_INTENTAR(mover(lecturas[i], link, modos[i]));
     }
   }
-  for (const auto& [numero, grupos] : nuevas) TARVO_INTENTAR(moverNuevas(numero, grupos, link));
+  for (const auto& [tipo, grupos] : nuevas) TARVO_INTENTAR(moverNuevas(tipo, grupos, link));
   for (const Recibido& r : lecturas) {
     TARVO_INTENTAR(anotarOrigen(r, link));
     TARVO_INTENTAR(anotarBase(r, link));

@@ -13,7 +13,7 @@ namespace tarvo::totals {
 // A group and kind with data in the open session, and the period made by its span.
 struct Recibido {
   int CODGPO = 0;
-  int clase = 0;
+  TipoTotal clase = TipoTotal::GranTotal;
   Periodo periodo;
   Fecha desde, hasta;    // the span of the sales to be moved
   Fecha baseDesde;       // the span's start once this reading is memorised
@@ -48,15 +48,17 @@ class Memoria {
   static void sumarSiHayOtras(const std::vector<Recibido>& lecturas, std::vector<Modo>& modos);
   Resultado<Modo> modoDe(const Recibido& r, qint64 link, bool sustituir,
                          std::vector<Aviso>& avisos);
-  Resultado<> moverNuevas(int clase, const std::vector<int>& grupos, qint64 link);
+  Resultado<> moverNuevas(TipoTotal clase, const std::vector<int>& grupos, qint64 link);
   Resultado<> mover(const Recibido& r, qint64 link, Modo modo);
+  Resultado<> moverDiferencia(const Recibido& r, qint64 link);
   Resultado<> quitarAusentes(const Recibido& r, qint64 link);
   Resultado<std::optional<Columna>> destinoDe(Periodo& destino,
                                               const std::vector<Recibido>& lecturas,
                                               std::vector<Aviso>& avisos);
   Resultado<bool> tieneAcumulados(const Columna& c);
   // Groups about to be replaced, by kind.
-  Resultado<bool> tieneAjenas(qint64 link, const std::map<int, std::vector<int>>& sustituidos);
+  Resultado<bool> tieneAjenas(qint64 link,
+                              const std::map<TipoTotal, std::vector<int>>& sustituidos);
   Resultado<bool> soloSuma(const Columna& c);
   Resultado<> hacerDescontable(const Columna& antes, qint64 link, bool conAjenas,
                                const std::vector<Recibido>& lecturas, std::vector<Aviso>& avisos);

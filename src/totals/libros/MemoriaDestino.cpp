@@ -13,23 +13,26 @@ Resultado<bool> Memoria::tieneAcumulados(const Columna& c) {
   if (c.periodo.tipo < kSemanal || c.periodo.tipo > kAnual) return false;
   TARVO_TOMAR(
       const auto n,
-      db_.uno(u"SELECT count(*) FROM COLUMNA WHERE ACUM%1<>0 AND FECHA1>=? AND FECHAF<=?"_s.arg(
-                  c.periodo.tipo),
+      db_.uno(dao::conMarcas(
+                  u"SELECT count(*) FROM COLUMNA WHERE {marca}<>0 AND FECHA1>=? AND FECHAF<=?",
+                  {{u"marca", u"ACUM"_s + QString::number(c.periodo.tipo)}}),
               c.periodo.desde, c.periodo.hasta));
   return n.entero() > 0;
 }
 
 // Does the period have rows of groups and kinds other than those about to be replaced?
 Resultado<bool> Memoria::tieneAjenas(qint64 link,
-                                     const std::map<int, std::vector<int>>& sustituidos) {
+                                     const std::map<TipoTotal, std::vector<int>>& sustituidos) {
   for (const ClaseTotal& c : enVigor(a_)) {
     QStringList grupos;
-    if (const auto suyos = sustituidos.find(c.numero); suyos != sustituidos.end())
+    if (const auto suyos = sustituidos.find(c.tipo); suyos != sustituidos.end())
       for (const int g : suyos->second) grupos << QString::number(g);
-    TARVO_TOMAR(const auto n,
-                db_.uno(QString(u"SELECT count(*) FROM "_s + QString::fromUtf16(c.tabla) +
-                                u" WHERE LINK=? AND GRUPO NOT IN ("_s + grupos.join(u',') + u")"_s),
-                        link));
+    TARVO_TOMAR(
+        const auto n,
+        db_.uno(
+            dao::conMarcas(u"SELECT count(*) FROM {tabla} WHERE LINK=? AND GRUPO NOT IN ({grupos})",
+                           {{u"tabla", NombreTabla(c.tipo)}, {u"grupos", grupos.join(u',')}}),
+            link));
     if (n.entero() > 0) return true;
   }
   return false;

@@ -23,7 +23,7 @@ Resultado<> anunciarParte(Database& db, Parte p, qint64 ejecucion, Fecha ahora, 
     TARVO_INTENTAR(
         db.ejecutar(u"INSERT INTO CerosClase (GRUPO, ADDR, CLASE, DUDA) VALUES (?, ?, ?, 1) "_s
                     u"ON CONFLICT (GRUPO, ADDR, CLASE) DO UPDATE SET DUDA=1"_s,
-                    p.grupo, p.addr, c.numero));
+                    p.grupo, p.addr, numeroDe(c.tipo)));
   return {};
 }
 
@@ -36,44 +36,48 @@ Resultado<> confirmarParte(Database& db, Parte p, qint64 ejecucion, Fecha cuando
   return {};
 }
 
-Resultado<> olvidarClase(Database& db, int grupo, int addr, int numero) {
-  TARVO_INTENTAR(apartarBase(db, grupo, numero));
+Resultado<> olvidarClase(Database& db, int grupo, int addr, TipoTotal tipo) {
+  TARVO_INTENTAR(apartarBase(db, grupo, tipo));
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=? AND ADDR=?"_s, grupo,
-                             numero, addr));
+                             numeroDe(tipo), addr));
   TARVO_INTENTAR(db.ejecutar(
       u"UPDATE Lecturas SET LINK=NULL, APARTE=0 WHERE GRUPO=? "_s
       u"AND CLASE=? AND NOT EXISTS (SELECT 1 FROM BaseFilas WHERE BaseFilas.GRUPO=Lecturas.GRUPO AND "_s
       u"BaseFilas.CLASE=Lecturas.CLASE)"_s,
-      grupo, numero));
+      grupo, numeroDe(tipo)));
+  return {};
+}
+
+Resultado<> olvidarPartes(Database& db, int grupo, int addr) {
+  for (const QStringView borrar : {u"DELETE FROM CerosParte WHERE GRUPO=? AND ADDR=?",
+                                   u"DELETE FROM CerosClase WHERE GRUPO=? AND ADDR=?"})
+    TARVO_INTENTAR(db.ejecutar(borrar, grupo, addr));
   return {};
 }
 
 Resultado<> anotarPartes(Database& db, int grupo, const ClaseTotal& c, const Lectura& lectura) {
   QStringList addrs;
   for (const auto& [addr, filas] : lectura.maquinas) addrs << QString::number(addr);
-  for (const QString& tabla : {u"CerosParte"_s, u"CerosClase"_s})
+  for (const QStringView borrar :
+       {u"DELETE FROM CerosParte WHERE GRUPO=? AND ADDR NOT IN ({addrs})",
+        u"DELETE FROM CerosClase WHERE GRUPO=? AND ADDR NOT IN ({addrs})"})
     if (!addrs.isEmpty())
-      TARVO_INTENTAR(
-          db.ejecutar(QString(u"DELETE FROM "_s + tabla + u" WHERE GRUPO=? AND ADDR NOT IN ("_s +
-                              addrs.join(u',') + u")"_s),
-                      grupo));
+      TARVO_INTENTAR(db.ejecutar(dao::conMarcas(borrar, {{u"addrs", addrs.join(u',')}}), grupo));
   TARVO_INTENTAR(db.ejecutar(
       u"UPDATE Lecturas SET AJUSTE=(SELECT CASE WHEN count(*)=count(QUITADO) THEN "_s
       u"COALESCE(SUM(QUITADO), 0) END FROM CerosClase c WHERE c.GRUPO=Lecturas.GRUPO AND "_s
       u"c.CLASE=Lecturas.CLASE) WHERE GRUPO=? AND CLASE=?"_s,
-      grupo, c.numero));
+      grupo, numeroDe(c.tipo)));
   return {};
 }
 
 namespace {
 
-Resultado<std::set<int>> numeros(Resultado<std::unique_ptr<dao::Recordset>> filas) {
-  TARVO_TOMAR(auto rs, std::move(filas));
+Resultado<std::set<int>> numeros(dao::Abierta filas) {
   std::set<int> lista;
-  for (; !rs->Eof();) {
-    lista.insert(static_cast<int>(rs->entero(0)));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(std::move(filas), [&](const dao::Recordset& fila) {
+    lista.insert(static_cast<int>(fila.entero(0)));
+  }));
   return lista;
 }
 
@@ -91,9 +95,10 @@ Resultado<std::optional<Contadores>> granTotalLeido(Database& db, int grupo, int
   TARVO_TOMAR(
       auto rs,
       db.consultar(
-          QString(u"SELECT MAQUINAS FROM Lecturas WHERE GRUPO=? AND CLASE=? AND ESTADO=2 AND "_s +
-                  QString::fromUtf16(kTrasElCero)),
-          grupo, kGranTotal, addr));
+          dao::conMarcas(u"SELECT MAQUINAS FROM Lecturas WHERE GRUPO=? AND CLASE=? AND ESTADO=2 "
+                         u"AND {trasElCero}",
+                         {{u"trasElCero", QString::fromUtf16(kTrasElCero)}}),
+          grupo, numeroDe(TipoTotal::GranTotal), addr));
   if (rs->Eof()) return std::nullopt;
   const bool varias = rs->entero(0) > 1;
   TARVO_TOMAR(
@@ -102,7 +107,7 @@ Resultado<std::optional<Contadores>> granTotalLeido(Database& db, int grupo, int
           ? db.consultar(
                 u"SELECT SUM(CON), SUM(IMP), SUM(PES) FROM LectFilas WHERE GRUPO=? AND CLASE=? AND "_s
                 u"ADDR=?"_s,
-                grupo, kGranTotal, addr)
+                grupo, numeroDe(TipoTotal::GranTotal), addr)
           : db.consultar(
                 u"SELECT SUM(CON), SUM(IMP), SUM(PES) FROM TOTGRT WHERE LINK=0 AND GRUPO=?"_s,
                 grupo));

@@ -19,7 +19,9 @@ struct Parte {
 Resultado<> anunciarParte(dao::Database& db, Parte p, qint64 ejecucion, Fecha ahora, qint64 sec);
 Resultado<> confirmarParte(dao::Database& db, Parte p, qint64 ejecucion, Fecha cuando, qint64 sec);
 // The machine's counters of this kind were cleared: it no longer holds anything memorised of it.
-Resultado<> olvidarClase(dao::Database& db, int grupo, int addr, int clase);
+Resultado<> olvidarClase(dao::Database& db, int grupo, int addr, TipoTotal clase);
+// The whole machine counts afresh: nothing is known to be half done any more.
+Resultado<> olvidarPartes(dao::Database& db, int grupo, int addr);
 // For a reading just noted: how far its sum is below that of the kinds that were not cleared. A
 // machine missing from the reading has left the group.
 Resultado<> anotarPartes(dao::Database& db, int grupo, const ClaseTotal& clase,

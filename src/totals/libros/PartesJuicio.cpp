@@ -16,6 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using dao::conMarcas;
 using dao::Database;
 
 // What is known about one machine.
@@ -24,12 +25,12 @@ struct Caja {
   qint64 ultimaTrama = 0;  // its position in the order of events
   qint64 confirmadas = 0, anunciadas = 0;
   Fecha cuando;
-  std::map<int, qint64> quitado;  // by kind; unknown where missing
-  std::set<int> dudosas;          // kinds that may have been cleared
-  Testimonios t;                  // of the kinds read since, with something memorised
-  std::set<int> leidas;           // all kinds read since
+  std::map<TipoTotal, qint64> quitado;  // unknown where missing
+  std::set<TipoTotal> dudosas;          // kinds that may have been cleared
+  Testimonios t;                        // of the kinds read since, with something memorised
+  std::set<TipoTotal> leidas;           // all kinds read since
 };
-using Via = std::set<int>;  // the kinds that were cleared
+using Via = std::set<TipoTotal>;  // the kinds that were cleared
 
 Resultado<Caja> leerCaja(Database& db, int grupo, int addr) {
   Caja c;
@@ -40,29 +41,28 @@ Resultado<Caja> leerCaja(Database& db, int grupo, int addr) {
                            grupo, addr));
   c.anunciadas = tramas->entero(0), c.confirmadas = tramas->entero(1);
   c.ultimaTrama = tramas->entero(2), c.cuando = tramas->fecha(3);
-  TARVO_TOMAR(
-      auto rs,
-      db.consultar(u"SELECT CLASE, DUDA, QUITADO FROM CerosClase WHERE GRUPO=? AND ADDR=?"_s, grupo,
-                   addr));
-  for (; !rs->Eof();) {
-    const int clase = static_cast<int>(rs->entero(0));
-    if (rs->logico(1)) c.dudosas.insert(clase);
-    if (!rs->nulo(2)) c.quitado[clase] = rs->entero(2);
-    TARVO_INTENTAR(rs->MoveNext());
-  }
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(u"SELECT CLASE, DUDA, QUITADO FROM CerosClase WHERE GRUPO=? AND ADDR=?", grupo,
+                   addr),
+      [&](const dao::Recordset& fila) {
+        const auto clase = deNumero<TipoTotal>(fila.entero(0));
+        if (clase && fila.logico(1)) c.dudosas.insert(*clase);
+        if (clase && !fila.nulo(2)) c.quitado[*clase] = fila.entero(2);
+      }));
   return c;
 }
 
 // The open session's kinds of the group read after the last frame, whole or not.
-Resultado<std::set<int>> leidasTras(Database& db, const Ajustes& ajustes, int grupo, qint64 sec) {
-  std::set<int> clases;
+Resultado<std::set<TipoTotal>> leidasTras(Database& db, const Ajustes& ajustes, int grupo,
+                                          qint64 sec) {
+  std::set<TipoTotal> clases;
   for (const ClaseTotal& c : enVigor(ajustes)) {
     TARVO_TOMAR(const auto n,
-                db.uno(QString(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND "_s
-                               u"CODGPO=GRUPO AND CLASE=? AND SEC>? AND "_s +
-                               QString::fromUtf16(c.sesion)),
-                       grupo, c.numero, sec));
-    if (n.entero() > 0) clases.insert(c.numero);
+                db.uno(conMarcas(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND "
+                                 u"CODGPO=GRUPO AND CLASE=? AND SEC>? AND {enSesion}",
+                                 {{u"enSesion", CampoSesion(c.tipo)}}),
+                       grupo, numeroDe(c.tipo), sec));
+    if (n.entero() > 0) clases.insert(c.tipo);
   }
   return clases;
 }
@@ -70,12 +70,12 @@ Resultado<std::set<int>> leidasTras(Database& db, const Ajustes& ajustes, int gr
 // Were all memorised kinds of the group read since?
 Resultado<bool> todasReleidas(Database& db, const Caja& c) {
   QStringList leidas;
-  for (const int k : c.leidas) leidas << QString::number(k);
+  for (const TipoTotal k : c.leidas) leidas << QString::number(numeroDe(k));
   TARVO_TOMAR(
       const auto n,
-      db.uno(QString(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND "_s
-                     u"CLASE NOT IN ("_s +
-                     leidas.join(u',') + u")"_s),
+      db.uno(conMarcas(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND "
+                       u"CLASE NOT IN ({leidas})",
+                       {{u"leidas", leidas.join(u',')}}),
              c.grupo));
   return n.entero() == 0;
 }
@@ -83,19 +83,19 @@ Resultado<bool> todasReleidas(Database& db, const Caja& c) {
 // The frames clear doubtful kinds; clearing the machine by hand clears all.
 bool puede(const Caja& c, const Via& via) {
   return via.size() == c.t.size() ||
-         std::ranges::all_of(via, [&](int k) { return c.dudosas.contains(k); });
+         std::ranges::all_of(via, [&](TipoTotal k) { return c.dudosas.contains(k); });
 }
 
 // All ways in which the sums of all kinds foot. A kind whose shortfall is unknown can't be summed.
 std::vector<Via> viasQueCuadran(const Caja& c) {
-  std::vector<int> clases;
+  std::vector<TipoTotal> clases;
   for (const auto& [k, t] : c.t) clases.push_back(k);
   std::vector<Via> vias;
   for (unsigned m = 0; m < 1U << clases.size(); ++m) {
     Via via;
     std::set<qint64> sumas;
     for (size_t i = 0; i < clases.size(); ++i) {
-      const int k = clases[i];
+      const TipoTotal k = clases[i];
       const bool borrada = (m >> i & 1U) != 0;
       if (borrada) via.insert(k);
       const auto q = c.quitado.find(k);
@@ -155,22 +155,20 @@ std::optional<Via> decidir(const Caja& c, const std::vector<Via>& vias, bool tod
 }
 
 // The open session's reading of this kind is from after the clearing.
-Resultado<> corregirLectura(Database& db, const Caja& c, int clase, qint64 cambio) {
-  const QString dd = CampoDesde(clase);
-  TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET AJUSTE=AJUSTE+? WHERE GRUPO=? AND CLASE=?"_s,
-                             cambio, c.grupo, clase));
+Resultado<> corregirLectura(Database& db, const Caja& c, TipoTotal clase, qint64 cambio) {
+  TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET AJUSTE=AJUSTE+? WHERE GRUPO=? AND CLASE=?",
+                             cambio, c.grupo, numeroDe(clase)));
   TARVO_INTENTAR(db.ejecutar(
-      QString(
-          u"UPDATE Sesiones SET "_s + dd + u"=? WHERE CODGPO=? AND ("_s + dd + u" IS NULL OR "_s +
-          dd +
-          u"<?) AND EXISTS (SELECT 1 FROM Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND LINK IS "_s
-          u"NULL)"_s),
-      c.cuando, c.grupo, c.cuando, clase));
+      conMarcas(u"UPDATE Sesiones SET {desde}=? WHERE CODGPO=? AND ({desde} IS NULL OR {desde}<?) "
+                u"AND EXISTS (SELECT 1 FROM Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND LINK IS "
+                u"NULL)",
+                {{u"desde", CampoDesde(clase)}}),
+      c.cuando, c.grupo, c.cuando, numeroDe(clase)));
   return {};
 }
 
 Resultado<> aplicar(Database& db, const Caja& c, const Via& borradas) {
-  for (const int k : c.leidas) {
+  for (const TipoTotal k : c.leidas) {
     if (!c.dudosas.contains(k)) continue;
     const auto t = c.t.find(k);
     if (borradas.contains(k)) {
@@ -181,15 +179,15 @@ Resultado<> aplicar(Database& db, const Caja& c, const Via& borradas) {
     TARVO_TOMAR(const auto base,
                 db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND CLASE=? "_s
                        u"AND (LINK IS NOT NULL OR BASE_HASTA IS NOT NULL)"_s,
-                       c.grupo, k));
+                       c.grupo, numeroDe(k)));
     const bool sabido = t != c.t.end() || base.entero() > 0;
     TARVO_INTENTAR(db.ejecutar(
         u"UPDATE CerosClase SET DUDA=0, QUITADO=CASE WHEN ? THEN QUITADO+? END WHERE GRUPO=? AND "_s
         u"ADDR=? AND CLASE=?"_s,
-        sabido, borradas.contains(k) ? t->second.impAntes : 0, c.grupo, c.addr, k));
+        sabido, borradas.contains(k) ? t->second.impAntes : 0, c.grupo, c.addr, numeroDe(k)));
     if (!sabido)
-      TARVO_INTENTAR(
-          db.ejecutar(u"UPDATE Lecturas SET AJUSTE=NULL WHERE GRUPO=? AND CLASE=?"_s, c.grupo, k));
+      TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET AJUSTE=NULL WHERE GRUPO=? AND CLASE=?"_s,
+                                 c.grupo, numeroDe(k)));
   }
   return {};
 }
@@ -201,11 +199,8 @@ Resultado<> aplicarTodo(Database& db, const Ajustes& ajustes, const Textos& text
   for (const auto& [k, q] : c.quitado)
     if (c.leidas.contains(k))
       TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET AJUSTE=AJUSTE-? WHERE GRUPO=? AND CLASE=?"_s,
-                                 q, c.grupo, k));
-  for (const QString& tabla : {u"CerosParte"_s, u"CerosClase"_s})
-    TARVO_INTENTAR(db.ejecutar(QString(u"DELETE FROM "_s + tabla + u" WHERE GRUPO=? AND ADDR=?"_s),
-                               c.grupo, c.addr));
-  return {};
+                                 q, c.grupo, numeroDe(k)));
+  return olvidarPartes(db, c.grupo, c.addr);
 }
 
 enum class Estado { Resuelta, Preguntar, SinSaber };
@@ -239,8 +234,9 @@ Resultado<std::vector<Caja>> cajasQueJuzgar(Database& db, const Ajustes& ajustes
       if (c.leidas.contains(k)) c.t[k] = t;
     // The sum of a range of codes can't foot with anything.
     for (const Releida& r : lista)
-      if (r.grupo == grupo && !r.entera) c.quitado.erase(r.clase->numero);
-    const bool alguna = std::ranges::any_of(c.leidas, [&](int k) { return c.dudosas.contains(k); });
+      if (r.grupo == grupo && !r.entera) c.quitado.erase(r.clase->tipo);
+    const bool alguna =
+        std::ranges::any_of(c.leidas, [&](TipoTotal k) { return c.dudosas.contains(k); });
     if (!alguna) c.anunciadas = c.confirmadas = 0;
     if (alguna || algunaBaja(c.t)) cajas.push_back(std::move(c));
   }

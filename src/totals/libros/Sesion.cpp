@@ -75,10 +75,10 @@ Resultado<bool> Sesion::AbrirSesion() {
   const Estado::Foto antes = d->foto();
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
   QStringList campos;
-  for (const ClaseTotal& c : enVigor(ajustes_))
-    campos << QString::fromUtf16(c.sesion) + u"=FALSE"_s;
+  for (const ClaseTotal& c : enVigor(ajustes_)) campos << CampoSesion(c.tipo) + u"=FALSE"_s;
   const auto abrir = [&]() -> Resultado<> {
-    TARVO_INTENTAR(db_.ejecutar(QString(u"UPDATE Sesiones SET "_s + campos.join(u", "_s))));
+    TARVO_INTENTAR(db_.ejecutar(
+        dao::conMarcas(u"UPDATE Sesiones SET {campos}", {{u"campos", campos.join(u", "_s)}})));
     d->hasta = d->aCero = reloj_.ahora();
     d->de = d->ejecucion;
     TARVO_INTENTAR(ponerEstado(1));
@@ -105,14 +105,12 @@ Resultado<> Sesion::reflejar() {
   return ajustes_.GuardarConfig();
 }
 
-Resultado<bool> Sesion::PuedeRecibir(int grupo, int numero) {
-  const ClaseTotal* c = clase(numero);
-  if (!c) return true;
-  TARVO_TOMAR(
-      const auto rs,
-      db_.consultar(QString(u"SELECT PZERO, "_s + QString::fromUtf16(c->hasta) + u", "_s +
-                            QString::fromUtf16(c->sesion) + u" FROM Sesiones WHERE CODGPO=?"_s),
-                    grupo));
+Resultado<bool> Sesion::PuedeRecibir(int grupo, TipoTotal clase) {
+  TARVO_TOMAR(const auto rs,
+              db_.consultar(dao::conMarcas(
+                                u"SELECT PZERO, {hasta}, {enSesion} FROM Sesiones WHERE CODGPO=?",
+                                {{u"hasta", CampoHasta(clase)}, {u"enSesion", CampoSesion(clase)}}),
+                            grupo));
   if (rs->Eof() || d->abierta == 0 || !rs->logico(2)) return true;
   // A zeroing begun after this reading, confirmed or not: for its machine the reading is all that
   // is left, though the others of the group wait for theirs.
@@ -121,18 +119,18 @@ Resultado<bool> Sesion::PuedeRecibir(int grupo, int numero) {
       db_.uno(
           u"SELECT count(*) FROM Ceros, Lecturas WHERE Ceros.GRUPO=? AND Lecturas.GRUPO=Ceros.GRUPO "_s
           u"AND Lecturas.CLASE=? AND SEC_INTENCION>SEC"_s,
-          grupo, numero));
+          grupo, numeroDe(clase)));
   if (empezada.entero() > 0) return false;
   if (rs->nulo(0) || rs->nulo(1)) return true;
   return rs->fecha(0) < rs->fecha(1);
 }
 
-Resultado<> Sesion::PrepararRecepcion(int grupo, int numero) {
-  return d->anotarLectura(grupo, numero, Estado::kEnCurso, reloj_.ahora());
+Resultado<> Sesion::PrepararRecepcion(int grupo, TipoTotal clase) {
+  return d->anotarLectura(grupo, clase, Estado::kEnCurso, reloj_.ahora());
 }
 
-Resultado<> Sesion::lecturaFallida(int grupo, int numero) {
-  return d->anotarLectura(grupo, numero, Estado::kFallida, reloj_.ahora());
+Resultado<> Sesion::lecturaFallida(int grupo, TipoTotal clase) {
+  return d->anotarLectura(grupo, clase, Estado::kFallida, reloj_.ahora());
 }
 
 }  // namespace tarvo::totals

@@ -76,16 +76,16 @@ class Sesion {
   qint64 ejecucion() const;
 
   // --- receiving
-  Resultado<bool> PuedeRecibir(int grupo, int clase);
+  Resultado<bool> PuedeRecibir(int grupo, TipoTotal clase);
   // Notes on disk that a reading of this kind is under way. The inbox keeps what it held.
-  Resultado<> PrepararRecepcion(int grupo, int clase);
+  Resultado<> PrepararRecepcion(int grupo, TipoTotal clase);
   // One transaction: the rows of LINK 0 of the group and kind become these, DD_ and HT_ are set, a
   // session opens if none was open, SS_ is marked, the reading is complete. Nothing changes when it
   // fails. `avisos` receives what a person must know about the comparison with an earlier reading.
-  Resultado<> guardarLectura(int grupo, int clase, const Lectura& lectura,
+  Resultado<> guardarLectura(int grupo, TipoTotal clase, const Lectura& lectura,
                              std::vector<Aviso>& avisos);
   // The reading was given up; the group is not zeroed until it is read whole.
-  Resultado<> lecturaFallida(int grupo, int clase);
+  Resultado<> lecturaFallida(int grupo, TipoTotal clase);
 
   // --- zeroing
   Resultado<PermisoCero> permisoCero(int grupo);

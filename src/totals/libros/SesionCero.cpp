@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using dao::conMarcas;
 using dao::Database;
 
 // Why the readings of a group forbid its zeroing; empty when they don't.
@@ -25,23 +26,23 @@ Resultado<QString> motivoDeLecturas(Database& db, const Textos& textos, int grup
           grupo));
   if (rs->Eof()) return QString();
   if (rs->entero(1) == 4) return textos(kTxNoCuadraSinCero, {grupo});
-  return textos(kTxFaltaLectura, {grupo, NombreTabla(static_cast<int>(rs->entero(0)))});
+  const auto clase = deNumero<TipoTotal>(rs->entero(0));
+  return textos(kTxFaltaLectura, {grupo, clase ? NombreTabla(*clase) : QString()});
 }
 
 // The amount of a kind's reading in this session; nothing when it has no such reading. `entera`:
 // with all codes, or with a range of them.
 Resultado<std::optional<qint64>> importeLeido(Database& db, const ClaseTotal& c, int grupo,
                                               bool entera) {
-  TARVO_TOMAR(
-      const auto rs,
-      db.consultar(dao::conMarcas(u"SELECT (SELECT sum(IMP) FROM {totales} WHERE LINK=0 AND "
-                                  u"GRUPO=Sesiones.CODGPO) FROM Lecturas, Sesiones WHERE "
-                                  u"Lecturas.GRUPO=? AND CODGPO=Lecturas.GRUPO AND CLASE=? AND "
-                                  u"ESTADO=2 AND {enSesion} AND {cuanta}",
-                                  {{u"totales", QString::fromUtf16(c.tabla)},
-                                   {u"enSesion", QString::fromUtf16(c.sesion)},
-                                   {u"cuanta", entera ? u"ENTERA<>0"_s : u"ENTERA=0"_s}}),
-                   grupo, c.numero));
+  TARVO_TOMAR(const auto rs,
+              db.consultar(conMarcas(u"SELECT (SELECT sum(IMP) FROM {totales} WHERE LINK=0 AND "
+                                     u"GRUPO=Sesiones.CODGPO) FROM Lecturas, Sesiones WHERE "
+                                     u"Lecturas.GRUPO=? AND CODGPO=Lecturas.GRUPO AND CLASE=? AND "
+                                     u"ESTADO=2 AND {enSesion} AND {cuanta}",
+                                     {{u"totales", NombreTabla(c.tipo)},
+                                      {u"enSesion", CampoSesion(c.tipo)},
+                                      {u"cuanta", entera ? u"ENTERA<>0"_s : u"ENTERA=0"_s}}),
+                           grupo, numeroDe(c.tipo)));
   if (rs->Eof()) return std::nullopt;
   return rs->entero(0);
 }
@@ -50,10 +51,10 @@ Resultado<std::optional<qint64>> importeLeido(Database& db, const ClaseTotal& c,
 // machine is cleared. Only a grand total of the same session can show that there are none.
 Resultado<QString> motivoDeParte(Database& db, const Ajustes& ajustes, const Textos& textos,
                                  int grupo) {
-  TARVO_TOMAR(const auto todo, importeLeido(db, *clase(kGranTotal), grupo, true));
+  TARVO_TOMAR(const auto todo, importeLeido(db, claseDe(TipoTotal::GranTotal), grupo, true));
   for (const ClaseTotal& c : enVigor(ajustes)) {
     TARVO_TOMAR(const auto parte, importeLeido(db, c, grupo, false));
-    if (parte && todo != parte) return textos(kTxSoloUnaParte, {grupo, NombreTabla(c.numero)});
+    if (parte && todo != parte) return textos(kTxSoloUnaParte, {grupo, NombreTabla(c.tipo)});
   }
   return QString();
 }
@@ -67,42 +68,46 @@ Resultado<QString> clasesQueEsperan(Database& db, const Ajustes& ajustes, int gr
     TARVO_TOMAR(
         const auto n,
         db.uno(
-            QString(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND CODGPO=GRUPO AND "_s
-                    u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND "_s +
-                    QString::fromUtf16(c.sesion)),
-            grupo, c.numero));
-    if (n.entero() > 0) clases << QString::number(c.numero);
+            conMarcas(u"SELECT count(*) FROM Lecturas, Sesiones WHERE GRUPO=? AND CODGPO=GRUPO AND "
+                      u"CLASE=? AND LINK IS NOT NULL AND APARTE=1 AND {enSesion}",
+                      {{u"enSesion", CampoSesion(c.tipo)}}),
+            grupo, numeroDe(c.tipo)));
+    if (n.entero() > 0) clases << QString::number(numeroDe(c.tipo));
   }
   return clases.join(u',');
 }
 
+// A statement on the memorised kinds but those of a list: {menos}.
+QString menosEstas(QStringView sentencia, const QString& menos) {
+  return conMarcas(sentencia, {{u"menos", menos}});
+}
+
 // For a group of several machines, leaves as memorised only what machines other than `addr` hold.
 Resultado<> quitarDeLaBase(Database& db, int grupo, int addr, const QString& menos) {
-  TARVO_TOMAR(
-      auto rs,
-      db.consultar(
-          u"SELECT CLASE FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND MAQUINAS>1 AND "_s
-          u"CLASE NOT IN (%1)"_s.arg(menos),
-          grupo));
-  std::vector<int> clases;
-  for (; !rs->Eof();) {
-    clases.push_back(static_cast<int>(rs->entero(0)));
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  for (const int c : clases) TARVO_INTENTAR(apartarBase(db, grupo, c));
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(menosEstas(u"SELECT CLASE FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL AND "
+                              u"MAQUINAS>1 AND CLASE NOT IN ({menos})",
+                              menos),
+                   grupo),
+      [&](const dao::Recordset& fila) -> Resultado<> {
+        const auto clase = deNumero<TipoTotal>(fila.entero(0));
+        return clase ? apartarBase(db, grupo, *clase) : Resultado<>{};
+      }));
   TARVO_INTENTAR(db.ejecutar(
-      u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=? AND CLASE NOT IN (%1)"_s.arg(menos), grupo,
-      addr));
+      menosEstas(u"DELETE FROM BaseFilas WHERE GRUPO=? AND ADDR=? AND CLASE NOT IN ({menos})",
+                 menos),
+      grupo, addr));
   return {};
 }
 
 Resultado<> olvidarBase(Database& db, int grupo, const QString& menos) {
   TARVO_INTENTAR(db.ejecutar(
-      u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE NOT IN (%1)"_s.arg(menos), grupo));
-  TARVO_INTENTAR(db.ejecutar(
-      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=? "_s
-      u"AND CLASE NOT IN (%1)"_s.arg(menos),
-      grupo));
+      menosEstas(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE NOT IN ({menos})", menos), grupo));
+  TARVO_INTENTAR(
+      db.ejecutar(menosEstas(u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, "
+                             u"APARTE=0 WHERE GRUPO=? AND CLASE NOT IN ({menos})",
+                             menos),
+                  grupo));
   return {};
 }
 
@@ -174,7 +179,7 @@ Resultado<> Sesion::anotarOlvido() {
   TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
   for (const ClaseTotal& c : enVigor(ajustes_))
     TARVO_INTENTAR(db_.ejecutar(
-        dao::conMarcas(
+        conMarcas(
             u"INSERT INTO Olvidos (GRUPO, EJECUCION, SEC) SELECT CODGPO, ?, ? FROM Sesiones, "
             u"Lecturas WHERE GRUPO=CODGPO AND CLASE=? AND {enSesion} AND (LINK IS NULL OR "
             u"APARTE=1) AND EXISTS (SELECT 1 FROM (SELECT SUM(CON) AS C, SUM(PES) AS P, SUM(IMP) "
@@ -183,9 +188,8 @@ Resultado<> Sesion::anotarOlvido() {
             u"COALESCE(b.C, 0)<>COALESCE(m.C, 0) OR COALESCE(b.P, 0)<>COALESCE(m.P, 0) OR "
             u"COALESCE(b.I, 0)<>COALESCE(m.I, 0)) ON CONFLICT (GRUPO) DO UPDATE SET "
             u"EJECUCION=excluded.EJECUCION, SEC=excluded.SEC",
-            {{u"totales", QString::fromUtf16(c.tabla)},
-             {u"enSesion", QString::fromUtf16(c.sesion)}}),
-        d->ejecucion, sec, c.numero, c.numero));
+            {{u"totales", NombreTabla(c.tipo)}, {u"enSesion", CampoSesion(c.tipo)}}),
+        d->ejecucion, sec, numeroDe(c.tipo), numeroDe(c.tipo)));
   return {};
 }
 
@@ -236,9 +240,7 @@ Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima) {
       u"EJECUCION=excluded.EJECUCION, "_s
       u"HECHO=excluded.HECHO, SEC_HECHO=excluded.SEC_HECHO"_s,
       grupo, addr, d->ejecucion, ahora, sec, ahora, sec));
-  for (const QString& tabla : {u"CerosParte"_s, u"CerosClase"_s})
-    TARVO_INTENTAR(db_.ejecutar(QString(u"DELETE FROM "_s + tabla + u" WHERE GRUPO=? AND ADDR=?"_s),
-                                grupo, addr));
+  TARVO_INTENTAR(olvidarPartes(db_, grupo, addr));
   TARVO_TOMAR(const auto esperan, clasesQueEsperan(db_, ajustes_, grupo, d->abierta));
   if (ultima) {
     TARVO_INTENTAR(olvidarBase(db_, grupo, esperan));
@@ -265,8 +267,9 @@ Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
   TARVO_TOMAR(const auto base, granTotalLeido(db_, grupo, addr));
   if (!base) {
     TARVO_TOMAR(const auto otras,
-                db_.uno(QString(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND "_s +
-                                QString::fromUtf16(kTrasElCero)),
+                db_.uno(conMarcas(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND "
+                                  u"{trasElCero}",
+                                  {{u"trasElCero", QString::fromUtf16(kTrasElCero)}}),
                         grupo, addr));
     return otras.entero() > 0 ? Comparacion::OtrasClases : Comparacion::SinLectura;
   }

@@ -24,7 +24,7 @@ struct Sesion::Estado {
   void renovar(Fecha ahora);
 
   // Notes the state of a reading, keeping what is known about earlier ones.
-  Resultado<> anotarLectura(int grupo, int clase, Lectura estado, Fecha ahora);
+  Resultado<> anotarLectura(int grupo, TipoTotal clase, Lectura estado, Fecha ahora);
 
   dao::Database& db;
   EstadoBase valores;
@@ -43,6 +43,6 @@ inline constexpr auto kTrasElCero =
 
 // Keeps the memorised but not yet zeroed rows of a kind apart from the inbox, which is about to be
 // refilled.
-Resultado<> apartarBase(dao::Database& db, int grupo, int clase);
+Resultado<> apartarBase(dao::Database& db, int grupo, TipoTotal clase);
 
 }  // namespace tarvo::totals

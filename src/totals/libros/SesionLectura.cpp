@@ -10,11 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using dao::conMarcas;
 using dao::Database;
-
-QString texto16(const char16_t* s) {
-  return QString::fromUtf16(s);
-}
 
 // The rows of a group over all its machines; the rows of an only machine are not copied.
 const Lectura::Filas& sumaDeMaquinas(const Lectura& lectura, Lectura::Filas& suma) {
@@ -26,16 +23,17 @@ const Lectura::Filas& sumaDeMaquinas(const Lectura& lectura, Lectura::Filas& sum
 
 Resultado<> escribirBandeja(Database& db, const ClaseTotal& c, int grupo,
                             const Lectura::Filas& filas) {
-  const QString tabla = texto16(c.tabla);
-  TARVO_INTENTAR(db.ejecutar(
-      QString(u"DELETE ALL * FROM "_s + tabla + u" WHERE GRUPO=? AND LINK=0"_s), grupo));
+  const auto enTabla = [&c](QStringView sentencia) {
+    return conMarcas(sentencia, {{u"tabla", NombreTabla(c.tipo)}});
+  };
+  TARVO_INTENTAR(
+      db.ejecutar(enTabla(u"DELETE ALL * FROM {tabla} WHERE GRUPO=? AND LINK=0"), grupo));
   TARVO_TOMAR(auto st,
-              db.preparar(c.conHora ? QString(u"INSERT INTO "_s + tabla +
-                                              u" (LINK, GRUPO, CODI, CON, PES, IMP, SCO, HORA) "_s
-                                              u"VALUES (0, ?, ?, ?, ?, ?, ?, ?)"_s)
-                                    : QString(u"INSERT INTO "_s + tabla +
-                                              u" (LINK, GRUPO, CODI, CON, PES, IMP, SCO) "_s
-                                              u"VALUES (0, ?, ?, ?, ?, ?, ?)"_s)));
+              db.preparar(enTabla(
+                  c.conHora ? u"INSERT INTO {tabla} (LINK, GRUPO, CODI, CON, PES, IMP, SCO, HORA) "
+                              u"VALUES (0, ?, ?, ?, ?, ?, ?, ?)"
+                            : u"INSERT INTO {tabla} (LINK, GRUPO, CODI, CON, PES, IMP, SCO) VALUES "
+                              u"(0, ?, ?, ?, ?, ?, ?)")));
   for (const auto& [clave, v] : filas) {
     qint64 campos[] = {grupo, clave.first, v.CON, v.PES, v.IMP, v.SCO, clave.second};
     for (int i = 0; i < (c.conHora ? 7 : 6); ++i) st->ligar(i, campos[i]);
@@ -46,8 +44,9 @@ Resultado<> escribirBandeja(Database& db, const ClaseTotal& c, int grupo,
 
 // Several machines in one group: each one's own rows, since a sum can't show later whose part was
 // zeroed.
-Resultado<> escribirPorMaquina(Database& db, int grupo, int numero, const Lectura& lectura) {
-  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s, grupo, numero));
+Resultado<> escribirPorMaquina(Database& db, int grupo, TipoTotal tipo, const Lectura& lectura) {
+  TARVO_INTENTAR(
+      db.ejecutar(u"DELETE FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s, grupo, numeroDe(tipo)));
   if (lectura.maquinas.size() < 2) return {};
   TARVO_TOMAR(
       auto st,
@@ -56,8 +55,8 @@ Resultado<> escribirPorMaquina(Database& db, int grupo, int numero, const Lectur
           u"(?,?,?,?,?,?,?,?,?)"_s));
   for (const auto& [addr, filas] : lectura.maquinas) {
     for (const auto& [clave, v] : filas) {
-      const qint64 campos[] = {grupo, numero, addr,  clave.first, clave.second,
-                               v.CON, v.PES,  v.IMP, v.SCO};
+      const qint64 campos[] = {grupo, numeroDe(tipo), addr,  clave.first, clave.second,
+                               v.CON, v.PES,          v.IMP, v.SCO};
       for (int i = 0; i < 9; ++i) st->ligar(i, campos[i]);
       TARVO_INTENTAR(st->ejecutar());
     }
@@ -71,125 +70,134 @@ Resultado<> escribirPorMaquina(Database& db, int grupo, int numero, const Lectur
 Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
                               const Lectura::Filas& nuevas, bool entera, bool abierta) {
   TARVO_TOMAR(const auto viva,
-              db.uno(QString(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND "_s +
-                             texto16(c.sesion) +
-                             u" AND GRUPO=CODGPO AND CLASE=? AND (LINK IS NULL OR APARTE=1)"_s),
-                     grupo, c.numero));
+              db.uno(conMarcas(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND "
+                               u"{enSesion} AND GRUPO=CODGPO AND CLASE=? AND (LINK IS NULL OR "
+                               u"APARTE=1)",
+                               {{u"enSesion", CampoSesion(c.tipo)}}),
+                     grupo, numeroDe(c.tipo)));
   TARVO_TOMAR(const auto espera, hayDudas(db, grupo));
   if ((!abierta || viva.entero() == 0) && !espera) return false;
-  TARVO_TOMAR(
-      auto rs,
-      db.consultar(QString(u"SELECT CODI, CON"_s + QString(c.conHora ? u", HORA"_s : u", 0"_s) +
-                           u" FROM "_s + texto16(c.tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
-                   grupo));
-  for (; !rs->Eof();) {
-    const auto it = nuevas.find(Lectura::Clave{rs->entero(0), static_cast<int>(rs->entero(2))});
-    const bool esta = it != nuevas.end();
-    if ((esta || entera) && (esta ? it->second.CON : 0) < rs->entero(1)) return true;
-    TARVO_INTENTAR(rs->MoveNext());
-  }
-  return false;
+  bool pisa = false;
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(conMarcas(u"SELECT CODI, CON, {hora} FROM {tabla} WHERE LINK=0 AND GRUPO=?",
+                             {{u"hora", horaDe(c)}, {u"tabla", NombreTabla(c.tipo)}}),
+                   grupo),
+      [&](const dao::Recordset& fila) {
+        const auto it =
+            nuevas.find(Lectura::Clave{fila.entero(0), static_cast<int>(fila.entero(2))});
+        const bool esta = it != nuevas.end();
+        pisa = (esta || entera) && (esta ? it->second.CON : 0) < fila.entero(1);
+        return !pisa;
+      }));
+  return pisa;
+}
+
+// A statement on the span and the mark of a kind in Sesiones.
+QString sobreSesion(QStringView sentencia, TipoTotal tipo) {
+  return conMarcas(sentencia, {{u"desde", CampoDesde(tipo)},
+                               {u"hasta", CampoHasta(tipo)},
+                               {u"enSesion", CampoSesion(tipo)}});
 }
 
 // The open session holds a whole reading of this kind that is in no period yet.
 Resultado<bool> hayEnteraSinMemorizar(Database& db, const ClaseTotal& c, int grupo) {
   TARVO_TOMAR(const auto n,
-              db.uno(QString(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND "_s +
-                             texto16(c.sesion) +
-                             u" AND GRUPO=CODGPO AND CLASE=? AND ENTERA<>0 AND (LINK IS NULL OR "_s
-                             u"APARTE=1)"_s),
-                     grupo, c.numero));
+              db.uno(conMarcas(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND "
+                               u"{enSesion} AND GRUPO=CODGPO AND CLASE=? AND ENTERA<>0 AND (LINK "
+                               u"IS NULL OR APARTE=1)",
+                               {{u"enSesion", CampoSesion(c.tipo)}}),
+                     grupo, numeroDe(c.tipo)));
   return n.entero() > 0;
 }
 
 }  // namespace
 
-Resultado<> apartarBase(Database& db, int grupo, int numero) {
-  const ClaseTotal* c = clase(numero);
+Resultado<> apartarBase(Database& db, int grupo, TipoTotal tipo) {
   TARVO_TOMAR(
       auto rs,
       db.consultar(
           u"SELECT MAQUINAS, ADDR FROM Lecturas WHERE GRUPO=? AND CLASE=? AND LINK IS NOT NULL AND "_s
           u"APARTE=0"_s,
-          grupo, numero));
+          grupo, numeroDe(tipo)));
   if (rs->Eof()) return {};
   const bool varias = rs->entero(0) > 1;
   const qint64 addr = rs->entero(1);
-  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, grupo, numero));
+  TARVO_INTENTAR(
+      db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, grupo, numeroDe(tipo)));
   if (varias) {
     TARVO_INTENTAR(
         db.ejecutar(u"INSERT INTO BaseFilas SELECT * FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s,
-                    grupo, numero));
+                    grupo, numeroDe(tipo)));
   } else {
     TARVO_INTENTAR(db.ejecutar(
-        QString(u"INSERT INTO BaseFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, "_s
-                u"IMP, SCO) SELECT GRUPO, ?, ?, CODI, "_s +
-                QString(c->conHora ? u"HORA"_s : u"0"_s) + u", CON, PES, IMP, SCO FROM "_s +
-                texto16(c->tabla) + u" WHERE LINK=0 AND GRUPO=?"_s),
-        numero, addr, grupo));
+        conMarcas(u"INSERT INTO BaseFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, IMP, SCO) "
+                  u"SELECT GRUPO, ?, ?, CODI, {hora}, CON, PES, IMP, SCO FROM {tabla} WHERE LINK=0 "
+                  u"AND GRUPO=?",
+                  {{u"hora", horaDe(claseDe(tipo))}, {u"tabla", NombreTabla(tipo)}}),
+        numeroDe(tipo), addr, grupo));
   }
-  TARVO_INTENTAR(
-      db.ejecutar(u"UPDATE Lecturas SET APARTE=1 WHERE GRUPO=? AND CLASE=?"_s, grupo, numero));
+  TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET APARTE=1 WHERE GRUPO=? AND CLASE=?"_s, grupo,
+                             numeroDe(tipo)));
   return {};
 }
 
-Resultado<> Sesion::Estado::anotarLectura(int grupo, int numero, Lectura estado, Fecha ahora) {
+Resultado<> Sesion::Estado::anotarLectura(int grupo, TipoTotal tipo, Lectura estado, Fecha ahora) {
   TARVO_INTENTAR(db.ejecutar(
       u"INSERT INTO Lecturas (GRUPO, CLASE, EJECUCION, ESTADO, INICIO) VALUES (?, ?, ?, ?, ?) "_s
       u"ON CONFLICT (GRUPO, CLASE) DO UPDATE SET EJECUCION=excluded.EJECUCION, "_s
       u"ANTES=Lecturas.ESTADO, ESTADO=excluded.ESTADO, "_s
       u"INICIO=excluded.INICIO"_s,
-      grupo, numero, ejecucion, int{estado}, ahora));
+      grupo, numeroDe(tipo), ejecucion, int{estado}, ahora));
   return {};
 }
 
-Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura,
+Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lectura,
                                    std::vector<Aviso>& avisos) {
-  const ClaseTotal* c = clase(numero);
-  if (!c) return fallo(Fallo::Interno, textos_(kTxNoEsDeTotales, {numero}));
+  const ClaseTotal& c = claseDe(tipo);
   Lectura::Filas deVarias;
   const Lectura::Filas& suma = sumaDeMaquinas(lectura, deVarias);
   const Estado::Foto antes = d->foto();
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
 
   if (!lectura.entera && d->abierta > 0) {
-    TARVO_TOMAR(const auto sabeMas, hayEnteraSinMemorizar(db_, *c, grupo));
+    TARVO_TOMAR(const auto sabeMas, hayEnteraSinMemorizar(db_, c, grupo));
     if (sabeMas) {
       TARVO_INTENTAR(db_.ejecutar(
           u"UPDATE Lecturas SET ESTADO=CASE WHEN ANTES IN (2, 4) THEN ANTES ELSE 3 END WHERE "_s
           u"GRUPO=? AND CLASE=?"_s,
-          grupo, numero));
+          grupo, numeroDe(tipo)));
       avisos.push_back(
-          {grupo, textos_(kTxParteNoSustituye, {grupo, textos_(kTxNombreTotal + numero)}), true});
+          {grupo, textos_(kTxParteNoSustituye, {grupo, textos_(kTxNombreTotal + numeroDe(tipo))}),
+           true});
       return tr.confirmar();
     }
   }
   const auto guardar = [&]() -> Resultado<> {
     TARVO_TOMAR(const auto pisa,
-                pisariaVentas(db_, *c, grupo, suma, lectura.entera, d->abierta > 0));
+                pisariaVentas(db_, c, grupo, suma, lectura.entera, d->abierta > 0));
     if (pisa) return fallo(Fallo::Restriccion, textos_(kTxMemoriceAntes, {grupo}));
     TARVO_TOMAR(const auto abierta, AbrirSesion());
     if (!abierta) d->renovar(reloj_.ahora());
-    TARVO_INTENTAR(apartarBase(db_, grupo, numero));
-    TARVO_INTENTAR(escribirBandeja(db_, *c, grupo, suma));
-    TARVO_INTENTAR(escribirPorMaquina(db_, grupo, numero, lectura));
+    TARVO_INTENTAR(apartarBase(db_, grupo, tipo));
+    TARVO_INTENTAR(escribirBandeja(db_, c, grupo, suma));
+    TARVO_INTENTAR(escribirPorMaquina(db_, grupo, tipo, lectura));
     TARVO_INTENTAR(
         db_.ejecutar(u"INSERT INTO Sesiones (CODGPO) SELECT ? WHERE NOT EXISTS (SELECT 1 FROM "_s
                      u"Sesiones WHERE CODGPO=?)"_s,
                      grupo, grupo));
     TARVO_INTENTAR(db_.ejecutar(
-        QString(u"UPDATE Sesiones SET "_s + texto16(c->desde) + u"=PZERO, "_s + texto16(c->hasta) +
-                u"=?, "_s + texto16(c->sesion) + u"=TRUE WHERE CODGPO=?"_s),
+        sobreSesion(u"UPDATE Sesiones SET {desde}=PZERO, {hasta}=?, {enSesion}=TRUE WHERE CODGPO=?",
+                    tipo),
         d->hasta, grupo));
     TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
-    TARVO_INTENTAR(d->anotarLectura(grupo, numero, Estado::kCompleta, reloj_.ahora()));
+    TARVO_INTENTAR(d->anotarLectura(grupo, tipo, Estado::kCompleta, reloj_.ahora()));
     const int maquinas = static_cast<int>(lectura.maquinas.size());
     TARVO_INTENTAR(db_.ejecutar(
         u"UPDATE Lecturas SET SEC=?, FIN=?, ENTERA=?, MAQUINAS=?, ADDR=? WHERE GRUPO=? AND "_s
         u"CLASE=?"_s,
         sec, reloj_.ahora(), lectura.entera, maquinas,
-        maquinas == 1 ? lectura.maquinas.begin()->first : 0, grupo, numero));
-    TARVO_INTENTAR(anotarPartes(db_, grupo, *c, lectura));
+        maquinas == 1 ? lectura.maquinas.begin()->first : 0, grupo, numeroDe(tipo)));
+    TARVO_INTENTAR(anotarPartes(db_, grupo, c, lectura));
     TARVO_INTENTAR(ponerEstado(2));
     return tr.confirmar();
   };
@@ -198,9 +206,9 @@ Resultado<> Sesion::guardarLectura(int grupo, int numero, const Lectura& lectura
     return std::unexpected(r.error());
   }
   d->leidosAhora.insert(grupo);
-  const auto tarde = db_.uno(QString(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND "_s +
-                                     texto16(c->desde) + u">"_s + texto16(c->hasta)),
-                             grupo);
+  const auto tarde = db_.uno(
+      sobreSesion(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND {desde}>{hasta}", tipo),
+      grupo);
   if (tarde && tarde->entero() > 0)
     avisos.push_back({grupo, textos_(kTxCeroPosterior, {grupo}), true});
   return {};

@@ -27,7 +27,7 @@ struct Testimonio {
   qint64 conAntes = 0, conAhora = 0, impAntes = 0, impAhora = 0;  // over all keys
   bool quieto() const { return iguales == claves && conAhora == conAntes && impAhora == impAntes; }
 };
-using Testimonios = std::map<int, Testimonio>;  // by kind
+using Testimonios = std::map<TipoTotal, Testimonio>;
 // By address. Machines with nothing memorised in this kind are left out.
 Resultado<std::map<int, Testimonio>> testimoniosDe(dao::Database& db, const Releida& r);
 // The same for all reread kinds of a group: address, kind.

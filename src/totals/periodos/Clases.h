@@ -6,14 +6,12 @@
 #include <span>
 
 #include "core/ajustes/Ajustes.h"
+#include "core/valores/Tipos.h"
 
 namespace tarvo::totals {
 
-inline constexpr int kPLUs = 16, kGranTotal = 17, kOperadores = 18, kDepartamentos = 19,
-                     kHorario = 20, kOperHora = 21;
-
 struct ClaseTotal {
-  int numero;
+  TipoTotal tipo;
   const char16_t* tabla;   // TOTPLU...
   const char16_t* vista;   // QNTPLU...
   const char16_t* codigo;  // of the export files, "01"...
@@ -23,19 +21,23 @@ struct ClaseTotal {
   bool conHora;            // rows have a HORA of their own
 };
 
-// All six, PrimerTotal first. In languages other than Spanish they end one earlier: see enVigor.
+// All six, by number. In languages other than Spanish they end one earlier: see enVigor.
 std::span<const ClaseTotal> todasLasClases();
 // The kinds from PrimerTotal to UltimoTotal of this language.
 std::span<const ClaseTotal> enVigor(const Ajustes& ajustes);
-// The kind with that number, or null.
-const ClaseTotal* clase(int numero);
+const ClaseTotal& claseDe(TipoTotal tipo);
 
-QString NombreTabla(int numero);  // empty for a number of no kind
-QString NombreVista(int numero);
-QString CodigoTotales(int numero);
-QString CampoDesde(int numero);
-QString CampoHasta(int numero);
-QString CampoSesion(int numero);
+QString NombreTabla(TipoTotal tipo);
+QString NombreVista(TipoTotal tipo);
+QString CodigoTotales(TipoTotal tipo);
+QString CampoDesde(TipoTotal tipo);
+QString CampoHasta(TipoTotal tipo);
+QString CampoSesion(TipoTotal tipo);
+// The columns that identify a row within a period: GRUPO, CODI and, where the kind has one, HORA;
+// those of `alias` where there is one.
+QString clavesDe(const ClaseTotal& c, QStringView alias = {});
+// The expression for the hour of a row: 0 for a kind without one.
+QString horaDe(const ClaseTotal& c, QStringView alias = {});
 
 // The counters of one row: operations or units, grams, amount and discount in minor units of the
 // native money.

@@ -12,33 +12,38 @@ namespace {
 constexpr int kHoras = 24;
 
 // The column on the axis of this kind's chart. A grand total is a group's, whatever its code.
-QString ejeDe(int clase) {
-  return clase == kOperHora ? u"t.HORA"_s : clase == kGranTotal ? u"t.GRUPO"_s : u"t.CODI"_s;
+QString ejeDe(TipoTotal clase) {
+  return clase == TipoTotal::OperHora    ? u"t.HORA"_s
+         : clase == TipoTotal::GranTotal ? u"t.GRUPO"_s
+                                         : u"t.CODI"_s;
 }
 
-bool porHoras(int clase) {
-  return clase == kHorario || clase == kOperHora;
+bool porHoras(TipoTotal clase) {
+  return clase == TipoTotal::Horario || clase == TipoTotal::OperHora;
 }
 
-Resultado<QString> nombreDePunto(dao::Database& db, int clase, qint64 seccion, qint64 codigo) {
+Resultado<QString> nombreDePunto(dao::Database& db, TipoTotal clase, qint64 seccion,
+                                 qint64 codigo) {
   const auto leer = [&](const auto& r) -> Resultado<QString> {
     if (!r) return std::unexpected(r.error());
     return r->texto();
   };
   switch (clase) {
-    case kPLUs:
+    case TipoTotal::PLUs:
       return leer(
           db.uno(u"SELECT NOMPLU FROM PLUSES WHERE SECCION=? AND CODPLU=?", seccion, codigo));
-    case kDepartamentos:
+    case TipoTotal::Departamentos:
       return leer(
           db.uno(u"SELECT NomDep FROM DEPTS WHERE SECCION=? AND NUMDEP=?", seccion, codigo));
-    case kOperadores:
+    case TipoTotal::Operadores:
       return leer(db.uno(u"SELECT NOMOPE FROM OPERS WHERE CODOPE=?", codigo));
-    case kGranTotal:
+    case TipoTotal::GranTotal:
       return leer(db.uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=?", codigo));
-    default:
+    case TipoTotal::Horario:
+    case TipoTotal::OperHora:
       return QString();
   }
+  std::unreachable();
 }
 
 Resultado<std::pair<qint64, qint64>> cuenta(dao::Database& db, const ClaseTotal& c, qint64 link,
@@ -85,34 +90,37 @@ Condicion FiltroCodigo::condicion() const {
   return c;
 }
 
-bool conSeccion(int clase) {
-  return clase == kPLUs || clase == kDepartamentos;
+bool conSeccion(TipoTotal clase) {
+  return clase == TipoTotal::PLUs || clase == TipoTotal::Departamentos;
 }
 
-QString fuenteFilas(int clase, bool conPeriodo) {
+QString fuenteFilas(TipoTotal clase, bool conPeriodo) {
   QString f = NombreTabla(clase) + u" AS t"_s;
   if (conPeriodo) f += u" INNER JOIN COLUMNA ON t.LINK=COLUMNA.LINK"_s;
   f += u" LEFT JOIN GRUPOS ON t.GRUPO=GRUPOS.CODGPO"_s;
-  if (clase == kPLUs)
+  if (clase == TipoTotal::PLUs)
     f += u" LEFT JOIN PLUSES ON GRUPOS.SECCION=PLUSES.SECCION AND t.CODI=PLUSES.CODPLU"_s;
-  if (clase == kDepartamentos)
+  if (clase == TipoTotal::Departamentos)
     f += u" LEFT JOIN DEPTS ON GRUPOS.SECCION=DEPTS.SECCION AND t.CODI=DEPTS.NUMDEP"_s;
-  if (clase == kOperadores || clase == kOperHora) f += u" LEFT JOIN OPERS ON t.CODI=OPERS.CODOPE"_s;
+  if (clase == TipoTotal::Operadores || clase == TipoTotal::OperHora)
+    f += u" LEFT JOIN OPERS ON t.CODI=OPERS.CODOPE"_s;
   return f;
 }
 
-QString nombreFilas(int clase) {
+QString nombreFilas(TipoTotal clase) {
   switch (clase) {
-    case kPLUs:
+    case TipoTotal::PLUs:
       return u"PLUSES.NOMPLU"_s;
-    case kDepartamentos:
+    case TipoTotal::Departamentos:
       return u"DEPTS.NomDep"_s;
-    case kOperadores:
-    case kOperHora:
+    case TipoTotal::Operadores:
+    case TipoTotal::OperHora:
       return u"OPERS.NOMOPE"_s;
-    default:
+    case TipoTotal::GranTotal:
+    case TipoTotal::Horario:
       return u"GRUPOS.NOMGPO"_s;
   }
+  std::unreachable();
 }
 
 QString importeDePeriodo() {
@@ -163,7 +171,7 @@ Resultado<std::vector<PuntoPeriodo>> evolucion(const Periodos& periodos,
 }
 
 // The row with the highest amount, whatever its group.
-Resultado<CodigoDe> masVendido(const Periodos& periodos, int clase) {
+Resultado<CodigoDe> masVendido(const Periodos& periodos, TipoTotal clase) {
   CodigoDe mayor;
   const QString sql = dao::conMarcas(
       u"SELECT GRUPOS.SECCION, t.CODI FROM {tabla} AS t LEFT JOIN GRUPOS ON GRUPOS.CODGPO=t.GRUPO "
@@ -177,22 +185,23 @@ Resultado<CodigoDe> masVendido(const Periodos& periodos, int clase) {
 }
 
 Resultado<QString> nombreDeCodigo(const Periodos& periodos, const FiltroCodigo& filtro) {
-  const int clase = filtro.clase == kOperHora ? kOperadores : filtro.clase;
+  const TipoTotal clase =
+      filtro.clase == TipoTotal::OperHora ? TipoTotal::Operadores : filtro.clase;
   return nombreDePunto(periodos.base(), clase, filtro.seccion.value_or(0), filtro.codigo);
 }
 
-Resultado<std::map<int, qint64>> filasPorClase(const Periodos& periodos, qint64 link) {
-  std::map<int, qint64> cuantas;
+Resultado<std::map<TipoTotal, qint64>> filasPorClase(const Periodos& periodos, qint64 link) {
+  std::map<TipoTotal, qint64> cuantas;
   for (const ClaseTotal& c : enVigor(periodos.ajustes())) {
     std::set<qint64> grupos;
     TARVO_TOMAR(const auto suma, cuenta(periodos.base(), c, link, grupos));
-    cuantas[c.numero] = suma.first;
+    cuantas[c.tipo] = suma.first;
   }
   return cuantas;
 }
 
 Resultado<std::vector<Procedencia>> procedencia(const Periodos& periodos, qint64 link, int grupo,
-                                                int clase, qint64 codigo) {
+                                                TipoTotal clase, qint64 codigo) {
   dao::Database& db = periodos.base();
   std::vector<Procedencia> lista;
   const auto una = [&](const dao::Recordset& fila) -> Resultado<> {
@@ -209,7 +218,7 @@ Resultado<std::vector<Procedencia>> procedencia(const Periodos& periodos, qint64
       TARVO_INTENTAR(dao::recorrer(
           db.consultar(u"SELECT ADDR, sum([IMP]) FROM LectFilas WHERE GRUPO=? AND CLASE=? AND "
                        u"CODI=? GROUP BY ADDR ORDER BY ADDR",
-                       grupo, clase, codigo),
+                       grupo, numeroDe(clase), codigo),
           [&p](const dao::Recordset& m) {
             p.maquinas.emplace_back(static_cast<int>(m.entero(0)), m.entero(1));
           }));
@@ -222,7 +231,7 @@ Resultado<std::vector<Procedencia>> procedencia(const Periodos& periodos, qint64
           u"FROM (Origenes AS o LEFT JOIN GRUPOS ON GRUPOS.CODGPO=o.GRUPO) LEFT JOIN Lecturas AS l "
           u"ON l.GRUPO=o.GRUPO AND l.CLASE=o.CLASE WHERE o.LINK=? AND o.GRUPO=? AND o.CLASE=? "
           u"ORDER BY o.LEIDO",
-          link, grupo, clase),
+          link, grupo, numeroDe(clase)),
       una));
   return lista;
 }
@@ -243,14 +252,15 @@ Resultado<Resumen> resumir(const Periodos& periodos, const std::vector<qint64>& 
   std::set<qint64> grupos;
   for (const qint64 link : links) {
     ++r.periodos;
-    std::map<int, qint64> importes;
+    std::map<TipoTotal, qint64> importes;
     for (const ClaseTotal& c : enVigor(periodos.ajustes())) {
       TARVO_TOMAR(const auto suma, cuenta(periodos.base(), c, link, grupos));
       r.filas += suma.first;
-      if (suma.first > 0) importes[c.numero] = suma.second;
+      if (suma.first > 0) importes[c.tipo] = suma.second;
     }
-    for (const int numero : {kGranTotal, kPLUs, kDepartamentos, kOperadores, kHorario, kOperHora})
-      if (const auto i = importes.find(numero); i != importes.end()) {
+    for (const TipoTotal tipo : {TipoTotal::GranTotal, TipoTotal::PLUs, TipoTotal::Departamentos,
+                                 TipoTotal::Operadores, TipoTotal::Horario, TipoTotal::OperHora})
+      if (const auto i = importes.find(tipo); i != importes.end()) {
         r.importe += i->second;
         break;
       }

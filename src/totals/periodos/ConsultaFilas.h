@@ -21,7 +21,7 @@ struct Condicion {
 // Rows of one period and kind.
 struct FiltroFilas {
   qint64 link = 0;
-  int clase = kGranTotal;
+  TipoTotal clase = TipoTotal::GranTotal;
   std::optional<int> seccion, grupo;
   std::optional<qint64> desde, hasta;  // codes, inclusive
   Condicion condicion() const;
@@ -29,7 +29,7 @@ struct FiltroFilas {
 
 // Rows of one code across the periods of a kind.
 struct FiltroCodigo {
-  int clase = kPLUs;
+  TipoTotal clase = TipoTotal::PLUs;
   int tipo = kDiario;
   std::optional<int> seccion;  // for kinds whose codes belong to a section
   qint64 codigo = 0;
@@ -40,11 +40,11 @@ struct FiltroCodigo {
 
 // The FROM clause: the rows as "t", their period as COLUMNA when `conPeriodo`, their group, and the
 // table with their name. `nombreFilas` is the expression for that name.
-QString fuenteFilas(int clase, bool conPeriodo);
-QString nombreFilas(int clase);
+QString fuenteFilas(TipoTotal clase, bool conPeriodo);
+QString nombreFilas(TipoTotal clase);
 // The amount of a row of COLUMNA: from its grand totals, else from its articles.
 QString importeDePeriodo();
-bool conSeccion(int clase);  // codes belong to a section
+bool conSeccion(TipoTotal clase);  // codes belong to a section
 
 struct Punto {
   qint64 codigo = 0;
@@ -72,11 +72,11 @@ struct CodigoDe {
   int seccion = 0;
   qint64 codigo = 0;
 };
-Resultado<CodigoDe> masVendido(const Periodos& periodos, int clase);
+Resultado<CodigoDe> masVendido(const Periodos& periodos, TipoTotal clase);
 // The name of the filter's code; empty when unknown.
 Resultado<QString> nombreDeCodigo(const Periodos& periodos, const FiltroCodigo& filtro);
 // Number of rows of a period for each kind in use.
-Resultado<std::map<int, qint64>> filasPorClase(const Periodos& periodos, qint64 link);
+Resultado<std::map<TipoTotal, qint64>> filasPorClase(const Periodos& periodos, qint64 link);
 
 // A reading from which rows of a period came.
 struct Procedencia {
@@ -90,7 +90,7 @@ struct Procedencia {
   std::vector<std::pair<int, qint64>> maquinas;
 };
 Resultado<std::vector<Procedencia>> procedencia(const Periodos& periodos, qint64 link, int grupo,
-                                                int clase, qint64 codigo);
+                                                TipoTotal clase, qint64 codigo);
 // The periods that were added into this one.
 Resultado<std::vector<Columna>> sumandos(Periodos& periodos, const Columna& mayor);
 

@@ -25,10 +25,6 @@ QString sqlSuma(const ClaseTotal& c, const QString& fuente) {
 
 }  // namespace
 
-QString clavesDe(const ClaseTotal& c) {
-  return c.conHora ? QStringLiteral("GRUPO, CODI, HORA") : QStringLiteral("GRUPO, CODI");
-}
-
 Resultado<> sumarFilas(dao::Database& db, const ClaseTotal& c, qint64 destino,
                        const QString& origen, qint64 cual, int signo, const Textos& textos) {
   QStringList valores;

@@ -7,9 +7,6 @@
 
 namespace tarvo::totals {
 
-// The columns that identify a row within a period: GRUPO, CODI and, where the kind has one, HORA.
-QString clavesDe(const ClaseTotal& c);
-
 // Adds rows to those of `destino`, or subtracts them with signo -1, key by key. `origen` is a query
 // that returns the key columns, CON, PES, IMP and SCO, each key once; its one parameter is `cual`.
 Resultado<> sumarFilas(dao::Database& db, const ClaseTotal& c, qint64 destino,

@@ -10,15 +10,14 @@ namespace {
 
 Resultado<> sumarEntrada(dao::Database& db, const Textos& textos, qint64 link,
                          const EntradaManual& e) {
-  const ClaseTotal* c = clase(e.clase);
-  if (!c) return fallo(Fallo::Interno, textos(kTxSinClaseDeTotal, {e.clase}));
-  TARVO_TOMAR(const auto s, prepararSuma(db, *c));
+  const ClaseTotal& c = claseDe(e.clase);
+  TARVO_TOMAR(const auto s, prepararSuma(db, c));
   int i = 0;
   for (const qint64 x : {link, qint64{e.grupo}, e.codi}) s->ligar(i++, x);
-  if (c->conHora) s->ligar(i++, qint64{e.hora});
+  if (c.conHora) s->ligar(i++, qint64{e.hora});
   for (const qint64 x : {e.c.CON, e.c.PES, e.c.IMP, e.c.SCO}) s->ligar(i++, x);
   TARVO_INTENTAR(s->ejecutar());
-  return comprobarRango(db, *c, link, textos);
+  return comprobarRango(db, c, link, textos);
 }
 
 }  // namespace
@@ -29,9 +28,10 @@ Resultado<> aplicarManuales(Periodos& periodos, qint64 link,
   dao::Database& db = periodos.base();
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db));
   TARVO_TOMAR(const auto marcas, periodos.DesacumularTodo(link));
-  for (const int numero : {kGranTotal, kPLUs, kOperadores, kDepartamentos, kHorario, kOperHora})
+  for (const TipoTotal tipo : {TipoTotal::GranTotal, TipoTotal::PLUs, TipoTotal::Operadores,
+                               TipoTotal::Departamentos, TipoTotal::Horario, TipoTotal::OperHora})
     for (const EntradaManual& e : entradas)
-      if (e.clase == numero) TARVO_INTENTAR(sumarEntrada(db, periodos.textos(), link, e));
+      if (e.clase == tipo) TARVO_INTENTAR(sumarEntrada(db, periodos.textos(), link, e));
   TARVO_INTENTAR(periodos.ReacumularTodo(link, marcas));
   return t.confirmar();
 }
@@ -62,12 +62,11 @@ Resultado<> cambiar(Periodos& periodos, Guardado& g) {
 
 // Rows that are left all zero hold no information.
 Resultado<> quitarCeros(dao::Database& db, qint64 link, const EntradaManual& e) {
-  const ClaseTotal& c = *clase(e.clase);
+  const ClaseTotal& c = claseDe(e.clase);
   const QString sql = dao::conMarcas(
       u"DELETE FROM {tabla} WHERE LINK=? AND GRUPO=? AND CODI=? AND {hora}=? AND CON=0 AND PES=0 "
       u"AND [IMP]=0 AND SCO=0",
-      {{u"tabla", QString::fromUtf16(c.tabla)},
-       {u"hora", c.conHora ? QStringLiteral("HORA") : QStringLiteral("0")}});
+      {{u"tabla", NombreTabla(e.clase)}, {u"hora", horaDe(c)}});
   TARVO_INTENTAR(db.ejecutar(sql, link, e.grupo, e.codi, c.conHora ? e.hora : 0));
   return {};
 }

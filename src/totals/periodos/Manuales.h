@@ -8,7 +8,7 @@
 namespace tarvo::totals {
 
 struct EntradaManual {
-  int clase = kGranTotal;
+  TipoTotal clase = TipoTotal::GranTotal;
   int grupo = 0;
   qint64 codi = 0;
   int hora = 0;

@@ -16,10 +16,6 @@ const QString kColumnasOrigen =
     u"LINK, GRUPO, CLASE, EJECUCION, LEIDO, DESDE, HASTA, MODO, FILAS, CON, IMP"_s;
 const QString kColumnasFila = u"GRUPO, CODI, HORA, CON, PES, [IMP], SCO"_s;
 
-QString tablaDe(const ClaseTotal& c) {
-  return QString::fromUtf16(c.tabla);
-}
-
 QString marcaDe(int tipo) {
   return u"ACUM"_s + QString::number(tipo);
 }
@@ -78,12 +74,11 @@ Resultado<> Papelera::guardar(qint64 lote, const Columna& c, bool soloFilas) {
       lote, soloFilas, c.LINK));
   for (const ClaseTotal& k : enVigor(a_))
     TARVO_INTENTAR(db_.ejecutar(
-        conMarcas(u"INSERT INTO PapeleraFilas (LOTE, LINK, CLASE, {fila}) SELECT ?, LINK, ?, "
-                  u"GRUPO, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} WHERE LINK=?",
-                  {{u"fila", kColumnasFila},
-                   {u"hora", k.conHora ? u"HORA"_s : u"0"_s},
-                   {u"tabla", tablaDe(k)}}),
-        lote, k.numero, c.LINK));
+        conMarcas(
+            u"INSERT INTO PapeleraFilas (LOTE, LINK, CLASE, {fila}) SELECT ?, LINK, ?, "
+            u"GRUPO, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} WHERE LINK=?",
+            {{u"fila", kColumnasFila}, {u"hora", horaDe(k)}, {u"tabla", NombreTabla(k.tipo)}}),
+        lote, numeroDe(k.tipo), c.LINK));
   if (db_.existeTabla(u"Origenes"))
     TARVO_INTENTAR(db_.ejecutar(
         conMarcas(u"INSERT INTO PapeleraOrig (LOTE, {origen}) SELECT ?, {origen} FROM Origenes "
@@ -136,7 +131,7 @@ Resultado<> Papelera::comprobarSitio(const Columna& c, bool soloFilas) {
   bool libre = (hay.entero() > 0) == soloFilas;
   for (const ClaseTotal& k : enVigor(a_)) {
     TARVO_TOMAR(const auto filas, db_.uno(conMarcas(u"SELECT count(*) FROM {tabla} WHERE LINK=?",
-                                                    {{u"tabla", tablaDe(k)}}),
+                                                    {{u"tabla", NombreTabla(k.tipo)}}),
                                           c.LINK));
     libre = libre && filas.entero() == 0;
   }
@@ -156,8 +151,8 @@ Resultado<> Papelera::reponer(qint64 lote, const Columna& c, bool soloFilas) {
         conMarcas(u"INSERT INTO {tabla} (LINK, {claves}, CON, PES, [IMP], SCO) SELECT LINK, "
                   u"{claves}, CON, PES, [IMP], SCO FROM PapeleraFilas WHERE LOTE=? AND LINK=? AND "
                   u"CLASE=?",
-                  {{u"tabla", tablaDe(k)}, {u"claves", clavesDe(k)}}),
-        lote, c.LINK, k.numero));
+                  {{u"tabla", NombreTabla(k.tipo)}, {u"claves", clavesDe(k)}}),
+        lote, c.LINK, numeroDe(k.tipo)));
   if (db_.existeTabla(u"Origenes"))
     TARVO_INTENTAR(db_.ejecutar(
         conMarcas(u"INSERT INTO Origenes ({origen}) SELECT {origen} FROM PapeleraOrig WHERE "

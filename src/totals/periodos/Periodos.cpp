@@ -78,16 +78,16 @@ Resultado<qint64> Periodos::CrearPeriodo(int tipo, Fecha desde, Fecha hasta, boo
   return link;
 }
 
-Resultado<> Periodos::borrarFilas(qint64 link, int clase) {
+Resultado<> Periodos::borrarFilas(qint64 link, std::optional<TipoTotal> clase) {
   for (const ClaseTotal& k : enVigor(a_))
-    if (clase < 1 || clase == k.numero)
+    if (!clase || clase == k.tipo)
       TARVO_INTENTAR(db_.ejecutar(dao::conMarcas(u"DELETE FROM {tabla} WHERE LINK=?",
                                                  {{u"tabla", QString::fromUtf16(k.tabla)}}),
                                   link));
   // The origin of the rows goes with them: the number may be another period's some day.
   if (db_.existeTabla(u"Origenes"))
-    TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Origenes WHERE LINK=? AND (CLASE=? OR ?<1)", link,
-                                clase, clase));
+    TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Origenes WHERE LINK=? AND (CLASE=? OR ?=0)", link,
+                                numeroDe(clase, 0), numeroDe(clase, 0)));
   return {};
 }
 
@@ -95,7 +95,7 @@ Resultado<> Periodos::VaciarPeriodo(qint64 link) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   TARVO_TOMAR(const auto c, columna(link));
   if (c) TARVO_INTENTAR(olvidarSustituidosEn(c->periodo));
-  TARVO_INTENTAR(borrarFilas(link, 0));
+  TARVO_INTENTAR(borrarFilas(link, {}));
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Sumados WHERE LINK=?", link));
   return t.confirmar();
 }
@@ -130,9 +130,9 @@ Resultado<> Periodos::CambiarPeriodo(qint64 link, int tipo, Fecha desde, Fecha h
   return t.confirmar();
 }
 
-Resultado<> Periodos::BorrarPeriodo(qint64 link, int clase) {
+Resultado<> Periodos::BorrarPeriodo(qint64 link, std::optional<TipoTotal> clase) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
-  if (clase >= 1) {
+  if (clase) {
     TARVO_INTENTAR(borrarFilas(link, clase));
   } else {
     TARVO_INTENTAR(VaciarPeriodo(link));

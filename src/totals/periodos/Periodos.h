@@ -44,9 +44,9 @@ class Periodos {
   // The larger periods that hold this one's sales but would have no place for them with that kind
   // and those dates.
   Resultado<std::vector<Periodo>> saldriaDe(qint64 link, int tipo, Fecha desde, Fecha hasta);
-  // Deletes the period and its rows. With a kind of 1 or more only the rows of that kind are
-  // deleted, and the period stays.
-  Resultado<> BorrarPeriodo(qint64 link, int clase = 0);
+  // Deletes the period and its rows. With a kind only the rows of that kind are deleted, and the
+  // period stays.
+  Resultado<> BorrarPeriodo(qint64 link, std::optional<TipoTotal> clase = {});
   // Deletes all rows of the period; the period stays, with its marks.
   Resultado<> VaciarPeriodo(qint64 link);
   Resultado<bool> BorrarPorFechas(int tipo, Fecha desde, Fecha hasta);
@@ -100,7 +100,7 @@ class Periodos {
     Periodo periodo;
     int stkADO = 0;
   };
-  Resultado<> borrarFilas(qint64 link, int clase);
+  Resultado<> borrarFilas(qint64 link, std::optional<TipoTotal> clase);
   Resultado<std::optional<qint64>> destinoDe(int tipo, const Periodo& origen);
   Resultado<bool> moverAcumulado(int tipo, const Columna& origen, int signo);
   Resultado<> recordar(const Columna& vieja);

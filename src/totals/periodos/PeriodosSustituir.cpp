@@ -12,7 +12,7 @@ namespace {
 QString filasGuardadas(const ClaseTotal& c) {
   return dao::conMarcas(
       u"SELECT {claves}, CON, PES, [IMP], SCO FROM TotSusti WHERE ID=? AND CLASE={clase}",
-      {{u"claves", clavesDe(c)}, {u"clase", QString::number(c.numero)}});
+      {{u"claves", clavesDe(c)}, {u"clase", QString::number(numeroDe(c.tipo))}});
 }
 
 QString marcaAcum(int tipo) {
@@ -23,9 +23,8 @@ Resultado<> guardarFilas(dao::Database& db, const ClaseTotal& c, qint64 id, qint
   const QString sql = dao::conMarcas(
       u"INSERT INTO TotSusti (ID, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) "
       u"SELECT ?, ?, GRUPO, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} WHERE LINK=?",
-      {{u"hora", c.conHora ? QStringLiteral("HORA") : QStringLiteral("0")},
-       {u"tabla", QString::fromUtf16(c.tabla)}});
-  TARVO_INTENTAR(db.ejecutar(sql, id, c.numero, link));
+      {{u"hora", horaDe(c)}, {u"tabla", QString::fromUtf16(c.tabla)}});
+  TARVO_INTENTAR(db.ejecutar(sql, id, numeroDe(c.tipo), link));
   return {};
 }
 
@@ -111,7 +110,7 @@ Resultado<> Periodos::saldarStock(const Columna& nueva) {
   for (const Sustituido& s : viejas) {
     const QString filas = dao::conMarcas(
         u"SELECT GRUPO, CODI, CON, PES FROM TotSusti WHERE ID={id} AND CLASE={clase}",
-        {{u"id", QString::number(s.ID)}, {u"clase", QString::number(kPLUs)}});
+        {{u"id", QString::number(s.ID)}, {u"clase", QString::number(numeroDe(TipoTotal::PLUs))}});
     TARVO_INTENTAR(almacenes_.descontarFilas(filas, -s.stkADO));
     TARVO_INTENTAR(db_.ejecutar(u"UPDATE Sustituidos SET stkADO=0 WHERE ID=?", s.ID));
   }

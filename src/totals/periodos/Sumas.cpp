@@ -7,26 +7,14 @@
 
 namespace tarvo::totals {
 
-namespace {
-
-QString horaDe(const ClaseTotal& c) {
-  return c.conHora ? QStringLiteral("HORA") : QStringLiteral("0");
-}
-
-QString tablaDeSuma(const ClaseTotal& c) {
-  return QString::fromUtf16(c.tabla);
-}
-
-}  // namespace
-
 Resultado<> Sumas::guardar(qint64 origen, qint64 lote) {
   for (const ClaseTotal& c : enVigor(a_))
     TARVO_INTENTAR(db_.ejecutar(
         dao::conMarcas(
             u"INSERT INTO PapeleraSuma (LOTE, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) "
             u"SELECT ?, ?, GRUPO, CODI, {hora}, CON, PES, [IMP], SCO FROM {tabla} WHERE LINK=?",
-            {{u"hora", horaDe(c)}, {u"tabla", tablaDeSuma(c)}}),
-        lote, c.numero, origen));
+            {{u"hora", horaDe(c)}, {u"tabla", NombreTabla(c.tipo)}}),
+        lote, numeroDe(c.tipo), origen));
   return {};
 }
 
@@ -52,16 +40,15 @@ Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
     const QString filas = dao::conMarcas(
         u"SELECT {claves}, sum(CON) AS CON, sum(PES) AS PES, sum([IMP]) AS [IMP], sum(SCO) AS SCO "
         u"FROM PapeleraSuma WHERE LOTE=? AND CLASE={clase} GROUP BY {claves}",
-        {{u"claves", clavesDe(c)}, {u"clase", QString::number(c.numero)}});
+        {{u"claves", clavesDe(c)}, {u"clase", QString::number(numeroDe(c.tipo))}});
     TARVO_INTENTAR(sumarFilas(db_, c, destino, filas, lote, -1, p_.textos()));
     TARVO_INTENTAR(db_.ejecutar(
         dao::conMarcas(
             u"DELETE FROM {tabla} WHERE LINK=? AND CON=0 AND PES=0 AND [IMP]=0 AND SCO=0 AND "
             u"EXISTS (SELECT 1 FROM PapeleraSuma s WHERE s.LOTE=? AND s.CLASE=? AND "
             u"s.GRUPO={tabla}.GRUPO AND s.CODI={tabla}.CODI AND s.HORA={hora})",
-            {{u"tabla", tablaDeSuma(c)},
-             {u"hora", c.conHora ? tablaDeSuma(c) + QStringLiteral(".HORA") : horaDe(c)}}),
-        destino, lote, c.numero));
+            {{u"tabla", NombreTabla(c.tipo)}, {u"hora", horaDe(c, NombreTabla(c.tipo))}}),
+        destino, lote, numeroDe(c.tipo)));
   }
   return {};
 }
@@ -69,7 +56,7 @@ Resultado<> Sumas::quitarFilas(qint64 destino, qint64 lote) {
 Resultado<bool> Sumas::vacio(qint64 link) {
   for (const ClaseTotal& c : enVigor(a_)) {
     TARVO_TOMAR(const auto n, db_.uno(dao::conMarcas(u"SELECT count(*) FROM {tabla} WHERE LINK=?",
-                                                     {{u"tabla", tablaDeSuma(c)}}),
+                                                     {{u"tabla", NombreTabla(c.tipo)}}),
                                       link));
     if (n.entero() > 0) return false;
   }

@@ -145,7 +145,7 @@ QStringList CerrSesVentana::graves() const {
 // is memorised unseen.
 bool CerrSesVentana::siguenSiendoLosMismos() {
   const auto claves = [this] {
-    std::set<std::pair<int, int>> c;
+    std::set<std::pair<int, TipoTotal>> c;
     for (const Recibido& r : motor_.recibidos()) c.emplace(r.CODGPO, r.clase);
     return c;
   };

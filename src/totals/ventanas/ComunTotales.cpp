@@ -72,33 +72,34 @@ ventanas::Opciones tiposDePeriodo() {
 
 ventanas::Opciones clasesDeTotal(const ventanas::Contexto& c) {
   ventanas::Opciones clases;
-  for (const int k : {kGranTotal, kPLUs, kOperadores, kDepartamentos, kHorario, kOperHora})
-    if (k != kOperHora || c.ajustes.EsEspanol()) clases.push_back({k, nombreClase(c.textos, k)});
+  for (const TipoTotal k : {TipoTotal::GranTotal, TipoTotal::PLUs, TipoTotal::Operadores,
+                            TipoTotal::Departamentos, TipoTotal::Horario, TipoTotal::OperHora})
+    if (k != TipoTotal::OperHora || c.ajustes.EsEspanol())
+      clases.push_back({numeroDe(k), nombreClase(c.textos, k)});
   return clases;
 }
 
-QString nombreClase(const Textos& t, int clase) {
+QString nombreClase(const Textos& t, TipoTotal clase) {
   switch (clase) {
-    case kPLUs:
+    case TipoTotal::PLUs:
       return t(kTxClasePLUs);
-    case kGranTotal:
+    case TipoTotal::GranTotal:
       return t(kTxClaseGranTotal);
-    case kOperadores:
+    case TipoTotal::Operadores:
       return t(ventanas::kTxOperadores);
-    case kDepartamentos:
+    case TipoTotal::Departamentos:
       return t(kTxClaseDepartamentos);
-    case kHorario:
+    case TipoTotal::Horario:
       return t(kTxClaseHorario);
-    case kOperHora:
+    case TipoTotal::OperHora:
       return t(kTxClaseOperHora);
-    default:
-      return {};
   }
+  std::unreachable();
 }
 
-int cifrasCodigo(int clase) {
-  if (clase == kPLUs) return 7;
-  return clase == kDepartamentos || clase == kHorario ? 2 : 4;
+int cifrasCodigo(TipoTotal clase) {
+  if (clase == TipoTotal::PLUs) return 7;
+  return clase == TipoTotal::Departamentos || clase == TipoTotal::Horario ? 2 : 4;
 }
 
 QString conMoneda(const ventanas::Contexto& c, qint64 importe, int moneda) {
@@ -120,7 +121,7 @@ QString textoResumen(const ventanas::Ventana& v, const Resumen& r) {
 }
 
 Resultado<QString> textoProcedencia(ventanas::Ventana& v, Periodos& periodos, qint64 link,
-                                    int grupo, int clase, qint64 codigo) {
+                                    int grupo, TipoTotal clase, qint64 codigo) {
   TARVO_TOMAR(const auto lecturas, procedencia(periodos, link, grupo, clase, codigo));
   QStringList lineas;
   for (const Procedencia& p : lecturas) lineas << lineaProcedencia(v, p);

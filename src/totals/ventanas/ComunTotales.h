@@ -23,16 +23,16 @@ void elegirEn(QComboBox& lista, const QVariant& dato);
 // The kinds of period, and the kinds of total available in the current language.
 ventanas::Opciones tiposDePeriodo();
 ventanas::Opciones clasesDeTotal(const ventanas::Contexto& c);
-QString nombreClase(const Textos& t, int clase);
+QString nombreClase(const Textos& t, TipoTotal clase);
 // An amount such as "12.345,67 Euros"; without `moneda`, in the preferred currency.
 QString conMoneda(const ventanas::Contexto& c, qint64 importe, int moneda);
 QString conMoneda(const ventanas::Contexto& c, qint64 importe);
 // A summary such as "2 grupos, 345 totales, 12.345,67 Euros".
 QString textoResumen(const ventanas::Ventana& v, const Resumen& r);
-int cifrasCodigo(int clase);  // digits in which its codes are shown
+int cifrasCodigo(TipoTotal clase);  // digits in which its codes are shown
 
 // The origin of the row of a group and code in a period, as several lines of text.
 Resultado<QString> textoProcedencia(ventanas::Ventana& v, Periodos& periodos, qint64 link,
-                                    int grupo, int clase, qint64 codigo);
+                                    int grupo, TipoTotal clase, qint64 codigo);
 
 }  // namespace tarvo::totals

@@ -77,9 +77,11 @@ ventanas::Modo EditIntvVentana::contador(qint64& donde,
 
 // Shows only the fields that identify a row of this kind.
 void EditIntvVentana::claseCambiada() {
-  const int clase = ui_.TpoTot->currentData().toInt();
-  const bool plu = clase == kPLUs, oper = clase == kOperadores || clase == kOperHora,
-             dep = clase == kDepartamentos, hora = clase == kHorario || clase == kOperHora;
+  const auto clase = deNumero<TipoTotal>(ui_.TpoTot->currentData().toInt());
+  const bool plu = clase == TipoTotal::PLUs,
+             oper = clase == TipoTotal::Operadores || clase == TipoTotal::OperHora,
+             dep = clase == TipoTotal::Departamentos,
+             hora = clase == TipoTotal::Horario || clase == TipoTotal::OperHora;
   ui_.rotuloPLU->setVisible(plu);
   ui_.txPLU->setVisible(plu);
   ui_.rotuloOper->setVisible(oper);
@@ -113,32 +115,35 @@ Resultado<qint64> EditIntvVentana::leerCodigo() {
                  dep = ui_.LstDep->currentData();
   entrada_.hora = 0;
   switch (entrada_.clase) {
-    case kGranTotal:
+    case TipoTotal::GranTotal:
       return 0;
-    case kPLUs: {
+    case TipoTotal::PLUs: {
       TARVO_TOMAR(const auto hay, contexto().nombres.articulo(seccionDelGrupo(), plu_));
       if (plu_ <= 0 || !hay) return faltaEntrada(kTxFaltaPLU, *ui_.txPLU);
       return plu_;
     }
-    case kOperadores:
+    case TipoTotal::Operadores:
       if (!oper.isValid()) return faltaEntrada(kTxFaltaOperador, *ui_.LstOper);
       return oper.toLongLong();
-    case kDepartamentos:
+    case TipoTotal::Departamentos:
       if (!dep.isValid()) return faltaEntrada(kTxFaltaDepartamento, *ui_.LstDep);
       return dep.toLongLong();
-    case kHorario:
+    case TipoTotal::Horario:
       if (!hora.isValid()) return faltaEntrada(kTxFaltaHora, *ui_.LstHora);
       return hora.toLongLong();
-    default:
+    case TipoTotal::OperHora:
       if (!oper.isValid() || !hora.isValid())
         return faltaEntrada(kTxFaltaOperHora, oper.isValid() ? *ui_.LstHora : *ui_.LstOper);
       entrada_.hora = hora.toInt();
       return oper.toLongLong();
   }
+  std::unreachable();
 }
 
 Resultado<> EditIntvVentana::leerEntrada() {
-  entrada_.clase = ui_.TpoTot->currentData().toInt();
+  const auto clase = deNumero<TipoTotal>(ui_.TpoTot->currentData().toInt());
+  if (!clase) return faltaEntrada(kTxFaltaClase, *ui_.TpoTot);
+  entrada_.clase = *clase;
   if (!ui_.LstGrupos->currentData().isValid()) return faltaEntrada(kTxFaltaGrupo, *ui_.LstGrupos);
   entrada_.grupo = ui_.LstGrupos->currentData().toInt();
   TARVO_INTENTAR(renglon_.leer());
@@ -192,7 +197,7 @@ void EditIntvVentana::pintarEntradas() {
     filas.push_back(
         {static_cast<qint64>(filas.size()) + 1,
          {nombreClase(contexto().textos, e.clase), e.grupo, Ceros(e.codi, cifrasCodigo(e.clase)),
-          e.clase == kOperHora ? Ceros(e.hora, 2) : QString(), e.c.CON, e.c.PES, e.c.IMP,
+          e.clase == TipoTotal::OperHora ? Ceros(e.hora, 2) : QString(), e.c.CON, e.c.PES, e.c.IMP,
           e.c.SCO}});
   ui_.Manual->vivas().poner(std::move(filas));
 }

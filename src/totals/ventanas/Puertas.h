@@ -77,7 +77,7 @@ struct PuertaNoStkBle {
 struct PuertaVerCols {
   static constexpr QStringView kNombre = u"VerCols";
   qint64 link = 0;
-  int clase = kGranTotal;
+  TipoTotal clase = TipoTotal::GranTotal;
   std::optional<int> moneda = {};
   int grupo = 0;
   bool operator==(const PuertaVerCols&) const = default;
@@ -95,7 +95,7 @@ struct PuertaV_ColOpH {
 // the kinds whose codes belong to a section.
 struct PuertaVerFils {
   static constexpr QStringView kNombre = u"VerFils";
-  int clase = kPLUs;
+  TipoTotal clase = TipoTotal::PLUs;
   int seccion = 0;
   std::optional<qint64> codigo = {};
   std::optional<int> moneda = {};

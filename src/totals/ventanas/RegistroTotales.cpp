@@ -24,7 +24,7 @@ void registrarVentanasTotales(ventanas::Ventanas& v, Sesion& sesion, Periodos& p
   v.registrar<PuertaConfirSum, ConfirSumVentana>(periodos);
   v.registrar<PuertaNoStkBle, NoStkBleVentana>();
   v.registrar<PuertaVerCols, Visor>(periodos);
-  v.ponerMuestra(PuertaVerCols{.clase = kPLUs});
+  v.ponerMuestra(PuertaVerCols{.clase = TipoTotal::PLUs});
   v.registrar<PuertaV_ColOpH, Visor>(periodos);
   v.registrar<PuertaVerFils, VerFilsVentana>(periodos);
   v.registrar<PuertaXporTot, XporTotVentana>(periodos);

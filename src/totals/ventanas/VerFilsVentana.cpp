@@ -18,7 +18,7 @@ namespace {
 constexpr int kReposoFilas = 60;  // ms without a change before the chart is drawn
 
 // Each counter alone, or summed if one row combines all groups.
-std::vector<ventanas::Columna> columnasFilas(int tipo, int clase, bool porGrupo) {
+std::vector<ventanas::Columna> columnasFilas(int tipo, TipoTotal clase, bool porGrupo) {
   const auto cuenta = [porGrupo](const QString& campo) {
     return porGrupo ? campo : u"sum("_s + campo + u')';
   };

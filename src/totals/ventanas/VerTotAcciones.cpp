@@ -53,10 +53,12 @@ void VerTotVentana::montarMenus() {
     a->setData(tipo);
     mnDesAcu_->addAction(t(texto), this, [this, tipo] { desacumular(tipo); });
   }
-  for (const int clase : {kGranTotal, kPLUs, kOperadores, kDepartamentos, kHorario, kOperHora}) {
+  for (const TipoTotal clase :
+       {TipoTotal::GranTotal, TipoTotal::PLUs, TipoTotal::Operadores, TipoTotal::Departamentos,
+        TipoTotal::Horario, TipoTotal::OperHora}) {
     QAction* a = mnuVer_->addAction(nombreClase(contexto().textos, clase), this,
                                     [this, clase] { VerIntervalo(clase); });
-    a->setVisible(clase != kOperHora || contexto().ajustes.EsEspanol());
+    a->setVisible(clase != TipoTotal::OperHora || contexto().ajustes.EsEspanol());
   }
   ui_.acumule->setMenu(mnuAcu_);
   ui_.DesAcum->setMenu(mnDesAcu_);

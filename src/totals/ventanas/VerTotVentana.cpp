@@ -54,7 +54,8 @@ void VerTotVentana::montar() {
   tipos.insert(tipos.begin(), {0, t(ventanas::kTxTodos)});
   ventanas::llenar(*ui_.ListaTpos, tipos);
   connect(ui_.ListaTpos, &QComboBox::activated, this, &VerTotVentana::tipoCambiado);
-  connect(ui_.Grid, &ventanas::Parrilla::activada, this, [this] { VerIntervalo(kGranTotal); });
+  connect(ui_.Grid, &ventanas::Parrilla::activada, this,
+          [this] { VerIntervalo(TipoTotal::GranTotal); });
   connect(ui_.Grid, &ventanas::Parrilla::actualCambiada, this, &VerTotVentana::actualCambiada);
   ui_.Grid->filtros()->addWidget(ui_.filtros);
   ui_.Grid->ponerVacia(t(kTxListaVacia), ui_.NuevoIV);
@@ -174,7 +175,8 @@ void VerTotVentana::pintarLado() {
   ui_.importe->setText(conMoneda(contexto(), resumen->importe));
   ui_.detalle->setText(textoResumen(*this, *resumen) +
                        (resumen->filas > 0 ? u'\n' + textoCuadre(**c) : QString()));
-  for (const int clase : {kHorario, kDepartamentos, kPLUs, kGranTotal}) {
+  for (const TipoTotal clase :
+       {TipoTotal::Horario, TipoTotal::Departamentos, TipoTotal::PLUs, TipoTotal::GranTotal}) {
     FiltroFilas filtro;
     filtro.link = (*c)->LINK;
     filtro.clase = clase;
@@ -182,7 +184,7 @@ void VerTotVentana::pintarLado() {
     if (!haIdoBien(puntos)) return;
     if (puntos->empty()) continue;
     std::vector<Grafica::Barra> barras;
-    const bool horas = clase == kHorario;
+    const bool horas = clase == TipoTotal::Horario;
     for (const Punto& p : *puntos)
       barras.push_back({horas                ? QString::number(p.codigo)
                         : p.nombre.isEmpty() ? Ceros(p.codigo, cifrasCodigo(clase))
@@ -208,11 +210,11 @@ QString VerTotVentana::textoCuadre(const Columna& c) {
   return malos.isEmpty() ? t(kTxCuadra) : t(kTxNoCuadra).arg(malos.join(u", "_s));
 }
 
-void VerTotVentana::VerIntervalo(int clase) {
+void VerTotVentana::VerIntervalo(TipoTotal clase) {
   const int fila = ui_.Grid->filaActual();
   if (fila < 0) return;
   const qint64 link = ui_.Grid->clave(fila);
-  if (clase == kOperHora)
+  if (clase == TipoTotal::OperHora)
     abrir(PuertaV_ColOpH{.link = link});
   else
     abrir(PuertaVerCols{.link = link, .clase = clase});

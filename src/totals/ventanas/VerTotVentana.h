@@ -21,7 +21,7 @@ class VerTotVentana final : public ventanas::Ventana {
   Resultado<> entrar(const PuertaVerTot& puerta);
   bool QueryUnload() override;
 
-  void VerIntervalo(int clase);
+  void VerIntervalo(TipoTotal clase);
 
  private:
   using Pasos = std::function<Resultado<bool>(qint64 link)>;

@@ -32,7 +32,7 @@ std::optional<qint64> codigoDe(const QLineEdit& campo) {
   return bien ? std::optional(n) : std::nullopt;
 }
 
-std::vector<ventanas::Columna> columnasVisor(int clase) {
+std::vector<ventanas::Columna> columnasVisor(TipoTotal clase) {
   std::vector<ventanas::Columna> c{
       {.titulo = kTxSec,
        .campo = u"GRUPOS.SECCION"_s,
@@ -44,11 +44,11 @@ std::vector<ventanas::Columna> columnasVisor(int clase) {
        .clase = Clase::Codigo,
        .cifras = 4,
        .ancho = 72},
-      {.titulo = clase == kHorario ? ventanas::kTxHora : ventanas::kTxCodigo,
+      {.titulo = clase == TipoTotal::Horario ? ventanas::kTxHora : ventanas::kTxCodigo,
        .campo = u"t.CODI"_s,
        .clase = Clase::Codigo,
        .cifras = cifrasCodigo(clase)}};
-  if (clase == kOperHora)
+  if (clase == TipoTotal::OperHora)
     c.push_back({.titulo = ventanas::kTxHora,
                  .campo = u"t.HORA"_s,
                  .clase = Clase::Codigo,
@@ -56,7 +56,7 @@ std::vector<ventanas::Columna> columnasVisor(int clase) {
                  .ancho = 64});
   c.push_back({.titulo = ventanas::kTxNombre,
                .campo = nombreFilas(clase),
-               .ancho = clase == kOperHora ? 160 : 220});
+               .ancho = clase == TipoTotal::OperHora ? 160 : 220});
   c.push_back({.titulo = kTxOp, .campo = u"t.CON"_s, .clase = Clase::Entero, .suma = true});
   c.push_back({.titulo = kTxPeso, .campo = u"t.PES"_s, .clase = Clase::Cantidad, .suma = true});
   c.push_back({.titulo = kTxImpte, .campo = u"t.IMP"_s, .clase = Clase::Importe, .suma = true});
@@ -75,7 +75,7 @@ Visor::Visor(ventanas::Contexto& contexto, const QString& nombre, Periodos& peri
       procede_(contexto.reloj.temporizador([this] { pintarProcedencia(); })),
       codigos_(contexto.reloj.temporizador([this] { filtroCambiado(); })),
       serie_(contexto, *this) {
-  filtro_.clase = porOperador_ ? kOperHora : kGranTotal;
+  filtro_.clase = porOperador_ ? TipoTotal::OperHora : TipoTotal::GranTotal;
   ui_.setupUi(cuerpo());
   enlazar();
   montar();
@@ -90,8 +90,8 @@ void Visor::montar() {
   ui_.VerGrafica->setIcon(ventanas::icono(u"grafica"_s));
   ui_.Moneda->setVisible(contexto().ajustes.Euro > 0);
   for (const ClaseTotal& k : enVigor(contexto().ajustes))
-    if (k.numero != kOperHora)
-      ui_.LstClase->addItem(nombreClase(contexto().textos, k.numero), k.numero);
+    if (k.tipo != TipoTotal::OperHora)
+      ui_.LstClase->addItem(nombreClase(contexto().textos, k.tipo), numeroDe(k.tipo));
   for (QWidget* w : {static_cast<QWidget*>(ui_.rotuloClase), static_cast<QWidget*>(ui_.LstClase),
                      static_cast<QWidget*>(ui_.rotuloDesde), static_cast<QWidget*>(ui_.desde),
                      static_cast<QWidget*>(ui_.rotuloHasta), static_cast<QWidget*>(ui_.hasta)})
@@ -139,7 +139,7 @@ Resultado<> Visor::mostrarPeriodo(qint64 link, std::optional<int> moneda, int gr
   }
   filtro_.link = link;
   moneda_ = moneda.value_or(moneda_);
-  elegirEn(*ui_.LstClase, filtro_.clase);
+  elegirEn(*ui_.LstClase, numeroDe(filtro_.clase));
   TARVO_INTENTAR(llenarFiltros());
   if (grupo > 0) elegirEn(*ui_.AllGrp, grupo);
   prepararParrilla();
@@ -182,8 +182,9 @@ void Visor::UpdateCaption() {
 void Visor::filtroCambiado() {
   codigos_->parar();
   if (!porOperador_)
-    if (const int clase = ui_.LstClase->currentData().toInt(); clase != filtro_.clase) {
-      filtro_.clase = clase;
+    if (const auto clase = deNumero<TipoTotal>(ui_.LstClase->currentData().toInt());
+        clase && clase != filtro_.clase) {
+      filtro_.clase = *clase;
       prepararParrilla();
     }
   filtrar();
@@ -197,12 +198,13 @@ void Visor::filtrar() {
   if (porOperador_) filtro_.desde = filtro_.hasta = elegidoEn(*ui_.LstOper);
   const Condicion c = filtro_.condicion();
   UpdateCaption();
-  haIdoBien(ui_.Grid->abrir(
-      {.desde = fuenteFilas(filtro_.clase, false),
-       .filtro = c.sql,
-       .parametros = c.valores,
-       .clave = u"t.rowid"_s,
-       .orden = filtro_.clase == kOperHora ? u"t.GRUPO, t.CODI, t.HORA"_s : u"t.GRUPO, t.CODI"_s}));
+  haIdoBien(
+      ui_.Grid->abrir({.desde = fuenteFilas(filtro_.clase, false),
+                       .filtro = c.sql,
+                       .parametros = c.valores,
+                       .clave = u"t.rowid"_s,
+                       .orden = filtro_.clase == TipoTotal::OperHora ? u"t.GRUPO, t.CODI, t.HORA"_s
+                                                                     : u"t.GRUPO, t.CODI"_s}));
   grafica_->unaVez(kReposoVisor);
   procede_->unaVez(kReposoVisor);
 }

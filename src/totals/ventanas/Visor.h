@@ -1,4 +1,4 @@
-// The rows of one period: VerCols for the kinds 16 to 20, V_ColOpH for operators by hour. One
+// The rows of one period: VerCols for all kinds but one, V_ColOpH for operators by hour. One
 // window per period. Beside the rows, a chart of the filtered rows and the origin of the current
 // row.
 #pragma once
@@ -33,7 +33,9 @@ class Visor final : public ventanas::Ventana {
   void ponerGrafica(const std::vector<Punto>& puntos);
   void pintarProcedencia();
   void verFila();
-  bool deHoras() const { return filtro_.clase == kHorario || filtro_.clase == kOperHora; }
+  bool deHoras() const {
+    return filtro_.clase == TipoTotal::Horario || filtro_.clase == TipoTotal::OperHora;
+  }
 
   Ui::Visor ui_;
   Periodos& p_;

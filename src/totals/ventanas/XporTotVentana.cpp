@@ -78,8 +78,9 @@ QString XporTotVentana::textoCuentas(qint64 link) {
   for (const auto& [clase, cuantas] : n) total += cuantas;
   QString texto = t(kTxSeExportaran);
   // In the order of the placeholders in the sentence.
-  const std::array<qint64, 5> orden{n[kPLUs], n[kGranTotal], n[kDepartamentos], n[kOperadores],
-                                    n[kHorario] + n[kOperHora]};
+  const std::array<qint64, 5> orden{n[TipoTotal::PLUs], n[TipoTotal::GranTotal],
+                                    n[TipoTotal::Departamentos], n[TipoTotal::Operadores],
+                                    n[TipoTotal::Horario] + n[TipoTotal::OperHora]};
   for (size_t i = 0; i < orden.size(); ++i)
     texto.replace(u'#' + QString::number(i + 1), QString::number(orden[i]));
   return texto + u'\n' + t(kTxSeExportaranN).replace(u"#N"_s, QString::number(total));

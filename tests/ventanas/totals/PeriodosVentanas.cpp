@@ -373,7 +373,7 @@ TEST(VentanaPeriodos, LaFechaSeEscogeEnUnCalendario) {
 TEST(VentanaVisor, FiltraYLaGraficaSigue) {
   MesaDeTotales t;
   const qint64 lunes = t.dia("04/06/2018");
-  auto* v = t.abrir(PuertaVerCols{.link = lunes, .clase = kPLUs});
+  auto* v = t.abrir(PuertaVerCols{.link = lunes, .clase = TipoTotal::PLUs});
   auto& grid = t.lista(v);
   EXPECT_EQ(grid.filas(), 60);
   auto* grafica = v->findChild<QWidget*>(u"grafica"_s);
@@ -385,7 +385,7 @@ TEST(VentanaVisor, FiltraYLaGraficaSigue) {
       << grafica->accessibleDescription().toStdString();
   auto* clases = v->findChild<QComboBox*>(u"LstClase"_s);
   v->findChild<QLineEdit*>(u"hasta"_s)->clear();
-  clases->setCurrentIndex(clases->findData(kHorario));
+  clases->setCurrentIndex(clases->findData(numeroDe(TipoTotal::Horario)));
   Q_EMIT clases->activated(clases->currentIndex());
   EXPECT_EQ(grid.filas(), 10);
   ASSERT_TRUE(esperar([&] { return grafica->accessibleName() == u"Ventas por horas"; }));
@@ -405,7 +405,7 @@ TEST(VentanaVisor, LaGraficaNoCortaSusNombres) {
     t.escritorio.tema().ponerEscala(escala);
     const qint64 lunes = t.dia("04/06/2018");
     t.sql(u"update GRUPOS set NOMGPO='FRUTERIA MOSTRADOR ' & CODGPO"_s);
-    const auto nombres = [&](int clase) {
+    const auto nombres = [&](TipoTotal clase) {
       auto* v = t.abrir(PuertaVerCols{.link = lunes, .clase = clase});
       v->resize(1366, 700);
       const auto* vista = v->findChild<QGraphicsView*>();
@@ -425,8 +425,8 @@ TEST(VentanaVisor, LaGraficaNoCortaSusNombres) {
       v->descargar();
       return vistos.join(u'|');
     };
-    EXPECT_EQ(nombres(kGranTotal), u"FRUTERIA MOSTRADOR 2|FRUTERIA MOSTRADOR 1");
-    EXPECT_EQ(nombres(kHorario), u"9|10|11|12|13");
+    EXPECT_EQ(nombres(TipoTotal::GranTotal), u"FRUTERIA MOSTRADOR 2|FRUTERIA MOSTRADOR 1");
+    EXPECT_EQ(nombres(TipoTotal::Horario), u"9|10|11|12|13");
     t.escritorio.tema().ponerEscala(1);
   }
 }
@@ -434,7 +434,7 @@ TEST(VentanaVisor, LaGraficaNoCortaSusNombres) {
 TEST(VentanaVisor, UnCodigoEnElTiempo) {
   MesaDeTotales t;
   for (const char* d : {"04/06/2018", "05/06/2018", "06/06/2018"}) t.dia(d);
-  auto* v = t.abrir(PuertaVerFils{.clase = kPLUs, .seccion = 3, .codigo = 7});
+  auto* v = t.abrir(PuertaVerFils{.clase = TipoTotal::PLUs, .seccion = 3, .codigo = 7});
   auto& grid = t.lista(v);
   ASSERT_EQ(grid.filas(), 3);
   EXPECT_EQ(grid.texto(0, u"COLUMNA.FECHA1"), u"6 junio 2018");
@@ -450,7 +450,7 @@ TEST(VentanaVisor, UnSoloDiaEsUnaBarra) {
   for (const int dias : {1, 2}) {
     MesaDeTotales t;
     for (int d = 0; d < dias; ++d) t.dia(d == 0 ? "04/06/2018" : "05/06/2018");
-    auto* v = t.abrir(u"VerFils"_s, {{u"clase"_s, kPLUs}, {u"seccion"_s, 3}, {u"codigo"_s, 7}});
+    auto* v = t.abrir(PuertaVerFils{.clase = TipoTotal::PLUs, .seccion = 3, .codigo = 7});
     auto* grafica = v->findChild<Grafica*>();
     ASSERT_TRUE(esperar([&] { return grafica->puntos() > 0; }));
     EXPECT_EQ(grafica->puntos(), dias);

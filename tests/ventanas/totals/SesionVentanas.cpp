@@ -16,8 +16,8 @@ void recibir(MesaDeTotales& t, int grupo, const char* desde, const char* hasta) 
   std::vector<Aviso> avisos;
   Lectura l;
   l.maquinas[0][{grupo, 0}] = {3, 1000, 1500, 0};
-  bien(t.sesion.PrepararRecepcion(grupo, kGranTotal));
-  bien(t.sesion.guardarLectura(grupo, kGranTotal, l, avisos));
+  bien(t.sesion.PrepararRecepcion(grupo, TipoTotal::GranTotal));
+  bien(t.sesion.guardarLectura(grupo, TipoTotal::GranTotal, l, avisos));
   t.sql(u"update Sesiones set DD_GRT=?, HT_GRT=? where CODGPO=?"_s, momento(desde), momento(hasta),
         grupo);
 }

@@ -53,8 +53,8 @@ Resultado<> recibir(app::Fondo& fondo, Sesion& sesion, int grupo, Fecha dia) {
   std::vector<Aviso> avisos;
   Lectura l;
   l.maquinas[0][{grupo, 0}] = {120 + grupo, 45000, 98765 * grupo, 0};
-  TARVO_INTENTAR(sesion.PrepararRecepcion(grupo, kGranTotal));
-  TARVO_INTENTAR(sesion.guardarLectura(grupo, kGranTotal, l, avisos));
+  TARVO_INTENTAR(sesion.PrepararRecepcion(grupo, TipoTotal::GranTotal));
+  TARVO_INTENTAR(sesion.guardarLectura(grupo, TipoTotal::GranTotal, l, avisos));
   TARVO_INTENTAR(
       fondo.db->ejecutar(u"UPDATE Sesiones SET DD_GRT=?, HT_GRT=?, PZERO=? WHERE CODGPO=?",
                          dia + kApertura, dia + kCierre, dia + kApertura, grupo));

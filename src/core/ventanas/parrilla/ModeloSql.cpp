@@ -6,6 +6,7 @@
 namespace tarvo::ventanas {
 
 using namespace Qt::StringLiterals;
+using dao::conMarcas;
 
 namespace {
 
@@ -19,15 +20,19 @@ QString entreParentesis(const QString& filtro) {
 }
 
 // The filter must not drive the query plan: a period has half a million rows, and the keys are few.
-// `todas`: also rows that no longer pass it.
+// `todas`: also rows that the filter no longer lets through.
 QString conClaves(const Origen& o, const QString& que, const QString& clave, int cuantas,
                   bool todas = false) {
-  QString sql = u"SELECT "_s + que + u" FROM "_s + o.desde + u" WHERE "_s;
-  if (!o.filtro.isEmpty())
-    sql += u"iif("_s + o.filtro + (todas ? u", 1, 1) AND "_s : u", 1, 0) AND "_s);
-  sql += clave + u" IN (?"_s;
-  for (int i = 1; i < cuantas; ++i) sql += u",?"_s;
-  return sql + u')';
+  const QString filtro =
+      o.filtro.isEmpty()
+          ? QString()
+          : conMarcas(todas ? u"iif({f}, 1, 1) AND " : u"iif({f}, 1, 0) AND ", {{u"f", o.filtro}});
+  return conMarcas(u"SELECT {que} FROM {desde} WHERE {filtro}{clave} IN ({claves})",
+                   {{u"que", que},
+                    {u"desde", o.desde},
+                    {u"filtro", filtro},
+                    {u"clave", clave},
+                    {u"claves", u"?,"_s.repeated(cuantas).chopped(1)}});
 }
 
 Resultado<std::vector<ModeloParrilla::Clave>> leerClaves(dao::Database& db, const Origen& o,
@@ -35,11 +40,11 @@ Resultado<std::vector<ModeloParrilla::Clave>> leerClaves(dao::Database& db, cons
   std::vector<dao::Valor> valores = o.parametros;
   valores.emplace_back(cuantas);
   return dao::reunir(
-      db.OpenQuery(dao::conMarcas(u"SELECT {clave} FROM {desde}{filtro}{orden} LIMIT ?",
-                                  {{u"clave", o.clave},
-                                   {u"desde", o.desde},
-                                   {u"filtro", entreParentesis(o.filtro)},
-                                   {u"orden", orden}}),
+      db.OpenQuery(conMarcas(u"SELECT {clave} FROM {desde}{filtro}{orden} LIMIT ?",
+                             {{u"clave", o.clave},
+                              {u"desde", o.desde},
+                              {u"filtro", entreParentesis(o.filtro)},
+                              {u"orden", orden}}),
                    valores),
       [](const dao::Recordset& fila) -> ModeloParrilla::Clave { return fila.entero(0); });
 }
@@ -145,22 +150,28 @@ QString ModeloSql::listaColumnas(const Lectura& l) const {
 Resultado<ModeloSql::Lectura> ModeloSql::copiar(const Origen& o) {
   const QString tabla =
       u"parrilla_%1_%2"_s.arg(reinterpret_cast<quintptr>(this), 0, 36).arg(++serie_);
-  QString definicion = u"CREATE TEMP TABLE "_s + tabla + u" (k INTEGER PRIMARY KEY"_s;
-  QString destino, lista;
+  QStringList definicion, destino, lista;
   for (int c = 0; c < columnCount(); ++c) {
-    const QString nombre = u'c' + QString::number(c);
-    definicion += u", "_s + nombre;
-    if (columnas_[static_cast<size_t>(c)].clase == Clase::Texto)
-      definicion += u" COLLATE tarvo_orden"_s;
-    destino += (c ? u", "_s : QString()) + nombre;
-    lista += (c ? u", "_s : QString()) + columnas_[static_cast<size_t>(c)].campo;
+    const Columna& columna = columnas_[static_cast<size_t>(c)];
+    destino << u'c' + QString::number(c);
+    definicion << destino.last() +
+                      (columna.clase == Clase::Texto ? u" COLLATE tarvo_orden"_s : QString());
+    lista << columna.campo;
   }
-  TARVO_INTENTAR(db_.Execute(definicion + u", identidad)"_s));
-  QString sql = u"INSERT INTO "_s + tabla + u" ("_s + destino + u", identidad) SELECT "_s + lista +
-                u", "_s + (o.identidad.isEmpty() ? u"NULL"_s : o.identidad) + u" FROM "_s +
-                o.desde + entreParentesis(o.filtro);
-  if (!o.agrupado.isEmpty()) sql += u" GROUP BY "_s + o.agrupado;
-  if (!o.orden.isEmpty()) sql += u" ORDER BY "_s + o.orden;
+  TARVO_INTENTAR(db_.Execute(
+      conMarcas(u"CREATE TEMP TABLE {tabla} (k INTEGER PRIMARY KEY, {columnas}, identidad)",
+                {{u"tabla", tabla}, {u"columnas", definicion.join(u", "_s)}})));
+  const QString sql = conMarcas(
+      u"INSERT INTO {tabla} ({destino}, identidad) SELECT {lista}, {identidad} FROM "
+      u"{desde}{filtro}{agrupado}{orden}",
+      {{u"tabla", tabla},
+       {u"destino", destino.join(u", "_s)},
+       {u"lista", lista.join(u", "_s)},
+       {u"identidad", o.identidad.isEmpty() ? u"NULL"_s : o.identidad},
+       {u"desde", o.desde},
+       {u"filtro", entreParentesis(o.filtro)},
+       {u"agrupado", o.agrupado.isEmpty() ? QString() : u" GROUP BY "_s + o.agrupado},
+       {u"orden", o.orden.isEmpty() ? QString() : u" ORDER BY "_s + o.orden}});
   if (const auto hecho = db_.Execute(sql, o.parametros); !hecho) {
     static_cast<void>(soltar(tabla));
     return std::unexpected(hecho.error());
@@ -177,7 +188,7 @@ Resultado<ModeloSql::Lectura> ModeloSql::copiar(const Origen& o) {
 
 Resultado<> ModeloSql::soltar(const QString& tabla) {
   if (tabla.isEmpty()) return {};
-  TARVO_INTENTAR(db_.Execute(u"DROP TABLE "_s + tabla));
+  TARVO_INTENTAR(db_.Execute(conMarcas(u"DROP TABLE {tabla}", {{u"tabla", tabla}})));
   return {};
 }
 
@@ -327,8 +338,10 @@ void ModeloSql::pedirSumas(std::function<void(Resultado<Sumas>)> respuesta) {
   const size_t cuantas = columnas_.size();
   if (sumadas.empty() || lectura_.origen.desde.isEmpty()) return respuesta(Sumas(cuantas));
   const auto sumar = [=,
-                      sql = u"SELECT "_s + lista.join(u", "_s) + u" FROM "_s +
-                            lectura_.origen.desde + entreParentesis(lectura_.origen.filtro),
+                      sql = conMarcas(u"SELECT {sumas} FROM {desde}{filtro}",
+                                      {{u"sumas", lista.join(u", "_s)},
+                                       {u"desde", lectura_.origen.desde},
+                                       {u"filtro", entreParentesis(lectura_.origen.filtro)}}),
                       parametros =
                           lectura_.origen.parametros](dao::Database& db) -> Resultado<Sumas> {
     TARVO_TOMAR(const auto rs, db.OpenQuery(sql, parametros));
