@@ -17,7 +17,7 @@ Resultado<> BorradoDepartamento::borrar(const QString& ventana) {
   TARVO_TOMAR(const auto lote, lotes_.empezar(ventana));
   const std::array<dao::Valor, 2> clave{seccion_, departamento_};
   TARVO_INTENTAR(lotes_.guardarDonde(lote, u"SECCION=? AND DEPTO=?", clave));
-  TARVO_INTENTAR(secciones_.borrarDepartamento(seccion_, departamento_));
+  TARVO_INTENTAR(secciones_.borrarDepartamento(seccion_, departamento_, lote));
   TARVO_INTENTAR(lotes_.acabar(lote));
   TARVO_INTENTAR(t.confirmar());
   lote_ = std::make_unique<LoteGuardado>(lotes_, lote);

@@ -10,6 +10,8 @@ namespace tarvo::articles {
 
 namespace {
 
+constexpr std::size_t kRecordados = 2'000;  // articles kept as they were
+
 // Each stays as it is where its half is none of the three.
 bool leerEnvio(QStringView v, std::array<int, 2>& campo) {
   static constexpr Limites kRespuestas{0, 2};
@@ -27,7 +29,6 @@ SalaDeAjustes ajustesArticulos() {
 
 Resultado<> Cambios::ArticuloCambiado(int seccion, qint64 codigo) {
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM [Cross] WHERE Secc=? AND plu=?", seccion, codigo));
-  MarcarSeccion(seccion);
   return {};
 }
 
@@ -70,12 +71,60 @@ Resultado<> Cambios::SaleDepartamento(int seccion, int departamento) {
       u"UPDATE [Cross] SET borra=1 WHERE Secc=? AND plu IN (SELECT CODPLU FROM PLUSES WHERE "
       u"SECCION=? AND DEPTO=?)",
       seccion, seccion, departamento));
-  MarcarSeccion(seccion);
   return {};
 }
 
-void Cambios::MarcarSeccion(int seccion) {
+void Cambios::anotarSeccion(int seccion) {
   if (std::ranges::find(secciones_, seccion) == secciones_.end()) secciones_.push_back(seccion);
+}
+
+void Cambios::MarcarSeccion(int seccion) {
+  anotarSeccion(seccion);
+  enteras_.insert(seccion);
+}
+
+void Cambios::MarcarSeccion(int seccion, qint64 lote) {
+  anotarSeccion(seccion);
+  porLotes_.emplace(seccion, lote);
+}
+
+// The number of one that was forgotten is used again: what it marked can't come back any more.
+void Cambios::loteEmpezado(qint64 lote) {
+  for (const auto& [seccion, otro] : porLotes_)
+    if (otro == lote) enteras_.insert(seccion);
+  loteDevuelto(lote);
+  empezados_.insert(lote);
+}
+
+void Cambios::loteDevuelto(qint64 lote) {
+  std::erase_if(porLotes_, [lote](const auto& p) { return p.second == lote; });
+}
+
+// Of many the section itself is marked: nobody waits while thousands are compared.
+void Cambios::recordar(ClaveArticulo clave, const std::optional<Articulo>& antes) {
+  if (recordados_.size() >= kRecordados) return MarcarSeccion(clave.seccion);
+  anotarSeccion(clave.seccion);
+  recordados_.emplace(clave, antes);
+}
+
+bool Cambios::cambiada(int seccion) const {
+  return enteras_.contains(seccion) ||
+         std::ranges::any_of(porLotes_, [seccion](const auto& p) { return p.first == seccion; });
+}
+
+void Cambios::olvidarSecciones() {
+  secciones_.clear();
+  enteras_.clear();
+  porLotes_.clear();
+  empezados_.clear();
+  recordados_.clear();
+}
+
+void Cambios::olvidarSeccion(int seccion) {
+  std::erase(secciones_, seccion);
+  enteras_.erase(seccion);
+  std::erase_if(porLotes_, [seccion](const auto& p) { return p.first == seccion; });
+  std::erase_if(recordados_, [seccion](const auto& r) { return r.first.seccion == seccion; });
 }
 
 }  // namespace tarvo::articles

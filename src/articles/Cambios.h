@@ -4,6 +4,8 @@
 #pragma once
 
 #include <functional>
+#include <map>
+#include <set>
 #include <span>
 #include <vector>
 
@@ -17,7 +19,8 @@ class Cambios {
   // REQUIRES that the database outlives it.
   explicit Cambios(dao::Database& db) : db_(db) {}
 
-  // The article has changed: all groups must get it.
+  // The article has changed: all groups must get it. Who changed it calls recordar() or marks the
+  // section.
   Resultado<> ArticuloCambiado(int seccion, qint64 codigo);
   // The article is gone or has another code: every group of kind 1 or 4 of the section must delete
   // it (`borra`), or no longer need to.
@@ -31,15 +34,28 @@ class Cambios {
   Resultado<> ArticuloLlega(ClaveArticulo clave);
   // The same for many: `claves` is a query that returns SECCION, CODPLU.
   Resultado<> ArticulosLlegan(QStringView claves, std::span<const dao::Valor> parametros = {});
-  // As ArticuloSale, for all articles of a department; the section joins the modified ones.
+  // As ArticuloSale, for all articles of a department.
   Resultado<> SaleDepartamento(int seccion, int departamento);
 
   // The sections changed since they were last sent or dismissed, in that order, each once. Kept for
   // the program's lifetime.
   void MarcarSeccion(int seccion);
+  // The same for a batch, until that was taken back as a whole.
+  void MarcarSeccion(int seccion, qint64 lote);
+  void loteDevuelto(qint64 lote);
+  // Batches begun since then: what their undoing brings back is as it was.
+  void loteEmpezado(qint64 lote);
+  bool esReciente(qint64 lote) const { return empezados_.contains(lote); }
+  // The same for one article, with how it was before (nothing: there was none): what is as it was
+  // again isn't a change, see Catalogo::seccionesQueDifieren().
+  void recordar(ClaveArticulo clave, const std::optional<Articulo>& antes);
   const std::vector<int>& SeccionesModificadas() const { return secciones_; }
-  void olvidarSecciones() { secciones_.clear(); }
-  void olvidarSeccion(int seccion) { std::erase(secciones_, seccion); }
+  void olvidarSecciones();
+  void olvidarSeccion(int seccion);
+  // Whether the section was changed other than by the articles of recordados().
+  bool cambiada(int seccion) const;
+  using Recordados = std::map<ClaveArticulo, std::optional<Articulo>>;
+  const Recordados& recordados() const { return recordados_; }
 
   // What another room keeps by the number of a group: how it forgets a deleted group, in the
   // deleting transaction, and the rows to restore with the group (selected by `donde`, before
@@ -56,7 +72,13 @@ class Cambios {
 
  private:
   dao::Database& db_;
+  void anotarSeccion(int seccion);
+
   std::vector<int> secciones_;
+  std::set<int> enteras_;                      // sections marked as such
+  std::set<std::pair<int, qint64>> porLotes_;  // section and batch
+  std::set<qint64> empezados_;
+  Recordados recordados_;
   std::vector<DeOtraSala> salas_;
 };
 

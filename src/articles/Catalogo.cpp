@@ -77,7 +77,7 @@ Resultado<> Catalogo::crear(const Articulo& articulo, const QString& ventana) {
   TARVO_INTENTAR(rs->Update());
   TARVO_INTENTAR(cambios_.ArticuloLlega(articulo.clave));
   TARVO_INTENTAR(anotarPrecios(articulo.clave, {}, articulo.precios, ventana));
-  cambios_.MarcarSeccion(articulo.clave.seccion);
+  cambios_.recordar(articulo.clave, std::nullopt);
   return t.confirmar();
 }
 
@@ -89,12 +89,14 @@ Resultado<> Catalogo::modificar(ClaveArticulo clave, const Articulo& articulo,
   TARVO_TOMAR(const auto hay, rs->Seek(Busca::Igual, clave.seccion, clave.codigo));
   if (!hay) return fallo(Fallo::NoExiste, textos_(kTxArticuloBorrado));
   const ColumnasArticulo columnas(*rs);
-  const Precios antes = columnas.leer(*rs).precios;
+  const Articulo antes = columnas.leer(*rs);
   rs->Edit();
   columnas.poner(*rs, articulo);
   TARVO_INTENTAR(rs->Update());
-  TARVO_INTENTAR(anotarPrecios(clave, antes, articulo.precios, ventana));
+  TARVO_INTENTAR(anotarPrecios(clave, antes.precios, articulo.precios, ventana));
   TARVO_INTENTAR(cambios_.ArticuloCambiado(clave.seccion, articulo.clave.codigo));
+  cambios_.recordar(clave, antes);
+  if (articulo.clave != clave) cambios_.recordar(articulo.clave, std::nullopt);
   if (articulo.clave != clave) TARVO_INTENTAR(cambiarDeCodigo(clave, articulo.clave.codigo));
   return t.confirmar();
 }
@@ -128,16 +130,32 @@ Resultado<> Catalogo::volver(const Articulo& antes, const Articulo& ahora, const
   return modificar(ahora.clave, *vuelto, ventana);
 }
 
+Resultado<std::vector<int>> Catalogo::seccionesQueDifieren() {
+  std::set<int> difieren;
+  for (const int seccion : cambios_.SeccionesModificadas())
+    if (cambios_.cambiada(seccion)) difieren.insert(seccion);
+  for (const auto& [clave, antes] : cambios_.recordados()) {
+    if (difieren.contains(clave.seccion)) continue;
+    TARVO_TOMAR(const auto hoy, leer(clave));
+    if (hoy != antes) difieren.insert(clave.seccion);
+  }
+  std::vector<int> salida;
+  for (const int seccion : cambios_.SeccionesModificadas())
+    if (difieren.contains(seccion)) salida.push_back(seccion);
+  return salida;
+}
+
 Resultado<int> Catalogo::borrar(std::span<const ClaveArticulo> claves) {
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   int borrados = 0;
   for (const ClaveArticulo& c : claves) {
     if (c.deSistema()) continue;
+    TARVO_TOMAR(const auto antes, leer(c));
     TARVO_TOMAR(const auto n, db_.ejecutar(u"DELETE FROM PLUSES WHERE SECCION=? AND CODPLU=?",
                                            c.seccion, c.codigo));
     if (n == 0) continue;
     TARVO_INTENTAR(cambios_.MarcarArticuloBorrado(c.seccion, c.codigo, true));
-    cambios_.MarcarSeccion(c.seccion);
+    cambios_.recordar(c, antes);
     ++borrados;
   }
   TARVO_INTENTAR(t.confirmar());

@@ -45,6 +45,14 @@ class Catalogo {
                                                const QString& ventana);
   Resultado<std::vector<ClaveArticulo>> mover(std::span<const ClaveArticulo> claves, int destino);
 
+  // Of the modified sections those that aren't again as they were: what was undone is no change.
+  Resultado<std::vector<int>> seccionesQueDifieren();
+
+  // Several operations as one: all of them, or none when it fails.
+  Resultado<> todoONada(const std::function<Resultado<>()>& hacer) {
+    return dao::todoONada(db_, hacer);
+  }
+
   Cambios& cambios() { return cambios_; }
   // For the engines that stand on the catalogue; windows leave it alone.
   dao::Database& base() { return db_; }

@@ -9,6 +9,15 @@ namespace tarvo::articles {
 
 std::expected<qint64, FaltaPrecio> comoPrecio(const QString& texto, const Ajustes& ajustes,
                                               std::optional<int> moneda) {
+  const auto precio = comoPrecioRedondeado(texto, ajustes, moneda);
+  if (precio && SobranDecimales(ajustes, texto, moneda.value_or(ajustes.MonedaNativa)))
+    return std::unexpected(FaltaPrecio::SobranDecimales);
+  return precio;
+}
+
+std::expected<qint64, FaltaPrecio> comoPrecioRedondeado(const QString& texto,
+                                                        const Ajustes& ajustes,
+                                                        std::optional<int> moneda) {
   if (texto.trimmed().isEmpty()) return std::unexpected(FaltaPrecio::Vacio);
   const auto n = LeerImporte(ajustes, texto, moneda.value_or(ajustes.MonedaNativa));
   if (!n) return std::unexpected(FaltaPrecio::NoEsImporte);
@@ -17,8 +26,13 @@ std::expected<qint64, FaltaPrecio> comoPrecio(const QString& texto, const Ajuste
   return *n;
 }
 
-Error errorDe(FaltaPrecio falta, const QString& texto, const Ajustes& ajustes,
-              const Textos& textos) {
+Error errorDe(FaltaPrecio falta, const QString& texto, const Ajustes& ajustes, const Textos& textos,
+              std::optional<int> moneda) {
+  if (falta == FaltaPrecio::SobranDecimales)
+    return {
+        Fallo::Formato, 0,
+        textos(kTxPrecioConDecimales,
+               {texto.trimmed(), DecimalesMoneda(ajustes, moneda.value_or(ajustes.MonedaNativa))})};
   if (falta == FaltaPrecio::Vacio) return {Fallo::Formato, 0, textos(kTxPrecioVacio)};
   const QString mayor = VerImporte(ajustes, kPrecioMayor, ajustes.MonedaNativa);
   return {Fallo::Formato, 0,

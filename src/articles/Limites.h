@@ -19,14 +19,18 @@ inline constexpr qint64 kPrecioDeBalanza = 999'999;  // the highest a scale can 
 inline constexpr qint64 kPrecioMayor = 999'999'999;  // the highest stored
 inline constexpr qint64 kMinimoMayor = 999'999, kHastaMayor = 99'999;
 
-enum class FaltaPrecio { NoEsImporte, Negativo, Demasiado, Vacio };
-// A price as entered, in a currency's money; in the native one without `moneda`. Rounded to the
-// last decimal, halves up.
+enum class FaltaPrecio { NoEsImporte, Negativo, Demasiado, Vacio, SobranDecimales };
+// A price as a person types it, in a currency's money; in the native one without `moneda`. One with
+// more decimals than the currency has is refused: what is stored is what was typed.
 std::expected<qint64, FaltaPrecio> comoPrecio(const QString& texto, const Ajustes& ajustes,
                                               std::optional<int> moneda = {});
-// The same fault in words, with the value entered and what to do.
-Error errorDe(FaltaPrecio falta, const QString& texto, const Ajustes& ajustes,
-              const Textos& textos);
+// The same from a file, where nobody could type it again: rounded to the last decimal, halves up.
+std::expected<qint64, FaltaPrecio> comoPrecioRedondeado(const QString& texto,
+                                                        const Ajustes& ajustes,
+                                                        std::optional<int> moneda = {});
+// The same fault in words, with the value entered and what to do. `moneda`: as above.
+Error errorDe(FaltaPrecio falta, const QString& texto, const Ajustes& ajustes, const Textos& textos,
+              std::optional<int> moneda = {});
 // The warning for a price that is written although most scales have no digits for it. Nothing for
 // others.
 std::optional<QString> avisoPrecio(qint64 precio, const Ajustes& ajustes, const Textos& textos);

@@ -66,6 +66,7 @@ Resultado<qint64> Lotes::empezar(const QString& ventana) {
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM LoteArticulos WHERE LOTE<=?", lote - kLotesGuardados));
   TARVO_INTENTAR(barrer());
   TARVO_INTENTAR(t.confirmar());
+  catalogo_.cambios().loteEmpezado(lote);
   return lote;
 }
 
@@ -280,10 +281,11 @@ Resultado<> Lotes::hayLote(qint64 lote) {
 Resultado<Lotes::Deshecho> Lotes::deshacer(qint64 lote, const QString& ventana) {
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   TARVO_INTENTAR(hayLote(lote));
-  auto hecho = reponer(lote, ventana);
+  auto hecho = reponer(lote, lote, ventana);
   if (!hecho) return hecho;
   TARVO_INTENTAR(olvidar(lote));
   TARVO_INTENTAR(t.confirmar());
+  if (hecho->fuera.empty()) catalogo_.cambios().loteDevuelto(lote);
   return hecho;
 }
 
@@ -293,13 +295,14 @@ Resultado<bool> Lotes::deshacerTramo(qint64 lote, const QString& ventana, Deshec
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE LoteArticulos SET ACABADO=0 WHERE LOTE=?", lote));
   TARVO_INTENTAR(dejarDeHacer(lote));
   TARVO_TOMAR(const auto van, lotesql::apartarTramo(db_, lote, kTramo, kPorTramo));
-  TARVO_TOMAR(const auto esto, reponer(kTramo, ventana));
+  TARVO_TOMAR(const auto esto, reponer(kTramo, lote, ventana));
   TARVO_INTENTAR(olvidar(van > 0 ? kTramo : lote));
   TARVO_INTENTAR(t.confirmar());
   hecho.repuestos += esto.repuestos;
   hecho.quitados += esto.quitados;
   hecho.vistos += van;
   hecho.fuera.insert(hecho.fuera.end(), esto.fuera.begin(), esto.fuera.end());
+  if (van == 0 && hecho.fuera.empty()) catalogo_.cambios().loteDevuelto(lote);
   return van > 0;
 }
 
@@ -322,7 +325,7 @@ Resultado<std::optional<QString>> Lotes::avisoDeVuelta(qint64 lote) {
 }
 
 // Related articles of a batch are in one transaction of the caller's.
-Resultado<Lotes::Deshecho> Lotes::reponer(qint64 lote, const QString& ventana) {
+Resultado<Lotes::Deshecho> Lotes::reponer(qint64 lote, qint64 de, const QString& ventana) {
   TARVO_INTENTAR(lotesql::clasificar(db_, lote));
 
   using Que = lotesql::Que;
@@ -338,11 +341,17 @@ Resultado<Lotes::Deshecho> Lotes::reponer(qint64 lote, const QString& ventana) {
       lotesql::anotarPrecios(db_, lote, {catalogo_.reloj().ahora(), catalogo_.quien(), ventana}));
   TARVO_INTENTAR(lotesql::devolverHistoria(db_, lote));
   TARVO_INTENTAR(lotesql::soltarCodigos(db_, lote));
+  Cambios& cambios = catalogo_.cambios();
+  const bool reciente = cambios.esReciente(de);
+  if (reciente)
+    for (const ClaveArticulo& c : *nuevos) cambios.recordar(c, std::nullopt);
   TARVO_TOMAR(const auto quitados, catalogo_.borrar(*nuevos));
   TARVO_INTENTAR(lotesql::reponer(db_, lote));
   for (const auto* r : {&cambiados, &perdidos})
-    for (const ClaveArticulo& c : **r)
-      TARVO_INTENTAR(catalogo_.cambios().ArticuloCambiado(c.seccion, c.codigo));
+    for (const ClaveArticulo& c : **r) {
+      TARVO_INTENTAR(cambios.ArticuloCambiado(c.seccion, c.codigo));
+      if (!reciente) cambios.MarcarSeccion(c.seccion);
+    }
   return Deshecho{static_cast<int>(cambiados->size() + perdidos->size()), quitados,
                   std::move(*fuera)};
 }

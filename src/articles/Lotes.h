@@ -97,7 +97,8 @@ class Lotes {
                               bool salen);
   Resultado<> hayLote(qint64 lote);
   Resultado<> dejarDeHacer(qint64 lote);
-  Resultado<Deshecho> reponer(qint64 lote, const QString& ventana);
+  // `de`: the batch that those articles belong to.
+  Resultado<Deshecho> reponer(qint64 lote, qint64 de, const QString& ventana);
 
   dao::Database& db_;
   Catalogo& catalogo_;

@@ -35,6 +35,10 @@ class Operadores {
   // are because they are occupied or their group is gone.
   Resultado<int> reponer(std::span<const Borrado> borrados);
   Resultado<int> primeroLibre();
+  // Several operations as one: all of them, or none when it fails.
+  Resultado<> todoONada(const std::function<Resultado<>()>& hacer) {
+    return dao::todoONada(db_, hacer);
+  }
 
  private:
   Resultado<> codigoBueno(int codigo) const;

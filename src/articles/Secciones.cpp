@@ -201,6 +201,14 @@ Resultado<int> Secciones::nuevoDepartamento(int seccion) {
   return numero;
 }
 
+Resultado<> Secciones::quitarNuevo(int seccion, int departamento) {
+  TARVO_TOMAR(const auto va, loQueSeVa(seccion));
+  TARVO_TOMAR(const auto suyos, articulosDe(seccion, departamento));
+  if (departamento == 0 ? !va.vacia() : suyos > 0)
+    return fallo(Fallo::Restriccion, textos_(kTxNuevoConCosas));
+  return departamento == 0 ? borrar(seccion) : borrarDepartamento(seccion, departamento);
+}
+
 Resultado<> Secciones::renombrarDepartamento(int seccion, int departamento, const QString& nombre) {
   if (nombre.trimmed().isEmpty()) return fallo(Fallo::Restriccion, textos_(kTxSinNombre));
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE DEPTS SET NomDep=? WHERE SECCION=? AND NUMDEP=?",
@@ -230,7 +238,7 @@ Resultado<> Secciones::reponerDepartamento(int seccion, int departamento, const 
   return {};
 }
 
-Resultado<> Secciones::borrarDepartamento(int seccion, int departamento) {
+Resultado<> Secciones::borrarDepartamento(int seccion, int departamento, qint64 lote) {
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   TARVO_TOMAR(const auto tenia, articulosDe(seccion, departamento));
   if (tenia > 0) TARVO_INTENTAR(cambios_.SaleDepartamento(seccion, departamento));
@@ -239,6 +247,7 @@ Resultado<> Secciones::borrarDepartamento(int seccion, int departamento) {
   TARVO_INTENTAR(
       db_.ejecutar(u"DELETE ALL FROM PLUSES WHERE (SECCION = ?) AND (DEPTO = ?) AND CODPLU>=?",
                    seccion, departamento, kPrimerCodigo));
+  if (tenia > 0) lote > 0 ? cambios_.MarcarSeccion(seccion, lote) : cambios_.MarcarSeccion(seccion);
   return t.confirmar();
 }
 

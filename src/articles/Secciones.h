@@ -77,6 +77,9 @@ class Secciones {
   Resultado<> ponerIvasDe(int seccion, const IvasSeccion& ivas);
 
   Resultado<int> nuevoDepartamento(int seccion);
+  // Takes back a section (department 0) or a department that was made just now. Restriccion when
+  // something is in it by now.
+  Resultado<> quitarNuevo(int seccion, int departamento);
   Resultado<> renombrarDepartamento(int seccion, int departamento, const QString& nombre);
   // 1 to kTiposIva.
   Resultado<> ponerTipoIva(int seccion, int departamento, int tipo);
@@ -84,8 +87,9 @@ class Secciones {
   // As it was before it was deleted, unless there is again one with that number.
   Resultado<> reponerDepartamento(int seccion, int departamento, const QString& nombre,
                                   int tipoIva);
-  // With its articles; groups holding them must delete them.
-  Resultado<> borrarDepartamento(int seccion, int departamento);
+  // With its articles; groups holding them must delete them. `lote`: the batch that can bring them
+  // back.
+  Resultado<> borrarDepartamento(int seccion, int departamento, qint64 lote = 0);
 
  private:
   // One after the last of these, in ascending order; if that is beyond `ultimo`, the first free

@@ -54,7 +54,7 @@ Resultado<> Tanda::escribir(qint64 lote, std::span<const Articulo> articulos) {
   }();
   if (!hecho) poner_.reset();  // its table may have gone with the transaction
   if (!hecho || oyen_ == Oyen::Nadie) return hecho;
-  for (const Articulo& a : articulos) catalogo_.cambios().MarcarSeccion(a.clave.seccion);
+  for (const Articulo& a : articulos) catalogo_.cambios().MarcarSeccion(a.clave.seccion, lote);
   return {};
 }
 

@@ -97,6 +97,18 @@ TEST_F(ImpTabla_, EnsayarNoCambiaNadaYDiceTodo) {
   EXPECT_EQ(articulos(u"NOMPLU, PRECIO_00, DEPTO, CodBarExt"_s), antes);
 }
 
+// Prices of a file are rounded, halves up, and counted: those that are written.
+TEST_F(ImpTabla_, LosDecimalesDeMasSeRedondeanYSeCuentan) {
+  articulo({.codigo = 10, .nombre = u"PIÑA", .depto = 1, .precio = 150})
+      .articulo({.codigo = 11, .nombre = u"UVA", .depto = 1, .precio = 220});
+  ensayar(
+      u"Código;Nombre;Precio;Coste\n10;PIÑA;1,745;1,0049\n11;UVA;2,2049;\n13;PAN;0,9500;\n"
+      u"14;MIEL;3,33;2,125\n"_s);
+  EXPECT_EQ(aplicar().redondeados, 3) << "11 stays as it is";
+  EXPECT_EQ(articulos(u"PRECIO_00, COSTE"_s),
+            u"1 10 175 100 | 1 11 220 0 | 1 13 95 0 | 1 14 333 213"_s);
+}
+
 // Applied: articles, machines, history; then all of it undone.
 TEST_F(ImpTabla_, AplicarYDeshacer) {
   articulo(

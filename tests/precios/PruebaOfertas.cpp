@@ -133,11 +133,11 @@ TEST_F(PruebaOfertas, DeletingHereOrInAllGroups) {
   const std::array claves{ClaveOferta{1, 1, 10}, ClaveOferta{1, 1, 11}};
   montar();
   EXPECT_EQ(bien(ofertas.contarIguales(claves)), 4);
-  EXPECT_EQ(bien(ofertas.borrar(claves, false)), 2);
+  EXPECT_EQ(bien(ofertas.borrar(claves, false)).size(), 2U);
   EXPECT_EQ(leer(u"select GRUPO, CODIGO, borrado from OFERTAS order by CODIGO, GRUPO"_s),
             u"2 10 0 | 3 10 0 | 1 11 1 | 2 11 0 | 3 11 1");
   montar();
-  EXPECT_EQ(bien(ofertas.borrar(claves, true)), 4);
+  EXPECT_EQ(bien(ofertas.borrar(claves, true)).size(), 4U);
   EXPECT_EQ(leer(u"select GRUPO, CODIGO, borrado from OFERTAS order by CODIGO, GRUPO"_s),
             u"2 10 1 | 3 10 0 | 1 11 1 | 3 11 1");
 }

@@ -64,13 +64,37 @@ TEST(Dinero, StoresShownMoney) {
       {1, 1, "", 0},
       {1, 1, "doce", 0},
       {1, 1, "1,2,3", 0},
-      {1, 1, "1.5", 0},
+      {1, 1, "1.5", 150},  // the keypad's point
+      {1, 1, "-12.75", -1275},
+      {1, 1, "1.500", 150000},
+      {1, 1, "0.250", 25},
+      {1, 1, "1234.567", 123457},
+      {1, 1, "12.34.56", 0},
+      {1, 1, "5.", 0},
       {1, 1, "12.34,5", 0},
       {1, 1, "-", 0},
       {1, 1, "99999999999999999999", 0},
   };
   for (const Caso& c : casos)
     EXPECT_EQ(AImporte(ajustesDe(c.nativa), QString::fromUtf8(c.texto), c.moneda), c.n) << c.texto;
+}
+
+// What reading would round away; zeros at the end take nothing.
+TEST(Dinero, DecimalsWithoutRoom) {
+  const std::tuple<int, const char*, bool> importes[] = {
+      {1, "2,999", true},  {1, "2.9999", true}, {1, "2,99", false},  {1, "2,990", false},
+      {1, "2.999", false}, {0, "2,5", true},    {0, "1.500", false}, {1, "doce", false}};
+  for (const auto& [moneda, texto, sobran] : importes)
+    EXPECT_EQ(SobranDecimales(ajustesDe(1), QString::fromUtf8(texto), moneda), sobran) << texto;
+  const std::tuple<int, const char*, bool> cantidades[] = {
+      {0, "1,234", false}, {0, "1,2345", true}, {2, "7", false}, {2, "7,9", true}};
+  for (const auto& [cada, texto, sobran] : cantidades)
+    EXPECT_EQ(SobranDecimales(QString::fromUtf8(texto), cada), sobran) << texto;
+  const std::pair<const char*, std::optional<int>> tantos[] = {
+      {"5.5", 550},   {"5,5", 550}, {" 21 ", 2100}, {"-3,25", -325}, {"5,555", {}},
+      {"5,500", 550}, {"", {}},     {"1.2.3", {}},  {"99999999", {}}};
+  for (const auto& [texto, centesimas] : tantos)
+    EXPECT_EQ(LeerCentesimas(QString::fromUtf8(texto)), centesimas) << texto;
 }
 
 TEST(Dinero, FactorsDivideStoredNumbers) {

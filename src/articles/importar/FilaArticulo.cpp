@@ -218,12 +218,28 @@ std::optional<Motivo> Filas::ponerFormato(int& donde, const QString& texto) cons
   return articles::malFormato(donde, t_);
 }
 
-// Within the limits of all prices, after converting this table's decimal sign to the language's.
-std::optional<Motivo> Filas::ponerImporte(qint64& donde, Campo campo, const QString& texto) const {
+std::optional<QString> Filas::importe(const QString& texto) const {
   auto n = leerDecimal(texto, plan_.signo);
+  if (n && ajustes_.idioma != Idioma::UK) n->replace(u'.', u',');
+  return n;
+}
+
+int Filas::redondeados(int fila) const {
+  int cuantos = 0;
+  for (const auto& [campo, columna] : donde_) {
+    const bool dinero = esPrecio(campo) || campo == Campo::Coste || campo == Campo::Minimo;
+    const QString* texto = dinero ? celda(fila, campo) : nullptr;
+    const auto n = texto ? importe(*texto) : std::nullopt;
+    if (n && SobranDecimales(ajustes_, *n, nativa(ajustes_))) ++cuantos;
+  }
+  return cuantos;
+}
+
+// Within the limits of all prices.
+std::optional<Motivo> Filas::ponerImporte(qint64& donde, Campo campo, const QString& texto) const {
+  const auto n = importe(texto);
   if (!n || n->startsWith(u'-')) return noVale(campo, texto);
-  if (ajustes_.idioma != Idioma::UK) n->replace(u'.', u',');
-  const auto importe = articles::comoPrecio(*n, ajustes_, nativa(ajustes_));
+  const auto importe = articles::comoPrecioRedondeado(*n, ajustes_, nativa(ajustes_));
   if (!importe) return articles::errorDe(importe.error(), texto, ajustes_, t_).texto;
   donde = *importe;
   return std::nullopt;

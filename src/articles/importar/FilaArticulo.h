@@ -47,9 +47,12 @@ class Filas {
   // exist yet.
   std::expected<articles::Articulo, Motivo> aplicar(int fila, articles::Articulo articulo,
                                                     bool nuevo) const;
+  // Number of the row's amounts of money that have more decimals than the currency.
+  int redondeados(int fila) const;
 
  private:
-  const QString* celda(int fila, Campo campo) const;  // null when missing or empty
+  const QString* celda(int fila, Campo campo) const;           // null when missing or empty
+  std::optional<QString> importe(const QString& texto) const;  // with this language's decimal sign
   std::optional<Motivo> poner(articles::Articulo& a, Campo campo, const QString& texto) const;
   std::optional<Motivo> ponerEntero(int& donde, Campo campo, const QString& texto, int menor,
                                     int mayor) const;

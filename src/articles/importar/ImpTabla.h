@@ -50,6 +50,7 @@ class ImpTabla {
 
   struct Hecho {
     int nuevos = 0, cambiados = 0;
+    int redondeados = 0;  // amounts of theirs with more decimals than the currency
     std::vector<LineaMala> malas;
   };
   // Imports the next rows that passed the dry run, onto the articles as they are now. Each step is

@@ -48,7 +48,11 @@ Resultado<> ImpTabla::aplicarUna(int cual) {
   if (!ahora) return rechazar(cual, ahora.error()), Resultado<>{};
   if (antes && *antes == *ahora) return {};
   const auto escrito = escribir(antes, *ahora);
-  if (escrito) return ++(antes ? hecho_.cambiados : hecho_.nuevos), Resultado<>{};
+  if (escrito) {
+    ++(antes ? hecho_.cambiados : hecho_.nuevos);
+    hecho_.redondeados += lector_.redondeados(plan_.primeraFila + cual);
+    return {};
+  }
   if (escrito.error().clase == Fallo::Duplicado)
     return rechazar(cual, escrito.error().texto), Resultado<>{};
   return fallo(escrito.error().clase,

@@ -29,6 +29,15 @@ std::optional<qint64> AltaRapida::codigoDe(const QString& texto) const {
   return codigo->toLongLong();
 }
 
+Resultado<std::optional<QString>> AltaRapida::faltaCodigo(const EntradaAlta& e) {
+  const Textos& textos = catalogo_.textos();
+  const auto codigo = codigoDe(e.codigo);
+  if (!codigo) return textos(kTxValorMalo + static_cast<int>(ColumnaRapida::Codigo));
+  TARVO_TOMAR(const auto otro, catalogo_.leer({e.seccion, *codigo}));
+  if (!otro) return std::nullopt;
+  return textos(kTxCodigoDeOtroNombre, {Ceros(*codigo, kCifrasCodigo), otro->nombre});
+}
+
 Resultado<std::optional<QString>> AltaRapida::faltaDepartamento(const EntradaAlta& e) {
   const Textos& textos = catalogo_.textos();
   const auto depto = numeroEntre(e.departamento, 1, kUltimoDepartamento);
@@ -45,7 +54,7 @@ Resultado<std::optional<QString>> AltaRapida::falta(CampoAlta campo, const Entra
   };
   switch (campo) {
     case CampoAlta::Codigo:
-      return si(!codigoDe(e.codigo), ColumnaRapida::Codigo);
+      return faltaCodigo(e);
     case CampoAlta::Nombre:
       if (auto largo = articles::malNombre(e.nombre.trimmed(), textos)) return largo;
       return si(e.nombre.trimmed().isEmpty(), ColumnaRapida::Nombre);

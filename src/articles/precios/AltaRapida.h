@@ -46,12 +46,14 @@ class AltaRapida {
 
   // The code for the text; nothing when it isn't one that a person may choose.
   std::optional<qint64> codigoDe(const QString& texto) const;
-  // The fault in a field, in words; nothing when it is valid.
+  // The fault in a field, in words; nothing when it is valid. A code that the section has already
+  // is one.
   Resultado<std::optional<QString>> falta(CampoAlta campo, const EntradaAlta& e);
   // Adds it, in one transaction. Duplicado when the section has that code. REQUIRES valid fields.
   Resultado<articles::Articulo> anadir(const EntradaAlta& e, const QString& ventana);
 
  private:
+  Resultado<std::optional<QString>> faltaCodigo(const EntradaAlta& e);
   Resultado<std::optional<QString>> faltaDepartamento(const EntradaAlta& e);
   articles::Articulo articuloDe(const EntradaAlta& e) const;
 

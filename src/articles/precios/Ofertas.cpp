@@ -240,20 +240,54 @@ Resultado<int> Ofertas::contarIguales(std::span<const ClaveOferta> claves) {
   return suma;
 }
 
-Resultado<int> Ofertas::borrar(std::span<const ClaveOferta> claves, bool todosLosGrupos) {
+Resultado<std::vector<Oferta>> Ofertas::borrar(std::span<const ClaveOferta> claves,
+                                               bool todosLosGrupos) {
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
-  qint64 idas = 0;
+  std::vector<Oferta> idas;
   for (const ClaveOferta& clave : claves) {
     TARVO_TOMAR(const auto c, iguales(clave, todosLosGrupos));
+    TARVO_TOMAR(const auto suyas,
+                leerVarias({QStringLiteral("not borrado AND ") + c.sql, c.parametros}));
+    idas.insert(idas.end(), suyas.begin(), suyas.end());
     for (const char16_t* orden :
          {u"DELETE FROM OFERTAS WHERE not enviado AND not borrado AND ",
-          u"UPDATE OFERTAS SET borrado=1 WHERE enviado AND not borrado AND "}) {
-      TARVO_TOMAR(const auto n, db_.Execute(QString::fromUtf16(orden) + c.sql, c.parametros));
-      idas += n;
-    }
+          u"UPDATE OFERTAS SET borrado=1 WHERE enviado AND not borrado AND "})
+      TARVO_INTENTAR(db_.Execute(QString::fromUtf16(orden) + c.sql, c.parametros));
   }
   TARVO_INTENTAR(t.confirmar());
-  return static_cast<int>(idas);
+  return idas;
+}
+
+Resultado<int> Ofertas::reponer(std::span<const Oferta> borradas) {
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  int fuera = 0;
+  for (const Oferta& o : borradas) {
+    TARVO_TOMAR(const auto vuelve, reponerUna(o));
+    if (!vuelve) ++fuera;
+  }
+  TARVO_INTENTAR(t.confirmar());
+  return fuera;
+}
+
+// One that still waits to be removed from the scales is shown again; of one that is gone they are
+// told anew.
+Resultado<bool> Ofertas::reponerUna(const Oferta& o) {
+  const auto [grupo, seccion, codigo] = o.clave;
+  TARVO_TOMAR(const auto espera,
+              db_.ejecutar(u"UPDATE OFERTAS SET borrado=0 WHERE GRUPO=? AND SECCION=? AND CODIGO=? "
+                           u"AND borrado",
+                           grupo, seccion, codigo));
+  if (espera > 0) return true;
+  TARVO_TOMAR(
+      const auto nuevas,
+      db_.ejecutar(
+          u"INSERT INTO OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, PRECIO_1, PRECIO_2, "
+          u"FECHA_INI, FECHA_FIN, enviado, borrado) SELECT CODGPO, ?, ?, ?, ?, ?, ?, ?, 0, 0 FROM "
+          u"GRUPOS WHERE CODGPO=? AND NOT EXISTS (SELECT 1 FROM OFERTAS WHERE GRUPO=? AND "
+          u"SECCION=? AND CODIGO=?)",
+          seccion, codigo, o.precios[0], o.precios[1], o.precios[2], comoValor(o.desde),
+          comoValor(o.hasta), grupo, grupo, seccion, codigo));
+  return nuevas > 0;
 }
 
 }  // namespace tarvo::precios

@@ -61,6 +61,10 @@ class Ofertas {
   Ofertas(dao::Database& db, const Textos& textos, Reloj& reloj)
       : db_(db), textos_(textos), reloj_(reloj) {}
 
+  // Several operations as one: all of them, or none when it fails.
+  Resultado<> todoONada(const std::function<Resultado<>()>& hacer) {
+    return dao::todoONada(db_, hacer);
+  }
   Resultado<std::vector<int>> gruposDe(int seccion);
   // The group with the lowest code and its section; nothing when there is none.
   struct GrupoDe {
@@ -121,9 +125,12 @@ class Ofertas {
   // Number of offers of the same articles with the same days, including those of `claves`. REQUIRES
   // keys of one group.
   Resultado<int> contarIguales(std::span<const ClaveOferta> claves);
-  // Deletes them; with `todosLosGrupos` their equals as well. Returns how many disappeared from
-  // view.
-  Resultado<int> borrar(std::span<const ClaveOferta> claves, bool todosLosGrupos);
+  // Deletes them; with `todosLosGrupos` their equals as well. Returns those that disappeared from
+  // view, as they were.
+  Resultado<std::vector<Oferta>> borrar(std::span<const ClaveOferta> claves, bool todosLosGrupos);
+  // Brings deleted ones back, in one transaction. Returns how many stay away: their group has
+  // another offer of the article by now, or is gone.
+  Resultado<int> reponer(std::span<const Oferta> borradas);
 
  private:
   Resultado<> escribir(const OfertaNueva& nueva, int grupo);
@@ -131,6 +138,7 @@ class Ofertas {
                       const Dia& hasta);
   Resultado<std::vector<Oferta>> leerVarias(const Condicion& condicion);
   Resultado<> ponerFecha(const Oferta& antes, Extremo extremo, const Dia& dia);
+  Resultado<bool> reponerUna(const Oferta& oferta);
   Resultado<Condicion> iguales(const ClaveOferta& clave, bool todosLosGrupos);
   Resultado<> debeOir(const ClaveOferta& clave);
 

@@ -210,7 +210,7 @@ void BrowGrupos::rotulado(QTreeWidgetItem* item, int columna) {
   const Nodo nodo = nodoDe(*item);
   const QString nombre = item->text(kNombre), antes = nombreAntes_;
   const bool hecho = haIdoBien(renombrar(nodo, nombre));
-  if (hecho && nombre.trimmed() != antes)
+  if (hecho && nombre.trimmed() != antes && nuevo_ != nodo)
     deshacer_->apuntar(t(kTxNombreDe).arg(decirNodo(nodo), antes),
                        [=, this]() -> Resultado<Vuelto> {
                          TARVO_INTENTAR(renombrar(nodo, antes));
@@ -238,13 +238,30 @@ void BrowGrupos::nombrarNuevo(Nodo nodo) {
 
 void BrowGrupos::nombreDejado(bool renunciado) {
   const auto nuevo = std::exchange(nuevo_, std::nullopt);
-  if (!nuevo || !renunciado) return;
+  if (!nuevo) return;
+  if (!renunciado) return apuntarNuevo(*nuevo);
   const bool seccion = nuevo->departamento == 0;
   const auto hecho = seccion ? secciones_.borrar(nuevo->seccion)
                              : secciones_.borrarDepartamento(nuevo->seccion, nuevo->departamento);
   RefrescoArbol();
   ui_.Arbol->setFocus();
   if (haIdoBien(hecho)) decirDuda(t(seccion ? kTxSeccionSinCrear : kTxDepartamentoSinCrear));
+}
+
+// Its name goes with it.
+void BrowGrupos::apuntarNuevo(Nodo nodo) {
+  const QString cual = decirNodo(nodo);
+  const int que = nodo.departamento == 0 ? kTxSeccionNueva : kTxDepartamentoNuevo;
+  deshacer_->apuntar(t(que).arg(cual), [=, this]() -> Resultado<Vuelto> {
+    const bool seccion = nodo.departamento == 0;
+    if (seccion && !contexto().ventanas.descargar(u"BrowPLUs"_s)) return Vuelto{.queda = true};
+    const Nodo vecino = seccion ? Nodo{} : vecinoDe(nodo);
+    TARVO_INTENTAR(secciones_.quitarNuevo(nodo.seccion, nodo.departamento));
+    RefrescoArbol();
+    irA(vecino);
+    return Vuelto{t(kTxNuevoQuitado).arg(cual)};
+  });
+  actualCambiado();
 }
 
 // Shows the changes made by other windows when this one is activated.

@@ -51,6 +51,7 @@ class BrowGrupos final : public ventanas::Ventana {
   QString decirNodo(Nodo nodo) const;
   void nombrarNuevo(Nodo nodo);
   void nombreDejado(bool renunciado);
+  void apuntarNuevo(Nodo nodo);
   bool event(QEvent* evento) override;
 
   void nuevaSeccion();

@@ -28,6 +28,8 @@ void BrowOper::montar() {
   deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
   // The cells of an operator being created aren't noted one by one.
   deshacer_->seguirCeldas(*ui_.Grid, [this](int) { return nuevo_ == 0; });
+  deshacer_->seguirTandas(*ui_.Grid);
+  ui_.Grid->ponerTodoONada([this](const auto& hacer) { return motor_.todoONada(hacer); });
   connect(deshacer_, &ventanas::Deshacer::deshecho, this, &BrowOper::actualCambiada);
   unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F4, [this] { verVentas(); });
   ui_.Grid->preparar(contexto(), nombre(),

@@ -55,7 +55,12 @@ void BrowPLUs::montar() {
       },
       Qt::QueuedConnection);
   connect(ui_.Grid, &ventanas::Parrilla::variasEscritas, this, &BrowPLUs::refrescar);
-  for (ventanas::Parrilla* p : {ui_.Grid, ui_.GrdPre}) deshacer_->seguirTandas(*p);
+  for (ventanas::Parrilla* p : {ui_.Grid, ui_.GrdPre})
+    connect(p, &ventanas::Parrilla::variasDejadas, this, &BrowPLUs::refrescar);
+  for (ventanas::Parrilla* p : {ui_.Grid, ui_.GrdPre}) {
+    deshacer_->seguirTandas(*p);
+    p->ponerTodoONada([this](const auto& hacer) { return catalogo_.todoONada(hacer); });
+  }
   connect(ui_.Grid->vista()->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
           &BrowPLUs::ordenCambiado);
   for (ventanas::Parrilla* p : {ui_.Grid, ui_.GrdPre}) {

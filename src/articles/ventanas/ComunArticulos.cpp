@@ -5,6 +5,7 @@
 #include "articles/Limites.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "core/dinero/Dinero.h"
+#include "core/ventanas/TextosVentanas.h"
 
 namespace tarvo::articles {
 
@@ -13,10 +14,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kCantidadMayor = 2'000'000'000;
-
-bool hayCifras(const QString& texto) {
-  return std::ranges::any_of(texto, [](QChar c) { return c >= u'1' && c <= u'9'; });
-}
 
 }  // namespace
 
@@ -38,17 +35,19 @@ void marcar(QWidget& campo, bool falta) {
 Resultado<qint64> leerPrecio(const ventanas::Ventana& v, const QString& texto, int moneda) {
   const auto& c = v.contexto();
   const auto precio = comoPrecio(texto, c.ajustes, moneda);
-  if (!precio) return std::unexpected(errorDe(precio.error(), texto, c.ajustes, c.textos));
+  if (!precio) return std::unexpected(errorDe(precio.error(), texto, c.ajustes, c.textos, moneda));
   return *precio;
 }
 
 Resultado<qint64> leerCantidad(const ventanas::Ventana& v, const QString& texto, int cada) {
-  const qint64 cantidad = ACantidad(texto, cada);
-  const bool nada =
-      cantidad == 0 && (hayCifras(texto) || (!texto.trimmed().isEmpty() && !texto.contains(u'0')));
-  if (nada || cantidad < -kCantidadMayor || cantidad > kCantidadMayor)
+  if (texto.trimmed().isEmpty()) return 0;
+  const auto cantidad = LeerCantidad(texto, cada);
+  if (!cantidad || *cantidad < -kCantidadMayor || *cantidad > kCantidadMayor)
     return fallo(Fallo::Formato, v.t(kTxCantidadMala).arg(texto));
-  return cantidad;
+  if (SobranDecimales(texto, cada))
+    return fallo(Fallo::Formato, v.contexto().textos(ventanas::kTxSobranDecimales,
+                                                     {texto, DecimalesCantidad(cada)}));
+  return *cantidad;
 }
 
 void permitir(QAction& accion, const ventanas::Contexto& c, const QString& ventana,

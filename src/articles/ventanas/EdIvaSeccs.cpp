@@ -1,9 +1,9 @@
 #include "articles/ventanas/EdIvaSeccs.h"
 
 #include <QLabel>
-#include <cmath>
 
 #include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/dinero/Dinero.h"
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
@@ -68,10 +68,9 @@ void EdIvaSeccs::pintar() {
 }
 
 Resultado<> EdIvaSeccs::ponerTasa(qint64 tipo, const QString& texto) {
-  bool numero = false;
-  const double x = QString(texto).remove(u'%').trimmed().replace(u',', u'.').toDouble(&numero);
-  if (!numero || x < 0 || x > 100) return fallo(Fallo::Formato, t(kTxTasaMala));
-  r.tasas[static_cast<size_t>(tipo)] = static_cast<int>(std::lround(x * 100));
+  const auto tasa = LeerCentesimas(QString(texto).remove(u'%'));
+  if (!tasa || *tasa < 0 || *tasa > 100'00) return fallo(Fallo::Formato, t(kTxTasaMala));
+  r.tasas[static_cast<size_t>(tipo)] = *tasa;
   pintar();
   return {};
 }

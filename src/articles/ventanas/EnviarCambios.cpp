@@ -84,11 +84,12 @@ bool preguntar(ventanas::Ventana& quien) {
 }  // namespace
 
 void enviarAlSalir(ventanas::Ventana& quien, Catalogo& catalogo, motor::gestcomm& motor) {
-  const std::vector<int> secciones = catalogo.cambios().SeccionesModificadas();
+  const auto secciones = catalogo.seccionesQueDifieren();
+  if (!quien.haIdoBien(secciones)) return;
   catalogo.cambios().olvidarSecciones();
   const int como = quien.contexto().ajustes.de<AjustesArticulos>().EnviarCambios[kDeArticulos];
-  if (secciones.empty() || como == kNunca) return;
-  if (como == kSiempre || preguntar(quien)) enviar(quien, secciones, motor);
+  if (secciones->empty() || como == kNunca) return;
+  if (como == kSiempre || preguntar(quien)) enviar(quien, *secciones, motor);
 }
 
 void montarMenuEnvio(QMenu& menu, ventanas::Ventana& quien) {

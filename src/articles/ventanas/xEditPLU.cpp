@@ -28,6 +28,7 @@ using ventanas::Formulario;
 namespace {
 
 constexpr int kCifrasCodigo = 7, kCifrasPrefijo = 6, kLetrasPredefinido = 20, kAltoTexto = 120;
+constexpr int kFilasALaVista = 4;  // of prices, with the heading
 
 QLineEdit& linea(const ventanas::Campo& campo) {
   return *qobject_cast<QLineEdit*>(&campo.control());
@@ -59,6 +60,8 @@ void XEditPLU::montar() {
     r.articulo.precios = p;
     return Resultado<>();
   });
+  // On a low screen some tarifas are scrolled to.
+  listaPrecios_->setMinimumHeight(ventanas::escalar(kFilasALaVista * ventanas::kAltoFila));
   // Moves to the next tarifa, so that the next price typed doesn't replace this one.
   connect(
       listaPrecios_, &ventanas::Parrilla::escrita, this,

@@ -41,7 +41,7 @@ class XEditPLU final : public ventanas::FichaDe<FichaArticulo> {
   bool leerMedidas();
   Resultado<> ponerContador(qint64 Existencia::* contador, qint64 almacen, const QString& texto);
   QString dudaDeBarras(const Articulo& articulo) const;
-  void decirDudaBarras();
+  void decirDudas();
   Articulo comoSeVe() const;  // with the bar code as being typed
 
   std::vector<FaltaCampo> comprobar() override;

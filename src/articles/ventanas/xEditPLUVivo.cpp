@@ -6,6 +6,7 @@
 #include <QToolButton>
 
 #include "articles/CodigoBarras.h"
+#include "articles/TextosArticles.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/DibujoBarras.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
@@ -183,21 +184,26 @@ Resultado<> XEditPLU::aplicar() {
 void XEditPLU::aplicada() {
   if (auto* lista = contexto().ventanas.recorrido(padre_))
     lista->refrescarEn({r.articulo.clave.seccion, r.articulo.clave.codigo});
-  decirDudaBarras();
+  decirDudas();
   aceptar();
 }
 
-// Any bar code is stored. If one was entered here that no scale can print, the list reports it,
-// since this window is being closed.
-void XEditPLU::decirDudaBarras() {
+// What was saved but should be checked: a new article without a price, a bar code entered here that
+// no scale can print. The list reports it, since this window is being closed.
+void XEditPLU::decirDudas() {
   const auto barras = [](const Articulo& a) {
     return std::tuple(a.codBarExt, a.pfxBar, a.barras, a.clave.codigo);
   };
   const Articulo& a = r.articulo;
   const QString duda = dudaDeBarras(a);
   auto* lista = contexto().ventanas.cargada(padre_);
-  if (lista && !duda.isEmpty() && barras(a) != barras(antes().articulo))
-    lista->decirDuda(t(kTxGuardadoConDuda).arg(verCodigo(a.clave.codigo), duda));
+  if (!lista) return;
+  QStringList dudas;
+  if (antes().nueva() && a.precios == Precios{})
+    dudas << contexto().textos(kTxSinNingunPrecio, {verCodigo(a.clave.codigo)});
+  if (!duda.isEmpty() && barras(a) != barras(antes().articulo))
+    dudas << t(kTxGuardadoConDuda).arg(verCodigo(a.clave.codigo), duda);
+  if (!dudas.isEmpty()) lista->decirDuda(dudas.join(u' '));
 }
 
 }  // namespace tarvo::articles

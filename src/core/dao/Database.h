@@ -115,4 +115,7 @@ class Transaccion {
   Database* db_;
 };
 
+// What it does in one transaction: all of it, or none when it fails.
+Resultado<> todoONada(Database& db, const std::function<Resultado<>()>& hacer);
+
 }  // namespace tarvo::dao

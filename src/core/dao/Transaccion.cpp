@@ -14,4 +14,10 @@ Resultado<> Transaccion::confirmar() {
   return {};
 }
 
+Resultado<> todoONada(Database& db, const std::function<Resultado<>()>& hacer) {
+  TARVO_TOMAR(auto t, Transaccion::empezar(db));
+  TARVO_INTENTAR(hacer());
+  return t.confirmar();
+}
+
 }  // namespace tarvo::dao

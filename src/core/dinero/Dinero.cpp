@@ -50,18 +50,53 @@ std::optional<QString> parteEntera(QStringView s, QChar millar) {
   return todo.remove(millar);
 }
 
-// The number that a person typed; nothing if the text is no number. A thousands separator that
-// doesn't separate groups of three makes it invalid: "1.5" must not pass for 15.
-std::optional<double> numero(const QString& texto, Signos s) {
+// Where the decimal sign is; -1 without one. The keypad has one sign only: a single thousands
+// separator that can't separate a group of three is the decimal sign. "1.5" is one and a half,
+// "0.250" a quarter, "1.500" fifteen hundred.
+qsizetype sitioDecimal(QStringView t, Signos s) {
+  if (const qsizetype decimal = t.indexOf(s.decimal); decimal >= 0) return decimal;
+  const qsizetype millar = t.indexOf(s.millar);
+  if (millar < 0 || t.count(s.millar) > 1) return -1;
+  const QStringView entera = t.left(millar);
+  const qsizetype detras = t.size() - millar - 1;
+  const bool agrupa =
+      detras == 3 && !entera.isEmpty() && entera.size() <= 3 && !entera.startsWith(u'0');
+  return agrupa || detras == 0 ? -1 : millar;
+}
+
+// A number as it is typed: its digits, without separators.
+struct Escrito {
+  bool negativo = false;
+  QString entera, decimales;
+  double valor() const {
+    const double x = QStringLiteral("0%1.%2").arg(entera, decimales).toDouble();
+    return negativo ? -x : x;
+  }
+};
+
+// Nothing if the text is no number; a thousands separator between groups of other sizes makes it
+// none.
+std::optional<Escrito> escrito(const QString& texto, Signos s) {
   QStringView t = QStringView(texto).trimmed();
   const bool negativo = t.startsWith(u'-');
   if (negativo || t.startsWith(u'+')) t = t.mid(1).trimmed();
-  const qsizetype coma = t.indexOf(s.decimal);
+  const qsizetype coma = sitioDecimal(t, s);
   const QStringView resto = coma < 0 ? QStringView() : t.mid(coma + 1);
   const auto entera = parteEntera(coma < 0 ? t : t.left(coma), s.millar);
   if (!entera || !cifras(resto) || (entera->isEmpty() && resto.isEmpty())) return std::nullopt;
-  const double x = QStringLiteral("0%1.%2").arg(*entera, resto.toString()).toDouble();
-  return negativo ? -x : x;
+  return Escrito{negativo, *entera, resto.toString()};
+}
+
+std::optional<double> numero(const QString& texto, Signos s) {
+  const auto e = escrito(texto, s);
+  return e ? std::optional(e->valor()) : std::nullopt;
+}
+
+// More digits after the decimal sign than there is room for; zeros at the end don't count.
+bool sobran(const QString& texto, Signos s, int decimales) {
+  const auto e = escrito(texto, s);
+  return e && e->decimales.size() > decimales &&
+         std::ranges::any_of(e->decimales.mid(decimales), [](QChar c) { return c != u'0'; });
 }
 
 // The whole part; nothing if it doesn't fit.
@@ -96,6 +131,10 @@ qint64 redondeado(double x) {
 
 }  // namespace
 
+int DecimalesCantidad(int cada) {
+  return cada == 0 || cada == 1 ? 3 : 0;
+}
+
 int DecimalesMoneda(const Ajustes& a, int moneda) {
   return moneda == 0 ? std::clamp(a.decimalesLocal, 0, 4) : 2;
 }
@@ -119,6 +158,10 @@ qint64 AImporte(const Ajustes& a, const QString& texto, int moneda) {
   return LeerImporte(a, texto, moneda).value_or(0);
 }
 
+bool SobranDecimales(const Ajustes& a, const QString& texto, int moneda) {
+  return sobran(texto, signosDe(a.idioma), DecimalesMoneda(a, moneda));
+}
+
 QString VerImporte(const Ajustes& a, qint64 n, int moneda) {
   const Signos s = signosDe(a.idioma);
   const int decimales = DecimalesMoneda(a, moneda);
@@ -130,18 +173,31 @@ QString VerImporte(const Ajustes& a, qint64 n, int moneda) {
 }
 
 QString VerCantidad(qint64 n, int cada) {
-  return conSignos(n, cada == 0 || cada == 1 ? 3 : 0, signosDe(Idioma::Espanol));
+  return conSignos(n, DecimalesCantidad(cada), signosDe(Idioma::Espanol));
 }
 
 std::optional<qint64> LeerCantidad(const QString& texto, int cada) {
   constexpr double kLargo = std::numeric_limits<int>::max();  // quantities are 32-bit columns
   const auto x = numero(texto, signosDe(Idioma::Espanol));
   if (!x) return std::nullopt;
-  return cada == 0 || cada == 1 ? entero(comoSeLee(1000 * *x) + 0.5, kLargo) : entero(*x, kLargo);
+  return DecimalesCantidad(cada) > 0 ? entero(comoSeLee(1000 * *x) + 0.5, kLargo)
+                                     : entero(*x, kLargo);
 }
 
 qint64 ACantidad(const QString& texto, int cada) {
   return LeerCantidad(texto, cada).value_or(0);
+}
+
+bool SobranDecimales(const QString& texto, int cada) {
+  return sobran(texto, signosDe(Idioma::Espanol), DecimalesCantidad(cada));
+}
+
+std::optional<int> LeerCentesimas(const QString& texto) {
+  const QString t = texto.trimmed().replace(u',', u'.');
+  const Signos s{u'\0', u'.'};
+  const auto x = numero(t, s);
+  if (!x || sobran(t, s, 2) || std::abs(*x) > 1e6) return std::nullopt;
+  return static_cast<int>(std::lround(*x * 100));
 }
 
 }  // namespace tarvo

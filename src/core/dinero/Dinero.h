@@ -10,11 +10,19 @@
 namespace tarvo {
 
 int DecimalesMoneda(const Ajustes& a, int moneda);
+int DecimalesCantidad(int cada);
 qint64 pot10(const Ajustes& a);
 double FactorMoneda(const Ajustes& a, int moneda);
-// Nothing for a text that is no number or doesn't fit.
+// Nothing for a text that is no number or doesn't fit. A single thousands separator that can't
+// separate thousands ("1.5", "0.250") is taken for the decimal sign. Decimals without room are
+// rounded away, in money; a count of units loses them.
 std::optional<qint64> LeerImporte(const Ajustes& a, const QString& texto, int moneda);
 std::optional<qint64> LeerCantidad(const QString& texto, int cada);
+// Whether reading it would lose decimals other than zeros: what a person types is refused then.
+bool SobranDecimales(const Ajustes& a, const QString& texto, int moneda);
+bool SobranDecimales(const QString& texto, int cada);
+// "5,5" or "5.5" per cent as 550; nothing for more than two decimals or what is no number.
+std::optional<int> LeerCentesimas(const QString& texto);
 // The same, with 0 for such a text.
 qint64 AImporte(const Ajustes& a, const QString& texto, int moneda);
 QString VerImporte(const Ajustes& a, qint64 n, int moneda);

@@ -58,6 +58,18 @@ std::optional<Fecha> Fecha::leer(QStringView texto) {
   return de(dia, hora);
 }
 
+std::optional<Fecha> Fecha::leerProxima(QStringView texto, Fecha hoy) {
+  texto = texto.trimmed();
+  if (texto.count(u'/') != 1) return leer(texto);
+  constexpr int kHastaBisiesto = 8;  // years within which 29 February comes
+  for (int i = 0; i <= kHastaBisiesto; ++i)
+    if (const auto f =
+            leer(QString(texto.toString() + u'/' + QString::number(hoy.qdate().year() + i)));
+        f && *f >= hoy.dia())
+      return f;
+  return std::nullopt;
+}
+
 std::optional<Fecha> Fecha::leerHora(QStringView texto) {
   const QTime hora = horaDe(texto.trimmed());
   if (!hora.isValid()) return std::nullopt;

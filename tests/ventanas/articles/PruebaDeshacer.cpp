@@ -114,13 +114,17 @@ TEST(DeshacerCeldas, ConLoBorradoEnUnSoloOrden) {
 }
 
 // Pasting a column of prices from another program, and filling one price down into the selected
-// rows, are one undo step each. They end at a refused text, which is reported.
+// rows, are one undo step each. If a line is refused, none is written and the refused ones are
+// named.
 TEST(DeshacerCeldas, UnaColumnaDePrecios) {
   const struct {
     const char16_t* pegado;  // empty: the price is filled down
     const char16_t *queda, *dice;
   } casos[] = {{u"1,10\r\n2,20\tTomate\r\n3,30\r\n", u"110 | 220 | 330 | 400", u""},
-               {u"1,10\nmucho\n3,30", u"110 | 200 | 300 | 400", u"El precio «mucho»"},
+               {u"1,10\nmucho\n3,30", u"100 | 200 | 300 | 400",
+                u"No se ha escrito nada: 1 línea no vale. Línea 2: El precio «mucho»"},
+               {u"1,105\n2,20\n-3", u"100 | 200 | 300 | 400",
+                u"No se ha escrito nada: 2 líneas no valen. Línea 1: El precio «1,105» tiene"},
                {u"", u"100 | 100 | 100 | 400", u""}};
   const QString precios =
       u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU between 10 and 40 order by CODPLU"_s;
@@ -140,10 +144,55 @@ TEST(DeshacerCeldas, UnaColumnaDePrecios) {
     EXPECT_EQ(t.leer(precios), QString::fromUtf16(c.queda));
     const bool dicho = v->tira().texto().startsWith(QString::fromUtf16(c.dice));
     EXPECT_TRUE(!*c.dice || dicho) << v->tira().texto().toStdString();
+    if (*c.dice) {
+      EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
+      EXPECT_TRUE(bien(t.catalogo.seccionesQueDifieren()).empty());
+    }
     deshacer(t, v);
     EXPECT_EQ(t.leer(precios), u"100 | 200 | 300 | 400");
     EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
   }
+}
+
+// The same in the prices beside the list: they show what is stored.
+TEST(DeshacerCeldas, UnaTarifaMalaNoDejaNinguna) {
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaBrowPLUs{});
+  auto& p = t.lista(v, u"GrdPre");
+  p.vista()->setFocus();
+  p.vista()->setCurrentIndex(p.modelo()->index(0, p.modelo()->columna(u"P0")));
+  QApplication::clipboard()->setText(u"7\n8\nnada"_s);
+  t.tecla(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_TRUE(v->tira().texto().contains(u"Línea 3: El precio «nada»"));
+  EXPECT_EQ(t.leer(u"select PRECIO_00, PRECIO_01 from PLUSES where SECCION=1 and CODPLU=10"_s),
+            u"100 0");
+  EXPECT_EQ(p.texto(0, u"P0") + u' ' + p.texto(1, u"P0"), u"1,00 0,00");
+  EXPECT_EQ(t.leer(u"select count(*) from HistoriaPrecios"_s), u"0");
+  QApplication::clipboard()->setText(u"1,00"_s);
+  t.tecla(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(p.findChild<QLabel*>(u"aviso"_s)->text(), u"")
+      << "nothing was written, nothing is said";
+}
+
+// What no longer passes the filter stays in sight until it is applied again; then its neighbour is
+// in hand.
+TEST(ListaArticulos, LoQueSaleDelFiltroSeVe) {
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaBrowPLUs{});
+  auto& grid = t.lista(v);
+  t.control(v, u"Filtro")->setText(u"Artículo"_s);
+  grid.irA(4);
+  t.abrirCelda(grid, u"NOMPLU"_s);
+  t.escribir(u"Pera"_s);
+  t.tecla(Qt::Key_Return);
+  QApplication::processEvents();
+  EXPECT_EQ(grid.filas(), 10);
+  EXPECT_EQ(grid.texto(4, u"NOMPLU") + u' ' + grid.texto(4, u"PRECIO_00"), u"Pera 5,00");
+  grid.irA(4);
+  grid.vista()->setFocus();
+  t.tecla(Qt::Key_F5);
+  EXPECT_EQ(grid.filas(), 9);
+  EXPECT_EQ(t.enMano(grid), 60);
 }
 
 // Where space is short, unit, department and format are hidden before the price.
@@ -257,6 +306,29 @@ TEST(DeshacerArbol, LosNombresVuelven) {
   }
   EXPECT_EQ(t.leer(kNombres), antes);
   EXPECT_EQ(arbol->currentItem()->text(0), u"SECCIÓN ÚNICA");
+}
+
+// What was made just now goes with its name, unless something is in it by then.
+TEST(DeshacerArbol, LoNuevoSeQuitaEntero) {
+  for (const bool seccion : {true, false})
+    for (const bool conCosas : {false, true}) {
+      MesaDeArticulos t;
+      const QString antes = t.leer(kNombres);
+      auto* v = t.abrir(PuertaBrowGrupos{});
+      t.tecla(Qt::Key_Insert, seccion ? Qt::ControlModifier : Qt::NoModifier);
+      t.escribir(u"Quesos"_s);
+      t.tecla(Qt::Key_Return);
+      auto* accion = v->findChild<QAction*>(u"Deshacer"_s);
+      ASSERT_TRUE(esperar([&] { return accion->isEnabled(); }));
+      EXPECT_TRUE(t.leer(kNombres).contains(u"Quesos"));
+      if (conCosas && seccion) t.sql(u"insert into PLUSES (SECCION, CODPLU) values (3, 10)"_s);
+      if (conCosas && !seccion) t.sql(u"update PLUSES set DEPTO=2 where CODPLU=30"_s);
+      t.control<QTreeWidget>(v, u"Arbol")->setFocus();
+      t.tecla(Qt::Key_Z, Qt::ControlModifier);
+      EXPECT_EQ(t.leer(kNombres) == antes, !conCosas) << seccion;
+      EXPECT_TRUE(v->tira().texto().startsWith(conCosas ? u"Ya no está recién" : u"")) << seccion;
+      EXPECT_FALSE(accion->isEnabled());
+    }
 }
 
 // Escape while naming a new item removes it; Return keeps the suggested name.

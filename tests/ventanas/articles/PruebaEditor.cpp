@@ -190,6 +190,44 @@ TEST(Editor, PorTodasPartesConElTeclado) {
   EXPECT_EQ(t.control<QPlainTextEdit>(v, u"txTexto")->toPlainText(), u"");
 }
 
+// On its tab the focus shows, and Return goes into the page: it saves nothing.
+TEST(Editor, IntroEnLaPestanaEntraEnSuPagina) {
+  MesaDeArticulos t;
+  auto* lista = t.abrir(PuertaBrowPLUs{});
+  auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 0, .padre = u"BrowPLUs"_s});
+  t.control(v, u"txCod")->setText(u"77"_s);
+  t.control(v, u"txNom")->setText(u"Níscalo"_s);
+  auto* fichas = t.control<QTabWidget>(v, u"Fichas");
+  t.control(v, u"txNom")->setFocus();
+  const QImage sinFoco = fichas->tabBar()->grab().toImage();
+  for (int i = 0; i < fichas->count(); ++i) {
+    fichas->setCurrentIndex(i);
+    fichas->tabBar()->setFocus();
+    if (i == 0) {
+      EXPECT_NE(fichas->tabBar()->grab().toImage(), sinFoco);
+    }
+    t.tecla(Qt::Key_Return);
+    EXPECT_TRUE(fichas->currentWidget()->isAncestorOf(QApplication::focusWidget())) << i;
+  }
+  ASSERT_TRUE(v->isVisible());
+  EXPECT_EQ(t.leer(u"select count(*) from PLUSES where CODPLU=77"_s), u"0");
+  t.control<QPushButton>(v, u"Guardar")->click();
+  EXPECT_EQ(t.leer(u"select count(*) from PLUSES where CODPLU=77"_s), u"1");
+  EXPECT_EQ(lista->tira().texto(),
+            u"El artículo 0000077 se ha guardado sin ningún precio: compruebe que es lo que "
+            u"quiere.");
+}
+
+// It fits a screen of 768 lines with a bar, also at a scale of 1.5.
+TEST(Editor, CabeEnUnaPantallaBaja) {
+  MesaDeArticulos t;
+  t.escritorio.tema().ponerEscala(1.5);
+  auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
+  constexpr int kBarra = 40, kMarco = 32;
+  EXPECT_LE(v->minimumSizeHint().height(), 768 - kBarra - kMarco);
+  t.escritorio.tema().ponerEscala(1);
+}
+
 // A bar code that no label can print is stored and reported: in the form, and then in the list.
 TEST(Editor, ElCodigoDeBarrasRaroSeDice) {
   const struct {

@@ -3,6 +3,7 @@
 #include <QToolBar>
 
 #include "MesaDeArticulos.h"
+#include "articles/Tanda.h"
 
 namespace tarvo::prueba {
 
@@ -100,6 +101,66 @@ TEST(ListaArticulos, EnviarAlSalir) {
     }
     EXPECT_EQ(t.ajustes.de<AjustesArticulos>().EnviarCambios[1], c.queda);
     EXPECT_TRUE(t.cambiadas().empty());
+  }
+}
+
+// What was undone isn't asked about: a price, deleted articles, a copied and a batch of them.
+TEST(ListaArticulos, LoDeshechoNoSePregunta) {
+  const std::pair<const char*, std::function<void(MesaDeArticulos&)>> casos[] = {
+      {"price",
+       [](MesaDeArticulos& t) {
+         const Articulo antes = *bien(t.catalogo.leer({1, 10}));
+         Articulo ahora = antes;
+         ahora.precios[0][0] = 999;
+         bien(t.catalogo.modificar({1, 10}, ahora, u"BrowPLUs"_s));
+         EXPECT_EQ(bien(t.catalogo.seccionesQueDifieren()), std::vector<int>{1});
+         bien(t.catalogo.volver(antes, ahora, u"BrowPLUs"_s));
+       }},
+      {"code",
+       [](MesaDeArticulos& t) {
+         const Articulo antes = *bien(t.catalogo.leer({1, 10}));
+         Articulo ahora = antes;
+         ahora.clave.codigo = 11;
+         bien(t.catalogo.modificar({1, 10}, ahora, u"BrowPLUs"_s));
+         bien(t.catalogo.volver(antes, ahora, u"BrowPLUs"_s));
+       }},
+      {"deleted",
+       [](MesaDeArticulos& t) {
+         Lotes lotes(t.catalogo);
+         const qint64 lote = bien(lotes.empezar(u"BrowPLUs"_s));
+         bien(lotes.borrar(lote, std::array{ClaveArticulo{1, 10}, ClaveArticulo{1, 20}}));
+         bien(lotes.acabar(lote));
+         EXPECT_EQ(bien(t.catalogo.seccionesQueDifieren()), std::vector<int>{1});
+         bien(lotes.deshacer(lote, u"BrowPLUs"_s));
+       }},
+      {"copied",
+       [](MesaDeArticulos& t) {
+         Lotes lotes(t.catalogo);
+         const qint64 lote = bien(lotes.empezar(u"BrowPLUs"_s));
+         bien(lotes.copiar(lote, std::array{ClaveArticulo{1, 10}}, 2, u"EntNmSc"_s));
+         bien(lotes.acabar(lote));
+         bien(lotes.deshacer(lote, u"BrowPLUs"_s));
+       }},
+      {"batch", [](MesaDeArticulos& t) {
+         Lotes lotes(t.catalogo);
+         const qint64 lote = bien(lotes.empezar(u"CambioLote"_s));
+         Articulo otro = *bien(t.catalogo.leer({1, 10}));
+         otro.precios[0][0] = 999;
+         bien(Tanda(t.catalogo, lotes, u"CambioLote"_s, Tanda::Oyen::Todos)
+                  .escribir(lote, std::array{otro}));
+         bien(lotes.acabar(lote));
+         EXPECT_EQ(bien(t.catalogo.seccionesQueDifieren()), std::vector<int>{1});
+         Lotes::Deshecho hecho;
+         while (bien(lotes.deshacerTramo(lote, u"CambioLote"_s, hecho))) continue;
+       }}};
+  for (const auto& [cual, hacer] : casos) {
+    MesaDeArticulos t;
+    t.ajustes.de<AjustesArticulos>().EnviarCambios[1] = 2;  // whatever differs is sent
+    auto* v = t.abrir(PuertaBrowPLUs{});
+    hacer(t);
+    EXPECT_TRUE(bien(t.catalogo.seccionesQueDifieren()).empty()) << cual;
+    v->descargar();
+    EXPECT_TRUE(t.gestor->tareas().empty()) << cual;
   }
 }
 

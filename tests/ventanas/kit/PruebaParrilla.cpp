@@ -270,6 +270,51 @@ TEST(Parrilla, UnaExportacionParadaNoDejaNada) {
   EXPECT_TRUE(dicho);
 }
 
+TEST(Parrilla, ExportarSinNombreSeDice) {
+  Lista l(5);
+  l.abrir();
+  for (const QString& ruta : {l.carpeta.path(), l.ruta(u".xlsx"_s), QString()}) {
+    QString dicho;
+    const auto oido =
+        QObject::connect(&l.p, &Parrilla::fallo, [&](const Error& e) { dicho = e.texto; });
+    l.p.exportarEn(ruta);
+    EXPECT_TRUE(dicho.startsWith(u"Falta el nombre del fichero")) << ruta.toStdString();
+    QObject::disconnect(oido);
+  }
+}
+
+// Texts take the room of a wide screen, the name first; where it is narrow columns with a rank give
+// way, but never the one in hand.
+TEST(Parrilla, LasColumnasYElAncho) {
+  Lista l(5);
+  auto columnas = columnasArticulos();
+  columnas.push_back({.titulo = 9916, .campo = u"'Una marca'"_s, .ancho = 200});
+  columnas[2].rango = 1;
+  columnas[3].rango = 2;
+  l.p.preparar(l.contexto(), u"Anchas"_s, columnas);
+  l.abrir();
+  const auto ancho = [&](int en) {
+    l.p.resize(en, 500);
+    QApplication::processEvents();
+    return l.p.vista()->viewport()->width();
+  };
+  const auto mide = [&](int columna) { return l.p.vista()->columnWidth(columna); };
+  const auto oculta = [&](int columna) { return l.p.vista()->isColumnHidden(columna); };
+  ancho(1900);
+  EXPECT_EQ(mide(1), 720);
+  EXPECT_EQ(mide(7), 480);
+  const int justo = ancho(1300);
+  EXPECT_EQ(mide(1), 480);
+  EXPECT_EQ(l.p.vista()->horizontalHeader()->length(), justo) << "all of it is used";
+  ancho(640);
+  EXPECT_TRUE(oculta(3));
+  ancho(1900);
+  l.p.vista()->setCurrentIndex(l.p.modelo()->index(0, 3));
+  ancho(640);
+  EXPECT_FALSE(oculta(3));
+  EXPECT_TRUE(oculta(2));
+}
+
 // Unreadable rows are reported, not silently shown as empty ones.
 TEST(Parrilla, DiceQueNoPuedeLeer) {
   Lista l(5000);

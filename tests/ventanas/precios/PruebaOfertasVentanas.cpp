@@ -1,3 +1,5 @@
+#include <QClipboard>
+
 #include "MesaDePrecios.h"
 #include "articles/precios/ventanas/Puertas.h"
 
@@ -70,10 +72,10 @@ TEST(VentanaOfertas, LoQueFaltaSeDiceYNoSeGuarda) {
       {u"12"_s, {}, {}, {}, u"No se ha entrado un Precio de artículo", u"Precio_0"},
       {u"12"_s, u"uno"_s, {}, {}, u"No se ha entrado un Precio de artículo", u"Precio_0"},
       {u"12"_s,
-       u"1.5"_s,
+       u"1,2,3"_s,
        {},
        {},
-       u"El precio «1.5» no es un importe: escriba, por ejemplo, 12,50.",
+       u"El precio «1,2,3» no es un importe: escriba, por ejemplo, 12,50.",
        u"Precio_0"},
       {u"12"_s,
        u"-1"_s,
@@ -110,6 +112,34 @@ TEST(VentanaOfertas, LoQueFaltaSeDiceYNoSeGuarda) {
   v->findChild<QRadioButton*>(u"PorNom"_s)->click();
   m.campo(v, u"Entra"_s).setText(u"articulo 20"_s);
   EXPECT_EQ(m.texto(v, u"Codigox"_s), u"0000020") << "the first from there on, ignoring accents";
+}
+
+// However many faults there are, their words stand apart, and whole.
+TEST(VentanaOfertas, LasFaltasNoSeTapan) {
+  MesaDePrecios m;
+  auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
+  v->resize(500, v->minimumSizeHint().height());
+  for (const QString& campo : {u"Precio_0"_s, u"Precio_1"_s, u"Precio_2"_s})
+    m.campo(v, campo).setText(u"2,999"_s);
+  for (const QString& campo : {u"Fecha_1"_s, u"Fecha_F"_s}) m.campo(v, campo).setText(u"x"_s);
+  m.responder(u"Acepto"_s);
+  m.boton(v, u"SalvBoton"_s);
+  QCoreApplication::processEvents();
+  QList<QWidget*> vistos;
+  for (QWidget* w : v->findChildren<QWidget*>())
+    if (w->isVisible() && (qobject_cast<QLabel*>(w) || qobject_cast<QLineEdit*>(w))) vistos << w;
+  int faltas = 0;
+  const auto sitio = [v](const QWidget* w) { return QRect(w->mapTo(v, QPoint()), w->size()); };
+  for (const QWidget* w : vistos) {
+    const auto* falta = qobject_cast<const QLabel*>(w);
+    if (!falta || !falta->objectName().startsWith(u"falta")) continue;
+    ++faltas;
+    EXPECT_GE(w->height(), w->heightForWidth(w->width())) << w->objectName().toStdString();
+    for (const QWidget* otro : vistos)
+      EXPECT_TRUE(otro == w || !sitio(otro).intersects(sitio(w)))
+          << w->objectName().toStdString() << ' ' << otro->objectName().toStdString();
+  }
+  EXPECT_GE(faltas, 5);
 }
 
 TEST(VentanaOfertas, PreguntaAntesDeReescribir) {
@@ -166,6 +196,46 @@ TEST(VentanaOfertas, UnaFechaVaATodasYSeDeshace) {
   EXPECT_EQ(m.leer(kOfertas), antes) << "all groups, each with its dates";
 }
 
+// A day without its year is the next one, and shows whole; what is no day stays in its cell.
+TEST(VentanaOfertas, UnDiaSinAnoEsElProximo) {
+  MesaDePrecios m;
+  const Fecha manana = hoy(m) + 1;
+  auto* nueva = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
+  m.escribir(nueva, u"Fecha_1"_s, manana.qdate().toString(u"d/M"));
+  m.pulsar(Qt::Key_Return);
+  EXPECT_EQ(m.campo(nueva, u"Fecha_1"_s).text(), manana.corta());
+  m.escribir(nueva, u"Fecha_1"_s, {});
+
+  m.oferta({.grupo = 1, .codigo = 10, .precio = 700, .hasta = 43000});
+  auto* v = m.abrir(u"BrowOfer"_s);
+  auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
+  const auto hasta = [&] { return m.leer(u"select FECHA_FIN from OFERTAS"_s); };
+  grid.vista()->setFocus();
+  grid.vista()->setCurrentIndex(grid.modelo()->index(0, grid.modelo()->columna(u"FECHA_FIN")));
+  m.pulsar(Qt::Key_F2);
+  m.teclear(u"pronto"_s);
+  m.pulsar(Qt::Key_Return);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(grid.editando());
+  EXPECT_TRUE(v->tira().texto().startsWith(u"La fecha no existe"));
+  EXPECT_EQ(hasta(), u"43000");
+  m.pulsar(Qt::Key_Escape);
+  m.oferta({.grupo = 1, .codigo = 11, .precio = 700, .hasta = 43000});
+  bien(grid.refrescar());
+  QApplication::clipboard()->setText(u"1/1/2030\n2/1/2030"_s);
+  QTest::keyClick(m.foco(), Qt::Key_V, Qt::ControlModifier);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(v->tira().texto().contains(u"escriba una sola"));
+  EXPECT_EQ(hasta(), u"43000 | 43000");
+  m.sql(u"delete from OFERTAS where CODIGO=11"_s);
+  bien(grid.refrescar());
+  m.pulsar(Qt::Key_F2);
+  qobject_cast<QLineEdit*>(m.foco())->selectAll();
+  m.teclear(manana.qdate().toString(u"d/M"));
+  m.pulsar(Qt::Key_Return);
+  EXPECT_TRUE(esperar([&] { return hasta() == QString::number(manana.dias()); }, 5'000));
+}
+
 // Undo restores prices even if the offer is no longer listed; not those changed since.
 TEST(VentanaOfertas, LosPreciosSeDeshacen) {
   const struct {
@@ -216,6 +286,23 @@ TEST(VentanaOfertas, BorrarAquiOEnTodosLosGrupos) {
   });
   QTest::keyClick(v, Qt::Key_Delete);
   EXPECT_EQ(m.leer(kOfertas), u"1 11 700 - - 0 0");
+  EXPECT_EQ(v->tira().texto(),
+            u"2 ofertas borradas. Ctrl+Z lo deshace mientras no cierre la ventana.");
+  m.sql(u"delete from GRUPOS where CODGPO=2"_s);
+  grid.vista()->setFocus();
+  QTest::keyClick(m.foco(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(m.leer(kOfertas), u"1 10 700 - - 0 0 | 1 11 700 - - 0 0");
+  EXPECT_TRUE(v->tira().texto().startsWith(u"1 oferta no ha podido volver"));
+  m.sql(u"delete from OFERTAS where CODIGO=10"_s);
+  m.sql(u"update OFERTAS set enviado=1"_s);
+  bien(grid.refrescar());
+  grid.irA(0);
+  m.alAbrirse([&](QWidget* w) { m.boton(w, u"Acepto"_s); });
+  QTest::keyClick(v, Qt::Key_Delete);
+  EXPECT_EQ(m.leer(kOfertas), u"1 11 700 - - 1 1") << "the scales have it still";
+  QTest::keyClick(m.foco(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(m.leer(kOfertas), u"1 11 700 - - 1 0");
+  m.sql(u"update OFERTAS set enviado=0"_s);
   grid.irA(0);
   m.alAbrirse([&](QWidget* w) {
     EXPECT_FALSE(w->findChild<QRadioButton*>(u"opTodo"_s)->isVisible()) << "nothing to choose";

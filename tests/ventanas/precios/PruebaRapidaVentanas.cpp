@@ -118,11 +118,8 @@ TEST(VentanaAlta, ConPrefijoYDepartamentoFijo) {
 
   m.teclear(u"35"_s);  // again
   m.pulsar(Qt::Key_Return);
-  m.teclear(u"Otra"_s);
-  m.responder(u"Si"_s);
-  m.boton(v, u"Alta"_s);
-  EXPECT_EQ(v->tira().texto(), u"El código de registro ya existe: No debe duplicarse");
-  EXPECT_EQ(m.campo(v, u"txNom"_s).text(), u"Otra") << "the form keeps its contents";
+  EXPECT_EQ(m.enFoco(), u"txCod");
+  EXPECT_EQ(v->tira().texto(), u"El código 1200035 ya es de «Cinta».");
 }
 
 TEST(VentanaAlta, NoSeSaleDeUnCampoQueNoVale) {
@@ -138,15 +135,19 @@ TEST(VentanaAlta, NoSeSaleDeUnCampoQueNoVale) {
   EXPECT_EQ(m.campo(v, u"txCod"_s).text(), u"2345678") << "another digit pushes the first one out";
   m.pulsar(Qt::Key_Tab);
   EXPECT_EQ(m.enFoco(), u"txNom");
+  m.responder(u"Acepto"_s);
+  m.boton(v, u"Alta"_s);
+  EXPECT_EQ(m.textoModal, u"Alguno de los valores entrados es incorrecto");
+  v->findChild<QComboBox*>(u"LstCada"_s)->setCurrentIndex(0);
+  for (const auto& [campo, texto] : {std::pair{u"txNom"_s, u"Lomo"_s},
+                                     {u"txdep"_s, u"1"_s},
+                                     {u"txetq"_s, u"1"_s},
+                                     {u"txdi1"_s, u"0"_s},
+                                     {u"txdi2"_s, u"0"_s}})
+    m.campo(v, campo).setText(texto);
   m.responder(u"No"_s);
   m.boton(v, u"Alta"_s);
   EXPECT_EQ(m.campo(v, u"txCod"_s).text(), u"2345678");
-  m.alAbrirse([&](QWidget* caja) {
-    m.responder(u"Acepto"_s);
-    QTest::mouseClick(caja->findChild<QPushButton*>(u"Si"_s), Qt::LeftButton);
-  });
-  m.boton(v, u"Alta"_s);
-  EXPECT_EQ(m.textoModal, u"Alguno de los valores entrados es incorrecto");
   m.responder(u"Cancelar"_s);
   m.boton(v, u"Alta"_s);
   EXPECT_EQ(m.campo(v, u"txCod"_s).text(), u"") << "Cancelar clears the form";

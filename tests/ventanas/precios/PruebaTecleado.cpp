@@ -30,12 +30,13 @@ TEST(VentanaCalculo, LoQueNoValeSeDiceYNoSeGuarda) {
       {u"pcMarg"_s, u"-150"_s, u"El precio quedaría en -2,75, y no puede ser negativo"_s},
       {u"pcMarg"_s, u"999999999"_s, u"«999999999» no vale aquí: ha quedado 99999,00."_s},
       {u"pciva"_s, u"-5"_s, u"«-5» no vale aquí: ha quedado 0,00."_s},
-      {u"costeN"_s, u"abc"_s, u"«abc» no vale aquí: ha quedado 0,00."_s},
-      {u"costeN"_s, u"1.5"_s, u"«1.5» no vale aquí: ha quedado 0,00."_s},
+      {u"costeN"_s, u"abc"_s, u"«abc» no es un número: escriba cifras"_s},
+      {u"costeN"_s, u"1,005"_s, u"«1,005» tiene más decimales de los 2 que caben"_s},
       {u"costeN"_s, u"-5"_s, u"El coste quedaría en -5,00, y no puede ser negativo"_s},
       {u"Calcu"_s, u"99999999,99"_s, u"«99999999,99» no vale aquí"_s},
       {u"Calcu"_s, u"10000000"_s, u"El precio quedaría en 10.000.000,00, y el mayor"_s},
-      {u"precio00"_s, u"1.5"_s, u"El precio «1.5» no es un importe"_s},
+      {u"precio00"_s, u"1..5"_s, u"El precio «1..5» no es un importe"_s},
+      {u"precio00"_s, u"1,005"_s, u"El precio «1,005» tiene más decimales"_s},
   };
   for (const auto& c : casos) {
     Tecleado m;
@@ -63,7 +64,8 @@ TEST(VentanaCalculo, NoPasaDeArticuloConUnPrecioQueNoVale) {
   EXPECT_EQ(m.precio(3), u"300");
   MesaDePrecios::escribir(v, u"costeN"_s, u"abc"_s);
   m.pulsar(Qt::Key_PageDown);
-  EXPECT_EQ(m.campo(v, u"costeN"_s).text(), u"0,00") << "text counts as 0, which is shown";
+  EXPECT_EQ(m.campo(v, u"costeN"_s).text(), u"abc") << "it stays, to be corrected";
+  EXPECT_EQ(m.enFoco(), u"costeN");
   MesaDePrecios::escribir(v, u"costeN"_s, u"4"_s);
   MesaDePrecios::escribir(v, u"pcMarg"_s, u"50"_s);
   m.boton(v, u"Salvar"_s);
@@ -73,10 +75,10 @@ TEST(VentanaCalculo, NoPasaDeArticuloConUnPrecioQueNoVale) {
 TEST(VentanaRapida, EscapeNoEscribeUnPrecioAMedias) {
   Tecleado m;
   auto* v = m.abrir(u"FastModf"_s);
-  for (const QString& texto : {u"1.5"_s, u"7,66"_s}) {
+  for (const QString& texto : {u"1..5"_s, u"7,66"_s}) {
     MesaDePrecios::escribir(v, u"precio00"_s, texto);
-    if (texto == u"1.5") m.pulsar(Qt::Key_Return);
-    EXPECT_EQ(v->tira().isVisible(), texto == u"1.5");
+    if (texto == u"1..5") m.pulsar(Qt::Key_Return);
+    EXPECT_EQ(v->tira().isVisible(), texto == u"1..5");
     m.pulsar(Qt::Key_Escape);
     ASSERT_TRUE(v->isVisible());
     EXPECT_FALSE(v->tira().isVisible()) << "the price was given up";
@@ -94,7 +96,7 @@ TEST(VentanaRapida, UnPrecioQueNoSeEscribeSeQueda) {
     auto* v = m.abrir(u"FastModf"_s);
     auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
     auto& campo = m.campo(v, u"precio00"_s);
-    const QString dicho = ilegible ? u"1.5"_s : u"4,44"_s;
+    const QString dicho = ilegible ? u"1,555"_s : u"4,44"_s;
     if (!ilegible) m.impedir();
     MesaDePrecios::escribir(v, u"precio00"_s, dicho);
     const std::function<void()> intentos[] = {
@@ -189,10 +191,10 @@ TEST(VentanaRapida, EmpiezaDondeEstabaLaLista) {
 TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
   const struct {
     QString ventana, campo, texto;
-  } casos[] = {{u"NvaOfr"_s, u"Precio_1"_s, u"1,11"_s},
-               {u"NvaOfr"_s, u"Fecha_1"_s, u"01/01/2030"_s},
-               {u"FastAlta"_s, u"txNom"_s, u"Lomo"_s},
-               {u"FastAlta"_s, u"precio00"_s, u"2"_s}};
+  } casos[] = {
+      {u"NvaOfr"_s, u"Precio_1"_s, u"1,11"_s}, {u"NvaOfr"_s, u"Fecha_1"_s, u"01/01/2030"_s},
+      {u"CalcPre"_s, u"costeN"_s, u"9"_s},     {u"CalcPre"_s, u"precio10"_s, u"9"_s},
+      {u"FastAlta"_s, u"txNom"_s, u"Lomo"_s},  {u"FastAlta"_s, u"precio00"_s, u"2"_s}};
   for (const auto& c : casos) {
     Tecleado m;
     auto* v = m.abrir(c.ventana);
@@ -218,6 +220,69 @@ TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
   EXPECT_FALSE(v->isVisible()) << "Escape in the empty field closes";
 }
 
+// Escape gives up what is being typed, then asks about the figures; another article does as well.
+TEST(VentanaCalculo, PreguntaAntesDeDejarUnPrecio) {
+  Tecleado m;
+  auto* v = m.abrir(precios::PuertaCalcPre{.seccion = 1, .codigo = 3});
+  MesaDePrecios::escribir(v, u"costeN"_s, u"9,999"_s);
+  m.pulsar(Qt::Key_Escape);
+  ASSERT_TRUE(v->isVisible());
+  EXPECT_EQ(m.campo(v, u"costeN"_s).text(), u"5,00");
+  MesaDePrecios::escribir(v, u"costeN"_s, u"9"_s);
+  m.pulsar(Qt::Key_Tab);
+  QString pregunta;
+  const auto negar = [&] {
+    pregunta.clear();
+    m.alAbrirse([&](QWidget* w) {
+      pregunta = m.textoModal;
+      QTest::keyClick(w, Qt::Key_Return);
+    });
+  };
+  negar();
+  m.pulsar(Qt::Key_Escape);
+  EXPECT_EQ(pregunta, u"¿Abandonar los cambios realizados?");
+  ASSERT_TRUE(v->isVisible());
+  negar();
+  m.abrir(precios::PuertaCalcPre{.seccion = 1, .codigo = 8});
+  EXPECT_EQ(pregunta, u"¿Abandonar los cambios realizados?");
+  EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3");
+  m.boton(v, u"Salvar"_s);
+  EXPECT_EQ(m.leer(u"select COSTE from PLUSES where CODPLU=3"_s), u"900");
+  m.foco();
+  m.pulsar(Qt::Key_Escape);
+  EXPECT_FALSE(v->isVisible()) << "what is saved isn't asked about";
+}
+
+// A field takes its own typing back; then the key is the window's.
+TEST(VentanaRapida, CtrlZEnUnPrecio) {
+  Tecleado m;
+  auto* v = m.abrir(u"FastModf"_s);
+  MesaDePrecios::escribir(v, u"precio00"_s, u"4"_s);
+  m.pulsar(Qt::Key_Return);
+  EXPECT_EQ(m.precio(3), u"400");
+  m.pulsar(Qt::Key_PageUp);
+  MesaDePrecios::escribir(v, u"precio00"_s, u"77"_s);
+  const auto ctrlZ = [&] { QTest::keyClick(m.foco(), Qt::Key_Z, Qt::ControlModifier); };
+  while (m.campo(v, u"precio00"_s).isUndoAvailable()) ctrlZ();
+  EXPECT_EQ(m.campo(v, u"precio00"_s).text(), u"4,00");
+  EXPECT_EQ(m.precio(3), u"400");
+  ctrlZ();
+  EXPECT_EQ(m.precio(3), u"300");
+  EXPECT_EQ(m.campo(v, u"precio00"_s).text(), u"3,00");
+}
+
+// The code is looked at before anything is asked.
+TEST(VentanaAlta, UnCodigoQueYaEsNoSePregunta) {
+  Tecleado m;
+  auto* v = m.abrir(precios::PuertaFastAlta{});
+  m.campo(v, u"txCod"_s).setText(u"12"_s);
+  m.responder(u"Acepto"_s);
+  m.boton(v, u"Alta"_s);
+  EXPECT_TRUE(m.textoModal.contains(u"valores entrados es incorrecto"))
+      << m.textoModal.toStdString();
+  EXPECT_EQ(m.texto(v, u"faltatxCod"_s), u"El código 0000012 ya es de «Artículo 12».");
+}
+
 // A field that can't be left shows the reason beside itself and in the strip.
 TEST(VentanaAlta, DicePorQueNoSeSale) {
   const struct {
@@ -225,6 +290,7 @@ TEST(VentanaAlta, DicePorQueNoSeSale) {
   } casos[] = {{u"txCod", u"", u"Código: un número de 3 a 9999999."},
                {u"txCod", u"2", u"Código: un número de 3 a 9999999."},
                {u"txCod", u"1a", u"Código: un número de 3 a 9999999."},
+               {u"txCod", u"12", u"El código 0000012 ya es de «Artículo 12»."},
                {u"txNom", u"", u"Nombre: no puede quedar vacío."},
                {u"txNom", u"Mas de cincuenta letras no caben en el nombre de un PLU",
                 u"El nombre tiene 55 letras, y caben 50."},

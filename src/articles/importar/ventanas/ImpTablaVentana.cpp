@@ -229,9 +229,11 @@ void ImpTablaVentana::aplicado(const Resultado<Trabajo::Fin>& fin) {
     return deshacedor_.volver(lote, hecho.nuevos + hecho.cambiados, error);
   }
   irA(kResultado);
-  ui_.hecho->setText(contexto().textos(kTxHechoTabla, {hecho.nuevos, hecho.cambiados}));
+  QString texto = contexto().textos(kTxHechoTabla, {hecho.nuevos, hecho.cambiados});
+  if (hecho.redondeados > 0) texto += u' ' + t(kTxImportesRedondeados, hecho.redondeados);
+  ui_.hecho->setText(texto);
   ponerMalas(*ui_.malas, hecho.malas);
-  if (hecho.malas.empty()) return decirBien(ui_.hecho->text());
+  if (hecho.malas.empty()) return hecho.redondeados > 0 ? decirDuda(texto) : decirBien(texto);
   ui_.malas->setFocus();  // so that a second Return leaves them in view
   decirDuda(t(kTxNMalas, static_cast<int>(hecho.malas.size())));
 }

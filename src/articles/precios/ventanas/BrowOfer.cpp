@@ -29,6 +29,9 @@ void BrowOfer::montar() {
   unir(ui_.NuevaOf, u"anadir"_s, Qt::Key_Insert, [this] { nueva(); });
   unir(ui_.Borro, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); });
   deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
+  deshacer_->seguirTandas(*ui_.Grid);
+  connect(ui_.Grid, &ventanas::Parrilla::variasDejadas, this, [this] { fechaEnCola_.reset(); });
+  ui_.Grid->ponerTodoONada([this](const auto& hacer) { return motor_.todoONada(hacer); });
   ui_.Grid->filtros()->addWidget(ui_.filtros);
   ui_.Grid->ponerVacia(t(kTxSinOfertas), ui_.NuevaOf);
   ui_.Grid->ponerAcciones({ui_.NuevaOf, ui_.Borro, ui_.Deshacer});
@@ -129,7 +132,7 @@ Resultado<> BrowOfer::abrirLista() {
 // An invalid date remains in its field, marked, and the filter of the list doesn't change.
 void BrowOfer::fechaCambiada(QLineEdit& caja, Dia& filtro) {
   const QString texto = caja.text().trimmed();
-  const auto fecha = Fecha::leer(texto);
+  const auto fecha = Fecha::leerProxima(texto, contexto().reloj.ahora());
   const bool mala = !fecha && !texto.isEmpty();
   marcarFalta(caja, mala);
   if (mala) return decirDuda(t(kTxFechaSinFiltrar).arg(texto));

@@ -39,6 +39,7 @@ class BrowOfer final : public ventanas::Ventana {
   Ui::BrowOfer ui_;
   Ofertas& motor_;
   Dia desde_, hasta_;
+  std::optional<Dia> fechaEnCola_;  // entered, and still to be asked about
   ventanas::Deshacer* deshacer_ = nullptr;
 };
 

@@ -54,10 +54,19 @@ QString BrowOfer::avisoFechas(Extremo extremo, const Dia& dia, int cuantas) cons
 // The question is queued until the cell editor is closed, since a message box would take the focus
 // from it.
 Resultado<> BrowOfer::fechaEscrita(Extremo extremo, const QString& texto) {
-  const auto fecha = Fecha::leer(texto.trimmed());
+  const auto fecha = Fecha::leerProxima(texto, contexto().reloj.ahora());
+  if (!fecha && !texto.trimmed().isEmpty()) return fallo(Fallo::Formato, t(kTxFechaMala));
   const Dia dia = fecha ? Dia(fecha->dia()) : Dia();
+  // A date applies to all offers shown: a pasted column of different ones has no meaning.
+  if (fechaEnCola_ && *fechaEnCola_ != dia) return fallo(Fallo::Formato, t(kTxUnaSolaFecha));
+  if (std::exchange(fechaEnCola_, dia)) return {};
   QMetaObject::invokeMethod(
-      this, [this, extremo, dia] { cambiarFechas(extremo, dia); }, Qt::QueuedConnection);
+      this,
+      [this, extremo] {
+        if (const auto cola = std::exchange(fechaEnCola_, std::nullopt))
+          cambiarFechas(extremo, *cola);
+      },
+      Qt::QueuedConnection);
   return {};
 }
 
@@ -100,12 +109,19 @@ void BrowOfer::borrar() {
   const auto cuanto =
       preguntar(PuertaMsgBorrOf{.seleccionadas = static_cast<int>(claves.size()), .todas = *todas});
   if (!cuanto) return;
-  const auto idas = motor_.borrar(claves, *cuanto == Borrar::Todos);
+  auto idas = motor_.borrar(claves, *cuanto == Borrar::Todos);
   if (!haIdoBien(idas)) return;
   ui_.Grid->limpiarSeleccion();
   RefrescoRemoto();
   ui_.Grid->setFocus();
-  decirBien(t(kTxOfertasBorradas, *idas));
+  const QString que = t(kTxOfertasBorradas, static_cast<int>(idas->size()));
+  deshacer_->apuntar(que, [this, c = std::move(*idas)]() -> Resultado<ventanas::Deshacer::Vuelto> {
+    TARVO_TOMAR(const auto fuera, motor_.reponer(c));
+    RefrescoRemoto();
+    if (fuera == 0) return ventanas::Deshacer::Vuelto();
+    return ventanas::Deshacer::Vuelto{t(kTxOfertasSinReponer, fuera), true};
+  });
+  decirBien(t(kTxOfertasBorradasYVuelven).arg(que));
 }
 
 }  // namespace tarvo::precios

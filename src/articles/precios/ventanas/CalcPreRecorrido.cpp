@@ -6,6 +6,7 @@
 #include "articles/precios/ventanas/CalcPreVentana.h"
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/ventanas/edicion/Ficha.h"
 
 namespace tarvo::precios {
 
@@ -14,7 +15,6 @@ using articles::Articulo;
 using articles::ClaveArticulo;
 
 Resultado<> CalcPreVentana::entrar(const PuertaCalcPre& puerta) {
-  ponerAjustes();
   lista_.unir(puerta.lista);
   ClaveArticulo clave{puerta.seccion, puerta.codigo};
   if (lista_) clave = {lista_->clave().seccion, lista_->clave().codigo};
@@ -23,6 +23,11 @@ Resultado<> CalcPreVentana::entrar(const PuertaCalcPre& puerta) {
     if (!primero) return vaciar(), Resultado<>();
     clave = *primero;
   }
+  // A second opening finds it as it was left; what was typed for another article waits for an
+  // answer.
+  if (isVisible() && cambiado() && (clave == articulo_.clave || !preguntarAbandono(*this)))
+    return {};
+  ponerAjustes();
   TARVO_INTENTAR(cargar(clave));
   if (lista_ && !std::exchange(seguida_, true)) lista_->alMover(this, [this] { reposicionado(); });
   ui_.grdpre->ponerActual(puerta.celda);
@@ -63,7 +68,7 @@ void CalcPreVentana::reposicionado() {
   if (moviendo_ || !lista_ || lista_->clave().codigo == 0) return;
   const auto [seccion, codigo] = lista_->clave();
   if (ClaveArticulo{seccion, codigo} == articulo_.clave) return;
-  if (tocado_ && !guardar()) return;
+  if (!terminarCajas() || (tocado_ && !guardar())) return;
   haIdoBien(cargar({seccion, codigo}));
 }
 
@@ -139,6 +144,7 @@ void CalcPreVentana::mover(int pasos) {
 }
 
 void CalcPreVentana::keyPressEvent(QKeyEvent* evento) {
+  if (evento->key() == Qt::Key_Escape && renunciar()) return evento->accept();
   const int pasos = evento->key() == Qt::Key_PageUp     ? -1
                     : evento->key() == Qt::Key_PageDown ? 1
                                                         : 0;
@@ -147,7 +153,16 @@ void CalcPreVentana::keyPressEvent(QKeyEvent* evento) {
   mover(pasos);
 }
 
+// A figure that would be written, or one that is being typed.
+bool CalcPreVentana::cambiado() const {
+  const bool otro = precios_ != articulo_.precios || calc_.cifras().costeN != articulo_.coste;
+  const bool tecleado =
+      std::ranges::any_of(cajas_, [](const auto& caja) { return caja.first->isModified(); });
+  return (tocado_ && otro && !articulo_.clave.deSistema()) || tecleado || ui_.grdpre->pendiente();
+}
+
 bool CalcPreVentana::QueryUnload() {
+  if (cambiado() && !preguntarAbandono(*this)) return true;
   guardarAjustes();
   lista_.soltar();
   return false;

@@ -11,6 +11,7 @@
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Recuerdos.h"
+#include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::precios {
 
@@ -97,6 +98,8 @@ void CalcPreVentana::unirCaja(QLineEdit& caja, const Hacer& hacer) {
 bool CalcPreVentana::tomar(QLineEdit& caja, const Hacer& hacer) {
   if (!caja.isModified()) return true;
   const QString dicho = caja.text().trimmed();
+  if (const auto mal = malTexto(caja, dicho)) return retener(caja, *mal);
+  marcarFalta(caja, false);
   hacer();
   tocado_ = true;
   pintar();
@@ -108,17 +111,57 @@ bool CalcPreVentana::tomar(QLineEdit& caja, const Hacer& hacer) {
   return igual;
 }
 
+// Why the text is no value of the box. An empty one is none, or 0.
+std::optional<QString> CalcPreVentana::malTexto(const QLineEdit& caja, const QString& texto) const {
+  if (texto.isEmpty()) return std::nullopt;
+  if (!numero(caja, texto)) return t(kTxNoEsNumero).arg(texto);
+  const Ajustes& a = contexto().ajustes;
+  if (esTanto(caja) || !SobranDecimales(a, texto, a.MonedaNativa)) return std::nullopt;
+  return contexto().textos(ventanas::kTxSobranDecimales,
+                           {texto, DecimalesMoneda(a, a.MonedaNativa)});
+}
+
+// The box keeps what was typed and the focus, until it is mended or given up with Escape.
+bool CalcPreVentana::retener(QLineEdit& caja, const QString& motivo) {
+  marcarFalta(caja, true);
+  decirFallo(motivo);
+  QMetaObject::invokeMethod(
+      this,
+      [this, &caja] {
+        if (isActiveWindow() && caja.isModified()) caja.setFocus();
+      },
+      Qt::QueuedConnection);
+  return false;
+}
+
+// The box being written, back to the figure that counts. False when nothing is typed in it.
+bool CalcPreVentana::renunciar() {
+  auto* caja = qobject_cast<QLineEdit*>(focusWidget());
+  if (!cajas_.contains(caja) || !caja->isModified()) return false;
+  marcarFalta(*caja, false);
+  pintar();
+  caja->selectAll();
+  if (tira().estado() == ventanas::Estado::Mal) tira().quitar();
+  return true;
+}
+
+bool CalcPreVentana::esTanto(const QLineEdit& caja) const {
+  return &caja == ui_.pciva || &caja == ui_.pcMarg || &caja == ui_.redon;
+}
+
 // Parses a text as the field does: an amount in whole units, or a plain number.
 std::optional<double> CalcPreVentana::numero(const QLineEdit& caja, const QString& texto) const {
-  if (&caja == ui_.pciva || &caja == ui_.pcMarg || &caja == ui_.redon) return numeroDe(texto);
+  if (esTanto(caja)) return numeroDe(texto);
   const auto n = LeerImporte(contexto().ajustes, texto, contexto().ajustes.MonedaNativa);
   return n ? std::optional(static_cast<double>(*n)) : std::nullopt;
 }
 
 bool CalcPreVentana::terminar() {
-  auto* caja = qobject_cast<QLineEdit*>(focusWidget());
-  const auto suya = cajas_.find(caja);
-  return (suya == cajas_.end() || tomar(*caja, suya->second)) && ui_.grdpre->terminar();
+  return terminarCajas() && ui_.grdpre->terminar();
+}
+
+bool CalcPreVentana::terminarCajas() {
+  return std::ranges::all_of(cajas_, [this](const auto& c) { return tomar(*c.first, c.second); });
 }
 
 void CalcPreVentana::ponerAjustes() {

@@ -33,10 +33,16 @@ class CalcPreVentana final : public ventanas::Ventana {
   // Applies the value typed in the field; false, after reporting it, if the field then shows a
   // different value.
   bool tomar(QLineEdit& caja, const Hacer& hacer);
+  std::optional<QString> malTexto(const QLineEdit& caja, const QString& texto) const;
+  bool retener(QLineEdit& caja, const QString& motivo);
+  bool renunciar();
+  bool esTanto(const QLineEdit& caja) const;  // a per cent or a step: a plain number
   std::optional<double> numero(const QLineEdit& caja, const QString& texto) const;
   // Applies the value of the field or cell that has the focus; false if the user has to check it
   // first.
   bool terminar();
+  bool terminarCajas();
+  bool cambiado() const;
   void ponerAjustes();
   void guardarAjustes();
 

@@ -1,11 +1,10 @@
 // The selection and its preview. Applying the change is in CambioLoteAcciones.cpp.
 #include "articles/precios/ventanas/CambioLoteVentana.h"
 
-#include <cmath>
-
 #include "articles/precios/CambioRapido.h"
 #include "articles/precios/Limites.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
+#include "core/dinero/Dinero.h"
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
@@ -165,10 +164,8 @@ SeleccionLote CambioLoteVentana::seleccion() const {
 
 // Validates both figures, marks the invalid ones and returns the reason.
 std::expected<OrdenLote, QString> CambioLoteVentana::ordenPrecios() {
-  const auto pc = numeroDe(ui_.txPc->text());
   const auto paso = comoPrecio(ui_.txPaso->text(), contexto().ajustes);
-  const int centesimas = pc && std::abs(*pc) < 1e6 ? static_cast<int>(std::lround(*pc * 100))
-                                                   : SubePrecios::kMenor - 1;
+  const int centesimas = LeerCentesimas(ui_.txPc->text()).value_or(SubePrecios::kMenor - 1);
   const auto orden = SubePrecios::de(centesimas, paso.value_or(0),
                                      static_cast<Redondeo>(ui_.redondeo->currentIndex()),
                                      unoDe(*ui_.nivel), unoDe(*ui_.tarifa));

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "articles/TextosArticles.h"
 #include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/CambioRapido.h"
 #include "articles/precios/ventanas/CfgFastA.h"
@@ -35,7 +36,9 @@ FastAlta::Respuesta FastAlta::preguntar() {
                                       : Respuesta::Cancelar;
 }
 
+// Asked once nothing stands in its way.
 void FastAlta::confirmar() {
+  if (!leer()) return;
   switch (preguntar()) {
     case Respuesta::Si:
       return Ficha::confirmar();
@@ -81,6 +84,7 @@ void FastAlta::aplicada() {
   tira().quitar();
   qint64 mayor = 0;
   for (const auto& nivel : a.precios) mayor = std::max(mayor, std::ranges::max(nivel));
+  if (mayor == 0) decirDuda(contexto().textos(articles::kTxSinNingunPrecio, {a.nombre}));
   if (const auto aviso = avisoPrecio(mayor, contexto().ajustes, contexto().textos))
     decirDuda(*aviso);
   vaciar();

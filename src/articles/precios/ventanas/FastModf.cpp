@@ -55,6 +55,8 @@ void FastModf::montar() {
   unir(ui_.Modo, u"adelante"_s, Qt::Key_F8, [this] { ponerModo(siguiente(modo_)); });
   unir(ui_.Configurar, u"ajustes"_s, Qt::Key_F9, [this] { configurar(); });
   deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
+  deshacer_->seguirTandas(*ui_.Grd);
+  ui_.Grd->ponerTodoONada([this](const auto& hacer) { return catalogo_.todoONada(hacer); });
   ui_.Grd->filtros()->addWidget(ui_.filtros);
   ui_.GrdP->preparar(contexto());
   ui_.GrdP->alEscribir(
@@ -64,6 +66,8 @@ void FastModf::montar() {
   connect(ui_.dbS, &QComboBox::activated, this, [this] { haIdoBien(seccionCambiada()); });
   connect(ui_.Grd, &ventanas::Parrilla::actualCambiada, this, &FastModf::articuloCambiado);
   connect(ui_.Grd, &ventanas::Parrilla::editada, this, &FastModf::articuloCambiado);
+  connect(ui_.Grd, &ventanas::Parrilla::variasEscritas, this, &FastModf::articuloCambiado);
+  connect(ui_.Grd, &ventanas::Parrilla::variasDejadas, this, &FastModf::articuloCambiado);
   connect(ui_.Grd, &ventanas::Parrilla::escrita, this, [this] { saltar(1); });
   connect(ui_.Grd, &ventanas::Parrilla::activada, this,
           [this] { ui_.GrdP->irA(ui_.GrdP->actual()); });

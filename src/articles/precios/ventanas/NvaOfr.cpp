@@ -44,8 +44,12 @@ void NvaOfr::montar() {
   ponerLetra(*normal_, ventanas::Letra::Secundaria);
   for (std::size_t n = 0; n < precios_.size(); ++n)
     precios_[n] = &f.fila(kTxPrecioNivel + static_cast<int>(n), u"Precio_%1"_s.arg(n), precio(n));
-  f.fila(ventanas::kTxDesdeConLetra, u"Fecha_1"_s, fecha(r.desde, false).con(t(kTxFechaMala)));
-  hasta_ = &f.fila(ventanas::kTxHasta, u"Fecha_F"_s, fecha(r.hasta, false).con(t(kTxFechaMala)));
+  auto& desde = f.fila(ventanas::kTxDesdeConLetra, u"Fecha_1"_s, dia(r.desde));
+  hasta_ = &f.fila(ventanas::kTxHasta, u"Fecha_F"_s, dia(r.hasta));
+  for (ventanas::Campo* campo : {&desde, hasta_})
+    connect(campo, &ventanas::Campo::dejado, this, [campo] {
+      if (campo->tocado() && campo->leer()) campo->mostrar();
+    });
   todos_ = f.ancho(new QCheckBox(t(kTxTodosGrupos)), u"Todos"_s);
   todos_->setToolTip(t(kTxTodosTip));
   f.muelle();
@@ -74,6 +78,18 @@ ventanas::Modo NvaOfr::precio(std::size_t nivel) {
             return std::unexpected(errorDe(precio.error(), s, a, contexto().textos));
           },
           .letras = 12};
+}
+
+// A day without its year is the next one; left, the field shows it whole.
+ventanas::Modo NvaOfr::dia(Dia& donde) {
+  ventanas::Modo modo = fecha(donde, false);
+  modo.poner = [this, &donde](const QString& s) -> Resultado<> {
+    const auto f = Fecha::leerProxima(s, contexto().reloj.ahora());
+    if (!f && !s.trimmed().isEmpty()) return fallo(Fallo::Formato, t(kTxFechaMala));
+    donde = f ? Dia(f->dia()) : Dia();
+    return {};
+  };
+  return modo;
 }
 
 Resultado<> NvaOfr::entrar(const PuertaNvaOfr& puerta) {

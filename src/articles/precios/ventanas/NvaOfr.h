@@ -27,6 +27,7 @@ class NvaOfr final : public ventanas::FichaDe<OfertaEscrita> {
   void keyPressEvent(QKeyEvent* evento) override;
   void montar();
   ventanas::Modo precio(std::size_t nivel);
+  ventanas::Modo dia(Dia& donde);
   void pintarGrupo();
   void buscar();
   QString preciosNormales(qint64 codigo);

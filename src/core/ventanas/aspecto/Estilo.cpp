@@ -21,12 +21,14 @@ Estilo::Estilo() : QProxyStyle(u"Fusion"_s) {}
 
 void Estilo::drawControl(ControlElement que, const QStyleOption* opcion, QPainter* pintor,
                          const QWidget* control) const {
-  if (que != CE_FocusFrame) return QProxyStyle::drawControl(que, opcion, pintor, control);
+  if (que != CE_FocusFrame) QProxyStyle::drawControl(que, opcion, pintor, control);
+  const bool ficha = que == CE_TabBarTabLabel && (opcion->state & State_HasFocus);
+  if (que != CE_FocusFrame && !ficha) return;
   pintor->save();
   pintor->setRenderHint(QPainter::Antialiasing);
   pintor->setPen(QPen(colorDe(Tinte::Acento), kFoco));
   pintor->setBrush(Qt::NoBrush);
-  const double medio = kFoco / 2.0;
+  const double medio = kFoco / 2.0 + (ficha ? kFoco : 0);  // inside of its tab
   pintor->drawRoundedRect(QRectF(opcion->rect).adjusted(medio, medio, -medio, -medio), kRedondo,
                           kRedondo);
   pintor->restore();
@@ -101,7 +103,8 @@ void Estilo::drawPrimitive(PrimitiveElement que, const QStyleOption* opcion, QPa
   } else if (que == PE_PanelLineEdit && esCampoSuelto(opcion)) {
     pintarCampo(*pintor, r, *opcion, control);
   } else if (que == PE_FrameFocusRect) {
-    // Only the current cell of a list is framed here: other controls have the focus ring.
+    // Only the current cell of a list is framed here: tabs have their own frame, other controls the
+    // focus ring.
     if (qobject_cast<const QAbstractItemView*>(control)) {
       pintor->setPen(QPen(colorDe(Tinte::Acento), 1));
       pintor->setBrush(Qt::NoBrush);

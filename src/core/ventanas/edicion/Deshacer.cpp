@@ -1,5 +1,8 @@
 #include "core/ventanas/edicion/Deshacer.h"
 
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <ranges>
 
 #include "core/ventanas/TextosVentanas.h"
@@ -21,7 +24,21 @@ Deshacer::Deshacer(Ventana& ventana, QAction* accion)
   accion_->setIcon(icono(u"atras"_s));
   accion_->setShortcut(QKeySequence(QKeySequence::Undo));
   connect(accion_, &QAction::triggered, this, &Deshacer::deshacer);
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget* antes, QWidget* ahora) {
+    if (antes) antes->removeEventFilter(this);
+    if (qobject_cast<QLineEdit*>(ahora) && ahora->window() == &v_) ahora->installEventFilter(this);
+  });
   pintar();
+}
+
+// A field undoes what was typed in it; the key it has nothing to do with is the window's.
+bool Deshacer::eventFilter(QObject* objeto, QEvent* evento) {
+  const auto* campo = qobject_cast<QLineEdit*>(objeto);
+  if (!campo || evento->type() != QEvent::ShortcutOverride || campo->isUndoAvailable() ||
+      !static_cast<QKeyEvent*>(evento)->matches(QKeySequence::Undo))
+    return false;
+  evento->ignore();
+  return true;
 }
 
 int Deshacer::apuntar(const QString& que, Vuelta vuelta) {
@@ -57,6 +74,10 @@ void Deshacer::seguirTandas(Parrilla& lista) {
   connect(&lista, &Parrilla::vanVarias, this, [this, desde] { *desde = ultimo_; });
   connect(&lista, &Parrilla::variasEscritas, this,
           [this, desde](int cuantas) { juntar(*desde, cuantas); });
+  connect(&lista, &Parrilla::variasDejadas, this, [this, desde] {
+    std::erase_if(pila_, [desde](const Cambio& c) { return c.numero > *desde; });
+    pintar();
+  });
 }
 
 // Merges the changes noted after that number into one. Those that can't be undone are left as they

@@ -37,7 +37,7 @@ class Deshacer final : public QObject {
   // Notes every cell written, with its former contents. The list reads its rows again after a cell
   // is restored. `cuando` returns false for a column to be left out.
   void seguirCeldas(Parrilla& lista, std::function<bool(int columna)> cuando = {});
-  // Makes cells written together a single step.
+  // Makes cells written together a single step, or none when none of them was written.
   void seguirTandas(Parrilla& lista);
   void deshacer();
   bool vacia() const { return pila_.empty(); }
@@ -52,6 +52,7 @@ class Deshacer final : public QObject {
     QString que;
     Vuelta vuelta;
   };
+  bool eventFilter(QObject* objeto, QEvent* evento) override;
   void juntar(int desde, int cuantas);
   void pintar();
 

@@ -222,8 +222,20 @@ bool Ficha::leerCallada() {
 
 bool Ficha::leer() {
   const auto malas = faltas();
+  if (!malas.empty()) hacerSitio();
   if (!malas.empty()) decir(malas);
   return malas.empty();
+}
+
+// Faults in words need room, as far as the screen has it: else they stand over each other.
+void Ficha::hacerSitio() {
+  const QLayout* todo = cuerpo()->layout();
+  if (!todo) return;
+  const int pide = std::max(todo->totalMinimumHeightForWidth(cuerpo()->width()),
+                            todo->totalMinimumSize().height());
+  const int cabe = screen()->availableSize().height() - (frameGeometry().height() - height());
+  const int alto = std::min(height() + pide - cuerpo()->height(), cabe);
+  if (alto > height()) crecer({width(), alto});
 }
 
 bool Ficha::cambiada() const {

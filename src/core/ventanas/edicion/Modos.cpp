@@ -1,5 +1,5 @@
 // The kinds of fields: how each value is shown, which texts it accepts, and its limits in words.
-#include <cmath>
+#include <cstdlib>
 
 #include "core/dinero/Dinero.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -101,15 +101,18 @@ Modo Ficha::centesimas(int& donde, int menor, int mayor) const {
   const auto ver = [](int n) { return QString::number(n / 100.0, 'f', 2).replace(u'.', u','); };
   return {.ver = [&donde, ver] { return ver(donde); },
           .poner = [this, &donde, ver, menor, mayor](const QString& s) -> Resultado<> {
-            bool es = false;
-            const double x = s.trimmed().replace(u',', u'.').toDouble(&es) * 100;
-            if (!es || !std::isfinite(x) || x < menor - 0.5 || x >= mayor + 0.5)
+            const auto n = LeerCentesimas(s);
+            if (!n || *n < menor || *n > mayor)
               return fallo(Fallo::Formato, t(kTxDecimalDe).arg(ver(menor), ver(mayor)));
-            donde = static_cast<int>(std::lround(x));
+            donde = *n;
             return {};
           },
           .limites = t(kTxDeA).arg(ver(menor), ver(mayor)),
           .letras = 8};
+}
+
+std::unexpected<Error> Ficha::sobran(const QString& texto, int caben) const {
+  return fallo(Fallo::Formato, contexto().textos(kTxSobranDecimales, {texto.trimmed(), caben}));
 }
 
 Modo Ficha::dinero(qint64& donde, std::function<int()> moneda, qint64 mayor) const {
@@ -118,6 +121,7 @@ Modo Ficha::dinero(qint64& donde, std::function<int()> moneda, qint64 mayor) con
           .poner = [this, &donde, &a, moneda, mayor](const QString& s) -> Resultado<> {
             const auto n = LeerImporte(a, s, moneda());
             if (!n || *n < 0) return fallo(Fallo::Formato, t(kTxEscribaImporte));
+            if (SobranDecimales(a, s, moneda())) return sobran(s, DecimalesMoneda(a, moneda()));
             if (*n > mayor)
               return fallo(Fallo::Formato, t(kTxImporteMayor).arg(VerImporte(a, mayor, moneda())));
             donde = *n;
@@ -132,6 +136,7 @@ Modo Ficha::cantidad(qint64& donde, std::function<int()> cada) const {
             const auto n = LeerCantidad(s, cada());
             if (!n || std::abs(*n) > kImporteMayor)
               return fallo(Fallo::Formato, t(kTxEscribaCantidad));
+            if (SobranDecimales(s, cada())) return sobran(s, DecimalesCantidad(cada()));
             donde = *n;
             return {};
           },

@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -279,6 +280,7 @@ bool Ventana::event(QEvent* evento) {
 void Ventana::pulsarBoton(QKeyEvent& evento) {
   evento.accept();
   if (cerrada_ || teclea_ != focusWidget()) return;
+  if (auto* barra = qobject_cast<QTabBar*>(focusWidget())) return entrarEnFicha(*barra);
   auto* boton = qobject_cast<QAbstractButton*>(focusWidget());
   if (!qobject_cast<QPushButton*>(boton) && !qobject_cast<QToolButton*>(boton)) {
     const auto todos = cuerpo_->findChildren<QPushButton*>();
@@ -287,6 +289,16 @@ void Ventana::pulsarBoton(QKeyEvent& evento) {
     boton = suyo == todos.end() ? nullptr : *suyo;
   }
   if (boton) boton->click();
+}
+
+// From its tab to the first control of the page.
+void Ventana::entrarEnFicha(QTabBar& barra) {
+  const auto* fichas = qobject_cast<QTabWidget*>(barra.parentWidget());
+  const QWidget* hoja = fichas ? fichas->currentWidget() : nullptr;
+  for (QWidget* w = barra.nextInFocusChain(); hoja && w != &barra; w = w->nextInFocusChain())
+    if (hoja->isAncestorOf(w) && (w->focusPolicy() & Qt::TabFocus) && w->isEnabled() &&
+        w->isVisible())
+      return w->setFocus(Qt::TabFocusReason);
 }
 
 // Shift+F10 is for keyboards without a menu key.

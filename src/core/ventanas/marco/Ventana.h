@@ -19,6 +19,8 @@
 
 #include "core/ventanas/marco/Contexto.h"
 
+class QTabBar;
+
 namespace tarvo::ventanas {
 
 class Buscable;
@@ -130,6 +132,7 @@ class Ventana : public QWidget {
   Ventana* modalEncima() const;
   bool cerrarLoDeEncima();
   void pulsarBoton(QKeyEvent& evento);
+  void entrarEnFicha(QTabBar& barra);
   void pedirMenu(QWidget& control);
   void pasarFicha(int pasos);
 

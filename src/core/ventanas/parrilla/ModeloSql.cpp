@@ -1,6 +1,7 @@
 #include "core/ventanas/parrilla/ModeloSql.h"
 
 #include <algorithm>
+#include <span>
 
 namespace tarvo::ventanas {
 
@@ -19,9 +20,13 @@ QString entreParentesis(const QString& filtro) {
 }
 
 // The filter must not drive the query plan: a period has half a million rows, and the keys are few.
-QString conClaves(const Origen& o, const QString& que, const QString& clave, int cuantas) {
+// `todas`: also rows that the filter no longer lets through.
+QString conClaves(const Origen& o, const QString& que, const QString& clave, int cuantas,
+                  bool todas = false) {
   const QString filtro =
-      o.filtro.isEmpty() ? QString() : conMarcas(u"iif({f}, 1, 0) AND ", {{u"f", o.filtro}});
+      o.filtro.isEmpty()
+          ? QString()
+          : conMarcas(todas ? u"iif({f}, 1, 1) AND " : u"iif({f}, 1, 0) AND ", {{u"f", o.filtro}});
   return conMarcas(u"SELECT {que} FROM {desde} WHERE {filtro}{clave} IN ({claves})",
                    {{u"que", que},
                     {u"desde", o.desde},
@@ -299,16 +304,26 @@ ModeloSql::Pagina ModeloSql::leerPagina(int numero) const {
     valores.push_back(valores.back());
   Pagina p;
   p.filas.resize(kFilasPagina);
-  const auto leidas = dao::recorrer(
-      db_.OpenQuery(
-          conClaves(lectura_.origen, listaColumnas(lectura_), lectura_.origen.clave, kFilasPagina),
-          valores),
-      [&](const dao::Recordset& leida) {
-        auto& fila = p.filas[sitio[leida.entero(0)]];
-        fila.reserve(columnas_.size());
-        for (int c = 0; c < columnCount(); ++c) fila.push_back(leida.valor(c + 1));
-      });
-  if (!leidas) Q_EMIT fallido(leidas.error());
+  const auto leer = [&](bool todas) {
+    const auto leidas =
+        dao::recorrer(db_.OpenQuery(conClaves(lectura_.origen, listaColumnas(lectura_),
+                                              lectura_.origen.clave, kFilasPagina, todas),
+                                    valores),
+                      [&](const dao::Recordset& leida) {
+                        auto& fila = p.filas[sitio[leida.entero(0)]];
+                        if (!fila.empty()) return;
+                        fila.reserve(columnas_.size());
+                        for (int c = 0; c < columnCount(); ++c) fila.push_back(leida.valor(c + 1));
+                      });
+    if (!leidas) Q_EMIT fallido(leidas.error());
+    return leidas.has_value();
+  };
+  // A row that was changed out of the filter stays in sight until the list is read again.
+  const auto faltan = [&] {
+    return std::ranges::any_of(std::span(p.filas).first(hasta - desde),
+                               [](const auto& fila) { return fila.empty(); });
+  };
+  if (leer(false) && !lectura_.origen.filtro.isEmpty() && faltan()) leer(true);
   return p;
 }
 

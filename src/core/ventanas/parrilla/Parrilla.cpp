@@ -87,8 +87,10 @@ Resultado<> Parrilla::refrescar() {
     vista_->viewport()->update();
     return {};
   }
+  const int antes = std::max(0, filaActual());
   const auto hecho = sql_->refrescar();
-  if (hecho && filas() > 0 && filaActual() < 0) irA(0);
+  // The neighbour of a row that isn't there any more.
+  if (hecho && filas() > 0 && filaActual() < 0) irA(std::min(antes, filas() - 1));
   return hecho;
 }
 

@@ -76,9 +76,14 @@ class Parrilla final : public QWidget, private Buscable {
   void ponerEscribeAlTeclear(bool si);
   // Write into the column of the current cell, as if each text were typed: the lines of the
   // clipboard from this row down (Ctrl+V); the contents of the first selected cell into the other
-  // selected rows (Ctrl+D). They end at the first text refused.
+  // selected rows (Ctrl+D). All of them or, if one is refused, none: then fallo() names the refused
+  // lines.
   void pegar();
   void rellenar();
+  // What makes many cells one: the engine's own all or nothing. Without it what was written is
+  // written back.
+  using TodoONada = std::function<Resultado<>(const std::function<Resultado<>()>& hacer)>;
+  void ponerTodoONada(TodoONada como);
   // Opens the current cell, or the first editable one of its row. False if there is none.
   bool editarCelda();
   bool editando() const;
@@ -117,7 +122,8 @@ class Parrilla final : public QWidget, private Buscable {
   void escrita(int fila);  // the same with Enter, which ends the editing
   void vanVarias();        // many cells are about to be written
   void variasEscritas(int cuantas);
-  void dejada();  // a cell editor was closed, after writing or not
+  void variasDejadas();  // none of them was written after all
+  void dejada();         // a cell editor was closed, after writing or not
   void seleccionCambiada();
   void fallo(const tarvo::Error& error);  // of work begun by the user on the grid itself
   void resuelto();  // after a refused cell: another was written, or it was discarded

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QKeyEvent>
+#include <ranges>
 #include <utility>
 
 #include "core/ventanas/TextosVentanas.h"
@@ -77,27 +78,68 @@ void Parrilla::Interior::seguirEditando(int pasos) {
   }
 }
 
-void Parrilla::Interior::escribirVarias(const std::vector<int>& filas, const QStringList& textos) {
-  const int columna = yo.vista_->currentIndex().column();
-  const Columna& col = columnas[static_cast<size_t>(columna)];
-  std::vector<ModeloParrilla::Clave> claves;
-  claves.reserve(filas.size());
-  for (const int fila : filas) claves.push_back(yo.clave(fila));
-  Q_EMIT yo.vanVarias();
-  int hechas = 0;
-  Resultado<> hecho;
-  for (size_t i = 0; hecho && i < claves.size(); ++i) {
-    const QString antes = yo.modelo()->texto(filas[i], columna);
-    const QString& texto = textos[static_cast<qsizetype>(i)];
-    if (antes == texto) continue;
-    hecho = col.editar(claves[i], texto);
-    if (!hecho) break;
-    Q_EMIT yo.celdaEscrita(claves[i], columna, antes);
-    ++hechas;
+// Cells of one column that are written together.
+struct Parrilla::Interior::Tanda {
+  struct Celda {
+    ModeloParrilla::Clave clave;
+    QString antes, texto;
+  };
+  int columna = 0;
+  std::vector<Celda> celdas;
+  std::vector<Celda> escritas;
+};
+
+void Parrilla::ponerTodoONada(TodoONada como) {
+  d->todoONada = std::move(como);
+}
+
+// All are tried, so that all bad ones can be named.
+Resultado<> Parrilla::Interior::escribirTanda(Tanda& tanda) {
+  constexpr qsizetype kNombradas = 5;
+  const Columna& col = columnas[static_cast<size_t>(tanda.columna)];
+  QStringList malas;
+  int cuantas = 0;
+  for (size_t i = 0; i < tanda.celdas.size(); ++i) {
+    const Tanda::Celda& celda = tanda.celdas[i];
+    if (celda.antes == celda.texto) continue;
+    if (const auto hecho = col.editar(celda.clave, celda.texto); !hecho) {
+      if (++cuantas <= kNombradas)
+        malas << c->textos(kTxLineaPegada, {static_cast<int>(i) + 1, hecho.error().texto});
+      continue;
+    }
+    tanda.escritas.push_back(celda);
+    Q_EMIT yo.celdaEscrita(celda.clave, tanda.columna, celda.antes);
   }
+  if (cuantas == 0) return {};
+  if (cuantas > kNombradas) malas << QStringLiteral("…");
+  return tarvo::fallo(Fallo::Formato, Plural(t(kTxNadaPegado), cuantas) + u' ' + malas.join(u' '));
+}
+
+void Parrilla::Interior::devolver(const Tanda& tanda) {
+  const Columna& col = columnas[static_cast<size_t>(tanda.columna)];
+  for (const Tanda::Celda& celda : tanda.escritas | std::views::reverse)
+    if (const auto vuelta = col.editar(celda.clave, celda.antes); !vuelta) avisar(vuelta.error());
+}
+
+void Parrilla::Interior::escribirVarias(const std::vector<int>& filas, const QStringList& textos) {
+  Tanda tanda{yo.vista_->currentIndex().column(), {}, {}};
+  tanda.celdas.reserve(filas.size());
+  tanda.escritas.reserve(filas.size());
+  for (size_t i = 0; i < filas.size(); ++i)
+    tanda.celdas.push_back({yo.clave(filas[i]), yo.modelo()->texto(filas[i], tanda.columna),
+                            textos[static_cast<qsizetype>(i)]});
+  Q_EMIT yo.vanVarias();
+  const auto escribir = [&] { return escribirTanda(tanda); };
+  auto hecho = todoONada ? todoONada(escribir) : escribir();
+  if (!hecho && !todoONada) devolver(tanda);
+  const int cuantas = hecho ? static_cast<int>(tanda.escritas.size()) : 0;
   if (const auto leido = yo.refrescar(); hecho && !leido) hecho = leido;
-  Q_EMIT yo.variasEscritas(hechas);
-  decir(Plural(t(kTxCeldasEscritas), hechas));
+  if (cuantas > 0) {
+    Q_EMIT yo.variasEscritas(cuantas);
+    decir(Plural(t(kTxCeldasEscritas), cuantas));
+  } else {
+    Q_EMIT yo.variasDejadas();
+  }
   if (!hecho) Q_EMIT yo.fallo(hecho.error());
 }
 

@@ -35,7 +35,9 @@ struct Parrilla::Interior {
   int anchoInicial(int columna) const;
   void colocarColumnas();
   void leerColumnas();
+  bool crece(int columna) const;  // it is a text
   void estirar();
+  void repartirResto(const std::vector<int>& vistas, int primera);
   QString nombreMemoria() const;
   void guardar();
   void reponer();
@@ -53,6 +55,9 @@ struct Parrilla::Interior {
   bool teclaEdicion(const QKeyEvent& evento);
   void seguirEditando(int pasos);
   void escribirVarias(const std::vector<int>& filas, const QStringList& textos);
+  struct Tanda;
+  Resultado<> escribirTanda(Tanda& tanda);
+  void devolver(const Tanda& tanda);
   void hacerSitio();
   void resolver();
   void ceder();
@@ -86,6 +91,7 @@ struct Parrilla::Interior {
   Guardado guardado;
   Delegado* delegado = nullptr;
   bool escribeAlTeclear = false;
+  TodoONada todoONada;
   int escritas = 0;        // cells written so far
   bool rechazado = false;  // a refusal is pending
   QString tecleado;

@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kAnchoBusca = 220;
-constexpr int kAnchoElastica = 480, kAnchoMinimo = 120;
+constexpr int kAnchoElastica = 480, kAnchoMinimo = 120, kAnchoMayor = 720;
 
 int anchoPorClase(const Columna& c) {
   switch (c.clase) {
@@ -273,6 +273,7 @@ void Parrilla::Interior::colocarColumnas() {
 }
 
 // Hides columns with a rank, the highest first, until the others fit with the text at its minimum.
+// The column in hand stays.
 void Parrilla::Interior::hacerSitio() {
   QHeaderView* h = yo.vista_->horizontalHeader();
   const QScopedValueRollback en(colocando, true);
@@ -286,7 +287,8 @@ void Parrilla::Interior::hacerSitio() {
     if (esta) elastica = false;
   }
   while (ancho > yo.vista_->viewport()->width()) {
-    const auto vistas = columnasVistas();
+    auto vistas = columnasVistas();
+    std::erase(vistas, yo.vista_->currentIndex().column());
     const auto peor = std::ranges::max_element(
         vistas, {}, [this](int i) { return columnas[static_cast<size_t>(i)].rango; });
     if (peor == vistas.end() || columnas[static_cast<size_t>(*peor)].rango == 0) return;
@@ -296,16 +298,26 @@ void Parrilla::Interior::hacerSitio() {
   }
 }
 
+bool Parrilla::Interior::crece(int columna) const {
+  const Columna& col = columnas[static_cast<size_t>(columna)];
+  return col.clase == Clase::Texto && !col.estado;
+}
+
 // Until the user sets widths, the first text column takes the remaining width, up to a limit if
-// other columns follow it.
+// other columns follow it; then the other wide text columns do, and what still remains goes to the
+// first one up to a higher limit.
 void Parrilla::Interior::estirar() {
   if (!elasticas || !yo.modelo()) return;
-  hacerSitio();
   QHeaderView* h = yo.vista_->horizontalHeader();
+  {
+    const QScopedValueRollback en(colocando, true);
+    for (const int i : columnasVistas())
+      if (crece(i)) h->resizeSection(i, anchoInicial(i));
+  }
+  hacerSitio();
   const auto vistas = columnasVistas();
   for (const int i : vistas) {
-    const Columna& col = columnas[static_cast<size_t>(i)];
-    if (col.clase != Clase::Texto || col.estado) continue;
+    if (!crece(i)) continue;
     const int otras = h->length() - h->sectionSize(i);
     const int cabe = yo.vista_->viewport()->width() - otras;
     const bool aprieta =
@@ -316,8 +328,23 @@ void Parrilla::Interior::estirar() {
     const QScopedValueRollback en(colocando, true);
     h->resizeSection(
         i, i == vistas.back() ? libre : std::min(libre, std::max(base, escalar(kAnchoElastica))));
+    if (i != vistas.back()) repartirResto(vistas, i);
     return;
   }
+}
+
+void Parrilla::Interior::repartirResto(const std::vector<int>& vistas, int primera) {
+  QHeaderView* h = yo.vista_->horizontalHeader();
+  const auto crecer = [&](int i, int hasta) {
+    const int resto = yo.vista_->viewport()->width() - h->length();
+    const int ahora = h->sectionSize(i);
+    if (resto > 0) h->resizeSection(i, std::max(ahora, std::min(ahora + resto, escalar(hasta))));
+  };
+  for (const int i : vistas) {
+    if (i == primera || !crece(i)) continue;
+    if (anchoInicial(i) >= escalar(kAnchoMinimo)) crecer(i, kAnchoElastica);
+  }
+  crecer(primera, kAnchoMayor);
 }
 
 QString Parrilla::Interior::nombreMemoria() const {

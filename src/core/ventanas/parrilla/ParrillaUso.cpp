@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
@@ -254,14 +255,24 @@ void Parrilla::exportar() {
   QString nombre = window()->windowTitle().remove(QRegularExpression(uR"([/\\:*?"<>|])"_s));
   nombre = nombre.simplified();
   if (nombre.isEmpty()) nombre = d->ventana.section(u'#', 0, 0);
-  const QString ruta = QFileDialog::getSaveFileName(
-      window(), d->t(kTxExportar).remove(u'&'), d->c->ajustes.carpeta + u'/' + nombre + u".xlsx"_s,
-      d->t(kTxTiposExportar));
-  if (!ruta.isEmpty()) exportarEn(ruta);
+  QFileDialog caja(window(), d->t(kTxExportar).remove(u'&'), d->c->ajustes.carpeta,
+                   d->t(kTxTiposExportar));
+  caja.setAcceptMode(QFileDialog::AcceptSave);
+  caja.selectFile(nombre + u".xlsx"_s);
+  // A name without an ending gets that of its kind.
+  const auto deTipo = [&caja](const QString& tipo) {
+    caja.setDefaultSuffix(tipo.contains(u".csv"_s) ? u"csv"_s : u"xlsx"_s);
+  };
+  connect(&caja, &QFileDialog::filterSelected, &caja, deTipo);
+  deTipo(caja.selectedNameFilter());
+  if (caja.exec() == QDialog::Accepted) exportarEn(caja.selectedFiles().value(0));
 }
 
 void Parrilla::exportarEn(const QString& ruta) {
   if (!modelo()) return;
+  const QFileInfo fichero(ruta);
+  if (fichero.completeBaseName().isEmpty() || fichero.isDir())
+    return d->avisar({Fallo::Formato, 0, d->t(kTxFaltaNombreFichero)});
   d->trabajo->parar();
   if (sql_)
     if (const auto hecho = sql_->contarTodo(); !hecho) return d->avisar(hecho.error());
