@@ -282,7 +282,10 @@ void Parrilla::Interior::hacerSitio() {
   for (const int i : columnasVistas()) {
     const Columna& col = columnas[static_cast<size_t>(i)];
     const bool esta = elastica && col.clase == Clase::Texto && !col.estado;
-    ancho += esta ? std::min(anchoInicial(i), escalar(kAnchoMinimo)) : h->sectionSize(i);
+    const bool crece = col.clase == Clase::Texto && !col.estado;
+    ancho += esta    ? std::min(anchoInicial(i), escalar(kAnchoMinimo))
+             : crece ? anchoInicial(i)
+                     : h->sectionSize(i);
     if (esta) elastica = false;
   }
   while (ancho > yo.vista_->viewport()->width()) {
@@ -296,27 +299,37 @@ void Parrilla::Interior::hacerSitio() {
   }
 }
 
-// Until the user sets widths, the first text column takes the remaining width, up to a limit if
-// other columns follow it.
+// Until the user sets widths, the text columns share the remaining width in proportion to their
+// own, each up to a limit if other columns follow it. If there is too little, the first one
+// shrinks.
 void Parrilla::Interior::estirar() {
   if (!elasticas || !yo.modelo()) return;
   hacerSitio();
   QHeaderView* h = yo.vista_->horizontalHeader();
   const auto vistas = columnasVistas();
+  std::vector<int> textos;
+  int sobra = yo.vista_->viewport()->width(), peso = 0;
   for (const int i : vistas) {
     const Columna& col = columnas[static_cast<size_t>(i)];
-    if (col.clase != Clase::Texto || col.estado) continue;
-    const int otras = h->length() - h->sectionSize(i);
-    const int cabe = yo.vista_->viewport()->width() - otras;
-    const bool aprieta =
-        std::ranges::any_of(columnas, [](const Columna& otra) { return otra.rango > 0; });
-    const int base = aprieta ? std::min(anchoInicial(i), std::max(cabe, escalar(kAnchoMinimo)))
-                             : anchoInicial(i);
-    const int libre = std::max(base, yo.vista_->viewport()->width() - otras);
-    const QScopedValueRollback en(colocando, true);
-    h->resizeSection(
-        i, i == vistas.back() ? libre : std::min(libre, std::max(base, escalar(kAnchoElastica))));
-    return;
+    const bool crece = col.clase == Clase::Texto && !col.estado;
+    sobra -= crece ? anchoInicial(i) : h->sectionSize(i);
+    if (!crece) continue;
+    textos.push_back(i);
+    peso += anchoInicial(i);
+  }
+  const bool aprieta =
+      std::ranges::any_of(columnas, [](const Columna& otra) { return otra.rango > 0; });
+  if (sobra < 0 && !aprieta) sobra = 0;
+  const QScopedValueRollback en(colocando, true);
+  for (const int i : textos) {
+    const int suyo = anchoInicial(i);
+    const int tope = i == vistas.back() ? suyo + std::max(sobra, 0)
+                                        : std::max(escalar(kAnchoElastica), 2 * suyo);
+    const int ancho = sobra < 0 ? std::max(suyo + sobra, std::min(suyo, escalar(kAnchoMinimo)))
+                                : std::min(suyo + sobra * suyo / peso, tope);
+    h->resizeSection(i, ancho);
+    sobra = std::max(sobra - (ancho - suyo), 0);
+    peso -= suyo;
   }
 }
 
