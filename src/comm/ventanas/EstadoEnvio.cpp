@@ -147,6 +147,7 @@ void EstadoEnvio::calcular() {
   destino_ = **d;
   mirarTareas();
   ui_.Pedir->setEnabled(destino_->conCross());
+  ui_.Pedir->setProperty(kPorQueNo, t(kTxNoSePuedePedir));
   ui_.ficha->ponerVacia(t(destino_->conCross() ? kTxEligeArticulo : kTxNoSePuedePedir));
   ui_.LblCuenta->setText(t(kTxCalculando));
   pregunta_.preguntar<Estados>(s_.grupos.estado(*destino_), [this](Resultado<Estados> r) {
@@ -218,7 +219,7 @@ std::vector<qint64> EstadoEnvio::elegidos() {
   for (const int fila : ui_.lista->filasParaActuar())
     codigos.push_back(ui_.lista->valor(fila, u"CODPLU").entero());
   std::ranges::sort(codigos);
-  if (codigos.empty()) decirDuda(t(kTxEligeArticulo));
+  if (codigos.empty()) decirPista(t(kTxEligeArticulo));
   return codigos;
 }
 
@@ -242,7 +243,7 @@ void EstadoEnvio::enviar() {
 void EstadoEnvio::pedir() {
   const int fila = ui_.lista->filaActual();
   if (!destino_ || !destino_->conCross()) return;
-  if (fila < 0) return decirDuda(t(kTxEligeArticulo));
+  if (fila < 0) return decirPista(t(kTxEligeArticulo));
   const qint64 codigo = ui_.lista->valor(fila, u"CODPLU").entero();
   if (s_.motor.NuevaTarea(destino_->grupo, true, codigo, codigo, TipoTarea::RxDatPlu) != 0)
     return decirFallo(t(kTxGrupoNoComunica));
