@@ -105,11 +105,12 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
   std::map<QString, std::vector<TipoTarea>> sinLeer;  // by reason
   std::vector<TipoTarea> cortadas;
   QStringList fallos, dudas;
-  bool leido = false;
+  bool leido = false, porLeer = false;
   for (const auto& [clase, asunto] : d.clases) {
     const bool lectura = esDeTotales(clase);
     const QString motivo = sinPunto(asunto.tarea.motivo);
     if (asunto.tarea.estado == TareaHecha::Estado::EnCola) {
+      porLeer = porLeer || lectura;
       if (!d.enCurso) cortadas.push_back(clase);
     } else if (asunto.tarea.estado == TareaHecha::Estado::Hecha) {
       leido = leido || lectura;
@@ -121,7 +122,7 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
     }
   }
   for (const auto& [motivo, clases] : sinLeer)
-    fallos << (leido || sinLeer.size() > 1 || !cortadas.empty()
+    fallos << (leido || porLeer || sinLeer.size() > 1 || !cortadas.empty()
                    ? t(kTxNoRecogido, {nombresDe(clases), motivo})
                    : t(kTxNadaRecogido, {motivo}));
   if (!cortadas.empty()) fallos << t(kTxCortado, {nombresDe(cortadas)});

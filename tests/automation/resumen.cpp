@@ -209,9 +209,12 @@ TEST(Resumen, UnaNocheEnMarchaDiceSusPropiosFallos) {
   maquinasDePrueba().mudas = {2};
   const auto p = tienda.programa();
   const Mirador mudo(*p, 2);
-  correr(*p, u"T:RXGRTOT,2\r\nC:ESPERA,1,No\r\nS:CERRAR,x,Sí,Sí\r\n"_s);
+  correr(*p, u"T:RXPLUS,2\r\nT:RXGRTOT,2\r\nC:ESPERA,1,No\r\nS:CERRAR,x,Sí,Sí\r\n"_s);
   ASSERT_FALSE(mudo.dicho.isEmpty());
   EXPECT_EQ(mudo.dicho.first(), u"4|Espera su turno.|");
+  EXPECT_TRUE(mudo.dicho.contains(
+      u"2|No se recogió Totales por artículos: No se encuentra el HOST especificado. En espera: Gran Total.|"_s))
+      << mudo.dicho.join(u'\n').toStdString();
   EXPECT_EQ(mudo.dicho.last(), u"2|No se recogió nada: No se encuentra el HOST especificado.|");
   p->correr(u"T:RXGRTOT,2\r\nC:ESPERA,1,No\r\n"_s);
   EXPECT_EQ(leer(*p).grupos[0].motivo, u"Recogido y puesto a cero. Sus totales cuadran.");

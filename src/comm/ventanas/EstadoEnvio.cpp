@@ -107,6 +107,7 @@ void EstadoEnvio::montar() {
   ventanas::llenar(*ui_.Ver, vistas);
   ui_.lista->preparar(contexto(), nombre(), columnasEstado(contexto().textos));
   ui_.lista->filtros()->addWidget(ui_.filtros);
+  setTabOrder(ui_.Ver, ui_.lista->campoBusca());  // as one reads
   ui_.lista->ponerAcciones({ui_.Enviar, ui_.Pedir, ui_.Parar, ui_.Recalcular});
   ui_.ficha->preparar(contexto(), nombre(), columnasFicha(contexto().textos));
   ui_.ficha->vivas();

@@ -151,7 +151,8 @@ TEST_F(VentanaEstado, ElTabuladorVaComoSeLee) {
                                                 : w->objectName());
     QTest::keyClick(v, Qt::Key_Tab);
   } while (v->focusWidget() != grupo && paradas.size() < 20);
-  EXPECT_EQ(paradas.join(u' '), u"Grupo Ver busca lista ficha Enviar Pedir Recalcular");
+  EXPECT_EQ(paradas.join(u' ').toStdString(),
+            "Grupo Ver busca lista ficha Enviar Pedir Recalcular");
 }
 
 TEST_F(VentanaEstado, DesdeLaVentanaDeComunicaciones) {
