@@ -141,7 +141,7 @@ envios::Grupos& Aplicacion::grupos() {
 automation::Pendientes& Aplicacion::debidos() {
   return d->debidos;
 }
-std::shared_ptr<automation::LectorResumen> Aplicacion::resumen(std::optional<qint64> enMarcha) {
+std::shared_ptr<automation::LectorResumen> Aplicacion::resumen() {
   return std::make_shared<automation::LectorResumen>(
       automation::FuentesResumen{.db = d->db,
                                  .ajustes = d->casa.ajustes,
@@ -149,7 +149,7 @@ std::shared_ptr<automation::LectorResumen> Aplicacion::resumen(std::optional<qin
                                  .lenguaje = d->lenguaje,
                                  .ahora = d->hora.ahora(),
                                  .cronos = &d->cronos,
-                                 .enMarcha = enMarcha});
+                                 .curso = d->automat.curso()});
 }
 Resultado<std::vector<articles::LoteAMedias>> Aplicacion::lotesAMedias() const {
   return articles::lotesAMedias(d->catalogo);

@@ -73,8 +73,8 @@ class Aplicacion {
   const motor::RepertorioTareas& repertorio() const;
   envios::Grupos& grupos();
   automation::Pendientes& debidos();
-  // The morning summary, to be read in steps; `enMarcha`: the run under way.
-  std::shared_ptr<automation::LectorResumen> resumen(std::optional<qint64> enMarcha);
+  // The morning summary, to be read in steps.
+  std::shared_ptr<automation::LectorResumen> resumen();
   Resultado<std::vector<articles::LoteAMedias>> lotesAMedias() const;
   // Deletes tickets left open on an earlier day, if any.
   Resultado<> olvidarTiquesViejos();

@@ -5,6 +5,8 @@
 
 #include <functional>
 #include <memory>
+#include <set>
+#include <utility>
 
 #include "automation/lenguaje/Proceso.h"
 #include "comm/motor/gestcomm.h"
@@ -45,6 +47,14 @@ struct VistaPaso {
   QString dicho;  // its effect, in words
   EstadoPaso estado = EstadoPaso::Pendiente;
   QString motivo;  // of its first problem
+};
+
+// What the run under way still has to do, and does now, with each group.
+struct CursoEjecucion {
+  qint64 numero = 0;
+  bool aTodos = false;                          // steps to come ask all groups that communicate
+  std::set<int> porPedir;                       // groups that steps to come name
+  std::set<std::pair<int, TipoTarea>> enLinea;  // tasks whose frames are passing
 };
 
 // An observer of a run. It may not start, stop or destroy the runner from within.
@@ -112,6 +122,8 @@ class Automat final : private motor::Vigilante {
   int pasoActual() const;
   // The number of the run under way; nothing while there is none.
   std::optional<qint64> ejecucion() const;
+  // The same with what it does; a step whose group a parameter is still to fill names none.
+  std::optional<CursoEjecucion> curso() const;
   bool enMarcha() const;  // a run is under way, moving or held
   bool diferida() const;
   const QString& nombre() const;  // of the process; empty before the first one

@@ -48,6 +48,7 @@ struct Automat::Interior final : motor::Observador {
   void interrumpirVistas();
   void asentarVistas();
   void pasoHecho();
+  void contarPorPedir(CursoEjecucion& curso) const;
 
   // --- trace
   void escribir(const QStringList& lineas);

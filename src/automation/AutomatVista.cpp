@@ -1,4 +1,7 @@
 // What observers of a run are shown: the state of each step, and changes.
+#include <algorithm>
+#include <span>
+
 #include "automation/AutomatInterior.h"
 
 namespace tarvo::automation {
@@ -65,6 +68,29 @@ void Automat::observar(ObservadorAutomat& quien) {
 }
 void Automat::dejarDeObservar(ObservadorAutomat& quien) {
   std::erase(d->observadores, &quien);
+}
+
+void Automat::Interior::contarPorPedir(CursoEjecucion& curso) const {
+  const auto desde =
+      std::clamp<qint64>(pendiente ? indice : indice + 1, 0, static_cast<qint64>(pasos.size()));
+  for (const PasoProceso& p : std::span(pasos).subspan(static_cast<size_t>(desde))) {
+    const auto* tarea = std::get_if<PasoTarea>(&p);
+    if (!tarea) continue;
+    if (const auto* grupo = std::get_if<qint64>(&tarea->grupo))
+      curso.porPedir.insert(static_cast<int>(*grupo));
+    else if (std::get<QString>(tarea->grupo) == kTodosLosGrupos)
+      curso.aTodos = true;
+  }
+}
+
+std::optional<CursoEjecucion> Automat::curso() const {
+  const auto numero = ejecucion();
+  if (!numero) return std::nullopt;
+  CursoEjecucion curso{.numero = *numero, .porPedir = {}, .enLinea = {}};
+  if (d->fase != kAbortando) d->contarPorPedir(curso);
+  for (const motor::VistaTarea& v : d->t.motor.tareas())
+    if (v.Estado == motor::kTransfiriendo) curso.enLinea.emplace(v.datos.Grupo, v.datos.Clase);
+  return curso;
 }
 
 }  // namespace tarvo::automation

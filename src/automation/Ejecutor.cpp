@@ -74,7 +74,7 @@ Resultado<std::optional<std::vector<int>>> gruposDe(const PasoTarea& p, dao::Dat
     if (*n < 0 || *n > kMayorGrupo) return std::nullopt;
     return std::vector{static_cast<int>(*n)};
   }
-  if (std::get<QString>(p.grupo) != u"ALL") return std::nullopt;
+  if (std::get<QString>(p.grupo) != kTodosLosGrupos) return std::nullopt;
   return dao::reunir(db.consultar(u"SELECT CODGPO FROM GRUPOS ORDER BY CODGPO"),
                      [](const dao::Recordset& rs) { return static_cast<int>(rs.entero(0)); });
 }

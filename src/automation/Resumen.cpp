@@ -78,7 +78,8 @@ Resultado<Resumen> leerResumen(const FuentesResumen& fuentes) {
 
 Resultado<> LectorResumen::leerEjecuciones() {
   TARVO_INTENTAR(asegurarTablasHistoria(f_.db));
-  TARVO_TOMAR(auto ultimas, Historial(f_.db, f_.textos).ultimas(kEjecucionesMiradas, f_.enMarcha));
+  const auto enMarcha = f_.curso ? std::optional(f_.curso->numero) : std::nullopt;
+  TARVO_TOMAR(auto ultimas, Historial(f_.db, f_.textos).ultimas(kEjecucionesMiradas, enMarcha));
   for (const auto& e : ultimas) ultimas_.try_emplace(e.nombre, e.inicio);  // the latest first
   for (auto& e : ultimas)
     if (r_.ejecuciones.empty() || f_.ahora - e.inicio < kNoche)
@@ -97,13 +98,12 @@ Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
   Historial historial(f_.db, f_.textos);
   TARVO_TOMAR(const auto tareas, historial.tareas(e.numero));
   TARVO_TOMAR(const auto avisos, historial.avisos(e.numero));
+  const bool enMarcha = e.fin == FinEjecucion::EnMarcha;
+  if (enMarcha) TARVO_INTENTAR(leerMemorizado(e.numero));
   for (const auto& t : tareas) {
-    DeGrupo& d = porGrupo_[t.grupo];
+    DeGrupo& d = enMarcha ? tomarlo(t.grupo) : porGrupo_[t.grupo];
     if (esDeTotales(t.clase)) {
-      // Read again: earlier reports no longer count, nor, while it is being read, do earlier
-      // results.
-      if (e.fin == FinEjecucion::EnMarcha && d.recogida != e.numero) d.clases.clear();
-      d.avisos.clear();
+      d.avisos.clear();  // read again: earlier reports no longer count
       d.recogida = e.numero;
     }
     d.clases[t.clase] = {t, e.fin, ++veces_};
@@ -113,10 +113,30 @@ Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
     if (!a.grave) continue;
     if (a.grupo == 0)
       r_.avisos.push_back(a);
-    else if (auto& lista = porGrupo_[a.grupo].avisos; !lista.contains(a.texto))
+    else if (auto& lista = (enMarcha ? tomarlo(a.grupo) : porGrupo_[a.grupo]).avisos;
+             !lista.contains(a.texto))
       lista << a.texto;
   }
   return {};
+}
+
+// The run under way works on the group: nothing from earlier ones is told of it.
+LectorResumen::DeGrupo& LectorResumen::tomarlo(int grupo) {
+  DeGrupo& d = porGrupo_[grupo];
+  if (d.enCurso) return d;
+  d = {};
+  d.enCurso = true;
+  d.recogida = f_.curso->numero;
+  return d;
+}
+
+Resultado<> LectorResumen::leerMemorizado(qint64 ejecucion) {
+  if (!f_.db.existeTabla(u"Origenes")) return {};
+  return dao::recorrer(
+      f_.db.consultar(u"SELECT DISTINCT GRUPO FROM Origenes WHERE EJECUCION=?", ejecucion),
+      [this](const dao::Recordset& rs) {
+        tomarlo(static_cast<int>(rs.entero(0))).memorizado = true;
+      });
 }
 
 Resultado<> LectorResumen::leerGrupos() {
@@ -126,7 +146,9 @@ Resultado<> LectorResumen::leerGrupos() {
                       GrupoResumen g;
                       g.grupo = static_cast<int>(rs.entero(0));
                       g.nombre = rs.texto(1).trimmed();
-                      juzgar(g, rs.entero(2) != 0, porGrupo_[g.grupo]);
+                      const bool comunica = rs.entero(2) != 0;
+                      if (comunica && porPedir(g.grupo)) tomarlo(g.grupo);
+                      juzgar(g, comunica, porGrupo_[g.grupo]);
                       r_.grupos.push_back(std::move(g));
                       anadir([this, i = r_.grupos.size() - 1] { return cuadrar(i); });
                     }));
@@ -135,8 +157,9 @@ Resultado<> LectorResumen::leerGrupos() {
 }
 
 // No group sold anything on a weekday with usual sales: the machines read may be unused, or may
-// have been zeroed by others.
+// have been zeroed by others. A night under way may still bring them.
 Resultado<> LectorResumen::mirarVentas() {
+  if (f_.curso) return {};
   const auto dia = std::ranges::find(r_.periodos, totals::kDiario, &PeriodoResumen::tipo);
   if (dia == r_.periodos.end() || dia->importe != 0 || dia->media().value_or(0) <= 0) return {};
   const auto vendio = [](const GrupoResumen& g) { return g.importe.value_or(0) != 0; };
@@ -201,10 +224,11 @@ Resultado<> LectorResumen::leerAnteriores(PeriodoResumen& p, Fecha desde) {
 // period has it, the inbox. A period made before that collection shows nothing about it.
 Resultado<> LectorResumen::cuadrar(size_t cual) {
   GrupoResumen& g = r_.grupos[cual];
-  if (g.estado == EstadoGrupo::SinIntentar || g.estado == EstadoGrupo::EnMarcha) return {};
+  const DeGrupo& d = porGrupo_[g.grupo];
+  if (g.estado == EstadoGrupo::SinIntentar || (d.enCurso && !d.memorizado)) return {};
   qint64 link = 0;
   for (const PeriodoResumen& p : r_.periodos) {
-    if (p.ejecucion < porGrupo_[g.grupo].recogida) continue;
+    if (p.ejecucion < d.recogida) continue;
     TARVO_TOMAR(const auto suma, f_.db.uno(u"SELECT SUM(IMP) FROM TOTGRT WHERE LINK=? AND GRUPO=?",
                                            p.link, g.grupo));
     if (suma.nulo()) continue;

@@ -76,7 +76,7 @@ struct FuentesResumen {
   const Lenguaje& lenguaje;
   Fecha ahora;
   const Cronos* cronos = nullptr;
-  std::optional<qint64> enMarcha = {};  // number of the run that is under way
+  std::optional<CursoEjecucion> curso = {};  // of the run under way
 };
 
 class LectorResumen {
@@ -96,12 +96,16 @@ class LectorResumen {
   struct DeGrupo {
     std::map<TipoTarea, Asunto> clases;
     QStringList avisos;
-    qint64 recogida = 0;  // the last run meant to read it
+    qint64 recogida = 0;      // the last run meant to read it
+    bool enCurso = false;     // the run under way works on it: only what that did counts
+    bool memorizado = false;  // by that run
   };
 
   void anadir(std::function<Resultado<>()> paso) { pasos_.push_back(std::move(paso)); }
   Resultado<> leerEjecuciones();
   Resultado<> leerEjecucion(const EjecucionHecha& e);
+  Resultado<> leerMemorizado(qint64 ejecucion);
+  DeGrupo& tomarlo(int grupo);
   Resultado<> leerGrupos();
   Resultado<> cuadrar(size_t grupo);
   Resultado<> leerPeriodo(const PeriodoHecho& hecho, qint64 ejecucion);
@@ -117,6 +121,14 @@ class LectorResumen {
                 bool activo);
   QString loRecogido(const DeGrupo& d) const;
   void juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) const;
+  // How far the run under way is with a group, in sentences.
+  struct Avance {
+    QStringList frases;
+    bool acabado = false;  // nothing of it is queued or to come
+  };
+  Avance avanceDe(int grupo, const DeGrupo& d) const;
+  QString loHechoAhora(const DeGrupo& d) const;
+  bool porPedir(int grupo) const;
   QString nombresDe(const std::vector<TipoTarea>& clases) const;
 
   FuentesResumen f_;

@@ -37,9 +37,65 @@ QString LectorResumen::loRecogido(const DeGrupo& d) const {
   return f_.textos(leido == 0 ? kTxHecho : aCero > leido ? kTxRecogidoYCero : kTxRecogido);
 }
 
+// --- the night under way ------------------------------------------------------------------------
+
+bool LectorResumen::porPedir(int grupo) const {
+  return f_.curso && (f_.curso->aTodos || f_.curso->porPedir.contains(grupo));
+}
+
+// Of what is done already; empty while nothing is.
+QString LectorResumen::loHechoAhora(const DeGrupo& d) const {
+  std::vector<TipoTarea> leidas, otras;
+  bool faltaLeer = false;
+  int leido = 0, cero = 0;
+  for (const auto& [clase, asunto] : d.clases) {
+    const bool lectura = esDeTotales(clase);
+    if (lectura) leido = std::max(leido, asunto.vez);
+    if (asunto.tarea.estado != TareaHecha::Estado::Hecha)
+      faltaLeer = faltaLeer || lectura;
+    else if (clase == TipoTarea::TxZero)
+      cero = asunto.vez;
+    else
+      (lectura ? leidas : otras).push_back(clase);
+  }
+  const bool aCero = cero > leido;
+  const Textos& t = f_.textos;
+  QStringList frases;
+  if (faltaLeer && !leidas.empty())
+    frases << t(kTxYaRecogido, {nombresDe(leidas)});
+  else if (!leidas.empty() && d.memorizado)
+    frases << t(aCero ? kTxRecogidoMemoCero : kTxRecogidoMemo);
+  else if (!leidas.empty())
+    frases << t(aCero ? kTxRecogidoYCero : kTxRecogido);
+  else if (d.memorizado)
+    frases << t(aCero ? kTxMemoCero : kTxMemorizado);
+  else if (aCero)
+    frases << t(kTxPuestoACero);
+  if (frases.isEmpty() && !otras.empty()) frases << t(kTxYaHecho, {nombresDe(otras)});
+  return frases.join(u' ');
+}
+
+LectorResumen::Avance LectorResumen::avanceDe(int grupo, const DeGrupo& d) const {
+  std::vector<TipoTarea> ahora, espera;
+  for (const auto& [clase, asunto] : d.clases)
+    if (asunto.tarea.estado == TareaHecha::Estado::EnCola)
+      (f_.curso->enLinea.contains({grupo, clase}) ? ahora : espera).push_back(clase);
+  const Textos& t = f_.textos;
+  Avance a{.frases = {}, .acabado = ahora.empty() && espera.empty() && !porPedir(grupo)};
+  if (const QString hecho = loHechoAhora(d); !hecho.isEmpty()) a.frases << hecho;
+  if (!ahora.empty()) a.frases << t(kTxEnCurso, {nombresDe(ahora)});
+  if (!espera.empty()) a.frases << t(kTxEnEspera, {nombresDe(espera)});
+  if (a.frases.isEmpty() && porPedir(grupo)) a.frases << t(kTxEsperaSuTurno);
+  if (ahora.empty() && espera.empty() && !d.clases.empty() && !a.frases.isEmpty())
+    a.frases = {t(kTxProcesoSigue, {a.frases.join(u' ')})};
+  return a;
+}
+
+// --- the verdict --------------------------------------------------------------------------------
+
 void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) const {
   const Textos& t = f_.textos;
-  if (d.clases.empty() || !comunica) {
+  if ((d.clases.empty() && !d.enCurso) || !comunica) {
     g.motivos << t(!comunica                ? kTxNoComunica
                    : r_.ejecuciones.empty() ? kTxNadaEjecutado
                                             : kTxNadieLoNombra);
@@ -47,14 +103,15 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
     return;
   }
   std::map<QString, std::vector<TipoTarea>> sinLeer;  // by reason
-  std::vector<TipoTarea> cortadas, enCurso;
+  std::vector<TipoTarea> cortadas;
   QStringList fallos, dudas;
-  bool leido = false;
+  bool leido = false, porLeer = false;
   for (const auto& [clase, asunto] : d.clases) {
     const bool lectura = esDeTotales(clase);
     const QString motivo = sinPunto(asunto.tarea.motivo);
     if (asunto.tarea.estado == TareaHecha::Estado::EnCola) {
-      (asunto.fin == FinEjecucion::EnMarcha ? enCurso : cortadas).push_back(clase);
+      porLeer = porLeer || lectura;
+      if (!d.enCurso) cortadas.push_back(clase);
     } else if (asunto.tarea.estado == TareaHecha::Estado::Hecha) {
       leido = leido || lectura;
     } else if (lectura) {
@@ -65,21 +122,21 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
     }
   }
   for (const auto& [motivo, clases] : sinLeer)
-    fallos << (leido || sinLeer.size() > 1 || !cortadas.empty()
+    fallos << (leido || porLeer || sinLeer.size() > 1 || !cortadas.empty()
                    ? t(kTxNoRecogido, {nombresDe(clases), motivo})
                    : t(kTxNadaRecogido, {motivo}));
   if (!cortadas.empty()) fallos << t(kTxCortado, {nombresDe(cortadas)});
-  QStringList marcha;
-  if (!enCurso.empty()) marcha << t(kTxEnCurso, {nombresDe(enCurso)});
-  const bool sigue = std::ranges::any_of(
-      d.clases, [](const auto& c) { return c.second.fin == FinEjecucion::EnMarcha; });
-  if (sigue && marcha.isEmpty()) marcha << t(kTxProcesoSigue, {loRecogido(d)});
   dudas = d.avisos + dudas;  // the reports explain what wasn't done
-  g.estado = !fallos.isEmpty()   ? EstadoGrupo::Fallido
-             : !marcha.isEmpty() ? EstadoGrupo::EnMarcha
-             : !dudas.isEmpty()  ? EstadoGrupo::Dudoso
-                                 : EstadoGrupo::Bien;
-  g.motivos = fallos + marcha + dudas;
+  const Avance avance = d.enCurso ? avanceDe(g.grupo, d) : Avance{};
+  const QStringList marcha =
+      avance.frases.isEmpty() ? QStringList() : QStringList(avance.frases.join(u' '));
+  // While there is something left to be done with it a doubt may still be settled.
+  const bool dudoso = !dudas.isEmpty() && (!d.enCurso || avance.acabado);
+  g.estado = !fallos.isEmpty() ? EstadoGrupo::Fallido
+             : dudoso          ? EstadoGrupo::Dudoso
+             : d.enCurso       ? EstadoGrupo::EnMarcha
+                               : EstadoGrupo::Bien;
+  g.motivos = fallos + (dudoso ? dudas + marcha : marcha + dudas);
   if (g.motivos.isEmpty()) g.motivos << loRecogido(d);
   g.motivo = g.motivos.first();
 }

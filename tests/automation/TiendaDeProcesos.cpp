@@ -29,6 +29,7 @@ class TrabajoDePrueba final : public motor::CursoTarea {
   TrabajoDePrueba(const motor::DatosTarea& datos, const motor::Entorno& entorno)
       : d_(datos), en_(entorno) {}
   Resultado<motor::Siguiente> siguiente() override {
+    if (maquinasDePrueba().alPreguntar) maquinasDePrueba().alPreguntar();
     if (d_.Clase == TipoTarea::TxZero) TARVO_INTENTAR(olvidar());
     return motor::Siguiente::fin();
   }

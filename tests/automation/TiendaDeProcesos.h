@@ -38,8 +38,9 @@ class RelojConCorte final : public Reloj {
 
 struct Maquinas {
   std::map<int, totals::Contadores> porGrupo;
-  std::set<int> mudas;  // groups with a silent machine
-  int ceros = 0;        // resets obeyed by a machine
+  std::set<int> mudas;                // groups with a silent machine
+  int ceros = 0;                      // resets obeyed by a machine
+  std::function<void()> alPreguntar;  // called while a task's frames are passing
 };
 
 // The counters behind the kinds of task of `registroDePrueba`.

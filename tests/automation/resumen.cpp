@@ -22,7 +22,7 @@ Resumen leer(Programa& p) {
                         .textos = textosDePrueba(),
                         .lenguaje = p.lenguaje(),
                         .ahora = p.reloj().ahora(),
-                        .enMarcha = p.automat().ejecucion()});
+                        .curso = p.automat().curso()});
   EXPECT_TRUE(r) << (r ? "" : r.error().texto.toStdString());
   return r ? *r : Resumen{};
 }
@@ -140,6 +140,84 @@ TEST(Resumen, UnaNocheEnMarchaNoHablaDeLaAnterior) {
     EXPECT_EQ(g.motivos.size(), 1) << g.motivos.join(u' ').toStdString();
     EXPECT_FALSE(g.importe) << "the period is another night's";
   }
+}
+
+// What the board tells of a group while a night is under way, asked after each step of the run and
+// while each of its tasks is transferring.
+class Mirador final : public ObservadorAutomat {
+ public:
+  Mirador(Programa& p, int grupo) : p_(p), grupo_(grupo) {
+    p_.automat().observar(*this);
+    maquinasDePrueba().alPreguntar = [this] { automatCambiado(); };
+  }
+  ~Mirador() {
+    p_.automat().dejarDeObservar(*this);
+    maquinasDePrueba().alPreguntar = nullptr;
+  }
+  QStringList dicho;
+
+ private:
+  void automatCambiado() override {
+    if (!p_.automat().enMarcha()) return;
+    const GrupoResumen g = leer(p_).grupos.at(static_cast<size_t>(grupo_ - 1));
+    const QString linea =
+        u"%1|%2|%3"_s.arg(static_cast<int>(g.estado))
+            .arg(g.motivos.join(u' '), g.importe ? QString::number(*g.importe) : QString());
+    if (dicho.isEmpty() || dicho.last() != linea) dicho << linea;
+  }
+  Programa& p_;
+  int grupo_;
+};
+
+TEST(Resumen, UnaNocheCuentaPasoAPasoLoQueLleva) {
+  TiendaDeProcesos tienda;
+  const auto p = tienda.programa();
+  correr(*p);
+  tienda.reloj.avanzar(20 * 3600 * 1000);
+  maquinasDePrueba().porGrupo[1] = {1, 100, 300, 0};
+  const Mirador mirador(*p, 1);
+  correr(*p, u"T:TX_HORA,2\r\nC:ESPERA,1,No\r\n"_s + kNoche);
+  const QString enMarcha = QString::number(static_cast<int>(EstadoGrupo::EnMarcha)) + u'|';
+  QStringList dicho = mirador.dicho;
+  for (QString& l : dicho) {
+    EXPECT_TRUE(l.startsWith(enMarcha)) << l.toStdString();
+    l.remove(0, enMarcha.size());
+  }
+  EXPECT_EQ(
+      dicho,
+      QStringList(
+          {u"Espera su turno.|"_s, u"En espera: Totales por artículos.|"_s,
+           u"En espera: Totales por artículos, Gran Total.|"_s,
+           u"En marcha: Totales por artículos. En espera: Gran Total.|"_s,
+           u"Ya recogido: Totales por artículos. En marcha: Gran Total.|"_s,
+           u"Recogido. El proceso sigue.|"_s, u"Recogido y memorizado. El proceso sigue.|300"_s,
+           u"Recogido y memorizado. En espera: Puesta a CERO.|300"_s,
+           u"Recogido y memorizado. En espera: Puesta a CERO, Fecha y Hora de Sistema.|300"_s,
+           u"Recogido y memorizado. En marcha: Puesta a CERO. En espera: Fecha y Hora de Sistema.|300"_s,
+           u"Recogido, memorizado y puesto a cero. En marcha: Fecha y Hora de Sistema.|300"_s,
+           u"Recogido, memorizado y puesto a cero. El proceso sigue.|300"_s}))
+      << dicho.join(u'\n').toStdString();
+  EXPECT_EQ(leer(*p).grupos[0].motivo, u"Recogido y puesto a cero. Sus totales cuadran.");
+}
+
+// What goes wrong tonight is told with tonight's reason; a group that isn't asked keeps last
+// night's word.
+TEST(Resumen, UnaNocheEnMarchaDiceSusPropiosFallos) {
+  TiendaDeProcesos tienda;
+  correr(*tienda.programa());
+  tienda.reloj.avanzar(20 * 3600 * 1000);
+  maquinasDePrueba().mudas = {2};
+  const auto p = tienda.programa();
+  const Mirador mudo(*p, 2);
+  correr(*p, u"T:RXPLUS,2\r\nT:RXGRTOT,2\r\nC:ESPERA,1,No\r\nS:CERRAR,x,Sí,Sí\r\n"_s);
+  ASSERT_FALSE(mudo.dicho.isEmpty());
+  EXPECT_EQ(mudo.dicho.first(), u"4|Espera su turno.|");
+  EXPECT_TRUE(mudo.dicho.contains(
+      u"2|No se recogió Totales por artículos: No se encuentra el HOST especificado. En espera: Gran Total.|"_s))
+      << mudo.dicho.join(u'\n').toStdString();
+  EXPECT_EQ(mudo.dicho.last(), u"2|No se recogió nada: No se encuentra el HOST especificado.|");
+  p->correr(u"T:RXGRTOT,2\r\nC:ESPERA,1,No\r\n"_s);
+  EXPECT_EQ(leer(*p).grupos[0].motivo, u"Recogido y puesto a cero. Sus totales cuadran.");
 }
 
 // Read again and not zeroed since: the zeroing of the night is older.

@@ -118,6 +118,8 @@ TEST_F(EstadoDeEnvio, UnaFichaAlLadoDeOtra) {
   EXPECT_EQ(distintos.join(u','), u"Nombre,Precio base");
   EXPECT_EQ(f.campos[2].aqui, u"1,00");
   EXPECT_EQ(f.campos[2].alli, u"0,99");
+  EXPECT_EQ(f.campos[3].alli, u"Por kilo");
+  EXPECT_EQ(f.campos[11].aqui, u"Sí");
   EXPECT_EQ(estado(), u"10=2");
   // If held back, it shows the article of the database; it and the machine's differ in readable
   // form.

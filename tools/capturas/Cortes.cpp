@@ -107,8 +107,10 @@ QString textoConLetra(const QWidget& w) {
   return {};
 }
 
-// Two controls with the same letter: neither responds to it at once.
-void mirarLetras(const QWidget& ventana, QStringList& faltas) {
+}  // namespace
+
+QStringList letrasRepetidas(const QWidget& ventana) {
+  QStringList faltas;
   QHash<QKeySequence, QString> vistas;
   const auto anotar = [&](const QString& texto) {
     const QKeySequence letra = QKeySequence::mnemonic(texto);
@@ -125,13 +127,11 @@ void mirarLetras(const QWidget& ventana, QStringList& faltas) {
     if (const auto* pestanas = qobject_cast<const QTabBar*>(w))
       for (int i = 0; i < pestanas->count(); ++i) anotar(pestanas->tabText(i));
   }
+  return faltas;
 }
 
-}  // namespace
-
 QStringList cortes(const QWidget& ventana) {
-  QStringList faltas;
-  mirarLetras(ventana, faltas);
+  QStringList faltas = letrasRepetidas(ventana);
   for (const QWidget* w : ventana.findChildren<QWidget*>()) {
     if (!w->isVisible()) continue;
     mirarSitio(*w, faltas);

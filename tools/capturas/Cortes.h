@@ -8,5 +8,7 @@ namespace tarvo::capturas {
 
 // A line for each fault, empty if everything is readable. REQUIRES a visible window.
 QStringList cortes(const QWidget& ventana);
+// Of these only the controls that share a letter: neither answers to it at once.
+QStringList letrasRepetidas(const QWidget& ventana);
 
 }  // namespace tarvo::capturas

@@ -63,7 +63,10 @@ const std::vector<EntradaMenu>& entradas() {
 }  // namespace
 
 MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplicacion& aplicacion)
-    : Ventana(contexto, nombre), app_(aplicacion), tray_(new SysTray(this)) {
+    : Ventana(contexto, nombre),
+      app_(aplicacion),
+      tray_(new SysTray(this)),
+      deshacer_(new ventanas::Deshacer(*this)) {
   ui_.setupUi(cuerpo());
   manana_ = new Manana(contexto, aplicacion, cuerpo());
   ui_.SitioManana->addWidget(manana_);

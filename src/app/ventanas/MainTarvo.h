@@ -3,8 +3,10 @@
 // disabled, and its tool tip says so.
 #pragma once
 
+#include "app/AjustesPersonal.h"
 #include "app/Aplicacion.h"
 #include "app/ventanas/Lleva.h"
+#include "core/ventanas/edicion/Deshacer.h"
 #include "core/ventanas/marco/Captura.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_MainTarvo.h"
@@ -54,6 +56,7 @@ class MainTarvo final : public ventanas::Ventana {
                     std::optional<size_t> cual);
   void editarPersonal(std::optional<size_t> cual);
   void eliminarPersonal(size_t cual);
+  Resultado<ventanas::Deshacer::Vuelto> reponerPersonal(const Personal& ida, size_t cual);
   void atenderMenu(QToolButton& boton, std::optional<size_t> cual);
 
   // --- windows receiving from a machine: before the end they are asked to stop, and waited for
@@ -65,6 +68,7 @@ class MainTarvo final : public ventanas::Ventana {
   Ui::MainTarvo ui_;
   Manana* manana_;
   SysTray* tray_;
+  ventanas::Deshacer* deshacer_;  // of the person's own entries
   bool suspendiendo_ = false;
   qint64 hijaIda_ = -1;      // when another window was last closed, on the monotonic clock
   bool enPersonal_ = false;  // the pop-up menu or the dialog of an own entry is open

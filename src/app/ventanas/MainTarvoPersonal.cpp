@@ -91,7 +91,7 @@ void MainTarvo::ejecutarPersonal(const QString& titulo) {
   if (fichero && fichero->activaciones.empty()) {
     if (ventanas::MyMsgBox::Decide(this, contexto().textos,
                                    contexto().textos(kTxEjecutarAhora, {titulo, cual->proceso}),
-                                   ventanas::kAceptoCancelo))
+                                   ventanas::kAceptoCancelo | ventanas::kPrudente))
       ir(automation::PuertaAutomat{aut});
     return;
   }
@@ -156,9 +156,22 @@ void MainTarvo::editarPersonal(std::optional<size_t> cual) {
 void MainTarvo::eliminarPersonal(size_t cual) {
   auto& lista = contexto().ajustes.de<AjustesPersonal>().personal;
   if (cual >= lista.size()) return;
+  const Personal ida = lista[cual];
   lista.erase(lista.begin() + static_cast<std::ptrdiff_t>(cual));
   refrescarPersonal();
   if (lista.size() < 2 && ui_.Paneles->currentIndex() == kPersonal) mostrarPanel(kPrincipal);
+  deshacer_->apuntar(t(kTxQueEntrada).arg(ida.titulo),
+                     [this, ida, cual] { return reponerPersonal(ida, cual); });
+  decirBien(t(kTxEntradaQuitada).arg(ida.titulo));
+}
+
+Resultado<ventanas::Deshacer::Vuelto> MainTarvo::reponerPersonal(const Personal& ida, size_t cual) {
+  auto& lista = contexto().ajustes.de<AjustesPersonal>().personal;
+  if (std::ranges::find(lista, ida.titulo, &Personal::titulo) != lista.end())
+    return fallo(Fallo::Duplicado, t(kTxTituloRepetido));
+  lista.insert(lista.begin() + static_cast<std::ptrdiff_t>(std::min(cual, lista.size())), ida);
+  refrescarPersonal();
+  return ventanas::Deshacer::Vuelto();
 }
 
 }  // namespace tarvo::app

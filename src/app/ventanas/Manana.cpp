@@ -131,7 +131,7 @@ void Manana::renovar() {
   ejecucion_ = app_.automat().ejecucion();
   cambios_ = c_.base.cambios();
   cuando_ = c_.reloj.monotono();
-  lector_ = app_.resumen(ejecucion_);
+  lector_ = app_.resumen();
   trabajo_ = std::make_unique<Trabajo>(
       c_.reloj, [lector = lector_](Trabajo::Avance&) { return lector->paso(); },
       [](const Trabajo::Avance&) {}, [this](const Resultado<Trabajo::Fin>& fin) { acabar(fin); });

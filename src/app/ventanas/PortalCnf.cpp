@@ -5,6 +5,7 @@
 #include "app/ventanas/Entrada.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Alcance.h"
 #include "core/ventanas/marco/Escritorio.h"
 
 namespace tarvo::app {
@@ -28,10 +29,12 @@ PortalCnf::PortalCnf(ventanas::Contexto& contexto, const QString& nombre)
                   {ui_.Euros, u"sumar"_s, u"Pts2Eur"_s},
                   {ui_.CopiaSeguridad, u"guardar"_s, u"gesBackup"_s},
                   {ui_.Conversion, u"importar"_s, u"MainTvc"_s}};
+  QSet<QChar> usadas = ventanas::letrasUsadas(*cuerpo());
   for (const auto& e : entradas) {
     const int lado = ventanas::escalar(ventanas::kIconoGrande);
     e.boton->setIcon(ventanas::icono(e.icono));
     e.boton->setIconSize({lado, lado});
+    e.boton->setText(ventanas::conLetra(e.boton->text(), usadas));
     connect(e.boton, &QToolButton::clicked, this,
             [this, v = e.ventana] { this->contexto().ventanas.abrir(v, this); });
     if (contexto.ventanas.conoce(e.ventana)) continue;

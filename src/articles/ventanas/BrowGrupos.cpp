@@ -69,6 +69,7 @@ void BrowGrupos::montar() {
   ui_.Arbol->setColumnCount(kColumnas);
   ui_.Arbol->setHeaderLabels(
       {t(ventanas::kTxNombre), t(kTxNumero), t(ventanas::kTxArticulos), t(kTxIva)});
+  ui_.Arbol->setAccessibleName(windowTitle());
   ui_.Arbol->setEditTriggers(QAbstractItemView::NoEditTriggers);
   ui_.Arbol->setExpandsOnDoubleClick(false);
   ui_.Arbol->setUniformRowHeights(true);

@@ -40,7 +40,7 @@ class Campos {
     const qint64 n = f.toLongLong(&es);
     if (es) return n;
     const bool referencia = f.size() == 2 && f.front() == u'%';
-    if (!referencia && f != u"ALL") fallo(kTxNoEsNumero, {citado(f)});
+    if (!referencia && f != kTodosLosGrupos) fallo(kTxNoEsNumero, {citado(f)});
     return f.toString();
   }
   Referencia codigo(qint64 defecto) {

@@ -44,8 +44,10 @@ constexpr bool existe(VerboPeriodos v) {
   return false;
 }
 
+// In the place of a group.
+inline constexpr QStringView kTodosLosGrupos = u"ALL";
 // A number, or the text in its place: a reference ("%x") until a parameter fills it, or
-// "ALL".
+// kTodosLosGrupos.
 using Referencia = std::variant<qint64, QString>;
 // A moment, or the reference ("#x") that stands for it.
 using Momento = std::variant<Fecha, QString>;

@@ -1,7 +1,6 @@
 #include "automation/ventanas/AutomatVentana.h"
 
 #include <QFileInfo>
-#include <QHeaderView>
 #include <QScrollBar>
 
 #include "automation/ventanas/CtrlSolo.h"
@@ -124,7 +123,6 @@ AutomatVentana::AutomatVentana(Contexto& c, const QString& nombre, Automat& auto
   ui_.ListaPasos->vivas();
   ui_.ListaPasos->ponerUnaSola(true);
   ui_.ListaPasos->ponerBusca(false);
-  ui_.ListaPasos->vista()->horizontalHeader()->setStretchLastSection(true);
   ui_.ListaPasos->ponerVacia(t(kTxSinProceso));
   ui_.ListaPasos->vista()->setAccessibleName(t(kTxPasosProceso));
   ui_.Problemas->setAccessibleName(t(kTxTrazaEjecucion));

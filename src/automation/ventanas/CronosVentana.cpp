@@ -214,7 +214,7 @@ void CronosVentana::volverSiAcabo() {
 
 void CronosVentana::ejecutarAhora() {
   const int fila = ui_.ListaCron->filaActual();
-  if (fila < 0 || !cronos_.adelantar(fila)) return decirDuda(t(kTxElijaEnEspera));
+  if (fila < 0 || !cronos_.adelantar(fila)) return decirPista(t(kTxElijaEnEspera));
   const QString proceso = cronos_.entradas()[static_cast<size_t>(fila)].proceso;
   decirBien(contexto().textos(kTxSeEjecuta, {proceso}));
   refrescar();

@@ -42,7 +42,7 @@ FilaViva filaNueva(size_t i, const QString& texto) {
 }  // namespace
 
 EdiCron::EdiCron(Contexto& c, const QString& nombre, const Lenguaje& lenguaje)
-    : FichaDe(c, nombre), lenguaje_(lenguaje) {
+    : FichaDe(c, nombre), lenguaje_(lenguaje), deshacer_(new Deshacer(*this)) {
   ui_.setupUi(cuerpo());
   dias_ = {ui_.dia_0, ui_.dia_1, ui_.dia_2, ui_.dia_3, ui_.dia_4, ui_.dia_5, ui_.dia_6};
   ponerLetra(*ui_.lblNom, Letra::Titulo);
@@ -129,6 +129,7 @@ void EdiCron::editarHorario(Horario horario) {
   ui_.pnlNombre->hide();
   ui_.pnlEdicion->show();
   if (tamano_.isValid()) crecer(std::exchange(tamano_, QSize()));
+  deshacer_->olvidar();
   const QString nombre = QFileInfo(ruta_).completeBaseName().toUpper();
   ui_.lblNom->setText(contexto().textos(kTxProgramacion, {nombre}));
   {
@@ -187,6 +188,7 @@ bool EdiCron::aplicarLinea() {
   tira().quitar();
   if (l.dias == decltype(l.dias){}) decirDuda(t(kTxSinNingunDia));
   const auto fila = static_cast<size_t>(std::max(0, ui_.ListaBat->filaActual()));
+  apuntar(fila < r.lineas.size() ? kTxQueCambiada : kTxQueInsertada, static_cast<int>(fila));
   if (fila < r.lineas.size())
     r.lineas[fila] = l;
   else
@@ -199,6 +201,7 @@ bool EdiCron::aplicarLinea() {
 void EdiCron::insertar() {
   if (tocada()) return;
   const auto fila = std::clamp<qsizetype>(ui_.ListaBat->filaActual(), 0, std::ssize(r.lineas));
+  apuntar(kTxQueInsertada, static_cast<int>(fila));
   r.lineas.insert(r.lineas.begin() + fila, LineaActivacion{});
   ponerLista(static_cast<int>(fila));
   ui_.Hora->setFocus();
@@ -208,8 +211,23 @@ void EdiCron::insertar() {
 void EdiCron::borrar() {
   const int fila = ui_.ListaBat->filaActual();
   if (tocada() || fila < 0 || fila >= std::ssize(r.lineas)) return;
+  apuntar(kTxQueQuitada, fila);
   r.lineas.erase(r.lineas.begin() + fila);
   ponerLista(fila);
+  decirBien(t(kTxLineaQuitada));
+}
+
+// Before a change of the lines: how they were.
+void EdiCron::apuntar(int que, int fila) {
+  deshacer_->apuntar(t(que), [this, fila, antes = r.lineas]() -> Resultado<Deshacer::Vuelto> {
+    if (tocada()) {
+      decirPista(t(kTxAcabeLinea));
+      return Deshacer::Vuelto{.queda = true};
+    }
+    r.lineas = antes;
+    ponerLista(fila);
+    return Deshacer::Vuelto();
+  });
 }
 
 // --- closing ------------------------------------------------------------------------------------

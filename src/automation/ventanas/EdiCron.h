@@ -4,6 +4,7 @@
 
 #include "automation/lenguaje/Horario.h"
 #include "automation/ventanas/Puertas.h"
+#include "core/ventanas/edicion/Deshacer.h"
 #include "core/ventanas/edicion/Ficha.h"
 #include "ui_EdiCron.h"
 
@@ -31,6 +32,7 @@ class EdiCron final : public ventanas::FichaDe<Horario> {
   bool cambiada() const override { return !ruta_.isEmpty() && (tocada_ || !(r == antes())); }
   void pintarLinea();
   bool aplicarLinea();
+  void apuntar(int que, int fila);
   void insertar();
   void borrar();
   void guardar();
@@ -41,6 +43,7 @@ class EdiCron final : public ventanas::FichaDe<Horario> {
   QString ruta_;
   LineaActivacion linea_;  // the copy in the controls
   bool tocada_ = false;
+  ventanas::Deshacer* deshacer_;
   QSize tamano_;  // of the window, while it only asks for a name
 };
 

@@ -1,5 +1,6 @@
 #include "automation/ventanas/EnParMac.h"
 
+#include <QAbstractItemView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -50,6 +51,7 @@ void EnParMac::montarRango(Formulario f) {
   otras_ = f.ancho(new QRadioButton(t(kTxOtrasFechas)), u"OtrasFechas"_s);
   desde_ = &f.fila(ventanas::kTxDesdeConLetra, u"Desde"_s, fecha(r.desde));
   hasta_ = &f.fila(ventanas::kTxHasta, u"Hasta"_s, fecha(r.hasta));
+  mes_->findChild<QAbstractItemView*>()->setAccessibleName(t(kTxElijaDias));
   rango_ = f.nota(u"lblRango"_s);
   for (QWidget* w : {static_cast<QWidget*>(dias_), static_cast<QWidget*>(mes_)})
     w->setToolTip(t(kTxElijaDias));

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "comm/envios/Motivos.h"
+#include "comm/envios/TextosEnvios.h"
 #include "core/dinero/Dinero.h"
 
 namespace tarvo::envios {
@@ -44,8 +45,8 @@ Campos deArticulo(const maquinas::Articulo& a) {
           a.textoEtq};
 }
 
-QString visto(const Campos& campos, CampoPLU cual, const Ajustes& ajustes) {
-  constexpr int kCifrasCodigo = 7;
+QString visto(const Campos& campos, CampoPLU cual, const Ajustes& ajustes, const Textos& textos) {
+  constexpr int kCifrasCodigo = 7, kUnidades = 3;
   const QString& texto = campos[indice(cual)];
   bool esNumero = false;
   const qint64 n = texto.toLongLong(&esNumero);
@@ -65,16 +66,23 @@ QString visto(const Campos& campos, CampoPLU cual, const Ajustes& ajustes) {
     case CampoPLU::HASTA_1:
     case CampoPLU::HASTA_2:
       return VerCantidad(n, campos[indice(CampoPLU::cada)].toInt());
+    case CampoPLU::cada:
+      if (n >= 0 && n < kUnidades) return textos(kTxUnidades + static_cast<int>(n));
+      break;
+    case CampoPLU::MDF_PRE:
+      if (n == 0 || n == 1) return siNo(n == 1, ajustes.EsEspanol());
+      break;
     default:
-      return QString::number(n);
+      break;
   }
+  return QString::number(n);
 }
 
 struct Lado {
   std::optional<maquinas::Ficha> ficha;
   std::optional<Campos> campos;
-  QString ver(CampoPLU cual, const Ajustes& ajustes) const {
-    return campos ? visto(*campos, cual, ajustes) : QString();
+  QString ver(CampoPLU cual, const Ajustes& ajustes, const Textos& textos) const {
+    return campos ? visto(*campos, cual, ajustes, textos) : QString();
   }
 };
 
@@ -98,8 +106,8 @@ std::vector<CampoComparado> enParalelo(const Lado& aqui, const Lado& alli, const
   for (int i = 0; i < maquinas::kCamposPLU; ++i) {
     const auto campo = static_cast<CampoPLU>(i);
     if (campo == CampoPLU::CodBarExt) continue;
-    CampoComparado c{nombreDeCampo(campo, textos), aqui.ver(campo, ajustes),
-                     alli.ver(campo, ajustes), false};
+    CampoComparado c{nombreDeCampo(campo, textos), aqui.ver(campo, ajustes, textos),
+                     alli.ver(campo, ajustes, textos), false};
     c.distinto = porFicha ? std::ranges::find(distintos, campo) != distintos.end()
                           : aqui.campos && alli.campos && c.aqui != c.alli;
     salida.push_back(std::move(c));

@@ -1,9 +1,7 @@
 #include "comm/ventanas/DialogoGrupos.h"
 
 #include <QCheckBox>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 
 #include "comm/ventanas/TextosCommVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
@@ -19,26 +17,45 @@ constexpr int kCodigoGrupo = Qt::UserRole;
 constexpr int kCifrasCodigo = 7;
 constexpr qint64 kUltimoCodigo = 9999999;
 
-qint64 numeroDe(const QLineEdit& campo) {
-  return std::clamp<qint64>(dao::Valor(campo.text()).entero(), 0, kUltimoCodigo);
-}
-
 }  // namespace
 
 DialogoGrupos::DialogoGrupos(Contexto& c, const QString& nombre, const Servicios& s)
-    : Ventana(c, nombre), s_(s) {}
+    : FichaDe(c, nombre), s_(s) {
+  ponerFrase(0, false);
+}
 
-void DialogoGrupos::usar(QListWidget* lista, QCheckBox* todas, QPushButton* acepto,
-                         QPushButton* cancelo) {
-  lista_ = lista;
-  todas_ = todas;
+Formulario DialogoGrupos::conGrupos() {
+  auto f = formulario(kTxElegirGrupos);
+  lista_ = f.ancho(new QListWidget, u"lstGpo"_s, kTxGruposConLetra, 1);
+  lista_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  lista_->setAlternatingRowColors(true);
+  connect(lista_, &QListWidget::itemDoubleClicked, this, [this] { confirmar(); });
+  auto* todas = qobject_cast<QCheckBox*>(&f.casilla(kTxTodas, u"Todas"_s, r.todas).control());
   connect(todas, &QCheckBox::toggled, this, [this](bool si) {
     if (si) lista_->selectAll();
     lista_->setEnabled(!si);
   });
-  connect(lista, &QListWidget::itemDoubleClicked, this, [this] { encolar(); });
-  connect(acepto, &QPushButton::clicked, this, [this] { encolar(); });
-  connect(cancelo, &QPushButton::clicked, this, [this] { rechazar(); });
+  return f;
+}
+
+Modo DialogoGrupos::articulo(qint64& donde, qint64 sinNumero) const {
+  Modo m = numero(donde, 0, kUltimoCodigo);
+  m.ver = [&donde] { return Ceros(donde, kCifrasCodigo); };
+  m.poner = [leer = std::move(m.poner), sinNumero](const QString& s) {
+    const QString texto = s.trimmed();
+    const bool hay = !texto.isEmpty() && texto.front().isDigit();
+    return leer(hay ? texto : QString::number(sinNumero));
+  };
+  return m;
+}
+
+void DialogoGrupos::conRango(Formulario f, const QString& desde, const QString& hasta) {
+  desde_ = &f.fila(kTxDesdeCodigo, desde, articulo(r.desde, 0));
+  Campo* otro = &f.fila(kTxHastaCodigo, hasta, articulo(r.hasta, kUltimoCodigo));
+  for (Campo* c : {desde_, otro})
+    connect(c, &Campo::dejado, this, [c] {
+      if (c->leer()) c->mostrar();
+    });
 }
 
 Resultado<> DialogoGrupos::pedir(TipoTarea cual) {
@@ -54,69 +71,38 @@ Resultado<> DialogoGrupos::pedir(TipoTarea cual) {
     fila->setData(kCodigoGrupo, g.codigo);
     fila->setSizeHint(QSize(0, escalar(kAltoFila)));
   }
-  todas_->setChecked(false);
+  TARVO_INTENTAR(editar({}));
   lista_->setCurrentRow(0);
   lista_->setFocus();
   return {};
-}
-
-void DialogoGrupos::falta(QLineEdit& campo, const QString& texto) {
-  campo.setProperty("falta", true);
-  campo.update();
-  campo.setFocus();
-  campo.selectAll();
-  connect(&campo, &QLineEdit::textEdited, this, [&campo] {
-    campo.setProperty("falta", false);
-    campo.update();
-  });
-  decirDuda(texto);
-}
-
-bool DialogoGrupos::vale(const RangoCodigos& rango) {
-  if (rango.desde() <= rango.hasta()) return true;
-  falta(rango.campoDesde(), t(kTxRangoMalo));
-  return false;
 }
 
 // In the order of the list, which is sorted by code.
 std::vector<int> DialogoGrupos::elegidos() const {
   std::vector<int> grupos;
   for (int i = 0; i < lista_->count(); ++i)
-    if (todas_->isChecked() || lista_->item(i)->isSelected())
+    if (r.todas || lista_->item(i)->isSelected())
       grupos.push_back(lista_->item(i)->data(kCodigoGrupo).toInt());
   return grupos;
 }
 
-void DialogoGrupos::encolar() {
-  const auto grupos = elegidos();
-  if (grupos.empty()) {
+std::vector<DialogoGrupos::FaltaCampo> DialogoGrupos::comprobar() {
+  if (elegidos().empty()) {
     lista_->setFocus();
-    return decirDuda(t(kTxEligeGrupo));
+    return {{nullptr, t(kTxEligeGrupo)}};
   }
-  const auto que = leerCampos();
-  if (!que || !consientePerder(*this, s_.grupos, clase_, grupos)) return;
+  if (r.desde > r.hasta) return {{desde_, t(kTxRangoMalo)}};
+  return {};
+}
+
+bool DialogoGrupos::conforme() {
+  return consientePerder(*this, s_.grupos, clase_, elegidos());
+}
+
+Resultado<> DialogoGrupos::aplicar() {
   auto* quien = qobject_cast<Ventana*>(dueno());
-  encolarGrupos(quien ? *quien : *this, s_.motor, grupos, *que);
-  aceptar();
-}
-
-RangoCodigos::RangoCodigos(QLineEdit* desde, QLineEdit* hasta) : desde_(desde), hasta_(hasta) {
-  desde->setText(Ceros(0, kCifrasCodigo));
-  hasta->setText(Ceros(kUltimoCodigo, kCifrasCodigo));
-  QObject::connect(desde, &QLineEdit::editingFinished, desde,
-                   [desde] { desde->setText(Ceros(numeroDe(*desde), kCifrasCodigo)); });
-  QObject::connect(hasta, &QLineEdit::editingFinished, hasta,
-                   [this_ = *this, hasta] { hasta->setText(Ceros(this_.hasta(), kCifrasCodigo)); });
-}
-
-qint64 RangoCodigos::desde() const {
-  return numeroDe(*desde_);
-}
-
-// A text without a leading number means the last code.
-qint64 RangoCodigos::hasta() const {
-  const QString texto = hasta_->text().trimmed();
-  return texto.isEmpty() || !texto.front().isDigit() ? kUltimoCodigo : numeroDe(*hasta_);
+  encolarGrupos(quien ? *quien : *this, s_.motor, elegidos(), peticion());
+  return {};
 }
 
 }  // namespace tarvo::comm

@@ -1,56 +1,50 @@
-// The base of the dialogs that queue tasks: the list of groups, a check box for all of them, and
-// queuing on acceptance.
+// The base of the dialogs that queue tasks: the list of groups, a check box for all of them, a
+// range of articles, and queuing on acceptance.
 #pragma once
 
 #include "comm/ventanas/Grupos.h"
 #include "comm/ventanas/Servicios.h"
-#include "core/ventanas/marco/Ventana.h"
-
-class QCheckBox;
-class QLineEdit;
-class QListWidget;
-class QPushButton;
+#include "core/ventanas/edicion/Ficha.h"
 
 namespace tarvo::comm {
 
-// Two fields of article codes. When one loses the focus, its number is padded to 7 digits; the
-// second becomes seven nines if it has no number.
-class RangoCodigos {
- public:
-  RangoCodigos(QLineEdit* desde, QLineEdit* hasta);
-  qint64 desde() const;
-  qint64 hasta() const;
-  QLineEdit& campoDesde() const { return *desde_; }
-
- private:
-  QLineEdit *desde_, *hasta_;
+// What is asked besides the groups.
+struct EncargoGrupos {
+  bool todas = false;    // all groups of the list
+  bool informe = true;   // of a zeroing
+  bool completa = true;  // of totals of articles
+  int balanza = 0;       // 0 for all of the group
+  qint64 desde = 0, hasta = 9999999;
+  bool operator==(const EncargoGrupos&) const = default;
 };
 
-class DialogoGrupos : public ventanas::Ventana {
- public:
-  DialogoGrupos(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
-
+class DialogoGrupos : public ventanas::FichaDe<EncargoGrupos> {
  protected:
+  DialogoGrupos(ventanas::Contexto& c, const QString& nombre, const Servicios& s);
+  // The form, with its list of groups.
+  ventanas::Formulario conGrupos();
+  // Two fields of article codes. When one loses the focus, its number is padded to 7 digits;
+  // without a number they become the first and the last code.
+  void conRango(ventanas::Formulario f, const QString& desde, const QString& hasta);
   // Lists the groups that can receive this kind of task; an error if there are none.
   Resultado<> pedir(TipoTarea clase);
-  void usar(QListWidget* lista, QCheckBox* todas, QPushButton* acepto, QPushButton* cancelo);
-  // The request according to the fields; nothing if a field is invalid, which has then been
-  // reported.
-  virtual std::optional<PeticionTarea> leerCampos() = 0;
+  // The request according to the fields.
+  virtual PeticionTarea peticion() const = 0;
   TipoTarea clase() const { return clase_; }
-  // Shows a fault beside its field.
-  void falta(QLineEdit& campo, const QString& texto);
-  // False if the last code is below the first, which is reported.
-  bool vale(const RangoCodigos& rango);
 
  private:
+  ventanas::Modo articulo(qint64& donde, qint64 sinNumero) const;
   std::vector<int> elegidos() const;
-  void encolar();
+  std::vector<FaltaCampo> comprobar() override;
+  bool conforme() override;
+  Resultado<> aplicar() override;
+  // A request that isn't made is nothing lost.
+  bool cambiada() const override { return false; }
 
   Servicios s_;
   TipoTarea clase_ = TipoTarea::TxHora;
   QListWidget* lista_ = nullptr;
-  QCheckBox* todas_ = nullptr;
+  ventanas::Campo* desde_ = nullptr;
 };
 
 }  // namespace tarvo::comm

@@ -107,6 +107,7 @@ void EstadoEnvio::montar() {
   ventanas::llenar(*ui_.Ver, vistas);
   ui_.lista->preparar(contexto(), nombre(), columnasEstado(contexto().textos));
   ui_.lista->filtros()->addWidget(ui_.filtros);
+  setTabOrder(ui_.Ver, ui_.lista->campoBusca());  // as one reads
   ui_.lista->ponerAcciones({ui_.Enviar, ui_.Pedir, ui_.Parar, ui_.Recalcular});
   ui_.ficha->preparar(contexto(), nombre(), columnasFicha(contexto().textos));
   ui_.ficha->vivas();
@@ -147,6 +148,7 @@ void EstadoEnvio::calcular() {
   destino_ = **d;
   mirarTareas();
   ui_.Pedir->setEnabled(destino_->conCross());
+  ui_.Pedir->setProperty(kPorQueNo, t(kTxNoSePuedePedir));
   ui_.ficha->ponerVacia(t(destino_->conCross() ? kTxEligeArticulo : kTxNoSePuedePedir));
   ui_.LblCuenta->setText(t(kTxCalculando));
   pregunta_.preguntar<Estados>(s_.grupos.estado(*destino_), [this](Resultado<Estados> r) {
@@ -218,7 +220,7 @@ std::vector<qint64> EstadoEnvio::elegidos() {
   for (const int fila : ui_.lista->filasParaActuar())
     codigos.push_back(ui_.lista->valor(fila, u"CODPLU").entero());
   std::ranges::sort(codigos);
-  if (codigos.empty()) decirDuda(t(kTxEligeArticulo));
+  if (codigos.empty()) decirPista(t(kTxEligeArticulo));
   return codigos;
 }
 
@@ -242,7 +244,7 @@ void EstadoEnvio::enviar() {
 void EstadoEnvio::pedir() {
   const int fila = ui_.lista->filaActual();
   if (!destino_ || !destino_->conCross()) return;
-  if (fila < 0) return decirDuda(t(kTxEligeArticulo));
+  if (fila < 0) return decirPista(t(kTxEligeArticulo));
   const qint64 codigo = ui_.lista->valor(fila, u"CODPLU").entero();
   if (s_.motor.NuevaTarea(destino_->grupo, true, codigo, codigo, TipoTarea::RxDatPlu) != 0)
     return decirFallo(t(kTxGrupoNoComunica));

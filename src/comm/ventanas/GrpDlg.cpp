@@ -1,40 +1,56 @@
 #include "comm/ventanas/GrpDlg.h"
 
+#include <QLineEdit>
+
 #include "comm/ventanas/TextosCommVentanas.h"
 
 namespace tarvo::comm {
 
-GrpDlg::GrpDlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s)
+using namespace Qt::StringLiterals;
+using namespace ventanas;
+
+namespace {
+
+constexpr int kBalanzaMayor = 99;
+
+}  // namespace
+
+GrpDlg::GrpDlg(Contexto& c, const QString& nombre, const Servicios& s)
     : DialogoGrupos(c, nombre, s) {
-  ui_.setupUi(cuerpo());
-  enlazar();
-  usar(ui_.lstGpo, ui_.Todas, ui_.Acepto, ui_.Cancelo);
+  auto f = conGrupos();
+  deBalanza_ = f.ancho(new QWidget, u"deBalanza"_s);
+  auto* pila = new QVBoxLayout(deBalanza_);
+  pila->setContentsMargins(0, 0, 0, 0);
+  auto& campo = Formulario(*this, *pila).fila(kTxBalanzaConLetra, u"NmBz"_s, balanza());
+  campo.ponerPista(t(kTxBalanzaVacia));
+  qobject_cast<QLineEdit*>(&campo.control())->setPlaceholderText(t(kTxBalanzaVacia));
+  informe_ = &f.casilla(kTxInforme, u"ConPrt"_s, r.informe);
+  acabar({420, 440});
+}
+
+// As wide as the form: what it means when it is empty stands in it.
+Modo GrpDlg::balanza() {
+  Modo m = numero(r.balanza, 1, kBalanzaMayor).con(t(kTxBalanzaMala));
+  m.letras = 0;
+  m.ver = [this] { return r.balanza == 0 ? QString() : QString::number(r.balanza); };
+  m.poner = [this, leer = std::move(m.poner)](const QString& s) -> Resultado<> {
+    if (!s.trimmed().isEmpty()) return leer(s);
+    r.balanza = 0;
+    return {};
+  };
+  return m;
 }
 
 Resultado<> GrpDlg::entrar(const PuertaGrpDlg& puerta) {
   TARVO_INTENTAR(pedir(puerta.clase));
-  const ModoPedir modo = puerta.modo;
-  ui_.NmBz->clear();
-  ui_.NmBz->setVisible(modo == kModoBalanza);
-  ui_.rotBz->setVisible(modo == kModoBalanza);
-  ui_.ConPrt->setVisible(modo == kModoCero && contexto().ajustes.EsEspanol());
-  ui_.ConPrt->setChecked(true);
+  deBalanza_->setVisible(puerta.modo == kModoBalanza);
+  informe_->control().setVisible(puerta.modo == kModoCero && contexto().ajustes.EsEspanol());
   return {};
 }
 
-std::optional<PeticionTarea> GrpDlg::leerCampos() {
-  PeticionTarea p{.clase = clase()};
-  if (!ui_.ConPrt->isHidden()) p.todo = ui_.ConPrt->isChecked();
-  const QString balanza = ui_.NmBz->text().trimmed();
-  if (balanza.isEmpty()) return p;
-  bool vale = false;
-  const int n = balanza.toInt(&vale);
-  if (!vale || n < 1) {
-    falta(*ui_.NmBz, t(kTxBalanzaMala));
-    return std::nullopt;
-  }
-  p.todo = false;
-  p.desde = n - 1;
+PeticionTarea GrpDlg::peticion() const {
+  PeticionTarea p{.clase = clase(), .todo = r.informe};
+  if (r.balanza > 0) p.todo = false, p.desde = r.balanza - 1;
   return p;
 }
 

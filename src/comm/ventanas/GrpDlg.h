@@ -2,7 +2,6 @@
 
 #include "comm/ventanas/DialogoGrupos.h"
 #include "comm/ventanas/Puertas.h"
-#include "ui_FormaGrpDlg.h"
 
 namespace tarvo::comm {
 
@@ -14,8 +13,11 @@ class GrpDlg final : public DialogoGrupos {
   Resultado<> entrar(const PuertaGrpDlg& puerta);
 
  private:
-  std::optional<PeticionTarea> leerCampos() override;
-  Ui::FormaGrpDlg ui_;
+  ventanas::Modo balanza();
+  PeticionTarea peticion() const override;
+
+  QWidget* deBalanza_;
+  ventanas::Campo* informe_;
 };
 
 }  // namespace tarvo::comm

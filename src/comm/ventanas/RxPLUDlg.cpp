@@ -1,21 +1,29 @@
 #include "comm/ventanas/RxPLUDlg.h"
 
+#include <QLabel>
+#include <QRadioButton>
+
+#include "comm/ventanas/TextosCommVentanas.h"
+
 namespace tarvo::comm {
+
+using namespace Qt::StringLiterals;
 
 RxPLUDlg::RxPLUDlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s)
     : DialogoGrupos(c, nombre, s) {
-  ui_.setupUi(cuerpo());
-  enlazar();
-  usar(ui_.lstGpo, ui_.Todas, ui_.Acepto, ui_.Cancelo);
-  rango_.emplace(ui_.Desde, ui_.Hasta);
+  auto f = conGrupos();
+  conRango(f, u"Desde"_s, u"Hasta"_s);
+  auto* completa = new QRadioButton(t(kTxCompleta));
+  auto* optimizada = new QRadioButton(t(kTxOptimizada));
+  completa->setObjectName(u"opCompleta"_s);
+  optimizada->setObjectName(u"opOptimizada"_s);
+  f.enLinea({new QLabel(t(kTxRecogida)), completa, optimizada, nullptr});
+  enlazarCampo(*completa, *optimizada, r.completa);
+  acabar({420, 480});
 }
 
-std::optional<PeticionTarea> RxPLUDlg::leerCampos() {
-  if (!vale(*rango_)) return std::nullopt;
-  return PeticionTarea{.clase = clase(),
-                       .todo = ui_.opCompleta->isChecked(),
-                       .desde = rango_->desde(),
-                       .hasta = rango_->hasta()};
+PeticionTarea RxPLUDlg::peticion() const {
+  return {.clase = clase(), .todo = r.completa, .desde = r.desde, .hasta = r.hasta};
 }
 
 }  // namespace tarvo::comm

@@ -2,7 +2,6 @@
 
 #include "comm/ventanas/DialogoGrupos.h"
 #include "comm/ventanas/Puertas.h"
-#include "ui_FormaRxPLUDlg.h"
 
 namespace tarvo::comm {
 
@@ -13,9 +12,7 @@ class RxPLUDlg final : public DialogoGrupos {
   Resultado<> entrar(const PuertaRxPLUDlg& puerta) { return pedir(puerta.clase); }
 
  private:
-  std::optional<PeticionTarea> leerCampos() override;
-  Ui::FormaRxPLUDlg ui_;
-  std::optional<RangoCodigos> rango_;
+  PeticionTarea peticion() const override;
 };
 
 }  // namespace tarvo::comm

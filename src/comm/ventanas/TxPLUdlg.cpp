@@ -2,18 +2,16 @@
 
 namespace tarvo::comm {
 
+using namespace Qt::StringLiterals;
+
 TxPLUdlg::TxPLUdlg(ventanas::Contexto& c, const QString& nombre, const Servicios& s)
     : DialogoGrupos(c, nombre, s) {
-  ui_.setupUi(cuerpo());
-  enlazar();
-  usar(ui_.lstGpo, ui_.Todas, ui_.Acepto, ui_.Cancelo);
-  rango_.emplace(ui_.desde, ui_.hasta);
+  conRango(conGrupos(), u"desde"_s, u"hasta"_s);
+  acabar({420, 440});
 }
 
-std::optional<PeticionTarea> TxPLUdlg::leerCampos() {
-  if (!vale(*rango_)) return std::nullopt;
-  return PeticionTarea{
-      .clase = clase(), .todo = true, .desde = rango_->desde(), .hasta = rango_->hasta()};
+PeticionTarea TxPLUdlg::peticion() const {
+  return {.clase = clase(), .todo = true, .desde = r.desde, .hasta = r.hasta};
 }
 
 }  // namespace tarvo::comm

@@ -11,16 +11,15 @@ namespace tarvo::totals {
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int kSolapesALaVista = 4;
+constexpr int kSolapesALaVista = 4, kLetrasDescripcion = 50;
 }
 
 ConfirSumVentana::ConfirSumVentana(ventanas::Contexto& contexto, const QString& nombre,
                                    Periodos& periodos)
-    : Ventana(contexto, nombre), p_(periodos), motor_(periodos) {
+    : FichaDe(contexto, nombre), p_(periodos), motor_(periodos) {
   ui_.setupUi(cuerpo());
-  enlazar();
-  connect(ui_.Hacerlo, &QPushButton::clicked, this, &ConfirSumVentana::hacerlo);
-  connect(ui_.Cancelar, &QPushButton::clicked, this, &ConfirSumVentana::rechazar);
+  enlazarCampo(*ui_.Descrip, texto(r.descripcion, kLetrasDescripcion));
+  acabar(cuerpo()->size(), {.acepto = u"Hacerlo"_s, .cancelo = u"Cancelar"_s});
 }
 
 // A window opened without periods adds up the two most recent ones.
@@ -45,11 +44,10 @@ Resultado<> ConfirSumVentana::entrar(const PuertaConfirSum& puerta) {
   ui_.fechaF->setText(FormatoPeriodo(p.tipo, p.hasta));
   ui_.sobre->setText(t(existe ? kTxSobreUno : kTxSobreNuevo));
   ui_.como->setText(t(existe ? kTxQueYaExiste : kTxEntreDescripcion).trimmed());
-  ui_.Descrip->setText(existe ? suma_.existente->DESCR : QString());
   ui_.Descrip->setReadOnly(existe);
-  ui_.Descrip->setFocus();
-  TARVO_TOMAR(const auto r, resumir(p_, links));
-  ui_.resumen->setText(t(kTxNPeriodos, r.periodos) + u": "_s + textoResumen(*this, r));
+  TARVO_INTENTAR(editar({existe ? suma_.existente->DESCR : QString()}));
+  TARVO_TOMAR(const auto que, resumir(p_, links));
+  ui_.resumen->setText(t(kTxNPeriodos, que.periodos) + u": "_s + textoResumen(*this, que));
   mostrarSolapes();
   return {};
 }
@@ -71,13 +69,11 @@ void ConfirSumVentana::mostrarSolapes() {
   ui_.Cancelar->setFocus();
 }
 
-void ConfirSumVentana::hacerlo() {
-  if (!suma_.existente) {
-    const Periodo& p = suma_.periodo;
-    const auto link = p_.CrearPeriodo(p.tipo, p.desde, p.hasta, false, ui_.Descrip->text());
-    if (!haIdoBien(link)) return;
-  }
-  aceptar();
+Resultado<> ConfirSumVentana::aplicar() {
+  if (suma_.existente) return {};
+  const Periodo& p = suma_.periodo;
+  TARVO_INTENTAR(p_.CrearPeriodo(p.tipo, p.desde, p.hasta, false, r.descripcion));
+  return {};
 }
 
 }  // namespace tarvo::totals

@@ -1,14 +1,19 @@
 // ConfirSum: confirms a sum. Once it is accepted, the period that receives the others exists.
 #pragma once
 
-#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/edicion/Ficha.h"
 #include "totals/periodos/VerTot.h"
 #include "totals/ventanas/Puertas.h"
 #include "ui_ConfirSum.h"
 
 namespace tarvo::totals {
 
-class ConfirSumVentana final : public ventanas::Ventana {
+struct NuevaSuma {
+  QString descripcion;
+  bool operator==(const NuevaSuma&) const = default;
+};
+
+class ConfirSumVentana final : public ventanas::FichaDe<NuevaSuma> {
   Q_OBJECT
  public:
   ConfirSumVentana(ventanas::Contexto& contexto, const QString& nombre, Periodos& periodos);
@@ -16,7 +21,7 @@ class ConfirSumVentana final : public ventanas::Ventana {
 
  private:
   Resultado<std::vector<qint64>> losLinks(std::vector<qint64> links);
-  void hacerlo();
+  Resultado<> aplicar() override;
   void mostrarSolapes();
 
   Ui::ConfirSum ui_;

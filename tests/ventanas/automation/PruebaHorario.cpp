@@ -132,6 +132,33 @@ TEST(Horarios, AplicarPideProcesoYCancelarDevuelveLaLinea) {
             u"00:00:00;Sí,No,Sí,Sí,Sí,Sí,Sí;BIEN\r\n@INICIO BATCH\r\nN:a\r\n@FINAL BATCH\r\n");
 }
 
+// Each change of the lines comes back with Ctrl+Z, the last first; a key with nothing to bring back
+// says so.
+TEST(Horarios, LoCambiadoVuelve) {
+  Horarios s;
+  const QString antes = u"22:05:00;"_s + kSiempre + u";BIEN\r\n"_s;
+  s.fichero(u"T.CRO"_s, antes);
+  Ventana* e = s.editar(u"T.CRO"_s);
+  auto* lista = pieza<Parrilla>(e, u"ListaBat"_s);
+  const auto deshacer = [&] { QTest::keyClick(lista->vista(), Qt::Key_Z, Qt::ControlModifier); };
+  ASSERT_TRUE(QTest::qWaitForWindowActive(e));
+  deshacer();
+  EXPECT_EQ(e->tira().texto(), u"Nada que deshacer");
+  QTest::keyClick(lista->vista(), Qt::Key_Insert);
+  EXPECT_EQ(lista->filas(), 3);
+  lista->irA(1);
+  lista->vista()->setFocus();
+  QTest::keyClick(lista->vista(), Qt::Key_Delete);
+  EXPECT_EQ(lista->filas(), 2);
+  EXPECT_EQ(e->tira().texto(), u"Línea quitada. Ctrl+Z la devuelve.");
+  deshacer();
+  EXPECT_EQ(lista->texto(1, u"proceso"), u"BIEN");
+  deshacer();
+  EXPECT_EQ(lista->filas(), 2);
+  EXPECT_TRUE(e->close()) << "it is as it was: nothing is asked";
+  EXPECT_EQ(s.texto(u"T.CRO"_s), antes);
+}
+
 TEST(Horarios, AbandonarNoTocaElFichero) {
   Horarios s;
   EXPECT_FALSE(leerHorario(s.texto(u"BIEN.AUT"_s), s.p.lenguaje())) << "a process is no timetable";

@@ -136,6 +136,25 @@ TEST_F(VentanaEstado, LoQueNoSeEnvioSeQuedaALaVista) {
   EXPECT_TRUE(hasta([&] { return !escritorio.ventanas().cargada(u"gestcomm"_s); }, 5));
 }
 
+// Tab goes as one reads: commands, group, what is shown, search, list, the article beside it.
+TEST_F(VentanaEstado, ElTabuladorVaComoSeLee) {
+  auto* v = abrir(comm::PuertaEstadoEnvio{1});
+  auto* grupo = control<QComboBox>(u"Grupo"_s, u"EstadoEnvio"_s);
+  grupo->setFocus();
+  QStringList paradas;
+  do {
+    const QWidget* w = v->focusWidget();
+    auto* boton = qobject_cast<const QToolButton*>(w);
+    const QWidget* lista = w->objectName() == u"vista" ? w->parentWidget() : nullptr;
+    paradas << (boton && boton->defaultAction() ? boton->defaultAction()->objectName()
+                : lista                         ? lista->objectName()
+                                                : w->objectName());
+    QTest::keyClick(v, Qt::Key_Tab);
+  } while (v->focusWidget() != grupo && paradas.size() < 20);
+  EXPECT_EQ(paradas.join(u' ').toStdString(),
+            "Grupo Ver busca lista ficha Enviar Pedir Recalcular");
+}
+
 TEST_F(VentanaEstado, DesdeLaVentanaDeComunicaciones) {
   grupo(2, 3, u"cable 2"_s, {4});
   abrir(u"gestcomm"_s);

@@ -453,10 +453,41 @@ TEST_F(Gestcomm, DialogosConMasQuePreguntar) {
     EXPECT_EQ(t.back().datos.Hasta, c.hasta);
     gestor->terminator();
   }
+}
+
+// What can't be meant is refused in words, with nothing queued; what is left goes without a
+// question.
+TEST_F(Gestcomm, DialogosQueSeNiegan) {
+  dosGrupos();
+  gestor->CambioAModo(false);
+  const auto aceptar = [this](ventanas::Ventana* v) {
+    return caja([v] { QTest::keyClick(v->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space); });
+  };
+  const auto escribir = [](ventanas::Ventana* v, const QString& campo, const QString& teclas) {
+    auto* linea = v->findChild<QLineEdit*>(campo);
+    linea->setFocus();
+    linea->selectAll();
+    QTest::keyClicks(linea, teclas);
+  };
   auto* v = abrir(comm::PuertaGrpDlg{TipoTarea::RxOpera, comm::kModoBalanza});
-  QTest::keyClicks(v->findChild<QLineEdit*>(u"NmBz"_s), u"0"_s);
-  QTest::keyClick(v->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
-  EXPECT_TRUE(v->isVisible());
+  for (const QString& mala : {u"0"_s, u"100"_s, u"3b"_s}) {
+    escribir(v, u"NmBz"_s, mala);
+    EXPECT_EQ(aceptar(v), u"Escriba un número de balanza de 1 a 99, o déjelo vacío para todas.");
+    EXPECT_EQ(v->focusWidget(), v->findChild<QLineEdit*>(u"NmBz"_s));
+  }
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_FALSE(escritorio.ventanas().cargada(u"GrpDlg"_s));
+
+  v = abrir(comm::PuertaTxPLUdlg());
+  escribir(v, u"desde"_s, u"80"_s);
+  escribir(v, u"hasta"_s, u"90x"_s);
+  EXPECT_EQ(v->findChild<QLineEdit*>(u"desde"_s)->text(), u"0000080");
+  EXPECT_TRUE(aceptar(v).contains(u"9999999"));
+  escribir(v, u"hasta"_s, u"70"_s);
+  EXPECT_EQ(aceptar(v), u"«Desde» no puede ser mayor que «hasta».");
+  escribir(v, u"hasta"_s, u"90"_s);
+  v->findChild<QListWidget*>(u"lstGpo"_s)->clearSelection();
+  EXPECT_TRUE(aceptar(v).startsWith(u"Elija al menos un grupo"));
   EXPECT_EQ(gestor->CuantosQuedan().total, 0);
 }
 

@@ -69,17 +69,20 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
   ASSERT_EQ(t.personal().size(), 1U);
   EXPECT_EQ(entrada->text().remove(u'&'), u"Hacer pedido");
 
-  // It is confirmed first: a single click must not start a night.
-  for (const auto tecla : {Qt::Key_Escape, Qt::Key_Return}) {
+  // It is confirmed first, and Return cancels: a single click must not start a night.
+  for (const bool sigue : {false, true}) {
     QString pregunta;
     QTimer::singleShot(0, qApp, [&] {
       QWidget* caja = QApplication::activeModalWidget();
       pregunta = caja->findChild<QLabel*>(u"Mensaje"_s)->text();
-      QTest::keyClick(caja, tecla);
+      if (sigue)
+        QTest::mouseClick(caja->findChild<QPushButton*>(u"Acepto"_s), Qt::LeftButton);
+      else
+        QTest::keyClick(caja, Qt::Key_Return);  // the first button is Cancelar
     });
     QTest::mouseClick(entrada, Qt::LeftButton);
     EXPECT_TRUE(pregunta.contains(u"«Hacer pedido»")) << pregunta.toStdString();
-    ASSERT_EQ(t.suplente(u"Automat"_s) != nullptr, tecla == Qt::Key_Return);
+    ASSERT_EQ(t.suplente(u"Automat"_s) != nullptr, sigue);
   }
   EXPECT_TRUE(
       t.suplente(u"Automat"_s)->como<automation::PuertaAutomat>().proceso.endsWith(u"/PEDIDO.AUT"));
@@ -96,6 +99,11 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
   menuSobre(*entrada);
   EXPECT_TRUE(t.personal().empty());
   EXPECT_EQ(entrada->text().remove(u'&'), u"Personalizado");
+  EXPECT_TRUE(v->tira().texto().contains(u"Ctrl+Z")) << v->tira().texto().toStdString();
+  QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
+  ASSERT_EQ(t.personal().size(), 1U);
+  EXPECT_EQ(t.personal().front().titulo, u"Pedido diario");
+  EXPECT_EQ(entrada->text().remove(u'&'), u"Pedido diario");
 }
 
 // The fault in a process is reported, instead of a missing timetable with its name.

@@ -48,7 +48,11 @@ void gestcommVentana::conectarOrdenes() {
   ui_.btEstado->setDefaultAction(ui_.BotonEstado);
   ui_.s_espe->ponerAcciones({ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.TodoP,
                              ui_.ReponP, ui_.BotonTramas, ui_.BotonEstado});
-  const auto al = [this](QAction* a, auto hacer) { connect(a, &QAction::triggered, this, hacer); };
+  for (QAction* a : {ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn})
+    a->setProperty(kPorQueNo, t(kTxModoAutomatico));
+  ui_.TodoP->setProperty(kPorQueNo, t(kTxNadaQueReintentar));
+  ui_.ReponP->setProperty(kPorQueNo, t(kTxNadaQueReponer));
+  const auto al = [this](QAction* a, const auto& hacer) { alDar(a, hacer); };
   al(ui_.RunP, [this] {
     ordenar({motor::kEnEspera, motor::kAperturaFallida, motor::kTransfiriendo, motor::kInterrumpido,
              motor::kRetenido},
@@ -83,7 +87,7 @@ void gestcommVentana::conectarOrdenes() {
 int gestcommVentana::tareaElegida() {
   const int fila = ui_.s_espe->filaActual();
   if (fila >= 0) return static_cast<int>(ui_.s_espe->clave(fila));
-  decirDuda(t(kTxSinSeleccion));
+  decirPista(t(kTxSinSeleccion));
   return 0;
 }
 
@@ -97,9 +101,7 @@ void gestcommVentana::ordenar(const std::set<int>& estados, void (gestcomm::*ord
     return ui_.s_espe->irA(ui_.s_espe->filaActual());
   const auto tarea = s_.motor.tarea(id);
   if (tarea && !estados.contains(tarea->Estado))
-    decirDuda(t(kTxNoSePuede).arg(motor::TextoEstado(tarea->Estado, contexto().textos)));
-  else if (tira().estado() == Estado::Duda)
-    tira().quitar();  // it referred to another command
+    decirPista(t(kTxNoSePuede).arg(motor::TextoEstado(tarea->Estado, contexto().textos)));
   (s_.motor.*orden)(id);
   if (orden != &gestcomm::EliminarTarea || s_.motor.tarea(id)) return;
   // A task that had ended was only still displayed.
@@ -118,14 +120,14 @@ void gestcommVentana::reponer() {
   if (r == 0)
     decirBien(t(kTxTareaRepuesta));
   else
-    decirDuda(t(r == 1 ? kTxNoRepuestaSesion : kTxNoRepuesta));
+    decirPista(t(r == 1 ? kTxNoRepuestaSesion : kTxNoRepuesta));
   colaCambiada();
 }
 
 // The buttons are updated at once: the next key may be one of theirs.
 void gestcommVentana::cambiarModo(bool automatico) {
   s_.motor.CambioAModo(automatico);
-  if (s_.motor.ModoAutomatico() != automatico) decirDuda(t(kTxModoFijado));
+  if (s_.motor.ModoAutomatico() != automatico) decirPista(t(kTxModoFijado));
   ponerModo();
 }
 

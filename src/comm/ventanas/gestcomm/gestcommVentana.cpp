@@ -79,7 +79,7 @@ void gestcommVentana::irAGrupo(int grupo) {
   const auto suya = std::ranges::find(tareas.rbegin(), tareas.rend(), grupo,
                                       [](const motor::VistaTarea& v) { return v.datos.Grupo; });
   if (suya != tareas.rend()) return ui_.s_espe->irA(ui_.s_espe->filaDe(suya->datos.Id));
-  decirDuda(contexto().textos(kTxGrupoSinTareas, {grupo}));
+  decirPista(contexto().textos(kTxGrupoSinTareas, {grupo}));
 }
 
 void gestcommVentana::changeEvent(QEvent* evento) {

@@ -117,6 +117,7 @@ void Deshacer::olvidar() {
 
 void Deshacer::pintar() {
   accion_->setEnabled(!pila_.empty());
+  accion_->setProperty(kPorQueNo, v_.t(kTxNadaQueDeshacer));
   accion_->setToolTip(pila_.empty() ? v_.t(kTxNadaQueDeshacer)
                                     : v_.t(kTxDeshacerQue).arg(pila_.back().que));
 }

@@ -26,7 +26,7 @@ QAction* Ordenes::anadir(Orden o) {
   if (o.pista == 0 && !o.tecla.isEmpty())
     pista += u" ("_s + o.tecla.toString(QKeySequence::NativeText) + u')';
   a->setToolTip(pista);
-  connect(a, &QAction::triggered, this, o.hacer);
+  v_.alDar(a, o.hacer);
   todas_.push_back({a, std::move(o.puede)});
   if (barra_ && o.enBarra)
     barra_->addAction(a);

@@ -2,9 +2,13 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QCalendarWidget>
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
@@ -26,6 +30,28 @@ QChar letraDe(const QString& texto) {
 
 void apuntar(const QString& texto, QSet<QChar>& usadas) {
   if (const QChar letra = letraDe(texto); !letra.isNull()) usadas << letra;
+}
+
+bool deUnCalendario(const QWidget* w) {
+  while (w && !qobject_cast<const QCalendarWidget*>(w)) w = w->parentWidget();
+  return w;
+}
+
+template <class W>
+void ponerLetra(W& control, QSet<QChar>& usadas) {
+  const QString texto = control.text();
+  if (letraDe(texto).isNull() && !texto.contains(u'<') && !deUnCalendario(&control))
+    control.setText(conLetra(texto, usadas));
+}
+
+// The captions of fields, the boxes and the buttons that have none.
+void ponerLetras(QWidget& cuerpo, QSet<QChar>& usadas) {
+  for (QLabel* r : cuerpo.findChildren<QLabel*>())
+    if (r->buddy()) ponerLetra(*r, usadas);
+  for (QAbstractButton* b : cuerpo.findChildren<QAbstractButton*>())
+    if (qobject_cast<QPushButton*>(b) || qobject_cast<QCheckBox*>(b) ||
+        qobject_cast<QRadioButton*>(b))
+      ponerLetra(*b, usadas);
 }
 
 }  // namespace
@@ -91,6 +117,7 @@ void ponerAlAlcance(QWidget& cuerpo) {
     }
     barra->setFocusPolicy(suya);
   }
+  ponerLetras(cuerpo, usadas);
 }
 
 }  // namespace tarvo::ventanas

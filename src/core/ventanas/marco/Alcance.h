@@ -1,5 +1,5 @@
 // Everything can be reached from the keyboard: the buttons of a tool bar are in the tab order, and
-// each one with a text has a mnemonic letter.
+// each of them with a text, each caption of a field, check box and button has a mnemonic letter.
 #pragma once
 
 #include <QSet>
@@ -12,7 +12,8 @@ namespace tarvo::ventanas {
 
 // Puts the buttons of the tool bars below `cuerpo` into the tab order and gives them letters not
 // used by any other control there: the letter marked with "&" in the action's text if it is free,
-// else the first free one of the text. A button for which no letter is free gets none.
+// else the first free one of the text. Then the captions of fields, the check boxes and the buttons
+// without a letter get the first free one of theirs. A control for which none is free gets none.
 void ponerAlAlcance(QWidget& cuerpo);
 
 // Makes a button follow an action that already has one in a tool bar, except for the letter, which

@@ -99,6 +99,7 @@ QString Tira::texto() const {
 
 void Tira::decir(Estado estado, const QString& texto, const QString& detalle) {
   estado_ = estado;
+  ++veces_;
   texto_->setText(texto);
   detalle_->setText(detalle);
   detalle_->hide();
@@ -118,6 +119,7 @@ void Tira::ponerBoton(QWidget* boton) {
 void Tira::quitar() {
   caduca_->parar();
   estado_ = Estado::Ninguno;
+  ++veces_;
   hide();
 }
 

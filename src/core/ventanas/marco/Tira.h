@@ -27,12 +27,15 @@ class Tira final : public QFrame {
   void ponerBoton(QWidget* boton);
   Estado estado() const { return estado_; }
   QString texto() const;
+  // How many times it has changed: whether what it says is still the same sentence.
+  int veces() const { return veces_; }
 
  private:
   void pintar();
 
   const Textos& t_;
   Estado estado_ = Estado::Ninguno;
+  int veces_ = 0;
   QLabel* imagen_;
   QLabel* palabra_;
   QLabel* texto_;

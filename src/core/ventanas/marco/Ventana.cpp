@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
 #include "core/ventanas/aspecto/TraducirForm.h"
@@ -125,7 +126,21 @@ void Ventana::unir(QAction* accion, const QString& dibujo, const QKeySequence& t
                    const std::function<void()>& hacer) {
   accion->setIcon(icono(dibujo));
   accion->setShortcut(tecla);
-  connect(accion, &QAction::triggered, this, hacer);
+  alDar(accion, hacer);
+}
+
+void Ventana::alDar(QAction* accion, const std::function<void()>& hacer) {
+  connect(accion, &QAction::triggered, this, [this, hacer] {
+    const QPointer<Ventana> yo(this);
+    const int antes = tira_->veces();
+    hacer();
+    if (yo && pista_ == antes && tira_->veces() == antes) tira_->quitar();
+  });
+}
+
+void Ventana::decirPista(const QString& texto) {
+  decirDuda(texto);
+  pista_ = tira_->veces();
 }
 
 void Ventana::recordar() {
@@ -254,10 +269,27 @@ void Ventana::keyPressEvent(QKeyEvent* evento) {
     return pulsarBoton(*evento);
   if (evento->key() == Qt::Key_F10 && evento->modifiers() == Qt::ShiftModifier && focusWidget())
     return pedirMenu(*focusWidget());
+  if (decirPorQueNo(*evento)) return evento->accept();
   if (evento->key() != Qt::Key_Escape) return QWidget::keyPressEvent(evento);
   evento->accept();
   // Escape during work means to stop the work; what was done can still be undone then.
   trabajo_->enMarcha() ? trabajo_->parar() : static_cast<void>(close());
+}
+
+// Answers the key of a disabled command: with its own reason if it has one. A failure on the strip
+// isn't covered by it.
+bool Ventana::decirPorQueNo(const QKeyEvent& evento) {
+  const QKeySequence tecla(evento.keyCombination());
+  for (const QAction* a : findChildren<QAction*>()) {
+    if (a->isEnabled() || !a->isVisible() || !a->shortcuts().contains(tecla)) continue;
+    const QString suyo = a->property(kPorQueNo).toString();
+    if (tira_->estado() == Estado::Mal)
+      QApplication::beep();
+    else
+      decirPista(suyo.isEmpty() ? c_.textos(kTxAhoraNo, {a->text().remove(u'&')}) : suyo);
+    return true;
+  }
+  return false;
 }
 
 // From anywhere in the window, not only from inside the tabs.

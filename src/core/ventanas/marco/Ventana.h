@@ -31,6 +31,9 @@ class TiraTrabajo;
 
 using Argumentos = QVariantMap;
 
+// Property of an action: why it can't be given while it is disabled, in words.
+inline constexpr const char* kPorQueNo = "porQueNo";
+
 class Ventana : public QWidget {
   Q_OBJECT
  public:
@@ -82,6 +85,10 @@ class Ventana : public QWidget {
     return r.has_value();
   }
   Tira& tira() { return *tira_; }
+  // A hint: what a command lacks, or why it can't be given now. The next command removes it.
+  void decirPista(const QString& texto);
+  // Connects a command of this window; giving it removes an earlier hint.
+  void alDar(QAction* accion, const std::function<void()>& hacer);
   // Shows a refusal until it is settled: a text that a cell of a list didn't accept.
   void decirPendiente(const Error& error);
   void resuelto();
@@ -133,6 +140,7 @@ class Ventana : public QWidget {
   bool cerrarLoDeEncima();
   void pulsarBoton(QKeyEvent& evento);
   void entrarEnFicha(QTabBar& barra);
+  bool decirPorQueNo(const QKeyEvent& evento);
   void pedirMenu(QWidget& control);
   void pasarFicha(int pasos);
 
@@ -144,6 +152,7 @@ class Ventana : public QWidget {
   QPointer<QWidget> dueno_, teclea_;
   std::vector<Buscable*> listas_;
   QString pendiente_;  // the last text of decirPendiente
+  int pista_ = -1;     // the strip's count while it shows a hint
   std::any salida_;
   int retenida_ = 0;  // event loops running in functions of this window
   bool modal_ = false, aceptada_ = false, cerrada_ = false, alcanzada_ = false, conSitio_ = false;

@@ -35,9 +35,8 @@ struct Parrilla::Interior {
   int anchoInicial(int columna) const;
   void colocarColumnas();
   void leerColumnas();
-  bool crece(int columna) const;  // it is a text
+  bool crece(int columna) const;
   void estirar();
-  void repartirResto(const std::vector<int>& vistas, int primera);
   QString nombreMemoria() const;
   void guardar();
   void reponer();

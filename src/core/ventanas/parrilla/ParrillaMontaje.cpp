@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kAnchoBusca = 220;
-constexpr int kAnchoElastica = 480, kAnchoMinimo = 120, kAnchoMayor = 720;
+constexpr int kAnchoElastica = 480, kAnchoMinimo = 120;
 
 int anchoPorClase(const Columna& c) {
   switch (c.clase) {
@@ -272,8 +272,13 @@ void Parrilla::Interior::colocarColumnas() {
   colocando = false;
 }
 
+bool Parrilla::Interior::crece(int columna) const {
+  const Columna& col = columnas[static_cast<size_t>(columna)];
+  return col.clase == Clase::Texto && !col.estado;
+}
+
 // Hides columns with a rank, the highest first, until the others fit with the text at its minimum.
-// The column in hand stays.
+// The current column stays.
 void Parrilla::Interior::hacerSitio() {
   QHeaderView* h = yo.vista_->horizontalHeader();
   const QScopedValueRollback en(colocando, true);
@@ -281,9 +286,10 @@ void Parrilla::Interior::hacerSitio() {
   bool elastica = true;
   int ancho = 0;
   for (const int i : columnasVistas()) {
-    const Columna& col = columnas[static_cast<size_t>(i)];
-    const bool esta = elastica && col.clase == Clase::Texto && !col.estado;
-    ancho += esta ? std::min(anchoInicial(i), escalar(kAnchoMinimo)) : h->sectionSize(i);
+    const bool esta = elastica && crece(i);
+    ancho += esta       ? std::min(anchoInicial(i), escalar(kAnchoMinimo))
+             : crece(i) ? anchoInicial(i)
+                        : h->sectionSize(i);
     if (esta) elastica = false;
   }
   while (ancho > yo.vista_->viewport()->width()) {
@@ -298,14 +304,9 @@ void Parrilla::Interior::hacerSitio() {
   }
 }
 
-bool Parrilla::Interior::crece(int columna) const {
-  const Columna& col = columnas[static_cast<size_t>(columna)];
-  return col.clase == Clase::Texto && !col.estado;
-}
-
-// Until the user sets widths, the first text column takes the remaining width, up to a limit if
-// other columns follow it; then the other wide text columns do, and what still remains goes to the
-// first one up to a higher limit.
+// Until the user sets widths, the text columns share the remaining width in proportion to their
+// own, each up to a limit if other columns follow it. If there is too little, the first one
+// shrinks.
 void Parrilla::Interior::estirar() {
   if (!elasticas || !yo.modelo()) return;
   QHeaderView* h = yo.vista_->horizontalHeader();
@@ -316,35 +317,28 @@ void Parrilla::Interior::estirar() {
   }
   hacerSitio();
   const auto vistas = columnasVistas();
+  std::vector<int> textos;
+  int sobra = yo.vista_->viewport()->width(), peso = 0;
   for (const int i : vistas) {
+    sobra -= crece(i) ? anchoInicial(i) : h->sectionSize(i);
     if (!crece(i)) continue;
-    const int otras = h->length() - h->sectionSize(i);
-    const int cabe = yo.vista_->viewport()->width() - otras;
-    const bool aprieta =
-        std::ranges::any_of(columnas, [](const Columna& otra) { return otra.rango > 0; });
-    const int base = aprieta ? std::min(anchoInicial(i), std::max(cabe, escalar(kAnchoMinimo)))
-                             : anchoInicial(i);
-    const int libre = std::max(base, yo.vista_->viewport()->width() - otras);
-    const QScopedValueRollback en(colocando, true);
-    h->resizeSection(
-        i, i == vistas.back() ? libre : std::min(libre, std::max(base, escalar(kAnchoElastica))));
-    if (i != vistas.back()) repartirResto(vistas, i);
-    return;
+    textos.push_back(i);
+    peso += anchoInicial(i);
   }
-}
-
-void Parrilla::Interior::repartirResto(const std::vector<int>& vistas, int primera) {
-  QHeaderView* h = yo.vista_->horizontalHeader();
-  const auto crecer = [&](int i, int hasta) {
-    const int resto = yo.vista_->viewport()->width() - h->length();
-    const int ahora = h->sectionSize(i);
-    if (resto > 0) h->resizeSection(i, std::max(ahora, std::min(ahora + resto, escalar(hasta))));
-  };
-  for (const int i : vistas) {
-    if (i == primera || !crece(i)) continue;
-    if (anchoInicial(i) >= escalar(kAnchoMinimo)) crecer(i, kAnchoElastica);
+  const bool aprieta =
+      std::ranges::any_of(columnas, [](const Columna& otra) { return otra.rango > 0; });
+  if (sobra < 0 && !aprieta) sobra = 0;
+  const QScopedValueRollback en(colocando, true);
+  for (const int i : textos) {
+    const int suyo = anchoInicial(i);
+    const int tope = i == vistas.back() ? suyo + std::max(sobra, 0)
+                                        : std::max(escalar(kAnchoElastica), 2 * suyo);
+    const int ancho = sobra < 0 ? std::max(suyo + sobra, std::min(suyo, escalar(kAnchoMinimo)))
+                                : std::min(suyo + sobra * suyo / peso, tope);
+    h->resizeSection(i, ancho);
+    sobra = std::max(sobra - (ancho - suyo), 0);
+    peso -= suyo;
   }
-  crecer(primera, kAnchoMayor);
 }
 
 QString Parrilla::Interior::nombreMemoria() const {

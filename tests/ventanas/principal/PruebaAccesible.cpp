@@ -1,0 +1,135 @@
+// What assistive tools hear, and what the keyboard reaches, in every window that is registered: a
+// new one can't forget it.
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QComboBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+
+#include "MesaPrincipal.h"
+#include "capturas/Cortes.h"
+#include "core/ventanas/marco/Alcance.h"
+#include "core/ventanas/marco/Tira.h"
+
+namespace tarvo::prueba {
+
+using namespace ventanas;
+
+namespace {
+
+struct TodasLasVentanas : MesaPrincipal {
+  TodasLasVentanas() : MesaPrincipal(QStringList()) {
+    app::registrarVentanas(todas(), aplicacion);
+    seccion(1).departamento(1).almacen(1);
+    articulo({.codigo = 7, .nombre = u"Tomate", .depto = 1, .precio = 150});
+    grupo({.codigo = 2, .almacen = 1, .remoto = 4, .acceso = u"uno"});
+    operador(1);
+    periodo({.link = 1, .desde = momento("05/06/2018"), .hasta = momento("05/06/2018 23:59:59")});
+    periodo({.link = 2, .desde = momento("06/06/2018"), .hasta = momento("06/06/2018 23:59:59")});
+    for (const int link : {1, 2}) total(u"TOTGRT", {.link = link, .codi = 1, .con = 3, .imp = 450});
+  }
+  // Boxes that open with a window are closed, as nobody is there.
+  Ventana* abrir(const QString& nombre) {
+    QTimer vigia;
+    QObject::connect(&vigia, &QTimer::timeout, [] {
+      if (QWidget* caja = QApplication::activeModalWidget()) caja->close();
+    });
+    vigia.start(10);
+    Ventana* v = todas().abrir(nombre, nullptr, todas().muestra(nombre));
+    QCoreApplication::processEvents();
+    return v;
+  }
+  void cerrar(Ventana& v) {
+    QTimer vigia;
+    QObject::connect(&vigia, &QTimer::timeout, [] {
+      QWidget* caja = QApplication::activeModalWidget();
+      if (auto* b = caja ? caja->findChild<QPushButton*>(u"Acepto"_s) : nullptr) b->click();
+    });
+    vigia.start(10);
+    v.descargar();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+};
+
+QString nombreDe(QAccessibleInterface& i) {
+  if (const QString suyo = i.text(QAccessible::Name); !suyo.isEmpty()) return suyo;
+  for (const auto& [otro, relacion] : i.relations(QAccessible::Label))
+    if (otro) return otro->text(QAccessible::Name);
+  return {};
+}
+
+// What takes the keyboard; not the parts of which another control is made.
+bool esControl(const QWidget& w) {
+  if (!w.isVisible() || !(w.focusPolicy() & Qt::TabFocus) || w.focusProxy()) return false;
+  const QWidget* padre = w.parentWidget();
+  if (qobject_cast<const QComboBox*>(padre) || qobject_cast<const QAbstractItemView*>(padre))
+    return false;
+  return qobject_cast<const QLineEdit*>(&w) || qobject_cast<const QComboBox*>(&w) ||
+         qobject_cast<const QAbstractButton*>(&w) || qobject_cast<const QPlainTextEdit*>(&w) ||
+         qobject_cast<const QAbstractItemView*>(&w);
+}
+
+// The caption of a field without a letter, though one of its own is free.
+bool faltaLetra(const QLabel& r, QSet<QChar> usadas) {
+  if (!r.isVisible() || !r.buddy() || !QKeySequence::mnemonic(r.text()).isEmpty()) return false;
+  const QString texto = r.text();
+  return std::ranges::any_of(texto, [](QChar c) { return c.isLetter(); }) &&
+         conLetra(texto, usadas) != texto;
+}
+
+QStringList faltasDe(Ventana& v) {
+  QStringList faltas = capturas::letrasRepetidas(v);
+  const QSet<QChar> usadas = letrasUsadas(v);
+  auto* suya = QAccessible::queryAccessibleInterface(&v);
+  if (suya->role() != QAccessible::Window && suya->role() != QAccessible::Dialog)
+    faltas << u"no es una ventana"_s;
+  if (suya->text(QAccessible::Name).isEmpty()) faltas << u"no tiene nombre"_s;
+  for (QWidget* w : v.findChildren<QWidget*>()) {
+    const QString cual = QString::fromUtf8(w->metaObject()->className()) + u' ' + w->objectName();
+    auto* i = QAccessible::queryAccessibleInterface(w);
+    if (!i) continue;
+    const QString nombre = nombreDe(*i);
+    for (const QString& dicho : {nombre, i->text(QAccessible::Description)})
+      if (dicho.startsWith(u"TXT")) faltas << cual + u" dice "_s + dicho;
+    if (const auto* r = qobject_cast<QLabel*>(w); r && faltaLetra(*r, usadas))
+      faltas << cual + u" no tiene letra: "_s + r->text();
+    if (!esControl(*w)) continue;
+    if (nombre.trimmed().isEmpty()) faltas << cual + u" no tiene nombre"_s;
+    if (i->role() == QAccessible::NoRole || i->role() == QAccessible::Client)
+      faltas << cual + u" no tiene papel"_s;
+  }
+  return faltas;
+}
+
+}  // namespace
+
+TEST(Accesible, TodasLasVentanasSeOyen) {
+  TodasLasVentanas t;
+  const QStringList nombres = t.todas().nombres();
+  ASSERT_GT(nombres.size(), 40);
+  for (const QString& nombre : nombres) {
+    Ventana* v = t.abrir(nombre);
+    ASSERT_TRUE(v) << nombre.toStdString();
+    const QStringList faltas = faltasDe(*v);
+    EXPECT_TRUE(faltas.isEmpty()) << nombre.toStdString() << ":\n  "
+                                  << faltas.join(u"\n  "_s).toStdString();
+    t.cerrar(*v);
+  }
+}
+
+// A key whose command can't be given now is answered in words, which go with the next command.
+TEST(Accesible, UnaTeclaSinEfectoTieneRespuesta) {
+  TodasLasVentanas t;
+  Ventana* v = t.abrir(u"gestcomm"_s);
+  ASSERT_TRUE(v);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(v->tira().texto(), u"No hay ninguna tarea quitada que devolver.");
+  QTest::keyClick(v, Qt::Key_F6);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"En automático")) << v->tira().texto().toStdString();
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(v->tira().texto(), u"");
+  t.cerrar(*v);
+}
+
+}  // namespace tarvo::prueba
