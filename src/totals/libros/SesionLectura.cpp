@@ -209,7 +209,10 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lec
   const auto tarde = db_.uno(
       sobreSesion(u"SELECT count(*) FROM Sesiones WHERE CODGPO=? AND {desde}>{hasta}", tipo),
       grupo);
-  if (tarde && tarde->entero() > 0)
+  // The reading is kept already: a failure of the question is reported, not returned.
+  if (!tarde)
+    avisos.push_back({grupo, tarde.error().texto, true});
+  else if (tarde->entero() > 0)
     avisos.push_back({grupo, textos_(kTxCeroPosterior, {grupo}), true});
   return {};
 }
