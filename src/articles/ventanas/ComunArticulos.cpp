@@ -26,12 +26,6 @@ Error informe(const ventanas::Ventana& v, const Error& error) {
                                          : error;
 }
 
-void marcar(QWidget& campo, bool falta) {
-  if (campo.property("falta").toBool() == falta) return;
-  campo.setProperty("falta", falta);
-  campo.update();  // its frame depends on the property
-}
-
 Resultado<qint64> leerPrecio(const ventanas::Ventana& v, const QString& texto, int moneda) {
   const auto& c = v.contexto();
   const auto precio = comoPrecio(texto, c.ajustes, moneda);

@@ -16,9 +16,6 @@ QString verCodigo(qint64 codigo);
 // The error with its text for the windows of the catalogue.
 Error informe(const ventanas::Ventana& v, const Error& error);
 
-// Marks the field as faulty, or clears the mark.
-void marcar(QWidget& campo, bool falta);
-
 // Parses a quantity, in grams or units. A text that isn't a number or is out of range is refused;
 // an empty one is 0.
 Resultado<qint64> leerCantidad(const ventanas::Ventana& v, const QString& texto, int cada);

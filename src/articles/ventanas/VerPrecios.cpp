@@ -5,6 +5,7 @@
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/edicion/Opciones.h"
 
 namespace tarvo::articles {
 
@@ -58,9 +59,10 @@ VerPrecios::VerPrecios(ventanas::Contexto& contexto, const QString& nombre)
     : Ventana(contexto, nombre) {
   ui_.setupUi(cuerpo());
   enlazar();
-  ui_.LstTarifa->addItem(t(ventanas::kTxTodas), -1);
+  ventanas::Opciones tarifas{{-1, t(ventanas::kTxTodas)}};
   for (int tarifa = 0; tarifa < kTarifas; ++tarifa)
-    ui_.LstTarifa->addItem(QString::number(tarifa + 1), tarifa);
+    tarifas.push_back({tarifa, QString::number(tarifa + 1)});
+  ventanas::llenar(*ui_.LstTarifa, tarifas);
   ui_.txCod->setMaxLength(7);
   ui_.txCod->setValidator(new QIntValidator(0, kUltimoCodigo, this));
   ui_.Grid->preparar(contexto, nombre, columnasHistoria(*this, true));

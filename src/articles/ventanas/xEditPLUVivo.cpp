@@ -12,6 +12,7 @@
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "articles/ventanas/xEditPLU.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/edicion/Campo.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Recorrido.h"
 
@@ -103,7 +104,7 @@ void XEditPLU::pintarBarras() {
   const Articulo a = comoSeVe();
   const QString duda = dudaDeBarras(a);
   const bool mal = !duda.isEmpty();
-  marcar(predefinido_->control(), mal && a.codBarExt);
+  ventanas::marcarFalta(predefinido_->control(), mal && a.codBarExt);
   corregir_->setVisible(a.codBarExt && controlDebido(*a.codBarExt));
   control_->setText(duda);
   control_->setVisible(mal);

@@ -35,8 +35,10 @@ void EditIntvVentana::montar() {
   enlazarCampo(*ui_.LstTipo, r.tipo);
   enlazarCampo(*ui_.Fecha1, momento(r.desde, false));
   hasta_ = &enlazarCampo(*ui_.FechaF, momento(r.hasta, true));
+  ventanas::Opciones meses;
   for (int mes = 1; mes <= 12; ++mes)
-    ui_.LstMes->addItem(QLocale(QLocale::Spanish).standaloneMonthName(mes));
+    meses.push_back({mes, QLocale(QLocale::Spanish).standaloneMonthName(mes)});
+  ventanas::llenar(*ui_.LstMes, meses);
   connect(ui_.LstTipo, &QComboBox::activated, this, &EditIntvVentana::tipoCambiado);
   connect(ui_.LstMes, &QComboBox::activated, this, &EditIntvVentana::mesCambiado);
   connect(ui_.spAno, &QSpinBox::valueChanged, this, &EditIntvVentana::mesCambiado);

@@ -4,6 +4,7 @@
 
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/edicion/Opciones.h"
 #include "core/ventanas/marco/Recuerdos.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/LadoGrafica.h"
@@ -89,9 +90,11 @@ void Visor::montar() {
   ui_.Moneda->setIcon(ventanas::icono(u"moneda"_s));
   ui_.VerGrafica->setIcon(ventanas::icono(u"grafica"_s));
   ui_.Moneda->setVisible(contexto().ajustes.Euro > 0);
+  ventanas::Opciones clases;
   for (const ClaseTotal& k : enVigor(contexto().ajustes))
     if (k.tipo != TipoTotal::OperHora)
-      ui_.LstClase->addItem(nombreClase(contexto().textos, k.tipo), numeroDe(k.tipo));
+      clases.push_back({numeroDe(k.tipo), nombreClase(contexto().textos, k.tipo)});
+  ventanas::llenar(*ui_.LstClase, clases);
   for (QWidget* w : {static_cast<QWidget*>(ui_.rotuloClase), static_cast<QWidget*>(ui_.LstClase),
                      static_cast<QWidget*>(ui_.rotuloDesde), static_cast<QWidget*>(ui_.desde),
                      static_cast<QWidget*>(ui_.rotuloHasta), static_cast<QWidget*>(ui_.hasta)})

@@ -6,6 +6,7 @@
 
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/edicion/Opciones.h"
 
 namespace tarvo::importar {
 
@@ -67,10 +68,11 @@ void ColumnasTabla::anadir(QGridLayout& reja, const Tabla& tabla, const Plan& pl
 
 QComboBox* ColumnasTabla::lista(std::optional<Campo> campo, const Textos& textos) {
   auto* caja = new QComboBox;
-  caja->addItem(textos(kTxNoSeUsa), kSinUsar);
+  ventanas::Opciones campos{{kSinUsar, textos(kTxNoSeUsa)}};
   for (int i = 0; i < kCampos; ++i)
-    caja->addItem(importar::titulo(static_cast<Campo>(i), textos), i);
-  caja->setCurrentIndex(caja->findData(campo ? static_cast<int>(*campo) : kSinUsar));
+    campos.push_back({i, importar::titulo(static_cast<Campo>(i), textos)});
+  ventanas::llenar(*caja, campos);
+  ventanas::elegir(*caja, campo ? static_cast<int>(*campo) : kSinUsar);
   connect(caja, &QComboBox::currentIndexChanged, this, &ColumnasTabla::cambiado);
   return caja;
 }

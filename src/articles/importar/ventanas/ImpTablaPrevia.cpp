@@ -2,6 +2,7 @@
 #include "articles/importar/ventanas/ImpTablaVentana.h"
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/edicion/Opciones.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::importar {
@@ -65,12 +66,11 @@ void ImpTablaVentana::montarPrevia() {
 }
 
 void ImpTablaVentana::mostrarPropuestas() {
-  const int quever = ui_.quever->count() > 0 ? ui_.quever->currentData().toInt() : kTodas;
-  ui_.quever->clear();
-  ui_.quever->addItem(t(kTxTodas, motor_->ensayadas()), kTodas);
+  ventanas::Opciones clases{{kTodas, t(kTxTodas, motor_->ensayadas())}};
   for (int i = 0; i < 4; ++i)
-    ui_.quever->addItem(t(kTxNuevas + i, motor_->cuantas(static_cast<Que>(i))), i);
-  ui_.quever->setCurrentIndex(ui_.quever->findData(quever));
+    clases.push_back({i, t(kTxNuevas + i, motor_->cuantas(static_cast<Que>(i)))});
+  ventanas::llenar(*ui_.quever, clases);
+  const qint64 quever = ventanas::elegido(*ui_.quever, kTodas);
   std::vector<ventanas::FilaViva> filas;
   qint64 clave = 0;
   for (const Propuesta& p : motor_->propuestas()) {

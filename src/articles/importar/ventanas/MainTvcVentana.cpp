@@ -5,6 +5,7 @@
 #include "articles/importar/ventanas/TextosImportarVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/edicion/Campo.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 
@@ -103,7 +104,7 @@ std::optional<DestinoTvc> MainTvcVentana::destino() {
   if (!ui_.AUnaSecc->isChecked()) return d;
   const int seccion = ui_.Secc->text().toInt();
   const bool vale = seccion >= 1 && seccion <= 255;
-  ui_.Secc->setProperty("falta", !vale);
+  ventanas::marcarFalta(*ui_.Secc, !vale);
   if (!vale) {
     decirFallo(t(kTxSeccionMala));
     ui_.Secc->setFocus();

@@ -5,6 +5,7 @@
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/edicion/Campo.h"
 #include "core/ventanas/marco/EscogeFecha.h"
 
 namespace tarvo::precios {
@@ -134,7 +135,7 @@ void BrowOfer::fechaCambiada(QLineEdit& caja, Dia& filtro) {
   const QString texto = caja.text().trimmed();
   const auto fecha = Fecha::leerProxima(texto, contexto().reloj.ahora());
   const bool mala = !fecha && !texto.isEmpty();
-  marcarFalta(caja, mala);
+  ventanas::marcarFalta(caja, mala);
   if (mala) return decirDuda(t(kTxFechaSinFiltrar).arg(texto));
   if (fecha) caja.setText(fecha->corta());
   const Dia dia = fecha ? Dia(fecha->dia()) : Dia();

@@ -10,6 +10,7 @@
 #include "core/dinero/Dinero.h"
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/edicion/Campo.h"
 #include "core/ventanas/marco/Recuerdos.h"
 #include "core/ventanas/marco/Tira.h"
 
@@ -99,7 +100,7 @@ bool CalcPreVentana::tomar(QLineEdit& caja, const Hacer& hacer) {
   if (!caja.isModified()) return true;
   const QString dicho = caja.text().trimmed();
   if (const auto mal = malTexto(caja, dicho)) return retener(caja, *mal);
-  marcarFalta(caja, false);
+  ventanas::marcarFalta(caja, false);
   hacer();
   tocado_ = true;
   pintar();
@@ -123,7 +124,7 @@ std::optional<QString> CalcPreVentana::malTexto(const QLineEdit& caja, const QSt
 
 // The box keeps what was typed and the focus, until it is mended or given up with Escape.
 bool CalcPreVentana::retener(QLineEdit& caja, const QString& motivo) {
-  marcarFalta(caja, true);
+  ventanas::marcarFalta(caja, true);
   decirFallo(motivo);
   QMetaObject::invokeMethod(
       this,
@@ -138,7 +139,7 @@ bool CalcPreVentana::retener(QLineEdit& caja, const QString& motivo) {
 bool CalcPreVentana::renunciar() {
   auto* caja = qobject_cast<QLineEdit*>(focusWidget());
   if (!cajas_.contains(caja) || !caja->isModified()) return false;
-  marcarFalta(*caja, false);
+  ventanas::marcarFalta(*caja, false);
   pintar();
   caja->selectAll();
   if (tira().estado() == ventanas::Estado::Mal) tira().quitar();

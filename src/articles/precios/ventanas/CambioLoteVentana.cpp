@@ -7,6 +7,8 @@
 #include "core/dinero/Dinero.h"
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/edicion/Campo.h"
+#include "core/ventanas/edicion/Opciones.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
@@ -54,14 +56,14 @@ CambioLoteVentana::CambioLoteVentana(ventanas::Contexto& contexto, const QString
 }
 
 void CambioLoteVentana::montar() {
-  for (int i = 0; i < 3; ++i) {
-    ui_.que->addItem(t(kTxQue + i));
-    ui_.redondeo->addItem(t(kTxRedondeos + i));
-  }
-  ui_.nivel->addItem(t(kTxTodos));
-  for (int i = 0; i < articles::kNiveles; ++i) ui_.nivel->addItem(t(kTxNivel + i));
-  ui_.tarifa->addItem(t(kTxTodas));
-  for (int i = 1; i <= articles::kTarifas; ++i) ui_.tarifa->addItem(t(kTxTarifaN).arg(i));
+  const Textos& textos = contexto().textos;
+  ventanas::llenar(*ui_.que, ventanas::deTextos(textos, kTxQue, 3));
+  ventanas::llenar(*ui_.redondeo, ventanas::deTextos(textos, kTxRedondeos, 3));
+  ventanas::Opciones niveles{{0, t(kTxTodos)}}, tarifas{{0, t(kTxTodas)}};
+  for (int i = 1; i <= articles::kNiveles; ++i) niveles.push_back({i, t(kTxNivel + i - 1)});
+  for (int i = 1; i <= articles::kTarifas; ++i) tarifas.push_back({i, t(kTxTarifaN).arg(i)});
+  ventanas::llenar(*ui_.nivel, niveles);
+  ventanas::llenar(*ui_.tarifa, tarifas);
   ui_.txPaso->setText(precioEnTexto(contexto(), 1));
   for (QLineEdit* caja : {ui_.txPc, ui_.txPaso}) estrechar(*caja, 7);
   soloCifras(*ui_.txFormato, 2);
@@ -172,8 +174,8 @@ std::expected<OrdenLote, QString> CambioLoteVentana::ordenPrecios() {
   const bool malPc = centesimas < SubePrecios::kMenor || centesimas > SubePrecios::kMayor;
   const bool malPaso = paso.value_or(0) < 1 || *paso > kPrecioDeBalanza;
   const bool sinPc = ui_.txPc->text().trimmed().isEmpty();
-  marcarFalta(*ui_.txPc, malPc && !sinPc);
-  marcarFalta(*ui_.txPaso, malPaso);
+  ventanas::marcarFalta(*ui_.txPc, malPc && !sinPc);
+  ventanas::marcarFalta(*ui_.txPaso, malPaso);
   if (orden) return *orden;
   if (sinPc) return std::unexpected(t(kTxOrdenMala));
   const Textos& textos = contexto().textos;

@@ -43,13 +43,6 @@ void marcarFijo(QLineEdit& campo, bool fijo) {
   campo.setPalette(colores);
 }
 
-void marcarFalta(QWidget& campo, bool falta) {
-  if (campo.property("falta").toBool() == falta) return;
-  campo.setProperty("falta", falta);
-  campo.style()->unpolish(&campo);
-  campo.style()->polish(&campo);
-}
-
 void soloCifras(QLineEdit& campo, int cuantas) {
   static const QRegularExpression kCifras(u"[0-9]*"_s);
   campo.setMaxLength(cuantas);

@@ -22,8 +22,6 @@ QString conDosDecimales(double n);
 std::optional<double> numeroDe(const QString& texto);
 // Shows a fixed value in bold on the selection colour, any other one as usual.
 void marcarFijo(QLineEdit& campo, bool fijo);
-// Marks the field as faulty, or clears the mark.
-void marcarFalta(QWidget& campo, bool falta);
 // Restricts the field to digits.
 void soloCifras(QLineEdit& campo, int cuantas);
 // Limits the width of the field to that many digits.

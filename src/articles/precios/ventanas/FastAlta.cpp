@@ -94,7 +94,7 @@ void FastAlta::montarDerecha(Formulario f) {
     return modo;
   };
   auto* cada = new QComboBox;
-  for (int i = 0; i < 3; ++i) cada->addItem(t(kTxUnidades + i));
+  ventanas::llenar(*cada, ventanas::deTextos(contexto().textos, kTxUnidades, 3));
   f.fila(kTxUnidadFicha, cada, u"LstCada"_s);
   auto* suyo = new CampoVivo(*cada, nullptr,
                              {.estado = [cada] { return QString::number(cada->currentIndex()); },

@@ -10,6 +10,7 @@
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/edicion/Campo.h"
 #include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::precios {
@@ -59,7 +60,7 @@ void MatrizPrecios::hacerCampo(QGridLayout& cuadricula, Celda celda) {
                            c_->textos(kTxTarifaN).arg(celda.tarifa + 1));
   campo->installEventFilter(this);
   connect(campo, &QLineEdit::editingFinished, this, [this, celda] { terminar(celda); });
-  connect(campo, &QLineEdit::textEdited, this, [campo] { marcarFalta(*campo, false); });
+  connect(campo, &QLineEdit::textEdited, this, [campo] { ventanas::marcarFalta(*campo, false); });
   casilla(celda).campo = campo;
   cuadricula.addWidget(campo, celda.tarifa + 1, celda.nivel + 1);
   // Created after the form, so it is inserted in the tab order at the position of the matrix.
@@ -71,7 +72,7 @@ void MatrizPrecios::mostrar(Celda celda, qint64 precio, const QString& texto) {
   c.precio = precio;
   c.texto = texto;
   c.campo->setText(texto);
-  marcarFalta(*c.campo, false);
+  ventanas::marcarFalta(*c.campo, false);
   if (c.campo->hasFocus()) c.campo->selectAll();
 }
 
@@ -179,7 +180,7 @@ bool MatrizPrecios::queda(Celda celda, const QString& dicho, const Error& error)
   QLineEdit& campo = *casilla(celda).campo;
   campo.setText(dicho);
   campo.setModified(true);
-  marcarFalta(campo, true);
+  ventanas::marcarFalta(campo, true);
   rechazado_ = true;
   Q_EMIT fallo(celda, error);
   return false;

@@ -48,15 +48,19 @@ Resultado<> Campo::leer() {
   return hecho;
 }
 
+void marcarFalta(QWidget& control, bool falta) {
+  if (control.property("falta").toBool() == falta) return;
+  control.setProperty("falta", falta);
+  control.update();  // its frame depends on the property
+}
+
 void Campo::marcar(const QString& falta) {
   if (falta_) {
     falta_->setText(falta);
     falta_->setVisible(!falta.isEmpty());
   }
   control_.setAccessibleDescription(falta.isEmpty() ? control_.toolTip() : falta);
-  if (conFalta() == !falta.isEmpty()) return;
-  control_.setProperty("falta", !falta.isEmpty());
-  control_.update();  // its frame depends on the property
+  marcarFalta(control_, !falta.isEmpty());
 }
 
 bool Campo::conFalta() const {

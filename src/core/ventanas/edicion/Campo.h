@@ -34,6 +34,9 @@ struct Modo {
   bool deFecha = false;  // has a calendar
 };
 
+// Marks a control as wrong, or as right again. A field of a sheet does it by itself.
+void marcarFalta(QWidget& control, bool falta);
+
 class Campo : public QObject {
   Q_OBJECT
  public:

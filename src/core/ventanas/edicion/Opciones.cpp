@@ -22,6 +22,12 @@ Opciones numeros(std::initializer_list<qint64> valores) {
   return hechas;
 }
 
+Opciones deTextos(const Textos& textos, int primero, int cuantos) {
+  Opciones hechas;
+  for (int i = 0; i < cuantos; ++i) hechas.push_back({i, textos(primero + i)});
+  return hechas;
+}
+
 void llenar(QComboBox& lista, const Opciones& opciones) {
   const QSignalBlocker callada(lista);
   const QVariant antes = lista.currentData();

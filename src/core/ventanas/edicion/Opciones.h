@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/nombres/Nombres.h"
+#include "core/textos/Textos.h"
 
 namespace tarvo::ventanas {
 
@@ -18,6 +19,9 @@ using Opciones = std::vector<Opcion>;
 Opciones conCodigo(const std::vector<CodigoNombre>& lista, int cifras);
 // Numbers as their own texts.
 Opciones numeros(std::initializer_list<qint64> valores);
+
+// Consecutive texts, from number `primero` on; their values count from 0.
+Opciones deTextos(const Textos& textos, int primero, int cuantos);
 
 // Replaces the items without emitting a signal. The selected value stays selected if it is still
 // there, else the first one is.
