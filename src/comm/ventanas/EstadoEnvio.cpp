@@ -53,7 +53,7 @@ std::vector<Columna> columnasEstado(const Textos& textos) {
            },
        .estado = [](const dao::Valor& v) { return formaDe(Situacion(v.entero())); }},
       {.titulo = ventanas::kTxDesde, .campo = u"DESDE"_s, .clase = Clase::Momento},
-      {.titulo = ventanas::kTxMotivo, .campo = u"MOTIVO"_s, .ancho = 262}};
+      {.titulo = ventanas::kTxMotivo, .campo = u"MOTIVO"_s, .ancho = 180}};
 }
 
 std::vector<Columna> columnasFicha(const Textos& textos) {
@@ -95,7 +95,7 @@ EstadoEnvio::~EstadoEnvio() {
 
 void EstadoEnvio::montar() {
   ui_.division->setStretchFactor(0, 1);
-  ui_.division->setSizes({escalar(850), escalar(490)});
+  ui_.division->setSizes({escalar(800), escalar(540)});
   ponerLetra(*ui_.LblCuenta, Letra::Secundaria);
   ponerLetra(*ui_.LblFicha, Letra::Secundaria);
   unir(ui_.Enviar, u"enviar"_s, Qt::Key_F6, [this] { enviar(); });

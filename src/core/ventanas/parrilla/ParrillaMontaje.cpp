@@ -304,9 +304,9 @@ void Parrilla::Interior::hacerSitio() {
   }
 }
 
-// Until the user sets widths, the text columns share the remaining width in proportion to their
-// own, each up to a limit if other columns follow it. If there is too little, the first one
-// shrinks.
+// Until the user sets widths, the wide text columns share the remaining width in proportion to
+// their own, each up to a limit if other columns follow it; columns of a word or two stay narrow.
+// If there is too little, the first one shrinks.
 void Parrilla::Interior::estirar() {
   if (!elasticas || !yo.modelo()) return;
   QHeaderView* h = yo.vista_->horizontalHeader();
@@ -321,7 +321,8 @@ void Parrilla::Interior::estirar() {
   int sobra = yo.vista_->viewport()->width(), peso = 0;
   for (const int i : vistas) {
     sobra -= crece(i) ? anchoInicial(i) : h->sectionSize(i);
-    if (!crece(i)) continue;
+    const bool ancha = anchoInicial(i) >= escalar(kAnchoMinimo) || i == vistas.back();
+    if (!crece(i) || !(ancha || textos.empty())) continue;
     textos.push_back(i);
     peso += anchoInicial(i);
   }
