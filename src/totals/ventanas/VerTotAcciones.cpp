@@ -34,6 +34,7 @@ QString textoMayores(const std::vector<Acumulacion>& hechas) {
 
 std::vector<qint64> linksDe(const std::vector<Acumulacion>& hechas) {
   std::vector<qint64> links;
+  links.reserve(hechas.size());
   for (const Acumulacion& a : hechas) links.push_back(a.link);
   return links;
 }

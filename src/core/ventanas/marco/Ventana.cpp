@@ -131,8 +131,8 @@ void Ventana::unir(QAction* accion, const QString& dibujo, const QKeySequence& t
 
 void Ventana::alDar(QAction* accion, const std::function<void()>& hacer) {
   connect(accion, &QAction::triggered, this, [this, hacer] {
-    const QPointer<Ventana> yo(this);
     const int antes = tira_->veces();
+    const QPointer<Ventana> yo(this);
     hacer();
     if (yo && pista_ == antes && tira_->veces() == antes) tira_->quitar();
   });
