@@ -148,6 +148,31 @@ TEST_F(LibrosTest, UnaParteNoSustituyeALoEntero) {
   }
 }
 
+// A memorised part of a list leaves the other codes with what is memorised of them: the next whole
+// reading adds each sale once.
+TEST_F(LibrosTest, UnaParteMemorizadaConservaLoDemas) {
+  dia();
+  leerTodo();
+  t.memorizar();
+  for (const qint64 hasta : {60, 90}) {
+    dia();
+    for (const int g : {1, 2}) {
+      totals::Lectura parte;
+      parte.entera = false;
+      for (const auto& [addr, maquina] : t.grupos.at(g))
+        for (const auto& [codigo, c] : maquina.articulos)
+          if (codigo >= 30 && codigo < hasta) parte.maquinas[addr][{codigo, 0}] = c;
+      bien(t.sesion().PrepararRecepcion(g, TipoTotal::PLUs));
+      bien(t.sesion().guardarLectura(g, TipoTotal::PLUs, parte, t.avisos));
+    }
+    t.memorizar();
+  }
+  dia();
+  leerTodo();
+  t.memorizar();
+  for (const int g : {1, 2}) t.cuadra(g);
+}
+
 // Sales that a run forgot are in the machine alone: it isn't told to forget them too, until it has
 // been read again. Nothing is missing where the session held only what a period has already.
 TEST_F(LibrosTest, LoOlvidadoSinMemorizarNoSePoneACero) {

@@ -134,39 +134,71 @@ Resultado<> Memoria::quitarAusentes(const Recibido& r, qint64 link) {
   return {};
 }
 
+// Codes that this part of a list doesn't hold keep their memorised counters.
+Resultado<bool> Memoria::conservarBase(const Recibido& r, const dao::Recordset& lectura) {
+  TARVO_TOMAR(const auto base,
+              db_.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO,
+                      numeroDe(r.clase)));
+  const bool parte = !lectura.logico(3) && base.entero() > 0;
+  if (!parte) {
+    TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO,
+                                numeroDe(r.clase)));
+  } else if (lectura.entero(0) > 1) {
+    TARVO_INTENTAR(db_.ejecutar(
+        u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=? AND EXISTS (SELECT 1 FROM LectFilas l "_s
+        u"WHERE l.GRUPO=BaseFilas.GRUPO AND l.CLASE=BaseFilas.CLASE AND l.ADDR=BaseFilas.ADDR AND "_s
+        u"l.CODI=BaseFilas.CODI AND l.HORA=BaseFilas.HORA)"_s,
+        r.CODGPO, numeroDe(r.clase)));
+  } else {
+    TARVO_INTENTAR(db_.ejecutar(
+        sobreFilas(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=? AND ADDR=? AND EXISTS (SELECT "
+                   u"1 FROM {tabla} i WHERE i.LINK=0 AND i.GRUPO=BaseFilas.GRUPO AND "
+                   u"i.CODI=BaseFilas.CODI AND {horaI}=BaseFilas.HORA)",
+                   claseDe(r.clase)),
+        r.CODGPO, numeroDe(r.clase), lectura.entero(2)));
+  }
+  return parte;
+}
+
 // From now on the machines' counters hold what this period has, except for machines zeroed since
 // they were read.
 Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
-  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO,
-                              numeroDe(r.clase)));
-  TARVO_TOMAR(auto rs,
-              db_.consultar(u"SELECT MAQUINAS, SEC, ADDR FROM Lecturas WHERE GRUPO=? AND CLASE=?"_s,
-                            r.CODGPO, numeroDe(r.clase)));
+  TARVO_TOMAR(
+      const auto rs,
+      db_.consultar(u"SELECT MAQUINAS, SEC, ADDR, ENTERA FROM Lecturas WHERE GRUPO=? AND CLASE=?"_s,
+                    r.CODGPO, numeroDe(r.clase)));
   if (rs->Eof()) return {};
-  const qint64 sec = rs->entero(1);
-  bool queda, aparte = false;
-  if (rs->entero(0) > 1) {
+  TARVO_TOMAR(const bool parte, conservarBase(r, *rs));
+  const qint64 sec = rs->entero(1), addr = rs->entero(2);
+  const bool varias = rs->entero(0) > 1;
+  TARVO_TOMAR(const auto hecho,
+              db_.uno(u"SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO>?"_s,
+                      r.CODGPO, addr, sec));
+  bool queda = hecho.entero() == 0;
+  if (varias) {
     TARVO_INTENTAR(db_.ejecutar(
         u"INSERT INTO BaseFilas SELECT * FROM LectFilas WHERE GRUPO=? AND CLASE=? AND "_s
         u"ADDR NOT IN (SELECT ADDR FROM Ceros WHERE Ceros.GRUPO=LectFilas.GRUPO AND SEC_HECHO>?)"_s,
         r.CODGPO, numeroDe(r.clase), sec));
-    const auto todas = db_.uno(u"SELECT count(*) FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s,
-                               r.CODGPO, numeroDe(r.clase));
-    const auto base = db_.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s,
-                              r.CODGPO, numeroDe(r.clase));
-    if (!todas || !base) return std::unexpected(todas ? base.error() : todas.error());
-    queda = base->entero() > 0;
-    aparte = queda;
-  } else {
-    const qint64 addr = rs->entero(2);
-    TARVO_TOMAR(const auto hecho,
-                db_.uno(u"SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND SEC_HECHO>?"_s,
-                        r.CODGPO, addr, sec));
-    queda = hecho.entero() == 0;
+  } else if (parte && queda) {
+    TARVO_INTENTAR(db_.ejecutar(
+        sobreFilas(
+            u"INSERT INTO BaseFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, IMP, SCO) "
+            u"SELECT i.GRUPO, ?, ?, i.CODI, {horaI}, i.CON, i.PES, i.IMP, i.SCO FROM {tabla} i "
+            u"WHERE i.LINK=0 AND i.GRUPO=?",
+            claseDe(r.clase)),
+        numeroDe(r.clase), addr, r.CODGPO));
+  }
+  const bool aparte = varias || parte;
+  if (aparte) {
+    TARVO_TOMAR(const auto base,
+                db_.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO,
+                        numeroDe(r.clase)));
+    queda = base.entero() > 0;
   }
   TARVO_INTENTAR(db_.ejecutar(
       u"UPDATE Lecturas SET LINK=?, BASE_DESDE=?, BASE_HASTA=?, APARTE=? WHERE GRUPO=? AND CLASE=?"_s,
-      queda ? dao::Valor(link) : dao::Valor(), r.baseDesde, r.hasta, aparte, r.CODGPO,
+      queda ? dao::Valor(link) : dao::Valor(), r.baseDesde, r.hasta, aparte && queda, r.CODGPO,
       numeroDe(r.clase)));
   return {};
 }

@@ -62,6 +62,8 @@ class Memoria {
   Resultado<bool> soloSuma(const Columna& c);
   Resultado<> hacerDescontable(const Columna& antes, qint64 link, bool conAjenas,
                                const std::vector<Recibido>& lecturas, std::vector<Aviso>& avisos);
+  // True if the reading is a part of a list whose memorised counters are known.
+  Resultado<bool> conservarBase(const Recibido& r, const dao::Recordset& lectura);
   Resultado<> anotarBase(const Recibido& r, qint64 link);
   Resultado<> anotarOrigen(const Recibido& r, qint64 link);
 

@@ -77,6 +77,9 @@ class Sesion {
 
   // --- receiving
   Resultado<bool> PuedeRecibir(int grupo, TipoTotal clase);
+  // Whether the group's machines may still hold counters that are in a period: their next reading
+  // is compared with them.
+  Resultado<bool> conBase(int grupo);
   // Notes on disk that a reading of this kind is under way. The inbox keeps what it held.
   Resultado<> PrepararRecepcion(int grupo, TipoTotal clase);
   // One transaction: the rows of LINK 0 of the group and kind become these, DD_ and HT_ are set, a

@@ -151,6 +151,14 @@ Resultado<> Sesion::Estado::anotarLectura(int grupo, TipoTotal tipo, Lectura est
   return {};
 }
 
+Resultado<bool> Sesion::conBase(int grupo) {
+  TARVO_TOMAR(const auto n,
+              db_.uno(u"SELECT (SELECT count(*) FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL)+"
+                      u"(SELECT count(*) FROM BaseFilas WHERE GRUPO=?)",
+                      grupo, grupo));
+  return n.entero() > 0;
+}
+
 Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lectura,
                                    std::vector<Aviso>& avisos) {
   const ClaseTotal& c = claseDe(tipo);
