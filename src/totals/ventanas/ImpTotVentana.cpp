@@ -5,6 +5,7 @@
 
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Retenida.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
@@ -161,8 +162,19 @@ Resultado<> ImpTotVentana::incorporarUno() {
   return {};
 }
 
+// A replaced period doesn't come back.
+bool ImpTotVentana::consiente(bool todos) {
+  using namespace ventanas;
+  if (!ui_.BorrPrevio->isChecked() || (!todos && !bloque_->existente)) return true;
+  const QString pregunta =
+      todos ? t(kTxSustituyeTodos) : t(kTxSustituyePeriodo).arg(TextoPeriodo(bloque_->periodo));
+  return MyMsgBox::Decide(this, contexto().textos, pregunta,
+                          kAceptoCancelo | kExclamacion | kPrudente);
+}
+
 void ImpTotVentana::Haz(bool todos) {
   if (estado_ != kListo) return ponerEstado(kSinFichero);
+  if (!consiente(todos)) return;
   ponerEstado(kLeyendo);
   ventanas::trabajar(*this, nullptr,
                      {.que = t(kTxImportando),

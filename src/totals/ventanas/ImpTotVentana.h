@@ -24,6 +24,7 @@ class ImpTotVentana final : public ventanas::Ventana {
   void leerSiguiente();
   void mostrarBloque();
   void Haz(bool todos);
+  bool consiente(bool todos);
   Resultado<> incorporarUno();
   void acabar(const ventanas::Faena::Fin& fin);
   void Alto();

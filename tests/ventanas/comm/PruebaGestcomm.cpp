@@ -309,7 +309,16 @@ TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
   EXPECT_EQ(gestor->CuantosQuedan().total, 0);
   // Once memorised in a period, the same reading is only the base of the next one.
   sql(u"UPDATE Lecturas SET LINK=7"_s);
-  EXPECT_TRUE(responder({}, borrar).contains(u"ninguna venta recogida sin guardar"));
+  const QString nada = u"ninguna venta recogida sin guardar"_s;
+  EXPECT_TRUE(responder({}, borrar).contains(nada));
+  // Nor is it lost after its machines were zeroed and the session was closed, unless it was closed
+  // without memorising.
+  sql(u"UPDATE Lecturas SET LINK=NULL"_s);
+  EXPECT_FALSE(responder({}, borrar).contains(nada)) << "the session is open";
+  sql(u"UPDATE EstadoTarvo SET VALOR=0 WHERE CLAVE='SesionAbier'"_s);
+  EXPECT_TRUE(responder({}, borrar).contains(nada));
+  sql(u"INSERT INTO Olvidos (GRUPO, EJECUCION, SEC) VALUES (1, 1, 9999)"_s);
+  EXPECT_FALSE(responder({}, borrar).contains(nada));
   responder(u"Acepto"_s, borrar);
   EXPECT_EQ(gestor->CuantosQuedan().total, 1);
   gestor->terminator();

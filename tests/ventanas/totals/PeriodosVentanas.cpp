@@ -158,6 +158,7 @@ TEST(VentanaPeriodos, ExportaYVuelveAImportar) {
   ASSERT_EQ(ficheros->count(), 1);
   QTest::keyClick(ficheros, Qt::Key_Return);
   EXPECT_EQ(i->findChild<QLabel*>(u"LbFecha"_s)->text(), u"4 junio 2018");
+  t.responder(u"Acepto"_s);
   QTest::mouseClick(i->findChild<QPushButton*>(u"hazTodos"_s), Qt::LeftButton);
   ASSERT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 2; }));
   EXPECT_EQ(i->findChild<QLabel*>(u"mensaje"_s)->text(), u"Importación realizada con éxito");
@@ -178,7 +179,15 @@ TEST(VentanaPeriodos, ImportarDiceEnQueEsta) {
   QTest::keyClick(i->findChild<QListWidget*>(u"LstFich"_s), Qt::Key_Return);
   auto* mensaje = i->findChild<QLabel*>(u"mensaje"_s);
   const Pintados pintados(*mensaje);
-  QTest::mouseClick(i->findChild<QPushButton*>(u"Haz"_s), Qt::LeftButton);
+  // What is there isn't replaced by two Returns: it would not come back.
+  auto* lanzar = i->findChild<QPushButton*>(u"Haz"_s);
+  t.responder(u"Cancelo"_s);
+  QTest::keyClick(lanzar, Qt::Key_Return);
+  EXPECT_TRUE(t.textoModal.contains(u"ya existe. Lo que tiene se borra"_s));
+  EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 1);
+  EXPECT_EQ(pintados.textos.indexOf(u"Se está borrando el Periodo existente"_s), -1);
+  t.responder(u"Acepto"_s);
+  QTest::mouseClick(lanzar, Qt::LeftButton);
   ASSERT_TRUE(esperar([&] { return mensaje->text() == u"Importación realizada con éxito"; }));
   const qsizetype borra = pintados.textos.indexOf(u"Se está borrando el Periodo existente"_s);
   ASSERT_GE(borra, 0) << pintados.textos.join(u'|').toStdString();
@@ -198,6 +207,7 @@ TEST(VentanaPeriodos, ImportarSePara) {
   QTest::keyClick(i->findChild<QListWidget*>(u"LstFich"_s), Qt::Key_Return);
   auto* alto = i->findChild<QPushButton*>(u"Alto"_s);
   const auto* hechos = i->findChild<QLabel*>(u"Conta"_s);
+  t.responder(u"Acepto"_s);
   QTest::mouseClick(i->findChild<QPushButton*>(u"hazTodos"_s), Qt::LeftButton);
   QTest::mouseClick(alto, Qt::LeftButton);
   EXPECT_EQ(i->findChild<QLabel*>(u"mensaje"_s)->text(), u"Proceso interrumpido por el usuario");
