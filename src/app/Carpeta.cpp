@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QDir>
@@ -74,8 +75,15 @@ Resultado<Cerrojo> Cerrojo::tomar(const QString& base) {
 }
 
 Resultado<> Cerrojo::tomarFichero(const QString& base) {
-  const int fd = ::open(QFile::encodeName(base).constData(), O_RDWR | O_CLOEXEC);
+  const QByteArray nombre = QFile::encodeName(base);
+  struct stat tomado{}, ahora{};
+  // A second descriptor of the same file, once closed, would drop the locks of the store.
+  if (fichero_ >= 0 && ::fstat(fichero_, &tomado) == 0 && ::stat(nombre.constData(), &ahora) == 0 &&
+      tomado.st_dev == ahora.st_dev && tomado.st_ino == ahora.st_ino)
+    return {};
+  const int fd = ::open(nombre.constData(), O_RDWR | O_CLOEXEC);
   if (fd < 0) return fallo(Fallo::SinPermiso, QString::fromLocal8Bit(std::strerror(errno)));
+  if (fichero_ >= 0) ::close(fichero_);
   fichero_ = fd;
   struct flock trozo{};
   trozo.l_type = F_WRLCK;

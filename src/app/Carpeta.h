@@ -30,7 +30,8 @@ class Cerrojo {
   // written.
   static Resultado<Cerrojo> tomar(const QString& base);
   // By the file itself as well, which may have other names (hard links). REQUIRES that it exists;
-  // the database must be closed before this is destroyed. Errors: Ocupado.
+  // the database must be closed before this is destroyed. Called again, it follows a file that was
+  // replaced. Errors: Ocupado.
   Resultado<> tomarFichero(const QString& base);
   Cerrojo(Cerrojo&& otro) noexcept
       : fd_(std::exchange(otro.fd_, -1)), fichero_(std::exchange(otro.fichero_, -1)) {}

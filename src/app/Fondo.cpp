@@ -103,13 +103,18 @@ Resultado<std::unique_ptr<Fondo>> Fondo::abrir(const QString& carpeta, Idioma id
   if (ficheroReal(ajustes.BaseDatos) != ficheroReal(antes.BaseDatos))
     return conMotivo({Fallo::Ocupado, 0, {}});
   std::unique_ptr<Fondo> fondo(new Fondo(std::move(*cerrojo), std::move(ajustes), textos));
+  // Opening it may write: not into a file that another program holds by another name.
+  const QString& base = fondo->ajustes.BaseDatos;
+  if (QFileInfo::exists(base))
+    if (const auto suyo = fondo->cerrojo_.tomarFichero(base);
+        !suyo && suyo.error().clase == Fallo::Ocupado)
+      return conMotivo(suyo.error());
   auto db = abrirBase(fondo->ajustes, reloj.ahora().dia());
   if (!db)
     return fallo(db.error().clase,
                  textos(kTxBaseNoAbierta).arg(fondo->ajustes.BaseDatos, db.error().texto));
   fondo->db = std::move(*db);
-  if (const auto suyo = fondo->cerrojo_.tomarFichero(fondo->ajustes.BaseDatos); !suyo)
-    return conMotivo(suyo.error());
+  if (const auto suyo = fondo->cerrojo_.tomarFichero(base); !suyo) return conMotivo(suyo.error());
   if (const auto hecho = recordarMoneda(*fondo->db, fondo->ajustes); !hecho)
     return fallo(hecho.error().clase, textos(kTxSinArranque).arg(hecho.error().texto));
   fijarTextosEtiquetas(fondo->ajustes, textos);  // in the effective currency

@@ -217,6 +217,9 @@ TEST_F(Programa, UnaBaseEsDeUnSoloProceso) {
     EXPECT_EQ(fin.estado, 4) << carpeta.toStdString();
     EXPECT_TRUE(fin.errores.contains(u"Otro TARVO")) << fin.errores.toStdString();
   }
+  EXPECT_EQ(QDir(en(QStringLiteral("dura"))).entryList({QStringLiteral("TARVO.MDB-*")}),
+            QStringList())
+      << "refused before it wrote a journal of its own";
   QProcess segunda;
   QByteArray suya;
   arrancar(segunda, {QStringLiteral("--carpeta"), en(QStringLiteral("otra")), kSinVentana,
