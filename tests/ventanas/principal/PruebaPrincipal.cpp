@@ -107,7 +107,8 @@ TEST(Principal, LaMananaNoMezcla) {
   EXPECT_TRUE(pieza(*v, u"0001 FRUTERIA. 1.234,56"_s));
   auto* otro = pieza(*v, u"0002 PESCADERIA. Uno."_s);
   ASSERT_TRUE(otro);
-  EXPECT_TRUE(otro->accessibleName().contains(u"y 2 motivos más. Tiene 43,21 en del "))
+  EXPECT_TRUE(
+      otro->accessibleName().contains(u"y 2 motivos más. Tiene 43,21 en otro periodo (del "))
       << otro->accessibleName().toStdString();
   EXPECT_TRUE(otro->toolTip().contains(u"Tres."));
   EXPECT_TRUE(esperar([&] { return pieza(*v, u"sin ningún artículo"_s) != nullptr; }));
