@@ -28,7 +28,7 @@ GrpDlg::GrpDlg(Contexto& c, const QString& nombre, const Servicios& s)
   acabar({420, 440});
 }
 
-// As wide as the form: what it means when it is empty stands in it.
+// As wide as the form, since its placeholder explains an empty field.
 Modo GrpDlg::balanza() {
   Modo m = numero(r.balanza, 1, kBalanzaMayor).con(t(kTxBalanzaMala));
   m.letras = 0;

@@ -64,19 +64,26 @@ Resultado<> escribirPorMaquina(Database& db, int grupo, TipoTotal tipo, const Le
   return {};
 }
 
+// The open session holds a reading of this kind that is in no period yet; a whole one, if only
+// those count.
+Resultado<bool> haySinMemorizar(Database& db, const ClaseTotal& c, int grupo, bool soloEntera) {
+  TARVO_TOMAR(const auto n,
+              db.uno(conMarcas(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND "
+                               u"{enSesion} AND GRUPO=CODGPO AND CLASE=? AND (ENTERA<>0 OR NOT "
+                               u"?) AND (LINK IS NULL OR APARTE=1)",
+                               {{u"enSesion", CampoSesion(c.tipo)}}),
+                     grupo, numeroDe(c.tipo), soloEntera));
+  return n.entero() > 0;
+}
+
 // The inbox holds a reading that is in no period yet: of the open session, or waiting for a
 // person's answer. When one of its counters went down, the machine may have forgotten it: that
 // reading is the only record of those sales.
 Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
                               const Lectura::Filas& nuevas, bool entera, bool abierta) {
-  TARVO_TOMAR(const auto viva,
-              db.uno(conMarcas(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND "
-                               u"{enSesion} AND GRUPO=CODGPO AND CLASE=? AND (LINK IS NULL OR "
-                               u"APARTE=1)",
-                               {{u"enSesion", CampoSesion(c.tipo)}}),
-                     grupo, numeroDe(c.tipo)));
+  TARVO_TOMAR(const bool viva, haySinMemorizar(db, c, grupo, false));
   TARVO_TOMAR(const auto espera, hayDudas(db, grupo));
-  if ((!abierta || viva.entero() == 0) && !espera) return false;
+  if (!(abierta && viva) && !espera) return false;
   bool pisa = false;
   TARVO_INTENTAR(dao::recorrer(
       db.consultar(conMarcas(u"SELECT CODI, CON, {hora} FROM {tabla} WHERE LINK=0 AND GRUPO=?",
@@ -97,17 +104,6 @@ QString sobreSesion(QStringView sentencia, TipoTotal tipo) {
   return conMarcas(sentencia, {{u"desde", CampoDesde(tipo)},
                                {u"hasta", CampoHasta(tipo)},
                                {u"enSesion", CampoSesion(tipo)}});
-}
-
-// The open session holds a whole reading of this kind that is in no period yet.
-Resultado<bool> hayEnteraSinMemorizar(Database& db, const ClaseTotal& c, int grupo) {
-  TARVO_TOMAR(const auto n,
-              db.uno(conMarcas(u"SELECT count(*) FROM Sesiones, Lecturas WHERE CODGPO=? AND "
-                               u"{enSesion} AND GRUPO=CODGPO AND CLASE=? AND ENTERA<>0 AND (LINK "
-                               u"IS NULL OR APARTE=1)",
-                               {{u"enSesion", CampoSesion(c.tipo)}}),
-                     grupo, numeroDe(c.tipo)));
-  return n.entero() > 0;
 }
 
 }  // namespace
@@ -168,7 +164,7 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lec
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
 
   if (!lectura.entera && d->abierta > 0) {
-    TARVO_TOMAR(const auto sabeMas, hayEnteraSinMemorizar(db_, c, grupo));
+    TARVO_TOMAR(const auto sabeMas, haySinMemorizar(db_, c, grupo, true));
     if (sabeMas) {
       TARVO_INTENTAR(db_.ejecutar(
           u"UPDATE Lecturas SET ESTADO=CASE WHEN ANTES IN (2, 4) THEN ANTES ELSE 3 END WHERE "_s

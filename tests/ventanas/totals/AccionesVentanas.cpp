@@ -142,8 +142,8 @@ TEST(VentanaAcciones, LoQueYaNoEstaNoSeDeshaceYSeDice) {
   EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
 }
 
-// Where it went is said, and it comes out of there again: to the cent, and with the week that was
-// made for it.
+// The strip names the larger period, and undoing takes the sales out of it again, to the cent,
+// together with a week that was made for them.
 TEST(VentanaAcciones, LoAcumuladoSeDiceYSeDeshace) {
   for (const bool conOtro : {false, true}) {
     Lista t;
@@ -164,7 +164,7 @@ TEST(VentanaAcciones, LoAcumuladoSeDiceYSeDeshace) {
   }
 }
 
-// What an earlier version of the day had there went out for good; that is said.
+// The sales of an earlier version of the day are gone for good, and this is reported.
 TEST(VentanaAcciones, LaVersionAnteriorNoVuelveYSeDice) {
   Lista t;
   const qint64 lunes = t.dia("04/06/2018");

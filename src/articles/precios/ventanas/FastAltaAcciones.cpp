@@ -36,7 +36,7 @@ FastAlta::Respuesta FastAlta::preguntar() {
                                       : Respuesta::Cancelar;
 }
 
-// Asked once nothing stands in its way.
+// Called once all checks have passed.
 void FastAlta::confirmar() {
   if (!leer()) return;
   switch (preguntar()) {
