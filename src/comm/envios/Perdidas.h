@@ -1,4 +1,4 @@
-// What groups lose for good in a wipe or a zeroing: the data of the question before it.
+// What the question before a wipe or a zeroing tells of each group.
 #pragma once
 
 #include <optional>
@@ -15,8 +15,6 @@ struct Perdida {
   QString nombre;
   qint64 articulos = 0;       // held by the group, as far as confirmed
   qint64 deSeccion = 0;       // of its section, possibly held
-  bool hayVentas = false;     // collected, but in no period yet
-  qint64 ventas = 0;          // their amount, minor units of stored money
   std::optional<Fecha> cero;  // when it was last zeroed, if known
 };
 

@@ -15,31 +15,35 @@ namespace {
 constexpr size_t kGruposNombrados = 12;
 
 // "0001 Name: 24 articles; sales of 12,50 that aren't in any period".
-QString loQueTiene(const envios::Perdida& p, const ventanas::Ventana& quien) {
+QString loQueTiene(const envios::Perdida& p, const std::optional<qint64>& sinPeriodo,
+                   const ventanas::Ventana& quien) {
   const Ajustes& a = quien.contexto().ajustes;
   const bool sabido = p.articulos > 0;
   const QString articulos = quien.t(sabido ? kTxPerdidaArticulos : kTxPerdidaSinSaber,
                                     static_cast<int>(sabido ? p.articulos : p.deSeccion));
   const QString ventas =
-      !p.hayVentas ? quien.t(kTxPerdidaSinVentas)
-                   : quien.t(kTxPerdidaVentas)
-                         .arg(VerImporte(a, p.ventas, a.MonedaPreferente),
-                              a.MonedaLogo[static_cast<size_t>(a.MonedaPreferente != 0)].trimmed());
+      !sinPeriodo ? quien.t(kTxPerdidaSinVentas)
+                  : quien.t(kTxPerdidaVentas)
+                        .arg(VerImporte(a, *sinPeriodo, a.MonedaPreferente),
+                             a.MonedaLogo[static_cast<size_t>(a.MonedaPreferente != 0)].trimmed());
   const QString cero = p.cero ? quien.t(kTxPerdidaCero).arg(p.cero->general()) : QString();
   return u"%1 %2: %3; %4%5"_s.arg(Ceros(p.grupo, 4), p.nombre, articulos, ventas, cero);
 }
 
 }  // namespace
 
-bool consientePerder(ventanas::Ventana& quien, const envios::Grupos& deQuien, TipoTarea clase,
+bool consientePerder(ventanas::Ventana& quien, const Servicios& s, TipoTarea clase,
                      const std::vector<int>& grupos) {
   if (clase != TipoTarea::TxZero && clase != TipoTarea::BorrPlu) return true;
-  const auto perdidas = deQuien.loQueSePierde(grupos);
+  const auto perdidas = s.grupos.loQueSePierde(grupos);
   if (!quien.haIdoBien(perdidas)) return false;
   QStringList lineas{quien.t(clase == TipoTarea::BorrPlu ? kTxPreguntaBorrado : kTxPreguntaCero,
                              static_cast<int>(perdidas->size()))};
-  for (const auto& p : *perdidas | std::views::take(kGruposNombrados))
-    lineas << loQueTiene(p, quien);
+  for (const auto& p : *perdidas | std::views::take(kGruposNombrados)) {
+    const auto sinPeriodo = s.sesion.sinPeriodo(p.grupo);
+    if (!quien.haIdoBien(sinPeriodo)) return false;
+    lineas << loQueTiene(p, *sinPeriodo, quien);
+  }
   if (perdidas->size() > kGruposNombrados)
     lineas << quien.t(kTxPerdidaYMas, static_cast<int>(perdidas->size() - kGruposNombrados));
   using namespace ventanas;

@@ -4,8 +4,7 @@
 #include <QString>
 #include <vector>
 
-#include "comm/envios/Grupos.h"
-#include "comm/motor/gestcomm.h"
+#include "comm/ventanas/Servicios.h"
 #include "core/ventanas/marco/Ventana.h"
 
 namespace tarvo::comm {
@@ -17,7 +16,7 @@ struct PeticionTarea {
 };
 // Asks before a wipe or a zeroing, listing the losses of each group; true if the user goes on.
 // Cancelar is the default. Nothing is asked for other kinds of task.
-bool consientePerder(ventanas::Ventana& quien, const envios::Grupos& deQuien, TipoTarea clase,
+bool consientePerder(ventanas::Ventana& quien, const Servicios& s, TipoTarea clase,
                      const std::vector<int>& grupos);
 // Calls NuevaTareaMenu for each group. Failures are reported: a refusal by the session in a message
 // box, a group that doesn't communicate in the strip of `quien`.

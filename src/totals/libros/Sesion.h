@@ -67,6 +67,10 @@ class Sesion {
   // Records, in the current transaction, the groups with sales in the open session that are in no
   // period: the session is about to be closed without them.
   Resultado<> anotarOlvido();
+  // The amount of the group's sales in the inbox that are in no period, in minor units of the
+  // stored money, from the kind that knows most: of the open session, or of one that was closed
+  // without them. Nothing if there are none.
+  Resultado<std::optional<qint64>> sinPeriodo(int grupo);
   // Copies the state into the settings and saves them. A failure is an Aviso, never a loss.
   Resultado<> reflejar();
 

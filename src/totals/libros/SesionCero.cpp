@@ -120,16 +120,15 @@ Resultado<> marcarPuestaACero(Database& db, int grupo, Fecha cuando) {
   return {};
 }
 
-// This run closed a session without memorising the group's sales, and nothing has been read whole
-// since: they are in the machine alone. What a person forgets by hand is his own decision.
-Resultado<bool> olvidadoSinMemorizar(Database& db, int grupo, qint64 ejecucion) {
-  TARVO_TOMAR(
-      const auto n,
-      db.uno(u"SELECT count(*) FROM Olvidos WHERE GRUPO=? AND EJECUCION=? AND EJECUCION>0 "_s
-             u"AND SEC>(SELECT COALESCE(MAX(SEC), 0) FROM Lecturas WHERE "_s
-             u"Lecturas.GRUPO=Olvidos.GRUPO AND ESTADO=2 AND ENTERA<>0)"_s,
-             grupo, ejecucion));
-  return n.entero() > 0;
+// The run that closed a session without memorising the group's sales, if nothing has been read
+// whole since: they are in the machine alone. 0 for a person at a window.
+Resultado<std::optional<qint64>> olvidadoSinMemorizar(Database& db, int grupo) {
+  TARVO_TOMAR(const auto rs,
+              db.consultar(u"SELECT EJECUCION FROM Olvidos WHERE GRUPO=? AND SEC>(SELECT "
+                           u"COALESCE(MAX(SEC), 0) FROM Lecturas WHERE "
+                           u"Lecturas.GRUPO=Olvidos.GRUPO AND ESTADO=2 AND ENTERA<>0)",
+                           grupo));
+  return rs->Eof() ? std::nullopt : std::optional(rs->entero(0));
 }
 
 }  // namespace
@@ -152,8 +151,10 @@ Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
   if (!motivo.isEmpty()) return PermisoCero{false, false, motivo};
   TARVO_TOMAR(const auto parte, motivoDeParte(db_, ajustes_, textos_, grupo));
   if (!parte.isEmpty()) return PermisoCero{false, false, parte};
-  TARVO_TOMAR(const auto olvidado, olvidadoSinMemorizar(db_, grupo, d->ejecucion));
-  if (olvidado) return PermisoCero{false, false, textos_(kTxOlvidadoSinMemorizar, {grupo})};
+  // What a person forgets by hand is his own decision.
+  TARVO_TOMAR(const auto olvido, olvidadoSinMemorizar(db_, grupo));
+  if (olvido && *olvido > 0 && *olvido == d->ejecucion)
+    return PermisoCero{false, false, textos_(kTxOlvidadoSinMemorizar, {grupo})};
   TARVO_TOMAR(const auto cierre, d->valores.leer(u"CierreFallido"_s));
   if (!cierre.nulo() && d->abierta == 2) {
     const auto espera =
@@ -173,6 +174,25 @@ Resultado<> Sesion::anotarCierreFallido() {
   TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
   TARVO_INTENTAR(d->valores.poner(u"CierreFallido"_s, sec));
   return tr.confirmar();
+}
+
+Resultado<std::optional<qint64>> Sesion::sinPeriodo(int grupo) {
+  TARVO_TOMAR(const auto olvido, olvidadoSinMemorizar(db_, grupo));
+  std::optional<qint64> mayor;
+  if (d->abierta != 2 && !olvido) return mayor;
+  for (const TipoTotal tipo : {TipoTotal::GranTotal, TipoTotal::PLUs, TipoTotal::Departamentos}) {
+    TARVO_TOMAR(
+        const auto rs,
+        db_.consultar(
+            dao::conMarcas(u"SELECT count(*), SUM(IMP) FROM {tabla} WHERE LINK=0 AND GRUPO=? AND "
+                           u"(? OR EXISTS (SELECT 1 FROM Sesiones WHERE CODGPO=? AND {enSesion})) "
+                           u"AND NOT EXISTS (SELECT 1 FROM Lecturas l WHERE l.GRUPO=? AND CLASE=? "
+                           u"AND l.LINK IS NOT NULL AND APARTE=0)",
+                           {{u"tabla", NombreTabla(tipo)}, {u"enSesion", CampoSesion(tipo)}}),
+            grupo, olvido.has_value(), grupo, grupo, numeroDe(tipo)));
+    if (rs->entero(0) > 0) mayor = std::max(mayor.value_or(rs->entero(1)), rs->entero(1));
+  }
+  return mayor;
 }
 
 Resultado<> Sesion::anotarOlvido() {

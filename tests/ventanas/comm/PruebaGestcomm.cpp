@@ -315,7 +315,7 @@ TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
   // without memorising.
   sql(u"UPDATE Lecturas SET LINK=NULL"_s);
   EXPECT_FALSE(responder({}, borrar).contains(nada)) << "the session is open";
-  sql(u"UPDATE EstadoTarvo SET VALOR=0 WHERE CLAVE='SesionAbier'"_s);
+  ASSERT_TRUE(sesion->ponerEstado(0));
   EXPECT_TRUE(responder({}, borrar).contains(nada));
   sql(u"INSERT INTO Olvidos (GRUPO, EJECUCION, SEC) VALUES (1, 1, 9999)"_s);
   EXPECT_FALSE(responder({}, borrar).contains(nada));
