@@ -254,6 +254,11 @@ TEST_F(DudasTest, UnGrupoBorradoNoDejaNadaAlQueLleveSuCodigo) {
   EXPECT_TRUE(t.textoAvisos().isEmpty() || !t.textoAvisos().contains(u"Grupo 2: sus contadores"));
   EXPECT_EQ(t.enPeriodos(2, TipoTotal::PLUs).IMP,
             250);  // the former one's sales stay in its periods
+  for (int n = 0; n < 9; ++n) t.grupos.at(2).at(1).vender(10, 50, 0);
+  ASSERT_TRUE(totals::olvidarGrupo(t.db(), 2).has_value());
+  t.leer(2);
+  t.memorizar();
+  EXPECT_EQ(t.enPeriodos(2, TipoTotal::PLUs).IMP, 750);  // also beside more sales of the next one
 }
 
 }  // namespace tarvo::prueba

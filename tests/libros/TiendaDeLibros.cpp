@@ -56,9 +56,9 @@ void TiendaDeLibros::leerSolo(int numero, TipoTotal clase) {
 
 void TiendaDeLibros::leerSin(int numero, TipoTotal clase, const std::set<qint64>& perdidos) {
   totals::Lectura lectura;
-  for (const auto& [addr, maquina] : grupos.at(numero)) {
+  for (auto& [addr, maquina] : grupos.at(numero)) {
     auto& filas = lectura.maquinas[addr];
-    for (const auto& [codigo, c] : clase == TipoTotal::PLUs ? maquina.articulos : maquina.totales) {
+    for (const auto& [codigo, c] : maquina.de(clase)) {
       if (perdidos.contains(codigo)) continue;
       const qint64 clave = clase == TipoTotal::PLUs        ? codigo
                            : clase == TipoTotal::GranTotal ? numero

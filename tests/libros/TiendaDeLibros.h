@@ -14,19 +14,24 @@
 
 namespace tarvo::prueba {
 
-// Counters by article, once for the articles and once for the totals, which a register clears
-// separately; a group may have several registers.
+// Counters by article, once for each kind of total, which a register clears separately; a group may
+// have several registers.
 struct MaquinaContable {
   using Cuentas = std::map<qint64, totals::Contadores>;
-  Cuentas articulos, totales;
+  Cuentas articulos, granTotal, departamentos;
   totals::Contadores libro;  // all sales ever, zeroed or not
   // For a return the count may go down with the amount.
   void vender(qint64 articulo, qint64 importe, qint64 gramos, qint64 cuenta = 1) {
     const totals::Contadores v{cuenta, gramos, importe, 0};
-    for (auto* c : {&articulos, &totales}) (*c)[articulo] += v;
+    for (auto* c : {&articulos, &granTotal, &departamentos}) (*c)[articulo] += v;
     libro += v;
   }
-  void ponerACero() { articulos.clear(), totales.clear(); }
+  Cuentas& de(TipoTotal clase) {
+    return clase == TipoTotal::PLUs        ? articulos
+           : clase == TipoTotal::GranTotal ? granTotal
+                                           : departamentos;
+  }
+  void ponerACero() { articulos.clear(), granTotal.clear(), departamentos.clear(); }
 };
 
 class TiendaDeLibros : public Tienda {

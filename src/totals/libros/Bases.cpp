@@ -52,14 +52,19 @@ Resultado<> olvidar(Database& db, int grupo, int addr) {
   return {};
 }
 
+// Counters of other machines that are zero in every kind are no memorised part. While any is left,
+// each kind counts from the memorised reading, also one that has nothing left: all of it is new.
 Resultado<> fecharCero(Database& db, const Ajustes& ajustes, int grupo, Fecha cuando) {
-  TARVO_INTENTAR(db.ejecutar(
-      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=? "
-      u"AND NOT EXISTS (SELECT 1 FROM BaseFilas WHERE BaseFilas.GRUPO=Lecturas.GRUPO AND "
-      u"BaseFilas.CLASE=Lecturas.CLASE)",
-      grupo));
-  TARVO_TOMAR(const auto queda, db.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=?"_s, grupo));
+  TARVO_TOMAR(const auto queda,
+              db.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=? AND (CON<>0 OR PES<>0 OR "_s
+                     u"IMP<>0 OR SCO<>0)"_s,
+                     grupo));
   if (queda.entero() > 0) return {};
+  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=?"_s, grupo));
+  TARVO_INTENTAR(
+      db.ejecutar(u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, "_s
+                  u"APARTE=0 WHERE GRUPO=?"_s,
+                  grupo));
   TARVO_INTENTAR(
       db.ejecutar(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=? AND (PZERO IS NULL OR PZERO<?)"_s,
                   cuando, grupo, cuando));
