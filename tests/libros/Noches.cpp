@@ -99,15 +99,22 @@ TEST_F(LibrosTest, UnaNocheQueVaBienHaceElDia) {
 // A part of the codes was read: what the others sold would be in no book. Only a grand total of the
 // same session that has no more than the part shows that there is no rest.
 TEST_F(LibrosTest, ConSoloUnaParteNoSePoneACero) {
+  enum class Resto { Nada, Vende, SumaCero };
   static constexpr struct {
-    bool granTotal, resto, seBorra;
-  } kCasos[] = {{true, true, false}, {true, false, true}, {false, false, false}};
+    bool granTotal;
+    Resto resto;
+    bool seBorra;
+  } kCasos[] = {{true, Resto::Vende, false},
+                {true, Resto::SumaCero, false},
+                {true, Resto::Nada, true},
+                {false, Resto::Nada, false}};
   for (const auto& c : kCasos) {
     TiendaDeLibros otra(Fecha::de(QDate(2026, 11, 24), QTime(21, 0)));
     otra.grupo(1);
     auto& maquina = otra.grupos.at(1).at(0);
     maquina.vender(11, 500, 0);
-    if (c.resto) maquina.vender(12, 300, 0);
+    if (c.resto != Resto::Nada) maquina.vender(12, 300, 0);
+    if (c.resto == Resto::SumaCero) maquina.vender(13, -300, 0);
     totals::Lectura parte;
     parte.maquinas[0] = {{{11, 0}, {1, 0, 500, 0}}};
     parte.entera = false;
@@ -115,7 +122,7 @@ TEST_F(LibrosTest, ConSoloUnaParteNoSePoneACero) {
     bien(otra.sesion().PrepararRecepcion(1, TipoTotal::PLUs));
     bien(otra.sesion().guardarLectura(1, TipoTotal::PLUs, parte, otra.avisos));
     otra.memorizar();
-    EXPECT_EQ(otra.ponerACero(1), c.seBorra) << c.granTotal << c.resto;
+    EXPECT_EQ(otra.ponerACero(1), c.seBorra) << c.granTotal << static_cast<int>(c.resto);
   }
 }
 

@@ -50,7 +50,7 @@ class TiendaDeLibros : public Tienda {
   std::vector<qint64> memorizar(bool sustituir = true, bool aUno = true);
   // Asks for permission, announces, empties the machines and confirms. False when the group may not
   // be zeroed.
-  bool ponerACero(int numero, bool llega = true, bool confirma = true);
+  bool ponerACero(int numero, bool llega = true, bool confirma = true, bool visto = false);
 
   // The counters of a kind over all periods of a group, except those that only sum others.
   totals::Contadores enPeriodos(int numero, TipoTotal clase) const;

@@ -6,6 +6,7 @@
 
 #include "totals/TextosTotals.h"
 #include "totals/libros/BasesInterior.h"
+#include "totals/libros/Confirmados.h"
 #include "totals/libros/Dudas.h"
 #include "totals/libros/Memoria.h"
 #include "totals/libros/Partes.h"
@@ -205,6 +206,8 @@ Resultado<> resolverBasesDe(Database& db, const Ajustes& ajustes, const Textos& 
                             std::vector<Aviso>& avisos) {
   TARVO_TOMAR(const auto sabido, resolverPartes(db, ajustes, textos, grupo, avisos));
   if (!sabido) return {};
+  TARVO_TOMAR(const auto mostrado, resolverConfirmados(db, ajustes, textos, grupo, avisos));
+  if (!mostrado) return {};
   TARVO_TOMAR(const auto lista, releidas(db, ajustes));
   if (std::ranges::find(lista, grupo, &Releida::grupo) == lista.end()) return {};
   return resolverGrupo(db, ajustes, textos, lista, grupo, avisos);
@@ -217,6 +220,12 @@ Resultado<> resolverBases(Database& db, const Ajustes& ajustes, const Textos& te
   for (const int grupo : aMedias) {
     TARVO_TOMAR(const auto sabido, resolverPartes(db, ajustes, textos, grupo, avisos));
     if (!sabido) fuera.insert(grupo);
+  }
+  TARVO_TOMAR(const auto confirmados, gruposConConfirmados(db));
+  for (const int grupo : confirmados) {
+    if (fuera.contains(grupo)) continue;
+    TARVO_TOMAR(const auto mostrado, resolverConfirmados(db, ajustes, textos, grupo, avisos));
+    if (!mostrado) fuera.insert(grupo);
   }
   TARVO_TOMAR(const auto lista, releidas(db, ajustes));
   std::set<int> grupos;

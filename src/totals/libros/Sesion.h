@@ -109,8 +109,9 @@ class Sesion {
   };
   Resultado<Partes> partesHechas(int grupo, int addr);
   // The machine at this address has confirmed. When `ultima`, the group's PZERO is written as well
-  // (MarcarSesion 6).
-  Resultado<> ceroHecho(int grupo, int addr, bool ultima);
+  // (MarcarSesion 6). `visto`: its counters were seen to be gone; otherwise they are kept until its
+  // next reading shows it.
+  Resultado<> ceroHecho(int grupo, int addr, bool ultima, bool visto = false);
   // The addresses of the group whose zeroing was already confirmed in this run.
   Resultado<bool> ceroYaHecho(int grupo, int addr);
   // Compares a grand total just read with that machine's readings since it last forgot. Igual:
