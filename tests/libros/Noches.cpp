@@ -126,6 +126,32 @@ TEST_F(LibrosTest, ConSoloUnaParteNoSePoneACero) {
   }
 }
 
+// Several ranges of codes of one session are all kept, and the later one counts where they overlap.
+// Once they hold what the grand total has, nothing is missing.
+TEST_F(LibrosTest, VariasPartesDeUnaSesionSeJuntan) {
+  dia();
+  for (const auto& [desde, hasta] : {std::pair{10, 80}, {70, 120}, {120, 160}}) {
+    for (const int g : {1, 2}) {
+      if (desde == 70) t.grupos.at(g).begin()->second.vender(75, 300, 0);
+      totals::Lectura parte;
+      parte.entera = false;
+      for (const auto& [addr, maquina] : t.grupos.at(g))
+        for (const auto& [codigo, c] : maquina.articulos)
+          if (codigo >= desde && codigo < hasta) parte.maquinas[addr][{codigo, 0}] = c;
+      bien(t.sesion().PrepararRecepcion(g, TipoTotal::PLUs));
+      bien(t.sesion().guardarLectura(g, TipoTotal::PLUs, parte, t.avisos));
+    }
+    for (const int g : {1, 2}) EXPECT_FALSE(t.ponerACero(g));
+  }
+  for (const int g : {1, 2})
+    for (const TipoTotal k : {TipoTotal::GranTotal, TipoTotal::Departamentos}) t.leerSolo(g, k);
+  t.memorizar();
+  for (const int g : {1, 2}) {
+    t.cuadra(g);
+    EXPECT_TRUE(t.ponerACero(g)) << t.textoAvisos().toStdString();
+  }
+}
+
 // A reading that knows less never replaces one that knows more and is in no period yet; a whole
 // reading that was given up meanwhile still forbids the zeroing.
 TEST_F(LibrosTest, UnaParteNoSustituyeALoEntero) {
