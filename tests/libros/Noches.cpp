@@ -14,31 +14,60 @@ namespace {
 const Fecha kLunes = Fecha::de(QDate(2026, 11, 23), QTime(21, 0));
 constexpr qint64 kMinuto = 60'000;
 
-void venderDia(TiendaDeLibros& t, int grupo, Azar& azar) {
-  for (auto& [addr, maquina] : t.grupos.at(grupo))
+// `calla`: how likely a machine sells nothing.
+void venderDia(TiendaDeLibros& t, int grupo, Azar& azar, double calla = 0) {
+  for (auto& [addr, maquina] : t.grupos.at(grupo)) {
+    if (calla > 0 && azar.ocurre(calla)) continue;
     for (int articulo = 10; articulo < 160; ++articulo)
       for (int n = azar.entero(0, 4); n > 0; --n)
         maquina.vender(articulo, azar.entero(-200, 900), azar.entero(0, 2000));
-}
-
-// Answers from the tickets: the periods have all sales either with the whole reading, or with only
-// its increase.
-void contestar(TiendaDeLibros& t) {
-  const auto dudas = totals::dudasAbiertas(t.db());
-  for (const auto& d : *dudas) {
-    const auto bandeja =
-        t.db().uno(u"SELECT SUM(IMP) FROM TOTGRT WHERE LINK=0 AND GRUPO=?", d.grupo);
-    t.responder(d.grupo, d.addr,
-                t.enPeriodos(d.grupo, TipoTotal::GranTotal).IMP + bandeja->entero() ==
-                    t.vendido(d.grupo).IMP);
   }
 }
 
-// One round drawn by a seed: readings that fail, zeroings lost before or after the machine, power
-// cuts. In the last one every group is read.
-void rondaAlAzar(TiendaDeLibros& t, Azar& azar, bool ultima) {
+// Whoever has the tickets answers for each machine. A group whose sales are all in the periods
+// begins anew.
+void contestar(TiendaDeLibros& t) {
+  for (const auto& d : bien(totals::dudasAbiertas(t.db())))
+    t.responder(d.grupo, d.addr, t.grupos.at(d.grupo).at(d.addr).olvido);
+  for (auto& [grupo, maquinas] : t.grupos)
+    if (t.enPeriodos(grupo, TipoTotal::GranTotal) == t.vendido(grupo))
+      for (auto& [addr, maquina] : maquinas) maquina.olvido = false;
+}
+
+// The zeroing of a register breaks off at one of its frames, which may have been heard. `tramas`:
+// the frame that clears each kind.
+void cortarTramas(TiendaDeLibros& t, Azar& azar, const std::array<int, 3>& tramas) {
+  if (!bien(t.sesion().permisoCero(2)).permitido) return;
+  const int addr = azar.entero(1, 2), muere = azar.entero(1, 3);
+  const bool oida = azar.ocurre(0.5);
+  auto& caja = t.grupos.at(2).at(addr);
+  for (int trama = 1; trama <= muere; ++trama) {
+    bien(t.sesion().anunciarCero(2, addr, trama));
+    constexpr std::array kClases{TipoTotal::PLUs, TipoTotal::GranTotal, TipoTotal::Departamentos};
+    for (size_t k = 0; k < kClases.size(); ++k)
+      if (tramas[k] == trama && (trama < muere || oida)) {
+        caja.olvido = caja.olvido || !caja.de(kClases[k]).empty();
+        caja.de(kClases[k]).clear();
+      }
+    if (trama < muere) bien(t.sesion().parteHecha(2, addr, trama));
+  }
+  t.cortar();
+}
+
+// What the rounds of a seed share: the frame that clears each kind, and the groups whose machines
+// confirmed without obeying. Those are read in the next round; after more sales of everything they
+// would look like machines that obeyed.
+struct Suerte {
+  std::array<int, 3> tramas;
+  std::set<int> mienten = {};
+};
+
+// One round drawn by a seed: readings that fail, zeroings lost before or after the machine, or
+// confirmed and not obeyed, or broken off between frames, power cuts. In the last one every group
+// is read.
+void rondaAlAzar(TiendaDeLibros& t, Azar& azar, Suerte& suya, bool ultima) {
   for (const int g : {1, 2}) {
-    if (ultima || !azar.ocurre(0.2)) {
+    if (ultima || suya.mienten.erase(g) > 0 || !azar.ocurre(0.2)) {
       t.leer(g);
     } else {
       (void)t.sesion().PrepararRecepcion(g, TipoTotal::PLUs);
@@ -50,8 +79,10 @@ void rondaAlAzar(TiendaDeLibros& t, Azar& azar, bool ultima) {
   contestar(t);
   if (azar.ocurre(0.2)) t.cortar();
   for (const int g : {1, 2}) {
-    const int suerte = azar.entero(0, 5);
+    const int suerte = azar.entero(0, 7);
     if (suerte < 5) t.ponerACero(g, suerte != 1, suerte > 1);
+    if (suerte == 6 && t.ponerACero(g, false, true)) suya.mienten.insert(g);
+    if (suerte == 7 && g == 2) cortarTramas(t, azar, suya.tramas);
   }
   if (azar.ocurre(0.2)) t.cortar();
 }
@@ -423,15 +454,18 @@ TEST(LibrosAlAzar, CadaVentaEstaUnaVez) {
     TiendaDeLibros t(kLunes);
     t.grupo(1);
     t.grupo(2, {1, 2}, 3);
+    const int una = azar.entero(1, 3);
+    Suerte suya{{una, azar.entero(1, 3), una % 3 + 1}};
+    t.desdeCero();
     for (int noche = 1; noche <= 6; ++noche) {
       const bool otra = noche < 6 && azar.ocurre(0.3);
-      for (const int g : {1, 2}) venderDia(t, g, azar);
+      for (const int g : {1, 2}) venderDia(t, g, azar, 0.2);
       t.amanecer();
-      rondaAlAzar(t, azar, noche == 6);
+      rondaAlAzar(t, azar, suya, noche == 6);
       if (!otra) continue;
-      for (const int g : {1, 2}) venderDia(t, g, azar);
+      for (const int g : {1, 2}) venderDia(t, g, azar, 0.3);
       t.masTarde(10);
-      rondaAlAzar(t, azar, false);
+      rondaAlAzar(t, azar, suya, false);
     }
     for (const int g : {1, 2}) t.cuadra(g);
     if (HasFailure()) break;

@@ -20,6 +20,7 @@ struct MaquinaContable {
   using Cuentas = std::map<qint64, totals::Contadores>;
   Cuentas articulos, granTotal, departamentos;
   totals::Contadores libro;  // all sales ever, zeroed or not
+  bool olvido = false;       // cleared; a test takes it back once the books have its sales
   // For a return the count may go down with the amount.
   void vender(qint64 articulo, qint64 importe, qint64 gramos, qint64 cuenta = 1) {
     const totals::Contadores v{cuenta, gramos, importe, 0};
@@ -31,7 +32,10 @@ struct MaquinaContable {
            : clase == TipoTotal::GranTotal ? granTotal
                                            : departamentos;
   }
-  void ponerACero() { articulos.clear(), granTotal.clear(), departamentos.clear(); }
+  void ponerACero() {
+    articulos.clear(), granTotal.clear(), departamentos.clear();
+    olvido = true;
+  }
 };
 
 class TiendaDeLibros : public Tienda {
