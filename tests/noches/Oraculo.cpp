@@ -358,7 +358,7 @@ void Oraculo::finDeNoche(std::optional<int> resultado, bool calma, int arranques
   exportados(arranques, resultado == 0 && plan_.exporta);
   if (resultado != 0) return;
   for (const auto& m : maquinas_)
-    if (plan_.aCero.contains(m.grupo->codigo) &&
+    if (plan_.aCero.contains(m.grupo->codigo) && !m.incumple &&
         m.maquina->memoria().puestas().size() == m.puestasAlEmpezar)
       anotar(cuando + QStringLiteral(": el grupo %1 no se puso a cero").arg(m.grupo->codigo));
   if (plan_.descuenta && base_.uno("SELECT count(*) FROM COLUMNA WHERE stkABLE<>0 AND stkADO=0 AND "
