@@ -344,6 +344,8 @@ bool Oraculo::seBorro(int grupo) {
   const Bandeja b = enBandeja(kGranTotal);
   hay += suma(b.filas);
   for (const auto& [addr, filas] : b.base) base += suma(filas);
+  base += base_.uno("SELECT COALESCE(SUM(IMP), 0) FROM CeroFilas WHERE CLASE=17 AND GRUPO=" +
+                    QByteArray::number(grupo));
   return std::abs(hay - vendido) < std::abs(hay - base - vendido);
 }
 
