@@ -194,6 +194,43 @@ TEST_F(DudasTest, UnaLecturaConRegistrosDeMenosNoEsUnaPuestaACero) {
   }
 }
 
+// Amounts that cancel, in articles that aren't read: all sums foot, and only the counts show it,
+// where the machines keep them alike in all kinds.
+TEST_F(DudasTest, LoQueSumaCeroYNoSeRecogeNoSePierde) {
+  t.grupo(2, {1}, 3);
+  struct Caso {
+    const char* que;
+    int grupo;
+    qint64 deMas;  // in the count of the departments
+    bool falta, seBorra;
+  };
+  for (const Caso& c : {Caso{"falta", 1, 0, true, false},
+                        {"está todo", 1, 0, false, true},
+                        {"cada clase cuenta a su modo", 1, 5, true, true},
+                        {"una caja cuenta clientes", 2, 0, true, true}}) {
+    SCOPED_TRACE(c.que);
+    t.amanecer();
+    t.avisos.clear();
+    auto& m = t.grupos.at(c.grupo).begin()->second;
+    for (const auto& [articulo, importe] : {std::pair{11, 300}, {98, 777}, {99, -777}})
+      m.vender(articulo, importe, 0);
+    m.departamentos[11].CON += c.deMas;
+    t.leerSin(c.grupo, TipoTotal::PLUs, c.falta ? std::set<qint64>{98, 99} : std::set<qint64>{});
+    t.leerSolo(c.grupo, TipoTotal::GranTotal);
+    t.leerSolo(c.grupo, TipoTotal::Departamentos);
+    t.memorizar();
+    EXPECT_EQ(t.textoAvisos().contains(u"el Gran Total cuenta 3 ventas y los artículos 1"),
+              !c.seBorra)
+        << t.textoAvisos().toStdString();
+    EXPECT_EQ(t.ponerACero(c.grupo), c.seBorra);
+    if (c.seBorra) continue;
+    t.leer(c.grupo);
+    t.memorizar();
+    t.cuadra(c.grupo);
+    EXPECT_TRUE(t.ponerACero(c.grupo));
+  }
+}
+
 // The record of the grand total is lost, and the rest foots with itself.
 TEST_F(DudasTest, UnGranTotalQueNoVieneSeDice) {
   vender(kLunes);
@@ -254,6 +291,11 @@ TEST_F(DudasTest, UnGrupoBorradoNoDejaNadaAlQueLleveSuCodigo) {
   EXPECT_TRUE(t.textoAvisos().isEmpty() || !t.textoAvisos().contains(u"Grupo 2: sus contadores"));
   EXPECT_EQ(t.enPeriodos(2, TipoTotal::PLUs).IMP,
             250);  // the former one's sales stay in its periods
+  for (int n = 0; n < 9; ++n) t.grupos.at(2).at(1).vender(10, 50, 0);
+  ASSERT_TRUE(totals::olvidarGrupo(t.db(), 2).has_value());
+  t.leer(2);
+  t.memorizar();
+  EXPECT_EQ(t.enPeriodos(2, TipoTotal::PLUs).IMP, 750);  // also beside more sales of the next one
 }
 
 }  // namespace tarvo::prueba

@@ -124,6 +124,37 @@ TEST_F(PartesTest, LaCajaSinVentasNoDejaDuda) {
     }
 }
 
+// The other register holds nothing: all kinds count from the announcement, none from the day
+// before.
+TEST_F(PartesTest, LaCajaSinVentasNoRetieneLaFecha) {
+  leidaYMemorizada(20);
+  EXPECT_TRUE(t.ponerACero(2));
+  for (const bool otra : {false, true}) {
+    SCOPED_TRACE(otra);
+    dia(0);
+    for (int n = 10; n < 20; ++n) t.grupos.at(2).at(1).vender(n, 100, 0);
+    if (otra) t.grupos.at(2).at(2).vender(12, 300, 0);
+    t.leer(2);
+    t.memorizar();
+    const Fecha leida = t.reloj.ahora();
+    for (int trama = 1; trama <= 3; ++trama) {
+      bien(t.sesion().anunciarCero(2, 1, trama));
+      if (trama < 3) bien(t.sesion().parteHecha(2, 1, trama));
+    }
+    t.grupos.at(2).at(1).ponerACero();
+    t.cortar();
+    dia(1);
+    t.leer(2);
+    bien(t.cierre().AnalizarScratch(t.avisos));
+    EXPECT_EQ(t.cierre().recibidos().size(), 3U);
+    for (const auto& r : t.cierre().recibidos())
+      EXPECT_EQ(r.desde.general(), leida.general()) << numeroDe(r.clase);
+    t.memorizar();
+    cuadra();
+    EXPECT_TRUE(t.ponerACero(2));
+  }
+}
+
 // Two frames were answered and the third was not: all was cleared, though a busy day hides it.
 TEST_F(PartesTest, TrasDosTramasContestadasTodoEstaBorrado) {
   leidaYMemorizada(20);

@@ -56,9 +56,9 @@ void TiendaDeLibros::leerSolo(int numero, TipoTotal clase) {
 
 void TiendaDeLibros::leerSin(int numero, TipoTotal clase, const std::set<qint64>& perdidos) {
   totals::Lectura lectura;
-  for (const auto& [addr, maquina] : grupos.at(numero)) {
+  for (auto& [addr, maquina] : grupos.at(numero)) {
     auto& filas = lectura.maquinas[addr];
-    for (const auto& [codigo, c] : clase == TipoTotal::PLUs ? maquina.articulos : maquina.totales) {
+    for (const auto& [codigo, c] : maquina.de(clase)) {
       if (perdidos.contains(codigo)) continue;
       const qint64 clave = clase == TipoTotal::PLUs        ? codigo
                            : clase == TipoTotal::GranTotal ? numero
@@ -82,7 +82,7 @@ std::vector<qint64> TiendaDeLibros::memorizar(bool sustituir, bool aUno) {
   return bien(p_->cierre.LaSesion(true, 0, avisos));
 }
 
-bool TiendaDeLibros::ponerACero(int numero, bool llega, bool confirma) {
+bool TiendaDeLibros::ponerACero(int numero, bool llega, bool confirma, bool visto) {
   const auto permiso = bien(p_->sesion.permisoCero(numero));
   if (!permiso.permitido) return false;
   auto& maquinas = grupos.at(numero);
@@ -91,7 +91,7 @@ bool TiendaDeLibros::ponerACero(int numero, bool llega, bool confirma) {
     ++hechas;
     bien(p_->sesion.anunciarCero(numero, addr));
     if (llega) maquina.ponerACero();
-    if (confirma) bien(p_->sesion.ceroHecho(numero, addr, hechas == maquinas.size()));
+    if (confirma) bien(p_->sesion.ceroHecho(numero, addr, hechas == maquinas.size(), visto));
   }
   return true;
 }

@@ -14,19 +14,28 @@
 
 namespace tarvo::prueba {
 
-// Counters by article, once for the articles and once for the totals, which a register clears
-// separately; a group may have several registers.
+// Counters by article, once for each kind of total, which a register clears separately; a group may
+// have several registers.
 struct MaquinaContable {
   using Cuentas = std::map<qint64, totals::Contadores>;
-  Cuentas articulos, totales;
+  Cuentas articulos, granTotal, departamentos;
   totals::Contadores libro;  // all sales ever, zeroed or not
+  bool olvido = false;       // cleared; a test takes it back once the books have its sales
   // For a return the count may go down with the amount.
   void vender(qint64 articulo, qint64 importe, qint64 gramos, qint64 cuenta = 1) {
     const totals::Contadores v{cuenta, gramos, importe, 0};
-    for (auto* c : {&articulos, &totales}) (*c)[articulo] += v;
+    for (auto* c : {&articulos, &granTotal, &departamentos}) (*c)[articulo] += v;
     libro += v;
   }
-  void ponerACero() { articulos.clear(), totales.clear(); }
+  Cuentas& de(TipoTotal clase) {
+    return clase == TipoTotal::PLUs        ? articulos
+           : clase == TipoTotal::GranTotal ? granTotal
+                                           : departamentos;
+  }
+  void ponerACero() {
+    articulos.clear(), granTotal.clear(), departamentos.clear();
+    olvido = true;
+  }
 };
 
 class TiendaDeLibros : public Tienda {
@@ -45,7 +54,7 @@ class TiendaDeLibros : public Tienda {
   std::vector<qint64> memorizar(bool sustituir = true, bool aUno = true);
   // Asks for permission, announces, empties the machines and confirms. False when the group may not
   // be zeroed.
-  bool ponerACero(int numero, bool llega = true, bool confirma = true);
+  bool ponerACero(int numero, bool llega = true, bool confirma = true, bool visto = false);
 
   // The counters of a kind over all periods of a group, except those that only sum others.
   totals::Contadores enPeriodos(int numero, TipoTotal clase) const;

@@ -187,6 +187,13 @@ TEST_F(Reglas, UnaOrdenSinRespuestaNoSeRepiteACiegas) {
     EXPECT_EQ(reintentos.isEmpty(), c.averia != niega || c.tipo == 3)
         << reintentos.join(u' ').toStdString();
     EXPECT_EQ(maquina(g).memoria().contadores().granTotal.imp, c.queda);
+    // Who was seen at zero is believed; who only confirmed it has to show it.
+    const bool vista = c.averia == calla || c.averia == nada;
+    if (!dicho && c.tipo == 1) {
+      EXPECT_EQ(
+          uno(QStringLiteral("SELECT count(*) FROM CeroFilas WHERE GRUPO=%1").arg(g)).entero() == 0,
+          vista);
+    }
     ++g;
   }
 }

@@ -179,7 +179,8 @@ void Mundo::dia(int n) {
   for (auto& m : maquinas_) {
     if (m.grupo->tipo == Tipo::Registradora && gente_.ocurre(p.sinVentas)) continue;
     vender(m, {codigos_[static_cast<std::size_t>(n)]}, fecha);
-    for (int k = azar_.entero(2, 25); k > 0; --k) vender(m, pueden, fecha);
+    for (int k = p.ventas < 0 ? azar_.entero(2, 25) : p.ventas; k > 0; --k)
+      vender(m, pueden, fecha);
     if (gente_.ocurre(p.devueltas)) devolver(m, fecha);
     apuntar(m);
   }
@@ -231,6 +232,7 @@ void Mundo::empezarNoche(const PlanNoche& n) {
     m.maquina->cambiarPercances(simulador::Percances(fallos, azar_.siguiente()));
     m.alEmpezar = m.maquina->memoria().libro().size();
     m.puestasAlEmpezar = m.maquina->memoria().puestas().size();
+    m.incumple = std::ranges::count(guion, Averia::CeroIncumplido, &simulador::Paso::averia) > 0;
     for (std::size_t a = 0; a < fallos.probabilidad.size(); ++a)
       if (fallos.probabilidad[a] > 0 && alTrazar_)
         traza(QStringLiteral("  máquina %1: %2 %3")

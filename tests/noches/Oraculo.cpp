@@ -344,6 +344,8 @@ bool Oraculo::seBorro(int grupo) {
   const Bandeja b = enBandeja(kGranTotal);
   hay += suma(b.filas);
   for (const auto& [addr, filas] : b.base) base += suma(filas);
+  base += base_.uno("SELECT COALESCE(SUM(IMP), 0) FROM CeroFilas WHERE CLASE=17 AND GRUPO=" +
+                    QByteArray::number(grupo));
   return std::abs(hay - vendido) < std::abs(hay - base - vendido);
 }
 
@@ -358,7 +360,7 @@ void Oraculo::finDeNoche(std::optional<int> resultado, bool calma, int arranques
   exportados(arranques, resultado == 0 && plan_.exporta);
   if (resultado != 0) return;
   for (const auto& m : maquinas_)
-    if (plan_.aCero.contains(m.grupo->codigo) &&
+    if (plan_.aCero.contains(m.grupo->codigo) && !m.incumple &&
         m.maquina->memoria().puestas().size() == m.puestasAlEmpezar)
       anotar(cuando + QStringLiteral(": el grupo %1 no se puso a cero").arg(m.grupo->codigo));
   if (plan_.descuenta && base_.uno("SELECT count(*) FROM COLUMNA WHERE stkABLE<>0 AND stkADO=0 AND "

@@ -21,6 +21,7 @@ struct MaquinaViva {
   std::size_t puestas = 0;    // zeroings seen so far
   std::size_t alEmpezar = 0;  // number of sales and zeroings when the night began
   std::size_t puestasAlEmpezar = 0;
+  bool incumple = false;  // this night it confirms without obeying
   struct Linea {
     simulador::Lista lista;
     qint64 peso = 0;  // unique among the lines of a shop

@@ -55,6 +55,7 @@ struct PlanNoche {
   double sinVentas = 0;           // how likely a register sells nothing that day
   double devueltas = 0;           // how likely a piece of an earlier day comes back to a machine
   bool diaAMano = false;          // a person has created the day's period before
+  int ventas = -1;                // of each machine, beside the day's own; -1: a few
   bool otraVez = false;           // the process runs once more the same evening, after a sale
   bool cambio = false;            // machines without unread sales are exchanged before
 };

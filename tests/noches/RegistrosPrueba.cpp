@@ -149,6 +149,31 @@ TEST(Registros, CadaTramaBorreLoQueBorre) {
   }
 }
 
+// One night a register confirms all its frames and obeys none; the next day it sells one article.
+TEST(Registros, LoQueConfirmaYNoBorraNoCuentaDosVeces) {
+  for (const bool antes : {false, true})
+    for (const int cajas : {1, 2})
+      for (const int ventas : {20, 60})
+        for (quint64 semilla = 1; semilla <= kSemillas; ++semilla) {
+          SCOPED_TRACE(testing::Message()
+                       << cajas << " cajas, " << ventas << " ventas, cero "
+                       << (antes ? "antes" : "después") << ", semilla " << semilla);
+          Plan p = planDe(semilla, cajas, antes, semilla % 2 == 0);
+          for (int codigo = 300; codigo < 340; ++codigo) {
+            simulador::Articulo& a = p.articulos[codigo];
+            a.codigo = codigo, a.unidad = 2, a.precio = 100;
+            a.barras = "20000" + QByteArray::number(codigo);
+          }
+          p.noches[1].ventas = ventas;
+          p.noches[2].ventas = 0;
+          for (const int trama : kCeros)
+            p.noches[1].fallos[0].guion.push_back({Averia::CeroIncumplido, 0, trama});
+          Noches n(p);
+          bien(n, cajas, 4);
+          if (testing::Test::HasFailure()) return;
+        }
+}
+
 // The power fails at any event of the night; a person restarts the program the same evening, with
 // or without sales in between, or no one does.
 TEST(Registros, ElCorteEnCualquierMomentoSeCuraEnLaNocheSiguiente) {

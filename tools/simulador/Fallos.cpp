@@ -32,7 +32,8 @@ constexpr std::array<const char*, kAverias> kNombres{"ackPerdido",
                                                      "basura",
                                                      "otroCodigo",
                                                      "respuestaLenta",
-                                                     "ackLento"};
+                                                     "ackLento",
+                                                     "ceroIncumplido"};
 
 bool deRespuesta(const Paso& paso) {
   return (paso.averia > Averia::Corte && paso.averia < Averia::AckLento) ||

@@ -46,6 +46,7 @@ enum class Averia {
   // of a question
   AckLento,  // no byte for `valor` ms (default 0.3 to 5.5 s beyond TimeACK): it is busy; questions
              // in the meantime are executed and answered afterwards, each up to 1 s later
+  CeroIncumplido,  // not zeroed, but confirmed; only by script
   Total
 };
 inline constexpr std::size_t kAverias = static_cast<std::size_t>(Averia::Total);

@@ -111,6 +111,7 @@ Respuesta Maquina::decidir(const Peticion& peticion, Sucesos& sucesos) {
   if (sucesos.tiene(Averia::Err)) return negar(sucesos.valor(Averia::Err, 1));
   if (sucesos.tiene(Averia::Rechazo)) return {{}, true};
   if (cero && sucesos.tiene(Averia::CeroRechazado)) return negar(1);
+  incumple_ = sucesos.tiene(Averia::CeroIncumplido);
   Respuesta respuesta =
       atender(sucesos.tiene(Averia::OtroNumero) ? otroNumero(peticion) : peticion);
   if (cero && sucesos.tiene(Averia::CeroSinRespuesta)) {
@@ -170,7 +171,7 @@ bool Maquina::sinFin() {
 }
 
 Respuesta Maquina::cero(int codigo, int conjuntos) {
-  memoria_.ponerACero(ahora(), codigo, conjuntos);
+  if (!incumple_) memoria_.ponerACero(ahora(), codigo, conjuntos);
   return {};
 }
 

@@ -139,6 +139,7 @@ class Maquina {
   std::vector<QByteArray> tardias_;
   int vueltas_ = 0;  // answers left for a list without end
   qint64 oscuraHasta_ = -1;
+  bool incumple_ = false;   // the present order is confirmed, not obeyed
   Sucesos negada_;          // of the last question
   qint64 lentaHasta_ = -1;  // busy with its questions
   std::unique_ptr<Temporizador> relojAck_;

@@ -61,7 +61,7 @@ class Cero final : public motor::CursoTarea {
   Resultado<std::optional<Siguiente>> probar();
   Resultado<> juzgar(const totals::Contadores& leido);
   Resultado<> parteHecha();
-  Resultado<> hecha();
+  Resultado<> hecha(bool visto = false);
   Siguiente trama() const;
   int pasos() const {
     return t_.Tipo == TipoGrupo::Registradoras ? maquinas::caja::kPasosCero
@@ -138,7 +138,7 @@ Resultado<> Cero::juzgar(const totals::Contadores& leido) {
   using C = totals::Sesion::Comparacion;
   const bool sinBase = r == C::SinLectura || r == C::OtrasClases;
   if (r == C::OtrasClases && t_.Tipo != TipoGrupo::Registradoras && leido.cero()) {
-    return hecha();
+    return hecha(true);
   } else if (sinBase && !comprobar_ &&
              (t_.Tipo == TipoGrupo::Registradoras || r == C::SinLectura)) {
     m_.anunciada = m_.anunciada && m_.paso == 1;
@@ -149,7 +149,7 @@ Resultado<> Cero::juzgar(const totals::Contadores& leido) {
   } else if (r == C::Mas || sinBase || t_.Tipo == TipoGrupo::Registradoras) {
     return suprimido(e_.textos(kTxGuardaVentas, {t_.Grupo, addr()}));
   } else if (r == C::Cero) {
-    return hecha();
+    return hecha(true);
   }
   m_.probada = true;
   return {};
@@ -226,8 +226,8 @@ Resultado<> Cero::parteHecha() {
   return {};
 }
 
-Resultado<> Cero::hecha() {
-  TARVO_INTENTAR(e_.sesion.ceroHecho(t_.Grupo, addr(), maquina_ + 1 == pendientes_.size()));
+Resultado<> Cero::hecha(bool visto) {
+  TARVO_INTENTAR(e_.sesion.ceroHecho(t_.Grupo, addr(), maquina_ + 1 == pendientes_.size(), visto));
   ++maquina_;
   m_ = {};
   return {};

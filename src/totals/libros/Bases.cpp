@@ -6,6 +6,7 @@
 
 #include "totals/TextosTotals.h"
 #include "totals/libros/BasesInterior.h"
+#include "totals/libros/Confirmados.h"
 #include "totals/libros/Dudas.h"
 #include "totals/libros/Memoria.h"
 #include "totals/libros/Partes.h"
@@ -52,14 +53,19 @@ Resultado<> olvidar(Database& db, int grupo, int addr) {
   return {};
 }
 
+// Counters of other machines that are zero in every kind are no memorised part. While any is left,
+// each kind counts from the memorised reading, also one that has nothing left: all of it is new.
 Resultado<> fecharCero(Database& db, const Ajustes& ajustes, int grupo, Fecha cuando) {
-  TARVO_INTENTAR(db.ejecutar(
-      u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, APARTE=0 WHERE GRUPO=? "
-      u"AND NOT EXISTS (SELECT 1 FROM BaseFilas WHERE BaseFilas.GRUPO=Lecturas.GRUPO AND "
-      u"BaseFilas.CLASE=Lecturas.CLASE)",
-      grupo));
-  TARVO_TOMAR(const auto queda, db.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=?"_s, grupo));
+  TARVO_TOMAR(const auto queda,
+              db.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=? AND (CON<>0 OR PES<>0 OR "_s
+                     u"IMP<>0 OR SCO<>0)"_s,
+                     grupo));
   if (queda.entero() > 0) return {};
+  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=?"_s, grupo));
+  TARVO_INTENTAR(
+      db.ejecutar(u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, "_s
+                  u"APARTE=0 WHERE GRUPO=?"_s,
+                  grupo));
   TARVO_INTENTAR(
       db.ejecutar(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=? AND (PZERO IS NULL OR PZERO<?)"_s,
                   cuando, grupo, cuando));
@@ -200,6 +206,8 @@ Resultado<> resolverBasesDe(Database& db, const Ajustes& ajustes, const Textos& 
                             std::vector<Aviso>& avisos) {
   TARVO_TOMAR(const auto sabido, resolverPartes(db, ajustes, textos, grupo, avisos));
   if (!sabido) return {};
+  TARVO_TOMAR(const auto mostrado, resolverConfirmados(db, ajustes, textos, grupo, avisos));
+  if (!mostrado) return {};
   TARVO_TOMAR(const auto lista, releidas(db, ajustes));
   if (std::ranges::find(lista, grupo, &Releida::grupo) == lista.end()) return {};
   return resolverGrupo(db, ajustes, textos, lista, grupo, avisos);
@@ -212,6 +220,12 @@ Resultado<> resolverBases(Database& db, const Ajustes& ajustes, const Textos& te
   for (const int grupo : aMedias) {
     TARVO_TOMAR(const auto sabido, resolverPartes(db, ajustes, textos, grupo, avisos));
     if (!sabido) fuera.insert(grupo);
+  }
+  TARVO_TOMAR(const auto confirmados, gruposConConfirmados(db));
+  for (const int grupo : confirmados) {
+    if (fuera.contains(grupo)) continue;
+    TARVO_TOMAR(const auto mostrado, resolverConfirmados(db, ajustes, textos, grupo, avisos));
+    if (!mostrado) fuera.insert(grupo);
   }
   TARVO_TOMAR(const auto lista, releidas(db, ajustes));
   std::set<int> grupos;

@@ -1,5 +1,7 @@
 #include "totals/libros/Cuadre.h"
 
+#include <algorithm>
+
 #include "core/dinero/Dinero.h"
 #include "totals/TextosTotals.h"
 #include "totals/libros/Partes.h"
@@ -12,15 +14,18 @@ using dao::conMarcas;
 
 namespace {
 
-// Number of rows and amount of a kind within a period and group.
-Resultado<std::pair<qint64, qint64>> sumaDe(dao::Database& db, TipoTotal tipo, qint64 link,
-                                            int grupo) {
+struct Suma {
+  qint64 filas = 0, importe = 0, ventas = 0;
+};
+
+// A kind within a period and group.
+Resultado<Suma> sumaDe(dao::Database& db, TipoTotal tipo, qint64 link, int grupo) {
   TARVO_TOMAR(const auto rs,
-              db.consultar(conMarcas(u"SELECT count(*), SUM(IMP) FROM {tabla} WHERE LINK=? AND "
-                                     u"GRUPO=?",
+              db.consultar(conMarcas(u"SELECT count(*), SUM(IMP), SUM(CON) FROM {tabla} WHERE "
+                                     u"LINK=? AND GRUPO=?",
                                      {{u"tabla", NombreTabla(tipo)}}),
                            link, grupo));
-  return std::pair{rs->entero(0), rs->entero(1)};
+  return Suma{rs->entero(0), rs->entero(1), rs->entero(2)};
 }
 
 // Was this kind received whole for the group: in the open session for the inbox, at all for a
@@ -82,14 +87,14 @@ Resultado<> informeGrupo(dao::Database& db, const Ajustes& a, const Textos& text
   TARVO_TOMAR(const auto gran, sumaDe(db, TipoTotal::GranTotal, link, grupo));
   for (const ClaseTotal& c : enVigor(a)) {
     TARVO_TOMAR(const auto suma, sumaDe(db, c.tipo, link, grupo));
-    if (suma.first == 0) continue;
+    if (suma.filas == 0) continue;
     TARVO_TOMAR(const auto origen, origenDe(db, textos, link, grupo, c.tipo));
-    const bool contra = gran.first > 0 && c.tipo != TipoTotal::GranTotal;
-    const bool cuadra = !contra || suma.second == gran.second;
+    const bool contra = gran.filas > 0 && c.tipo != TipoTotal::GranTotal;
+    const bool cuadra = !contra || suma.importe == gran.importe;
     informe.cuadra = informe.cuadra && cuadra;
     const QString veredicto = !contra ? QString() : textos(cuadra ? kTxCuadra : kTxNoCuadra);
     informe.texto += u"  %1 %2 %3  %4\n"_s.arg(textos(kTxNombreTotal + numeroDe(c.tipo)), -22)
-                         .arg(VerImporte(a, suma.second, a.MonedaNativa ? 1 : 0), 14)
+                         .arg(VerImporte(a, suma.importe, a.MonedaNativa ? 1 : 0), 14)
                          .arg(veredicto.leftJustified(9), origen);
   }
   return {};
@@ -103,20 +108,39 @@ Resultado<std::vector<Comparado>> compararTotales(dao::Database& db, const Ajust
   TARVO_TOMAR(const auto hay, comparable(db, TipoTotal::GranTotal, link, grupo));
   TARVO_TOMAR(const auto gran, sumaDe(db, TipoTotal::GranTotal, link, grupo));
   // An empty grand total that was read must foot as well: its record may have been lost.
-  if (!hay || (link != 0 && gran.first == 0)) return lista;
+  if (!hay || (link != 0 && gran.filas == 0)) return lista;
   TARVO_TOMAR(const auto ajusteGran, ajusteDe(db, TipoTotal::GranTotal, grupo));
   for (const ClaseTotal& c : enVigor(ajustes)) {
     if (c.tipo == TipoTotal::GranTotal) continue;
     TARVO_TOMAR(const auto vale, comparable(db, c.tipo, link, grupo));
     TARVO_TOMAR(const auto suma, sumaDe(db, c.tipo, link, grupo));
     TARVO_TOMAR(const auto ajuste, ajusteDe(db, c.tipo, grupo));
-    if (!vale || (link != 0 && suma.first == 0)) continue;
+    if (!vale || (link != 0 && suma.filas == 0)) continue;
     if (link != 0)
-      lista.push_back({c.tipo, gran.second, suma.second});
+      lista.push_back({c.tipo, gran.importe, suma.importe, gran.ventas, suma.ventas});
     else if (ajusteGran && ajuste)
-      lista.push_back({c.tipo, gran.second + *ajusteGran, suma.second + *ajuste});
+      lista.push_back(
+          {c.tipo, gran.importe + *ajusteGran, suma.importe + *ajuste, gran.ventas, suma.ventas});
   }
   return lista;
+}
+
+Resultado<std::optional<Comparado>> ventasSinArticulo(dao::Database& db, int grupo,
+                                                      const std::vector<Comparado>& lista) {
+  const auto plus = std::ranges::find(lista, TipoTotal::PLUs, &Comparado::clase);
+  if (plus == lista.end() || !plus->cuadra() || plus->ventas >= plus->ventasGranTotal)
+    return std::nullopt;
+  const bool otraCoincide = std::ranges::any_of(lista, [](const Comparado& c) {
+    return c.clase != TipoTotal::PLUs && c.cuadra() && c.ventas == c.ventasGranTotal;
+  });
+  if (!otraCoincide) return std::nullopt;
+  // Registers count customers in the grand total; after separate clearings counts are of different
+  // spans.
+  TARVO_TOMAR(const auto otrasCuentas,
+              db.uno(u"SELECT (SELECT count(*) FROM GRUPOS WHERE CODGPO=? AND TIPO=?)+(SELECT "
+                     u"count(*) FROM Lecturas WHERE GRUPO=? AND (AJUSTE IS NULL OR AJUSTE<>0))",
+                     grupo, numeroDe(TipoGrupo::Registradoras), grupo));
+  return otrasCuentas.entero() > 0 ? std::nullopt : std::optional(*plus);
 }
 
 Resultado<CuadreDePeriodo> cuadreDe(const Periodos& periodos, qint64 link) {
@@ -153,7 +177,12 @@ Resultado<> anotarCuadre(dao::Database& db, const Ajustes& ajustes, const Textos
                                                     VerImporte(ajustes, c.suma, moneda)}),
                       true});
   }
-  if (!bien)
+  TARVO_TOMAR(const auto faltan, ventasSinArticulo(db, grupo, lista));
+  if (faltan)
+    avisos.push_back(
+        {grupo, textos(kTxVentasSinArticulo, {grupo, faltan->ventasGranTotal, faltan->ventas}),
+         true});
+  if (!bien || faltan)
     TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET ESTADO=4 WHERE GRUPO=? AND CLASE=?"_s, grupo,
                                numeroDe(TipoTotal::GranTotal)));
   return {};

@@ -62,7 +62,9 @@ Resultado<> abrirDudas(Database& db, const Ajustes& ajustes, const Textos& texto
   TARVO_TOMAR(const auto clases, clasesRecibidas(db, ajustes, grupo));
   TARVO_INTENTAR(cerrarDudas(db, grupo));
   TARVO_TOMAR(const auto desde,
-              db.uno(u"SELECT MAX(BASE_HASTA) FROM Lecturas WHERE GRUPO=?"_s, grupo));
+              db.uno(u"SELECT COALESCE(MAX(BASE_HASTA), (SELECT PZERO FROM Sesiones WHERE "
+                     u"CODGPO=GRUPO)) FROM Lecturas WHERE GRUPO=?",
+                     grupo));
   for (const auto& [addr, t] : maquinas) {
     const auto gran = t.find(TipoTotal::GranTotal);
     const Testimonio g = gran != t.end() ? gran->second
@@ -96,7 +98,8 @@ Resultado<> cerrarDudas(Database& db, int grupo) {
 Resultado<> cerrarDudasSinBase(Database& db) {
   TARVO_INTENTAR(db.ejecutar(
       u"DELETE FROM Dudas WHERE NOT EXISTS (SELECT 1 FROM Lecturas l WHERE l.GRUPO=Dudas.GRUPO AND "_s
-      u"l.LINK IS NOT NULL)"_s));
+      u"l.LINK IS NOT NULL) AND (RESPUESTA IS NOT NULL OR NOT EXISTS (SELECT 1 FROM CeroFilas f WHERE "_s
+      u"f.GRUPO=Dudas.GRUPO AND f.ADDR=Dudas.ADDR))"_s));
   return {};
 }
 

@@ -28,7 +28,8 @@ Resultado<> abrirDudas(dao::Database& db, const Ajustes& ajustes, const Textos& 
 // A person's answer about the machine: true if it forgot. Nothing while unanswered.
 Resultado<std::optional<bool>> respuestaDe(dao::Database& db, int grupo, int addr);
 Resultado<> cerrarDudas(dao::Database& db, int grupo);
-// For groups whose machines no longer hold anything memorised.
+// For groups whose machines hold nothing memorised, nor anything that they may only have confirmed
+// to have forgotten.
 Resultado<> cerrarDudasSinBase(dao::Database& db);
 Resultado<bool> hayDudas(dao::Database& db, int grupo);
 

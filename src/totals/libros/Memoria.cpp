@@ -53,11 +53,13 @@ Resultado<Memoria::Modo> Memoria::modoDe(const Recibido& r, qint64 link, bool su
       db_.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND (AJUSTE IS NULL OR AJUSTE<>0)"_s,
               r.CODGPO));
   if (parte.entero() > 0) return Modo::Sumar;
-  // The rows there were read before the zeroing from which the counters start: other sales.
-  TARVO_TOMAR(
-      const auto otras,
-      db_.uno(u"SELECT count(*) FROM Origenes WHERE LINK=? AND GRUPO=? AND CLASE=? AND HASTA<=?"_s,
-              link, r.CODGPO, numeroDe(r.clase), r.desde));
+  // Counters that still held the rows of an earlier reading would count from it: whatever their
+  // dates and counts, these are other sales.
+  TARVO_TOMAR(const auto otras,
+              db_.uno(u"SELECT count(*) FROM Origenes o WHERE LINK=? AND GRUPO=? AND CLASE=? AND "_s
+                      u"NOT EXISTS (SELECT 1 FROM Lecturas l WHERE l.GRUPO=o.GRUPO AND "_s
+                      u"l.CLASE=o.CLASE AND l.LINK=o.LINK AND l.APARTE=0)"_s,
+                      link, r.CODGPO, numeroDe(r.clase)));
   if (otras.entero() > 0) {
     const Aviso a{r.CODGPO, p_.textos()(kTxVentasDeAntes, {r.CODGPO}), false};
     if (std::ranges::find(avisos, a.texto, &Aviso::texto) == avisos.end()) avisos.push_back(a);

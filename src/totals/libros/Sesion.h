@@ -87,9 +87,10 @@ class Sesion {
   // Notes on disk that a reading of this kind is under way. The inbox keeps what it held.
   Resultado<> PrepararRecepcion(int grupo, TipoTotal clase);
   // One transaction: the rows of LINK 0 of the group and kind become these, DD_ and HT_ are set, a
-  // session opens if none was open, SS_ is marked, the reading is complete. Nothing changes when it
+  // session opens if none was open, SS_ is marked, the reading is complete. A range of codes joins
+  // an earlier one of the session. Nothing changes when it
   // fails. `avisos` receives what a person must know about the comparison with an earlier reading.
-  Resultado<> guardarLectura(int grupo, TipoTotal clase, const Lectura& lectura,
+  Resultado<> guardarLectura(int grupo, TipoTotal clase, const Lectura& leida,
                              std::vector<Aviso>& avisos);
   // The reading was given up; the group is not zeroed until it is read whole.
   Resultado<> lecturaFallida(int grupo, TipoTotal clase);
@@ -109,8 +110,9 @@ class Sesion {
   };
   Resultado<Partes> partesHechas(int grupo, int addr);
   // The machine at this address has confirmed. When `ultima`, the group's PZERO is written as well
-  // (MarcarSesion 6).
-  Resultado<> ceroHecho(int grupo, int addr, bool ultima);
+  // (MarcarSesion 6). `visto`: its counters were seen to be gone; otherwise they are kept until its
+  // next reading shows it.
+  Resultado<> ceroHecho(int grupo, int addr, bool ultima, bool visto = false);
   // The addresses of the group whose zeroing was already confirmed in this run.
   Resultado<bool> ceroYaHecho(int grupo, int addr);
   // Compares a grand total just read with that machine's readings since it last forgot. Igual:

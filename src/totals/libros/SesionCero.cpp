@@ -2,6 +2,7 @@
 // is sent, and what is written once the machine has confirmed.
 #include "core/dao/Marcas.h"
 #include "totals/TextosTotals.h"
+#include "totals/libros/Confirmados.h"
 #include "totals/libros/Cuadre.h"
 #include "totals/libros/Dudas.h"
 #include "totals/libros/Memoria.h"
@@ -30,31 +31,35 @@ Resultado<QString> motivoDeLecturas(Database& db, const Textos& textos, int grup
   return textos(kTxFaltaLectura, {grupo, clase ? NombreTabla(*clase) : QString()});
 }
 
-// The amount of a kind's reading in this session; nothing when it has no such reading. `entera`:
-// with all codes, or with a range of them.
-Resultado<std::optional<qint64>> importeLeido(Database& db, const ClaseTotal& c, int grupo,
-                                              bool entera) {
+// The sum of a kind's reading in this session; nothing when it has no such reading. `entera`: with
+// all codes, or with a range of them.
+Resultado<std::optional<Contadores>> sumaLeida(Database& db, const ClaseTotal& c, int grupo,
+                                               bool entera) {
   TARVO_TOMAR(const auto rs,
-              db.consultar(conMarcas(u"SELECT (SELECT sum(IMP) FROM {totales} WHERE LINK=0 AND "
-                                     u"GRUPO=Sesiones.CODGPO) FROM Lecturas, Sesiones WHERE "
-                                     u"Lecturas.GRUPO=? AND CODGPO=Lecturas.GRUPO AND CLASE=? AND "
-                                     u"ESTADO=2 AND {enSesion} AND {cuanta}",
+              db.consultar(conMarcas(u"SELECT SUM(t.CON), SUM(t.PES), SUM(t.IMP) FROM Sesiones "
+                                     u"LEFT JOIN {totales} t ON t.LINK=0 AND t.GRUPO=CODGPO WHERE "
+                                     u"CODGPO=? AND {enSesion} AND EXISTS (SELECT 1 FROM Lecturas "
+                                     u"l WHERE l.GRUPO=CODGPO AND CLASE=? AND ESTADO=2 AND "
+                                     u"{cuanta}) GROUP BY CODGPO",
                                      {{u"totales", NombreTabla(c.tipo)},
                                       {u"enSesion", CampoSesion(c.tipo)},
                                       {u"cuanta", entera ? u"ENTERA<>0"_s : u"ENTERA=0"_s}}),
                            grupo, numeroDe(c.tipo)));
   if (rs->Eof()) return std::nullopt;
-  return rs->entero(0);
+  return Contadores{.CON = rs->entero(0), .PES = rs->entero(1), .IMP = rs->entero(2)};
 }
 
 // A range of the codes was read in this session: the sales of the others are in no book once the
-// machine is cleared. Only a grand total of the same session can show that there are none.
+// machine is cleared. Only a grand total of the same session can show that there are none, by its
+// count and weight as well: amounts may cancel.
 Resultado<QString> motivoDeParte(Database& db, const Ajustes& ajustes, const Textos& textos,
                                  int grupo) {
-  TARVO_TOMAR(const auto todo, importeLeido(db, claseDe(TipoTotal::GranTotal), grupo, true));
+  TARVO_TOMAR(const auto todo, sumaLeida(db, claseDe(TipoTotal::GranTotal), grupo, true));
   for (const ClaseTotal& c : enVigor(ajustes)) {
-    TARVO_TOMAR(const auto parte, importeLeido(db, c, grupo, false));
-    if (parte && todo != parte) return textos(kTxSoloUnaParte, {grupo, NombreTabla(c.tipo)});
+    TARVO_TOMAR(const auto parte, sumaLeida(db, c, grupo, false));
+    const bool nadaMas = parte && todo && todo->CON == parte->CON && todo->PES == parte->PES &&
+                         todo->IMP == parte->IMP;
+    if (parte && !nadaMas) return textos(kTxSoloUnaParte, {grupo, NombreTabla(c.tipo)});
   }
   return QString();
 }
@@ -210,7 +215,7 @@ Resultado<> Sesion::anotarOlvido() {
             u"EJECUCION=excluded.EJECUCION, SEC=excluded.SEC",
             {{u"totales", NombreTabla(c.tipo)}, {u"enSesion", CampoSesion(c.tipo)}}),
         d->ejecucion, sec, numeroDe(c.tipo), numeroDe(c.tipo)));
-  return {};
+  return olvidarConfirmadosDe(db_, sec);
 }
 
 Resultado<> Sesion::anunciarCero(int grupo, int addr, int conjunto) {
@@ -250,8 +255,9 @@ Resultado<Sesion::Partes> Sesion::partesHechas(int grupo, int addr) {
   return Partes{static_cast<int>(rs->entero(1)) + 1, rs->entero(0) > 0};
 }
 
-Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima) {
+Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima, bool visto) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
+  TARVO_INTENTAR(guardarLoConfirmado(db_, grupo, addr, visto));
   TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
   const Fecha ahora = reloj_.ahora();
   TARVO_INTENTAR(db_.ejecutar(

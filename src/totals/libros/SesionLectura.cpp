@@ -99,6 +99,34 @@ Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
   return pisa;
 }
 
+// A range of codes with the rows of an earlier one of the same session that it doesn't hold.
+// Nothing where the session has no such reading.
+Resultado<std::optional<Lectura>> conLaParteAnterior(Database& db, const ClaseTotal& c, int grupo,
+                                                     const Lectura& lectura) {
+  TARVO_TOMAR(const bool hay, haySinMemorizar(db, c, grupo, false));
+  if (!hay) return std::nullopt;
+  TARVO_TOMAR(const auto antes,
+              db.consultar(u"SELECT MAQUINAS, ADDR FROM Lecturas WHERE GRUPO=? AND CLASE=?", grupo,
+                           numeroDe(c.tipo)));
+  const bool varias = antes->entero(0) > 1;
+  Lectura unida = lectura;
+  TARVO_INTENTAR(dao::recorrer(
+      varias ? db.consultar(u"SELECT ADDR, CODI, HORA, CON, PES, IMP, SCO FROM LectFilas WHERE "
+                            u"GRUPO=? AND CLASE=?",
+                            grupo, numeroDe(c.tipo))
+             : db.consultar(conMarcas(u"SELECT ?, CODI, {hora}, CON, PES, IMP, SCO FROM {tabla} "
+                                      u"WHERE LINK=0 AND GRUPO=?",
+                                      {{u"hora", horaDe(c)}, {u"tabla", NombreTabla(c.tipo)}}),
+                            antes->entero(1), grupo),
+      [&](const dao::Recordset& fila) {
+        auto& filas = unida.maquinas[static_cast<int>(fila.entero(0))];
+        const Lectura::Clave clave{fila.entero(1), static_cast<int>(fila.entero(2))};
+        if (filas.find(clave) == filas.end())
+          filas[clave] = {fila.entero(3), fila.entero(4), fila.entero(5), fila.entero(6)};
+      }));
+  return unida;
+}
+
 // A statement on the span and the mark of a kind in Sesiones.
 QString sobreSesion(QStringView sentencia, TipoTotal tipo) {
   return conMarcas(sentencia, {{u"desde", CampoDesde(tipo)},
@@ -155,15 +183,14 @@ Resultado<bool> Sesion::conBase(int grupo) {
   return n.entero() > 0;
 }
 
-Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lectura,
+Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& leida,
                                    std::vector<Aviso>& avisos) {
   const ClaseTotal& c = claseDe(tipo);
-  Lectura::Filas deVarias;
-  const Lectura::Filas& suma = sumaDeMaquinas(lectura, deVarias);
   const Estado::Foto antes = d->foto();
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
 
-  if (!lectura.entera && d->abierta > 0) {
+  std::optional<Lectura> unida;
+  if (!leida.entera && d->abierta > 0) {
     TARVO_TOMAR(const auto sabeMas, haySinMemorizar(db_, c, grupo, true));
     if (sabeMas) {
       TARVO_INTENTAR(db_.ejecutar(
@@ -175,7 +202,11 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lec
            true});
       return tr.confirmar();
     }
+    TARVO_TOMAR(unida, conLaParteAnterior(db_, c, grupo, leida));
   }
+  const Lectura& lectura = unida ? *unida : leida;
+  Lectura::Filas deVarias;
+  const Lectura::Filas& suma = sumaDeMaquinas(lectura, deVarias);
   const auto guardar = [&]() -> Resultado<> {
     TARVO_TOMAR(const auto pisa,
                 pisariaVentas(db_, c, grupo, suma, lectura.entera, d->abierta > 0));

@@ -58,6 +58,14 @@ CREATE TABLE IF NOT EXISTS Olvidos (
   GRUPO INTEGER PRIMARY KEY, EJECUCION INTEGER DEFAULT 0, SEC INTEGER DEFAULT 0);
 )";
 
+constexpr QStringView kGuionConfirmados =
+    uR"(
+CREATE TABLE IF NOT EXISTS CeroFilas (
+  GRUPO INTEGER NOT NULL, CLASE INTEGER NOT NULL, ADDR INTEGER NOT NULL, CODI INTEGER NOT NULL,
+  HORA INTEGER NOT NULL, CON INTEGER, PES INTEGER, IMP INTEGER, SCO INTEGER,
+  PRIMARY KEY (GRUPO, CLASE, ADDR, CODI, HORA));
+)";
+
 }  // namespace
 
 dao::TablasDeSala tablasLibros() {
@@ -68,8 +76,10 @@ dao::TablasDeSala tablasLibros() {
                     {3, kGuionDudas.toString()},
                     {4, kGuionOlvidos.toString()},
                     dao::columna(5, QStringLiteral("Lecturas"), QStringLiteral("ANTES"),
-                                 QStringLiteral("INTEGER DEFAULT 0"))},
-          .copias = {{QStringLiteral("BaseFilas"), QStringLiteral("LectFilas")}}};
+                                 QStringLiteral("INTEGER DEFAULT 0")),
+                    {6, kGuionConfirmados.toString()}},
+          .copias = {{QStringLiteral("BaseFilas"), QStringLiteral("LectFilas")},
+                     {QStringLiteral("CeroFilas"), QStringLiteral("LectFilas")}}};
 }
 
 Resultado<> asegurarTablasLibros(dao::Database& db) {

@@ -14,6 +14,10 @@ using dao::Database;
 // Keys that must match to the unit before a machine is believed in spite of a lower count: more
 // than chance gives, and more than any returns.
 constexpr qint64 kMinimoIguales = 3, kPorBaja = 3, kDeCada = 10;
+// For a confirmed order: what an article that matches is worth, by its count alone or also by its
+// weight; how much leaves a doubt and how much none; and how many must match for one that is lower.
+constexpr qint64 kPorIgual = 1, kPorPesoIgual = 3, kDaQuePensar = 6, kNoEsAzar = 20;
+constexpr qint64 kConfirmadaPorBaja = 8;
 // More articles than customers return in a day, whatever the grand total does.
 constexpr qint64 kMuchasBajas = 10;
 
@@ -71,19 +75,25 @@ Resultado<std::vector<Releida>> releidas(Database& db, const Ajustes& ajustes) {
 Resultado<std::map<int, Testimonio>> testimoniosDe(Database& db, const Releida& r) {
   std::map<int, Testimonio> t;
   const auto una = [&t](const dao::Recordset& fila) {
-    t[static_cast<int>(fila.entero(0))] = {
-        fila.entero(1), fila.entero(2), fila.entero(3), fila.entero(4), 0, fila.entero(5), 0};
+    t[static_cast<int>(fila.entero(0))] = {.claves = fila.entero(1),
+                                           .bajas = fila.entero(2),
+                                           .iguales = fila.entero(3),
+                                           .pesosIguales = fila.entero(4),
+                                           .conAntes = fila.entero(5),
+                                           .impAntes = fila.entero(6)};
   };
   // For a range of codes only the codes in it are compared.
   TARVO_INTENTAR(dao::recorrer(
       db.consultar(
           conMarcas(
               u"SELECT b.ADDR, count(*), SUM(COALESCE(n.CON,0)<b.CON), SUM(COALESCE(n.CON,0)=b.CON "
-              u"AND COALESCE(n.PES,0)=b.PES AND COALESCE(n.IMP,0)=b.IMP), SUM(b.CON), SUM(b.IMP) "
-              u"FROM BaseFilas b LEFT JOIN {nuevas} WHERE b.GRUPO=? AND b.CLASE=? AND (b.CON<>0 OR "
+              u"AND COALESCE(n.PES,0)=b.PES AND COALESCE(n.IMP,0)=b.IMP), SUM(b.PES<>0 AND "
+              u"n.CON=b.CON AND n.PES=b.PES AND n.IMP=b.IMP), SUM(b.CON), SUM(b.IMP) "
+              u"FROM {base} b LEFT JOIN {nuevas} WHERE b.GRUPO=? AND b.CLASE=? AND (b.CON<>0 OR "
               u"b.PES<>0 OR b.IMP<>0 OR b.SCO<>0) AND (? OR n.CON IS NOT NULL) AND (? OR b.ADDR=?) "
               u"GROUP BY b.ADDR",
-              {{u"nuevas", filasNuevas(r)}}),
+              {{u"nuevas", filasNuevas(r)},
+               {u"base", r.ante == Releida::Ante::Memorizado ? u"BaseFilas"_s : u"CeroFilas"_s}}),
           r.grupo, numeroDe(r.clase->tipo), r.entera, r.varias, r.addr),
       una));
   TARVO_INTENTAR(sumarLoLeido(db, r, t));
@@ -128,6 +138,13 @@ Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
   const bool muchas = f.bajas >= kMuchasBajas && kDeCada * f.bajas >= f.claves;
   const bool bastan = muchas || (cayo && (f.bajas > 1 || aMenosDeMedias));
   return caenTodos && bastan ? Veredicto::Olvido : Veredicto::Duda;
+}
+
+Veredicto juzgarConfirmada(const Testimonios& t) {
+  const Testimonio& f = masFino(t);
+  const qint64 peso = kPorIgual * f.iguales + kPorPesoIgual * f.pesosIguales;
+  if (f.iguales < kConfirmadaPorBaja * f.bajas || peso < kDaQuePensar) return Veredicto::Olvido;
+  return peso < kNoEsAzar ? Veredicto::Duda : Veredicto::Guarda;
 }
 
 }  // namespace tarvo::totals

@@ -17,6 +17,9 @@ struct Releida {
   const ClaseTotal* clase = nullptr;
   bool varias = false, entera = true;
   qint64 addr = 0, sec = 0;
+  // What it is compared with: the memorised counters, or those of machines that confirmed that they
+  // forgot.
+  enum class Ante { Memorizado, LoConfirmado } ante = Ante::Memorizado;
 };
 Resultado<std::vector<Releida>> releidas(dao::Database& db, const Ajustes& ajustes);
 
@@ -24,6 +27,7 @@ Resultado<std::vector<Releida>> releidas(dao::Database& db, const Ajustes& ajust
 struct Testimonio {
   qint64 claves = 0;              // memorised keys that are not all zero
   qint64 bajas = 0, iguales = 0;  // of these: a lower count; the same to the unit
+  qint64 pesosIguales = 0;        // of the latter: with a weight
   qint64 conAntes = 0, conAhora = 0, impAntes = 0, impAhora = 0;  // over all keys
   bool quieto() const { return iguales == claves && conAhora == conAntes && impAhora == impAntes; }
 };
@@ -39,6 +43,9 @@ enum class Veredicto { Guarda, Olvido, Duda };  // holds its memorised counters,
 // `sospecha`: an order to forget was sent and may not have been heard. `todas`: every memorised
 // kind of the machine was reread.
 Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas);
+// For a machine that confirmed that it forgot: it is believed unless more of its counters are where
+// they were than two days have in common by chance.
+Veredicto juzgarConfirmada(const Testimonios& t);
 bool algunaBaja(const Testimonios& t);
 // The counters as a whole are where they were, whatever a few of them do.
 bool firmes(const Testimonios& t);

@@ -1,0 +1,176 @@
+#include "totals/libros/Confirmados.h"
+
+#include <map>
+
+#include "totals/TextosTotals.h"
+#include "totals/libros/Dudas.h"
+#include "totals/libros/SesionInterior.h"
+#include "totals/libros/Testigos.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using dao::conMarcas;
+using dao::Database;
+
+// The kinds read from the machine since it last forgot, unless that session was closed without
+// memorising them; with the number of machines in the reading.
+Resultado<std::map<TipoTotal, qint64>> clasesLeidas(Database& db, int grupo, int addr) {
+  std::map<TipoTotal, qint64> clases;
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(
+          conMarcas(u"SELECT CLASE, MAQUINAS FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND SEC>0 "
+                    u"AND (MAQUINAS>1 OR ADDR=?) AND {trasElCero} AND NOT EXISTS (SELECT 1 FROM "
+                    u"Olvidos o WHERE o.GRUPO=Lecturas.GRUPO AND o.SEC>Lecturas.SEC)",
+                    {{u"trasElCero", QString::fromUtf16(kTrasElCero)}}),
+          grupo, addr, addr),
+      [&](const dao::Recordset& fila) {
+        if (const auto clase = deNumero<TipoTotal>(fila.entero(0))) clases[*clase] = fila.entero(1);
+      }));
+  return clases;
+}
+
+Resultado<> guardarClase(Database& db, int grupo, int addr, TipoTotal clase, bool varias) {
+  if (varias) {
+    TARVO_INTENTAR(db.ejecutar(
+        u"INSERT INTO CeroFilas SELECT * FROM LectFilas WHERE GRUPO=? AND CLASE=? AND ADDR=? AND "_s
+        u"(CON<>0 OR PES<>0 OR IMP<>0 OR SCO<>0)"_s,
+        grupo, numeroDe(clase), addr));
+    return {};
+  }
+  TARVO_INTENTAR(db.ejecutar(
+      conMarcas(u"INSERT INTO CeroFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, IMP, SCO) "
+                u"SELECT GRUPO, ?, ?, CODI, {hora}, CON, PES, IMP, SCO FROM {tabla} WHERE LINK=0 "
+                u"AND GRUPO=? AND (CON<>0 OR PES<>0 OR IMP<>0 OR SCO<>0)",
+                {{u"hora", horaDe(claseDe(clase))}, {u"tabla", NombreTabla(clase)}}),
+      numeroDe(clase), addr, grupo));
+  return {};
+}
+
+// The open session's readings of the group, to be compared with what its machines held.
+Resultado<std::vector<Releida>> lecturasDe(Database& db, const Ajustes& ajustes, int grupo) {
+  std::vector<Releida> lista;
+  for (const ClaseTotal& c : enVigor(ajustes))
+    TARVO_INTENTAR(dao::recorrer(
+        db.consultar(conMarcas(u"SELECT MAQUINAS, ENTERA, ADDR, SEC FROM Lecturas, Sesiones WHERE "
+                               u"GRUPO=? AND CODGPO=GRUPO AND CLASE=? AND {enSesion} AND EXISTS "
+                               u"(SELECT 1 FROM CeroFilas f WHERE f.GRUPO=Lecturas.GRUPO AND "
+                               u"f.CLASE=Lecturas.CLASE)",
+                               {{u"enSesion", CampoSesion(c.tipo)}}),
+                     grupo, numeroDe(c.tipo)),
+        [&](const dao::Recordset& fila) {
+          lista.push_back({grupo, &c, fila.entero(0) > 1, fila.logico(1), fila.entero(2),
+                           fila.entero(3), Releida::Ante::LoConfirmado});
+        }));
+  return lista;
+}
+
+// What the readings after each machine's confirmation show of it. A reading before it shows
+// nothing.
+Resultado<std::map<int, Testimonios>> testimoniosDesdeElCero(Database& db, const Ajustes& ajustes,
+                                                             int grupo) {
+  TARVO_TOMAR(const auto lista, lecturasDe(db, ajustes, grupo));
+  TARVO_TOMAR(auto todos, testimoniosDeGrupo(db, lista, grupo));
+  for (auto& [addr, t] : todos) {
+    TARVO_TOMAR(const auto hecho,
+                db.uno(u"SELECT SEC_HECHO FROM Ceros WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
+    for (const Releida& r : lista)
+      if (r.sec <= hecho.entero()) t.erase(r.clase->tipo);
+  }
+  std::erase_if(todos, [](const auto& m) { return m.second.empty(); });
+  return todos;
+}
+
+// The machine still holds what is memorised of this kind.
+Resultado<> devolverBase(Database& db, int grupo, int addr, TipoTotal clase) {
+  TARVO_INTENTAR(
+      db.ejecutar(u"INSERT OR REPLACE INTO BaseFilas SELECT * FROM CeroFilas WHERE GRUPO=? AND "_s
+                  u"ADDR=? AND CLASE=?"_s,
+                  grupo, addr, numeroDe(clase)));
+  TARVO_TOMAR(auto origen,
+              db.consultar(u"SELECT LINK, DESDE, HASTA FROM Origenes WHERE GRUPO=? AND CLASE=? "
+                           u"ORDER BY rowid DESC LIMIT 1",
+                           grupo, numeroDe(clase)));
+  TARVO_TOMAR(const auto cero, db.uno(u"SELECT PZERO FROM Sesiones WHERE CODGPO=?"_s, grupo));
+  // A deleted period leaves its sales in no other: -1 is none.
+  const bool hay = !origen->Eof();
+  TARVO_INTENTAR(db.ejecutar(
+      u"UPDATE Lecturas SET LINK=?, BASE_DESDE=?, BASE_HASTA=?, APARTE=1 WHERE GRUPO=? AND CLASE=? "_s
+      u"AND LINK IS NULL"_s,
+      hay ? origen->entero(0) : -1, hay ? origen->fecha(1) : cero.fecha(),
+      hay ? origen->fecha(2) : cero.fecha(), grupo, numeroDe(clase)));
+  return {};
+}
+
+Resultado<> soltar(Database& db, int grupo, int addr, const Testimonios& t) {
+  for (const auto& [clase, testimonio] : t)
+    TARVO_INTENTAR(db.ejecutar(u"DELETE FROM CeroFilas WHERE GRUPO=? AND ADDR=? AND CLASE=?"_s,
+                               grupo, addr, numeroDe(clase)));
+  return {};
+}
+
+Resultado<> nombrar(Database& db, const Textos& textos, int grupo, int addr,
+                    std::vector<Aviso>& avisos) {
+  TARVO_TOMAR(const auto hecho,
+              db.uno(u"SELECT HECHO FROM Ceros WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
+  const QString cuando = hecho.fecha().general();
+  avisos.push_back({grupo,
+                    addr == 0 ? textos(kTxNoObedecio, {grupo, cuando})
+                              : textos(kTxCajaNoObedecio, {grupo, cuando, addr}),
+                    true});
+  return {};
+}
+
+}  // namespace
+
+Resultado<> guardarLoConfirmado(Database& db, int grupo, int addr, bool visto) {
+  TARVO_TOMAR(const auto clases, clasesLeidas(db, grupo, addr));
+  if (clases.empty() && !visto) return {};  // told again, without a reading in between
+  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM CeroFilas WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
+  if (visto) return {};
+  for (const auto& [clase, maquinas] : clases)
+    TARVO_INTENTAR(guardarClase(db, grupo, addr, clase, maquinas > 1));
+  return {};
+}
+
+Resultado<std::set<int>> gruposConConfirmados(Database& db) {
+  std::set<int> grupos;
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(u"SELECT DISTINCT GRUPO FROM CeroFilas"_s),
+      [&](const dao::Recordset& f) { grupos.insert(static_cast<int>(f.entero(0))); }));
+  return grupos;
+}
+
+Resultado<bool> resolverConfirmados(Database& db, const Ajustes& ajustes, const Textos& textos,
+                                    int grupo, std::vector<Aviso>& avisos) {
+  TARVO_TOMAR(const auto testimonios, testimoniosDesdeElCero(db, ajustes, grupo));
+  std::map<int, Testimonios> preguntas;
+  for (const auto& [addr, t] : testimonios) {
+    TARVO_TOMAR(const auto dicho, respuestaDe(db, grupo, addr));
+    const Veredicto v =
+        dicho ? (*dicho ? Veredicto::Olvido : Veredicto::Guarda) : juzgarConfirmada(t);
+    if (v == Veredicto::Duda) {
+      preguntas[addr] = t;
+      continue;
+    }
+    if (v == Veredicto::Guarda) {
+      for (const auto& [clase, testimonio] : t)
+        TARVO_INTENTAR(devolverBase(db, grupo, addr, clase));
+      TARVO_INTENTAR(nombrar(db, textos, grupo, addr, avisos));
+    }
+    TARVO_INTENTAR(soltar(db, grupo, addr, t));
+  }
+  if (!preguntas.empty()) TARVO_INTENTAR(abrirDudas(db, ajustes, textos, grupo, preguntas, avisos));
+  return preguntas.empty();
+}
+
+Resultado<> olvidarConfirmadosDe(Database& db, qint64 sec) {
+  TARVO_INTENTAR(db.ejecutar(
+      u"DELETE FROM CeroFilas WHERE GRUPO IN (SELECT GRUPO FROM Olvidos WHERE SEC=?)"_s, sec));
+  return {};
+}
+
+}  // namespace tarvo::totals
