@@ -5,6 +5,7 @@
 #include "automation/TextosAutomation.h"
 #include "comm/motor/TextosMotor.h"
 #include "core/dao/Recorrido.h"
+#include "core/dinero/Dinero.h"
 #include "totals/periodos/AjustesPeriodos.h"
 
 namespace tarvo::automation {
@@ -181,13 +182,31 @@ Hecho Ejecutor::sesion(const PasoSesion& p, Ejecucion& e) {
     h.error(5);
   } else if (cierra && estado == 2) {
     cerrar(p, e, h);
-  } else {
+  } else if (cierra || puedeOlvidar(h)) {
     std::vector<totals::Aviso> avisos;
     const auto r = t_.cerrSes.LaSesion(cierra, 0, avisos);
     contar(avisos, h);
     if (!r) h.decir(r.error().texto);
   }
   return h;
+}
+
+// A process is written once and runs without anybody who looks: sales that are left in the session
+// alone are a person's to forget.
+bool Ejecutor::puedeOlvidar(Hecho& h) {
+  const auto grupos = t_.sesion.soloEnBandeja();
+  if (!grupos) {
+    h.decir(grupos.error().texto);
+    return false;
+  }
+  for (const int g : *grupos) {
+    const auto importe = t_.sesion.sinPeriodo(g);
+    h.decir(importe ? t_.textos(kTxNoSeOlvida, {g, VerImporte(t_.ajustes, importe->value_or(0),
+                                                              t_.ajustes.MonedaNativa ? 1 : 0)})
+                    : importe.error().texto,
+            true, g);
+  }
+  return grupos->empty();
 }
 
 void Ejecutor::cerrar(const PasoSesion& p, Ejecucion& e, Hecho& h) {

@@ -59,6 +59,7 @@ class Ejecutor {
   Resultado<Hecho> tarea(const PasoTarea& p, Ejecucion& e);
   QString motivoRechazo(int codigo, int grupo, TipoTarea clase) const;
   Hecho sesion(const PasoSesion& p, Ejecucion& e);
+  bool puedeOlvidar(Hecho& h);
   void cerrar(const PasoSesion& p, Ejecucion& e, Hecho& h);
   void noMemorizado(Ejecucion& e, Hecho& h);
   Hecho control(const PasoControl& p);
