@@ -120,6 +120,10 @@ Resultado<Hecho> Ejecutor::tarea(const PasoTarea& p, Ejecucion& e) {
     h.error(2);
     return h;
   }
+  if (p.rango && p.rango->alReves()) {
+    h.decir(t_.textos(kTxPasoAlReves, {orden->desde, orden->hasta}));
+    return h;
+  }
   QStringList rechazados, motivos;
   for (const int g : **grupos) {
     const int codigo =
@@ -304,11 +308,13 @@ Hecho Ejecutor::sumar() {
   Hecho h;
   const auto suma = t_.verTot.destinoDeSuma();
   if (!suma) return deFallo(suma.error());
-  if (!*suma || !(*suma)->existente) {
-    h.error(codigoPeriodos(VerboPeriodos::Sumar));
-    return h;
-  }
+  if (!*suma || !(*suma)->existente) h.error(codigoPeriodos(VerboPeriodos::Sumar));
+  if (!*suma) return h;
   const QString destino = totals::TextoPeriodo((*suma)->periodo).simplified();
+  const QString sumandos = sumandosDe(**suma);
+  if (!(*suma)->existente) h.decir(t_.textos(kTxSumaSinDestino, {sumandos, destino}));
+  if ((*suma)->sumandos == 0) h.decir(t_.textos(kTxSumaDeUnoSolo, {destino}));
+  if (!(*suma)->existente || (*suma)->sumandos == 0) return h;
   for (const qint64 link : (*suma)->dentro)
     h.decir(t_.textos(kTxNoSeSumaOtraVez, {nombrePeriodo(link).simplified(), destino}));
   for (const auto& s : (*suma)->solapes)
@@ -317,7 +323,18 @@ Hecho Ejecutor::sumar() {
                                         totals::TextoPeriodo(s.otro).simplified()}));
   const auto hecho = t_.verTot.SumarIntv(0, (*suma)->dentro);
   if (!hecho) h.decir(hecho.error().texto);
+  if (hecho && !sumandos.isEmpty()) h.decir(t_.textos(kTxSumado, {sumandos, destino}), false);
   return h;
+}
+
+// The selected periods that a sum adds, by name.
+QString Ejecutor::sumandosDe(const totals::VerTot::Suma& suma) const {
+  QStringList nombres;
+  for (const qint64 link : t_.verTot.LosSelec())
+    if (std::ranges::find(suma.dentro, link) == suma.dentro.end() &&
+        !(suma.existente && suma.existente->LINK == link))
+      nombres += nombrePeriodo(link).simplified();
+  return nombres.join(u", "_s);
 }
 
 QString Ejecutor::nombrePeriodo(qint64 link) const {

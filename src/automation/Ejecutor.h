@@ -66,6 +66,7 @@ class Ejecutor {
   Hecho periodos(const PasoPeriodos& p, const Ejecucion& e);
   Hecho crear(const PasoPeriodos& p);
   Hecho sumar();
+  QString sumandosDe(const totals::VerTot::Suma& suma) const;
   // REQUIRES a verb that acts on the selection or names its periods.
   Resultado<bool> operacion(const PasoPeriodos& p);
   Resultado<bool> borrar(int tipo, Fecha desde, Fecha hasta);

@@ -231,6 +231,37 @@ TEST_F(RunnerTest, LoYaSumadoNoSeSumaOtraVez) {
   EXPECT_EQ(p->uno(u"SELECT count(*) FROM Sumados"_s).entero(), 2);
 }
 
+// A sum names what it added, and why it added nothing. Each row: the periods created and selected
+// by their days of March, the outcome and its sentence.
+TEST_F(RunnerTest, LaSumaDiceLoQueSuma) {
+  const auto crear = [](const char16_t* dias) { return u"P:CREAR,5,%1,x\r\n"_s.arg(dias); };
+  const auto elegir = [](const char16_t* dias) { return u"P:SELECCIONAR,5,%1\r\n"_s.arg(dias); };
+  const auto* a = u"02/03/2026,03/03/2026";
+  const auto* b = u"03/03/2026,04/03/2026";
+  const auto* todo = u"02/03/2026,04/03/2026";
+  const struct {
+    QString pasos;
+    ResultadoProceso fin;
+    const char16_t* dice;
+  } casos[] = {
+      {crear(a) + crear(b) + elegir(todo), kMal,
+       u"No se ha sumado nada: no existe el periodo 02/03/26 00:00:00 --- 04/03/26 00:00:00 "
+       u"(OTROS), que reúne 02/03/26 00:00:00 --- 03/03/26 00:00:00 (OTROS), 03/03/26"},
+      {u"P:CREAR,1,02/03/2026,,x\r\nP:SELECCIONAR,1,02/03/2026,02/03/2026\r\n"_s, kMal,
+       u"No se ha sumado nada: sólo está elegido 2 marzo 2026 (DIARIO), que es la suma misma."},
+      {crear(a) + crear(b) + crear(todo) + elegir(a) + elegir(b), kBien,
+       u"Sumado en 02/03/26 00:00:00 --- 04/03/26 00:00:00 (OTROS): 02/03/26"},
+  };
+  for (const auto& c : casos) {
+    TiendaDeProcesos tienda;
+    const auto p = tienda.programa();
+    const auto lineas = correr(c.pasos + u"P:SUMAR"_s, *p);
+    EXPECT_EQ(p->fin, c.fin);
+    EXPECT_EQ(lineas.filter(QString::fromUtf16(c.dice)).size(), 1)
+        << lineas.join(u'\n').toStdString();
+  }
+}
+
 TEST_F(RunnerTest, AbrirConDatosDentro) {
   const auto lineas = correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nS:ABRIR"_s);
   EXPECT_TRUE(lineas.contains(u"003:SESIÓN"_s)) << lineas.join(u'\n').toStdString();
@@ -325,6 +356,14 @@ TEST_F(RunnerTest, SinTrazaElProcesoSigue) {
 }
 
 // --- parameters ---------------------------------------------------------------------------------
+
+TEST_F(RunnerTest, UnRangoAlRevesDelQueContestaSeDice) {
+  tienda_.respuestas.numeros = {{u"%1"_s, 9}};
+  const auto lineas = correr(u"N:%1,Desde\r\nT:TXPLUS,1,Sí,%1,5"_s);
+  EXPECT_EQ(fin_, ResultadoProceso::Problemas);
+  EXPECT_TRUE(lineas.contains(u"    Los códigos van al revés, del 9 al 5: el paso no hace nada."_s))
+      << lineas.join(u'\n').toStdString();
+}
 
 TEST_F(RunnerTest, LosParametrosRellenanElProceso) {
   tienda_.respuestas.numeros = {{u"%1"_s, 1}};
