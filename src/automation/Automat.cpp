@@ -175,6 +175,7 @@ void Automat::Interior::contarLoHecho() {
 // The last action of a tick: a listener may destroy the runner.
 void Automat::Interior::anunciarFin() {
   reloj->parar();
+  t.sesion.ponerEnProceso(false);
   const auto alCronos = diferida && !yo.avisarAlCerrar ? yo.alTerminarDiferida : nullptr;
   const auto aviso = yo.alTerminar;
   const auto con = resultado;

@@ -112,6 +112,7 @@ Resultado<> Automat::Interior::prepararEjecucion() {
   e.problemas = resultado != ResultadoProceso::Bien;
   TARVO_INTENTAR(diario.abrir(e, NombreFichero(fichero.ruta())));
   t.sesion.ponerEjecucion(e.numero, false);
+  t.sesion.ponerEnProceso(true);
   ultimoLatido = t.reloj.monotono();
   return {};
 }
@@ -133,6 +134,7 @@ Resultado<> Automat::Interior::reanudar(Ejecucion vieja) {
   for (const auto& r : e.respuestas) rellenar(pasos, r);
   TARVO_TOMAR(const auto tareas, diario.tareasPorHacer(e.numero, trasUltimaEspera(pasos, e.paso)));
   t.sesion.ponerEjecucion(e.numero, true);
+  t.sesion.ponerEnProceso(true);
   t.verTot.ponerSeleccion(e.seleccion);
   ultimos = e.ultimos;
   if (e.problemas) resultado = ResultadoProceso::Problemas;
@@ -194,6 +196,7 @@ Resultado<> Automat::Interior::liquidar(Ejecucion vieja) {
 // REQUIRES that the old run and its steps are in place of the new ones.
 Resultado<> Automat::Interior::completarAnotaciones() {
   t.sesion.ponerEjecucion(e.numero, true);
+  t.sesion.ponerEnProceso(true);
   t.verTot.ponerSeleccion(e.seleccion);
   for (indice = e.paso; indice < static_cast<qint64>(pasos.size()); ++indice) {
     const PasoProceso p = pasos[static_cast<size_t>(indice)];

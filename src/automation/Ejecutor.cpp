@@ -5,6 +5,7 @@
 #include "automation/TextosAutomation.h"
 #include "comm/motor/TextosMotor.h"
 #include "core/dao/Recorrido.h"
+#include "core/dinero/Dinero.h"
 #include "totals/periodos/AjustesPeriodos.h"
 
 namespace tarvo::automation {
@@ -119,6 +120,10 @@ Resultado<Hecho> Ejecutor::tarea(const PasoTarea& p, Ejecucion& e) {
     h.error(2);
     return h;
   }
+  if (p.rango && p.rango->alReves()) {
+    h.decir(t_.textos(kTxPasoAlReves, {orden->desde, orden->hasta}));
+    return h;
+  }
   QStringList rechazados, motivos;
   for (const int g : **grupos) {
     const int codigo =
@@ -181,13 +186,31 @@ Hecho Ejecutor::sesion(const PasoSesion& p, Ejecucion& e) {
     h.error(5);
   } else if (cierra && estado == 2) {
     cerrar(p, e, h);
-  } else {
+  } else if (cierra || puedeOlvidar(h)) {
     std::vector<totals::Aviso> avisos;
     const auto r = t_.cerrSes.LaSesion(cierra, 0, avisos);
     contar(avisos, h);
     if (!r) h.decir(r.error().texto);
   }
   return h;
+}
+
+// A process is written once and runs without anybody who looks: sales that are left in the session
+// alone are a person's to forget.
+bool Ejecutor::puedeOlvidar(Hecho& h) {
+  const auto grupos = t_.sesion.soloEnBandeja();
+  if (!grupos) {
+    h.decir(grupos.error().texto);
+    return false;
+  }
+  for (const int g : *grupos) {
+    const auto importe = t_.sesion.sinPeriodo(g);
+    h.decir(importe ? t_.textos(kTxNoSeOlvida, {g, VerImporte(t_.ajustes, importe->value_or(0),
+                                                              t_.ajustes.MonedaNativa ? 1 : 0)})
+                    : importe.error().texto,
+            true, g);
+  }
+  return grupos->empty();
 }
 
 void Ejecutor::cerrar(const PasoSesion& p, Ejecucion& e, Hecho& h) {
@@ -285,11 +308,13 @@ Hecho Ejecutor::sumar() {
   Hecho h;
   const auto suma = t_.verTot.destinoDeSuma();
   if (!suma) return deFallo(suma.error());
-  if (!*suma || !(*suma)->existente) {
-    h.error(codigoPeriodos(VerboPeriodos::Sumar));
-    return h;
-  }
+  if (!*suma || !(*suma)->existente) h.error(codigoPeriodos(VerboPeriodos::Sumar));
+  if (!*suma) return h;
   const QString destino = totals::TextoPeriodo((*suma)->periodo).simplified();
+  const QString sumandos = sumandosDe(**suma);
+  if (!(*suma)->existente) h.decir(t_.textos(kTxSumaSinDestino, {sumandos, destino}));
+  if ((*suma)->sumandos == 0) h.decir(t_.textos(kTxSumaDeUnoSolo, {destino}));
+  if (!(*suma)->existente || (*suma)->sumandos == 0) return h;
   for (const qint64 link : (*suma)->dentro)
     h.decir(t_.textos(kTxNoSeSumaOtraVez, {nombrePeriodo(link).simplified(), destino}));
   for (const auto& s : (*suma)->solapes)
@@ -298,7 +323,18 @@ Hecho Ejecutor::sumar() {
                                         totals::TextoPeriodo(s.otro).simplified()}));
   const auto hecho = t_.verTot.SumarIntv(0, (*suma)->dentro);
   if (!hecho) h.decir(hecho.error().texto);
+  if (hecho && !sumandos.isEmpty()) h.decir(t_.textos(kTxSumado, {sumandos, destino}), false);
   return h;
+}
+
+// The selected periods that a sum adds, by name.
+QString Ejecutor::sumandosDe(const totals::VerTot::Suma& suma) const {
+  QStringList nombres;
+  for (const qint64 link : t_.verTot.LosSelec())
+    if (std::ranges::find(suma.dentro, link) == suma.dentro.end() &&
+        !(suma.existente && suma.existente->LINK == link))
+      nombres += nombrePeriodo(link).simplified();
+  return nombres.join(u", "_s);
 }
 
 QString Ejecutor::nombrePeriodo(qint64 link) const {

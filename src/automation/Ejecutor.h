@@ -59,12 +59,14 @@ class Ejecutor {
   Resultado<Hecho> tarea(const PasoTarea& p, Ejecucion& e);
   QString motivoRechazo(int codigo, int grupo, TipoTarea clase) const;
   Hecho sesion(const PasoSesion& p, Ejecucion& e);
+  bool puedeOlvidar(Hecho& h);
   void cerrar(const PasoSesion& p, Ejecucion& e, Hecho& h);
   void noMemorizado(Ejecucion& e, Hecho& h);
   Hecho control(const PasoControl& p);
   Hecho periodos(const PasoPeriodos& p, const Ejecucion& e);
   Hecho crear(const PasoPeriodos& p);
   Hecho sumar();
+  QString sumandosDe(const totals::VerTot::Suma& suma) const;
   // REQUIRES a verb that acts on the selection or names its periods.
   Resultado<bool> operacion(const PasoPeriodos& p);
   Resultado<bool> borrar(int tipo, Fecha desde, Fecha hasta);

@@ -1,6 +1,7 @@
 #include "automation/Relacion.h"
 
 #include <map>
+#include <set>
 
 #include "automation/TextosAutomation.h"
 #include "automation/historia/Historial.h"
@@ -45,7 +46,8 @@ Resultado<> leerMemorizado(dao::Database& db, qint64 ejecucion, PorGrupo& grupos
       });
 }
 
-Resultado<QString> lineaDe(const Taller& t, int grupo, const DeGrupo& g) {
+Resultado<QString> lineaDe(const Taller& t, int grupo, const DeGrupo& g,
+                           const std::set<int>& soloEnBandeja) {
   TARVO_TOMAR(const auto nombre, t.db.uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=?", grupo));
   const auto lista = [&](int texto, const QStringList& cuales) {
     return cuales.isEmpty() ? QStringList() : QStringList(t.textos(texto, {cuales.join(u", ")}));
@@ -59,6 +61,11 @@ Resultado<QString> lineaDe(const Taller& t, int grupo, const DeGrupo& g) {
                                          totals::DecirPeriodo(c->periodo, t.textos)});
   }
   if (g.aCero) partes += t.textos(kTxRelacionACero);
+  if (g.aCero && soloEnBandeja.contains(grupo)) {
+    TARVO_TOMAR(const auto importe, t.sesion.sinPeriodo(grupo));
+    partes += t.textos(kTxRelacionEnBandeja,
+                       {VerImporte(t.ajustes, importe.value_or(0), t.ajustes.MonedaNativa)});
+  }
   partes += lista(kTxRelacionHecho, g.hecho);
   partes += lista(kTxRelacionSinHacer, g.sinHacer);
   return t.textos(kTxRelacionGrupo,
@@ -88,9 +95,11 @@ Resultado<QStringList> relacionDe(const Taller& taller, qint64 ejecucion) {
   TARVO_TOMAR(const auto tareas, Historial(taller.db, taller.textos).tareas(ejecucion));
   for (const TareaHecha& t : tareas) anotarTarea(t, taller.textos, grupos[t.grupo]);
   TARVO_INTENTAR(leerMemorizado(taller.db, ejecucion, grupos));
+  TARVO_TOMAR(const auto enBandeja, taller.sesion.soloEnBandeja());
+  const std::set<int> soloEnBandeja(enBandeja.begin(), enBandeja.end());
   QStringList lineas;
   for (const auto& [grupo, g] : grupos) {
-    TARVO_TOMAR(const auto linea, lineaDe(taller, grupo, g));
+    TARVO_TOMAR(const auto linea, lineaDe(taller, grupo, g, soloEnBandeja));
     lineas += linea;
   }
   TARVO_TOMAR(const auto ficheros, exportado(taller, ejecucion));

@@ -56,6 +56,9 @@ INSTANTIATE_TEST_SUITE_P(
                     CasoLinea{u"T:TXPLUS,12, No, 1, 99", u"T:TXPLUS,0012, No, 0000001, 0000099"},
                     CasoLinea{u"T:TXPLUS,12,Si,%a,%b", u"T:TXPLUS,0012, Sí, %a, %b"},
                     CasoLinea{u"T:TXPLUS,%1", u"T:TXPLUS,%1, Sí, 0000000, 9999999"},
+                    CasoLinea{u"T:TXPLUS,1,Sí,7,7", u"T:TXPLUS,0001, Sí, 0000007, 0000007"},
+                    CasoLinea{u"T:RXPLUS,1,Sí,9999999,0000000", u"!"},
+                    CasoLinea{u"T:TXPLUS,1,Sí,10000000", u"!"},
                     CasoLinea{u"T:TXPLUS,ALL", u"T:TXPLUS,ALL, Sí, 0000000, 9999999"},
                     CasoLinea{u"T:TXPLUS,X1", u"!"}, CasoLinea{u"T:TXPLUS,1,quizá,1,2", u"!"},
                     CasoLinea{u"T:TX_ZERO,12,No", u"T:TX_ZERO,0012, No"}));

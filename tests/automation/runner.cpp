@@ -200,20 +200,6 @@ TEST_F(RunnerTest, LosPasosHacenLoQueDicen) {
   }
 }
 
-// What a process reads and forgets is in the machine alone, and stays there.
-TEST_F(RunnerTest, LoQueUnProcesoOlvidaNoSePoneACero) {
-  const QString olvida =
-      u"T:RXGRTOT,1\r\nC:ESPERA,0,Sí\r\nS:OLVIDAR\r\nT:TX_ZERO,1\r\nC:ESPERA,0,Sí"_s;
-  const auto lineas = correr(olvida);
-  EXPECT_EQ(fin_, ResultadoProceso::Problemas);
-  EXPECT_EQ(lineas.filter(u"ha olvidado sus ventas sin memorizarlas"_s).size(), 1)
-      << lineas.join(u'\n').toStdString();
-  EXPECT_EQ(maquinasDePrueba().ceros, 0);
-  correr(kNoche);
-  EXPECT_EQ(fin_, ResultadoProceso::Bien);
-  EXPECT_EQ(maquinasDePrueba().ceros, 2);
-}
-
 // A process that sums runs every night: what its target has is added once, whether the target is
 // selected with it or not.
 TEST_F(RunnerTest, LoYaSumadoNoSeSumaOtraVez) {
@@ -245,6 +231,37 @@ TEST_F(RunnerTest, LoYaSumadoNoSeSumaOtraVez) {
   EXPECT_EQ(p->uno(u"SELECT count(*) FROM Sumados"_s).entero(), 2);
 }
 
+// A sum names what it added, and why it added nothing. Each row: the periods created and selected
+// by their days of March, the outcome and its sentence.
+TEST_F(RunnerTest, LaSumaDiceLoQueSuma) {
+  const auto crear = [](const char16_t* dias) { return u"P:CREAR,5,%1,x\r\n"_s.arg(dias); };
+  const auto elegir = [](const char16_t* dias) { return u"P:SELECCIONAR,5,%1\r\n"_s.arg(dias); };
+  const auto* a = u"02/03/2026,03/03/2026";
+  const auto* b = u"03/03/2026,04/03/2026";
+  const auto* todo = u"02/03/2026,04/03/2026";
+  const struct {
+    QString pasos;
+    ResultadoProceso fin;
+    const char16_t* dice;
+  } casos[] = {
+      {crear(a) + crear(b) + elegir(todo), kMal,
+       u"No se ha sumado nada: no existe el periodo 02/03/26 00:00:00 --- 04/03/26 00:00:00 "
+       u"(OTROS), que reúne 02/03/26 00:00:00 --- 03/03/26 00:00:00 (OTROS), 03/03/26"},
+      {u"P:CREAR,1,02/03/2026,,x\r\nP:SELECCIONAR,1,02/03/2026,02/03/2026\r\n"_s, kMal,
+       u"No se ha sumado nada: sólo está elegido 2 marzo 2026 (DIARIO), que es la suma misma."},
+      {crear(a) + crear(b) + crear(todo) + elegir(a) + elegir(b), kBien,
+       u"Sumado en 02/03/26 00:00:00 --- 04/03/26 00:00:00 (OTROS): 02/03/26"},
+  };
+  for (const auto& c : casos) {
+    TiendaDeProcesos tienda;
+    const auto p = tienda.programa();
+    const auto lineas = correr(c.pasos + u"P:SUMAR"_s, *p);
+    EXPECT_EQ(p->fin, c.fin);
+    EXPECT_EQ(lineas.filter(QString::fromUtf16(c.dice)).size(), 1)
+        << lineas.join(u'\n').toStdString();
+  }
+}
+
 TEST_F(RunnerTest, AbrirConDatosDentro) {
   const auto lineas = correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nS:ABRIR"_s);
   EXPECT_TRUE(lineas.contains(u"003:SESIÓN"_s)) << lineas.join(u'\n').toStdString();
@@ -255,9 +272,10 @@ TEST_F(RunnerTest, AbrirConDatosDentro) {
 TEST_F(RunnerTest, UnGrupoMudo) {
   maquinasDePrueba().mudas = {2};
   const auto p = tienda_.programa();
-  const auto lineas = correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nT:TX_ZERO,ALL\r\n"_s, *p);
+  const auto lineas =
+      correr(u"T:RXGRTOT,ALL\r\nT:RXPLUS,1\r\nC:ESPERA,1,No\r\nT:TX_ZERO,ALL\r\n"_s, *p);
   EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
-  EXPECT_TRUE(lineas.contains(u"002:CONTROL"_s)) << lineas.join(u'\n').toStdString();
+  EXPECT_TRUE(lineas.contains(u"003:CONTROL"_s)) << lineas.join(u'\n').toStdString();
   EXPECT_TRUE(lineas.contains(u"   Gran Total:G0002   Se reintenta la tarea"_s));
   EXPECT_TRUE(lineas.contains(u"   Gran Total:G0002   Se abandona la tarea"_s));
   const auto informe = lineas.filter(u"   Gran Total:G0002  E26  C"_s);
@@ -267,45 +285,6 @@ TEST_F(RunnerTest, UnGrupoMudo) {
   EXPECT_FALSE(lineas.filter(u"E22"_s).isEmpty());
   EXPECT_EQ(maquinasDePrueba().ceros, 1);
   EXPECT_EQ(maquinasDePrueba().porGrupo[2].IMP, 1100);
-}
-
-TEST_F(RunnerTest, LoQueNoSeMemorizaNoSePoneACero) {
-  const auto p = tienda_.programa();
-  ASSERT_TRUE(
-      p->db().ejecutarGuion(u"CREATE TRIGGER no_mas BEFORE INSERT ON COLUMNA BEGIN SELECT "
-                            u"RAISE(ABORT, 'sin sitio'); END;\n"));
-  const auto lineas = correr(
-      u"T:RXGRTOT,ALL\r\nC:ESPERA,0,Sí\r\nS:CERRAR,x,Sí,Sí\r\nT:TX_ZERO,ALL\r\nC:ESPERA,0,Sí"_s,
-      *p);
-  EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
-  EXPECT_TRUE(lineas.contains(u"    No se pudo establecer un único intervalo de tiempo"_s))
-      << lineas.join(u'\n').toStdString();
-  EXPECT_EQ(lineas.filter(u"E22"_s).size(), 2);
-  EXPECT_EQ(maquinasDePrueba().ceros, 0);
-  EXPECT_EQ(p->sesion().estado(), 2);
-}
-
-// A reading waiting for its memorisation blocks the next one: later sales are only in the machine.
-TEST_F(RunnerTest, LoQueNoSePudoLeerNoSePoneACero) {
-  const auto p = tienda_.programa();
-  correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nT:TX_ZERO,1\r\nC:ESPERA,0,No"_s, *p);
-  ASSERT_EQ(maquinasDePrueba().ceros, 1);
-  maquinasDePrueba().porGrupo[1] = {3, 0, 900, 0};
-  correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nS:CERRAR,x,Sí,Sí\r\nT:TX_ZERO,1\r\nC:ESPERA,0,No"_s, *p);
-  EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
-  EXPECT_EQ(maquinasDePrueba().ceros, 1);
-  EXPECT_EQ(maquinasDePrueba().porGrupo[1].IMP, 900);
-}
-
-// Neither readings nor memorisation are possible: after reading nothing, nothing may be forgotten.
-TEST_F(RunnerTest, SinLasSesionesNadieOlvida) {
-  const auto p = tienda_.programa();
-  ASSERT_TRUE(p->db().ejecutarGuion(u"DROP TABLE Sesiones;\nCREATE TABLE Sesiones (x INTEGER);\n"));
-  for (const QString& proceso : {kNoche, u"T:TX_ZERO,ALL\r\nC:ESPERA,1,No"_s}) {
-    const auto lineas = correr(proceso, *p);
-    EXPECT_EQ(p->fin, ResultadoProceso::Problemas) << lineas.join(u'\n').toStdString();
-    EXPECT_EQ(maquinasDePrueba().ceros, 0) << lineas.join(u'\n').toStdString();
-  }
 }
 
 // Only a line of its own letter is a comment: a step without one looks like it.
@@ -377,6 +356,14 @@ TEST_F(RunnerTest, SinTrazaElProcesoSigue) {
 }
 
 // --- parameters ---------------------------------------------------------------------------------
+
+TEST_F(RunnerTest, UnRangoAlRevesDelQueContestaSeDice) {
+  tienda_.respuestas.numeros = {{u"%1"_s, 9}};
+  const auto lineas = correr(u"N:%1,Desde\r\nT:TXPLUS,1,Sí,%1,5"_s);
+  EXPECT_EQ(fin_, ResultadoProceso::Problemas);
+  EXPECT_TRUE(lineas.contains(u"    Los códigos van al revés, del 9 al 5: el paso no hace nada."_s))
+      << lineas.join(u'\n').toStdString();
+}
 
 TEST_F(RunnerTest, LosParametrosRellenanElProceso) {
   tienda_.respuestas.numeros = {{u"%1"_s, 1}};

@@ -227,6 +227,20 @@ TEST(Registros, VariosPorTramaYLoQueSobra) {
   EXPECT_FALSE(caja::leerDepartamento("0001  0000003000", Rigor::Tolerante));
 }
 
+// The quantity of an article is a number of pieces whatever its sign; the other records keep it.
+TEST(Registros, ElSignoDeLasCantidadesDeUnaCaja) {
+  const QByteArray menos = "000000-003", importe = "00000-0500";
+  const auto articulo = caja::leerArticulo("xx0008412345678" + QByteArray("00000-3000") + importe);
+  const auto granTotal = caja::leerGranTotal("001200" + menos + importe);
+  const auto departamento = caja::leerDepartamento("000107" + QByteArray("00000-3000") + importe);
+  const auto soloCantidad =
+      caja::leerDepartamento("000107" + QByteArray("00000-3000") + "0000000000");
+  EXPECT_EQ(**articulo, (Total{8412345678, 0, 3, 0, -500, 0}));
+  EXPECT_EQ(**granTotal, (Total{12, 0, -3, 0, -500, 0}));
+  EXPECT_EQ(**departamento, (Total{7, 0, -3, 0, -500, 0}));
+  EXPECT_EQ(**soloCantidad, (Total{7, 0, -3, 0, 0, 0}));
+}
+
 TEST(Registros, LoQueUnaCajaNoCuenta) {
   EXPECT_EQ(caja::leerGranTotal("0002"
                                 "00"

@@ -38,6 +38,7 @@ void BrowOper::montar() {
                        .clase = Clase::Codigo,
                        .cifras = 4,
                        .editar = [this](qint64 f, const QString& s) { return ponerCodigo(f, s); },
+                       .nombraLaFila = true,
                        .largo = 9},
                       {.titulo = ventanas::kTxNombre,
                        .campo = u"NOMOPE"_s,

@@ -107,6 +107,9 @@ PasoProceso leerTarea(Campos& f, const motor::RepertorioTareas& repertorio) {
       p.todo = f.logico(true);
       p.rango.emplace().desde = f.codigo(kPrimerCodigo);
       p.rango->hasta = f.codigo(kUltimoCodigo);
+      if (p.rango->alReves())
+        f.fallo(kTxCodigosAlReves,
+                {std::get<qint64>(p.rango->desde), std::get<qint64>(p.rango->hasta)});
       break;
   }
   return p;

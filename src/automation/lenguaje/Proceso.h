@@ -60,6 +60,12 @@ struct PasoTarea {
   static constexpr QStringView kPalabra = u"TAREA";
   struct Rango {
     Referencia desde, hasta;
+    // Both are numbers, and no code lies between them.
+    bool alReves() const {
+      const auto* uno = std::get_if<qint64>(&desde);
+      const auto* otro = std::get_if<qint64>(&hasta);
+      return uno && otro && *uno > *otro;
+    }
     bool operator==(const Rango&) const = default;
   };
   TipoTarea tarea = TipoTarea::TxHora;

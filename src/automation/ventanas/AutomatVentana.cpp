@@ -154,9 +154,10 @@ void AutomatVentana::conectar() {
        [this] { static_cast<void>(preguntar(PuertaVeoLog{a_.rutaTraza()})); });
   unir(ui_.salir, u"cerrar"_s, {}, [this] { close(); });
   connect(&contexto().tema, &Tema::cambiado, this, [this] { ponerFase(); });
-  // A key touched by accident may start a waiting run, but never holds a night.
+  // A key touched by accident may go on with a held run, but neither holds a night nor begins one
+  // that was stopped again.
   new CtrlSolo(*this, [this] {
-    if (a_.fase() != kEjecutando) a_.ejecutar();
+    if (a_.fase() != kEjecutando && a_.fase() != kAbortado) a_.ejecutar();
   });
 }
 

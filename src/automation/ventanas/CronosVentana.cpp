@@ -7,6 +7,7 @@
 #include "automation/ventanas/TextosAutomationVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Ventanas.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
@@ -214,8 +215,15 @@ void CronosVentana::volverSiAcabo() {
 
 void CronosVentana::ejecutarAhora() {
   const int fila = ui_.ListaCron->filaActual();
-  if (fila < 0 || !cronos_.adelantar(fila)) return decirPista(t(kTxElijaEnEspera));
-  const QString proceso = cronos_.entradas()[static_cast<size_t>(fila)].proceso;
+  const auto& entradas = cronos_.entradas();
+  if (fila < 0 || entradas[static_cast<size_t>(fila)].estado != EstadoEntrada::Espera)
+    return decirPista(t(kTxElijaEnEspera));
+  const QString proceso = entradas[static_cast<size_t>(fila)].proceso;
+  if (!MyMsgBox::Decide(this, contexto().textos, contexto().textos(kTxEjecutarYa, {proceso}),
+                        kAceptoCancelo | kPrudente))
+    return;
+  // Its hour may have come while the question was on the screen.
+  if (!cronos_.adelantar(fila)) return decirPista(t(kTxElijaEnEspera));
   decirBien(contexto().textos(kTxSeEjecuta, {proceso}));
   refrescar();
 }

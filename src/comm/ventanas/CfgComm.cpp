@@ -156,6 +156,11 @@ Resultado<> CfgComm::aplicar() {
     std::swap(a.de<enlace::AjustesCables>().canales, otros.canales);
   };
   cambiar();
+  for (const QStringView clave :
+       {u"TimeOut", u"TimeCero", u"TimeACK", u"IntentosManual", u"FactorEsperaNDL", u"Puerto",
+        u"Device", u"RS232", u"IniMdm0", u"IniMdmX", u"PfxDial", u"Intentos", u"Espera", u"ATHang",
+        u"ControlLinea"})
+    a.confirmar(clave.toString());
   auto hecho = a.GuardarConfig();
   if (!hecho) cambiar();
   return hecho;

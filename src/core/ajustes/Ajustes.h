@@ -7,6 +7,9 @@
 #include <any>
 #include <array>
 #include <functional>
+#include <map>
+#include <set>
+#include <utility>
 #include <vector>
 
 #include "core/valores/Fecha.h"
@@ -14,6 +17,10 @@
 #include "core/valores/Tipos.h"
 
 namespace tarvo {
+
+namespace ini {
+struct Linea;
+}
 
 enum class Idioma { Espanol = 0, I = 1, F = 2, UK = 3, PL = 4, P = 5 };
 
@@ -121,6 +128,9 @@ class Ajustes {
     QString linea, vale, clave;
   };
   std::vector<Duda> dudas;
+  // A refused value stays in the file as it was written, and is a doubt at each start, until the
+  // setting has another value or a person saves it as it is: then this forgets it, by its key.
+  void confirmar(const QString& clave);
   bool monedaLeida = false;            // MonedaNativa was in the file and readable
   void ponerMonedaNativa(int moneda);  // and what follows from it
 
@@ -128,7 +138,15 @@ class Ajustes {
   [[noreturn]] static void faltaSala(const char* tipo);
   void ponerSala(const SalaDeAjustes& sala);
   void ordenarClaves();
+  void leerLinea(const ini::Linea& linea, std::set<std::pair<QString, int>>& aceptadas);
+  const ClaveIni* claveDe(const QString& clave, int indice) const;  // null for an unknown key
+  QString escrito(const ClaveIni& clave, int indice) const;
+  const QString* rechazado(const ClaveIni& clave, int indice) const;
 
+  struct Rechazado {
+    QString escrito, vale;  // what the file says, and the value in its place
+  };
+  std::map<std::pair<QString, int>, Rechazado> rechazados_;  // by key in capitals and index
   std::vector<std::any> deLasSalas_;
   std::vector<ClaveIni> claves_;  // as they are in the file
   std::vector<std::function<void(Ajustes&)>> antesDeLeer_, trasLeer_;

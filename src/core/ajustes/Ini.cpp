@@ -33,7 +33,10 @@ bool partirIndice(QStringView clave, Linea& linea) {
 
 void recorrer(QStringView texto, const std::function<void(const Linea&)>& recibe) {
   while (!texto.isEmpty()) {
-    const qsizetype fin = texto.indexOf(u'\n');
+    // A carriage return alone ends a line too; the empty one between CR and LF is blank.
+    const auto salto =
+        std::ranges::find_if(texto, [](QChar c) { return c == u'\n' || c == u'\r'; });
+    const qsizetype fin = salto == texto.end() ? -1 : salto - texto.begin();
     const QStringView renglon = fin < 0 ? texto : texto.left(fin);
     texto = fin < 0 ? QStringView() : texto.mid(fin + 1);
     const qsizetype igual = renglon.indexOf(u'=');

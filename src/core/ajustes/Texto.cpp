@@ -46,24 +46,62 @@ void Ajustes::ordenarClaves() {
 void Ajustes::leer(const QString& texto) {
   for (const auto& preparar : antesDeLeer_) preparar(*this);
   dudas.clear();
+  rechazados_.clear();
   monedaLeida = false;
-  ini::recorrer(texto, [this](const ini::Linea& linea) {
-    const auto clave = std::ranges::find_if(claves_, [&](const ClaveIni& c) {
-      return c.indices.admite(linea.indice) && c.nombre.toUpper() == linea.clave;
-    });
-    const bool conocida = clave != claves_.end();
-    const bool entera = conocida && clave->leer(*this, linea.indice, linea.valor);
-    if (!entera && dudas.size() < kDudas)
-      dudas.push_back({linea.entera.left(kLargoDuda),
-                       conocida ? clave->escribir(*this, linea.indice) : QString(), linea.clave});
-  });
+  std::set<std::pair<QString, int>> aceptadas;
+  ini::recorrer(texto, [&](const ini::Linea& linea) { leerLinea(linea, aceptadas); });
   for (const auto& rematar : trasLeer_) rematar(*this);
+  for (auto& [donde, r] : rechazados_)
+    r.vale = escrito(*claveDe(donde.first, donde.second), donde.second);
+}
+
+// What the file gets of a key; empty for one that isn't written.
+QString Ajustes::escrito(const ClaveIni& clave, int indice) const {
+  const bool va = !clave.seEscribe || clave.seEscribe(*this, indice);
+  return va ? clave.escribir(*this, indice) : QString();
+}
+
+const ClaveIni* Ajustes::claveDe(const QString& clave, int indice) const {
+  const auto c = std::ranges::find_if(claves_, [&](const ClaveIni& otra) {
+    return otra.indices.admite(indice) && otra.nombre.toUpper() == clave;
+  });
+  return c == claves_.end() ? nullptr : &*c;
+}
+
+void Ajustes::leerLinea(const ini::Linea& linea, std::set<std::pair<QString, int>>& aceptadas) {
+  const ClaveIni* clave = claveDe(linea.clave, linea.indice);
+  const QString antes = clave ? escrito(*clave, linea.indice) : QString();
+  const bool entera = clave && clave->leer(*this, linea.indice, linea.valor);
+  const QString despues = clave ? escrito(*clave, linea.indice) : QString();
+  const std::pair donde{linea.clave, linea.indice};
+  // Of a value that was taken in part the rest is lost; of a repeated key the accepted line stays.
+  if (entera || despues != antes) {
+    aceptadas.insert(donde);
+    rechazados_.erase(donde);
+  } else if (clave && !aceptadas.contains(donde)) {
+    rechazados_[donde] = {.escrito = linea.valor, .vale = despues};
+  }
+  if (!entera && dudas.size() < kDudas)
+    dudas.push_back({linea.entera.left(kLargoDuda),
+                     clave ? clave->escribir(*this, linea.indice) : QString(), linea.clave});
+}
+
+void Ajustes::confirmar(const QString& clave) {
+  std::erase_if(rechazados_, [&](const auto& r) { return r.first.first == clave.toUpper(); });
+}
+
+const QString* Ajustes::rechazado(const ClaveIni& clave, int indice) const {
+  const auto r = rechazados_.find({clave.nombre.toUpper(), indice});
+  const bool sigue = r != rechazados_.end() && escrito(clave, indice) == r->second.vale;
+  return sigue ? &r->second.escrito : nullptr;
 }
 
 void Ajustes::ponerMonedaNativa(int moneda) {
   MonedaNativa = moneda;
   for (Duda& d : dudas)
     if (d.clave == u"MONEDANATIVA") d.vale = QString::number(moneda);
+  for (auto& [donde, r] : rechazados_)
+    if (donde.first == u"MONEDANATIVA") r.vale = QString::number(moneda);
 }
 
 QString Ajustes::escribir() const {
@@ -73,9 +111,10 @@ QString Ajustes::escribir() const {
     if (c.sitio / kParrafo != parrafo) texto += QStringLiteral("\r\n");
     parrafo = c.sitio / kParrafo;
     for (int i = c.indices.menor; i <= c.indices.mayor; ++i) {
-      if (c.seEscribe && !c.seEscribe(*this, i)) continue;
+      const QString* suyo = rechazado(c, i);
+      if (!suyo && c.seEscribe && !c.seEscribe(*this, i)) continue;
       const QString nombre = i < 0 ? c.nombre : QStringLiteral("%1(%2)").arg(c.nombre).arg(i);
-      texto += renglon(nombre, c.escribir(*this, i));
+      texto += renglon(nombre, suyo ? *suyo : c.escribir(*this, i));
     }
   }
   return texto;

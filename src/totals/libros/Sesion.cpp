@@ -45,6 +45,10 @@ void Sesion::ponerEjecucion(qint64 numero, bool reanuda) {
   d->leidosAhora.clear();
 }
 
+void Sesion::ponerEnProceso(bool si) {
+  d->enProceso = si;
+}
+
 Resultado<> Sesion::cargar() {
   d->abierta = reflejo_.SesionAbier;
   d->hasta = reflejo_.SesionHasta;

@@ -71,6 +71,9 @@ class Sesion {
   // stored money, from the kind that knows most: of the open session, or of one that was closed
   // without them. Nothing if there are none.
   Resultado<std::optional<qint64>> sinPeriodo(int grupo);
+  // The groups with sales of the open session in no period and no longer in their machines, which
+  // were told to forget after the reading.
+  Resultado<std::vector<int>> soloEnBandeja();
   // Copies the state into the settings and saves them. A failure is an Aviso, never a loss.
   Resultado<> reflejar();
 
@@ -78,6 +81,9 @@ class Sesion {
   // `reanuda`: this run resumes an interrupted one.
   void ponerEjecucion(qint64 numero, bool reanuda);
   qint64 ejecucion() const;
+  // A process is under way, with nobody who looks at what it zeroes: a group may only forget once
+  // its sales by article are known to be complete.
+  void ponerEnProceso(bool si);
 
   // --- receiving
   Resultado<bool> PuedeRecibir(int grupo, TipoTotal clase);

@@ -1,10 +1,7 @@
-// Telling a machine to forget: which machines may be told, the intention on disk before the frame
-// is sent, and what is written once the machine has confirmed.
+// Telling a machine to forget: the intention on disk before the frame is sent, and what is written
+// once the machine has confirmed.
 #include "core/dao/Marcas.h"
-#include "totals/TextosTotals.h"
 #include "totals/libros/Confirmados.h"
-#include "totals/libros/Cuadre.h"
-#include "totals/libros/Dudas.h"
 #include "totals/libros/Memoria.h"
 #include "totals/libros/Partes.h"
 #include "totals/libros/SesionInterior.h"
@@ -18,50 +15,16 @@ namespace {
 using dao::conMarcas;
 using dao::Database;
 
-// Why the readings of a group forbid its zeroing; empty when they don't.
-Resultado<QString> motivoDeLecturas(Database& db, const Textos& textos, int grupo) {
+// The amount of a group's articles, read whole since it last forgot.
+Resultado<std::optional<qint64>> importeDeArticulos(Database& db, int grupo) {
   TARVO_TOMAR(
-      auto rs,
-      db.consultar(
-          u"SELECT CLASE, ESTADO FROM Lecturas WHERE GRUPO=? AND ESTADO IN (1, 3, 4) ORDER BY CLASE"_s,
-          grupo));
-  if (rs->Eof()) return QString();
-  if (rs->entero(1) == 4) return textos(kTxNoCuadraSinCero, {grupo});
-  const auto clase = deNumero<TipoTotal>(rs->entero(0));
-  return textos(kTxFaltaLectura, {grupo, clase ? NombreTabla(*clase) : QString()});
-}
-
-// The sum of a kind's reading in this session; nothing when it has no such reading. `entera`: with
-// all codes, or with a range of them.
-Resultado<std::optional<Contadores>> sumaLeida(Database& db, const ClaseTotal& c, int grupo,
-                                               bool entera) {
-  TARVO_TOMAR(const auto rs,
-              db.consultar(conMarcas(u"SELECT SUM(t.CON), SUM(t.PES), SUM(t.IMP) FROM Sesiones "
-                                     u"LEFT JOIN {totales} t ON t.LINK=0 AND t.GRUPO=CODGPO WHERE "
-                                     u"CODGPO=? AND {enSesion} AND EXISTS (SELECT 1 FROM Lecturas "
-                                     u"l WHERE l.GRUPO=CODGPO AND CLASE=? AND ESTADO=2 AND "
-                                     u"{cuanta}) GROUP BY CODGPO",
-                                     {{u"totales", NombreTabla(c.tipo)},
-                                      {u"enSesion", CampoSesion(c.tipo)},
-                                      {u"cuanta", entera ? u"ENTERA<>0"_s : u"ENTERA=0"_s}}),
-                           grupo, numeroDe(c.tipo)));
-  if (rs->Eof()) return std::nullopt;
-  return Contadores{.CON = rs->entero(0), .PES = rs->entero(1), .IMP = rs->entero(2)};
-}
-
-// A range of the codes was read in this session: the sales of the others are in no book once the
-// machine is cleared. Only a grand total of the same session can show that there are none, by its
-// count and weight as well: amounts may cancel.
-Resultado<QString> motivoDeParte(Database& db, const Ajustes& ajustes, const Textos& textos,
-                                 int grupo) {
-  TARVO_TOMAR(const auto todo, sumaLeida(db, claseDe(TipoTotal::GranTotal), grupo, true));
-  for (const ClaseTotal& c : enVigor(ajustes)) {
-    TARVO_TOMAR(const auto parte, sumaLeida(db, c, grupo, false));
-    const bool nadaMas = parte && todo && todo->CON == parte->CON && todo->PES == parte->PES &&
-                         todo->IMP == parte->IMP;
-    if (parte && !nadaMas) return textos(kTxSoloUnaParte, {grupo, NombreTabla(c.tipo)});
-  }
-  return QString();
+      const auto rs,
+      db.consultar(conMarcas(u"SELECT (SELECT COALESCE(SUM(IMP), 0) FROM TOTPLU WHERE LINK=0 AND "
+                             u"TOTPLU.GRUPO=Lecturas.GRUPO) FROM Lecturas WHERE GRUPO=? AND "
+                             u"CLASE=? AND ESTADO=2 AND ENTERA<>0 AND {trasElCero}",
+                             {{u"trasElCero", QString::fromUtf16(kTrasElCero)}}),
+                   grupo, numeroDe(TipoTotal::PLUs), 0));
+  return rs->Eof() ? std::nullopt : std::optional(rs->entero(0));
 }
 
 // The kinds whose reading in the open session contains memorised sales. These are taken off when it
@@ -125,54 +88,7 @@ Resultado<> marcarPuestaACero(Database& db, int grupo, Fecha cuando) {
   return {};
 }
 
-// The run that closed a session without memorising the group's sales, if nothing has been read
-// whole since: they are in the machine alone. 0 for a person at a window.
-Resultado<std::optional<qint64>> olvidadoSinMemorizar(Database& db, int grupo) {
-  TARVO_TOMAR(const auto rs,
-              db.consultar(u"SELECT EJECUCION FROM Olvidos WHERE GRUPO=? AND SEC>(SELECT "
-                           u"COALESCE(MAX(SEC), 0) FROM Lecturas WHERE "
-                           u"Lecturas.GRUPO=Olvidos.GRUPO AND ESTADO=2 AND ENTERA<>0)",
-                           grupo));
-  return rs->Eof() ? std::nullopt : std::optional(rs->entero(0));
-}
-
 }  // namespace
-
-Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
-  TARVO_TOMAR(const auto enDuda, hayDudas(db_, grupo));
-  if (enDuda) return PermisoCero{false, false, textos_(kTxDudaSinCero, {grupo})};
-  // A zeroing before the memorisation would hide whether an earlier one was heard, and sales made
-  // during the reading of the group show up here.
-  std::vector<Aviso> resuelto, diferencias;
-  if (d->abierta == 2) {
-    TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
-    TARVO_INTENTAR(resolverBasesDe(db_, ajustes_, textos_, grupo, resuelto));
-    TARVO_INTENTAR(anotarCuadre(db_, ajustes_, textos_, grupo, diferencias));
-    TARVO_INTENTAR(tr.confirmar());
-    TARVO_TOMAR(const auto preguntada, hayDudas(db_, grupo));
-    if (preguntada) return PermisoCero{false, false, resuelto.back().texto};
-  }
-  TARVO_TOMAR(const auto motivo, motivoDeLecturas(db_, textos_, grupo));
-  if (!motivo.isEmpty()) return PermisoCero{false, false, motivo};
-  TARVO_TOMAR(const auto parte, motivoDeParte(db_, ajustes_, textos_, grupo));
-  if (!parte.isEmpty()) return PermisoCero{false, false, parte};
-  // What a person forgets by hand is his own decision.
-  TARVO_TOMAR(const auto olvido, olvidadoSinMemorizar(db_, grupo));
-  if (olvido && *olvido > 0 && *olvido == d->ejecucion)
-    return PermisoCero{false, false, textos_(kTxOlvidadoSinMemorizar, {grupo})};
-  TARVO_TOMAR(const auto cierre, d->valores.leer(u"CierreFallido"_s));
-  if (!cierre.nulo() && d->abierta == 2) {
-    const auto espera =
-        db_.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND SEC>?"_s, grupo,
-                cierre.entero());
-    const auto dentro =
-        db_.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2"_s, grupo);
-    if (!espera || !dentro) return std::unexpected(espera ? dentro.error() : espera.error());
-    if (dentro->entero() > 0 && espera->entero() == 0)
-      return PermisoCero{false, false, textos_(kTxSinMemorizar, {grupo})};
-  }
-  return PermisoCero{true, d->reanuda && !d->leidosAhora.contains(grupo), {}, resuelto};
-}
 
 Resultado<> Sesion::anotarCierreFallido() {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
@@ -291,6 +207,12 @@ Resultado<bool> Sesion::ceroYaHecho(int grupo, int addr) {
 Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
                                                          const Contadores& leido) {
   TARVO_TOMAR(const auto base, granTotalLeido(db_, grupo, addr));
+  // For a process the sum of the articles will do.
+  if (!base && addr == 0 && d->enProceso) {
+    TARVO_TOMAR(const auto articulos, importeDeArticulos(db_, grupo));
+    if (articulos && leido.IMP == *articulos) return Comparacion::Igual;
+    if (articulos) return leido.cero() ? Comparacion::Cero : Comparacion::Mas;
+  }
   if (!base) {
     TARVO_TOMAR(const auto otras,
                 db_.uno(conMarcas(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND "

@@ -1,6 +1,7 @@
 // Sesion's state in memory, and the statements shared by its files.
 #pragma once
 
+#include <optional>
 #include <set>
 
 #include "totals/libros/Sesion.h"
@@ -31,7 +32,7 @@ struct Sesion::Estado {
   int abierta = 0;
   Fecha hasta, aCero;
   qint64 ejecucion = 0, de = 0;  // the current run, and the run that `hasta` belongs to
-  bool reanuda = false;
+  bool reanuda = false, enProceso = false;
   std::set<int> leidosAhora;  // groups read since this process started the run
 };
 
@@ -40,6 +41,10 @@ struct Sesion::Estado {
 inline constexpr auto kTrasElCero =
     u"SEC>(SELECT COALESCE(MAX(SEC_HECHO), 0) FROM Ceros WHERE Ceros.GRUPO=Lecturas.GRUPO AND "
     u"ADDR=?)";
+
+// The run that closed a session without memorising the group's sales, if nothing has been read
+// whole since: they are in the machine alone. 0 for a person at a window.
+Resultado<std::optional<qint64>> olvidadoSinMemorizar(dao::Database& db, int grupo);
 
 // Keeps the memorised but not yet zeroed rows of a kind apart from the inbox, which is about to be
 // refilled.

@@ -58,6 +58,20 @@ TEST(Operadores, ElCodigoDeUnOperador) {
   EXPECT_EQ(t.leer(u"select CODOPE, NOMOPE from OPERS order by CODOPE"_s), u"6 Op | 7 Luis");
 }
 
+// Typing on the codes searches; a code changes only in its cell opened on purpose.
+TEST(Operadores, TeclearUnCodigoLoBusca) {
+  MesaDeArticulos t;
+  t.operador(1, u"Ana").operador(77, u"Luis");
+  auto& grid = t.lista(t.abrir(u"BrowOper"_s));
+  grid.vista()->setCurrentIndex(grid.modelo()->index(0, grid.modelo()->columna(u"CODOPE")));
+  t.escribir(u"0077"_s);
+  EXPECT_FALSE(grid.editando());
+  EXPECT_TRUE(esperar([&] { return grid.texto(grid.filaActual(), u"CODOPE") == u"0077"; }));
+  t.tecla(Qt::Key_Return);
+  EXPECT_EQ(t.leer(u"select CODOPE, NOMOPE from OPERS order by CODOPE"_s), u"1 Ana | 77 Luis");
+  t.tecla(Qt::Key_Escape);
+}
+
 // Keys typed into the cells of a new operator, and the operators that result.
 TEST(Operadores, UnOperadorNuevoSinNombreSeVa) {
   const struct {

@@ -80,6 +80,20 @@ TEST(Automat, SeRetienePorTeclasYSigueAPasos) {
   EXPECT_FALSE(s.abierta(u"Automat"_s));
 }
 
+// A run that was stopped begins again by its button or its key only.
+TEST(Automat, UnaTeclaDeMasNoVuelveAEmpezarLoParado) {
+  Proceso s;
+  QWidget* v = s.correr(Proceso::kTresPasos);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  s.automat().abortar();
+  s.pasar(0.5);
+  ASSERT_EQ(s.automat().fase(), kAbortado);
+  QTest::keyClick(v, Qt::Key_Control);
+  EXPECT_EQ(s.automat().fase(), kAbortado);
+  QTest::keyClick(v, Qt::Key_F9);
+  EXPECT_EQ(s.automat().fase(), kEjecutando);
+}
+
 // Each step is described in words; its line of the process language has a column of its own.
 TEST(Automat, LosPasosSeDicenEnPalabras) {
   Proceso s({1, 2});

@@ -222,9 +222,21 @@ TEST(Cronos, ADesactivarYAManoYUnoQueNoSeLee) {
   pieza<QAction>(c, u"ejecutar"_s)->trigger();
   EXPECT_EQ(c->tira().texto(), u"Elija una línea que esté en espera.");
   filas->irA(0);
-  pieza<QAction>(c, u"ejecutar"_s)->trigger();
-  s.pasar(10);
-  EXPECT_EQ(filas->texto(0, u"ok"), u"1");
+  // A Return too many starts nothing.
+  for (const bool seAcepta : {false, true}) {
+    bool preguntado = false;
+    cuandoHayaCaja([&](QWidget& caja) {
+      preguntado = true;
+      if (seAcepta)
+        QTest::keyClick(caja.findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
+      else
+        QTest::keyClick(&caja, Qt::Key_Return);
+    });
+    pieza<QAction>(c, u"ejecutar"_s)->trigger();
+    s.pasar(10);
+    EXPECT_TRUE(preguntado);
+    EXPECT_EQ(filas->texto(0, u"ok"), seAcepta ? u"1" : u"0");
+  }
 }
 
 // The next process waits while a user may be reading why the first was stopped, but not all night.
