@@ -5,6 +5,7 @@
 
 #include <QSysInfo>
 
+#include "comm/envios/TablasEnvios.h"
 #include "comm/tareas/Repertorio.h"
 #include "totals/libros/Grupos.h"
 
@@ -56,6 +57,10 @@ struct Aplicacion::Interior {
         [this](int grupo) { return totals::olvidarGrupo(db, grupo); }, {}};
     for (const auto& t : totals::tablasDeGrupo()) libros.tablas.push_back({t.tabla, t.donde});
     catalogo.cambios().guardaPorGrupo(std::move(libros));
+    // Its rows go by their foreign key.
+    articles::Cambios::DeOtraSala enviado{[](int) { return Resultado<>(); }, {}};
+    for (const QString& tabla : envios::tablasDeGrupo()) enviado.tablas.push_back({tabla, {}});
+    catalogo.cambios().guardaPorGrupo(std::move(enviado));
   }
 
   dao::Database& db;

@@ -130,6 +130,11 @@ Resultado<> Catalogo::volver(const Articulo& antes, const Articulo& ahora, const
   return modificar(ahora.clave, *vuelto, ventana);
 }
 
+Resultado<bool> Catalogo::cambiadoDespues(const Articulo& antes, const Articulo& ahora) {
+  TARVO_TOMAR(const auto hoy, leer(ahora.clave));
+  return hoy && *hoy != ahora && sinElCambio(*hoy, antes, ahora).has_value();
+}
+
 Resultado<std::vector<int>> Catalogo::seccionesQueDifieren() {
   std::set<int> difieren;
   for (const int seccion : cambios_.SeccionesModificadas())

@@ -36,6 +36,9 @@ class Catalogo {
   // Undoes a change by modificar(): the changed fields get their former values. NoExiste when the
   // article is gone; Restriccion, with nothing changed, when the same fields have changed since.
   Resultado<> volver(const Articulo& antes, const Articulo& ahora, const QString& ventana);
+  // Whether volver() would undo a change that isn't the article's last: other fields of it have
+  // been changed since.
+  Resultado<bool> cambiadoDespues(const Articulo& antes, const Articulo& ahora);
 
   // Deletes the existing ones, except system articles; returns how many.
   Resultado<int> borrar(std::span<const ClaveArticulo> claves);

@@ -10,8 +10,11 @@ namespace tarvo::articles {
 std::expected<qint64, FaltaPrecio> comoPrecio(const QString& texto, const Ajustes& ajustes,
                                               std::optional<int> moneda) {
   const auto precio = comoPrecioRedondeado(texto, ajustes, moneda);
-  if (precio && SobranDecimales(ajustes, texto, moneda.value_or(ajustes.MonedaNativa)))
+  const int suya = moneda.value_or(ajustes.MonedaNativa);
+  if (precio && SobranDecimales(ajustes, texto, suya))
     return std::unexpected(FaltaPrecio::SobranDecimales);
+  if (precio && LeidoDeDosModos(ajustes, texto, suya))
+    return std::unexpected(FaltaPrecio::DeDosModos);
   return precio;
 }
 
@@ -28,11 +31,14 @@ std::expected<qint64, FaltaPrecio> comoPrecioRedondeado(const QString& texto,
 
 Error errorDe(FaltaPrecio falta, const QString& texto, const Ajustes& ajustes, const Textos& textos,
               std::optional<int> moneda) {
+  const int suya = moneda.value_or(ajustes.MonedaNativa);
   if (falta == FaltaPrecio::SobranDecimales)
-    return {
-        Fallo::Formato, 0,
-        textos(kTxPrecioConDecimales,
-               {texto.trimmed(), DecimalesMoneda(ajustes, moneda.value_or(ajustes.MonedaNativa))})};
+    return {Fallo::Formato, 0,
+            textos(kTxPrecioConDecimales, {texto.trimmed(), DecimalesMoneda(ajustes, suya)})};
+  if (const auto dos = LeidoDeDosModos(ajustes, texto, suya);
+      falta == FaltaPrecio::DeDosModos && dos)
+    return {Fallo::Formato, 0,
+            textos(kTxPrecioDeDosModos, {texto.trimmed(), dos->entera, dos->decimal})};
   if (falta == FaltaPrecio::Vacio) return {Fallo::Formato, 0, textos(kTxPrecioVacio)};
   const QString mayor = VerImporte(ajustes, kPrecioMayor, ajustes.MonedaNativa);
   return {Fallo::Formato, 0,

@@ -19,9 +19,10 @@ inline constexpr qint64 kPrecioDeBalanza = 999'999;  // the highest a scale can 
 inline constexpr qint64 kPrecioMayor = 999'999'999;  // the highest stored
 inline constexpr qint64 kMinimoMayor = 999'999, kHastaMayor = 99'999;
 
-enum class FaltaPrecio { NoEsImporte, Negativo, Demasiado, Vacio, SobranDecimales };
+enum class FaltaPrecio { NoEsImporte, Negativo, Demasiado, Vacio, SobranDecimales, DeDosModos };
 // A price as a person types it, in a currency's money; in the native one without `moneda`. One with
-// more decimals than the currency has is refused: what is stored is what was typed.
+// more decimals than the currency has is refused, and so is "1.239", which may be 1239 or 1,24:
+// what is stored is what was meant.
 std::expected<qint64, FaltaPrecio> comoPrecio(const QString& texto, const Ajustes& ajustes,
                                               std::optional<int> moneda = {});
 // The same from a file, where nobody could type it again: rounded to the last decimal, halves up.

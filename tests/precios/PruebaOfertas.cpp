@@ -142,4 +142,33 @@ TEST_F(PruebaOfertas, DeletingHereOrInAllGroups) {
             u"2 10 1 | 3 10 0 | 1 11 1 | 3 11 1");
 }
 
+// The end of an offer as typed on 27 November. An end without its year never becomes one of another
+// year by itself.
+TEST(Vigencia, ElFinalComoSeEscribe) {
+  const struct {
+    const char16_t *texto, *desde, *queda, *proximo;
+  } casos[] = {{u"", u"", u"", u""},
+               {u"30/11", u"", u"30/11/2026", u""},
+               {u"27/11", u"", u"27/11/2026", u""},
+               {u"15/11", u"", u"", u"15/11/2027"},
+               {u"15/11", u"30/11/2026", u"", u"15/11/2027"},
+               {u"15/11", u"30/11/2030", u"", u"15/11/2031"},
+               {u"15/12", u"30/11/2030", u"15/12/2030", u""},
+               {u"15/12", u"01/12/2025", u"15/12/2026", u""},
+               {u"06/01", u"20/12/2026", u"", u"06/01/2027"},
+               {u"06/01/2027", u"20/12/2026", u"06/01/2027", u""},
+               {u"29/02", u"", u"", u"29/02/2028"},
+               {u"31/02", u"", u"", u""},
+               {u"pronto", u"", u"", u""}};
+  for (const auto& c : casos) {
+    const std::string cual = QString::fromUtf16(c.texto).toStdString();
+    const auto corta = [](const Dia& d) { return d ? d->corta() : QString(); };
+    const auto leido = leerFin(QString::fromUtf16(c.texto), Fecha::leer(c.desde),
+                               Fecha::de(QDate(2026, 11, 27), QTime(18, 0)));
+    EXPECT_EQ(leido.has_value(), *c.queda || !*c.texto) << cual;
+    EXPECT_EQ(corta(leido ? *leido : Dia()), QString::fromUtf16(c.queda)) << cual;
+    EXPECT_EQ(corta(leido ? Dia() : leido.error().proximo), QString::fromUtf16(c.proximo)) << cual;
+  }
+}
+
 }  // namespace

@@ -97,6 +97,36 @@ TEST(Dinero, DecimalsWithoutRoom) {
     EXPECT_EQ(LeerCentesimas(QString::fromUtf8(texto)), centesimas) << texto;
 }
 
+TEST(Dinero, ReadInTwoWays) {
+  struct Caso {
+    const char *texto, *entera, *decimal, *conPeso;  // as money, and as a weight; empty: in one way
+  };
+  const Caso casos[] = {
+      {"1.239", "1239", "1,24", "1,239"},
+      {" -12.500 ", "-12500", "-12,50", "-12,500"},
+      {"999.999", "999999", "1.000,00", "999,999"},
+      {"1239", "", "", ""},
+      {"1,239", "", "", ""},
+      {"1.239,00", "", "", ""},
+      {"1.239.000", "", "", ""},
+      {"0.250", "", "", ""},
+      {"1.5", "", "", ""},
+      {"1.23x", "", "", ""},
+  };
+  const Ajustes a = ajustesDe(1);
+  for (const Caso& c : casos) {
+    const auto texto = QString::fromUtf8(c.texto);
+    const auto dinero = LeidoDeDosModos(a, texto, 1), peso = LeidoDeDosModos(texto, 0);
+    EXPECT_EQ(dinero ? dinero->entera : QString(), QString::fromUtf8(c.entera)) << c.texto;
+    EXPECT_EQ(dinero ? dinero->decimal : QString(), QString::fromUtf8(c.decimal)) << c.texto;
+    EXPECT_EQ(peso ? peso->decimal : QString(), QString::fromUtf8(c.conPeso)) << c.texto;
+    EXPECT_FALSE(LeidoDeDosModos(a, texto, 0)) << "no decimals fit";
+    EXPECT_FALSE(LeidoDeDosModos(texto, 2)) << "no decimals fit";
+  }
+  EXPECT_TRUE(LeidoDeDosModos(ajustesDe(1, Idioma::UK), u"1,239"_s, 1));
+  EXPECT_FALSE(LeidoDeDosModos(ajustesDe(1, Idioma::UK), u"1.239"_s, 1));
+}
+
 TEST(Dinero, FactorsDivideStoredNumbers) {
   const double euro = static_cast<double>(166.386F);
   EXPECT_EQ(FactorMoneda(ajustesDe(1), 1), 100.0);

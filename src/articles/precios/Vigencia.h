@@ -2,6 +2,7 @@
 // begins.
 #pragma once
 
+#include <expected>
 #include <optional>
 
 #include "core/dao/Valor.h"
@@ -24,6 +25,14 @@ class Vigencia {
   Vigencia(Dia desde, Dia hasta) : desde_(desde), hasta_(hasta) {}
   Dia desde_, hasta_;
 };
+
+// The last day of an offer, as typed. A day without its year is of the year of `desde`, or of `hoy`
+// when that is open or past, and never of a later one without a word: when it would come before,
+// that is the fault, and the next such day is suggested. An empty text is an open end.
+struct FaltaFin {
+  std::optional<Fecha> proximo;  // nothing for what is no date
+};
+std::expected<Dia, FaltaFin> leerFin(const QString& texto, const Dia& desde, Fecha hoy);
 
 // As stored: Null for an open end.
 dao::Valor comoValor(const Dia& dia);

@@ -208,7 +208,10 @@ void BrowPLUs::borrar() {
 
 void BrowPLUs::trasladar(bool mover) {
   const auto claves = elegidos();
-  if (claves.empty()) return;
+  if (claves.empty()) {
+    if (ui_.Grid->filas() > 0) decirDuda(t(kTxIntocables));
+    return;
+  }
   const auto destino = preguntar(PuertaEntNmSc{
       .mover = mover, .seccion = seccion_, .cuantos = static_cast<int>(claves.size())});
   if (!destino || *destino == 0) return;

@@ -55,12 +55,15 @@ Resultado<> BrowPLUs::escribir(qint64 fila, const QString& campo, const Cambio& 
 // Identified by the article, not by its row: the list may show other articles by then.
 void BrowPLUs::apuntar(const QString& que, const Articulo& antes, const Articulo& ahora) {
   if (antes == ahora) return;
-  deshacer_->apuntar(que, [this, antes, ahora]() -> Resultado<Vuelto> {
+  const auto volver = [this, antes, ahora]() -> Resultado<Vuelto> {
     const auto hecho = catalogo_.volver(antes, ahora, nombre());
     if (!hecho) return std::unexpected(informe(*this, hecho.error()));
     refrescarEn({antes.clave.seccion, antes.clave.codigo});
     return Vuelto();
-  });
+  };
+  deshacer_->apuntar(que, volver, {.de = verCodigo(ahora.clave.codigo), .hay = [=, this] {
+                                     return catalogo_.cambiadoDespues(antes, ahora);
+                                   }});
   habilitar();
 }
 

@@ -5,7 +5,7 @@
 #include "articles/Limites.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "core/dinero/Dinero.h"
-#include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/edicion/Tecleado.h"
 
 namespace tarvo::articles {
 
@@ -38,9 +38,7 @@ Resultado<qint64> leerCantidad(const ventanas::Ventana& v, const QString& texto,
   const auto cantidad = LeerCantidad(texto, cada);
   if (!cantidad || *cantidad < -kCantidadMayor || *cantidad > kCantidadMayor)
     return fallo(Fallo::Formato, v.t(kTxCantidadMala).arg(texto));
-  if (SobranDecimales(texto, cada))
-    return fallo(Fallo::Formato, v.contexto().textos(ventanas::kTxSobranDecimales,
-                                                     {texto, DecimalesCantidad(cada)}));
+  TARVO_INTENTAR(ventanas::cantidadClara(v.contexto(), texto, cada));
   return *cantidad;
 }
 

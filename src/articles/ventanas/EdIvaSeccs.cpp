@@ -68,7 +68,8 @@ void EdIvaSeccs::pintar() {
 }
 
 Resultado<> EdIvaSeccs::ponerTasa(qint64 tipo, const QString& texto) {
-  const auto tasa = LeerCentesimas(QString(texto).remove(u'%'));
+  const QString dicho = texto.trimmed();
+  const auto tasa = LeerCentesimas(dicho.endsWith(u'%') ? dicho.chopped(1) : dicho);
   if (!tasa || *tasa < 0 || *tasa > 100'00) return fallo(Fallo::Formato, t(kTxTasaMala));
   r.tasas[static_cast<size_t>(tipo)] = *tasa;
   pintar();

@@ -50,8 +50,12 @@ std::vector<ventanas::Columna> columnasHistoria(const ventanas::Ventana& v, bool
   c.push_back(
       {.titulo = ventanas::kTxAntes, .campo = u"ANTES"_s, .clase = Clase::Importe, .ancho = 80});
   c.push_back({.titulo = kTxAhora, .campo = u"AHORA"_s, .clase = Clase::Importe, .ancho = 80});
-  c.push_back({.titulo = kTxQuien, .campo = u"QUIEN"_s, .ancho = 120});
-  c.push_back({.titulo = ventanas::kTxDesde, .campo = u"VENTANA"_s, .ancho = 140, .ver = ventana});
+  c.push_back({.titulo = kTxQuien, .campo = u"QUIEN"_s, .ancho = 120, .rango = 1});
+  c.push_back({.titulo = ventanas::kTxDesde,
+               .campo = u"VENTANA"_s,
+               .ancho = 140,
+               .ver = ventana,
+               .rango = 2});
   return c;
 }
 

@@ -52,7 +52,7 @@ void XEditPLU::montar() {
   montarBarras(f.ficha(fichas, kTxFichaBarras, u"otr"_s));
   montarAlmacen(f.ficha(fichas, kTxFichaAlmacen, u"stk"_s));
   montarEtiqueta(f.ficha(fichas, kTxFichaEtiqueta, u"etq"_s));
-  acabar({1040, 640}, {.acepto = u"Guardar"_s,
+  acabar({1100, 640}, {.acepto = u"Guardar"_s,
                        .cancelo = u"Salir"_s,
                        .textoAcepto = ventanas::kTxGuardar,
                        .textoCancelo = ventanas::kTxSalir});
@@ -121,7 +121,7 @@ void XEditPLU::montarCabeza(Formulario f) {
 
 void XEditPLU::montarPrecios(Formulario f) {
   Articulo& a = r.articulo;
-  auto c = f.columnas(2);
+  auto c = f.columnas({4, 5});
   listaPrecios_ = c[0].parrilla(ventanas::kTxPreciosPorTarifa, u"GrdPre"_s);
   hasta1_ = &llamar(c[0].fila(kTxHasta1Ficha, u"txHasta1"_s, medida(a.hasta1)), kTxValorHasta1);
   hasta2_ = &llamar(c[0].fila(kTxHasta2Ficha, u"txHasta2"_s, medida(a.hasta2)), kTxValorHasta2);

@@ -51,6 +51,7 @@ class XEditPLU final : public ventanas::FichaDe<FichaArticulo> {
   Resultado<> aplicar() override;
   void aplicada() override;
   bool eventFilter(QObject* objeto, QEvent* evento) override;
+  void keyPressEvent(QKeyEvent* evento) override;
 
   FichasArticulo fichas_;
   Catalogo& catalogo_;

@@ -134,6 +134,14 @@ bool XEditPLU::eventFilter(QObject* objeto, QEvent* evento) {
          evento->type() == QEvent::MouseButtonDblClick;
 }
 
+// Return goes on to the next field: it also ends each code that a bar code reader types.
+void XEditPLU::keyPressEvent(QKeyEvent* evento) {
+  const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
+  if (!intro || !qobject_cast<QLineEdit*>(focusWidget())) return FichaDe::keyPressEvent(evento);
+  evento->accept();
+  focusNextChild();
+}
+
 // --- validation and storage ---------------------------------------------------------------------
 
 std::vector<XEditPLU::FaltaCampo> XEditPLU::comprobar() {

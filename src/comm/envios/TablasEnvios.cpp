@@ -52,6 +52,11 @@ dao::TablasDeSala tablasEnvios() {
           .copias = {}};
 }
 
+std::vector<QString> tablasDeGrupo() {
+  return {QStringLiteral("Enviados"), QStringLiteral("Retenidos"), QStringLiteral("EnviosGrupo"),
+          QStringLiteral("BorradosGrupo"), QStringLiteral("FichasPedidas")};
+}
+
 Resultado<> asegurarTablasEnvios(dao::Database& db) {
   return dao::darPasos(db, {tablasEnvios()});
 }

@@ -116,6 +116,17 @@ QString conSignos(qint64 n, int decimales, Signos s) {
   return n < 0 ? u'-' + t : t;
 }
 
+std::optional<DosLecturas> dosLecturas(const QString& texto, Signos s, int decimales) {
+  constexpr int kMilesimas = 3;
+  if (decimales <= 0 || texto.count(s.millar) != 1) return std::nullopt;
+  const auto e = escrito(texto, s);
+  if (!e || !e->decimales.isEmpty() || texto.contains(s.decimal)) return std::nullopt;
+  const QString signo = e->negativo ? QStringLiteral("-") : QString();
+  const int caben = std::min(decimales, kMilesimas), quita = potencia(kMilesimas - caben);
+  const qint64 n = (e->entera.toLongLong() + quita / 2) / quita;
+  return DosLecturas{signo + e->entera, signo + conSignos(n, caben, s)};
+}
+
 // The value of its first 15 digits: 1.005 times 100 is 100.5, not a little less.
 double comoSeLee(double x) {
   return QString::number(x, 'g', 15).toDouble();
@@ -190,6 +201,14 @@ qint64 ACantidad(const QString& texto, int cada) {
 
 bool SobranDecimales(const QString& texto, int cada) {
   return sobran(texto, signosDe(Idioma::Espanol), DecimalesCantidad(cada));
+}
+
+std::optional<DosLecturas> LeidoDeDosModos(const Ajustes& a, const QString& texto, int moneda) {
+  return dosLecturas(texto, signosDe(a.idioma), DecimalesMoneda(a, moneda));
+}
+
+std::optional<DosLecturas> LeidoDeDosModos(const QString& texto, int cada) {
+  return dosLecturas(texto, signosDe(Idioma::Espanol), DecimalesCantidad(cada));
 }
 
 std::optional<int> LeerCentesimas(const QString& texto) {

@@ -21,6 +21,15 @@ std::optional<qint64> LeerCantidad(const QString& texto, int cada);
 // Whether reading it would lose decimals other than zeros: what a person types is refused then.
 bool SobranDecimales(const Ajustes& a, const QString& texto, int moneda);
 bool SobranDecimales(const QString& texto, int cada);
+// The two numbers that a person may mean by a text with a single thousands separator before three
+// digits, where decimals fit: "1.239" is 1239 or 1,239. Each as it is typed without doubt, the
+// second one rounded to the decimals that fit; nothing for any other text. What a person types is
+// refused then; LeerImporte and LeerCantidad take the first one.
+struct DosLecturas {
+  QString entera, decimal;
+};
+std::optional<DosLecturas> LeidoDeDosModos(const Ajustes& a, const QString& texto, int moneda);
+std::optional<DosLecturas> LeidoDeDosModos(const QString& texto, int cada);
 // "5,5" or "5.5" per cent as 550; nothing for more than two decimals or what is no number.
 std::optional<int> LeerCentesimas(const QString& texto);
 // The same, with 0 for such a text.

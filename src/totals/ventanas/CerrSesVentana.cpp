@@ -177,7 +177,8 @@ void CerrSesVentana::guardar() {
 void CerrSesVentana::olvidar() {
   const int cuantos = static_cast<int>(motor_.recibidos().size());
   const QString que = t(kTxSeOlvidan, cuantos) + u": "_s + ui_.lbPerio->text().simplified();
-  if (!ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxSeranOlvidados) + u"\n\n"_s + que,
+  const QString pregunta = t(kTxSeranOlvidados) + u"\n\n"_s + que + u"\n\n"_s + t(kTxOlvidoVuelve);
+  if (!ventanas::MyMsgBox::Decide(this, contexto().textos, pregunta,
                                   ventanas::kAceptoCancelo | ventanas::kExclamacion))
     return;
   avisos_.clear();

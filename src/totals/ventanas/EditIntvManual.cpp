@@ -3,6 +3,7 @@
 #include "core/textos/Textos.h"
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/edicion/Tecleado.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/EditIntvVentana.h"
@@ -15,19 +16,25 @@ using ventanas::Clase;
 
 namespace {
 
+constexpr int kCifrasPLU = 7;
+constexpr qint64 kMayorPLU = 9'999'999;
 constexpr qint64 kMayorNumero = 999'999'999'999;  // above it, sums of many could overflow
 
 }  // namespace
 
 void EditIntvVentana::montarManuales() {
-  const auto importe = [this](const QString& texto) {
-    return LeerImporte(contexto().ajustes, texto, contexto().ajustes.MonedaNativa);
+  const auto importe = [this](const QString& texto) -> Leido {
+    const int moneda = contexto().ajustes.MonedaNativa;
+    TARVO_INTENTAR(ventanas::importeClaro(contexto(), texto, moneda));
+    return LeerImporte(contexto().ajustes, texto, moneda);
   };
-  const auto cantidad = [](int cada) {
-    return [cada](const QString& texto) { return LeerCantidad(texto, cada); };
+  const auto cantidad = [this](int cada) {
+    return [this, cada](const QString& texto) -> Leido {
+      TARVO_INTENTAR(ventanas::cantidadClara(contexto(), texto, cada));
+      return LeerCantidad(texto, cada);
+    };
   };
-  const auto entero = [](const QString& texto) { return std::optional(texto.toLongLong()); };
-  apartar(enlazarCampo(*ui_.txPLU, contador(plu_, entero)), renglon_);
+  apartar(enlazarCampo(*ui_.txPLU, codigo(plu_, kCifrasPLU, 0, kMayorPLU)), renglon_);
   apartar(enlazarCampo(*ui_.txCon, contador(entrada_.c.CON, cantidad(2))), renglon_);
   apartar(enlazarCampo(*ui_.txPes, contador(entrada_.c.PES, cantidad(0))), renglon_);
   apartar(enlazarCampo(*ui_.txImp, contador(entrada_.c.IMP, importe)), renglon_);
@@ -65,11 +72,11 @@ void EditIntvVentana::montarManuales() {
 
 // An empty field is zero.
 ventanas::Modo EditIntvVentana::contador(qint64& donde,
-                                         std::function<std::optional<qint64>(QString)> leer) const {
+                                         std::function<Leido(const QString&)> leer) const {
   return {.ver = [] { return QString(); },
           .poner = [this, &donde, leer = std::move(leer)](const QString& texto) -> Resultado<> {
-            const auto n = texto.trimmed().isEmpty() ? std::optional<qint64>(0) : leer(texto);
-            if (!n || std::abs(*n) > kMayorNumero) return fallo(Fallo::Formato, t(kTxNoEsNumero));
+            TARVO_TOMAR(const auto n, texto.trimmed().isEmpty() ? Leido(0) : leer(texto));
+            if (!n || std::abs(*n) > kMayorNumero) return fallo(Fallo::Formato, t(kTxNumeroMalo));
             donde = *n;
             return {};
           }};
@@ -146,7 +153,7 @@ Resultado<> EditIntvVentana::leerEntrada() {
   entrada_.clase = *clase;
   if (!ui_.LstGrupos->currentData().isValid()) return faltaEntrada(kTxFaltaGrupo, *ui_.LstGrupos);
   entrada_.grupo = ui_.LstGrupos->currentData().toInt();
-  if (!renglon_.leer()) return fallo(Fallo::Formato, t(kTxNumeroMalo));
+  if (const auto leido = renglon_.leer(); !leido) return fallo(Fallo::Formato, leido.error().texto);
   TARVO_TOMAR(entrada_.codi, leerCodigo());
   if (!entrada_.c.cero()) return {};
   ui_.txCon->setFocus();

@@ -52,7 +52,7 @@ ventanas::Modo EditIntvVentana::momento(Fecha& donde, bool siempreConHora) const
                   siempreConHora] { return enCampo(siempreConHora ? kOtros : r.tipo, donde); },
           .poner = [this, &donde](const QString& texto) -> Resultado<> {
             const auto f = Fecha::leer(texto.trimmed());
-            if (!f) return fallo(Fallo::Formato, t(kTxFechaNoValida));
+            if (!f) return fallo(Fallo::Formato, t(kTxFechaComo).arg(t(kTxFechaNoValida)));
             donde = *f;
             return {};
           },

@@ -42,7 +42,8 @@ class EditIntvVentana final : public ventanas::FichaDe<PeriodoEditado> {
   void aplicada() override { entregar(guardado_); }
 
   void montarManuales();
-  ventanas::Modo contador(qint64& donde, std::function<std::optional<qint64>(QString)> leer) const;
+  using Leido = Resultado<std::optional<qint64>>;  // nothing for what is no number
+  ventanas::Modo contador(qint64& donde, std::function<Leido(const QString&)> leer) const;
   void claseCambiada();
   void grupoCambiado();
   int seccionDelGrupo();

@@ -60,32 +60,42 @@ TEST(DeshacerCeldas, VuelvenUnaAUna) {
   EXPECT_EQ(t.cruces(), u"11 1 1 | 11 4 1 | 20 1 0") << "sent to the groups again";
 }
 
-// A later change from elsewhere isn't overwritten, and that is reported; changes of other fields
-// are no obstacle.
+// A later change from elsewhere isn't overwritten, and that is reported. When it is of other
+// fields, the older one is undone only after a question.
 TEST(DeshacerCeldas, LoQueOtroCambioSeQueda) {
+  const QString nombre = u"update PLUSES set NOMPLU='Otro' where SECCION=1 and CODPLU=10"_s;
   const struct {
-    const char16_t* otro;
+    QString otro, responde;
     int precio;
     const char16_t* dice;
+    bool queda = false;  // on the stack
   } casos[] = {
-      {u"update PLUSES set NOMPLU='Otro' where SECCION=1 and CODPLU=10", 100, u"Deshecho"},
-      {u"update PLUSES set PRECIO_00=777 where SECCION=1 and CODPLU=10", 777,
+      {nombre, u"Acepto"_s, 100, u"Deshecho"},
+      {nombre, u"Cancelo"_s, 235, u"", true},
+      {u"update PLUSES set NOMPLU='Otro' where SECCION=1 and CODPLU=20"_s, {}, 100, u"Deshecho"},
+      {u"update PLUSES set PRECIO_00=777 where SECCION=1 and CODPLU=10"_s,
+       {},
+       777,
        u"Otra ventana ha cambiado lo mismo después"},
-      {u"delete from PLUSES where SECCION=1 and CODPLU=10", 0, u"El artículo ya no existe"}};
+      {u"delete from PLUSES where SECCION=1 and CODPLU=10"_s, {}, 0, u"El artículo ya no existe"}};
   for (const auto& c : casos) {
     MesaDeArticulos t;
     auto* v = t.abrir(PuertaBrowPLUs{});
     t.abrirCelda(t.lista(v), u"PRECIO_00"_s);
     t.escribir(u"2,35"_s);
     t.tecla(Qt::Key_Return);
-    t.sql(QString::fromUtf16(c.otro));
+    t.sql(c.otro);
+    if (!c.responde.isEmpty()) t.responder(c.responde);
     deshacer(t, v);
+    EXPECT_EQ(t.textoModal.startsWith(u"Esto no es lo último: «Precio, que era «1,00»»"_s),
+              !c.responde.isEmpty())
+        << t.textoModal.toStdString();
     EXPECT_TRUE(v->tira().texto().startsWith(QString::fromUtf16(c.dice)))
         << v->tira().texto().toStdString();
     EXPECT_EQ(
         bien(t.db->uno(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s)).entero(),
         c.precio);
-    EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
+    EXPECT_EQ(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled(), c.queda);
   }
 }
 
@@ -149,6 +159,7 @@ TEST(DeshacerCeldas, UnaColumnaDePrecios) {
       EXPECT_TRUE(bien(t.catalogo.seccionesQueDifieren()).empty());
     }
     deshacer(t, v);
+    EXPECT_EQ(grid.findChild<QLabel*>(u"aviso"_s)->text(), u"") << "nothing is written any more";
     EXPECT_EQ(t.leer(precios), u"100 | 200 | 300 | 400");
     EXPECT_FALSE(v->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
   }

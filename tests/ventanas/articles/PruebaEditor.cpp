@@ -274,4 +274,19 @@ TEST(Editor, ElCodigoDeBarrasRaroSeDice) {
   }
 }
 
+// The history beside the prices shows what each was and is, at the form's own size.
+TEST(Editor, LaHistoriaEnsenaElPrecioDeAhora) {
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
+  v->resize(1100, 640);
+  QApplication::processEvents();
+  for (const auto& [lista, campo] : {std::pair{u"historia", u"AHORA"}, {u"GrdPre", u"P2"}}) {
+    auto& p = t.lista(v, lista);
+    auto* vista = p.vista();
+    const int c = p.modelo()->columna(campo);
+    ASSERT_FALSE(vista->isColumnHidden(c));
+    EXPECT_LE(vista->columnViewportPosition(c) + vista->columnWidth(c), vista->viewport()->width());
+  }
+}
+
 }  // namespace tarvo::prueba

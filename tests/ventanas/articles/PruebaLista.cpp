@@ -266,4 +266,17 @@ TEST(ListaArticulos, NadaSeSaleDeSuSitio) {
   EXPECT_TRUE(nombre->toolTip().isEmpty());
 }
 
+// Articles of the system are neither copied, moved nor deleted, and each key says so.
+TEST(ListaArticulos, LosDelSistemaNoSeTocanYSeDice) {
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaBrowPLUs{});
+  for (const Qt::Key k : {Qt::Key_F6, Qt::Key_F7, Qt::Key_Delete}) {
+    t.lista(v).irA(0);
+    t.lista(v).vista()->setFocus();
+    v->tira().quitar();
+    t.tecla(k);
+    EXPECT_EQ(v->tira().texto(), u"Los PLUs 0000001 y 0000002 no son modificables") << k;
+  }
+}
+
 }  // namespace tarvo::prueba

@@ -46,7 +46,9 @@ TEST(Trabajos, UnArticuloNuevoDesdeNada) {
   t.escribir(u"2,5"_s);
   t.tecla(Qt::Key_Return);
   ponerTexto(t.control(e, u"txHasta1"), u"1,5"_s);
-  t.tecla(Qt::Key_Return);  // the default button
+  t.tecla(Qt::Key_Return);
+  EXPECT_EQ(e->focusWidget(), t.control(e, u"txHasta2")) << "Return goes on, and saves nothing";
+  t.control<QPushButton>(e, u"Guardar")->click();
   ASSERT_TRUE(esperar([&] { return grid.filas() == 1; })) << t.textoModal.toStdString();
   EXPECT_EQ(
       t.leer(
@@ -97,6 +99,10 @@ TEST(Trabajos, LasCeldasSeComprueban) {
       {u"PRECIO_00", u"2,999", "",
        u"El precio «2,999» tiene más decimales de los que admite la moneda (2): escríbalo "
        u"redondeado."},
+      {u"PRECIO_00", u"1.239", "",
+       u"El precio «1.239» se puede leer de dos modos: escriba 1239 o 1,24."},
+      {u"PRECIO_00", u"2'99", "",
+       u"El precio «2'99» no es un importe: escriba, por ejemplo, 12,50."},
       {u"PRECIO_00", u"2.40", "Un nombre de mas de veinte 240 1 1", u""},
       {u"PRECIO_00", u"2,35", "Un nombre de mas de veinte 235 1 1", u""},
       {u"DEPTO", u"41", "", u"El valor entrado es incorrecto: Departamento"},
@@ -294,9 +300,9 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
   escribirNumero({});  // as with Return alone
   EXPECT_EQ(dicho,
             u"Va a borrar una sección completa....\nSección 001  SECCIÓN ÚNICA\nBorrará también "
-            u"PLUs:  10\nBorrará también Deptos. :  2\nBorrará también Grupos :  4\nAdemás: 0 "
-            u"máquinas, 0 ofertas, existencias de 0 artículos y 0 cambios de precio "
-            u"guardados.\nPara borrarla, escriba el número de la sección:");
+            u"PLUs:  10\nBorrará también Deptos. :  2\nBorrará también Grupos :  4\nAdemás: "
+            u"máquinas, 0; ofertas, 0; artículos con existencias, 0; cambios de precio "
+            u"guardados, 0.\nPara borrarla, escriba el número de la sección:");
   escribirNumero(u"2"_s);
   EXPECT_EQ(t.leer(u"select count(*) from SECCS"_s), u"2");
   // The right number deletes it, after a backup of the database; undo restores all of it.

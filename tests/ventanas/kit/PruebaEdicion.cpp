@@ -91,8 +91,7 @@ TEST(Edicion, LoRechazadoSigueAbierto) {
   Hoja h;
   h.irA(1, u"IMPORTE"_s);
   h.tecla(Qt::Key_F2);
-  h.escribir(u"0,x13"_s);  // an amount accepts no letters
-  EXPECT_EQ(h.campo()->text(), u"0,13");
+  h.escribir(u"0,13"_s);
   h.tecla(Qt::Key_Return);
   ASSERT_NE(h.campo(), nullptr);
   EXPECT_EQ(h.campo()->text(), u"0,13");
@@ -112,6 +111,47 @@ TEST(Edicion, LoRechazadoSigueAbierto) {
   EXPECT_EQ(h.dicho, u"No vale");
   h.tecla(Qt::Key_Escape);
   EXPECT_EQ(h.dicho, u"") << "resolved by giving it up";
+}
+
+// Whatever is typed in a cell of numbers arrives whole, or is refused in words: no sign is dropped.
+TEST(Edicion, NingunaCeldaTomaOtroNumero) {
+  const struct {
+    Clase clase;
+    const char16_t *texto, *dicho;
+  } casos[] = {
+      {Clase::Codigo, u"1e3", u"«1e3» no vale: aquí van sólo cifras."},
+      {Clase::Codigo, u"12.5", u"«12.5» no vale: aquí van sólo cifras."},
+      {Clase::Codigo, u"1234567890", u"Caben 9 letras y hay 10."},
+      {Clase::Entero, u"12,5", u"«12,5» no vale: aquí van sólo cifras."},
+      {Clase::Entero, u"-3", u"«-3» no vale: aquí van sólo cifras."},
+      {Clase::Porcentaje, u"1e3", u"«1e3» no vale: escriba un tanto por ciento, como 10,5."},
+      {Clase::Importe, u"2'99", nullptr},
+      {Clase::Importe, u"$5", nullptr},
+      {Clase::Cantidad, u"1e3", nullptr},
+      {Clase::Codigo, u"12", nullptr}};
+  for (const auto& c : casos) {
+    Hoja h;
+    QString llegado = u"nada"_s;
+    h.p.preparar(h.contexto(), u"Otra"_s,
+                 {{.titulo = 9912,
+                   .campo = u"IMPORTE"_s,
+                   .clase = c.clase,
+                   .editar = [&](qint64, const QString& texto) -> Resultado<> {
+                     llegado = texto;
+                     return {};
+                   },
+                   .largo = c.clase == Clase::Codigo ? 9 : 0}});
+    bien(h.p.abrir({.desde = u"ART"_s, .clave = u"CODIGO"_s}));
+    const QString texto = QString::fromUtf16(c.texto);
+    h.irA(1, u"IMPORTE"_s);
+    QTest::keyClicks(h.p.vista(), texto.left(1));  // opens the editor
+    ASSERT_NE(h.campo(), nullptr) << texto.toStdString();
+    QTest::keyClicks(h.campo(), texto.mid(1));
+    h.tecla(Qt::Key_Return);
+    EXPECT_EQ(llegado, c.dicho ? u"nada"_s : texto);
+    EXPECT_EQ(h.dicho, QString::fromUtf16(c.dicho ? c.dicho : u"")) << texto.toStdString();
+    EXPECT_EQ(h.campo() != nullptr, c.dicho != nullptr) << texto.toStdString();
+  }
 }
 
 TEST(Edicion, ElTabuladorSigueYLasHojasSeEscribenSinAbrir) {

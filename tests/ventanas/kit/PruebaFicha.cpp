@@ -15,6 +15,7 @@
 #include "core/ventanas/edicion/Ficha.h"
 #include "core/ventanas/edicion/Ordenes.h"
 #include "core/ventanas/marco/Alcance.h"
+#include "core/ventanas/marco/Tira.h"
 
 namespace tarvo::prueba {
 
@@ -140,15 +141,19 @@ TEST_F(ConFicha, CadaCampoTomaLoSuyoYDiceSusLimites) {
       {u"precio"_s, u"2.5"_s, {}, [](const Datos& d) { return d.precio == 250; }},
       {u"precio"_s,
        u"2,999"_s,
-       u"«2,999» tiene más decimales de los 2 que caben: escríbalo redondeado."_s,
+       u"«2,999» tiene más decimales de los que caben (2): escríbalo redondeado."_s,
        {}},
+      {u"precio"_s, u"1.239"_s, u"«1.239» se puede leer de dos modos: escriba 1239 o 1,24."_s, {}},
+      {u"precio"_s, u"1.239,00"_s, {}, [](const Datos& d) { return d.precio == 1239'00; }},
+      {u"precio"_s, u"1239"_s, {}, [](const Datos& d) { return d.precio == 1239'00; }},
       {u"precio"_s, u"-1"_s, u"Escriba un importe: cifras, con coma para los decimales."_s, {}},
       {u"precio"_s, u"99999999999"_s, u"Lo más que cabe es 20.000.000,00."_s, {}},
       {u"peso"_s, u"2,5"_s, {}, [](const Datos& d) { return d.peso == 2500; }},
+      {u"peso"_s, u"1.239"_s, u"«1.239» se puede leer de dos modos: escriba 1239 o 1,239."_s, {}},
       {u"peso"_s, u"0.250"_s, {}, [](const Datos& d) { return d.peso == 250; }},
       {u"peso"_s,
        u"2,0005"_s,
-       u"«2,0005» tiene más decimales de los 3 que caben: escríbalo redondeado."_s,
+       u"«2,0005» tiene más decimales de los que caben (3): escríbalo redondeado."_s,
        {}},
       {u"peso"_s, u"dos"_s, u"Escriba una cantidad: cifras, con coma para los decimales."_s, {}},
       {u"dia"_s,
@@ -182,6 +187,41 @@ TEST_F(ConFicha, CadaCampoTomaLoSuyoYDiceSusLimites) {
       EXPECT_TRUE(c.queda(*dado)) << cual;
     }
   }
+}
+
+// Whatever sign a person mistypes, no field takes the digits around it for a number.
+TEST_F(ConFicha, NingunCampoTomaOtroNumero) {
+  const QStringList campos{u"numero"_s, u"codigo"_s, u"descto"_s, u"precio"_s, u"peso"_s};
+  for (const QString& campo : campos)
+    for (const QString& texto :
+         {u"2'99"_s, u"1e3"_s, u"1 2"_s, u"0x10"_s, u"1,2,3"_s, u"12$"_s, u"12.5"_s}) {
+      const bool conDecimales = campos.indexOf(campo) > 1;
+      if (texto == u"12.5" && conDecimales) continue;
+      const auto dado = preguntar([&](QWidget& v) {
+        escribir(v, campo, texto);
+        caja([&] { pulsar(v, u"Acepto"_s); });
+        EXPECT_TRUE(v.findChild<QLineEdit*>(campo)->property("falta").toBool())
+            << campo.toStdString() << ' ' << texto.toStdString();
+        caja([&] { pulsar(v, u"Cancelo"_s); });
+      });
+      EXPECT_FALSE(dado) << campo.toStdString() << ' ' << texto.toStdString();
+    }
+  EXPECT_EQ(aplicadas, 0);
+}
+
+// A key that a field can't take is heard of at once.
+TEST_F(ConFicha, LaTeclaQueNoEntraSeDice) {
+  preguntar([&](QWidget& w) {
+    auto& v = static_cast<FichaMuestra&>(w);
+    auto* campo = v.findChild<QLineEdit*>(u"codigo"_s);
+    campo->setMaxLength(2);
+    escribir(v, u"codigo"_s, u"12"_s);
+    EXPECT_FALSE(v.tira().isVisible());
+    QTest::keyClicks(campo, u"3"_s);
+    EXPECT_EQ(campo->text(), u"12");
+    EXPECT_TRUE(v.tira().texto().startsWith(u"Lo último que tecleó no se puede escribir"_s));
+    caja([&] { pulsar(v, u"Cancelo"_s); });
+  });
 }
 
 // An untouched field keeps its exact value; a value missing from a list stays selected in it.

@@ -204,7 +204,13 @@ TEST(VentanaOfertas, UnDiaSinAnoEsElProximo) {
   m.escribir(nueva, u"Fecha_1"_s, manana.qdate().toString(u"d/M"));
   m.pulsar(Qt::Key_Return);
   EXPECT_EQ(m.campo(nueva, u"Fecha_1"_s).text(), manana.corta());
-  m.escribir(nueva, u"Fecha_1"_s, {});
+  m.escribir(nueva, u"Fecha_1"_s, u"30/11/2030"_s);
+  m.escribir(nueva, u"Fecha_F"_s, u"15/11"_s);
+  m.pulsar(Qt::Key_Return);
+  EXPECT_TRUE(m.texto(nueva, u"faltaFecha_F"_s).endsWith(u"escríbalo entero, como 15/11/2031."_s));
+  EXPECT_EQ(m.campo(nueva, u"Fecha_F"_s).text(), u"15/11") << "never another year by itself";
+  m.campo(nueva, u"Fecha_1"_s).clear();
+  m.campo(nueva, u"Fecha_F"_s).clear();
 
   m.oferta({.grupo = 1, .codigo = 10, .precio = 700, .hasta = 43000});
   auto* v = m.abrir(u"BrowOfer"_s);
@@ -231,9 +237,9 @@ TEST(VentanaOfertas, UnDiaSinAnoEsElProximo) {
   bien(grid.refrescar());
   m.pulsar(Qt::Key_F2);
   qobject_cast<QLineEdit*>(m.foco())->selectAll();
-  m.teclear(manana.qdate().toString(u"d/M"));
+  m.teclear(hoy(m).qdate().toString(u"d/M"));
   m.pulsar(Qt::Key_Return);
-  EXPECT_TRUE(esperar([&] { return hasta() == QString::number(manana.dias()); }, 5'000));
+  EXPECT_TRUE(esperar([&] { return hasta() == QString::number(hoy(m).dias()); }, 5'000));
 }
 
 // Undo restores prices even if the offer is no longer listed; not those changed since.

@@ -31,12 +31,19 @@ TEST(VentanaCalculo, LoQueNoValeSeDiceYNoSeGuarda) {
       {u"pcMarg"_s, u"999999999"_s, u"«999999999» no vale aquí: ha quedado 99999,00."_s},
       {u"pciva"_s, u"-5"_s, u"«-5» no vale aquí: ha quedado 0,00."_s},
       {u"costeN"_s, u"abc"_s, u"«abc» no es un número: escriba cifras"_s},
-      {u"costeN"_s, u"1,005"_s, u"«1,005» tiene más decimales de los 2 que caben"_s},
+      {u"costeN"_s, u"1,005"_s, u"«1,005» tiene más decimales de los que caben (2)"_s},
+      {u"costeN"_s, u"1.239"_s, u"«1.239» se puede leer de dos modos: escriba 1239 o 1,24"_s},
+      {u"pcMarg"_s, u"1.239"_s, u"«1.239» se puede leer de dos modos: escriba 1239 o 1,239"_s},
+      {u"pcMarg"_s, u"1e3"_s, u"«1e3» no es un número: escriba cifras"_s},
+      {u"redon"_s, u"12.5"_s, u"«12.5» no vale: escriba sólo cifras, 6 como mucho."_s},
       {u"costeN"_s, u"-5"_s, u"El coste quedaría en -5,00, y no puede ser negativo"_s},
       {u"Calcu"_s, u"99999999,99"_s, u"«99999999,99» no vale aquí"_s},
       {u"Calcu"_s, u"10000000"_s, u"El precio quedaría en 10.000.000,00, y el mayor"_s},
       {u"precio00"_s, u"1..5"_s, u"El precio «1..5» no es un importe"_s},
       {u"precio00"_s, u"1,005"_s, u"El precio «1,005» tiene más decimales"_s},
+      {u"precio00"_s, u"2'99"_s, u"El precio «2'99» no es un importe"_s},
+      {u"precio00"_s, u"1.239"_s, u"El precio «1.239» se puede leer de dos modos"_s},
+      {u"precio00"_s, u"1.234.567,123"_s, u"El precio «1.234.567,123» tiene más decimales"_s},
   };
   for (const auto& c : casos) {
     Tecleado m;
@@ -393,6 +400,24 @@ TEST(VentanaLote, DiceQueCifraNoVale) {
     EXPECT_TRUE(esperar([&] { return c.dicho.isEmpty() ? grid.filas() > 0 : dicho(); }, 5'000))
         << c.texto.toStdString();
   }
+}
+
+// The list of units is framed like a field when it lacks its value.
+TEST(VentanaAlta, LaUnidadQueFaltaSeVe) {
+  Tecleado m;
+  auto* v = m.abrir(u"FastAlta"_s);
+  auto* unidad = v->findChild<QComboBox*>(u"LstCada"_s);
+  const auto borde = [&] { return unidad->grab().toImage().pixelColor(unidad->width() / 2, 1); };
+  const QColor sano = borde();
+  unidad->setCurrentIndex(-1);
+  unidad->setFocus();
+  m.pulsar(Qt::Key_Tab);
+  EXPECT_EQ(m.foco(), unidad);
+  EXPECT_NE(borde(), sano);
+  EXPECT_FALSE(v->tira().texto().isEmpty());
+  unidad->setCurrentIndex(0);
+  v->findChild<QLineEdit*>(u"txNom"_s)->setFocus();
+  EXPECT_EQ(borde(), sano);
 }
 
 }  // namespace tarvo::prueba

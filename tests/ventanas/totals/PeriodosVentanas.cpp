@@ -248,7 +248,10 @@ TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
   campo(u"Fecha1")->setText(u"no es fecha"_s);
   t.responder(u"Acepto"_s);
   QTest::mouseClick(v->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);
-  EXPECT_EQ(t.textoModal, u"Alguna de las fechas entradas no es válida");
+  EXPECT_EQ(
+      t.textoModal,
+      u"Alguna de las fechas entradas no es válida. Escríbala como 24/12/2018, o con su hora, "
+      u"como 24/12/2018 06:30.");
   campo(u"Fecha1")->setText(u"04/06/2018"_s);
   t.responder(u"Acepto"_s);
   QTest::mouseClick(v->findChild<QPushButton*>(u"Anadir"_s), Qt::LeftButton);
@@ -259,13 +262,25 @@ TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
   campo(u"txPes")->setText(u"1,250"_s);
   campo(u"txImp")->setText(u"12,34"_s);
   campo(u"txImp")->setFocus();
-  for (const auto& malo : {u"abc"_s, u"1,2,3"_s, u"99999999999999"_s}) {
-    campo(u"txImp")->setText(malo);
-    QTest::keyClick(campo(u"txImp"), Qt::Key_Return);
-    EXPECT_TRUE(v->tira().texto().startsWith(u"Eso no es un número"_s)) << malo.toStdString();
-    EXPECT_EQ(campo(u"txImp")->text(), malo) << "it isn't added as zero";
+  const struct {
+    const char16_t *donde, *malo, *dicho;
+  } malos[] = {{u"txImp", u"abc", u"Eso no es un número"},
+               {u"txImp", u"1,2,3", u"Eso no es un número"},
+               {u"txImp", u"99999999999999", u"Eso no es un número"},
+               {u"txImp", u"1.239", u"«1.239» se puede leer de dos modos"},
+               {u"txDct", u"1,005", u"«1,005» tiene más decimales"},
+               {u"txCon", u"12.5", u"«12.5» tiene más decimales de los que caben (0)"},
+               {u"txPes", u"1.239", u"«1.239» se puede leer de dos modos: escriba 1239 o 1,239."}};
+  for (const auto& c : malos) {
+    QLineEdit* donde = campo(c.donde);
+    const QString antes = donde->text(), malo = QString::fromUtf16(c.malo);
+    donde->setText(malo);
+    QTest::keyClick(donde, Qt::Key_Return);
+    EXPECT_TRUE(v->tira().texto().startsWith(QString::fromUtf16(c.dicho)))
+        << malo.toStdString() << ": " << v->tira().texto().toStdString();
+    EXPECT_EQ(donde->text(), malo) << "it isn't added as another number";
+    donde->setText(antes);
   }
-  campo(u"txImp")->setText(u"12,34"_s);
   QTest::keyClick(campo(u"txImp"), Qt::Key_Return);
   ASSERT_TRUE(v->isVisible()) << "Return only adds here";
   t.responder(u"Cancelo"_s);

@@ -157,6 +157,7 @@ TEST(VentanaSesion, OlvidaYRecupera) {
   t.responder(u"Acepto"_s);
   QTest::mouseClick(v->findChild<QPushButton*>(u"Olvidar"_s), Qt::LeftButton);
   EXPECT_TRUE(t.textoModal.startsWith(u"Los datos recibidos serán DEFINITIVAMENTE olvidados"));
+  EXPECT_TRUE(t.textoModal.endsWith(u"«Deshacer» los trae de vuelta."));
   EXPECT_EQ(t.sesion.estado(), 0);
   EXPECT_FALSE(v->findChild<QPushButton*>(u"Guardar"_s)->isEnabled());
   QTest::mouseClick(v->findChild<QPushButton*>(u"Recuperar"_s), Qt::LeftButton);

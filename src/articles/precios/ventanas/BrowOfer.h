@@ -30,6 +30,7 @@ class BrowOfer final : public ventanas::Ventana {
   std::optional<ClaveOferta> claveDe(qint64 fila) const;
 
   Resultado<> precioEscrito(qint64 fila, std::size_t nivel, const QString& texto);
+  Resultado<Dia> leerFecha(Extremo extremo, const QString& texto) const;
   Resultado<> fechaEscrita(Extremo extremo, const QString& texto);
   void cambiarFechas(Extremo extremo, const Dia& dia);
   QString avisoFechas(Extremo extremo, const Dia& dia, int cuantas) const;

@@ -51,12 +51,22 @@ QString BrowOfer::avisoFechas(Extremo extremo, const Dia& dia, int cuantas) cons
          u"\n\n"_s + t(kTxSePuedeDeshacer);
 }
 
+Resultado<Dia> BrowOfer::leerFecha(Extremo extremo, const QString& texto) const {
+  const Fecha hoy = contexto().reloj.ahora();
+  if (extremo == Extremo::Hasta) {
+    const auto fin = leerFin(texto, {}, hoy);
+    if (!fin) return std::unexpected(malFin(*this, fin.error()));
+    return *fin;
+  }
+  const auto fecha = Fecha::leerProxima(texto, hoy);
+  if (!fecha && !texto.trimmed().isEmpty()) return fallo(Fallo::Formato, t(kTxFechaMala));
+  return fecha ? Dia(fecha->dia()) : Dia();
+}
+
 // The question is queued until the cell editor is closed, since a message box would take the focus
 // from it.
 Resultado<> BrowOfer::fechaEscrita(Extremo extremo, const QString& texto) {
-  const auto fecha = Fecha::leerProxima(texto, contexto().reloj.ahora());
-  if (!fecha && !texto.trimmed().isEmpty()) return fallo(Fallo::Formato, t(kTxFechaMala));
-  const Dia dia = fecha ? Dia(fecha->dia()) : Dia();
+  TARVO_TOMAR(const Dia dia, leerFecha(extremo, texto));
   // A date applies to all offers shown: a pasted column of different ones has no meaning.
   if (fechaEnCola_ && *fechaEnCola_ != dia) return fallo(Fallo::Formato, t(kTxUnaSolaFecha));
   if (std::exchange(fechaEnCola_, dia)) return {};

@@ -11,6 +11,7 @@
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/edicion/Campo.h"
+#include "core/ventanas/edicion/Tecleado.h"
 #include "core/ventanas/marco/Recuerdos.h"
 #include "core/ventanas/marco/Tira.h"
 
@@ -23,6 +24,7 @@ namespace {
 // Key of the exact locked margin; the settings store whole percentages.
 const QString kMargenFijo = u"margenFijo"_s;
 constexpr int kMargenMayor = 32'767;
+constexpr int kCifrasRedondeo = 6;
 constexpr double kMenosDeUnaCifra = 0.006;  // tolerance for rounded display
 
 }  // namespace
@@ -45,8 +47,10 @@ void CalcPreVentana::montar() {
   unirCaja(*ui_.Margen, [this] { calc_.ponerMargen(importe(*ui_.Margen)); });
   unirCaja(*ui_.VentaN, [this] { calc_.ponerVenta(importe(*ui_.VentaN)); });
   unirCaja(*ui_.Calcu, [this] { calc_.ponerCalculado(importe(*ui_.Calcu)); });
-  unirCaja(*ui_.redon, [this] { calc_.ponerRedondeo(ui_.redon->text().toLongLong()); });
-  soloCifras(*ui_.redon, 6);
+  unirCaja(*ui_.redon, [this] {
+    calc_.ponerRedondeo(enteroDe(ui_.redon->text(), kCifrasRedondeo).value_or(0));
+  });
+  estrechar(*ui_.redon, kCifrasRedondeo);
   connect(ui_.opIvaIn, &QRadioButton::toggled, this, [this](bool incluido) {
     calc_.ponerModo(incluido ? ModoIva::Incluido : ModoIva::Detallado);
     pintarModo();
@@ -115,11 +119,13 @@ bool CalcPreVentana::tomar(QLineEdit& caja, const Hacer& hacer) {
 // Why the text is no value of the box. An empty one is none, or 0.
 std::optional<QString> CalcPreVentana::malTexto(const QLineEdit& caja, const QString& texto) const {
   if (texto.isEmpty()) return std::nullopt;
+  if (&caja == ui_.redon && !enteroDe(texto, kCifrasRedondeo))
+    return contexto().textos(kTxSoloCifras, {texto, kCifrasRedondeo});
   if (!numero(caja, texto)) return t(kTxNoEsNumero).arg(texto);
-  const Ajustes& a = contexto().ajustes;
-  if (esTanto(caja) || !SobranDecimales(a, texto, a.MonedaNativa)) return std::nullopt;
-  return contexto().textos(ventanas::kTxSobranDecimales,
-                           {texto, DecimalesMoneda(a, a.MonedaNativa)});
+  const auto claro =
+      esTanto(caja) ? ventanas::tantoClaro(contexto(), texto)
+                    : ventanas::importeClaro(contexto(), texto, contexto().ajustes.MonedaNativa);
+  return claro ? std::nullopt : std::optional(claro.error().texto);
 }
 
 // The box keeps what was typed and the focus, until it is mended or given up with Escape.

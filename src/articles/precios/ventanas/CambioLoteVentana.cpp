@@ -23,6 +23,7 @@ namespace {
 constexpr int kReposo = 150;  // ms without a change before the list is computed again
 constexpr int kMirada = 30;   // ms of computing per slice
 constexpr int kTodosLosDeptos = -1;
+constexpr int kCifrasFormato = 2;
 enum Que { kPrecios, kDepartamento, kFormato };
 
 Estado estadoDe(const dao::Valor& v) {
@@ -66,7 +67,7 @@ void CambioLoteVentana::montar() {
   ventanas::llenar(*ui_.tarifa, tarifas);
   ui_.txPaso->setText(precioEnTexto(contexto(), 1));
   for (QLineEdit* caja : {ui_.txPc, ui_.txPaso}) estrechar(*caja, 7);
-  soloCifras(*ui_.txFormato, 2);
+  estrechar(*ui_.txFormato, kCifrasFormato);
   prepararParrilla();
   connect(ui_.dbS, &QComboBox::activated, this, [this] { haIdoBien(seccionCambiada()); });
   connect(ui_.que, &QComboBox::currentIndexChanged, this, &CambioLoteVentana::queCambiado);
@@ -186,14 +187,23 @@ std::expected<OrdenLote, QString> CambioLoteVentana::ordenPrecios() {
       kTxPasoMalo, {precioEnTexto(contexto(), 1), precioEnTexto(contexto(), kPrecioDeBalanza)}));
 }
 
+std::expected<OrdenLote, QString> CambioLoteVentana::ordenFormato() {
+  const QString dicho = ui_.txFormato->text().trimmed();
+  const auto formato = enteroDe(dicho, kCifrasFormato);
+  ventanas::marcarFalta(*ui_.txFormato, !formato && !dicho.isEmpty());
+  if (formato) return PoneFormato{*formato};
+  return std::unexpected(dicho.isEmpty()
+                             ? t(kTxSinFormato)
+                             : contexto().textos(kTxSoloCifras, {dicho, kCifrasFormato}));
+}
+
 std::expected<OrdenLote, QString> CambioLoteVentana::orden() {
   switch (ui_.que->currentIndex()) {
     case kDepartamento:
       if (ui_.depto->currentIndex() < 0) return std::unexpected(t(kTxSinDepartamentos));
       return PoneDepartamento{ui_.depto->currentData().toInt()};
     case kFormato:
-      if (ui_.txFormato->text().isEmpty()) return std::unexpected(t(kTxSinFormato));
-      return PoneFormato{ui_.txFormato->text().toInt()};
+      return ordenFormato();
     default:
       return ordenPrecios();
   }

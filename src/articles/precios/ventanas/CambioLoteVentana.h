@@ -29,6 +29,7 @@ class CambioLoteVentana final : public ventanas::Ventana {
   void seguirMirando();
   std::expected<OrdenLote, QString> orden();
   std::expected<OrdenLote, QString> ordenPrecios();
+  std::expected<OrdenLote, QString> ordenFormato();
   SeleccionLote seleccion() const;
   void pintarLineas();
   QString valorEnTexto(const dao::Valor& valor) const;

@@ -1,8 +1,8 @@
 #include "articles/precios/ventanas/Comun.h"
 
-#include <QRegularExpressionValidator>
+#include <QRegularExpression>
 #include <QStyle>
-#include <cmath>
+#include <algorithm>
 
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/dinero/Dinero.h"
@@ -27,9 +27,11 @@ QString conDosDecimales(double n) {
 }
 
 std::optional<double> numeroDe(const QString& texto) {
-  bool ok = false;
-  const double n = texto.trimmed().replace(u',', u'.').toDouble(&ok);
-  return ok && std::isfinite(n) ? std::optional(n) : std::nullopt;
+  static const QRegularExpression kNumero(uR"(^[+-]?([0-9]+[.,]?[0-9]*|[.,][0-9]+)$)"_s);
+  constexpr qsizetype kLargo = 30;  // more digits than any figure has
+  const QString t = texto.trimmed();
+  if (t.size() > kLargo || !kNumero.match(t).hasMatch()) return std::nullopt;
+  return QString(t).replace(u',', u'.').toDouble();
 }
 
 void marcarFijo(QLineEdit& campo, bool fijo) {
@@ -43,11 +45,10 @@ void marcarFijo(QLineEdit& campo, bool fijo) {
   campo.setPalette(colores);
 }
 
-void soloCifras(QLineEdit& campo, int cuantas) {
-  static const QRegularExpression kCifras(u"[0-9]*"_s);
-  campo.setMaxLength(cuantas);
-  campo.setValidator(new QRegularExpressionValidator(kCifras, &campo));
-  estrechar(campo, cuantas);
+std::optional<int> enteroDe(const QString& texto, int cifras) {
+  const QString t = texto.trimmed();
+  const bool todas = std::ranges::all_of(t, [](QChar c) { return c >= u'0' && c <= u'9'; });
+  return todas && !t.isEmpty() && t.size() <= cifras ? std::optional(t.toInt()) : std::nullopt;
 }
 
 void estrechar(QLineEdit& campo, int cifras) {
@@ -61,6 +62,11 @@ QWidget* antesDe(QWidget& sitio) {
   while (antes != &sitio && !(antes->focusPolicy() & Qt::TabFocus))
     antes = antes->previousInFocusChain();
   return antes;
+}
+
+Error malFin(const ventanas::Ventana& v, const FaltaFin& falta) {
+  return {Fallo::Formato, 0,
+          falta.proximo ? v.t(kTxFinSinAno).arg(falta.proximo->corta()) : v.t(kTxFechaMala)};
 }
 
 Error informe(const ventanas::Contexto& c, const Error& error) {

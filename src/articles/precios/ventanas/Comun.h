@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <memory>
 
+#include "articles/precios/Vigencia.h"
 #include "core/ventanas/edicion/Opciones.h"
 #include "core/ventanas/marco/Recorrido.h"
 #include "core/ventanas/marco/Ventana.h"
@@ -22,8 +23,8 @@ QString conDosDecimales(double n);
 std::optional<double> numeroDe(const QString& texto);
 // Shows a fixed value in bold on the selection colour, any other one as usual.
 void marcarFijo(QLineEdit& campo, bool fijo);
-// Restricts the field to digits.
-void soloCifras(QLineEdit& campo, int cuantas);
+// A text of digits alone, of at most `cifras` (up to 9); nothing for any other.
+std::optional<int> enteroDe(const QString& texto, int cifras);
 // Limits the width of the field to that many digits.
 void estrechar(QLineEdit& campo, int cifras);
 
@@ -49,6 +50,8 @@ class DeLista {
   bool unida_ = false;
 };
 
+// Why the end of an offer can't be taken, with an example.
+Error malFin(const ventanas::Ventana& v, const FaltaFin& falta);
 // The error for a code already in use, in the shop's words; other errors are unchanged.
 Error informe(const ventanas::Contexto& c, const Error& error);
 

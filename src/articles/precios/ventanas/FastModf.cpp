@@ -212,7 +212,7 @@ Resultado<> FastModf::escribirPrecio(Celda celda, qint64 precio) {
 // Identified by the article, not by its row: the list may show other articles by then.
 void FastModf::apuntar(const QString& que, const articles::Articulo& antes,
                        const articles::Articulo& ahora) {
-  deshacer_->apuntar(que, [this, antes, ahora]() -> Resultado<ventanas::Deshacer::Vuelto> {
+  const auto volver = [this, antes, ahora]() -> Resultado<ventanas::Deshacer::Vuelto> {
     const auto hecho = catalogo_.volver(antes, ahora, nombre());
     if (!hecho) return std::unexpected(informe(contexto(), hecho.error()));
     TARVO_INTENTAR(ui_.Grd->refrescar());
@@ -221,7 +221,10 @@ void FastModf::apuntar(const QString& que, const articles::Articulo& antes,
     if (i >= 0) ui_.Grd->irA(i);
     articuloCambiado();
     return ventanas::Deshacer::Vuelto();
-  });
+  };
+  deshacer_->apuntar(que, volver, {.de = QString::number(ahora.clave.codigo), .hay = [=, this] {
+                                     return catalogo_.cambiadoDespues(antes, ahora);
+                                   }});
 }
 
 void FastModf::avisar(qint64 antes, qint64 ahora) {

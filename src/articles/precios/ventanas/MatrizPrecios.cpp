@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QRegularExpressionValidator>
 
 #include "articles/precios/CambioRapido.h"
 #include "articles/precios/ventanas/Comun.h"
@@ -49,13 +48,10 @@ void MatrizPrecios::preparar(ventanas::Contexto& contexto, int niveles, int tari
 }
 
 void MatrizPrecios::hacerCampo(QGridLayout& cuadricula, Celda celda) {
-  static const QRegularExpression kImporte(u"[0-9.,]*"_s);
   auto* campo = new QLineEdit;
   campo->setObjectName(u"precio%1%2"_s.arg(celda.nivel).arg(celda.tarifa));
   campo->setAlignment(Qt::AlignRight);
-  campo->setMaxLength(12);
   estrechar(*campo, kCifrasVistas);
-  campo->setValidator(new QRegularExpressionValidator(kImporte, campo));
   campo->setAccessibleName(c_->textos(kTxNivel + celda.nivel) + u", "_s +
                            c_->textos(kTxTarifaN).arg(celda.tarifa + 1));
   campo->installEventFilter(this);

@@ -45,7 +45,7 @@ void NvaOfr::montar() {
   for (std::size_t n = 0; n < precios_.size(); ++n)
     precios_[n] = &f.fila(kTxPrecioNivel + static_cast<int>(n), u"Precio_%1"_s.arg(n), precio(n));
   auto& desde = f.fila(ventanas::kTxDesdeConLetra, u"Fecha_1"_s, dia(r.desde));
-  hasta_ = &f.fila(ventanas::kTxHasta, u"Fecha_F"_s, dia(r.hasta));
+  hasta_ = &f.fila(ventanas::kTxHasta, u"Fecha_F"_s, fin());
   for (ventanas::Campo* campo : {&desde, hasta_})
     connect(campo, &ventanas::Campo::dejado, this, [campo] {
       if (campo->tocado() && campo->leer()) campo->mostrar();
@@ -87,6 +87,17 @@ ventanas::Modo NvaOfr::dia(Dia& donde) {
     const auto f = Fecha::leerProxima(s, contexto().reloj.ahora());
     if (!f && !s.trimmed().isEmpty()) return fallo(Fallo::Formato, t(kTxFechaMala));
     donde = f ? Dia(f->dia()) : Dia();
+    return {};
+  };
+  return modo;
+}
+
+ventanas::Modo NvaOfr::fin() {
+  ventanas::Modo modo = fecha(r.hasta, false);
+  modo.poner = [this](const QString& s) -> Resultado<> {
+    const auto leido = leerFin(s, r.desde, contexto().reloj.ahora());
+    if (!leido) return std::unexpected(malFin(*this, leido.error()));
+    r.hasta = *leido;
     return {};
   };
   return modo;

@@ -28,6 +28,7 @@ class NvaOfr final : public ventanas::FichaDe<OfertaEscrita> {
   void montar();
   ventanas::Modo precio(std::size_t nivel);
   ventanas::Modo dia(Dia& donde);
+  ventanas::Modo fin();
   void pintarGrupo();
   void buscar();
   QString preciosNormales(qint64 codigo);

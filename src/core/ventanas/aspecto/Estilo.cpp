@@ -174,6 +174,7 @@ QToolBar { border: none; spacing: @p1; padding: 0; }
 QPlainTextEdit, QTextEdit { border: 1px solid @borde; border-radius: 4px; background: @base; color: @texto; }
 QComboBox, QAbstractSpinBox { min-height: @boton; border: 1px solid @borde; border-radius: 4px;
   background: @base; color: @texto; padding: 0 @p2; }
+QComboBox[falta="true"], QAbstractSpinBox[falta="true"] { border: 2px solid @mal; }
 QComboBox:disabled, QAbstractSpinBox:disabled { color: @palido; background: @fondo; border-color: @linea; }
 QComboBox::drop-down, QDateEdit::drop-down, QDateTimeEdit::drop-down { border: none; width: @p6; }
 QComboBox::down-arrow, QDateEdit::down-arrow, QDateTimeEdit::down-arrow {

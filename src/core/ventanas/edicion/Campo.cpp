@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
+#include <QStyle>
 #include <QTabWidget>
 
 #include "core/ventanas/aspecto/Medidas.h"
@@ -51,7 +52,12 @@ Resultado<> Campo::leer() {
 void marcarFalta(QWidget& control, bool falta) {
   if (control.property("falta").toBool() == falta) return;
   control.setProperty("falta", falta);
-  control.update();  // its frame depends on the property
+  // Its frame depends on the property: painted by the style, or by the style sheet.
+  if (!qobject_cast<QLineEdit*>(&control)) {
+    control.style()->unpolish(&control);
+    control.style()->polish(&control);
+  }
+  control.update();
 }
 
 void Campo::marcar(const QString& falta) {

@@ -4,9 +4,11 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <ranges>
+#include <set>
 
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
@@ -41,8 +43,8 @@ bool Deshacer::eventFilter(QObject* objeto, QEvent* evento) {
   return true;
 }
 
-int Deshacer::apuntar(const QString& que, Vuelta vuelta) {
-  pila_.push_back({++ultimo_, que, std::move(vuelta)});
+int Deshacer::apuntar(const QString& que, Vuelta vuelta, Despues despues) {
+  pila_.push_back({++ultimo_, que, std::move(vuelta), std::move(despues)});
   pintar();
   return ultimo_;
 }
@@ -88,16 +90,39 @@ void Deshacer::juntar(int desde, int cuantas) {
   std::vector<Cambio> suyos(primero, pila_.end());
   if (suyos.size() < 2) return;
   pila_.erase(primero, pila_.end());
-  apuntar(Plural(v_.t(kTxCeldasEscritas), cuantas), [this, suyos]() -> Resultado<Vuelto> {
+  const auto volver = [this, suyos]() -> Resultado<Vuelto> {
     int fuera = 0;
     for (const Cambio& c : suyos | std::views::reverse) fuera += c.vuelta() ? 0 : 1;
     return fuera == 0 ? Vuelto() : Vuelto{Plural(v_.t(kTxCeldasSinVolver), fuera), true};
-  });
+  };
+  apuntar(Plural(v_.t(kTxCeldasEscritas), cuantas), volver,
+          {.hay = [suyos] { return hayDespues(suyos); }});
+}
+
+// Of the changes of one record only the last can tell: it came after the others.
+Resultado<bool> Deshacer::hayDespues(const std::vector<Cambio>& cambios) {
+  std::set<QString> vistos;
+  for (const Cambio& c : cambios | std::views::reverse) {
+    if (!c.despues.hay || !vistos.insert(c.despues.de).second) continue;
+    TARVO_TOMAR(const bool hay, c.despues.hay());
+    if (hay) return true;
+  }
+  return false;
+}
+
+// False if the user leaves an older change as it is, or if that can't be told.
+bool Deshacer::conforme(const Cambio& cambio) {
+  if (!cambio.despues.hay) return true;
+  const auto hay = cambio.despues.hay();
+  if (!v_.haIdoBien(hay)) return false;
+  return !*hay || MyMsgBox::Decide(&v_, v_.contexto().textos, v_.t(kTxNoEsLoUltimo).arg(cambio.que),
+                                   kAceptoCancelo | kExclamacion | kPrudente);
 }
 
 void Deshacer::deshacer() {
   if (pila_.empty() || v_.trabajo().enMarcha()) return;
   const Cambio cambio = pila_.back();
+  if (!conforme(cambio)) return;
   const auto hecho = cambio.vuelta();
   const bool puedePasar = !hecho && (hecho.error().clase == Fallo::Ocupado ||
                                      hecho.error().clase == Fallo::SoloLectura ||

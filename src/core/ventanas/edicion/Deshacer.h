@@ -24,6 +24,12 @@ class Deshacer final : public QObject {
     bool queda = false;  // not now: nothing is reported, and it can be undone later
   };
   using Vuelta = std::function<Resultado<Vuelto>()>;
+  // Whether something else has been saved of the record `de` since, elsewhere, which undoing this
+  // leaves as it is. Then it is asked first.
+  struct Despues {
+    QString de = {};
+    std::function<Resultado<bool>()> hay = {};
+  };
 
   // `ventana` owns it; `accion` is its command, and gets an icon, a key and a text. Null creates
   // one.
@@ -31,7 +37,8 @@ class Deshacer final : public QObject {
   QAction* accion() const { return accion_; }
 
   // Pushes a change and returns its number.
-  int apuntar(const QString& que, Vuelta vuelta);
+  int apuntar(const QString& que, Vuelta vuelta) { return apuntar(que, std::move(vuelta), {}); }
+  int apuntar(const QString& que, Vuelta vuelta, Despues despues);
   // Removes a change that can no longer be undone from here.
   void retirar(int numero);
   // Notes every cell written, with its former contents. The list reads its rows again after a cell
@@ -51,7 +58,10 @@ class Deshacer final : public QObject {
     int numero;
     QString que;
     Vuelta vuelta;
+    Despues despues;
   };
+  static Resultado<bool> hayDespues(const std::vector<Cambio>& cambios);
+  bool conforme(const Cambio& cambio);
   bool eventFilter(QObject* objeto, QEvent* evento) override;
   void juntar(int desde, int cuantas);
   void pintar();

@@ -80,7 +80,7 @@ class Ficha : public Ventana {
   Modo centesimas(int& donde, int menor, int mayor) const;  // "12,50", stored as 1250
   // Money in a currency, in stored units, and a quantity of a kind. Currency and kind are queried
   // each time.
-  // More decimals than there is room for are refused.
+  // More decimals than there is room for are refused, and numbers that can be read in two ways.
   Modo dinero(qint64& donde, std::function<int()> moneda, qint64 mayor = kImporteMayor) const;
   Modo cantidad(qint64& donde, std::function<int()> cada) const;
   Modo fecha(std::optional<Fecha>& donde, bool obligatoria = true) const;  // a day
@@ -143,7 +143,6 @@ class Ficha : public Ventana {
                 qint64 mayor) const;
   Modo codigoDe(std::function<qint64()> ver, std::function<void(qint64)> poner, int cifras,
                 qint64 menor, qint64 mayor) const;
-  std::unexpected<Error> sobran(const QString& texto, int caben) const;  // decimals
   std::vector<FaltaCampo> faltas();
   void hacerSitio();
   bool consiente();  // asks about days far away; true to go on

@@ -4,6 +4,7 @@
 #include "core/dinero/Dinero.h"
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/edicion/Ficha.h"
+#include "core/ventanas/edicion/Tecleado.h"
 
 namespace tarvo::ventanas {
 
@@ -111,17 +112,13 @@ Modo Ficha::centesimas(int& donde, int menor, int mayor) const {
           .letras = 8};
 }
 
-std::unexpected<Error> Ficha::sobran(const QString& texto, int caben) const {
-  return fallo(Fallo::Formato, contexto().textos(kTxSobranDecimales, {texto.trimmed(), caben}));
-}
-
 Modo Ficha::dinero(qint64& donde, std::function<int()> moneda, qint64 mayor) const {
   const Ajustes& a = contexto().ajustes;
   return {.ver = [&donde, &a, moneda] { return VerImporte(a, donde, moneda()); },
           .poner = [this, &donde, &a, moneda, mayor](const QString& s) -> Resultado<> {
             const auto n = LeerImporte(a, s, moneda());
             if (!n || *n < 0) return fallo(Fallo::Formato, t(kTxEscribaImporte));
-            if (SobranDecimales(a, s, moneda())) return sobran(s, DecimalesMoneda(a, moneda()));
+            TARVO_INTENTAR(importeClaro(contexto(), s, moneda()));
             if (*n > mayor)
               return fallo(Fallo::Formato, t(kTxImporteMayor).arg(VerImporte(a, mayor, moneda())));
             donde = *n;
@@ -136,7 +133,7 @@ Modo Ficha::cantidad(qint64& donde, std::function<int()> cada) const {
             const auto n = LeerCantidad(s, cada());
             if (!n || std::abs(*n) > kImporteMayor)
               return fallo(Fallo::Formato, t(kTxEscribaCantidad));
-            if (SobranDecimales(s, cada())) return sobran(s, DecimalesCantidad(cada()));
+            TARVO_INTENTAR(cantidadClara(contexto(), s, cada()));
             donde = *n;
             return {};
           },

@@ -143,6 +143,15 @@ void Ventana::decirPista(const QString& texto) {
   pista_ = tira_->veces();
 }
 
+// A field that drops a key holds another value than was typed: it is heard and seen.
+void Ventana::oirRechazos() {
+  for (QLineEdit* campo : cuerpo_->findChildren<QLineEdit*>())
+    connect(campo, &QLineEdit::inputRejected, this, [this] {
+      QApplication::beep();
+      decirPista(t(kTxTeclaRechazada));
+    });
+}
+
 void Ventana::recordar() {
   const QString memoria = sinInstancia(nombre_);
   c_.recuerdos.poner(memoria, u"sitio"_s, enTexto(saveGeometry()));
@@ -167,6 +176,7 @@ void Ventana::mostrarSobre(QWidget* dueno) {
   if (dueno && dueno != this) dueno_ = dueno->window();
   if (!std::exchange(alcanzada_, true)) {
     ponerAlAlcance(*cuerpo_);
+    oirRechazos();
     if (!conSitio_ || modal_) colocar(dueno_);
   }
   isMinimized() ? showNormal() : show();

@@ -133,6 +133,7 @@ class Ventana : public QWidget {
   friend class Retenida;
   void mostrarSobre(QWidget* dueno);
   void colocar(const QWidget* dueno);
+  void oirRechazos();
   void recordar();
   void volverAlDueno();
   void terminar(bool aceptada);

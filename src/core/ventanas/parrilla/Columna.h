@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "core/ajustes/Ajustes.h"
@@ -59,8 +60,14 @@ struct Columna {
 };
 
 bool esNumerica(Clase clase);  // right-aligned, tabular, with pale zeros
-// Whether a text may become a value of the column: digits, a number, or anything.
-bool seTeclea(const Columna& columna, const QString& texto);
+// Whether a key typed on a cell begins its new text; a letter on a number searches
+// instead.
+bool empiezaCelda(const Columna& columna, QChar tecla);
+// Why a text can't become a value of the column, in words: signs that aren't of a code, a number or
+// a per cent, or too many letters. Amounts and quantities are left to their readers, which refuse
+// what isn't a number as well.
+std::optional<QString> malEscrito(const Columna& columna, const QString& texto,
+                                  const Textos& textos);
 
 class Formato {
  public:

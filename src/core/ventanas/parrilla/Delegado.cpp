@@ -5,7 +5,6 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QToolTip>
-#include <QValidator>
 
 #include "core/ventanas/parrilla/ModeloParrilla.h"
 
@@ -27,25 +26,12 @@ std::optional<Tinte> tinteDeEstado(Estado e) {
   return std::nullopt;
 }
 
-// Characters that a column doesn't accept can't be typed.
-class Teclas final : public QValidator {
- public:
-  Teclas(const Columna& columna, QObject* padre) : QValidator(padre), columna_(columna) {}
-  State validate(QString& texto, int&) const override {
-    return seTeclea(columna_, texto) ? Acceptable : Invalid;
-  }
-
- private:
-  Columna columna_;
-};
-
 }  // namespace
 
 QWidget* Delegado::createEditor(QWidget* padre, const QStyleOptionViewItem&,
                                 const QModelIndex& indice) const {
   const auto* modelo = qobject_cast<const ModeloParrilla*>(indice.model());
   if (!modelo) return nullptr;
-  const Columna& columna = modelo->columnas()[static_cast<size_t>(indice.column())];
   auto* campo = new QLineEdit(padre);
   campo->setObjectName(QStringLiteral("celda"));
   campo->setProperty("celda", true);
@@ -53,7 +39,6 @@ QWidget* Delegado::createEditor(QWidget* padre, const QStyleOptionViewItem&,
   campo->setAlignment(Qt::Alignment(indice.data(Qt::TextAlignmentRole).toInt()));
   campo->setAccessibleName(
       modelo->headerData(indice.column(), Qt::Horizontal, Qt::DisplayRole).toString());
-  campo->setValidator(new Teclas(columna, campo));
   return campo;
 }
 

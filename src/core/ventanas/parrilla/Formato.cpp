@@ -5,6 +5,7 @@
 
 #include "core/dinero/Dinero.h"
 #include "core/textos/Textos.h"
+#include "core/ventanas/TextosVentanas.h"
 
 namespace tarvo::ventanas {
 
@@ -26,24 +27,23 @@ bool esNumerica(Clase clase) {
          clase == Clase::Porcentaje;
 }
 
-bool seTeclea(const Columna& columna, const QString& texto) {
-  if (columna.largo > 0 && texto.size() > columna.largo) return false;
-  const auto de = [&](QStringView letras) {
-    return std::ranges::all_of(texto, [&](QChar c) { return c.isDigit() || letras.contains(c); });
+bool empiezaCelda(const Columna& columna, QChar tecla) {
+  const bool cifras = esNumerica(columna.clase) || columna.clase == Clase::Codigo;
+  return !cifras || !(tecla.isLetter() || tecla.isSpace());
+}
+
+std::optional<QString> malEscrito(const Columna& columna, const QString& texto,
+                                  const Textos& textos) {
+  const auto soloDe = [&texto](QStringView signos) {
+    return std::ranges::all_of(
+        texto, [signos](QChar c) { return (c >= u'0' && c <= u'9') || signos.contains(c); });
   };
-  switch (columna.clase) {
-    case Clase::Codigo:
-      return de({}) && (columna.largo > 0 || columna.cifras == 0 || texto.size() <= columna.cifras);
-    case Clase::Entero:
-      return de(u".");
-    case Clase::Importe:
-    case Clase::Cantidad:
-      return de(u".,-");
-    case Clase::Porcentaje:
-      return de(u".,% ");
-    default:
-      return true;
-  }
+  if (columna.clase == Clase::Codigo && !soloDe({})) return textos(kTxNoSonCifras, {texto});
+  if (columna.clase == Clase::Entero && !soloDe(u".")) return textos(kTxNoSonCifras, {texto});
+  if (columna.clase == Clase::Porcentaje && !soloDe(u".,% ")) return textos(kTxNoEsTanto, {texto});
+  if (columna.largo > 0 && texto.size() > columna.largo)
+    return textos(kTxSobranLetras, {columna.largo, static_cast<int>(texto.size())});
+  return std::nullopt;
 }
 
 QString Formato::ver(const Columna& columna, const dao::Valor& valor, int cada) const {

@@ -79,6 +79,12 @@ void ModeloParrilla::releer(int fila) {
   Q_EMIT dataChanged(index(fila, 0), index(fila, columnCount() - 1));
 }
 
+Resultado<> ModeloParrilla::escribir(int columna, Clave clave, const QString& texto) const {
+  const Columna& c = columnas_[static_cast<size_t>(columna)];
+  if (const auto mal = malEscrito(c, texto, t_)) return fallo(Fallo::Formato, *mal);
+  return c.editar(clave, texto);
+}
+
 // By key, since the value written may change the order of the rows.
 bool ModeloParrilla::setData(const QModelIndex& indice, const QVariant& valor, int papel) {
   const Columna& c = columnas_[static_cast<size_t>(indice.column())];
@@ -89,7 +95,7 @@ bool ModeloParrilla::setData(const QModelIndex& indice, const QVariant& valor, i
   const QPersistentModelIndex sitio = indice;
   const Clave suya = clave(indice.row());
   const int columna = indice.column();
-  if (const auto hecho = c.editar(suya, escrito); !hecho) {
+  if (const auto hecho = escribir(columna, suya, escrito); !hecho) {
     Q_EMIT rechazada(indice, escrito, hecho.error());
     return false;
   }

@@ -37,7 +37,9 @@ class ModeloParrilla : public QAbstractTableModel {
   // The kind of quantity of this row, see Columna.
   int cadaDe(int fila, const Columna& columna) const;
   virtual int filaDe(Clave clave) const = 0;  // -1 if none
-  void releer(int fila);                      // its values have been written by somebody else
+  // Writes a text into an editable cell, or refuses it in words.
+  Resultado<> escribir(int columna, Clave clave, const QString& texto) const;
+  void releer(int fila);  // its values have been written by somebody else
   int columnCount(const QModelIndex& padre = {}) const override;
   QVariant data(const QModelIndex& indice, int papel) const override;
   QVariant headerData(int seccion, Qt::Orientation orientacion, int papel) const override;

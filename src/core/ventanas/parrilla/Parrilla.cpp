@@ -83,6 +83,7 @@ Resultado<> Parrilla::filtrar(const QString& filtro, std::vector<dao::Valor> par
 }
 
 Resultado<> Parrilla::refrescar() {
+  if (d->dichoDeTanda) d->decir({});  // other things have been done since
   if (!sql_) {
     vista_->viewport()->update();
     return {};

@@ -54,7 +54,7 @@ bool Parrilla::Interior::teclaEdicion(const QKeyEvent& e) {
   if (columna.nombraLaFila) return false;
   const bool letra = !(e.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) &&
                      !e.text().isEmpty() && e.text()[0].isPrint();
-  if (!letra || !seTeclea(columna, e.text())) return false;
+  if (!letra || !empiezaCelda(columna, e.text()[0])) return false;
   return editar(celda, e.text());
 }
 
@@ -96,13 +96,12 @@ void Parrilla::ponerTodoONada(TodoONada como) {
 // All are tried, so that all bad ones can be named.
 Resultado<> Parrilla::Interior::escribirTanda(Tanda& tanda) {
   constexpr qsizetype kNombradas = 5;
-  const Columna& col = columnas[static_cast<size_t>(tanda.columna)];
   QStringList malas;
   int cuantas = 0;
   for (size_t i = 0; i < tanda.celdas.size(); ++i) {
     const Tanda::Celda& celda = tanda.celdas[i];
     if (celda.antes == celda.texto) continue;
-    if (const auto hecho = col.editar(celda.clave, celda.texto); !hecho) {
+    if (const auto hecho = yo.modelo()->escribir(tanda.columna, celda.clave, celda.texto); !hecho) {
       if (++cuantas <= kNombradas)
         malas << c->textos(kTxLineaPegada, {static_cast<int>(i) + 1, hecho.error().texto});
       continue;
@@ -137,6 +136,7 @@ void Parrilla::Interior::escribirVarias(const std::vector<int>& filas, const QSt
   if (cuantas > 0) {
     Q_EMIT yo.variasEscritas(cuantas);
     decir(Plural(t(kTxCeldasEscritas), cuantas));
+    dichoDeTanda = true;
   } else {
     Q_EMIT yo.variasDejadas();
   }

@@ -91,8 +91,9 @@ struct Parrilla::Interior {
   Delegado* delegado = nullptr;
   bool escribeAlTeclear = false;
   TodoONada todoONada;
-  int escritas = 0;        // cells written so far
-  bool rechazado = false;  // a refusal is pending
+  int escritas = 0;           // cells written so far
+  bool rechazado = false;     // a refusal is pending
+  bool dichoDeTanda = false;  // the message is of cells written together
   QString tecleado;
   qint64 ultimaTecla = 0;
   bool conPie = true, conBusca = true, colocando = false;

@@ -41,6 +41,7 @@ std::vector<int> Parrilla::Interior::columnasVistas() const {
 }
 
 void Parrilla::Interior::decir(const QString& texto) {
+  dichoDeTanda = false;
   aviso->setToolTip(texto);
   aviso->setAccessibleName(texto);
   aviso->setText(aviso->fontMetrics().elidedText(texto, Qt::ElideMiddle, yo.width() / 2));
